@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// Dimensions.
+#pragma once
+
+#include "dbents.h"
+
+class AcDbDimension : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbDimension);
+
+    AcDbObjectId dimensionStyle() const { return m_style; }
+    /// A null id means the database's current style.
+    Acad::ErrorStatus setDimensionStyle(AcDbObjectId id);
+    const ACHAR* dimensionTextConst() const { return m_text.c_str(); }
+    /// "" or "<>" is the measured value; "<>" inside a text is replaced by it.
+    Acad::ErrorStatus setDimensionText(const ACHAR* text);
+    /// Middle of the text; where the style puts it unless it was set.
+    AcGePoint3d textPosition() const;
+    Acad::ErrorStatus setTextPosition(const AcGePoint3d& p);
+    bool isUsingDefaultTextPosition() const { return !m_userTextPosition; }
+    Acad::ErrorStatus useDefaultTextPosition();
+    /// Measured value, drawing units.
+    virtual double measurement() const = 0;
+    /// Multiplies text, arrows and offsets; 0 takes the style's value.
+    double dimscale() const;
+    Acad::ErrorStatus setDimscale(double scale);
+    /// Text as shown: the measured value by the style's decimals and separator, or the user's.
+    std::wstring shownText() const;
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+
+protected:
+    AcDbDimension() = default;
+    virtual AcGePoint3d defaultTextPosition() const = 0;
+    AcGePoint3d m_textPosition;
+    bool m_userTextPosition = false;
+
+private:
+    AcDbObjectId m_style;
+    std::wstring m_text;
+    double m_dimscale = 0.0;
+};
+
+/// Distance of two points, measured along their own direction. Points that coincide measure 0.
+class AcDbAlignedDimension : public AcDbDimension {
+    PRANCHETA_ENTITY_MEMBERS(AcDbAlignedDimension)
+    AcDbAlignedDimension() = default;
+    AcDbAlignedDimension(const AcGePoint3d& xLine1, const AcGePoint3d& xLine2, const AcGePoint3d& dimLinePoint,
+                         const ACHAR* text = nullptr, AcDbObjectId style = AcDbObjectId::kNull);
+
+    AcGePoint3d xLine1Point() const { return m_xLine1; }
+    AcGePoint3d xLine2Point() const { return m_xLine2; }
+    /// A point that the dimension line passes through, as it was given.
+    AcGePoint3d dimLinePoint() const { return m_dimLine; }
+    double oblique() const { return m_oblique; }
+    Acad::ErrorStatus setXLine1Point(const AcGePoint3d& p);
+    Acad::ErrorStatus setXLine2Point(const AcGePoint3d& p);
+    Acad::ErrorStatus setDimLinePoint(const AcGePoint3d& p);
+    Acad::ErrorStatus setOblique(double angle);
+    double measurement() const override;
+
+protected:
+    AcGePoint3d defaultTextPosition() const override;
+    Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
+
+private:
+    AcGePoint3d m_xLine1;
+    AcGePoint3d m_xLine2;
+    AcGePoint3d m_dimLine;
+    double m_oblique = 0.0;
+};

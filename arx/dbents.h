@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+// Simple entities. Points are in world coordinates, angles in radians, sizes in drawing units.
+#pragma once
+
+#include <string>
+
+#include "dbapserv.h"
+
+/// The overrides that every simple entity has.
+#define PRANCHETA_ENTITY_MEMBERS(CLASS)                                                                          \
+public:                                                                                                          \
+    ACRX_DECLARE_MEMBERS(CLASS);                                                                                 \
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;                                          \
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;                                                 \
+                                                                                                                 \
+protected:                                                                                                       \
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;                                                   \
+    Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;                                            \
+    void subList() const override;                                                                               \
+    Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes, AcDbIntArray& geomIds) \
+        const override;                                                                                          \
+    Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;     \
+                                                                                                                 \
+public:
+
+class AcDbLine : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbLine)
+    AcDbLine() = default;
+    AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end) : m_start(start), m_end(end) {}
+
+    AcGePoint3d startPoint() const { return m_start; }
+    AcGePoint3d endPoint() const { return m_end; }
+    Acad::ErrorStatus setStartPoint(const AcGePoint3d& p);
+    Acad::ErrorStatus setEndPoint(const AcGePoint3d& p);
+
+private:
+    AcGePoint3d m_start;
+    AcGePoint3d m_end;
+};
+
+class AcDbPoint : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbPoint)
+    AcDbPoint() = default;
+    explicit AcDbPoint(const AcGePoint3d& p) : m_position(p) {}
+
+    AcGePoint3d position() const { return m_position; }
+    Acad::ErrorStatus setPosition(const AcGePoint3d& p);
+
+private:
+    AcGePoint3d m_position;
+};
+
+class AcDbCircle : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbCircle)
+    AcDbCircle() = default;
+    AcDbCircle(const AcGePoint3d& center, const AcGeVector3d& normal, double radius)
+        : m_center(center), m_normal(normal), m_radius(radius) {}
+
+    AcGePoint3d center() const { return m_center; }
+    AcGeVector3d normal() const { return m_normal; }
+    double radius() const { return m_radius; }
+    Acad::ErrorStatus setCenter(const AcGePoint3d& p);
+    Acad::ErrorStatus setRadius(double radius);
+
+private:
+    AcGePoint3d m_center;
+    AcGeVector3d m_normal = AcGeVector3d::kZAxis;
+    double m_radius = 0.0;
+};
+
+/// Counter-clockwise about the normal from the start angle to the end angle.
+class AcDbArc : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbArc)
+    AcDbArc() = default;
+    AcDbArc(const AcGePoint3d& center, double radius, double startAngle, double endAngle)
+        : m_center(center), m_radius(radius), m_startAngle(startAngle), m_endAngle(endAngle) {}
+
+    AcGePoint3d center() const { return m_center; }
+    AcGeVector3d normal() const { return m_normal; }
+    double radius() const { return m_radius; }
+    double startAngle() const { return m_startAngle; }
+    double endAngle() const { return m_endAngle; }
+    Acad::ErrorStatus setCenter(const AcGePoint3d& p);
+    Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
+    Acad::ErrorStatus setRadius(double radius);
+    Acad::ErrorStatus setStartAngle(double angle);
+    Acad::ErrorStatus setEndAngle(double angle);
+
+private:
+    AcGePoint3d m_center;
+    AcGeVector3d m_normal = AcGeVector3d::kZAxis;
+    double m_radius = 0.0;
+    double m_startAngle = 0.0;
+    double m_endAngle = 0.0;
+};
+
+/// One line of text. `position` is the left end of the baseline; `alignmentPoint` counts when the
+/// justification is not left / baseline.
+class AcDbText : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbText)
+    AcDbText() = default;
+    AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style = AcDbObjectId::kNull, double height = 0,
+             double rotation = 0);
+
+    AcGePoint3d position() const { return m_position; }
+    AcGePoint3d alignmentPoint() const { return m_alignment; }
+    const ACHAR* textStringConst() const { return m_text.c_str(); }
+    double height() const { return m_height; }
+    double rotation() const { return m_rotation; }
+    double widthFactor() const { return m_widthFactor; }
+    double oblique() const { return m_oblique; }
+    AcDbObjectId textStyle() const { return m_style; }
+    /// DXF 72: 0 left, 1 centre, 2 right, 3 aligned, 4 middle, 5 fit.
+    int horizontalMode() const { return m_horizontal; }
+    /// DXF 73: 0 baseline, 1 bottom, 2 middle, 3 top.
+    int verticalMode() const { return m_vertical; }
+    Acad::ErrorStatus setPosition(const AcGePoint3d& p);
+    Acad::ErrorStatus setAlignmentPoint(const AcGePoint3d& p);
+    Acad::ErrorStatus setTextString(const ACHAR* text);
+    Acad::ErrorStatus setHeight(double height);
+    Acad::ErrorStatus setRotation(double angle);
+    Acad::ErrorStatus setWidthFactor(double factor);
+    Acad::ErrorStatus setOblique(double angle);
+    Acad::ErrorStatus setTextStyle(AcDbObjectId id);
+    Acad::ErrorStatus setHorizontalMode(int mode);
+    Acad::ErrorStatus setVerticalMode(int mode);
+
+private:
+    AcGePoint3d m_position;
+    AcGePoint3d m_alignment;
+    std::wstring m_text;
+    AcDbObjectId m_style;
+    double m_height = 2.5;
+    double m_rotation = 0.0;
+    double m_widthFactor = 1.0;
+    double m_oblique = 0.0;
+    Adesk::Int16 m_horizontal = 0;
+    Adesk::Int16 m_vertical = 0;
+};
+
+/// Filled triangle or quadrangle; the third and fourth corners are in bow-tie order.
+class AcDbSolid : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbSolid)
+    AcDbSolid() = default;
+    AcDbSolid(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3)
+        : m_points{p0, p1, p2, p3} {}
+
+    Acad::ErrorStatus getPointAt(Adesk::UInt16 index, AcGePoint3d& p) const;
+    Acad::ErrorStatus setPointAt(Adesk::UInt16 index, const AcGePoint3d& p);
+
+private:
+    AcGePoint3d m_points[4];
+};
+
+class AcDbBlockReference : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbBlockReference)
+    AcDbBlockReference() = default;
+    AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord)
+        : m_position(position), m_block(blockTableRecord) {}
+
+    AcDbObjectId blockTableRecord() const { return m_block; }
+    AcGePoint3d position() const { return m_position; }
+    double rotation() const { return m_rotation; }
+    AcGeVector3d scaleFactors() const { return m_scale; }
+    AcGeVector3d normal() const { return m_normal; }
+    Acad::ErrorStatus setBlockTableRecord(AcDbObjectId id);
+    Acad::ErrorStatus setPosition(const AcGePoint3d& p);
+    Acad::ErrorStatus setRotation(double angle);
+    /// eInvalidInput for a factor of 0.
+    Acad::ErrorStatus setScaleFactors(const AcGeVector3d& scale);
+    Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
+    /// From the block's coordinates to the world's.
+    AcGeMatrix3d blockTransform() const;
+
+protected:
+    Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
+
+private:
+    AcGePoint3d m_position;
+    AcDbObjectId m_block;
+    AcGeVector3d m_scale{1.0, 1.0, 1.0};
+    AcGeVector3d m_normal = AcGeVector3d::kZAxis;
+    double m_rotation = 0.0;
+};

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+// Array of object identifiers.
+#pragma once
+
+#include "acarray.h"
+#include "dbid.h"
+
+using AcDbObjectIdArray = AcArray<AcDbObjectId>;

@@ -1,0 +1,132 @@
+# SPDX-License-Identifier: MIT
+# Rules of the house: one target per folder, warnings, where things land.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE Release)
+endif()
+
+option(HOUSE_WERROR "Warnings are errors" OFF)
+set(HOUSE_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize takes them")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+# Programs and modules stand side by side; modules find each other there.
+set(HOUSE_BIN ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${HOUSE_BIN})
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${HOUSE_BIN})
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+set(CMAKE_INSTALL_RPATH $ORIGIN)
+
+add_library(house INTERFACE)
+target_compile_options(house INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
+# A module that is unloaded must really go: unique symbols would pin it.
+target_compile_options(house INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+if(HOUSE_WERROR)
+    target_compile_options(house INTERFACE -Werror)
+endif()
+if(HOUSE_SANITIZE)
+    target_compile_options(house INTERFACE -fsanitize=${HOUSE_SANITIZE} -fno-omit-frame-pointer
+                                           -fno-sanitize-recover=undefined)
+    target_link_options(house INTERFACE -fsanitize=${HOUSE_SANITIZE})
+endif()
+
+# The host's interface: SDK file names and nothing else.
+add_library(arx INTERFACE)
+target_include_directories(arx INTERFACE ${CMAKE_SOURCE_DIR}/arx)
+target_link_libraries(arx INTERFACE house)
+
+# What modules and the host agree on beyond it.
+add_library(protocol INTERFACE)
+target_include_directories(protocol INTERFACE ${CMAKE_SOURCE_DIR})
+target_link_libraries(protocol INTERFACE arx)
+
+# DRAFT: sources that are not written yet are left out.
+macro(house_existing list)
+    set(_kept)
+    foreach(_s ${${list}})
+        if(IS_ABSOLUTE "${_s}")
+            set(_p "${_s}")
+        else()
+            set(_p "${CMAKE_CURRENT_SOURCE_DIR}/${_s}")
+        endif()
+        if("${_s}" MATCHES "^\\$<" OR EXISTS "${_p}")
+            list(APPEND _kept "${_s}")
+        endif()
+    endforeach()
+    if(NOT _kept)
+        file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/draft.cpp "namespace { [[maybe_unused]] int draft; }\n")
+        set(_kept ${CMAKE_CURRENT_BINARY_DIR}/draft.cpp)
+    endif()
+    set(${list} ${_kept})
+endmacro()
+
+function(house_add folder)
+    if(EXISTS ${CMAKE_SOURCE_DIR}/${folder}/CMakeLists.txt)
+        add_subdirectory(${CMAKE_SOURCE_DIR}/${folder})
+    endif()
+endfunction()
+
+# house_room(NAME SOURCES ... KNOWS other rooms and libraries)
+# A room of the host: a static library, so that a test of one room links only whom it may know.
+function(house_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;KNOWS" ${ARGN})
+    house_existing(ROOM_SOURCES)
+    add_library(${name} STATIC ${ROOM_SOURCES})
+    target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC arx protocol ${ROOM_KNOWS})
+    set_property(GLOBAL APPEND PROPERTY HOUSE_ROOMS ${name})
+endfunction()
+
+# All rooms in one shared library: what the console, the window and the modules link.
+function(house_host_library)
+    get_property(rooms GLOBAL PROPERTY HOUSE_ROOMS)
+    if(NOT rooms)
+        return()
+    endif()
+    list(TRANSFORM rooms REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
+    add_library(prancheta SHARED ${objects})
+    target_include_directories(prancheta PUBLIC ${CMAKE_SOURCE_DIR})
+    target_link_libraries(prancheta PUBLIC arx protocol PRIVATE ${CMAKE_DL_LIBS})
+    target_link_options(prancheta PRIVATE -Wl,--no-undefined -Wl,-Bsymbolic-functions)
+endfunction()
+
+# house_module(NAME OUTPUT file name SOURCES ... KNOWS ...)
+# A shared object that the host loads, under exactly this file name.
+function(house_module name)
+    cmake_parse_arguments(MODULE "" "OUTPUT" "SOURCES;KNOWS" ${ARGN})
+    house_existing(MODULE_SOURCES)
+    add_library(${name} SHARED ${MODULE_SOURCES})
+    cmake_path(GET MODULE_OUTPUT STEM stem)
+    cmake_path(GET MODULE_OUTPUT EXTENSION extension)
+    set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${stem} SUFFIX ${extension})
+    target_link_libraries(${name} PUBLIC arx ${MODULE_KNOWS} PRIVATE prancheta)
+    target_link_options(${name} PRIVATE -Wl,--no-undefined)
+endfunction()
+
+# house_test(NAME SOURCES ... KNOWS ...): one GoogleTest program, one test of ctest.
+function(house_test name)
+    cmake_parse_arguments(TEST "" "" "SOURCES;KNOWS" ${ARGN})
+    house_existing(TEST_SOURCES)
+    add_executable(${name} ${TEST_SOURCES})
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE house ${TEST_KNOWS} GTest::gtest_main)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    target_compile_definitions(${name} PRIVATE HOUSE_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                                               HOUSE_BINARY_DIR="${CMAKE_BINARY_DIR}")
+    add_test(NAME ${name} COMMAND ${name})
+endfunction()
+
+# The installation folder as users have it, ready beside the programs.
+function(house_installation_folder)
+    add_custom_target(instalacao ALL
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/instalacao ${CMAKE_BINARY_DIR}/instalacao
+        COMMENT "Installation folder")
+endfunction()

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// The two holders of a catalogue, and how a row is cut and built.
+#include "perfis/catalogues/catalogue.h"
+
+#include "perfis/catalogues/list_text.h"
+#include "perfis/catalogues/str_list.h"
+#include "zp/forja/zpstringlist.h"
+
+namespace perfis {
+namespace {
+
+class StrListCatalogue : public Catalogue {
+public:
+    void read(std::wstring_view path) override { (void)m_list.read(path); }
+    void write(std::wstring_view path) const override { (void)m_list.write(path); }
+    int count() const override { return static_cast<int>(m_list.count()); }
+    bool rowAt(int index, std::wstring& row) const override {
+        return m_list.getAt(row, static_cast<unsigned>(index)) != 0;
+    }
+    bool contains(const std::wstring& row) const override { return m_list.contains(row); }
+    void append(const std::wstring& row) override { (void)m_list.append(row); }
+    void replace(int index, const std::wstring& row) override {
+        (void)m_list.replaceAt(row, static_cast<unsigned>(index));
+    }
+    void remove(int index) override { (void)m_list.removeAt(static_cast<unsigned>(index)); }
+    void fill(ads_hdlg dialog, const wchar_t* key) const override {
+        (void)m_list.fillTile(dialog, key);
+    }
+
+private:
+    ZpStrList m_list;
+};
+
+class StringListCatalogue : public Catalogue {
+public:
+    void read(std::wstring_view path) override;
+    void write(std::wstring_view path) const override;
+    int count() const override { return m_list.length(); }
+    bool rowAt(int index, std::wstring& row) const override;
+    bool contains(const std::wstring& row) const override {
+        return m_list.contains(ZpString(row.c_str()));
+    }
+    void append(const std::wstring& row) override { m_list.append(ZpString(row.c_str())); }
+    void replace(int index, const std::wstring& row) override {
+        m_list.setAt(index, ZpString(row.c_str()));
+    }
+    void remove(int index) override { m_list.removeAt(index); }
+    void fill(ads_hdlg dialog, const wchar_t* key) const override;
+
+private:
+    ZpStringList m_list;
+    ListFormat m_format;
+};
+
+void StringListCatalogue::read(std::wstring_view path) {
+    constexpr std::size_t kReadBuffer = 511;
+    const std::optional<ListText> list = readListText(path);
+    if (!list) return;
+    m_list.clear();
+    m_format = list->format;
+    LineReader reader(list->text);
+    std::wstring piece;
+    while (reader.read(piece, kReadBuffer)) {
+        ZpString row(piece.c_str());
+        row.CloseInChar(L"\n\r");
+        m_list.append(row);
+    }
+}
+
+void StringListCatalogue::write(std::wstring_view path) const {
+    std::wstring text;
+    for (int i = 0; i < m_list.length(); ++i)
+        text += static_cast<const wchar_t*>(m_list.at(i) + L"\n");
+    (void)writeListText(path, text, m_format);
+}
+
+bool StringListCatalogue::rowAt(int index, std::wstring& row) const {
+    if (index < 0 || index >= m_list.length()) return false;
+    row = static_cast<const wchar_t*>(m_list.at(index));
+    return true;
+}
+
+void StringListCatalogue::fill(ads_hdlg dialog, const wchar_t* key) const {
+    if (ads_start_list(dialog, key, LIST_NEW, 0) != RTNORM) return;
+    for (int i = 0; i < m_list.length(); ++i)
+        (void)ads_add_list(static_cast<const wchar_t*>(m_list.at(i)));
+    (void)ads_end_list();
+}
+
+}  // namespace
+
+std::unique_ptr<Catalogue> makeStrListCatalogue() { return std::make_unique<StrListCatalogue>(); }
+
+std::unique_ptr<Catalogue> makeStringListCatalogue() {
+    return std::make_unique<StringListCatalogue>();
+}
+
+std::vector<std::wstring> splitRow(std::wstring_view row) {
+    std::vector<std::wstring> fields;
+    for (std::size_t start = 0;;) {
+        const std::size_t tab = row.find(L'\t', start);
+        fields.emplace_back(row.substr(start, tab - start));
+        if (tab == std::wstring_view::npos) return fields;
+        start = tab + 1;
+    }
+}
+
+std::wstring buildRow(const std::wstring& h, const std::wstring& b, const std::wstring& t,
+                      const std::wstring& a) {
+    std::wstring row = h + L'\t' + b + L'\t' + t;
+    if (textToInt(a) != 0) row += L'\t' + a;
+    return row;
+}
+
+}  // namespace perfis

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// List files come from old machines and must go back as they came: encoding, mark, line ends.
+#include "perfis/catalogues/list_text.h"
+
+#include <algorithm>
+
+#include "perfis/frame/encoding.h"
+
+namespace perfis {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
+constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
+
+std::wstring decode(std::string_view bytes, ListFormat& format) {
+    if (bytes.starts_with(kUtf16LittleMark) || bytes.starts_with(kUtf16BigMark)) {
+        const bool big = bytes.starts_with(kUtf16BigMark);
+        format.encoding = big ? Encoding::kUtf16Big : Encoding::kUtf16Little;
+        format.mark = true;
+        return decodeUtf16(bytes.substr(2), big);
+    }
+    const bool mark = bytes.starts_with(kUtf8Mark);
+    const std::string_view content = mark ? bytes.substr(kUtf8Mark.size()) : bytes;
+    if (std::optional<std::wstring> text = decodeUtf8(content)) {
+        format.mark = mark;
+        return std::move(*text);
+    }
+    format.encoding = Encoding::kWindows1252;
+    return decodeWindows1252(bytes);
+}
+
+/// Line ends to single line feeds; the first one found says how the file ends its lines.
+void translateLineEnds(std::wstring& text, ListFormat& format) {
+    const std::size_t first = text.find(L'\n');
+    if (first != std::wstring::npos) format.crLf = first > 0 && text[first - 1] == L'\r';
+    std::size_t out = 0;
+    for (std::size_t in = 0; in < text.size(); ++in) {
+        const bool pair = text[in] == L'\r' && in + 1 < text.size() && text[in + 1] == L'\n';
+        if (!pair) text[out++] = text[in];
+    }
+    text.resize(out);
+}
+
+std::wstring withCrLf(std::wstring_view text) {
+    std::wstring result;
+    const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), L'\n'));
+    result.reserve(text.size() + lines);
+    for (const wchar_t c : text) {
+        if (c == L'\n') result += L'\r';
+        result += c;
+    }
+    return result;
+}
+
+std::string encode(std::wstring_view text, const ListFormat& format) {
+    switch (format.encoding) {
+        case Encoding::kUtf16Little:
+            return std::string(kUtf16LittleMark) + encodeUtf16(text, false);
+        case Encoding::kUtf16Big:
+            return std::string(kUtf16BigMark) + encodeUtf16(text, true);
+        case Encoding::kWindows1252:
+            if (const std::optional<std::string> bytes = encodeWindows1252(text)) return *bytes;
+            break;
+        case Encoding::kUtf8:
+            break;
+    }
+    return (format.mark ? std::string(kUtf8Mark) : std::string()) + encodeUtf8(text);
+}
+
+}  // namespace
+
+std::optional<ListText> readListText(std::wstring_view path) {
+    const std::optional<std::string> bytes = readFile(path);
+    if (!bytes) return std::nullopt;
+    ListText list;
+    list.text = decode(*bytes, list.format);
+    translateLineEnds(list.text, list.format);
+    return list;
+}
+
+bool writeListText(std::wstring_view path, std::wstring_view text, const ListFormat& format) {
+    return replaceFile(path, format.crLf ? encode(withCrLf(text), format) : encode(text, format));
+}
+
+bool LineReader::read(std::wstring& piece, std::size_t bufferSize) {
+    if (m_rest.empty()) {
+        m_atEnd = true;
+        return false;
+    }
+    const std::size_t most = std::min(bufferSize - 1, m_rest.size());
+    const std::size_t lineFeed = m_rest.substr(0, most).find(L'\n');
+    const std::size_t length = lineFeed == std::wstring_view::npos ? most : lineFeed + 1;
+    piece = m_rest.substr(0, length);
+    m_rest.remove_prefix(length);
+    m_atEnd = m_rest.empty() && lineFeed == std::wstring_view::npos && length < bufferSize - 1;
+    return true;
+}
+
+void cutAtSeparator(std::wstring& text, wchar_t separator) {
+    const std::size_t start = text.find_first_not_of(separator);
+    if (start == std::wstring::npos) return;
+    const std::size_t end = text.find(separator, start);
+    if (end != std::wstring::npos) text.resize(end);
+}
+
+int countLines(std::wstring_view path) {
+    constexpr std::size_t kBuffer = 200;
+    const std::optional<ListText> list = readListText(path);
+    if (!list) return 0;
+    LineReader reader(list->text);
+    std::wstring piece;
+    int reads = 0;
+    while (!reader.atEnd()) {
+        (void)reader.read(piece, kBuffer);
+        ++reads;
+    }
+    return reads;
+}
+
+}  // namespace perfis

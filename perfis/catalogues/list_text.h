@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// A list file as text: decoding, line pieces as the C library cuts them, writing back in kind.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "perfis/frame/portability.h"
+
+namespace perfis {
+
+enum class Encoding { kUtf8, kUtf16Little, kUtf16Big, kWindows1252 };
+
+/// How a list file is written; noticed on reading and kept.
+struct ListFormat {
+    Encoding encoding = Encoding::kUtf8;
+    bool mark = false;  ///< byte-order mark at the start
+    bool crLf = kNativeLineEndIsCrLf;
+};
+
+struct ListText {
+    std::wstring text;  ///< line ends are single line feeds
+    ListFormat format;
+};
+
+/// UTF-8 with or without mark, UTF-16 with mark, else Windows-1252. Nothing when the file cannot be
+/// opened.
+std::optional<ListText> readListText(std::wstring_view path);
+
+/// Replaces the file; false, and the old file stays, when that fails. A text that the code page
+/// cannot hold is written as UTF-8.
+bool writeListText(std::wstring_view path, std::wstring_view text, const ListFormat& format);
+
+/// Reads a text in pieces: up to and with a line feed, at most one character less than the buffer.
+class LineReader {
+public:
+    explicit LineReader(std::wstring_view text) : m_rest(text) {}
+
+    /// False, and `piece` is untouched, when nothing is left.
+    bool read(std::wstring& piece, std::size_t bufferSize);
+    /// True once a read has met the end of the text.
+    bool atEnd() const { return m_atEnd; }
+
+private:
+    std::wstring_view m_rest;
+    bool m_atEnd = false;
+};
+
+/// Splitting step of the C library, done in place: separators at the start stay, the first one
+/// after other characters ends the text.
+void cutAtSeparator(std::wstring& text, wchar_t separator);
+
+/// Number of reads with a buffer of 200 until the end: one more than the lines of a file that ends
+/// with a line feed. 0 when the file cannot be opened.
+int countLines(std::wstring_view path);
+
+}  // namespace perfis

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// Cold-formed sections, tubes and round bars.
+#pragma once
+
+#include "perfis/entities/zpobject.h"
+
+/// Reads and changes one constructor value.
+#ifndef ZP_VALOR
+#define ZP_VALOR(NOME)                           \
+    Acad::ErrorStatus NOME(double& valor) const; \
+    Acad::ErrorStatus set##NOME(double valor);
+#endif
+
+/// Cold-formed U: height h, flange b1 (upper) and b2 (lower), thickness t, inner bend radius ri,
+/// flange angles a1 and a2, turn r about the axis, lip (0 none, negative outwards).
+class ZpUDobrado : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpUDobrado);
+    ZpUDobrado();
+    ZpUDobrado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b1, double b2, double t,
+               double ri, double a1, double a2, double L, double r, double reservado1, double aba);
+    ZpUDobrado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+               double b1, double b2, double t, double ri, double a1, double a2, double reservado1,
+               double aba);
+};
+
+/// Cold-formed Z with lips of length aba.
+class ZpZDobrado : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpZDobrado);
+    ZpZDobrado();
+    ZpZDobrado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double aba, double t,
+               double ri, double a1, double a2, double L, double reservado1, double reservado2,
+               double reservado3, double reservado4);
+    ZpZDobrado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+               double b, double aba, double t, double ri, double a1, double a2, double reservado1,
+               double reservado2, double reservado3);
+};
+
+/// Hat section: side h, top b, outward lips aba.
+class ZpCartola : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpCartola);
+    ZpCartola();
+    ZpCartola(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t, double ri,
+              double aba, double L, double reservado1, double reservado2);
+    ZpCartola(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h, double b,
+              double t, double ri, double aba, double reservado1);
+};
+
+/// Cold-formed angle: leg h down, leg b to the right, angle between them.
+class ZpCantoneiraDobrada : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpCantoneiraDobrada);
+    ZpCantoneiraDobrada();
+    ZpCantoneiraDobrada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
+                        double ri, double angulo, double L, double r, double reservado1,
+                        double reservado2);
+    ZpCantoneiraDobrada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+                        double b, double t, double ri, double angulo, double reservado1,
+                        double reservado2);
+};
+
+/// Box of two cold-formed U, toes facing, over the outside width w (at least 2b); aba = lip.
+class ZpCaixaDobrado : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpCaixaDobrado);
+    ZpCaixaDobrado();
+    ZpCaixaDobrado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
+                   double ri, double w, double L, double reservado1, double reservado2, double aba);
+    ZpCaixaDobrado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+                   double b, double t, double ri, double w, double reservado1, double aba);
+};
+
+/// Rectangular tube b x h.
+class ZpBox : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpBox);
+    ZpBox();
+    ZpBox(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t, double ri,
+          double L, double reservado1, double reservado2);
+    ZpBox(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h, double b,
+          double t, double ri, double reservado1);
+};
+
+/// Round tube of outer diameter d; dint inner diameter, solid when it is not positive.
+class ZpTubo : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpTubo);
+    ZpTubo();
+    ZpTubo(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double d,
+           double dint);
+
+    ZP_VALOR(Diametro)
+    ZP_VALOR(DiametroInt)
+    Acad::ErrorStatus KgMetro(double& valor) const;
+    Acad::ErrorStatus Area(double& valor) const;
+    void GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,
+                               AcGePoint3d& f3) const override;
+};
+
+/// Round bar.
+class ZpBarraRedonda : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpBarraRedonda);
+    ZpBarraRedonda();
+    ZpBarraRedonda(const AcGePoint3d& ponto, ZpVistas vista, double d, double L, double reservado1);
+    ZpBarraRedonda(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double d);
+};
+
+/// Two cold-formed angles back to back in T, gap between the stems.
+class ZpCantTDobrada : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpCantTDobrada);
+    ZpCantTDobrada();
+    ZpCantTDobrada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
+                   double ri, double vao, double L, double r, double reservado1, double reservado2);
+    ZpCantTDobrada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+                   double b, double t, double ri, double vao, double reservado1, double reservado2);
+};
+
+/// Two cold-formed angles as a U, over the outside width w.
+class ZpCantUDobrada : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpCantUDobrada);
+    ZpCantUDobrada();
+    ZpCantUDobrada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
+                   double ri, double w, double L, double r, double reservado1, double reservado2);
+    ZpCantUDobrada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+                   double b, double t, double ri, double w, double reservado1, double reservado2);
+};
+
+/// Two cold-formed angles turned by 45 degrees, bend to bend, gap between the bends.
+class ZpXDobrado : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpXDobrado);
+    ZpXDobrado();
+    ZpXDobrado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t, double ri,
+               double vao, double L, double r, double reservado1, double reservado2,
+               double reservado3);
+    ZpXDobrado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+               double b, double t, double ri, double vao, double reservado1, double reservado2,
+               double reservado3);
+};
+
+/// Two cold-formed U back to back; aba = lip, especie 0 inwards, 1 outwards.
+class ZpIDobrado : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpIDobrado);
+    ZpIDobrado();
+    ZpIDobrado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b1, double b2, double t,
+               double ri, double vao, double L, double aba, double especie, double reservado1);
+    ZpIDobrado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
+               double b1, double b2, double t, double ri, double vao, double aba, double especie);
+};

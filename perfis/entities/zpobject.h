@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// Base of all steel pieces: placement, links with dimensions and plates, section queries.
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+
+#include "dbapserv.h"
+
+namespace zp {
+/// State of one piece; the library's own.
+struct Peca;
+/// The library's door to that state.
+struct Acesso;
+}  // namespace zp
+
+/// Buffer that getPerfil and getDimensoes fill, characters with the terminator.
+inline constexpr int kZpTextoMax = 128;
+
+/// A piece of a drawn member. It lies in the plane of its start point parallel to XY: the axis runs
+/// from the start along the direction AngleVista, and the picture is that of one view. Lengths in
+/// drawing units (mm), angles in radians, masses in kg, areas of sections in mm2.
+class ZpObject : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(ZpObject);
+    ~ZpObject() override;
+
+    /// What is drawn: the section seen from the start, or the member seen from above, below, right,
+    /// left.
+    enum ZpVistas {
+        kVistaSecao = 0,
+        kVistaSuperior = 1,
+        kVistaInferior = 2,
+        kVistaDireita = 3,
+        kVistaEsquerda = 4,
+    };
+    /// Structural role. 7 and 8 are free places.
+    enum TipoBarra {
+        kBarra = 0,
+        kMontante = 1,
+        kDiagonal = 2,
+        kBanzoInferior = 3,
+        kBanzoSuperior = 4,
+        kViga = 5,
+        kPilar = 6,
+        kTerca = 9,
+    };
+
+    Acad::ErrorStatus settipoBarra(TipoBarra tipo);
+    Acad::ErrorStatus tipoBarra(TipoBarra& tipo) const;
+
+    /// Ties a dimension to this piece and keeps where it stands relative to it. The piece and the
+    /// dimension are resident and the dimension is closed. A second call changes nothing.
+    /// eNoDatabase before the piece is appended, otherwise the status of opening the dimension.
+    Acad::ErrorStatus LinkDim(const AcDbObjectId& cota);
+    /// The same with another piece (a plate as a rule), which follows this one.
+    Acad::ErrorStatus LinkPos(const AcDbObjectId& peca);
+
+    /// Corners of the picture's box in the piece's own frame, moved and turned with it: upper left,
+    /// lower left, upper right, lower right.
+    virtual void GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,
+                                       AcGePoint3d& f3) const;
+    Acad::ErrorStatus StartPoint(AcGePoint3d& ponto) const;
+    /// Start plus the length along the axis; the start itself in the section view.
+    Acad::ErrorStatus EndPoint(AcGePoint3d& ponto) const;
+    /// Direction of the axis; in the section view the angle by which the section was turned. [0, 2
+    /// pi).
+    Acad::ErrorStatus AngleVista(double& angulo) const;
+    ZpVistas vista() const;
+    /// The end moves along the axis, what is linked to the end follows. eInvalidInput, and no
+    /// change, for a length that is not positive and finite.
+    virtual Acad::ErrorStatus AlteraComprimento(double comprimento);
+
+    /// Shortens the piece where its axis enters the picture of another one: the end that lies
+    /// inside, or nearer to it, moves to the first face. eNotApplicable in the section view,
+    /// eInvalidInput when the axis does not meet the other picture or nothing would remain.
+    Acad::ErrorStatus Corte(const AcDbObjectId& outra);
+    /// The same when both pieces are drawn in longitudinal views only.
+    Acad::ErrorStatus CorteVista(const AcDbObjectId& outra);
+    /// As Corte, to the far face instead of the near one.
+    Acad::ErrorStatus CorteArestaVista(const AcDbObjectId& outra);
+
+    /// Height and width of one piece; of the whole box for built-up sections.
+    virtual double getAltura() const;
+    virtual double getLargura() const;
+    virtual double getEspessura() const;
+    /// Area handed over by the catalogue, that of the outline when none was.
+    virtual double getArea() const;
+    /// All loops of the outline, holes included.
+    virtual double getPerimetro() const;
+    /// m2.
+    virtual double getAreaPintura() const;
+    /// kg.
+    virtual double getPeso() const;
+    /// kg/m.
+    virtual double getLinearWeight() const;
+    virtual double getComprimento() const;
+    virtual double getComprimentoReal() const;
+    /// Short name of the section ("Ue") and its sizes ("200x75x20x2,65"); the buffer holds
+    /// kZpTextoMax.
+    virtual Acad::ErrorStatus getPerfil(ACHAR* texto) const;
+    virtual Acad::ErrorStatus getDimensoes(ACHAR* texto) const;
+
+    void getEcs(AcGeMatrix3d& ecs) const override;
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+    Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
+    Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
+
+protected:
+    /// `classe` is the library's number of the section class.
+    explicit ZpObject(int classe);
+    ZpObject(int classe, const AcGePoint3d& ponto, ZpVistas vista,
+             std::initializer_list<double> valores);
+    ZpObject(int classe, const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista,
+             std::initializer_list<double> valores);
+
+    /// One constructor value by the library's number of its role. eNotApplicable when the class has
+    /// none.
+    Acad::ErrorStatus leValor(int papel, double& valor) const;
+    Acad::ErrorStatus gravaValor(int papel, double valor);
+
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
+    Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;
+    Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
+    void subList() const override;
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                        const AcGePoint3d& pick, const AcGePoint3d& last,
+                                        const AcGeMatrix3d& view, AcGePoint3dArray& points,
+                                        AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                       AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices,
+                                          const AcGeVector3d& offset) override;
+    Acad::ErrorStatus subClose() override;
+
+private:
+    friend struct zp::Acesso;
+    std::unique_ptr<zp::Peca> m_peca;
+};

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Welded and rolled I sections.
+#pragma once
+
+#include "perfis/entities/zpobject.h"
+
+/// Welded I: height, flanges, web. The series form has equal flanges; the other one has its own
+/// sizes for the upper (bc, tc) and the lower flange (bb, tb).
+class ZpISoldado : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpISoldado);
+    /// Series that the size was picked from.
+    enum SubType { kFavoritos = 0, kVS = 1, kCVS = 2, kCS = 3 };
+
+    ZpISoldado();
+    ZpISoldado(const AcGePoint3d& ponto, ZpVistas vista, double H, double bSup, double bInf,
+               double tw, double tf, double L, double reservado1, double reservado2, double m);
+    ZpISoldado(const AcGePoint3d& ponto, double H, double bc, double bb, double tc, double tb,
+               double tw, double L, ZpVistas vista, double reservado1, double reservado2,
+               double reservado3);
+    ZpISoldado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double H,
+               double bSup, double bInf, double tw, double tf, double reservado1, double m);
+    ZpISoldado(const AcGePoint3d& inicio, const AcGePoint3d& fim, double H, double bc, double bb,
+               double tc, double tb, double tw, ZpVistas vista, double reservado1,
+               double reservado2);
+
+    Acad::ErrorStatus setSubType(SubType tipo);
+    Acad::ErrorStatus subType(SubType& tipo) const;
+};
+
+/// Rolled I: parallel flanges (types 0 and 1) or flanges tapered 1:6 (type 2). A = area in mm2, m =
+/// kg/m.
+class ZpILaminadoUSA : public ZpObject {
+public:
+    ACRX_DECLARE_MEMBERS(ZpILaminadoUSA);
+    enum ISolType { kEuropeu = 0, kAcoMinas = 1, kAmericano = 2 };
+
+    ZpILaminadoUSA();
+    ZpILaminadoUSA(const AcGePoint3d& ponto, ZpVistas vista, double H, double B, double tw,
+                   double tf, ISolType tipo, double reservado1, double reservado2, double L,
+                   double A, double m);
+    ZpILaminadoUSA(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double H,
+                   double B, double tw, double tf, ISolType tipo, double reservado1, double A,
+                   double m);
+};

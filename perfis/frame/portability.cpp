@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// Numbers in texts and the environment; files stand in portability_files.cpp.
+#include "perfis/frame/portability.h"
+
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+
+#include "perfis/frame/encoding.h"
+
+namespace perfis {
+namespace {
+
+constexpr bool isBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
+constexpr bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+
+/// The number's own characters, ready for from_chars, and the decimal exponent of its first
+/// significant digit, which tells too large from too small.
+struct RealText {
+    std::string digits;
+    long magnitude = 0;
+};
+
+std::size_t skipBlanks(std::wstring_view text) {
+    std::size_t at = 0;
+    while (at < text.size() && isBlank(text[at])) ++at;
+    return at;
+}
+
+/// Appends "e", a sign and digits when the text has them at `at`; returns the exponent.
+long scanExponent(std::wstring_view text, std::size_t at, std::string& digits) {
+    if (at >= text.size() || (text[at] != L'e' && text[at] != L'E')) return 0;
+    ++at;
+    const bool negative = at < text.size() && text[at] == L'-';
+    if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) ++at;
+    if (at >= text.size() || !isDigit(text[at])) return 0;
+    long exponent = 0;
+    for (; at < text.size() && isDigit(text[at]); ++at)
+        if (exponent < 100000) exponent = exponent * 10 + (text[at] - L'0');
+    if (negative) exponent = -exponent;
+    digits += 'e' + std::to_string(exponent);
+    return exponent;
+}
+
+RealText scanReal(std::wstring_view text) {
+    RealText real;
+    std::size_t at = skipBlanks(text);
+    if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) {
+        if (text[at] == L'-') real.digits += '-';
+        ++at;
+    }
+    bool any = false;
+    bool significant = false;
+    bool fraction = false;
+    for (; at < text.size() && (isDigit(text[at]) || (text[at] == L'.' && !fraction)); ++at) {
+        real.digits += static_cast<char>(text[at]);
+        if (text[at] == L'.') {
+            fraction = true;
+            continue;
+        }
+        any = true;
+        significant = significant || text[at] != L'0';
+        if (!fraction && significant) ++real.magnitude;
+        if (fraction && !significant) --real.magnitude;
+    }
+    if (!any) return {};
+    real.magnitude += scanExponent(text, at, real.digits);
+    return real;
+}
+
+}  // namespace
+
+double textToReal(std::wstring_view text) {
+    const RealText real = scanReal(text);
+    if (real.digits.empty()) return 0.0;
+    double value = 0.0;
+    const char* const end = real.digits.data() + real.digits.size();
+    const auto result = std::from_chars(real.digits.data(), end, value);
+    if (result.ec != std::errc::result_out_of_range) return value;
+    const double limit = real.magnitude > 0 ? HUGE_VAL : 0.0;
+    return real.digits[0] == '-' ? -limit : limit;
+}
+
+int textToInt(std::wstring_view text) {
+    std::size_t at = skipBlanks(text);
+    const bool negative = at < text.size() && text[at] == L'-';
+    if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) ++at;
+    long long value = 0;
+    for (; at < text.size() && isDigit(text[at]); ++at)
+        if (value <= INT_MAX) value = value * 10 + (text[at] - L'0');
+    if (negative) value = -value;
+    if (value > INT_MAX) return INT_MAX;
+    return value < INT_MIN ? INT_MIN : static_cast<int>(value);
+}
+
+int realToInt(double value) {
+    const double whole = std::trunc(value);
+    const bool fits = whole >= static_cast<double>(INT_MIN) && whole <= static_cast<double>(INT_MAX);
+    return fits ? static_cast<int>(whole) : INT_MIN;
+}
+
+std::optional<std::wstring> environmentText(const char* name) {
+#ifdef _WIN32
+    const std::wstring wideName(name, name + std::char_traits<char>::length(name));
+    const wchar_t* const value = _wgetenv(wideName.c_str());
+    if (value == nullptr || *value == L'\0') return std::nullopt;
+    return std::wstring(value);
+#else
+    const char* const value = std::getenv(name);
+    if (value == nullptr || *value == '\0') return std::nullopt;
+    const std::optional<std::wstring> text = decodeUtf8(value);
+    return text ? *text : decodeWindows1252(value);
+#endif
+}
+
+}  // namespace perfis

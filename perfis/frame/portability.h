@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// The few places where the two targets of this module differ: numbers in texts, environment, files.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace perfis {
+
+/// Leading number of a text, 0 when it has none. The decimal sign is a point whatever the locale.
+double textToReal(std::wstring_view text);
+
+/// Leading whole number (decimal), 0 when there is none; too large ones give the nearest limit.
+int textToInt(std::wstring_view text);
+
+/// Truncated toward zero. What an int cannot hold (also infinite and not a number) gives the most
+/// negative int.
+int realToInt(double value);
+
+/// Value of an environment variable; nothing when it is not set or empty.
+std::optional<std::wstring> environmentText(const char* name);
+
+/// Whole file as bytes; nothing when it cannot be opened or read. In paths a backslash separates on
+/// every system, and names are found without regard to case.
+std::optional<std::string> readFile(std::wstring_view path);
+
+/// Puts `bytes` in place of the file through a flushed temporary file beside it. On failure (also
+/// when the file there may not be written) false, and what was there stays.
+bool replaceFile(std::wstring_view path, std::string_view bytes);
+
+/// True where text files end their lines with carriage return and line feed.
+#ifdef _WIN32
+inline constexpr bool kNativeLineEndIsCrLf = true;
+#else
+inline constexpr bool kNativeLineEndIsCrLf = false;
+#endif
+
+}  // namespace perfis

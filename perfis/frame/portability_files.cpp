@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// Files: names found as users of the other system typed them, contents replaced whole or not at all.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include "perfis/frame/encoding.h"
+#include "perfis/frame/portability.h"
+
+#ifdef _WIN32
+#include <io.h>
+#include <process.h>
+
+#include <cstdio>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace perfis {
+namespace {
+
+namespace fs = std::filesystem;
+
+#ifdef _WIN32
+
+fs::path nativePath(std::wstring_view text) { return fs::path(text); }
+bool mayWrite(const fs::path& file) { return _waccess(file.c_str(), 2) == 0; }
+int processNumber() { return _getpid(); }
+
+bool writeFlushed(const fs::path& file, std::string_view bytes, const fs::path&) {
+    std::FILE* const stream = _wfopen(file.c_str(), L"wbx");
+    if (stream == nullptr) return false;
+    bool good = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
+    good = std::fflush(stream) == 0 && good;
+    good = _commit(_fileno(stream)) == 0 && good;
+    return std::fclose(stream) == 0 && good;
+}
+void flushFolder(const fs::path&) {}
+
+#else
+
+/// The entry of `folder` with this name whatever its case; the name itself when there is none.
+fs::path findName(const fs::path& folder, const fs::path& name) {
+    std::error_code error;
+    if (fs::exists(folder / name, error)) return folder / name;
+    const std::optional<std::wstring> wanted = decodeUtf8(name.native());
+    if (!wanted) return folder / name;
+    fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const std::optional<std::wstring> found = decodeUtf8(entry->path().filename().native());
+        if (found && equalIgnoringCase(*found, *wanted)) return folder / entry->path().filename();
+    }
+    return folder / name;
+}
+
+fs::path nativePath(std::wstring_view text) {
+    std::string bytes = encodeUtf8(text);
+    for (char& c : bytes)
+        if (c == '\\') c = '/';
+    const fs::path typed(bytes);
+    std::error_code error;
+    if (fs::exists(typed, error)) return typed;
+    fs::path path;
+    for (const fs::path& part : typed) path = part.has_root_directory() ? part : findName(path, part);
+    return path;
+}
+
+bool mayWrite(const fs::path& file) { return ::access(file.c_str(), W_OK) == 0; }
+int processNumber() { return static_cast<int>(::getpid()); }
+
+/// Creates `file`, which must not exist, with the permissions of `model` when that exists.
+bool writeFlushed(const fs::path& file, std::string_view bytes, const fs::path& model) {
+    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0) return false;
+    struct stat status {};
+    // A file system without permissions refuses the copy; the list is none the worse for it.
+    if (::stat(model.c_str(), &status) == 0) (void)::fchmod(descriptor, status.st_mode & 07777);
+    bool good = true;
+    while (good && !bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        good = written > 0;
+        if (good) bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    good = ::fsync(descriptor) == 0 && good;
+    return ::close(descriptor) == 0 && good;
+}
+
+/// Makes the rename itself last; the new contents are already safe, so a failure changes nothing.
+void flushFolder(const fs::path& folder) {
+    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    (void)::fsync(descriptor);
+    (void)::close(descriptor);
+}
+
+#endif
+
+}  // namespace
+
+std::optional<std::string> readFile(std::wstring_view path) {
+    const fs::path file = nativePath(path);
+    std::error_code error;
+    if (fs::is_directory(file, error)) return std::nullopt;
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) return std::nullopt;
+    std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    if (stream.bad()) return std::nullopt;
+    return bytes;
+}
+
+bool replaceFile(std::wstring_view path, std::string_view bytes) {
+    std::error_code error;
+    fs::path target = nativePath(path);
+    // Writing through a link replaces what it points at, not the link.
+    if (fs::is_symlink(target, error)) {
+        target = fs::weakly_canonical(target, error);
+        if (error) return false;
+    }
+    if (fs::is_directory(target, error)) return false;
+    if (fs::exists(target, error) && !mayWrite(target)) return false;
+    fs::path temporary = target;
+    temporary += "." + std::to_string(processNumber()) + ".tmp";
+    fs::remove(temporary, error);
+    if (!writeFlushed(temporary, bytes, target)) {
+        fs::remove(temporary, error);
+        return false;
+    }
+    fs::rename(temporary, target, error);
+    if (error) {
+        std::error_code ignored;
+        fs::remove(temporary, ignored);
+        return false;
+    }
+    flushFolder(target.parent_path());
+    return true;
+}
+
+}  // namespace perfis

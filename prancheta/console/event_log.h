@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// The event record: one JSON object a line, written as things happen.
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+
+#include "prancheta/base/event.h"
+#include "prancheta/base/result.h"
+#include "prancheta/console/script.h"
+
+namespace prancheta::console {
+
+/// Records every event of the process from open() until it is destroyed, each with the script's
+/// line.
+class EventLog {
+public:
+    explicit EventLog(const Script& script) : m_script(script) {}
+    ~EventLog();
+    EventLog(const EventLog&) = delete;
+    EventLog& operator=(const EventLog&) = delete;
+
+    Result<void> open(const std::filesystem::path& path);
+    /// Flushes and reports a record that could not be written whole.
+    Result<void> close();
+
+private:
+    void write(const Event& event);
+
+    const Script& m_script;
+    std::filesystem::path m_path;
+    std::FILE* m_file = nullptr;
+    int m_errno = 0;
+};
+
+}  // namespace prancheta::console

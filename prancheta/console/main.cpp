@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// prancheta-console: the host without a window, driven by a script.
+#include <cstdlib>
+#include <iostream>
+
+#include "prancheta/console/console_ui.h"
+#include "prancheta/console/event_log.h"
+#include "prancheta/console/options.h"
+#include "prancheta/console/script.h"
+#include "prancheta/console/state.h"
+#include "prancheta/editor/host.h"
+#include "prancheta/editor/modules.h"
+
+namespace prancheta::console {
+namespace {
+
+/// Reports a failure on standard error; the worst one decides the exit code.
+class Outcome {
+public:
+    bool check(const Result<void>& result, int code) {
+        if (result) return true;
+        std::cerr << "prancheta-console: " << result.error().message() << std::endl;
+        m_code = std::max(m_code, code);
+        return false;
+    }
+    int code(bool scriptFailed) const {
+        return m_code != kDone ? m_code : scriptFailed ? kScriptError : kDone;
+    }
+
+private:
+    int m_code = kDone;
+};
+
+HostOptions hostOptions(const Options& options) {
+    HostOptions out;
+    out.programFolder = Host::programFolder();
+    out.installation = out.programFolder.parent_path() / "instalacao";
+    if (!options.installation.empty()) out.installation = options.installation;
+    out.installationOverrides = !options.installation.empty();
+    out.loadDefaultModules = options.defaultModules;
+    return out;
+}
+
+bool prepare(Host& host, const Options& options, Outcome& outcome) {
+    outcome.check(host.start(), kFileError);
+    for (const std::string& module : options.modules)
+        outcome.check(host.editor().modules().load(module), kFileError);
+    return options.drawing.empty() ||
+           outcome.check(host.editor().openDocument(options.drawing), kFileError);
+}
+
+int run(const Options& options) {
+    auto script = Script::open(options.script);
+    Outcome outcome;
+    if (!script) {
+        outcome.check(script.error(), kFileError);
+        return outcome.code(false);
+    }
+    EventLog log(*script);
+    if (!options.log.empty() && !outcome.check(log.open(options.log), kFileError))
+        return outcome.code(false);
+
+    ConsoleUi ui(*script);
+    Host host(ui, hostOptions(options));
+    if (prepare(host, options, outcome)) {
+        host.editor().run();
+        // Whatever the script did, the drawing is not lost with it.
+        if (!options.save.empty()) outcome.check(host.editor().saveCopy(options.save), kFileError);
+        if (!options.state.empty())
+            outcome.check(writeState(host.editor(), options.state), kFileError);
+    }
+    std::cout.flush();
+    outcome.check(log.close(), kFileError);
+    return outcome.code(ui.failed());
+}
+
+}  // namespace
+}  // namespace prancheta::console
+
+int main(int argc, char** argv) {
+    using namespace prancheta::console;
+    int exitCode = kDone;
+    const auto options = readOptions(argc, argv, exitCode);
+    return options ? run(*options) : exitCode;
+}

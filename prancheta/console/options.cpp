@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// Arguments, help and usage errors in Portuguese.
+#include "prancheta/console/options.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+namespace prancheta::console {
+namespace {
+
+/// The library's messages are English: each kind of error has a text of its own here.
+std::string usageError(const CLI::ParseError& error) {
+    const std::string name = error.get_name();
+    const std::string detail = error.what();
+    const auto quoted = [&detail] {
+        const auto colon = detail.find(": ");
+        return colon == std::string::npos ? std::string() : " (" + detail.substr(colon + 2) + ")";
+    };
+    if (name == "ExtrasError") return "argumento desconhecido" + quoted();
+    if (name == "ArgumentMismatch")
+        return "falta o valor da opção " + detail.substr(0, detail.find(':'));
+    return "opção inválida: " + detail;
+}
+
+void translate(CLI::App& app) {
+    const auto formatter = app.get_formatter();
+    formatter->label("Usage", "Uso");
+    formatter->label("OPTIONS", "opções");
+    formatter->label("Options", "Opções");
+    formatter->label("Positionals", "Argumentos");
+    formatter->label("POSITIONALS", "argumentos");
+    formatter->label("TEXT", "TEXTO");
+    formatter->column_width(34);
+}
+
+}  // namespace
+
+std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
+    Options options;
+    bool version = false;
+    bool noModules = false;
+    CLI::App app("Prancheta sem janela: executa um roteiro de comandos num desenho.",
+                 "prancheta-console");
+    translate(app);
+    app.set_help_flag("-h,--ajuda", "mostra esta ajuda");
+    app.add_flag("-v,--versao", version, "mostra a versão");
+    app.add_option("desenho", options.drawing, "desenho a abrir (DXF)")->type_name("ARQUIVO.dxf");
+    app.add_option("-r,--roteiro", options.script, "roteiro; - lê a entrada padrão")
+        ->type_name("ARQUIVO");
+    app.add_option("-o,--salvar", options.save, "salva o desenho no fim")->type_name("ARQUIVO.dxf");
+    app.add_option("--registro", options.log, "registro de eventos, um objeto JSON por linha")
+        ->type_name("ARQUIVO.jsonl");
+    app.add_option("--estado", options.state, "estado final do desenho")->type_name("ARQUIVO.json");
+    app.add_option("--instalacao", options.installation,
+                   "pasta de instalação (no lugar de ZPFORJA2010)")
+        ->type_name("PASTA");
+    app.add_option("--modulo", options.modules, "carrega também este módulo (pode ser repetida)")
+        ->type_name("ARQUIVO.arx")
+        ->expected(1)
+        ->take_all();
+    app.add_flag("--sem-modulos", noModules, "não carrega os módulos de costume");
+
+    exitCode = kDone;
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        std::cout << app.help();
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        std::cerr << "prancheta-console: " << usageError(error)
+                  << "\nVeja prancheta-console --ajuda.\n";
+        exitCode = kUsage;
+        return std::nullopt;
+    }
+    if (version) {
+        std::cout << "prancheta-console " PRANCHETA_VERSION "\n";
+        return std::nullopt;
+    }
+    options.defaultModules = !noModules;
+    return options;
+}
+
+}  // namespace prancheta::console

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// The command line of prancheta-console.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace prancheta::console {
+
+struct Options {
+    std::string drawing;
+    std::string script = "-";
+    std::string save;
+    std::string log;
+    std::string state;
+    std::string installation;
+    std::vector<std::string> modules;
+    bool defaultModules = true;
+};
+
+/// What the program ends with.
+enum ExitCode : int { kDone = 0, kScriptError = 1, kUsage = 2, kFileError = 3 };
+
+/// Reads the arguments. When the program is to end at once (help, version, wrong usage), the exit
+/// code is in `exitCode` and the answer is empty.
+std::optional<Options> readOptions(int argc, char** argv, int& exitCode);
+
+}  // namespace prancheta::console

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// Lines of a script.
+#include "prancheta/console/script.h"
+
+#include <unistd.h>
+
+#include <iostream>
+#include <sstream>
+
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
+
+namespace prancheta::console {
+
+Result<Script> Script::open(const std::string& path) {
+    if (path == "-") return Script(nullptr, std::cin, "entrada", ::isatty(STDIN_FILENO) != 0);
+    auto content = readFile(path);
+    if (!content) return content.error();
+    auto stream = std::make_unique<std::istringstream>(std::move(*content));
+    std::istream& in = *stream;
+    return Script(std::move(stream), in, path, false);
+}
+
+std::optional<std::string> Script::next() {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    for (std::string text; !m_stopped && std::getline(*m_in, text);) {
+        ++m_line;
+        if (m_line == 1 && text.starts_with(kMark)) text.erase(0, kMark.size());
+        if (text.starts_with(';')) continue;
+        return std::string(trim(std::string_view(text)));
+    }
+    return std::nullopt;
+}
+
+}  // namespace prancheta::console

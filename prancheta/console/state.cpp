@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// Variables, layers, entities and material list of a drawing.
+#include "prancheta/console/state.h"
+
+#include "dbdim.h"
+#include "dbsymtb.h"
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
+#include "prancheta/console/state_writer.h"
+#include "prancheta/database/database_core.h"
+#include "rxdict.h"
+
+namespace prancheta::console {
+namespace {
+
+/// Name of a layer, linetype or style; empty for a null id.
+std::string recordName(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbSymbolTableRecord> record(id, AcDb::kForRead);
+    const ACHAR* name = nullptr;
+    if (record.object() == nullptr || record->getName(name) != Acad::eOk) return {};
+    return toUtf8(name);
+}
+
+Json variablesJson(Editor& editor) {
+    Json out = Json::object();
+    for (const VariableInfo& variable : editor.variables().all()) {
+        const std::string name = toUtf8(variable.name);
+        if (const auto* const number = std::get_if<short>(&variable.value)) out[name] = *number;
+        if (const auto* const real = std::get_if<double>(&variable.value)) out[name] = *real;
+        if (const auto* const text = std::get_if<std::wstring>(&variable.value))
+            out[name] = toUtf8(*text);
+        if (const auto* const point = std::get_if<AcGePoint3d>(&variable.value))
+            out[name] = pointJson(*point);
+    }
+    return out;
+}
+
+Json layersJson(AcDbDatabase& database) {
+    Json out = Json::array();
+    AcDbLayerTable* table = nullptr;
+    if (database.getLayerTable(table, AcDb::kForRead) != Acad::eOk) return out;
+    AcDbSymbolTableIterator* iterator = nullptr;
+    const bool iterates = table->newIterator(iterator) == Acad::eOk;
+    const std::unique_ptr<AcDbSymbolTableIterator> owner(iterator);
+    for (; iterates && !iterator->done(); iterator->step()) {
+        AcDbObjectId id;
+        (void)iterator->getRecordId(id);  // done() was just tested
+        const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForRead);
+        if (layer.object() == nullptr) continue;
+        out.push_back({{"nome", recordName(id)},
+                       {"cor", layer->colorIndex()},
+                       {"tipo_linha", recordName(layer->linetypeObjectId())},
+                       {"desligada", layer->isOff()},
+                       {"congelada", layer->isFrozen()},
+                       {"bloqueada", layer->isLocked()}});
+    }
+    (void)table->close();
+    return out;
+}
+
+void describeDimension(const AcDbAlignedDimension& dimension, Json& out) {
+    out["p1"] = pointJson(dimension.xLine1Point());
+    out["p2"] = pointJson(dimension.xLine2Point());
+    out["linha"] = pointJson(dimension.dimLinePoint());
+    out["texto"] = toUtf8(dimension.shownText());
+    out["medida"] = dimension.measurement();
+}
+
+const protocol::EntityReport* reportOf(const AcDbEntity& entity) {
+    const AcRxClass* const protocolClass =
+        AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityReportClass));
+    return protocolClass == nullptr
+               ? nullptr
+               : static_cast<const protocol::EntityReport*>(entity.x(protocolClass));
+}
+
+Json entityJson(const AcDbEntity& entity) {
+    Json out;
+    out["handle"] = handleJson(entity.objectId());
+    out["classe"] = toUtf8(entity.isA()->name());
+    out["camada"] = recordName(entity.layerId());
+    AcDbExtents extents;
+    if (entity.getGeomExtents(extents) == Acad::eOk && !extents.isEmpty()) {
+        const AcGePoint3d lower = extents.minPoint();
+        const AcGePoint3d upper = extents.maxPoint();
+        out["limites"] =
+            Json::array({Json::array({lower.x, lower.y}), Json::array({upper.x, upper.y})});
+    } else {
+        out["limites"] = nullptr;
+    }
+    if (entity.isKindOf(AcDbAlignedDimension::desc()))
+        describeDimension(static_cast<const AcDbAlignedDimension&>(entity), out);
+    if (const auto* const report = reportOf(entity)) {
+        JsonVisitor visitor(out);
+        report->describe(entity, visitor);
+    }
+    return out;
+}
+
+Json entitiesJson(AcDbDatabase& database) {
+    Json out = Json::array();
+    for (const AcDbObjectId id : database.core().modelSpace()) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.object() != nullptr) out.push_back(entityJson(*entity.object()));
+    }
+    return out;
+}
+
+/// What modules tell of the drawing: the material list comes from there.
+void describeDrawing(AcDbDatabase& database, Json& out) {
+    auto* const report =
+        static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
+    if (report == nullptr) return;
+    JsonVisitor visitor(out);
+    report->describe(database, visitor);
+}
+
+}  // namespace
+
+Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
+    AcDbDatabase& database = editor.database();
+    Json state;
+    state["variaveis"] = variablesJson(editor);
+    state["camadas"] = layersJson(database);
+    state["entidades"] = entitiesJson(database);
+    state["lista_material"] = Json::array();
+    describeDrawing(database, state);
+
+    AtomicFile file(path);
+    if (auto opened = file.open(); !opened) return opened;
+    file.write(state.dump(1, ' ', false, Json::error_handler_t::replace) + "\n");
+    return file.commit();
+}
+
+}  // namespace prancheta::console

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// An open dialog: its tiles, and what a person can do with them.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adsdlg.h"
+#include "prancheta/base/result.h"
+
+namespace prancheta::dcl {
+
+enum class TileKind {
+    Dialog, Row, Column, BoxedRow, BoxedColumn, RadioRow, RadioColumn, BoxedRadioRow, BoxedRadioColumn,
+    Concatenation, Paragraph,
+    Button, EditBox, ListBox, PopupList, RadioButton, Toggle, Slider, ImageButton,
+    Image, Text, TextPart, Spacer,
+};
+
+/// One thing painted into an image tile; coordinates in the tile's pixels, origin upper left, y down.
+struct Paint {
+    enum class Kind { Fill, Vector, Slide };
+    Kind kind;
+    short x1, y1, x2, y2;  ///< Fill and Slide: corner and size
+    short color = 0;       ///< Fill and Vector
+    std::wstring slide;    ///< as the program named it
+    bool found = false;    ///< the slide exists and could be read
+};
+
+/// A tile of an open dialog. Attributes keep their DCL texts (UTF-8); `value`, `enabled`, `rows` and
+/// `paints` are the state at run time.
+struct Tile {
+    TileKind kind = TileKind::Column;
+    std::string key;
+    std::map<std::string, std::string, std::less<>> attributes;
+    std::vector<std::unique_ptr<Tile>> children;
+    Tile* parent = nullptr;
+
+    std::wstring value;
+    bool enabled = true;
+    std::vector<std::wstring> rows;
+    std::vector<Paint> paints;
+    CLIENTFUNC action = nullptr;
+    CLIENTDATA clientData = nullptr;
+
+    /// Attribute as text, or the given default.
+    std::string attribute(std::string_view name, std::string_view fallback = {}) const;
+};
+
+enum class Reason { Select = CBR_SELECT, LostFocus = CBR_LOST_FOCUS, Drag = CBR_DRAG, DoubleClick = CBR_DOUBLE_CLICK };
+
+/// Built by ads_new_dialog, served by a front end from ads_start_dialog until finished().
+class Dialog {
+public:
+    virtual ~Dialog() = default;
+
+    virtual const std::string& name() const = 0;
+    virtual const std::string& file() const = 0;
+    virtual Tile& root() = 0;
+    /// Null when there is none.
+    virtual Tile* find(std::string_view key) = 0;
+
+    virtual bool finished() const = 0;
+    virtual int status() const = 0;
+
+    /// What a person does. Each fires the callbacks that a hand would fire and answers with the Portuguese
+    /// reason when a person could not do it (no such tile, disabled, no such row, wrong kind of tile).
+    ///
+    /// `type`: edit box: types the text and leaves the field (reason 2); toggle "0"/"1"; list box and popup:
+    /// row index (reason 1); radio cluster: the button's key; radio button "1"; slider: the number.
+    virtual Result<void> type(std::string_view key, std::string_view text) = 0;
+    /// List box: selects the row (reason 1) and double-clicks it (reason 4), then the default button when
+    /// the tile has allow_accept.
+    virtual Result<void> doubleClick(std::string_view key, std::string_view row) = 0;
+    /// Button, image button, radio button, `accept` and `cancel`.
+    virtual Result<void> press(std::string_view key) = 0;
+    /// Esc: presses the cancel button; without one, closes with status 0.
+    virtual void escape() = 0;
+    /// Closes with status 0 whatever the dialog's callbacks would say: the input is gone.
+    virtual void abandon() = 0;
+
+    /// Called when the program changes a tile, so that a window can show it.
+    std::function<void(Tile&)> onTileChanged;
+    /// Focus asked for by ads_mode_tile 2 and 3.
+    std::function<void(Tile&, short mode)> onFocus;
+};
+
+/// Door of the dialog functions to the front end; set once by the host before any dialog opens.
+using DialogRunner = std::function<void(Dialog&)>;
+void setDialogRunner(DialogRunner runner);
+
+/// Number of dialogs that are open: user input and commands are refused while it is not 0.
+int openDialogs();
+
+/// Pixels of one character width and height, by which image tiles are measured before a window
+/// exists.
+struct Metrics {
+    double characterWidth = 7.0;
+    double characterHeight = 16.0;
+};
+void setMetrics(const Metrics& metrics);
+
+}  // namespace prancheta::dcl

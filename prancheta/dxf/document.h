@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// Drawings as DXF files.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dbapserv.h"
+#include "prancheta/base/result.h"
+
+namespace prancheta::dxf {
+
+enum class Version { Keep, R2000, R2018 };
+enum class Form { Ascii, Binary };
+
+struct SaveOptions {
+    Version version = Version::Keep;  ///< Keep: as the file was opened, R2000 at least
+    Form form = Form::Ascii;
+};
+
+/// Something that was repaired or left out while reading; text in Portuguese.
+struct Finding {
+    std::string text;
+    int line = 0;
+    Adesk::UInt64 handle = 0;
+};
+
+struct LoadReport {
+    std::vector<Finding> findings;
+};
+
+/// Reads R12 to R2018, text or binary. A damaged file is an error that says where; nothing half-read is
+/// given back.
+Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, LoadReport* report = nullptr);
+
+/// Replaces the file atomically. The same drawing gives the same bytes.
+Result<void> save(AcDbDatabase& database, const std::filesystem::path& path, const SaveOptions& options = {});
+
+}  // namespace prancheta::dxf

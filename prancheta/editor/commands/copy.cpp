@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+// COPY: copies a selection, once or again and again.
+#include "prancheta/editor/commands/displacement.h"
+#include "prancheta/editor/commands/table.h"
+
+namespace prancheta::commands {
+
+Task<InputValue> askDisplacement(CommandContext context, Ids ids) {
+    Memory& kept = memory(context);
+    InputValue answer = co_await context.ask(
+        Prompt(InputKind::Point,
+                 L"\nEspecifique o deslocamento <" + pointText(AcGePoint3d::kOrigin + kept.displacement) + L">: ")
+            .from(AcGePoint3d::kOrigin)
+            .moving(ids));
+    if (answer.status == RTCAN) co_return answer;
+    if (answer.status == RTNORM) kept.displacement = answer.point.asVector();
+    answer.status = RTNORM;
+    answer.point = AcGePoint3d::kOrigin + kept.displacement;
+    co_return answer;
+}
+
+namespace {
+
+constexpr Word kBaseWords[] = {{L"Deslocamento", L"Displacement"}, {L"mOdo", L"mOde"}};
+constexpr Word kModeWords[] = {{L"Único", L"Single"}, {L"Múltiplo", L"Multiple"}};
+constexpr Word kSecondWords[] = {{L"Matriz", L"Array"}};
+constexpr Word kMoreWords[] = {{L"Matriz", L"Array"}, {L"Sair", L"Exit"}, {L"Desfazer", L"Undo"}};
+constexpr Word kFitWords[] = {{L"Ajustar", L"Fit"}};
+
+Ids copyBy(const CommandContext& context, const Ids& ids, const AcGeVector3d& by) {
+    const Ids copies = cloneAll(context, ids);
+    transformAll(context, copies, AcGeMatrix3d::translation(by));
+    return copies;
+}
+
+const wchar_t* modeName(const Memory& kept) { return kept.copyOnce ? L"Único" : L"Múltiplo"; }
+
+Task<InputValue> askMode(CommandContext context) {
+    Memory& kept = memory(context);
+    const InputValue answer = co_await context.ask(
+        Prompt(InputKind::Keyword, std::wstring(L"\nDigite uma opção de modo de cópia [Único/Múltiplo] <") +
+                                         modeName(kept) + L">: ")
+            .words(kModeWords));
+    if (answer.status == RTKWORD) kept.copyOnce = answer.text == L"Single";
+    co_return answer;
+}
+
+/// Row of items, the original counted; `entities` receives the copies, `status` RTCAN when refused.
+Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
+    InputValue count = co_await context.ask(
+        Prompt(InputKind::Integer, L"\nDigite o número de itens da matriz: ").required().bits(RSG_NOZERO | RSG_NONEG));
+    if (count.status != RTNORM) co_return count;
+    constexpr double kMostItems = 32767;
+    if (count.number < 2 || count.number > kMostItems) {
+        context.print(L"\nRequer um inteiro entre 2 e 32767.");
+        co_return count;
+    }
+    InputValue second = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique o segundo ponto ou [Ajustar]: ")
+            .from(base)
+            .words(kFitWords)
+            .required()
+            .moving(ids));
+    double steps = 1.0;
+    if (second.status == RTKWORD) {
+        second = co_await context.ask(
+            Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ").from(base).required().moving(ids));
+        steps = count.number - 1;
+    }
+    if (second.status != RTNORM) co_return second;
+    const AcGeVector3d step = (second.point - base) / steps;
+    for (int i = 1; i < static_cast<int>(count.number); ++i) {
+        const Ids copies = copyBy(context, ids, step * i);
+        second.entities.insert(second.entities.end(), copies.begin(), copies.end());
+    }
+    co_return second;
+}
+
+/// The repeated second point; every answer's copies can be taken back one by one.
+Task<InputValue> copyToPoints(CommandContext context, AcGePoint3d base, Ids ids) {
+    std::vector<Ids> made;
+    for (;;) {
+        Prompt prompt(InputKind::Point,
+                          made.empty() ? L"\nEspecifique o segundo ponto ou [Matriz] <usar o primeiro ponto como "
+                                         L"deslocamento>: "
+                                       : L"\nEspecifique o segundo ponto ou [Matriz/Sair/Desfazer] <Sair>: ");
+        prompt.from(base).moving(ids);
+        if (made.empty())
+            prompt.words(kSecondWords);
+        else
+            prompt.words(kMoreWords);
+        InputValue answer = co_await context.ask(prompt);
+        if (isWord(answer, L"Undo")) {
+            (void)eraseAll(context, made.back());
+            made.pop_back();
+            continue;
+        }
+        if (isWord(answer, L"Exit")) co_return answer;
+        if (isWord(answer, L"Array")) {
+            answer = co_await copyInRow(context, base, ids);
+            if (!answer.entities.empty()) made.push_back(answer.entities);
+        } else if (answer.status == RTNORM) {
+            made.push_back(copyBy(context, ids, answer.point - base));
+        } else if (answer.status == RTNONE && made.empty()) {
+            made.push_back(copyBy(context, ids, base.asVector()));
+            co_return answer;
+        } else {
+            if (!made.empty()) answer.status = RTNONE;  // Esc ends the row of copies, which stay
+            co_return answer;
+        }
+        if (memory(context).copyOnce && !made.empty()) co_return answer;
+    }
+}
+
+}  // namespace
+
+CommandTask copy(CommandContext context) {
+    const Selection chosen = co_await selectForChange(context);
+    if (chosen.status != RTNORM) co_return endOf(chosen.status);
+    context.print(std::wstring(L"\nConfigurações atuais:  Modo de cópia = ") + modeName(memory(context)));
+    for (;;) {
+        const InputValue base = co_await context.ask(
+            Prompt(InputKind::Point, L"\nEspecifique o ponto base ou [Deslocamento/mOdo] <Deslocamento>: ")
+                .words(kBaseWords));
+        if (base.status == RTCAN) co_return CommandEnd::Cancelled;
+        if (isWord(base, L"mOde")) {
+            const InputValue mode = co_await askMode(context);
+            if (mode.status == RTCAN) co_return CommandEnd::Cancelled;
+            continue;
+        }
+        if (base.status == RTNORM) {
+            const InputValue last = co_await copyToPoints(context, base.point, chosen.ids);
+            co_return endOf(last.status);
+        }
+        const InputValue vector = co_await askDisplacement(context, chosen.ids);
+        if (vector.status == RTCAN) co_return CommandEnd::Cancelled;
+        (void)copyBy(context, chosen.ids, vector.point.asVector());
+        co_return CommandEnd::Done;
+    }
+}
+
+}  // namespace prancheta::commands

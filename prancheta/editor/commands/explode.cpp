@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// EXPLODE: replaces compound objects by their parts, one level.
+#include "dbsymtb.h"
+#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/table.h"
+
+namespace prancheta::commands {
+
+namespace {
+
+using Parts = std::vector<std::unique_ptr<AcDbEntity>>;
+
+Parts partsOf(const AcDbEntity& entity) {
+    AcDbVoidPtrArray set;
+    const Acad::ErrorStatus status = entity.explode(set);
+    Parts parts;
+    for (void* part : set) parts.emplace_back(static_cast<AcDbEntity*>(part));
+    if (status != Acad::eOk) parts.clear();
+    return parts;
+}
+
+/// Puts the parts where the entity stood; false leaves the drawing as it was.
+bool explodeOne(AcDbObjectId id) {
+    AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+    if (entity.openStatus() != Acad::eOk) return false;
+    Parts parts = partsOf(*entity.object());
+    if (parts.empty()) return false;
+    AcDbObjectPointer<AcDbBlockTableRecord> owner(entity->blockId(), AcDb::kForWrite);
+    if (owner.openStatus() != Acad::eOk) return false;
+    for (std::unique_ptr<AcDbEntity>& part : parts) {
+        if (part->layerId().isNull()) (void)part->setPropertiesFrom(entity.object());
+        AcDbObjectId added;
+        // A fresh entity is refused by no block; were it, the part alone would be lost.
+        if (owner->appendAcDbEntity(added, part.get()) == Acad::eOk) (void)part.release()->close();
+    }
+    return entity->erase() == Acad::eOk;
+}
+
+}  // namespace
+
+CommandTask explode(CommandContext context) {
+    const Selection chosen = co_await selectForChange(context);
+    if (chosen.status != RTNORM) co_return endOf(chosen.status);
+    std::size_t refused = 0;
+    for (const AcDbObjectId id : chosen.ids)
+        if (!explodeOne(id)) ++refused;
+    if (refused > 0)
+        context.print(L"\n" + counted(refused, L"objeto não pôde ser explodido.",
+                                      L"objetos não puderam ser explodidos."));
+    co_return CommandEnd::Done;
+}
+
+}  // namespace prancheta::commands

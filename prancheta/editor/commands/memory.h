@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// What built-in commands remember from one run to the next.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "gevec3d.h"
+#include "prancheta/editor/command.h"
+
+namespace prancheta::commands {
+
+/// Defaults that prompts offer. Lengths in drawing units, angles in radians.
+struct Memory {
+    double rotation = 0.0;
+    double referenceAngle = 0.0;
+    double newAngle = 0.0;
+    double scale = 1.0;
+    double referenceLength = 1.0;
+    double newLength = 1.0;
+    double circleRadius = 0.0;  ///< 0: none yet
+    double textHeight = 2.5;
+    double textRotation = 0.0;
+    double plineStartWidth = 0.0;
+    double plineEndWidth = 0.0;
+    bool copyOnce = false;
+    AcGeVector3d displacement;
+    std::wstring variable;        ///< last one of SETVAR
+    std::uint64_t erasedAt = 0;   ///< undo revision after the last ERASE
+};
+
+/// The editor's own.
+Memory& memory(const CommandContext& context);
+
+}  // namespace prancheta::commands

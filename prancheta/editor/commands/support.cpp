@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// What built-in commands share: questions, selections, transformations, new entities.
+#include "prancheta/editor/commands/support.h"
+
+#include "dbsymtb.h"
+
+namespace prancheta::commands {
+
+Prompt::Prompt(InputKind kind, std::wstring prompt) {
+    m_request.kind = kind;
+    m_request.prompt = std::move(prompt);
+}
+
+Prompt& Prompt::from(const AcGePoint3d& base) {
+    m_request.base = base;
+    return *this;
+}
+
+Prompt& Prompt::words(std::span<const Word> words) {
+    for (const Word& word : words) m_request.keywords.push_back({word.local, word.global});
+    return *this;
+}
+
+Prompt& Prompt::required() {
+    m_request.nullAllowed = false;
+    m_request.flags |= RSG_NONULL;
+    return *this;
+}
+
+Prompt& Prompt::bits(int flags) {
+    m_request.flags |= flags;
+    return *this;
+}
+
+Prompt& Prompt::wholeLine() {
+    m_request.blanksAllowed = true;
+    return *this;
+}
+
+Prompt& Prompt::moving(const Ids& ids) {
+    m_request.moving = true;
+    m_request.selection = ids;
+    return *this;
+}
+
+Prompt& Prompt::turning(const Ids& ids) {
+    m_request.rotating = true;
+    m_request.selection = ids;
+    return *this;
+}
+
+Task<Selection> selectForChange(CommandContext context) { return selectObjects(context, {}); }
+
+Task<Selection> selectToRead(CommandContext context) {
+    SelectOptions options;
+    options.dropLocked = false;
+    return selectObjects(context, options);
+}
+
+Task<InputValue> askTwoPoints(CommandContext context, std::wstring first, std::wstring second) {
+    const InputValue start = co_await context.ask(Prompt(InputKind::Point, first).required());
+    if (start.status != RTNORM) co_return start;
+    InputValue end =
+        co_await context.ask(Prompt(InputKind::Point, second).from(start.point).required());
+    end.number = start.point.distanceTo(end.point);
+    co_return end;
+}
+
+Task<InputValue> askYesNo(CommandContext context, std::wstring question, Choice byDefault) {
+    static constexpr Word kWords[] = {{L"Sim", L"Yes"}, {L"Não", L"No"}};
+    const wchar_t* shown = byDefault == Choice::Yes ? L"Sim" : L"Não";
+    InputValue answer = co_await context.ask(
+        Prompt(InputKind::Keyword, question + L" [Sim/Não] <" + shown + L">: ").words(kWords));
+    const bool yes = answer.status == RTNONE ? byDefault == Choice::Yes : isWord(answer, L"Yes");
+    answer.number = yes ? 1.0 : 0.0;
+    co_return answer;
+}
+
+void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix) {
+    std::size_t failed = 0;
+    for (const AcDbObjectId id : ids) {
+        AcDbEntity* entity = nullptr;
+        if (acdbOpenAcDbEntity(entity, id, AcDb::kForWrite) != Acad::eOk) {
+            ++failed;
+        } else if (entity->transformBy(matrix) != Acad::eOk) {
+            ++failed;
+            (void)entity->cancel();  // the refusal is what is reported
+        } else {
+            (void)entity->close();
+        }
+    }
+    if (failed > 0)
+        context.print(L"\n" + counted(failed, L"objeto não pôde ser transformado.",
+                                      L"objetos não puderam ser transformados."));
+}
+
+Ids cloneAll(const CommandContext& context, const Ids& ids) {
+    AcDbObjectIdArray originals;
+    for (const AcDbObjectId id : ids) originals.append(id);
+    AcDbObjectIdArray copies;
+    AcDbDatabase& database = context.database();
+    if (database.deepCloneObjects(originals, database.currentSpaceId(), copies) != Acad::eOk) {
+        context.print(L"\nOs objetos não puderam ser copiados.");
+        return {};
+    }
+    return Ids(copies.begin(), copies.end());
+}
+
+Ids eraseAll(const CommandContext& context, const Ids& ids) {
+    Ids erased;
+    for (const AcDbObjectId id : ids) {
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        if (entity.openStatus() == Acad::eOk && entity->erase() == Acad::eOk) erased.push_back(id);
+    }
+    if (erased.size() < ids.size())
+        context.print(L"\n" + counted(ids.size() - erased.size(),
+                                      L"objeto não pôde ser apagado.",
+                                      L"objetos não puderam ser apagados."));
+    return erased;
+}
+
+AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity) {
+    AcDbDatabase& database = context.database();
+    entity->setDatabaseDefaults(&database);
+    AcDbObjectPointer<AcDbBlockTableRecord> space(database.currentSpaceId(), AcDb::kForWrite);
+    AcDbObjectId id;
+    if (space.openStatus() != Acad::eOk || space->appendAcDbEntity(id, entity.get()) != Acad::eOk) {
+        context.print(L"\nO objeto não pôde ser criado.");
+        return AcDbObjectId::kNull;
+    }
+    (void)entity.release()->close();  // the database owns it now
+    return id;
+}
+
+}  // namespace prancheta::commands

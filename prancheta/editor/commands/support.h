@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// What built-in commands share: questions, selections, transformations, new entities, numbers in prompts.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "adscodes.h"
+#include "prancheta/editor/select.h"
+
+namespace prancheta::commands {
+
+using Ids = std::vector<AcDbObjectId>;
+
+/// One option of a prompt: local and global word, capitals abbreviate.
+struct Word {
+    const wchar_t* local;
+    const wchar_t* global;
+};
+
+/// Builds a request for CommandContext::ask; what is not said keeps the default of InputRequest.
+class Prompt {
+public:
+    Prompt(InputKind kind, std::wstring prompt);
+    /// Rubber band and direct distance entry start here.
+    Prompt& from(const AcGePoint3d& base);
+    Prompt& words(std::span<const Word> words);
+    /// A bare Enter is no answer.
+    Prompt& required();
+    /// RSG_* bits.
+    Prompt& bits(int flags);
+    /// Blanks belong to the answer.
+    Prompt& wholeLine();
+    /// These entities follow the pointer: moved from the base, or turned about it.
+    Prompt& moving(const Ids& ids);
+    Prompt& turning(const Ids& ids);
+    operator InputRequest() const { return m_request; }
+
+private:
+    InputRequest m_request;
+};
+
+/// "Selecione objetos:" until Enter. For change: what lies on locked layers is left out.
+Task<Selection> selectForChange(CommandContext context);
+Task<Selection> selectToRead(CommandContext context);
+
+/// Two points, the first one asked with `first`; `number` is their distance, `point` the second one and
+/// `status` RTCAN when one was refused.
+Task<InputValue> askTwoPoints(CommandContext context, std::wstring first, std::wstring second);
+
+/// [Sim/Não]; `number` is 1 for yes. Enter takes the default.
+enum class Choice { No, Yes };
+Task<InputValue> askYesNo(CommandContext context, std::wstring question, Choice byDefault);
+
+/// How a command ends whose last answer had this status.
+inline CommandEnd endOf(int status) {
+    return status == RTCAN ? CommandEnd::Cancelled : CommandEnd::Done;
+}
+inline bool isWord(const InputValue& answer, std::wstring_view global) {
+    return answer.status == RTKWORD && answer.text == global;
+}
+
+/// Transforms every entity; says on the command line how many could not be.
+void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix);
+/// Copies with their references among themselves translated, in the current space; empty, after saying so,
+/// when they could not be made.
+Ids cloneAll(const CommandContext& context, const Ids& ids);
+/// Erases; returns those that were erased.
+Ids eraseAll(const CommandContext& context, const Ids& ids);
+
+/// Appends to the current space with the current layer, colour and linetype. Null, after saying so, when
+/// that fails; the entity is deleted then.
+AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity);
+
+/// As LUNITS and LUPREC ask; drawing units.
+std::wstring lengthText(double value);
+/// As AUNITS and AUPREC ask; `angle` in radians.
+std::wstring angleText(double angle);
+std::wstring pointText(const AcGePoint3d& p);
+/// "1 objeto" and "2 objetos": the number with the word that agrees with it.
+std::wstring counted(std::size_t count, std::wstring_view one, std::wstring_view many);
+
+/// True when `name` matches one of the patterns, which are separated by commas; `*`, `?` and `#` (a digit)
+/// as users know them, case ignored.
+bool matches(std::wstring_view name, std::wstring_view patterns);
+/// Parts between commas, trimmed, empty ones left out.
+std::vector<std::wstring> splitList(std::wstring_view list);
+
+}  // namespace prancheta::commands

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// The table of built-in commands.
+#include "prancheta/editor/commands/table.h"
+
+#include "accmd.h"
+
+namespace prancheta {
+
+namespace {
+
+constexpr int kModal = ACRX_CMD_MODAL;
+/// Takes what was selected before it.
+constexpr int kPickset = ACRX_CMD_USEPICKSET;
+/// Changes the picture or the session, not the drawing: runs inside other commands and undoes nothing.
+constexpr int kView = ACRX_CMD_TRANSPARENT | ACRX_CMD_NO_UNDO_MARKER;
+/// Works on the undo log or replaces the drawing.
+constexpr int kSession = ACRX_CMD_SESSION | ACRX_CMD_NO_UNDO_MARKER;
+
+// clang-format off
+constexpr BuiltInCommand kTable[] = {
+    // global        local            flags     function
+    {L"LINE",        L"LINHA",        kModal,   commands::line},
+    {L"PLINE",       L"POLILINHA",    kModal,   commands::pline},
+    {L"CIRCLE",      L"CÍRCULO",      kModal,   commands::circle},
+    {L"ARC",         L"ARCO",         kModal,   commands::arc},
+    {L"POINT",       L"PONTO",        kModal,   commands::point},
+    {L"TEXT",        L"TEXTO",        kModal,   commands::text},
+    {L"DIMALIGNED",  L"COTAALINHADA", kModal,   commands::dimaligned},
+
+    {L"MOVE",        L"MOVER",        kPickset, commands::move},
+    {L"COPY",        L"COPIAR",       kPickset, commands::copy},
+    {L"ROTATE",      L"ROTACIONAR",   kPickset, commands::rotate},
+    {L"SCALE",       L"ESCALA",       kPickset, commands::scale},
+    {L"MIRROR",      L"ESPELHAR",     kPickset, commands::mirror},
+    {L"ERASE",       L"APAGAR",       kPickset, commands::erase},
+    {L"OOPS",        L"OOPS",         kModal,   commands::oops},
+    {L"EXPLODE",     L"EXPLODIR",     kPickset, commands::explode},
+
+    {L"U",           L"U",            kSession, commands::u},
+    {L"UNDO",        L"DESFAZER",     kSession, commands::undo},
+    {L"REDO",        L"REFAZER",      kSession, commands::redo},
+    {L"MREDO",       L"MREFAZER",     kSession, commands::mredo},
+
+    {L"ZOOM",        L"ZOOM",         kView,    commands::zoom},
+    {L"PAN",         L"PAN",          kView,    commands::pan},
+    {L"REDRAW",      L"REDESENHA",    kView,    commands::redraw},
+    {L"REGEN",       L"REGEN",        ACRX_CMD_NO_UNDO_MARKER, commands::regen},
+
+    {L"LAYER",       L"CAMADA",       kModal,   commands::layer},
+    {L"-LAYER",      L"-CAMADA",      kModal,   commands::layer},
+    {L"LIST",        L"LISTA",        kPickset | ACRX_CMD_NO_UNDO_MARKER, commands::list},
+    {L"DIST",        L"DIST",         kView,    commands::dist},
+    {L"SETVAR",      L"DEFVAR",       ACRX_CMD_TRANSPARENT, commands::setvar},
+
+    {L"NEW",         L"NOVO",         kSession, commands::newDrawing},
+    {L"OPEN",        L"ABRIR",        kSession, commands::open},
+    {L"QSAVE",       L"SALVAR",       kSession, commands::qsave},
+    {L"SAVE",        L"GRAVAR",       kSession, commands::save},
+    {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
+    {L"ARX",         L"ARX",          kSession, commands::arx},
+    {L"HELP",        L"AJUDA",        kView,    commands::help},
+    {L"QUIT",        L"SAIR",         kSession, commands::quit},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const BuiltInCommand> builtInCommands() { return kTable; }
+
+}  // namespace prancheta

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The built-in commands.
+#pragma once
+
+#include <span>
+
+#include "prancheta/editor/command.h"
+
+namespace prancheta {
+
+/// All of them, in the order in which HELP lists them. Lives as long as the program.
+std::span<const BuiltInCommand> builtInCommands();
+
+/// One function per command, in the source of its global name in lower case or of its family.
+namespace commands {
+
+CommandTask arc(CommandContext context);
+CommandTask arx(CommandContext context);
+CommandTask circle(CommandContext context);
+CommandTask copy(CommandContext context);
+CommandTask dimaligned(CommandContext context);
+CommandTask dist(CommandContext context);
+CommandTask erase(CommandContext context);
+CommandTask explode(CommandContext context);
+CommandTask help(CommandContext context);
+CommandTask layer(CommandContext context);
+CommandTask line(CommandContext context);
+CommandTask list(CommandContext context);
+CommandTask mirror(CommandContext context);
+CommandTask move(CommandContext context);
+CommandTask mredo(CommandContext context);
+CommandTask newDrawing(CommandContext context);
+CommandTask oops(CommandContext context);
+CommandTask open(CommandContext context);
+CommandTask pan(CommandContext context);
+CommandTask pline(CommandContext context);
+CommandTask point(CommandContext context);
+CommandTask qsave(CommandContext context);
+CommandTask quit(CommandContext context);
+CommandTask redo(CommandContext context);
+CommandTask redraw(CommandContext context);
+CommandTask regen(CommandContext context);
+CommandTask rotate(CommandContext context);
+CommandTask save(CommandContext context);
+CommandTask saveas(CommandContext context);
+CommandTask scale(CommandContext context);
+CommandTask setvar(CommandContext context);
+CommandTask text(CommandContext context);
+CommandTask u(CommandContext context);
+CommandTask undo(CommandContext context);
+CommandTask zoom(CommandContext context);
+
+}  // namespace commands
+}  // namespace prancheta

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+// The editor: one drawing, one command line, whatever front end stands before it.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "aced.h"
+#include "acdocman.h"
+#include "dbapserv.h"
+#include "gemat3d.h"
+#include "prancheta/base/result.h"
+#include "prancheta/dxf/document.h"
+#include "prancheta/editor/aliases.h"
+#include "prancheta/editor/command.h"
+#include "prancheta/editor/question.h"
+#include "prancheta/editor/user_interface.h"
+
+namespace prancheta {
+
+class CommandStack;
+class ModuleTable;
+struct RunningCommand;
+struct ProgramToken;
+
+/// What the window (or the page) shows: a plan view of the world's XY plane.
+struct View {
+    AcGePoint3d centre{210.0, 148.5, 0.0};
+    double height = 297.0;  ///< drawing units
+};
+
+/// Group under which the built-in commands are registered.
+inline constexpr const wchar_t* kBuiltInGroup = L"PRANCHETA";
+
+/// Owns the drawing and runs its commands. One per process: the C-style interface reaches it by current().
+class Editor {
+public:
+    /// The table must outlive the editor. Starts with a new, empty drawing.
+    Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns);
+    ~Editor();
+    Editor(const Editor&) = delete;
+    Editor& operator=(const Editor&) = delete;
+
+    /// Null when there is none.
+    static Editor* current();
+
+    UserInterface& ui() const { return m_ui; }
+
+    // --- The drawing -----------------------------------------------------------------------------
+    AcDbDatabase& database() const { return *m_database; }
+    /// Empty for a drawing that was never saved.
+    const std::filesystem::path& fileName() const { return m_fileName; }
+    /// True when the drawing differs from its file.
+    bool modified() const;
+    /// These replace the drawing. They are refused while a module's command runs; on failure the present
+    /// drawing stays. `findings` receives what was repaired while reading.
+    Result<void> newDocument();
+    Result<void> openDocument(const std::filesystem::path& path, dxf::LoadReport* findings = nullptr);
+    /// Empty path: where the drawing came from. A new path becomes the drawing's name.
+    Result<void> saveDocument(const std::filesystem::path& path = {}, const dxf::SaveOptions& options = {});
+    /// A copy elsewhere: name and modified state stay.
+    Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {});
+    /// Called after the drawing was replaced.
+    std::function<void()> onDocumentChanged;
+
+    // --- Main loop -------------------------------------------------------------------------------
+    /// Asks and executes until the input ends or a command asked to quit.
+    void run();
+    /// One question of the main loop: a command, or the answer that a waiting command wants. False at the
+    /// end of the input.
+    bool step();
+    void requestQuit() { m_quit = true; }
+    bool quitRequested() const { return m_quit; }
+    /// What is typed before the front end is asked again: characters as a keyboard gives them, line ends and
+    /// (outside texts) blanks end an answer; lines that begin with `;` are comments.
+    void typeAhead(std::wstring_view keys) { m_typeAhead.append(keys); }
+    /// Forgets what typeAhead still holds; true when there was something.
+    bool dropTypeAhead();
+
+    // --- Commands --------------------------------------------------------------------------------
+    CommandStack& commands() const { return *m_commands; }
+    Aliases& aliases() { return m_aliases; }
+    /// Starts what was typed at "Comando:" (command, alias, variable). A built-in command may be left waiting;
+    /// step() goes on with it. An unknown name is reported by UserInterface::complain and returns false.
+    bool startCommand(std::wstring_view typed);
+    /// True while a command runs or waits.
+    bool commandActive() const { return !m_running.empty(); }
+    /// Global name of the innermost command, empty when none.
+    std::wstring activeCommand() const;
+    /// True when code between these addresses belongs to a running command.
+    bool runsCodeOf(const std::function<bool(const void*)>& belongs) const;
+    /// Ends every waiting command as Esc does.
+    void cancelWaiting();
+    /// Feeds tokens as acedCommand does; an empty list is Esc. RTNORM, RTERROR, RTCAN.
+    int sendTokens(std::vector<ProgramToken> tokens);
+
+    // --- Input and output ------------------------------------------------------------------------
+    void print(std::wstring_view text);
+    void alert(std::wstring_view text);
+    void complain(std::wstring_view text);
+    /// Asks until the answer makes sense; blocks. Transparent commands run inside.
+    InputValue ask(const InputRequest& request);
+    /// One event for a drag, not interpreted; see InputKind::Drag.
+    RawInput askRaw(const InputRequest& request);
+    /// Runs a task that asks by `run` to its end; blocks.
+    template <class T>
+    T runBlocking(CommandRun& run, Task<T> task) {
+        task.start();
+        while (run.waiting()) run.answer(ask(run.request()));
+        return task.result();
+    }
+    /// Frame in which the next typed answer is read.
+    InputFrame inputFrame(const RawInput& input) const;
+    /// Writes LASTPOINT when the frame's last point differs from `before`.
+    void keepLastPoint(const InputFrame& frame, const AcGePoint3d& before);
+
+    /// World coordinates; kept in LASTPOINT in user coordinates.
+    AcGePoint3d lastPoint() const;
+    void setLastPoint(const AcGePoint3d& world);
+    /// From user to world coordinates.
+    const AcGeMatrix3d& ucs() const { return m_ucs; }
+    void setUcs(const AcGeMatrix3d& ucs) { m_ucs = ucs; }
+    /// System variables with the editor's own (CMDACTIVE, VIEWSIZE, ...) brought up to date.
+    SystemVariables& variables() const;
+
+    // --- View ------------------------------------------------------------------------------------
+    const View& view() const { return m_view; }
+    /// Remembers the former view for restorePreviousView (ten of them).
+    void setView(const View& view);
+    bool restorePreviousView();
+    /// Size of the drawing area in pixels, told by the front end.
+    void setScreenSize(double width, double height);
+    double screenWidth() const { return m_screenWidth; }
+    double screenHeight() const { return m_screenHeight; }
+    /// Drawing units of one pixel.
+    double pixelSize() const { return m_view.height / m_screenHeight; }
+
+    // --- Selections ------------------------------------------------------------------------------
+    /// Last selection that a command made ("_P").
+    std::vector<AcDbObjectId>& previousSelection() { return m_previousSelection; }
+    /// Selected before a command, shown with grips.
+    std::vector<AcDbObjectId>& pickfirst() { return m_pickfirst; }
+    /// Last erased set, which OOPS brings back.
+    std::vector<AcDbObjectId>& lastErased() { return m_lastErased; }
+    /// What built-in commands remember between runs; theirs to define.
+    std::shared_ptr<void>& commandMemory() { return m_commandMemory; }
+
+    // --- Reactors and modules --------------------------------------------------------------------
+    std::vector<AcEditorReactor*>& reactors() { return m_reactors; }
+    std::vector<AcApDocManagerReactor*>& documentReactors() { return m_documentReactors; }
+    AcEditor& acEditor() const { return *m_acEditor; }
+    AcApDocManager& documentManager() const { return *m_documentManager; }
+    AcApDocument& document() const { return *m_document; }
+    ModuleTable& modules() const { return *m_modules; }
+
+    /// Keywords and bits of acedInitGet for the next input call, and the text of the last RTKWORD.
+    struct InitGet {
+        int bits = 0;
+        std::vector<Keyword> keywords;
+    };
+    InitGet takeInitGet() { return std::exchange(m_initGet, {}); }
+    void setInitGet(InitGet value) { m_initGet = std::move(value); }
+    std::wstring& lastKeyword() { return m_lastKeyword; }
+
+private:
+    friend class ProgramInput;
+    enum class Origin { User, Program, Transparent };
+
+    bool startNamed(std::wstring_view typed, Origin origin);
+    void startFunction(RunningCommand& command);
+    void startTask(RunningCommand& command, CommandTask task);
+    RunningCommand& push(std::wstring name, std::wstring group, int flags, Origin origin);
+    void begin(RunningCommand& command);
+    void finish(RunningCommand& command, CommandEnd end);
+    void leaveWaitingOnes(RunningCommand& handler);
+    void afterResume(RunningCommand& command);
+    void takeAnswer(RunningCommand& command, InputValue value);
+    RunningCommand* waiting() const;
+    bool serve(RunningCommand& command);
+    std::optional<InputValue> round(Question& question);
+    bool runTransparent(const RawInput& input, const InputRequest& request);
+    std::optional<RawInput> takeTyped(const InputRequest& request);
+    std::optional<InputValue> takeToken(Question& question);
+    bool nextTokenIsForProgram() const;
+    std::optional<InputValue> giveToken(Question& question, const ProgramToken& token);
+    void notify(void (AcEditorReactor::*message)(const ACHAR*), const std::wstring& name);
+    void adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);
+    void releaseDatabase();
+    void hookDatabase();
+    void updateCommandVariables() const;
+
+    UserInterface& m_ui;
+    std::unique_ptr<AcDbDatabase> m_database;
+    std::filesystem::path m_fileName;
+    std::uint64_t m_savedRevision = 0;
+    bool m_changedOutsideUndo = false;
+    std::unique_ptr<CommandStack> m_commands;
+    Aliases m_aliases;
+    std::vector<std::unique_ptr<RunningCommand>> m_running;
+    std::vector<ProgramToken>* m_tokens = nullptr;  ///< of the acedCommand call being served, next one last
+    std::wstring m_lastCommand;
+    std::wstring m_typeAhead;
+    bool m_quit = false;
+    bool m_inputEnded = false;
+    AcGeMatrix3d m_ucs;
+    std::optional<AcGePoint3d> m_pointer;  ///< last position that the front end told, world
+    View m_view;
+    std::vector<View> m_previousViews;
+    double m_screenWidth = 800.0;
+    double m_screenHeight = 600.0;
+    std::vector<AcDbObjectId> m_previousSelection;
+    std::vector<AcDbObjectId> m_pickfirst;
+    std::vector<AcDbObjectId> m_lastErased;
+    std::shared_ptr<void> m_commandMemory;
+    std::vector<AcEditorReactor*> m_reactors;
+    std::vector<AcApDocManagerReactor*> m_documentReactors;
+    std::unique_ptr<AcEditor> m_acEditor;
+    std::unique_ptr<AcApDocManager> m_documentManager;
+    std::unique_ptr<AcApDocument> m_document;
+    std::unique_ptr<ModuleTable> m_modules;
+    InitGet m_initGet;
+    std::wstring m_lastKeyword;
+};
+
+}  // namespace prancheta

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// Modules: shared objects that bring commands and classes into the host.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "prancheta/base/result.h"
+#include "rxdefs.h"
+#include "rxregsvc.h"
+
+namespace prancheta {
+
+class Editor;
+
+/// A loaded module. Its address is the application id that the module is given.
+struct Module {
+    std::filesystem::path path;
+    std::wstring name;  ///< file name
+    void* handle = nullptr;
+    const void* base = nullptr;  ///< where it is mapped
+    AcRx::AppRetCode (*entry)(AcRx::AppMsgCode, void*) = nullptr;
+    int apiVersion = 0;
+    bool locked = true;
+    bool mdiAware = false;
+    bool busy = false;  ///< inside kInitAppMsg, kLoadDwgMsg or their counterparts
+    std::vector<std::wstring> needs;  ///< other modules it is linked to
+};
+
+class ModuleTable {
+public:
+    explicit ModuleTable(Editor& editor) : m_editor(editor) {}
+    ~ModuleTable();
+    ModuleTable(const ModuleTable&) = delete;
+    ModuleTable& operator=(const ModuleTable&) = delete;
+
+    /// Loads a module and, before it, the modules it is linked to; sends kInitAppMsg and kLoadDwgMsg. A module
+    /// that is loaded already is no error. A bare name is looked for in the program's folder, too.
+    Result<void> load(const std::filesystem::path& path);
+    /// Sends kUnloadDwgMsg and kUnloadAppMsg and takes the module out. Refused, with the reason, while it is
+    /// locked, while one of its commands runs, while another module needs it, and while the drawing
+    /// (what undo could bring back included) holds objects of its classes.
+    Result<void> unload(std::wstring_view name);
+    /// At the end of the program, after the drawing is gone: unloads all, whatever they answer.
+    void unloadAll();
+
+    /// Name without regard to case, with or without folder and extension.
+    Module* find(std::wstring_view name);
+    Module* find(const void* applicationId);
+    const std::vector<std::unique_ptr<Module>>& all() const { return m_modules; }
+    /// To every module in the order of loading.
+    void broadcast(AcRx::AppMsgCode message);
+    /// True while a module answers kInitAppMsg or kLoadDwgMsg.
+    bool initialising() const;
+
+    void setFolder(std::filesystem::path folder) { m_folder = std::move(folder); }
+
+private:
+    Result<void> loadFile(const std::filesystem::path& file);
+    Result<void> initialise(Module& module);
+    std::filesystem::path locate(const std::filesystem::path& path) const;
+    std::wstring reasonToStay(const Module& module) const;
+    void remove(Module& module);
+    AcRx::AppRetCode send(Module& module, AcRx::AppMsgCode message);
+
+    Editor& m_editor;
+    std::filesystem::path m_folder;
+    std::vector<std::unique_ptr<Module>> m_modules;
+    std::vector<std::wstring> m_loading;
+};
+
+/// File names of the modules that are loaded at the start when they stand beside the program.
+extern const std::vector<std::wstring> kDefaultModules;
+
+}  // namespace prancheta

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// What lies under the pointer, inside a frame, near a snap point: entities of the current space as displayed.
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "dbmain.h"
+#include "gept3dar.h"
+
+namespace prancheta {
+
+class Editor;
+
+/// Half the side of the pick box in drawing units: PICKBOX pixels of the present view.
+double pickTolerance(const Editor& editor);
+
+/// Topmost entity within the pick box about a world point; null id when there is none.
+AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world);
+std::vector<AcDbObjectId> entitiesInWindow(const Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b);
+std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b);
+std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor, const std::vector<AcGePoint3d>& polygon, bool crossing);
+std::vector<AcDbObjectId> entitiesOnFence(const Editor& editor, const std::vector<AcGePoint3d>& fence);
+/// Everything of the current space that is neither frozen nor locked, in drawing order.
+std::vector<AcDbObjectId> allEntities(const Editor& editor);
+/// Last created entity that is displayed.
+AcDbObjectId lastEntity(const Editor& editor);
+bool onLockedLayer(AcDbObjectId entity);
+bool onDisplayedLayer(AcDbObjectId entity);
+
+/// Bits of OSMODE for words such as "_end,_mid"; 0 for "_none", nothing for a word that is no snap.
+std::optional<int> snapModes(std::wstring_view words);
+/// Nearest snap point of these modes within the aperture.
+std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes,
+                                     const std::optional<AcGePoint3d>& base = {});
+
+}  // namespace prancheta

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// The prompt "Selecione objetos:".
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "prancheta/editor/command.h"
+
+namespace prancheta {
+
+struct SelectOptions {
+    std::wstring prompt = L"\nSelecione objetos: ";
+    bool usePickfirst = true;  ///< what was selected before the command is taken without asking
+    bool dropLocked = true;    ///< objects on locked layers are reported and left out
+    bool single = false;       ///< ends after the first step that found something
+};
+
+/// `status`: RTNORM with at least one object, RTNONE when nothing was selected, RTCAN after Esc.
+struct Selection {
+    int status = 0;
+    std::vector<AcDbObjectId> ids;
+};
+
+/// Repeats until Enter; every object once, in the order of selection. The result becomes the editor's
+/// previous selection.
+Task<Selection> selectObjects(CommandContext context, SelectOptions options = {});
+
+}  // namespace prancheta

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The only door between the editor and a front end (console, window).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dbmain.h"
+#include "gepnt3d.h"
+
+namespace prancheta {
+
+namespace dcl {
+class Dialog;
+}
+
+enum class InputKind {
+    Command,    ///< "Comando:"
+    Point,
+    Corner,     ///< second corner of a box from `base`
+    Distance,
+    Angle,
+    Integer,
+    Real,
+    Text,
+    Keyword,
+    Selection,  ///< "Selecione objetos:"
+    Entity,     ///< one entity
+    Drag,       ///< a jig: the front end may answer Move many times before the end
+};
+
+/// One option of a prompt: the local word, the global word; capitals are the abbreviation.
+struct Keyword {
+    std::wstring local;
+    std::wstring global;
+};
+
+/// A question. Points are in world coordinates.
+struct InputRequest {
+    InputKind kind = InputKind::Text;
+    std::wstring prompt;
+    std::optional<AcGePoint3d> base;  ///< of the rubber band and of direct distance entry
+    std::vector<Keyword> keywords;
+    int flags = 0;            ///< RSG_* bits
+    bool nullAllowed = true;  ///< a bare Enter is an answer
+    bool blanksAllowed = false;  ///< blanks belong to the text
+    bool orthoAllowed = true;
+    bool absoluteAngle = false;  ///< angles count from +X whatever ANGBASE says
+    /// Snap modes (bits of OSMODE) that replace the running ones for this point; 0 = none.
+    std::optional<int> snapModes;
+    AcDbEntity* dragged = nullptr;  ///< entity that follows the pointer, for kind Drag
+    bool rotating = false;          ///< angle prompt whose preview turns `selection` about `base`
+    bool moving = false;            ///< point prompt whose preview moves `selection` from `base`
+    std::vector<AcDbObjectId> selection;
+};
+
+/// What the user did, not yet interpreted.
+struct RawInput {
+    enum class Kind { Text, Pick, Move, Cancel, EndOfInput };
+    Kind kind = Kind::EndOfInput;
+    std::wstring text;                   ///< typed line, empty = Enter
+    AcGePoint3d point;                   ///< world coordinates, snapped, for Pick and Move
+    std::vector<AcDbObjectId> entities;  ///< for Pick: what lies under the pointer, or inside a window
+    bool removes = false;                ///< for Pick: takes the entities out of a selection (Shift)
+    /// Where the pointer stands while text is typed: gives direct distance entry its direction. World.
+    std::optional<AcGePoint3d> pointer;
+};
+
+class UserInterface {
+public:
+    virtual ~UserInterface() = default;
+
+    /// Command-line output as it is; line feeds where they stand.
+    virtual void print(std::wstring_view text) = 0;
+    virtual void alert(std::wstring_view text) = 0;
+    /// Shows the prompt and waits. Text that makes no sense is asked again by the editor.
+    virtual RawInput ask(const InputRequest& request) = 0;
+    /// Serves an open dialog until it is finished.
+    virtual void runDialog(dcl::Dialog& dialog) = 0;
+    /// Reports a command line that could not be understood (unknown command, refused answer); a script's
+    /// front end makes an error of it.
+    virtual void complain(std::wstring_view text) = 0;
+    /// Something visible changed; called after each command and each step of a drag.
+    virtual void refresh() {}
+};
+
+}  // namespace prancheta

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+// Slide libraries, and the cache of those in use.
+#include "prancheta/slides/library.h"
+
+#include <algorithm>
+#include <map>
+
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
+
+namespace prancheta::slides {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr std::string_view kId("AutoCAD Slide Library 1.0\r\n\x1a\0\0\0\0", 32);
+constexpr std::size_t kEntry = 36;
+constexpr std::size_t kName = 32;
+
+Error libraryError(std::string text) { return {std::move(text), {}, 0, 0}; }
+
+std::string upperAscii(std::string name) {
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+    return name;
+}
+
+/// A file in use: its slides by upper-case name (a slide file has one without a name).
+struct LoadedFile {
+    fs::file_time_type date;
+    std::uintmax_t size = 0;
+    std::map<std::string, std::shared_ptr<const Slide>, std::less<>> slides;
+};
+
+void decodeInto(LoadedFile& file, const std::string& bytes, bool isLibrary) {
+    const auto add = [&file](std::string name, std::string_view image) {
+        if (auto slide = readSlide(image))
+            file.slides.emplace(std::move(name), std::make_shared<const Slide>(std::move(*slide)));
+    };
+    if (!isLibrary) return add({}, bytes);
+    const auto entries = readLibrary(bytes);
+    if (!entries) return;
+    for (const LibraryEntry& entry : *entries) add(entry.name, entry.image);
+}
+
+/// Null when the file cannot be read.
+const LoadedFile* loadedFile(const fs::path& path, bool isLibrary) {
+    static std::map<fs::path, LoadedFile> cache;
+    std::error_code error;
+    const auto date = fs::last_write_time(path, error);
+    const auto size = error ? 0 : fs::file_size(path, error);
+    if (error) return nullptr;
+    LoadedFile& file = cache[path];
+    if (file.date == date && file.size == size) return &file;
+    const auto bytes = readFile(path);
+    if (!bytes) return nullptr;
+    file = {date, size, {}};
+    decodeInto(file, *bytes, isLibrary);
+    return &file;
+}
+
+}  // namespace
+
+Result<std::vector<LibraryEntry>> readLibrary(std::string_view bytes) {
+    if (bytes.substr(0, kId.size()) != kId)
+        return libraryError("não é uma biblioteca de slides (cabeçalho inválido)");
+    std::vector<LibraryEntry> entries;
+    std::vector<std::size_t> offsets;
+    for (std::size_t at = kId.size();; at += kEntry) {
+        if (at + kEntry > bytes.size())
+            return libraryError("biblioteca de slides truncada: o diretório não termina");
+        if (bytes[at] == '\0') break;
+        const std::string_view field = bytes.substr(at, kName);
+        std::size_t offset = 0;
+        for (std::size_t i = kEntry; i-- > kName;)
+            offset = offset << 8 | static_cast<unsigned char>(bytes[at + i]);
+        entries.push_back({upperAscii(std::string(field.substr(0, field.find('\0')))), {}});
+        offsets.push_back(offset);
+        if (offset >= bytes.size())
+            return libraryError("biblioteca de slides danificada: o slide \"" +
+                                entries.back().name + "\" fica fora do arquivo");
+    }
+    // A slide ends where the next one in the file begins; the directory need not be in file order.
+    std::vector<std::size_t> ends = offsets;
+    ends.push_back(bytes.size());
+    std::sort(ends.begin(), ends.end());
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const std::size_t end = *std::upper_bound(ends.begin(), ends.end(), offsets[i]);
+        entries[i].image = bytes.substr(offsets[i], end - offsets[i]);
+    }
+    return entries;
+}
+
+Result<std::string> writeLibrary(const std::vector<LibraryEntry>& entries) {
+    std::string out(kId);
+    std::size_t offset = kId.size() + (entries.size() + 1) * kEntry;
+    for (const LibraryEntry& entry : entries) {
+        if (entry.name.empty() || entry.name.size() >= kName)
+            return libraryError("nome de slide inválido: \"" + entry.name +
+                                "\" (use de 1 a 31 caracteres)");
+        std::string name = upperAscii(entry.name);
+        name.resize(kName, '\0');
+        out += name;
+        for (unsigned shift = 0; shift < 32; shift += 8)
+            out.push_back(static_cast<char>(offset >> shift & 0xFF));
+        offset += entry.image.size();
+    }
+    out.append(kEntry, '\0');
+    for (const LibraryEntry& entry : entries) out += entry.image;
+    return out;
+}
+
+SlideReference splitReference(std::wstring_view reference) {
+    const auto open = reference.rfind(L'(');
+    const auto folder = reference.find_last_of(L"\\/");
+    const bool inName =
+        open != std::wstring_view::npos && (folder == std::wstring_view::npos || open > folder);
+    if (!inName || reference.back() != L')') return {std::wstring(reference), {}};
+    return {std::wstring(reference.substr(0, open)),
+            std::wstring(reference.substr(open + 1, reference.size() - open - 2))};
+}
+
+std::shared_ptr<const Slide> loadSlide(std::wstring_view reference) {
+    SlideReference parts = splitReference(reference);
+    const bool isLibrary = !parts.slide.empty();
+    const fs::path written(toUtf8(parts.path));
+    if (isLibrary || !written.has_extension()) parts.path += isLibrary ? L".slb" : L".sld";
+    const LoadedFile* const file = loadedFile(resolvePath(parts.path), isLibrary);
+    if (file == nullptr) return nullptr;
+    const auto found = file->slides.find(upperAscii(toUtf8(parts.slide)));
+    return found == file->slides.end() ? nullptr : found->second;
+}
+
+}  // namespace prancheta::slides
