@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "dbapserv.h"
@@ -33,8 +34,9 @@ public:
     /// Makes the object resident, owned by this dictionary, open for write. An entry of this key is
     /// replaced and its object erased.
     Acad::ErrorStatus setAt(const ACHAR* key, AcDbObject* object, AcDbObjectId& id);
+    /// Erases the entry's object.
     Acad::ErrorStatus remove(const ACHAR* key);
-    Adesk::UInt32 numEntries() const { return static_cast<Adesk::UInt32>(m_entries.size()); }
+    Adesk::UInt32 numEntries() const;
     /// The caller deletes the iterator.
     AcDbDictionaryIterator* newIterator() const;
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
@@ -42,5 +44,6 @@ public:
 
 private:
     friend struct prancheta::ObjectAccess;
-    std::vector<std::pair<std::wstring, AcDbObjectId>> m_entries;
+    std::vector<std::pair<std::wstring, AcDbObjectId>> m_entries;  // erased ones included, undo brings them back
+    std::unordered_map<std::wstring, std::size_t> m_byKey;          // key in lower case, position in m_entries
 };

@@ -24,6 +24,8 @@ public:
     /// Multiplies text, arrows and offsets; 0 takes the style's value.
     double dimscale() const;
     Acad::ErrorStatus setDimscale(double scale);
+    /// The dimension's own scale; 0 when it takes the style's.
+    double ownDimscale() const { return m_dimscale; }
     /// Text as shown: the measured value by the style's decimals and separator, or the user's.
     std::wstring shownText() const;
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
@@ -62,6 +64,9 @@ class AcDbAlignedDimension : public AcDbDimension {
 protected:
     AcGePoint3d defaultTextPosition() const override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick,
+                                        const AcGePoint3d& last, const AcGeMatrix3d& view, AcGePoint3dArray& points,
+                                        AcDbIntArray& geomIds) const override;
 
 private:
     AcGePoint3d m_xLine1;

@@ -126,6 +126,8 @@ class AcDbText : public AcDbEntity {
     Acad::ErrorStatus setVerticalMode(int mode);
 
 private:
+    /// Puts `position` where the alignment point and the justification ask for.
+    void justify();
     AcGePoint3d m_position;
     AcGePoint3d m_alignment;
     std::wstring m_text;
@@ -174,6 +176,9 @@ class AcDbBlockReference : public AcDbEntity {
 
 protected:
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick,
+                                        const AcGePoint3d& last, const AcGeMatrix3d& view, AcGePoint3dArray& points,
+                                        AcDbIntArray& geomIds) const override;
 
 private:
     AcGePoint3d m_position;

@@ -23,6 +23,7 @@ public:
 
 protected:
     AcDbSymbolTableRecord() = default;
+    Acad::ErrorStatus subErase(Adesk::Boolean erasing) override;
 
 private:
     friend struct prancheta::ObjectAccess;

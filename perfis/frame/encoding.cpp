@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Text encodings, written out because wide characters have 16 bits on one target and 32 on the other.
+// Text encodings, written out because wide characters have 16 bits on one target and 32 on the
+// other.
 #include "perfis/frame/encoding.h"
 
 #include <cstddef>
@@ -61,8 +62,7 @@ std::optional<char32_t> nextUtf8(std::string_view bytes, std::size_t& at) {
 }
 
 char32_t lower(char32_t c) {
-    const bool upper =
-        (c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7);
+    const bool upper = (c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7);
     return upper ? c + 32 : c;
 }
 

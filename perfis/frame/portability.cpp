@@ -96,7 +96,8 @@ int textToInt(std::wstring_view text) {
 
 int realToInt(double value) {
     const double whole = std::trunc(value);
-    const bool fits = whole >= static_cast<double>(INT_MIN) && whole <= static_cast<double>(INT_MAX);
+    const bool fits =
+        whole >= static_cast<double>(INT_MIN) && whole <= static_cast<double>(INT_MAX);
     return fits ? static_cast<int>(whole) : INT_MIN;
 }
 

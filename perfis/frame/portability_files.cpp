@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Files: names found as users of the other system typed them, contents replaced whole or not at all.
+// Files: names found as users of the other system typed them, contents replaced whole or not at
+// all.
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -64,7 +65,8 @@ fs::path nativePath(std::wstring_view text) {
     std::error_code error;
     if (fs::exists(typed, error)) return typed;
     fs::path path;
-    for (const fs::path& part : typed) path = part.has_root_directory() ? part : findName(path, part);
+    for (const fs::path& part : typed)
+        path = part.has_root_directory() ? part : findName(path, part);
     return path;
 }
 

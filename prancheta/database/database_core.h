@@ -2,30 +2,16 @@
 // The host's part of a drawing database: objects, handles, undo, variables, what foreign files brought.
 #pragma once
 
-#include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "dbapserv.h"
+#include "prancheta/database/stub_pool.h"
 #include "prancheta/database/sysvars.h"
 #include "prancheta/database/undo.h"
-
-/// One object's record. Lives as long as its database, also when the object is erased.
-class AcDbStub {
-public:
-    AcDbDatabase* database = nullptr;
-    AcDbObject* object = nullptr;  ///< owned
-    Adesk::UInt64 handle = 0;
-    std::int16_t readers = 0;
-    bool writer = false;
-    bool erased = false;    ///< erased, or taken out by undo
-    bool isNew = false;     ///< appended and not yet closed
-    bool recorded = false;  ///< state kept for undo since it was opened for write
-    bool modified = false;  ///< changed since it was opened for write
-    std::uint8_t notifying = 0;
-};
 
 namespace prancheta {
 
@@ -65,7 +51,8 @@ public:
     ForeignContent& foreign() { return m_foreign; }
 
     /// Makes an object resident: gives it a record, a handle (0 = next free one) and an owner. The object is
-    /// left open for write. False when the handle is taken.
+    /// left open for write. False when the handle is taken. Nobody is told and nothing is recorded, see
+    /// announce().
     bool makeResident(AcDbObject& object, AcDbObjectId owner, Adesk::UInt64 handle = 0);
     /// Appends to a space or block with a handle of its own; for readers of files. Not recorded for undo
     /// when recording is off.
@@ -74,14 +61,28 @@ public:
     Adesk::UInt64 nextHandle() const { return m_nextHandle; }
     /// Raises the next handle above `handle`.
     void reserveHandle(Adesk::UInt64 handle);
+    /// Gives an object another handle; false when it is taken. The tables and spaces of a database made without
+    /// the default drawing have none until then, so that they can take those of a file.
+    bool changeHandle(AcDbObjectId id, Adesk::UInt64 handle);
+    /// Gives the next free handles to all objects without one.
+    void assignMissingHandles();
+
+    /// Records for undo that the object was appended, and tells the reactors.
+    void announce(AcDbObject& object);
 
     AcDbObjectId modelSpaceId() const { return m_modelSpace; }
     AcDbObjectId paperSpaceId() const { return m_paperSpace; }
 
+    /// Current layer, linetype, text style, dimension style.
+    enum Current { kLayer, kLinetype, kTextStyle, kDimStyle };
+    AcDbObjectId current(Current which) const { return m_current[which]; }
+    /// To be called after a record got another name or other values: variables that show it follow.
+    void recordChanged(const AcDbObject& record);
+
     /// Entities of model space that are not erased, in drawing order. O(entities).
     std::vector<AcDbObjectId> modelSpace() const;
 
-    /// Finds or makes; the standard patterns (HIDDEN, CENTER, DASHED, PHANTOM) are known by name.
+    /// Finds or makes (null id for a name that is not allowed); the standard patterns (HIDDEN, CENTER, DASHED, PHANTOM) are known by name.
     AcDbObjectId ensureLayer(std::wstring_view name, Adesk::UInt16 color = 7);
     AcDbObjectId ensureLinetype(std::wstring_view name);
     AcDbObjectId ensureRegApp(std::wstring_view name);
@@ -93,9 +94,14 @@ public:
     void notifyErased(const AcDbObject& object, bool erased);
     void notifyUnAppended(const AcDbObject& object, bool reAppended);
 
-    /// Set by the editor to tell the front end; called for every entity that enters a space or is erased.
+    /// Set by the editor to tell the front end; called for every entity that enters a space (when it is closed
+    /// for the first time, brought back or redone) or goes (erased, undone).
     std::function<void(const AcDbEntity&)> onEntityAppended;
     std::function<void(const AcDbEntity&)> onEntityErased;
+
+    /// Layer 0, the three linetypes, style Standard of texts and dimensions, application ACAD: adds what is
+    /// missing and makes it current where nothing is. Readers of files call it at the end.
+    void addRequiredRecords();
 
     /// True when an entity of this class or one derived from it is in the database, erased ones included.
     bool hasObjectsOf(const AcRxClass* entityClass) const;
@@ -103,14 +109,21 @@ public:
 private:
     friend class ::AcDbDatabase;
     friend struct ObjectAccess;
+    void linkVariables();
+    Result<void> checkVariable(const VariableInfo& info, const VariableValue& value) const;
+    void variableChanged(VariableInfo& info);
+    void showCurrent();
+    void showDimStyle();
+
     AcDbDatabase& m_database;
-    std::deque<AcDbStub> m_stubs;
+    StubPool m_stubs;
     std::unordered_map<Adesk::UInt64, AcDbStub*> m_byHandle;
     Adesk::UInt64 m_nextHandle = 1;
     AcDbObjectId m_tables[6];
     AcDbObjectId m_rootDictionary;
     AcDbObjectId m_modelSpace;
     AcDbObjectId m_paperSpace;
+    AcDbObjectId m_current[4];
     std::vector<AcDbDatabaseReactor*> m_reactors;
     ForeignContent m_foreign;
     SystemVariables m_variables;

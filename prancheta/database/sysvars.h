@@ -50,11 +50,24 @@ public:
     using Changed = std::function<void(const VariableInfo&)>;
     void setHooks(Check check, Changed changed);
 
+    /// The database's own door, beside the editor's: may refuse; is told before a value is replaced; and gives a
+    /// new value its final form (proper spelling of a layer's name). Only for variables kept in the drawing.
+    struct DrawingHooks {
+        Check check;
+        Changed before;
+        std::function<void(VariableInfo&)> changed;
+    };
+    void setDrawingHooks(DrawingHooks hooks) { m_drawing = std::move(hooks); }
+    /// Shows a value that the database itself keeps elsewhere; no hook is called.
+    void mirror(std::wstring_view name, VariableValue value);
+
 private:
     VariableInfo* lookup(std::wstring_view name);
+    void store(VariableInfo& info, const VariableValue& value);
     std::vector<VariableInfo> m_all;
     Check m_check;
     Changed m_changed;
+    DrawingHooks m_drawing;
 };
 
 }  // namespace prancheta

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,7 +17,7 @@ namespace prancheta {
 /// are recorded as a group of their own without a name. Cost: O(objects touched).
 class UndoLog {
 public:
-    explicit UndoLog(AcDbDatabase& database) : m_database(database) {}
+    explicit UndoLog(AcDbDatabase& database);
     ~UndoLog();
     UndoLog(const UndoLog&) = delete;
     UndoLog& operator=(const UndoLog&) = delete;
@@ -36,14 +36,15 @@ public:
     bool undo(std::wstring* name = nullptr);
     bool redo(std::wstring* name = nullptr);
 
-    /// UNDO Mark and Back; UNDO Begin and End.
+    /// UNDO Mark and Back; false and no change when there is no mark.
     void mark();
     bool backToMark();
+    /// UNDO Begin and End: the groups in between become one. Until then undo takes them back one by one.
     void beginUserGroup();
     void endUserGroup();
 
     void clear();
-    std::size_t groupCount() const { return m_done.size(); }
+    std::size_t groupCount() const;
     /// Grows with every change and shrinks with undo: equal numbers mean equal drawings.
     std::uint64_t revision() const { return m_revision; }
 
@@ -51,24 +52,38 @@ public:
     void recordModified(AcDbObject& object);
     void recordAppended(AcDbObject& object);
     void recordErased(AcDbObject& object, bool erased);
-    /// A database variable (current layer, DIMSCALE, ...) was changed; `restore` exchanges its value.
+    /// A database variable (current layer, DIMSCALE, ...) is about to change; its present value is kept.
     void recordVariable(std::wstring name);
+    /// Gives up what was recorded of an object since it was opened for write: state and erasure are as they
+    /// were, a new object is taken out. What recording missed stays.
+    void takeBack(AcDbObject& object);
     void setRecording(bool on) { m_recording = on; }
     bool undoing() const { return m_undoing; }
 
 private:
     struct Record;
     struct Group;
+    void add(Record record);
     void exchange(Group& group, bool backwards);
+    void exchangeRecord(Record& record, bool backwards);
+    void notify(const Group& group, bool backwards);
+    void flushOpenGroup();
+    void closeGroup(Group group);
+    void forgetStale();
+    bool takeLast(const AcDbStub* stub, int kind, Record& taken);
 
     AcDbDatabase& m_database;
-    std::deque<Group> m_done;
+    std::vector<Group> m_done;
     std::vector<Group> m_undone;
+    std::unique_ptr<Group> m_open;
+    std::vector<std::size_t> m_marks;
     int m_depth = 0;
     int m_userDepth = 0;
+    std::size_t m_userStart = 0;
     bool m_recording = true;
     bool m_undoing = false;
     std::uint64_t m_revision = 0;
+    std::uint64_t m_lastRevision = 0;
 };
 
 }  // namespace prancheta

@@ -2,6 +2,7 @@
 // What a dialog file says: its definitions, flattened, and what was noticed about them.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -26,8 +27,8 @@ struct Value {
 
 struct Definition;
 
-/// Child of a definition and where it is named. An instance written in place has a definition of its own
-/// without a name.
+/// Child of a definition and where it is named. An instance written in place has a definition of
+/// its own without a name.
 struct Child {
     std::shared_ptr<const Definition> definition;
     Place at;
@@ -35,8 +36,8 @@ struct Child {
 
 using Attributes = std::map<std::string, std::shared_ptr<const Value>, std::less<>>;
 
-/// A named definition or an instance written in place. Attributes and children of its parents are merged
-/// into it, so it stands for itself.
+/// A named definition or an instance written in place. Attributes and children of its parents are
+/// merged into it, so it stands for itself.
 struct Definition {
     std::string name;
     Place at;
@@ -60,12 +61,20 @@ struct Finding {
     Error error;
 };
 
+/// A file as it was when it was read.
+struct SourceStamp {
+    std::filesystem::path path;
+    std::filesystem::file_time_type time{};
+    std::uintmax_t size = 0;
+    bool operator==(const SourceStamp&) const = default;
+};
+
 /// One loaded file with all that it includes.
 struct Library {
     std::unordered_map<std::string, DefinitionPtr> definitions;  ///< by name; the last one counts
     std::vector<DefinitionPtr> inOrder;
     std::vector<Finding> findings;
-    std::vector<std::filesystem::path> files;  ///< the file itself first
+    std::vector<SourceStamp> files;  ///< the file itself first
     int auditLevel = 1;
 };
 

@@ -16,13 +16,33 @@
 namespace prancheta::dcl {
 
 enum class TileKind {
-    Dialog, Row, Column, BoxedRow, BoxedColumn, RadioRow, RadioColumn, BoxedRadioRow, BoxedRadioColumn,
-    Concatenation, Paragraph,
-    Button, EditBox, ListBox, PopupList, RadioButton, Toggle, Slider, ImageButton,
-    Image, Text, TextPart, Spacer,
+    Dialog,
+    Row,
+    Column,
+    BoxedRow,
+    BoxedColumn,
+    RadioRow,
+    RadioColumn,
+    BoxedRadioRow,
+    BoxedRadioColumn,
+    Concatenation,
+    Paragraph,
+    Button,
+    EditBox,
+    ListBox,
+    PopupList,
+    RadioButton,
+    Toggle,
+    Slider,
+    ImageButton,
+    Image,
+    Text,
+    TextPart,
+    Spacer,
 };
 
-/// One thing painted into an image tile; coordinates in the tile's pixels, origin upper left, y down.
+/// One thing painted into an image tile; coordinates in the tile's pixels, origin upper left, y
+/// down.
 struct Paint {
     enum class Kind { Fill, Vector, Slide };
     Kind kind;
@@ -32,8 +52,8 @@ struct Paint {
     bool found = false;    ///< the slide exists and could be read
 };
 
-/// A tile of an open dialog. Attributes keep their DCL texts (UTF-8); `value`, `enabled`, `rows` and
-/// `paints` are the state at run time.
+/// A tile of an open dialog. Attributes keep their DCL texts (UTF-8); `value`, `enabled`, `rows`
+/// and `paints` are the state at run time.
 struct Tile {
     TileKind kind = TileKind::Column;
     std::string key;
@@ -45,6 +65,7 @@ struct Tile {
     bool enabled = true;
     std::vector<std::wstring> rows;
     std::vector<Paint> paints;
+    bool highlighted = false;  ///< frame flipped by ads_mode_tile 4
     CLIENTFUNC action = nullptr;
     CLIENTDATA clientData = nullptr;
 
@@ -52,7 +73,12 @@ struct Tile {
     std::string attribute(std::string_view name, std::string_view fallback = {}) const;
 };
 
-enum class Reason { Select = CBR_SELECT, LostFocus = CBR_LOST_FOCUS, Drag = CBR_DRAG, DoubleClick = CBR_DOUBLE_CLICK };
+enum class Reason {
+    Select = CBR_SELECT,
+    LostFocus = CBR_LOST_FOCUS,
+    Drag = CBR_DRAG,
+    DoubleClick = CBR_DOUBLE_CLICK
+};
 
 /// Built by ads_new_dialog, served by a front end from ads_start_dialog until finished().
 class Dialog {
@@ -65,20 +91,38 @@ public:
     /// Null when there is none.
     virtual Tile* find(std::string_view key) = 0;
 
+    /// Tile with the keyboard, by initial_focus, the tab order and ads_mode_tile; null when none
+    /// can have it.
+    virtual Tile* focus() = 0;
+
     virtual bool finished() const = 0;
     virtual int status() const = 0;
 
-    /// What a person does. Each fires the callbacks that a hand would fire and answers with the Portuguese
-    /// reason when a person could not do it (no such tile, disabled, no such row, wrong kind of tile).
+    /// What a person does. Each fires the callbacks that a hand would fire and answers with the
+    /// Portuguese reason when a person could not do it (no such tile, disabled, no such row, wrong
+    /// kind of tile).
     ///
-    /// `type`: edit box: types the text and leaves the field (reason 2); toggle "0"/"1"; list box and popup:
-    /// row index (reason 1); radio cluster: the button's key; radio button "1"; slider: the number.
+    /// `type`: edit box: types the text and leaves the field (reason 2); toggle "0"/"1" (a click
+    /// only when it changes); list box and popup: row index (reason 1), several with blanks between
+    /// where the list takes them; radio cluster: the button's key; radio button "1"; slider: the
+    /// number.
     virtual Result<void> type(std::string_view key, std::string_view text) = 0;
-    /// List box: selects the row (reason 1) and double-clicks it (reason 4), then the default button when
-    /// the tile has allow_accept.
+    /// List box: selects the row (reason 1) and double-clicks it (reason 4), then the default
+    /// button when the tile has allow_accept. Image button: the same without a row.
     virtual Result<void> doubleClick(std::string_view key, std::string_view row) = 0;
-    /// Button, image button, radio button, `accept` and `cancel`.
-    virtual Result<void> press(std::string_view key) = 0;
+    /// Button, image button, radio button, `accept` and `cancel`; x and y in pixels of an image
+    /// button.
+    virtual Result<void> press(std::string_view key, long x = 0, long y = 0) = 0;
+    /// Edit box: types without leaving the field. Reason 2 follows when something else is touched,
+    /// before the callback of that.
+    virtual Result<void> edit(std::string_view key, std::string_view text) = 0;
+    /// Leaves the field of the last edit() (the Tab key).
+    virtual void leave() = 0;
+    /// Enter: in the edit box `key` its callback (reason 1), then the default button when it has
+    /// allow_accept; anywhere else (empty key) the default button.
+    virtual Result<void> enter(std::string_view key = {}) = 0;
+    /// Slider on its way (reason 3).
+    virtual Result<void> drag(std::string_view key, std::string_view number) = 0;
     /// Esc: presses the cancel button; without one, closes with status 0.
     virtual void escape() = 0;
     /// Closes with status 0 whatever the dialog's callbacks would say: the input is gone.
@@ -97,11 +141,20 @@ void setDialogRunner(DialogRunner runner);
 /// Number of dialogs that are open: user input and commands are refused while it is not 0.
 int openDialogs();
 
+/// Closes what a program opened and never started; the editor calls it when a command ends, so that
+/// input is not refused for ever.
+void discardDialogs();
+
+/// Enabled, and so are all the clusters around it.
+bool isUsable(const Tile& tile);
+
 /// Pixels of one character width and height, by which image tiles are measured before a window
 /// exists.
 struct Metrics {
     double characterWidth = 7.0;
     double characterHeight = 16.0;
+    /// Pixels of a text in the dialog's font; empty: one character width for each character.
+    std::function<double(std::wstring_view)> textWidth;
 };
 void setMetrics(const Metrics& metrics);
 

@@ -16,7 +16,7 @@ bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::size_t length = std::min(text.size(), kShownText);
     while (length < text.size() && length > 0 && isContinuation(text[length])) --length;
     const std::string shown(text.substr(0, length));
@@ -25,16 +25,23 @@ std::string quoted(std::string_view text) {
 
 }  // namespace
 
-Error Place::error(std::string text) const { return {std::move(text), file ? *file : "", line, column}; }
+Error Place::error(std::string text) const {
+    return {std::move(text), file ? *file : "", line, column};
+}
 
 std::string Token::description() const {
     switch (kind) {
-        case TokenKind::Name: return "o nome " + quoted(text);
-        case TokenKind::Text: return "o texto " + quoted(text);
+        case TokenKind::Name:
+            return "o nome " + inQuotes(text);
+        case TokenKind::Text:
+            return "o texto " + inQuotes(text);
         case TokenKind::Integer:
-        case TokenKind::Real: return "o número " + text;
-        case TokenKind::End: return "o fim do arquivo";
-        default: return quoted(text);
+        case TokenKind::Real:
+            return "o número " + text;
+        case TokenKind::End:
+            return "o fim do arquivo";
+        default:
+            return inQuotes(text);
     }
 }
 
@@ -76,7 +83,8 @@ Result<void> Lexer::skipBlanks() {
             advance();
             advance();
             while (!atEnd() && !(peek() == '*' && peek(1) == '/')) advance();
-            if (atEnd()) return start.error("o comentário aberto aqui não é fechado: esperava \"*/\"");
+            if (atEnd())
+                return start.error("o comentário aberto aqui não é fechado: esperava \"*/\"");
             advance();
             advance();
         } else {
@@ -98,11 +106,21 @@ Result<Token> Lexer::next() {
     if (c == '"') return text(std::move(token));
     if (c == '@') return include(std::move(token));
     switch (c) {
-        case ':': token.kind = TokenKind::Colon; break;
-        case '{': token.kind = TokenKind::OpenBrace; break;
-        case '}': token.kind = TokenKind::CloseBrace; break;
-        case ';': token.kind = TokenKind::Semicolon; break;
-        case '=': token.kind = TokenKind::Equals; break;
+        case ':':
+            token.kind = TokenKind::Colon;
+            break;
+        case '{':
+            token.kind = TokenKind::OpenBrace;
+            break;
+        case '}':
+            token.kind = TokenKind::CloseBrace;
+            break;
+        case ';':
+            token.kind = TokenKind::Semicolon;
+            break;
+        case '=':
+            token.kind = TokenKind::Equals;
+            break;
         default:
             return token.at.error("esperava um nome, um valor ou pontuação, encontrei " +
                                   currentCharacter());
@@ -153,12 +171,15 @@ Result<char> Lexer::escape() {
     advance();
     switch (c) {
         case '"':
-        case '\\': return c;
-        case 'n': return '\n';
-        case 't': return '\t';
+        case '\\':
+            return c;
+        case 'n':
+            return '\n';
+        case 't':
+            return '\t';
         default:
-            return start.error("esperava n, t, \" ou \\ depois da barra invertida, encontrei " + shown +
-                               ": uma barra invertida no texto escreve-se \\\\");
+            return start.error("esperava n, t, \" ou \\ depois da barra invertida, encontrei " +
+                               shown + ": uma barra invertida no texto escreve-se \\\\");
     }
 }
 
@@ -186,7 +207,8 @@ Result<Token> Lexer::text(Token token) {
 Result<Token> Lexer::include(Token token) {
     constexpr std::string_view kWord = "@include";
     const char after = peek(kWord.size());
-    if (!m_text.substr(m_next).starts_with(kWord) || isLetter(after) || isDigit(after) || after == '_')
+    if (!m_text.substr(m_next).starts_with(kWord) || isLetter(after) || isDigit(after) ||
+        after == '_')
         return token.at.error("esperava @include");
     token.kind = TokenKind::Include;
     token.text = kWord;

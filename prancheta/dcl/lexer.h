@@ -20,7 +20,17 @@ struct Place {
 };
 
 enum class TokenKind {
-    Name, Text, Integer, Real, Colon, OpenBrace, CloseBrace, Semicolon, Equals, Include, End,
+    Name,
+    Text,
+    Integer,
+    Real,
+    Colon,
+    OpenBrace,
+    CloseBrace,
+    Semicolon,
+    Equals,
+    Include,
+    End,
 };
 
 struct Token {

@@ -46,7 +46,7 @@ struct Load {
 
 Result<void> loadFile(Load& load, const fs::path& path, const Place* includedAt);
 
-std::string quoted(const std::string& name) { return '"' + name + '"'; }
+std::string inQuotes(const std::string& name) { return '"' + name + '"'; }
 
 /// Merges a parent: what is there already stays, for it comes from a parent further left.
 void inherit(Definition& into, const Definition& parent) {
@@ -57,7 +57,8 @@ void inherit(Definition& into, const Definition& parent) {
 
 class FileParser {
 public:
-    FileParser(Load& load, std::string_view text, std::shared_ptr<const std::string> name, fs::path folder)
+    FileParser(Load& load, std::string_view text, std::shared_ptr<const std::string> name,
+               fs::path folder)
         : m_load(load), m_lexer(text, name), m_folder(std::move(folder)) {}
 
     Result<void> run();
@@ -138,7 +139,8 @@ Result<void> FileParser::definition() {
     d->at = m_token.at;
     m_user = d->name;
     if (Result<void> done = read(); !done) return done;
-    if (Result<Token> colon = take(TokenKind::Colon, "\":\" depois de " + quoted(d->name)); !colon)
+    if (Result<Token> colon = take(TokenKind::Colon, "\":\" depois de " + inQuotes(d->name));
+        !colon)
         return colon.error();
     if (Result<void> done = parents(*d); !done) return done;
     if (Result<void> done = body(*d, 1); !done) return done;
@@ -147,7 +149,8 @@ Result<void> FileParser::definition() {
 
     if (m_load.find(d->name) != nullptr && m_load.base != nullptr)
         m_load.report(Severity::Warning,
-                      d->at.error(quoted(d->name) + " já era definido: vale esta definição daqui em diante"));
+                      d->at.error(inQuotes(d->name) +
+                                  " já era definido: vale esta definição daqui em diante"));
     if (d->kind == TileKind::Dialog) {
         m_load.tilesOfDialogs += d->tiles;
         if (m_load.tilesOfDialogs > kMostTilesOfFile)
@@ -174,7 +177,8 @@ Result<void> FileParser::parents(Definition& d) {
         if (const DefinitionPtr parent = use(*name)) {
             if (!parent->children.empty())
                 m_load.report(Severity::Error,
-                              name->at.error(quoted(name->text) + " já tem componentes e só pode ser usado como \"" +
+                              name->at.error(inQuotes(name->text) +
+                                             " já tem componentes e só pode ser usado como \"" +
                                              name->text + ";\""));
             inherit(d, *parent);
         }
@@ -202,7 +206,7 @@ Result<void> FileParser::body(Definition& d, int nesting) {
                 reference(d, name);
                 done = read();
             } else {
-                done = unexpected("\"=\" ou \";\" depois de " + quoted(name.text));
+                done = unexpected("\"=\" ou \";\" depois de " + inQuotes(name.text));
             }
         } else if (m_token.kind == TokenKind::End) {
             done = unexpected("\"}\" para a chave aberta na linha " + std::to_string(opened.line));
@@ -218,32 +222,44 @@ Result<void> FileParser::attribute(Definition& d, const Token& name) {
     if (Result<void> done = read(); !done) return done;
     auto value = std::make_shared<Value>();
     switch (m_token.kind) {
-        case TokenKind::Text: value->kind = ValueKind::Text; break;
-        case TokenKind::Integer: value->kind = ValueKind::Integer; break;
-        case TokenKind::Real: value->kind = ValueKind::Real; break;
-        case TokenKind::Name: value->kind = ValueKind::Word; break;
-        default: return unexpected("um valor para " + quoted(name.text));
+        case TokenKind::Text:
+            value->kind = ValueKind::Text;
+            break;
+        case TokenKind::Integer:
+            value->kind = ValueKind::Integer;
+            break;
+        case TokenKind::Real:
+            value->kind = ValueKind::Real;
+            break;
+        case TokenKind::Name:
+            value->kind = ValueKind::Word;
+            break;
+        default:
+            return unexpected("um valor para " + inQuotes(name.text));
     }
     value->text = m_token.text;
     value->at = m_token.at;
     if (Result<void> done = read(); !done) return done;
-    if (Result<Token> end = take(TokenKind::Semicolon, "\";\" depois do valor de " + quoted(name.text)); !end)
+    if (Result<Token> end =
+            take(TokenKind::Semicolon, "\";\" depois do valor de " + inQuotes(name.text));
+        !end)
         return end.error();
 
     const auto it = d.attributes.find(name.text);
     if (it != d.attributes.end()) {
         const bool own = std::find(d.own.begin(), d.own.end(), name.text) != d.own.end();
         if (own)
-            m_load.report(Severity::Warning, name.at.error("o atributo " + quoted(name.text) +
+            m_load.report(Severity::Warning, name.at.error("o atributo " + inQuotes(name.text) +
                                                            " é dado duas vezes: vale o último"));
         else if (it->second->text == value->text)
-            m_load.report(Severity::Hint, name.at.error("o atributo " + quoted(name.text) +
+            m_load.report(Severity::Hint, name.at.error("o atributo " + inQuotes(name.text) +
                                                         " repete o valor herdado"));
         it->second = std::move(value);
         if (!own) d.own.push_back(name.text);
         return {};
     }
-    if (d.attributes.size() >= kMostAttributes) return name.at.error("há atributos demais neste componente");
+    if (d.attributes.size() >= kMostAttributes)
+        return name.at.error("há atributos demais neste componente");
     d.own.push_back(name.text);
     d.attributes.emplace(name.text, std::move(value));
     return {};
@@ -264,9 +280,10 @@ Result<void> FileParser::inlineInstance(Definition& d, int nesting) {
     const bool closed = parent != nullptr && !parent->children.empty();
     if (Result<void> done = body(*instance, nesting + 1); !done) return done;
     if (closed) {
-        m_load.report(Severity::Error, name->at.error(quoted(name->text) +
-                                                      " já tem componentes e não pode ser alterado: use \"" +
-                                                      name->text + ";\""));
+        m_load.report(Severity::Error,
+                      name->at.error(inQuotes(name->text) +
+                                     " já tem componentes e não pode ser alterado: use \"" +
+                                     name->text + ";\""));
         d.children.push_back({parent, name->at});
         return {};
     }
@@ -278,15 +295,17 @@ Result<void> FileParser::inlineInstance(Definition& d, int nesting) {
 /// Counts the tree below a definition and drops what cannot stand in it.
 Result<void> FileParser::finish(Definition& d) {
     if (d.kind && !isCluster(*d.kind) && !d.children.empty()) {
-        m_load.report(Severity::Error, d.children.front().at.error(
-                                           std::string(kindName(*d.kind)) +
-                                           " não pode ter outros componentes dentro: eles são deixados de fora"));
+        m_load.report(Severity::Error,
+                      d.children.front().at.error(
+                          std::string(kindName(*d.kind)) +
+                          " não pode ter outros componentes dentro: eles são deixados de fora"));
         d.children.clear();
     }
     std::erase_if(d.children, [&](const Child& child) {
         if (child.definition->kind == TileKind::Dialog)
-            m_load.report(Severity::Error,
-                          child.at.error("uma caixa de diálogo não pode ficar dentro de outro componente"));
+            m_load.report(
+                Severity::Error,
+                child.at.error("uma caixa de diálogo não pode ficar dentro de outro componente"));
         return !child.definition->kind || child.definition->kind == TileKind::Dialog;
     });
     for (const Child& child : d.children) {
@@ -302,7 +321,8 @@ Result<void> FileParser::settings(const Definition& d) {
     const Value* level = d.attribute("audit_level");
     if (level == nullptr) return {};
     if (level->kind != ValueKind::Integer || level->text.size() != 1 || level->text > "3")
-        return level->at.error("esperava 0, 1, 2 ou 3 em audit_level, encontrei " + quoted(level->text));
+        return level->at.error("esperava 0, 1, 2 ou 3 em audit_level, encontrei " +
+                               inQuotes(level->text));
     m_load.library.auditLevel = level->text.front() - '0';
     return {};
 }
@@ -325,14 +345,16 @@ Result<void> loadFile(Load& load, const fs::path& path, const Place* includedAt)
         return includedAt->error("há arquivos demais incluídos um dentro do outro");
     if (!load.seen.insert(identity).second) return {};
 
+    const SourceStamp stamp = stampOf(identity);
     Result<std::string> text = readSource(path);
     if (!text && includedAt == nullptr) return text.error();
     if (!text)
-        return includedAt->error("não consegui incluir " + quoted(text.error().file) + ": " +
+        return includedAt->error("não consegui incluir " + inQuotes(text.error().file) + ": " +
                                  text.error().text);
-    load.library.files.push_back(identity);
+    load.library.files.push_back(stamp);
     load.open.push_back(identity);
-    FileParser parser(load, *text, std::make_shared<const std::string>(path.string()), path.parent_path());
+    FileParser parser(load, *text, std::make_shared<const std::string>(path.string()),
+                      path.parent_path());
     Result<void> done = parser.run();
     load.open.pop_back();
     return done;

@@ -10,8 +10,8 @@
 
 namespace prancheta::dcl {
 
-/// Who uses whom, by name. Linear in the number of uses; the search for circles has a fixed budget of
-/// steps, after which a circle is reported as a use before the definition, which it is too.
+/// Who uses whom, by name. Linear in the number of uses; the search for circles has a fixed budget
+/// of steps, after which a circle is reported as a use before the definition, which it is too.
 class UnresolvedUses {
 public:
     void addResolved(const std::string& user, const std::string& name);

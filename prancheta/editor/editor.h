@@ -16,6 +16,7 @@
 #include "dbapserv.h"
 #include "gemat3d.h"
 #include "prancheta/base/result.h"
+#include "prancheta/database/sysvars.h"
 #include "prancheta/dxf/document.h"
 #include "prancheta/editor/aliases.h"
 #include "prancheta/editor/command.h"
@@ -26,8 +27,11 @@ namespace prancheta {
 
 class CommandStack;
 class ModuleTable;
-struct RunningCommand;
+class SelectionSets;
+struct CommandLookup;
 struct ProgramToken;
+struct RunningCommand;
+struct TokenStream;
 
 /// What the window (or the page) shows: a plan view of the world's XY plane.
 struct View {
@@ -148,7 +152,9 @@ public:
     std::vector<AcDbObjectId>& pickfirst() { return m_pickfirst; }
     /// Last erased set, which OOPS brings back.
     std::vector<AcDbObjectId>& lastErased() { return m_lastErased; }
-    /// What built-in commands remember between runs; theirs to define.
+    /// Sets that programs hold by name.
+    SelectionSets& selectionSets() const { return *m_selectionSets; }
+    /// What the built-in commands remember between runs; made by them, gone with the editor.
     std::shared_ptr<void>& commandMemory() { return m_commandMemory; }
 
     // --- Reactors and modules --------------------------------------------------------------------
@@ -168,46 +174,53 @@ public:
     void setInitGet(InitGet value) { m_initGet = std::move(value); }
     std::wstring& lastKeyword() { return m_lastKeyword; }
 
+    /// False while a program feeds a command with CMDECHO 0: prompts and messages of commands are not shown.
+    bool echo() const;
+
 private:
-    friend class ProgramInput;
     enum class Origin { User, Program, Transparent };
 
     bool startNamed(std::wstring_view typed, Origin origin);
-    void startFunction(RunningCommand& command);
-    void startTask(RunningCommand& command, CommandTask task);
+    bool startFound(const CommandLookup& found, std::wstring_view typed, Origin origin);
+    bool startVariable(const std::wstring& name, Origin origin);
     RunningCommand& push(std::wstring name, std::wstring group, int flags, Origin origin);
     void begin(RunningCommand& command);
-    void finish(RunningCommand& command, CommandEnd end);
-    void leaveWaitingOnes(RunningCommand& handler);
+    void runFunction(RunningCommand& command, AcRxFunctionPtr function);
+    void runTask(RunningCommand& command, CommandTask task);
     void afterResume(RunningCommand& command);
     void takeAnswer(RunningCommand& command, InputValue value);
+    void end(RunningCommand& command, CommandEnd how);
+    void openUndo(RunningCommand& command);
+    void closeUndo(RunningCommand& command, CommandEnd how);
+    void remove(const RunningCommand& command);
     RunningCommand* waiting() const;
-    bool serve(RunningCommand& command);
+    void serve(RunningCommand& command);
     std::optional<InputValue> round(Question& question);
-    bool runTransparent(const RawInput& input, const InputRequest& request);
+    bool runTransparent(std::wstring_view typed);
     std::optional<RawInput> takeTyped(const InputRequest& request);
-    std::optional<InputValue> takeToken(Question& question);
-    bool nextTokenIsForProgram() const;
-    std::optional<InputValue> giveToken(Question& question, const ProgramToken& token);
-    void notify(void (AcEditorReactor::*message)(const ACHAR*), const std::wstring& name);
+    int startFromToken(const ProgramToken& token);
+    int feed(RunningCommand& command, TokenStream& stream);
+    Reading giveToken(Question& question, const ProgramToken& token);
+    void echoToken(const Question& question, const ProgramToken& token);
+    void notify(void (AcEditorReactor::*message)(const ACHAR*), const std::wstring& name) const;
     void adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);
-    void releaseDatabase();
-    void hookDatabase();
-    void updateCommandVariables() const;
+    Result<void> replaceDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);
+    void closeDocument();
+    Result<void> writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options);
+    void updateVariables() const;
 
     UserInterface& m_ui;
     std::unique_ptr<AcDbDatabase> m_database;
     std::filesystem::path m_fileName;
     std::uint64_t m_savedRevision = 0;
-    bool m_changedOutsideUndo = false;
     std::unique_ptr<CommandStack> m_commands;
     Aliases m_aliases;
     std::vector<std::unique_ptr<RunningCommand>> m_running;
-    std::vector<ProgramToken>* m_tokens = nullptr;  ///< of the acedCommand call being served, next one last
+    TokenStream* m_tokens = nullptr;  ///< of the acedCommand call that is being served
     std::wstring m_lastCommand;
     std::wstring m_typeAhead;
+    bool m_typeAheadLineStart = true;
     bool m_quit = false;
-    bool m_inputEnded = false;
     AcGeMatrix3d m_ucs;
     std::optional<AcGePoint3d> m_pointer;  ///< last position that the front end told, world
     View m_view;
@@ -217,13 +230,14 @@ private:
     std::vector<AcDbObjectId> m_previousSelection;
     std::vector<AcDbObjectId> m_pickfirst;
     std::vector<AcDbObjectId> m_lastErased;
-    std::shared_ptr<void> m_commandMemory;
     std::vector<AcEditorReactor*> m_reactors;
     std::vector<AcApDocManagerReactor*> m_documentReactors;
     std::unique_ptr<AcEditor> m_acEditor;
     std::unique_ptr<AcApDocManager> m_documentManager;
     std::unique_ptr<AcApDocument> m_document;
     std::unique_ptr<ModuleTable> m_modules;
+    std::unique_ptr<SelectionSets> m_selectionSets;
+    std::shared_ptr<void> m_commandMemory;
     InitGet m_initGet;
     std::wstring m_lastKeyword;
 };

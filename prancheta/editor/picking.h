@@ -13,6 +13,12 @@ namespace prancheta {
 
 class Editor;
 
+/// How far a snap point may be from the pointer.
+enum class SnapReach {
+    Aperture,  ///< inside the aperture: running snaps
+    Object,    ///< anywhere on an object under the aperture: snaps asked for
+};
+
 /// Half the side of the pick box in drawing units: PICKBOX pixels of the present view.
 double pickTolerance(const Editor& editor);
 
@@ -31,8 +37,9 @@ bool onDisplayedLayer(AcDbObjectId entity);
 
 /// Bits of OSMODE for words such as "_end,_mid"; 0 for "_none", nothing for a word that is no snap.
 std::optional<int> snapModes(std::wstring_view words);
-/// Nearest snap point of these modes within the aperture.
-std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes,
+/// Snap point of these modes (bits of OSMODE) nearest to a world point, on what lies under the aperture.
+/// `base` is where perpendiculars and tangents come from; LASTPOINT without one.
+std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes, SnapReach reach,
                                      const std::optional<AcGePoint3d>& base = {});
 
 }  // namespace prancheta

@@ -9,6 +9,7 @@
 
 #include "gemat3d.h"
 #include "prancheta/editor/command.h"
+#include "prancheta/editor/picking.h"
 #include "prancheta/editor/user_interface.h"
 
 namespace prancheta {
@@ -19,10 +20,12 @@ struct InputFrame {
     AcGeMatrix3d ucs;       ///< from user to world coordinates
     double angleBase = 0.0;  ///< ANGBASE, radians
     bool clockwise = false;  ///< ANGDIR
+    int angleUnits = 0;      ///< AUNITS: what a plain number means
     bool ortho = false;
+    int runningSnaps = 0;    ///< modes that act on typed points, too (programs' input)
     std::optional<AcGePoint3d> pointer;  ///< world; where the pointer stands, for direct distance entry
     /// Nearest snap point of the modes (bits of OSMODE) to a world point; empty function: no snapping.
-    std::function<std::optional<AcGePoint3d>(const AcGePoint3d&, int)> snap;
+    std::function<std::optional<AcGePoint3d>(const AcGePoint3d&, int, SnapReach)> snap;
     /// Topmost entity at a world point.
     std::function<AcDbObjectId(const AcGePoint3d&)> pick;
     /// Entity of a handle; null id when there is none.
@@ -35,8 +38,8 @@ struct InputFrame {
 struct Reading {
     enum class Kind { Answered, Again, Refused };
     Kind kind = Kind::Again;
-    InputValue value;      ///< Answered
-    std::wstring message;  ///< Refused: why; Again: what to tell, may be empty
+    InputValue value;      ///< Answered; Again: a point that was taken on the way, status RTNORM then
+    std::wstring message;  ///< Refused: why
 };
 
 /// Takes raw inputs until they make an answer. Second points, point filters, middle of two points, offset
@@ -54,33 +57,40 @@ public:
 
 private:
     enum class Step { From, MidOfTwo, Filter };
-    /// A step inside the question; `points` are in user coordinates.
+    /// A step inside the question.
     struct Modifier {
         Step step;
         std::wstring axes;  // of a filter: the coordinates taken from the first point
-        std::vector<AcGePoint3d> points;
+        std::vector<AcGePoint3d> points;  // world
     };
 
-    Reading giveText(const std::wstring& text, InputFrame& frame);
+    Reading giveText(std::wstring_view text, InputFrame& frame);
+    Reading givePlainText(std::wstring_view text) const;
     Reading giveEmpty() const;
-    Reading givePoint(AcGePoint3d world, InputFrame& frame);
+    Reading givePick(const RawInput& input, InputFrame& frame);
+    Reading giveTypedPoint(std::wstring_view text, InputFrame& frame);
+    Reading givePoint(const AcGePoint3d& world, InputFrame& frame);
     Reading acceptPoint(const AcGePoint3d& world, const InputFrame& frame);
-    Reading giveNumber(double number, InputFrame& frame);
-    Reading giveSelection(const std::wstring& text, InputFrame& frame);
+    Reading acceptEntity(AcDbObjectId id, const AcGePoint3d& world) const;
+    std::optional<Reading> giveNumber(std::wstring_view text, const InputFrame& frame) const;
+    std::optional<Reading> giveObject(std::wstring_view text, const InputFrame& frame) const;
     Reading checkNumber(double number) const;
     Reading refuse() const;
+    /// No first point yet and no step inside: words and numbers are answers.
+    bool atStart() const { return m_modifiers.empty() && !m_first; }
     bool takesPoints() const;
-    bool startModifier(const std::wstring& text);
-    std::optional<Reading> readSnapWord(const std::wstring& text);
-    std::optional<AcGePoint3d> combine(const Modifier& modifier) const;
+    bool startModifier(std::wstring_view text);
+    std::optional<AcGePoint3d> combined(const InputFrame& frame) const;
     AcGePoint3d directDistance(double distance, const InputFrame& frame) const;
+    AcGePoint3d onLockedDirection(const AcGePoint3d& world, const InputFrame& frame) const;
+    double angleOf(const AcGePoint3d& from, const AcGePoint3d& to, const InputFrame& frame) const;
     void showCurrent();
 
     InputRequest m_request;
     InputRequest m_current;
     std::vector<Modifier> m_modifiers;
-    std::optional<AcGePoint3d> m_first;      // of two points, world
-    std::optional<double> m_lockedAngle;     // radians, user system
+    std::optional<AcGePoint3d> m_first;   // of two points, world
+    std::optional<double> m_lockedAngle;  // radians, user system
 };
 
 }  // namespace prancheta

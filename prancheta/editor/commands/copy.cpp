@@ -8,8 +8,8 @@ namespace prancheta::commands {
 Task<InputValue> askDisplacement(CommandContext context, Ids ids) {
     Memory& kept = memory(context);
     InputValue answer = co_await context.ask(
-        Prompt(InputKind::Point,
-                 L"\nEspecifique o deslocamento <" + pointText(AcGePoint3d::kOrigin + kept.displacement) + L">: ")
+        Prompt(InputKind::Point, L"\nEspecifique o deslocamento <" +
+                                     pointText(AcGePoint3d::kOrigin + kept.displacement) + L">: ")
             .from(AcGePoint3d::kOrigin)
             .moving(ids));
     if (answer.status == RTCAN) co_return answer;
@@ -38,8 +38,9 @@ const wchar_t* modeName(const Memory& kept) { return kept.copyOnce ? L"Único" :
 Task<InputValue> askMode(CommandContext context) {
     Memory& kept = memory(context);
     const InputValue answer = co_await context.ask(
-        Prompt(InputKind::Keyword, std::wstring(L"\nDigite uma opção de modo de cópia [Único/Múltiplo] <") +
-                                         modeName(kept) + L">: ")
+        Prompt(InputKind::Keyword,
+               std::wstring(L"\nDigite uma opção de modo de cópia [Único/Múltiplo] <") +
+                   modeName(kept) + L">: ")
             .words(kModeWords));
     if (answer.status == RTKWORD) kept.copyOnce = answer.text == L"Single";
     co_return answer;
@@ -47,12 +48,14 @@ Task<InputValue> askMode(CommandContext context) {
 
 /// Row of items, the original counted; `entities` receives the copies, `status` RTCAN when refused.
 Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
-    InputValue count = co_await context.ask(
-        Prompt(InputKind::Integer, L"\nDigite o número de itens da matriz: ").required().bits(RSG_NOZERO | RSG_NONEG));
+    InputValue count =
+        co_await context.ask(Prompt(InputKind::Integer, L"\nDigite o número de itens da matriz: ")
+                                 .required()
+                                 .bits(RSG_NOZERO | RSG_NONEG));
     if (count.status != RTNORM) co_return count;
     constexpr double kMostItems = 32767;
     if (count.number < 2 || count.number > kMostItems) {
-        context.print(L"\nRequer um inteiro entre 2 e 32767.");
+        say(context, L"Requer um inteiro entre 2 e 32767.");
         co_return count;
     }
     InputValue second = co_await context.ask(
@@ -63,8 +66,10 @@ Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
             .moving(ids));
     double steps = 1.0;
     if (second.status == RTKWORD) {
-        second = co_await context.ask(
-            Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ").from(base).required().moving(ids));
+        second = co_await context.ask(Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ")
+                                          .from(base)
+                                          .required()
+                                          .moving(ids));
         steps = count.number - 1;
     }
     if (second.status != RTNORM) co_return second;
@@ -80,10 +85,11 @@ Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
 Task<InputValue> copyToPoints(CommandContext context, AcGePoint3d base, Ids ids) {
     std::vector<Ids> made;
     for (;;) {
-        Prompt prompt(InputKind::Point,
-                          made.empty() ? L"\nEspecifique o segundo ponto ou [Matriz] <usar o primeiro ponto como "
-                                         L"deslocamento>: "
-                                       : L"\nEspecifique o segundo ponto ou [Matriz/Sair/Desfazer] <Sair>: ");
+        Prompt prompt(
+            InputKind::Point,
+            made.empty() ? L"\nEspecifique o segundo ponto ou [Matriz] <usar o primeiro ponto como "
+                           L"deslocamento>: "
+                         : L"\nEspecifique o segundo ponto ou [Matriz/Sair/Desfazer] <Sair>: ");
         prompt.from(base).moving(ids);
         if (made.empty())
             prompt.words(kSecondWords);
@@ -117,10 +123,12 @@ Task<InputValue> copyToPoints(CommandContext context, AcGePoint3d base, Ids ids)
 CommandTask copy(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    context.print(std::wstring(L"\nConfigurações atuais:  Modo de cópia = ") + modeName(memory(context)));
+    say(context,
+        std::wstring(L"Configurações atuais:  Modo de cópia = ") + modeName(memory(context)));
     for (;;) {
         const InputValue base = co_await context.ask(
-            Prompt(InputKind::Point, L"\nEspecifique o ponto base ou [Deslocamento/mOdo] <Deslocamento>: ")
+            Prompt(InputKind::Point,
+                   L"\nEspecifique o ponto base ou [Deslocamento/mOdo] <Deslocamento>: ")
                 .words(kBaseWords));
         if (base.status == RTCAN) co_return CommandEnd::Cancelled;
         if (isWord(base, L"mOde")) {

@@ -17,7 +17,8 @@ CommandTask erase(CommandContext context) {
 }
 
 CommandTask oops(CommandContext context) {
-    // After its ERASE was undone the set is of no use: what is erased of it now, undo has taken out.
+    // After its ERASE was undone the set is of no use: what is erased of it now, undo has taken
+    // out.
     const bool standing = context.database().core().undo().revision() >= memory(context).erasedAt;
     const Ids set = std::exchange(context.editor().lastErased(), {});
     std::size_t back = 0;
@@ -26,7 +27,7 @@ CommandTask oops(CommandContext context) {
         AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite, true);
         if (entity.openStatus() == Acad::eOk && entity->erase(Adesk::kFalse) == Acad::eOk) ++back;
     }
-    if (back == 0) context.print(L"\nNão há objetos apagados para restaurar.");
+    if (back == 0) say(context, L"Não há objetos apagados para restaurar.");
     co_return CommandEnd::Done;
 }
 

@@ -45,8 +45,8 @@ CommandTask explode(CommandContext context) {
     for (const AcDbObjectId id : chosen.ids)
         if (!explodeOne(id)) ++refused;
     if (refused > 0)
-        context.print(L"\n" + counted(refused, L"objeto não pôde ser explodido.",
-                                      L"objetos não puderam ser explodidos."));
+        say(context, counted(refused, L"objeto não pôde ser explodido.",
+                             L"objetos não puderam ser explodidos."));
     co_return CommandEnd::Done;
 }
 

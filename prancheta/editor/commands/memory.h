@@ -25,8 +25,8 @@ struct Memory {
     double plineEndWidth = 0.0;
     bool copyOnce = false;
     AcGeVector3d displacement;
-    std::wstring variable;        ///< last one of SETVAR
-    std::uint64_t erasedAt = 0;   ///< undo revision after the last ERASE
+    std::wstring variable;       ///< last one of SETVAR
+    std::uint64_t erasedAt = 0;  ///< undo revision after the last ERASE
 };
 
 /// The editor's own.

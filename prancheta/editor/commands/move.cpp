@@ -11,8 +11,7 @@ CommandTask move(CommandContext context) {
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
 
     const InputValue base = co_await context.ask(
-        Prompt(InputKind::Point,
-                 L"\nEspecifique o ponto base ou [Deslocamento] <Deslocamento>: ")
+        Prompt(InputKind::Point, L"\nEspecifique o ponto base ou [Deslocamento] <Deslocamento>: ")
             .words(kWords));
     if (base.status == RTCAN) co_return CommandEnd::Cancelled;
 
@@ -20,7 +19,7 @@ CommandTask move(CommandContext context) {
     if (base.status == RTNORM) {
         const InputValue second = co_await context.ask(
             Prompt(InputKind::Point,
-                     L"\nEspecifique o segundo ponto ou <usar o primeiro ponto como deslocamento>: ")
+                   L"\nEspecifique o segundo ponto ou <usar o primeiro ponto como deslocamento>: ")
                 .from(base.point)
                 .moving(chosen.ids));
         if (second.status == RTCAN) co_return CommandEnd::Cancelled;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // ROTATE: turns a selection about a point.
-#include <cmath>
-
+#include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -17,36 +16,35 @@ constexpr Word kNewAngleWords[] = {{L"Pontos", L"Points"}};
 void printAngleDirection(const CommandContext& context) {
     const SystemVariables& variables = context.editor().variables();
     const bool clockwise = variables.number(L"ANGDIR") != 0;
-    context.print(L"\nÂngulo positivo atual no UCS:  ANGDIR=" +
-                  std::wstring(clockwise ? L"horário" : L"anti-horário") + L"  ANGBASE=" +
-                  angleText(variables.real(L"ANGBASE")));
-}
-
-double directionOf(const AcGePoint3d& from, const AcGePoint3d& to) {
-    return std::atan2(to.y - from.y, to.x - from.x);
+    say(context, L"Ângulo positivo atual no UCS:  ANGDIR=" +
+                     std::wstring(clockwise ? L"horário" : L"anti-horário") + L"  ANGBASE=" +
+                     angleText(variables.real(L"ANGBASE")));
 }
 
 /// `number` is new angle less reference; `status` RTCAN when a question was refused.
 Task<InputValue> angleByReference(CommandContext context, AcGePoint3d base, Ids ids) {
     Memory& kept = memory(context);
-    InputValue reference = co_await context.ask(
-        Prompt(InputKind::Angle,
-                 L"\nEspecifique o ângulo de referência <" + angleText(kept.referenceAngle) + L">: "));
+    InputValue reference =
+        co_await context.ask(Prompt(InputKind::Angle, L"\nEspecifique o ângulo de referência <" +
+                                                          angleText(kept.referenceAngle) + L">: ")
+                                 .absolute());
     if (reference.status == RTCAN) co_return reference;
     if (reference.status == RTNORM) kept.referenceAngle = reference.number;
 
-    InputValue wanted = co_await context.ask(
-        Prompt(InputKind::Angle,
-                 L"\nEspecifique o novo ângulo ou [Pontos] <" + angleText(kept.newAngle) + L">: ")
-            .from(base)
-            .words(kNewAngleWords)
-            .turning(ids));
+    InputValue wanted =
+        co_await context.ask(Prompt(InputKind::Angle, L"\nEspecifique o novo ângulo ou [Pontos] <" +
+                                                          angleText(kept.newAngle) + L">: ")
+                                 .from(base)
+                                 .words(kNewAngleWords)
+                                 .absolute()
+                                 .turning(ids));
     if (wanted.status == RTKWORD) {
         const InputValue start = co_await context.ask(
             Prompt(InputKind::Point, L"\nEspecifique o primeiro ponto: ").required());
         if (start.status != RTNORM) co_return start;
-        wanted = co_await context.ask(
-            Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ").from(start.point).required());
+        wanted = co_await context.ask(Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ")
+                                          .from(start.point)
+                                          .required());
         wanted.number = directionOf(start.point, wanted.point);
     }
     if (wanted.status == RTCAN) co_return wanted;
@@ -62,8 +60,8 @@ CommandTask rotate(CommandContext context) {
     printAngleDirection(context);
     const Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    const InputValue base = co_await context.ask(
-        Prompt(InputKind::Point, L"\nEspecifique o ponto base: ").required());
+    const InputValue base =
+        co_await context.ask(Prompt(InputKind::Point, L"\nEspecifique o ponto base: ").required());
     if (base.status != RTNORM) co_return endOf(base.status);
 
     Memory& kept = memory(context);
@@ -71,12 +69,12 @@ CommandTask rotate(CommandContext context) {
     for (;;) {
         InputValue answer = co_await context.ask(
             Prompt(InputKind::Angle, L"\nEspecifique o ângulo de rotação ou [Copiar/Referência] <" +
-                                           angleText(kept.rotation) + L">: ")
+                                         angleText(kept.rotation) + L">: ")
                 .from(base.point)
                 .words(kAngleWords)
                 .turning(chosen.ids));
         if (isWord(answer, L"Copy")) {
-            context.print(L"\nGirando uma cópia dos objetos selecionados.");
+            say(context, L"Girando uma cópia dos objetos selecionados.");
             copying = true;
             continue;
         }

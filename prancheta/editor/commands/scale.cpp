@@ -17,14 +17,14 @@ Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base) {
     Memory& kept = memory(context);
     const InputValue reference = co_await context.ask(
         Prompt(InputKind::Distance, L"\nEspecifique o comprimento de referência <" +
-                                          lengthText(kept.referenceLength) + L">: ")
+                                        lengthText(kept.referenceLength) + L">: ")
             .bits(kPositive));
     if (reference.status == RTCAN) co_return reference;
     if (reference.status == RTNORM) kept.referenceLength = reference.number;
 
     InputValue wanted = co_await context.ask(
-        Prompt(InputKind::Distance,
-                 L"\nEspecifique o novo comprimento ou [Pontos] <" + lengthText(kept.newLength) + L">: ")
+        Prompt(InputKind::Distance, L"\nEspecifique o novo comprimento ou [Pontos] <" +
+                                        lengthText(kept.newLength) + L">: ")
             .from(base)
             .words(kNewLengthWords)
             .bits(kPositive));
@@ -43,28 +43,29 @@ Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base) {
 CommandTask scale(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    const InputValue base = co_await context.ask(
-        Prompt(InputKind::Point, L"\nEspecifique o ponto base: ").required());
+    const InputValue base =
+        co_await context.ask(Prompt(InputKind::Point, L"\nEspecifique o ponto base: ").required());
     if (base.status != RTNORM) co_return endOf(base.status);
 
     Memory& kept = memory(context);
     bool copying = false;
     for (;;) {
         InputValue answer = co_await context.ask(
-            Prompt(InputKind::Distance, L"\nEspecifique o fator de escala ou [Copiar/Referência] <" +
-                                              lengthText(kept.scale) + L">: ")
+            Prompt(InputKind::Distance,
+                   L"\nEspecifique o fator de escala ou [Copiar/Referência] <" +
+                       lengthText(kept.scale) + L">: ")
                 .from(base.point)
                 .words(kFactorWords)
                 .bits(kPositive));
         if (isWord(answer, L"Copy")) {
-            context.print(L"\nAplicando a escala a uma cópia dos objetos selecionados.");
+            say(context, L"Aplicando a escala a uma cópia dos objetos selecionados.");
             copying = true;
             continue;
         }
         if (isWord(answer, L"Reference")) answer = co_await factorByReference(context, base.point);
         if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
         if (answer.status == RTNORM && !(answer.number > 0.0)) {
-            context.print(L"\nO fator de escala deve ser maior que zero.");
+            say(context, L"O fator de escala deve ser maior que zero.");
             continue;
         }
         if (answer.status == RTNORM) kept.scale = answer.number;

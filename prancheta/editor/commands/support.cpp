@@ -32,6 +32,11 @@ Prompt& Prompt::bits(int flags) {
     return *this;
 }
 
+Prompt& Prompt::absolute() {
+    m_request.absoluteAngle = true;
+    return *this;
+}
+
 Prompt& Prompt::wholeLine() {
     m_request.blanksAllowed = true;
     return *this;
@@ -76,6 +81,8 @@ Task<InputValue> askYesNo(CommandContext context, std::wstring question, Choice 
     co_return answer;
 }
 
+void say(const CommandContext& context, std::wstring text) { context.print(text + L"\n"); }
+
 void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix) {
     std::size_t failed = 0;
     for (const AcDbObjectId id : ids) {
@@ -90,8 +97,8 @@ void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatri
         }
     }
     if (failed > 0)
-        context.print(L"\n" + counted(failed, L"objeto não pôde ser transformado.",
-                                      L"objetos não puderam ser transformados."));
+        say(context, counted(failed, L"objeto não pôde ser transformado.",
+                             L"objetos não puderam ser transformados."));
 }
 
 Ids cloneAll(const CommandContext& context, const Ids& ids) {
@@ -100,7 +107,7 @@ Ids cloneAll(const CommandContext& context, const Ids& ids) {
     AcDbObjectIdArray copies;
     AcDbDatabase& database = context.database();
     if (database.deepCloneObjects(originals, database.currentSpaceId(), copies) != Acad::eOk) {
-        context.print(L"\nOs objetos não puderam ser copiados.");
+        say(context, L"Os objetos não puderam ser copiados.");
         return {};
     }
     return Ids(copies.begin(), copies.end());
@@ -113,9 +120,8 @@ Ids eraseAll(const CommandContext& context, const Ids& ids) {
         if (entity.openStatus() == Acad::eOk && entity->erase() == Acad::eOk) erased.push_back(id);
     }
     if (erased.size() < ids.size())
-        context.print(L"\n" + counted(ids.size() - erased.size(),
-                                      L"objeto não pôde ser apagado.",
-                                      L"objetos não puderam ser apagados."));
+        say(context, counted(ids.size() - erased.size(), L"objeto não pôde ser apagado.",
+                             L"objetos não puderam ser apagados."));
     return erased;
 }
 
@@ -125,7 +131,7 @@ AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity
     AcDbObjectPointer<AcDbBlockTableRecord> space(database.currentSpaceId(), AcDb::kForWrite);
     AcDbObjectId id;
     if (space.openStatus() != Acad::eOk || space->appendAcDbEntity(id, entity.get()) != Acad::eOk) {
-        context.print(L"\nO objeto não pôde ser criado.");
+        say(context, L"O objeto não pôde ser criado.");
         return AcDbObjectId::kNull;
     }
     (void)entity.release()->close();  // the database owns it now

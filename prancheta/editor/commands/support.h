@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What built-in commands share: questions, selections, transformations, new entities, numbers in prompts.
+// What built-in commands share: questions, selections, transformations, new entities, numbers in
+// prompts.
 #pragma once
 
 #include <memory>
@@ -31,6 +32,8 @@ public:
     Prompt& required();
     /// RSG_* bits.
     Prompt& bits(int flags);
+    /// An angle counts from +X whatever ANGBASE says.
+    Prompt& absolute();
     /// Blanks belong to the answer.
     Prompt& wholeLine();
     /// These entities follow the pointer: moved from the base, or turned about it.
@@ -46,13 +49,16 @@ private:
 Task<Selection> selectForChange(CommandContext context);
 Task<Selection> selectToRead(CommandContext context);
 
-/// Two points, the first one asked with `first`; `number` is their distance, `point` the second one and
-/// `status` RTCAN when one was refused.
+/// Two points, the first one asked with `first`; `number` is their distance, `point` the second one
+/// and `status` RTCAN when one was refused.
 Task<InputValue> askTwoPoints(CommandContext context, std::wstring first, std::wstring second);
 
 /// [Sim/Não]; `number` is 1 for yes. Enter takes the default.
 enum class Choice { No, Yes };
 Task<InputValue> askYesNo(CommandContext context, std::wstring question, Choice byDefault);
+
+/// One line of text on the command line.
+void say(const CommandContext& context, std::wstring text);
 
 /// How a command ends whose last answer had this status.
 inline CommandEnd endOf(int status) {
@@ -64,14 +70,14 @@ inline bool isWord(const InputValue& answer, std::wstring_view global) {
 
 /// Transforms every entity; says on the command line how many could not be.
 void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix);
-/// Copies with their references among themselves translated, in the current space; empty, after saying so,
-/// when they could not be made.
+/// Copies with their references among themselves translated, in the current space; empty, after
+/// saying so, when they could not be made.
 Ids cloneAll(const CommandContext& context, const Ids& ids);
 /// Erases; returns those that were erased.
 Ids eraseAll(const CommandContext& context, const Ids& ids);
 
-/// Appends to the current space with the current layer, colour and linetype. Null, after saying so, when
-/// that fails; the entity is deleted then.
+/// Appends to the current space with the current layer, colour and linetype. Null, after saying so,
+/// when that fails; the entity is deleted then.
 AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity);
 
 /// As LUNITS and LUPREC ask; drawing units.
@@ -82,8 +88,8 @@ std::wstring pointText(const AcGePoint3d& p);
 /// "1 objeto" and "2 objetos": the number with the word that agrees with it.
 std::wstring counted(std::size_t count, std::wstring_view one, std::wstring_view many);
 
-/// True when `name` matches one of the patterns, which are separated by commas; `*`, `?` and `#` (a digit)
-/// as users know them, case ignored.
+/// True when `name` matches one of the patterns, which are separated by commas; `*`, `?` and `#` (a
+/// digit) as users know them, case ignored.
 bool matches(std::wstring_view name, std::wstring_view patterns);
 /// Parts between commas, trimmed, empty ones left out.
 std::vector<std::wstring> splitList(std::wstring_view list);

@@ -11,7 +11,8 @@ namespace {
 constexpr int kModal = ACRX_CMD_MODAL;
 /// Takes what was selected before it.
 constexpr int kPickset = ACRX_CMD_USEPICKSET;
-/// Changes the picture or the session, not the drawing: runs inside other commands and undoes nothing.
+/// Changes the picture or the session, not the drawing: runs inside other commands and undoes
+/// nothing.
 constexpr int kView = ACRX_CMD_TRANSPARENT | ACRX_CMD_NO_UNDO_MARKER;
 /// Works on the undo log or replaces the drawing.
 constexpr int kSession = ACRX_CMD_SESSION | ACRX_CMD_NO_UNDO_MARKER;

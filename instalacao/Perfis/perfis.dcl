@@ -1,0 +1,316 @@
+// Diálogos dos comandos de perfis. As partes comuns vêm primeiro; cada comando monta o seu diálogo com elas.
+
+// ---- Peças de um só controle --------------------------------------------------------------------
+
+catalogo : list_box {
+    key = "lista";
+    width = 34;
+    height = 14;
+    tabs = "9 18 27";
+    fixed_width_font = true;
+}
+
+medida : edit_box {
+    edit_width = 10;
+    edit_limit = 79;
+}
+
+altura_h : medida { key = "h"; label = "&Altura h (mm)"; }
+aba_b : medida { key = "b"; label = "A&ba b (mm)"; }
+largura_b : medida { key = "b"; label = "Largura &b (mm)"; }
+espessura_t : medida { key = "t"; label = "&Espessura t (mm)"; }
+enrijecedor_a : medida { key = "a"; label = "E&nrijecedor a (mm)"; }
+
+// ---- Conjuntos ----------------------------------------------------------------------------------
+
+// Edição do catálogo; Remover espera a escolha de uma linha.
+botoes_do_catalogo : row {
+    fixed_width = true;
+    alignment = centered;
+    : button { key = "addtolist"; label = "A&dicionar"; }
+    : button { key = "substolist"; label = "S&ubstituir"; }
+    : button { key = "deltolist"; label = "&Remover"; is_enabled = false; }
+}
+
+// Figura da seção, escolha da vista, ponto de inserção, cotas e função da barra.
+vista_e_insercao : column {
+    : image {
+        key = "showall";
+        width = 32;
+        aspect_ratio = 1.33;
+        color = graphics_background;
+        fixed_width = true;
+        fixed_height = true;
+        alignment = centered;
+    }
+    : boxed_column {
+        label = "Vista";
+        : row {
+            : toggle { key = "vista0"; label = "&Somente seção"; }
+            : button { key = "OutraVista"; label = "&Outra vista..."; }
+        }
+        : popup_list { key = "ins_list"; label = "&Inserção"; edit_width = 16; }
+        : toggle { key = "visualizar"; label = "&Visualizar inserção"; }
+    }
+    : row {
+        : toggle { key = "dimensionar"; label = "Co&tas automáticas"; }
+        : button { key = "ButtonTipoBarra"; label = "Ti&po de barra..."; }
+    }
+}
+
+// Mensagem de erro e saída.
+rodape : column {
+    : text { key = "error"; width = 50; }
+    ok_cancel;
+}
+
+// ---- Comandos de uma peça -----------------------------------------------------------------------
+
+// perfilu
+pu_geracao : dialog {
+    label = "Perfil U dobrado";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// pcantoneira
+pl_geracao : dialog {
+    label = "Cantoneira dobrada";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                : enrijecedor_a { label = "Aba (&não usada)"; }
+            }
+            : toggle { key = "travejar"; label = "Trave&jar"; }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilur
+pur_geracao : dialog {
+    label = "Perfil U enrijecido";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                enrijecedor_a;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilz
+pz_geracao : dialog {
+    label = "Perfil Z dobrado";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                enrijecedor_a;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilc
+pc_geracao : dialog {
+    label = "Perfil cartola";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                : aba_b { label = "Topo &b (mm)"; }
+                espessura_t;
+                : enrijecedor_a { label = "Aba exter&na a (mm)"; }
+            }
+            : toggle { key = "travejar"; label = "Trave&jar"; }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilcaixa
+pcaixa_geracao : dialog {
+    label = "Caixa de dois perfis U enrijecidos";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                enrijecedor_a;
+            }
+            : toggle { key = "travejar"; label = "Trave&jar"; }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilbox
+pbox_geracao : dialog {
+    label = "Tubo retangular";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                largura_b;
+                espessura_t;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfiltubo
+ptb_geracao : dialog {
+    label = "Tubo redondo";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: d  di (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                : medida { key = "d"; label = "Diâ&metro externo d (mm)"; }
+                : medida { key = "di"; label = "Espessura da par&ede di (mm)"; }
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilbarraredonda
+pbr_geracao : dialog {
+    label = "Barra redonda";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: d (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                : medida { key = "d"; label = "Diâ&metro d (mm)"; }
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// bnlaminado
+bnlam_geracao : dialog {
+    label = "Cantoneira laminada de abas iguais";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilcl e cantoneiracaixalaminada
+pllam_geracao : dialog {
+    label = "Cantoneira laminada";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// PERFILULAMINADO
+pulam_geracao : dialog {
+    label = "Perfil U laminado";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// ---- Função da barra na estrutura ---------------------------------------------------------------
+
+tipo_barras : dialog {
+    label = "Tipo de barra";
+    : boxed_radio_column {
+        key = "TipoRow";
+        label = "Função na estrutura";
+        : radio_button { key = "bt_barra"; label = "&Barra simples"; }
+        : radio_button { key = "bt_mt"; label = "&Montante"; }
+        : radio_button { key = "bt_di"; label = "&Diagonal"; }
+        : radio_button { key = "bt_bi"; label = "Banzo &inferior"; }
+        : radio_button { key = "bt_bs"; label = "Banzo &superior"; }
+        : radio_button { key = "bt_viga"; label = "&Viga"; }
+        : radio_button { key = "bt_pilar"; label = "&Pilar"; }
+        : radio_button { key = "bt_terca"; label = "&Terça"; }
+    }
+    ok_cancel;
+}

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// Command bnlaminado: rolled equal angle turned by 45 degrees.
+#include <numbers>
+
+#include "perfis/commands/common_sections.h"
+#include "perfis/commands/handlers.h"
+#include "perfis/commands/profile_run.h"
+#include "perfis/entities/zplaminados.h"
+
+namespace perfis {
+namespace {
+
+constexpr double kRoot2 = std::numbers::sqrt2;
+
+/// Distance from the reference point to the heel: a third of each leg from both backs.
+double heelDistance(const Medidas& m) { return kRoot2 * m.h / 3.0; }
+/// Half the height over the tips of the legs.
+double tipHeight(const Medidas& m) { return m.h / kRoot2; }
+/// From the reference point to the rounded tips.
+double tipDistance(const Medidas& m) {
+    const double toeRadius = m.t / 2.0;
+    return (m.h + m.t) / kRoot2 - heelDistance(m) - toeRadius * (kRoot2 - 1.0);
+}
+
+constexpr Insertion kInsertions[] = {
+    {L"RIGHT UPPER",
+     [](const Medidas& m) {
+         return Shift{-tipDistance(m), -tipHeight(m)};
+     }},
+    {L"RIGHT DOWN",
+     [](const Medidas& m) {
+         return Shift{-tipDistance(m), tipHeight(m)};
+     }},
+    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+};
+
+Shift memberShift(const Medidas& m, const MemberPlace& place) {
+    switch (place.view) {
+        case 1:
+            return shiftByReach({-tipDistance(m), heelDistance(m)}, place);
+        case 2:
+            return shiftByReach({-heelDistance(m), tipDistance(m)}, place);
+        default:
+            return shiftByReach({-tipHeight(m), tipHeight(m)}, place);
+    }
+}
+
+/// The class takes a third of the leg along its own axes, twice over.
+double axisValue(const Medidas& m) { return -2.0 * m.h / (6.0 * kRoot2); }
+
+std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpBNLaminado>(point, request.view, m.h, m.t, axisValue(m), m.t, 0.0,
+                                          0.0, request.length, m.m, kAreaOfMass * m.m);
+}
+
+std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
+                                    const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpBNLaminado>(start, end, request.view, m.h, m.t, axisValue(m), m.t,
+                                          0.0, m.m, kAreaOfMass * m.m);
+}
+
+void dimensionSection(PieceDimensions& d, const Medidas& m) {
+    const AcGePoint3d heel = d.at(-heelDistance(m), 0.0);
+    const AcGePoint3d tip = heel + d.by(m.h / kRoot2, m.h / kRoot2);
+    const double near = kNearLine / kRoot2;
+    d.add(heel, tip, heel + d.off(-near, near));
+    d.add(tip, tip + d.by(m.t / kRoot2, -m.t / kRoot2), tip + d.off(near, near));
+}
+
+const ProfileDescription kCantoneiraGirada = {
+    .dialog = L"bnlam_geracao",
+    .list = L"pl_lam.lst",
+    .edits = CatalogueEdits::kNone,
+    .massColumn = true,
+    .slides = L"bnlam",
+    .figures = 2,
+    .tiles = kTilesHbt,
+    .insertions = kInsertions,
+    .valid = validHbt,
+    .memberShift = memberShift,
+    .onePoint = onePoint,
+    .twoPoints = twoPoints,
+    .dimensionSection = dimensionSection,
+};
+
+}  // namespace
+
+void bnlam() { runProfile(kCantoneiraGirada); }
+
+}  // namespace perfis

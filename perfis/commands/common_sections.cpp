@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// Parts that several single-piece commands have in common.
+#include "perfis/commands/common_sections.h"
+
+#include "perfis/dialogs/tiles.h"
+
+namespace perfis {
+namespace {
+
+constexpr DimensionTile kHbta[] = {
+    {L"h", &Medidas::h, L"0"},
+    {L"b", &Medidas::b, L"0"},
+    {L"t", &Medidas::t, L"0.00"},
+    {L"a", &Medidas::a, L"0"},
+};
+
+constexpr double kOneThird = 1.0 / 3.0;
+constexpr double kTwoThirds = 2.0 / 3.0;
+
+constexpr Insertion kUCorners[] = {
+    {L"RIGHT DOWN",
+     [](const Medidas& m) {
+         return Shift{-kTwoThirds * m.b, m.h / 2.0};
+     }},
+    {L"LEFT DOWN",
+     [](const Medidas& m) {
+         return Shift{kOneThird * m.b, m.h / 2.0};
+     }},
+    {L"RIGHT UPPER",
+     [](const Medidas& m) {
+         return Shift{-kTwoThirds * m.b, -m.h / 2.0};
+     }},
+    {L"LEFT UPPER",
+     [](const Medidas& m) {
+         return Shift{kOneThird * m.b, -m.h / 2.0};
+     }},
+    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+};
+
+constexpr Insertion kRoundEdges[] = {
+    {L"DOWN",
+     [](const Medidas& m) {
+         return Shift{0.0, m.d / 2.0};
+     }},
+    {L"RIGHT",
+     [](const Medidas& m) {
+         return Shift{-m.d / 2.0, 0.0};
+     }},
+    {L"LEFT",
+     [](const Medidas& m) {
+         return Shift{m.d / 2.0, 0.0};
+     }},
+    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+};
+
+}  // namespace
+
+constinit const std::span<const DimensionTile> kTilesHbt(kHbta, 3);
+constinit const std::span<const DimensionTile> kTilesHbta(kHbta);
+constinit const std::span<const Insertion> kUInsertions(kUCorners);
+constinit const std::span<const Insertion> kRoundInsertions(kRoundEdges);
+
+std::wstring rowOfHbta(ads_hdlg dialog) {
+    return buildRow(tileText(dialog, L"h"), tileText(dialog, L"b"), tileText(dialog, L"t"),
+                    tileText(dialog, L"a"));
+}
+
+bool validHbt(const Medidas& medidas) {
+    return medidas.h > 0.0 && medidas.b > 0.0 && medidas.t > 0.0;
+}
+
+bool validHbta(const Medidas& medidas) { return validHbt(medidas) && medidas.a > 0.0; }
+
+void dimensionWVT(PieceDimensions& dimensions, const Medidas& medidas) {
+    dimensions.width();
+    dimensions.height();
+    dimensions.thickness(medidas.t);
+}
+
+Shift boxMemberShift(const Medidas& medidas, const MemberPlace& place) {
+    return shiftByReach(symmetricReach(medidas.h, medidas.b, place.view), place);
+}
+
+Shift roundMemberShift(const Medidas& medidas, const MemberPlace& place) {
+    return shiftByReach(symmetricReach(medidas.d, medidas.d, place.view), place);
+}
+
+}  // namespace perfis

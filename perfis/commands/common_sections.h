@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// Parts that several single-piece commands have in common.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "perfis/commands/profile_description.h"
+
+namespace perfis {
+
+/// h, b, t and h, b, t, a.
+extern const std::span<const DimensionTile> kTilesHbt;
+extern const std::span<const DimensionTile> kTilesHbta;
+
+/// Corners and centre of a U whose web stands a third of the flange left of the axis.
+extern const std::span<const Insertion> kUInsertions;
+
+/// Edges and centre of a round section.
+extern const std::span<const Insertion> kRoundInsertions;
+
+/// Area in mm2 of a linear mass in kg/m, as the rolled classes take it.
+inline constexpr double kAreaOfMass = 127.1848;
+
+/// Row of the tiles h, b, t and, when the dialog has it, a.
+std::wstring rowOfHbta(ads_hdlg dialog);
+
+/// h, b, t > 0.
+bool validHbt(const Medidas& medidas);
+/// h, b, t, a > 0.
+bool validHbta(const Medidas& medidas);
+
+/// Width, height, thickness.
+void dimensionWVT(PieceDimensions& dimensions, const Medidas& medidas);
+
+/// A member seen h high and b wide, symmetric to its axis.
+Shift boxMemberShift(const Medidas& medidas, const MemberPlace& place);
+
+/// A round member of diameter d.
+Shift roundMemberShift(const Medidas& medidas, const MemberPlace& place);
+
+}  // namespace perfis

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Makes the drawing of a command that draws one piece.
+#pragma once
+
+#include "perfis/commands/profile_description.h"
+#include "perfis/commands/run_state.h"
+#include "perfis/output/open_piece.h"
+
+namespace perfis {
+
+inline constexpr const wchar_t* kInsertionPrompt = L"\nIndique o ponto de insercao: ";
+
+/// Length of the piece that stands for a section.
+inline constexpr double kSectionLength = 1000.0;
+
+/// Asks for points, draws the piece, its dimensions and its row of the material list, and hands it
+/// to placement; with pick-and-go drags pieces until one is refused. RTNORM, or RTCAN when the
+/// insertion point is refused.
+int generateProfile(const ProfileDescription& description, RunState& state);
+
+/// View of the next piece: the section, or the figure of the views dialog.
+ZpObject::ZpVistas chosenView(const ViewsChoice& views);
+
+/// From the picked point to the piece's own, by the section's insertion table or the member's
+/// alignment.
+Shift insertionShift(const ProfileDescription& description, const RunState& state);
+
+/// Drags pieces by start and end point until one is refused.
+int dragPieces(const ProfileDescription& description, const RunState& state);
+
+/// Makes the automatic dimensions when the shared flag asks for them and ties them to the piece.
+std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
+                                         const RunState& state, OpenPiece& piece);
+
+/// Number of pieces as the material list takes it: at least 1.
+int pieceCount(const ViewsChoice& views);
+
+}  // namespace perfis

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+// The flow of a profile command: what its handler does, and what its dialog shows at each opening.
+// The callbacks stand in profile_callbacks.cpp.
+#include "perfis/commands/profile_run.h"
+
+#include "acutads.h"
+#include "perfis/commands/profile_generator.h"
+#include "perfis/dialogs/installation.h"
+#include "perfis/dialogs/tiles.h"
+#include "perfis/frame/portability.h"
+#include "perfis/output/shared_dimension.h"
+
+namespace perfis {
+
+ProfileRun::ProfileRun(const ProfileDescription& description)
+    : m_description(description),
+      m_catalogue(description.makeCatalogue()),
+      m_state(resetState(description)) {}
+
+void ProfileRun::execute() {
+    const std::optional<std::wstring> folder = requiredInstallationFolder();
+    if (!folder) return;
+    const std::optional<std::wstring> path = listPath(*folder, m_description.list);
+    if (!path || !slidePath(*folder, m_description.slides, L"secao")) {
+        reportLongPath();
+        return;
+    }
+    m_catalogue->read(*path);
+    if (runLoop(L"perfis.dcl", m_description.dialog) == kDialogDone) {
+        keepEdits(*path);
+    } else {
+        (void)acutPrintf(L"\nErro ao executar função");
+    }
+}
+
+void ProfileRun::keepEdits(const std::wstring& path) {
+    if (m_description.edits == CatalogueEdits::kWrittenBack) m_catalogue->write(path);
+}
+
+void ProfileRun::open(ads_hdlg dialog) {
+    wire(dialog);
+    wireOwnTiles(dialog);
+    for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
+        setTile(dialog, m_description.tiles[i].key, m_state.texts[i]);
+    setToggle(dialog, L"dimensionar", sharedDimensionFlag() != 0);
+    setToggle(dialog, L"visualizar", m_state.showInsertion);
+    setToggle(dialog, L"vista0", m_state.views.sectionOnly);
+    setSectionModes(dialog);
+    enableTile(dialog, L"dimensionar", !m_state.views.pickAndGo);
+    showOwnTiles(dialog);
+    refresh(dialog);
+    showPreview(dialog);
+    showList(dialog);
+    showInsertionNames(dialog);
+    setTile(dialog, L"ins_list", m_state.insertion);
+}
+
+void ProfileRun::closed(int status) {
+    if (status == kDialogAccepted) {
+        // A refused point ends the command as normally as a drawn piece.
+        (void)generate();
+    } else if (status == kDialogReopen) {
+        // A views dialog that cannot be opened has said so; the choice stays.
+        (void)editViews(m_description.slides, m_state.views, m_description.figures);
+    }
+}
+
+int ProfileRun::generate() { return generateProfile(m_description, m_state); }
+
+void ProfileRun::setSectionModes(ads_hdlg dialog) {
+    const bool sectionOnly = m_state.views.sectionOnly;
+    enableTile(dialog, L"OutraVista", !sectionOnly);
+    enableTile(dialog, L"visualizar", sectionOnly);
+    enableTile(dialog, L"ins_list", sectionOnly);
+}
+
+void ProfileRun::showPreview(ads_hdlg dialog) {
+    showSection(dialog, m_description.slides,
+                m_state.showInsertion ? m_state.slide : kSectionSlide);
+}
+
+void ProfileRun::showList(ads_hdlg dialog) {
+    if (m_catalogue->count() > 0) m_catalogue->fill(dialog, L"lista");
+}
+
+void ProfileRun::showInsertionNames(ads_hdlg dialog) {
+    std::vector<const wchar_t*> names;
+    for (const Insertion& insertion : m_description.insertions) names.push_back(insertion.name);
+    names.push_back(kEndMark);
+    (void)fillFixedList(dialog, L"ins_list", names.data());
+}
+
+void ProfileRun::readMedidas(ads_hdlg dialog) {
+    for (const DimensionTile& tile : m_description.tiles)
+        m_state.medidas.*tile.value = tileReal(dialog, tile.key);
+}
+
+void ProfileRun::refresh(ads_hdlg dialog) {
+    readMedidas(dialog);
+    if (!editable()) return;
+    const bool valid = m_description.valid(m_state.medidas);
+    enableTile(dialog, L"addtolist", valid);
+    enableTile(dialog, L"substolist", valid);
+}
+
+const wchar_t* ProfileRun::acceptFault(ads_hdlg dialog) {
+    const ViewsChoice& views = m_state.views;
+    refresh(dialog);
+    if (!views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo) return kInvalidLength;
+    if (!m_description.valid(m_state.medidas)) return kInvalidSection;
+    readMedidas(dialog);
+    return nullptr;
+}
+
+void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
+    const std::vector<std::wstring> fields = splitRow(row);
+    std::size_t column = 0;
+    for (const DimensionTile& tile : m_description.tiles) {
+        if (tile.rowUse == RowUse::kNone) continue;
+        const bool present = column < fields.size();
+        if (present || tile.rowUse == RowUse::kFills)
+            setTile(dialog, tile.key, present ? fields[column] : std::wstring());
+        ++column;
+    }
+    if (m_description.massColumn)
+        m_state.medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
+}
+
+void runProfile(const ProfileDescription& description) {
+    try {
+        ProfileRun(description).execute();
+    } catch (const std::exception&) {
+        (void)acedPrompt(L"\nMemória insuficiente: o comando não foi concluído.\n");
+    }
+}
+
+}  // namespace perfis

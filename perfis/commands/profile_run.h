@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// One run of a profile command: catalogue, dialog, views, generation. All commands share it; what
+// differs is the description, and for some commands the virtual steps below.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "perfis/commands/profile_description.h"
+#include "perfis/commands/run_state.h"
+#include "perfis/dialogs/dialog_loop.h"
+
+namespace perfis {
+
+inline constexpr const wchar_t* kInvalidLength = L"Comprimento inválido para vista.";
+inline constexpr const wchar_t* kInvalidSection = L"Dados inválidos para gerar perfil.";
+
+class ProfileRun : public ReopeningDialog {
+public:
+    explicit ProfileRun(const ProfileDescription& description);
+
+    /// The whole command, from the installation folder to the catalogue's way back to its file.
+    void execute();
+
+protected:
+    const ProfileDescription& description() const { return m_description; }
+    RunState& state() { return m_state; }
+    Catalogue& catalogue() { return *m_catalogue; }
+
+    void open(ads_hdlg dialog) override;
+    void closed(int status) override;
+    void reportMissing() override { (void)acdbFail(kMissingDialog); }
+
+    /// Callbacks of tiles that only this command has.
+    virtual void wireOwnTiles(ads_hdlg) {}
+    /// Their values and modes, after those of the common tiles.
+    virtual void showOwnTiles(ads_hdlg) {}
+    /// Reads the dimensions and enables the buttons that depend on them; run after every change.
+    virtual void refresh(ads_hdlg dialog);
+    /// Fills "lista" at an opening.
+    virtual void showList(ads_hdlg dialog);
+    /// Takes the row that was picked into the tiles.
+    virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
+    /// Message for the tile "error" when the dialog may not be accepted; null when it may.
+    virtual const wchar_t* acceptFault(ads_hdlg dialog);
+    /// Makes the drawing after the dialog was accepted: RTNORM, RTCAN.
+    virtual int generate();
+    /// Writes the catalogue back at a normal end, where the command keeps its edits.
+    virtual void keepEdits(const std::wstring& path);
+
+    bool editable() const { return m_description.edits != CatalogueEdits::kNone; }
+    void readMedidas(ads_hdlg dialog);
+    void showPreview(ads_hdlg dialog);
+
+private:
+    template <void (ProfileRun::*Method)(const ads_callback_packet&)>
+    static constexpr CLIENTFUNC callback = dialogCallback<ProfileRun, Method>;
+
+    void wire(ads_hdlg dialog);
+    void showInsertionNames(ads_hdlg dialog);
+    void refillList(ads_hdlg dialog);
+    bool hasSelectedRow() const { return m_state.selectedRow < m_catalogue->count(); }
+    void setSectionModes(ads_hdlg dialog);
+
+    void onDimension(const ads_callback_packet& packet) { refresh(packet.dialog); }
+    void onList(const ads_callback_packet& packet);
+    void onAdd(const ads_callback_packet& packet);
+    void onReplace(const ads_callback_packet& packet);
+    void onRemove(const ads_callback_packet& packet);
+    void onSectionOnly(const ads_callback_packet& packet);
+    void onShowInsertion(const ads_callback_packet& packet);
+    void onInsertion(const ads_callback_packet& packet);
+    void onDimensioning(const ads_callback_packet& packet);
+    void onOtherView(const ads_callback_packet& packet);
+    void onAccept(const ads_callback_packet& packet);
+
+    const ProfileDescription& m_description;
+    std::unique_ptr<Catalogue> m_catalogue;
+    RunState m_state;
+};
+
+/// A command without steps of its own. No exception leaves it.
+void runProfile(const ProfileDescription& description);
+
+}  // namespace perfis

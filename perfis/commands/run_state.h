@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// What a command remembers while its dialog closes and opens again.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "perfis/commands/medidas.h"
+#include "perfis/commands/profile_description.h"
+#include "perfis/dialogs/section_preview.h"
+#include "perfis/dialogs/views_dialog.h"
+
+namespace perfis {
+
+/// A fresh one is the state at the start of a command. Whether to make dimensions is not here: that
+/// flag is shared by all commands.
+struct RunState {
+    std::vector<std::wstring> texts;  ///< of the dimension tiles, saved before a visit to the views
+    Medidas medidas;
+    ViewsChoice views;
+    bool showInsertion = false;  ///< the preview marks the insertion point
+    int insertion = 0;           ///< index in "ins_list"
+    int slide = kFirstInsertionSlide;
+    int barType = 0;
+    int selectedRow = 0;
+};
+
+/// The state with which a run of this command starts; turns the shared dimension flag off.
+RunState resetState(const ProfileDescription& description);
+
+}  // namespace perfis

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+// Tiles of the host's dialogs, a step more comfortable than its own functions.
+#include "perfis/dialogs/tiles.h"
+
+#include "perfis/dialogs/installation.h"
+#include "perfis/frame/encoding.h"
+#include "perfis/frame/portability.h"
+#include "zp/forja/zpstringlist.h"
+
+namespace perfis {
+namespace {
+
+constexpr int kLongestTile = 511;
+
+struct SlideScale {
+    double x = 1.0;
+    double y = 1.0;
+};
+
+/// `fill` paints the tile with the colour first.
+void drawSlide(ads_hdlg dialog, const wchar_t* key, const std::wstring& slide, bool fill,
+               short color, const SlideScale& scale) {
+    if (ads_start_image(dialog, key) != RTNORM) return;
+    short width = 0;
+    short height = 0;
+    (void)ads_dimensions_tile(dialog, key, &width, &height);
+    if (fill) (void)ads_fill_image(0, 0, width, height, color);
+    (void)ads_slide_image(0, 0, static_cast<short>(width * scale.x),
+                          static_cast<short>(height * scale.y), slide.c_str());
+    (void)ads_end_image();
+}
+
+}  // namespace
+
+std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int length) {
+    // Hosts differ in whether the length counts the terminator.
+    wchar_t text[kLongestTile + 2] = {};
+    if (length > kLongestTile) length = kLongestTile;
+    if (ads_get_tile(dialog, key, text, length) != RTNORM) return {};
+    return text;
+}
+
+double tileReal(ads_hdlg dialog, const wchar_t* key) { return textToReal(tileText(dialog, key)); }
+
+void setTile(ads_hdlg dialog, const wchar_t* key, const std::wstring& text) {
+    (void)ads_set_tile(dialog, key, text.c_str());
+}
+
+void setTile(ads_hdlg dialog, const wchar_t* key, int number) {
+    setTile(dialog, key, std::to_wstring(number));
+}
+
+void setToggle(ads_hdlg dialog, const wchar_t* key, bool on) {
+    (void)ads_set_tile(dialog, key, on ? L"1" : L"0");
+}
+
+void enableTile(ads_hdlg dialog, const wchar_t* key, bool enabled) {
+    (void)ads_mode_tile(dialog, key, enabled ? MODE_ENABLE : MODE_DISABLE);
+}
+
+void showError(ads_hdlg dialog, const wchar_t* message) {
+    (void)ads_set_tile(dialog, L"error", message);
+}
+
+int fillFixedList(ads_hdlg dialog, const wchar_t* key, const wchar_t* const* table) {
+    constexpr int kMostEntries = 1000;
+    int count = 0;
+    while (count < kMostEntries && !equalIgnoringCase(table[count], kEndMark)) ++count;
+    if (count == kMostEntries) return kNoEndMark;
+    if (ads_start_list(dialog, key, LIST_NEW, 0) != RTNORM) return RTERROR;
+    for (int i = 0; i < count; ++i) (void)ads_add_list(table[i]);
+    (void)ads_end_list();
+    return RTNORM;
+}
+
+int fillList(ads_hdlg dialog, const wchar_t* key, const ZpStringList& list) {
+    if (ads_start_list(dialog, key, LIST_NEW, 0) != RTNORM) return 0;
+    for (int i = 0; i < list.length(); ++i)
+        (void)ads_add_list(static_cast<const wchar_t*>(list.at(i)));
+    (void)ads_end_list();
+    return 1;
+}
+
+void showSlide(ads_hdlg dialog, const wchar_t* key, std::wstring_view library,
+               std::wstring_view slide, short color) {
+    const std::optional<std::wstring> folder = installationFolder();
+    if (!folder) return;
+    // A path that does not fit names no slide: the tile is cleared all the same.
+    const std::optional<std::wstring> path = slidePath(*folder, library, slide);
+    drawSlide(dialog, key, path.value_or(L""), true, color, SlideScale{});
+}
+
+}  // namespace perfis

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// What every dialog does with its tiles: texts, modes, lists, slides.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "adsdlg.h"
+
+class ZpStringList;
+
+namespace perfis {
+
+/// How many characters of a tile are read where nothing else is said.
+inline constexpr int kTileText = 79;
+
+/// Text of a tile, at most `length` characters; empty for a tile that the dialog does not have.
+std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int length = kTileText);
+/// Leading number of a tile's text.
+double tileReal(ads_hdlg dialog, const wchar_t* key);
+
+void setTile(ads_hdlg dialog, const wchar_t* key, const std::wstring& text);
+void setTile(ads_hdlg dialog, const wchar_t* key, int number);
+/// "0" or "1".
+void setToggle(ads_hdlg dialog, const wchar_t* key, bool on);
+void enableTile(ads_hdlg dialog, const wchar_t* key, bool enabled);
+/// The tile "error".
+void showError(ads_hdlg dialog, const wchar_t* message);
+
+/// Last entry of every fixed table of strings; case is ignored.
+inline constexpr const wchar_t* kEndMark = L"##FIM##";
+/// Result of fillFixedList for a table without end mark among its first thousand entries.
+inline constexpr int kNoEndMark = 301;
+
+/// Fills a list or popup tile from a table that ends with kEndMark. RTNORM; kNoEndMark, and the
+/// tile is left as it was.
+int fillFixedList(ads_hdlg dialog, const wchar_t* key, const wchar_t* const* table);
+
+/// Fills a list tile from a list of the string library: 1, or 0 when the tile takes no list.
+int fillList(ads_hdlg dialog, const wchar_t* key, const ZpStringList& list);
+
+/// Clears an image tile and paints a slide over the whole of it. `library` may be empty. A missing
+/// slide leaves the tile cleared.
+void showSlide(ads_hdlg dialog, const wchar_t* key, std::wstring_view library,
+               std::wstring_view slide, short color = GRAPHICS_BACKGROUND);
+
+}  // namespace perfis

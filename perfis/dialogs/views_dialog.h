@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// The dialog in which the user chooses the view, alignment and length of a member.
+#pragma once
+
+namespace perfis {
+
+/// What a command remembers of the views dialog.
+struct ViewsChoice {
+    int view = 3;         ///< ZpObject::ZpVistas of the member
+    int alignment = 3;    ///< insertion code of the member, 1 to 9
+    double length = 0.0;  ///< mm
+    bool sectionOnly = true;
+    bool materialList = false;
+    int pieces = 0;          ///< in the material list
+    bool pickAndGo = false;  ///< pieces are placed by start and end point
+};
+
+/// Runs the dialog on a copy of `choice`, which is changed on OK; Cancel turns sectionOnly on when
+/// no length and no pick-and-go had been chosen. `library` holds the figures' slides, of which the
+/// first `figures` answer to clicks. kDialogDone, or kDialogMissing.
+int editViews(const wchar_t* library, ViewsChoice& choice, int figures);
+
+}  // namespace perfis

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The thirty commands of the module, in the order of their registration.
+#pragma once
+
+#include <span>
+
+#include "accmd.h"
+
+namespace perfis {
+
+/// Group of all commands.
+inline constexpr const ACHAR* kCommandGroup = L"ZPPERFIS";
+
+struct CommandRow {
+    const ACHAR* globalName;
+    const ACHAR* localName;
+    AcRxFunctionPtr handler;
+};
+
+std::span<const CommandRow> commandTable();
+
+}  // namespace perfis

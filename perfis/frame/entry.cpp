@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// Entry point of ZpPerfis18.arx: registers the command group at load and removes it at unload.
+#include "accmd.h"
+#include "acutads.h"
+#include "perfis/frame/command_table.h"
+#include "rxdefs.h"
+#include "rxregsvc.h"
+
+namespace {
+
+/// Looked up for every use: the host may replace its stack.
+AcEdCommandStack* commandStack() {
+    return AcEdCommandStack::cast(acrxSysRegistry()->at(ACRX_REGISTERED_COMMANDS));
+}
+
+/// A name that another module has taken is left out; the rest is registered all the same.
+void registerCommands() {
+    for (const perfis::CommandRow& row : perfis::commandTable()) {
+        AcEdCommandStack* const stack = commandStack();
+        if (stack == nullptr) return;
+        (void)stack->addCommand(perfis::kCommandGroup, row.globalName, row.localName,
+                                ACRX_CMD_TRANSPARENT, row.handler);
+    }
+}
+
+}  // namespace
+
+extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
+    if (msg == AcRx::kInitAppMsg) {
+        (void)acutPrintf(L"Aguarde...carregando ZpPerfis.arx\n");
+        (void)acrxUnlockApplication(pkt);
+        (void)acrxRegisterAppMDIAware(pkt);
+        registerCommands();
+    } else if (msg == AcRx::kUnloadAppMsg) {
+        AcEdCommandStack* const stack = commandStack();
+        if (stack != nullptr) (void)stack->removeGroup(perfis::kCommandGroup);
+    }
+    return AcRx::kRetOK;
+}

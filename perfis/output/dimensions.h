@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Automatic dimensions of a new piece.
+#pragma once
+
+#include <vector>
+
+#include "perfis/entities/zpobject.h"
+
+namespace perfis {
+
+/// Distances of dimension lines, times the drawing scale.
+inline constexpr double kNearLine = 10.0;
+inline constexpr double kFarLine = 17.0;
+
+/// Makes aligned dimensions of one piece from its limit points, in world coordinates, and puts them
+/// in the drawing. A dimension between equal points is not made.
+class PieceDimensions {
+public:
+    /// `origin` is the piece's reference point, `faces` its four limit points: upper left, lower
+    /// left, upper right, lower right.
+    PieceDimensions(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4]);
+
+    /// From `from` to `to`, the line passing through `line`.
+    void add(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint3d& line);
+    /// W: lower edge, line below.
+    void width();
+    /// V: left edge, line to the left.
+    void height();
+    /// T: from the upper right corner down by `thickness`, line to the right.
+    void thickness(double thickness);
+
+    /// Limit point 0 to 3.
+    const AcGePoint3d& face(int index) const { return m_faces[index]; }
+    /// Point of the picture relative to the reference point.
+    AcGePoint3d at(double x, double y) const;
+    /// Drawing scale.
+    double scale() const { return m_scale; }
+    /// Vector (x, y) in drawing units.
+    static AcGeVector3d by(double x, double y) { return {x, y, 0.0}; }
+    /// Vector (x, y) times the drawing scale, from a point to its dimension line.
+    AcGeVector3d off(double x, double y) const { return by(x * m_scale, y * m_scale); }
+
+    const std::vector<AcDbObjectId>& ids() const { return m_ids; }
+
+private:
+    AcGePoint3d m_origin;
+    AcGePoint3d m_faces[4];
+    double m_scale;
+    std::vector<AcDbObjectId> m_ids;
+};
+
+}  // namespace perfis

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Enters drawn pieces in the drawing's material list.
+#pragma once
+
+#include "dbid.h"
+#include "gepnt3d.h"
+
+namespace perfis {
+
+/// One kind of plate of a built-up profile.
+struct PlateRow {
+    AcDbObjectId plate;  ///< one of them, which stands for all
+    int count = 0;
+    AcDbObjectId mark;  ///< result: its mark in the drawing
+};
+
+/// Profile alone: mark and row. `ponto` is its insertion point (world), `tipo` the number of
+/// pieces, and `marcaPerfil` receives the mark, null when none was drawn. RTNORM; RTERROR when the
+/// profile cannot be opened; RTCAN when the list did not take it. Rows already added stay.
+int MatListPerfil(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil);
+
+/// Profile and its plates: two marks, two rows (one when `nChapas` is 0).
+int MatListPerfilChapa(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
+                       AcDbObjectId& marcaPerfil, AcDbObjectId chapaId, AcDbObjectId& marcaChapa,
+                       int nChapas);
+
+/// Profile and two kinds of plates: three marks, three rows.
+int MatListPerfil2Chapas(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
+                         AcDbObjectId& marcaPerfil, PlateRow& primeira, PlateRow& segunda);
+
+}  // namespace perfis

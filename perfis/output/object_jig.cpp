@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// Dragging a piece by its end.
+#include "perfis/output/object_jig.h"
+
+#include "acedads.h"
+#include "geassign.h"
+#include "perfis/output/user_point.h"
+
+namespace perfis {
+namespace {
+
+/// Last point sampled by any jig of the module: a pointer at rest redraws nothing.
+AcGePoint3d& lastSampled() {
+    static AcGePoint3d point;
+    return point;
+}
+
+}  // namespace
+
+ZpObjectJig::ZpObjectJig(std::unique_ptr<ZpObject> piece) : m_piece(piece.release()) {}
+
+ZpObjectJig::~ZpObjectJig() { delete m_piece; }
+
+AcEdJig::DragStatus ZpObjectJig::run() {
+    AcGePoint3d start;
+    (void)m_piece->StartPoint(start);
+    resbuf lastPoint{};
+    lastPoint.restype = RT3DPOINT;
+    ads_point_set(asDblArray(worldToUser(start)), lastPoint.resval.rpoint);
+    (void)acedSetVar(L"LASTPOINT", &lastPoint);
+    setDispPrompt(L"\nIndique o ponto final: ");
+    const DragStatus status = drag();
+    if (status == kNormal) {
+        (void)append();
+    } else {
+        delete m_piece;
+    }
+    m_piece = nullptr;
+    return status;
+}
+
+AcEdJig::DragStatus ZpObjectJig::sampler() {
+    setUserInputControls(
+        static_cast<UserInputControls>(kNoZeroResponseAccepted | kNoNegativeResponseAccepted));
+    AcGePoint3d start;
+    (void)m_piece->StartPoint(start);
+    const DragStatus status = acquirePoint(m_current, start);
+    if (m_current != lastSampled()) {
+        lastSampled() = m_current;
+        return status;
+    }
+    return status == kNormal ? kNoChange : status;
+}
+
+Adesk::Boolean ZpObjectJig::update() {
+    AcGePoint3d start;
+    (void)m_piece->StartPoint(start);
+    const double length = start.distanceTo(m_current);
+    if (length > 0.0) (void)m_piece->AlteraComprimento(length);
+    double viewAngle = 0.0;
+    (void)m_piece->AngleVista(viewAngle);
+    const double angle = acutAngle(asDblArray(start), asDblArray(m_current));
+    (void)m_piece->transformBy(
+        AcGeMatrix3d::rotation(angle - viewAngle, AcGeVector3d::kZAxis, start));
+    return Adesk::kTrue;
+}
+
+AcDbEntity* ZpObjectJig::entity() const { return m_piece; }
+
+}  // namespace perfis

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// A new piece between its entry in the drawing and its closing.
+#pragma once
+
+#include <memory>
+
+#include "perfis/entities/zpobject.h"
+
+namespace perfis {
+
+/// Puts the piece on the profiles' layer and gives it its bar type.
+void prepare(ZpObject& piece, int barType);
+
+/// Appends a piece to the current space and keeps it open until close() or the end of the scope.
+class OpenPiece {
+public:
+    explicit OpenPiece(std::unique_ptr<ZpObject> piece);
+    OpenPiece(const OpenPiece&) = delete;
+    OpenPiece& operator=(const OpenPiece&) = delete;
+    ~OpenPiece() { close(); }
+
+    /// False when the drawing did not take the piece, which is gone then.
+    bool resident() const { return !m_id.isNull(); }
+    AcDbObjectId id() const { return m_id; }
+    ZpObject* operator->() const { return m_piece; }
+    ZpObject& operator*() const { return *m_piece; }
+    void close();
+
+private:
+    ZpObject* m_piece = nullptr;
+    AcDbObjectId m_id;
+};
+
+}  // namespace perfis

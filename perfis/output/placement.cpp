@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// Placement: rotate command, face points, two-point prompt.
+#include "perfis/output/placement.h"
+
+#include "acedads.h"
+#include "acutmem.h"
+#include "dbsymtb.h"
+#include "geassign.h"
+#include "perfis/entities/zpfuncoes.h"
+#include "perfis/output/shared_dimension.h"
+#include "perfis/output/temp_var_override.h"
+#include "perfis/output/user_point.h"
+
+namespace perfis {
+namespace {
+
+/// False when the entity or its layer cannot be opened, too.
+bool onWorkableLayer(AcDbObjectId id) {
+    AcDbEntity* entity = nullptr;
+    if (acdbOpenAcDbEntity(entity, id, AcDb::kForRead) != Acad::eOk) return false;
+    const AcDbObjectId layerId = entity->layerId();
+    (void)entity->close();
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(layerId, AcDb::kForRead);
+    if (layer.openStatus() != Acad::eOk) return false;
+    return !layer->isFrozen() && !layer->isLocked() && !layer->isOff();
+}
+
+/// One acedCommand call for one entity; an identifier that names none is left out.
+void sendEntity(AcDbObjectId id) {
+    ads_name name = {};
+    if (id.isNull() || acdbGetAdsName(name, id) != Acad::eOk) return;
+    (void)acedCommand(RTENAME, name, RTNONE);
+}
+
+/// Ends the selection; the rotate command goes on with its angle.
+void sendBasePoint(const AcGePoint3d& base) {
+    ads_point point;
+    ads_point_set(asDblArray(base), point);
+    (void)acedCommand(RTSTR, L"", RT3DPOINT, point, RTNONE);
+}
+
+}  // namespace
+
+int rotateIntoPlace(const AcGePoint3d& base, AcDbObjectId piece, const Companions& companions) {
+    if (!onWorkableLayer(piece)) return 0;
+    const TempVarOverride snaps(L"OSMODE", shortValue(0));
+    const TempVarOverride echo(L"CMDECHO", shortValue(0));
+    ads_name name = {};
+    if (acdbGetAdsName(name, piece) != Acad::eOk) return 0;
+    const AcGePoint3d userBase = worldToUser(base);
+    (void)acedCommand(RTSTR, L"_.rotate", RTENAME, name, RTNONE);
+    for (const AcDbObjectId& id : companions.others) sendEntity(id);
+    for (const AcDbObjectId& id : companions.dimensions) sendEntity(id);
+    for (const AcDbObjectId& id : companions.marks) sendEntity(id);
+    sendBasePoint(userBase);
+    return RTNORM;
+}
+
+int rotateSet(const AcGePoint3d& base, const std::vector<AcDbObjectId>& entities) {
+    if (sharedDimensionFlag() != 0) return RTNORM;
+    const TempVarOverride snaps(L"OSMODE", shortValue(0));
+    const TempVarOverride echo(L"CMDECHO", shortValue(0));
+    const AcGePoint3d userBase = worldToUser(base);
+    (void)acedCommand(RTSTR, L"_.rotate", RTNONE);
+    for (const AcDbObjectId& id : entities) sendEntity(id);
+    sendBasePoint(userBase);
+    return RTNORM;
+}
+
+AcGePoint3d moveToFacePoint(ZpObject& piece, int alignment) {
+    AcGePoint3d faces[4];
+    piece.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
+    AcGePoint3d start;
+    (void)piece.StartPoint(start);
+    const AcGeVector3d half = AcGeVector3d::kXAxis * (piece.getComprimentoReal() / 2.0);
+    AcGePoint3d target = start;
+    switch (alignment) {
+        case 1:
+            target = faces[1];
+            break;
+        case 2:
+            target = faces[1] - half;
+            break;
+        case 4:
+            target = faces[0];
+            break;
+        case 5:
+            target = faces[0] - half;
+            break;
+        default:
+            break;
+    }
+    (void)piece.transformBy(AcGeMatrix3d::translation(target - start));
+    return target;
+}
+
+int askStartAndEnd(AcGePoint3d& start, AcGePoint3d& end) {
+    if (getWCSpoint(start, kStartPrompt) != RTNORM) return RTCAN;
+    const int answer =
+        getWCSpointWithParam(end, L"\nIndique o ponto final do perfil: ", asDblArray(start));
+    return answer == RTNORM ? RTNORM : RTCAN;
+}
+
+}  // namespace perfis

@@ -1,0 +1,328 @@
+// SPDX-License-Identifier: MIT
+// Reading and writing groups by the table of a type.
+#include "prancheta/dxf/fields.h"
+
+#include <cmath>
+
+#include "prancheta/geometry/angles.h"
+
+namespace prancheta::dxf {
+namespace {
+
+constexpr bool isPoint(Meaning meaning) {
+    return meaning == Meaning::Point || meaning == Meaning::PlanePoint ||
+           meaning == Meaning::AlignedPoint || meaning == Meaning::Normal ||
+           meaning == Meaning::Vertices;
+}
+
+/// Field of a code; for the second and third number of a point, `axis` 1 and 2.
+const Field* fieldOf(std::span<const Field> fields, int code, int& axis) {
+    axis = 0;
+    for (const Field& field : fields)
+        if (field.code == code && field.meaning != Meaning::Marker) return &field;
+    for (axis = 1; axis <= 2; ++axis)
+        for (const Field& field : fields)
+            if (isPoint(field.meaning) && field.code == code - 10 * axis) return &field;
+    return nullptr;
+}
+
+const Field* markerOf(std::span<const Field> fields, std::string_view name) {
+    for (const Field& field : fields)
+        if (field.meaning == Meaning::Marker && name == field.name) return &field;
+    return nullptr;
+}
+
+double& coordinate(AcGePoint3d& p, int axis) { return axis == 0 ? p.x : axis == 1 ? p.y : p.z; }
+double& coordinate(AcGeVector3d& v, int axis) { return axis == 0 ? v.x : axis == 1 ? v.y : v.z; }
+
+std::string_view bare(std::string_view name) {
+    while (!name.empty() && (name.back() == ' ' || name.back() == '\t')) name.remove_suffix(1);
+    while (!name.empty() && (name.front() == ' ' || name.front() == '\t')) name.remove_prefix(1);
+    return name;
+}
+
+void setVertex(Values& values, Meaning meaning, int axis, double number) {
+    if (meaning == Meaning::Vertices && axis == 0) {
+        values.vertices.push_back({number, 0.0, 0.0, 0.0, 0.0});
+        return;
+    }
+    if (values.vertices.empty()) return;
+    FieldVertex& v = values.vertices.back();
+    if (meaning == Meaning::Vertices && axis == 1) v.y = number;
+    if (meaning == Meaning::VertexStart) v.startWidth = number;
+    if (meaning == Meaning::VertexEnd) v.endWidth = number;
+    if (meaning == Meaning::VertexBulge) v.bulge = number;
+}
+
+void setNumber(Values& values, const Field& field, int axis, double number) {
+    switch (field.meaning) {
+        case Meaning::Point:
+        case Meaning::PlanePoint:
+        case Meaning::AlignedPoint:
+            coordinate(values.points[field.slot], axis) = number;
+            break;
+        case Meaning::Normal:
+            coordinate(values.normal, axis) = number;
+            break;
+        case Meaning::Real:
+            values.reals[field.slot] = number;
+            break;
+        case Meaning::Degrees:
+            values.reals[field.slot] = radiansOf(number);
+            break;
+        case Meaning::Dashes:
+            values.dashes.push_back(number);
+            break;
+        default:
+            setVertex(values, field.meaning, axis, number);
+            break;
+    }
+}
+
+void setOther(Values& values, const Field& field, const Tag& tag, LoadNames& names) {
+    switch (field.meaning) {
+        case Meaning::Text:
+            values.texts[field.slot] = names.text(tag.value);
+            break;
+        case Meaning::TextStyle:
+            values.ids[field.slot] = names.find(LoadNames::kTextStyle, bare(tag.value));
+            break;
+        case Meaning::DimStyle:
+            values.ids[field.slot] = names.find(LoadNames::kDimStyle, bare(tag.value));
+            break;
+        case Meaning::Block:
+            values.ids[field.slot] = names.find(LoadNames::kBlock, bare(tag.value));
+            break;
+        case Meaning::Linetype:
+            values.ids[field.slot] = names.find(LoadNames::kLinetype, bare(tag.value));
+            break;
+        case Meaning::StyleHandle:
+            values.ids[field.slot] = names.byHandle(tag.value);
+            break;
+        default:
+            break;
+    }
+}
+
+bool readValue(Values& values, const Field& field, int axis, const Tag& tag, LoadNames& names) {
+    if (field.meaning == Meaning::Integer) return parseInteger(tag.value, values.integers[field.slot]);
+    if (kindOf(tag.code) == ValueKind::Real && field.meaning != Meaning::Ignored) {
+        double number = 0.0;
+        if (!parseReal(tag.value, number)) return false;
+        setNumber(values, field, axis, number);
+        return true;
+    }
+    setOther(values, field, tag, names);
+    return true;
+}
+
+/// Plane points are in the frame of the normal while they are in the file.
+void convertPlanePoints(std::span<const Field> fields, Values& values) {
+    if (values.normal.isZeroLength()) values.normal = AcGeVector3d::kZAxis;
+    const AcGeVector3d& n = values.normal;
+    if (n.x == 0.0 && n.y == 0.0 && n.z > 0.0) {
+        values.normal = AcGeVector3d::kZAxis;
+        return;
+    }
+    const AcGeMatrix3d toWorld = planeToWorld(n);
+    for (const Field& field : fields)
+        if (field.meaning == Meaning::PlanePoint || field.meaning == Meaning::AlignedPoint)
+            values.points[field.slot].transformBy(toWorld);
+}
+
+class FieldWriter {
+public:
+    FieldWriter(const Values& values, SaveNames& names, TagWriter& out)
+        : m_values(values), m_names(names), m_out(out) {
+        const AcGeVector3d& n = values.normal;
+        m_tilted = n.x != 0.0 || n.y != 0.0 || n.z <= 0.0;
+        if (m_tilted) m_toPlane = planeToWorld(n).inverse();
+    }
+
+    void write(const Field& field) {
+        static const std::string kStandard = "Standard";
+        static const std::string kContinuous = "Continuous";
+        const int code = field.code;
+        switch (field.meaning) {
+            case Meaning::Marker:
+                return m_out.marker(field.name);
+            case Meaning::Point:
+                return m_out.point(code, m_values.points[field.slot]);
+            case Meaning::AlignedPoint:
+                if (m_values.integers[0] == 0 && m_values.integers[1] == 0) return;
+                [[fallthrough]];
+            case Meaning::PlanePoint:
+                return m_out.point(code, inPlane(m_values.points[field.slot]));
+            case Meaning::Normal:
+                if (!m_tilted) return;
+                return m_out.point(code, AcGePoint3d(m_values.normal.x, m_values.normal.y,
+                                                     m_values.normal.z));
+            case Meaning::Real:
+                return writeReal(field, m_values.reals[field.slot]);
+            case Meaning::Degrees:
+                if (field.optional && m_values.reals[field.slot] == field.standard) return;
+                return m_out.real(code, degreesOf(m_values.reals[field.slot]));
+            case Meaning::Integer:
+                if (field.optional &&
+                    m_values.integers[field.slot] == static_cast<long long>(field.standard))
+                    return;
+                return m_out.integer(code, m_values.integers[field.slot]);
+            case Meaning::Text:
+                return m_out.meaning(code, m_values.texts[field.slot]);
+            case Meaning::TextStyle:
+                return writeName(field, kStandard);
+            case Meaning::DimStyle:
+                return writeName(field, kStandard);
+            case Meaning::Block:
+                return writeName(field, {});
+            case Meaning::Linetype:
+                return writeName(field, kContinuous);
+            case Meaning::StyleHandle:
+                if (!m_values.ids[field.slot].isErased())
+                    m_out.handle(code, m_values.ids[field.slot].handle().value());
+                return;
+            case Meaning::Vertices:
+                return writeVertices();
+            case Meaning::Dashes:
+                for (const double dash : m_values.dashes) {
+                    m_out.real(49, dash);
+                    m_out.integer(74, 0);
+                }
+                return;
+            default:
+                return;
+        }
+    }
+
+private:
+    AcGePoint3d inPlane(const AcGePoint3d& p) const { return m_tilted ? m_toPlane * p : p; }
+
+    void writeReal(const Field& field, double value) {
+        if (!field.optional || value != field.standard) m_out.real(field.code, value);
+    }
+
+    void writeName(const Field& field, const std::string& otherwise) {
+        const std::string& name = m_names.of(m_values.ids[field.slot], otherwise);
+        if (field.optional && name == "Standard") return;
+        m_out.text(field.code, name);
+    }
+
+    void writeVertices() {
+        const bool widths = m_values.reals[1] == 0.0;
+        for (const FieldVertex& v : m_values.vertices) {
+            m_out.point2d(10, v.x, v.y);
+            if (widths && (v.startWidth != 0.0 || v.endWidth != 0.0)) {
+                m_out.real(40, v.startWidth);
+                m_out.real(41, v.endWidth);
+            }
+            if (v.bulge != 0.0) m_out.real(42, v.bulge);
+        }
+    }
+
+    const Values& m_values;
+    SaveNames& m_names;
+    TagWriter& m_out;
+    AcGeMatrix3d m_toPlane;
+    bool m_tilted;
+};
+
+/// Writes the kept groups of one subclass: from behind its marker to the next marker.
+void writeKept(const char* name, const RawTags& kept, std::size_t first, TagWriter& out) {
+    for (std::size_t i = first; i < kept.size(); ++i) {
+        if (kept[i].code != 100 || kept[i].value != name) continue;
+        for (++i; i < kept.size() && kept[i].code != 100; ++i) out.raw(kept[i].code, kept[i].value);
+        return;
+    }
+}
+
+}  // namespace
+
+double radiansOf(double degrees) { return degrees * (kPi / 180.0); }
+
+double degreesOf(double radians) {
+    const double plain = radians * (180.0 / kPi);
+    for (const double unit : {1e6, 1e10, 1e12}) {
+        const double rounded = std::nearbyint(plain * unit) / unit;
+        if (radiansOf(rounded) == radians) return rounded;
+    }
+    double low = plain;
+    double high = plain;
+    for (int i = 0; i < 3; ++i) {
+        if (radiansOf(low) == radians) return low;
+        if (radiansOf(high) == radians) return high;
+        low = std::nextafter(low, -1e300);
+        high = std::nextafter(high, 1e300);
+    }
+    return plain;
+}
+
+void Values::reset(std::span<const Field> fields) {
+    for (AcGePoint3d& p : points) p = AcGePoint3d::kOrigin;
+    for (std::wstring& text : texts) text.clear();
+    for (AcDbObjectId& id : ids) id.setNull();
+    for (double& real : reals) real = 0.0;
+    for (long long& integer : integers) integer = 0;
+    normal = AcGeVector3d::kZAxis;
+    vertices.clear();
+    dashes.clear();
+    for (const Field& field : fields) {
+        if (field.meaning == Meaning::Real || field.meaning == Meaning::Degrees)
+            reals[field.slot] = field.standard;
+        if (field.meaning == Meaning::Integer)
+            integers[field.slot] = static_cast<long long>(field.standard);
+    }
+}
+
+bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& names, Values& values,
+                Tags& rest, std::optional<Fault>& fault) {
+    values.reset(fields);
+    rest.clear();
+    Tag segment{100, fields.empty() || fields[0].name == nullptr ? "" : fields[0].name};
+    bool segmentKept = false;
+    for (const Tag& tag : body) {
+        if (tag.code == 100) {
+            if (markerOf(fields, bare(tag.value)) == nullptr) return false;
+            if (bare(tag.value) != segment.value) segmentKept = false;
+            segment = {100, bare(tag.value)};
+            continue;
+        }
+        int axis = 0;
+        std::string why;
+        const Field* field = fieldOf(fields, tag.code, axis);
+        const bool good = field != nullptr ? readValue(values, *field, axis, tag, names)
+                                           : checkValue(tag, why);
+        if (!good) {
+            if (why.empty()) (void)checkValue(tag, why);
+            fault = Fault{why, tag.value.data()};
+            return false;
+        }
+        if (field != nullptr) continue;
+        if (!segmentKept) rest.push_back(segment);
+        segmentKept = true;
+        rest.push_back(tag);
+    }
+    convertPlanePoints(fields, values);
+    return true;
+}
+
+void writeFields(std::span<const Field> fields, const Values& values, SaveNames& names,
+                 TagWriter& out, const RawTags* kept, std::size_t first) {
+    FieldWriter writer(values, names, out);
+    const char* segment = nullptr;
+    std::string_view done;
+    const auto endSegment = [&](const char* next) {
+        // A marker may come twice; what was kept stands behind the first.
+        if (kept != nullptr && segment != nullptr && segment != done) {
+            writeKept(segment, *kept, first, out);
+            done = segment;
+        }
+        segment = next;
+    };
+    for (const Field& field : fields) {
+        if (field.meaning == Meaning::Marker) endSegment(field.name);
+        writer.write(field);
+    }
+    endSegment(nullptr);
+}
+
+}  // namespace prancheta::dxf

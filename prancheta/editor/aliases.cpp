@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// Short names of commands.
+#include "prancheta/editor/aliases.h"
+
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
+
+namespace prancheta {
+namespace {
+
+/// The table of installations whose file is missing: the same as the file's.
+constexpr std::string_view kUsual =
+    "A, *ARC\nAL, *DIMALIGNED\nC, *CIRCLE\nCO, *COPY\nCP, *COPY\nDAL, *DIMALIGNED\nDI, *DIST\nDT, *TEXT\n"
+    "E, *ERASE\nL, *LINE\nLA, *LAYER\nLI, *LIST\nLS, *LIST\nM, *MOVE\nMI, *MIRROR\nP, *PAN\nPL, *PLINE\n"
+    "PO, *POINT\nR, *REDRAW\nRE, *REGEN\nRO, *ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, *ZOOM\n";
+
+}  // namespace
+
+Aliases::Aliases() { parse(kUsual); }
+
+bool Aliases::load(const std::filesystem::path& file) {
+    const Result<std::string> text = readFile(file);
+    if (!text) return false;
+    parse(*text);
+    return true;
+}
+
+void Aliases::parse(std::string_view text) {
+    m_commands.clear();
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        line = trim(line.substr(0, line.find(';')));
+        const std::size_t comma = line.find(',');
+        if (comma == line.npos) continue;
+        const std::wstring alias = foldCase(toWide(trim(line.substr(0, comma))));
+        std::string_view command = trim(line.substr(comma + 1));
+        if (command.starts_with('*')) command.remove_prefix(1);
+        if (!alias.empty() && !command.empty()) m_commands[alias] = toWide(trim(command));
+    }
+}
+
+std::wstring Aliases::find(std::wstring_view name) const {
+    const auto at = m_commands.find(foldCase(name));
+    return at == m_commands.end() ? std::wstring() : at->second;
+}
+
+}  // namespace prancheta

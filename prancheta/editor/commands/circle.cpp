@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// CIRCLE: by centre and radius or diameter, by three points, by the ends of a diameter.
+#include "dbents.h"
+#include "prancheta/editor/commands/arcs.h"
+#include "prancheta/editor/commands/memory.h"
+#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/table.h"
+
+namespace prancheta::commands {
+
+namespace {
+
+constexpr Word kWays[] = {{L"3P", L"3P"}, {L"2P", L"2P"}};
+constexpr Word kDiameter[] = {{L"Diâmetro", L"Diameter"}};
+
+CommandEnd addCircle(const CommandContext& context, const AcGePoint3d& center, double radius) {
+    memory(context).circleRadius = radius;
+    const AcDbObjectId id =
+        addEntity(context, std::make_unique<AcDbCircle>(center, AcGeVector3d::kZAxis, radius));
+    return id.isNull() ? CommandEnd::Failed : CommandEnd::Done;
+}
+
+std::wstring withDefault(std::wstring prompt, double value) {
+    return value > 0.0 ? prompt + L" <" + lengthText(value) + L">: " : prompt + L": ";
+}
+
+CommandTask threePoints(CommandContext context) {
+    AcGePoint3d points[3];
+    const wchar_t* const prompts[] = {L"\nEspecifique o primeiro ponto no círculo: ",
+                                      L"\nEspecifique o segundo ponto no círculo: ",
+                                      L"\nEspecifique o terceiro ponto no círculo: "};
+    for (int i = 0; i < 3; ++i) {
+        Prompt prompt(InputKind::Point, prompts[i]);
+        prompt.required();
+        if (i > 0) prompt.from(points[i - 1]);
+        const InputValue answer = co_await context.ask(prompt);
+        if (answer.status != RTNORM) co_return endOf(answer.status);
+        points[i] = answer.point;
+    }
+    const std::optional<PlaneCircle> circle = circleThrough(points[0], points[1], points[2]);
+    if (!circle) {
+        say(context, L"O círculo não existe: os pontos estão em uma linha reta.");
+        co_return CommandEnd::Failed;
+    }
+    co_return addCircle(context, circle->center, circle->radius);
+}
+
+CommandTask twoPoints(CommandContext context) {
+    const InputValue first = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique a primeira extremidade do diâmetro do círculo: ")
+            .required());
+    if (first.status != RTNORM) co_return endOf(first.status);
+    const InputValue second = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique a segunda extremidade do diâmetro do círculo: ")
+            .from(first.point)
+            .required());
+    if (second.status != RTNORM) co_return endOf(second.status);
+    const AcGeVector3d half = (second.point - first.point) / 2.0;
+    if (half.isZeroLength()) {
+        say(context, L"O círculo não existe: os dois pontos coincidem.");
+        co_return CommandEnd::Failed;
+    }
+    co_return addCircle(context, first.point + half, half.length());
+}
+
+}  // namespace
+
+CommandTask circle(CommandContext context) {
+    const InputValue center = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique o ponto central do círculo ou [3P/2P]: ")
+            .words(kWays)
+            .required());
+    if (isWord(center, L"3P")) {
+        const CommandEnd end = co_await threePoints(context);
+        co_return end;
+    }
+    if (isWord(center, L"2P")) {
+        const CommandEnd end = co_await twoPoints(context);
+        co_return end;
+    }
+    if (center.status != RTNORM) co_return endOf(center.status);
+
+    const double last = memory(context).circleRadius;
+    double parts = 1.0;  // of the radius in what is asked
+    Prompt prompt(InputKind::Distance,
+                  withDefault(L"\nEspecifique o raio do círculo ou [Diâmetro]", last));
+    prompt.from(center.point).words(kDiameter).bits(RSG_NOZERO | RSG_NONEG);
+    if (last <= 0.0) prompt.required();
+    InputValue size = co_await context.ask(prompt);
+    if (size.status == RTKWORD) {
+        parts = 2.0;
+        Prompt across(InputKind::Distance,
+                      withDefault(L"\nEspecifique o diâmetro do círculo", 2.0 * last));
+        across.from(center.point).bits(RSG_NOZERO | RSG_NONEG);
+        if (last <= 0.0) across.required();
+        size = co_await context.ask(across);
+    }
+    if (size.status == RTCAN) co_return CommandEnd::Cancelled;
+    const double radius = size.status == RTNONE ? last : size.number / parts;
+    co_return addCircle(context, center.point, radius);
+}
+
+}  // namespace prancheta::commands

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// LIST and DIST: what the drawing says of objects and points.
+#include <cmath>
+
+#include "prancheta/editor/commands/arcs.h"
+#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/geometry/angles.h"
+
+namespace prancheta::commands {
+
+CommandTask list(CommandContext context) {
+    const Selection chosen = co_await selectToRead(context);
+    if (chosen.status != RTNORM) co_return endOf(chosen.status);
+    for (const AcDbObjectId id : chosen.ids) {
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk) continue;
+        say(context, L"");
+        entity->list();
+    }
+    co_return CommandEnd::Done;
+}
+
+CommandTask dist(CommandContext context) {
+    const InputValue first = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique o primeiro ponto: ").required());
+    if (first.status != RTNORM) co_return endOf(first.status);
+    const InputValue second = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ").from(first.point).required());
+    if (second.status != RTNORM) co_return endOf(second.status);
+
+    const AcGeMatrix3d toUser = context.editor().ucs().inverse();
+    const AcGeVector3d delta = toUser * (second.point - first.point);
+    const double inPlane = std::hypot(delta.x, delta.y);
+    const double direction = inPlane > 0.0 ? positiveAngle(std::atan2(delta.y, delta.x)) : 0.0;
+    say(context, L"Distância = " + lengthText(delta.length()) + L",  Ângulo no plano XY = " +
+                     angleText(direction) + L",  Ângulo a partir do plano XY = " +
+                     angleText(std::atan2(delta.z, inPlane)));
+    say(context, L"Delta X = " + lengthText(delta.x) + L",  Delta Y = " + lengthText(delta.y) +
+                     L",  Delta Z = " + lengthText(delta.z));
+    context.editor().variables().force(L"DISTANCE", delta.length());
+    co_return CommandEnd::Done;
+}
+
+}  // namespace prancheta::commands

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// QSAVE, SAVE, SAVEAS: the drawing's file.
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
+#include "prancheta/editor/commands/files.h"
+#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
+
+namespace prancheta::commands {
+
+namespace {
+
+constexpr Word kNameWords[] = {{L"Versão", L"Version"}};
+constexpr Word kVersionWords[] = {{L"2000", L"2000"}, {L"2018", L"2018"}};
+
+std::filesystem::path withExtension(std::filesystem::path path) {
+    if (!equalNoCase(toWide(path.extension().string()), L".dxf")) path += ".dxf";
+    return path;
+}
+
+bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
+    std::error_code error;
+    return std::filesystem::equivalent(a, b, error) && !error;
+}
+
+CommandEnd write(const CommandContext& context, const std::filesystem::path& path,
+                 const dxf::SaveOptions& options) {
+    const Result<void> saved = context.editor().saveDocument(path, options);
+    if (!saved) {
+        context.editor().complain(toWide(saved.error().message()));
+        return CommandEnd::Failed;
+    }
+    say(context, L"Desenho salvo em " + toWide(context.editor().fileName().string()));
+    return CommandEnd::Done;
+}
+
+/// Name and version; asks before it would replace a file that is not the drawing's own.
+CommandTask saveUnderName(CommandContext context) {
+    const std::filesystem::path present = context.editor().fileName();
+    const std::wstring shown = present.empty() ? L"Desenho1.dxf" : toWide(present.string());
+    dxf::SaveOptions options;
+    for (;;) {
+        const InputValue answer = co_await context.ask(
+            Prompt(InputKind::Text, L"\nSalvar desenho como ou [Versão] <" + shown + L">: ")
+                .words(kNameWords)
+                .wholeLine());
+        if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
+        if (answer.status == RTKWORD) {
+            const InputValue version = co_await context.ask(
+                Prompt(InputKind::Keyword, L"\nDigite o formato do arquivo [2000/2018] <2018>: ")
+                    .words(kVersionWords));
+            if (version.status == RTCAN) co_return CommandEnd::Cancelled;
+            options.version = isWord(version, L"2000") ? dxf::Version::R2000 : dxf::Version::R2018;
+            continue;
+        }
+        const std::wstring name = answer.status == RTNORM ? answer.text : shown;
+        const std::filesystem::path path = withExtension(typedPath(name));
+        std::error_code unreadable;  // then it cannot be replaced either, and saving says why
+        if (std::filesystem::exists(path, unreadable) && !sameFile(path, present)) {
+            const InputValue replace = co_await askYesNo(
+                context, L"\n" + toWide(path.string()) + L" já existe. Deseja substituí-lo?",
+                Choice::No);
+            if (replace.status == RTCAN) co_return CommandEnd::Cancelled;
+            if (replace.number == 0.0) continue;
+        }
+        co_return write(context, path, options);
+    }
+}
+
+}  // namespace
+
+std::filesystem::path typedPath(std::wstring_view text) {
+    text = trim(text);
+    if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"')
+        text = text.substr(1, text.size() - 2);
+    return resolvePath(text);
+}
+
+CommandTask qsave(CommandContext context) {
+    if (!context.editor().fileName().empty()) co_return write(context, {}, {});
+    const CommandEnd end = co_await saveUnderName(context);
+    co_return end;
+}
+
+CommandTask save(CommandContext context) { return saveUnderName(context); }
+
+CommandTask saveas(CommandContext context) { return saveUnderName(context); }
+
+}  // namespace prancheta::commands

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// TEXT: one line of text.
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "prancheta/editor/commands/memory.h"
+#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/table.h"
+
+namespace prancheta::commands {
+
+namespace {
+
+struct Justification {
+    Word word;
+    const wchar_t* prompt;
+    int horizontal;
+    int vertical;
+};
+
+constexpr Justification kJustifications[] = {
+    {{L"Esquerda", L"Left"}, L"\nEspecifique o ponto inicial do texto: ", 0, 0},
+    {{L"Centro", L"Center"}, L"\nEspecifique o ponto central do texto: ", 1, 0},
+    {{L"Direita", L"Right"}, L"\nEspecifique a extremidade direita da linha base do texto: ", 2, 0},
+    {{L"Meio", L"Middle"}, L"\nEspecifique o ponto do meio do texto: ", 4, 0},
+    {{L"SE", L"TL"}, L"\nEspecifique o ponto superior esquerdo do texto: ", 0, 3},
+    {{L"SC", L"TC"}, L"\nEspecifique o ponto superior central do texto: ", 1, 3},
+    {{L"SD", L"TR"}, L"\nEspecifique o ponto superior direito do texto: ", 2, 3},
+    {{L"ME", L"ML"}, L"\nEspecifique o ponto médio esquerdo do texto: ", 0, 2},
+    {{L"MC", L"MC"}, L"\nEspecifique o ponto médio central do texto: ", 1, 2},
+    {{L"MD", L"MR"}, L"\nEspecifique o ponto médio direito do texto: ", 2, 2},
+    {{L"IE", L"BL"}, L"\nEspecifique o ponto inferior esquerdo do texto: ", 0, 1},
+    {{L"IC", L"BC"}, L"\nEspecifique o ponto inferior central do texto: ", 1, 1},
+    {{L"ID", L"BR"}, L"\nEspecifique o ponto inferior direito do texto: ", 2, 1},
+};
+constexpr Word kJustify[] = {{L"Justificar", L"Justify"}};
+
+struct Style {
+    AcDbObjectId id;
+    std::wstring name;
+    double height = 0.0;  // 0: each text has its own
+    double widthFactor = 1.0;
+};
+
+Style currentStyle(const CommandContext& context) {
+    Style style{context.database().textstyle(), L"Standard"};
+    AcDbObjectPointer<AcDbTextStyleTableRecord> record(style.id, AcDb::kForRead);
+    if (record.openStatus() != Acad::eOk) return style;
+    const ACHAR* name = nullptr;
+    if (record->getName(name) == Acad::eOk) style.name = name;
+    style.height = record->textSize();
+    style.widthFactor = record->xScale();
+    return style;
+}
+
+struct Placing {
+    int status = RTCAN;
+    AcGePoint3d point;
+    const Justification* justification = &kJustifications[0];
+};
+
+Task<Placing> askPlace(CommandContext context) {
+    Placing placing;
+    InputValue answer = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique o ponto inicial do texto ou [Justificar]: ")
+            .words(kJustify)
+            .required());
+    if (answer.status == RTKWORD) {
+        Prompt prompt(
+            InputKind::Keyword,
+            L"\nDigite uma opção [Esquerda/Centro/Direita/Meio/SE/SC/SD/ME/MC/MD/IE/IC/ID]: ");
+        for (const Justification& each : kJustifications) prompt.words({&each.word, 1});
+        const InputValue option = co_await context.ask(prompt.required());
+        placing.status = option.status;
+        if (option.status != RTKWORD) co_return placing;
+        for (const Justification& each : kJustifications)
+            if (option.text == each.word.global) placing.justification = &each;
+        answer = co_await context.ask(
+            Prompt(InputKind::Point, placing.justification->prompt).required());
+    }
+    placing.status = answer.status;
+    placing.point = answer.point;
+    co_return placing;
+}
+
+std::unique_ptr<AcDbText> makeText(const Placing& placing, const std::wstring& words,
+                                   const Style& style, const Memory& kept) {
+    const double height = style.height > 0.0 ? style.height : kept.textHeight;
+    auto text = std::make_unique<AcDbText>(placing.point, words.c_str(), style.id, height,
+                                           kept.textRotation);
+    // None of these can refuse: the values come from the table and from the style.
+    (void)text->setWidthFactor(style.widthFactor);
+    const Justification& justification = *placing.justification;
+    if (justification.horizontal == 0 && justification.vertical == 0) return text;
+    (void)text->setHorizontalMode(justification.horizontal);
+    (void)text->setVerticalMode(justification.vertical);
+    (void)text->setAlignmentPoint(placing.point);
+    return text;
+}
+
+}  // namespace
+
+CommandTask text(CommandContext context) {
+    Memory& kept = memory(context);
+    const Style style = currentStyle(context);
+    say(context, L"Estilo atual do texto:  \"" + style.name + L"\"  Altura do texto:  " +
+                     lengthText(style.height > 0.0 ? style.height : kept.textHeight));
+
+    const Placing placing = co_await askPlace(context);
+    if (placing.status != RTNORM) co_return endOf(placing.status);
+    if (style.height <= 0.0) {
+        const InputValue height = co_await context.ask(
+            Prompt(InputKind::Distance,
+                   L"\nEspecifique a altura <" + lengthText(kept.textHeight) + L">: ")
+                .from(placing.point)
+                .bits(RSG_NOZERO | RSG_NONEG));
+        if (height.status == RTCAN) co_return CommandEnd::Cancelled;
+        if (height.status == RTNORM) kept.textHeight = height.number;
+    }
+    const InputValue rotation = co_await context.ask(
+        Prompt(InputKind::Angle, L"\nEspecifique o ângulo de rotação do texto <" +
+                                     angleText(kept.textRotation) + L">: ")
+            .from(placing.point)
+            .absolute());
+    if (rotation.status == RTCAN) co_return CommandEnd::Cancelled;
+    if (rotation.status == RTNORM) kept.textRotation = rotation.number;
+
+    const InputValue words =
+        co_await context.ask(Prompt(InputKind::Text, L"\nDigite o texto: ").wholeLine());
+    if (words.status != RTNORM || words.text.empty()) co_return endOf(words.status);
+    const AcDbObjectId id = addEntity(context, makeText(placing, words.text, style, kept));
+    co_return id.isNull() ? CommandEnd::Failed : CommandEnd::Done;
+}
+
+}  // namespace prancheta::commands

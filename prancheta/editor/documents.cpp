@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+// Drawings: new, open, save; the document as modules see it.
+#include "prancheta/editor/documents.h"
+
+#include <algorithm>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/events.h"
+#include "prancheta/editor/modules.h"
+#include "prancheta/editor/running.h"
+#include "prancheta/editor/selection_sets.h"
+
+namespace prancheta {
+namespace {
+
+template <class T>
+void addOnce(std::vector<T*>& list, T* item) {
+    if (item != nullptr && std::find(list.begin(), list.end(), item) == list.end()) list.push_back(item);
+}
+
+class EditorFace : public AcEditor {
+public:
+    explicit EditorFace(Editor& editor) : m_editor(editor) {}
+    void addReactor(AcEditorReactor* reactor) override { addOnce(m_editor.reactors(), reactor); }
+    void removeReactor(AcEditorReactor* reactor) override { std::erase(m_editor.reactors(), reactor); }
+
+private:
+    Editor& m_editor;
+};
+
+class DocumentFace : public AcApDocument {
+public:
+    explicit DocumentFace(Editor& editor) : m_editor(editor) {}
+    const ACHAR* fileName() const override {
+        m_name = toWide(m_editor.fileName().string());
+        return m_name.c_str();
+    }
+    AcDbDatabase* database() const override { return &m_editor.database(); }
+
+private:
+    Editor& m_editor;
+    mutable std::wstring m_name;
+};
+
+class ManagerFace : public AcApDocManager {
+public:
+    explicit ManagerFace(Editor& editor) : m_editor(editor) {}
+    AcApDocument* curDocument() const override { return &m_editor.document(); }
+    AcApDocument* mdiActiveDocument() const override { return &m_editor.document(); }
+    void addReactor(AcApDocManagerReactor* reactor) override { addOnce(m_editor.documentReactors(), reactor); }
+    void removeReactor(AcApDocManagerReactor* reactor) override { std::erase(m_editor.documentReactors(), reactor); }
+
+private:
+    Editor& m_editor;
+};
+
+void nameDrawing(SystemVariables& variables, const std::filesystem::path& file) {
+    const std::filesystem::path shown = file.empty() ? "Desenho1.dxf" : file;
+    const std::wstring folder = toWide(shown.parent_path().string());
+    variables.force(L"DWGNAME", toWide(shown.filename().string()));
+    variables.force(L"DWGPREFIX", folder.empty() ? folder : folder + L"/");
+}
+
+/// Settings of the session outlive the drawing; the last point does not.
+void keepSession(const SystemVariables& from, SystemVariables& to) {
+    for (const VariableInfo& info : from.all()) {
+        if (info.home != VariableHome::Session || info.access == VariableAccess::ReadOnly) continue;
+        if (info.name != L"LASTPOINT") to.force(info.name, info.value);
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<AcEditor> makeAcEditor(Editor& editor) { return std::make_unique<EditorFace>(editor); }
+std::unique_ptr<AcApDocument> makeDocument(Editor& editor) { return std::make_unique<DocumentFace>(editor); }
+std::unique_ptr<AcApDocManager> makeDocumentManager(Editor& editor) { return std::make_unique<ManagerFace>(editor); }
+
+bool Editor::modified() const { return m_database->core().undo().revision() != m_savedRevision; }
+
+/// Makes a database the working one, and tells the modules.
+void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
+    m_database = std::move(database);
+    m_fileName = std::move(fileName);
+    acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
+    DatabaseCore& core = m_database->core();
+    core.onEntityAppended = recordAppended;
+    core.onEntityErased = recordErased;
+    m_savedRevision = core.undo().revision();
+    nameDrawing(core.variables(), m_fileName);
+    m_modules->broadcast(AcRx::kLoadDwgMsg);
+    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors)) reactor->documentCreated(m_document.get());
+}
+
+/// Nothing may refer to the drawing afterwards.
+void Editor::closeDocument() {
+    if (m_database == nullptr) return;
+    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors)) reactor->documentToBeDestroyed(m_document.get());
+    m_modules->broadcast(AcRx::kUnloadDwgMsg);
+    for (const auto& command : m_running) command->undoDatabase = nullptr;
+    m_previousSelection.clear();
+    m_pickfirst.clear();
+    m_lastErased.clear();
+    m_selectionSets->clear();
+    m_previousViews.clear();
+    m_view = View();
+    m_ucs = AcGeMatrix3d();
+    m_pointer.reset();
+    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    m_database.reset();
+}
+
+Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
+    const bool busy = std::any_of(m_running.begin(), m_running.end(), [](const auto& c) { return c->function != nullptr; });
+    if (busy) return Error{"Há um comando de um módulo em execução; termine-o antes de trocar de desenho."};
+    keepSession(m_database->core().variables(), database->core().variables());
+    closeDocument();
+    adoptDatabase(std::move(database), std::move(fileName));
+    if (onDocumentChanged) onDocumentChanged();
+    m_ui.refresh();
+    return {};
+}
+
+Result<void> Editor::newDocument() { return replaceDatabase(std::make_unique<AcDbDatabase>(), {}); }
+
+Result<void> Editor::openDocument(const std::filesystem::path& path, dxf::LoadReport* findings) {
+    Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(path, findings);
+    acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
+    if (!loaded) return loaded.error();
+    return replaceDatabase(std::move(*loaded), std::filesystem::absolute(path));
+}
+
+Result<void> Editor::writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options) {
+    if (path.empty()) return Error{"O desenho ainda não tem nome; informe onde salvar."};
+    m_modules->broadcast(AcRx::kSaveMsg);
+    return dxf::save(*m_database, path, options);
+}
+
+Result<void> Editor::saveDocument(const std::filesystem::path& path, const dxf::SaveOptions& options) {
+    const std::filesystem::path target = path.empty() ? m_fileName : std::filesystem::absolute(path);
+    const Result<void> written = writeDocument(target, options);
+    if (!written) return written;
+    m_fileName = target;
+    m_savedRevision = m_database->core().undo().revision();
+    nameDrawing(m_database->core().variables(), target);
+    return {};
+}
+
+Result<void> Editor::saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options) {
+    return writeDocument(path, options);
+}
+
+}  // namespace prancheta
+
+AcEditor* acedEditorFunction() {
+    prancheta::Editor* editor = prancheta::Editor::current();
+    return editor != nullptr ? &editor->acEditor() : nullptr;
+}
+
+AcApDocManager* acDocManagerPtr() {
+    prancheta::Editor* editor = prancheta::Editor::current();
+    return editor != nullptr ? &editor->documentManager() : nullptr;
+}

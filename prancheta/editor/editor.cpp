@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+// The editor: construction, input and output, main loop, view.
+#include "prancheta/editor/editor.h"
+
+#include <algorithm>
+
+#include "adscodes.h"
+#include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/dcl/dialog.h"
+#include "prancheta/editor/command_stack.h"
+#include "prancheta/editor/documents.h"
+#include "prancheta/editor/events.h"
+#include "prancheta/editor/modules.h"
+#include "prancheta/editor/picking.h"
+#include "prancheta/editor/running.h"
+#include "prancheta/editor/selection_sets.h"
+#include "prancheta/editor/typed_input.h"
+#include "rxdict.h"
+
+namespace prancheta {
+namespace {
+
+/// The one that the C-style interface talks to.
+Editor* g_current = nullptr;
+
+constexpr std::size_t kPreviousViews = 10;
+
+}  // namespace
+
+Editor* Editor::current() { return g_current; }
+
+Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns) : m_ui(ui) {
+    registerEditorClasses();
+    g_current = this;
+    m_commands = std::make_unique<CommandStack>(builtIns);
+    m_acEditor = makeAcEditor(*this);
+    m_document = makeDocument(*this);
+    m_documentManager = makeDocumentManager(*this);
+    m_modules = std::make_unique<ModuleTable>(*this);
+    m_selectionSets = std::make_unique<SelectionSets>();
+    acrxSysRegistry()->atPut(ACRX_REGISTERED_COMMANDS, m_commands.get());
+    adoptDatabase(std::make_unique<AcDbDatabase>(), {});
+}
+
+Editor::~Editor() {
+    m_running.clear();
+    closeDocument();
+    m_modules.reset();
+    acrxSysRegistry()->remove(ACRX_REGISTERED_COMMANDS);
+    if (g_current == this) g_current = nullptr;
+}
+
+// --- Input and output ---------------------------------------------------------------------------
+
+void Editor::print(std::wstring_view text) {
+    if (text.empty()) return;
+    recordText(text);
+    m_ui.print(text);
+}
+
+void Editor::alert(std::wstring_view text) {
+    recordAlert(text);
+    m_ui.alert(text);
+}
+
+void Editor::complain(std::wstring_view text) { m_ui.complain(text); }
+
+bool Editor::echo() const { return m_tokens == nullptr || m_database->core().variables().number(L"CMDECHO") != 0; }
+
+InputFrame Editor::inputFrame(const RawInput& input) const {
+    InputFrame frame;
+    const SystemVariables& variables = m_database->core().variables();
+    frame.lastPoint = variables.point(L"LASTPOINT");
+    frame.ucs = m_ucs;
+    frame.angleBase = variables.real(L"ANGBASE");
+    frame.clockwise = variables.number(L"ANGDIR") != 0;
+    frame.angleUnits = variables.number(L"AUNITS");
+    frame.ortho = variables.number(L"ORTHOMODE") != 0;
+    frame.pointer = input.pointer ? input.pointer : m_pointer;
+    frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach) { return snapPoint(*this, p, modes, reach); };
+    frame.pick = [this](const AcGePoint3d& p) { return entityAt(*this, p); };
+    frame.last = [this] { return lastEntity(*this); };
+    frame.byHandle = [this](Adesk::UInt64 handle) {
+        AcDbStub* stub = m_database->core().find(handle);
+        const bool entity = stub != nullptr && !stub->erased && AcDbEntity::cast(stub->object) != nullptr;
+        return entity ? AcDbObjectId(stub) : AcDbObjectId::kNull;
+    };
+    return frame;
+}
+
+void Editor::keepLastPoint(const InputFrame& frame, const AcGePoint3d& before) {
+    const AcGePoint3d& now = frame.lastPoint;
+    if (now.x == before.x && now.y == before.y && now.z == before.z) return;
+    m_database->core().variables().force(L"LASTPOINT", now);
+}
+
+AcGePoint3d Editor::lastPoint() const { return m_ucs * m_database->core().variables().point(L"LASTPOINT"); }
+
+void Editor::setLastPoint(const AcGePoint3d& world) {
+    m_database->core().variables().force(L"LASTPOINT", m_ucs.inverse() * world);
+}
+
+RawInput Editor::askRaw(const InputRequest& request) {
+    recordPrompt(request);
+    RawInput input;
+    if (std::optional<RawInput> typed = takeTyped(request)) {
+        input = std::move(*typed);
+    } else if (!m_running.empty() && m_running.back()->transparent) {
+        InputRequest inner = request;
+        const std::size_t text = std::min(inner.prompt.find_first_not_of(L"\n"), inner.prompt.size());
+        inner.prompt.insert(text, L">>");
+        input = m_ui.ask(inner);
+    } else {
+        input = m_ui.ask(request);
+    }
+    const bool placed = input.kind == RawInput::Kind::Pick || input.kind == RawInput::Kind::Move;
+    if (placed) m_pointer = input.point;
+    if (input.pointer) m_pointer = input.pointer;
+    return input;
+}
+
+/// Next answer of what was typed ahead.
+std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
+    while (m_typeAheadLineStart && !m_typeAhead.empty() && m_typeAhead.front() == L';') {
+        m_typeAhead.erase(0, std::min(m_typeAhead.find(L'\n'), m_typeAhead.size() - 1) + 1);
+    }
+    if (m_typeAhead.empty()) return {};
+    const bool wholeLine = request.kind == InputKind::Text && request.blanksAllowed;
+    const bool quoted = !wholeLine && m_typeAhead.front() == L'"';
+    std::size_t end = quoted ? m_typeAhead.find(L'"', 1) : 0;
+    end = m_typeAhead.find_first_of(wholeLine ? L"\n" : L" \n", end == m_typeAhead.npos ? 0 : end);
+    RawInput input;
+    input.kind = RawInput::Kind::Text;
+    input.text = m_typeAhead.substr(0, end);
+    std::erase(input.text, L'\r');
+    if (quoted) std::erase(input.text, L'"');
+    m_typeAheadLineStart = end == m_typeAhead.npos || m_typeAhead[end] == L'\n';
+    m_typeAhead.erase(0, end == m_typeAhead.npos ? end : end + 1);
+    return input;
+}
+
+bool Editor::dropTypeAhead() {
+    m_typeAheadLineStart = true;
+    return !std::exchange(m_typeAhead, {}).empty();
+}
+
+// --- Main loop ----------------------------------------------------------------------------------
+
+void Editor::run() {
+    while (step()) {
+    }
+}
+
+bool Editor::step() {
+    if (m_quit) return false;
+    if (RunningCommand* command = waiting()) {
+        serve(*command);
+        return !m_quit;
+    }
+    InputRequest request;
+    request.kind = InputKind::Command;
+    request.prompt = L"Comando: ";
+    std::optional<RawInput> input = takeTyped(request);
+    if (!input) input = m_ui.ask(request);
+    switch (input->kind) {
+        case RawInput::Kind::EndOfInput:
+            return false;
+        case RawInput::Kind::Cancel:
+            m_pickfirst.clear();
+            print(L"*Cancelar*\n");
+            m_ui.refresh();
+            break;
+        case RawInput::Kind::Pick:
+            if (m_database->core().variables().number(L"PICKFIRST") == 0) break;
+            for (const AcDbObjectId& id : input->entities) {
+                std::erase(m_pickfirst, id);
+                if (!input->removes) m_pickfirst.push_back(id);
+            }
+            m_ui.refresh();
+            break;
+        case RawInput::Kind::Move:
+            break;
+        case RawInput::Kind::Text:
+            if (trim(input->text).empty()) {
+                if (!m_lastCommand.empty()) (void)startNamed(m_lastCommand, Origin::User);
+            } else {
+                (void)startNamed(input->text, Origin::User);
+            }
+            break;
+    }
+    return !m_quit;
+}
+
+// --- View ---------------------------------------------------------------------------------------
+
+void Editor::setView(const View& view) {
+    m_previousViews.push_back(m_view);
+    if (m_previousViews.size() > kPreviousViews) m_previousViews.erase(m_previousViews.begin());
+    m_view = view;
+    m_ui.refresh();
+}
+
+bool Editor::restorePreviousView() {
+    if (m_previousViews.empty()) return false;
+    m_view = m_previousViews.back();
+    m_previousViews.pop_back();
+    m_ui.refresh();
+    return true;
+}
+
+void Editor::setScreenSize(double width, double height) {
+    m_screenWidth = std::max(width, 1.0);
+    m_screenHeight = std::max(height, 1.0);
+}
+
+// --- Variables ----------------------------------------------------------------------------------
+
+SystemVariables& Editor::variables() const {
+    updateVariables();
+    return m_database->core().variables();
+}
+
+void Editor::updateVariables() const {
+    SystemVariables& variables = m_database->core().variables();
+    std::wstring names;
+    short active = 0;
+    for (const auto& command : m_running) {
+        if (!names.empty()) names += L'\'';
+        names += upperCase(command->name);
+        active = static_cast<short>(active | (command->transparent ? 3 : 1));
+    }
+    if (dcl::openDialogs() > 0) active = static_cast<short>(active | 8);
+    variables.force(L"CMDACTIVE", active);
+    variables.force(L"CMDNAMES", names);
+    variables.force(L"VIEWSIZE", m_view.height);
+    variables.force(L"VIEWCTR", m_ucs.inverse() * m_view.centre);
+    variables.force(L"SCREENSIZE", AcGePoint3d(m_screenWidth, m_screenHeight, 0.0));
+}
+
+}  // namespace prancheta

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+// Dragging an entity that is not yet in the drawing.
+#include <cstdarg>
+#include <string>
+
+#include "adscodes.h"
+#include "dbjig.h"
+#include "dbsymtb.h"
+#include "prancheta/base/text.h"
+#include "prancheta/dcl/dialog.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/formatting.h"
+#include "prancheta/editor/question.h"
+#include "prancheta/editor/typed_input.h"
+
+using prancheta::Editor;
+using prancheta::InputFrame;
+using prancheta::InputKind;
+using prancheta::InputRequest;
+using prancheta::InputValue;
+using prancheta::Question;
+using prancheta::RawInput;
+using prancheta::Reading;
+
+struct AcEdJig::Session {
+    enum class State { Dragging, Answered, Cancelled };
+    std::wstring prompt;
+    std::wstring keywords;
+    State state = State::Dragging;
+    bool asked = false;            ///< the sampler asked for something in this round
+    DragStatus answer = kNormal;   ///< status of the final answer
+    std::optional<Question> question;
+
+    InputRequest request(InputKind kind, const AcGePoint3d* base, UserInputControls controls, AcDbEntity* entity) const;
+    DragStatus finish(const InputValue& value);
+    /// Next event: a position (kNormal, `value` filled), or the final answer.
+    DragStatus next(const InputRequest& request, int controls, InputValue& value);
+    DragStatus take(const RawInput& input, int controls, InputValue& value);
+};
+
+InputRequest AcEdJig::Session::request(InputKind kind, const AcGePoint3d* base, UserInputControls controls,
+                                       AcDbEntity* entity) const {
+    InputRequest result;
+    result.kind = kind;
+    result.prompt = prompt;
+    if (base != nullptr) result.base = *base;
+    result.keywords = prancheta::readKeywordList(keywords);
+    result.nullAllowed = (controls & kNullResponseAccepted) != 0;
+    result.orthoAllowed = (controls & kGovernedByOrthoMode) != 0;
+    if (controls & kNoZeroResponseAccepted) result.flags |= RSG_NOZERO;
+    if (controls & kNoNegativeResponseAccepted) result.flags |= RSG_NONEG;
+    if (controls & kAcceptOtherInputString) result.flags |= RSG_OTHER;
+    result.dragged = entity;
+    return result;
+}
+
+AcEdJig::DragStatus AcEdJig::Session::finish(const InputValue& value) {
+    state = State::Answered;
+    if (value.status == RTCAN) {
+        state = State::Cancelled;
+        return kCancel;
+    }
+    if (value.status == RTNONE) return kNull;
+    if (value.status != RTKWORD) return kNormal;
+    int index = kKW1;
+    for (const prancheta::Keyword& k : prancheta::readKeywordList(keywords)) {
+        if (k.global == value.text && index <= kKW9) return static_cast<DragStatus>(index);
+        ++index;
+    }
+    return kOther;
+}
+
+AcEdJig::DragStatus AcEdJig::Session::take(const RawInput& input, int controls, InputValue& value) {
+    Editor& editor = *Editor::current();
+    InputFrame frame = editor.inputFrame(input);
+    const AcGePoint3d before = frame.lastPoint;
+    Reading reading = question->give(input, frame);
+    const AcGePoint3d user = editor.ucs().inverse() * reading.value.point;
+    const bool point = reading.kind == Reading::Kind::Answered && reading.value.status == RTNORM;
+    if (point && user.z != 0.0 && input.kind == RawInput::Kind::Text && !(controls & kAccept3dCoordinates)) {
+        reading.kind = Reading::Kind::Refused;
+        reading.message = L"Ponto inválido: coordenadas 3D não são aceitas aqui.";
+    }
+    if (reading.kind == Reading::Kind::Refused) {
+        editor.complain(reading.message);
+        return kNoChange;
+    }
+    if (!(controls & kDontUpdateLastPoint)) editor.keepLastPoint(frame, before);
+    if (reading.kind == Reading::Kind::Again) return kNoChange;
+    value = std::move(reading.value);
+    return answer = finish(value);
+}
+
+AcEdJig::DragStatus AcEdJig::Session::next(const InputRequest& request, int controls, InputValue& value) {
+    asked = true;
+    for (;;) {
+        if (!question) question.emplace(request);
+        InputRequest shown = question->current();
+        shown.dragged = request.dragged;
+        const RawInput input = Editor::current()->askRaw(shown);
+        if (input.kind == RawInput::Kind::Move) {
+            value.status = RTNORM;
+            value.point = input.point;
+            return kNormal;
+        }
+        const DragStatus status = take(input, controls, value);
+        if (state == State::Dragging) continue;
+        Editor::current()->recordDragEnd(value);
+        return status;
+    }
+}
+
+AcEdJig::AcEdJig() : m_session(std::make_unique<Session>()) {}
+AcEdJig::~AcEdJig() = default;
+
+AcEdJig::DragStatus AcEdJig::sampler() { return kNoChange; }
+Adesk::Boolean AcEdJig::update() { return Adesk::kFalse; }
+AcDbEntity* AcEdJig::entity() const { return nullptr; }
+
+AcEdJig::DragStatus AcEdJig::drag() {
+    Editor* editor = Editor::current();
+    if (editor == nullptr || prancheta::dcl::openDialogs() > 0) return kCancel;
+    AcDbEntity* dragged = entity();
+    if (dragged != nullptr && dragged->database() == nullptr && dragged->layerId().isNull()) dragged->setDatabaseDefaults();
+    Session& session = *m_session;
+    session.state = Session::State::Dragging;
+    session.question.reset();
+    for (;;) {
+        session.asked = false;
+        const DragStatus sampled = sampler();
+        if (session.state == Session::State::Cancelled) return kCancel;
+        const bool final = session.state == Session::State::Answered;
+        if (final && session.answer != kNormal) return session.answer;
+        // A sampler that asks for nothing would go round for ever.
+        if (!session.asked) return kOther;
+        if (!final && sampled < kNormal && sampled != kNoChange) return sampled;
+        // The last position counts, too, when the sampler found nothing new in it.
+        if (final || sampled != kNoChange) {
+            if (!update() && !final) return kOther;
+            editor->ui().refresh();
+        }
+        if (final) return kNormal;
+    }
+}
+
+AcDbObjectId AcEdJig::append() {
+    AcDbObjectId id;
+    AcDbEntity* dragged = entity();
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    if (dragged == nullptr || database == nullptr) return id;
+    AcDbBlockTableRecord* space = nullptr;
+    if (acdbOpenObject(space, database->currentSpaceId(), AcDb::kForWrite) != Acad::eOk) return id;
+    const bool added = space->appendAcDbEntity(id, dragged) == Acad::eOk;
+    space->close();
+    if (!added) return AcDbObjectId::kNull;
+    dragged->close();
+    return id;
+}
+
+void AcEdJig::setDispPrompt(const ACHAR* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    m_session->prompt = prancheta::formatText(format, arguments);
+    va_end(arguments);
+}
+
+void AcEdJig::setKeywordList(const ACHAR* keywords) { m_session->keywords = keywords != nullptr ? keywords : L""; }
+
+void AcEdJig::setUserInputControls(UserInputControls controls) { m_controls = controls; }
+
+AcEdJig::DragStatus AcEdJig::acquirePoint(AcGePoint3d& value) {
+    InputValue input;
+    const DragStatus status = m_session->next(m_session->request(InputKind::Drag, nullptr, m_controls, entity()), m_controls, input);
+    if (status == kNormal) value = input.point;
+    return status;
+}
+
+AcEdJig::DragStatus AcEdJig::acquirePoint(AcGePoint3d& value, const AcGePoint3d& base) {
+    InputValue input;
+    const DragStatus status = m_session->next(m_session->request(InputKind::Drag, &base, m_controls, entity()), m_controls, input);
+    if (status == kNormal) value = input.point;
+    return status;
+}

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+// The prompt "Selecione objetos:".
+#include "prancheta/editor/select.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "adscodes.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/picking.h"
+#include "prancheta/editor/scene.h"
+
+namespace prancheta {
+namespace {
+
+using Ids = std::vector<AcDbObjectId>;
+
+const std::vector<Keyword>& selectionWords() {
+    static const std::vector<Keyword> kWords = {
+        {L"Janela", L"Window"},    {L"Cruzando", L"Crossing"}, {L"uLtimo", L"Last"},       {L"Prévio", L"Previous"},
+        {L"Tudo", L"ALL"},         {L"Adicionar", L"Add"},     {L"Remover", L"Remove"},    {L"Desfazer", L"Undo"},
+        {L"JPolígono", L"WPolygon"}, {L"CPolígono", L"CPolygon"}, {L"CErca", L"Fence"},    {L"CAixa", L"BOX"},
+        {L"AUto", L"AUto"},        {L"SImples", L"SIngle"},    {L"Múltiplo", L"Multiple"},
+    };
+    return kWords;
+}
+
+struct IdHash {
+    std::size_t operator()(const AcDbObjectId& id) const { return std::hash<Adesk::LongPtr>()(id.asOldId()); }
+};
+
+/// Counts of one step, as they are told.
+struct StepCount {
+    std::size_t found = 0;
+    std::size_t known = 0;
+    std::size_t locked = 0;
+};
+
+/// What has been selected so far: every object once, in order, with the steps to take back.
+class Picked {
+public:
+    StepCount add(const Ids& ids, bool dropLocked) {
+        remember();
+        StepCount count;
+        LayerStates layers;
+        for (const AcDbObjectId& id : ids) {
+            if (!id.isValid() || id.isErased()) continue;
+            ++count.found;
+            if (dropLocked && layers.of(id).locked) {
+                ++count.locked;
+            } else if (m_set.insert(id).second) {
+                m_ids.push_back(id);
+            } else {
+                ++count.known;
+            }
+        }
+        return count;
+    }
+    StepCount remove(const Ids& ids) {
+        remember();
+        StepCount count;
+        count.found = ids.size();
+        const std::unordered_set<AcDbObjectId, IdHash> gone(ids.begin(), ids.end());
+        std::erase_if(m_ids, [&](const AcDbObjectId& id) { return gone.contains(id) && m_set.erase(id) != 0; });
+        return count;
+    }
+    bool undo() {
+        if (m_steps.empty()) return false;
+        m_ids = std::move(m_steps.back());
+        m_steps.pop_back();
+        m_set = {m_ids.begin(), m_ids.end()};
+        return true;
+    }
+    const Ids& ids() const { return m_ids; }
+    bool first() const { return m_steps.size() <= 1; }
+
+private:
+    void remember() { m_steps.push_back(m_ids); }
+
+    Ids m_ids;
+    std::unordered_set<AcDbObjectId, IdHash> m_set;
+    std::vector<Ids> m_steps;
+};
+
+std::wstring counted(std::size_t n, const wchar_t* one, const wchar_t* many) {
+    return std::to_wstring(n) + (n == 1 ? one : many);
+}
+
+void tell(const CommandContext& context, const StepCount& count, const Picked& picked, bool removed) {
+    std::wstring text = removed ? counted(count.found, L" encontrado, removido", L" encontrados, removidos")
+                                : counted(count.found, L" encontrado", L" encontrados");
+    if (count.known > 0) text += counted(count.known, L" duplicado)", L" duplicados)").insert(0, L" (");
+    if (!picked.first()) text += L", " + std::to_wstring(picked.ids().size()) + L" total";
+    context.print(text + L"\n");
+    if (count.locked > 0) {
+        context.print(counted(count.locked, L" estava em uma camada bloqueada.\n", L" estavam em uma camada bloqueada.\n"));
+    }
+}
+
+InputRequest pointRequest(std::wstring prompt, InputKind kind = InputKind::Point) {
+    InputRequest request;
+    request.kind = kind;
+    request.prompt = std::move(prompt);
+    request.nullAllowed = false;
+    request.orthoAllowed = false;
+    request.snapModes = 0;
+    return request;
+}
+
+struct Found {
+    int status = RTNORM;
+    Ids ids;
+};
+
+enum class Frame { Window, Crossing, ByDirection };
+
+/// Entities of a frame from `first` (asked when it is missing) to a corner.
+Task<Found> askFrame(CommandContext context, Frame frame, std::optional<AcGePoint3d> first) {
+    Found found;
+    if (!first) {
+        const InputValue corner = co_await context.ask(pointRequest(L"\nEspecifique o primeiro canto: "));
+        found.status = corner.status;
+        if (corner.status != RTNORM) co_return found;
+        first = corner.point;
+    }
+    InputRequest request = pointRequest(L"\nEspecifique o canto oposto: ", InputKind::Corner);
+    request.base = first;
+    const InputValue opposite = co_await context.ask(request);
+    found.status = opposite.status;
+    if (opposite.status != RTNORM) co_return found;
+    const AcGeMatrix3d toUser = context.editor().ucs().inverse();
+    const bool leftwards = (toUser * opposite.point).x < (toUser * *first).x;
+    const bool crossing = frame == Frame::Crossing || (frame == Frame::ByDirection && leftwards);
+    found.ids = crossing ? entitiesCrossing(context.editor(), *first, opposite.point)
+                         : entitiesInWindow(context.editor(), *first, opposite.point);
+    co_return found;
+}
+
+/// Corners of a polygon or fence until Enter.
+Task<Found> askPolygon(CommandContext context, std::wstring_view word) {
+    Found found;
+    std::vector<AcGePoint3d> points;
+    const bool fence = word == L"Fence";
+    for (;;) {
+        InputRequest request = pointRequest(points.empty() ? L"\nEspecifique o primeiro ponto: "
+                                                           : L"\nEspecifique o próximo ponto ou [Desfazer]: ");
+        request.nullAllowed = !points.empty();
+        if (!points.empty()) {
+            request.base = points.back();
+            request.keywords = {{L"Desfazer", L"Undo"}};
+        }
+        const InputValue value = co_await context.ask(request);
+        if (value.status == RTKWORD) {
+            points.pop_back();
+        } else if (value.status == RTNORM) {
+            points.push_back(value.point);
+        } else {
+            found.status = value.status == RTCAN ? RTCAN : RTNORM;
+            break;
+        }
+    }
+    if (found.status == RTCAN) co_return found;
+    found.ids = fence ? entitiesOnFence(context.editor(), points)
+                      : entitiesInPolygon(context.editor(), points, word == L"CPolygon");
+    co_return found;
+}
+
+/// What a point typed at the prompt selects: the entity there, else a frame that begins there.
+Task<Found> askAtPoint(CommandContext context, AcGePoint3d point) {
+    Found found;
+    const AcDbObjectId hit = entityAt(context.editor(), point);
+    if (!hit.isNull()) {
+        found.ids.push_back(hit);
+        co_return found;
+    }
+    if (context.database().core().variables().number(L"PICKAUTO") == 0) co_return found;
+    co_return co_await askFrame(context, Frame::ByDirection, point);
+}
+
+Task<Found> askByWord(CommandContext context, std::wstring word) {
+    Found found;
+    Editor& editor = context.editor();
+    if (word == L"Window") co_return co_await askFrame(context, Frame::Window, {});
+    if (word == L"Crossing") co_return co_await askFrame(context, Frame::Crossing, {});
+    if (word == L"BOX") co_return co_await askFrame(context, Frame::ByDirection, {});
+    if (word == L"WPolygon" || word == L"CPolygon" || word == L"Fence") co_return co_await askPolygon(context, word);
+    if (word == L"ALL") found.ids = allEntities(editor);
+    if (word == L"Last") {
+        const AcDbObjectId last = lastEntity(editor);
+        if (!last.isNull()) found.ids.push_back(last);
+    }
+    if (word == L"Previous") {
+        found.ids = editor.previousSelection();
+        std::erase_if(found.ids, [](const AcDbObjectId& id) { return id.isErased(); });
+        if (found.ids.empty()) context.print(L"Nenhum conjunto de seleção anterior.\n");
+    }
+    co_return found;
+}
+
+/// Words that change how the prompt goes on; true when `word` was one.
+bool changesMode(const std::wstring& word, bool& removing, bool& single) {
+    if (word == L"Add" || word == L"Remove") {
+        removing = word == L"Remove";
+    } else if (word == L"SIngle") {
+        single = true;
+    } else if (word != L"AUto" && word != L"Multiple") {
+        return false;
+    }
+    return true;
+}
+
+/// What was selected before the command; empty when there is nothing to take.
+Ids takePickfirst(const CommandContext& context) {
+    Ids ids = std::exchange(context.editor().pickfirst(), {});
+    if (context.database().core().variables().number(L"PICKFIRST") == 0) ids.clear();
+    return ids;
+}
+
+}  // namespace
+
+Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
+    Selection selection;
+    Picked picked;
+    bool removing = false;
+    bool single = options.single;
+    const Ids before = options.usePickfirst ? takePickfirst(context) : Ids();
+    if (!before.empty()) tell(context, picked.add(before, options.dropLocked), picked, false);
+    bool done = !picked.ids().empty();
+    while (!done) {
+        InputRequest request;
+        request.kind = InputKind::Selection;
+        request.prompt = removing ? L"\nRemova objetos: " : options.prompt;
+        request.keywords = selectionWords();
+        request.selection = picked.ids();
+        request.blanksAllowed = true;
+        const InputValue value = co_await context.ask(std::move(request));
+        if (value.status == RTNONE) break;
+        Found found;
+        if (value.status == RTKWORD) {
+            if (changesMode(value.text, removing, single)) continue;
+            if (value.text == L"Undo") {
+                if (!picked.undo()) context.print(L"Nada a desfazer na seleção.\n");
+                continue;
+            }
+            found = co_await askByWord(context, value.text);
+        } else if (value.status == RTNORM && !value.entities.empty()) {
+            found.ids = value.entities;
+        } else if (value.status == RTNORM) {
+            found = co_await askAtPoint(context, value.point);
+        } else {
+            found.status = RTCAN;
+        }
+        if (found.status != RTNORM) {
+            selection.status = RTCAN;
+            co_return selection;
+        }
+        const bool out = removing || value.removes;
+        tell(context, out ? picked.remove(found.ids) : picked.add(found.ids, options.dropLocked), picked, out);
+        done = single && !picked.ids().empty();
+    }
+    selection.ids = picked.ids();
+    selection.status = selection.ids.empty() ? RTNONE : RTNORM;
+    if (selection.status == RTNORM) context.editor().previousSelection() = selection.ids;
+    co_return selection;
+}
+
+}  // namespace prancheta

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// What is in a block.
+#include "prancheta/entities/block_content.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "prancheta/entities/picture_entities.h"
+
+namespace prancheta {
+
+namespace {
+
+/// Blocks of one drawing may nest so that their copies multiply without end.
+constexpr std::size_t kMostPrimitives = 500000;
+
+/// Blocks being drawn, outermost first: drawing recurses through the entities and has no other way to
+/// see that it comes back to where it was.
+thread_local std::vector<AcDbStub*> g_drawing;
+
+class DrawingScope {
+public:
+    explicit DrawingScope(AcDbStub* block) { g_drawing.push_back(block); }
+    ~DrawingScope() { g_drawing.pop_back(); }
+    DrawingScope(const DrawingScope&) = delete;
+    DrawingScope& operator=(const DrawingScope&) = delete;
+};
+
+}  // namespace
+
+BlockInheritance::BlockInheritance(const PictureTraits& reference, const AcDbDatabase* database)
+    : m_reference(reference) {
+    if (database == nullptr) return;
+    m_layerZero = database->layerZero();
+    m_byBlock = database->byBlockLinetype();
+}
+
+PictureTraits BlockInheritance::resolved(PictureTraits traits) const {
+    if (traits.layer == m_layerZero) traits.layer = m_reference.layer;
+    if (traits.color == 0) traits.color = m_reference.color;
+    if (!m_byBlock.isNull() && traits.linetype == m_byBlock) traits.linetype = m_reference.linetype;
+    if (traits.lineWeight == AcDb::kLnWtByBlock) traits.lineWeight = m_reference.lineWeight;
+    return traits;
+}
+
+void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
+    if (record.openStatus() != Acad::eOk) return;
+    AcDbBlockTableRecordIterator* made = nullptr;
+    if (record->newIterator(made) != Acad::eOk) return;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
+    for (; !iterator->done(); iterator->step()) {
+        AcDbObjectId id;
+        if (iterator->getEntityId(id) != Acad::eOk) continue;
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk || entity->visibility() == AcDb::kInvisible) continue;
+        visit(*entity.object());
+    }
+}
+
+Picture blockPicture(AcDbObjectId block, const PictureTraits& reference) {
+    Picture content;
+    AcDbStub* const stub = block;
+    const bool inside = std::find(g_drawing.begin(), g_drawing.end(), stub) != g_drawing.end();
+    if (stub == nullptr || inside) return content;
+    const DrawingScope scope(stub);
+    forEachInBlock(block, [&](AcDbEntity& entity) {
+        if (content.size() < kMostPrimitives) content.append(pictureOf(entity));
+    });
+    const BlockInheritance inheritance(reference, block.database());
+    for (std::uint32_t i = 0; i < content.allTraits().size(); ++i)
+        content.setTraits(i, inheritance.resolved(content.allTraits()[i]));
+    return content;
+}
+
+}  // namespace prancheta

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// What is in a block, seen from a reference to it.
+#pragma once
+
+#include <functional>
+
+#include "dbsymtb.h"
+#include "prancheta/graphics/picture.h"
+
+namespace prancheta {
+
+/// Properties that entities of a block take from the reference: on layer 0, by block.
+class BlockInheritance {
+public:
+    BlockInheritance(const PictureTraits& reference, const AcDbDatabase* database);
+    PictureTraits resolved(PictureTraits traits) const;
+
+private:
+    PictureTraits m_reference;
+    AcDbObjectId m_layerZero;
+    AcDbObjectId m_byBlock;
+};
+
+/// Calls `visit` for each visible entity, open for read. Nothing when the block cannot be opened.
+void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit);
+
+/// What the block draws in its own coordinates, with the reference's properties. A block that contains
+/// itself is left out where it would repeat; very large nests are cut.
+Picture blockPicture(AcDbObjectId block, const PictureTraits& reference);
+
+}  // namespace prancheta

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+// Block reference.
+#include <cmath>
+#include <memory>
+
+#include "dbsymtb.h"
+#include "prancheta/entities/block_content.h"
+#include "prancheta/entities/common.h"
+#include "prancheta/entities/listing.h"
+#include "prancheta/entities/picture_entities.h"
+#include "prancheta/graphics/picture_recorder.h"
+
+using namespace prancheta;
+
+ACRX_DXF_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity, 0, 0, 0, INSERT, "Prancheta")
+
+namespace {
+
+AcGePoint3d originOf(AcDbObjectId block) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
+    return record.openStatus() == Acad::eOk ? record->origin() : AcGePoint3d::kOrigin;
+}
+
+double signOf(double v) { return v < 0.0 ? -1.0 : 1.0; }
+
+bool perpendicular(const AcGeVector3d& a, const AcGeVector3d& b) {
+    return std::abs(a.dotProduct(b)) <= 1e-8 * a.length() * b.length();
+}
+
+/// Frame of a reference without its place: what rotation, factors and normal can say.
+struct Frame {
+    AcGeVector3d scale;
+    AcGeVector3d normal;
+    double rotation = 0.0;
+};
+
+/// False when the axes are no longer perpendicular or one has vanished. A mirror shows in the sign of
+/// the factor of x.
+bool frameOf(const AcGeMatrix3d& m, const AcGeVector3d& formerScale, Frame& frame) {
+    AcGePoint3d origin;
+    AcGeVector3d x;
+    AcGeVector3d y;
+    AcGeVector3d z;
+    m.getCoordSystem(origin, x, y, z);
+    if (x.isZeroLength() || y.isZeroLength() || z.isZeroLength()) return false;
+    if (!perpendicular(x, y) || !perpendicular(y, z) || !perpendicular(x, z)) return false;
+    frame.scale.z = z.length() * signOf(formerScale.z);
+    frame.scale.y = y.length() * signOf(formerScale.y);
+    frame.normal = z / frame.scale.z;
+    const AcGeVector3d xAxis = (y / frame.scale.y).crossProduct(frame.normal);
+    frame.scale.x = x.length() * signOf(x.dotProduct(xAxis));
+    frame.rotation = angleInPlane(xAxis, frame.normal);
+    return true;
+}
+
+}  // namespace
+
+Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId id) {
+    assertWriteEnabled();
+    if (id.isNull()) return Acad::eNullObjectId;
+    m_block = id;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& p) {
+    assertWriteEnabled();
+    m_position = p;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
+    assertWriteEnabled();
+    m_rotation = angle;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeVector3d& scale) {
+    assertWriteEnabled();
+    if (scale.x == 0.0 || scale.y == 0.0 || scale.z == 0.0) return Acad::eInvalidInput;
+    m_scale = scale;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::setNormal(const AcGeVector3d& normal) {
+    assertWriteEnabled();
+    if (normal.isZeroLength()) return Acad::eInvalidInput;
+    m_normal = normal.normal();
+    return Acad::eOk;
+}
+
+AcGeMatrix3d AcDbBlockReference::blockTransform() const {
+    AcGeMatrix3d scale;
+    scale.setCoordSystem(AcGePoint3d::kOrigin, AcGeVector3d::kXAxis * m_scale.x,
+                         AcGeVector3d::kYAxis * m_scale.y, AcGeVector3d::kZAxis * m_scale.z);
+    return AcGeMatrix3d::translation(m_position.asVector()) * planeToWorld(m_normal) *
+           AcGeMatrix3d::rotation(m_rotation, AcGeVector3d::kZAxis) * scale *
+           AcGeMatrix3d::translation(-originOf(m_block).asVector());
+}
+
+Acad::ErrorStatus AcDbBlockReference::dwgOutFields(AcDbDwgFiler* filer) const {
+    const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
+    if (es != Acad::eOk) return es;
+    filer->writeInt16(kFieldsVersion);
+    filer->writePoint3d(m_position);
+    filer->writeHardPointerId(m_block);
+    filer->writeVector3d(m_scale);
+    filer->writeVector3d(m_normal);
+    filer->writeDouble(m_rotation);
+    return filer->filerStatus();
+}
+
+Acad::ErrorStatus AcDbBlockReference::dwgInFields(AcDbDwgFiler* filer) {
+    Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
+    if (es == Acad::eOk) es = readVersion(filer);
+    if (es != Acad::eOk) return es;
+    filer->readPoint3d(&m_position);
+    AcDbHardPointerId block;
+    filer->readHardPointerId(&block);
+    m_block = block;
+    filer->readVector3d(&m_scale);
+    filer->readVector3d(&m_normal);
+    filer->readDouble(&m_rotation);
+    return filer->filerStatus();
+}
+
+Adesk::Boolean AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw) {
+    const Picture content = blockPicture(m_block, traitsOf(*this));
+    draw->geometry().pushModelTransform(blockTransform());
+    replay(content, *draw);
+    draw->geometry().popModelTransform();
+    return Adesk::kTrue;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& m) {
+    assertWriteEnabled();
+    Frame frame;
+    if (!frameOf(m * blockTransform(), m_scale, frame)) return Acad::eCannotScaleNonUniformly;
+    m_position.transformBy(m);
+    m_scale = frame.scale;
+    m_normal = frame.normal;
+    m_rotation = frame.rotation;
+    xDataTransformBy(m);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subExplode(AcDbVoidPtrArray& set) const {
+    assertReadEnabled();
+    const AcGeMatrix3d m = blockTransform();
+    const BlockInheritance inheritance(traitsOf(*this), m_block.database());
+    forEachInBlock(m_block, [&](AcDbEntity& entity) {
+        AcDbVoidPtrArray pieces;
+        AcDbEntity* copy = nullptr;
+        if (entity.getTransformedCopy(m, copy) == Acad::eOk && copy != nullptr) {
+            pieces.append(copy);
+        } else {
+            // What cannot be stretched becomes the chords that it is drawn with.
+            delete copy;
+            Picture picture = pictureOf(entity);
+            picture.transform(m);
+            appendEntities(picture, pieces);
+        }
+        for (void* piece : pieces) {
+            auto* made = static_cast<AcDbEntity*>(piece);
+            const PictureTraits traits = inheritance.resolved(traitsOf(*made));
+            if (!traits.layer.isNull()) (void)made->setLayer(traits.layer);
+            if (!traits.linetype.isNull()) (void)made->setLinetype(traits.linetype);
+            (void)made->setColorIndex(traits.color);
+            (void)made->setLineWeight(traits.lineWeight);
+            set.append(made);
+        }
+    });
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subGetOsnapPoints(
+    AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick, const AcGePoint3d& last,
+    const AcGeMatrix3d& view, AcGePoint3dArray& points, AcDbIntArray& geomIds) const {
+    if (mode == AcDb::kOsModeIns) points.append(m_position);
+    return AcDbEntity::subGetOsnapPoints(mode, marker, pick, last, view, points, geomIds);
+}
+
+void AcDbBlockReference::subList() const {
+    assertReadEnabled();
+    AcDbEntity::subList();
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(m_block, AcDb::kForRead);
+    const ACHAR* name = nullptr;
+    if (record.openStatus() == Acad::eOk && record->getName(name) == Acad::eOk)
+        listText(L"Nome do bloco:", name);
+    listPoint(L"no ponto,", m_position);
+    listNumber(L"fator de escala X:", m_scale.x);
+    listNumber(L"fator de escala Y:", m_scale.y);
+    listNumber(L"fator de escala Z:", m_scale.z);
+    listAngle(L"ângulo de rotação:", m_rotation);
+}
+
+Acad::ErrorStatus AcDbBlockReference::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                       AcDbIntArray&) const {
+    points.append(m_position);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subMoveGripPointsAt(const AcDbIntArray& indices,
+                                                          const AcGeVector3d& offset) {
+    assertWriteEnabled();
+    if (!indices.isEmpty()) m_position += offset;
+    return Acad::eOk;
+}

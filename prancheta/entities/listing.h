@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// Lines of the LIST command, in the form that all entities share.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "gepnt3d.h"
+
+namespace prancheta {
+
+/// Number with a fixed count of decimals and decimal point, free of locale; "-0.00" becomes "0.00".
+std::wstring fixedText(double value, int decimals);
+
+/// "<label> X=1.0000  Y=2.0000  Z=0.0000", on a line of its own.
+void listPoint(std::wstring_view label, const AcGePoint3d& p);
+/// "<label> 1.0000".
+void listNumber(std::wstring_view label, double value);
+/// Radians, shown as whole degrees.
+void listAngle(std::wstring_view label, double radians);
+void listText(std::wstring_view label, std::wstring_view text);
+
+}  // namespace prancheta

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// Entities from pictures.
+#include "prancheta/entities/picture_entities.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "dbpl.h"
+#include "prancheta/base/text.h"
+#include "prancheta/entities/common.h"
+#include "prancheta/entities/foreign_entity.h"
+#include "prancheta/graphics/picture_recorder.h"
+
+namespace prancheta {
+
+namespace {
+
+using Points = std::span<const AcGePoint3d>;
+
+void finish(std::unique_ptr<AcDbEntity> entity, const PictureTraits& traits,
+            AcDbVoidPtrArray& out) {
+    if (!traits.layer.isNull()) (void)entity->setLayer(traits.layer);
+    if (!traits.linetype.isNull()) (void)entity->setLinetype(traits.linetype);
+    (void)entity->setColorIndex(traits.color);
+    (void)entity->setLinetypeScale(traits.linetypeScale);
+    (void)entity->setLineWeight(traits.lineWeight);
+    out.append(entity.release());
+}
+
+bool sameHeight(Points points) {
+    return std::all_of(points.begin(), points.end(), [&](const AcGePoint3d& p) {
+        return std::abs(p.z - points[0].z) < AcGeContext::gTol.equalPoint();
+    });
+}
+
+std::unique_ptr<AcDbEntity> polyline(Points points, std::span<const double> bulges, bool closed,
+                                     const AcGeVector3d& normal) {
+    auto entity = std::make_unique<AcDbPolyline>();
+    const AcGeMatrix3d back = planeToWorld(normal).inverse();
+    (void)entity->setNormal(normal);
+    (void)entity->setElevation((back * points[0]).z);
+    (void)entity->setClosed(closed);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const AcGePoint3d p = back * points[i];
+        const double bulge = bulges.empty() ? 0.0 : bulges[i];
+        (void)entity->addVertexAt(static_cast<unsigned>(i), {p.x, p.y}, bulge);
+    }
+    return entity;
+}
+
+void appendLines(Points points, bool closed, const PictureTraits& traits, AcDbVoidPtrArray& out) {
+    for (std::size_t i = 1; i < points.size(); ++i)
+        finish(std::make_unique<AcDbLine>(points[i - 1], points[i]), traits, out);
+    if (closed && points.size() > 2)
+        finish(std::make_unique<AcDbLine>(points.back(), points.front()), traits, out);
+}
+
+void appendPolyline(Points points, const PictureTraits& traits, AcDbVoidPtrArray& out) {
+    if (points.size() == 1) return finish(std::make_unique<AcDbPoint>(points[0]), traits, out);
+    if (points.size() == 2 || !sameHeight(points)) return appendLines(points, false, traits, out);
+    const bool closed = points.front() == points.back();
+    if (closed) points = points.first(points.size() - 1);
+    finish(polyline(points, {}, closed, AcGeVector3d::kZAxis), traits, out);
+}
+
+void appendPline(const PrimitiveView& p, AcDbVoidPtrArray& out) {
+    const bool straight =
+        std::ranges::all_of(p.bulges(), [](double bulge) { return bulge == 0.0; });
+    const bool plane = p.normal().isEqualTo(AcGeVector3d::kZAxis) ? sameHeight(p.points()) : true;
+    if (straight && (p.points().size() == 2 || !plane))
+        return appendLines(p.points(), p.closed(), p.traits(), out);
+    finish(polyline(p.points(), p.bulges(), p.closed(), p.normal()), p.traits(), out);
+}
+
+/// Solid hatch with one straight-sided path.
+std::unique_ptr<AcDbEntity> hatch(Points points) {
+    RawTags tags;
+    const auto text = [&](int code, std::string value) { tags.push_back({code, std::move(value)}); };
+    const auto whole = [&](int code, std::size_t value) { text(code, std::to_string(value)); };
+    text(100, "AcDbHatch");
+    for (const int code : {10, 20}) whole(code, 0);
+    text(30, numberText(points[0].z));
+    for (const int code : {210, 220}) whole(code, 0);
+    whole(230, 1);
+    text(2, "SOLID");
+    whole(70, 1);
+    whole(71, 0);
+    whole(91, 1);
+    whole(92, 3);
+    whole(72, 0);
+    whole(73, 1);
+    whole(93, points.size());
+    for (const AcGePoint3d& p : points) {
+        text(10, numberText(p.x));
+        text(20, numberText(p.y));
+    }
+    whole(97, 0);
+    whole(75, 0);
+    whole(76, 1);
+    whole(98, 0);
+    auto entity = std::make_unique<ForeignEntity>();
+    (void)entity->setContent("HATCH", std::move(tags));
+    return entity;
+}
+
+std::unique_ptr<AcDbEntity> area(Points p) {
+    if (p.size() == 3) return std::make_unique<AcDbSolid>(p[0], p[1], p[2], p[2]);
+    if (p.size() == 4) return std::make_unique<AcDbSolid>(p[0], p[1], p[3], p[2]);
+    return hatch(p);
+}
+
+std::unique_ptr<AcDbEntity> arc(const PrimitiveView& p) {
+    const double start = angleInPlane(p.start(), p.normal());
+    auto entity = std::make_unique<AcDbArc>(p.center(), p.radius(), start,
+                                            positiveAngle(start + p.sweep()));
+    (void)entity->setNormal(p.normal());
+    return entity;
+}
+
+std::unique_ptr<AcDbEntity> text(const PrimitiveView& p) {
+    auto entity =
+        std::make_unique<AcDbText>(p.position(), p.text(), AcDbObjectId::kNull, p.height(),
+                                   angleInPlane(p.direction(), AcGeVector3d::kZAxis));
+    (void)entity->setWidthFactor(p.widthFactor());
+    (void)entity->setOblique(p.oblique());
+    return entity;
+}
+
+}  // namespace
+
+PictureTraits traitsOf(const AcDbEntity& entity) {
+    PictureTraits traits;
+    traits.layer = entity.layerId();
+    traits.linetype = entity.linetypeId();
+    traits.linetypeScale = entity.linetypeScale();
+    traits.color = entity.colorIndex();
+    traits.lineWeight = entity.lineWeight();
+    return traits;
+}
+
+Picture pictureOf(AcDbEntity& entity) {
+    Picture picture;
+    PictureRecorder recorder(picture);
+    recorder.begin(traitsOf(entity));
+    (void)entity.worldDraw(&recorder);
+    return picture;
+}
+
+void appendEntities(const Picture& picture, AcDbVoidPtrArray& out) {
+    for (const PrimitiveView p : picture) {
+        switch (p.kind()) {
+            case PrimitiveKind::Polyline:
+                appendPolyline(p.points(), p.traits(), out);
+                break;
+            case PrimitiveKind::Polygon:
+                finish(area(p.points()), p.traits(), out);
+                break;
+            case PrimitiveKind::Circle:
+                finish(std::make_unique<AcDbCircle>(p.center(), p.normal(), p.radius()), p.traits(),
+                       out);
+                break;
+            case PrimitiveKind::Arc:
+                finish(arc(p), p.traits(), out);
+                break;
+            case PrimitiveKind::Text:
+                finish(text(p), p.traits(), out);
+                break;
+            case PrimitiveKind::Pline:
+                appendPline(p, out);
+                break;
+        }
+    }
+}
+
+}  // namespace prancheta

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// Where a text stands: from its justification to the left end of its baseline.
+#pragma once
+
+#include "dbents.h"
+
+namespace prancheta {
+
+/// Left end of the baseline, reading direction, and the sizes with which the text is drawn (aligned and
+/// fitted texts derive them from their two points).
+struct TextPlace {
+    AcGePoint3d start;
+    AcGeVector3d direction;
+    double height;
+    double widthFactor;
+};
+TextPlace placeOf(const AcDbText& text);
+
+/// From the left end of the baseline to the alignment point in the text's own frame, x along the
+/// baseline; for justifications by one point.
+AcGeVector3d alignmentOffset(const AcDbText& text);
+
+/// True for aligned and fitted texts, which stand between two points.
+bool standsBetweenPoints(const AcDbText& text);
+
+}  // namespace prancheta

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// LINE, CIRCLE, ARC, POINT, TEXT, DIMALIGNED.
+#include "prancheta/geometry/angles.h"
+#include "tests/builtin/script_ui.h"
+
+namespace builtin {
+namespace {
+
+using prancheta::kPi;
+
+class Draw : public Builtin {};
+
+TEST_F(Draw, LineWithUndoAndClose) {
+    type({L"linha", L"0,0", L"10,0", L"99,99", L"_u", L"@0,10", L"_c"});
+    ASSERT_EQ(count(), 3u);
+    expectLine(entities()[0], 0, 0, 10, 0);
+    expectLine(entities()[1], 10, 0, 10, 10);
+    expectLine(entities()[2], 10, 10, 0, 0);
+    // Closing takes two lines at least: the word is not offered before, and is no point.
+    type({L"_line", L"0,0", L"1,0", L"_c", L"^C"});
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    EXPECT_EQ(count(), 4u);
+    // Enter goes on from the last point.
+    type({L"_line", L"", L"@0,5", L""});
+    expectLine(last(), 1, 0, 1, 5);
+}
+
+TEST_F(Draw, LineUndoneToItsStart) {
+    type({L"_line", L"0,0", L"1,0", L"_u", L"_u", L"0,2", L""});
+    EXPECT_TRUE(said(L"Todos os segmentos já foram desfeitos."));
+    ASSERT_EQ(count(), 1u);
+    expectLine(last(), 0, 0, 0, 2);
+}
+
+struct CircleCase {
+    std::initializer_list<const wchar_t*> lines;
+    double x, y, radius;
+};
+
+TEST_F(Draw, Circle) {
+    const CircleCase cases[] = {
+        {{L"círculo", L"1,2", L"5"}, 1, 2, 5},
+        {{L"_circle", L"0,0", L"_d", L"5"}, 0, 0, 2.5},
+        {{L"_circle", L"0,0", L""}, 0, 0, 2.5},   // the last radius again
+        {{L"_circle", L"3,4", L"0,0"}, 3, 4, 5},  // by a point of it
+        {{L"_circle", L"2p", L"0,0", L"6,8"}, 3, 4, 5},
+        // A right angle at the origin: the hypotenuse from (8,0) to (0,6) is a diameter.
+        {{L"_circle", L"3p", L"0,0", L"8,0", L"0,6"}, 4, 3, 5},
+        // The same far from the origin.
+        {{L"_circle", L"3p", L"1000000,0", L"@8,0", L"1000000,6"}, 1000004, 3, 5},
+    };
+    std::size_t made = 0;
+    for (const CircleCase& each : cases) {
+        type(each.lines);
+        ASSERT_EQ(count(), ++made);
+        const Read<AcDbCircle> circle(last());
+        ASSERT_NE(circle.object(), nullptr);
+        expectPoint(circle->center(), each.x, each.y);
+        EXPECT_NEAR(circle->radius(), each.radius, 1e-9);
+    }
+    type({L"_circle", L"3p", L"0,0", L"1,1", L"2,2"});
+    EXPECT_EQ(count(), made);
+    EXPECT_TRUE(said(L"O círculo não existe: os pontos estão em uma linha reta."));
+}
+
+TEST_F(Draw, ArcThroughThreePoints) {
+    // Half of the unit circle over the X axis, drawn both ways: an arc always runs
+    // counter-clockwise.
+    for (const auto& lines :
+         {std::initializer_list<const wchar_t*>{L"arco", L"1,0", L"0,1", L"-1,0"},
+          std::initializer_list<const wchar_t*>{L"_arc", L"-1,0", L"0,1", L"1,0"}}) {
+        type(lines);
+        const Read<AcDbArc> arc(last());
+        ASSERT_NE(arc.object(), nullptr);
+        expectPoint(arc->center(), 0, 0);
+        EXPECT_NEAR(arc->radius(), 1, 1e-9);
+        EXPECT_NEAR(arc->startAngle(), 0, 1e-9);
+        EXPECT_NEAR(arc->endAngle(), kPi, 1e-9);
+    }
+    type({L"_arc", L"0,0", L"1,0", L"2,0"});
+    EXPECT_EQ(count(), 2u);
+}
+
+TEST_F(Draw, NewEntitiesTakeTheCurrentProperties) {
+    type({L"_-layer", L"_m", L"Corte", L"", L"_point", L"1,2,3"});
+    const Read<AcDbPoint> point(last());
+    ASSERT_NE(point.object(), nullptr);
+    expectPoint(point->position(), 1, 2, 3);
+    EXPECT_EQ(layerOf(last()), L"Corte");
+    EXPECT_EQ(point->colorIndex(), 256);
+}
+
+TEST_F(Draw, Text) {
+    type({L"texto", L"10,20", L"5", L"90", L"Viga V1, 2 peças"});
+    {
+        const Read<AcDbText> text(last());
+        ASSERT_NE(text.object(), nullptr);
+        EXPECT_STREQ(text->textStringConst(), L"Viga V1, 2 peças");
+        expectPoint(text->position(), 10, 20);
+        EXPECT_DOUBLE_EQ(text->height(), 5);
+        EXPECT_NEAR(text->rotation(), kPi / 2, 1e-12);
+    }
+    // Height and rotation are kept; the middle centre is mode 1 / 2 about the point.
+    type({L"_text", L"_j", L"_mc", L"3,4", L"", L"", L"B"});
+    const Read<AcDbText> text(last());
+    ASSERT_NE(text.object(), nullptr);
+    EXPECT_EQ(text->horizontalMode(), 1);
+    EXPECT_EQ(text->verticalMode(), 2);
+    expectPoint(text->alignmentPoint(), 3, 4);
+    EXPECT_DOUBLE_EQ(text->height(), 5);
+    EXPECT_NEAR(text->rotation(), kPi / 2, 1e-12);
+}
+
+TEST_F(Draw, TextWithoutWordsIsNone) {
+    type({L"_text", L"0,0", L"", L"", L""});
+    EXPECT_EQ(count(), 0u);
+    EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(Draw, DimensionOfTwoPoints) {
+    type({L"_-layer", L"_m", L"Cotas", L"", L"cotaalinhada", L"0,0", L"30,40", L"0,50"});
+    {
+        const Read<AcDbAlignedDimension> dimension(last());
+        ASSERT_NE(dimension.object(), nullptr);
+        expectPoint(dimension->xLine1Point(), 0, 0);
+        expectPoint(dimension->xLine2Point(), 30, 40);
+        expectPoint(dimension->dimLinePoint(), 0, 50);
+        EXPECT_DOUBLE_EQ(dimension->measurement(), 50);
+        EXPECT_EQ(dimension->dimensionStyle(), editor->database().dimstyle());
+    }
+    EXPECT_EQ(layerOf(last()), L"Cotas");
+    EXPECT_TRUE(said(L"Texto da cota = 50"));
+    type({L"dal", L"0,0", L"10,0", L"_t", L"4 x 2,5", L"0,9"});
+    EXPECT_STREQ(Read<AcDbDimension>(last())->dimensionTextConst(), L"4 x 2,5");
+}
+
+TEST_F(Draw, DimensionOfAnObject) {
+    type({L"_pline", L"0,0", L"100,0", L"100,30", L"0,30", L"_c"});
+    type({L"_dimaligned", L""});
+    pick(100, 10, {last()});
+    type({L"120,0"});
+    const Read<AcDbAlignedDimension> dimension(last());
+    ASSERT_NE(dimension.object(), nullptr);
+    expectPoint(dimension->xLine1Point(), 100, 0);
+    expectPoint(dimension->xLine2Point(), 100, 30);
+    EXPECT_DOUBLE_EQ(dimension->measurement(), 30);
+}
+
+}  // namespace
+}  // namespace builtin

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// LAYER on the command line.
+#include "prancheta/editor/commands/support.h"
+#include "tests/builtin/script_ui.h"
+
+namespace builtin {
+namespace {
+
+class Layer : public Builtin {
+protected:
+    AcDbObjectId find(const wchar_t* name) {
+        AcDbLayerTable* table = nullptr;
+        AcDbObjectId id;
+        if (editor->database().getSymbolTable(table, AcDb::kForRead) != Acad::eOk) return id;
+        if (table->getAt(name, id) != Acad::eOk) id.setNull();
+        (void)table->close();
+        return id;
+    }
+    template <class F>
+    auto of(const wchar_t* name, F f) {
+        const Read<AcDbLayerTableRecord> layer(find(name));
+        return (layer.object()->*f)();
+    }
+    std::wstring current() { return editor->variables().text(L"CLAYER"); }
+};
+
+TEST_F(Layer, MakeNewAndSet) {
+    type({L"camada", L"CRiar", L"Perfis", L"_n", L"Eixos, Cotas ,Chapas", L"_s", L"cotas", L""});
+    EXPECT_EQ(current(), L"Cotas");
+    for (const wchar_t* name : {L"Perfis", L"Eixos", L"Chapas"})
+        EXPECT_FALSE(find(name).isNull()) << prancheta::toUtf8(name);
+    // Made again, a layer is only made current.
+    type({L"_layer", L"_m", L"PERFIS", L""});
+    EXPECT_EQ(current(), L"Perfis");
+    EXPECT_TRUE(asked(L"<Cotas>"));
+    EXPECT_TRUE(said(L"Camada atual:  \"Cotas\""));
+}
+
+TEST_F(Layer, RefusedNames) {
+    type({L"_-layer", L"_n", L"0,a|b,Boa", L"_s", L"Nada", L"_off", L"Nada*", L""});
+    EXPECT_TRUE(said(L"A camada \"0\" já existe."));
+    EXPECT_TRUE(said(L"O nome de camada \"a|b\" é inválido."));
+    EXPECT_FALSE(find(L"Boa").isNull());
+    EXPECT_TRUE(said(L"A camada \"Nada\" não existe."));
+    EXPECT_TRUE(said(L"Nenhuma camada corresponde a \"Nada*\"."));
+    EXPECT_EQ(current(), L"0");
+}
+
+TEST_F(Layer, SwitchesByListAndPattern) {
+    using Record = AcDbLayerTableRecord;
+    type({L"_-layer", L"_n", L"P1,P2,P30,Q", L"_off", L"p#", L"_f", L"*30,q", L"_lo", L"P?", L""});
+    EXPECT_TRUE(of(L"P1", &Record::isOff) && of(L"P2", &Record::isOff));
+    EXPECT_FALSE(of(L"P30", &Record::isOff) || of(L"Q", &Record::isOff));
+    EXPECT_TRUE(of(L"P30", &Record::isFrozen) && of(L"Q", &Record::isFrozen));
+    EXPECT_TRUE(of(L"P1", &Record::isLocked) && !of(L"P30", &Record::isLocked));
+    type({L"-camada", L"LIG", L"*", L"DESC", L"*", L"DESB", L"P1", L""});
+    EXPECT_FALSE(of(L"P1", &Record::isOff) || of(L"P30", &Record::isFrozen) ||
+                 of(L"P1", &Record::isLocked));
+    EXPECT_TRUE(of(L"P2", &Record::isLocked));
+}
+
+TEST_F(Layer, TheCurrentOneIsGuarded) {
+    using Record = AcDbLayerTableRecord;
+    type({L"_-layer", L"_f", L"0", L"_off", L"0", L"", L""});
+    EXPECT_TRUE(said(L"Não é possível congelar a camada \"0\". Ela é a camada ATUAL."));
+    EXPECT_FALSE(of(L"0", &Record::isFrozen));
+    EXPECT_FALSE(of(L"0", &Record::isOff));
+    type({L"_-layer", L"_off", L"0", L"_y", L""});
+    EXPECT_TRUE(of(L"0", &Record::isOff));
+    type({L"_-layer", L"_n", L"Fria", L"_f", L"Fria", L"_s", L"Fria", L""});
+    EXPECT_EQ(current(), L"0");
+    EXPECT_TRUE(said(L"Uma camada congelada não pode ser a atual."));
+}
+
+TEST_F(Layer, Properties) {
+    using Record = AcDbLayerTableRecord;
+    type({L"_-layer", L"_n", L"A,B", L"_c", L"vermelho", L"A", L"COR", L"-30", L"B", L"_l",
+          L"hidden", L"A"});
+    type({L"_lw", L"0.34", L"A", L"_p", L"não", L"B", L"_c", L"_blue", L"", L""});
+    EXPECT_EQ(of(L"A", &Record::colorIndex), 1);
+    EXPECT_EQ(of(L"B", &Record::colorIndex), 30);
+    EXPECT_TRUE(of(L"B", &Record::isOff));
+    EXPECT_EQ(of(L"0", &Record::colorIndex), 5);
+    EXPECT_EQ(of(L"A", &Record::lineWeight), AcDb::kLnWt035);
+    EXPECT_FALSE(of(L"B", &Record::isPlottable));
+    const Read<AcDbLinetypeTableRecord> linetype(of(L"A", &Record::linetypeObjectId));
+    const ACHAR* name = nullptr;
+    ASSERT_EQ(linetype->getName(name), Acad::eOk);
+    EXPECT_TRUE(prancheta::equalNoCase(name, L"HIDDEN"));
+}
+
+TEST_F(Layer, RefusedProperties) {
+    type({L"_-layer", L"_c", L"256", L"_l", L"inexistente", L"_lw", L"3", L"_p", L"talvez", L""});
+    EXPECT_EQ(ui.complaints.size(), 4u);
+    EXPECT_FALSE(editor->commandActive());
+    EXPECT_EQ(of(L"0", &AcDbLayerTableRecord::colorIndex), 7);
+}
+
+TEST_F(Layer, Rename) {
+    type({L"_-layer", L"_n", L"A,B", L"_r", L"A", L"Vigas", L"_r", L"0", L"_r", L"B", L"Vigas",
+          L""});
+    EXPECT_TRUE(find(L"A").isNull());
+    EXPECT_FALSE(find(L"Vigas").isNull());
+    EXPECT_TRUE(said(L"A camada \"0\" não pode ser renomeada."));
+    EXPECT_FALSE(find(L"B").isNull());
+}
+
+TEST_F(Layer, List) {
+    type({L"_-layer", L"_n", L"Vigas,Terças", L"_lo", L"Vigas", L"?", L"v*", L""});
+    EXPECT_TRUE(said(L"\"Vigas\""));
+    EXPECT_TRUE(said(L"ligada, bloqueada"));
+    EXPECT_FALSE(said(L"\"Terças\""));
+}
+
+TEST_F(Layer, EscapeKeepsWhatWasDone) {
+    type({L"_-layer", L"_m", L"Perfis", L"_c", L"^C"});
+    EXPECT_FALSE(editor->commandActive());
+    EXPECT_EQ(current(), L"Perfis");
+}
+
+TEST(Patterns, Names) {
+    using prancheta::commands::matches;
+    EXPECT_TRUE(matches(L"Cotas", L"*"));
+    EXPECT_TRUE(matches(L"COTAS", L"eixos, c?t*"));
+    EXPECT_TRUE(matches(L"aXbXc", L"a*x*c"));
+    EXPECT_TRUE(matches(L"P1", L"p#"));
+    EXPECT_TRUE(matches(L"", L"*"));
+    EXPECT_FALSE(matches(L"Pa", L"p#"));
+    EXPECT_FALSE(matches(L"Cotas", L"cota"));
+    EXPECT_FALSE(matches(L"Cota", L"cotas*s"));
+    EXPECT_FALSE(matches(L"Cotas", L""));
+}
+
+}  // namespace
+}  // namespace builtin

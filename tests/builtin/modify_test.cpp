@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// MOVE, COPY, SCALE, MIRROR, ERASE, OOPS, EXPLODE.
+#include "tests/builtin/script_ui.h"
+
+namespace builtin {
+namespace {
+
+class Modify : public Builtin {
+protected:
+    Modify() { type({L"_line", L"10,0", L"20,0", L""}); }
+};
+
+TEST_F(Modify, MoveByTwoPointsAndByDisplacement) {
+    type({L"mover", L"_l", L"", L"0,0", L"3,4"});
+    expectLine(last(), 13, 4, 23, 4);
+    // Enter at the second point: the first one is the displacement.
+    type({L"_move", L"_l", L"", L"7,-4", L""});
+    expectLine(last(), 20, 0, 30, 0);
+    type({L"_move", L"_l", L"", L"_d", L"0,5"});
+    expectLine(last(), 20, 5, 30, 5);
+    // Enter at the base asks for a displacement too, and Enter there takes the last one.
+    type({L"_move", L"_l", L"", L"", L""});
+    EXPECT_TRUE(asked(L"Especifique o deslocamento <0.0000, 5.0000, 0.0000>:"));
+    expectLine(last(), 20, 10, 30, 10);
+    EXPECT_EQ(count(), 1u);
+}
+
+TEST_F(Modify, CopyAgainAndAgain) {
+    type({L"copiar", L"_l", L"", L"0,0", L"0,10", L"0,20", L"_u", L"0,30", L""});
+    ASSERT_EQ(count(), 3u);
+    expectLine(entities()[0], 10, 0, 20, 0);
+    expectLine(entities()[1], 10, 10, 20, 10);
+    expectLine(entities()[2], 10, 30, 20, 30);
+    EXPECT_TRUE(said(L"Modo de cópia = Múltiplo"));
+    type({L"_u"});
+    EXPECT_EQ(count(), 1u);
+    // Esc after the first copy ends the row; what was copied stays.
+    type({L"_copy", L"_l", L"", L"0,0", L"0,1", L"^C"});
+    EXPECT_EQ(count(), 2u);
+}
+
+TEST_F(Modify, CopyInARow) {
+    // Three items, 5 apart; then four items between 0 and 30 upwards, that is 10 apart.
+    type({L"_copy", L"_l", L"", L"0,0", L"_a", L"3", L"5,0", L""});
+    ASSERT_EQ(count(), 3u);
+    expectLine(entities()[2], 20, 0, 30, 0);
+    type({L"_copy", L"_l", L"", L"0,0", L"_a", L"4", L"_f", L"0,30", L""});
+    ASSERT_EQ(count(), 6u);
+    expectLine(entities()[3], 20, 10, 30, 10);
+    expectLine(entities()[5], 20, 30, 30, 30);
+}
+
+TEST_F(Modify, CopyOnceAndByDisplacement) {
+    type({L"_copy", L"_l", L"", L"_o", L"_s", L"0,0", L"0,10"});
+    EXPECT_FALSE(editor->commandActive());
+    EXPECT_EQ(count(), 2u);
+    type({L"_copy", L"_l", L"", L"_d", L"1,1"});
+    ASSERT_EQ(count(), 3u);
+    expectLine(last(), 11, 11, 21, 11);
+}
+
+TEST_F(Modify, CopyKeepsLayerAndColour) {
+    type({L"_-layer", L"_m", L"Eixos", L""});
+    type({L"_line", L"0,0", L"5,0", L"", L"_-layer", L"_s", L"0", L""});
+    type({L"_copy", L"_l", L"", L"0,0", L"0,5", L""});
+    EXPECT_EQ(layerOf(last()), L"Eixos");
+}
+
+TEST_F(Modify, Scale) {
+    // About (10,10): (10,0) lies 10 below it, (20,0) 10 to the right and below.
+    type({L"escala", L"_l", L"", L"10,10", L"2"});
+    expectLine(last(), 10, -10, 30, -10);
+    // By reference 20 : 5, a quarter.
+    type({L"_scale", L"_l", L"", L"10,10", L"_r", L"20", L"5"});
+    expectLine(last(), 10, 5, 15, 5);
+    // The factor is the distance of the point from the base; the copy alone is scaled.
+    type({L"_scale", L"_l", L"", L"10,5", L"_c", L"10,8"});
+    ASSERT_EQ(count(), 2u);
+    expectLine(entities()[0], 10, 5, 15, 5);
+    expectLine(entities()[1], 10, 5, 25, 5);
+    // No factor of zero or less.
+    type({L"_scale", L"_l", L"", L"0,0", L"0", L"-1", L"1"});
+    EXPECT_EQ(ui.complaints.size(), 2u);
+    expectLine(last(), 10, 5, 25, 5);
+}
+
+TEST_F(Modify, Mirror) {
+    // In the line y = x coordinates change places.
+    type({L"espelhar", L"_l", L"", L"0,0", L"5,5", L""});
+    ASSERT_EQ(count(), 2u);
+    expectLine(entities()[0], 10, 0, 20, 0);
+    expectLine(entities()[1], 0, 10, 0, 20);
+    // In the vertical x = 5, the original given up; a line needs two points that differ.
+    const AcDbObjectId mirrored = last();
+    type({L"_mirror", L"_l", L"", L"5,0", L"5,0", L"5,9", L"_y"});
+    ASSERT_EQ(count(), 2u);
+    EXPECT_EQ(last(), mirrored);
+    expectLine(last(), 10, 10, 10, 20);
+    EXPECT_TRUE(said(L"Os dois pontos da linha de espelhamento coincidem."));
+}
+
+TEST_F(Modify, MirroredArcTurnsTheOtherWay) {
+    // The quarter of the unit circle between 0 and 90 degrees, seen in the Y axis: between 90 and
+    // 180.
+    type({L"_arc", L"1,0", L"1<45", L"0,1", L"_mirror", L"_l", L"", L"0,0", L"0,1", L"_y"});
+    const Read<AcDbArc> arc(last());
+    ASSERT_NE(arc.object(), nullptr);
+    AcDbExtents box;
+    ASSERT_EQ(arc->getGeomExtents(box), Acad::eOk);
+    expectPoint(box.minPoint(), -1, 0);
+    expectPoint(box.maxPoint(), 0, 1);
+}
+
+TEST_F(Modify, EraseAndOops) {
+    type({L"_line", L"0,0", L"1,1", L"", L"apagar", L"_all", L""});
+    EXPECT_EQ(count(), 0u);
+    type({L"oops"});
+    EXPECT_EQ(count(), 2u);
+    type({L"oops"});
+    EXPECT_TRUE(said(L"Não há objetos apagados para restaurar."));
+    // Undone, an ERASE is no set to bring back: the line that was undone too stays away.
+    type({L"_line", L"5,5", L"6,6", L"", L"_erase", L"_l", L"", L"_u", L"_u", L"_oops"});
+    EXPECT_EQ(count(), 2u);
+}
+
+TEST_F(Modify, SelectedBeforeTheCommand) {
+    pick(15, 0, {last()});
+    type({L"_erase"});
+    EXPECT_EQ(count(), 0u);
+    EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(Modify, ExplodeOneLevel) {
+    // A line, then a half circle of diameter 10 bulging to the right.
+    type({L"_pline", L"0,0", L"10,0", L"_a", L"10,10", L""});
+    type({L"explodir", L"_l", L""});
+    ASSERT_EQ(count(), 3u);
+    expectLine(entities()[1], 0, 0, 10, 0);
+    const Read<AcDbArc> arc(entities()[2]);
+    ASSERT_NE(arc.object(), nullptr);
+    expectPoint(arc->center(), 10, 5);
+    EXPECT_NEAR(arc->radius(), 5, 1e-9);
+    type({L"_u"});
+    ASSERT_EQ(count(), 2u);
+    EXPECT_NE(Read<AcDbPolyline>(last()).object(), nullptr);
+}
+
+TEST_F(Modify, WhatCannotBeExplodedIsTold) {
+    type({L"_explode", L"_l", L""});
+    EXPECT_EQ(count(), 1u);
+    EXPECT_TRUE(said(L"1 objeto não pôde ser explodido."));
+}
+
+}  // namespace
+}  // namespace builtin

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// A draughtsman who types from a list, and the drawing that results.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "dbdim.h"
+#include "dbents.h"
+#include "dbpl.h"
+#include "dbsymtb.h"
+#include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/entities/register.h"
+
+namespace builtin {
+
+using prancheta::InputRequest;
+using prancheta::RawInput;
+
+class ScriptUi : public prancheta::UserInterface {
+public:
+    void print(std::wstring_view text) override { output += text; }
+    void alert(std::wstring_view text) override { output += text; }
+    void runDialog(prancheta::dcl::Dialog&) override { ADD_FAILURE() << "no dialog expected"; }
+    void complain(std::wstring_view text) override { complaints.emplace_back(text); }
+    RawInput ask(const InputRequest& request) override {
+        prompts.push_back(request.prompt);
+        last = request;
+        if (inputs.empty()) return {};
+        RawInput input = std::move(inputs.front());
+        inputs.pop_front();
+        return input;
+    }
+
+    std::deque<RawInput> inputs;
+    std::wstring output;
+    std::vector<std::wstring> prompts;
+    std::vector<std::wstring> complaints;
+    InputRequest last;
+};
+
+/// Each test has an editor with a new drawing.
+class Builtin : public testing::Test {
+protected:
+    Builtin() {
+        prancheta::registerEntityClasses();
+        editor = std::make_unique<prancheta::Editor>(ui, prancheta::builtInCommands());
+    }
+
+    /// Types one line after the other; "" is Enter, "^C" is Esc. A command may be left waiting.
+    void type(std::initializer_list<const wchar_t*> lines) {
+        for (const wchar_t* line : lines) {
+            RawInput input;
+            input.kind =
+                std::wstring_view(line) == L"^C" ? RawInput::Kind::Cancel : RawInput::Kind::Text;
+            if (input.kind == RawInput::Kind::Text) input.text = line;
+            ui.inputs.push_back(std::move(input));
+        }
+        while (!ui.inputs.empty()) editor->step();
+    }
+    void pick(double x, double y, std::vector<AcDbObjectId> entities = {}) {
+        RawInput input;
+        input.kind = RawInput::Kind::Pick;
+        input.point = AcGePoint3d(x, y, 0);
+        input.entities = std::move(entities);
+        ui.inputs.push_back(std::move(input));
+        editor->step();
+    }
+
+    std::vector<AcDbObjectId> entities() const { return editor->database().core().modelSpace(); }
+    std::size_t count() const { return entities().size(); }
+    AcDbObjectId last() const {
+        return entities().empty() ? AcDbObjectId::kNull : entities().back();
+    }
+    bool said(std::wstring_view text) const { return ui.output.find(text) != std::wstring::npos; }
+    bool asked(std::wstring_view prompt) const {
+        for (const std::wstring& each : ui.prompts)
+            if (each.find(prompt) != std::wstring::npos) return true;
+        return false;
+    }
+    std::wstring layerOf(AcDbObjectId id) const {
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        AcDbObjectPointer<AcDbLayerTableRecord> layer(entity->layerId(), AcDb::kForRead);
+        const ACHAR* name = nullptr;
+        return layer->getName(name) == Acad::eOk ? name : L"";
+    }
+
+    ScriptUi ui;
+    std::unique_ptr<prancheta::Editor> editor;
+};
+
+/// The entity opened for reading; fails the test when it is of another class.
+template <class T>
+class Read : public AcDbObjectPointer<T> {
+public:
+    explicit Read(AcDbObjectId id) : AcDbObjectPointer<T>(id, AcDb::kForRead) {
+        EXPECT_EQ(this->openStatus(), Acad::eOk);
+    }
+};
+
+inline void expectPoint(const AcGePoint3d& p, double x, double y, double z = 0.0) {
+    EXPECT_NEAR(p.x, x, 1e-9);
+    EXPECT_NEAR(p.y, y, 1e-9);
+    EXPECT_NEAR(p.z, z, 1e-9);
+}
+
+inline void expectLine(AcDbObjectId id, double x1, double y1, double x2, double y2) {
+    const Read<AcDbLine> line(id);
+    if (line.object() == nullptr) return;
+    expectPoint(line->startPoint(), x1, y1);
+    expectPoint(line->endPoint(), x2, y2);
+}
+
+}  // namespace builtin

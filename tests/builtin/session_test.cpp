@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// SETVAR, DIST, LIST, HELP, ARX, and the table of commands.
+#include "accmd.h"
+#include "prancheta/editor/command_stack.h"
+#include "tests/builtin/script_ui.h"
+
+namespace builtin {
+namespace {
+
+class Session : public Builtin {};
+
+TEST_F(Session, EveryCommandIsFoundByBothNames) {
+    for (const prancheta::BuiltInCommand& command : prancheta::builtInCommands()) {
+        const AcEdCommand* global = editor->commands().lookupGlobalCmd(command.global);
+        const AcEdCommand* local = editor->commands().lookupLocalCmd(command.local);
+        ASSERT_NE(global, nullptr) << prancheta::toUtf8(command.global);
+        EXPECT_STREQ(global->localName(), command.local);
+        EXPECT_EQ(local, global) << prancheta::toUtf8(command.local);
+    }
+}
+
+TEST_F(Session, EveryCommandEndsWithEscape) {
+    for (const prancheta::BuiltInCommand& command : prancheta::builtInCommands()) {
+        if (std::wstring_view(command.global) == L"QUIT") continue;
+        const std::wstring typed = L"_" + std::wstring(command.global);
+        type({typed.c_str(), L"^C"});
+        EXPECT_FALSE(editor->commandActive()) << prancheta::toUtf8(command.global);
+        EXPECT_EQ(count(), 0u) << prancheta::toUtf8(command.global);
+    }
+    EXPECT_FALSE(editor->modified());
+}
+
+TEST_F(Session, SetVariable) {
+    type({L"_setvar", L"orthomode", L"1"});
+    EXPECT_EQ(editor->variables().number(L"ORTHOMODE"), 1);
+    type({L"defvar", L"", L"0"});
+    EXPECT_EQ(editor->variables().number(L"ORTHOMODE"), 0);
+    EXPECT_TRUE(asked(L"<ORTHOMODE>"));
+    EXPECT_TRUE(asked(L"Digite novo valor para ORTHOMODE <1>:"));
+    type({L"_setvar", L"semnome", L"DIMSCALE", L"grande", L"20"});
+    EXPECT_EQ(ui.complaints.size(), 2u);
+    EXPECT_DOUBLE_EQ(editor->variables().real(L"DIMSCALE"), 20.0);
+    type({L"_setvar", L"CMDACTIVE"});
+    EXPECT_TRUE(said(L"(somente leitura)"));
+    EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(Session, ListVariables) {
+    type({L"_setvar", L"?", L"pick*"});
+    EXPECT_TRUE(said(L"PICKADD"));
+    EXPECT_TRUE(said(L"PICKFIRST"));
+    EXPECT_FALSE(said(L"OSMODE"));
+}
+
+TEST_F(Session, Distance) {
+    // 3-4-5: the direction is atan(4/3) = 53.13 degrees, shown without decimals.
+    type({L"_dist", L"10,10", L"13,14"});
+    EXPECT_TRUE(
+        said(L"Distância = 5.0000,  Ângulo no plano XY = 53,  Ângulo a partir do plano XY = 0"));
+    EXPECT_TRUE(said(L"Delta X = 3.0000,  Delta Y = 4.0000,  Delta Z = 0.0000"));
+}
+
+TEST_F(Session, ListTellsLayerAndGeometry) {
+    type({L"_-layer", L"_m", L"Perfis", L"", L"_line", L"0,0", L"25,0", L"", L"lista", L"_l", L""});
+    EXPECT_TRUE(said(L"Perfis"));
+    EXPECT_TRUE(said(L"25.0000"));
+}
+
+TEST_F(Session, HelpNamesTheCommands) {
+    type({L"ajuda"});
+    EXPECT_TRUE(said(L"ROTACIONAR  (_ROTATE)"));
+    EXPECT_TRUE(said(L"CÍRCULO  (_CIRCLE)"));
+}
+
+TEST_F(Session, Modules) {
+    type({L"arx", L"?"});
+    EXPECT_TRUE(said(L"Não há módulos carregados."));
+    type({L"arx", L"_l", L"/nenhum/lugar/Nada.arx", L"arx", L"_u", L"Nada.arx"});
+    EXPECT_EQ(ui.complaints.size(), 2u);
+    EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(Session, RepeatedByEnter) {
+    type({L"_point", L"1,1", L"", L"2,2"});
+    EXPECT_EQ(count(), 2u);
+}
+
+}  // namespace
+}  // namespace builtin

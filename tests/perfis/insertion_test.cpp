@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// Insertion rules, by hand: U 150 x 60 x 3 and members of 2000 mm.
+#include "perfis/commands/insertion.h"
+
+#include <gtest/gtest.h>
+
+#include "perfis/commands/common_sections.h"
+
+namespace perfis {
+namespace {
+
+void expectShift(const Shift& shift, double x, double y) {
+    EXPECT_NEAR(shift.x, x, 1e-9);
+    EXPECT_NEAR(shift.y, y, 1e-9);
+}
+
+Medidas u(double h, double b) {
+    Medidas medidas;
+    medidas.h = h;
+    medidas.b = b;
+    return medidas;
+}
+
+TEST(USection, CornersAndCentreStandOnThePickedPoint) {
+    const Medidas m = u(150, 60);  // the box reaches from -20 to 40 and from -75 to 75
+    const double expected[5][2] = {{-40, 75}, {20, 75}, {-40, -75}, {20, -75}, {0, 0}};
+    const wchar_t* const names[5] = {L"RIGHT DOWN", L"LEFT DOWN", L"RIGHT UPPER", L"LEFT UPPER",
+                                     L"CENTER"};
+    ASSERT_EQ(kUInsertions.size(), 5u);
+    for (std::size_t i = 0; i < 5; ++i) {
+        EXPECT_STREQ(kUInsertions[i].name, names[i]);
+        expectShift(kUInsertions[i].shift(m), expected[i][0], expected[i][1]);
+    }
+}
+
+TEST(UMember, SideViewsCountHalfTheHeightInWholeMillimetres) {
+    const Medidas m = u(151.9, 60);  // 151 / 2 = 75
+    for (const int view : {3, 4}) {
+        expectShift(uMemberShift(m, {view, 1, 2000}), 0, -75);
+        expectShift(uMemberShift(m, {view, 2, 2000}), -1000, -75);
+        expectShift(uMemberShift(m, {view, 3, 2000}), 0, 0);
+        expectShift(uMemberShift(m, {view, 4, 2000}), 0, 75);
+        expectShift(uMemberShift(m, {view, 5, 2000}), -1000, 75);
+        expectShift(uMemberShift(m, {view, 9, 2000}), 0, 0);
+    }
+}
+
+TEST(UMember, TopAndBottomViewsCountThirdsOfTheFlange) {
+    const Medidas m = u(150, 60.7);  // 60
+    expectShift(uMemberShift(m, {1, 1, 2000}), 0, -20);
+    expectShift(uMemberShift(m, {1, 2, 2000}), -1000, -20);
+    expectShift(uMemberShift(m, {1, 4, 2000}), 0, 40);
+    expectShift(uMemberShift(m, {1, 5, 2000}), -1000, 40);
+    expectShift(uMemberShift(m, {2, 1, 2000}), 0, -40);
+    expectShift(uMemberShift(m, {2, 5, 2000}), -1000, 20);
+    expectShift(uMemberShift(m, {2, 3, 2000}), 0, 0);
+}
+
+TEST(MemberByReach, UpperEdgeAxisLowerEdge) {
+    const Reach reach{-20, 50};
+    expectShift(shiftByReach(reach, {3, 1, 2000}), 0, -50);
+    expectShift(shiftByReach(reach, {3, 2, 2000}), -1000, -50);
+    expectShift(shiftByReach(reach, {3, 3, 2000}), 0, 0);
+    expectShift(shiftByReach(reach, {3, 4, 2000}), 0, 20);
+    expectShift(shiftByReach(reach, {3, 5, 2000}), -1000, 20);
+    EXPECT_EQ(symmetricReach(100, 40, 4).upper, 50);
+    EXPECT_EQ(symmetricReach(100, 40, 2).lower, -20);
+}
+
+}  // namespace
+}  // namespace perfis

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+// Numbers in texts, whole numbers of reals, files found and replaced.
+#include "perfis/frame/portability.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <clocale>
+#include <cmath>
+#include <limits>
+
+#include "tests/perfis/temp_folder.h"
+
+namespace perfis {
+namespace {
+
+TEST(TextToReal, TakesTheLeadingNumber) {
+    EXPECT_EQ(textToReal(L"75"), 75.0);
+    EXPECT_EQ(textToReal(L"  \t+2.65mm"), 2.65);
+    EXPECT_EQ(textToReal(L"-.5"), -0.5);
+    EXPECT_EQ(textToReal(L"12."), 12.0);
+    EXPECT_EQ(textToReal(L"1e3x"), 1000.0);
+    EXPECT_EQ(textToReal(L"1e"), 1.0);
+    EXPECT_EQ(textToReal(L"1.2.3"), 1.2);
+    for (const wchar_t* none : {L"", L"abc", L"-", L".", L"e5", L"nan", L"inf", L"\u00D8 50"})
+        EXPECT_EQ(textToReal(none), 0.0) << none;
+}
+
+TEST(TextToReal, DecimalSignIsAPointWhateverTheLocale) {
+    EXPECT_EQ(textToReal(L"3,5"), 3.0);
+    const std::string former = std::setlocale(LC_ALL, nullptr);
+    if (std::setlocale(LC_ALL, "pt_BR.UTF-8") == nullptr) GTEST_SKIP() << "no pt_BR locale here";
+    EXPECT_EQ(textToReal(L"3.5"), 3.5);
+    EXPECT_EQ(textToReal(L"3,5"), 3.0);
+    std::setlocale(LC_ALL, former.c_str());
+}
+
+TEST(TextToReal, TooLargeAndTooSmall) {
+    EXPECT_EQ(textToReal(L"1e999"), HUGE_VAL);
+    EXPECT_EQ(textToReal(L"-1e999"), -HUGE_VAL);
+    EXPECT_EQ(textToReal(L"1e-999"), 0.0);
+    EXPECT_EQ(textToReal(L"0.0001e-400"), 0.0);
+    EXPECT_EQ(textToReal(L"1e99999999999999999999"), HUGE_VAL);
+}
+
+TEST(TextToInt, TakesTheLeadingWholeNumber) {
+    EXPECT_EQ(textToInt(L"15"), 15);
+    EXPECT_EQ(textToInt(L" -7.9"), -7);
+    EXPECT_EQ(textToInt(L"0.8"), 0);
+    EXPECT_EQ(textToInt(L"x"), 0);
+    EXPECT_EQ(textToInt(L"99999999999999999999999"), INT_MAX);
+    EXPECT_EQ(textToInt(L"-99999999999999999999999"), INT_MIN);
+}
+
+TEST(RealToInt, TruncatesAndFallsToTheMostNegative) {
+    EXPECT_EQ(realToInt(1234.56), 1234);
+    EXPECT_EQ(realToInt(-1234.56), -1234);
+    EXPECT_EQ(realToInt(2147483647.5), INT_MAX);
+    EXPECT_EQ(realToInt(-2147483648.5), INT_MIN);
+    EXPECT_EQ(realToInt(2147483648.0), INT_MIN);
+    EXPECT_EQ(realToInt(1e300), INT_MIN);
+    EXPECT_EQ(realToInt(std::numeric_limits<double>::infinity()), INT_MIN);
+    EXPECT_EQ(realToInt(std::numeric_limits<double>::quiet_NaN()), INT_MIN);
+}
+
+class Files : public TempFolder {};
+
+TEST_F(Files, AreFoundWithBackslashesAndWithoutRegardToCase) {
+    put("Perfis/Listas/Aço.lst", "x");
+    EXPECT_EQ(readFile(path("") + L"PERFIS\\listas\\AÇO.LST"), "x");
+    EXPECT_EQ(readFile(path("") + L"perfis\\listas\\outra.lst"), std::nullopt);
+    EXPECT_TRUE(replaceFile(path("") + L"perfis\\LISTAS\\aço.lst", "y"));
+    EXPECT_EQ(get("Perfis/Listas/Aço.lst"), "y");
+}
+
+TEST_F(Files, AFailedReplacementLeavesWhatWasThere) {
+    std::filesystem::create_directory(folder() / "pu.lst");
+    EXPECT_FALSE(replaceFile(path("pu.lst"), "x"));
+    EXPECT_FALSE(replaceFile(path("nenhuma") + L"\\pu.lst", "x"));
+    EXPECT_EQ(fileCount(), 1);  // no temporary file is left behind
+
+    put("ro.lst", "antiga");
+    std::filesystem::permissions(folder() / "ro.lst", std::filesystem::perms::owner_read);
+    if (::geteuid() == 0) return;  // nothing is read-only for the superuser
+    EXPECT_FALSE(replaceFile(path("ro.lst"), "nova"));
+    EXPECT_EQ(get("ro.lst"), "antiga");
+}
+
+TEST_F(Files, ReplacementKeepsPermissionsAndLinks) {
+    put("real.lst", "antiga");
+    const auto perms = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write |
+                       std::filesystem::perms::group_write;
+    std::filesystem::permissions(folder() / "real.lst", perms);
+    std::filesystem::create_symlink("real.lst", folder() / "pu.lst");
+    ASSERT_TRUE(replaceFile(path("pu.lst"), "nova"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder() / "pu.lst"));
+    EXPECT_EQ(get("real.lst"), "nova");
+    EXPECT_EQ(std::filesystem::status(folder() / "real.lst").permissions(), perms);
+}
+
+}  // namespace
+}  // namespace perfis

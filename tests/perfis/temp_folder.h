@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// A folder of its own for a test that works with files.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+/// Gone with everything in it at the end of the test.
+class TempFolder : public ::testing::Test {
+protected:
+    TempFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "perfis_XXXXXX").string();
+        m_folder = ::mkdtemp(pattern.data());
+    }
+    ~TempFolder() override { std::filesystem::remove_all(m_folder); }
+
+    const std::filesystem::path& folder() const { return m_folder; }
+    std::wstring path(std::string_view name) const { return (m_folder / name).wstring(); }
+    void put(std::string_view name, std::string_view bytes) const {
+        std::filesystem::create_directories((m_folder / name).parent_path());
+        std::ofstream(m_folder / name, std::ios::binary) << bytes;
+    }
+    std::string get(std::string_view name) const {
+        std::ifstream stream(m_folder / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    }
+    int fileCount() const {
+        return static_cast<int>(std::distance(std::filesystem::directory_iterator(m_folder),
+                                              std::filesystem::directory_iterator()));
+    }
+
+private:
+    std::filesystem::path m_folder;
+};

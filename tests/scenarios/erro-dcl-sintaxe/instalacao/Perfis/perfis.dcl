@@ -1,0 +1,4 @@
+pu_geracao : dialog {
+  label = "Perfil U"
+  ok_cancel;
+}

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// Section, arrow, insertion points and views, all drawn from the entity library's own geometry.
+#include "pictures.h"
+
+#include <algorithm>
+#include <numbers>
+#include <string>
+#include <string_view>
+
+#include "sketch.h"
+#include "zp/objects/secao/secao.h"
+
+namespace tools {
+namespace {
+
+using prancheta::slides::LibraryEntry;
+using prancheta::slides::writeSlide;
+using zp::secao::Secao;
+
+/// The figures of the views dialog: the view that each shows, and from where it is looked at
+/// (degrees in which the eye's arrow points).
+struct Figure {
+    int view;
+    double looking;
+};
+constexpr Figure kFigures[] = {{3, 180.0}, {1, 270.0}, {2, 90.0}, {4, 0.0}};
+
+constexpr double kArrowPixels = 60.0;
+constexpr double kArrowGap = 10.0;
+constexpr double kLengthOverHeight = 2.6;
+
+Caixa grown(const Caixa& box, double by) {
+    Caixa out = box;
+    out.x0 -= by;
+    out.y0 -= by;
+    out.x1 += by;
+    out.y1 += by;
+    return out;
+}
+
+/// The point of the box that an insertion text names; the axis of the piece is its centre.
+Ponto boxPoint(const Caixa& box, std::string_view text) {
+    const auto has = [text](std::string_view word) {
+        return text.find(word) != std::string_view::npos;
+    };
+    Ponto p;
+    if (has("RIGHT")) p.x = box.x1;
+    if (has("LEFT")) p.x = box.x0;
+    if (has("UPPER")) p.y = box.y1;
+    if (has("DOWN")) p.y = box.y0;
+    return p;
+}
+
+/// Arrow towards the middle of one side of the box.
+void eye(Sketch& sketch, const Caixa& box, double looking) {
+    const double gap = kArrowGap * sketch.pixel();
+    const double mx = (box.x0 + box.x1) / 2;
+    const double my = (box.y0 + box.y1) / 2;
+    const Ponto tip = looking == 180.0   ? Ponto{box.x1 + gap, my}
+                      : looking == 0.0   ? Ponto{box.x0 - gap, my}
+                      : looking == 270.0 ? Ponto{mx, box.y1 + gap}
+                                         : Ponto{mx, box.y0 - gap};
+    sketch.arrow(tip, looking, kArrowPixels, Cor::Seta);
+}
+
+Sketch sectionPicture(const Secao& secao) {
+    Sketch sketch(secao.caixa());
+    sketch.outline(secao.contornos(), Cor::Contorno);
+    return sketch;
+}
+
+Sketch directionPicture(const Secao& secao, double looking) {
+    Sketch sketch(grown(secao.caixa(), 0.3 * secao.caixa().lado()));
+    sketch.outline(secao.contornos(), Cor::Contorno);
+    eye(sketch, secao.caixa(), looking);
+    return sketch;
+}
+
+/// The view as the command draws it.
+zp::secao::Vista drawnView(const Family& family, int view) {
+    const bool turned = (family.remap == Remap::Channel && view == 2) ||
+                        (family.remap == Remap::Angle && (view == 1 || view == 4));
+    std::vector<double> values = family.values;
+    if (turned) {
+        const auto* const roles =
+            zp::secao::papeisDe(family.classe, family.points, static_cast<int>(values.size()));
+        const auto turn =
+            std::find(roles->begin(), roles->end(), zp::secao::Papel::Giro) - roles->begin();
+        values[static_cast<std::size_t>(turn)] = std::numbers::pi;
+        if (family.remap == Remap::Angle) view = view == 1 ? 2 : 3;
+    }
+    return zp::secao::secaoDe(family.classe, family.points, values)->vista(view);
+}
+
+Sketch viewPicture(const zp::secao::Vista& vista) {
+    const double length = kLengthOverHeight * (vista.wMax - vista.wMin);
+    Caixa box;
+    box.inclui(0.0, vista.wMin);
+    box.inclui(length, vista.wMax);
+    Sketch sketch(box);
+    for (const auto& nivel : vista.niveis) {
+        if (nivel.visivel)
+            sketch.line({0, nivel.w}, {length, nivel.w}, Cor::Contorno);
+        else
+            sketch.dashed({0, nivel.w}, {length, nivel.w}, Cor::Oculta, 9, 5);
+    }
+    for (const auto& [from, to] : vista.trechos)
+        for (const double x : {0.0, length}) sketch.line({x, from}, {x, to}, Cor::Contorno);
+    if (vista.eixo) sketch.dashed({0, 0}, {length, 0}, Cor::Eixo, 22, 7);
+    return sketch;
+}
+
+}  // namespace
+
+std::vector<LibraryEntry> libraryOf(const Family& family) {
+    const auto secao = zp::secao::secaoDe(family.classe, family.points, family.values);
+    std::vector<LibraryEntry> entries;
+    const auto add = [&entries](std::string name, const Sketch& sketch) {
+        entries.push_back({std::move(name), writeSlide(sketch.slide())});
+    };
+    add("SECAO", sectionPicture(*secao));
+    add("FLECHA", directionPicture(*secao, kFigures[0].looking));
+    for (std::size_t i = 0; i < family.insertions.size(); ++i) {
+        Sketch sketch = sectionPicture(*secao);
+        sketch.mark(boxPoint(secao->caixa(), family.insertions[i]), Cor::Marca);
+        add("IP" + std::to_string(i), sketch);
+    }
+    int figure = 0;
+    for (const Figure& f : kFigures) {
+        ++figure;
+        add("BT" + std::to_string(figure), directionPicture(*secao, f.looking));
+        add("VI" + std::to_string(figure), viewPicture(drawnView(family, f.view)));
+    }
+    return entries;
+}
+
+prancheta::slides::Slide viewDirections() {
+    const Family& channel = families().front();
+    const auto secao = zp::secao::secaoDe(channel.classe, channel.points, channel.values);
+    const Caixa& box = secao->caixa();
+    Sketch sketch(grown(box, 0.45 * box.lado()));
+    sketch.outline(secao->contornos(), Cor::Contorno);
+    const double mx = (box.x0 + box.x1) / 2;
+    const double my = (box.y0 + box.y1) / 2;
+    for (const Figure& figure : kFigures) eye(sketch, box, figure.looking);
+    constexpr double kBeside = 14.0;
+    constexpr double kAlong = kArrowGap + kArrowPixels - 8.0;
+    sketch.digit(1, {box.x1, my}, kAlong, kBeside, Cor::Marca);
+    sketch.digit(2, {mx, box.y1}, kBeside, kAlong, Cor::Marca);
+    sketch.digit(3, {mx, box.y0}, kBeside, -kAlong, Cor::Marca);
+    sketch.digit(4, {box.x0, my}, -kAlong, kBeside, Cor::Marca);
+    return sketch.slide();
+}
+
+}  // namespace tools

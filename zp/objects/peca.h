@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// State of a piece, its frame in the drawing, and its links with dimensions and plates.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "gemat3d.h"
+#include "perfis/entities/zpobject.h"
+#include "zp/objects/secao/secao.h"
+
+namespace zp {
+
+/// Frame of a piece: origin at the start, x along the axis, y to the left of it, or to the right when the piece was
+/// mirrored. z is the drawing's.
+struct Quadro {
+    AcGePoint3d origem;
+    AcGeVector3d x = AcGeVector3d::kXAxis;
+    AcGeVector3d y = AcGeVector3d::kYAxis;
+
+    AcGePoint3d paraFora(double px, double py, double pz = 0.0) const;
+    AcGeVector3d paraDentro(const AcGePoint3d& p) const;
+};
+
+/// Unit vector of an angle; exact at multiples of a right angle.
+AcGeVector3d direcao(double angulo);
+/// Angle of a direction in XY, [0, 2 pi), exact at multiples of a right angle.
+double anguloDe(const AcGeVector3d& v);
+
+/// One defining point of something linked, in the piece's frame: offset from the start or from the end.
+struct PontoAprendido {
+    AcGeVector3d desvio;
+    bool noFim = false;
+};
+
+struct Ligacao {
+    enum class Papel : std::uint8_t {
+        Cota = 0,  ///< a dimension of this piece
+        Segue = 1,   ///< a piece that goes where this one goes
+        Dona = 2,    ///< the piece that this one follows
+    };
+    AcDbSoftPointerId id;
+    Papel papel = Papel::Cota;
+    /// Points in use: the dimension's (two measured, one on the line, the text's when it was placed by hand) or the
+    /// piece's start.
+    std::uint8_t quantos = 0;
+    bool espelhada = false;  ///< of a piece: mirrored relative to this one
+    double angulo = 0.0;     ///< of a piece: relative to this one
+    std::array<PontoAprendido, 4> pontos;
+};
+
+struct Peca {
+    secao::Classe classe = secao::Classe::Nenhuma;
+    std::uint8_t forma = 1;  ///< points of the constructor
+    std::uint8_t vista = 0;
+    std::uint8_t quantos = 0;
+    std::uint8_t tipoBarra = 0;
+    std::uint8_t subtipo = 0;
+    bool espelhada = false;
+    bool barraVelha = false;  ///< bar data in the drawing are to be written again
+    double angulo = 0.0;
+    double comprimento = 0.0;
+    AcGePoint3d inicio;
+    std::array<AcGePoint3d, 2> pontos;                   ///< as handed to the constructor
+    std::array<double, secao::kMaxValores> dados{};   ///< as handed to the constructor
+    std::array<double, secao::kMaxValores> atuais{};  ///< after scaling and changes
+    std::unique_ptr<std::vector<Ligacao>> ligacoes;
+    mutable std::shared_ptr<const secao::Secao> secaoGuardada;
+
+    std::span<const double> valores() const { return {atuais.data(), quantos}; }
+    secao::Dados papeis() const { return secao::dadosDe(classe, forma, valores()); }
+    const secao::Secao& secao() const;
+    bool chapa() const { return classe == secao::Classe::Chapa; }
+    bool emSecao() const { return vista == 0; }
+    Quadro quadro() const;
+    AcGePoint3d fim() const;
+    /// Frame of the picture: that of the piece, for a plate with its own turn.
+    Quadro quadroDaFigura() const;
+    /// Box of the picture in that frame.
+    secao::Caixa figura() const;
+
+    std::vector<Ligacao>& listaDeLigacoes();
+    std::span<const Ligacao> ligadas() const;
+    Ligacao* ligacao(AcDbObjectId id);
+    void desliga(AcDbObjectId id);
+};
+
+struct Acesso {
+    static Peca& de(ZpObject& objeto) { return *objeto.m_peca; }
+    static const Peca& de(const ZpObject& objeto) { return *objeto.m_peca; }
+};
+
+}  // namespace zp

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// From constructor values to loops: how each class is put together of blocks.
+#pragma once
+
+#include <vector>
+
+#include "zp/objects/secao/classes.h"
+#include "zp/objects/secao/contorno.h"
+
+namespace zp::secao {
+
+struct Montagem {
+    std::vector<Laco> lacos;
+    bool invalida = false;
+    double torcao = 0.0;
+    /// Outer contour of a closed box of two pieces; 0 for all others.
+    double contornoExterno = 0.0;
+};
+
+/// Loops about the member's axis, the turn r not yet applied.
+Montagem monta(Classe classe, const Dados& dados);
+
+/// Flange thickness of a rolled U at mid overhang, recovered from the area of one piece.
+double flangeMedia(double area, double h, double bSup, double bInf, double t, double declarada);
+
+/// A lip that counts: 0 when it is not longer than t.
+double abaEfetiva(double aba, double t);
+
+}  // namespace zp::secao

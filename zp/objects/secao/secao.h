@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// A section made from constructor values: outline, properties, views; equal sections are one
+// object.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "zp/objects/secao/classes.h"
+#include "zp/objects/secao/contorno.h"
+#include "zp/objects/secao/niveis.h"
+#include "zp/objects/secao/propriedades.h"
+
+namespace zp::secao {
+
+/// Section plane with the piece's axis at the origin, turned by r; mm, kg/m.
+class Secao {
+public:
+    Secao(Classe classe, const Dados& dados);
+
+    const std::vector<Contorno>& contornos() const { return m_contornos; }
+    /// Exact box of the outline.
+    const Caixa& caixa() const { return m_caixa; }
+    const Propriedades& propriedades() const { return m_propriedades; }
+    /// What a brush reaches: loops without holes; closed boxes only from outside.
+    double perimetroPintura() const { return m_perimetroPintura; }
+    /// Torsion constant, mm4.
+    double torcao() const { return m_torcao; }
+    /// True when the values gave no drawable outline and a box stands for it.
+    bool invalida() const { return m_invalida; }
+    /// Height and width of one piece, of the whole for built-up sections; thickness.
+    double altura() const { return m_altura; }
+    double largura() const { return m_largura; }
+    double espessura() const { return m_espessura; }
+    /// Area handed over in mm2, that of the outline when none was.
+    double area() const { return m_area; }
+    /// Mass handed over, area of the outline times 7850 kg/m3 when none was.
+    double kgMetro() const { return m_kgMetro; }
+    /// Views 1 to 4; computed when first asked for.
+    const Vista& vista(int vista) const;
+
+private:
+    std::vector<Contorno> m_contornos;
+    Caixa m_caixa;
+    Propriedades m_propriedades;
+    double m_perimetroPintura = 0.0;
+    double m_torcao = 0.0;
+    double m_altura = 0.0;
+    double m_largura = 0.0;
+    double m_espessura = 0.0;
+    double m_area = 0.0;
+    double m_kgMetro = 0.0;
+    bool m_invalida = false;
+    mutable std::unique_ptr<Vista> m_vistas[4];
+};
+
+/// The section of these constructor values from the shared cache. `valores` in constructor order;
+/// values that do not shape the section (length, places that carry nothing) make no difference.
+/// Single thread, as the host's objects.
+std::shared_ptr<const Secao> secaoDe(Classe classe, int pontos, std::span<const double> valores);
+
+/// Short name and sizes as a draughtsman reads them: "Ue", "200x75x20x2,65". `subtipo` is the
+/// series of a welded I.
+std::wstring textoPerfil(Classe classe, const Dados& dados, int subtipo);
+std::wstring textoDimensoes(Classe classe, const Dados& dados, int subtipo);
+/// At most so many decimals, no trailing zeros, decimal comma.
+std::wstring numero(double valor, int decimais = 2);
+
+}  // namespace zp::secao
