@@ -57,7 +57,8 @@ public:
     /// Ends the access that acdbOpenObject or an append gave. Objects that are not resident: eOk.
     Acad::ErrorStatus close();
     Acad::ErrorStatus erase(Adesk::Boolean erasing = Adesk::kTrue);
-    /// Gives up the changes made since the object was opened for write.
+    /// Gives up the changes made since the object was opened for write and ends the access. A new object is
+    /// taken out of the drawing again. Changes that undo does not record stay.
     Acad::ErrorStatus cancel();
     Acad::ErrorStatus upgradeOpen();
     Acad::ErrorStatus downgradeOpen();

@@ -56,7 +56,8 @@ private:
 AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, AcRxClass::Constructor constructor = nullptr,
                         const ACHAR* dxfName = nullptr, const ACHAR* appName = nullptr, int proxyFlags = 0);
 
-/// Takes a class out of the dictionary and deletes it; children go before their parents.
+/// Takes a class out of the dictionary and deletes it; children go before their parents: a class that
+/// still has some stays.
 void deleteAcRxClass(AcRxClass* aClass);
 
 /// To be called after rxInit of a module's classes.

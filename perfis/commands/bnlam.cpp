@@ -87,6 +87,6 @@ const ProfileDescription kCantoneiraGirada = {
 
 }  // namespace
 
-void bnlam() { runProfile(kCantoneiraGirada); }
+void bnlam() { runCommand(kCantoneiraGirada); }
 
 }  // namespace perfis

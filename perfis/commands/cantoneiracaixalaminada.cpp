@@ -67,6 +67,6 @@ const ProfileDescription kCaixaDeCantoneiras = {
 
 }  // namespace
 
-void cantoneiracaixalaminada() { runProfile(kCaixaDeCantoneiras); }
+void cantoneiracaixalaminada() { runCommand(kCaixaDeCantoneiras); }
 
 }  // namespace perfis

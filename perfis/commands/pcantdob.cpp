@@ -4,7 +4,7 @@
 
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/laced_run.h"
 #include "perfis/entities/zpdobrados.h"
 
 namespace perfis {
@@ -72,8 +72,13 @@ const ProfileDescription kCantoneira = {
     .dimensionSection = dimensionWVT,
 };
 
+constexpr ToggleLacing kLacing = {
+    .maxHeight = [](const Medidas& m) { return 2.0 * m.b / 3.0; },
+    .edgeRow = [](const Medidas& m) { return m.h / 3.0 + m.t / 2.0; },
+};
+
 }  // namespace
 
-void pcantdob() { runProfile(kCantoneira); }
+void pcantdob() { runLaced(kCantoneira, kLacing); }
 
 }  // namespace perfis

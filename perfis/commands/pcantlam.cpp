@@ -57,6 +57,6 @@ const ProfileDescription kCantoneiraLaminada = {
 
 }  // namespace
 
-void pcantlam() { runProfile(kCantoneiraLaminada); }
+void pcantlam() { runCommand(kCantoneiraLaminada); }
 
 }  // namespace perfis

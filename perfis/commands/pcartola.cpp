@@ -2,7 +2,7 @@
 // Command perfilc: hat section.
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/laced_run.h"
 #include "perfis/entities/zpdobrados.h"
 
 namespace perfis {
@@ -70,8 +70,14 @@ const ProfileDescription kCartola = {
     .dimensionSection = dimensionSection,
 };
 
+/// The plates close the open side.
+constexpr ToggleLacing kLacing = {
+    .maxHeight = [](const Medidas& m) { return m.b + 2.0 * m.a - 2.0 * m.t; },
+    .edgeRow = [](const Medidas& m) { return -m.h / 2.0 - m.t / 2.0; },
+};
+
 }  // namespace
 
-void pcartola() { runProfile(kCartola); }
+void pcartola() { runLaced(kCartola, kLacing); }
 
 }  // namespace perfis

@@ -2,7 +2,7 @@
 // Command perfilcaixa: closed box of two lipped U.
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/laced_run.h"
 #include "perfis/entities/zpdobrados.h"
 
 namespace perfis {
@@ -60,8 +60,13 @@ const ProfileDescription kCaixa = {
     .dimensionSection = dimensionWVT,
 };
 
+constexpr ToggleLacing kLacing = {
+    .maxHeight = [](const Medidas& m) { return 2.0 * m.b; },
+    .edgeRow = [](const Medidas& m) { return m.h / 2.0 + m.t / 2.0; },
+};
+
 }  // namespace
 
-void pcxdoben() { runProfile(kCaixa); }
+void pcxdoben() { runLaced(kCaixa, kLacing); }
 
 }  // namespace perfis

@@ -45,6 +45,6 @@ const ProfileDescription kBarraRedonda = {
 
 }  // namespace
 
-void perfilbarraredonda() { runProfile(kBarraRedonda); }
+void perfilbarraredonda() { runCommand(kBarraRedonda); }
 
 }  // namespace perfis

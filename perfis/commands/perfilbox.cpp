@@ -59,6 +59,6 @@ const ProfileDescription kBox = {
 
 }  // namespace
 
-void perfilbox() { runProfile(kBox); }
+void perfilbox() { runCommand(kBox); }
 
 }  // namespace perfis

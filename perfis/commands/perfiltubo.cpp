@@ -61,6 +61,6 @@ const ProfileDescription kTubo = {
 
 }  // namespace
 
-void perfiltubo() { runProfile(kTubo); }
+void perfiltubo() { runCommand(kTubo); }
 
 }  // namespace perfis

@@ -58,6 +58,6 @@ const ProfileDescription kPerfilULaminado = {
 
 }  // namespace
 
-void perfilulaminado() { runProfile(kPerfilULaminado); }
+void perfilulaminado() { runCommand(kPerfilULaminado); }
 
 }  // namespace perfis

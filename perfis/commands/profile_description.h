@@ -53,6 +53,7 @@ struct ProfileDescription {
     std::span<const DimensionTile> tiles;
     std::span<const Insertion> insertions;
     bool (*valid)(const Medidas&);
+    /// Alignment of longitudinal views; null where the piece is moved to a face point instead.
     Shift (*memberShift)(const Medidas&, const MemberPlace&);
     std::unique_ptr<ZpObject> (*onePoint)(AcGePoint3d& point, const PieceRequest&);
     std::unique_ptr<ZpObject> (*twoPoints)(AcGePoint3d& start, AcGePoint3d& end,

@@ -18,7 +18,34 @@ PieceRequest requestFor(const RunState& state, ZpObject::ZpVistas view) {
     return {view, state.medidas, state.views.length};
 }
 
-int placeOnePiece(const ProfileDescription& description, RunState& state) {
+/// Members without a rule of their own are made at the picked point and then moved to a face point.
+/// Returns where the piece's own point stands.
+AcGePoint3d alignToFace(const ProfileDescription& description, const RunState& state,
+                        ZpObject& piece, const AcGePoint3d& point) {
+    if (state.views.sectionOnly || description.memberShift != nullptr) return point;
+    return moveToFacePoint(piece, state.views.alignment);
+}
+
+/// Fills the companions' marks.
+void enterInMaterialList(const ViewsChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
+                         LaidPlates& plates, Companions& companions) {
+    if (views.sectionOnly || !views.materialList) return;
+    const int pieces = pieceCount(views);
+    auto& [mark, firstMark, secondMark] = companions.marks;
+    if (plates.rows.empty()) {
+        (void)MatListPerfil(picked, pieces, piece, mark);
+    } else if (plates.rows.size() == 1) {
+        const PlateRow& row = plates.rows[0];
+        (void)MatListPerfilChapa(picked, pieces, piece, mark, row.plate, firstMark, row.count);
+    } else {
+        (void)MatListPerfil2Chapas(picked, pieces, piece, mark, plates.rows[0], plates.rows[1]);
+        firstMark = plates.rows[0].mark;
+        secondMark = plates.rows[1].mark;
+    }
+}
+
+int placeOnePiece(const ProfileDescription& description, RunState& state,
+                  const PlateLaying& layPlates) {
     AcGePoint3d point;
     if (getWCSpoint(point, kInsertionPrompt) != RTNORM) return RTCAN;
     const AcGePoint3d picked = point;
@@ -29,24 +56,29 @@ int placeOnePiece(const ProfileDescription& description, RunState& state) {
         state.views.length = kSectionLength;
 
     std::unique_ptr<ZpObject> made = description.onePoint(point, requestFor(state, view));
+    point = alignToFace(description, state, *made, point);
     prepare(*made, state.barType);
     OpenPiece piece(std::move(made));
     if (!piece.resident()) return RTERROR;
+    LaidPlates plates;
+    if (layPlates) plates = layPlates(*piece, point);
     Companions companions;
+    companions.others = plates.ids;
     companions.dimensions = dimensionPiece(description, state, piece);
+    tiePlates(*piece, plates.ids);
     piece.close();
 
-    if (!state.views.sectionOnly && state.views.materialList)
-        (void)MatListPerfil(picked, pieceCount(state.views), piece.id(), companions.marks[0]);
+    enterInMaterialList(state.views, picked, piece.id(), plates, companions);
     (void)rotateIntoPlace(picked, piece.id(), companions);
     return RTNORM;
 }
 
 }  // namespace
 
-int generateProfile(const ProfileDescription& description, RunState& state) {
+int generateProfile(const ProfileDescription& description, RunState& state,
+                    const PlateLaying& layPlates) {
     return state.views.pickAndGo ? dragPieces(description, state)
-                                 : placeOnePiece(description, state);
+                                 : placeOnePiece(description, state, layPlates);
 }
 
 ZpObject::ZpVistas chosenView(const ViewsChoice& views) {
@@ -55,8 +87,10 @@ ZpObject::ZpVistas chosenView(const ViewsChoice& views) {
 
 Shift insertionShift(const ProfileDescription& description, const RunState& state) {
     const ViewsChoice& views = state.views;
-    if (!views.sectionOnly)
+    if (!views.sectionOnly) {
+        if (description.memberShift == nullptr) return {};
         return description.memberShift(state.medidas, {views.view, views.alignment, views.length});
+    }
     const auto index = static_cast<std::size_t>(state.insertion);
     if (index >= description.insertions.size()) return {};
     return description.insertions[index].shift(state.medidas);

@@ -2,9 +2,12 @@
 // Makes the drawing of a command that draws one piece.
 #pragma once
 
+#include <functional>
+
 #include "perfis/commands/profile_description.h"
 #include "perfis/commands/run_state.h"
 #include "perfis/output/open_piece.h"
+#include "perfis/output/plates.h"
 
 namespace perfis {
 
@@ -13,10 +16,14 @@ inline constexpr const wchar_t* kInsertionPrompt = L"\nIndique o ponto de inserc
 /// Length of the piece that stands for a section.
 inline constexpr double kSectionLength = 1000.0;
 
-/// Asks for points, draws the piece, its dimensions and its row of the material list, and hands it
-/// to placement; with pick-and-go drags pieces until one is refused. RTNORM, or RTCAN when the
-/// insertion point is refused.
-int generateProfile(const ProfileDescription& description, RunState& state);
+/// Lays the lacing plates of a piece that is in the drawing and open; `point` is the piece's own.
+using PlateLaying = std::function<LaidPlates(ZpObject& piece, const AcGePoint3d& point)>;
+
+/// Asks for points, draws the piece, its plates, its dimensions and its rows of the material list,
+/// and hands all to placement; with pick-and-go drags pieces until one is refused. RTNORM, or RTCAN
+/// when the insertion point is refused.
+int generateProfile(const ProfileDescription& description, RunState& state,
+                    const PlateLaying& layPlates = nullptr);
 
 /// View of the next piece: the section, or the figure of the views dialog.
 ZpObject::ZpVistas chosenView(const ViewsChoice& views);

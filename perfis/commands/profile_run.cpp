@@ -126,12 +126,8 @@ void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
         m_state.medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
 }
 
-void runProfile(const ProfileDescription& description) {
-    try {
-        ProfileRun(description).execute();
-    } catch (const std::exception&) {
-        (void)acedPrompt(L"\nMemória insuficiente: o comando não foi concluído.\n");
-    }
+void reportNoMemory() {
+    (void)acedPrompt(L"\nMemória insuficiente: o comando não foi concluído.\n");
 }
 
 }  // namespace perfis

@@ -79,7 +79,18 @@ private:
     RunState m_state;
 };
 
-/// A command without steps of its own. No exception leaves it.
-void runProfile(const ProfileDescription& description);
+/// Says on the command line that a command was given up for lack of memory.
+void reportNoMemory();
+
+/// One whole run of a command. No exception leaves it: the only one to be expected is lack of
+/// memory.
+template <class Run = ProfileRun, class... Arguments>
+void runCommand(const Arguments&... arguments) {
+    try {
+        Run(arguments...).execute();
+    } catch (const std::exception&) {
+        reportNoMemory();
+    }
+}
 
 }  // namespace perfis

@@ -63,6 +63,6 @@ const ProfileDescription kPerfilUEnrijecido = {
 
 }  // namespace
 
-void pudoben() { runProfile(kPerfilUEnrijecido); }
+void pudoben() { runCommand(kPerfilUEnrijecido); }
 
 }  // namespace perfis

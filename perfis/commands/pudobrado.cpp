@@ -44,6 +44,6 @@ const ProfileDescription kPerfilU = {
 
 }  // namespace
 
-void pudobrado() { runProfile(kPerfilU); }
+void pudobrado() { runCommand(kPerfilU); }
 
 }  // namespace perfis

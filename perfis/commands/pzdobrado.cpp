@@ -64,6 +64,6 @@ const ProfileDescription kPerfilZ = {
 
 }  // namespace
 
-void pzdobrado() { runProfile(kPerfilZ); }
+void pzdobrado() { runCommand(kPerfilZ); }
 
 }  // namespace perfis

@@ -13,7 +13,7 @@ namespace prancheta {
 /// when it is known (line and column count from 1, 0 = unknown).
 struct Error {
     std::string text;
-    std::string file;
+    std::string file{};
     int line = 0;
     int column = 0;
 

@@ -45,8 +45,8 @@ bool AcDbBlockTableRecord::isAnonymous() const {
     return ObjectAccess::name(*this).starts_with(L'*') && !isLayout();
 }
 
-// The list of entities is not filed: appended ones are recorded one by one, and those that are erased
-// keep their place in it.
+// The list of entities is not filed: appended ones are recorded one by one, and those that are
+// erased keep their place in it.
 Acad::ErrorStatus AcDbBlockTableRecord::dwgOutFields(AcDbDwgFiler* filer) const {
     AcDbSymbolTableRecord::dwgOutFields(filer);
     return filer->writePoint3d(m_origin);

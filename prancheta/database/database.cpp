@@ -14,8 +14,6 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
 
 namespace {
 
-enum TableIndex { kBlocks, kLayers, kLinetypes, kTextStyles, kDimStyles, kRegApps };
-
 AcDbObjectId lookup(AcDbObjectId tableId, const wchar_t* name) {
     const AcDbStub* stub = tableId;
     return ObjectAccess::lookup(static_cast<const AcDbSymbolTable&>(*stub->object), name);
@@ -37,7 +35,8 @@ Acad::ErrorStatus checkRecord(const AcDbDatabase& database, AcDbObjectId id, AcR
 
 AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool) {
     registerDatabaseClasses();
-    m_core = std::make_unique<DatabaseCore>(*this, buildDefaultDrawing);
+    m_core = std::make_unique<DatabaseCore>(*this);
+    m_core->build(buildDefaultDrawing);
 }
 
 AcDbDatabase::~AcDbDatabase() {
@@ -70,12 +69,20 @@ Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dicti
     return acdbOpenObject(dictionary, namedObjectsDictionaryId(), mode);
 }
 
-AcDbObjectId AcDbDatabase::blockTableId() const { return m_core->m_tables[kBlocks]; }
-AcDbObjectId AcDbDatabase::layerTableId() const { return m_core->m_tables[kLayers]; }
-AcDbObjectId AcDbDatabase::linetypeTableId() const { return m_core->m_tables[kLinetypes]; }
-AcDbObjectId AcDbDatabase::textStyleTableId() const { return m_core->m_tables[kTextStyles]; }
-AcDbObjectId AcDbDatabase::dimStyleTableId() const { return m_core->m_tables[kDimStyles]; }
-AcDbObjectId AcDbDatabase::regAppTableId() const { return m_core->m_tables[kRegApps]; }
+AcDbObjectId AcDbDatabase::blockTableId() const { return m_core->m_tables[DatabaseCore::kBlocks]; }
+AcDbObjectId AcDbDatabase::layerTableId() const { return m_core->m_tables[DatabaseCore::kLayers]; }
+AcDbObjectId AcDbDatabase::linetypeTableId() const {
+    return m_core->m_tables[DatabaseCore::kLinetypes];
+}
+AcDbObjectId AcDbDatabase::textStyleTableId() const {
+    return m_core->m_tables[DatabaseCore::kTextStyles];
+}
+AcDbObjectId AcDbDatabase::dimStyleTableId() const {
+    return m_core->m_tables[DatabaseCore::kDimStyles];
+}
+AcDbObjectId AcDbDatabase::regAppTableId() const {
+    return m_core->m_tables[DatabaseCore::kRegApps];
+}
 AcDbObjectId AcDbDatabase::namedObjectsDictionaryId() const { return m_core->m_rootDictionary; }
 AcDbObjectId AcDbDatabase::layerZero() const { return lookup(layerTableId(), L"0"); }
 AcDbObjectId AcDbDatabase::continuousLinetype() const {
@@ -91,7 +98,8 @@ AcDbObjectId AcDbDatabase::celtype() const { return m_core->current(DatabaseCore
 AcDbObjectId AcDbDatabase::textstyle() const { return m_core->current(DatabaseCore::kTextStyle); }
 AcDbObjectId AcDbDatabase::dimstyle() const { return m_core->current(DatabaseCore::kDimStyle); }
 
-// The variables are the one place where these values live; setting them there records them for undo.
+// The variables are the one place where these values live; setting them there records them for
+// undo.
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId id) {
     const Acad::ErrorStatus es = checkRecord(*this, id, AcDbLayerTableRecord::desc());
     if (es != Acad::eOk) return es;
@@ -124,7 +132,9 @@ Adesk::UInt16 AcDbDatabase::cecolor() const {
 }
 Acad::ErrorStatus AcDbDatabase::setCecolor(Adesk::UInt16 index) {
     if (index > 256) return Acad::eInvalidInput;
-    const std::wstring text = index == 256 ? L"BYLAYER" : index == 0 ? L"BYBLOCK" : std::to_wstring(index);
+    const std::wstring text = index == 256 ? L"BYLAYER"
+                              : index == 0 ? L"BYBLOCK"
+                                           : std::to_wstring(index);
     m_core->variables().force(L"CECOLOR", text);
     return Acad::eOk;
 }

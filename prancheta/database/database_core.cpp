@@ -9,10 +9,11 @@
 namespace prancheta {
 namespace {
 
-/// Tells every reactor; one that goes away meanwhile is left out. While it lasts the object cannot be
-/// opened for write.
+/// Tells every reactor; one that goes away meanwhile is left out. While it lasts the object cannot
+/// be opened for write.
 template <class Tell>
-void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, const AcDbObject& object, Tell&& tell) {
+void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, const AcDbObject& object,
+             Tell&& tell) {
     if (reactors.empty()) return;
     AcDbStub* stub = object.objectId();
     ++stub->telling;
@@ -93,7 +94,8 @@ void DatabaseCore::assignMissingHandles() {
 
 std::vector<AcDbObjectId> DatabaseCore::modelSpace() const {
     const AcDbStub* stub = m_modelSpace;
-    const auto& all = ObjectAccess::entities(static_cast<const AcDbBlockTableRecord&>(*stub->object));
+    const auto& all =
+        ObjectAccess::entities(static_cast<const AcDbBlockTableRecord&>(*stub->object));
     std::vector<AcDbObjectId> ids;
     ids.reserve(all.size());
     for (AcDbObjectId id : all)
@@ -108,10 +110,12 @@ bool DatabaseCore::hasObjectsOf(const AcRxClass* entityClass) const {
 }
 
 void DatabaseCore::notifyAppended(const AcDbObject& object) {
-    tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) { r.objectAppended(&m_database, &object); });
+    tellAll(m_reactors, object,
+            [&](AcDbDatabaseReactor& r) { r.objectAppended(&m_database, &object); });
 }
 void DatabaseCore::notifyModified(const AcDbObject& object) {
-    tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) { r.objectModified(&m_database, &object); });
+    tellAll(m_reactors, object,
+            [&](AcDbDatabaseReactor& r) { r.objectModified(&m_database, &object); });
 }
 void DatabaseCore::notifyErased(const AcDbObject& object, bool erased) {
     if (const AcDbEntity* entity = AcDbEntity::cast(&object)) {

@@ -41,10 +41,15 @@ struct ForeignContent {
 
 class DatabaseCore {
 public:
-    DatabaseCore(AcDbDatabase& database, bool buildDefaultDrawing);
+    enum TableIndex { kBlocks, kLayers, kLinetypes, kTextStyles, kDimStyles, kRegApps };
+
+    explicit DatabaseCore(AcDbDatabase& database);
     ~DatabaseCore();
     DatabaseCore(const DatabaseCore&) = delete;
     DatabaseCore& operator=(const DatabaseCore&) = delete;
+
+    /// Once, right after the database knows its core: tables, spaces, default drawing.
+    void build(bool buildDefaultDrawing);
 
     UndoLog& undo() { return m_undo; }
     SystemVariables& variables() { return m_variables; }

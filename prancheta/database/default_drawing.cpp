@@ -9,8 +9,6 @@
 namespace prancheta {
 namespace {
 
-enum TableIndex { kBlocks, kLayers, kLinetypes, kTextStyles, kDimStyles, kRegApps };
-
 struct Pattern {
     const wchar_t* name;
     const wchar_t* comment;
@@ -22,9 +20,7 @@ const Pattern* standardPattern(std::wstring_view name) {
         {L"HIDDEN", L"Oculta __ __ __ __ __ __ __", {6.35, -3.175}},
         {L"CENTER", L"Centro ____ _ ____ _ ____ _", {31.75, -6.35, 6.35, -6.35}},
         {L"DASHED", L"Tracejada __ __ __ __ __ __", {12.7, -6.35}},
-        {L"PHANTOM",
-         L"Fantasma ______ __ __ ______",
-         {31.75, -6.35, 6.35, -6.35, 6.35, -6.35}},
+        {L"PHANTOM", L"Fantasma ______ __ __ ______", {31.75, -6.35, 6.35, -6.35, 6.35, -6.35}},
     };
     for (const Pattern& pattern : kPatterns)
         if (equalNoCase(pattern.name, name)) return &pattern;
@@ -35,38 +31,34 @@ AcDbSymbolTable& table(AcDbObjectId id) {
     return static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
 }
 
-/// Adds a named record and closes it.
-template <class Record>
-Record& addRecord(AcDbObjectId tableId, std::wstring_view name) {
+/// Makes a record, fills it, adds it and closes it. The name is not in the table yet.
+template <class Record, class Fill>
+AcDbObjectId addRecord(AcDbObjectId tableId, std::wstring_view name, Fill&& fill) {
     auto record = std::make_unique<Record>();
     ObjectAccess::setName(*record, std::wstring(name));
-    Record& added = *record;
-    (void)ObjectAccess::addRecord(table(tableId), record.release());  // callers looked the name up
-    added.close();
-    return added;
+    fill(*record);
+    Record* added = record.release();
+    (void)ObjectAccess::addRecord(table(tableId), added);
+    added->close();
+    return added->objectId();
 }
-
-/// Changes a record that is not open.
-template <class Record, class Change>
-AcDbObjectId fill(Record& record, Change&& change) {
-    Record* open = nullptr;
-    if (acdbOpenObject(open, record.objectId(), AcDb::kForWrite) == Acad::eOk) {
-        change(*open);
-        open->close();
-    }
-    return record.objectId();
+template <class Record>
+AcDbObjectId addRecord(AcDbObjectId tableId, std::wstring_view name) {
+    return addRecord<Record>(tableId, name, [](Record&) {});
 }
 
 }  // namespace
 
-// Recording starts when the drawing stands. Without the default drawing the tables leave all handles
-// to the file that is to be read.
-DatabaseCore::DatabaseCore(AcDbDatabase& database, bool buildDefaultDrawing)
-    : m_database(database), m_undo(database) {
+DatabaseCore::DatabaseCore(AcDbDatabase& database) : m_database(database), m_undo(database) {}
+
+// Recording starts when the drawing stands. Without the default drawing the tables leave all
+// handles to the file that is to be read.
+void DatabaseCore::build(bool buildDefaultDrawing) {
     m_undo.setRecording(false);
-    AcDbObject* const tables[] = {new AcDbBlockTable,     new AcDbLayerTable,
-                                  new AcDbLinetypeTable,  new AcDbTextStyleTable,
-                                  new AcDbDimStyleTable,  new AcDbRegAppTable};
+    linkVariables();
+    AcDbObject* const tables[] = {new AcDbBlockTable,    new AcDbLayerTable,
+                                  new AcDbLinetypeTable, new AcDbTextStyleTable,
+                                  new AcDbDimStyleTable, new AcDbRegAppTable};
     for (std::size_t i = 0; i < std::size(tables); ++i) {
         (void)makeResident(*tables[i], {});
         m_tables[i] = tables[i]->objectId();
@@ -76,8 +68,8 @@ DatabaseCore::DatabaseCore(AcDbDatabase& database, bool buildDefaultDrawing)
     (void)makeResident(*root, {});
     m_rootDictionary = root->objectId();
     root->close();
-    m_modelSpace = addRecord<AcDbBlockTableRecord>(m_tables[kBlocks], ACDB_MODEL_SPACE).objectId();
-    m_paperSpace = addRecord<AcDbBlockTableRecord>(m_tables[kBlocks], ACDB_PAPER_SPACE).objectId();
+    m_modelSpace = addRecord<AcDbBlockTableRecord>(m_tables[kBlocks], ACDB_MODEL_SPACE);
+    m_paperSpace = addRecord<AcDbBlockTableRecord>(m_tables[kBlocks], ACDB_PAPER_SPACE);
     if (buildDefaultDrawing) {
         addRequiredRecords();
     } else {
@@ -85,7 +77,6 @@ DatabaseCore::DatabaseCore(AcDbDatabase& database, bool buildDefaultDrawing)
         m_byHandle.clear();
         m_nextHandle = 1;
     }
-    linkVariables();
     m_undo.setRecording(true);
 }
 
@@ -95,16 +86,16 @@ void DatabaseCore::addRequiredRecords() {
     (void)ensureRegApp(L"ACAD");
     AcDbObjectId text = ObjectAccess::lookup(table(m_tables[kTextStyles]), L"Standard");
     if (text.isNull())
-        text = addRecord<AcDbTextStyleTableRecord>(m_tables[kTextStyles], L"Standard").objectId();
-    if (ObjectAccess::lookup(table(m_tables[kDimStyles]), L"Standard").isNull())
-        fill(addRecord<AcDbDimStyleTableRecord>(m_tables[kDimStyles], L"Standard"),
-             [&](AcDbDimStyleTableRecord& style) { (void)style.setDimtxsty(text); });
-    const std::pair<Current, AcDbObjectId> wanted[] = {
-        {kLayer, m_database.layerZero()},
-        {kLinetype, m_database.byLayerLinetype()},
-        {kTextStyle, text},
-        {kDimStyle, ObjectAccess::lookup(table(m_tables[kDimStyles]), L"Standard")},
-    };
+        text = addRecord<AcDbTextStyleTableRecord>(m_tables[kTextStyles], L"Standard");
+    AcDbObjectId dimension = ObjectAccess::lookup(table(m_tables[kDimStyles]), L"Standard");
+    if (dimension.isNull())
+        dimension = addRecord<AcDbDimStyleTableRecord>(
+            m_tables[kDimStyles], L"Standard",
+            [&](AcDbDimStyleTableRecord& style) { (void)style.setDimtxsty(text); });
+    const std::pair<Current, AcDbObjectId> wanted[] = {{kLayer, m_database.layerZero()},
+                                                       {kLinetype, m_database.byLayerLinetype()},
+                                                       {kTextStyle, text},
+                                                       {kDimStyle, dimension}};
     for (const auto& [which, id] : wanted)
         if (m_current[which].isNull()) m_current[which] = id;
     showCurrent();
@@ -112,32 +103,31 @@ void DatabaseCore::addRequiredRecords() {
 
 AcDbObjectId DatabaseCore::ensureLayer(std::wstring_view name, Adesk::UInt16 color) {
     const AcDbObjectId known = ObjectAccess::lookup(table(m_tables[kLayers]), name);
-    if (!known.isNull()) return known;
-    if (!isValidName(name, false)) return {};
-    return fill(addRecord<AcDbLayerTableRecord>(m_tables[kLayers], name),
-                [&](AcDbLayerTableRecord& layer) {
-                    (void)layer.setColorIndex(color);
-                    (void)layer.setLinetypeObjectId(ensureLinetype(L"Continuous"));
-                });
+    if (!known.isNull() || !isValidName(name, false)) return known;
+    const AcDbObjectId continuous = ensureLinetype(L"Continuous");
+    return addRecord<AcDbLayerTableRecord>(
+        m_tables[kLayers], name, [&](AcDbLayerTableRecord& layer) {
+            (void)layer.setColorIndex(color);  // a colour out of range leaves the default
+            (void)layer.setLinetypeObjectId(continuous);
+        });
 }
 
 AcDbObjectId DatabaseCore::ensureLinetype(std::wstring_view name) {
     const AcDbObjectId known = ObjectAccess::lookup(table(m_tables[kLinetypes]), name);
-    if (!known.isNull()) return known;
-    if (!isValidName(name, false)) return {};
-    const Pattern* pattern = standardPattern(name);
-    auto& record = addRecord<AcDbLinetypeTableRecord>(m_tables[kLinetypes], name);
-    if (pattern == nullptr) return record.objectId();
-    return fill(record, [&](AcDbLinetypeTableRecord& linetype) {
-        (void)linetype.setComments(pattern->comment);
-        ObjectAccess::dashes(linetype) = pattern->dashes;
-    });
+    if (!known.isNull() || !isValidName(name, false)) return known;
+    return addRecord<AcDbLinetypeTableRecord>(m_tables[kLinetypes], name,
+                                              [&](AcDbLinetypeTableRecord& linetype) {
+                                                  const Pattern* pattern = standardPattern(name);
+                                                  if (pattern == nullptr) return;
+                                                  (void)linetype.setComments(pattern->comment);
+                                                  ObjectAccess::dashes(linetype) = pattern->dashes;
+                                              });
 }
 
 AcDbObjectId DatabaseCore::ensureRegApp(std::wstring_view name) {
     const AcDbObjectId known = ObjectAccess::lookup(table(m_tables[kRegApps]), name);
     if (!known.isNull() || !isValidName(name, false)) return known;
-    return addRecord<AcDbRegAppTableRecord>(m_tables[kRegApps], name).objectId();
+    return addRecord<AcDbRegAppTableRecord>(m_tables[kRegApps], name);
 }
 
 }  // namespace prancheta

@@ -77,8 +77,8 @@ AcDbDictionaryIterator* AcDbDictionary::newIterator() const {
     return new AcDbDictionaryIterator(std::move(alive));
 }
 
-// For undo the entries are not filed: objects are recorded one by one when they come and go, and keep
-// their entries.
+// For undo the entries are not filed: objects are recorded one by one when they come and go, and
+// keep their entries.
 Acad::ErrorStatus AcDbDictionary::dwgOutFields(AcDbDwgFiler* filer) const {
     AcDbObject::dwgOutFields(filer);
     if (filer->filerType() == AcDb::kUndoFiler) return filer->filerStatus();

@@ -28,7 +28,7 @@ std::wstring spaceOf(const AcDbEntity& entity) {
 std::wstring weightText(AcDb::LineWeight weight) {
     if (weight == AcDb::kLnWtByBlock) return L"PORBLOCO";
     if (weight == AcDb::kLnWtByLwDefault) return L"padrão";
-    return numberTextWide(weight / 100.0) + L" mm";
+    return numberTextWide(static_cast<int>(weight) / 100.0) + L" mm";
 }
 
 }  // namespace
@@ -51,7 +51,8 @@ void AcDbEntity::subList() const {
         const std::wstring color = m_color == 0 ? L"PORBLOCO" : std::to_wstring(m_color);
         acutPrintf(L"%lsCor: %ls", kIndent, color.c_str());
     }
-    const AcDbObjectId byLayer = database() != nullptr ? database()->byLayerLinetype() : AcDbObjectId();
+    const AcDbObjectId byLayer =
+        database() != nullptr ? database()->byLayerLinetype() : AcDbObjectId();
     if (m_linetype != nullptr && linetypeId() != byLayer)
         acutPrintf(L"%lsTipo de linha: \"%ls\"", kIndent, taken(linetype()).c_str());
     if (m_linetypeScale != 1.0)

@@ -111,10 +111,12 @@ Acad::ErrorStatus AcDbEntity::getGripPoints(AcGePoint3dArray& points, AcDbIntArr
                                             AcDbIntArray& geomIds) const {
     return subGetGripPoints(points, osnapModes, geomIds);
 }
-Acad::ErrorStatus AcDbEntity::subGetGripPoints(AcGePoint3dArray&, AcDbIntArray&, AcDbIntArray&) const {
+Acad::ErrorStatus AcDbEntity::subGetGripPoints(AcGePoint3dArray&, AcDbIntArray&,
+                                               AcDbIntArray&) const {
     return Acad::eNotApplicable;
 }
-Acad::ErrorStatus AcDbEntity::moveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) {
+Acad::ErrorStatus AcDbEntity::moveGripPointsAt(const AcDbIntArray& indices,
+                                               const AcGeVector3d& offset) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     return indices.isEmpty() ? Acad::eOk : subMoveGripPointsAt(indices, offset);
 }
@@ -136,7 +138,8 @@ Acad::ErrorStatus AcDbEntity::getTransformedCopy(const AcGeMatrix3d& m, AcDbEnti
     copy = nullptr;
     return subGetTransformedCopy(m, copy);
 }
-Acad::ErrorStatus AcDbEntity::subGetTransformedCopy(const AcGeMatrix3d& m, AcDbEntity*& copy) const {
+Acad::ErrorStatus AcDbEntity::subGetTransformedCopy(const AcGeMatrix3d& m,
+                                                    AcDbEntity*& copy) const {
     std::unique_ptr<AcRxObject> made(isA()->create());
     auto* entity = AcDbEntity::cast(made.get());
     if (entity == nullptr) return Acad::eNotApplicable;
@@ -158,8 +161,7 @@ Acad::ErrorStatus AcDbEntity::subExplode(AcDbVoidPtrArray& set) const {
     AcDbVoidPtrArray parts;
     pictureExploder(pictureOf(*this, kAcGiForExplode), parts);
     // What would only become itself again is as simple as it can be.
-    const bool same =
-        parts.length() == 1 && static_cast<AcDbEntity*>(parts[0])->isA() == isA();
+    const bool same = parts.length() == 1 && static_cast<AcDbEntity*>(parts[0])->isA() == isA();
     if (same) delete static_cast<AcDbEntity*>(parts[0]);
     if (same || parts.isEmpty()) return Acad::eCannotExplodeEntity;
     set.append(parts);

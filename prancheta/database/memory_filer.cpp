@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
-#include <string>
 
 #include "acutmem.h"
 
@@ -76,12 +75,16 @@ Acad::ErrorStatus MemoryFiler::readSoftOwnershipId(AcDbSoftOwnershipId* id) {
     *id = readId();
     return m_status;
 }
-Acad::ErrorStatus MemoryFiler::writeHardPointerId(const AcDbHardPointerId& id) { return writeId(id); }
+Acad::ErrorStatus MemoryFiler::writeHardPointerId(const AcDbHardPointerId& id) {
+    return writeId(id);
+}
 Acad::ErrorStatus MemoryFiler::readHardPointerId(AcDbHardPointerId* id) {
     *id = readId();
     return m_status;
 }
-Acad::ErrorStatus MemoryFiler::writeSoftPointerId(const AcDbSoftPointerId& id) { return writeId(id); }
+Acad::ErrorStatus MemoryFiler::writeSoftPointerId(const AcDbSoftPointerId& id) {
+    return writeId(id);
+}
 Acad::ErrorStatus MemoryFiler::readSoftPointerId(AcDbSoftPointerId* id) {
     *id = readId();
     return m_status;

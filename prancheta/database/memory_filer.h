@@ -4,17 +4,20 @@
 
 #include <functional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "dbfiler.h"
 
 namespace prancheta {
 
-/// Writes to a buffer of its own, or reads from bytes that outlive it. References are kept as they are.
+/// Writes to a buffer of its own, or reads from bytes that outlive it. References are kept as they
+/// are.
 class MemoryFiler : public AcDbDwgFiler {
 public:
     explicit MemoryFiler(AcDb::FilerType type) : m_type(type) {}
-    MemoryFiler(AcDb::FilerType type, std::span<const char> source) : m_type(type), m_source(source) {}
+    MemoryFiler(AcDb::FilerType type, std::span<const char> source)
+        : m_type(type), m_source(source) {}
 
     const std::vector<char>& bytes() const { return m_bytes; }
     /// Starts reading what was written.

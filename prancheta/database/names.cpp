@@ -13,14 +13,14 @@ bool isValidName(std::wstring_view name, bool isBlock) {
     if (isBlock && name.size() > 1 && name.front() == L'*') name.remove_prefix(1);
     if (name.empty() || name.size() > 255) return false;
     return std::none_of(name.begin(), name.end(), [](wchar_t c) {
-        return c < 32 || c == 127 || std::wstring_view(L"<>/\\\":;?*|=`").find(c) != std::wstring_view::npos;
+        return c < 32 || c == 127 ||
+               std::wstring_view(L"<>/\\\":;?*|=`").find(c) != std::wstring_view::npos;
     });
 }
 
 bool isReservedName(std::wstring_view name) {
-    static const std::wstring_view kReserved[] = {L"0",          L"ByLayer",      L"ByBlock",
-                                                  L"Continuous", L"*Model_Space", L"*Paper_Space",
-                                                  L"ACAD"};
+    static const std::wstring_view kReserved[] = {
+        L"0", L"ByLayer", L"ByBlock", L"Continuous", L"*Model_Space", L"*Paper_Space", L"ACAD"};
     return std::any_of(std::begin(kReserved), std::end(kReserved),
                        [&](std::wstring_view r) { return equalNoCase(r, name); });
 }

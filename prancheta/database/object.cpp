@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Access to objects: reading, writing, erasing, and who is told of it.
+#include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 
+using prancheta::DatabaseCore;
 using prancheta::ObjectAccess;
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
@@ -14,7 +16,9 @@ AcDbObject::~AcDbObject() {
 
 AcDbObjectId AcDbObject::objectId() const { return AcDbObjectId(m_stub); }
 AcDbObjectId AcDbObject::ownerId() const { return AcDbObjectId(m_owner); }
-AcDbDatabase* AcDbObject::database() const { return m_stub != nullptr ? m_stub->database : nullptr; }
+AcDbDatabase* AcDbObject::database() const {
+    return m_stub != nullptr ? m_stub->database : nullptr;
+}
 
 Acad::ErrorStatus AcDbObject::setOwnerId(AcDbObjectId id) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
@@ -58,8 +62,11 @@ Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing) {
 Acad::ErrorStatus AcDbObject::cancel() {
     if (m_stub == nullptr) return Acad::eOk;
     if (!m_stub->writer) return close();
-    m_stub->database->core().undo().takeBack(*this);
+    DatabaseCore& core = m_stub->database->core();
+    core.undo().takeBack(*this);
+    const bool wasNew = m_stub->isNew;
     m_stub->writer = m_stub->isNew = m_stub->recorded = m_stub->modified = false;
+    if (wasNew) core.notifyUnAppended(*this, false);
     return Acad::eOk;
 }
 
@@ -78,7 +85,8 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
 
 Acad::ErrorStatus AcDbObject::downgradeOpen() {
     if (m_stub == nullptr) return Acad::eOk;
-    if (!m_stub->writer) return m_stub->readers > 0 ? Acad::eWasOpenForRead : Acad::eNotOpenForWrite;
+    if (!m_stub->writer)
+        return m_stub->readers > 0 ? Acad::eWasOpenForRead : Acad::eNotOpenForWrite;
     ObjectAccess::finishWrite(*this);
     ++m_stub->readers;
     return Acad::eOk;

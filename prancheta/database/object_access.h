@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The host's door to the private parts of objects; no checks, no notifications, no undo unless said.
+// The host's door to the private parts of objects; no checks, no notifications, no undo unless
+// said.
 #pragma once
 
 #include "dbdict.h"
@@ -34,29 +35,37 @@ struct ObjectAccess {
     static void setVisible(AcDbEntity& e, bool visible) { e.m_visibility = visible ? 0 : 1; }
 
     // Symbol tables. Records appear in the order in which they were added, erased ones included.
-    static const std::vector<AcDbObjectId>& records(const AcDbSymbolTable& t) { return t.m_records; }
+    static const std::vector<AcDbObjectId>& records(const AcDbSymbolTable& t) {
+        return t.m_records;
+    }
     static std::vector<AcDbObjectId>& records(AcDbSymbolTable& t) { return t.m_records; }
     static const std::wstring& name(const AcDbSymbolTableRecord& r) { return r.m_name; }
     /// Any name, also a forbidden one of a file; the table of a resident record finds it by it.
     static void setName(AcDbSymbolTableRecord& r, std::wstring name);
     /// Last record of this name; erased ones only when asked for.
-    static AcDbObjectId lookup(const AcDbSymbolTable& t, std::wstring_view name, bool erased = false);
-    /// Makes the record resident in the table (handle 0: the next free one) and leaves it open for write.
-    /// False when name or handle is taken; the caller still owns the record then. Announced.
-    static bool addRecord(AcDbSymbolTable& t, AcDbSymbolTableRecord* record, Adesk::UInt64 handle = 0);
+    static AcDbObjectId lookup(const AcDbSymbolTable& t, std::wstring_view name,
+                               bool erased = false);
+    /// Makes the record resident in the table (handle 0: the next free one) and leaves it open for
+    /// write. False when name or handle is taken; the caller still owns the record then. Announced.
+    static bool addRecord(AcDbSymbolTable& t, AcDbSymbolTableRecord* record,
+                          Adesk::UInt64 handle = 0);
     /// To be called when an object came back: its table or dictionary finds it by name again.
     static void cameBack(AcDbObject& o);
 
-    static const std::vector<AcDbObjectId>& entities(const AcDbBlockTableRecord& r) { return r.m_entities; }
+    static const std::vector<AcDbObjectId>& entities(const AcDbBlockTableRecord& r) {
+        return r.m_entities;
+    }
     static std::vector<AcDbObjectId>& entities(AcDbBlockTableRecord& r) { return r.m_entities; }
     static void setFrozen(AcDbLayerTableRecord& r, bool frozen) { r.m_frozen = frozen; }
     static std::vector<double>& dashes(AcDbLinetypeTableRecord& r) { return r.m_dashes; }
 
     // Dictionaries. Entries whose object is erased are still listed.
-    static const std::vector<std::pair<std::wstring, AcDbObjectId>>& entries(const AcDbDictionary& d) {
+    static const std::vector<std::pair<std::wstring, AcDbObjectId>>& entries(
+        const AcDbDictionary& d) {
         return d.m_entries;
     }
-    /// Adds an entry for an object that is (or will be) resident; a present one of this key is hidden.
+    /// Adds an entry for an object that is (or will be) resident; a present one of this key is
+    /// hidden.
     static void addEntry(AcDbDictionary& d, std::wstring key, AcDbObjectId id);
 
     static const resbuf* list(const AcDbXrecord& x) { return x.m_list; }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/register.h"
@@ -44,8 +45,8 @@ std::vector<AcRxClass*>& classList() {
 
 }  // namespace
 
-// Registry and class dictionary are never destroyed: modules may still ask for them while the process
-// ends.
+// Registry and class dictionary are never destroyed: modules may still ask for them while the
+// process ends.
 AcRxDictionary* acrxSysRegistry() {
     static auto* registry = new Dictionary;
     return registry;

@@ -12,7 +12,8 @@ struct StatusName {
     const ACHAR* name;
 };
 
-#define STATUS(NAME) {Acad::NAME, L## #NAME}
+#define STATUS(NAME) \
+    { Acad::NAME, L## #NAME }
 const StatusName kNames[] = {
     STATUS(eOk),
     STATUS(eNotImplementedYet),

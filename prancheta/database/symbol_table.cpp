@@ -102,7 +102,8 @@ Acad::ErrorStatus AcDbSymbolTableRecord::subErase(Adesk::Boolean erasing) {
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id, bool getErased) const {
+Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id,
+                                         bool getErased) const {
     id = name != nullptr ? ObjectAccess::lookup(*this, name, getErased) : AcDbObjectId();
     return id.isNull() ? Acad::eKeyNotFound : Acad::eOk;
 }
@@ -122,8 +123,9 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (objectId().isNull()) return Acad::eNoDatabase;
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!record->isKindOf(recordClass(*this))) return Acad::eWrongObjectType;
-    if (record->m_name.empty()) return Acad::eInvalidKey;
-    if (isUnnumbered(record->m_name)) record->m_name = nextAnonymous(*this, record->m_name);
+    const std::wstring& name = ObjectAccess::name(*record);
+    if (name.empty()) return Acad::eInvalidKey;
+    if (isUnnumbered(name)) ObjectAccess::setName(*record, nextAnonymous(*this, name));
     if (!ObjectAccess::addRecord(*this, record)) return Acad::eDuplicateRecordName;
     id = record->objectId();
     return Acad::eOk;
@@ -161,7 +163,8 @@ AcDbObjectId ObjectAccess::lookup(const AcDbSymbolTable& t, std::wstring_view na
     return found->second.isErased() && !erased ? AcDbObjectId() : found->second;
 }
 
-bool ObjectAccess::addRecord(AcDbSymbolTable& t, AcDbSymbolTableRecord* record, Adesk::UInt64 handle) {
+bool ObjectAccess::addRecord(AcDbSymbolTable& t, AcDbSymbolTableRecord* record,
+                             Adesk::UInt64 handle) {
     if (!lookup(t, record->m_name).isNull()) return false;
     DatabaseCore& core = t.database()->core();
     if (!core.makeResident(*record, t.objectId(), handle)) return false;

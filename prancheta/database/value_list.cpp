@@ -22,26 +22,58 @@ struct CodeRange {
 };
 
 const CodeRange kCodeRanges[] = {
-    {-5, -5, ValueKind::Name},       {-4, -4, ValueKind::Text},      {-3, -3, ValueKind::None},
-    {-2, -1, ValueKind::Name},       {0, 9, ValueKind::Text},        {10, 18, ValueKind::Point},
-    {19, 59, ValueKind::Real},       {60, 79, ValueKind::Int16},     {90, 99, ValueKind::Int32},
-    {100, 109, ValueKind::Text},     {110, 112, ValueKind::Point},   {113, 149, ValueKind::Real},
-    {160, 169, ValueKind::Int32},    {170, 179, ValueKind::Int16},   {210, 213, ValueKind::Point},
-    {214, 239, ValueKind::Real},     {270, 299, ValueKind::Int16},   {300, 309, ValueKind::Text},
-    {310, 319, ValueKind::Binary},   {320, 329, ValueKind::Text},    {330, 369, ValueKind::Name},
-    {370, 389, ValueKind::Int16},    {390, 399, ValueKind::Text},    {400, 409, ValueKind::Int16},
-    {410, 419, ValueKind::Text},     {420, 429, ValueKind::Int32},   {430, 439, ValueKind::Text},
-    {440, 459, ValueKind::Int32},    {460, 469, ValueKind::Real},    {470, 489, ValueKind::Text},
-    {999, 1003, ValueKind::Text},    {1004, 1004, ValueKind::Binary}, {1005, 1005, ValueKind::Text},
-    {1010, 1013, ValueKind::Point},  {1014, 1059, ValueKind::Real},  {1060, 1070, ValueKind::Int16},
-    {1071, 1071, ValueKind::Int32},  {RTNONE, RTNONE, ValueKind::None},
-    {RTREAL, RTREAL, ValueKind::Real}, {RTPOINT, RTPOINT, ValueKind::Point},
-    {RTSHORT, RTSHORT, ValueKind::Int16}, {RTANG, RTANG, ValueKind::Real},
-    {RTSTR, RTSTR, ValueKind::Text}, {RTENAME, RTPICKS, ValueKind::Name},
-    {RTORINT, RTORINT, ValueKind::Real}, {RT3DPOINT, RT3DPOINT, ValueKind::Point},
-    {RTLONG, RTLONG, ValueKind::Int32}, {RTVOID, RTVOID, ValueKind::None},
-    {RTLB, RTNIL, ValueKind::None},  {RTDXF0, RTDXF0, ValueKind::Text},
-    {RTT, RTT, ValueKind::None},     {RTRESBUF, RTRESBUF, ValueKind::List},
+    {-5, -5, ValueKind::Name},
+    {-4, -4, ValueKind::Text},
+    {-3, -3, ValueKind::None},
+    {-2, -1, ValueKind::Name},
+    {0, 9, ValueKind::Text},
+    {10, 18, ValueKind::Point},
+    {19, 59, ValueKind::Real},
+    {60, 79, ValueKind::Int16},
+    {90, 99, ValueKind::Int32},
+    {100, 109, ValueKind::Text},
+    {110, 112, ValueKind::Point},
+    {113, 149, ValueKind::Real},
+    {160, 169, ValueKind::Int32},
+    {170, 179, ValueKind::Int16},
+    {210, 213, ValueKind::Point},
+    {214, 239, ValueKind::Real},
+    {270, 299, ValueKind::Int16},
+    {300, 309, ValueKind::Text},
+    {310, 319, ValueKind::Binary},
+    {320, 329, ValueKind::Text},
+    {330, 369, ValueKind::Name},
+    {370, 389, ValueKind::Int16},
+    {390, 399, ValueKind::Text},
+    {400, 409, ValueKind::Int16},
+    {410, 419, ValueKind::Text},
+    {420, 429, ValueKind::Int32},
+    {430, 439, ValueKind::Text},
+    {440, 459, ValueKind::Int32},
+    {460, 469, ValueKind::Real},
+    {470, 489, ValueKind::Text},
+    {999, 1003, ValueKind::Text},
+    {1004, 1004, ValueKind::Binary},
+    {1005, 1005, ValueKind::Text},
+    {1010, 1013, ValueKind::Point},
+    {1014, 1059, ValueKind::Real},
+    {1060, 1070, ValueKind::Int16},
+    {1071, 1071, ValueKind::Int32},
+    {RTNONE, RTNONE, ValueKind::None},
+    {RTREAL, RTREAL, ValueKind::Real},
+    {RTPOINT, RTPOINT, ValueKind::Point},
+    {RTSHORT, RTSHORT, ValueKind::Int16},
+    {RTANG, RTANG, ValueKind::Real},
+    {RTSTR, RTSTR, ValueKind::Text},
+    {RTENAME, RTPICKS, ValueKind::Name},
+    {RTORINT, RTORINT, ValueKind::Real},
+    {RT3DPOINT, RT3DPOINT, ValueKind::Point},
+    {RTLONG, RTLONG, ValueKind::Int32},
+    {RTVOID, RTVOID, ValueKind::None},
+    {RTLB, RTNIL, ValueKind::None},
+    {RTDXF0, RTDXF0, ValueKind::Text},
+    {RTT, RTT, ValueKind::None},
+    {RTRESBUF, RTRESBUF, ValueKind::List},
 };
 
 ACHAR* newText(std::wstring_view text) {
@@ -67,7 +99,8 @@ bool takeArgument(resbuf& item, va_list* arguments) {
             return true;
         case ValueKind::Point: {
             const double* p = va_arg(*arguments, const double*);
-            for (int i = 0; i < (item.restype == RTPOINT ? 2 : 3); ++i) item.resval.rpoint[i] = p[i];
+            for (int i = 0; i < (item.restype == RTPOINT ? 2 : 3); ++i)
+                item.resval.rpoint[i] = p[i];
             return true;
         }
         case ValueKind::Int16:

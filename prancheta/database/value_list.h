@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "acdb.h"
 #include "acutads.h"
@@ -12,8 +13,8 @@ namespace prancheta {
 
 enum class ValueKind { None, Text, Real, Point, Int16, Int32, Name, Binary, List, Unknown };
 
-/// Kind of value of an RT* code or of a DXF group code. References (330 to 369, -1) are names, handles (5,
-/// 105, 320 to 329, 390, 1005) texts.
+/// Kind of value of an RT* code or of a DXF group code. References (330 to 369, -1) are names,
+/// handles (5, 105, 320 to 329, 390, 1005) texts.
 ValueKind kindOfValue(int type);
 
 struct ReleaseList {

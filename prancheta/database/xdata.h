@@ -10,8 +10,8 @@ namespace prancheta {
 
 constexpr std::size_t kMaxXdataBytes = 16383;
 
-/// Groups of a list that starts with 1001. eInvalidInput for a code, a value or an order that extended
-/// data cannot hold.
+/// Groups of a list that starts with 1001. eInvalidInput for a code, a value or an order that
+/// extended data cannot hold.
 Acad::ErrorStatus tagsOfList(const resbuf* list, RawTags& tags);
 
 /// The other way; groups that make no sense are left out. `application` null: all.

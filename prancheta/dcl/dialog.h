@@ -86,6 +86,7 @@ public:
     virtual ~Dialog() = default;
 
     virtual const std::string& name() const = 0;
+    /// Without folder.
     virtual const std::string& file() const = 0;
     virtual Tile& root() = 0;
     /// Null when there is none.

@@ -17,6 +17,7 @@ using namespace prancheta::dcl;
 namespace {
 
 constexpr std::size_t kToldFindings = 20;
+constexpr int kFailedLoad = -1;
 
 void tell(const std::string& text) { acutPrintf(L"\n%ls", toWide(text).c_str()); }
 
@@ -36,6 +37,13 @@ const Definition* dialogNamed(const LoadedFile& file, const std::string& name) {
     return it->second.get();
 }
 
+/// Nothing and no name for an identifier that was never given or is unloaded.
+LoadedFile fileWith(int id) {
+    if (id == kFailedLoad) return session().lastFailure;
+    const auto it = session().loaded.find(id);
+    return it != session().loaded.end() ? it->second : LoadedFile{};
+}
+
 OpenDialog* openDialog(const LoadedFile& file, const std::string& name, CLIENTFUNC fallback) {
     if (session().open.size() >= kDeepestNestedDialog) return nullptr;
     const Definition* definition = dialogNamed(file, name);
@@ -53,7 +61,7 @@ int ads_load_dialog(const ACHAR* file, int* dcl_id) {
     if (!loaded) {
         tell(loaded.error().message());
         session().lastFailure = std::move(entry);
-        *dcl_id = -1;
+        *dcl_id = kFailedLoad;
         return RTERROR;
     }
     if (loaded->fresh) tellFindings(*loaded->library);
@@ -71,8 +79,7 @@ int ads_unload_dialog(int dcl_id) {
 int ads_new_dialog(const ACHAR* name, int dcl_id, CLIENTFUNC deflt, ads_hdlg* dialog) {
     if (name == nullptr || dialog == nullptr) return RTERROR;
     *dialog = nullptr;
-    const auto it = session().loaded.find(dcl_id);
-    const LoadedFile& file = it != session().loaded.end() ? it->second : session().lastFailure;
+    const LoadedFile file = fileWith(dcl_id);
     const std::string dialogName = toUtf8(name);
     const OpenDialog* opened = openDialog(file, dialogName, deflt);
     if (opened != nullptr) *dialog = opened->handle();
@@ -96,7 +103,8 @@ int ads_start_dialog(ads_hdlg handle, int* status) {
     }
     dialog->start();
     // All dialogs may have been ended in the meantime.
-    if (!dialog->finished()) s.runner(*dialog);
+    const DialogRunner runner = s.runner;
+    if (!dialog->finished()) runner(*dialog);
     if (!dialog->finished()) dialog->abandon();
     s.close(*dialog);
     if (status != nullptr) *status = dialog->status();

@@ -10,9 +10,12 @@ namespace {
 
 /// The table of installations whose file is missing: the same as the file's.
 constexpr std::string_view kUsual =
-    "A, *ARC\nAL, *DIMALIGNED\nC, *CIRCLE\nCO, *COPY\nCP, *COPY\nDAL, *DIMALIGNED\nDI, *DIST\nDT, *TEXT\n"
-    "E, *ERASE\nL, *LINE\nLA, *LAYER\nLI, *LIST\nLS, *LIST\nM, *MOVE\nMI, *MIRROR\nP, *PAN\nPL, *PLINE\n"
-    "PO, *POINT\nR, *REDRAW\nRE, *REGEN\nRO, *ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, *ZOOM\n";
+    "A, *ARC\nAL, *DIMALIGNED\nC, *CIRCLE\nCO, *COPY\nCP, *COPY\nDAL, *DIMALIGNED\nDI, *DIST\nDT, "
+    "*TEXT\n"
+    "E, *ERASE\nL, *LINE\nLA, *LAYER\nLI, *LIST\nLS, *LIST\nM, *MOVE\nMI, *MIRROR\nP, *PAN\nPL, "
+    "*PLINE\n"
+    "PO, *POINT\nR, *REDRAW\nRE, *REGEN\nRO, *ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, "
+    "*ZOOM\n";
 
 }  // namespace
 

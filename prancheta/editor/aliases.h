@@ -14,8 +14,8 @@ public:
     /// Starts with the usual ones.
     Aliases();
 
-    /// Lines `RO, *ROTATE`; `;` begins a comment. Replaces the present table; lines that make no sense are left
-    /// out. False when the file cannot be read: the table stays.
+    /// Lines `RO, *ROTATE`; `;` begins a comment. Replaces the present table; lines that make no
+    /// sense are left out. False when the file cannot be read: the table stays.
     bool load(const std::filesystem::path& file);
     void parse(std::string_view text);
     /// Command for an alias, case ignored; empty when there is none.

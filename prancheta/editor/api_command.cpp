@@ -23,7 +23,8 @@ public:
             m_good = read(element, arguments);
             m_elements.push_back(element);
         }
-        for (std::size_t i = 1; i < m_elements.size(); ++i) m_elements[i - 1].rbnext = &m_elements[i];
+        for (std::size_t i = 1; i < m_elements.size(); ++i)
+            m_elements[i - 1].rbnext = &m_elements[i];
     }
     bool good() const { return m_good; }
     const resbuf* first() const { return m_elements.empty() ? nullptr : m_elements.data(); }
@@ -72,7 +73,8 @@ private:
 
 int send(const resbuf* list) {
     Editor* editor = Editor::current();
-    if (editor == nullptr || prancheta::dcl::openDialogs() > 0 || editor->modules().initialising()) return RTERROR;
+    if (editor == nullptr || prancheta::dcl::openDialogs() > 0 || editor->modules().initialising())
+        return RTERROR;
     std::vector<ProgramToken> tokens;
     if (!prancheta::readTokens(list, tokens)) return RTERROR;
     prancheta::recordTokens(tokens);

@@ -6,7 +6,9 @@
 #include "geassign.h"
 #include "prancheta/geometry/angles.h"
 
-ads_real acutDistance(const ads_point a, const ads_point b) { return asPnt3d(a).distanceTo(asPnt3d(b)); }
+ads_real acutDistance(const ads_point a, const ads_point b) {
+    return asPnt3d(a).distanceTo(asPnt3d(b));
+}
 
 ads_real acutAngle(const ads_point a, const ads_point b) {
     const double x = b[X] - a[X];

@@ -150,7 +150,8 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
     constexpr short kNullResponse = 52;
     Editor* editor = asker();
     if (editor == nullptr || entity == nullptr || point == nullptr) return RTERROR;
-    InputRequest question = request(*editor, InputKind::Entity, nullptr, prompt != nullptr ? prompt : L"\nSelecione objeto: ");
+    InputRequest question = request(*editor, InputKind::Entity, nullptr,
+                                    prompt != nullptr ? prompt : L"\nSelecione objeto: ");
     question.snapModes = 0;
     const InputValue value = editor->ask(question);
     prancheta::SystemVariables& variables = editor->variables();

@@ -46,7 +46,8 @@ std::string feetText(double value, int precision, bool fractions) {
     const double feet = std::floor(size / 12.0);
     const double inches = size - feet * 12.0;
     const std::string sign = value < 0.0 ? "-" : "";
-    return sign + fixedText(feet, 0) + "'-" + (fractions ? fractionText(inches, precision) : fixedText(inches, precision)) + "\"";
+    return sign + fixedText(feet, 0) + "'-" +
+           (fractions ? fractionText(inches, precision) : fixedText(inches, precision)) + "\"";
 }
 
 std::string degreesText(double degrees, int precision) {
@@ -59,7 +60,8 @@ std::string degreesText(double degrees, int precision) {
     if (precision <= 2) return fixedText(whole, 0) + "d" + fixedText(rest, 0) + "'";
     const double minutes = std::floor(rest + unit * 60.0 * 1e-3);
     const double seconds = std::max((rest - minutes) * 60.0, 0.0);
-    return fixedText(whole, 0) + "d" + fixedText(minutes, 0) + "'" + fixedText(seconds, decimals) + "\"";
+    return fixedText(whole, 0) + "d" + fixedText(minutes, 0) + "'" + fixedText(seconds, decimals) +
+           "\"";
 }
 
 int settingOr(const Editor& editor, int value, std::wstring_view variable) {

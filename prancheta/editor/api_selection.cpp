@@ -25,7 +25,8 @@ bool fits(const ACHAR* name, const ACHAR* patterns) {
     std::wstring rest(patterns);
     for (;;) {
         const std::size_t comma = std::min(rest.find(L','), rest.size());
-        const std::string pattern = prancheta::toUtf8(prancheta::foldCase(std::wstring_view(rest).substr(0, comma)));
+        const std::string pattern =
+            prancheta::toUtf8(prancheta::foldCase(std::wstring_view(rest).substr(0, comma)));
         if (fnmatch(pattern.c_str(), folded.c_str(), 0) == 0) return true;
         if (comma == rest.size()) return false;
         rest.erase(0, comma + 1);
@@ -41,8 +42,8 @@ const ACHAR* typeName(const AcDbEntity& entity) {
 /// Group codes that a filter may ask for.
 bool knownFilter(const resbuf* filter) {
     for (; filter != nullptr; filter = filter->rbnext)
-        if (filter->restype != 0 && filter->restype != 6 && filter->restype != 8 && filter->restype != 62 &&
-            filter->restype != RTDXF0)
+        if (filter->restype != 0 && filter->restype != 6 && filter->restype != 8 &&
+            filter->restype != 62 && filter->restype != RTDXF0)
             return false;
     return true;
 }
@@ -79,7 +80,8 @@ AcGePoint3d worldPoint(const Editor& editor, const void* point) {
 std::vector<AcGePoint3d> worldPoints(const Editor& editor, const void* list) {
     std::vector<AcGePoint3d> points;
     for (auto* rb = static_cast<const resbuf*>(list); rb != nullptr; rb = rb->rbnext)
-        points.push_back(editor.ucs() * AcGePoint3d(rb->resval.rpoint[X], rb->resval.rpoint[Y], rb->resval.rpoint[Z]));
+        points.push_back(editor.ucs() * AcGePoint3d(rb->resval.rpoint[X], rb->resval.rpoint[Y],
+                                                    rb->resval.rpoint[Z]));
     return points;
 }
 
@@ -125,9 +127,12 @@ int selectByMode(Editor& editor, std::wstring mode, const void* p1, const void* 
 
 }  // namespace
 
-int acedSSGet(const ACHAR* mode, const void* p1, const void* p2, const resbuf* filter, ads_name set) {
+int acedSSGet(const ACHAR* mode, const void* p1, const void* p2, const resbuf* filter,
+              ads_name set) {
     Editor* editor = Editor::current();
-    if (editor == nullptr || set == nullptr || prancheta::dcl::openDialogs() > 0 || !knownFilter(filter)) return RTERROR;
+    if (editor == nullptr || set == nullptr || prancheta::dcl::openDialogs() > 0 ||
+        !knownFilter(filter))
+        return RTERROR;
     ads_name_clear(set);
     Ids ids;
     std::wstring word = prancheta::foldCase(mode != nullptr ? mode : L"");
@@ -164,7 +169,9 @@ int acedSSLength(const ads_name set, Adesk::Int32* length) {
 int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity) {
     Editor* editor = Editor::current();
     const Ids* ids = editor != nullptr ? editor->selectionSets().find(set) : nullptr;
-    if (ids == nullptr || entity == nullptr || index < 0 || static_cast<std::size_t>(index) >= ids->size()) return RTERROR;
+    if (ids == nullptr || entity == nullptr || index < 0 ||
+        static_cast<std::size_t>(index) >= ids->size())
+        return RTERROR;
     ads_name name;
     if (acdbGetAdsName(name, (*ids)[static_cast<std::size_t>(index)]) != Acad::eOk) return RTERROR;
     ads_name_set(name, entity);

@@ -11,7 +11,8 @@ namespace {
 
 using prancheta::Editor;
 
-/// From the named system to the world. The view is a plan view, so display coordinates are the world's.
+/// From the named system to the world. The view is a plan view, so display coordinates are the
+/// world's.
 bool systemOf(const Editor& editor, const resbuf& system, AcGeMatrix3d& toWorld) {
     toWorld = AcGeMatrix3d();
     if (system.restype == RTSHORT) {
@@ -19,7 +20,8 @@ bool systemOf(const Editor& editor, const resbuf& system, AcGeMatrix3d& toWorld)
         return system.resval.rint >= 0 && system.resval.rint <= 3;
     }
     if (system.restype == RT3DPOINT) {
-        const AcGeVector3d normal(system.resval.rpoint[X], system.resval.rpoint[Y], system.resval.rpoint[Z]);
+        const AcGeVector3d normal(system.resval.rpoint[X], system.resval.rpoint[Y],
+                                  system.resval.rpoint[Z]);
         if (normal.isZeroLength()) return false;
         toWorld = prancheta::planeToWorld(normal.normal());
         return true;
@@ -38,9 +40,12 @@ bool systemOf(const Editor& editor, const resbuf& system, AcGeMatrix3d& toWorld)
 
 }  // namespace
 
-int acedTrans(const ads_point point, const resbuf* from, const resbuf* to, int displacement, ads_point result) {
+int acedTrans(const ads_point point, const resbuf* from, const resbuf* to, int displacement,
+              ads_point result) {
     const Editor* editor = Editor::current();
-    if (editor == nullptr || point == nullptr || from == nullptr || to == nullptr || result == nullptr) return RTERROR;
+    if (editor == nullptr || point == nullptr || from == nullptr || to == nullptr ||
+        result == nullptr)
+        return RTERROR;
     AcGeMatrix3d fromWorld;
     AcGeMatrix3d toWorld;
     if (!systemOf(*editor, *from, fromWorld) || !systemOf(*editor, *to, toWorld)) return RTERROR;
@@ -61,11 +66,13 @@ int acedTrans(const ads_point point, const resbuf* from, const resbuf* to, int d
 
 int acedOsnap(const ads_point point, const ACHAR* modes, ads_point result) {
     const Editor* editor = Editor::current();
-    if (editor == nullptr || point == nullptr || modes == nullptr || result == nullptr) return RTERROR;
+    if (editor == nullptr || point == nullptr || modes == nullptr || result == nullptr)
+        return RTERROR;
     const std::optional<int> bits = prancheta::snapModes(modes);
     if (!bits) return RTERROR;
     const AcGePoint3d world = editor->ucs() * asPnt3d(point);
-    const std::optional<AcGePoint3d> found = prancheta::snapPoint(*editor, world, *bits, prancheta::SnapReach::Object);
+    const std::optional<AcGePoint3d> found =
+        prancheta::snapPoint(*editor, world, *bits, prancheta::SnapReach::Object);
     if (!found) return RTREJ;
     asPnt3d(result) = editor->ucs().inverse() * *found;
     return RTNORM;

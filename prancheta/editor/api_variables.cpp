@@ -15,7 +15,8 @@ using prancheta::VariableValue;
 
 /// Points of the plane: programs get them as 2D points.
 bool isPlanePoint(std::wstring_view name) {
-    for (const std::wstring_view plane : {L"SCREENSIZE", L"LIMMIN", L"LIMMAX", L"GRIDUNIT", L"SNAPBASE", L"SNAPUNIT"})
+    for (const std::wstring_view plane :
+         {L"SCREENSIZE", L"LIMMIN", L"LIMMAX", L"GRIDUNIT", L"SNAPBASE", L"SNAPUNIT"})
         if (name == plane) return true;
     return false;
 }
@@ -42,7 +43,8 @@ VariableValue valueOf(const resbuf& in) {
         case RTSTR:
             return std::wstring(in.resval.rstring != nullptr ? in.resval.rstring : L"");
         default:
-            return AcGePoint3d(in.resval.rpoint[X], in.resval.rpoint[Y], in.restype == RTPOINT ? 0.0 : in.resval.rpoint[Z]);
+            return AcGePoint3d(in.resval.rpoint[X], in.resval.rpoint[Y],
+                               in.restype == RTPOINT ? 0.0 : in.resval.rpoint[Z]);
     }
 }
 
@@ -63,7 +65,10 @@ int acedGetVar(const ACHAR* name, resbuf* out) {
             return RTNORM;
         case 2:
             out->resval.rstring = nullptr;
-            return acutNewString(std::get<std::wstring>(info->value).c_str(), out->resval.rstring) == Acad::eOk ? RTNORM : RTERROR;
+            return acutNewString(std::get<std::wstring>(info->value).c_str(),
+                                 out->resval.rstring) == Acad::eOk
+                       ? RTNORM
+                       : RTERROR;
         default:
             ads_point_set(asDblArray(std::get<AcGePoint3d>(info->value)), out->resval.rpoint);
             return RTNORM;

@@ -16,19 +16,20 @@ namespace prancheta {
 
 class Editor;
 
-/// An interpreted answer. `status` is RTNORM, RTNONE (bare Enter), RTCAN (Esc), RTKWORD (`text` holds the
-/// keyword's global word, upper and lower case as in the list) or, for an entity, RTERROR (nothing there).
+/// An interpreted answer. `status` is RTNORM, RTNONE (bare Enter), RTCAN (Esc), RTKWORD (`text`
+/// holds the keyword's global word, upper and lower case as in the list) or, for an entity, RTERROR
+/// (nothing there).
 struct InputValue {
     int status = 0;
-    AcGePoint3d point;  ///< world coordinates
+    AcGePoint3d point;    ///< world coordinates
     double number = 0.0;  ///< distance, angle in radians, real or integer
     std::wstring text;
     std::vector<AcDbObjectId> entities;
     bool removes = false;  ///< for a selection: the entities are to be taken out
 };
 
-/// A command that is running: the question it waits for, and where to go on with the answer. One object
-/// for the whole chain of nested tasks.
+/// A command that is running: the question it waits for, and where to go on with the answer. One
+/// object for the whole chain of nested tasks.
 class CommandRun {
 public:
     bool waiting() const { return m_waiting != nullptr; }
@@ -67,7 +68,9 @@ public:
         std::coroutine_handle<> continuation;
         std::exception_ptr failure;
 
-        Task get_return_object() { return Task(std::coroutine_handle<promise_type>::from_promise(*this)); }
+        Task get_return_object() {
+            return Task(std::coroutine_handle<promise_type>::from_promise(*this));
+        }
         std::suspend_always initial_suspend() noexcept { return {}; }
         struct Final {
             bool await_ready() noexcept { return false; }
@@ -124,9 +127,12 @@ public:
     void print(std::wstring_view text) const;
 
     InputAwaiter ask(InputRequest request) const { return {m_run, std::move(request)}; }
-    InputAwaiter point(std::wstring prompt, std::optional<AcGePoint3d> base = {}, std::vector<Keyword> keywords = {}) const;
-    InputAwaiter distance(std::wstring prompt, std::optional<AcGePoint3d> base = {}, std::vector<Keyword> keywords = {}) const;
-    InputAwaiter angle(std::wstring prompt, std::optional<AcGePoint3d> base = {}, std::vector<Keyword> keywords = {}) const;
+    InputAwaiter point(std::wstring prompt, std::optional<AcGePoint3d> base = {},
+                       std::vector<Keyword> keywords = {}) const;
+    InputAwaiter distance(std::wstring prompt, std::optional<AcGePoint3d> base = {},
+                          std::vector<Keyword> keywords = {}) const;
+    InputAwaiter angle(std::wstring prompt, std::optional<AcGePoint3d> base = {},
+                       std::vector<Keyword> keywords = {}) const;
     InputAwaiter text(std::wstring prompt) const;
     InputAwaiter keyword(std::wstring prompt, std::vector<Keyword> keywords) const;
 
@@ -135,9 +141,9 @@ private:
     CommandRun& m_run;
 };
 
-/// One row of the table of built-in commands. The editor opens an undo group for each run, except for
-/// flags with ACRX_CMD_NO_UNDO_MARKER (undo itself, views, files). After Esc the command gets RTCAN and has
-/// to end; one that asks again is dropped.
+/// One row of the table of built-in commands. The editor opens an undo group for each run, except
+/// for flags with ACRX_CMD_NO_UNDO_MARKER (undo itself, views, files). After Esc the command gets
+/// RTCAN and has to end; one that asks again is dropped.
 struct BuiltInCommand {
     const wchar_t* global;  ///< "ROTATE"
     const wchar_t* local;   ///< "ROTACIONAR"

@@ -61,14 +61,17 @@ namespace {
 
 class StackIterator : public AcEdCommandIterator {
 public:
-    explicit StackIterator(std::vector<const StackCommand*> commands) : m_commands(std::move(commands)) {}
+    explicit StackIterator(std::vector<const StackCommand*> commands)
+        : m_commands(std::move(commands)) {}
     bool done() const override { return m_at >= m_commands.size(); }
     bool next() override {
         if (!done()) ++m_at;
         return !done();
     }
     const AcEdCommand* command() const override { return done() ? nullptr : m_commands[m_at]; }
-    const ACHAR* commandGroup() const override { return done() ? nullptr : m_commands[m_at]->groupName(); }
+    const ACHAR* commandGroup() const override {
+        return done() ? nullptr : m_commands[m_at]->groupName();
+    }
 
 private:
     std::vector<const StackCommand*> m_commands;
@@ -93,20 +96,24 @@ CommandStack::CommandStack(std::span<const BuiltInCommand> builtIns) {
 }
 
 CommandStack::Group* CommandStack::group(std::wstring_view name) {
-    const auto at = std::find_if(m_groups.begin(), m_groups.end(), [&](const Group& g) { return equalNoCase(g.name, name); });
+    const auto at = std::find_if(m_groups.begin(), m_groups.end(),
+                                 [&](const Group& g) { return equalNoCase(g.name, name); });
     return at == m_groups.end() ? nullptr : &*at;
 }
 
-Acad::ErrorStatus CommandStack::addCommand(const ACHAR* groupName, const ACHAR* globalName, const ACHAR* localName,
-                                           Adesk::Int32 flags, AcRxFunctionPtr function, AcEdUIContext*, int, HINSTANCE,
+Acad::ErrorStatus CommandStack::addCommand(const ACHAR* groupName, const ACHAR* globalName,
+                                           const ACHAR* localName, Adesk::Int32 flags,
+                                           AcRxFunctionPtr function, AcEdUIContext*, int, HINSTANCE,
                                            AcEdCommand** command) {
     if (command != nullptr) *command = nullptr;
     const auto empty = [](const ACHAR* text) { return text == nullptr || *text == 0; };
-    if (empty(groupName) || empty(globalName) || empty(localName) || function == nullptr) return Acad::eInvalidInput;
+    if (empty(groupName) || empty(globalName) || empty(localName) || function == nullptr)
+        return Acad::eInvalidInput;
     Group* target = group(groupName);
     if (target != nullptr) {
         for (const auto& c : target->commands)
-            if (equalNoCase(c->global, globalName) || equalNoCase(c->local, localName)) return Acad::eDuplicateKey;
+            if (equalNoCase(c->global, globalName) || equalNoCase(c->local, localName))
+                return Acad::eDuplicateKey;
     } else {
         Group created;
         created.name = groupName;
@@ -125,15 +132,17 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* groupName, const ACHAR* 
 
 /// An empty group does not stand in the way of the order of a later one of its name.
 void CommandStack::dropEmptyGroups() {
-    std::erase_if(m_groups, [](const Group& g) { return g.commands.empty() && g.name != kBuiltInGroup; });
+    std::erase_if(m_groups,
+                  [](const Group& g) { return g.commands.empty() && g.name != kBuiltInGroup; });
 }
 
 Acad::ErrorStatus CommandStack::removeCmd(const ACHAR* groupName, const ACHAR* globalName) {
     if (groupName == nullptr || globalName == nullptr) return Acad::eInvalidInput;
     Group* target = group(groupName);
     if (target == nullptr) return Acad::eKeyNotFound;
-    const std::size_t removed =
-        std::erase_if(target->commands, [&](const auto& c) { return c->function && equalNoCase(c->global, globalName); });
+    const std::size_t removed = std::erase_if(target->commands, [&](const auto& c) {
+        return c->function && equalNoCase(c->global, globalName);
+    });
     dropEmptyGroups();
     return removed > 0 ? Acad::eOk : Acad::eKeyNotFound;
 }
@@ -173,13 +182,16 @@ AcEdCommandIterator* CommandStack::iterator() const {
 }
 
 StackCommand* CommandStack::find(const TypedName& typed) const {
-    const auto allowed = [&](const StackCommand& c) { return !typed.builtIn || c.builtIn != nullptr; };
+    const auto allowed = [&](const StackCommand& c) {
+        return !typed.builtIn || c.builtIn != nullptr;
+    };
     if (!typed.global) {
-        StackCommand* local =
-            firstThat([&](const StackCommand& c) { return allowed(c) && equalNoCase(c.local, typed.name); });
+        StackCommand* local = firstThat(
+            [&](const StackCommand& c) { return allowed(c) && equalNoCase(c.local, typed.name); });
         if (local != nullptr) return local;
     }
-    return firstThat([&](const StackCommand& c) { return allowed(c) && equalNoCase(c.global, typed.name); });
+    return firstThat(
+        [&](const StackCommand& c) { return allowed(c) && equalNoCase(c.global, typed.name); });
 }
 
 }  // namespace prancheta

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Registered commands: the groups of the modules in the order in which they came, then the built-in ones.
+// Registered commands: the groups of the modules in the order in which they came, then the built-in
+// ones.
 #pragma once
 
 #include <memory>
@@ -43,9 +44,10 @@ class CommandStack : public AcEdCommandStack {
 public:
     explicit CommandStack(std::span<const BuiltInCommand> builtIns);
 
-    Acad::ErrorStatus addCommand(const ACHAR* group, const ACHAR* globalName, const ACHAR* localName, Adesk::Int32 flags,
-                                 AcRxFunctionPtr function, AcEdUIContext* ui, int fcode, HINSTANCE resources,
-                                 AcEdCommand** command) override;
+    Acad::ErrorStatus addCommand(const ACHAR* group, const ACHAR* globalName,
+                                 const ACHAR* localName, Adesk::Int32 flags,
+                                 AcRxFunctionPtr function, AcEdUIContext* ui, int fcode,
+                                 HINSTANCE resources, AcEdCommand** command) override;
     Acad::ErrorStatus removeCmd(const ACHAR* group, const ACHAR* globalName) override;
     Acad::ErrorStatus removeGroup(const ACHAR* group) override;
     AcEdCommand* lookupGlobalCmd(const ACHAR* name) const override;
@@ -58,7 +60,9 @@ public:
     template <class Belongs>
     void removeFunctions(Belongs belongs) {
         for (Group& g : m_groups) {
-            std::erase_if(g.commands, [&](const auto& c) { return c->function != nullptr && belongs(c->function); });
+            std::erase_if(g.commands, [&](const auto& c) {
+                return c->function != nullptr && belongs(c->function);
+            });
         }
         dropEmptyGroups();
     }
@@ -76,7 +80,8 @@ private:
     std::vector<Group> m_groups;  // the built-in one last
 };
 
-/// Run-time classes of the command stack, the editor's reactors, documents and jigs; further calls do nothing.
+/// Run-time classes of the command stack, the editor's reactors, documents and jigs; further calls
+/// do nothing.
 void registerEditorClasses();
 
 }  // namespace prancheta

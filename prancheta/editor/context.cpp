@@ -5,7 +5,8 @@
 namespace prancheta {
 namespace {
 
-InputRequest request(InputKind kind, std::wstring prompt, std::optional<AcGePoint3d> base, std::vector<Keyword> keywords) {
+InputRequest request(InputKind kind, std::wstring prompt, std::optional<AcGePoint3d> base,
+                     std::vector<Keyword> keywords) {
     InputRequest result;
     result.kind = kind;
     result.prompt = std::move(prompt);
@@ -22,7 +23,8 @@ void CommandContext::print(std::wstring_view text) const {
     if (m_editor.echo()) m_editor.print(text);
 }
 
-InputAwaiter CommandContext::point(std::wstring prompt, std::optional<AcGePoint3d> base, std::vector<Keyword> keywords) const {
+InputAwaiter CommandContext::point(std::wstring prompt, std::optional<AcGePoint3d> base,
+                                   std::vector<Keyword> keywords) const {
     return ask(request(InputKind::Point, std::move(prompt), base, std::move(keywords)));
 }
 
@@ -31,7 +33,8 @@ InputAwaiter CommandContext::distance(std::wstring prompt, std::optional<AcGePoi
     return ask(request(InputKind::Distance, std::move(prompt), base, std::move(keywords)));
 }
 
-InputAwaiter CommandContext::angle(std::wstring prompt, std::optional<AcGePoint3d> base, std::vector<Keyword> keywords) const {
+InputAwaiter CommandContext::angle(std::wstring prompt, std::optional<AcGePoint3d> base,
+                                   std::vector<Keyword> keywords) const {
     return ask(request(InputKind::Angle, std::move(prompt), base, std::move(keywords)));
 }
 

@@ -17,14 +17,17 @@ namespace {
 
 template <class T>
 void addOnce(std::vector<T*>& list, T* item) {
-    if (item != nullptr && std::find(list.begin(), list.end(), item) == list.end()) list.push_back(item);
+    if (item != nullptr && std::find(list.begin(), list.end(), item) == list.end())
+        list.push_back(item);
 }
 
 class EditorFace : public AcEditor {
 public:
     explicit EditorFace(Editor& editor) : m_editor(editor) {}
     void addReactor(AcEditorReactor* reactor) override { addOnce(m_editor.reactors(), reactor); }
-    void removeReactor(AcEditorReactor* reactor) override { std::erase(m_editor.reactors(), reactor); }
+    void removeReactor(AcEditorReactor* reactor) override {
+        std::erase(m_editor.reactors(), reactor);
+    }
 
 private:
     Editor& m_editor;
@@ -49,8 +52,12 @@ public:
     explicit ManagerFace(Editor& editor) : m_editor(editor) {}
     AcApDocument* curDocument() const override { return &m_editor.document(); }
     AcApDocument* mdiActiveDocument() const override { return &m_editor.document(); }
-    void addReactor(AcApDocManagerReactor* reactor) override { addOnce(m_editor.documentReactors(), reactor); }
-    void removeReactor(AcApDocManagerReactor* reactor) override { std::erase(m_editor.documentReactors(), reactor); }
+    void addReactor(AcApDocManagerReactor* reactor) override {
+        addOnce(m_editor.documentReactors(), reactor);
+    }
+    void removeReactor(AcApDocManagerReactor* reactor) override {
+        std::erase(m_editor.documentReactors(), reactor);
+    }
 
 private:
     Editor& m_editor;
@@ -73,9 +80,15 @@ void keepSession(const SystemVariables& from, SystemVariables& to) {
 
 }  // namespace
 
-std::unique_ptr<AcEditor> makeAcEditor(Editor& editor) { return std::make_unique<EditorFace>(editor); }
-std::unique_ptr<AcApDocument> makeDocument(Editor& editor) { return std::make_unique<DocumentFace>(editor); }
-std::unique_ptr<AcApDocManager> makeDocumentManager(Editor& editor) { return std::make_unique<ManagerFace>(editor); }
+std::unique_ptr<AcEditor> makeAcEditor(Editor& editor) {
+    return std::make_unique<EditorFace>(editor);
+}
+std::unique_ptr<AcApDocument> makeDocument(Editor& editor) {
+    return std::make_unique<DocumentFace>(editor);
+}
+std::unique_ptr<AcApDocManager> makeDocumentManager(Editor& editor) {
+    return std::make_unique<ManagerFace>(editor);
+}
 
 bool Editor::modified() const { return m_database->core().undo().revision() != m_savedRevision; }
 
@@ -90,13 +103,15 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     m_savedRevision = core.undo().revision();
     nameDrawing(core.variables(), m_fileName);
     m_modules->broadcast(AcRx::kLoadDwgMsg);
-    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors)) reactor->documentCreated(m_document.get());
+    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors))
+        reactor->documentCreated(m_document.get());
 }
 
 /// Nothing may refer to the drawing afterwards.
 void Editor::closeDocument() {
     if (m_database == nullptr) return;
-    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors)) reactor->documentToBeDestroyed(m_document.get());
+    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors))
+        reactor->documentToBeDestroyed(m_document.get());
     m_modules->broadcast(AcRx::kUnloadDwgMsg);
     for (const auto& command : m_running) command->undoDatabase = nullptr;
     m_previousSelection.clear();
@@ -111,9 +126,13 @@ void Editor::closeDocument() {
     m_database.reset();
 }
 
-Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
-    const bool busy = std::any_of(m_running.begin(), m_running.end(), [](const auto& c) { return c->function != nullptr; });
-    if (busy) return Error{"Há um comando de um módulo em execução; termine-o antes de trocar de desenho."};
+Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database,
+                                     std::filesystem::path fileName) {
+    const bool busy = std::any_of(m_running.begin(), m_running.end(),
+                                  [](const auto& c) { return c->function != nullptr; });
+    if (busy)
+        return Error{
+            "Há um comando de um módulo em execução; termine-o antes de trocar de desenho."};
     keepSession(m_database->core().variables(), database->core().variables());
     closeDocument();
     adoptDatabase(std::move(database), std::move(fileName));
@@ -131,14 +150,17 @@ Result<void> Editor::openDocument(const std::filesystem::path& path, dxf::LoadRe
     return replaceDatabase(std::move(*loaded), std::filesystem::absolute(path));
 }
 
-Result<void> Editor::writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options) {
+Result<void> Editor::writeDocument(const std::filesystem::path& path,
+                                   const dxf::SaveOptions& options) {
     if (path.empty()) return Error{"O desenho ainda não tem nome; informe onde salvar."};
     m_modules->broadcast(AcRx::kSaveMsg);
     return dxf::save(*m_database, path, options);
 }
 
-Result<void> Editor::saveDocument(const std::filesystem::path& path, const dxf::SaveOptions& options) {
-    const std::filesystem::path target = path.empty() ? m_fileName : std::filesystem::absolute(path);
+Result<void> Editor::saveDocument(const std::filesystem::path& path,
+                                  const dxf::SaveOptions& options) {
+    const std::filesystem::path target =
+        path.empty() ? m_fileName : std::filesystem::absolute(path);
     const Result<void> written = writeDocument(target, options);
     if (!written) return written;
     m_fileName = target;

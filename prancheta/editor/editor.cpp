@@ -66,7 +66,9 @@ void Editor::alert(std::wstring_view text) {
 
 void Editor::complain(std::wstring_view text) { m_ui.complain(text); }
 
-bool Editor::echo() const { return m_tokens == nullptr || m_database->core().variables().number(L"CMDECHO") != 0; }
+bool Editor::echo() const {
+    return m_tokens == nullptr || m_database->core().variables().number(L"CMDECHO") != 0;
+}
 
 InputFrame Editor::inputFrame(const RawInput& input) const {
     InputFrame frame;
@@ -78,12 +80,15 @@ InputFrame Editor::inputFrame(const RawInput& input) const {
     frame.angleUnits = variables.number(L"AUNITS");
     frame.ortho = variables.number(L"ORTHOMODE") != 0;
     frame.pointer = input.pointer ? input.pointer : m_pointer;
-    frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach) { return snapPoint(*this, p, modes, reach); };
+    frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach) {
+        return snapPoint(*this, p, modes, reach);
+    };
     frame.pick = [this](const AcGePoint3d& p) { return entityAt(*this, p); };
     frame.last = [this] { return lastEntity(*this); };
     frame.byHandle = [this](Adesk::UInt64 handle) {
         AcDbStub* stub = m_database->core().find(handle);
-        const bool entity = stub != nullptr && !stub->erased && AcDbEntity::cast(stub->object) != nullptr;
+        const bool entity =
+            stub != nullptr && !stub->erased && AcDbEntity::cast(stub->object) != nullptr;
         return entity ? AcDbObjectId(stub) : AcDbObjectId::kNull;
     };
     return frame;
@@ -95,20 +100,23 @@ void Editor::keepLastPoint(const InputFrame& frame, const AcGePoint3d& before) {
     m_database->core().variables().force(L"LASTPOINT", now);
 }
 
-AcGePoint3d Editor::lastPoint() const { return m_ucs * m_database->core().variables().point(L"LASTPOINT"); }
+AcGePoint3d Editor::lastPoint() const {
+    return m_ucs * m_database->core().variables().point(L"LASTPOINT");
+}
 
 void Editor::setLastPoint(const AcGePoint3d& world) {
     m_database->core().variables().force(L"LASTPOINT", m_ucs.inverse() * world);
 }
 
 RawInput Editor::askRaw(const InputRequest& request) {
-    recordPrompt(request);
+    if (request.kind != InputKind::Drag) recordPrompt(request);
     RawInput input;
     if (std::optional<RawInput> typed = takeTyped(request)) {
         input = std::move(*typed);
     } else if (!m_running.empty() && m_running.back()->transparent) {
         InputRequest inner = request;
-        const std::size_t text = std::min(inner.prompt.find_first_not_of(L"\n"), inner.prompt.size());
+        const std::size_t text =
+            std::min(inner.prompt.find_first_not_of(L"\n"), inner.prompt.size());
         inner.prompt.insert(text, L">>");
         input = m_ui.ask(inner);
     } else {

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "aced.h"
 #include "acdocman.h"
+#include "aced.h"
 #include "dbapserv.h"
 #include "gemat3d.h"
 #include "prancheta/base/result.h"
@@ -42,7 +42,8 @@ struct View {
 /// Group under which the built-in commands are registered.
 inline constexpr const wchar_t* kBuiltInGroup = L"PRANCHETA";
 
-/// Owns the drawing and runs its commands. One per process: the C-style interface reaches it by current().
+/// Owns the drawing and runs its commands. One per process: the C-style interface reaches it by
+/// current().
 class Editor {
 public:
     /// The table must outlive the editor. Starts with a new, empty drawing.
@@ -62,12 +63,14 @@ public:
     const std::filesystem::path& fileName() const { return m_fileName; }
     /// True when the drawing differs from its file.
     bool modified() const;
-    /// These replace the drawing. They are refused while a module's command runs; on failure the present
-    /// drawing stays. `findings` receives what was repaired while reading.
+    /// These replace the drawing. They are refused while a module's command runs; on failure the
+    /// present drawing stays. `findings` receives what was repaired while reading.
     Result<void> newDocument();
-    Result<void> openDocument(const std::filesystem::path& path, dxf::LoadReport* findings = nullptr);
+    Result<void> openDocument(const std::filesystem::path& path,
+                              dxf::LoadReport* findings = nullptr);
     /// Empty path: where the drawing came from. A new path becomes the drawing's name.
-    Result<void> saveDocument(const std::filesystem::path& path = {}, const dxf::SaveOptions& options = {});
+    Result<void> saveDocument(const std::filesystem::path& path = {},
+                              const dxf::SaveOptions& options = {});
     /// A copy elsewhere: name and modified state stay.
     Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {});
     /// Called after the drawing was replaced.
@@ -76,13 +79,13 @@ public:
     // --- Main loop -------------------------------------------------------------------------------
     /// Asks and executes until the input ends or a command asked to quit.
     void run();
-    /// One question of the main loop: a command, or the answer that a waiting command wants. False at the
-    /// end of the input.
+    /// One question of the main loop: a command, or the answer that a waiting command wants. False
+    /// at the end of the input.
     bool step();
     void requestQuit() { m_quit = true; }
     bool quitRequested() const { return m_quit; }
-    /// What is typed before the front end is asked again: characters as a keyboard gives them, line ends and
-    /// (outside texts) blanks end an answer; lines that begin with `;` are comments.
+    /// What is typed before the front end is asked again: characters as a keyboard gives them, line
+    /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments.
     void typeAhead(std::wstring_view keys) { m_typeAhead.append(keys); }
     /// Forgets what typeAhead still holds; true when there was something.
     bool dropTypeAhead();
@@ -90,8 +93,9 @@ public:
     // --- Commands --------------------------------------------------------------------------------
     CommandStack& commands() const { return *m_commands; }
     Aliases& aliases() { return m_aliases; }
-    /// Starts what was typed at "Comando:" (command, alias, variable). A built-in command may be left waiting;
-    /// step() goes on with it. An unknown name is reported by UserInterface::complain and returns false.
+    /// Starts what was typed at "Comando:" (command, alias, variable). A built-in command may be
+    /// left waiting; step() goes on with it. An unknown name is reported by UserInterface::complain
+    /// and returns false.
     bool startCommand(std::wstring_view typed);
     /// True while a command runs or waits.
     bool commandActive() const { return !m_running.empty(); }
@@ -110,8 +114,13 @@ public:
     void complain(std::wstring_view text);
     /// Asks until the answer makes sense; blocks. Transparent commands run inside.
     InputValue ask(const InputRequest& request);
-    /// One event for a drag, not interpreted; see InputKind::Drag.
+    /// One input, not interpreted. Prompts of a drag (InputKind::Drag) are recorded by the drag.
     RawInput askRaw(const InputRequest& request);
+    /// Runs what was typed when it is a transparent command ('ZOOM); false when it is not.
+    bool tookTransparent(const Question& question, const RawInput& input);
+    /// What a program's next token says to the question; nothing when there is none or it leaves
+    /// the answer to the user.
+    std::optional<Reading> readToken(Question& question);
     /// Runs a task that asks by `run` to its end; blocks.
     template <class T>
     T runBlocking(CommandRun& run, Task<T> task) {
@@ -174,7 +183,8 @@ public:
     void setInitGet(InitGet value) { m_initGet = std::move(value); }
     std::wstring& lastKeyword() { return m_lastKeyword; }
 
-    /// False while a program feeds a command with CMDECHO 0: prompts and messages of commands are not shown.
+    /// False while a program feeds a command with CMDECHO 0: prompts and messages of commands are
+    /// not shown.
     bool echo() const;
 
 private:
@@ -196,7 +206,6 @@ private:
     RunningCommand* waiting() const;
     void serve(RunningCommand& command);
     std::optional<InputValue> round(Question& question);
-    bool runTransparent(std::wstring_view typed);
     std::optional<RawInput> takeTyped(const InputRequest& request);
     int startFromToken(const ProgramToken& token);
     int feed(RunningCommand& command, TokenStream& stream);
@@ -204,7 +213,8 @@ private:
     void echoToken(const Question& question, const ProgramToken& token);
     void notify(void (AcEditorReactor::*message)(const ACHAR*), const std::wstring& name) const;
     void adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);
-    Result<void> replaceDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);
+    Result<void> replaceDatabase(std::unique_ptr<AcDbDatabase> database,
+                                 std::filesystem::path fileName);
     void closeDocument();
     Result<void> writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options);
     void updateVariables() const;

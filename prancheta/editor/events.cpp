@@ -23,7 +23,8 @@ EventValue eventVariable(const VariableValue& value) {
 
 std::wstring handleText(AcDbHandle handle) {
     std::wstring digits;
-    for (Adesk::UInt64 rest = handle.value(); rest != 0; rest >>= 4) digits.insert(digits.begin(), L"0123456789ABCDEF"[rest & 15]);
+    for (Adesk::UInt64 rest = handle.value(); rest != 0; rest >>= 4)
+        digits.insert(digits.begin(), L"0123456789ABCDEF"[rest & 15]);
     return digits.empty() ? L"0" : digits;
 }
 
@@ -44,7 +45,8 @@ void recordAlert(std::wstring_view text) {
 }
 
 void recordVariable(std::wstring_view name, const VariableValue& value) {
-    if (recording()) record({"variavel", {{"nome", eventText(name)}, {"valor", eventVariable(value)}}});
+    if (recording())
+        record({"variavel", {{"nome", eventText(name)}, {"valor", eventVariable(value)}}});
 }
 
 namespace {
@@ -98,12 +100,17 @@ void recordPrompt(const InputRequest& request) {
     if (!recording()) return;
     EventValue base;
     if (request.base) base = eventPoint(*request.base);
-    record({"pede", {{"tipo", {std::string(kindName(request.kind))}}, {"texto", eventText(request.prompt)}, {"base", base}}});
+    record({"pede",
+            {{"tipo", {std::string(kindName(request.kind))}},
+             {"texto", eventText(request.prompt)},
+             {"base", base}}});
 }
 
 void recordAnswer(InputKind kind, const InputValue& value) {
     if (!recording()) return;
-    record({"resposta", {{"status", {static_cast<long long>(value.status)}}, {"valor", answerValue(kind, value)}}});
+    record({"resposta",
+            {{"status", {static_cast<long long>(value.status)}},
+             {"valor", answerValue(kind, value)}}});
 }
 
 void recordAppended(const AcDbEntity& entity) {

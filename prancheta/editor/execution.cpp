@@ -22,8 +22,8 @@ struct CommandLookup {
 
 namespace {
 
-CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases, const SystemVariables& variables,
-                     const TypedName& typed) {
+CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases,
+                     const SystemVariables& variables, const TypedName& typed) {
     CommandLookup found;
     if (typed.name.empty()) return found;
     found.command = stack.find(typed);
@@ -39,7 +39,8 @@ CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases, const Sy
 }  // namespace
 
 bool Editor::startCommand(std::wstring_view typed) {
-    if (std::any_of(m_running.begin(), m_running.end(), [](const auto& c) { return c->function != nullptr; })) {
+    if (std::any_of(m_running.begin(), m_running.end(),
+                    [](const auto& c) { return c->function != nullptr; })) {
         complain(L"Há um comando em execução.");
         return false;
     }
@@ -49,9 +50,11 @@ bool Editor::startCommand(std::wstring_view typed) {
 
 bool Editor::startNamed(std::wstring_view typed, Origin origin) {
     const TypedName name(typed);
-    const CommandLookup found = lookUp(*m_commands, m_aliases, m_database->core().variables(), name);
+    const CommandLookup found =
+        lookUp(*m_commands, m_aliases, m_database->core().variables(), name);
     if (found.command == nullptr && found.variable.empty()) {
-        const std::wstring text = L"Comando desconhecido \"" + upperCase(trim(typed)) + L"\". Pressione F1 para ajuda.";
+        const std::wstring text =
+            L"Comando desconhecido \"" + upperCase(trim(typed)) + L"\". Pressione F1 para ajuda.";
         if (origin == Origin::Program) {
             print(text + L"\n");
         } else {
@@ -72,7 +75,8 @@ bool Editor::startFound(const CommandLookup& found, std::wstring_view typed, Ori
     const StackCommand& command = *found.command;
     const bool view = (command.flags & ACRX_CMD_TRANSPARENT) != 0;
     if (origin == Origin::Transparent && !view) {
-        complain(L"O comando " + upperCase(command.global) + L" não pode ser usado dentro de outro.");
+        complain(L"O comando " + upperCase(command.global) +
+                 L" não pode ser usado dentro de outro.");
         return false;
     }
     if (origin == Origin::User) {
@@ -109,8 +113,8 @@ void Editor::openUndo(RunningCommand& command) {
 void Editor::closeUndo(RunningCommand& command, CommandEnd how) {
     if (command.undoDatabase == nullptr) return;
     UndoLog& undo = std::exchange(command.undoDatabase, nullptr)->core().undo();
-    const bool outermost =
-        std::none_of(m_running.begin(), m_running.end(), [](const auto& c) { return c->undoDatabase != nullptr; });
+    const bool outermost = std::none_of(m_running.begin(), m_running.end(),
+                                        [](const auto& c) { return c->undoDatabase != nullptr; });
     if (how == CommandEnd::Failed && outermost) undo.rollbackOpenGroup();
     undo.end();
 }
@@ -122,9 +126,11 @@ void Editor::begin(RunningCommand& command) {
     notify(&AcEditorReactor::commandWillStart, command.name);
 }
 
-void Editor::notify(void (AcEditorReactor::*message)(const ACHAR*), const std::wstring& name) const {
+void Editor::notify(void (AcEditorReactor::*message)(const ACHAR*),
+                    const std::wstring& name) const {
     for (AcEditorReactor* reactor : std::vector(m_reactors)) {
-        const bool still = std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end();
+        const bool still =
+            std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end();
         if (still) (reactor->*message)(name.c_str());
     }
 }
@@ -146,15 +152,16 @@ void Editor::end(RunningCommand& command, CommandEnd how) {
             break;
     }
     closeUndo(command, how);
-    if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW)) m_pickfirst.clear();
+    if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW))
+        m_pickfirst.clear();
     recordCommandEnd(command.name);
     remove(command);
     updateVariables();
     m_ui.refresh();
 }
 
-/// A module's command runs to its end in one go. What it left waiting at the command line becomes the
-/// user's: a command and an undo step of its own.
+/// A module's command runs to its end in one go. What it left waiting at the command line becomes
+/// the user's: a command and an undo step of its own.
 void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
     command.function = function;
     begin(command);
@@ -166,7 +173,8 @@ void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
         how = CommandEnd::Failed;
     }
     m_initGet = {};
-    const auto self = std::find_if(m_running.begin(), m_running.end(), [&](const auto& c) { return c.get() == &command; });
+    const auto self = std::find_if(m_running.begin(), m_running.end(),
+                                   [&](const auto& c) { return c.get() == &command; });
     std::vector<RunningCommand*> left;
     for (auto it = self + 1; it != m_running.end(); ++it) left.push_back(it->get());
     for (auto it = left.rbegin(); it != left.rend(); ++it) closeUndo(**it, CommandEnd::Done);
@@ -222,17 +230,14 @@ void Editor::cancelWaiting() {
 }
 
 void Editor::serve(RunningCommand& command) {
-    if (std::optional<InputValue> value = round(*command.question)) takeAnswer(command, std::move(*value));
+    if (std::optional<InputValue> value = round(*command.question))
+        takeAnswer(command, std::move(*value));
 }
 
 /// One input of the user; the answer when the question has one.
 std::optional<InputValue> Editor::round(Question& question) {
     const RawInput input = askRaw(question.current());
-    const bool words = question.request().kind != InputKind::Text;
-    if (words && input.kind == RawInput::Kind::Text && trim(input.text).starts_with(L'\'')) {
-        (void)runTransparent(trim(input.text));
-        return {};
-    }
+    if (tookTransparent(question, input)) return {};
     InputFrame frame = inputFrame(input);
     const AcGePoint3d before = frame.lastPoint;
     Reading reading = question.give(input, frame);
@@ -250,10 +255,15 @@ std::optional<InputValue> Editor::round(Question& question) {
     return std::move(reading.value);
 }
 
-bool Editor::runTransparent(std::wstring_view typed) {
-    const std::wstring outer = m_running.empty() ? std::wstring() : upperCase(m_running.back()->name);
+bool Editor::tookTransparent(const Question& question, const RawInput& input) {
+    const std::wstring_view typed = trim(input.text);
+    const bool words =
+        question.request().kind != InputKind::Text && input.kind == RawInput::Kind::Text;
+    if (!words || !typed.starts_with(L'\'')) return false;
+    const std::wstring outer =
+        m_running.empty() ? std::wstring() : upperCase(m_running.back()->name);
     const std::size_t level = m_running.size();
-    if (!startNamed(typed, Origin::Transparent)) return false;
+    if (!startNamed(typed, Origin::Transparent)) return true;
     while (m_running.size() > level) {
         RunningCommand* inner = waiting();
         if (inner == nullptr) break;
@@ -263,7 +273,9 @@ bool Editor::runTransparent(std::wstring_view typed) {
     return true;
 }
 
-std::wstring Editor::activeCommand() const { return m_running.empty() ? std::wstring() : m_running.back()->name; }
+std::wstring Editor::activeCommand() const {
+    return m_running.empty() ? std::wstring() : m_running.back()->name;
+}
 
 bool Editor::runsCodeOf(const std::function<bool(const void*)>& belongs) const {
     return std::any_of(m_running.begin(), m_running.end(), [&](const auto& c) {
@@ -271,15 +283,19 @@ bool Editor::runsCodeOf(const std::function<bool(const void*)>& belongs) const {
     });
 }
 
+std::optional<Reading> Editor::readToken(Question& question) {
+    if (m_tokens == nullptr || m_tokens->empty()) return {};
+    const ProgramToken& token = m_tokens->take();
+    if (token.pause()) return {};
+    echoToken(question, token);
+    return giveToken(question, token);
+}
+
 InputValue Editor::ask(const InputRequest& request) {
     Question question(request);
-    while (m_tokens != nullptr && !m_tokens->empty()) {
-        const ProgramToken& token = m_tokens->take();
-        if (token.pause()) break;
-        echoToken(question, token);
-        Reading reading = giveToken(question, token);
-        if (reading.kind == Reading::Kind::Answered) return std::move(reading.value);
-        if (reading.kind == Reading::Kind::Again) continue;
+    while (std::optional<Reading> reading = readToken(question)) {
+        if (reading->kind == Reading::Kind::Answered) return std::move(reading->value);
+        if (reading->kind == Reading::Kind::Again) continue;
         InputValue value;
         value.status = RTERROR;
         return value;

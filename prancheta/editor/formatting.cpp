@@ -41,7 +41,8 @@ bool readConversion(const ACHAR*& at, Conversion& c) {
     } else {
         at = start;
     }
-    while (*at == L'-' || *at == L'+' || *at == L' ' || *at == L'#' || *at == L'0') c.flags += static_cast<char>(*at++);
+    while (*at == L'-' || *at == L'+' || *at == L' ' || *at == L'#' || *at == L'0')
+        c.flags += static_cast<char>(*at++);
     if (*at == L'*') {
         c.starWidth = true;
         ++at;
@@ -59,20 +60,23 @@ bool readConversion(const ACHAR*& at, Conversion& c) {
     }
     while (std::wstring_view(L"hlLqjztIw").find(*at) != std::wstring_view::npos && *at != 0) {
         c.length += *at++;
-        if (c.length == L"I" && (std::wstring_view(at).starts_with(L"64") || std::wstring_view(at).starts_with(L"32"))) {
+        if (c.length == L"I" && (std::wstring_view(at).starts_with(L"64") ||
+                                 std::wstring_view(at).starts_with(L"32"))) {
             c.length += *at++;
             c.length += *at++;
         }
     }
     c.type = *at;
-    if (c.type == 0 || std::wstring_view(L"diuxXoceEfFgGaAsSCp").find(c.type) == std::wstring_view::npos) return false;
+    if (c.type == 0 ||
+        std::wstring_view(L"diuxXoceEfFgGaAsSCp").find(c.type) == std::wstring_view::npos)
+        return false;
     ++at;
     return true;
 }
 
 bool is64(const std::wstring& length) {
-    return length == L"ll" || length == L"I64" || length == L"q" || length == L"j" || length == L"z" || length == L"t" ||
-           length == L"I";
+    return length == L"ll" || length == L"I64" || length == L"q" || length == L"j" ||
+           length == L"z" || length == L"t" || length == L"I";
 }
 
 /// `%l` is 32 bits where modules come from and 64 here; callers of this platform pass a long.
@@ -88,7 +92,8 @@ Argument takeArgument(const Conversion& c, std::va_list& arguments) {
         case L'X':
         case L'o':
             if (is64(c.length)) return va_arg(arguments, unsigned long long);
-            if (c.length == L"l") return static_cast<unsigned long long>(va_arg(arguments, unsigned long));
+            if (c.length == L"l")
+                return static_cast<unsigned long long>(va_arg(arguments, unsigned long));
             return static_cast<unsigned long long>(va_arg(arguments, unsigned int));
         case L'c':
         case L'C':
@@ -115,8 +120,10 @@ void appendPadded(std::wstring& out, std::wstring_view text, const Conversion& c
 std::wstring textOf(const Conversion& c, const void* pointer) {
     if (pointer == nullptr) return L"(null)";
     const bool narrow = c.length == L"h" || (c.type == L'S' && c.length.empty());
-    std::wstring text = narrow ? toWide(static_cast<const char*>(pointer)) : std::wstring(static_cast<const wchar_t*>(pointer));
-    if (c.precision >= 0 && text.size() > static_cast<std::size_t>(c.precision)) text.resize(static_cast<std::size_t>(c.precision));
+    std::wstring text = narrow ? toWide(static_cast<const char*>(pointer))
+                               : std::wstring(static_cast<const wchar_t*>(pointer));
+    if (c.precision >= 0 && text.size() > static_cast<std::size_t>(c.precision))
+        text.resize(static_cast<std::size_t>(c.precision));
     return text;
 }
 
@@ -140,7 +147,8 @@ void appendNumeric(std::wstring& out, const Conversion& c, const Argument& argum
     } else {
         length = std::snprintf(buffer, sizeof buffer, "%p", std::get<const void*>(argument));
     }
-    const auto used = std::min<std::size_t>(static_cast<std::size_t>(std::max(length, 0)), sizeof buffer - 1);
+    const auto used =
+        std::min<std::size_t>(static_cast<std::size_t>(std::max(length, 0)), sizeof buffer - 1);
     out += toWide(std::string_view(buffer, used));
 }
 
@@ -211,14 +219,17 @@ std::wstring formatText(const ACHAR* format, std::va_list& arguments) {
             byPosition.push_back(takeArgument(p.conversion, arguments));
             break;
         }
-        if (byPosition.size() < static_cast<std::size_t>(position)) return format;  // a gap: types unknown
+        if (byPosition.size() < static_cast<std::size_t>(position))
+            return format;  // a gap: types unknown
     }
     for (Piece& p : pieces) {
         out += p.text;
         if (p.conversion.type == 0) continue;
         takeStars(p.conversion, arguments);
         const int position = p.conversion.position;
-        appendConverted(out, p.conversion, position > 0 ? byPosition[static_cast<std::size_t>(position - 1)] : takeArgument(p.conversion, arguments));
+        appendConverted(out, p.conversion,
+                        position > 0 ? byPosition[static_cast<std::size_t>(position - 1)]
+                                     : takeArgument(p.conversion, arguments));
     }
     return out;
 }

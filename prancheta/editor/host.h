@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The host as a whole: run-time classes, editor, modules, in the order in which they come up and go down.
+// The host as a whole: run-time classes, editor, modules, in the order in which they come up and go
+// down.
 #pragma once
 
 #include <filesystem>
@@ -14,7 +15,8 @@ namespace prancheta {
 struct HostOptions {
     /// Installation folder for the modules (environment variable ZPFORJA2010).
     std::filesystem::path installation;
-    /// True: the folder replaces what the environment says; false: it counts only when the variable is not set.
+    /// True: the folder replaces what the environment says; false: it counts only when the variable
+    /// is not set.
     bool installationOverrides = false;
     /// Folder in which the default modules are looked for, usually the program's own.
     std::filesystem::path programFolder;

@@ -3,12 +3,13 @@
 #include <cstdarg>
 #include <string>
 
-#include "adscodes.h"
+#include "acutads.h"
 #include "dbjig.h"
 #include "dbsymtb.h"
-#include "prancheta/base/text.h"
+#include "geassign.h"
 #include "prancheta/dcl/dialog.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/events.h"
 #include "prancheta/editor/formatting.h"
 #include "prancheta/editor/question.h"
 #include "prancheta/editor/typed_input.h"
@@ -27,19 +28,23 @@ struct AcEdJig::Session {
     std::wstring prompt;
     std::wstring keywords;
     State state = State::Dragging;
-    bool asked = false;            ///< the sampler asked for something in this round
-    DragStatus answer = kNormal;   ///< status of the final answer
+    bool asked = false;           ///< the sampler asked for something in this round
+    DragStatus answer = kNormal;  ///< status of the final answer
     std::optional<Question> question;
 
-    InputRequest request(InputKind kind, const AcGePoint3d* base, UserInputControls controls, AcDbEntity* entity) const;
+    InputRequest request(InputKind kind, const AcGePoint3d* base, UserInputControls controls,
+                         AcDbEntity* entity) const;
     DragStatus finish(const InputValue& value);
     /// Next event: a position (kNormal, `value` filled), or the final answer.
     DragStatus next(const InputRequest& request, int controls, InputValue& value);
-    DragStatus take(const RawInput& input, int controls, InputValue& value);
+    DragStatus moved(const AcGePoint3d& point, const InputRequest& request,
+                     InputValue& value) const;
+    void takeRaw(const RawInput& input, int controls, InputValue& value);
+    void take(Reading reading, InputValue& value);
 };
 
-InputRequest AcEdJig::Session::request(InputKind kind, const AcGePoint3d* base, UserInputControls controls,
-                                       AcDbEntity* entity) const {
+InputRequest AcEdJig::Session::request(InputKind kind, const AcGePoint3d* base,
+                                       UserInputControls controls, AcDbEntity* entity) const {
     InputRequest result;
     result.kind = kind;
     result.prompt = prompt;
@@ -70,44 +75,68 @@ AcEdJig::DragStatus AcEdJig::Session::finish(const InputValue& value) {
     return kOther;
 }
 
-AcEdJig::DragStatus AcEdJig::Session::take(const RawInput& input, int controls, InputValue& value) {
+void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& value) {
     Editor& editor = *Editor::current();
     InputFrame frame = editor.inputFrame(input);
     const AcGePoint3d before = frame.lastPoint;
     Reading reading = question->give(input, frame);
-    const AcGePoint3d user = editor.ucs().inverse() * reading.value.point;
     const bool point = reading.kind == Reading::Kind::Answered && reading.value.status == RTNORM;
-    if (point && user.z != 0.0 && input.kind == RawInput::Kind::Text && !(controls & kAccept3dCoordinates)) {
-        reading.kind = Reading::Kind::Refused;
-        reading.message = L"Ponto inválido: coordenadas 3D não são aceitas aqui.";
-    }
-    if (reading.kind == Reading::Kind::Refused) {
-        editor.complain(reading.message);
-        return kNoChange;
+    const double height = (editor.ucs().inverse() * reading.value.point).z;
+    if (point && height != 0.0 && input.kind == RawInput::Kind::Text &&
+        !(controls & kAccept3dCoordinates)) {
+        editor.complain(L"Ponto inválido: coordenadas 3D não são aceitas aqui.");
+        question.reset();
+        return;
     }
     if (!(controls & kDontUpdateLastPoint)) editor.keepLastPoint(frame, before);
-    if (reading.kind == Reading::Kind::Again) return kNoChange;
-    value = std::move(reading.value);
-    return answer = finish(value);
+    take(std::move(reading), value);
 }
 
-AcEdJig::DragStatus AcEdJig::Session::next(const InputRequest& request, int controls, InputValue& value) {
+void AcEdJig::Session::take(Reading reading, InputValue& value) {
+    if (reading.kind == Reading::Kind::Refused) Editor::current()->complain(reading.message);
+    if (reading.kind != Reading::Kind::Answered) return;
+    value = std::move(reading.value);
+    answer = finish(value);
+}
+
+AcEdJig::DragStatus AcEdJig::Session::next(const InputRequest& request, int controls,
+                                           InputValue& value) {
+    Editor& editor = *Editor::current();
     asked = true;
     for (;;) {
-        if (!question) question.emplace(request);
-        InputRequest shown = question->current();
-        shown.dragged = request.dragged;
-        const RawInput input = Editor::current()->askRaw(shown);
-        if (input.kind == RawInput::Kind::Move) {
-            value.status = RTNORM;
-            value.point = input.point;
-            return kNormal;
+        if (!question) {
+            question.emplace(request);
+            prancheta::recordPrompt(request);
         }
-        const DragStatus status = take(input, controls, value);
+        if (std::optional<Reading> reading = editor.readToken(*question)) {
+            take(std::move(*reading), value);
+        } else {
+            InputRequest shown = question->current();
+            shown.kind = InputKind::Drag;
+            shown.dragged = request.dragged;
+            const RawInput input = editor.askRaw(shown);
+            if (input.kind == RawInput::Kind::Move) return moved(input.point, request, value);
+            if (editor.tookTransparent(*question, input)) continue;
+            takeRaw(input, controls, value);
+        }
         if (state == State::Dragging) continue;
-        Editor::current()->recordDragEnd(value);
-        return status;
+        prancheta::recordAnswer(request.kind, value);
+        if (state == State::Cancelled && !(controls & kDontEchoCancelForCtrlC))
+            editor.print(L"*Cancelar*\n");
+        return answer;
     }
+}
+
+/// A position on the way, as a value of the kind that is asked for.
+AcEdJig::DragStatus AcEdJig::Session::moved(const AcGePoint3d& point, const InputRequest& request,
+                                            InputValue& value) const {
+    value.status = RTNORM;
+    value.point = point;
+    if (!request.base) return kNormal;
+    value.number = request.base->distanceTo(point);
+    if (request.kind == InputKind::Angle)
+        value.number = acutAngle(asDblArray(*request.base), asDblArray(point));
+    return kNormal;
 }
 
 AcEdJig::AcEdJig() : m_session(std::make_unique<Session>()) {}
@@ -121,7 +150,8 @@ AcEdJig::DragStatus AcEdJig::drag() {
     Editor* editor = Editor::current();
     if (editor == nullptr || prancheta::dcl::openDialogs() > 0) return kCancel;
     AcDbEntity* dragged = entity();
-    if (dragged != nullptr && dragged->database() == nullptr && dragged->layerId().isNull()) dragged->setDatabaseDefaults();
+    if (dragged != nullptr && dragged->database() == nullptr && dragged->layerId().isNull())
+        dragged->setDatabaseDefaults();
     Session& session = *m_session;
     session.state = Session::State::Dragging;
     session.question.reset();
@@ -164,20 +194,41 @@ void AcEdJig::setDispPrompt(const ACHAR* format, ...) {
     va_end(arguments);
 }
 
-void AcEdJig::setKeywordList(const ACHAR* keywords) { m_session->keywords = keywords != nullptr ? keywords : L""; }
+void AcEdJig::setKeywordList(const ACHAR* keywords) {
+    m_session->keywords = keywords != nullptr ? keywords : L"";
+}
 
 void AcEdJig::setUserInputControls(UserInputControls controls) { m_controls = controls; }
 
 AcEdJig::DragStatus AcEdJig::acquirePoint(AcGePoint3d& value) {
     InputValue input;
-    const DragStatus status = m_session->next(m_session->request(InputKind::Drag, nullptr, m_controls, entity()), m_controls, input);
+    const InputRequest request = m_session->request(InputKind::Drag, nullptr, m_controls, entity());
+    const DragStatus status = m_session->next(request, m_controls, input);
     if (status == kNormal) value = input.point;
     return status;
 }
 
 AcEdJig::DragStatus AcEdJig::acquirePoint(AcGePoint3d& value, const AcGePoint3d& base) {
     InputValue input;
-    const DragStatus status = m_session->next(m_session->request(InputKind::Drag, &base, m_controls, entity()), m_controls, input);
+    const InputRequest request = m_session->request(InputKind::Drag, &base, m_controls, entity());
+    const DragStatus status = m_session->next(request, m_controls, input);
     if (status == kNormal) value = input.point;
+    return status;
+}
+
+AcEdJig::DragStatus AcEdJig::acquireDist(double& value, const AcGePoint3d& base) {
+    InputValue input;
+    const InputRequest request =
+        m_session->request(InputKind::Distance, &base, m_controls, entity());
+    const DragStatus status = m_session->next(request, m_controls, input);
+    if (status == kNormal) value = input.number;
+    return status;
+}
+
+AcEdJig::DragStatus AcEdJig::acquireAngle(double& value, const AcGePoint3d& base) {
+    InputValue input;
+    const InputRequest request = m_session->request(InputKind::Angle, &base, m_controls, entity());
+    const DragStatus status = m_session->next(request, m_controls, input);
+    if (status == kNormal) value = input.number;
     return status;
 }

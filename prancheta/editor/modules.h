@@ -19,14 +19,16 @@ class Editor;
 /// A loaded module. Its address is the application id that the module is given.
 struct Module {
     std::filesystem::path path;
-    std::wstring name;  ///< file name
-    void* handle = nullptr;
+    std::wstring name;           ///< file name
+    void* handle = nullptr;      ///< the dynamic linker's
     const void* base = nullptr;  ///< where it is mapped
     AcRx::AppRetCode (*entry)(AcRx::AppMsgCode, void*) = nullptr;
     int apiVersion = 0;
     bool locked = true;
     bool mdiAware = false;
-    bool busy = false;  ///< inside kInitAppMsg, kLoadDwgMsg or their counterparts
+    bool busy = false;                ///< inside kInitAppMsg, kLoadDwgMsg or their counterparts
+    bool started = false;             ///< kInitAppMsg is done
+    std::vector<AcRxClass*> classes;  ///< those that it registered then
     std::vector<std::wstring> needs;  ///< other modules it is linked to
 };
 
@@ -37,12 +39,13 @@ public:
     ModuleTable(const ModuleTable&) = delete;
     ModuleTable& operator=(const ModuleTable&) = delete;
 
-    /// Loads a module and, before it, the modules it is linked to; sends kInitAppMsg and kLoadDwgMsg. A module
-    /// that is loaded already is no error. A bare name is looked for in the program's folder, too.
+    /// Loads a module and, before it, the modules it is linked to; sends kInitAppMsg and
+    /// kLoadDwgMsg. A module that is loaded already is no error. A bare name is looked for in the
+    /// program's folder, too.
     Result<void> load(const std::filesystem::path& path);
-    /// Sends kUnloadDwgMsg and kUnloadAppMsg and takes the module out. Refused, with the reason, while it is
-    /// locked, while one of its commands runs, while another module needs it, and while the drawing
-    /// (what undo could bring back included) holds objects of its classes.
+    /// Sends kUnloadDwgMsg and kUnloadAppMsg and takes the module out. Refused, with the reason,
+    /// while it is locked, while one of its commands runs, while another module needs it, and while
+    /// the drawing (what undo could bring back included) holds objects of its classes.
     Result<void> unload(std::wstring_view name);
     /// At the end of the program, after the drawing is gone: unloads all, whatever they answer.
     void unloadAll();

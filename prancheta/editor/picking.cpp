@@ -4,13 +4,12 @@
 
 #include <algorithm>
 #include <limits>
-#include <unordered_map>
 
-#include "dbsymtb.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/scene.h"
+#include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/hit.h"
 #include "prancheta/graphics/snaps.h"
 
@@ -20,23 +19,12 @@ double pickTolerance(const Editor& editor) {
     return editor.database().core().variables().number(L"PICKBOX") * editor.pixelSize();
 }
 
-namespace {
-
-AcDbObjectId layerOf(AcDbObjectId entity) {
-    const AcDbObjectPointer<AcDbEntity> opened(entity, AcDb::kForRead);
-    return opened.openStatus() == Acad::eOk ? opened->layerId() : AcDbObjectId::kNull;
-}
-
-}  // namespace
-
-bool onLockedLayer(AcDbObjectId entity) {
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(layerOf(entity), AcDb::kForRead);
-    return layer.openStatus() == Acad::eOk && layer->isLocked();
-}
+bool onLockedLayer(AcDbObjectId entity) { return LayerStates().of(entity).locked; }
 
 bool onDisplayedLayer(AcDbObjectId entity) {
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(layerOf(entity), AcDb::kForRead);
-    return layer.openStatus() != Acad::eOk || (!layer->isOff() && !layer->isFrozen());
+    LayerStates layers;
+    const LayerStates::State& state = layers.of(entity);
+    return !state.off && !state.frozen;
 }
 
 AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world) {
@@ -47,12 +35,14 @@ AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world) {
     return AcDbObjectId::kNull;
 }
 
-std::vector<AcDbObjectId> entitiesInWindow(const Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b) {
+std::vector<AcDbObjectId> entitiesInWindow(const Editor& editor, const AcGePoint3d& a,
+                                           const AcGePoint3d& b) {
     const Window window(a, b);
     return Scene(editor).select([&](const Picture& picture) { return isInside(picture, window); });
 }
 
-std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b) {
+std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint3d& a,
+                                           const AcGePoint3d& b) {
     const Window window(a, b);
     return Scene(editor).select([&](const Picture& picture) { return touches(picture, window); });
 }
@@ -64,7 +54,8 @@ bool contains(const std::vector<AcGePoint3d>& polygon, const AcGePoint3d& p) {
     for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
         const AcGePoint3d& a = polygon[i];
         const AcGePoint3d& b = polygon[j];
-        if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x) inside = !inside;
+        if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x)
+            inside = !inside;
     }
     return inside;
 }
@@ -87,7 +78,8 @@ std::optional<AcGePoint3d> somePoint(const Picture& picture) {
 
 bool crosses(const Picture& picture, const Picture& line) {
     std::vector<AcGePoint3d> crossings;
-    appendIntersections(picture, line, AcGePoint3d::kOrigin, std::numeric_limits<double>::infinity(), crossings);
+    appendIntersections(picture, line, AcGePoint3d::kOrigin,
+                        std::numeric_limits<double>::infinity(), crossings);
     return !crossings.empty();
 }
 
@@ -100,7 +92,9 @@ Picture lineThrough(std::vector<AcGePoint3d> points, bool closed) {
 
 }  // namespace
 
-std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor, const std::vector<AcGePoint3d>& polygon, bool crossing) {
+std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor,
+                                            const std::vector<AcGePoint3d>& polygon,
+                                            bool crossing) {
     if (polygon.size() < 3) return {};
     const Picture border = lineThrough(polygon, true);
     return Scene(editor).select([&](const Picture& picture) {
@@ -110,7 +104,8 @@ std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor, const std::vec
     });
 }
 
-std::vector<AcDbObjectId> entitiesOnFence(const Editor& editor, const std::vector<AcGePoint3d>& fence) {
+std::vector<AcDbObjectId> entitiesOnFence(const Editor& editor,
+                                          const std::vector<AcGePoint3d>& fence) {
     if (fence.size() < 2) return {};
     const Picture line = lineThrough(fence, false);
     return Scene(editor).select([&](const Picture& picture) { return crosses(picture, line); });
@@ -149,9 +144,10 @@ struct SnapWord {
 
 // The Portuguese words stand after the global ones.
 constexpr SnapWord kSnapWords[] = {
-    {L"non", 0},   {L"end", 1},    {L"mid", 2},    {L"cen", 4},   {L"nod", 8},    {L"qua", 16},  {L"int", 32},
-    {L"ins", 64},  {L"per", 128},  {L"tan", 256},  {L"nea", 512}, {L"app", 2048}, {L"ext", 4096}, {L"par", 8192},
-    {L"nen", 0},   {L"fin", 1},    {L"mei", 2},    {L"nó", 8},    {L"pro", 512},  {L"apa", 2048},
+    {L"non", 0},   {L"end", 1},    {L"mid", 2},    {L"cen", 4},    {L"nod", 8},
+    {L"qua", 16},  {L"int", 32},   {L"ins", 64},   {L"per", 128},  {L"tan", 256},
+    {L"nea", 512}, {L"app", 2048}, {L"ext", 4096}, {L"par", 8192}, {L"nen", 0},
+    {L"fin", 1},   {L"mei", 2},    {L"nó", 8},     {L"pro", 512},  {L"apa", 2048},
 };
 
 struct ModeOfBit {
@@ -160,8 +156,9 @@ struct ModeOfBit {
 };
 
 constexpr ModeOfBit kModes[] = {
-    {1, AcDb::kOsModeEnd},   {2, AcDb::kOsModeMid},  {4, AcDb::kOsModeCen},    {8, AcDb::kOsModeNode},  {16, AcDb::kOsModeQuad},
-    {64, AcDb::kOsModeIns},  {128, AcDb::kOsModePerp}, {256, AcDb::kOsModeTan}, {512, AcDb::kOsModeNear},
+    {1, AcDb::kOsModeEnd},    {2, AcDb::kOsModeMid},   {4, AcDb::kOsModeCen},
+    {8, AcDb::kOsModeNode},   {16, AcDb::kOsModeQuad}, {64, AcDb::kOsModeIns},
+    {128, AcDb::kOsModePerp}, {256, AcDb::kOsModeTan}, {512, AcDb::kOsModeNear},
 };
 constexpr int kIntersection = 32;
 constexpr int kNearest = 512;
@@ -170,7 +167,8 @@ std::optional<int> snapMode(std::wstring_view word) {
     if (word.size() < 2) return {};
     for (const SnapWord& known : kSnapWords) {
         const std::wstring_view start(known.word);
-        if (word.size() >= start.size() && equalNoCase(word.substr(0, start.size()), start)) return known.mode;
+        if (word.size() >= start.size() && equalNoCase(word.substr(0, start.size()), start))
+            return known.mode;
     }
     return {};
 }
@@ -188,7 +186,8 @@ void appendSnapsOf(AcDbObjectId id, int modes, const AcGePoint3d& pick, const Ac
     }
 }
 
-std::optional<AcGePoint3d> nearest(const std::vector<AcGePoint3d>& points, const AcGePoint3d& to, double reach) {
+std::optional<AcGePoint3d> nearest(const std::vector<AcGePoint3d>& points, const AcGePoint3d& to,
+                                   double reach) {
     std::optional<AcGePoint3d> best;
     double least = reach;
     for (const AcGePoint3d& p : points) {
@@ -218,24 +217,27 @@ std::optional<int> snapModes(std::wstring_view words) {
     return modes;
 }
 
-std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes, SnapReach reach,
-                                     const std::optional<AcGePoint3d>& base) {
+std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes,
+                                     SnapReach reach, const std::optional<AcGePoint3d>& base) {
     if (modes == 0) return {};
-    const double aperture = editor.database().core().variables().number(L"APERTURE") * editor.pixelSize();
+    const double aperture =
+        editor.database().core().variables().number(L"APERTURE") * editor.pixelSize();
     const Scene scene(editor);
     std::vector<const Scene::Item*> near;
     for (const Scene::Item& item : scene.entities())
         if (distanceTo(item.picture, world) <= aperture) near.push_back(&item);
     const AcGePoint3d from = base.value_or(editor.lastPoint());
     std::vector<AcGePoint3d> points;
-    for (const Scene::Item* item : near) appendSnapsOf(item->id, modes & ~kNearest, world, from, points);
+    for (const Scene::Item* item : near)
+        appendSnapsOf(item->id, modes & ~kNearest, world, from, points);
     if (modes & kIntersection) {
         for (std::size_t i = 0; i < near.size(); ++i)
             for (std::size_t j = i; j < near.size(); ++j)
                 appendIntersections(near[i]->picture, near[j]->picture, world, aperture, points);
     }
     std::optional<AcGePoint3d> found = nearest(points, world, aperture);
-    if (!found && reach == SnapReach::Object) found = nearest(points, world, std::numeric_limits<double>::infinity());
+    if (!found && reach == SnapReach::Object)
+        found = nearest(points, world, std::numeric_limits<double>::infinity());
     if (found || (modes & kNearest) == 0) return found;
     points.clear();
     for (const Scene::Item* item : near) appendSnapsOf(item->id, kNearest, world, from, points);

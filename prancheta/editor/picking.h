@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What lies under the pointer, inside a frame, near a snap point: entities of the current space as displayed.
+// What lies under the pointer, inside a frame, near a snap point: entities of the current space as
+// displayed.
 #pragma once
 
 #include <optional>
@@ -24,10 +25,14 @@ double pickTolerance(const Editor& editor);
 
 /// Topmost entity within the pick box about a world point; null id when there is none.
 AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world);
-std::vector<AcDbObjectId> entitiesInWindow(const Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b);
-std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b);
-std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor, const std::vector<AcGePoint3d>& polygon, bool crossing);
-std::vector<AcDbObjectId> entitiesOnFence(const Editor& editor, const std::vector<AcGePoint3d>& fence);
+std::vector<AcDbObjectId> entitiesInWindow(const Editor& editor, const AcGePoint3d& a,
+                                           const AcGePoint3d& b);
+std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint3d& a,
+                                           const AcGePoint3d& b);
+std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor,
+                                            const std::vector<AcGePoint3d>& polygon, bool crossing);
+std::vector<AcDbObjectId> entitiesOnFence(const Editor& editor,
+                                          const std::vector<AcGePoint3d>& fence);
 /// Everything of the current space that is neither frozen nor locked, in drawing order.
 std::vector<AcDbObjectId> allEntities(const Editor& editor);
 /// Last created entity that is displayed.
@@ -37,9 +42,9 @@ bool onDisplayedLayer(AcDbObjectId entity);
 
 /// Bits of OSMODE for words such as "_end,_mid"; 0 for "_none", nothing for a word that is no snap.
 std::optional<int> snapModes(std::wstring_view words);
-/// Snap point of these modes (bits of OSMODE) nearest to a world point, on what lies under the aperture.
-/// `base` is where perpendiculars and tangents come from; LASTPOINT without one.
-std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes, SnapReach reach,
-                                     const std::optional<AcGePoint3d>& base = {});
+/// Snap point of these modes (bits of OSMODE) nearest to a world point, on what lies under the
+/// aperture. `base` is where perpendiculars and tangents come from; LASTPOINT without one.
+std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes,
+                                     SnapReach reach, const std::optional<AcGePoint3d>& base = {});
 
 }  // namespace prancheta

@@ -76,7 +76,8 @@ std::wstring typedText(const ProgramToken& token) {
             return variableText(token.point);
         case ProgramToken::Kind::Objects: {
             std::wstring names;
-            for (const AcDbObjectId& id : token.objects) names += L"<" + handleText(id.handle()) + L">";
+            for (const AcDbObjectId& id : token.objects)
+                names += L"<" + handleText(id.handle()) + L">";
             return names;
         }
         default:
@@ -165,7 +166,8 @@ Reading Editor::giveToken(Question& question, const ProgramToken& token) {
             input.point = m_ucs * token.point;
             const bool picks = kind == InputKind::Selection || kind == InputKind::Entity;
             if (frame.runningSnaps == 0 || picks) break;
-            input.point = frame.snap(input.point, frame.runningSnaps, SnapReach::Aperture).value_or(input.point);
+            input.point = frame.snap(input.point, frame.runningSnaps, SnapReach::Aperture)
+                              .value_or(input.point);
             break;
         }
         default:

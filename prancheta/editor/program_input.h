@@ -13,7 +13,7 @@ namespace prancheta {
 
 struct ProgramToken {
     enum class Kind {
-        Text,     ///< as typed; empty = Enter
+        Text,  ///< as typed; empty = Enter
         Real,
         Integer,
         Point,    ///< user coordinates

@@ -154,7 +154,8 @@ std::optional<Reading> Question::giveNumber(std::wstring_view text, const InputF
         case InputKind::Integer: {
             const std::optional<long> value = readInteger(text);
             if (!value) return {};
-            if (*value < -32768 || *value > 32767) return refused(L"Requer um inteiro entre -32768 e 32767.");
+            if (*value < -32768 || *value > 32767)
+                return refused(L"Requer um inteiro entre -32768 e 32767.");
             return checkNumber(static_cast<double>(*value));
         }
         case InputKind::Real:
@@ -174,8 +175,10 @@ std::optional<Reading> Question::giveNumber(std::wstring_view text, const InputF
 }
 
 Reading Question::checkNumber(double number) const {
-    if ((m_request.flags & RSG_NOZERO) && number == 0.0) return refused(L"O valor deve ser diferente de zero.");
-    if ((m_request.flags & RSG_NONEG) && number < 0.0) return refused(L"O valor deve ser positivo.");
+    if ((m_request.flags & RSG_NOZERO) && number == 0.0)
+        return refused(L"O valor deve ser diferente de zero.");
+    if ((m_request.flags & RSG_NONEG) && number < 0.0)
+        return refused(L"O valor deve ser positivo.");
     return answeredNumber(number);
 }
 

@@ -16,15 +16,17 @@ namespace prancheta {
 
 /// What typed answers are read against.
 struct InputFrame {
-    AcGePoint3d lastPoint;  ///< user coordinates; updated by every accepted point
-    AcGeMatrix3d ucs;       ///< from user to world coordinates
+    AcGePoint3d lastPoint;   ///< user coordinates; updated by every accepted point
+    AcGeMatrix3d ucs;        ///< from user to world coordinates
     double angleBase = 0.0;  ///< ANGBASE, radians
     bool clockwise = false;  ///< ANGDIR
     int angleUnits = 0;      ///< AUNITS: what a plain number means
     bool ortho = false;
-    int runningSnaps = 0;    ///< modes that act on typed points, too (programs' input)
-    std::optional<AcGePoint3d> pointer;  ///< world; where the pointer stands, for direct distance entry
-    /// Nearest snap point of the modes (bits of OSMODE) to a world point; empty function: no snapping.
+    int runningSnaps = 0;  ///< modes that act on typed points, too (programs' input)
+    std::optional<AcGePoint3d>
+        pointer;  ///< world; where the pointer stands, for direct distance entry
+    /// Nearest snap point of the modes (bits of OSMODE) to a world point; empty function: no
+    /// snapping.
     std::function<std::optional<AcGePoint3d>(const AcGePoint3d&, int, SnapReach)> snap;
     /// Topmost entity at a world point.
     std::function<AcDbObjectId(const AcGePoint3d&)> pick;
@@ -38,12 +40,12 @@ struct InputFrame {
 struct Reading {
     enum class Kind { Answered, Again, Refused };
     Kind kind = Kind::Again;
-    InputValue value;      ///< Answered; Again: a point that was taken on the way, status RTNORM then
+    InputValue value;  ///< Answered; Again: a point that was taken on the way, status RTNORM then
     std::wstring message;  ///< Refused: why
 };
 
-/// Takes raw inputs until they make an answer. Second points, point filters, middle of two points, offset
-/// from a point and snap words are steps inside one question.
+/// Takes raw inputs until they make an answer. Second points, point filters, middle of two points,
+/// offset from a point and snap words are steps inside one question.
 class Question {
 public:
     explicit Question(InputRequest request);
@@ -60,7 +62,7 @@ private:
     /// A step inside the question.
     struct Modifier {
         Step step;
-        std::wstring axes;  // of a filter: the coordinates taken from the first point
+        std::wstring axes;                // of a filter: the coordinates taken from the first point
         std::vector<AcGePoint3d> points;  // world
     };
 

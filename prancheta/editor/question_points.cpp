@@ -12,7 +12,8 @@ namespace prancheta {
 
 Reading Question::givePick(const RawInput& input, InputFrame& frame) {
     if (!takesPoints()) return refuse();
-    if (!m_modifiers.empty() || (m_request.kind != InputKind::Selection && m_request.kind != InputKind::Entity)) {
+    if (!m_modifiers.empty() ||
+        (m_request.kind != InputKind::Selection && m_request.kind != InputKind::Entity)) {
         return givePoint(onLockedDirection(input.point, frame), frame);
     }
     if (m_request.kind == InputKind::Entity) {
@@ -53,7 +54,9 @@ Reading Question::giveTypedPoint(std::wstring_view text, InputFrame& frame) {
     const SnapReach reach = m_current.snapModes ? SnapReach::Object : SnapReach::Aperture;
     const std::optional<AcGePoint3d> snapped = frame.snap(typed.world, modes, reach);
     if (!snapped && m_current.snapModes) {
-        return {Reading::Kind::Refused, {}, L"Nenhum ponto de captura encontrado no ponto especificado."};
+        return {Reading::Kind::Refused,
+                {},
+                L"Nenhum ponto de captura encontrado no ponto especificado."};
     }
     return givePoint(snapped.value_or(typed.world), frame);
 }
@@ -103,7 +106,8 @@ void Question::showCurrent() {
             std::wstring missing;
             for (const wchar_t axis : {L'x', L'y', L'z'})
                 if (top.axes.find(axis) == top.axes.npos) missing += axis;
-            m_current.prompt = first ? L"\n." + top.axes + L" de: " : L"\n(falta " + upperCase(missing) + L"): ";
+            m_current.prompt =
+                first ? L"\n." + top.axes + L" de: " : L"\n(falta " + upperCase(missing) + L"): ";
             break;
         }
     }
@@ -171,15 +175,16 @@ Reading Question::acceptPoint(const AcGePoint3d& world, const InputFrame& frame)
     return result;
 }
 
-double Question::angleOf(const AcGePoint3d& from, const AcGePoint3d& to, const InputFrame& frame) const {
+double Question::angleOf(const AcGePoint3d& from, const AcGePoint3d& to,
+                         const InputFrame& frame) const {
     const AcGeVector3d v = frame.ucs.inverse() * (to - from);
     if (v.x == 0.0 && v.y == 0.0) return 0.0;
     const double direction = std::atan2(v.y, v.x);
     return positiveAngle(m_request.absoluteAngle ? direction : direction - frame.angleBase);
 }
 
-/// Along the rubber band: the locked direction, else towards the pointer (by the nearest axis under ORTHO),
-/// else the X axis.
+/// Along the rubber band: the locked direction, else towards the pointer (by the nearest axis under
+/// ORTHO), else the X axis.
 AcGePoint3d Question::directDistance(double distance, const InputFrame& frame) const {
     const AcGePoint3d base = *m_current.base;
     AcGeVector3d direction = AcGeVector3d::kXAxis;
@@ -190,7 +195,8 @@ AcGePoint3d Question::directDistance(double distance, const InputFrame& frame) c
         AcGeVector3d towards = frame.ucs.inverse() * (*frame.pointer - base);
         if (frame.ortho && m_current.orthoAllowed) {
             const bool alongX = std::fabs(towards.x) >= std::fabs(towards.y);
-            towards = alongX ? AcGeVector3d(towards.x, 0.0, 0.0) : AcGeVector3d(0.0, towards.y, 0.0);
+            towards =
+                alongX ? AcGeVector3d(towards.x, 0.0, 0.0) : AcGeVector3d(0.0, towards.y, 0.0);
         }
         if (!towards.isZeroLength()) direction = towards.normal();
     }

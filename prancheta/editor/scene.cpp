@@ -3,8 +3,8 @@
 #include "prancheta/editor/scene.h"
 
 #include "dbsymtb.h"
+#include "prancheta/database/entity_picture.h"
 #include "prancheta/editor/editor.h"
-#include "prancheta/graphics/picture_recorder.h"
 
 namespace prancheta {
 
@@ -17,7 +17,8 @@ const LayerStates::State& LayerStates::ofLayer(AcDbObjectId layer) {
     const auto [at, isNew] = m_states.try_emplace(layer.asOldId());
     if (!isNew || layer.isNull()) return at->second;
     const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForRead);
-    if (record.openStatus() == Acad::eOk) at->second = {record->isOff(), record->isFrozen(), record->isLocked()};
+    if (record.openStatus() == Acad::eOk)
+        at->second = {record->isOff(), record->isFrozen(), record->isLocked()};
     return at->second;
 }
 
@@ -29,16 +30,15 @@ Scene::Scene(const Editor& editor) {
         const LayerStates::State& state = layers.ofLayer(entity->layerId());
         if (state.off || state.frozen) continue;
         Item item{id, {}};
-        PictureRecorder recorder(item.picture);
-        recorder.begin({});
-        (void)entity->worldDraw(&recorder);
+        recordPicture(*entity, item.picture);
         m_items.push_back(std::move(item));
     }
 }
 
 std::vector<AcDbObjectId> Scene::spaceOf(const Editor& editor) {
     std::vector<AcDbObjectId> ids;
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(editor.database().currentSpaceId(), AcDb::kForRead);
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(editor.database().currentSpaceId(),
+                                                        AcDb::kForRead);
     if (space.openStatus() != Acad::eOk) return ids;
     AcDbBlockTableRecordIterator* iterator = nullptr;
     if (space->newIterator(iterator) != Acad::eOk) return ids;

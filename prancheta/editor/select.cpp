@@ -18,16 +18,19 @@ using Ids = std::vector<AcDbObjectId>;
 
 const std::vector<Keyword>& selectionWords() {
     static const std::vector<Keyword> kWords = {
-        {L"Janela", L"Window"},    {L"Cruzando", L"Crossing"}, {L"uLtimo", L"Last"},       {L"Prévio", L"Previous"},
-        {L"Tudo", L"ALL"},         {L"Adicionar", L"Add"},     {L"Remover", L"Remove"},    {L"Desfazer", L"Undo"},
-        {L"JPolígono", L"WPolygon"}, {L"CPolígono", L"CPolygon"}, {L"CErca", L"Fence"},    {L"CAixa", L"BOX"},
-        {L"AUto", L"AUto"},        {L"SImples", L"SIngle"},    {L"Múltiplo", L"Multiple"},
+        {L"Janela", L"Window"},      {L"Cruzando", L"Crossing"}, {L"uLtimo", L"Last"},
+        {L"Prévio", L"Previous"},    {L"Tudo", L"ALL"},          {L"Adicionar", L"Add"},
+        {L"Remover", L"Remove"},     {L"Desfazer", L"Undo"},     {L"JPolígono", L"WPolygon"},
+        {L"CPolígono", L"CPolygon"}, {L"CErca", L"Fence"},       {L"CAixa", L"BOX"},
+        {L"AUto", L"AUto"},          {L"SImples", L"SIngle"},    {L"Múltiplo", L"Multiple"},
     };
     return kWords;
 }
 
 struct IdHash {
-    std::size_t operator()(const AcDbObjectId& id) const { return std::hash<Adesk::LongPtr>()(id.asOldId()); }
+    std::size_t operator()(const AcDbObjectId& id) const {
+        return std::hash<Adesk::LongPtr>()(id.asOldId());
+    }
 };
 
 /// Counts of one step, as they are told.
@@ -62,7 +65,9 @@ public:
         StepCount count;
         count.found = ids.size();
         const std::unordered_set<AcDbObjectId, IdHash> gone(ids.begin(), ids.end());
-        std::erase_if(m_ids, [&](const AcDbObjectId& id) { return gone.contains(id) && m_set.erase(id) != 0; });
+        std::erase_if(m_ids, [&](const AcDbObjectId& id) {
+            return gone.contains(id) && m_set.erase(id) != 0;
+        });
         return count;
     }
     bool undo() {
@@ -87,14 +92,18 @@ std::wstring counted(std::size_t n, const wchar_t* one, const wchar_t* many) {
     return std::to_wstring(n) + (n == 1 ? one : many);
 }
 
-void tell(const CommandContext& context, const StepCount& count, const Picked& picked, bool removed) {
-    std::wstring text = removed ? counted(count.found, L" encontrado, removido", L" encontrados, removidos")
-                                : counted(count.found, L" encontrado", L" encontrados");
-    if (count.known > 0) text += counted(count.known, L" duplicado)", L" duplicados)").insert(0, L" (");
+void tell(const CommandContext& context, const StepCount& count, const Picked& picked,
+          bool removed) {
+    std::wstring text =
+        removed ? counted(count.found, L" encontrado, removido", L" encontrados, removidos")
+                : counted(count.found, L" encontrado", L" encontrados");
+    if (count.known > 0)
+        text += counted(count.known, L" duplicado)", L" duplicados)").insert(0, L" (");
     if (!picked.first()) text += L", " + std::to_wstring(picked.ids().size()) + L" total";
     context.print(text + L"\n");
     if (count.locked > 0) {
-        context.print(counted(count.locked, L" estava em uma camada bloqueada.\n", L" estavam em uma camada bloqueada.\n"));
+        context.print(counted(count.locked, L" estava em uma camada bloqueada.\n",
+                              L" estavam em uma camada bloqueada.\n"));
     }
 }
 
@@ -119,7 +128,8 @@ enum class Frame { Window, Crossing, ByDirection };
 Task<Found> askFrame(CommandContext context, Frame frame, std::optional<AcGePoint3d> first) {
     Found found;
     if (!first) {
-        const InputValue corner = co_await context.ask(pointRequest(L"\nEspecifique o primeiro canto: "));
+        const InputValue corner =
+            co_await context.ask(pointRequest(L"\nEspecifique o primeiro canto: "));
         found.status = corner.status;
         if (corner.status != RTNORM) co_return found;
         first = corner.point;
@@ -143,8 +153,9 @@ Task<Found> askPolygon(CommandContext context, std::wstring_view word) {
     std::vector<AcGePoint3d> points;
     const bool fence = word == L"Fence";
     for (;;) {
-        InputRequest request = pointRequest(points.empty() ? L"\nEspecifique o primeiro ponto: "
-                                                           : L"\nEspecifique o próximo ponto ou [Desfazer]: ");
+        InputRequest request =
+            pointRequest(points.empty() ? L"\nEspecifique o primeiro ponto: "
+                                        : L"\nEspecifique o próximo ponto ou [Desfazer]: ");
         request.nullAllowed = !points.empty();
         if (!points.empty()) {
             request.base = points.back();
@@ -184,7 +195,8 @@ Task<Found> askByWord(CommandContext context, std::wstring word) {
     if (word == L"Window") co_return co_await askFrame(context, Frame::Window, {});
     if (word == L"Crossing") co_return co_await askFrame(context, Frame::Crossing, {});
     if (word == L"BOX") co_return co_await askFrame(context, Frame::ByDirection, {});
-    if (word == L"WPolygon" || word == L"CPolygon" || word == L"Fence") co_return co_await askPolygon(context, word);
+    if (word == L"WPolygon" || word == L"CPolygon" || word == L"Fence")
+        co_return co_await askPolygon(context, word);
     if (word == L"ALL") found.ids = allEntities(editor);
     if (word == L"Last") {
         const AcDbObjectId last = lastEntity(editor);
@@ -256,7 +268,8 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
             co_return selection;
         }
         const bool out = removing || value.removes;
-        tell(context, out ? picked.remove(found.ids) : picked.add(found.ids, options.dropLocked), picked, out);
+        tell(context, out ? picked.remove(found.ids) : picked.add(found.ids, options.dropLocked),
+             picked, out);
         done = single && !picked.ids().empty();
     }
     selection.ids = picked.ids();

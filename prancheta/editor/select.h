@@ -22,8 +22,8 @@ struct Selection {
     std::vector<AcDbObjectId> ids;
 };
 
-/// Repeats until Enter; every object once, in the order of selection. The result becomes the editor's
-/// previous selection.
+/// Repeats until Enter; every object once, in the order of selection. The result becomes the
+/// editor's previous selection.
 Task<Selection> selectObjects(CommandContext context, SelectOptions options = {});
 
 }  // namespace prancheta

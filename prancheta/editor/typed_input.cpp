@@ -61,7 +61,8 @@ std::optional<double> takeAngle(std::wstring_view text, const InputFrame& frame)
     std::size_t signs = 0;
     while (signs < text.size() && text[signs] == L'<') ++signs;
     if (signs == 0 || signs > 3) return {};
-    const std::optional<double> typed = readAngle(text.substr(signs), signs == 1 ? frame.angleUnits : 0);
+    const std::optional<double> typed =
+        readAngle(text.substr(signs), signs == 1 ? frame.angleUnits : 0);
     if (!typed) return {};
     return signs == 1 ? directionOf(*typed, frame) : *typed;
 }
@@ -82,7 +83,8 @@ Coordinates readPolar(double distance, std::wstring_view rest, const InputFrame&
         if (!height) return result;
         z = *height;
     } else if (second != rest.npos) {
-        const std::optional<double> elevation = readAngle(rest.substr(second + 1), frame.angleUnits);
+        const std::optional<double> elevation =
+            readAngle(rest.substr(second + 1), frame.angleUnits);
         if (!elevation) return result;
         const SineCosine sc = sineCosine(*elevation);
         radius = distance * sc.cosine;
@@ -142,7 +144,8 @@ std::optional<double> readAngle(std::wstring_view text, int units) {
     if (!value) return {};
     if (rest.empty()) return *value * radiansPerUnit(units);
     if (takeChar(rest, L'r')) return rest.empty() ? value : std::nullopt;
-    if (takeChar(rest, L'g')) return rest.empty() ? std::optional(*value * kPi / 200.0) : std::nullopt;
+    if (takeChar(rest, L'g'))
+        return rest.empty() ? std::optional(*value * kPi / 200.0) : std::nullopt;
     if (rest.front() == L'/') {
         value = readNumber(text);
         return value ? std::optional(*value * radiansPerUnit(units)) : std::nullopt;
@@ -175,7 +178,8 @@ TypedPoint readPoint(std::wstring_view text, const InputFrame& frame) {
         return result;
     }
     const bool relative = takeChar(text, L'@');
-    if (relative && text.empty()) return {TypedPoint::Kind::Point, frame.ucs * frame.lastPoint, 0.0};
+    if (relative && text.empty())
+        return {TypedPoint::Kind::Point, frame.ucs * frame.lastPoint, 0.0};
     const bool absolute = !relative && takeChar(text, L'#');
     const bool world = takeChar(text, L'*');
     const Coordinates typed = readCoordinates(text, frame);
@@ -196,7 +200,8 @@ TypedPoint readPoint(std::wstring_view text, const InputFrame& frame) {
 
 namespace {
 
-/// True when `typed` stands for `word`: it is a beginning of it that holds every capital, or just the capitals.
+/// True when `typed` stands for `word`: it is a beginning of it that holds every capital, or just
+/// the capitals.
 bool fits(std::wstring_view typed, std::wstring_view word) {
     if (typed.empty() || word.empty()) return false;
     std::wstring capitals;
@@ -208,7 +213,8 @@ bool fits(std::wstring_view typed, std::wstring_view word) {
     }
     if (!capitals.empty() && equalNoCase(typed, capitals)) return true;
     const std::size_t shortest = capitals.empty() ? word.size() : lastCapital + 1;
-    return typed.size() >= shortest && typed.size() <= word.size() && equalNoCase(typed, word.substr(0, typed.size()));
+    return typed.size() >= shortest && typed.size() <= word.size() &&
+           equalNoCase(typed, word.substr(0, typed.size()));
 }
 
 }  // namespace

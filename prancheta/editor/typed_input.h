@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a person types: points, numbers, angles, option words. Pure readers; the decimal sign is the point.
+// What a person types: points, numbers, angles, option words. Pure readers; the decimal sign is the
+// point.
 #pragma once
 
 #include <optional>
@@ -15,8 +16,8 @@ namespace prancheta {
 std::optional<double> readNumber(std::wstring_view text);
 /// Whole number, nothing else.
 std::optional<long> readInteger(std::wstring_view text);
-/// Radians: plain number by `units` (AUNITS 0, 1 degrees, 2 grads, 3 radians), or with its unit: "45d",
-/// "45d30'15\"", "50g", "1.5r". A leading `<` is accepted.
+/// Radians: plain number by `units` (AUNITS 0, 1 degrees, 2 grads, 3 radians), or with its unit:
+/// "45d", "45d30'15\"", "50g", "1.5r". A leading `<` is accepted.
 std::optional<double> readAngle(std::wstring_view text, int units);
 
 struct TypedPoint {
@@ -31,17 +32,20 @@ struct TypedPoint {
     double number = 0.0;
 };
 
-/// `10,20,5` `@10,20` `@50<30` `50<30` `@` `@50<30,10` `@50<30<45` `*10,20` `@*10,20` `#10,20` `<45` `50`.
+/// `10,20,5` `@10,20` `@50<30` `50<30` `@` `@50<30,10` `@50<30<45` `*10,20` `@*10,20` `#10,20`
+/// `<45` `50`.
 TypedPoint readPoint(std::wstring_view text, const InputFrame& frame);
 
 /// Direction in the user system of an angle as typed, by ANGBASE and ANGDIR.
 double directionOf(double typedAngle, const InputFrame& frame);
 
-/// The option that was typed: whole word, abbreviation (its capitals), or a beginning that holds them; case
-/// ignored. `_` asks for the global word; without it the local one counts first. Null when none fits.
+/// The option that was typed: whole word, abbreviation (its capitals), or a beginning that holds
+/// them; case ignored. `_` asks for the global word; without it the local one counts first. Null
+/// when none fits.
 const Keyword* matchKeyword(std::wstring_view text, const std::vector<Keyword>& keywords);
 
-/// List of acedInitGet: words separated by blanks, local ones, then after a single `_` the global ones.
+/// List of acedInitGet: words separated by blanks, local ones, then after a single `_` the global
+/// ones.
 std::vector<Keyword> readKeywordList(std::wstring_view list);
 
 /// Upper case of the letters used in names (ASCII and Latin-1).

@@ -17,9 +17,9 @@ class Dialog;
 }
 
 enum class InputKind {
-    Command,    ///< "Comando:"
+    Command,  ///< "Comando:"
     Point,
-    Corner,     ///< second corner of a box from `base`
+    Corner,  ///< second corner of a box from `base`
     Distance,
     Angle,
     Integer,
@@ -43,8 +43,8 @@ struct InputRequest {
     std::wstring prompt;
     std::optional<AcGePoint3d> base;  ///< of the rubber band and of direct distance entry
     std::vector<Keyword> keywords;
-    int flags = 0;            ///< RSG_* bits
-    bool nullAllowed = true;  ///< a bare Enter is an answer
+    int flags = 0;               ///< RSG_* bits
+    bool nullAllowed = true;     ///< a bare Enter is an answer
     bool blanksAllowed = false;  ///< blanks belong to the text
     bool orthoAllowed = true;
     bool absoluteAngle = false;  ///< angles count from +X whatever ANGBASE says
@@ -60,11 +60,13 @@ struct InputRequest {
 struct RawInput {
     enum class Kind { Text, Pick, Move, Cancel, EndOfInput };
     Kind kind = Kind::EndOfInput;
-    std::wstring text;                   ///< typed line, empty = Enter
-    AcGePoint3d point;                   ///< world coordinates, snapped, for Pick and Move
-    std::vector<AcDbObjectId> entities;  ///< for Pick: what lies under the pointer, or inside a window
-    bool removes = false;                ///< for Pick: takes the entities out of a selection (Shift)
-    /// Where the pointer stands while text is typed: gives direct distance entry its direction. World.
+    std::wstring text;  ///< typed line, empty = Enter
+    AcGePoint3d point;  ///< world coordinates, snapped, for Pick and Move
+    std::vector<AcDbObjectId>
+        entities;          ///< for Pick: what lies under the pointer, or inside a window
+    bool removes = false;  ///< for Pick: takes the entities out of a selection (Shift)
+    /// Where the pointer stands while text is typed: gives direct distance entry its direction.
+    /// World.
     std::optional<AcGePoint3d> pointer;
 };
 
@@ -79,8 +81,8 @@ public:
     virtual RawInput ask(const InputRequest& request) = 0;
     /// Serves an open dialog until it is finished.
     virtual void runDialog(dcl::Dialog& dialog) = 0;
-    /// Reports a command line that could not be understood (unknown command, refused answer); a script's
-    /// front end makes an error of it.
+    /// Reports a command line that could not be understood (unknown command, refused answer); a
+    /// script's front end makes an error of it.
     virtual void complain(std::wstring_view text) = 0;
     /// Something visible changed; called after each command and each step of a drag.
     virtual void refresh() {}

@@ -22,7 +22,8 @@ Result<VariableValue> readVariable(const VariableInfo& info, std::wstring_view t
     switch (info.value.index()) {
         case 0: {
             const std::optional<long> value = readInteger(text);
-            if (!value || *value < -32768 || *value > 32767) return Error{"Requer um inteiro entre -32768 e 32767."};
+            if (!value || *value < -32768 || *value > 32767)
+                return Error{"Requer um inteiro entre -32768 e 32767."};
             return VariableValue(static_cast<short>(*value));
         }
         case 1: {
@@ -61,7 +62,8 @@ CommandTask askVariable(CommandContext context, std::wstring name) {
         // "." empties a text, which a bare Enter would leave as it is.
         const bool clear = info->value.index() == 2 && answer.text == L".";
         const Result<VariableValue> value = readVariable(*info, clear ? L"" : answer.text);
-        const Result<void> set = value ? context.editor().variables().set(name, *value) : Result<void>(value.error());
+        const Result<void> set =
+            value ? context.editor().variables().set(name, *value) : Result<void>(value.error());
         if (set) co_return CommandEnd::Done;
         context.editor().complain(toWide(set.error().message()));
     }

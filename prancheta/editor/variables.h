@@ -15,7 +15,8 @@ namespace prancheta {
 std::wstring variableText(const VariableValue& value);
 /// What was typed, as a value of the variable's type. Points are read by `frame`'s rules elsewhere.
 Result<VariableValue> readVariable(const VariableInfo& info, std::wstring_view text);
-/// Shows a read-only variable, or asks "Digite novo valor para X <...>:" and sets it. The name is one that exists.
+/// Shows a read-only variable, or asks "Digite novo valor para X <...>:" and sets it. The name is
+/// one that exists.
 CommandTask askVariable(CommandContext context, std::wstring name);
 
 }  // namespace prancheta

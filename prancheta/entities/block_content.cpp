@@ -14,8 +14,8 @@ namespace {
 /// Blocks of one drawing may nest so that their copies multiply without end.
 constexpr std::size_t kMostPrimitives = 500000;
 
-/// Blocks being drawn, outermost first: drawing recurses through the entities and has no other way to
-/// see that it comes back to where it was.
+/// Blocks being drawn, outermost first: drawing recurses through the entities and has no other way
+/// to see that it comes back to where it was.
 thread_local std::vector<AcDbStub*> g_drawing;
 
 class DrawingScope {
@@ -36,7 +36,7 @@ BlockInheritance::BlockInheritance(const PictureTraits& reference, const AcDbDat
 }
 
 PictureTraits BlockInheritance::resolved(PictureTraits traits) const {
-    if (traits.layer == m_layerZero) traits.layer = m_reference.layer;
+    if (traits.layer.isNull() || traits.layer == m_layerZero) traits.layer = m_reference.layer;
     if (traits.color == 0) traits.color = m_reference.color;
     if (!m_byBlock.isNull() && traits.linetype == m_byBlock) traits.linetype = m_reference.linetype;
     if (traits.lineWeight == AcDb::kLnWtByBlock) traits.lineWeight = m_reference.lineWeight;

@@ -24,8 +24,8 @@ private:
 /// Calls `visit` for each visible entity, open for read. Nothing when the block cannot be opened.
 void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit);
 
-/// What the block draws in its own coordinates, with the reference's properties. A block that contains
-/// itself is left out where it would repeat; very large nests are cut.
+/// What the block draws in its own coordinates, with the reference's properties. A block that
+/// contains itself is left out where it would repeat; very large nests are cut.
 Picture blockPicture(AcDbObjectId block, const PictureTraits& reference);
 
 }  // namespace prancheta

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <memory>
 
+#include "dbents.h"
 #include "dbsymtb.h"
 #include "prancheta/entities/block_content.h"
 #include "prancheta/entities/common.h"
@@ -34,8 +35,8 @@ struct Frame {
     double rotation = 0.0;
 };
 
-/// False when the axes are no longer perpendicular or one has vanished. A mirror shows in the sign of
-/// the factor of x.
+/// False when the axes are no longer perpendicular or one has vanished. A mirror shows in the sign
+/// of the factor of x.
 bool frameOf(const AcGeMatrix3d& m, const AcGeVector3d& formerScale, Frame& frame) {
     AcGePoint3d origin;
     AcGeVector3d x;

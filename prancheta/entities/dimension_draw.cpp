@@ -83,8 +83,8 @@ void drawAligned(const AcDbAlignedDimension& dimension, AcGiGeometry& to) {
         line(layout.second + arm, layout.second + arm * 2.0, to);
     }
 
-    const AcGePoint3d start = dimension.textPosition() - reading * (textLength / 2.0) -
-                              up * (sizes.textHeight / 2.0);
+    const AcGePoint3d start =
+        dimension.textPosition() - reading * (textLength / 2.0) - up * (sizes.textHeight / 2.0);
     to.text(start, AcGeVector3d::kZAxis, reading, sizes.textHeight, 1.0, 0.0, text.c_str());
 }
 

@@ -9,8 +9,8 @@
 
 namespace prancheta {
 
-/// Values of the dimension's style (the database's current one for a null id, the standard ones without
-/// a database) with the dimension's own scale; `dimscale` is never 0.
+/// Values of the dimension's style (the database's current one for a null id, the standard ones
+/// without a database) with the dimension's own scale; `dimscale` is never 0.
 AcDbDimStyleValues styleValues(const AcDbDimension& dimension);
 
 /// Sizes of a style in drawing units, already multiplied by its scale.
@@ -19,16 +19,17 @@ struct DimensionSizes {
     double arrow, extensionOffset, extensionBeyond, textHeight, gap;
 };
 
-/// Frame and places of an aligned dimension. `along` and `across` are unit vectors, x and y when the
-/// points coincide.
+/// Frame and places of an aligned dimension. `along` and `across` are unit vectors, x and y when
+/// the points coincide.
 struct AlignedLayout {
     explicit AlignedLayout(const AcDbAlignedDimension& dimension);
 
-    AcGeVector3d along;    ///< from the first to the second extension line
-    AcGeVector3d across;   ///< towards the dimension line; left of `along` when that is on the points
-    AcGeVector3d slant;    ///< direction of the extension lines, unit
-    AcGePoint3d first;     ///< dimension line at the first extension line
-    AcGePoint3d second;    ///< dimension line at the second extension line
+    AcGeVector3d along;  ///< from the first to the second extension line
+    AcGeVector3d
+        across;          ///< towards the dimension line; left of `along` when that is on the points
+    AcGeVector3d slant;  ///< direction of the extension lines, unit
+    AcGePoint3d first;   ///< dimension line at the first extension line
+    AcGePoint3d second;  ///< dimension line at the second extension line
     AcGeVector3d reading;  ///< direction of the text: readable from below or from the right
 };
 

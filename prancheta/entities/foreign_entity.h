@@ -18,8 +18,9 @@ public:
 
     /// Name of the type in the file, upper case ("MTEXT").
     const std::string& typeName() const { return m_typeName; }
-    /// Groups of the type: subclass markers and data without the head that all entities share. An old
-    /// POLYLINE has its VERTEX and SEQEND records here too, each from its group 0, as they stood.
+    /// Groups of the type: subclass markers and data without the head that all entities share. An
+    /// old POLYLINE has its VERTEX and SEQEND records here too, each from its group 0, as they
+    /// stood.
     const RawTags& tags() const { return m_tags; }
     Acad::ErrorStatus setContent(std::string typeName, RawTags tags);
 
@@ -28,8 +29,8 @@ public:
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
-    /// eNotApplicable, and no change, for types whose groups are not known, for mirrors and for unequal
-    /// scales.
+    /// eNotApplicable, and no change, for types whose groups are not known, for mirrors and for
+    /// unequal scales.
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;
     void subList() const override;
 

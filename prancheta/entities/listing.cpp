@@ -18,8 +18,8 @@ constexpr int kDecimals = 4;
 
 std::wstring fixedText(double value, int decimals) {
     char digits[400];  // room for the largest double written out
-    const auto [end, error] = std::to_chars(digits, digits + sizeof digits, value,
-                                            std::chars_format::fixed, decimals);
+    const auto [end, error] =
+        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals);
     if (error != std::errc()) return L"?";
     std::wstring text(digits, end);
     const bool zero = text.find_first_not_of(L"-0.") == std::wstring::npos;

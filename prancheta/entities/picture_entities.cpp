@@ -8,9 +8,9 @@
 
 #include "dbpl.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/entity_picture.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/foreign_entity.h"
-#include "prancheta/graphics/picture_recorder.h"
 
 namespace prancheta {
 
@@ -76,7 +76,9 @@ void appendPline(const PrimitiveView& p, AcDbVoidPtrArray& out) {
 /// Solid hatch with one straight-sided path.
 std::unique_ptr<AcDbEntity> hatch(Points points) {
     RawTags tags;
-    const auto text = [&](int code, std::string value) { tags.push_back({code, std::move(value)}); };
+    const auto text = [&](int code, std::string value) {
+        tags.push_back({code, std::move(value)});
+    };
     const auto whole = [&](int code, std::size_t value) { text(code, std::to_string(value)); };
     text(100, "AcDbHatch");
     for (const int code : {10, 20}) whole(code, 0);
@@ -112,8 +114,8 @@ std::unique_ptr<AcDbEntity> area(Points p) {
 
 std::unique_ptr<AcDbEntity> arc(const PrimitiveView& p) {
     const double start = angleInPlane(p.start(), p.normal());
-    auto entity = std::make_unique<AcDbArc>(p.center(), p.radius(), start,
-                                            positiveAngle(start + p.sweep()));
+    auto entity =
+        std::make_unique<AcDbArc>(p.center(), p.radius(), start, positiveAngle(start + p.sweep()));
     (void)entity->setNormal(p.normal());
     return entity;
 }
@@ -141,9 +143,7 @@ PictureTraits traitsOf(const AcDbEntity& entity) {
 
 Picture pictureOf(AcDbEntity& entity) {
     Picture picture;
-    PictureRecorder recorder(picture);
-    recorder.begin(traitsOf(entity));
-    (void)entity.worldDraw(&recorder);
+    recordPicture(entity, picture);
     return picture;
 }
 

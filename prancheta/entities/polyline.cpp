@@ -204,10 +204,10 @@ void AcDbPolyline::subList() const {
         const Vertex& w = m_vertices[(i + 1) % count];
         // The area is that of the closed outline also for an open polyline.
         BulgeArc arc;
-        const bool round = arcOfBulge({v.x, v.y, 0}, {w.x, w.y, 0}, v.bulge, AcGeVector3d::kZAxis, arc);
+        const bool round =
+            arcOfBulge({v.x, v.y, 0}, {w.x, w.y, 0}, v.bulge, AcGeVector3d::kZAxis, arc);
         area += (v.x * w.y - w.x * v.y) / 2.0;
-        if (round)
-            area += arc.radius * arc.radius * (arc.sweep - std::sin(arc.sweep)) / 2.0;
+        if (round) area += arc.radius * arc.radius * (arc.sweep - std::sin(arc.sweep)) / 2.0;
         if (m_closed || i + 1 < count)
             length += round ? arc.radius * std::abs(arc.sweep) : std::hypot(w.x - v.x, w.y - v.y);
     }

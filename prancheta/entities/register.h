@@ -4,8 +4,8 @@
 
 namespace prancheta {
 
-/// Registers the classes of the simple entities, of dimensions and of foreign entities, and tells the
-/// database how to turn a picture into entities. Further calls do nothing.
+/// Registers the classes of the simple entities, of dimensions and of foreign entities, and tells
+/// the database how to turn a picture into entities. Further calls do nothing.
 void registerEntityClasses();
 
 }  // namespace prancheta

@@ -144,8 +144,8 @@ Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& m) {
     const AcGeVector3d up = m * AcGeVector3d::kZAxis.crossProduct(place.direction);
     const bool behind = along.crossProduct(up).z < 0.0;
     const bool readable = along.x > 1e-9 || (along.x > -1e-9 && along.y > 0.0);
-    // A mirror keeps the text readable in the mirrored place: either its foot becomes its head, or its
-    // right end its left one.
+    // A mirror keeps the text readable in the mirrored place: either its foot becomes its head, or
+    // its right end its left one.
     AcGeVector3d shift;
     if (behind) shift = readable ? up * place.height : along * width;
     const bool turned = behind && !readable;

@@ -6,8 +6,8 @@
 
 namespace prancheta {
 
-/// Left end of the baseline, reading direction, and the sizes with which the text is drawn (aligned and
-/// fitted texts derive them from their two points).
+/// Left end of the baseline, reading direction, and the sizes with which the text is drawn (aligned
+/// and fitted texts derive them from their two points).
 struct TextPlace {
     AcGePoint3d start;
     AcGeVector3d direction;

@@ -4,9 +4,12 @@
 // popup's 40.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "prancheta/dcl/build.h"
 #include "prancheta/dcl/layout.h"
 #include "prancheta/dcl/parser.h"
+#include "prancheta/dcl/row_cells.h"
 
 using namespace prancheta;
 using namespace prancheta::dcl;
@@ -113,4 +116,23 @@ dialog - 0,0 320x222
   boxed_row - 10,146 300x66
     toggle - 20,176 280x26
 )");
+}
+
+TEST(DclLayout, TabsOfListRows) {
+    Tile list;
+    const auto cells = [&](std::wstring_view row) {
+        std::string out;
+        for (const Cell& cell : cellsOf(list, row, Metrics{10, 20, {}}))
+            out += std::to_string(std::lround(cell.x)) + "+" +
+                   std::to_string(std::lround(cell.room)) + " ";
+        return out;
+    };
+    EXPECT_EQ(cells(L"a\tb\t\tc"), "0+0 80+0 160+0 240+0 ") << "every eighth character by default";
+    list.attributes["tabs"] = "4 10 20";
+    EXPECT_EQ(cells(L"a\tb\tc\td\te"), "0+0 40+0 100+0 200+0 240+0 ");
+    EXPECT_EQ(cells(L"comprido\tb\t\tc"), "0+0 100+0 200+0 240+0 ")
+        << "pushed on to the next free stop";
+    EXPECT_EQ(cells(L"quat\tb"), "0+0 40+0 ") << "a text that just fits stays";
+    list.attributes["tab_truncate"] = "true";
+    EXPECT_EQ(cells(L"comprido\tb\tc"), "0+40 40+60 100+0 ");
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "prancheta/base/text.h"
+#include "prancheta/slides/library.h"
 #include "support.h"
 
 using namespace prancheta;
@@ -408,6 +409,27 @@ TEST_F(DclRun, ImagesKeepTheirPaints) {
     ads_end_image();
     EXPECT_EQ(paints(again), 1U) << "the fill hides what was there";
     setMetrics({});
+}
+
+TEST_F(DclRun, SlidesAreLookedForInTheirLibrary) {
+    const dcltest::Folder folder;
+    const slides::Slide picture{20, 10, 2.0, {{7, {{0, 0}, {19, 9}}}}};
+    folder.write("Slides/PU.SLB",
+                 slides::writeLibrary({{"SECAO", slides::writeSlide(picture)}}).value());
+    const std::wstring library = folder.path().wstring() + L"\\Slides\\pu";
+    dcltest::Events events;
+    EXPECT_EQ(ads_start_image(form, L"botao"), RTNORM);
+    EXPECT_EQ(ads_fill_image(0, 0, 9, 9, -2), RTNORM);
+    EXPECT_EQ(ads_slide_image(0, 0, 9, 9, (library + L"(falta)").c_str()), RTERROR);
+    EXPECT_EQ(ads_slide_image(0, 0, 9, 9, (library + L"(secao)").c_str()), RTNORM);
+    EXPECT_EQ(ads_end_image(), RTNORM);
+    EXPECT_EQ(events.lines, Lines{"imagem chave=botao slide=pu(secao) cor=-2 achado=true"});
+    run(form, [](Dialog& d) {
+        const std::vector<Paint>& paints = d.find("botao")->paints;
+        ASSERT_EQ(paints.size(), 3U);
+        EXPECT_FALSE(paints[1].found);
+        EXPECT_TRUE(paints[2].found);
+    });
 }
 
 TEST_F(DclRun, FocusFollowsModesAndLeavesWhatIsDisabled) {

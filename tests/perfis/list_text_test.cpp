@@ -35,7 +35,7 @@ TEST_F(ListTexts, EncodingMarkAndLineEndsAreKept) {
 
 TEST_F(ListTexts, WhatIsNoUtf8IsTheCodePage) {
     // Overlong, surrogate, cut short, beyond the last character: one byte, one character.
-    for (const std::string bytes :
+    for (const std::string& bytes :
          {"\xC0\xAF"s, "\xED\xA0\x80"s, "\xE2\x82"s, "\xF4\x90\x80\x80"s, "50\xB0"s})
         EXPECT_EQ(thereAndBack(bytes).size(), bytes.size());
 }

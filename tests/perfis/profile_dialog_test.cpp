@@ -123,6 +123,21 @@ TEST_F(ProfileDialog, OtherCommandsDiscardTheirEdits) {
     EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 100\t60");
 }
 
+TEST_F(ProfileDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
+    host.play({L"h=60", L"b=60", L"t=3", L"vista0=0", L"OutraVista"});
+    host.play({L"l=1000", L"accept"});  // views
+    // Kept with a plate of 30 x 40, forgotten, refused.
+    host.play({L"travejar=1", L"travejar=0", L"travejar=1", L"vista0=1"});
+    host.play({L"altura=30", L"largura=40", L"accept"});
+    host.play({});
+    pcantdob();
+    EXPECT_EQ(host.eventsOf(L"abre"), (Texts{L"pl_geracao", L"vistas_geracao", L"pl_geracao",
+                                             L"zp_travejam", L"zp_travejam"}));
+    EXPECT_EQ(host.eventsOf(L"valor").back(), L"travejar: 0");
+    EXPECT_EQ(host.eventsOf(L"modo").back(), L"travejar: 1");
+    EXPECT_TRUE(host.has(L"modo travejar: 0"));
+}
+
 TEST_F(ProfileDialog, RolledRowsFillTheTilesAndNothingElse) {
     putList("pl_lam.lst", "50\t50\t5\t3.77\n60\t60\n");
     host.play({L"lista=0", L"lista=1"});

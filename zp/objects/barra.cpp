@@ -46,21 +46,25 @@ bool registraAplicacao(AcDbDatabase& desenho, const ACHAR* nome) {
     const AcDbObjectPointer<AcDbRegAppTable> tabela(desenho.regAppTableId(), AcDb::kForWrite);
     if (tabela.object() == nullptr) return false;
     auto registro = std::make_unique<AcDbRegAppTableRecord>();
-    if (registro->setName(nome) != Acad::eOk || tabela->add(registro.get()) != Acad::eOk) return false;
+    if (registro->setName(nome) != Acad::eOk || tabela->add(registro.get()) != Acad::eOk)
+        return false;
     (void)registro.release()->close();
     return true;
 }
 
 void gravaBarra(ZpObject& peca) {
     const Peca& p = Acesso::de(peca);
-    if (p.chapa() || peca.database() == nullptr || !registraAplicacao(*peca.database(), kZpGBarraApp)) return;
+    if (p.chapa() || peca.database() == nullptr ||
+        !registraAplicacao(*peca.database(), kZpGBarraApp))
+        return;
     ACHAR perfil[kZpTextoMax];
     ACHAR dimensoes[kZpTextoMax];
     (void)peca.getPerfil(perfil);  // the buffers are there
     (void)peca.getDimensoes(dimensoes);
-    const Lista nova(acutBuildList(AcDb::kDxfRegAppName, kZpGBarraApp, AcDb::kDxfXdInteger16, static_cast<int>(p.tipoBarra),
-                                   AcDb::kDxfXdAsciiString, perfil, AcDb::kDxfXdAsciiString, dimensoes,
-                                   AcDb::kDxfXdReal, p.comprimento, AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
+    const Lista nova(acutBuildList(AcDb::kDxfRegAppName, kZpGBarraApp, AcDb::kDxfXdInteger16,
+                                   static_cast<int>(p.tipoBarra), AcDb::kDxfXdAsciiString, perfil,
+                                   AcDb::kDxfXdAsciiString, dimensoes, AcDb::kDxfXdReal,
+                                   p.comprimento, AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
     const Lista velha(peca.xData(kZpGBarraApp));
     if (!nova || iguais(velha.get(), nova.get())) return;
     (void)peca.setXData(nova.get());  // a registered name and a short list: nothing is left to fail

@@ -6,8 +6,8 @@
 
 namespace zp {
 
-/// Writes role, profile, dimensions, length and mass under the application of the bar data; plates carry
-/// none. The piece is open for write. Nothing is recorded when they stand there already.
+/// Writes role, profile, dimensions, length and mass under the application of the bar data; plates
+/// carry none. The piece is open for write. Nothing is recorded when they stand there already.
 void gravaBarra(ZpObject& peca);
 
 /// Enters an application name in the drawing's table when it is missing.

@@ -7,7 +7,8 @@
 namespace zp {
 namespace {
 
-Traco linha(const Quadro& q, double x0, double y0, double x1, double y1, TipoDeLinha tipo = TipoDeLinha::Propria) {
+Traco linha(const Quadro& q, double x0, double y0, double x1, double y1,
+            TipoDeLinha tipo = TipoDeLinha::Propria) {
     return {{q.paraFora(x0, y0), q.paraFora(x1, y1)}, {}, 0.0, tipo};
 }
 
@@ -27,7 +28,8 @@ Traco contorno(const secao::Contorno& c, const Quadro& q, bool espelhado) {
 }
 
 Traco retangulo(const secao::Caixa& c, const Quadro& q) {
-    return {{q.paraFora(c.x0, c.y0), q.paraFora(c.x1, c.y0), q.paraFora(c.x1, c.y1), q.paraFora(c.x0, c.y1)},
+    return {{q.paraFora(c.x0, c.y0), q.paraFora(c.x1, c.y0), q.paraFora(c.x1, c.y1),
+             q.paraFora(c.x0, c.y1)},
             {0.0, 0.0, 0.0, 0.0},
             0.0,
             TipoDeLinha::Propria};
@@ -40,7 +42,8 @@ std::vector<Traco> longitudinal(const Peca& p, const Quadro& q) {
     for (const bool visivel : {true, false}) {
         for (const secao::Nivel& n : v.niveis)
             if (n.visivel == visivel)
-                tracos.push_back(linha(q, 0.0, n.w, L, n.w, visivel ? TipoDeLinha::Propria : TipoDeLinha::Oculta));
+                tracos.push_back(linha(q, 0.0, n.w, L, n.w,
+                                       visivel ? TipoDeLinha::Propria : TipoDeLinha::Oculta));
         if (!visivel) break;
         for (const double x : {0.0, L})
             for (const auto& [w0, w1] : v.trechos) tracos.push_back(linha(q, x, w0, x, w1));
@@ -73,7 +76,8 @@ std::vector<Traco> figuraDe(const Peca& peca) {
     if (peca.chapa()) return {retangulo(peca.figura(), q)};
     if (!peca.emSecao()) return longitudinal(peca, q);
     std::vector<Traco> tracos;
-    for (const secao::Contorno& c : peca.secao().contornos()) tracos.push_back(contorno(c, q, peca.espelhada));
+    for (const secao::Contorno& c : peca.secao().contornos())
+        tracos.push_back(contorno(c, q, peca.espelhada));
     return tracos;
 }
 
@@ -99,11 +103,14 @@ AcDbObjectId idDaLinha(AcDbDatabase* desenho, TipoDeLinha linha) {
 }
 
 void carregaLinhas(AcDbDatabase& desenho) {
-    if (!idDaLinha(&desenho, TipoDeLinha::Oculta).isNull() && !idDaLinha(&desenho, TipoDeLinha::Eixo).isNull()) return;
+    if (!idDaLinha(&desenho, TipoDeLinha::Oculta).isNull() &&
+        !idDaLinha(&desenho, TipoDeLinha::Eixo).isNull())
+        return;
     const AcDbObjectPointer<AcDbLinetypeTable> tabela(desenho.linetypeTableId(), AcDb::kForWrite);
     if (tabela.object() == nullptr) return;
     carrega(*tabela.object(), {L"HIDDEN", L"Hidden __ __ __ __ __ __ __ __", {6.35, -3.175}});
-    carrega(*tabela.object(), {L"CENTER", L"Center ____ _ ____ _ ____ _", {31.75, -6.35, 6.35, -6.35}});
+    carrega(*tabela.object(),
+            {L"CENTER", L"Center ____ _ ____ _ ____ _", {31.75, -6.35, 6.35, -6.35}});
 }
 
 }  // namespace zp

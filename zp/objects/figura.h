@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The picture of a piece as strokes in world coordinates: one list for the screen, explode and object snaps.
+// The picture of a piece as strokes in world coordinates: one list for the screen, explode and
+// object snaps.
 #pragma once
 
 #include <vector>

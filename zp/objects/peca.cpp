@@ -70,7 +70,9 @@ Quadro quadroCom(const AcGePoint3d& origem, double angulo, bool espelhado) {
 
 }  // namespace
 
-AcGeVector3d direcao(double angulo) { return {semPo(std::cos(angulo)), semPo(std::sin(angulo)), 0.0}; }
+AcGeVector3d direcao(double angulo) {
+    return {semPo(std::cos(angulo)), semPo(std::sin(angulo)), 0.0};
+}
 
 double anguloDe(const AcGeVector3d& v) {
     double a = std::atan2(v.y, v.x);
@@ -101,7 +103,9 @@ Quadro Peca::quadroDaFigura() const {
     return quadroCom(inicio, angulo + (espelhada ? -giro : giro), espelhada);
 }
 
-AcGePoint3d Peca::fim() const { return emSecao() ? inicio : inicio + direcao(angulo) * comprimento; }
+AcGePoint3d Peca::fim() const {
+    return emSecao() ? inicio : inicio + direcao(angulo) * comprimento;
+}
 
 secao::Caixa Peca::figura() const {
     if (chapa()) return figuraDaChapa(*this);

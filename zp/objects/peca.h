@@ -13,8 +13,8 @@
 
 namespace zp {
 
-/// Frame of a piece: origin at the start, x along the axis, y to the left of it, or to the right when the piece was
-/// mirrored. z is the drawing's.
+/// Frame of a piece: origin at the start, x along the axis, y to the left of it, or to the right
+/// when the piece was mirrored. z is the drawing's.
 struct Quadro {
     AcGePoint3d origem;
     AcGeVector3d x = AcGeVector3d::kXAxis;
@@ -29,7 +29,8 @@ AcGeVector3d direcao(double angulo);
 /// Angle of a direction in XY, [0, 2 pi), exact at multiples of a right angle.
 double anguloDe(const AcGeVector3d& v);
 
-/// One defining point of something linked, in the piece's frame: offset from the start or from the end.
+/// One defining point of something linked, in the piece's frame: offset from the start or from the
+/// end.
 struct PontoAprendido {
     AcGeVector3d desvio;
     bool noFim = false;
@@ -37,14 +38,14 @@ struct PontoAprendido {
 
 struct Ligacao {
     enum class Papel : std::uint8_t {
-        Cota = 0,  ///< a dimension of this piece
-        Segue = 1,   ///< a piece that goes where this one goes
-        Dona = 2,    ///< the piece that this one follows
+        Cota = 0,   ///< a dimension of this piece
+        Segue = 1,  ///< a piece that goes where this one goes
+        Dona = 2,   ///< the piece that this one follows
     };
     AcDbSoftPointerId id;
     Papel papel = Papel::Cota;
-    /// Points in use: the dimension's (two measured, one on the line, the text's when it was placed by hand) or the
-    /// piece's start.
+    /// Points in use: the dimension's (two measured, one on the line, the text's when it was placed
+    /// by hand) or the piece's start.
     std::uint8_t quantos = 0;
     bool espelhada = false;  ///< of a piece: mirrored relative to this one
     double angulo = 0.0;     ///< of a piece: relative to this one
@@ -63,7 +64,7 @@ struct Peca {
     double angulo = 0.0;
     double comprimento = 0.0;
     AcGePoint3d inicio;
-    std::array<AcGePoint3d, 2> pontos;                   ///< as handed to the constructor
+    std::array<AcGePoint3d, 2> pontos;                ///< as handed to the constructor
     std::array<double, secao::kMaxValores> dados{};   ///< as handed to the constructor
     std::array<double, secao::kMaxValores> atuais{};  ///< after scaling and changes
     std::unique_ptr<std::vector<Ligacao>> ligacoes;

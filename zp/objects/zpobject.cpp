@@ -50,7 +50,8 @@ ZpObject::ZpObject(int classe) : m_peca(std::make_unique<Peca>()) {
     m_peca->quantos = static_cast<std::uint8_t>(um > 0 ? um : zp::secao::quantos(d.doisPontos[0]));
 }
 
-ZpObject::ZpObject(int classe, const AcGePoint3d& ponto, ZpVistas vista, std::initializer_list<double> valores)
+ZpObject::ZpObject(int classe, const AcGePoint3d& ponto, ZpVistas vista,
+                   std::initializer_list<double> valores)
     : m_peca(std::make_unique<Peca>()) {
     Peca& p = *m_peca;
     p.classe = static_cast<zp::secao::Classe>(classe);
@@ -90,11 +91,16 @@ Acad::ErrorStatus ZpObject::tipoBarra(TipoBarra& tipo) const {
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpObject::LinkDim(const AcDbObjectId& cota) { return zp::liga(*this, cota, Ligacao::Papel::Cota); }
+Acad::ErrorStatus ZpObject::LinkDim(const AcDbObjectId& cota) {
+    return zp::liga(*this, cota, Ligacao::Papel::Cota);
+}
 
-Acad::ErrorStatus ZpObject::LinkPos(const AcDbObjectId& peca) { return zp::liga(*this, peca, Ligacao::Papel::Segue); }
+Acad::ErrorStatus ZpObject::LinkPos(const AcDbObjectId& peca) {
+    return zp::liga(*this, peca, Ligacao::Papel::Segue);
+}
 
-void ZpObject::GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2, AcGePoint3d& f3) const {
+void ZpObject::GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,
+                                     AcGePoint3d& f3) const {
     assertReadEnabled();
     const Caixa c = m_peca->figura();
     const zp::Quadro q = m_peca->quadroDaFigura();
@@ -193,17 +199,20 @@ double ZpObject::getComprimentoReal() const {
 
 Acad::ErrorStatus ZpObject::getPerfil(ACHAR* texto) const {
     assertReadEnabled();
-    return copiaTexto(zp::secao::textoPerfil(m_peca->classe, m_peca->papeis(), m_peca->subtipo), texto);
+    return copiaTexto(zp::secao::textoPerfil(m_peca->classe, m_peca->papeis(), m_peca->subtipo),
+                      texto);
 }
 
 Acad::ErrorStatus ZpObject::getDimensoes(ACHAR* texto) const {
     assertReadEnabled();
-    return copiaTexto(zp::secao::textoDimensoes(m_peca->classe, m_peca->papeis(), m_peca->subtipo), texto);
+    return copiaTexto(zp::secao::textoDimensoes(m_peca->classe, m_peca->papeis(), m_peca->subtipo),
+                      texto);
 }
 
 Acad::ErrorStatus ZpObject::leValor(int papel, double& valor) const {
     assertReadEnabled();
-    const zp::secao::Papeis* papeis = zp::secao::papeisDe(m_peca->classe, m_peca->forma, m_peca->quantos);
+    const zp::secao::Papeis* papeis =
+        zp::secao::papeisDe(m_peca->classe, m_peca->forma, m_peca->quantos);
     if (papeis == nullptr) return Acad::eNotApplicable;
     for (std::size_t i = 0; i < m_peca->quantos; ++i)
         if ((*papeis)[i] == static_cast<Papel>(papel)) {
@@ -215,7 +224,8 @@ Acad::ErrorStatus ZpObject::leValor(int papel, double& valor) const {
 
 Acad::ErrorStatus ZpObject::gravaValor(int papel, double valor) {
     if (!std::isfinite(valor)) return Acad::eInvalidInput;
-    const zp::secao::Papeis* papeis = zp::secao::papeisDe(m_peca->classe, m_peca->forma, m_peca->quantos);
+    const zp::secao::Papeis* papeis =
+        zp::secao::papeisDe(m_peca->classe, m_peca->forma, m_peca->quantos);
     if (papeis == nullptr) return Acad::eNotApplicable;
     for (std::size_t i = 0; i < m_peca->quantos; ++i)
         if ((*papeis)[i] == static_cast<Papel>(papel)) {
@@ -235,8 +245,8 @@ void ZpObject::getEcs(AcGeMatrix3d& ecs) const {
     ecs.setCoordSystem(q.origem, q.x, q.y, AcGeVector3d::kZAxis);
 }
 
-/// What the bar is must stand in the drawing before anybody else can open the piece, so it is written as the access
-/// that changed it ends.
+/// What the bar is must stand in the drawing before anybody else can open the piece, so it is
+/// written as the access that changed it ends.
 Acad::ErrorStatus ZpObject::subClose() {
     if (isWriteEnabled() && database() != nullptr && !isErased() && !isUndoing()) {
         if (isNewObject()) zp::carregaLinhas(*database());

@@ -41,7 +41,7 @@ CommandTask arx(CommandContext context) {
     ModuleTable& modules = context.editor().modules();
     const std::filesystem::path path = typedPath(name.text);
     const Result<void> done =
-        loading ? modules.load(path) : modules.unload(path.filename().wstring());
+        loading ? modules.load(path) : modules.unload(toWide(path.filename().string()));
     if (!done) {
         context.editor().complain(toWide(done.error().message()));
         co_return CommandEnd::Failed;

@@ -2,6 +2,7 @@
 // COPY: copies a selection, once or again and again.
 #include "prancheta/editor/commands/displacement.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
 
@@ -55,7 +56,7 @@ Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
     if (count.status != RTNORM) co_return count;
     constexpr double kMostItems = 32767;
     if (count.number < 2 || count.number > kMostItems) {
-        say(context, L"Requer um inteiro entre 2 e 32767.");
+        context.editor().complain(L"Requer um inteiro entre 2 e 32767.");
         co_return count;
     }
     InputValue second = co_await context.ask(

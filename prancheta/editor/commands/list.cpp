@@ -16,8 +16,8 @@ CommandTask list(CommandContext context) {
     for (const AcDbObjectId id : chosen.ids) {
         AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (entity.openStatus() != Acad::eOk) continue;
-        say(context, L"");
         entity->list();
+        say(context, L"");
     }
     co_return CommandEnd::Done;
 }

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// The toggle "travejar": turned on it asks for the lacing, turned off it forgets it.
+#include "perfis/commands/laced_run.h"
+
+#include "perfis/commands/profile_generator.h"
+#include "perfis/dialogs/lacing.h"
+#include "perfis/dialogs/tiles.h"
+#include "perfis/frame/portability.h"
+#include "perfis/output/plates.h"
+
+namespace perfis {
+namespace {
+
+constexpr const wchar_t* kToggle = L"travejar";
+
+class LacedRun : public ProfileRun {
+public:
+    LacedRun(const ProfileDescription& description, const ToggleLacing& lacing)
+        : ProfileRun(description), m_lacing(lacing) {}
+
+protected:
+    void wireOwnTiles(ads_hdlg dialog) override {
+        wireTile(dialog, {kToggle, dialogCallback<LacedRun, &LacedRun::onToggle>}, this);
+    }
+    void showOwnTiles(ads_hdlg dialog) override { setToggle(dialog, kToggle, m_plates.A > 0.0); }
+    void refresh(ads_hdlg dialog) override {
+        ProfileRun::refresh(dialog);
+        const bool valid = description().valid(state().medidas);
+        enableTile(dialog, kToggle, valid && isMember());
+    }
+    int generate() override;
+
+private:
+    bool isMember() { return !state().views.sectionOnly && state().views.length > 0.0; }
+    bool editLacing();
+    LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point);
+    void onToggle(const ads_callback_packet& packet);
+
+    const ToggleLacing& m_lacing;
+    TravejamentoParams m_plates;  ///< A = 0: no lacing
+    double m_spacing = 0.0;
+};
+
+/// False when the dialog was left without lacing.
+bool LacedRun::editLacing() {
+    const ViewsChoice& views = state().views;
+    TravejamentoLimites limites;
+    limites.somenteAltura = views.sectionOnly ? 1 : 0;
+    limites.pickngo = views.pickAndGo ? 1 : 0;
+    limites.comp = views.length;
+    limites.maxA = m_lacing.maxHeight(state().medidas);
+    TravejamentoParams params;
+    CalcPartes(params, views.length, m_spacing);
+    if (EditTravejamento(params, limites) == 0 || params.A == 0.0) return false;
+    m_plates = params;
+    (void)CalcEspacamento(m_plates, views.length, m_spacing);
+    return true;
+}
+
+void LacedRun::onToggle(const ads_callback_packet& packet) {
+    m_plates = {};
+    m_spacing = 0.0;
+    readMedidas(packet.dialog);
+    if (textToInt(packet.value) == 0 || editLacing()) return;
+    m_spacing = 0.0;
+    setToggle(packet.dialog, kToggle, false);
+}
+
+LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point) {
+    const Medidas& medidas = state().medidas;
+    PlateMaker maker(piece, {m_plates.C, medidas.t, m_plates.A});
+    const PlateRule rule = state().views.view == ZpObject::kVistaDireita
+                               ? onEdgeSwapped(m_lacing.edgeRow(medidas))
+                               : flat(m_plates.A / 2.0);
+    LaidPlates plates;
+    plates.ids = maker.row(point, {state().views.length, m_spacing}, rule);
+    plates.rows.push_back({plates.ids[1], static_cast<int>(plates.ids.size()), {}});
+    return plates;
+}
+
+int LacedRun::generate() {
+    if (m_plates.A <= 0.0 || !isMember()) return ProfileRun::generate();
+    // The member may have got another length since its lacing was edited: the parts are kept.
+    (void)CalcEspacamento(m_plates, state().views.length, m_spacing);
+    return generateProfile(
+        description(), state(),
+        [this](ZpObject& piece, const AcGePoint3d& point) { return layPlates(piece, point); });
+}
+
+}  // namespace
+
+void runLaced(const ProfileDescription& description, const ToggleLacing& lacing) {
+    runCommand<LacedRun>(description, lacing);
+}
+
+}  // namespace perfis

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// Rules of the lacing values.
+#include "perfis/dialogs/lacing.h"
+
+#include <charconv>
+#include <cwchar>
+#include <string>
+
+#include "perfis/entities/zpfuncoes.h"
+#include "perfis/frame/portability.h"
+
+namespace perfis {
+namespace {
+
+/// Fixed notation with two decimals, whatever the locale.
+std::wstring twoDecimals(double value) {
+    char text[350];
+    const auto end =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 2).ptr;
+    return {text, end};
+}
+
+/// Why the values are not acceptable; empty when they are.
+std::wstring faultOf(const TravejamentoParams& params, const TravejamentoLimites& limites) {
+    if (params.A == 0.0) return {};
+    if (limites.minA >= params.A)
+        return L"A deve ser maior que " + std::wstring(FormatInString(limites.minA));
+    if (params.A > limites.maxA)
+        return L"A deve ser menor ou igual a " + std::wstring(FormatInString(limites.maxA));
+    if (limites.somenteAltura != 0) return {};
+    if (params.C <= 0.0) return L"C deve ser maior que 0.0";
+    const double half = 0.5 * limites.comp;
+    if (params.C >= half) return L"C deve ser menor que comp/2 (" + twoDecimals(half) + L")";
+    if (params.n <= 0) return L"n deve ser maior que 0";
+    double L1 = 0.0;
+    (void)CalcEspacamento(params, limites.comp, L1);
+    // The number shown is C, which the user can compare with the spacing in its own tile.
+    if (params.C >= L1) return L"L1 deve ser maior que C (" + twoDecimals(params.C) + L")";
+    return {};
+}
+
+}  // namespace
+
+int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limites,
+                       wchar_t* mensagem) {
+    const std::wstring fault = faultOf(params, limites);
+    if (fault.empty()) return 1;
+    if (mensagem != nullptr) {
+        std::wcsncpy(mensagem, fault.c_str(), kMensagemTravejamento - 1);
+        mensagem[kMensagemTravejamento - 1] = L'\0';
+    }
+    return 0;
+}
+
+int CalcEspacamento(const TravejamentoParams& params, double comp, double& L1) {
+    if (params.n == 0) return 0;
+    L1 = (comp - params.C) / params.n;
+    if (L1 < 0.0) L1 = 0.0;
+    return 1;
+}
+
+void CalcPartes(TravejamentoParams& params, double comp, double& L1) {
+    if (params.C > L1) L1 = params.C;
+    params.n = realToInt((comp - params.C) / L1);
+    if (params.n < 1) params.n = 1;
+    (void)CalcEspacamento(params, comp, L1);
+}
+
+ZpString FormatDim(double valor) {
+    std::wstring text = twoDecimals(valor);
+    while (text.size() > 1 && text.back() == L'0') text.pop_back();
+    if (text.size() > 1 && text.back() == L'.') text.pop_back();
+    return ZpString(text.c_str());
+}
+
+}  // namespace perfis

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// Lays lacing plates: how many, where, how turned.
+#include "perfis/output/plates.h"
+
+#include <cmath>
+#include <memory>
+#include <numbers>
+
+#include "adscodes.h"
+#include "perfis/entities/zpfuncoes.h"
+#include "perfis/frame/portability.h"
+
+namespace perfis {
+namespace {
+constexpr double kHalfPi = std::numbers::pi / 2.0;
+constexpr PlateTurn kAlong{0.0, -kHalfPi};
+constexpr PlateTurn kSwapped{-kHalfPi, 0.0};
+}  // namespace
+
+int Arredonda(double x) {
+    const int whole = realToInt(x);
+    return x - whole < 0.5 ? whole : whole + 1;
+}
+
+PlateRule onEdgeSwapped(double y) { return {ZpObject::kVistaSecao, y, kAlong, kSwapped}; }
+PlateRule onEdge(double y) { return {ZpObject::kVistaSecao, y, kAlong, kAlong}; }
+PlateRule flat(double y) { return {ZpObject::kVistaEsquerda, y, kAlong, kAlong}; }
+
+std::vector<double> plateStations(const PlateSpacing& spacing, double width) {
+    std::vector<double> stations{0.0, spacing.comp - width};
+    const int spaces = Arredonda(spacing.comp / spacing.L1);
+    for (int k = 1; k < spaces; ++k) stations.push_back(k * spacing.L1);
+    return stations;
+}
+
+AcDbObjectId PlateMaker::plate(AcGePoint3d point, ZpObject::ZpVistas view, double d1, double d2,
+                               double d3, const PlateTurn& turn) {
+    auto chapa = std::make_unique<ZpChapa>(point, view, d1, d2, d3, turn.rot1, turn.rot2);
+    wchar_t standard[] = L"vista-chapa";
+    (void)chapa->setLayer(ZpLayerToUsr(standard), Adesk::kTrue, false);
+    AcDbObjectId id;
+    if (append(chapa.get(), id) != RTNORM) return AcDbObjectId::kNull;
+    (void)chapa.release()->close();
+    (void)m_member.LinkPos(id);
+    return id;
+}
+
+AcDbObjectId PlateMaker::plate(const AcGePoint3d& point, ZpObject::ZpVistas view,
+                               const PlateTurn& turn) {
+    return plate(point, view, m_size.C, m_size.t, m_size.A, turn);
+}
+
+std::vector<AcDbObjectId> PlateMaker::row(const AcGePoint3d& point, const PlateSpacing& spacing,
+                                          const PlateRule& rule) {
+    std::vector<AcDbObjectId> slots;
+    for (const double x : plateStations(spacing, m_size.C)) {
+        const PlateTurn& turn = slots.size() < 2 ? rule.ends : rule.between;
+        slots.push_back(
+            plate(AcGePoint3d(point.x + x, point.y + rule.y, point.z), rule.view, turn));
+    }
+    return slots;
+}
+
+void tiePlates(ZpObject& member, const std::vector<AcDbObjectId>& plates) {
+    for (AcDbObjectId id : plates) (void)member.LinkPos(id);
+}
+
+}  // namespace perfis

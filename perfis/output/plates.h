@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// Lacing plates along a member.
+#pragma once
+
+#include <vector>
+
+#include "perfis/entities/zpchapa.h"
+#include "perfis/output/material_list.h"
+
+namespace perfis {
+
+/// Truncated toward zero; a fraction of a half or more counts up. A negative number is truncated.
+int Arredonda(double x);
+
+/// Sizes of a plate in mm: along the member, thickness, across the member.
+struct PlateSize {
+    double C = 0.0;
+    double t = 0.0;
+    double A = 0.0;
+};
+
+/// How one plate stands.
+struct PlateTurn {
+    double rot1 = 0.0;
+    double rot2 = 0.0;
+};
+
+/// A row of equal plates along a member.
+struct PlateRule {
+    ZpObject::ZpVistas view;  ///< of the plates
+    double y;                 ///< of the row, from the member's point
+    PlateTurn ends;
+    PlateTurn between;
+};
+
+/// On edge, the intermediate plates with the angles of the end ones swapped.
+PlateRule onEdgeSwapped(double y);
+/// On edge, all alike.
+PlateRule onEdge(double y);
+/// Seen flat.
+PlateRule flat(double y);
+
+/// Where plates stand along a member: its length and the spacing of the plates, mm.
+struct PlateSpacing {
+    double comp = 0.0;
+    double L1 = 0.0;
+};
+
+/// Where the plates of a row start, from the member's point along its axis, slot by slot: both
+/// ends, then those between.
+std::vector<double> plateStations(const PlateSpacing& spacing, double width);
+
+/// What was laid along a member.
+struct LaidPlates {
+    std::vector<AcDbObjectId> ids;
+    /// One for each row of the material list.
+    std::vector<PlateRow> rows;
+};
+
+/// Makes plates for one member, which is open for write, on the layer of "vista-chapa". Each is put
+/// in the drawing, closed and tied to the member.
+class PlateMaker {
+public:
+    PlateMaker(ZpObject& member, const PlateSize& size) : m_member(member), m_size(size) {}
+
+    /// One plate of the maker's size.
+    AcDbObjectId plate(const AcGePoint3d& point, ZpObject::ZpVistas view, const PlateTurn& turn);
+    /// One plate of any values.
+    AcDbObjectId plate(AcGePoint3d point, ZpObject::ZpVistas view, double d1, double d2, double d3,
+                       const PlateTurn& turn);
+    /// Both end plates, then those between them, from the member's point on. Slot 1 is the far end.
+    std::vector<AcDbObjectId> row(const AcGePoint3d& point, const PlateSpacing& spacing,
+                                  const PlateRule& rule);
+
+private:
+    ZpObject& m_member;
+    PlateSize m_size;
+};
+
+/// Ties every plate to the member once more, after its dimensions.
+void tiePlates(ZpObject& member, const std::vector<AcDbObjectId>& plates);
+
+}  // namespace perfis

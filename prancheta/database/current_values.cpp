@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+// Variables that stand for something in the drawing: current layer, styles, dimension values.
+#include <cmath>
+#include <iterator>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+
+namespace prancheta {
+namespace {
+
+struct NamedVariable {
+    const wchar_t* name;
+    DatabaseCore::Current which;
+    DatabaseCore::TableIndex table;
+    const char* unknown;
+};
+const NamedVariable kNamed[] = {
+    {L"CLAYER", DatabaseCore::kLayer, DatabaseCore::kLayers, "não existe a camada "},
+    {L"CELTYPE", DatabaseCore::kLinetype, DatabaseCore::kLinetypes, "não existe o tipo de linha "},
+    {L"TEXTSTYLE", DatabaseCore::kTextStyle, DatabaseCore::kTextStyles,
+     "não existe o estilo de texto "},
+    {L"DIMSTYLE", DatabaseCore::kDimStyle, DatabaseCore::kDimStyles,
+     "não existe o estilo de cota "},
+};
+
+struct StyleReal {
+    const wchar_t* name;
+    double AcDbDimStyleValues::*member;
+};
+const StyleReal kStyleReals[] = {
+    {L"DIMASZ", &AcDbDimStyleValues::dimasz}, {L"DIMEXO", &AcDbDimStyleValues::dimexo},
+    {L"DIMDLI", &AcDbDimStyleValues::dimdli}, {L"DIMEXE", &AcDbDimStyleValues::dimexe},
+    {L"DIMTXT", &AcDbDimStyleValues::dimtxt}, {L"DIMGAP", &AcDbDimStyleValues::dimgap},
+};
+
+struct StyleInteger {
+    const wchar_t* name;
+    Adesk::Int16 AcDbDimStyleValues::*member;
+};
+const StyleInteger kStyleIntegers[] = {
+    {L"DIMTAD", &AcDbDimStyleValues::dimtad}, {L"DIMTIH", &AcDbDimStyleValues::dimtih},
+    {L"DIMTOH", &AcDbDimStyleValues::dimtoh}, {L"DIMDEC", &AcDbDimStyleValues::dimdec},
+    {L"DIMZIN", &AcDbDimStyleValues::dimzin}, {L"DIMDSEP", &AcDbDimStyleValues::dimdsep},
+};
+
+constexpr const wchar_t* kStyleText = L"DIMTXSTY";
+
+template <class Entry, std::size_t n>
+const Entry* findEntry(const Entry (&table)[n], std::wstring_view name) {
+    for (const Entry& entry : table)
+        if (name == entry.name) return &entry;
+    return nullptr;
+}
+
+bool livesInStyle(std::wstring_view name) {
+    return findEntry(kStyleReals, name) != nullptr || findEntry(kStyleIntegers, name) != nullptr ||
+           name == kStyleText;
+}
+
+AcDbObjectId lookup(AcDbObjectId tableId, const std::wstring& name) {
+    const AcDbStub* stub = tableId;
+    return ObjectAccess::lookup(static_cast<const AcDbSymbolTable&>(*stub->object), name);
+}
+
+std::wstring nameOf(AcDbObjectId record) {
+    const AcDbStub* stub = record;
+    if (stub == nullptr) return {};
+    return ObjectAccess::name(static_cast<const AcDbSymbolTableRecord&>(*stub->object));
+}
+
+/// Canonical form of a colour's name; empty when it is none.
+std::wstring colorName(const std::wstring& text) {
+    if (equalNoCase(text, L"BYLAYER") || equalNoCase(text, L"PORCAMADA")) return L"BYLAYER";
+    if (equalNoCase(text, L"BYBLOCK") || equalNoCase(text, L"PORBLOCO")) return L"BYBLOCK";
+    double number = 0.0;
+    if (!parseNumber(std::wstring_view(text), number)) return {};
+    if (number < 1.0 || number > 255.0 || number != std::floor(number)) return {};
+    return std::to_wstring(static_cast<int>(number));
+}
+
+Error refusal(const VariableInfo& info, const std::string& why) {
+    return {toUtf8(info.name) + ": " + why, {}, 0, 0};
+}
+
+}  // namespace
+
+// A value that lives in the dimension style is recorded with the style, not a second time by name.
+void DatabaseCore::linkVariables() {
+    m_variables.setDrawingHooks({[this](const VariableInfo& info, const VariableValue& value) {
+                                     return checkVariable(info, value);
+                                 },
+                                 [this](const VariableInfo& info) {
+                                     if (info.access == VariableAccess::ReadWrite &&
+                                         !livesInStyle(info.name))
+                                         m_undo.recordVariable(info.name);
+                                 },
+                                 [this](VariableInfo& info) { variableChanged(info); }});
+}
+
+Result<void> DatabaseCore::checkVariable(const VariableInfo& info,
+                                         const VariableValue& value) const {
+    const auto* text = std::get_if<std::wstring>(&value);
+    if (const NamedVariable* named = findEntry(kNamed, info.name)) {
+        const AcDbObjectId id = lookup(m_tables[named->table], *text);
+        if (id.isNull()) return refusal(info, named->unknown + ("\"" + toUtf8(*text) + "\"."));
+        if (named->which != kLayer) return {};
+        const AcDbStub* stub = id;
+        if (static_cast<const AcDbLayerTableRecord*>(stub->object)->isFrozen())
+            return refusal(info, "a camada \"" + toUtf8(*text) + "\" está congelada.");
+        return {};
+    }
+    if (info.name == L"CECOLOR" && colorName(*text).empty())
+        return refusal(info, "use BYLAYER, BYBLOCK ou um número de 1 a 255.");
+    if (!livesInStyle(info.name)) return {};
+    if (info.name == kStyleText && lookup(m_tables[kTextStyles], *text).isNull())
+        return refusal(info, "não existe o estilo de texto \"" + toUtf8(*text) + "\".");
+    const AcDbStub* style = m_current[kDimStyle];
+    if (style != nullptr && (style->writer || style->readers > 0))
+        return refusal(info, "o estilo de cota está em uso.");
+    return {};
+}
+
+void DatabaseCore::variableChanged(VariableInfo& info) {
+    if (const NamedVariable* named = findEntry(kNamed, info.name)) {
+        const AcDbObjectId id = lookup(m_tables[named->table], std::get<std::wstring>(info.value));
+        if (!id.isNull()) m_current[named->which] = id;
+        info.value = nameOf(m_current[named->which]);
+        const AcDbStub* stub = m_current[named->which];
+        if (named->which != kDimStyle || stub == nullptr) return;
+        showDimStyle();
+        if (!m_undo.undoing())
+            m_variables.force(
+                L"DIMSCALE",
+                static_cast<const AcDbDimStyleTableRecord*>(stub->object)->values().dimscale);
+        return;
+    }
+    if (info.name == L"CECOLOR") {
+        const std::wstring name = colorName(std::get<std::wstring>(info.value));
+        info.value = name.empty() ? L"BYLAYER" : name;
+    }
+    if (!livesInStyle(info.name)) return;
+    AcDbDimStyleTableRecord* style = nullptr;
+    if (acdbOpenObject(style, m_current[kDimStyle], AcDb::kForWrite) != Acad::eOk)
+        return showDimStyle();
+    AcDbDimStyleValues values = style->values();
+    if (const StyleReal* entry = findEntry(kStyleReals, info.name))
+        values.*entry->member = std::get<double>(info.value);
+    if (const StyleInteger* entry = findEntry(kStyleIntegers, info.name))
+        values.*entry->member = std::get<short>(info.value);
+    if (info.name == kStyleText)
+        (void)style->setDimtxsty(lookup(m_tables[kTextStyles], std::get<std::wstring>(info.value)));
+    else
+        (void)style->setValues(values);
+    style->close();
+}
+
+void DatabaseCore::showCurrent() {
+    for (const NamedVariable& named : kNamed)
+        m_variables.mirror(named.name, nameOf(m_current[named.which]));
+    showDimStyle();
+}
+
+void DatabaseCore::showDimStyle() {
+    const AcDbStub* stub = m_current[kDimStyle];
+    if (stub == nullptr) return;
+    const auto& style = static_cast<const AcDbDimStyleTableRecord&>(*stub->object);
+    for (const StyleReal& entry : kStyleReals)
+        m_variables.mirror(entry.name, style.values().*entry.member);
+    for (const StyleInteger& entry : kStyleIntegers)
+        m_variables.mirror(entry.name, static_cast<short>(style.values().*entry.member));
+    m_variables.mirror(kStyleText, nameOf(style.dimtxsty()));
+}
+
+void DatabaseCore::recordChanged(const AcDbObject& record) {
+    for (AcDbObjectId id : m_current)
+        if (id == record.objectId()) return showCurrent();
+    const AcDbStub* style = m_current[kDimStyle];
+    if (style != nullptr &&
+        record.objectId() == static_cast<AcDbDimStyleTableRecord*>(style->object)->dimtxsty())
+        showDimStyle();
+}
+
+}  // namespace prancheta

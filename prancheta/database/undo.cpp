@@ -1,0 +1,342 @@
+// SPDX-License-Identifier: MIT
+// Undo and redo. A record holds the state that the drawing does not have; going back or forth
+// exchanges the two, so both directions are one code. Cost: O(records of the group).
+#include "prancheta/database/undo.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "prancheta/database/memory_filer.h"
+#include "prancheta/database/object_access.h"
+
+namespace prancheta {
+namespace {
+
+struct SavedVariable {
+    std::wstring name;
+    VariableValue value;
+};
+
+/// Dwg fields of an object, in exactly as many bytes as they need.
+struct SavedState {
+    std::unique_ptr<char[]> bytes;
+    std::size_t size = 0;
+};
+
+SavedState stateOf(const AcDbObject& object) {
+    MemoryFiler filer(AcDb::kUndoFiler);
+    (void)object.dwgOutFields(&filer);  // what it failed to write it fails to read, too
+    SavedState state;
+    state.size = filer.bytes().size();
+    state.bytes = std::make_unique_for_overwrite<char[]>(state.size);
+    std::copy(filer.bytes().begin(), filer.bytes().end(), state.bytes.get());
+    return state;
+}
+
+void putBack(AcDbObject& object, const SavedState& state) {
+    AcDbStub& stub = *ObjectAccess::stub(object);
+    const bool writer = std::exchange(stub.writer, true);
+    const bool modified = stub.modified;
+    MemoryFiler filer(AcDb::kUndoFiler, {state.bytes.get(), state.size});
+    (void)object.dwgInFields(&filer);
+    stub.writer = writer;
+    stub.modified = modified;
+    stub.recorded = false;
+}
+
+}  // namespace
+
+struct UndoLog::Record {
+    enum Kind : std::uint8_t { Modified, Appended, Erased, Variable };
+    Kind kind = Modified;
+    bool erased = false;  // Erased: what the object became
+    AcDbStub* stub = nullptr;
+    SavedState state;
+    std::unique_ptr<SavedVariable> variable;
+};
+
+struct UndoLog::Group {
+    std::wstring name;
+    std::vector<Record> records;
+    std::uint64_t before = 0;  // revisions
+    std::uint64_t after = 0;
+};
+
+UndoLog::UndoLog(AcDbDatabase& database) : m_database(database) {}
+UndoLog::~UndoLog() = default;
+
+// --- Groups --------------------------------------------------------------------------------------
+
+void UndoLog::begin(std::wstring commandName) {
+    if (m_depth++ > 0) return;
+    m_open = std::make_unique<Group>();
+    m_open->name = std::move(commandName);
+    m_open->before = m_revision;
+}
+
+void UndoLog::end() {
+    if (m_depth == 0 || --m_depth > 0) return;
+    const std::unique_ptr<Group> group = std::move(m_open);
+    closeGroup(std::move(*group));
+}
+
+void UndoLog::closeGroup(Group group) {
+    if (group.records.empty()) return;
+    // An object that stays open beyond the group is recorded anew when it changes again.
+    for (const Record& record : group.records)
+        if (record.stub != nullptr) record.stub->recorded = false;
+    group.after = m_revision;
+    group.records.shrink_to_fit();
+    m_undone.clear();
+    m_done.push_back(std::move(group));
+}
+
+void UndoLog::flushOpenGroup() {
+    if (m_open == nullptr || m_open->records.empty()) return;
+    Group group;
+    group.name = m_open->name;
+    std::swap(group, *m_open);
+    closeGroup(std::move(group));
+    m_open->before = m_revision;
+}
+
+void UndoLog::rollbackOpenGroup() {
+    if (m_open == nullptr || m_open->records.empty() || m_undoing) return;
+    exchange(*m_open, true);
+    m_open->records.clear();
+    m_revision = m_open->before;
+}
+
+bool UndoLog::undo(std::wstring* name) {
+    if (m_undoing) return false;
+    flushOpenGroup();
+    if (m_done.empty()) return false;
+    Group group = std::move(m_done.back());
+    m_done.pop_back();
+    exchange(group, true);
+    m_revision = group.before;
+    if (m_open) m_open->before = m_revision;
+    if (name != nullptr) *name = group.name;
+    m_undone.push_back(std::move(group));
+    forgetStale();
+    return true;
+}
+
+bool UndoLog::redo(std::wstring* name) {
+    if (m_undoing) return false;
+    flushOpenGroup();
+    if (m_undone.empty()) return false;
+    Group group = std::move(m_undone.back());
+    m_undone.pop_back();
+    exchange(group, false);
+    m_revision = group.after;
+    if (m_open) m_open->before = m_revision;
+    if (name != nullptr) *name = group.name;
+    m_done.push_back(std::move(group));
+    return true;
+}
+
+void UndoLog::forgetStale() {
+    while (!m_marks.empty() && m_marks.back() > m_done.size()) m_marks.pop_back();
+    m_userStart = std::min(m_userStart, m_done.size());
+}
+
+void UndoLog::mark() {
+    flushOpenGroup();
+    m_marks.push_back(m_done.size());
+}
+
+bool UndoLog::backToMark() {
+    flushOpenGroup();
+    if (m_marks.empty()) return false;
+    const std::size_t target = m_marks.back();
+    while (m_done.size() > target)
+        if (!undo()) return false;
+    m_marks.pop_back();
+    return true;
+}
+
+void UndoLog::beginUserGroup() {
+    if (m_userDepth++ > 0) return;
+    flushOpenGroup();
+    m_userStart = m_done.size();
+}
+
+void UndoLog::endUserGroup() {
+    if (m_userDepth == 0 || --m_userDepth > 0) return;
+    flushOpenGroup();
+    if (m_done.size() < m_userStart + 2) return;
+    Group& whole = m_done[m_userStart];
+    whole.name = L"GRUPO";
+    for (std::size_t i = m_userStart + 1; i < m_done.size(); ++i) {
+        auto& records = m_done[i].records;
+        std::move(records.begin(), records.end(), std::back_inserter(whole.records));
+        whole.after = m_done[i].after;
+    }
+    m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(m_userStart) + 1, m_done.end());
+    m_undone.clear();
+    forgetStale();
+}
+
+void UndoLog::clear() {
+    m_done.clear();
+    m_undone.clear();
+    m_marks.clear();
+    m_userDepth = 0;
+    m_userStart = 0;
+    if (m_open == nullptr) return;
+    m_open->records.clear();
+    m_open->before = m_revision;
+}
+
+std::size_t UndoLog::groupCount() const { return m_done.size(); }
+
+// --- Records -------------------------------------------------------------------------------------
+
+void UndoLog::add(Record record) {
+    const std::uint64_t before = std::exchange(m_revision, ++m_lastRevision);
+    if (m_open != nullptr) {
+        m_open->records.push_back(std::move(record));
+        return;
+    }
+    Group alone;
+    alone.before = before;
+    alone.after = m_revision;
+    alone.records.push_back(std::move(record));
+    m_undone.clear();
+    m_done.push_back(std::move(alone));
+}
+
+void UndoLog::recordModified(AcDbObject& object) {
+    if (!m_recording || m_undoing) return;
+    Record record;
+    record.stub = object.objectId();
+    record.state = stateOf(object);
+    add(std::move(record));
+}
+
+void UndoLog::recordAppended(AcDbObject& object) {
+    if (!m_recording || m_undoing) return;
+    Record record;
+    record.kind = Record::Appended;
+    record.stub = object.objectId();
+    add(std::move(record));
+}
+
+void UndoLog::recordErased(AcDbObject& object, bool erased) {
+    if (!m_recording || m_undoing) return;
+    Record record;
+    record.kind = Record::Erased;
+    record.erased = erased;
+    record.stub = object.objectId();
+    add(std::move(record));
+}
+
+void UndoLog::recordVariable(std::wstring name) {
+    if (!m_recording || m_undoing) return;
+    const VariableInfo* info = m_database.core().variables().find(name);
+    if (info == nullptr) return;
+    Record record;
+    record.kind = Record::Variable;
+    record.variable = std::make_unique<SavedVariable>(SavedVariable{std::move(name), info->value});
+    add(std::move(record));
+}
+
+bool UndoLog::takeLast(const AcDbStub* stub, int kind, Record& taken) {
+    const auto takeFrom = [&](std::vector<Record>& records) {
+        for (std::size_t i = records.size(); i-- > 0;) {
+            if (records[i].stub != stub || records[i].kind != kind) continue;
+            taken = std::move(records[i]);
+            records.erase(records.begin() + static_cast<std::ptrdiff_t>(i));
+            return true;
+        }
+        return false;
+    };
+    if (m_open != nullptr && takeFrom(m_open->records)) return true;
+    for (std::size_t i = m_done.size(); i-- > 0;) {
+        if (!takeFrom(m_done[i].records)) continue;
+        if (!m_done[i].records.empty()) return true;
+        m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(i));
+        for (std::size_t& mark : m_marks)
+            if (mark > i) --mark;
+        if (m_userStart > i) --m_userStart;
+        return true;
+    }
+    return false;
+}
+
+void UndoLog::takeBack(AcDbObject& object) {
+    if (m_undoing) return;
+    AcDbStub* stub = object.objectId();
+    Record record;
+    m_undoing = true;
+    if (stub->isNew) {
+        (void)takeLast(stub, Record::Appended, record);  // not there when recording was off
+        stub->erased = true;
+    } else {
+        if (stub->erased != stub->wasErased && takeLast(stub, Record::Erased, record)) {
+            stub->erased = stub->wasErased;
+            if (!stub->erased) ObjectAccess::cameBack(object);
+        }
+        if (stub->recorded && takeLast(stub, Record::Modified, record))
+            putBack(object, record.state);
+    }
+    m_undoing = false;
+}
+
+// --- Exchange ------------------------------------------------------------------------------------
+
+void UndoLog::exchangeRecord(Record& record, bool backwards) {
+    switch (record.kind) {
+        case Record::Modified: {
+            SavedState present = stateOf(*record.stub->object);
+            putBack(*record.stub->object, record.state);
+            record.state = std::move(present);
+            return;
+        }
+        case Record::Appended:
+        case Record::Erased:
+            record.stub->erased =
+                record.kind == Record::Appended ? backwards : record.erased != backwards;
+            record.stub->wasErased = record.stub->erased;
+            record.stub->recorded = false;
+            if (!record.stub->erased) ObjectAccess::cameBack(*record.stub->object);
+            return;
+        case Record::Variable: {
+            SystemVariables& variables = m_database.core().variables();
+            VariableValue present = variables.find(record.variable->name)->value;
+            variables.force(record.variable->name, record.variable->value);
+            record.variable->value = std::move(present);
+            return;
+        }
+    }
+}
+
+// Reactors are told when everything is in place, so that they never see half of a group.
+void UndoLog::notify(const Group& group, bool backwards) {
+    DatabaseCore& core = m_database.core();
+    std::unordered_set<const AcDbStub*> told;
+    const std::size_t count = group.records.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const Record& record = group.records[backwards ? count - 1 - i : i];
+        if (record.stub == nullptr) continue;
+        const AcDbObject& object = *record.stub->object;
+        if (record.kind == Record::Appended) core.notifyUnAppended(object, !backwards);
+        if (record.kind == Record::Erased) core.notifyErased(object, record.erased != backwards);
+        if (record.kind == Record::Modified && !record.stub->erased &&
+            (count == 1 || told.insert(record.stub).second))
+            core.notifyModified(object);
+    }
+}
+
+void UndoLog::exchange(Group& group, bool backwards) {
+    m_undoing = true;
+    const std::size_t count = group.records.size();
+    for (std::size_t i = 0; i < count; ++i)
+        exchangeRecord(group.records[backwards ? count - 1 - i : i], backwards);
+    notify(group, backwards);
+    m_undoing = false;
+}
+
+}  // namespace prancheta

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+// The literal table of system variables.
+#include "prancheta/database/variable_table.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace prancheta {
+namespace {
+
+constexpr double kPositive = std::numeric_limits<double>::min();
+constexpr double kAny = 1e300;
+
+VariableInfo integer(const wchar_t* name, short value, double minimum, double maximum,
+                     VariableHome home = VariableHome::Session) {
+    return {name, value, home, VariableAccess::ReadWrite, minimum, maximum};
+}
+VariableInfo drawingInteger(const wchar_t* name, short value, double minimum, double maximum) {
+    return integer(name, value, minimum, maximum, VariableHome::Drawing);
+}
+VariableInfo real(const wchar_t* name, double value, double minimum = -kAny) {
+    return {name, value, VariableHome::Drawing, VariableAccess::ReadWrite, minimum, kAny};
+}
+VariableInfo drawingText(const wchar_t* name, const wchar_t* value) {
+    return {name, std::wstring(value), VariableHome::Drawing, VariableAccess::ReadWrite, -kAny,
+            kAny};
+}
+VariableInfo readOnly(const wchar_t* name, VariableValue value,
+                      VariableHome home = VariableHome::Session) {
+    return {name, std::move(value), home, VariableAccess::ReadOnly, -kAny, kAny};
+}
+VariableInfo point(const wchar_t* name) {
+    return {name, AcGePoint3d(), VariableHome::Session, VariableAccess::ReadWrite, -kAny, kAny};
+}
+
+}  // namespace
+
+// Names, defaults and dimension sizes are those that users of such programs know; DIM* values are
+// the metric ones of style Standard. What is switched while working (ORTHOMODE, ...) belongs to the
+// session, so that it neither counts as a change of the drawing nor as a step of undo.
+std::vector<VariableInfo> variableTable() {
+    std::vector<VariableInfo> all = {
+        readOnly(L"ACADVER", std::wstring(L"18.0s")),
+        real(L"ANGBASE", 0.0),
+        drawingInteger(L"ANGDIR", 0, 0, 1),
+        integer(L"APERTURE", 10, 1, 50),
+        integer(L"ATTREQ", 1, 0, 1),
+        drawingInteger(L"AUNITS", 0, 0, 4),
+        drawingInteger(L"AUPREC", 0, 0, 8),
+        drawingText(L"CECOLOR", L"BYLAYER"),
+        real(L"CELTSCALE", 1.0, kPositive),
+        drawingText(L"CELTYPE", L"ByLayer"),
+        drawingText(L"CLAYER", L"0"),
+        readOnly(L"CMDACTIVE", short{0}),
+        integer(L"CMDECHO", 1, 0, 1),
+        readOnly(L"CMDNAMES", std::wstring()),
+        real(L"DIMASZ", 2.5, 0.0),
+        drawingInteger(L"DIMDEC", 2, 0, 8),
+        real(L"DIMDLI", 3.75, 0.0),
+        drawingInteger(L"DIMDSEP", L',', 32, 255),
+        real(L"DIMEXE", 1.25, 0.0),
+        real(L"DIMEXO", 0.625, 0.0),
+        real(L"DIMGAP", 0.625),
+        real(L"DIMSCALE", 1.0, 0.0),
+        drawingText(L"DIMSTYLE", L"Standard"),
+        drawingInteger(L"DIMTAD", 1, 0, 4),
+        drawingInteger(L"DIMTIH", 0, 0, 1),
+        drawingInteger(L"DIMTOH", 0, 0, 1),
+        real(L"DIMTXT", 2.5, kPositive),
+        drawingText(L"DIMTXSTY", L"Standard"),
+        drawingInteger(L"DIMZIN", 8, 0, 15),
+        integer(L"DRAGMODE", 2, 0, 2),
+        readOnly(L"DWGNAME", std::wstring(L"Desenho1.dxf")),
+        readOnly(L"DWGPREFIX", std::wstring()),
+        integer(L"ERRNO", 0, 0, 32767),
+        integer(L"EXPERT", 0, 0, 5),
+        readOnly(L"EXTMAX", AcGePoint3d(-1e20, -1e20, -1e20), VariableHome::Drawing),
+        readOnly(L"EXTMIN", AcGePoint3d(1e20, 1e20, 1e20), VariableHome::Drawing),
+        integer(L"FILEDIA", 1, 0, 1),
+        drawingInteger(L"FILLMODE", 1, 0, 1),
+        integer(L"GRIDMODE", 0, 0, 1),
+        integer(L"HIGHLIGHT", 1, 0, 1),
+        drawingInteger(L"INSUNITS", 4, 0, 20),
+        readOnly(L"LASTANGLE", 0.0),
+        point(L"LASTPOINT"),
+        real(L"LTSCALE", 1.0, kPositive),
+        drawingInteger(L"LUNITS", 2, 1, 5),
+        drawingInteger(L"LUPREC", 4, 0, 8),
+        integer(L"LWDISPLAY", 0, 0, 1),
+        drawingInteger(L"MEASUREMENT", 1, 0, 1),
+        integer(L"ORTHOMODE", 0, 0, 1),
+        integer(L"OSMODE", 4133, 0, 32767),
+        integer(L"OSNAPCOORD", 2, 0, 2),
+        integer(L"PICKADD", 1, 0, 2),
+        integer(L"PICKAUTO", 1, 0, 1),
+        integer(L"PICKBOX", 3, 0, 50),
+        integer(L"PICKFIRST", 1, 0, 1),
+        integer(L"REGENMODE", 1, 0, 1),
+        readOnly(L"SCREENSIZE", AcGePoint3d()),
+        integer(L"SNAPMODE", 0, 0, 1),
+        drawingText(L"TEXTSTYLE", L"Standard"),
+        integer(L"TILEMODE", 1, 0, 1),
+        integer(L"UCSICON", 3, 0, 3),
+        readOnly(L"VIEWCTR", AcGePoint3d()),
+        readOnly(L"VIEWSIZE", 297.0),
+    };
+    std::sort(all.begin(), all.end(),
+              [](const VariableInfo& a, const VariableInfo& b) { return a.name < b.name; });
+    return all;
+}
+
+}  // namespace prancheta

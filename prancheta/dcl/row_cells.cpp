@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// Tab stops of list boxes and popups.
+#include "prancheta/dcl/row_cells.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "prancheta/base/text.h"
+#include "prancheta/dcl/tile_value.h"
+
+namespace prancheta::dcl {
+namespace {
+
+constexpr double kUsualStep = 8.0;
+
+/// Stops in characters, as far as the text makes sense.
+std::vector<double> stopsOf(std::string_view text) {
+    std::vector<double> stops;
+    for (text = trim(text); !text.empty(); text = trim(text)) {
+        const std::size_t end = std::min(text.find_first_of(" \t\n"), text.size());
+        double stop = 0;
+        if (!parseNumber(text.substr(0, end), stop)) break;
+        if (std::isfinite(stop) && stop > (stops.empty() ? 0 : stops.back())) stops.push_back(stop);
+        text.remove_prefix(end);
+    }
+    return stops;
+}
+
+/// The first stop that is not before `at`, both in characters.
+double stopFrom(const std::vector<double>& stops, double at) {
+    const auto it = std::lower_bound(stops.begin(), stops.end(), at);
+    return it != stops.end() ? *it : std::ceil(at / kUsualStep) * kUsualStep;
+}
+
+}  // namespace
+
+std::vector<Cell> cellsOf(const Tile& list, std::wstring_view row, const Metrics& metrics) {
+    const std::vector<double> stops = stopsOf(list.attribute("tabs"));
+    const bool cut = flagAttribute(list, "tab_truncate");
+    const double unit = metrics.characterWidth;
+    std::vector<Cell> cells;
+    double x = 0;
+    for (std::size_t start = 0; start <= row.size();) {
+        const std::size_t end = std::min(row.find(L'\t', start), row.size());
+        Cell cell{std::wstring(row.substr(start, end - start)), x * unit, 0};
+        const double width = metrics.textWidth ? metrics.textWidth(cell.text) / unit
+                                               : static_cast<double>(cell.text.size());
+        // A tab always moves on, so the next stop lies past this one even for an empty cell.
+        const double past = std::nextafter(x, HUGE_VAL);
+        const double next = stopFrom(stops, cut ? past : std::max(past, x + width));
+        if (cut && end < row.size()) cell.room = (next - x) * unit;
+        cells.push_back(std::move(cell));
+        x = next;
+        start = end + 1;
+    }
+    return cells;
+}
+
+}  // namespace prancheta::dcl

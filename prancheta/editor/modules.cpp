@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+// Modules: loading, messages, unloading.
+#include "prancheta/editor/modules.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/database/register.h"
+#include "prancheta/editor/command_stack.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/modules_elf.h"
+
+namespace prancheta {
+
+// In the order of loading: what others build on comes first.
+const std::vector<std::wstring> kDefaultModules = {L"ZpObjects18.arx", L"ZpGBarraApp18.arx",
+                                                   L"trelica18.arx", L"ZP__MaterialList18.arx",
+                                                   L"ZpPerfis18.arx"};
+
+namespace {
+
+std::wstring fileNameOf(const std::filesystem::path& path) {
+    return toWide(path.filename().string());
+}
+
+/// Name without folder, and without extension when it is `.arx`.
+std::wstring key(std::wstring_view name) {
+    const std::size_t slash = name.find_last_of(L"/\\");
+    if (slash != name.npos) name.remove_prefix(slash + 1);
+    std::wstring folded = foldCase(name);
+    if (folded.ends_with(L".arx")) folded.resize(folded.size() - 4);
+    return folded;
+}
+
+Error moduleError(const std::filesystem::path& file, std::string text) {
+    return Error{std::move(text), file.string()};
+}
+
+}  // namespace
+
+ModuleTable::~ModuleTable() { unloadAll(); }
+
+Module* ModuleTable::find(std::wstring_view name) {
+    for (const auto& m : m_modules)
+        if (key(m->name) == key(name)) return m.get();
+    return nullptr;
+}
+
+Module* ModuleTable::find(const void* applicationId) {
+    for (const auto& m : m_modules)
+        if (m.get() == applicationId) return m.get();
+    return nullptr;
+}
+
+bool ModuleTable::initialising() const {
+    return std::any_of(m_modules.begin(), m_modules.end(), [](const auto& m) { return m->busy; });
+}
+
+AcRx::AppRetCode ModuleTable::send(Module& module, AcRx::AppMsgCode message) {
+    const bool before =
+        std::exchange(module.busy, message != AcRx::kSaveMsg && message != AcRx::kPreQuitMsg);
+    AcRx::AppRetCode answer = AcRx::kRetError;
+    try {
+        answer = module.entry(message, &module);
+    } catch (...) {
+        m_editor.complain(L"O módulo " + module.name +
+                          L" falhou ao receber uma mensagem do programa.");
+    }
+    module.busy = before;
+    return answer;
+}
+
+void ModuleTable::broadcast(AcRx::AppMsgCode message) {
+    std::vector<Module*> all;
+    for (const auto& m : m_modules) all.push_back(m.get());
+    for (Module* m : all)
+        if (find(m) != nullptr && m->started) (void)send(*m, message);
+}
+
+std::filesystem::path ModuleTable::locate(const std::filesystem::path& path) const {
+    std::error_code ignored;
+    const std::filesystem::path here = resolvePath(path.string());
+    if (std::filesystem::exists(here, ignored)) return std::filesystem::absolute(here, ignored);
+    for (const char* extension : {"", ".arx"}) {
+        const std::filesystem::path beside = resolvePath((m_folder / path).string() + extension);
+        if (!m_folder.empty() && std::filesystem::exists(beside, ignored)) return beside;
+    }
+    return path;
+}
+
+Result<void> ModuleTable::load(const std::filesystem::path& path) {
+    const std::filesystem::path file = locate(path);
+    const std::wstring name = key(fileNameOf(file));
+    if (find(name) != nullptr ||
+        std::find(m_loading.begin(), m_loading.end(), name) != m_loading.end())
+        return {};
+    m_loading.push_back(name);
+    Result<void> result = loadFile(file);
+    m_loading.pop_back();
+    return result;
+}
+
+Result<void> ModuleTable::loadFile(const std::filesystem::path& file) {
+    void* handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (handle == nullptr) {
+        const char* reason = dlerror();
+        return moduleError(file, std::string("o módulo não pôde ser carregado: ") +
+                                     (reason != nullptr ? reason : "?"));
+    }
+    auto module = std::make_unique<Module>();
+    module->path = file;
+    module->name = fileNameOf(file);
+    module->handle = handle;
+    for (const std::filesystem::path& needed : neededModules(handle)) {
+        module->needs.push_back(fileNameOf(needed));
+        const Result<void> loaded = load(needed);
+        if (loaded) continue;
+        dlclose(handle);
+        return loaded;
+    }
+    module->entry = reinterpret_cast<decltype(module->entry)>(dlsym(handle, "acrxEntryPoint"));
+    if (module->entry == nullptr) {
+        dlclose(handle);
+        return moduleError(file, "o arquivo não é um módulo: falta a função acrxEntryPoint.");
+    }
+    module->base = libraryOf(reinterpret_cast<const void*>(module->entry));
+    // The number is each release's own convention; it is noted, never a reason to refuse.
+    if (void* version = dlsym(handle, "acrxGetApiVersion"))
+        module->apiVersion = reinterpret_cast<int (*)()>(version)();
+    m_modules.push_back(std::move(module));
+    return initialise(*m_modules.back());
+}
+
+Result<void> ModuleTable::initialise(Module& module) {
+    const std::size_t before = allClasses().size();
+    const std::filesystem::path file = module.path;
+    bool accepted = send(module, AcRx::kInitAppMsg) != AcRx::kRetError;
+    for (std::size_t i = before; i < allClasses().size(); ++i)
+        module.classes.push_back(allClasses()[i]);
+    module.started = true;
+    accepted = accepted && send(module, AcRx::kLoadDwgMsg) != AcRx::kRetError;
+    if (accepted) return {};
+    (void)send(module, AcRx::kUnloadAppMsg);
+    remove(module);
+    return moduleError(file, "o módulo recusou a carga.");
+}
+
+std::wstring ModuleTable::reasonToStay(const Module& module) const {
+    if (module.locked) return L"o módulo não permite ser descarregado.";
+    if (module.busy) return L"o módulo está sendo iniciado.";
+    const auto belongs = [&](const void* code) { return libraryOf(code) == module.base; };
+    if (m_editor.runsCodeOf(belongs))
+        return L"um comando do módulo está em execução; termine-o antes.";
+    for (const auto& other : m_modules) {
+        const bool needs =
+            std::any_of(other->needs.begin(), other->needs.end(),
+                        [&](const std::wstring& name) { return key(name) == key(module.name); });
+        if (needs) return L"o módulo " + other->name + L" depende dele; descarregue-o antes.";
+    }
+    for (const AcRxClass* c : module.classes) {
+        if (!m_editor.database().core().hasObjectsOf(c)) continue;
+        return L"o desenho (ou o que ainda pode ser desfeito) tem objetos do tipo " +
+               std::wstring(c->name()) + L", que o módulo define. Salve e feche o desenho antes.";
+    }
+    return {};
+}
+
+Result<void> ModuleTable::unload(std::wstring_view name) {
+    Module* module = find(name);
+    if (module == nullptr) return Error{"O módulo " + toUtf8(name) + " não está carregado."};
+    if (const std::wstring reason = reasonToStay(*module); !reason.empty())
+        return moduleError(module->path.filename(), toUtf8(reason));
+    (void)send(*module, AcRx::kUnloadDwgMsg);
+    if (send(*module, AcRx::kUnloadAppMsg) == AcRx::kRetError)
+        return moduleError(module->path.filename(), "o módulo recusou ser descarregado.");
+    remove(*module);
+    return {};
+}
+
+void ModuleTable::remove(Module& module) {
+    const void* base = module.base;
+    void* handle = module.handle;
+    m_editor.commands().removeFunctions([&](AcRxFunctionPtr function) {
+        return libraryOf(reinterpret_cast<const void*>(function)) == base;
+    });
+    std::erase_if(m_modules, [&](const auto& m) { return m.get() == &module; });
+    dlclose(handle);
+}
+
+void ModuleTable::unloadAll() {
+    while (!m_modules.empty()) {
+        Module& last = *m_modules.back();
+        (void)send(last, AcRx::kUnloadAppMsg);
+        remove(last);
+    }
+}
+
+namespace {
+
+ModuleTable* table() {
+    Editor* editor = Editor::current();
+    return editor != nullptr ? &editor->modules() : nullptr;
+}
+
+Module* moduleOf(const void* applicationId) {
+    return table() != nullptr ? table()->find(applicationId) : nullptr;
+}
+
+bool report(const Result<void>& result, bool tell) {
+    if (!result && tell) Editor::current()->print(toWide(result.error().message()) + L"\n");
+    return result.ok();
+}
+
+}  // namespace
+}  // namespace prancheta
+
+bool acrxUnlockApplication(void* appId) {
+    prancheta::Module* module = prancheta::moduleOf(appId);
+    if (module != nullptr) module->locked = false;
+    return module != nullptr;
+}
+
+bool acrxLockApplication(void* appId) {
+    prancheta::Module* module = prancheta::moduleOf(appId);
+    if (module != nullptr) module->locked = true;
+    return module != nullptr;
+}
+
+bool acrxRegisterAppMDIAware(void* appId) {
+    prancheta::Module* module = prancheta::moduleOf(appId);
+    if (module != nullptr) module->mdiAware = true;
+    return module != nullptr;
+}
+
+bool acrxAppIsLoaded(const ACHAR* fileName) {
+    return fileName != nullptr && prancheta::table() != nullptr &&
+           prancheta::table()->find(std::wstring_view(fileName)) != nullptr;
+}
+
+bool acrxLoadModule(const ACHAR* fileName, bool printit, bool) {
+    if (fileName == nullptr || prancheta::table() == nullptr) return false;
+    return prancheta::report(prancheta::table()->load(prancheta::toUtf8(fileName)), printit);
+}
+
+bool acrxUnloadModule(const ACHAR* fileName, bool) {
+    if (fileName == nullptr || prancheta::table() == nullptr) return false;
+    return prancheta::report(prancheta::table()->unload(fileName), true);
+}

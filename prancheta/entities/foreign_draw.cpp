@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// Draws foreign entities from their groups.
+#include <cmath>
+
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "prancheta/base/text.h"
+#include "prancheta/entities/block_content.h"
+#include "prancheta/entities/common.h"
+#include "prancheta/entities/ellipse.h"
+#include "prancheta/entities/foreign_types.h"
+#include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/tag_list.h"
+#include "prancheta/entities/text_layout.h"
+#include "prancheta/graphics/picture_recorder.h"
+
+namespace prancheta {
+
+namespace {
+
+using Points = std::vector<AcGePoint3d>;
+
+void polyline(const Points& points, AcGiGeometry& to) {
+    if (points.size() > 1) to.polyline(static_cast<Adesk::UInt32>(points.size()), points.data());
+}
+
+void drawEllipse(const RawTags& tags, AcGiGeometry& to) {
+    Points points;
+    const double from = findNumber(tags, 41, 0.0);
+    double end = findNumber(tags, 42, kTwoPi);
+    while (end <= from && end < from + kTwoPi) end += kTwoPi;
+    appendEllipse(findPoint(tags, 10), findPoint(tags, 11).asVector(), planeNormal(tags),
+                  findNumber(tags, 40, 1.0), from, end, points);
+    polyline(points, to);
+}
+
+void drawSpline(const RawTags& tags, AcGiGeometry& to) {
+    Points points;
+    const Points control = findPoints(tags, 10);
+    appendSpline(findWhole(tags, 71, 3), findNumbers(tags, 40), control, findNumbers(tags, 41),
+                 points);
+    if (points.empty()) points = findPoints(tags, 11);
+    polyline(points.empty() ? control : points, to);
+}
+
+void drawFace(const RawTags& tags, AcGiGeometry& to) {
+    AcGePoint3d corners[4];
+    for (int i = 0; i < 3; ++i) corners[i] = findPoint(tags, 10 + i);
+    corners[3] = findPoint(tags, 13, corners[2]);
+    const int hidden = findWhole(tags, 70, 0);
+    for (int i = 0; i < 4; ++i) {
+        const AcGePoint3d edge[2] = {corners[i], corners[(i + 1) % 4]};
+        if ((hidden & (1 << i)) == 0 && edge[0] != edge[1]) to.polyline(2, edge);
+    }
+}
+
+void drawLeader(const RawTags& tags, AcGiGeometry& to) {
+    const Points points = findPoints(tags, 10);
+    polyline(points, to);
+    if (points.size() < 2 || findWhole(tags, 71, 1) == 0) return;
+    const AcGeVector3d along = (points[1] - points[0]).normal();
+    if (along.isZeroLength()) return;
+    const double size = AcDbDimStyleValues().dimasz;
+    const AcGeVector3d half = AcGeVector3d::kZAxis.crossProduct(along) * (size / 6.0);
+    const AcGePoint3d tail = points[0] + along * size;
+    const AcGePoint3d arrow[3] = {points[0], tail + half, tail - half};
+    to.polygon(3, arrow);
+}
+
+void drawTrace(const RawTags& tags, AcGiGeometry& to) {
+    const AcGePoint3d outline[4] = {findPoint(tags, 10), findPoint(tags, 11), findPoint(tags, 13),
+                                    findPoint(tags, 12)};
+    to.polygon(4, outline);
+}
+
+void drawAttribute(const RawTags& tags, AcGiGeometry& to) {
+    constexpr int kInvisible = 1;
+    if ((findWhole(tags, 70, 0) & kInvisible) != 0) return;
+    AcDbText text(findPoint(tags, 10), findText(tags, 1).c_str(), AcDbObjectId::kNull,
+                  findNumber(tags, 40, 2.5), findNumber(tags, 50, 0.0) * kPi / 180.0);
+    const double oblique = findNumber(tags, 51, 0.0) * kPi / 180.0;
+    (void)text.setWidthFactor(findNumber(tags, 41, 1.0));
+    (void)text.setHorizontalMode(findWhole(tags, 72, 0));
+    (void)text.setVerticalMode(findWhole(tags, 74, 0));
+    (void)text.setAlignmentPoint(findPoint(tags, 11));
+    const TextPlace place = placeOf(text);
+    to.text(place.start, AcGeVector3d::kZAxis, place.direction, place.height, place.widthFactor,
+            oblique, text.textStringConst());
+}
+
+/// POLYLINE with its VERTEX records. Meshes are not drawn.
+void drawOldPolyline(const RawTags& tags, AcGiGeometry& to) {
+    constexpr int kClosed = 1;
+    constexpr int k3d = 8;
+    constexpr int kMeshes = 16 | 64;
+    constexpr int kFrameOfSpline = 16;
+    const int flags = findWhole(tags, 70, 0);
+    if ((flags & kMeshes) != 0) return;
+    Points points;
+    std::vector<double> bulges;
+    for (std::size_t i = 0; i < tags.size();) {
+        std::size_t end = i + 1;
+        while (end < tags.size() && tags[end].code != 0) ++end;
+        const RawTags record(tags.begin() + static_cast<std::ptrdiff_t>(i),
+                             tags.begin() + static_cast<std::ptrdiff_t>(end));
+        const bool vertex = tags[i].code == 0 && trim(std::string_view(tags[i].value)) == "VERTEX";
+        if (vertex && (findWhole(record, 70, 0) & kFrameOfSpline) == 0) {
+            points.push_back(findPoint(record, 10));
+            bulges.push_back((flags & k3d) != 0 ? 0.0 : findNumber(record, 42, 0.0));
+        }
+        i = end;
+    }
+    if (points.empty()) return;
+    const AcGeVector3d normal = (flags & k3d) != 0 ? AcGeVector3d::kZAxis : planeNormal(tags);
+    to.pushModelTransform(planeToWorld(normal));
+    to.pline(static_cast<Adesk::UInt32>(points.size()), points.data(), bulges.data(),
+             (flags & kClosed) != 0);
+    to.popModelTransform();
+}
+
+/// Told in the plane of the normal.
+template <void (*draw)(const RawTags&, AcGiGeometry&)>
+void inPlane(const RawTags& tags, AcGiGeometry& to) {
+    to.pushModelTransform(planeToWorld(planeNormal(tags)));
+    draw(tags, to);
+    to.popModelTransform();
+}
+
+struct TypeDrawing {
+    std::string_view name;
+    void (*draw)(const RawTags&, AcGiGeometry&);
+};
+
+constexpr TypeDrawing kTypes[] = {
+    {"MTEXT", drawMtext},          {"ELLIPSE", drawEllipse},
+    {"SPLINE", drawSpline},        {"HATCH", drawHatch},
+    {"3DFACE", drawFace},          {"LEADER", drawLeader},
+    {"POLYLINE", drawOldPolyline}, {"ATTRIB", inPlane<drawAttribute>},
+    {"TRACE", inPlane<drawTrace>},
+};
+
+/// Dimensions without a class here come with a block that shows them in the drawing's coordinates.
+void drawDimensionBlock(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    AcDbDatabase* const database = entity.database();
+    if (database == nullptr) return;
+    const AcDbObjectPointer<AcDbBlockTable> table(database->blockTableId(), AcDb::kForRead);
+    AcDbObjectId block;
+    if (table.openStatus() != Acad::eOk) return;
+    if (table->getAt(findText(entity.tags(), 2).c_str(), block) != Acad::eOk) return;
+    replay(blockPicture(block, traitsOf(entity)), draw);
+}
+
+}  // namespace
+
+void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    if (entity.typeName() == "DIMENSION") return drawDimensionBlock(entity, draw);
+    for (const TypeDrawing& type : kTypes)
+        if (type.name == entity.typeName()) return type.draw(entity.tags(), draw.geometry());
+}
+
+}  // namespace prancheta

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// Makes the entity classes known at run time.
+#include "prancheta/entities/register.h"
+
+#include "dbdim.h"
+#include "dbpl.h"
+#include "prancheta/database/entity_picture.h"
+#include "prancheta/database/register.h"
+#include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/picture_entities.h"
+
+namespace prancheta {
+
+void registerEntityClasses() {
+    if (AcDbLine::desc() != nullptr) return;
+    registerDatabaseClasses();
+    AcDbLine::rxInit();
+    AcDbPoint::rxInit();
+    AcDbCircle::rxInit();
+    AcDbArc::rxInit();
+    AcDbText::rxInit();
+    AcDbSolid::rxInit();
+    AcDbBlockReference::rxInit();
+    AcDbPolyline::rxInit();
+    AcDbDimension::rxInit();
+    AcDbAlignedDimension::rxInit();
+    ForeignEntity::rxInit();
+    acrxBuildClassHierarchy();
+    pictureExploder = appendEntities;
+}
+
+}  // namespace prancheta

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// Reading and changing the groups of a foreign entity.
+#include "prancheta/entities/tag_list.h"
+
+#include <cmath>
+
+#include "prancheta/base/text.h"
+
+namespace prancheta {
+
+double tagNumber(const RawTag& tag) {
+    double value = 0.0;
+    (void)parseNumber(trim(std::string_view(tag.value)), value);
+    return std::isfinite(value) ? value : 0.0;
+}
+
+int tagWhole(const RawTag& tag) {
+    const double value = tagNumber(tag);
+    return std::abs(value) < 2e9 ? static_cast<int>(value) : 0;
+}
+
+namespace {
+
+const RawTag* find(const RawTags& tags, int code) {
+    for (const RawTag& tag : tags)
+        if (tag.code == code) return &tag;
+    return nullptr;
+}
+
+}  // namespace
+
+double findNumber(const RawTags& tags, int code, double fallback) {
+    const RawTag* tag = find(tags, code);
+    return tag != nullptr ? tagNumber(*tag) : fallback;
+}
+
+int findWhole(const RawTags& tags, int code, int fallback) {
+    const RawTag* tag = find(tags, code);
+    return tag != nullptr ? tagWhole(*tag) : fallback;
+}
+
+std::wstring findText(const RawTags& tags, int code) {
+    const RawTag* tag = find(tags, code);
+    return tag != nullptr ? toWide(tag->value) : std::wstring();
+}
+
+std::size_t pointLength(const RawTags& tags, std::size_t i) {
+    const int code = tags[i].code;
+    std::size_t length = 1;
+    if (i + 1 < tags.size() && tags[i + 1].code == code + 10) ++length;
+    if (length == 2 && i + 2 < tags.size() && tags[i + 2].code == code + 20) ++length;
+    return length;
+}
+
+AcGePoint3d pointAt(const RawTags& tags, std::size_t i) {
+    const std::size_t length = pointLength(tags, i);
+    return {tagNumber(tags[i]), length > 1 ? tagNumber(tags[i + 1]) : 0.0,
+            length > 2 ? tagNumber(tags[i + 2]) : 0.0};
+}
+
+void setPointAt(RawTags& tags, std::size_t i, const AcGePoint3d& p) {
+    const double values[3] = {p.x, p.y, p.z};
+    const std::size_t length = pointLength(tags, i);
+    for (std::size_t k = 0; k < length; ++k) setNumber(tags[i + k], values[k]);
+}
+
+AcGePoint3d findPoint(const RawTags& tags, int code, const AcGePoint3d& fallback) {
+    for (std::size_t i = 0; i < tags.size(); ++i)
+        if (tags[i].code == code) return pointAt(tags, i);
+    return fallback;
+}
+
+std::vector<AcGePoint3d> findPoints(const RawTags& tags, int code) {
+    std::vector<AcGePoint3d> points;
+    for (std::size_t i = 0; i < tags.size(); ++i)
+        if (tags[i].code == code) points.push_back(pointAt(tags, i));
+    return points;
+}
+
+std::vector<double> findNumbers(const RawTags& tags, int code) {
+    std::vector<double> numbers;
+    for (const RawTag& tag : tags)
+        if (tag.code == code) numbers.push_back(tagNumber(tag));
+    return numbers;
+}
+
+void setNumber(RawTag& tag, double value) { tag.value = numberText(value); }
+
+}  // namespace prancheta

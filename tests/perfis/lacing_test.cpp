@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+// Lacing: values, limits, dialog, stations of the plates.
+#include "perfis/dialogs/lacing.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdlib>
+#include <limits>
+
+#include "perfis/output/plates.h"
+#include "tests/perfis/dialog_stand_in.h"
+
+namespace perfis {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+TravejamentoLimites member(double minA, double maxA) {
+    TravejamentoLimites limites;
+    limites.somenteAltura = 0;
+    limites.minA = minA;
+    limites.maxA = maxA;
+    return limites;
+}
+
+std::wstring fault(const TravejamentoParams& params, const TravejamentoLimites& limites) {
+    wchar_t mensagem[kMensagemTravejamento] = {};
+    const int valid = ValidaTravejamento(params, limites, mensagem);
+    EXPECT_EQ(valid, ValidaTravejamento(params, limites, nullptr));
+    EXPECT_EQ(valid == 1, mensagem[0] == L'\0');
+    return mensagem;
+}
+
+TEST(Lacing, TheFirstFailingTestDecides) {
+    const TravejamentoLimites limites = member(10, 110);
+    EXPECT_EQ(fault({0, 0, 0}, limites), L"");  // no lacing at all
+    EXPECT_EQ(fault({10, 50, 4}, limites), L"A deve ser maior que 10");
+    EXPECT_EQ(fault({110, 50, 4}, limites), L"");
+    EXPECT_EQ(fault({110.5, 0, 0}, limites), L"A deve ser menor ou igual a 110");
+    EXPECT_EQ(fault({50, 0, 4}, limites), L"C deve ser maior que 0.0");
+    EXPECT_EQ(fault({50, 500, 1}, limites), L"C deve ser menor que comp/2 (500.00)");
+    EXPECT_EQ(fault({50, 499.9, 1}, limites), L"");
+    EXPECT_EQ(fault({50, 50, 0}, limites), L"n deve ser maior que 0");
+    EXPECT_EQ(fault({50, 100, 9}, limites), L"L1 deve ser maior que C (100.00)");
+    EXPECT_EQ(fault({50, 100, 8}, limites), L"");
+    TravejamentoLimites section = limites;
+    section.somenteAltura = 1;
+    EXPECT_EQ(fault({50, -1, -1}, section), L"");
+}
+
+TEST(Lacing, PartsFollowFromTheSpacing) {
+    TravejamentoParams params{50, 100, 1};
+    double L1 = 50;
+    CalcPartes(params, 1000, L1);  // raised to C
+    EXPECT_EQ(params.n, 9);
+    EXPECT_EQ(L1, 100);
+    L1 = 5000;
+    CalcPartes(params, 1000, L1);
+    EXPECT_EQ(params.n, 1);
+    EXPECT_EQ(L1, 900);
+    TravejamentoParams fresh;
+    L1 = 0;
+    CalcPartes(fresh, 1000, L1);  // 1000 / 0
+    EXPECT_EQ(fresh.n, 1);
+    EXPECT_EQ(L1, 1000);
+    L1 = 7;
+    EXPECT_EQ(CalcEspacamento({50, 100, 0}, 1000, L1), 0);
+    EXPECT_EQ(L1, 7);
+    EXPECT_EQ(CalcEspacamento({50, 1100, 2}, 1000, L1), 1);
+    EXPECT_EQ(L1, 0);
+}
+
+TEST(Lacing, NumbersAreShownWithoutTrailingZeros) {
+    const auto shown = [](double value) { return std::wstring(FormatDim(value)); };
+    EXPECT_EQ(shown(12.5), L"12.5");
+    EXPECT_EQ(shown(12.0), L"12");
+    EXPECT_EQ(shown(100.0), L"100");
+    EXPECT_EQ(shown(0.0), L"0");
+    EXPECT_EQ(shown(0.004), L"0");
+    EXPECT_EQ(shown(123.456), L"123.46");
+}
+
+class LacingDialog : public ::testing::Test {
+protected:
+    LacingDialog() { ::setenv("ZPFORJA2010", "/zp", 1); }
+    DialogStandIn host;
+};
+
+TEST_F(LacingDialog, EditsAndGivesBackOnlyOnOk) {
+    TravejamentoParams params{0, 100, 8};
+    host.play({L"altura=60", L"l_travejam=50", L"accept", L"n_partes=8"});
+    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);  // refused, then left by Esc
+    EXPECT_EQ(params.A, 0);
+    EXPECT_EQ(host.eventsOf(L"valor"),
+              (Texts{L"altura: 0", L"largura: 100", L"n_partes: 8", L"l_travejam: 112.5",
+                     L"n_partes: 9", L"l_travejam: 100", L"error: L1 deve ser maior que C (100.00)",
+                     L"l_travejam: 112.5"}));
+    EXPECT_EQ(host.eventsOf(L"imagem"), Texts{L"tr_img: puf(trav)"});
+    host.play({L"altura=60", L"largura=10", L"accept"});
+    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 1);
+    EXPECT_EQ(params.A, 60);
+    EXPECT_EQ(params.C, 10);
+}
+
+TEST_F(LacingDialog, ForASectionOnlyTheHeightCounts) {
+    TravejamentoLimites section;
+    section.alturaEditavel = 0;
+    TravejamentoParams params{30, 100, 8};
+    EXPECT_EQ(EditTravejamento(params, section), 0);
+    EXPECT_EQ(host.eventsOf(L"modo"),
+              (Texts{L"altura: 1", L"largura: 1", L"l_travejam: 1", L"n_partes: 1"}));
+    EXPECT_EQ(host.eventsOf(L"valor"), Texts{L"altura: 30"});
+}
+
+TEST_F(LacingDialog, AMissingDialogIsAnAlert) {
+    host.lose(L"zp_travejam");
+    TravejamentoParams params{30, 100, 8};
+    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);
+    EXPECT_TRUE(host.has(L"alerta \nNão Foi Possível Carregar DCL Travejamento"));
+}
+
+TEST(Plates, CountsAreRounded) {
+    EXPECT_EQ(Arredonda(8.49), 8);
+    EXPECT_EQ(Arredonda(8.5), 9);
+    EXPECT_EQ(Arredonda(-1.7), -1);
+    EXPECT_EQ(Arredonda(std::numeric_limits<double>::infinity()), INT_MIN);
+}
+
+TEST(Plates, StandAtBothEndsAndAtTheSpacing) {
+    // 1000 long, plates of 10, 8 parts: 990 / 8 = 123.75
+    const std::vector<double> nine = plateStations({1000, 123.75}, 10);
+    ASSERT_EQ(nine.size(), 9u);
+    EXPECT_EQ(nine[0], 0);
+    EXPECT_EQ(nine[1], 990);
+    EXPECT_EQ(nine[2], 123.75);
+    EXPECT_EQ(nine[8], 866.25);
+    // Plates of 100: the last intermediate one falls on the far end plate.
+    const std::vector<double> ten = plateStations({1000, 112.5}, 100);
+    ASSERT_EQ(ten.size(), 10u);
+    EXPECT_EQ(ten[1], 900);
+    EXPECT_EQ(ten[9], 900);
+}
+
+}  // namespace
+}  // namespace perfis

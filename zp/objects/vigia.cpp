@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: MIT
+// One rule at the end of each command: tied entities follow a piece that changed; a tied entity
+// that changed alone has its place learnt again; an erased piece takes its dimensions and plates
+// along; copies keep only links that are answered. Outside a command the rule runs after each
+// change.
+#include "zp/objects/vigia.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <cwctype>
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+#include "aced.h"
+#include "dbdim.h"
+#include "zp/objects/ligacoes.h"
+
+namespace zp::vigia {
+namespace {
+
+/// Ids in the order in which they came, each once.
+class Fila {
+public:
+    void poe(AcDbObjectId id) {
+        if (m_ja.insert(id.asOldId()).second) m_ordem.push_back(id);
+    }
+    bool tem(AcDbObjectId id) const { return m_ja.contains(id.asOldId()); }
+    bool vazia() const { return m_ordem.empty(); }
+    const std::vector<AcDbObjectId>& ordem() const { return m_ordem; }
+
+private:
+    std::vector<AcDbObjectId> m_ordem;
+    std::unordered_set<Adesk::LongPtr> m_ja;
+};
+
+bool interessa(const AcDbObject* o) {
+    return o->isKindOf(ZpObject::desc()) || o->isKindOf(AcDbDimension::desc());
+}
+
+bool explode(const ACHAR* comando) {
+    constexpr const wchar_t kNome[] = L"EXPLODE";
+    const wchar_t* n = kNome;
+    for (; comando != nullptr && *comando != L'\0' && *n != L'\0'; ++comando, ++n)
+        if (static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(*comando))) != *n)
+            return false;
+    return comando != nullptr && *comando == L'\0' && *n == L'\0';
+}
+
+class Desenho : public AcDbDatabaseReactor {
+public:
+    explicit Desenho(AcDbDatabase* desenho) : m_desenho(desenho) { desenho->addReactor(this); }
+    ~Desenho() override {
+        if (m_desenho != nullptr) m_desenho->removeReactor(this);
+    }
+    AcDbDatabase* desenho() const { return m_desenho; }
+
+    void objectAppended(const AcDbDatabase*, const AcDbObject* o) override {
+        if (m_aplicando || o->isUndoing() || !interessa(o)) return;
+        m_novas.poe(o->objectId());
+        m_porFechar.insert(o->objectId().asOldId());
+    }
+    void objectModified(const AcDbDatabase*, const AcDbObject* o) override;
+    void objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) override;
+    void goodbye(const AcDbDatabase*) override { m_desenho = nullptr; }
+
+    void aplica(bool desmancha);
+
+private:
+    void confere(AcDbObjectId id, const Fila& novas);
+    void conferePeca(ZpObject& peca, const Fila& novas);
+    void leva(AcDbObjectId id, bool desmancha);
+    void desprende(AcDbObjectId id, AcDbObjectId dona);
+    void segue();
+    void aprendeDeNovo(AcDbObjectId id, const Fila& mudadas);
+
+    AcDbDatabase* m_desenho;
+    bool m_aplicando = false;
+    Fila m_novas;
+    Fila m_mudadas;
+    Fila m_apagadas;
+    Fila m_presas;
+    /// New objects whose first access has not ended: what they are tied to may not be there yet.
+    std::unordered_set<Adesk::LongPtr> m_porFechar;
+};
+
+class Editor : public AcEditorReactor {
+public:
+    Editor() {
+        if (AcEditor* editor = acedEditor; editor != nullptr) editor->addReactor(this);
+    }
+    ~Editor() override {
+        if (AcEditor* editor = acedEditor; editor != nullptr) editor->removeReactor(this);
+    }
+    void commandWillStart(const ACHAR*) override { ++m_comandos; }
+    void commandEnded(const ACHAR* nome) override { fim(nome); }
+    void commandCancelled(const ACHAR* nome) override { fim(nome); }
+    void commandFailed(const ACHAR* nome) override { fim(nome); }
+    bool emComando() const { return m_comandos > 0; }
+
+private:
+    void fim(const ACHAR* nome);
+    int m_comandos = 0;
+};
+
+// The host calls reactors by pointer, without a context of the module's own.
+struct Estado {
+    std::unique_ptr<Editor> editor;
+    std::vector<std::unique_ptr<Desenho>> desenhos;
+};
+Estado g_estado;
+
+void Editor::fim(const ACHAR* nome) {
+    for (const auto& d : g_estado.desenhos)
+        if (d->desenho() != nullptr) d->aplica(explode(nome));
+    m_comandos = std::max(0, m_comandos - 1);
+}
+
+bool emComando() { return g_estado.editor && g_estado.editor->emComando(); }
+
+void Desenho::objectModified(const AcDbDatabase*, const AcDbObject* o) {
+    if (m_aplicando || o->isUndoing() || !interessa(o)) return;
+    m_mudadas.poe(o->objectId());
+    if (m_porFechar.erase(o->objectId().asOldId()) > 0) return;
+    if (!emComando()) aplica(false);
+}
+
+void Desenho::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) {
+    if (m_aplicando || o->isUndoing() || !interessa(o) || !erased) return;
+    m_apagadas.poe(o->objectId());
+    if (!emComando()) aplica(false);
+}
+
+void Desenho::aplica(bool desmancha) {
+    if (m_aplicando) return;
+    m_aplicando = true;
+    const Fila novas = std::exchange(m_novas, {});
+    m_porFechar.clear();
+    for (const AcDbObjectId& id : novas.ordem()) confere(id, novas);
+    const Fila apagadas = std::exchange(m_apagadas, {});
+    for (const AcDbObjectId& id : apagadas.ordem()) leva(id, desmancha);
+    segue();
+    m_mudadas = std::exchange(m_presas, {});
+    m_aplicando = false;
+}
+
+/// A new piece keeps a link when the other side names it, or when the other side is as new as
+/// itself and was copied with it; a new dimension keeps the pieces that name it.
+void Desenho::confere(AcDbObjectId id, const Fila& novas) {
+    AcDbEntity* entidade = nullptr;
+    if (acdbOpenAcDbEntity(entidade, id, AcDb::kForWrite) != Acad::eOk) return;
+    if (auto* peca = ZpObject::cast(entidade)) conferePeca(*peca, novas);
+    for (const AcDbObjectId& dona : donasDe(*entidade)) {
+        const AcDbObjectPointer<ZpObject> peca(dona, AcDb::kForRead);
+        if (peca.openStatus() == Acad::eWasOpenForWrite) continue;
+        const bool lembra = peca.object() != nullptr &&
+                            std::ranges::any_of(Acesso::de(*peca.object()).ligadas(),
+                                                [&](const Ligacao& l) { return l.id == id; });
+        if (!lembra) esqueceDona(*entidade, dona);
+    }
+    (void)entidade->close();
+}
+
+void Desenho::conferePeca(ZpObject& peca, const Fila& novas) {
+    std::vector<AcDbObjectId> mortas;
+    for (const Ligacao& l : Acesso::de(peca).ligadas()) {
+        if (l.papel == Ligacao::Papel::Dona) continue;
+        const bool nova = novas.tem(l.id);
+        const AcDbObjectPointer<AcDbEntity> outra(l.id, nova ? AcDb::kForWrite : AcDb::kForRead);
+        if (outra.openStatus() == Acad::eWasOpenForWrite) continue;
+        if (outra.object() == nullptr) {
+            mortas.push_back(l.id);
+            continue;
+        }
+        const auto donas = donasDe(*outra.object());
+        if (std::find(donas.begin(), donas.end(), peca.objectId()) != donas.end()) continue;
+        if (nova)
+            lembraDona(*outra.object(), peca.objectId());
+        else
+            mortas.push_back(l.id);
+    }
+    if (mortas.empty()) return;
+    peca.assertWriteEnabled();
+    for (const AcDbObjectId& id : mortas) Acesso::de(peca).desliga(id);
+}
+
+/// What an erased entity takes along, or what forgets it.
+void Desenho::leva(AcDbObjectId id, bool desmancha) {
+    struct Outra {
+        AcDbObjectId id;
+        bool apaga;
+    };
+    std::vector<Outra> outras;
+    std::vector<AcDbObjectId> donas;
+    {
+        AcDbEntity* apagada = nullptr;
+        if (acdbOpenAcDbEntity(apagada, id, AcDb::kForRead, true) != Acad::eOk) return;
+        donas = donasDe(*apagada);
+        const bool foi = apagada->isErased();
+        if (const auto* peca = ZpObject::cast(apagada))
+            for (const Ligacao& l : Acesso::de(*peca).ligadas())
+                if (l.papel != Ligacao::Papel::Dona)
+                    outras.push_back({l.id, l.papel == Ligacao::Papel::Cota});
+        (void)apagada->close();
+        if (!foi) return;
+    }
+    for (const AcDbObjectId& dona : donas) desprende(dona, id);
+    for (Outra& outra : outras) {
+        AcDbEntity* entidade = nullptr;
+        if (acdbOpenAcDbEntity(entidade, outra.id, AcDb::kForWrite) != Acad::eOk) continue;
+        if (const auto* peca = ZpObject::cast(entidade)) outra.apaga = Acesso::de(*peca).chapa();
+        const bool some = outra.apaga && !desmancha;
+        if (some)
+            (void)entidade->erase();  // open for write and alive
+        else
+            esqueceDona(*entidade, id);
+        (void)entidade->close();
+        if (some) leva(outra.id, desmancha);
+    }
+}
+
+void Desenho::desprende(AcDbObjectId dona, AcDbObjectId id) {
+    AcDbEntity* peca = nullptr;
+    if (acdbOpenAcDbEntity(peca, dona, AcDb::kForWrite) != Acad::eOk) return;
+    if (auto* objeto = ZpObject::cast(peca);
+        objeto != nullptr && Acesso::de(*objeto).ligacao(id) != nullptr) {
+        objeto->assertWriteEnabled();
+        Acesso::de(*objeto).desliga(id);
+    }
+    (void)peca->close();
+}
+
+void Desenho::segue() {
+    const Fila mudadas = std::exchange(m_mudadas, {});
+    for (const AcDbObjectId& id : mudadas.ordem()) {
+        const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
+        if (entidade.openStatus() == Acad::eWasOpenForWrite) m_presas.poe(id);
+        if (const auto* peca = ZpObject::cast(entidade.object()))
+            coloca(*peca, [this](AcDbObjectId presa) { m_presas.poe(presa); });
+    }
+    for (const AcDbObjectId& id : mudadas.ordem()) aprendeDeNovo(id, mudadas);
+}
+
+void Desenho::aprendeDeNovo(AcDbObjectId id, const Fila& mudadas) {
+    const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
+    if (entidade.object() == nullptr) return;
+    for (const AcDbObjectId& dona : donasDe(*entidade.object())) {
+        if (mudadas.tem(dona)) continue;
+        const AcDbObjectPointer<ZpObject> peca(dona, AcDb::kForWrite);
+        if (peca.object() != nullptr)
+            aprende(*peca.object(), *entidade.object());
+        else if (peca.openStatus() == Acad::eWasOpenForWrite ||
+                 peca.openStatus() == Acad::eWasOpenForRead)
+            m_presas.poe(id);
+    }
+}
+
+}  // namespace
+
+void comeca() {
+    if (!g_estado.editor) g_estado.editor = std::make_unique<Editor>();
+}
+
+void encerra() {
+    g_estado.desenhos.clear();
+    g_estado.editor.reset();
+}
+
+void observa(AcDbDatabase* desenho) {
+    if (desenho == nullptr) return;
+    std::erase_if(g_estado.desenhos, [](const auto& d) { return d->desenho() == nullptr; });
+    for (const auto& d : g_estado.desenhos)
+        if (d->desenho() == desenho) return;
+    g_estado.desenhos.push_back(std::make_unique<Desenho>(desenho));
+}
+
+void abandona(AcDbDatabase* desenho) {
+    std::erase_if(g_estado.desenhos, [&](const auto& d) {
+        return d->desenho() == desenho || d->desenho() == nullptr;
+    });
+}
+
+}  // namespace zp::vigia
