@@ -45,7 +45,9 @@ vista_e_insercao : column {
     }
     : boxed_column {
         label = "Vista";
+        fixed_height = true;
         : row {
+            fixed_height = true;
             : toggle { key = "vista0"; label = "&Somente seção"; }
             : button { key = "OutraVista"; label = "&Outra vista..."; }
         }
@@ -53,9 +55,11 @@ vista_e_insercao : column {
         : toggle { key = "visualizar"; label = "&Visualizar inserção"; }
     }
     : row {
+        fixed_height = true;
         : toggle { key = "dimensionar"; label = "Co&tas automáticas"; }
         : button { key = "ButtonTipoBarra"; label = "Ti&po de barra..."; }
     }
+    spacer_0;
 }
 
 // Mensagem de erro e saída.

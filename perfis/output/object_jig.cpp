@@ -31,6 +31,9 @@ AcEdJig::DragStatus ZpObjectJig::run() {
     setDispPrompt(L"\nIndique o ponto final: ");
     const DragStatus status = drag();
     if (status == kNormal) {
+        // A drag that ends where the previous one did is sampled as unchanged: the host updates
+        // nothing.
+        if (!m_updated || m_shown != m_current) (void)update();
         (void)append();
     } else {
         delete m_piece;
@@ -62,6 +65,8 @@ Adesk::Boolean ZpObjectJig::update() {
     const double angle = acutAngle(asDblArray(start), asDblArray(m_current));
     (void)m_piece->transformBy(
         AcGeMatrix3d::rotation(angle - viewAngle, AcGeVector3d::kZAxis, start));
+    m_shown = m_current;
+    m_updated = true;
     return Adesk::kTrue;
 }
 

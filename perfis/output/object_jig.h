@@ -26,6 +26,8 @@ public:
 private:
     ZpObject* m_piece;  ///< owned until the drag ends
     AcGePoint3d m_current;
+    AcGePoint3d m_shown;  ///< where the last update put the end
+    bool m_updated = false;
 };
 
 }  // namespace perfis

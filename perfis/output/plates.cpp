@@ -19,7 +19,7 @@ constexpr PlateTurn kSwapped{-kHalfPi, 0.0};
 
 int Arredonda(double x) {
     const int whole = realToInt(x);
-    return x - whole < 0.5 ? whole : whole + 1;
+    return x - whole < 0.5 ? whole : realToInt(whole + 1.0);
 }
 
 PlateRule onEdgeSwapped(double y) { return {ZpObject::kVistaSecao, y, kAlong, kSwapped}; }

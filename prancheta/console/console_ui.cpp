@@ -56,10 +56,11 @@ RawInput ConsoleUi::ask(const InputRequest& request) {
 Result<void> ConsoleUi::inspect(dcl::Dialog& dialog, const std::string& key) {
     const dcl::Tile* const tile = dialog.find(key);
     if (tile == nullptr) return Error{"o diálogo não tem o item \"" + key + "\"", {}, 0, 0};
-    const long long mode = tile->enabled ? MODE_ENABLE : MODE_DISABLE;
+    const bool usable = dcl::isUsable(*tile);
+    const long long mode = usable ? MODE_ENABLE : MODE_DISABLE;
     record({"tile", {{"chave", {key}}, {"valor", {toUtf8(tile->value)}}, {"modo", {mode}}}});
     show("  " + key + " = \"" + toUtf8(tile->value) + "\"" +
-         (tile->enabled ? "" : " (desabilitado)") + "\n");
+         (usable ? "" : " (desabilitado)") + "\n");
     return {};
 }
 

@@ -29,6 +29,9 @@ VariableInfo readOnly(const wchar_t* name, VariableValue value,
                       VariableHome home = VariableHome::Session) {
     return {name, std::move(value), home, VariableAccess::ReadOnly, -kAny, kAny};
 }
+VariableInfo drawingPoint(const wchar_t* name, const AcGePoint3d& value) {
+    return {name, value, VariableHome::Drawing, VariableAccess::ReadWrite, -kAny, kAny};
+}
 VariableInfo point(const wchar_t* name) {
     return {name, AcGePoint3d(), VariableHome::Session, VariableAccess::ReadWrite, -kAny, kAny};
 }
@@ -44,6 +47,7 @@ std::vector<VariableInfo> variableTable() {
         real(L"ANGBASE", 0.0),
         drawingInteger(L"ANGDIR", 0, 0, 1),
         integer(L"APERTURE", 10, 1, 50),
+        readOnly(L"AREA", 0.0),
         integer(L"ATTREQ", 1, 0, 1),
         drawingInteger(L"AUNITS", 0, 0, 4),
         drawingInteger(L"AUPREC", 0, 0, 8),
@@ -69,6 +73,7 @@ std::vector<VariableInfo> variableTable() {
         real(L"DIMTXT", 2.5, kPositive),
         drawingText(L"DIMTXSTY", L"Standard"),
         drawingInteger(L"DIMZIN", 8, 0, 15),
+        readOnly(L"DISTANCE", 0.0),
         integer(L"DRAGMODE", 2, 0, 2),
         readOnly(L"DWGNAME", std::wstring(L"Desenho1.dxf")),
         readOnly(L"DWGPREFIX", std::wstring()),
@@ -83,6 +88,8 @@ std::vector<VariableInfo> variableTable() {
         drawingInteger(L"INSUNITS", 4, 0, 20),
         readOnly(L"LASTANGLE", 0.0),
         point(L"LASTPOINT"),
+        drawingPoint(L"LIMMAX", {420.0, 297.0, 0.0}),
+        drawingPoint(L"LIMMIN", {}),
         real(L"LTSCALE", 1.0, kPositive),
         drawingInteger(L"LUNITS", 2, 1, 5),
         drawingInteger(L"LUPREC", 4, 0, 8),
@@ -91,6 +98,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"ORTHOMODE", 0, 0, 1),
         integer(L"OSMODE", 4133, 0, 32767),
         integer(L"OSNAPCOORD", 2, 0, 2),
+        readOnly(L"PERIMETER", 0.0),
         integer(L"PICKADD", 1, 0, 2),
         integer(L"PICKAUTO", 1, 0, 1),
         integer(L"PICKBOX", 3, 0, 50),

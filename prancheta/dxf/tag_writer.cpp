@@ -20,7 +20,8 @@ void appendReal(std::string& out, double value) {
     char* end = buffer;
     if (!std::isfinite(value)) value = 0.0;
     if (std::abs(value) < 1e15 && value == std::trunc(value)) {
-        end = std::to_chars(buffer, buffer + 32, static_cast<long long>(value)).ptr;
+        if (value == 0.0 && std::signbit(value)) *end++ = '-';
+        end = std::to_chars(end, buffer + 32, static_cast<long long>(value)).ptr;
         *end++ = '.';
         *end++ = '0';
     } else {

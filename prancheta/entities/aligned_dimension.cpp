@@ -20,24 +20,28 @@ AcDbAlignedDimension::AcDbAlignedDimension(const AcGePoint3d& xLine1, const AcGe
 }
 
 Acad::ErrorStatus AcDbAlignedDimension::setXLine1Point(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_xLine1 = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbAlignedDimension::setXLine2Point(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_xLine2 = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbAlignedDimension::setDimLinePoint(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_dimLine = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbAlignedDimension::setOblique(double angle) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_oblique = angle;
     return Acad::eOk;
@@ -79,8 +83,8 @@ Adesk::Boolean AcDbAlignedDimension::subWorldDraw(AcGiWorldDraw* draw) {
 }
 
 Acad::ErrorStatus AcDbAlignedDimension::subTransformBy(const AcGeMatrix3d& m) {
-    assertWriteEnabled();
     if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
+    assertWriteEnabled();
     for (AcGePoint3d* p : {&m_xLine1, &m_xLine2, &m_dimLine, &m_textPosition}) p->transformBy(m);
     if (m.det() < 0.0 && m_oblique != 0.0) m_oblique = -m_oblique;
     xDataTransformBy(m);

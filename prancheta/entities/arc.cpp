@@ -21,32 +21,37 @@ double sweepOf(const AcDbArc& arc) {
 }  // namespace
 
 Acad::ErrorStatus AcDbArc::setCenter(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_center = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setNormal(const AcGeVector3d& normal) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (normal.isZeroLength()) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_normal = normal.normal();
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setRadius(double radius) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!(radius >= 0.0)) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_radius = radius;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setStartAngle(double angle) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_startAngle = positiveAngle(angle);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbArc::setEndAngle(double angle) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_endAngle = positiveAngle(angle);
     return Acad::eOk;
@@ -83,8 +88,8 @@ Adesk::Boolean AcDbArc::subWorldDraw(AcGiWorldDraw* draw) {
 }
 
 Acad::ErrorStatus AcDbArc::subTransformBy(const AcGeMatrix3d& m) {
-    assertWriteEnabled();
     if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
+    assertWriteEnabled();
     AcGeVector3d start = m * directionInPlane(m_startAngle, m_normal);
     AcGeVector3d end = m * directionInPlane(m_endAngle, m_normal);
     if (m.det() < 0.0) std::swap(start, end);

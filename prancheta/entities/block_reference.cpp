@@ -57,34 +57,39 @@ bool frameOf(const AcGeMatrix3d& m, const AcGeVector3d& formerScale, Frame& fram
 }  // namespace
 
 Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId id) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (id.isNull()) return Acad::eNullObjectId;
+    assertWriteEnabled();
     m_block = id;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_position = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_rotation = angle;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeVector3d& scale) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (scale.x == 0.0 || scale.y == 0.0 || scale.z == 0.0) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_scale = scale;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setNormal(const AcGeVector3d& normal) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (normal.isZeroLength()) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_normal = normal.normal();
     return Acad::eOk;
 }
@@ -133,9 +138,9 @@ Adesk::Boolean AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw) {
 }
 
 Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& m) {
-    assertWriteEnabled();
     Frame frame;
     if (!frameOf(m * blockTransform(), m_scale, frame)) return Acad::eCannotScaleNonUniformly;
+    assertWriteEnabled();
     m_position.transformBy(m);
     m_scale = frame.scale;
     m_normal = frame.normal;

@@ -9,14 +9,16 @@ using namespace prancheta;
 ACRX_DXF_DEFINE_MEMBERS(AcDbCircle, AcDbEntity, 0, 0, 0, CIRCLE, "Prancheta")
 
 Acad::ErrorStatus AcDbCircle::setCenter(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_center = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbCircle::setRadius(double radius) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!(radius >= 0.0)) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_radius = radius;
     return Acad::eOk;
 }
@@ -47,8 +49,8 @@ Adesk::Boolean AcDbCircle::subWorldDraw(AcGiWorldDraw* draw) {
 }
 
 Acad::ErrorStatus AcDbCircle::subTransformBy(const AcGeMatrix3d& m) {
-    assertWriteEnabled();
     if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
+    assertWriteEnabled();
     m_center.transformBy(m);
     m_normal = mappedNormal(m, m_normal);
     m_radius *= m.scale();

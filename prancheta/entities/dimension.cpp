@@ -9,12 +9,14 @@ using namespace prancheta;
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDimension, AcDbEntity)
 
 Acad::ErrorStatus AcDbDimension::setDimensionStyle(AcDbObjectId id) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_style = id;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_text = text != nullptr ? text : L"";
     return Acad::eOk;
@@ -25,6 +27,7 @@ AcGePoint3d AcDbDimension::textPosition() const {
 }
 
 Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_textPosition = p;
     m_userTextPosition = true;
@@ -32,6 +35,7 @@ Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& p) {
 }
 
 Acad::ErrorStatus AcDbDimension::useDefaultTextPosition() {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_userTextPosition = false;
     return Acad::eOk;
@@ -40,8 +44,9 @@ Acad::ErrorStatus AcDbDimension::useDefaultTextPosition() {
 double AcDbDimension::dimscale() const { return styleValues(*this).dimscale; }
 
 Acad::ErrorStatus AcDbDimension::setDimscale(double scale) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!(scale >= 0.0)) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_dimscale = scale;
     return Acad::eOk;
 }

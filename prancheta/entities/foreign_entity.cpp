@@ -29,6 +29,7 @@ Acad::ErrorStatus readBytes(AcDbDwgFiler* filer, std::string& text) {
 }  // namespace
 
 Acad::ErrorStatus ForeignEntity::setContent(std::string typeName, RawTags tags) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_typeName = std::move(typeName);
     m_tags = std::move(tags);
@@ -72,9 +73,9 @@ Adesk::Boolean ForeignEntity::subWorldDraw(AcGiWorldDraw* draw) {
 }
 
 Acad::ErrorStatus ForeignEntity::subTransformBy(const AcGeMatrix3d& m) {
-    assertWriteEnabled();
     RawTags tags = m_tags;
     if (!transformForeign(m_typeName, tags, m)) return Acad::eNotApplicable;
+    assertWriteEnabled();
     m_tags = std::move(tags);
     xDataTransformBy(m);
     return Acad::eOk;

@@ -9,12 +9,14 @@ using namespace prancheta;
 ACRX_DXF_DEFINE_MEMBERS(AcDbLine, AcDbEntity, 0, 0, 0, LINE, "Prancheta")
 
 Acad::ErrorStatus AcDbLine::setStartPoint(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_start = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbLine::setEndPoint(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_end = p;
     return Acad::eOk;

@@ -9,6 +9,7 @@ using namespace prancheta;
 ACRX_DXF_DEFINE_MEMBERS(AcDbPoint, AcDbEntity, 0, 0, 0, POINT, "Prancheta")
 
 Acad::ErrorStatus AcDbPoint::setPosition(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_position = p;
     return Acad::eOk;

@@ -36,54 +36,62 @@ Acad::ErrorStatus AcDbPolyline::getWidthsAt(unsigned int index, double& start, d
 
 Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2d& p, double bulge,
                                             double startWidth, double endWidth) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (index > m_vertices.size()) return Acad::eInvalidIndex;
+    assertWriteEnabled();
     m_vertices.insert(m_vertices.begin() + index, {p.x, p.y, bulge, startWidth, endWidth});
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::removeVertexAt(unsigned int index) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (index >= m_vertices.size()) return Acad::eInvalidIndex;
+    assertWriteEnabled();
     m_vertices.erase(m_vertices.begin() + index);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setPointAt(unsigned int index, const AcGePoint2d& p) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (index >= m_vertices.size()) return Acad::eInvalidIndex;
+    assertWriteEnabled();
     m_vertices[index].x = p.x;
     m_vertices[index].y = p.y;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setBulgeAt(unsigned int index, double bulge) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (index >= m_vertices.size()) return Acad::eInvalidIndex;
+    assertWriteEnabled();
     m_vertices[index].bulge = bulge;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setClosed(bool closed) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_closed = closed;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setElevation(double elevation) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_elevation = elevation;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (normal.isZeroLength()) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_normal = normal.normal();
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::setPlinegen(bool on) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_plinegen = on;
     return Acad::eOk;
@@ -139,8 +147,8 @@ Adesk::Boolean AcDbPolyline::subWorldDraw(AcGiWorldDraw* draw) {
 }
 
 Acad::ErrorStatus AcDbPolyline::subTransformBy(const AcGeMatrix3d& m) {
-    assertWriteEnabled();
     if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
+    assertWriteEnabled();
     const AcGeVector3d normal = mappedNormal(m, m_normal);
     const AcGeMatrix3d map = planeToWorld(normal).inverse() * m * planeToWorld(m_normal);
     const double scale = m.scale();

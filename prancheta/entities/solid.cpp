@@ -15,8 +15,9 @@ Acad::ErrorStatus AcDbSolid::getPointAt(Adesk::UInt16 index, AcGePoint3d& p) con
 }
 
 Acad::ErrorStatus AcDbSolid::setPointAt(Adesk::UInt16 index, const AcGePoint3d& p) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (index > 3) return Acad::eInvalidIndex;
+    assertWriteEnabled();
     m_points[index] = p;
     return Acad::eOk;
 }

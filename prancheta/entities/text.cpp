@@ -26,12 +26,14 @@ void AcDbText::justify() {
 }
 
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_position = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_alignment = p;
     justify();
@@ -39,22 +41,25 @@ Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& p) {
 }
 
 Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (text == nullptr) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_text = text;
     justify();
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::setHeight(double height) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!(height > 0.0)) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_height = height;
     justify();
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::setRotation(double angle) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_rotation = angle;
     justify();
@@ -62,36 +67,41 @@ Acad::ErrorStatus AcDbText::setRotation(double angle) {
 }
 
 Acad::ErrorStatus AcDbText::setWidthFactor(double factor) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!(factor > 0.0)) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_widthFactor = factor;
     justify();
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::setOblique(double angle) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_oblique = angle;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId id) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
     m_style = id;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::setHorizontalMode(int mode) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (mode < 0 || mode > 5) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_horizontal = static_cast<Adesk::Int16>(mode);
     justify();
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbText::setVerticalMode(int mode) {
-    assertWriteEnabled();
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (mode < 0 || mode > 3) return Acad::eInvalidInput;
+    assertWriteEnabled();
     m_vertical = static_cast<Adesk::Int16>(mode);
     justify();
     return Acad::eOk;

@@ -25,6 +25,18 @@ TEST_F(Modify, MoveByTwoPointsAndByDisplacement) {
     EXPECT_EQ(count(), 1u);
 }
 
+TEST_F(Modify, WhatCannotBeTransformedIsTold) {
+    type({L"_line", L"0,0", L"1,0", L""});
+    {
+        // Open elsewhere, an object cannot be changed; the others move all the same.
+        const Read<AcDbLine> held(entities()[0]);
+        type({L"_move", L"_all", L"", L"0,0", L"0,7"});
+    }
+    EXPECT_TRUE(said(L"1 objeto não pôde ser transformado."));
+    expectLine(entities()[0], 10, 0, 20, 0);
+    expectLine(entities()[1], 0, 7, 1, 7);
+}
+
 TEST_F(Modify, CopyAgainAndAgain) {
     type({L"copiar", L"_l", L"", L"0,0", L"0,10", L"0,20", L"_u", L"0,30", L""});
     ASSERT_EQ(count(), 3u);

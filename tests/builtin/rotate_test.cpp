@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // ROTATE as users and programs drive it.
+#include <cmath>
+
 #include "accmd.h"
 #include "acedads.h"
 #include "tests/builtin/script_ui.h"
@@ -41,6 +43,21 @@ TEST_F(Rotate, ByReference) {
     // of two others.
     type({L"_rotate", L"_l", L"", L"0,0", L"r", L"@", L"1,1", L"_p", L"50,50", L"50,60"});
     expectLine(last(), 0, 10, 0, 20);
+}
+
+TEST_F(Rotate, AnotherBaseAndDirectionOfAngles) {
+    // Angles count clockwise from up: a turn of 90 goes from (10,0) down; its default is shown as
+    // it was typed.
+    editor->variables().force(L"ANGBASE", 1.5707963267948966);
+    editor->variables().force(L"ANGDIR", short(1));
+    type({L"_rotate", L"_l", L"", L"0,0", L"90"});
+    EXPECT_TRUE(said(L"ANGDIR=horário  ANGBASE=90"));
+    expectLine(last(), 0, -10, 0, -20);
+    type({L"_rotate", L"_l", L"", L"0,0", L"^C"});
+    EXPECT_TRUE(asked(L"[Copiar/Referência] <90>"));
+    // From 0 (up) to 270 (left, counted clockwise) is a quarter turn to the left.
+    type({L"_rotate", L"_l", L"", L"0,0", L"_r", L"0", L"270"});
+    expectLine(last(), 10, 0, 20, 0);
 }
 
 TEST_F(Rotate, CopyLeavesTheOriginal) {

@@ -5,8 +5,15 @@
 #include <gtest/gtest.h>
 
 #include "piece.h"
+#include "prancheta/base/text.h"
+#include "prancheta/database/memory_filer.h"
 #include "prancheta/database/object_access.h"
+
 #include "prancheta/database/register.h"
+#include "prancheta/database/value_list.h"
+
+using prancheta::ObjectAccess;
+using prancheta::toUtf8;
 
 class DatabaseTest : public testing::Test {
 protected:

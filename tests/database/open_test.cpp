@@ -118,7 +118,10 @@ TEST_F(OpenTest, EntityNamesAreCheckedNotFollowed) {
     EXPECT_EQ(back, id);
     EXPECT_EQ(acdbGetAdsName(name, AcDbObjectId()), Acad::eNullObjectId);
     EXPECT_TRUE(ads_name_nil(name));
-    const ads_name wrong[] = {{0, 0}, {12345, 0}, {id.asOldId() + 1, 0}, {id.asOldId(), 7},
+    const ads_name wrong[] = {{0, 0},
+                              {12345, 0},
+                              {id.asOldId() + 1, 0},
+                              {id.asOldId(), 7},
                               {id.asOldId() + 1000 * static_cast<long>(sizeof(AcDbStub)), 0}};
     for (const ads_name& n : wrong) {
         EXPECT_EQ(acdbGetObjectId(back, n), Acad::eInvalidAdsName);

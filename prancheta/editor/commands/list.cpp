@@ -35,8 +35,8 @@ CommandTask dist(CommandContext context) {
     const double inPlane = std::hypot(delta.x, delta.y);
     const double direction = inPlane > 0.0 ? positiveAngle(std::atan2(delta.y, delta.x)) : 0.0;
     say(context, L"Distância = " + lengthText(delta.length()) + L",  Ângulo no plano XY = " +
-                     angleText(direction) + L",  Ângulo a partir do plano XY = " +
-                     angleText(std::atan2(delta.z, inPlane)));
+                     directionText(direction) + L",  Ângulo a partir do plano XY = " +
+                     turnText(context, std::atan2(delta.z, inPlane)));
     say(context, L"Delta X = " + lengthText(delta.x) + L",  Delta Y = " + lengthText(delta.y) +
                      L",  Delta Z = " + lengthText(delta.z));
     context.editor().variables().force(L"DISTANCE", delta.length());

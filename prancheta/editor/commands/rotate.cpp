@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // ROTATE: turns a selection about a point.
+#include "acedads.h"
 #include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
 
@@ -15,25 +17,27 @@ constexpr Word kNewAngleWords[] = {{L"Pontos", L"Points"}};
 
 void printAngleDirection(const CommandContext& context) {
     const SystemVariables& variables = context.editor().variables();
+    ACHAR base[512] = L"0";
+    (void)acdbRToS(variables.real(L"ANGBASE") * 180.0 / kPi, 2, variables.number(L"AUPREC"), base);
     const bool clockwise = variables.number(L"ANGDIR") != 0;
     say(context, L"Ângulo positivo atual no UCS:  ANGDIR=" +
                      std::wstring(clockwise ? L"horário" : L"anti-horário") + L"  ANGBASE=" +
-                     angleText(variables.real(L"ANGBASE")));
+                     std::wstring(base));
 }
 
 /// `number` is new angle less reference; `status` RTCAN when a question was refused.
 Task<InputValue> angleByReference(CommandContext context, AcGePoint3d base, Ids ids) {
     Memory& kept = memory(context);
-    InputValue reference =
-        co_await context.ask(Prompt(InputKind::Angle, L"\nEspecifique o ângulo de referência <" +
-                                                          angleText(kept.referenceAngle) + L">: ")
-                                 .absolute());
+    InputValue reference = co_await context.ask(
+        Prompt(InputKind::Angle, L"\nEspecifique o ângulo de referência <" +
+                                     directionText(kept.referenceAngle) + L">: ")
+            .absolute());
     if (reference.status == RTCAN) co_return reference;
     if (reference.status == RTNORM) kept.referenceAngle = reference.number;
 
     InputValue wanted =
         co_await context.ask(Prompt(InputKind::Angle, L"\nEspecifique o novo ângulo ou [Pontos] <" +
-                                                          angleText(kept.newAngle) + L">: ")
+                                                          directionText(kept.newAngle) + L">: ")
                                  .from(base)
                                  .words(kNewAngleWords)
                                  .absolute()
@@ -69,7 +73,7 @@ CommandTask rotate(CommandContext context) {
     for (;;) {
         InputValue answer = co_await context.ask(
             Prompt(InputKind::Angle, L"\nEspecifique o ângulo de rotação ou [Copiar/Referência] <" +
-                                         angleText(kept.rotation) + L">: ")
+                                         turnText(context, kept.rotation) + L">: ")
                 .from(base.point)
                 .words(kAngleWords)
                 .turning(chosen.ids));

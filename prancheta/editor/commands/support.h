@@ -82,8 +82,10 @@ AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity
 
 /// As LUNITS and LUPREC ask; drawing units.
 std::wstring lengthText(double value);
-/// As AUNITS and AUPREC ask; `angle` in radians.
-std::wstring angleText(double angle);
+/// As AUNITS, AUPREC, ANGBASE and ANGDIR ask: of a direction that counts from +X, and of a turn
+/// from one direction to another; radians.
+std::wstring directionText(double angle);
+std::wstring turnText(const CommandContext& context, double angle);
 std::wstring pointText(const AcGePoint3d& p);
 /// "1 objeto" and "2 objetos": the number with the word that agrees with it.
 std::wstring counted(std::size_t count, std::wstring_view one, std::wstring_view many);

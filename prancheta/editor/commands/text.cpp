@@ -118,7 +118,7 @@ CommandTask text(CommandContext context) {
     }
     const InputValue rotation = co_await context.ask(
         Prompt(InputKind::Angle, L"\nEspecifique o ângulo de rotação do texto <" +
-                                     angleText(kept.textRotation) + L">: ")
+                                     directionText(kept.textRotation) + L">: ")
             .from(placing.point)
             .absolute());
     if (rotation.status == RTCAN) co_return CommandEnd::Cancelled;

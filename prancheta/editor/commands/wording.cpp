@@ -3,6 +3,7 @@
 #include "acedads.h"
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
 
@@ -11,9 +12,13 @@ std::wstring lengthText(double value) {
     return acdbRToS(value, -1, -1, text) == RTNORM ? text : numberTextWide(value);
 }
 
-std::wstring angleText(double angle) {
+std::wstring directionText(double angle) {
     ACHAR text[512];
     return acdbAngToS(angle, -1, -1, text) == RTNORM ? text : numberTextWide(angle);
+}
+
+std::wstring turnText(const CommandContext& context, double angle) {
+    return directionText(context.editor().variables().real(L"ANGBASE") + angle);
 }
 
 std::wstring pointText(const AcGePoint3d& p) {

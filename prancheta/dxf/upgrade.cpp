@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+// Subclass markers for entity types of files without them.
+#include "prancheta/dxf/upgrade.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "prancheta/dxf/tag.h"
+
+namespace prancheta::dxf {
+namespace {
+
+constexpr int kMaxCodes = 28;
+constexpr int kAll = -1;
+
+/// A subclass and the groups that belong to it; kAll takes what is left.
+struct Subclass {
+    const char* marker;
+    int codes[kMaxCodes];
+};
+
+/// Type, bits of group 70 that select this row (value under mask), subclasses in file order.
+struct Markers {
+    const char* type;
+    int mask;
+    int value;
+    Subclass subclasses[3];
+};
+
+#define PRANCHETA_TEXT_CODES \
+    10, 20, 30, 40, 1, 50, 41, 51, 7, 71, 72, 11, 21, 31, 39, 210, 220, 230
+#define PRANCHETA_DIMENSION_CODES \
+    2, 10, 20, 30, 11, 21, 31, 12, 22, 32, 70, 1, 71, 72, 41, 42, 51, 53, 3, 210, 220, 230
+
+constexpr Markers kMarkers[] = {
+    {"3DFACE", 0, 0, {{"AcDbFace", {kAll}}}},
+    {"TRACE", 0, 0, {{"AcDbTrace", {kAll}}}},
+    {"SOLID", 0, 0, {{"AcDbTrace", {kAll}}}},
+    {"SHAPE", 0, 0, {{"AcDbShape", {kAll}}}},
+    {"LINE", 0, 0, {{"AcDbLine", {kAll}}}},
+    {"POINT", 0, 0, {{"AcDbPoint", {kAll}}}},
+    {"CIRCLE", 0, 0, {{"AcDbCircle", {kAll}}}},
+    {"ARC", 0, 0, {{"AcDbCircle", {10, 20, 30, 40, 39, 210, 220, 230}}, {"AcDbArc", {kAll}}}},
+    {"TEXT", 0, 0, {{"AcDbText", {PRANCHETA_TEXT_CODES}}, {"AcDbText", {kAll}}}},
+    {"INSERT", 0, 0, {{"AcDbBlockReference", {kAll}}}},
+    {"VIEWPORT", 0, 0, {{"AcDbViewport", {kAll}}}},
+    {"ATTDEF", 0, 0,
+     {{"AcDbText", {PRANCHETA_TEXT_CODES}}, {"AcDbAttributeDefinition", {kAll}}}},
+    {"ATTRIB", 0, 0, {{"AcDbText", {PRANCHETA_TEXT_CODES}}, {"AcDbAttribute", {kAll}}}},
+    {"POLYLINE", 8, 8, {{"AcDb3dPolyline", {kAll}}}},
+    {"POLYLINE", 16, 16, {{"AcDbPolygonMesh", {kAll}}}},
+    {"POLYLINE", 64, 64, {{"AcDbPolyFaceMesh", {kAll}}}},
+    {"POLYLINE", 0, 0, {{"AcDb2dPolyline", {kAll}}}},
+    {"VERTEX", 192, 128, {{"AcDbFaceRecord", {kAll}}}},
+    {"VERTEX", 192, 192, {{"AcDbVertex", {0}}, {"AcDbPolyFaceMeshVertex", {kAll}}}},
+    {"VERTEX", 64, 64, {{"AcDbVertex", {0}}, {"AcDbPolygonMeshVertex", {kAll}}}},
+    {"VERTEX", 32, 32, {{"AcDbVertex", {0}}, {"AcDb3dPolylineVertex", {kAll}}}},
+    {"VERTEX", 0, 0, {{"AcDbVertex", {0}}, {"AcDb2dVertex", {kAll}}}},
+    {"DIMENSION", 7, 0,
+     {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}},
+      {"AcDbAlignedDimension", {kAll}},
+      {"AcDbRotatedDimension", {0}}}},
+    {"DIMENSION", 7, 1,
+     {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbAlignedDimension", {kAll}}}},
+    {"DIMENSION", 7, 2,
+     {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDb2LineAngularDimension", {kAll}}}},
+    {"DIMENSION", 7, 3,
+     {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbDiametricDimension", {kAll}}}},
+    {"DIMENSION", 7, 4,
+     {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbRadialDimension", {kAll}}}},
+    {"DIMENSION", 7, 5,
+     {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDb3PointAngularDimension", {kAll}}}},
+    {"DIMENSION", 7, 6,
+     {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbOrdinateDimension", {kAll}}}},
+};
+
+#undef PRANCHETA_TEXT_CODES
+#undef PRANCHETA_DIMENSION_CODES
+
+long long flagsOf(const RawTags& tags) {
+    long long flags = 0;
+    for (const RawTag& tag : tags)
+        if (tag.code == 70) (void)parseInteger(tag.value, flags);
+    return flags;
+}
+
+const Markers* markersOf(std::string_view type, const RawTags& tags) {
+    const long long flags = flagsOf(tags);
+    for (const Markers& row : kMarkers)
+        if (type == row.type && (flags & row.mask) == row.value) return &row;
+    return nullptr;
+}
+
+bool holds(const Subclass& subclass, int code) {
+    return std::find(std::begin(subclass.codes), std::end(subclass.codes), code) !=
+           std::end(subclass.codes);
+}
+
+/// Groups that belong to every entity, not to its type.
+constexpr int kCommonCodes[] = {5, 6, 8, 48, 60, 62, 67};
+
+bool isCommon(int code) {
+    return std::find(std::begin(kCommonCodes), std::end(kCommonCodes), code) !=
+           std::end(kCommonCodes);
+}
+
+std::string hexText(Adesk::UInt64 value) {
+    char digits[17];
+    char* const end = std::to_chars(digits, digits + 16, value, 16).ptr;
+    std::transform(digits, end, digits, [](char c) {
+        return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
+    return {digits, end};
+}
+
+}  // namespace
+
+void addSubclassMarkers(std::string_view type, RawTags& tags) {
+    const Markers* const row = markersOf(type, tags);
+    if (row == nullptr) return;
+    RawTags out;
+    for (const Subclass& subclass : row->subclasses) {
+        if (subclass.marker == nullptr) break;
+        out.push_back({100, subclass.marker});
+        for (RawTag& tag : tags) {
+            if (tag.code < 0) continue;
+            if (subclass.codes[0] != kAll && !holds(subclass, tag.code)) continue;
+            out.push_back(tag);
+            tag.code = -1;  // taken
+        }
+    }
+    tags = std::move(out);
+}
+
+void completePart(RawTags& part, Adesk::UInt64 owner) {
+    const bool marked = std::any_of(part.begin(), part.end(),
+                                    [](const RawTag& tag) { return tag.code == 100; });
+    const bool owned = std::any_of(part.begin(), part.end(),
+                                   [](const RawTag& tag) { return tag.code == 330; });
+    if (marked && owned) return;
+    const std::string type = part.front().value;
+    RawTags head{part.front()};
+    RawTags common;
+    RawTags own;
+    RawTags xdata;
+    for (std::size_t i = 1; i < part.size(); ++i) {
+        const RawTag& tag = part[i];
+        if (tag.code == 5)
+            head.push_back(tag);
+        else if (tag.code >= 1000)
+            xdata.push_back(tag);
+        else if (!marked && isCommon(tag.code))
+            common.push_back(tag);
+        else
+            own.push_back(tag);
+    }
+    if (!owned) head.push_back({330, hexText(owner)});
+    if (!marked) {
+        head.push_back({100, "AcDbEntity"});
+        addSubclassMarkers(type, own);
+    }
+    part = std::move(head);
+    for (RawTags* more : {&common, &own, &xdata})
+        part.insert(part.end(), more->begin(), more->end());
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Records of files older than R2000, made complete.
+#pragma once
+
+#include "prancheta/database/database_core.h"
+
+namespace prancheta::dxf {
+
+/// Puts subclass markers before the groups of an entity type that has none: each group goes to the
+/// subclass that the table names, what no subclass names to the last one. Types that are not known get
+/// none.
+void addSubclassMarkers(std::string_view type, RawTags& tags);
+
+/// Completes a record inside the content of another entity (VERTEX, ATTRIB, SEQEND, from its group 0
+/// on): owner, AcDbEntity, and the markers of its type. What is complete stays as it is.
+void completePart(RawTags& part, Adesk::UInt64 owner);
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// Deep clones.
+#include "dbdict.h"
+#include "dbxrecrd.h"
+#include "fixture.h"
+
+namespace {
+
+class CloneTest : public DatabaseTest {
+protected:
+    CloneTest() {
+        a = append(database, new Piece(1, L"a"));
+        b = append(database, new Piece(2, L"b"));
+        AcDbObjectPointer<Piece>(a, AcDb::kForWrite)->setPartner(b);
+        AcDbObjectPointer<Piece>(b, AcDb::kForWrite)->setPartner(a);
+    }
+    AcDbObjectIdArray clone(std::initializer_list<AcDbObjectId> ids) {
+        AcDbObjectIdArray set;
+        for (AcDbObjectId id : ids) set.append(id);
+        AcDbObjectIdArray copies;
+        EXPECT_EQ(database.deepCloneObjects(set, database.currentSpaceId(), copies), Acad::eOk);
+        return copies;
+    }
+    static AcDbObjectId partnerOf(AcDbObjectId id) {
+        return AcDbObjectPointer<Piece>(id, AcDb::kForRead)->partner();
+    }
+    AcDbObjectId a;
+    AcDbObjectId b;
+};
+
+TEST_F(CloneTest, ReferencesInsideTheSetFollow) {
+    undo().begin(L"COPIAR");
+    const AcDbObjectIdArray both = clone({b, a});
+    undo().end();
+    ASSERT_EQ(both.length(), 2);
+    EXPECT_EQ(sizeOf(both[0]), 2);
+    EXPECT_EQ(partnerOf(both[0]), both[1]);
+    EXPECT_EQ(partnerOf(both[1]), both[0]);
+    EXPECT_EQ(partnerOf(a), b);
+    EXPECT_EQ(core().modelSpace(), (std::vector{a, b, both[0], both[1]}));
+    EXPECT_NE(both[0].handle(), b.handle());
+    undo().undo();
+    EXPECT_EQ(core().modelSpace(), (std::vector{a, b}));
+    undo().redo();
+    EXPECT_EQ(partnerOf(both[0]), both[1]);
+    const AcDbObjectIdArray alone = clone({a});
+    EXPECT_EQ(partnerOf(alone[0]), b);
+}
+
+TEST_F(CloneTest, HandlesInDataReactorsAndDictionariesFollow) {
+    core().ensureRegApp(L"ZP");
+    {
+        AcDbObjectPointer<Piece> piece(a, AcDb::kForWrite);
+        ACHAR handle[17];
+        b.handle().getIntoAsciiBuffer(handle);
+        const prancheta::ListOwner data(
+            acutBuildList(1001, L"ZP", 1005, handle, 1005, L"FFFF", RTNONE));
+        ASSERT_EQ(piece->setXData(data.get()), Acad::eOk);
+        ASSERT_EQ(piece->addPersistentReactor(b), Acad::eOk);
+        ASSERT_EQ(piece->createExtensionDictionary(), Acad::eOk);
+        AcDbObjectPointer<AcDbDictionary> dictionary(piece->extensionDictionary(), AcDb::kForWrite);
+        auto* record = new AcDbXrecord;
+        ads_name name;
+        acdbGetAdsName(name, b);
+        const prancheta::ListOwner list(acutBuildList(1, L"texto", 330, name, RTNONE));
+        ASSERT_EQ(record->setFromRbChain(*list), Acad::eOk);
+        AcDbObjectId id;
+        ASSERT_EQ(dictionary->setAt(L"ZP_BARRA", record, id), Acad::eOk);
+        record->close();
+    }
+    const AcDbObjectIdArray copies = clone({a, b});
+    AcDbObjectPointer<Piece> copy(copies[0], AcDb::kForRead);
+    const prancheta::ListOwner data(copy->xData(L"ZP"));
+    ACHAR expected[17];
+    copies[1].handle().getIntoAsciiBuffer(expected);
+    EXPECT_STREQ(data->rbnext->resval.rstring, expected);
+    EXPECT_STREQ(data->rbnext->rbnext->resval.rstring, L"FFFF");
+    EXPECT_EQ(ObjectAccess::extra(*copy)->reactors, std::vector{AcDbObjectId(copies[1])});
+
+    const AcDbObjectId own = copy->extensionDictionary();
+    EXPECT_EQ(own.database(), &database);
+    AcDbObjectPointer<AcDbDictionary> dictionary(own, AcDb::kForRead);
+    ASSERT_NE(dictionary.object(), nullptr);
+    EXPECT_EQ(dictionary->ownerId(), copies[0]);
+    AcDbObjectId id;
+    ASSERT_EQ(dictionary->getAt(L"ZP_BARRA", id), Acad::eOk);
+    AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead);
+    EXPECT_EQ(record->ownerId(), own);
+    resbuf* list = nullptr;
+    record->rbChain(&list);
+    const prancheta::ListOwner owner(list);
+    AcDbObjectId linked;
+    ASSERT_EQ(acdbGetObjectId(linked, list->rbnext->resval.rlname), Acad::eOk);
+    EXPECT_EQ(linked, copies[1]);
+    // The original's are its own still.
+    EXPECT_NE(AcDbObjectPointer<Piece>(a, AcDb::kForRead)->extensionDictionary(), own);
+}
+
+TEST_F(CloneTest, WhatCannotBeClonedChangesNothing) {
+    AcDbDatabase other;
+    AcDbObjectIdArray copies;
+    AcDbObjectIdArray set;
+    set.append(a);
+    EXPECT_EQ(other.deepCloneObjects(set, other.currentSpaceId(), copies), Acad::eWrongDatabase);
+    EXPECT_EQ(database.deepCloneObjects(set, AcDbObjectId(), copies), Acad::eNullObjectId);
+    EXPECT_EQ(database.deepCloneObjects(set, database.layerZero(), copies), Acad::eWrongObjectType);
+    set.append(database.layerZero());
+    EXPECT_EQ(database.deepCloneObjects(set, database.currentSpaceId(), copies),
+              Acad::eNotAnEntity);
+    EXPECT_TRUE(copies.isEmpty());
+    EXPECT_EQ(core().modelSpace().size(), 2u);
+}
+
+}  // namespace

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+// Lines, points, circles, arcs, solids: transformations, copies, grips, LIST, undo.
+#include "fixture.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/geometry/angles.h"
+
+using namespace prancheta;
+
+namespace {
+
+const AcGeVector3d kZ = AcGeVector3d::kZAxis;
+
+AcGeMatrix3d stretch(double x, double y) {
+    AcGeMatrix3d m;
+    return m.setCoordSystem(AcGePoint3d::kOrigin, {x, 0, 0}, {0, y, 0}, kZ);
+}
+
+void drag(AcDbEntity& entity, int grip, const AcGeVector3d& offset) {
+    AcDbIntArray indices;
+    indices.append(grip);
+    EXPECT_EQ(entity.moveGripPointsAt(indices, offset), Acad::eOk);
+}
+
+}  // namespace
+
+using SimpleTest = EntityTest;
+
+TEST_F(SimpleTest, SimilaritiesAndTheirInversesBringBackThePicture) {
+    AcDbLine line({1, 2, 0}, {30, -4, 0});
+    AcDbPoint point({7, 7, 0});
+    AcDbCircle circle({5, 6, 0}, kZ, 12);
+    AcDbArc arc({5, 6, 0}, 12, kPi / 6, 1.5);
+    AcDbSolid solid({0, 0, 0}, {10, 0, 0}, {0, 5, 0}, {10, 7, 0});
+    for (AcDbEntity* entity : {static_cast<AcDbEntity*>(&line), static_cast<AcDbEntity*>(&point),
+                               static_cast<AcDbEntity*>(&circle), static_cast<AcDbEntity*>(&arc),
+                               static_cast<AcDbEntity*>(&solid)})
+        expectRoundTrip(*entity);
+}
+
+TEST_F(SimpleTest, UnequalScalesAreTakenOnlyByWhatCanShowThem) {
+    AcDbLine line({1, 2, 0}, {3, 4, 0});
+    EXPECT_EQ(line.transformBy(stretch(10, 1)), Acad::eOk);
+    EXPECT_TRUE(near(line.endPoint(), {30, 4, 0}));
+    AcDbSolid solid({0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0});
+    AcGePoint3d corner;
+    EXPECT_EQ(solid.transformBy(stretch(3, 2)), Acad::eOk);
+    (void)solid.getPointAt(3, corner);
+    EXPECT_TRUE(near(corner, {3, 2, 0}));
+    AcDbCircle circle({1, 1, 0}, kZ, 2);
+    AcDbArc arc({1, 1, 0}, 2, 0, 1);
+    EXPECT_EQ(circle.transformBy(stretch(2, 1)), Acad::eCannotScaleNonUniformly);
+    EXPECT_EQ(arc.transformBy(stretch(2, 1)), Acad::eCannotScaleNonUniformly);
+    EXPECT_TRUE(near(circle.center(), {1, 1, 0}));
+    EXPECT_EQ(arc.radius(), 2.0);
+}
+
+TEST_F(SimpleTest, ArcMirroredAndSetUpright) {
+    // 0 to 90 degrees about (10, 0), mirrored in x = 0: 90 to 180 degrees about (-10, 0).
+    AcDbArc arc({10, 0, 0}, 4, 0, kPi / 2);
+    EXPECT_EQ(arc.transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0})), Acad::eOk);
+    EXPECT_TRUE(near(arc.center(), {-10, 0, 0}));
+    EXPECT_EQ(arc.startAngle(), kPi / 2);
+    EXPECT_EQ(arc.endAngle(), kPi);
+    EXPECT_TRUE(arc.normal().isEqualTo(kZ));
+    // Turned about x by 90 degrees it stands in y = 0: from (-14, 0, 0) up to (-10, 0, 4).
+    EXPECT_EQ(arc.transformBy(AcGeMatrix3d::rotation(kPi / 2, {1, 0, 0})), Acad::eOk);
+    const AcDbExtents box = pictureOf(arc).extents();
+    EXPECT_TRUE(near(box.minPoint(), {-14, 0, 0}));
+    EXPECT_TRUE(near(box.maxPoint(), {-10, 0, 4}));
+    // Equal angles are a full turn.
+    AcDbArc full({0, 0, 0}, 3, 1, 1);
+    EXPECT_TRUE(near(pictureOf(full).extents().maxPoint(), {3, 3, 0}));
+}
+
+TEST_F(SimpleTest, CopiesKeepEveryField) {
+    AcDbArc arc({1, 2, 3}, 4, 0.5, 1.5);
+    (void)arc.setNormal({0, 1, 0});
+    (void)arc.setColorIndex(3);
+    const auto copy = copyOf(arc);
+    EXPECT_TRUE(pictureOf(*copy) == pictureOf(arc));
+    EXPECT_EQ(copy->colorIndex(), 3);
+    AcDbCircle circle({1, 2, 3}, {1, 0, 0}, 9);
+    EXPECT_TRUE(pictureOf(*copyOf(circle)) == pictureOf(circle));
+    AcDbSolid solid({0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {2, 2, 0});
+    EXPECT_TRUE(pictureOf(*copyOf(solid)) == pictureOf(solid));
+}
+
+TEST_F(SimpleTest, SettersNeedWriteAccessAndAreUndone) {
+    UndoLog& undo = database.core().undo();
+    const AcDbObjectId id = append(new AcDbCircle({0, 0, 0}, kZ, 5));
+    AcDbObjectPointer<AcDbCircle> circle(id, AcDb::kForRead);
+    EXPECT_EQ(circle->setRadius(7), Acad::eNotOpenForWrite);
+    (void)circle.open(id, AcDb::kForWrite);
+    undo.begin(L"TESTE");
+    EXPECT_EQ(circle->setRadius(-1), Acad::eInvalidInput);
+    EXPECT_EQ(circle->setRadius(7), Acad::eOk);
+    EXPECT_EQ(circle->setCenter({1, 1, 0}), Acad::eOk);
+    (void)circle.close();
+    undo.end();
+    EXPECT_TRUE(undo.undo());
+    (void)circle.open(id, AcDb::kForRead);
+    EXPECT_EQ(circle->radius(), 5.0);
+    EXPECT_TRUE(near(circle->center(), {0, 0, 0}));
+    (void)circle.close();
+    EXPECT_TRUE(undo.redo());
+    (void)circle.open(id, AcDb::kForRead);
+    EXPECT_EQ(circle->radius(), 7.0);
+}
+
+TEST_F(SimpleTest, GripsMoveWhatTheyStandOn) {
+    AcDbLine line({0, 0, 0}, {10, 0, 0});
+    drag(line, 1, {0, 5, 0});
+    EXPECT_TRUE(near(line.endPoint(), {10, 5, 0}));
+    drag(line, 2, {1, 1, 0});
+    EXPECT_TRUE(near(line.startPoint(), {1, 1, 0}));
+    EXPECT_TRUE(near(line.endPoint(), {11, 6, 0}));
+    AcDbCircle circle({0, 0, 0}, kZ, 5);
+    drag(circle, 1, {3, 6, 0});  // quadrant (5, 0) to (8, 6)
+    EXPECT_DOUBLE_EQ(circle.radius(), 10);
+    AcDbArc arc({0, 0, 0}, 5, 0, kPi / 2);
+    drag(arc, 2, {-7, -5, 0});  // end (0, 5) to (-7, 0)
+    EXPECT_DOUBLE_EQ(arc.endAngle(), kPi);
+    EXPECT_EQ(arc.radius(), 5.0);
+    AcGePoint3dArray grips;
+    AcDbIntArray unused;
+    grips.append({9, 9, 9});
+    EXPECT_EQ(circle.getGripPoints(grips, unused, unused), Acad::eOk);
+    ASSERT_EQ(grips.length(), 6);  // centre and quadrants after what was there
+    EXPECT_TRUE(near(grips[5], {0, -10, 0}));
+}
+
+TEST_F(SimpleTest, ListTellsTheGeometryInPortuguese) {
+    AcDbLine line({0, 0, 0}, {30, 40, 0});
+    line.list();
+    const std::wstring text = takePrinted();
+    EXPECT_NE(text.find(L"a partir do ponto, X=0.0000  Y=0.0000  Z=0.0000"), std::wstring::npos);
+    EXPECT_NE(text.find(L"até o ponto, X=30.0000  Y=40.0000"), std::wstring::npos);
+    EXPECT_NE(text.find(L"Comprimento = 50.0000"), std::wstring::npos);
+    EXPECT_NE(text.find(L"Ângulo no plano XY = 53"), std::wstring::npos);
+}
+
+TEST_F(SimpleTest, BowTieOrderOfSolidsAndTriangles) {
+    AcDbSolid solid({0, 0, 0}, {10, 0, 0}, {0, 5, 0}, {10, 5, 0});
+    const Picture square = pictureOf(solid);
+    ASSERT_EQ(square[0].points().size(), 4u);
+    EXPECT_TRUE(near(square[0].points()[2], {10, 5, 0}));
+    EXPECT_TRUE(near(square[0].points()[3], {0, 5, 0}));
+    AcDbSolid triangle({0, 0, 0}, {10, 0, 0}, {0, 5, 0}, {0, 5, 0});
+    EXPECT_EQ(pictureOf(triangle)[0].points().size(), 3u);
+    Pieces pieces(triangle);
+    EXPECT_EQ(pieces.status, Acad::eCannotExplodeEntity);
+}
