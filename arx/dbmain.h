@@ -186,8 +186,9 @@ private:
     Adesk::UInt8 m_visibility = 0;
 };
 
-/// Opens a resident object. eNullObjectId, eWasErased, eWasOpenForWrite, eWasOpenForRead, eAtMaxReaders; `object`
-/// is null on failure. Every open is paired with close().
+/// Opens a resident object. eNullObjectId (also for an id of a drawing that was closed), eNullObjectPointer (only
+/// the handle is known), eWasErased, eWasOpenForWrite, eWasOpenForRead, eWasNotifying (its reactors are being
+/// told), eAtMaxReaders; `object` is null on failure. Every open is paired with close().
 Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
 /// The same, eNotThatKindOfClass when it is no entity.
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);

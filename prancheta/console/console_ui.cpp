@@ -12,6 +12,8 @@
 namespace prancheta::console {
 
 void ConsoleUi::show(std::string_view utf8) {
+    // Prompts begin with a line feed; after an answer the cursor stands at a new line already.
+    if (m_atLineStart && utf8.starts_with('\n')) utf8.remove_prefix(1);
     if (utf8.empty()) return;
     std::fwrite(utf8.data(), 1, utf8.size(), stdout);
     m_atLineStart = utf8.back() == '\n';

@@ -42,6 +42,8 @@ Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::Ope
     object = nullptr;
     AcDbStub* stub = id;
     if (stub == nullptr) return Acad::eNullObjectId;
+    // Modules may keep ids of a drawing that was closed meanwhile.
+    if (!StubPool::owns(stub)) return Acad::eNullObjectId;
     if (stub->object == nullptr) return Acad::eNullObjectPointer;
     if (stub->erased && !openErased) return Acad::eWasErased;
     switch (mode) {

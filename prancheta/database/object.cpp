@@ -144,6 +144,16 @@ void ObjectAccess::dropEmptyExtra(AcDbObject& o) {
         o.m_extra.reset();
 }
 
+bool ObjectAccess::isAlive(const AcDbObject& o) {
+    // Owners of a damaged file may go in a circle; no real chain is that long.
+    const AcDbStub* stub = o.m_stub;
+    for (int depth = 0; stub != nullptr && stub->object != nullptr && depth < 100; ++depth) {
+        if (stub->erased) return false;
+        stub = stub->object->m_owner;
+    }
+    return true;
+}
+
 void ObjectAccess::cameBack(AcDbObject& o) {
     if (o.m_owner == nullptr || o.m_owner->object == nullptr) return;
     if (auto* record = AcDbSymbolTableRecord::cast(&o)) {

@@ -23,6 +23,9 @@ struct ObjectAccess {
     }
     /// Frees the extra part when nothing is in it.
     static void dropEmptyExtra(AcDbObject& o);
+    /// False when the object or one of those that own it is erased: such objects are not written to
+    /// files. An erased entity keeps its extension dictionary, for undo.
+    static bool isAlive(const AcDbObject& o);
 
     // Entities: as they are stored, null meaning "not set" (layer) and "by layer" (linetype).
     static AcDbObjectId layer(const AcDbEntity& e) { return AcDbObjectId(e.m_layer); }

@@ -275,10 +275,8 @@ void UndoLog::takeBack(AcDbObject& object) {
         (void)takeLast(stub, Record::Appended, record);  // not there when recording was off
         stub->erased = true;
     } else {
-        if (stub->erased != stub->wasErased && takeLast(stub, Record::Erased, record)) {
+        if (stub->erased != stub->wasErased && takeLast(stub, Record::Erased, record))
             stub->erased = stub->wasErased;
-            if (!stub->erased) ObjectAccess::cameBack(object);
-        }
         if (stub->recorded && takeLast(stub, Record::Modified, record))
             putBack(object, record.state);
     }
@@ -288,6 +286,8 @@ void UndoLog::takeBack(AcDbObject& object) {
 // --- Exchange ------------------------------------------------------------------------------------
 
 void UndoLog::exchangeRecord(Record& record, bool backwards) {
+    // A module that deletes a resident object leaves its record without one.
+    if (record.stub != nullptr && record.stub->object == nullptr) return;
     switch (record.kind) {
         case Record::Modified: {
             SavedState present = stateOf(*record.stub->object);
@@ -320,7 +320,7 @@ void UndoLog::notify(const Group& group, bool backwards) {
     const std::size_t count = group.records.size();
     for (std::size_t i = 0; i < count; ++i) {
         const Record& record = group.records[backwards ? count - 1 - i : i];
-        if (record.stub == nullptr) continue;
+        if (record.stub == nullptr || record.stub->object == nullptr) continue;
         const AcDbObject& object = *record.stub->object;
         if (record.kind == Record::Appended) core.notifyUnAppended(object, !backwards);
         if (record.kind == Record::Erased) core.notifyErased(object, record.erased != backwards);

@@ -2,6 +2,7 @@
 // Reading and writing groups by the table of a type.
 #include "prancheta/dxf/fields.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "prancheta/geometry/angles.h"
@@ -24,6 +25,11 @@ const Field* fieldOf(std::span<const Field> fields, int code, int& axis) {
         for (const Field& field : fields)
             if (isPoint(field.meaning) && field.code == code - 10 * axis) return &field;
     return nullptr;
+}
+
+constexpr bool isDefault(Meaning meaning) {
+    return meaning == Meaning::Default || meaning == Meaning::DefaultText ||
+           meaning == Meaning::DefaultHandle;
 }
 
 const Field* markerOf(std::span<const Field> fields, std::string_view name) {
@@ -132,8 +138,8 @@ void convertPlanePoints(std::span<const Field> fields, Values& values) {
 
 class FieldWriter {
 public:
-    FieldWriter(const Values& values, SaveNames& names, TagWriter& out)
-        : m_values(values), m_names(names), m_out(out) {
+    FieldWriter(const Values& values, SaveNames& names, TagWriter& out, const RawTags* kept)
+        : m_values(values), m_names(names), m_out(out), m_kept(kept) {
         const AcGeVector3d& n = values.normal;
         m_tilted = n.x != 0.0 || n.y != 0.0 || n.z <= 0.0;
         if (m_tilted) m_toPlane = planeToWorld(n).inverse();
@@ -189,12 +195,35 @@ public:
                     m_out.integer(74, 0);
                 }
                 return;
+            case Meaning::Default:
+            case Meaning::DefaultText:
+            case Meaning::DefaultHandle:
+                return writeDefault(field);
             default:
                 return;
         }
     }
 
 private:
+    bool isKept(int code) const {
+        return m_kept != nullptr &&
+               std::any_of(m_kept->begin(), m_kept->end(),
+                           [code](const RawTag& tag) { return tag.code == code; });
+    }
+
+    void writeDefault(const Field& field) {
+        if (isKept(field.code)) return;
+        const long long handle = m_values.integers[field.slot];
+        if (field.meaning == Meaning::DefaultText)
+            m_out.text(field.code, field.name);
+        else if (field.meaning == Meaning::DefaultHandle && handle >= 0)
+            m_out.handle(field.code, static_cast<Adesk::UInt64>(handle));
+        else if (field.meaning == Meaning::Default && kindOf(field.code) == ValueKind::Real)
+            m_out.real(field.code, field.standard);
+        else if (field.meaning == Meaning::Default)
+            m_out.integer(field.code, static_cast<long long>(field.standard));
+    }
+
     AcGePoint3d inPlane(const AcGePoint3d& p) const { return m_tilted ? m_toPlane * p : p; }
 
     void writeReal(const Field& field, double value) {
@@ -222,6 +251,7 @@ private:
     const Values& m_values;
     SaveNames& m_names;
     TagWriter& m_out;
+    const RawTags* m_kept;
     AcGeMatrix3d m_toPlane;
     bool m_tilted;
 };
@@ -230,7 +260,8 @@ private:
 void writeKept(const char* name, const RawTags& kept, std::size_t first, TagWriter& out) {
     for (std::size_t i = first; i < kept.size(); ++i) {
         if (kept[i].code != 100 || kept[i].value != name) continue;
-        for (++i; i < kept.size() && kept[i].code != 100; ++i) out.raw(kept[i].code, kept[i].value);
+        for (++i; i < kept.size() && kept[i].code != 100 && kept[i].code != 0; ++i)
+            out.raw(kept[i].code, kept[i].value);
         return;
     }
 }
@@ -289,6 +320,7 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
         int axis = 0;
         std::string why;
         const Field* field = fieldOf(fields, tag.code, axis);
+        if (field != nullptr && isDefault(field->meaning)) field = nullptr;
         const bool good = field != nullptr ? readValue(values, *field, axis, tag, names)
                                            : checkValue(tag, why);
         if (!good) {
@@ -307,7 +339,7 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
 
 void writeFields(std::span<const Field> fields, const Values& values, SaveNames& names,
                  TagWriter& out, const RawTags* kept, std::size_t first) {
-    FieldWriter writer(values, names, out);
+    FieldWriter writer(values, names, out, kept);
     const char* segment = nullptr;
     std::string_view done;
     const auto endSegment = [&](const char* next) {

@@ -35,6 +35,9 @@ enum class Meaning : std::uint8_t {
     VertexEnd,
     VertexBulge,
     Dashes,       ///< 49, repeated, each followed by 74 0
+    Default,      ///< whole number or real that the class does not hold: kept, or written as standard
+    DefaultText,  ///< the same for a text, `name` is the standard
+    DefaultHandle,///< the same for a handle, integers say which, a negative one writes none
     Ignored,      ///< follows from the rest: read over, and written by the type's own code or not at all
 };
 
@@ -50,6 +53,9 @@ struct Field {
 };
 
 constexpr Field marker(const char* name) { return {100, Meaning::Marker, 0, false, 0.0, name}; }
+constexpr Field defaultField(int code, double standard) {
+    return {code, Meaning::Default, 0, false, standard, nullptr};
+}
 constexpr Field optionalField(int code, Meaning meaning, int slot, double standard) {
     return {code, meaning, static_cast<std::uint8_t>(slot), true, standard, nullptr};
 }

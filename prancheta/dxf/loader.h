@@ -2,7 +2,6 @@
 // One reading of a file into a new database.
 #pragma once
 
-#include <map>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -11,17 +10,18 @@
 #include "prancheta/dxf/entity_head.h"
 #include "prancheta/dxf/load_names.h"
 #include "prancheta/dxf/piece_record.h"
+#include "prancheta/dxf/record_types.h"
 
 namespace prancheta::dxf {
 
 /// A block of the file. Anonymous ones, which may only hold the picture of a piece or a dimension, are
 /// passed over first and read when something else turns out to use them.
 struct FileBlock {
-    AcDbObjectId id;             ///< null until the record is made
-    RecordHead recordHead;       ///< of the block record of a block not made yet
-    bool hasRecord = false;
-    std::string_view content;    ///< from BLOCK to ENDBLK, of a block passed over
-    bool ofPiece = false;        ///< a piece or a dimension has its picture there
+    std::wstring name;         ///< as the file spells it
+    AcDbObjectId id;           ///< null until the record is made
+    std::string_view record;   ///< text of the block record that was not made yet
+    std::string_view content;  ///< from BLOCK to ENDBLK, of a block passed over
+    bool ofPicture = false;    ///< a piece or a dimension has its picture there
     bool isRead = false;
 };
 
@@ -45,9 +45,10 @@ private:
     bool readClasses();
     bool readTables();
     bool readTable();
-    bool readTableRecord(AcDbObjectId table, const Record& record);
-    bool readBlockRecord();
-    bool keepTable(const std::string& name);
+    bool readTableRecord(const RecordType& type, const Record& record);
+    bool readBlockRecord(const Record& record, std::string_view text);
+    bool addRecord(const RecordType& type, AcDbSymbolTableRecord* record);
+    bool keepTable();
     bool readBlocks();
     bool readEntities();
     bool readObjects();
@@ -56,24 +57,28 @@ private:
 
     // Blocks.
     FileBlock& block(const std::wstring& name);
-    AcDbObjectId makeBlock(const std::wstring& name, FileBlock& block);
-    bool readBlock(TagReader& reader, const std::wstring& name, FileBlock& block);
-    bool readBlockContent(TagReader& reader, FileBlock& block);
-    void keepBlockPart(const std::wstring& name, FileBlock& block, const char* part);
-    bool readWantedBlocks(bool all);
+    AcDbObjectId makeBlock(FileBlock& block);
+    bool readBlock(TagReader& reader, const Record& begin, FileBlock& block);
+    bool passBlock(FileBlock& block, const char* start);
+    bool keepBlockPart(FileBlock& block, const Record& part);
+    bool readWantedBlocks();
 
     // Entities.
     bool readEntity(TagReader& reader, const Record& record, AcDbObjectId owner);
     bool readForeign(TagReader& reader, const Record& record, AcDbObjectId owner);
     bool readParts(TagReader& reader, RawTags& tags, Adesk::UInt64 owner);
-    bool readPiece(const Record& record, AcDbObjectId owner, bool& done);
-    std::unique_ptr<AcDbEntity> makePiece(const PieceRecord& record, const char*& why);
+    /// An INSERT that is a parametric piece; null when it is none or stays an ordinary one.
+    std::unique_ptr<AcDbEntity> readPiece(std::string_view& pictureBlock);
+    const char* fillPiece(AcDbEntity& entity, const PieceRecord& record);
+    bool isMoved(const PieceFrame& saved, AcGeMatrix3d& move, bool& possible) const;
+    AcRxClass* pieceClass(std::string_view name);
     void applyHead(AcDbEntity& entity);
     bool append(std::unique_ptr<AcDbEntity> entity, AcDbObjectId owner);
+    Adesk::UInt64 freshHandle();
     /// Handle for an object of the file; 0 when another object of the file has it already.
     Adesk::UInt64 claim(Adesk::UInt64 handle, const char* at);
-    void keepExtra(AcDbObject& object, const Tags& rest);
-    void wantBlocksOf(const RawTags& tags);
+    bool keepExtra(AcDbObject& object, const Tags& rest, std::string_view withoutApplication = {});
+    void wantBlocksOf(std::string_view type, const RawTags& tags);
 
     // Objects.
     struct ObjectSpan {
@@ -82,22 +87,27 @@ private:
         Adesk::UInt64 handle = 0;
         bool kept = false;  ///< as an object
     };
-    bool scanObjects(std::vector<ObjectSpan>& objects);
     bool takeDictionary(ObjectSpan& span, AcDbDictionary& dictionary);
     bool takeChild(AcDbDictionary& dictionary, const std::wstring& key, Adesk::UInt64 handle);
     bool takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
     bool takeExtensionDictionaries();
+    bool holdsFieldsOnly(ObjectSpan& span);
     void linkReactors();
+    /// Text of an object that stands further on in the file; empty when there is none.
+    std::string_view objectAhead(Adesk::UInt64 handle);
+    bool readPieceFields();
 
     AcDbObjectId resolve(Kind kind, const std::wstring& name) override;
     void find(std::string text, const char* at, Adesk::UInt64 handle);
     bool bad(const char* at, std::string text);
-    bool nextIn(Record& record, const char* section, const char* end);
+    bool nextIn(TagReader& reader, Record& record, const char* section, const char* end);
+    void reserveAllHandles();
 
     struct LaterReactors {
         AcDbObject* object;
         std::vector<Adesk::UInt64> reactors;
         Adesk::UInt64 dictionary;
+        bool isPiece = false;
     };
     struct LaterMove {
         AcDbEntity* entity;
@@ -114,17 +124,23 @@ private:
     RecordHead m_head;
     Values m_values;
     Tags m_rest;
+    Record m_part;
+    PieceRecord m_piece;
     std::string m_version;
+    bool m_hasSeed = false;
     bool m_requiredMade = false;
-    std::map<std::wstring, FileBlock> m_blocks;  ///< by name in lower case
-    std::map<std::wstring, std::wstring> m_blockNames;
-    std::vector<std::wstring> m_wanted;  ///< blocks to be read that were passed over
+    std::unordered_map<std::wstring, FileBlock> m_blocks;  ///< by name in lower case
+    std::vector<FileBlock*> m_blockOrder;                  ///< as the file first names them
+    std::vector<FileBlock*> m_wanted;                      ///< passed over, but used
     std::vector<std::pair<std::string, Tags>> m_variables;
     std::vector<LaterReactors> m_later;
     std::vector<LaterMove> m_moved;
     std::unordered_set<AcDbStub*> m_automatic;  ///< objects whose handle the file did not give
     std::unordered_map<Adesk::UInt64, ObjectSpan*> m_objectsByHandle;
     std::vector<ObjectSpan> m_objects;
+    std::unordered_map<Adesk::UInt64, std::string_view> m_ahead;
+    bool m_lookedAhead = false;
+    bool m_inPiece = false;  ///< the dictionary being read is a piece's
     std::unordered_map<std::string, AcRxClass*> m_classes;
 };
 

@@ -158,6 +158,7 @@ void TagWriter::binaryChunk(std::string_view hex) {
 }
 
 void TagWriter::raw(int code, std::string_view utf8) {
+    if (code < 0) return;  // notes of the reader to itself
     const ValueKind kind = kindOf(code);
     if (m_form == Form::Ascii || kind == ValueKind::Text || kind == ValueKind::Handle) {
         text(code, utf8);

@@ -113,6 +113,17 @@ std::string hexText(Adesk::UInt64 value) {
     return {digits, end};
 }
 
+bool has(const RawTags& tags, int code) {
+    return std::any_of(tags.begin(), tags.end(),
+                       [code](const RawTag& tag) { return tag.code == code; });
+}
+
+constexpr std::pair<const char*, const char*> kTableMarkers[] = {
+    {"VPORT", "AcDbViewportTableRecord"},
+    {"VIEW", "AcDbViewTableRecord"},
+    {"UCS", "AcDbUCSTableRecord"},
+};
+
 }  // namespace
 
 void addSubclassMarkers(std::string_view type, RawTags& tags) {
@@ -132,12 +143,11 @@ void addSubclassMarkers(std::string_view type, RawTags& tags) {
     tags = std::move(out);
 }
 
-void completePart(RawTags& part, Adesk::UInt64 owner) {
-    const bool marked = std::any_of(part.begin(), part.end(),
-                                    [](const RawTag& tag) { return tag.code == 100; });
-    const bool owned = std::any_of(part.begin(), part.end(),
-                                   [](const RawTag& tag) { return tag.code == 330; });
-    if (marked && owned) return;
+void completePart(RawTags& part, Adesk::UInt64 owner, const std::function<Adesk::UInt64()>& fresh) {
+    const bool marked = has(part, 100);
+    const bool owned = has(part, 330);
+    const bool named = has(part, 5);
+    if (marked && owned && named) return;
     const std::string type = part.front().value;
     RawTags head{part.front()};
     RawTags common;
@@ -154,6 +164,7 @@ void completePart(RawTags& part, Adesk::UInt64 owner) {
         else
             own.push_back(tag);
     }
+    if (!named) head.push_back({5, hexText(fresh())});
     if (!owned) head.push_back({330, hexText(owner)});
     if (!marked) {
         head.push_back({100, "AcDbEntity"});
@@ -162,6 +173,32 @@ void completePart(RawTags& part, Adesk::UInt64 owner) {
     part = std::move(head);
     for (RawTags* more : {&common, &own, &xdata})
         part.insert(part.end(), more->begin(), more->end());
+}
+
+void completeTableRecord(RawTags& record, Adesk::UInt64 owner,
+                         const std::function<Adesk::UInt64()>& fresh) {
+    const bool isTable = record.front().value == "TABLE";
+    const bool marked = has(record, 100);
+    RawTags head{record.front()};
+    RawTags rest;
+    std::string handle;
+    for (std::size_t i = 1; i < record.size(); ++i) {
+        if (record[i].code == 5 && handle.empty())
+            handle = record[i].value;
+        else if (isTable && record[i].code == 2)
+            head.push_back(record[i]);
+        else
+            rest.push_back(record[i]);
+    }
+    head.push_back({5, handle.empty() ? hexText(fresh()) : handle});
+    if (!has(record, 330)) head.push_back({330, hexText(owner)});
+    if (!marked) {
+        head.push_back({100, isTable ? "AcDbSymbolTable" : "AcDbSymbolTableRecord"});
+        for (const auto& [name, marker] : kTableMarkers)
+            if (record.front().value == name) head.push_back({100, marker});
+    }
+    record = std::move(head);
+    record.insert(record.end(), rest.begin(), rest.end());
 }
 
 }  // namespace prancheta::dxf

@@ -2,6 +2,8 @@
 // Records of files older than R2000, made complete.
 #pragma once
 
+#include <functional>
+
 #include "prancheta/database/database_core.h"
 
 namespace prancheta::dxf {
@@ -12,7 +14,11 @@ namespace prancheta::dxf {
 void addSubclassMarkers(std::string_view type, RawTags& tags);
 
 /// Completes a record inside the content of another entity (VERTEX, ATTRIB, SEQEND, from its group 0
-/// on): owner, AcDbEntity, and the markers of its type. What is complete stays as it is.
-void completePart(RawTags& part, Adesk::UInt64 owner);
+/// on): handle, owner, AcDbEntity, and the markers of its type. What is complete stays as it is.
+void completePart(RawTags& part, Adesk::UInt64 owner, const std::function<Adesk::UInt64()>& fresh);
+
+/// The same for a table that is kept (from 0 TABLE on, `owner` 0) and for its records.
+void completeTableRecord(RawTags& record, Adesk::UInt64 owner,
+                         const std::function<Adesk::UInt64()>& fresh);
 
 }  // namespace prancheta::dxf

@@ -144,10 +144,33 @@ struct SnapWord {
 
 // The Portuguese words stand after the global ones.
 constexpr SnapWord kSnapWords[] = {
-    {L"non", 0},   {L"end", 1},    {L"mid", 2},    {L"cen", 4},    {L"nod", 8},
-    {L"qua", 16},  {L"int", 32},   {L"ins", 64},   {L"per", 128},  {L"tan", 256},
-    {L"nea", 512}, {L"app", 2048}, {L"ext", 4096}, {L"par", 8192}, {L"nen", 0},
-    {L"fin", 1},   {L"mei", 2},    {L"nó", 8},     {L"pro", 512},  {L"apa", 2048},
+    {L"none", 0},
+    {L"endpoint", 1},
+    {L"midpoint", 2},
+    {L"center", 4},
+    {L"node", 8},
+    {L"quadrant", 16},
+    {L"intersection", 32},
+    {L"insertion", 64},
+    {L"perpendicular", 128},
+    {L"tangent", 256},
+    {L"nearest", 512},
+    {L"apparent", 2048},
+    {L"extension", 4096},
+    {L"parallel", 8192},
+    {L"nenhum", 0},
+    {L"final", 1},
+    {L"meio", 2},
+    {L"centro", 4},
+    {L"nó", 8},
+    {L"quadrante", 16},
+    {L"interseção", 32},
+    {L"inserção", 64},
+    {L"tangente", 256},
+    {L"próximo", 512},
+    {L"aparente", 2048},
+    {L"extensão", 4096},
+    {L"paralelo", 8192},
 };
 
 struct ModeOfBit {
@@ -163,11 +186,13 @@ constexpr ModeOfBit kModes[] = {
 constexpr int kIntersection = 32;
 constexpr int kNearest = 512;
 
+/// Three letters of a word are enough.
 std::optional<int> snapMode(std::wstring_view word) {
-    if (word.size() < 2) return {};
     for (const SnapWord& known : kSnapWords) {
-        const std::wstring_view start(known.word);
-        if (word.size() >= start.size() && equalNoCase(word.substr(0, start.size()), start))
+        const std::wstring_view whole(known.word);
+        const bool enough = word.size() >= std::min<std::size_t>(3, whole.size());
+        if (enough && word.size() <= whole.size() &&
+            equalNoCase(word, whole.substr(0, word.size())))
             return known.mode;
     }
     return {};

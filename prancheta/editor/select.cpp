@@ -231,6 +231,10 @@ Ids takePickfirst(const CommandContext& context) {
 
 }  // namespace
 
+Task<Selection> selectObjects(CommandContext context) {
+    return selectObjects(context, SelectOptions());
+}
+
 Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
     Selection selection;
     Picked picked;

@@ -10,6 +10,9 @@
 namespace prancheta {
 
 struct SelectOptions {
+    // No aggregate: g++ 12 destroys temporaries of aggregates twice inside a co_await expression.
+    SelectOptions() {}
+
     std::wstring prompt = L"\nSelecione objetos: ";
     bool usePickfirst = true;  ///< what was selected before the command is taken without asking
     bool dropLocked = true;    ///< objects on locked layers are reported and left out
@@ -24,6 +27,7 @@ struct Selection {
 
 /// Repeats until Enter; every object once, in the order of selection. The result becomes the
 /// editor's previous selection.
-Task<Selection> selectObjects(CommandContext context, SelectOptions options = {});
+Task<Selection> selectObjects(CommandContext context, SelectOptions options);
+Task<Selection> selectObjects(CommandContext context);
 
 }  // namespace prancheta

@@ -43,6 +43,11 @@ PictureTraits BlockInheritance::resolved(PictureTraits traits) const {
     return traits;
 }
 
+AcGePoint3d blockOrigin(AcDbObjectId block) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
+    return record.openStatus() == Acad::eOk ? record->origin() : AcGePoint3d::kOrigin;
+}
+
 void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
     if (record.openStatus() != Acad::eOk) return;

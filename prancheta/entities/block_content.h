@@ -21,6 +21,9 @@ private:
     AcDbObjectId m_byBlock;
 };
 
+/// Base point of a block; the world's origin when it cannot be opened.
+AcGePoint3d blockOrigin(AcDbObjectId block);
+
 /// Calls `visit` for each visible entity, open for read. Nothing when the block cannot be opened.
 void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit);
 

@@ -17,11 +17,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity, 0, 0, 0, INSERT, "Pranch
 
 namespace {
 
-AcGePoint3d originOf(AcDbObjectId block) {
-    const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
-    return record.openStatus() == Acad::eOk ? record->origin() : AcGePoint3d::kOrigin;
-}
-
 double signOf(double v) { return v < 0.0 ? -1.0 : 1.0; }
 
 bool perpendicular(const AcGeVector3d& a, const AcGeVector3d& b) {
@@ -100,7 +95,7 @@ AcGeMatrix3d AcDbBlockReference::blockTransform() const {
                          AcGeVector3d::kYAxis * m_scale.y, AcGeVector3d::kZAxis * m_scale.z);
     return AcGeMatrix3d::translation(m_position.asVector()) * planeToWorld(m_normal) *
            AcGeMatrix3d::rotation(m_rotation, AcGeVector3d::kZAxis) * scale *
-           AcGeMatrix3d::translation(-originOf(m_block).asVector());
+           AcGeMatrix3d::translation(-blockOrigin(m_block).asVector());
 }
 
 Acad::ErrorStatus AcDbBlockReference::dwgOutFields(AcDbDwgFiler* filer) const {
@@ -151,6 +146,7 @@ Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& m) {
 
 Acad::ErrorStatus AcDbBlockReference::subExplode(AcDbVoidPtrArray& set) const {
     assertReadEnabled();
+    const int before = set.length();
     const AcGeMatrix3d m = blockTransform();
     const BlockInheritance inheritance(traitsOf(*this), m_block.database());
     forEachInBlock(m_block, [&](AcDbEntity& entity) {
@@ -175,7 +171,8 @@ Acad::ErrorStatus AcDbBlockReference::subExplode(AcDbVoidPtrArray& set) const {
             set.append(made);
         }
     });
-    return Acad::eOk;
+    // A reference that leaves nothing behind would only be lost.
+    return set.length() > before ? Acad::eOk : Acad::eCannotExplodeEntity;
 }
 
 Acad::ErrorStatus AcDbBlockReference::subGetOsnapPoints(

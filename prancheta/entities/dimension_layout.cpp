@@ -83,7 +83,8 @@ AcGePoint3d definitionPoint10(const AcDbAlignedDimension& dimension) {
 }
 
 std::wstring measureText(double value, const AcDbDimStyleValues& style) {
-    std::wstring text = fixedText(value, std::clamp<int>(style.dimdec, 0, 8));
+    // Halves go up, also when turning the piece has left them a hair below.
+    std::wstring text = fixedText(value + 1e-9, std::clamp<int>(style.dimdec, 0, 8));
     const std::size_t point = text.find(L'.');
     if (point == std::wstring::npos) return text;
     if ((style.dimzin & kSuppressTrailingZeros) != 0) {

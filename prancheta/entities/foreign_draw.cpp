@@ -73,20 +73,25 @@ void drawTrace(const RawTags& tags, AcGiGeometry& to) {
     to.polygon(4, outline);
 }
 
-void drawAttribute(const RawTags& tags, AcGiGeometry& to) {
-    constexpr int kInvisible = 1;
-    if ((findWhole(tags, 70, 0) & kInvisible) != 0) return;
-    AcDbText text(findPoint(tags, 10), findText(tags, 1).c_str(), AcDbObjectId::kNull,
-                  findNumber(tags, 40, 2.5), findNumber(tags, 50, 0.0) * kPi / 180.0);
-    const double oblique = findNumber(tags, 51, 0.0) * kPi / 180.0;
-    (void)text.setWidthFactor(findNumber(tags, 41, 1.0));
-    (void)text.setHorizontalMode(findWhole(tags, 72, 0));
-    (void)text.setVerticalMode(findWhole(tags, 74, 0));
-    (void)text.setAlignmentPoint(findPoint(tags, 11));
-    const TextPlace place = placeOf(text);
-    to.text(place.start, AcGeVector3d::kZAxis, place.direction, place.height, place.widthFactor,
-            oblique, text.textStringConst());
+void drawLightPolyline(const RawTags& tags, AcGiGeometry& to) {
+    constexpr int kClosed = 1;
+    Points points;
+    std::vector<double> bulges;
+    const double elevation = findNumber(tags, 38, 0.0);
+    for (std::size_t i = 0; i < tags.size(); ++i) {
+        if (tags[i].code == 10) {
+            const AcGePoint3d p = pointAt(tags, i);
+            points.emplace_back(p.x, p.y, elevation);
+            bulges.push_back(0.0);
+        }
+        if (tags[i].code == 42 && !bulges.empty()) bulges.back() = tagNumber(tags[i]);
+    }
+    to.pline(static_cast<Adesk::UInt32>(points.size()), points.data(), bulges.data(),
+             (findWhole(tags, 70, 0) & kClosed) != 0);
 }
+
+void drawPlainText(const RawTags& tags, AcGiGeometry& to) { drawText(tags, 73, to); }
+void drawAttribute(const RawTags& tags, AcGiGeometry& to) { drawText(tags, 74, to); }
 
 /// POLYLINE with its VERTEX records. Meshes are not drawn.
 void drawOldPolyline(const RawTags& tags, AcGiGeometry& to) {
@@ -98,17 +103,12 @@ void drawOldPolyline(const RawTags& tags, AcGiGeometry& to) {
     if ((flags & kMeshes) != 0) return;
     Points points;
     std::vector<double> bulges;
-    for (std::size_t i = 0; i < tags.size();) {
-        std::size_t end = i + 1;
-        while (end < tags.size() && tags[end].code != 0) ++end;
-        const RawTags record(tags.begin() + static_cast<std::ptrdiff_t>(i),
-                             tags.begin() + static_cast<std::ptrdiff_t>(end));
-        const bool vertex = tags[i].code == 0 && trim(std::string_view(tags[i].value)) == "VERTEX";
-        if (vertex && (findWhole(record, 70, 0) & kFrameOfSpline) == 0) {
-            points.push_back(findPoint(record, 10));
-            bulges.push_back((flags & k3d) != 0 ? 0.0 : findNumber(record, 42, 0.0));
-        }
-        i = end;
+    for (const RawTags& record : recordsOf(tags)) {
+        const bool vertex =
+            record[0].code == 0 && trim(std::string_view(record[0].value)) == "VERTEX";
+        if (!vertex || (findWhole(record, 70, 0) & kFrameOfSpline) != 0) continue;
+        points.push_back(findPoint(record, 10));
+        bulges.push_back((flags & k3d) != 0 ? 0.0 : findNumber(record, 42, 0.0));
     }
     if (points.empty()) return;
     const AcGeVector3d normal = (flags & k3d) != 0 ? AcGeVector3d::kZAxis : planeNormal(tags);
@@ -132,28 +132,24 @@ struct TypeDrawing {
 };
 
 constexpr TypeDrawing kTypes[] = {
-    {"MTEXT", drawMtext},          {"ELLIPSE", drawEllipse},
-    {"SPLINE", drawSpline},        {"HATCH", drawHatch},
-    {"3DFACE", drawFace},          {"LEADER", drawLeader},
-    {"POLYLINE", drawOldPolyline}, {"ATTRIB", inPlane<drawAttribute>},
+    {"MTEXT", drawMtext},
+    {"ELLIPSE", drawEllipse},
+    {"SPLINE", drawSpline},
+    {"HATCH", drawHatch},
+    {"3DFACE", drawFace},
+    {"LEADER", drawLeader},
+    {"POLYLINE", drawOldPolyline},
+    {"ATTRIB", drawAttribute},
     {"TRACE", inPlane<drawTrace>},
+    {"TEXT", drawPlainText},
+    {"LWPOLYLINE", inPlane<drawLightPolyline>},
 };
-
-/// Dimensions without a class here come with a block that shows them in the drawing's coordinates.
-void drawDimensionBlock(const ForeignEntity& entity, AcGiWorldDraw& draw) {
-    AcDbDatabase* const database = entity.database();
-    if (database == nullptr) return;
-    const AcDbObjectPointer<AcDbBlockTable> table(database->blockTableId(), AcDb::kForRead);
-    AcDbObjectId block;
-    if (table.openStatus() != Acad::eOk) return;
-    if (table->getAt(findText(entity.tags(), 2).c_str(), block) != Acad::eOk) return;
-    replay(blockPicture(block, traitsOf(entity)), draw);
-}
 
 }  // namespace
 
 void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     if (entity.typeName() == "DIMENSION") return drawDimensionBlock(entity, draw);
+    if (entity.typeName() == "INSERT") return drawInsert(entity, draw);
     for (const TypeDrawing& type : kTypes)
         if (type.name == entity.typeName()) return type.draw(entity.tags(), draw.geometry());
 }

@@ -90,8 +90,11 @@ private:
         const AcGePoint3d center = findPoint(edge, 10);
         // Clockwise curves give their angles clockwise.
         const double side = findWhole(edge, 73, 1) != 0 ? 1.0 : -1.0;
-        const double from = side * findNumber(edge, 50, 0.0) * kPi / 180.0;
-        const double to = side * findNumber(edge, 51, 360.0) * kPi / 180.0;
+        const double first = findNumber(edge, 50, 0.0);
+        double last = findNumber(edge, 51, 360.0);
+        if (last <= first) last += 360.0;
+        const double from = side * first * kPi / 180.0;
+        const double to = side * last * kPi / 180.0;
         if (type == 1) {
             out.push_back(center);
             out.push_back(findPoint(edge, 11));

@@ -172,8 +172,9 @@ Acad::ErrorStatus AcDbPolyline::subTransformBy(const AcGeMatrix3d& m) {
 Acad::ErrorStatus AcDbPolyline::subExplode(AcDbVoidPtrArray& set) const {
     assertReadEnabled();
     const unsigned count = numVerts();
-    const unsigned segments = count == 0 || m_closed ? count : count - 1;
-    for (unsigned i = 0; i < segments && count > 1; ++i) {
+    if (count < 2) return Acad::eCannotExplodeEntity;
+    const unsigned segments = m_closed ? count : count - 1;
+    for (unsigned i = 0; i < segments; ++i) {
         AcGePoint3d a;
         AcGePoint3d b;
         (void)getPointAt(i, a);

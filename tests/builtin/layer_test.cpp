@@ -86,7 +86,7 @@ TEST_F(Layer, Properties) {
     const Read<AcDbLinetypeTableRecord> linetype(of(L"A", &Record::linetypeObjectId));
     const ACHAR* name = nullptr;
     ASSERT_EQ(linetype->getName(name), Acad::eOk);
-    EXPECT_TRUE(prancheta::equalNoCase(name, L"HIDDEN"));
+    EXPECT_STREQ(name, L"HIDDEN");
 }
 
 TEST_F(Layer, RefusedProperties) {

@@ -55,6 +55,10 @@ TEST_F(DictionaryTest, ReplacedAndRemovedEntriesComeBack) {
         EXPECT_STREQ(at->name(), L"UM");
         EXPECT_FALSE(at->next());
     }
+    AcDbObjectPointer<AcDbObject>(database.namedObjectsDictionaryId(), AcDb::kForWrite)
+        ->addPersistentReactor(first);
+    undo().undo();  // the dictionary's own state; its entries are not part of it
+    EXPECT_EQ(get(L"Um"), 3);
     undo().undo();
     EXPECT_EQ(get(L"Dois"), 2);
     undo().undo();  // the new entry
@@ -116,6 +120,10 @@ TEST_F(DictionaryTest, ExtensionDictionaryBelongsToItsEntity) {
     EXPECT_EQ(piece->createExtensionDictionary(), Acad::eAlreadyInDb);
     AcDbObjectPointer<AcDbDictionary> dictionary(piece->extensionDictionary(), AcDb::kForRead);
     EXPECT_EQ(dictionary->ownerId(), id);
+    EXPECT_TRUE(ObjectAccess::isAlive(*dictionary));
+    ASSERT_EQ(piece->erase(), Acad::eOk);
+    EXPECT_FALSE(dictionary->isErased());
+    EXPECT_FALSE(ObjectAccess::isAlive(*dictionary));
 }
 
 }  // namespace

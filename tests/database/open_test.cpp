@@ -142,6 +142,8 @@ TEST_F(OpenTest, SeveralDatabasesLiveSideBySide) {
         acdbGetAdsName(name, gone);
     }
     EXPECT_FALSE(gone.isValid());
+    AcDbObject* object = nullptr;
+    EXPECT_EQ(acdbOpenObject(object, gone, AcDb::kForRead), Acad::eNullObjectId);
     EXPECT_EQ(acdbGetObjectId(gone, name), Acad::eInvalidAdsName);
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), &database);
 }

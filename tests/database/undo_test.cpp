@@ -69,7 +69,10 @@ TEST_F(UndoTest, GroupsNestAndEmptyOnesLeaveNoTrace) {
     undo().redo();
     EXPECT_EQ(sizeOf(id), 3);
     undo().undo();
-    resize(id, 7);
+    command(L"MUDAR", [&] { resize(id, 7); });
+    EXPECT_FALSE(undo().canRedo());
+    undo().undo();
+    resize(id, 8);  // outside a command
     EXPECT_FALSE(undo().canRedo());
 }
 

@@ -8,7 +8,11 @@ using editortest::turned;
 
 namespace {
 
-using ProgramTest = editortest::EditorTest;
+class ProgramTest : public editortest::EditorTest {
+protected:
+    /// As programs do before they send points.
+    ProgramTest() { editor->variables().force(L"OSMODE", short{0}); }
+};
 
 std::vector<int> g_status;
 AcDbObjectId g_line;

@@ -74,8 +74,8 @@ TEST_F(BlockReferenceTest, LayerZeroAndByBlockTakeTheReferencesProperties) {
 }
 
 TEST_F(BlockReferenceTest, MirrorShowsInTheSignOfXAndScalesMultiply) {
-    const AcDbObjectId id = block(L"L", {new AcDbLine({0, 0, 0}, {10, 0, 0}),
-                                         new AcDbArc({0, 0, 0}, 4, 0, kPi / 2)});
+    const AcDbObjectId id =
+        block(L"L", {new AcDbLine({0, 0, 0}, {10, 0, 0}), new AcDbArc({0, 0, 0}, 4, 0, kPi / 2)});
     AcDbBlockReference reference({20, 5, 0}, id);
     expectRoundTrip(reference);
     EXPECT_EQ(reference.transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0})), Acad::eOk);

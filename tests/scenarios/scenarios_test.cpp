@@ -51,7 +51,7 @@ std::string hex(const std::string& bytes) {
 }
 
 /// Why `actual` does not fit the partial `expected`; empty when it does.
-std::string mismatch(const Json& expected, const Json& actual, const std::string& where) {
+std::string whyNot(const Json& expected, const Json& actual, const std::string& where) {
     const auto differs = [&] {
         return where + ": esperado " + expected.dump() + ", obtido " + actual.dump().substr(0, 400);
     };
@@ -63,15 +63,14 @@ std::string mismatch(const Json& expected, const Json& actual, const std::string
     if (expected.is_object() && actual.is_object()) {
         for (const auto& [key, value] : expected.items()) {
             if (!actual.contains(key)) return where + "." + key + ": falta";
-            if (auto why = mismatch(value, actual[key], where + "." + key); !why.empty())
-                return why;
+            if (auto why = whyNot(value, actual[key], where + "." + key); !why.empty()) return why;
         }
         return "";
     }
     if (expected.is_array() && actual.is_array()) {
         if (expected.size() != actual.size()) return differs();
         for (std::size_t i = 0; i < expected.size(); ++i) {
-            auto why = mismatch(expected[i], actual[i], where + "[" + std::to_string(i) + "]");
+            auto why = whyNot(expected[i], actual[i], where + "[" + std::to_string(i) + "]");
             if (!why.empty()) return why;
         }
         return "";
@@ -122,13 +121,13 @@ protected:
         auto at = recorded.begin();
         for (const Json& wanted : expected.value("eventos", Json::array())) {
             at = std::find_if(at, recorded.end(),
-                              [&](const Json& e) { return mismatch(wanted, e, "").empty(); });
+                              [&](const Json& e) { return whyNot(wanted, e, "").empty(); });
             ASSERT_NE(at, recorded.end()) << "não registrado, ou fora de ordem: " << wanted;
             ++at;
         }
         for (const Json& unwanted : expected.value("ausentes", Json::array()))
             for (const Json& e : recorded)
-                EXPECT_NE(mismatch(unwanted, e, ""), "") << "registrado: " << e;
+                EXPECT_NE(whyNot(unwanted, e, ""), "") << "registrado: " << e;
         for (const auto& [name, count] : expected.value("contagem", Json::object()).items()) {
             const auto made = std::count_if(
                 recorded.begin(), recorded.end(),
@@ -163,7 +162,7 @@ TEST_P(Scenario, Holds) {
     checkEvents();
     if (expected.contains("estado"))
         EXPECT_EQ(
-            mismatch(expected["estado"], Json::parse(fileText(folder / "estado.json")), "estado"),
+            whyNot(expected["estado"], Json::parse(fileText(folder / "estado.json")), "estado"),
             "");
     for (const auto& [name, text] : expected.value("arquivos", Json::object()).items())
         EXPECT_EQ(fileText(folder / name), text.get<std::string>()) << name;

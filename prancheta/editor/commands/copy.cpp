@@ -82,6 +82,12 @@ Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
     co_return second;
 }
 
+/// Esc after the first copy only ends the row: what was copied stays.
+InputValue ended(InputValue answer, const std::vector<Ids>& made) {
+    if (!made.empty()) answer.status = RTNONE;
+    return answer;
+}
+
 /// The repeated second point; every answer's copies can be taken back one by one.
 Task<InputValue> copyToPoints(CommandContext context, AcGePoint3d base, Ids ids) {
     std::vector<Ids> made;
@@ -106,14 +112,14 @@ Task<InputValue> copyToPoints(CommandContext context, AcGePoint3d base, Ids ids)
         if (isWord(answer, L"Array")) {
             answer = co_await copyInRow(context, base, ids);
             if (!answer.entities.empty()) made.push_back(answer.entities);
+            if (answer.status == RTCAN) co_return ended(answer, made);
         } else if (answer.status == RTNORM) {
             made.push_back(copyBy(context, ids, answer.point - base));
         } else if (answer.status == RTNONE && made.empty()) {
             made.push_back(copyBy(context, ids, base.asVector()));
             co_return answer;
         } else {
-            if (!made.empty()) answer.status = RTNONE;  // Esc ends the row of copies, which stay
-            co_return answer;
+            co_return ended(answer, made);
         }
         if (memory(context).copyOnce && !made.empty()) co_return answer;
     }

@@ -67,8 +67,6 @@ std::optional<Ends> endsOf(AcDbObjectId id, const AcGePoint3d& pick) {
     return std::nullopt;
 }
 
-/// First and second definition point; `entities` stays empty, `text` unused: the ends are returned
-/// in order.
 struct Measured {
     int status = RTCAN;
     Ends ends;

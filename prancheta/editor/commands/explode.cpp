@@ -20,18 +20,23 @@ Parts partsOf(const AcDbEntity& entity) {
 }
 
 /// Puts the parts where the entity stood; false leaves the drawing as it was.
-bool explodeOne(AcDbObjectId id) {
+bool explodeOne(const CommandContext& context, AcDbObjectId id) {
     AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
     if (entity.openStatus() != Acad::eOk) return false;
     Parts parts = partsOf(*entity.object());
     if (parts.empty()) return false;
     AcDbObjectPointer<AcDbBlockTableRecord> owner(entity->blockId(), AcDb::kForWrite);
     if (owner.openStatus() != Acad::eOk) return false;
+    Ids added;
     for (std::unique_ptr<AcDbEntity>& part : parts) {
         if (part->layerId().isNull()) (void)part->setPropertiesFrom(entity.object());
-        AcDbObjectId added;
-        // A fresh entity is refused by no block; were it, the part alone would be lost.
-        if (owner->appendAcDbEntity(added, part.get()) == Acad::eOk) (void)part.release()->close();
+        AcDbObjectId partId;
+        if (owner->appendAcDbEntity(partId, part.get()) != Acad::eOk) {
+            (void)eraseAll(context, added);
+            return false;
+        }
+        (void)part.release()->close();
+        added.push_back(partId);
     }
     return entity->erase() == Acad::eOk;
 }
@@ -43,7 +48,7 @@ CommandTask explode(CommandContext context) {
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
     std::size_t refused = 0;
     for (const AcDbObjectId id : chosen.ids)
-        if (!explodeOne(id)) ++refused;
+        if (!explodeOne(context, id)) ++refused;
     if (refused > 0)
         say(context, counted(refused, L"objeto não pôde ser explodido.",
                              L"objetos não puderam ser explodidos."));

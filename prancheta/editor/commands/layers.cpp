@@ -80,6 +80,14 @@ Ids allLayers(const CommandContext& context) {
     return ids;
 }
 
+/// A standard one as the standard spells it.
+std::wstring linetypeName(std::wstring_view typed) {
+    typed = trim(typed);
+    for (const wchar_t* standard : kStandardLinetypes)
+        if (equalNoCase(typed, standard)) return standard;
+    return std::wstring(typed);
+}
+
 std::wstring nameOf(const AcDbSymbolTableRecord& record) {
     const ACHAR* name = nullptr;
     return record.getName(name) == Acad::eOk ? name : L"";
@@ -191,9 +199,9 @@ bool applyColor(const CommandContext&, AcDbLayerTableRecord& layer, const std::w
 }
 
 bool linetypeUnderstood(const CommandContext& context, const std::wstring& text) {
-    const std::wstring name(trim(text));
+    const std::wstring name = linetypeName(text);
     for (const wchar_t* standard : kStandardLinetypes)
-        if (equalNoCase(name, standard)) return true;
+        if (name == standard) return true;
     AcDbLinetypeTable* table = nullptr;
     if (context.database().getSymbolTable(table, AcDb::kForRead) != Acad::eOk) return false;
     const bool there = table->has(name.c_str());
@@ -203,8 +211,8 @@ bool linetypeUnderstood(const CommandContext& context, const std::wstring& text)
 
 bool applyLinetype(const CommandContext& context, AcDbLayerTableRecord& layer,
                    const std::wstring& text) {
-    return layer.setLinetypeObjectId(context.database().core().ensureLinetype(trim(text))) ==
-           Acad::eOk;
+    const AcDbObjectId id = context.database().core().ensureLinetype(linetypeName(text));
+    return layer.setLinetypeObjectId(id) == Acad::eOk;
 }
 
 bool weightUnderstood(const CommandContext&, const std::wstring& text) {

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// Writes entities.
+#include "prancheta/dxf/entity_writer.h"
+
+#include "prancheta/database/object_access.h"
+#include "prancheta/dxf/dimension_type.h"
+#include "prancheta/entities/foreign_entity.h"
+
+namespace prancheta::dxf {
+namespace {
+
+const RawTags kNoTags;
+
+const RawTags& foreignOf(const AcDbObject& object) {
+    const ObjectExtra* const extra = ObjectAccess::extra(object);
+    return extra != nullptr ? extra->foreign : kNoTags;
+}
+
+/// First group of the subclasses behind the common ones.
+std::size_t firstMarker(const RawTags& foreign) {
+    std::size_t at = 0;
+    while (at < foreign.size() && foreign[at].code != 100) ++at;
+    return at;
+}
+
+}  // namespace
+
+bool EntityWriter::isUnknownGroup(int code) const {
+    const bool since2004 = code == 420 || code == 430 || code == 440;
+    const bool since2007 = code == 284 || code == 347 || code == 348;
+    return (since2004 && m_version < "AC1018") || (since2007 && m_version < "AC1021");
+}
+
+void EntityWriter::links(const ObjectExtra* extra, Adesk::UInt64 dictionary) {
+    if (dictionary == 0 && extra != nullptr) dictionary = m_handles.of(extra->extensionDictionary);
+    if (dictionary != 0) {
+        m_out.text(102, "{ACAD_XDICTIONARY");
+        m_out.handle(360, dictionary);
+        m_out.text(102, "}");
+    }
+    if (extra == nullptr) return;
+    bool open = false;
+    for (const AcDbObjectId id : extra->reactors) {
+        const Adesk::UInt64 handle = m_handles.of(id);
+        if (handle == 0) continue;
+        if (!open) m_out.text(102, "{ACAD_REACTORS");
+        open = true;
+        m_out.handle(330, handle);
+    }
+    if (open) m_out.text(102, "}");
+}
+
+std::size_t EntityWriter::applicationGroups(const RawTags& foreign) {
+    std::size_t at = 0;
+    while (at < foreign.size() && foreign[at].code == 102) {
+        do {
+            m_out.raw(foreign[at].code, foreign[at].value);
+            ++at;
+        } while (at < foreign.size() && foreign[at - 1].value != "}" && foreign[at].code != 100);
+    }
+    return at;
+}
+
+void EntityWriter::common(const AcDbEntity& entity, const Place& place) {
+    static const std::string kLayerZero = "0";
+    if (place.paper) m_out.integer(67, 1);
+    m_out.text(8, m_names.of(ObjectAccess::layer(entity), kLayerZero));
+    const AcDbObjectId linetype = ObjectAccess::linetype(entity);
+    if (!linetype.isNull() && !linetype.isErased() &&
+        (entity.database() == nullptr || linetype != entity.database()->byLayerLinetype()))
+        m_out.text(6, m_names.of(linetype));
+    if (entity.colorIndex() != 256) m_out.integer(62, entity.colorIndex());
+    if (entity.linetypeScale() != 1.0) m_out.real(48, entity.linetypeScale());
+    if (entity.lineWeight() != AcDb::kLnWtByLayer) m_out.integer(370, entity.lineWeight());
+    if (entity.visibility() == AcDb::kInvisible) m_out.integer(60, 1);
+}
+
+void EntityWriter::head(std::string_view type, const AcDbEntity& entity, const Place& place,
+                        Adesk::UInt64 dictionary) {
+    m_out.text(0, type);
+    m_out.handle(5, entity.objectId().handle().value());
+    const RawTags& foreign = foreignOf(entity);
+    const std::size_t first = applicationGroups(foreign);
+    links(ObjectAccess::extra(entity), dictionary);
+    m_out.handle(330, place.owner);
+    m_out.marker("AcDbEntity");
+    common(entity, place);
+    const std::size_t last = firstMarker(foreign);
+    for (std::size_t i = first; i < last; ++i)
+        if (!isUnknownGroup(foreign[i].code)) m_out.raw(foreign[i].code, foreign[i].value);
+}
+
+void EntityWriter::xdata(const AcDbEntity& entity) {
+    if (const ObjectExtra* const extra = ObjectAccess::extra(entity)) m_out.raw(extra->xdata);
+}
+
+void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
+    const RawTags& foreign = foreignOf(entity);
+    if (const auto* const kept = ForeignEntity::cast(&entity)) {
+        head(kept->typeName(), entity, place);
+        const RawTags& tags = kept->tags();
+        // Extended data belongs to the main record, before its parts.
+        std::size_t parts = 0;
+        while (parts < tags.size() && tags[parts].code != 0) ++parts;
+        m_out.raw(tags, 0, parts);
+        xdata(entity);
+        m_out.raw(tags, parts);
+        return;
+    }
+    const EntityType& type = *entityTypeOf(entity);
+    m_values.reset(type.fields);
+    type.take(entity, m_values);
+    head(type.name, entity, place);
+    writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
+    xdata(entity);
+}
+
+void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& asFiled,
+                                  const std::string& block, const Place& place) {
+    const EntityType& type = *entityTypeOf(asFiled);
+    const RawTags& foreign = foreignOf(original);
+    m_values.reset(type.fields);
+    type.take(asFiled, m_values);
+    m_values.texts[1].assign(block.begin(), block.end());
+    head(type.name, original, place);
+    writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
+    const double scale = static_cast<const AcDbDimension&>(asFiled).ownDimscale();
+    if (scale == 0.0) return xdata(original);
+    const ObjectExtra* const extra = ObjectAccess::extra(original);
+    RawTags data = extra != nullptr ? extra->xdata : RawTags();
+    putDimscale(data, scale);
+    m_out.raw(data);
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// Writes entities: head, groups of the type, extended data.
+#pragma once
+
+#include "prancheta/dxf/entity_types.h"
+#include "prancheta/dxf/handle_source.h"
+
+namespace prancheta::dxf {
+
+/// Where an entity stands.
+struct Place {
+    Adesk::UInt64 owner = 0;  ///< block record
+    bool paper = false;
+};
+
+class EntityWriter {
+public:
+    EntityWriter(TagWriter& out, SaveNames& names, const HandleSource& handles, std::string version)
+        : m_out(out), m_names(names), m_handles(handles), m_version(std::move(version)) {}
+
+    /// An entity of a type with a class here, or one that is kept group by group.
+    void write(const AcDbEntity& entity, const Place& place);
+    /// The aligned dimension with the name of the block of its picture.
+    void writeDimension(const AcDbEntity& original, const AcDbEntity& asFiled,
+                        const std::string& block, const Place& place);
+
+    /// Everything before the groups of the type. `dictionary` 0: the entity's own.
+    void head(std::string_view type, const AcDbEntity& entity, const Place& place,
+              Adesk::UInt64 dictionary = 0);
+    /// Groups {ACAD_XDICTIONARY and {ACAD_REACTORS of any object.
+    void links(const ObjectExtra* extra, Adesk::UInt64 dictionary = 0);
+    /// Groups of applications that stand before the owner; returns the first group behind them.
+    std::size_t applicationGroups(const RawTags& foreign);
+    void xdata(const AcDbEntity& entity);
+
+    TagWriter& out() { return m_out; }
+    const std::string& version() const { return m_version; }
+    /// True for common groups that a release of this version does not know.
+    bool isUnknownGroup(int code) const;
+
+private:
+    void common(const AcDbEntity& entity, const Place& place);
+
+    TagWriter& m_out;
+    SaveNames& m_names;
+    const HandleSource& m_handles;
+    std::string m_version;
+    Values m_values;
+};
+
+}  // namespace prancheta::dxf

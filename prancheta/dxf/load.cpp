@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+// Loading: the file, its sections, and what is done when all is read.
+#include <algorithm>
+
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/dxf/binary.h"
+#include "prancheta/dxf/kept_handles.h"
+#include "prancheta/dxf/loader.h"
+#include "prancheta/entities/register.h"
+
+namespace prancheta::dxf {
+namespace {
+
+bool isName(std::string_view value, std::string_view name) {
+    value = trim(value);
+    return value.size() == name.size() &&
+           std::equal(value.begin(), value.end(), name.begin(), [](char a, char b) {
+               return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b;
+           });
+}
+
+/// Where a fault stands: line of a text file, byte of a binary one.
+Error errorOf(const Fault& fault, std::string_view text, const std::vector<std::size_t>* offsets,
+              const std::filesystem::path& path) {
+    const char* const at = fault.at != nullptr ? fault.at : text.data() + text.size();
+    const auto lines = std::count(text.data(), at, '\n');
+    Error error{fault.text, path.string(), 0, 0};
+    if (offsets == nullptr) {
+        error.line = static_cast<int>(lines) + 1;
+    } else if (!offsets->empty()) {
+        const std::size_t tag = std::min(static_cast<std::size_t>(lines) / 2, offsets->size() - 1);
+        error.text += " (byte " + std::to_string((*offsets)[tag]) + ")";
+    }
+    return error;
+}
+
+}  // namespace
+
+Loader::Loader(AcDbDatabase& database, std::string_view text, LoadReport& report)
+    : LoadNames(database, Charset::Windows1252),
+      m_database(database),
+      m_core(database.core()),
+      m_text(text),
+      m_report(report),
+      m_reader(text) {}
+
+bool Loader::bad(const char* at, std::string text) {
+    if (!m_fault) m_fault = Fault{std::move(text), at};
+    return false;
+}
+
+void Loader::find(std::string text, const char* at, Adesk::UInt64 handle) {
+    const auto line = at == nullptr ? -1 : std::count(m_text.data(), at, '\n');
+    m_report.findings.push_back({std::move(text), static_cast<int>(line) + 1, handle});
+}
+
+/// Next record of a section; at its end false without a fault.
+bool Loader::nextIn(TagReader& reader, Record& record, const char* section, const char* end) {
+    if (!reader.next(record)) {
+        if (reader.fault()) return bad(reader.fault()->at, reader.fault()->text);
+        return bad(nullptr, std::string("o arquivo está truncado: falta o fim (") + end +
+                                ") da seção " + section);
+    }
+    if (record.type == "EOF")
+        return bad(record.at, std::string("falta o fim (") + end + ") da seção " + section);
+    return record.type != end;
+}
+
+bool Loader::run() {
+    m_core.undo().setRecording(false);
+    for (;;) {
+        const bool more = m_reader.next(m_record);
+        if (!more && m_reader.fault()) return bad(m_reader.fault()->at, m_reader.fault()->text);
+        if (!more) return bad(nullptr, "o arquivo está truncado: falta o grupo final EOF");
+        if (m_record.type == "EOF") break;
+        if (!isName(m_record.type, "SECTION"))
+            return bad(m_record.at, "esperado SECTION, encontrado \"" +
+                                        toUtf8(toWide(m_record.type.substr(0, 40))) + "\"");
+        if (!readSection()) return false;
+    }
+    return complete();
+}
+
+bool Loader::readSection() {
+    if (m_record.tags.empty() || m_record.tags[0].code != 2)
+        return bad(m_record.at, "uma seção não tem nome");
+    const std::string_view name = trim(m_record.tags[0].value);
+    if (isName(name, "HEADER")) return readHeader();
+    if (!m_hasSeed) reserveAllHandles();
+    if (isName(name, "CLASSES")) return readClasses();
+    if (isName(name, "TABLES")) return readTables();
+    if (!m_requiredMade) {
+        m_core.addRequiredRecords();
+        m_requiredMade = true;
+    }
+    if (isName(name, "BLOCKS")) return readBlocks();
+    if (isName(name, "ENTITIES")) return readEntities();
+    if (isName(name, "OBJECTS")) return readObjects();
+    return keepSection(name);
+}
+
+bool Loader::readClasses() {
+    RawTags& kept = m_core.foreign().classes;
+    while (nextIn(m_reader, m_record, "CLASSES", "ENDSEC")) {
+        kept.push_back({0, decode(m_record.type, charset())});
+        if (!appendRaw(kept, m_record.tags, charset(), m_fault)) return false;
+    }
+    return !m_fault;
+}
+
+bool Loader::keepSection(std::string_view name) {
+    RawTags kept{{2, decode(name, charset())}};
+    Tags rest(m_record.tags.begin() + 1, m_record.tags.end());
+    if (!appendRaw(kept, rest, charset(), m_fault)) return false;
+    while (nextIn(m_reader, m_record, "desconhecida", "ENDSEC")) {
+        kept.push_back({0, decode(m_record.type, charset())});
+        if (!appendRaw(kept, m_record.tags, charset(), m_fault)) return false;
+    }
+    m_core.foreign().sections.push_back(std::move(kept));
+    return !m_fault;
+}
+
+AcDbObjectId Loader::resolve(Kind kind, const std::wstring& name) {
+    if (kind == kBlock) return makeBlock(block(name));
+    const AcDbObjectId tables[] = {m_database.layerTableId(), m_database.linetypeTableId(),
+                                   m_database.textStyleTableId(), m_database.dimStyleTableId()};
+    auto& table = static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(tables[kind])->object);
+    if (const AcDbObjectId id = ObjectAccess::lookup(table, name); !id.isNull()) return id;
+    constexpr const char* kWhat[] = {"a camada", "o tipo de linha", "o estilo de texto",
+                                     "o estilo de cota"};
+    find(std::string(kWhat[kind]) + " \"" + toUtf8(name) + "\" não tem registro; foi criado um",
+         nullptr, 0);
+    std::unique_ptr<AcDbSymbolTableRecord> record;
+    switch (kind) {
+        case kLayer: {
+            auto layer = std::make_unique<AcDbLayerTableRecord>();
+            if (const AcDbObjectId continuous = m_database.continuousLinetype();
+                !continuous.isNull())
+                (void)layer->setLinetypeObjectId(continuous);
+            record = std::move(layer);
+            break;
+        }
+        case kLinetype:
+            if (const AcDbObjectId known = m_core.ensureLinetype(name); !known.isNull()) {
+                m_automatic.insert(known);
+                return known;
+            }
+            record = std::make_unique<AcDbLinetypeTableRecord>();
+            break;
+        case kTextStyle:
+            record = std::make_unique<AcDbTextStyleTableRecord>();
+            break;
+        default:
+            record = std::make_unique<AcDbDimStyleTableRecord>();
+            break;
+    }
+    ObjectAccess::setName(*record, name);
+    AcDbSymbolTableRecord* const added = record.release();
+    if (!ObjectAccess::addRecord(table, added)) {
+        delete added;
+        return {};
+    }
+    added->close();
+    m_automatic.insert(added->objectId());
+    return added->objectId();
+}
+
+Adesk::UInt64 Loader::claim(Adesk::UInt64 handle, const char* at) {
+    if (handle == 0) return 0;
+    AcDbStub* const stub = m_core.find(handle);
+    if (stub == nullptr || stub->object == nullptr) return handle;
+    if (m_automatic.contains(stub)) {
+        (void)m_core.changeHandle(AcDbObjectId(stub), m_core.nextHandle());
+        return handle;
+    }
+    find("identificador repetido no arquivo; o objeto recebeu outro", at, handle);
+    return 0;
+}
+
+/// A file that does not say which handles are free: all that it uses are looked at.
+void Loader::reserveAllHandles() {
+    m_hasSeed = true;
+    TagReader reader(m_text);
+    Tag tag;
+    std::uint64_t handle = 0;
+    while (reader.next(tag))
+        if ((tag.code == 5 || tag.code == 105) && parseHandle(tag.value, handle))
+            m_core.reserveHandle(handle);
+}
+
+bool Loader::complete() {
+    if (!m_requiredMade) m_core.addRequiredRecords();
+    if (!readWantedBlocks()) return false;
+    if (!takeExtensionDictionaries()) return false;
+    linkReactors();
+    ForeignContent& foreign = m_core.foreign();
+    for (const ObjectSpan& span : m_objects) {
+        if (span.kept) continue;
+        TagReader reader(span.text);
+        RawTags tags;
+        if (!reader.next(m_record)) continue;
+        tags.push_back({0, decode(m_record.type, charset())});
+        if (!appendRaw(tags, m_record.tags, charset(), m_fault)) return false;
+        foreign.objects.push_back(std::move(tags));
+    }
+    forEachKeptHandle(m_core, [&](Adesk::UInt64 handle) {
+        (void)claim(handle, nullptr);
+        m_core.reserveHandle(handle);
+    });
+    m_core.assignMissingHandles();
+    applyVariables();
+    for (const LaterMove& move : m_moved) {
+        AcDbEntity* entity = nullptr;
+        if (acdbOpenObject(entity, move.entity->objectId(), AcDb::kForWrite) != Acad::eOk) continue;
+        if (entity->transformBy(move.matrix) != Acad::eOk)
+            find("a peça foi mudada por outro programa e não pôde acompanhar a mudança", nullptr,
+                 entity->objectId().handle().value());
+        entity->close();
+    }
+    foreign.acadVersion = m_version;
+    m_core.undo().clear();
+    m_core.undo().setRecording(true);
+    return true;
+}
+
+Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, LoadReport* report) {
+    registerEntityClasses();
+    const auto file = MappedFile::open(path);
+    if (!file) return file.error();
+    std::string_view text = (*file)->bytes();
+    BinaryText binary;
+    const bool isBinaryFile = isBinary(text);
+    if (isBinaryFile) {
+        auto converted = textOfBinary(text);
+        if (!converted) {
+            Error error = converted.error();
+            error.file = path.string();
+            return error;
+        }
+        binary = std::move(*converted);
+        text = binary.text;
+    }
+    LoadReport unread;
+    auto database = std::make_unique<AcDbDatabase>(false, true);
+    Loader loader(*database, text, report != nullptr ? *report : unread);
+    if (!loader.run())
+        return errorOf(*loader.fault(), text, isBinaryFile ? &binary.offsets : nullptr, path);
+    return database;
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// Section ENTITIES, and entities in blocks.
+#include <algorithm>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/loader.h"
+#include "prancheta/dxf/piece_plan.h"
+#include "prancheta/dxf/upgrade.h"
+#include "prancheta/entities/foreign_entity.h"
+
+namespace prancheta::dxf {
+namespace {
+
+/// True for INSERT with attributes and for old polylines: more records follow, up to SEQEND.
+bool hasParts(std::string_view type, const Tags& body) {
+    if (type == "POLYLINE") return true;
+    if (type != "INSERT") return false;
+    return std::any_of(body.begin(), body.end(), [](const Tag& tag) {
+        long long value = 0;
+        return tag.code == 66 && parseInteger(tag.value, value) && value != 0;
+    });
+}
+
+bool isByLayer(std::string_view linetype) {
+    return equalNoCase(toWide(linetype), L"ByLayer");
+}
+
+}  // namespace
+
+bool Loader::readEntities() {
+    while (nextIn(m_reader, m_record, "ENTITIES", "ENDSEC"))
+        if (!readEntity(m_reader, m_record, m_core.modelSpaceId())) return false;
+    return !m_fault;
+}
+
+bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId owner) {
+    if (!splitEntity(record, m_head, m_fault)) return false;
+    if (m_head.paper && owner == m_core.modelSpaceId()) owner = m_core.paperSpaceId();
+    const EntityType* const type = entityTypeNamed(record.type);
+    if (type == nullptr || hasParts(record.type, m_head.body))
+        return readForeign(reader, record, owner);
+    if (record.type == "INSERT" && !m_head.xdata.empty()) {
+        std::string_view pictureBlock;
+        std::unique_ptr<AcDbEntity> piece = readPiece(pictureBlock);
+        if (m_fault) return false;
+        if (piece != nullptr) {
+            block(text(pictureBlock)).ofPicture = true;
+            if (!keepExtra(*piece, {}, kPieceApplication)) return false;
+            return append(std::move(piece), owner);
+        }
+    }
+    const bool isRead = readFields(type->fields, m_head.body, *this, m_values, m_rest, m_fault);
+    if (m_fault) return false;
+    if (!isRead || !type->suits(m_values, m_rest)) return readForeign(reader, record, owner);
+    std::unique_ptr<AcDbEntity> entity = type->make(m_values);
+    if (!keepExtra(*entity, m_rest)) return false;
+    if (auto* const dimension = AcDbDimension::cast(entity.get())) {
+        // The picture is drawn anew; its block is read only when something else uses it.
+        if (!m_values.texts[1].empty()) block(m_values.texts[1]).ofPicture = true;
+        if (ObjectAccess::extra(*dimension) != nullptr) {
+            (void)dimension->setDimscale(takeDimscale(ObjectAccess::makeExtra(*dimension).xdata));
+            ObjectAccess::dropEmptyExtra(*dimension);
+        }
+    }
+    return append(std::move(entity), owner);
+}
+
+bool Loader::readForeign(TagReader& reader, const Record& record, AcDbObjectId owner) {
+    auto entity = std::make_unique<ForeignEntity>();
+    RawTags tags;
+    if (!appendRaw(tags, m_head.body, charset(), m_fault)) return false;
+    if (!tags.empty() && tags.front().code != 100) addSubclassMarkers(record.type, tags);
+    if (!keepExtra(*entity, {})) return false;
+    if (hasParts(record.type, m_head.body)) {
+        // Its parts name it as their owner, so it needs a handle at once.
+        m_head.handle = claim(m_head.handle, record.at);
+        if (m_head.handle == 0) m_head.handle = freshHandle();
+        if (!readParts(reader, tags, m_head.handle)) return false;
+    }
+    wantBlocksOf(record.type, tags);
+    (void)entity->setContent(decode(record.type, charset()), std::move(tags));
+    return append(std::move(entity), owner);
+}
+
+bool Loader::readParts(TagReader& reader, RawTags& tags, Adesk::UInt64 owner) {
+    for (;;) {
+        if (!nextIn(reader, m_part, "ENTITIES", "SEQEND") && m_fault) return false;
+        const bool isPart =
+            m_part.type == "VERTEX" || m_part.type == "ATTRIB" || m_part.type == "SEQEND";
+        if (!isPart) return bad(m_part.at, "esperado SEQEND depois dos vértices ou atributos");
+        RawTags part{{0, std::string(m_part.type)}};
+        if (!appendRaw(part, m_part.tags, charset(), m_fault)) return false;
+        completePart(part, owner, [this] { return freshHandle(); });
+        tags.insert(tags.end(), part.begin(), part.end());
+        if (m_part.type == "SEQEND") return true;
+    }
+}
+
+/// Names of blocks in groups that nobody here understands: anonymous blocks are read for them.
+void Loader::wantBlocksOf(std::string_view type, const RawTags& tags) {
+    for (const RawTag& tag : tags) {
+        const bool isName = tag.code == 2 && !tag.value.empty();
+        if (!isName || (type != "INSERT" && tag.value.front() != '*')) continue;
+        (void)makeBlock(block(toWide(tag.value)));
+        if (type == "INSERT") return;
+    }
+}
+
+Adesk::UInt64 Loader::freshHandle() {
+    const Adesk::UInt64 handle = m_core.nextHandle();
+    m_core.reserveHandle(handle);
+    return handle;
+}
+
+void Loader::applyHead(AcDbEntity& entity) {
+    ObjectAccess::setLayer(entity, LoadNames::find(kLayer, m_head.layer));
+    if (!m_head.linetype.empty() && !isByLayer(m_head.linetype))
+        ObjectAccess::setLinetype(entity, LoadNames::find(kLinetype, m_head.linetype));
+    if (m_head.color >= 0 && m_head.color <= 256)
+        ObjectAccess::setColor(entity, static_cast<Adesk::UInt16>(m_head.color));
+    if (m_head.linetypeScale > 0.0) ObjectAccess::setLinetypeScale(entity, m_head.linetypeScale);
+    ObjectAccess::setLineWeight(entity, static_cast<Adesk::Int16>(m_head.lineWeight));
+    ObjectAccess::setVisible(entity, !m_head.invisible);
+}
+
+bool Loader::keepExtra(AcDbObject& object, const Tags& rest, std::string_view withoutApplication) {
+    if (m_head.extra.empty() && rest.empty() && m_head.xdata.empty()) return true;
+    RawTags foreign;
+    RawTags xdata;
+    if (!appendRaw(foreign, m_head.extra, charset(), m_fault)) return false;
+    if (!appendRaw(foreign, rest, charset(), m_fault)) return false;
+    Tags wanted;
+    bool keep = true;
+    for (const Tag& tag : m_head.xdata) {
+        if (tag.code == 1001) keep = withoutApplication.empty() || trim(tag.value) != withoutApplication;
+        if (keep) wanted.push_back(tag);
+    }
+    if (!appendRaw(xdata, wanted, charset(), m_fault)) return false;
+    if (foreign.empty() && xdata.empty()) return true;
+    ObjectExtra& extra = ObjectAccess::makeExtra(object);
+    extra.foreign.insert(extra.foreign.end(), foreign.begin(), foreign.end());
+    extra.xdata = std::move(xdata);
+    return true;
+}
+
+bool Loader::append(std::unique_ptr<AcDbEntity> entity, AcDbObjectId owner) {
+    applyHead(*entity);
+    const Adesk::UInt64 handle = claim(m_head.handle, nullptr);
+    AcDbObjectId id;
+    AcDbEntity* const added = entity.get();
+    if (m_core.appendWithHandle(owner, added, handle, id) != Acad::eOk)
+        return bad(nullptr, "não foi possível acrescentar um objeto ao desenho");
+    entity.release();
+    added->close();
+    if (handle == 0) m_automatic.insert(id);
+    if (!m_head.reactors.empty() || m_head.dictionary != 0)
+        m_later.push_back({added, m_head.reactors, m_head.dictionary, isPiece(*added)});
+    return true;
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// Section HEADER.
+#include "prancheta/base/text.h"
+#include "prancheta/dxf/header_variables.h"
+#include "prancheta/dxf/loader.h"
+
+namespace prancheta::dxf {
+
+bool Loader::readHeader() {
+    takeVersion();
+    std::string name;
+    Tags tags;
+    for (std::size_t i = 1; i <= m_record.tags.size(); ++i) {
+        const bool end = i == m_record.tags.size();
+        if (!end && m_record.tags[i].code != 9) {
+            tags.push_back(m_record.tags[i]);
+            continue;
+        }
+        if (!name.empty()) takeVariable(name, tags);
+        if (m_fault) return false;
+        tags.clear();
+        if (!end) name = trim(m_record.tags[i].value);
+    }
+    if (nextIn(m_reader, m_record, "HEADER", "ENDSEC"))
+        return bad(m_record.at, "falta o fim (ENDSEC) da seção HEADER");
+    return !m_fault;
+}
+
+/// The release comes first of all: it says how the texts are to be read.
+void Loader::takeVersion() {
+    const Tags& tags = m_record.tags;
+    for (std::size_t i = 0; i + 1 < tags.size(); ++i) {
+        if (tags[i].code != 9) continue;
+        const std::string_view name = trim(tags[i].value);
+        const std::string_view value = trim(tags[i + 1].value);
+        if (name == "$ACADVER") {
+            m_version = value;
+            setCharset(charsetOf(m_version));
+        }
+        if (name == "$DWGCODEPAGE" && !value.empty() && value != "ANSI_1252" &&
+            value != "ansi_1252" && value != "DOS850" && charset() == Charset::Windows1252)
+            find("a página de código " + std::string(value) +
+                     " não é conhecida; os acentos podem aparecer trocados",
+                 value.data(), 0);
+        std::uint64_t seed = 0;
+        if (name == "$HANDSEED" && parseHandle(value, seed) && seed > 1) {
+            m_core.reserveHandle(seed - 1);
+            m_hasSeed = true;
+        }
+    }
+}
+
+void Loader::takeVariable(const std::string& name, const Tags& tags) {
+    if (isWritersOwn(name)) return;
+    if (const HeaderVariable* known = headerVariable(name); known != nullptr) {
+        std::string why;
+        for (const Tag& tag : tags)
+            if (!checkValue(tag, why)) {
+                (void)bad(tag.value.data(), why + " (variável " + name + ")");
+                return;
+            }
+        m_variables.emplace_back(name, tags);
+        return;
+    }
+    RawTags kept;
+    if (!appendRaw(kept, tags, charset(), m_fault)) return;
+    m_core.foreign().header.emplace_back(name, std::move(kept));
+}
+
+/// Variables name layers and styles, so they are set when all is read.
+void Loader::applyVariables() {
+    for (const auto& [name, tags] : m_variables) {
+        const HeaderVariable* const known = headerVariable(name);
+        if (known == nullptr || known->inDimStyle || tags.empty()) continue;
+        const std::wstring wide = toWide(std::string_view(name).substr(1));
+        const VariableInfo* const info = m_core.variables().find(wide);
+        if (info == nullptr) continue;
+        VariableValue value = info->value;
+        double numbers[3] = {};
+        for (std::size_t i = 0; i < std::min<std::size_t>(tags.size(), 3); ++i)
+            (void)parseReal(tags[i].value, numbers[i]);
+        if (std::holds_alternative<short>(value))
+            value = static_cast<short>(numbers[0]);
+        else if (std::holds_alternative<double>(value))
+            value = known->code == 50 ? radiansOf(numbers[0]) : numbers[0];
+        else if (std::holds_alternative<AcGePoint3d>(value))
+            value = AcGePoint3d(numbers[0], numbers[1], numbers[2]);
+        else
+            value = known->code == 62 ? colorText(static_cast<int>(numbers[0]))
+                                      : std::wstring(trim(std::wstring_view(text(tags[0].value))));
+        if (info->value == value) continue;
+        if (const Result<void> done = m_core.variables().set(wide, value); !done)
+            find("variável " + name + " ignorada: " + done.error().text, tags[0].value.data(), 0);
+    }
+}
+
+}  // namespace prancheta::dxf

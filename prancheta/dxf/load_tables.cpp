@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// Section TABLES.
+#include <algorithm>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/dxf/kept_handles.h"
+#include "prancheta/dxf/loader.h"
+#include "prancheta/dxf/upgrade.h"
+
+namespace prancheta::dxf {
+namespace {
+
+AcDbSymbolTable& tableAt(AcDbObjectId id) {
+    return static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
+}
+
+/// Dashes with shapes or texts say more than lengths.
+bool isComplexLinetype(const Tags& body) {
+    return std::any_of(body.begin(), body.end(), [](const Tag& tag) {
+        long long value = 0;
+        return tag.code == 74 && parseInteger(tag.value, value) && value != 0;
+    });
+}
+
+}  // namespace
+
+bool Loader::readTables() {
+    while (nextIn(m_reader, m_record, "TABLES", "ENDSEC")) {
+        if (m_record.type != "TABLE") return bad(m_record.at, "esperado TABLE na seção TABLES");
+        if (!readTable()) return false;
+    }
+    if (m_fault) return false;
+    m_core.addRequiredRecords();
+    m_requiredMade = true;
+    return true;
+}
+
+bool Loader::readTable() {
+    std::string_view name;
+    Adesk::UInt64 handle = 0;
+    for (const Tag& tag : m_record.tags) {
+        if (tag.code == 2 && name.empty()) name = trim(tag.value);
+        if (tag.code == 5 && !parseHandle(tag.value, handle))
+            return bad(tag.value.data(), "identificador inválido na tabela");
+    }
+    const RecordType* const type = recordTypeNamed(name);
+    if (type == nullptr) return keepTable();
+    if (handle != 0) (void)m_core.changeHandle((m_database.*type->table)(), claim(handle, m_record.at));
+    const bool isBlocks = name == "BLOCK_RECORD";
+    const char* start = m_reader.position();
+    while (nextIn(m_reader, m_record, "TABLES", "ENDTAB")) {
+        if (m_record.type != type->name)
+            return bad(m_record.at, "registro \"" + toUtf8(toWide(m_record.type.substr(0, 40))) +
+                                        "\" na tabela " + type->name);
+        const std::string_view text(start, static_cast<std::size_t>(m_reader.position() - start));
+        if (!(isBlocks ? readBlockRecord(m_record, text) : readTableRecord(*type, m_record)))
+            return false;
+        start = m_reader.position();
+    }
+    return !m_fault;
+}
+
+bool Loader::readTableRecord(const RecordType& type, const Record& record) {
+    if (!splitRecord(record, type.handleCode, m_head, m_fault)) return false;
+    if (type.handleCode != 5) {
+        // Names of arrow blocks in old files, where group 5 is no handle.
+        const auto isOld = [](const Tag& tag) { return tag.code >= 5 && tag.code <= 7; };
+        m_head.body.erase(std::remove_if(m_head.body.begin(), m_head.body.end(), isOld),
+                          m_head.body.end());
+    }
+    if (!readFields(type.fields, m_head.body, *this, m_values, m_rest, m_fault)) {
+        if (!m_fault) return bad(record.at, std::string("registro inválido na tabela ") + type.name);
+        return false;
+    }
+    std::unique_ptr<AcDbSymbolTableRecord> made = type.make(m_values);
+    ObjectAccess::setName(*made, m_values.texts[0]);
+    if (!keepExtra(*made, m_rest)) return false;
+    if (type.fields[0].name == std::string_view("AcDbLinetypeTableRecord") &&
+        isComplexLinetype(m_head.body)) {
+        RawTags& kept = ObjectAccess::makeExtra(*made).foreign;
+        kept = {{kWholeRecord, ""}};
+        if (!appendRaw(kept, m_head.body, charset(), m_fault)) return false;
+    }
+    constexpr long long kOwnLayerFlags = 1 | 4 | 64;
+    if (std::string_view(type.name) == "LAYER" && (m_values.integers[0] & ~kOwnLayerFlags) != 0)
+        ObjectAccess::makeExtra(*made).foreign.insert(
+            ObjectAccess::makeExtra(*made).foreign.begin(),
+            {kOtherFlags, std::to_string(m_values.integers[0] & ~kOwnLayerFlags)});
+    return addRecord(type, made.release());
+}
+
+/// Takes the record over.
+bool Loader::addRecord(const RecordType& type, AcDbSymbolTableRecord* record) {
+    AcDbSymbolTable& table = tableAt((m_database.*type.table)());
+    const std::wstring name = ObjectAccess::name(*record);
+    const AcDbObjectId former = ObjectAccess::lookup(table, name);
+    if (!former.isNull() || name.empty()) {
+        find(std::string("registro repetido ou sem nome na tabela ") + type.name + ": \"" +
+                 toUtf8(name) + "\"",
+             m_record.at, m_head.handle);
+        delete record;
+        return true;
+    }
+    const Adesk::UInt64 handle = claim(m_head.handle, m_record.at);
+    if (!ObjectAccess::addRecord(table, record, handle)) {
+        delete record;
+        return bad(m_record.at, "não foi possível criar o registro \"" + toUtf8(name) + "\"");
+    }
+    record->close();
+    if (handle == 0) m_automatic.insert(record->objectId());
+    if (!m_head.reactors.empty() || m_head.dictionary != 0)
+        m_later.push_back({record, m_head.reactors, m_head.dictionary});
+    return true;
+}
+
+/// A table that the host does not keep, group by group; completed when it is of an old file.
+bool Loader::keepTable() {
+    RawTags kept;
+    std::string name;
+    Adesk::UInt64 table = 0;
+    const auto keep = [&](const Record& record) {
+        RawTags tags{{0, decode(record.type, charset())}};
+        if (!appendRaw(tags, record.tags, charset(), m_fault)) return false;
+        if (record.type == "TABLE" && tags.size() > 1) name = tags[1].value;
+        if (m_version < "AC1015") completeTableRecord(tags, table, [this] { return freshHandle(); });
+        if (record.type == "TABLE") table = ownHandle(tags);
+        kept.insert(kept.end(), tags.begin(), tags.end());
+        return true;
+    };
+    if (!keep(m_record)) return false;
+    while (nextIn(m_reader, m_record, "TABLES", "ENDTAB"))
+        if (!keep(m_record)) return false;
+    kept.push_back({0, "ENDTAB"});
+    m_core.foreign().tables.emplace_back(name, std::move(kept));
+    return !m_fault;
+}
+
+}  // namespace prancheta::dxf

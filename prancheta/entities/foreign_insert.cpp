@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// Draws foreign entities that show a block, and the texts that go with them.
+#include <algorithm>
+
+#include "dbents.h"
+#include "prancheta/base/text.h"
+#include "prancheta/entities/block_content.h"
+#include "prancheta/entities/common.h"
+#include "prancheta/entities/foreign_types.h"
+#include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/tag_list.h"
+#include "prancheta/entities/text_layout.h"
+#include "prancheta/graphics/picture_recorder.h"
+
+namespace prancheta {
+
+namespace {
+
+/// Copies of an array and primitives in all of them: files ask for anything.
+constexpr int kMostCopies = 10000;
+constexpr std::size_t kMostPrimitives = 500000;
+
+AcDbObjectId blockOf(const ForeignEntity& entity) {
+    AcDbObjectId block;
+    AcDbDatabase* const database = entity.database();
+    if (database == nullptr) return block;
+    const AcDbObjectPointer<AcDbBlockTable> table(database->blockTableId(), AcDb::kForRead);
+    if (table.openStatus() == Acad::eOk)
+        (void)table->getAt(findText(entity.tags(), 2).c_str(), block);  // null when it is missing
+    return block;
+}
+
+/// From the block's coordinates to the first copy's place in the plane of the insertion.
+AcGeMatrix3d firstCopy(const RawTags& tags, AcDbObjectId block) {
+    const auto factor = [&](int code) {
+        const double value = findNumber(tags, code, 1.0);
+        return value != 0.0 ? value : 1.0;
+    };
+    AcGeMatrix3d scale;
+    scale.setCoordSystem(AcGePoint3d::kOrigin, AcGeVector3d::kXAxis * factor(41),
+                         AcGeVector3d::kYAxis * factor(42), AcGeVector3d::kZAxis * factor(43));
+    return scale * AcGeMatrix3d::translation(-blockOrigin(block).asVector());
+}
+
+}  // namespace
+
+void drawDimensionBlock(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    replay(blockPicture(blockOf(entity), traitsOf(entity)), draw);
+}
+
+void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    const std::vector<RawTags> records = recordsOf(entity.tags());
+    if (records.empty()) return;
+    const RawTags& tags = records[0];
+    const AcDbObjectId block = blockOf(entity);
+    const Picture content = blockPicture(block, traitsOf(entity));
+    const AcGeMatrix3d inPlane =
+        planeToWorld(planeNormal(tags)) *
+        AcGeMatrix3d::translation(findPoint(tags, 10).asVector()) *
+        AcGeMatrix3d::rotation(findNumber(tags, 50, 0.0) * kPi / 180.0, AcGeVector3d::kZAxis);
+    const AcGeMatrix3d copy = firstCopy(tags, block);
+    const int columns = std::clamp(findWhole(tags, 70, 1), 1, kMostCopies);
+    const int rows = std::clamp(findWhole(tags, 71, 1), 1, kMostCopies / columns);
+    std::size_t drawn = 0;
+    for (int i = 0; i < columns * rows && drawn < kMostPrimitives; ++i) {
+        const AcGeVector3d step(findNumber(tags, 44, 0.0) * (i % columns),
+                                findNumber(tags, 45, 0.0) * (i / columns), 0.0);
+        draw.geometry().pushModelTransform(inPlane * AcGeMatrix3d::translation(step) * copy);
+        replay(content, draw);
+        draw.geometry().popModelTransform();
+        drawn += content.size();
+    }
+    for (const RawTags& record : records)
+        if (record[0].code == 0 && trim(std::string_view(record[0].value)) == "ATTRIB")
+            drawText(record, 74, draw.geometry());
+}
+
+void drawText(const RawTags& all, int verticalCode, AcGiGeometry& to) {
+    constexpr int kInvisible = 1;
+    const RawTags tags(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(knownLength(all)));
+    if (verticalCode == 74 && (findWhole(tags, 70, 0) & kInvisible) != 0) return;
+    AcDbText text(findPoint(tags, 10), findText(tags, 1).c_str(), AcDbObjectId::kNull,
+                  findNumber(tags, 40, 2.5), findNumber(tags, 50, 0.0) * kPi / 180.0);
+    const double oblique = findNumber(tags, 51, 0.0) * kPi / 180.0;
+    (void)text.setWidthFactor(findNumber(tags, 41, 1.0));
+    (void)text.setHorizontalMode(findWhole(tags, 72, 0));
+    (void)text.setVerticalMode(findWhole(tags, verticalCode, 0));
+    (void)text.setAlignmentPoint(findPoint(tags, 11));
+    const TextPlace place = placeOf(text);
+    to.pushModelTransform(planeToWorld(planeNormal(tags)));
+    to.text(place.start, AcGeVector3d::kZAxis, place.direction, place.height, place.widthFactor,
+            oblique, text.textStringConst());
+    to.popModelTransform();
+}
+
+}  // namespace prancheta
