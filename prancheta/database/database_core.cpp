@@ -47,6 +47,8 @@ bool DatabaseCore::makeResident(AcDbObject& object, AcDbObjectId owner, Adesk::U
 
 void DatabaseCore::announce(AcDbObject& object) {
     m_undo.recordAppended(object);
+    const AcDbEntity* const entity = AcDbEntity::cast(&object);
+    if (entity != nullptr && onEntityAppended) onEntityAppended(*entity);
     notifyAppended(object);
 }
 

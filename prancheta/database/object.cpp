@@ -124,13 +124,10 @@ namespace prancheta {
 void ObjectAccess::finishWrite(AcDbObject& o) {
     AcDbStub& stub = *o.m_stub;
     DatabaseCore& core = stub.database->core();
-    const bool isNew = stub.isNew;
     const bool modified = stub.modified;
     const bool erasedNow = stub.erased != stub.wasErased;
     stub.writer = stub.isNew = stub.recorded = stub.modified = false;
     stub.wasErased = stub.erased;
-    if (isNew && !stub.erased && core.onEntityAppended)
-        if (const AcDbEntity* entity = AcDbEntity::cast(&o)) core.onEntityAppended(*entity);
     if (erasedNow)
         core.notifyErased(o, stub.erased);
     else if (modified && !stub.erased)

@@ -64,7 +64,11 @@ void Editor::alert(std::wstring_view text) {
     m_ui.alert(text);
 }
 
-void Editor::complain(std::wstring_view text) { m_ui.complain(text); }
+void Editor::complain(std::wstring_view text) {
+    m_typeAhead.clear();
+    m_typeAheadLineStart = true;
+    m_ui.complain(text);
+}
 
 bool Editor::echo() const {
     return m_tokens == nullptr || m_database->core().variables().number(L"CMDECHO") != 0;
@@ -146,11 +150,6 @@ std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
     m_typeAheadLineStart = end == m_typeAhead.npos || m_typeAhead[end] == L'\n';
     m_typeAhead.erase(0, end == m_typeAhead.npos ? end : end + 1);
     return input;
-}
-
-bool Editor::dropTypeAhead() {
-    m_typeAheadLineStart = true;
-    return !std::exchange(m_typeAhead, {}).empty();
 }
 
 // --- Main loop ----------------------------------------------------------------------------------

@@ -85,10 +85,9 @@ public:
     void requestQuit() { m_quit = true; }
     bool quitRequested() const { return m_quit; }
     /// What is typed before the front end is asked again: characters as a keyboard gives them, line
-    /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments.
+    /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments. A complaint drops
+    /// what is left.
     void typeAhead(std::wstring_view keys) { m_typeAhead.append(keys); }
-    /// Forgets what typeAhead still holds; true when there was something.
-    bool dropTypeAhead();
 
     // --- Commands --------------------------------------------------------------------------------
     CommandStack& commands() const { return *m_commands; }
@@ -111,6 +110,7 @@ public:
     // --- Input and output ------------------------------------------------------------------------
     void print(std::wstring_view text);
     void alert(std::wstring_view text);
+    /// Tells the user that an input made no sense.
     void complain(std::wstring_view text);
     /// Asks until the answer makes sense; blocks. Transparent commands run inside.
     InputValue ask(const InputRequest& request);

@@ -77,10 +77,12 @@ TEST_F(OpenTest, CancelGivesUpChanges) {
         EXPECT_EQ(sizeOf(id), 1);
         EXPECT_EQ(undo().groupCount(), groups);
     }
+    Witness witness(database);
     auto* fresh = new Piece(2);
     AcDbObjectPointer<AcDbBlockTableRecord> space(database.currentSpaceId(), AcDb::kForWrite);
     ASSERT_EQ(space->appendAcDbEntity(fresh), Acad::eOk);
     fresh->cancel();
+    EXPECT_EQ(witness.taken(), "+-");
     EXPECT_EQ(core().modelSpace().size(), 1u);
     EXPECT_EQ(undo().groupCount(), groups);
     EXPECT_EQ(core().nextHandle(), handle + 1);  // a handle is never given twice
@@ -173,6 +175,9 @@ TEST_F(OpenTest, HandlesAreUniqueAndFound) {
     late->close();
     EXPECT_EQ(id, found);
     EXPECT_EQ(sizeOf(found), 3);
+    EXPECT_TRUE(core().changeHandle(found, 0x1000));
+    EXPECT_EQ(core().find(0xFFF), nullptr);
+    EXPECT_EQ(found.handle().value(), 0x1000u);
 }
 
 TEST_F(OpenTest, EmptyDatabaseTakesTheHandlesOfAFile) {

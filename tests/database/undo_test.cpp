@@ -144,9 +144,11 @@ TEST_F(UndoTest, MarksAndUserGroups) {
     EXPECT_EQ(sizeOf(id), 2);
     undo().endUserGroup();
     EXPECT_EQ(undo().groupCount(), 2u);
+    const std::uint64_t revision = undo().revision();
     undo().undo();
     EXPECT_EQ(sizeOf(id), 0);
     undo().redo();
+    EXPECT_EQ(undo().revision(), revision);
     EXPECT_EQ(sizeOf(id), 2);
 }
 

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// The program's own contract: options, exit codes, how lines reach whoever asks.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const fs::path kProgram = fs::path(HOUSE_BINARY_DIR) / "bin/prancheta-console";
+
+class Console : public testing::Test {
+protected:
+    struct Outcome {
+        int code;
+        std::string out;
+        std::string err;
+    };
+
+    void SetUp() override {
+        std::string name = (fs::temp_directory_path() / "prancheta-console-XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+    }
+    void TearDown() override { fs::remove_all(folder); }
+
+    fs::path put(const std::string& name, const std::string& text) const {
+        std::ofstream(folder / name, std::ios::binary) << text;
+        return folder / name;
+    }
+    std::string text(const fs::path& name) const {
+        std::ifstream in(folder / name, std::ios::binary);
+        std::stringstream out;
+        out << in.rdbuf();
+        return out.str();
+    }
+    Outcome run(const std::string& arguments, const std::string& input = {}) const {
+        put("entrada", input);
+        const std::string command = "cd '" + folder.string() + "' && unset ZPFORJA2010 && '" +
+                                    kProgram.string() + "' " + arguments +
+                                    " <entrada >saida 2>erros";
+        const int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text("saida"), text("erros")};
+    }
+
+    fs::path folder;
+};
+
+bool has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+}  // namespace
+
+TEST_F(Console, HelpAndVersion) {
+    const Outcome help = run("--ajuda");
+    EXPECT_EQ(help.code, 0);
+    for (const char* word :
+         {"Uso", "--roteiro", "--salvar", "--registro", "--estado", "--instalacao", "--modulo"})
+        EXPECT_TRUE(has(help.out, word)) << word;
+    const Outcome version = run("-v");
+    EXPECT_EQ(version.code, 0);
+    EXPECT_TRUE(has(version.out, "prancheta-console "));
+}
+
+TEST_F(Console, WrongUsageIsTwo) {
+    for (const char* arguments : {"--nada", "a.dxf b.dxf", "-r"}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.code, 2) << arguments;
+        EXPECT_TRUE(has(outcome.err, "--ajuda")) << outcome.err;
+        EXPECT_FALSE(has(outcome.err, "The following")) << "English: " << outcome.err;
+    }
+}
+
+TEST_F(Console, FilesThatCannotBeUsedAreThree) {
+    EXPECT_EQ(run("-r none.txt").code, 3);
+    EXPECT_EQ(run("none.dxf").code, 3);
+    EXPECT_EQ(run("-o missing/out.dxf").code, 3);
+    EXPECT_EQ(run("--estado missing/state.json").code, 3);
+    EXPECT_EQ(run("--registro missing/log.jsonl").code, 3);
+    EXPECT_EQ(run("--modulo none.arx").code, 3);
+    put("cut.dxf", "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n1.0\n 20\n");
+    const Outcome cut = run("cut.dxf -o cut.dxf");
+    EXPECT_EQ(cut.code, 3);
+    EXPECT_TRUE(has(cut.err, "cut.dxf")) << cut.err;
+    EXPECT_EQ(text("cut.dxf").substr(0, 12), "  0\nSECTION\n")
+        << "a file that could not be read is left alone";
+}
+
+TEST_F(Console, ScriptsOfAnySystem) {
+    put("s.txt", "\xEF\xBB\xBF; comment\r\n  _line  \r\n0,0\r\n3,4\r\n\r\n");
+    const Outcome outcome = run("-r s.txt --estado e.json");
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_TRUE(has(text("e.json"), "AcDbLine"));
+    const Outcome piped = run("--estado e.json", "_circle\n0,0\n5\n");
+    EXPECT_EQ(piped.code, 0) << piped.err;
+    EXPECT_TRUE(has(text("e.json"), "AcDbCircle"));
+}
+
+TEST_F(Console, TheEndOfAScriptIsEscForWhoeverStillAsks) {
+    const Outcome outcome = run("--estado e.json --registro r.jsonl", "_line\n0,0\n3,4\n");
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_TRUE(has(text("e.json"), "AcDbLine")) << "what was drawn stays";
+    EXPECT_TRUE(has(text("r.jsonl"), "\"status\":-5002"));
+}
+
+TEST_F(Console, AnUnknownCommandIsReportedWithItsLineAndTheScriptGoesOn) {
+    const Outcome outcome = run("--estado e.json", "; one\nnada\n_line\n0,0\n3,4\n\n");
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_TRUE(has(outcome.err, ":2: Comando desconhecido \"NADA\"")) << outcome.err;
+    EXPECT_TRUE(has(text("e.json"), "AcDbLine"));
+}
+
+TEST_F(Console, TheShippedInstallationServesWhenNothingElseIsNamed) {
+    const Outcome outcome = run("--registro r.jsonl", "perfilu\ncancel\n");
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_TRUE(has(text("r.jsonl"),
+                    "\"nome\":\"pu_geracao\",\"arquivo\":\"perfis.dcl\",\"resultado\":5100"));
+}
+
+TEST_F(Console, WithoutModulesTheirCommandsAreUnknown) {
+    EXPECT_EQ(run("--sem-modulos", "perfilu\n").code, 1);
+    EXPECT_EQ(run("--sem-modulos", "_line\n0,0\n1,1\n\n").code, 0);
+}
+
+TEST_F(Console, ModulesAreUnloadedAndLoadedAgain) {
+    const Outcome outcome =
+        run("--registro r.jsonl",
+            "arx\n_u\nZpPerfis18.arx\nperfilu\narx\n_l\nZpPerfis18.arx\nperfilu\ncancel\n");
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_TRUE(has(outcome.err, ":4: Comando desconhecido \"PERFILU\"")) << outcome.err;
+    EXPECT_TRUE(has(text("r.jsonl"), "\"nome\":\"pu_geracao\"")) << outcome.out;
+}
