@@ -21,6 +21,8 @@ void PieceDimensions::add(const AcGePoint3d& from, const AcGePoint3d& to, const 
     if (from == to) return;
     auto dimension = std::make_unique<AcDbAlignedDimension>(from, to, line);
     dimension->setDatabaseDefaults();
+    // Text and arrows grow with the distances, whatever the style itself says.
+    if (dimension->dimscale() != m_scale) (void)dimension->setDimscale(m_scale);
     AcDbObjectId id;
     if (append(dimension.get(), id) != RTNORM) return;
     (void)dimension.release()->close();

@@ -30,7 +30,8 @@ ZpString::ZpString(int numero) : m_texto(std::to_wstring(numero)) {}
 ZpString::ZpString(double numero) : m_texto(L"0") {
     if (!std::isfinite(numero)) return;
     char bytes[340];  // the largest double has 309 digits before the point
-    const auto fim = std::to_chars(bytes, bytes + sizeof bytes, numero, std::chars_format::fixed, 6).ptr;
+    const auto fim =
+        std::to_chars(bytes, bytes + sizeof bytes, numero, std::chars_format::fixed, 6).ptr;
     std::string texto(bytes, fim);
     texto.erase(texto.find_last_not_of('0') + 1);
     if (texto.back() == '.') texto.pop_back();

@@ -219,7 +219,7 @@ Acad::ErrorStatus ZpObject::dxfOutFields(AcDbDxfFiler* filer) const {
     assertReadEnabled();
     const Acad::ErrorStatus es = AcDbEntity::dxfOutFields(filer);
     if (es != Acad::eOk) return es;
-    filer->writeString(AcDb::kDxfSubclass, L"ZpObject");
+    filer->writeString(AcDb::kDxfSubclass, isA()->name());
     zp::EscritorDxf escritor(*filer);
     zp::gravaPeca(escritor, *m_peca);
     return filer->filerStatus();
@@ -230,7 +230,7 @@ Acad::ErrorStatus ZpObject::dxfInFields(AcDbDxfFiler* filer) {
     const Acad::ErrorStatus es = AcDbEntity::dxfInFields(filer);
     if (es != Acad::eOk) return es;
     const ACHAR* nome = isA()->name();
-    if (!filer->atSubclassData(L"ZpObject"))
+    if (!filer->atSubclassData(nome))
         return filer->setError(Acad::eBadDxfSequence, L"%ls: falta o registro da peça.", nome);
     zp::LeitorDxf leitor(*filer);
     int versao = 0;

@@ -24,8 +24,9 @@ void copia(const ACHAR* de, wchar_t (&para)[128]) {
 
 /// Fields in the order in which they are written: role, profile, dimensions, length, mass.
 bool decifra(const resbuf* lista, tagZP_GBARRA& barra) {
-    constexpr short kOrdem[] = {AcDb::kDxfRegAppName,    AcDb::kDxfXdInteger16, AcDb::kDxfXdAsciiString,
-                                AcDb::kDxfXdAsciiString, AcDb::kDxfXdReal,      AcDb::kDxfXdReal};
+    constexpr short kOrdem[] = {AcDb::kDxfRegAppName,    AcDb::kDxfXdInteger16,
+                                AcDb::kDxfXdAsciiString, AcDb::kDxfXdAsciiString,
+                                AcDb::kDxfXdReal,        AcDb::kDxfXdReal};
     const resbuf* campo[std::size(kOrdem)] = {};
     for (std::size_t i = 0; i < std::size(kOrdem); ++i, lista = lista->rbnext) {
         if (lista == nullptr || lista->restype != kOrdem[i]) return false;

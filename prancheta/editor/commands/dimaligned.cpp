@@ -137,10 +137,11 @@ CommandTask dimaligned(CommandContext context) {
             continue;
         }
         if (answer.status != RTNORM) co_return endOf(answer.status);
-        const AcDbObjectId id = addEntity(
-            context,
-            std::make_unique<AcDbAlignedDimension>(ends.first, ends.second, answer.point,
-                                                   text.c_str(), context.database().dimstyle()));
+        auto dimension = std::make_unique<AcDbAlignedDimension>(
+            ends.first, ends.second, answer.point, text.c_str(), context.database().dimstyle());
+        const double scale = context.database().dimscale();
+        if (dimension->dimscale() != scale) (void)dimension->setDimscale(scale);
+        const AcDbObjectId id = addEntity(context, std::move(dimension));
         if (id.isNull()) co_return CommandEnd::Failed;
         say(context, L"Texto da cota = " + shownText(context, ends, text));
         co_return CommandEnd::Done;

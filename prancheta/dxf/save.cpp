@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+// Saving: what the file will hold, and its sections.
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/dxf/kept_handles.h"
+#include "prancheta/dxf/saver.h"
+#include "prancheta/entities/register.h"
+
+namespace prancheta::dxf {
+namespace {
+
+// Entities of the block of a dimension, and three for the block itself: an upper bound, because the
+// pictures are recorded when the seed is written already.
+constexpr Adesk::UInt64 kHandlesOfDimension = 24;
+
+AcDbSymbolTable& tableAt(AcDbObjectId id) {
+    return static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
+}
+
+std::string versionOf(const std::string& opened, Version wanted) {
+    if (wanted == Version::R2000) return "AC1015";
+    if (wanted == Version::R2018) return "AC1032";
+    return opened < "AC1015" || opened > "AC1032" ? "AC1015" : opened;
+}
+
+/// Handle that BLOCK or ENDBLK of a kept block had in the opened file.
+Adesk::UInt64 partHandle(const AcDbBlockTableRecord& record, std::string_view part) {
+    const ObjectExtra* const extra = ObjectAccess::extra(record);
+    if (extra == nullptr) return 0;
+    for (std::size_t i = 0; i + 1 < extra->foreign.size(); ++i) {
+        std::uint64_t handle = 0;
+        if (extra->foreign[i].code != 0 || extra->foreign[i].value != part) continue;
+        for (++i; i < extra->foreign.size() && extra->foreign[i].code != 0; ++i)
+            if (extra->foreign[i].code == 5 && parseHandle(extra->foreign[i].value, handle))
+                return handle;
+    }
+    return 0;
+}
+
+}  // namespace
+
+Saver::Saver(AcDbDatabase& database, TagWriter& out, std::string version)
+    : m_database(database),
+      m_core(database.core()),
+      m_out(out),
+      m_version(version),
+      m_handles(database.core()),
+      m_entities(out, m_names, m_handles, std::move(version)),
+      m_pictures(out, m_names, database) {
+    m_filer.handleOf = [this](AcDbObjectId id) { return m_handles.of(id); };
+}
+
+void Saver::section(const char* name) {
+    m_out.text(0, "SECTION");
+    m_out.text(2, name);
+}
+
+/// What a file keeps when it is loaded gets its handles first: the rest may change without moving them.
+void Saver::plan() {
+    planPictures();
+    planStandard();
+    planApplications();
+    planBlocks();
+    nameBlocks();
+    m_seed = std::max(m_core.nextHandle(), m_handles.peek() + 1);
+}
+
+void Saver::planBlocks() {
+    for (const AcDbObjectId id : ObjectAccess::records(tableAt(m_database.blockTableId()))) {
+        if (id.isErased()) continue;
+        const auto& record =
+            static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(id)->object);
+        Block block{&record, partHandle(record, "BLOCK"), partHandle(record, "ENDBLK")};
+        if (block.begin == 0) block.begin = m_handles.next();
+        if (block.end == 0) block.end = m_handles.next();
+        m_blocks.push_back(block);
+    }
+}
+
+/// Blocks first, then model and paper space: the order in which entities are written.
+void Saver::planPictures() {
+    std::vector<AcDbObjectId> order;
+    for (const AcDbObjectId id : ObjectAccess::records(tableAt(m_database.blockTableId())))
+        if (!id.isErased() && id != m_core.modelSpaceId() && id != m_core.paperSpaceId())
+            order.push_back(id);
+    order.push_back(m_core.modelSpaceId());
+    order.push_back(m_core.paperSpaceId());
+    for (const AcDbObjectId blockId : order) {
+        const auto& record =
+            static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(blockId)->object);
+        const bool inModel = blockId == m_core.modelSpaceId();
+        for (const AcDbObjectId id : ObjectAccess::entities(record)) {
+            if (id.isErased()) continue;
+            auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
+            if (isPiece(entity)) {
+                m_pieces.add(entity);
+                continue;
+            }
+            if (entity.isA() == AcDbAlignedDimension::desc()) {
+                const auto& dimension = static_cast<const AcDbAlignedDimension&>(entity);
+                m_dimensions.push_back(&dimension);
+                if (!inModel) continue;
+                for (const AcGePoint3d& p : {dimension.xLine1Point(), dimension.xLine2Point(),
+                                             dimension.dimLinePoint()})
+                    m_extents.addPoint(p);
+                continue;
+            }
+            AcDbExtents extents;
+            if (inModel && entity.getGeomExtents(extents) == Acad::eOk) m_extents.addExt(extents);
+        }
+    }
+    if (!m_pieces.extents().isEmpty()) m_extents.addExt(m_pieces.extents());
+}
+
+Adesk::UInt64 Saver::rootHandle(const wchar_t* key) const {
+    const AcDbStub* const root = m_database.namedObjectsDictionaryId();
+    for (const auto& [name, id] : ObjectAccess::entries(static_cast<AcDbDictionary&>(*root->object)))
+        if (equalNoCase(name, key))
+            if (const Adesk::UInt64 handle = m_handles.of(id); handle != 0) return handle;
+    return 0;
+}
+
+bool Saver::rootHas(const wchar_t* key) const { return rootHandle(key) != 0; }
+
+void Saver::planStandard() {
+    const auto& tables = m_core.foreign().tables;
+    const auto missing = [&](const char* name) {
+        return std::none_of(tables.begin(), tables.end(),
+                            [name](const auto& table) { return table.first == name; });
+    };
+    if (missing("VPORT")) {
+        m_standard.vports = m_handles.next();
+        m_standard.vport = m_handles.next();
+    }
+    if (missing("VIEW")) m_standard.views = m_handles.next();
+    if (missing("UCS")) m_standard.ucss = m_handles.next();
+    const auto& layers = tableAt(m_database.layerTableId());
+    if (!m_dimensions.empty() && ObjectAccess::lookup(layers, L"Defpoints").isNull())
+        m_standard.defpoints = m_handles.next();
+    if (!rootHas(L"ACAD_GROUP")) m_standard.groups = m_handles.next();
+    if (!rootHas(L"ACAD_LAYOUT")) {
+        m_standard.layouts = m_handles.next();
+        m_standard.modelLayout = m_handles.next();
+        m_standard.paperLayout = m_handles.next();
+    }
+    if (!rootHas(L"ACAD_MLINESTYLE")) {
+        m_standard.lineStyles = m_handles.next();
+        m_standard.lineStyle = m_handles.next();
+    }
+    if (!rootHas(L"ACAD_PLOTSTYLENAME")) {
+        m_standard.plotStyles = m_handles.next();
+        m_standard.plotStyle = m_handles.next();
+        return;
+    }
+    const Adesk::UInt64 known = rootHandle(L"ACAD_PLOTSTYLENAME");
+    for (const RawTags& object : m_core.foreign().objects) {
+        if (ownHandle(object) != known) continue;
+        for (const RawTag& tag : object)
+            if (tag.code == 340) (void)parseHandle(tag.value, m_standard.plotStyle);
+    }
+}
+
+/// Applications that extended data names without a record: the original refuses such a file.
+void Saver::planApplications() {
+    std::set<std::wstring> known;
+    const auto& table = tableAt(m_database.regAppTableId());
+    const auto need = [&](const std::wstring& name) {
+        if (!known.insert(foldCase(name)).second) return;
+        if (ObjectAccess::lookup(table, name).isNull())
+            m_applications.emplace_back(name, m_handles.next());
+    };
+    need(L"ACAD");
+    if (!m_pieces.uses().empty()) need(toWide(kPieceApplication));
+    const StubPool& stubs = ObjectAccess::stubs(m_core);
+    for (std::size_t i = 0; i < stubs.size(); ++i) {
+        if (stubs[i].object == nullptr || stubs[i].erased) continue;
+        const ObjectExtra* const extra = ObjectAccess::extra(*stubs[i].object);
+        if (extra == nullptr) continue;
+        for (const RawTag& tag : extra->xdata)
+            if (tag.code == 1001) need(toWide(tag.value));
+    }
+}
+
+/// *U1, *U2 ... and *D1 ... beside those that the drawing keeps.
+void Saver::nameBlocks() {
+    const auto& table = tableAt(m_database.blockTableId());
+    const auto give = [&](const wchar_t* prefix, std::vector<PictureBlock>& blocks) {
+        std::size_t number = 0;
+        for (PictureBlock& block : blocks) {
+            std::wstring name;
+            do {
+                name = prefix + std::to_wstring(++number);
+            } while (!ObjectAccess::lookup(table, name).isNull());
+            block.name = toUtf8(name);
+            block.record = m_handles.next();
+        }
+    };
+    give(L"*U", m_pieces.blocks());
+    m_dimensionBlocks.resize(m_dimensions.size());
+    give(L"*D", m_dimensionBlocks);
+}
+
+Result<void> Saver::run() {
+    plan();
+    std::size_t pieceEntities = 0;
+    for (const Picture& picture : m_pieces.pictures())
+        pieceEntities += PictureWriter::count(picture) + 2;
+    m_seed = std::max(m_core.nextHandle(), m_handles.peek() + pieceEntities +
+                                               kHandlesOfDimension * m_dimensions.size() +
+                                               2 * m_pieces.uses().size() + 1);
+    writeHeader();
+    writeClasses();
+    writeTables();
+    writeBlocks();
+    section("ENTITIES");
+    for (const bool paper : {false, true})
+        for (const Block& block : m_blocks)
+            if (block.record->objectId() == (paper ? m_core.paperSpaceId() : m_core.modelSpaceId()))
+                writeEntities(*block.record, paper);
+    m_out.text(0, "ENDSEC");
+    writeObjects();
+    for (const RawTags& kept : m_core.foreign().sections) {
+        m_out.text(0, "SECTION");
+        m_out.raw(kept);
+        m_out.text(0, "ENDSEC");
+    }
+    m_out.text(0, "EOF");
+    m_out.flush();
+    if (m_error) return *m_error;
+    if (m_handles.peek() > m_seed)
+        return Error{"erro interno: identificadores além do previsto; nada foi gravado", "", 0, 0};
+    return {};
+}
+
+Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
+                  const SaveOptions& options) {
+    registerEntityClasses();
+    AtomicFile file(path);
+    if (auto opened = file.open(); !opened) return opened.error();
+    const std::string version =
+        versionOf(database.core().foreign().acadVersion, options.version);
+    TagWriter out(file, options.form, charsetOf(version));
+    Saver saver(database, out, version);
+    if (auto written = saver.run(); !written) {
+        Error error = written.error();
+        error.file = path.string();
+        return error;
+    }
+    return file.commit();
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+// Section BLOCKS, and the entities of blocks and spaces.
+#include <algorithm>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/entity_picture.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/database/xdata.h"
+#include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/saver.h"
+
+namespace prancheta::dxf {
+namespace {
+
+// Extended data of one entity may have 16383 bytes in all.
+constexpr std::size_t kMaxPieceBytes = 16000;
+
+bool isHeadGroup(int code) {
+    constexpr int kHead[] = {5, 6, 8, 48, 60, 62, 67, 102, 370};
+    return std::find(std::begin(kHead), std::end(kHead), code) != std::end(kHead);
+}
+
+constexpr int kAnonymous = 1;
+
+}  // namespace
+
+void Saver::writeBlocks() {
+    section("BLOCKS");
+    for (const Block& block : m_blocks) writeBlock(block);
+    for (std::size_t i = 0; i < m_pieces.blocks().size(); ++i) {
+        const PictureBlock& block = m_pieces.blocks()[i];
+        beginPictureBlock(block);
+        m_pictures.write(m_pieces.pictures()[i], block.record, m_handles);
+        endPictureBlock(block);
+    }
+    for (std::size_t i = 0; i < m_dimensions.size(); ++i)
+        writeDimensionBlock(*m_dimensions[i], m_dimensionBlocks[i]);
+    m_out.text(0, "ENDSEC");
+}
+
+void Saver::writeBlock(const Block& block) {
+    const AcDbObjectId id = block.record->objectId();
+    writeBlockPart("BLOCK", block, block.begin);
+    if (id != m_core.modelSpaceId() && id != m_core.paperSpaceId())
+        writeEntities(*block.record, false);
+    writeBlockPart("ENDBLK", block, block.end);
+}
+
+/// BLOCK or ENDBLK with what the opened file said of it.
+void Saver::writeBlockPart(const char* part, const Block& block, Adesk::UInt64 handle) {
+    const std::string_view which = part;
+    const Adesk::UInt64 owner = block.record->objectId().handle().value();
+    const ObjectExtra* const extra = ObjectAccess::extra(*block.record);
+    RawTags kept;
+    if (extra != nullptr) {
+        const RawTags& all = extra->foreign;
+        auto at = std::find_if(all.begin(), all.end(), [&](const RawTag& tag) {
+            return tag.code == 0 && tag.value == which;
+        });
+        for (at += at != all.end() ? 1 : 0; at != all.end() && at->code != 0; ++at)
+            if (at->code != 5) kept.push_back(*at);
+    }
+    const auto has = [&](int code) {
+        return std::any_of(kept.begin(), kept.end(),
+                           [code](const RawTag& tag) { return tag.code == code; });
+    };
+    const bool paper = block.record->objectId() == m_core.paperSpaceId();
+    m_out.text(0, part);
+    m_out.handle(5, handle);
+    m_out.handle(330, owner);
+    m_out.marker("AcDbEntity");
+    if (paper && !has(67)) m_out.integer(67, 1);
+    for (const RawTag& tag : kept)
+        if (isHeadGroup(tag.code)) m_out.raw(tag.code, tag.value);
+    if (!has(8)) m_out.text(8, "0");
+    if (which == "ENDBLK") {
+        m_out.marker("AcDbBlockEnd");
+    } else {
+        const std::string name = encodeText(ObjectAccess::name(*block.record));
+        m_out.marker("AcDbBlockBegin");
+        m_out.text(2, name);
+        if (!has(70)) m_out.integer(70, block.record->isAnonymous() ? kAnonymous : 0);
+        for (const RawTag& tag : kept)
+            if (tag.code == 70) m_out.raw(tag.code, tag.value);
+        m_out.point(10, block.record->origin());
+        m_out.text(3, name);
+        if (!has(1)) m_out.text(1, "");
+    }
+    for (const RawTag& tag : kept)
+        if (!isHeadGroup(tag.code) && tag.code != 70) m_out.raw(tag.code, tag.value);
+}
+
+void Saver::beginPictureBlock(const PictureBlock& block) {
+    m_out.text(0, "BLOCK");
+    m_out.handle(5, m_handles.next());
+    m_out.handle(330, block.record);
+    m_out.marker("AcDbEntity");
+    m_out.text(8, "0");
+    m_out.marker("AcDbBlockBegin");
+    m_out.text(2, block.name);
+    m_out.integer(70, kAnonymous);
+    m_out.point(10, AcGePoint3d::kOrigin);
+    m_out.text(3, block.name);
+    m_out.text(1, "");
+}
+
+void Saver::endPictureBlock(const PictureBlock& block) {
+    m_out.text(0, "ENDBLK");
+    m_out.handle(5, m_handles.next());
+    m_out.handle(330, block.record);
+    m_out.marker("AcDbEntity");
+    m_out.text(8, "0");
+    m_out.marker("AcDbBlockEnd");
+}
+
+void Saver::writeDimensionBlock(const AcDbAlignedDimension& dimension, const PictureBlock& block) {
+    const std::unique_ptr<AcDbAlignedDimension> filed = asFiled(dimension);
+    Picture picture;
+    recordPicture(*filed, picture);
+    makeByBlock(picture, dimension);
+    beginPictureBlock(block);
+    m_pictures.write(picture, block.record, m_handles);
+    for (const AcGePoint3d& p :
+         {filed->xLine1Point(), filed->xLine2Point(), filed->dimLinePoint()})
+        m_pictures.writePoint(p, "Defpoints", block.record, m_handles.next());
+    endPictureBlock(block);
+}
+
+void Saver::writeEntities(const AcDbBlockTableRecord& record, bool paper) {
+    const Place place{record.objectId().handle().value(), paper};
+    for (const AcDbObjectId id : ObjectAccess::entities(record)) {
+        if (id.isErased()) continue;
+        auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
+        if (isPiece(entity)) {
+            writePiece(entity, place);
+        } else if (entity.isA() == AcDbAlignedDimension::desc()) {
+            const auto& dimension = static_cast<const AcDbAlignedDimension&>(entity);
+            const std::unique_ptr<AcDbAlignedDimension> filed = asFiled(dimension);
+            m_entities.writeDimension(dimension, *filed, m_dimensionBlocks[m_nextDimension++].name,
+                                      place);
+        } else {
+            m_entities.write(entity, place);
+        }
+    }
+}
+
+void Saver::writePiece(AcDbEntity& piece, const Place& place) {
+    const PiecePlan::Use& use = m_pieces.uses()[m_nextPiece++];
+    const PieceFrame& frame = use.frame;
+    m_filer.begin(piece.isA()->name());
+    if (piece.dxfOutFields(&m_filer) != Acad::eOk || m_filer.filerStatus() != Acad::eOk) {
+        m_error = Error{"a peça " + toUtf8(piece.isA()->name()) + " não pôde ser gravada", "", 0, 0};
+        return;
+    }
+    const ObjectExtra* const extra = ObjectAccess::extra(piece);
+    const std::size_t others = extra != nullptr ? xdataSize(extra->xdata) : 0;
+    const bool apart = m_filer.xdataBytes() + others > kMaxPieceBytes;
+    Adesk::UInt64 dictionary = 0;
+    if (apart) {
+        const Adesk::UInt64 own = extra != nullptr ? m_handles.of(extra->extensionDictionary) : 0;
+        dictionary = own != 0 ? own : m_handles.next();
+        m_longPieces.push_back({&piece, dictionary, m_handles.next()});
+    }
+    m_entities.head("INSERT", piece, place, dictionary);
+    m_out.marker("AcDbBlockReference");
+    m_out.text(2, m_pieces.blocks()[use.block].name);
+    m_out.point(10, frame.origin);
+    if (frame.scale != 1.0) {
+        const double size = std::abs(frame.scale);
+        m_out.real(41, frame.scale);
+        m_out.real(42, size);
+        m_out.real(43, size);
+    }
+    if (frame.degrees != 0.0) m_out.real(50, frame.degrees);
+    m_filer.writeXdata(m_out, frame, apart);
+    m_entities.xdata(piece);
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: MIT
+// Section OBJECTS.
+#include <algorithm>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/database/value_list.h"
+#include "prancheta/dxf/saver.h"
+
+namespace prancheta::dxf {
+namespace {
+
+struct Group {
+    int code;
+    double value;
+};
+
+// Plot settings of a layout that was never set up: A4, millimetres, to fit.
+constexpr Group kPlotSettings[] = {
+    {40, 7.5},  {41, 20.0},  {42, 7.5},  {43, 20.0},  {44, 210.0}, {45, 297.0}, {46, 0.0},
+    {47, 0.0},  {48, 0.0},   {49, 0.0},  {140, 0.0},  {141, 0.0},  {142, 1.0},  {143, 1.0}};
+constexpr Group kPlotFlags[] = {{72, 1}, {73, 0}, {74, 5}};
+constexpr Group kPlotEnd[] = {{75, 16}, {147, 1.0}, {148, 0.0}, {149, 0.0}};
+
+void writeGroups(TagWriter& out, std::span<const Group> groups) {
+    for (const Group& group : groups) {
+        if (kindOf(group.code) == ValueKind::Real)
+            out.real(group.code, group.value);
+        else
+            out.integer(group.code, static_cast<long long>(group.value));
+    }
+}
+
+void beginMade(TagWriter& out, const char* type, Adesk::UInt64 handle, Adesk::UInt64 owner,
+               const char* marker) {
+    out.text(0, type);
+    out.handle(5, handle);
+    out.handle(330, owner);
+    if (marker != nullptr) out.marker(marker);
+}
+
+void writeEntry(TagWriter& out, std::string_view key, int code, Adesk::UInt64 handle) {
+    out.text(3, key);
+    out.handle(code, handle);
+}
+
+bool isHardOwner(const RawTags& kept, bool otherwise) {
+    for (const RawTag& tag : kept) {
+        long long value = 0;
+        if (tag.code == 280 && parseInteger(tag.value, value)) return value != 0;
+    }
+    return otherwise;
+}
+
+}  // namespace
+
+void Saver::writeObjects() {
+    section("OBJECTS");
+    const AcDbStub* const root = m_database.namedObjectsDictionaryId();
+    writeDictionary(static_cast<const AcDbDictionary&>(*root->object));
+    writeStandardObjects();
+    for (const RawTags& object : m_core.foreign().objects) m_out.raw(object);
+    std::vector<const AcDbStub*> own;
+    const StubPool& stubs = ObjectAccess::stubs(m_core);
+    for (std::size_t i = 0; i < stubs.size(); ++i) {
+        const AcDbStub& stub = stubs[i];
+        if (stub.object == nullptr || stub.erased || &stub == root) continue;
+        const AcRxClass* const which = stub.object->isA();
+        if (which == AcDbDictionary::desc() || which == AcDbXrecord::desc()) own.push_back(&stub);
+    }
+    std::sort(own.begin(), own.end(), [](const AcDbStub* a, const AcDbStub* b) {
+        return a->handle < b->handle;
+    });
+    for (const AcDbStub* stub : own) {
+        // What belongs to something erased goes with it.
+        if (m_handles.of(stub->object->ownerId()) == 0) continue;
+        if (const auto* dictionary = AcDbDictionary::cast(stub->object))
+            writeDictionary(*dictionary);
+        else
+            writeXrecord(static_cast<const AcDbXrecord&>(*stub->object));
+    }
+    writePieceDictionaries();
+    m_out.text(0, "ENDSEC");
+}
+
+void Saver::beginObject(const char* type, const AcDbObject& object) {
+    m_out.text(0, type);
+    m_out.handle(5, object.objectId().handle().value());
+    m_entities.links(ObjectAccess::extra(object));
+    m_out.handle(330, m_handles.of(object.ownerId()));
+}
+
+void Saver::writeDictionary(const AcDbDictionary& dictionary) {
+    static const RawTags kNone;
+    const ObjectExtra* const extra = ObjectAccess::extra(dictionary);
+    const RawTags& kept = extra != nullptr ? extra->foreign : kNone;
+    const AcDbStub* const owner = dictionary.ownerId();
+    const bool isRoot = dictionary.objectId() == m_database.namedObjectsDictionaryId();
+    const bool isExtension =
+        !isRoot && owner != nullptr && owner->object != nullptr &&
+        owner->object->isA() != AcDbDictionary::desc();
+    const bool hard = isHardOwner(kept, isExtension);
+    const int code = hard ? 360 : 350;
+    const auto keeps = [&](int group) {
+        return std::any_of(kept.begin(), kept.end(),
+                           [group](const RawTag& tag) { return tag.code == group; });
+    };
+    beginObject("DICTIONARY", dictionary);
+    m_out.marker("AcDbDictionary");
+    if (hard && !keeps(280)) m_out.integer(280, 1);
+    if (!keeps(281)) m_out.integer(281, 1);
+    for (const RawTag& tag : kept)
+        if (tag.code != 100) m_out.raw(tag.code, tag.value);
+    for (const auto& [key, id] : ObjectAccess::entries(dictionary))
+        if (const Adesk::UInt64 handle = m_handles.of(id); handle != 0)
+            writeEntry(m_out, encodeText(key), code, handle);
+    for (const LongPiece& piece : m_longPieces)
+        if (piece.dictionary == dictionary.objectId().handle().value())
+            writeEntry(m_out, kPieceApplication, code, piece.record);
+    if (isRoot) {
+        const std::pair<const char*, Adesk::UInt64> made[] = {
+            {"ACAD_GROUP", m_standard.groups},
+            {"ACAD_LAYOUT", m_standard.layouts},
+            {"ACAD_MLINESTYLE", m_standard.lineStyles},
+            {"ACAD_PLOTSTYLENAME", m_standard.plotStyles}};
+        for (const auto& [key, handle] : made)
+            if (handle != 0) writeEntry(m_out, key, code, handle);
+    }
+    if (extra != nullptr) m_out.raw(extra->xdata);
+}
+
+void Saver::writeXrecord(const AcDbXrecord& record) {
+    const ObjectExtra* const extra = ObjectAccess::extra(record);
+    beginObject("XRECORD", record);
+    m_out.marker("AcDbXrecord");
+    bool hasFlag = false;
+    if (extra != nullptr) {
+        for (const RawTag& tag : extra->foreign) {
+            hasFlag = hasFlag || tag.code == 280;
+            if (tag.code != 100) m_out.raw(tag.code, tag.value);
+        }
+    }
+    if (!hasFlag) m_out.integer(280, 1);
+    writeList(ObjectAccess::list(record));
+    if (extra != nullptr) m_out.raw(extra->xdata);
+}
+
+void Saver::writeList(const resbuf* list) {
+    using Kind = ::prancheta::ValueKind;
+    for (; list != nullptr; list = list->rbnext) {
+        const int code = list->restype;
+        AcDbObjectId id;
+        switch (kindOfValue(code)) {
+            case Kind::Text:
+                m_out.meaning(code, list->resval.rstring != nullptr ? list->resval.rstring : L"");
+                break;
+            case Kind::Real:
+                m_out.real(code, list->resval.rreal);
+                break;
+            case Kind::Point:
+                m_out.point(code, {list->resval.rpoint[0], list->resval.rpoint[1],
+                                   list->resval.rpoint[2]});
+                break;
+            case Kind::Int16:
+                m_out.integer(code, list->resval.rint);
+                break;
+            case Kind::Int32:
+                m_out.integer(code, list->resval.rlong);
+                break;
+            case Kind::Name:
+                (void)acdbGetObjectId(id, list->resval.rlname);  // null for what is gone
+                m_out.handle(code, m_handles.of(id));
+                break;
+            case Kind::Binary: {
+                std::string hex;
+                constexpr char kDigits[] = "0123456789ABCDEF";
+                for (short i = 0; i < list->resval.rbinary.clen; ++i) {
+                    const auto byte = static_cast<unsigned char>(list->resval.rbinary.buf[i]);
+                    hex.push_back(kDigits[byte >> 4]);
+                    hex.push_back(kDigits[byte & 0xF]);
+                }
+                m_out.raw(code, hex);
+                break;
+            }
+            default:
+                break;
+        }
+    }
+}
+
+void Saver::writeStandardObjects() {
+    const Adesk::UInt64 root = m_database.namedObjectsDictionaryId().handle().value();
+    const StandardHandles& s = m_standard;
+    const auto dictionary = [&](Adesk::UInt64 handle) {
+        beginMade(m_out, "DICTIONARY", handle, root, "AcDbDictionary");
+        m_out.integer(281, 1);
+    };
+    if (s.groups != 0) dictionary(s.groups);
+    if (s.layouts != 0) {
+        dictionary(s.layouts);
+        writeEntry(m_out, "Model", 350, s.modelLayout);
+        writeEntry(m_out, "Layout1", 350, s.paperLayout);
+        writeLayout("Model", s.modelLayout, false);
+        writeLayout("Layout1", s.paperLayout, true);
+    }
+    if (s.lineStyles != 0) {
+        dictionary(s.lineStyles);
+        writeEntry(m_out, "Standard", 350, s.lineStyle);
+        beginMade(m_out, "MLINESTYLE", s.lineStyle, s.lineStyles, "AcDbMlineStyle");
+        m_out.text(2, "STANDARD");
+        m_out.integer(70, 0);
+        m_out.text(3, "");
+        m_out.integer(62, 256);
+        m_out.real(51, 90.0);
+        m_out.real(52, 90.0);
+        m_out.integer(71, 2);
+        for (const double offset : {0.5, -0.5}) {
+            m_out.real(49, offset);
+            m_out.integer(62, 256);
+            m_out.text(6, "BYLAYER");
+        }
+    }
+    if (s.plotStyles != 0) {
+        beginMade(m_out, "ACDBDICTIONARYWDFLT", s.plotStyles, root, "AcDbDictionary");
+        m_out.integer(281, 1);
+        writeEntry(m_out, "Normal", 350, s.plotStyle);
+        m_out.marker("AcDbDictionaryWithDefault");
+        m_out.handle(340, s.plotStyle);
+        beginMade(m_out, "ACDBPLACEHOLDER", s.plotStyle, s.plotStyles, nullptr);
+    }
+}
+
+void Saver::writeLayout(const char* name, Adesk::UInt64 handle, bool paper) {
+    constexpr int kModel = 1024;
+    constexpr int kPaperFlags = 688;
+    beginMade(m_out, "LAYOUT", handle, m_standard.layouts, "AcDbPlotSettings");
+    m_out.text(1, "");
+    m_out.text(2, "none_device");
+    m_out.text(4, "ISO_A4_(210.00_x_297.00_MM)");
+    m_out.text(6, "");
+    writeGroups(m_out, kPlotSettings);
+    m_out.integer(70, paper ? kPaperFlags : kPaperFlags | kModel);
+    writeGroups(m_out, kPlotFlags);
+    m_out.text(7, "");
+    writeGroups(m_out, kPlotEnd);
+    m_out.marker("AcDbLayout");
+    m_out.text(1, name);
+    m_out.integer(70, 1);
+    m_out.integer(71, paper ? 1 : 0);
+    m_out.point2d(10, 0.0, 0.0);
+    m_out.point2d(11, paper ? 297.0 : 420.0, paper ? 210.0 : 297.0);
+    m_out.point(12, AcGePoint3d::kOrigin);
+    m_out.point(14, {1e20, 1e20, 1e20});
+    m_out.point(15, {-1e20, -1e20, -1e20});
+    m_out.real(146, 0.0);
+    m_out.point(13, AcGePoint3d::kOrigin);
+    m_out.point(16, {1.0, 0.0, 0.0});
+    m_out.point(17, {0.0, 1.0, 0.0});
+    m_out.integer(76, 0);
+    m_out.handle(330, (paper ? m_core.paperSpaceId() : m_core.modelSpaceId()).handle().value());
+}
+
+/// Fields that are too long for extended data, each in an XRECORD of the piece's extension dictionary.
+void Saver::writePieceDictionaries() {
+    for (const LongPiece& lp : m_longPieces) {
+        const ObjectExtra* const extra = ObjectAccess::extra(*lp.piece);
+        const bool own = extra != nullptr && m_handles.of(extra->extensionDictionary) != 0;
+        if (!own) {
+            beginMade(m_out, "DICTIONARY", lp.dictionary, lp.piece->objectId().handle().value(),
+                      "AcDbDictionary");
+            m_out.integer(280, 1);
+            m_out.integer(281, 1);
+            writeEntry(m_out, kPieceApplication, 360, lp.record);
+        }
+        m_filer.begin(lp.piece->isA()->name());
+        (void)lp.piece->dxfOutFields(&m_filer);  // it went well when the piece was written
+        beginMade(m_out, "XRECORD", lp.record, lp.dictionary, "AcDbXrecord");
+        m_out.integer(280, 1);
+        m_filer.writeXrecord(m_out);
+    }
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+// Section TABLES.
+#include <algorithm>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/dxf/saver.h"
+
+namespace prancheta::dxf {
+namespace {
+
+/// Order of the tables; what the host does not keep as objects stands among those that it does.
+constexpr const char* kOrder[] = {"VPORT", "LTYPE", "LAYER",    "STYLE",       "VIEW",
+                                  "UCS",   "APPID", "DIMSTYLE", "BLOCK_RECORD"};
+
+const AcDbSymbolTable& tableAt(AcDbObjectId id) {
+    return static_cast<const AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
+}
+
+bool isBlockGroupSince2007(int code) { return code == 70 || code == 280 || code == 281; }
+
+}  // namespace
+
+void Saver::beginTable(const char* name, Adesk::UInt64 handle, std::size_t count) {
+    m_out.text(0, "TABLE");
+    m_out.text(2, name);
+    m_out.handle(5, handle);
+    m_out.handle(330, 0);
+    m_out.marker("AcDbSymbolTable");
+    m_out.integer(70, static_cast<long long>(std::min<std::size_t>(count, 32767)));
+}
+
+void Saver::beginRecord(const char* type, int handleCode, Adesk::UInt64 handle,
+                        Adesk::UInt64 owner) {
+    m_out.text(0, type);
+    m_out.handle(handleCode, handle);
+    m_out.handle(330, owner);
+    m_out.marker("AcDbSymbolTableRecord");
+}
+
+void Saver::writeTables() {
+    section("TABLES");
+    for (const char* name : kOrder) {
+        if (const RecordType* const type = recordTypeNamed(name)) {
+            writeTable(*type);
+        } else if (!writeKeptTables(name)) {
+            const std::string_view which = name;
+            const Adesk::UInt64 handle = which == "VPORT"  ? m_standard.vports
+                                         : which == "VIEW" ? m_standard.views
+                                                           : m_standard.ucss;
+            beginTable(name, handle, which == "VPORT" ? 1 : 0);
+            if (which == "VPORT") writeDefaultVport();
+            m_out.text(0, "ENDTAB");
+        }
+    }
+    for (const auto& [name, tags] : m_core.foreign().tables) {
+        const bool inOrder = std::any_of(std::begin(kOrder), std::end(kOrder),
+                                         [&name = name](const char* n) { return name == n; });
+        if (!inOrder) m_out.raw(tags);
+    }
+    m_out.text(0, "ENDSEC");
+}
+
+bool Saver::writeKeptTables(const char* name) {
+    for (const auto& [kept, tags] : m_core.foreign().tables) {
+        if (kept != name) continue;
+        m_out.raw(tags);
+        return true;
+    }
+    return false;
+}
+
+void Saver::writeDefaultVport() {
+    const bool empty = m_extents.isEmpty();
+    const AcGePoint3d low = empty ? AcGePoint3d(0, 0, 0) : m_extents.minPoint();
+    const AcGePoint3d high = empty ? AcGePoint3d(420, 297, 0) : m_extents.maxPoint();
+    const double width = std::max(high.x - low.x, 1.0);
+    const double height = std::max({high.y - low.y, width / 1.6, 1.0}) * 1.05;
+    beginRecord("VPORT", 5, m_standard.vport, m_standard.vports);
+    m_out.marker("AcDbViewportTableRecord");
+    m_out.text(2, "*Active");
+    m_out.integer(70, 0);
+    m_out.point2d(10, 0.0, 0.0);
+    m_out.point2d(11, 1.0, 1.0);
+    m_out.point2d(12, (low.x + high.x) / 2.0, (low.y + high.y) / 2.0);
+    m_out.point2d(13, 0.0, 0.0);
+    m_out.point2d(14, 10.0, 10.0);
+    m_out.point2d(15, 10.0, 10.0);
+    m_out.point(16, {0.0, 0.0, 1.0});
+    m_out.point(17, {0.0, 0.0, 0.0});
+    m_out.real(40, height);
+    m_out.real(41, 1.6);
+    m_out.real(42, 50.0);
+    m_out.real(43, 0.0);
+    m_out.real(44, 0.0);
+    m_out.real(50, 0.0);
+    m_out.real(51, 0.0);
+    constexpr std::pair<int, int> kFlags[] = {{71, 0}, {72, 1000}, {73, 1}, {74, 3},
+                                              {75, 0}, {76, 0},    {77, 0}, {78, 0}};
+    for (const auto& [code, value] : kFlags) m_out.integer(code, value);
+}
+
+void Saver::writeTable(const RecordType& type) {
+    const AcDbSymbolTable& table = tableAt((m_database.*type.table)());
+    const std::string_view name = type.name;
+    std::vector<const AcDbSymbolTableRecord*> records;
+    for (const AcDbObjectId id : ObjectAccess::records(table))
+        if (!id.isErased())
+            records.push_back(
+                static_cast<const AcDbSymbolTableRecord*>(static_cast<AcDbStub*>(id)->object));
+    const bool addsDefpoints = name == "LAYER" && m_standard.defpoints != 0;
+    std::size_t count = records.size() + (addsDefpoints ? 1 : 0);
+    if (name == "APPID") count += m_applications.size();
+    if (name == "BLOCK_RECORD") count += m_pieces.blocks().size() + m_dimensionBlocks.size();
+    beginTable(type.name, table.objectId().handle().value(), count);
+    if (type.handleCode != 5) {
+        m_out.marker("AcDbDimStyleTable");
+        m_out.integer(71, static_cast<long long>(count));
+    }
+    for (const AcDbSymbolTableRecord* record : records) writeRecord(type, *record);
+    if (addsDefpoints) writeMadeRecord(type, m_standard.defpoints, L"Defpoints");
+    if (name == "APPID")
+        for (const auto& [application, handle] : m_applications)
+            writeMadeRecord(type, handle, application);
+    if (name == "BLOCK_RECORD") {
+        for (const PictureBlock& block : m_pieces.blocks()) writeBlockRecord(block);
+        for (const PictureBlock& block : m_dimensionBlocks) writeBlockRecord(block);
+    }
+    m_out.text(0, "ENDTAB");
+}
+
+void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& record) {
+    static const RawTags kNone;
+    const ObjectExtra* const extra = ObjectAccess::extra(record);
+    const RawTags& foreign = extra != nullptr ? extra->foreign : kNone;
+    const bool isBlock = record.isA() == AcDbBlockTableRecord::desc();
+    m_out.text(0, type.name);
+    m_out.handle(type.handleCode, record.objectId().handle().value());
+    (void)m_entities.applicationGroups(foreign);
+    m_entities.links(extra);
+    m_out.handle(330, record.ownerId().handle().value());
+    m_out.marker("AcDbSymbolTableRecord");
+    if (!foreign.empty() && foreign.front().code == kWholeRecord) {
+        m_out.raw(foreign);
+    } else {
+        m_values.reset(type.fields);
+        m_values.texts[0] = ObjectAccess::name(record);
+        m_values.integers[0] = 0;
+        for (const RawTag& tag : foreign)
+            if (tag.code == kOtherFlags) (void)parseInteger(tag.value, m_values.integers[0]);
+        type.take(record, m_values);
+        long long& handle = m_values.integers[kDefaultHandleSlot];
+        handle = isBlock ? 0 : m_standard.plotStyle == 0 ? -1
+                                                         : static_cast<long long>(m_standard.plotStyle);
+        if (record.objectId() == m_core.modelSpaceId())
+            handle = static_cast<long long>(m_standard.modelLayout);
+        if (record.objectId() == m_core.paperSpaceId())
+            handle = static_cast<long long>(m_standard.paperLayout);
+        RawTags kept;
+        for (const RawTag& tag : foreign)
+            if (!m_entities.isUnknownGroup(tag.code) &&
+                !(isBlock && m_version < "AC1021" && isBlockGroupSince2007(tag.code)))
+                kept.push_back(tag);
+        // What stands behind a group 0 belongs to the block, not to its record.
+        const auto part = std::find_if(kept.begin(), kept.end(),
+                                       [](const RawTag& tag) { return tag.code == 0; });
+        const bool hasUnits = std::any_of(kept.begin(), part, [](const RawTag& tag) {
+            return tag.code == 70;
+        });
+        kept.erase(part, kept.end());
+        writeFields(type.fields, m_values, m_names, m_out, &kept, 0);
+        if (isBlock && m_version >= "AC1021" && !hasUnits) {
+            m_out.integer(70, 0);
+            m_out.integer(280, 1);
+            m_out.integer(281, 0);
+        }
+    }
+    if (extra != nullptr) m_out.raw(extra->xdata);
+}
+
+void Saver::writeMadeRecord(const RecordType& type, Adesk::UInt64 handle,
+                            const std::wstring& name) {
+    const bool isLayer = std::string_view(type.name) == "LAYER";
+    beginRecord(type.name, type.handleCode, handle,
+                (m_database.*type.table)().handle().value());
+    m_values.reset(type.fields);
+    m_values.texts[0] = name;
+    if (isLayer) {
+        // What stands on it is for programs: not plotted.
+        AcDbLayerTableRecord layer;
+        (void)layer.setIsPlottable(false);
+        type.take(layer, m_values);
+        m_values.ids[0] = m_database.continuousLinetype();
+        m_values.integers[kDefaultHandleSlot] =
+            m_standard.plotStyle == 0 ? -1 : static_cast<long long>(m_standard.plotStyle);
+    }
+    writeFields(type.fields, m_values, m_names, m_out, nullptr, 0);
+}
+
+void Saver::writeBlockRecord(const PictureBlock& block) {
+    beginRecord("BLOCK_RECORD", 5, block.record, m_database.blockTableId().handle().value());
+    m_out.marker("AcDbBlockTableRecord");
+    m_out.text(2, block.name);
+    m_out.handle(340, 0);
+    if (m_version < "AC1021") return;
+    m_out.integer(70, 0);
+    m_out.integer(280, 1);
+    m_out.integer(281, 0);
+}
+
+}  // namespace prancheta::dxf

@@ -1,0 +1,304 @@
+// SPDX-License-Identifier: MIT
+// Material lists in the named objects dictionary.
+#include "zp/matlist/lista.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <memory>
+#include <set>
+
+#include "acutads.h"
+#include "dbxrecrd.h"
+
+namespace zp::lista {
+namespace {
+
+constexpr const ACHAR* kRaiz = L"ZP_LISTAS_MATERIAL";
+constexpr const ACHAR* kCabecalho = L"CABECALHO";
+constexpr const wchar_t* kPrefixoLista = L"LISTA";
+constexpr const wchar_t* kPrefixoLinha = L"L";
+constexpr short kVersao = 1;
+
+struct SoltaLista {
+    void operator()(resbuf* lista) const { acutRelRb(lista); }
+};
+using Corrente = std::unique_ptr<resbuf, SoltaLista>;
+
+/// Builds a list group by group.
+class Escritor {
+public:
+    Escritor() { inteiro(kVersao); }
+    void texto(const std::wstring& t) { poe(acutBuildList(AcDb::kDxfText, t.c_str(), RTNONE)); }
+    void inteiro(int v) { poe(acutBuildList(AcDb::kDxfInt32, v, RTNONE)); }
+    void real(double v) { poe(acutBuildList(AcDb::kDxfReal, v, RTNONE)); }
+    void ponto(const AcGePoint3d& p) {
+        const ads_point xyz = {p.x, p.y, p.z};
+        poe(acutBuildList(AcDb::kDxfXCoord, xyz, RTNONE));
+    }
+    void id(const AcDbObjectId& i) {
+        ads_name nome;
+        if (acdbGetAdsName(nome, i) == Acad::eOk)
+            poe(acutBuildList(AcDb::kDxfSoftPointerId, nome, RTNONE));
+    }
+    const resbuf* inicio() const { return m_inicio.get(); }
+
+private:
+    void poe(resbuf* item) {
+        if (item == nullptr) return;
+        if (m_ultimo == nullptr)
+            m_inicio.reset(item);
+        else
+            m_ultimo->rbnext = item;
+        m_ultimo = item;
+    }
+    Corrente m_inicio;
+    resbuf* m_ultimo = nullptr;
+};
+
+/// Reads in the same order; after the first thing that does not fit everything is empty.
+class Leitor {
+public:
+    explicit Leitor(const AcDbXrecord& registro) {
+        resbuf* lista = nullptr;
+        (void)registro.rbChain(&lista);  // an empty record gives no list
+        m_inicio.reset(lista);
+        m_item = lista;
+        if (inteiro() != kVersao) m_item = nullptr;
+    }
+    bool acabou() const { return m_item == nullptr; }
+    std::wstring texto() {
+        const resbuf* r = proximo(AcDb::kDxfText);
+        return r != nullptr && r->resval.rstring != nullptr ? r->resval.rstring : L"";
+    }
+    int inteiro() {
+        const resbuf* r = proximo(AcDb::kDxfInt32);
+        return r != nullptr ? r->resval.rlong : 0;
+    }
+    double real() {
+        const resbuf* r = proximo(AcDb::kDxfReal);
+        return r != nullptr ? r->resval.rreal : 0.0;
+    }
+    AcGePoint3d ponto() {
+        const resbuf* r = proximo(AcDb::kDxfXCoord);
+        return r != nullptr
+                   ? AcGePoint3d(r->resval.rpoint[0], r->resval.rpoint[1], r->resval.rpoint[2])
+                   : AcGePoint3d();
+    }
+    AcDbObjectId id() {
+        AcDbObjectId i;
+        const resbuf* r = proximo(AcDb::kDxfSoftPointerId);
+        if (r != nullptr)
+            (void)acdbGetObjectId(i, r->resval.rlname);  // null when the object is gone
+        return i;
+    }
+
+private:
+    const resbuf* proximo(int codigo) {
+        const resbuf* r = m_item;
+        if (r == nullptr || r->restype != codigo) {
+            m_item = nullptr;
+            return nullptr;
+        }
+        m_item = r->rbnext;
+        return r;
+    }
+    Corrente m_inicio;
+    const resbuf* m_item = nullptr;
+};
+
+/// Sub-dictionary of this name, made when it is missing.
+AcDbObjectId pasta(AcDbObjectId dentro, const ACHAR* nome, bool cria) {
+    AcDbObjectId id;
+    const AcDbObjectPointer<AcDbDictionary> d(dentro, cria ? AcDb::kForWrite : AcDb::kForRead);
+    if (d.object() == nullptr || d->getAt(nome, id) == Acad::eOk || !cria) return id;
+    auto nova = std::make_unique<AcDbDictionary>();
+    if (d->setAt(nome, nova.get(), id) == Acad::eOk) (void)nova.release()->close();
+    return id;
+}
+
+bool grava(AcDbObjectId lista, const ACHAR* nome, const Escritor& escritor) {
+    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForWrite);
+    if (d.object() == nullptr) return false;
+    AcDbObjectId id;
+    if (d->getAt(nome, id) == Acad::eOk) {
+        const AcDbObjectPointer<AcDbXrecord> registro(id, AcDb::kForWrite);
+        return registro.object() != nullptr &&
+               registro->setFromRbChain(*escritor.inicio()) == Acad::eOk;
+    }
+    auto registro = std::make_unique<AcDbXrecord>();
+    if (registro->setFromRbChain(*escritor.inicio()) != Acad::eOk) return false;
+    if (d->setAt(nome, registro.get(), id) != Acad::eOk) return false;
+    (void)registro.release()->close();
+    return true;
+}
+
+/// Number behind a prefix; 0 when the name is another one.
+int numeroDe(const std::wstring& nome, const wchar_t* prefixo) {
+    const std::size_t n = std::wcslen(prefixo);
+    if (nome.size() <= n || nome.size() > n + 9 || nome.compare(0, n, prefixo) != 0) return 0;
+    if (nome.find_first_not_of(L"0123456789", n) != std::wstring::npos) return 0;
+    return static_cast<int>(std::wcstol(nome.c_str() + n, nullptr, 10));
+}
+
+struct Entrada {
+    int numero;
+    AcDbObjectId id;
+};
+
+std::vector<Entrada> entradas(AcDbObjectId dicionario, const wchar_t* prefixo) {
+    std::vector<Entrada> achadas;
+    const AcDbObjectPointer<AcDbDictionary> d(dicionario, AcDb::kForRead);
+    if (d.object() == nullptr) return achadas;
+    const std::unique_ptr<AcDbDictionaryIterator> i(d->newIterator());
+    for (; i && !i->done(); i->next())
+        if (const int n = numeroDe(i->name(), prefixo); n > 0 && !i->objectId().isErased())
+            achadas.push_back({n, i->objectId()});
+    std::sort(achadas.begin(), achadas.end(),
+              [](const Entrada& a, const Entrada& b) { return a.numero < b.numero; });
+    return achadas;
+}
+
+Linha leLinha(Leitor& l) {
+    const std::wstring marca = l.texto();
+    const int quantidade = l.inteiro();
+    const std::wstring descricao = l.texto();
+    const std::wstring dimensoes = l.texto();
+    const std::wstring material = l.texto();
+    const double comprimento = l.real();
+    const double unitario = l.real();
+    const double total = l.real();
+    const double pintura = l.real();
+    const std::wstring observacao = l.texto();
+    Linha linha(marca.c_str(), quantidade, descricao.c_str(), dimensoes.c_str(), material.c_str(),
+                comprimento, unitario, total, pintura, observacao.c_str());
+    while (!l.acabou())
+        if (const AcDbObjectId id = l.id(); !id.isNull()) linha.AddObjId(id);
+    return linha;
+}
+
+/// Rows and marks of the list asked last. Valid as long as the list still has that many rows and
+/// ends with the same one, which undo, erasing and opening another drawing change.
+struct Guardado {
+    AcDbObjectId lista;
+    std::size_t quantas = 0;
+    AcDbObjectId ultima;
+    int proximo = 1;
+    std::multiset<int> marcas;
+};
+Guardado g_guardado;
+
+int numeroDaMarca(const std::wstring& marca) { return numeroDe(marca, L"P"); }
+
+const Guardado& guardado(AcDbObjectId lista) {
+    Guardado& g = g_guardado;
+    const std::vector<Entrada> todas = entradas(lista, kPrefixoLinha);
+    const AcDbObjectId ultima = todas.empty() ? AcDbObjectId() : todas.back().id;
+    if (g.lista == lista && g.quantas == todas.size() && g.ultima == ultima) return g;
+    g = {lista, todas.size(), ultima, todas.empty() ? 1 : todas.back().numero + 1, {}};
+    for (const Entrada& e : todas) {
+        const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
+        if (registro.object() == nullptr) continue;
+        Leitor leitor(*registro.object());
+        if (const int n = numeroDaMarca(leitor.texto()); n > 0) g.marcas.insert(n);
+    }
+    return g;
+}
+
+}  // namespace
+
+std::vector<Lista> listas(AcDbDatabase& desenho) {
+    std::vector<Lista> achadas;
+    const AcDbObjectId raiz = pasta(desenho.namedObjectsDictionaryId(), kRaiz, false);
+    if (raiz.isNull()) return achadas;
+    for (const Entrada& e : entradas(raiz, kPrefixoLista))
+        if (const auto cabecalho = leCabecalho(e.id))
+            achadas.push_back({e.numero, e.id, *cabecalho});
+    return achadas;
+}
+
+std::optional<Lista> nova(AcDbDatabase& desenho, const std::wstring& grupo) {
+    const AcDbObjectId raiz = pasta(desenho.namedObjectsDictionaryId(), kRaiz, true);
+    if (raiz.isNull()) return {};
+    int numero = 1;
+    for (const Entrada& e : entradas(raiz, kPrefixoLista)) {
+        if (e.numero != numero) break;
+        ++numero;
+    }
+    Lista lista;
+    lista.numero = numero;
+    lista.cabecalho.grupo = grupo;
+    lista.id = pasta(raiz, (kPrefixoLista + std::to_wstring(numero)).c_str(), true);
+    if (lista.id.isNull() || !gravaCabecalho(lista.id, lista.cabecalho)) return {};
+    return lista;
+}
+
+std::optional<Cabecalho> leCabecalho(AcDbObjectId lista) {
+    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+    AcDbObjectId id;
+    if (d.object() == nullptr || d->getAt(kCabecalho, id) != Acad::eOk) return {};
+    const AcDbObjectPointer<AcDbXrecord> registro(id, AcDb::kForRead);
+    if (registro.object() == nullptr) return {};
+    Leitor leitor(*registro.object());
+    if (leitor.acabou()) return {};
+    Cabecalho c;
+    c.grupo = leitor.texto();
+    c.ponto = leitor.ponto();
+    while (!leitor.acabou())
+        if (const AcDbObjectId parte = leitor.id(); !parte.isNull())
+            c.tabela.push_back(AcDbSoftPointerId(parte));
+    return c;
+}
+
+bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho) {
+    Escritor e;
+    e.texto(cabecalho.grupo);
+    e.ponto(cabecalho.ponto);
+    for (const AcDbSoftPointerId& id : cabecalho.tabela) e.id(id);
+    return grava(lista, kCabecalho, e);
+}
+
+std::vector<Linha> linhas(AcDbObjectId lista) {
+    std::vector<Linha> todas;
+    for (const Entrada& e : entradas(lista, kPrefixoLinha)) {
+        const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
+        if (registro.object() == nullptr) continue;
+        Leitor leitor(*registro.object());
+        if (!leitor.acabou()) todas.push_back(leLinha(leitor));
+    }
+    return todas;
+}
+
+bool acrescenta(AcDbObjectId lista, const Linha& l) {
+    const int numero = guardado(lista).proximo;
+    Escritor e;
+    e.texto(l.marca);
+    e.inteiro(l.quantidade);
+    e.texto(l.descricao);
+    e.texto(l.dimensoes);
+    e.texto(l.material);
+    e.real(l.comprimento);
+    e.real(l.pesoUnitario);
+    e.real(l.pesoTotal);
+    e.real(l.areaPintura);
+    e.texto(l.observacao);
+    for (const AcDbSoftPointerId& id : l.ids) e.id(id);
+    return grava(lista, (kPrefixoLinha + std::to_wstring(numero)).c_str(), e);
+}
+
+std::vector<int> marcasEmUso(AcDbObjectId lista) {
+    const Guardado& g = guardado(lista);
+    return {g.marcas.begin(), g.marcas.end()};
+}
+
+bool apagada(const Linha& linha) {
+    return !linha.ids.empty() &&
+           std::all_of(linha.ids.begin(), linha.ids.end(),
+                       [](const AcDbSoftPointerId& id) { return id.isErased(); });
+}
+
+std::wstring observacaoDe(const Linha& linha) {
+    if (!apagada(linha)) return linha.observacao;
+    return linha.observacao.empty() ? L"apagada" : linha.observacao + L" (apagada)";
+}
+
+}  // namespace zp::lista

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Material lists as they are kept in a drawing: one dictionary per list, one record per row.
+//
+//     ZP_LISTAS_MATERIAL / "LISTA1" / "CABECALHO", "L1", "L2", ...
+//
+// A row of its own record makes adding cost the same however long the list is, and undo keep only
+// that row.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dbidar.h"
+#include "zp/matlist/zpmatlist.h"
+
+class AcDbDatabase;
+
+namespace zp::lista {
+
+struct Cabecalho {
+    std::wstring grupo;
+    AcGePoint3d ponto;                      ///< upper left corner of the table
+    std::vector<AcDbSoftPointerId> tabela;  ///< entities of the drawn table
+};
+
+struct Lista {
+    int numero = 0;  ///< from 1
+    AcDbObjectId id;
+    Cabecalho cabecalho;
+};
+
+/// Lists of a drawing in the order of their numbers.
+std::vector<Lista> listas(AcDbDatabase& desenho);
+/// A new list with the lowest free number; nothing when the drawing cannot be written.
+std::optional<Lista> nova(AcDbDatabase& desenho, const std::wstring& grupo);
+
+std::optional<Cabecalho> leCabecalho(AcDbObjectId lista);
+bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho);
+
+/// Rows in the order in which they were added.
+std::vector<Linha> linhas(AcDbObjectId lista);
+bool acrescenta(AcDbObjectId lista, const Linha& linha);
+/// Numbers of the marks "P<n>" in use.
+std::vector<int> marcasEmUso(AcDbObjectId lista);
+
+/// True when the row is tied to entities and all of them are erased.
+bool apagada(const Linha& linha);
+/// The row's remark; says also that what it stands for was erased.
+std::wstring observacaoDe(const Linha& linha);
+
+}  // namespace zp::lista

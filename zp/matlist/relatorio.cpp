@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// Report of marks and of the material list.
+#include "zp/matlist/relatorio.h"
+
+#include "protocol/report.h"
+#include "rxdict.h"
+#include "zp/matlist/lista.h"
+#include "zp/matlist/zpmarca.h"
+
+namespace zp::lista {
+namespace {
+
+using protocol::PropertyVisitor;
+
+class Marcas : public protocol::EntityReport {
+public:
+    void describe(const AcDbEntity& entity, PropertyVisitor& v) const override {
+        const auto* marca = ZpMarca::cast(&entity);
+        if (marca == nullptr) return;
+        v.point(L"ponta", marca->ponta());
+        v.point(L"texto_em", marca->textoEm());
+        v.text(L"marca", marca->marca().c_str());
+    }
+};
+
+class Listas : public protocol::DrawingReport {
+public:
+    void describe(AcDbDatabase& database, PropertyVisitor& v) const override {
+        v.beginList(L"lista_material");
+        for (const Lista& lista : listas(database))
+            for (const Linha& l : linhas(lista.id)) linha(l, v);
+        v.endList();
+    }
+
+private:
+    static void linha(const Linha& l, PropertyVisitor& v) {
+        v.beginGroup(nullptr);
+        v.text(L"marca", l.marca.c_str());
+        v.integer(L"quantidade", l.quantidade);
+        v.text(L"descricao", l.descricao.c_str());
+        v.text(L"dimensoes", l.dimensoes.c_str());
+        v.text(L"material", l.material.c_str());
+        v.number(L"comprimento", l.comprimento);
+        v.number(L"peso_unitario", l.pesoUnitario);
+        v.number(L"peso_total", l.pesoTotal);
+        v.number(L"area_pintura", l.areaPintura);
+        v.text(L"observacao", observacaoDe(l).c_str());
+        v.beginList(L"ids");
+        for (const AcDbSoftPointerId& id : l.ids) v.object(nullptr, id);
+        v.endList();
+        v.endGroup();
+    }
+};
+
+// Kept by pointer in the class and in the registry.
+Marcas g_marcas;
+Listas g_listas;
+
+}  // namespace
+
+void instalaRelatorio() {
+    AcRxClass* protocolo = newAcRxClass(protocol::kEntityReportClass, AcRxObject::desc());
+    if (protocolo != nullptr) ZpMarca::desc()->addX(protocolo, &g_marcas);
+    acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &g_listas);
+}
+
+void retiraRelatorio() {
+    AcRxClass* protocolo = AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityReportClass));
+    if (protocolo != nullptr) ZpMarca::desc()->delX(protocolo);
+    acrxSysRegistry()->remove(protocol::kDrawingReportKey);
+}
+
+}  // namespace zp::lista

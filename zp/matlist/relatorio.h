@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+// Report of marks and of the material list to any host that asks.
+#pragma once
+
+namespace zp::lista {
+
+void instalaRelatorio();
+void retiraRelatorio();
+
+}  // namespace zp::lista

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+// Marks: picture, filing, editing.
+#include "zp/matlist/zpmarca.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+
+#include "acutads.h"
+#include "acutmem.h"
+#include "dbents.h"
+
+ACRX_DXF_DEFINE_MEMBERS(ZpMarca, AcDbEntity, AcDb::kDHL_CURRENT, AcDb::kMReleaseCurrent, 0, ZPMARCA,
+                        "ZP__MaterialList18|Lista de material")
+
+namespace {
+
+constexpr Adesk::Int16 kVersaoDaMarca = 1;
+/// Advance of an average character and distance of the text from the leader, over the text's
+/// height.
+constexpr double kLargura = 0.9;
+constexpr double kFolga = 0.4;
+
+}  // namespace
+
+struct ZpMarca::Figura {
+    std::array<AcGePoint3d, 2> chamada;
+    std::array<AcGePoint3d, 3> seta;
+    bool temSeta = false;
+    AcGePoint3d texto;  ///< left end of the baseline
+    double larguraTexto = 0.0;
+};
+
+ZpMarca::Figura ZpMarca::figura() const {
+    Figura f;
+    f.chamada = {m_ponta, m_textoEm};
+    f.larguraTexto = kLargura * m_altura * static_cast<double>(m_marca.size());
+    const double x = m_textoEm.x >= m_ponta.x ? m_textoEm.x + kFolga * m_altura
+                                              : m_textoEm.x - kFolga * m_altura - f.larguraTexto;
+    f.texto = {x, m_textoEm.y - 0.5 * m_altura, m_textoEm.z};
+    AcGeVector3d u = m_textoEm - m_ponta;
+    const double comprimento = u.length();
+    f.temSeta = comprimento > m_altura;
+    if (!f.temSeta) return f;
+    u = u / comprimento;
+    const AcGeVector3d lado(-u.y, u.x, 0.0);
+    const AcGePoint3d base = m_ponta + u * m_altura;
+    f.seta = {m_ponta, base + lado * (m_altura / 6.0), base - lado * (m_altura / 6.0)};
+    return f;
+}
+
+Adesk::Boolean ZpMarca::subWorldDraw(AcGiWorldDraw* draw) {
+    assertReadEnabled();
+    const Figura f = figura();
+    AcGiWorldGeometry& g = draw->geometry();
+    if (g.polyline(2, f.chamada.data())) return Adesk::kTrue;
+    if (f.temSeta) {
+        draw->subEntityTraits().setFillType(kAcGiFillAlways);
+        if (g.polygon(3, f.seta.data())) return Adesk::kTrue;
+    }
+    g.text(f.texto, AcGeVector3d::kZAxis, AcGeVector3d::kXAxis, m_altura, 1.0, 0.0,
+           m_marca.c_str());
+    return Adesk::kTrue;
+}
+
+Acad::ErrorStatus ZpMarca::subGetGeomExtents(AcDbExtents& extents) const {
+    assertReadEnabled();
+    const Figura f = figura();
+    for (const AcGePoint3d& p : f.chamada) extents.addPoint(p);
+    extents.addPoint(f.texto);
+    extents.addPoint(f.texto + AcGeVector3d(f.larguraTexto, m_altura, 0.0));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus ZpMarca::subTransformBy(const AcGeMatrix3d& m) {
+    if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
+    assertWriteEnabled();
+    m_ponta.transformBy(m);
+    m_textoEm.transformBy(m);
+    m_altura *= m.scale();
+    xDataTransformBy(m);
+    recordGraphicsModified();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus ZpMarca::subExplode(AcDbVoidPtrArray& set) const {
+    assertReadEnabled();
+    const Figura f = figura();
+    std::vector<std::unique_ptr<AcDbEntity>> partes;
+    partes.push_back(std::make_unique<AcDbLine>(f.chamada[0], f.chamada[1]));
+    if (f.temSeta)
+        partes.push_back(std::make_unique<AcDbSolid>(f.seta[0], f.seta[1], f.seta[2], f.seta[2]));
+    partes.push_back(
+        std::make_unique<AcDbText>(f.texto, m_marca.c_str(), AcDbObjectId::kNull, m_altura));
+    for (std::unique_ptr<AcDbEntity>& parte : partes) {
+        (void)parte->setPropertiesFrom(this);  // a new object takes any properties
+        set.append(parte.release());
+    }
+    return Acad::eOk;
+}
+
+void ZpMarca::subList() const {
+    assertReadEnabled();
+    AcDbEntity::subList();
+    acutPrintf(L"\n%20ls: %ls", L"marca", m_marca.c_str());
+    acutPrintf(L"\n%20ls: X=%.4f  Y=%.4f", L"ponta", m_ponta.x, m_ponta.y);
+    acutPrintf(L"\n%20ls: X=%.4f  Y=%.4f\n", L"texto em", m_textoEm.x, m_textoEm.y);
+}
+
+Acad::ErrorStatus ZpMarca::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker,
+                                             const AcGePoint3d&, const AcGePoint3d&,
+                                             const AcGeMatrix3d&, AcGePoint3dArray& points,
+                                             AcDbIntArray&) const {
+    assertReadEnabled();
+    if (mode == AcDb::kOsModeEnd) {
+        points.append(m_ponta);
+        points.append(m_textoEm);
+    }
+    if (mode == AcDb::kOsModeMid) points.append(m_ponta + (m_textoEm - m_ponta) * 0.5);
+    if (mode == AcDb::kOsModeIns) points.append(m_textoEm);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus ZpMarca::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                            AcDbIntArray&) const {
+    assertReadEnabled();
+    points.append(m_ponta);
+    points.append(m_textoEm);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus ZpMarca::subMoveGripPointsAt(const AcDbIntArray& indices,
+                                               const AcGeVector3d& offset) {
+    if (indices.isEmpty()) return Acad::eOk;
+    assertWriteEnabled();
+    if (indices.contains(0)) m_ponta += offset;
+    if (indices.contains(1)) m_textoEm += offset;
+    recordGraphicsModified();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus ZpMarca::dwgOutFields(AcDbDwgFiler* filer) const {
+    assertReadEnabled();
+    const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
+    if (es != Acad::eOk) return es;
+    filer->writeInt16(kVersaoDaMarca);
+    filer->writePoint3d(m_ponta);
+    filer->writePoint3d(m_textoEm);
+    filer->writeString(m_marca.c_str());
+    filer->writeDouble(m_altura);
+    return filer->filerStatus();
+}
+
+Acad::ErrorStatus ZpMarca::dwgInFields(AcDbDwgFiler* filer) {
+    assertWriteEnabled();
+    const Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
+    if (es != Acad::eOk) return es;
+    Adesk::Int16 versao = 0;
+    filer->readInt16(&versao);
+    if (versao != kVersaoDaMarca) {
+        if (filer->filerStatus() == Acad::eOk) filer->setFilerStatus(Acad::eInvalidInput);
+        return filer->filerStatus();
+    }
+    filer->readPoint3d(&m_ponta);
+    filer->readPoint3d(&m_textoEm);
+    ACHAR* texto = nullptr;
+    if (filer->readString(&texto) == Acad::eOk && texto != nullptr) m_marca = texto;
+    acutDelString(texto);
+    filer->readDouble(&m_altura);
+    return filer->filerStatus();
+}
+
+Acad::ErrorStatus ZpMarca::dxfOutFields(AcDbDxfFiler* filer) const {
+    assertReadEnabled();
+    const Acad::ErrorStatus es = AcDbEntity::dxfOutFields(filer);
+    if (es != Acad::eOk) return es;
+    filer->writeString(AcDb::kDxfSubclass, isA()->name());
+    filer->writeInt16(AcDb::kDxfInt16, kVersaoDaMarca);
+    filer->writePoint3d(AcDb::kDxfXCoord, m_ponta);
+    filer->writePoint3d(AcDb::kDxfXCoord + 1, m_textoEm);
+    filer->writeString(AcDb::kDxfText, m_marca.c_str());
+    filer->writeDouble(AcDb::kDxfReal, m_altura);
+    return filer->filerStatus();
+}
+
+Acad::ErrorStatus ZpMarca::dxfInFields(AcDbDxfFiler* filer) {
+    assertWriteEnabled();
+    const Acad::ErrorStatus es = AcDbEntity::dxfInFields(filer);
+    if (es != Acad::eOk) return es;
+    if (!filer->atSubclassData(isA()->name()))
+        return filer->setError(Acad::eBadDxfSequence, L"ZpMarca: falta o registro da marca.");
+    resbuf r{};
+    if (filer->readItem(&r) != Acad::eOk || r.restype != AcDb::kDxfInt16)
+        return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
+    if (r.resval.rint > kVersaoDaMarca)
+        return filer->setError(Acad::eNotImplementedYet,
+                               L"ZpMarca: registro da versão %d; este módulo lê até a versão %d.",
+                               static_cast<int>(r.resval.rint), static_cast<int>(kVersaoDaMarca));
+    const auto ponto = [&](int codigo, AcGePoint3d& p) {
+        if (filer->readItem(&r) != Acad::eOk || r.restype != codigo) return false;
+        p.set(r.resval.rpoint[0], r.resval.rpoint[1], r.resval.rpoint[2]);
+        return true;
+    };
+    bool boa = ponto(AcDb::kDxfXCoord, m_ponta) && ponto(AcDb::kDxfXCoord + 1, m_textoEm);
+    boa = boa && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfText;
+    if (boa) {
+        m_marca = r.resval.rstring;
+        acutDelString(r.resval.rstring);
+    }
+    boa = boa && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfReal &&
+          r.resval.rreal > 0.0;
+    if (!boa) return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
+    m_altura = r.resval.rreal;
+    return filer->filerStatus();
+}

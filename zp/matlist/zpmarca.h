@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// Mark of a piece in the drawing: a leader and a short text.
+#pragma once
+
+#include <string>
+
+#include "dbmain.h"
+
+/// Leader with an arrow at `ponta`, text at `textoEm` on the side that the leader comes from. World
+/// coordinates; the text stays horizontal and is never mirrored.
+class ZpMarca : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(ZpMarca);
+    ZpMarca() = default;
+    ZpMarca(const AcGePoint3d& ponta, const AcGePoint3d& textoEm, std::wstring marca, double altura)
+        : m_ponta(ponta), m_textoEm(textoEm), m_marca(std::move(marca)), m_altura(altura) {}
+
+    AcGePoint3d ponta() const { return m_ponta; }
+    AcGePoint3d textoEm() const { return m_textoEm; }
+    const std::wstring& marca() const { return m_marca; }
+
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+    Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
+    Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
+    Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;
+    Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
+    void subList() const override;
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                        const AcGePoint3d& pick, const AcGePoint3d& last,
+                                        const AcGeMatrix3d& view, AcGePoint3dArray& points,
+                                        AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                       AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices,
+                                          const AcGeVector3d& offset) override;
+
+private:
+    struct Figura;
+    Figura figura() const;
+    AcGePoint3d m_ponta;
+    AcGePoint3d m_textoEm;
+    std::wstring m_marca;
+    double m_altura = 2.5;
+};
