@@ -13,6 +13,7 @@ class StrListCatalogue : public Catalogue {
 public:
     void read(std::wstring_view path) override { (void)m_list.read(path); }
     void write(std::wstring_view path) const override { (void)m_list.write(path); }
+    void clear() override { m_list.clear(); }
     int count() const override { return static_cast<int>(m_list.count()); }
     bool rowAt(int index, std::wstring& row) const override {
         return m_list.getAt(row, static_cast<unsigned>(index)) != 0;
@@ -35,6 +36,7 @@ class StringListCatalogue : public Catalogue {
 public:
     void read(std::wstring_view path) override;
     void write(std::wstring_view path) const override;
+    void clear() override { m_list.clear(); }
     int count() const override { return m_list.length(); }
     bool rowAt(int index, std::wstring& row) const override;
     bool contains(const std::wstring& row) const override {

@@ -19,6 +19,7 @@ public:
     virtual void read(std::wstring_view path) = 0;
     /// Failure is silent and leaves the old file.
     virtual void write(std::wstring_view path) const = 0;
+    virtual void clear() = 0;
     virtual int count() const = 0;
     /// False, and `row` is untouched, when there is no such row.
     virtual bool rowAt(int index, std::wstring& row) const = 0;

@@ -97,10 +97,10 @@ bool LineReader::read(std::wstring& piece, std::size_t bufferSize) {
     return true;
 }
 
-void cutAtSeparator(std::wstring& text, wchar_t separator) {
-    const std::size_t start = text.find_first_not_of(separator);
+void cutAtSeparator(std::wstring& text, std::wstring_view separators) {
+    const std::size_t start = text.find_first_not_of(separators);
     if (start == std::wstring::npos) return;
-    const std::size_t end = text.find(separator, start);
+    const std::size_t end = text.find_first_of(separators, start);
     if (end != std::wstring::npos) text.resize(end);
 }
 

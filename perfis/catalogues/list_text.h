@@ -48,9 +48,9 @@ private:
     bool m_atEnd = false;
 };
 
-/// Splitting step of the C library, done in place: separators at the start stay, the first one
-/// after other characters ends the text.
-void cutAtSeparator(std::wstring& text, wchar_t separator);
+/// Splitting step of the C library, done in place: separators (one of these characters) at the
+/// start stay, the first one after other characters ends the text.
+void cutAtSeparator(std::wstring& text, std::wstring_view separators);
 
 /// Number of reads with a buffer of 200 until the end: one more than the lines of a file that ends
 /// with a line feed. 0 when the file cannot be opened.

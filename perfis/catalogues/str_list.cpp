@@ -29,8 +29,8 @@ int ZpStrList::read(std::wstring_view path) {
     LineReader reader(list->text);
     std::wstring piece;
     while (reader.read(piece, kReadBuffer)) {
-        cutAtSeparator(piece, L'\r');
-        cutAtSeparator(piece, L'\n');
+        cutAtSeparator(piece, L"\r");
+        cutAtSeparator(piece, L"\n");
         if (piece.front() != L'\n') append(piece);
     }
     return 1;

@@ -35,22 +35,26 @@ void ProfileRun::wire(ads_hdlg dialog) {
     };
     wireTile(dialog, {L"ButtonTipoBarra", onBarType}, &m_state.barType);
     for (const DimensionTile& tile : m_description.tiles)
-        wireTile(dialog, {tile.key, callback<&ProfileRun::onDimension>}, this);
+        if (tile.hasAction) wireTile(dialog, {tile.key, callback<&ProfileRun::onDimension>}, this);
     for (const TileAction& action : kActions) wireTile(dialog, action, this);
     if (!editable()) return;
     for (const TileAction& action : kEditActions) wireTile(dialog, action, this);
 }
 
 void ProfileRun::onList(const ads_callback_packet& packet) {
-    std::wstring row;
     const int index = textToInt(packet.value);
-    if (*packet.value == L'\0' || index < 0 || !m_catalogue->rowAt(index, row)) return;
+    if (*packet.value != L'\0' && index >= 0) pickRow(packet.dialog, index);
+}
+
+void ProfileRun::pickRow(ads_hdlg dialog, int index) {
+    std::wstring row;
+    if (!m_catalogue->rowAt(index, row)) return;
     m_state.selectedRow = index;
-    takeRow(packet.dialog, row);
+    takeRow(dialog, row);
     if (!editable()) return;
-    refresh(packet.dialog);
-    showPreview(packet.dialog);
-    enableTile(packet.dialog, L"deltolist", true);
+    refresh(dialog);
+    showPreview(dialog);
+    enableTile(dialog, L"deltolist", true);
 }
 
 void ProfileRun::refillList(ads_hdlg dialog) { m_catalogue->fill(dialog, L"lista"); }
@@ -68,7 +72,9 @@ void ProfileRun::onReplace(const ads_callback_packet& packet) {
     if (!hasSelectedRow()) return;
     refresh(packet.dialog);
     showPreview(packet.dialog);
-    const std::wstring row = m_description.buildRow(packet.dialog);
+    const auto build = m_description.buildReplacement != nullptr ? m_description.buildReplacement
+                                                                 : m_description.buildRow;
+    const std::wstring row = build(packet.dialog);
     if (!m_catalogue->contains(row)) m_catalogue->replace(m_state.selectedRow, row);
     refillList(packet.dialog);
     setTile(packet.dialog, L"lista", m_state.selectedRow);

@@ -11,6 +11,7 @@
 #include "perfis/commands/medidas.h"
 #include "perfis/entities/zpobject.h"
 #include "perfis/output/dimensions.h"
+#include "perfis/output/placement.h"
 
 namespace perfis {
 
@@ -27,6 +28,8 @@ struct DimensionTile {
     double Medidas::*value;
     const wchar_t* initialText;
     RowUse rowUse = RowUse::kFills;
+    /// The buttons follow what is typed; otherwise it is read when something else happens.
+    bool hasAction = true;
 };
 
 /// Whether the dialog edits its catalogue, and what becomes of the edits.
@@ -37,11 +40,23 @@ struct PieceRequest {
     ZpObject::ZpVistas view = ZpObject::kVistaSecao;
     Medidas medidas;
     double length = 0.0;  ///< mm
+    int source = 0;       ///< catalogue that the size comes from, where a command has several
 };
+
+/// Prompt for the point of a new piece.
+inline constexpr const wchar_t* kInsertionPrompt = L"\nIndique o ponto de insercao: ";
+
+/// How pieces are made with pick-and-go: the end is dragged, or both ends are asked for.
+enum class PickAndGo { kDragsEnd, kAsksBothEnds };
+
+/// What the rotate command gets at the end: the piece with its companions, always, or one list of
+/// all, and only when no dimensions were asked for.
+enum class Turning { kPiece, kSet };
 
 struct ProfileDescription {
     const wchar_t* dialog;  ///< in perfis.dcl
-    const wchar_t* list;    ///< catalogue file
+    /// Catalogue file; null where the command reads its lists itself.
+    const wchar_t* list;
     std::unique_ptr<Catalogue> (*makeCatalogue)() = makeStrListCatalogue;
     CatalogueEdits edits = CatalogueEdits::kThisRunOnly;
     /// Row of the dialog's tiles; null where the catalogue is not edited.
@@ -61,6 +76,16 @@ struct ProfileDescription {
     void (*dimensionSection)(PieceDimensions&, const Medidas&);
     /// The section is a piece of the member's length instead of 1000.
     bool keepsLengthInSection = false;
+    const wchar_t* insertionPrompt = kInsertionPrompt;
+    const wchar_t* startPrompt = kStartPrompt;  ///< of each piece that is dragged
+    PickAndGo pickAndGo = PickAndGo::kDragsEnd;
+    Turning turning = Turning::kPiece;
+    /// The material list stands below the piece's own point instead of the picked one.
+    bool listsAtOwnPoint = false;
+    /// Last settings of a piece before it enters the drawing.
+    void (*finish)(ZpObject&, const PieceRequest&) = nullptr;
+    /// Row that replaces another one; null where it is built as a new one is.
+    std::wstring (*buildReplacement)(ads_hdlg) = nullptr;
 };
 
 }  // namespace perfis

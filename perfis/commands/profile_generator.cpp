@@ -3,19 +3,19 @@
 #include "perfis/commands/profile_generator.h"
 
 #include <algorithm>
+#include <span>
 
 #include "adscodes.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "perfis/output/material_list.h"
 #include "perfis/output/object_jig.h"
-#include "perfis/output/placement.h"
 #include "perfis/output/shared_dimension.h"
 
 namespace perfis {
 namespace {
 
 PieceRequest requestFor(const RunState& state, ZpObject::ZpVistas view) {
-    return {view, state.medidas, state.views.length};
+    return {view, state.medidas, state.views.length, state.source};
 }
 
 /// Members without a rule of their own are made at the picked point and then moved to a face point.
@@ -24,6 +24,13 @@ AcGePoint3d alignToFace(const ProfileDescription& description, const RunState& s
                         ZpObject& piece, const AcGePoint3d& point) {
     if (state.views.sectionOnly || description.memberShift != nullptr) return point;
     return moveToFacePoint(piece, state.views.alignment);
+}
+
+/// Layer, bar type and what the command itself sets.
+void finish(const ProfileDescription& description, const RunState& state,
+            const PieceRequest& request, ZpObject& piece) {
+    prepare(piece, state.barType);
+    if (description.finish != nullptr) description.finish(piece, request);
 }
 
 /// Fills the companions' marks.
@@ -44,10 +51,24 @@ void enterInMaterialList(const ViewsChoice& views, const AcGePoint3d& picked, Ac
     }
 }
 
+void turn(const ProfileDescription& description, const AcGePoint3d& base, AcDbObjectId piece,
+          const Companions& companions) {
+    if (description.turning == Turning::kPiece) {
+        (void)rotateIntoPlace(base, piece, companions);
+        return;
+    }
+    std::vector<AcDbObjectId> set{piece};
+    for (const std::span<const AcDbObjectId> ids :
+         {std::span(companions.dimensions), std::span(companions.others),
+          std::span<const AcDbObjectId>(companions.marks)})
+        set.insert(set.end(), ids.begin(), ids.end());
+    (void)rotateSet(base, set);
+}
+
 int placeOnePiece(const ProfileDescription& description, RunState& state,
                   const PlateLaying& layPlates) {
     AcGePoint3d point;
-    if (getWCSpoint(point, kInsertionPrompt) != RTNORM) return RTCAN;
+    if (getWCSpoint(point, description.insertionPrompt) != RTNORM) return RTCAN;
     const AcGePoint3d picked = point;
     const ZpObject::ZpVistas view = chosenView(state.views);
     const Shift shift = insertionShift(description, state);
@@ -55,9 +76,10 @@ int placeOnePiece(const ProfileDescription& description, RunState& state,
     if (state.views.sectionOnly && !description.keepsLengthInSection)
         state.views.length = kSectionLength;
 
-    std::unique_ptr<ZpObject> made = description.onePoint(point, requestFor(state, view));
+    const PieceRequest request = requestFor(state, view);
+    std::unique_ptr<ZpObject> made = description.onePoint(point, request);
     point = alignToFace(description, state, *made, point);
-    prepare(*made, state.barType);
+    finish(description, state, request, *made);
     OpenPiece piece(std::move(made));
     if (!piece.resident()) return RTERROR;
     LaidPlates plates;
@@ -68,8 +90,9 @@ int placeOnePiece(const ProfileDescription& description, RunState& state,
     tiePlates(*piece, plates.ids);
     piece.close();
 
-    enterInMaterialList(state.views, picked, piece.id(), plates, companions);
-    (void)rotateIntoPlace(picked, piece.id(), companions);
+    enterInMaterialList(state.views, description.listsAtOwnPoint ? point : picked, piece.id(),
+                        plates, companions);
+    turn(description, picked, piece.id(), companions);
     return RTNORM;
 }
 
@@ -77,8 +100,9 @@ int placeOnePiece(const ProfileDescription& description, RunState& state,
 
 int generateProfile(const ProfileDescription& description, RunState& state,
                     const PlateLaying& layPlates) {
-    return state.views.pickAndGo ? dragPieces(description, state)
-                                 : placeOnePiece(description, state, layPlates);
+    if (!state.views.pickAndGo) return placeOnePiece(description, state, layPlates);
+    return description.pickAndGo == PickAndGo::kDragsEnd ? dragPieces(description, state)
+                                                         : drawBetweenPoints(description, state);
 }
 
 ZpObject::ZpVistas chosenView(const ViewsChoice& views) {
@@ -100,12 +124,25 @@ int dragPieces(const ProfileDescription& description, const RunState& state) {
     const auto view = static_cast<ZpObject::ZpVistas>(state.views.view);
     for (;;) {
         AcGePoint3d start;
-        if (getWCSpoint(start, kStartPrompt) != RTNORM) return RTNORM;
+        if (getWCSpoint(start, description.startPrompt) != RTNORM) return RTNORM;
         AcGePoint3d end;
-        std::unique_ptr<ZpObject> piece =
-            description.twoPoints(start, end, requestFor(state, view));
-        prepare(*piece, state.barType);
+        const PieceRequest request = requestFor(state, view);
+        std::unique_ptr<ZpObject> piece = description.twoPoints(start, end, request);
+        finish(description, state, request, *piece);
         if (ZpObjectJig(std::move(piece)).run() != AcEdJig::kNormal) return RTNORM;
+    }
+}
+
+int drawBetweenPoints(const ProfileDescription& description, const RunState& state) {
+    const auto view = static_cast<ZpObject::ZpVistas>(state.views.view);
+    const PieceRequest request = requestFor(state, view);
+    for (;;) {
+        AcGePoint3d start;
+        AcGePoint3d end;
+        if (askStartAndEnd(start, end) != RTNORM) return RTCAN;
+        std::unique_ptr<ZpObject> piece = description.twoPoints(start, end, request);
+        finish(description, state, request, *piece);
+        const OpenPiece resident(std::move(piece));
     }
 }
 

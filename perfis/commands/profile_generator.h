@@ -11,8 +11,6 @@
 
 namespace perfis {
 
-inline constexpr const wchar_t* kInsertionPrompt = L"\nIndique o ponto de insercao: ";
-
 /// Length of the piece that stands for a section.
 inline constexpr double kSectionLength = 1000.0;
 
@@ -32,8 +30,11 @@ ZpObject::ZpVistas chosenView(const ViewsChoice& views);
 /// alignment.
 Shift insertionShift(const ProfileDescription& description, const RunState& state);
 
-/// Drags pieces by start and end point until one is refused.
+/// Drags pieces by start and end point until one is refused: RTNORM.
 int dragPieces(const ProfileDescription& description, const RunState& state);
+
+/// Draws pieces between two picked points until one is refused: RTCAN.
+int drawBetweenPoints(const ProfileDescription& description, const RunState& state);
 
 /// Makes the automatic dimensions when the shared flag asks for them and ties them to the piece.
 std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,

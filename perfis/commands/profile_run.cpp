@@ -20,12 +20,13 @@ ProfileRun::ProfileRun(const ProfileDescription& description)
 void ProfileRun::execute() {
     const std::optional<std::wstring> folder = requiredInstallationFolder();
     if (!folder) return;
-    const std::optional<std::wstring> path = listPath(*folder, m_description.list);
+    const wchar_t* const list = m_description.list;
+    const std::optional<std::wstring> path = listPath(*folder, list != nullptr ? list : L"");
     if (!path || !slidePath(*folder, m_description.slides, L"secao")) {
         reportLongPath();
         return;
     }
-    m_catalogue->read(*path);
+    if (list != nullptr) m_catalogue->read(*path);
     if (runLoop(L"perfis.dcl", m_description.dialog) == kDialogDone) {
         keepEdits(*path);
     } else {
@@ -40,8 +41,7 @@ void ProfileRun::keepEdits(const std::wstring& path) {
 void ProfileRun::open(ads_hdlg dialog) {
     wire(dialog);
     wireOwnTiles(dialog);
-    for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
-        setTile(dialog, m_description.tiles[i].key, m_state.texts[i]);
+    showDimensions(dialog);
     setToggle(dialog, L"dimensionar", sharedDimensionFlag() != 0);
     setToggle(dialog, L"visualizar", m_state.showInsertion);
     setToggle(dialog, L"vista0", m_state.views.sectionOnly);
@@ -77,6 +77,11 @@ void ProfileRun::setSectionModes(ads_hdlg dialog) {
 void ProfileRun::showPreview(ads_hdlg dialog) {
     showSection(dialog, m_description.slides,
                 m_state.showInsertion ? m_state.slide : kSectionSlide);
+}
+
+void ProfileRun::showDimensions(ads_hdlg dialog) {
+    for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
+        setTile(dialog, m_description.tiles[i].key, m_state.texts[i]);
 }
 
 void ProfileRun::showList(ads_hdlg dialog) {

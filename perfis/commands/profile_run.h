@@ -39,6 +39,10 @@ protected:
     virtual void refresh(ads_hdlg dialog);
     /// Fills "lista" at an opening.
     virtual void showList(ads_hdlg dialog);
+    /// Values of the dimension tiles at an opening: as they were left.
+    virtual void showDimensions(ads_hdlg dialog);
+    /// The user picked this row of "lista", counted from 0.
+    virtual void pickRow(ads_hdlg dialog, int index);
     /// Takes the row that was picked into the tiles.
     virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
     /// Message for the tile "error" when the dialog may not be accepted; null when it may.

@@ -23,6 +23,7 @@ struct RunState {
     int slide = kFirstInsertionSlide;
     int barType = 0;
     int selectedRow = 0;
+    int source = 0;  ///< catalogue in force, where a command has several
 };
 
 /// The state with which a run of this command starts; turns the shared dimension flag off.

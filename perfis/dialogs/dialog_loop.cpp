@@ -9,12 +9,10 @@
 namespace perfis {
 
 int ReopeningDialog::runLoop(const wchar_t* file, const wchar_t* name) {
-    int dialogFile = 0;
+    int dialogFile = loadsOnce() ? load(file) : 0;
     int status = kDialogReopen;
     while (reopensAfter(status)) {
-        const std::wstring folder = installationFolder().value_or(L"");
-        const std::wstring path = dialogPath(folder, file).value_or(L"");
-        (void)ads_load_dialog(path.c_str(), &dialogFile);
+        if (!loadsOnce()) dialogFile = load(file);
         ads_hdlg dialog = nullptr;
         if (ads_new_dialog(name, dialogFile, NULLCB, &dialog) != RTNORM) {
             reportMissing();
@@ -25,9 +23,17 @@ int ReopeningDialog::runLoop(const wchar_t* file, const wchar_t* name) {
         (void)ads_start_dialog(dialog, &status);
         closed(status);
     }
-    // The file is loaded at every pass; the host keeps one copy, so one unload is enough.
+    // Where the file is loaded at every pass the host keeps one copy, so one unload is enough.
     (void)ads_unload_dialog(dialogFile);
     return kDialogDone;
+}
+
+int ReopeningDialog::load(const wchar_t* file) {
+    const std::wstring folder = installationFolder().value_or(L"");
+    const std::wstring path = dialogPath(folder, file).value_or(L"");
+    int dialogFile = 0;
+    (void)ads_load_dialog(path.c_str(), &dialogFile);
+    return dialogFile;
 }
 
 void wireTile(ads_hdlg dialog, const TileAction& action, CLIENTDATA data) {

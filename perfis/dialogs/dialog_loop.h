@@ -44,6 +44,12 @@ protected:
     virtual void closed(int status) = 0;
     virtual bool reopensAfter(int status) const { return status == kDialogReopen; }
     virtual void reportMissing() = 0;
+    /// The dialog file is loaded once instead of at every opening.
+    virtual bool loadsOnce() const { return false; }
+
+private:
+    /// Number of the loaded file in the host.
+    static int load(const wchar_t* file);
 };
 
 /// Text of every message about a dialog that cannot be opened.

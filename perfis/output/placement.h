@@ -21,7 +21,8 @@ struct Companions {
 /// opened or its layer is frozen, locked or off.
 int rotateIntoPlace(const AcGePoint3d& base, AcDbObjectId piece, const Companions& companions);
 
-/// The same for a plain list of entities. Nothing is turned while the shared dimension flag is set.
+/// The same for a plain list of entities, the piece first. RTNORM always; nothing is sent while the
+/// shared dimension flag is set or when the piece cannot be worked on.
 int rotateSet(const AcGePoint3d& base, const std::vector<AcDbObjectId>& entities);
 
 /// Translates the piece by target minus start and returns the target: for alignment 1 the lower

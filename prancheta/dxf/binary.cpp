@@ -2,9 +2,10 @@
 // Binary groups to text.
 #include "prancheta/dxf/binary.h"
 
+#include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstring>
+#include <type_traits>
 
 namespace prancheta::dxf {
 namespace {
@@ -75,7 +76,12 @@ private:
         if (!take(value)) return false;
         char buffer[40];
         // A number that is none stays visible as one: the reader of the text refuses it.
-        m_out.text.append(buffer, std::to_chars(buffer, buffer + 40, value).ptr);
+        char* const end = std::to_chars(buffer, buffer + 40, value).ptr;
+        m_out.text.append(buffer, end);
+        const bool isWhole = std::none_of(buffer, end, [](char c) {
+            return c == '.' || c == 'e' || c == 'n';
+        });
+        if (std::is_floating_point_v<T> && isWhole) m_out.text += ".0";
         return true;
     }
 

@@ -150,7 +150,9 @@ double takeDimscale(RawTags& xdata) {
 }
 
 void putDimscale(RawTags& xdata, double scale) {
-    const RawTag pair[] = {{1070, kDimscaleCode}, {1040, numberText(scale)}};
+    std::string number = numberText(scale);
+    if (number.find_first_of(".e") == std::string::npos) number += ".0";
+    const RawTag pair[] = {{1070, kDimscaleCode}, {1040, number}};
     const Overrides found = findOverrides(xdata);
     if (found.close != found.open) {
         xdata.insert(xdata.begin() + at(found.open + 1), std::begin(pair), std::end(pair));

@@ -212,7 +212,11 @@ private:
     }
 
     void writeDefault(const Field& field) {
-        if (isKept(field.code)) return;
+        if (isKept(field.code)) {
+            for (const RawTag& tag : *m_kept)
+                if (tag.code == field.code) m_out.raw(tag.code, tag.value);
+            return;
+        }
         const long long handle = m_values.integers[field.slot];
         if (field.meaning == Meaning::DefaultText)
             m_out.text(field.code, field.name);
@@ -256,12 +260,19 @@ private:
     bool m_tilted;
 };
 
+bool isDefaultCode(std::span<const Field> fields, int code) {
+    return std::any_of(fields.begin(), fields.end(), [code](const Field& field) {
+        return field.code == code && isDefault(field.meaning);
+    });
+}
+
 /// Writes the kept groups of one subclass: from behind its marker to the next marker.
-void writeKept(const char* name, const RawTags& kept, std::size_t first, TagWriter& out) {
+void writeKept(std::span<const Field> fields, const char* name, const RawTags& kept,
+               std::size_t first, TagWriter& out) {
     for (std::size_t i = first; i < kept.size(); ++i) {
         if (kept[i].code != 100 || kept[i].value != name) continue;
         for (++i; i < kept.size() && kept[i].code != 100 && kept[i].code != 0; ++i)
-            out.raw(kept[i].code, kept[i].value);
+            if (!isDefaultCode(fields, kept[i].code)) out.raw(kept[i].code, kept[i].value);
         return;
     }
 }
@@ -345,7 +356,7 @@ void writeFields(std::span<const Field> fields, const Values& values, SaveNames&
     const auto endSegment = [&](const char* next) {
         // A marker may come twice; what was kept stands behind the first.
         if (kept != nullptr && segment != nullptr && segment != done) {
-            writeKept(segment, *kept, first, out);
+            writeKept(fields, segment, *kept, first, out);
             done = segment;
         }
         segment = next;

@@ -9,7 +9,7 @@
 
 namespace prancheta::dxf {
 
-HandleSource::HandleSource(DatabaseCore& core) {
+void HandleSource::collect(DatabaseCore& core) {
     Adesk::UInt64 largest = 0;
     const StubPool& stubs = ObjectAccess::stubs(core);
     for (std::size_t i = 0; i < stubs.size(); ++i)

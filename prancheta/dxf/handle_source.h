@@ -13,7 +13,8 @@ namespace prancheta::dxf {
 /// was saved and loaded.
 class HandleSource {
 public:
-    explicit HandleSource(DatabaseCore& core);
+    /// Looks at everything that the file keeps; nothing may come to the drawing afterwards.
+    void collect(DatabaseCore& core);
 
     Adesk::UInt64 next() { return m_next++; }
     Adesk::UInt64 peek() const { return m_next; }

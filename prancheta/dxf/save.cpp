@@ -44,7 +44,6 @@ Saver::Saver(AcDbDatabase& database, TagWriter& out, std::string version)
       m_core(database.core()),
       m_out(out),
       m_version(version),
-      m_handles(database.core()),
       m_entities(out, m_names, m_handles, std::move(version)),
       m_pictures(out, m_names, database) {
     m_filer.handleOf = [this](AcDbObjectId id) { return m_handles.of(id); };
@@ -57,12 +56,13 @@ void Saver::section(const char* name) {
 
 /// What a file keeps when it is loaded gets its handles first: the rest may change without moving them.
 void Saver::plan() {
+    // Drawing may bring linetypes and layers to the drawing.
     planPictures();
+    m_handles.collect(m_core);
     planStandard();
     planApplications();
     planBlocks();
     nameBlocks();
-    m_seed = std::max(m_core.nextHandle(), m_handles.peek() + 1);
 }
 
 void Saver::planBlocks() {

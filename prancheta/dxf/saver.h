@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "dbxrecrd.h"
 #include "prancheta/dxf/entity_writer.h"
 #include "prancheta/dxf/picture_writer.h"
 #include "prancheta/dxf/piece_out_filer.h"

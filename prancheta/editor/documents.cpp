@@ -92,24 +92,8 @@ std::unique_ptr<AcApDocManager> makeDocumentManager(Editor& editor) {
 
 bool Editor::modified() const { return m_database->core().undo().revision() != m_savedRevision; }
 
-/// Makes a database the working one, and tells the modules.
-void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
-    m_database = std::move(database);
-    m_fileName = std::move(fileName);
-    acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
-    DatabaseCore& core = m_database->core();
-    core.onEntityAppended = recordAppended;
-    core.onEntityErased = recordErased;
-    m_savedRevision = core.undo().revision();
-    nameDrawing(core.variables(), m_fileName);
-    m_modules->broadcast(AcRx::kLoadDwgMsg);
-    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors))
-        reactor->documentCreated(m_document.get());
-}
-
-/// Nothing may refer to the drawing afterwards.
-void Editor::closeDocument() {
-    if (m_database == nullptr) return;
+/// Nothing may refer to the drawing's objects afterwards.
+void Editor::tellClosing() {
     for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors))
         reactor->documentToBeDestroyed(m_document.get());
     m_modules->broadcast(AcRx::kUnloadDwgMsg);
@@ -122,8 +106,25 @@ void Editor::closeDocument() {
     m_view = View();
     m_ucs = AcGeMatrix3d();
     m_pointer.reset();
-    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
-    m_database.reset();
+}
+
+/// Makes a database the working one; the former one goes, with the new one in its place already.
+void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
+    const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
+    m_fileName = std::move(fileName);
+    acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
+    DatabaseCore& core = m_database->core();
+    if (former) keepSession(former->core().variables(), core.variables());
+    core.onEntityAppended = recordAppended;
+    core.onEntityErased = recordErased;
+    m_savedRevision = core.undo().revision();
+    nameDrawing(core.variables(), m_fileName);
+}
+
+void Editor::tellOpened() {
+    m_modules->broadcast(AcRx::kLoadDwgMsg);
+    for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors))
+        reactor->documentCreated(m_document.get());
 }
 
 Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database,
@@ -133,9 +134,9 @@ Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database,
     if (busy)
         return Error{
             "Há um comando de um módulo em execução; termine-o antes de trocar de desenho."};
-    keepSession(m_database->core().variables(), database->core().variables());
-    closeDocument();
+    tellClosing();
     adoptDatabase(std::move(database), std::move(fileName));
+    tellOpened();
     if (onDocumentChanged) onDocumentChanged();
     m_ui.refresh();
     return {};

@@ -41,12 +41,17 @@ Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns) : m_
     m_selectionSets = std::make_unique<SelectionSets>();
     acrxSysRegistry()->atPut(ACRX_REGISTERED_COMMANDS, m_commands.get());
     adoptDatabase(std::make_unique<AcDbDatabase>(), {});
+    tellOpened();
 }
 
 Editor::~Editor() {
     m_running.clear();
-    closeDocument();
-    m_modules.reset();
+    tellClosing();
+    // No object of a module's class may outlive the module; an empty drawing stands in till the
+    // end.
+    adoptDatabase(std::make_unique<AcDbDatabase>(), {});
+    m_modules->unloadAll();
+    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     acrxSysRegistry()->remove(ACRX_REGISTERED_COMMANDS);
     if (g_current == this) g_current = nullptr;
 }

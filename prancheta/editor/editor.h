@@ -85,8 +85,8 @@ public:
     void requestQuit() { m_quit = true; }
     bool quitRequested() const { return m_quit; }
     /// What is typed before the front end is asked again: characters as a keyboard gives them, line
-    /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments. A complaint drops
-    /// what is left.
+    /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments. A
+    /// complaint drops what is left.
     void typeAhead(std::wstring_view keys) { m_typeAhead.append(keys); }
 
     // --- Commands --------------------------------------------------------------------------------
@@ -212,10 +212,11 @@ private:
     Reading giveToken(Question& question, const ProgramToken& token);
     void echoToken(const Question& question, const ProgramToken& token);
     void notify(void (AcEditorReactor::*message)(const ACHAR*), const std::wstring& name) const;
+    void tellClosing();
     void adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);
+    void tellOpened();
     Result<void> replaceDatabase(std::unique_ptr<AcDbDatabase> database,
                                  std::filesystem::path fileName);
-    void closeDocument();
     Result<void> writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options);
     void updateVariables() const;
 

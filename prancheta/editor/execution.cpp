@@ -263,13 +263,12 @@ bool Editor::tookTransparent(const Question& question, const RawInput& input) {
     const std::wstring outer =
         m_running.empty() ? std::wstring() : upperCase(m_running.back()->name);
     const std::size_t level = m_running.size();
-    if (!startNamed(typed, Origin::Transparent)) return true;
-    while (m_running.size() > level) {
-        RunningCommand* inner = waiting();
-        if (inner == nullptr) break;
-        serve(*inner);
-    }
-    if (!outer.empty()) print(L"Continuando o comando " + outer + L".\n");
+    // What a program still has to say is not meant for this command.
+    TokenStream* const tokens = std::exchange(m_tokens, nullptr);
+    const bool started = startNamed(typed, Origin::Transparent);
+    while (m_running.size() > level && waiting() != nullptr) serve(*waiting());
+    m_tokens = tokens;
+    if (started && !outer.empty()) print(L"Continuando o comando " + outer + L".\n");
     return true;
 }
 

@@ -142,9 +142,11 @@ Result<void> ModuleTable::initialise(Module& module) {
     for (std::size_t i = before; i < allClasses().size(); ++i)
         module.classes.push_back(allClasses()[i]);
     module.started = true;
-    accepted = accepted && send(module, AcRx::kLoadDwgMsg) != AcRx::kRetError;
-    if (accepted) return {};
-    (void)send(module, AcRx::kUnloadAppMsg);
+    if (accepted) {
+        accepted = send(module, AcRx::kLoadDwgMsg) != AcRx::kRetError;
+        if (accepted) return {};
+        (void)send(module, AcRx::kUnloadAppMsg);
+    }
     remove(module);
     return moduleError(file, "o módulo recusou a carga.");
 }
@@ -181,12 +183,34 @@ Result<void> ModuleTable::unload(std::wstring_view name) {
     return {};
 }
 
+namespace {
+
+/// Takes out reactors whose class is the module's: nobody would be there to be told.
+template <class Reactor>
+void dropReactors(std::vector<Reactor*>& reactors, const void* base) {
+    std::erase_if(reactors, [&](const Reactor* r) {
+        const void* virtualTable = *reinterpret_cast<const void* const*>(r);
+        return libraryOf(virtualTable) == base;
+    });
+}
+
+}  // namespace
+
+/// Nothing of the host may point into the module afterwards, whatever the module forgot to take
+/// back.
 void ModuleTable::remove(Module& module) {
     const void* base = module.base;
     void* handle = module.handle;
     m_editor.commands().removeFunctions([&](AcRxFunctionPtr function) {
         return libraryOf(reinterpret_cast<const void*>(function)) == base;
     });
+    dropReactors(m_editor.reactors(), base);
+    dropReactors(m_editor.documentReactors(), base);
+    dropReactors(m_editor.database().core().reactors(), base);
+    for (auto c = module.classes.rbegin(); c != module.classes.rend(); ++c) {
+        const std::vector<AcRxClass*>& known = allClasses();
+        if (std::find(known.begin(), known.end(), *c) != known.end()) deleteAcRxClass(*c);
+    }
     std::erase_if(m_modules, [&](const auto& m) { return m.get() == &module; });
     dlclose(handle);
 }

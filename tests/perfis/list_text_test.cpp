@@ -57,14 +57,14 @@ TEST(LineReader, CutsAtLineFeedsAndAtTheBuffer) {
 }
 
 TEST(CutAtSeparator, WorksAsTheSplittingOfTheCLibrary) {
-    const auto cut = [](std::wstring text, wchar_t separator) {
-        cutAtSeparator(text, separator);
+    const auto cut = [](std::wstring text, std::wstring_view separators) {
+        cutAtSeparator(text, separators);
         return text;
     };
-    EXPECT_EQ(cut(L"100\t50\n", L'\n'), L"100\t50");
-    EXPECT_EQ(cut(L"a\rb\n", L'\r'), L"a");
-    EXPECT_EQ(cut(L"\n", L'\n'), L"\n");  // nothing before the separator: the text stays
-    EXPECT_EQ(cut(L"\ra\rb", L'\r'), L"\ra");
+    EXPECT_EQ(cut(L"100\t50\n", L"\n"), L"100\t50");
+    EXPECT_EQ(cut(L"a\rb\n", L"\r"), L"a");
+    EXPECT_EQ(cut(L"\n", L"\n"), L"\n");  // nothing before the separator: the text stays
+    EXPECT_EQ(cut(L"\ra\rb", L"\n\r"), L"\ra");
 }
 
 class CountLines : public TempFolder {};

@@ -112,15 +112,8 @@ int ZpArxOpenLista(int, AcDbObjectId& listaId, int estado, const wchar_t*, int t
 
 int ZpArxGetNextMarca(wchar_t* marca) {
     if (marca == nullptr || g_aberta.contador == nullptr) return 0;
-    std::vector<int> usadas = zp::lista::marcasEmUso(g_aberta.lista);
     std::vector<int>& dadas = g_aberta.contador->dadas;
-    usadas.insert(usadas.end(), dadas.begin(), dadas.end());
-    std::sort(usadas.begin(), usadas.end());
-    int livre = 1;
-    for (const int n : usadas) {
-        if (n > livre) break;
-        if (n == livre) ++livre;
-    }
+    const int livre = zp::lista::menorMarcaLivre(g_aberta.lista, dadas);
     dadas.push_back(livre);
     std::swprintf(marca, kZpMarcaMax, L"P%d", livre);
     return 1;

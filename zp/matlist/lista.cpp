@@ -176,32 +176,56 @@ Linha leLinha(Leitor& l) {
     return linha;
 }
 
-/// Rows and marks of the list asked last. Valid as long as the list still has that many rows and
-/// ends with the same one, which undo, erasing and opening another drawing change.
+/// Marks of the list asked last. They hold as long as its last row is still the last, which undo
+/// changes; adding a row keeps them up, so that n rows cost O(n).
 struct Guardado {
     AcDbObjectId lista;
-    std::size_t quantas = 0;
     AcDbObjectId ultima;
-    int proximo = 1;
-    std::multiset<int> marcas;
+    int proximo = 1;  ///< number of the next row
+    std::set<int> marcas;
+    int livre = 1;  ///< lowest mark not in use
+
+    void usa(int marca) {
+        marcas.insert(marca);
+        while (marcas.contains(livre)) ++livre;
+    }
 };
 Guardado g_guardado;
 
 int numeroDaMarca(const std::wstring& marca) { return numeroDe(marca, L"P"); }
 
-const Guardado& guardado(AcDbObjectId lista) {
+std::wstring nomeDaLinha(int numero) { return kPrefixoLinha + std::to_wstring(numero); }
+
+bool vale(const Guardado& g, AcDbObjectId lista) {
+    if (g.lista != lista || g.ultima.isNull() || g.ultima.isErased()) return false;
+    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+    AcDbObjectId id;
+    return d.object() != nullptr && d->getAt(nomeDaLinha(g.proximo - 1).c_str(), id) == Acad::eOk &&
+           id == g.ultima && !d->has(nomeDaLinha(g.proximo).c_str());
+}
+
+Guardado& guardado(AcDbObjectId lista) {
     Guardado& g = g_guardado;
-    const std::vector<Entrada> todas = entradas(lista, kPrefixoLinha);
-    const AcDbObjectId ultima = todas.empty() ? AcDbObjectId() : todas.back().id;
-    if (g.lista == lista && g.quantas == todas.size() && g.ultima == ultima) return g;
-    g = {lista, todas.size(), ultima, todas.empty() ? 1 : todas.back().numero + 1, {}};
-    for (const Entrada& e : todas) {
+    if (vale(g, lista)) return g;
+    g = {};
+    g.lista = lista;
+    for (const Entrada& e : entradas(lista, kPrefixoLinha)) {
+        g.ultima = e.id;
+        g.proximo = e.numero + 1;
         const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
         if (registro.object() == nullptr) continue;
         Leitor leitor(*registro.object());
-        if (const int n = numeroDaMarca(leitor.texto()); n > 0) g.marcas.insert(n);
+        if (const int n = numeroDaMarca(leitor.texto()); n > 0) g.usa(n);
     }
     return g;
+}
+
+void somaLinha(Guardado& g, const std::wstring& marca) {
+    const AcDbObjectPointer<AcDbDictionary> d(g.lista, AcDb::kForRead);
+    if (d.object() == nullptr) return;
+    (void)d->getAt(nomeDaLinha(g.proximo).c_str(), g.ultima);  // written a moment ago
+    ++g.proximo;
+    if (const int n = numeroDaMarca(marca); n > 0) g.usa(n);
 }
 
 }  // namespace
@@ -269,7 +293,7 @@ std::vector<Linha> linhas(AcDbObjectId lista) {
 }
 
 bool acrescenta(AcDbObjectId lista, const Linha& l) {
-    const int numero = guardado(lista).proximo;
+    Guardado& g = guardado(lista);
     Escritor e;
     e.texto(l.marca);
     e.inteiro(l.quantidade);
@@ -282,12 +306,19 @@ bool acrescenta(AcDbObjectId lista, const Linha& l) {
     e.real(l.areaPintura);
     e.texto(l.observacao);
     for (const AcDbSoftPointerId& id : l.ids) e.id(id);
-    return grava(lista, (kPrefixoLinha + std::to_wstring(numero)).c_str(), e);
+    if (!grava(lista, nomeDaLinha(g.proximo).c_str(), e)) return false;
+    somaLinha(g, l.marca);
+    return true;
 }
 
-std::vector<int> marcasEmUso(AcDbObjectId lista) {
+void esquece() { g_guardado = {}; }
+
+int menorMarcaLivre(AcDbObjectId lista, const std::vector<int>& dadas) {
     const Guardado& g = guardado(lista);
-    return {g.marcas.begin(), g.marcas.end()};
+    int livre = g.livre;
+    while (g.marcas.contains(livre) || std::find(dadas.begin(), dadas.end(), livre) != dadas.end())
+        ++livre;
+    return livre;
 }
 
 bool apagada(const Linha& linha) {

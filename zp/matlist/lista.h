@@ -41,8 +41,11 @@ bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho);
 /// Rows in the order in which they were added.
 std::vector<Linha> linhas(AcDbObjectId lista);
 bool acrescenta(AcDbObjectId lista, const Linha& linha);
-/// Numbers of the marks "P<n>" in use.
-std::vector<int> marcasEmUso(AcDbObjectId lista);
+/// To be called when a drawing goes away: its ids may come back as those of another one.
+void esquece();
+
+/// Lowest n for which no row has the mark "P<n>" and which is not among `dadas`.
+int menorMarcaLivre(AcDbObjectId lista, const std::vector<int>& dadas);
 
 /// True when the row is tied to entities and all of them are erased.
 bool apagada(const Linha& linha);

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// Entry of ZP__MaterialList18.arx.
+#include "accmd.h"
+#include "rxregsvc.h"
+#include "zp/matlist/lista.h"
+#include "zp/matlist/relatorio.h"
+#include "zp/matlist/tabela.h"
+#include "zp/matlist/zpmarca.h"
+
+namespace {
+
+constexpr const ACHAR* kGrupo = L"ZPMATLIST";
+
+void comeca(void* aplicacao) {
+    acrxUnlockApplication(aplicacao);
+    acrxRegisterAppMDIAware(aplicacao);
+    ZpMarca::rxInit();
+    acrxBuildClassHierarchy();
+    zp::lista::instalaRelatorio();
+    if (AcEdCommandStack* pilha = acedRegCmds; pilha != nullptr)
+        (void)pilha->addCommand(
+            kGrupo, L"LISTAMATERIAL", L"LISTAMATERIAL", ACRX_CMD_MODAL,
+            zp::lista::comandoListaMaterial);  // refused only when it is there already
+}
+
+void encerra() {
+    if (AcEdCommandStack* pilha = acedRegCmds; pilha != nullptr) (void)pilha->removeGroup(kGrupo);
+    zp::lista::retiraRelatorio();
+    zp::lista::esquece();
+    deleteAcRxClass(ZpMarca::desc());
+}
+
+}  // namespace
+
+extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
+    if (msg == AcRx::kInitAppMsg) comeca(pkt);
+    if (msg == AcRx::kUnloadDwgMsg) zp::lista::esquece();
+    if (msg == AcRx::kUnloadAppMsg) encerra();
+    return AcRx::kRetOK;
+}
+
+extern "C" int acrxGetApiVersion() { return 18; }

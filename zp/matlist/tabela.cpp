@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+// Table and spreadsheet file of a material list.
+#include "zp/matlist/tabela.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+#include "adscodes.h"
+#include "dbents.h"
+#include "perfis/entities/zpfuncoes.h"
+#include "zp/objects/secao/secao.h"
+
+namespace zp::lista {
+namespace {
+
+using secao::numero;
+
+constexpr std::size_t kColunas = 10;
+
+struct Coluna {
+    const wchar_t* titulo;
+    bool numerica;
+};
+
+constexpr std::array<Coluna, kColunas> kTitulos{{{L"MARCA", false},
+                                                 {L"QUANT.", true},
+                                                 {L"DESCRIÇÃO", false},
+                                                 {L"DIMENSÕES", false},
+                                                 {L"MATERIAL", false},
+                                                 {L"COMPR. (mm)", true},
+                                                 {L"PESO UNIT. (kg)", true},
+                                                 {L"PESO TOTAL (kg)", true},
+                                                 {L"PINTURA (m2)", true},
+                                                 {L"OBSERVAÇÃO", false}}};
+
+using Campos = std::array<std::wstring, kColunas>;
+
+Campos titulos() {
+    Campos c;
+    std::transform(kTitulos.begin(), kTitulos.end(), c.begin(),
+                   [](const Coluna& t) { return t.titulo; });
+    return c;
+}
+
+Campos campos(const Linha& l) {
+    return {l.marca,
+            std::to_wstring(l.quantidade),
+            l.descricao,
+            l.dimensoes,
+            l.material,
+            numero(l.comprimento, 1),
+            numero(l.pesoUnitario, 2),
+            numero(l.pesoTotal, 2),
+            numero(l.areaPintura, 3),
+            observacaoDe(l)};
+}
+
+/// Totals of what was not erased.
+Campos totais(const std::vector<Linha>& linhas) {
+    double peso = 0.0;
+    double pintura = 0.0;
+    for (const Linha& l : linhas) {
+        if (apagada(l)) continue;
+        peso += l.pesoTotal;
+        pintura += l.areaPintura;
+    }
+    Campos c;
+    c[0] = L"TOTAL";
+    c[7] = numero(peso, 2);
+    c[8] = numero(pintura, 3);
+    return c;
+}
+
+void apagaTabela(const Cabecalho& cabecalho) {
+    for (const AcDbSoftPointerId& id : cabecalho.tabela) {
+        AcDbEntity* parte = nullptr;
+        if (acdbOpenAcDbEntity(parte, id, AcDb::kForWrite) != Acad::eOk) continue;
+        (void)parte->erase();  // open for write and alive
+        (void)parte->close();
+    }
+}
+
+/// Puts lines and texts on one layer into the drawing and keeps their ids.
+class Desenhista {
+public:
+    explicit Desenhista(const wchar_t* camada) : m_camada(camada) {}
+    void linha(const AcGePoint3d& a, const AcGePoint3d& b) {
+        poe(std::make_unique<AcDbLine>(a, b));
+    }
+    void texto(const AcGePoint3d& onde, const std::wstring& t, double altura, bool aDireita) {
+        if (t.empty()) return;
+        auto entidade = std::make_unique<AcDbText>(onde, t.c_str(), AcDbObjectId::kNull, altura);
+        if (aDireita) {
+            (void)entidade->setHorizontalMode(2);
+            (void)entidade->setAlignmentPoint(onde);
+        }
+        poe(std::move(entidade));
+    }
+    std::vector<AcDbSoftPointerId> ids() const { return m_ids; }
+
+private:
+    void poe(std::unique_ptr<AcDbEntity> entidade) {
+        (void)entidade->setLayer(m_camada);  // a layer that cannot be leaves the current one
+        AcDbObjectId id;
+        if (append(entidade.get(), id) != RTNORM) return;
+        (void)entidade.release()->close();
+        m_ids.push_back(AcDbSoftPointerId(id));
+    }
+    const wchar_t* m_camada;
+    std::vector<AcDbSoftPointerId> m_ids;
+};
+
+std::wstring campoCsv(const std::wstring& campo) {
+    if (campo.find_first_of(L";\"\r\n") == std::wstring::npos) return campo;
+    std::wstring citado = L"\"";
+    for (const wchar_t c : campo) {
+        if (c == L'"') citado += L'"';
+        citado += c;
+    }
+    return citado + L'"';
+}
+
+void acrescentaCsv(std::wstring& texto, const Campos& c) {
+    for (std::size_t i = 0; i < kColunas; ++i) {
+        if (i > 0) texto += L';';
+        texto += campoCsv(c[i]);
+    }
+    texto += L"\r\n";
+}
+
+std::string utf8(const std::wstring& texto) {
+    std::string bytes;
+    for (const wchar_t c : texto) {
+        const auto u = static_cast<std::uint32_t>(c);
+        const auto resto = [&](int desloca) {
+            bytes += static_cast<char>(0x80u | (u >> desloca & 0x3fu));
+        };
+        if (u < 0x80) {
+            bytes += static_cast<char>(u);
+        } else if (u < 0x800) {
+            bytes += static_cast<char>(0xc0u | u >> 6);
+            resto(0);
+        } else if (u < 0x10000) {
+            bytes += static_cast<char>(0xe0u | u >> 12);
+            resto(6);
+            resto(0);
+        } else {
+            bytes += static_cast<char>(0xf0u | u >> 18);
+            resto(12);
+            resto(6);
+            resto(0);
+        }
+    }
+    return bytes;
+}
+
+}  // namespace
+
+bool desenhaTabela(const Lista& lista) {
+    std::optional<Cabecalho> cabecalho = leCabecalho(lista.id);
+    if (!cabecalho) return false;
+    const std::vector<Linha> todas = linhas(lista.id);
+    std::vector<Campos> celulas{titulos()};
+    for (const Linha& l : todas) celulas.push_back(campos(l));
+    celulas.push_back(totais(todas));
+
+    const double h = 2.5 * GetScale();
+    std::array<double, kColunas + 1> x{};
+    x[0] = cabecalho->ponto.x;
+    for (std::size_t i = 0; i < kColunas; ++i) {
+        std::size_t maior = 0;
+        for (const Campos& c : celulas) maior = std::max(maior, c[i].size());
+        x[i + 1] = x[i] + h * (0.9 * static_cast<double>(maior) + 1.6);
+    }
+    apagaTabela(*cabecalho);
+    Desenhista d(ZpLayerToUsr(L"LISTA"));
+    const double passo = 2.0 * h;
+    const double z = cabecalho->ponto.z;
+    const auto y = [&](std::size_t n) {
+        return cabecalho->ponto.y - passo * static_cast<double>(n);
+    };
+    for (std::size_t n = 0; n <= celulas.size(); ++n)
+        d.linha({x.front(), y(n), z}, {x.back(), y(n), z});
+    for (const double coluna : x) d.linha({coluna, y(0), z}, {coluna, y(celulas.size()), z});
+    for (std::size_t n = 0; n < celulas.size(); ++n)
+        for (std::size_t i = 0; i < kColunas; ++i) {
+            const bool direita = kTitulos[i].numerica && n > 0;
+            const double onde = direita ? x[i + 1] - 0.8 * h : x[i] + 0.8 * h;
+            d.texto({onde, y(n + 1) + 0.5 * h, z}, celulas[n][i], h, direita);
+        }
+    cabecalho->tabela = d.ids();
+    return gravaCabecalho(lista.id, *cabecalho);
+}
+
+std::wstring textoCsv(const std::vector<Linha>& linhas) {
+    std::wstring texto;
+    acrescentaCsv(texto, titulos());
+    for (const Linha& l : linhas) acrescentaCsv(texto, campos(l));
+    return texto;
+}
+
+bool gravaCsv(const std::wstring& caminho, const std::vector<Linha>& linhas) {
+    const std::filesystem::path destino = std::filesystem::path(
+        std::u8string_view(reinterpret_cast<const char8_t*>(utf8(caminho).c_str())));
+    std::filesystem::path provisorio = destino;
+    provisorio += ".tmp";
+    std::error_code erro;
+    {
+        std::ofstream arquivo(provisorio, std::ios::binary | std::ios::trunc);
+        arquivo << "\xEF\xBB\xBF" << utf8(textoCsv(linhas));
+        arquivo.close();
+        if (!arquivo) {
+            std::filesystem::remove(provisorio, erro);
+            return false;
+        }
+    }
+    std::filesystem::rename(provisorio, destino, erro);
+    if (!erro) return true;
+    std::filesystem::remove(provisorio, erro);
+    return false;
+}
+
+}  // namespace zp::lista
