@@ -300,6 +300,91 @@ pulam_geracao : dialog {
     rodape;
 }
 
+// ---- Perfis I -----------------------------------------------------------------------------------
+
+altura_H : medida { key = "h"; label = "&Altura H (mm)"; }
+alma_tw : medida { key = "a"; label = "Espessura da al&ma tw (mm)"; }
+
+dimensoes_do_I : boxed_column {
+    label = "Dimensões";
+    altura_H;
+    : largura_b { label = "Largura das mesas &B (mm)"; }
+    : espessura_t { label = "&Espessura das mesas tf (mm)"; }
+    alma_tw;
+}
+
+// Os títulos das colunas ficam sobre a lista; o programa os troca com a fonte das bitolas.
+titulo_das_colunas : text {
+    width = 38;
+    fixed_width_font = true;
+}
+
+// vigai
+vi_geracao : dialog {
+    label = "Viga I soldada";
+    : row {
+        : column {
+            : boxed_radio_row {
+                label = "Bitolas";
+                : radio_button { key = "rb_user"; label = "&Favoritos"; }
+                : radio_button { key = "rb_vs"; label = "VS"; }
+                : radio_button { key = "rb_cvs"; label = "CVS"; }
+                : radio_button { key = "rb_cs"; label = "CS"; }
+            }
+            : titulo_das_colunas { key = "vitxt"; label = "  H        B          tf        tw"; }
+            : catalogo { tabs = "9 20 30"; width = 38; }
+            botoes_do_catalogo;
+            dimensoes_do_I;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilpsa
+psa_geracao : dialog {
+    label = "Perfil I soldado assimétrico";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: H  bb  tb  bc  tc  tw (mm)"; tabs = "7 14 21 28 35"; width = 42; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_H;
+                : medida { key = "bc"; label = "Mesa superior: lar&gura bc (mm)"; }
+                : medida { key = "tc"; label = "Mesa superior: &espessura tc (mm)"; }
+                : medida { key = "bb"; label = "Mesa inferior: &largura bb (mm)"; }
+                : medida { key = "tb"; label = "Mesa i&nferior: espessura tb (mm)"; }
+                alma_tw;
+            }
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilil
+vi_lam_geracao : dialog {
+    key = "vilam_dlg";
+    label = "I Laminado";
+    : row {
+        : column {
+            : boxed_radio_row {
+                label = "Bitolas";
+                : radio_button { key = "rd_acominas"; label = "Açomi&nas"; }
+                : radio_button { key = "rd_europe"; label = "Europeus"; }
+                : radio_button { key = "rd_usa"; label = "Ameri&canos"; }
+            }
+            : titulo_das_colunas { key = "list_title"; }
+            : catalogo { tabs = "12 20"; }
+            botoes_do_catalogo;
+            dimensoes_do_I;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
 // ---- Função da barra na estrutura ---------------------------------------------------------------
 
 tipo_barras : dialog {

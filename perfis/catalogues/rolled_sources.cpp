@@ -39,7 +39,7 @@ bool readRolledLines(std::wstring_view path, ZpStringList& lines) {
         cutAtSeparator(line, L"\n\r");
         // A text ends at its first null character.
         if (line.front() == L'\0') break;
-        lines.append(ZpString(line.c_str()));
+        lines.append(line == L"\n" ? ZpString() : ZpString(line.c_str()));
     }
     return true;
 }

@@ -35,8 +35,8 @@ struct RolledSize {
 
 RolledSize rolledSize(const RolledSource& source, const ZpString& dataLine);
 
-/// Lines of such a file, up to 510 characters each; blank lines keep their place. False, and `lines`
-/// is untouched, when the file cannot be opened.
+/// Lines of such a file, up to 510 characters each; blank lines keep their place. False, and
+/// `lines` is untouched, when the file cannot be opened.
 bool readRolledLines(std::wstring_view path, ZpStringList& lines);
 
 }  // namespace perfis

@@ -33,8 +33,8 @@ const CommandRow kCommands[30] = {
     {L"pudoben", L"perfilur", pudoben},
     {L"pcantxdob", L"perfildvv", missing<12>},
     {L"pcantlam", L"perfilcl", pcantlam},
-    {L"pilaminado", L"perfilil", missing<14>},
-    {L"pisoldado", L"vigai", missing<15>},
+    {L"pilaminado", L"perfilil", pilaminado},
+    {L"pisoldado", L"vigai", pisoldado},
     {L"pcantcruzlam", L"cantdvvl", missing<16>},
     {L"pcanttelam", L"cantdteel", missing<17>},
     {L"pcantulam", L"cantdul", missing<18>},
@@ -48,7 +48,7 @@ const CommandRow kCommands[30] = {
     {L"perfilbarraredonda", L"perfilbarraredonda", perfilbarraredonda},
     {L"perfiltubo", L"perfiltubo", perfiltubo},
     {L"perfilbox", L"perfilbox", perfilbox},
-    {L"perfilpsa", L"perfilpsa", missing<29>},
+    {L"perfilpsa", L"perfilpsa", perfilpsa},
     {L"perfilicartola", L"perfilicartola", missing<30>},
 };
 

@@ -51,7 +51,7 @@ bool Loader::bad(const char* at, std::string text) {
     return false;
 }
 
-void Loader::find(std::string text, const char* at, Adesk::UInt64 handle) {
+void Loader::note(std::string text, const char* at, Adesk::UInt64 handle) {
     const auto line = at == nullptr ? -1 : std::count(m_text.data(), at, '\n');
     m_report.findings.push_back({std::move(text), static_cast<int>(line) + 1, handle});
 }
@@ -130,7 +130,7 @@ AcDbObjectId Loader::resolve(Kind kind, const std::wstring& name) {
     if (const AcDbObjectId id = ObjectAccess::lookup(table, name); !id.isNull()) return id;
     constexpr const char* kWhat[] = {"a camada", "o tipo de linha", "o estilo de texto",
                                      "o estilo de cota"};
-    find(std::string(kWhat[kind]) + " \"" + toUtf8(name) + "\" não tem registro; foi criado um",
+    note(std::string(kWhat[kind]) + " \"" + toUtf8(name) + "\" não tem registro; foi criado um",
          nullptr, 0);
     std::unique_ptr<AcDbSymbolTableRecord> record;
     switch (kind) {
@@ -175,7 +175,7 @@ Adesk::UInt64 Loader::claim(Adesk::UInt64 handle, const char* at) {
         (void)m_core.changeHandle(AcDbObjectId(stub), m_core.nextHandle());
         return handle;
     }
-    find("identificador repetido no arquivo; o objeto recebeu outro", at, handle);
+    note("identificador repetido no arquivo; o objeto recebeu outro", at, handle);
     return 0;
 }
 
@@ -215,7 +215,7 @@ bool Loader::complete() {
         AcDbEntity* entity = nullptr;
         if (acdbOpenObject(entity, move.entity->objectId(), AcDb::kForWrite) != Acad::eOk) continue;
         if (entity->transformBy(move.matrix) != Acad::eOk)
-            find("a peça foi mudada por outro programa e não pôde acompanhar a mudança", nullptr,
+            note("a peça foi mudada por outro programa e não pôde acompanhar a mudança", nullptr,
                  entity->objectId().handle().value());
         entity->close();
     }

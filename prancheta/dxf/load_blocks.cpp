@@ -105,7 +105,7 @@ bool Loader::readBlocks() {
         if (name.empty()) return bad(m_record.at, "um bloco não tem nome");
         FileBlock& found = block(text(name));
         if (found.isRead || !found.content.empty()) {
-            find("bloco repetido: \"" + toUtf8(text(name)) + "\"", m_record.at, 0);
+            note("bloco repetido: \"" + toUtf8(text(name)) + "\"", m_record.at, 0);
             FileBlock unused;
             if (!passBlock(unused, start)) return false;
         } else if (mayBePicture(name) && found.id.isNull()) {
@@ -186,7 +186,7 @@ bool Loader::readWantedBlocks() {
         if (found->id.isNull() || found->isRead) continue;
         const AcDbBlockTableRecord& record = recordAt(found->id);
         if (!record.isLayout())
-            find("o bloco \"" + toUtf8(ObjectAccess::name(record)) +
+            note("o bloco \"" + toUtf8(ObjectAccess::name(record)) +
                      "\" não tem definição; ficou vazio",
                  nullptr, record.objectId().handle().value());
     }

@@ -39,7 +39,7 @@ void Loader::takeVersion() {
         }
         if (name == "$DWGCODEPAGE" && !value.empty() && value != "ANSI_1252" &&
             value != "ansi_1252" && value != "DOS850" && charset() == Charset::Windows1252)
-            find("a página de código " + std::string(value) +
+            note("a página de código " + std::string(value) +
                      " não é conhecida; os acentos podem aparecer trocados",
                  value.data(), 0);
         std::uint64_t seed = 0;
@@ -90,7 +90,7 @@ void Loader::applyVariables() {
                                       : std::wstring(trim(std::wstring_view(text(tags[0].value))));
         if (info->value == value) continue;
         if (const Result<void> done = m_core.variables().set(wide, value); !done)
-            find("variável " + name + " ignorada: " + done.error().text, tags[0].value.data(), 0);
+            note("variável " + name + " ignorada: " + done.error().text, tags[0].value.data(), 0);
     }
 }
 

@@ -98,7 +98,7 @@ std::unique_ptr<AcDbEntity> Loader::readPiece(std::string_view& pictureBlock) {
     if (first == nullptr) return nullptr;
     const char* const at = first != last ? first->value.data() : nullptr;
     const auto refuse = [&](const std::string& why) {
-        find(why + "; ficou como referência de bloco", at, m_head.handle);
+        note(why + "; ficou como referência de bloco", at, m_head.handle);
         return nullptr;
     };
     if (!parsePieceRecord(first, last, m_piece)) return refuse("o registro de uma peça está danificado");

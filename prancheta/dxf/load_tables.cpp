@@ -96,7 +96,7 @@ bool Loader::addRecord(const RecordType& type, AcDbSymbolTableRecord* record) {
     const std::wstring name = ObjectAccess::name(*record);
     const AcDbObjectId former = ObjectAccess::lookup(table, name);
     if (!former.isNull() || name.empty()) {
-        find(std::string("registro repetido ou sem nome na tabela ") + type.name + ": \"" +
+        note(std::string("registro repetido ou sem nome na tabela ") + type.name + ": \"" +
                  toUtf8(name) + "\"",
              m_record.at, m_head.handle);
         delete record;

@@ -98,7 +98,7 @@ private:
     bool readPieceFields();
 
     AcDbObjectId resolve(Kind kind, const std::wstring& name) override;
-    void find(std::string text, const char* at, Adesk::UInt64 handle);
+    void note(std::string text, const char* at, Adesk::UInt64 handle);
     bool bad(const char* at, std::string text);
     bool nextIn(TagReader& reader, Record& record, const char* section, const char* end);
     void reserveAllHandles();

@@ -1,1 +1,150 @@
 // SPDX-License-Identifier: MIT
+// Damaged files: an error that says where, never half a drawing.
+#include "dbdim.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/dxf/binary.h"
+#include "support.h"
+
+using namespace dxftest;
+using namespace prancheta;
+
+namespace {
+
+Result<std::unique_ptr<AcDbDatabase>> tryLoad(const std::string& bytes) {
+    const Folder folder;
+    write(folder / "a.dxf", bytes);
+    return dxf::load(folder / "a.dxf");
+}
+
+/// A small drawing with pieces, a dimension, a block and a dictionary.
+std::string sample(dxf::Form form) {
+    AcDbDatabase database(true, true);
+    append(database, new AcDbText({0, 0, 0}, L"Ação", AcDbObjectId::kNull, 2.5));
+    append(database, new AcDbAlignedDimension({0, 0, 0}, {10, 0, 0}, {5, 5, 0}));
+    auto* bar = new Bar;
+    bar->values.assign(4, 0.1);
+    append(database, bar);
+    return saved(database, {dxf::Version::Keep, form});
+}
+
+}  // namespace
+
+TEST(Damage, EveryTruncationIsAnError) {
+    const BarModule module;
+    const std::string text = sample(dxf::Form::Ascii);
+    for (std::size_t size = 0; size + 4 < text.size(); ++size) {
+        const auto loaded = tryLoad(text.substr(0, size));
+        ASSERT_FALSE(loaded.ok()) << "cut at byte " << size;
+        ASSERT_FALSE(loaded.error().text.empty());
+        ASSERT_GT(loaded.error().line, 0) << "cut at byte " << size;
+    }
+    EXPECT_TRUE(tryLoad(text).ok());
+    EXPECT_TRUE(tryLoad(text.substr(0, text.size() - 1)).ok()) << "only the last line end is missing";
+}
+
+TEST(Damage, EveryTruncationOfABinaryFileIsAnError) {
+    const BarModule module;
+    const std::string bytes = sample(dxf::Form::Binary);
+    for (std::size_t size = 0; size + 4 < bytes.size(); ++size) {
+        const auto loaded = tryLoad(bytes.substr(0, size));
+        ASSERT_FALSE(loaded.ok()) << "cut at byte " << size;
+        const bool tells = loaded.error().text.find("byte") != std::string::npos;
+        ASSERT_TRUE(tells || size <= dxf::binarySignature().size()) << loaded.error().text;
+    }
+    EXPECT_TRUE(tryLoad(bytes).ok());
+}
+
+TEST(Damage, BadGroupsAreToldWithTheirLine) {
+    struct Case {
+        const char* entity;
+        int line;  ///< in the entity, counted from its group 0
+        const char* text;
+    };
+    const Case cases[] = {
+        {"0 LINE|8 0|10 1,5|20 0|11 1|21 0", 6, "separador decimal"},
+        {"0 LINE|8 0|10 abc|20 0|11 1|21 0", 6, "código 10"},
+        {"0 LINE|8 0|10 |20 0|11 1|21 0", 6, "código 10"},
+        {"0 CIRCLE|8 0|10 1|20 0|40 nan", 10, "código 40"},
+        {"0 LINE|8 0|62 x|10 1|20 0", 6, "código 62"},
+        {"0 LINE|5 XYZ|8 0|10 1|20 0", 4, "código 5"},
+        {"0 DESCONHECIDO|8 0|40 1,5", 6, "código 40"},
+        {"0 LINE|8 0|10 1|20 0|1001 A|1040 1,5", 12, "código 1040"},
+        {"0 POLYLINE|8 0|0 VERTEX|8 0|10 1|20 2|0 LINE|8 0", 14, "SEQEND"},
+        {"0 INSERT|8 0|66 1|2 B|10 0|20 0|0 LINE|8 0", 14, "SEQEND"},
+    };
+    for (const Case& c : cases) {
+        const auto loaded = tryLoad(fileWith(c.entity));
+        ASSERT_FALSE(loaded.ok()) << c.entity;
+        EXPECT_NE(loaded.error().text.find(c.text), std::string::npos) << loaded.error().text;
+        // Seven groups stand before the first entity: two of the section, four of the header, ...
+        EXPECT_EQ(loaded.error().line, 14 + c.line) << c.entity;
+        EXPECT_NE(loaded.error().message().find("a.dxf"), std::string::npos);
+    }
+}
+
+TEST(Damage, BadStructureIsToldInWords) {
+    const std::string good = fileWith("0 POINT|8 0|10 0|20 0");
+    const auto replaced = [&](const std::string& from, const std::string& to) {
+        std::string out = good;
+        out.replace(out.find(from), from.size(), to);
+        return out;
+    };
+    const std::pair<std::string, const char*> cases[] = {
+        {"", "EOF"},
+        {"isto não é um desenho\n", "código de grupo"},
+        {replaced("0\nEOF\n", ""), "EOF"},
+        {replaced("0\nSECTION\n2\nENTITIES\n", "0\nLINE\n"), "SECTION"},
+        {replaced("2\nENTITIES\n", ""), "nome"},
+        {replaced("8\n0\n", "8\n0\n0\n"), "código de grupo"},
+        {replaced("10\n0\n", "1x\n0\n"), "código de grupo"},
+        {fileWith("0 POINT|8 0|10 0|20 0", "AC1015", "0 SECTION|2 TABLES|0 LAYER|2 A|0 ENDSEC"), "TABLE"},
+        {fileWith("0 POINT|8 0|10 0|20 0", "AC1015", "0 SECTION|2 BLOCKS|0 LINE|8 0|0 ENDSEC"), "BLOCK"},
+        {fileWith("0 POINT|8 0|10 0|20 0", "AC1015", "0 SECTION|2 BLOCKS|0 BLOCK|2 A|10 0|20 0|0 ENDSEC"), "ENDBLK"},
+        {fileWith("0 POINT|8 0|10 0|20 0", "AC1015", "0 SECTION|2 BLOCKS|0 BLOCK|2 *U1|10 0|20 0|0 ENDSEC"), "ENDBLK"},
+    };
+    for (const auto& [text, word] : cases) {
+        const auto loaded = tryLoad(text);
+        ASSERT_FALSE(loaded.ok()) << word;
+        EXPECT_NE(loaded.error().text.find(word), std::string::npos) << loaded.error().text;
+        EXPECT_GT(loaded.error().line, 0) << loaded.error().text;
+    }
+}
+
+TEST(Damage, WhatCanBeRepairedIsReported) {
+    dxf::LoadReport report;
+    const auto database = loadText(
+        fileWith("0 POINT|5 A1|8 0|10 0|20 0|0 POINT|5 A1|8 NOVA|10 1|20 1|0 INSERT|8 0|2 NENHUM|10 0|20 0"), &report);
+    ASSERT_NE(database, nullptr);
+    EXPECT_EQ(modelSpace(*database).size(), 3U);
+    EXPECT_EQ(report.findings.size(), 3U) << "handle twice, layer without record, block without content";
+    const Groups all = groupsOf(saved(*database));
+    EXPECT_FALSE(record(all, "BLOCK", 2, "NENHUM").empty());
+    EXPECT_FALSE(record(all, "LAYER", 2, "NOVA").empty());
+}
+
+TEST(Damage, LinesChangedAtRandomNeverCrash) {
+    const BarModule module;
+    const std::string text = sample(dxf::Form::Ascii);
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size(); at = text.find('\n', at) + 1)
+        lines.push_back(text.substr(at, text.find('\n', at) - at));
+    const char* const values[] = {"", "-1", "0", "99999999999999999999", "*U1", "1e308", "{", "ENDSEC", "330", "é"};
+    std::uint32_t random = 12345;
+    int loaded = 0;
+    for (int i = 0; i < 3000; ++i) {
+        std::vector<std::string> changed = lines;
+        for (int k = 0; k < 2; ++k) {
+            random = random * 1664525U + 1013904223U;
+            changed[(random >> 8) % changed.size()] = values[(random >> 4) % std::size(values)];
+        }
+        std::string out;
+        for (const std::string& line : changed) out += line + "\n";
+        auto result = tryLoad(out);
+        if (!result.ok()) continue;
+        ++loaded;
+        // What was accepted can be written and read again.
+        const auto again = tryLoad(saved(**result));
+        ASSERT_TRUE(again.ok()) << again.error().message();
+    }
+    EXPECT_GT(loaded, 0);
+}

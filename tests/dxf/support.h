@@ -8,6 +8,10 @@
 #include <string>
 #include <vector>
 
+#include <algorithm>
+#include <set>
+
+#include "acutads.h"
 #include "dbents.h"
 #include "prancheta/dxf/document.h"
 

@@ -1,1 +1,106 @@
 // SPDX-License-Identifier: MIT
+// Files older than R2000 become R2000.
+#include "dbdim.h"
+#include "dbpl.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/entities/foreign_entity.h"
+#include "support.h"
+
+using namespace dxftest;
+using namespace prancheta;
+
+namespace {
+
+/// Markers of a record, in order.
+std::string markers(const Groups& record) {
+    std::string out;
+    for (const Group& group : record)
+        if (group.code == 100) out += group.value + " ";
+    return out;
+}
+
+const char* const kOld =
+    "0 LINE|8 VELHA|62 2|10 0|20 0|30 0|11 10|21 0|31 0|39 5.0|0 ARC|8 0|10 1|20 2|30 0|40 3|50 0|51 90|0 TEXT|8 0|10 0|20 "
+    "0|30 0|40 2.5|1 A\xE7o|7 STANDARD|72 1|11 5|21 5|31 0|0 POLYLINE|8 0|66 1|10 0|20 0|30 0|70 1|0 VERTEX|8 0|10 0|20 0|30 "
+    "0|42 0.5|0 VERTEX|8 0|10 9|20 9|30 0|0 SEQEND|8 0|0 3DFACE|8 0|10 0|20 0|30 0|11 1|21 0|31 0|12 1|22 1|32 0|13 0|23 1|33 "
+    "0|0 DIMENSION|8 0|2 *D0|10 0|20 5|30 0|11 2|21 5|31 0|70 0|1 |13 0|23 0|33 0|14 4|24 3|34 0|50 0.0";
+
+}  // namespace
+
+TEST(Upgrade, EntitiesOfR12GetHandlesOwnersAndMarkers) {
+    const char* blocks = "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 *D0|70 1|10 0|20 0|30 0|3 *D0|0 LINE|8 0|10 0|20 0|11 4|21 0|0 "
+                         "ENDBLK|8 0|0 ENDSEC";
+    const Groups all = passed(fileWith(kOld, "AC1009", blocks));
+    EXPECT_EQ(all[3], (Group{1, "AC1015"}));
+    const std::pair<const char*, const char*> expected[] = {
+        {"LINE", "AcDbEntity AcDbLine "},
+        {"ARC", "AcDbEntity AcDbCircle AcDbArc "},
+        {"TEXT", "AcDbEntity AcDbText AcDbText "},
+        {"POLYLINE", "AcDbEntity AcDb2dPolyline "},
+        {"VERTEX", "AcDbEntity AcDbVertex AcDb2dVertex "},
+        {"SEQEND", "AcDbEntity "},
+        {"3DFACE", "AcDbEntity AcDbFace "},
+        {"DIMENSION", "AcDbEntity AcDbDimension AcDbAlignedDimension AcDbRotatedDimension "},
+    };
+    for (const auto& [type, wanted] : expected) {
+        const Groups found = record(all, type);
+        EXPECT_EQ(markers(found), wanted) << type;
+        EXPECT_NE(valueOf(found, 5), "(sem o grupo)") << type;
+        EXPECT_NE(valueOf(found, 330), "0") << type;
+    }
+    EXPECT_EQ(valueOf(record(all, "VERTEX"), 330), valueOf(record(all, "POLYLINE"), 5));
+    EXPECT_EQ(valueOf(record(all, "LINE", 8, "VELHA"), 39), "5.0") << "thickness, behind its marker";
+    EXPECT_FALSE(record(all, "LAYER", 2, "VELHA").empty()) << "a layer without a record gets one";
+    EXPECT_EQ(valueOf(record(all, "TEXT"), 1), "A\xE7o");
+    EXPECT_EQ(countOf(all, "VERTEX"), 2U);
+}
+
+TEST(Upgrade, SecondSaveChangesNothing) {
+    const auto first = loadText(fileWith(kOld, "AC1009"));
+    ASSERT_NE(first, nullptr);
+    const std::string text = saved(*first);
+    const auto second = loadText(text);
+    ASSERT_NE(second, nullptr);
+    EXPECT_TRUE(saved(*second) == text);
+}
+
+TEST(Upgrade, TablesAndVariablesOfR12) {
+    std::string text = fileWith(
+        "0 LINE|8 0|6 TRACO|10 0|20 0|11 1|21 1", "AC1009",
+        "0 SECTION|2 TABLES|0 TABLE|2 VPORT|70 1|0 VPORT|2 *ACTIVE|70 0|12 55.5|22 0|40 77|0 ENDTAB|0 TABLE|2 LTYPE|70 1|0 "
+        "LTYPE|2 TRACO|70 64|3 --|72 65|73 2|40 2.0|49 1.5|49 -0.5|0 ENDTAB|0 TABLE|2 DIMSTYLE|70 1|0 DIMSTYLE|2 COTA|70 "
+        "0|3 |4 |5 SETA|6 |7 |40 10.0|41 3.0|140 1.8|0 ENDTAB|0 ENDSEC");
+    text.insert(text.find("0\nENDSEC"), "9\n$FASTZOOM\n70\n1\n9\n$LTSCALE\n40\n3.0\n9\n$DIMSTYLE\n2\nCOTA\n");
+    const Groups all = groupsOf(saved(*loadText(text)));
+    EXPECT_EQ(markers(record(all, "VPORT")), "AcDbSymbolTableRecord AcDbViewportTableRecord ");
+    EXPECT_EQ(valueOf(record(all, "VPORT"), 12), "55.5");
+    EXPECT_EQ(valueOf(record(all, "LTYPE", 2, "TRACO"), 40), "2.0");
+    const Groups style = record(all, "DIMSTYLE", 2, "COTA");
+    EXPECT_EQ(valueOf(style, 40), "10.0");
+    EXPECT_EQ(valueOf(style, 140), "1.8");
+    EXPECT_NE(valueOf(style, 105), "(sem o grupo)");
+    EXPECT_EQ(valueOf(style, 5), "(sem o grupo)");
+    const std::string header = fileText(all);
+    EXPECT_EQ(header.find("$FASTZOOM"), std::string::npos) << "unknown to newer releases";
+    EXPECT_NE(header.find("$DIMSTYLE\n2\nCOTA\n"), std::string::npos);
+    EXPECT_NE(header.find("$LTSCALE\n40\n3.0\n"), std::string::npos);
+}
+
+TEST(Upgrade, AlignedDimensionOfR12IsAlive) {
+    const auto database = loadText(fileWith(
+        "0 DIMENSION|8 0|2 *D0|10 4|20 6|30 0|11 2|21 6|31 0|70 1|1 |13 0|23 0|33 0|14 4|24 0|34 0", "AC1009"));
+    ASSERT_NE(database, nullptr);
+    const auto* dimension = AcDbAlignedDimension::cast(modelSpace(*database).at(0));
+    ASSERT_NE(dimension, nullptr);
+    EXPECT_EQ(dimension->measurement(), 4.0);
+    EXPECT_EQ(dimension->dimLinePoint().y, 6.0);
+}
+
+TEST(Upgrade, HandlesOfR14Stay) {
+    const char* entities = "0 LINE|5 3F|100 AcDbEntity|8 0|100 AcDbLine|10 0|20 0|30 0|11 1|21 0|31 0|0 LWPOLYLINE|5 40|100 "
+                           "AcDbEntity|8 0|100 AcDbPolyline|90 2|70 0|43 0.0|10 0|20 0|10 1|20 1";
+    const Groups all = passed(fileWith(entities, "AC1014"));
+    EXPECT_EQ(valueOf(record(all, "LINE"), 5), "3F");
+    EXPECT_NE(valueOf(record(all, "LINE"), 330), "(sem o grupo)");
+    EXPECT_EQ(valueOf(record(all, "LWPOLYLINE"), 5), "40");
+}

@@ -94,6 +94,9 @@ protected:
     }
     void TearDown() override { fs::remove_all(folder); }
 
+    /// A field of esperado.json that is an object; empty when it is not there.
+    Json fields(const char* name) const { return expected.value(name, Json::object()); }
+
     int run() {
         std::string command = "cd '" + folder.string() + "' && '" +
                               (kBuild / "bin/prancheta-console").string() +
@@ -128,7 +131,8 @@ protected:
         for (const Json& unwanted : expected.value("ausentes", Json::array()))
             for (const Json& e : recorded)
                 EXPECT_NE(whyNot(unwanted, e, ""), "") << "registrado: " << e;
-        for (const auto& [name, count] : expected.value("contagem", Json::object()).items()) {
+        const Json contagem = fields("contagem");
+        for (const auto& [name, count] : contagem.items()) {
             const auto made = std::count_if(
                 recorded.begin(), recorded.end(),
                 [&name = name](const Json& e) { return e["ev"] == "cria" && e["classe"] == name; });
@@ -164,9 +168,11 @@ TEST_P(Scenario, Holds) {
         EXPECT_EQ(
             whyNot(expected["estado"], Json::parse(fileText(folder / "estado.json")), "estado"),
             "");
-    for (const auto& [name, text] : expected.value("arquivos", Json::object()).items())
+    const Json arquivos = fields("arquivos");
+    for (const auto& [name, text] : arquivos.items())
         EXPECT_EQ(fileText(folder / name), text.get<std::string>()) << name;
-    for (const auto& [name, text] : expected.value("arquivos_hex", Json::object()).items())
+    const Json arquivos_hex = fields("arquivos_hex");
+    for (const auto& [name, text] : arquivos_hex.items())
         EXPECT_EQ(hex(fileText(folder / name)), text.get<std::string>()) << name;
 }
 

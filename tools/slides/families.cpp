@@ -65,6 +65,19 @@ std::span<const Family> families() {
          kCorners,
          1,
          Remap::Channel},
+        {"vi",
+         ISoldado,
+         {180, 130, 130, 8, 12, 1000, 0, 0, 0},
+         {"RIGHT DOWN", "MID DOWN", "LEFT DOWN", "CENTER"}},
+        {"psa",
+         ISoldado,
+         {180, 140, 90, 14, 10, 8, 1000, 0, 0, 0},
+         {"RIGHT DOWN", "MID DOWN", "LEFT DOWN", "CENTER"}},
+        {"vi_lam",
+         ILaminadoUSA,
+         // Area of two flanges of 100 x 12, the web and roots of radius 14.
+         {180, 100, 8, 12, 0, 0, 0, 1000, 3816.24, 0},
+         {"RIGHT DOWN", "MID DOWN", "LEFT DOWN", "CENTER"}},
     };
     return rows;
 }

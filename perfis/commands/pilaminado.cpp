@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// Command perfilil: rolled I from one of three catalogues.
+#include <array>
+
+#include "perfis/catalogues/rolled_sources.h"
+#include "perfis/commands/common_sections.h"
+#include "perfis/commands/handlers.h"
+#include "perfis/commands/i_sections.h"
+#include "perfis/commands/profile_run.h"
+#include "perfis/dialogs/installation.h"
+#include "perfis/dialogs/tiles.h"
+#include "perfis/entities/zpvigas.h"
+#include "perfis/frame/portability.h"
+
+namespace perfis {
+namespace {
+
+constexpr const wchar_t* kInconsistent =
+    L"Listas de favoritos inconsistentes. Contate o suporte.\n";
+
+constexpr DimensionTile kTiles[] = {
+    {L"h", &Medidas::h, L"0", RowUse::kFills, false},
+    {L"b", &Medidas::b, L"0", RowUse::kFills, false},
+    {L"t", &Medidas::t, L"0.00", RowUse::kFills, false},
+    {L"a", &Medidas::a, L"0", RowUse::kFills, false},
+};
+
+/// mm2, in the factors in which the trade has it.
+double areaOf(const Medidas& m) { return m.m * 100.0 * 1.271848; }
+
+ZpILaminadoUSA::ISolType typeOf(const PieceRequest& request) {
+    return static_cast<ZpILaminadoUSA::ISolType>(rolledSource(request.source).sectionType);
+}
+
+std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpILaminadoUSA>(point, request.view, m.h, m.b, m.a, m.t,
+                                            typeOf(request), 0.0, 0.0, request.length, areaOf(m),
+                                            m.m);
+}
+
+std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
+                                    const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpILaminadoUSA>(start, end, request.view, m.h, m.b, m.a, m.t,
+                                            typeOf(request), 0.0, areaOf(m), m.m);
+}
+
+const ProfileDescription kPerfilIL = {
+    .dialog = L"vi_lam_geracao",
+    .list = nullptr,
+    .edits = CatalogueEdits::kNone,
+    .slides = L"vi_lam",
+    .figures = 4,
+    .tiles = kTiles,
+    .insertions = kBoxEdges<&Medidas::b>,
+    .valid = validHbta,
+    .memberShift = boxMemberShift,
+    .onePoint = onePoint,
+    .twoPoints = twoPoints,
+    .dimensionSection = dimensionISection,
+    .insertionPrompt = kIInsertionPrompt,
+    .pickAndGo = PickAndGo::kAsksBothEnds,
+    .listsAtOwnPoint = true,
+};
+
+/// Each source keeps the index of its own selection.
+class RolledRun : public ProfileRun {
+public:
+    RolledRun() : ProfileRun(kPerfilIL) {}
+
+protected:
+    void wireOwnTiles(ads_hdlg dialog) override;
+    void showOwnTiles(ads_hdlg dialog) override;
+    void showList(ads_hdlg dialog) override;
+    void pickRow(ads_hdlg dialog, int index) override;
+    bool loadsOnce() const override { return true; }
+
+private:
+    template <int Source>
+    void onSource(const ads_callback_packet& packet) {
+        if (Source == state().source) return;
+        state().source = Source;
+        showList(packet.dialog);
+    }
+    const RolledSource& source() { return rolledSource(state().source); }
+    int& selected() { return m_selected.at(static_cast<std::size_t>(state().source)); }
+
+    std::array<int, kRolledSourceCount> m_selected{};
+    ZpStringList m_data;  ///< of the source in force
+};
+
+void RolledRun::wireOwnTiles(ads_hdlg dialog) {
+    static constexpr CLIENTFUNC kCallbacks[] = {
+        dialogCallback<RolledRun, &RolledRun::onSource<0>>,
+        dialogCallback<RolledRun, &RolledRun::onSource<1>>,
+        dialogCallback<RolledRun, &RolledRun::onSource<2>>,
+    };
+    static_assert(std::size(kCallbacks) == kRolledSourceCount);
+    for (int i = 0; i < kRolledSourceCount; ++i)
+        wireTile(dialog, {rolledSource(i).radio, kCallbacks[i]}, this);
+}
+
+void RolledRun::showOwnTiles(ads_hdlg dialog) {
+    for (const wchar_t* const button : {L"addtolist", L"substolist", L"deltolist"})
+        enableTile(dialog, button, false);
+    setTile(dialog, source().radio, 1);
+}
+
+/// A file that is missing leaves everything behind it as it was.
+void RolledRun::showList(ads_hdlg dialog) {
+    const std::wstring folder = installationFolder().value_or(L"");
+    const auto sizesPath = listPath(folder, source().sizes);
+    ZpStringList sizes;
+    if (!sizesPath || !readRolledLines(*sizesPath, sizes)) return;
+    (void)fillList(dialog, L"lista", sizes);
+    const auto dataPath = listPath(folder, source().data);
+    if (!dataPath || !readRolledLines(*dataPath, m_data)) return;
+    setTile(dialog, L"lista", selected());
+    pickRow(dialog, selected());
+    setTile(dialog, L"vilam_dlg", source().title);
+    setTile(dialog, L"list_title", source().header);
+}
+
+void RolledRun::pickRow(ads_hdlg dialog, int index) {
+    state().selectedRow = index;
+    selected() = index;
+    if (index >= m_data.length()) {
+        (void)acdbFail(kInconsistent);
+        (void)ads_done_dialog(dialog, kDialogCancelled);
+        return;
+    }
+    const RolledSize size = rolledSize(source(), m_data.at(index));
+    setTile(dialog, L"h", size.H);
+    setTile(dialog, L"b", size.B);
+    setTile(dialog, L"t", size.tf);
+    setTile(dialog, L"a", size.tw);
+    state().medidas.m = textToReal(size.mass);
+}
+
+}  // namespace
+
+void pilaminado() { runCommand<RolledRun>(); }
+
+}  // namespace perfis

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+// Command vigai: welded I with equal flanges, from the user's favourites or a standard series.
+#include "perfis/catalogues/welded_series.h"
+#include "perfis/commands/common_sections.h"
+#include "perfis/commands/handlers.h"
+#include "perfis/commands/i_sections.h"
+#include "perfis/commands/profile_run.h"
+#include "perfis/dialogs/installation.h"
+#include "perfis/dialogs/tiles.h"
+#include "perfis/entities/zpvigas.h"
+#include "perfis/frame/portability.h"
+
+namespace perfis {
+namespace {
+
+constexpr DimensionTile kTiles[] = {
+    {L"h", &Medidas::h, L"0"},
+    {L"b", &Medidas::b, L"0"},
+    {L"t", &Medidas::t, L"0.00"},
+    {.key = L"a", .value = &Medidas::a, .initialText = L"0", .hasAction = false},
+};
+
+std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpISoldado>(point, request.view, m.h, m.b, m.b, m.a, m.t,
+                                        request.length, 0.0, 0.0, m.m);
+}
+
+std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
+                                    const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpISoldado>(start, end, request.view, m.h, m.b, m.b, m.a, m.t, 0.0,
+                                        m.m);
+}
+
+void setSeries(ZpObject& piece, const PieceRequest& request) {
+    (void)static_cast<ZpISoldado&>(piece).setSubType(
+        static_cast<ZpISoldado::SubType>(request.source));
+}
+
+const ProfileDescription kVigaI = {
+    .dialog = L"vi_geracao",
+    .list = L"vi.lst",
+    .edits = CatalogueEdits::kWrittenBack,
+    .buildRow = rowOfHbta,
+    .slides = L"vi",
+    .figures = 2,
+    .tiles = kTiles,
+    .insertions = kBoxEdges<&Medidas::b>,
+    .valid = validHbta,
+    .memberShift = boxMemberShift,
+    .onePoint = onePoint,
+    .twoPoints = twoPoints,
+    .dimensionSection = dimensionISection,
+    .insertionPrompt = kIInsertionPrompt,
+    .pickAndGo = PickAndGo::kAsksBothEnds,
+    .listsAtOwnPoint = true,
+    .finish = setSeries,
+};
+
+/// The state's source is the sub-type; only the favourites are edited and kept.
+class WeldedRun : public ProfileRun {
+public:
+    WeldedRun() : ProfileRun(kVigaI) {}
+
+protected:
+    void wireOwnTiles(ads_hdlg dialog) override;
+    void showOwnTiles(ads_hdlg dialog) override;
+    void refresh(ads_hdlg dialog) override;
+    void showList(ads_hdlg dialog) override;
+    void pickRow(ads_hdlg dialog, int index) override;
+    void keepEdits(const std::wstring& path) override;
+
+private:
+    template <int Source>
+    void onSource(const ads_callback_packet& packet) {
+        changeSource(packet.dialog, Source);
+    }
+    bool showsFavourites() { return state().source == kFavourites; }
+    void changeSource(ads_hdlg dialog, int source);
+    void takeValues(ads_hdlg dialog, const std::vector<std::wstring>& fields);
+};
+
+void WeldedRun::wireOwnTiles(ads_hdlg dialog) {
+    static constexpr CLIENTFUNC kCallbacks[] = {
+        dialogCallback<WeldedRun, &WeldedRun::onSource<0>>,
+        dialogCallback<WeldedRun, &WeldedRun::onSource<1>>,
+        dialogCallback<WeldedRun, &WeldedRun::onSource<2>>,
+        dialogCallback<WeldedRun, &WeldedRun::onSource<3>>,
+    };
+    static_assert(std::size(kCallbacks) == kWeldedSourceCount);
+    for (int source = 0; source < kWeldedSourceCount; ++source)
+        wireTile(dialog, {weldedSource(source).radio, kCallbacks[source]}, this);
+}
+
+void WeldedRun::showOwnTiles(ads_hdlg dialog) {
+    const WeldedSource& source = weldedSource(state().source);
+    setTile(dialog, source.radio, 1);
+    setTile(dialog, L"vitxt", source.header);
+}
+
+void WeldedRun::refresh(ads_hdlg dialog) {
+    ProfileRun::refresh(dialog);
+    for (const DimensionTile& tile : kTiles) enableTile(dialog, tile.key, showsFavourites());
+    if (showsFavourites()) return;
+    for (const wchar_t* const button : {L"addtolist", L"substolist", L"deltolist"})
+        enableTile(dialog, button, false);
+}
+
+/// Also drops favourites that are not in the file yet.
+void WeldedRun::showList(ads_hdlg dialog) {
+    catalogue().clear();
+    const std::wstring folder = installationFolder().value_or(L"");
+    if (const auto path = listPath(folder, weldedSource(state().source).shown))
+        catalogue().read(*path);
+    catalogue().fill(dialog, L"lista");
+}
+
+void WeldedRun::changeSource(ads_hdlg dialog, int source) {
+    if (source == state().source) return;
+    state().source = source;
+    setTile(dialog, L"vitxt", weldedSource(source).header);
+    if (showsFavourites()) {
+        state().medidas.m = 0.0;
+    } else {
+        for (const DimensionTile& tile : kTiles) setTile(dialog, tile.key, std::wstring());
+    }
+    showList(dialog);
+    refresh(dialog);
+}
+
+void WeldedRun::pickRow(ads_hdlg dialog, int index) {
+    if (showsFavourites()) {
+        ProfileRun::pickRow(dialog, index);
+        return;
+    }
+    state().selectedRow = index;
+    const std::wstring folder = installationFolder().value_or(L"");
+    const auto path = listPath(folder, weldedSource(state().source).values);
+    takeValues(dialog, path ? weldedValues(*path, index) : std::vector<std::wstring>());
+    refresh(dialog);
+    showPreview(dialog);
+}
+
+void WeldedRun::takeValues(ads_hdlg dialog, const std::vector<std::wstring>& fields) {
+    std::size_t column = 0;
+    for (const DimensionTile& tile : kTiles) {
+        setTile(dialog, tile.key, column < fields.size() ? fields[column] : std::wstring());
+        ++column;
+    }
+    state().medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
+}
+
+void WeldedRun::keepEdits(const std::wstring& path) {
+    if (showsFavourites()) ProfileRun::keepEdits(path);
+}
+
+}  // namespace
+
+void pisoldado() { runCommand<WeldedRun>(); }
+
+}  // namespace perfis

@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: MIT
+// Pieces by themselves: frames, limit points, transformations, lengths, pictures.
+#include <limits>
+
+#include "tests/zp/desenho.h"
+
+namespace {
+
+using namespace zp_teste;
+
+using Peca = Desenho;
+
+TEST_F(Peca, PontosLimiteDasVistas) {
+    // Axis at web + b/3: the plain U spans x -25..50, so view 1 spans w -50..25.
+    const AcDbObjectId secao = u(10, 20, 1000, ZpObject::kVistaSecao);
+    esperaPonto(face(secao, 0), -15, 120);
+    esperaPonto(face(secao, 1), -15, -80);
+    esperaPonto(face(secao, 2), 60, 120);
+    esperaPonto(face(secao, 3), 60, -80);
+    const AcDbObjectId superior = u(10, 20, 500, ZpObject::kVistaSuperior);
+    esperaPonto(face(superior, 0), 10, 45);
+    esperaPonto(face(superior, 3), 510, -30);
+    const AcDbObjectId direita = u(10, 20, 500);
+    esperaPonto(face(direita, 0), 10, 120);
+    esperaPonto(face(direita, 3), 510, -80);
+}
+
+TEST_F(Peca, DoisPontosDaoComprimentoEAngulo) {
+    const AcDbObjectId id =
+        poe(new ZpUDobrado(AcGePoint3d(10, 10, 5), AcGePoint3d(10, -490, 5),
+                           ZpObject::kVistaDireita, 200, 75, 75, 3, 3, 0.5 * kPi, 0.5 * kPi, 0, 0));
+    const builtin::Read<ZpObject> peca(id);
+    double angulo = 0;
+    peca->AngleVista(angulo);
+    EXPECT_DOUBLE_EQ(angulo, 1.5 * kPi);
+    EXPECT_DOUBLE_EQ(peca->getComprimentoReal(), 500.0);
+    AcGePoint3d fim;
+    peca->EndPoint(fim);
+    builtin::expectPoint(fim, 10, -490, 5);
+    // Turned by -90 degrees, the upper edge lies to the right.
+    esperaPonto(face(id, 0), 110, 10);
+    // A drag starts with both points alike.
+    const ZpUDobrado vazia(AcGePoint3d(1, 2, 0), AcGePoint3d(1, 2, 0), ZpObject::kVistaDireita, 200,
+                           75, 75, 3, 3, 0, 0, 0, 0);
+    EXPECT_EQ(vazia.getComprimentoReal(), 0.0);
+    EXPECT_EQ(vazia.getPeso(), 0.0);
+}
+
+TEST_F(Peca, TuboDaOQuadradoDoFuroNaSecao) {
+    // Widened by the wall 3, the corners are those of the outer diameter; so also for a negative
+    // inner diameter.
+    const AcDbObjectId id =
+        poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 60.3, 54.3));
+    esperaPonto(face(id, 0), -27.15, 27.15);
+    const AcDbObjectId grosso =
+        poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 100, -20));
+    esperaPonto(face(grosso, 0), 10, -10);
+    const AcDbObjectId vista =
+        poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaDireita, 60.3, 54.3));
+    esperaPonto(face(vista, 2), 100, 30.15);
+}
+
+TEST_F(Peca, ChapasEmSuasAtitudes) {
+    struct Linha {
+        ZpObject::ZpVistas vista;
+        double rot1, rot2;
+        double x0, y0, x1, y1;  // F1 and F2 from the origin
+    };
+    const double q = -0.5 * kPi;
+    for (const Linha& l : {Linha{ZpObject::kVistaSecao, 0, q, 0, -4, 50, 4},
+                           Linha{ZpObject::kVistaSecao, q, 0, 0, -4, 50, 4},
+                           Linha{ZpObject::kVistaEsquerda, 0, q, 0, -120, 50, 0},
+                           Linha{ZpObject::kVistaEsquerda, 0, 0, 0, 0, 120, 8},
+                           Linha{ZpObject::kVistaSuperior, 0.5 * kPi, 0, 4, 0, -4, 50}}) {
+        const AcDbObjectId id =
+            poe(new ZpChapa(AcGePoint3d(7, 9, 0), l.vista, 50, 8, 120, l.rot1, l.rot2));
+        esperaPonto(face(id, 1), 7 + l.x0, 9 + l.y0);
+        esperaPonto(face(id, 2), 7 + l.x1, 9 + l.y1);
+        const builtin::Read<ZpChapa> chapa(id);
+        EXPECT_NEAR(chapa->getPeso(), 50 * 8 * 120 * 7850e-9, 1e-12);
+        EXPECT_NEAR(chapa->getAreaPintura(), 2 * (50 * 8 + 50 * 120 + 8 * 120) * 1e-6, 1e-12);
+        EXPECT_EQ(chapa->getComprimentoReal(), 120.0);
+        AcDbExtents caixa;
+        EXPECT_EQ(chapa->getGeomExtents(caixa), Acad::eOk);
+    }
+}
+
+TEST_F(Peca, MovimentosRigidosEEspelho) {
+    const AcDbObjectId id = u(100, 0, 500, ZpObject::kVistaSuperior);  // w -50..25
+    muda(id, [](ZpObject& p) {
+        EXPECT_EQ(p.transformBy(AcGeMatrix3d::rotation(0.5 * kPi, AcGeVector3d::kZAxis)),
+                  Acad::eOk);
+    });
+    esperaPonto(face(id, 0), -25, 100);
+    esperaPonto(face(id, 3), 50, 600);
+    // Mirrored in the Y axis the upper edge changes sides, and the axis still points up.
+    muda(id, [](ZpObject& p) {
+        EXPECT_EQ(p.transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(), AcGeVector3d::kXAxis)),
+                  Acad::eOk);
+    });
+    esperaPonto(face(id, 0), 25, 100);
+    esperaPonto(face(id, 3), -50, 600);
+    double angulo = 0;
+    muda(id, [&](ZpObject& p) { p.AngleVista(angulo); });
+    EXPECT_DOUBLE_EQ(angulo, 0.5 * kPi);
+    // The frame takes the piece's own coordinates to the world, mirror included.
+    const builtin::Read<ZpObject> peca(id);
+    AcGeMatrix3d ecs;
+    peca->getEcs(ecs);
+    esperaPonto(ecs * AcGePoint3d(0, 25, 0), 25, 100);
+    EXPECT_LT(ecs.det(), 0.0);
+}
+
+TEST_F(Peca, QuatroQuartosDeVoltaNaoDeixamPo) {
+    const AcDbObjectId id = u(0, 0, 500);
+    for (int i = 0; i < 4000; ++i)
+        muda(id, [](ZpObject& p) {
+            p.transformBy(AcGeMatrix3d::rotation(0.5 * kPi, AcGeVector3d::kZAxis));
+        });
+    double angulo = -1;
+    muda(id, [&](ZpObject& p) { p.AngleVista(angulo); });
+    EXPECT_EQ(angulo, 0.0);
+}
+
+TEST_F(Peca, EscalaMultiplicaTamanhos) {
+    const AcDbObjectId id =
+        poe(new ZpCantLaminada(AcGePoint3d(10, 0, 0), ZpObject::kVistaDireita, 50.8, 50.8, 6.35,
+                               50.8 / 3, 2 * 50.8 / 3, 6.35, 0, 0, 1000, 4.74, 127.1848 * 4.74));
+    muda(id, [](ZpObject& p) {
+        const double peso = p.getPeso();
+        const double area = p.getArea();
+        EXPECT_EQ(p.transformBy(AcGeMatrix3d::scaling(2.0)), Acad::eOk);
+        EXPECT_NEAR(p.getComprimentoReal(), 2000, 1e-9);
+        EXPECT_NEAR(p.getAltura(), 101.6, 1e-9);
+        EXPECT_NEAR(p.getArea(), 4 * area, 1e-9);
+        EXPECT_NEAR(p.getPeso(), 8 * peso, 1e-9);
+    });
+    esperaPonto(face(id, 1), 20, -4 * 50.8 / 3);
+    muda(id, [](ZpObject& p) {
+        AcGeMatrix3d m;
+        m.entry[0][0] = 2.0;
+        EXPECT_EQ(p.transformBy(m), Acad::eCannotScaleNonUniformly);
+        m = AcGeMatrix3d::rotation(0.3, AcGeVector3d::kXAxis);
+        EXPECT_EQ(p.transformBy(m), Acad::eCannotScaleNonUniformly);
+        EXPECT_NEAR(p.getComprimentoReal(), 2000, 1e-9);
+    });
+}
+
+TEST_F(Peca, AlteraComprimento) {
+    const AcDbObjectId id = u(0, 0, 500);
+    muda(id, [](ZpObject& p) {
+        EXPECT_EQ(p.AlteraComprimento(750), Acad::eOk);
+        for (const double ruim : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()})
+            EXPECT_EQ(p.AlteraComprimento(ruim), Acad::eInvalidInput);
+        EXPECT_EQ(p.getComprimentoReal(), 750.0);
+    });
+    esperaPonto(face(id, 3), 750, -100);
+}
+
+TEST_F(Peca, GripsEsticamEMovem) {
+    const AcDbObjectId id = u(0, 0, 500);
+    muda(id, [](ZpObject& p) {
+        AcDbIntArray fim;
+        fim.append(1);
+        EXPECT_EQ(p.moveGripPointsAt(fim, AcGeVector3d(-500, 300, 0)), Acad::eOk);
+        double angulo = 0;
+        p.AngleVista(angulo);
+        EXPECT_NEAR(angulo, 0.5 * kPi, 1e-12);
+        EXPECT_NEAR(p.getComprimentoReal(), 300, 1e-9);
+        AcDbIntArray inicio;
+        inicio.append(0);
+        // Onto the other end: no length remains, nothing happens.
+        EXPECT_EQ(p.moveGripPointsAt(inicio, AcGeVector3d(0, 300, 0)), Acad::eInvalidInput);
+        AcDbIntArray meio;
+        meio.append(2);
+        EXPECT_EQ(p.moveGripPointsAt(meio, AcGeVector3d(5, 5, 0)), Acad::eOk);
+        AcGePoint3d s;
+        p.StartPoint(s);
+        esperaPonto(s, 5, 5);
+    });
+}
+
+TEST_F(Peca, CorteNaFaceDaOutra) {
+    const AcDbObjectId viga = u(0, 0, 1000);
+    // A column upright at x = 800..1000 (its height 200 lies across the beam's axis).
+    const AcDbObjectId pilar = u(900, -500, 1000);
+    muda(pilar, [](ZpObject& p) {
+        p.transformBy(
+            AcGeMatrix3d::rotation(0.5 * kPi, AcGeVector3d::kZAxis, AcGePoint3d(900, -500, 0)));
+    });
+    muda(viga, [&](ZpObject& p) {
+        EXPECT_EQ(p.Corte(pilar), Acad::eOk);
+        EXPECT_NEAR(p.getComprimentoReal(), 800, 1e-9);
+        EXPECT_EQ(p.Corte(pilar), Acad::eInvalidInput);  // they only touch now
+        EXPECT_EQ(p.AlteraComprimento(1000), Acad::eOk);
+        EXPECT_EQ(p.CorteArestaVista(pilar), Acad::eOk);
+        EXPECT_NEAR(p.getComprimentoReal(), 1000, 1e-9);
+    });
+    const AcDbObjectId secao = u(0, 0, 1000, ZpObject::kVistaSecao);
+    muda(secao, [&](ZpObject& p) { EXPECT_EQ(p.Corte(pilar), Acad::eNotApplicable); });
+}
+
+TEST_F(Peca, ExplodeDaLinhasComSeusTipos) {
+    const AcDbObjectId id =
+        u(0, 0, 500, ZpObject::kVistaSuperior);  // levels -50V 22H 25V, two ends, axis
+    const builtin::Read<ZpObject> peca(id);
+    AcDbVoidPtrArray partes;
+    ASSERT_EQ(peca->explode(partes), Acad::eOk);
+    std::map<std::wstring, int> tipos;
+    for (void* p : partes) {
+        const std::unique_ptr<AcDbEntity> e(static_cast<AcDbEntity*>(p));
+        ASSERT_TRUE(e->isKindOf(AcDbLine::desc()));
+        ACHAR* tipo = e->linetype();
+        ++tipos[tipo];
+        acutDelString(tipo);
+        if (e->colorIndex() == 1) {
+            esperaPonto(static_cast<AcDbLine&>(*e).endPoint(), 500, 0);
+        }
+    }
+    EXPECT_EQ(partes.length(), 6);
+    EXPECT_EQ(tipos[L"HIDDEN"], 1);
+    EXPECT_EQ(tipos[L"CENTER"], 1);
+}
+
+TEST_F(Peca, SecaoExplodidaGuardaAArea) {
+    // The polyline's own area (shoelace plus arc segments) is the section's, also mirrored and
+    // turned.
+    for (const bool espelhada : {false, true}) {
+        const AcDbObjectId id = u(40, 50, 1000, ZpObject::kVistaSecao);
+        muda(id, [&](ZpObject& p) {
+            if (espelhada)
+                p.transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(1, 2, 0), AcGeVector3d::kYAxis));
+            p.transformBy(AcGeMatrix3d::rotation(0.7, AcGeVector3d::kZAxis));
+        });
+        const builtin::Read<ZpObject> peca(id);
+        AcDbVoidPtrArray partes;
+        ASSERT_EQ(peca->explode(partes), Acad::eOk);
+        ASSERT_EQ(partes.length(), 1);
+        const std::unique_ptr<AcDbPolyline> p(
+            AcDbPolyline::cast(static_cast<AcDbEntity*>(partes[0])));
+        ASSERT_NE(p, nullptr);
+        double area = 0.0;
+        for (unsigned i = 0; i < p->numVerts(); ++i) {
+            AcGePoint3d a, b;
+            double bulge = 0;
+            p->getPointAt(i, a);
+            p->getPointAt((i + 1) % p->numVerts(), b);
+            p->getBulgeAt(i, bulge);
+            area += 0.5 * (a.x * b.y - a.y * b.x);
+            if (bulge == 0.0) continue;
+            const double varre = 4 * std::atan(bulge);
+            const double raio = a.distanceTo(b) / (2 * std::sin(std::abs(varre) / 2));
+            area += 0.5 * raio * raio * (varre - std::sin(varre));
+        }
+        EXPECT_NEAR(area, espelhada ? -1020.411501 : 1020.411501, 1e-5);
+        AcDbExtents caixa;
+        AcDbExtents daPolilinha;
+        peca->getGeomExtents(caixa);
+        p->getGeomExtents(daPolilinha);
+        EXPECT_NEAR(caixa.minPoint().x, daPolilinha.minPoint().x, 1e-9);
+        EXPECT_NEAR(caixa.maxPoint().y, daPolilinha.maxPoint().y, 1e-9);
+    }
+}
+
+TEST_F(Peca, OsnapsDeLinhasArcosEOrigem) {
+    const AcDbObjectId id = u(10, 20, 1000, ZpObject::kVistaSecao);
+    const builtin::Read<ZpObject> peca(id);
+    const auto tem = [&](AcDb::OsnapMode modo, double x, double y) {
+        AcGePoint3dArray pontos;
+        AcDbIntArray ids;
+        peca->getOsnapPoints(modo, 0, AcGePoint3d(), AcGePoint3d(), AcGeMatrix3d(), pontos, ids);
+        for (const AcGePoint3d& p : pontos)
+            if (p.distanceTo(AcGePoint3d(x, y, 0)) < 1e-8) return true;
+        return false;
+    };
+    EXPECT_TRUE(tem(AcDb::kOsModeIns, 10, 20));
+    EXPECT_TRUE(tem(AcDb::kOsModeEnd, 60, 120));           // toe of the upper flange
+    EXPECT_TRUE(tem(AcDb::kOsModeMid, -15, 20));           // middle of the web's back
+    EXPECT_TRUE(tem(AcDb::kOsModeCen, -15 + 6, 120 - 6));  // bend
+    EXPECT_TRUE(tem(AcDb::kOsModeQuad, -15, 120 - 6));     // where the bend's arc begins
+}
+
+TEST_F(Peca, ListaDizOQueE) {
+    const AcDbObjectId id = u(0, 0, 500, ZpObject::kVistaSuperior);
+    const builtin::Read<ZpObject> peca(id);
+    peca->list();
+    EXPECT_TRUE(said(L"U 200x75x3"));
+    EXPECT_TRUE(said(L"vista superior"));
+    EXPECT_TRUE(said(L"1020,41"));
+    const AcDbObjectId torta = poe(new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaSecao, 40, 30, 30,
+                                                  2, 2, 0, 0, 1000, 0, 0, 25));
+    builtin::Read<ZpObject>(torta)->list();
+    EXPECT_TRUE(said(L"seção inválida: desenhada pela caixa"));
+}
+
+TEST_F(Peca, ValoresDasLaminadas) {
+    ZpULaminado p(AcGePoint3d(), ZpObject::kVistaSecao, 152.4, 48.77, 5.08, 48.77, 5.08, 5.08,
+                  48.77 / 3, 5.08, 0, 0, 1000, 12.2 * 127.1848, 12.2);
+    double valor = 0;
+    EXPECT_EQ(p.KgMetro(valor), Acad::eOk);
+    EXPECT_EQ(valor, 12.2);
+    EXPECT_EQ(p.setKgMetro(12.4), Acad::eOk);
+    EXPECT_NEAR(p.getPeso(), 12.4, 1e-12);
+    EXPECT_EQ(p.setKgMetro(std::nan("")), Acad::eInvalidInput);
+    // Half the fall of a 1:6 slope over the overhang.
+    EXPECT_NEAR(ZpULaminado::calcDeslocF(48.77, 5.08), 3.6408333333, 1e-9);
+}
+
+TEST_F(Peca, ObjetoCabeNaMemoria) {
+    // The state behind the pointer is what grows; links are apart and only where there are any.
+    EXPECT_LE(sizeof(ZpUDobrado) + 480, 600u);
+}
+
+TEST(Funcoes, FormatInString) {
+    EXPECT_STREQ(FormatInString(2.5), L"2.5");
+    EXPECT_STREQ(FormatInString(100), L"100");
+    EXPECT_STREQ(FormatInString(1.0 / 3), L"0.333333");
+    EXPECT_STREQ(FormatInString(-0.0000001), L"0");
+    EXPECT_STREQ(FormatInString(std::nan("")), L"0");
+    const wchar_t* primeiro = FormatInString(11);
+    for (int i = 0; i < 7; ++i) FormatInString(i);
+    EXPECT_STREQ(primeiro, L"11");
+    EXPECT_NEAR(sex2rad(180), kPi, 1e-15);
+}
+
+TEST_F(Peca, CamadasDoUsuario) {
+    const std::filesystem::path pasta = std::filesystem::temp_directory_path() / "zp_camadas";
+    std::filesystem::create_directories(pasta / "perfis");
+    std::FILE* arquivo = std::fopen((pasta / "perfis" / "Camadas.INI").c_str(), "wb");
+    ASSERT_NE(arquivo, nullptr);
+    std::fputs("; camadas\r\n[nomes]\r\nPERFIL = Aço leve\r\nVista-Chapa=Chapas\r\nsem igual\r\n",
+               arquivo);
+    std::fclose(arquivo);
+    setenv("ZPFORJA2010", pasta.c_str(), 1);
+    EXPECT_STREQ(ZpLayerToUsr(L"perfil"), L"Aço leve");
+    EXPECT_STREQ(ZpLayerToUsr(L"vista-chapa"), L"Chapas");
+    EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"COTA");
+    std::map<std::wstring, int> cores;
+    AcDbLayerTable* tabela = nullptr;
+    ASSERT_EQ(editor->database().getLayerTable(tabela, AcDb::kForRead), Acad::eOk);
+    for (const wchar_t* nome : {L"Aço leve", L"Chapas", L"COTA"}) {
+        AcDbLayerTableRecord* camada = nullptr;
+        ASSERT_EQ(tabela->getAt(nome, camada, AcDb::kForRead), Acad::eOk);
+        cores[nome] = camada->colorIndex();
+        camada->close();
+    }
+    tabela->close();
+    EXPECT_EQ(cores[L"Aço leve"], 7);
+    EXPECT_EQ(cores[L"Chapas"], 3);
+    EXPECT_EQ(cores[L"COTA"], 2);
+    std::filesystem::remove_all(pasta);
+    EXPECT_STREQ(ZpLayerToUsr(L"PERFIL"), L"PERFIL");
+    unsetenv("ZPFORJA2010");
+}
+
+}  // namespace
