@@ -100,9 +100,12 @@ void WeldedRun::showOwnTiles(ads_hdlg dialog) {
 }
 
 void WeldedRun::refresh(ads_hdlg dialog) {
-    ProfileRun::refresh(dialog);
     for (const DimensionTile& tile : kTiles) enableTile(dialog, tile.key, showsFavourites());
-    if (showsFavourites()) return;
+    if (showsFavourites()) {
+        ProfileRun::refresh(dialog);
+        return;
+    }
+    readMedidas(dialog);
     for (const wchar_t* const button : {L"addtolist", L"substolist", L"deltolist"})
         enableTile(dialog, button, false);
 }

@@ -34,9 +34,10 @@ void ConsoleUi::scriptError(const std::string& what) {
     std::cerr << m_script.name() << ":" << m_script.line() << ": " << what << std::endl;
 }
 
-void ConsoleUi::complain(std::wstring_view text) {
-    // A person reads it and goes on; a script goes on too, but did not do what it was written for.
-    if (m_script.interactive())
+void ConsoleUi::complain(std::wstring_view text, Complaint kind) {
+    // A person reads it and goes on; a script goes on too, but a failure means that it did not do
+    // what it was written for.
+    if (m_script.interactive() || kind == Complaint::Refused)
         show(toUtf8(text) + "\n");
     else
         scriptError(toUtf8(trim(text)));
@@ -61,8 +62,8 @@ Result<void> ConsoleUi::inspect(dcl::Dialog& dialog, const std::string& key) {
     const bool usable = dcl::isUsable(*tile);
     const long long mode = usable ? MODE_ENABLE : MODE_DISABLE;
     record({"tile", {{"chave", {key}}, {"valor", {toUtf8(tile->value)}}, {"modo", {mode}}}});
-    show("  " + key + " = \"" + toUtf8(tile->value) + "\"" +
-         (usable ? "" : " (desabilitado)") + "\n");
+    show("  " + key + " = \"" + toUtf8(tile->value) + "\"" + (usable ? "" : " (desabilitado)") +
+         "\n");
     return {};
 }
 

@@ -18,7 +18,7 @@ public:
     void alert(std::wstring_view text) override;
     RawInput ask(const InputRequest& request) override;
     void runDialog(dcl::Dialog& dialog) override;
-    void complain(std::wstring_view text) override;
+    void complain(std::wstring_view text, Complaint kind) override;
 
     /// True when the script asked for something that could not be done.
     bool failed() const { return m_failed; }

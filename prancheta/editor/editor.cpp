@@ -69,10 +69,11 @@ void Editor::alert(std::wstring_view text) {
     m_ui.alert(text);
 }
 
-void Editor::complain(std::wstring_view text) {
+void Editor::complain(std::wstring_view text, Complaint kind) {
     m_typeAhead.clear();
     m_typeAheadLineStart = true;
-    m_ui.complain(text);
+    recordText(std::wstring(text) + L"\n");
+    m_ui.complain(text, kind);
 }
 
 bool Editor::echo() const {

@@ -110,8 +110,8 @@ public:
     // --- Input and output ------------------------------------------------------------------------
     void print(std::wstring_view text);
     void alert(std::wstring_view text);
-    /// Tells the user that an input made no sense.
-    void complain(std::wstring_view text);
+    /// Tells the user why an input came to nothing, and forgets what was typed ahead.
+    void complain(std::wstring_view text, Complaint kind = Complaint::Failed);
     /// Asks until the answer makes sense; blocks. Transparent commands run inside.
     InputValue ask(const InputRequest& request);
     /// One input, not interpreted. Prompts of a drag (InputKind::Drag) are recorded by the drag.

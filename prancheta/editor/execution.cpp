@@ -243,7 +243,7 @@ std::optional<InputValue> Editor::round(Question& question) {
     Reading reading = question.give(input, frame);
     keepLastPoint(frame, before);
     if (reading.kind == Reading::Kind::Refused) {
-        complain(reading.message);
+        complain(reading.message, Complaint::Refused);
         return {};
     }
     if (reading.kind == Reading::Kind::Again) {

@@ -8,9 +8,9 @@
 #include "dbsymtb.h"
 #include "geassign.h"
 #include "prancheta/dcl/dialog.h"
+#include "prancheta/editor/api/formatting.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
-#include "prancheta/editor/formatting.h"
 #include "prancheta/editor/question.h"
 #include "prancheta/editor/typed_input.h"
 
@@ -84,7 +84,8 @@ void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& 
     const double height = (editor.ucs().inverse() * reading.value.point).z;
     if (point && height != 0.0 && input.kind == RawInput::Kind::Text &&
         !(controls & kAccept3dCoordinates)) {
-        editor.complain(L"Ponto inválido: coordenadas 3D não são aceitas aqui.");
+        editor.complain(L"Ponto inválido: coordenadas 3D não são aceitas aqui.",
+                        Complaint::Refused);
         question.reset();
         return;
     }
@@ -93,7 +94,8 @@ void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& 
 }
 
 void AcEdJig::Session::take(Reading reading, InputValue& value) {
-    if (reading.kind == Reading::Kind::Refused) Editor::current()->complain(reading.message);
+    if (reading.kind == Reading::Kind::Refused)
+        Editor::current()->complain(reading.message, Complaint::Refused);
     if (reading.kind != Reading::Kind::Answered) return;
     value = std::move(reading.value);
     answer = finish(value);

@@ -70,6 +70,10 @@ struct RawInput {
     std::optional<AcGePoint3d> pointer;
 };
 
+/// Refused: the answer made no sense and is asked for again. Failed: the command did not do what it
+/// was asked (unknown command, file that could not be written).
+enum class Complaint { Refused, Failed };
+
 class UserInterface {
 public:
     virtual ~UserInterface() = default;
@@ -81,9 +85,8 @@ public:
     virtual RawInput ask(const InputRequest& request) = 0;
     /// Serves an open dialog until it is finished.
     virtual void runDialog(dcl::Dialog& dialog) = 0;
-    /// Reports a command line that could not be understood (unknown command, refused answer); a
-    /// script's front end makes an error of it.
-    virtual void complain(std::wstring_view text) = 0;
+    /// Shows why an input came to nothing. A script's front end makes an error of a failure.
+    virtual void complain(std::wstring_view text, Complaint kind) = 0;
     /// Something visible changed; called after each command and each step of a drag.
     virtual void refresh() {}
 };

@@ -65,7 +65,7 @@ CommandTask askVariable(CommandContext context, std::wstring name) {
         const Result<void> set =
             value ? context.editor().variables().set(name, *value) : Result<void>(value.error());
         if (set) co_return CommandEnd::Done;
-        context.editor().complain(toWide(set.error().message()));
+        context.editor().complain(toWide(set.error().message()), Complaint::Refused);
     }
 }
 

@@ -21,7 +21,7 @@ public:
     void print(std::wstring_view text) override { output += text; }
     void alert(std::wstring_view) override {}
     void runDialog(dcl::Dialog&) override {}
-    void complain(std::wstring_view text) override { complaints.emplace_back(text); }
+    void complain(std::wstring_view text, Complaint) override { complaints.emplace_back(text); }
     RawInput ask(const InputRequest&) override {
         if (lines.empty()) return {};
         RawInput input;

@@ -56,7 +56,7 @@ Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
     if (count.status != RTNORM) co_return count;
     constexpr double kMostItems = 32767;
     if (count.number < 2 || count.number > kMostItems) {
-        context.editor().complain(L"Requer um inteiro entre 2 e 32767.");
+        context.editor().complain(L"Requer um inteiro entre 2 e 32767.", Complaint::Refused);
         co_return count;
     }
     InputValue second = co_await context.ask(

@@ -179,7 +179,7 @@ Task<InputValue> setProperty(CommandContext context, const Property* property) {
         co_await context.ask(Prompt(InputKind::Text, property->prompt).wholeLine());
     if (value.status != RTNORM) co_return value;
     if (!property->understood(context, value.text)) {
-        context.editor().complain(property->refusal);
+        context.editor().complain(property->refusal, Complaint::Refused);
         co_return value;
     }
     const std::wstring current = layerName(context.database().clayer());

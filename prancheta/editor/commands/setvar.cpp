@@ -47,7 +47,8 @@ CommandTask setvar(CommandContext context) {
         if (name.empty()) co_return CommandEnd::Done;
         const VariableInfo* info = context.editor().variables().find(name);
         if (info == nullptr) {
-            context.editor().complain(L"Nome de variável desconhecido. Digite ? para ver a lista.");
+            context.editor().complain(L"Nome de variável desconhecido. Digite ? para ver a lista.",
+                                      Complaint::Refused);
             continue;
         }
         kept.variable = info->name;

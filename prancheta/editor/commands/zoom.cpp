@@ -113,7 +113,7 @@ Task<InputValue> askScale(CommandContext context) {
         InputValue answer = co_await context.ask(
             Prompt(InputKind::Text, L"\nDigite um fator de escala (nX ou nXP): ").required());
         if (answer.status != RTNORM || showFactor(context, answer.text)) co_return answer;
-        context.editor().complain(L"Requer um fator de escala maior que zero.");
+        context.editor().complain(L"Requer um fator de escala maior que zero.", Complaint::Refused);
     }
 }
 
@@ -153,7 +153,7 @@ Task<InputValue> askCenter(CommandContext context) {
             editor.setView(view);
             co_return center;
         }
-        context.editor().complain(L"Requer um número maior que zero.");
+        context.editor().complain(L"Requer um número maior que zero.", Complaint::Refused);
     }
 }
 
@@ -200,7 +200,8 @@ CommandTask zoom(CommandContext context) {
         else if (isWord(answer, L"Object"))
             answer = co_await askObjects(context);
         else if (answer.status == RTKWORD && !showFactor(context, answer.text)) {
-            context.editor().complain(L"Ponto, fator de escala ou opção inválida.");
+            context.editor().complain(L"Ponto, fator de escala ou opção inválida.",
+                                      Complaint::Refused);
             continue;
         }
         co_return endOf(answer.status);

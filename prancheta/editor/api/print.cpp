@@ -3,8 +3,8 @@
 #include <cstdarg>
 
 #include "acedads.h"
+#include "prancheta/editor/api/formatting.h"
 #include "prancheta/editor/editor.h"
-#include "prancheta/editor/formatting.h"
 
 using prancheta::Editor;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Formatted texts as modules write them.
-#include "prancheta/editor/formatting.h"
+#include "prancheta/editor/api/formatting.h"
 
 #include <cstdio>
 #include <variant>

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+// Material list: rows, marks, undo, file, table.
+#include <fstream>
+
+#include "protocol/report.h"
+#include "rxdict.h"
+#include "tests/zp/desenho.h"
+#include "zp/matlist/tabela.h"
+#include "zp/matlist/zpmarca.h"
+
+namespace {
+
+using namespace zp_teste;
+
+class ListaMaterial : public Desenho {
+protected:
+    /// As a drawing command enters one piece: `tipo` pieces, plates when there are any.
+    int entra(int tipo, int chapas = 0) {
+        CCountMarca contador;
+        int lista = 0;
+        int estado = 0;
+        AcDbObjectId id;
+        if (ZpArxConnectLista(lista, id, estado, L"Perfil", contador, tipo) == 0) return 0;
+        AcGePoint3d ponto(0, -600, 0);
+        if (ZpArxOpenLista(lista, id, estado, L"Perfil", tipo, contador, ponto) == 0) return 0;
+        wchar_t marca[kZpMarcaMax];
+        for (int i = 0; i < (chapas > 0 ? 2 : 1); ++i) {
+            if (ZpArxGetNextMarca(marca) == 0) return 0;
+            AcDbObjectId marcaId;
+            ZpArxAddMarca(AcGePoint3d(0, 100, 0), AcGePoint3d(-10, 110, 0), marca, marcaId);
+            EXPECT_FALSE(marcaId.isNull());
+            Linha linha = i == 0
+                              ? Linha(marca, 1, L"U", L"200x75x3", L"ACO", 500, 4, 4, 0.34, nullptr)
+                              : Linha(marca, chapas, L"Chapa", L"200x8", L"ACO", 120, 1.5,
+                                      1.5 * chapas, 0.05 * chapas, L"Travejamento");
+            linha.AddObjId(marcaId);
+            if (ZpArxAddToLista(linha) == 0) return 0;
+        }
+        ZpArxCloseLista();
+        ultima = lista;
+        return 1;
+    }
+    std::vector<zp::lista::Lista> listas() { return zp::lista::listas(editor->database()); }
+    std::vector<Linha> linhas(std::size_t qual = 0) {
+        return listas().size() > qual ? zp::lista::linhas(listas()[qual].id) : std::vector<Linha>();
+    }
+    std::vector<std::wstring> marcas() {
+        std::vector<std::wstring> m;
+        for (const Linha& l : linhas()) m.push_back(l.marca);
+        return m;
+    }
+    int ultima = 0;
+};
+
+TEST_F(ListaMaterial, QuantidadePesoEPinturaPelasPecas) {
+    EXPECT_EQ(entra(3, 6), 1);
+    const auto l = linhas();
+    ASSERT_EQ(l.size(), 2u);
+    EXPECT_EQ(l[0].quantidade, 3);
+    EXPECT_DOUBLE_EQ(l[0].pesoUnitario, 4);
+    EXPECT_DOUBLE_EQ(l[0].pesoTotal, 12);
+    EXPECT_NEAR(l[0].areaPintura, 1.02, 1e-12);
+    EXPECT_DOUBLE_EQ(l[0].comprimento, 500);
+    EXPECT_EQ(l[1].quantidade, 18);
+    EXPECT_DOUBLE_EQ(l[1].pesoTotal, 27);
+    EXPECT_EQ(l[1].observacao, L"Travejamento");
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2"}));
+    EXPECT_EQ(entra(0), 1);  // fewer than one piece is one
+    EXPECT_EQ(linhas().back().quantidade, 1);
+    EXPECT_EQ(linhas().back().marca, L"P3");
+    EXPECT_EQ(listas().size(), 1u);
+}
+
+TEST_F(ListaMaterial, SemListaAbertaNadaEntra) {
+    wchar_t marca[kZpMarcaMax] = L"";
+    EXPECT_EQ(ZpArxGetNextMarca(marca), 0);
+    Linha linha(L"P1", 1, L"U", L"", L"ACO", 1, 1, 1, 1, L"");
+    EXPECT_EQ(ZpArxAddToLista(linha), 0);
+    {
+        CCountMarca contador;
+        int lista = 0, estado = 0, tipo = 1;
+        AcDbObjectId id;
+        AcGePoint3d p;
+        ASSERT_EQ(ZpArxConnectLista(lista, id, estado, L"Perfil", contador, tipo), 1);
+        EXPECT_EQ(estado, 1);
+        ASSERT_EQ(ZpArxOpenLista(lista, id, estado, L"Perfil", tipo, contador, p), 1);
+        // A mark asked for twice before its row is entered is another one each time.
+        EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
+        EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
+        EXPECT_STREQ(marca, L"P2");
+    }
+    EXPECT_EQ(ZpArxAddToLista(linha), 0);  // the counter is gone: so is the open list
+    entra(1);
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1"}));
+}
+
+TEST_F(ListaMaterial, ComVariasPergunta) {
+    entra(1);
+    type({L"LISTAMATERIAL", L"nova"});
+    ASSERT_EQ(listas().size(), 2u);
+    builtin::RawInput resposta;
+    resposta.kind = builtin::RawInput::Kind::Text;
+    resposta.text = L"2";
+    ui.inputs.push_back(resposta);
+    EXPECT_EQ(entra(1), 1);
+    EXPECT_TRUE(asked(L"Lista de material <1>: "));
+    EXPECT_EQ(linhas(1).size(), 1u);
+    EXPECT_EQ(linhas(1)[0].marca, L"P1");  // each list counts by itself
+    resposta.text.clear();
+    ui.inputs.push_back(resposta);
+    EXPECT_EQ(entra(1), 1);
+    EXPECT_TRUE(asked(L"Lista de material <2>: "));
+    EXPECT_EQ(linhas(1).size(), 2u);
+    resposta.kind = builtin::RawInput::Kind::Cancel;
+    ui.inputs.push_back(resposta);
+    EXPECT_EQ(entra(1), 0);
+}
+
+TEST_F(ListaMaterial, DesfazerLiberaAMarca) {
+    entra(1);
+    auto& undo = editor->database().core().undo();
+    undo.begin(L"TESTE");
+    entra(1);
+    undo.end();
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2"}));
+    type({L"_u"});
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1"}));
+    EXPECT_EQ(conta<ZpMarca>(), 1u);
+    entra(1);
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2"}));
+}
+
+TEST_F(ListaMaterial, SalvaEAbreComMarcas) {
+    const std::filesystem::path arquivo =
+        std::filesystem::temp_directory_path() / "zp_matlist_test.dxf";
+    entra(2, 4);
+    ASSERT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    std::filesystem::remove(arquivo);
+    const auto l = linhas();
+    ASSERT_EQ(l.size(), 2u);
+    EXPECT_EQ(l[1].dimensoes, L"200x8");
+    EXPECT_EQ(l[1].quantidade, 8);
+    ASSERT_EQ(l[0].ids.size(), 1u);
+    const builtin::Read<ZpMarca> marca(l[0].ids[0]);
+    ASSERT_NE(marca.object(), nullptr);
+    EXPECT_EQ(marca->marca(), L"P1");
+    builtin::expectPoint(marca->textoEm(), -10, 110);
+    entra(1);
+    EXPECT_EQ(linhas().back().marca, L"P3");
+}
+
+TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
+    std::vector<Linha> l;
+    l.emplace_back(L"P1", 2, L"Ue", L"200x75x20x2,65", L"ACO", 1234.5, 7.75, 15.5, 0.75,
+                   L"com \"aba\"; furada");
+    const std::wstring texto = zp::lista::textoCsv(l);
+    EXPECT_NE(texto.find(L"MARCA;QUANT.;DESCRIÇÃO;"), std::wstring::npos);
+    EXPECT_NE(texto.find(L"\r\nP1;2;Ue;200x75x20x2,65;ACO;1234,5;7,75;15,5;0,75;\"com \"\"aba\"\"; "
+                         L"furada\"\r\n"),
+              std::wstring::npos);
+    entra(1);
+    const std::filesystem::path arquivo = std::filesystem::temp_directory_path() / "zp_lista.csv";
+    type({L"LISTAMATERIAL", L"csv", arquivo.wstring().c_str()});
+    std::ifstream lido(arquivo, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(lido), {}};
+    EXPECT_TRUE(bytes.starts_with("\xEF\xBB\xBFMARCA;"));
+    EXPECT_NE(bytes.find("P1;1;U;200x75x3;ACO;500;4;4;0,34;"), std::string::npos);
+    std::filesystem::remove(arquivo);
+    type({L"LISTAMATERIAL", L"csv", L"/nao/existe/lista.csv"});
+    EXPECT_TRUE(said(L"Não foi possível gravar"));
+}
+
+TEST_F(ListaMaterial, TabelaSeAtualizaNoLugar) {
+    entra(1);
+    type({L"LISTAMATERIAL", L"", L"1000,2000"});
+    const std::size_t uma = entities().size();
+    const auto textos = [&] {
+        std::vector<std::wstring> t;
+        for (const AcDbObjectId& id : entities()) {
+            const AcDbObjectPointer<AcDbText> texto(id, AcDb::kForRead);
+            if (texto.object() != nullptr) t.push_back(texto->textStringConst());
+        }
+        return t;
+    };
+    const auto tem = [&](const wchar_t* qual) {
+        const auto t = textos();
+        return std::count(t.begin(), t.end(), std::wstring(qual));
+    };
+    EXPECT_EQ(tem(L"200x75x3"), 1);
+    entra(2);
+    type({L"LISTAMATERIAL", L""});  // stands already: nothing is asked
+    EXPECT_EQ(tem(L"200x75x3"), 2);
+    EXPECT_EQ(tem(L"MARCA"), 1);
+    EXPECT_EQ(tem(L"TOTAL"), 1);
+    EXPECT_EQ(tem(L"12"), 1);  // 4 + 8 kg
+    EXPECT_GT(entities().size(), uma);
+    // A row whose mark was erased says so and no longer counts.
+    const AcDbObjectId marca = linhas()[0].ids[0];
+    type({L"_erase"});
+    pick(0, 0, {marca});
+    type({L"", L"LISTAMATERIAL", L""});
+    EXPECT_EQ(tem(L"apagada"), 1);
+    EXPECT_EQ(tem(L"8"), 2);  // its own row and the total
+}
+
+TEST_F(ListaMaterial, MarcaSeMoveComOTextoDireito) {
+    entra(1);
+    const AcDbObjectId id = linhas()[0].ids[0];
+    AcDbEntity* marca = nullptr;
+    ASSERT_EQ(acdbOpenAcDbEntity(marca, id, AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(marca->transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(), AcGeVector3d::kXAxis)),
+              Acad::eOk);
+    AcGeMatrix3d torta;
+    torta.entry[0][1] = 0.5;
+    EXPECT_EQ(marca->transformBy(torta), Acad::eCannotScaleNonUniformly);
+    builtin::expectPoint(static_cast<ZpMarca*>(marca)->textoEm(), 10, 110);
+    AcDbVoidPtrArray partes;
+    EXPECT_EQ(marca->explode(partes), Acad::eOk);
+    bool texto = false;
+    for (void* p : partes) {
+        const std::unique_ptr<AcDbEntity> e(static_cast<AcDbEntity*>(p));
+        if (const auto* t = AcDbText::cast(e.get())) {
+            texto = true;
+            EXPECT_EQ(t->rotation(), 0.0);
+            EXPECT_GE(t->position().x, 10.0);  // beyond the leader, on the side it comes from
+        }
+    }
+    EXPECT_TRUE(texto);
+    marca->close();
+}
+
+TEST_F(ListaMaterial, RelatorioDoDesenho) {
+    class Conta : public protocol::PropertyVisitor {
+    public:
+        std::wstring chaves;
+        void number(const ACHAR* n, double) override { diz(n); }
+        void integer(const ACHAR* n, long long) override { diz(n); }
+        void text(const ACHAR* n, const ACHAR*) override { diz(n); }
+        void point(const ACHAR* n, const AcGePoint3d&) override { diz(n); }
+        void object(const ACHAR*, const AcDbObjectId&) override { chaves += L"# "; }
+        void beginList(const ACHAR* n) override { diz(n); }
+        void endList() override {}
+        void beginGroup(const ACHAR*) override { chaves += L"{ "; }
+        void endGroup() override { chaves += L"} "; }
+        void diz(const ACHAR* n) { chaves += std::wstring(n) + L" "; }
+    } visita;
+    entra(1);
+    auto* r =
+        static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
+    ASSERT_NE(r, nullptr);
+    r->describe(editor->database(), visita);
+    EXPECT_EQ(visita.chaves,
+              L"lista_material { marca quantidade descricao dimensoes material comprimento "
+              L"peso_unitario peso_total "
+              L"area_pintura observacao ids # } ");
+}
+
+}  // namespace
