@@ -385,6 +385,309 @@ vi_lam_geracao : dialog {
     rodape;
 }
 
+// ---- Comandos de duas peças unidas por chapas ---------------------------------------------------
+
+// Catálogo de cinco colunas.
+catalogo_com_aba : catalogo { tabs = "8 15 22 27"; }
+
+vao_a : medida { key = "a"; label = "Vão entre as peças a (&mm)"; }
+largura_total_a : medida { key = "a"; label = "&Largura total a (mm)"; }
+enrijecedor_e : medida { key = "e"; label = "E&nrijecedor e (mm)"; }
+
+botao_travejar : button { key = "travejar"; label = "Trave&jar..."; fixed_width = true; alignment = centered; }
+
+// cantdteel
+p2la_lam_geracao : dialog {
+    label = "Duas cantoneiras laminadas em T";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// cantdul
+plf_lam_geracao : dialog {
+    label = "Duas cantoneiras laminadas em U";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                largura_total_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// pcdtee
+p2la_geracao : dialog {
+    label = "Duas cantoneiras dobradas em T";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// pcantoneiradu
+plf_geracao : dialog {
+    label = "Duas cantoneiras dobradas em U";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                largura_total_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfildvv
+plv_geracao : dialog {
+    label = "Duas cantoneiras dobradas em X";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// cantdvvl
+plv_lam_geracao : dialog {
+    label = "Duas cantoneiras laminadas em X";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfil2u
+p2ua_geracao : dialog {
+    label = "Dois perfis U dobrados em I";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfil2uenr
+p2uenr_geracao : dialog {
+    label = "Dois perfis U enrijecidos em I";
+    : row {
+        : column {
+            : catalogo_com_aba { label = "&Catálogo: h  b  t  a  e (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+                enrijecedor_e;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfil2ulam
+p2ulam_geracao : dialog {
+    label = "Dois perfis U laminados em I";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilcantcruzlaminado
+pcclam_geracao : dialog {
+    label = "Duas cantoneiras laminadas em cruz";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+                : medida { key = "av"; label = "Vão na a&ltura av (mm)"; }
+            }
+            : popup_list { key = "plano"; label = "C&hapas"; edit_width = 18; }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilcantzlaminado
+pczlam_geracao : dialog {
+    label = "Duas cantoneiras laminadas em Z";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                vao_a;
+                : medida { key = "av"; label = "Desníve&l av (mm)"; }
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilduc
+p2uf_geracao : dialog {
+    label = "Caixa de dois perfis U dobrados";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                largura_total_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfilicartola
+i2c_geracao : dialog {
+    label = "Dois perfis cartola em I";
+    : row {
+        : column {
+            : catalogo_com_aba { label = "&Catálogo: h  b  t  a  e (mm)"; }
+            botoes_do_catalogo;
+            : boxed_column {
+                label = "Dimensões";
+                : altura_h { label = "&Altura dos topos h (mm)"; }
+                : aba_b { label = "Lado &b (mm)"; }
+                espessura_t;
+                vao_a;
+                : enrijecedor_e { label = "Aba exter&na e (mm)"; }
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
+// perfiluulaminado
+puulam_geracao : dialog {
+    label = "Caixa de dois perfis U laminados";
+    : row {
+        : column {
+            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            : boxed_column {
+                label = "Dimensões";
+                altura_h;
+                aba_b;
+                espessura_t;
+                largura_total_a;
+            }
+            botao_travejar;
+        }
+        vista_e_insercao;
+    }
+    rodape;
+}
+
 // ---- Função da barra na estrutura ---------------------------------------------------------------
 
 tipo_barras : dialog {

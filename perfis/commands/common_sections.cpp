@@ -3,6 +3,7 @@
 #include "perfis/commands/common_sections.h"
 
 #include "perfis/dialogs/tiles.h"
+#include "perfis/entities/zplaminados.h"
 
 namespace perfis {
 namespace {
@@ -59,6 +60,17 @@ constinit const std::span<const DimensionTile> kTilesHbt(kHbta, 3);
 constinit const std::span<const DimensionTile> kTilesHbta(kHbta);
 constinit const std::span<const Insertion> kUInsertions(kUCorners);
 constinit const std::span<const Insertion> kRoundInsertions(kRoundEdges);
+
+double rolledUArea(const Medidas& medidas) { return medidas.m * 100.0 * 1.271848; }
+
+/// The mean thickness follows from the area; the inner face falls half of its fall further out. A
+/// section without mass is drawn with flanges as thick as its web.
+double rolledUToe(const Medidas& medidas) {
+    const double t = medidas.t;
+    if (medidas.m == 0.0 || medidas.b == t) return t;
+    const double mean = (rolledUArea(medidas) - medidas.h * t) / (2.0 * (medidas.b - t));
+    return mean - ZpULaminado::calcDeslocF(medidas.b, t);
+}
 
 std::wstring rowOfHbta(ads_hdlg dialog) {
     return buildRow(tileText(dialog, L"h"), tileText(dialog, L"b"), tileText(dialog, L"t"),

@@ -22,6 +22,11 @@ extern const std::span<const Insertion> kRoundInsertions;
 /// Area in mm2 of a linear mass in kg/m, as the rolled classes take it.
 inline constexpr double kAreaOfMass = 127.1848;
 
+/// Area of one rolled U in mm2, in the factors in which the trade has it.
+double rolledUArea(const Medidas& medidas);
+/// Thickness of its flanges at their toes.
+double rolledUToe(const Medidas& medidas);
+
 /// Row of the tiles h, b, t and, when the dialog has it, a.
 std::wstring rowOfHbta(ads_hdlg dialog);
 

@@ -7,19 +7,33 @@ namespace perfis {
 
 void bnlam();
 void cantoneiracaixalaminada();
+void pcantcruzlam();
 void pcantdob();
 void pcantlam();
+void pcanttdob();
+void pcanttelam();
+void pcantudob();
+void pcantulam();
+void pcantxdob();
 void pcartola();
 void pcxdoben();
+void pcxdobrado();
+void perfil2ulam();
 void perfilbarraredonda();
 void perfilbox();
+void perfilcantcruzlaminado();
+void perfilcantzlaminado();
+void perfilicartola();
 void perfilpsa();
 void perfiltubo();
 void perfilulaminado();
+void perfiluulaminado();
+void pidobrado();
+void pienrdobrado();
 void pilaminado();
 void pisoldado();
-void pudobrado();
 void pudoben();
+void pudobrado();
 void pzdobrado();
 
 }  // namespace perfis

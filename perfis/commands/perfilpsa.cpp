@@ -49,16 +49,16 @@ void dimensionSection(PieceDimensions& d, const Medidas& m) {
     const AcGePoint3d bottom(x, d.face(1).y, upper.z);
     const AcGeVector3d halfTop = d.by(m.bc / 2.0, 0.0);
     const AcGeVector3d halfBottom = d.by(m.bb / 2.0, 0.0);
-    const AcGePoint3d below = bottom + d.off(0.0, -kNearLine);
-    d.add(bottom - halfBottom, bottom, below);
-    d.add(bottom, bottom + halfBottom, below);
-    d.add(bottom - halfBottom, bottom + halfBottom, bottom + d.off(0.0, -kFarLine));
-    d.add(top - halfTop, top + halfTop, top + d.off(0.0, kNearLine));
-    d.add(d.face(2), d.face(3), d.face(2) + d.off(kNearLine, 0.0));
-
-    const double left = upper.x - kNearLine * d.scale();
     const AcGePoint3d topLeft = top - halfTop;
     const AcGePoint3d bottomLeft = bottom - halfBottom;
+    const AcGePoint3d below = bottomLeft + d.off(0.0, -kNearLine);
+    d.add(bottomLeft, bottom, below);
+    d.add(bottom, bottom + halfBottom, below);
+    d.add(bottomLeft, bottom + halfBottom, bottomLeft + d.off(0.0, -kFarLine));
+    d.add(topLeft, top + halfTop, topLeft + d.off(0.0, kNearLine));
+    d.add(d.face(2), d.face(3), d.face(3) + d.off(kNearLine, 0.0));
+
+    const double left = upper.x - kNearLine * d.scale();
     d.add(topLeft, topLeft - d.by(0.0, m.tc), {left, topLeft.y, upper.z});
     d.add(bottomLeft, bottomLeft + d.by(0.0, m.tb), {left, bottomLeft.y, upper.z});
     const AcGePoint3d web(x, (top.y + bottom.y) / 2.0, upper.z);

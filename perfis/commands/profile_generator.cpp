@@ -86,7 +86,7 @@ int placeOnePiece(const ProfileDescription& description, RunState& state,
     if (layPlates) plates = layPlates(*piece, point);
     Companions companions;
     companions.others = plates.ids;
-    companions.dimensions = dimensionPiece(description, state, piece);
+    companions.dimensions = dimensionPiece(description, state, piece, plates);
     tiePlates(*piece, plates.ids);
     piece.close();
 
@@ -147,7 +147,8 @@ int drawBetweenPoints(const ProfileDescription& description, const RunState& sta
 }
 
 std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
-                                         const RunState& state, OpenPiece& piece) {
+                                         const RunState& state, OpenPiece& piece,
+                                         const LaidPlates& plates) {
     if (sharedDimensionFlag() == 0) return {};
     AcGePoint3d faces[4];
     piece->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
@@ -159,6 +160,9 @@ std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
     } else if (state.views.view >= 1 && state.views.view <= 4) {
         dimensions.width();
         dimensions.height();
+        const AcGePoint3d plate(origin.x, faces[1].y, origin.z);
+        dimensions.add(plate, plate + dimensions.by(plates.pitch, 0.0),
+                       plate + dimensions.off(0.0, -kFarLine));
     }
     for (AcDbObjectId id : dimensions.ids()) (void)piece->LinkDim(id);
     return dimensions.ids();

@@ -36,9 +36,11 @@ int dragPieces(const ProfileDescription& description, const RunState& state);
 /// Draws pieces between two picked points until one is refused: RTCAN.
 int drawBetweenPoints(const ProfileDescription& description, const RunState& state);
 
-/// Makes the automatic dimensions when the shared flag asks for them and ties them to the piece.
+/// Makes the automatic dimensions of the piece and of the pitch of its plates when the shared flag
+/// asks for them, and ties them to the piece.
 std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
-                                         const RunState& state, OpenPiece& piece);
+                                         const RunState& state, OpenPiece& piece,
+                                         const LaidPlates& plates = {});
 
 /// Number of pieces as the material list takes it: at least 1.
 int pieceCount(const ViewsChoice& views);

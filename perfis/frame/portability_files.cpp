@@ -114,6 +114,9 @@ std::optional<std::string> readFile(std::wstring_view path) {
 }
 
 bool replaceFile(std::wstring_view path, std::string_view bytes) {
+    // Most commands end with their list as it was: flushing it to the disk would cost more than all
+    // the rest.
+    if (readFile(path) == bytes) return true;
     std::error_code error;
     fs::path target = nativePath(path);
     // Writing through a link replaces what it points at, not the link.

@@ -55,6 +55,9 @@ struct LaidPlates {
     std::vector<AcDbObjectId> ids;
     /// One for each row of the material list.
     std::vector<PlateRow> rows;
+    /// From the left edge of the first plate to that of the next one along the member, when the
+    /// member's dimensions show it; else 0.
+    double pitch = 0.0;
 };
 
 /// Makes plates for one member, which is open for write, on the layer of "vista-chapa". Each is put

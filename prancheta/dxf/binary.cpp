@@ -78,9 +78,8 @@ private:
         // A number that is none stays visible as one: the reader of the text refuses it.
         char* const end = std::to_chars(buffer, buffer + 40, value).ptr;
         m_out.text.append(buffer, end);
-        const bool isWhole = std::none_of(buffer, end, [](char c) {
-            return c == '.' || c == 'e' || c == 'n';
-        });
+        const bool isWhole =
+            std::none_of(buffer, end, [](char c) { return c == '.' || c == 'e' || c == 'n'; });
         if (std::is_floating_point_v<T> && isWhole) m_out.text += ".0";
         return true;
     }

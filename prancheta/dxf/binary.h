@@ -20,8 +20,8 @@ struct BinaryText {
     std::vector<std::size_t> offsets;
 };
 
-/// Group codes of one byte (R12) or two are told by the first group. A truncated file or a group that
-/// makes no sense is an error that names the byte.
+/// Group codes of one byte (R12) or two are told by the first group. A truncated file or a group
+/// that makes no sense is an error that names the byte.
 Result<BinaryText> textOfBinary(std::string_view bytes);
 
 }  // namespace prancheta::dxf

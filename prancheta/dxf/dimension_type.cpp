@@ -40,7 +40,7 @@ struct Harmless {
     bool any;
     double value;
 };
-constexpr Harmless kHarmless[] = {{12, true, 0}, {22, true, 0}, {32, true, 0},  {280, true, 0},
+constexpr Harmless kHarmless[] = {{12, true, 0},  {22, true, 0},  {32, true, 0},  {280, true, 0},
                                   {41, false, 1}, {72, false, 1}, {51, false, 0}, {53, false, 0},
                                   {73, false, 0}, {74, false, 0}, {75, false, 0}};
 
@@ -48,8 +48,7 @@ bool isHarmless(const Tag& tag) {
     if (tag.code == 100) return true;
     for (const Harmless& h : kHarmless) {
         double value = 0.0;
-        if (h.code == tag.code)
-            return h.any || (parseReal(tag.value, value) && value == h.value);
+        if (h.code == tag.code) return h.any || (parseReal(tag.value, value) && value == h.value);
     }
     return false;
 }
@@ -111,17 +110,22 @@ EntityType alignedDimensionType() {
     return {"DIMENSION", &AcDbAlignedDimension::desc, kDimension, suits, make, take};
 }
 
-std::unique_ptr<AcDbAlignedDimension> asFiled(const AcDbAlignedDimension& dimension) {
+AcGePoint3d filedThroughPoint(const AcDbAlignedDimension& dimension) {
     const AcGePoint3d through = dimension.dimLinePoint();
-    AcGePoint3d filed = definitionPoint10(dimension);
+    const AcGePoint3d filed = definitionPoint10(dimension);
     // A through point that came from a file is the definition point but for rounding.
     const double size = std::max({1.0, std::abs(through.x), std::abs(through.y)});
-    if (filed.distanceTo(through) <= 1e-9 * size) filed = through;
+    return filed.distanceTo(through) <= 1e-9 * size ? through : filed;
+}
+
+std::unique_ptr<AcDbAlignedDimension> asFiled(const AcDbAlignedDimension& dimension) {
+    const AcGePoint3d filed = filedThroughPoint(dimension);
     AcDbObjectId style = dimension.dimensionStyle();
-    if (style.isErased() && dimension.database() != nullptr) style = dimension.database()->dimstyle();
-    auto copy = std::make_unique<AcDbAlignedDimension>(dimension.xLine1Point(),
-                                                       dimension.xLine2Point(), filed,
-                                                       dimension.dimensionTextConst(), style);
+    if (style.isErased() && dimension.database() != nullptr)
+        style = dimension.database()->dimstyle();
+    auto copy =
+        std::make_unique<AcDbAlignedDimension>(dimension.xLine1Point(), dimension.xLine2Point(),
+                                               filed, dimension.dimensionTextConst(), style);
     (void)copy->setPropertiesFrom(&dimension);
     (void)copy->setDimscale(dimension.ownDimscale());
     (void)copy->setOblique(dimension.oblique());

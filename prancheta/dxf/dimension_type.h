@@ -10,12 +10,16 @@ namespace prancheta::dxf {
 /// Texts 1 is the name of the block that holds the picture.
 EntityType alignedDimensionType();
 
+/// A point that the dimension line passes through, as the file has it: at the second extension
+/// line.
+AcGePoint3d filedThroughPoint(const AcDbAlignedDimension& dimension);
+
 /// The dimension with its through point where the file will have it, so that what is drawn before
 /// saving and after loading is the same to the last bit. Not resident, with the original's style.
 std::unique_ptr<AcDbAlignedDimension> asFiled(const AcDbAlignedDimension& dimension);
 
-/// The scale stands among the overrides in the extended data: takes it out of the groups, 0 when there
-/// is none, or puts it in.
+/// The scale stands among the overrides in the extended data: takes it out of the groups, 0 when
+/// there is none, or puts it in.
 double takeDimscale(RawTags& xdata);
 void putDimscale(RawTags& xdata, double scale);
 

@@ -31,11 +31,13 @@ struct LoadReport {
     std::vector<Finding> findings;
 };
 
-/// Reads R12 to R2018, text or binary. A damaged file is an error that says where; nothing half-read is
-/// given back.
-Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, LoadReport* report = nullptr);
+/// Reads R12 to R2018, text or binary. A damaged file is an error that says where; nothing
+/// half-read is given back.
+Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path,
+                                           LoadReport* report = nullptr);
 
 /// Replaces the file atomically. The same drawing gives the same bytes.
-Result<void> save(AcDbDatabase& database, const std::filesystem::path& path, const SaveOptions& options = {});
+Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
+                  const SaveOptions& options = {});
 
 }  // namespace prancheta::dxf

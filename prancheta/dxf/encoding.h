@@ -12,8 +12,8 @@ enum class Charset { Windows1252, Utf8 };
 /// Charset that a release uses ("AC1015" ...): UTF-8 from AC1021 on.
 Charset charsetOf(std::string_view acadVersion);
 
-/// A value as UTF-8: \U+XXXX is decoded in both charsets, carets stay as they are. In a UTF-8 file a
-/// text that is no valid UTF-8 is read as Windows-1252.
+/// A value as UTF-8: \U+XXXX is decoded in both charsets, carets stay as they are. In a UTF-8 file
+/// a text that is no valid UTF-8 is read as Windows-1252.
 std::string decode(std::string_view value, Charset charset);
 /// The same with carets decoded (^I, ^J, "^ "): what a text means.
 std::wstring decodeText(std::string_view value, Charset charset);

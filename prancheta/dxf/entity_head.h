@@ -32,7 +32,8 @@ struct RecordHead {
 bool splitEntity(const Record& record, RecordHead& head, std::optional<Fault>& fault);
 /// For records of tables and for objects, where everything but handle, owner and groups of
 /// applications belongs to the type. `handleCode` is 5, or 105 for dimension styles.
-bool splitRecord(const Record& record, int handleCode, RecordHead& head, std::optional<Fault>& fault);
+bool splitRecord(const Record& record, int handleCode, RecordHead& head,
+                 std::optional<Fault>& fault);
 
 /// Appends groups as they stand, after a look at their values.
 bool appendRaw(RawTags& out, const Tags& tags, Charset charset, std::optional<Fault>& fault);

@@ -59,7 +59,8 @@ void takePoint(const AcDbEntity& entity, Values& v) {
 
 // --- CIRCLE --------------------------------------------------------------------------------------
 
-constexpr Field kCircle[] = {marker("AcDbCircle"), {10, PlanePoint, 0}, {40, Real, 0}, {210, Normal}};
+constexpr Field kCircle[] = {
+    marker("AcDbCircle"), {10, PlanePoint, 0}, {40, Real, 0}, {210, Normal}};
 
 std::unique_ptr<AcDbEntity> makeCircle(const Values& v) {
     return std::make_unique<AcDbCircle>(v.points[0], v.normal, v.reals[0]);
@@ -73,7 +74,7 @@ void takeCircle(const AcDbEntity& entity, Values& v) {
 
 // --- ARC -----------------------------------------------------------------------------------------
 
-constexpr Field kArc[] = {marker("AcDbCircle"), {10, PlanePoint, 0}, {40, Real, 0}, {210, Normal},
+constexpr Field kArc[] = {marker("AcDbCircle"), {10, PlanePoint, 0}, {40, Real, 0},   {210, Normal},
                           marker("AcDbArc"),    {50, Degrees, 1},    {51, Degrees, 2}};
 
 std::unique_ptr<AcDbEntity> makeArc(const Values& v) {
@@ -166,8 +167,8 @@ constexpr Field kText[] = {marker("AcDbText"),
                            optionalField(73, Integer, 1, 0.0)};
 
 bool suitsText(const Values& v, const Tags& rest) {
-    const bool modes = v.integers[0] >= 0 && v.integers[0] <= 5 && v.integers[1] >= 0 &&
-                       v.integers[1] <= 3;
+    const bool modes =
+        v.integers[0] >= 0 && v.integers[0] <= 5 && v.integers[1] >= 0 && v.integers[1] <= 3;
     return isFlat(v) && only(rest, 71, 0) && modes && v.reals[0] > 0.0 && v.reals[2] > 0.0;
 }
 std::unique_ptr<AcDbEntity> makeText(const Values& v) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The entity types that have a class here: their groups, and how values and objects become each other.
+// The entity types that have a class here: their groups, and how values and objects become each
+// other.
 #pragma once
 
 #include <memory>
@@ -14,8 +15,8 @@ struct EntityType {
     const char* name;
     AcRxClass* (*desc)();
     std::span<const Field> fields;
-    /// True when the class holds all that the values and the remaining groups say; a type that does not
-    /// suit is kept group by group instead.
+    /// True when the class holds all that the values and the remaining groups say; a type that does
+    /// not suit is kept group by group instead.
     bool (*suits)(const Values& values, const Tags& rest);
     std::unique_ptr<AcDbEntity> (*make)(const Values& values);
     void (*take)(const AcDbEntity& entity, Values& values);

@@ -111,7 +111,8 @@ void setOther(Values& values, const Field& field, const Tag& tag, LoadNames& nam
 }
 
 bool readValue(Values& values, const Field& field, int axis, const Tag& tag, LoadNames& names) {
-    if (field.meaning == Meaning::Integer) return parseInteger(tag.value, values.integers[field.slot]);
+    if (field.meaning == Meaning::Integer)
+        return parseInteger(tag.value, values.integers[field.slot]);
     if (kindOf(tag.code) == ValueKind::Real && field.meaning != Meaning::Ignored) {
         double number = 0.0;
         if (!parseReal(tag.value, number)) return false;
@@ -161,8 +162,8 @@ public:
                 return m_out.point(code, inPlane(m_values.points[field.slot]));
             case Meaning::Normal:
                 if (!m_tilted) return;
-                return m_out.point(code, AcGePoint3d(m_values.normal.x, m_values.normal.y,
-                                                     m_values.normal.z));
+                return m_out.point(
+                    code, AcGePoint3d(m_values.normal.x, m_values.normal.y, m_values.normal.z));
             case Meaning::Real:
                 return writeReal(field, m_values.reals[field.slot]);
             case Meaning::Degrees:
@@ -332,8 +333,8 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
         std::string why;
         const Field* field = fieldOf(fields, tag.code, axis);
         if (field != nullptr && isDefault(field->meaning)) field = nullptr;
-        const bool good = field != nullptr ? readValue(values, *field, axis, tag, names)
-                                           : checkValue(tag, why);
+        const bool good =
+            field != nullptr ? readValue(values, *field, axis, tag, names) : checkValue(tag, why);
         if (!good) {
             if (why.empty()) (void)checkValue(tag, why);
             fault = Fault{why, tag.value.data()};

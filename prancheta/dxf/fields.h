@@ -16,15 +16,15 @@
 namespace prancheta::dxf {
 
 enum class Meaning : std::uint8_t {
-    Marker,       ///< group 100 with the name given
-    Point,        ///< world coordinates: code, code + 10, code + 20
-    PlanePoint,   ///< the same in the plane frame of the normal; written in the world's in Values
-    AlignedPoint, ///< plane point that is written only when a text is justified (integers 0 and 1)
+    Marker,        ///< group 100 with the name given
+    Point,         ///< world coordinates: code, code + 10, code + 20
+    PlanePoint,    ///< the same in the plane frame of the normal; written in the world's in Values
+    AlignedPoint,  ///< plane point that is written only when a text is justified (integers 0 and 1)
     Real,
-    Degrees,      ///< radians in Values
+    Degrees,  ///< radians in Values
     Integer,
     Text,
-    TextStyle,    ///< names of records, ids in Values
+    TextStyle,  ///< names of records, ids in Values
     DimStyle,
     Block,
     Linetype,
@@ -34,11 +34,12 @@ enum class Meaning : std::uint8_t {
     VertexStart,
     VertexEnd,
     VertexBulge,
-    Dashes,       ///< 49, repeated, each followed by 74 0
-    Default,      ///< whole number or real that the class does not hold: kept, or written as standard
-    DefaultText,  ///< the same for a text, `name` is the standard
-    DefaultHandle,///< the same for a handle, integers say which, a negative one writes none
-    Ignored,      ///< follows from the rest: read over, and written by the type's own code or not at all
+    Dashes,   ///< 49, repeated, each followed by 74 0
+    Default,  ///< whole number or real that the class does not hold: kept, or written as standard
+    DefaultText,    ///< the same for a text, `name` is the standard
+    DefaultHandle,  ///< the same for a handle, integers say which, a negative one writes none
+    Ignored,  ///< follows from the rest: read over, and written by the type's own code or not at
+              ///< all
 };
 
 /// One group of a type. `slot` is the place among the values of its kind; `optional` groups are not
@@ -84,9 +85,9 @@ struct Values {
     void reset(std::span<const Field> fields);
 };
 
-/// Fills the values from groups; those that no field names go to `rest`, each run behind the marker of
-/// its subclass. A bad value gives the fault and false. A marker that the table does not have: false
-/// with no fault, the type is another than the table's.
+/// Fills the values from groups; those that no field names go to `rest`, each run behind the marker
+/// of its subclass. A bad value gives the fault and false. A marker that the table does not have:
+/// false with no fault, the type is another than the table's.
 bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& names, Values& values,
                 Tags& rest, std::optional<Fault>& fault);
 
@@ -95,7 +96,8 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
 void writeFields(std::span<const Field> fields, const Values& values, SaveNames& names,
                  TagWriter& out, const RawTags* kept, std::size_t first);
 
-/// Degrees that read back to exactly these radians, where there are such.
+/// Degrees that read back to exactly these radians, where there are such; otherwise what is read
+/// back gives the same degrees again.
 double degreesOf(double radians);
 double radiansOf(double degrees);
 

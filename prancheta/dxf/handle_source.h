@@ -8,9 +8,9 @@
 
 namespace prancheta::dxf {
 
-/// Handles for what the writer makes itself. They begin behind the largest one of everything that the
-/// file keeps, whatever was erased meanwhile, so that the same drawing gets the same ones again after it
-/// was saved and loaded.
+/// Handles for what the writer makes itself. They begin behind the largest one of everything that
+/// the file keeps, whatever was erased meanwhile, so that the same drawing gets the same ones again
+/// after it was saved and loaded.
 class HandleSource {
 public:
     /// Looks at everything that the file keeps; nothing may come to the drawing afterwards.

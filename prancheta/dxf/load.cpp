@@ -91,10 +91,7 @@ bool Loader::readSection() {
     if (!m_hasSeed) reserveAllHandles();
     if (isName(name, "CLASSES")) return readClasses();
     if (isName(name, "TABLES")) return readTables();
-    if (!m_requiredMade) {
-        m_core.addRequiredRecords();
-        m_requiredMade = true;
-    }
+    makeRequired();
     if (isName(name, "BLOCKS")) return readBlocks();
     if (isName(name, "ENTITIES")) return readEntities();
     if (isName(name, "OBJECTS")) return readObjects();
@@ -179,6 +176,16 @@ Adesk::UInt64 Loader::claim(Adesk::UInt64 handle, const char* at) {
     return 0;
 }
 
+/// Records that every drawing has; what the file lacked gets a handle that gives way to the file's.
+void Loader::makeRequired() {
+    if (m_requiredMade) return;
+    m_requiredMade = true;
+    const StubPool& stubs = ObjectAccess::stubs(m_core);
+    const std::size_t before = stubs.size();
+    m_core.addRequiredRecords();
+    for (std::size_t i = before; i < stubs.size(); ++i) m_automatic.insert(&stubs[i]);
+}
+
 /// A file that does not say which handles are free: all that it uses are looked at.
 void Loader::reserveAllHandles() {
     m_hasSeed = true;
@@ -191,7 +198,7 @@ void Loader::reserveAllHandles() {
 }
 
 bool Loader::complete() {
-    if (!m_requiredMade) m_core.addRequiredRecords();
+    makeRequired();
     if (!readWantedBlocks()) return false;
     if (!takeExtensionDictionaries()) return false;
     linkReactors();

@@ -68,8 +68,8 @@ AcDbObjectId Loader::makeBlock(FileBlock& found) {
     std::swap(m_head, outerHead);
     std::swap(m_values, outerValues);
     std::swap(m_rest, outerRest);
-    auto& table = static_cast<AcDbSymbolTable&>(
-        *static_cast<AcDbStub*>(m_database.blockTableId())->object);
+    auto& table =
+        static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(m_database.blockTableId())->object);
     if (!found.record.empty()) {
         TagReader reader(found.record);
         Record record;
@@ -84,8 +84,7 @@ AcDbObjectId Loader::makeBlock(FileBlock& found) {
         (void)keepExtra(*made, m_rest);
         if (addRecord(type, made)) found.id = ObjectAccess::lookup(table, name);
     } else {
-        if (m_head.handle != 0)
-            (void)m_core.changeHandle(found.id, claim(m_head.handle, nullptr));
+        if (m_head.handle != 0) (void)m_core.changeHandle(found.id, claim(m_head.handle, nullptr));
         (void)keepExtra(recordAt(found.id), m_rest);
         if (!m_head.reactors.empty() || m_head.dictionary != 0)
             m_later.push_back({&recordAt(found.id), m_head.reactors, m_head.dictionary});

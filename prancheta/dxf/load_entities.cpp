@@ -23,9 +23,7 @@ bool hasParts(std::string_view type, const Tags& body) {
     });
 }
 
-bool isByLayer(std::string_view linetype) {
-    return equalNoCase(toWide(linetype), L"ByLayer");
-}
+bool isByLayer(std::string_view linetype) { return equalNoCase(toWide(linetype), L"ByLayer"); }
 
 }  // namespace
 
@@ -134,7 +132,8 @@ bool Loader::keepExtra(AcDbObject& object, const Tags& rest, std::string_view wi
     Tags wanted;
     bool keep = true;
     for (const Tag& tag : m_head.xdata) {
-        if (tag.code == 1001) keep = withoutApplication.empty() || trim(tag.value) != withoutApplication;
+        if (tag.code == 1001)
+            keep = withoutApplication.empty() || trim(tag.value) != withoutApplication;
         if (keep) wanted.push_back(tag);
     }
     if (!appendRaw(xdata, wanted, charset(), m_fault)) return false;

@@ -12,8 +12,8 @@
 
 namespace prancheta::dxf {
 
-/// Finds records by name, keeping the answers by the name's bytes in the file. What is missing is made,
-/// because files in the wild name layers and styles without a record.
+/// Finds records by name, keeping the answers by the name's bytes in the file. What is missing is
+/// made, because files in the wild name layers and styles without a record.
 class LoadNames {
 public:
     enum Kind { kLayer, kLinetype, kTextStyle, kDimStyle, kBlock, kKinds };

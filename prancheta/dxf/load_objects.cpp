@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Section OBJECTS: dictionaries and their records become objects where modules can use them, all else is
-// kept as it stands.
+// Section OBJECTS: dictionaries and their records become objects where modules can use them, all
+// else is kept as it stands.
 #include <algorithm>
 
 #include "prancheta/base/text.h"
@@ -18,14 +18,14 @@ bool isFormatsOwn(const std::wstring& key) {
     return folded.starts_with(L"acad") || folded.starts_with(L"acdb");
 }
 
-/// The value of groups body[i]...; null when a typed list cannot hold it. `i` is left at the last group.
+/// The value of groups body[i]...; null when a typed list cannot hold it. `i` is left at the last
+/// group.
 resbuf* itemOf(const Tags& body, std::size_t& i, LoadNames& names) {
     const Tag& tag = body[i];
     if (tag.code >= 370 || tag.code == 5 || tag.code == 105 || tag.code == 0) return nullptr;
     const ::prancheta::ValueKind kind = kindOfValue(tag.code);
     long long integer = 0;
-    if (kind == ::prancheta::ValueKind::Text)
-        return newTextItem(tag.code, names.text(tag.value));
+    if (kind == ::prancheta::ValueKind::Text) return newTextItem(tag.code, names.text(tag.value));
     ListOwner item(acutNewRb(tag.code));
     switch (kind) {
         case ::prancheta::ValueKind::Real:
@@ -48,7 +48,8 @@ resbuf* itemOf(const Tags& body, std::size_t& i, LoadNames& names) {
             item->resval.rlong = static_cast<Adesk::Int32>(integer);
             return item.release();
         case ::prancheta::ValueKind::Name:
-            (void)acdbGetAdsName(item->resval.rlname, names.byHandle(tag.value));  // 0 names nothing
+            (void)acdbGetAdsName(item->resval.rlname,
+                                 names.byHandle(tag.value));  // 0 names nothing
             return item.release();
         default:
             return nullptr;
@@ -119,7 +120,8 @@ bool Loader::takeDictionary(ObjectSpan& span, AcDbDictionary& dictionary) {
     return true;
 }
 
-/// One entry: its object becomes one when it can, otherwise the entry holds the handle of a kept one.
+/// One entry: its object becomes one when it can, otherwise the entry holds the handle of a kept
+/// one.
 bool Loader::takeChild(AcDbDictionary& dictionary, const std::wstring& key, Adesk::UInt64 handle) {
     const auto found = m_objectsByHandle.find(handle);
     ObjectSpan* const span = found != m_objectsByHandle.end() ? found->second : nullptr;
@@ -241,7 +243,8 @@ bool Loader::takeExtensionDictionaries() {
         AcDbObject& owner = *m_later[i].object;
         const auto found = m_objectsByHandle.find(handle);
         AcDbObjectId id;
-        if (m_later[i].isPiece && found != m_objectsByHandle.end() && holdsFieldsOnly(*found->second))
+        if (m_later[i].isPiece && found != m_objectsByHandle.end() &&
+            holdsFieldsOnly(*found->second))
             continue;
         if (found != m_objectsByHandle.end() && !found->second->kept &&
             found->second->type == "DICTIONARY") {
@@ -269,8 +272,8 @@ void Loader::linkReactors() {
     for (const LaterReactors& later : m_later) {
         for (const Adesk::UInt64 handle : later.reactors) {
             AcDbStub* const stub = m_core.find(handle);
-            const bool exists = (stub != nullptr && stub->object != nullptr) ||
-                                m_objectsByHandle.contains(handle);
+            const bool exists =
+                (stub != nullptr && stub->object != nullptr) || m_objectsByHandle.contains(handle);
             AcDbObjectId id;
             if (exists && m_database.getAcDbObjectId(id, true, AcDbHandle(handle)) == Acad::eOk)
                 ObjectAccess::makeExtra(*later.object).reactors.push_back(id);

@@ -40,8 +40,8 @@ bool near(double a, double b) {
     return std::abs(a - b) <= 1e-9 * std::max({1.0, std::abs(a), std::abs(b)});
 }
 
-/// What an INSERT does to its block. A factor of z that was left at 1 beside others, as programs of the
-/// plane leave it, goes along with them.
+/// What an INSERT does to its block. A factor of z that was left at 1 beside others, as programs of
+/// the plane leave it, goes along with them.
 AcGeMatrix3d placementOf(const Values& v) {
     const double sx = v.reals[0];
     const double sy = v.reals[1];
@@ -56,8 +56,8 @@ AcGeMatrix3d placementOf(const Values& v) {
 
 }  // namespace
 
-/// Compares the place of the INSERT in m_values with the one that was saved. `possible` is false when
-/// the change is none that a piece can follow.
+/// Compares the place of the INSERT in m_values with the one that was saved. `possible` is false
+/// when the change is none that a piece can follow.
 bool Loader::isMoved(const PieceFrame& saved, AcGeMatrix3d& move, bool& possible) const {
     possible = true;
     const Values& v = m_values;
@@ -84,13 +84,14 @@ AcRxClass* Loader::pieceClass(std::string_view name) {
     return at->second;
 }
 
-/// Null, or why the fields could not be read.
-const char* Loader::fillPiece(AcDbEntity& entity, const PieceRecord& record) {
+/// Why the fields could not be read; empty when they were.
+std::string Loader::fillPiece(AcDbEntity& entity, const PieceRecord& record) {
     PieceInFiler filer(record, *this);
     const Acad::ErrorStatus es = entity.dxfInFields(&filer);
-    return es == Acad::eOk && filer.filerStatus() == Acad::eOk
-               ? nullptr
-               : "o registro da peça não pôde ser lido";
+    if (es == Acad::eOk && filer.filerStatus() == Acad::eOk) return {};
+    std::string why = toUtf8(filer.message());
+    while (!why.empty() && why.back() == '.') why.pop_back();
+    return why.empty() ? toUtf8(entity.isA()->name()) + ": o registro não pôde ser lido" : why;
 }
 
 std::unique_ptr<AcDbEntity> Loader::readPiece(std::string_view& pictureBlock) {
@@ -101,12 +102,12 @@ std::unique_ptr<AcDbEntity> Loader::readPiece(std::string_view& pictureBlock) {
         note(why + "; ficou como referência de bloco", at, m_head.handle);
         return nullptr;
     };
-    if (!parsePieceRecord(first, last, m_piece)) return refuse("o registro de uma peça está danificado");
+    if (!parsePieceRecord(first, last, m_piece))
+        return refuse("o registro de uma peça está danificado");
     const std::string className = toUtf8(text(m_piece.className));
     if (m_piece.version != kPieceVersion)
         return refuse("a peça " + className + " é de uma versão mais nova do programa");
-    if (m_piece.apart && !readPieceFields())
-        return refuse("faltam os campos da peça " + className);
+    if (m_piece.apart && !readPieceFields()) return refuse("faltam os campos da peça " + className);
     AcRxClass* const found = pieceClass(m_piece.className);
     if (found == nullptr) return refuse("a classe " + className + " não está carregada");
     if (!readFields(kPlacement, m_head.body, *this, m_values, m_rest, m_fault)) return nullptr;
@@ -120,8 +121,7 @@ std::unique_ptr<AcDbEntity> Loader::readPiece(std::string_view& pictureBlock) {
         delete made;
         return refuse("a classe " + className + " não pode ser criada");
     }
-    if (const char* const why = fillPiece(*piece, m_piece))
-        return refuse(std::string(why) + " (" + className + ")");
+    if (const std::string why = fillPiece(*piece, m_piece); !why.empty()) return refuse(why);
     for (const Tag& tag : m_head.body)
         if (tag.code == 2) pictureBlock = trim(tag.value);
     // Moved when all is read: it may take linked objects along.

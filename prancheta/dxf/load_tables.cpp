@@ -31,8 +31,7 @@ bool Loader::readTables() {
         if (!readTable()) return false;
     }
     if (m_fault) return false;
-    m_core.addRequiredRecords();
-    m_requiredMade = true;
+    makeRequired();
     return true;
 }
 
@@ -46,7 +45,8 @@ bool Loader::readTable() {
     }
     const RecordType* const type = recordTypeNamed(name);
     if (type == nullptr) return keepTable();
-    if (handle != 0) (void)m_core.changeHandle((m_database.*type->table)(), claim(handle, m_record.at));
+    if (handle != 0)
+        (void)m_core.changeHandle((m_database.*type->table)(), claim(handle, m_record.at));
     const bool isBlocks = name == "BLOCK_RECORD";
     const char* start = m_reader.position();
     while (nextIn(m_reader, m_record, "TABLES", "ENDTAB")) {
@@ -70,7 +70,8 @@ bool Loader::readTableRecord(const RecordType& type, const Record& record) {
                           m_head.body.end());
     }
     if (!readFields(type.fields, m_head.body, *this, m_values, m_rest, m_fault)) {
-        if (!m_fault) return bad(record.at, std::string("registro inválido na tabela ") + type.name);
+        if (!m_fault)
+            return bad(record.at, std::string("registro inválido na tabela ") + type.name);
         return false;
     }
     std::unique_ptr<AcDbSymbolTableRecord> made = type.make(m_values);
@@ -123,7 +124,8 @@ bool Loader::keepTable() {
         RawTags tags{{0, decode(record.type, charset())}};
         if (!appendRaw(tags, record.tags, charset(), m_fault)) return false;
         if (record.type == "TABLE" && tags.size() > 1) name = tags[1].value;
-        if (m_version < "AC1015") completeTableRecord(tags, table, [this] { return freshHandle(); });
+        if (m_version < "AC1015")
+            completeTableRecord(tags, table, [this] { return freshHandle(); });
         if (record.type == "TABLE") table = ownHandle(tags);
         kept.insert(kept.end(), tags.begin(), tags.end());
         return true;

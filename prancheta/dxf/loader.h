@@ -6,16 +6,16 @@
 #include <unordered_set>
 
 #include "prancheta/dxf/document.h"
-#include "prancheta/dxf/entity_types.h"
 #include "prancheta/dxf/entity_head.h"
+#include "prancheta/dxf/entity_types.h"
 #include "prancheta/dxf/load_names.h"
 #include "prancheta/dxf/piece_record.h"
 #include "prancheta/dxf/record_types.h"
 
 namespace prancheta::dxf {
 
-/// A block of the file. Anonymous ones, which may only hold the picture of a piece or a dimension, are
-/// passed over first and read when something else turns out to use them.
+/// A block of the file. Anonymous ones, which may only hold the picture of a piece or a dimension,
+/// are passed over first and read when something else turns out to use them.
 struct FileBlock {
     std::wstring name;         ///< as the file spells it
     AcDbObjectId id;           ///< null until the record is made
@@ -25,8 +25,8 @@ struct FileBlock {
     bool isRead = false;
 };
 
-/// Reads the text of a file section by section. The first fault ends everything; the database is given
-/// back complete or not at all.
+/// Reads the text of a file section by section. The first fault ends everything; the database is
+/// given back complete or not at all.
 class Loader : private LoadNames {
 public:
     Loader(AcDbDatabase& database, std::string_view text, LoadReport& report);
@@ -69,7 +69,7 @@ private:
     bool readParts(TagReader& reader, RawTags& tags, Adesk::UInt64 owner);
     /// An INSERT that is a parametric piece; null when it is none or stays an ordinary one.
     std::unique_ptr<AcDbEntity> readPiece(std::string_view& pictureBlock);
-    const char* fillPiece(AcDbEntity& entity, const PieceRecord& record);
+    std::string fillPiece(AcDbEntity& entity, const PieceRecord& record);
     bool isMoved(const PieceFrame& saved, AcGeMatrix3d& move, bool& possible) const;
     AcRxClass* pieceClass(std::string_view name);
     void applyHead(AcDbEntity& entity);
@@ -102,6 +102,7 @@ private:
     bool bad(const char* at, std::string text);
     bool nextIn(TagReader& reader, Record& record, const char* section, const char* end);
     void reserveAllHandles();
+    void makeRequired();
 
     struct LaterReactors {
         AcDbObject* object;

@@ -146,8 +146,7 @@ void PictureWriter::polyline(const PrimitiveView& view, const PictureTraits& tra
         lines(points, traits, owner, handles);
     } else {
         begin("LWPOLYLINE", traits, owner, handles.next());
-        const bool closed =
-            points.size() > 3 && (points.front() - points.back()).length() <= 1e-9;
+        const bool closed = points.size() > 3 && (points.front() - points.back()).length() <= 1e-9;
         flatPolyline(closed ? points.first(points.size() - 1) : points, {}, closed,
                      AcGeVector3d::kZAxis);
     }

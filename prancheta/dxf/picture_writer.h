@@ -7,12 +7,12 @@
 
 namespace prancheta::dxf {
 
-/// Replaces the properties that a picture has from its entity by those that follow the reference to the
-/// block: layer 0 and by block; what the entity chose by itself stays.
+/// Replaces the properties that a picture has from its entity by those that follow the reference to
+/// the block: layer 0 and by block; what the entity chose by itself stays.
 void makeByBlock(Picture& picture, const AcDbEntity& entity);
 
-/// Lines, polylines, circles, arcs, texts, solids and hatches. Coordinates are rounded to 1e-8, far below
-/// what is drawn, so that a turned frame leaves no tails of digits.
+/// Lines, polylines, circles, arcs, texts, solids and hatches. Coordinates are rounded to 1e-8, far
+/// below what is drawn, so that a turned frame leaves no tails of digits.
 class PictureWriter {
 public:
     PictureWriter(TagWriter& out, SaveNames& names, AcDbDatabase& database);

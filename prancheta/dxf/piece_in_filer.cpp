@@ -2,12 +2,22 @@
 // Fields of a piece from its record.
 #include "prancheta/dxf/piece_in_filer.h"
 
+#include <cstdarg>
+#include <cwchar>
+#include <iterator>
+
 #include "acutmem.h"
 #include "prancheta/base/text.h"
 
 namespace prancheta::dxf {
 
-Acad::ErrorStatus PieceInFiler::setError(Acad::ErrorStatus es, const ACHAR*, ...) {
+Acad::ErrorStatus PieceInFiler::setError(Acad::ErrorStatus es, const ACHAR* text, ...) {
+    ACHAR buffer[256] = L"";
+    va_list arguments;
+    va_start(arguments, text);
+    if (text != nullptr && std::vswprintf(buffer, std::size(buffer), text, arguments) >= 0)
+        m_message = buffer;
+    va_end(arguments);
     return m_status = es;
 }
 
@@ -15,8 +25,8 @@ std::wstring PieceInFiler::textAt(std::size_t value, int parts) const {
     // Parts are put together before carets are decoded: one may have been cut in two.
     std::string whole;
     for (int i = 0; i < parts; ++i)
-        whole += decode(m_record.values[value + static_cast<std::size_t>(i)].value,
-                        m_names.charset());
+        whole +=
+            decode(m_record.values[value + static_cast<std::size_t>(i)].value, m_names.charset());
     return decodeText(whole, Charset::Utf8);
 }
 
@@ -28,8 +38,7 @@ Acad::ErrorStatus PieceInFiler::readItem(resbuf* value) {
     m_lastValue = m_value;
     const auto [code, parts] = m_record.codes[m_code++];
     value->restype = static_cast<short>(code < 0 ? 100 : code);
-    if (code < 0)
-        return acutNewString(toWide(m_record.className).c_str(), value->resval.rstring);
+    if (code < 0) return acutNewString(toWide(m_record.className).c_str(), value->resval.rstring);
     const Tag& tag = m_record.values[m_value];
     long long integer = 0;
     switch (tag.code) {
@@ -54,7 +63,7 @@ Acad::ErrorStatus PieceInFiler::readItem(resbuf* value) {
         case 1071:
             ++m_value;
             if (!parseInteger(tag.value, integer)) return m_status = Acad::eInvalidInput;
-            if (tag.code == 1070)
+            if (kindOf(code) != ValueKind::Int32)
                 value->resval.rint = static_cast<short>(integer);
             else
                 value->resval.rlong = static_cast<Adesk::Int32>(integer);
@@ -73,8 +82,7 @@ bool PieceInFiler::atSubclassData(const ACHAR* name) {
     if (name == nullptr || atEOF()) return false;
     const auto [code, parts] = m_record.codes[m_code];
     if (code >= 0 && code != 100) return false;
-    const std::wstring found =
-        code < 0 ? toWide(m_record.className) : textAt(m_value, parts);
+    const std::wstring found = code < 0 ? toWide(m_record.className) : textAt(m_value, parts);
     if (found != name) return false;
     m_lastCode = m_code++;
     m_lastValue = m_value;

@@ -18,15 +18,22 @@ public:
     Acad::ErrorStatus setError(Acad::ErrorStatus es, const ACHAR* text, ...) override;
     Acad::ErrorStatus writeString(int, const ACHAR*) override { return Acad::eNotApplicable; }
     Acad::ErrorStatus writeDouble(int, double) override { return Acad::eNotApplicable; }
-    Acad::ErrorStatus writePoint3d(int, const AcGePoint3d&) override { return Acad::eNotApplicable; }
+    Acad::ErrorStatus writePoint3d(int, const AcGePoint3d&) override {
+        return Acad::eNotApplicable;
+    }
     Acad::ErrorStatus writeInt16(int, Adesk::Int16) override { return Acad::eNotApplicable; }
     Acad::ErrorStatus writeInt32(int, Adesk::Int32) override { return Acad::eNotApplicable; }
     Acad::ErrorStatus writeBool(int, bool) override { return Acad::eNotApplicable; }
-    Acad::ErrorStatus writeObjectId(int, const AcDbObjectId&) override { return Acad::eNotApplicable; }
+    Acad::ErrorStatus writeObjectId(int, const AcDbObjectId&) override {
+        return Acad::eNotApplicable;
+    }
     Acad::ErrorStatus readItem(resbuf* value) override;
     void pushBackItem() override;
     bool atSubclassData(const ACHAR* name) override;
     bool atEOF() override { return m_code >= m_record.codes.size(); }
+
+    /// What the object said about the error; may be empty.
+    const std::wstring& message() const { return m_message; }
 
 private:
     std::wstring textAt(std::size_t value, int parts) const;
@@ -38,6 +45,7 @@ private:
     std::size_t m_lastCode = 0;
     std::size_t m_lastValue = 0;
     Acad::ErrorStatus m_status = Acad::eOk;
+    std::wstring m_message;
 };
 
 }  // namespace prancheta::dxf

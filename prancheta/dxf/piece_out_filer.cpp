@@ -28,7 +28,11 @@ void PieceOutFiler::begin(const ACHAR* className) {
     m_texts.clear();
 }
 
+/// A value of another kind than its code's could not be read back.
 void PieceOutFiler::add(int code, Kind kind, std::size_t at, std::size_t count) {
+    constexpr int kXdataCodes[] = {1000, 1000, 1040, 1010, 1070, 1071, 1005};
+    if (!fieldSuits(code, kXdataCodes[static_cast<std::size_t>(kind)]))
+        m_status = Acad::eInvalidInput;
     m_fields.push_back(
         {code, kind, static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(count)});
 }
@@ -140,8 +144,9 @@ void PieceOutFiler::writeValue(TagWriter& out, const Field& field, bool apart) c
         case Kind::Real:
             return out.real(apart ? 40 : 1040, m_reals[field.at]);
         case Kind::Point:
-            return out.point(apart ? 10 : 1010, AcGePoint3d(m_reals[field.at], m_reals[field.at + 1],
-                                                            m_reals[field.at + 2]));
+            return out.point(
+                apart ? 10 : 1010,
+                AcGePoint3d(m_reals[field.at], m_reals[field.at + 1], m_reals[field.at + 2]));
         case Kind::Int16:
             return out.integer(apart ? 70 : 1070, static_cast<long long>(m_integers[field.at]));
         case Kind::Int32:

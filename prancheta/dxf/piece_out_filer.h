@@ -31,8 +31,8 @@ public:
     bool atSubclassData(const ACHAR*) override { return false; }
     bool atEOF() override { return true; }
 
-    /// Groups of the record from 1001 on, or those of an XRECORD without the head. Bytes as the limit on
-    /// extended data counts them.
+    /// Groups of the record from 1001 on, or those of an XRECORD without the head. Bytes as the
+    /// limit on extended data counts them.
     std::size_t xdataBytes() const;
     void writeXdata(TagWriter& out, const PieceFrame& frame, bool fieldsApart) const;
     void writeXrecord(TagWriter& out) const;

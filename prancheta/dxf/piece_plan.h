@@ -27,8 +27,8 @@ public:
         PieceFrame frame;
     };
 
-    /// Records what the piece draws. In the order in which pieces are written. Cost: the picture, and
-    /// one look-up.
+    /// Records what the piece draws. In the order in which pieces are written. Cost: the picture,
+    /// and one look-up.
     void add(AcDbEntity& piece);
 
     const std::vector<Use>& uses() const { return m_uses; }

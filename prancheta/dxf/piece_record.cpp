@@ -49,7 +49,7 @@ bool parseCodes(std::string_view list, PieceRecord& record) {
     return true;
 }
 
-/// Numbers of groups that the values of the list of codes take; false when the values are others.
+/// True when the values are those that the list of codes tells.
 bool valuesMatch(const PieceRecord& record) {
     std::size_t at = 0;
     const auto is = [&](std::size_t i, int code) {
@@ -60,7 +60,7 @@ bool valuesMatch(const PieceRecord& record) {
         if (at >= record.values.size()) return false;
         const int kind = record.values[at].code;
         if (kind == 1010 && (!is(at + 1, 1020) || !is(at + 2, 1030))) return false;
-        if (kind == 1020 || kind == 1030) return false;
+        if (!fieldSuits(code, kind)) return false;
         const std::size_t size = kind == 1010 ? 3 : static_cast<std::size_t>(parts);
         for (std::size_t i = 1; kind != 1010 && i < size; ++i)
             if (kind != 1000 || !is(at + i, 1000)) return false;
@@ -83,6 +83,10 @@ bool takeCodes(const Tag*& at, const Tag* last, PieceRecord& record) {
     return parseCodes(list, record);
 }
 
+bool isBrace(const Tag& tag, std::string_view brace) {
+    return tag.code == 1002 && trim(tag.value) == brace;
+}
+
 bool takeFrame(const Tag* at, const Tag* last, PieceFrame& frame) {
     double numbers[5] = {0.0, 0.0, 0.0, 0.0, 1.0};
     constexpr int kFrameCodes[5] = {1010, 1020, 1030, 1040, 1040};
@@ -90,10 +94,24 @@ bool takeFrame(const Tag* at, const Tag* last, PieceFrame& frame) {
     for (; at != last && count < 5 && at->code == kFrameCodes[count]; ++at, ++count)
         if (!parseReal(at->value, numbers[count])) return false;
     frame = {{numbers[0], numbers[1], numbers[2]}, numbers[3], numbers[4]};
-    return count >= 3 && at != last && at->code == 1002 && numbers[4] != 0.0;
+    return count >= 3 && at != last && isBrace(*at, "}") && numbers[4] != 0.0;
 }
 
 }  // namespace
+
+bool fieldSuits(int code, int xdataCode) {
+    switch (kindOf(code)) {
+        case ValueKind::Text:
+        case ValueKind::Binary:
+            return xdataCode == 1000;
+        case ValueKind::Handle:
+            return xdataCode == 1005;
+        case ValueKind::Real:
+            return xdataCode == 1040 || xdataCode == 1010;
+        default:
+            return xdataCode == 1070 || xdataCode == 1071;
+    }
+}
 
 AcGeMatrix3d PieceFrame::matrix() const {
     const double size = std::abs(scale);
@@ -131,7 +149,7 @@ bool parsePieceRecord(const Tag* first, const Tag* last, PieceRecord& record) {
     if (record.version != kPieceVersion) return true;
     if (!takeCodes(at, last, record)) return false;
     for (; at != last && at->code != 1002; ++at) record.values.push_back(*at);
-    if (at == last || !takeFrame(at + 1, last, record.frame)) return false;
+    if (at == last || !isBrace(*at, "{") || !takeFrame(at + 1, last, record.frame)) return false;
     return record.apart ? record.values.empty() : valuesMatch(record);
 }
 

@@ -11,7 +11,9 @@ namespace {
 
 using enum Meaning;
 
-Field handleField(int code) { return {code, DefaultHandle, kDefaultHandleSlot, false, 0.0, nullptr}; }
+Field handleField(int code) {
+    return {code, DefaultHandle, kDefaultHandleSlot, false, 0.0, nullptr};
+}
 
 // --- LTYPE ---------------------------------------------------------------------------------------
 
@@ -45,14 +47,10 @@ void takeLinetype(const AcDbSymbolTableRecord& any, Values& v) {
 constexpr int kFrozen = 1;
 constexpr int kLocked = 4;
 
-const Field kLayer[] = {marker("AcDbLayerTableRecord"),
-                        {2, Text, 0},
-                        {70, Integer, 0},
-                        {62, Integer, 1, false, 7},
-                        {6, Linetype, 0},
-                        optionalField(290, Integer, 2, 1),
-                        {370, Integer, 3, false, -3},
-                        handleField(390)};
+const Field kLayer[] = {
+    marker("AcDbLayerTableRecord"), {2, Text, 0},     {70, Integer, 0},
+    {62, Integer, 1, false, 7},     {6, Linetype, 0}, optionalField(290, Integer, 2, 1),
+    {370, Integer, 3, false, -3},   handleField(390)};
 
 std::unique_ptr<AcDbSymbolTableRecord> makeLayer(const Values& v) {
     auto record = std::make_unique<AcDbLayerTableRecord>();

@@ -28,7 +28,8 @@ struct RecordType {
 std::span<const RecordType> recordTypes();
 const RecordType* recordTypeNamed(std::string_view name);
 
-/// Handles that a record has when nothing else says them: plot style of layers, layout of block records.
+/// Handles that a record has when nothing else says them: plot style of layers, layout of block
+/// records.
 constexpr int kDefaultHandleSlot = 9;
 
 }  // namespace prancheta::dxf

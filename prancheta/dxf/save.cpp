@@ -2,6 +2,7 @@
 // Saving: what the file will hold, and its sections.
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/saver.h"
 #include "prancheta/entities/register.h"
@@ -54,7 +55,8 @@ void Saver::section(const char* name) {
     m_out.text(2, name);
 }
 
-/// What a file keeps when it is loaded gets its handles first: the rest may change without moving them.
+/// What a file keeps when it is loaded gets its handles first: the rest may change without moving
+/// them.
 void Saver::plan() {
     // Drawing may bring linetypes and layers to the drawing.
     planPictures();
@@ -101,7 +103,7 @@ void Saver::planPictures() {
                 m_dimensions.push_back(&dimension);
                 if (!inModel) continue;
                 for (const AcGePoint3d& p : {dimension.xLine1Point(), dimension.xLine2Point(),
-                                             dimension.dimLinePoint()})
+                                             filedThroughPoint(dimension)})
                     m_extents.addPoint(p);
                 continue;
             }
@@ -114,7 +116,8 @@ void Saver::planPictures() {
 
 Adesk::UInt64 Saver::rootHandle(const wchar_t* key) const {
     const AcDbStub* const root = m_database.namedObjectsDictionaryId();
-    for (const auto& [name, id] : ObjectAccess::entries(static_cast<AcDbDictionary&>(*root->object)))
+    for (const auto& [name, id] :
+         ObjectAccess::entries(static_cast<AcDbDictionary&>(*root->object)))
         if (equalNoCase(name, key))
             if (const Adesk::UInt64 handle = m_handles.of(id); handle != 0) return handle;
     return 0;
@@ -237,8 +240,7 @@ Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
     registerEntityClasses();
     AtomicFile file(path);
     if (auto opened = file.open(); !opened) return opened.error();
-    const std::string version =
-        versionOf(database.core().foreign().acadVersion, options.version);
+    const std::string version = versionOf(database.core().foreign().acadVersion, options.version);
     TagWriter out(file, options.form, charsetOf(version));
     Saver saver(database, out, version);
     if (auto written = saver.run(); !written) {

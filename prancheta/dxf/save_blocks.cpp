@@ -120,8 +120,7 @@ void Saver::writeDimensionBlock(const AcDbAlignedDimension& dimension, const Pic
     makeByBlock(picture, dimension);
     beginPictureBlock(block);
     m_pictures.write(picture, block.record, m_handles);
-    for (const AcGePoint3d& p :
-         {filed->xLine1Point(), filed->xLine2Point(), filed->dimLinePoint()})
+    for (const AcGePoint3d& p : {filed->xLine1Point(), filed->xLine2Point(), filed->dimLinePoint()})
         m_pictures.writePoint(p, "Defpoints", block.record, m_handles.next());
     endPictureBlock(block);
 }
@@ -149,7 +148,8 @@ void Saver::writePiece(AcDbEntity& piece, const Place& place) {
     const PieceFrame& frame = use.frame;
     m_filer.begin(piece.isA()->name());
     if (piece.dxfOutFields(&m_filer) != Acad::eOk || m_filer.filerStatus() != Acad::eOk) {
-        m_error = Error{"a peça " + toUtf8(piece.isA()->name()) + " não pôde ser gravada", "", 0, 0};
+        m_error =
+            Error{"a peça " + toUtf8(piece.isA()->name()) + " não pôde ser gravada", "", 0, 0};
         return;
     }
     const ObjectExtra* const extra = ObjectAccess::extra(piece);

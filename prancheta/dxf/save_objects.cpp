@@ -16,9 +16,9 @@ struct Group {
 };
 
 // Plot settings of a layout that was never set up: A4, millimetres, to fit.
-constexpr Group kPlotSettings[] = {
-    {40, 7.5},  {41, 20.0},  {42, 7.5},  {43, 20.0},  {44, 210.0}, {45, 297.0}, {46, 0.0},
-    {47, 0.0},  {48, 0.0},   {49, 0.0},  {140, 0.0},  {141, 0.0},  {142, 1.0},  {143, 1.0}};
+constexpr Group kPlotSettings[] = {{40, 7.5},   {41, 20.0}, {42, 7.5},  {43, 20.0}, {44, 210.0},
+                                   {45, 297.0}, {46, 0.0},  {47, 0.0},  {48, 0.0},  {49, 0.0},
+                                   {140, 0.0},  {141, 0.0}, {142, 1.0}, {143, 1.0}};
 constexpr Group kPlotFlags[] = {{72, 1}, {73, 0}, {74, 5}};
 constexpr Group kPlotEnd[] = {{75, 16}, {147, 1.0}, {148, 0.0}, {149, 0.0}};
 
@@ -68,9 +68,8 @@ void Saver::writeObjects() {
         const AcRxClass* const which = stub.object->isA();
         if (which == AcDbDictionary::desc() || which == AcDbXrecord::desc()) own.push_back(&stub);
     }
-    std::sort(own.begin(), own.end(), [](const AcDbStub* a, const AcDbStub* b) {
-        return a->handle < b->handle;
-    });
+    std::sort(own.begin(), own.end(),
+              [](const AcDbStub* a, const AcDbStub* b) { return a->handle < b->handle; });
     for (const AcDbStub* stub : own) {
         // What belongs to something erased goes with it.
         if (m_handles.of(stub->object->ownerId()) == 0) continue;
@@ -96,9 +95,8 @@ void Saver::writeDictionary(const AcDbDictionary& dictionary) {
     const RawTags& kept = extra != nullptr ? extra->foreign : kNone;
     const AcDbStub* const owner = dictionary.ownerId();
     const bool isRoot = dictionary.objectId() == m_database.namedObjectsDictionaryId();
-    const bool isExtension =
-        !isRoot && owner != nullptr && owner->object != nullptr &&
-        owner->object->isA() != AcDbDictionary::desc();
+    const bool isExtension = !isRoot && owner != nullptr && owner->object != nullptr &&
+                             owner->object->isA() != AcDbDictionary::desc();
     const bool hard = isHardOwner(kept, isExtension);
     const int code = hard ? 360 : 350;
     const auto keeps = [&](int group) {
@@ -158,8 +156,8 @@ void Saver::writeList(const resbuf* list) {
                 m_out.real(code, list->resval.rreal);
                 break;
             case Kind::Point:
-                m_out.point(code, {list->resval.rpoint[0], list->resval.rpoint[1],
-                                   list->resval.rpoint[2]});
+                m_out.point(
+                    code, {list->resval.rpoint[0], list->resval.rpoint[1], list->resval.rpoint[2]});
                 break;
             case Kind::Int16:
                 m_out.integer(code, list->resval.rint);
@@ -260,7 +258,8 @@ void Saver::writeLayout(const char* name, Adesk::UInt64 handle, bool paper) {
     m_out.handle(330, (paper ? m_core.paperSpaceId() : m_core.modelSpaceId()).handle().value());
 }
 
-/// Fields that are too long for extended data, each in an XRECORD of the piece's extension dictionary.
+/// Fields that are too long for extended data, each in an XRECORD of the piece's extension
+/// dictionary.
 void Saver::writePieceDictionaries() {
     for (const LongPiece& lp : m_longPieces) {
         const ObjectExtra* const extra = ObjectAccess::extra(*lp.piece);

@@ -150,8 +150,9 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
             if (tag.code == kOtherFlags) (void)parseInteger(tag.value, m_values.integers[0]);
         type.take(record, m_values);
         long long& handle = m_values.integers[kDefaultHandleSlot];
-        handle = isBlock ? 0 : m_standard.plotStyle == 0 ? -1
-                                                         : static_cast<long long>(m_standard.plotStyle);
+        handle = isBlock                     ? 0
+                 : m_standard.plotStyle == 0 ? -1
+                                             : static_cast<long long>(m_standard.plotStyle);
         if (record.objectId() == m_core.modelSpaceId())
             handle = static_cast<long long>(m_standard.modelLayout);
         if (record.objectId() == m_core.paperSpaceId())
@@ -162,11 +163,10 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
                 !(isBlock && m_version < "AC1021" && isBlockGroupSince2007(tag.code)))
                 kept.push_back(tag);
         // What stands behind a group 0 belongs to the block, not to its record.
-        const auto part = std::find_if(kept.begin(), kept.end(),
-                                       [](const RawTag& tag) { return tag.code == 0; });
-        const bool hasUnits = std::any_of(kept.begin(), part, [](const RawTag& tag) {
-            return tag.code == 70;
-        });
+        const auto part =
+            std::find_if(kept.begin(), kept.end(), [](const RawTag& tag) { return tag.code == 0; });
+        const bool hasUnits =
+            std::any_of(kept.begin(), part, [](const RawTag& tag) { return tag.code == 70; });
         kept.erase(part, kept.end());
         writeFields(type.fields, m_values, m_names, m_out, &kept, 0);
         if (isBlock && m_version >= "AC1021" && !hasUnits) {
@@ -181,8 +181,7 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
 void Saver::writeMadeRecord(const RecordType& type, Adesk::UInt64 handle,
                             const std::wstring& name) {
     const bool isLayer = std::string_view(type.name) == "LAYER";
-    beginRecord(type.name, type.handleCode, handle,
-                (m_database.*type.table)().handle().value());
+    beginRecord(type.name, type.handleCode, handle, (m_database.*type.table)().handle().value());
     m_values.reset(type.fields);
     m_values.texts[0] = name;
     if (isLayer) {

@@ -17,23 +17,17 @@ struct CodeRange {
 };
 
 constexpr CodeRange kRanges[] = {
-    {0, 4, ValueKind::Text},         {5, 5, ValueKind::Handle},
-    {6, 9, ValueKind::Text},         {10, 59, ValueKind::Real},
-    {60, 79, ValueKind::Int16},      {90, 99, ValueKind::Int32},
-    {100, 104, ValueKind::Text},     {105, 105, ValueKind::Handle},
-    {110, 149, ValueKind::Real},     {160, 169, ValueKind::Int64},
-    {170, 179, ValueKind::Int16},    {210, 239, ValueKind::Real},
-    {270, 289, ValueKind::Int16},    {290, 299, ValueKind::Bool},
-    {300, 309, ValueKind::Text},     {310, 319, ValueKind::Binary},
-    {320, 369, ValueKind::Handle},   {370, 389, ValueKind::Int16},
-    {390, 399, ValueKind::Handle},   {400, 409, ValueKind::Int16},
-    {410, 419, ValueKind::Text},     {420, 429, ValueKind::Int32},
-    {430, 439, ValueKind::Text},     {440, 459, ValueKind::Int32},
-    {460, 469, ValueKind::Real},     {470, 479, ValueKind::Text},
-    {480, 489, ValueKind::Handle},   {1000, 1003, ValueKind::Text},
-    {1004, 1004, ValueKind::Binary}, {1005, 1005, ValueKind::Handle},
-    {1010, 1059, ValueKind::Real},   {1060, 1070, ValueKind::Int16},
-    {1071, 1071, ValueKind::Int32},
+    {0, 4, ValueKind::Text},       {5, 5, ValueKind::Handle},       {6, 9, ValueKind::Text},
+    {10, 59, ValueKind::Real},     {60, 79, ValueKind::Int16},      {90, 99, ValueKind::Int32},
+    {100, 104, ValueKind::Text},   {105, 105, ValueKind::Handle},   {110, 149, ValueKind::Real},
+    {160, 169, ValueKind::Int64},  {170, 179, ValueKind::Int16},    {210, 239, ValueKind::Real},
+    {270, 289, ValueKind::Int16},  {290, 299, ValueKind::Bool},     {300, 309, ValueKind::Text},
+    {310, 319, ValueKind::Binary}, {320, 369, ValueKind::Handle},   {370, 389, ValueKind::Int16},
+    {390, 399, ValueKind::Handle}, {400, 409, ValueKind::Int16},    {410, 419, ValueKind::Text},
+    {420, 429, ValueKind::Int32},  {430, 439, ValueKind::Text},     {440, 459, ValueKind::Int32},
+    {460, 469, ValueKind::Real},   {470, 479, ValueKind::Text},     {480, 489, ValueKind::Handle},
+    {1000, 1003, ValueKind::Text}, {1004, 1004, ValueKind::Binary}, {1005, 1005, ValueKind::Handle},
+    {1010, 1059, ValueKind::Real}, {1060, 1070, ValueKind::Int16},  {1071, 1071, ValueKind::Int32},
 };
 
 /// Kind of every code up to the last one, so that the question costs one read.
@@ -127,8 +121,8 @@ bool checkValue(const Tag& tag, std::string& why) {
             break;
     }
     const std::string shown(bare(tag.value).substr(0, 40));
-    why = "valor inválido no código " + std::to_string(tag.code) + ": \"" +
-          toUtf8(toWide(shown)) + "\"";
+    why = "valor inválido no código " + std::to_string(tag.code) + ": \"" + toUtf8(toWide(shown)) +
+          "\"";
     if (kindOf(tag.code) == ValueKind::Real && shown.find(',') != std::string::npos)
         why += " (o separador decimal deve ser o ponto)";
     return false;

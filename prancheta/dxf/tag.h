@@ -28,8 +28,8 @@ struct Fault {
     const char* at = nullptr;
 };
 
-/// Values as numbers. Leading and trailing blanks are allowed, "nan" and "inf" are not; false leaves
-/// the number alone. Whole numbers may be written as reals ("1.0").
+/// Values as numbers. Leading and trailing blanks are allowed, "nan" and "inf" are not; false
+/// leaves the number alone. Whole numbers may be written as reals ("1.0").
 bool parseReal(std::string_view text, double& value);
 bool parseInteger(std::string_view text, long long& value);
 bool parseHandle(std::string_view text, std::uint64_t& value);

@@ -13,9 +13,9 @@
 
 namespace prancheta::dxf {
 
-/// Text form: LF line ends and group codes without padding, which every reader takes and which make a
-/// file a fifth smaller. Reals are the shortest text that reads back to the same number, with ".0" when
-/// whole; what is not finite is written as 0.0.
+/// Text form: LF line ends and group codes without padding, which every reader takes and which make
+/// a file a fifth smaller. Reals are the shortest text that reads back to the same number, with
+/// ".0" when whole; what is not finite is written as 0.0.
 class TagWriter {
 public:
     TagWriter(AtomicFile& file, Form form, Charset charset);

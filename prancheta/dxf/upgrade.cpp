@@ -27,8 +27,7 @@ struct Markers {
     Subclass subclasses[3];
 };
 
-#define PRANCHETA_TEXT_CODES \
-    10, 20, 30, 40, 1, 50, 41, 51, 7, 71, 72, 11, 21, 31, 39, 210, 220, 230
+#define PRANCHETA_TEXT_CODES 10, 20, 30, 40, 1, 50, 41, 51, 7, 71, 72, 11, 21, 31, 39, 210, 220, 230
 #define PRANCHETA_DIMENSION_CODES \
     2, 10, 20, 30, 11, 21, 31, 12, 22, 32, 70, 1, 71, 72, 41, 42, 51, 53, 3, 210, 220, 230
 
@@ -44,8 +43,7 @@ constexpr Markers kMarkers[] = {
     {"TEXT", 0, 0, {{"AcDbText", {PRANCHETA_TEXT_CODES}}, {"AcDbText", {kAll}}}},
     {"INSERT", 0, 0, {{"AcDbBlockReference", {kAll}}}},
     {"VIEWPORT", 0, 0, {{"AcDbViewport", {kAll}}}},
-    {"ATTDEF", 0, 0,
-     {{"AcDbText", {PRANCHETA_TEXT_CODES}}, {"AcDbAttributeDefinition", {kAll}}}},
+    {"ATTDEF", 0, 0, {{"AcDbText", {PRANCHETA_TEXT_CODES}}, {"AcDbAttributeDefinition", {kAll}}}},
     {"ATTRIB", 0, 0, {{"AcDbText", {PRANCHETA_TEXT_CODES}}, {"AcDbAttribute", {kAll}}}},
     {"POLYLINE", 8, 8, {{"AcDb3dPolyline", {kAll}}}},
     {"POLYLINE", 16, 16, {{"AcDbPolygonMesh", {kAll}}}},
@@ -56,21 +54,35 @@ constexpr Markers kMarkers[] = {
     {"VERTEX", 64, 64, {{"AcDbVertex", {0}}, {"AcDbPolygonMeshVertex", {kAll}}}},
     {"VERTEX", 32, 32, {{"AcDbVertex", {0}}, {"AcDb3dPolylineVertex", {kAll}}}},
     {"VERTEX", 0, 0, {{"AcDbVertex", {0}}, {"AcDb2dVertex", {kAll}}}},
-    {"DIMENSION", 7, 0,
+    {"DIMENSION",
+     7,
+     0,
      {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}},
       {"AcDbAlignedDimension", {kAll}},
       {"AcDbRotatedDimension", {0}}}},
-    {"DIMENSION", 7, 1,
+    {"DIMENSION",
+     7,
+     1,
      {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbAlignedDimension", {kAll}}}},
-    {"DIMENSION", 7, 2,
+    {"DIMENSION",
+     7,
+     2,
      {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDb2LineAngularDimension", {kAll}}}},
-    {"DIMENSION", 7, 3,
+    {"DIMENSION",
+     7,
+     3,
      {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbDiametricDimension", {kAll}}}},
-    {"DIMENSION", 7, 4,
+    {"DIMENSION",
+     7,
+     4,
      {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbRadialDimension", {kAll}}}},
-    {"DIMENSION", 7, 5,
+    {"DIMENSION",
+     7,
+     5,
      {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDb3PointAngularDimension", {kAll}}}},
-    {"DIMENSION", 7, 6,
+    {"DIMENSION",
+     7,
+     6,
      {{"AcDbDimension", {PRANCHETA_DIMENSION_CODES}}, {"AcDbOrdinateDimension", {kAll}}}},
 };
 
@@ -107,9 +119,8 @@ bool isCommon(int code) {
 std::string hexText(Adesk::UInt64 value) {
     char digits[17];
     char* const end = std::to_chars(digits, digits + 16, value, 16).ptr;
-    std::transform(digits, end, digits, [](char c) {
-        return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c;
-    });
+    std::transform(digits, end, digits,
+                   [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
     return {digits, end};
 }
 

@@ -182,8 +182,15 @@ AcEdCommandIterator* CommandStack::iterator() const {
 }
 
 StackCommand* CommandStack::find(const TypedName& typed) const {
+    // A dot prefers the host's own definition; a name that has none is a module's.
+    if (typed.builtIn)
+        if (StackCommand* const own = find(typed, true)) return own;
+    return find(typed, false);
+}
+
+StackCommand* CommandStack::find(const TypedName& typed, bool builtInOnly) const {
     const auto allowed = [&](const StackCommand& c) {
-        return !typed.builtIn || c.builtIn != nullptr;
+        return !builtInOnly || c.builtIn != nullptr;
     };
     if (!typed.global) {
         StackCommand* local = firstThat(

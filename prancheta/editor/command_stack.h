@@ -74,6 +74,7 @@ private:
     };
     Group* group(std::wstring_view name);
     void dropEmptyGroups();
+    StackCommand* find(const TypedName& typed, bool builtInOnly) const;
     template <class Fits>
     StackCommand* firstThat(Fits fits) const;
 

@@ -85,7 +85,7 @@ void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& 
     if (point && height != 0.0 && input.kind == RawInput::Kind::Text &&
         !(controls & kAccept3dCoordinates)) {
         editor.complain(L"Ponto inválido: coordenadas 3D não são aceitas aqui.",
-                        Complaint::Refused);
+                        prancheta::Complaint::Refused);
         question.reset();
         return;
     }
@@ -95,7 +95,7 @@ void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& 
 
 void AcEdJig::Session::take(Reading reading, InputValue& value) {
     if (reading.kind == Reading::Kind::Refused)
-        Editor::current()->complain(reading.message, Complaint::Refused);
+        Editor::current()->complain(reading.message, prancheta::Complaint::Refused);
     if (reading.kind != Reading::Kind::Answered) return;
     value = std::move(reading.value);
     answer = finish(value);

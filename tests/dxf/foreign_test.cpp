@@ -10,8 +10,10 @@ using namespace prancheta;
 namespace {
 
 const char* const kMText =
-    "0 MTEXT|5 B1|330 1F|100 AcDbEntity|8 0|62 3|100 AcDbMText|10 1.00|20 2|30 0.0|40 2.5|41 0|71 1|72 1|3 "
-    "\\fArial|b0;primeira parte |1 segunda\\Plinha|7 Standard|11 1.0|21 0.0|31 0.0|1001 ACAD|1000 MTEXTBEGIN";
+    "0 MTEXT|5 B1|330 1F|100 AcDbEntity|8 0|62 3|100 AcDbMText|10 1.00|20 2|30 0.0|40 2.5|41 0|71 "
+    "1|72 1|3 "
+    "\\A1;primeira parte |1 segunda\\Plinha|7 Standard|11 1.0|21 0.0|31 0.0|1001 ACAD|1000 "
+    "MTEXTBEGIN";
 
 Groups without(const Groups& all, int code) {
     Groups out;
@@ -24,10 +26,12 @@ Groups without(const Groups& all, int code) {
 
 TEST(Foreign, EntityOfUnknownTypeIsKeptTagForTag) {
     const std::string unknown =
-        "0 QUADRO_NOVO|5 B2|330 1F|100 AcDbEntity|8 Camada nova|100 AcDbQuadro|90 12|310 0AFF|40 0.10|340 "
+        "0 QUADRO_NOVO|5 B2|330 1F|100 AcDbEntity|8 Camada nova|100 AcDbQuadro|90 12|310 0AFF|40 "
+        "0.10|340 "
         "B1|100 AcDbQuadroFilho|1  com brancos |11 1|21 2|31 3";
-    const std::string leader = "0 LEADER|5 B3|330 1F|100 AcDbEntity|8 0|100 AcDbLeader|3 Standard|71 1|72 0|76 2|10 "
-                               "0|20 0|30 0|10 5|20 5|30 0";
+    const std::string leader =
+        "0 LEADER|5 B3|330 1F|100 AcDbEntity|8 0|100 AcDbLeader|3 Standard|71 1|72 0|76 2|10 "
+        "0|20 0|30 0|10 5|20 5|30 0";
     const Groups all = passed(fileWith(std::string(kMText) + "|" + unknown + "|" + leader));
     for (const std::string& text : {std::string(kMText), unknown, leader}) {
         const Groups in = groups(text);
@@ -49,10 +53,13 @@ TEST(Foreign, MovedEntityKeepsWhatItIsAbout) {
 }
 
 TEST(Foreign, ReferenceWithAttributesKeepsThem) {
-    const char* blocks = "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 CARIMBO|70 2|10 0|20 0|30 0|3 CARIMBO|1 |0 LINE|8 0|10 0|20 0|11 "
-                         "1|21 1|0 ENDBLK|8 0|0 ENDSEC";
+    const char* blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 CARIMBO|70 2|10 0|20 0|30 0|3 CARIMBO|1 |0 LINE|8 0|10 "
+        "0|20 0|11 "
+        "1|21 1|0 ENDBLK|8 0|0 ENDSEC";
     const std::string insert =
-        "0 INSERT|5 C1|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|66 1|2 CARIMBO|10 5|20 6|30 0|0 "
+        "0 INSERT|5 C1|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|66 1|2 CARIMBO|10 5|20 "
+        "6|30 0|0 "
         "ATTRIB|5 C2|330 C1|100 AcDbEntity|8 0|100 AcDbText|10 5|20 6|30 0|40 2.5|1 valor|100 "
         "AcDbAttribute|2 NOME|70 0|0 SEQEND|5 C3|330 C1|100 AcDbEntity|8 0";
     const Groups all = passed(fileWith(insert + "|0 POINT|8 0|10 0|20 0", "AC1015", blocks));
@@ -67,11 +74,15 @@ TEST(Foreign, ReferenceWithAttributesKeepsThem) {
 
 TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {
     const char* blocks =
-        "0 SECTION|2 BLOCKS|0 BLOCK|5 D1|330 D0|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 *D7|70 1|10 0|20 0|30 0|3 *D7|1 |0 "
-        "CIRCLE|5 D3|330 D0|100 AcDbEntity|8 0|100 AcDbCircle|10 0|20 0|30 0|40 9.5|0 ENDBLK|5 D2|330 D0|100 AcDbEntity|8 "
-        "0|100 AcDbBlockEnd|0 BLOCK|8 0|2 *U3|70 1|10 0|20 0|3 *U3|1 |0 POINT|8 0|10 4|20 4|0 ENDBLK|8 0|0 ENDSEC";
+        "0 SECTION|2 BLOCKS|0 BLOCK|5 D1|330 D0|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 *D7|70 "
+        "1|10 0|20 0|30 0|3 *D7|1 |0 "
+        "CIRCLE|5 D3|330 D0|100 AcDbEntity|8 0|100 AcDbCircle|10 0|20 0|30 0|40 9.5|0 ENDBLK|5 "
+        "D2|330 D0|100 AcDbEntity|8 "
+        "0|100 AcDbBlockEnd|0 BLOCK|8 0|2 *U3|70 1|10 0|20 0|3 *U3|1 |0 POINT|8 0|10 4|20 4|0 "
+        "ENDBLK|8 0|0 ENDSEC";
     const std::string rotated =
-        "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|2 *D7|10 0|20 5|30 0|11 2|21 5|31 0|70 32|1 |71 "
+        "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|2 *D7|10 0|20 5|30 0|11 2|21 "
+        "5|31 0|70 32|1 |71 "
         "5|42 4.0|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 4|24 3|34 0|50 0|100 "
         "AcDbRotatedDimension";
     const Groups all = passed(fileWith(rotated, "AC1015", blocks));
@@ -83,36 +94,48 @@ TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {
 
 TEST(Foreign, TablesClassesObjectsAndSectionsStay) {
     const char* others =
-        "0 SECTION|2 CLASSES|0 CLASS|1 QUADRO|2 AcDbQuadro|3 Outro|90 1|280 0|281 1|0 ENDSEC|0 SECTION|2 TABLES|0 "
-        "TABLE|2 VIEW|5 E0|330 0|100 AcDbSymbolTable|70 1|0 VIEW|5 E1|330 E0|100 AcDbSymbolTableRecord|100 "
-        "AcDbViewTableRecord|2 Planta|70 0|40 100.50|10 0|20 0|0 ENDTAB|0 ENDSEC|0 SECTION|2 OBJECTS|0 DICTIONARY|5 "
-        "C|330 0|100 AcDbDictionary|281 1|3 ACAD_GROUP|350 D|3 ACAD_MATERIAL|350 F|0 DICTIONARY|5 D|330 C|100 "
-        "AcDbDictionary|281 1|3 Grupo|350 E|0 GROUP|5 E|102 {ACAD_REACTORS|330 D|102 }|330 D|100 AcDbGroup|300 nota|70 0|71 "
-        "1|340 A1|0 DICTIONARY|5 F|330 C|100 AcDbDictionary|280 1|281 1|0 ENDSEC|0 SECTION|2 MINHASECAO|0 COISA|1 valor|0 ENDSEC";
-    const std::string line = "0 LINE|5 A1|102 {ACAD_REACTORS|330 E|102 }|330 1F|100 AcDbEntity|8 0|100 AcDbLine|10 "
-                             "0.0|20 0.0|30 0.0|11 1.0|21 0.0|31 0.0";
+        "0 SECTION|2 CLASSES|0 CLASS|1 QUADRO|2 AcDbQuadro|3 Outro|90 1|280 0|281 1|0 ENDSEC|0 "
+        "SECTION|2 TABLES|0 "
+        "TABLE|2 VIEW|5 E0|330 0|100 AcDbSymbolTable|70 1|0 VIEW|5 E1|330 E0|100 "
+        "AcDbSymbolTableRecord|100 "
+        "AcDbViewTableRecord|2 Planta|70 0|40 100.50|10 0|20 0|0 ENDTAB|0 ENDSEC|0 SECTION|2 "
+        "OBJECTS|0 DICTIONARY|5 "
+        "C|330 0|100 AcDbDictionary|281 1|3 ACAD_GROUP|350 D|3 ACAD_MATERIAL|350 F|0 DICTIONARY|5 "
+        "D|330 C|100 "
+        "AcDbDictionary|281 1|3 Grupo|350 E|0 GROUP|5 E|102 {ACAD_REACTORS|330 D|102 }|330 D|100 "
+        "AcDbGroup|300 nota|70 0|71 "
+        "1|340 A1|0 DICTIONARY|5 F|330 C|100 AcDbDictionary|280 1|281 1|0 ENDSEC|0 SECTION|2 "
+        "MINHASECAO|0 COISA|1 valor|0 ENDSEC";
+    const std::string line =
+        "0 LINE|5 A1|102 {ACAD_REACTORS|330 E|102 }|330 1F|100 AcDbEntity|8 0|100 AcDbLine|10 "
+        "0.0|20 0.0|30 0.0|11 1.0|21 0.0|31 0.0";
     const Groups all = passed(fileWith(line, "AC1015", others));
     EXPECT_EQ(valueOf(record(all, "CLASS", 1, "QUADRO"), 3), "Outro");
     EXPECT_EQ(valueOf(record(all, "VIEW", 2, "Planta"), 40), "100.50");
-    EXPECT_EQ(record(all, "GROUP"), groups("0 GROUP|5 E|102 {ACAD_REACTORS|330 D|102 }|330 D|100 AcDbGroup|300 nota|70 0|71 1|340 A1"));
+    EXPECT_EQ(record(all, "GROUP"), groups("0 GROUP|5 E|102 {ACAD_REACTORS|330 D|102 }|330 D|100 "
+                                           "AcDbGroup|300 nota|70 0|71 1|340 A1"));
     EXPECT_EQ(valueOf(record(all, "COISA"), 1), "valor");
     const Groups root = record(all, "DICTIONARY", 5, "C");
     EXPECT_EQ(root[0].value, "DICTIONARY");
-    for (const char* key : {"ACAD_GROUP", "ACAD_MATERIAL", "ACAD_LAYOUT", "ACAD_PLOTSTYLENAME", "ACAD_MLINESTYLE"})
+    for (const char* key :
+         {"ACAD_GROUP", "ACAD_MATERIAL", "ACAD_LAYOUT", "ACAD_PLOTSTYLENAME", "ACAD_MLINESTYLE"})
         EXPECT_EQ(std::count(root.begin(), root.end(), Group{3, key}), 1) << key;
     EXPECT_EQ(std::count(all.begin(), all.end(), Group{3, "Grupo"}), 1);
     const Groups kept = record(all, "LINE", 5, "A1");
     ASSERT_GT(kept.size(), 4U);
-    EXPECT_EQ(Groups(kept.begin() + 2, kept.begin() + 5),
-              groups("102 {ACAD_REACTORS|330 E|102 }"));
+    EXPECT_EQ(Groups(kept.begin() + 2, kept.begin() + 5), groups("102 {ACAD_REACTORS|330 E|102 }"));
 }
 
 TEST(Foreign, ComplexLinetypeAndBlockExtrasStay) {
     const char* tables =
-        "0 SECTION|2 TABLES|0 TABLE|2 LTYPE|5 5|330 0|100 AcDbSymbolTable|70 1|0 LTYPE|5 20|330 5|100 "
-        "AcDbSymbolTableRecord|100 AcDbLinetypeTableRecord|2 GAS|70 0|3 ----GAS----|72 65|73 2|40 18.0|49 12.0|74 0|49 -6.0|74 "
-        "2|75 0|340 11|46 0.1|50 0.0|44 -0.1|45 -0.05|9 GAS|0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|5 21|330 22|100 "
-        "AcDbEntity|8 Camada|62 4|100 AcDbBlockBegin|2 PEÇA|70 0|10 1.5|20 2.5|30 0.0|3 PEÇA|1 |4 descrição|0 ENDBLK|5 23|330 "
+        "0 SECTION|2 TABLES|0 TABLE|2 LTYPE|5 5|330 0|100 AcDbSymbolTable|70 1|0 LTYPE|5 20|330 "
+        "5|100 "
+        "AcDbSymbolTableRecord|100 AcDbLinetypeTableRecord|2 GAS|70 0|3 ----GAS----|72 65|73 2|40 "
+        "18.0|49 12.0|74 0|49 -6.0|74 "
+        "2|75 0|340 11|46 0.1|50 0.0|44 -0.1|45 -0.05|9 GAS|0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS|0 "
+        "BLOCK|5 21|330 22|100 "
+        "AcDbEntity|8 Camada|62 4|100 AcDbBlockBegin|2 PEÇA|70 0|10 1.5|20 2.5|30 0.0|3 PEÇA|1 |4 "
+        "descrição|0 ENDBLK|5 23|330 "
         "22|100 AcDbEntity|8 Camada|100 AcDbBlockEnd|0 ENDSEC";
     const Groups all = passed(fileWith("0 INSERT|8 0|2 peça|10 0|20 0", "AC1021", tables));
     const Groups linetype = record(all, "LTYPE", 2, "GAS");

@@ -37,8 +37,10 @@ std::string withInsert(const std::string& text, const std::vector<Group>& change
     Groups all = groupsOf(text);
     auto at = std::find(all.begin(), all.end(), Group{0, "INSERT"});
     for (const Group& change : changes) {
-        const auto end = std::find_if(at + 1, all.end(), [](const Group& g) { return g.code >= 1000 || g.code == 0; });
-        const auto found = std::find_if(at, end, [&](const Group& g) { return g.code == change.code; });
+        const auto end = std::find_if(at + 1, all.end(),
+                                      [](const Group& g) { return g.code >= 1000 || g.code == 0; });
+        const auto found =
+            std::find_if(at, end, [&](const Group& g) { return g.code == change.code; });
         if (found != end)
             found->value = change.value;
         else
@@ -189,14 +191,16 @@ TEST_F(Pieces, LinksAndDataOfOthersComeBack) {
     ASSERT_NE(kept, nullptr);
     EXPECT_STREQ(kept->rbnext->resval.rstring, L"dado é");
     acutRelRb(kept);
-    EXPECT_EQ(entities[1]->xData(L"PRANCHETA"), nullptr) << "the record is not the piece's own data";
+    EXPECT_EQ(entities[1]->xData(L"PRANCHETA"), nullptr)
+        << "the record is not the piece's own data";
     EXPECT_TRUE(saved(*back) == text);
 
     AcDbObjectPointer<AcDbEntity> gone(first->objectId(), AcDb::kForWrite);
     gone->erase();
     (void)gone.close();
     const Groups alone = groupsOf(saved(database));
-    EXPECT_EQ(valueOf(record(alone, "INSERT"), 1005), "0") << "a link to what is gone leads nowhere";
+    EXPECT_EQ(valueOf(record(alone, "INSERT"), 1005), "0")
+        << "a link to what is gone leads nowhere";
 }
 
 TEST_F(Pieces, LongRecordGoesToTheExtensionDictionary) {

@@ -52,7 +52,8 @@ Groups groupsOf(const std::string& text) {
     std::istringstream in(text);
     std::string code;
     std::string value;
-    while (std::getline(in, code) && std::getline(in, value)) out.push_back({std::stoi(code), value});
+    while (std::getline(in, code) && std::getline(in, value))
+        out.push_back({std::stoi(code), value});
     return out;
 }
 
@@ -101,7 +102,8 @@ void write(const std::filesystem::path& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::unique_ptr<AcDbDatabase> loadText(const std::string& text, prancheta::dxf::LoadReport* report) {
+std::unique_ptr<AcDbDatabase> loadText(const std::string& text,
+                                       prancheta::dxf::LoadReport* report) {
     const Folder folder;
     write(folder / "a.dxf", text);
     auto loaded = prancheta::dxf::load(folder / "a.dxf", report);
@@ -147,8 +149,7 @@ ACRX_DXF_DEFINE_MEMBERS(Bar, AcDbEntity, 0, 0, 0, BAR, "Teste")
 void Bar::getEcs(AcGeMatrix3d& ecs) const {
     ecs = AcGeMatrix3d::translation(start.asVector()) *
           AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis);
-    if (mirrored)
-        ecs = ecs * AcGeMatrix3d::mirroring(AcGePoint3d::kOrigin, AcGeVector3d::kYAxis);
+    if (mirrored) ecs = ecs * AcGeMatrix3d::mirroring(AcGePoint3d::kOrigin, AcGeVector3d::kYAxis);
 }
 
 Acad::ErrorStatus Bar::dxfOutFields(AcDbDxfFiler* filer) const {
@@ -178,20 +179,33 @@ Acad::ErrorStatus Bar::dxfInFields(AcDbDxfFiler* filer) {
         resbuf item{};
         if (filer->readItem(&item) != Acad::eOk) return filer->filerStatus();
         switch (item.restype) {
-            case 70: kind = item.resval.rint; break;
-            case 90: count = item.resval.rlong; break;
-            case 290: mirrored = item.resval.rint != 0; break;
-            case 10: start.set(item.resval.rpoint[0], item.resval.rpoint[1], item.resval.rpoint[2]); break;
+            case 70:
+                kind = item.resval.rint;
+                break;
+            case 90:
+                count = item.resval.rlong;
+                break;
+            case 290:
+                mirrored = item.resval.rint != 0;
+                break;
+            case 10:
+                start.set(item.resval.rpoint[0], item.resval.rpoint[1], item.resval.rpoint[2]);
+                break;
             case 40:
                 if (nextReal < 3) *reals[nextReal++] = item.resval.rreal;
                 break;
-            case 41: values.push_back(item.resval.rreal); break;
+            case 41:
+                values.push_back(item.resval.rreal);
+                break;
             case 1:
                 mark = item.resval.rstring;
                 acutDelString(item.resval.rstring);
                 break;
-            case 330: (void)acdbGetObjectId(link, item.resval.rlname); break;
-            default: return Acad::eBadDxfSequence;
+            case 330:
+                (void)acdbGetObjectId(link, item.resval.rlname);
+                break;
+            default:
+                return Acad::eBadDxfSequence;
         }
     }
     return kind < 0 ? Acad::eInvalidInput : filer->filerStatus();

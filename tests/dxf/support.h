@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the tests of drawing files share: files, groups, and a class of pieces as a module would bring it.
+// What the tests of drawing files share: files, groups, and a class of pieces as a module would
+// bring it.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -25,14 +25,16 @@ TEST(Values, NumbersOfGroupsAreReadWholeOrNotAtAll) {
         EXPECT_TRUE(parseReal(text, real)) << text;
         EXPECT_EQ(real, 1.0) << text;
     }
-    for (const char* text : {"", " ", "1,5", "nan", "inf", "-inf", "0x10", "1.5.2", "1 2", "1e999", "--1"})
+    for (const char* text :
+         {"", " ", "1,5", "nan", "inf", "-inf", "0x10", "1.5.2", "1 2", "1e999", "--1"})
         EXPECT_FALSE(parseReal(text, real)) << text;
     long long integer = 0;
     EXPECT_TRUE(parseInteger("  -7", integer));
     EXPECT_EQ(integer, -7);
     EXPECT_TRUE(parseInteger("3.0", integer)) << "some programs write whole numbers as reals";
     EXPECT_EQ(integer, 3);
-    for (const char* text : {"", "7.5", "a", "12 3"}) EXPECT_FALSE(parseInteger(text, integer)) << text;
+    for (const char* text : {"", "7.5", "a", "12 3"})
+        EXPECT_FALSE(parseInteger(text, integer)) << text;
     std::uint64_t handle = 0;
     EXPECT_TRUE(parseHandle(" 1aF ", handle));
     EXPECT_EQ(handle, 0x1AFU);
@@ -46,7 +48,8 @@ TEST(Charsets, ReleaseDecidesAndEachTextMayFallBack) {
     EXPECT_EQ(charsetOf("AC1021"), Charset::Utf8);
     EXPECT_EQ(decode("A\xE7\xE3o \x80", Charset::Windows1252), "Ação €");
     EXPECT_EQ(decode("Ação", Charset::Utf8), "Ação");
-    EXPECT_EQ(decode("A\xE7\xE3o", Charset::Utf8), "Ação") << "old text in a file that claims UTF-8";
+    EXPECT_EQ(decode("A\xE7\xE3o", Charset::Utf8), "Ação")
+        << "old text in a file that claims UTF-8";
 }
 
 TEST(Charsets, WhatTheCodePageLacksIsEscaped) {
@@ -71,7 +74,8 @@ TEST(Charsets, EveryByteOfTheCodePageComesBack) {
 TEST(Charsets, CaretsStandForControlCharacters) {
     EXPECT_EQ(decodeText("a^Jb^Ic^ d^", Charset::Utf8), L"a\nb\tc^d^");
     EXPECT_EQ(encodeText(L"a\nb\tc^d"), "a^Jb^Ic^ d");
-    EXPECT_EQ(encoded("linha\noutra", Charset::Utf8), "linha^Joutra") << "a line end would shift all";
+    EXPECT_EQ(encoded("linha\noutra", Charset::Utf8), "linha^Joutra")
+        << "a line end would shift all";
 }
 
 TEST(Reader, TakesEitherLineEndCommentsMarkAndBlanks) {
@@ -88,7 +92,8 @@ TEST(Reader, TakesEitherLineEndCommentsMarkAndBlanks) {
 }
 
 TEST(Reader, SaysWhereItStopped) {
-    for (const char* text : {"0\nLINE\nx8\n0\n", "0\nLINE\n-8\n0\n", "0\nLINE\n\n8\n0\n", "0\nLINE\n12345\n0\n"}) {
+    for (const char* text :
+         {"0\nLINE\nx8\n0\n", "0\nLINE\n-8\n0\n", "0\nLINE\n\n8\n0\n", "0\nLINE\n12345\n0\n"}) {
         TagReader reader(text);
         Tag tag;
         EXPECT_TRUE(reader.next(tag));

@@ -20,16 +20,22 @@ std::string markers(const Groups& record) {
 }
 
 const char* const kOld =
-    "0 LINE|8 VELHA|62 2|10 0|20 0|30 0|11 10|21 0|31 0|39 5.0|0 ARC|8 0|10 1|20 2|30 0|40 3|50 0|51 90|0 TEXT|8 0|10 0|20 "
-    "0|30 0|40 2.5|1 A\xE7o|7 STANDARD|72 1|11 5|21 5|31 0|0 POLYLINE|8 0|66 1|10 0|20 0|30 0|70 1|0 VERTEX|8 0|10 0|20 0|30 "
-    "0|42 0.5|0 VERTEX|8 0|10 9|20 9|30 0|0 SEQEND|8 0|0 3DFACE|8 0|10 0|20 0|30 0|11 1|21 0|31 0|12 1|22 1|32 0|13 0|23 1|33 "
-    "0|0 DIMENSION|8 0|2 *D0|10 0|20 5|30 0|11 2|21 5|31 0|70 0|1 |13 0|23 0|33 0|14 4|24 3|34 0|50 0.0";
+    "0 LINE|8 VELHA|62 2|10 0|20 0|30 0|11 10|21 0|31 0|39 5.0|0 ARC|8 0|10 1|20 2|30 0|40 3|50 "
+    "0|51 90|0 TEXT|8 0|10 0|20 "
+    "0|30 0|40 2.5|1 A\xE7o|7 STANDARD|72 1|11 5|21 5|31 0|0 POLYLINE|8 0|66 1|10 0|20 0|30 0|70 "
+    "1|0 VERTEX|8 0|10 0|20 0|30 "
+    "0|42 0.5|0 VERTEX|8 0|10 9|20 9|30 0|0 SEQEND|8 0|0 3DFACE|8 0|10 0|20 0|30 0|11 1|21 0|31 "
+    "0|12 1|22 1|32 0|13 0|23 1|33 "
+    "0|0 DIMENSION|8 0|2 *D0|10 0|20 5|30 0|11 2|21 5|31 0|70 0|1 |13 0|23 0|33 0|14 4|24 3|34 "
+    "0|50 0.0";
 
 }  // namespace
 
 TEST(Upgrade, EntitiesOfR12GetHandlesOwnersAndMarkers) {
-    const char* blocks = "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 *D0|70 1|10 0|20 0|30 0|3 *D0|0 LINE|8 0|10 0|20 0|11 4|21 0|0 "
-                         "ENDBLK|8 0|0 ENDSEC";
+    const char* blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 *D0|70 1|10 0|20 0|30 0|3 *D0|0 LINE|8 0|10 0|20 0|11 "
+        "4|21 0|0 "
+        "ENDBLK|8 0|0 ENDSEC";
     const Groups all = passed(fileWith(kOld, "AC1009", blocks));
     EXPECT_EQ(all[3], (Group{1, "AC1015"}));
     const std::pair<const char*, const char*> expected[] = {
@@ -49,7 +55,8 @@ TEST(Upgrade, EntitiesOfR12GetHandlesOwnersAndMarkers) {
         EXPECT_NE(valueOf(found, 330), "0") << type;
     }
     EXPECT_EQ(valueOf(record(all, "VERTEX"), 330), valueOf(record(all, "POLYLINE"), 5));
-    EXPECT_EQ(valueOf(record(all, "LINE", 8, "VELHA"), 39), "5.0") << "thickness, behind its marker";
+    EXPECT_EQ(valueOf(record(all, "LINE", 8, "VELHA"), 39), "5.0")
+        << "thickness, behind its marker";
     EXPECT_FALSE(record(all, "LAYER", 2, "VELHA").empty()) << "a layer without a record gets one";
     EXPECT_EQ(valueOf(record(all, "TEXT"), 1), "A\xE7o");
     EXPECT_EQ(countOf(all, "VERTEX"), 2U);
@@ -65,12 +72,14 @@ TEST(Upgrade, SecondSaveChangesNothing) {
 }
 
 TEST(Upgrade, TablesAndVariablesOfR12) {
-    std::string text = fileWith(
-        "0 LINE|8 0|6 TRACO|10 0|20 0|11 1|21 1", "AC1009",
-        "0 SECTION|2 TABLES|0 TABLE|2 VPORT|70 1|0 VPORT|2 *ACTIVE|70 0|12 55.5|22 0|40 77|0 ENDTAB|0 TABLE|2 LTYPE|70 1|0 "
-        "LTYPE|2 TRACO|70 64|3 --|72 65|73 2|40 2.0|49 1.5|49 -0.5|0 ENDTAB|0 TABLE|2 DIMSTYLE|70 1|0 DIMSTYLE|2 COTA|70 "
-        "0|3 |4 |5 SETA|6 |7 |40 10.0|41 3.0|140 1.8|0 ENDTAB|0 ENDSEC");
-    text.insert(text.find("0\nENDSEC"), "9\n$FASTZOOM\n70\n1\n9\n$LTSCALE\n40\n3.0\n9\n$DIMSTYLE\n2\nCOTA\n");
+    std::string text = fileWith("0 LINE|8 0|6 TRACO|10 0|20 0|11 1|21 1", "AC1009",
+                                "0 SECTION|2 TABLES|0 TABLE|2 VPORT|70 1|0 VPORT|2 *ACTIVE|70 0|12 "
+                                "55.5|22 0|40 77|0 ENDTAB|0 TABLE|2 LTYPE|70 1|0 "
+                                "LTYPE|2 TRACO|70 64|3 --|72 65|73 2|40 2.0|49 1.5|49 -0.5|0 "
+                                "ENDTAB|0 TABLE|2 DIMSTYLE|70 1|0 DIMSTYLE|2 COTA|70 "
+                                "0|3 |4 |5 SETA|6 |7 |40 10.0|41 3.0|140 1.8|0 ENDTAB|0 ENDSEC");
+    text.insert(text.find("0\nENDSEC"),
+                "9\n$FASTZOOM\n70\n1\n9\n$LTSCALE\n40\n3.0\n9\n$DIMSTYLE\n2\nCOTA\n");
     const Groups all = groupsOf(saved(*loadText(text)));
     EXPECT_EQ(markers(record(all, "VPORT")), "AcDbSymbolTableRecord AcDbViewportTableRecord ");
     EXPECT_EQ(valueOf(record(all, "VPORT"), 12), "55.5");
@@ -88,7 +97,8 @@ TEST(Upgrade, TablesAndVariablesOfR12) {
 
 TEST(Upgrade, AlignedDimensionOfR12IsAlive) {
     const auto database = loadText(fileWith(
-        "0 DIMENSION|8 0|2 *D0|10 4|20 6|30 0|11 2|21 6|31 0|70 1|1 |13 0|23 0|33 0|14 4|24 0|34 0", "AC1009"));
+        "0 DIMENSION|8 0|2 *D0|10 4|20 6|30 0|11 2|21 6|31 0|70 1|1 |13 0|23 0|33 0|14 4|24 0|34 0",
+        "AC1009"));
     ASSERT_NE(database, nullptr);
     const auto* dimension = AcDbAlignedDimension::cast(modelSpace(*database).at(0));
     ASSERT_NE(dimension, nullptr);
@@ -97,8 +107,10 @@ TEST(Upgrade, AlignedDimensionOfR12IsAlive) {
 }
 
 TEST(Upgrade, HandlesOfR14Stay) {
-    const char* entities = "0 LINE|5 3F|100 AcDbEntity|8 0|100 AcDbLine|10 0|20 0|30 0|11 1|21 0|31 0|0 LWPOLYLINE|5 40|100 "
-                           "AcDbEntity|8 0|100 AcDbPolyline|90 2|70 0|43 0.0|10 0|20 0|10 1|20 1";
+    const char* entities =
+        "0 LINE|5 3F|100 AcDbEntity|8 0|100 AcDbLine|10 0|20 0|30 0|11 1|21 0|31 0|0 LWPOLYLINE|5 "
+        "40|100 "
+        "AcDbEntity|8 0|100 AcDbPolyline|90 2|70 0|43 0.0|10 0|20 0|10 1|20 1";
     const Groups all = passed(fileWith(entities, "AC1014"));
     EXPECT_EQ(valueOf(record(all, "LINE"), 5), "3F");
     EXPECT_NE(valueOf(record(all, "LINE"), 330), "(sem o grupo)");

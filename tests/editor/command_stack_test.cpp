@@ -53,6 +53,8 @@ TEST_F(StackTest, marksBeforeTheName) {
     EXPECT_EQ(found(L"._turn"), L"PRANCHETA:TURN");
     EXPECT_EQ(found(L".girar"), L"PRANCHETA:TURN");
     EXPECT_EQ(found(L"_girar"), L"");
+    EXPECT_EQ(found(L".ípsilon"), L"ZP:xis");
+    EXPECT_EQ(found(L"_.xis"), L"ZP:xis");
     EXPECT_EQ(found(L"'_ÍPSILON"), L"");
     EXPECT_EQ(found(L"ÍPSILON"), L"ZP:xis");
     EXPECT_EQ(TypedName(L"_-layer").name, L"-layer");

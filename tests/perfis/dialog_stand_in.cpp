@@ -59,6 +59,7 @@ struct StandInAccess {
         return status;
     }
     static void done(int status) { host().m_done = status; }
+    static int& loads() { return host().m_loads; }
     static std::wstring& listKey() { return host().m_listKey; }
     static std::wstring& listRows() { return host().m_listRows; }
     static std::wstring& imageKey() { return host().m_imageKey; }
@@ -91,7 +92,7 @@ bool DialogStandIn::has(const std::wstring& event) const {
     return false;
 }
 
-int ads_load_dialog(const ACHAR*, int* id) { return *id = 1, RTNORM; }
+int ads_load_dialog(const ACHAR*, int* id) { return *id = ++Access::loads(), RTNORM; }
 int ads_unload_dialog(int) { return RTNORM; }
 int ads_new_dialog(const ACHAR* name, int, CLIENTFUNC, ads_hdlg* dialog) {
     *dialog = Access::host().dialog();

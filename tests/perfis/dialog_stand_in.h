@@ -41,6 +41,8 @@ public:
 
     std::wstring value(const std::wstring& key) { return m_tiles[key].value; }
     int mode(const std::wstring& key) { return m_tiles[key].mode; }
+    /// How often a dialog file was loaded.
+    int loads() const { return m_loads; }
 
     struct Tile {
         std::wstring value;
@@ -61,4 +63,5 @@ private:
     std::wstring m_listRows;
     std::wstring m_imageKey;
     int m_done = -100;
+    int m_loads = 0;
 };

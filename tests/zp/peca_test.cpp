@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "tests/zp/desenho.h"
+#include "zp/objects/peca.h"
 
 namespace {
 
@@ -307,8 +308,11 @@ TEST_F(Peca, ValoresDasLaminadas) {
 }
 
 TEST_F(Peca, ObjetoCabeNaMemoria) {
-    // The state behind the pointer is what grows; links are apart and only where there are any.
-    EXPECT_LE(sizeof(ZpUDobrado) + 480, 600u);
+    // A drawing of 100,000 pieces counts every byte; links are apart and only where there are any.
+    EXPECT_LE(sizeof(ZpUDobrado) + sizeof(zp::Peca), 480u);
+    const ZpBarraRedonda a(AcGePoint3d(), ZpObject::kVistaSecao, 25.4, 1000, 0);
+    const ZpBarraRedonda b(AcGePoint3d(9, 9, 0), ZpObject::kVistaSecao, 25.4, 700, 0);
+    EXPECT_EQ(&zp::Acesso::de(a).secao(), &zp::Acesso::de(b).secao());
 }
 
 TEST(Funcoes, FormatInString) {

@@ -10,8 +10,12 @@
 namespace tools {
 
 /// How the command draws the four views: most as they are, the channels with view 2 turned about
-/// the piece's axis, the cold-formed angle with views 1 and 4 shown as views 2 and 3 turned.
-enum class Remap { None, Channel, Angle };
+/// the piece's axis, the cold-formed angle with views 1 and 4 shown as views 2 and 3 turned, pairs
+/// of angles with views 2 and 4 shown as views 1 and 3.
+enum class Remap { None, Channel, Angle, AnglePair };
+
+/// What a library holds besides: TRAV, the picture of the lacing dialog.
+enum class Extra { None, LacingPicture };
 
 struct Family {
     const char* library;  ///< file name without extension
@@ -22,6 +26,7 @@ struct Family {
     std::vector<const char*> insertions;
     int points = 1;
     Remap remap = Remap::None;
+    Extra extra = Extra::None;
 };
 
 std::span<const Family> families();

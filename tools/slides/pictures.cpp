@@ -89,6 +89,7 @@ zp::secao::Vista drawnView(const Family& family, int view) {
         values[static_cast<std::size_t>(turn)] = std::numbers::pi;
         if (family.remap == Remap::Angle) view = view == 1 ? 2 : 3;
     }
+    if (family.remap == Remap::AnglePair && view % 2 == 0) view = view == 2 ? 1 : 3;
     return zp::secao::secaoDe(family.classe, family.points, values)->vista(view);
 }
 
@@ -107,6 +108,50 @@ Sketch viewPicture(const zp::secao::Vista& vista) {
     for (const auto& [from, to] : vista.trechos)
         for (const double x : {0.0, length}) sketch.line({x, from}, {x, to}, Cor::Contorno);
     if (vista.eixo) sketch.dashed({0, 0}, {length, 0}, Cor::Eixo, 22, 7);
+    return sketch;
+}
+
+/// Rectangle by its lower left and upper right corners.
+void rectangle(Sketch& sketch, Ponto a, Ponto b, Cor cor) {
+    sketch.line(a, {b.x, a.y}, cor);
+    sketch.line({b.x, a.y}, b, cor);
+    sketch.line(b, {a.x, b.y}, cor);
+    sketch.line({a.x, b.y}, a, cor);
+}
+
+/// Dimension line between two points of one level, arrows outwards.
+void measure(Sketch& sketch, Ponto from, Ponto to) {
+    const double degrees = from.x == to.x ? 90.0 : 0.0;
+    const double half = (to.x - from.x + to.y - from.y) / (2.0 * sketch.pixel());
+    sketch.arrow(to, degrees, half, Cor::Marca);
+    sketch.arrow(from, degrees + 180.0, half, Cor::Marca);
+}
+
+/// Two pieces held together by plates: height A, width C, spacing L1.
+Sketch lacingPicture() {
+    constexpr double kLength = 430.0;
+    constexpr double kOuter = 90.0;  // edges of the pieces, from the axis
+    constexpr double kInner = 45.0;
+    constexpr double kHalfA = 70.0;
+    constexpr double kC = 70.0;
+    constexpr double kL1 = 180.0;
+    constexpr double kAway = 35.0;  // of the dimension lines
+    Caixa box;
+    box.inclui(-kAway, -kOuter - kAway);
+    box.inclui(kLength, kOuter + kAway);
+    Sketch sketch(box);
+    for (const double side : {-1.0, 1.0}) {
+        rectangle(sketch, {0, side * kInner}, {kLength, side * kOuter}, Cor::Contorno);
+    }
+    for (const double x : {0.0, kL1, 2 * kL1})
+        rectangle(sketch, {x, -kHalfA}, {x + kC, kHalfA}, Cor::Seta);
+    constexpr double kText = 14.0;
+    measure(sketch, {-kAway / 2, -kHalfA}, {-kAway / 2, kHalfA});
+    sketch.text("A", {-kAway / 2, 0}, -kText, 0, Cor::Marca);
+    measure(sketch, {kL1, kOuter + kAway / 2}, {kL1 + kC, kOuter + kAway / 2});
+    sketch.text("C", {kL1 + kC / 2, kOuter + kAway / 2}, 0, kText, Cor::Marca);
+    measure(sketch, {0, -kOuter - kAway / 2}, {kL1, -kOuter - kAway / 2});
+    sketch.text("L1", {kL1 / 2, -kOuter - kAway / 2}, 0, -kText, Cor::Marca);
     return sketch;
 }
 
@@ -131,6 +176,7 @@ std::vector<LibraryEntry> libraryOf(const Family& family) {
         add("BT" + std::to_string(figure), directionPicture(*secao, f.looking));
         add("VI" + std::to_string(figure), viewPicture(drawnView(family, f.view)));
     }
+    if (family.extra == Extra::LacingPicture) add("TRAV", lacingPicture());
     return entries;
 }
 
@@ -145,10 +191,10 @@ prancheta::slides::Slide viewDirections() {
     for (const Figure& figure : kFigures) eye(sketch, box, figure.looking);
     constexpr double kBeside = 14.0;
     constexpr double kAlong = kArrowGap + kArrowPixels - 8.0;
-    sketch.digit(1, {box.x1, my}, kAlong, kBeside, Cor::Marca);
-    sketch.digit(2, {mx, box.y1}, kBeside, kAlong, Cor::Marca);
-    sketch.digit(3, {mx, box.y0}, kBeside, -kAlong, Cor::Marca);
-    sketch.digit(4, {box.x0, my}, -kAlong, kBeside, Cor::Marca);
+    sketch.text("1", {box.x1, my}, kAlong, kBeside, Cor::Marca);
+    sketch.text("2", {mx, box.y1}, kBeside, kAlong, Cor::Marca);
+    sketch.text("3", {mx, box.y0}, kBeside, -kAlong, Cor::Marca);
+    sketch.text("4", {box.x0, my}, -kAlong, kBeside, Cor::Marca);
     return sketch.slide();
 }
 

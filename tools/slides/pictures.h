@@ -10,7 +10,7 @@
 
 namespace tools {
 
-/// SECAO, FLECHA, one IP for each insertion point, BT1 to BT4 and VI1 to VI4.
+/// SECAO, FLECHA, one IP for each insertion point, BT1 to BT4, VI1 to VI4 and what is extra.
 std::vector<prancheta::slides::LibraryEntry> libraryOf(const Family& family);
 
 /// A channel looked at from four sides, each arrow with the number of its figure.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <numbers>
 
 namespace tools {
@@ -86,23 +87,30 @@ void Sketch::arrow(Ponto tip, double degrees, double length, Cor cor) {
     polygon({tip, moved(tip, degrees + 160.0, kHead), moved(tip, degrees - 160.0, kHead)}, cor);
 }
 
-void Sketch::digit(int number, Ponto at, double dx, double dy, Cor cor) {
+void Sketch::text(std::string_view signs, Ponto at, double dx, double dy, Cor cor) {
     // Strokes in a 2 x 4 grid, as pairs of grid points.
     struct Stroke {
         int x1, y1, x2, y2;
     };
-    static const std::vector<Stroke> kDigits[] = {
-        {{1, 0, 1, 4}, {1, 4, 0, 3}},
-        {{0, 4, 2, 4}, {2, 4, 2, 2}, {2, 2, 0, 2}, {0, 2, 0, 0}, {0, 0, 2, 0}},
-        {{0, 4, 2, 4}, {2, 4, 2, 0}, {2, 0, 0, 0}, {2, 2, 0, 2}},
-        {{0, 4, 0, 2}, {0, 2, 2, 2}, {2, 4, 2, 0}},
+    static const std::map<char, std::vector<Stroke>> kSigns = {
+        {'1', {{1, 0, 1, 4}, {1, 4, 0, 3}}},
+        {'2', {{0, 4, 2, 4}, {2, 4, 2, 2}, {2, 2, 0, 2}, {0, 2, 0, 0}, {0, 0, 2, 0}}},
+        {'3', {{0, 4, 2, 4}, {2, 4, 2, 0}, {2, 0, 0, 0}, {2, 2, 0, 2}}},
+        {'4', {{0, 4, 0, 2}, {0, 2, 2, 2}, {2, 4, 2, 0}}},
+        {'A', {{0, 0, 1, 4}, {1, 4, 2, 0}, {0, 1, 2, 1}}},
+        {'C', {{2, 4, 0, 4}, {0, 4, 0, 0}, {0, 0, 2, 0}}},
+        {'L', {{0, 4, 0, 0}, {0, 0, 2, 0}}},
     };
     constexpr double kGrid = 4.0;
-    const auto point = [&](int x, int y) {
-        return Ponto{at.x + pixel() * (dx + kGrid * (x - 1)),
-                     at.y + pixel() * (dy + kGrid * (y - 2))};
-    };
-    for (const Stroke& s : kDigits[number - 1]) line(point(s.x1, s.y1), point(s.x2, s.y2), cor);
+    constexpr double kAdvance = 3 * kGrid;
+    for (const char sign : signs) {
+        const auto point = [&](int x, int y) {
+            return Ponto{at.x + pixel() * (dx + kGrid * (x - 1)),
+                         at.y + pixel() * (dy + kGrid * (y - 2))};
+        };
+        for (const Stroke& s : kSigns.at(sign)) line(point(s.x1, s.y1), point(s.x2, s.y2), cor);
+        dx += kAdvance;
+    }
 }
 
 }  // namespace tools

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "prancheta/slides/slide.h"
@@ -32,8 +33,9 @@ public:
     void mark(Ponto at, Cor cor);
     /// Arrow whose head is at `tip`; direction in degrees, length in pixels.
     void arrow(Ponto tip, double degrees, double length, Cor cor);
-    /// Digit 1 to 4 made of strokes, its middle at a distance in pixels from a point.
-    void digit(int number, Ponto at, double dx, double dy, Cor cor);
+    /// Digits 1 to 4 and letters A, C, L made of strokes, the middle of the first one at a distance
+    /// in pixels from a point.
+    void text(std::string_view signs, Ponto at, double dx, double dy, Cor cor);
 
     /// Drawing unit of one pixel.
     double pixel() const { return 1.0 / m_scale; }

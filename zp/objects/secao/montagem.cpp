@@ -16,7 +16,8 @@ namespace {
 using enum Papel;
 constexpr double kPi = std::numbers::pi;
 constexpr double kRaiz2 = std::numbers::sqrt2;
-/// cot(phi/2) - (pi - phi)/2 for phi = pi/2 + atan(1/6): area of the fillet in a tapered corner over r^2.
+/// cot(phi/2) - (pi - phi)/2 for phi = pi/2 + atan(1/6): area of the fillet in a tapered corner
+/// over r^2.
 const double kFileteCunha = [] {
     const double phi = 0.5 * kPi + std::atan(1.0 / 6.0);
     return 1.0 / std::tan(0.5 * phi) - 0.5 * (kPi - phi);

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+// The flow of the built-up commands: lacing dialog, acceptance, generation with plates.
+#include "perfis/commands/built_up_run.h"
+
+#include "perfis/commands/profile_generator.h"
+#include "perfis/commands/profile_run.h"
+#include "perfis/dialogs/lacing.h"
+#include "perfis/dialogs/tiles.h"
+#include "perfis/frame/portability.h"
+
+namespace perfis {
+namespace {
+
+constexpr const wchar_t* kPlanesTile = L"plano";
+constexpr const wchar_t* kPlaneNames[] = {L"Plano horizontal", L"Plano vertical", L"Os dois planos",
+                                          kEndMark};
+
+/// The opposite side of a member that looks the same from both.
+int drawnSide(int view) {
+    if (view == ZpObject::kVistaInferior) return ZpObject::kVistaSuperior;
+    if (view == ZpObject::kVistaEsquerda) return ZpObject::kVistaDireita;
+    return view;
+}
+
+class BuiltUpRun : public ProfileRun {
+public:
+    BuiltUpRun(const ProfileDescription& description, const BuiltUpRule& rule)
+        : ProfileRun(description), m_rule(rule) {}
+
+protected:
+    void wireOwnTiles(ads_hdlg dialog) override;
+    void showOwnTiles(ads_hdlg dialog) override;
+    const wchar_t* acceptFault(ads_hdlg dialog) override;
+    int generate() override;
+    bool reopensAfter(int status) const override {
+        return status == kDialogReopen || status == kDialogReopenAtOnce;
+    }
+
+private:
+    void onLacing(const ads_callback_packet& packet);
+    void onPlanes(const ads_callback_packet& packet);
+    bool isLaced();
+    bool isSectionValid();
+    LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point);
+
+    const BuiltUpRule& m_rule;
+    double m_A = 0.0;  ///< plate height; 0: no plates
+    double m_C = 0.0;  ///< plate width along the member
+    double m_L1 = 0.0;
+    LacedPlanes m_planes = LacedPlanes::kBoth;
+};
+
+void BuiltUpRun::wireOwnTiles(ads_hdlg dialog) {
+    wireTile(dialog, {L"travejar", dialogCallback<BuiltUpRun, &BuiltUpRun::onLacing>}, this);
+    if (m_rule.choosesPlanes)
+        wireTile(dialog, {kPlanesTile, dialogCallback<BuiltUpRun, &BuiltUpRun::onPlanes>}, this);
+}
+
+void BuiltUpRun::showOwnTiles(ads_hdlg dialog) {
+    if (!m_rule.choosesPlanes) return;
+    (void)fillFixedList(dialog, kPlanesTile, kPlaneNames);
+    setTile(dialog, kPlanesTile, static_cast<int>(m_planes) - 1);
+}
+
+void BuiltUpRun::onPlanes(const ads_callback_packet& packet) {
+    const int choice = textToInt(packet.value) + 1;
+    if (choice >= static_cast<int>(LacedPlanes::kHorizontal) &&
+        choice <= static_cast<int>(LacedPlanes::kBoth))
+        m_planes = static_cast<LacedPlanes>(choice);
+}
+
+void BuiltUpRun::onLacing(const ads_callback_packet& packet) {
+    readMedidas(packet.dialog);
+    const Medidas& medidas = state().medidas;
+    const ViewsChoice& views = state().views;
+    const bool userHeight = m_rule.plateHeight == PlateHeight::kUser;
+    TravejamentoLimites limites;
+    limites.somenteAltura = views.sectionOnly ? 1 : 0;
+    limites.pickngo = views.pickAndGo ? 1 : 0;
+    limites.alturaEditavel = userHeight ? 1 : 0;
+    limites.comp = views.length;
+    limites.minA = m_rule.minHeight(medidas);
+    limites.maxA = m_rule.maxHeight(medidas);
+    TravejamentoParams params;
+    params.A = userHeight ? m_A : medidas.a;
+    params.C = m_C;
+    // The stored spacing is made to fit the length even when the dialog is then left by Cancel.
+    CalcPartes(params, views.length, m_L1);
+    if (EditTravejamento(params, limites) == 0) return;
+    m_A = userHeight ? params.A : medidas.a;
+    m_C = params.C;
+    (void)CalcEspacamento(params, views.length, m_L1);
+}
+
+bool BuiltUpRun::isLaced() {
+    const Medidas& medidas = state().medidas;
+    // Pieces that touch have no width told.
+    const bool fromWidth = m_rule.clearance == Clearance::kWidth && medidas.a != 0.0;
+    LacingTest test;
+    test.space = fromWidth ? medidas.a - 2.0 * medidas.b : medidas.a;
+    test.minHeight = m_rule.minHeight(medidas);
+    test.sectionOnly = state().views.sectionOnly;
+    return state().views.pickAndGo || lacingHolds(m_A, m_C, m_L1, test);
+}
+
+bool BuiltUpRun::isSectionValid() {
+    const Medidas& medidas = state().medidas;
+    const bool fits = m_A == 0.0 || m_A <= m_rule.maxHeight(medidas);
+    return description().valid(medidas) && fits;
+}
+
+const wchar_t* BuiltUpRun::acceptFault(ads_hdlg dialog) {
+    const ViewsChoice& views = state().views;
+    refresh(dialog);
+    const bool laced = isLaced();
+    if (!views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo) return kInvalidLength;
+    if (!laced) return kInvalidLacing;
+    if (!isSectionValid()) return kInvalidSection;
+    readMedidas(dialog);
+    return nullptr;
+}
+
+LaidPlates BuiltUpRun::layPlates(ZpObject& piece, const AcGePoint3d& point) {
+    return m_rule.layPlates({piece,
+                             point,
+                             chosenView(state().views),
+                             state().medidas,
+                             m_C,
+                             m_A,
+                             {state().views.length, m_L1},
+                             m_planes});
+}
+
+int BuiltUpRun::generate() {
+    if (m_rule.sides == SidesDrawn::kAboveAndRight)
+        state().views.view = drawnSide(state().views.view);
+    if (m_A <= 0.0) return ProfileRun::generate();
+    return generateProfile(
+        description(), state(),
+        [this](ZpObject& piece, const AcGePoint3d& point) { return layPlates(piece, point); });
+}
+
+}  // namespace
+
+void runBuiltUp(const ProfileDescription& description, const BuiltUpRule& rule) {
+    runCommand<BuiltUpRun>(description, rule);
+}
+
+bool lacingHolds(double A, double C, double L1, const LacingTest& test) {
+    const bool touching = test.space == 0.0;
+    const bool spread = test.sectionOnly || (C > 0.0 && L1 > 3.0 * C);
+    if (test.space > 0.0) return A > test.minHeight && spread;
+    return touching && (test.sectionOnly || A == 0.0 || (A > 0.0 && spread));
+}
+
+}  // namespace perfis

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Command perfildvv: two cold-formed angles bend to bend, legs at 45 degrees.
+#include <algorithm>
+#include <numbers>
+
+#include "perfis/commands/built_up_run.h"
+#include "perfis/commands/built_up_sections.h"
+#include "perfis/commands/common_sections.h"
+#include "perfis/commands/handlers.h"
+#include "perfis/entities/zpdobrados.h"
+
+namespace perfis {
+namespace {
+
+constexpr double kRoot2 = std::numbers::sqrt2;
+
+/// The heels lie a little inside the gap: the bends themselves keep its width.
+double heelX(const Medidas& m) { return m.a / 2.0 - 2.0 * m.t * (kRoot2 - 1.0); }
+/// From the reference point to the tips, sideways, up and down.
+double tipX(const Medidas& m) { return heelX(m) + (std::max(m.h, m.b) + m.t) / kRoot2; }
+double upperTip(const Medidas& m) { return m.b / kRoot2; }
+double lowerTip(const Medidas& m) { return m.h / kRoot2; }
+
+std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpXDobrado>(point, request.view, m.h, m.b, m.t, m.t, m.a,
+                                        request.length, 0.0, 0.0, 0.0, 0.0);
+}
+
+std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
+                                    const PieceRequest& request) {
+    const Medidas& m = request.medidas;
+    return std::make_unique<ZpXDobrado>(start, end, request.view, m.h, m.b, m.t, m.t, m.a, 0.0, 0.0,
+                                        0.0);
+}
+
+const ProfileDescription kDescription = {
+    .dialog = L"plv_geracao",
+    .list = L"plv.lst",
+    .buildRow = rowOfHbta,
+    .slides = L"plv",
+    .figures = 4,
+    .tiles = kTilesHbta,
+    .insertions = kOppositeCorners<tipX, upperTip, lowerTip>,
+    .valid = validGap,
+    .memberShift = nullptr,
+    .onePoint = onePoint,
+    .twoPoints = twoPoints,
+    .dimensionSection = [](PieceDimensions& d,
+                           const Medidas& m) { dimensionHeels(d, m, heelX(m), m.b); },
+};
+
+constexpr BuiltUpRule kRule = {
+    .clearance = Clearance::kGap,
+    .sides = SidesDrawn::kAboveAndRight,
+    .plateHeight = PlateHeight::kClearance,
+    .minHeight = [](const Medidas& m) { return m.a - 1.0; },
+    .maxHeight = [](const Medidas& m) { return m.a; },
+    .layPlates =
+        [](const LacedMember& member) { return layOnFace(member, -member.medidas.t / 2.0); },
+};
+
+}  // namespace
+
+void pcantxdob() { runBuiltUp(kDescription, kRule); }
+
+}  // namespace perfis
