@@ -51,8 +51,8 @@ def compact(row):
 
 
 def series_line(row):
-    """Designation, height and mass under the header "  Tipo     H     Kg/m"."""
-    return [f"{compact(row):<11}{size(row['H']):<4}{float(row['kg_m']):>6.1f}"]
+    """Designation, height and mass under the header "  Tipo     H     Kg/m". CVS1000x394 takes eleven places."""
+    return [f"{compact(row):<12}{size(row['H']):<4}{float(row['kg_m']):>6.1f}"]
 
 
 I_VALUES = (("H", size), ("B", size), ("tf", wall), ("tw", wall), ("kg_m", wall))

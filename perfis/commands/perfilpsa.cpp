@@ -84,7 +84,6 @@ const ProfileDescription kPsa = {
     .startPrompt = L"\nIndique o ponto inicial do perfil:",
     .turning = Turning::kSet,
     .listsAtOwnPoint = true,
-    .finish = nullptr,
     // Four tiles, of which the dialog has two: such a row keeps H and tw only.
     .buildReplacement = rowOfHbta,
 };

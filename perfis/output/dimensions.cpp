@@ -21,6 +21,7 @@ void PieceDimensions::add(const AcGePoint3d& from, const AcGePoint3d& to, const 
     if (from == to) return;
     auto dimension = std::make_unique<AcDbAlignedDimension>(from, to, line);
     dimension->setDatabaseDefaults();
+    (void)dimension->setLayer(ZpLayerToUsr(L"COTA"));  // otherwise the current one
     // Text and arrows grow with the distances, whatever the style itself says.
     if (dimension->dimscale() != m_scale) (void)dimension->setDimscale(m_scale);
     AcDbObjectId id;

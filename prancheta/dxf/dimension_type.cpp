@@ -40,9 +40,19 @@ struct Harmless {
     bool any;
     double value;
 };
-constexpr Harmless kHarmless[] = {{12, true, 0},  {22, true, 0},  {32, true, 0},  {280, true, 0},
-                                  {41, false, 1}, {72, false, 1}, {51, false, 0}, {53, false, 0},
-                                  {73, false, 0}, {74, false, 0}, {75, false, 0}};
+constexpr Harmless kHarmless[] = {{12, true, 0},
+                                  {22, true, 0},
+                                  {32, true, 0},
+                                  {280, true, 0},
+                                  {41, false, 1},
+                                  {72, false, 1},
+                                  {51, false, 0},
+                                  {53, false, 0},
+                                  {73, false, 0},
+                                  {74, false, 0},
+                                  {75, false, 0},
+                                  // The angle of a rotated dimension, which others write in all.
+                                  {50, true, 0}};
 
 bool isHarmless(const Tag& tag) {
     if (tag.code == 100) return true;

@@ -8,6 +8,7 @@
 #include "prancheta/dxf/binary.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/loader.h"
+#include "prancheta/dxf/upgrade.h"
 #include "prancheta/entities/register.h"
 
 namespace prancheta::dxf {
@@ -51,9 +52,20 @@ bool Loader::bad(const char* at, std::string text) {
     return false;
 }
 
+/// Lines are counted on from the last finding, because findings mostly come in the order of the
+/// file.
 void Loader::note(std::string text, const char* at, Adesk::UInt64 handle) {
-    const auto line = at == nullptr ? -1 : std::count(m_text.data(), at, '\n');
-    m_report.findings.push_back({std::move(text), static_cast<int>(line) + 1, handle});
+    int line = 0;
+    if (at != nullptr) {
+        if (m_countedTo == nullptr || at < m_countedTo) {
+            m_countedTo = m_text.data();
+            m_linesCounted = 1;
+        }
+        m_linesCounted += static_cast<int>(std::count(m_countedTo, at, '\n'));
+        m_countedTo = at;
+        line = m_linesCounted;
+    }
+    m_report.findings.push_back({std::move(text), line, handle});
 }
 
 /// Next record of a section; at its end false without a fault.
@@ -210,6 +222,8 @@ bool Loader::complete() {
         if (!reader.next(m_record)) continue;
         tags.push_back({0, decode(m_record.type, charset())});
         if (!appendRaw(tags, m_record.tags, charset(), m_fault)) return false;
+        if (m_version < "AC1015")
+            completeObject(tags, m_database.namedObjectsDictionaryId().handle().value());
         foreign.objects.push_back(std::move(tags));
     }
     forEachKeptHandle(m_core, [&](Adesk::UInt64 handle) {

@@ -128,6 +128,8 @@ private:
     Record m_part;
     PieceRecord m_piece;
     std::string m_version;
+    const char* m_countedTo = nullptr;
+    int m_linesCounted = 1;
     bool m_hasSeed = false;
     bool m_requiredMade = false;
     std::unordered_map<std::wstring, FileBlock> m_blocks;  ///< by name in lower case

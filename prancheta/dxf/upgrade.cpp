@@ -212,4 +212,18 @@ void completeTableRecord(RawTags& record, Adesk::UInt64 owner,
     record.insert(record.end(), rest.begin(), rest.end());
 }
 
+void completeObject(RawTags& record, Adesk::UInt64 root) {
+    std::size_t at = 1;
+    std::string owner;
+    bool inGroup = false;
+    for (std::size_t i = 1; i < record.size() && record[i].code != 100; ++i) {
+        if (record[i].code == 102) inGroup = record[i].value != "}";
+        if (record[i].code == 330 && !inGroup) return;
+        if (record[i].code == 330 && owner.empty()) owner = record[i].value;
+        if (record[i].code == 5 || record[i].code == 102) at = i + 1;
+    }
+    record.insert(record.begin() + static_cast<std::ptrdiff_t>(at),
+                  {330, owner.empty() ? hexText(root) : owner});
+}
+
 }  // namespace prancheta::dxf

@@ -54,7 +54,8 @@ public:
     AcEdCommand* lookupLocalCmd(const ACHAR* name) const override;
     AcEdCommandIterator* iterator() const override;
 
-    /// By local name, then by global name; a `_` asks for the global name only.
+    /// By local name, then by global name; a `_` asks for the global name only, a `.` for the
+    /// built-in command where there is one of that name.
     StackCommand* find(const TypedName& typed) const;
     /// Takes out what was registered with functions for which `belongs` holds.
     template <class Belongs>

@@ -35,8 +35,8 @@ for e in auditor.errors + auditor.fixes: print(e.code, e.message)
 print('erros', len(auditor.errors), 'reparos', len(auditor.fixes))
 space = doc.modelspace()
 for insert in space.query('INSERT'):
-    points = [p for e in insert.virtual_entities() if e.dxftype() == 'LWPOLYLINE' for p in e.get_points('xy')]
-    print('peca', ' '.join('%.3f,%.3f' % p for p in points))
+    points = [p for e in insert.virtual_entities() if e.dxftype() == 'LWPOLYLINE' for p in e.vertices_in_wcs()]
+    print('peca', ' '.join('%.3f,%.3f' % (p.x, p.y) for p in points))
 for d in space.query('DIMENSION'):
     print('cota', d.dxf.geometry, len(list(d.virtual_entities())), '%.3f' % d.dxf.actual_measurement)
 )";
@@ -75,6 +75,11 @@ TEST_F(Outside, NewDrawingHasNoFaultInAnyForm) {
     bar->angle = 1.5707963267948966;
     bar->length = 200;
     append(database, bar);
+    auto* mirrored = new Bar;
+    mirrored->start.set(1000, -500, 0);
+    mirrored->length = 200;
+    mirrored->mirrored = true;
+    append(database, mirrored);
     append(database, new AcDbAlignedDimension({0, 0, 0}, {30, 40, 0}, {0, 60, 0}));
     const dxf::SaveOptions forms[] = {{dxf::Version::R2000},
                                       {dxf::Version::R2018},
@@ -82,10 +87,12 @@ TEST_F(Outside, NewDrawingHasNoFaultInAnyForm) {
                                       {dxf::Version::R2018, dxf::Form::Binary}};
     for (const dxf::SaveOptions& options : forms) {
         const std::string found = audit(saved(database, options));
-        // The bar runs upwards from (1000, 500), 200 long, 100 to its left.
+        // One bar runs upwards from (1000, 500), 200 long, 100 to its left; the mirrored one to the
+        // right from (1000, -500), 100 to its right.
         EXPECT_EQ(found,
                   "erros 0 reparos 0\n"
                   "peca 1000.000,500.000 1000.000,700.000 900.000,700.000 900.000,500.000\n"
+                  "peca 1000.000,-500.000 1200.000,-500.000 1200.000,-600.000 1000.000,-600.000\n"
                   "cota *D1 9 50.000\n");
     }
 }

@@ -111,7 +111,13 @@ TEST(Upgrade, HandlesOfR14Stay) {
         "0 LINE|5 3F|100 AcDbEntity|8 0|100 AcDbLine|10 0|20 0|30 0|11 1|21 0|31 0|0 LWPOLYLINE|5 "
         "40|100 "
         "AcDbEntity|8 0|100 AcDbPolyline|90 2|70 0|43 0.0|10 0|20 0|10 1|20 1";
-    const Groups all = passed(fileWith(entities, "AC1014"));
+    const char* objects =
+        "0 SECTION|2 OBJECTS|0 DICTIONARY|5 C|100 AcDbDictionary|3 ACAD_GROUP|350 D|0 DICTIONARY|5 "
+        "D|102 "
+        "{ACAD_REACTORS|330 C|102 }|100 AcDbDictionary|0 ENDSEC";
+    const Groups all = passed(fileWith(entities, "AC1014", objects));
+    EXPECT_EQ(record(all, "DICTIONARY", 5, "D"),
+              groups("0 DICTIONARY|5 D|102 {ACAD_REACTORS|330 C|102 }|330 C|100 AcDbDictionary"));
     EXPECT_EQ(valueOf(record(all, "LINE"), 5), "3F");
     EXPECT_NE(valueOf(record(all, "LINE"), 330), "(sem o grupo)");
     EXPECT_EQ(valueOf(record(all, "LWPOLYLINE"), 5), "40");

@@ -96,10 +96,14 @@ TEST(CatalogueFiles, SeriesStandUnderTheirHeader) {
         const auto values = lines(kLists + name + ".lst");
         for (std::size_t i = 0; i < shown.size(); ++i) {
             const auto v = numbers(values[i], 5);
-            ASSERT_EQ(shown[i].size(), header.size()) << shown[i];
-            EXPECT_EQ(shown[i][10], ' ') << shown[i];
-            EXPECT_EQ(std::stod(shown[i].substr(header.find('H'))), v[0]) << shown[i];
-            EXPECT_NEAR(std::stod(shown[i].substr(15)), v[4], 1e-9) << shown[i];
+            ASSERT_EQ(shown[i].size(), header.size() + 1) << shown[i];
+            // A column starts at most one place beside its title, behind a blank.
+            const std::size_t height = header.find('H') + 1;
+            const std::size_t mass = header.find('K') - 1;
+            EXPECT_EQ(shown[i][height - 1], ' ') << shown[i];
+            EXPECT_EQ(shown[i][mass], ' ') << shown[i];
+            EXPECT_EQ(std::stod(shown[i].substr(height, mass - height)), v[0]) << shown[i];
+            EXPECT_NEAR(std::stod(shown[i].substr(mass)), v[4], 1e-9) << shown[i];
         }
     }
 }

@@ -77,7 +77,7 @@ TEST_F(RolledDialog, ASizeWithoutDataEndsTheDialog) {
     putList("DadosAcoMinas.lst", "150\t100\t5\t4\t13\n200\t110\t6\t4.5\t15\n\n");
     run({L"lista=3", L"lista=1"});
     EXPECT_EQ(host.eventsOf(L"texto"),
-              Texts{L"\nListas de favoritos inconsistentes. Contate o suporte.\n"});
+              Texts{L"Listas de favoritos inconsistentes. Contate o suporte.\n"});
     EXPECT_EQ(values(), (Texts{L"150", L"100", L"5", L"4"}));  // nothing after it was heard
     EXPECT_EQ(host.eventsOf(L"abre").size(), 1u);
 }

@@ -117,7 +117,7 @@ protected:
         if (r != nullptr) r->describe(e, texto);
         return texto.tudo;
     }
-    std::wstring relatorio(AcDbObjectId id) { return relatorio(*builtin::Read<AcDbEntity>(id)); }
+    std::wstring relatorio(AcDbObjectId id) { return relatorio(*Read<AcDbEntity>(id)); }
 
     /// One of every class, with values of its own kind.
     std::vector<std::unique_ptr<ZpObject>> deTodasAsClasses() {
@@ -298,7 +298,6 @@ TEST_F(Arquivo, DadosDaBarraAcompanhamAPeca) {
     EXPECT_STREQ(barra.dimensoes, L"200x75x3");
     EXPECT_EQ(barra.comprimento, 500.0);
     EXPECT_NEAR(barra.peso, 8.010230 * 0.5, 1e-6);
-    type({L"_line", L"0,0", L"1,1", L""});  // something of its own to undo before the change below
     muda(id, [](ZpObject& p) {
         p.settipoBarra(ZpObject::kViga);
         p.AlteraComprimento(800);

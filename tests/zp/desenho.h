@@ -2,29 +2,109 @@
 // A drawing with the companions loaded, and pieces in it.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cmath>
+#include <deque>
 #include <functional>
 #include <map>
 #include <numbers>
 
 #include "adslib.h"
+#include "dbdim.h"
+#include "dbents.h"
+#include "dbpl.h"
+#include "dbsymtb.h"
 #include "perfis/entities/zpentidades.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
-#include "tests/builtin/script_ui.h"
+#include "prancheta/entities/register.h"
 
 namespace zp_teste {
 
 inline constexpr double kPi = std::numbers::pi;
 
-class Desenho : public builtin::Builtin {
+using prancheta::RawInput;
+
+/// Answers from a list; keeps what was said and asked.
+class Digitador : public prancheta::UserInterface {
+public:
+    void print(std::wstring_view text) override { dito += text; }
+    void alert(std::wstring_view text) override { dito += text; }
+    void runDialog(prancheta::dcl::Dialog&) override { ADD_FAILURE() << "no dialog expected"; }
+    void complain(std::wstring_view text, prancheta::Complaint) override {
+        ADD_FAILURE() << testing::PrintToString(std::wstring(text));
+    }
+    RawInput ask(const prancheta::InputRequest& request) override {
+        perguntas.push_back(request.prompt);
+        if (respostas.empty()) return {};
+        RawInput resposta = std::move(respostas.front());
+        respostas.pop_front();
+        return resposta;
+    }
+
+    std::deque<RawInput> respostas;
+    std::wstring dito;
+    std::vector<std::wstring> perguntas;
+};
+
+/// The entity opened for reading; fails the test when it is of another class.
+template <class T>
+class Read : public AcDbObjectPointer<T> {
+public:
+    explicit Read(AcDbObjectId id) : AcDbObjectPointer<T>(id, AcDb::kForRead) {
+        EXPECT_EQ(this->openStatus(), Acad::eOk);
+    }
+};
+
+inline void expectPoint(const AcGePoint3d& p, double x, double y, double z = 0.0) {
+    EXPECT_NEAR(p.x, x, 1e-9);
+    EXPECT_NEAR(p.y, y, 1e-9);
+    EXPECT_NEAR(p.z, z, 1e-9);
+}
+
+class Desenho : public testing::Test {
 protected:
     Desenho() {
+        prancheta::registerEntityClasses();
+        editor = std::make_unique<prancheta::Editor>(ui, prancheta::builtInCommands());
         for (const char* nome : {"ZpObjects18.arx", "ZP__MaterialList18.arx", "trelica18.arx"}) {
             const auto carregado =
                 editor->modules().load(std::filesystem::path(HOUSE_BINARY_DIR) / "bin" / nome);
             EXPECT_TRUE(static_cast<bool>(carregado)) << nome;
         }
     }
+
+    /// Types one line after the other; "" is Enter.
+    void type(std::initializer_list<const wchar_t*> linhas) {
+        for (const wchar_t* linha : linhas) {
+            RawInput entrada;
+            entrada.kind = RawInput::Kind::Text;
+            entrada.text = linha;
+            ui.respostas.push_back(std::move(entrada));
+        }
+        while (!ui.respostas.empty()) editor->step();
+    }
+    void pick(double x, double y, std::vector<AcDbObjectId> quais = {}) {
+        RawInput entrada;
+        entrada.kind = RawInput::Kind::Pick;
+        entrada.point = AcGePoint3d(x, y, 0);
+        entrada.entities = std::move(quais);
+        ui.respostas.push_back(std::move(entrada));
+        editor->step();
+    }
+    std::vector<AcDbObjectId> entities() const { return editor->database().core().modelSpace(); }
+    bool said(std::wstring_view texto) const { return ui.dito.find(texto) != std::wstring::npos; }
+    bool asked(std::wstring_view texto) const {
+        for (const std::wstring& p : ui.perguntas)
+            if (p.find(texto) != std::wstring::npos) return true;
+        return false;
+    }
+
+    Digitador ui;
+    std::unique_ptr<prancheta::Editor> editor;
 
     AcDbObjectId poe(AcDbEntity* entidade) {
         AcDbObjectId id;
@@ -54,14 +134,14 @@ protected:
     }
     AcGePoint3d face(AcDbObjectId id, int qual) {
         AcGePoint3d f[4];
-        const builtin::Read<ZpObject> peca(id);
+        const Read<ZpObject> peca(id);
         peca->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
         return f[qual];
     }
     /// Measured points and line of a dimension.
     void esperaCota(AcDbObjectId id, double x1, double y1, double x2, double y2, double lx,
                     double ly) {
-        const builtin::Read<AcDbAlignedDimension> c(id);
+        const Read<AcDbAlignedDimension> c(id);
         if (c.object() == nullptr) return;
         esperaPonto(c->xLine1Point(), x1, y1);
         esperaPonto(c->xLine2Point(), x2, y2);

@@ -27,7 +27,7 @@ protected:
     }
     AcGePoint3d inicio(AcDbObjectId id) {
         AcGePoint3d p;
-        builtin::Read<ZpObject>(id)->StartPoint(p);
+        Read<ZpObject>(id)->StartPoint(p);
         return p;
     }
     void esperaTudoEm(double x, double y) {
@@ -110,7 +110,7 @@ TEST_F(Ligacoes, ComprimentoLevaAPonta) {
     muda(peca, [](ZpObject& p) { EXPECT_EQ(p.AlteraComprimento(250), Acad::eOk); });
     esperaPonto(inicio(meio), 200, 60);
     esperaPonto(inicio(ultima), 150, 60);
-    builtin::Read<ZpObject>(peca)->list();
+    Read<ZpObject>(peca)->list();
     EXPECT_TRUE(said(L"chapas fora da barra: 1"));
     muda(peca, [](ZpObject& p) { EXPECT_EQ(p.AlteraComprimento(500), Acad::eOk); });
     esperaTudoEm(0, 0);
@@ -138,7 +138,7 @@ TEST_F(Ligacoes, ApagadaSozinhaDesliga) {
     EXPECT_EQ(conta<ZpObject>(), 3u);
     comando(L"_move", {peca}, {L"0,0", L"10,0"});
     esperaCota(comprimento, 10, -100, 510, -100, 10, -110);
-    builtin::Read<ZpObject>(peca)->list();
+    Read<ZpObject>(peca)->list();
     EXPECT_FALSE(said(handle(meio) + L","));
     // Undo brings the link back with the plate.
     type({L"_u", L"_u"});

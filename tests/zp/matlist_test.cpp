@@ -98,21 +98,21 @@ TEST_F(ListaMaterial, ComVariasPergunta) {
     entra(1);
     type({L"LISTAMATERIAL", L"nova"});
     ASSERT_EQ(listas().size(), 2u);
-    builtin::RawInput resposta;
-    resposta.kind = builtin::RawInput::Kind::Text;
+    RawInput resposta;
+    resposta.kind = RawInput::Kind::Text;
     resposta.text = L"2";
-    ui.inputs.push_back(resposta);
+    ui.respostas.push_back(resposta);
     EXPECT_EQ(entra(1), 1);
     EXPECT_TRUE(asked(L"Lista de material <1>: "));
     EXPECT_EQ(linhas(1).size(), 1u);
     EXPECT_EQ(linhas(1)[0].marca, L"P1");  // each list counts by itself
     resposta.text.clear();
-    ui.inputs.push_back(resposta);
+    ui.respostas.push_back(resposta);
     EXPECT_EQ(entra(1), 1);
     EXPECT_TRUE(asked(L"Lista de material <2>: "));
     EXPECT_EQ(linhas(1).size(), 2u);
-    resposta.kind = builtin::RawInput::Kind::Cancel;
-    ui.inputs.push_back(resposta);
+    resposta.kind = RawInput::Kind::Cancel;
+    ui.respostas.push_back(resposta);
     EXPECT_EQ(entra(1), 0);
 }
 
@@ -142,10 +142,10 @@ TEST_F(ListaMaterial, SalvaEAbreComMarcas) {
     EXPECT_EQ(l[1].dimensoes, L"200x8");
     EXPECT_EQ(l[1].quantidade, 8);
     ASSERT_EQ(l[0].ids.size(), 1u);
-    const builtin::Read<ZpMarca> marca(l[0].ids[0]);
+    const Read<ZpMarca> marca(l[0].ids[0]);
     ASSERT_NE(marca.object(), nullptr);
     EXPECT_EQ(marca->marca(), L"P1");
-    builtin::expectPoint(marca->textoEm(), -10, 110);
+    expectPoint(marca->textoEm(), -10, 110);
     entra(1);
     EXPECT_EQ(linhas().back().marca, L"P3");
 }
@@ -214,7 +214,7 @@ TEST_F(ListaMaterial, MarcaSeMoveComOTextoDireito) {
     AcGeMatrix3d torta;
     torta.entry[0][1] = 0.5;
     EXPECT_EQ(marca->transformBy(torta), Acad::eCannotScaleNonUniformly);
-    builtin::expectPoint(static_cast<ZpMarca*>(marca)->textoEm(), 10, 110);
+    expectPoint(static_cast<ZpMarca*>(marca)->textoEm(), 10, 110);
     AcDbVoidPtrArray partes;
     EXPECT_EQ(marca->explode(partes), Acad::eOk);
     bool texto = false;

@@ -30,14 +30,14 @@ TEST_F(Peca, DoisPontosDaoComprimentoEAngulo) {
     const AcDbObjectId id =
         poe(new ZpUDobrado(AcGePoint3d(10, 10, 5), AcGePoint3d(10, -490, 5),
                            ZpObject::kVistaDireita, 200, 75, 75, 3, 3, 0.5 * kPi, 0.5 * kPi, 0, 0));
-    const builtin::Read<ZpObject> peca(id);
+    const Read<ZpObject> peca(id);
     double angulo = 0;
     peca->AngleVista(angulo);
     EXPECT_DOUBLE_EQ(angulo, 1.5 * kPi);
     EXPECT_DOUBLE_EQ(peca->getComprimentoReal(), 500.0);
     AcGePoint3d fim;
     peca->EndPoint(fim);
-    builtin::expectPoint(fim, 10, -490, 5);
+    expectPoint(fim, 10, -490, 5);
     // Turned by -90 degrees, the upper edge lies to the right.
     esperaPonto(face(id, 0), 110, 10);
     // A drag starts with both points alike.
@@ -77,7 +77,7 @@ TEST_F(Peca, ChapasEmSuasAtitudes) {
             poe(new ZpChapa(AcGePoint3d(7, 9, 0), l.vista, 50, 8, 120, l.rot1, l.rot2));
         esperaPonto(face(id, 1), 7 + l.x0, 9 + l.y0);
         esperaPonto(face(id, 2), 7 + l.x1, 9 + l.y1);
-        const builtin::Read<ZpChapa> chapa(id);
+        const Read<ZpChapa> chapa(id);
         EXPECT_NEAR(chapa->getPeso(), 50 * 8 * 120 * 7850e-9, 1e-12);
         EXPECT_NEAR(chapa->getAreaPintura(), 2 * (50 * 8 + 50 * 120 + 8 * 120) * 1e-6, 1e-12);
         EXPECT_EQ(chapa->getComprimentoReal(), 120.0);
@@ -105,7 +105,7 @@ TEST_F(Peca, MovimentosRigidosEEspelho) {
     muda(id, [&](ZpObject& p) { p.AngleVista(angulo); });
     EXPECT_DOUBLE_EQ(angulo, 0.5 * kPi);
     // The frame takes the piece's own coordinates to the world, mirror included.
-    const builtin::Read<ZpObject> peca(id);
+    const Read<ZpObject> peca(id);
     AcGeMatrix3d ecs;
     peca->getEcs(ecs);
     esperaPonto(ecs * AcGePoint3d(0, 25, 0), 25, 100);
@@ -204,7 +204,7 @@ TEST_F(Peca, CorteNaFaceDaOutra) {
 TEST_F(Peca, ExplodeDaLinhasComSeusTipos) {
     const AcDbObjectId id =
         u(0, 0, 500, ZpObject::kVistaSuperior);  // levels -50V 22H 25V, two ends, axis
-    const builtin::Read<ZpObject> peca(id);
+    const Read<ZpObject> peca(id);
     AcDbVoidPtrArray partes;
     ASSERT_EQ(peca->explode(partes), Acad::eOk);
     std::map<std::wstring, int> tipos;
@@ -233,7 +233,7 @@ TEST_F(Peca, SecaoExplodidaGuardaAArea) {
                 p.transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(1, 2, 0), AcGeVector3d::kYAxis));
             p.transformBy(AcGeMatrix3d::rotation(0.7, AcGeVector3d::kZAxis));
         });
-        const builtin::Read<ZpObject> peca(id);
+        const Read<ZpObject> peca(id);
         AcDbVoidPtrArray partes;
         ASSERT_EQ(peca->explode(partes), Acad::eOk);
         ASSERT_EQ(partes.length(), 1);
@@ -265,7 +265,7 @@ TEST_F(Peca, SecaoExplodidaGuardaAArea) {
 
 TEST_F(Peca, OsnapsDeLinhasArcosEOrigem) {
     const AcDbObjectId id = u(10, 20, 1000, ZpObject::kVistaSecao);
-    const builtin::Read<ZpObject> peca(id);
+    const Read<ZpObject> peca(id);
     const auto tem = [&](AcDb::OsnapMode modo, double x, double y) {
         AcGePoint3dArray pontos;
         AcDbIntArray ids;
@@ -283,14 +283,14 @@ TEST_F(Peca, OsnapsDeLinhasArcosEOrigem) {
 
 TEST_F(Peca, ListaDizOQueE) {
     const AcDbObjectId id = u(0, 0, 500, ZpObject::kVistaSuperior);
-    const builtin::Read<ZpObject> peca(id);
+    const Read<ZpObject> peca(id);
     peca->list();
     EXPECT_TRUE(said(L"U 200x75x3"));
     EXPECT_TRUE(said(L"vista superior"));
     EXPECT_TRUE(said(L"1020,41"));
     const AcDbObjectId torta = poe(new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaSecao, 40, 30, 30,
                                                   2, 2, 0, 0, 1000, 0, 0, 25));
-    builtin::Read<ZpObject>(torta)->list();
+    Read<ZpObject>(torta)->list();
     EXPECT_TRUE(said(L"seção inválida: desenhada pela caixa"));
 }
 
