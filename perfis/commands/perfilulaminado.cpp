@@ -14,7 +14,8 @@ std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& reque
     const Medidas& m = request.medidas;
     const double turn = request.view == ZpObject::kVistaInferior ? std::numbers::pi : 0.0;
     return std::make_unique<ZpULaminado>(point, request.view, m.h, m.b, m.t, m.b, m.t, m.t,
-                                         m.b / 3.0, m.t, 0.0, turn, request.length, rolledUArea(m), m.m);
+                                         m.b / 3.0, m.t, 0.0, turn, request.length, rolledUArea(m),
+                                         m.m);
 }
 
 std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,

@@ -10,23 +10,18 @@ namespace {
 
 /// The library's messages are English: each kind of error has a text of its own here.
 std::string usageError(const CLI::ParseError& error) {
-    const std::string name = error.get_name();
     const std::string detail = error.what();
-    const auto quoted = [&detail] {
-        const auto colon = detail.find(": ");
-        return colon == std::string::npos ? std::string() : " (" + detail.substr(colon + 2) + ")";
-    };
-    if (name == "ExtrasError") return "argumento desconhecido" + quoted();
-    if (name == "ArgumentMismatch")
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
+        return "argumento desconhecido (" + detail.substr(detail.find(": ") + 2) + ")";
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
         return "falta o valor da opção " + detail.substr(0, detail.find(':'));
-    return "opção inválida: " + detail;
+    return "opções que não combinam";
 }
 
 void translate(CLI::App& app) {
     const auto formatter = app.get_formatter();
     formatter->label("Usage", "Uso");
     formatter->label("OPTIONS", "opções");
-    formatter->label("Options", "Opções");
     formatter->label("Positionals", "Argumentos");
     formatter->label("POSITIONALS", "argumentos");
     formatter->label("TEXT", "TEXTO");
@@ -42,7 +37,8 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     CLI::App app("Prancheta sem janela: executa um roteiro de comandos num desenho.",
                  "prancheta-console");
     translate(app);
-    app.set_help_flag("-h,--ajuda", "mostra esta ajuda");
+    app.option_defaults()->group("Opções");
+    app.set_help_flag("-h,--ajuda", "mostra esta ajuda")->group("Opções");
     app.add_flag("-v,--versao", version, "mostra a versão");
     app.add_option("desenho", options.drawing, "desenho a abrir (DXF)")->type_name("ARQUIVO.dxf");
     app.add_option("-r,--roteiro", options.script, "roteiro; - lê a entrada padrão")

@@ -29,7 +29,7 @@ public:
     void print(std::wstring_view text) override { output += text; }
     void alert(std::wstring_view text) override { output += text; }
     void runDialog(prancheta::dcl::Dialog&) override { ADD_FAILURE() << "no dialog expected"; }
-    void complain(std::wstring_view text, Complaint) override { complaints.emplace_back(text); }
+    void complain(std::wstring_view text, prancheta::Complaint) override { complaints.emplace_back(text); }
     RawInput ask(const InputRequest& request) override {
         prompts.push_back(request.prompt);
         last = request;

@@ -18,6 +18,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
             break;
         case AcRx::kLoadDwgMsg:
             zp::vigia::observa(desenho);
+            zp::vigia::confere(desenho);
             break;
         case AcRx::kUnloadDwgMsg:
             zp::vigia::abandona(desenho);

@@ -225,7 +225,10 @@ void coloca(const ZpObject& peca, const std::function<void(AcDbObjectId)>& presa
         }
         Colocada como = Colocada::Ja;
         auto* objeto = ZpObject::cast(outra);
-        if (objeto != nullptr)
+        const std::vector<AcDbObjectId> donas = donasDe(*outra);
+        if (std::find(donas.begin(), donas.end(), peca.objectId()) == donas.end()) {
+            // A copy made by another program names what is tied to its original.
+        } else if (objeto != nullptr)
             como = colocaPeca(p, l, *objeto);
         else if (auto* cota = AcDbAlignedDimension::cast(outra))
             como = colocaCota(p, l, *cota);

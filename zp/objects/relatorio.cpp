@@ -85,9 +85,13 @@ void instala() {
         ZpObject::desc()->addX(protocolo, &g_pecas);
 }
 
+// The protocol's name lies in this module, so the class must not outlive it. Modules that attach
+// reports of their own are linked to this one and go first.
 void retira() {
     AcRxClass* protocolo = classeDoProtocolo();
-    if (protocolo != nullptr && ZpObject::desc() != nullptr) ZpObject::desc()->delX(protocolo);
+    if (protocolo == nullptr) return;
+    if (ZpObject::desc() != nullptr) ZpObject::desc()->delX(protocolo);
+    deleteAcRxClass(protocolo);
 }
 
 }  // namespace zp::relatorio

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // One rule at the end of each command: tied entities follow a piece that changed; a tied entity
 // that changed alone has its place learnt again; an erased piece takes its dimensions and plates
-// along; copies keep only links that are answered. Outside a command the rule runs after each
-// change.
+// along; copies, and what came from a file, keep only links that are answered. Outside a command
+// the rule runs after each change.
 #include "zp/objects/vigia.h"
 
 #include <algorithm>
@@ -14,6 +14,7 @@
 
 #include "aced.h"
 #include "dbdim.h"
+#include "dbsymtb.h"
 #include "zp/objects/ligacoes.h"
 
 namespace zp::vigia {
@@ -65,6 +66,8 @@ public:
     void goodbye(const AcDbDatabase*) override { m_desenho = nullptr; }
 
     void aplica(bool desmancha);
+    /// Other programs erase and copy without minding links.
+    void confereTudo();
 
 private:
     void confere(AcDbObjectId id, const Fila& novas);
@@ -141,6 +144,51 @@ void Desenho::aplica(bool desmancha) {
     for (const AcDbObjectId& id : apagadas.ordem()) leva(id, desmancha);
     segue();
     m_mudadas = std::exchange(m_presas, {});
+    m_aplicando = false;
+}
+
+/// Whether all links of the entity are known on their other side, as far as that can be read.
+bool respondida(const AcDbEntity& entidade) {
+    const auto nomeia = [](const auto& ids, AcDbObjectId id) {
+        return std::ranges::find(ids, id) != ids.end();
+    };
+    if (const auto* peca = ZpObject::cast(&entidade)) {
+        for (const Ligacao& l : Acesso::de(*peca).ligadas()) {
+            if (l.papel == Ligacao::Papel::Dona) continue;
+            const AcDbObjectPointer<AcDbEntity> outra(l.id, AcDb::kForRead);
+            if (outra.openStatus() == Acad::eWasOpenForWrite) continue;
+            if (outra.object() == nullptr || !nomeia(donasDe(*outra.object()), entidade.objectId()))
+                return false;
+        }
+    }
+    for (const AcDbObjectId& dona : donasDe(entidade)) {
+        const AcDbObjectPointer<ZpObject> peca(dona, AcDb::kForRead);
+        if (peca.openStatus() == Acad::eWasOpenForWrite) continue;
+        if (peca.object() == nullptr ||
+            Acesso::de(*peca.object()).ligacao(entidade.objectId()) == nullptr)
+            return false;
+    }
+    return true;
+}
+
+void Desenho::confereTudo() {
+    const AcDbObjectPointer<AcDbBlockTableRecord> espaco(m_desenho->currentSpaceId(),
+                                                         AcDb::kForRead);
+    AcDbBlockTableRecordIterator* iterador = nullptr;
+    if (espaco.object() == nullptr || espaco->newIterator(iterador) != Acad::eOk) return;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> dono(iterador);
+    m_aplicando = true;
+    for (; !iterador->done(); iterador->step()) {
+        AcDbObjectId id;
+        if (iterador->getEntityId(id) != Acad::eOk) continue;
+        bool solta = false;
+        {
+            const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
+            solta = entidade.object() != nullptr && interessa(entidade.object()) &&
+                    !respondida(*entidade.object());
+        }
+        if (solta) confere(id, {});
+    }
     m_aplicando = false;
 }
 
@@ -272,6 +320,11 @@ void observa(AcDbDatabase* desenho) {
     for (const auto& d : g_estado.desenhos)
         if (d->desenho() == desenho) return;
     g_estado.desenhos.push_back(std::make_unique<Desenho>(desenho));
+}
+
+void confere(AcDbDatabase* desenho) {
+    for (const auto& d : g_estado.desenhos)
+        if (desenho != nullptr && d->desenho() == desenho) d->confereTudo();
 }
 
 void abandona(AcDbDatabase* desenho) {

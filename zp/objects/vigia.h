@@ -15,4 +15,7 @@ void encerra();
 void observa(AcDbDatabase* desenho);
 void abandona(AcDbDatabase* desenho);
 
+/// Drops, in a watched drawing, the links that their other side does not know.
+void confere(AcDbDatabase* desenho);
+
 }  // namespace zp::vigia

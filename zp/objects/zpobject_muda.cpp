@@ -5,6 +5,7 @@
 
 #include "perfis/entities/zpobject.h"
 #include "zp/objects/peca.h"
+#include "zp/objects/vigia.h"
 
 using zp::Peca;
 
@@ -114,6 +115,8 @@ Acad::ErrorStatus corta(ZpObject& peca, const AcDbObjectId& outra, Face face,
 Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
     const Semelhanca s = semelhanca(m);
     if (s.escala == 0.0) return Acad::eCannotScaleNonUniformly;
+    // A file in which another program moved the piece is not announced yet.
+    zp::vigia::observa(database());
     assertWriteEnabled();
     Peca& p = *m_peca;
     p.inicio.transformBy(m);
