@@ -122,7 +122,11 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
 }
 
 void Editor::tellOpened() {
+    // What modules put right in a drawing that was read is no step of the user's.
+    UndoLog& undo = m_database->core().undo();
+    undo.setRecording(false);
     m_modules->broadcast(AcRx::kLoadDwgMsg);
+    undo.setRecording(true);
     for (AcApDocManagerReactor* reactor : std::vector(m_documentReactors))
         reactor->documentCreated(m_document.get());
 }

@@ -115,6 +115,12 @@ Colocada colocaPeca(const Peca& p, const Ligacao& l, ZpObject& objeto) {
     return Colocada::Mudou;
 }
 
+Colocada colocaEntidade(const Peca& p, const Ligacao& l, AcDbEntity& entidade) {
+    if (auto* objeto = ZpObject::cast(&entidade)) return colocaPeca(p, l, *objeto);
+    auto* cota = AcDbAlignedDimension::cast(&entidade);
+    return cota != nullptr ? colocaCota(p, l, *cota) : Colocada::Ja;
+}
+
 AcDbObjectId idDoTexto(AcDbDatabase* desenho, const ACHAR* texto) {
     AcDbObjectId id;
     if (desenho != nullptr && texto != nullptr)
@@ -223,16 +229,12 @@ void coloca(const ZpObject& peca, const std::function<void(AcDbObjectId)>& presa
             if (es == Acad::eWasOpenForWrite || es == Acad::eAtMaxReaders) presa(peca.objectId());
             continue;
         }
-        Colocada como = Colocada::Ja;
-        auto* objeto = ZpObject::cast(outra);
+        // A copy that another program made names what is tied to its original.
         const std::vector<AcDbObjectId> donas = donasDe(*outra);
-        if (std::find(donas.begin(), donas.end(), peca.objectId()) == donas.end()) {
-            // A copy made by another program names what is tied to its original.
-        } else if (objeto != nullptr)
-            como = colocaPeca(p, l, *objeto);
-        else if (auto* cota = AcDbAlignedDimension::cast(outra))
-            como = colocaCota(p, l, *cota);
+        const bool sua = std::find(donas.begin(), donas.end(), peca.objectId()) != donas.end();
+        const Colocada como = sua ? colocaEntidade(p, l, *outra) : Colocada::Ja;
         if (como == Colocada::Presa) presa(peca.objectId());
+        const auto* objeto = ZpObject::cast(outra);
         if (objeto != nullptr && como == Colocada::Mudou) coloca(*objeto, presa, fundo + 1);
         (void)outra->close();
     }
