@@ -35,7 +35,10 @@ instalar() {
 preparar() {
     instalar "${pacotes_essenciais[@]}"
     instalar "${pacotes_uteis[@]}" || echo "Aviso: sem ${pacotes_uteis[*]}; a compilação segue sem eles." >&2
-    cmake --preset ci -S "$raiz" >"$raiz/.configurar.log" 2>&1 || {
+    # A warning of another compiler must not keep a user from building; in CI it must.
+    local preset=release
+    [ "${CI:-}" = true ] && preset=ci
+    cmake --preset "$preset" -S "$raiz" >"$raiz/.configurar.log" 2>&1 || {
         cat "$raiz/.configurar.log" >&2
         rm -f "$raiz/.configurar.log"
         return 1

@@ -2,6 +2,8 @@
 // Tiles of the host's dialogs, a step more comfortable than its own functions.
 #include "perfis/dialogs/tiles.h"
 
+#include <cmath>
+
 #include "perfis/dialogs/installation.h"
 #include "perfis/frame/encoding.h"
 #include "perfis/frame/portability.h"
@@ -40,7 +42,12 @@ std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int length) {
     return text;
 }
 
-double tileReal(ads_hdlg dialog, const wchar_t* key) { return textToReal(tileText(dialog, key)); }
+double typedReal(std::wstring_view text) {
+    const double value = textToReal(text);
+    return std::isfinite(value) ? value : 0.0;
+}
+
+double tileReal(ads_hdlg dialog, const wchar_t* key) { return typedReal(tileText(dialog, key)); }
 
 void setTile(ads_hdlg dialog, const wchar_t* key, const std::wstring& text) {
     (void)ads_set_tile(dialog, key, text.c_str());

@@ -16,7 +16,9 @@ inline constexpr int kTileText = 79;
 
 /// Text of a tile, at most `length` characters; empty for a tile that the dialog does not have.
 std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int length = kTileText);
-/// Leading number of a tile's text.
+/// Leading number of a user's text; 0 when it is too large for a real.
+double typedReal(std::wstring_view text);
+/// The same of a tile's text.
 double tileReal(ads_hdlg dialog, const wchar_t* key);
 
 void setTile(ads_hdlg dialog, const wchar_t* key, const std::wstring& text);

@@ -136,7 +136,7 @@ void ViewsDialog::closed(int status) {
 void ViewsDialog::readLength(const std::wstring& text) {
     if (!m_lengthEdited && text == m_shownLength) return;
     m_lengthEdited = true;
-    m_working.length = textToReal(text);
+    m_working.length = typedReal(text);
 }
 
 void ViewsDialog::onFigure(const ads_callback_packet& packet) {
