@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What this program does not understand comes back as it was.
+#include "dbdim.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "support.h"
@@ -90,6 +91,18 @@ TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {
     EXPECT_EQ(valueOf(record(all, "CIRCLE"), 40), "9.5");
     EXPECT_EQ(valueOf(record(all, "BLOCK", 2, "*D7"), 5), "D1");
     EXPECT_FALSE(record(all, "BLOCK", 2, "*U3").empty()) << "nothing here made it, so it stays";
+}
+
+TEST(Foreign, AlignedDimensionOfAnotherWriterIsAlive) {
+    // Others write a version of the class and the angle that only a rotated dimension has.
+    const auto database = loadText(fileWith(
+        "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|280 0|2 *D7|3 Standard|10 "
+        "4|20 5|30 0|11 2|21 5|31 0|70 33|71 5|42 4.0|100 AcDbAlignedDimension|13 0|23 0|33 0|14 "
+        "4|24 0|34 0|50 0.0"));
+    ASSERT_NE(database, nullptr);
+    const auto* dimension = AcDbAlignedDimension::cast(modelSpace(*database).at(0));
+    ASSERT_NE(dimension, nullptr);
+    EXPECT_EQ(dimension->measurement(), 4.0);
 }
 
 TEST(Foreign, TablesClassesObjectsAndSectionsStay) {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Pieces in files: both filers, versions, damage; what other modules read of a piece.
+#include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
 #include "prancheta/database/memory_filer.h"
 #include "protocol/report.h"
 #include "rxdict.h"
@@ -259,6 +261,64 @@ TEST_F(Arquivo, DesenhoSalvoEAberto) {
     type({L"", L"0,0", L"10,0"});
     const double c = std::sqrt(0.5);
     esperaCota(todas[1], 200 * c + 10, 0, 700 * c + 10, 500 * c, 210 * c + 10, -10 * c);
+}
+
+/// Record of the entity with this handle, from its "0" to the next one's.
+std::pair<std::size_t, std::size_t> registro(const std::string& texto, const std::string& handle) {
+    const std::size_t de = texto.rfind("\n0\n", texto.find("\n5\n" + handle + "\n")) + 1;
+    return {de, texto.find("\n0\n", de) + 1};
+}
+
+std::string troca(std::string texto, const std::string& que, const std::string& por) {
+    const std::size_t onde = texto.find(que);
+    EXPECT_NE(onde, std::string::npos) << que;
+    return onde == std::string::npos ? texto : texto.replace(onde, que.size(), por);
+}
+
+TEST_F(Arquivo, OutroProgramaMoveCopiaEApaga) {
+    const std::filesystem::path arquivo =
+        std::filesystem::temp_directory_path() / "zp_visita_test.dxf";
+    const AcDbObjectId peca = u(100, 0, 500);
+    const AcDbObjectId fica = cota(100, -100, 600, -100, 100, -110);
+    const AcDbObjectId some = cota(100, 100, 100, -100, 90, 100);
+    muda(peca, [&](ZpObject& p) {
+        p.LinkDim(fica);
+        p.LinkDim(some);
+    });
+    const auto handle = [](AcDbObjectId id) {
+        ACHAR texto[17];
+        id.handle().getIntoAsciiBuffer(texto);
+        return prancheta::toUtf8(texto);
+    };
+    const std::string daPeca = handle(peca);
+    const std::string daQueSome = handle(some);
+    ASSERT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
+    std::string texto = *prancheta::readFile(arquivo);
+    // The second dimension goes, the piece moves up by 50 and has a copy further up.
+    const auto [de, ate] = registro(texto, daQueSome);
+    texto.erase(de, ate - de);
+    const auto [inicio, fim] = registro(texto, daPeca);
+    const std::string original = texto.substr(inicio, fim - inicio);
+    const std::string movida = troca(original, "\n20\n0.0\n", "\n20\n50.0\n");
+    const std::string copia =
+        troca(troca(original, "\n20\n0.0\n", "\n20\n900.0\n"), "\n5\n" + daPeca, "\n5\nFF0");
+    texto.replace(inicio, fim - inicio, movida + copia);
+    prancheta::AtomicFile saida(arquivo);
+    ASSERT_TRUE(static_cast<bool>(saida.open()));
+    saida.write(texto);
+    ASSERT_TRUE(static_cast<bool>(saida.commit()));
+    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    std::filesystem::remove(arquivo);
+    const std::vector<AcDbObjectId> todas = entities();
+    ASSERT_EQ(todas.size(), 3u);
+    expectPoint(face(todas[0], 1), 100, -50);
+    expectPoint(face(todas[1], 1), 100, 800);
+    esperaCota(todas[2], 100, -50, 600, -50, 100, -60);
+    EXPECT_NE(relatorio(todas[0]).find(L"cotas=[ " + prancheta::toWide(handle(todas[2])) + L" ]"),
+              std::wstring::npos)
+        << testing::PrintToString(relatorio(todas[0]));
+    EXPECT_NE(relatorio(todas[1]).find(L"cotas=[ ]"), std::wstring::npos);
+    EXPECT_FALSE(editor->database().core().undo().canUndo()) << "opening is no step";
 }
 
 TEST_F(Arquivo, RelatorioTemTudoNaOrdem) {
