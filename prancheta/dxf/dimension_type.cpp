@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "prancheta/base/text.h"
+#include "prancheta/dxf/piece_record.h"
 #include "prancheta/entities/dimension_layout.h"
 
 namespace prancheta::dxf {
@@ -182,6 +183,26 @@ void putDimscale(RawTags& xdata, double scale) {
     }
     xdata.push_back({1001, "ACAD"});
     xdata.insert(xdata.end(), std::begin(group), std::end(group));
+}
+
+void takeThroughPoint(RawTags& xdata, AcDbAlignedDimension& dimension) {
+    constexpr std::size_t kGroups = 4;  // 1001 and the three coordinates
+    constexpr double kOnLine = 1e-7;
+    const auto first = std::find_if(xdata.begin(), xdata.end(), [](const RawTag& tag) {
+        return tag.code == 1001 && tag.value == kPieceApplication;
+    });
+    if (xdata.end() - first < at(kGroups) || first[1].code != 1011) return;
+    AcGePoint3d through;
+    const bool read = parseReal(first[1].value, through.x) &&
+                      parseReal(first[2].value, through.y) && parseReal(first[3].value, through.z);
+    xdata.erase(first, first + at(kGroups));
+    if (!read) return;
+    const AcGePoint3d filed = dimension.dimLinePoint();
+    (void)dimension.setDimLinePoint(through);
+    const double size = std::max({1.0, std::abs(through.x), std::abs(through.y)});
+    // Another program may have moved the line and left our point behind.
+    if (definitionPoint10(dimension).distanceTo(filed) > kOnLine * size)
+        (void)dimension.setDimLinePoint(filed);
 }
 
 }  // namespace prancheta::dxf

@@ -23,4 +23,9 @@ std::unique_ptr<AcDbAlignedDimension> asFiled(const AcDbAlignedDimension& dimens
 double takeDimscale(RawTags& xdata);
 void putDimscale(RawTags& xdata, double scale);
 
+/// The through point as it was given stands in our own extended data, because the dimension's own
+/// group only has the point at the second extension line: takes it out of the groups and puts it in
+/// force when it still lies on the dimension line.
+void takeThroughPoint(RawTags& xdata, AcDbAlignedDimension& dimension);
+
 }  // namespace prancheta::dxf

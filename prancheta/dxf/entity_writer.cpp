@@ -4,6 +4,7 @@
 
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/piece_record.h"
 #include "prancheta/entities/foreign_entity.h"
 
 namespace prancheta::dxf {
@@ -125,11 +126,19 @@ void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& 
     head(type.name, original, place);
     writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
     const double scale = static_cast<const AcDbDimension&>(asFiled).ownDimscale();
-    if (scale == 0.0) return xdata(original);
-    const ObjectExtra* const extra = ObjectAccess::extra(original);
-    RawTags data = extra != nullptr ? extra->xdata : RawTags();
-    putDimscale(data, scale);
-    m_out.raw(data);
+    if (scale == 0.0) {
+        xdata(original);
+    } else {
+        const ObjectExtra* const extra = ObjectAccess::extra(original);
+        RawTags data = extra != nullptr ? extra->xdata : RawTags();
+        putDimscale(data, scale);
+        m_out.raw(data);
+    }
+    const AcGePoint3d through = static_cast<const AcDbAlignedDimension&>(original).dimLinePoint();
+    const AcGePoint3d filed = static_cast<const AcDbAlignedDimension&>(asFiled).dimLinePoint();
+    if (through.x == filed.x && through.y == filed.y && through.z == filed.z) return;
+    m_out.text(1001, kPieceApplication);
+    m_out.point(1011, through);
 }
 
 }  // namespace prancheta::dxf

@@ -58,7 +58,10 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
         // The picture is drawn anew; its block is read only when something else uses it.
         if (!m_values.texts[1].empty()) block(m_values.texts[1]).ofPicture = true;
         if (ObjectAccess::extra(*dimension) != nullptr) {
-            (void)dimension->setDimscale(takeDimscale(ObjectAccess::makeExtra(*dimension).xdata));
+            RawTags& xdata = ObjectAccess::makeExtra(*dimension).xdata;
+            (void)dimension->setDimscale(takeDimscale(xdata));
+            if (auto* const aligned = AcDbAlignedDimension::cast(dimension))
+                takeThroughPoint(xdata, *aligned);
             ObjectAccess::dropEmptyExtra(*dimension);
         }
     }

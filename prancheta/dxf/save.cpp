@@ -173,7 +173,7 @@ void Saver::planApplications() {
             m_applications.emplace_back(name, m_handles.next());
     };
     need(L"ACAD");
-    if (!m_pieces.uses().empty()) need(toWide(kPieceApplication));
+    if (!m_pieces.uses().empty() || !m_dimensions.empty()) need(toWide(kPieceApplication));
     const StubPool& stubs = ObjectAccess::stubs(m_core);
     for (std::size_t i = 0; i < stubs.size(); ++i) {
         if (stubs[i].object == nullptr || stubs[i].erased) continue;

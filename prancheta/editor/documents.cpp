@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "dbdim.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/editor.h"
@@ -115,7 +116,11 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     DatabaseCore& core = m_database->core();
     if (former) keepSession(former->core().variables(), core.variables());
-    core.onEntityAppended = recordAppended;
+    core.onEntityAppended = [&core](const AcDbEntity& entity) {
+        // The layer of definition points comes with the first dimension.
+        if (entity.isKindOf(AcDbDimension::desc())) (void)core.ensureLayer(L"Defpoints");
+        recordAppended(entity);
+    };
     core.onEntityErased = recordErased;
     m_savedRevision = core.undo().revision();
     nameDrawing(core.variables(), m_fileName);

@@ -315,3 +315,24 @@ TEST(Drawing, FailedSaveLeavesTheOldFile) {
     ASSERT_FALSE(missing.ok());
     EXPECT_FALSE(missing.error().text.empty());
 }
+
+TEST(RoundTrip, ThePointThatADimensionLineWasGivenComesBackUnlessTheLineWasMoved) {
+    AcDbDatabase database;
+    append(database, new AcDbAlignedDimension({0, 0, 0}, {30, 0, 0}, {5, 12, 0}));
+    const std::string text = saved(database);
+    const auto through = [](const std::string& file) {
+        const auto back = loadText(file);
+        return AcDbAlignedDimension::cast(modelSpace(*back).at(0))->dimLinePoint();
+    };
+    EXPECT_EQ(through(text), AcGePoint3d(5, 12, 0));
+    EXPECT_EQ(saved(*loadText(text)), text);
+
+    // Another program drags the line to y = 20: group 10, the point at the second extension line.
+    Groups moved = groupsOf(text);
+    const auto dimension = std::find(moved.begin(), moved.end(), Group{0, "DIMENSION"});
+    const auto definition =
+        std::find_if(dimension, moved.end(), [](const Group& g) { return g.code == 20; });
+    ASSERT_NE(definition, moved.end());
+    definition->value = "20.0";
+    EXPECT_EQ(through(fileText(moved)), AcGePoint3d(30, 20, 0));
+}

@@ -321,6 +321,90 @@ TEST_F(Arquivo, OutroProgramaMoveCopiaEApaga) {
     EXPECT_FALSE(editor->database().core().undo().canUndo()) << "opening is no step";
 }
 
+class Visitado : public Arquivo {
+protected:
+    Visitado() {
+        peca = u(100, 0, 500);
+        medida = cota(100, -100, 600, -100, 100, -110);
+        placa = chapa(500, 60, 100, 120);
+        muda(peca, [&](ZpObject& p) {
+            p.LinkDim(medida);
+            p.LinkPos(placa);
+        });
+        arquivo = std::filesystem::temp_directory_path() / "zp_visitado_test.dxf";
+    }
+    ~Visitado() override { std::filesystem::remove(arquivo); }
+    std::string salva() {
+        EXPECT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
+        return *prancheta::readFile(arquivo);
+    }
+    void grava(const std::string& texto) {
+        prancheta::AtomicFile saida(arquivo);
+        ASSERT_TRUE(static_cast<bool>(saida.open()));
+        saida.write(texto);
+        ASSERT_TRUE(static_cast<bool>(saida.commit()));
+    }
+    static std::string handle(AcDbObjectId id) {
+        ACHAR texto[17];
+        id.handle().getIntoAsciiBuffer(texto);
+        return prancheta::toUtf8(texto);
+    }
+    /// The same text with the INSERT of the piece somewhere else.
+    static std::string movida(std::string texto, const std::string& qual, const char* de,
+                              const char* para) {
+        const auto [inicio, fim] = registro(texto, qual);
+        return texto.replace(inicio, fim - inicio,
+                             troca(texto.substr(inicio, fim - inicio), de, para));
+    }
+    AcGePoint3d inicio(AcDbObjectId id) {
+        AcGePoint3d p;
+        Read<ZpObject>(id)->StartPoint(p);
+        return p;
+    }
+    AcDbObjectId peca, medida, placa;
+    std::filesystem::path arquivo;
+};
+
+TEST_F(Visitado, PecaMovidaLevaOQueELigado) {
+    const std::string daPeca = handle(peca);
+    grava(movida(salva(), daPeca, "\n20\n0.0\n", "\n20\n50.0\n"));
+    // Inside a command, as users open drawings.
+    type({L"_open", arquivo.wstring().c_str()});
+    const std::vector<AcDbObjectId> todas = entities();
+    ASSERT_EQ(todas.size(), 3u);
+    esperaPonto(inicio(todas[0]), 100, 50);
+    esperaCota(todas[1], 100, -50, 600, -50, 100, -60);
+    esperaPonto(inicio(todas[2]), 500, 110);
+    EXPECT_FALSE(editor->database().core().undo().canUndo()) << "opening is no step";
+}
+
+TEST_F(Visitado, MovidaComAChapaNaoEMovidaDuasVezes) {
+    const std::string daPeca = handle(peca);
+    const std::string daPlaca = handle(placa);
+    const std::string texto = movida(salva(), daPeca, "\n20\n0.0\n", "\n20\n50.0\n");
+    grava(movida(texto, daPlaca, "\n20\n60.0\n", "\n20\n110.0\n"));
+    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_EQ(entities().size(), 3u);
+    esperaPonto(inicio(entities()[2]), 500, 110);
+    // A plate that was moved alone stays where it was put, and goes on from there.
+    grava(movida(salva(), daPlaca, "\n10\n500.0\n", "\n10\n400.0\n"));
+    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    esperaPonto(inicio(entities()[2]), 400, 110);
+    type({L"_move"});
+    pick(0, 0, {entities()[0]});
+    type({L"", L"0,0", L"0,7"});
+    esperaPonto(inicio(entities()[2]), 400, 117);
+}
+
+TEST_F(Visitado, QuemNaoFoiMovidoFicaIgual) {
+    muda(peca, [](ZpObject& p) {
+        p.transformBy(AcGeMatrix3d::rotation(0.3, AcGeVector3d::kZAxis, AcGePoint3d(7, 1, 0)));
+    });
+    const std::string antes = salva();
+    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    EXPECT_TRUE(salva() == antes);
+}
+
 TEST_F(Arquivo, RelatorioTemTudoNaOrdem) {
     const AcDbObjectId id = poe(new ZpISoldado(AcGePoint3d(1, 2, 0), ZpObject::kVistaDireita, 300,
                                                300, 300, 8, 9.5, 1000, 0, 0, 62.4));

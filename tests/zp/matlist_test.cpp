@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Material list: rows, marks, undo, file, table.
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
 
 #include "protocol/report.h"
@@ -169,6 +171,144 @@ TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
     std::filesystem::remove(arquivo);
     type({L"LISTAMATERIAL", L"csv", L"/nao/existe/lista.csv"});
     EXPECT_TRUE(said(L"Não foi possível gravar"));
+}
+
+/// A part of a workbook, as the language's own archive reader gives it.
+std::string parteDe(const std::filesystem::path& livro, const std::string& parte) {
+    const std::string comando =
+        "python3 -c \"import sys,zipfile;sys.stdout.buffer.write(zipfile.ZipFile(sys.argv[1])"
+        ".read(sys.argv[2]))\" '" +
+        livro.string() + "' " + parte;
+    std::string bytes;
+    FILE* cano = popen(comando.c_str(), "r");
+    if (cano == nullptr) return bytes;
+    for (int c = std::fgetc(cano); c != EOF; c = std::fgetc(cano)) bytes += static_cast<char>(c);
+    pclose(cano);
+    return bytes;
+}
+
+TEST_F(ListaMaterial, XlsxComNumerosETotais) {
+    if (std::system("python3 -c 'import zipfile'") != 0) GTEST_SKIP() << "no python3";
+    const std::filesystem::path arquivo = std::filesystem::temp_directory_path() / "zp_lista.xlsx";
+    std::filesystem::remove(arquivo);
+    entra(2, 4);
+    entra(1);
+    type({L"_erase"});
+    pick(0, 0, {linhas()[2].ids[0]});
+    type({L"", L"LISTAMATERIAL", L"xlsx",
+          std::filesystem::path(arquivo).replace_extension().wstring().c_str()});
+    EXPECT_TRUE(said(L"Lista gravada em"));
+    EXPECT_TRUE(said(L"fora dos totais: 1"));
+    const std::string folha = parteDe(arquivo, "xl/worksheets/sheet1.xml");
+    const std::string textos = parteDe(arquivo, "xl/sharedStrings.xml");
+    // The value of a number cell; text cells have a type.
+    const auto valor = [&](const std::string& celula) {
+        const std::size_t de = folha.find("<c r=\"" + celula + "\"");
+        const std::size_t v = folha.find("<v>", de);
+        if (de == std::string::npos ||
+            folha.substr(de, v - de).find("t=\"s\"") != std::string::npos)
+            return std::nan("");
+        return std::stod(folha.substr(v + 3));
+    };
+    EXPECT_DOUBLE_EQ(valor("B2"), 2);
+    EXPECT_DOUBLE_EQ(valor("F2"), 500);
+    EXPECT_DOUBLE_EQ(valor("H2"), 8);
+    EXPECT_NEAR(valor("I3"), 0.4, 1e-12);
+    EXPECT_TRUE(std::isnan(valor("A2")));
+    EXPECT_DOUBLE_EQ(valor("H5"), 20);  // 8 + 12; the erased row stays out
+    EXPECT_NEAR(valor("I5"), 0.68 + 0.4, 1e-12);
+    for (const char* texto : {"DESCRIÇÃO", "Travejamento", "apagada", "TOTAL"})
+        EXPECT_NE(textos.find(texto), std::string::npos) << texto;
+    EXPECT_NE(folha.find("<cols>"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(arquivo.string() + ".tmp"));
+    std::filesystem::remove(arquivo);
+    type({L"LISTAMATERIAL", L"xlsx", L"/nao/existe/lista.xlsx"});
+    EXPECT_TRUE(said(L"Não foi possível gravar /nao/existe/lista.xlsx"));
+    // A folder of that name cannot be replaced; nothing is left beside it.
+    std::filesystem::create_directory(arquivo);
+    EXPECT_FALSE(zp::lista::gravaXlsx(arquivo.wstring(), linhas()));
+    EXPECT_FALSE(std::filesystem::exists(arquivo.string() + ".tmp"));
+    std::filesystem::remove(arquivo);
+}
+
+TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
+    const AcDbObjectId peca = u(0, 0, 500);  // its first corner is where the mark points
+    u(0, 300, 500);
+    entra(3);
+    const AcDbObjectId marca = linhas()[0].ids[0];
+    EXPECT_EQ(Read<ZpMarca>(marca)->peca(), peca);
+    const auto apaga = [&](std::initializer_list<AcDbObjectId> quais) {
+        type({L"_erase"});
+        pick(0, 0, quais);
+        type({L""});
+    };
+    apaga({peca});
+    EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"peça apagada");
+    EXPECT_EQ(linhas()[0].observacao, L"");
+    EXPECT_EQ(zp::lista::totaisDe(linhas()).peso, 0.0);
+    type({L"_u"});
+    EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"");
+    EXPECT_DOUBLE_EQ(zp::lista::totaisDe(linhas()).peso, 12);
+    // Copied together, the copy of the mark stands for the copy of the piece.
+    type({L"_copy"});
+    pick(0, 0, {peca, marca});
+    type({L"", L"0,0", L"0,1000", L""});
+    const Read<ZpMarca> copia(entities().back());
+    EXPECT_EQ(copia->peca(), entities()[entities().size() - 2]);
+}
+
+TEST_F(ListaMaterial, PecaApagadaNaoSeEsqueceAoSalvar) {
+    const std::filesystem::path arquivo =
+        std::filesystem::temp_directory_path() / "zp_peca_apagada_test.dxf";
+    const auto reabre = [&] {
+        EXPECT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
+        EXPECT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+        std::filesystem::remove(arquivo);
+    };
+    u(0, 0, 500);
+    entra(1);
+    reabre();
+    ASSERT_EQ(linhas().size(), 1u);
+    EXPECT_EQ(Read<ZpMarca>(linhas()[0].ids[0])->peca(), entities()[0]);
+    EXPECT_EQ(zp::lista::estadoDe(linhas()[0]), zp::lista::Estado::Viva);
+    type({L"_erase"});
+    pick(0, 0, {entities()[0]});
+    type({L""});
+    for (int vez = 0; vez < 2; ++vez) {
+        reabre();
+        ASSERT_EQ(linhas().size(), 1u);
+        EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"peça apagada");
+    }
+}
+
+TEST_F(ListaMaterial, LimparRetiraSoAsApagadas) {
+    const AcDbObjectId peca = u(0, 0, 500);
+    entra(1);
+    const AcDbObjectId outra = u(0, 0, 700);  // newer on the same corner: the next mark is its own
+    entra(1);
+    const AcDbObjectId terceira = u(0, 0, 900);
+    entra(1);
+    EXPECT_EQ(Read<ZpMarca>(linhas()[1].ids[0])->peca(), outra);
+    type({L"LISTAMATERIAL", L"limpar"});
+    EXPECT_TRUE(said(L"Nenhuma linha"));
+    type({L"_erase"});
+    pick(0, 0, {peca, terceira});
+    type({L"", L"LISTAMATERIAL", L"limpar", L"n"});
+    EXPECT_EQ(linhas().size(), 3u);
+    EXPECT_TRUE(said(L"P1: U 200x75x3, peça apagada"));
+    type({L"LISTAMATERIAL", L"limpar", L""});
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P2"}));
+    EXPECT_EQ(conta<ZpMarca>(), 1u);
+    auto& undo = editor->database().core().undo();
+    undo.begin(L"TESTE");
+    entra(1);  // the mark that became free
+    undo.end();
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P2", L"P1"}));
+    type({L"_u", L"_u"});
+    EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2", L"P3"}));
+    EXPECT_EQ(conta<ZpMarca>(), 3u);
+    entra(1);
+    EXPECT_EQ(linhas().back().marca, L"P4");
 }
 
 TEST_F(ListaMaterial, TabelaSeAtualizaNoLugar) {
