@@ -5,7 +5,7 @@ raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 # Debian packages needed to build; the last ones only make it faster or are asked of by tests that check
 # the saved drawings with another program.
-pacotes_essenciais=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev libgtest-dev)
+pacotes_essenciais=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev libgtest-dev libxlsxwriter-dev)
 pacotes_uteis=(ccache python3-ezdxf)
 
 faltando() {

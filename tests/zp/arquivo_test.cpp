@@ -265,8 +265,13 @@ TEST_F(Arquivo, DesenhoSalvoEAberto) {
 
 /// Record of the entity with this handle, from its "0" to the next one's.
 std::pair<std::size_t, std::size_t> registro(const std::string& texto, const std::string& handle) {
-    const std::size_t de = texto.rfind("\n0\n", texto.find("\n5\n" + handle + "\n")) + 1;
-    return {de, texto.find("\n0\n", de) + 1};
+    const std::size_t de = texto.rfind("\n0\n", texto.find("\n5\n" + handle + "\n330\n")) + 1;
+    // Two lines at a time: a layer may be called 0 too.
+    std::size_t ate = de;
+    do {
+        for (int linha = 0; linha < 2; ++linha) ate = texto.find('\n', ate) + 1;
+    } while (texto.compare(ate, 2, "0\n") != 0);
+    return {de, ate};
 }
 
 std::string troca(std::string texto, const std::string& que, const std::string& por) {
@@ -314,7 +319,7 @@ TEST_F(Arquivo, OutroProgramaMoveCopiaEApaga) {
     expectPoint(face(todas[0], 1), 100, -50);
     expectPoint(face(todas[1], 1), 100, 800);
     esperaCota(todas[2], 100, -50, 600, -50, 100, -60);
-    EXPECT_NE(relatorio(todas[0]).find(L"cotas=[ " + prancheta::toWide(handle(todas[2])) + L" ]"),
+    EXPECT_NE(relatorio(todas[0]).find(L"cotas=[ #" + prancheta::toWide(handle(todas[2])) + L" ]"),
               std::wstring::npos)
         << testing::PrintToString(relatorio(todas[0]));
     EXPECT_NE(relatorio(todas[1]).find(L"cotas=[ ]"), std::wstring::npos);

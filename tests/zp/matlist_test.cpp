@@ -249,6 +249,16 @@ TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
     type({L"_u"});
     EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"");
     EXPECT_DOUBLE_EQ(zp::lista::totaisDe(linhas()).peso, 12);
+    // A plate newer than the bar is what a mark at the plate's third corner stands for, and nothing
+    // is what a mark elsewhere stands for.
+    const AcDbObjectId placa = chapa(200, 60, 100, 120);
+    const auto pecaEm = [&](const AcGePoint3d& ponta) {
+        AcDbObjectId id;
+        ZpArxAddMarca(ponta, AcGePoint3d(-10, 110, 0), L"P9", id);
+        return Read<ZpMarca>(id)->peca();
+    };
+    EXPECT_EQ(pecaEm(face(placa, 2)), placa);
+    EXPECT_TRUE(pecaEm(AcGePoint3d(77, 77, 0)).isNull());
     // Copied together, the copy of the mark stands for the copy of the piece.
     type({L"_copy"});
     pick(0, 0, {peca, marca});

@@ -10,6 +10,7 @@
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/matlist/zpmatlist.h"
+#include "zp/objects/vigia.h"
 
 namespace {
 
@@ -123,7 +124,10 @@ void ZpArxAddMarca(AcGePoint3d ponta, AcGePoint3d texto, const wchar_t* marca,
                    AcDbObjectId& marcaId) {
     marcaId.setNull();
     if (marca == nullptr) return;
-    auto entidade = std::make_unique<ZpMarca>(ponta, texto, marca, kAlturaDaMarca * GetScale());
+    const AcDbObjectId peca =
+        zp::vigia::pecaMarcada(acdbHostApplicationServices()->workingDatabase(), ponta);
+    auto entidade =
+        std::make_unique<ZpMarca>(ponta, texto, marca, kAlturaDaMarca * GetScale(), peca);
     (void)entidade->setLayer(
         ZpLayerToUsr(L"MARCA"));  // a name that cannot be a layer leaves the current one
     if (append(entidade.get(), marcaId) == RTNORM)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// LISTAMATERIAL: table, spreadsheet file, new list.
+// LISTAMATERIAL: table, spreadsheet files, new list, rows of erased pieces.
 #include <algorithm>
 
 #include "acedads.h"
@@ -10,16 +10,19 @@
 namespace zp::lista {
 namespace {
 
-enum class Acao { Tabela, Csv, Nova, Nenhuma };
+enum class Acao { Tabela, Csv, Xlsx, Nova, Limpar, Nenhuma };
 
 Acao perguntaAcao() {
-    acedInitGet(0, L"Tabela Csv Nova _Table Csv New");
+    acedInitGet(0, L"Tabela Csv Xlsx Nova Limpar _Table Csv Xlsx New Purge");
     ACHAR palavra[133] = L"";
-    const int status = acedGetKword(L"\nLista de material [Tabela/Csv/Nova] <Tabela>: ", palavra);
+    const int status =
+        acedGetKword(L"\nLista de material [Tabela/Csv/Xlsx/Nova/Limpar] <Tabela>: ", palavra);
     if (status == RTNONE) return Acao::Tabela;
     if (status != RTNORM) return Acao::Nenhuma;
     const std::wstring escolha = palavra;
     if (escolha == L"Csv") return Acao::Csv;
+    if (escolha == L"Xlsx") return Acao::Xlsx;
+    if (escolha == L"Purge" || escolha == L"Limpar") return Acao::Limpar;
     return escolha == L"New" || escolha == L"Nova" ? Acao::Nova : Acao::Tabela;
 }
 
@@ -65,19 +68,54 @@ void tabela(Lista lista) {
     if (!desenhaTabela(lista)) acutPrintf(L"\nA tabela não pôde ser desenhada.");
 }
 
-void csv(const Lista& lista) {
+/// A file of one of the formats; `extensao` with its dot.
+void exporta(const Lista& lista, const wchar_t* pergunta, const wchar_t* extensao,
+             bool (*grava)(const std::wstring&, const std::vector<Linha>&)) {
     ACHAR nome[133] = L"";
-    if (acedGetString(1, L"\nArquivo CSV: ", nome) != RTNORM || *nome == L'\0') return;
+    if (acedGetString(1, pergunta, nome) != RTNORM || *nome == L'\0') return;
     std::wstring caminho = nome;
 #ifndef _WIN32
     std::replace(caminho.begin(), caminho.end(), L'\\', L'/');
 #endif
-    if (caminho.size() < 4 || caminho[caminho.size() - 4] != L'.') caminho += L".csv";
-    if (gravaCsv(caminho, linhas(lista.id)))
+    if (!caminhoDe(caminho).has_extension()) caminho += extensao;
+    if (grava(caminho, linhas(lista.id)))
         acutPrintf(L"\nLista gravada em %ls.", caminho.c_str());
     else
         acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.",
                    caminho.c_str());
+}
+
+int quantasApagadas(const Lista& lista) {
+    const std::vector<Linha> todas = linhas(lista.id);
+    return static_cast<int>(std::count_if(todas.begin(), todas.end(), apagada));
+}
+
+void avisaApagadas(const Lista& lista) {
+    if (const int n = quantasApagadas(lista); n > 0)
+        acutPrintf(
+            L"\nLinhas de peças ou marcas apagadas, fora dos totais: %d. A opção Limpar as retira.",
+            n);
+}
+
+void limpa(const Lista& lista) {
+    const int n = quantasApagadas(lista);
+    if (n == 0) {
+        acutPrintf(L"\nNenhuma linha de peça ou marca apagada.");
+        return;
+    }
+    for (const Linha& l : linhas(lista.id))
+        if (apagada(l))
+            acutPrintf(L"\n%ls: %ls %ls, %ls", l.marca.c_str(), l.descricao.c_str(),
+                       l.dimensoes.c_str(), observacaoDe(l).c_str());
+    acedInitGet(0, L"Sim Não _Yes No");
+    ACHAR palavra[133] = L"";
+    const std::wstring pergunta =
+        L"\nRetirar da lista (linhas: " + std::to_wstring(n) + L") [Sim/Não] <Sim>: ";
+    const int status = acedGetKword(pergunta.c_str(), palavra);
+    const std::wstring escolha = palavra;
+    if (status != RTNONE && (status != RTNORM || (escolha != L"Yes" && escolha != L"Sim"))) return;
+    acutPrintf(L"\nLinhas retiradas: %d.", retiraApagadas(lista.id));
+    if (temTabela(lista.cabecalho)) (void)desenhaTabela(lista);
 }
 
 }  // namespace
@@ -94,10 +132,20 @@ void comandoListaMaterial() {
     }
     const std::optional<Lista> lista = escolhe(*desenho);
     if (!lista) return;
-    if (acao == Acao::Csv)
-        csv(*lista);
-    else
-        tabela(*lista);
+    switch (acao) {
+        case Acao::Limpar:
+            limpa(*lista);
+            return;
+        case Acao::Csv:
+            exporta(*lista, L"\nArquivo CSV: ", L".csv", gravaCsv);
+            break;
+        case Acao::Xlsx:
+            exporta(*lista, L"\nArquivo XLSX: ", L".xlsx", gravaXlsx);
+            break;
+        default:
+            tabela(*lista);
+    }
+    avisaApagadas(*lista);
 }
 
 }  // namespace zp::lista

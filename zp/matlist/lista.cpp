@@ -9,6 +9,7 @@
 
 #include "acutads.h"
 #include "dbxrecrd.h"
+#include "zp/matlist/zpmarca.h"
 
 namespace zp::lista {
 namespace {
@@ -176,14 +177,15 @@ Linha leLinha(Leitor& l) {
     return linha;
 }
 
-/// Marks of the list asked last. They hold as long as its last row is still the last, which undo
-/// changes; adding a row keeps them up, so that n rows cost O(n).
+/// Marks of the list asked last. They hold as long as its last row is still the last and what was
+/// taken out stays out, which undo changes; adding a row keeps them up, so that n rows cost O(n).
 struct Guardado {
     AcDbObjectId lista;
     AcDbObjectId ultima;
     int proximo = 1;  ///< number of the next row
     std::set<int> marcas;
-    int livre = 1;  ///< lowest mark not in use
+    int livre = 1;                                           ///< lowest mark not in use
+    std::vector<std::pair<AcDbObjectId, bool>> testemunhas;  ///< taken out, erased then
 
     void usa(int marca) {
         marcas.insert(marca);
@@ -191,6 +193,8 @@ struct Guardado {
     }
 };
 Guardado g_guardado;
+/// One row of each time that rows were taken out: undo brings all of them back.
+std::vector<AcDbObjectId> g_retiradas;
 
 int numeroDaMarca(const std::wstring& marca) { return numeroDe(marca, L"P"); }
 
@@ -198,6 +202,9 @@ std::wstring nomeDaLinha(int numero) { return kPrefixoLinha + std::to_wstring(nu
 
 bool vale(const Guardado& g, AcDbObjectId lista) {
     if (g.lista != lista || g.ultima.isNull() || g.ultima.isErased()) return false;
+    if (std::any_of(g.testemunhas.begin(), g.testemunhas.end(),
+                    [](const auto& t) { return t.first.isErased() != t.second; }))
+        return false;
     const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
     AcDbObjectId id;
     return d.object() != nullptr && d->getAt(nomeDaLinha(g.proximo - 1).c_str(), id) == Acad::eOk &&
@@ -217,6 +224,7 @@ Guardado& guardado(AcDbObjectId lista) {
         Leitor leitor(*registro.object());
         if (const int n = numeroDaMarca(leitor.texto()); n > 0) g.usa(n);
     }
+    for (const AcDbObjectId& id : g_retiradas) g.testemunhas.push_back({id, id.isErased()});
     return g;
 }
 
@@ -311,7 +319,10 @@ bool acrescenta(AcDbObjectId lista, const Linha& l) {
     return true;
 }
 
-void esquece() { g_guardado = {}; }
+void esquece() {
+    g_guardado = {};
+    g_retiradas.clear();
+}
 
 int menorMarcaLivre(AcDbObjectId lista, const std::vector<int>& dadas) {
     const Guardado& g = guardado(lista);
@@ -321,15 +332,50 @@ int menorMarcaLivre(AcDbObjectId lista, const std::vector<int>& dadas) {
     return livre;
 }
 
-bool apagada(const Linha& linha) {
-    return !linha.ids.empty() &&
-           std::all_of(linha.ids.begin(), linha.ids.end(),
-                       [](const AcDbSoftPointerId& id) { return id.isErased(); });
+Estado estadoDe(const Linha& linha) {
+    if (linha.ids.empty()) return Estado::Viva;
+    Estado estado = Estado::MarcaApagada;
+    for (const AcDbSoftPointerId& id : linha.ids) {
+        if (id.isErased()) continue;
+        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+        if (marca.object() == nullptr || !marca->pecaApagada()) return Estado::Viva;
+        estado = Estado::PecaApagada;
+    }
+    return estado;
+}
+
+bool apagada(const Linha& linha) { return estadoDe(linha) != Estado::Viva; }
+
+int retiraApagadas(AcDbObjectId lista) {
+    int retiradas = 0;
+    for (const Entrada& e : entradas(lista, kPrefixoLinha)) {
+        std::vector<AcDbSoftPointerId> marcas;
+        {
+            const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
+            if (registro.object() == nullptr) continue;
+            Leitor leitor(*registro.object());
+            if (leitor.acabou()) continue;
+            const Linha linha = leLinha(leitor);
+            if (!apagada(linha)) continue;
+            marcas = linha.ids;
+        }
+        const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForWrite);
+        if (registro.object() == nullptr || registro->erase() != Acad::eOk) continue;
+        if (++retiradas == 1) g_retiradas.push_back(e.id);
+        for (const AcDbSoftPointerId& id : marcas) {
+            const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForWrite);
+            if (marca.object() != nullptr) (void)marca->erase();  // open for write and alive
+        }
+    }
+    if (retiradas > 0) g_guardado = {};
+    return retiradas;
 }
 
 std::wstring observacaoDe(const Linha& linha) {
-    if (!apagada(linha)) return linha.observacao;
-    return linha.observacao.empty() ? L"apagada" : linha.observacao + L" (apagada)";
+    const Estado estado = estadoDe(linha);
+    if (estado == Estado::Viva) return linha.observacao;
+    const std::wstring aviso = estado == Estado::PecaApagada ? L"peça apagada" : L"apagada";
+    return linha.observacao.empty() ? aviso : linha.observacao + L" (" + aviso + L")";
 }
 
 }  // namespace zp::lista

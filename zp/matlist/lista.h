@@ -47,8 +47,17 @@ void esquece();
 /// Lowest n for which no row has the mark "P<n>" and which is not among `dadas`.
 int menorMarcaLivre(AcDbObjectId lista, const std::vector<int>& dadas);
 
-/// True when the row is tied to entities and all of them are erased.
+/// What became of what a row stands for.
+enum class Estado {
+    Viva,
+    MarcaApagada,  ///< all that it is tied to is erased
+    PecaApagada,   ///< a mark is left, but not its piece
+};
+Estado estadoDe(const Linha& linha);
+/// True for a row that no longer counts.
 bool apagada(const Linha& linha);
+/// Takes the rows that no longer count out of the list, and the marks that they leave; how many.
+int retiraApagadas(AcDbObjectId lista);
 /// The row's remark; says also that what it stands for was erased.
 std::wstring observacaoDe(const Linha& linha);
 

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Table and spreadsheet file of a material list.
+// Table and text file of a material list.
 #include "zp/matlist/tabela.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 
@@ -18,24 +16,6 @@ namespace zp::lista {
 namespace {
 
 using secao::numero;
-
-constexpr std::size_t kColunas = 10;
-
-struct Coluna {
-    const wchar_t* titulo;
-    bool numerica;
-};
-
-constexpr std::array<Coluna, kColunas> kTitulos{{{L"MARCA", false},
-                                                 {L"QUANT.", true},
-                                                 {L"DESCRIÇÃO", false},
-                                                 {L"DIMENSÕES", false},
-                                                 {L"MATERIAL", false},
-                                                 {L"COMPR. (mm)", true},
-                                                 {L"PESO UNIT. (kg)", true},
-                                                 {L"PESO TOTAL (kg)", true},
-                                                 {L"PINTURA (m2)", true},
-                                                 {L"OBSERVAÇÃO", false}}};
 
 using Campos = std::array<std::wstring, kColunas>;
 
@@ -59,19 +39,11 @@ Campos campos(const Linha& l) {
             observacaoDe(l)};
 }
 
-/// Totals of what was not erased.
-Campos totais(const std::vector<Linha>& linhas) {
-    double peso = 0.0;
-    double pintura = 0.0;
-    for (const Linha& l : linhas) {
-        if (apagada(l)) continue;
-        peso += l.pesoTotal;
-        pintura += l.areaPintura;
-    }
+Campos campos(const Totais& t) {
     Campos c;
     c[0] = L"TOTAL";
-    c[7] = numero(peso, 2);
-    c[8] = numero(pintura, 3);
+    c[7] = numero(t.peso, 2);
+    c[8] = numero(t.pintura, 3);
     return c;
 }
 
@@ -132,6 +104,18 @@ void acrescentaCsv(std::wstring& texto, const Campos& c) {
     texto += L"\r\n";
 }
 
+}  // namespace
+
+Totais totaisDe(const std::vector<Linha>& linhas) {
+    Totais t;
+    for (const Linha& l : linhas) {
+        if (apagada(l)) continue;
+        t.peso += l.pesoTotal;
+        t.pintura += l.areaPintura;
+    }
+    return t;
+}
+
 std::string utf8(const std::wstring& texto) {
     std::string bytes;
     for (const wchar_t c : texto) {
@@ -158,7 +142,10 @@ std::string utf8(const std::wstring& texto) {
     return bytes;
 }
 
-}  // namespace
+std::filesystem::path caminhoDe(const std::wstring& texto) {
+    const std::string bytes = utf8(texto);
+    return std::u8string_view(reinterpret_cast<const char8_t*>(bytes.data()), bytes.size());
+}
 
 bool desenhaTabela(const Lista& lista) {
     std::optional<Cabecalho> cabecalho = leCabecalho(lista.id);
@@ -166,7 +153,7 @@ bool desenhaTabela(const Lista& lista) {
     const std::vector<Linha> todas = linhas(lista.id);
     std::vector<Campos> celulas{titulos()};
     for (const Linha& l : todas) celulas.push_back(campos(l));
-    celulas.push_back(totais(todas));
+    celulas.push_back(campos(totaisDe(todas)));
 
     const double h = 2.5 * GetScale();
     std::array<double, kColunas + 1> x{};
@@ -204,8 +191,7 @@ std::wstring textoCsv(const std::vector<Linha>& linhas) {
 }
 
 bool gravaCsv(const std::wstring& caminho, const std::vector<Linha>& linhas) {
-    const std::filesystem::path destino = std::filesystem::path(
-        std::u8string_view(reinterpret_cast<const char8_t*>(utf8(caminho).c_str())));
+    const std::filesystem::path destino = caminhoDe(caminho);
     std::filesystem::path provisorio = destino;
     provisorio += ".tmp";
     std::error_code erro;

@@ -2,12 +2,42 @@
 // The material list as users see it: a table in the drawing, a file for a spreadsheet.
 #pragma once
 
+#include <array>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "zp/matlist/lista.h"
 
 namespace zp::lista {
+
+inline constexpr std::size_t kColunas = 10;
+
+struct Coluna {
+    const wchar_t* titulo;
+    bool numerica;
+};
+
+inline constexpr std::array<Coluna, kColunas> kTitulos{{{L"MARCA", false},
+                                                        {L"QUANT.", true},
+                                                        {L"DESCRIÇÃO", false},
+                                                        {L"DIMENSÕES", false},
+                                                        {L"MATERIAL", false},
+                                                        {L"COMPR. (mm)", true},
+                                                        {L"PESO UNIT. (kg)", true},
+                                                        {L"PESO TOTAL (kg)", true},
+                                                        {L"PINTURA (m2)", true},
+                                                        {L"OBSERVAÇÃO", false}}};
+
+/// Mass in kg and paint area in m2 of the rows that count.
+struct Totais {
+    double peso = 0.0;
+    double pintura = 0.0;
+};
+Totais totaisDe(const std::vector<Linha>& linhas);
+
+std::string utf8(const std::wstring& texto);
+std::filesystem::path caminhoDe(const std::wstring& texto);
 
 /// Draws the table in the current space with its upper left corner at the list's point, in place of
 /// the one drawn before. False when the list cannot be read or written.
@@ -20,6 +50,10 @@ std::wstring textoCsv(const std::vector<Linha>& linhas);
 /// Writes the rows as UTF-8 with a mark; through a temporary file, so that a failure leaves the old
 /// one.
 bool gravaCsv(const std::wstring& caminho, const std::vector<Linha>& linhas);
+
+/// Writes the rows and their totals as a workbook with numbers as numbers; through a temporary file
+/// like gravaCsv.
+bool gravaXlsx(const std::wstring& caminho, const std::vector<Linha>& linhas);
 
 /// The command LISTAMATERIAL.
 void comandoListaMaterial();

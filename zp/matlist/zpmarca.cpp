@@ -10,13 +10,15 @@
 #include "acutads.h"
 #include "acutmem.h"
 #include "dbents.h"
+#include "perfis/entities/zpobject.h"
 
 ACRX_DXF_DEFINE_MEMBERS(ZpMarca, AcDbEntity, AcDb::kDHL_CURRENT, AcDb::kMReleaseCurrent, 0, ZPMARCA,
                         "ZP__MaterialList18|Lista de material")
 
 namespace {
 
-constexpr Adesk::Int16 kVersaoDaMarca = 1;
+/// Version 1 knows no piece.
+constexpr Adesk::Int16 kVersaoDaMarca = 2;
 /// Advance of an average character and distance of the text from the leader, over the text's
 /// height.
 constexpr double kLargura = 0.9;
@@ -48,6 +50,19 @@ ZpMarca::Figura ZpMarca::figura() const {
     const AcGePoint3d base = m_ponta + u * m_altura;
     f.seta = {m_ponta, base + lado * (m_altura / 6.0), base - lado * (m_altura / 6.0)};
     return f;
+}
+
+AcDbObjectId ZpMarca::peca() const {
+    assertReadEnabled();
+    if (m_peca.isNull()) return {};
+    const AcRxClass* classe = m_peca.objectClass();
+    if (classe == nullptr || !classe->isDerivedFrom(ZpObject::desc())) return {};
+    return m_peca;
+}
+
+bool ZpMarca::pecaApagada() const {
+    assertReadEnabled();
+    return m_temPeca && (m_peca.isNull() || m_peca.isErased());
 }
 
 Adesk::Boolean ZpMarca::subWorldDraw(AcGiWorldDraw* draw) {
@@ -149,6 +164,8 @@ Acad::ErrorStatus ZpMarca::dwgOutFields(AcDbDwgFiler* filer) const {
     filer->writePoint3d(m_textoEm);
     filer->writeString(m_marca.c_str());
     filer->writeDouble(m_altura);
+    filer->writeInt16(m_temPeca ? 1 : 0);
+    filer->writeSoftPointerId(m_peca);
     return filer->filerStatus();
 }
 
@@ -158,7 +175,7 @@ Acad::ErrorStatus ZpMarca::dwgInFields(AcDbDwgFiler* filer) {
     if (es != Acad::eOk) return es;
     Adesk::Int16 versao = 0;
     filer->readInt16(&versao);
-    if (versao != kVersaoDaMarca) {
+    if (versao < 1 || versao > kVersaoDaMarca) {
         if (filer->filerStatus() == Acad::eOk) filer->setFilerStatus(Acad::eInvalidInput);
         return filer->filerStatus();
     }
@@ -168,6 +185,13 @@ Acad::ErrorStatus ZpMarca::dwgInFields(AcDbDwgFiler* filer) {
     if (filer->readString(&texto) == Acad::eOk && texto != nullptr) m_marca = texto;
     acutDelString(texto);
     filer->readDouble(&m_altura);
+    Adesk::Int16 temPeca = 0;
+    m_peca = {};
+    if (versao > 1) {
+        filer->readInt16(&temPeca);
+        filer->readSoftPointerId(&m_peca);
+    }
+    m_temPeca = temPeca != 0;
     return filer->filerStatus();
 }
 
@@ -181,6 +205,8 @@ Acad::ErrorStatus ZpMarca::dxfOutFields(AcDbDxfFiler* filer) const {
     filer->writePoint3d(AcDb::kDxfXCoord + 1, m_textoEm);
     filer->writeString(AcDb::kDxfText, m_marca.c_str());
     filer->writeDouble(AcDb::kDxfReal, m_altura);
+    filer->writeInt16(AcDb::kDxfInt16, m_temPeca ? 1 : 0);
+    if (m_temPeca) filer->writeObjectId(AcDb::kDxfSoftPointerId, m_peca);
     return filer->filerStatus();
 }
 
@@ -197,6 +223,7 @@ Acad::ErrorStatus ZpMarca::dxfInFields(AcDbDxfFiler* filer) {
         return filer->setError(Acad::eNotImplementedYet,
                                L"ZpMarca: registro da versão %d; este módulo lê até a versão %d.",
                                static_cast<int>(r.resval.rint), static_cast<int>(kVersaoDaMarca));
+    const int versao = r.resval.rint;
     const auto ponto = [&](int codigo, AcGePoint3d& p) {
         if (filer->readItem(&r) != Acad::eOk || r.restype != codigo) return false;
         p.set(r.resval.rpoint[0], r.resval.rpoint[1], r.resval.rpoint[2]);
@@ -212,5 +239,16 @@ Acad::ErrorStatus ZpMarca::dxfInFields(AcDbDxfFiler* filer) {
           r.resval.rreal > 0.0;
     if (!boa) return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
     m_altura = r.resval.rreal;
+    m_temPeca = false;
+    m_peca = {};
+    if (versao < 2) return filer->filerStatus();
+    if (filer->readItem(&r) != Acad::eOk || r.restype != AcDb::kDxfInt16)
+        return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
+    m_temPeca = r.resval.rint != 0;
+    // A piece that the drawing does not have was erased before it was saved.
+    AcDbObjectId id;
+    if (m_temPeca && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfSoftPointerId &&
+        acdbGetObjectId(id, r.resval.rlname) == Acad::eOk)
+        m_peca = AcDbSoftPointerId(id);
     return filer->filerStatus();
 }

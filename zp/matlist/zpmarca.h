@@ -12,12 +12,24 @@ class ZpMarca : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(ZpMarca);
     ZpMarca() = default;
-    ZpMarca(const AcGePoint3d& ponta, const AcGePoint3d& textoEm, std::wstring marca, double altura)
-        : m_ponta(ponta), m_textoEm(textoEm), m_marca(std::move(marca)), m_altura(altura) {}
+    /// `peca` is what the mark stands for, null when that is not known.
+    ZpMarca(const AcGePoint3d& ponta, const AcGePoint3d& textoEm, std::wstring marca, double altura,
+            const AcDbObjectId& peca = {})
+        : m_ponta(ponta),
+          m_textoEm(textoEm),
+          m_marca(std::move(marca)),
+          m_altura(altura),
+          m_temPeca(!peca.isNull()),
+          m_peca(peca) {}
 
     AcGePoint3d ponta() const { return m_ponta; }
     AcGePoint3d textoEm() const { return m_textoEm; }
     const std::wstring& marca() const { return m_marca; }
+    /// The piece that the mark stands for, erased or not; null when it has none, when it is no
+    /// longer in the drawing, or when something else is in its place.
+    AcDbObjectId peca() const;
+    /// True when the mark had a piece that is erased or gone.
+    bool pecaApagada() const;
 
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
@@ -46,4 +58,6 @@ private:
     AcGePoint3d m_textoEm;
     std::wstring m_marca;
     double m_altura = 2.5;
+    bool m_temPeca = false;  ///< stays when the reference is lost
+    AcDbSoftPointerId m_peca;
 };

@@ -2,12 +2,14 @@
 // One rule at the end of each command: tied entities follow a piece that changed; a tied entity
 // that changed alone has its place learnt again; an erased piece takes its dimensions and plates
 // along; copies, and what came from a file, keep only links that are answered. Outside a command
-// the rule runs after each change.
+// the rule runs after each change, except while a drawing is read.
 #include "zp/objects/vigia.h"
 
 #include <algorithm>
+#include <array>
 #include <cwchar>
 #include <cwctype>
+#include <deque>
 #include <memory>
 #include <unordered_set>
 #include <vector>
@@ -39,6 +41,12 @@ bool interessa(const AcDbObject* o) {
     return o->isKindOf(ZpObject::desc()) || o->isKindOf(AcDbDimension::desc());
 }
 
+/// Bars, and plates, kept to find the one that a mark points to: more than the plates of one
+/// member.
+constexpr std::size_t kUltimas = 1000;
+/// How near to a corner the tip of a mark is on it, mm.
+constexpr double kNaPonta = 1e-6;
+
 bool explode(const ACHAR* comando) {
     constexpr const wchar_t kNome[] = L"EXPLODE";
     const wchar_t* n = kNome;
@@ -58,6 +66,11 @@ public:
 
     void objectAppended(const AcDbDatabase*, const AcDbObject* o) override {
         if (m_aplicando || o->isUndoing() || !interessa(o)) return;
+        if (const auto* peca = ZpObject::cast(o)) {
+            Ultimas& doTipo = m_ultimas[Acesso::de(*peca).chapa() ? 1 : 0];
+            doTipo.push_front(o->objectId());
+            if (doTipo.size() > kUltimas) doTipo.pop_back();
+        }
         m_novas.poe(o->objectId());
         m_porFechar.insert(o->objectId().asOldId());
     }
@@ -66,6 +79,9 @@ public:
     void goodbye(const AcDbDatabase*) override { m_desenho = nullptr; }
 
     void aplica(bool desmancha);
+    void comecaLeitura() { m_lendo = true; }
+    /// The newest among the last bars, or plates, with this corner of the picture there.
+    AcDbObjectId ultimaCom(bool chapa, int canto, const AcGePoint3d& ponta) const;
     /// Other programs erase and copy without minding links.
     void confereTudo();
 
@@ -79,6 +95,9 @@ private:
 
     AcDbDatabase* m_desenho;
     bool m_aplicando = false;
+    bool m_lendo = false;
+    using Ultimas = std::deque<AcDbObjectId>;  // newest first
+    std::array<Ultimas, 2> m_ultimas;          // bars, plates
     Fila m_novas;
     Fila m_mudadas;
     Fila m_apagadas;
@@ -125,18 +144,19 @@ void Desenho::objectModified(const AcDbDatabase*, const AcDbObject* o) {
     if (m_aplicando || o->isUndoing() || !interessa(o)) return;
     m_mudadas.poe(o->objectId());
     if (m_porFechar.erase(o->objectId().asOldId()) > 0) return;
-    if (!emComando()) aplica(false);
+    if (!emComando() && !m_lendo) aplica(false);
 }
 
 void Desenho::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) {
     if (m_aplicando || o->isUndoing() || !interessa(o) || !erased) return;
     m_apagadas.poe(o->objectId());
-    if (!emComando()) aplica(false);
+    if (!emComando() && !m_lendo) aplica(false);
 }
 
 void Desenho::aplica(bool desmancha) {
     if (m_aplicando) return;
     m_aplicando = true;
+    m_lendo = false;
     const Fila novas = std::exchange(m_novas, {});
     m_porFechar.clear();
     for (const AcDbObjectId& id : novas.ordem()) confere(id, novas);
@@ -145,6 +165,17 @@ void Desenho::aplica(bool desmancha) {
     segue();
     m_mudadas = std::exchange(m_presas, {});
     m_aplicando = false;
+}
+
+AcDbObjectId Desenho::ultimaCom(bool chapa, int canto, const AcGePoint3d& ponta) const {
+    for (const AcDbObjectId& id : m_ultimas[chapa ? 1 : 0]) {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        AcGePoint3d f[4];
+        peca->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
+        if (f[canto].distanceTo(ponta) <= kNaPonta) return id;
+    }
+    return {};
 }
 
 /// Whether all links of the entity are known on their other side, as far as that can be read.
@@ -322,9 +353,28 @@ void observa(AcDbDatabase* desenho) {
     g_estado.desenhos.push_back(std::make_unique<Desenho>(desenho));
 }
 
+void observaLeitura(AcDbDatabase* desenho) {
+    const auto seu = [&](const auto& d) { return d->desenho() == desenho; };
+    if (desenho == nullptr || std::ranges::any_of(g_estado.desenhos, seu)) return;
+    observa(desenho);
+    g_estado.desenhos.back()->comecaLeitura();
+}
+
 void confere(AcDbDatabase* desenho) {
-    for (const auto& d : g_estado.desenhos)
-        if (desenho != nullptr && d->desenho() == desenho) d->confereTudo();
+    for (const auto& d : g_estado.desenhos) {
+        if (desenho == nullptr || d->desenho() != desenho) continue;
+        d->confereTudo();
+        d->aplica(false);
+    }
+}
+
+AcDbObjectId pecaMarcada(AcDbDatabase* desenho, const AcGePoint3d& ponta) {
+    for (const auto& d : g_estado.desenhos) {
+        if (desenho == nullptr || d->desenho() != desenho) continue;
+        for (const auto& [chapa, canto] : {std::pair{false, 0}, {true, 2}, {false, 2}, {true, 0}})
+            if (const AcDbObjectId id = d->ultimaCom(chapa, canto, ponta); !id.isNull()) return id;
+    }
+    return {};
 }
 
 void abandona(AcDbDatabase* desenho) {

@@ -15,7 +15,17 @@ void encerra();
 void observa(AcDbDatabase* desenho);
 void abandona(AcDbDatabase* desenho);
 
-/// Drops, in a watched drawing, the links that their other side does not know.
+/// A drawing that is not watched yet is being read: until confere, or the end of a command, nothing
+/// follows, since what is tied to a piece may have been moved with it and not be in its place yet.
+void observaLeitura(AcDbDatabase* desenho);
+
+/// After a drawing was read: drops the links that their other side does not know, then what is tied
+/// to a piece that was moved in the file follows it.
 void confere(AcDbDatabase* desenho);
+
+/// The piece, among the last that entered a watched drawing, that has a corner of its picture at
+/// `ponta`, where a mark points to: a bar by its first corner or a plate by its third one; failing
+/// that, either by either. The newest when there are several; null when there is none.
+AcDbObjectId pecaMarcada(AcDbDatabase* desenho, const AcGePoint3d& ponta);
 
 }  // namespace zp::vigia

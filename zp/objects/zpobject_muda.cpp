@@ -116,7 +116,7 @@ Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
     const Semelhanca s = semelhanca(m);
     if (s.escala == 0.0) return Acad::eCannotScaleNonUniformly;
     // A file in which another program moved the piece is not announced yet.
-    zp::vigia::observa(database());
+    zp::vigia::observaLeitura(database());
     assertWriteEnabled();
     Peca& p = *m_peca;
     p.inicio.transformBy(m);
