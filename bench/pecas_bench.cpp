@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// Cost of a piece: made with its three dimensions in a live host, its section's properties.
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <cstdlib>
+#include <memory>
+#include <numbers>
+
+#include "dbdim.h"
+#include "perfis/entities/zpentidades.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/dxf/document.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/modules.h"
+#include "prancheta/entities/register.h"
+#include "zp/objects/secao/secao.h"
+
+namespace {
+
+constexpr double kRight = std::numbers::pi / 2;
+
+/// Nobody answers and nobody reads.
+class Silent : public prancheta::UserInterface {
+public:
+    void print(std::wstring_view) override {}
+    void alert(std::wstring_view) override {}
+    prancheta::RawInput ask(const prancheta::InputRequest&) override { return {}; }
+    void runDialog(prancheta::dcl::Dialog&) override {}
+    void complain(std::wstring_view, prancheta::Complaint) override {}
+};
+
+/// A host with the entity library loaded; one for the whole program.
+prancheta::Editor& host() {
+    static Silent ui;
+    static const auto editor = [] {
+        prancheta::registerEntityClasses();
+        auto made = std::make_unique<prancheta::Editor>(ui, prancheta::builtInCommands());
+        if (!made->modules().load(HOUSE_BINARY_DIR "/bin/ZpObjects18.arx")) std::abort();
+        return made;
+    }();
+    return *editor;
+}
+
+void addDimension(ZpObject& piece, const AcGePoint3d& from, const AcGePoint3d& to,
+                  const AcGePoint3d& line) {
+    auto* const dimension = new AcDbAlignedDimension(from, to, line);
+    dimension->setDatabaseDefaults();
+    AcDbObjectId id;
+    (void)append(dimension, id);
+    (void)dimension->close();
+    (void)piece.LinkDim(id);
+}
+
+/// A lipped U as a member, dimensioned on three sides.
+void makePiece(double x) {
+    AcGePoint3d at(x, 0, 0);
+    auto* const piece = new ZpUDobrado(at, ZpObject::ZpVistas(3), 200, 75, 75, 2.65, 2.65, kRight,
+                                       kRight, 1000, 0, 0, 20);
+    piece->setDatabaseDefaults();
+    AcDbObjectId id;
+    (void)append(piece, id);
+    AcGePoint3d f[4];
+    piece->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
+    addDimension(*piece, f[1], f[3], f[1] - AcGeVector3d(0, 10, 0));
+    addDimension(*piece, f[0], f[1], f[0] - AcGeVector3d(10, 0, 0));
+    addDimension(*piece, f[2], f[3], f[2] + AcGeVector3d(10, 0, 0));
+    (void)piece->close();
+}
+
+/// `state.range(0)` pieces in one command; time and heap are given for one piece.
+void pieceWithThreeDimensions(benchmark::State& state) {
+    const auto count = static_cast<int>(state.range(0));
+    double bytes = 0.0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        if (!host().newDocument()) state.SkipWithError("no drawing");
+        const auto before = mallinfo2().uordblks;
+        state.ResumeTiming();
+        host().database().core().undo().begin(L"bench");
+        for (int i = 0; i < count; ++i) makePiece(2000.0 * i);
+        host().database().core().undo().end();
+        bytes = static_cast<double>(mallinfo2().uordblks - before) / count;
+    }
+    state.SetItemsProcessed(state.iterations() * count);
+    state.counters["bytes_per_piece"] = bytes;
+}
+BENCHMARK(pieceWithThreeDimensions)
+    ->Arg(100)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond);
+
+void sectionPropertiesUncached(benchmark::State& state) {
+    using namespace zp::secao;
+    std::vector<double> values = {200, 75, 75, 2.65, 2.65, kRight, kRight, 1000, 0, 0, 20};
+    for (auto _ : state) {
+        values[0] += 1e-6;
+        const Secao secao(Classe::UDobrado, dadosDe(Classe::UDobrado, 1, values));
+        benchmark::DoNotOptimize(secao.propriedades().ix);
+    }
+}
+BENCHMARK(sectionPropertiesUncached);
+
+void sectionFromTheCache(benchmark::State& state) {
+    using namespace zp::secao;
+    const std::vector<double> values = {200, 75, 75, 2.65, 2.65, kRight, kRight, 1000, 0, 0, 20};
+    for (auto _ : state)
+        benchmark::DoNotOptimize(secaoDe(Classe::UDobrado, 1, values)->propriedades().ix);
+}
+BENCHMARK(sectionFromTheCache);
+
+}  // namespace
+
+BENCHMARK_MAIN();
