@@ -11,6 +11,7 @@ if(NOT CMAKE_BUILD_TYPE)
 endif()
 
 option(HOUSE_WERROR "Warnings are errors" OFF)
+option(HOUSE_WINDOW "The Qt window and the plotter" ON)
 set(HOUSE_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize takes them")
 
 find_program(CCACHE_PROGRAM ccache)

@@ -8,6 +8,7 @@
 #include "prancheta/console/options.h"
 #include "prancheta/console/script.h"
 #include "prancheta/console/state.h"
+#include "prancheta/console/verify_file.h"
 #include "prancheta/editor/host.h"
 #include "prancheta/editor/modules.h"
 
@@ -81,5 +82,6 @@ int main(int argc, char** argv) {
     using namespace prancheta::console;
     int exitCode = kDone;
     const auto options = readOptions(argc, argv, exitCode);
-    return options ? run(*options) : exitCode;
+    if (!options) return exitCode;
+    return options->verify.empty() ? run(*options) : verifyFile(options->verify);
 }

@@ -47,6 +47,8 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--registro", options.log, "registro de eventos, um objeto JSON por linha")
         ->type_name("ARQUIVO.jsonl");
     app.add_option("--estado", options.state, "estado final do desenho")->type_name("ARQUIVO.json");
+    app.add_option("--verifica", options.verify, "examina um arquivo DXF com rigor e termina")
+        ->type_name("ARQUIVO.dxf");
     app.add_option("--instalacao", options.installation,
                    "pasta de instalação (no lugar de ZPFORJA2010)")
         ->type_name("PASTA");

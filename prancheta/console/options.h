@@ -15,6 +15,7 @@ struct Options {
     std::string log;
     std::string state;
     std::string installation;
+    std::string verify;  ///< DXF file to be examined instead of running a script
     std::vector<std::string> modules;
     bool defaultModules = true;
 };

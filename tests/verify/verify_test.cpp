@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// Faults put one by one into a sound file: each is found, and told with its entity and line.
+#include "prancheta/verify/verify.h"
+
+#include "../dxf/support.h"
+#include "dbdim.h"
+#include "dbpl.h"
+
+using namespace dxftest;
+using namespace prancheta;
+
+namespace {
+
+verify::Verdict examined(const std::string& text) {
+    const Folder folder;
+    write(folder / "a.dxf", text);
+    const auto verdict = verify::examine(folder / "a.dxf");
+    return verdict ? *verdict : verify::Verdict{};
+}
+
+std::string messages(const verify::Verdict& verdict) {
+    std::string out;
+    for (const verify::Remark& remark : verdict.remarks) out += remark.message() + "\n";
+    return out;
+}
+
+/// A drawing with one of everything that the host makes.
+std::string sample(dxf::Version version = dxf::Version::R2000) {
+    AcDbDatabase database(true, true);
+    append(database, new AcDbLine({0, 0, 0}, {10, 5, 0}));
+    append(database, new AcDbCircle({5, 5, 0}, AcGeVector3d::kZAxis, 3.0));
+    append(database, new AcDbText({0, 0, 0}, L"Ação", AcDbObjectId::kNull, 2.5));
+    append(database, new AcDbAlignedDimension({0, 0, 0}, {30, 40, 0}, {5, 5, 0}));
+    auto* outline = new AcDbPolyline;
+    for (unsigned i = 0; i < 3; ++i) outline->addVertexAt(i, {10.0 * i, i == 1 ? 5.0 : 0.0});
+    append(database, outline);
+    auto* bar = new Bar;
+    bar->values.assign(4, 0.1);
+    append(database, bar);
+    return saved(database, {version, dxf::Form::Ascii});
+}
+
+/// One group of the first record of a type changed, or taken out when there is no new value.
+struct Damage {
+    const char* type;
+    int code;
+    const char* value;
+    const char* told;
+};
+
+/// Where a remark may stand: the line of the record's type, and that of the changed value.
+struct Lines {
+    int record = 0;
+    int value = 0;
+};
+
+std::string damaged(const std::string& text, const Damage& damage, Lines& lines) {
+    Groups all = groupsOf(text);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (all[i].code != 0 || all[i].value != damage.type) continue;
+        for (std::size_t j = i + 1; j < all.size() && all[j].code != 0; ++j) {
+            if (all[j].code != damage.code) continue;
+            lines = {static_cast<int>(2 * i) + 2, static_cast<int>(2 * j) + 2};
+            if (damage.value != nullptr)
+                all[j].value = damage.value;
+            else
+                all.erase(all.begin() + static_cast<long>(j));
+            return fileText(all);
+        }
+    }
+    ADD_FAILURE() << damage.type << " has no group " << damage.code;
+    return text;
+}
+
+}  // namespace
+
+TEST(Verify, OurOwnFilesAreSound) {
+    const BarModule module;
+    for (const auto version : {dxf::Version::R2000, dxf::Version::R2018}) {
+        const verify::Verdict verdict = examined(sample(version));
+        EXPECT_EQ(messages(verdict), "");
+        EXPECT_GT(verdict.records, 50U);
+    }
+}
+
+TEST(Verify, EveryFaultIsToldWithItsRecordAndLine) {
+    const BarModule module;
+    const std::string text = sample();
+    const Damage faults[] = {
+        {"LINE", 10, "1,5", "separador decimal"},
+        {"LINE", 10, "nan", "valor inválido"},
+        {"LINE", 21, nullptr, "falta o grupo 21"},
+        {"LINE", 8, "Nenhuma", "a camada \"Nenhuma\" não existe"},
+        {"LINE", 330, "FFFF", "não existe"},
+        {"LINE", 5, "XYZ", "valor inválido"},
+        {"LINE", 100, nullptr, "AcDbEntity"},
+        {"CIRCLE", 40, "0", "deve ser positivo"},
+        {"LWPOLYLINE", 90, "9", "diz ter 9 vértices"},
+        {"LWPOLYLINE", 70, "40000", "não cabe"},
+        {"DIMENSION", 2, "*D99", "o bloco \"*D99\" da cota não existe"},
+        {"DIMENSION", 3, "Estilo", "estilo de cota"},
+        {"DIMENSION", 42, "51", "não é a distância"},
+        {"INSERT", 2, "*U99", "o bloco \"*U99\" não existe"},
+        {"INSERT", 1001, "OUTRO", "APPID"},
+        {"LAYER", 6, "TRACEJADA", "tipo de linha"},
+        {"LAYER", 62, "300", "1 a 255"},
+        {"LAYER", 2, "A<B", "caracteres proibidos"},
+        {"DICTIONARY", 3, "ACAD_GRUPO", "ACAD_GROUP"},
+    };
+    for (const Damage& fault : faults) {
+        Lines lines;
+        const verify::Verdict verdict = examined(damaged(text, fault, lines));
+        const std::string all = messages(verdict);
+        EXPECT_GT(verdict.errors, 0U) << fault.type << " " << fault.code;
+        EXPECT_NE(all.find(fault.told), std::string::npos) << fault.type << ": " << all;
+        // What the root dictionary lacks is known at the end of the file only.
+        bool placed = fault.type == std::string("DICTIONARY");
+        for (const verify::Remark& remark : verdict.remarks)
+            placed |= remark.type == fault.type &&
+                      (remark.line == lines.record || remark.line == lines.value);
+        EXPECT_TRUE(placed) << all;
+    }
+}
+
+TEST(Verify, FaultsOfTheWholeFile) {
+    const BarModule module;
+    const std::string text = sample();
+    const Groups all = groupsOf(text);
+
+    Groups twice = all;
+    const std::string handle = valueOf(record(all, "LINE"), 5);
+    for (std::size_t i = 0; i < twice.size(); ++i)
+        if (twice[i].code == 0 && twice[i].value == "CIRCLE") twice[i + 1].value = handle;
+    EXPECT_NE(messages(examined(fileText(twice))).find("o handle já é de outro objeto"),
+              std::string::npos);
+
+    Groups seed = all;
+    for (std::size_t i = 0; i < seed.size(); ++i)
+        if (seed[i].value == "$HANDSEED") seed[i + 1].value = "10";
+    EXPECT_NE(messages(examined(fileText(seed))).find("$HANDSEED"), std::string::npos);
+
+    const std::string cut = text.substr(0, text.rfind("EOF") - 4);
+    EXPECT_NE(messages(examined(cut)).find("EOF"), std::string::npos);
+    EXPECT_GT(examined(text.substr(0, text.size() / 2)).errors, 0U);
+    EXPECT_GT(examined("").errors, 0U);
+
+    Groups braces = all;
+    for (std::size_t i = 0; i < braces.size(); ++i)
+        if (braces[i].code == 1001) {
+            braces.insert(braces.begin() + static_cast<long>(i) + 1, {1002, "}"});
+            break;
+        }
+    EXPECT_NE(messages(examined(fileText(braces))).find("chaves"), std::string::npos);
+}
+
+TEST(Verify, BlocksThatContainThemselves) {
+    const std::string blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 A|70 0|10 0|20 0|0 INSERT|8 0|2 B|10 0|20 0|0 ENDBLK|"
+        "0 BLOCK|8 0|2 B|70 0|10 0|20 0|0 INSERT|8 0|2 A|10 0|20 0|0 ENDBLK|0 ENDSEC";
+    EXPECT_NE(messages(examined(fileWith("0 LINE|8 0|10 0|20 0|11 1|21 1", "AC1009", blocks)))
+                  .find("contém a si mesmo"),
+              std::string::npos);
+}
