@@ -35,7 +35,10 @@ target_compile_options(house INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
 if(HOUSE_WERROR)
     target_compile_options(house INTERFACE -Werror)
 endif()
+# A sanitizer's run-time stands in the program alone, so libraries miss it.
+set(HOUSE_NO_UNDEFINED -Wl,--no-undefined)
 if(HOUSE_SANITIZE)
+    set(HOUSE_NO_UNDEFINED "")
     target_compile_options(house INTERFACE -fsanitize=${HOUSE_SANITIZE} -fno-omit-frame-pointer
                                            -fno-sanitize-recover=undefined)
     target_link_options(house INTERFACE -fsanitize=${HOUSE_SANITIZE})
@@ -77,7 +80,7 @@ function(house_host_library)
     add_library(prancheta SHARED ${objects})
     target_include_directories(prancheta PUBLIC ${CMAKE_SOURCE_DIR})
     target_link_libraries(prancheta PUBLIC arx protocol PRIVATE ${CMAKE_DL_LIBS})
-    target_link_options(prancheta PRIVATE -Wl,--no-undefined -Wl,-Bsymbolic-functions)
+    target_link_options(prancheta PRIVATE ${HOUSE_NO_UNDEFINED} -Wl,-Bsymbolic-functions)
 endfunction()
 
 # house_module(NAME OUTPUT file name SOURCES ... KNOWS ...)
@@ -89,7 +92,7 @@ function(house_module name)
     cmake_path(GET MODULE_OUTPUT EXTENSION extension)
     set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${stem} SUFFIX ${extension})
     target_link_libraries(${name} PUBLIC arx ${MODULE_KNOWS} PRIVATE prancheta)
-    target_link_options(${name} PRIVATE -Wl,--no-undefined)
+    target_link_options(${name} PRIVATE ${HOUSE_NO_UNDEFINED})
 endfunction()
 
 # house_test(NAME SOURCES ... KNOWS ...): one GoogleTest program, one test of ctest.

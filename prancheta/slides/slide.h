@@ -36,8 +36,8 @@ struct Slide {
 /// alone. Errors carry the offset in their text.
 Result<Slide> readSlide(std::string_view bytes);
 
-/// Little-endian, current header. Polygons of more than 10 points are not part of the format: they
-/// are an error of the caller and are left out.
+/// Little-endian, current header. What the format cannot hold is left out: polygons of more than 10
+/// points or with a corner below the screen, strokes that lie wholly to the left of it.
 std::string writeSlide(const Slide& slide);
 
 }  // namespace prancheta::slides

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Encoder of slide images: whole vectors, fills and colours only.
+#include <algorithm>
 #include <cmath>
 
 #include "prancheta/slides/slide.h"
@@ -34,7 +35,9 @@ void fillRecord(std::string& out, int x, int y) {
 void element(std::string& out, const Element& element) {
     const auto& points = element.points;
     if (points.size() == 2) {
-        for (const Pixel& p : points) {
+        // The first word also tells the kind of the record: it cannot be negative.
+        const bool turned = points[0].x < 0;
+        for (const Pixel& p : {points[turned ? 1 : 0], points[turned ? 0 : 1]}) {
             word(out, p.x);
             word(out, p.y);
         }
@@ -46,6 +49,14 @@ void element(std::string& out, const Element& element) {
     fillRecord(out, count, -1);
 }
 
+/// A stroke that lies wholly to the left of the screen has no place in the format, nor has a corner
+/// below it.
+bool canBeWritten(const Element& e) {
+    if (e.points.size() == 2) return e.points[0].x >= 0 || e.points[1].x >= 0;
+    return e.points.size() > 2 && e.points.size() <= 10 &&
+           std::all_of(e.points.begin(), e.points.end(), [](Pixel p) { return p.y >= 0; });
+}
+
 }  // namespace
 
 std::string writeSlide(const Slide& slide) {
@@ -53,7 +64,7 @@ std::string writeSlide(const Slide& slide) {
     header(out, slide);
     int color = -1;
     for (const Element& e : slide.elements) {
-        if (e.points.size() < 2 || e.points.size() > 10) continue;
+        if (!canBeWritten(e)) continue;
         if (e.color != color) word(out, 0xFF00U | e.color);
         color = e.color;
         element(out, e);
