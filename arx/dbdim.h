@@ -2,22 +2,24 @@
 // Dimensions.
 #pragma once
 
+#include <memory>
+
 #include "dbents.h"
 
 class AcDbDimension : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDimension);
 
-    AcDbObjectId dimensionStyle() const { return m_style; }
+    AcDbObjectId dimensionStyle() const { return m_own ? m_own->style : AcDbObjectId(); }
     /// A null id means the database's current style.
     Acad::ErrorStatus setDimensionStyle(AcDbObjectId id);
-    const ACHAR* dimensionTextConst() const { return m_text.c_str(); }
+    const ACHAR* dimensionTextConst() const { return m_own ? m_own->text.c_str() : L""; }
     /// "" or "<>" is the measured value; "<>" inside a text is replaced by it.
     Acad::ErrorStatus setDimensionText(const ACHAR* text);
     /// Middle of the text; where the style puts it unless it was set.
     AcGePoint3d textPosition() const;
     Acad::ErrorStatus setTextPosition(const AcGePoint3d& p);
-    bool isUsingDefaultTextPosition() const { return !m_userTextPosition; }
+    bool isUsingDefaultTextPosition() const { return !m_own || !m_own->userTextPosition; }
     Acad::ErrorStatus useDefaultTextPosition();
     /// Measured value, drawing units.
     virtual double measurement() const = 0;
@@ -25,22 +27,33 @@ public:
     double dimscale() const;
     Acad::ErrorStatus setDimscale(double scale);
     /// The dimension's own scale; 0 when it takes the style's.
-    double ownDimscale() const { return m_dimscale; }
+    double ownDimscale() const { return m_own ? m_own->dimscale : 0.0; }
     /// Text as shown: the measured value by the style's decimals and separator, or the user's.
     std::wstring shownText() const;
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
 
 protected:
+    /// What a dimension seldom says for itself.
+    struct Own {
+        AcGePoint3d textPosition;
+        bool userTextPosition = false;
+        AcDbObjectId style;
+        std::wstring text;
+        double dimscale = 0.0;
+        double oblique = 0.0;
+    };
     AcDbDimension() = default;
     virtual AcGePoint3d defaultTextPosition() const = 0;
-    AcGePoint3d m_textPosition;
-    bool m_userTextPosition = false;
+    /// Null until something is said.
+    const Own* own() const { return m_own.get(); }
+    Own& makeOwn() {
+        if (!m_own) m_own = std::make_unique<Own>();
+        return *m_own;
+    }
 
 private:
-    AcDbObjectId m_style;
-    std::wstring m_text;
-    double m_dimscale = 0.0;
+    std::unique_ptr<Own> m_own;
 };
 
 /// Distance of two points, measured along their own direction. Points that coincide measure 0.
@@ -54,7 +67,7 @@ class AcDbAlignedDimension : public AcDbDimension {
     AcGePoint3d xLine2Point() const { return m_xLine2; }
     /// A point that the dimension line passes through, as it was given.
     AcGePoint3d dimLinePoint() const { return m_dimLine; }
-    double oblique() const { return m_oblique; }
+    double oblique() const { return own() != nullptr ? own()->oblique : 0.0; }
     Acad::ErrorStatus setXLine1Point(const AcGePoint3d& p);
     Acad::ErrorStatus setXLine2Point(const AcGePoint3d& p);
     Acad::ErrorStatus setDimLinePoint(const AcGePoint3d& p);
@@ -72,5 +85,4 @@ private:
     AcGePoint3d m_xLine1;
     AcGePoint3d m_xLine2;
     AcGePoint3d m_dimLine;
-    double m_oblique = 0.0;
 };

@@ -32,16 +32,13 @@ botoes_do_catalogo : row {
     : button { key = "deltolist"; label = "&Remover"; is_enabled = false; }
 }
 
-// Figura da seção, escolha da vista, ponto de inserção, cotas e função da barra.
+// Figura da seção, que ocupa o que sobra da coluna; escolha da vista, ponto de inserção, cotas e função da barra.
 vista_e_insercao : column {
     : image {
         key = "showall";
         width = 32;
         aspect_ratio = 1.33;
         color = graphics_background;
-        fixed_width = true;
-        fixed_height = true;
-        alignment = centered;
     }
     : boxed_column {
         label = "Vista";
@@ -59,7 +56,6 @@ vista_e_insercao : column {
         : toggle { key = "dimensionar"; label = "Co&tas automáticas"; }
         : button { key = "ButtonTipoBarra"; label = "Ti&po de barra..."; }
     }
-    spacer_0;
 }
 
 // Mensagem de erro e saída.

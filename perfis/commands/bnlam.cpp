@@ -87,6 +87,6 @@ const ProfileDescription kCantoneiraGirada = {
 
 }  // namespace
 
-void bnlam() { runCommand(kCantoneiraGirada); }
+std::unique_ptr<ProfileRun> bnlam() { return std::make_unique<ProfileRun>(kCantoneiraGirada); }
 
 }  // namespace perfis

@@ -2,8 +2,8 @@
 // The flow of the built-up commands: lacing dialog, acceptance, generation with plates.
 #include "perfis/commands/built_up_run.h"
 
+#include "perfis/commands/lacing_values.h"
 #include "perfis/commands/profile_generator.h"
-#include "perfis/commands/profile_run.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/frame/portability.h"
@@ -31,7 +31,8 @@ protected:
     void wireOwnTiles(ads_hdlg dialog) override;
     void showOwnTiles(ads_hdlg dialog) override;
     const wchar_t* acceptFault(ads_hdlg dialog) override;
-    int generate() override;
+    PlateLaying plateLaying() override;
+    void takePiece(const PieceValues& piece) override;
     bool reopensAfter(int status) const override {
         return status == kDialogReopen || status == kDialogReopenAtOnce;
     }
@@ -41,7 +42,7 @@ private:
     void onPlanes(const ads_callback_packet& packet);
     bool isLaced();
     bool isSectionValid();
-    LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point);
+    LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply);
 
     const BuiltUpRule& m_rule;
     double m_A = 0.0;  ///< plate height; 0: no plates
@@ -120,7 +121,7 @@ const wchar_t* BuiltUpRun::acceptFault(ads_hdlg dialog) {
     return nullptr;
 }
 
-LaidPlates BuiltUpRun::layPlates(ZpObject& piece, const AcGePoint3d& point) {
+LaidPlates BuiltUpRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
     return m_rule.layPlates({piece,
                              point,
                              chosenView(state().views),
@@ -128,22 +129,34 @@ LaidPlates BuiltUpRun::layPlates(ZpObject& piece, const AcGePoint3d& point) {
                              m_C,
                              m_A,
                              {state().views.length, m_L1},
-                             m_planes});
+                             m_planes,
+                             supply});
 }
 
-int BuiltUpRun::generate() {
+void BuiltUpRun::takePiece(const PieceValues& piece) {
+    ProfileRun::takePiece(piece);
+    const PieceLacing lacing = lacingOf(piece);
+    if (lacing.plates.A <= 0.0) return;
+    m_A = m_rule.plateHeight == PlateHeight::kClearance ? state().medidas.a : lacing.plates.A;
+    m_C = lacing.plates.C;
+    m_planes = lacing.planes;
+    (void)CalcEspacamento(lacing.plates, piece.length, m_L1);
+}
+
+PlateLaying BuiltUpRun::plateLaying() {
     if (m_rule.sides == SidesDrawn::kAboveAndRight)
         state().views.view = drawnSide(state().views.view);
-    if (m_A <= 0.0) return ProfileRun::generate();
-    return generateProfile(
-        description(), state(),
-        [this](ZpObject& piece, const AcGePoint3d& point) { return layPlates(piece, point); });
+    if (m_A <= 0.0) return nullptr;
+    return [this](ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
+        return layPlates(piece, point, supply);
+    };
 }
 
 }  // namespace
 
-void runBuiltUp(const ProfileDescription& description, const BuiltUpRule& rule) {
-    runCommand<BuiltUpRun>(description, rule);
+std::unique_ptr<ProfileRun> makeBuiltUp(const ProfileDescription& description,
+                                        const BuiltUpRule& rule) {
+    return std::make_unique<BuiltUpRun>(description, rule);
 }
 
 bool lacingHolds(double A, double C, double L1, const LacingTest& test) {

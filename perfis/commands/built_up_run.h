@@ -3,7 +3,7 @@
 #pragma once
 
 #include "perfis/commands/plate_schemes.h"
-#include "perfis/commands/profile_description.h"
+#include "perfis/commands/profile_run.h"
 
 namespace perfis {
 
@@ -38,8 +38,9 @@ struct BuiltUpRule {
     bool choosesPlanes = false;
 };
 
-/// One whole run of a built-up command. No exception leaves it.
-void runBuiltUp(const ProfileDescription& description, const BuiltUpRule& rule);
+/// A run of a built-up command.
+std::unique_ptr<ProfileRun> makeBuiltUp(const ProfileDescription& description,
+                                        const BuiltUpRule& rule);
 
 /// Faults of the lacing are told with this message.
 inline constexpr const wchar_t* kInvalidLacing = L"Erro no Travejamento.";

@@ -67,6 +67,8 @@ const ProfileDescription kCaixaDeCantoneiras = {
 
 }  // namespace
 
-void cantoneiracaixalaminada() { runCommand(kCaixaDeCantoneiras); }
+std::unique_ptr<ProfileRun> cantoneiracaixalaminada() {
+    return std::make_unique<ProfileRun>(kCaixaDeCantoneiras);
+}
 
 }  // namespace perfis

@@ -2,7 +2,7 @@
 // The toggle "travejar": turned on it asks for the lacing, turned off it forgets it.
 #include "perfis/commands/laced_run.h"
 
-#include "perfis/commands/profile_generator.h"
+#include "perfis/commands/lacing_values.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/frame/portability.h"
@@ -28,12 +28,13 @@ protected:
         const bool valid = description().valid(state().medidas);
         enableTile(dialog, kToggle, valid && isMember());
     }
-    int generate() override;
+    PlateLaying plateLaying() override;
+    void takePiece(const PieceValues& piece) override;
 
 private:
     bool isMember() { return !state().views.sectionOnly && state().views.length > 0.0; }
     bool editLacing();
-    LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point);
+    LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply);
     void onToggle(const ads_callback_packet& packet);
 
     const ToggleLacing& m_lacing;
@@ -66,9 +67,9 @@ void LacedRun::onToggle(const ads_callback_packet& packet) {
     setToggle(packet.dialog, kToggle, false);
 }
 
-LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point) {
+LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
     const Medidas& medidas = state().medidas;
-    PlateMaker maker(piece, {m_plates.C, medidas.t, m_plates.A});
+    PlateMaker maker(piece, {m_plates.C, medidas.t, m_plates.A}, supply);
     const PlateRule rule = state().views.view == ZpObject::kVistaDireita
                                ? onEdgeSwapped(m_lacing.edgeRow(medidas))
                                : flat(m_plates.A / 2.0);
@@ -78,19 +79,25 @@ LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point) {
     return plates;
 }
 
-int LacedRun::generate() {
-    if (m_plates.A <= 0.0 || !isMember()) return ProfileRun::generate();
+void LacedRun::takePiece(const PieceValues& piece) {
+    ProfileRun::takePiece(piece);
+    m_plates = lacingOf(piece).plates;
+}
+
+PlateLaying LacedRun::plateLaying() {
+    if (m_plates.A <= 0.0 || !isMember()) return nullptr;
     // The member may have got another length since its lacing was edited: the parts are kept.
     (void)CalcEspacamento(m_plates, state().views.length, m_spacing);
-    return generateProfile(
-        description(), state(),
-        [this](ZpObject& piece, const AcGePoint3d& point) { return layPlates(piece, point); });
+    return [this](ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
+        return layPlates(piece, point, supply);
+    };
 }
 
 }  // namespace
 
-void runLaced(const ProfileDescription& description, const ToggleLacing& lacing) {
-    runCommand<LacedRun>(description, lacing);
+std::unique_ptr<ProfileRun> makeLaced(const ProfileDescription& description,
+                                      const ToggleLacing& lacing) {
+    return std::make_unique<LacedRun>(description, lacing);
 }
 
 }  // namespace perfis

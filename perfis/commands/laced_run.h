@@ -12,7 +12,8 @@ struct ToggleLacing {
     double (*edgeRow)(const Medidas&);    ///< line of a row on edge, from the piece's point
 };
 
-/// A profile command with lacing. No exception leaves it.
-void runLaced(const ProfileDescription& description, const ToggleLacing& lacing);
+/// A run of a profile command with lacing.
+std::unique_ptr<ProfileRun> makeLaced(const ProfileDescription& description,
+                                      const ToggleLacing& lacing);
 
 }  // namespace perfis

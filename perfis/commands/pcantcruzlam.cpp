@@ -65,6 +65,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pcantcruzlam() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pcantcruzlam() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

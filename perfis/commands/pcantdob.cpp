@@ -57,6 +57,12 @@ std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
                                                  kPi / 2, 0.0, 0.0);
 }
 
+/// The inverse of what onePoint does with the views.
+int figureOf(ZpObject::ZpVistas view, double turn) {
+    if (turn == 0.0) return view;
+    return view == ZpObject::kVistaInferior ? ZpObject::kVistaSuperior : ZpObject::kVistaEsquerda;
+}
+
 const ProfileDescription kCantoneira = {
     .dialog = L"pl_geracao",
     .list = L"pl.lst",
@@ -70,6 +76,7 @@ const ProfileDescription kCantoneira = {
     .onePoint = onePoint,
     .twoPoints = twoPoints,
     .dimensionSection = dimensionWVT,
+    .figureOf = figureOf,
 };
 
 constexpr ToggleLacing kLacing = {
@@ -79,6 +86,6 @@ constexpr ToggleLacing kLacing = {
 
 }  // namespace
 
-void pcantdob() { runLaced(kCantoneira, kLacing); }
+std::unique_ptr<ProfileRun> pcantdob() { return makeLaced(kCantoneira, kLacing); }
 
 }  // namespace perfis

@@ -57,6 +57,6 @@ const ProfileDescription kCantoneiraLaminada = {
 
 }  // namespace
 
-void pcantlam() { runCommand(kCantoneiraLaminada); }
+std::unique_ptr<ProfileRun> pcantlam() { return std::make_unique<ProfileRun>(kCantoneiraLaminada); }
 
 }  // namespace perfis

@@ -49,6 +49,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pcanttdob() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pcanttdob() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -51,6 +51,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pcanttelam() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pcanttelam() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

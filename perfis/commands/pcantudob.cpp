@@ -49,6 +49,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pcantudob() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pcantudob() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -51,6 +51,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pcantulam() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pcantulam() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -62,6 +62,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pcantxdob() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pcantxdob() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -78,6 +78,6 @@ constexpr ToggleLacing kLacing = {
 
 }  // namespace
 
-void pcartola() { runLaced(kCartola, kLacing); }
+std::unique_ptr<ProfileRun> pcartola() { return makeLaced(kCartola, kLacing); }
 
 }  // namespace perfis

@@ -67,6 +67,6 @@ constexpr ToggleLacing kLacing = {
 
 }  // namespace
 
-void pcxdoben() { runLaced(kCaixa, kLacing); }
+std::unique_ptr<ProfileRun> pcxdoben() { return makeLaced(kCaixa, kLacing); }
 
 }  // namespace perfis

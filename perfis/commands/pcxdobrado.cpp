@@ -48,6 +48,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pcxdobrado() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pcxdobrado() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

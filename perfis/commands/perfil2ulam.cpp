@@ -58,6 +58,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void perfil2ulam() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> perfil2ulam() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -45,6 +45,8 @@ const ProfileDescription kBarraRedonda = {
 
 }  // namespace
 
-void perfilbarraredonda() { runCommand(kBarraRedonda); }
+std::unique_ptr<ProfileRun> perfilbarraredonda() {
+    return std::make_unique<ProfileRun>(kBarraRedonda);
+}
 
 }  // namespace perfis

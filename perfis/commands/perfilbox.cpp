@@ -59,6 +59,6 @@ const ProfileDescription kBox = {
 
 }  // namespace
 
-void perfilbox() { runCommand(kBox); }
+std::unique_ptr<ProfileRun> perfilbox() { return std::make_unique<ProfileRun>(kBox); }
 
 }  // namespace perfis

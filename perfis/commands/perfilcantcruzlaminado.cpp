@@ -63,6 +63,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void perfilcantcruzlaminado() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> perfilcantcruzlaminado() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -61,6 +61,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void perfilcantzlaminado() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> perfilcantzlaminado() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -61,6 +61,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void perfilicartola() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> perfilicartola() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

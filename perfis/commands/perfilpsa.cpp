@@ -102,6 +102,6 @@ protected:
 
 }  // namespace
 
-void perfilpsa() { runCommand<PsaRun>(); }
+std::unique_ptr<ProfileRun> perfilpsa() { return std::make_unique<PsaRun>(); }
 
 }  // namespace perfis

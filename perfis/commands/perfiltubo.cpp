@@ -61,6 +61,6 @@ const ProfileDescription kTubo = {
 
 }  // namespace
 
-void perfiltubo() { runCommand(kTubo); }
+std::unique_ptr<ProfileRun> perfiltubo() { return std::make_unique<ProfileRun>(kTubo); }
 
 }  // namespace perfis

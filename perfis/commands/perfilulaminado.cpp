@@ -49,6 +49,8 @@ const ProfileDescription kPerfilULaminado = {
 
 }  // namespace
 
-void perfilulaminado() { runCommand(kPerfilULaminado); }
+std::unique_ptr<ProfileRun> perfilulaminado() {
+    return std::make_unique<ProfileRun>(kPerfilULaminado);
+}
 
 }  // namespace perfis

@@ -50,6 +50,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void perfiluulaminado() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> perfiluulaminado() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -53,6 +53,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pidobrado() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pidobrado() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -54,6 +54,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-void pienrdobrado() { runBuiltUp(kDescription, kRule); }
+std::unique_ptr<ProfileRun> pienrdobrado() { return makeBuiltUp(kDescription, kRule); }
 
 }  // namespace perfis

@@ -75,6 +75,7 @@ protected:
     void showList(ads_hdlg dialog) override;
     void pickRow(ads_hdlg dialog, int index) override;
     bool loadsOnce() const override { return true; }
+    void takePiece(const PieceValues& piece) override;
 
 private:
     template <int Source>
@@ -86,6 +87,12 @@ private:
     const RolledSource& source() { return rolledSource(state().source); }
     int& selected() { return m_selected.at(static_cast<std::size_t>(state().source)); }
 
+    int rowLike(const Medidas& medidas);
+
+    /// The row is found once the list is there.
+    static constexpr int kLikePiece = -2;
+    /// A size that is in no list.
+    static constexpr int kNoRow = -1;
     std::array<int, kRolledSourceCount> m_selected{};
     ZpStringList m_data;  ///< of the source in force
 };
@@ -107,6 +114,25 @@ void RolledRun::showOwnTiles(ads_hdlg dialog) {
     setTile(dialog, source().radio, 1);
 }
 
+/// The list of the piece's type; European and American ones have their own.
+void RolledRun::takePiece(const PieceValues& piece) {
+    ProfileRun::takePiece(piece);
+    const auto type = static_cast<int>(piece.values[zp::secao::Papel::Tipo]);
+    for (int i = 0; i < kRolledSourceCount; ++i)
+        if (rolledSource(i).sectionType == type) state().source = i;
+    selected() = kLikePiece;
+}
+
+int RolledRun::rowLike(const Medidas& m) {
+    for (int row = 0; row < m_data.length(); ++row) {
+        const RolledSize size = rolledSize(source(), m_data.at(row));
+        if (textToReal(size.H) == m.h && textToReal(size.B) == m.b && textToReal(size.tf) == m.t &&
+            textToReal(size.tw) == m.a && textToReal(size.mass) == m.m)
+            return row;
+    }
+    return kNoRow;
+}
+
 /// A file that is missing leaves everything behind it as it was.
 void RolledRun::showList(ads_hdlg dialog) {
     const std::wstring folder = installationFolder().value_or(L"");
@@ -116,8 +142,11 @@ void RolledRun::showList(ads_hdlg dialog) {
     (void)fillList(dialog, L"lista", sizes);
     const auto dataPath = listPath(folder, source().data);
     if (!dataPath || !readRolledLines(*dataPath, m_data)) return;
-    setTile(dialog, L"lista", selected());
-    pickRow(dialog, selected());
+    if (selected() == kLikePiece) selected() = rowLike(state().medidas);
+    if (selected() >= 0) {
+        setTile(dialog, L"lista", selected());
+        pickRow(dialog, selected());
+    }
     setTile(dialog, L"vilam_dlg", source().title);
     setTile(dialog, L"list_title", source().header);
 }
@@ -140,6 +169,6 @@ void RolledRun::pickRow(ads_hdlg dialog, int index) {
 
 }  // namespace
 
-void pilaminado() { runCommand<RolledRun>(); }
+std::unique_ptr<ProfileRun> pilaminado() { return std::make_unique<RolledRun>(); }
 
 }  // namespace perfis

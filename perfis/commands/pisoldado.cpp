@@ -70,6 +70,10 @@ protected:
     void showList(ads_hdlg dialog) override;
     void pickRow(ads_hdlg dialog, int index) override;
     void keepEdits(const std::wstring& path) override;
+    void takePiece(const PieceValues& piece) override {
+        ProfileRun::takePiece(piece);
+        state().source = piece.series;
+    }
 
 private:
     template <int Source>
@@ -160,6 +164,6 @@ void WeldedRun::keepEdits(const std::wstring& path) {
 
 }  // namespace
 
-void pisoldado() { runCommand<WeldedRun>(); }
+std::unique_ptr<ProfileRun> pisoldado() { return std::make_unique<WeldedRun>(); }
 
 }  // namespace perfis

@@ -10,7 +10,7 @@ namespace {
 constexpr PlateTurn kUpright{};
 
 PlateMaker makerFor(const LacedMember& member) {
-    return {member.piece, {member.C, member.medidas.t, member.A}};
+    return {member.piece, {member.C, member.medidas.t, member.A}, member.supply};
 }
 
 bool isSection(const LacedMember& member) { return member.view == ZpObject::kVistaSecao; }

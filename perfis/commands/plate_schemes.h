@@ -19,7 +19,8 @@ struct LacedMember {
     double C = 0.0;  ///< width of a plate, along the member, mm
     double A = 0.0;  ///< height of a plate, across the member, mm
     PlateSpacing spacing;
-    LacedPlanes planes = LacedPlanes::kBoth;
+    LacedPlanes planes;
+    PlateSupply& supply;
 };
 
 /// One row of plates that lie on a face at `face` mm above the member's point.

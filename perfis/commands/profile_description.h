@@ -84,6 +84,9 @@ struct ProfileDescription {
     bool listsAtOwnPoint = false;
     /// Last settings of a piece before it enters the drawing.
     void (*finish)(ZpObject&, const PieceRequest&) = nullptr;
+    /// Figure of the views dialog from the view and the turn that a member carries; null where the
+    /// figure is the view.
+    int (*figureOf)(ZpObject::ZpVistas view, double turn) = nullptr;
     /// Row that replaces another one; null where it is built as a new one is.
     std::wstring (*buildReplacement)(ads_hdlg) = nullptr;
 };

@@ -9,14 +9,11 @@
 #include "perfis/entities/zpfuncoes.h"
 #include "perfis/output/material_list.h"
 #include "perfis/output/object_jig.h"
+#include "perfis/output/open_piece.h"
 #include "perfis/output/shared_dimension.h"
 
 namespace perfis {
 namespace {
-
-PieceRequest requestFor(const RunState& state, ZpObject::ZpVistas view) {
-    return {view, state.medidas, state.views.length, state.source};
-}
 
 /// Members without a rule of their own are made at the picked point and then moved to a face point.
 /// Returns where the piece's own point stands.
@@ -31,24 +28,6 @@ void finish(const ProfileDescription& description, const RunState& state,
             const PieceRequest& request, ZpObject& piece) {
     prepare(piece, state.barType);
     if (description.finish != nullptr) description.finish(piece, request);
-}
-
-/// Fills the companions' marks.
-void enterInMaterialList(const ViewsChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
-                         LaidPlates& plates, Companions& companions) {
-    if (views.sectionOnly || !views.materialList) return;
-    const int pieces = pieceCount(views);
-    auto& [mark, firstMark, secondMark] = companions.marks;
-    if (plates.rows.empty()) {
-        (void)MatListPerfil(picked, pieces, piece, mark);
-    } else if (plates.rows.size() == 1) {
-        const PlateRow& row = plates.rows[0];
-        (void)MatListPerfilChapa(picked, pieces, piece, mark, row.plate, firstMark, row.count);
-    } else {
-        (void)MatListPerfil2Chapas(picked, pieces, piece, mark, plates.rows[0], plates.rows[1]);
-        firstMark = plates.rows[0].mark;
-        secondMark = plates.rows[1].mark;
-    }
 }
 
 void turn(const ProfileDescription& description, const AcGePoint3d& base, AcDbObjectId piece,
@@ -83,10 +62,11 @@ int placeOnePiece(const ProfileDescription& description, RunState& state,
     OpenPiece piece(std::move(made));
     if (!piece.resident()) return RTERROR;
     LaidPlates plates;
-    if (layPlates) plates = layPlates(*piece, point);
+    PlateSupply supply;
+    if (layPlates) plates = layPlates(*piece, point, supply);
     Companions companions;
     companions.others = plates.ids;
-    companions.dimensions = dimensionPiece(description, state, piece, plates);
+    companions.dimensions = dimensionPiece(description, state, *piece, plates);
     tiePlates(*piece, plates.ids);
     piece.close();
 
@@ -146,14 +126,12 @@ int drawBetweenPoints(const ProfileDescription& description, const RunState& sta
     }
 }
 
-std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
-                                         const RunState& state, OpenPiece& piece,
-                                         const LaidPlates& plates) {
-    if (sharedDimensionFlag() == 0) return {};
+PieceDimensions layOutDimensions(const ProfileDescription& description, const RunState& state,
+                                 const ZpObject& piece, double pitch) {
     AcGePoint3d faces[4];
-    piece->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
+    piece.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     AcGePoint3d origin;
-    (void)piece->StartPoint(origin);
+    (void)piece.StartPoint(origin);
     PieceDimensions dimensions(origin, faces);
     if (state.views.sectionOnly) {
         description.dimensionSection(dimensions, state.medidas);
@@ -161,11 +139,41 @@ std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
         dimensions.width();
         dimensions.height();
         const AcGePoint3d plate(origin.x, faces[1].y, origin.z);
-        dimensions.add(plate, plate + dimensions.by(plates.pitch, 0.0),
+        dimensions.add(plate, plate + dimensions.by(pitch, 0.0),
                        plate + dimensions.off(0.0, -kFarLine));
     }
-    for (AcDbObjectId id : dimensions.ids()) (void)piece->LinkDim(id);
-    return dimensions.ids();
+    return dimensions;
+}
+
+std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
+                                         const RunState& state, ZpObject& piece,
+                                         const LaidPlates& plates) {
+    if (sharedDimensionFlag() == 0) return {};
+    const std::vector<AcDbObjectId> ids =
+        layOutDimensions(description, state, piece, plates.pitch).make();
+    for (AcDbObjectId id : ids) (void)piece.LinkDim(id);
+    return ids;
+}
+
+PieceRequest requestFor(const RunState& state, ZpObject::ZpVistas view) {
+    return {view, state.medidas, state.views.length, state.source};
+}
+
+void enterInMaterialList(const ViewsChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
+                         LaidPlates& plates, Companions& companions) {
+    if (views.sectionOnly || !views.materialList) return;
+    const int pieces = pieceCount(views);
+    auto& [mark, firstMark, secondMark] = companions.marks;
+    if (plates.rows.empty()) {
+        (void)MatListPerfil(picked, pieces, piece, mark);
+    } else if (plates.rows.size() == 1) {
+        const PlateRow& row = plates.rows[0];
+        (void)MatListPerfilChapa(picked, pieces, piece, mark, row.plate, firstMark, row.count);
+    } else {
+        (void)MatListPerfil2Chapas(picked, pieces, piece, mark, plates.rows[0], plates.rows[1]);
+        firstMark = plates.rows[0].mark;
+        secondMark = plates.rows[1].mark;
+    }
 }
 
 int pieceCount(const ViewsChoice& views) { return std::max(1, views.pieces); }

@@ -2,20 +2,14 @@
 // Makes the drawing of a command that draws one piece.
 #pragma once
 
-#include <functional>
-
 #include "perfis/commands/profile_description.h"
 #include "perfis/commands/run_state.h"
-#include "perfis/output/open_piece.h"
 #include "perfis/output/plates.h"
 
 namespace perfis {
 
 /// Length of the piece that stands for a section.
 inline constexpr double kSectionLength = 1000.0;
-
-/// Lays the lacing plates of a piece that is in the drawing and open; `point` is the piece's own.
-using PlateLaying = std::function<LaidPlates(ZpObject& piece, const AcGePoint3d& point)>;
 
 /// Asks for points, draws the piece, its plates, its dimensions and its rows of the material list,
 /// and hands all to placement; with pick-and-go drags pieces until one is refused. RTNORM, or RTCAN
@@ -36,11 +30,24 @@ int dragPieces(const ProfileDescription& description, const RunState& state);
 /// Draws pieces between two picked points until one is refused: RTCAN.
 int drawBetweenPoints(const ProfileDescription& description, const RunState& state);
 
-/// Makes the automatic dimensions of the piece and of the pitch of its plates when the shared flag
-/// asks for them, and ties them to the piece.
+/// Lays out the automatic dimensions of a piece that stands along X; `pitch` is that of its plates,
+/// 0 without plates.
+PieceDimensions layOutDimensions(const ProfileDescription& description, const RunState& state,
+                                 const ZpObject& piece, double pitch);
+
+/// Makes these dimensions when the shared flag asks for them, and ties them to the piece, which is
+/// open for write.
 std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
-                                         const RunState& state, OpenPiece& piece,
+                                         const RunState& state, ZpObject& piece,
                                          const LaidPlates& plates = {});
+
+/// What a new piece is made of, seen like this.
+PieceRequest requestFor(const RunState& state, ZpObject::ZpVistas view);
+
+/// Enters a member and its plates in the material list when the user asked for that, and fills the
+/// companions' marks.
+void enterInMaterialList(const ViewsChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
+                         LaidPlates& plates, Companions& companions);
 
 /// Number of pieces as the material list takes it: at least 1.
 int pieceCount(const ViewsChoice& views);

@@ -4,9 +4,13 @@
 #include "perfis/commands/profile_run.h"
 
 #include "acutads.h"
+#include "adscodes.h"
+#include "perfis/commands/handlers.h"
+#include "perfis/commands/piece_rebuild.h"
 #include "perfis/commands/profile_generator.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
+#include "perfis/entities/zpfuncoes.h"
 #include "perfis/frame/portability.h"
 #include "perfis/output/shared_dimension.h"
 
@@ -17,21 +21,25 @@ ProfileRun::ProfileRun(const ProfileDescription& description)
       m_catalogue(description.makeCatalogue()),
       m_state(resetState(description)) {}
 
-void ProfileRun::execute() {
+void ProfileRun::execute() { (void)runDialog(); }
+
+/// False when the dialog could not be opened.
+bool ProfileRun::runDialog() {
     const std::optional<std::wstring> folder = requiredInstallationFolder();
-    if (!folder) return;
+    if (!folder) return false;
     const wchar_t* const list = m_description.list;
     const std::optional<std::wstring> path = listPath(*folder, list != nullptr ? list : L"");
     if (!path || !slidePath(*folder, m_description.slides, L"secao")) {
         reportLongPath();
-        return;
+        return false;
     }
     if (list != nullptr) m_catalogue->read(*path);
     if (runLoop(L"perfis.dcl", m_description.dialog) == kDialogDone) {
         keepEdits(*path);
-    } else {
-        (void)acutPrintf(L"\nErro ao executar função");
+        return true;
     }
+    (void)acutPrintf(L"\nErro ao executar função");
+    return false;
 }
 
 void ProfileRun::keepEdits(const std::wstring& path) {
@@ -57,21 +65,59 @@ void ProfileRun::open(ads_hdlg dialog) {
 
 void ProfileRun::closed(int status) {
     if (status == kDialogAccepted) {
+        const PlateLaying plates = plateLaying();
+        if (editing()) {
+            m_editResult = rebuildPiece(m_description, m_state, *m_edited, plates);
+            return;
+        }
         // A refused point ends the command as normally as a drawn piece.
-        (void)generate();
+        (void)generateProfile(m_description, m_state, plates);
     } else if (status == kDialogReopen) {
         // A views dialog that cannot be opened has said so; the choice stays.
         (void)editViews(m_description.slides, m_state.views, m_description.figures);
+        // A piece that stands is not placed by its points.
+        if (editing()) m_state.views.pickAndGo = false;
     }
 }
 
-int ProfileRun::generate() { return generateProfile(m_description, m_state); }
+int ProfileRun::edit(const PieceValues& piece) {
+    takePiece(piece);
+    m_edited = &piece;
+    m_editResult = RTCAN;
+    sharedDimensionFlag() = piece.dimensioned ? 1 : 0;
+    const bool shown = runDialog();
+    sharedDimensionFlag() = 0;
+    m_edited = nullptr;
+    return shown ? m_editResult : RTERROR;
+}
+
+void ProfileRun::layAgain(const PieceValues& piece) {
+    takePiece(piece);
+    layPlatesAgain(m_state, piece, plateLaying());
+}
+
+void ProfileRun::takePiece(const PieceValues& piece) {
+    m_state.medidas = piece.medidas;
+    m_state.barType = piece.barType;
+    for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
+        m_state.texts[i] = FormatInString(piece.medidas.*m_description.tiles[i].value);
+    ViewsChoice& views = m_state.views;
+    views.sectionOnly = piece.view == ZpObject::kVistaSecao;
+    views.length = piece.length;
+    views.materialList = piece.listed > 0;
+    views.pieces = piece.listed;
+    if (!views.sectionOnly)
+        views.view = m_description.figureOf != nullptr
+                         ? m_description.figureOf(piece.view, piece.turn)
+                         : piece.view;
+}
 
 void ProfileRun::setSectionModes(ads_hdlg dialog) {
     const bool sectionOnly = m_state.views.sectionOnly;
     enableTile(dialog, L"OutraVista", !sectionOnly);
-    enableTile(dialog, L"visualizar", sectionOnly);
-    enableTile(dialog, L"ins_list", sectionOnly);
+    // The point of a piece that stands is not asked for.
+    enableTile(dialog, L"visualizar", sectionOnly && !editing());
+    enableTile(dialog, L"ins_list", sectionOnly && !editing());
 }
 
 void ProfileRun::showPreview(ads_hdlg dialog) {
@@ -129,6 +175,14 @@ void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
     }
     if (m_description.massColumn)
         m_state.medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
+}
+
+void draw(MakeRun make) {
+    try {
+        make()->execute();
+    } catch (const std::exception&) {
+        reportNoMemory();
+    }
 }
 
 void reportNoMemory() {

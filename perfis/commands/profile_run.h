@@ -6,9 +6,11 @@
 #include <memory>
 #include <string>
 
+#include "perfis/commands/piece_values.h"
 #include "perfis/commands/profile_description.h"
 #include "perfis/commands/run_state.h"
 #include "perfis/dialogs/dialog_loop.h"
+#include "perfis/output/plates.h"
 
 namespace perfis {
 
@@ -21,6 +23,12 @@ public:
 
     /// The whole command, from the installation folder to the catalogue's way back to its file.
     void execute();
+    /// Opens the dialog with the values of a piece that this command makes, and rebuilds the piece
+    /// in its place. RTNORM; RTCAN, and nothing changed, when the dialog was left; RTERROR when it
+    /// could not be opened or the piece could not be changed.
+    int edit(const PieceValues& piece);
+    /// Lays the plates of a laced piece again as its values now ask.
+    void layAgain(const PieceValues& piece);
 
 protected:
     const ProfileDescription& description() const { return m_description; }
@@ -47,8 +55,11 @@ protected:
     virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
     /// Message for the tile "error" when the dialog may not be accepted; null when it may.
     virtual const wchar_t* acceptFault(ads_hdlg dialog);
-    /// Makes the drawing after the dialog was accepted: RTNORM, RTCAN.
-    virtual int generate();
+    /// Takes a piece that is about to be edited into the state.
+    virtual void takePiece(const PieceValues& piece);
+    /// Last word before the drawing is made; what lays the plates, null for a piece without any.
+    virtual PlateLaying plateLaying() { return nullptr; }
+    bool editing() const { return m_edited != nullptr; }
     /// Writes the catalogue back at a normal end, where the command keeps its edits.
     virtual void keepEdits(const std::wstring& path);
 
@@ -60,6 +71,7 @@ private:
     template <void (ProfileRun::*Method)(const ads_callback_packet&)>
     static constexpr CLIENTFUNC callback = dialogCallback<ProfileRun, Method>;
 
+    bool runDialog();
     void wire(ads_hdlg dialog);
     void showInsertionNames(ads_hdlg dialog);
     void refillList(ads_hdlg dialog);
@@ -81,20 +93,11 @@ private:
     const ProfileDescription& m_description;
     std::unique_ptr<Catalogue> m_catalogue;
     RunState m_state;
+    const PieceValues* m_edited = nullptr;
+    int m_editResult = 0;
 };
 
 /// Says on the command line that a command was given up for lack of memory.
 void reportNoMemory();
-
-/// One whole run of a command. No exception leaves it: the only one to be expected is lack of
-/// memory.
-template <class Run = ProfileRun, class... Arguments>
-void runCommand(const Arguments&... arguments) {
-    try {
-        Run(arguments...).execute();
-    } catch (const std::exception&) {
-        reportNoMemory();
-    }
-}
 
 }  // namespace perfis

@@ -63,6 +63,6 @@ const ProfileDescription kPerfilUEnrijecido = {
 
 }  // namespace
 
-void pudoben() { runCommand(kPerfilUEnrijecido); }
+std::unique_ptr<ProfileRun> pudoben() { return std::make_unique<ProfileRun>(kPerfilUEnrijecido); }
 
 }  // namespace perfis

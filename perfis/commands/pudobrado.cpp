@@ -44,6 +44,6 @@ const ProfileDescription kPerfilU = {
 
 }  // namespace
 
-void pudobrado() { runCommand(kPerfilU); }
+std::unique_ptr<ProfileRun> pudobrado() { return std::make_unique<ProfileRun>(kPerfilU); }
 
 }  // namespace perfis

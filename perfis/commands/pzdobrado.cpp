@@ -64,6 +64,6 @@ const ProfileDescription kPerfilZ = {
 
 }  // namespace
 
-void pzdobrado() { runCommand(kPerfilZ); }
+std::unique_ptr<ProfileRun> pzdobrado() { return std::make_unique<ProfileRun>(kPerfilZ); }
 
 }  // namespace perfis

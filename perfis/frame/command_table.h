@@ -14,7 +14,7 @@ inline constexpr const ACHAR* kCommandGroup = L"ZPPERFIS";
 struct CommandRow {
     const ACHAR* globalName;
     const ACHAR* localName;
-    AcRxFunctionPtr handler;
+    AcRxFunctionPtr handler;  ///< no exception leaves it
 };
 
 std::span<const CommandRow> commandTable();

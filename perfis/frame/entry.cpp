@@ -2,6 +2,7 @@
 // Entry point of ZpPerfis18.arx: registers the command group at load and removes it at unload.
 #include "accmd.h"
 #include "acutads.h"
+#include "perfis/commands/piece_editor.h"
 #include "perfis/frame/command_table.h"
 #include "rxdefs.h"
 #include "rxregsvc.h"
@@ -31,7 +32,9 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
         (void)acrxUnlockApplication(pkt);
         (void)acrxRegisterAppMDIAware(pkt);
         registerCommands();
+        perfis::installPieceEditor();
     } else if (msg == AcRx::kUnloadAppMsg) {
+        perfis::removePieceEditor();
         AcEdCommandStack* const stack = commandStack();
         if (stack != nullptr) (void)stack->removeGroup(perfis::kCommandGroup);
     }

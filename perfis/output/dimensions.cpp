@@ -18,16 +18,24 @@ PieceDimensions::PieceDimensions(const AcGePoint3d& origin, const AcGePoint3d (&
 }
 
 void PieceDimensions::add(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint3d& line) {
-    if (from == to) return;
-    auto dimension = std::make_unique<AcDbAlignedDimension>(from, to, line);
-    dimension->setDatabaseDefaults();
-    (void)dimension->setLayer(ZpLayerToUsr(L"COTA"));  // otherwise the current one
-    // Text and arrows grow with the distances, whatever the style itself says.
-    if (dimension->dimscale() != m_scale) (void)dimension->setDimscale(m_scale);
-    AcDbObjectId id;
-    if (append(dimension.get(), id) != RTNORM) return;
-    (void)dimension.release()->close();
-    m_ids.push_back(id);
+    m_lines.push_back({from, to, line});
+}
+
+std::vector<AcDbObjectId> PieceDimensions::make() const {
+    std::vector<AcDbObjectId> ids;
+    for (const DimensionLine& line : m_lines) {
+        if (line.isEmpty()) continue;
+        auto dimension = std::make_unique<AcDbAlignedDimension>(line.from, line.to, line.line);
+        dimension->setDatabaseDefaults();
+        (void)dimension->setLayer(ZpLayerToUsr(L"COTA"));  // otherwise the current one
+        // Text and arrows grow with the distances, whatever the style itself says.
+        if (dimension->dimscale() != m_scale) (void)dimension->setDimscale(m_scale);
+        AcDbObjectId id;
+        if (append(dimension.get(), id) != RTNORM) continue;
+        (void)dimension.release()->close();
+        ids.push_back(id);
+    }
+    return ids;
 }
 
 void PieceDimensions::width() { add(face(1), face(3), face(1) + off(0.0, -kNearLine)); }

@@ -12,8 +12,15 @@ namespace perfis {
 inline constexpr double kNearLine = 10.0;
 inline constexpr double kFarLine = 17.0;
 
-/// Makes aligned dimensions of one piece from its limit points, in world coordinates, and puts them
-/// in the drawing. A dimension between equal points is not made.
+/// An aligned dimension, in world coordinates.
+struct DimensionLine {
+    AcGePoint3d from;
+    AcGePoint3d to;
+    AcGePoint3d line;  ///< a point on the dimension line
+    bool isEmpty() const { return from == to; }
+};
+
+/// Lays out the aligned dimensions of one piece from its limit points and makes them.
 class PieceDimensions {
 public:
     /// `origin` is the piece's reference point, `faces` its four limit points: upper left, lower
@@ -40,13 +47,16 @@ public:
     /// Vector (x, y) times the drawing scale, from a point to its dimension line.
     AcGeVector3d off(double x, double y) const { return by(x * m_scale, y * m_scale); }
 
-    const std::vector<AcDbObjectId>& ids() const { return m_ids; }
+    /// All that were laid out, empty ones too.
+    const std::vector<DimensionLine>& lines() const { return m_lines; }
+    /// Puts them in the drawing. A dimension between equal points is not made.
+    std::vector<AcDbObjectId> make() const;
 
 private:
     AcGePoint3d m_origin;
     AcGePoint3d m_faces[4];
     double m_scale;
-    std::vector<AcDbObjectId> m_ids;
+    std::vector<DimensionLine> m_lines;
 };
 
 }  // namespace perfis

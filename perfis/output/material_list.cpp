@@ -154,4 +154,15 @@ int MatListPerfil2Chapas(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
     return handOver(ponto, tipo, perfilId, TextsFrom::kPiece, marcaPerfil, {&primeira, &segunda});
 }
 
+int MatListChapas(AcDbObjectId perfilId, int tipo, PlateRow& chapas) {
+    AcDbObjectPointer<ZpObject> perfil(perfilId, AcDb::kForRead);
+    if (perfil.openStatus() != Acad::eOk) return RTERROR;
+    AcGePoint3d faces[4];
+    perfil->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
+    OpenList lista;
+    if (!lista.open(faces[0], perfil->getComprimentoReal(), tipo)) return RTCAN;
+    (void)perfil.close();
+    return addPlates(chapas, faces[0].y + kNearLine * GetScale()) ? RTNORM : RTCAN;
+}
+
 }  // namespace perfis

@@ -28,4 +28,8 @@ int MatListPerfilChapa(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
 int MatListPerfil2Chapas(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
                          AcDbObjectId& marcaPerfil, PlateRow& primeira, PlateRow& segunda);
 
+/// Plates that a profile got after it was entered: one mark, one row. RTNORM, RTERROR, RTCAN as
+/// MatListPerfil.
+int MatListChapas(AcDbObjectId perfilId, int tipo, PlateRow& chapas);
+
 }  // namespace perfis

@@ -33,16 +33,20 @@ std::vector<double> plateStations(const PlateSpacing& spacing, double width) {
     return stations;
 }
 
+AcDbObjectId PlateSupply::place(ZpObject& member, std::unique_ptr<ZpChapa> plate) {
+    AcDbObjectId id;
+    if (append(plate.get(), id) != RTNORM) return AcDbObjectId::kNull;
+    (void)plate.release()->close();
+    (void)member.LinkPos(id);
+    return id;
+}
+
 AcDbObjectId PlateMaker::plate(AcGePoint3d point, ZpObject::ZpVistas view, double d1, double d2,
                                double d3, const PlateTurn& turn) {
     auto chapa = std::make_unique<ZpChapa>(point, view, d1, d2, d3, turn.rot1, turn.rot2);
     wchar_t standard[] = L"vista-chapa";
     (void)chapa->setLayer(ZpLayerToUsr(standard), Adesk::kTrue, false);
-    AcDbObjectId id;
-    if (append(chapa.get(), id) != RTNORM) return AcDbObjectId::kNull;
-    (void)chapa.release()->close();
-    (void)m_member.LinkPos(id);
-    return id;
+    return m_supply.place(m_member, std::move(chapa));
 }
 
 AcDbObjectId PlateMaker::plate(const AcGePoint3d& point, ZpObject::ZpVistas view,

@@ -2,6 +2,8 @@
 // Lacing plates along a member.
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 #include "perfis/entities/zpchapa.h"
@@ -60,11 +62,23 @@ struct LaidPlates {
     double pitch = 0.0;
 };
 
-/// Makes plates for one member, which is open for write, on the layer of "vista-chapa". Each is put
-/// in the drawing, closed and tied to the member.
+/// Where plates come to stand: each new one is put in the drawing, closed and tied to its member,
+/// which is open for write.
+class PlateSupply {
+public:
+    virtual ~PlateSupply() = default;
+    virtual AcDbObjectId place(ZpObject& member, std::unique_ptr<ZpChapa> plate);
+};
+
+/// Lays the lacing plates of a piece that stands along X and is open; `point` is the piece's own.
+using PlateLaying =
+    std::function<LaidPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply)>;
+
+/// Makes plates for one member on the layer of "vista-chapa".
 class PlateMaker {
 public:
-    PlateMaker(ZpObject& member, const PlateSize& size) : m_member(member), m_size(size) {}
+    PlateMaker(ZpObject& member, const PlateSize& size, PlateSupply& supply)
+        : m_member(member), m_size(size), m_supply(supply) {}
 
     /// One plate of the maker's size.
     AcDbObjectId plate(const AcGePoint3d& point, ZpObject::ZpVistas view, const PlateTurn& turn);
@@ -78,6 +92,7 @@ public:
 private:
     ZpObject& m_member;
     PlateSize m_size;
+    PlateSupply& m_supply;
 };
 
 /// Ties every plate to the member once more, after its dimensions.

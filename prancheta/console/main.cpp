@@ -10,7 +10,9 @@
 #include "prancheta/console/state.h"
 #include "prancheta/console/verify_file.h"
 #include "prancheta/editor/host.h"
+#include "prancheta/editor/installation.h"
 #include "prancheta/editor/modules.h"
+#include "prancheta/editor/plotter.h"
 
 namespace prancheta::console {
 namespace {
@@ -32,11 +34,17 @@ private:
     int m_code = kDone;
 };
 
-HostOptions hostOptions(const Options& options) {
+HostOptions hostOptions(const Options& options, Outcome& outcome) {
     HostOptions out;
     out.programFolder = Host::programFolder();
-    out.installation = out.programFolder.parent_path() / "instalacao";
-    if (!options.installation.empty()) out.installation = options.installation;
+    out.installation = options.installation;
+    if (out.installation.empty() && Host::installationFolder().empty()) {
+        if (auto folder = usableInstallation(out.programFolder)) {
+            out.installation = *folder;
+        } else {
+            outcome.check(folder.error(), kFileError);
+        }
+    }
     out.installationOverrides = !options.installation.empty();
     out.loadDefaultModules = options.defaultModules;
     return out;
@@ -48,6 +56,21 @@ bool prepare(Host& host, const Options& options, Outcome& outcome) {
         outcome.check(host.editor().modules().load(module), kFileError);
     return options.drawing.empty() ||
            outcome.check(host.editor().openDocument(options.drawing), kFileError);
+}
+
+/// The drawing's extents, fitted to an A4 sheet. The plot library is loaded only when it is needed.
+void plot(Host& host, const Options& options, Outcome& outcome) {
+    for (std::size_t i = 0; i < options.plots.size(); ++i) {
+        if (options.plots[i].empty()) continue;
+        const Result<Plotter*> machine = plotter();
+        if (!machine) {
+            outcome.check(machine.error(), kFileError);
+            return;
+        }
+        outcome.check(
+            (*machine)->plot(host.editor(), {}, static_cast<PlotFormat>(i), options.plots[i]),
+            kFileError);
+    }
 }
 
 int run(const Options& options) {
@@ -62,13 +85,14 @@ int run(const Options& options) {
         return outcome.code(false);
 
     ConsoleUi ui(*script);
-    Host host(ui, hostOptions(options));
+    Host host(ui, hostOptions(options, outcome));
     if (prepare(host, options, outcome)) {
         host.editor().run();
         // Whatever the script did, the drawing is not lost with it.
         if (!options.save.empty()) outcome.check(host.editor().saveCopy(options.save), kFileError);
         if (!options.state.empty())
             outcome.check(writeState(host.editor(), options.state), kFileError);
+        plot(host, options, outcome);
     }
     std::cout.flush();
     outcome.check(log.close(), kFileError);

@@ -49,6 +49,12 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--estado", options.state, "estado final do desenho")->type_name("ARQUIVO.json");
     app.add_option("--verifica", options.verify, "examina um arquivo DXF com rigor e termina")
         ->type_name("ARQUIVO.dxf");
+    constexpr const char* kPlotOptions[][2] = {
+        {"--pdf", "ARQUIVO.pdf"}, {"--svg", "ARQUIVO.svg"}, {"--png", "ARQUIVO.png"}};
+    for (std::size_t i = 0; i < options.plots.size(); ++i)
+        app.add_option(kPlotOptions[i][0], options.plots[i],
+                       "plota a extensão do desenho, ajustada a uma folha A4")
+            ->type_name(kPlotOptions[i][1]);
     app.add_option("--instalacao", options.installation,
                    "pasta de instalação (no lugar de ZPFORJA2010)")
         ->type_name("PASTA");

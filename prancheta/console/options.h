@@ -2,6 +2,7 @@
 // The command line of prancheta-console.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,8 @@ struct Options {
     std::string log;
     std::string state;
     std::string installation;
+    /// Files to plot to, in the order of PlotFormat; empty: none.
+    std::array<std::string, 3> plots;
     std::string verify;  ///< DXF file to be examined instead of running a script
     std::vector<std::string> modules;
     bool defaultModules = true;

@@ -97,15 +97,6 @@ Json entityJson(const AcDbEntity& entity) {
     return out;
 }
 
-Json entitiesJson(AcDbDatabase& database) {
-    Json out = Json::array();
-    for (const AcDbObjectId id : database.core().modelSpace()) {
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        if (entity.object() != nullptr) out.push_back(entityJson(*entity.object()));
-    }
-    return out;
-}
-
 /// What modules tell of the drawing: the material list comes from there.
 void describeDrawing(AcDbDatabase& database, Json& out) {
     auto* const report =
@@ -115,20 +106,68 @@ void describeDrawing(AcDbDatabase& database, Json& out) {
     report->describe(database, visitor);
 }
 
+/// One object, written member by member: a drawing's entities are never in memory twice.
+class ObjectWriter {
+public:
+    explicit ObjectWriter(AtomicFile& file) : m_file(file) {}
+
+    void member(const std::string& name, const Json& value) {
+        begin(name);
+        put(value, 1);
+    }
+    void beginList(const std::string& name) {
+        begin(name);
+        m_file.write("[");
+        m_items = 0;
+    }
+    void item(const Json& value) {
+        m_file.write(m_items++ == 0 ? "\n  " : ",\n  ");
+        put(value, 2);
+    }
+    void endList() { m_file.write(m_items == 0 ? "]" : "\n ]"); }
+    void end() { m_file.write("\n}\n"); }
+
+private:
+    void begin(const std::string& name) {
+        m_file.write(m_members++ == 0 ? "{\n " : ",\n ");
+        m_file.write(Json(name).dump() + ": ");
+    }
+    /// A line end inside a text is escaped: those that stand there are the layout's.
+    void put(const Json& value, int level) {
+        const std::string text = value.dump(1, ' ', false, Json::error_handler_t::replace);
+        m_text.clear();
+        for (const char c : text) {
+            m_text += c;
+            if (c == '\n') m_text.append(static_cast<std::size_t>(level), ' ');
+        }
+        m_file.write(m_text);
+    }
+
+    AtomicFile& m_file;
+    std::string m_text;
+    std::size_t m_members = 0;
+    std::size_t m_items = 0;
+};
+
 }  // namespace
 
 Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
     AcDbDatabase& database = editor.database();
-    Json state;
-    state["variaveis"] = variablesJson(editor);
-    state["camadas"] = layersJson(database);
-    state["entidades"] = entitiesJson(database);
-    state["lista_material"] = Json::array();
-    describeDrawing(database, state);
-
     AtomicFile file(path);
     if (auto opened = file.open(); !opened) return opened;
-    file.write(state.dump(1, ' ', false, Json::error_handler_t::replace) + "\n");
+    ObjectWriter out(file);
+    out.member("variaveis", variablesJson(editor));
+    out.member("camadas", layersJson(database));
+    out.beginList("entidades");
+    for (const AcDbObjectId id : database.core().modelSpace()) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.object() != nullptr) out.item(entityJson(*entity.object()));
+    }
+    out.endList();
+    Json told = {{"lista_material", Json::array()}};
+    describeDrawing(database, told);
+    for (const auto& [name, value] : told.items()) out.member(name, value);
+    out.end();
     return file.commit();
 }
 

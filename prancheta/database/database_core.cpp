@@ -70,8 +70,7 @@ Acad::ErrorStatus DatabaseCore::appendWithHandle(AcDbObjectId blockRecord, AcDbE
 }
 
 AcDbStub* DatabaseCore::find(Adesk::UInt64 handle) const {
-    const auto found = m_byHandle.find(handle);
-    return found != m_byHandle.end() ? found->second : nullptr;
+    return m_byHandle.find(handle);
 }
 
 void DatabaseCore::reserveHandle(Adesk::UInt64 handle) {
@@ -82,8 +81,8 @@ bool DatabaseCore::changeHandle(AcDbObjectId id, Adesk::UInt64 handle) {
     AcDbStub* stub = id;
     if (stub == nullptr || handle == 0) return false;
     if (stub->handle == handle) return true;
-    if (!m_byHandle.try_emplace(handle, stub).second) return false;
-    if (stub->handle != 0) m_byHandle.erase(stub->handle);
+    if (!m_byHandle.add(handle, stub)) return false;
+    if (stub->handle != 0) m_byHandle.remove(stub->handle);
     stub->handle = handle;
     reserveHandle(handle);
     return true;

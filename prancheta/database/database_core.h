@@ -5,29 +5,16 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "dbapserv.h"
+#include "prancheta/database/handle_table.h"
+#include "prancheta/database/object_extra.h"
 #include "prancheta/database/stub_pool.h"
 #include "prancheta/database/sysvars.h"
 #include "prancheta/database/undo.h"
 
 namespace prancheta {
-
-/// One group of a DXF file as it stands: code and text of the value (UTF-8, not trimmed).
-struct RawTag {
-    int code = 0;
-    std::string value;
-};
-using RawTags = std::vector<RawTag>;
-
-struct ObjectExtra {
-    RawTags xdata;    ///< 1001 and what follows it, all applications
-    RawTags foreign;  ///< groups of an opened file that the class does not model, in file order
-    std::vector<AcDbObjectId> reactors;
-    AcDbObjectId extensionDictionary;
-};
 
 /// Whatever an opened file held that no object stands for; written back as it was.
 struct ForeignContent {
@@ -122,7 +109,7 @@ private:
 
     AcDbDatabase& m_database;
     StubPool m_stubs;
-    std::unordered_map<Adesk::UInt64, AcDbStub*> m_byHandle;
+    HandleTable m_byHandle;
     Adesk::UInt64 m_nextHandle = 1;
     AcDbObjectId m_tables[6];
     AcDbObjectId m_rootDictionary;

@@ -74,7 +74,7 @@ void DatabaseCore::build(bool buildDefaultDrawing) {
         addRequiredRecords();
     } else {
         for (std::size_t i = 0; i < m_stubs.size(); ++i) m_stubs[i].handle = 0;
-        m_byHandle.clear();
+        m_byHandle = {};
         m_nextHandle = 1;
     }
     m_undo.setRecording(true);

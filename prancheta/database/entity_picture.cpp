@@ -2,6 +2,7 @@
 // Entities as drawn: the wrappers, and what can be told of any entity from its picture.
 #include "prancheta/database/entity_picture.h"
 
+#include <utility>
 #include <vector>
 
 #include "prancheta/database/memory_filer.h"
@@ -46,7 +47,19 @@ Picture pictureOf(const AcDbEntity& entity, AcGiRegenType type = kAcGiStandardDi
     return picture;
 }
 
+thread_local const PictureAtHand* g_atHand = nullptr;
+
 }  // namespace
+
+PictureAtHand::PictureAtHand(const AcDbEntity& entity, const Picture& picture)
+    : m_entity(&entity), m_picture(&picture), m_outer(std::exchange(g_atHand, this)) {}
+PictureAtHand::~PictureAtHand() { g_atHand = m_outer; }
+
+const Picture* PictureAtHand::of(const AcDbEntity& entity) {
+    for (const PictureAtHand* scope = g_atHand; scope != nullptr; scope = scope->m_outer)
+        if (scope->m_entity == &entity) return scope->m_picture;
+    return nullptr;
+}
 
 void recordPicture(AcDbEntity& entity, Picture& picture, AcGiRegenType type, bool dragging) {
     PictureRecorder recorder(picture, type, dragging);
@@ -102,7 +115,10 @@ Acad::ErrorStatus AcDbEntity::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsM
                                                 const AcGeMatrix3d&, AcGePoint3dArray& points,
                                                 AcDbIntArray&) const {
     std::vector<AcGePoint3d> found;
-    appendSnaps(pictureOf(*this), mode, pick, last, found);
+    if (const Picture* const known = PictureAtHand::of(*this))
+        appendSnaps(*known, mode, pick, last, found);
+    else
+        appendSnaps(pictureOf(*this), mode, pick, last, found);
     for (const AcGePoint3d& p : found) points.append(p);
     return Acad::eOk;
 }

@@ -100,7 +100,7 @@ std::wstring readText(AcDbDwgFiler& filer) {
     return result;
 }
 
-void writeNarrow(AcDbDwgFiler& filer, const std::string& text) {
+void writeNarrow(AcDbDwgFiler& filer, std::string_view text) {
     filer.writeUInt32(static_cast<Adesk::UInt32>(text.size()));
     filer.writeBytes(text.data(), static_cast<Adesk::UInt32>(text.size()));
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "dbfiler.h"
@@ -60,7 +61,7 @@ private:
 /// Texts of any content, also narrow ones, by any filer.
 void writeText(AcDbDwgFiler& filer, const std::wstring& text);
 std::wstring readText(AcDbDwgFiler& filer);
-void writeNarrow(AcDbDwgFiler& filer, const std::string& text);
+void writeNarrow(AcDbDwgFiler& filer, std::string_view text);
 std::string readNarrow(AcDbDwgFiler& filer);
 
 }  // namespace prancheta

@@ -126,6 +126,7 @@ void ObjectAccess::finishWrite(AcDbObject& o) {
     DatabaseCore& core = stub.database->core();
     const bool modified = stub.modified;
     const bool erasedNow = stub.erased != stub.wasErased;
+    if (stub.recorded) core.undo().settled(&stub);
     stub.writer = stub.isNew = stub.recorded = stub.modified = false;
     stub.wasErased = stub.erased;
     if (erasedNow)

@@ -14,7 +14,7 @@ namespace {
 enum Part : Adesk::UInt8 { kXdata = 1, kForeign = 2, kReactors = 4, kExtensionDictionary = 8 };
 
 /// Object of a handle in hexadecimal text; null when the drawing has none.
-AcDbObjectId idOfHandle(const AcDbDatabase* database, const std::string& text) {
+AcDbObjectId idOfHandle(const AcDbDatabase* database, std::string_view text) {
     Adesk::UInt64 handle = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), handle, 16);
     if (database == nullptr || error != std::errc() || end != text.data() + text.size()) return {};
@@ -28,9 +28,10 @@ std::string handleText(AcDbObjectId id) {
 }
 
 /// Handles among extended data go out as references, so that a clone's follow its copies.
-void writeTags(AcDbDwgFiler& filer, const RawTags& tags, const AcDbDatabase* database) {
+template <class Tags>
+void writeTags(AcDbDwgFiler& filer, const Tags& tags, const AcDbDatabase* database) {
     filer.writeUInt32(static_cast<Adesk::UInt32>(tags.size()));
-    for (const RawTag& tag : tags) {
+    for (const auto& tag : tags) {
         filer.writeInt32(tag.code);
         AcDbObjectId id;
         if (tag.code == 1005) {
@@ -155,7 +156,7 @@ Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId id) {
 Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId id) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!m_extra) return Acad::eKeyNotFound;
-    auto& known = m_extra->reactors;
+    std::vector<AcDbObjectId>& known = m_extra->reactors;
     const auto at = std::find(known.begin(), known.end(), id);
     if (at == known.end()) return Acad::eKeyNotFound;
     assertWriteEnabled();

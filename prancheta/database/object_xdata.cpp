@@ -60,10 +60,10 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* data) {
     AcDbDatabase* where =
         m_stub != nullptr ? m_stub->database : acdbHostApplicationServices()->workingDatabase();
     if (!allRegistered(fresh, where)) return Acad::eRegappIdNotFound;
-    RawTags all = merged(m_extra ? m_extra->xdata : RawTags(), fresh);
+    RawTags all = merged(m_extra ? RawTags(m_extra->xdata) : RawTags(), fresh);
     if (xdataSize(all) > kMaxXdataBytes) return Acad::eOutOfRange;
     assertWriteEnabled();
-    ObjectAccess::makeExtra(*this).xdata = std::move(all);
+    ObjectAccess::makeExtra(*this).xdata = all;
     ObjectAccess::dropEmptyExtra(*this);
     return Acad::eOk;
 }
@@ -72,5 +72,7 @@ void AcDbEntity::xDataTransformBy(const AcGeMatrix3d& m) {
     const ObjectExtra* extra = ObjectAccess::extra(*this);
     if (extra == nullptr || extra->xdata.empty()) return;
     assertWriteEnabled();
-    transformXdata(ObjectAccess::makeExtra(*this).xdata, m);
+    RawTags tags = extra->xdata;
+    transformXdata(tags, m);
+    ObjectAccess::makeExtra(*this).xdata = tags;
 }

@@ -24,6 +24,7 @@ public:
     bool modified = false;       ///< changed since it was opened for write
     std::uint8_t notifying = 0;  ///< open for notification so often
     std::uint8_t telling = 0;    ///< reactors are being told of it
+    std::uint32_t undoGroup = 0;  ///< the undo group that holds a state of it, or its making
 };
 
 namespace prancheta {

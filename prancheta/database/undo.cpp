@@ -4,6 +4,7 @@
 #include "prancheta/database/undo.h"
 
 #include <algorithm>
+#include <cstring>
 #include <unordered_set>
 #include <utility>
 
@@ -11,54 +12,20 @@
 #include "prancheta/database/object_access.h"
 
 namespace prancheta {
-namespace {
-
-struct SavedVariable {
-    std::wstring name;
-    VariableValue value;
-};
-
-/// Dwg fields of an object, in exactly as many bytes as they need.
-struct SavedState {
-    std::unique_ptr<char[]> bytes;
-    std::size_t size = 0;
-};
-
-SavedState stateOf(const AcDbObject& object) {
-    MemoryFiler filer(AcDb::kUndoFiler);
-    (void)object.dwgOutFields(&filer);  // what it failed to write it fails to read, too
-    SavedState state;
-    state.size = filer.bytes().size();
-    state.bytes = std::make_unique_for_overwrite<char[]>(state.size);
-    std::copy(filer.bytes().begin(), filer.bytes().end(), state.bytes.get());
-    return state;
-}
-
-void putBack(AcDbObject& object, const SavedState& state) {
-    AcDbStub& stub = *ObjectAccess::stub(object);
-    const bool writer = std::exchange(stub.writer, true);
-    const bool modified = stub.modified;
-    MemoryFiler filer(AcDb::kUndoFiler, {state.bytes.get(), state.size});
-    (void)object.dwgInFields(&filer);
-    stub.writer = writer;
-    stub.modified = modified;
-    stub.recorded = false;
-}
-
-}  // namespace
 
 struct UndoLog::Record {
     enum Kind : std::uint8_t { Modified, Appended, Erased, Variable };
-    Kind kind = Modified;
-    bool erased = false;  // Erased: what the object became
     AcDbStub* stub = nullptr;
     SavedState state;
-    std::unique_ptr<SavedVariable> variable;
+    std::uint32_t variable = 0;  // place in the group's list
+    Kind kind = Modified;
+    bool erased = false;  // Erased: what the object became
 };
 
 struct UndoLog::Group {
     std::wstring name;
     std::vector<Record> records;
+    std::vector<SavedVariable> variables;
     std::uint64_t before = 0;  // revisions
     std::uint64_t after = 0;
 };
@@ -66,10 +33,44 @@ struct UndoLog::Group {
 UndoLog::UndoLog(AcDbDatabase& database) : m_database(database) {}
 UndoLog::~UndoLog() = default;
 
+// --- States --------------------------------------------------------------------------------------
+
+UndoLog::SavedState UndoLog::stateOf(const AcDbObject& object) {
+    MemoryFiler filer(AcDb::kUndoFiler);
+    (void)object.dwgOutFields(&filer);  // what it failed to write it fails to read, too
+    const std::size_t size = filer.bytes().size();
+    auto state = std::make_unique_for_overwrite<char[]>(sizeof size + size);
+    std::memcpy(state.get(), &size, sizeof size);
+    std::copy(filer.bytes().begin(), filer.bytes().end(), state.get() + sizeof size);
+    return state;
+}
+
+void UndoLog::putBack(AcDbObject& object, const SavedState& state) {
+    AcDbStub& stub = *ObjectAccess::stub(object);
+    const bool writer = std::exchange(stub.writer, true);
+    const bool modified = stub.modified;
+    std::size_t size = 0;
+    std::memcpy(&size, state.get(), sizeof size);
+    MemoryFiler filer(AcDb::kUndoFiler, {state.get() + sizeof size, size});
+    (void)object.dwgInFields(&filer);
+    stub.writer = writer;
+    stub.modified = modified;
+    stub.recorded = false;
+}
+
 // --- Groups --------------------------------------------------------------------------------------
+
+/// What was known of objects is no longer that of the open group; those that stay open are recorded anew when
+/// they change again.
+void UndoLog::startGroup() {
+    ++m_group;
+    for (const auto& [stub, state] : m_opened) const_cast<AcDbStub*>(stub)->recorded = false;
+    m_opened.clear();
+}
 
 void UndoLog::begin(std::wstring commandName) {
     if (m_depth++ > 0) return;
+    startGroup();
     m_open = std::make_unique<Group>();
     m_open->name = std::move(commandName);
     m_open->before = m_revision;
@@ -79,6 +80,7 @@ void UndoLog::end() {
     if (m_depth == 0 || --m_depth > 0) return;
     const std::unique_ptr<Group> group = std::move(m_open);
     closeGroup(std::move(*group));
+    startGroup();
 }
 
 void UndoLog::closeGroup(Group group) {
@@ -98,6 +100,7 @@ void UndoLog::flushOpenGroup() {
     group.name = m_open->name;
     std::swap(group, *m_open);
     closeGroup(std::move(group));
+    startGroup();
     m_open->before = m_revision;
 }
 
@@ -105,6 +108,8 @@ void UndoLog::rollbackOpenGroup() {
     if (m_open == nullptr || m_open->records.empty() || m_undoing) return;
     exchange(*m_open, true);
     m_open->records.clear();
+    m_open->variables.clear();
+    startGroup();
     m_revision = m_open->before;
 }
 
@@ -170,8 +175,10 @@ void UndoLog::endUserGroup() {
     Group& whole = m_done[m_userStart];
     whole.name = L"GRUPO";
     for (std::size_t i = m_userStart + 1; i < m_done.size(); ++i) {
-        auto& records = m_done[i].records;
+        auto& [name, records, variables, before, after] = m_done[i];
+        for (Record& record : records) record.variable += static_cast<std::uint32_t>(whole.variables.size());
         std::move(records.begin(), records.end(), std::back_inserter(whole.records));
+        std::move(variables.begin(), variables.end(), std::back_inserter(whole.variables));
         whole.after = m_done[i].after;
     }
     m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(m_userStart) + 1, m_done.end());
@@ -185,8 +192,10 @@ void UndoLog::clear() {
     m_marks.clear();
     m_userDepth = 0;
     m_userStart = 0;
+    startGroup();
     if (m_open == nullptr) return;
     m_open->records.clear();
+    m_open->variables.clear();
     m_open->before = m_revision;
 }
 
@@ -194,53 +203,66 @@ std::size_t UndoLog::groupCount() const { return m_done.size(); }
 
 // --- Records -------------------------------------------------------------------------------------
 
-void UndoLog::add(Record record) {
+bool UndoLog::holds(const AcDbStub* stub) const {
+    return m_open != nullptr && stub->undoGroup == m_group;
+}
+
+void UndoLog::add(Record record, SavedVariable* variable) {
     const std::uint64_t before = std::exchange(m_revision, ++m_lastRevision);
-    if (m_open != nullptr) {
-        m_open->records.push_back(std::move(record));
-        return;
-    }
+    const bool covers = record.kind == Record::Modified || record.kind == Record::Appended;
+    if (m_open != nullptr && covers) record.stub->undoGroup = m_group;
     Group alone;
+    Group& group = m_open != nullptr ? *m_open : alone;
+    if (variable != nullptr) {
+        record.variable = static_cast<std::uint32_t>(group.variables.size());
+        group.variables.push_back(std::move(*variable));
+    }
+    group.records.push_back(std::move(record));
+    if (m_open != nullptr) return;
     alone.before = before;
     alone.after = m_revision;
-    alone.records.push_back(std::move(record));
     m_undone.clear();
     m_done.push_back(std::move(alone));
 }
 
 void UndoLog::recordModified(AcDbObject& object) {
     if (!m_recording || m_undoing) return;
-    Record record;
-    record.stub = object.objectId();
-    record.state = stateOf(object);
-    add(std::move(record));
+    AcDbStub* const stub = object.objectId();
+    if (holds(stub)) {
+        m_opened.insert_or_assign(stub, stateOf(object));
+        m_revision = ++m_lastRevision;
+        return;
+    }
+    add({stub, stateOf(object)});
+}
+
+void UndoLog::settled(const AcDbStub* stub) {
+    if (!m_opened.empty()) m_opened.erase(stub);
+}
+
+void UndoLog::willNotCancel(AcDbObject& object) {
+    AcDbStub* const stub = object.objectId();
+    if (!m_recording || m_undoing || stub == nullptr || !holds(stub)) return;
+    stub->recorded = true;
+    m_revision = ++m_lastRevision;
 }
 
 void UndoLog::recordAppended(AcDbObject& object) {
     if (!m_recording || m_undoing) return;
-    Record record;
-    record.kind = Record::Appended;
-    record.stub = object.objectId();
-    add(std::move(record));
+    add({object.objectId(), {}, 0, Record::Appended});
 }
 
 void UndoLog::recordErased(AcDbObject& object, bool erased) {
     if (!m_recording || m_undoing) return;
-    Record record;
-    record.kind = Record::Erased;
-    record.erased = erased;
-    record.stub = object.objectId();
-    add(std::move(record));
+    add({object.objectId(), {}, 0, Record::Erased, erased});
 }
 
 void UndoLog::recordVariable(std::wstring name) {
     if (!m_recording || m_undoing) return;
     const VariableInfo* info = m_database.core().variables().find(name);
     if (info == nullptr) return;
-    Record record;
-    record.kind = Record::Variable;
-    record.variable = std::make_unique<SavedVariable>(SavedVariable{std::move(name), info->value});
-    add(std::move(record));
+    SavedVariable variable{std::move(name), info->value};
+    add({nullptr, {}, 0, Record::Variable}, &variable);
 }
 
 bool UndoLog::takeLast(const AcDbStub* stub, int kind, Record& taken) {
@@ -273,19 +295,25 @@ void UndoLog::takeBack(AcDbObject& object) {
     m_undoing = true;
     if (stub->isNew) {
         (void)takeLast(stub, Record::Appended, record);  // not there when recording was off
+        stub->undoGroup = 0;
         stub->erased = true;
     } else {
         if (stub->erased != stub->wasErased && takeLast(stub, Record::Erased, record))
             stub->erased = stub->wasErased;
-        if (stub->recorded && takeLast(stub, Record::Modified, record))
+        if (const auto opened = m_opened.find(stub); opened != m_opened.end()) {
+            putBack(object, opened->second);
+            m_opened.erase(opened);
+        } else if (stub->recorded && takeLast(stub, Record::Modified, record)) {
             putBack(object, record.state);
+            stub->undoGroup = 0;
+        }
     }
     m_undoing = false;
 }
 
 // --- Exchange ------------------------------------------------------------------------------------
 
-void UndoLog::exchangeRecord(Record& record, bool backwards) {
+void UndoLog::exchangeRecord(Group& group, Record& record, bool backwards) {
     // A module that deletes a resident object leaves its record without one.
     if (record.stub != nullptr && record.stub->object == nullptr) return;
     switch (record.kind) {
@@ -305,9 +333,10 @@ void UndoLog::exchangeRecord(Record& record, bool backwards) {
             return;
         case Record::Variable: {
             SystemVariables& variables = m_database.core().variables();
-            VariableValue present = variables.find(record.variable->name)->value;
-            variables.force(record.variable->name, record.variable->value);
-            record.variable->value = std::move(present);
+            auto& [name, value] = group.variables[record.variable];
+            VariableValue present = variables.find(name)->value;
+            variables.force(name, value);
+            value = std::move(present);
             return;
         }
     }
@@ -334,7 +363,7 @@ void UndoLog::exchange(Group& group, bool backwards) {
     m_undoing = true;
     const std::size_t count = group.records.size();
     for (std::size_t i = 0; i < count; ++i)
-        exchangeRecord(group.records[backwards ? count - 1 - i : i], backwards);
+        exchangeRecord(group, group.records[backwards ? count - 1 - i : i], backwards);
     notify(group, backwards);
     m_undoing = false;
 }

@@ -5,16 +5,20 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "dbapserv.h"
+#include "prancheta/database/sysvars.h"
 
 namespace prancheta {
 
-/// Log of what commands did to one database. Between begin() and end() every first change of an object in
-/// one opening, every append and every erase is recorded; undo() takes the last group back by exchanging
-/// the recorded state with the present one, so redo is the same exchange again. Changes made outside a group
-/// are recorded as a group of their own without a name. Cost: O(objects touched).
+/// Log of what commands did to one database. Between begin() and end() the state before an object's first change,
+/// every append and every erase are recorded; undo() takes the last group back by exchanging the recorded state
+/// with the present one, so redo is the same exchange again. An object that the group appended has no state in it:
+/// it goes and comes as a whole. Changes made outside a group are recorded as a group of their own without a name.
+/// Cost: O(objects touched) memory; a change of an object that the group knows keeps its state only until the
+/// access ends, so that cancel() can give it up.
 class UndoLog {
 public:
     explicit UndoLog(AcDbDatabase& database);
@@ -57,15 +61,31 @@ public:
     /// Gives up what was recorded of an object since it was opened for write: state and erasure are as they
     /// were, a new object is taken out. What recording missed stays.
     void takeBack(AcDbObject& object);
+    /// An access for write ended: what takeBack() would have needed goes.
+    void settled(const AcDbStub* stub);
+    /// To be called right after opening a large object for write by who will not cancel(): saves keeping its state
+    /// for that when the group holds one already.
+    void willNotCancel(AcDbObject& object);
     void setRecording(bool on) { m_recording = on; }
     bool undoing() const { return m_undoing; }
 
 private:
     struct Record;
     struct Group;
-    void add(Record record);
+    struct SavedVariable {
+        std::wstring name;
+        VariableValue value;
+    };
+    /// Dwg fields of an object behind their length.
+    using SavedState = std::unique_ptr<char[]>;
+    static SavedState stateOf(const AcDbObject& object);
+    static void putBack(AcDbObject& object, const SavedState& state);
+
+    void add(Record record, SavedVariable* variable = nullptr);
+    bool holds(const AcDbStub* stub) const;
+    void startGroup();
     void exchange(Group& group, bool backwards);
-    void exchangeRecord(Record& record, bool backwards);
+    void exchangeRecord(Group& group, Record& record, bool backwards);
     void notify(const Group& group, bool backwards);
     void flushOpenGroup();
     void closeGroup(Group group);
@@ -76,6 +96,9 @@ private:
     std::vector<Group> m_done;
     std::vector<Group> m_undone;
     std::unique_ptr<Group> m_open;
+    /// States at the opening of objects that the open group knows, as long as they are open.
+    std::unordered_map<const AcDbStub*, SavedState> m_opened;
+    std::uint32_t m_group = 0;  // number of the open group, which its objects' records carry
     std::vector<std::size_t> m_marks;
     int m_depth = 0;
     int m_userDepth = 0;

@@ -117,12 +117,12 @@ resbuf* itemOfTag(const RawTags& tags, std::size_t i) {
     return good ? item.release() : nullptr;
 }
 
-std::size_t sizeOfTag(const RawTag& tag) {
-    switch (kindOfValue(tag.code)) {
+std::size_t sizeOfTag(int code, std::string_view value) {
+    switch (kindOfValue(code)) {
         case ValueKind::Text:
-            return tag.code == 1005 ? 9 : 3 + tag.value.size();
+            return code == 1005 ? 9 : 3 + value.size();
         case ValueKind::Binary:
-            return 2 + tag.value.size() / 2;
+            return 2 + value.size() / 2;
         case ValueKind::Int16:
             return 3;
         case ValueKind::Int32:
@@ -161,7 +161,13 @@ ListOwner listOfTags(const RawTags& tags, const ACHAR* application) {
 
 std::size_t xdataSize(const RawTags& tags) {
     std::size_t size = 0;
-    for (const RawTag& tag : tags) size += sizeOfTag(tag);
+    for (const RawTag& tag : tags) size += sizeOfTag(tag.code, tag.value);
+    return size;
+}
+
+std::size_t xdataSize(const PackedTags& tags) {
+    std::size_t size = 0;
+    for (const RawTagView& tag : tags) size += sizeOfTag(tag.code, tag.value);
     return size;
 }
 

@@ -19,6 +19,7 @@ ListOwner listOfTags(const RawTags& tags, const ACHAR* application);
 
 /// Size by which the limit is counted: the binary size of the values, with one byte for each code.
 std::size_t xdataSize(const RawTags& tags);
+std::size_t xdataSize(const PackedTags& tags);
 
 /// 1011 moves, 1012 and 1013 turn, 1012, 1041 and 1042 scale.
 void transformXdata(RawTags& tags, const AcGeMatrix3d& m);

@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "prancheta/base/file_stamp.h"
 #include "prancheta/dcl/dialog.h"
 #include "prancheta/dcl/lexer.h"
 
@@ -64,8 +65,7 @@ struct Finding {
 /// A file as it was when it was read.
 struct SourceStamp {
     std::filesystem::path path;
-    std::filesystem::file_time_type time{};
-    std::uintmax_t size = 0;
+    std::optional<FileStamp> file;  ///< empty when it could not be read
     bool operator==(const SourceStamp&) const = default;
 };
 

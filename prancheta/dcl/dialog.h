@@ -80,6 +80,32 @@ enum class Reason {
     DoubleClick = CBR_DOUBLE_CLICK
 };
 
+/// Font and widgets of the front end, by which dialogs are laid out before a window exists; pixels.
+struct Metrics {
+    double characterWidth = 7.0;
+    double characterHeight = 16.0;
+    /// Width of a text in the dialog's font; empty: one character width for each character.
+    std::function<double(std::wstring_view)> textWidth = {};
+    /// The same in bold.
+    std::function<double(std::wstring_view)> boldWidth = {};
+
+    /// What widgets need at least: the height of one line, the width besides the text. 0: nothing
+    /// beyond the layout's own figures.
+    struct Widget {
+        double height = 0;
+        double frame = 0;
+    };
+    Widget button = {}, edit = {}, popup = {}, choice = {}, slider = {};
+    /// Least distances that suit those widgets; 0: the layout's own.
+    double dialogMargin = 0;
+    double columnGap = 0;
+    double rowGap = 0;
+    double fixedLine = 0;  ///< height of a line in the fixed-pitch font
+    double titleGap = 0;   ///< between a title and what stands below it
+};
+
+struct Layout;
+
 /// Built by ads_new_dialog, served by a front end from ads_start_dialog until finished().
 class Dialog {
 public:
@@ -96,6 +122,10 @@ public:
     /// can have it.
     virtual Tile* focus() = 0;
 
+    /// Where every tile stands, as it was told to the program; and the metrics behind it.
+    virtual const Layout& layout() const = 0;
+    virtual const Metrics& metrics() const = 0;
+
     virtual bool finished() const = 0;
     virtual int status() const = 0;
 
@@ -111,6 +141,9 @@ public:
     /// List box: selects the row (reason 1) and double-clicks it (reason 4), then the default
     /// button when the tile has allow_accept. Image button: the same without a row.
     virtual Result<void> doubleClick(std::string_view key, std::string_view row) = 0;
+    /// The second click of a double click alone (reason 4 and what follows), on what the first one
+    /// selected or pressed.
+    virtual Result<void> secondClick(std::string_view key) = 0;
     /// Button, image button, radio button, `accept` and `cancel`; x and y in pixels of an image
     /// button.
     virtual Result<void> press(std::string_view key, long x = 0, long y = 0) = 0;
@@ -119,6 +152,9 @@ public:
     virtual Result<void> edit(std::string_view key, std::string_view text) = 0;
     /// Leaves the field of the last edit() (the Tab key).
     virtual void leave() = 0;
+    /// The keyboard went to the tile (Tab, a click): the field of the last edit() is left, unless a
+    /// callback is running, which moved the keyboard itself.
+    virtual void focusOn(Tile& tile) = 0;
     /// Enter: in the edit box `key` its callback (reason 1), then the default button when it has
     /// allow_accept; anywhere else (empty key) the default button.
     virtual Result<void> enter(std::string_view key = {}) = 0;
@@ -149,14 +185,6 @@ void discardDialogs();
 /// Enabled, and so are all the clusters around it.
 bool isUsable(const Tile& tile);
 
-/// Pixels of one character width and height, by which image tiles are measured before a window
-/// exists.
-struct Metrics {
-    double characterWidth = 7.0;
-    double characterHeight = 16.0;
-    /// Pixels of a text in the dialog's font; empty: one character width for each character.
-    std::function<double(std::wstring_view)> textWidth;
-};
 void setMetrics(const Metrics& metrics);
 
 }  // namespace prancheta::dcl

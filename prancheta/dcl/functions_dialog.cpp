@@ -6,7 +6,6 @@
 #include "adsdlg.h"
 #include "prancheta/base/event.h"
 #include "prancheta/base/text.h"
-#include "prancheta/dcl/build.h"
 #include "prancheta/dcl/library_cache.h"
 #include "prancheta/dcl/session.h"
 #include "prancheta/dcl/source_file.h"
@@ -29,12 +28,12 @@ void tellFindings(const Library& library) {
 }
 
 /// The definition of a dialog, or null.
-const Definition* dialogNamed(const LoadedFile& file, const std::string& name) {
+DefinitionPtr dialogNamed(const LoadedFile& file, const std::string& name) {
     if (file.library == nullptr) return nullptr;
     const auto it = file.library->definitions.find(name);
     if (it == file.library->definitions.end() || it->second->kind != TileKind::Dialog)
         return nullptr;
-    return it->second.get();
+    return it->second;
 }
 
 /// Nothing and no name for an identifier that was never given or is unloaded.
@@ -46,9 +45,9 @@ LoadedFile fileWith(int id) {
 
 OpenDialog* openDialog(const LoadedFile& file, const std::string& name, CLIENTFUNC fallback) {
     if (session().open.size() >= kDeepestNestedDialog) return nullptr;
-    const Definition* definition = dialogNamed(file, name);
+    const DefinitionPtr definition = dialogNamed(file, name);
     if (definition == nullptr) return nullptr;
-    return &session().push(build(*definition), name, file.name, fallback);
+    return &session().push(definition, name, file.name, fallback);
 }
 
 }  // namespace

@@ -61,11 +61,22 @@ double NaturalSizes::given(const Tile& tile, const char* attribute) const {
 
 double NaturalSizes::labelWidth(const Tile& tile) const {
     const std::wstring text = labelText(tile);
-    return m_metrics.textWidth ? m_metrics.textWidth(text) : wide(static_cast<double>(text.size()));
+    const bool bold = tile.kind == TileKind::Text && flagAttribute(tile, "is_bold");
+    const auto& width = bold && m_metrics.boldWidth ? m_metrics.boldWidth : m_metrics.textWidth;
+    return width ? width(text) : wide(static_cast<double>(text.size()));
+}
+
+double NaturalSizes::lineHeight(double lines, const Metrics::Widget& widget) const {
+    return std::max(high(lines), widget.height);
+}
+
+double NaturalSizes::frameWidth(double characters, const Metrics::Widget& widget) const {
+    return std::max(wide(characters), widget.frame);
 }
 
 double NaturalSizes::gap(bool horizontal) const {
-    return horizontal ? wide(kGapWide) : high(kGapHigh);
+    return horizontal ? std::max(wide(kGapWide), m_metrics.columnGap)
+                      : std::max(high(kGapHigh), m_metrics.rowGap);
 }
 
 double NaturalSizes::labelRoom(const Tile& tile) const {
@@ -74,7 +85,8 @@ double NaturalSizes::labelRoom(const Tile& tile) const {
 }
 
 double NaturalSizes::inputFrame(const Tile& tile) const {
-    return wide(tile.kind == TileKind::PopupList ? kPopupFrame : kEditFrame);
+    return tile.kind == TileKind::PopupList ? frameWidth(kPopupFrame, m_metrics.popup)
+                                            : frameWidth(kEditFrame, m_metrics.edit);
 }
 
 double NaturalSizes::inputWidth(const Tile& tile) const {
@@ -83,16 +95,17 @@ double NaturalSizes::inputWidth(const Tile& tile) const {
 }
 
 double NaturalSizes::titleHeight(const Tile& tile) const {
-    return tile.attribute("label").empty() ? 0 : high(kTitleLine);
+    return tile.attribute("label").empty() ? 0 : high(kTitleLine) + m_metrics.titleGap;
 }
 
 Insets NaturalSizes::insets(const Tile& cluster) const {
     const bool titled = isTitled(cluster);
     const bool plain = cluster.kind != TileKind::Dialog && !isBoxed(cluster.kind) && !titled;
     if (plain) return {};
-    const double side = wide(kMarginWide);
-    const double margin = high(kMarginHigh);
-    return {side, margin + (titled ? high(kTitleLine) : 0), side, margin};
+    const double least = cluster.kind == TileKind::Dialog ? m_metrics.dialogMargin : 0;
+    const double side = std::max(wide(kMarginWide), least);
+    const double margin = std::max(high(kMarginHigh), least);
+    return {side, margin + (titled ? high(kTitleLine) + m_metrics.titleGap : 0), side, margin};
 }
 
 Size NaturalSizes::ofCluster(const Tile& cluster, const Size& inside) const {
@@ -119,17 +132,22 @@ Size NaturalSizes::natural(const Tile& tile) const {
     const double label = labelWidth(tile);
     switch (tile.kind) {
         case TileKind::Button:
-            return {std::max(label + wide(kButtonMargins), wide(kButtonLeast)), high(kInputLine)};
+            return {
+                std::max(label + frameWidth(kButtonMargins, m_metrics.button), wide(kButtonLeast)),
+                lineHeight(kInputLine, m_metrics.button)};
         case TileKind::EditBox:
         case TileKind::PopupList: {
             const bool free = given(tile, "width") <= 0;
             const double input = inputWidth(tile);
             const double least = wide(free ? kInputDefault : kInputLeast) + inputFrame(tile);
-            return {labelRoom(tile) + (input > 0 ? input : least), high(kInputLine)};
+            const bool popup = tile.kind == TileKind::PopupList;
+            return {labelRoom(tile) + (input > 0 ? input : least),
+                    lineHeight(kInputLine, popup ? m_metrics.popup : m_metrics.edit)};
         }
         case TileKind::RadioButton:
         case TileKind::Toggle:
-            return {label + wide(kChoiceMark), high(kChoiceLine)};
+            return {label + frameWidth(kChoiceMark, m_metrics.choice),
+                    lineHeight(kChoiceLine, m_metrics.choice)};
         case TileKind::ListBox: {
             const double width =
                 given(tile, "width") > 0 ? label : std::max(label, wide(kListWide));
@@ -139,10 +157,13 @@ Size NaturalSizes::natural(const Tile& tile) const {
         case TileKind::Slider:
             if (tile.attribute("layout") == "vertical")
                 return {wide(kSliderThick), high(kSliderTall)};
-            return {given(tile, "width") > 0 ? 0 : wide(kSliderLong), high(kInputLine)};
+            return {given(tile, "width") > 0 ? 0 : wide(kSliderLong),
+                    lineHeight(kInputLine, m_metrics.slider)};
         case TileKind::Text:
         case TileKind::TextPart:
-            return {label, high(1)};
+            return {label,
+                    std::max(high(1),
+                             flagAttribute(tile, "fixed_width_font") ? m_metrics.fixedLine : 0)};
         default:
             return {};
     }

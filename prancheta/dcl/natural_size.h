@@ -46,6 +46,9 @@ private:
     Size imageSize(const Tile& tile) const;
     double labelWidth(const Tile& tile) const;
     double inputFrame(const Tile& tile) const;
+    /// Own figures in characters, or what the front end's widget needs when that is more.
+    double lineHeight(double lines, const Metrics::Widget& widget) const;
+    double frameWidth(double characters, const Metrics::Widget& widget) const;
     double wide(double characters) const { return characters * m_metrics.characterWidth; }
     double high(double lines) const { return lines * m_metrics.characterHeight; }
     double given(const Tile& tile, const char* attribute) const;

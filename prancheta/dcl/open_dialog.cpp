@@ -18,13 +18,15 @@ constexpr unsigned kTileBits = 16;
 }  // namespace
 
 OpenDialog::OpenDialog(std::uint32_t serial, std::unique_ptr<Tile> root, std::string name,
-                       std::string file, CLIENTFUNC fallback, const Metrics& metrics)
+                       std::string file, CLIENTFUNC fallback, const Metrics& metrics,
+                       std::shared_ptr<std::vector<Box>> boxes)
     : m_serial(serial),
       m_root(std::move(root)),
       m_name(std::move(name)),
       m_file(std::move(file)),
       m_fallback(fallback),
-      m_layout(layOut(*m_root, metrics)) {
+      m_metrics(metrics),
+      m_boxes(std::move(boxes)) {
     index(*m_root);
     Tile* first = find(m_root->attribute("initial_focus"));
     if (first != nullptr && isTabStop(*first))
@@ -38,6 +40,22 @@ void OpenDialog::index(Tile& tile) {
     m_tiles.push_back(&tile);
     if (!tile.key.empty()) m_keys.try_emplace(tile.key, &tile);
     for (const auto& child : tile.children) index(*child);
+}
+
+// Only attributes decide it, and they do not change: a front end without a window pays for it when a program asks for
+// a size, and a dialog that opens again takes it from the last time.
+const Layout& OpenDialog::layout() const {
+    if (m_layout) return *m_layout;
+    if (m_boxes->size() != m_tiles.size()) {
+        m_layout = layOut(*m_root, m_metrics);
+        *m_boxes = m_layout->boxes;
+        return *m_layout;
+    }
+    m_layout.emplace();
+    m_layout->boxes = *m_boxes;
+    m_layout->places = m_places;
+    for (std::size_t i = 0; i < m_tiles.size(); ++i) m_layout->boxes[i].tile = m_tiles[i];
+    return *m_layout;
 }
 
 Tile* OpenDialog::find(std::string_view key) {

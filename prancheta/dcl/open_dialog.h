@@ -15,25 +15,30 @@
 namespace prancheta::dcl {
 
 /// Owns the tiles. Handles are made of `serial`, so that one of a closed dialog never means
-/// another.
+/// another. `boxes` is shared by what has the same definition and the same metrics.
 class OpenDialog final : public Dialog {
 public:
     OpenDialog(std::uint32_t serial, std::unique_ptr<Tile> root, std::string name, std::string file,
-               CLIENTFUNC fallback, const Metrics& metrics);
+               CLIENTFUNC fallback, const Metrics& metrics,
+               std::shared_ptr<std::vector<Box>> boxes);
 
     const std::string& name() const override { return m_name; }
     const std::string& file() const override { return m_file; }
     Tile& root() override { return *m_root; }
     Tile* find(std::string_view key) override;
     Tile* focus() override { return m_focus; }
+    const Layout& layout() const override;
+    const Metrics& metrics() const override { return m_metrics; }
     bool finished() const override { return m_finished; }
     int status() const override { return m_status; }
 
     Result<void> type(std::string_view key, std::string_view text) override;
     Result<void> doubleClick(std::string_view key, std::string_view row) override;
+    Result<void> secondClick(std::string_view key) override;
     Result<void> press(std::string_view key, long x, long y) override;
     Result<void> edit(std::string_view key, std::string_view text) override;
     void leave() override;
+    void focusOn(Tile& tile) override;
     Result<void> enter(std::string_view key) override;
     Result<void> drag(std::string_view key, std::string_view number) override;
     void escape() override;
@@ -45,7 +50,7 @@ public:
     ads_htile tileHandle(const Tile& tile) const;
     /// Null when the handle is of another dialog.
     const Tile* tileOf(ads_htile handle) const;
-    const Box& box(const Tile& tile) const { return *m_layout.find(tile); }
+    const Box& box(const Tile& tile) const { return *layout().find(tile); }
 
     /// False when the mode means nothing for the tile.
     bool setMode(Tile& tile, short mode);
@@ -71,6 +76,7 @@ private:
     Result<void> typeToggle(Tile& toggle, std::string_view text);
     void chooseRadio(Tile& button);
     void pressButton(Tile& button);
+    void clickAgain(Tile& tile);
     Tile* buttonWith(const char* flag);
 
     bool setFocus(Tile& tile);
@@ -82,7 +88,9 @@ private:
     std::string m_name;
     std::string m_file;
     CLIENTFUNC m_fallback;
-    Layout m_layout;
+    Metrics m_metrics;
+    mutable std::optional<Layout> m_layout;
+    std::shared_ptr<std::vector<Box>> m_boxes;  ///< of all dialogs of this definition; empty until laid out
     std::vector<Tile*> m_tiles;  ///< in the order of the file
     std::unordered_map<const Tile*, std::size_t> m_places;
     std::unordered_map<std::string, Tile*> m_keys;

@@ -2,6 +2,8 @@
 // Stack of open dialogs.
 #include "prancheta/dcl/session.h"
 
+#include "prancheta/dcl/build.h"
+
 #include <algorithm>
 
 #include "prancheta/base/event.h"
@@ -28,11 +30,20 @@ std::shared_ptr<OpenDialog> Session::frontmost() const {
     return open.empty() ? nullptr : open.back();
 }
 
-OpenDialog& Session::push(std::unique_ptr<Tile> root, std::string name, std::string file,
+OpenDialog& Session::push(const DefinitionPtr& definition, std::string name, std::string file,
                           CLIENTFUNC fallback) {
-    open.push_back(std::make_shared<OpenDialog>(nextSerial(), std::move(root), std::move(name),
-                                                std::move(file), fallback, metrics));
+    constexpr std::size_t kMostBoxes = 100;
+    if (m_boxes.size() >= kMostBoxes) m_boxes.clear();
+    auto& boxes = m_boxes[definition];
+    if (boxes == nullptr) boxes = std::make_shared<std::vector<Box>>();
+    open.push_back(std::make_shared<OpenDialog>(nextSerial(), build(*definition), std::move(name),
+                                                std::move(file), fallback, m_metrics, boxes));
     return *open.back();
+}
+
+void Session::setMetrics(const Metrics& newMetrics) {
+    m_metrics = newMetrics;
+    m_boxes.clear();
 }
 
 void Session::forget(const OpenDialog& dialog) {
@@ -84,6 +95,6 @@ int openDialogs() { return static_cast<int>(session().open.size()); }
 
 void discardDialogs() { session().discardUnstarted(); }
 
-void setMetrics(const Metrics& metrics) { session().metrics = metrics; }
+void setMetrics(const Metrics& metrics) { session().setMetrics(metrics); }
 
 }  // namespace prancheta::dcl

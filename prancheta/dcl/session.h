@@ -48,8 +48,9 @@ public:
     bool isFrontmost(const OpenDialog& dialog) const;
     std::shared_ptr<OpenDialog> frontmost() const;
 
-    OpenDialog& push(std::unique_ptr<Tile> root, std::string name, std::string file,
+    OpenDialog& push(const DefinitionPtr& definition, std::string name, std::string file,
                      CLIENTFUNC fallback);
+    void setMetrics(const Metrics& newMetrics);
     std::uint32_t nextSerial() { return ++m_lastSerial; }
     /// Closes the dialog and those above it, the frontmost first, and tells that they closed.
     void close(const OpenDialog& dialog);
@@ -64,11 +65,13 @@ public:
     ListInProgress list;
     ImageInProgress image;
     DialogRunner runner;
-    Metrics metrics;
 
 private:
     void forget(const OpenDialog& dialog);
 
+    Metrics m_metrics;
+    /// Where the tiles of each definition stand; the definitions are kept, so that their addresses stay theirs.
+    std::map<DefinitionPtr, std::shared_ptr<std::vector<Box>>> m_boxes;
     std::uint32_t m_lastSerial = 0;
 };
 

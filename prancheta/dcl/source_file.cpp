@@ -41,13 +41,7 @@ Result<std::string> readSource(const fs::path& path) {
 }
 
 SourceStamp stampOf(const fs::path& path) {
-    SourceStamp stamp{path};
-    std::error_code error;
-    const auto time = fs::last_write_time(path, error);
-    if (!error) stamp.time = time;
-    const auto size = fs::file_size(path, error);
-    if (!error) stamp.size = size;
-    return stamp;
+    return {path, fileStampOf(path)};
 }
 
 }  // namespace prancheta::dcl

@@ -84,6 +84,13 @@ void OpenDialog::leave() {
     if (left != nullptr && !m_finished) fire(*left, Reason::LostFocus);
 }
 
+void OpenDialog::focusOn(Tile& tile) {
+    if (m_finished || !isUsable(tile)) return;
+    // Before the field is left: what its callback says about the keyboard counts.
+    m_focus = &tile;
+    if (m_callbacks == 0 && m_editing != &tile) leave();
+}
+
 Result<void> OpenDialog::edit(std::string_view key, std::string_view text) {
     Result<Tile*> tile = touch(key);
     if (!tile) return tile.error();
@@ -235,10 +242,27 @@ Result<void> OpenDialog::doubleClick(std::string_view key, std::string_view row)
     } else {
         return wrongKind(tile, ": o clique duplo só serve para listas e botões de imagem");
     }
-    if (!m_finished) fire(tile, Reason::DoubleClick);
-    if (m_finished || !flagAttribute(tile, "allow_accept")) return {};
-    if (Tile* button = buttonWith("is_default")) pressButton(*button);
+    clickAgain(tile);
     return {};
+}
+
+Result<void> OpenDialog::secondClick(std::string_view key) {
+    Result<Tile*> touched = touch(key);
+    if (!touched) return touched.error();
+    if (*touched == nullptr) return {};
+    Tile& tile = **touched;
+    if (tile.kind != TileKind::ListBox && tile.kind != TileKind::ImageButton)
+        return wrongKind(tile, ": o clique duplo só serve para listas e botões de imagem");
+    if (tile.kind == TileKind::ListBox && tile.value.empty())
+        return refusal("em " + inQuotes(tile.key) + " nenhuma linha está escolhida");
+    clickAgain(tile);
+    return {};
+}
+
+void OpenDialog::clickAgain(Tile& tile) {
+    if (!m_finished) fire(tile, Reason::DoubleClick);
+    if (m_finished || !flagAttribute(tile, "allow_accept")) return;
+    if (Tile* button = buttonWith("is_default")) pressButton(*button);
 }
 
 Result<void> OpenDialog::enter(std::string_view key) {

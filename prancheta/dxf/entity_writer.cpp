@@ -130,7 +130,7 @@ void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& 
         xdata(original);
     } else {
         const ObjectExtra* const extra = ObjectAccess::extra(original);
-        RawTags data = extra != nullptr ? extra->xdata : RawTags();
+        RawTags data = extra != nullptr ? RawTags(extra->xdata) : RawTags();
         putDimscale(data, scale);
         m_out.raw(data);
     }

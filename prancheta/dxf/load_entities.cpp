@@ -58,10 +58,11 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
         // The picture is drawn anew; its block is read only when something else uses it.
         if (!m_values.texts[1].empty()) block(m_values.texts[1]).ofPicture = true;
         if (ObjectAccess::extra(*dimension) != nullptr) {
-            RawTags& xdata = ObjectAccess::makeExtra(*dimension).xdata;
+            RawTags xdata = ObjectAccess::extra(*dimension)->xdata;
             (void)dimension->setDimscale(takeDimscale(xdata));
             if (auto* const aligned = AcDbAlignedDimension::cast(dimension))
                 takeThroughPoint(xdata, *aligned);
+            ObjectAccess::makeExtra(*dimension).xdata = xdata;
             ObjectAccess::dropEmptyExtra(*dimension);
         }
     }
@@ -142,8 +143,12 @@ bool Loader::keepExtra(AcDbObject& object, const Tags& rest, std::string_view wi
     if (!appendRaw(xdata, wanted, charset(), m_fault)) return false;
     if (foreign.empty() && xdata.empty()) return true;
     ObjectExtra& extra = ObjectAccess::makeExtra(object);
-    extra.foreign.insert(extra.foreign.end(), foreign.begin(), foreign.end());
-    extra.xdata = std::move(xdata);
+    if (!foreign.empty()) {
+        RawTags& kept = extra.foreign;
+        kept.insert(kept.end(), std::make_move_iterator(foreign.begin()),
+                    std::make_move_iterator(foreign.end()));
+    }
+    extra.xdata = xdata;
     return true;
 }
 

@@ -84,10 +84,11 @@ bool Loader::readTableRecord(const RecordType& type, const Record& record) {
         if (!appendRaw(kept, m_head.body, charset(), m_fault)) return false;
     }
     constexpr long long kOwnLayerFlags = 1 | 4 | 64;
-    if (std::string_view(type.name) == "LAYER" && (m_values.integers[0] & ~kOwnLayerFlags) != 0)
-        ObjectAccess::makeExtra(*made).foreign.insert(
-            ObjectAccess::makeExtra(*made).foreign.begin(),
-            {kOtherFlags, std::to_string(m_values.integers[0] & ~kOwnLayerFlags)});
+    const long long otherFlags = m_values.integers[0] & ~kOwnLayerFlags;
+    if (std::string_view(type.name) == "LAYER" && otherFlags != 0) {
+        RawTags& kept = ObjectAccess::makeExtra(*made).foreign;
+        kept.insert(kept.begin(), {kOtherFlags, std::to_string(otherFlags)});
+    }
     return addRecord(type, made.release());
 }
 

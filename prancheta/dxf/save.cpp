@@ -179,7 +179,7 @@ void Saver::planApplications() {
         if (stubs[i].object == nullptr || stubs[i].erased) continue;
         const ObjectExtra* const extra = ObjectAccess::extra(*stubs[i].object);
         if (extra == nullptr) continue;
-        for (const RawTag& tag : extra->xdata)
+        for (const RawTagView& tag : extra->xdata)
             if (tag.code == 1001) need(toWide(tag.value));
     }
 }

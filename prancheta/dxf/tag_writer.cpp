@@ -184,4 +184,8 @@ void TagWriter::raw(const RawTags& tags, std::size_t first, std::size_t last) {
         raw(tags[i].code, tags[i].value);
 }
 
+void TagWriter::raw(const PackedTags& tags) {
+    for (const RawTagView& tag : tags) raw(tag.code, tag.value);
+}
+
 }  // namespace prancheta::dxf

@@ -38,6 +38,7 @@ public:
     /// A group of some file; its value is of the code's kind.
     void raw(int code, std::string_view utf8);
     void raw(const RawTags& tags, std::size_t first = 0, std::size_t last = std::string::npos);
+    void raw(const PackedTags& tags);
 
     /// Hands the rest to the file.
     void flush();

@@ -21,6 +21,8 @@ public:
     /// Command for an alias, case ignored; empty when there is none.
     std::wstring find(std::wstring_view name) const;
     std::size_t size() const { return m_commands.size(); }
+    /// Command by alias, the alias in the spelling of foldCase().
+    const std::map<std::wstring, std::wstring, std::less<>>& all() const { return m_commands; }
 
 private:
     std::map<std::wstring, std::wstring, std::less<>> m_commands;  // folded alias

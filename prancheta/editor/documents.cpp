@@ -3,10 +3,13 @@
 #include "prancheta/editor/documents.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "dbdim.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/display/appearance.h"
+#include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/modules.h"
@@ -79,6 +82,23 @@ void keepSession(const SystemVariables& from, SystemVariables& to) {
     }
 }
 
+/// The file that is about to be replaced stays as NAME.bak, at the cost of a directory entry. A
+/// folder that cannot do this does not keep anybody from saving: the new file comes whole or not at
+/// all.
+void keepFormerFile(const std::filesystem::path& file) {
+    std::filesystem::path backup = file;
+    backup.replace_extension(".bak");
+    std::filesystem::path fresh = backup;
+    fresh += "~";
+    std::error_code ignored;
+    if (!std::filesystem::exists(file, ignored)) return;
+    std::filesystem::remove(fresh, ignored);
+    std::error_code failed;
+    std::filesystem::create_hard_link(file, fresh, failed);
+    if (failed) std::filesystem::copy_file(file, fresh, failed);
+    if (!failed) std::filesystem::rename(fresh, backup, ignored);
+}
+
 }  // namespace
 
 std::unique_ptr<AcEditor> makeAcEditor(Editor& editor) {
@@ -114,6 +134,8 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
     m_fileName = std::move(fileName);
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
+    m_display = std::make_unique<DisplayList>(*m_database);
+    m_appearances = std::make_unique<AppearanceTable>(*m_database);
     DatabaseCore& core = m_database->core();
     if (former) keepSession(former->core().variables(), core.variables());
     core.onEntityAppended = [&core](const AcDbEntity& entity) {
@@ -160,6 +182,16 @@ Result<void> Editor::openDocument(const std::filesystem::path& path, dxf::LoadRe
     return replaceDatabase(std::move(*loaded), std::filesystem::absolute(path));
 }
 
+Result<void> Editor::recoverDocument(const std::filesystem::path& copy,
+                                     const std::filesystem::path& name) {
+    Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(copy);
+    acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
+    if (!loaded) return loaded.error();
+    const Result<void> replaced = replaceDatabase(std::move(*loaded), name);
+    if (replaced) m_savedRevision = std::numeric_limits<std::uint64_t>::max();
+    return replaced;
+}
+
 Result<void> Editor::writeDocument(const std::filesystem::path& path,
                                    const dxf::SaveOptions& options) {
     if (path.empty()) return Error{"O desenho ainda não tem nome; informe onde salvar."};
@@ -171,6 +203,7 @@ Result<void> Editor::saveDocument(const std::filesystem::path& path,
                                   const dxf::SaveOptions& options) {
     const std::filesystem::path target =
         path.empty() ? m_fileName : std::filesystem::absolute(path);
+    if (m_database->core().variables().number(L"ISAVEBAK") != 0) keepFormerFile(target);
     const Result<void> written = writeDocument(target, options);
     if (!written) return written;
     m_fileName = target;

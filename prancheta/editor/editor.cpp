@@ -3,11 +3,14 @@
 #include "prancheta/editor/editor.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "adscodes.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/dcl/dialog.h"
+#include "prancheta/display/appearance.h"
+#include "prancheta/display/display_list.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/documents.h"
 #include "prancheta/editor/events.h"
@@ -185,11 +188,7 @@ bool Editor::step() {
             m_ui.refresh();
             break;
         case RawInput::Kind::Pick:
-            if (m_database->core().variables().number(L"PICKFIRST") == 0) break;
-            for (const AcDbObjectId& id : input->entities) {
-                std::erase(m_pickfirst, id);
-                if (!input->removes) m_pickfirst.push_back(id);
-            }
+            pick(input->entities, input->removes ? Shift::Down : Shift::Up);
             m_ui.refresh();
             break;
         case RawInput::Kind::Move:
@@ -205,10 +204,26 @@ bool Editor::step() {
     return !m_quit;
 }
 
+// --- Selection ----------------------------------------------------------------------------------
+
+void Editor::pick(const std::vector<AcDbObjectId>& ids, Shift shift) {
+    const SystemVariables& variables = m_database->core().variables();
+    if (variables.number(L"PICKFIRST") == 0) return;
+    const bool replaces = variables.number(L"PICKADD") == 0 && shift == Shift::Up;
+    const auto idOf = [](const AcDbObjectId& id) { return id.asOldId(); };
+    std::unordered_set<Adesk::LongPtr> named;
+    for (const AcDbObjectId& id : ids) named.insert(idOf(id));
+    std::erase_if(m_pickfirst,
+                  [&](const AcDbObjectId& id) { return replaces || named.contains(idOf(id)); });
+    if (shift == Shift::Down) return;
+    for (const AcDbObjectId& id : ids)
+        if (named.erase(idOf(id)) != 0) m_pickfirst.push_back(id);
+}
+
 // --- View ---------------------------------------------------------------------------------------
 
-void Editor::setView(const View& view) {
-    m_previousViews.push_back(m_view);
+void Editor::setView(const View& view, ViewChange change) {
+    if (change == ViewChange::Step) m_previousViews.push_back(m_view);
     if (m_previousViews.size() > kPreviousViews) m_previousViews.erase(m_previousViews.begin());
     m_view = view;
     m_ui.refresh();

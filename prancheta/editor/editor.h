@@ -20,12 +20,15 @@
 #include "prancheta/dxf/document.h"
 #include "prancheta/editor/aliases.h"
 #include "prancheta/editor/command.h"
+#include "prancheta/editor/grips.h"
 #include "prancheta/editor/question.h"
 #include "prancheta/editor/user_interface.h"
 
 namespace prancheta {
 
+class AppearanceTable;
 class CommandStack;
+class DisplayList;
 class ModuleTable;
 class SelectionSets;
 struct CommandLookup;
@@ -68,9 +71,14 @@ public:
     Result<void> newDocument();
     Result<void> openDocument(const std::filesystem::path& path,
                               dxf::LoadReport* findings = nullptr);
-    /// Empty path: where the drawing came from. A new path becomes the drawing's name.
+    /// Empty path: where the drawing came from. A new path becomes the drawing's name. Under
+    /// ISAVEBAK 1 a file that is replaced stays as NAME.bak.
     Result<void> saveDocument(const std::filesystem::path& path = {},
                               const dxf::SaveOptions& options = {});
+    /// Opens a copy that was kept for the case of a crash: the drawing goes by `name` (empty: none)
+    /// and differs from its file.
+    Result<void> recoverDocument(const std::filesystem::path& copy,
+                                 const std::filesystem::path& name);
     /// A copy elsewhere: name and modified state stay.
     Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {});
     /// Called after the drawing was replaced.
@@ -88,6 +96,8 @@ public:
     /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments. A
     /// complaint drops what is left.
     void typeAhead(std::wstring_view keys) { m_typeAhead.append(keys); }
+    /// True when the next answer comes from the user: no program feeds, nothing is typed ahead.
+    bool interactive() const { return m_tokens == nullptr && m_typeAhead.empty(); }
 
     // --- Commands --------------------------------------------------------------------------------
     CommandStack& commands() const { return *m_commands; }
@@ -142,10 +152,16 @@ public:
     /// System variables with the editor's own (CMDACTIVE, VIEWSIZE, ...) brought up to date.
     SystemVariables& variables() const;
 
+    /// What the drawing shows, and how; made anew with every drawing.
+    DisplayList& display() const { return *m_display; }
+    AppearanceTable& appearances() const { return *m_appearances; }
+
     // --- View ------------------------------------------------------------------------------------
     const View& view() const { return m_view; }
-    /// Remembers the former view for restorePreviousView (ten of them).
-    void setView(const View& view);
+    /// Remembers the former view for restorePreviousView (ten of them), but for one that goes on
+    /// from the last change: the turns of a wheel are one step.
+    enum class ViewChange { Step, Continued };
+    void setView(const View& view, ViewChange change = ViewChange::Step);
     bool restorePreviousView();
     /// Size of the drawing area in pixels, told by the front end.
     void setScreenSize(double width, double height);
@@ -159,6 +175,12 @@ public:
     std::vector<AcDbObjectId>& previousSelection() { return m_previousSelection; }
     /// Selected before a command, shown with grips.
     std::vector<AcDbObjectId>& pickfirst() { return m_pickfirst; }
+    /// A pick at "Comando:": adds to that selection, with Shift takes out of it, or as PICKFIRST
+    /// and PICKADD say otherwise. O(both).
+    enum class Shift { Up, Down };
+    void pick(const std::vector<AcDbObjectId>& ids, Shift shift);
+    /// Grips that were clicked: what the command GRIPS works on; it takes them.
+    std::vector<Grip>& hotGrips() { return m_hotGrips; }
     /// Last erased set, which OOPS brings back.
     std::vector<AcDbObjectId>& lastErased() { return m_lastErased; }
     /// Sets that programs hold by name.
@@ -222,6 +244,8 @@ private:
 
     UserInterface& m_ui;
     std::unique_ptr<AcDbDatabase> m_database;
+    std::unique_ptr<DisplayList> m_display;
+    std::unique_ptr<AppearanceTable> m_appearances;
     std::filesystem::path m_fileName;
     std::uint64_t m_savedRevision = 0;
     std::unique_ptr<CommandStack> m_commands;
@@ -240,6 +264,7 @@ private:
     double m_screenHeight = 600.0;
     std::vector<AcDbObjectId> m_previousSelection;
     std::vector<AcDbObjectId> m_pickfirst;
+    std::vector<Grip> m_hotGrips;
     std::vector<AcDbObjectId> m_lastErased;
     std::vector<AcEditorReactor*> m_reactors;
     std::vector<AcApDocManagerReactor*> m_documentReactors;

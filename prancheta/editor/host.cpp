@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/register.h"
 #include "prancheta/dcl/dialog.h"
@@ -24,7 +25,8 @@ void setInstallation(const HostOptions& options) {
     const std::filesystem::path folder = std::filesystem::absolute(options.installation);
     const char* present = std::getenv(kInstallationVariable);
     const bool known = present != nullptr && *present != 0;
-    if (!known || options.installationOverrides) setenv(kInstallationVariable, folder.c_str(), 1);
+    if (!known || options.installationOverrides)
+        setEnvironment(kInstallationVariable, folder.string());
 }
 
 /// Numbers have a decimal point whatever the user's locale; texts are UTF-8 in files and wide in
@@ -41,11 +43,7 @@ std::filesystem::path Host::installationFolder() {
     return folder != nullptr ? std::filesystem::path(folder) : std::filesystem::path();
 }
 
-std::filesystem::path Host::programFolder() {
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::filesystem::path() : program.parent_path();
-}
+std::filesystem::path Host::programFolder() { return folderOfProgram(); }
 
 Host::Host(UserInterface& ui, HostOptions options) : m_options(std::move(options)) {
     setLocale();

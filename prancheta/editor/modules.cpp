@@ -2,17 +2,15 @@
 // Modules: loading, messages, unloading.
 #include "prancheta/editor/modules.h"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/register.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/editor.h"
-#include "prancheta/editor/modules_elf.h"
 
 namespace prancheta {
 
@@ -105,31 +103,28 @@ Result<void> ModuleTable::load(const std::filesystem::path& path) {
 }
 
 Result<void> ModuleTable::loadFile(const std::filesystem::path& file) {
-    void* handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr) {
-        const char* reason = dlerror();
-        return moduleError(file, std::string("o módulo não pôde ser carregado: ") +
-                                     (reason != nullptr ? reason : "?"));
-    }
+    std::string reason;
+    void* const handle = openLibrary(file, reason);
+    if (handle == nullptr) return moduleError(file, "o módulo não pôde ser carregado: " + reason);
     auto module = std::make_unique<Module>();
     module->path = file;
     module->name = fileNameOf(file);
     module->handle = handle;
     for (const std::filesystem::path& needed : neededModules(handle)) {
         module->needs.push_back(fileNameOf(needed));
-        const Result<void> loaded = load(needed);
+        Result<void> loaded = load(needed);
         if (loaded) continue;
-        dlclose(handle);
+        closeLibrary(handle);
         return loaded;
     }
-    module->entry = reinterpret_cast<decltype(module->entry)>(dlsym(handle, "acrxEntryPoint"));
+    module->entry = reinterpret_cast<decltype(module->entry)>(symbolOf(handle, "acrxEntryPoint"));
     if (module->entry == nullptr) {
-        dlclose(handle);
+        closeLibrary(handle);
         return moduleError(file, "o arquivo não é um módulo: falta a função acrxEntryPoint.");
     }
     module->base = libraryOf(reinterpret_cast<const void*>(module->entry));
     // The number is each release's own convention; it is noted, never a reason to refuse.
-    if (void* version = dlsym(handle, "acrxGetApiVersion"))
+    if (void* version = symbolOf(handle, "acrxGetApiVersion"))
         module->apiVersion = reinterpret_cast<int (*)()>(version)();
     m_modules.push_back(std::move(module));
     return initialise(*m_modules.back());
@@ -212,7 +207,7 @@ void ModuleTable::remove(Module& module) {
         if (std::find(known.begin(), known.end(), *c) != known.end()) deleteAcRxClass(*c);
     }
     std::erase_if(m_modules, [&](const auto& m) { return m.get() == &module; });
-    dlclose(handle);
+    closeLibrary(handle);
 }
 
 void ModuleTable::unloadAll() {

@@ -42,8 +42,22 @@ bool onDisplayedLayer(AcDbObjectId entity);
 
 /// Bits of OSMODE for words such as "_end,_mid"; 0 for "_none", nothing for a word that is no snap.
 std::optional<int> snapModes(std::wstring_view words);
-/// Snap point of these modes (bits of OSMODE) nearest to a world point, on what lies under the
-/// aperture. `base` is where perpendiculars and tangents come from; LASTPOINT without one.
+struct SnapHit {
+    AcGePoint3d point;
+    int mode = 0;         ///< bit of OSMODE that it answers
+    AcDbObjectId entity;  ///< whose point it is; of an intersection, the topmost of the two
+};
+/// Snap points of these modes (bits of OSMODE) on what lies under the aperture, best first: the
+/// nearest one, of points at one distance an end, then an intersection, then the other modes;
+/// points merely nearest on an object after all others. Points at one place are one; at most 64
+/// of each kind. `base` is
+/// where perpendiculars and tangents come from; LASTPOINT without one.
+std::vector<SnapHit> snapHits(const Editor& editor, const AcGePoint3d& world, int modes,
+                              SnapReach reach, const std::optional<AcGePoint3d>& base = {});
+/// The first of them.
+std::optional<SnapHit> snapHit(const Editor& editor, const AcGePoint3d& world, int modes,
+                               SnapReach reach, const std::optional<AcGePoint3d>& base = {});
+/// Its point.
 std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes,
                                      SnapReach reach, const std::optional<AcGePoint3d>& base = {});
 

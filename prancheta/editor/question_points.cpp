@@ -82,8 +82,12 @@ bool Question::startModifier(std::wstring_view text) {
 /// The request as it stands after the present step: its prompt and its rubber band.
 void Question::showCurrent() {
     m_current = m_request;
+    if (m_modifiers.empty() && !m_first) return;
+    // What the pointer gives now is not yet the answer that these show.
+    m_current.moving = m_current.rotating = false;
+    m_current.preview = nullptr;
+    m_current.transforming = nullptr;
     if (m_modifiers.empty()) {
-        if (!m_first) return;
         m_current.prompt = L"\nEspecifique o segundo ponto: ";
         m_current.base = m_first;
         m_current.keywords.clear();

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The pictures of the current space's displayed entities.
+// The current space and the states of its layers.
 #include "prancheta/editor/scene.h"
 
 #include "dbsymtb.h"
-#include "prancheta/database/entity_picture.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta {
@@ -22,20 +21,7 @@ const LayerStates::State& LayerStates::ofLayer(AcDbObjectId layer) {
     return at->second;
 }
 
-Scene::Scene(const Editor& editor) {
-    LayerStates layers;
-    for (const AcDbObjectId& id : spaceOf(editor)) {
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        if (entity.openStatus() != Acad::eOk || entity->visibility() != AcDb::kVisible) continue;
-        const LayerStates::State& state = layers.ofLayer(entity->layerId());
-        if (state.off || state.frozen) continue;
-        Item item{id, {}};
-        recordPicture(*entity, item.picture);
-        m_items.push_back(std::move(item));
-    }
-}
-
-std::vector<AcDbObjectId> Scene::spaceOf(const Editor& editor) {
+std::vector<AcDbObjectId> entitiesOfSpace(const Editor& editor) {
     std::vector<AcDbObjectId> ids;
     const AcDbObjectPointer<AcDbBlockTableRecord> space(editor.database().currentSpaceId(),
                                                         AcDb::kForRead);

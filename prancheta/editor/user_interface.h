@@ -2,15 +2,20 @@
 // The only door between the editor and a front end (console, window).
 #pragma once
 
+#include <functional>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "dbmain.h"
+#include "gemat3d.h"
 #include "gepnt3d.h"
 
 namespace prancheta {
+
+class Picture;
 
 namespace dcl {
 class Dialog;
@@ -54,6 +59,11 @@ struct InputRequest {
     bool rotating = false;          ///< angle prompt whose preview turns `selection` about `base`
     bool moving = false;            ///< point prompt whose preview moves `selection` from `base`
     std::vector<AcDbObjectId> selection;
+    /// Appends what the answer `pointer` would draw (world, after snap and ortho), for a front end
+    /// that shows it while it waits. Good as long as the question waits; changes nothing.
+    std::function<void(const AcGePoint3d& pointer, Picture& out)> preview;
+    /// What that answer would do to `selection`, for more than `moving` and `rotating` can say.
+    std::function<AcGeMatrix3d(const AcGePoint3d& pointer)> transforming;
 };
 
 /// What the user did, not yet interpreted.
@@ -74,6 +84,13 @@ struct RawInput {
 /// was asked (unknown command, file that could not be written).
 enum class Complaint { Refused, Failed };
 
+/// A drawing's file that a command needs.
+struct FileQuestion {
+    enum class Purpose { Open, Save };
+    Purpose purpose = Purpose::Open;
+    std::filesystem::path suggestion;  ///< empty: none
+};
+
 class UserInterface {
 public:
     virtual ~UserInterface() = default;
@@ -87,6 +104,12 @@ public:
     virtual void runDialog(dcl::Dialog& dialog) = 0;
     /// Shows why an input came to nothing. A script's front end makes an error of a failure.
     virtual void complain(std::wstring_view text, Complaint kind) = 0;
+    /// Lets the user choose a file in a window; an empty path: he chose none. For saving, a file that
+    /// is there was confirmed. Nothing: there is no such window, the command asks by text.
+    virtual std::optional<std::filesystem::path> chooseFile(const FileQuestion&) { return {}; }
+    /// Asks in a window whether a drawing with unsaved changes may be left; it may have been saved
+    /// in answer. Nothing: there is no such window, the command asks by text.
+    virtual std::optional<bool> mayLeaveDrawing() { return {}; }
     /// Something visible changed; called after each command and each step of a drag.
     virtual void refresh() {}
 };

@@ -43,7 +43,7 @@ Acad::ErrorStatus AcDbAlignedDimension::setDimLinePoint(const AcGePoint3d& p) {
 Acad::ErrorStatus AcDbAlignedDimension::setOblique(double angle) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
-    m_oblique = angle;
+    if (own() != nullptr || angle != 0.0) makeOwn().oblique = angle;
     return Acad::eOk;
 }
 
@@ -64,7 +64,6 @@ Acad::ErrorStatus AcDbAlignedDimension::dwgOutFields(AcDbDwgFiler* filer) const 
     if (es != Acad::eOk) return es;
     filer->writeInt16(kFieldsVersion);
     for (const AcGePoint3d& p : {m_xLine1, m_xLine2, m_dimLine}) filer->writePoint3d(p);
-    filer->writeDouble(m_oblique);
     return filer->filerStatus();
 }
 
@@ -73,7 +72,6 @@ Acad::ErrorStatus AcDbAlignedDimension::dwgInFields(AcDbDwgFiler* filer) {
     if (es == Acad::eOk) es = readVersion(filer);
     if (es != Acad::eOk) return es;
     for (AcGePoint3d* p : {&m_xLine1, &m_xLine2, &m_dimLine}) filer->readPoint3d(p);
-    filer->readDouble(&m_oblique);
     return filer->filerStatus();
 }
 
@@ -85,8 +83,11 @@ Adesk::Boolean AcDbAlignedDimension::subWorldDraw(AcGiWorldDraw* draw) {
 Acad::ErrorStatus AcDbAlignedDimension::subTransformBy(const AcGeMatrix3d& m) {
     if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
     assertWriteEnabled();
-    for (AcGePoint3d* p : {&m_xLine1, &m_xLine2, &m_dimLine, &m_textPosition}) p->transformBy(m);
-    if (m.det() < 0.0 && m_oblique != 0.0) m_oblique = -m_oblique;
+    for (AcGePoint3d* p : {&m_xLine1, &m_xLine2, &m_dimLine}) p->transformBy(m);
+    if (own() != nullptr) {
+        makeOwn().textPosition.transformBy(m);
+        if (m.det() < 0.0) makeOwn().oblique = 0.0 - own()->oblique;
+    }
     xDataTransformBy(m);
     return Acad::eOk;
 }
@@ -139,10 +140,10 @@ Acad::ErrorStatus AcDbAlignedDimension::subMoveGripPointsAt(const AcDbIntArray& 
     if (indices.contains(1)) m_xLine2 += offset;
     if (indices.contains(2) || indices.contains(3)) m_dimLine += offset;
     if (indices.contains(4)) {
-        m_textPosition = text + offset;
-        m_userTextPosition = true;
-    } else if (m_userTextPosition && indices.length() >= 4) {
-        m_textPosition += offset;
+        makeOwn().textPosition = text + offset;
+        makeOwn().userTextPosition = true;
+    } else if (!isUsingDefaultTextPosition() && indices.length() >= 4) {
+        makeOwn().textPosition += offset;
     }
     return Acad::eOk;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "prancheta/entities/picture_entities.h"
 
@@ -18,6 +19,8 @@ constexpr std::size_t kMostPrimitives = 500000;
 /// to see that it comes back to where it was.
 thread_local std::vector<AcDbStub*> g_drawing;
 
+thread_local BlocksDrawn* g_noted = nullptr;
+
 class DrawingScope {
 public:
     explicit DrawingScope(AcDbStub* block) { g_drawing.push_back(block); }
@@ -27,6 +30,9 @@ public:
 };
 
 }  // namespace
+
+BlocksDrawn::BlocksDrawn() : m_outer(std::exchange(g_noted, this)) {}
+BlocksDrawn::~BlocksDrawn() { g_noted = m_outer; }
 
 BlockInheritance::BlockInheritance(const PictureTraits& reference, const AcDbDatabase* database)
     : m_reference(reference) {
@@ -66,6 +72,7 @@ void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& 
 Picture blockPicture(AcDbObjectId block, const PictureTraits& reference) {
     Picture content;
     AcDbStub* const stub = block;
+    if (g_noted != nullptr) g_noted->blocks.push_back(stub);
     const bool inside = std::find(g_drawing.begin(), g_drawing.end(), stub) != g_drawing.end();
     if (stub == nullptr || inside) return content;
     const DrawingScope scope(stub);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "dbsymtb.h"
 #include "prancheta/graphics/picture.h"
@@ -26,6 +27,22 @@ AcGePoint3d blockOrigin(AcDbObjectId block);
 
 /// Calls `visit` for each visible entity, open for read. Nothing when the block cannot be opened.
 void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit);
+
+/// While it lives, notes whose content blockPicture() is asked for, nested blocks included; null
+/// stands for blocks that are missing. Scopes may nest: the innermost one notes.
+class BlocksDrawn {
+public:
+    BlocksDrawn();
+    ~BlocksDrawn();
+    BlocksDrawn(const BlocksDrawn&) = delete;
+    BlocksDrawn& operator=(const BlocksDrawn&) = delete;
+
+    /// In the order in which they were drawn, repeated where they repeat.
+    std::vector<AcDbStub*> blocks;
+
+private:
+    BlocksDrawn* m_outer;
+};
 
 /// What the block draws in its own coordinates, with the reference's properties. A block that
 /// contains itself is left out where it would repeat; very large nests are cut.

@@ -149,6 +149,31 @@ void crossArcs(const Edge& p, const Edge& q, Points& out) {
     }
 }
 
+void cross(const Edge& p, const Edge& q, Points& out) {
+    if (p.isArc() && q.isArc())
+        crossArcs(p, q, out);
+    else if (!p.isArc() && !q.isArc())
+        crossLines(p, q, out);
+    else
+        p.isArc() ? crossLineArc(q, p, out) : crossLineArc(p, q, out);
+}
+
+/// Where an edge may be; of an arc all of its circle. A little wider, so that edges that only touch
+/// are compared.
+struct Extent {
+    double left, bottom, right, top;
+};
+
+Extent extentOf(const Edge& edge) {
+    Extent e{std::min(edge.a.x, edge.b.x), std::min(edge.a.y, edge.b.y),
+             std::max(edge.a.x, edge.b.x), std::max(edge.a.y, edge.b.y)};
+    if (edge.isArc())
+        e = {edge.center.x - edge.radius, edge.center.y - edge.radius, edge.center.x + edge.radius,
+             edge.center.y + edge.radius};
+    const double margin = 1e-9 * (1.0 + (e.right - e.left) + (e.top - e.bottom));
+    return {e.left - margin, e.bottom - margin, e.right + margin, e.top + margin};
+}
+
 std::vector<Edge> edgesNear(const Picture& picture, const AcGePoint3d& near, double reach) {
     std::vector<Edge> edges;
     for (const PrimitiveView p : picture)
@@ -182,21 +207,47 @@ void appendSnaps(const Picture& picture, AcDb::OsnapMode mode, const AcGePoint3d
     }
 }
 
+void appendEdgesNear(const Picture& picture, const AcGePoint3d& near, double reach,
+                     std::size_t owner, std::vector<NearEdge>& out) {
+    for (const Edge& edge : edgesNear(picture, near, reach)) out.push_back({edge, owner});
+}
+
+// Sweep over x: an edge is compared with those that begin before it ends.
+std::vector<Crossing> crossingsOf(const std::vector<NearEdge>& edges, const AcGePoint3d& near,
+                                  double reach) {
+    struct Swept {
+        Extent extent;
+        const NearEdge* of;
+    };
+    std::vector<Swept> swept;
+    swept.reserve(edges.size());
+    for (const NearEdge& edge : edges) swept.push_back({extentOf(edge.edge), &edge});
+    std::sort(swept.begin(), swept.end(),
+              [](const Swept& a, const Swept& b) { return a.extent.left < b.extent.left; });
+    std::vector<Crossing> crossings;
+    Points found;
+    for (std::size_t i = 0; i < swept.size(); ++i) {
+        const Extent& mine = swept[i].extent;
+        for (std::size_t j = i + 1; j < swept.size() && swept[j].extent.left <= mine.right; ++j) {
+            const Extent& other = swept[j].extent;
+            if (other.bottom > mine.top || other.top < mine.bottom) continue;
+            found.clear();
+            cross(swept[i].of->edge, swept[j].of->edge, found);
+            for (const AcGePoint3d& p : found)
+                if (planeDistance(p, near) <= reach)
+                    crossings.push_back({p, swept[i].of->owner, swept[j].of->owner});
+        }
+    }
+    return crossings;
+}
+
 void appendIntersections(const Picture& first, const Picture& second, const AcGePoint3d& near,
                          double reach, std::vector<AcGePoint3d>& out) {
     const std::vector<Edge> ours = edgesNear(first, near, reach);
     const std::vector<Edge> theirs = edgesNear(second, near, reach);
     Points found;
-    for (const Edge& p : ours) {
-        for (const Edge& q : theirs) {
-            if (p.isArc() && q.isArc())
-                crossArcs(p, q, found);
-            else if (!p.isArc() && !q.isArc())
-                crossLines(p, q, found);
-            else
-                p.isArc() ? crossLineArc(q, p, found) : crossLineArc(p, q, found);
-        }
-    }
+    for (const Edge& p : ours)
+        for (const Edge& q : theirs) cross(p, q, found);
     for (const AcGePoint3d& p : found)
         if (planeDistance(p, near) <= reach) out.push_back(p);
 }

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/file_stamp.h"
 #include "prancheta/base/text.h"
 
 namespace prancheta::slides {
@@ -26,8 +27,7 @@ std::string upperAscii(std::string name) {
 
 /// A file in use: its slides by upper-case name (a slide file has one without a name).
 struct LoadedFile {
-    fs::file_time_type date;
-    std::uintmax_t size = 0;
+    FileStamp stamp;
     std::map<std::string, std::shared_ptr<const Slide>, std::less<>> slides;
 };
 
@@ -42,18 +42,24 @@ void decodeInto(LoadedFile& file, const std::string& bytes, bool isLibrary) {
     for (const LibraryEntry& entry : *entries) add(entry.name, entry.image);
 }
 
-/// Null when the file cannot be read.
-const LoadedFile* loadedFile(const fs::path& path, bool isLibrary) {
-    static std::map<fs::path, LoadedFile> cache;
-    std::error_code error;
-    const auto date = fs::last_write_time(path, error);
-    const auto size = error ? 0 : fs::file_size(path, error);
-    if (error) return nullptr;
-    LoadedFile& file = cache[path];
-    if (file.date == date && file.size == size) return &file;
+/// Null when the file cannot be read. A dialog shows many slides of few files: a file that is still the one that was
+/// read costs one question to the system.
+const LoadedFile* loadedFile(const std::wstring& written, bool isLibrary) {
+    static std::map<std::string, LoadedFile> cache;
+    std::string slashed = toUtf8(written);
+    std::replace(slashed.begin(), slashed.end(), '\\', '/');
+    fs::path path(std::move(slashed));
+    auto stamp = fileStampOf(path);
+    if (!stamp) {
+        path = resolvePath(written);
+        stamp = fileStampOf(path);
+    }
+    if (!stamp) return nullptr;
+    LoadedFile& file = cache[path.native()];
+    if (file.stamp == *stamp) return &file;
     const auto bytes = readFile(path);
     if (!bytes) return nullptr;
-    file = {date, size, {}};
+    file = {*stamp, {}};
     decodeInto(file, *bytes, isLibrary);
     return &file;
 }
@@ -124,7 +130,7 @@ std::shared_ptr<const Slide> loadSlide(std::wstring_view reference) {
     const bool isLibrary = !parts.slide.empty();
     const fs::path written(toUtf8(parts.path));
     if (isLibrary || !written.has_extension()) parts.path += isLibrary ? L".slb" : L".sld";
-    const LoadedFile* const file = loadedFile(resolvePath(parts.path), isLibrary);
+    const LoadedFile* const file = loadedFile(parts.path, isLibrary);
     if (file == nullptr) return nullptr;
     const auto found = file->slides.find(upperAscii(toUtf8(parts.slide)));
     return found == file->slides.end() ? nullptr : found->second;

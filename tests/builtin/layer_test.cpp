@@ -118,18 +118,5 @@ TEST_F(Layer, EscapeKeepsWhatWasDone) {
     EXPECT_EQ(current(), L"Perfis");
 }
 
-TEST(Patterns, Names) {
-    using prancheta::commands::matches;
-    EXPECT_TRUE(matches(L"Cotas", L"*"));
-    EXPECT_TRUE(matches(L"COTAS", L"eixos, c?t*"));
-    EXPECT_TRUE(matches(L"aXbXc", L"a*x*c"));
-    EXPECT_TRUE(matches(L"P1", L"p#"));
-    EXPECT_TRUE(matches(L"", L"*"));
-    EXPECT_FALSE(matches(L"Pa", L"p#"));
-    EXPECT_FALSE(matches(L"Cotas", L"cota"));
-    EXPECT_FALSE(matches(L"Cota", L"cotas*s"));
-    EXPECT_FALSE(matches(L"Cotas", L""));
-}
-
 }  // namespace
 }  // namespace builtin

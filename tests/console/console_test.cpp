@@ -92,6 +92,23 @@ TEST_F(Console, FilesThatCannotBeUsedAreThree) {
         << "a file that could not be read is left alone";
 }
 
+TEST_F(Console, PlotsWhatWasDrawn) {
+    if (!fs::exists(kProgram.parent_path() / "libprancheta-plot.so"))
+        GTEST_SKIP() << "compilado sem a plotagem";
+    const std::string script = "_line\n0,0\n300,40\n\n";
+    const Outcome outcome = run("--pdf a.pdf --svg a.svg --png a.png", script);
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(text("a.pdf").substr(0, 5), "%PDF-");
+    EXPECT_TRUE(has(text("a.pdf"), "/MediaBox [0 0 841.8898 595.2756]")) << "A4, lying";
+    EXPECT_TRUE(has(text("a.svg"), "width=\"297mm\" height=\"210mm\""));
+    EXPECT_EQ(text("a.png").substr(1, 3), "PNG");
+    const Outcome missing = run("--pdf missing/a.pdf --png b.png", script);
+    EXPECT_EQ(missing.code, 3);
+    EXPECT_TRUE(has(missing.err, "missing/a.pdf")) << missing.err;
+    EXPECT_EQ(text("b.png").substr(1, 3), "PNG") << "one failure does not keep the others";
+}
+
 TEST_F(Console, ScriptsOfAnySystem) {
     put("s.txt", "\xEF\xBB\xBF; comment\r\n  _line  \r\n0,0\r\n3,4\r\n\r\n");
     const Outcome outcome = run("-r s.txt --estado e.json");

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Undo and redo.
+#include <malloc.h>
+
 #include "fixture.h"
 
 namespace {
@@ -105,6 +107,52 @@ TEST_F(UndoTest, ObjectsKeptOpenAreRecordedInEachCommand) {
     undo().undo();
     EXPECT_EQ(piece->size(), 1);
     EXPECT_EQ(alive(), 1u);
+}
+
+// One group opens the object three times: each access can be given up alone, and the group is one step.
+TEST_F(UndoTest, CancelGivesUpOneAccessOfMany) {
+    const AcDbObjectId old = append(database, new Piece(1));
+    AcDbObjectId made;
+    command(L"MUDAR", [&] {
+        made = append(database, new Piece(10));
+        for (const AcDbObjectId& id : {old, made}) {
+            const double size = sizeOf(id);
+            resize(id, size + 1);
+            AcDbObjectPointer<Piece> piece(id, AcDb::kForWrite);
+            piece->setSize(100);
+            piece->cancel();
+            EXPECT_EQ(sizeOf(id), size + 1);
+            resize(id, size + 2);
+        }
+    });
+    EXPECT_EQ(undo().groupCount(), 2u);
+    undo().undo();
+    EXPECT_EQ(sizeOf(old), 1);
+    EXPECT_EQ(alive(), 1u);
+    undo().redo();
+    EXPECT_EQ(sizeOf(old), 3);
+    EXPECT_EQ(sizeOf(made), 12);
+    // The next group starts anew: what it cancels goes back to the group before.
+    command(L"DE NOVO", [&] {
+        AcDbObjectPointer<Piece> piece(made, AcDb::kForWrite);
+        piece->setSize(5);
+        piece->cancel();
+        resize(made, 6);
+    });
+    undo().undo();
+    EXPECT_EQ(sizeOf(made), 12);
+}
+
+TEST_F(UndoTest, ManyChangesInOneGroupKeepOneState) {
+    constexpr std::size_t kName = 10000;
+    const AcDbObjectId id = append(database, new Piece(1, std::wstring(kName, L'x')));
+    const std::size_t before = mallinfo2().uordblks;
+    command(L"MUDAR", [&] {
+        for (int i = 2; i <= 500; ++i) resize(id, i);
+    });
+    EXPECT_LT(mallinfo2().uordblks, before + 3 * kName * sizeof(wchar_t));
+    undo().undo();
+    EXPECT_EQ(sizeOf(id), 1);
 }
 
 TEST_F(UndoTest, FailedCommandIsRolledBack) {

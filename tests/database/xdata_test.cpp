@@ -10,6 +10,8 @@
 
 namespace {
 
+using prancheta::RawTags;
+
 using prancheta::ListOwner;
 
 class XdataTest : public DatabaseTest {
@@ -135,6 +137,29 @@ TEST_F(XdataTest, TransformationsMoveTurnAndScale) {
     AcGeMatrix3d stretched;
     stretched.entry[0][0] = 2;
     EXPECT_EQ(piece.transformBy(stretched), Acad::eCannotScaleNonUniformly);
+}
+
+// Lengths and codes beyond a byte, empty values, and codes that no application data has.
+TEST(PackedTags, GiveBackWhatTheyTook) {
+    const RawTags tags = {{1001, "ZP"},
+                          {1000, ""},
+                          {1000, std::string(254, 'a')},
+                          {1000, std::string(255, 'b')},
+                          {1000, std::string(70000, 'c')},
+                          {1005, "1F"},
+                          {1071, "-1"},
+                          {0, "x"},
+                          {1255, "y"},
+                          {-5, "z"}};
+    const prancheta::PackedTags packed(tags);
+    EXPECT_EQ(packed.size(), tags.size());
+    const RawTags back = packed;
+    ASSERT_EQ(back.size(), tags.size());
+    for (std::size_t i = 0; i < tags.size(); ++i) {
+        EXPECT_EQ(back[i].code, tags[i].code) << i;
+        EXPECT_EQ(back[i].value, tags[i].value) << i;
+    }
+    EXPECT_TRUE(prancheta::PackedTags(RawTags()).empty());
 }
 
 }  // namespace

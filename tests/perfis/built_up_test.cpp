@@ -22,7 +22,7 @@ protected:
 /// Limits for a section 100 x 40 x 4 with a = 90.
 struct Limits {
     const char* name;
-    void (*handler)();
+    MakeRun make;
     bool userHeight;
     std::wstring tooLow;    ///< A itself is not allowed
     std::wstring greatest;  ///< A itself is allowed
@@ -54,7 +54,7 @@ TEST_F(BuiltUpDialog, EachCommandHasItsLacingLimits) {
         host.play({L"altura=" + limits.tooLow, L"accept", L"altura=" + limits.tooHigh, L"accept",
                    L"altura=" + limits.greatest, L"accept"});
         host.play({});
-        limits.handler();
+        draw(limits.make);
         EXPECT_TRUE(host.has(L"valor error: A deve ser maior que " + limits.tooLow));
         EXPECT_TRUE(host.has(L"valor error: A deve ser menor ou igual a " + limits.greatest));
         // The second visit starts from what the first one kept.
@@ -74,7 +74,7 @@ TEST_F(BuiltUpDialog, TheSpacingFollowsTheLengthEvenOnCancel) {
     host.play({L"accept", L"travejar", L"travejar"});
     host.play({});
     host.play({});
-    pcanttelam();
+    draw(pcanttelam);
     EXPECT_TRUE(host.has(L"valor error: Erro no Travejamento."));  // 300 is not above 3 x 100
     const Texts values = host.eventsOf(L"valor");
     const Texts last(values.end() - 4, values.end());
@@ -84,13 +84,13 @@ TEST_F(BuiltUpDialog, TheSpacingFollowsTheLengthEvenOnCancel) {
 TEST_F(BuiltUpDialog, RolledRowsLeaveTheTypedTilesAndColdOnesFillWhatTheyHave) {
     put("Perfis/Listas/pl_lam.lst", "50\t50\t5\t3.77\n");
     host.play({L"a=12", L"av=8", L"lista=0"});
-    perfilcantzlaminado();
+    draw(perfilcantzlaminado);
     EXPECT_EQ(host.value(L"h"), L"50");
     EXPECT_EQ(host.value(L"a"), L"12");
     EXPECT_EQ(host.value(L"av"), L"8");
     put("Perfis/Listas/puaenr.lst", "100\t50\t2\t8\t17\n75\t40\t2\t8\n60\t30\n");
     host.play({L"lista=0", L"lista=1", L"addtolist", L"lista=2"});
-    pienrdobrado();
+    draw(pienrdobrado);
     EXPECT_EQ(host.value(L"e"), L"17");
     EXPECT_EQ(host.value(L"a"), L"");
     EXPECT_EQ(get("Perfis/Listas/puaenr.lst"), "100\t50\t2\t8\t17\n75\t40\t2\t8\n60\t30\n");
@@ -100,7 +100,7 @@ TEST_F(BuiltUpDialog, TheCrossStartsWithBothPlanesAndKeepsAChoice) {
     host.play({L"plano=1", L"vista0=0", L"OutraVista"});
     host.play({});  // views
     host.play({});
-    perfilcantcruzlaminado();
+    draw(perfilcantcruzlaminado);
     EXPECT_TRUE(host.has(L"lista plano: Plano horizontal|Plano vertical|Os dois planos"));
     Texts planes;
     for (const std::wstring& value : host.eventsOf(L"valor"))

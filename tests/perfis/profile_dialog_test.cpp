@@ -26,7 +26,7 @@ protected:
 
 TEST_F(ProfileDialog, OpensStepByStep) {
     putList("pu.lst", "50\t25\t2\n");
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(host.events(),
               (Texts{L"abre pu_geracao", L"valor h: 0", L"valor b: 0", L"valor t: 0.00",
                      L"valor dimensionar: 0", L"valor visualizar: 0", L"valor vista0: 1",
@@ -40,7 +40,7 @@ TEST_F(ProfileDialog, OpensStepByStep) {
 TEST_F(ProfileDialog, EditsTheCatalogueAndWritesItBackOnCancel) {
     putList("pu.lst", "50\t25\t2\n75\t40\t2\n");
     host.play({L"lista=1", L"t=3", L"addtolist", L"addtolist", L"h=80", L"substolist"});
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(list("pu.lst"), "50\t25\t2\n80\t40\t3\n75\t40\t3\n");
     EXPECT_EQ(host.mode(L"addtolist"), 0);
     EXPECT_EQ(host.mode(L"deltolist"), 0);
@@ -50,17 +50,17 @@ TEST_F(ProfileDialog, EditsTheCatalogueAndWritesItBackOnCancel) {
 TEST_F(ProfileDialog, DeletingTheLastRowGoesBackToTheFirst) {
     putList("pu.lst", "a\nb\n");
     host.play({L"lista=1", L"deltolist"});
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(list("pu.lst"), "a\n");
     EXPECT_EQ(host.mode(L"deltolist"), 1);
     host.play({L"deltolist", L"deltolist", L"substolist"});  // the second finds no row
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(list("pu.lst"), "");
 }
 
 TEST_F(ProfileDialog, AcceptSaysWhatIsWrong) {
     host.play({L"h=100", L"b=50", L"t=-1", L"accept", L"vista0=0", L"t=2", L"accept"});
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: Comprimento inválido para vista.");
     EXPECT_TRUE(host.has(L"valor error: Dados inválidos para gerar perfil."));
 }
@@ -70,7 +70,7 @@ TEST_F(ProfileDialog, RemembersEverythingAroundTheViewsDialog) {
         {L"h=100,5", L"visualizar=1", L"ins_list=3", L"dimensionar=1", L"vista0=0", L"OutraVista"});
     host.play({L"pickngo=1", L"accept"});  // the views dialog
     host.play({});
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(host.eventsOf(L"abre"), (Texts{L"pu_geracao", L"vistas_geracao", L"pu_geracao"}));
     EXPECT_EQ(host.value(L"h"), L"100,5");
     EXPECT_EQ(host.value(L"ins_list"), L"3");
@@ -79,7 +79,7 @@ TEST_F(ProfileDialog, RemembersEverythingAroundTheViewsDialog) {
     EXPECT_EQ(host.mode(L"dimensionar"), 1);
     EXPECT_EQ(sharedDimensionFlag(), 1);
     host.clearEvents();
-    pudobrado();  // another run starts from the defaults
+    draw(pudobrado);  // another run starts from the defaults
     EXPECT_TRUE(host.has(L"valor vista0: 1"));
     EXPECT_TRUE(host.has(L"valor h: 0"));
     EXPECT_EQ(sharedDimensionFlag(), 0);
@@ -87,7 +87,7 @@ TEST_F(ProfileDialog, RemembersEverythingAroundTheViewsDialog) {
 
 TEST_F(ProfileDialog, InsertionPointsShowOnlyWhenAskedFor) {
     host.play({L"ins_list=2", L"visualizar=1", L"ins_list=4", L"visualizar=0"});
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(host.eventsOf(L"imagem"), (Texts{L"showall: pu(secao)", L"showall: pu(ip2)",
                                                L"showall: pu(ip4)", L"showall: pu(secao)"}));
 }
@@ -95,17 +95,17 @@ TEST_F(ProfileDialog, InsertionPointsShowOnlyWhenAskedFor) {
 TEST_F(ProfileDialog, FailuresAreSaid) {
     putList("pu.lst", "\n\na\n");
     host.lose(L"pu_geracao");
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(host.events(), (Texts{L"texto \nNão Foi Possível Carregar DCL Perfis",
                                     L"texto \nErro ao executar função"}));
     EXPECT_EQ(list("pu.lst"), "\n\na\n");  // not written back
     host.clearEvents();
     ::setenv("ZPFORJA2010", std::string(600, 'x').c_str(), 1);
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(host.events(), Texts{L"texto \nCaminho muito longo: ZPFORJA2010."});
     host.clearEvents();
     ::unsetenv("ZPFORJA2010");
-    pudobrado();
+    draw(pudobrado);
     EXPECT_EQ(host.events(),
               Texts{L"texto \nA variável de ambiente ZPFORJA2010 não está definida."});
 }
@@ -113,12 +113,12 @@ TEST_F(ProfileDialog, FailuresAreSaid) {
 TEST_F(ProfileDialog, OtherCommandsDiscardTheirEdits) {
     putList("pur.lst", "100\t50\t2\t17\n");
     host.play({L"lista=0", L"a=0.8", L"addtolist"});
-    pudoben();
+    draw(pudoben);
     EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 100\t50\t2\t17|100\t50\t2");
     EXPECT_EQ(list("pur.lst"), "100\t50\t2\t17\n");
     putList("ptb.lst", "");
     host.play({L"d=100", L"di=100", L"di=60", L"addtolist"});
-    perfiltubo();
+    draw(perfiltubo);
     EXPECT_EQ(host.eventsOf(L"modo").back(), L"substolist: 0");
     EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 100\t60");
 }
@@ -130,7 +130,7 @@ TEST_F(ProfileDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
     host.play({L"travejar=1", L"travejar=0", L"travejar=1", L"vista0=1"});
     host.play({L"altura=30", L"largura=40", L"accept"});
     host.play({});
-    pcantdob();
+    draw(pcantdob);
     EXPECT_EQ(host.eventsOf(L"abre"), (Texts{L"pl_geracao", L"vistas_geracao", L"pl_geracao",
                                              L"zp_travejam", L"zp_travejam"}));
     EXPECT_EQ(host.eventsOf(L"valor").back(), L"travejar: 0");
@@ -141,7 +141,7 @@ TEST_F(ProfileDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
 TEST_F(ProfileDialog, RolledRowsFillTheTilesAndNothingElse) {
     putList("pl_lam.lst", "50\t50\t5\t3.77\n60\t60\n");
     host.play({L"lista=0", L"lista=1"});
-    bnlam();
+    draw(bnlam);
     EXPECT_EQ(host.value(L"h"), L"60");
     EXPECT_EQ(host.value(L"t"), L"");  // a short row empties the tiles it does not reach
     EXPECT_EQ(host.mode(L"deltolist"), 0);

@@ -30,7 +30,7 @@ protected:
     void run(const Texts& actions) {
         host.clearEvents();
         host.play(actions);
-        pilaminado();
+        draw(pilaminado);
     }
     DialogStandIn host;
 };
@@ -64,7 +64,7 @@ TEST_F(RolledDialog, EverySourceRemembersItsOwnSize) {
 TEST_F(RolledDialog, TheRememberedSizeComesBackAfterTheViews) {
     host.play({L"rd_europe=1", L"lista=1", L"h=999", L"vista0=0", L"OutraVista"});
     host.play({L"l=10", L"accept"});
-    pilaminado();
+    draw(pilaminado);
     EXPECT_TRUE(host.has(L"valor h: 999"));  // as it was left
     EXPECT_EQ(values(), (Texts{L"200", L"100", L"8.5", L"5.6"}));
     EXPECT_EQ(host.value(L"rd_europe"), L"1");
@@ -93,7 +93,7 @@ TEST_F(RolledDialog, AMissingFileLeavesWhatWasThere) {
     EXPECT_EQ(values(), (Texts{L"200", L"110", L"6", L"4.5"}));
     std::filesystem::remove(folder() / "Perfis/Listas/BitolasAcoMinas.lst");
     DialogStandIn other;
-    pilaminado();
+    draw(pilaminado);
     EXPECT_EQ(other.value(L"h"), L"0");
     EXPECT_TRUE(other.eventsOf(L"texto").empty());
 }

@@ -2,6 +2,8 @@
 // Entry of ZP__MaterialList18.arx.
 #include "accmd.h"
 #include "rxregsvc.h"
+#include "zp/matlist/acompanha.h"
+#include "zp/matlist/fichas.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/relatorio.h"
 #include "zp/matlist/tabela.h"
@@ -17,6 +19,8 @@ void comeca(void* aplicacao) {
     ZpMarca::rxInit();
     acrxBuildClassHierarchy();
     zp::lista::instalaRelatorio();
+    zp::lista::instalaFichas();
+    zp::lista::comecaAAcompanhar();
     if (AcEdCommandStack* pilha = acedRegCmds; pilha != nullptr)
         (void)pilha->addCommand(
             kGrupo, L"LISTAMATERIAL", L"LISTAMATERIAL", ACRX_CMD_MODAL,
@@ -25,8 +29,11 @@ void comeca(void* aplicacao) {
 
 void encerra() {
     if (AcEdCommandStack* pilha = acedRegCmds; pilha != nullptr) (void)pilha->removeGroup(kGrupo);
+    zp::lista::paraDeAcompanhar();
+    zp::lista::retiraFichas();
     zp::lista::retiraRelatorio();
     zp::lista::esquece();
+    zp::lista::esqueceLinhas();
     deleteAcRxClass(ZpMarca::desc());
 }
 
@@ -34,7 +41,10 @@ void encerra() {
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     if (msg == AcRx::kInitAppMsg) comeca(pkt);
-    if (msg == AcRx::kUnloadDwgMsg) zp::lista::esquece();
+    if (msg == AcRx::kUnloadDwgMsg) {
+        zp::lista::esquece();
+        zp::lista::esqueceLinhas();
+    }
     if (msg == AcRx::kUnloadAppMsg) encerra();
     return AcRx::kRetOK;
 }

@@ -177,6 +177,20 @@ Linha leLinha(Leitor& l) {
     return linha;
 }
 
+void poeLinha(Escritor& e, const Linha& l) {
+    e.texto(l.marca);
+    e.inteiro(l.quantidade);
+    e.texto(l.descricao);
+    e.texto(l.dimensoes);
+    e.texto(l.material);
+    e.real(l.comprimento);
+    e.real(l.pesoUnitario);
+    e.real(l.pesoTotal);
+    e.real(l.areaPintura);
+    e.texto(l.observacao);
+    for (const AcDbSoftPointerId& id : l.ids) e.id(id);
+}
+
 /// Marks of the list asked last. They hold as long as its last row is still the last and what was
 /// taken out stays out, which undo changes; adding a row keeps them up, so that n rows cost O(n).
 struct Guardado {
@@ -303,20 +317,41 @@ std::vector<Linha> linhas(AcDbObjectId lista) {
 bool acrescenta(AcDbObjectId lista, const Linha& l) {
     Guardado& g = guardado(lista);
     Escritor e;
-    e.texto(l.marca);
-    e.inteiro(l.quantidade);
-    e.texto(l.descricao);
-    e.texto(l.dimensoes);
-    e.texto(l.material);
-    e.real(l.comprimento);
-    e.real(l.pesoUnitario);
-    e.real(l.pesoTotal);
-    e.real(l.areaPintura);
-    e.texto(l.observacao);
-    for (const AcDbSoftPointerId& id : l.ids) e.id(id);
+    poeLinha(e, l);
     if (!grava(lista, nomeDaLinha(g.proximo).c_str(), e)) return false;
     somaLinha(g, l.marca);
     return true;
+}
+
+std::vector<Registro> registros(AcDbObjectId lista) {
+    std::vector<Registro> todos;
+    for (const Entrada& e : entradas(lista, kPrefixoLinha)) todos.push_back({e.numero, e.id});
+    return todos;
+}
+
+AcDbObjectId registroDeNumero(AcDbObjectId lista, int numero) {
+    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+    AcDbObjectId id;
+    if (d.object() == nullptr || d->getAt(nomeDaLinha(numero).c_str(), id) != Acad::eOk) return {};
+    return id;
+}
+
+std::optional<Linha> linhaEm(AcDbObjectId registro) {
+    const AcDbObjectPointer<AcDbXrecord> aberto(registro, AcDb::kForRead);
+    if (aberto.object() == nullptr) return {};
+    Leitor leitor(*aberto.object());
+    if (leitor.acabou()) return {};
+    return leLinha(leitor);
+}
+
+bool regrava(AcDbObjectId registro, const Linha& linha) {
+    const AcDbObjectPointer<AcDbXrecord> aberto(registro, AcDb::kForWrite);
+    if (aberto.object() == nullptr) return false;
+    Escritor e;
+    poeLinha(e, linha);
+    // The mark may be another one now.
+    g_guardado = {};
+    return aberto->setFromRbChain(*e.inicio()) == Acad::eOk;
 }
 
 void esquece() {

@@ -41,6 +41,16 @@ bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho);
 /// Rows in the order in which they were added.
 std::vector<Linha> linhas(AcDbObjectId lista);
 bool acrescenta(AcDbObjectId lista, const Linha& linha);
+/// A row's record and its number, which grows from row to row.
+struct Registro {
+    int numero = 0;
+    AcDbObjectId id;
+};
+std::vector<Registro> registros(AcDbObjectId lista);
+/// The record with this number; null when there is none.
+AcDbObjectId registroDeNumero(AcDbObjectId lista, int numero);
+std::optional<Linha> linhaEm(AcDbObjectId registro);
+bool regrava(AcDbObjectId registro, const Linha& linha);
 /// To be called when a drawing goes away: its ids may come back as those of another one.
 void esquece();
 

@@ -28,12 +28,12 @@ public:
     void describe(AcDbDatabase& database, PropertyVisitor& v) const override {
         v.beginList(L"lista_material");
         for (const Lista& lista : listas(database))
-            for (const Linha& l : linhas(lista.id)) linha(l, v);
+            for (const Linha& l : linhas(lista.id)) linha(lista, l, v);
         v.endList();
     }
 
 private:
-    static void linha(const Linha& l, PropertyVisitor& v) {
+    static void linha(const Lista& lista, const Linha& l, PropertyVisitor& v) {
         v.beginGroup(nullptr);
         v.text(L"marca", l.marca.c_str());
         v.integer(L"quantidade", l.quantidade);
@@ -45,6 +45,9 @@ private:
         v.number(L"peso_total", l.pesoTotal);
         v.number(L"area_pintura", l.areaPintura);
         v.text(L"observacao", observacaoDe(l).c_str());
+        v.integer(L"lista", lista.numero);
+        v.text(L"grupo", lista.cabecalho.grupo.c_str());
+        v.integer(L"apagada", apagada(l) ? 1 : 0);
         v.beginList(L"ids");
         for (const AcDbSoftPointerId& id : l.ids) v.object(nullptr, id);
         v.endList();

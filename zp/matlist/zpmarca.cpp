@@ -65,6 +65,18 @@ bool ZpMarca::pecaApagada() const {
     return m_temPeca && (m_peca.isNull() || m_peca.isErased());
 }
 
+void ZpMarca::setMarca(std::wstring marca) {
+    assertWriteEnabled();
+    m_marca = std::move(marca);
+    recordGraphicsModified();
+}
+
+void ZpMarca::setPeca(const AcDbObjectId& peca) {
+    assertWriteEnabled();
+    m_peca = AcDbSoftPointerId(peca);
+    m_temPeca = !peca.isNull();
+}
+
 Adesk::Boolean ZpMarca::subWorldDraw(AcGiWorldDraw* draw) {
     assertReadEnabled();
     const Figura f = figura();

@@ -30,6 +30,9 @@ public:
     AcDbObjectId peca() const;
     /// True when the mark had a piece that is erased or gone.
     bool pecaApagada() const;
+    void setMarca(std::wstring marca);
+    /// From now on the mark stands for this piece.
+    void setPeca(const AcDbObjectId& peca);
 
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;

@@ -25,7 +25,7 @@ bool aplica(int marcas, Ligacao& l) {
     l.quantos = static_cast<std::uint8_t>(marcas >> 2 & 7);
     l.espelhada = (marcas >> 5 & 1) != 0;
     for (std::size_t i = 0; i < l.pontos.size(); ++i)
-        l.pontos[i].noFim = (marcas >> (6 + i) & 1) != 0;
+        l.pontos.marca(i, (marcas >> (6 + i) & 1) != 0);
     return true;
 }
 
@@ -40,10 +40,10 @@ bool leLigacoes(Leitor& leitor, Peca& p) {
         for (std::size_t i = 0; i < l.quantos; ++i) {
             AcGePoint3d desvio;
             if (!leitor.ponto(desvio)) return false;
-            l.pontos[i].desvio = desvio.asVector();
+            l.pontos[i] = {desvio.asVector(), std::as_const(l.pontos)[i].noFim};
         }
         if (l.papel == Ligacao::Papel::Segue && !leitor.real(l.angulo)) return false;
-        if (!l.id.isNull()) p.listaDeLigacoes().push_back(l);
+        if (!l.id.isNull()) p.acrescenta(l);
     }
     return true;
 }
@@ -140,7 +140,7 @@ void gravaPeca(Escritor& e, const Peca& p) {
         e.id(l.id);
         e.inteiro(marcasDe(l));
         for (std::size_t i = 0; i < l.quantos; ++i) {
-            const AcGeVector3d& d = l.pontos[i].desvio;
+            const AcGeVector3d d = l.pontos[i].desvio;
             e.ponto({d.x, d.y, d.z});
         }
         if (l.papel == Ligacao::Papel::Segue) e.real(l.angulo);

@@ -4,10 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <cwctype>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 namespace zp {
 namespace {
@@ -59,14 +61,31 @@ std::string semCaixa(std::string s) {
     return s;
 }
 
-/// Entry of a folder by its name in any case; the name itself when there is none.
+/// Entry of a folder by its name in any case; the name itself when there is none. Every piece asks: a folder that
+/// did not change is not listed again.
 std::filesystem::path entrada(const std::filesystem::path& pasta, const std::string& nome) {
     std::error_code erro;
     if (std::filesystem::exists(pasta / nome, erro)) return pasta / nome;
+    struct Listada {
+        std::filesystem::file_time_type quando;
+        std::filesystem::path achada;
+    };
+    static std::map<std::filesystem::path, Listada> listadas;
+    const auto quando = std::filesystem::last_write_time(pasta, erro);
+    if (erro) return pasta / nome;
+    // A change in the same tick of the clock as the listing would not be seen.
+    const bool assentada =
+        std::filesystem::file_time_type::clock::now() - quando > std::chrono::seconds(2);
+    Listada& antes = listadas[pasta / nome];
+    if (assentada && antes.quando == quando) return antes.achada;
+    antes = {assentada ? quando : std::filesystem::file_time_type(), pasta / nome};
     for (std::filesystem::directory_iterator i(pasta, erro), fim; !erro && i != fim;
-         i.increment(erro))
-        if (semCaixa(i->path().filename().string()) == semCaixa(nome)) return i->path();
-    return pasta / nome;
+         i.increment(erro)) {
+        if (semCaixa(i->path().filename().string()) != semCaixa(nome)) continue;
+        antes.achada = i->path();
+        break;
+    }
+    return antes.achada;
 }
 
 }  // namespace

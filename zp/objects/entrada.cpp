@@ -3,6 +3,7 @@
 #include "dbapserv.h"
 #include "rxregsvc.h"
 #include "zp/objects/classes_zp.h"
+#include "zp/objects/fichas.h"
 #include "zp/objects/relatorio.h"
 #include "zp/objects/vigia.h"
 
@@ -14,6 +15,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
             acrxRegisterAppMDIAware(pkt);
             zp::registraClasses();
             zp::relatorio::instala();
+            zp::fichas::instala();
             zp::vigia::comeca();
             break;
         case AcRx::kLoadDwgMsg:
@@ -25,6 +27,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
             break;
         case AcRx::kUnloadAppMsg:
             zp::vigia::encerra();
+            zp::fichas::retira();
             zp::relatorio::retira();
             zp::retiraClasses();
             break;

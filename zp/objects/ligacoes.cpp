@@ -180,7 +180,7 @@ void lembraDona(AcDbEntity& entidade, AcDbObjectId dona) {
         Ligacao l;
         l.id = AcDbSoftPointerId(dona);
         l.papel = Ligacao::Papel::Dona;
-        Acesso::de(*objeto).listaDeLigacoes().push_back(l);
+        Acesso::de(*objeto).acrescenta(l);
         return;
     }
     donas.push_back(dona);
@@ -207,7 +207,7 @@ Acad::ErrorStatus liga(ZpObject& peca, const AcDbObjectId& outra, Ligacao::Papel
     lembraDona(*aberta, peca.objectId());
     (void)aberta->close();
     peca.assertWriteEnabled();
-    p.listaDeLigacoes().push_back(l);
+    p.acrescenta(l);
     return Acad::eOk;
 }
 

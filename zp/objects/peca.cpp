@@ -114,9 +114,12 @@ secao::Caixa Peca::figura() const {
     return {0.0, v.wMin, comprimento, v.wMax};
 }
 
-std::vector<Ligacao>& Peca::listaDeLigacoes() {
+// Nearly all pieces have a handful of links: until then no room is kept for more.
+void Peca::acrescenta(const Ligacao& l) {
+    constexpr std::size_t kPoucas = 8;
     if (!ligacoes) ligacoes = std::make_unique<std::vector<Ligacao>>();
-    return *ligacoes;
+    if (ligacoes->size() < kPoucas) ligacoes->reserve(ligacoes->size() + 1);
+    ligacoes->push_back(l);
 }
 
 std::span<const Ligacao> Peca::ligadas() const {

@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "gemat3d.h"
@@ -36,6 +37,39 @@ struct PontoAprendido {
     bool noFim = false;
 };
 
+/// Up to four of them; the marks of the end share one byte, because a drawing has as many links as dimensions.
+class PontosAprendidos {
+public:
+    class Lugar {
+    public:
+        Lugar(PontosAprendidos& pontos, std::size_t i) : m_pontos(pontos), m_i(i) {}
+        operator PontoAprendido() const { return std::as_const(m_pontos)[m_i]; }
+        Lugar& operator=(const PontoAprendido& p) {
+            m_pontos.m_desvios[m_i] = p.desvio;
+            m_pontos.marca(m_i, p.noFim);
+            return *this;
+        }
+
+    private:
+        PontosAprendidos& m_pontos;
+        std::size_t m_i;
+    };
+    static constexpr std::size_t size() { return 4; }
+    PontoAprendido operator[](std::size_t i) const { return {m_desvios[i], (m_noFim >> i & 1) != 0}; }
+    Lugar operator[](std::size_t i) { return {*this, i}; }
+    void marca(std::size_t i, bool noFim) {
+        const auto bit = static_cast<std::uint8_t>(1U << i);
+        m_noFim = static_cast<std::uint8_t>(noFim ? m_noFim | bit : m_noFim & ~bit);
+    }
+    void escala(double k) {
+        for (AcGeVector3d& desvio : m_desvios) desvio *= k;
+    }
+
+private:
+    std::array<AcGeVector3d, 4> m_desvios;
+    std::uint8_t m_noFim = 0;
+};
+
 struct Ligacao {
     enum class Papel : std::uint8_t {
         Cota = 0,   ///< a dimension of this piece
@@ -43,13 +77,13 @@ struct Ligacao {
         Dona = 2,   ///< the piece that this one follows
     };
     AcDbSoftPointerId id;
+    [[no_unique_address]] PontosAprendidos pontos;
     Papel papel = Papel::Cota;
     /// Points in use: the dimension's (two measured, one on the line, the text's when it was placed
     /// by hand) or the piece's start.
     std::uint8_t quantos = 0;
     bool espelhada = false;  ///< of a piece: mirrored relative to this one
     double angulo = 0.0;     ///< of a piece: relative to this one
-    std::array<PontoAprendido, 4> pontos;
 };
 
 struct Peca {
@@ -82,7 +116,7 @@ struct Peca {
     /// Box of the picture in that frame.
     secao::Caixa figura() const;
 
-    std::vector<Ligacao>& listaDeLigacoes();
+    void acrescenta(const Ligacao& l);
     std::span<const Ligacao> ligadas() const;
     Ligacao* ligacao(AcDbObjectId id);
     void desliga(AcDbObjectId id);

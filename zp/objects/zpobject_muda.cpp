@@ -42,8 +42,7 @@ void escala(Peca& p, double k) {
     p.comprimento *= k;
     p.secaoGuardada.reset();
     if (!p.ligacoes) return;
-    for (zp::Ligacao& l : *p.ligacoes)
-        for (zp::PontoAprendido& ponto : l.pontos) ponto.desvio *= k;
+    for (zp::Ligacao& l : *p.ligacoes) l.pontos.escala(k);
 }
 
 /// Stretch of the axis of `p` inside a convex quadrangle given by opposite pairs of corners; empty

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Selection sets of the C-style interface.
-#include <fnmatch.h>
-
 #include "acedads.h"
 #include "acutmem.h"
 #include "geassign.h"
 #include "prancheta/base/text.h"
+#include "prancheta/base/wildcard.h"
 #include "prancheta/dcl/dialog.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
@@ -18,19 +17,8 @@ namespace {
 using prancheta::Editor;
 using Ids = std::vector<AcDbObjectId>;
 
-/// Name against patterns separated by commas (`*`, `?`, `[...]`), case ignored.
 bool fits(const ACHAR* name, const ACHAR* patterns) {
-    if (name == nullptr || patterns == nullptr) return false;
-    const std::string folded = prancheta::toUtf8(prancheta::foldCase(name));
-    std::wstring rest(patterns);
-    for (;;) {
-        const std::size_t comma = std::min(rest.find(L','), rest.size());
-        const std::string pattern =
-            prancheta::toUtf8(prancheta::foldCase(std::wstring_view(rest).substr(0, comma)));
-        if (fnmatch(pattern.c_str(), folded.c_str(), 0) == 0) return true;
-        if (comma == rest.size()) return false;
-        rest.erase(0, comma + 1);
-    }
+    return name != nullptr && patterns != nullptr && prancheta::fitsWildcards(name, patterns);
 }
 
 const ACHAR* typeName(const AcDbEntity& entity) {
@@ -101,7 +89,7 @@ int selectByMode(Editor& editor, std::wstring mode, const void* p1, const void* 
         ((mode == L"wp" || mode == L"cp" || mode == L"f") && p1 == nullptr))
         return RTERROR;
     if (mode == L"x") {
-        ids = prancheta::Scene::spaceOf(editor);
+        ids = prancheta::entitiesOfSpace(editor);
     } else if (mode == L"a" || mode == L"all") {
         ids = prancheta::allEntities(editor);
     } else if (mode == L"l") {

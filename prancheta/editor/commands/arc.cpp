@@ -8,6 +8,24 @@
 
 namespace prancheta::commands {
 
+namespace {
+
+/// Null when the points lie on one line.
+std::unique_ptr<AcDbEntity> arcThrough(const AcGePoint3d& start, const AcGePoint3d& middle,
+                                       const AcGePoint3d& end) {
+    const std::optional<PlaneCircle> circle = circleThrough(start, middle, end);
+    const std::optional<double> bulge = bulgeThrough(start, middle, end);
+    if (!circle || !bulge) return nullptr;
+    // An arc runs counter-clockwise: one drawn the other way begins at its end.
+    const AcGePoint3d& from = *bulge > 0.0 ? start : end;
+    const AcGePoint3d& to = *bulge > 0.0 ? end : start;
+    return std::make_unique<AcDbArc>(circle->center, circle->radius,
+                                     positiveAngle(directionOf(circle->center, from)),
+                                     positiveAngle(directionOf(circle->center, to)));
+}
+
+}  // namespace
+
 CommandTask arc(CommandContext context) {
     const InputValue start = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique o ponto inicial do arco: ").required());
@@ -17,25 +35,21 @@ CommandTask arc(CommandContext context) {
                                  .from(start.point)
                                  .required());
     if (middle.status != RTNORM) co_return endOf(middle.status);
-    const InputValue end =
-        co_await context.ask(Prompt(InputKind::Point, L"\nEspecifique a extremidade do arco: ")
-                                 .from(middle.point)
-                                 .required());
+    const InputValue end = co_await context.ask(
+        Prompt(InputKind::Point, L"\nEspecifique a extremidade do arco: ")
+            .from(middle.point)
+            .required()
+            .showing(context, [a = start.point, b = middle.point](const AcGePoint3d& c) {
+                return arcThrough(a, b, c);
+            }));
     if (end.status != RTNORM) co_return endOf(end.status);
 
-    const std::optional<PlaneCircle> circle = circleThrough(start.point, middle.point, end.point);
-    const std::optional<double> bulge = bulgeThrough(start.point, middle.point, end.point);
-    if (!circle || !bulge) {
+    std::unique_ptr<AcDbEntity> made = arcThrough(start.point, middle.point, end.point);
+    if (!made) {
         say(context, L"O arco não existe: os pontos estão em uma linha reta.");
         co_return CommandEnd::Failed;
     }
-    // An arc runs counter-clockwise: one drawn the other way begins at its end.
-    const AcGePoint3d& from = *bulge > 0.0 ? start.point : end.point;
-    const AcGePoint3d& to = *bulge > 0.0 ? end.point : start.point;
-    const AcDbObjectId id = addEntity(
-        context, std::make_unique<AcDbArc>(circle->center, circle->radius,
-                                           positiveAngle(directionOf(circle->center, from)),
-                                           positiveAngle(directionOf(circle->center, to))));
+    const AcDbObjectId id = addEntity(context, std::move(made));
     co_return id.isNull() ? CommandEnd::Failed : CommandEnd::Done;
 }
 

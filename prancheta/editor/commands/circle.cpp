@@ -24,6 +24,13 @@ std::wstring withDefault(std::wstring prompt, double value) {
     return value > 0.0 ? prompt + L" <" + lengthText(value) + L">: " : prompt + L": ";
 }
 
+using Made = std::unique_ptr<AcDbEntity>;
+
+Made circleBy(const AcGePoint3d& center, double radius) {
+    if (!(radius > 0.0)) return nullptr;
+    return std::make_unique<AcDbCircle>(center, AcGeVector3d::kZAxis, radius);
+}
+
 CommandTask threePoints(CommandContext context) {
     AcGePoint3d points[3];
     const wchar_t* const prompts[] = {L"\nEspecifique o primeiro ponto no círculo: ",
@@ -33,6 +40,11 @@ CommandTask threePoints(CommandContext context) {
         Prompt prompt(InputKind::Point, prompts[i]);
         prompt.required();
         if (i > 0) prompt.from(points[i - 1]);
+        if (i == 2)
+            prompt.showing(context, [a = points[0], b = points[1]](const AcGePoint3d& c) {
+                const std::optional<PlaneCircle> circle = circleThrough(a, b, c);
+                return circle ? circleBy(circle->center, circle->radius) : Made();
+            });
         const InputValue answer = co_await context.ask(prompt);
         if (answer.status != RTNORM) co_return endOf(answer.status);
         points[i] = answer.point;
@@ -53,7 +65,11 @@ CommandTask twoPoints(CommandContext context) {
     const InputValue second = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique a segunda extremidade do diâmetro do círculo: ")
             .from(first.point)
-            .required());
+            .required()
+            .showing(context, [from = first.point](const AcGePoint3d& to) {
+                const AcGeVector3d half = (to - from) / 2.0;
+                return circleBy(from + half, half.length());
+            }));
     if (second.status != RTNORM) co_return endOf(second.status);
     const AcGeVector3d half = (second.point - first.point) / 2.0;
     if (half.isZeroLength()) {
@@ -85,6 +101,9 @@ CommandTask circle(CommandContext context) {
     Prompt prompt(InputKind::Distance,
                   withDefault(L"\nEspecifique o raio do círculo ou [Diâmetro]", last));
     prompt.from(center.point).words(kDiameter).bits(RSG_NOZERO | RSG_NONEG);
+    prompt.showing(context, [at = center.point](const AcGePoint3d& to) {
+        return circleBy(at, at.distanceTo(to));
+    });
     if (last <= 0.0) prompt.required();
     InputValue size = co_await context.ask(prompt);
     if (size.status == RTKWORD) {
@@ -92,6 +111,9 @@ CommandTask circle(CommandContext context) {
         Prompt across(InputKind::Distance,
                       withDefault(L"\nEspecifique o diâmetro do círculo", 2.0 * last));
         across.from(center.point).bits(RSG_NOZERO | RSG_NONEG);
+        across.showing(context, [at = center.point](const AcGePoint3d& to) {
+            return circleBy(at, at.distanceTo(to) / 2.0);
+        });
         if (last <= 0.0) across.required();
         size = co_await context.ask(across);
     }

@@ -114,6 +114,15 @@ std::wstring shownText(const CommandContext& context, const Ends& ends, const st
     return trial.shownText();
 }
 
+std::unique_ptr<AcDbEntity> dimensionAt(const CommandContext& context, const Ends& ends,
+                                        const AcGePoint3d& line, const std::wstring& text) {
+    auto dimension = std::make_unique<AcDbAlignedDimension>(
+        ends.first, ends.second, line, text.c_str(), context.database().dimstyle());
+    const double scale = context.database().dimscale();
+    if (dimension->dimscale() != scale) (void)dimension->setDimscale(scale);
+    return dimension;
+}
+
 }  // namespace
 
 CommandTask dimaligned(CommandContext context) {
@@ -122,11 +131,13 @@ CommandTask dimaligned(CommandContext context) {
     const Ends ends = measured.ends;
     std::wstring text;
     for (;;) {
-        const InputValue answer = co_await context.ask(
-            Prompt(InputKind::Point, L"\nEspecifique a localização da linha de cota ou [Texto]: ")
-                .from(ends.second)
-                .words(kLineWords)
-                .required());
+        Prompt place(InputKind::Point,
+                     L"\nEspecifique a localização da linha de cota ou [Texto]: ");
+        place.from(ends.second).words(kLineWords).required();
+        place.showing(context, [context, ends, text](const AcGePoint3d& line) {
+            return dimensionAt(context, ends, line, text);
+        });
+        const InputValue answer = co_await context.ask(place);
         if (answer.status == RTKWORD) {
             const InputValue typed = co_await context.ask(
                 Prompt(InputKind::Text,
@@ -137,11 +148,7 @@ CommandTask dimaligned(CommandContext context) {
             continue;
         }
         if (answer.status != RTNORM) co_return endOf(answer.status);
-        auto dimension = std::make_unique<AcDbAlignedDimension>(
-            ends.first, ends.second, answer.point, text.c_str(), context.database().dimstyle());
-        const double scale = context.database().dimscale();
-        if (dimension->dimscale() != scale) (void)dimension->setDimscale(scale);
-        const AcDbObjectId id = addEntity(context, std::move(dimension));
+        const AcDbObjectId id = addEntity(context, dimensionAt(context, ends, answer.point, text));
         if (id.isNull()) co_return CommandEnd::Failed;
         say(context, L"Texto da cota = " + shownText(context, ends, text));
         co_return CommandEnd::Done;

@@ -34,13 +34,9 @@ bool unlock(const CommandContext&, AcDbLayerTableRecord& layer) {
     return layer.setIsLocked(false) == Acad::eOk;
 }
 
+/// The current layer is refused with words of its own.
 bool freeze(const CommandContext& context, AcDbLayerTableRecord& layer) {
-    if (layer.objectId() == context.database().clayer()) {
-        say(context, L"Não é possível congelar a camada \"" + layerName(layer) +
-                         L"\". Ela é a camada ATUAL.");
-        return true;
-    }
-    return layer.setIsFrozen(true) == Acad::eOk;
+    return freezeLayer(context, layer) || layer.objectId() == context.database().clayer();
 }
 
 constexpr Switch kSwitches[] = {
@@ -91,11 +87,6 @@ Task<InputValue> newLayers(CommandContext context) {
     co_return names;
 }
 
-void makeCurrent(const CommandContext& context, AcDbObjectId id) {
-    if (context.database().setClayer(id) != Acad::eOk)
-        say(context, L"Uma camada congelada não pode ser a atual.");
-}
-
 Task<InputValue> makeAndSet(CommandContext context) {
     const std::wstring current = layerName(context.database().clayer());
     const InputValue name = co_await context.ask(
@@ -105,7 +96,7 @@ Task<InputValue> makeAndSet(CommandContext context) {
     if (name.status != RTNORM) co_return name;
     AcDbObjectId id = layerNamed(context, name.text);
     if (id.isNull()) id = makeLayer(context, name.text);
-    if (!id.isNull()) makeCurrent(context, id);
+    if (!id.isNull()) (void)makeLayerCurrent(context, id);
     co_return name;
 }
 
@@ -119,11 +110,11 @@ Task<InputValue> setCurrent(CommandContext context) {
     if (id.isNull())
         say(context, L"A camada \"" + name.text + L"\" não existe.");
     else
-        makeCurrent(context, id);
+        (void)makeLayerCurrent(context, id);
     co_return name;
 }
 
-Task<InputValue> renameLayer(CommandContext context) {
+Task<InputValue> renameTask(CommandContext context) {
     const InputValue from = co_await context.ask(
         Prompt(InputKind::Text, L"\nDigite o nome antigo da camada: ").wholeLine());
     if (from.status != RTNORM) co_return from;
@@ -136,9 +127,7 @@ Task<InputValue> renameLayer(CommandContext context) {
     const InputValue to = co_await context.ask(
         Prompt(InputKind::Text, L"\nDigite o nome novo da camada: ").wholeLine());
     if (to.status != RTNORM) co_return to;
-    AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
-    if (layer.openStatus() != Acad::eOk || layer->setName(to.text.c_str()) != Acad::eOk)
-        say(context, L"A camada não pode ter o nome \"" + to.text + L"\".");
+    (void)renameLayer(context, id, to.text);
     co_return to;
 }
 
@@ -204,9 +193,9 @@ struct Option {
     Task<InputValue> (*run)(CommandContext);
 };
 constexpr Option kOptions[] = {
-    {{L"?", L"?"}, listLayersTask},          {{L"CRiar", L"Make"}, makeAndSet},
-    {{L"DEFinir", L"Set"}, setCurrent},      {{L"Novo", L"New"}, newLayers},
-    {{L"Renomear", L"Rename"}, renameLayer},
+    {{L"?", L"?"}, listLayersTask},         {{L"CRiar", L"Make"}, makeAndSet},
+    {{L"DEFinir", L"Set"}, setCurrent},     {{L"Novo", L"New"}, newLayers},
+    {{L"Renomear", L"Rename"}, renameTask},
 };
 
 Prompt optionPrompt() {

@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <unordered_set>
 
 #include "prancheta/base/text.h"
+#include "prancheta/base/wildcard.h"
 #include "prancheta/database/database_core.h"
 
 namespace prancheta::commands {
@@ -64,22 +66,6 @@ std::optional<bool> readPlot(std::wstring_view text) {
     return std::nullopt;
 }
 
-Ids allLayers(const CommandContext& context) {
-    Ids ids;
-    AcDbLayerTable* table = nullptr;
-    if (context.database().getSymbolTable(table, AcDb::kForRead) != Acad::eOk) return ids;
-    AcDbSymbolTableIterator* raw = nullptr;
-    if (table->newIterator(raw) == Acad::eOk) {
-        const std::unique_ptr<AcDbSymbolTableIterator> iterator(raw);
-        for (; !iterator->done(); iterator->step()) {
-            AcDbObjectId id;
-            if (iterator->getRecordId(id) == Acad::eOk) ids.push_back(id);
-        }
-    }
-    (void)table->close();
-    return ids;
-}
-
 /// A standard one as the standard spells it.
 std::wstring linetypeName(std::wstring_view typed) {
     typed = trim(typed);
@@ -102,12 +88,46 @@ std::wstring stateText(const AcDbLayerTableRecord& layer) {
 }
 
 std::wstring colorText(int color) {
-    std::wstring text = std::to_wstring(color);
-    if (color >= 1 && color <= 7) text += std::wstring(L" (") + kColors[color - 1].local + L")";
-    return text;
+    const std::wstring number = std::to_wstring(color);
+    const std::wstring name = colorName(color);
+    return name == number ? number : number + L" (" + name + L")";
+}
+
+/// Calls `visit` for every record of a table that is not erased.
+template <class Table, class Visit>
+void forEachRecord(AcDbDatabase& database, Visit visit) {
+    Table* table = nullptr;
+    if (database.getSymbolTable(table, AcDb::kForRead) != Acad::eOk) return;
+    AcDbSymbolTableIterator* raw = nullptr;
+    const bool iterates = table->newIterator(raw) == Acad::eOk;
+    const std::unique_ptr<AcDbSymbolTableIterator> iterator(raw);
+    (void)table->close();
+    for (; iterates && !iterator->done(); iterator->step()) {
+        AcDbObjectId id;
+        if (iterator->getRecordId(id) == Acad::eOk) visit(id);
+    }
+}
+
+void addLayersOf(AcDbObjectId block, std::unordered_set<Adesk::LongPtr>& used) {
+    AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
+    AcDbBlockTableRecordIterator* raw = nullptr;
+    if (record.openStatus() != Acad::eOk || record->newIterator(raw) != Acad::eOk) return;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(raw);
+    for (; !iterator->done(); iterator->step()) {
+        AcDbObjectId id;
+        if (iterator->getEntityId(id) != Acad::eOk) continue;
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.object() != nullptr) used.insert(entity->layerId().asOldId());
+    }
 }
 
 }  // namespace
+
+std::wstring colorName(int color) {
+    return color >= 1 && color <= 7 ? kColors[color - 1].local : std::to_wstring(color);
+}
+
+std::span<const int> lineWeights() { return kWeights; }
 
 std::wstring layerName(const AcDbLayerTableRecord& layer) { return nameOf(layer); }
 
@@ -133,7 +153,7 @@ Ids layersNamed(const CommandContext& context, const std::wstring& list) {
         const std::wstring name = layerName(id);
         bool wanted = false;
         for (std::size_t i = 0; i < patterns.size(); ++i) {
-            if (!matches(name, patterns[i])) continue;
+            if (!fitsWildcards(name, patterns[i])) continue;
             used[i] = true;
             wanted = true;
         }
@@ -170,7 +190,7 @@ void listLayers(const CommandContext& context, const std::wstring& patterns) {
         AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForRead);
         if (layer.openStatus() != Acad::eOk) continue;
         const std::wstring name = nameOf(*layer.object());
-        if (!matches(name, patterns)) continue;
+        if (!fitsWildcards(name, patterns)) continue;
         AcDbObjectPointer<AcDbLinetypeTableRecord> linetype(layer->linetypeObjectId(),
                                                             AcDb::kForRead);
         std::wstring line = L"\"" + name + L"\" ";
@@ -186,6 +206,81 @@ void listLayers(const CommandContext& context, const std::wstring& patterns) {
         say(context, line);
     }
     say(context, L"Camada atual:  \"" + layerName(context.database().clayer()) + L"\"");
+}
+
+Ids allLayers(const CommandContext& context) {
+    Ids ids;
+    forEachRecord<AcDbLayerTable>(context.database(), [&](AcDbObjectId id) { ids.push_back(id); });
+    return ids;
+}
+
+bool renameLayer(const CommandContext& context, AcDbObjectId layer, const std::wstring& name) {
+    if (layer == context.database().layerZero()) {
+        say(context, L"A camada \"0\" não pode ser renomeada.");
+        return false;
+    }
+    AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
+    if (record.openStatus() == Acad::eOk && record->setName(name.c_str()) == Acad::eOk) return true;
+    say(context, L"A camada não pode ter o nome \"" + name + L"\".");
+    return false;
+}
+
+bool makeLayerCurrent(const CommandContext& context, AcDbObjectId layer) {
+    if (context.database().setClayer(layer) == Acad::eOk) return true;
+    say(context, L"Uma camada congelada não pode ser a atual.");
+    return false;
+}
+
+bool freezeLayer(const CommandContext& context, AcDbLayerTableRecord& layer) {
+    if (layer.objectId() != context.database().clayer())
+        return layer.setIsFrozen(true) == Acad::eOk;
+    say(context,
+        L"Não é possível congelar a camada \"" + layerName(layer) + L"\". Ela é a camada ATUAL.");
+    return false;
+}
+
+std::size_t eraseLayers(const CommandContext& context, const Ids& layers) {
+    std::unordered_set<Adesk::LongPtr> used;
+    forEachRecord<AcDbBlockTable>(context.database(),
+                                  [&](AcDbObjectId block) { addLayersOf(block, used); });
+    std::size_t erased = 0;
+    for (const AcDbObjectId id : layers) {
+        const wchar_t* why = nullptr;
+        const std::wstring name = layerName(id);
+        AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
+        if (id == context.database().layerZero()) {
+            why = L"todo desenho tem esta camada";
+        } else if (id == context.database().clayer()) {
+            why = L"ela é a camada ATUAL";
+        } else if (used.contains(id.asOldId())) {
+            why = L"há objetos nela, no desenho ou em blocos";
+        } else if (layer.openStatus() != Acad::eOk || layer->erase() != Acad::eOk) {
+            why = L"ela está em uso";
+        }
+        if (why == nullptr)
+            ++erased;
+        else
+            say(context, L"A camada \"" + name + L"\" não foi excluída: " + why + L".");
+    }
+    return erased;
+}
+
+std::vector<std::wstring> linetypeChoices(const CommandContext& context) {
+    std::vector<std::wstring> names;
+    forEachRecord<AcDbLinetypeTable>(context.database(), [&](AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbLinetypeTableRecord> record(id, AcDb::kForRead);
+        if (record.object() == nullptr || id == context.database().byLayerLinetype() ||
+            id == context.database().byBlockLinetype())
+            return;
+        names.push_back(nameOf(*record.object()));
+    });
+    for (const wchar_t* standard : kStandardLinetypes) {
+        const bool there = std::any_of(names.begin(), names.end(), [&](const std::wstring& name) {
+            return equalNoCase(name, standard);
+        });
+        if (!there) names.push_back(standard);
+    }
+    return names;
 }
 
 bool colorUnderstood(const CommandContext&, const std::wstring& text) {

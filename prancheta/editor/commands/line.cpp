@@ -12,12 +12,15 @@ namespace {
 constexpr Word kUndo[] = {{L"Desfazer", L"Undo"}};
 constexpr Word kCloseUndo[] = {{L"Fechar", L"Close"}, {L"Desfazer", L"Undo"}};
 
-Prompt nextPoint(const std::vector<AcGePoint3d>& corners) {
+Prompt nextPoint(const CommandContext& context, const std::vector<AcGePoint3d>& corners) {
     const bool closable = corners.size() > 2;
     Prompt prompt(InputKind::Point, closable
                                         ? L"\nEspecifique o próximo ponto ou [Fechar/Desfazer]: "
                                         : L"\nEspecifique o próximo ponto ou [Desfazer]: ");
     prompt.from(corners.back());
+    prompt.showing(context, [from = corners.back()](const AcGePoint3d& to) {
+        return std::make_unique<AcDbLine>(from, to);
+    });
     if (closable)
         prompt.words(kCloseUndo);
     else
@@ -35,7 +38,7 @@ CommandTask line(CommandContext context) {
                                                              : answer.point};
     Ids lines;
     for (;;) {
-        answer = co_await context.ask(nextPoint(corners));
+        answer = co_await context.ask(nextPoint(context, corners));
         if (isWord(answer, L"Undo")) {
             if (lines.empty()) {
                 say(context, L"Todos os segmentos já foram desfeitos.");

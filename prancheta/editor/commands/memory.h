@@ -7,6 +7,7 @@
 
 #include "gevec3d.h"
 #include "prancheta/editor/command.h"
+#include "prancheta/editor/plotter.h"
 
 namespace prancheta::commands {
 
@@ -25,6 +26,7 @@ struct Memory {
     double plineEndWidth = 0.0;
     bool copyOnce = false;
     AcGeVector3d displacement;
+    PlotSettings plot;           ///< the area is asked for anew
     std::wstring variable;       ///< last one of SETVAR
     std::uint64_t erasedAt = 0;  ///< undo revision after the last ERASE
 };

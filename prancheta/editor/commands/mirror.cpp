@@ -5,6 +5,16 @@
 
 namespace prancheta::commands {
 
+namespace {
+
+AcGeMatrix3d inLine(const AcGePoint3d& a, const AcGePoint3d& b) {
+    const AcGeVector3d across(a.y - b.y, b.x - a.x, 0.0);
+    if (across.isZeroLength()) return AcGeMatrix3d::kIdentity;
+    return AcGeMatrix3d::mirroring(a, across.normal());
+}
+
+}  // namespace
+
 CommandTask mirror(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
@@ -18,7 +28,10 @@ CommandTask mirror(CommandContext context) {
         const InputValue second = co_await context.ask(
             Prompt(InputKind::Point, L"\nEspecifique o segundo ponto da linha de espelhamento: ")
                 .from(first.point)
-                .required());
+                .required()
+                .changing(chosen.ids, [from = first.point](const AcGePoint3d& to) {
+                    return inLine(from, to);
+                }));
         if (second.status != RTNORM) co_return endOf(second.status);
         along = second.point - first.point;
         along.z = 0.0;
@@ -31,8 +44,7 @@ CommandTask mirror(CommandContext context) {
 
     // Without the originals, they themselves are turned over: handles and links stay.
     const Ids reflected = erasing.number != 0.0 ? chosen.ids : cloneAll(context, chosen.ids);
-    const AcGeVector3d across(-along.y, along.x, 0.0);
-    transformAll(context, reflected, AcGeMatrix3d::mirroring(first.point, across.normal()));
+    transformAll(context, reflected, inLine(first.point, first.point + along));
     co_return CommandEnd::Done;
 }
 

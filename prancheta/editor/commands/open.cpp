@@ -14,8 +14,14 @@ namespace {
 Task<InputValue> mayLeave(CommandContext context) {
     InputValue leave;
     leave.number = 1.0;
-    if (context.editor().modified())
+    if (!context.editor().modified()) co_return leave;
+    const std::optional<bool> answered =
+        usesWindows(context) ? context.editor().ui().mayLeaveDrawing() : std::nullopt;
+    if (answered) {
+        leave.number = *answered ? 1.0 : 0.0;
+    } else {
         leave = co_await askYesNo(context, L"\nDescartar as alterações do desenho?", Choice::No);
+    }
     co_return leave;
 }
 
@@ -44,11 +50,18 @@ CommandTask newDrawing(CommandContext context) {
 CommandTask open(CommandContext context) {
     const InputValue leave = co_await mayLeave(context);
     if (leave.number == 0.0) co_return endOf(leave.status);
-    const InputValue name = co_await context.ask(
-        Prompt(InputKind::Text, L"\nDigite o nome do desenho a abrir: ").wholeLine().required());
-    if (name.status != RTNORM) co_return endOf(name.status);
+    std::optional<std::filesystem::path> path = chosenFile(context, {});
+    if (!path) {
+        const InputValue name =
+            co_await context.ask(Prompt(InputKind::Text, L"\nDigite o nome do desenho a abrir: ")
+                                     .wholeLine()
+                                     .required());
+        if (name.status != RTNORM) co_return endOf(name.status);
+        path = typedPath(name.text);
+    }
+    if (path->empty()) co_return CommandEnd::Cancelled;
     dxf::LoadReport findings;
-    const Result<void> opened = context.editor().openDocument(typedPath(name.text), &findings);
+    const Result<void> opened = context.editor().openDocument(*path, &findings);
     if (opened) printFindings(context, findings);
     co_return report(context, opened);
 }

@@ -2,6 +2,8 @@
 // PAN, REDRAW, REGEN: the view without another scale, and drawn afresh.
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/display/appearance.h"
+#include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
@@ -27,6 +29,8 @@ CommandTask redraw(CommandContext context) {
 
 CommandTask regen(CommandContext context) {
     say(context, L"Regenerando o modelo.");
+    context.editor().display().invalidate();
+    context.editor().appearances().invalidate();
     context.editor().ui().refresh();
     co_return CommandEnd::Done;
 }

@@ -2,6 +2,7 @@
 // PLINE: one polyline of lines and arcs.
 #include <cmath>
 
+#include "dbpl.h"
 #include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/pline_draft.h"
@@ -25,8 +26,23 @@ constexpr Word kArcWords[] = {
 
 enum class Mode { Line, Arc };
 
+/// The next segment alone; null where there is none.
+std::unique_ptr<AcDbEntity> segmentTo(const CommandContext& context, Mode mode,
+                                      const AcGePoint3d& from, double direction,
+                                      const AcGePoint3d& to) {
+    const Memory& kept = memory(context);
+    double bulge = 0.0;
+    if (mode == Mode::Arc) bulge = bulgeByDirection(from, to, direction).value_or(0.0);
+    auto segment = std::make_unique<AcDbPolyline>();
+    (void)segment->setElevation(from.z);  // a new entity takes any value
+    (void)segment->addVertexAt(0, AcGePoint2d(from.x, from.y), bulge, kept.plineStartWidth,
+                               kept.plineEndWidth);
+    (void)segment->addVertexAt(1, AcGePoint2d(to.x, to.y));
+    return segment;
+}
+
 /// "[A/B/C]" of the words offered; closing needs two segments of lines, or one before an arc.
-Prompt nextSegment(const PlineDraft& draft, Mode mode) {
+Prompt nextSegment(const CommandContext& context, const PlineDraft& draft, Mode mode) {
     const bool closable = draft.segments() > (mode == Mode::Line ? 1u : 0u);
     const std::span<const Word> all =
         mode == Mode::Line ? std::span<const Word>(kLineWords) : std::span<const Word>(kArcWords);
@@ -42,7 +58,13 @@ Prompt nextSegment(const PlineDraft& draft, Mode mode) {
         separator = L'/';
         offered.push_back(word);
     }
-    return Prompt(InputKind::Point, text + L"]: ").from(draft.end()).words(offered);
+    Prompt prompt(InputKind::Point, text + L"]: ");
+    prompt.from(draft.end()).words(offered);
+    prompt.showing(context, [context, mode, from = draft.end(),
+                             direction = draft.endDirection()](const AcGePoint3d& to) {
+        return segmentTo(context, mode, from, direction, to);
+    });
+    return prompt;
 }
 
 Task<InputValue> askWidths(CommandContext context, bool half) {
@@ -105,7 +127,7 @@ CommandTask pline(CommandContext context) {
     PlineDraft draft(context, answer.point);
     Mode mode = Mode::Line;
     for (;;) {
-        answer = co_await context.ask(nextSegment(draft, mode));
+        answer = co_await context.ask(nextSegment(context, draft, mode));
         if (isWord(answer, L"Arc") || isWord(answer, L"Line")) {
             mode = isWord(answer, L"Arc") ? Mode::Arc : Mode::Line;
             continue;

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "dbpl.h"
+#include "prancheta/database/database_core.h"
 #include "prancheta/editor/commands/arcs.h"
 
 namespace prancheta::commands {
@@ -12,6 +13,14 @@ namespace prancheta::commands {
 namespace {
 
 AcGePoint2d flat(const AcGePoint3d& p) { return {p.x, p.y}; }
+
+/// Keeping the state before each segment would make a long polyline cost the square of its length.
+class GrowingPolyline : public AcDbObjectPointer<AcDbPolyline> {
+public:
+    explicit GrowingPolyline(AcDbObjectId id) : AcDbObjectPointer(id, AcDb::kForWrite) {
+        if (object() != nullptr) object()->database()->core().undo().willNotCancel(*object());
+    }
+};
 
 }  // namespace
 
@@ -42,7 +51,7 @@ bool PlineDraft::add(const AcGePoint3d& to, double bulge, double startWidth, dou
         m_id = addEntity(m_context, std::move(polyline));
         if (m_id.isNull()) return false;
     } else {
-        AcDbObjectPointer<AcDbPolyline> polyline(m_id, AcDb::kForWrite);
+        const GrowingPolyline polyline(m_id);
         if (polyline.openStatus() != Acad::eOk ||
             !leave(*polyline.object(), bulge, startWidth, endWidth) ||
             polyline->addVertexAt(polyline->numVerts(), flat(corner)) != Acad::eOk)
@@ -58,7 +67,7 @@ bool PlineDraft::removeLast() {
     if (segments() == 1) {
         if (eraseAll(m_context, {m_id}).empty()) return false;
     } else {
-        AcDbObjectPointer<AcDbPolyline> polyline(m_id, AcDb::kForWrite);
+        const GrowingPolyline polyline(m_id);
         const unsigned int last = static_cast<unsigned int>(segments());
         if (polyline.openStatus() != Acad::eOk || polyline->removeVertexAt(last) != Acad::eOk ||
             polyline->setBulgeAt(last - 1, 0.0) != Acad::eOk)
@@ -70,7 +79,7 @@ bool PlineDraft::removeLast() {
 }
 
 bool PlineDraft::close(double bulge, double startWidth, double endWidth) {
-    AcDbObjectPointer<AcDbPolyline> polyline(m_id, AcDb::kForWrite);
+    const GrowingPolyline polyline(m_id);
     return polyline.openStatus() == Acad::eOk &&
            leave(*polyline.object(), bulge, startWidth, endWidth) &&
            polyline->setClosed(true) == Acad::eOk;

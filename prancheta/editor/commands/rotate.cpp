@@ -35,13 +35,16 @@ Task<InputValue> angleByReference(CommandContext context, AcGePoint3d base, Ids 
     if (reference.status == RTCAN) co_return reference;
     if (reference.status == RTNORM) kept.referenceAngle = reference.number;
 
-    InputValue wanted =
-        co_await context.ask(Prompt(InputKind::Angle, L"\nEspecifique o novo ângulo ou [Pontos] <" +
-                                                          directionText(kept.newAngle) + L">: ")
-                                 .from(base)
-                                 .words(kNewAngleWords)
-                                 .absolute()
-                                 .turning(ids));
+    InputValue wanted = co_await context.ask(
+        Prompt(InputKind::Angle,
+               L"\nEspecifique o novo ângulo ou [Pontos] <" + directionText(kept.newAngle) + L">: ")
+            .from(base)
+            .words(kNewAngleWords)
+            .absolute()
+            .changing(ids, [base, old = kept.referenceAngle](const AcGePoint3d& to) {
+                return AcGeMatrix3d::rotation(directionOf(base, to) - old, AcGeVector3d::kZAxis,
+                                              base);
+            }));
     if (wanted.status == RTKWORD) {
         const InputValue start = co_await context.ask(
             Prompt(InputKind::Point, L"\nEspecifique o primeiro ponto: ").required());

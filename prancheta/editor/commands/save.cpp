@@ -40,6 +40,10 @@ CommandTask saveUnderName(CommandContext context) {
     const std::filesystem::path present = context.editor().fileName();
     const std::wstring shown = present.empty() ? L"Desenho1.dxf" : toWide(present.string());
     dxf::SaveOptions options;
+    if (const auto chosen = chosenFile(context, {FileQuestion::Purpose::Save, present})) {
+        if (chosen->empty()) co_return CommandEnd::Cancelled;
+        co_return write(context, withExtension(*chosen), options);
+    }
     for (;;) {
         const InputValue answer = co_await context.ask(
             Prompt(InputKind::Text, L"\nSalvar desenho como ou [Versão] <" + shown + L">: ")
@@ -75,6 +79,17 @@ std::filesystem::path typedPath(std::wstring_view text) {
     if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"')
         text = text.substr(1, text.size() - 2);
     return resolvePath(text);
+}
+
+bool usesWindows(const CommandContext& context) {
+    Editor& editor = context.editor();
+    return editor.interactive() && editor.variables().number(L"FILEDIA") != 0;
+}
+
+std::optional<std::filesystem::path> chosenFile(const CommandContext& context,
+                                                const FileQuestion& question) {
+    if (!usesWindows(context)) return {};
+    return context.editor().ui().chooseFile(question);
 }
 
 CommandTask qsave(CommandContext context) {

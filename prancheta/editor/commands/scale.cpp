@@ -12,8 +12,13 @@ constexpr Word kFactorWords[] = {{L"Copiar", L"Copy"}, {L"Referência", L"Refere
 constexpr Word kNewLengthWords[] = {{L"Pontos", L"Points"}};
 constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
 
+/// Scaling by nothing is no scaling.
+AcGeMatrix3d byFactor(const AcGePoint3d& base, double factor) {
+    return factor > 0.0 ? AcGeMatrix3d::scaling(factor, base) : AcGeMatrix3d::kIdentity;
+}
+
 /// `number` is new length over reference; `status` RTCAN when a question was refused.
-Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base) {
+Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base, Ids ids) {
     Memory& kept = memory(context);
     const InputValue reference = co_await context.ask(
         Prompt(InputKind::Distance, L"\nEspecifique o comprimento de referência <" +
@@ -27,7 +32,10 @@ Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base) {
                                         lengthText(kept.newLength) + L">: ")
             .from(base)
             .words(kNewLengthWords)
-            .bits(kPositive));
+            .bits(kPositive)
+            .changing(ids, [base, old = kept.referenceLength](const AcGePoint3d& to) {
+                return byFactor(base, base.distanceTo(to) / old);
+            }));
     if (wanted.status == RTKWORD)
         wanted = co_await askTwoPoints(context, L"\nEspecifique o primeiro ponto: ",
                                        L"\nEspecifique o segundo ponto: ");
@@ -56,13 +64,17 @@ CommandTask scale(CommandContext context) {
                        lengthText(kept.scale) + L">: ")
                 .from(base.point)
                 .words(kFactorWords)
-                .bits(kPositive));
+                .bits(kPositive)
+                .changing(chosen.ids, [from = base.point](const AcGePoint3d& to) {
+                    return byFactor(from, from.distanceTo(to));
+                }));
         if (isWord(answer, L"Copy")) {
             say(context, L"Aplicando a escala a uma cópia dos objetos selecionados.");
             copying = true;
             continue;
         }
-        if (isWord(answer, L"Reference")) answer = co_await factorByReference(context, base.point);
+        if (isWord(answer, L"Reference"))
+            answer = co_await factorByReference(context, base.point, chosen.ids);
         if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
         if (answer.status == RTNORM && !(answer.number > 0.0)) {
             say(context, L"O fator de escala deve ser maior que zero.");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SETVAR: system variables, one or a list.
 #include "prancheta/base/text.h"
+#include "prancheta/base/wildcard.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -16,7 +17,7 @@ constexpr Word kList[] = {{L"?", L"?"}};
 void listVariables(const CommandContext& context, std::wstring_view patterns) {
     constexpr std::size_t kNameColumn = 20;
     for (const VariableInfo& info : context.editor().variables().all()) {
-        if (!matches(info.name, patterns)) continue;
+        if (!fitsWildcards(info.name, patterns)) continue;
         std::wstring line = info.name + L" ";
         line.resize(std::max(line.size(), kNameColumn), L' ');
         line += variableText(info.value);

@@ -3,6 +3,7 @@
 #include "prancheta/editor/commands/support.h"
 
 #include "dbsymtb.h"
+#include "prancheta/database/entity_picture.h"
 
 namespace prancheta::commands {
 
@@ -51,6 +52,28 @@ Prompt& Prompt::moving(const Ids& ids) {
 Prompt& Prompt::turning(const Ids& ids) {
     m_request.rotating = true;
     m_request.selection = ids;
+    return *this;
+}
+
+Prompt& Prompt::changing(const Ids& ids, std::function<AcGeMatrix3d(const AcGePoint3d&)> by) {
+    m_request.transforming = std::move(by);
+    m_request.selection = ids;
+    return *this;
+}
+
+Prompt& Prompt::showing(const CommandContext& context,
+                        std::function<std::unique_ptr<AcDbEntity>(const AcGePoint3d&)> make) {
+    AcDbDatabase* const database = &context.database();
+    return preview([database, make = std::move(make)](const AcGePoint3d& at, Picture& out) {
+        const std::unique_ptr<AcDbEntity> entity = make(at);
+        if (!entity) return;
+        entity->setDatabaseDefaults(database);
+        recordPicture(*entity, out, kAcGiStandardDisplay, true);
+    });
+}
+
+Prompt& Prompt::preview(std::function<void(const AcGePoint3d&, Picture&)> draw) {
+    m_request.preview = std::move(draw);
     return *this;
 }
 

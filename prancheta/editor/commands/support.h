@@ -3,6 +3,7 @@
 // prompts.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -39,6 +40,12 @@ public:
     /// These entities follow the pointer: moved from the base, or turned about it.
     Prompt& moving(const Ids& ids);
     Prompt& turning(const Ids& ids);
+    /// These entities are shown as the matrix for the pointer's place would leave them.
+    Prompt& changing(const Ids& ids, std::function<AcGeMatrix3d(const AcGePoint3d&)> by);
+    /// The entity that the pointer's place would give is shown; null for none.
+    Prompt& showing(const CommandContext& context,
+                    std::function<std::unique_ptr<AcDbEntity>(const AcGePoint3d&)> make);
+    Prompt& preview(std::function<void(const AcGePoint3d&, Picture&)> draw);
     operator InputRequest() const { return m_request; }
 
 private:
@@ -90,9 +97,6 @@ std::wstring pointText(const AcGePoint3d& p);
 /// "1 objeto" and "2 objetos": the number with the word that agrees with it.
 std::wstring counted(std::size_t count, std::wstring_view one, std::wstring_view many);
 
-/// True when `name` matches one of the patterns, which are separated by commas; `*`, `?` and `#` (a
-/// digit) as users know them, case ignored.
-bool matches(std::wstring_view name, std::wstring_view patterns);
 /// Parts between commas, trimmed, empty ones left out.
 std::vector<std::wstring> splitList(std::wstring_view list);
 

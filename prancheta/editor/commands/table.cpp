@@ -11,6 +11,8 @@ namespace {
 constexpr int kModal = ACRX_CMD_MODAL;
 /// Takes what was selected before it.
 constexpr int kPickset = ACRX_CMD_USEPICKSET;
+/// Keeps that selection, too, and Enter does not repeat it.
+constexpr int kGrips = kPickset | ACRX_CMD_REDRAW | ACRX_CMD_NOHISTORY;
 /// Changes the picture or the session, not the drawing: runs inside other commands and undoes
 /// nothing.
 constexpr int kView = ACRX_CMD_TRANSPARENT | ACRX_CMD_NO_UNDO_MARKER;
@@ -34,8 +36,10 @@ constexpr BuiltInCommand kTable[] = {
     {L"SCALE",       L"ESCALA",       kPickset, commands::scale},
     {L"MIRROR",      L"ESPELHAR",     kPickset, commands::mirror},
     {L"ERASE",       L"APAGAR",       kPickset, commands::erase},
+    {L"EDITAPERFIL", L"EDITAPERFIL",  kPickset, commands::editaperfil},
     {L"OOPS",        L"OOPS",         kModal,   commands::oops},
     {L"EXPLODE",     L"EXPLODIR",     kPickset, commands::explode},
+    {L"GRIPS",       L"ALÇAS",        kGrips,   commands::grips},
 
     {L"U",           L"U",            kSession, commands::u},
     {L"UNDO",        L"DESFAZER",     kSession, commands::undo},
@@ -58,6 +62,8 @@ constexpr BuiltInCommand kTable[] = {
     {L"QSAVE",       L"SALVAR",       kSession, commands::qsave},
     {L"SAVE",        L"GRAVAR",       kSession, commands::save},
     {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
+    {L"PLOT",        L"PLOTAR",       ACRX_CMD_NO_UNDO_MARKER, commands::plot},
+    {L"-PLOT",       L"-PLOTAR",      ACRX_CMD_NO_UNDO_MARKER, commands::plot},
     {L"ARX",         L"ARX",          kSession, commands::arx},
     {L"HELP",        L"AJUDA",        kView,    commands::help},
     {L"QUIT",        L"SAIR",         kSession, commands::quit},

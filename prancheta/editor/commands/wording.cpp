@@ -29,37 +29,6 @@ std::wstring counted(std::size_t count, std::wstring_view one, std::wstring_view
     return std::to_wstring(count) + L" " + std::wstring(count == 1 ? one : many);
 }
 
-namespace {
-
-/// Greedy matching with one point to go back to: O(name * pattern) at worst, no recursion.
-bool matchesOne(std::wstring_view name, std::wstring_view pattern) {
-    std::size_t n = 0;
-    std::size_t p = 0;
-    std::size_t star = std::wstring_view::npos;
-    std::size_t resume = 0;
-    while (n < name.size()) {
-        const wchar_t wanted = p < pattern.size() ? pattern[p] : L'\0';
-        const bool digit = name[n] >= L'0' && name[n] <= L'9';
-        if (wanted == L'*') {
-            star = p++;
-            resume = n;
-        } else if (p < pattern.size() &&
-                   (wanted == L'?' || (wanted == L'#' && digit) || wanted == name[n])) {
-            ++p;
-            ++n;
-        } else if (star != std::wstring_view::npos) {
-            p = star + 1;
-            n = ++resume;
-        } else {
-            return false;
-        }
-    }
-    while (p < pattern.size() && pattern[p] == L'*') ++p;
-    return p == pattern.size();
-}
-
-}  // namespace
-
 std::vector<std::wstring> splitList(std::wstring_view list) {
     std::vector<std::wstring> parts;
     while (!list.empty()) {
@@ -69,13 +38,6 @@ std::vector<std::wstring> splitList(std::wstring_view list) {
         list.remove_prefix(std::min(comma + 1, list.size()));
     }
     return parts;
-}
-
-bool matches(std::wstring_view name, std::wstring_view patterns) {
-    const std::wstring folded = foldCase(name);
-    for (const std::wstring& pattern : splitList(patterns))
-        if (matchesOne(folded, foldCase(pattern))) return true;
-    return false;
 }
 
 }  // namespace prancheta::commands

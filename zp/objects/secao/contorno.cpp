@@ -54,9 +54,17 @@ double areaDobrada(const std::vector<Vertice>& v) {
     return soma;
 }
 
+/// Whether the stretches from a to b and from c to d of one axis are apart: most pairs of sides
+/// are.
+bool longe(double a, double b, double c, double d, double tol) {
+    return std::max(a, b) + 2.0 * tol < std::min(c, d) ||
+           std::max(c, d) + 2.0 * tol < std::min(a, b);
+}
+
 /// True when the two sides cross, or lie on each other along more than `tol`. Touching is allowed:
 /// a lip may end on another one.
 bool cruzam(const Vertice& a, const Vertice& b, const Vertice& c, const Vertice& d, double tol) {
+    if (longe(a.x, b.x, c.x, d.x, tol) || longe(a.y, b.y, c.y, d.y, tol)) return false;
     const Ponto u = menos(b, a);
     const Ponto w = menos(d, c);
     const double lu = std::hypot(u.x, u.y);
@@ -110,13 +118,6 @@ Contorno circulo(const Laco& laco) {
 }  // namespace
 
 double Caixa::lado() const { return std::max(largura(), altura()); }
-
-void Caixa::inclui(double x, double y) {
-    x0 = std::min(x0, x);
-    y0 = std::min(y0, y);
-    x1 = std::max(x1, x);
-    y1 = std::max(y1, y);
-}
 
 void Caixa::inclui(const Caixa& outra) {
     if (outra.vazia()) return;
@@ -183,6 +184,7 @@ Contorno tracado(const Laco& laco) {
     c.furo = laco.furo;
     const std::vector<Vertice>& v = laco.vertices;
     const std::vector<Canto> canto = cantos(v);
+    c.segmentos.reserve(2 * v.size());
     double escala = 0.0;
     for (const Canto& k : canto) escala = std::max(escala, k.ladoDepois);
     Ponto atual;

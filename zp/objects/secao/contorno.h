@@ -2,6 +2,7 @@
 // Closed loops of a section: corner vertices with roundings, and the lines and arcs made of them.
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 namespace zp::secao {
@@ -23,7 +24,12 @@ struct Caixa {
     double altura() const { return vazia() ? 0.0 : y1 - y0; }
     /// The larger side: the measure of tolerances.
     double lado() const;
-    void inclui(double x, double y);
+    void inclui(double x, double y) {
+        x0 = std::min(x0, x);
+        y0 = std::min(y0, y);
+        x1 = std::max(x1, x);
+        y1 = std::max(y1, y);
+    }
     void inclui(const Caixa& outra);
 };
 

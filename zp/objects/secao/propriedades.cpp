@@ -3,7 +3,6 @@
 #include "zp/objects/secao/propriedades.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace zp::secao {
 namespace {
@@ -31,37 +30,51 @@ void somaLinha(Momentos& m, Ponto p, Ponto q) {
              24.0;
 }
 
-/// Gauss-Legendre with 8 points per quarter turn: the integrands are trigonometric polynomials of
-/// degree 4, for which the error is below the rounding of doubles.
-void somaArco(Momentos& m, const Segmento& s, Ponto origem) {
-    constexpr double kNo[4] = {0.1834346424956498, 0.5255324099163290, 0.7966664774136267,
-                               0.9602898564975363};
-    constexpr double kPeso[4] = {0.3626837833783620, 0.3137066458778873, 0.2223810344533745,
-                                 0.1012285362903763};
-    const int partes =
-        static_cast<int>(std::ceil(std::abs(s.varre) / (0.5 * std::numbers::pi) - 1e-12));
-    const double meia = 0.5 * s.varre / partes;
-    const double cx = s.centro.x - origem.x;
-    const double cy = s.centro.y - origem.y;
-    for (int parte = 0; parte < partes; ++parte) {
-        const double meio = s.inicio + meia * (2 * parte + 1);
-        for (int i = 0; i < 8; ++i) {
-            const double no = i < 4 ? kNo[i] : -kNo[i - 4];
-            const double peso = kPeso[i % 4] * meia;
-            const double c = std::cos(meio + meia * no);
-            const double sn = std::sin(meio + meia * no);
-            const double x = cx + s.raio * c;
-            const double y = cy + s.raio * sn;
-            const double dx = -s.raio * sn * peso;
-            const double dy = s.raio * c * peso;
-            m.a += 0.5 * (x * dy - y * dx);
-            m.sx -= 0.5 * y * y * dx;
-            m.sy += 0.5 * x * x * dy;
-            m.ix -= y * y * y * dx / 3.0;
-            m.iy += x * x * x * dy / 3.0;
-            m.ixy += 0.5 * x * x * y * dy;
-        }
-    }
+/// Integrals over the angle of an arc: `ccs` is that of cos^2 sin, and so on.
+struct Potencias {
+    explicit Potencias(double de, double varre);
+    double c, s, cc, ss, cs, ccc, sss, ccs, cccc, ssss, cccs;
+};
+
+Potencias::Potencias(double de, double varre) {
+    const double c0 = std::cos(de);
+    const double s0 = std::sin(de);
+    const double c1 = std::cos(de + varre);
+    const double s1 = std::sin(de + varre);
+    // Halves of the differences of sin 2t, and eighths of those of sin 4t.
+    const double duplo = s1 * c1 - s0 * c0;
+    const double quadruplo =
+        0.5 * (s1 * c1 * (c1 - s1) * (c1 + s1) - s0 * c0 * (c0 - s0) * (c0 + s0));
+    c = s1 - s0;
+    s = c0 - c1;
+    cc = 0.5 * (varre + duplo);
+    ss = 0.5 * (varre - duplo);
+    cs = 0.5 * c * (s1 + s0);
+    ccc = c - (s1 * s1 * s1 - s0 * s0 * s0) / 3.0;
+    ccs = (c0 * c0 * c0 - c1 * c1 * c1) / 3.0;
+    sss = s - ccs;
+    cccc = 0.375 * varre + 0.5 * duplo + 0.25 * quadruplo;
+    ssss = 0.375 * varre - 0.5 * duplo + 0.25 * quadruplo;
+    cccs = 0.25 * (c0 * c0 * c0 * c0 - c1 * c1 * c1 * c1);
+}
+
+/// Exact: x and y of an arc are cosine and sine of its angle, so every integrand is a polynomial in
+/// them.
+void somaArco(Momentos& m, const Segmento& arco, Ponto origem) {
+    const Potencias p(arco.inicio, arco.varre);
+    const double x = arco.centro.x - origem.x;
+    const double y = arco.centro.y - origem.y;
+    const double r = arco.raio;
+    m.a += 0.5 * r * (x * p.c + y * p.s + r * arco.varre);
+    m.sx += 0.5 * r * (y * y * p.s + r * (2.0 * y * p.ss + r * p.sss));
+    m.sy += 0.5 * r * (x * x * p.c + r * (2.0 * x * p.cc + r * p.ccc));
+    m.ix +=
+        r * (y * y * y * p.s + r * (3.0 * y * y * p.ss + r * (3.0 * y * p.sss + r * p.ssss))) / 3.0;
+    m.iy +=
+        r * (x * x * x * p.c + r * (3.0 * x * x * p.cc + r * (3.0 * x * p.ccc + r * p.cccc))) / 3.0;
+    m.ixy += 0.5 * r *
+             (x * x * (y * p.c + r * p.cs) +
+              r * (2.0 * x * (y * p.cc + r * p.ccs) + r * (y * p.ccc + r * p.cccs)));
 }
 
 void principais(Propriedades& p) {

@@ -1,0 +1,183 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Whole runs of prancheta-console on scripts of growing size: time, memory and growth.
+
+    bench/processos.py BUILD_FOLDER [--maior N] [--so ROW,...] [--json FILE]
+
+Time is processor time (user and system) of the whole process; wall time stands beside it. What one item costs is the
+run less the start of an empty one. The growth exponent is the slope of that between the two largest sizes, on
+logarithmic scales: 1 is proportional. Saving writes a new file, never over an old one.
+"""
+import argparse
+import json
+import math
+import os
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+DIALOG = "perfilur\nlista=3\nvista0=0\nOutraVista\nfig3\nl=1000\ninsertionP=3\naccept\n{dim}accept\n{x},{y}\n0\n"
+SECTION = "perfilur\nlista=3\ndimensionar=1\nins_list=1\naccept\n{x},{y}\n0\n"
+TWO_POINTS = "perfilur\nlista=3\nvista0=0\nOutraVista\nfig3\npickngo=1\naccept\naccept\n"
+
+
+def places(n):
+    return [(2000 * (i % 300), 500 * (i // 300)) for i in range(n)]
+
+
+def two_points(n):
+    return TWO_POINTS + "".join(f"{x},{y}\n{x + 1000},{y}\n" for x, y in places(n)) + "\n"
+
+
+def dialogs(n):
+    return "".join(DIALOG.format(dim="dimensionar=1\n", x=x, y=y)
+                   for i, (x, y) in enumerate(places(n)))
+
+
+def sections(n):
+    return "".join(SECTION.format(x=x, y=y) for x, y in places(n))
+
+
+def lines(n):
+    return "".join(f"line\n{x},{y}\n{x + 100},{y + 7}\n\n" for x, y in places(n))
+
+
+def polyline(n):
+    return "pline\n" + "".join(f"{x},{y}\n" for x, y in places(n)) + "\n"
+
+
+def undo_steps(n):
+    return lines(n) + "undo\n" + str(n) + "\n"
+
+
+class Bench:
+    def __init__(self, build):
+        self.build = os.path.abspath(build)
+        self.folder = tempfile.mkdtemp(prefix="prancheta-bench-")
+        shutil.copytree(os.path.join(self.build, "instalacao"), os.path.join(self.folder, "instalacao"))
+
+    def run(self, script, *arguments):
+        """Processor seconds, wall seconds, peak KiB."""
+        path = os.path.join(self.folder, "roteiro.txt")
+        with open(path, "w", encoding="utf-8") as out:
+            out.write(script)
+        for old in ("d.dxf", "e.json"):
+            if os.path.exists(os.path.join(self.folder, old)):
+                os.remove(os.path.join(self.folder, old))
+        start = time.monotonic()
+        pid = os.fork()
+        if pid == 0:
+            os.chdir(self.folder)
+            null = os.open(os.devnull, os.O_WRONLY)
+            os.dup2(null, 1)
+            os.execv(os.path.join(self.build, "bin/prancheta-console"),
+                     ["prancheta-console", "--instalacao", "instalacao", "-r", path, *arguments])
+        _, status, usage = os.wait4(pid, 0)
+        if status != 0:
+            sys.exit(f"prancheta-console failed with status {status} on a script that begins\n{script[:400]}")
+        return usage.ru_utime + usage.ru_stime, time.monotonic() - start, usage.ru_maxrss
+
+    def median(self, times, script, *arguments):
+        runs = [self.run(script, *arguments) for _ in range(times)]
+        return [statistics.median(column) for column in zip(*runs)]
+
+    def keep(self, name):
+        """The drawing written last becomes the input `name`."""
+        os.replace(os.path.join(self.folder, "d.dxf"), os.path.join(self.folder, name))
+        return os.path.getsize(os.path.join(self.folder, name))
+
+    def catalogue(self, rows):
+        path = os.path.join(self.folder, "instalacao/Perfis/Listas/pur.lst")
+        with open(path, "w", encoding="utf-8") as out:
+            out.write("".join(f"{100 + i // 100}\t{50 + i % 100}\t{2.65:.2f}\t20\n" for i in range(rows)))
+
+
+def catalogue_shown(bench, n):
+    bench.catalogue(n)
+    return bench.median(3, "perfilur\ncancel\n")
+
+
+def catalogue_edited(bench, n):
+    bench.catalogue(n)
+    return bench.median(1, f"perfilur\nlista={min(n, 32768) - 1}\nt=3.00\nsubstolist\ncancel\n")
+
+
+def loaded(make):
+    def row(bench, n):
+        bench.run(make(n), "-o", "d.dxf")
+        bench.keep("entra.dxf")
+        return bench.median(3 if n < 50000 else 1, "", "entra.dxf")
+    return row
+
+
+def scripted(make, *arguments):
+    return lambda bench, n: bench.median(3 if n < 50000 else 1, make(n), *arguments)
+
+
+ROWS = {
+    "two-point piece, saved": scripted(two_points, "-o", "d.dxf"),
+    "elevation, 2 dimensions, by both dialogs, saved": scripted(dialogs, "-o", "d.dxf"),
+    "elevation, 2 dimensions, by both dialogs": scripted(dialogs),
+    "section, 4 dimensions, by its dialog, saved": scripted(sections, "-o", "d.dxf"),
+    "piece loaded": loaded(two_points),
+    "section with 4 dimensions loaded, with blocks": loaded(sections),
+    "elevation, 2 dimensions, by both dialogs, --estado": scripted(dialogs, "--estado", "e.json"),
+    "line, saved": scripted(lines, "-o", "d.dxf"),
+    "vertex of one polyline": scripted(polyline),
+    "line made and undone": scripted(undo_steps),
+    "catalogue row read and shown": catalogue_shown,
+    "catalogue row, one edited, written": catalogue_edited,
+}
+
+
+def inside(build, results):
+    """What is measured inside one process, when it was built (-DHOUSE_BENCH=ON)."""
+    program = os.path.join(build, "bench/pecas_bench")
+    if not os.path.exists(program):
+        return
+    told = subprocess.run([program, "--benchmark_format=json"], capture_output=True, check=True, text=True)
+    print("\n| inside one process | processor us | bytes each |\n|---|---|---|")
+    for row in json.loads(told.stdout)["benchmarks"]:
+        n = int(row["name"].split("/")[1]) if "/" in row["name"] else 1
+        us = row["cpu_time"] * {"ns": 1e-3, "us": 1.0, "ms": 1e3}[row["time_unit"]] / n
+        results.setdefault("inside", []).append({"name": row["name"], "us": us, "bytes": row.get("bytes_per_piece")})
+        print(f"| {row['name']} | {us:.3f} | {row.get('bytes_per_piece', 0):.0f} |")
+
+
+def main():
+    arguments = argparse.ArgumentParser()
+    arguments.add_argument("build")
+    arguments.add_argument("--maior", type=int, default=100000)
+    arguments.add_argument("--so", default="")
+    arguments.add_argument("--json")
+    options = arguments.parse_args()
+    bench = Bench(options.build)
+    chosen = [row for row in ROWS if not options.so or any(w in row for w in options.so.split(","))]
+    sizes = [n for n in (100, 1000, 10000, 100000) if n <= options.maior]
+    cpu, wall, peak = bench.median(9, "", "-o", "d.dxf")
+    results = {"start": {"ms": 1e3 * cpu, "wall_ms": 1e3 * wall, "peak_kib": peak}}
+    print(f"start, empty drawing saved: {1e3 * cpu:.1f} ms processor, {1e3 * wall:.1f} ms wall, peak {peak} KiB\n")
+    print("| work | items | processor us each | wall us each | peak KiB each | growth |\n|---|---|---|---|---|---|")
+    for name in chosen:
+        before = None
+        for n in sizes:
+            c, w, p = ROWS[name](bench, n)
+            net = max(c - cpu, 1e-9)
+            growth = math.log(net / before[1]) / math.log(n / before[0]) if before else None
+            before = (n, net)
+            results.setdefault(name, []).append(
+                {"n": n, "us": 1e6 * net / n, "wall_us": 1e6 * (w - wall) / n, "kib": (p - peak) / n, "growth": growth})
+            print(f"| {name} | {n} | {1e6 * net / n:.1f} | {1e6 * (w - wall) / n:.1f} | {(p - peak) / n:.2f} | "
+                  f"{'' if growth is None else f'{growth:.2f}'} |", flush=True)
+    if not options.so:
+        inside(bench.build, results)
+    if options.json:
+        with open(options.json, "w", encoding="utf-8") as out:
+            json.dump(results, out, indent=1)
+    shutil.rmtree(bench.folder)
+
+
+main()

@@ -1,0 +1,45 @@
+# SPDX-License-Identifier: MIT
+# Where things land in an installed system, and the Debian package.
+
+# Programs and modules find each other in one folder; the programs' own names are links to there.
+set(house_home lib/prancheta)
+set(house_share share/prancheta/instalacao)
+
+set(house_parts prancheta prancheta-console zpforja zpgbarra zptrelica zpobjects zpmatlist zpperfis)
+if(TARGET prancheta-window)
+    list(APPEND house_parts prancheta-plot prancheta-window)
+endif()
+install(TARGETS ${house_parts} RUNTIME DESTINATION ${house_home} LIBRARY DESTINATION ${house_home})
+
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
+foreach(program prancheta prancheta-console)
+    file(CREATE_LINK ../${house_home}/${program} ${CMAKE_BINARY_DIR}/links/${program} SYMBOLIC)
+    if(program STREQUAL prancheta-console OR TARGET prancheta-window)
+        install(FILES ${CMAKE_BINARY_DIR}/links/${program} DESTINATION bin)
+    endif()
+endforeach()
+
+install(DIRECTORY instalacao/ DESTINATION ${house_share})
+install(DIRECTORY ${CMAKE_BINARY_DIR}/instalacao/Perfis/Slides DESTINATION ${house_share}/Perfis)
+install(FILES docs/manual.md DESTINATION ${house_share}/Prancheta)
+install(FILES LICENSE DESTINATION share/doc/prancheta RENAME copyright)
+if(TARGET prancheta-window)
+    install(FILES packaging/prancheta.desktop DESTINATION share/applications)
+    install(FILES packaging/prancheta-mime.xml DESTINATION share/mime/packages RENAME prancheta.xml)
+    install(FILES prancheta/desktop/shell/prancheta.svg DESTINATION share/icons/hicolor/scalable/apps)
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME prancheta)
+set(CPACK_PACKAGE_CONTACT "Prancheta <prancheta@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Steel profiles for draughtsmen: drawing host and profile commands")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Our own libraries are looked up where they were built.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${HOUSE_BIN})
+# The font of the drawings: no link shows it.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core")
+include(CPack)

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// The lacing of a drawn member, read back from its plates.
+#pragma once
+
+#include "perfis/commands/piece_values.h"
+#include "perfis/commands/plate_schemes.h"
+#include "perfis/dialogs/lacing.h"
+
+namespace perfis {
+
+struct PieceLacing {
+    TravejamentoParams plates;  ///< A = 0: no lacing
+    LacedPlanes planes = LacedPlanes::kBoth;
+};
+
+PieceLacing lacingOf(const PieceValues& piece);
+
+/// From the left edge of the first plate to that of the next one; 0 without a second one.
+double platePitch(const PieceValues& piece);
+
+}  // namespace perfis

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// Editing of drawn pieces by the dialogs of their commands.
+#pragma once
+
+#include "perfis/commands/handlers.h"
+
+namespace perfis {
+
+/// The command whose dialog makes pieces with these values; null when there is none.
+MakeRun commandOf(const PieceValues& piece);
+
+/// Attaches the editor to the class of all pieces and keeps the plates of members that are changed
+/// otherwise by their rule; takes both away again.
+void installPieceEditor();
+void removePieceEditor();
+
+}  // namespace perfis

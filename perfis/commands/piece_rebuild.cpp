@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+// Rebuilding of a piece: values, plates, dimensions, material list.
+#include "perfis/commands/piece_rebuild.h"
+
+#include <algorithm>
+
+#include "acutads.h"
+#include "adscodes.h"
+#include "perfis/commands/lacing_values.h"
+#include "perfis/commands/profile_generator.h"
+#include "perfis/output/shared_dimension.h"
+#include "zp/matlist/acompanha.h"
+#include "zp/objects/edicao.h"
+
+namespace perfis {
+namespace {
+
+using zp::edicao::Edicao;
+
+/// Takes the member's plates one by one before it makes new ones, so that marks, links and handles
+/// stay.
+class ReusedPlates : public PlateSupply {
+public:
+    explicit ReusedPlates(Edicao& edit) : m_edit(edit) {}
+
+    AcDbObjectId place(ZpObject& member, std::unique_ptr<ZpChapa> plate) override {
+        while (m_next < m_edit.chapas().size()) {
+            const AcDbObjectId id = m_edit.chapas()[m_next++];
+            if (m_edit.refazChapa(id, *plate)) return id;
+        }
+        return PlateSupply::place(member, std::move(plate));
+    }
+    void eraseRest() {
+        while (m_next < m_edit.chapas().size()) m_edit.apaga(m_edit.chapas()[m_next++]);
+    }
+
+private:
+    Edicao& m_edit;
+    std::size_t m_next = 0;
+};
+
+/// Counts and measures without drawing.
+class NoPlates : public PlateSupply {
+public:
+    AcDbObjectId place(ZpObject&, std::unique_ptr<ZpChapa>) override { return {}; }
+};
+
+AcGePoint3d startOf(const ZpObject& piece) {
+    AcGePoint3d start;
+    (void)piece.StartPoint(start);
+    return start;
+}
+
+/// The piece as the command makes it, at its start and along X.
+std::unique_ptr<ZpObject> makeModel(const ProfileDescription& description, const RunState& state,
+                                    const PieceValues& piece, AcGePoint3d start) {
+    const PieceRequest request = requestFor(state, chosenView(state.views));
+    AcGePoint3d end = start + AcGeVector3d::kXAxis * state.views.length;
+    const bool between = piece.twoPoints && !state.views.sectionOnly;
+    std::unique_ptr<ZpObject> model =
+        between ? description.twoPoints(start, end, request) : description.onePoint(start, request);
+    (void)model->settipoBarra(static_cast<ZpObject::TipoBarra>(state.barType));
+    if (description.finish != nullptr) description.finish(*model, request);
+    return model;
+}
+
+/// What the command remembers of the piece as it was.
+RunState stateBefore(const RunState& state, const PieceValues& piece) {
+    RunState before = state;
+    before.medidas = piece.medidas;
+    before.views.sectionOnly = piece.view == ZpObject::kVistaSecao;
+    before.views.view = piece.view;
+    before.views.length = piece.length;
+    return before;
+}
+
+zp::edicao::Cota inPiece(const DimensionLine& line, const AcGePoint3d& start) {
+    const AcGeVector3d origin = start.asVector();
+    return {line.from - origin, line.to - origin, line.line - origin};
+}
+
+struct ChangedDimensions {
+    std::vector<zp::edicao::CotaMudada> moved;
+    bool otherOnes = false;  ///< the rule makes more of them, or fewer
+};
+
+ChangedDimensions compare(const PieceDimensions& before, const PieceDimensions& after,
+                          const AcGePoint3d& start) {
+    ChangedDimensions changed;
+    changed.otherOnes = before.lines().size() != after.lines().size();
+    for (std::size_t i = 0; !changed.otherOnes && i < before.lines().size(); ++i) {
+        const DimensionLine& was = before.lines()[i];
+        const DimensionLine& is = after.lines()[i];
+        changed.otherOnes = was.isEmpty() != is.isEmpty();
+        if (!was.isEmpty()) changed.moved.push_back({inPiece(was, start), inPiece(is, start)});
+    }
+    return changed;
+}
+
+/// Rows of plates that were in the material list: the plate that stands for each.
+std::vector<AcDbObjectId> listedPlates(const PieceValues& piece) {
+    std::vector<AcDbObjectId> listed;
+    for (const PlateValues& plate : piece.plates)
+        if (zp::lista::quantidadeListada(plate.id) > 0) listed.push_back(plate.id);
+    return listed;
+}
+
+/// The rows of a piece that is in the list.
+void updateList(const ViewsChoice& views, const PieceValues& piece,
+                const std::vector<AcDbObjectId>& listed, LaidPlates& laid) {
+    const bool stays = views.materialList && !views.sectionOnly;
+    const int pieces = pieceCount(views);
+    if (stays)
+        (void)zp::lista::mudaListada(piece.id, piece.id, pieces);
+    else
+        zp::lista::retiraListada(piece.id);
+    for (std::size_t i = 0; i < std::max(listed.size(), laid.rows.size()); ++i) {
+        if (!stays || i >= laid.rows.size()) {
+            zp::lista::retiraListada(listed[i]);
+        } else if (i < listed.size()) {
+            (void)zp::lista::mudaListada(listed[i], laid.rows[i].plate,
+                                         laid.rows[i].count * pieces);
+        } else {
+            (void)MatListChapas(piece.id, pieces, laid.rows[i]);
+        }
+    }
+}
+
+void reportUnchanged(Acad::ErrorStatus status) {
+    (void)acutPrintf(status == Acad::eOnLockedLayer
+                         ? L"\nA camada da peça está bloqueada; desbloqueie-a para editar.\n"
+                         : L"\nA peça não pode ser alterada agora.\n");
+}
+
+}  // namespace
+
+int rebuildPiece(const ProfileDescription& description, const RunState& state,
+                 const PieceValues& piece, const PlateLaying& layPlates) {
+    const std::vector<AcDbObjectId> listed = listedPlates(piece);
+    Edicao edit(piece.id);
+    if (edit.status() != Acad::eOk) {
+        reportUnchanged(edit.status());
+        return RTERROR;
+    }
+    const AcGePoint3d start = startOf(edit.peca());
+    const std::unique_ptr<ZpObject> model = makeModel(description, state, piece, start);
+    NoPlates none;
+    const double pitch = layPlates ? layPlates(*model, start, none).pitch : 0.0;
+    // Members with a toggle never show the pitch; what shows it is told by the plates to be laid.
+    const bool shown = pitch > 0.0 || !layPlates;
+    const ChangedDimensions dimensions =
+        compare(layOutDimensions(description, stateBefore(state, piece), edit.peca(),
+                                 shown ? platePitch(piece) : 0.0),
+                layOutDimensions(description, state, *model, pitch), start);
+    const bool wanted = sharedDimensionFlag() != 0;
+    const bool again = !piece.dimensioned || dimensions.otherOnes || model->vista() != piece.view;
+    if (!wanted || again)
+        for (const AcDbObjectId& id : zp::edicao::cotasDe(edit.peca())) edit.apaga(id);
+
+    (void)edit.refaz(*model, dimensions.moved);  // the command makes pieces of one class
+    LaidPlates laid;
+    ReusedPlates supply(edit);
+    if (layPlates) laid = layPlates(edit.peca(), start, supply);
+    supply.eraseRest();
+    if (wanted && again) (void)dimensionPiece(description, state, edit.peca(), laid);
+    edit.termina();
+
+    Companions marks;
+    if (piece.listed > 0)
+        updateList(state.views, piece, listed, laid);
+    else
+        enterInMaterialList(state.views, start, piece.id, laid, marks);
+    return RTNORM;
+}
+
+void layPlatesAgain(const RunState& state, const PieceValues& piece, const PlateLaying& layPlates) {
+    const std::vector<AcDbObjectId> listed = listedPlates(piece);
+    Edicao edit(piece.id);
+    if (edit.status() != Acad::eOk) return;
+    LaidPlates laid;
+    ReusedPlates supply(edit);
+    if (layPlates) laid = layPlates(edit.peca(), startOf(edit.peca()), supply);
+    supply.eraseRest();
+    edit.termina();
+    if (piece.listed > 0) updateList(state.views, piece, listed, laid);
+}
+
+}  // namespace perfis

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Gives a piece that stands in the drawing the values of a dialog.
+#pragma once
+
+#include "perfis/commands/piece_values.h"
+#include "perfis/commands/profile_description.h"
+#include "perfis/commands/run_state.h"
+#include "perfis/output/plates.h"
+
+namespace perfis {
+
+/// Rebuilds the piece in its place: same entity, start, direction and layer. Its plates are laid
+/// again, its dimensions follow, its rows of the material list tell of the new values. RTNORM;
+/// RTERROR, and nothing changed, when the piece cannot be changed, which is said on the command
+/// line.
+int rebuildPiece(const ProfileDescription& description, const RunState& state,
+                 const PieceValues& piece, const PlateLaying& layPlates);
+
+/// Lays the plates of a piece again, and nothing else.
+void layPlatesAgain(const RunState& state, const PieceValues& piece, const PlateLaying& layPlates);
+
+}  // namespace perfis

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Dynamic libraries by the dynamic linker of ELF systems.
+#include <dlfcn.h>
+#include <link.h>
+
+#include <cstdlib>
+#include <string_view>
+
+#include "prancheta/base/library.h"
+
+namespace prancheta {
+namespace fs = std::filesystem;
+
+void* openLibrary(const fs::path& file, std::string& reason) {
+    void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library != nullptr) return library;
+    const char* const text = dlerror();
+    reason = text != nullptr ? text : "motivo desconhecido";
+    return nullptr;
+}
+
+void closeLibrary(void* library) { dlclose(library); }
+void* symbolOf(void* library, const char* name) { return dlsym(library, name); }
+
+const void* libraryOf(const void* address) {
+    Dl_info info{};
+    return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
+}
+
+fs::path libraryFileOf(const void* address) {
+    Dl_info info{};
+    return dladdr(address, &info) != 0 ? fs::path(info.dli_fname) : fs::path();
+}
+
+std::vector<fs::path> neededModules(void* library) {
+    std::vector<fs::path> modules;
+    link_map* map = nullptr;
+    if (dlinfo(library, RTLD_DI_LINKMAP, &map) != 0 || map == nullptr) return modules;
+    const char* names = nullptr;
+    for (const ElfW(Dyn)* d = map->l_ld; d->d_tag != DT_NULL; ++d)
+        if (d->d_tag == DT_STRTAB) names = reinterpret_cast<const char*>(d->d_un.d_ptr);
+    if (names == nullptr) return modules;
+    const link_map* first = map;
+    while (first->l_prev != nullptr) first = first->l_prev;
+    for (const ElfW(Dyn)* d = map->l_ld; d->d_tag != DT_NULL; ++d) {
+        if (d->d_tag != DT_NEEDED) continue;
+        const std::string_view needed = names + d->d_un.d_val;
+        if (!needed.ends_with(".arx")) continue;
+        for (const link_map* m = first; m != nullptr; m = m->l_next) {
+            const fs::path path = m->l_name;
+            if (path.filename() == fs::path(needed).filename()) modules.push_back(path);
+        }
+    }
+    return modules;
+}
+
+fs::path folderOfProgram() {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    return error ? fs::path() : program.parent_path();
+}
+
+void setEnvironment(const char* name, const std::string& utf8Value) {
+    setenv(name, utf8Value.c_str(), 1);
+}
+
+}  // namespace prancheta

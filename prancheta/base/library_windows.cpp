@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// Dynamic libraries by the loader of Windows.
+#include <windows.h>
+
+#include <cstdlib>
+#include <string_view>
+
+#include "prancheta/base/library.h"
+#include "prancheta/base/text.h"
+
+namespace prancheta {
+namespace fs = std::filesystem;
+namespace {
+
+HMODULE moduleOf(const void* address) {
+    HMODULE module = nullptr;
+    constexpr DWORD kFlags =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    const auto place = reinterpret_cast<LPCWSTR>(const_cast<void*>(address));
+    return GetModuleHandleExW(kFlags, place, &module) != 0 ? module : nullptr;
+}
+
+fs::path fileOf(HMODULE module) {
+    std::wstring name(32768, L'\0');
+    const DWORD length = GetModuleFileNameW(module, name.data(), static_cast<DWORD>(name.size()));
+    name.resize(length);
+    return fs::path(name);
+}
+
+/// Import directory of a loaded image; null when it imports nothing.
+const IMAGE_IMPORT_DESCRIPTOR* importsOf(const char* base) {
+    const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* const headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const IMAGE_DATA_DIRECTORY& directory =
+        headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    if (directory.Size == 0) return nullptr;
+    return reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+}
+
+}  // namespace
+
+void* openLibrary(const fs::path& file, std::string& reason) {
+    // The folder of the library counts, so that modules find those beside them.
+    HMODULE const module =
+        LoadLibraryExW(fs::absolute(file).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    if (module == nullptr) reason = "erro " + std::to_string(GetLastError()) + " do sistema";
+    return module;
+}
+
+void closeLibrary(void* library) { FreeLibrary(static_cast<HMODULE>(library)); }
+
+void* symbolOf(void* library, const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name));
+}
+
+const void* libraryOf(const void* address) { return moduleOf(address); }
+
+fs::path libraryFileOf(const void* address) {
+    HMODULE const module = moduleOf(address);
+    return module != nullptr ? fileOf(module) : fs::path();
+}
+
+std::vector<fs::path> neededModules(void* library) {
+    std::vector<fs::path> modules;
+    const char* const base = static_cast<const char*>(library);
+    const IMAGE_IMPORT_DESCRIPTOR* import = importsOf(base);
+    for (; import != nullptr && import->Name != 0; ++import) {
+        const std::string_view needed = base + import->Name;
+        if (!needed.ends_with(".arx")) continue;
+        HMODULE const module = GetModuleHandleW(toWide(needed).c_str());
+        if (module != nullptr) modules.push_back(fileOf(module));
+    }
+    return modules;
+}
+
+fs::path folderOfProgram() { return fileOf(nullptr).parent_path(); }
+
+void setEnvironment(const char* name, const std::string& utf8Value) {
+    _wputenv_s(toWide(name).c_str(), toWide(utf8Value).c_str());
+}
+
+}  // namespace prancheta

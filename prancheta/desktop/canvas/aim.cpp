@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// From where the mouse stands to the point that is meant.
+#include "prancheta/desktop/canvas/aim.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "prancheta/database/database_core.h"
+
+namespace prancheta::desktop {
+namespace {
+
+constexpr int kSuppressed = 16384;  // bit of OSMODE
+constexpr int kAllModes = kSuppressed - 1;
+
+struct SnapName {
+    int mode;
+    const char16_t* name;
+};
+constexpr SnapName kSnapNames[] = {
+    {1, u"Ponto final"},
+    {2, u"Ponto médio"},
+    {4, u"Centro"},
+    {8, u"Nó"},
+    {16, u"Quadrante"},
+    {32, u"Interseção"},
+    {64, u"Inserção"},
+    {128, u"Perpendicular"},
+    {256, u"Tangente"},
+    {512, u"Mais próximo"},
+    {2048, u"Interseção aparente"},
+    {4096, u"Extensão"},
+    {8192, u"Paralelo"},
+};
+
+/// The nearer one of the user's axes from the base.
+AcGePoint3d alongAxis(const Editor& editor, const AcGePoint3d& base, const AcGePoint3d& world) {
+    AcGeVector3d v = editor.ucs().inverse() * (world - base);
+    (std::abs(v.x) >= std::abs(v.y) ? v.y : v.x) = 0.0;
+    return base + editor.ucs() * v;
+}
+
+int modesOf(const Editor& editor, const InputRequest& request) {
+    if (request.snapModes) return *request.snapModes;
+    const int running = editor.database().core().variables().number(L"OSMODE");
+    return (running & kSuppressed) != 0 ? 0 : running & kAllModes;
+}
+
+}  // namespace
+
+bool asksForPoint(const InputRequest& request) {
+    switch (request.kind) {
+        case InputKind::Point:
+        case InputKind::Corner:
+        case InputKind::Distance:
+        case InputKind::Angle:
+        case InputKind::Drag:
+            return true;
+        default:
+            return false;
+    }
+}
+
+const char16_t* snapName(int mode) {
+    for (const SnapName& known : kSnapNames)
+        if (known.mode == mode) return known.name;
+    return u"";
+}
+
+void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& world, bool shift) {
+    m_catches.clear();
+    m_chosen = 0;
+    m_point = world;
+    if (request == nullptr || !asksForPoint(*request)) return;
+    const int modes = modesOf(editor, *request);
+    const SnapReach reach = request->snapModes ? SnapReach::Object : SnapReach::Aperture;
+    if (modes != 0) m_catches = snapHits(editor, world, modes, reach, request->base);
+    if (!m_catches.empty()) {
+        m_point = m_catches.front().point;
+        return;
+    }
+    const bool ortho = (editor.database().core().variables().number(L"ORTHOMODE") != 0) != shift;
+    if (ortho && request->orthoAllowed && request->base)
+        m_point = alongAxis(editor, *request->base, world);
+}
+
+void Aim::cycle() {
+    if (m_catches.size() < 2) return;
+    m_chosen = (m_chosen + 1) % m_catches.size();
+    m_point = m_catches[m_chosen].point;
+}
+
+const SnapHit* Aim::caught() const { return m_catches.empty() ? nullptr : &m_catches[m_chosen]; }
+
+}  // namespace prancheta::desktop

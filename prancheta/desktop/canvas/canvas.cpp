@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+// The drawing area: what it follows, and how the view moves.
+#include "prancheta/desktop/canvas/canvas.h"
+
+#include <QPainter>
+#include <QResizeEvent>
+
+#include <cmath>
+
+#include "prancheta/database/database_core.h"
+#include "prancheta/desktop/canvas/canvas_impl.h"
+
+namespace prancheta::desktop {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Time for painting the drawing: within the event that changed it, and in one following turn of
+/// the event loop.
+constexpr Clock::duration kAtOnce = 3ms;
+constexpr Clock::duration kTurn = 6ms;
+
+constexpr double kExtentsMargin = 1.02;
+constexpr double kLeastHeight = 1e-6;
+constexpr double kMostHeight = 1e12;
+constexpr int kWheelRest = 600;  // milliseconds
+/// Selections above this show no grips.
+constexpr std::size_t kMostGripped = 100;
+
+}  // namespace
+
+Canvas::Canvas(QWidget* parent) : QWidget(parent), m_impl(std::make_unique<Impl>(*this)) {
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setCursor(Qt::BlankCursor);
+    setMinimumSize(64, 64);
+}
+
+Canvas::~Canvas() = default;
+
+void Canvas::setEditor(Editor* editor) {
+    Impl& d = *m_impl;
+    d.editor = editor;
+    d.request = nullptr;
+    d.drawing.setEditor(editor);
+    d.highlight.setEditor(editor);
+    d.shownList = nullptr;
+    d.grips.clear();
+    d.frame.reset();
+    d.hover = AcDbObjectId::kNull;
+    if (editor != nullptr) editor->setScreenSize(width(), height());
+    d.drawingSheet.spoilAll();
+    d.highlightSheet.spoilAll();
+    refresh();
+}
+
+void Canvas::refresh() { m_impl->follow(); }
+
+void Canvas::setGround(Ground ground) {
+    const Palette& palette = ground == Ground::Dark ? darkPalette() : lightPalette();
+    m_impl->drawing.look.palette = &palette;
+    m_impl->highlight.palette = &palette;
+    refresh();
+}
+
+Canvas::Ground Canvas::ground() const {
+    return m_impl->palette().dark ? Ground::Dark : Ground::Light;
+}
+
+bool Canvas::complete() const {
+    return m_impl->drawingSheet.complete() &&
+           (m_impl->highlight.selection().empty() || m_impl->highlightSheet.complete());
+}
+
+void Canvas::resizeEvent(QResizeEvent*) {
+    if (m_impl->editor != nullptr) m_impl->editor->setScreenSize(width(), height());
+    refresh();
+}
+
+void Canvas::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    m_impl->paint(painter);
+}
+
+void Canvas::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == m_impl->wheelRest.timerId()) m_impl->wheelRest.stop();
+    if (event->timerId() != m_impl->refining.timerId()) return;
+    m_impl->refine(kTurn);
+    update();
+}
+
+// --- Following ----------------------------------------------------------------------------------
+
+void Canvas::Impl::follow() {
+    canvas.update();
+    if (editor == nullptr || canvas.width() < 1 || canvas.height() < 1) return;
+    viewport = Viewport(editor->view(), canvas.size());
+    const double ratio = canvas.devicePixelRatioF();
+    const SystemVariables& variables = editor->database().core().variables();
+    Look& look = drawing.look;
+    look.ratio = highlight.ratio = ratio;
+    look.pixelsPerMillimetre = canvas.logicalDpiX() / 25.4;
+    look.lineWeights = variables.number(L"LWDISPLAY") != 0;
+    look.grid = variables.number(L"GRIDMODE") != 0;
+    if (look != shownLook) {
+        shownLook = look;
+        drawingSheet.spoilAll();
+        highlightSheet.spoilAll();
+    }
+    const QTransform toDevice = viewport.transform(ratio);
+    const QSize size = (QSizeF(canvas.size()) * ratio).toSize();
+    drawingSheet.show(toDevice, size, look.palette->ground);
+    followDrawing();
+    followSelection();
+    // Without a selection there is nothing to move along.
+    if (!highlight.selection().empty()) highlightSheet.show(toDevice, size, Qt::transparent);
+    if (request != nullptr) aimAgain();
+    refine(kAtOnce);
+}
+
+void Canvas::Impl::followDrawing() {
+    DisplayList& list = editor->display();
+    const std::uint64_t revision = list.revision();
+    if (&list == shownList && revision == shownRevision) return;
+    if (&list != shownList || revision < shownRevision) {
+        drawingSheet.spoilAll();
+        highlightSheet.spoilAll();
+    } else {
+        for (const Box2d& box : list.changedSince(shownRevision)) {
+            drawingSheet.spoil(box);
+            highlightSheet.spoil(box);
+        }
+    }
+    shownList = &list;
+    shownRevision = revision;
+    hover = AcDbObjectId::kNull;
+    grips.clear();
+}
+
+void Canvas::Impl::followSelection() {
+    const std::vector<AcDbObjectId>& pickfirst = editor->pickfirst();
+    const bool before = request == nullptr || atCommand() || !editor->hotGrips().empty();
+    const std::vector<AcDbObjectId>& shown =
+        before || request->selection.empty() ? pickfirst : request->selection;
+    if (highlight.setSelection(shown)) {
+        highlightSheet.spoilAll();
+        grips.clear();
+    }
+    const bool gripped = &shown == &pickfirst && !shown.empty() && shown.size() <= kMostGripped;
+    if (!gripped)
+        grips.clear();
+    else if (grips.empty())
+        for (const AcDbObjectId& id : shown) appendGrips(id, grips);
+    if (knownPickfirst != pickfirst) {
+        knownPickfirst = pickfirst;
+        emit canvas.selectionChanged();
+    }
+}
+
+void Canvas::Impl::refine(Clock::duration time) {
+    if (editor == nullptr) return;
+    const Clock::time_point until = Clock::now() + time;
+    const QPointF focus = mouse.value_or(canvas.rect().center()) * drawing.look.ratio;
+    drawingSheet.paint(drawing, until, focus.toPoint());
+    const bool marks = !highlight.selection().empty();
+    if (drawingSheet.complete() && marks) highlightSheet.paint(highlight, until, focus.toPoint());
+    if (canvas.complete())
+        refining.stop();
+    else if (!refining.isActive())
+        refining.start(0, &canvas);
+}
+
+// --- Moving the view ----------------------------------------------------------------------------
+
+void Canvas::Impl::show(const View& view, Step step) {
+    editor->setView(view,
+                    step == Step::First ? Editor::ViewChange::Step : Editor::ViewChange::Continued);
+    follow();
+}
+
+/// The world point at `about` stays there.
+void Canvas::Impl::zoom(const QPointF& about, double factor) {
+    View view = editor->view();
+    const double height = std::clamp(view.height / factor, kLeastHeight, kMostHeight);
+    const AcGePoint3d fixed = viewport.toWorld(about);
+    const double k = height / view.height;
+    view.centre.x = fixed.x + (view.centre.x - fixed.x) * k;
+    view.centre.y = fixed.y + (view.centre.y - fixed.y) * k;
+    view.height = height;
+    const Step step = wheelRest.isActive() ? Step::Next : Step::First;
+    wheelRest.start(kWheelRest, &canvas);
+    show(view, step);
+}
+
+/// By whole device pixels, so that what is painted can be shifted.
+void Canvas::Impl::pan(const QPointF& by, Step step) {
+    const double ratio = drawing.look.ratio;
+    const QPointF whole((by * ratio).toPoint());
+    View view = editor->view();
+    view.centre.x -= whole.x() / ratio * viewport.unit();
+    view.centre.y += whole.y() / ratio * viewport.unit();
+    show(view, step);
+}
+
+void Canvas::Impl::zoomExtents() {
+    const Box2d box = editor->display().extents();
+    if (box.empty()) return;
+    View view = editor->view();
+    view.centre.x = (box.left + box.right) / 2.0;
+    view.centre.y = (box.bottom + box.top) / 2.0;
+    const double height = std::max(box.height(), box.width() * canvas.height() / canvas.width());
+    if (height > 0.0) view.height = height * kExtentsMargin;
+    show(view, Step::First);
+}
+
+// --- Painting -----------------------------------------------------------------------------------
+
+void Canvas::Impl::paint(QPainter& painter) {
+    if (editor == nullptr) {
+        painter.fillRect(canvas.rect(), palette().ground);
+        return;
+    }
+    const double ratio = drawing.look.ratio;
+    const QRectF area(canvas.rect());
+    const auto draw = [&](const Sheet& sheet) {
+        const QImage& image = sheet.image();
+        painter.drawImage(area, image, QRectF(QPointF(0, 0), area.size() * ratio));
+    };
+    draw(drawingSheet);
+    if (!highlight.selection().empty()) draw(highlightSheet);
+    paintOverlays(painter);
+}
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// State of the drawing area, shared by its painting and its input.
+#pragma once
+
+#include <QBasicTimer>
+
+#include <optional>
+#include <vector>
+
+#include "prancheta/desktop/canvas/aim.h"
+#include "prancheta/desktop/canvas/canvas.h"
+#include "prancheta/desktop/canvas/ghost.h"
+#include "prancheta/desktop/canvas/marks.h"
+#include "prancheta/desktop/canvas/sheet.h"
+#include "prancheta/desktop/canvas/sources.h"
+#include "prancheta/desktop/canvas/viewport.h"
+
+namespace prancheta::desktop {
+
+/// A selection frame that was begun.
+struct OpenFrame {
+    AcGePoint3d first;  ///< world
+    QPointF press;      ///< where the button went down
+    bool held = true;   ///< the button is still down
+};
+
+struct Canvas::Impl {
+    explicit Impl(Canvas& of) : canvas(of) {}
+
+    // --- What is shown ---------------------------------------------------------------------------
+    void follow();
+    void followDrawing();
+    void followSelection();
+    void refine(Clock::duration time);
+    void paint(QPainter& painter);
+    void paintOverlays(QPainter& painter);
+    void paintGrips(QPainter& painter) const;
+    void paintTags(QPainter& painter) const;
+    void paintAxes(QPainter& painter) const;
+    const Palette& palette() const { return *drawing.look.palette; }
+    QPointF screen(const AcGePoint3d& p) const { return viewport.toScreen(p); }
+
+    // --- Moving the view -------------------------------------------------------------------------
+    enum class Step { First, Next };
+    void zoom(const QPointF& about, double factor);
+    void pan(const QPointF& by, Step step);
+    void zoomExtents();
+    void show(const View& view, Step step);
+
+    // --- Input -----------------------------------------------------------------------------------
+    bool atCommand() const { return request != nullptr && request->kind == InputKind::Command; }
+    bool selects() const {
+        return request != nullptr &&
+               (request->kind == InputKind::Command || request->kind == InputKind::Selection);
+    }
+    void moveTo(const QPointF& at, Qt::KeyboardModifiers modifiers);
+    void aimAgain();
+    void press(const QPointF& at, Qt::KeyboardModifiers modifiers);
+    void release(const QPointF& at, Qt::KeyboardModifiers modifiers);
+    void enter();
+    void selectAt(const QPointF& at, bool shift);
+    void finishFrame(const QPointF& at, bool shift);
+    void select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift);
+    bool takeGrip(const QPointF& at, bool shift);
+    const Grip* gripAt(const QPointF& at) const;
+    bool isHot(const Grip& grip) const;
+    void answer(RawInput::Kind kind, const AcGePoint3d& point,
+                std::vector<AcDbObjectId> entities = {}, bool removes = false);
+    void sendMove();
+
+    Canvas& canvas;
+    Editor* editor = nullptr;
+    const InputRequest* request = nullptr;
+
+    Viewport viewport;
+    DrawingSource drawing;
+    HighlightSource highlight;
+    Sheet drawingSheet{QImage::Format_RGB32};
+    Sheet highlightSheet{QImage::Format_ARGB32_Premultiplied};
+    Look shownLook;
+    const DisplayList* shownList = nullptr;
+    std::uint64_t shownRevision = 0;
+    QBasicTimer refining;
+
+    std::optional<QPointF> mouse;  ///< nothing while it is outside
+    Qt::KeyboardModifiers modifiers;
+    Aim aim;
+    Ghost ghost;
+    AcDbObjectId hover;
+    std::vector<Grip> grips;
+    std::vector<AcDbObjectId> knownPickfirst;
+    std::optional<OpenFrame> frame;
+    std::optional<QPointF> panFrom;
+    Step panStep = Step::First;
+    QBasicTimer wheelRest;  ///< runs while turns of the wheel belong together
+
+    /// Last position told in a drag, and of which question.
+    std::optional<AcGePoint3d> sentMove;
+    std::wstring sentPrompt;
+    bool moveWaits = false;
+};
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// The drawing area: what lies over the drawing.
+#include <QPainter>
+
+#include <cmath>
+
+#include "acedads.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/desktop/canvas/canvas_impl.h"
+#include "prancheta/editor/picking.h"
+#include "prancheta/plot/painter.h"
+
+namespace prancheta::desktop {
+namespace {
+
+QString lengthText(double value) {
+    ACHAR text[512];
+    return acdbRToS(value, -1, -1, text) == RTNORM ? QString::fromWCharArray(text) : QString();
+}
+
+QString directionText(double angle) {
+    ACHAR text[512];
+    if (acdbAngToS(angle, -1, -1, text) != RTNORM) return {};
+    return QString::fromWCharArray(text);
+}
+
+QPointF unitOf(const AcGeVector3d& v) {
+    const double length = std::hypot(v.x, v.y);
+    return length > 0.0 ? QPointF(v.x / length, v.y / length) : QPointF();
+}
+
+}  // namespace
+
+void Canvas::Impl::paintOverlays(QPainter& painter) {
+    const SystemVariables& variables = editor->database().core().variables();
+    if (variables.number(L"UCSICON") != 0) paintAxes(painter);
+    if (!hover.isNull() && mouse) {
+        PicturePainter::Settings settings;
+        settings.toDevice = viewport.transform();
+        settings.darkGround = palette().dark;
+        QColor color = palette().highlight;
+        color.setAlpha(210);
+        PicturePainter(painter, editor->appearances(), settings)
+            .paintPlain(editor->display().picture(hover), QPen(color, 2.0));
+    }
+    if (request != nullptr && asksForPoint(*request) && mouse) {
+        ghost.paint(painter, *editor, *request, aim.point(), viewport, drawing.look);
+        const QPointF to = screen(aim.point());
+        if (request->base && request->kind == InputKind::Corner)
+            drawFrame(painter, palette(), QRectF(screen(*request->base), to).normalized(),
+                      Frame::Plain);
+        else if (request->base)
+            drawBand(painter, palette(), screen(*request->base), to);
+    }
+    if (frame && mouse) {
+        const QPointF first = screen(frame->first);
+        drawFrame(painter, palette(), QRectF(first, *mouse).normalized(),
+                  mouse->x() < first.x() ? Frame::Crossing : Frame::Window);
+    }
+    paintGrips(painter);
+    if (!mouse || panFrom) return;
+    if (const SnapHit* caught = aim.caught())
+        drawSnap(painter, palette(), screen(caught->point), caught->mode);
+    const double pickBox = variables.number(L"PICKBOX");
+    const bool boxOnly =
+        request != nullptr && !atCommand() &&
+        (request->kind == InputKind::Selection || request->kind == InputKind::Entity);
+    drawCursor(painter, palette(), *mouse, canvas.size(),
+               boxOnly       ? Cursor::Box
+               : atCommand() ? Cursor::CrossWithBox
+                             : Cursor::Cross,
+               pickBox);
+    paintTags(painter);
+}
+
+void Canvas::Impl::paintGrips(QPainter& painter) const {
+    if (!atCommand() && editor->hotGrips().empty()) return;
+    const Grip* const under = mouse && atCommand() ? gripAt(*mouse) : nullptr;
+    for (const Grip& grip : grips) {
+        const QPointF at = screen(grip.at);
+        if (!QRectF(canvas.rect()).adjusted(-8, -8, 8, 8).contains(at)) continue;
+        drawGrip(painter, at,
+                 isHot(grip)      ? GripState::Hot
+                 : &grip == under ? GripState::Hover
+                                  : GripState::Cold);
+    }
+}
+
+void Canvas::Impl::paintTags(QPainter& painter) const {
+    if (const SnapHit* caught = aim.caught())
+        drawTag(painter, palette(), *mouse, canvas.size(),
+                QString::fromUtf16(snapName(caught->mode)), TagPlace::Below);
+    if (request == nullptr || !asksForPoint(*request)) return;
+    // A jig sets the last point to where its entity starts.
+    std::optional<AcGePoint3d> base = request->base;
+    if (!base && request->dragged != nullptr) base = editor->lastPoint();
+    if (!base) return;
+    const AcGeVector3d reach = editor->ucs().inverse() * (aim.point() - *base);
+    const QString text =
+        request->kind == InputKind::Corner
+            ? lengthText(std::abs(reach.x)) + QStringLiteral(" × ") + lengthText(std::abs(reach.y))
+            : lengthText(reach.length()) + QStringLiteral(" < ") +
+                  directionText(std::atan2(reach.y, reach.x)) + u'°';
+    drawTag(painter, palette(), *mouse, canvas.size(), text, TagPlace::Above);
+}
+
+/// In the lower left corner, or at the origin of a user system that is in view.
+void Canvas::Impl::paintAxes(QPainter& painter) const {
+    AcGePoint3d origin;
+    AcGeVector3d x, y, z;
+    editor->ucs().getCoordSystem(origin, x, y, z);
+    drawAxes(painter, palette(), QPointF(26.0, canvas.height() - 26.0), unitOf(x), unitOf(y));
+}
+
+}  // namespace prancheta::desktop

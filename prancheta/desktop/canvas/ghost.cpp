@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// What the answer that the pointer stands for would draw.
+#include "prancheta/desktop/canvas/ghost.h"
+
+#include <cmath>
+
+#include "prancheta/database/entity_picture.h"
+#include "prancheta/plot/painter.h"
+
+namespace prancheta::desktop {
+namespace {
+
+/// More than this follows the pointer as boxes, and still more as one box.
+constexpr std::size_t kMostPrimitives = 4000;
+constexpr std::size_t kMostBoxes = 2000;
+
+void addBox(Picture& picture, const Box2d& box) {
+    if (box.empty()) return;
+    const AcGePoint3d corners[] = {{box.left, box.bottom, 0.0},
+                                   {box.right, box.bottom, 0.0},
+                                   {box.right, box.top, 0.0},
+                                   {box.left, box.top, 0.0},
+                                   {box.left, box.bottom, 0.0}};
+    picture.addPolyline({}, corners);
+}
+
+Picture boxesOf(DisplayList& display, const std::vector<AcDbObjectId>& ids) {
+    Picture boxes;
+    Box2d all;
+    for (const AcDbObjectId& id : ids) {
+        const Box2d box = boxOf(display.picture(id).extents());
+        all.add(box);
+        if (ids.size() <= kMostBoxes) addBox(boxes, box);
+    }
+    if (ids.size() > kMostBoxes) addBox(boxes, all);
+    return boxes;
+}
+
+QTransform flat(const AcGeMatrix3d& m) {
+    return {m.entry[0][0], m.entry[1][0], m.entry[0][1],
+            m.entry[1][1], m.entry[0][3], m.entry[1][3]};
+}
+
+bool changesSelection(const InputRequest& request) {
+    return request.moving || request.rotating || request.transforming;
+}
+
+AcGeMatrix3d change(const InputRequest& request, const AcGePoint3d& pointer) {
+    if (request.transforming) return request.transforming(pointer);
+    if (!request.base) return AcGeMatrix3d::kIdentity;
+    const AcGeVector3d reach = pointer - *request.base;
+    if (request.moving) return AcGeMatrix3d::translation(reach);
+    return AcGeMatrix3d::rotation(std::atan2(reach.y, reach.x), AcGeVector3d::kZAxis,
+                                  *request.base);
+}
+
+}  // namespace
+
+void Ghost::clear() { m_selection.clear(); }
+
+void Ghost::prepare(Editor& editor, const InputRequest& request) {
+    m_selection.clear();
+    if (!changesSelection(request)) return;
+    DisplayList& display = editor.display();
+    for (const AcDbObjectId& id : request.selection) {
+        m_selection.append(display.picture(id));
+        if (m_selection.size() <= kMostPrimitives) continue;
+        m_selection = boxesOf(display, request.selection);
+        return;
+    }
+}
+
+void Ghost::paint(QPainter& painter, Editor& editor, const InputRequest& request,
+                  const AcGePoint3d& pointer, const Viewport& viewport, const Look& look) {
+    PicturePainter::Settings settings;
+    settings.toDevice = viewport.transform();
+    settings.devicePerMillimetre = look.pixelsPerMillimetre;
+    settings.darkGround = look.palette->dark;
+    settings.lineWeights = look.lineWeights;
+    if (changesSelection(request) && !m_selection.empty()) {
+        PicturePainter::Settings moved = settings;
+        moved.toDevice = flat(change(request, pointer)) * settings.toDevice;
+        PicturePainter(painter, editor.appearances(), moved).paint(m_selection);
+    }
+    Picture drawn;
+    if (request.dragged != nullptr)
+        recordPicture(*request.dragged, drawn, kAcGiStandardDisplay, true);
+    if (request.preview) request.preview(pointer, drawn);
+    if (!drawn.empty()) PicturePainter(painter, editor.appearances(), settings).paint(drawn);
+}
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// What is drawn over the drawing: cursor, rubber bands, frames, grips, snap markers, small texts.
+// Everything in logical pixels of the drawing area.
+#pragma once
+
+#include <QPainter>
+#include <QString>
+
+#include "prancheta/desktop/canvas/sources.h"
+
+namespace prancheta::desktop {
+
+enum class Cursor { Cross, CrossWithBox, Box };
+void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, const QSizeF& area,
+                Cursor kind, double pickBox);
+void drawBand(QPainter& painter, const Palette& palette, const QPointF& from, const QPointF& to);
+
+enum class Frame { Plain, Window, Crossing };
+void drawFrame(QPainter& painter, const Palette& palette, const QRectF& frame, Frame kind);
+
+enum class GripState { Cold, Hover, Hot };
+inline constexpr double kGripSize = 9.0;  ///< side of the square
+void drawGrip(QPainter& painter, const QPointF& at, GripState state);
+
+/// The marker of a snap mode (bit of OSMODE) at the point it caught.
+void drawSnap(QPainter& painter, const Palette& palette, const QPointF& at, int mode);
+/// A small text by the cursor that stays inside the area; `row` 0 stands below it, 1 above it.
+enum class TagPlace { Below, Above };
+void drawTag(QPainter& painter, const Palette& palette, const QPointF& cursor, const QSizeF& area,
+             const QString& text, TagPlace place);
+/// The axes of the user's coordinate system; directions in the world's plane.
+void drawAxes(QPainter& painter, const Palette& palette, const QPointF& origin, const QPointF& x,
+              const QPointF& y);
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+// What the sheets of the drawing area show.
+#include "prancheta/desktop/canvas/sources.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+#include "prancheta/display/appearance.h"
+#include "prancheta/plot/painter.h"
+
+namespace prancheta::desktop {
+namespace {
+
+/// An entity smaller than a frame is shown as its box, a side shorter than a dot as none (pixels).
+constexpr double kDot = 1.5;
+constexpr double kFrame = 4.0;
+/// Boxes are looked at so many at a time between two looks at the clock.
+constexpr unsigned kBoxesPerLook = 64;
+/// Selections up to this size are looked up by entity, larger ones by place.
+constexpr std::size_t kFewSelected = 500;
+
+constexpr double kLeastGridPixels = 12.0;
+constexpr int kMajorEvery = 10;
+
+/// Writes into an image of 32 bits a pixel, clipped to it.
+class Pixels {
+public:
+    explicit Pixels(QImage& image)
+        : m_bits(image.bits()),
+          m_stride(image.bytesPerLine()),
+          m_width(image.width()),
+          m_height(image.height()) {}
+    void row(int x1, int x2, int y, QRgb color) {
+        if (y < 0 || y >= m_height) return;
+        auto* const line = reinterpret_cast<QRgb*>(m_bits + m_stride * y);
+        for (int x = std::max(x1, 0); x <= std::min(x2, m_width - 1); ++x) line[x] = color;
+    }
+    void column(int x, int y1, int y2, QRgb color) {
+        if (x < 0 || x >= m_width) return;
+        for (int y = std::max(y1, 0); y <= std::min(y2, m_height - 1); ++y)
+            reinterpret_cast<QRgb*>(m_bits + m_stride * y)[x] = color;
+    }
+    /// Outline of a box; a dot or a line when it is thin.
+    void frame(const QRectF& box, QRgb color) {
+        const int left = static_cast<int>(std::floor(box.left()));
+        const int right = static_cast<int>(std::floor(box.right()));
+        const int top = static_cast<int>(std::floor(box.top()));
+        const int bottom = static_cast<int>(std::floor(box.bottom()));
+        const bool flat = box.height() < kDot;
+        const bool narrow = box.width() < kDot;
+        row(left, narrow ? left : right, top, color);
+        if (flat) return;
+        column(left, top, bottom, color);
+        if (narrow) return;
+        row(left, right, bottom, color);
+        column(right, top, bottom, color);
+    }
+
+private:
+    uchar* m_bits;
+    qsizetype m_stride;
+    int m_width;
+    int m_height;
+};
+
+QRectF mapped(const QTransform& t, const Box2d& box) {
+    const double left = t.m11() * box.left + t.dx();
+    const double top = t.m22() * box.top + t.dy();
+    return {left, top, t.m11() * box.width(), -t.m22() * box.height()};
+}
+
+bool isSmall(const QRectF& box) { return std::max(box.width(), box.height()) < kFrame; }
+
+}  // namespace
+
+const Palette& darkPalette() {
+    static const Palette palette{QColor(30, 36, 44),    QColor(42, 49, 58),   QColor(56, 64, 75),
+                                 QColor(225, 228, 232), QColor(255, 176, 46), QColor(58, 66, 78),
+                                 QColor(240, 242, 245), QColor(70, 150, 255), true};
+    return palette;
+}
+
+const Palette& lightPalette() {
+    static const Palette palette{
+        QColor(255, 255, 255), QColor(235, 238, 241), QColor(214, 219, 224),
+        QColor(40, 44, 50),    QColor(200, 100, 0),   QColor(250, 250, 225),
+        QColor(20, 24, 30),    QColor(30, 110, 235),  false};
+    return palette;
+}
+
+// --- The drawing --------------------------------------------------------------------------------
+
+void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
+    piece.fill(look.palette->ground);
+    if (!look.grid) return;
+    // A round spacing that keeps the lines apart; every tenth one is stronger.
+    const double least = kLeastGridPixels * look.ratio / toPiece.m11();
+    const double step = std::pow(10.0, std::ceil(std::log10(least)));
+    const QRectF world = toPiece.inverted().mapRect(QRectF(piece.rect()));
+    Pixels pixels(piece);
+    const auto lines = [&](double from, double to, auto draw) {
+        for (const bool major : {false, true}) {
+            const QRgb color = (major ? look.palette->gridMajor : look.palette->grid).rgb();
+            for (double k = std::ceil(from / step); k * step <= to; k += 1.0)
+                if ((std::fmod(k, kMajorEvery) == 0.0) == major) draw(k * step, color);
+        }
+    };
+    lines(world.left(), world.right(), [&](double x, QRgb color) {
+        const double at = toPiece.m11() * x + toPiece.dx();
+        pixels.column(static_cast<int>(std::floor(at)), 0, piece.height() - 1, color);
+    });
+    lines(world.top(), world.bottom(), [&](double y, QRgb color) {
+        const double at = toPiece.m22() * y + toPiece.dy();
+        pixels.row(0, piece.width() - 1, static_cast<int>(std::floor(at)), color);
+    });
+}
+
+SheetSource::Items DrawingSource::items(const Box2d& area) {
+    return m_editor != nullptr ? m_editor->display().find(area) : Items();
+}
+
+QRgb DrawingSource::colorOf(AcDbObjectId layer) {
+    PictureTraits traits;
+    traits.layer = layer;
+    const Appearance& appearance = m_editor->appearances().of(traits);
+    if (appearance.followsGround) return look.palette->dark ? qRgb(255, 255, 255) : qRgb(0, 0, 0);
+    return qRgb(appearance.color.red, appearance.color.green, appearance.color.blue);
+}
+
+bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items& items,
+                          std::size_t& next, Clock::time_point until) {
+    Pixels pixels(piece);  // before the painter, which shares the image from then on
+    QPainter painter(&piece);
+    PicturePainter::Settings settings;
+    settings.toDevice = toPiece;
+    settings.devicePerMillimetre = look.pixelsPerMillimetre * look.ratio;
+    settings.darkGround = look.palette->dark;
+    settings.lineWeights = look.lineWeights;
+    settings.leastTextHeight = 3.0 * look.ratio;
+    settings.leastDashPeriod = 4.0;
+    PicturePainter pictures(painter, m_editor->appearances(), settings);
+    DisplayList& display = m_editor->display();
+    AcDbObjectId layer;
+    QRgb color = 0;
+    unsigned boxes = 0;
+    for (; next < items.size(); ++next) {
+        const DisplayList::Item& item = items[next];
+        const QRectF box = mapped(toPiece, item.box);
+        if (isSmall(box)) {
+            if (++boxes % kBoxesPerLook == 0 && Clock::now() >= until) return false;
+            if (color == 0 || item.layer != layer) color = colorOf(layer = item.layer);
+            pixels.frame(box, color);
+            continue;
+        }
+        if (Clock::now() >= until) return false;
+        pictures.paint(display.picture(item.id));
+    }
+    return true;
+}
+
+// --- The highlight ------------------------------------------------------------------------------
+
+void HighlightSource::setEditor(Editor* editor) {
+    m_editor = editor;
+    m_ids.clear();
+    m_set.clear();
+}
+
+bool HighlightSource::setSelection(const std::vector<AcDbObjectId>& ids) {
+    if (ids == m_ids) return false;
+    m_ids = ids;
+    m_set.clear();
+    for (const AcDbObjectId& id : ids) m_set.insert(id.asOldId());
+    return true;
+}
+
+void HighlightSource::ground(QImage& piece, const QTransform&) { piece.fill(Qt::transparent); }
+
+SheetSource::Items HighlightSource::items(const Box2d& area) {
+    Items found;
+    if (m_editor == nullptr || m_ids.empty()) return found;
+    if (m_ids.size() > kFewSelected) {
+        found = m_editor->display().find(area);
+        std::erase_if(found, [&](const auto& item) { return !m_set.contains(item.id.asOldId()); });
+        return found;
+    }
+    for (const AcDbObjectId& id : m_ids) {
+        DisplayList::Item item;
+        item.id = id;
+        item.box = boxOf(m_editor->display().picture(id).extents());
+        if (!item.box.empty() && item.box.meets(area)) found.push_back(item);
+    }
+    return found;
+}
+
+bool HighlightSource::paint(QImage& piece, const QTransform& toPiece, const Items& items,
+                            std::size_t& next, Clock::time_point until) {
+    Pixels pixels(piece);
+    QPainter painter(&piece);
+    PicturePainter::Settings settings;
+    settings.toDevice = toPiece;
+    settings.darkGround = palette->dark;
+    PicturePainter pictures(painter, m_editor->appearances(), settings);
+    QColor color = palette->highlight;
+    color.setAlpha(150);
+    const QPen pen(color, 3.0 * ratio, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    for (; next < items.size(); ++next) {
+        if (Clock::now() >= until) return false;
+        const QRectF box = mapped(toPiece, items[next].box);
+        if (isSmall(box))
+            pixels.frame(box, palette->highlight.rgb());
+        else
+            pictures.paintPlain(m_editor->display().picture(items[next].id), pen);
+    }
+    return true;
+}
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// Serves a DCL dialog with native widgets.
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+#include "prancheta/dcl/dialog.h"
+
+namespace prancheta::desktop {
+
+/// Shows the dialog modally over `parent` and returns when it is finished. Dialogs opened by its
+/// callbacks are served the same way, inside.
+void runDialog(dcl::Dialog& dialog, QWidget* parent);
+
+/// Tells the dialog functions the metrics of the present font, by which image tiles are measured
+/// before a window exists; to be called once at start and after a change of font.
+void announceMetrics(const QWidget& like);
+
+/// Ground of the drawing area, which image tiles show as graphics_background; dark until told
+/// otherwise.
+void announceGround(const QColor& ground);
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// Rows of the material lists as a table.
+#include "prancheta/desktop/panels/material_model.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace prancheta::desktop {
+namespace {
+
+const MaterialColumnInfo& info(int column) {
+    return kMaterialColumnInfos[static_cast<std::size_t>(column)];
+}
+
+}  // namespace
+
+void MaterialModel::setRows(std::vector<MaterialRow> rows) {
+    beginResetModel();
+    m_rows = std::move(rows);
+    endResetModel();
+}
+
+int MaterialModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int MaterialModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : kMaterialColumns;
+}
+
+QVariant MaterialModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    const MaterialRow& material = row(index.row());
+    const auto column = static_cast<std::size_t>(index.column());
+    const bool number = info(index.column()).decimals >= 0;
+    switch (role) {
+        case Qt::DisplayRole:
+            return material.texts[column];
+        case Qt::TextAlignmentRole:
+            return static_cast<int>((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        case Qt::ForegroundRole:
+            if (!material.erased) return {};
+            return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+        case Qt::FontRole: {
+            if (!material.erased) return {};
+            QFont font;
+            font.setStrikeOut(true);
+            return font;
+        }
+        case Qt::ToolTipRole:
+            return material.erased ? QStringLiteral("Peça apagada: fora dos totais")
+                                   : material.texts[column];
+        case kSortRole:
+            return number ? QVariant(material.numbers[column]) : QVariant(material.texts[column]);
+        case kSearchRole: {
+            QString all;
+            for (const QString& text : material.texts) all += text + u'\n';
+            return all;
+        }
+        case kListRole:
+            return material.list;
+        default:
+            return {};
+    }
+}
+
+QVariant MaterialModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= kMaterialColumns) return {};
+    if (role == Qt::DisplayRole) return QString::fromUtf8(info(section).title);
+    if (role == Qt::TextAlignmentRole)
+        return static_cast<int>((info(section).decimals >= 0 ? Qt::AlignRight : Qt::AlignLeft) |
+                                Qt::AlignVCenter);
+    return {};
+}
+
+}  // namespace prancheta::desktop

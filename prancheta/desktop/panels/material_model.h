@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// Rows of the material lists as a table.
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "prancheta/desktop/panels/material_rows.h"
+
+namespace prancheta::desktop {
+
+class MaterialModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    /// Numbers by their value, texts as they are.
+    static constexpr int kSortRole = Qt::UserRole;
+    /// All texts of a row, for the search.
+    static constexpr int kSearchRole = Qt::UserRole + 1;
+    /// Number of the row's list.
+    static constexpr int kListRole = Qt::UserRole + 2;
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void setRows(std::vector<MaterialRow> rows);
+    const std::vector<MaterialRow>& rows() const { return m_rows; }
+    const MaterialRow& row(int index) const { return m_rows[static_cast<std::size_t>(index)]; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    std::vector<MaterialRow> m_rows;
+};
+
+}  // namespace prancheta::desktop

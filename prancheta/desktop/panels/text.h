@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// Texts between the drawing and the toolkit.
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+#include "dbid.h"
+
+namespace prancheta::desktop {
+
+inline QString qt(std::wstring_view text) {
+    return QString::fromWCharArray(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Name of a layer, linetype, style or block; empty for a null id.
+std::wstring recordName(AcDbObjectId id);
+
+/// Fixed decimals, decimal comma, as in the material list.
+QString commaText(double value, int decimals);
+
+/// "0.25 mm" of a line weight; the three special values by their names.
+QString weightText(int weight);
+/// "vermelho", "30", "PorCamada", "PorBloco" of a colour index.
+QString colorText(int color);
+
+/// Before, equal, after: -1, 0, 1. Letters without regard to case, runs of digits by their number:
+/// "P2" before "p10". The same on every machine, whatever its locale.
+int naturalCompare(const QString& a, const QString& b);
+
+inline constexpr const wchar_t* kByLayer = L"PorCamada";
+inline constexpr const wchar_t* kByBlock = L"PorBloco";
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+// Start and end of the window.
+#include "prancheta/desktop/shell/application.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+
+#include "prancheta/desktop/dialogs/run_dialog.h"
+#include "prancheta/desktop/shell/options.h"
+#include "prancheta/editor/installation.h"
+
+/// Resources of a static library have to be asked for; outside namespaces, as the macro wants it.
+static void useResources() { Q_INIT_RESOURCE(shell); }
+
+namespace prancheta::desktop {
+namespace {
+
+std::filesystem::path recoveryFolder() {
+    return toPath(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)) /
+           "recuperacao";
+}
+
+HostOptions hostOptions(const ApplicationOptions& options, MainWindow& window) {
+    HostOptions out;
+    out.programFolder = options.programs.empty() ? Host::programFolder() : options.programs;
+    out.installation = options.installation;
+    if (out.installation.empty() && Host::installationFolder().empty()) {
+        if (auto folder = usableInstallation(out.programFolder)) {
+            out.installation = *folder;
+        } else {
+            window.commandLine().print(QString::fromStdString(folder.error().message()) + "\n");
+        }
+    }
+    out.installationOverrides = !options.installation.empty();
+    return out;
+}
+
+}  // namespace
+
+Application::Application(const ApplicationOptions& options)
+    : m_window(std::make_unique<MainWindow>()),
+      m_host(std::make_unique<Host>(m_window->ui(), hostOptions(options, *m_window))),
+      m_recovery(std::make_unique<Recovery>(recoveryFolder(), nullptr)),
+      m_drawing(options.drawing) {
+    useResources();
+    QApplication::setWindowIcon(QIcon(":/icones/prancheta.svg"));
+    if (auto started = m_host->start(); !started)
+        m_window->commandLine().print(QString::fromStdString(started.error().message()) + "\n");
+    announceMetrics(*m_window);
+    m_window->setMenus(Host::installationFolder());
+    m_window->setEditor(&m_host->editor());
+    m_recovery->setEditor(&m_host->editor());
+    const auto readOptions = [this] {
+        m_recovery->setMinutes(WindowOptions::load().recoveryMinutes);
+    };
+    readOptions();
+    QObject::connect(m_window.get(), &MainWindow::optionsChanged, m_recovery.get(), readOptions);
+    QObject::connect(&m_window->ui(), &WindowUi::waiting, m_recovery.get(),
+                     [this] { keepRecoveryUp(); });
+    QObject::connect(m_recovery.get(), &Recovery::due, m_window.get(),
+                     [this] { keepRecoveryUp(); });
+}
+
+Application::~Application() {
+    m_window->hide();
+    m_recovery.reset();
+    m_window->setEditor(nullptr);
+    m_host.reset();
+}
+
+void Application::keepRecoveryUp() {
+    if (!m_window->ui().idle()) return;
+    const Result<void> kept = m_recovery->keepUp();
+    // Told once: the reason seldom goes by itself, and the log is there to be worked with.
+    if (!kept && !std::exchange(m_recoveryFailed, true))
+        m_window->commandLine().print(
+            "Sem cópia de recuperação: " + QString::fromStdString(kept.error().message()) + "\n");
+    if (kept) m_recoveryFailed = false;
+}
+
+bool Application::recover(const LeftCopy& left) {
+    Result<void> done = m_host->editor().recoverDocument(left.copy, left.drawing);
+    // The copy that was left may go only when there is another one.
+    if (done) done = m_recovery->write();
+    if (done) return true;
+    QMessageBox::warning(m_window.get(), "Prancheta",
+                         "A recuperação falhou; a cópia fica guardada em " + toQString(left.copy) +
+                             ".\n\n" + QString::fromStdString(done.error().message()));
+    return false;
+}
+
+void Application::offerLeftCopies() {
+    for (LeftCopy& left : m_recovery->leftCopies()) {
+        const QString name =
+            left.drawing.empty() ? QString("um desenho sem nome") : toQString(left.drawing);
+        QMessageBox box(QMessageBox::Question, "Prancheta",
+                        "A Prancheta não terminou bem da última vez. Há uma cópia de " + name +
+                            ", de " + left.when.toString("dd/MM/yyyy 'às' HH:mm") +
+                            ", com alterações que não foram salvas.",
+                        QMessageBox::NoButton, m_window.get());
+        box.setObjectName("recuperar");
+        const QPushButton* const take = box.addButton("&Recuperar", QMessageBox::AcceptRole);
+        const QPushButton* const drop = box.addButton("&Descartar", QMessageBox::DestructiveRole);
+        box.addButton("Decidir &depois", QMessageBox::RejectRole);
+        box.exec();
+        if (box.clickedButton() == drop) Recovery::discard(left);
+        if (box.clickedButton() != take) continue;
+        if (!recover(left)) continue;
+        Recovery::discard(left);
+        // One window shows one drawing; other copies are offered by the next one.
+        m_drawing.clear();
+        return;
+    }
+}
+
+void Application::run() {
+    m_window->show();
+    m_window->commandLine().edit().setFocus();
+    offerLeftCopies();
+    if (!m_drawing.empty()) (void)m_window->files().open(m_drawing);  // told what went wrong
+    m_host->editor().run();
+}
+
+}  // namespace prancheta::desktop

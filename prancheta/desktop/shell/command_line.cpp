@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: MIT
+// The command line.
+#include "prancheta/desktop/shell/command_line.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QScrollBar>
+#include <QTextCursor>
+#include <QVBoxLayout>
+
+namespace prancheta::desktop {
+namespace {
+
+constexpr int kLogLines = 5000;
+constexpr qsizetype kHistory = 200;
+constexpr int kVisibleLogLines = 4;
+
+}  // namespace
+
+AnswerEdit::AnswerEdit(QWidget* parent) : QLineEdit(parent) {
+    connect(this, &QLineEdit::textEdited, this, [this] { complete(); });
+}
+
+void AnswerEdit::setCompletions(QAbstractItemModel* names) {
+    m_completer = new QCompleter(names, this);
+    m_completer->setCaseSensitivity(Qt::CaseInsensitive);
+    m_completer->setCompletionRole(Qt::UserRole);
+    m_completer->setMaxVisibleItems(10);
+    // The edit drives it: attached with setCompleter it would offer names in answers, too.
+    m_completer->setWidget(this);
+    connect(m_completer, qOverload<const QString&>(&QCompleter::activated), this,
+            [this](const QString& name) {
+                setText(name);
+                submit();
+            });
+}
+
+void AnswerEdit::complete() {
+    if (m_completer == nullptr) return;
+    if (!m_offersCompletions || text().trimmed().isEmpty()) {
+        m_completer->popup()->hide();
+        return;
+    }
+    m_completer->setCompletionPrefix(text());
+    if (m_completer->completionCount() == 0) {
+        m_completer->popup()->hide();
+        return;
+    }
+    m_completer->popup()->setCurrentIndex({});
+    QRect place = rect();
+    place.setWidth(std::min(width(), 320));
+    m_completer->complete(place);
+}
+
+bool AnswerEdit::blankIsText() const { return m_blanksAllowed || text().count('"') % 2 == 1; }
+
+void AnswerEdit::submit() {
+    const QString typed = text();
+    if (m_completer != nullptr) m_completer->popup()->hide();
+    clear();
+    if (!typed.trimmed().isEmpty()) {
+        m_history.removeAll(typed);
+        m_history.append(typed);
+        if (m_history.size() > kHistory) m_history.removeFirst();
+    }
+    m_recalled = m_history.size();
+    emit entered(typed);
+}
+
+void AnswerEdit::recall(int step) {
+    const qsizetype wanted = std::clamp<qsizetype>(m_recalled + step, 0, m_history.size());
+    if (wanted == m_recalled) return;
+    m_recalled = wanted;
+    setText(wanted < m_history.size() ? m_history[wanted] : QString());
+}
+
+void AnswerEdit::pasteText(const QString& text) {
+    QString lines = text;
+    lines.replace("\r\n", "\n").replace('\r', '\n');
+    if (!lines.contains('\n')) {
+        insert(lines);
+        complete();
+        return;
+    }
+    if (!lines.endsWith('\n')) lines += '\n';
+    const QString keys = this->text() + lines;
+    clear();
+    emit typedAhead(keys);
+}
+
+/// Keys that have nothing to work on here belong to the window: undo always means the drawing.
+bool AnswerEdit::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        const bool nothingTyped = text().isEmpty() && key->matches(QKeySequence::SelectAll);
+        const bool nothingChosen = !hasSelectedText() && key->matches(QKeySequence::Copy);
+        if (nothingTyped || nothingChosen || key->matches(QKeySequence::Undo) ||
+            key->matches(QKeySequence::Redo)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
+void AnswerEdit::resume() {
+    m_holding = false;
+    while (!m_holding && !m_held.empty()) {
+        const std::unique_ptr<QKeyEvent> key = std::move(m_held.front());
+        m_held.pop_front();
+        keyPressEvent(key.get());
+    }
+}
+
+void AnswerEdit::keyPressEvent(QKeyEvent* event) {
+    if (m_holding) {
+        m_held.emplace_back(event->clone());
+        return;
+    }
+    if (event->matches(QKeySequence::Paste)) return pasteText(QApplication::clipboard()->text());
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (m_completer != nullptr && m_completer->popup()->isVisible()) {
+                const QModelIndex chosen = m_completer->popup()->currentIndex();
+                if (chosen.isValid()) setText(chosen.data(Qt::UserRole).toString());
+            }
+            return submit();
+        case Qt::Key_Space:
+            if (blankIsText()) break;
+            return submit();
+        case Qt::Key_Escape:
+            if (m_completer != nullptr) m_completer->popup()->hide();
+            clear();
+            m_recalled = m_history.size();
+            emit cancelled();
+            return;
+        case Qt::Key_Delete:
+            if (text().isEmpty()) emit erased();
+            break;
+        case Qt::Key_Up:
+            return recall(-1);
+        case Qt::Key_Down:
+            return recall(+1);
+        default:
+            break;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+CommandLine::CommandLine(QWidget* parent)
+    : QWidget(parent),
+      m_log(new QPlainTextEdit(this)),
+      m_prompt(new QLabel(this)),
+      m_edit(new AnswerEdit(this)) {
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    m_log->setReadOnly(true);
+    m_log->setMaximumBlockCount(kLogLines);
+    m_log->setUndoRedoEnabled(false);
+    m_log->setFocusPolicy(Qt::ClickFocus);
+    m_log->setFont(font);
+    m_log->setFrameShape(QFrame::NoFrame);
+    m_log->setMinimumHeight(m_log->fontMetrics().lineSpacing() * kVisibleLogLines + 10);
+    m_prompt->setTextFormat(Qt::RichText);
+    m_prompt->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
+    m_prompt->setFont(font);
+    m_prompt->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    m_edit->setFont(font);
+    m_edit->setFrame(false);
+    m_edit->setMinimumWidth(160);
+    m_edit->setAccessibleName("Linha de comando");
+    m_edit->setObjectName("resposta");
+
+    auto* const row = new QHBoxLayout;
+    row->setContentsMargins(4, 0, 0, 0);
+    row->addWidget(m_prompt);
+    row->addWidget(m_edit, 1);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 2);
+    column->setSpacing(2);
+    column->addWidget(m_log, 1);
+    column->addLayout(row);
+
+    connect(m_edit, &AnswerEdit::entered, this, &CommandLine::entered);
+    connect(m_edit, &AnswerEdit::typedAhead, this, &CommandLine::typedAhead);
+    connect(m_edit, &AnswerEdit::cancelled, this, &CommandLine::cancelled);
+    connect(m_prompt, &QLabel::linkActivated, this, [this](const QString& word) {
+        m_edit->clear();
+        emit entered(word);
+    });
+}
+
+void CommandLine::append(QString text) {
+    // Prompts and messages begin with a line feed of their own.
+    if (m_atLineStart && text.startsWith('\n')) text.remove(0, 1);
+    if (text.isEmpty()) return;
+    m_atLineStart = text.endsWith('\n');
+    QScrollBar* const bar = m_log->verticalScrollBar();
+    const bool following = bar->value() == bar->maximum();
+    QTextCursor end(m_log->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(text);
+    if (following) bar->setValue(bar->maximum());
+}
+
+void CommandLine::print(const QString& text) { append(text); }
+
+void CommandLine::ask(const InputRequest& request) {
+    QString prompt = QString::fromStdWString(request.prompt);
+    const qsizetype last = prompt.lastIndexOf('\n');
+    if (last >= 0) {
+        const QString before = prompt.left(last + 1);
+        if (before.trimmed().isEmpty()) {
+            if (!m_atLineStart) append("\n");
+        } else {
+            append(before);
+        }
+        prompt.remove(0, last + 1);
+    }
+    if (prompt != m_shownPrompt) {
+        m_prompt->setText(promptMarkup(prompt, request.keywords));
+        m_prompt->setToolTip(prompt);
+    }
+    m_shownPrompt = prompt;
+    m_edit->setBlanksAllowed(request.blanksAllowed);
+    m_edit->offerCompletions(request.kind == InputKind::Command);
+}
+
+void CommandLine::answered(const QString& text) {
+    append(m_shownPrompt + text + "\n");
+    m_shownPrompt.clear();
+    m_prompt->clear();
+}
+
+void CommandLine::takeKey(QKeyEvent* event) {
+    QKeyEvent copy(event->type(), event->key(), event->modifiers(), event->text(),
+                   event->isAutoRepeat());
+    m_edit->setFocus();
+    QApplication::sendEvent(m_edit, &copy);
+    event->accept();
+}
+
+QString promptMarkup(const QString& prompt, const std::vector<Keyword>& keywords) {
+    const qsizetype open = prompt.indexOf('[');
+    const qsizetype close = prompt.indexOf(']', open + 1);
+    const auto plain = [](const QString& text) {
+        QString out = text.toHtmlEscaped();
+        return out.replace(' ', "&nbsp;");
+    };
+    const auto tail = [&](const QString& text) {
+        const qsizetype from = text.indexOf('<');
+        const qsizetype to = text.lastIndexOf('>');
+        if (from < 0 || to < from) return plain(text);
+        return plain(text.left(from)) + "<b>" + plain(text.mid(from, to - from + 1)) + "</b>" +
+               plain(text.mid(to + 1));
+    };
+    if (open < 0 || close < 0) return tail(prompt);
+    QStringList options;
+    for (const QString& option : prompt.mid(open + 1, close - open - 1).split('/')) {
+        QString target = option.trimmed();
+        for (const Keyword& keyword : keywords) {
+            if (QString::fromStdWString(keyword.local).compare(target, Qt::CaseInsensitive) != 0)
+                continue;
+            if (!keyword.global.empty()) target = "_" + QString::fromStdWString(keyword.global);
+            break;
+        }
+        options += "<a href=\"" + target.toHtmlEscaped() + "\">" + plain(option) + "</a>";
+    }
+    return plain(prompt.left(open + 1)) + options.join("/") + "]" + tail(prompt.mid(close + 1));
+}
+
+}  // namespace prancheta::desktop

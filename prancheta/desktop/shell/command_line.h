@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// The command line: what was said above, the prompt and what is being typed below.
+#pragma once
+
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QStringList>
+#include <QWidget>
+
+#include <deque>
+#include <memory>
+
+#include "prancheta/editor/user_interface.h"
+
+class QAbstractItemModel;
+
+namespace prancheta::desktop {
+
+/// The line in which answers are typed. Enter and Space end an answer, but for the Space inside a
+/// text that may have blanks or inside quotation marks.
+class AnswerEdit : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit AnswerEdit(QWidget* parent = nullptr);
+
+    void setBlanksAllowed(bool allowed) { m_blanksAllowed = allowed; }
+    /// Names offered while the first word is typed; the edit owns nothing of it. Null: none.
+    void setCompletions(QAbstractItemModel* names);
+    void offerCompletions(bool offered) { m_offersCompletions = offered; }
+    /// While nothing is asked keys are kept: what a key means depends on the next question.
+    /// resume() takes them, up to the next answer. Held at first.
+    void hold() { m_holding = true; }
+    void resume();
+    /// Inserts one line; several lines leave as they are, with what was typed before them.
+    void pasteText(const QString& text);
+
+signals:
+    void entered(const QString& text);
+    /// Several answers at once, as a keyboard would give them.
+    void typedAhead(const QString& keys);
+    void cancelled();
+    /// Del with nothing typed: meant for what is selected in the drawing.
+    void erased();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void submit();
+    bool blankIsText() const;
+    void recall(int step);
+    void complete();
+
+    bool m_holding = true;
+    std::deque<std::unique_ptr<QKeyEvent>> m_held;
+    bool m_blanksAllowed = false;
+    bool m_offersCompletions = false;
+    QCompleter* m_completer = nullptr;
+    QStringList m_history;
+    qsizetype m_recalled = 0;  ///< index in the history; its size: the line being typed
+};
+
+class CommandLine : public QWidget {
+    Q_OBJECT
+public:
+    explicit CommandLine(QWidget* parent = nullptr);
+
+    /// Text as the editor prints it, line feeds where they stand.
+    void print(const QString& text);
+    /// Shows the question and its options.
+    void ask(const InputRequest& request);
+    /// Notes the answer beside its prompt. Nothing is asked until the next ask().
+    void answered(const QString& text);
+    AnswerEdit& edit() { return *m_edit; }
+    /// A key that was pressed elsewhere in the window.
+    void takeKey(QKeyEvent* event);
+    /// What was said, for a larger window.
+    QTextDocument* document() const { return m_log->document(); }
+
+    QString selectedText() const { return m_log->textCursor().selectedText(); }
+
+signals:
+    void entered(const QString& text);
+    void typedAhead(const QString& keys);
+    void cancelled();
+
+private:
+    void append(QString text);
+
+    QPlainTextEdit* m_log;
+    QLabel* m_prompt;
+    AnswerEdit* m_edit;
+    QString m_shownPrompt;  ///< last line of the present prompt, empty when nothing is asked
+    bool m_atLineStart = true;
+};
+
+/// The prompt as rich text: options between brackets are links with the option's word as target,
+/// defaults between angles stand out.
+QString promptMarkup(const QString& prompt, const std::vector<Keyword>& keywords);
+
+}  // namespace prancheta::desktop

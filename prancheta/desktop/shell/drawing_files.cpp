@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// File windows, unsaved work, recent files.
+#include "prancheta/desktop/shell/drawing_files.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+
+namespace prancheta::desktop {
+namespace {
+
+constexpr auto kRecentKey = "arquivos/recentes";
+constexpr auto kFolderKey = "arquivos/pasta";
+constexpr qsizetype kMostRecent = 9;
+constexpr auto kFilter = "Desenhos DXF (*.dxf *.DXF);;Todos os arquivos (*)";
+
+}  // namespace
+
+QString toQString(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+std::filesystem::path toPath(const QString& text) { return text.toStdString(); }
+
+DrawingFiles::DrawingFiles(QWidget& window) : QObject(&window), m_window(window) {}
+
+std::filesystem::path DrawingFiles::choose(const FileQuestion& question) {
+    QSettings settings;
+    const QString folder = settings.value(kFolderKey).toString();
+    const bool saving = question.purpose == FileQuestion::Purpose::Save;
+    QFileDialog dialog(&m_window, saving ? "Salvar desenho" : "Abrir desenho", folder, kFilter);
+    dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setDefaultSuffix("dxf");
+    if (!question.suggestion.empty()) {
+        dialog.setDirectory(toQString(question.suggestion.parent_path()));
+        dialog.selectFile(toQString(question.suggestion.filename()));
+    } else if (saving) {
+        dialog.selectFile("Desenho1.dxf");
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    settings.setValue(kFolderKey, dialog.directory().absolutePath());
+    return toPath(dialog.selectedFiles().constFirst());
+}
+
+void DrawingFiles::fail(const QString& what, const Error& error) {
+    QMessageBox::warning(&m_window, "Prancheta",
+                         what + "\n\n" + QString::fromStdString(error.message()));
+}
+
+bool DrawingFiles::save() {
+    std::filesystem::path target = m_editor->fileName();
+    if (target.empty()) target = choose({FileQuestion::Purpose::Save, {}});
+    if (target.empty()) return false;
+    const Result<void> saved = m_editor->saveDocument(target);
+    if (saved) {
+        remember();
+        return true;
+    }
+    fail("O desenho não foi salvo; ele continua aberto.", saved.error());
+    return false;
+}
+
+bool DrawingFiles::mayLeave() {
+    if (m_editor == nullptr || !m_editor->modified()) return true;
+    const std::filesystem::path file = m_editor->fileName();
+    const QString name = file.empty() ? "Desenho1.dxf" : toQString(file.filename());
+    QMessageBox box(QMessageBox::Question, "Prancheta",
+                    "Salvar as alterações feitas em " + name + "?", QMessageBox::NoButton,
+                    &m_window);
+    box.setObjectName("salvarAlteracoes");
+    const QPushButton* const keep = box.addButton("&Salvar", QMessageBox::AcceptRole);
+    const QPushButton* const drop = box.addButton("&Não salvar", QMessageBox::DestructiveRole);
+    box.addButton("&Cancelar", QMessageBox::RejectRole);
+    box.exec();
+    if (box.clickedButton() == keep) return save();
+    return box.clickedButton() == drop;
+}
+
+bool DrawingFiles::open(const std::filesystem::path& path) {
+    if (!mayLeave()) return false;
+    const Result<void> opened = m_editor->openDocument(path);
+    if (opened) {
+        remember();
+        return true;
+    }
+    fail("O desenho não foi aberto; o atual continua.", opened.error());
+    return false;
+}
+
+QStringList DrawingFiles::recent() const {
+    QStringList files = QSettings().value(kRecentKey).toStringList();
+    files.removeIf([](const QString& file) { return !QFileInfo::exists(file); });
+    return files;
+}
+
+void DrawingFiles::remember() {
+    if (m_editor == nullptr || m_editor->fileName().empty()) return;
+    const QString file = toQString(m_editor->fileName());
+    QSettings settings;
+    QStringList files = settings.value(kRecentKey).toStringList();
+    if (!files.isEmpty() && files.constFirst() == file) return;
+    files.removeAll(file);
+    files.prepend(file);
+    settings.setValue(kRecentKey, QStringList(files.mid(0, kMostRecent)));
+    emit recentChanged();
+}
+
+QString DrawingFiles::title() const {
+    const bool unnamed = m_editor == nullptr || m_editor->fileName().empty();
+    const QString name = unnamed ? "Desenho1.dxf" : toQString(m_editor->fileName().filename());
+    return name + "[*] — Prancheta";
+}
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// The main window's other windows: log, manual, options, about, context menu.
+#include <QApplication>
+#include <QCursor>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "prancheta/desktop/shell/help_window.h"
+#include "prancheta/desktop/shell/main_window.h"
+#include "prancheta/desktop/shell/options.h"
+#include "prancheta/desktop/shell/plot_dialog.h"
+
+namespace prancheta::desktop {
+
+/// The same text as above the command line, in a large window; F2 opens and closes it.
+void MainWindow::showLog() {
+    if (m_logWindow == nullptr) {
+        m_logWindow = new QWidget(this, Qt::Window);
+        m_logWindow->setWindowTitle("Janela de texto — Prancheta");
+        m_logWindow->resize(760, 560);
+        auto* const text = new QPlainTextEdit(m_logWindow);
+        text->setReadOnly(true);
+        text->setDocument(m_commandLine->document());
+        auto* const column = new QVBoxLayout(m_logWindow);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->addWidget(text);
+        for (const int key : {Qt::Key_F2, Qt::Key_Escape}) {
+            auto* const close = new QAction(m_logWindow);
+            close->setShortcut(key);
+            connect(close, &QAction::triggered, m_logWindow, &QWidget::hide);
+            m_logWindow->addAction(close);
+        }
+    }
+    m_logWindow->show();
+    m_logWindow->raise();
+    m_logWindow->activateWindow();
+    if (auto* const text = m_logWindow->findChild<QPlainTextEdit*>())
+        text->verticalScrollBar()->setValue(text->verticalScrollBar()->maximum());
+}
+
+void MainWindow::showHelp() {
+    if (m_help == nullptr)
+        m_help = new HelpWindow(m_installation / "Prancheta" / "manual.md", this);
+    m_help->show();
+    m_help->raise();
+    m_help->activateWindow();
+    if (!m_ui->idle() && m_editor != nullptr)
+        m_help->find(QString::fromStdWString(m_editor->activeCommand()));
+}
+
+void MainWindow::applyOptions() {
+    const WindowOptions options = WindowOptions::load();
+    m_canvas->setGround(options.darkGround ? Canvas::Ground::Dark : Canvas::Ground::Light);
+    if (m_editor != nullptr)
+        (void)m_editor->variables().set(L"CURSORSIZE",
+                                        static_cast<short>(options.crosshair));  // in range
+    m_canvas->refresh();
+}
+
+void MainWindow::showOptions() {
+    OptionsDialog dialog(WindowOptions::load(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    dialog.options().save();
+    applyOptions();
+    emit optionsChanged();
+}
+
+void MainWindow::showPlot() {
+    if (!m_ui->idle()) return;
+    PlotDialog(*m_editor, this).exec();
+}
+
+void MainWindow::showAbout() {
+    QMessageBox::about(
+        this, "Sobre a Prancheta",
+        "<h3>Prancheta " + QApplication::applicationVersion() +
+            "</h3><p>Perfis de aço formados a frio, laminados e soldados, com cotas, "
+            "chapas e lista de material.</p><p>Licença MIT.</p>");
+}
+
+void MainWindow::showContextMenu(const QPoint& global) {
+    QMenu menu(this);
+    for (const char* const entry : {"_MOVE", "_COPY", "_ROTATE", "_MIRROR", "_ERASE", "'_ZOOM _E"})
+        if (QAction* const action = m_entries.value(entry)) menu.addAction(action);
+    if (!menu.isEmpty()) menu.exec(global);
+}
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// The manual's window.
+#include "prancheta/desktop/shell/help_window.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+#include "prancheta/base/file.h"
+
+namespace prancheta::desktop {
+
+HelpWindow::HelpWindow(const std::filesystem::path& manual, QWidget* parent)
+    : QWidget(parent, Qt::Window), m_text(new QTextBrowser(this)), m_word(new QLineEdit(this)) {
+    setWindowTitle("Manual da Prancheta");
+    resize(820, 700);
+    m_text->setOpenExternalLinks(false);
+    m_word->setPlaceholderText("Procurar no manual");
+    m_word->setClearButtonEnabled(true);
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(m_word);
+    column->addWidget(m_text, 1);
+    if (const auto text = readFile(manual)) {
+        m_text->setMarkdown(QString::fromStdString(*text));
+    } else {
+        m_text->setPlainText(QString::fromStdString(text.error().message()));
+    }
+    connect(m_word, &QLineEdit::returnPressed, this, [this] { find(m_word->text()); });
+    auto* const close = new QAction(this);
+    close->setShortcut(Qt::Key_Escape);
+    connect(close, &QAction::triggered, this, &QWidget::hide);
+    addAction(close);
+}
+
+void HelpWindow::find(const QString& word) {
+    if (word.isEmpty()) return;
+    QTextCursor here = m_text->textCursor();
+    for (QTextBlock block = m_text->document()->begin(); block.isValid(); block = block.next()) {
+        const bool heading = block.blockFormat().headingLevel() > 0;
+        if (!heading || !block.text().contains(word, Qt::CaseInsensitive)) continue;
+        if (block.position() <= here.position() && here.hasSelection()) continue;
+        QTextCursor found(block);
+        found.select(QTextCursor::BlockUnderCursor);
+        m_text->setTextCursor(found);
+        m_text->ensureCursorVisible();
+        return;
+    }
+    if (m_text->find(word)) return;
+    m_text->moveCursor(QTextCursor::Start);
+    (void)m_text->find(word);  // from the start again; nothing found leaves the start
+}
+
+}  // namespace prancheta::desktop

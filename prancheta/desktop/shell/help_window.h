@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// The manual in a window of its own.
+#pragma once
+
+#include <QWidget>
+
+#include <filesystem>
+
+class QLineEdit;
+class QTextBrowser;
+
+namespace prancheta::desktop {
+
+class HelpWindow : public QWidget {
+    Q_OBJECT
+public:
+    /// Reads `manual` (Markdown); a file that is missing is told in the window.
+    HelpWindow(const std::filesystem::path& manual, QWidget* parent);
+    /// Shows the first place where the word stands in a heading, else anywhere.
+    void find(const QString& word);
+
+private:
+    QTextBrowser* m_text;
+    QLineEdit* m_word;
+};
+
+}  // namespace prancheta::desktop

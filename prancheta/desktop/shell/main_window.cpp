@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+// The main window: its parts and how they talk.
+#include "prancheta/desktop/shell/main_window.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QTextEdit>
+#include <QToolBar>
+
+#include "prancheta/desktop/shell/command_names.h"
+#include "prancheta/desktop/shell/status_bar.h"
+#include "prancheta/editor/picking.h"
+
+namespace prancheta::desktop {
+namespace {
+
+constexpr auto kGeometryKey = "janela/geometria";
+constexpr auto kStateKey = "janela/arranjo";
+/// Grows when docks or toolbars get other names: an older arrangement is forgotten then.
+constexpr int kStateVersion = 1;
+
+/// Pixels, until the user sets them otherwise.
+constexpr int kCommandLineHeight = 130;
+constexpr int kPanelWidth = 320;
+
+struct PanelRow {
+    const char* name;
+    const char* title;
+    std::unique_ptr<Panel> (*make)();
+    Qt::DockWidgetArea area;
+};
+
+constexpr PanelRow kPanels[] = {
+    {"camadas", "Camadas", makeLayersPanel, Qt::RightDockWidgetArea},
+    {"propriedades", "Propriedades", makePropertiesPanel, Qt::RightDockWidgetArea},
+    {"material", "Lista de material", makeMaterialPanel, Qt::RightDockWidgetArea},
+};
+
+/// True for widgets in which a person writes; keys typed elsewhere go to the command line.
+bool takesText(const QWidget* widget) {
+    if (qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget))
+        return true;
+    if (const auto* edit = qobject_cast<const QPlainTextEdit*>(widget)) return !edit->isReadOnly();
+    if (const auto* edit = qobject_cast<const QTextEdit*>(widget)) return !edit->isReadOnly();
+    const auto* combo = qobject_cast<const QComboBox*>(widget);
+    return combo != nullptr && combo->isEditable();
+}
+
+}  // namespace
+
+MainWindow::MainWindow() {
+    setObjectName("janela");
+    setAcceptDrops(true);
+    setDockNestingEnabled(true);
+    resize(1280, 800);
+    m_files = new DrawingFiles(*this);
+    m_ui = new WindowUi(*this, *m_files);
+    makeCanvas();
+    makeCommandLine();
+    makePanels();
+    m_status = new StatusBar(this);
+    setStatusBar(m_status);
+    connectUi();
+    registerActions();
+    // Keys typed anywhere in the window belong to the command line.
+    qApp->installEventFilter(this);
+}
+
+MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
+
+void MainWindow::makeCanvas() {
+    m_canvas = new Canvas(this);
+    m_canvas->setObjectName("desenho");
+    setCentralWidget(m_canvas);
+    connect(m_canvas, &Canvas::answered, m_ui, &WindowUi::answer);
+    connect(m_canvas, &Canvas::keyTyped, this,
+            [this](QKeyEvent* event) { m_commandLine->takeKey(event); });
+    connect(m_canvas, &Canvas::commandWanted, m_ui, &WindowUi::runCommand);
+    connect(m_canvas, &Canvas::selectionChanged, this, &MainWindow::showAll);
+    connect(m_canvas, &Canvas::contextMenuWanted, this, &MainWindow::showContextMenu);
+    m_ui->setPointer([this] { return m_canvas->pointer(); });
+}
+
+void MainWindow::makeCommandLine() {
+    auto* const dock = new QDockWidget("Linha de comando", this);
+    dock->setObjectName("linha_de_comando");
+    m_commandLine = new CommandLine(dock);
+    dock->setWidget(m_commandLine);
+    // Without it nobody gets on: it can be moved, not closed.
+    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable |
+                      QDockWidget::DockWidgetVerticalTitleBar);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    connect(m_commandLine, &CommandLine::entered, m_ui, &WindowUi::answerText);
+    connect(m_commandLine, &CommandLine::typedAhead, m_ui, &WindowUi::typeAhead);
+    connect(m_commandLine, &CommandLine::cancelled, this, [this] {
+        if (!m_canvas->escape()) m_ui->cancel();
+    });
+    connect(&m_commandLine->edit(), &AnswerEdit::erased, this, [this] {
+        if (m_ui->idle() && !m_editor->pickfirst().empty()) m_ui->runCommand("_ERASE");
+    });
+}
+
+void MainWindow::makePanels() {
+    QDockWidget* former = nullptr;
+    for (const PanelRow& row : kPanels) {
+        Panel* const panel = row.make().release();
+        auto* const dock = new QDockWidget(row.title, this);
+        dock->setObjectName(row.name);
+        dock->setWidget(panel);
+        addDockWidget(row.area, dock);
+        if (former != nullptr) tabifyDockWidget(former, dock);
+        former = dock;
+        m_panels.push_back(panel);
+        connect(panel, &Panel::changed, this, [this] {
+            m_canvas->refresh();
+            showAll();
+        });
+        connect(panel, &Panel::commandWanted, m_ui, &WindowUi::runCommand);
+        connect(panel, &Panel::messageWanted, m_commandLine,
+                [this](const QString& text) { m_commandLine->print(text + "\n"); });
+    }
+    if (auto* const first = findChild<QDockWidget*>(kPanels[1].name)) first->raise();
+}
+
+void MainWindow::connectUi() {
+    connect(m_ui, &WindowUi::asked, m_commandLine, &CommandLine::ask);
+    connect(m_ui, &WindowUi::printed, m_commandLine, &CommandLine::print);
+    connect(m_ui, &WindowUi::answered, m_commandLine, &CommandLine::answered);
+    connect(m_ui, &WindowUi::changed, this, &MainWindow::showChanges);
+    connect(m_ui, &WindowUi::waiting, this, [this] {
+        m_canvas->setRequest(m_ui->request());
+        if (m_ui->idle()) showAll();
+        m_commandLine->edit().resume();
+    });
+    connect(m_ui, &WindowUi::released, this, [this] {
+        m_canvas->setRequest(nullptr);
+        m_commandLine->edit().hold();
+    });
+    connect(m_canvas, &Canvas::pointerMoved, m_status, &StatusBar::showPointer);
+    connect(m_status, &StatusBar::changed, this, [this] { m_canvas->refresh(); });
+}
+
+void MainWindow::setEditor(Editor* editor) {
+    m_editor = editor;
+    m_ui->setEditor(editor);
+    m_files->setEditor(editor);
+    m_canvas->setEditor(editor);
+    for (Panel* const panel : m_panels) panel->setEditor(editor);
+    m_status->setEditor(editor);
+    if (editor == nullptr) return;
+    editor->onDocumentChanged = [this] {
+        m_canvas->setEditor(m_editor);
+        for (Panel* const panel : m_panels) panel->setEditor(m_editor);
+    };
+    m_commandLine->edit().setCompletions(makeCommandNames(*editor, this));
+    applyOptions();
+    showAll();
+    restoreLayout();
+}
+
+void MainWindow::restoreLayout() {
+    resizeDocks({findChild<QDockWidget*>("linha_de_comando")}, {kCommandLineHeight}, Qt::Vertical);
+    resizeDocks({findChild<QDockWidget*>(kPanels[0].name)}, {kPanelWidth}, Qt::Horizontal);
+    const QSettings settings;
+    restoreGeometry(settings.value(kGeometryKey).toByteArray());
+    restoreState(settings.value(kStateKey).toByteArray(), kStateVersion);
+}
+
+/// What may have changed at every step.
+void MainWindow::showChanges() { m_canvas->refresh(); }
+
+/// What is looked at between commands only.
+void MainWindow::showAll() {
+    if (m_editor == nullptr) return;
+    for (Panel* const panel : m_panels) panel->refresh();
+    m_status->refresh();
+    setWindowTitle(m_files->title());
+    setWindowFilePath(toQString(m_editor->fileName()));
+    setWindowModified(m_editor->modified());
+    m_files->remember();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    // The end of the input closes the window; until then the editor still works with it.
+    event->ignore();
+    QSettings settings;
+    settings.setValue(kGeometryKey, saveGeometry());
+    settings.setValue(kStateKey, saveState(kStateVersion));
+    m_ui->requestClose();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls.first().toLocalFile().endsWith(".dxf", Qt::CaseInsensitive))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    openFile(event->mimeData()->urls().first().toLocalFile());
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
+    const auto* const widget = qobject_cast<QWidget*>(watched);
+    const bool elsewhere = widget == nullptr || widget->window() != this || !isActiveWindow() ||
+                           takesText(widget) || widget == m_canvas;
+    if (elsewhere) return QMainWindow::eventFilter(watched, event);
+    auto* const key = static_cast<QKeyEvent*>(event);
+    const bool plain =
+        !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    const bool typed = plain && !key->text().isEmpty() && key->key() != Qt::Key_Tab;
+    if (!typed) return QMainWindow::eventFilter(watched, event);
+    m_commandLine->takeKey(key);
+    return true;
+}
+
+}  // namespace prancheta::desktop

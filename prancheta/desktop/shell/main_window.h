@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// The main window: drawing area, command line, panels, menus, status bar.
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+
+#include <memory>
+#include <vector>
+
+#include "prancheta/desktop/canvas/canvas.h"
+#include "prancheta/desktop/panels/panels.h"
+#include "prancheta/desktop/shell/command_line.h"
+#include "prancheta/desktop/shell/drawing_files.h"
+#include "prancheta/desktop/shell/menu_file.h"
+#include "prancheta/desktop/shell/window_ui.h"
+
+namespace prancheta::desktop {
+
+class HelpWindow;
+class StatusBar;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Shows the editor's drawing; null before the editor goes.
+    void setEditor(Editor* editor);
+    /// Fills menus and toolbars; `folder` is the installation folder. What is wrong with the file
+    /// is told in the log, and the window does with the command line alone.
+    void setMenus(const std::filesystem::path& folder);
+
+    WindowUi& ui() { return *m_ui; }
+    DrawingFiles& files() { return *m_files; }
+    Canvas& canvas() { return *m_canvas; }
+    CommandLine& commandLine() { return *m_commandLine; }
+    /// The entry of a menu by its command or action; null when there is none.
+    QAction* entry(const QString& name) const { return m_entries.value(name); }
+
+signals:
+    /// The options were changed in their dialog.
+    void optionsChanged();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeCanvas();
+    void makeCommandLine();
+    void makePanels();
+    void connectUi();
+    void registerActions();
+    void addItems(QMenu& menu, const std::vector<MenuItem>& items,
+                  const std::filesystem::path& folder);
+    QAction* actionOf(const MenuItem& item, const std::filesystem::path& folder);
+    void addToolbar(const Toolbar& bar);
+    void fillRecent();
+    void fillView(QMenu& menu);
+    void showChanges();
+    void showAll();
+    void showContextMenu(const QPoint& global);
+    void undo();
+    void selectAll();
+    void copyText();
+    void openFile(const QString& file);
+    void showLog();
+    void showHelp();
+    void showOptions();
+    void showPlot();
+    void showAbout();
+    void applyOptions();
+    void restoreLayout();
+
+    Editor* m_editor = nullptr;
+    std::filesystem::path m_installation;
+    Canvas* m_canvas = nullptr;
+    CommandLine* m_commandLine = nullptr;
+    StatusBar* m_status = nullptr;
+    DrawingFiles* m_files = nullptr;
+    WindowUi* m_ui = nullptr;
+    HelpWindow* m_help = nullptr;
+    QWidget* m_logWindow = nullptr;
+    QMenu* m_recent = nullptr;
+    QMenu* m_contextMenu = nullptr;
+    std::vector<Panel*> m_panels;
+    QHash<QString, std::function<void()>> m_windowActions;
+    QHash<QString, QAction*> m_entries;  ///< by command or action
+};
+
+}  // namespace prancheta::desktop

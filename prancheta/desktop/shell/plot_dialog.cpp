@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+// The plot dialog.
+#include "prancheta/desktop/shell/plot_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QSettings>
+
+#include "prancheta/base/text.h"
+#include "prancheta/desktop/shell/drawing_files.h"
+#include "prancheta/plot/sheet.h"
+
+namespace prancheta::desktop {
+
+/// The sheet on a table; drawn anew only when settings or size change.
+class SheetPreview : public QWidget {
+public:
+    explicit SheetPreview(Editor& editor) : m_editor(editor) { setMinimumSize(420, 420); }
+
+    void show(const PlotSettings& settings) {
+        m_settings = settings;
+        m_picture = {};
+        update();
+    }
+
+protected:
+    void resizeEvent(QResizeEvent*) override { m_picture = {}; }
+
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Dark));
+        const SheetLayout layout = layoutSheet(m_editor, m_settings);
+        const double room = 0.94;
+        const double factor =
+            std::min(width() * room / layout.width, height() * room / layout.height);
+        QRectF sheet(0, 0, layout.width * factor, layout.height * factor);
+        sheet.moveCenter(QRectF(rect()).center());
+        painter.fillRect(sheet.translated(4, 4), QColor(0, 0, 0, 90));
+        painter.fillRect(sheet, Qt::white);
+        if (m_picture.isNull()) m_picture = draw(sheet.size());
+        painter.drawPixmap(sheet.topLeft(), m_picture);
+    }
+
+private:
+    QPixmap draw(const QSizeF& size) {
+        const double ratio = devicePixelRatioF();
+        QPixmap pixmap((size * ratio).toSize().expandedTo({1, 1}));
+        pixmap.setDevicePixelRatio(ratio);
+        pixmap.fill(Qt::white);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintSheet(painter, QRectF({0, 0}, size), m_editor, m_settings);
+        return pixmap;
+    }
+
+    Editor& m_editor;
+    PlotSettings m_settings;
+    QPixmap m_picture;
+};
+
+namespace {
+
+constexpr double kScales[] = {1, 2, 2.5, 5, 7.5, 10, 12.5, 15, 20, 25, 50, 75, 100, 200, 500};
+
+struct FormatRow {
+    PlotFormat format;
+    const char* ending;
+    const char* title;
+};
+
+constexpr FormatRow kFormats[] = {
+    {PlotFormat::Pdf, "pdf", "PDF"},
+    {PlotFormat::Svg, "svg", "SVG"},
+    {PlotFormat::Png, "png", "Imagem PNG"},
+};
+
+enum Area { kExtents, kScreen };
+
+Box2d screenOf(const Editor& editor) {
+    const View& view = editor.view();
+    const double half = view.height / 2;
+    const double side = half * editor.screenWidth() / editor.screenHeight();
+    return {view.centre.x - side, view.centre.y - half, view.centre.x + side, view.centre.y + half};
+}
+
+QString scaleText(double scale) {
+    const QString number = QString::number(scale >= 1 ? scale : 1 / scale, 'g', 4);
+    return scale >= 1 ? number + ":1" : "1:" + number;
+}
+
+}  // namespace
+
+PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
+    : QDialog(parent),
+      m_editor(editor),
+      m_paper(new QComboBox(this)),
+      m_orientation(new QComboBox(this)),
+      m_area(new QComboBox(this)),
+      m_scale(new QComboBox(this)),
+      m_format(new QComboBox(this)),
+      m_monochrome(new QCheckBox("&Monocromático", this)),
+      m_lineWeights(new QCheckBox("&Espessuras de linha", this)),
+      m_told(new QLabel(this)),
+      m_preview(new SheetPreview(editor)) {
+    setWindowTitle("Plotar");
+    for (const Paper& paper : papers()) m_paper->addItem(QString::fromStdWString(paper.name));
+    m_paper->setCurrentText("A3");
+    m_orientation->addItems({"Automática", "Retrato", "Paisagem"});
+    m_area->addItems({"Extensão do desenho", "Tela"});
+    m_scale->addItem("Ajustar à folha");
+    for (const double scale : kScales) m_scale->addItem(scaleText(1 / scale), 1 / scale);
+    m_scale->setEditable(true);
+    m_scale->setInsertPolicy(QComboBox::NoInsert);
+    for (const FormatRow& row : kFormats) m_format->addItem(row.title);
+    m_lineWeights->setChecked(true);
+    m_told->setWordWrap(true);
+
+    auto* const form = new QFormLayout;
+    form->addRow("&Papel:", m_paper);
+    form->addRow("&Orientação:", m_orientation);
+    form->addRow("Á&rea:", m_area);
+    form->addRow("&Escala:", m_scale);
+    form->addRow("&Arquivo:", m_format);
+    form->addRow(m_monochrome);
+    form->addRow(m_lineWeights);
+    form->addRow(m_told);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setText("P&lotar...");
+    buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
+    connect(buttons, &QDialogButtonBox::accepted, this, &PlotDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* const left = new QVBoxLayout;
+    left->addLayout(form);
+    left->addStretch();
+    left->addWidget(buttons);
+    auto* const row = new QHBoxLayout(this);
+    row->addLayout(left);
+    row->addWidget(m_preview, 1);
+
+    for (QComboBox* const box : {m_paper, m_orientation, m_area})
+        connect(box, &QComboBox::currentIndexChanged, this, [this] { showSettings(); });
+    connect(m_scale, &QComboBox::currentTextChanged, this, [this] { showSettings(); });
+    for (QCheckBox* const box : {m_monochrome, m_lineWeights})
+        connect(box, &QCheckBox::toggled, this, [this] { showSettings(); });
+    showSettings();
+}
+
+PlotSettings PlotDialog::settings() const {
+    PlotSettings out;
+    out.paper = papers()[static_cast<std::size_t>(m_paper->currentIndex())];
+    out.orientation = static_cast<PlotSettings::Orientation>(m_orientation->currentIndex());
+    if (m_area->currentIndex() == kScreen) out.area = screenOf(m_editor);
+    out.monochrome = m_monochrome->isChecked();
+    out.lineWeights = m_lineWeights->isChecked();
+    // "1:25", "2:1" or a plain factor; anything else fits.
+    const QStringList parts = m_scale->currentText().split(':');
+    double paper = 0.0;
+    double drawing = 1.0;
+    const bool read = parseNumber(parts[0].trimmed().toStdString(), paper) &&
+                      (parts.size() < 2 || parseNumber(parts[1].trimmed().toStdString(), drawing));
+    if (read && paper > 0.0 && drawing > 0.0) out.scale = paper / drawing;
+    return out;
+}
+
+PlotFormat PlotDialog::format() const {
+    return kFormats[static_cast<std::size_t>(m_format->currentIndex())].format;
+}
+
+void PlotDialog::showSettings() {
+    const PlotSettings wanted = settings();
+    const SheetLayout layout = layoutSheet(m_editor, wanted);
+    QString told = QString("Folha de %1 x %2 mm, escala %3.")
+                       .arg(layout.width)
+                       .arg(layout.height)
+                       .arg(scaleText(layout.scale));
+    PlotSettings fitting = wanted;
+    fitting.scale.reset();
+    if (wanted.scale && layoutSheet(m_editor, fitting).scale < *wanted.scale)
+        told += " O desenho não cabe inteiro nesta escala.";
+    m_told->setText(told);
+    m_preview->show(wanted);
+}
+
+void PlotDialog::accept() {
+    const FormatRow& row = kFormats[static_cast<std::size_t>(m_format->currentIndex())];
+    std::filesystem::path name = m_editor.fileName();
+    if (name.empty()) name = "Desenho1";
+    name.replace_extension(row.ending);
+    const QString ending = row.ending;
+    QFileDialog dialog(this, "Plotar em", toQString(name.parent_path()),
+                       QString("%1 (*.%2)").arg(row.title, ending));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(ending);
+    dialog.selectFile(toQString(name.filename()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+    const Result<Plotter*> writer = plotter();
+    Result<void> done = writer ? (*writer)->plot(m_editor, settings(), row.format,
+                                                 toPath(dialog.selectedFiles().constFirst()))
+                               : Result<void>(writer.error());
+    if (done) return QDialog::accept();
+    QMessageBox::warning(
+        this, "Plotar",
+        "O desenho não foi plotado.\n\n" + QString::fromStdString(done.error().message()));
+}
+
+}  // namespace prancheta::desktop

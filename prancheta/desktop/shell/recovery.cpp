@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// Recovery copies.
+//
+// A window that keeps a copy owns three files of one name: `.lock` says that it lives, `.nome`
+// holds the path of the drawing, `.dxf` the drawing. The lock is taken before the others are
+// written.
+#include "prancheta/desktop/shell/recovery.h"
+
+#include <QFileInfo>
+#include <QUuid>
+
+#include <algorithm>
+
+#include "prancheta/base/file.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/desktop/shell/drawing_files.h"
+
+namespace prancheta::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path withEnding(fs::path path, const char* ending) { return path.replace_extension(ending); }
+
+/// The lock of a process that died is nobody's, however young; that of a living one never grows
+/// old.
+std::unique_ptr<QLockFile> lockOf(const fs::path& file) {
+    auto lock = std::make_unique<QLockFile>(toQString(file));
+    lock->setStaleLockTime(0);
+    return lock;
+}
+
+}  // namespace
+
+Recovery::Recovery(fs::path folder, QObject* parent)
+    : QObject(parent),
+      m_folder(std::move(folder)),
+      m_id(QUuid::createUuid().toString(QUuid::WithoutBraces)) {
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        m_due = true;
+        emit due();
+    });
+}
+
+Recovery::~Recovery() { drop(); }
+
+fs::path Recovery::file(const char* ending) const {
+    return m_folder / (m_id.toStdString() + ending);
+}
+
+void Recovery::setEditor(Editor* editor) { m_editor = editor; }
+
+void Recovery::setMinutes(int minutes) {
+    m_timer.stop();
+    if (minutes > 0) m_timer.start(minutes * 60 * 1000);
+}
+
+Result<void> Recovery::prepare() {
+    if (m_lock) return {};
+    std::error_code error;
+    fs::create_directories(m_folder, error);
+    if (error)
+        return Error{
+            "a pasta das cópias de recuperação não pôde ser criada: " + errnoText(error.value()),
+            m_folder.string(), 0, 0};
+    auto lock = lockOf(file(".lock"));
+    if (!lock->tryLock(0))
+        return Error{
+            "a cópia de recuperação não pôde ser reservada; confira as permissões da pasta",
+            m_folder.string(), 0, 0};
+    m_lock = std::move(lock);
+    return {};
+}
+
+Result<void> Recovery::write() {
+    m_due = false;
+    if (auto ready = prepare(); !ready) return ready;
+    AtomicFile name(file(".nome"));
+    if (auto opened = name.open(); !opened) return opened;
+    name.write(m_editor->fileName().string());
+    if (auto named = name.commit(); !named) return named;
+    const std::uint64_t revision = m_editor->database().core().undo().revision();
+    if (auto saved = m_editor->saveCopy(file(".dxf")); !saved) return saved;
+    m_written = revision;
+    return {};
+}
+
+Result<void> Recovery::keepUp() {
+    if (m_editor == nullptr) return {};
+    if (!m_editor->modified()) {
+        if (m_written) drop();
+        return {};
+    }
+    if (!m_due) return {};
+    m_due = false;
+    if (m_written == m_editor->database().core().undo().revision()) return {};
+    return write();
+}
+
+void Recovery::drop() {
+    if (!m_lock) return;
+    std::error_code ignored;  // what stays is offered again, which is the safe side
+    fs::remove(file(".dxf"), ignored);
+    fs::remove(file(".nome"), ignored);
+    m_lock.reset();
+    m_written.reset();
+}
+
+std::vector<LeftCopy> Recovery::leftCopies() const {
+    std::vector<LeftCopy> out;
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(m_folder, ignored)) {
+        if (entry.path().extension() != ".dxf" || entry.path() == file(".dxf")) continue;
+        auto claim = lockOf(withEnding(entry.path(), ".lock"));
+        if (!claim->tryLock(0)) continue;
+        LeftCopy left;
+        left.copy = entry.path();
+        if (auto name = readFile(withEnding(left.copy, ".nome"))) left.drawing = *name;
+        left.when = QFileInfo(toQString(left.copy)).lastModified();
+        left.claim = std::move(claim);
+        out.push_back(std::move(left));
+    }
+    std::sort(out.begin(), out.end(),
+              [](const LeftCopy& a, const LeftCopy& b) { return a.when < b.when; });
+    return out;
+}
+
+void Recovery::discard(LeftCopy& left) {
+    std::error_code ignored;
+    fs::remove(left.copy, ignored);
+    fs::remove(withEnding(left.copy, ".nome"), ignored);
+    left.claim.reset();
+}
+
+}  // namespace prancheta::desktop

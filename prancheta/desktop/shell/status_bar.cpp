@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// The status bar.
+#include "prancheta/desktop/shell/status_bar.h"
+
+#include <QFontDatabase>
+#include <QMenu>
+
+#include <cmath>
+
+#include "prancheta/desktop/panels/panels.h"
+
+namespace prancheta::desktop {
+namespace {
+
+constexpr short kSnapsOff = 16384;
+
+struct SnapMode {
+    int bit;
+    const char* name;
+};
+
+constexpr SnapMode kSnapModes[] = {
+    {1, "&Extremidade"}, {2, "&Meio"},       {4, "&Centro"},
+    {8, "&Ponto"},       {16, "&Quadrante"}, {32, "&Interseção"},
+    {4096, "E&xtensão"}, {64, "In&serção"},  {128, "Pe&rpendicular"},
+    {256, "&Tangente"},  {512, "Pr&óximo"},  {2048, "Interseção &aparente"},
+    {8192, "Para&lela"},
+};
+
+}  // namespace
+
+const StatusBar::Aid StatusBar::kAids[] = {
+    {"PASSO", L"SNAPMODE", 1, false, "Prende o cursor aos pontos da grade de passo (F9)"},
+    {"GRADE", L"GRIDMODE", 1, false, "Mostra a grade (F7)"},
+    {"ORTO", L"ORTHOMODE", 1, false, "Prende o cursor às direções X e Y (F8)"},
+    {"SNAP", L"OSMODE", kSnapsOff, true,
+     "Prende o cursor aos pontos notáveis dos objetos (F3); botão direito: quais"},
+    {"ESPESSURA", L"LWDISPLAY", 1, false, "Mostra as espessuras de linha"},
+};
+
+StatusBar::StatusBar(QWidget* parent)
+    : QStatusBar(parent), m_coordinates(new QLabel(this)), m_totals(new QLabel(this)) {
+    m_coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_coordinates->setMinimumWidth(m_coordinates->fontMetrics().horizontalAdvance('0') * 30);
+    m_coordinates->setObjectName("coordenadas");
+    m_totals->setObjectName("totais");
+    addWidget(m_coordinates);
+    for (std::size_t i = 0; i < std::size(kAids); ++i) {
+        auto* const button = new QToolButton(this);
+        button->setText(kAids[i].name);
+        button->setObjectName(kAids[i].name);
+        button->setToolTip(kAids[i].tip);
+        button->setCheckable(true);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        connect(button, &QToolButton::clicked, this, [this, i] { toggle(i); });
+        if (kAids[i].bit == kSnapsOff) {
+            button->setContextMenuPolicy(Qt::CustomContextMenu);
+            connect(button, &QWidget::customContextMenuRequested, this,
+                    [this, button](const QPoint& at) { showSnapMenu(button->mapToGlobal(at)); });
+        }
+        addWidget(button);
+        m_buttons.push_back(button);
+    }
+    addPermanentWidget(m_totals);
+    setSizeGripEnabled(false);
+}
+
+void StatusBar::setEditor(Editor* editor) {
+    m_editor = editor;
+    refresh();
+}
+
+void StatusBar::setVariable(const wchar_t* name, int value) {
+    (void)m_editor->variables().set(name, static_cast<short>(value));  // in range by construction
+    refresh();
+    emit changed();
+}
+
+void StatusBar::toggle(std::size_t index) {
+    if (m_editor == nullptr) return;
+    const Aid& aid = kAids[index];
+    setVariable(aid.variable, m_editor->variables().number(aid.variable) ^ aid.bit);
+}
+
+void StatusBar::toggle(const QString& name) {
+    for (std::size_t i = 0; i < std::size(kAids); ++i)
+        if (name == kAids[i].name) toggle(i);
+}
+
+void StatusBar::showSnapMenu(const QPoint& position) {
+    if (m_editor == nullptr) return;
+    QMenu menu(this);
+    const int present = m_editor->variables().number(L"OSMODE");
+    for (const SnapMode& mode : kSnapModes) {
+        QAction* const action = menu.addAction(mode.name);
+        action->setCheckable(true);
+        action->setChecked((present & mode.bit) != 0);
+        connect(action, &QAction::triggered, this,
+                [this, present, mode] { setVariable(L"OSMODE", present ^ mode.bit); });
+    }
+    menu.exec(position);
+}
+
+void StatusBar::refresh() {
+    if (m_editor == nullptr) return;
+    const SystemVariables& variables = m_editor->variables();
+    for (std::size_t i = 0; i < m_buttons.size(); ++i) {
+        const bool set = (variables.number(kAids[i].variable) & kAids[i].bit) != 0;
+        m_buttons[i]->setChecked(set != kAids[i].inverted);
+    }
+    m_totals->setText(selectionTotals(*m_editor));
+}
+
+void StatusBar::showPointer(const AcGePoint3d& world) {
+    if (m_editor == nullptr) return;
+    const AcGePoint3d p = m_editor->ucs().inverse() * world;
+    const int decimals = m_editor->variables().number(L"LUPREC");
+    const auto number = [decimals](double value) {
+        const QString text = QString::number(value, 'f', decimals);
+        // What rounds to nothing has no sign.
+        return text.toDouble() == 0.0 ? QString::number(0.0, 'f', decimals) : text;
+    };
+    m_coordinates->setText(number(p.x) + ", " + number(p.y));
+}
+
+}  // namespace prancheta::desktop

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// Coordinates, drawing aids and totals of the selection.
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include <functional>
+#include <vector>
+
+#include "prancheta/editor/editor.h"
+
+namespace prancheta::desktop {
+
+class StatusBar : public QStatusBar {
+    Q_OBJECT
+public:
+    explicit StatusBar(QWidget* parent = nullptr);
+    void setEditor(Editor* editor);
+    /// Brings buttons and totals up to date with the variables and the selection.
+    void refresh();
+    void showPointer(const AcGePoint3d& world);
+    /// Switches the drawing aid whose button has this name ("ORTO", "SNAP", "GRADE", "PASSO",
+    /// "ESPESSURA").
+    void toggle(const QString& name);
+
+signals:
+    /// A variable was changed.
+    void changed();
+
+private:
+    struct Aid {
+        const char* name;
+        const wchar_t* variable;
+        short bit;      ///< of the variable; what the button shows is its being set
+        bool inverted;  ///< shown when the bit is not set
+        const char* tip;
+    };
+    static const Aid kAids[];
+    void toggle(std::size_t index);
+    void setVariable(const wchar_t* name, int value);
+    void showSnapMenu(const QPoint& position);
+
+    Editor* m_editor = nullptr;
+    QLabel* m_coordinates;
+    QLabel* m_totals;
+    std::vector<QToolButton*> m_buttons;
+};
+
+}  // namespace prancheta::desktop

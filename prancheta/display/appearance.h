@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// How a primitive looks: colour, dashes and line weight after by-layer and by-block are resolved.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "dbapserv.h"
+#include "prancheta/graphics/picture.h"
+
+namespace prancheta {
+
+struct Rgb {
+    std::uint8_t red = 255, green = 255, blue = 255;
+    bool operator==(const Rgb&) const = default;
+};
+
+/// Colour 1..255 of the index palette. 7 is white here: whoever draws on a light ground draws it
+/// black.
+Rgb paletteColor(int index);
+
+struct Appearance {
+    Rgb color;
+    bool followsGround = false;  ///< colour 7: black on light ground, white on dark
+    double lineWeight = 0.25;    ///< mm on paper
+    /// Dash lengths in drawing units, pen down and up in turn (0 = dot), LTSCALE and the entity's
+    /// scale included; empty: continuous.
+    std::vector<double> dashes;
+    double dashPeriod = 0.0;  ///< sum of `dashes`
+};
+
+/// Resolves traits of pictures against the layers and linetypes of one drawing; each is looked up
+/// once, until invalidate().
+class AppearanceTable {
+public:
+    explicit AppearanceTable(AcDbDatabase& database);
+    ~AppearanceTable();
+    /// The reference is good until invalidate().
+    const Appearance& of(const PictureTraits& traits);
+    void invalidate();
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+}  // namespace prancheta

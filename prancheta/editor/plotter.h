@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// Plotting: what is asked for, and the door to the library that can do it.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "prancheta/base/result.h"
+#include "prancheta/display/box.h"
+
+namespace prancheta {
+
+class Editor;
+
+enum class PlotFormat { Pdf, Svg, Png };
+
+/// A sheet, mm, upright.
+struct Paper {
+    std::wstring name;
+    double width = 210.0;
+    double height = 297.0;
+};
+
+/// ISO A0 to A4 and the long sheets of the trade, largest first.
+const std::vector<Paper>& papers();
+/// Null for an unknown name; case and blanks ignored.
+const Paper* findPaper(std::wstring_view name);
+
+struct PlotSettings {
+    enum class Orientation { Automatic, Portrait, Landscape };  ///< Automatic: as the area lies
+    Paper paper{L"A4", 210.0, 297.0};
+    Orientation orientation = Orientation::Automatic;
+    /// World rectangle; nothing: the extents of what is displayed.
+    std::optional<Box2d> area;
+    /// Millimetres of paper for one drawing unit (0.1 = 1:10); nothing: fit.
+    std::optional<double> scale;
+    double margin = 10.0;  ///< mm on each side that is not drawn on
+    bool monochrome = false;
+    bool lineWeights = true;
+    int dotsPerInch = 300;  ///< PNG
+};
+
+/// Implemented by the plot library, which alone knows a graphics toolkit.
+class Plotter {
+public:
+    virtual ~Plotter() = default;
+    /// Replaces the file atomically.
+    virtual Result<void> plot(Editor& editor, const PlotSettings& settings, PlotFormat format,
+                              const std::filesystem::path& file) = 0;
+};
+
+/// Name of the function of the plot library that gives the plotter: `Plotter* ()`, C linkage.
+inline constexpr const char* kPlotterEntry = "pranchetaPlotter";
+
+/// The plotter; the library is loaded from the program's folder on first use.
+Result<Plotter*> plotter();
+/// Format by the file's ending; nothing for an unknown one.
+std::optional<PlotFormat> plotFormatOf(const std::filesystem::path& file);
+
+}  // namespace prancheta

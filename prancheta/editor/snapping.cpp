@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: MIT
+// Object snaps: their words, and the points of what lies under the aperture.
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/database/entity_picture.h"
+#include "prancheta/display/display_list.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/picking.h"
+#include "prancheta/graphics/hit.h"
+#include "prancheta/graphics/snaps.h"
+
+namespace prancheta {
+namespace {
+
+struct SnapWord {
+    const wchar_t* word;
+    int mode;
+};
+
+// The Portuguese words stand after the global ones.
+constexpr SnapWord kSnapWords[] = {
+    {L"none", 0},
+    {L"endpoint", 1},
+    {L"midpoint", 2},
+    {L"center", 4},
+    {L"node", 8},
+    {L"quadrant", 16},
+    {L"intersection", 32},
+    {L"insertion", 64},
+    {L"perpendicular", 128},
+    {L"tangent", 256},
+    {L"nearest", 512},
+    {L"apparent", 2048},
+    {L"extension", 4096},
+    {L"parallel", 8192},
+    {L"nenhum", 0},
+    {L"final", 1},
+    {L"meio", 2},
+    {L"centro", 4},
+    {L"nó", 8},
+    {L"quadrante", 16},
+    {L"interseção", 32},
+    {L"inserção", 64},
+    {L"tangente", 256},
+    {L"próximo", 512},
+    {L"aparente", 2048},
+    {L"extensão", 4096},
+    {L"paralelo", 8192},
+};
+
+/// Three letters of a word are enough.
+std::optional<int> snapMode(std::wstring_view word) {
+    for (const SnapWord& known : kSnapWords) {
+        const std::wstring_view whole(known.word);
+        const bool enough = word.size() >= std::min<std::size_t>(3, whole.size());
+        if (enough && word.size() <= whole.size() &&
+            equalNoCase(word, whole.substr(0, word.size())))
+            return known.mode;
+    }
+    return {};
+}
+
+}  // namespace
+
+std::optional<int> snapModes(std::wstring_view words) {
+    int modes = 0;
+    words = trim(words);
+    if (words.empty()) return {};
+    while (!words.empty()) {
+        const std::size_t comma = std::min(words.find(L','), words.size());
+        std::wstring_view word = trim(words.substr(0, comma));
+        words.remove_prefix(std::min(comma + 1, words.size()));
+        if (word.starts_with(L'_')) word.remove_prefix(1);
+        const std::optional<int> mode = snapMode(word);
+        if (!mode) return {};
+        modes |= *mode;
+    }
+    return modes;
+}
+
+// --- Points -------------------------------------------------------------------------------------
+
+namespace {
+
+struct ModeOfBit {
+    int bit;
+    AcDb::OsnapMode mode;
+    int rank;  ///< of points at one distance the one of lower rank wins
+};
+
+constexpr ModeOfBit kModes[] = {
+    {1, AcDb::kOsModeEnd, 0},    {2, AcDb::kOsModeMid, 2},   {4, AcDb::kOsModeCen, 3},
+    {8, AcDb::kOsModeNode, 4},   {16, AcDb::kOsModeQuad, 5}, {64, AcDb::kOsModeIns, 6},
+    {128, AcDb::kOsModePerp, 7}, {256, AcDb::kOsModeTan, 8}, {512, AcDb::kOsModeNear, 9},
+};
+constexpr int kIntersection = 32;
+constexpr int kIntersectionRank = 1;
+constexpr int kNearest = 512;
+
+/// Of a view in which thousands of entities lie under the aperture only the topmost count.
+constexpr std::size_t kMostEntities = 1000;
+
+struct Candidate {
+    SnapHit hit;
+    int rank = 0;
+    double distance = 0.0;  ///< from the pointer
+    double step = 0.0;      ///< the same in steps that nobody sees
+};
+
+double planeDistanceTo(const AcGePoint3d& p, const AcGePoint3d& to) {
+    return std::hypot(p.x - to.x, p.y - to.y);
+}
+
+/// What is asked: everything that snap points depend on but the entities.
+struct Aim {
+    AcGePoint3d pointer;
+    AcGePoint3d from;
+    double aperture = 0.0;
+    double reach = 0.0;  ///< points farther away do not count
+};
+
+/// Collects the points of the entities under the aperture, each recorded once.
+class SnapSearch {
+public:
+    SnapSearch(DisplayList& display, const Aim& aim, int modes)
+        : m_display(display), m_aim(aim), m_modes(modes) {
+        const Box2d area =
+            Box2d{aim.pointer.x, aim.pointer.y, aim.pointer.x, aim.pointer.y}.grown(aim.aperture);
+        std::vector<DisplayList::Item> items = display.find(area);
+        if (items.size() > kMostEntities) items.erase(items.begin(), items.end() - kMostEntities);
+        for (const DisplayList::Item& item : items) add(item.id);
+        if (modes & kIntersection) addCrossings();
+    }
+    std::vector<Candidate>& points() { return m_points; }
+    std::vector<Candidate>& nearest() { return m_nearest; }
+
+private:
+    void add(AcDbObjectId id) {
+        const Picture& picture = m_display.picture(id);
+        if (!(distanceTo(picture, m_aim.pointer) <= m_aim.aperture)) return;
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk) return;
+        const PictureAtHand atHand(*entity.object(), picture);
+        for (const ModeOfBit& mode : kModes) {
+            if ((m_modes & mode.bit) == 0) continue;
+            AcGePoint3dArray points;
+            AcDbIntArray parts;
+            // A class that knows no point of the mode adds none.
+            (void)entity->getOsnapPoints(mode.mode, 0, m_aim.pointer, m_aim.from,
+                                         AcGeMatrix3d::kIdentity, points, parts);
+            for (const AcGePoint3d& p : points)
+                push(mode.bit == kNearest ? m_nearest : m_points, {p, mode.bit, id}, mode.rank);
+        }
+        if ((m_modes & kIntersection) == 0) return;
+        appendEdgesNear(picture, m_aim.pointer, m_aim.aperture, m_entities.size(), m_edges);
+        m_entities.push_back(id);
+    }
+    void addCrossings() {
+        for (const Crossing& crossing : crossingsOf(m_edges, m_aim.pointer, m_aim.aperture)) {
+            const AcDbObjectId top = m_entities[std::max(crossing.first, crossing.second)];
+            push(m_points, {crossing.point, kIntersection, top}, kIntersectionRank);
+        }
+    }
+    void push(std::vector<Candidate>& to, const SnapHit& hit, int rank) {
+        const double distance = planeDistanceTo(hit.point, m_aim.pointer);
+        if (!(distance <= m_aim.reach)) return;
+        to.push_back({hit, rank, distance, std::floor(distance / m_aim.aperture * 1e6)});
+    }
+
+    DisplayList& m_display;
+    const Aim& m_aim;
+    int m_modes;
+    std::vector<Candidate> m_points;
+    std::vector<Candidate> m_nearest;
+    std::vector<NearEdge> m_edges;
+    std::vector<AcDbObjectId> m_entities;
+};
+
+/// Best first. Distances that differ by less than anybody sees count as one, so that a computed
+/// crossing never wins over the exact end that it falls on.
+void sortHits(std::vector<Candidate>& points) {
+    std::stable_sort(points.begin(), points.end(), [](const Candidate& a, const Candidate& b) {
+        return a.step != b.step ? a.step < b.step : a.rank < b.rank;
+    });
+}
+
+/// Nobody leafs through more.
+constexpr std::size_t kMostHits = 64;
+
+/// Appends those within reach that stand where no other does.
+void appendHits(const std::vector<Candidate>& points, double reach, double same,
+                std::vector<SnapHit>& hits) {
+    for (const Candidate& candidate : points) {
+        if (candidate.distance > reach || hits.size() >= kMostHits) break;
+        const bool known = std::any_of(hits.begin(), hits.end(), [&](const SnapHit& hit) {
+            return planeDistanceTo(hit.point, candidate.hit.point) <= same;
+        });
+        if (!known) hits.push_back(candidate.hit);
+    }
+}
+
+}  // namespace
+
+std::vector<SnapHit> snapHits(const Editor& editor, const AcGePoint3d& world, int modes,
+                              SnapReach reach, const std::optional<AcGePoint3d>& base) {
+    std::vector<SnapHit> hits;
+    if (modes == 0) return hits;
+    Aim aim;
+    aim.pointer = world;
+    aim.from = base.value_or(editor.lastPoint());
+    aim.aperture = editor.database().core().variables().number(L"APERTURE") * editor.pixelSize();
+    aim.reach = reach == SnapReach::Object ? std::numeric_limits<double>::infinity() : aim.aperture;
+    SnapSearch search(editor.display(), aim, modes);
+    sortHits(search.points());
+    sortHits(search.nearest());
+    const double same = aim.aperture * 1e-6;
+    appendHits(search.points(), aim.aperture, same, hits);
+    if (hits.empty()) appendHits(search.points(), aim.reach, same, hits);
+    appendHits(search.nearest(), aim.aperture, same, hits);
+    return hits;
+}
+
+std::optional<SnapHit> snapHit(const Editor& editor, const AcGePoint3d& world, int modes,
+                               SnapReach reach, const std::optional<AcGePoint3d>& base) {
+    const std::vector<SnapHit> hits = snapHits(editor, world, modes, reach, base);
+    return hits.empty() ? std::optional<SnapHit>() : hits.front();
+}
+
+std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes,
+                                     SnapReach reach, const std::optional<AcGePoint3d>& base) {
+    const std::optional<SnapHit> hit = snapHit(editor, world, modes, reach, base);
+    return hit ? std::optional(hit->point) : std::nullopt;
+}
+
+}  // namespace prancheta

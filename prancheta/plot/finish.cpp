@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// Corrections in finished files.
+#include "prancheta/plot/finish.h"
+
+#include <charconv>
+#include <cstdint>
+#include <cstdio>
+#include <string_view>
+
+#include "prancheta/base/text.h"
+
+namespace prancheta {
+namespace {
+
+constexpr std::size_t kNot = std::string::npos;
+
+/// The table of a PDF that says where its objects begin: `xref`, a line `0 count`, one line of 20
+/// bytes an object, and its own place after `startxref`.
+struct CrossReference {
+    std::size_t first = kNot;  ///< first entry
+    std::size_t count = 0;
+    std::size_t place = kNot;  ///< of the number after startxref
+};
+
+constexpr std::size_t kEntry = 20;
+constexpr int kOffsetDigits = 10;
+
+CrossReference crossReferenceOf(const std::string& pdf) {
+    CrossReference found;
+    constexpr std::string_view kHead = "\nxref\n0 ";
+    constexpr std::string_view kStart = "startxref\n";
+    const std::size_t table = pdf.rfind(kHead);
+    const std::size_t start = pdf.rfind(kStart);
+    if (table == kNot || start == kNot || start < table) return {};
+    const std::size_t number = table + kHead.size();
+    const std::size_t lineEnd = pdf.find('\n', number);
+    std::from_chars(pdf.data() + number, pdf.data() + lineEnd, found.count);
+    found.first = lineEnd + 1;
+    if (found.first + found.count * kEntry > start) return {};
+    found.place = start + kStart.size();
+    return found;
+}
+
+/// Replaces `length` bytes at `at` before the table, and moves what stands behind them.
+void replaceInPdf(std::string& pdf, std::size_t at, std::size_t length, std::string_view with) {
+    CrossReference table = crossReferenceOf(pdf);
+    if (table.first == kNot || at + length > table.first) return;
+    const auto moved = [&](std::size_t offset) {
+        return offset > at ? offset - length + with.size() : offset;
+    };
+    for (std::size_t i = 0; i < table.count; ++i) {
+        char* entry = pdf.data() + table.first + i * kEntry;
+        std::size_t offset = 0;
+        std::from_chars(entry, entry + kOffsetDigits, offset);
+        char digits[kOffsetDigits + 1];
+        std::snprintf(digits, sizeof digits, "%010zu", moved(offset) % 10'000'000'000U);
+        std::copy_n(digits, kOffsetDigits, entry);
+    }
+    std::size_t own = 0;
+    const std::size_t ownEnd = pdf.find('\n', table.place);
+    std::from_chars(pdf.data() + table.place, pdf.data() + ownEnd, own);
+    pdf.replace(table.place, ownEnd - table.place, std::to_string(moved(own)));
+    pdf.replace(at, length, with);
+}
+
+/// Hundredths of a thousandth of a point are beyond any printer, and short to write.
+std::string pointsText(double points) {
+    char text[32];
+    const auto end = std::to_chars(text, text + sizeof text, points, std::chars_format::fixed, 4);
+    return std::string(text, end.ptr);
+}
+
+}  // namespace
+
+void finishPdf(std::string& pdf, double width, double height) {
+    constexpr std::string_view kDate = "\n/CreationDate (";
+    const std::size_t date = pdf.find(kDate);
+    if (date != kNot) {
+        const std::size_t end = pdf.find('\n', date + 1);
+        if (end != kNot) replaceInPdf(pdf, date, end - date, "");
+    }
+    constexpr std::string_view kPage = "\n/MediaBox [";
+    const std::size_t page = pdf.find(kPage);
+    if (page == kNot) return;
+    const std::size_t end = pdf.find(']', page);
+    if (end == kNot) return;
+    replaceInPdf(pdf, page + kPage.size(), end - page - kPage.size(),
+                 "0 0 " + pointsText(width) + " " + pointsText(height));
+}
+
+void finishSvg(std::string& svg, const QRectF& clip) {
+    constexpr std::string_view kDefinitions = "</defs>";
+    constexpr std::string_view kEnd = "</svg>";
+    const std::size_t definitions = svg.find(kDefinitions);
+    const std::size_t end = svg.rfind(kEnd);
+    if (definitions == kNot || end == kNot) return;
+    svg.insert(end, "</g>\n");
+    svg.insert(definitions + kDefinitions.size(), "\n<g clip-path=\"url(#folha)\">");
+    std::string region = "<clipPath id=\"folha\"><rect";
+    const auto attribute = [&](const char* name, double value) {
+        region += std::string(" ") + name + "=\"" + numberText(value) + "\"";
+    };
+    attribute("x", clip.x());
+    attribute("y", clip.y());
+    attribute("width", clip.width());
+    attribute("height", clip.height());
+    svg.insert(definitions, region + "/></clipPath>\n");
+}
+
+}  // namespace prancheta

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// What the toolkit's file writers leave to be put right: exact page size, clipping, no clock.
+#pragma once
+
+#include <QRectF>
+#include <string>
+
+namespace prancheta {
+
+/// Sets the page of a one-page PDF to the exact size in points, where the toolkit writes whole
+/// ones, and drops the creation date, so that one drawing always gives one file. A file of an
+/// unexpected structure is left as it is.
+void finishPdf(std::string& pdf, double width, double height);
+
+/// Clips the content of an SVG to `clip`, in units of its view box; the toolkit does not clip.
+void finishSvg(std::string& svg, const QRectF& clip);
+
+}  // namespace prancheta

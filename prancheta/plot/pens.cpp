@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Pens for appearances.
+#include "prancheta/plot/pens.h"
+
+#include <algorithm>
+
+namespace prancheta {
+namespace {
+
+QColor colorOf(const Appearance& appearance, const PicturePainter::Settings& settings) {
+    if (settings.monochrome || appearance.followsGround)
+        return settings.darkGround ? Qt::white : Qt::black;
+    return {appearance.color.red, appearance.color.green, appearance.color.blue};
+}
+
+/// Lengths in pen widths, as QPen wants them. A dot becomes a dash as long as the pen is wide, at
+/// the cost of the gap behind it.
+QList<qreal> dashesOf(const std::vector<double>& lengths, double scale, double width) {
+    QList<qreal> out;
+    double owed = 0.0;
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        const double pixels = std::abs(lengths[i]) * scale;
+        const bool down = i % 2 == 0;
+        const double drawn = down ? std::max(pixels, width) : std::max(pixels - owed, 0.0);
+        owed = down ? drawn - pixels : 0.0;
+        out.append(drawn / width);
+    }
+    if (out.size() % 2 != 0) out.append(0.0);
+    return out;
+}
+
+}  // namespace
+
+Pens::Pens(const PicturePainter::Settings& settings, double scale)
+    : m_settings(settings), m_scale(scale) {}
+
+std::size_t Pens::of(const Appearance& appearance) {
+    const auto [entry, isNew] = m_known.try_emplace(&appearance, m_pens.size());
+    if (isNew) {
+        QPen pen = make(appearance);
+        // Layers that look alike share a pen; there are few of them.
+        const auto same = std::find(m_pens.begin(), m_pens.end(), pen);
+        entry->second = static_cast<std::size_t>(same - m_pens.begin());
+        if (same == m_pens.end()) m_pens.push_back(std::move(pen));
+    }
+    return entry->second;
+}
+
+QPen Pens::make(const Appearance& appearance) const {
+    const double weight =
+        m_settings.lineWeights ? appearance.lineWeight * m_settings.devicePerMillimetre : 0.0;
+    const double width = std::max(weight, m_settings.leastLineWidth);
+    // Flat ends keep dashes true to their length, and thin lines on the fast way of the screen.
+    const double period = appearance.dashPeriod * m_scale;
+    const bool dashed =
+        !appearance.dashes.empty() && period > 0.0 && period >= m_settings.leastDashPeriod;
+    const bool flat = dashed || width <= 1.0;
+    QPen pen(colorOf(appearance, m_settings), width, Qt::SolidLine,
+             flat ? Qt::FlatCap : Qt::RoundCap, flat ? Qt::BevelJoin : Qt::RoundJoin);
+    if (dashed) pen.setDashPattern(dashesOf(appearance.dashes, m_scale, width));
+    return pen;
+}
+
+}  // namespace prancheta

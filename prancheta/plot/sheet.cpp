@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// The plotted sheet.
+#include "prancheta/plot/sheet.h"
+
+#include <QPaintEngine>
+#include <algorithm>
+#include <unordered_map>
+
+#include "dbsymtb.h"
+#include "prancheta/display/appearance.h"
+#include "prancheta/display/display_list.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/plot/painter.h"
+
+namespace prancheta {
+namespace {
+
+/// Half of the heaviest line weight: lines along the border of what is fitted keep their outer
+/// half.
+constexpr double kHalfPen = 1.06;
+
+/// Millimetres; below it a line is hard to see on paper.
+constexpr double kThinnestOnPaper = 0.05;
+constexpr double kPlainOnPaper = 0.1;
+
+/// Text lower than this many pixels is a grey smear anyway.
+constexpr double kLeastTextHeight = 1.5;
+
+double fitScale(const Box2d& area, double width, double height) {
+    const double byWidth = area.width() > 0.0 ? width / area.width() : 1e300;
+    const double byHeight = area.height() > 0.0 ? height / area.height() : 1e300;
+    const double scale = std::min(byWidth, byHeight);
+    return scale < 1e300 && scale > 0.0 ? scale : 1.0;
+}
+
+bool liesAcross(const PlotSettings& settings, const Box2d& area) {
+    if (settings.orientation != PlotSettings::Orientation::Automatic)
+        return settings.orientation == PlotSettings::Orientation::Landscape;
+    return area.width() > area.height();
+}
+
+/// Layers that are shown on screen only; each is opened once.
+class PlottedLayers {
+public:
+    bool has(AcDbObjectId layer) {
+        const auto [entry, isNew] = m_known.try_emplace(layer.asOldId(), true);
+        if (isNew) {
+            const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForRead);
+            if (record.openStatus() == Acad::eOk) entry->second = record->isPlottable();
+        }
+        return entry->second;
+    }
+
+private:
+    std::unordered_map<Adesk::LongPtr, bool> m_known;
+};
+
+bool isVector(const QPainter& painter) {
+    const QPaintEngine* engine = painter.paintEngine();
+    return engine != nullptr &&
+           (engine->type() == QPaintEngine::Pdf || engine->type() == QPaintEngine::SVG);
+}
+
+PicturePainter::Settings painterSettings(const SheetLayout& layout, const QRectF& target,
+                                         const PlotSettings& settings, bool vector) {
+    const double perMillimetre = target.width() / layout.width;
+    PicturePainter::Settings out;
+    out.toDevice = layout.fromWorld * QTransform::fromScale(perMillimetre, perMillimetre) *
+                   QTransform::fromTranslate(target.left(), target.top());
+    out.devicePerMillimetre = perMillimetre;
+    out.monochrome = settings.monochrome;
+    out.lineWeights = settings.lineWeights;
+    out.vector = vector;
+    out.leastLineWidth =
+        !vector ? 1.0 : perMillimetre * (settings.lineWeights ? kThinnestOnPaper : kPlainOnPaper);
+    out.leastTextHeight = vector ? 0.0 : kLeastTextHeight;
+    return out;
+}
+
+}  // namespace
+
+SheetLayout layoutSheet(Editor& editor, const PlotSettings& settings) {
+    Box2d area = settings.area ? *settings.area : editor.display().extents();
+    if (area.empty()) area = Box2d{0.0, 0.0, 0.0, 0.0};
+    SheetLayout layout;
+    layout.width = settings.paper.width;
+    layout.height = settings.paper.height;
+    if (liesAcross(settings, area)) std::swap(layout.width, layout.height);
+    const QRectF printable =
+        QRectF(0.0, 0.0, layout.width, layout.height)
+            .adjusted(settings.margin, settings.margin, -settings.margin, -settings.margin);
+    layout.scale =
+        settings.scale ? *settings.scale : fitScale(area, printable.width(), printable.height());
+
+    const QPointF middle = printable.center();
+    layout.fromWorld = QTransform::fromTranslate(-(area.left + area.right) / 2.0,
+                                                 -(area.bottom + area.top) / 2.0) *
+                       QTransform::fromScale(layout.scale, -layout.scale) *
+                       QTransform::fromTranslate(middle.x(), middle.y());
+    const double spare = std::min(kHalfPen, settings.margin);
+    layout.clip = printable.adjusted(-spare, -spare, spare, spare);
+    if (settings.area) {
+        const QRectF chosen(QPointF(area.left, area.bottom), QPointF(area.right, area.top));
+        layout.clip &= layout.fromWorld.mapRect(chosen).adjusted(-spare, -spare, spare, spare);
+    }
+    const QRectF shown = layout.fromWorld.inverted().mapRect(layout.clip);
+    layout.shown = Box2d{shown.left(), shown.top(), shown.right(), shown.bottom()};
+    return layout;
+}
+
+void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
+                const PlotSettings& settings) {
+    const SheetLayout layout = layoutSheet(editor, settings);
+    const PicturePainter::Settings how =
+        painterSettings(layout, target, settings, isVector(painter));
+    const double perMillimetre = how.devicePerMillimetre;
+    painter.save();
+    painter.setClipRect(QTransform::fromScale(perMillimetre, perMillimetre)
+                            .mapRect(layout.clip)
+                            .translated(target.topLeft()),
+                        Qt::IntersectClip);
+    AppearanceTable appearances(editor.database());
+    PicturePainter pictures(painter, appearances, how);
+    PlottedLayers plotted;
+    DisplayList& display = editor.display();
+    for (const DisplayList::Item& item : display.find(layout.shown))
+        if (plotted.has(item.layer)) pictures.add(display.picture(item.id));
+    pictures.flush();
+    painter.restore();
+}
+
+}  // namespace prancheta

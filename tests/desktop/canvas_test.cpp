@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: MIT
+// The drawing area under mouse and keyboard.
+#include "dbjig.h"
+#include "tests/desktop/canvas_fixture.h"
+
+namespace {
+
+using namespace prancheta;
+using Ids = std::vector<AcDbObjectId>;
+using canvastest::expectLine;
+using desktop::Canvas;
+
+class Pointing : public canvastest::CanvasTest {};
+
+TEST_F(Pointing, theWheelKeepsThePointUnderTheCursor) {
+    const QPointF at(130.0, 470.0);
+    const AcGePoint3d before = world(at);
+    wheel(at, 3);
+    then([&] {
+        EXPECT_NEAR(editor->view().height, 600.0 / (1.2 * 1.2 * 1.2), 1e-9);
+        EXPECT_NEAR(world(at).x, before.x, 1e-9);
+        EXPECT_NEAR(world(at).y, before.y, 1e-9);
+    });
+    wheel(at, -3);
+    run();
+    EXPECT_NEAR(editor->view().height, 600.0, 1e-9);
+    // The turns were one step.
+    ASSERT_TRUE(editor->restorePreviousView());
+    EXPECT_NEAR(editor->view().centre.x, 400.0, 1e-9);
+}
+
+TEST_F(Pointing, windowTakesWhatIsInsideCrossingWhatIsTouchedAndShiftTakesOut) {
+    const AcDbObjectId inside = line(100, 100, 150, 150);
+    const AcDbObjectId across = line(120, 120, 400, 120);
+    const AcDbObjectId away = line(600, 500, 700, 500);
+    (void)away;
+    Ids first, second, third, fourth;
+    drag(90, 90, 200, 200);  // to the right
+    then([&] { first = editor->pickfirst(); });
+    drag(200, 200, 90, 90);  // to the left
+    then([&] { second = editor->pickfirst(); });
+    click(300, 120, Qt::ShiftModifier);
+    then([&] { third = editor->pickfirst(); });
+    // By two clicks.
+    click(200, 60);
+    click(90, 220, Qt::ShiftModifier);
+    then([&] { fourth = editor->pickfirst(); });
+    run();
+    EXPECT_EQ(first, Ids{inside});
+    EXPECT_EQ(second, (Ids{inside, across}));
+    EXPECT_EQ(third, Ids{inside});
+    EXPECT_EQ(fourth, Ids{});
+}
+
+TEST_F(Pointing, aSelectionPromptTakesClicksFramesAndTheRightButtonAsEnter) {
+    const AcDbObjectId a = line(100, 100, 150, 150);
+    const AcDbObjectId b = line(300, 300, 350, 300);
+    const AcDbObjectId c = line(500, 100, 550, 100);
+    type(L"_ERASE");
+    click(125, 125);
+    drag(280, 280, 370, 320);
+    click(320, 300, Qt::ShiftModifier);
+    drag(560, 120, 520, 80);
+    click(10, 10, Qt::NoModifier, Qt::RightButton);
+    run();
+    EXPECT_TRUE(a.isErased());
+    EXPECT_FALSE(b.isErased());
+    EXPECT_TRUE(c.isErased());
+}
+
+TEST_F(Pointing, snapsGiveExactPointsAndTabGoesOn) {
+    line(100.25, 100.125, 300.5, 250.75);
+    type(L"OSMODE");
+    type(L"3");
+    type(L"_LINE");
+    click(103, 97);   // off the end by 3 pixels
+    click(202, 173);  // near the middle
+    type(L"");
+    run();
+    ASSERT_EQ(entities().size(), 2u);
+    expectLine(entities().back(), 100.25, 100.125, 200.375, 175.4375);
+}
+
+TEST_F(Pointing, orthoLimitsTheCursorButNotSnapsNorTypedPoints) {
+    line(500, 400, 600, 400);
+    type(L"ORTHOMODE");
+    type(L"1");
+    type(L"OSMODE");
+    type(L"1");
+    type(L"_LINE");
+    type(L"100,100");
+    click(300, 130);  // flat from the base
+    click(502, 398);  // an end point
+    moveTo(400, 500);
+    type(L"50");  // direct distance: downwards is further than leftwards? the nearer axis wins
+    click(520, 480, Qt::ShiftModifier);
+    type(L"");
+    run();
+    const Ids all = entities();
+    ASSERT_EQ(all.size(), 5u);
+    expectLine(all[1], 100, 100, 300, 100);
+    expectLine(all[2], 300, 100, 500, 400);
+    // From (500, 400) to the pointer: 100 to the left and 100 up; of two alike X is taken.
+    expectLine(all[3], 500, 400, 450, 400);
+    expectLine(all[4], 450, 400, 520, 480);
+}
+
+/// A line that follows the pointer from the origin.
+class LineJig : public AcEdJig {
+public:
+    explicit LineJig(AcDbLine* line) : m_line(line) {}
+    DragStatus sampler() override {
+        setUserInputControls(static_cast<UserInputControls>(kNoZeroResponseAccepted));
+        return acquirePoint(m_now, m_line->startPoint());
+    }
+    Adesk::Boolean update() override {
+        seen.push_back(m_now);
+        m_line->setEndPoint(m_now);
+        return Adesk::kTrue;
+    }
+    AcDbEntity* entity() const override { return m_line; }
+    std::vector<AcGePoint3d> seen;
+
+private:
+    AcDbLine* m_line;
+    AcGePoint3d m_now;
+};
+
+TEST_F(Pointing, aDragIsToldOnlyTheLastOfManyPositionsAndEndsByAClick) {
+    AcDbLine dragged(AcGePoint3d(100, 100, 0), AcGePoint3d(100, 100, 0));
+    LineJig jig(&dragged);
+    jig.setDispPrompt(L"\nPonto: ");
+    then([&] {
+        for (int i = 0; i <= 50; ++i) mouse(QEvent::MouseMove, pixel(200 + i, 300));
+    });
+    click(400, 350);
+    EXPECT_EQ(jig.drag(), AcEdJig::kNormal);
+    int passed = 0;
+    for (const AcGePoint3d& at : jig.seen) passed += at.x >= 200.0 && at.x < 250.0 ? 1 : 0;
+    EXPECT_EQ(passed, 0);
+    EXPECT_EQ(std::count(jig.seen.begin(), jig.seen.end(), AcGePoint3d(250, 300, 0)), 1);
+    EXPECT_TRUE(dragged.endPoint().isEqualTo(AcGePoint3d(400, 350, 0)));
+}
+
+TEST_F(Pointing, gripsStretchWithSnapsTypedPointsAndModes) {
+    const AcDbObjectId id = line(100, 100, 300, 100);
+    line(500, 300, 600, 300);
+    type(L"OSMODE");
+    type(L"1");
+    click(200, 100);
+    click(300, 100);  // the grip of the end
+    then([&] { EXPECT_EQ(editor->activeCommand(), L"GRIPS"); });
+    click(502, 298);
+    then([&] {
+        expectLine(id, 100, 100, 500, 300);
+        EXPECT_EQ(editor->pickfirst(), Ids{id});
+        EXPECT_TRUE(editor->hotGrips().empty());
+    });
+    click(100, 100);
+    type(L"@0,50");
+    then([&] { expectLine(id, 100, 150, 500, 300); });
+    // Enter goes on to moving, with a copy that stays.
+    click(100, 150);
+    type(L"");
+    type(L"_Copy");
+    type(L"100,400");
+    type(L"_eXit");
+    then([&] {
+        expectLine(id, 100, 150, 500, 300);
+        ASSERT_EQ(entities().size(), 3u);
+        expectLine(entities().back(), 100, 400, 500, 550);
+    });
+    type(L"_U");
+    then([&] { EXPECT_TRUE(entities().back().isErased() || entities().size() == 2u); });
+    type(L"_U");
+    run();
+    expectLine(id, 100, 100, 500, 300);
+}
+
+TEST_F(Pointing, severalGripsMoveTogether) {
+    const AcDbObjectId a = line(100, 100, 300, 100);
+    const AcDbObjectId b = line(300, 100, 300, 300);
+    drag(90, 90, 310, 310);
+    // Both ends at the corner are one place; with Shift the other end of the second line, too.
+    click(300, 300, Qt::ShiftModifier);
+    click(300, 100);
+    type(L"@10,20");
+    run();
+    expectLine(a, 100, 100, 310, 120);
+    expectLine(b, 310, 120, 310, 320);
+}
+
+TEST_F(Pointing, escapeGivesUpAFrameAndThenIsTheCommandLines) {
+    line(100, 100, 150, 150);
+    click(300, 300);
+    then([&] { EXPECT_TRUE(canvas.escape()); });
+    then([&] { EXPECT_FALSE(canvas.escape()); });
+    click(125, 125);  // picks: the frame is gone
+    press(Qt::Key_Delete);
+    run();
+    EXPECT_EQ(editor->pickfirst(), Ids{});
+    EXPECT_TRUE(entities().empty() || entities().front().isErased());
+}
+
+// --- The picture --------------------------------------------------------------------------------
+
+class Showing : public canvastest::CanvasTest {
+protected:
+    /// What another canvas paints of the same view, all at once.
+    QImage fresh() {
+        Canvas other;
+        other.resize(canvas.size());
+        other.show();
+        other.setEditor(editor.get());
+        other.setRequest(nullptr);
+        const QImage image = shown(other);
+        other.setEditor(nullptr);
+        return image;
+    }
+    /// But for a few pixels where a line is cut at the edge of what was painted.
+    static bool alike(const QImage& a, const QImage& b) {
+        int different = 0;
+        for (int y = 0; y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x) different += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
+        return a.size() == b.size() && different < 150;
+    }
+    void drawSomething() {
+        for (int i = 0; i < 40; ++i) {
+            line(20.0 * i, 10, 900 - 20.0 * i, 590);
+            add(new AcDbCircle(AcGePoint3d(20.0 * i, 300, 0), AcGeVector3d::kZAxis,
+                               5.0 + 10.0 * i));
+        }
+    }
+};
+
+TEST_F(Showing, whatIsShiftedStretchedAndPatchedLooksLikePaintedAnew) {
+    drawSomething();
+    (void)shown();
+    drag(400, 300, 431, 317, Qt::NoModifier, Qt::MiddleButton);
+    then([&] { EXPECT_TRUE(alike(shown(), fresh())) << "moved"; });
+    drag(431, 317, 300, 250, Qt::NoModifier, Qt::MiddleButton);
+    wheel(QPointF(111, 222), 2);
+    then([&] { EXPECT_TRUE(alike(shown(), fresh())) << "enlarged"; });
+    wheel(QPointF(500, 100), -7);
+    then([&] { EXPECT_TRUE(alike(shown(), fresh())) << "reduced"; });
+    run();
+    editor->setView({AcGePoint3d(400.3, 300.7, 0), 600.0});
+    EXPECT_TRUE(alike(shown(), fresh())) << "moved by a fraction";
+}
+
+TEST_F(Showing, aChangeRepaintsWhereItWasAndWhereItIs) {
+    drawSomething();
+    look(400, 300, 600);
+    const QImage before = shown();
+    const AcDbObjectId id = line(200, 200, 600, 500);
+    EXPECT_NE(shown(), before);
+    {
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        ASSERT_EQ(entity->transformBy(AcGeMatrix3d::translation({-150, 60, 0})), Acad::eOk);
+    }
+    canvas.refresh();
+    EXPECT_TRUE(alike(shown(), fresh()));
+    {
+        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        ASSERT_EQ(entity->erase(), Acad::eOk);
+    }
+    canvas.refresh();
+    EXPECT_TRUE(alike(shown(), before));
+}
+
+TEST_F(Showing, selectionAndGroundAreSeen) {
+    const AcDbObjectId id = line(100, 100, 700, 100);
+    const QImage before = shown();
+    editor->pickfirst() = {id};
+    canvas.refresh();
+    EXPECT_NE(shown(), before);
+    editor->pickfirst().clear();
+    canvas.refresh();
+    EXPECT_TRUE(alike(shown(), before));
+    canvas.setGround(Canvas::Ground::Light);
+    EXPECT_GT(shown().pixelColor(400, 300).lightness(), before.pixelColor(400, 300).lightness());
+}
+
+}  // namespace

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: MIT
+// What a person does in the window, from the first key to the closed window.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDialog>
+#include <QLockFile>
+#include <fstream>
+#include <set>
+
+#include "dbents.h"
+#include "prancheta/desktop/shell/menu_file.h"
+#include "prancheta/editor/command_stack.h"
+#include "tests/desktop/dialogs_hands.h"
+#include "tests/desktop/shell_story.h"
+
+namespace shell {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kBuild = HOUSE_BINARY_DIR;
+
+/// The modules of the build, on a copy of the installation folder.
+ApplicationOptions withModules(const fs::path& folder) {
+    ApplicationOptions options;
+    options.programs = kBuild / "bin";
+    options.installation = folder / "instalacao";
+    fs::copy(kBuild / "instalacao", options.installation, fs::copy_options::recursive);
+    return options;
+}
+
+class Window : public testing::Test {
+protected:
+    fs::path folder() const { return m_folder.path().toStdString(); }
+    fs::path recoveries() const { return folder() / "prancheta" / "recuperacao"; }
+
+    void SetUp() override {
+        ASSERT_TRUE(m_folder.isValid());
+        qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(Window, DrawsWithKeysAndMouse) {
+    Story story;
+    AcGePoint3d start, end;
+    story.type("l ").click(40, 60).click(190, 210).type("\n");
+    story.when([&] { return story.idle(); },
+               [&] {
+                   ASSERT_EQ(story.entities(), 1u);
+                   const AcDbObjectPointer<AcDbLine> line(story.entity(0), AcDb::kForRead);
+                   ASSERT_NE(line.object(), nullptr);
+                   start = line->startPoint();
+                   end = line->endPoint();
+                   QTest::keyClick(&story.edit(), Qt::Key_Z, Qt::ControlModifier);
+               });
+    story.when([&] { return story.idle() && story.entities() == 0; },
+               [&] { story.press("c\n100,50\n25\n"); });
+    // Enter repeats the last command; several pasted answers go in one after the other.
+    story.when([&] { return story.idle() && story.entities() == 1; }, [&] { story.press("\n"); });
+    story.when([&] { return !story.idle(); },
+               [&] { story.edit().pasteText("200,50\n30\nl 0,0 9,9\n\n"); });
+    story.when([&] { return story.idle() && story.entities() == 3; }, [] {});
+    ASSERT_TRUE(story.run());
+    // A click hits within the pixel.
+    const double pixel = story.editor().pixelSize();
+    EXPECT_NEAR(start.x, 40, pixel);
+    EXPECT_NEAR(start.y, 60, pixel);
+    EXPECT_NEAR(end.x, 190, pixel);
+    EXPECT_NEAR(end.y, 210, pixel);
+}
+
+TEST_F(Window, KeysFromAnywhereReachTheCommandLine) {
+    Story story;
+    story.then([&] {
+        story.canvas().setFocus();
+        QTest::keyClick(&story.canvas(), 'l');
+        EXPECT_EQ(story.edit().text(), "l");
+        QTest::keyClick(&story.edit(), Qt::Key_Escape);
+        EXPECT_EQ(story.edit().text(), "");
+    });
+    // Blanks belong to a text, and end anything else.
+    story.type("text 10,10 5 0 duas palavras\n");
+    story.when([&] { return story.entities() == 1; },
+               [&] {
+                   const AcDbObjectPointer<AcDbText> text(story.entity(0), AcDb::kForRead);
+                   ASSERT_NE(text.object(), nullptr);
+                   EXPECT_STREQ(text->textStringConst(), L"duas palavras");
+               });
+    // An option is clicked, an aid is switched by its key and shows on its button.
+    story.type("\x1b").type("pl 0,0 50,0 ");
+    story.when(
+        [&] { return story.window().ui().request() != nullptr; },
+        [&] { emit story.window().commandLine().findChild<QLabel*>()->linkActivated("_Close"); });
+    story.then([&] {
+        QTest::keyClick(&story.edit(), Qt::Key_F8);
+        EXPECT_EQ(story.editor().variables().number(L"ORTHOMODE"), 1);
+        EXPECT_TRUE(story.window().findChild<QAbstractButton*>("ORTO")->isChecked());
+    });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, SavesAndOpensAgain) {
+    const fs::path file = folder() / "placa base.dxf";
+    Story story;
+    story.type("filedia 0 ").type("c 50,50 25 ");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] {
+                   EXPECT_TRUE(story.window().isWindowModified());
+                   story.press("_saveas ");
+               });
+    story.when([&] { return !story.idle(); },
+               [&] { story.press(QString::fromStdString(file.string()) + "\n"); });
+    story.when([&] { return story.idle() && fs::exists(file); },
+               [&] {
+                   EXPECT_FALSE(story.window().isWindowModified());
+                   EXPECT_TRUE(story.window().windowTitle().startsWith("placa base.dxf"));
+                   EXPECT_FALSE(fs::exists(folder() / "placa base.bak"));
+                   story.press("c 90,50 25 ");
+               });
+    story.when([&] { return story.idle() && story.entities() == 2; },
+               [&] { QTest::keyClick(&story.edit(), Qt::Key_S, Qt::ControlModifier); });
+    story.when([&] { return story.idle() && !story.window().isWindowModified(); },
+               [&] {
+                   // The former drawing is kept.
+                   ASSERT_TRUE(story.editor().openDocument(folder() / "placa base.bak"));
+                   EXPECT_EQ(story.entities(), 1u);
+                   ASSERT_TRUE(story.window().files().open(file));
+                   EXPECT_EQ(story.entities(), 2u);
+                   EXPECT_EQ(story.window().files().recent().value(0).toStdString(), file.string());
+               });
+    EXPECT_TRUE(story.run());
+    EXPECT_FALSE(fs::exists(recoveries())) << "nothing was due";
+}
+
+TEST_F(Window, ClosingAsksAboutUnsavedWork) {
+    const fs::path file = folder() / "fica.dxf";
+    Story story;
+    // In the middle of a command that drew nothing yet: it is given up first.
+    story.type("c 50,50 25 l 0,0 ").then([&] { story.window().close(); });
+    story.choose("salvarAlteracoes", "Cancelar");
+    story.when([&] { return story.idle(); },
+               [&] {
+                   EXPECT_TRUE(story.window().isVisible());
+                   EXPECT_EQ(story.entities(), 1u);
+                   ASSERT_TRUE(story.editor().saveDocument(file));
+                   story.press("c 90,50 25 ");
+               });
+    story.when([&] { return story.entities() == 2; }, [&] { story.window().close(); });
+    story.choose("salvarAlteracoes", "Salvar");
+    ASSERT_TRUE(story.run());
+    EXPECT_TRUE(story.closedItself());
+    ASSERT_TRUE(story.editor().openDocument(file));
+    EXPECT_EQ(story.entities(), 2u);
+}
+
+/// A lock as a process leaves it that was killed.
+void lockByDeadProcess(const fs::path& file) {
+    const pid_t child = fork();
+    if (child == 0) {
+        QLockFile lock(QString::fromStdString(file.string()));
+        lock.setStaleLockTime(0);
+        _exit(lock.tryLock(0) ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+}
+
+TEST_F(Window, RecoversAfterACrash) {
+    const fs::path drawing = folder() / "galpão.dxf";
+    const fs::path kept = folder() / "kept";
+    {
+        Story story;
+        story.type("c 50,50 25 ");
+        story.when([&] { return story.entities() == 1; },
+                   [&] {
+                       ASSERT_TRUE(story.editor().saveDocument(drawing));
+                       story.press("c 90,50 25 ");
+                   });
+        story.when([&] { return story.entities() == 2; },
+                   [&] {
+                       ASSERT_TRUE(story.application().recovery().write());
+                       // A living window's copy is nobody else's.
+                       const prancheta::desktop::Recovery other(recoveries(), nullptr);
+                       EXPECT_TRUE(other.leftCopies().empty());
+                       fs::copy(recoveries(), kept);
+                   });
+        ASSERT_TRUE(story.run());
+    }
+    EXPECT_TRUE(fs::is_empty(recoveries())) << "a clean end leaves no copy";
+
+    for (const auto& file : fs::directory_iterator(kept)) {
+        const fs::path back = recoveries() / file.path().filename();
+        if (back.extension() == ".lock")
+            lockByDeadProcess(back);
+        else
+            fs::copy(file, back);
+    }
+    Story story;
+    story.choose("recuperar", "Recuperar");
+    story.when([&] { return story.idle(); },
+               [&] {
+                   EXPECT_EQ(story.entities(), 2u);
+                   EXPECT_EQ(story.editor().fileName(), drawing);
+                   EXPECT_TRUE(story.window().isWindowModified());
+                   ASSERT_TRUE(story.editor().saveDocument());
+               });
+    ASSERT_TRUE(story.run());
+    ASSERT_TRUE(story.editor().openDocument(drawing));
+    EXPECT_EQ(story.entities(), 2u);
+}
+
+TEST_F(Window, DrawsAProfileFromItsDialog) {
+    Story story(withModules(folder()));
+    story.then([&] { story.window().entry("_pudobrado")->trigger(); });
+    const auto dialog = [] { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); };
+    story.when([&] { return dialog() != nullptr; },
+               [&] {
+                   dialogtest::pick(*dialog(), "lista", 3);
+                   dialogtest::press(*dialog(), "accept");
+               });
+    story.when([&] { return story.window().ui().request() != nullptr; }, [] {});
+    story.click(100, 100).type("0 ");
+    story.when([&] { return story.idle(); },
+               [&] {
+                   ASSERT_EQ(story.entities(), 1u);
+                   const AcDbObjectPointer<AcDbEntity> piece(story.entity(0), AcDb::kForRead);
+                   EXPECT_STREQ(piece->isA()->name(), L"ZpUDobrado");
+                   // The turn that follows the placing is a step of its own.
+                   QTest::keyClick(&story.edit(), Qt::Key_Z, Qt::ControlModifier);
+               });
+    story.when([&] { return story.idle(); },
+               [&] { QTest::keyClick(&story.edit(), Qt::Key_Z, Qt::ControlModifier); });
+    story.when([&] { return story.idle() && story.entities() == 0; }, [] {});
+    EXPECT_TRUE(story.run());
+}
+
+/// Commands of the menus as they are typed, without what is answered after them.
+void gatherCommands(const std::vector<prancheta::desktop::MenuItem>& items, QStringList& out) {
+    for (const auto& item : items) {
+        if (!item.command.isEmpty()) out += item.command.section(' ', 0, 0);
+        gatherCommands(item.items, out);
+    }
+}
+
+TEST_F(Window, MenusKnowEveryProfileCommandAndNoOther) {
+    const ApplicationOptions options = withModules(folder());
+    Story story(options);
+    const auto menus =
+        prancheta::desktop::readMenus(options.installation / "Prancheta" / "menus.json");
+    ASSERT_TRUE(menus) << menus.error().message();
+    QStringList commands;
+    gatherCommands(menus->menus, commands);
+    const prancheta::CommandStack& stack = story.editor().commands();
+    std::set<std::wstring> profiles;
+    for (const QString& command : commands) {
+        const auto* const found = stack.find(prancheta::TypedName(command.toStdWString()));
+        ASSERT_NE(found, nullptr) << command.toStdString();
+        if (found->group != prancheta::kBuiltInGroup) profiles.insert(found->global);
+    }
+    EXPECT_EQ(profiles.size(), 31u);  // thirty profiles and the material list
+    for (const auto& bar : menus->toolbars) {
+        for (const QString& entry : bar.entries) {
+            if (entry.isEmpty()) continue;
+            ASSERT_NE(story.window().entry(entry), nullptr) << entry.toStdString();
+            EXPECT_FALSE(story.window().entry(entry)->icon().isNull()) << entry.toStdString();
+        }
+    }
+}
+
+TEST_F(Window, TellsWhatIsWrongWithAMenuFile) {
+    const struct {
+        const char* text;
+        const char* told;
+    } kCases[] = {
+        {"{\n  \"menus\": [\n    { \"titulo\": \"A\", }\n", ":3:"},
+        {R"({"menus": [{"titulo": "A", "comando": "x", "acao": "y"}]})", "só entre"},
+        {R"({"menus": [{"titulo": "A", "comado": "x"}]})", "comado"},
+        {R"({"menus": [{"titulo": "&A", "comando": "x"}, {"titulo": "B&a", "comando": "y"}]})",
+         "letra a"},
+        {R"({"menus": [{"titulo": "A", "comando": "x"}], "barras": [{"titulo": "B", "itens": ["z"]}]})",
+         "\"z\""},
+    };
+    for (const auto& wrong : kCases) {
+        std::ofstream(folder() / "menus.json") << wrong.text;
+        const auto read = prancheta::desktop::readMenus(folder() / "menus.json");
+        ASSERT_FALSE(read) << wrong.text;
+        EXPECT_NE(read.error().message().find(wrong.told), std::string::npos)
+            << read.error().message();
+    }
+}
+
+}  // namespace
+}  // namespace shell

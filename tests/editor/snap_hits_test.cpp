@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// Which snap points a pointer is offered, in what order, and what they say of themselves.
+#include "prancheta/editor/picking.h"
+#include "support.h"
+
+using namespace prancheta;
+
+namespace {
+
+constexpr int kEnd = 1;
+constexpr int kMiddle = 2;
+constexpr int kIntersection = 32;
+constexpr int kNearest = 512;
+
+// The aperture is 10 pixels of 297 / 600 units: 4.95.
+class SnapHitsTest : public editortest::EditorTest {
+protected:
+    std::vector<SnapHit> hits(double x, double y, int modes,
+                              SnapReach reach = SnapReach::Aperture) {
+        return snapHits(*editor, AcGePoint3d(x, y, 0), modes, reach);
+    }
+    static void expectHit(const SnapHit& hit, double x, double y, int mode, AcDbObjectId entity) {
+        editortest::expectPoint(hit.point, x, y);
+        EXPECT_EQ(hit.mode, mode);
+        EXPECT_TRUE(hit.entity == entity);
+    }
+    template <class Change>
+    void changeLayer(AcDbObjectId id, Change&& what) {
+        const AcDbObjectId layer = editor->database().core().ensureLayer(L"OUTRA");
+        {
+            AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+            entity->setLayer(layer);
+        }
+        AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
+        what(*record.object());
+    }
+};
+
+TEST_F(SnapHitsTest, nearestFirstAndEachPlaceOnce) {
+    const AcDbObjectId tall = line(100, 0, 100, 50);
+    const AcDbObjectId small = line(102, 24, 104, 24);
+    const std::vector<SnapHit> all = hits(100.3, 26, kEnd + kMiddle + kNearest);
+    ASSERT_EQ(all.size(), 5u);
+    expectHit(all[0], 100, 25, kMiddle, tall);
+    expectHit(all[1], 102, 24, kEnd, small);
+    expectHit(all[2], 103, 24, kMiddle, small);
+    expectHit(all[3], 104, 24, kEnd, small);
+    // The point nearest on the small line is its end: named already.
+    expectHit(all[4], 100, 26, kNearest, tall);
+}
+
+TEST_F(SnapHitsTest, anEndWinsOverTheCrossingThatFallsOnIt) {
+    const AcDbObjectId upright = line(100, 0, 100, 50);
+    const AcDbObjectId flat = line(100, 0, 150, 1.0 / 3);
+    const std::vector<SnapHit> corner = hits(100.3, 0.4, kEnd + kIntersection);
+    ASSERT_EQ(corner.size(), 1u);
+    EXPECT_EQ(corner[0].mode, kEnd);
+    EXPECT_EQ(corner[0].point.x, 100.0);  // as it was drawn, to the last bit
+    EXPECT_EQ(corner[0].point.y, 0.0);
+    EXPECT_TRUE(corner[0].entity == upright || corner[0].entity == flat);
+    const AcDbObjectId over = line(90, 20, 110, 20);
+    const std::vector<SnapHit> crossing = hits(100.3, 20.2, kEnd + kIntersection);
+    ASSERT_EQ(crossing.size(), 1u);
+    expectHit(crossing[0], 100, 20, kIntersection, over);
+}
+
+TEST_F(SnapHitsTest, wholeObjectWhenAskedFor) {
+    const AcDbObjectId tall = line(100, 0, 100, 50);
+    EXPECT_TRUE(hits(100.2, 35, kEnd).empty());
+    const std::vector<SnapHit> ends = hits(100.2, 35, kEnd, SnapReach::Object);
+    ASSERT_EQ(ends.size(), 2u);
+    expectHit(ends[0], 100, 50, kEnd, tall);
+    expectHit(ends[1], 100, 0, kEnd, tall);
+}
+
+TEST_F(SnapHitsTest, hiddenLayersDoNotCountLockedOnesDo) {
+    const AcDbObjectId piece = line(100, 0, 100, 50);
+    changeLayer(piece, [](AcDbLayerTableRecord& l) { (void)l.setIsLocked(true); });
+    EXPECT_EQ(hits(100, 1, kEnd).size(), 1u);
+    changeLayer(piece, [](AcDbLayerTableRecord& l) { (void)l.setIsOff(true); });
+    EXPECT_TRUE(hits(100, 1, kEnd).empty());
+    EXPECT_TRUE(entityAt(*editor, {100, 10, 0}).isNull());
+}
+
+/// Thousands of crossings under the aperture stay an answer that somebody can leaf through.
+TEST_F(SnapHitsTest, crowdedPlacesAreCut) {
+    for (int i = 0; i < 60; ++i) {
+        line(100 + 0.1 * i, 0, 100 + 0.1 * i, 6);
+        line(100, 0.1 * i, 106, 0.1 * i);
+    }
+    const std::vector<SnapHit> crossings = hits(103.02, 3.01, kIntersection);
+    ASSERT_EQ(crossings.size(), 64u);
+    editortest::expectPoint(crossings[0].point, 103, 3);
+}
+
+}  // namespace

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// Starting, hindering and killing the console.
+#include "child.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace fs = std::filesystem;
+
+namespace faults {
+namespace {
+
+constexpr unsigned kNobody = 65534;
+
+void redirect(const fs::path& file, int descriptor) {
+    const int opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    if (opened >= 0) ::dup2(opened, descriptor);
+}
+
+/// In the child, before the program starts.
+void prepare(const Folder& folder, const Accident& accident) {
+    if (::chdir(folder.path().c_str()) != 0) ::_exit(120);
+    redirect("saida", 1);
+    redirect("erros", 2);
+    ::unsetenv("ZPFORJA2010");
+    if (accident.largestFile >= 0) {
+        // Without the signal a write beyond the limit fails, as on a full disk.
+        ::signal(SIGXFSZ, SIG_IGN);
+        const auto bytes = static_cast<rlim_t>(accident.largestFile);
+        const rlimit limit{bytes, bytes};
+        if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) ::_exit(121);
+    }
+    // Root may write anywhere.
+    if (accident.withoutRights && ::geteuid() == 0 &&
+        (::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
+        ::_exit(122);
+}
+
+}  // namespace
+
+Folder::Folder() {
+    std::string name = (fs::temp_directory_path() / "faults-XXXXXX").string();
+    m_path = ::mkdtemp(name.data());
+}
+
+Folder::~Folder() {
+    std::error_code error;
+    fs::permissions(m_path, fs::perms::owner_all, error);
+    fs::remove_all(m_path, error);
+}
+
+void put(const fs::path& file, const std::string& bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+std::string bytesOf(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+Outcome runConsole(const Folder& folder, std::vector<std::string> arguments,
+                   const Accident& accident) {
+    const std::string program = std::string(HOUSE_BINARY_DIR) + "/bin/prancheta-console";
+    arguments.insert(arguments.begin(), program);
+    std::vector<char*> argv;
+    for (std::string& argument : arguments) argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        prepare(folder, accident);
+        ::execv(program.c_str(), argv.data());
+        ::_exit(123);
+    }
+    if (accident.killAfter >= 0) {
+        ::usleep(static_cast<useconds_t>(accident.killAfter));
+        ::kill(child, SIGKILL);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, bytesOf(folder / "erros")};
+}
+
+}  // namespace faults

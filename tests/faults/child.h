@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// The console as a process that meets accidents.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace faults {
+
+/// Folder of its own, removed at the end.
+class Folder {
+public:
+    Folder();
+    ~Folder();
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    std::filesystem::path operator/(const std::string& name) const { return m_path / name; }
+    const std::filesystem::path& path() const { return m_path; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+void put(const std::filesystem::path& file, const std::string& bytes);
+std::string bytesOf(const std::filesystem::path& file);
+
+struct Accident {
+    int killAfter = -1;          ///< microseconds until SIGKILL, -1: never
+    long largestFile = -1;       ///< bytes that a file may grow to, as on a full disk; -1: no limit
+    bool withoutRights = false;  ///< runs as a user who may not write, whoever runs the test
+};
+
+struct Outcome {
+    int code = -1;  ///< exit code, -1 when it was killed
+    std::string errors;
+};
+
+/// Runs prancheta-console in `folder` with the arguments; what it prints is in "saida" and "erros".
+Outcome runConsole(const Folder& folder, std::vector<std::string> arguments,
+                   const Accident& accident = {});
+
+}  // namespace faults

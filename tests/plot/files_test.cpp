@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: MIT
+// PDF, SVG and PNG files: sizes, places, texts, what is left out, what a failure leaves behind.
+#include <QXmlStreamReader>
+
+#include "tests/plot/fixture.h"
+
+namespace plotting {
+namespace {
+
+using Orientation = PlotSettings::Orientation;
+
+class Files : public Plotted {
+protected:
+    std::string pageOf(const fs::path& pdf) const {
+        const std::string text = bytes(pdf);
+        const std::size_t at = text.find("/MediaBox [");
+        return at == text.npos ? "" : text.substr(at + 11, text.find(']', at) - at - 11);
+    }
+};
+
+TEST_F(Files, PageIsThePaper) {
+    type({L"_line", L"0,0", L"100,20", L""});
+    PlotSettings settings;
+    // 210 / 25.4 * 72 = 595.2756, 297 / 25.4 * 72 = 841.8898; a drawing that is wider than high.
+    EXPECT_EQ(pageOf(plot(settings, "a.pdf")), "0 0 841.8898 595.2756");
+    settings.orientation = Orientation::Portrait;
+    EXPECT_EQ(pageOf(plot(settings, "b.pdf")), "0 0 595.2756 841.8898");
+    settings.orientation = Orientation::Automatic;
+    settings.area = Box2d{0, 0, 10, 20};
+    settings.paper = *prancheta::findPaper(L" a2 X 3 ");
+    // 594 x 1261 mm.
+    EXPECT_EQ(pageOf(plot(settings, "c.pdf")), "0 0 1683.7795 3574.4882");
+}
+
+TEST_F(Files, PdfPlacesAreTrueToAHundredthOfAMillimetre) {
+    type({L"_line", L"15,27", L"15,250", L"", L"_line", L"100,27", L"180,27", L""});
+    const fs::path pdf = plot(trueToSize(), "folha.pdf");
+    // A hundred dots a millimetre; ends and edges of both lines, 0.25 thick with round ends.
+    struct Look {
+        int left, top;  ///< of a part of 2 x 2 mm, dots
+        double edge;    ///< first ink, mm from there
+        double width;   ///< of the ink
+        bool across;    ///< measured along x, else along y
+    };
+    const Look looks[] = {
+        {2400, 15000, 1.0 - 0.125, 0.25, true},    // x = 10 + 15
+        {2400, 3600, 1.0 - 0.125, 1.125, false},   // its upper end, y = 287 - 250 = 37
+        {15000, 25900, 1.0 - 0.125, 0.25, false},  // y = 287 - 27 = 260
+        {18900, 25900, 0.0, 1.125, true},          // its right end, x = 10 + 180
+    };
+    for (const Look& look : looks) {
+        std::ostringstream rest;
+        rest << "-r 2540 -gray -x " << look.left << " -y " << look.top << " -W 200 -H 200 '"
+             << pdf.string() << "' '" << (folder / "parte").string() << "'";
+        if (!output("pdftoppm", rest.str())) GTEST_SKIP() << "pdftoppm não está instalado";
+        QImage part;
+        for (const auto& entry : fs::directory_iterator(folder))
+            if (entry.path().extension() == ".pgm") {
+                part.load(QString::fromStdString(entry.path().string()));
+                fs::remove(entry.path());
+            }
+        ASSERT_EQ(part.width(), 200);
+        int first = 200;
+        int last = -1;
+        for (int row = 0; row < 200; ++row)
+            for (int column = 0; column < 200; ++column) {
+                if (!dark(part, column, row)) continue;
+                first = std::min(first, look.across ? column : row);
+                last = std::max(last, look.across ? column : row);
+            }
+        EXPECT_NEAR(first, look.edge * 100.0, 1.01) << look.left << ',' << look.top;
+        EXPECT_NEAR(last + 1 - first, look.width * 100.0, 2.01) << look.left << ',' << look.top;
+    }
+}
+
+TEST_F(Files, PdfTableOfObjectsIsRight) {
+    type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa"});
+    const std::string pdf = bytes(plot({}, "folha.pdf"));
+    const std::size_t start = pdf.rfind("startxref\n");
+    ASSERT_NE(start, pdf.npos);
+    const std::size_t table = std::stoul(pdf.substr(start + 10));
+    ASSERT_EQ(pdf.substr(table, 7), "xref\n0 ");
+    const std::size_t count = std::stoul(pdf.substr(table + 7));
+    const std::size_t first = pdf.find('\n', table + 5) + 1;
+    ASSERT_GT(count, 5U);
+    for (std::size_t i = 1; i < count; ++i) {
+        const std::size_t offset = std::stoul(pdf.substr(first + i * 20, 10));
+        const std::string head = std::to_string(i) + " 0 obj";
+        EXPECT_EQ(pdf.substr(offset, head.size()), head);
+    }
+}
+
+TEST_F(Files, TextsAreFound) {
+    type({L"_text", L"0,0", L"5", L"0", L"Ação nº 7: %%c12,5 %%p 0,1 a 45%%d, 150 cm²"});
+    type({L"_text", L"0,20", L"5", L"90", L"Travejamento"});
+    type({L"_dimaligned", L"0,-20", L"123,-20", L"0,-40"});
+    const fs::path pdf = plot({}, "folha.pdf");
+    const auto text = output("pdftotext", "'" + pdf.string() + "' -");
+    if (!text) GTEST_SKIP() << "pdftotext não está instalado";
+    for (const char* part : {"Ação nº 7: Ø12,5 ± 0,1 a 45°, 150 cm²", "Travejamento", "123"})
+        EXPECT_NE(text->find(part), text->npos) << part << " in " << *text;
+}
+
+TEST_F(Files, SvgIsInMillimetresAndClipped) {
+    type({L"_line", L"-500,27", L"100,27", L"", L"_text", L"20,20", L"5", L"0", L"a < b & %%c8"});
+    const std::string svg = bytes(plot(trueToSize(), "folha.svg"));
+    QXmlStreamReader xml(QByteArray::fromStdString(svg));
+    QString width;
+    QString height;
+    QString texts;
+    bool clips = false;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && xml.name() == u"svg") {
+            width = xml.attributes().value(QLatin1String("width")).toString();
+            height = xml.attributes().value(QLatin1String("height")).toString();
+        }
+        clips |= xml.isStartElement() &&
+                 xml.attributes().value(QLatin1String("clip-path")) == u"url(#folha)";
+        if (xml.isStartElement() && xml.name() == u"text") texts += xml.readElementText();
+    }
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    EXPECT_EQ(width.toStdString(), "210mm");
+    EXPECT_EQ(height.toStdString(), "297mm");
+    EXPECT_TRUE(clips);
+    EXPECT_NE(texts.indexOf(QStringLiteral("a < b & Ø8")), -1) << texts.toStdString();
+}
+
+TEST_F(Files, WhatIsOutsideTheWindowIsNotPlotted) {
+    type({L"_line", L"-500,100", L"500,100", L""});
+    PlotSettings settings = trueToSize();
+    settings.area = Box2d{50, 50, 140, 227};
+    const QImage image = picture(settings);
+    EXPECT_TRUE(inkAt(image, 51, 100));
+    EXPECT_TRUE(inkAt(image, 139, 100));
+    EXPECT_FALSE(inkAt(image, 47, 100));
+    EXPECT_FALSE(inkAt(image, 143, 100));
+}
+
+TEST_F(Files, FitFillsOneDirectionAndCentresTheOther) {
+    type({L"_line", L"1000,1000", L"1380,1000", L"", L"_line", L"1000,1000", L"1000,1010", L""});
+    PlotSettings settings;
+    settings.orientation = Orientation::Portrait;
+    settings.dotsPerInch = kDots;
+    // 380 on 190 mm is 1:2; 5 mm high, its middle at half of 277.
+    const double weight = 0.125;
+    expectBox(inkWithin(picture(settings), {-5, -5, 195, 282}),
+              {-weight, 138.5 - 2.5 - weight, 190 + weight, 138.5 + 2.5 + weight}, 0.11);
+}
+
+TEST_F(Files, OneDrawingGivesOneFile) {
+    type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa", L"_circle",
+          L"9,9", L"4"});
+    for (const char* ending : {"pdf", "svg", "png"}) {
+        const std::string first = bytes(plot({}, ("a." + std::string(ending)).c_str()));
+        EXPECT_GT(first.size(), 500U);
+        EXPECT_EQ(first, bytes(plot({}, ("b." + std::string(ending)).c_str()))) << ending;
+        EXPECT_EQ(first.find("CreationDate"), first.npos) << ending;
+    }
+}
+
+TEST_F(Files, MonochromeIsBlack) {
+    type({L"_-layer", L"_m", L"Amarela", L"_c", L"2", L"Amarela", L"", L"_line", L"20,50", L"60,50",
+          L""});
+    PlotSettings settings = trueToSize();
+    EXPECT_FALSE(inkAt(picture(settings), 40, 50)) << "yellow is brighter than half";
+    settings.monochrome = true;
+    EXPECT_TRUE(inkAt(picture(settings), 40, 50));
+}
+
+TEST_F(Files, LayersThatAreNotShownOrNotPlottedStayAway) {
+    type({L"_line", L"20,20", L"60,20", L""});
+    struct Layer {
+        const wchar_t* name;
+        const wchar_t* y;
+        const wchar_t* state;
+    };
+    for (const Layer& layer :
+         {Layer{L"Desligada", L"40", L"_off"}, Layer{L"Congelada", L"60", L"_f"}}) {
+        type({L"_-layer", L"_m", layer.name, L""});
+        type({L"_line", (std::wstring(L"20,") + layer.y).c_str(),
+              (std::wstring(L"60,") + layer.y).c_str(), L""});
+        type({L"_-layer", L"_s", L"0", layer.state, layer.name, L""});
+    }
+    type({L"_-layer", L"_m", L"Auxiliar", L"_p", L"_n", L"Auxiliar", L""});
+    type({L"_line", L"20,80", L"60,80", L""});
+    ASSERT_EQ(count(), 4U);
+    const QImage image = picture(trueToSize());
+    EXPECT_TRUE(inkAt(image, 40, 20));
+    for (const double y : {40.0, 60.0, 80.0}) EXPECT_FALSE(inkAt(image, 40, y)) << y;
+}
+
+TEST_F(Files, AnEmptyDrawingGivesAnEmptySheet) {
+    const QImage image = picture(trueToSize());
+    EXPECT_EQ(image.size(), QSize(2100, 2970));
+    EXPECT_EQ(image.dotsPerMeterX(), 10000);
+    EXPECT_TRUE(inkWithin(image, {-10, -10, 200, 287}).empty());
+    EXPECT_EQ(pageOf(plot({}, "vazia.pdf")), "0 0 595.2756 841.8898");
+}
+
+TEST_F(Files, AFailureLeavesTheOldFile) {
+    const auto machine = prancheta::plotter();
+    ASSERT_TRUE(machine.ok());
+    const fs::path file = folder / "velho.pdf";
+    std::ofstream(file) << "antigo";
+    const auto refused = [&](const PlotSettings& settings, const fs::path& path) {
+        const auto done = (*machine)->plot(*editor, settings, PlotFormat::Pdf, path);
+        EXPECT_FALSE(done.ok());
+        return done ? std::string() : done.error().message();
+    };
+    PlotSettings bad;
+    bad.scale = 0.0;
+    EXPECT_NE(refused(bad, file).find("escala"), std::string::npos);
+    bad = {};
+    bad.margin = 105.0;
+    EXPECT_NE(refused(bad, file).find("margem"), std::string::npos);
+    EXPECT_EQ(bytes(file), "antigo");
+    EXPECT_NE(refused({}, folder / "falta" / "a.pdf").find("não existe"), std::string::npos);
+    fs::create_directory(folder / "pasta.pdf");
+    EXPECT_NE(refused({}, folder / "pasta.pdf").find("pasta"), std::string::npos);
+    // Nothing is left beside the files.
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 2);
+}
+
+TEST_F(Files, CommandAsksForEverything) {
+    type({L"_line", L"0,0", L"100,20", L""});
+    const std::wstring name = prancheta::toWide((folder / "folha").string());
+    type({L"plotar", (name + L".dwf").c_str(), name.c_str(), L"A9", L"a3", L"_p", L"_w", L"0,0",
+          L"0,5", L"0,0", L"100,100", L"1:0", L"1:10", L"_y"});
+    EXPECT_EQ(ui.complaints.size(), 4U) << "ending, paper, window without width, scale";
+    EXPECT_EQ(pageOf(folder / "folha.pdf"), "0 0 841.8898 1190.5512");
+    EXPECT_TRUE(said(L"Plotado em "));
+    // What was chosen is offered again; Enter takes it.
+    type({L"_-plot", (name + L"2.pdf").c_str(), L"", L"", L"", L"", L""});
+    EXPECT_TRUE(asked(L"<A3>"));
+    EXPECT_TRUE(asked(L"<Retrato>"));
+    EXPECT_TRUE(asked(L"<1:10>"));
+    EXPECT_EQ(pageOf(folder / "folha2.pdf"), "0 0 841.8898 1190.5512");
+    type({L"plot", (name + L"3.pdf").c_str(), L"", L"^C"});
+    EXPECT_FALSE(fs::exists(folder / "folha3.pdf"));
+    // The same sheet through the library: 100 units are 10 mm at 1:10.
+    type({L"plot", (name + L"4.png").c_str(), L"A4", L"_p", L"_e", L"1:10", L"_n"});
+    const QImage image(QString::fromStdString((folder / "folha4.png").string()));
+    int columns = 0;
+    for (int column = 0; column < image.width(); ++column)
+        for (int row = 0; row < image.height(); ++row)
+            if (dark(image, column, row)) {
+                ++columns;
+                break;
+            }
+    // 10 mm and 0.25 for the round ends, at 300 dots an inch.
+    EXPECT_NEAR(columns, 10.25 / 25.4 * 300.0, 1.5);
+}
+
+}  // namespace
+}  // namespace plotting

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Rows and marks of the material list that follow their pieces.
+#pragma once
+
+#include "dbid.h"
+
+namespace zp::lista {
+
+/// From now on the row and the mark of a piece that is edited follow it: texts, length, masses,
+/// areas, and the mark's tip where it stands on a corner of the picture.
+void comecaAAcompanhar();
+void paraDeAcompanhar();
+
+/// Record of the row that a mark, or the mark of a piece, belongs to; null when there is none. O(1)
+/// while rows are only added.
+AcDbObjectId registroDe(AcDbObjectId marcaOuPeca);
+/// To be called when a drawing goes away: its ids may come back as those of another one.
+void esqueceLinhas();
+
+/// Number of pieces in the row of a piece; 0 when it is in no list.
+int quantidadeListada(AcDbObjectId peca);
+/// The row and the mark of `antes` stand for `peca` from now on, so many times. False when there is
+/// none.
+bool mudaListada(AcDbObjectId antes, AcDbObjectId peca, int quantidade);
+/// Erases the mark of a piece, which takes its row out of the count.
+void retiraListada(AcDbObjectId peca);
+
+}  // namespace zp::lista

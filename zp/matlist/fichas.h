@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+// Property sheets of marks for any host that shows them.
+#pragma once
+
+namespace zp::lista {
+
+/// Attaches the sheets to the class of marks, and takes them away again.
+void instalaFichas();
+void retiraFichas();
+
+}  // namespace zp::lista

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+// Property sheets of pieces for any host that shows them.
+#pragma once
+
+namespace zp::fichas {
+
+/// Attaches the sheets to the class of all pieces, and takes them away again.
+void instala();
+void retira();
+
+}  // namespace zp::fichas

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+// Values of pieces as a user changes them.
+#include "zp/objects/medidas_editaveis.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <numbers>
+
+#include "zp/objects/peca.h"
+
+namespace zp::fichas {
+namespace {
+
+using secao::Classe;
+using secao::Papel;
+using enum Papel;
+
+constexpr double kGraus = 180.0 / std::numbers::pi;
+
+// clang-format off
+constexpr Medida kMedidas[] = {
+    {H,    L"h",    L"Altura (h)",                       L"mm",   1.0,    Limite::Positivo},
+    {D,    L"d",    L"Diâmetro externo (d)",             L"mm",   1.0,    Limite::Positivo},
+    {Dint, L"dint", L"Diâmetro interno (di)",            L"mm",   1.0,    Limite::Livre},
+    {B1,   L"b1",   L"Largura da mesa superior (b1)",    L"mm",   1.0,    Limite::Positivo},
+    {B2,   L"b2",   L"Largura da mesa inferior (b2)",    L"mm",   1.0,    Limite::Positivo},
+    {Bc,   L"bc",   L"Largura da mesa superior (bc)",    L"mm",   1.0,    Limite::Positivo},
+    {Bb,   L"bb",   L"Largura da mesa inferior (bb)",    L"mm",   1.0,    Limite::Positivo},
+    {T,    L"t",    L"Espessura (t)",                    L"mm",   1.0,    Limite::Positivo},
+    {Tw,   L"tw",   L"Espessura da alma (tw)",           L"mm",   1.0,    Limite::Positivo},
+    {Tf1,  L"tf1",  L"Espessura da mesa (tf)",           L"mm",   1.0,    Limite::Positivo},
+    {Tf2,  L"tf2",  L"Espessura da mesa inferior (tf2)", L"mm",   1.0,    Limite::Positivo},
+    {Tc,   L"tc",   L"Espessura da mesa superior (tc)",  L"mm",   1.0,    Limite::Positivo},
+    {Tb,   L"tb",   L"Espessura da mesa inferior (tb)",  L"mm",   1.0,    Limite::Positivo},
+    {Ri,   L"ri",   L"Raio interno (ri)",                L"mm",   1.0,    Limite::NaoNegativo},
+    {Aba,  L"aba",  L"Aba (a)",                          L"mm",   1.0,    Limite::Livre},
+    {Vao,  L"vao",  L"Afastamento (a)",                  L"mm",   1.0,    Limite::NaoNegativo},
+    {VaoV, L"vaov", L"Afastamento vertical (av)",        L"mm",   1.0,    Limite::NaoNegativo},
+    {Ang1, L"ang1", L"Ângulo da mesa superior",          L"°",    kGraus, Limite::AnguloRaso},
+    {Ang2, L"ang2", L"Ângulo da mesa inferior",          L"°",    kGraus, Limite::AnguloRaso},
+    {D1,   L"d1",   L"Largura (d1)",                     L"mm",   1.0,    Limite::Positivo},
+    {D2,   L"d2",   L"Espessura (d2)",                   L"mm",   1.0,    Limite::Positivo},
+    {M,    L"m",    L"Massa linear do catálogo (m)",     L"kg/m", 1.0,    Limite::NaoNegativo},
+};
+
+struct RotuloDeClasse {
+    Papel papel;
+    Classe classe;
+    const wchar_t* rotulo;
+};
+
+constexpr RotuloDeClasse kRotulos[] = {
+    {B1,   Classe::ZDobrado,          L"Largura das mesas (b)"},
+    {B1,   Classe::Cartola,           L"Largura (b)"},
+    {B1,   Classe::CantoneiraDobrada, L"Largura (b)"},
+    {B1,   Classe::CaixaDobrado,      L"Largura de um perfil (b)"},
+    {B1,   Classe::Box,               L"Largura (b)"},
+    {B1,   Classe::CantLaminada,      L"Largura (b)"},
+    {B1,   Classe::CantLaminadaCaixa, L"Largura (b)"},
+    {B1,   Classe::CantTDobrada,      L"Largura de uma cantoneira (b)"},
+    {B1,   Classe::CantUDobrada,      L"Largura de uma cantoneira (b)"},
+    {B1,   Classe::XDobrado,          L"Largura de uma cantoneira (b)"},
+    {B1,   Classe::CantTEELaminada,   L"Largura de uma cantoneira (b)"},
+    {B1,   Classe::CantULaminada,     L"Largura de uma cantoneira (b)"},
+    {B1,   Classe::CantCruzLaminada,  L"Largura de uma cantoneira (b)"},
+    {B1,   Classe::CantZLaminada,     L"Largura de uma cantoneira (b)"},
+    {B1,   Classe::ILaminadoUSA,      L"Largura das mesas (b)"},
+    {Tc,   Classe::ISoldado,          L"Espessura da mesa superior (tf)"},
+    {Ang1, Classe::CantoneiraDobrada, L"Ângulo entre as abas"},
+    {Vao,  Classe::CaixaDobrado,      L"Largura total (a)"},
+    {Vao,  Classe::CantUDobrada,      L"Largura total (a)"},
+    {Vao,  Classe::CantULaminada,     L"Largura total (a)"},
+    {Vao,  Classe::UULaminado,        L"Largura total (a)"},
+};
+
+/// A value that the drawing commands derive from another one. It goes along as long as it follows
+/// the rule.
+struct Regra {
+    Papel papel;
+    Papel de;
+    double fator;
+};
+
+constexpr Regra kRegras[] = {
+    {B2,  B1, 1.0}, {Bb,  Bc, 1.0}, {Ri,  T, 1.0}, {Tf1, T, 1.0}, {Tf2, T, 1.0},
+    {Ex,  B1, 1.0 / 3.0}, {Ey, H, 2.0 / 3.0}, {E, H, -1.0 / (3.0 * std::numbers::sqrt2)},
+};
+// clang-format on
+
+double* valor(Peca& p, Papel papel) {
+    const secao::Papeis* papeis = secao::papeisDe(p.classe, p.forma, p.quantos);
+    for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i)
+        if ((*papeis)[i] == papel) return &p.atuais[i];
+    return nullptr;
+}
+
+bool igual(double a, double b) { return std::abs(a - b) <= 1e-9 * std::max(1.0, std::abs(b)); }
+
+const wchar_t* foraDoLimite(Limite limite, double v) {
+    if (!std::isfinite(v)) return L"O valor é grande demais.";
+    switch (limite) {
+        case Limite::Positivo:
+            return v > 0.0 ? nullptr : L"O valor deve ser maior que zero.";
+        case Limite::NaoNegativo:
+            return v >= 0.0 ? nullptr : L"O valor não pode ser negativo.";
+        case Limite::AnguloRaso:
+            return v > 0.0 && v < std::numbers::pi ? nullptr
+                                                   : L"O ângulo deve ficar entre 0 e 180 graus.";
+        case Limite::Livre:
+            break;
+    }
+    return nullptr;
+}
+
+void acompanha(Peca& p, Papel mudado, double antes, double agora) {
+    for (const Regra& regra : kRegras) {
+        if (regra.de != mudado) continue;
+        double* const seguidor = valor(p, regra.papel);
+        if (seguidor != nullptr && igual(*seguidor, regra.fator * antes))
+            *seguidor = regra.fator * agora;
+    }
+}
+
+void largaCatalogo(Peca& p) {
+    for (const Papel papel : {M, A})
+        if (double* const dado = valor(p, papel)) *dado = 0.0;
+    p.subtipo = 0;
+}
+
+}  // namespace
+
+std::span<const Medida> medidas() { return kMedidas; }
+
+const Medida* medidaDe(const std::wstring& chave) {
+    const auto* const achada =
+        std::ranges::find_if(kMedidas, [&](const Medida& m) { return chave == m.chave; });
+    return achada != std::end(kMedidas) ? achada : nullptr;
+}
+
+const wchar_t* rotuloDe(const Medida& medida, Classe classe) {
+    for (const RotuloDeClasse& r : kRotulos)
+        if (r.papel == medida.papel && r.classe == classe) return r.rotulo;
+    return medida.rotulo;
+}
+
+std::wstring muda(Peca& p, const Medida& medida, double novo) {
+    double* const alvo = valor(p, medida.papel);
+    if (alvo == nullptr) return L"Esta peça não tem esta medida.";
+    if (const wchar_t* const motivo = foraDoLimite(medida.limite, novo)) return motivo;
+    const double antes = *alvo;
+    *alvo = novo;
+    acompanha(p, medida.papel, antes, novo);
+    if (medida.papel == M) {
+        // The area of the catalogue belongs to its mass.
+        if (double* const area = valor(p, A)) *area = 0.0;
+    } else {
+        largaCatalogo(p);
+    }
+    p.secaoGuardada.reset();
+    if (!p.chapa() && p.secao().invalida())
+        return L"Com este valor as medidas não formam uma seção; confira espessuras, abas e raios.";
+    p.dados = p.atuais;
+    return {};
+}
+
+bool leNumero(const std::wstring& texto, double& valorLido) {
+    std::string bytes;
+    for (const wchar_t c : texto) {
+        if (c == L' ') continue;
+        if (c > 127) return false;
+        bytes.push_back(c == L',' ? '.' : static_cast<char>(c));
+    }
+    const char* const inicio = bytes.data() + (bytes.starts_with('+') ? 1 : 0);
+    const char* const fim = bytes.data() + bytes.size();
+    const auto [parou, erro] = std::from_chars(inicio, fim, valorLido);
+    return erro == std::errc() && parou == fim && std::isfinite(valorLido);
+}
+
+std::wstring escreve(double v, int decimais) {
+    std::wstring texto = secao::numero(v, decimais);
+    std::ranges::replace(texto, L',', L'.');
+    return texto;
+}
+
+}  // namespace zp::fichas
