@@ -2,6 +2,9 @@
 // The two holders of a catalogue, and how a row is cut and built.
 #include "perfis/catalogues/catalogue.h"
 
+#include <optional>
+
+#include "perfis/catalogues/list_merge.h"
 #include "perfis/catalogues/list_text.h"
 #include "perfis/catalogues/str_list.h"
 #include "zp/forja/zpstringlist.h"
@@ -9,52 +12,122 @@
 namespace perfis {
 namespace {
 
-class StrListCatalogue : public Catalogue {
+/// Rows that other programs may edit at the same time: what stood there before the first edit of
+/// ours is remembered, and merged with what stands there when ours are written.
+class SharedCatalogue : public Catalogue {
 public:
-    void read(std::wstring_view path) override { (void)m_list.read(path); }
-    void write(std::wstring_view path) const override { (void)m_list.write(path); }
+    void read(std::wstring_view path) final {
+        m_before.reset();
+        m_version = fileVersion(path);
+        readRows(path);
+    }
+    void write(std::wstring_view path) const final;
+    void append(const std::wstring& row) final {
+        remember();
+        appendRow(row);
+    }
+    void replace(int index, const std::wstring& row) final {
+        remember();
+        replaceRow(index, row);
+    }
+    void remove(int index) final {
+        remember();
+        removeRow(index);
+    }
+
+protected:
+    virtual void readRows(std::wstring_view path) = 0;
+    virtual void writeRows(std::wstring_view path) const = 0;
+    virtual void appendRow(const std::wstring& row) = 0;
+    virtual void replaceRow(int index, const std::wstring& row) = 0;
+    virtual void removeRow(int index) = 0;
+    /// An empty catalogue of the same kind.
+    virtual std::unique_ptr<SharedCatalogue> another() const = 0;
+
+private:
+    Rows rows() const;
+    void remember() {
+        if (!m_before) m_before = rows();
+    }
+
+    std::optional<Rows> m_before;  ///< nothing while there are no edits
+    std::uint64_t m_version = 0;   ///< of the file that was read
+};
+
+Rows SharedCatalogue::rows() const {
+    Rows out(static_cast<std::size_t>(count()));
+    for (int i = 0; i < count(); ++i) (void)rowAt(i, out[static_cast<std::size_t>(i)]);
+    return out;
+}
+
+void SharedCatalogue::write(std::wstring_view path) const {
+    const FolderLock lock(path);
+    const std::uint64_t version = fileVersion(path);
+    // A list that was deleted meanwhile is written as it is here.
+    if (version == m_version || version == 0) return writeRows(path);
+    if (!m_before) return;  // somebody else's edits, none of ours
+    const std::unique_ptr<SharedCatalogue> merged = another();
+    merged->readRows(path);
+    const Rows all = mergedRows(*m_before, rows(), merged->rows());
+    merged->clear();
+    for (const std::wstring& row : all) merged->appendRow(row);
+    merged->writeRows(path);
+}
+
+class StrListCatalogue : public SharedCatalogue {
+public:
+    void readRows(std::wstring_view path) override { (void)m_list.read(path); }
+    void writeRows(std::wstring_view path) const override { (void)m_list.write(path); }
     void clear() override { m_list.clear(); }
     int count() const override { return static_cast<int>(m_list.count()); }
     bool rowAt(int index, std::wstring& row) const override {
         return m_list.getAt(row, static_cast<unsigned>(index)) != 0;
     }
     bool contains(const std::wstring& row) const override { return m_list.contains(row); }
-    void append(const std::wstring& row) override { (void)m_list.append(row); }
-    void replace(int index, const std::wstring& row) override {
+    void appendRow(const std::wstring& row) override { (void)m_list.append(row); }
+    void replaceRow(int index, const std::wstring& row) override {
         (void)m_list.replaceAt(row, static_cast<unsigned>(index));
     }
-    void remove(int index) override { (void)m_list.removeAt(static_cast<unsigned>(index)); }
+    void removeRow(int index) override { (void)m_list.removeAt(static_cast<unsigned>(index)); }
     void fill(ads_hdlg dialog, const wchar_t* key) const override {
         (void)m_list.fillTile(dialog, key);
+    }
+
+    std::unique_ptr<SharedCatalogue> another() const override {
+        return std::make_unique<StrListCatalogue>();
     }
 
 private:
     ZpStrList m_list;
 };
 
-class StringListCatalogue : public Catalogue {
+class StringListCatalogue : public SharedCatalogue {
 public:
-    void read(std::wstring_view path) override;
-    void write(std::wstring_view path) const override;
+    void readRows(std::wstring_view path) override;
+    void writeRows(std::wstring_view path) const override;
     void clear() override { m_list.clear(); }
     int count() const override { return m_list.length(); }
     bool rowAt(int index, std::wstring& row) const override;
     bool contains(const std::wstring& row) const override {
         return m_list.contains(ZpString(row.c_str()));
     }
-    void append(const std::wstring& row) override { m_list.append(ZpString(row.c_str())); }
-    void replace(int index, const std::wstring& row) override {
+    void appendRow(const std::wstring& row) override { m_list.append(ZpString(row.c_str())); }
+    void replaceRow(int index, const std::wstring& row) override {
         m_list.setAt(index, ZpString(row.c_str()));
     }
-    void remove(int index) override { m_list.removeAt(index); }
+    void removeRow(int index) override { m_list.removeAt(index); }
     void fill(ads_hdlg dialog, const wchar_t* key) const override;
+
+    std::unique_ptr<SharedCatalogue> another() const override {
+        return std::make_unique<StringListCatalogue>();
+    }
 
 private:
     ZpStringList m_list;
     ListFormat m_format;
 };
 
-void StringListCatalogue::read(std::wstring_view path) {
+void StringListCatalogue::readRows(std::wstring_view path) {
     constexpr std::size_t kReadBuffer = 511;
     const std::optional<ListText> list = readListText(path);
     if (!list) return;
@@ -69,7 +142,7 @@ void StringListCatalogue::read(std::wstring_view path) {
     }
 }
 
-void StringListCatalogue::write(std::wstring_view path) const {
+void StringListCatalogue::writeRows(std::wstring_view path) const {
     std::wstring text;
     for (int i = 0; i < m_list.length(); ++i)
         text += static_cast<const wchar_t*>(m_list.at(i) + L"\n");

@@ -108,7 +108,9 @@ std::vector<AcDbObjectId> listedPlates(const PieceValues& piece) {
 /// The rows of a piece that is in the list.
 void updateList(const ViewsChoice& views, const PieceValues& piece,
                 const std::vector<AcDbObjectId>& listed, LaidPlates& laid) {
-    const bool stays = views.materialList && !views.sectionOnly;
+    // A section is not entered, but one that is there stays.
+    const bool allowed = !views.sectionOnly || piece.view == ZpObject::kVistaSecao;
+    const bool stays = views.materialList && allowed;
     const int pieces = pieceCount(views);
     if (stays)
         (void)zp::lista::mudaListada(piece.id, piece.id, pieces);

@@ -2,6 +2,7 @@
 // The few places where the two targets of this module differ: numbers in texts, environment, files.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,6 +29,22 @@ std::optional<std::string> readFile(std::wstring_view path);
 /// Puts `bytes` in place of the file through a flushed temporary file beside it. On failure (also
 /// when the file there may not be written) false, and what was there stays.
 bool replaceFile(std::wstring_view path, std::string_view bytes);
+
+/// Changes when a file is written or replaced; 0 when it cannot be asked.
+std::uint64_t fileVersion(std::wstring_view path);
+
+/// Keeps other programs of this kind from replacing files of the same folder while it lives. Where
+/// the folder cannot be locked nothing is kept, and nothing fails.
+class FolderLock {
+public:
+    explicit FolderLock(std::wstring_view fileInFolder);
+    ~FolderLock();
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+private:
+    int m_descriptor = -1;
+};
 
 /// True where text files end their lines with carriage return and line feed.
 #ifdef _WIN32

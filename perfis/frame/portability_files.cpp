@@ -10,12 +10,18 @@
 #include "perfis/frame/portability.h"
 
 #ifdef _WIN32
+#include <fcntl.h>
 #include <io.h>
 #include <process.h>
+#include <share.h>
+#include <sys/stat.h>
 
+#include <chrono>
 #include <cstdio>
+#include <thread>
 #else
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -40,6 +46,20 @@ bool writeFlushed(const fs::path& file, std::string_view bytes, const fs::path&)
     return std::fclose(stream) == 0 && good;
 }
 void flushFolder(const fs::path&) {}
+
+/// A file that goes with its handle; who finds it taken tries again for a while.
+int lockFolder(const fs::path& folder) {
+    constexpr int kFlags = _O_CREAT | _O_RDWR | _O_TEMPORARY | _O_NOINHERIT;
+    for (int tries = 0; tries < 200; ++tries) {
+        int descriptor = -1;
+        const fs::path file = folder / L"listas.lock";
+        if (_wsopen_s(&descriptor, file.c_str(), kFlags, _SH_DENYRW, _S_IREAD | _S_IWRITE) == 0)
+            return descriptor;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return -1;
+}
+void unlockFolder(int descriptor) { (void)_close(descriptor); }
 
 #else
 
@@ -98,9 +118,36 @@ void flushFolder(const fs::path& folder) {
     (void)::close(descriptor);
 }
 
+int lockFolder(const fs::path& folder) {
+    const int descriptor =
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) (void)::flock(descriptor, LOCK_EX);
+    return descriptor;
+}
+void unlockFolder(int descriptor) { (void)::close(descriptor); }
+
 #endif
 
 }  // namespace
+
+FolderLock::FolderLock(std::wstring_view fileInFolder)
+    : m_descriptor(lockFolder(nativePath(fileInFolder).parent_path())) {}
+
+FolderLock::~FolderLock() {
+    if (m_descriptor >= 0) unlockFolder(m_descriptor);
+}
+
+std::uint64_t fileVersion(std::wstring_view path) {
+    std::error_code error;
+    const fs::path file = nativePath(path);
+    const auto time = fs::last_write_time(file, error);
+    if (error) return 0;
+    const std::uintmax_t size = fs::file_size(file, error);
+    // Odd multiplier: two files of different size and equal time get different numbers.
+    return error ? 0
+                 : static_cast<std::uint64_t>(time.time_since_epoch().count()) +
+                       static_cast<std::uint64_t>(size) * 0x9E3779B97F4A7C15ULL;
+}
 
 std::optional<std::string> readFile(std::wstring_view path) {
     const fs::path file = nativePath(path);

@@ -86,7 +86,7 @@ TEST(Values, CutsAnywhereInALargeFileAreTold) {
     registerEntityClasses();
     const Folder folder;
     std::string script;
-    for (int i = 0; i < 800; ++i)
+    for (int i = 0; i < 1600; ++i)
         script += "_line\n" + std::to_string(i) + ",0\n" + std::to_string(i) + ".5,9\n\n";
     put(folder / "roteiro", script);
     ASSERT_EQ(runConsole(folder, {"--sem-modulos", "-r", "roteiro", "-o", "a.dxf"}).code, 0);
