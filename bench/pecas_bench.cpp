@@ -70,8 +70,8 @@ AcDbObjectId makePiece(double x) {
     return id;
 }
 
-/// What the end of a command does for the entity library: new pieces have their links checked. Outside a command
-/// any change does it.
+/// What the end of a command does for the entity library: new pieces have their links checked.
+/// Outside a command any change does it.
 void settle(AcDbObjectId last) {
     const AcDbObjectPointer<ZpObject> piece(last, AcDb::kForWrite);
     (void)piece->AlteraComprimento(1001.0);

@@ -26,6 +26,10 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${HOUSE_BIN})
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 set(CMAKE_INSTALL_RPATH $ORIGIN)
 
+if(WIN32)
+    house_runtime_beside_programs()
+endif()
+
 add_library(house INTERFACE)
 target_compile_options(house INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
 # g++ 12 reports overlaps that are not there in std::string (its bug 105651).
@@ -80,7 +84,10 @@ function(house_host_library)
     add_library(prancheta SHARED ${objects})
     target_include_directories(prancheta PUBLIC ${CMAKE_SOURCE_DIR})
     target_link_libraries(prancheta PUBLIC arx protocol PRIVATE ${CMAKE_DL_LIBS})
-    target_link_options(prancheta PRIVATE ${HOUSE_NO_UNDEFINED} -Wl,-Bsymbolic-functions)
+    target_link_options(prancheta PRIVATE ${HOUSE_NO_UNDEFINED})
+    if(NOT WIN32)
+        target_link_options(prancheta PRIVATE -Wl,-Bsymbolic-functions)
+    endif()
 endfunction()
 
 # house_module(NAME OUTPUT file name SOURCES ... KNOWS ...)

@@ -72,7 +72,8 @@ int ZpStrList::removeAt(unsigned index) {
 }
 
 int ZpStrList::prepend(std::wstring_view text) {
-    m_first = new Node{copyOf(text), m_first};
+    auto* const node = new Node{copyOf(text), m_first};
+    m_first = node;
     if (m_last == nullptr) m_last = m_first;
     ++m_count;
     return 1;

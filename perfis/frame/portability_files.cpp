@@ -17,7 +17,6 @@
 #include <sys/stat.h>
 
 #include <chrono>
-#include <cstdio>
 #include <thread>
 #else
 #include <fcntl.h>
@@ -38,12 +37,20 @@ bool mayWrite(const fs::path& file) { return _waccess(file.c_str(), 2) == 0; }
 int processNumber() { return _getpid(); }
 
 bool writeFlushed(const fs::path& file, std::string_view bytes, const fs::path&) {
-    std::FILE* const stream = _wfopen(file.c_str(), L"wbx");
-    if (stream == nullptr) return false;
-    bool good = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
-    good = std::fflush(stream) == 0 && good;
-    good = _commit(_fileno(stream)) == 0 && good;
-    return std::fclose(stream) == 0 && good;
+    constexpr int kFlags = _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT;
+    constexpr std::size_t kChunk = 1U << 20;
+    int descriptor = -1;
+    if (_wsopen_s(&descriptor, file.c_str(), kFlags, _SH_DENYWR, _S_IREAD | _S_IWRITE) != 0)
+        return false;
+    bool good = true;
+    while (good && !bytes.empty()) {
+        const auto size = static_cast<unsigned>(bytes.size() < kChunk ? bytes.size() : kChunk);
+        const int written = _write(descriptor, bytes.data(), size);
+        good = written > 0;
+        if (good) bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    good = _commit(descriptor) == 0 && good;
+    return _close(descriptor) == 0 && good;
 }
 void flushFolder(const fs::path&) {}
 

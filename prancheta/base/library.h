@@ -24,7 +24,16 @@ std::vector<std::filesystem::path> neededModules(void* library);
 
 /// Folder of the running program; empty when the system does not tell.
 std::filesystem::path folderOfProgram();
+/// Variable of the environment; empty when it is not set.
+std::string environment(const char* name);
 /// Sets a variable of the environment for this process and its children.
 void setEnvironment(const char* name, const std::string& utf8Value);
+/// The program's arguments in UTF-8, its own name first.
+std::vector<std::string> programArguments(int argc, const char* const* argv);
+
+/// From here on a terminal shows and gives UTF-8.
+void useUtf8Terminal();
+/// Whether somebody types the standard input.
+bool inputIsTerminal();
 
 }  // namespace prancheta

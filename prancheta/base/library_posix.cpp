@@ -2,6 +2,7 @@
 // Dynamic libraries by the dynamic linker of ELF systems.
 #include <dlfcn.h>
 #include <link.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <string_view>
@@ -60,8 +61,21 @@ fs::path folderOfProgram() {
     return error ? fs::path() : program.parent_path();
 }
 
+std::string environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
 void setEnvironment(const char* name, const std::string& utf8Value) {
     setenv(name, utf8Value.c_str(), 1);
 }
+
+std::vector<std::string> programArguments(int argc, const char* const* argv) {
+    return {argv, argv + argc};
+}
+
+void useUtf8Terminal() {}
+
+bool inputIsTerminal() { return ::isatty(STDIN_FILENO) != 0; }
 
 }  // namespace prancheta

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Dynamic libraries by the loader of Windows.
+#include <io.h>
 #include <windows.h>
 
+#include <shellapi.h>
+
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -75,8 +79,31 @@ std::vector<fs::path> neededModules(void* library) {
 
 fs::path folderOfProgram() { return fileOf(nullptr).parent_path(); }
 
+std::string environment(const char* name) {
+    const wchar_t* const value = _wgetenv(toWide(name).c_str());
+    return value != nullptr ? toUtf8(value) : std::string();
+}
+
 void setEnvironment(const char* name, const std::string& utf8Value) {
     _wputenv_s(toWide(name).c_str(), toWide(utf8Value).c_str());
 }
+
+std::vector<std::string> programArguments(int argc, const char* const* argv) {
+    // Those of main() have lost what the system's code page does not have.
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (words == nullptr) return {argv, argv + argc};
+    std::vector<std::string> arguments;
+    for (int i = 0; i < count; ++i) arguments.push_back(toUtf8(words[i]));
+    LocalFree(static_cast<HLOCAL>(words));
+    return arguments;
+}
+
+void useUtf8Terminal() {
+    SetConsoleOutputCP(CP_UTF8);
+    SetConsoleCP(CP_UTF8);
+}
+
+bool inputIsTerminal() { return _isatty(_fileno(stdin)) != 0; }
 
 }  // namespace prancheta

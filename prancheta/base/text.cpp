@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "prancheta/base/code_point.h"
+
 namespace prancheta {
 namespace {
 
@@ -77,7 +79,7 @@ View trimmed(View text, View blanks) {
 std::string toUtf8(std::wstring_view text) {
     std::string out;
     out.reserve(text.size());
-    for (const wchar_t c : text) appendUtf8(out, static_cast<char32_t>(c));
+    for (std::size_t at = 0; at < text.size();) appendUtf8(out, nextWide(text, at));
     return out;
 }
 
@@ -87,7 +89,7 @@ std::wstring toWide(std::string_view utf8) {
     for (std::size_t at = 0; at < utf8.size();) {
         char32_t c = 0;
         if (!decode(utf8, at, c)) c = fromLatin(static_cast<unsigned char>(utf8[at++]));
-        out.push_back(static_cast<wchar_t>(c));
+        appendWide(out, c);
     }
     return out;
 }

@@ -35,8 +35,8 @@ EventLog::~EventLog() { (void)close(); }
 
 Result<void> EventLog::open(const std::filesystem::path& path) {
     m_path = path;
-    m_file = std::fopen(path.c_str(), "wbe");
-    if (m_file == nullptr)
+    m_file.open(path, std::ios::binary | std::ios::trunc);
+    if (!m_file)
         return Error{"não foi possível gravar o registro: " + errnoText(errno), path.string(), 0,
                      0};
     setEventSink([this](const Event& event) { write(event); });
@@ -44,10 +44,10 @@ Result<void> EventLog::open(const std::filesystem::path& path) {
 }
 
 Result<void> EventLog::close() {
-    if (m_file == nullptr) return {};
+    if (!m_file.is_open()) return {};
     setEventSink(nullptr);
-    if (std::fclose(m_file) != 0 && m_errno == 0) m_errno = errno;
-    m_file = nullptr;
+    m_file.close();
+    if (!m_file && m_errno == 0) m_errno = errno;
     if (m_errno == 0) return {};
     return Error{"o registro ficou incompleto: " + errnoText(m_errno), m_path.string(), 0, 0};
 }
@@ -60,8 +60,7 @@ void EventLog::write(const Event& event) {
     const std::string line = object.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
     // Flushed at once: whoever follows the record sees what has happened, also when the process
     // dies.
-    if (std::fwrite(line.data(), 1, line.size(), m_file) != line.size() || std::fflush(m_file) != 0)
-        m_errno = m_errno == 0 ? errno : m_errno;
+    if (!(m_file << line << std::flush) && m_errno == 0) m_errno = errno != 0 ? errno : EIO;
 }
 
 }  // namespace prancheta::console

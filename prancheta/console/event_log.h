@@ -2,8 +2,8 @@
 // The event record: one JSON object a line, written as things happen.
 #pragma once
 
-#include <cstdio>
 #include <filesystem>
+#include <fstream>
 
 #include "prancheta/base/event.h"
 #include "prancheta/base/result.h"
@@ -29,7 +29,7 @@ private:
 
     const Script& m_script;
     std::filesystem::path m_path;
-    std::FILE* m_file = nullptr;
+    std::ofstream m_file;
     int m_errno = 0;
 };
 

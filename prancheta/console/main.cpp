@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "prancheta/base/library.h"
 #include "prancheta/console/console_ui.h"
 #include "prancheta/console/event_log.h"
 #include "prancheta/console/options.h"
@@ -104,6 +105,7 @@ int run(const Options& options) {
 
 int main(int argc, char** argv) {
     using namespace prancheta::console;
+    prancheta::useUtf8Terminal();
     int exitCode = kDone;
     const auto options = readOptions(argc, argv, exitCode);
     if (!options) return exitCode;

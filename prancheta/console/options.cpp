@@ -3,7 +3,10 @@
 #include "prancheta/console/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
+
+#include "prancheta/base/library.h"
 
 namespace prancheta::console {
 namespace {
@@ -65,8 +68,12 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_flag("--sem-modulos", noModules, "não carrega os módulos de costume");
 
     exitCode = kDone;
+    // The library takes them backwards, without the program's name.
+    std::vector<std::string> words = programArguments(argc, argv);
+    if (!words.empty()) words.erase(words.begin());
+    std::reverse(words.begin(), words.end());
     try {
-        app.parse(argc, argv);
+        app.parse(std::move(words));
     } catch (const CLI::CallForHelp&) {
         std::cout << app.help();
         return std::nullopt;

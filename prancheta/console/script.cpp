@@ -2,18 +2,17 @@
 // Lines of a script.
 #include "prancheta/console/script.h"
 
-#include <unistd.h>
-
 #include <iostream>
 #include <sstream>
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 
 namespace prancheta::console {
 
 Result<Script> Script::open(const std::string& path) {
-    if (path == "-") return Script(nullptr, std::cin, "entrada", ::isatty(STDIN_FILENO) != 0);
+    if (path == "-") return Script(nullptr, std::cin, "entrada", inputIsTerminal());
     auto content = readFile(path);
     if (!content) return content.error();
     auto stream = std::make_unique<std::istringstream>(std::move(*content));

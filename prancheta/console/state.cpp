@@ -2,6 +2,9 @@
 // Variables, layers, entities and material list of a drawing.
 #include "prancheta/console/state.h"
 
+#include <set>
+#include <string>
+
 #include "dbdim.h"
 #include "dbsymtb.h"
 #include "prancheta/base/file.h"
@@ -149,6 +152,19 @@ private:
     std::size_t m_items = 0;
 };
 
+/// Modules tell the rows' lists too, for front ends that show them; the state has these fields only.
+void keepRowFields(Json& rows) {
+    static const std::set<std::string> kFields = {
+        "marca",         "quantidade", "descricao",    "dimensoes",  "material", "comprimento",
+        "peso_unitario", "peso_total", "area_pintura", "observacao", "ids"};
+    for (Json& row : rows) {
+        Json kept = Json::object();
+        for (const auto& [name, value] : row.items())
+            if (kFields.contains(name)) kept[name] = value;
+        row = std::move(kept);
+    }
+}
+
 }  // namespace
 
 Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
@@ -166,6 +182,7 @@ Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
     out.endList();
     Json told = {{"lista_material", Json::array()}};
     describeDrawing(database, told);
+    keepRowFields(told["lista_material"]);
     for (const auto& [name, value] : told.items()) out.member(name, value);
     out.end();
     return file.commit();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Records by handle. Handles are nearly always given one after the other, so they are kept in short runs: a run costs
-// a pointer a handle, and far-apart handles of a foreign file cost one run each.
+// Records by handle. Handles are nearly always given one after the other, so they are kept in short
+// runs: a run costs a pointer a handle, and far-apart handles of a foreign file cost one run each.
 #pragma once
 
 #include <array>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What few objects carry beside their class's own data, kept small: a drawing has many such objects.
+// What few objects carry beside their class's own data, kept small: a drawing has many such
+// objects.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +28,8 @@ struct RawTagView {
     std::string_view value;
 };
 
-/// Groups in one block of memory: a list is read far more often than it is changed, and a change writes it anew.
+/// Groups in one block of memory: a list is read far more often than it is changed, and a change
+/// writes it anew.
 class PackedTags {
 public:
     /// Goes from group to group; what it gives lives as long as the list is not changed.
@@ -109,8 +111,9 @@ private:
 };
 
 struct ObjectExtra {
-    PackedTags xdata;              ///< 1001 and what follows it, all applications
-    RareVector<RawTag> foreign;    ///< groups of an opened file that the class does not model, in file order
+    PackedTags xdata;  ///< 1001 and what follows it, all applications
+    RareVector<RawTag>
+        foreign;  ///< groups of an opened file that the class does not model, in file order
     RareVector<AcDbObjectId> reactors;
     AcDbObjectId extensionDictionary;
 };

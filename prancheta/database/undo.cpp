@@ -60,8 +60,8 @@ void UndoLog::putBack(AcDbObject& object, const SavedState& state) {
 
 // --- Groups --------------------------------------------------------------------------------------
 
-/// What was known of objects is no longer that of the open group; those that stay open are recorded anew when
-/// they change again.
+/// What was known of objects is no longer that of the open group; those that stay open are recorded
+/// anew when they change again.
 void UndoLog::startGroup() {
     ++m_group;
     for (const auto& [stub, state] : m_opened) const_cast<AcDbStub*>(stub)->recorded = false;
@@ -176,7 +176,8 @@ void UndoLog::endUserGroup() {
     whole.name = L"GRUPO";
     for (std::size_t i = m_userStart + 1; i < m_done.size(); ++i) {
         auto& [name, records, variables, before, after] = m_done[i];
-        for (Record& record : records) record.variable += static_cast<std::uint32_t>(whole.variables.size());
+        for (Record& record : records)
+            record.variable += static_cast<std::uint32_t>(whole.variables.size());
         std::move(records.begin(), records.end(), std::back_inserter(whole.records));
         std::move(variables.begin(), variables.end(), std::back_inserter(whole.variables));
         whole.after = m_done[i].after;

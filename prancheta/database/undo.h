@@ -13,12 +13,13 @@
 
 namespace prancheta {
 
-/// Log of what commands did to one database. Between begin() and end() the state before an object's first change,
-/// every append and every erase are recorded; undo() takes the last group back by exchanging the recorded state
-/// with the present one, so redo is the same exchange again. An object that the group appended has no state in it:
-/// it goes and comes as a whole. Changes made outside a group are recorded as a group of their own without a name.
-/// Cost: O(objects touched) memory; a change of an object that the group knows keeps its state only until the
-/// access ends, so that cancel() can give it up.
+/// Log of what commands did to one database. Between begin() and end() the state before an object's
+/// first change, every append and every erase are recorded; undo() takes the last group back by
+/// exchanging the recorded state with the present one, so redo is the same exchange again. An
+/// object that the group appended has no state in it: it goes and comes as a whole. Changes made
+/// outside a group are recorded as a group of their own without a name. Cost: O(objects touched)
+/// memory; a change of an object that the group knows keeps its state only until the access ends,
+/// so that cancel() can give it up.
 class UndoLog {
 public:
     explicit UndoLog(AcDbDatabase& database);
@@ -26,8 +27,8 @@ public:
     UndoLog(const UndoLog&) = delete;
     UndoLog& operator=(const UndoLog&) = delete;
 
-    /// Groups nest: only the outermost pair counts. A group in which nothing happened leaves no trace
-    /// and keeps what can be redone.
+    /// Groups nest: only the outermost pair counts. A group in which nothing happened leaves no
+    /// trace and keeps what can be redone.
     void begin(std::wstring commandName);
     void end();
     bool inGroup() const { return m_depth > 0; }
@@ -43,7 +44,8 @@ public:
     /// UNDO Mark and Back; false and no change when there is no mark.
     void mark();
     bool backToMark();
-    /// UNDO Begin and End: the groups in between become one. Until then undo takes them back one by one.
+    /// UNDO Begin and End: the groups in between become one. Until then undo takes them back one by
+    /// one.
     void beginUserGroup();
     void endUserGroup();
 
@@ -56,15 +58,16 @@ public:
     void recordModified(AcDbObject& object);
     void recordAppended(AcDbObject& object);
     void recordErased(AcDbObject& object, bool erased);
-    /// A database variable (current layer, DIMSCALE, ...) is about to change; its present value is kept.
+    /// A database variable (current layer, DIMSCALE, ...) is about to change; its present value is
+    /// kept.
     void recordVariable(std::wstring name);
-    /// Gives up what was recorded of an object since it was opened for write: state and erasure are as they
-    /// were, a new object is taken out. What recording missed stays.
+    /// Gives up what was recorded of an object since it was opened for write: state and erasure are
+    /// as they were, a new object is taken out. What recording missed stays.
     void takeBack(AcDbObject& object);
     /// An access for write ended: what takeBack() would have needed goes.
     void settled(const AcDbStub* stub);
-    /// To be called right after opening a large object for write by who will not cancel(): saves keeping its state
-    /// for that when the group holds one already.
+    /// To be called right after opening a large object for write by who will not cancel(): saves
+    /// keeping its state for that when the group holds one already.
     void willNotCancel(AcDbObject& object);
     void setRecording(bool on) { m_recording = on; }
     bool undoing() const { return m_undoing; }

@@ -24,12 +24,13 @@ bool isCurrent(const Library& library) {
 Result<LoadedLibrary> loadLibrary(const fs::path& path) {
     // Includes are looked for in the current folder first, which therefore is part of the key.
     static std::map<std::pair<fs::path, fs::path>, std::shared_ptr<const Library>> cache;
-    // A file that includes nothing is current when it is the same one; its path says no more than that.
+    // A file that includes nothing is current when it is the same one; its path says no more than
+    // that.
     struct Known {
         FileStamp stamp;
         std::shared_ptr<const Library> library;
     };
-    static std::map<std::string, Known> known;
+    static std::map<fs::path::string_type, Known> known;
     const auto stamp = fileStampOf(path);
     Known& before = known[path.native()];
     if (stamp && before.library != nullptr && before.stamp == *stamp)

@@ -367,7 +367,7 @@ Library finishLoad(Load&& load) {
     std::erase_if(library.findings, [&](const Finding& finding) {
         return static_cast<int>(finding.severity) > library.auditLevel;
     });
-    return std::move(library);
+    return std::move(load.library);
 }
 
 }  // namespace

@@ -70,7 +70,8 @@ private:
     void forget(const OpenDialog& dialog);
 
     Metrics m_metrics;
-    /// Where the tiles of each definition stand; the definitions are kept, so that their addresses stay theirs.
+    /// Where the tiles of each definition stand; the definitions are kept, so that their addresses
+    /// stay theirs.
     std::map<DefinitionPtr, std::shared_ptr<std::vector<Box>>> m_boxes;
     std::uint32_t m_lastSerial = 0;
 };

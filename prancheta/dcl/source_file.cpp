@@ -40,8 +40,6 @@ Result<std::string> readSource(const fs::path& path) {
     return isValidUtf8(text) ? text : utf8FromLatin(text);
 }
 
-SourceStamp stampOf(const fs::path& path) {
-    return {path, fileStampOf(path)};
-}
+SourceStamp stampOf(const fs::path& path) { return {path, fileStampOf(path)}; }
 
 }  // namespace prancheta::dcl

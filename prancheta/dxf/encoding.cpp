@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "prancheta/base/code_point.h"
 #include "prancheta/base/text.h"
 
 namespace prancheta::dxf {
@@ -33,7 +34,7 @@ std::wstring wideFrom1252(std::string_view text) {
 }
 
 /// Byte of a character in Windows-1252, -1 when it has none.
-int byteOf(wchar_t c) {
+int byteOf(char32_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<int>(c);
     const auto* const at = std::find(std::begin(kHigh), std::end(kHigh), static_cast<char16_t>(c));
     return c > 0xFFFF || at == std::end(kHigh) ? -1 : 0x80 + static_cast<int>(at - kHigh);
@@ -55,9 +56,6 @@ int escapeAt(std::wstring_view text, std::size_t at) {
     return value;
 }
 
-constexpr bool isHighSurrogate(int c) { return c >= 0xD800 && c < 0xDC00; }
-constexpr bool isLowSurrogate(int c) { return c >= 0xDC00 && c < 0xE000; }
-
 /// Decodes \U+XXXX; control characters, which would break lines, and half surrogates stay escaped.
 void decodeEscapes(std::wstring& text) {
     if (text.find(L"\\U+") == std::wstring::npos) return;
@@ -75,7 +73,7 @@ void decodeEscapes(std::wstring& text) {
         if (c < 0x20 || (c >= 0xD800 && c < 0xE000)) {
             out.push_back(text[at++]);
         } else {
-            out.push_back(static_cast<wchar_t>(c));
+            appendWide(out, static_cast<char32_t>(c));
             at += length;
         }
     }
@@ -139,16 +137,19 @@ void appendEncoded(std::string& out, std::string_view utf8, Charset charset) {
         out += utf8;
         return;
     }
-    for (const wchar_t c : toWide(utf8)) {
+    const std::wstring wide = toWide(utf8);
+    for (std::size_t at = 0; at < wide.size();) {
+        const std::size_t first = at;
+        const char32_t c = nextWide(wide, at);
         if (c == L'\n' || c == L'\r' || c == L'\0') {
             out.push_back('^');
             out.push_back(static_cast<char>(c + '@'));
         } else if (charset == Charset::Utf8) {
-            out += toUtf8(std::wstring_view(&c, 1));
+            out += toUtf8(std::wstring_view(wide).substr(first, at - first));
         } else if (const int byte = byteOf(c); byte >= 0) {
             out.push_back(static_cast<char>(byte));
         } else if (c > 0xFFFF) {
-            const auto rest = static_cast<unsigned>(c) - 0x10000U;
+            const auto rest = c - 0x10000U;
             appendEscape(out, 0xD800U + (rest >> 10));
             appendEscape(out, 0xDC00U + (rest & 0x3FFU));
         } else {

@@ -14,6 +14,7 @@
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/editor/running.h"
+#include "prancheta/editor/saved_view.h"
 #include "prancheta/editor/selection_sets.h"
 
 namespace prancheta {
@@ -71,7 +72,8 @@ void nameDrawing(SystemVariables& variables, const std::filesystem::path& file) 
     const std::filesystem::path shown = file.empty() ? "Desenho1.dxf" : file;
     const std::wstring folder = toWide(shown.parent_path().string());
     variables.force(L"DWGNAME", toWide(shown.filename().string()));
-    variables.force(L"DWGPREFIX", folder.empty() ? folder : folder + L"/");
+    constexpr auto kSeparator = static_cast<wchar_t>(std::filesystem::path::preferred_separator);
+    variables.force(L"DWGPREFIX", folder.empty() ? folder : folder + kSeparator);
 }
 
 /// Settings of the session outlive the drawing; the last point does not.
@@ -168,6 +170,7 @@ Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database,
     tellClosing();
     adoptDatabase(std::move(database), std::move(fileName));
     tellOpened();
+    m_view = openingView(*this);
     if (onDocumentChanged) onDocumentChanged();
     m_ui.refresh();
     return {};

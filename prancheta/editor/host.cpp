@@ -3,7 +3,6 @@
 #include "prancheta/editor/host.h"
 
 #include <clocale>
-#include <cstdlib>
 #include <system_error>
 
 #include "prancheta/base/file.h"
@@ -23,8 +22,7 @@ constexpr const char* kInstallationVariable = "ZPFORJA2010";
 void setInstallation(const HostOptions& options) {
     if (options.installation.empty()) return;
     const std::filesystem::path folder = std::filesystem::absolute(options.installation);
-    const char* present = std::getenv(kInstallationVariable);
-    const bool known = present != nullptr && *present != 0;
+    const bool known = !environment(kInstallationVariable).empty();
     if (!known || options.installationOverrides)
         setEnvironment(kInstallationVariable, folder.string());
 }
@@ -38,10 +36,7 @@ void setLocale() {
 
 }  // namespace
 
-std::filesystem::path Host::installationFolder() {
-    const char* folder = std::getenv(kInstallationVariable);
-    return folder != nullptr ? std::filesystem::path(folder) : std::filesystem::path();
-}
+std::filesystem::path Host::installationFolder() { return environment(kInstallationVariable); }
 
 std::filesystem::path Host::programFolder() { return folderOfProgram(); }
 

@@ -3,11 +3,11 @@
 #include "prancheta/editor/installation.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/library.h"
 
 namespace prancheta {
 namespace {
@@ -18,12 +18,18 @@ namespace fs = std::filesystem;
 constexpr const char* kStamp = "versao";
 /// What users do not edit; everything else is theirs once it is there.
 constexpr const char* kOurs[] = {".dcl", ".slb", ".json", ".md"};
+/// Where the system keeps what programs write for one user.
+#ifdef _WIN32
+constexpr const char* kDataVariable = "LOCALAPPDATA";
+#else
+constexpr const char* kDataVariable = "XDG_DATA_HOME";
+#endif
 
 fs::path userFolder() {
-    const char* const data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && *data == '/') return fs::path(data) / "prancheta" / "instalacao";
-    const char* const home = std::getenv("HOME");
-    if (home == nullptr || *home == 0) return {};
+    const fs::path data = environment(kDataVariable);
+    if (data.is_absolute()) return data / "prancheta" / "instalacao";
+    const std::string home = environment("HOME");
+    if (home.empty()) return {};
     return fs::path(home) / ".local" / "share" / "prancheta" / "instalacao";
 }
 

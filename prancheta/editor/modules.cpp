@@ -113,9 +113,10 @@ Result<void> ModuleTable::loadFile(const std::filesystem::path& file) {
     for (const std::filesystem::path& needed : neededModules(handle)) {
         module->needs.push_back(fileNameOf(needed));
         Result<void> loaded = load(needed);
-        if (loaded) continue;
-        closeLibrary(handle);
-        return loaded;
+        if (!loaded) {
+            closeLibrary(handle);
+            return loaded;
+        }
     }
     module->entry = reinterpret_cast<decltype(module->entry)>(symbolOf(handle, "acrxEntryPoint"));
     if (module->entry == nullptr) {

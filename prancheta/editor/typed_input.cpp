@@ -146,7 +146,7 @@ std::optional<double> readAngle(std::wstring_view text, int units) {
     if (takeChar(rest, L'r')) return rest.empty() ? value : std::nullopt;
     if (takeChar(rest, L'g'))
         return rest.empty() ? std::optional(*value * kPi / 200.0) : std::nullopt;
-    if (rest.front() == L'/') {
+    if (rest.starts_with(L'/')) {
         value = readNumber(text);
         return value ? std::optional(*value * radiansPerUnit(units)) : std::nullopt;
     }

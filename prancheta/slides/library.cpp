@@ -42,10 +42,10 @@ void decodeInto(LoadedFile& file, const std::string& bytes, bool isLibrary) {
     for (const LibraryEntry& entry : *entries) add(entry.name, entry.image);
 }
 
-/// Null when the file cannot be read. A dialog shows many slides of few files: a file that is still the one that was
-/// read costs one question to the system.
+/// Null when the file cannot be read. A dialog shows many slides of few files: a file that is still
+/// the one that was read costs one question to the system.
 const LoadedFile* loadedFile(const std::wstring& written, bool isLibrary) {
-    static std::map<std::string, LoadedFile> cache;
+    static std::map<fs::path::string_type, LoadedFile> cache;
     std::string slashed = toUtf8(written);
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
     fs::path path(std::move(slashed));

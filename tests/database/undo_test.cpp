@@ -109,7 +109,8 @@ TEST_F(UndoTest, ObjectsKeptOpenAreRecordedInEachCommand) {
     EXPECT_EQ(alive(), 1u);
 }
 
-// One group opens the object three times: each access can be given up alone, and the group is one step.
+// One group opens the object three times: each access can be given up alone, and the group is one
+// step.
 TEST_F(UndoTest, CancelGivesUpOneAccessOfMany) {
     const AcDbObjectId old = append(database, new Piece(1));
     AcDbObjectId made;

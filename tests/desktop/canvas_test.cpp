@@ -218,11 +218,13 @@ protected:
         return image;
     }
     /// But for a few pixels where a line is cut at the edge of what was painted.
-    static bool alike(const QImage& a, const QImage& b) {
+    static testing::AssertionResult alike(const QImage& a, const QImage& b) {
         int different = 0;
         for (int y = 0; y < a.height(); ++y)
             for (int x = 0; x < a.width(); ++x) different += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
-        return a.size() == b.size() && different < 150;
+        const double logical = different / (a.devicePixelRatio() * a.devicePixelRatio());
+        if (a.size() == b.size() && logical < 150.0) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << different << " pixels differ";
     }
     void drawSomething() {
         for (int i = 0; i < 40; ++i) {

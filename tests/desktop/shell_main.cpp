@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("ZPFORJA2010");
     QApplication application(argc, argv);
+    QApplication::setOrganizationName("prancheta");
     QApplication::setApplicationName("prancheta");
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);

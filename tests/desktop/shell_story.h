@@ -117,7 +117,8 @@ private:
             if (step.condition && !step.condition()) {
                 if (++m_waited > kMostTicks) {
                     m_stuck = true;
-                    ADD_FAILURE() << "step " << m_next << " waits in vain";
+                    ADD_FAILURE() << "step " << m_next << " waits in vain:\n"
+                                  << window().commandLine().document()->toPlainText().toStdString();
                     m_next = m_steps.size();
                 }
                 return;

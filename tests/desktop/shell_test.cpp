@@ -231,10 +231,9 @@ TEST_F(Window, DrawsAProfileFromItsDialog) {
                    const AcDbObjectPointer<AcDbEntity> piece(story.entity(0), AcDb::kForRead);
                    EXPECT_STREQ(piece->isA()->name(), L"ZpUDobrado");
                    // The turn that follows the placing is a step of its own.
-                   QTest::keyClick(&story.edit(), Qt::Key_Z, Qt::ControlModifier);
+                   story.window().entry("desfazer")->trigger();
                });
-    story.when([&] { return story.idle(); },
-               [&] { QTest::keyClick(&story.edit(), Qt::Key_Z, Qt::ControlModifier); });
+    story.when([&] { return story.idle(); }, [&] { story.window().entry("desfazer")->trigger(); });
     story.when([&] { return story.idle() && story.entities() == 0; }, [] {});
     EXPECT_TRUE(story.run());
 }

@@ -16,5 +16,3 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     }
     return AcRx::kRetOK;
 }
-
-extern "C" int acrxGetApiVersion() { return 18; }

@@ -26,6 +26,8 @@ struct Aberta {
 Aberta g_aberta;
 int g_ultimaLista = 0;
 
+const wchar_t* ouVazio(const wchar_t* texto) { return texto != nullptr ? texto : L""; }
+
 /// Which of several lists; 0 when the user declined.
 int perguntaLista(const std::vector<zp::lista::Lista>& listas) {
     const auto existe = [&](int n) {
@@ -54,18 +56,16 @@ CCountMarca::~CCountMarca() {
 Linha::Linha(const wchar_t* marcaDada, int quantidadeDada, const wchar_t* descricaoDada,
              const wchar_t* dimensoesDadas, const wchar_t* materialDado, double comprimentoDado,
              double unitario, double total, double pintura, const wchar_t* observacaoDada)
-    : quantidade(quantidadeDada),
+    : marca(ouVazio(marcaDada)),
+      quantidade(quantidadeDada),
+      descricao(ouVazio(descricaoDada)),
+      dimensoes(ouVazio(dimensoesDadas)),
+      material(ouVazio(materialDado)),
       comprimento(comprimentoDado),
       pesoUnitario(unitario),
       pesoTotal(total),
-      areaPintura(pintura) {
-    const auto texto = [](const wchar_t* t) { return t != nullptr ? t : L""; };
-    marca = texto(marcaDada);
-    descricao = texto(descricaoDada);
-    dimensoes = texto(dimensoesDadas);
-    material = texto(materialDado);
-    observacao = texto(observacaoDada);
-}
+      areaPintura(pintura),
+      observacao(ouVazio(observacaoDada)) {}
 
 Linha::~Linha() = default;
 

@@ -140,6 +140,10 @@ void comandoListaMaterial() {
             exporta(*lista, L"\nArquivo CSV: ", L".csv", gravaCsv);
             break;
         case Acao::Xlsx:
+            if (!sabeXlsx()) {
+                acutPrintf(L"\nEsta versão do programa não grava planilhas XLSX; use a opção CSV.");
+                return;
+            }
             exporta(*lista, L"\nArquivo XLSX: ", L".xlsx", gravaXlsx);
             break;
         default:

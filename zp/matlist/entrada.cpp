@@ -48,5 +48,3 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     if (msg == AcRx::kUnloadAppMsg) encerra();
     return AcRx::kRetOK;
 }
-
-extern "C" int acrxGetApiVersion() { return 18; }

@@ -108,6 +108,8 @@ bool escreve(const std::filesystem::path& caminho, const std::vector<Linha>& lin
 
 }  // namespace
 
+bool sabeXlsx() { return true; }
+
 bool gravaXlsx(const std::wstring& caminho, const std::vector<Linha>& linhas) {
     const std::filesystem::path destino = caminhoDe(caminho);
     std::filesystem::path provisorio = destino;

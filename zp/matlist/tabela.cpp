@@ -118,8 +118,14 @@ Totais totaisDe(const std::vector<Linha>& linhas) {
 
 std::string utf8(const std::wstring& texto) {
     std::string bytes;
-    for (const wchar_t c : texto) {
-        const auto u = static_cast<std::uint32_t>(c);
+    for (std::size_t i = 0; i < texto.size(); ++i) {
+        auto u = static_cast<std::uint32_t>(texto[i]);
+        // Where wide characters have 16 bits, two halves make the rarer ones.
+        const auto baixa = static_cast<std::uint32_t>(i + 1 < texto.size() ? texto[i + 1] : L'\0');
+        if (u >> 10 == 0x36 && baixa >> 10 == 0x37) {
+            u = 0x10000u + ((u & 0x3ffu) << 10) + (baixa & 0x3ffu);
+            ++i;
+        }
         const auto resto = [&](int desloca) {
             bytes += static_cast<char>(0x80u | (u >> desloca & 0x3fu));
         };
@@ -161,6 +167,7 @@ bool desenhaTabela(const Lista& lista) {
     for (std::size_t i = 0; i < kColunas; ++i) {
         std::size_t maior = 0;
         for (const Campos& c : celulas) maior = std::max(maior, c[i].size());
+        // cppcheck-suppress containerOutOfBounds ; x has one more than kColunas
         x[i + 1] = x[i] + h * (0.9 * static_cast<double>(maior) + 1.6);
     }
     apagaTabela(*cabecalho);

@@ -51,6 +51,9 @@ std::wstring textoCsv(const std::vector<Linha>& linhas);
 /// one.
 bool gravaCsv(const std::wstring& caminho, const std::vector<Linha>& linhas);
 
+/// False where the program was built without workbooks: gravaXlsx only fails then.
+bool sabeXlsx();
+
 /// Writes the rows and their totals as a workbook with numbers as numbers; through a temporary file
 /// like gravaCsv.
 bool gravaXlsx(const std::wstring& caminho, const std::vector<Linha>& linhas);

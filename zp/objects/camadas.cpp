@@ -19,6 +19,15 @@ std::wstring minusculas(std::wstring texto) {
     return texto;
 }
 
+/// Two halves where wide characters have 16 bits and the character does not fit.
+void acrescenta(std::wstring& texto, unsigned codigo) {
+    if (sizeof(wchar_t) == 2 && codigo > 0xffff) {
+        texto += static_cast<wchar_t>(0xd800 + ((codigo - 0x10000) >> 10));
+        codigo = 0xdc00 + ((codigo - 0x10000) & 0x3ff);
+    }
+    texto += static_cast<wchar_t>(codigo);
+}
+
 /// False when the bytes are no UTF-8.
 bool deUtf8(const std::string& bytes, std::wstring& texto) {
     for (std::size_t i = 0; i < bytes.size();) {
@@ -35,7 +44,7 @@ bool deUtf8(const std::string& bytes, std::wstring& texto) {
                 return false;
             codigo = codigo << 6 | (static_cast<unsigned char>(bytes[i]) & 0x3fu);
         }
-        texto += static_cast<wchar_t>(codigo);
+        acrescenta(texto, codigo);
     }
     return true;
 }
@@ -55,14 +64,15 @@ std::wstring aparado(const std::wstring& t) {
     return de == std::wstring::npos ? L"" : t.substr(de, t.find_last_not_of(L" \t\r") - de + 1);
 }
 
-std::string semCaixa(std::string s) {
-    std::transform(s.begin(), s.end(), s.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+std::u8string semCaixa(const std::filesystem::path& nome) {
+    std::u8string s = nome.u8string();
+    for (char8_t& c : s)
+        if (c >= u8'A' && c <= u8'Z') c = static_cast<char8_t>(c + 32);
     return s;
 }
 
-/// Entry of a folder by its name in any case; the name itself when there is none. Every piece asks: a folder that
-/// did not change is not listed again.
+/// Entry of a folder by its name in any case; the name itself when there is none. Every piece asks:
+/// a folder that did not change is not listed again.
 std::filesystem::path entrada(const std::filesystem::path& pasta, const std::string& nome) {
     std::error_code erro;
     if (std::filesystem::exists(pasta / nome, erro)) return pasta / nome;
@@ -81,7 +91,7 @@ std::filesystem::path entrada(const std::filesystem::path& pasta, const std::str
     antes = {assentada ? quando : std::filesystem::file_time_type(), pasta / nome};
     for (std::filesystem::directory_iterator i(pasta, erro), fim; !erro && i != fim;
          i.increment(erro)) {
-        if (semCaixa(i->path().filename().string()) != semCaixa(nome)) continue;
+        if (semCaixa(i->path().filename()) != semCaixa(nome)) continue;
         antes.achada = i->path();
         break;
     }
@@ -110,10 +120,14 @@ std::map<std::wstring, std::wstring> leCamadas(const std::filesystem::path& arqu
 }
 
 std::filesystem::path arquivoDeCamadas() {
-    const char* pasta = std::getenv("ZPFORJA2010");
+#ifdef _WIN32
+    const wchar_t* const pasta = _wgetenv(L"ZPFORJA2010");
+    if (pasta == nullptr || *pasta == L'\0') return {};
+    const std::filesystem::path caminho = pasta;
+#else
+    const char* const pasta = std::getenv("ZPFORJA2010");
     if (pasta == nullptr || *pasta == '\0') return {};
     std::string caminho = pasta;
-#ifndef _WIN32
     std::replace(caminho.begin(), caminho.end(), '\\', '/');
 #endif
     return entrada(entrada(caminho, "Perfis"), "camadas.ini");

@@ -36,5 +36,3 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     }
     return AcRx::kRetOK;
 }
-
-extern "C" int acrxGetApiVersion() { return 18; }

@@ -37,7 +37,8 @@ struct PontoAprendido {
     bool noFim = false;
 };
 
-/// Up to four of them; the marks of the end share one byte, because a drawing has as many links as dimensions.
+/// Up to four of them; the marks of the end share one byte, because a drawing has as many links as
+/// dimensions.
 class PontosAprendidos {
 public:
     class Lugar {
@@ -55,7 +56,9 @@ public:
         std::size_t m_i;
     };
     static constexpr std::size_t size() { return 4; }
-    PontoAprendido operator[](std::size_t i) const { return {m_desvios[i], (m_noFim >> i & 1) != 0}; }
+    PontoAprendido operator[](std::size_t i) const {
+        return {m_desvios[i], (m_noFim >> i & 1) != 0};
+    }
     Lugar operator[](std::size_t i) { return {*this, i}; }
     void marca(std::size_t i, bool noFim) {
         const auto bit = static_cast<std::uint8_t>(1U << i);

@@ -89,7 +89,7 @@ private:
     void confere(AcDbObjectId id, const Fila& novas);
     void conferePeca(ZpObject& peca, const Fila& novas);
     void leva(AcDbObjectId id, bool desmancha);
-    void desprende(AcDbObjectId id, AcDbObjectId dona);
+    void desprende(AcDbObjectId dona, AcDbObjectId id);
     void segue();
     void aprendeDeNovo(AcDbObjectId id, const Fila& mudadas);
 

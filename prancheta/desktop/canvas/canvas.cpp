@@ -93,6 +93,7 @@ void Canvas::timerEvent(QTimerEvent* event) {
 // --- Following ----------------------------------------------------------------------------------
 
 void Canvas::Impl::follow() {
+    ++follows;
     canvas.update();
     if (editor == nullptr || canvas.width() < 1 || canvas.height() < 1) return;
     viewport = Viewport(editor->view(), canvas.size());
@@ -174,9 +175,11 @@ void Canvas::Impl::refine(Clock::duration time) {
 // --- Moving the view ----------------------------------------------------------------------------
 
 void Canvas::Impl::show(const View& view, Step step) {
+    const unsigned before = follows;
     editor->setView(view,
                     step == Step::First ? Editor::ViewChange::Step : Editor::ViewChange::Continued);
-    follow();
+    // The front end's refresh comes back here, if there is one.
+    if (follows == before) follow();
 }
 
 /// The world point at `about` stays there.

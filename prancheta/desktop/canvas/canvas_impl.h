@@ -78,6 +78,7 @@ struct Canvas::Impl {
     Sheet drawingSheet{QImage::Format_RGB32};
     Sheet highlightSheet{QImage::Format_ARGB32_Premultiplied};
     Look shownLook;
+    unsigned follows = 0;
     const DisplayList* shownList = nullptr;
     std::uint64_t shownRevision = 0;
     QBasicTimer refining;

@@ -44,13 +44,13 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
             .paintPlain(editor->display().picture(hover), QPen(color, 2.0));
     }
     if (request != nullptr && asksForPoint(*request) && mouse) {
-        ghost.paint(painter, *editor, *request, aim.point(), viewport, drawing.look);
         const QPointF to = screen(aim.point());
         if (request->base && request->kind == InputKind::Corner)
             drawFrame(painter, palette(), QRectF(screen(*request->base), to).normalized(),
                       Frame::Plain);
         else if (request->base)
             drawBand(painter, palette(), screen(*request->base), to);
+        ghost.paint(painter, *editor, *request, aim.point(), viewport, drawing.look);
     }
     if (frame && mouse) {
         const QPointF first = screen(frame->first);
@@ -65,7 +65,12 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
     const bool boxOnly =
         request != nullptr && !atCommand() &&
         (request->kind == InputKind::Selection || request->kind == InputKind::Entity);
-    drawCursor(painter, palette(), *mouse, canvas.size(),
+    QRectF reach = canvas.rect();
+    if (const int percent = variables.number(L"CURSORSIZE"); percent < 100) {
+        reach.setSize(reach.size() * percent / 100.0);
+        reach.moveCenter(*mouse);
+    }
+    drawCursor(painter, palette(), *mouse, reach,
                boxOnly       ? Cursor::Box
                : atCommand() ? Cursor::CrossWithBox
                              : Cursor::Cross,

@@ -77,7 +77,7 @@ constexpr Marker kMarkers[] = {
 
 }  // namespace
 
-void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, const QSizeF& area,
+void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, const QRectF& reach,
                 Cursor kind, double pickBox) {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(palette.cursor, 0));
@@ -85,10 +85,10 @@ void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, co
     const double gap = kind == Cursor::Cross ? 0.0 : pickBox;
     if (kind != Cursor::Cross) painter.drawRect(around(at, pickBox));
     if (kind == Cursor::Box) return;
-    painter.drawLine(QPointF(0.0, at.y()), QPointF(at.x() - gap, at.y()));
-    painter.drawLine(QPointF(at.x() + gap, at.y()), QPointF(area.width(), at.y()));
-    painter.drawLine(QPointF(at.x(), 0.0), QPointF(at.x(), at.y() - gap));
-    painter.drawLine(QPointF(at.x(), at.y() + gap), QPointF(at.x(), area.height()));
+    painter.drawLine(QPointF(reach.left(), at.y()), QPointF(at.x() - gap, at.y()));
+    painter.drawLine(QPointF(at.x() + gap, at.y()), QPointF(reach.right(), at.y()));
+    painter.drawLine(QPointF(at.x(), reach.top()), QPointF(at.x(), at.y() - gap));
+    painter.drawLine(QPointF(at.x(), at.y() + gap), QPointF(at.x(), reach.bottom()));
 }
 
 void drawBand(QPainter& painter, const Palette& palette, const QPointF& from, const QPointF& to) {

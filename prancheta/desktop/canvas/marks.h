@@ -11,7 +11,8 @@
 namespace prancheta::desktop {
 
 enum class Cursor { Cross, CrossWithBox, Box };
-void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, const QSizeF& area,
+/// The lines of the cross end at the edges of `reach`.
+void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, const QRectF& reach,
                 Cursor kind, double pickBox);
 void drawBand(QPainter& painter, const Palette& palette, const QPointF& from, const QPointF& to);
 

@@ -110,6 +110,7 @@ void DialogWindow::act(dcl::Tile& tile, const std::function<Result<void>()>& act
 void DialogWindow::serve(const std::function<Result<void>()>& action, const dcl::Tile* tile) {
     if (m_dialog.finished()) return;
     const Result<void> done = action();
+    // cppcheck-suppress identicalConditionAfterEarlyExit ; the action may have ended the dialog
     if (m_dialog.finished()) return QDialog::done(Accepted);
     if (done) return;
     QApplication::beep();

@@ -371,9 +371,10 @@ Result<void> changeProperty(Editor& editor, const std::vector<AcDbObjectId>& ids
     const CommandContext context(editor, run);
     for (const AcDbObjectId id : targets) {
         Result<void> done = setOne(context, id, key, input);
-        if (done) continue;
-        group.fail();
-        return done;
+        if (!done) {
+            group.fail();
+            return done;
+        }
     }
     return {};
 }

@@ -17,9 +17,12 @@ static void useResources() { Q_INIT_RESOURCE(shell); }
 namespace prancheta::desktop {
 namespace {
 
+/// Showing, sizes of the docks and the layout that follows come one after the other.
+constexpr int kLayoutRounds = 3;
+
 std::filesystem::path recoveryFolder() {
-    return toPath(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)) /
-           "recuperacao";
+    return toPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) /
+           "prancheta" / "recuperacao";
 }
 
 HostOptions hostOptions(const ApplicationOptions& options, MainWindow& window) {
@@ -118,6 +121,8 @@ void Application::offerLeftCopies() {
 void Application::run() {
     m_window->show();
     m_window->commandLine().edit().setFocus();
+    // The layout settles, so that a drawing is opened to fit the drawing area as it will be.
+    for (int i = 0; i < kLayoutRounds; ++i) QApplication::processEvents();
     offerLeftCopies();
     if (!m_drawing.empty()) (void)m_window->files().open(m_drawing);  // told what went wrong
     m_host->editor().run();

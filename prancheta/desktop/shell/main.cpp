@@ -8,6 +8,7 @@
 int main(int argc, char** argv) {
     using namespace prancheta::desktop;
     QApplication app(argc, argv);
+    QApplication::setOrganizationName("prancheta");
     QApplication::setApplicationName("prancheta");
     QApplication::setApplicationDisplayName("Prancheta");
     QApplication::setApplicationVersion(PRANCHETA_VERSION);

@@ -13,6 +13,7 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolBar>
 
 #include "prancheta/desktop/shell/command_names.h"
@@ -30,6 +31,8 @@ constexpr int kStateVersion = 1;
 /// Pixels, until the user sets them otherwise.
 constexpr int kCommandLineHeight = 130;
 constexpr int kPanelWidth = 320;
+/// The widest panel does not decide for all that stand behind the same tabs.
+constexpr int kLeastPanelWidth = 200;
 
 struct PanelRow {
     const char* name;
@@ -43,6 +46,9 @@ constexpr PanelRow kPanels[] = {
     {"propriedades", "Propriedades", makePropertiesPanel, Qt::RightDockWidgetArea},
     {"material", "Lista de material", makeMaterialPanel, Qt::RightDockWidgetArea},
 };
+
+/// The one of the tabs that is in front at first.
+constexpr auto kShownPanel = "propriedades";
 
 /// True for widgets in which a person writes; keys typed elsewhere go to the command line.
 bool takesText(const QWidget* widget) {
@@ -60,12 +66,15 @@ MainWindow::MainWindow() {
     setObjectName("janela");
     setAcceptDrops(true);
     setDockNestingEnabled(true);
+    // A drawing area that grows for a while would not know what to show.
+    setAnimated(false);
     resize(1280, 800);
     m_files = new DrawingFiles(*this);
     m_ui = new WindowUi(*this, *m_files);
     makeCanvas();
     makeCommandLine();
     makePanels();
+    restoreGeometry(QSettings().value(kGeometryKey).toByteArray());
     m_status = new StatusBar(this);
     setStatusBar(m_status);
     connectUi();
@@ -90,7 +99,7 @@ void MainWindow::makeCanvas() {
 }
 
 void MainWindow::makeCommandLine() {
-    auto* const dock = new QDockWidget("Linha de comando", this);
+    auto* const dock = new QDockWidget("Comando", this);
     dock->setObjectName("linha_de_comando");
     m_commandLine = new CommandLine(dock);
     dock->setWidget(m_commandLine);
@@ -112,6 +121,7 @@ void MainWindow::makePanels() {
     QDockWidget* former = nullptr;
     for (const PanelRow& row : kPanels) {
         Panel* const panel = row.make().release();
+        panel->setMinimumWidth(kLeastPanelWidth);
         auto* const dock = new QDockWidget(row.title, this);
         dock->setObjectName(row.name);
         dock->setWidget(panel);
@@ -127,7 +137,7 @@ void MainWindow::makePanels() {
         connect(panel, &Panel::messageWanted, m_commandLine,
                 [this](const QString& text) { m_commandLine->print(text + "\n"); });
     }
-    if (auto* const first = findChild<QDockWidget*>(kPanels[1].name)) first->raise();
+    if (auto* const first = findChild<QDockWidget*>(kShownPanel)) first->raise();
 }
 
 void MainWindow::connectUi() {
@@ -163,15 +173,19 @@ void MainWindow::setEditor(Editor* editor) {
     m_commandLine->edit().setCompletions(makeCommandNames(*editor, this));
     applyOptions();
     showAll();
-    restoreLayout();
 }
 
 void MainWindow::restoreLayout() {
     resizeDocks({findChild<QDockWidget*>("linha_de_comando")}, {kCommandLineHeight}, Qt::Vertical);
-    resizeDocks({findChild<QDockWidget*>(kPanels[0].name)}, {kPanelWidth}, Qt::Horizontal);
-    const QSettings settings;
-    restoreGeometry(settings.value(kGeometryKey).toByteArray());
-    restoreState(settings.value(kStateKey).toByteArray(), kStateVersion);
+    resizeDocks({findChild<QDockWidget*>(kShownPanel)}, {kPanelWidth}, Qt::Horizontal);
+    restoreState(QSettings().value(kStateKey).toByteArray(), kStateVersion);
+}
+
+/// Sizes of docks mean something only in a window that is there; those that the user left come
+/// after.
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!std::exchange(m_laidOut, true)) QTimer::singleShot(0, this, &MainWindow::restoreLayout);
 }
 
 /// What may have changed at every step.

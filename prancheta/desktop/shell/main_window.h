@@ -44,6 +44,7 @@ signals:
     void optionsChanged();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -77,6 +78,7 @@ private:
     void restoreLayout();
 
     Editor* m_editor = nullptr;
+    bool m_laidOut = false;
     std::filesystem::path m_installation;
     Canvas* m_canvas = nullptr;
     CommandLine* m_commandLine = nullptr;

@@ -20,6 +20,7 @@ struct Canto {
     Ponto antes;
     Ponto depois;
     double angulo = 0.0;
+    double cotangente = 0.0;  ///< of half the angle
     double ladoDepois = 0.0;
 };
 
@@ -35,13 +36,18 @@ std::vector<Canto> cantos(const std::vector<Vertice>& v) {
         r[i].depois = {d.x * k, d.y * k};
         r[j].antes = {-d.x * k, -d.y * k};
     }
-    for (Canto& c : r)
-        c.angulo = std::atan2(std::abs(cruz(c.antes, c.depois)), escalar(c.antes, c.depois));
+    for (Canto& c : r) {
+        const double seno = std::abs(cruz(c.antes, c.depois));
+        const double cosseno = escalar(c.antes, c.depois);
+        c.angulo = std::atan2(seno, cosseno);
+        // Of the two forms the one that loses no digits.
+        c.cotangente = cosseno > 0.0 ? (1.0 + cosseno) / seno : seno / (1.0 - cosseno);
+    }
     return r;
 }
 
 double tangente(const Canto& c, double raio) {
-    return raio > 0.0 && c.angulo < kPi - 1e-9 ? raio / std::tan(0.5 * c.angulo) : 0.0;
+    return raio > 0.0 && c.angulo < kPi - 1e-9 ? raio * c.cotangente : 0.0;
 }
 
 double areaDobrada(const std::vector<Vertice>& v) {
@@ -195,7 +201,8 @@ Contorno tracado(const Laco& laco) {
         const double t = tangente(canto[i], v[i].raio);
         const Ponto chega{v[i].x + t * canto[i].antes.x, v[i].y + t * canto[i].antes.y};
         const Ponto sai{v[i].x + t * canto[i].depois.x, v[i].y + t * canto[i].depois.y};
-        if (passo > 0 && std::hypot(chega.x - atual.x, chega.y - atual.y) > 1e-12 * escala)
+        const Ponto reta{chega.x - atual.x, chega.y - atual.y};
+        if (passo > 0 && escalar(reta, reta) > 1e-24 * escala * escala)
             acrescenta(c, {atual, chega, {}, 0.0, 0.0, 0.0});
         atual = sai;
         if (passo == 0 || t <= 0.0) continue;

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// What an opened drawing shows, and the installation folder that a user works with.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "prancheta/editor/installation.h"
+#include "tests/builtin/script_ui.h"
+
+namespace builtin {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& file) {
+    std::ostringstream out;
+    out << std::ifstream(file).rdbuf();
+    return out.str();
+}
+
+void put(const fs::path& file, std::string_view text) {
+    fs::create_directories(file.parent_path());
+    std::ofstream(file) << text;
+}
+
+class Opening : public Builtin {
+protected:
+    Opening() : folder(fs::path(testing::TempDir()) / "prancheta abertura") {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+    }
+    ~Opening() override { fs::remove_all(folder); }
+
+    /// A line from 1000,2000 to 3000,2500, in a file whose active viewport is this.
+    void openWithViewport(const std::string& groups) {
+        put(folder / "vista.dxf",
+            "  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nVPORT\n 70\n1\n  0\nVPORT\n  "
+            "2\n*ACTIVE\n" +
+                groups +
+                "  0\nENDTAB\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n "
+                "10\n1000\n"
+                " 20\n2000\n 11\n3000\n 21\n2500\n  0\nENDSEC\n  0\nEOF\n");
+        const auto opened = editor->openDocument(folder / "vista.dxf");
+        ASSERT_TRUE(opened) << opened.error().message();
+    }
+    void expectView(double x, double y, double height) {
+        EXPECT_NEAR(editor->view().centre.x, x, 1e-9);
+        EXPECT_NEAR(editor->view().centre.y, y, 1e-9);
+        EXPECT_NEAR(editor->view().height, height, 1e-9);
+    }
+
+    fs::path folder;
+};
+
+TEST_F(Opening, ShowsTheSavedViewOrEverything) {
+    editor->setScreenSize(800, 400);
+    // Wide screen: the height of the viewport fits as it is.
+    openWithViewport(" 12\n1500\n 22\n2100\n 17\n10\n 27\n20\n 40\n300\n 41\n1.5\n");
+    expectView(1510, 2120, 300);
+    // Viewport of 4:1: its 1200 of width need 600 of height on a screen of 2:1.
+    openWithViewport(" 12\n1500\n 22\n2100\n 40\n300\n 41\n4\n");
+    expectView(1500, 2100, 600);
+    // A view that shows nothing, one from the side, one that is turned, none: the extents, which
+    // are 2000 wide, with a twentieth more.
+    for (const char* other : {" 12\n90000\n 22\n0\n 40\n300\n 41\n1\n",
+                              " 12\n1500\n 22\n2100\n 40\n300\n 41\n1\n 16\n1\n 26\n0\n 36\n0\n",
+                              " 12\n1500\n 22\n2100\n 40\n300\n 41\n1\n 51\n30\n", ""}) {
+        openWithViewport(other);
+        expectView(2000, 2250, 1000 * 1.05);
+    }
+}
+
+TEST_F(Opening, AnInstalledFolderIsCopiedForTheUserAndKeptUpToDate) {
+    const fs::path shipped = folder / "usr" / "share" / "prancheta" / "instalacao";
+    const fs::path programs = folder / "usr" / "lib" / "prancheta";
+    put(shipped / "Perfis" / "perfis.dcl", "dialogo 1");
+    put(shipped / "Perfis" / "Listas" / "pu.lst", "lista 1");
+    setenv("XDG_DATA_HOME", (folder / "dados").c_str(), 1);
+    const auto own = prancheta::usableInstallation(programs);
+    ASSERT_TRUE(own) << own.error().message();
+    ASSERT_EQ(*own, folder / "dados" / "prancheta" / "instalacao");
+    EXPECT_EQ(contentOf(*own / "Perfis" / "perfis.dcl"), "dialogo 1");
+
+    // The user's list stays, in the next session and after a new version.
+    put(*own / "Perfis" / "Listas" / "pu.lst", "lista do usuário");
+    ASSERT_TRUE(prancheta::usableInstallation(programs));
+    EXPECT_EQ(contentOf(*own / "Perfis" / "Listas" / "pu.lst"), "lista do usuário");
+    put(shipped / "Perfis" / "perfis.dcl", "dialogo novo");
+    put(shipped / "Perfis" / "Listas" / "pl.lst", "lista nova");
+    ASSERT_TRUE(prancheta::usableInstallation(programs));
+    EXPECT_EQ(contentOf(*own / "Perfis" / "perfis.dcl"), "dialogo novo");
+    EXPECT_EQ(contentOf(*own / "Perfis" / "Listas" / "pl.lst"), "lista nova");
+    EXPECT_EQ(contentOf(*own / "Perfis" / "Listas" / "pu.lst"), "lista do usuário");
+
+    // Beside the programs the folder is used in place.
+    put(folder / "build" / "instalacao" / "a.txt", "a");
+    const auto beside = prancheta::usableInstallation(folder / "build" / "bin");
+    ASSERT_TRUE(beside);
+    EXPECT_EQ(*beside, folder / "build" / "instalacao");
+}
+
+}  // namespace
+}  // namespace builtin

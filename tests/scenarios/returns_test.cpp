@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// A laced member with plates, dimensions and list rows on its way there and back: moved, turned,
+// undone, redone, saved, opened. The state is that of the step that it returns to.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+namespace {
+
+const char* const kMember =
+    "cantdteel\nlista=12\na=10\nvista0=0\nOutraVista\nl=1000\ngerar_matlist=1\nnum_pecas="
+    "2\naccept\n"
+    "dimensionar=1\ntravejar\naltura=60\nlargura=10\nn_partes=8\naccept\naccept\n100,200\n0\n";
+const char* const kMove = "_move\n_all\n\n0,0\n350.5,-20.25\n";
+const char* const kTurn = "_rotate\n_all\n\n30,40\n37\n";
+
+class Returns : public testing::Test {
+protected:
+    Returns() {
+        std::string name = (fs::temp_directory_path() / "returns-XXXXXX").string();
+        m_folder = ::mkdtemp(name.data());
+        fs::copy(fs::path(HOUSE_BINARY_DIR) / "instalacao", m_folder / "instalacao",
+                 fs::copy_options::recursive);
+    }
+    ~Returns() override { fs::remove_all(m_folder); }
+
+    /// What is drawn and listed after a script.
+    Json stateAfter(const std::string& script) const {
+        for (const char* const drawing : {"a.dxf", "b.dxf"}) fs::remove(m_folder / drawing);
+        std::ofstream(m_folder / "roteiro") << script;
+        const std::string program = (fs::path(HOUSE_BINARY_DIR) / "bin/prancheta-console").string();
+        const std::string run = "cd '" + m_folder.string() + "' && unset ZPFORJA2010 && '" +
+                                program +
+                                "' --instalacao instalacao -r roteiro --estado e.json >saida 2>&1";
+        EXPECT_EQ(std::system(run.c_str()), 0) << script;
+        std::ifstream in(m_folder / "e.json");
+        const Json state = Json::parse(in);
+        return {{"entidades", state["entidades"]},
+                {"lista_material", state["lista_material"]},
+                {"camadas", state["camadas"]}};
+    }
+
+private:
+    fs::path m_folder;
+};
+
+/// First place where two states differ by more than rounding; empty when they are equal.
+std::string difference(const Json& a, const Json& b, const std::string& where = {}) {
+    if (a.is_number() && b.is_number()) {
+        const double x = a.get<double>();
+        const double y = b.get<double>();
+        const bool equal = std::abs(x - y) <= 1e-9 * std::max(1.0, std::abs(x));
+        return equal ? "" : where + ": " + a.dump() + " | " + b.dump();
+    }
+    if (a.type() != b.type() || a.size() != b.size())
+        return where + ": " + a.dump().substr(0, 200) + " | " + b.dump().substr(0, 200);
+    if (!a.is_structured()) return a == b ? "" : where + ": " + a.dump() + " | " + b.dump();
+    for (auto i = a.begin(), j = b.begin(); i != a.end(); ++i, ++j) {
+        const std::string name = a.is_object() ? i.key() : std::to_string(i - a.begin());
+        if (a.is_object() && i.key() != j.key()) return where + ": " + i.key() + " | " + j.key();
+        if (auto found = difference(*i, *j, where + "/" + name); !found.empty()) return found;
+    }
+    return "";
+}
+
+}  // namespace
+
+TEST_F(Returns, EveryStepBackGivesTheStateOfThatStep) {
+    const std::string member = kMember;
+    const Json made = stateAfter(member);
+    // Member, nine plates, three dimensions, marks of the member's row and of the plates'.
+    ASSERT_EQ(made["entidades"].size(), 15U);
+    ASSERT_EQ(made["lista_material"].size(), 2U);
+    const Json moved = stateAfter(member + kMove);
+    const Json turned = stateAfter(member + kMove + kTurn);
+    ASSERT_NE(difference(made, moved), "");
+    ASSERT_NE(difference(moved, turned), "");
+
+    EXPECT_EQ(difference(stateAfter(member + kMove + kTurn + "_u\n"), moved), "");
+    EXPECT_EQ(difference(stateAfter(member + kMove + kTurn + "_u\n_u\n"), made), "");
+    EXPECT_EQ(difference(stateAfter(member + kMove + kTurn + "_u\n_u\n_redo\n"), moved), "");
+    EXPECT_EQ(difference(stateAfter(member + kMove + kTurn + "_u\n_u\n_redo\n_redo\n"), turned),
+              "");
+
+    const std::string reopened = "_saveas\na.dxf\n_open\na.dxf\n";
+    const std::string again = "_saveas\nb.dxf\n_open\nb.dxf\n";
+    EXPECT_EQ(difference(stateAfter(member + kMove + kTurn + reopened), turned), "");
+    EXPECT_EQ(difference(stateAfter(member + reopened + kMove + kTurn), turned), "");
+    EXPECT_EQ(difference(stateAfter(member + reopened + kMove + kTurn + "_u\n_u\n"), made), "");
+    EXPECT_EQ(difference(stateAfter(member + kMove + reopened + again + kTurn), turned), "");
+}
