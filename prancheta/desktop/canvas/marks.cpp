@@ -2,6 +2,8 @@
 // What is drawn over the drawing.
 #include "prancheta/desktop/canvas/marks.h"
 
+#include <QGuiApplication>
+
 #include <QPainterPath>
 
 #include <cmath>
@@ -137,6 +139,8 @@ void drawSnap(QPainter& painter, const Palette& palette, const QPointF& at, int 
 void drawTag(QPainter& painter, const Palette& palette, const QPointF& cursor, const QSizeF& area,
              const QString& text, TagPlace place) {
     constexpr double kAway = 16.0;
+    // Previews leave the font of their own texts in the painter.
+    painter.setFont(QGuiApplication::font());
     QRectF box = QRectF(painter.fontMetrics().boundingRect(text)).adjusted(-5.0, -2.0, 5.0, 2.0);
     box.moveTopLeft(cursor +
                     QPointF(kAway, place == TagPlace::Below ? kAway : -kAway - box.height()));
@@ -154,6 +158,7 @@ void drawTag(QPainter& painter, const Palette& palette, const QPointF& cursor, c
 void drawAxes(QPainter& painter, const Palette& palette, const QPointF& origin, const QPointF& x,
               const QPointF& y) {
     constexpr double kLength = 42.0;
+    painter.setFont(QGuiApplication::font());
     constexpr double kHead = 7.0;
     painter.setRenderHint(QPainter::Antialiasing, true);
     const auto arrow = [&](const QPointF& along, const QColor& color, const QString& name) {
