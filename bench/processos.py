@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Whole runs of prancheta-console on scripts of growing size: time, memory and growth.
+"""What the product costs: whole runs of prancheta-console on growing scripts, and the programs beside it.
 
     bench/processos.py BUILD_FOLDER [--maior N] [--so ROW,...] [--json FILE]
 
 Time is processor time (user and system) of the whole process; wall time stands beside it. What one item costs is the
 run less the start of an empty one. The growth exponent is the slope of that between the two largest sizes, on
-logarithmic scales: 1 is proportional. Saving writes a new file, never over an old one.
+logarithmic scales: 1 is proportional. Saving writes a new file, never over an old one. At the end stands one table of what
+was aimed at and what was measured, as Markdown and in the JSON file.
 """
 import argparse
 import json
@@ -21,6 +22,7 @@ import time
 
 DIALOG = "perfilur\nlista=3\nvista0=0\nOutraVista\nfig3\nl=1000\ninsertionP=3\naccept\n{dim}accept\n{x},{y}\n0\n"
 SECTION = "perfilur\nlista=3\ndimensionar=1\nins_list=1\naccept\n{x},{y}\n0\n"
+THREE = "dimaligned\n{x},{y}\n@1000,0\n@0,-30\ndimaligned\n{x},{y}\n@0,50\n@-30,0\ndimaligned\n{x},{y}\n@0,25\n@-60,0\n"
 TWO_POINTS = "perfilur\nlista=3\nvista0=0\nOutraVista\nfig3\npickngo=1\naccept\naccept\n"
 
 
@@ -113,6 +115,16 @@ def loaded(make):
     return row
 
 
+def dimensioned(n):
+    return two_points(n) + "".join(THREE.format(x=x, y=y) for x, y in places(n))
+
+
+def plotted(bench, n):
+    bench.run(two_points(n), "-o", "d.dxf")
+    bench.keep("entra.dxf")
+    return bench.median(3 if n < 50000 else 1, "", "entra.dxf", "--pdf", "sai.pdf")
+
+
 def scripted(make, *arguments):
     return lambda bench, n: bench.median(3 if n < 50000 else 1, make(n), *arguments)
 
@@ -122,9 +134,11 @@ ROWS = {
     "elevation, 2 dimensions, by both dialogs, saved": scripted(dialogs, "-o", "d.dxf"),
     "elevation, 2 dimensions, by both dialogs": scripted(dialogs),
     "section, 4 dimensions, by its dialog, saved": scripted(sections, "-o", "d.dxf"),
+    "piece and three dimensions, without dialogs, saved": scripted(dimensioned, "-o", "d.dxf"),
     "piece loaded": loaded(two_points),
     "section with 4 dimensions loaded, with blocks": loaded(sections),
     "elevation, 2 dimensions, by both dialogs, --estado": scripted(dialogs, "--estado", "e.json"),
+    "piece loaded and plotted to PDF": plotted,
     "line, saved": scripted(lines, "-o", "d.dxf"),
     "vertex of one polyline": scripted(polyline),
     "line made and undone": scripted(undo_steps),
@@ -133,18 +147,59 @@ ROWS = {
 }
 
 
+# What is aimed at: row, what of it (us = processor time each, kib = peak each), for how many, aim.
+AIMS = (
+    ("two-point piece, saved", "us", 10000, 30),
+    ("piece and three dimensions, without dialogs, saved", "us", 10000, 60),
+    ("elevation, 2 dimensions, by both dialogs", "us", 10000, 150),
+    ("section with 4 dimensions loaded, with blocks", "us", 10000, 110),
+    ("section with 4 dimensions loaded, with blocks", "kib", 10000, 6),
+    ("piece loaded and plotted to PDF", "us", 10000, 200),
+)
+INSIDE_AIMS = {"sectionPropertiesUncached": 1.5, "pieceWithThreeDimensions/100": 20, "pieceWithThreeDimensions/100000": 20}
+
+
+def aims(results):
+    """The table of aims, of what was measured in this run."""
+    table = [{"work": "start, empty drawing saved", "aim": 10, "unit": "ms", "measured": results["start"]["ms"]}]
+    for name, what, n, aim in AIMS:
+        for row in results.get(name, []):
+            if row["n"] == n:
+                table.append({"work": f"{name} ({n})", "aim": aim, "unit": "us" if what == "us" else "KiB", "measured": row[what]})
+    for row in results.get("inside", []):
+        if row["name"] in INSIDE_AIMS:
+            table.append({"work": row["name"], "aim": INSIDE_AIMS[row["name"]], "unit": "us", "measured": row["us"]})
+    print("\n| work | aim | measured | |\n|---|---|---|---|")
+    for row in table:
+        row["met"] = row["measured"] <= row["aim"]
+        print(f"| {row['work']} | {row['aim']} {row['unit']} | {row['measured']:.1f} {row['unit']} | {'' if row['met'] else 'missed'} |")
+    results["aims"] = table
+
+
 def inside(build, results):
     """What is measured inside one process, when it was built (-DHOUSE_BENCH=ON)."""
-    program = os.path.join(build, "bench/pecas_bench")
-    if not os.path.exists(program):
-        return
-    told = subprocess.run([program, "--benchmark_format=json"], capture_output=True, check=True, text=True)
     print("\n| inside one process | processor us | bytes each |\n|---|---|---|")
-    for row in json.loads(told.stdout)["benchmarks"]:
-        n = int(row["name"].split("/")[1]) if "/" in row["name"] else 1
-        us = row["cpu_time"] * {"ns": 1e-3, "us": 1.0, "ms": 1e3}[row["time_unit"]] / n
-        results.setdefault("inside", []).append({"name": row["name"], "us": us, "bytes": row.get("bytes_per_piece")})
-        print(f"| {row['name']} | {us:.3f} | {row.get('bytes_per_piece', 0):.0f} |")
+    for name in ("pecas_bench", "palco_bench"):
+        program = os.path.join(build, "bench", name)
+        if not os.path.exists(program):
+            print(f"| {name} was not built | | |")
+            continue
+        told = subprocess.run([program, "--benchmark_format=json"], capture_output=True, check=True, text=True)
+        for row in json.loads(told.stdout)["benchmarks"]:
+            pieces = row["name"].startswith("pieceWithThreeDimensions")
+            n = int(row["name"].split("/")[1]) if pieces else 1
+            us = row["cpu_time"] * {"ns": 1e-3, "us": 1.0, "ms": 1e3}[row["time_unit"]] / n
+            results.setdefault("inside", []).append({"name": row["name"], "us": us, "bytes": row.get("bytes_per_piece")})
+            size = f"{row['bytes_per_piece']:.0f}" if "bytes_per_piece" in row else ""
+            print(f"| {row['name']} | {us:.3f} | {size} |")
+    frames = os.path.join(build, "bench/canvas_bench")
+    if os.path.exists(frames):
+        screen = dict(os.environ, QT_QPA_PLATFORM="offscreen")
+        told = subprocess.run([frames], capture_output=True, check=True, text=True, env=screen)
+        results["frames"] = told.stdout
+        print("\n" + told.stdout)
+    else:
+        print("\ncanvas_bench was not built: no frame times.")
 
 
 def main():
@@ -174,6 +229,8 @@ def main():
                   f"{'' if growth is None else f'{growth:.2f}'} |", flush=True)
     if not options.so:
         inside(bench.build, results)
+    aims(results)
+    results["load"] = os.getloadavg()
     if options.json:
         with open(options.json, "w", encoding="utf-8") as out:
             json.dump(results, out, indent=1)

@@ -108,7 +108,9 @@ function(house_test name)
     add_executable(${name} ${TEST_SOURCES})
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE house ${TEST_KNOWS} GTest::gtest_main)
-    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    if(NOT WIN32)  # there libraries are looked for beside the program
+        set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    endif()
     target_compile_definitions(${name} PRIVATE HOUSE_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                                HOUSE_BINARY_DIR="${CMAKE_BINARY_DIR}")
     add_test(NAME ${name} COMMAND ${name})

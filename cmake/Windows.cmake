@@ -36,3 +36,18 @@ function(house_header_only package target folder)
     add_library(${target} INTERFACE IMPORTED GLOBAL)
     target_include_directories(${target} SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/headers)
 endfunction()
+
+# house_windows_package(): one folder that works where it is unpacked, made into a ZIP by cpack.
+macro(house_windows_package)
+    install(TARGETS prancheta prancheta-console zpforja zpgbarra zptrelica zpobjects zpmatlist zpperfis
+            RUNTIME DESTINATION bin)
+    install(FILES ${HOUSE_RUNTIME_FILES} DESTINATION bin)
+    install(DIRECTORY instalacao/ DESTINATION instalacao)
+    install(DIRECTORY ${CMAKE_BINARY_DIR}/instalacao/Perfis/Slides DESTINATION instalacao/Perfis)
+    install(FILES docs/manual.md DESTINATION instalacao/Prancheta)
+    install(FILES LICENSE DESTINATION .)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGE_NAME prancheta)
+    set(CPACK_STRIP_FILES ON)
+    include(CPack)
+endmacro()

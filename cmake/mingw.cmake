@@ -9,8 +9,9 @@ set(CMAKE_CXX_COMPILER ${house_triple}-g++-posix)
 set(CMAKE_RC_COMPILER ${house_triple}-windres)
 find_program(HOUSE_WINE NAMES wine64 wine)
 if(HOUSE_WINE)
-    # The loader sees no paths of the building system but the drive that wine makes of them.
-    set(CMAKE_CROSSCOMPILING_EMULATOR ${HOUSE_WINE})
+    # A wine of its own, that knows nothing of the user's.
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_COMMAND} -E env WINEPREFIX=${CMAKE_BINARY_DIR}/wine WINEDEBUG=-all
+                                      ${HOUSE_WINE})
 endif()
 
 # The building system's own libraries are for another system: only what stands below the prefixes given is looked at.

@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     for (const auto& [name, definition] : library->definitions) {
         if (definition->kind != dcl::TileKind::Dialog) continue;
-        const auto root = dcl::build(*definition);
+        const auto root = dcl::build(definition);
         const dcl::Layout layout = dcl::layOut(*root, dcl::Metrics{});
         fuzz::expect(!layout.boxes.empty(), "a dialog without a box");
     }

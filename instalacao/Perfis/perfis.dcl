@@ -6,7 +6,7 @@ catalogo : list_box {
     key = "lista";
     width = 34;
     height = 14;
-    tabs = "9 18 27";
+    tabs = "8 15 22";
     fixed_width_font = true;
 }
 

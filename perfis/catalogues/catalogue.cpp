@@ -129,7 +129,7 @@ private:
 
 void StringListCatalogue::readRows(std::wstring_view path) {
     constexpr std::size_t kReadBuffer = 511;
-    const std::optional<ListText> list = readListText(path);
+    const std::shared_ptr<const ListText> list = readListText(path);
     if (!list) return;
     m_list.clear();
     m_format = list->format;

@@ -3,6 +3,7 @@
 #include "perfis/catalogues/list_text.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "perfis/frame/encoding.h"
 
@@ -35,9 +36,10 @@ void translateLineEnds(std::wstring& text, ListFormat& format) {
     const std::size_t first = text.find(L'\n');
     if (first != std::wstring::npos) format.crLf = first > 0 && text[first - 1] == L'\r';
     std::size_t out = 0;
-    for (std::size_t in = 0; in < text.size(); ++in) {
-        const bool pair = text[in] == L'\r' && in + 1 < text.size() && text[in + 1] == L'\n';
-        if (!pair) text[out++] = text[in];
+    for (const wchar_t c : text) {
+        // More than one return stands there when an old program wrote through two translations.
+        while (c == L'\n' && out > 0 && text[out - 1] == L'\r') --out;
+        text[out++] = c;
     }
     text.resize(out);
 }
@@ -70,12 +72,22 @@ std::string encode(std::wstring_view text, const ListFormat& format) {
 
 }  // namespace
 
-std::optional<ListText> readListText(std::wstring_view path) {
+std::shared_ptr<const ListText> readListText(std::wstring_view path) {
+    struct Kept {
+        std::wstring path;
+        std::uint64_t version = 0;
+        std::shared_ptr<const ListText> list;
+    };
+    static Kept kept;
+    const std::uint64_t version = settledFileVersion(path);
+    if (version != 0 && version == kept.version && path == kept.path) return kept.list;
+    kept = {};
     const std::optional<std::string> bytes = readFile(path);
-    if (!bytes) return std::nullopt;
-    ListText list;
-    list.text = decode(*bytes, list.format);
-    translateLineEnds(list.text, list.format);
+    if (!bytes) return nullptr;
+    auto list = std::make_shared<ListText>();
+    list->text = decode(*bytes, list->format);
+    translateLineEnds(list->text, list->format);
+    if (version != 0) kept = {std::wstring(path), version, list};
     return list;
 }
 
@@ -106,7 +118,7 @@ void cutAtSeparator(std::wstring& text, std::wstring_view separators) {
 
 int countLines(std::wstring_view path) {
     constexpr std::size_t kBuffer = 200;
-    const std::optional<ListText> list = readListText(path);
+    const std::shared_ptr<const ListText> list = readListText(path);
     if (!list) return 0;
     LineReader reader(list->text);
     std::wstring piece;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,9 +25,9 @@ struct ListText {
     ListFormat format;
 };
 
-/// UTF-8 with or without mark, UTF-16 with mark, else Windows-1252. Nothing when the file cannot be
-/// opened.
-std::optional<ListText> readListText(std::wstring_view path);
+/// UTF-8 with or without mark, UTF-16 with mark, else Windows-1252. Null when the file cannot be
+/// opened. The file read last is kept and read again when it has changed.
+std::shared_ptr<const ListText> readListText(std::wstring_view path);
 
 /// Replaces the file; false, and the old file stays, when that fails. A text that the code page
 /// cannot hold is written as UTF-8.

@@ -30,7 +30,7 @@ RolledSize rolledSize(const RolledSource& source, const ZpString& dataLine) {
 
 bool readRolledLines(std::wstring_view path, ZpStringList& lines) {
     constexpr std::size_t kReadBuffer = 511;
-    const std::optional<ListText> list = readListText(path);
+    const std::shared_ptr<const ListText> list = readListText(path);
     if (!list) return false;
     lines.clear();
     LineReader reader(list->text);

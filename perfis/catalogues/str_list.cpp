@@ -22,7 +22,7 @@ void ZpStrList::clear() {
 }
 
 int ZpStrList::read(std::wstring_view path) {
-    const std::optional<ListText> list = readListText(path);
+    const std::shared_ptr<const ListText> list = readListText(path);
     if (!list) return 0;
     clear();
     m_format = list->format;

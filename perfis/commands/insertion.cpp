@@ -49,7 +49,8 @@ Shift uMemberShift(const Medidas& medidas, const MemberPlace& place) {
     double c = factors.c;
     double d = 0.0;
     if (place.view == 3 || place.view == 4) {
-        d = realToInt(medidas.h) / 2;  // whole-number division is part of the rule
+        const int half = realToInt(medidas.h) / 2;  // whole-number division is part of the rule
+        d = half;
     } else {
         // The web stands a third of the flange off the axis, and view 2 is drawn turned.
         if (place.view == 2 && c != 0.0) c = c < 0.0 ? -kTwoThirds : kOneThird;

@@ -175,14 +175,24 @@ int rebuildPiece(const ProfileDescription& description, const RunState& state,
     return RTNORM;
 }
 
-void layPlatesAgain(const RunState& state, const PieceValues& piece, const PlateLaying& layPlates) {
+void layPlatesAgain(const ProfileDescription& description, const RunState& state,
+                    const PieceValues& piece, const PlateLaying& layPlates) {
     const std::vector<AcDbObjectId> listed = listedPlates(piece);
     Edicao edit(piece.id);
     if (edit.status() != Acad::eOk) return;
+    const AcGePoint3d start = startOf(edit.peca());
+    const double pitchBefore = platePitch(piece);
     LaidPlates laid;
     ReusedPlates supply(edit);
-    if (layPlates) laid = layPlates(edit.peca(), startOf(edit.peca()), supply);
+    if (layPlates) laid = layPlates(edit.peca(), start, supply);
     supply.eraseRest();
+    // The piece itself is as it is to be; the dimension of the pitch goes with the plates.
+    if (laid.pitch > 0.0) {
+        const ChangedDimensions dimensions =
+            compare(layOutDimensions(description, state, edit.peca(), pitchBefore),
+                    layOutDimensions(description, state, edit.peca(), laid.pitch), start);
+        (void)edit.refaz(edit.peca(), dimensions.moved);  // of its own class
+    }
     edit.termina();
     if (piece.listed > 0) updateList(state.views, piece, listed, laid);
 }

@@ -16,7 +16,8 @@ namespace perfis {
 int rebuildPiece(const ProfileDescription& description, const RunState& state,
                  const PieceValues& piece, const PlateLaying& layPlates);
 
-/// Lays the plates of a piece again, and nothing else.
-void layPlatesAgain(const RunState& state, const PieceValues& piece, const PlateLaying& layPlates);
+/// Lays the plates of a piece again, and moves the dimension of their pitch along.
+void layPlatesAgain(const ProfileDescription& description, const RunState& state,
+                    const PieceValues& piece, const PlateLaying& layPlates);
 
 }  // namespace perfis

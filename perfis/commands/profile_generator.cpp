@@ -149,7 +149,7 @@ std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
                                          const RunState& state, ZpObject& piece,
                                          const LaidPlates& plates) {
     if (sharedDimensionFlag() == 0) return {};
-    const std::vector<AcDbObjectId> ids =
+    std::vector<AcDbObjectId> ids =
         layOutDimensions(description, state, piece, plates.pitch).make();
     for (AcDbObjectId id : ids) (void)piece.LinkDim(id);
     return ids;

@@ -93,7 +93,7 @@ int ProfileRun::edit(const PieceValues& piece) {
 
 void ProfileRun::layAgain(const PieceValues& piece) {
     takePiece(piece);
-    layPlatesAgain(m_state, piece, plateLaying());
+    layPlatesAgain(m_description, m_state, piece, plateLaying());
 }
 
 void ProfileRun::takePiece(const PieceValues& piece) {

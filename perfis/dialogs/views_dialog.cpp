@@ -188,7 +188,7 @@ void ViewsDialog::onPickAndGo(const ads_callback_packet& packet) {
 }
 
 void ViewsDialog::onAccept(const ads_callback_packet& packet) {
-    const ads_hdlg dialog = packet.dialog;
+    ads_hdlg dialog = packet.dialog;
     readLength(tileText(dialog, L"l", 159));
     const int pieces = textToInt(tileText(dialog, L"num_pecas"));
     m_working.materialList = textToInt(tileText(dialog, L"gerar_matlist")) != 0;

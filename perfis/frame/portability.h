@@ -33,6 +33,10 @@ bool replaceFile(std::wstring_view path, std::string_view bytes);
 /// Changes when a file is written or replaced; 0 when it cannot be asked.
 std::uint64_t fileVersion(std::wstring_view path);
 
+/// The same for a file that has been left alone for two seconds, else 0: of two changes within one
+/// tick of the file system's clock the second might not show.
+std::uint64_t settledFileVersion(std::wstring_view path);
+
 /// Keeps other programs of this kind from replacing files of the same folder while it lives. Where
 /// the folder cannot be locked nothing is kept, and nothing fails.
 class FolderLock {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Files: names found as users of the other system typed them, contents replaced whole or not at
 // all.
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -16,7 +18,6 @@
 #include <share.h>
 #include <sys/stat.h>
 
-#include <chrono>
 #include <thread>
 #else
 #include <fcntl.h>
@@ -29,6 +30,18 @@ namespace perfis {
 namespace {
 
 namespace fs = std::filesystem;
+
+struct FileState {
+    std::uint64_t version = 0;
+    std::chrono::nanoseconds age{};  ///< since the last change
+};
+
+/// Odd multiplier: two files of different size and equal time get different numbers.
+std::uint64_t versionOf(std::int64_t time, std::uintmax_t size, std::uint64_t file) {
+    constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15ULL;
+    return static_cast<std::uint64_t>(time) +
+           (static_cast<std::uint64_t>(size) + file * kSpread) * kSpread;
+}
 
 #ifdef _WIN32
 
@@ -68,6 +81,17 @@ int lockFolder(const fs::path& folder) {
 }
 void unlockFolder(int descriptor) { (void)_close(descriptor); }
 
+FileState fileState(std::wstring_view path) {
+    std::error_code error;
+    const fs::path file = nativePath(path);
+    const auto time = fs::last_write_time(file, error);
+    if (error) return {};
+    const std::uintmax_t size = fs::file_size(file, error);
+    if (error) return {};
+    return {versionOf(time.time_since_epoch().count(), size, 0),
+            fs::file_time_type::clock::now() - time};
+}
+
 #else
 
 /// The entry of `folder` with this name whatever its case; the name itself when there is none.
@@ -84,11 +108,14 @@ fs::path findName(const fs::path& folder, const fs::path& name) {
     return folder / name;
 }
 
-fs::path nativePath(std::wstring_view text) {
+std::string slashed(std::wstring_view text) {
     std::string bytes = encodeUtf8(text);
-    for (char& c : bytes)
-        if (c == '\\') c = '/';
-    const fs::path typed(bytes);
+    std::replace(bytes.begin(), bytes.end(), '\\', '/');
+    return bytes;
+}
+
+fs::path nativePath(std::wstring_view text) {
+    fs::path typed(slashed(text));
     std::error_code error;
     if (fs::exists(typed, error)) return typed;
     fs::path path;
@@ -133,6 +160,18 @@ int lockFolder(const fs::path& folder) {
 }
 void unlockFolder(int descriptor) { (void)::close(descriptor); }
 
+/// Every command asks: one question to the system where the name is spelled right.
+FileState fileState(std::wstring_view path) {
+    struct stat status {};
+    if (::stat(slashed(path).c_str(), &status) != 0 &&
+        ::stat(nativePath(path).c_str(), &status) != 0)
+        return {};
+    const auto changed = std::chrono::seconds(status.st_ctim.tv_sec) +
+                         std::chrono::nanoseconds(status.st_ctim.tv_nsec);
+    return {versionOf(changed.count(), static_cast<std::uintmax_t>(status.st_size), status.st_ino),
+            std::chrono::system_clock::now().time_since_epoch() - changed};
+}
+
 #endif
 
 }  // namespace
@@ -144,16 +183,12 @@ FolderLock::~FolderLock() {
     if (m_descriptor >= 0) unlockFolder(m_descriptor);
 }
 
-std::uint64_t fileVersion(std::wstring_view path) {
-    std::error_code error;
-    const fs::path file = nativePath(path);
-    const auto time = fs::last_write_time(file, error);
-    if (error) return 0;
-    const std::uintmax_t size = fs::file_size(file, error);
-    // Odd multiplier: two files of different size and equal time get different numbers.
-    return error ? 0
-                 : static_cast<std::uint64_t>(time.time_since_epoch().count()) +
-                       static_cast<std::uint64_t>(size) * 0x9E3779B97F4A7C15ULL;
+std::uint64_t fileVersion(std::wstring_view path) { return fileState(path).version; }
+
+std::uint64_t settledFileVersion(std::wstring_view path) {
+    constexpr std::chrono::seconds kSettled(2);
+    const FileState state = fileState(path);
+    return state.age > kSettled ? state.version : 0;
 }
 
 std::optional<std::string> readFile(std::wstring_view path) {

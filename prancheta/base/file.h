@@ -51,6 +51,10 @@ public:
 
     std::string_view bytes() const { return {m_data, m_size}; }
 
+    /// The whole pages inside `part` of bytes() are not needed in memory for now. They stay
+    /// readable: whoever looks at them again has them fetched from the file again.
+    void giveBack(std::string_view part) const;
+
 private:
     MappedFile() = default;
     const char* m_data = nullptr;

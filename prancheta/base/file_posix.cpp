@@ -138,6 +138,15 @@ Result<std::shared_ptr<const MappedFile>> MappedFile::open(const fs::path& path)
     return std::shared_ptr<const MappedFile>(mapped);
 }
 
+void MappedFile::giveBack(std::string_view part) const {
+    static const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    const auto offset = static_cast<std::size_t>(part.data() - m_data);
+    const std::size_t first = (offset + page - 1) / page * page;
+    const std::size_t end = (offset + part.size()) / page * page;
+    // Advice: where it is not taken the pages merely stay.
+    if (first < end) (void)::madvise(const_cast<char*>(m_data) + first, end - first, MADV_DONTNEED);
+}
+
 MappedFile::~MappedFile() {
     if (m_data != nullptr) ::munmap(const_cast<char*>(m_data), m_size);
 }

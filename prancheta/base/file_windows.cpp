@@ -116,6 +116,9 @@ Result<std::shared_ptr<const MappedFile>> MappedFile::open(const fs::path& path)
     return std::shared_ptr<const MappedFile>(file);
 }
 
+// The system takes pages of a view by itself when memory is short.
+void MappedFile::giveBack(std::string_view) const {}
+
 MappedFile::~MappedFile() { delete[] m_data; }
 
 std::optional<FileStamp> fileStampOf(const fs::path& path) {

@@ -27,7 +27,7 @@ fs::path entryNoCase(const fs::path& folder, const fs::path& name) {
 fs::path resolvePath(std::string_view utf8Path) {
     std::string slashed(utf8Path);
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    const fs::path asWritten(std::u8string(slashed.begin(), slashed.end()));
+    fs::path asWritten(std::u8string(slashed.begin(), slashed.end()));
     std::error_code error;
     if (fs::exists(asWritten, error)) return asWritten;
 

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "prancheta/base/library.h"
+#include "prancheta/base/utf8_path.h"
 #include "prancheta/console/console_ui.h"
 #include "prancheta/console/event_log.h"
 #include "prancheta/console/options.h"
@@ -38,7 +39,7 @@ private:
 HostOptions hostOptions(const Options& options, Outcome& outcome) {
     HostOptions out;
     out.programFolder = Host::programFolder();
-    out.installation = options.installation;
+    out.installation = pathFromUtf8(options.installation);
     if (out.installation.empty() && Host::installationFolder().empty()) {
         if (auto folder = usableInstallation(out.programFolder)) {
             out.installation = *folder;
@@ -54,9 +55,9 @@ HostOptions hostOptions(const Options& options, Outcome& outcome) {
 bool prepare(Host& host, const Options& options, Outcome& outcome) {
     outcome.check(host.start(), kFileError);
     for (const std::string& module : options.modules)
-        outcome.check(host.editor().modules().load(module), kFileError);
+        outcome.check(host.editor().modules().load(pathFromUtf8(module)), kFileError);
     return options.drawing.empty() ||
-           outcome.check(host.editor().openDocument(options.drawing), kFileError);
+           outcome.check(host.editor().openDocument(pathFromUtf8(options.drawing)), kFileError);
 }
 
 /// The drawing's extents, fitted to an A4 sheet. The plot library is loaded only when it is needed.
@@ -68,9 +69,9 @@ void plot(Host& host, const Options& options, Outcome& outcome) {
             outcome.check(machine.error(), kFileError);
             return;
         }
-        outcome.check(
-            (*machine)->plot(host.editor(), {}, static_cast<PlotFormat>(i), options.plots[i]),
-            kFileError);
+        outcome.check((*machine)->plot(host.editor(), {}, static_cast<PlotFormat>(i),
+                                       pathFromUtf8(options.plots[i])),
+                      kFileError);
     }
 }
 
@@ -82,7 +83,7 @@ int run(const Options& options) {
         return outcome.code(false);
     }
     EventLog log(*script);
-    if (!options.log.empty() && !outcome.check(log.open(options.log), kFileError))
+    if (!options.log.empty() && !outcome.check(log.open(pathFromUtf8(options.log)), kFileError))
         return outcome.code(false);
 
     ConsoleUi ui(*script);
@@ -90,9 +91,10 @@ int run(const Options& options) {
     if (prepare(host, options, outcome)) {
         host.editor().run();
         // Whatever the script did, the drawing is not lost with it.
-        if (!options.save.empty()) outcome.check(host.editor().saveCopy(options.save), kFileError);
+        if (!options.save.empty())
+            outcome.check(host.editor().saveCopy(pathFromUtf8(options.save)), kFileError);
         if (!options.state.empty())
-            outcome.check(writeState(host.editor(), options.state), kFileError);
+            outcome.check(writeState(host.editor(), pathFromUtf8(options.state)), kFileError);
         plot(host, options, outcome);
     }
     std::cout.flush();

@@ -8,12 +8,13 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
 
 namespace prancheta::console {
 
 Result<Script> Script::open(const std::string& path) {
     if (path == "-") return Script(nullptr, std::cin, "entrada", inputIsTerminal());
-    auto content = readFile(path);
+    auto content = readFile(pathFromUtf8(path));
     if (!content) return content.error();
     auto stream = std::make_unique<std::istringstream>(std::move(*content));
     std::istream& in = *stream;

@@ -17,6 +17,7 @@ void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, const AcDbObject
     if (reactors.empty()) return;
     AcDbStub* stub = object.objectId();
     ++stub->telling;
+    // The list changes while it is told. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::vector<AcDbDatabaseReactor*> present = reactors;
     for (AcDbDatabaseReactor* reactor : present)
         if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) tell(*reactor);

@@ -49,8 +49,8 @@ private:
         std::unique_ptr<AcRxObject> made(id.objectClass()->create());
         auto* object = AcDbObject::cast(made.get());
         if (object == nullptr) return Acad::eNotApplicable;
-        made.release();
         clone->object.reset(object);
+        (void)made.release();  // the same object
         clone->original = id;
         m_copies[id] = AcDbObjectId();
         m_clones.push_back(std::move(clone));

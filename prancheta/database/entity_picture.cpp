@@ -165,7 +165,7 @@ Acad::ErrorStatus AcDbEntity::subGetTransformedCopy(const AcGeMatrix3d& m,
     if (es == Acad::eOk) es = entity->dwgInFields(&filer);
     if (es == Acad::eOk) es = entity->transformBy(m);
     if (es != Acad::eOk) return es;
-    made.release();
+    (void)made.release();  // the caller's now
     copy = entity;
     return Acad::eOk;
 }

@@ -77,6 +77,10 @@ Result<void> SystemVariables::set(std::wstring_view name, const VariableValue& v
     Result<void> good;
     if (const short* n = std::get_if<short>(&value)) good = checkNumber(*info, *n);
     if (const double* n = std::get_if<double>(&value)) good = checkNumber(*info, *n);
+    if (const AcGePoint3d* p = std::get_if<AcGePoint3d>(&value)) {
+        for (const double coordinate : {p->x, p->y, p->z})
+            if (good) good = checkNumber(*info, coordinate);
+    }
     if (good && info->home == VariableHome::Drawing && m_drawing.check)
         good = m_drawing.check(*info, value);
     if (good && m_check) good = m_check(*info, value);

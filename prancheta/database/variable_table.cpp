@@ -32,8 +32,8 @@ VariableInfo readOnly(const wchar_t* name, VariableValue value,
 VariableInfo drawingPoint(const wchar_t* name, const AcGePoint3d& value) {
     return {name, value, VariableHome::Drawing, VariableAccess::ReadWrite, -kAny, kAny};
 }
-VariableInfo point(const wchar_t* name) {
-    return {name, AcGePoint3d(), VariableHome::Session, VariableAccess::ReadWrite, -kAny, kAny};
+VariableInfo point(const wchar_t* name, const AcGePoint3d& value = {}, double minimum = -kAny) {
+    return {name, value, VariableHome::Session, VariableAccess::ReadWrite, minimum, kAny};
 }
 
 }  // namespace
@@ -85,6 +85,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"FILEDIA", 1, 0, 1),
         drawingInteger(L"FILLMODE", 1, 0, 1),
         integer(L"GRIDMODE", 0, 0, 1),
+        point(L"GRIDUNIT", {10.0, 10.0, 0.0}, 0.0),
         integer(L"HIGHLIGHT", 1, 0, 1),
         drawingInteger(L"INSUNITS", 4, 0, 20),
         integer(L"ISAVEBAK", 1, 0, 1),
@@ -108,6 +109,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"REGENMODE", 1, 0, 1),
         readOnly(L"SCREENSIZE", AcGePoint3d()),
         integer(L"SNAPMODE", 0, 0, 1),
+        point(L"SNAPUNIT", {10.0, 10.0, 0.0}, 0.0),
         drawingText(L"TEXTSTYLE", L"Standard"),
         integer(L"TILEMODE", 1, 0, 1),
         integer(L"UCSICON", 3, 0, 3),

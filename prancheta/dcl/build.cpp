@@ -45,21 +45,27 @@ void firstState(Tile& tile) {
     }
 }
 
-}  // namespace
-
-std::unique_ptr<Tile> build(const Definition& definition) {
+std::unique_ptr<Tile> buildFrom(const DefinitionPtr& definition, std::size_t& place) {
     auto tile = std::make_unique<Tile>();
-    tile->kind = *definition.kind;
-    for (const auto& [name, value] : definition.attributes)
-        tile->attributes.emplace(name, value->text);
+    tile->kind = *definition->kind;
+    tile->definition = definition;
+    tile->place = place++;
     tile->key = tile->attribute("key");
     if (tile->kind == TileKind::RadioButton) tile->value = L"0";
-    for (const Child& child : definition.children) {
-        tile->children.push_back(build(*child.definition));
+    tile->children.reserve(definition->children.size());
+    for (const Child& child : definition->children) {
+        tile->children.push_back(buildFrom(child.definition, place));
         tile->children.back()->parent = tile.get();
     }
     firstState(*tile);
     return tile;
+}
+
+}  // namespace
+
+std::unique_ptr<Tile> build(const DefinitionPtr& definition) {
+    std::size_t place = 0;
+    return buildFrom(definition, place);
 }
 
 }  // namespace prancheta::dcl

@@ -9,6 +9,6 @@
 namespace prancheta::dcl {
 
 /// The whole tree with the state that the file gives it: values, rows, enabled or not.
-std::unique_ptr<Tile> build(const Definition& definition);
+std::unique_ptr<Tile> build(const DefinitionPtr& definition);
 
 }  // namespace prancheta::dcl

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -52,12 +51,15 @@ struct Paint {
     bool found = false;    ///< the slide exists and could be read
 };
 
-/// A tile of an open dialog. Attributes keep their DCL texts (UTF-8); `value`, `enabled`, `rows`
-/// and `paints` are the state at run time.
+struct Definition;
+
+/// A tile of an open dialog. Attributes stay in its definition, which all dialogs made of it share;
+/// `value`, `enabled`, `rows` and `paints` are the state at run time.
 struct Tile {
     TileKind kind = TileKind::Column;
     std::string key;
-    std::map<std::string, std::string, std::less<>> attributes;
+    std::shared_ptr<const Definition> definition;  ///< null: no attributes
+    std::size_t place = 0;                         ///< in the order of the file, the dialog is 0
     std::vector<std::unique_ptr<Tile>> children;
     Tile* parent = nullptr;
 
@@ -69,7 +71,7 @@ struct Tile {
     CLIENTFUNC action = nullptr;
     CLIENTDATA clientData = nullptr;
 
-    /// Attribute as text, or the given default.
+    /// Attribute as its DCL text (UTF-8), or the given default.
     std::string attribute(std::string_view name, std::string_view fallback = {}) const;
 };
 

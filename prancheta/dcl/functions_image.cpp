@@ -84,7 +84,7 @@ int ads_slide_image(short x, short y, short width, short height, const ACHAR* sl
     ImageInProgress& image = session().image;
     if (image.tile == nullptr || slide == nullptr) return RTERROR;
     image.slide = slide;
-    image.found = slides::loadSlide(slide) != nullptr;
+    image.found = slides::loadSlide(slide, image.dialog->serial()) != nullptr;
     image.tile->paints.push_back({Paint::Kind::Slide, x, y, width, height, 0, slide, image.found});
     return image.found ? RTNORM : RTERROR;
 }

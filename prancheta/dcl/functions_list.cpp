@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Dialog functions: rows of list boxes and popups.
+#include <utility>
+
 #include "adsdlg.h"
 #include "prancheta/base/event.h"
 #include "prancheta/base/text.h"
@@ -16,7 +18,10 @@ constexpr std::size_t kMostRows = 32768;
 
 void recordList(const ListInProgress& list) {
     EventList rows;
-    for (const std::wstring& row : list.given) rows.push_back({toUtf8(row)});
+    // What was added stands at the end.
+    const std::vector<std::wstring>& all = list.tile->rows;
+    const std::size_t first = list.operation == LIST_CHANGE ? list.index : all.size() - list.given;
+    for (std::size_t i = 0; i < list.given; ++i) rows.push_back({toUtf8(all[first + i])});
     record({"lista",
             {{"chave", {list.tile->key}},
              {"operacao", {static_cast<long long>(list.operation)}},
@@ -35,8 +40,8 @@ int ads_start_list(ads_hdlg dialog, const ACHAR* key, short operation, short ind
         at.tile->rows.clear();
         at.tile->value.clear();
     }
-    session().list = {
-        at.dialog, at.tile, operation, exists ? static_cast<std::size_t>(index) : 0, {}};
+    session().list = {at.dialog, at.tile, operation, exists ? static_cast<std::size_t>(index) : 0,
+                      0};
     return RTNORM;
 }
 
@@ -45,21 +50,20 @@ int ads_add_list(const ACHAR* item) {
     if (list.tile == nullptr || item == nullptr) return RTERROR;
     if (list.operation == LIST_CHANGE) {
         // One item is changed; the rows after it are not the program's to overwrite.
-        if (!list.given.empty()) return RTERROR;
+        if (list.given != 0) return RTERROR;
         list.tile->rows[list.index] = item;
     } else {
         if (list.tile->rows.size() >= kMostRows) return RTERROR;
         list.tile->rows.emplace_back(item);
     }
-    list.given.emplace_back(item);
+    ++list.given;
     return RTNORM;
 }
 
 int ads_end_list() {
     ListInProgress& list = session().list;
     if (list.tile == nullptr) return RTERROR;
-    const ListInProgress ended = std::move(list);
-    list = {};
+    const ListInProgress ended = std::exchange(list, {});
     showFirstRow(*ended.tile);
     if (recording()) recordList(ended);
     ended.dialog->changed(*ended.tile);

@@ -193,7 +193,6 @@ Rect rounded(const Rect& rect) {
 
 void Arranger::place(const Node& node, const Rect& frame, int level, Layout& layout) const {
     const Rect part = partOf(*node.tile, frame);
-    layout.places.emplace(node.tile, layout.boxes.size());
     layout.boxes.push_back({node.tile, level, rounded(frame), rounded(part)});
 
     const Axis axis = axisOf(*node.tile);
@@ -223,8 +222,8 @@ void appendRect(std::string& out, const Rect& rect) {
 }  // namespace
 
 const Box* Layout::find(const Tile& tile) const {
-    const auto it = places.find(&tile);
-    return it != places.end() ? &boxes[it->second] : nullptr;
+    const bool ours = tile.place < boxes.size() && boxes[tile.place].tile == &tile;
+    return ours ? &boxes[tile.place] : nullptr;
 }
 
 Layout layOut(const Tile& root, const Metrics& metrics) {

@@ -11,7 +11,6 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "prancheta/dcl/dialog.h"
@@ -38,7 +37,6 @@ struct Box {
 /// Boxes in the order of the file, the dialog first. Points to the tiles, which must outlive it.
 struct Layout {
     std::vector<Box> boxes;
-    std::unordered_map<const Tile*, std::size_t> places;
 
     /// Null for a tile of another dialog.
     const Box* find(const Tile& tile) const;

@@ -19,15 +19,15 @@ constexpr unsigned kTileBits = 16;
 
 OpenDialog::OpenDialog(std::uint32_t serial, std::unique_ptr<Tile> root, std::string name,
                        std::string file, CLIENTFUNC fallback, const Metrics& metrics,
-                       std::shared_ptr<std::vector<Box>> boxes)
+                       std::shared_ptr<DialogForm> form)
     : m_serial(serial),
       m_root(std::move(root)),
       m_name(std::move(name)),
       m_file(std::move(file)),
       m_fallback(fallback),
       m_metrics(metrics),
-      m_boxes(std::move(boxes)) {
-    index(*m_root);
+      m_form(std::move(form)) {
+    index(*m_root, !m_form->keys.empty());
     Tile* first = find(m_root->attribute("initial_focus"));
     if (first != nullptr && isTabStop(*first))
         m_focus = first;
@@ -35,32 +35,30 @@ OpenDialog::OpenDialog(std::uint32_t serial, std::unique_ptr<Tile> root, std::st
         moveFocusFrom(*m_tiles.back());
 }
 
-void OpenDialog::index(Tile& tile) {
-    m_places.emplace(&tile, m_tiles.size());
+void OpenDialog::index(Tile& tile, bool isKnown) {
     m_tiles.push_back(&tile);
-    if (!tile.key.empty()) m_keys.try_emplace(tile.key, &tile);
-    for (const auto& child : tile.children) index(*child);
+    if (!tile.key.empty() && !isKnown) m_form->keys.try_emplace(tile.key, tile.place);
+    for (const auto& child : tile.children) index(*child, isKnown);
 }
 
-// Only attributes decide it, and they do not change: a front end without a window pays for it when a program asks for
-// a size, and a dialog that opens again takes it from the last time.
+// Only attributes decide it, and they do not change: a front end without a window pays for it when
+// a program asks for a size, and a dialog that opens again takes it from the last time.
 const Layout& OpenDialog::layout() const {
     if (m_layout) return *m_layout;
-    if (m_boxes->size() != m_tiles.size()) {
+    if (m_form->boxes.size() != m_tiles.size()) {
         m_layout = layOut(*m_root, m_metrics);
-        *m_boxes = m_layout->boxes;
+        m_form->boxes = m_layout->boxes;
         return *m_layout;
     }
     m_layout.emplace();
-    m_layout->boxes = *m_boxes;
-    m_layout->places = m_places;
+    m_layout->boxes = m_form->boxes;
     for (std::size_t i = 0; i < m_tiles.size(); ++i) m_layout->boxes[i].tile = m_tiles[i];
     return *m_layout;
 }
 
 Tile* OpenDialog::find(std::string_view key) {
-    const auto it = m_keys.find(std::string(key));
-    return it != m_keys.end() ? it->second : nullptr;
+    const auto it = m_form->keys.find(std::string(key));
+    return it != m_form->keys.end() ? m_tiles[it->second] : nullptr;
 }
 
 ads_hdlg OpenDialog::handle() const {
@@ -68,7 +66,7 @@ ads_hdlg OpenDialog::handle() const {
 }
 
 ads_htile OpenDialog::tileHandle(const Tile& tile) const {
-    const std::uintptr_t place = m_places.at(&tile) + 1;
+    const std::uintptr_t place = tile.place + 1;
     return reinterpret_cast<ads_htile>((static_cast<std::uintptr_t>(m_serial) << kTileBits) |
                                        place);
 }
@@ -185,7 +183,7 @@ bool OpenDialog::isTabStop(const Tile& tile) const {
 }
 
 void OpenDialog::moveFocusFrom(const Tile& tile) {
-    const std::size_t from = m_places.at(&tile);
+    const std::size_t from = tile.place;
     m_focus = nullptr;
     for (std::size_t step = 1; step <= m_tiles.size() && m_focus == nullptr; ++step) {
         Tile* next = m_tiles[(from + step) % m_tiles.size()];

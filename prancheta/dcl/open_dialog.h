@@ -14,13 +14,18 @@
 
 namespace prancheta::dcl {
 
+/// What dialogs of the same definition and the same metrics have in common; the first one fills it.
+struct DialogForm {
+    std::vector<Box> boxes;                             ///< empty until laid out
+    std::unordered_map<std::string, std::size_t> keys;  ///< place of the first tile with a key
+};
+
 /// Owns the tiles. Handles are made of `serial`, so that one of a closed dialog never means
-/// another. `boxes` is shared by what has the same definition and the same metrics.
+/// another.
 class OpenDialog final : public Dialog {
 public:
     OpenDialog(std::uint32_t serial, std::unique_ptr<Tile> root, std::string name, std::string file,
-               CLIENTFUNC fallback, const Metrics& metrics,
-               std::shared_ptr<std::vector<Box>> boxes);
+               CLIENTFUNC fallback, const Metrics& metrics, std::shared_ptr<DialogForm> form);
 
     const std::string& name() const override { return m_name; }
     const std::string& file() const override { return m_file; }
@@ -46,6 +51,7 @@ public:
 
     // What the program does.
 
+    std::uint32_t serial() const { return m_serial; }
     ads_hdlg handle() const;
     ads_htile tileHandle(const Tile& tile) const;
     /// Null when the handle is of another dialog.
@@ -65,7 +71,7 @@ public:
     void terminate();
 
 private:
-    void index(Tile& tile);
+    void index(Tile& tile, bool isKnown);
     bool fire(Tile& tile, Reason reason, long x = 0, long y = 0);
     void finish(int status);
 
@@ -90,10 +96,8 @@ private:
     CLIENTFUNC m_fallback;
     Metrics m_metrics;
     mutable std::optional<Layout> m_layout;
-    std::shared_ptr<std::vector<Box>> m_boxes;  ///< of all dialogs of this definition; empty until laid out
+    std::shared_ptr<DialogForm> m_form;
     std::vector<Tile*> m_tiles;  ///< in the order of the file
-    std::unordered_map<const Tile*, std::size_t> m_places;
-    std::unordered_map<std::string, Tile*> m_keys;
 
     Tile* m_focus = nullptr;
     Tile* m_editing = nullptr;  ///< typed into and not left yet

@@ -59,7 +59,7 @@ class FileParser {
 public:
     FileParser(Load& load, std::string_view text, std::shared_ptr<const std::string> name,
                fs::path folder)
-        : m_load(load), m_lexer(text, name), m_folder(std::move(folder)) {}
+        : m_load(load), m_lexer(text, std::move(name)), m_folder(std::move(folder)) {}
 
     Result<void> run();
 

@@ -32,18 +32,18 @@ std::shared_ptr<OpenDialog> Session::frontmost() const {
 
 OpenDialog& Session::push(const DefinitionPtr& definition, std::string name, std::string file,
                           CLIENTFUNC fallback) {
-    constexpr std::size_t kMostBoxes = 100;
-    if (m_boxes.size() >= kMostBoxes) m_boxes.clear();
-    auto& boxes = m_boxes[definition];
-    if (boxes == nullptr) boxes = std::make_shared<std::vector<Box>>();
-    open.push_back(std::make_shared<OpenDialog>(nextSerial(), build(*definition), std::move(name),
-                                                std::move(file), fallback, m_metrics, boxes));
+    constexpr std::size_t kMostForms = 100;
+    if (m_forms.size() >= kMostForms) m_forms.clear();
+    auto& form = m_forms[definition];
+    if (form == nullptr) form = std::make_shared<DialogForm>();
+    open.push_back(std::make_shared<OpenDialog>(nextSerial(), build(definition), std::move(name),
+                                                std::move(file), fallback, m_metrics, form));
     return *open.back();
 }
 
 void Session::setMetrics(const Metrics& newMetrics) {
     m_metrics = newMetrics;
-    m_boxes.clear();
+    m_forms.clear();
 }
 
 void Session::forget(const OpenDialog& dialog) {

@@ -27,7 +27,7 @@ struct ListInProgress {
     Tile* tile = nullptr;
     short operation = 0;
     std::size_t index = 0;
-    std::vector<std::wstring> given;
+    std::size_t given = 0;  ///< rows
 };
 
 /// Between ads_start_image and ads_end_image; `tile` is null otherwise.
@@ -70,9 +70,8 @@ private:
     void forget(const OpenDialog& dialog);
 
     Metrics m_metrics;
-    /// Where the tiles of each definition stand; the definitions are kept, so that their addresses
-    /// stay theirs.
-    std::map<DefinitionPtr, std::shared_ptr<std::vector<Box>>> m_boxes;
+    /// The definitions are kept, so that their addresses stay theirs.
+    std::map<DefinitionPtr, std::shared_ptr<DialogForm>> m_forms;
     std::uint32_t m_lastSerial = 0;
 };
 

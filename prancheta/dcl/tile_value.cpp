@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "prancheta/base/text.h"
+#include "prancheta/dcl/definition.h"
 #include "prancheta/dcl/kinds.h"
 
 namespace prancheta::dcl {
@@ -157,8 +158,8 @@ bool isUsable(const Tile& tile) {
 }
 
 std::string Tile::attribute(std::string_view name, std::string_view fallback) const {
-    const auto it = attributes.find(name);
-    return it != attributes.end() ? it->second : std::string(fallback);
+    const Value* const value = definition != nullptr ? definition->attribute(name) : nullptr;
+    return value != nullptr ? value->text : std::string(fallback);
 }
 
 }  // namespace prancheta::dcl

@@ -38,7 +38,7 @@ std::string UnresolvedUses::circle(const Missing& missing, long& budget) const {
         const auto it = reachedFrom.find(at);
         if (it == reachedFrom.end()) return {};
         at = it->second;
-        path = at + " → " + path;
+        path.insert(0, at + " → ");
     }
     return missing.user + " → " + path;
 }

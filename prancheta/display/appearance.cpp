@@ -79,7 +79,8 @@ Rgb paletteColor(int index) {
         return {level(grey), level(grey), level(grey)};
     }
     constexpr double kValues[] = {1.0, 0.65, 0.5, 0.3, 0.15};
-    const double hue = 15.0 * (index / 10 - 1);
+    const int hues = index / 10 - 1;
+    const double hue = 15.0 * hues;
     return fromHsv(hue, index % 2 == 0 ? 1.0 : 0.5, kValues[index % 10 / 2]);
 }
 

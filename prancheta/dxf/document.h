@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,19 @@ namespace prancheta::dxf {
 enum class Version { Keep, R2000, R2018 };
 enum class Form { Ascii, Binary };
 
+/// Plan view that the file is to open with.
+struct ShownView {
+    double x = 0.0;  ///< centre, world
+    double y = 0.0;
+    double height = 297.0;  ///< drawing units
+    double aspect = 1.6;    ///< width over height
+};
+
 struct SaveOptions {
     Version version = Version::Keep;  ///< Keep: as the file was opened, R2000 at least
     Form form = Form::Ascii;
+    /// Nothing: the view that the file came with, or of a new drawing its extents.
+    std::optional<ShownView> view{};
 };
 
 /// Something that was repaired or left out while reading; text in Portuguese.

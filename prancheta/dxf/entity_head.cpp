@@ -182,7 +182,9 @@ bool appendRaw(RawTags& out, const Tags& tags, Charset charset, std::optional<Fa
             fault = Fault{why, tag.value.data()};
             return false;
         }
-        out.push_back({tag.code, decode(tag.value, charset)});
+        // Among the blanks of a number may be a return, which would be saved as ^M.
+        const bool isText = kindOf(tag.code) == ValueKind::Text;
+        out.push_back({tag.code, decode(isText ? tag.value : trim(tag.value), charset)});
     }
     return true;
 }

@@ -177,7 +177,6 @@ public:
             case Meaning::Text:
                 return m_out.meaning(code, m_values.texts[field.slot]);
             case Meaning::TextStyle:
-                return writeName(field, kStandard);
             case Meaning::DimStyle:
                 return writeName(field, kStandard);
             case Meaning::Block:

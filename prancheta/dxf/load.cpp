@@ -39,11 +39,14 @@ Error errorOf(const Fault& fault, std::string_view text, const std::vector<std::
 
 }  // namespace
 
-Loader::Loader(AcDbDatabase& database, std::string_view text, LoadReport& report)
+Loader::Loader(AcDbDatabase& database, std::string_view text, const MappedFile* file,
+               LoadReport& report)
     : LoadNames(database, Charset::Windows1252),
       m_database(database),
       m_core(database.core()),
       m_text(text),
+      m_file(file),
+      m_givenBack(text.data()),
       m_report(report),
       m_reader(text) {}
 
@@ -68,8 +71,16 @@ void Loader::note(std::string text, const char* at, Adesk::UInt64 handle) {
     m_report.findings.push_back({std::move(text), line, handle});
 }
 
+void Loader::doneUpTo(const char* at) {
+    constexpr std::ptrdiff_t kStep = 1 << 20;
+    if (m_file == nullptr || at - m_givenBack < kStep) return;
+    m_file->giveBack({m_givenBack, static_cast<std::size_t>(at - m_givenBack)});
+    m_givenBack = at;
+}
+
 /// Next record of a section; at its end false without a fault.
 bool Loader::nextIn(TagReader& reader, Record& record, const char* section, const char* end) {
+    doneUpTo(m_reader.position());
     if (!reader.next(record)) {
         if (reader.fault()) return bad(reader.fault()->at, reader.fault()->text);
         return bad(nullptr, std::string("o arquivo está truncado: falta o fim (") + end +
@@ -215,7 +226,9 @@ bool Loader::complete() {
     if (!takeExtensionDictionaries()) return false;
     linkReactors();
     ForeignContent& foreign = m_core.foreign();
+    m_givenBack = m_text.data();
     for (const ObjectSpan& span : m_objects) {
+        doneUpTo(span.text.data());
         if (span.kept) continue;
         TagReader reader(span.text);
         RawTags tags;
@@ -265,7 +278,8 @@ Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, Lo
     }
     LoadReport unread;
     auto database = std::make_unique<AcDbDatabase>(false, true);
-    Loader loader(*database, text, report != nullptr ? *report : unread);
+    Loader loader(*database, text, isBinaryFile ? nullptr : file->get(),
+                  report != nullptr ? *report : unread);
     if (!loader.run())
         return errorOf(*loader.fault(), text, isBinaryFile ? &binary.offsets : nullptr, path);
     return database;

@@ -159,7 +159,7 @@ bool Loader::append(std::unique_ptr<AcDbEntity> entity, AcDbObjectId owner) {
     AcDbEntity* const added = entity.get();
     if (m_core.appendWithHandle(owner, added, handle, id) != Acad::eOk)
         return bad(nullptr, "não foi possível acrescentar um objeto ao desenho");
-    entity.release();
+    (void)entity.release();  // the database has it now
     added->close();
     if (handle == 0) m_automatic.insert(id);
     if (!m_head.reactors.empty() || m_head.dictionary != 0)

@@ -56,7 +56,8 @@ void Loader::takeVariable(const std::string& name, const Tags& tags) {
         std::string why;
         for (const Tag& tag : tags)
             if (!checkValue(tag, why)) {
-                (void)bad(tag.value.data(), why + " (variável " + name + ")");
+                why += " (variável " + name + ")";
+                (void)bad(tag.value.data(), why);
                 return;
             }
         m_variables.emplace_back(name, tags);

@@ -56,6 +56,9 @@ resbuf* itemOf(const Tags& body, std::size_t& i, LoadNames& names) {
     }
 }
 
+/// Dictionaries inside one another; what lies deeper is kept as the file has it.
+constexpr int kDeepestDictionary = 200;
+
 }  // namespace
 
 bool Loader::readObjects() {
@@ -79,6 +82,7 @@ bool Loader::readObjects() {
         if (span.handle != 0) m_objectsByHandle.try_emplace(span.handle, &span);
     if (m_objects.empty() || m_objects.front().type != "DICTIONARY") return true;
     ObjectSpan& root = m_objects.front();
+    if (root.kept) return true;  // a second section of objects
     const AcDbObjectId id = m_database.namedObjectsDictionaryId();
     if (root.handle != 0) (void)m_core.changeHandle(id, claim(root.handle, nullptr));
     return takeDictionary(root, static_cast<AcDbDictionary&>(*static_cast<AcDbStub*>(id)->object));
@@ -128,14 +132,17 @@ bool Loader::takeChild(AcDbDictionary& dictionary, const std::wstring& key, Ades
     const bool isRoot = dictionary.objectId() == m_database.namedObjectsDictionaryId();
     const bool free = span != nullptr && !span->kept && !(isRoot && isFormatsOwn(key));
     AcDbObjectId id;
-    if (free && span->type == "DICTIONARY") {
+    if (free && span->type == "DICTIONARY" && m_dictionaryDepth < kDeepestDictionary) {
         auto* const child = new AcDbDictionary;
         if (!m_core.makeResident(*child, dictionary.objectId(), claim(handle, nullptr))) {
             delete child;
             return bad(nullptr, "não foi possível criar um dicionário");
         }
         id = child->objectId();
-        if (!takeDictionary(*span, *child)) return false;
+        ++m_dictionaryDepth;
+        const bool taken = takeDictionary(*span, *child);
+        --m_dictionaryDepth;
+        if (!taken) return false;
         child->close();
     } else if (free && span->type == "XRECORD") {
         if (!takeXrecord(*span, dictionary, id)) return false;

@@ -2,9 +2,11 @@
 // One reading of a file into a new database.
 #pragma once
 
+#include <deque>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "prancheta/base/file.h"
 #include "prancheta/dxf/document.h"
 #include "prancheta/dxf/entity_head.h"
 #include "prancheta/dxf/entity_types.h"
@@ -29,7 +31,10 @@ struct FileBlock {
 /// given back complete or not at all.
 class Loader : private LoadNames {
 public:
-    Loader(AcDbDatabase& database, std::string_view text, LoadReport& report);
+    /// `file` holds the text and gets its pages back as they are read; null when the text stands
+    /// elsewhere.
+    Loader(AcDbDatabase& database, std::string_view text, const MappedFile* file,
+           LoadReport& report);
 
     /// False with fault() set.
     bool run();
@@ -99,6 +104,8 @@ private:
 
     AcDbObjectId resolve(Kind kind, const std::wstring& name) override;
     void note(std::string text, const char* at, Adesk::UInt64 handle);
+    /// Everything before `at` was read; views into it stay good.
+    void doneUpTo(const char* at);
     bool bad(const char* at, std::string text);
     bool nextIn(TagReader& reader, Record& record, const char* section, const char* end);
     void reserveAllHandles();
@@ -118,6 +125,8 @@ private:
     AcDbDatabase& m_database;
     DatabaseCore& m_core;
     std::string_view m_text;
+    const MappedFile* m_file;
+    const char* m_givenBack;  ///< where the pages not given back yet begin
     LoadReport& m_report;
     std::optional<Fault> m_fault;
     TagReader m_reader;
@@ -140,9 +149,10 @@ private:
     std::vector<LaterMove> m_moved;
     std::unordered_set<AcDbStub*> m_automatic;  ///< objects whose handle the file did not give
     std::unordered_map<Adesk::UInt64, ObjectSpan*> m_objectsByHandle;
-    std::vector<ObjectSpan> m_objects;
+    std::deque<ObjectSpan> m_objects;  ///< stays in place when a second section adds to it
     std::unordered_map<Adesk::UInt64, std::string_view> m_ahead;
     bool m_lookedAhead = false;
+    int m_dictionaryDepth = 0;
     bool m_inPiece = false;  ///< the dictionary being read is a piece's
     std::unordered_map<std::string, AcRxClass*> m_classes;
 };

@@ -40,11 +40,13 @@ Adesk::UInt64 partHandle(const AcDbBlockTableRecord& record, std::string_view pa
 
 }  // namespace
 
-Saver::Saver(AcDbDatabase& database, TagWriter& out, std::string version)
+Saver::Saver(AcDbDatabase& database, TagWriter& out, std::string version,
+             const std::optional<ShownView>& view)
     : m_database(database),
       m_core(database.core()),
       m_out(out),
       m_version(version),
+      m_view(view),
       m_entities(out, m_names, m_handles, std::move(version)),
       m_pictures(out, m_names, database) {
     m_filer.handleOf = [this](AcDbObjectId id) { return m_handles.of(id); };
@@ -242,7 +244,7 @@ Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
     if (auto opened = file.open(); !opened) return opened.error();
     const std::string version = versionOf(database.core().foreign().acadVersion, options.version);
     TagWriter out(file, options.form, charsetOf(version));
-    Saver saver(database, out, version);
+    Saver saver(database, out, version, options.view);
     if (auto written = saver.run(); !written) {
         Error error = written.error();
         error.file = path.string();

@@ -64,10 +64,45 @@ void Saver::writeTables() {
 bool Saver::writeKeptTables(const char* name) {
     for (const auto& [kept, tags] : m_core.foreign().tables) {
         if (kept != name) continue;
-        m_out.raw(tags);
+        if (m_view && kept == "VPORT")
+            writeKeptVports(tags);
+        else
+            m_out.raw(tags);
         return true;
     }
     return false;
+}
+
+/// The view goes into the record of the active viewport. One of several tiles, and one that does
+/// not look straight down on the plan, is left as it was.
+void Saver::writeKeptVports(const RawTags& tags) {
+    const auto isActive = [](const RawTag& tag) {
+        return tag.code == 2 && equalNoCase(toWide(trim(std::string_view(tag.value))), L"*Active");
+    };
+    const auto turned = [](const RawTag& tag) {
+        double value = 0.0;
+        const bool sideways = tag.code == 16 || tag.code == 26 || tag.code == 51;
+        return sideways && parseReal(tag.value, value) && value != 0.0;
+    };
+    const auto first = std::find_if(tags.begin(), tags.end(), isActive);
+    if (first == tags.end() || std::find_if(first + 1, tags.end(), isActive) != tags.end())
+        return m_out.raw(tags);
+    const auto end =
+        std::find_if(first, tags.end(), [](const RawTag& tag) { return tag.code == 0; });
+    if (std::any_of(first, end, turned)) return m_out.raw(tags);
+    const std::pair<int, double> shown[] = {
+        {12, m_view->x}, {22, m_view->y},      {17, 0.0},
+        {27, 0.0},       {40, m_view->height}, {41, m_view->aspect}};
+    for (auto tag = tags.begin(); tag != tags.end(); ++tag) {
+        const auto* const value =
+            std::find_if(std::begin(shown), std::end(shown),
+                         [&](const auto& pair) { return pair.first == tag->code; });
+        const bool ours = tag > first && tag < end && value != std::end(shown);
+        if (ours)
+            m_out.real(tag->code, value->second);
+        else
+            m_out.raw(tag->code, tag->value);
+    }
 }
 
 void Saver::writeDefaultVport() {
@@ -75,21 +110,23 @@ void Saver::writeDefaultVport() {
     const AcGePoint3d low = empty ? AcGePoint3d(0, 0, 0) : m_extents.minPoint();
     const AcGePoint3d high = empty ? AcGePoint3d(420, 297, 0) : m_extents.maxPoint();
     const double width = std::max(high.x - low.x, 1.0);
-    const double height = std::max({high.y - low.y, width / 1.6, 1.0}) * 1.05;
+    const double whole = std::max({high.y - low.y, width / 1.6, 1.0}) * 1.05;
+    const ShownView view =
+        m_view.value_or(ShownView{(low.x + high.x) / 2.0, (low.y + high.y) / 2.0, whole, 1.6});
     beginRecord("VPORT", 5, m_standard.vport, m_standard.vports);
     m_out.marker("AcDbViewportTableRecord");
     m_out.text(2, "*Active");
     m_out.integer(70, 0);
     m_out.point2d(10, 0.0, 0.0);
     m_out.point2d(11, 1.0, 1.0);
-    m_out.point2d(12, (low.x + high.x) / 2.0, (low.y + high.y) / 2.0);
+    m_out.point2d(12, view.x, view.y);
     m_out.point2d(13, 0.0, 0.0);
     m_out.point2d(14, 10.0, 10.0);
     m_out.point2d(15, 10.0, 10.0);
     m_out.point(16, {0.0, 0.0, 1.0});
     m_out.point(17, {0.0, 0.0, 0.0});
-    m_out.real(40, height);
-    m_out.real(41, 1.6);
+    m_out.real(40, view.height);
+    m_out.real(41, view.aspect);
     m_out.real(42, 50.0);
     m_out.real(43, 0.0);
     m_out.real(44, 0.0);

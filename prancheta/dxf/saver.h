@@ -5,6 +5,7 @@
 #include <set>
 
 #include "dbxrecrd.h"
+#include "prancheta/dxf/document.h"
 #include "prancheta/dxf/entity_writer.h"
 #include "prancheta/dxf/picture_writer.h"
 #include "prancheta/dxf/piece_out_filer.h"
@@ -33,7 +34,8 @@ struct StandardHandles {
 
 class Saver {
 public:
-    Saver(AcDbDatabase& database, TagWriter& out, std::string version);
+    Saver(AcDbDatabase& database, TagWriter& out, std::string version,
+          const std::optional<ShownView>& view);
 
     /// Writes everything. An error when a piece cannot say what it is.
     Result<void> run();
@@ -67,6 +69,7 @@ private:
     void writeKeptTable(const char* name, const RawTags& tags);
     bool writeKeptTables(const char* name);
     void writeDefaultVport();
+    void writeKeptVports(const RawTags& tags);
     void writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name);
     void writeBlockRecord(const PictureBlock& block);
     void writeBlocks();
@@ -91,6 +94,7 @@ private:
     DatabaseCore& m_core;
     TagWriter& m_out;
     std::string m_version;
+    std::optional<ShownView> m_view;
     SaveNames m_names;
     HandleSource m_handles;
     EntityWriter m_entities;

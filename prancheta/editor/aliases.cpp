@@ -14,7 +14,7 @@ constexpr std::string_view kUsual =
     "*TEXT\n"
     "E, *ERASE\nEP, *EDITAPERFIL\nL, *LINE\nLA, *LAYER\nLI, *LIST\nLS, *LIST\nM, *MOVE\nMI, *MIRROR\nP, *PAN\nPL, "
     "*PLINE\n"
-    "PO, *POINT\nR, *REDRAW\nRE, *REGEN\nRO, *ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, "
+    "CH, *PROPERTIES\nMO, *PROPERTIES\nPO, *POINT\nPR, *PROPERTIES\nR, *REDRAW\nRE, *REGEN\nRO, *ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, "
     "*ZOOM\n";
 
 }  // namespace

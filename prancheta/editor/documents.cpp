@@ -127,6 +127,7 @@ void Editor::tellClosing() {
     m_selectionSets->clear();
     m_previousViews.clear();
     m_view = View();
+    m_viewChosen = false;
     m_ucs = AcGeMatrix3d();
     m_pointer.reset();
 }
@@ -190,7 +191,7 @@ Result<void> Editor::recoverDocument(const std::filesystem::path& copy,
     Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(copy);
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     if (!loaded) return loaded.error();
-    const Result<void> replaced = replaceDatabase(std::move(*loaded), name);
+    Result<void> replaced = replaceDatabase(std::move(*loaded), name);
     if (replaced) m_savedRevision = std::numeric_limits<std::uint64_t>::max();
     return replaced;
 }
@@ -199,7 +200,11 @@ Result<void> Editor::writeDocument(const std::filesystem::path& path,
                                    const dxf::SaveOptions& options) {
     if (path.empty()) return Error{"O desenho ainda não tem nome; informe onde salvar."};
     m_modules->broadcast(AcRx::kSaveMsg);
-    return dxf::save(*m_database, path, options);
+    dxf::SaveOptions withView = options;
+    if (m_viewChosen && !withView.view)
+        withView.view = {m_view.centre.x, m_view.centre.y, m_view.height,
+                         m_screenWidth / m_screenHeight};
+    return dxf::save(*m_database, path, withView);
 }
 
 Result<void> Editor::saveDocument(const std::filesystem::path& path,
@@ -207,7 +212,7 @@ Result<void> Editor::saveDocument(const std::filesystem::path& path,
     const std::filesystem::path target =
         path.empty() ? m_fileName : std::filesystem::absolute(path);
     if (m_database->core().variables().number(L"ISAVEBAK") != 0) keepFormerFile(target);
-    const Result<void> written = writeDocument(target, options);
+    Result<void> written = writeDocument(target, options);
     if (!written) return written;
     m_fileName = target;
     m_savedRevision = m_database->core().undo().revision();

@@ -129,7 +129,7 @@ RawInput Editor::askRaw(const InputRequest& request) {
     } else if (!m_running.empty() && m_running.back()->transparent) {
         InputRequest inner = request;
         const std::size_t text =
-            std::min(inner.prompt.find_first_not_of(L"\n"), inner.prompt.size());
+            std::min(inner.prompt.find_first_not_of(L'\n'), inner.prompt.size());
         inner.prompt.insert(text, L">>");
         input = m_ui.ask(inner);
     } else {
@@ -226,6 +226,7 @@ void Editor::setView(const View& view, ViewChange change) {
     if (change == ViewChange::Step) m_previousViews.push_back(m_view);
     if (m_previousViews.size() > kPreviousViews) m_previousViews.erase(m_previousViews.begin());
     m_view = view;
+    m_viewChosen = true;
     m_ui.refresh();
 }
 
@@ -233,6 +234,7 @@ bool Editor::restorePreviousView() {
     if (m_previousViews.empty()) return false;
     m_view = m_previousViews.back();
     m_previousViews.pop_back();
+    m_viewChosen = true;
     m_ui.refresh();
     return true;
 }

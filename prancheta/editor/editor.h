@@ -108,6 +108,8 @@ public:
     bool startCommand(std::wstring_view typed);
     /// True while a command runs or waits.
     bool commandActive() const { return !m_running.empty(); }
+    /// What Enter at "Comando:" repeats, as it was typed; empty at first.
+    const std::wstring& lastCommand() const { return m_lastCommand; }
     /// Global name of the innermost command, empty when none.
     std::wstring activeCommand() const;
     /// True when code between these addresses belongs to a running command.
@@ -259,6 +261,7 @@ private:
     AcGeMatrix3d m_ucs;
     std::optional<AcGePoint3d> m_pointer;  ///< last position that the front end told, world
     View m_view;
+    bool m_viewChosen = false;  ///< since the drawing was opened: it is saved with it
     std::vector<View> m_previousViews;
     double m_screenWidth = 800.0;
     double m_screenHeight = 600.0;

@@ -8,6 +8,7 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
 #include "prancheta/database/register.h"
 #include "prancheta/dcl/dialog.h"
 #include "prancheta/editor/commands/table.h"
@@ -36,7 +37,9 @@ void setLocale() {
 
 }  // namespace
 
-std::filesystem::path Host::installationFolder() { return environment(kInstallationVariable); }
+std::filesystem::path Host::installationFolder() {
+    return pathFromUtf8(environment(kInstallationVariable));
+}
 
 std::filesystem::path Host::programFolder() { return folderOfProgram(); }
 

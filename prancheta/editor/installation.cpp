@@ -8,6 +8,7 @@
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
+#include "prancheta/base/utf8_path.h"
 
 namespace prancheta {
 namespace {
@@ -26,11 +27,11 @@ constexpr const char* kDataVariable = "XDG_DATA_HOME";
 #endif
 
 fs::path userFolder() {
-    const fs::path data = environment(kDataVariable);
+    const fs::path data = pathFromUtf8(environment(kDataVariable));
     if (data.is_absolute()) return data / "prancheta" / "instalacao";
     const std::string home = environment("HOME");
     if (home.empty()) return {};
-    return fs::path(home) / ".local" / "share" / "prancheta" / "instalacao";
+    return pathFromUtf8(home) / ".local" / "share" / "prancheta" / "instalacao";
 }
 
 /// Changes with every package: the files' names, sizes and dates.

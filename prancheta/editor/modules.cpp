@@ -7,6 +7,7 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/register.h"
 #include "prancheta/editor/command_stack.h"
@@ -74,6 +75,7 @@ AcRx::AppRetCode ModuleTable::send(Module& module, AcRx::AppMsgCode message) {
 
 void ModuleTable::broadcast(AcRx::AppMsgCode message) {
     std::vector<Module*> all;
+    all.reserve(m_modules.size());
     for (const auto& m : m_modules) all.push_back(m.get());
     for (Module* m : all)
         if (find(m) != nullptr && m->started) (void)send(*m, message);
@@ -84,7 +86,7 @@ std::filesystem::path ModuleTable::locate(const std::filesystem::path& path) con
     const std::filesystem::path here = resolvePath(path.string());
     if (std::filesystem::exists(here, ignored)) return std::filesystem::absolute(here, ignored);
     for (const char* extension : {"", ".arx"}) {
-        const std::filesystem::path beside = resolvePath((m_folder / path).string() + extension);
+        std::filesystem::path beside = resolvePath((m_folder / path).string() + extension);
         if (!m_folder.empty() && std::filesystem::exists(beside, ignored)) return beside;
     }
     return path;
@@ -263,7 +265,8 @@ bool acrxAppIsLoaded(const ACHAR* fileName) {
 
 bool acrxLoadModule(const ACHAR* fileName, bool printit, bool) {
     if (fileName == nullptr || prancheta::table() == nullptr) return false;
-    return prancheta::report(prancheta::table()->load(prancheta::toUtf8(fileName)), printit);
+    return prancheta::report(
+        prancheta::table()->load(prancheta::pathFromUtf8(prancheta::toUtf8(fileName))), printit);
 }
 
 bool acrxUnloadModule(const ACHAR* fileName, bool) {

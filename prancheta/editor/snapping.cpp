@@ -10,6 +10,7 @@
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
+#include "prancheta/graphics/edges.h"
 #include "prancheta/graphics/hit.h"
 #include "prancheta/graphics/snaps.h"
 
@@ -137,6 +138,14 @@ public:
     }
     std::vector<Candidate>& points() { return m_points; }
     std::vector<Candidate>& nearest() { return m_nearest; }
+    /// Points of the very edges under the aperture: of a piece of many lines the middle is meant of
+    /// the one that was aimed at.
+    std::vector<Candidate> ofAimedEdges() const {
+        std::vector<Candidate> of;
+        for (const Candidate& candidate : m_points)
+            if (onAimedEdge(candidate.hit.point)) of.push_back(candidate);
+        return of;
+    }
 
 private:
     void add(AcDbObjectId id) {
@@ -155,9 +164,16 @@ private:
             for (const AcGePoint3d& p : points)
                 push(mode.bit == kNearest ? m_nearest : m_points, {p, mode.bit, id}, mode.rank);
         }
-        if ((m_modes & kIntersection) == 0) return;
         appendEdgesNear(picture, m_aim.pointer, m_aim.aperture, m_entities.size(), m_edges);
         m_entities.push_back(id);
+    }
+    bool onAimedEdge(const AcGePoint3d& p) const {
+        const double near = m_aim.aperture * 1e-6;
+        return std::any_of(m_edges.begin(), m_edges.end(), [&](const NearEdge& aimed) {
+            const Edge& edge = aimed.edge;
+            if (edge.isArc() && planeDistanceTo(edge.center, p) <= near) return true;
+            return planeDistanceTo(nearestOn(edge, p), p) <= near;
+        });
     }
     void addCrossings() {
         for (const Crossing& crossing : crossingsOf(m_edges, m_aim.pointer, m_aim.aperture)) {
@@ -219,6 +235,7 @@ std::vector<SnapHit> snapHits(const Editor& editor, const AcGePoint3d& world, in
     sortHits(search.nearest());
     const double same = aim.aperture * 1e-6;
     appendHits(search.points(), aim.aperture, same, hits);
+    if (hits.empty()) appendHits(search.ofAimedEdges(), aim.reach, same, hits);
     if (hits.empty()) appendHits(search.points(), aim.reach, same, hits);
     appendHits(search.nearest(), aim.aperture, same, hits);
     return hits;

@@ -91,6 +91,9 @@ struct FileQuestion {
     std::filesystem::path suggestion;  ///< empty: none
 };
 
+/// What a front end with windows may have instead of a command's questions.
+enum class Tool { Properties, Plot };
+
 class UserInterface {
 public:
     virtual ~UserInterface() = default;
@@ -110,6 +113,9 @@ public:
     /// Asks in a window whether a drawing with unsaved changes may be left; it may have been saved
     /// in answer. Nothing: there is no such window, the command asks by text.
     virtual std::optional<bool> mayLeaveDrawing() { return {}; }
+    /// Shows the window or panel that does the command's work. False: there is none, the command does
+    /// with the command line.
+    virtual bool showTool(Tool) { return false; }
     /// Something visible changed; called after each command and each step of a drag.
     virtual void refresh() {}
 };

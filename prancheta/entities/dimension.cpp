@@ -54,7 +54,7 @@ Acad::ErrorStatus AcDbDimension::setDimscale(double scale) {
 
 std::wstring AcDbDimension::shownText() const {
     constexpr std::wstring_view kMeasured = L"<>";
-    const std::wstring measured = measureText(measurement(), styleValues(*this));
+    std::wstring measured = measureText(measurement(), styleValues(*this));
     const std::wstring text = dimensionTextConst();
     if (text.empty()) return measured;
     std::wstring shown;

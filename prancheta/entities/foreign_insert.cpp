@@ -63,8 +63,10 @@ void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     const int rows = std::clamp(findWhole(tags, 71, 1), 1, kMostCopies / columns);
     std::size_t drawn = 0;
     for (int i = 0; i < columns * rows && drawn < kMostPrimitives; ++i) {
-        const AcGeVector3d step(findNumber(tags, 44, 0.0) * (i % columns),
-                                findNumber(tags, 45, 0.0) * (i / columns), 0.0);
+        const int column = i % columns;
+        const int row = i / columns;
+        const AcGeVector3d step(findNumber(tags, 44, 0.0) * column, findNumber(tags, 45, 0.0) * row,
+                                0.0);
         draw.geometry().pushModelTransform(inPlane * AcGeMatrix3d::translation(step) * copy);
         replay(content, draw);
         draw.geometry().popModelTransform();

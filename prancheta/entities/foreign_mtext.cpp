@@ -72,7 +72,9 @@ Lines wrapped(const Lines& lines, double height, double width) {
         for (std::size_t from = 0; from <= line.size();) {
             const std::size_t blank = std::min(line.find(L' ', from), line.size());
             const std::wstring word = line.substr(from, blank - from);
-            const std::wstring longer = current.empty() ? word : current + L' ' + word;
+            std::wstring longer = current;
+            if (!current.empty()) longer += L' ';
+            longer += word;
             if (!current.empty() && textWidth(longer, height, 1.0) > width) {
                 result.push_back(current);
                 current = word;
@@ -105,9 +107,10 @@ void drawMtext(const RawTags& all, AcGiGeometry& to) {
     const AcGeVector3d up = planeNormal(tags).crossProduct(along);
     // Attachment 1..9: columns left, centre, right; rows top, middle, bottom.
     const int attachment = std::clamp(findWhole(tags, 71, 1), 1, 9) - 1;
+    const int row = attachment / 3;
     const double step = height * 5.0 / 3.0 * findNumber(tags, 44, 1.0);
     const double total = height + step * static_cast<double>(lines.size() - 1);
-    const AcGePoint3d top = findPoint(tags, 10) + up * (total * (attachment / 3) / 2.0);
+    const AcGePoint3d top = findPoint(tags, 10) + up * (total * row / 2.0);
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const double width = textWidth(lines[i], height, 1.0);
         const AcGePoint3d start = top - along * (width * (attachment % 3) / 2.0) -

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "prancheta/base/code_point.h"
+
 namespace prancheta {
 
 namespace {
@@ -23,6 +25,8 @@ double textWidth(std::wstring_view text, double height, double widthFactor) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const bool code = text.compare(i, 2, L"%%") == 0 && i + 2 < text.size();
         const wchar_t letter = code ? text[i + 2] : text[i];
+        // The second half of a character that does not fit 16 bits.
+        if (kWideIsUtf16 && isLowSurrogate(static_cast<char32_t>(letter))) continue;
         const bool switchesLine =
             code && (letter == L'u' || letter == L'o' || letter == L'U' || letter == L'O');
         if (code) i += 2;

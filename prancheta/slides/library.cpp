@@ -8,6 +8,7 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/file_stamp.h"
 #include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
 
 namespace prancheta::slides {
 namespace fs = std::filesystem;
@@ -42,13 +43,13 @@ void decodeInto(LoadedFile& file, const std::string& bytes, bool isLibrary) {
     for (const LibraryEntry& entry : *entries) add(entry.name, entry.image);
 }
 
-/// Null when the file cannot be read. A dialog shows many slides of few files: a file that is still
-/// the one that was read costs one question to the system.
-const LoadedFile* loadedFile(const std::wstring& written, bool isLibrary) {
+/// Null when the file cannot be read. A file that is still the one that was read costs one question
+/// to the system.
+const LoadedFile* askedFile(const std::wstring& written, bool isLibrary) {
     static std::map<fs::path::string_type, LoadedFile> cache;
     std::string slashed = toUtf8(written);
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    fs::path path(std::move(slashed));
+    fs::path path = pathFromUtf8(slashed);
     auto stamp = fileStampOf(path);
     if (!stamp) {
         path = resolvePath(written);
@@ -62,6 +63,19 @@ const LoadedFile* loadedFile(const std::wstring& written, bool isLibrary) {
     file = {*stamp, {}};
     decodeInto(file, *bytes, isLibrary);
     return &file;
+}
+
+/// A dialog shows many slides of few files, each of which is asked about once.
+const LoadedFile* loadedFile(const std::wstring& written, bool isLibrary, std::uint64_t moment) {
+    struct Asked {
+        std::uint64_t moment = 0;
+        std::map<std::wstring, const LoadedFile*> files;
+    };
+    static Asked asked;
+    if (moment == 0 || moment != asked.moment) asked = {moment, {}};
+    const auto [file, isNew] = asked.files.try_emplace(written);
+    if (isNew) file->second = askedFile(written, isLibrary);
+    return file->second;
 }
 
 }  // namespace
@@ -125,12 +139,14 @@ SlideReference splitReference(std::wstring_view reference) {
             std::wstring(reference.substr(open + 1, reference.size() - open - 2))};
 }
 
-std::shared_ptr<const Slide> loadSlide(std::wstring_view reference) {
+std::shared_ptr<const Slide> loadSlide(std::wstring_view reference, std::uint64_t moment) {
     SlideReference parts = splitReference(reference);
     const bool isLibrary = !parts.slide.empty();
-    const fs::path written(toUtf8(parts.path));
-    if (isLibrary || !written.has_extension()) parts.path += isLibrary ? L".slb" : L".sld";
-    const LoadedFile* const file = loadedFile(parts.path, isLibrary);
+    if (isLibrary)
+        parts.path += L".slb";
+    else if (!fs::path(toUtf8(parts.path)).has_extension())
+        parts.path += L".sld";
+    const LoadedFile* const file = loadedFile(parts.path, isLibrary, moment);
     if (file == nullptr) return nullptr;
     const auto found = file->slides.find(upperAscii(toUtf8(parts.slide)));
     return found == file->slides.end() ? nullptr : found->second;

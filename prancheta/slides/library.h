@@ -2,6 +2,7 @@
 // Slide libraries, and slides found by the names that programs use.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -36,7 +37,8 @@ SlideReference splitReference(std::wstring_view reference);
 
 /// The slide that a program names (`...\Slides\pu(secao)`, `...\Slides\FLECHA`), found without
 /// regard to case; null when it is missing or damaged. Files are decoded once and kept while their
-/// date and size do not change.
-std::shared_ptr<const Slide> loadSlide(std::wstring_view reference);
+/// date and size do not change, which is looked at once for all calls in a row with the same
+/// `moment` and always when it is 0.
+std::shared_ptr<const Slide> loadSlide(std::wstring_view reference, std::uint64_t moment = 0);
 
 }  // namespace prancheta::slides

@@ -250,6 +250,7 @@ void Examiner::findCycles() {
     };
     std::unordered_map<std::string, State> states;
     std::vector<Visit> stack;
+    stack.reserve(m_references.size());
     for (const auto& entry : m_references) stack.push_back({entry.first});
     while (!stack.empty()) {
         const Visit visit = std::move(stack.back());

@@ -53,6 +53,26 @@ protected:
     fs::path folder;
 };
 
+TEST_F(Opening, AViewThatWasChosenIsSavedWithTheDrawing) {
+    editor->setScreenSize(800, 400);
+    // Into the viewport that came with a file, whose target is no longer needed; the rest of it
+    // stays.
+    openWithViewport(" 12\n1500\n 22\n2100\n 17\n10\n 27\n20\n 40\n300\n 41\n1.5\n 72\n777\n");
+    type({L"_zoom", L"_c", L"1200,2040", L"80"});
+    ASSERT_TRUE(editor->saveDocument(folder / "b.dxf"));
+    EXPECT_NE(contentOf(folder / "b.dxf").find("777"), std::string::npos);
+    ASSERT_TRUE(editor->newDocument());
+    ASSERT_TRUE(editor->openDocument(folder / "b.dxf"));
+    expectView(1200, 2040, 80);
+    // Into the one that a new drawing gets.
+    ASSERT_TRUE(editor->newDocument());
+    type({L"_line", L"0,0", L"100,100", L"", L"_zoom", L"_c", L"30,40", L"50"});
+    ASSERT_TRUE(editor->saveDocument(folder / "c.dxf"));
+    ASSERT_TRUE(editor->newDocument());
+    ASSERT_TRUE(editor->openDocument(folder / "c.dxf"));
+    expectView(30, 40, 50);
+}
+
 TEST_F(Opening, ShowsTheSavedViewOrEverything) {
     editor->setScreenSize(800, 400);
     // Wide screen: the height of the viewport fits as it is.

@@ -19,7 +19,7 @@ namespace {
 std::string layoutOf(const char* text) {
     Result<Library> library = parseText(text, "t.dcl");
     if (!library) return library.error().message();
-    const std::unique_ptr<Tile> root = build(*library->definitions.at("d"));
+    const std::unique_ptr<Tile> root = build(library->definitions.at("d"));
     return "\n" + dumpLayout(layOut(*root, Metrics{10, 20, {}}));
 }
 
@@ -120,6 +120,11 @@ dialog - 0,0 320x222
 
 TEST(DclLayout, TabsOfListRows) {
     Tile list;
+    const auto definition = std::make_shared<Definition>();
+    list.definition = definition;
+    const auto give = [&](const char* name, const char* text) {
+        definition->attributes[name] = std::make_shared<Value>(Value{ValueKind::Text, text, {}});
+    };
     const auto cells = [&](std::wstring_view row) {
         std::string out;
         for (const Cell& cell : cellsOf(list, row, Metrics{10, 20, {}}))
@@ -128,11 +133,11 @@ TEST(DclLayout, TabsOfListRows) {
         return out;
     };
     EXPECT_EQ(cells(L"a\tb\t\tc"), "0+0 80+0 160+0 240+0 ") << "every eighth character by default";
-    list.attributes["tabs"] = "4 10 20";
+    give("tabs", "4 10 20");
     EXPECT_EQ(cells(L"a\tb\tc\td\te"), "0+0 40+0 100+0 200+0 240+0 ");
     EXPECT_EQ(cells(L"comprido\tb\t\tc"), "0+0 100+0 200+0 240+0 ")
         << "pushed on to the next free stop";
     EXPECT_EQ(cells(L"quat\tb"), "0+0 40+0 ") << "a text that just fits stays";
-    list.attributes["tab_truncate"] = "true";
+    give("tab_truncate", "true");
     EXPECT_EQ(cells(L"comprido\tb\tc"), "0+40 40+60 100+0 ");
 }

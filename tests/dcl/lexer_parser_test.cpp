@@ -18,7 +18,7 @@ std::string read(const std::string& text) {
     std::string out;
     for (const Finding& finding : library->findings) out += finding.error.message() + "\n";
     const auto it = library->definitions.find("d");
-    return it == library->definitions.end() ? out : out + dcltest::printTree(*build(*it->second));
+    return it == library->definitions.end() ? out : out + dcltest::printTree(*build(it->second));
 }
 
 struct Case {

@@ -11,6 +11,7 @@
 #include "acutads.h"
 #include "prancheta/base/event.h"
 #include "prancheta/base/text.h"
+#include "prancheta/dcl/definition.h"
 #include "prancheta/dcl/kinds.h"
 
 namespace fs = std::filesystem;
@@ -53,8 +54,8 @@ fs::path Folder::write(const std::string& name, std::string_view text) const {
 std::string printTree(const dcl::Tile& tile) {
     std::string out(dcl::kindName(tile.kind));
     if (!tile.key.empty()) out += " " + tile.key;
-    for (const auto& [name, value] : tile.attributes)
-        if (name != "key" && name.rfind("fixed_", 0) != 0) out += " " + name + "=" + value;
+    for (const auto& [name, value] : tile.definition->attributes)
+        if (name != "key" && name.rfind("fixed_", 0) != 0) out += " " + name + "=" + value->text;
     out += '\n';
     for (const auto& child : tile.children) {
         std::string below = printTree(*child);

@@ -105,6 +105,27 @@ TEST_F(Pointing, orthoLimitsTheCursorButNotSnapsNorTypedPoints) {
     expectLine(all[4], 450, 400, 520, 480);
 }
 
+TEST_F(Pointing, theSnapGridRoundsThePointerButNotSnapsNorTypedPoints) {
+    line(503.5, 301.25, 600, 400);
+    for (const wchar_t* text : {L"OSMODE", L"1", L"SNAPMODE", L"1", L"SNAPUNIT", L"20,10"})
+        type(text);
+    type(L"_LINE");
+    click(113, 148);
+    type(L"7.5,3.25");
+    click(502, 300);  // an end point
+    type(L"'SNAPUNIT");
+    type(L"-5,10");  // refused: asked again
+    type(L"0,10");   // X stays free
+    click(333, 148);
+    type(L"");
+    run();
+    const Ids all = entities();
+    ASSERT_EQ(all.size(), 4u);
+    expectLine(all[3], 503.5, 301.25, 333, 150);
+    expectLine(all[1], 120, 150, 7.5, 3.25);
+    expectLine(all[2], 7.5, 3.25, 503.5, 301.25);
+}
+
 /// A line that follows the pointer from the origin.
 class LineJig : public AcEdJig {
 public:

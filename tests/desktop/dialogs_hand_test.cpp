@@ -73,13 +73,14 @@ TEST(DialogHands, AFieldIsLeftBeforeTheNextTileIsPressed) {
     EXPECT_EQ(form.calls(), (Calls{"h 2 12345", "fazer 1 ", "h 2 7", "b 1 x", "accept"}));
 }
 
-TEST(DialogHands, EnterInAFieldWithoutAllowAcceptStays) {
+TEST(DialogHands, EnterInAFieldWithoutAllowAcceptHandsOverToTheDefaultButton) {
     Form form(kForm);
     form.listen({L"h"});
     const int status = form.run([](QDialog& dialog) {
         retype(dialog, "h", "5");
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
         EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(keyboard(dialog), "accept") << "the next Enter accepts";
         retype(dialog, "h", "6");
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);  // what was typed is not left
     });

@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -22,6 +23,32 @@ namespace shell {
 
 using prancheta::desktop::Application;
 using prancheta::desktop::ApplicationOptions;
+
+/// The modules of the build, on a copy of the installation folder.
+inline ApplicationOptions withModules(const std::filesystem::path& folder) {
+    namespace fs = std::filesystem;
+    const fs::path build = HOUSE_BINARY_DIR;
+    ApplicationOptions options;
+    options.programs = build / "bin";
+    options.installation = folder / "instalacao";
+    fs::copy(build / "instalacao", options.installation, fs::copy_options::recursive);
+    return options;
+}
+
+/// A folder of its own for what a window writes.
+class Window : public testing::Test {
+protected:
+    std::filesystem::path folder() const { return m_folder.path().toStdString(); }
+    std::filesystem::path recoveries() const { return folder() / "prancheta" / "recuperacao"; }
+
+    void SetUp() override {
+        ASSERT_TRUE(m_folder.isValid());
+        qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
 
 /// Runs the window until the steps are done. Steps go on inside modal windows, too. What is left
 /// open at the end is closed without saving.
@@ -111,6 +138,8 @@ private:
     };
 
     void tick() {
+        // Nobody acts while a program works.
+        if (window().ui().request() == nullptr && !QApplication::activeModalWidget()) return;
         if (m_next < m_steps.size()) {
             // Taken before it runs: it may open a modal window, in which the next ones run.
             Step& step = m_steps[m_next];

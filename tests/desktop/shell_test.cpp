@@ -19,31 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kBuild = HOUSE_BINARY_DIR;
-
-/// The modules of the build, on a copy of the installation folder.
-ApplicationOptions withModules(const fs::path& folder) {
-    ApplicationOptions options;
-    options.programs = kBuild / "bin";
-    options.installation = folder / "instalacao";
-    fs::copy(kBuild / "instalacao", options.installation, fs::copy_options::recursive);
-    return options;
-}
-
-class Window : public testing::Test {
-protected:
-    fs::path folder() const { return m_folder.path().toStdString(); }
-    fs::path recoveries() const { return folder() / "prancheta" / "recuperacao"; }
-
-    void SetUp() override {
-        ASSERT_TRUE(m_folder.isValid());
-        qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit());
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
 TEST_F(Window, DrawsWithKeysAndMouse) {
     Story story;
     AcGePoint3d start, end;

@@ -180,3 +180,18 @@ TEST(Damage, LinesChangedAtRandomNeverCrash) {
     }
     EXPECT_GT(loaded, 0);
 }
+
+TEST(Damage, DictionariesInsideOneAnotherWithoutEndDoNotCrash) {
+    constexpr std::size_t kCount = 20000;
+    std::string objects;
+    for (std::size_t i = 0; i < kCount; ++i) {
+        const auto handle = [i](std::size_t n) { return std::to_string(100000 + i + n); };
+        objects += "0\nDICTIONARY\n5\n" + handle(0) + "\n100\nAcDbDictionary\n3\nA\n350\n" +
+                   handle(1) + "\n";
+    }
+    std::string text = fileWith("0 POINT|8 0|10 0|20 0");
+    text.insert(text.rfind("0\nEOF"), "0\nSECTION\n2\nOBJECTS\n" + objects + "0\nENDSEC\n");
+    const auto loaded = tryLoad(text);
+    ASSERT_TRUE(loaded.ok()) << loaded.error().message();
+    EXPECT_GE(countOf(groupsOf(saved(**loaded)), "DICTIONARY"), kCount) << "none is lost";
+}

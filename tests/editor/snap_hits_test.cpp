@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Which snap points a pointer is offered, in what order, and what they say of themselves.
+#include "dbpl.h"
 #include "prancheta/editor/picking.h"
 #include "support.h"
 
@@ -71,6 +72,25 @@ TEST_F(SnapHitsTest, wholeObjectWhenAskedFor) {
     ASSERT_EQ(ends.size(), 2u);
     expectHit(ends[0], 100, 50, kEnd, tall);
     expectHit(ends[1], 100, 0, kEnd, tall);
+}
+
+/// Of a box the middle of the side that was aimed at, though that of another side is nearer.
+TEST_F(SnapHitsTest, theEdgeUnderThePointerIsMeant) {
+    auto* const box = new AcDbPolyline;
+    const double corners[][2] = {{0, 0}, {200, 0}, {200, 40}, {0, 40}};
+    for (unsigned i = 0; i < 4; ++i)
+        (void)box->addVertexAt(i, AcGePoint2d(corners[i][0], corners[i][1]));
+    (void)box->setClosed(true);
+    AcDbObjectId id;
+    {
+        AcDbObjectPointer<AcDbBlockTableRecord> space(editor->database().currentSpaceId(),
+                                                      AcDb::kForWrite);
+        ASSERT_EQ(space->appendAcDbEntity(id, box), Acad::eOk);
+        (void)box->close();
+    }
+    const std::vector<SnapHit> middles = hits(45, 0.5, kMiddle, SnapReach::Object);
+    ASSERT_EQ(middles.size(), 1u);
+    expectHit(middles[0], 100, 0, kMiddle, id);
 }
 
 TEST_F(SnapHitsTest, hiddenLayersDoNotCountLockedOnesDo) {

@@ -14,7 +14,7 @@ protected:
     /// Reads the bytes, and checks that writing the text back gives the same bytes.
     std::wstring thereAndBack(const std::string& bytes) {
         put("a.lst", bytes);
-        const std::optional<ListText> list = readListText(path("a.lst"));
+        const std::shared_ptr<const ListText> list = readListText(path("a.lst"));
         if (!list) return L"(not opened)";
         EXPECT_TRUE(writeListText(path("b.lst"), list->text, list->format));
         EXPECT_EQ(get("b.lst"), bytes);

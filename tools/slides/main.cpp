@@ -5,6 +5,8 @@
 
 #include "pictures.h"
 #include "prancheta/base/file.h"
+#include "prancheta/base/library.h"
+#include "prancheta/base/utf8_path.h"
 
 namespace {
 
@@ -26,7 +28,8 @@ int main(int argc, char** argv) {
         std::cerr << "Uso: fazer-slides PASTA\n";
         return 2;
     }
-    const std::filesystem::path folder = argv[1];
+    const std::filesystem::path folder =
+        prancheta::pathFromUtf8(prancheta::programArguments(argc, argv)[1]);
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     for (const tools::Family& family : tools::families()) {

@@ -115,8 +115,9 @@ class Run:
         return {k: self.clean(v) for k, v in value.items()} if isinstance(value, dict) else value
 
     def drawing(self, path):
-        """Group codes and values, without the times; nothing for a file that is not there."""
-        lines = path.read_bytes().decode("utf-8").replace("\r\n", "\n").split("\n")
+        """Group codes and values, without the times."""
+        # Byte by byte: the older format is in the system's 8-bit code page.
+        lines = path.read_bytes().decode("latin-1").replace("\r\n", "\n").split("\n")
         pairs = list(zip((c.strip() for c in lines[::2]), lines[1::2]))
         kept, skipping = [], False
         for code, text in pairs:

@@ -19,6 +19,7 @@ pasta=$(mktemp -d)
 export WINEPREFIX=$pasta/wine WINEDEBUG=-all LC_ALL=C.UTF-8
 limpa() {
     wineserver -k 2>/dev/null || true
+    wineserver -w 2>/dev/null || true
     rm -rf "$pasta"
 }
 trap limpa EXIT

@@ -6,6 +6,7 @@
 #include <array>
 #include <fstream>
 #include <memory>
+#include <type_traits>
 
 #include "adscodes.h"
 #include "dbents.h"
@@ -118,10 +119,13 @@ Totais totaisDe(const std::vector<Linha>& linhas) {
 
 std::string utf8(const std::wstring& texto) {
     std::string bytes;
+    const auto codigo = [&](std::size_t i) -> std::uint32_t {
+        return static_cast<std::make_unsigned_t<wchar_t>>(i < texto.size() ? texto[i] : L'\0');
+    };
     for (std::size_t i = 0; i < texto.size(); ++i) {
-        auto u = static_cast<std::uint32_t>(texto[i]);
+        std::uint32_t u = codigo(i);
         // Where wide characters have 16 bits, two halves make the rarer ones.
-        const auto baixa = static_cast<std::uint32_t>(i + 1 < texto.size() ? texto[i + 1] : L'\0');
+        const std::uint32_t baixa = codigo(i + 1);
         if (u >> 10 == 0x36 && baixa >> 10 == 0x37) {
             u = 0x10000u + ((u & 0x3ffu) << 10) + (baixa & 0x3ffu);
             ++i;

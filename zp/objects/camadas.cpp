@@ -71,31 +71,44 @@ std::u8string semCaixa(const std::filesystem::path& nome) {
     return s;
 }
 
-/// Entry of a folder by its name in any case; the name itself when there is none. Every piece asks:
-/// a folder that did not change is not listed again.
+/// Entry of a folder by its name in any case; the name itself when there is none.
 std::filesystem::path entrada(const std::filesystem::path& pasta, const std::string& nome) {
     std::error_code erro;
-    if (std::filesystem::exists(pasta / nome, erro)) return pasta / nome;
-    struct Listada {
-        std::filesystem::file_time_type quando;
-        std::filesystem::path achada;
-    };
-    static std::map<std::filesystem::path, Listada> listadas;
-    const auto quando = std::filesystem::last_write_time(pasta, erro);
-    if (erro) return pasta / nome;
-    // A change in the same tick of the clock as the listing would not be seen.
-    const bool assentada =
-        std::filesystem::file_time_type::clock::now() - quando > std::chrono::seconds(2);
-    Listada& antes = listadas[pasta / nome];
-    if (assentada && antes.quando == quando) return antes.achada;
-    antes = {assentada ? quando : std::filesystem::file_time_type(), pasta / nome};
+    std::filesystem::path escrita = pasta / nome;
+    if (std::filesystem::exists(escrita, erro)) return escrita;
     for (std::filesystem::directory_iterator i(pasta, erro), fim; !erro && i != fim;
-         i.increment(erro)) {
-        if (semCaixa(i->path().filename()) != semCaixa(nome)) continue;
-        antes.achada = i->path();
-        break;
+         i.increment(erro))
+        if (semCaixa(i->path().filename()) == semCaixa(nome)) return i->path();
+    return escrita;
+}
+
+/// The file in this installation. Every piece asks: while the folder where it stood, or would
+/// stand, does not change, that folder is not searched again.
+const std::filesystem::path& arquivoEm(const std::filesystem::path& instalacao) {
+    struct Achado {
+        std::filesystem::path instalacao;
+        std::filesystem::path pasta;
+        std::filesystem::file_time_type quando;
+        std::filesystem::path arquivo;
+    };
+    static Achado achado;
+    std::error_code erro;
+    if (!achado.pasta.empty() && achado.instalacao.native() == instalacao.native()) {
+        const auto quando = std::filesystem::last_write_time(achado.pasta, erro);
+        if (!erro && quando == achado.quando) return achado.arquivo;
     }
-    return antes.achada;
+    achado = {instalacao, {}, {}, {}};
+    std::filesystem::path pasta = entrada(instalacao, "Perfis");
+    const auto quando = std::filesystem::last_write_time(pasta, erro);
+    achado.arquivo = entrada(pasta, "camadas.ini");
+    // A change in the same tick of the clock as the search would not be seen.
+    const bool assentada =
+        !erro && std::filesystem::file_time_type::clock::now() - quando > std::chrono::seconds(2);
+    if (assentada) {
+        achado.pasta = std::move(pasta);
+        achado.quando = quando;
+    }
+    return achado.arquivo;
 }
 
 }  // namespace
@@ -130,7 +143,7 @@ std::filesystem::path arquivoDeCamadas() {
     std::string caminho = pasta;
     std::replace(caminho.begin(), caminho.end(), '\\', '/');
 #endif
-    return entrada(entrada(caminho, "Perfis"), "camadas.ini");
+    return arquivoEm(caminho);
 }
 
 int corDaCamada(const std::wstring& nomePadrao) {

@@ -138,6 +138,9 @@ std::unique_ptr<ZpObject> copiaDe(const ZpObject& peca) {
 std::wstring mudaComprimento(Peca& p, double novo) {
     if (!(novo > 0.0)) return L"O comprimento deve ser maior que zero.";
     p.comprimento = novo;
+    if (const secao::Papeis* papeis = secao::papeisDe(p.classe, p.forma, p.quantos))
+        for (std::size_t i = 0; i < p.quantos; ++i)
+            if ((*papeis)[i] == secao::Papel::L) p.dados[i] = p.atuais[i] = novo;
     return {};
 }
 

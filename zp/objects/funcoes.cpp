@@ -32,7 +32,7 @@ const std::map<std::wstring, std::wstring>& camadas() {
     const std::filesystem::path atual = zp::arquivoDeCamadas();
     std::error_code erro;
     const auto data = std::filesystem::last_write_time(atual, erro);
-    if (atual == arquivo && data == quando) return lidas;
+    if (atual.native() == arquivo.native() && data == quando) return lidas;
     arquivo = atual;
     quando = data;
     lidas = zp::leCamadas(atual);

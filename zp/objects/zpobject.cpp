@@ -78,9 +78,10 @@ ZpObject::ZpObject(int classe, const AcGePoint3d& inicio, const AcGePoint3d& fim
 ZpObject::~ZpObject() = default;
 
 Acad::ErrorStatus ZpObject::settipoBarra(TipoBarra tipo) {
-    if (tipo < 0 || tipo > 255) return Acad::eInvalidInput;
+    const int valor = tipo;  // may be none of the enumeration's
+    if (valor < 0 || valor > 255) return Acad::eInvalidInput;
     assertWriteEnabled();
-    m_peca->tipoBarra = static_cast<std::uint8_t>(tipo);
+    m_peca->tipoBarra = static_cast<std::uint8_t>(valor);
     m_peca->barraVelha = true;
     return Acad::eOk;
 }

@@ -9,7 +9,6 @@
 #include "zp/objects/figura.h"
 #include "zp/objects/peca.h"
 
-using zp::Peca;
 using zp::TipoDeLinha;
 using zp::Traco;
 

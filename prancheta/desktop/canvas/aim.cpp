@@ -40,6 +40,18 @@ AcGePoint3d alongAxis(const Editor& editor, const AcGePoint3d& base, const AcGeP
     return base + editor.ucs() * v;
 }
 
+/// The nearest point of the snap grid; a spacing of 0 leaves its direction free.
+AcGePoint3d onSnapGrid(const Editor& editor, const AcGePoint3d& world) {
+    const AcGePoint3d spacing = editor.database().core().variables().point(L"SNAPUNIT");
+    const auto rounded = [](double value, double step) {
+        return step > 0.0 ? std::round(value / step) * step : value;
+    };
+    AcGePoint3d p = editor.ucs().inverse() * world;
+    p.x = rounded(p.x, spacing.x);
+    p.y = rounded(p.y, spacing.y);
+    return editor.ucs() * p;
+}
+
 int modesOf(const Editor& editor, const InputRequest& request) {
     if (request.snapModes) return *request.snapModes;
     const int running = editor.database().core().variables().number(L"OSMODE");
@@ -70,6 +82,7 @@ const char16_t* snapName(int mode) {
 void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& world, bool shift) {
     m_catches.clear();
     m_chosen = 0;
+    m_onGrid = false;
     m_point = world;
     if (request == nullptr || !asksForPoint(*request)) return;
     const int modes = modesOf(editor, *request);
@@ -79,9 +92,12 @@ void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& w
         m_point = m_catches.front().point;
         return;
     }
-    const bool ortho = (editor.database().core().variables().number(L"ORTHOMODE") != 0) != shift;
+    const SystemVariables& variables = editor.database().core().variables();
+    m_onGrid = variables.number(L"SNAPMODE") != 0;
+    if (m_onGrid) m_point = onSnapGrid(editor, world);
+    const bool ortho = (variables.number(L"ORTHOMODE") != 0) != shift;
     if (ortho && request->orthoAllowed && request->base)
-        m_point = alongAxis(editor, *request->base, world);
+        m_point = alongAxis(editor, *request->base, m_point);
 }
 
 void Aim::cycle() {

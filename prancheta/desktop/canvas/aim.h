@@ -24,11 +24,14 @@ public:
     const AcGePoint3d& point() const { return m_point; }
     /// Null when the aim caught nothing.
     const SnapHit* caught() const;
+    /// True when the point was rounded to the snap grid: the cursor stands there, too.
+    bool onGrid() const { return m_onGrid; }
 
 private:
     std::vector<SnapHit> m_catches;
     std::size_t m_chosen = 0;
     AcGePoint3d m_point;
+    bool m_onGrid = false;
 };
 
 }  // namespace prancheta::desktop

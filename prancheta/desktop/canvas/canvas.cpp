@@ -27,6 +27,17 @@ constexpr int kWheelRest = 600;  // milliseconds
 /// Selections above this show no grips.
 constexpr std::size_t kMostGripped = 100;
 
+/// A direction without a spacing of its own has that of the snap grid.
+QSizeF gridSpacing(const SystemVariables& variables) {
+    const AcGePoint3d own = variables.point(L"GRIDUNIT");
+    const AcGePoint3d snap = variables.point(L"SNAPUNIT");
+    const auto chosen = [](double first, double second) {
+        if (first > 0.0) return first;
+        return second > 0.0 ? second : 1.0;
+    };
+    return {chosen(own.x, snap.x), chosen(own.y, snap.y)};
+}
+
 }  // namespace
 
 Canvas::Canvas(QWidget* parent) : QWidget(parent), m_impl(std::make_unique<Impl>(*this)) {
@@ -44,14 +55,12 @@ void Canvas::setEditor(Editor* editor) {
     d.editor = editor;
     d.request = nullptr;
     d.drawing.setEditor(editor);
-    d.highlight.setEditor(editor);
     d.shownList = nullptr;
     d.grips.clear();
     d.frame.reset();
     d.hover = AcDbObjectId::kNull;
     if (editor != nullptr) editor->setScreenSize(width(), height());
-    d.drawingSheet.spoilAll();
-    d.highlightSheet.spoilAll();
+    d.sheet.spoilAll();
     refresh();
 }
 
@@ -60,7 +69,6 @@ void Canvas::refresh() { m_impl->follow(); }
 void Canvas::setGround(Ground ground) {
     const Palette& palette = ground == Ground::Dark ? darkPalette() : lightPalette();
     m_impl->drawing.look.palette = &palette;
-    m_impl->highlight.palette = &palette;
     refresh();
 }
 
@@ -68,10 +76,7 @@ Canvas::Ground Canvas::ground() const {
     return m_impl->palette().dark ? Ground::Dark : Ground::Light;
 }
 
-bool Canvas::complete() const {
-    return m_impl->drawingSheet.complete() &&
-           (m_impl->highlight.selection().empty() || m_impl->highlightSheet.complete());
-}
+bool Canvas::complete() const { return m_impl->sheet.complete(); }
 
 void Canvas::resizeEvent(QResizeEvent*) {
     if (m_impl->editor != nullptr) m_impl->editor->setScreenSize(width(), height());
@@ -100,22 +105,20 @@ void Canvas::Impl::follow() {
     const double ratio = canvas.devicePixelRatioF();
     const SystemVariables& variables = editor->database().core().variables();
     Look& look = drawing.look;
-    look.ratio = highlight.ratio = ratio;
+    look.ratio = ratio;
     look.pixelsPerMillimetre = canvas.logicalDpiX() / 25.4;
     look.lineWeights = variables.number(L"LWDISPLAY") != 0;
     look.grid = variables.number(L"GRIDMODE") != 0;
+    look.gridSpacing = gridSpacing(variables);
     if (look != shownLook) {
         shownLook = look;
-        drawingSheet.spoilAll();
-        highlightSheet.spoilAll();
+        sheet.spoilAll();
     }
     const QTransform toDevice = viewport.transform(ratio);
     const QSize size = (QSizeF(canvas.size()) * ratio).toSize();
-    drawingSheet.show(toDevice, size, look.palette->ground);
+    sheet.show(toDevice, size, look.palette->ground);
     followDrawing();
     followSelection();
-    // Without a selection there is nothing to move along.
-    if (!highlight.selection().empty()) highlightSheet.show(toDevice, size, Qt::transparent);
     if (request != nullptr) aimAgain();
     refine(kAtOnce);
 }
@@ -125,13 +128,9 @@ void Canvas::Impl::followDrawing() {
     const std::uint64_t revision = list.revision();
     if (&list == shownList && revision == shownRevision) return;
     if (&list != shownList || revision < shownRevision) {
-        drawingSheet.spoilAll();
-        highlightSheet.spoilAll();
+        sheet.spoilAll();
     } else {
-        for (const Box2d& box : list.changedSince(shownRevision)) {
-            drawingSheet.spoil(box);
-            highlightSheet.spoil(box);
-        }
+        for (const Box2d& box : list.changedSince(shownRevision)) sheet.spoil(box);
     }
     shownList = &list;
     shownRevision = revision;
@@ -144,8 +143,8 @@ void Canvas::Impl::followSelection() {
     const bool before = request == nullptr || atCommand() || !editor->hotGrips().empty();
     const std::vector<AcDbObjectId>& shown =
         before || request->selection.empty() ? pickfirst : request->selection;
-    if (highlight.setSelection(shown)) {
-        highlightSheet.spoilAll();
+    if (shown != drawing.selection()) {
+        drawing.setSelection(shown, sheet);
         grips.clear();
     }
     const bool gripped = &shown == &pickfirst && !shown.empty() && shown.size() <= kMostGripped;
@@ -163,9 +162,7 @@ void Canvas::Impl::refine(Clock::duration time) {
     if (editor == nullptr) return;
     const Clock::time_point until = Clock::now() + time;
     const QPointF focus = mouse.value_or(canvas.rect().center()) * drawing.look.ratio;
-    drawingSheet.paint(drawing, until, focus.toPoint());
-    const bool marks = !highlight.selection().empty();
-    if (drawingSheet.complete() && marks) highlightSheet.paint(highlight, until, focus.toPoint());
+    sheet.paint(drawing, until, focus.toPoint());
     if (canvas.complete())
         refining.stop();
     else if (!refining.isActive())
@@ -226,12 +223,7 @@ void Canvas::Impl::paint(QPainter& painter) {
     }
     const double ratio = drawing.look.ratio;
     const QRectF area(canvas.rect());
-    const auto draw = [&](const Sheet& sheet) {
-        const QImage& image = sheet.image();
-        painter.drawImage(area, image, QRectF(QPointF(0, 0), area.size() * ratio));
-    };
-    draw(drawingSheet);
-    if (!highlight.selection().empty()) draw(highlightSheet);
+    painter.drawImage(area, sheet.image(), QRectF(QPointF(0, 0), area.size() * ratio));
     paintOverlays(painter);
 }
 

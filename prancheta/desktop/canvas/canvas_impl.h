@@ -74,9 +74,7 @@ struct Canvas::Impl {
 
     Viewport viewport;
     DrawingSource drawing;
-    HighlightSource highlight;
-    Sheet drawingSheet{QImage::Format_RGB32};
-    Sheet highlightSheet{QImage::Format_ARGB32_Premultiplied};
+    Sheet sheet{QImage::Format_RGB32};
     Look shownLook;
     unsigned follows = 0;
     const DisplayList* shownList = nullptr;

@@ -144,10 +144,11 @@ void Canvas::Impl::finishFrame(const QPointF& at, bool shift) {
     const AcGePoint3d second = viewport.toWorld(at);
     frame.reset();
     canvas.update();
-    std::vector<AcDbObjectId> ids = second.x < first.x ? entitiesCrossing(*editor, first, second)
-                                                       : entitiesInWindow(*editor, first, second);
+    const std::vector<AcDbObjectId> ids = second.x < first.x
+                                              ? entitiesCrossing(*editor, first, second)
+                                              : entitiesInWindow(*editor, first, second);
     // An answer without entities would be read as a point.
-    if (!ids.empty()) select(std::move(ids), second, shift);
+    if (!ids.empty()) select(ids, second, shift);
 }
 
 void Canvas::Impl::select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift) {

@@ -65,12 +65,13 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
     const bool boxOnly =
         request != nullptr && !atCommand() &&
         (request->kind == InputKind::Selection || request->kind == InputKind::Entity);
+    const QPointF cursor = aim.onGrid() ? screen(aim.point()) : *mouse;
     QRectF reach = canvas.rect();
     if (const int percent = variables.number(L"CURSORSIZE"); percent < 100) {
         reach.setSize(reach.size() * percent / 100.0);
-        reach.moveCenter(*mouse);
+        reach.moveCenter(cursor);
     }
-    drawCursor(painter, palette(), *mouse, reach,
+    drawCursor(painter, palette(), cursor, reach,
                boxOnly       ? Cursor::Box
                : atCommand() ? Cursor::CrossWithBox
                              : Cursor::Cross,

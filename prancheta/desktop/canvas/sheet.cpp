@@ -39,10 +39,12 @@ void Sheet::shift(int dx, int dy) {
     const auto line = static_cast<std::size_t>(width - std::abs(dx)) * 4;
     uchar* const bits = m_image.bits();
     const auto stride = m_image.bytesPerLine();
+    const qsizetype right = std::max(dx, 0);
+    const qsizetype left = std::max(-dx, 0);
     const auto row = [&](int y) {
         uchar* const to = bits + stride * y;
         const uchar* const from = bits + stride * (y - dy);
-        std::memmove(to + 4 * std::max(dx, 0), from + 4 * std::max(-dx, 0), line);
+        std::memmove(to + 4 * right, from + 4 * left, line);
     };
     if (dy > 0) {
         for (int y = height - 1; y >= dy; --y) row(y);
@@ -132,9 +134,10 @@ void Sheet::begin(SheetSource& source, const QPoint& focus) {
 
 void Sheet::place(const Piece& piece) {
     const auto line = static_cast<std::size_t>(piece.rect.width()) * 4;
+    const qsizetype left = piece.rect.x();
     for (int y = 0; y < piece.rect.height(); ++y)
-        std::memcpy(m_image.scanLine(piece.rect.y() + y) + 4 * piece.rect.x(),
-                    piece.image.constScanLine(y), line);
+        std::memcpy(m_image.scanLine(piece.rect.y() + y) + 4 * left, piece.image.constScanLine(y),
+                    line);
 }
 
 void Sheet::paint(SheetSource& source, Clock::time_point until, const QPoint& focus) {

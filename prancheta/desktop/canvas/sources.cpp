@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the sheets of the drawing area show.
+// What the sheet of the drawing area shows.
 #include "prancheta/desktop/canvas/sources.h"
 
 #include <QPainter>
@@ -17,8 +17,10 @@ constexpr double kDot = 1.5;
 constexpr double kFrame = 4.0;
 /// Boxes are looked at so many at a time between two looks at the clock.
 constexpr unsigned kBoxesPerLook = 64;
-/// Selections up to this size are looked up by entity, larger ones by place.
-constexpr std::size_t kFewSelected = 500;
+/// A change of the selection by more than this repaints everything.
+constexpr std::size_t kManyChanges = 500;
+constexpr int kHighlightAlpha = 150;
+constexpr double kHighlightWidth = 3.0;
 
 constexpr double kLeastGridPixels = 12.0;
 constexpr int kMajorEvery = 10;
@@ -91,29 +93,56 @@ const Palette& lightPalette() {
 
 // --- The drawing --------------------------------------------------------------------------------
 
+void DrawingSource::setEditor(Editor* editor) {
+    m_editor = editor;
+    m_selection.clear();
+    m_selected.clear();
+}
+
+void DrawingSource::setSelection(const std::vector<AcDbObjectId>& ids, Sheet& sheet) {
+    if (ids == m_selection) return;
+    Set selected;
+    selected.reserve(ids.size());
+    for (const AcDbObjectId& id : ids) selected.insert(id.asOldId());
+    std::vector<AcDbObjectId> changed;
+    for (const AcDbObjectId& id : m_selection)
+        if (!selected.contains(id.asOldId())) changed.push_back(id);
+    for (const AcDbObjectId& id : ids)
+        if (!isSelected(id)) changed.push_back(id);
+    m_selection = ids;
+    m_selected = std::move(selected);
+    if (changed.size() > kManyChanges) return sheet.spoilAll();
+    for (const AcDbObjectId& id : changed)
+        sheet.spoil(boxOf(m_editor->display().picture(id).extents()));
+}
+
 void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
     piece.fill(look.palette->ground);
     if (!look.grid) return;
-    // A round spacing that keeps the lines apart; every tenth one is stronger.
+    // The spacing, ten times, a hundred times that keeps the lines apart; every tenth one is
+    // stronger.
     const double least = kLeastGridPixels * look.ratio / toPiece.m11();
-    const double step = std::pow(10.0, std::ceil(std::log10(least)));
+    const auto stepOf = [least](double spacing) {
+        return spacing * std::pow(10.0, std::max(0.0, std::ceil(std::log10(least / spacing))));
+    };
     const QRectF world = toPiece.inverted().mapRect(QRectF(piece.rect()));
     Pixels pixels(piece);
-    const auto lines = [&](double from, double to, auto draw) {
+    const auto lines = [&](double from, double to, double step, auto draw) {
         for (const bool major : {false, true}) {
             const QRgb color = (major ? look.palette->gridMajor : look.palette->grid).rgb();
             for (double k = std::ceil(from / step); k * step <= to; k += 1.0)
                 if ((std::fmod(k, kMajorEvery) == 0.0) == major) draw(k * step, color);
         }
     };
-    lines(world.left(), world.right(), [&](double x, QRgb color) {
+    lines(world.left(), world.right(), stepOf(look.gridSpacing.width()), [&](double x, QRgb color) {
         const double at = toPiece.m11() * x + toPiece.dx();
         pixels.column(static_cast<int>(std::floor(at)), 0, piece.height() - 1, color);
     });
-    lines(world.top(), world.bottom(), [&](double y, QRgb color) {
-        const double at = toPiece.m22() * y + toPiece.dy();
-        pixels.row(0, piece.width() - 1, static_cast<int>(std::floor(at)), color);
-    });
+    lines(world.top(), world.bottom(), stepOf(look.gridSpacing.height()),
+          [&](double y, QRgb color) {
+              const double at = toPiece.m22() * y + toPiece.dy();
+              pixels.row(0, piece.width() - 1, static_cast<int>(std::floor(at)), color);
+          });
 }
 
 SheetSource::Items DrawingSource::items(const Box2d& area) {
@@ -140,6 +169,10 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
     settings.leastTextHeight = 3.0 * look.ratio;
     settings.leastDashPeriod = 4.0;
     PicturePainter pictures(painter, m_editor->appearances(), settings);
+    QColor highlight = look.palette->highlight;
+    highlight.setAlpha(kHighlightAlpha);
+    const QPen pen(highlight, kHighlightWidth * look.ratio, Qt::SolidLine, Qt::RoundCap,
+                   Qt::RoundJoin);
     DisplayList& display = m_editor->display();
     AcDbObjectId layer;
     QRgb color = 0;
@@ -150,68 +183,12 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
         if (isSmall(box)) {
             if (++boxes % kBoxesPerLook == 0 && Clock::now() >= until) return false;
             if (color == 0 || item.layer != layer) color = colorOf(layer = item.layer);
-            pixels.frame(box, color);
+            pixels.frame(box, isSelected(item.id) ? look.palette->highlight.rgb() : color);
             continue;
         }
         if (Clock::now() >= until) return false;
         pictures.paint(display.picture(item.id));
-    }
-    return true;
-}
-
-// --- The highlight ------------------------------------------------------------------------------
-
-void HighlightSource::setEditor(Editor* editor) {
-    m_editor = editor;
-    m_ids.clear();
-    m_set.clear();
-}
-
-bool HighlightSource::setSelection(const std::vector<AcDbObjectId>& ids) {
-    if (ids == m_ids) return false;
-    m_ids = ids;
-    m_set.clear();
-    for (const AcDbObjectId& id : ids) m_set.insert(id.asOldId());
-    return true;
-}
-
-void HighlightSource::ground(QImage& piece, const QTransform&) { piece.fill(Qt::transparent); }
-
-SheetSource::Items HighlightSource::items(const Box2d& area) {
-    Items found;
-    if (m_editor == nullptr || m_ids.empty()) return found;
-    if (m_ids.size() > kFewSelected) {
-        found = m_editor->display().find(area);
-        std::erase_if(found, [&](const auto& item) { return !m_set.contains(item.id.asOldId()); });
-        return found;
-    }
-    for (const AcDbObjectId& id : m_ids) {
-        DisplayList::Item item;
-        item.id = id;
-        item.box = boxOf(m_editor->display().picture(id).extents());
-        if (!item.box.empty() && item.box.meets(area)) found.push_back(item);
-    }
-    return found;
-}
-
-bool HighlightSource::paint(QImage& piece, const QTransform& toPiece, const Items& items,
-                            std::size_t& next, Clock::time_point until) {
-    Pixels pixels(piece);
-    QPainter painter(&piece);
-    PicturePainter::Settings settings;
-    settings.toDevice = toPiece;
-    settings.darkGround = palette->dark;
-    PicturePainter pictures(painter, m_editor->appearances(), settings);
-    QColor color = palette->highlight;
-    color.setAlpha(150);
-    const QPen pen(color, 3.0 * ratio, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    for (; next < items.size(); ++next) {
-        if (Clock::now() >= until) return false;
-        const QRectF box = mapped(toPiece, items[next].box);
-        if (isSmall(box))
-            pixels.frame(box, palette->highlight.rgb());
-        else
-            pictures.paintPlain(m_editor->display().picture(items[next].id), pen);
+        if (isSelected(item.id)) pictures.paintPlain(display.picture(item.id), pen);
     }
     return true;
 }

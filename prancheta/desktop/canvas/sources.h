@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// What the sheets of the drawing area show: the drawing, and the highlight of what is selected.
+// What the sheet of the drawing area shows: the drawing, with what is selected highlighted.
 #pragma once
 
 #include <QColor>
+#include <QSizeF>
 
 #include <unordered_set>
 
@@ -33,12 +34,17 @@ struct Look {
     double pixelsPerMillimetre = 3.78;
     bool lineWeights = false;
     bool grid = false;
+    QSizeF gridSpacing{10.0, 10.0};  ///< least one, drawing units
     bool operator==(const Look&) const = default;
 };
 
 class DrawingSource : public SheetSource {
 public:
-    void setEditor(Editor* editor) { m_editor = editor; }
+    /// Selects nothing.
+    void setEditor(Editor* editor);
+    /// The entities that are highlighted from now on. What changes by it is spoilt on the sheet.
+    void setSelection(const std::vector<AcDbObjectId>& ids, Sheet& sheet);
+    const std::vector<AcDbObjectId>& selection() const { return m_selection; }
     Look look;
 
     void ground(QImage& piece, const QTransform& toPiece) override;
@@ -47,29 +53,14 @@ public:
                Clock::time_point until) override;
 
 private:
+    using Set = std::unordered_set<Adesk::LongPtr>;
+
     QRgb colorOf(AcDbObjectId layer);
+    bool isSelected(AcDbObjectId id) const { return m_selected.contains(id.asOldId()); }
 
     Editor* m_editor = nullptr;
-};
-
-class HighlightSource : public SheetSource {
-public:
-    void setEditor(Editor* editor);
-    /// False when these are highlighted already.
-    bool setSelection(const std::vector<AcDbObjectId>& ids);
-    const std::vector<AcDbObjectId>& selection() const { return m_ids; }
-    const Palette* palette = &darkPalette();
-    double ratio = 1.0;
-
-    void ground(QImage& piece, const QTransform& toPiece) override;
-    Items items(const Box2d& area) override;
-    bool paint(QImage& piece, const QTransform& toPiece, const Items& items, std::size_t& next,
-               Clock::time_point until) override;
-
-private:
-    Editor* m_editor = nullptr;
-    std::vector<AcDbObjectId> m_ids;
-    std::unordered_set<Adesk::LongPtr> m_set;
+    std::vector<AcDbObjectId> m_selection;
+    Set m_selected;
 };
 
 }  // namespace prancheta::desktop

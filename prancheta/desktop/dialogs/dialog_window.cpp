@@ -131,7 +131,13 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
     const auto it = m_tiles.find(focusWidget());
     const bool inField = it != m_tiles.end() && it->second->kind == dcl::TileKind::EditBox &&
                          !it->second->key.empty();
+    const QWidget* const field = inField ? focusWidget() : nullptr;
     serve([&] { return m_dialog.enter(inField ? it->second->key : std::string()); });
+    // A field that does not accept by itself hands over to the button that does: the next Enter is
+    // its own. A program that wants the keyboard elsewhere has the say.
+    if (field == nullptr || m_dialog.finished() || focusWidget() != field) return;
+    for (QPushButton* const button : findChildren<QPushButton*>())
+        if (button->isDefault() && button->isEnabled()) return button->setFocus();
 }
 
 bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -251,11 +251,12 @@ TileView makeTileView(TileHost& host, Tile& tile, const Box& box) {
 }
 
 QString mnemonicLabel(const Tile& tile) {
-    const QString label = QString::fromStdString(tile.attribute("label"));
+    QString label = QString::fromStdString(tile.attribute("label"));
     const QString letter = QString::fromStdString(tile.attribute("mnemonic"));
     if (letter.isEmpty() || label.contains(QLatin1Char('&'))) return label;
     const qsizetype at = label.indexOf(letter, 0, Qt::CaseInsensitive);
-    return at < 0 ? label : QString(label).insert(at, QLatin1Char('&'));
+    if (at >= 0) label.insert(at, QLatin1Char('&'));
+    return label;
 }
 
 QRect toRect(const dcl::Rect& rect) {

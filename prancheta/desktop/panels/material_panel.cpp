@@ -143,7 +143,7 @@ MaterialPanel::MaterialPanel()
     top->addWidget(m_list);
     top->addWidget(m_search, 1);
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(button("tabela", "Desenhar tabela",
+    bottom->addWidget(button("tabela", "Tabela",
                              "Desenha a tabela no desenho, ou a põe em dia",
                              &MaterialPanel::drawTable));
     bottom->addWidget(
@@ -153,12 +153,12 @@ MaterialPanel::MaterialPanel()
     bottom->addWidget(
         button("xlsx", "XLSX…", "Grava a lista numa planilha XLSX", &MaterialPanel::writeXlsx));
     bottom->addStretch();
-    bottom->addWidget(m_totals);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(4);
     layout->addLayout(top);
     layout->addWidget(m_view);
+    layout->addWidget(m_totals);
     layout->addLayout(bottom);
 
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {

@@ -5,6 +5,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/panels/icons.h"
 #include "prancheta/desktop/panels/panels.h"
@@ -39,6 +41,7 @@ private:
     void commit(const PropertyRow& row, const std::wstring& input);
     void load();
     void rebuild();
+    void widenNames();
     void show(QTreeWidgetItem* item, const PropertyRow& row);
     void showHeading();
     bool sameShape(const std::vector<PropertyRow>& rows) const;
@@ -164,6 +167,20 @@ void PropertiesPanel::rebuild() {
         m_items.push_back(item);
         show(item, row);
     }
+    widenNames();
+}
+
+/// Names that are cut say too little ("Momento de inércia (..."): the column grows for them, but
+/// leaves the values their share.
+void PropertiesPanel::widenNames() {
+    constexpr double kMostShare = 0.66;
+    int widest = 0;
+    for (const PropertyRow& row : m_rows)
+        widest = std::max(widest, m_tree->fontMetrics().horizontalAdvance(qt(row.label)));
+    const int wanted = widest + 3 * m_tree->indentation();
+    const int most = static_cast<int>(m_tree->viewport()->width() * kMostShare);
+    const int width = std::min(wanted, most);
+    if (width > m_tree->header()->sectionSize(kName)) m_tree->header()->resizeSection(kName, width);
 }
 
 void PropertiesPanel::show(QTreeWidgetItem* item, const PropertyRow& row) {

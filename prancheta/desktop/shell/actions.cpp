@@ -9,12 +9,39 @@
 #include <QShortcut>
 #include <QToolBar>
 
+#include "prancheta/base/text.h"
 #include "prancheta/desktop/shell/icons.h"
 #include "prancheta/desktop/shell/main_window.h"
+#include "prancheta/desktop/shell/plot_dialog.h"
 #include "prancheta/desktop/shell/status_bar.h"
+#include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/picking.h"
+#include "protocol/edit.h"
+#include "rxdict.h"
 
 namespace prancheta::desktop {
+namespace {
+
+/// A program that asks again after so many refusals keeps its drawing.
+constexpr int kMostCancels = 50;
+
+/// Aids with a state, by the action of their entry; the name is that of the status bar's button.
+const QHash<QString, QString>& toggles() {
+    static const QHash<QString, QString> names{{"snap", "SNAP"},
+                                               {"grade", "GRADE"},
+                                               {"orto", "ORTO"},
+                                               {"passo", "PASSO"},
+                                               {"espessura", "ESPESSURA"}};
+    return names;
+}
+
+bool hasDialog(AcDbObjectId id) {
+    auto* const editor = AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityEditorClass));
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+    return editor != nullptr && entity.openStatus() == Acad::eOk && entity->x(editor) != nullptr;
+}
+
+}  // namespace
 
 void MainWindow::registerActions() {
     m_windowActions = {
@@ -25,16 +52,16 @@ void MainWindow::registerActions() {
          [this] { m_commandLine->edit().pasteText(QApplication::clipboard()->text()); }},
         {"texto", [this] { showLog(); }},
         {"opcoes", [this] { showOptions(); }},
-        {"plotar", [this] { showPlot(); }},
         {"manual", [this] { showHelp(); }},
         {"sobre", [this] { showAbout(); }},
         {"sair", [this] { close(); }},
-        {"snap", [this] { m_status->toggle("SNAP"); }},
-        {"grade", [this] { m_status->toggle("GRADE"); }},
-        {"orto", [this] { m_status->toggle("ORTO"); }},
-        {"passo", [this] { m_status->toggle("PASSO"); }},
-        {"espessura", [this] { m_status->toggle("ESPESSURA"); }},
+        {"camadas", [this] { showPanel("camadas"); }},
+        {"propriedades", [this] { showPanel("propriedades"); }},
+        {"material", [this] { showPanel("material"); }},
     };
+    for (auto toggle = toggles().begin(); toggle != toggles().end(); ++toggle)
+        m_windowActions.insert(toggle.key(),
+                               [this, name = toggle.value()] { m_status->toggle(name); });
 }
 
 /// One step back: inside a command the point that was given last, where the command can.
@@ -53,6 +80,31 @@ void MainWindow::selectAll() {
     showAll();
 }
 
+/// Double click: a piece's dialog, the properties of anything else.
+void MainWindow::editEntity(AcDbObjectId entity) {
+    if (!m_ui->idle()) return;
+    m_editor->pickfirst() = {entity};
+    m_canvas->refresh();
+    showAll();
+    if (hasDialog(entity)) return m_ui->runCommand("_EDITAPERFIL");
+    showPanel("propriedades");
+}
+
+void MainWindow::showPanel(const QString& name) {
+    auto* const panel = findChild<QDockWidget*>(name);
+    if (panel == nullptr) return;
+    panel->show();
+    panel->raise();
+}
+
+void MainWindow::showTool(Tool tool) {
+    if (tool == Tool::Properties) showPanel("propriedades");
+    if (tool == Tool::Plot) {
+        PlotDialog dialog(*m_editor, this);
+        while (dialog.exec() == PlotDialog::kPickWindow) dialog.pickWindow();
+    }
+}
+
 void MainWindow::copyText() {
     const AnswerEdit& edit = m_commandLine->edit();
     const QString chosen =
@@ -60,9 +112,20 @@ void MainWindow::copyText() {
     if (!chosen.isEmpty()) QApplication::clipboard()->setText(chosen);
 }
 
+/// What waits is given up first, as a command of the menus does it.
 void MainWindow::openFile(const QString& file) {
-    if (!m_ui->idle()) return;
-    (void)m_files->open(toPath(file));  // told what went wrong
+    m_fileWanted = file;
+    m_cancelsForFile = 0;
+    openWanted();
+}
+
+void MainWindow::openWanted() {
+    if (m_fileWanted.isEmpty() || m_ui->request() == nullptr) return;
+    if (!m_ui->idle()) {
+        if (++m_cancelsForFile < kMostCancels) return m_ui->cancel();
+        return m_fileWanted.clear();
+    }
+    (void)m_files->open(toPath(std::exchange(m_fileWanted, {})));  // told what went wrong
     showChanges();
     showAll();
 }
@@ -95,9 +158,8 @@ QAction* MainWindow::actionOf(const MenuItem& item, const std::filesystem::path&
                      ? drawnIcon(item.icon, palette())
                      : slideIcon(folder / "Perfis" / "Slides", item.slide, palette());
     action->setIcon(icon);
-    const QString plain = QString(item.title).remove('&').remove("...");
-    action->setToolTip(item.tip.isEmpty() ? plain : plain + "\n" + item.tip);
-    action->setStatusTip(item.tip);
+    if (!item.tip.isEmpty()) action->setStatusTip(item.tip);
+    action->setCheckable(toggles().contains(item.action));
     if (!item.shortcut.isEmpty()) action->setShortcut(QKeySequence(item.shortcut));
     if (!item.command.isEmpty()) {
         connect(action, &QAction::triggered, this,
@@ -111,6 +173,42 @@ QAction* MainWindow::actionOf(const MenuItem& item, const std::filesystem::path&
     }
     m_entries.insert(item.command.isEmpty() ? item.action : item.command, action);
     return action;
+}
+
+/// Local name and short names of the command that a menu's line begins with.
+QString MainWindow::namesOf(const QString& line) const {
+    const std::wstring word = line.section(' ', 0, 0).toStdWString();
+    const StackCommand* command = m_editor->commands().find(TypedName(word));
+    if (command == nullptr)
+        command = m_editor->commands().find(TypedName(m_editor->aliases().find(word)));
+    if (command == nullptr) return {};
+    QStringList aliases;
+    for (const auto& [alias, target] : m_editor->aliases().all())
+        if (equalNoCase(target, command->global))
+            aliases += QString::fromStdWString(alias).toUpper();
+    aliases.sort();
+    const QString name = QString::fromStdWString(command->local).toUpper();
+    return aliases.isEmpty() ? name : name + " (" + aliases.join(", ") + ")";
+}
+
+/// Tool tips teach what to type.
+void MainWindow::tellCommands() {
+    for (auto entry = m_entries.begin(); entry != m_entries.end(); ++entry) {
+        QAction& action = **entry;
+        QString tip = action.text().remove('&').remove("...");
+        if (!action.shortcut().isEmpty())
+            tip += " (" + action.shortcut().toString(QKeySequence::NativeText) + ")";
+        if (!action.statusTip().isEmpty()) tip += "\n" + action.statusTip();
+        const QString names = m_windowActions.contains(entry.key()) ? "" : namesOf(entry.key());
+        action.setToolTip(names.isEmpty() ? tip : tip + "\n" + names);
+    }
+}
+
+void MainWindow::showToggles(const QMenu& menu) {
+    for (QAction* const action : menu.actions()) {
+        const QString name = toggles().value(m_entries.key(action));
+        if (!name.isEmpty()) action->setChecked(m_status->isOn(name));
+    }
 }
 
 void MainWindow::addItems(QMenu& menu, const std::vector<MenuItem>& items,
@@ -155,8 +253,11 @@ void MainWindow::setMenus(const std::filesystem::path& folder) {
                              QString::fromStdString(menus.error().message()) + "\n");
         return;
     }
-    for (const MenuItem& menu : menus->menus)
-        addItems(*menuBar()->addMenu(menu.title), menu.items, folder);
+    for (const MenuItem& menu : menus->menus) {
+        QMenu* const top = menuBar()->addMenu(menu.title);
+        addItems(*top, menu.items, folder);
+        connect(top, &QMenu::aboutToShow, this, [this, top] { showToggles(*top); });
+    }
     for (const Toolbar& bar : menus->toolbars) addToolbar(bar);
 }
 

@@ -3,9 +3,13 @@
 #include "prancheta/desktop/shell/application.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QThread>
 
 #include "prancheta/desktop/dialogs/run_dialog.h"
 #include "prancheta/desktop/shell/options.h"
@@ -17,12 +21,22 @@ static void useResources() { Q_INIT_RESOURCE(shell); }
 namespace prancheta::desktop {
 namespace {
 
-/// Showing, sizes of the docks and the layout that follows come one after the other.
-constexpr int kLayoutRounds = 3;
+/// The drawing area keeps its size this long: docks are laid out and the window has the size that
+/// the system gave it, ms.
+constexpr int kSettled = 80;
+constexpr int kMostSettling = 1000;
 
 std::filesystem::path recoveryFolder() {
     return toPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) /
            "prancheta" / "recuperacao";
+}
+
+/// Buttons and file windows of the toolkit, and dates, in the language of all other texts.
+void speakPortuguese(QTranslator& translator) {
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    // Without the system's package of translations those few texts are English.
+    if (translator.load("qtbase_pt_BR", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&translator);
 }
 
 HostOptions hostOptions(const ApplicationOptions& options, MainWindow& window) {
@@ -43,11 +57,13 @@ HostOptions hostOptions(const ApplicationOptions& options, MainWindow& window) {
 }  // namespace
 
 Application::Application(const ApplicationOptions& options)
-    : m_window(std::make_unique<MainWindow>()),
+    : m_translator(std::make_unique<QTranslator>()),
+      m_window(std::make_unique<MainWindow>()),
       m_host(std::make_unique<Host>(m_window->ui(), hostOptions(options, *m_window))),
       m_recovery(std::make_unique<Recovery>(recoveryFolder(), nullptr)),
       m_drawing(options.drawing) {
     useResources();
+    speakPortuguese(*m_translator);
     QApplication::setWindowIcon(QIcon(":/icones/prancheta.svg"));
     if (auto started = m_host->start(); !started)
         m_window->commandLine().print(QString::fromStdString(started.error().message()) + "\n");
@@ -118,14 +134,28 @@ void Application::offerLeftCopies() {
     }
 }
 
+/// A drawing is opened to fit the drawing area as it will be.
+void Application::settle() {
+    QElapsedTimer total, same;
+    total.start();
+    same.start();
+    QSize size;
+    while (same.elapsed() < kSettled && total.elapsed() < kMostSettling) {
+        QApplication::processEvents();
+        QThread::msleep(5);
+        if (std::exchange(size, m_window->canvas().size()) != m_window->canvas().size())
+            same.restart();
+    }
+}
+
 void Application::run() {
     m_window->show();
     m_window->commandLine().edit().setFocus();
-    // The layout settles, so that a drawing is opened to fit the drawing area as it will be.
-    for (int i = 0; i < kLayoutRounds; ++i) QApplication::processEvents();
+    settle();
     offerLeftCopies();
     if (!m_drawing.empty()) (void)m_window->files().open(m_drawing);  // told what went wrong
     m_host->editor().run();
+    m_window->saveLayout();
 }
 
 }  // namespace prancheta::desktop

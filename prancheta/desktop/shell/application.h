@@ -2,6 +2,8 @@
 // The window and the host behind it, from start to end.
 #pragma once
 
+#include <QTranslator>
+
 #include <memory>
 
 #include "prancheta/desktop/shell/main_window.h"
@@ -34,7 +36,9 @@ private:
     void offerLeftCopies();
     bool recover(const LeftCopy& left);
     void keepRecoveryUp();
+    void settle();
 
+    std::unique_ptr<QTranslator> m_translator;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Host> m_host;
     std::unique_ptr<Recovery> m_recovery;

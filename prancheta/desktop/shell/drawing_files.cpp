@@ -2,11 +2,14 @@
 // File windows, unsaved work, recent files.
 #include "prancheta/desktop/shell/drawing_files.h"
 
+#include <QCryptographicHash>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QStandardPaths>
 
 namespace prancheta::desktop {
 namespace {
@@ -24,11 +27,17 @@ QString toQString(const std::filesystem::path& path) {
 
 std::filesystem::path toPath(const QString& text) { return text.toStdString(); }
 
+QString folderOf(const std::filesystem::path& drawing) {
+    if (!drawing.empty()) return toQString(drawing.parent_path());
+    QString last = QSettings().value(kFolderKey).toString();
+    if (QFileInfo(last).isDir()) return last;
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
 DrawingFiles::DrawingFiles(QWidget& window) : QObject(&window), m_window(window) {}
 
 std::filesystem::path DrawingFiles::choose(const FileQuestion& question) {
-    QSettings settings;
-    const QString folder = settings.value(kFolderKey).toString();
+    const QString folder = folderOf(m_editor->fileName());
     const bool saving = question.purpose == FileQuestion::Purpose::Save;
     QFileDialog dialog(&m_window, saving ? "Salvar desenho" : "Abrir desenho", folder, kFilter);
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -41,7 +50,7 @@ std::filesystem::path DrawingFiles::choose(const FileQuestion& question) {
         dialog.selectFile("Desenho1.dxf");
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    settings.setValue(kFolderKey, dialog.directory().absolutePath());
+    QSettings().setValue(kFolderKey, dialog.directory().absolutePath());
     return toPath(dialog.selectedFiles().constFirst());
 }
 
@@ -96,8 +105,36 @@ QStringList DrawingFiles::recent() const {
     return files;
 }
 
+/// Both may work on: the file is replaced as a whole, and the former one stays as .bak.
+void DrawingFiles::mark() {
+    const std::filesystem::path file = m_editor->fileName();
+    if (file == m_marked) return;
+    m_marked = file;
+    m_mark.reset();
+    if (file.empty()) return;
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                           "/prancheta/abertos";
+    QDir().mkpath(folder);
+    const QByteArray name =
+        QCryptographicHash::hash(toQString(file).toUtf8(), QCryptographicHash::Sha1).toHex();
+    m_mark = std::make_unique<QLockFile>(folder + "/" + name + ".lock");
+    // However long a window lives; one that died marks nothing.
+    m_mark->setStaleLockTime(0);
+    if (m_mark->tryLock(0) || m_mark->error() != QLockFile::LockFailedError) return;
+    auto* const box = new QMessageBox(
+        QMessageBox::Warning, "Prancheta",
+        toQString(file.filename()) +
+            " já está aberto em outra janela. Salvo nas duas, fica o que foi salvo por último.",
+        QMessageBox::Ok, &m_window);
+    box->setObjectName("abertoEmOutra");
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
 void DrawingFiles::remember() {
-    if (m_editor == nullptr || m_editor->fileName().empty()) return;
+    if (m_editor == nullptr) return;
+    mark();
+    if (m_editor->fileName().empty()) return;
     const QString file = toQString(m_editor->fileName());
     QSettings settings;
     QStringList files = settings.value(kRecentKey).toStringList();

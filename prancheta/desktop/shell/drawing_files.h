@@ -2,10 +2,12 @@
 // The drawing's file as the window handles it: file windows, unsaved work, recent files.
 #pragma once
 
+#include <QLockFile>
 #include <QObject>
 #include <QStringList>
 
 #include <filesystem>
+#include <memory>
 
 #include "prancheta/editor/editor.h"
 
@@ -31,7 +33,8 @@ public:
 
     /// Last files first, only those that still exist.
     QStringList recent() const;
-    /// Puts the drawing's file at the head of the recent ones.
+    /// Puts the drawing's file at the head of the recent ones, and warns when another window has
+    /// it open, too.
     void remember();
     /// Title for the window: name of the drawing, with the place of the mark for changes.
     QString title() const;
@@ -40,12 +43,18 @@ signals:
     void recentChanged();
 
 private:
+    void mark();
     void fail(const QString& what, const Error& error);
 
     QWidget& m_window;
     Editor* m_editor = nullptr;
+    std::filesystem::path m_marked;
+    std::unique_ptr<QLockFile> m_mark;  ///< says that the drawing is open here
 };
 
+/// Where file windows begin: beside the drawing, else where the last file was chosen, else among
+/// the user's documents.
+QString folderOf(const std::filesystem::path& drawing);
 /// Paths of the host are UTF-8 whatever the locale.
 QString toQString(const std::filesystem::path& path);
 std::filesystem::path toPath(const QString& text);

@@ -68,11 +68,6 @@ void MainWindow::showOptions() {
     emit optionsChanged();
 }
 
-void MainWindow::showPlot() {
-    if (!m_ui->idle()) return;
-    PlotDialog(*m_editor, this).exec();
-}
-
 void MainWindow::showAbout() {
     QMessageBox::about(
         this, "Sobre a Prancheta",
@@ -83,7 +78,15 @@ void MainWindow::showAbout() {
 
 void MainWindow::showContextMenu(const QPoint& global) {
     QMenu menu(this);
-    for (const char* const entry : {"_MOVE", "_COPY", "_ROTATE", "_MIRROR", "_ERASE", "'_ZOOM _E"})
+    const QString line = QString::fromStdWString(m_editor->lastCommand());
+    if (!line.isEmpty()) {
+        const QString name = namesOf(line).section(' ', 0, 0);
+        connect(menu.addAction("&Repetir " + (name.isEmpty() ? line : name)), &QAction::triggered,
+                this, [this] { m_ui->answerText({}); });
+        menu.addSeparator();
+    }
+    for (const char* const entry :
+         {"_EDITAPERFIL", "_MOVE", "_COPY", "_ROTATE", "_MIRROR", "_ERASE", "'_ZOOM _E"})
         if (QAction* const action = m_entries.value(entry)) menu.addAction(action);
     if (!menu.isEmpty()) menu.exec(global);
 }

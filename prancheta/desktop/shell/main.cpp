@@ -3,10 +3,75 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <cstdio>
+#include <optional>
+#include <string_view>
+
 #include "prancheta/desktop/shell/application.h"
 
+namespace {
+
+using namespace prancheta::desktop;
+
+/// Exit codes, as those of prancheta-console.
+constexpr int kWrongOption = 2;
+constexpr int kNoScreen = 3;
+
+constexpr auto kHelp =
+    "Prancheta: perfis de aço em desenho.\n"
+    "Uso: prancheta [opções] [desenho.dxf]\n"
+    "\n"
+    "Opções:\n"
+    "  -h, --ajuda          mostra esta ajuda\n"
+    "  -v, --versao         mostra a versão\n"
+    "  --instalacao PASTA   pasta de instalação (no lugar de ZPFORJA2010)\n"
+    "\n"
+    "Para trabalhar sem janela: prancheta-console --ajuda\n";
+
+/// What is answered without a screen; nothing when the window is wanted.
+std::optional<int> answeredAtOnce(int argc, char** argv) {
+    bool screen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view word = argv[i];
+        if (word == "-h" || word == "--ajuda") return std::fputs(kHelp, stdout) < 0;
+        if (word == "-v" || word == "--versao")
+            return std::puts("prancheta " PRANCHETA_VERSION) < 0;
+        screen = screen || word == "-platform";
+    }
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+    screen = screen || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+             !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (!screen) {
+        std::fputs(
+            "prancheta: não há tela (DISPLAY e WAYLAND_DISPLAY estão vazias). Abra uma sessão "
+            "gráfica, ou use prancheta-console.\n",
+            stderr);
+        return kNoScreen;
+    }
+#endif
+    return {};
+}
+
+/// Empty when the words make sense.
+QString readWords(const QStringList& words, ApplicationOptions& options) {
+    const QCommandLineOption installation("instalacao", {}, "PASTA");
+    QCommandLineParser parser;
+    parser.addOption(installation);
+    const bool read = parser.parse(words);
+    const QStringList unknown = parser.unknownOptionNames();
+    if (!unknown.isEmpty()) return "opção desconhecida: " + unknown.constFirst();
+    if (!read) return "falta a pasta depois de --instalacao";
+    const QStringList drawings = parser.positionalArguments();
+    if (drawings.size() > 1) return "uma janela mostra um só desenho";
+    if (!drawings.isEmpty()) options.drawing = toPath(drawings.constFirst());
+    options.installation = toPath(parser.value(installation));
+    return {};
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
-    using namespace prancheta::desktop;
+    if (const auto exitCode = answeredAtOnce(argc, argv)) return *exitCode;
     QApplication app(argc, argv);
     QApplication::setOrganizationName("prancheta");
     QApplication::setApplicationName("prancheta");
@@ -16,20 +81,12 @@ int main(int argc, char** argv) {
     // The editor's loop ends the program, not the last window.
     QApplication::setQuitOnLastWindowClosed(false);
 
-    QCommandLineParser parser;
-    parser.setApplicationDescription("Prancheta: perfis de aço em desenho.");
-    parser.addHelpOption();
-    parser.addVersionOption();
-    const QCommandLineOption installation(
-        "instalacao", "Pasta de instalação; vale mais que a variável ZPFORJA2010.", "PASTA");
-    parser.addOption(installation);
-    parser.addPositionalArgument("desenho.dxf", "Desenho a abrir.", "[desenho.dxf]");
-    parser.process(app);
-
     ApplicationOptions options;
-    options.installation = toPath(parser.value(installation));
-    if (!parser.positionalArguments().isEmpty())
-        options.drawing = toPath(parser.positionalArguments().constFirst());
+    const QString wrong = readWords(QApplication::arguments(), options);
+    if (!wrong.isEmpty()) {
+        std::fputs(("prancheta: " + wrong + "\nVeja prancheta --ajuda.\n").toUtf8(), stderr);
+        return kWrongOption;
+    }
     Application(options).run();
     return 0;
 }

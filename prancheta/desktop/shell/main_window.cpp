@@ -29,6 +29,9 @@ constexpr auto kStateKey = "janela/arranjo";
 constexpr int kStateVersion = 1;
 
 /// Pixels, until the user sets them otherwise.
+constexpr QSize kUsualSize(1280, 800);
+/// What the system puts around a window, at least.
+constexpr QSize kFrame(8, 40);
 constexpr int kCommandLineHeight = 130;
 constexpr int kPanelWidth = 320;
 /// The widest panel does not decide for all that stand behind the same tabs.
@@ -68,19 +71,25 @@ MainWindow::MainWindow() {
     setDockNestingEnabled(true);
     // A drawing area that grows for a while would not know what to show.
     setAnimated(false);
-    resize(1280, 800);
     m_files = new DrawingFiles(*this);
     m_ui = new WindowUi(*this, *m_files);
     makeCanvas();
     makeCommandLine();
     makePanels();
-    restoreGeometry(QSettings().value(kGeometryKey).toByteArray());
+    if (!restoreGeometry(QSettings().value(kGeometryKey).toByteArray())) takeUsualSize();
     m_status = new StatusBar(this);
     setStatusBar(m_status);
     connectUi();
     registerActions();
     // Keys typed anywhere in the window belong to the command line.
     qApp->installEventFilter(this);
+}
+
+/// On a small screen the whole of it, so that the command line is not below its edge.
+void MainWindow::takeUsualSize() {
+    const QSize room = screen()->availableSize() - kFrame;
+    resize(kUsualSize.boundedTo(room));
+    if (size() != kUsualSize) setWindowState(Qt::WindowMaximized);
 }
 
 MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
@@ -94,6 +103,7 @@ void MainWindow::makeCanvas() {
             [this](QKeyEvent* event) { m_commandLine->takeKey(event); });
     connect(m_canvas, &Canvas::commandWanted, m_ui, &WindowUi::runCommand);
     connect(m_canvas, &Canvas::selectionChanged, this, &MainWindow::showAll);
+    connect(m_canvas, &Canvas::entityActivated, this, &MainWindow::editEntity);
     connect(m_canvas, &Canvas::contextMenuWanted, this, &MainWindow::showContextMenu);
     m_ui->setPointer([this] { return m_canvas->pointer(); });
 }
@@ -145,10 +155,12 @@ void MainWindow::connectUi() {
     connect(m_ui, &WindowUi::printed, m_commandLine, &CommandLine::print);
     connect(m_ui, &WindowUi::answered, m_commandLine, &CommandLine::answered);
     connect(m_ui, &WindowUi::changed, this, &MainWindow::showChanges);
+    connect(m_ui, &WindowUi::toolWanted, this, &MainWindow::showTool);
     connect(m_ui, &WindowUi::waiting, this, [this] {
         m_canvas->setRequest(m_ui->request());
         if (m_ui->idle()) showAll();
         m_commandLine->edit().resume();
+        if (!m_fileWanted.isEmpty()) QTimer::singleShot(0, this, &MainWindow::openWanted);
     });
     connect(m_ui, &WindowUi::released, this, [this] {
         m_canvas->setRequest(nullptr);
@@ -171,6 +183,7 @@ void MainWindow::setEditor(Editor* editor) {
         for (Panel* const panel : m_panels) panel->setEditor(m_editor);
     };
     m_commandLine->edit().setCompletions(makeCommandNames(*editor, this));
+    tellCommands();
     applyOptions();
     showAll();
 }
@@ -205,10 +218,13 @@ void MainWindow::showAll() {
 void MainWindow::closeEvent(QCloseEvent* event) {
     // The end of the input closes the window; until then the editor still works with it.
     event->ignore();
+    m_ui->requestClose();
+}
+
+void MainWindow::saveLayout() const {
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState(kStateVersion));
-    m_ui->requestClose();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
@@ -225,8 +241,10 @@ void MainWindow::dropEvent(QDropEvent* event) {
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
     const auto* const widget = qobject_cast<QWidget*>(watched);
+    // A field passes Enter on to what stands around it: still a key typed in the field.
     const bool elsewhere = widget == nullptr || widget->window() != this || !isActiveWindow() ||
-                           takesText(widget) || widget == m_canvas;
+                           takesText(QApplication::focusWidget()) || takesText(widget) ||
+                           widget == m_canvas;
     if (elsewhere) return QMainWindow::eventFilter(watched, event);
     auto* const key = static_cast<QKeyEvent*>(event);
     const bool plain =

@@ -36,6 +36,8 @@ public:
     DrawingFiles& files() { return *m_files; }
     Canvas& canvas() { return *m_canvas; }
     CommandLine& commandLine() { return *m_commandLine; }
+    /// Keeps size and arrangement for the next time.
+    void saveLayout() const;
     /// The entry of a menu by its command or action; null when there is none.
     QAction* entry(const QString& name) const { return m_entries.value(name); }
 
@@ -51,6 +53,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void takeUsualSize();
     void makeCanvas();
     void makeCommandLine();
     void makePanels();
@@ -67,18 +70,26 @@ private:
     void showContextMenu(const QPoint& global);
     void undo();
     void selectAll();
+    void editEntity(AcDbObjectId entity);
     void copyText();
     void openFile(const QString& file);
+    void openWanted();
+    void showTool(Tool tool);
+    void showPanel(const QString& name);
+    void showToggles(const QMenu& menu);
+    void tellCommands();
+    QString namesOf(const QString& line) const;
     void showLog();
     void showHelp();
     void showOptions();
-    void showPlot();
     void showAbout();
     void applyOptions();
     void restoreLayout();
 
     Editor* m_editor = nullptr;
     bool m_laidOut = false;
+    QString m_fileWanted;  ///< opened as soon as no command runs
+    int m_cancelsForFile = 0;
     std::filesystem::path m_installation;
     Canvas* m_canvas = nullptr;
     CommandLine* m_commandLine = nullptr;

@@ -29,10 +29,9 @@ public:
 
     Result<MenuFile> read(const QJsonObject& root) {
         MenuFile out;
-        for (const QJsonValue& menu : root["menus"].toArray())
-            out.menus.push_back(item(menu, "menus"));
+        for (const auto& menu : root["menus"].toArray()) out.menus.push_back(item(menu, "menus"));
         checkMnemonics(out.menus, "menus");
-        for (const QJsonValue& bar : root["barras"].toArray()) out.toolbars.push_back(toolbar(bar));
+        for (const auto& bar : root["barras"].toArray()) out.toolbars.push_back(toolbar(bar));
         if (out.menus.empty()) fail("não há nenhum menu em \"menus\"");
         if (m_error.isEmpty()) return out;
         return Error{m_error.toStdString(), m_file, 0, 0};
@@ -66,8 +65,7 @@ private:
     void readKey(MenuItem& out, const QString& key, const QJsonValue& value, const QString& where) {
         if (key == "itens") {
             const QString inside = where + " > " + out.title;
-            for (const QJsonValue& child : value.toArray())
-                out.items.push_back(item(child, inside));
+            for (const auto& child : value.toArray()) out.items.push_back(item(child, inside));
             return;
         }
         for (const TextKey& known : kTextKeys) {
@@ -99,7 +97,7 @@ private:
         out.title = object["titulo"].toString();
         out.newRow = object["nova_linha"].toBool();
         if (out.title.isEmpty()) fail("em barras: falta \"titulo\"");
-        for (const QJsonValue& entry : object["itens"].toArray()) {
+        for (const auto& entry : object["itens"].toArray()) {
             const QString name = entry.toString();
             if (name != "-" && !m_known.contains(name))
                 fail("na barra " + out.title + ": nenhum menu tem \"" + name + "\"");

@@ -14,6 +14,9 @@
 #include <QPushButton>
 #include <QSettings>
 
+#include <algorithm>
+
+#include "adscodes.h"
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/shell/drawing_files.h"
 #include "prancheta/plot/sheet.h"
@@ -23,13 +26,15 @@ namespace prancheta::desktop {
 /// The sheet on a table; drawn anew only when settings or size change.
 class SheetPreview : public QWidget {
 public:
-    explicit SheetPreview(Editor& editor) : m_editor(editor) { setMinimumSize(420, 420); }
+    explicit SheetPreview(Editor& editor) : m_editor(editor) { setMinimumSize(280, 240); }
 
     void show(const PlotSettings& settings) {
         m_settings = settings;
         m_picture = {};
         update();
     }
+
+    QSize sizeHint() const override { return {420, 420}; }
 
 protected:
     void resizeEvent(QResizeEvent*) override { m_picture = {}; }
@@ -82,7 +87,7 @@ constexpr FormatRow kFormats[] = {
     {PlotFormat::Png, "png", "Imagem PNG"},
 };
 
-enum Area { kExtents, kScreen };
+enum Area { kExtents, kScreen, kWindow };
 
 Box2d screenOf(const Editor& editor) {
     const View& view = editor.view();
@@ -114,7 +119,7 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
     for (const Paper& paper : papers()) m_paper->addItem(QString::fromStdWString(paper.name));
     m_paper->setCurrentText("A3");
     m_orientation->addItems({"Automática", "Retrato", "Paisagem"});
-    m_area->addItems({"Extensão do desenho", "Tela"});
+    m_area->addItems({"Extensão do desenho", "Tela", "Janela..."});
     m_scale->addItem("Ajustar à folha");
     for (const double scale : kScales) m_scale->addItem(scaleText(1 / scale), 1 / scale);
     m_scale->setEditable(true);
@@ -147,6 +152,10 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
 
     for (QComboBox* const box : {m_paper, m_orientation, m_area})
         connect(box, &QComboBox::currentIndexChanged, this, [this] { showSettings(); });
+    // Chosen again, it asks again.
+    connect(m_area, &QComboBox::activated, this, [this](int area) {
+        if (area == kWindow) done(kPickWindow);
+    });
     connect(m_scale, &QComboBox::currentTextChanged, this, [this] { showSettings(); });
     for (QCheckBox* const box : {m_monochrome, m_lineWeights})
         connect(box, &QCheckBox::toggled, this, [this] { showSettings(); });
@@ -158,6 +167,7 @@ PlotSettings PlotDialog::settings() const {
     out.paper = papers()[static_cast<std::size_t>(m_paper->currentIndex())];
     out.orientation = static_cast<PlotSettings::Orientation>(m_orientation->currentIndex());
     if (m_area->currentIndex() == kScreen) out.area = screenOf(m_editor);
+    if (m_area->currentIndex() == kWindow) out.area = m_window;
     out.monochrome = m_monochrome->isChecked();
     out.lineWeights = m_lineWeights->isChecked();
     // "1:25", "2:1" or a plain factor; anything else fits.
@@ -168,6 +178,25 @@ PlotSettings PlotDialog::settings() const {
                       (parts.size() < 2 || parseNumber(parts[1].trimmed().toStdString(), drawing));
     if (read && paper > 0.0 && drawing > 0.0) out.scale = paper / drawing;
     return out;
+}
+
+void PlotDialog::pickWindow() {
+    InputRequest request;
+    request.kind = InputKind::Point;
+    request.prompt = L"\nEspecifique o primeiro canto: ";
+    request.nullAllowed = false;
+    const InputValue first = m_editor.ask(request);
+    request.kind = InputKind::Corner;
+    request.prompt = L"\nEspecifique o canto oposto: ";
+    request.base = first.point;
+    const InputValue second = first.status == RTNORM ? m_editor.ask(request) : first;
+    if (second.status == RTNORM) {
+        const auto [left, right] = std::minmax(first.point.x, second.point.x);
+        const auto [bottom, top] = std::minmax(first.point.y, second.point.y);
+        m_window = Box2d{left, bottom, right, top};
+    }
+    if (!m_window) m_area->setCurrentIndex(kExtents);
+    showSettings();
 }
 
 PlotFormat PlotDialog::format() const {
@@ -191,15 +220,15 @@ void PlotDialog::showSettings() {
 
 void PlotDialog::accept() {
     const FormatRow& row = kFormats[static_cast<std::size_t>(m_format->currentIndex())];
-    std::filesystem::path name = m_editor.fileName();
+    std::filesystem::path name = m_editor.fileName().filename();
     if (name.empty()) name = "Desenho1";
     name.replace_extension(row.ending);
     const QString ending = row.ending;
-    QFileDialog dialog(this, "Plotar em", toQString(name.parent_path()),
+    QFileDialog dialog(this, "Plotar em", folderOf(m_editor.fileName()),
                        QString("%1 (*.%2)").arg(row.title, ending));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(ending);
-    dialog.selectFile(toQString(name.filename()));
+    dialog.selectFile(toQString(name));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
     const Result<Plotter*> writer = plotter();
     Result<void> done = writer ? (*writer)->plot(m_editor, settings(), row.format,

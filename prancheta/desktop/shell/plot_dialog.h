@@ -24,6 +24,11 @@ public:
     PlotSettings settings() const;
     PlotFormat format() const;
 
+    /// Result of exec() when the user wants to point at what is plotted: to be called then, and
+    /// exec() again.
+    static constexpr int kPickWindow = 2;
+    void pickWindow();
+
 public slots:
     /// Asks for the file and plots; closes when it is written, shows why not otherwise.
     void accept() override;
@@ -41,6 +46,7 @@ private:
     QCheckBox* m_lineWeights;
     QLabel* m_told;
     SheetPreview* m_preview;
+    std::optional<Box2d> m_window;  ///< world; what the user pointed at
 };
 
 }  // namespace prancheta::desktop

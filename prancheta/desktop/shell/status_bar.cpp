@@ -88,6 +88,12 @@ void StatusBar::toggle(const QString& name) {
         if (name == kAids[i].name) toggle(i);
 }
 
+bool StatusBar::isOn(const QString& name) const {
+    for (std::size_t i = 0; i < std::size(kAids); ++i)
+        if (name == kAids[i].name) return m_buttons[i]->isChecked();
+    return false;
+}
+
 void StatusBar::showSnapMenu(const QPoint& position) {
     if (m_editor == nullptr) return;
     QMenu menu(this);

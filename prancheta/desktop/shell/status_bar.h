@@ -24,6 +24,7 @@ public:
     /// Switches the drawing aid whose button has this name ("ORTO", "SNAP", "GRADE", "PASSO",
     /// "ESPESSURA").
     void toggle(const QString& name);
+    bool isOn(const QString& name) const;
 
 signals:
     /// A variable was changed.

@@ -50,6 +50,12 @@ std::optional<std::filesystem::path> WindowUi::chooseFile(const FileQuestion& qu
 
 std::optional<bool> WindowUi::mayLeaveDrawing() { return m_files.mayLeave(); }
 
+bool WindowUi::showTool(Tool tool) {
+    showChanges();
+    emit toolWanted(tool);
+    return true;
+}
+
 void WindowUi::refresh() {
     m_changed = true;
     if (m_request != nullptr) return showChanges();

@@ -36,6 +36,7 @@ public:
     void complain(std::wstring_view text, Complaint kind) override;
     std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override;
     std::optional<bool> mayLeaveDrawing() override;
+    bool showTool(Tool tool) override;
     void refresh() override;
 
     /// The question that waits; null while a program works or a dialog stands open.
@@ -64,6 +65,8 @@ signals:
     /// The question is answered; `echo` is the typed answer.
     void answered(const QString& echo);
     void printed(const QString& text);
+    /// A command leaves its work to a window or panel.
+    void toolWanted(prancheta::Tool tool);
     /// The question waits no longer.
     void released();
     /// Something visible changed; told at most once before the next question or every so often.

@@ -57,7 +57,7 @@ int getPoint(InputKind kind, const ads_point base, const ACHAR* prompt, ads_poin
     return finish(*editor, value);
 }
 
-int getNumber(InputRequest question, Editor& editor, ads_real* result) {
+int getNumber(const InputRequest& question, Editor& editor, ads_real* result) {
     const InputValue value = editor.ask(question);
     if (value.status == RTNORM) *result = value.number;
     return finish(editor, value);
@@ -68,7 +68,7 @@ int getAngle(const ads_point base, const ACHAR* prompt, ads_real* result, bool a
     if (editor == nullptr || result == nullptr) return RTERROR;
     InputRequest question = request(*editor, InputKind::Angle, base, prompt);
     question.absoluteAngle = absolute;
-    return getNumber(std::move(question), *editor, result);
+    return getNumber(question, *editor, result);
 }
 
 }  // namespace

@@ -21,7 +21,9 @@ CommandEnd addCircle(const CommandContext& context, const AcGePoint3d& center, d
 }
 
 std::wstring withDefault(std::wstring prompt, double value) {
-    return value > 0.0 ? prompt + L" <" + lengthText(value) + L">: " : prompt + L": ";
+    if (value > 0.0) prompt += L" <" + lengthText(value) + L">";
+    prompt += L": ";
+    return prompt;
 }
 
 using Made = std::unique_ptr<AcDbEntity>;

@@ -29,7 +29,7 @@ constexpr Word kMoreWords[] = {{L"Matriz", L"Array"}, {L"Sair", L"Exit"}, {L"Des
 constexpr Word kFitWords[] = {{L"Ajustar", L"Fit"}};
 
 Ids copyBy(const CommandContext& context, const Ids& ids, const AcGeVector3d& by) {
-    const Ids copies = cloneAll(context, ids);
+    Ids copies = cloneAll(context, ids);
     transformAll(context, copies, AcGeMatrix3d::translation(by));
     return copies;
 }

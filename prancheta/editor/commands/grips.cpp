@@ -153,7 +153,7 @@ Ids apply(const CommandContext& context, const Mode& mode, const AcGePoint3d& ba
           const InputValue& answer, const std::vector<Pulled>& pulled, const Ids& selection,
           bool copying) {
     const Ids& originals = mode.matrix == nullptr ? entitiesOf(pulled) : selection;
-    const Ids copies = copying ? cloneAll(context, originals) : Ids();
+    Ids copies = copying ? cloneAll(context, originals) : Ids();
     if (copying && copies.size() != originals.size()) return copies;
     const Ids& targets = copying ? copies : originals;
     if (mode.matrix == nullptr)

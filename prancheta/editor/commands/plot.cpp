@@ -188,4 +188,11 @@ CommandTask plot(CommandContext context) {
     co_return CommandEnd::Done;
 }
 
+CommandTask plotInWindow(CommandContext context) {
+    if (usesWindows(context) && context.editor().ui().showTool(Tool::Plot))
+        co_return CommandEnd::Done;
+    const CommandEnd end = co_await plot(context);
+    co_return end;
+}
+
 }  // namespace prancheta::commands

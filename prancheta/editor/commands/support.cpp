@@ -104,7 +104,10 @@ Task<InputValue> askYesNo(CommandContext context, std::wstring question, Choice 
     co_return answer;
 }
 
-void say(const CommandContext& context, std::wstring text) { context.print(text + L"\n"); }
+void say(const CommandContext& context, std::wstring text) {
+    text += L'\n';
+    context.print(text);
+}
 
 void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix) {
     std::size_t failed = 0;

@@ -54,6 +54,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"LAYER",       L"CAMADA",       kModal,   commands::layer},
     {L"-LAYER",      L"-CAMADA",      kModal,   commands::layer},
     {L"LIST",        L"LISTA",        kPickset | ACRX_CMD_NO_UNDO_MARKER, commands::list},
+    {L"PROPERTIES",  L"PROPRIEDADES", kGrips | ACRX_CMD_NO_UNDO_MARKER, commands::properties},
     {L"DIST",        L"DIST",         kView,    commands::dist},
     {L"SETVAR",      L"DEFVAR",       ACRX_CMD_TRANSPARENT, commands::setvar},
 
@@ -62,7 +63,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"QSAVE",       L"SALVAR",       kSession, commands::qsave},
     {L"SAVE",        L"GRAVAR",       kSession, commands::save},
     {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
-    {L"PLOT",        L"PLOTAR",       ACRX_CMD_NO_UNDO_MARKER, commands::plot},
+    {L"PLOT",        L"PLOTAR",       ACRX_CMD_NO_UNDO_MARKER, commands::plotInWindow},
     {L"-PLOT",       L"-PLOTAR",      ACRX_CMD_NO_UNDO_MARKER, commands::plot},
     {L"ARX",         L"ARX",          kSession, commands::arx},
     {L"HELP",        L"AJUDA",        kView,    commands::help},

@@ -15,13 +15,26 @@ Ponto menos(const Vertice& a, const Vertice& b) { return {a.x - b.x, a.y - b.y};
 double cruz(Ponto a, Ponto b) { return a.x * b.y - a.y * b.x; }
 double escalar(Ponto a, Ponto b) { return a.x * b.x + a.y * b.y; }
 
-/// Corner: unit directions to its neighbours and its inner angle.
+/// Sizes are limited to 1e9, so nothing overflows that a slower form would save.
+double norma(double x, double y) { return std::sqrt(x * x + y * y); }
+
+/// Corner: unit directions to its neighbours; sine and cosine of its inner angle.
 struct Canto {
     Ponto antes;
     Ponto depois;
-    double angulo = 0.0;
+    double seno = 0.0;
+    double cosseno = 0.0;
     double cotangente = 0.0;  ///< of half the angle
     double ladoDepois = 0.0;
+
+    /// Asked for where it is needed only: the functions of angles are what a section costs.
+    double angulo() const { return std::atan2(seno, cosseno); }
+    /// Below 1e-6 or no angle at all.
+    bool fechado() const { return cosseno >= 0.0 && seno <= 1e-6; }
+    /// Within 1e-9 of a straight line.
+    bool raso() const { return cosseno < 0.0 && seno <= 1e-9; }
+    /// 1 where a path that arrives here turns to the left, -1 to the right.
+    double giro() const { return cruz(depois, antes) > 0.0 ? 1.0 : -1.0; }
 };
 
 std::vector<Canto> cantos(const std::vector<Vertice>& v) {
@@ -30,24 +43,23 @@ std::vector<Canto> cantos(const std::vector<Vertice>& v) {
     for (std::size_t i = 0; i < n; ++i) {
         const std::size_t j = (i + 1) % n;
         const Ponto d = menos(v[j], v[i]);
-        const double lado = std::hypot(d.x, d.y);
+        const double lado = norma(d.x, d.y);
         r[i].ladoDepois = lado;
         const double k = lado > 0.0 ? 1.0 / lado : 0.0;
         r[i].depois = {d.x * k, d.y * k};
         r[j].antes = {-d.x * k, -d.y * k};
     }
     for (Canto& c : r) {
-        const double seno = std::abs(cruz(c.antes, c.depois));
-        const double cosseno = escalar(c.antes, c.depois);
-        c.angulo = std::atan2(seno, cosseno);
+        c.seno = std::abs(cruz(c.antes, c.depois));
+        c.cosseno = escalar(c.antes, c.depois);
         // Of the two forms the one that loses no digits.
-        c.cotangente = cosseno > 0.0 ? (1.0 + cosseno) / seno : seno / (1.0 - cosseno);
+        c.cotangente = c.cosseno > 0.0 ? (1.0 + c.cosseno) / c.seno : c.seno / (1.0 - c.cosseno);
     }
     return r;
 }
 
 double tangente(const Canto& c, double raio) {
-    return raio > 0.0 && c.angulo < kPi - 1e-9 ? raio * c.cotangente : 0.0;
+    return raio > 0.0 && !c.raso() ? raio * c.cotangente : 0.0;
 }
 
 double areaDobrada(const std::vector<Vertice>& v) {
@@ -73,8 +85,8 @@ bool cruzam(const Vertice& a, const Vertice& b, const Vertice& c, const Vertice&
     if (longe(a.x, b.x, c.x, d.x, tol) || longe(a.y, b.y, c.y, d.y, tol)) return false;
     const Ponto u = menos(b, a);
     const Ponto w = menos(d, c);
-    const double lu = std::hypot(u.x, u.y);
-    const double lw = std::hypot(w.x, w.y);
+    const double lu = norma(u.x, u.y);
+    const double lw = norma(w.x, w.y);
     const double c1 = cruz(u, menos(c, a)) / lu;
     const double d1 = cruz(u, menos(d, a)) / lu;
     const double a2 = cruz(w, menos(a, c)) / lw;
@@ -132,7 +144,7 @@ void Caixa::inclui(const Caixa& outra) {
 }
 
 double Segmento::comprimento() const {
-    return arco() ? raio * std::abs(varre) : std::hypot(b.x - a.x, b.y - a.y);
+    return arco() ? raio * std::abs(varre) : norma(b.x - a.x, b.y - a.y);
 }
 
 double Segmento::bulge() const { return arco() ? std::tan(0.25 * varre) : 0.0; }
@@ -172,7 +184,7 @@ bool ajusta(Laco& laco) {
     const std::vector<Canto> canto = cantos(v);
     double k = 1.0;
     for (std::size_t i = 0; i < v.size(); ++i) {
-        if (canto[i].ladoDepois <= tol || canto[i].angulo < 1e-6) return false;
+        if (canto[i].ladoDepois <= tol || canto[i].fechado()) return false;
         const std::size_t j = (i + 1) % v.size();
         const double soma = tangente(canto[i], v[i].raio) + tangente(canto[j], v[j].raio);
         if (soma > 0.0) k = std::min(k, canto[i].ladoDepois / soma);
@@ -182,6 +194,22 @@ bool ajusta(Laco& laco) {
     const double area = areaDobrada(v);
     if (laco.furo ? area >= 0.0 : area <= 0.0) return false;
     return !cruzaASiMesmo(v, tol);
+}
+
+double area(const Laco& laco) {
+    if (laco.raioCirculo > 0.0)
+        return (laco.furo ? -kPi : kPi) * laco.raioCirculo * laco.raioCirculo;
+    const std::vector<Vertice>& v = laco.vertices;
+    const std::vector<Canto> canto = cantos(v);
+    double soma = 0.5 * areaDobrada(v);
+    for (std::size_t i = 0; i < v.size(); ++i) {
+        const double t = tangente(canto[i], v[i].raio);
+        if (t <= 0.0) continue;
+        // Between the two tangents and the arc.
+        const double cortada = v[i].raio * (t - 0.5 * v[i].raio * (kPi - canto[i].angulo()));
+        soma -= canto[i].giro() * cortada;
+    }
+    return soma;
 }
 
 Contorno tracado(const Laco& laco) {
@@ -206,14 +234,14 @@ Contorno tracado(const Laco& laco) {
             acrescenta(c, {atual, chega, {}, 0.0, 0.0, 0.0});
         atual = sai;
         if (passo == 0 || t <= 0.0) continue;
-        const double giro = cruz(canto[i].depois, canto[i].antes) > 0.0 ? 1.0 : -1.0;
+        const double giro = canto[i].giro();
         // The centre lies at the radius from the side that arrives, on the side the path turns to.
         const Ponto centro{chega.x + giro * v[i].raio * canto[i].antes.y,
                            chega.y - giro * v[i].raio * canto[i].antes.x};
         const double inicio = std::atan2(chega.y - centro.y, chega.x - centro.x);
         if (v[i].tipo == Arredonda::Ponta)
             c.pontas.push_back({{v[i].x, v[i].y}, c.segmentos.size()});
-        acrescenta(c, {chega, sai, centro, v[i].raio, inicio, giro * (kPi - canto[i].angulo)});
+        acrescenta(c, {chega, sai, centro, v[i].raio, inicio, giro * (kPi - canto[i].angulo())});
     }
     return c;
 }

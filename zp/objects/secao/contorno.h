@@ -88,6 +88,9 @@ struct Contorno {
 /// <= 16.
 bool ajusta(Laco& laco);
 
+/// Area of a loop that `ajusta` accepted, roundings included; negative for a hole.
+double area(const Laco& laco);
+
 /// The lines and arcs of a loop that `ajusta` accepted.
 Contorno tracado(const Laco& laco);
 

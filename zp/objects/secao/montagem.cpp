@@ -8,7 +8,6 @@
 #include <numbers>
 
 #include "zp/objects/secao/blocos.h"
-#include "zp/objects/secao/propriedades.h"
 
 namespace zp::secao {
 namespace {
@@ -36,11 +35,9 @@ double torcaoAberta(std::initializer_list<Faixa> faixas) {
     return soma;
 }
 
-double areaDe(const Laco& laco) { return propriedades({tracado(laco)}).area; }
-
 /// Strip of constant thickness: its mid-line is as long as area over thickness.
 double torcaoChapa(const Laco& laco, double t) {
-    return t > 0.0 ? torcaoAberta({{areaDe(laco) / t, t}}) : 0.0;
+    return t > 0.0 ? torcaoAberta({{area(laco) / t, t}}) : 0.0;
 }
 
 Montagem uma(Bloco bloco, double torcao) {

@@ -32,15 +32,17 @@ void somaLinha(Momentos& m, Ponto p, Ponto q) {
 
 /// Integrals over the angle of an arc: `ccs` is that of cos^2 sin, and so on.
 struct Potencias {
-    explicit Potencias(double de, double varre);
+    explicit Potencias(const Segmento& arco);
     double c, s, cc, ss, cs, ccc, sss, ccs, cccc, ssss, cccs;
 };
 
-Potencias::Potencias(double de, double varre) {
-    const double c0 = std::cos(de);
-    const double s0 = std::sin(de);
-    const double c1 = std::cos(de + varre);
-    const double s1 = std::sin(de + varre);
+/// The ends of the arc say cosine and sine of its angles.
+Potencias::Potencias(const Segmento& arco) {
+    const double varre = arco.varre;
+    const double c0 = (arco.a.x - arco.centro.x) / arco.raio;
+    const double s0 = (arco.a.y - arco.centro.y) / arco.raio;
+    const double c1 = (arco.b.x - arco.centro.x) / arco.raio;
+    const double s1 = (arco.b.y - arco.centro.y) / arco.raio;
     // Halves of the differences of sin 2t, and eighths of those of sin 4t.
     const double duplo = s1 * c1 - s0 * c0;
     const double quadruplo =
@@ -61,7 +63,7 @@ Potencias::Potencias(double de, double varre) {
 /// Exact: x and y of an arc are cosine and sine of its angle, so every integrand is a polynomial in
 /// them.
 void somaArco(Momentos& m, const Segmento& arco, Ponto origem) {
-    const Potencias p(arco.inicio, arco.varre);
+    const Potencias p(arco);
     const double x = arco.centro.x - origem.x;
     const double y = arco.centro.y - origem.y;
     const double r = arco.raio;

@@ -1,0 +1,4 @@
+//slider: image {
+            k: medi_gravej {
+l;
+}

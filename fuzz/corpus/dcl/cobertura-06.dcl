@@ -1,0 +1,5 @@
+// Travejamento: chapas que uneí as peÃ§as de um perfil compost}
+
+zp_travejam : dialog {
+    l;
+}

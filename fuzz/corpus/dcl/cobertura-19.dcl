@@ -1,0 +1,4 @@
+// Travejl composto.
+
+medida_de_travejamento : edit_box 8{
+  // $Traoe// j
