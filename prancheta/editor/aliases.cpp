@@ -12,9 +12,11 @@ namespace {
 constexpr std::string_view kUsual =
     "A, *ARC\nAL, *DIMALIGNED\nC, *CIRCLE\nCO, *COPY\nCP, *COPY\nDAL, *DIMALIGNED\nDI, *DIST\nDT, "
     "*TEXT\n"
-    "E, *ERASE\nEP, *EDITAPERFIL\nL, *LINE\nLA, *LAYER\nLI, *LIST\nLS, *LIST\nM, *MOVE\nMI, *MIRROR\nP, *PAN\nPL, "
+    "E, *ERASE\nEP, *EDITAPERFIL\nL, *LINE\nLA, *LAYER\nLI, *LIST\nLS, *LIST\nM, *MOVE\nMI, "
+    "*MIRROR\nP, *PAN\nPL, "
     "*PLINE\n"
-    "CH, *PROPERTIES\nMO, *PROPERTIES\nPO, *POINT\nPR, *PROPERTIES\nR, *REDRAW\nRE, *REGEN\nRO, *ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, "
+    "CH, *PROPERTIES\nMO, *PROPERTIES\nPO, *POINT\nPR, *PROPERTIES\nR, *REDRAW\nRE, *REGEN\nRO, "
+    "*ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, "
     "*ZOOM\n";
 
 }  // namespace

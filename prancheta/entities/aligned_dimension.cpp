@@ -56,7 +56,9 @@ AcGePoint3d AcDbAlignedDimension::defaultTextPosition() const {
     if (textOnLine(style, layout)) return middle;
     const DimensionSizes sizes(style);
     const AcGeVector3d up = AcGeVector3d::kZAxis.crossProduct(layout.reading);
-    return middle + up * (sizes.gap + sizes.textHeight / 2.0);
+    const AcGeVector3d above = up * (sizes.gap + sizes.textHeight / 2.0);
+    const TextRoom room(*this, style, layout);
+    return (room.between ? middle : layout.second + layout.along * room.beyond) + above;
 }
 
 Acad::ErrorStatus AcDbAlignedDimension::dwgOutFields(AcDbDwgFiler* filer) const {

@@ -61,7 +61,8 @@ void drawAligned(const AcDbAlignedDimension& dimension, AcGiGeometry& to) {
     extensionLine(dimension.xLine2Point(), layout.second, layout, sizes, to);
 
     const std::wstring text = dimension.shownText();
-    const double textLength = textWidth(text, sizes.textHeight, 1.0);
+    const TextRoom room(dimension, style, layout);
+    const double textLength = room.length;
     const AcGeVector3d reading = style.dimtih != 0 ? AcGeVector3d::kXAxis : layout.reading;
     const AcGeVector3d up = AcGeVector3d::kZAxis.crossProduct(reading);
     const bool onLine = dimension.isUsingDefaultTextPosition() && textOnLine(style, layout);
@@ -69,7 +70,8 @@ void drawAligned(const AcDbAlignedDimension& dimension, AcGiGeometry& to) {
                                                sizes.textHeight + 2.0 * sizes.gap)
                                   : 0.0;
     const double length = (layout.second - layout.first).length();
-    const bool inside = length >= 2.0 * (sizes.arrow + sizes.gap);
+    const bool textBeyond = dimension.isUsingDefaultTextPosition() && !room.between;
+    const bool inside = length >= 2.0 * (sizes.arrow + sizes.gap) && !textBeyond;
     const AcGeVector3d arm = layout.along * sizes.arrow;
     const AcGeVector3d outwards = inside ? layout.along : -layout.along;
     arrow(layout.first, -outwards, sizes.arrow, to);
@@ -80,7 +82,8 @@ void drawAligned(const AcDbAlignedDimension& dimension, AcGiGeometry& to) {
         // Arrows that do not fit stand outside, each with a tail of its own length.
         dimensionLine(layout.first, layout.second, opening, to);
         line(layout.first - arm, layout.first - arm * 2.0, to);
-        line(layout.second + arm, layout.second + arm * 2.0, to);
+        const AcGeVector3d tail = textBeyond ? layout.along * room.end : arm * 2.0;
+        line(layout.second + arm, layout.second + tail, to);
     }
 
     const AcGePoint3d start =

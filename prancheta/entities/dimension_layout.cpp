@@ -7,6 +7,7 @@
 
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
+#include "prancheta/graphics/text_metrics.h"
 
 namespace prancheta {
 
@@ -76,6 +77,16 @@ AlignedLayout::AlignedLayout(const AcDbAlignedDimension& dimension) {
 bool textOnLine(const AcDbDimStyleValues& style, const AlignedLayout& layout) {
     const bool level = layout.reading.isEqualTo(AcGeVector3d::kXAxis);
     return style.dimtad == 0 || (style.dimtih != 0 && !level);
+}
+
+TextRoom::TextRoom(const AcDbAlignedDimension& dimension, const AcDbDimStyleValues& style,
+                   const AlignedLayout& layout) {
+    const DimensionSizes sizes(style);
+    length = textWidth(dimension.shownText(), sizes.textHeight, 1.0);
+    const double room = (layout.second - layout.first).length();
+    between = room <= 1e-9 || length + 2.0 * sizes.gap <= room || textOnLine(style, layout);
+    beyond = sizes.arrow + sizes.gap + length / 2.0;
+    end = beyond + length / 2.0 + sizes.gap;
 }
 
 AcGePoint3d definitionPoint10(const AcDbAlignedDimension& dimension) {

@@ -36,6 +36,19 @@ struct AlignedLayout {
 /// True when the style puts the text on the dimension line instead of above it.
 bool textOnLine(const AcDbDimStyleValues& style, const AlignedLayout& layout);
 
+/// Room of the text along the dimension line.
+struct TextRoom {
+    TextRoom(const AcDbAlignedDimension& dimension, const AcDbDimStyleValues& style,
+             const AlignedLayout& layout);
+
+    double length;  ///< of the text
+    /// Between the extension lines; otherwise it stands, in its default position, beyond the second
+    /// one over a continued dimension line. Points that coincide have no beyond.
+    bool between;
+    double beyond;  ///< middle of a text that stands outside, from the second extension line
+    double end;     ///< end of the line under it, from there
+};
+
 /// Draws lines, arrows and text through the dimension's own traits.
 void drawAligned(const AcDbAlignedDimension& dimension, AcGiGeometry& to);
 

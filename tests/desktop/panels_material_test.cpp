@@ -21,6 +21,7 @@ struct Piece {
     double paint;
     bool erased;
     std::vector<AcDbObjectId> ids;
+    std::vector<AcDbObjectId> pieces = {};
 };
 
 /// What a module reports of a drawing; other values stand before, between and after.
@@ -48,6 +49,9 @@ public:
             v.integer(L"apagada", piece.erased ? 1 : 0);
             v.beginList(L"ids");
             for (const AcDbObjectId& id : piece.ids) v.object(nullptr, id);
+            v.endList();
+            v.beginList(L"pecas");
+            for (const AcDbObjectId& id : piece.pieces) v.object(nullptr, id);
             v.endList();
             v.endGroup();
         }
@@ -109,7 +113,8 @@ TEST_F(MaterialList, RowsSelectTheirPieces) {
         ASSERT_EQ(gone->erase(), Acad::eOk);
     }
     report.pieces = {{L"P1", 1, 1.0, 1.0, false, {lines[0], lines[1]}},
-                     {L"P2", 1, 1.0, 1.0, false, {lines[2], lines[0]}}};
+                     {L"P2", 1, 1.0, 1.0, false, {lines[2], lines[0]}},
+                     {L"P3", 1, 1.0, 1.0, false, {lines[0]}, {lines[2]}}};
     openPanel();
     EXPECT_TRUE(editor->pickfirst().empty());
     click(view, view->model()->index(0, 2));
@@ -117,6 +122,12 @@ TEST_F(MaterialList, RowsSelectTheirPieces) {
     click(view, view->model()->index(1, 2), Qt::ControlModifier);
     EXPECT_EQ(editor->pickfirst(), (std::vector{lines[0], lines[2]}));
     EXPECT_EQ(changes->count(), 2);
+    // The piece is meant, not its mark; and again after Esc in the drawing.
+    for (int i = 0; i < 2; ++i) {
+        click(view, view->model()->index(2, 2));
+        EXPECT_EQ(editor->pickfirst(), std::vector{lines[2]});
+        editor->pickfirst().clear();
+    }
 }
 
 TEST_F(MaterialList, FollowsTheDrawingAndUpdatesOnDemand) {

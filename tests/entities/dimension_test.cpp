@@ -139,6 +139,26 @@ TEST_F(DimensionTest, ScaleMultipliesSizesAndPushesArrowsOut) {
     EXPECT_EQ(dimension.dimscale(), 1.0);
 }
 
+TEST_F(DimensionTest, ATextThatDoesNotFitStandsBeyondTheSecondLine) {
+    // Text as long as it is, with a gap of 0.625 on each side, against a room of 3.
+    AcDbAlignedDimension dimension({0, 0, 0}, {3, 0, 0}, {0, -10, 0}, L"t = 3,00");
+    const Picture picture = pictureOf(dimension);
+    const double length = textWidth(L"t = 3,00", 2.5, 1.0);
+    ASSERT_GT(length, 3.0);
+    // After the arrow (2.5) and a gap, above the line by the gap.
+    const AcGePoint3d middle(3 + 2.5 + 0.625 + length / 2, -10 + 0.625 + 1.25, 0);
+    EXPECT_TRUE(near(middleOf(textOf(picture)), middle));
+    EXPECT_TRUE(near(dimension.textPosition(), middle));
+    // The line goes on under the text; the other arrow has its short tail.
+    const auto lines = parts(picture, PrimitiveKind::Polyline);
+    ASSERT_EQ(lines.size(), 5u);
+    EXPECT_TRUE(near(lines[3][1], {-5, -10, 0}));
+    EXPECT_TRUE(near(lines[4][1], {3 + 2.5 + 0.625 + length + 0.625, -10, 0}));
+    // Where the user put it, it stays.
+    (void)dimension.setTextPosition({1.5, -5, 0});
+    EXPECT_TRUE(near(middleOf(textOf(pictureOf(dimension))), {1.5, -5, 0}));
+}
+
 TEST_F(DimensionTest, MeasuredTextsFollowTheStyle) {
     AcDbDimStyleValues style;
     EXPECT_EQ(measureText(100, style), L"100");

@@ -403,7 +403,7 @@ TEST_F(ListaMaterial, RelatorioDoDesenho) {
     EXPECT_EQ(visita.chaves,
               L"lista_material { marca quantidade descricao dimensoes material comprimento "
               L"peso_unitario peso_total "
-              L"area_pintura observacao lista grupo apagada ids # } ");
+              L"area_pintura observacao lista grupo apagada ids # pecas } ");
 }
 
 }  // namespace

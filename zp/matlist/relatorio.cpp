@@ -51,6 +51,13 @@ private:
         v.beginList(L"ids");
         for (const AcDbSoftPointerId& id : l.ids) v.object(nullptr, id);
         v.endList();
+        v.beginList(L"pecas");
+        for (const AcDbSoftPointerId& id : l.ids) {
+            const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+            if (marca.object() != nullptr && !marca->peca().isNull())
+                v.object(nullptr, marca->peca());
+        }
+        v.endList();
         v.endGroup();
     }
 };

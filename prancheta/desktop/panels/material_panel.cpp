@@ -143,8 +143,7 @@ MaterialPanel::MaterialPanel()
     top->addWidget(m_list);
     top->addWidget(m_search, 1);
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(button("tabela", "Tabela",
-                             "Desenha a tabela no desenho, ou a põe em dia",
+    bottom->addWidget(button("tabela", "Tabela", "Desenha a tabela no desenho, ou a põe em dia",
                              &MaterialPanel::drawTable));
     bottom->addWidget(
         button("atualizar", "Atualizar", "Lê a lista de novo", &MaterialPanel::update));
@@ -171,6 +170,8 @@ MaterialPanel::MaterialPanel()
     });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MaterialPanel::selectPieces);
+    // A row that is chosen already, after Esc in the drawing.
+    connect(m_view, &QTableView::clicked, this, &MaterialPanel::selectPieces);
     loadLists();
 }
 
@@ -254,6 +255,7 @@ void MaterialPanel::selectPieces() {
     for (const QModelIndex& index : m_view->selectionModel()->selectedRows())
         for (const AcDbObjectId id : m_model->row(m_order->mapToSource(index).row()).ids)
             if (!id.isErased() && taken.insert(id.asOldId()).second) ids.push_back(id);
+    if (m_editor->pickfirst() == ids) return;
     m_editor->pickfirst() = std::move(ids);
     emit changed();
 }

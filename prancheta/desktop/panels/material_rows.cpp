@@ -3,6 +3,7 @@
 #include "prancheta/desktop/panels/material_rows.h"
 
 #include <string_view>
+#include <utility>
 
 #include "prancheta/desktop/panels/text.h"
 #include "protocol/report.h"
@@ -46,18 +47,27 @@ public:
     }
     void point(const ACHAR*, const AcGePoint3d&) override {}
     void object(const ACHAR*, const AcDbObjectId& value) override {
-        if (m_depth == kIds && m_inIds && !value.isNull()) rows.back().ids.push_back(value);
+        if (m_depth != kIds || value.isNull()) return;
+        if (m_inIds) rows.back().ids.push_back(value);
+        if (m_inPieces) m_pieces.push_back(value);
     }
     void beginList(const ACHAR* name) override {
         if (m_depth == kOutside) m_inList = is(name, L"lista_material");
-        if (m_depth == kRow) m_inIds = is(name, L"ids");
+        if (m_depth == kRow) {
+            m_inIds = is(name, L"ids");
+            m_inPieces = m_inList && is(name, L"pecas");
+        }
         ++m_depth;
     }
     void endList() override { --m_depth; }
     void beginGroup(const ACHAR*) override {
         if (++m_depth == kRow && m_inList) rows.emplace_back();
     }
-    void endGroup() override { --m_depth; }
+    /// A row whose pieces are known stands for them, not for what is tied to it in their place.
+    void endGroup() override {
+        if (inRow() && !m_pieces.empty()) rows.back().ids = std::exchange(m_pieces, {});
+        --m_depth;
+    }
 
 private:
     enum Depth { kOutside, kList, kRow, kIds };
@@ -83,6 +93,8 @@ private:
     int m_depth = kOutside;
     bool m_inList = false;
     bool m_inIds = false;
+    bool m_inPieces = false;
+    std::vector<AcDbObjectId> m_pieces;  ///< of the row that is being read
 };
 
 }  // namespace
