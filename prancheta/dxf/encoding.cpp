@@ -63,9 +63,9 @@ void decodeEscapes(std::wstring& text) {
     for (std::size_t at = 0; at < text.size();) {
         int c = escapeAt(text, at);
         std::size_t length = 7;
-        if (isHighSurrogate(c)) {
+        if (isHighSurrogate(static_cast<char32_t>(c))) {
             const int low = at + 7 < text.size() ? escapeAt(text, at + 7) : -1;
-            if (isLowSurrogate(low)) {
+            if (isLowSurrogate(static_cast<char32_t>(low))) {
                 c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
                 length = 14;
             }

@@ -83,7 +83,7 @@ prancheta::Selection askUser(Editor& editor, bool single) {
 }
 
 /// RTNORM with what the mode gives, which may be nothing; RTERROR for a mode that is none.
-int selectByMode(Editor& editor, std::wstring mode, const void* p1, const void* p2, Ids& ids) {
+int selectByMode(Editor& editor, std::wstring_view mode, const void* p1, const void* p2, Ids& ids) {
     const bool needsCorners = mode == L"w" || mode == L"c";
     if ((needsCorners && (p1 == nullptr || p2 == nullptr)) ||
         ((mode == L"wp" || mode == L"cp" || mode == L"f") && p1 == nullptr))
