@@ -82,9 +82,7 @@ private:
     }
 
     bool bad(const Tag& tag) {
-        std::string why;
-        (void)checkValue(tag, why);
-        m_fault = Fault{why, tag.value.data()};
+        m_fault = Fault{complaintAbout(tag), tag.value.data()};
         return false;
     }
 

@@ -335,8 +335,7 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
         const bool good =
             field != nullptr ? readValue(values, *field, axis, tag, names) : checkValue(tag, why);
         if (!good) {
-            if (why.empty()) (void)checkValue(tag, why);
-            fault = Fault{why, tag.value.data()};
+            fault = Fault{complaintAbout(tag), tag.value.data()};
             return false;
         }
         if (field != nullptr) continue;

@@ -53,6 +53,13 @@ bool isHexText(std::string_view text) {
            text.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
 }
 
+/// "valor inválido no código 40: "x"".
+std::string complaint(const char* what, const Tag& tag) {
+    const std::string shown(bare(tag.value).substr(0, 40));
+    return std::string("valor ") + what + " no código " + std::to_string(tag.code) + ": \"" +
+           toUtf8(toWide(shown)) + "\"";
+}
+
 }  // namespace
 
 ValueKind kindOf(int code) {
@@ -120,12 +127,16 @@ bool checkValue(const Tag& tag, std::string& why) {
             if (parseInteger(tag.value, integer)) return true;
             break;
     }
-    const std::string shown(bare(tag.value).substr(0, 40));
-    why = "valor inválido no código " + std::to_string(tag.code) + ": \"" + toUtf8(toWide(shown)) +
-          "\"";
+    const std::string_view shown = bare(tag.value);
+    why = complaint("inválido", tag);
     if (kindOf(tag.code) == ValueKind::Real && shown.find(',') != std::string::npos)
         why += " (o separador decimal deve ser o ponto)";
     return false;
+}
+
+std::string complaintAbout(const Tag& tag) {
+    std::string why;
+    return checkValue(tag, why) ? complaint("inesperado", tag) : why;
 }
 
 }  // namespace prancheta::dxf

@@ -36,5 +36,8 @@ bool parseHandle(std::string_view text, std::uint64_t& value);
 
 /// True when the value suits its code; otherwise `why` says what is wrong, in Portuguese.
 bool checkValue(const Tag& tag, std::string& why);
+/// Why a value was not taken where it stands, in Portuguese, though it may suit its code: a text
+/// among handles. Never empty.
+std::string complaintAbout(const Tag& tag);
 
 }  // namespace prancheta::dxf
