@@ -77,7 +77,8 @@ void leva(const Peca& antes, const Peca& depois, const Mapa& mapa,
     if (linhaDaRegra) l.pontos[2] = aprendidoEm(depois, prevista->depois.linha);
 }
 
-/// All that a constructor gives, and what belongs to it.
+}  // namespace
+
 void copiaValores(const Peca& de, Peca& para) {
     para.forma = de.forma;
     para.vista = de.vista;
@@ -90,8 +91,6 @@ void copiaValores(const Peca& de, Peca& para) {
     para.secaoGuardada.reset();
     para.barraVelha = true;
 }
-
-}  // namespace
 
 secao::Classe classeDe(const ZpObject& peca) { return Acesso::de(peca).classe; }
 

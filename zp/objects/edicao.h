@@ -14,6 +14,9 @@ struct Peca;
 
 namespace zp::edicao {
 
+/// All that a constructor gives: values, view, length, role. What was derived of them is made anew.
+void copiaValores(const Peca& de, Peca& para);
+
 secao::Classe classeDe(const ZpObject& peca);
 /// Constructor values as they are now, by role.
 secao::Dados valoresDe(const ZpObject& peca);

@@ -122,16 +122,7 @@ void grupoSecao(const ZpObject& peca, const Peca& p, PropertySheet& s) {
 std::unique_ptr<ZpObject> copiaDe(const ZpObject& peca) {
     std::unique_ptr<ZpObject> copia(ZpObject::cast(peca.isA()->create()));
     if (!copia) return nullptr;
-    const Peca& de = Acesso::de(peca);
-    Peca& para = Acesso::de(*copia);
-    para.forma = de.forma;
-    para.vista = de.vista;
-    para.quantos = de.quantos;
-    para.tipoBarra = de.tipoBarra;
-    para.subtipo = de.subtipo;
-    para.comprimento = de.comprimento;
-    para.dados = de.dados;
-    para.atuais = de.atuais;
+    edicao::copiaValores(Acesso::de(peca), Acesso::de(*copia));
     return copia;
 }
 
