@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
-// Cost of a piece: made with its three dimensions in a live host, its section's properties.
+// Cost of a piece: made with its three dimensions in a live host, its section's properties; and of
+// the file of its dialogs.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <numbers>
 
 #include "dbdim.h"
 #include "perfis/entities/zpentidades.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/dcl/library_cache.h"
+#include "prancheta/dcl/parser.h"
 #include "prancheta/dxf/document.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
@@ -121,6 +125,23 @@ void sectionFromTheCache(benchmark::State& state) {
         benchmark::DoNotOptimize(secaoDe(Classe::UDobrado, 1, values)->propriedades().ix);
 }
 BENCHMARK(sectionFromTheCache);
+
+const std::filesystem::path kDialogs = HOUSE_BINARY_DIR "/instalacao/Perfis/perfis.dcl";
+
+void dialogFileRead(benchmark::State& state) {
+    for (auto _ : state) {
+        const auto library = prancheta::dcl::parseFile(kDialogs);
+        if (!library || library->definitions.empty()) state.SkipWithError("perfis.dcl");
+    }
+}
+BENCHMARK(dialogFileRead);
+
+/// Again, its date unchanged: what every command but the first one pays.
+void dialogFileKept(benchmark::State& state) {
+    for (auto _ : state)
+        if (!prancheta::dcl::loadLibrary(kDialogs)) state.SkipWithError("perfis.dcl");
+}
+BENCHMARK(dialogFileKept);
 
 }  // namespace
 

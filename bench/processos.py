@@ -26,33 +26,38 @@ THREE = "dimaligned\n{x},{y}\n@1000,0\n@0,-30\ndimaligned\n{x},{y}\n@0,50\n@-30,
 TWO_POINTS = "perfilur\nlista=3\nvista0=0\nOutraVista\nfig3\npickngo=1\naccept\naccept\n"
 
 
+# Scripts come in pieces: a child's peak begins with what its parent held, so this program stays small.
 def places(n):
-    return [(2000 * (i % 300), 500 * (i // 300)) for i in range(n)]
+    return ((2000 * (i % 300), 500 * (i // 300)) for i in range(n))
 
 
 def two_points(n):
-    return TWO_POINTS + "".join(f"{x},{y}\n{x + 1000},{y}\n" for x, y in places(n)) + "\n"
+    yield TWO_POINTS
+    yield from (f"{x},{y}\n{x + 1000},{y}\n" for x, y in places(n))
+    yield "\n"
 
 
 def dialogs(n):
-    return "".join(DIALOG.format(dim="dimensionar=1\n", x=x, y=y)
-                   for i, (x, y) in enumerate(places(n)))
+    return (DIALOG.format(dim="dimensionar=1\n", x=x, y=y) for x, y in places(n))
 
 
 def sections(n):
-    return "".join(SECTION.format(x=x, y=y) for x, y in places(n))
+    return (SECTION.format(x=x, y=y) for x, y in places(n))
 
 
 def lines(n):
-    return "".join(f"line\n{x},{y}\n{x + 100},{y + 7}\n\n" for x, y in places(n))
+    return (f"line\n{x},{y}\n{x + 100},{y + 7}\n\n" for x, y in places(n))
 
 
 def polyline(n):
-    return "pline\n" + "".join(f"{x},{y}\n" for x, y in places(n)) + "\n"
+    yield "pline\n"
+    yield from (f"{x},{y}\n" for x, y in places(n))
+    yield "\n"
 
 
 def undo_steps(n):
-    return lines(n) + "undo\n" + str(n) + "\n"
+    yield from lines(n)
+    yield f"undo\n{n}\n"
 
 
 class Bench:
@@ -65,7 +70,7 @@ class Bench:
         """Processor seconds, wall seconds, peak KiB."""
         path = os.path.join(self.folder, "roteiro.txt")
         with open(path, "w", encoding="utf-8") as out:
-            out.write(script)
+            out.writelines(script)
         for old in ("d.dxf", "e.json"):
             if os.path.exists(os.path.join(self.folder, old)):
                 os.remove(os.path.join(self.folder, old))
@@ -79,11 +84,12 @@ class Bench:
                      ["prancheta-console", "--instalacao", "instalacao", "-r", path, *arguments])
         _, status, usage = os.wait4(pid, 0)
         if status != 0:
-            sys.exit(f"prancheta-console failed with status {status} on a script that begins\n{script[:400]}")
+            sys.exit(f"prancheta-console failed with status {status}; the script is {path}")
         return usage.ru_utime + usage.ru_stime, time.monotonic() - start, usage.ru_maxrss
 
-    def median(self, times, script, *arguments):
-        runs = [self.run(script, *arguments) for _ in range(times)]
+    def median(self, times, make, *arguments):
+        """`make()` is called for each run."""
+        runs = [self.run(make(), *arguments) for _ in range(times)]
         return [statistics.median(column) for column in zip(*runs)]
 
     def keep(self, name):
@@ -92,41 +98,48 @@ class Bench:
         return os.path.getsize(os.path.join(self.folder, name))
 
     def catalogue(self, rows):
-        path = os.path.join(self.folder, "instalacao/Perfis/Listas/pur.lst")
+        """Sizes of `pudobrado`, whose edits are written back."""
+        path = os.path.join(self.folder, "instalacao/Perfis/Listas/pu.lst")
         with open(path, "w", encoding="utf-8") as out:
-            out.write("".join(f"{100 + i // 100}\t{50 + i % 100}\t{2.65:.2f}\t20\n" for i in range(rows)))
+            out.writelines(f"{100 + i // 100}\t{50 + i % 100}\t2.65\n" for i in range(rows))
+        return path
 
 
 def catalogue_shown(bench, n):
     bench.catalogue(n)
-    return bench.median(3, "perfilur\ncancel\n")
+    return bench.median(3, lambda: "pudobrado\ncancel\n")
 
 
 def catalogue_edited(bench, n):
-    bench.catalogue(n)
-    return bench.median(1, f"perfilur\nlista={min(n, 32768) - 1}\nt=3.00\nsubstolist\ncancel\n")
+    path = bench.catalogue(n)
+    measured = bench.median(1, lambda: f"pudobrado\nlista={min(n, 32768) // 2}\nt=3.00\nsubstolist\ncancel\n")
+    with open(path, encoding="utf-8") as rows:
+        if sum(row.rstrip().endswith("\t3.00") for row in rows) != 1:
+            sys.exit(f"the edited row was not written to {path}")
+    return measured
 
 
 def loaded(make):
     def row(bench, n):
         bench.run(make(n), "-o", "d.dxf")
         bench.keep("entra.dxf")
-        return bench.median(3 if n < 50000 else 1, "", "entra.dxf")
+        return bench.median(3 if n < 50000 else 1, str, "entra.dxf")
     return row
 
 
 def dimensioned(n):
-    return two_points(n) + "".join(THREE.format(x=x, y=y) for x, y in places(n))
+    yield from two_points(n)
+    yield from (THREE.format(x=x, y=y) for x, y in places(n))
 
 
 def plotted(bench, n):
     bench.run(two_points(n), "-o", "d.dxf")
     bench.keep("entra.dxf")
-    return bench.median(3 if n < 50000 else 1, "", "entra.dxf", "--pdf", "sai.pdf")
+    return bench.median(3 if n < 50000 else 1, str, "entra.dxf", "--pdf", "sai.pdf")
 
 
 def scripted(make, *arguments):
-    return lambda bench, n: bench.median(3 if n < 50000 else 1, make(n), *arguments)
+    return lambda bench, n: bench.median(3 if n < 50000 else 1, lambda: make(n), *arguments)
 
 
 ROWS = {
@@ -212,7 +225,7 @@ def main():
     bench = Bench(options.build)
     chosen = [row for row in ROWS if not options.so or any(w in row for w in options.so.split(","))]
     sizes = [n for n in (100, 1000, 10000, 100000) if n <= options.maior]
-    cpu, wall, peak = bench.median(9, "", "-o", "d.dxf")
+    cpu, wall, peak = bench.median(9, str, "-o", "d.dxf")
     results = {"start": {"ms": 1e3 * cpu, "wall_ms": 1e3 * wall, "peak_kib": peak}}
     print(f"start, empty drawing saved: {1e3 * cpu:.1f} ms processor, {1e3 * wall:.1f} ms wall, peak {peak} KiB\n")
     print("| work | items | processor us each | wall us each | peak KiB each | growth |\n|---|---|---|---|---|---|")

@@ -41,11 +41,11 @@ protected:
     virtual void appendRow(const std::wstring& row) = 0;
     virtual void replaceRow(int index, const std::wstring& row) = 0;
     virtual void removeRow(int index) = 0;
+    virtual Rows rows() const = 0;
     /// An empty catalogue of the same kind.
     virtual std::unique_ptr<SharedCatalogue> another() const = 0;
 
 private:
-    Rows rows() const;
     void remember() {
         if (!m_before) m_before = rows();
     }
@@ -53,12 +53,6 @@ private:
     std::optional<Rows> m_before;  ///< nothing while there are no edits
     std::uint64_t m_version = 0;   ///< of the file that was read
 };
-
-Rows SharedCatalogue::rows() const {
-    Rows out(static_cast<std::size_t>(count()));
-    for (int i = 0; i < count(); ++i) (void)rowAt(i, out[static_cast<std::size_t>(i)]);
-    return out;
-}
 
 void SharedCatalogue::write(std::wstring_view path) const {
     const FolderLock lock(path);
@@ -89,6 +83,7 @@ public:
         (void)m_list.replaceAt(row, static_cast<unsigned>(index));
     }
     void removeRow(int index) override { (void)m_list.removeAt(static_cast<unsigned>(index)); }
+    Rows rows() const override { return m_list.texts(); }
     void fill(ads_hdlg dialog, const wchar_t* key) const override {
         (void)m_list.fillTile(dialog, key);
     }
@@ -116,6 +111,7 @@ public:
         m_list.setAt(index, ZpString(row.c_str()));
     }
     void removeRow(int index) override { m_list.removeAt(index); }
+    Rows rows() const override;
     void fill(ads_hdlg dialog, const wchar_t* key) const override;
 
     std::unique_ptr<SharedCatalogue> another() const override {
@@ -153,6 +149,14 @@ bool StringListCatalogue::rowAt(int index, std::wstring& row) const {
     if (index < 0 || index >= m_list.length()) return false;
     row = static_cast<const wchar_t*>(m_list.at(index));
     return true;
+}
+
+Rows StringListCatalogue::rows() const {
+    Rows out;
+    out.reserve(static_cast<std::size_t>(m_list.length()));
+    for (int i = 0; i < m_list.length(); ++i)
+        out.emplace_back(static_cast<const wchar_t*>(m_list.at(i)));
+    return out;
 }
 
 void StringListCatalogue::fill(ads_hdlg dialog, const wchar_t* key) const {

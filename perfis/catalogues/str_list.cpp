@@ -93,6 +93,14 @@ bool ZpStrList::contains(std::wstring_view text) const {
     return false;
 }
 
+std::vector<std::wstring> ZpStrList::texts() const {
+    std::vector<std::wstring> out;
+    out.reserve(m_count);
+    for (const Node* node = m_first; node != nullptr; node = node->next)
+        out.emplace_back(node->text.get());
+    return out;
+}
+
 int ZpStrList::fillTile(ads_hdlg dialog, const wchar_t* key) const {
     if (ads_start_list(dialog, key, LIST_NEW, 0) != RTNORM) return 0;
     for (const Node* node = m_first; node != nullptr; node = node->next)

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adsdlg.h"
 #include "perfis/catalogues/list_text.h"
@@ -39,6 +40,9 @@ public:
     int append(std::wstring_view text);
     /// Whole entries, case-sensitive.
     bool contains(std::wstring_view text) const;
+
+    /// All entries in order: asking for one after the other by index is quadratic.
+    std::vector<std::wstring> texts() const;
 
     /// Shows all entries in a list tile; 0 when the tile takes no list.
     int fillTile(ads_hdlg dialog, const wchar_t* key) const;

@@ -11,11 +11,12 @@
 namespace prancheta {
 namespace {
 
-std::wstring upperCase(std::wstring_view name) {
-    std::wstring upper(name);
-    for (wchar_t& c : upper)
-        if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
-    return upper;
+/// Names are looked up at every step of the host: in alphabetical order, case ignored, nothing copied.
+bool isBefore(const VariableInfo& info, std::wstring_view name) {
+    const auto upper = [](wchar_t c) {
+        return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+    };
+    return std::ranges::lexicographical_compare(info.name, name, {}, {}, upper);
 }
 
 bool sameValue(const VariableValue& a, const VariableValue& b) {
@@ -58,11 +59,8 @@ T valueOf(const VariableInfo* info) {
 SystemVariables::SystemVariables() : m_all(variableTable()) {}
 
 VariableInfo* SystemVariables::lookup(std::wstring_view name) {
-    const std::wstring key = upperCase(name);
-    const auto at =
-        std::lower_bound(m_all.begin(), m_all.end(), key,
-                         [](const VariableInfo& i, const std::wstring& n) { return i.name < n; });
-    return at != m_all.end() && at->name == key ? &*at : nullptr;
+    const auto at = std::lower_bound(m_all.begin(), m_all.end(), name, isBefore);
+    return at != m_all.end() && equalNoCase(at->name, name) ? &*at : nullptr;
 }
 
 const VariableInfo* SystemVariables::find(std::wstring_view name) const {

@@ -2,11 +2,13 @@
 // Typed lists and texts on the heap that `free` serves, because modules free them with it.
 #include "prancheta/database/value_list.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
 #include <iterator>
+#include <new>
 
 #include "acutmem.h"
 
@@ -173,8 +175,11 @@ Acad::ErrorStatus acutUpdString(const ACHAR* from, ACHAR*& to) {
 }
 
 resbuf* acutNewRb(int type) {
-    auto* item = static_cast<resbuf*>(std::calloc(1, sizeof(resbuf)));
-    if (item != nullptr) item->restype = static_cast<short>(type);
+    // Not calloc: items come and go by the dozen, and it does without the freed ones at hand.
+    void* const memory = std::malloc(sizeof(resbuf));
+    if (memory == nullptr) return nullptr;
+    auto* const item = new (memory) resbuf{nullptr, static_cast<short>(type), {}};
+    std::fill_n(item->resval.rpoint, 3, 0.0);  // the longest member: all of it is zero
     return item;
 }
 

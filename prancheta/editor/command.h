@@ -128,13 +128,13 @@ public:
 
     InputAwaiter ask(InputRequest request) const { return {m_run, std::move(request)}; }
     InputAwaiter point(std::wstring prompt, std::optional<AcGePoint3d> base = {},
-                       std::vector<Keyword> keywords = {}) const;
+                       Keywords keywords = {}) const;
     InputAwaiter distance(std::wstring prompt, std::optional<AcGePoint3d> base = {},
-                          std::vector<Keyword> keywords = {}) const;
+                          Keywords keywords = {}) const;
     InputAwaiter angle(std::wstring prompt, std::optional<AcGePoint3d> base = {},
-                       std::vector<Keyword> keywords = {}) const;
+                       Keywords keywords = {}) const;
     InputAwaiter text(std::wstring prompt) const;
-    InputAwaiter keyword(std::wstring prompt, std::vector<Keyword> keywords) const;
+    InputAwaiter keyword(std::wstring prompt, Keywords keywords) const;
 
 private:
     Editor& m_editor;

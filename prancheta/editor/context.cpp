@@ -6,7 +6,7 @@ namespace prancheta {
 namespace {
 
 InputRequest request(InputKind kind, std::wstring prompt, std::optional<AcGePoint3d> base,
-                     std::vector<Keyword> keywords) {
+                     Keywords keywords) {
     InputRequest result;
     result.kind = kind;
     result.prompt = std::move(prompt);
@@ -24,17 +24,17 @@ void CommandContext::print(std::wstring_view text) const {
 }
 
 InputAwaiter CommandContext::point(std::wstring prompt, std::optional<AcGePoint3d> base,
-                                   std::vector<Keyword> keywords) const {
+                                   Keywords keywords) const {
     return ask(request(InputKind::Point, std::move(prompt), base, std::move(keywords)));
 }
 
 InputAwaiter CommandContext::distance(std::wstring prompt, std::optional<AcGePoint3d> base,
-                                      std::vector<Keyword> keywords) const {
+                                      Keywords keywords) const {
     return ask(request(InputKind::Distance, std::move(prompt), base, std::move(keywords)));
 }
 
 InputAwaiter CommandContext::angle(std::wstring prompt, std::optional<AcGePoint3d> base,
-                                   std::vector<Keyword> keywords) const {
+                                   Keywords keywords) const {
     return ask(request(InputKind::Angle, std::move(prompt), base, std::move(keywords)));
 }
 
@@ -44,7 +44,7 @@ InputAwaiter CommandContext::text(std::wstring prompt) const {
     return ask(std::move(r));
 }
 
-InputAwaiter CommandContext::keyword(std::wstring prompt, std::vector<Keyword> keywords) const {
+InputAwaiter CommandContext::keyword(std::wstring prompt, Keywords keywords) const {
     return ask(request(InputKind::Keyword, std::move(prompt), {}, std::move(keywords)));
 }
 

@@ -253,16 +253,18 @@ SystemVariables& Editor::variables() const {
 
 void Editor::updateVariables() const {
     SystemVariables& variables = m_database->core().variables();
-    std::wstring names;
+    std::wstring& names = m_commandNames;
+    names.clear();
     short active = 0;
     for (const auto& command : m_running) {
         if (!names.empty()) names += L'\'';
-        names += upperCase(command->name);
+        names += command->shownName;
         active = static_cast<short>(active | (command->transparent ? 3 : 1));
     }
     if (dcl::openDialogs() > 0) active = static_cast<short>(active | 8);
     variables.force(L"CMDACTIVE", active);
-    variables.force(L"CMDNAMES", names);
+    if (std::get<std::wstring>(variables.find(L"CMDNAMES")->value) != names)
+        variables.force(L"CMDNAMES", names);
     variables.force(L"VIEWSIZE", m_view.height);
     variables.force(L"VIEWCTR", m_ucs.inverse() * m_view.centre);
     variables.force(L"SCREENSIZE", AcGePoint3d(m_screenWidth, m_screenHeight, 0.0));

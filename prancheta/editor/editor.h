@@ -201,7 +201,7 @@ public:
     /// Keywords and bits of acedInitGet for the next input call, and the text of the last RTKWORD.
     struct InitGet {
         int bits = 0;
-        std::vector<Keyword> keywords;
+        Keywords keywords;
     };
     InitGet takeInitGet() { return std::exchange(m_initGet, {}); }
     void setInitGet(InitGet value) { m_initGet = std::move(value); }
@@ -265,6 +265,7 @@ private:
     std::vector<View> m_previousViews;
     double m_screenWidth = 800.0;
     double m_screenHeight = 600.0;
+    mutable std::wstring m_commandNames;  ///< CMDNAMES is built here: it is looked at often
     std::vector<AcDbObjectId> m_previousSelection;
     std::vector<AcDbObjectId> m_pickfirst;
     std::vector<Grip> m_hotGrips;

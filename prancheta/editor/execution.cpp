@@ -97,6 +97,7 @@ bool Editor::startFound(const CommandLookup& found, std::wstring_view typed, Ori
 RunningCommand& Editor::push(std::wstring name, std::wstring group, int flags, Origin origin) {
     auto running = std::make_unique<RunningCommand>();
     running->name = std::move(name);
+    running->shownName = upperCase(running->name);
     running->group = std::move(group);
     running->flags = flags;
     running->transparent = origin == Origin::Transparent;
@@ -169,7 +170,7 @@ void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
     try {
         function();
     } catch (...) {
-        complain(L"O comando " + upperCase(command.name) + L" falhou e foi interrompido.");
+        complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
         how = CommandEnd::Failed;
     }
     m_initGet = {};
@@ -198,7 +199,7 @@ void Editor::afterResume(RunningCommand& command) {
     try {
         how = command.task->result();
     } catch (...) {
-        complain(L"O comando " + upperCase(command.name) + L" falhou e foi interrompido.");
+        complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
     }
     end(command, how);
 }
@@ -261,7 +262,7 @@ bool Editor::tookTransparent(const Question& question, const RawInput& input) {
         question.request().kind != InputKind::Text && input.kind == RawInput::Kind::Text;
     if (!words || !typed.starts_with(L'\'')) return false;
     const std::wstring outer =
-        m_running.empty() ? std::wstring() : upperCase(m_running.back()->name);
+        m_running.empty() ? std::wstring() : m_running.back()->shownName;
     const std::size_t level = m_running.size();
     // What a program still has to say is not meant for this command.
     TokenStream* const tokens = std::exchange(m_tokens, nullptr);

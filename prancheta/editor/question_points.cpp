@@ -90,11 +90,11 @@ void Question::showCurrent() {
     if (m_modifiers.empty()) {
         m_current.prompt = L"\nEspecifique o segundo ponto: ";
         m_current.base = m_first;
-        m_current.keywords.clear();
+        m_current.keywords = {};
         return;
     }
     const Modifier& top = m_modifiers.back();
-    m_current.keywords.clear();
+    m_current.keywords = {};
     m_current.nullAllowed = false;
     const bool first = top.points.empty();
     switch (top.step) {

@@ -14,6 +14,7 @@ namespace prancheta {
 
 struct RunningCommand {
     std::wstring name;
+    std::wstring shownName;  ///< in capitals
     std::wstring group;
     int flags = 0;
     bool transparent = false;

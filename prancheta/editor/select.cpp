@@ -16,8 +16,8 @@ namespace {
 
 using Ids = std::vector<AcDbObjectId>;
 
-const std::vector<Keyword>& selectionWords() {
-    static const std::vector<Keyword> kWords = {
+const Keywords& selectionWords() {
+    static const Keywords kWords = {
         {L"Janela", L"Window"},      {L"Cruzando", L"Crossing"}, {L"uLtimo", L"Last"},
         {L"Prévio", L"Previous"},    {L"Tudo", L"ALL"},          {L"Adicionar", L"Add"},
         {L"Remover", L"Remove"},     {L"Desfazer", L"Undo"},     {L"JPolígono", L"WPolygon"},

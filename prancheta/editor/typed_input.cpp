@@ -219,7 +219,7 @@ bool fits(std::wstring_view typed, std::wstring_view word) {
 
 }  // namespace
 
-const Keyword* matchKeyword(std::wstring_view text, const std::vector<Keyword>& keywords) {
+const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> keywords) {
     const bool global = !text.empty() && text.front() == L'_';
     if (global) text.remove_prefix(1);
     if (!global) {

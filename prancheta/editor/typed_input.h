@@ -4,6 +4,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,7 +43,7 @@ double directionOf(double typedAngle, const InputFrame& frame);
 /// The option that was typed: whole word, abbreviation (its capitals), or a beginning that holds
 /// them; case ignored. `_` asks for the global word; without it the local one counts first. Null
 /// when none fits.
-const Keyword* matchKeyword(std::wstring_view text, const std::vector<Keyword>& keywords);
+const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> keywords);
 
 /// List of acedInitGet: words separated by blanks, local ones, then after a single `_` the global
 /// ones.

@@ -4,6 +4,8 @@
 
 #include <functional>
 #include <filesystem>
+#include <initializer_list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,12 +44,27 @@ struct Keyword {
     std::wstring global;
 };
 
+/// Options of a prompt. Copies share them: a request is copied often, its options never change.
+class Keywords {
+public:
+    Keywords() = default;
+    Keywords(std::initializer_list<Keyword> words) : Keywords(std::vector<Keyword>(words)) {}
+    Keywords(std::vector<Keyword> words)
+        : m_words(std::make_shared<const std::vector<Keyword>>(std::move(words))) {}
+
+    const Keyword* begin() const { return m_words ? m_words->data() : nullptr; }
+    const Keyword* end() const { return m_words ? m_words->data() + m_words->size() : nullptr; }
+
+private:
+    std::shared_ptr<const std::vector<Keyword>> m_words;
+};
+
 /// A question. Points are in world coordinates.
 struct InputRequest {
     InputKind kind = InputKind::Text;
     std::wstring prompt;
     std::optional<AcGePoint3d> base;  ///< of the rubber band and of direct distance entry
-    std::vector<Keyword> keywords;
+    Keywords keywords;
     int flags = 0;               ///< RSG_* bits
     bool nullAllowed = true;     ///< a bare Enter is an answer
     bool blanksAllowed = false;  ///< blanks belong to the text

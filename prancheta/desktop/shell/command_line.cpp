@@ -243,7 +243,7 @@ void CommandLine::takeKey(QKeyEvent* event) {
     event->accept();
 }
 
-QString promptMarkup(const QString& prompt, const std::vector<Keyword>& keywords) {
+QString promptMarkup(const QString& prompt, const Keywords& keywords) {
     const qsizetype open = prompt.indexOf('[');
     const qsizetype close = prompt.indexOf(']', open + 1);
     const auto plain = [](const QString& text) {

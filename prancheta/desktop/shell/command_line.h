@@ -100,6 +100,6 @@ private:
 
 /// The prompt as rich text: options between brackets are links with the option's word as target,
 /// defaults between angles stand out.
-QString promptMarkup(const QString& prompt, const std::vector<Keyword>& keywords);
+QString promptMarkup(const QString& prompt, const Keywords& keywords);
 
 }  // namespace prancheta::desktop

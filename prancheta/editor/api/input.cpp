@@ -120,7 +120,7 @@ int acedGetString(int cronly, const ACHAR* prompt, ACHAR* result) {
     Editor* editor = asker();
     if (editor == nullptr || result == nullptr) return RTERROR;
     InputRequest question = request(*editor, InputKind::Text, nullptr, prompt);
-    question.keywords.clear();
+    question.keywords = {};
     question.blanksAllowed = cronly != 0;
     const InputValue value = editor->ask(question);
     if (value.status == RTCAN || value.status == RTERROR) return value.status;

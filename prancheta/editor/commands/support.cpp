@@ -18,7 +18,9 @@ Prompt& Prompt::from(const AcGePoint3d& base) {
 }
 
 Prompt& Prompt::words(std::span<const Word> words) {
-    for (const Word& word : words) m_request.keywords.push_back({word.local, word.global});
+    std::vector<Keyword> keywords(m_request.keywords.begin(), m_request.keywords.end());
+    for (const Word& word : words) keywords.push_back({word.local, word.global});
+    m_request.keywords = std::move(keywords);
     return *this;
 }
 
