@@ -11,7 +11,8 @@
 namespace prancheta {
 namespace {
 
-/// Names are looked up at every step of the host: in alphabetical order, case ignored, nothing copied.
+/// Names are looked up at every step of the host: in alphabetical order, case ignored, nothing
+/// copied.
 bool isBefore(const VariableInfo& info, std::wstring_view name) {
     const auto upper = [](wchar_t c) {
         return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;

@@ -261,8 +261,7 @@ bool Editor::tookTransparent(const Question& question, const RawInput& input) {
     const bool words =
         question.request().kind != InputKind::Text && input.kind == RawInput::Kind::Text;
     if (!words || !typed.starts_with(L'\'')) return false;
-    const std::wstring outer =
-        m_running.empty() ? std::wstring() : m_running.back()->shownName;
+    const std::wstring outer = m_running.empty() ? std::wstring() : m_running.back()->shownName;
     const std::size_t level = m_running.size();
     // What a program still has to say is not meant for this command.
     TokenStream* const tokens = std::exchange(m_tokens, nullptr);

@@ -2,8 +2,8 @@
 // The only door between the editor and a front end (console, window).
 #pragma once
 
-#include <functional>
 #include <filesystem>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -124,14 +124,14 @@ public:
     virtual void runDialog(dcl::Dialog& dialog) = 0;
     /// Shows why an input came to nothing. A script's front end makes an error of a failure.
     virtual void complain(std::wstring_view text, Complaint kind) = 0;
-    /// Lets the user choose a file in a window; an empty path: he chose none. For saving, a file that
-    /// is there was confirmed. Nothing: there is no such window, the command asks by text.
+    /// Lets the user choose a file in a window; an empty path: he chose none. For saving, a file
+    /// that is there was confirmed. Nothing: there is no such window, the command asks by text.
     virtual std::optional<std::filesystem::path> chooseFile(const FileQuestion&) { return {}; }
     /// Asks in a window whether a drawing with unsaved changes may be left; it may have been saved
     /// in answer. Nothing: there is no such window, the command asks by text.
     virtual std::optional<bool> mayLeaveDrawing() { return {}; }
-    /// Shows the window or panel that does the command's work. False: there is none, the command does
-    /// with the command line.
+    /// Shows the window or panel that does the command's work. False: there is none, the command
+    /// does with the command line.
     virtual bool showTool(Tool) { return false; }
     /// Something visible changed; called after each command and each step of a drag.
     virtual void refresh() {}

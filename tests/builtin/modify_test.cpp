@@ -60,6 +60,14 @@ TEST_F(Modify, CopyInARow) {
     ASSERT_EQ(count(), 6u);
     expectLine(entities()[3], 20, 10, 30, 10);
     expectLine(entities()[5], 20, 30, 30, 30);
+    // 36 objects 32767 times over are refused; the command goes on.
+    type({L"_copy", L"all", L"", L"0,0", L"_a", L"6", L"0,100", L""});
+    ASSERT_EQ(count(), 36u);
+    type({L"_copy", L"all", L"", L"0,0", L"_a", L"32767"});
+    ASSERT_EQ(ui.complaints.size(), 1u);
+    EXPECT_TRUE(editor->commandActive());
+    type({L"1,0", L""});
+    EXPECT_EQ(count(), 72u);
 }
 
 TEST_F(Modify, CopyOnceAndByDisplacement) {

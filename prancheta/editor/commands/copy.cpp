@@ -59,6 +59,15 @@ Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
         context.editor().complain(L"Requer um inteiro entre 2 e 32767.", Complaint::Refused);
         co_return count;
     }
+    // A slip with everything selected must not fill the memory.
+    constexpr double kMostCopies = 1e6;
+    if ((count.number - 1) * static_cast<double>(ids.size()) > kMostCopies) {
+        context.editor().complain(
+            L"A matriz faria mais de 1.000.000 de cópias. Peça menos itens "
+            L"ou selecione menos objetos.",
+            Complaint::Refused);
+        co_return count;
+    }
     InputValue second = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique o segundo ponto ou [Ajustar]: ")
             .from(base)
