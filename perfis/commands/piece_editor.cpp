@@ -6,8 +6,8 @@
 
 #include "adscodes.h"
 #include "perfis/commands/piece_values.h"
+#include "protocol/attach.h"
 #include "protocol/edit.h"
-#include "rxdict.h"
 #include "zp/objects/edicao.h"
 
 namespace perfis {
@@ -152,20 +152,14 @@ MakeRun commandOf(const PieceValues& piece) {
 }
 
 void installPieceEditor() {
-    AcRxClass* const protocolClass = newAcRxClass(protocol::kEntityEditorClass, AcRxObject::desc());
-    if (protocolClass != nullptr && ZpObject::desc() != nullptr)
-        ZpObject::desc()->addX(protocolClass, &g_editor);
+    protocol::attach(ZpObject::desc(), protocol::kEntityEditorClass, g_editor);
     zp::edicao::ouve(&g_plateKeeper);
 }
 
 void removePieceEditor() {
     zp::edicao::deixa(&g_plateKeeper);
-    AcRxClass* const protocolClass =
-        AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityEditorClass));
-    if (protocolClass == nullptr) return;
-    if (ZpObject::desc() != nullptr) ZpObject::desc()->delX(protocolClass);
-    // Its name lies in this module.
-    deleteAcRxClass(protocolClass);
+    protocol::detach(ZpObject::desc(), protocol::kEntityEditorClass);
+    protocol::retire(protocol::kEntityEditorClass);
 }
 
 }  // namespace perfis

@@ -11,7 +11,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/console/state_writer.h"
 #include "prancheta/database/database_core.h"
-#include "rxdict.h"
+#include "protocol/attach.h"
 
 namespace prancheta::console {
 namespace {
@@ -70,11 +70,7 @@ void describeDimension(const AcDbAlignedDimension& dimension, Json& out) {
 }
 
 const protocol::EntityReport* reportOf(const AcDbEntity& entity) {
-    const AcRxClass* const protocolClass =
-        AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityReportClass));
-    return protocolClass == nullptr
-               ? nullptr
-               : static_cast<const protocol::EntityReport*>(entity.x(protocolClass));
+    return protocol::extensionOf<protocol::EntityReport>(entity, protocol::kEntityReportClass);
 }
 
 Json entityJson(const AcDbEntity& entity) {
@@ -152,7 +148,8 @@ private:
     std::size_t m_items = 0;
 };
 
-/// Modules tell the rows' lists too, for front ends that show them; the state has these fields only.
+/// Modules tell the rows' lists too, for front ends that show them; the state has these fields
+/// only.
 void keepRowFields(Json& rows) {
     static const std::set<std::string> kFields = {
         "marca",         "quantidade", "descricao",    "dimensoes",  "material", "comprimento",

@@ -3,8 +3,8 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/memory_filer.h"
+#include "protocol/attach.h"
 #include "protocol/report.h"
-#include "rxdict.h"
 #include "tests/zp/desenho.h"
 #include "zp/trelica/zptrelica.h"
 
@@ -113,8 +113,7 @@ private:
 class Arquivo : public Desenho {
 protected:
     std::wstring relatorio(const AcDbEntity& e) {
-        auto* protocolo = AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityReportClass));
-        auto* r = static_cast<protocol::EntityReport*>(e.x(protocolo));
+        auto* r = protocol::extensionOf<protocol::EntityReport>(e, protocol::kEntityReportClass);
         Texto texto;
         if (r != nullptr) r->describe(e, texto);
         return texto.tudo;

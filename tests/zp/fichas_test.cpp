@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Property sheets: what they show, what they take, what goes along.
 #include "acutmem.h"
+#include "protocol/attach.h"
 #include "protocol/edit.h"
-#include "rxdict.h"
 #include "tests/zp/desenho.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
@@ -34,8 +34,8 @@ public:
 class Fichas : public Desenho {
 protected:
     static const protocol::EntityProperties* deQuem(const AcDbEntity& entidade) {
-        auto* classe = AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityPropertiesClass));
-        return static_cast<const protocol::EntityProperties*>(entidade.x(classe));
+        return protocol::extensionOf<protocol::EntityProperties>(entidade,
+                                                                 protocol::kEntityPropertiesClass);
     }
     Lida ficha(AcDbObjectId id) {
         Lida lida;

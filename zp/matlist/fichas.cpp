@@ -7,8 +7,8 @@
 
 #include "acutmem.h"
 #include "dbapserv.h"
+#include "protocol/attach.h"
 #include "protocol/edit.h"
-#include "rxdict.h"
 #include "zp/matlist/acompanha.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
@@ -147,14 +147,9 @@ Fichas g_fichas;  // kept by pointer in the class
 }  // namespace
 
 void instalaFichas() {
-    AcRxClass* protocolo = newAcRxClass(protocol::kEntityPropertiesClass, AcRxObject::desc());
-    if (protocolo != nullptr) ZpMarca::desc()->addX(protocolo, &g_fichas);
+    protocol::attach(ZpMarca::desc(), protocol::kEntityPropertiesClass, g_fichas);
 }
 
-void retiraFichas() {
-    AcRxClass* protocolo =
-        AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityPropertiesClass));
-    if (protocolo != nullptr) ZpMarca::desc()->delX(protocolo);
-}
+void retiraFichas() { protocol::detach(ZpMarca::desc(), protocol::kEntityPropertiesClass); }
 
 }  // namespace zp::lista

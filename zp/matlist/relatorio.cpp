@@ -2,8 +2,8 @@
 // Report of marks and of the material list.
 #include "zp/matlist/relatorio.h"
 
+#include "protocol/attach.h"
 #include "protocol/report.h"
-#include "rxdict.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
 
@@ -69,14 +69,12 @@ Listas g_listas;
 }  // namespace
 
 void instalaRelatorio() {
-    AcRxClass* protocolo = newAcRxClass(protocol::kEntityReportClass, AcRxObject::desc());
-    if (protocolo != nullptr) ZpMarca::desc()->addX(protocolo, &g_marcas);
+    protocol::attach(ZpMarca::desc(), protocol::kEntityReportClass, g_marcas);
     acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &g_listas);
 }
 
 void retiraRelatorio() {
-    AcRxClass* protocolo = AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityReportClass));
-    if (protocolo != nullptr) ZpMarca::desc()->delX(protocolo);
+    protocol::detach(ZpMarca::desc(), protocol::kEntityReportClass);
     acrxSysRegistry()->remove(protocol::kDrawingReportKey);
 }
 

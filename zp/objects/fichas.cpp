@@ -6,8 +6,8 @@
 
 #include "acutmem.h"
 #include "perfis/entities/zpvigas.h"
+#include "protocol/attach.h"
 #include "protocol/edit.h"
-#include "rxdict.h"
 #include "zp/objects/edicao.h"
 #include "zp/objects/medidas_editaveis.h"
 #include "zp/objects/peca.h"
@@ -229,20 +229,11 @@ Fichas g_fichas;  // kept by pointer in the class
 
 }  // namespace
 
-void instala() {
-    AcRxClass* protocolo = newAcRxClass(protocol::kEntityPropertiesClass, AcRxObject::desc());
-    if (protocolo != nullptr && ZpObject::desc() != nullptr)
-        ZpObject::desc()->addX(protocolo, &g_fichas);
-}
+void instala() { protocol::attach(ZpObject::desc(), protocol::kEntityPropertiesClass, g_fichas); }
 
-// The protocol's name lies in this module, so the class must not outlive it. Modules that attach
-// sheets of their own are linked to this one and go first.
 void retira() {
-    AcRxClass* protocolo =
-        AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityPropertiesClass));
-    if (protocolo == nullptr) return;
-    if (ZpObject::desc() != nullptr) ZpObject::desc()->delX(protocolo);
-    deleteAcRxClass(protocolo);
+    protocol::detach(ZpObject::desc(), protocol::kEntityPropertiesClass);
+    protocol::retire(protocol::kEntityPropertiesClass);
 }
 
 }  // namespace zp::fichas

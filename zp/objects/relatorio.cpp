@@ -3,8 +3,8 @@
 #include "zp/objects/relatorio.h"
 
 #include "perfis/entities/zpvigas.h"
+#include "protocol/attach.h"
 #include "protocol/report.h"
-#include "rxdict.h"
 #include "zp/objects/peca.h"
 
 namespace zp::relatorio {
@@ -73,25 +73,13 @@ public:
 
 Pecas g_pecas;  // kept by pointer in the class
 
-AcRxClass* classeDoProtocolo() {
-    return AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityReportClass));
-}
-
 }  // namespace
 
-void instala() {
-    AcRxClass* protocolo = newAcRxClass(protocol::kEntityReportClass, AcRxObject::desc());
-    if (protocolo != nullptr && ZpObject::desc() != nullptr)
-        ZpObject::desc()->addX(protocolo, &g_pecas);
-}
+void instala() { protocol::attach(ZpObject::desc(), protocol::kEntityReportClass, g_pecas); }
 
-// The protocol's name lies in this module, so the class must not outlive it. Modules that attach
-// reports of their own are linked to this one and go first.
 void retira() {
-    AcRxClass* protocolo = classeDoProtocolo();
-    if (protocolo == nullptr) return;
-    if (ZpObject::desc() != nullptr) ZpObject::desc()->delX(protocolo);
-    deleteAcRxClass(protocolo);
+    protocol::detach(ZpObject::desc(), protocol::kEntityReportClass);
+    protocol::retire(protocol::kEntityReportClass);
 }
 
 }  // namespace zp::relatorio

@@ -4,7 +4,7 @@
 
 #include "acutmem.h"
 #include "prancheta/base/text.h"
-#include "rxdict.h"
+#include "protocol/attach.h"
 
 namespace prancheta::desktop {
 namespace {
@@ -51,11 +51,8 @@ private:
 }  // namespace
 
 const protocol::EntityProperties* moduleProperties(const AcDbEntity& entity) {
-    const AcRxClass* const protocolClass =
-        AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityPropertiesClass));
-    return protocolClass == nullptr
-               ? nullptr
-               : static_cast<const protocol::EntityProperties*>(entity.x(protocolClass));
+    return protocol::extensionOf<protocol::EntityProperties>(entity,
+                                                             protocol::kEntityPropertiesClass);
 }
 
 void addModuleRows(const protocol::EntityProperties& properties, const AcDbEntity& entity,

@@ -16,8 +16,8 @@
 #include "prancheta/desktop/shell/status_bar.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/picking.h"
+#include "protocol/attach.h"
 #include "protocol/edit.h"
-#include "rxdict.h"
 
 namespace prancheta::desktop {
 namespace {
@@ -36,9 +36,10 @@ const QHash<QString, QString>& toggles() {
 }
 
 bool hasDialog(AcDbObjectId id) {
-    auto* const editor = AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityEditorClass));
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-    return editor != nullptr && entity.openStatus() == Acad::eOk && entity->x(editor) != nullptr;
+    return entity.openStatus() == Acad::eOk &&
+           protocol::extensionOf<protocol::EntityEditor>(*entity.object(),
+                                                         protocol::kEntityEditorClass) != nullptr;
 }
 
 }  // namespace

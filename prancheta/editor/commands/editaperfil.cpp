@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: MIT
 // EDITAPERFIL: the dialog that made a piece, with the piece's values.
+#include "protocol/attach.h"
 #include "protocol/edit.h"
 
 #include "dbsymtb.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
-#include "rxdict.h"
 
 namespace prancheta::commands {
 
 namespace {
 
 const protocol::EntityEditor* editorOf(const AcDbEntity& entity) {
-    auto* const protocolClass =
-        AcRxClass::cast(acrxClassDictionary->at(protocol::kEntityEditorClass));
-    if (protocolClass == nullptr) return nullptr;
-    return static_cast<const protocol::EntityEditor*>(entity.x(protocolClass));
+    return protocol::extensionOf<protocol::EntityEditor>(entity, protocol::kEntityEditorClass);
 }
 
 bool onLockedLayer(const AcDbEntity& entity) {
