@@ -93,7 +93,7 @@ void keepFormerFile(const std::filesystem::path& file) {
     std::filesystem::path fresh = backup;
     fresh += "~";
     std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored)) return;
+    if (!std::filesystem::is_regular_file(file, ignored)) return;
     std::filesystem::remove(fresh, ignored);
     std::error_code failed;
     std::filesystem::create_hard_link(file, fresh, failed);
@@ -211,6 +211,9 @@ Result<void> Editor::saveDocument(const std::filesystem::path& path,
                                   const dxf::SaveOptions& options) {
     const std::filesystem::path target =
         path.empty() ? m_fileName : std::filesystem::absolute(path);
+    // The system would end the name there, and another file or the folder itself would be meant.
+    if (target.native().find(std::filesystem::path::value_type()) != target.native().npos)
+        return Error{"O nome do arquivo contém um caractere nulo; informe outro nome."};
     if (m_database->core().variables().number(L"ISAVEBAK") != 0) keepFormerFile(target);
     Result<void> written = writeDocument(target, options);
     if (!written) return written;

@@ -94,6 +94,14 @@ TEST_F(Files, FailuresKeepTheDrawing) {
     EXPECT_FALSE(editor->commandActive());
 }
 
+/// To the system such a name ends where it is null: at the folder.
+TEST_F(Files, NullCharacterInANameTouchesNothing) {
+    fs::create_directory(m_folder / "vazia");
+    EXPECT_FALSE(editor->saveDocument(m_folder / std::string("vazia/\0x.dxf", 12)).ok());
+    EXPECT_TRUE(exists("vazia"));
+    EXPECT_TRUE(editor->fileName().empty());
+}
+
 TEST_F(Files, ChangesAreNotThrownAwayUnasked) {
     type({L"_point", L"0,0", L"_new", L"", L"_open", L"^C", L"_quit", L"_n"});
     EXPECT_TRUE(asked(L"Descartar as alterações do desenho? [Sim/Não] <Não>:"));
