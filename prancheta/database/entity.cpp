@@ -73,7 +73,10 @@ Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId id, Adesk::Boolean, bool) {
 
 Adesk::UInt16 AcDbEntity::colorIndex() const { return m_color; }
 Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index, Adesk::Boolean) {
-    return index <= 256 ? assign(*this, m_color, index) : Acad::eInvalidInput;
+    if (index > 256) return Acad::eInvalidInput;
+    const Acad::ErrorStatus es = assign(*this, m_color, index);
+    if (es == Acad::eOk) ObjectAccess::dropTrueColor(*this);
+    return es;
 }
 
 ACHAR* AcDbEntity::linetype() const { return nameOf(linetypeId(), L"ByLayer"); }
@@ -122,6 +125,7 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     m_linetype = database->celtype();
     m_linetypeScale = database->celtscale();
     m_color = database->cecolor();
+    ObjectAccess::dropTrueColor(*this);
 }
 
 Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, Adesk::Boolean) {
@@ -136,6 +140,7 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, Adesk::
     m_color = other->m_color;
     m_lineWeight = other->m_lineWeight;
     m_visibility = other->m_visibility;
+    ObjectAccess::dropTrueColor(*this);
     return Acad::eOk;
 }
 

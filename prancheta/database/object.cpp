@@ -142,6 +142,21 @@ void ObjectAccess::dropEmptyExtra(AcDbObject& o) {
         o.m_extra.reset();
 }
 
+void ObjectAccess::dropTrueColor(AcDbObject& o) {
+    if (o.m_extra == nullptr || o.m_extra->foreign.empty()) return;
+    RawTags& kept = o.m_extra->foreign;
+    bool inGroup = false;  // of an application, with codes of its own
+    std::size_t left = 0;
+    for (std::size_t i = 0; i < kept.size(); ++i) {
+        if (kept[i].code == 102) inGroup = kept[i].value != "}";
+        if (!inGroup && (kept[i].code == 420 || kept[i].code == 430)) continue;
+        if (left != i) kept[left] = std::move(kept[i]);
+        ++left;
+    }
+    kept.resize(left);
+    dropEmptyExtra(o);
+}
+
 bool ObjectAccess::isAlive(const AcDbObject& o) {
     // Owners of a damaged file may go in a circle; no real chain is that long.
     const AcDbStub* stub = o.m_stub;

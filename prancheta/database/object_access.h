@@ -23,6 +23,8 @@ struct ObjectAccess {
     }
     /// Frees the extra part when nothing is in it.
     static void dropEmptyExtra(AcDbObject& o);
+    /// Forgets the true colour that a file gave the object: it would go over a colour index.
+    static void dropTrueColor(AcDbObject& o);
     /// False when the object or one of those that own it is erased: such objects are not written to
     /// files. An erased entity keeps its extension dictionary, for undo.
     static bool isAlive(const AcDbObject& o);
@@ -77,10 +79,6 @@ struct ObjectAccess {
 
     // Databases.
     static StubPool& stubs(DatabaseCore& core) { return core.m_stubs; }
-    static void setSpaces(DatabaseCore& core, AcDbObjectId model, AcDbObjectId paper) {
-        core.m_modelSpace = model;
-        core.m_paperSpace = paper;
-    }
 
     /// Ends a write access: flags, notifications.
     static void finishWrite(AcDbObject& o);

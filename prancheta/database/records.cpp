@@ -82,7 +82,9 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsPlottable(bool plottable) {
 }
 Acad::ErrorStatus AcDbLayerTableRecord::setColorIndex(Adesk::UInt16 index) {
     if (index < 1 || index > 255) return Acad::eInvalidInput;
-    return assign(*this, m_color, index);
+    const Acad::ErrorStatus es = assign(*this, m_color, index);
+    if (es == Acad::eOk) ObjectAccess::dropTrueColor(*this);
+    return es;
 }
 AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {
     if (m_linetype.isNull() && database() != nullptr) return database()->continuousLinetype();

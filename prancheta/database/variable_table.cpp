@@ -87,7 +87,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"GRIDMODE", 0, 0, 1),
         point(L"GRIDUNIT", {10.0, 10.0, 0.0}, 0.0),
         integer(L"HIGHLIGHT", 1, 0, 1),
-        drawingInteger(L"INSUNITS", 4, 0, 20),
+        drawingInteger(L"INSUNITS", 4, 0, 24),
         integer(L"ISAVEBAK", 1, 0, 1),
         readOnly(L"LASTANGLE", 0.0),
         point(L"LASTPOINT"),

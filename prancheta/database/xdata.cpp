@@ -11,7 +11,6 @@
 namespace prancheta {
 namespace {
 
-constexpr std::size_t kMaxText = 2049;
 constexpr int kMaxBinary = 127;
 
 bool isPointCode(int code) { return code >= 1010 && code <= 1013; }
@@ -57,7 +56,8 @@ bool appendItem(const resbuf& item, RawTags& tags) {
     switch (kindOfValue(code)) {
         case ValueKind::Text: {
             std::string text = item.resval.rstring != nullptr ? toUtf8(item.resval.rstring) : "";
-            if (text.size() > kMaxText || text.find_first_of("\r\n") != std::string::npos)
+            if (writtenSize(text) > kMaxXdataText ||
+                text.find_first_of("\r\n") != std::string::npos)
                 return false;
             if (code == 1005 && !isHandle(text)) return false;
             if (code == 1002 && text != "{" && text != "}") return false;
@@ -120,7 +120,7 @@ resbuf* itemOfTag(const RawTags& tags, std::size_t i) {
 std::size_t sizeOfTag(int code, std::string_view value) {
     switch (kindOfValue(code)) {
         case ValueKind::Text:
-            return code == 1005 ? 9 : 3 + value.size();
+            return code == 1005 ? 9 : 3 + writtenSize(value);
         case ValueKind::Binary:
             return 2 + value.size() / 2;
         case ValueKind::Int16:
@@ -133,6 +133,20 @@ std::size_t sizeOfTag(int code, std::string_view value) {
 }
 
 }  // namespace
+
+std::size_t writtenSize(std::string_view utf8) {
+    constexpr std::size_t kEscape = 7;
+    std::size_t size = 0;
+    for (const char c : utf8) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool continues = byte >= 0x80 && byte < 0xC0;
+        if (byte < 0x80)
+            size += 1;
+        else if (!continues)  // beyond U+FFFF two escapes
+            size += byte < 0xC4 ? 2 : byte < 0xF0 ? kEscape : 2 * kEscape;
+    }
+    return size;
+}
 
 Acad::ErrorStatus tagsOfList(const resbuf* list, RawTags& tags) {
     if (list == nullptr || list->restype != 1001) return Acad::eInvalidInput;

@@ -9,6 +9,11 @@
 namespace prancheta {
 
 constexpr std::size_t kMaxXdataBytes = 16383;
+constexpr std::size_t kMaxXdataText = 255;  ///< of one text, as writtenSize() counts
+
+/// Bytes that a text takes in a file at most: where texts are not UTF-8, a character outside
+/// Latin-1 is written as \U+XXXX.
+std::size_t writtenSize(std::string_view utf8);
 
 /// Groups of a list that starts with 1001. eInvalidInput for a code, a value or an order that
 /// extended data cannot hold.

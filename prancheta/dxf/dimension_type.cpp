@@ -132,7 +132,7 @@ AcGePoint3d filedThroughPoint(const AcDbAlignedDimension& dimension) {
 std::unique_ptr<AcDbAlignedDimension> asFiled(const AcDbAlignedDimension& dimension) {
     const AcGePoint3d filed = filedThroughPoint(dimension);
     AcDbObjectId style = dimension.dimensionStyle();
-    if (style.isErased() && dimension.database() != nullptr)
+    if ((style.isNull() || style.isErased()) && dimension.database() != nullptr)
         style = dimension.database()->dimstyle();
     auto copy =
         std::make_unique<AcDbAlignedDimension>(dimension.xLine1Point(), dimension.xLine2Point(),

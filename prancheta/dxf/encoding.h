@@ -7,7 +7,8 @@
 
 namespace prancheta::dxf {
 
-enum class Charset { Windows1252, Utf8 };
+/// Dos850 is only read: what comes from such files is written in the charset of its release.
+enum class Charset { Windows1252, Utf8, Dos850 };
 
 /// Charset that a release uses ("AC1015" ...): UTF-8 from AC1021 on.
 Charset charsetOf(std::string_view acadVersion);

@@ -95,17 +95,47 @@ void EntityWriter::xdata(const AcDbEntity& entity) {
     if (const ObjectExtra* const extra = ObjectAccess::extra(entity)) m_out.raw(extra->xdata);
 }
 
+void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner) {
+    bool head = false;  // before the first marker
+    bool named = false;
+    bool owned = false;
+    bool inGroup = false;
+    for (std::size_t i = first; i < tags.size(); ++i) {
+        const RawTag& tag = tags[i];
+        if (tag.code == 0) {
+            head = true;
+            named = owned = inGroup = false;
+        }
+        if (tag.code == 100 && head) {
+            if (!owned) m_out.handle(330, owner);
+            head = false;
+        }
+        if (tag.code == 102) inGroup = tag.value != "}";
+        std::uint64_t handle = 0;
+        const bool own = head && !inGroup;
+        if (own && tag.code == 5 && !named && parseHandle(tag.value, handle) && handle != 0) {
+            named = true;
+            m_out.handle(5, m_handles.ofPart(handle));
+        } else if (own && tag.code == 330) {
+            owned = true;
+            m_out.handle(330, owner);
+        } else {
+            m_out.raw(tag.code, tag.value);
+        }
+    }
+}
+
 void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
     const RawTags& foreign = foreignOf(entity);
     if (const auto* const kept = ForeignEntity::cast(&entity)) {
         head(kept->typeName(), entity, place);
         const RawTags& tags = kept->tags();
         // Extended data belongs to the main record, before its parts.
-        std::size_t parts = 0;
-        while (parts < tags.size() && tags[parts].code != 0) ++parts;
-        m_out.raw(tags, 0, parts);
+        std::size_t first = 0;
+        while (first < tags.size() && tags[first].code != 0) ++first;
+        m_out.raw(tags, 0, first);
         xdata(entity);
-        m_out.raw(tags, parts);
+        parts(tags, first, entity.objectId().handle().value());
         return;
     }
     const EntityType& type = *entityTypeOf(entity);

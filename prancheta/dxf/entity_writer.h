@@ -15,7 +15,7 @@ struct Place {
 
 class EntityWriter {
 public:
-    EntityWriter(TagWriter& out, SaveNames& names, const HandleSource& handles, std::string version)
+    EntityWriter(TagWriter& out, SaveNames& names, HandleSource& handles, std::string version)
         : m_out(out), m_names(names), m_handles(handles), m_version(std::move(version)) {}
 
     /// An entity of a type with a class here, or one that is kept group by group.
@@ -32,9 +32,10 @@ public:
     /// Groups of applications that stand before the owner; returns the first group behind them.
     std::size_t applicationGroups(const RawTags& foreign);
     void xdata(const AcDbEntity& entity);
+    /// Records that are kept group by group, from group `first` on, with their owner. One that is
+    /// there a second time, in a copy of what it belongs to, gets a handle of its own.
+    void parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner);
 
-    TagWriter& out() { return m_out; }
-    const std::string& version() const { return m_version; }
     /// True for common groups that a release of this version does not know.
     bool isUnknownGroup(int code) const;
 
@@ -43,7 +44,7 @@ private:
 
     TagWriter& m_out;
     SaveNames& m_names;
-    const HandleSource& m_handles;
+    HandleSource& m_handles;
     std::string m_version;
     Values m_values;
 };

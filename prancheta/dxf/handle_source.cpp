@@ -10,22 +10,36 @@
 namespace prancheta::dxf {
 
 void HandleSource::collect(DatabaseCore& core) {
+    m_core = &core;
     Adesk::UInt64 largest = 0;
+    Adesk::UInt64 again = 0;
     const StubPool& stubs = ObjectAccess::stubs(core);
     for (std::size_t i = 0; i < stubs.size(); ++i)
         if (stubs[i].object != nullptr && !stubs[i].erased)
             largest = std::max(largest, stubs[i].handle);
     forEachKeptHandle(core, [&](Adesk::UInt64 handle) {
         largest = std::max(largest, handle);
-        m_kept.insert(handle);
+        const bool isNew = m_kept.insert(handle).second;
+        if (!isNew || isTaken(handle)) ++again;
     });
-    m_next = largest + 1;
+    m_nextPart = largest + 1;
+    m_next = m_nextPart + again;
+}
+
+bool HandleSource::isTaken(Adesk::UInt64 handle) const {
+    const AcDbStub* const stub = m_core->find(handle);
+    return stub != nullptr && stub->object != nullptr && !stub->erased;
+}
+
+Adesk::UInt64 HandleSource::ofPart(Adesk::UInt64 handle) {
+    if (handle == 0) return 0;
+    return m_parts.insert(handle).second && !isTaken(handle) ? handle : m_nextPart++;
 }
 
 Adesk::UInt64 HandleSource::of(AcDbObjectId id) const {
     const AcDbStub* const stub = id;
     if (stub == nullptr) return 0;
-    if (stub->object != nullptr) return stub->erased ? 0 : stub->handle;
+    if (stub->object != nullptr) return ObjectAccess::isAlive(*stub->object) ? stub->handle : 0;
     return m_kept.contains(stub->handle) ? stub->handle : 0;
 }
 

@@ -18,12 +18,20 @@ public:
 
     Adesk::UInt64 next() { return m_next++; }
     Adesk::UInt64 peek() const { return m_next; }
+    /// Handle of a part that is kept group by group: its own the first time, unless an object has
+    /// it, then a new one. 0 stays 0. To be asked once for each part.
+    Adesk::UInt64 ofPart(Adesk::UInt64 handle);
     /// Handle with which a reference to the object is written: 0 when the file will not have it.
     Adesk::UInt64 of(AcDbObjectId id) const;
 
 private:
+    bool isTaken(Adesk::UInt64 handle) const;
+
+    const DatabaseCore* m_core = nullptr;
     Adesk::UInt64 m_next = 1;
-    std::unordered_set<Adesk::UInt64> m_kept;  ///< of objects that are kept group by group
+    Adesk::UInt64 m_nextPart = 1;               ///< of as many as collect() found to be there twice
+    std::unordered_set<Adesk::UInt64> m_parts;  ///< given to a part already
+    std::unordered_set<Adesk::UInt64> m_kept;   ///< of objects that are kept group by group
 };
 
 }  // namespace prancheta::dxf

@@ -20,8 +20,8 @@ constexpr HeaderVariable kVariables[] = {
     {"$AUNITS", 70},        {"$AUPREC", 70},       {"$ANGBASE", 50},      {"$ANGDIR", 70},
 };
 
-constexpr std::string_view kWritersOwn[] = {"$ACADVER", "$DWGCODEPAGE", "$HANDSEED",
-                                            "$EXTMIN",  "$EXTMAX",      "$ACADMAINTVER"};
+constexpr std::string_view kWritersOwn[] = {"$ACADVER", kCodePage, "$HANDSEED",
+                                            "$EXTMIN",  "$EXTMAX", "$ACADMAINTVER"};
 
 // Known to releases before 2000 only.
 constexpr std::string_view kGone[] = {

@@ -16,6 +16,9 @@ struct HeaderVariable {
     bool inDimStyle = false;
 };
 
+/// Kept from an opened file when its texts come back byte by byte.
+constexpr const char* kCodePage = "$DWGCODEPAGE";
+
 std::span<const HeaderVariable> headerVariables();
 const HeaderVariable* headerVariable(std::string_view name);
 

@@ -41,11 +41,14 @@ Adesk::UInt64 ownHandle(const RawTags& record) {
     return found;
 }
 
-void forEachKeptHandle(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit) {
+void forEachKeptRecord(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit) {
     ForeignContent& foreign = core.foreign();
     for (const auto& [name, tags] : foreign.tables) visitRecords(tags, 0, visit);
     for (const RawTags& tags : foreign.objects) visitRecords(tags, 0, visit);
     for (const RawTags& tags : foreign.sections) visitRecords(tags, 0, visit);
+}
+
+void forEachKeptPart(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit) {
     const StubPool& stubs = ObjectAccess::stubs(core);
     for (std::size_t i = 0; i < stubs.size(); ++i) {
         const AcDbStub& stub = stubs[i];
@@ -57,6 +60,11 @@ void forEachKeptHandle(DatabaseCore& core, const std::function<void(Adesk::UInt6
                 visitRecords(extra->foreign, 0, visit);
         }
     }
+}
+
+void forEachKeptHandle(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit) {
+    forEachKeptRecord(core, visit);
+    forEachKeptPart(core, visit);
 }
 
 }  // namespace prancheta::dxf

@@ -8,8 +8,15 @@
 
 namespace prancheta::dxf {
 
-/// Calls `visit` for every handle that kept content gives to something: kept objects and tables,
-/// ends of blocks, parts of old polylines. References are not visited. O(kept groups + entities).
+/// Calls `visit` for every handle that kept tables, objects and sections give to something.
+/// References are not visited. O(kept groups).
+void forEachKeptRecord(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit);
+
+/// The same for parts of objects: ends of blocks, vertices of old polylines, attributes. O(kept
+/// groups + entities).
+void forEachKeptPart(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit);
+
+/// Both.
 void forEachKeptHandle(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit);
 
 /// Handle that a record gives itself: its group 5 or 105 before the first marker; 0 when it has

@@ -144,6 +144,7 @@ bool Loader::keepSection(std::string_view name) {
 
 AcDbObjectId Loader::resolve(Kind kind, const std::wstring& name) {
     if (kind == kBlock) return makeBlock(block(name));
+    if (name.empty()) return kind == kLayer ? LoadNames::find(kLayer, "0") : AcDbObjectId();
     const AcDbObjectId tables[] = {m_database.layerTableId(), m_database.linetypeTableId(),
                                    m_database.textStyleTableId(), m_database.dimStyleTableId()};
     auto& table = static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(tables[kind])->object);
@@ -239,9 +240,13 @@ bool Loader::complete() {
             completeObject(tags, m_database.namedObjectsDictionaryId().handle().value());
         foreign.objects.push_back(std::move(tags));
     }
-    forEachKeptHandle(m_core, [&](Adesk::UInt64 handle) {
-        (void)claim(handle, nullptr);
-        m_core.reserveHandle(handle);
+    forEachKeptHandle(m_core, [&](Adesk::UInt64 handle) { m_core.reserveHandle(handle); });
+    // To a record that is kept group by group an object gives way; a part gets another handle when
+    // it is written.
+    forEachKeptPart(m_core, [&](Adesk::UInt64 handle) { (void)claim(handle, nullptr); });
+    forEachKeptRecord(m_core, [&](Adesk::UInt64 handle) {
+        if (claim(handle, nullptr) == 0)
+            (void)m_core.changeHandle(AcDbObjectId(m_core.find(handle)), m_core.nextHandle());
     });
     m_core.assignMissingHandles();
     applyVariables();

@@ -103,9 +103,9 @@ bool Loader::readParts(TagReader& reader, RawTags& tags, Adesk::UInt64 owner) {
 /// Names of blocks in groups that nobody here understands: anonymous blocks are read for them.
 void Loader::wantBlocksOf(std::string_view type, const RawTags& tags) {
     for (const RawTag& tag : tags) {
-        const bool isName = tag.code == 2 && !tag.value.empty();
-        if (!isName || (type != "INSERT" && tag.value.front() != '*')) continue;
-        (void)makeBlock(block(toWide(tag.value)));
+        const std::string_view name = tag.code == 2 ? trim(tag.value) : std::string_view();
+        if (name.empty() || (type != "INSERT" && name.front() != '*')) continue;
+        (void)makeBlock(block(decodeText(name, Charset::Utf8)));
         if (type == "INSERT") return;
     }
 }

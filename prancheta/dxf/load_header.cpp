@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Section HEADER.
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 #include "prancheta/base/text.h"
 #include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/loader.h"
@@ -29,6 +33,7 @@ bool Loader::readHeader() {
 /// The release comes first of all: it says how the texts are to be read.
 void Loader::takeVersion() {
     const Tags& tags = m_record.tags;
+    std::string_view codePage;
     for (std::size_t i = 0; i + 1 < tags.size(); ++i) {
         if (tags[i].code != 9) continue;
         const std::string_view name = trim(tags[i].value);
@@ -37,17 +42,26 @@ void Loader::takeVersion() {
             m_version = value;
             setCharset(charsetOf(m_version));
         }
-        if (name == "$DWGCODEPAGE" && !value.empty() && value != "ANSI_1252" &&
-            value != "ansi_1252" && value != "DOS850" && charset() == Charset::Windows1252)
-            note("a página de código " + std::string(value) +
-                     " não é conhecida; os acentos podem aparecer trocados",
-                 value.data(), 0);
+        if (name == "$DWGCODEPAGE") codePage = value;
         std::uint64_t seed = 0;
         if (name == "$HANDSEED" && parseHandle(value, seed) && seed > 1) {
             m_core.reserveHandle(seed - 1);
             m_hasSeed = true;
         }
     }
+    takeCodePage(codePage);
+}
+
+/// Releases before UTF-8 only. The bytes of an unknown page come back as they were read, so its
+/// name has to come back with them.
+void Loader::takeCodePage(std::string_view name) {
+    const auto is = [&](const wchar_t* known) { return equalNoCase(toWide(name), known); };
+    if (name.empty() || is(L"ANSI_1252") || charset() != Charset::Windows1252) return;
+    if (is(L"DOS850")) return setCharset(Charset::Dos850);
+    note("a página de código " + toUtf8(toWide(name)) +
+             " não é conhecida; os acentos podem aparecer trocados",
+         name.data(), 0);
+    m_core.foreign().header.emplace_back(kCodePage, RawTags{{3, decode(name, charset())}});
 }
 
 void Loader::takeVariable(const std::string& name, const Tags& tags) {
@@ -70,6 +84,9 @@ void Loader::takeVariable(const std::string& name, const Tags& tags) {
 
 /// Variables name layers and styles, so they are set when all is read.
 void Loader::applyVariables() {
+    // The current dimension style brings values that the file's own go over.
+    std::stable_partition(m_variables.begin(), m_variables.end(),
+                          [](const auto& variable) { return variable.first == "$DIMSTYLE"; });
     for (const auto& [name, tags] : m_variables) {
         const HeaderVariable* const known = headerVariable(name);
         if (known == nullptr || known->inDimStyle || tags.empty()) continue;
@@ -80,6 +97,11 @@ void Loader::applyVariables() {
         double numbers[3] = {};
         for (std::size_t i = 0; i < std::min<std::size_t>(tags.size(), 3); ++i)
             (void)parseReal(tags[i].value, numbers[i]);
+        const bool isInteger = std::holds_alternative<short>(value) || known->code == 62;
+        if (isInteger && !(std::abs(numbers[0]) <= std::numeric_limits<short>::max())) {
+            note("variável " + name + " ignorada: valor fora da faixa", tags[0].value.data(), 0);
+            continue;
+        }
         if (std::holds_alternative<short>(value))
             value = static_cast<short>(numbers[0]);
         else if (std::holds_alternative<double>(value))

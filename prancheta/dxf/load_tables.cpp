@@ -74,22 +74,40 @@ bool Loader::readTableRecord(const RecordType& type, const Record& record) {
             return bad(record.at, std::string("registro inválido na tabela ") + type.name);
         return false;
     }
+    if (m_values.texts[0].empty() && type.name == std::string_view("STYLE"))
+        return keepUnnamedStyle(record);
     std::unique_ptr<AcDbSymbolTableRecord> made = type.make(m_values);
     ObjectAccess::setName(*made, m_values.texts[0]);
     if (!keepExtra(*made, m_rest)) return false;
     if (type.fields[0].name == std::string_view("AcDbLinetypeTableRecord") &&
         isComplexLinetype(m_head.body)) {
         RawTags& kept = ObjectAccess::makeExtra(*made).foreign;
-        kept = {{kWholeRecord, ""}};
+        kept.clear();
+        if (!appendRaw(kept, m_head.extra, charset(), m_fault)) return false;
+        kept.push_back({kWholeRecord, ""});
         if (!appendRaw(kept, m_head.body, charset(), m_fault)) return false;
     }
     constexpr long long kOwnLayerFlags = 1 | 4 | 64;
     const long long otherFlags = m_values.integers[0] & ~kOwnLayerFlags;
     if (std::string_view(type.name) == "LAYER" && otherFlags != 0) {
         RawTags& kept = ObjectAccess::makeExtra(*made).foreign;
-        kept.insert(kept.begin(), {kOtherFlags, std::to_string(otherFlags)});
+        kept.push_back({kOtherFlags, std::to_string(otherFlags)});
     }
     return addRecord(type, made.release());
+}
+
+/// A file of shapes, to which linetypes refer by its handle: many have no name.
+bool Loader::keepUnnamedStyle(const Record& record) {
+    RawTags tags{{0, "STYLE"}};
+    if (!appendRaw(tags, record.tags, charset(), m_fault)) return false;
+    if (m_version < "AC1015" || m_head.handle == 0)
+        completeTableRecord(tags, 0, [this] { return freshHandle(); });
+    auto& tables = m_core.foreign().tables;
+    auto at = std::find_if(tables.begin(), tables.end(),
+                           [](const auto& table) { return table.first == "STYLE"; });
+    if (at == tables.end()) at = tables.insert(tables.end(), {"STYLE", {}});
+    at->second.insert(at->second.end(), tags.begin(), tags.end());
+    return true;
 }
 
 /// Takes the record over.

@@ -45,6 +45,7 @@ private:
     bool readSection();
     bool readHeader();
     void takeVersion();
+    void takeCodePage(std::string_view name);
     void takeVariable(const std::string& name, const Tags& tags);
     void applyVariables();
     bool readClasses();
@@ -54,6 +55,7 @@ private:
     bool readBlockRecord(const Record& record, std::string_view text);
     bool addRecord(const RecordType& type, AcDbSymbolTableRecord* record);
     bool keepTable();
+    bool keepUnnamedStyle(const Record& record);
     bool readBlocks();
     bool readEntities();
     bool readObjects();

@@ -2,19 +2,21 @@
 // The record of a piece from its fields.
 #include "prancheta/dxf/piece_out_filer.h"
 
+#include "prancheta/database/xdata.h"
 #include "prancheta/dxf/encoding.h"
 
 namespace prancheta::dxf {
 namespace {
 
-constexpr std::size_t kMaxText = 250;  // bytes of one group 1000: 255, less what escapes may add
-
-/// Cuts a text where a new character starts, so that each part is valid UTF-8.
+/// Cuts a text where a new character starts, so that each part is valid UTF-8: all that a character
+/// takes is counted with its first byte.
 std::size_t partSize(std::string_view text) {
-    if (text.size() <= kMaxText) return text.size();
-    std::size_t size = kMaxText;
-    while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) --size;
-    return size;
+    std::size_t written = 0;
+    for (std::size_t size = 0; size < text.size(); ++size) {
+        written += writtenSize(text.substr(size, 1));
+        if (written > kMaxXdataText) return size;
+    }
+    return text.size();
 }
 
 }  // namespace
@@ -116,7 +118,7 @@ std::size_t PieceOutFiler::xdataBytes() const {
                 break;
             case Kind::Text:
                 for (std::uint32_t i = 0; i < field.count; ++i)
-                    size += 3 + m_texts[field.at + i].size();
+                    size += 3 + writtenSize(m_texts[field.at + i]);
                 break;
             case Kind::Point:
                 size += 27;
@@ -160,8 +162,8 @@ namespace {
 
 /// The list of codes, cut behind commas where it is too long for one group.
 void writeSchema(TagWriter& out, int code, std::string_view list) {
-    while (list.size() > kMaxText) {
-        const std::size_t comma = list.rfind(',', kMaxText - 1);
+    while (list.size() > kMaxXdataText) {
+        const std::size_t comma = list.rfind(',', kMaxXdataText - 1);
         out.text(code, list.substr(0, comma + 1));
         list.remove_prefix(comma + 1);
     }

@@ -2,6 +2,7 @@
 // Tables of the symbol table records.
 #include "prancheta/dxf/record_types.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "prancheta/database/object_access.h"
@@ -57,7 +58,7 @@ std::unique_ptr<AcDbSymbolTableRecord> makeLayer(const Values& v) {
     ObjectAccess::setFrozen(*record, (v.integers[0] & kFrozen) != 0);
     (void)record->setIsLocked((v.integers[0] & kLocked) != 0);
     (void)record->setIsOff(v.integers[1] < 0);
-    const long long color = std::llabs(v.integers[1]);
+    const long long color = std::llabs(std::clamp(v.integers[1], -256LL, 256LL));
     (void)record->setColorIndex(static_cast<Adesk::UInt16>(color >= 1 && color <= 255 ? color : 7));
     if (!v.ids[0].isNull()) (void)record->setLinetypeObjectId(v.ids[0]);
     (void)record->setIsPlottable(v.integers[2] != 0);

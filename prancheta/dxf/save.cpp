@@ -74,7 +74,8 @@ void Saver::planBlocks() {
         if (id.isErased()) continue;
         const auto& record =
             static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(id)->object);
-        Block block{&record, partHandle(record, "BLOCK"), partHandle(record, "ENDBLK")};
+        Block block{&record, m_handles.ofPart(partHandle(record, "BLOCK")),
+                    m_handles.ofPart(partHandle(record, "ENDBLK"))};
         if (block.begin == 0) block.begin = m_handles.next();
         if (block.end == 0) block.end = m_handles.next();
         m_blocks.push_back(block);

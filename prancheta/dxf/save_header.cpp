@@ -28,7 +28,7 @@ void Saver::writeHeader() {
     m_out.text(9, "$ACADVER");
     m_out.text(1, m_version);
     m_out.text(9, "$DWGCODEPAGE");
-    m_out.text(3, "ANSI_1252");
+    m_out.text(3, codePage());
     m_out.text(9, "$HANDSEED");
     m_out.handle(5, m_seed);
     m_out.text(9, "$EXTMIN");
@@ -37,11 +37,19 @@ void Saver::writeHeader() {
     m_out.point(10, m_extents.isEmpty() ? AcGePoint3d(-1e20, -1e20, -1e20) : m_extents.maxPoint());
     for (const HeaderVariable& variable : headerVariables()) writeVariable(variable);
     for (const auto& [name, tags] : m_core.foreign().header) {
-        if (isUnknownTo(m_version, name)) continue;
+        if (isUnknownTo(m_version, name) || name == kCodePage) continue;
         m_out.text(9, name);
         m_out.raw(tags);
     }
     m_out.text(0, "ENDSEC");
+}
+
+/// That of the opened file when its bytes are written as they were read.
+std::string Saver::codePage() const {
+    for (const auto& [name, tags] : m_core.foreign().header)
+        if (name == kCodePage && charsetOf(m_version) == Charset::Windows1252)
+            return tags.front().value;
+    return "ANSI_1252";
 }
 
 void Saver::writeVariable(const HeaderVariable& variable) {

@@ -73,6 +73,14 @@ bool Saver::writeKeptTables(const char* name) {
     return false;
 }
 
+/// Records of shape files, which stand behind those that the host keeps as objects.
+const RawTags& Saver::unnamedStyles() const {
+    static const RawTags kNone;
+    for (const auto& [name, tags] : m_core.foreign().tables)
+        if (name == "STYLE") return tags;
+    return kNone;
+}
+
 /// The view goes into the record of the active viewport. One of several tiles, and one that does
 /// not look straight down on the plan, is left as it was.
 void Saver::writeKeptVports(const RawTags& tags) {
@@ -148,6 +156,10 @@ void Saver::writeTable(const RecordType& type) {
     const bool addsDefpoints = name == "LAYER" && m_standard.defpoints != 0;
     std::size_t count = records.size() + (addsDefpoints ? 1 : 0);
     if (name == "APPID") count += m_applications.size();
+    if (name == "STYLE")
+        count += static_cast<std::size_t>(
+            std::count_if(unnamedStyles().begin(), unnamedStyles().end(),
+                          [](const RawTag& tag) { return tag.code == 0; }));
     if (name == "BLOCK_RECORD") count += m_pieces.blocks().size() + m_dimensionBlocks.size();
     beginTable(type.name, table.objectId().handle().value(), count);
     if (type.handleCode != 5) {
@@ -155,6 +167,7 @@ void Saver::writeTable(const RecordType& type) {
         m_out.integer(71, static_cast<long long>(count));
     }
     for (const AcDbSymbolTableRecord* record : records) writeRecord(type, *record);
+    if (name == "STYLE") m_entities.parts(unnamedStyles(), 0, table.objectId().handle().value());
     if (addsDefpoints) writeMadeRecord(type, m_standard.defpoints, L"Defpoints");
     if (name == "APPID")
         for (const auto& [application, handle] : m_applications)
@@ -173,12 +186,12 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
     const bool isBlock = record.isA() == AcDbBlockTableRecord::desc();
     m_out.text(0, type.name);
     m_out.handle(type.handleCode, record.objectId().handle().value());
-    (void)m_entities.applicationGroups(foreign);
+    const std::size_t own = m_entities.applicationGroups(foreign);
     m_entities.links(extra);
     m_out.handle(330, record.ownerId().handle().value());
     m_out.marker("AcDbSymbolTableRecord");
-    if (!foreign.empty() && foreign.front().code == kWholeRecord) {
-        m_out.raw(foreign);
+    if (own < foreign.size() && foreign[own].code == kWholeRecord) {
+        m_out.raw(foreign, own);
     } else {
         m_values.reset(type.fields);
         m_values.texts[0] = ObjectAccess::name(record);

@@ -59,6 +59,7 @@ private:
 
     // Sections (save_header.cpp, save_tables.cpp, save_blocks.cpp, save_objects.cpp).
     void writeHeader();
+    std::string codePage() const;
     void writeVariable(const struct HeaderVariable& variable);
     void writeClasses();
     void writeTables();
@@ -66,8 +67,8 @@ private:
     void writeRecord(const RecordType& type, const AcDbSymbolTableRecord& record);
     void beginTable(const char* name, Adesk::UInt64 handle, std::size_t count);
     void beginRecord(const char* type, int handleCode, Adesk::UInt64 handle, Adesk::UInt64 owner);
-    void writeKeptTable(const char* name, const RawTags& tags);
     bool writeKeptTables(const char* name);
+    const RawTags& unnamedStyles() const;
     void writeDefaultVport();
     void writeKeptVports(const RawTags& tags);
     void writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name);

@@ -83,6 +83,11 @@ bool TagReader::next(Record& record) {
     }
     record.type = trim(tag.value);
     record.at = tag.value.data();
+    if (record.type == "EOF") {
+        // What may stand behind it, Ctrl-Z or blank lines, belongs to no record.
+        m_recordAt = m_at;
+        return true;
+    }
     while (next(tag)) {
         if (tag.code == 0) {
             m_pending = tag;

@@ -24,7 +24,8 @@ public:
 
     /// False at the end of the text or at a fault.
     bool next(Tag& tag);
-    /// Reads a whole record; a following group 0 begins the next one. False when there is none.
+    /// Reads a whole record; a following group 0 begins the next one. False when there is none. An
+    /// EOF is a record by itself, whatever follows.
     bool next(Record& record);
     /// Passes over a record; its type is told. Much cheaper than reading it.
     bool skip(std::string_view& type);

@@ -22,8 +22,6 @@ public:
     TagWriter(const TagWriter&) = delete;
     TagWriter& operator=(const TagWriter&) = delete;
 
-    Charset charset() const { return m_charset; }
-
     /// Value of UTF-8, written as it stands but for line ends.
     void text(int code, std::string_view utf8);
     /// A text as it is meant, see encodeText().

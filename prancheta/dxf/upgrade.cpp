@@ -133,6 +133,7 @@ constexpr std::pair<const char*, const char*> kTableMarkers[] = {
     {"VPORT", "AcDbViewportTableRecord"},
     {"VIEW", "AcDbViewTableRecord"},
     {"UCS", "AcDbUCSTableRecord"},
+    {"STYLE", "AcDbTextStyleTableRecord"},
 };
 
 }  // namespace

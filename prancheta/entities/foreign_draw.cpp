@@ -132,17 +132,12 @@ struct TypeDrawing {
 };
 
 constexpr TypeDrawing kTypes[] = {
-    {"MTEXT", drawMtext},
-    {"ELLIPSE", drawEllipse},
-    {"SPLINE", drawSpline},
-    {"HATCH", drawHatch},
-    {"3DFACE", drawFace},
-    {"LEADER", drawLeader},
-    {"POLYLINE", drawOldPolyline},
-    {"ATTRIB", drawAttribute},
-    {"TRACE", inPlane<drawTrace>},
-    {"TEXT", drawPlainText},
-    {"LWPOLYLINE", inPlane<drawLightPolyline>},
+    {"MTEXT", drawMtext},          {"ELLIPSE", drawEllipse},
+    {"SPLINE", drawSpline},        {"HATCH", drawHatch},
+    {"3DFACE", drawFace},          {"LEADER", drawLeader},
+    {"POLYLINE", drawOldPolyline}, {"ATTRIB", drawAttribute},
+    {"TRACE", inPlane<drawTrace>}, {"SOLID", inPlane<drawTrace>},
+    {"TEXT", drawPlainText},       {"LWPOLYLINE", inPlane<drawLightPolyline>},
 };
 
 }  // namespace

@@ -26,7 +26,7 @@ AcDbObjectId blockOf(const ForeignEntity& entity) {
     if (database == nullptr) return block;
     const AcDbObjectPointer<AcDbBlockTable> table(database->blockTableId(), AcDb::kForRead);
     if (table.openStatus() == Acad::eOk)
-        (void)table->getAt(findText(entity.tags(), 2).c_str(), block);  // null when it is missing
+        (void)table->getAt(findName(entity.tags(), 2).c_str(), block);  // null when it is missing
     return block;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "prancheta/base/caret.h"
 #include "prancheta/base/text.h"
 
 namespace prancheta {
@@ -42,6 +43,12 @@ int findWhole(const RawTags& tags, int code, int fallback) {
 std::wstring findText(const RawTags& tags, int code) {
     const RawTag* tag = find(tags, code);
     return tag != nullptr ? toWide(tag->value) : std::wstring();
+}
+
+std::wstring findName(const RawTags& tags, int code) {
+    std::wstring name(trim(std::wstring_view(findText(tags, code))));
+    decodeCarets(name);
+    return name;
 }
 
 std::size_t pointLength(const RawTags& tags, std::size_t i) {

@@ -19,6 +19,9 @@ double findNumber(const RawTags& tags, int code, double fallback);
 int findWhole(const RawTags& tags, int code, int fallback);
 std::wstring findText(const RawTags& tags, int code);
 
+/// Name of a block or another record, as its table has it; empty when there is none.
+std::wstring findName(const RawTags& tags, int code);
+
 /// Point whose x is group `i`; y and z are the groups with code + 10 and + 20 right after it.
 AcGePoint3d pointAt(const RawTags& tags, std::size_t i);
 /// Number of groups that the point takes: 1, 2 or 3.

@@ -115,17 +115,15 @@ void Examiner::refersTo(std::string_view block) {
 }
 
 void Examiner::run() {
-    while (m_walker.next(m_record)) {
+    while (!m_ended && m_walker.next(m_record)) {
         ++m_verdict.records;
-        if (m_ended) {
-            error("há dados depois do grupo final EOF");
-            break;
-        }
         examineSections();
         if (m_record.type == "SECTION" && m_walker.place == Place::Header) examineHeader();
         if (m_inSection && !isFrame(m_record.type)) examineRecord();
     }
-    if (m_walker.fault()) {
+    if (m_ended && (m_walker.next(m_record) || m_walker.fault())) {
+        error("há dados depois do grupo final EOF");
+    } else if (m_walker.fault()) {
         m_record = {};
         const char* const at = m_walker.fault()->at;
         error(m_walker.fault()->text, at != nullptr ? at : m_text.data() + m_text.size());

@@ -24,7 +24,8 @@ void examineName(Examiner& examiner, const dxf::Record& record, std::string_view
 
 void examineLayer(Examiner& examiner, const dxf::Record& record) {
     long long color = 7;
-    if (dxf::parseInteger(valueOf(record, 62), color) && (color == 0 || std::llabs(color) > 255))
+    if (dxf::parseInteger(valueOf(record, 62), color) &&
+        (color == 0 || color < -255 || color > 255))
         examiner.error("a cor de uma camada deve ser de 1 a 255 (negativa: desligada)");
     const std::string_view linetype = valueOf(record, 6);
     if (linetype.data() == nullptr)

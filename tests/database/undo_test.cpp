@@ -332,3 +332,33 @@ TEST_F(UndoTest, ManyGroupsStayCheap) {
 }
 
 }  // namespace
+
+TEST_F(UndoTest, AColourIndexReplacesTheTrueColourOfAFile) {
+    using prancheta::RawTags;
+    const AcDbObjectId entity = append(database, new Piece(1));
+    const AcDbObjectId layer = core().ensureLayer(L"Furos");
+    const auto object = [](AcDbObjectId id) { return static_cast<AcDbStub*>(id)->object; };
+    const auto codes = [&](AcDbObjectId id) {
+        std::vector<int> found;
+        if (const auto* extra = ObjectAccess::extra(*object(id)))
+            for (const auto& tag : extra->foreign) found.push_back(tag.code);
+        return found;
+    };
+    ObjectAccess::makeExtra(*object(entity)).foreign =
+        RawTags{{102, "{APP"}, {420, "1"}, {102, "}"}, {420, "255"}, {430, "RAL$1"}, {440, "9"}};
+    ObjectAccess::makeExtra(*object(layer)).foreign =
+        RawTags{{100, "AcDbLayerTableRecord"}, {420, "255"}};
+    command(L"COR", [&] {
+        const AcDbObjectPointer<AcDbEntity> open(entity, AcDb::kForWrite);
+        EXPECT_EQ(open->setColorIndex(257), Acad::eInvalidInput);
+        EXPECT_EQ(codes(entity).size(), 6U);
+        EXPECT_EQ(open->setColorIndex(3), Acad::eOk);
+        const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
+        EXPECT_EQ(record->setColorIndex(5), Acad::eOk);
+    });
+    EXPECT_EQ(codes(entity), (std::vector<int>{102, 420, 102, 440}));
+    EXPECT_EQ(codes(layer), std::vector<int>{100});
+    undo().undo();
+    EXPECT_EQ(codes(entity), (std::vector<int>{102, 420, 102, 420, 430, 440}));
+    EXPECT_EQ(codes(layer), (std::vector<int>{100, 420}));
+}

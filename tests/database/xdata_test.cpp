@@ -101,15 +101,29 @@ TEST_F(XdataTest, WrongListsChangeNothing) {
 }
 
 TEST_F(XdataTest, SixteenKilobytesForAllApplications) {
-    const std::wstring longText(2000, L'x');
+    const std::wstring longText(255, L'x');
     prancheta::ListBuilder list;
     list.add(prancheta::newTextItem(1001, L"ZP"));
-    for (int i = 0; i < 8; ++i) list.add(prancheta::newTextItem(1000, longText));
-    const ListOwner most(list.release());  // 8 * 2003 bytes and the name
+    for (int i = 0; i < 63; ++i) list.add(prancheta::newTextItem(1000, longText));
+    const ListOwner most(list.release());  // 63 * 258 bytes and the name
     EXPECT_EQ(piece.setXData(most.get()), Acad::eOk);
     const ListOwner more(acutBuildList(1001, L"OUTRA", 1000, longText.c_str(), RTNONE));
     EXPECT_EQ(piece.setXData(more.get()), Acad::eOutOfRange);
     EXPECT_EQ(piece.xData(L"OUTRA"), nullptr);
+}
+
+TEST_F(XdataTest, TextsAreCountedAsTheyAreWritten) {
+    // 255 bytes; a character outside Latin-1 is written with seven, one beyond U+FFFF with twice as
+    // many.
+    const auto takes = [&](const std::wstring& text) {
+        const ListOwner list(acutBuildList(1001, L"ZP", 1000, text.c_str(), RTNONE));
+        return piece.setXData(list.get()) == Acad::eOk;
+    };
+    EXPECT_TRUE(takes(std::wstring(255, L'x')));
+    EXPECT_FALSE(takes(std::wstring(256, L'x')));
+    EXPECT_TRUE(takes(std::wstring(36, L'Ω') + L"abc"));
+    EXPECT_FALSE(takes(std::wstring(36, L'Ω') + L"abcd"));
+    EXPECT_FALSE(takes(std::wstring(242, L'x') + L"\U0001F600"));
 }
 
 TEST_F(XdataTest, TransformationsMoveTurnAndScale) {

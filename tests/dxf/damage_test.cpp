@@ -153,6 +153,29 @@ TEST(Damage, WhatCanBeRepairedIsReported) {
     EXPECT_FALSE(record(all, "LAYER", 2, "NOVA").empty());
 }
 
+TEST(Damage, ObjectsGiveWayToTheHandlesOfWhatIsKept) {
+    const char* tables =
+        "0 SECTION|2 TABLES|0 TABLE|2 VIEW|5 E0|330 0|100 AcDbSymbolTable|70 1|0 VIEW|5 A1|330 "
+        "E0|100 AcDbSymbolTableRecord|100 AcDbViewTableRecord|2 Planta|70 0|40 100.0|10 0|20 0|0 "
+        "ENDTAB|0 ENDSEC";
+    dxf::LoadReport report;
+    const auto database =
+        loadText(fileWith("0 POINT|5 A1|8 0|10 0|20 0", "AC1015", tables), &report);
+    ASSERT_NE(database, nullptr);
+    EXPECT_EQ(report.findings.size(), 1U);
+    const Groups all = groupsOf(saved(*database));
+    EXPECT_EQ(std::count(all.begin(), all.end(), Group{5, "A1"}), 1);
+    EXPECT_EQ(valueOf(record(all, "VIEW"), 5), "A1");
+}
+
+TEST(Damage, WhatStandsBehindTheEndIsNoDamage) {
+    const std::string good = fileWith("0 POINT|8 0|10 0|20 0");
+    for (const char* rest : {"\x1A", "\x1A\r\n", "\n\n\n\n", " \n\n\n"}) {
+        const auto loaded = tryLoad(good + rest);
+        EXPECT_TRUE(loaded.ok()) << loaded.error().message();
+    }
+}
+
 TEST(Damage, LinesChangedAtRandomNeverCrash) {
     const BarModule module;
     const std::string text = sample(dxf::Form::Ascii);

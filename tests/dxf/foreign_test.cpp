@@ -161,3 +161,82 @@ TEST(Foreign, ComplexLinetypeAndBlockExtrasStay) {
     EXPECT_EQ(valueOf(block, 5), "21");
     EXPECT_EQ(valueOf(record(all, "INSERT"), 2), "PEÇA");
 }
+
+TEST(Foreign, CopiesOfEntitiesWithPartsGiveThePartsHandlesOfTheirOwn) {
+    const auto database = loadText(fileWith(
+        "0 INSERT|5 C1|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|66 1|2 CARIMBO|10 5|20 "
+        "6|30 0|0 ATTRIB|5 C2|102 {ACAD_REACTORS|330 C1|102 }|330 C1|100 AcDbEntity|8 0|100 "
+        "AcDbText|10 5|20 6|30 0|40 2.5|1 valor|100 AcDbAttribute|2 NOME|70 0|0 SEQEND|5 C3|330 "
+        "C1|100 AcDbEntity|8 0|0 POLYLINE|5 D1|330 1F|100 AcDbEntity|8 0|100 AcDb2dPolyline|66 "
+        "1|10 0|20 0|30 0|0 VERTEX|5 D2|330 D1|100 AcDbEntity|8 0|100 AcDbVertex|100 "
+        "AcDb2dVertex|10 1|20 1|30 0|0 SEQEND|5 D3|330 D1|100 AcDbEntity|8 0"));
+    ASSERT_NE(database, nullptr);
+    AcDbObjectIdArray ids;
+    AcDbObjectIdArray copies;
+    for (const AcDbObjectId id : database->core().modelSpace()) ids.append(id);
+    for (int i = 0; i < 2; ++i)
+        ASSERT_EQ(database->deepCloneObjects(ids, database->core().modelSpaceId(), copies),
+                  Acad::eOk);
+    const std::string text = saved(*database);
+    const Groups all = groupsOf(text);
+    std::set<std::string> handles;
+    unsigned long long largest = 0;
+    std::string owner;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (all[i].code == 5 && all[i - 1].value != "$HANDSEED") {
+            EXPECT_TRUE(handles.insert(all[i].value).second) << all[i].value;
+            largest = std::max(largest, std::stoull(all[i].value, nullptr, 16));
+        }
+        if (all[i].code != 0) continue;
+        const std::string& type = all[i].value;
+        if (type == "INSERT" || type == "POLYLINE") owner = all[i + 1].value;
+        const bool part = type == "ATTRIB" || type == "VERTEX" || type == "SEQEND";
+        if (!part) continue;
+        EXPECT_EQ(all[i + (type == "ATTRIB" ? 5 : 2)], (Group{330, owner})) << type;
+    }
+    EXPECT_EQ(countOf(all, "SEQEND"), 6U);
+    const auto seed = std::find(all.begin(), all.end(), Group{9, "$HANDSEED"});
+    EXPECT_GT(std::stoull(seed[1].value, nullptr, 16), largest);
+    EXPECT_FALSE(record(all, "ATTRIB", 5, "C2").empty()) << "the original keeps its own";
+    const auto back = loadText(text);
+    ASSERT_NE(back, nullptr);
+    EXPECT_TRUE(saved(*back) == text) << "once given, the handles stay";
+}
+
+TEST(Foreign, TablesKeepShapeFilesAndWhatApplicationsSaid) {
+    const char* tables =
+        "0 SECTION|2 TABLES|0 TABLE|2 LTYPE|5 5|330 0|100 AcDbSymbolTable|70 1|0 LTYPE|5 20|102 "
+        "{MEUAPP|90 7|102 }|330 5|100 AcDbSymbolTableRecord|100 AcDbLinetypeTableRecord|2 "
+        "TRILHO|70 0|3 |72 65|73 2|40 3.0|49 2.0|74 0|49 -1.0|74 4|75 132|340 3A|46 1.0|50 "
+        "0.0|44 0.0|45 0.0|0 ENDTAB|0 TABLE|2 LAYER|5 2|330 0|100 AcDbSymbolTable|70 1|0 LAYER|5 "
+        "21|102 {MEUAPP|90 8|102 }|330 2|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 "
+        "Eixos|70 2|62 3|6 TRILHO|0 ENDTAB|0 TABLE|2 STYLE|5 3|330 0|100 AcDbSymbolTable|70 2|0 "
+        "STYLE|5 3A|330 3|100 AcDbSymbolTableRecord|100 AcDbTextStyleTableRecord|2 |70 1|40 "
+        "0.0|41 1.0|50 0.0|71 0|42 2.5|3 formas.shx|4 |0 STYLE|5 3B|330 3|100 "
+        "AcDbSymbolTableRecord|100 AcDbTextStyleTableRecord|2 Notas|70 0|40 0.0|41 1.0|50 0.0|71 "
+        "0|42 2.5|3 txt|4 |0 ENDTAB|0 ENDSEC";
+    const std::string text = saved(*loadText(fileWith("0 POINT|8 0|10 0|20 0", "AC1015", tables)));
+    const Groups all = groupsOf(text);
+    EXPECT_EQ(record(all, "STYLE", 3, "formas.shx"),
+              groups("0 STYLE|5 3A|330 3|100 AcDbSymbolTableRecord|100 AcDbTextStyleTableRecord|2 "
+                     "|70 1|40 0.0|41 1.0|50 0.0|71 0|42 2.5|3 formas.shx|4 "));
+    EXPECT_EQ(valueOf(record(all, "TABLE", 2, "STYLE"), 70), "3") << "with Standard";
+    EXPECT_EQ(countOf(all, "STYLE"), 3U);
+    EXPECT_EQ(valueOf(record(all, "LTYPE", 2, "TRILHO"), 340), "3A");
+    EXPECT_EQ(valueOf(record(all, "LTYPE", 2, "TRILHO"), 102), "{MEUAPP");
+    EXPECT_EQ(valueOf(record(all, "LTYPE", 2, "TRILHO"), 90), "7");
+    EXPECT_EQ(valueOf(record(all, "LAYER", 2, "Eixos"), 102), "{MEUAPP");
+    EXPECT_EQ(valueOf(record(all, "LAYER", 2, "Eixos"), 70), "2");
+    EXPECT_TRUE(saved(*loadText(text)) == text);
+}
+
+TEST(Foreign, ReferencesWithAttributesNameTheirBlockAsTextsAreWritten) {
+    const char* blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 A^ B|70 2|10 0|20 0|30 0|3 A^ B|1 |0 ENDBLK|8 0|0 "
+        "ENDSEC";
+    const Groups all =
+        passed(fileWith("0 INSERT|5 C1|100 AcDbEntity|8 0|100 AcDbBlockReference|66 "
+                        "1|2  A^ B|10 5|20 6|0 SEQEND|5 C3|8 0",
+                        "AC1015", blocks));
+    EXPECT_EQ(countOf(all, "BLOCK"), 3U) << "the two spaces and the block itself";
+}

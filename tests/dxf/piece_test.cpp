@@ -203,6 +203,18 @@ TEST_F(Pieces, LinksAndDataOfOthersComeBack) {
         << "a link to what is gone leads nowhere";
 }
 
+TEST_F(Pieces, LongTextsAreCutByWhatTheyTakeInTheFile) {
+    Bar* const one = bar(7.5);
+    one->mark = std::wstring(300, L'Ω') + std::wstring(300, L'é') + L"\U0001F600";
+    const std::string text = saved(database);
+    for (const Group& group : groupsOf(text))
+        EXPECT_TRUE(group.code != 1000 || group.value.size() <= 255) << group.value.size();
+    const auto back = loadText(text);
+    ASSERT_NE(back, nullptr);
+    ASSERT_NE(firstBar(*back), nullptr);
+    EXPECT_EQ(firstBar(*back)->mark, one->mark);
+}
+
 TEST_F(Pieces, LongRecordGoesToTheExtensionDictionary) {
     Bar* const one = bar(7.5);
     for (int i = 0; i < 3000; ++i) one->values.push_back(i / 7.0);

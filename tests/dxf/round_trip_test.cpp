@@ -336,3 +336,79 @@ TEST(RoundTrip, ThePointThatADimensionLineWasGivenComesBackUnlessTheLineWasMoved
     definition->value = "20.0";
     EXPECT_EQ(through(fileText(moved)), AcGePoint3d(30, 20, 0));
 }
+
+TEST(Dimensions, WithoutAStyleOfTheirOwnAreSavedWithTheCurrentOne) {
+    AcDbDatabase database(true, true);
+    append(database, new AcDbAlignedDimension({0, 0, 0}, {10, 0, 0}, {5, 5, 0}));
+    AcDbObjectPointer<AcDbDimStyleTable> table(database.dimStyleTableId(), AcDb::kForWrite);
+    auto* style = new AcDbDimStyleTableRecord;
+    ASSERT_EQ(style->setName(L"Detalhe"), Acad::eOk);
+    ASSERT_EQ(table->add(style), Acad::eOk);
+    style->close();
+    (void)table.close();
+    ASSERT_TRUE(database.core().variables().set(L"DIMSTYLE", std::wstring(L"Detalhe")).ok());
+    EXPECT_EQ(valueOf(record(groupsOf(saved(database)), "DIMENSION"), 3), "Detalhe");
+}
+
+TEST(Drawing, ScaleOfDimensionsStandsBeforeTheStyleInTheFile) {
+    const char* tables =
+        "0 SECTION|2 TABLES|0 TABLE|2 DIMSTYLE|5 A|330 0|100 AcDbSymbolTable|70 1|100 "
+        "AcDbDimStyleTable|0 DIMSTYLE|105 27|330 A|100 AcDbSymbolTableRecord|100 "
+        "AcDbDimStyleTableRecord|2 Detalhe|70 0|40 1.0|0 ENDTAB|0 ENDSEC";
+    std::string text = fileWith("0 POINT|8 0|10 1|20 1|30 0", "AC1015", tables);
+    text.insert(text.find("0\nENDSEC"), "9\n$DIMSCALE\n40\n25.0\n9\n$DIMSTYLE\n2\nDetalhe\n");
+    const auto database = loadText(text);
+    ASSERT_NE(database, nullptr);
+    EXPECT_EQ(database->core().variables().real(L"DIMSCALE"), 25.0);
+    EXPECT_NE(saved(*database).find("$DIMSCALE\n40\n25.0\n"), std::string::npos);
+}
+
+TEST(Drawing, NumbersOfTheHeaderOutOfRangeAreTold) {
+    std::string text = fileWith("0 POINT|8 0|10 1|20 1|30 0");
+    text.insert(
+        text.find("0\nENDSEC"),
+        "9\n$LUPREC\n70\n70000000000\n9\n$CECOLOR\n62\n99999999999\n9\n$INSUNITS\n70\n24\n");
+    dxf::LoadReport report;
+    const auto database = loadText(text, &report);
+    ASSERT_NE(database, nullptr);
+    ASSERT_EQ(report.findings.size(), 2U);
+    EXPECT_NE(report.findings[0].text.find("$LUPREC"), std::string::npos);
+    EXPECT_NE(report.findings[1].text.find("$CECOLOR"), std::string::npos);
+    EXPECT_NE(saved(*database).find("$INSUNITS\n70\n24\n"), std::string::npos) << "survey miles";
+}
+
+TEST(Drawing, WhatBelongsToSomethingErasedIsNotWritten) {
+    AcDbDatabase database(true, true);
+    const AcDbObjectId id = append(database, new AcDbLine({0, 0, 0}, {1, 0, 0}));
+    AcDbObjectPointer<AcDbEntity> line(id, AcDb::kForWrite);
+    ASSERT_EQ(line->createExtensionDictionary(), Acad::eOk);
+    {
+        const AcDbObjectPointer<AcDbDictionary> dictionary(line->extensionDictionary(),
+                                                           AcDb::kForWrite);
+        auto* note = new AcDbXrecord;
+        AcDbObjectId noteId;
+        ASSERT_EQ(dictionary->setAt(L"NOTA", note, noteId), Acad::eOk);
+        note->close();
+    }
+    ASSERT_EQ(countOf(groupsOf(saved(database)), "XRECORD"), 1U);
+    ASSERT_EQ(line->erase(), Acad::eOk);
+    (void)line.close();
+    EXPECT_EQ(countOf(groupsOf(saved(database)), "XRECORD"), 0U);
+}
+
+TEST(Drawing, EmptyNamesMakeNoRecords) {
+    const char* tables =
+        "0 SECTION|2 TABLES|0 TABLE|2 LAYER|5 2|330 0|100 AcDbSymbolTable|70 1|0 LAYER|5 21|330 "
+        "2|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 Eixos|70 0|62 3|6 |0 ENDTAB|0 "
+        "ENDSEC";
+    dxf::LoadReport report;
+    const auto database =
+        loadText(fileWith("0 TEXT|5 A1|8 |6 |10 0|20 0|40 2.5|1 x|7 ", "AC1015", tables), &report);
+    ASSERT_NE(database, nullptr);
+    EXPECT_TRUE(report.findings.empty()) << report.findings[0].text;
+    const Groups all = groupsOf(saved(*database));
+    for (const char* type : {"LAYER", "LTYPE", "STYLE"})
+        EXPECT_TRUE(record(all, type, 2, "").empty()) << type;
+    EXPECT_EQ(valueOf(record(all, "TEXT"), 8), "0");
+    EXPECT_EQ(valueOf(record(all, "LAYER", 2, "Eixos"), 6), "Continuous");
+}

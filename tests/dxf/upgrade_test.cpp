@@ -122,3 +122,31 @@ TEST(Upgrade, HandlesOfR14Stay) {
     EXPECT_NE(valueOf(record(all, "LINE"), 330), "(sem o grupo)");
     EXPECT_EQ(valueOf(record(all, "LWPOLYLINE"), 5), "40");
 }
+
+TEST(Upgrade, CodePagesOfOldFiles) {
+    const auto withPage = [](const char* page) {
+        std::string text = fileWith("0 TEXT|8 0|10 0|20 0|40 2.5|1 a\x87\xC6o", "AC1009");
+        text.insert(text.find("0\nENDSEC"), "9\n$DWGCODEPAGE\n3\n" + std::string(page) + "\n");
+        return text;
+    };
+    dxf::LoadReport report;
+    // 87 and C6 are the letters of "ação" there.
+    const auto dos = loadText(withPage("dos850"), &report);
+    ASSERT_NE(dos, nullptr);
+    EXPECT_TRUE(report.findings.empty());
+    EXPECT_STREQ(static_cast<AcDbText*>(modelSpace(*dos).at(0))->textStringConst(), L"ação");
+    const std::string fromDos = saved(*dos);
+    EXPECT_NE(fromDos.find("\n1\na\xE7\xE3o\n"), std::string::npos);
+    EXPECT_NE(fromDos.find("$DWGCODEPAGE\n3\nANSI_1252\n"), std::string::npos);
+
+    const auto greek = loadText(withPage("ANSI_1253"), &report);
+    ASSERT_NE(greek, nullptr);
+    EXPECT_EQ(report.findings.size(), 1U);
+    const std::string fromGreek = saved(*greek);
+    EXPECT_NE(fromGreek.find("\n1\na\x87\xC6o\n"), std::string::npos);
+    EXPECT_NE(fromGreek.find("$DWGCODEPAGE\n3\nANSI_1253\n"), std::string::npos);
+    EXPECT_NE(saved(*greek, {dxf::Version::R2018}).find("$DWGCODEPAGE\n3\nANSI_1252\n"),
+              std::string::npos);
+    EXPECT_NE(saved(*loadText(withPage("Ansi_1252"))).find("$DWGCODEPAGE\n3\nANSI_1252\n"),
+              std::string::npos);
+}

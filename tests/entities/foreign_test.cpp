@@ -197,6 +197,20 @@ TEST_F(ForeignTest, FacesLeadersTracesAndAttributes) {
         {{10, "0"}, {20, "0"}, {11, "4"}, {21, "0"}, {12, "0"}, {22, "3"}, {13, "4"}, {23, "3"}});
     EXPECT_EQ(distanceTo(pictureOf(*trace), {2, 2.9, 0}), 0.0);
     expectMovesAsDrawn(*trace);
+    // Seen from below: the corner (4, 3) of its plane is (-4, 3) of the world.
+    const auto solid = foreign("SOLID", {{10, "0"},
+                                         {20, "0"},
+                                         {11, "4"},
+                                         {21, "0"},
+                                         {12, "0"},
+                                         {22, "3"},
+                                         {13, "4"},
+                                         {23, "3"},
+                                         {210, "0"},
+                                         {220, "0"},
+                                         {230, "-1"}});
+    EXPECT_EQ(distanceTo(pictureOf(*solid), {-2, 2.9, 0}), 0.0);
+    expectMovesAsDrawn(*solid);
     const auto leader = foreign(
         "LEADER",
         {{71, "1"}, {76, "2"}, {10, "0"}, {20, "0"}, {30, "0"}, {10, "20"}, {20, "0"}, {30, "0"}});
@@ -252,6 +266,14 @@ TEST_F(ForeignTest, InsertionsShowTheirArraysAndAttributes) {
     EXPECT_STREQ(picture[2].text(), L"F1");
     expectMovesAsDrawn(*insert);
     EXPECT_EQ(pictureOf(*insert)[0].radius(), 4.0);
+}
+
+TEST_F(ForeignTest, BlocksAreFoundByTheNameThatIsMeant) {
+    (void)block(L"A^B", {new AcDbCircle({0, 0, 0}, kZ, 2)});
+    const AcDbObjectId id =
+        append(foreign("INSERT", {{2, " A^ B"}, {10, "50"}, {20, "20"}, {30, "0"}}).release());
+    AcDbObjectPointer<ForeignEntity> insert(id, AcDb::kForRead);
+    ASSERT_EQ(pictureOf(*insert).size(), 1u);
 }
 
 TEST_F(ForeignTest, PlanesSeenFromBelowAreMovedAsDrawn) {

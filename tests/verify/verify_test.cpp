@@ -141,6 +141,9 @@ TEST(Verify, FaultsOfTheWholeFile) {
 
     const std::string cut = text.substr(0, text.rfind("EOF") - 4);
     EXPECT_NE(messages(examined(cut)).find("EOF"), std::string::npos);
+    for (const char* more : {"\x1A", "0\nLINE\n8\n0\n", "0\nEOF\n"})
+        EXPECT_NE(messages(examined(text + more)).find("há dados depois"), std::string::npos);
+    EXPECT_EQ(examined(text + "\n").errors, 0U);
     EXPECT_GT(examined(text.substr(0, text.size() / 2)).errors, 0U);
     EXPECT_GT(examined("").errors, 0U);
 
