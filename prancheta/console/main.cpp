@@ -11,6 +11,7 @@
 #include "prancheta/console/script.h"
 #include "prancheta/console/state.h"
 #include "prancheta/console/verify_file.h"
+#include "prancheta/editor/documents.h"
 #include "prancheta/editor/host.h"
 #include "prancheta/editor/installation.h"
 #include "prancheta/editor/modules.h"
@@ -56,8 +57,12 @@ bool prepare(Host& host, const Options& options, Outcome& outcome) {
     outcome.check(host.start(), kFileError);
     for (const std::string& module : options.modules)
         outcome.check(host.editor().modules().load(pathFromUtf8(module)), kFileError);
-    return options.drawing.empty() ||
-           outcome.check(host.editor().openDocument(pathFromUtf8(options.drawing)), kFileError);
+    if (options.drawing.empty()) return true;
+    dxf::LoadReport findings;
+    const Result<void> opened =
+        host.editor().openDocument(pathFromUtf8(options.drawing), &findings);
+    if (opened) printFindings(host.editor(), findings);
+    return outcome.check(opened, kFileError);
 }
 
 /// The drawing's extents, fitted to an A4 sheet. The plot library is loaded only when it is needed.

@@ -180,8 +180,8 @@ void setDialogRunner(DialogRunner runner);
 /// Number of dialogs that are open: user input and commands are refused while it is not 0.
 int openDialogs();
 
-/// Closes what a program opened and never started; the editor calls it when a command ends, so that
-/// input is not refused for ever.
+/// Closes all open dialogs, those that were started with status 0; the editor calls it when a
+/// module's command ends, so that input is not refused for ever.
 void discardDialogs();
 
 /// Enabled, and so are all the clusters around it.

@@ -100,9 +100,15 @@ bool OpenDialog::fire(Tile& tile, Reason reason, long x, long y) {
     packet.value = value.data();
     packet.x = x;
     packet.y = y;
-    ++m_callbacks;
-    callback(&packet);
-    --m_callbacks;
+    {
+        // Even when the callback throws.
+        struct Running {
+            int& count;
+            explicit Running(int& c) : count(++c) {}
+            ~Running() { --count; }
+        } const running(m_callbacks);
+        callback(&packet);
+    }
     session().discardAbove(*this);
     if (m_callbacks == 0 && m_pending && !m_finished) finish(*m_pending);
     return true;

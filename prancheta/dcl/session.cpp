@@ -93,7 +93,12 @@ void setDialogRunner(DialogRunner runner) { session().runner = std::move(runner)
 
 int openDialogs() { return static_cast<int>(session().open.size()); }
 
-void discardDialogs() { session().discardUnstarted(); }
+void discardDialogs() {
+    const std::vector<std::shared_ptr<OpenDialog>> all = session().open;
+    for (const auto& dialog : all)
+        if (!dialog->finished()) dialog->abandon();
+    if (!all.empty()) session().close(*all.front());
+}
 
 void setMetrics(const Metrics& metrics) { session().setMetrics(metrics); }
 

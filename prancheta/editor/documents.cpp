@@ -113,6 +113,14 @@ std::unique_ptr<AcApDocManager> makeDocumentManager(Editor& editor) {
     return std::make_unique<ManagerFace>(editor);
 }
 
+void printFindings(Editor& editor, const dxf::LoadReport& report) {
+    for (const dxf::Finding& finding : report.findings) {
+        const std::wstring where =
+            finding.line > 0 ? L"Linha " + std::to_wstring(finding.line) + L": " : std::wstring();
+        editor.print(where + toWide(finding.text) + L"\n");
+    }
+}
+
 bool Editor::modified() const { return m_database->core().undo().revision() != m_savedRevision; }
 
 /// Nothing may refer to the drawing's objects afterwards.
@@ -122,7 +130,7 @@ void Editor::tellClosing() {
     m_modules->broadcast(AcRx::kUnloadDwgMsg);
     for (const auto& command : m_running) command->undoDatabase = nullptr;
     m_previousSelection.clear();
-    m_pickfirst.clear();
+    clearPickfirst();
     m_lastErased.clear();
     m_selectionSets->clear();
     m_previousViews.clear();

@@ -11,8 +11,15 @@ namespace prancheta {
 
 class Editor;
 
+namespace dxf {
+struct LoadReport;
+}
+
 std::unique_ptr<AcEditor> makeAcEditor(Editor& editor);
 std::unique_ptr<AcApDocument> makeDocument(Editor& editor);
 std::unique_ptr<AcApDocManager> makeDocumentManager(Editor& editor);
+
+/// Writes to the command line what was repaired while a drawing was read.
+void printFindings(Editor& editor, const dxf::LoadReport& report);
 
 }  // namespace prancheta

@@ -74,6 +74,7 @@ void Editor::alert(std::wstring_view text) {
 
 void Editor::complain(std::wstring_view text, Complaint kind) {
     m_typeAhead.clear();
+    m_typeAheadUsed = 0;
     m_typeAheadLineStart = true;
     recordText(std::wstring(text) + L"\n");
     m_ui.complain(text, kind);
@@ -93,8 +94,9 @@ InputFrame Editor::inputFrame(const RawInput& input) const {
     frame.angleUnits = variables.number(L"AUNITS");
     frame.ortho = variables.number(L"ORTHOMODE") != 0;
     frame.pointer = input.pointer ? input.pointer : m_pointer;
-    frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach) {
-        return snapPoint(*this, p, modes, reach);
+    frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach,
+                        const std::optional<AcGePoint3d>& base) {
+        return snapPoint(*this, p, modes, reach, base);
     };
     frame.pick = [this](const AcGePoint3d& p) { return entityAt(*this, p); };
     frame.last = [this] { return lastEntity(*this); };
@@ -143,21 +145,28 @@ RawInput Editor::askRaw(const InputRequest& request) {
 
 /// Next answer of what was typed ahead.
 std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
-    while (m_typeAheadLineStart && !m_typeAhead.empty() && m_typeAhead.front() == L';') {
-        m_typeAhead.erase(0, std::min(m_typeAhead.find(L'\n'), m_typeAhead.size() - 1) + 1);
-    }
-    if (m_typeAhead.empty()) return {};
+    const auto use = [this](std::size_t count) {
+        m_typeAheadUsed += count;
+        if (m_typeAheadUsed < m_typeAhead.size()) return;
+        m_typeAhead.clear();
+        m_typeAheadUsed = 0;
+    };
+    const auto rest = [this] { return std::wstring_view(m_typeAhead).substr(m_typeAheadUsed); };
+    while (m_typeAheadLineStart && rest().starts_with(L';'))
+        use(std::min(rest().find(L'\n'), rest().size() - 1) + 1);
+    const std::wstring_view keys = rest();
+    if (keys.empty()) return {};
     const bool wholeLine = request.kind == InputKind::Text && request.blanksAllowed;
-    const bool quoted = !wholeLine && m_typeAhead.front() == L'"';
-    std::size_t end = quoted ? m_typeAhead.find(L'"', 1) : 0;
-    end = m_typeAhead.find_first_of(wholeLine ? L"\n" : L" \n", end == m_typeAhead.npos ? 0 : end);
+    const bool quoted = !wholeLine && keys.front() == L'"';
+    std::size_t end = quoted ? keys.find(L'"', 1) : 0;
+    end = keys.find_first_of(wholeLine ? L"\n" : L" \n", end == keys.npos ? 0 : end);
     RawInput input;
     input.kind = RawInput::Kind::Text;
-    input.text = m_typeAhead.substr(0, end);
+    input.text = keys.substr(0, end);
     std::erase(input.text, L'\r');
     if (quoted) std::erase(input.text, L'"');
-    m_typeAheadLineStart = end == m_typeAhead.npos || m_typeAhead[end] == L'\n';
-    m_typeAhead.erase(0, end == m_typeAhead.npos ? end : end + 1);
+    m_typeAheadLineStart = end == keys.npos || keys[end] == L'\n';
+    use(end == keys.npos ? keys.size() : end + 1);
     return input;
 }
 
@@ -183,7 +192,7 @@ bool Editor::step() {
         case RawInput::Kind::EndOfInput:
             return false;
         case RawInput::Kind::Cancel:
-            m_pickfirst.clear();
+            clearPickfirst();
             print(L"*Cancelar*\n");
             m_ui.refresh();
             break;
@@ -205,6 +214,11 @@ bool Editor::step() {
 }
 
 // --- Selection ----------------------------------------------------------------------------------
+
+void Editor::clearPickfirst() {
+    m_pickfirst.clear();
+    m_hotGrips.clear();
+}
 
 void Editor::pick(const std::vector<AcDbObjectId>& ids, Shift shift) {
     const SystemVariables& variables = m_database->core().variables();

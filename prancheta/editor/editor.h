@@ -177,6 +177,8 @@ public:
     std::vector<AcDbObjectId>& previousSelection() { return m_previousSelection; }
     /// Selected before a command, shown with grips.
     std::vector<AcDbObjectId>& pickfirst() { return m_pickfirst; }
+    /// Nothing is selected before a command any more, and no grip is taken.
+    void clearPickfirst();
     /// A pick at "Comando:": adds to that selection, with Shift takes out of it, or as PICKFIRST
     /// and PICKADD say otherwise. O(both).
     enum class Shift { Up, Down };
@@ -216,7 +218,6 @@ private:
 
     bool startNamed(std::wstring_view typed, Origin origin);
     bool startFound(const CommandLookup& found, std::wstring_view typed, Origin origin);
-    bool startVariable(const std::wstring& name, Origin origin);
     RunningCommand& push(std::wstring name, std::wstring group, int flags, Origin origin);
     void begin(RunningCommand& command);
     void runFunction(RunningCommand& command, AcRxFunctionPtr function);
@@ -256,6 +257,7 @@ private:
     TokenStream* m_tokens = nullptr;  ///< of the acedCommand call that is being served
     std::wstring m_lastCommand;
     std::wstring m_typeAhead;
+    std::size_t m_typeAheadUsed = 0;  ///< so many of its keys are answers already; never all
     bool m_typeAheadLineStart = true;
     bool m_quit = false;
     AcGeMatrix3d m_ucs;

@@ -5,6 +5,7 @@
 #include "adscodes.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/dcl/dialog.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
@@ -27,8 +28,9 @@ CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases,
     CommandLookup found;
     if (typed.name.empty()) return found;
     found.command = stack.find(typed);
-    if (found.command != nullptr || typed.builtIn) return found;
-    if (const std::wstring target = aliases.find(typed.name); !target.empty()) {
+    if (found.command != nullptr) return found;
+    const std::wstring target = typed.builtIn ? std::wstring() : aliases.find(typed.name);
+    if (!target.empty()) {
         found.command = stack.find(TypedName(target));
         if (found.command != nullptr) return found;
     }
@@ -83,7 +85,7 @@ bool Editor::startFound(const CommandLookup& found, std::wstring_view typed, Ori
         if (!(command.flags & ACRX_CMD_NOHISTORY)) m_lastCommand = typed;
         const bool takesSet = (command.flags & (ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW)) != 0;
         const bool onlyLooks = view && command.builtIn != nullptr;
-        if (!takesSet && !onlyLooks) m_pickfirst.clear();
+        if (!takesSet && !onlyLooks) clearPickfirst();
     }
     RunningCommand& running = push(command.global, command.group, command.flags, origin);
     if (command.builtIn != nullptr) {
@@ -154,7 +156,7 @@ void Editor::end(RunningCommand& command, CommandEnd how) {
     }
     closeUndo(command, how);
     if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW))
-        m_pickfirst.clear();
+        clearPickfirst();
     recordCommandEnd(command.name);
     remove(command);
     updateVariables();
@@ -162,7 +164,8 @@ void Editor::end(RunningCommand& command, CommandEnd how) {
 }
 
 /// A module's command runs to its end in one go. What it left waiting at the command line becomes
-/// the user's: a command and an undo step of its own.
+/// the user's: a command and an undo step of its own. Dialogs that it left open would keep the user
+/// out for ever.
 void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
     command.function = function;
     begin(command);
@@ -173,6 +176,7 @@ void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
         complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
         how = CommandEnd::Failed;
     }
+    dcl::discardDialogs();
     m_initGet = {};
     const auto self = std::find_if(m_running.begin(), m_running.end(),
                                    [&](const auto& c) { return c.get() == &command; });

@@ -12,6 +12,7 @@
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/hit.h"
 #include "prancheta/graphics/snaps.h"
+#include "prancheta/graphics/text_metrics.h"
 
 namespace prancheta {
 
@@ -20,12 +21,6 @@ double pickTolerance(const Editor& editor) {
 }
 
 bool onLockedLayer(AcDbObjectId entity) { return LayerStates().of(entity).locked; }
-
-bool onDisplayedLayer(AcDbObjectId entity) {
-    LayerStates layers;
-    const LayerStates::State& state = layers.of(entity);
-    return !state.off && !state.frozen;
-}
 
 namespace {
 
@@ -104,18 +99,30 @@ std::optional<AcGePoint3d> somePoint(const Picture& picture) {
     }
 }
 
-bool crosses(const Picture& picture, const Picture& line) {
-    std::vector<AcGePoint3d> crossings;
-    appendIntersections(picture, line, AcGePoint3d::kOrigin,
-                        std::numeric_limits<double>::infinity(), crossings);
-    return !crossings.empty();
-}
-
 Picture lineThrough(std::vector<AcGePoint3d> points, bool closed) {
     if (closed && !points.empty()) points.push_back(points.front());
     Picture picture;
     picture.addPolyline({}, points);
     return picture;
+}
+
+/// Texts have no edges: their boxes stand for them.
+Picture textBoxes(const Picture& picture) {
+    Picture boxes;
+    for (const PrimitiveView& primitive : picture) {
+        if (primitive.kind() != PrimitiveKind::Text) continue;
+        const auto box = textBox(primitive);
+        boxes.append(lineThrough({box.begin(), box.end()}, true));
+    }
+    return boxes;
+}
+
+bool crosses(const Picture& picture, const Picture& line) {
+    constexpr double kAnywhere = std::numeric_limits<double>::infinity();
+    std::vector<AcGePoint3d> crossings;
+    appendIntersections(picture, line, AcGePoint3d::kOrigin, kAnywhere, crossings);
+    appendIntersections(textBoxes(picture), line, AcGePoint3d::kOrigin, kAnywhere, crossings);
+    return !crossings.empty();
 }
 
 Window windowOf(const Box2d& box) {

@@ -38,7 +38,6 @@ std::vector<AcDbObjectId> allEntities(const Editor& editor);
 /// Last created entity that is displayed.
 AcDbObjectId lastEntity(const Editor& editor);
 bool onLockedLayer(AcDbObjectId entity);
-bool onDisplayedLayer(AcDbObjectId entity);
 
 /// Bits of OSMODE for words such as "_end,_mid"; 0 for "_none", nothing for a word that is no snap.
 std::optional<int> snapModes(std::wstring_view words);

@@ -120,7 +120,6 @@ bool readTokens(const resbuf* list, std::vector<ProgramToken>& tokens) {
         if (nested && token.kind == ProgramToken::Kind::Point && !tokens.empty() &&
             tokens.back().kind == ProgramToken::Kind::Objects) {
             tokens.back().point = token.point;
-            tokens.back().hasPoint = true;
             continue;
         }
         tokens.push_back(std::move(token));
@@ -155,6 +154,8 @@ Reading Editor::giveToken(Question& question, const ProgramToken& token) {
             return question.giveAngle(token.number);
         case ProgramToken::Kind::Objects:
             if (kind != InputKind::Selection && kind != InputKind::Entity) return refused;
+            // A pick without entities would be a pick of what lies at its point.
+            if (token.objects.empty()) return refused;
             for (const AcDbObjectId& id : token.objects)
                 if (!id.isValid() || id.isErased()) return refused;
             input.kind = RawInput::Kind::Pick;
@@ -166,8 +167,9 @@ Reading Editor::giveToken(Question& question, const ProgramToken& token) {
             input.point = m_ucs * token.point;
             const bool picks = kind == InputKind::Selection || kind == InputKind::Entity;
             if (frame.runningSnaps == 0 || picks) break;
-            input.point = frame.snap(input.point, frame.runningSnaps, SnapReach::Aperture)
-                              .value_or(input.point);
+            const std::optional<AcGePoint3d> snapped = frame.snap(
+                input.point, frame.runningSnaps, SnapReach::Aperture, question.current().base);
+            input.point = snapped.value_or(input.point);
             break;
         }
         default:

@@ -24,7 +24,6 @@ struct ProgramToken {
     std::wstring text;
     double number = 0.0;
     AcGePoint3d point;
-    bool hasPoint = false;  ///< Objects: `point` is where the entity was picked
     std::vector<AcDbObjectId> objects;
 
     /// Leaves one answer to the user.

@@ -25,9 +25,11 @@ struct InputFrame {
     int runningSnaps = 0;  ///< modes that act on typed points, too (programs' input)
     std::optional<AcGePoint3d>
         pointer;  ///< world; where the pointer stands, for direct distance entry
-    /// Nearest snap point of the modes (bits of OSMODE) to a world point; empty function: no
-    /// snapping.
-    std::function<std::optional<AcGePoint3d>(const AcGePoint3d&, int, SnapReach)> snap;
+    /// Nearest snap point of the modes (bits of OSMODE) to a world point, with the prompt's base
+    /// for perpendiculars and tangents; empty function: no snapping.
+    std::function<std::optional<AcGePoint3d>(const AcGePoint3d&, int, SnapReach,
+                                             const std::optional<AcGePoint3d>& base)>
+        snap;
     /// Topmost entity at a world point.
     std::function<AcDbObjectId(const AcGePoint3d&)> pick;
     /// Entity of a handle; null id when there is none.

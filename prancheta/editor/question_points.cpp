@@ -52,7 +52,8 @@ Reading Question::giveTypedPoint(std::wstring_view text, InputFrame& frame) {
     const int modes = m_current.snapModes.value_or(frame.runningSnaps);
     if (modes == 0 || !frame.snap) return givePoint(typed.world, frame);
     const SnapReach reach = m_current.snapModes ? SnapReach::Object : SnapReach::Aperture;
-    const std::optional<AcGePoint3d> snapped = frame.snap(typed.world, modes, reach);
+    const std::optional<AcGePoint3d> snapped =
+        frame.snap(typed.world, modes, reach, m_current.base);
     if (!snapped && m_current.snapModes) {
         return {Reading::Kind::Refused,
                 {},

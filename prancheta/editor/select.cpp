@@ -40,11 +40,12 @@ struct StepCount {
     std::size_t locked = 0;
 };
 
-/// What has been selected so far: every object once, in order, with the steps to take back.
+/// What has been selected so far: every object once, in order, with the steps to take back. A step
+/// and its way back cost what it changes, but for one that removes: O(all).
 class Picked {
 public:
     StepCount add(const Ids& ids, bool dropLocked) {
-        remember();
+        m_steps.push_back({m_ids.size(), {}});
         StepCount count;
         LayerStates layers;
         for (const AcDbObjectId& id : ids) {
@@ -61,31 +62,61 @@ public:
         return count;
     }
     StepCount remove(const Ids& ids) {
-        remember();
+        Step step;
         StepCount count;
         count.found = ids.size();
         const std::unordered_set<AcDbObjectId, IdHash> gone(ids.begin(), ids.end());
-        std::erase_if(m_ids, [&](const AcDbObjectId& id) {
-            return gone.contains(id) && m_set.erase(id) != 0;
-        });
+        Ids kept;
+        for (const AcDbObjectId& id : m_ids) {
+            if (gone.contains(id)) {
+                step.removed.push_back({kept.size(), id});
+                m_set.erase(id);
+            } else {
+                kept.push_back(id);
+            }
+        }
+        m_ids = std::move(kept);
+        step.before = m_ids.size();
+        m_steps.push_back(std::move(step));
         return count;
     }
     bool undo() {
         if (m_steps.empty()) return false;
-        m_ids = std::move(m_steps.back());
+        const Step step = std::move(m_steps.back());
         m_steps.pop_back();
-        m_set = {m_ids.begin(), m_ids.end()};
+        for (; m_ids.size() > step.before; m_ids.pop_back()) m_set.erase(m_ids.back());
+        if (!step.removed.empty()) putBack(step.removed);
         return true;
     }
     const Ids& ids() const { return m_ids; }
     bool first() const { return m_steps.size() <= 1; }
 
 private:
-    void remember() { m_steps.push_back(m_ids); }
+    struct Removed {
+        std::size_t place;  // among those that stayed
+        AcDbObjectId id;
+    };
+    struct Step {
+        std::size_t before = 0;  // so many of the first stay when it is taken back
+        std::vector<Removed> removed;
+    };
+
+    void putBack(const std::vector<Removed>& removed) {
+        Ids all;
+        auto next = removed.begin();
+        for (std::size_t i = 0; i <= m_ids.size(); ++i) {
+            for (; next != removed.end() && next->place == i; ++next) {
+                all.push_back(next->id);
+                m_set.insert(next->id);
+            }
+            if (i < m_ids.size()) all.push_back(m_ids[i]);
+        }
+        m_ids = std::move(all);
+    }
 
     Ids m_ids;
     std::unordered_set<AcDbObjectId, IdHash> m_set;
-    std::vector<Ids> m_steps;
+    std::vector<Step> m_steps;
 };
 
 std::wstring counted(std::size_t n, const wchar_t* one, const wchar_t* many) {
@@ -225,6 +256,7 @@ bool changesMode(const std::wstring& word, bool& removing, bool& single) {
 /// What was selected before the command; empty when there is nothing to take.
 Ids takePickfirst(const CommandContext& context) {
     Ids ids = std::exchange(context.editor().pickfirst(), {});
+    context.editor().clearPickfirst();
     if (context.database().core().variables().number(L"PICKFIRST") == 0) ids.clear();
     return ids;
 }

@@ -10,6 +10,7 @@
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
+#include "prancheta/editor/snap_modes.h"
 #include "prancheta/graphics/edges.h"
 #include "prancheta/graphics/hit.h"
 #include "prancheta/graphics/snaps.h"
@@ -17,51 +18,16 @@
 namespace prancheta {
 namespace {
 
-struct SnapWord {
-    const wchar_t* word;
-    int mode;
-};
-
-// The Portuguese words stand after the global ones.
-constexpr SnapWord kSnapWords[] = {
-    {L"none", 0},
-    {L"endpoint", 1},
-    {L"midpoint", 2},
-    {L"center", 4},
-    {L"node", 8},
-    {L"quadrant", 16},
-    {L"intersection", 32},
-    {L"insertion", 64},
-    {L"perpendicular", 128},
-    {L"tangent", 256},
-    {L"nearest", 512},
-    {L"apparent", 2048},
-    {L"extension", 4096},
-    {L"parallel", 8192},
-    {L"nenhum", 0},
-    {L"final", 1},
-    {L"meio", 2},
-    {L"centro", 4},
-    {L"nó", 8},
-    {L"quadrante", 16},
-    {L"interseção", 32},
-    {L"inserção", 64},
-    {L"tangente", 256},
-    {L"próximo", 512},
-    {L"aparente", 2048},
-    {L"extensão", 4096},
-    {L"paralelo", 8192},
-};
-
 /// Three letters of a word are enough.
+bool isWord(std::wstring_view typed, std::wstring_view whole) {
+    const bool enough = typed.size() >= std::min<std::size_t>(3, whole.size());
+    return enough && equalNoCase(typed, whole.substr(0, typed.size()));
+}
+
 std::optional<int> snapMode(std::wstring_view word) {
-    for (const SnapWord& known : kSnapWords) {
-        const std::wstring_view whole(known.word);
-        const bool enough = word.size() >= std::min<std::size_t>(3, whole.size());
-        if (enough && word.size() <= whole.size() &&
-            equalNoCase(word, whole.substr(0, word.size())))
-            return known.mode;
-    }
+    if (isWord(word, L"none") || isWord(word, L"nenhum")) return 0;
+    for (const SnapMode& mode : kSnapModes)
+        if (isWord(word, mode.global) || isWord(word, mode.local)) return mode.bit;
     return {};
 }
 

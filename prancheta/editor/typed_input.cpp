@@ -217,18 +217,27 @@ bool fits(std::wstring_view typed, std::wstring_view word) {
            equalNoCase(typed, word.substr(0, typed.size()));
 }
 
+/// A whole word before one that the text only begins: "ME" is not "Meio" where both are options.
+template <class WordOf>
+const Keyword* match(std::wstring_view text, std::span<const Keyword> keywords, WordOf wordOf) {
+    for (const Keyword& k : keywords)
+        if (!text.empty() && equalNoCase(text, wordOf(k))) return &k;
+    for (const Keyword& k : keywords)
+        if (fits(text, wordOf(k))) return &k;
+    return nullptr;
+}
+
 }  // namespace
 
 const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> keywords) {
     const bool global = !text.empty() && text.front() == L'_';
     if (global) text.remove_prefix(1);
-    if (!global) {
-        for (const Keyword& k : keywords)
-            if (fits(text, k.local)) return &k;
-    }
-    for (const Keyword& k : keywords)
-        if (fits(text, k.global.empty() ? k.local : k.global)) return &k;
-    return nullptr;
+    const auto localOf = [](const Keyword& k) -> std::wstring_view { return k.local; };
+    const auto globalOf = [](const Keyword& k) -> std::wstring_view {
+        return k.global.empty() ? k.local : k.global;
+    };
+    const Keyword* const found = global ? nullptr : match(text, keywords, localOf);
+    return found != nullptr ? found : match(text, keywords, globalOf);
 }
 
 std::vector<Keyword> readKeywordList(std::wstring_view list) {

@@ -40,9 +40,9 @@ TypedPoint readPoint(std::wstring_view text, const InputFrame& frame);
 /// Direction in the user system of an angle as typed, by ANGBASE and ANGDIR.
 double directionOf(double typedAngle, const InputFrame& frame);
 
-/// The option that was typed: whole word, abbreviation (its capitals), or a beginning that holds
-/// them; case ignored. `_` asks for the global word; without it the local one counts first. Null
-/// when none fits.
+/// The option that was typed: first by its whole word, then by its abbreviation (its capitals) or a
+/// beginning that holds them; case ignored. `_` asks for the global word; without it the local one
+/// counts first. Null when none fits.
 const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> keywords);
 
 /// List of acedInitGet: words separated by blanks, local ones, then after a single `_` the global

@@ -59,6 +59,23 @@ private:
     std::shared_ptr<const std::vector<Keyword>> m_words;
 };
 
+/// Entities that a prompt works on. Copies share them, as those of Keywords do.
+class SharedIds {
+public:
+    SharedIds() = default;
+    SharedIds(std::vector<AcDbObjectId> ids)
+        : m_ids(std::make_shared<const std::vector<AcDbObjectId>>(std::move(ids))) {}
+
+    bool empty() const { return m_ids == nullptr || m_ids->empty(); }
+    const std::vector<AcDbObjectId>& ids() const {
+        static const std::vector<AcDbObjectId> kNone;
+        return m_ids ? *m_ids : kNone;
+    }
+
+private:
+    std::shared_ptr<const std::vector<AcDbObjectId>> m_ids;
+};
+
 /// A question. Points are in world coordinates.
 struct InputRequest {
     InputKind kind = InputKind::Text;
@@ -75,7 +92,7 @@ struct InputRequest {
     AcDbEntity* dragged = nullptr;  ///< entity that follows the pointer, for kind Drag
     bool rotating = false;          ///< angle prompt whose preview turns `selection` about `base`
     bool moving = false;            ///< point prompt whose preview moves `selection` from `base`
-    std::vector<AcDbObjectId> selection;
+    SharedIds selection;
     /// Appends what the answer `pointer` would draw (world, after snap and ortho), for a front end
     /// that shows it while it waits. Good as long as the question waits; changes nothing.
     std::function<void(const AcGePoint3d& pointer, Picture& out)> preview;

@@ -9,6 +9,7 @@
 #include "dbsymtb.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
+#include "prancheta/display/visible_part.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/plot/painter.h"
 
@@ -49,6 +50,17 @@ public:
             if (record.openStatus() == Acad::eOk) entry->second = record->isPlottable();
         }
         return entry->second;
+    }
+    /// A mark for each of the picture's traits that stay off the paper; empty: all are plotted.
+    std::vector<bool> missing(const Picture& picture) {
+        const std::vector<PictureTraits>& traits = picture.allTraits();
+        std::vector<bool> out;
+        for (std::size_t i = 0; i < traits.size(); ++i) {
+            if (has(traits[i].layer)) continue;
+            out.resize(traits.size());
+            out[i] = true;
+        }
+        return out;
     }
 
 private:
@@ -123,8 +135,15 @@ void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
     PicturePainter pictures(painter, appearances, how);
     PlottedLayers plotted;
     DisplayList& display = editor.display();
-    for (const DisplayList::Item& item : display.find(layout.shown))
-        if (plotted.has(item.layer)) pictures.add(display.picture(item.id));
+    for (const DisplayList::Item& item : display.find(layout.shown)) {
+        if (!plotted.has(item.layer)) continue;
+        const Picture& picture = display.picture(item.id);
+        const std::vector<bool> missing = plotted.missing(picture);
+        if (missing.empty())
+            pictures.add(picture);
+        else
+            pictures.add(visiblePart(picture, missing));
+    }
     pictures.flush();
     painter.restore();
 }

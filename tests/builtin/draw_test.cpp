@@ -111,6 +111,15 @@ TEST_F(Draw, Text) {
     EXPECT_NEAR(text->rotation(), kPi / 2, 1e-12);
 }
 
+TEST_F(Draw, TextJustifiedByAShortWord) {
+    // Also where a longer option begins with the same letters: middle left is mode 0 / 2.
+    type({L"texto", L"j", L"me", L"3,4", L"", L"", L"C"});
+    const Read<AcDbText> text(last());
+    ASSERT_NE(text.object(), nullptr);
+    EXPECT_EQ(text->horizontalMode(), 0);
+    EXPECT_EQ(text->verticalMode(), 2);
+}
+
 TEST_F(Draw, TextWithoutWordsIsNone) {
     type({L"_text", L"0,0", L"", L"", L""});
     EXPECT_EQ(count(), 0u);
@@ -144,6 +153,15 @@ TEST_F(Draw, DimensionOfAnObject) {
     expectPoint(dimension->xLine1Point(), 100, 0);
     expectPoint(dimension->xLine2Point(), 100, 30);
     EXPECT_DOUBLE_EQ(dimension->measurement(), 30);
+}
+
+TEST_F(Draw, DimensionOfACircleThatWasNotPicked) {
+    // Its diameter along X, as no pick says another one.
+    type({L"_circle", L"0,0", L"25", L"_dimaligned", L"", L"_l", L"0,40"});
+    const Read<AcDbAlignedDimension> dimension(last());
+    ASSERT_NE(dimension.object(), nullptr);
+    EXPECT_DOUBLE_EQ(dimension->measurement(), 50);
+    expectPoint(dimension->xLine2Point(), 25, 0);
 }
 
 }  // namespace

@@ -96,6 +96,19 @@ TEST_F(Layer, RefusedProperties) {
     EXPECT_EQ(of(L"0", &AcDbLayerTableRecord::colorIndex), 7);
 }
 
+TEST_F(Layer, TheOneThatCannotBeChangedIsNamed) {
+    type({L"_-layer", L"_n", L"A,B", L""});
+    {
+        const Read<AcDbLayerTableRecord> held(find(L"A"));
+        type({L"_-layer", L"_lo", L"*", L"_c", L"3", L"*", L""});
+    }
+    const std::wstring told = L"A camada \"A\" não pôde ser alterada.";
+    const std::size_t first = ui.output.find(told);
+    ASSERT_NE(first, std::wstring::npos);
+    EXPECT_NE(ui.output.find(told, first + 1), std::wstring::npos);
+    EXPECT_TRUE(of(L"B", &AcDbLayerTableRecord::isLocked));
+}
+
 TEST_F(Layer, Rename) {
     type({L"_-layer", L"_n", L"A,B", L"_r", L"A", L"Vigas", L"_r", L"0", L"_r", L"B", L"Vigas",
           L""});

@@ -141,6 +141,38 @@ TEST_F(Modify, EraseAndOops) {
     // Undone, an ERASE is no set to bring back: the line that was undone too stays away.
     type({L"_line", L"5,5", L"6,6", L"", L"_erase", L"_l", L"", L"_u", L"_u", L"_oops"});
     EXPECT_EQ(count(), 2u);
+    // Whatever is drawn in between.
+    type({L"_line", L"5,5", L"6,6", L"", L"_erase", L"_l", L"", L"_undo", L"2", L"_point", L"9,9",
+          L"_oops"});
+    EXPECT_EQ(count(), 3u);
+    EXPECT_EQ(layerOf(last()), L"0");
+    expectPoint(Read<AcDbPoint>(last())->position(), 9, 9);
+}
+
+TEST_F(Modify, GripsTakenHoldOfGoWithTheirSelection) {
+    const AcDbObjectId a = last();
+    type({L"_line", L"10,50", L"20,50", L""});
+    const AcDbObjectId b = last();
+    const auto take = [&](AcDbObjectId id, double x, double y) {
+        std::vector<prancheta::Grip> all;
+        prancheta::appendGrips(id, all);
+        for (const prancheta::Grip& grip : all)
+            if (grip.at == AcGePoint3d(x, y, 0)) editor->hotGrips().push_back(grip);
+    };
+    take(a, 20, 0);
+    take(b, 20, 50);
+    editor->pickfirst() = {b};
+    type({L"_grips", L"@5,0"});
+    expectLine(a, 10, 0, 20, 0);
+    expectLine(b, 10, 50, 25, 50);
+
+    take(a, 20, 0);
+    type({L"_point", L"0,0"});  // a command that does not work on the selection
+    EXPECT_TRUE(editor->hotGrips().empty());
+    take(a, 20, 0);
+    ASSERT_EQ(editor->hotGrips().size(), 1u);
+    ASSERT_TRUE(editor->newDocument());
+    EXPECT_TRUE(editor->hotGrips().empty());
 }
 
 TEST_F(Modify, SelectedBeforeTheCommand) {

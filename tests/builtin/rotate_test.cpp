@@ -115,7 +115,7 @@ TEST_F(Rotate, LeftWaitingByAProgram) {
     type({L"90"});
     EXPECT_EQ(ui.last.kind, prancheta::InputKind::Angle);
     EXPECT_TRUE(ui.last.rotating);
-    ASSERT_EQ(ui.last.selection.size(), 1u);
+    ASSERT_EQ(ui.last.selection.ids().size(), 1u);
     ASSERT_TRUE(ui.last.base.has_value());
     expectPoint(*ui.last.base, 10, 0);
     expectLine(last(), 10, 0, 10, 10);

@@ -62,6 +62,15 @@ TEST_F(Views, FactorsAndPrevious) {
     EXPECT_EQ(ui.complaints.size(), 2u);
 }
 
+TEST_F(Views, FactorsOfTheLimitsShowTheirWholeWidth) {
+    // 420 x 297 in a square window: the width counts.
+    editor->setScreenSize(400, 400);
+    type({L"_zoom", L"1"});
+    expectView(210, 148.5, 420);
+    type({L"_zoom", L"2"});
+    expectView(210, 148.5, 210);
+}
+
 TEST_F(Views, PreviousTenTimes) {
     type({L"_zoom", L"_c", L"0,0", L"1024"});
     for (int i = 0; i < 12; ++i) type({L"_zoom", L"2x"});

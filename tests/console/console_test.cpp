@@ -92,6 +92,21 @@ TEST_F(Console, FilesThatCannotBeUsedAreThree) {
         << "a file that could not be read is left alone";
 }
 
+TEST_F(Console, WhatWasRepairedWhileReadingIsTold) {
+    put("a.dxf",
+        "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\nVigas\n 10\n0\n 20\n0\n 11\n5\n 21\n5\n"
+        "  0\nENDSEC\n  0\nEOF\n");
+    const Outcome outcome = run("a.dxf");
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+    const std::size_t told = outcome.out.find("\"Vigas\" não tem registro; foi criado um\n");
+    ASSERT_NE(told, std::string::npos) << outcome.out;
+    EXPECT_LT(told, outcome.out.find("Comando:"));
+    // As OPEN tells it.
+    const Outcome opened = run("", "_open\na.dxf\n");
+    EXPECT_TRUE(has(opened.out, "\"Vigas\" não tem registro; foi criado um\n")) << opened.out;
+}
+
 TEST_F(Console, PlotsWhatWasDrawn) {
     if (!fs::exists(kProgram.parent_path() / "libprancheta-plot.so"))
         GTEST_SKIP() << "compilado sem a plotagem";

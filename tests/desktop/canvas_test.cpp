@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The drawing area under mouse and keyboard.
 #include "dbjig.h"
+#include "prancheta/desktop/canvas/aim.h"
+#include "prancheta/editor/picking.h"
 #include "tests/desktop/canvas_fixture.h"
 
 namespace {
@@ -163,6 +165,18 @@ TEST_F(Pointing, aDragIsToldOnlyTheLastOfManyPositionsAndEndsByAClick) {
     EXPECT_TRUE(dragged.endPoint().isEqualTo(AcGePoint3d(400, 350, 0)));
 }
 
+TEST(SnapNames, whatIsShownCanBeTyped) {
+    for (int bit = 1; bit < 16384; bit *= 2) {
+        const std::wstring name = desktop::snapName(bit);
+        if (bit == 1024) continue;  // no mode
+        EXPECT_EQ(snapModes(name), bit);
+        EXPECT_EQ(snapModes(name.substr(0, 3)), bit);
+    }
+    // Both at once, and either language.
+    EXPECT_EQ(snapModes(L"final,_mid"), 3);
+    EXPECT_EQ(snapModes(L"Perpendiculares"), std::nullopt);
+}
+
 TEST_F(Pointing, gripsStretchWithSnapsTypedPointsAndModes) {
     const AcDbObjectId id = line(100, 100, 300, 100);
     line(500, 300, 600, 300);
@@ -209,6 +223,24 @@ TEST_F(Pointing, severalGripsMoveTogether) {
     run();
     expectLine(a, 100, 100, 310, 120);
     expectLine(b, 310, 120, 310, 320);
+}
+
+TEST_F(Pointing, gripsTakenHoldOfGoWithTheirSelection) {
+    const AcDbObjectId a = line(100, 100, 300, 100);
+    const AcDbObjectId b = line(100, 400, 300, 400);
+    drag(90, 90, 310, 410);
+    click(300, 100, Qt::ShiftModifier);  // an end of each is gathered
+    click(300, 400, Qt::ShiftModifier);
+    click(150, 100, Qt::ShiftModifier);  // and the first line taken out
+    then([&] {
+        EXPECT_EQ(editor->pickfirst(), Ids{b});
+        ASSERT_EQ(editor->hotGrips().size(), 1u);
+    });
+    click(100, 400);
+    type(L"@0,20");
+    run();
+    expectLine(a, 100, 100, 300, 100);
+    expectLine(b, 100, 420, 300, 420);
 }
 
 TEST_F(Pointing, escapeGivesUpAFrameAndThenIsTheCommandLines) {

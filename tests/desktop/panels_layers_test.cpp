@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QTableView>
 #include <QToolButton>
+#include <QWindow>
 
 #include "prancheta/desktop/panels/color_popup.h"
 #include "prancheta/desktop/panels/layer_model.h"
@@ -71,6 +72,17 @@ TEST_F(Layers, AColourGoesToAllSelectedLayersAsOneStep) {
     EXPECT_EQ(cell("Perfis", Column::Color).data().toString(), "branco");
 }
 
+TEST_F(Layers, ColoursStayOnTheScreen) {
+    openWith(L"Perfis");
+    const QRect screen = panel->screen()->availableGeometry();
+    panel->move(screen.bottomRight() - QPoint(400, 60));
+    click(view, cell("Perfis", Column::Color));
+    auto* const popup = panel->findChild<ColorPopup*>();
+    ASSERT_NE(popup, nullptr);
+    EXPECT_TRUE(screen.contains(QRect(popup->windowHandle()->framePosition(), popup->size())));
+    popup->close();
+}
+
 TEST_F(Layers, StatesByAClick) {
     openWith(L"Perfis,Cotas");
     selectRow("0");
@@ -85,6 +97,11 @@ TEST_F(Layers, StatesByAClick) {
     click(view, cell("Cotas", Column::Lock));
     EXPECT_TRUE(of(L"Cotas", &Record::isOff) && of(L"Cotas", &Record::isLocked));
     EXPECT_FALSE(of(L"Perfis", &Record::isOff) || of(L"0", &Record::isLocked));
+    // What is drawn on the current layer would be missed.
+    EXPECT_FALSE(said(L"é a atual"));
+    click(view, cell("0", Column::On));
+    EXPECT_TRUE(of(L"0", &Record::isOff));
+    EXPECT_TRUE(said(L"A camada \"0\" é a atual"));
     click(view, cell("Perfis", Column::Freeze));
     EXPECT_FALSE(of(L"Perfis", &Record::isFrozen));
 }

@@ -130,6 +130,22 @@ TEST_F(MaterialList, RowsSelectTheirPieces) {
     }
 }
 
+TEST_F(MaterialList, LookingForRowsSelectsNothing) {
+    report.pieces = {{L"P1", 1, 1.0, 1.0, false, {lines[0]}},
+                     {L"P2", 2, 1.0, 1.0, false, {lines[1]}}};
+    openPanel();
+    for (const auto& look : std::initializer_list<std::function<void()>>{
+             [&] { find<QLineEdit>("busca")->setText("P2"); },
+             [&] { find<QComboBox>("lista")->setCurrentIndex(2); }}) {
+        find<QLineEdit>("busca")->clear();
+        click(view, view->model()->index(0, 0));
+        ASSERT_EQ(editor->pickfirst(), std::vector{lines[0]});
+        look();
+        ASSERT_EQ(view->model()->rowCount(), 1);
+        EXPECT_EQ(editor->pickfirst(), std::vector{lines[0]});
+    }
+}
+
 TEST_F(MaterialList, FollowsTheDrawingAndUpdatesOnDemand) {
     openPanel();
     EXPECT_EQ(view->model()->rowCount(), 0);

@@ -5,10 +5,13 @@
 
 #include <QDialog>
 #include <QLockFile>
+#include <QTextBlock>
+#include <QTextBrowser>
 #include <fstream>
 #include <set>
 
 #include "dbents.h"
+#include "prancheta/desktop/shell/help_window.h"
 #include "prancheta/desktop/shell/menu_file.h"
 #include "prancheta/editor/command_stack.h"
 #include "tests/desktop/dialogs_hands.h"
@@ -18,6 +21,7 @@ namespace shell {
 namespace {
 
 namespace fs = std::filesystem;
+using prancheta::desktop::HelpWindow;
 
 TEST_F(Window, DrawsWithKeysAndMouse) {
     Story story;
@@ -198,7 +202,17 @@ TEST_F(Window, DrawsAProfileFromItsDialog) {
                    dialogtest::pick(*dialog(), "lista", 3);
                    dialogtest::press(*dialog(), "accept");
                });
-    story.when([&] { return story.window().ui().request() != nullptr; }, [] {});
+    // F1 inside it shows its chapter, however often.
+    story.when([&] { return story.window().ui().request() != nullptr; },
+               [&] {
+                   for (int i = 0; i < 2; ++i) {
+                       story.window().entry("manual")->trigger();
+                       auto* const help = story.window().findChild<HelpWindow*>();
+                       auto* const text = help->findChild<QTextBrowser*>();
+                       EXPECT_EQ(text->textCursor().block().text(), "O comando perfilu");
+                       help->hide();
+                   }
+               });
     story.click(100, 100).type("0 ");
     story.when([&] { return story.idle(); },
                [&] {

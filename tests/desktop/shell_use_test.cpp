@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Menus, tool windows and files as they are used between and inside commands.
+#include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QDropEvent>
 #include <QLockFile>
 #include <QMimeData>
 #include <QSettings>
+#include <QTableView>
 
+#include "prancheta/desktop/dialogs/settings.h"
+#include "prancheta/desktop/shell/options.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
 #include "tests/desktop/shell_story.h"
 
@@ -40,7 +44,83 @@ TEST_F(Window, TakesADroppedDrawingInTheMiddleOfACommand) {
                [&] { drop(story.window(), file); });
     story.when([&] { return story.idle() && story.entities() == 1; },
                [&] { EXPECT_EQ(story.editor().fileName(), file); });
+    // "Comando:" waits as before: a click selects.
+    story.click(75, 50).then(
+        [&] { EXPECT_EQ(story.editor().pickfirst(), std::vector{story.entity(0)}); });
     EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, AbandonedWorkLeavesNoRecoveryCopy) {
+    const fs::path file = folder() / "viga.dxf";
+    Story story;
+    story.type("c 50,50 25 ");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] {
+                   ASSERT_TRUE(story.editor().saveDocument(file));
+                   story.press("c 90,50 25 ");
+               });
+    story.when([&] { return story.idle() && story.entities() == 2; },
+               [&] {
+                   ASSERT_TRUE(story.application().recovery().write());
+                   // From the event loop: it asks about unsaved work.
+                   QTimer::singleShot(0, &story.window(), [&] { drop(story.window(), file); });
+               });
+    story.choose("salvarAlteracoes", "Não salvar");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] { EXPECT_TRUE(fs::is_empty(recoveries())); });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, DelInThePanelOfLayersIsAboutLayers) {
+    Story story;
+    story.type("l 0,0 50,50 \n-layer _n Livre\n\n");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] {
+                   auto* const panel = story.window().findChild<QDockWidget*>("camadas");
+                   panel->raise();
+                   auto* const view = panel->findChild<QTableView*>("camadas");
+                   ASSERT_EQ(view->model()->rowCount(), 2);
+                   story.editor().pickfirst() = {story.entity(0)};
+                   QApplication::setActiveWindow(&story.window());
+                   view->setFocus();
+                   view->selectRow(1);
+                   // With the text that keyboards give it.
+                   QTest::sendKeyEvent(QTest::Click, view, Qt::Key_Delete, "\x7f", Qt::NoModifier);
+                   EXPECT_EQ(view->model()->rowCount(), 1);
+               });
+    story.when([&] { return story.idle(); }, [&] { EXPECT_EQ(story.entities(), 1u); });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, CopiesTheMaterialTableAndLinesOfTheLog) {
+    Story story(withModules(folder()));
+    story.then([&] {
+        auto* const view = story.window().findChild<QTableView*>("lista_material");
+        story.window().findChild<QDockWidget*>("material")->raise();
+        QApplication::setActiveWindow(&story.window());
+        view->setFocus();
+        QApplication::clipboard()->setText("antes");
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Marca\t"));
+        story.window().commandLine().print("\num\ndois\n");
+        story.window().commandLine().findChild<QPlainTextEdit*>()->selectAll();
+        EXPECT_TRUE(story.window().commandLine().selectedText().endsWith("um\ndois\n"));
+    });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, DialogsTakeTheGroundOfTheDrawingArea) {
+    for (const bool dark : {false, true}) {
+        prancheta::desktop::WindowOptions options;
+        options.darkGround = dark;
+        options.save();
+        Story story;
+        story.then([&] {
+            EXPECT_EQ(prancheta::desktop::dialogSettings().ground.lightness() < 128, dark);
+        });
+        EXPECT_TRUE(story.run());
+    }
+    QSettings().clear();
 }
 
 TEST_F(Window, WarnsOfADrawingThatIsOpenElsewhere) {
@@ -94,16 +174,16 @@ TEST_F(Window, ArrangementOutlivesATypedQuit) {
     QSettings().clear();
 }
 
-TEST_F(Window, PlotPointsAtItsWindow) {
-    using prancheta::desktop::PlotDialog;
-    Story story;
-    const auto dialog = [] { return qobject_cast<PlotDialog*>(QApplication::activeModalWidget()); };
-    std::optional<prancheta::Box2d> area;
-    story.type("c 50,50 25 ");
+prancheta::desktop::PlotDialog* plotDialog() {
+    return qobject_cast<prancheta::desktop::PlotDialog*>(QApplication::activeModalWidget());
+}
+
+/// Plots at "Comando:", up to the first corner, which `point` answers.
+void pointAtPlotWindow(Story& story, std::function<void()> point) {
     story.when([&] { return story.idle(); }, [&] { story.press("plotar "); });
-    story.when([&] { return dialog() != nullptr; },
-               [&] {
-                   for (QComboBox* const box : dialog()->findChildren<QComboBox*>()) {
+    story.when([] { return plotDialog() != nullptr; },
+               [] {
+                   for (QComboBox* const box : plotDialog()->findChildren<QComboBox*>()) {
                        const int row = box->findText("Janela...");
                        if (row < 0) continue;
                        box->setCurrentIndex(row);
@@ -115,17 +195,37 @@ TEST_F(Window, PlotPointsAtItsWindow) {
             const auto* const request = story.window().ui().request();
             return request != nullptr && request->kind == InputKind::Point;
         },
-        [&] { story.press("80,70\n"); });
+        std::move(point));
+}
+
+TEST_F(Window, WhoLeavesWhilePlotPointsLeavesPlot) {
+    const fs::path file = folder() / "viga.dxf";
+    Story story;
+    story.then([&] { ASSERT_TRUE(story.editor().saveDocument(file)); });
+    pointAtPlotWindow(story, [&] { drop(story.window(), file); });
+    pointAtPlotWindow(story, [&] { story.window().ui().runCommand("_LINE"); });
+    story.when([&] { return story.editor().activeCommand() == L"LINE"; },
+               [&] { story.press("\x1b"); });
+    pointAtPlotWindow(story, [&] { story.window().close(); });
+    EXPECT_TRUE(story.run());
+    EXPECT_TRUE(story.closedItself());
+}
+
+TEST_F(Window, PlotPointsAtItsWindow) {
+    Story story;
+    std::optional<prancheta::Box2d> area;
+    story.type("c 50,50 25 ");
+    pointAtPlotWindow(story, [&] { story.press("80,70\n"); });
     story.when(
         [&] {
             const auto* const request = story.window().ui().request();
             return request != nullptr && request->kind == InputKind::Corner;
         },
         [&] { story.press("20,10\n"); });
-    story.when([&] { return dialog() != nullptr; },
+    story.when([&] { return plotDialog() != nullptr; },
                [&] {
-                   area = dialog()->settings().area;
-                   dialog()->reject();
+                   area = plotDialog()->settings().area;
+                   plotDialog()->reject();
                });
     story.when([&] { return story.idle(); }, [] {});
     ASSERT_TRUE(story.run());

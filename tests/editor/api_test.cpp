@@ -158,6 +158,13 @@ TEST_F(ApiTest, numbersAsTexts) {
     EXPECT_EQ(length(3.25, 5, 4), L"3 1/4");
     EXPECT_EQ(length(30.5, 4, 4), L"2'-6 1/2\"");
     EXPECT_EQ(length(30.5, 3, 2), L"2'-6.50\"");
+    // What rounds up to a foot or to a full turn is one.
+    EXPECT_EQ(length(11.999, 3, 2), L"1'-0.00\"");
+    EXPECT_EQ(length(-23.99, 4, 4), L"-2'-0\"");
+    EXPECT_EQ(length(-0.001, 3, 2), L"0'-0.00\"");
+    EXPECT_EQ(angle(359.7, 1, 0), L"0d");
+    EXPECT_EQ(angle(30.7, 1, 0), L"31d");
+    EXPECT_EQ(angle(359.999, 1, 2), L"0d0'");
     EXPECT_EQ(angle(45, -1, -1), L"45");
     EXPECT_EQ(angle(-90, 0, 1), L"270.0");
     EXPECT_EQ(angle(359.9999, 0, 2), L"0.00");

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Programs that feed the command line: commands left waiting, refusals, undo steps, silence.
+#include <fstream>
+
+#include "adsdlg.h"
 #include "geassign.h"
+#include "prancheta/dcl/dialog.h"
 #include "support.h"
 
 using namespace prancheta;
@@ -119,6 +123,53 @@ TEST_F(ProgramTest, refusedTokensCancelTheCommand) {
     EXPECT_TRUE(ui.complaints.empty());  // a program's mistake is not the user's
 }
 
+void turnEmptySet() {
+    ads_name set;
+    ASSERT_EQ(acedSSAdd(nullptr, nullptr, set), RTNORM);
+    g_status = {acedCommand(RTSTR, L"_.turn", RTPICKS, set, RTSTR, L"", RTNONE)};
+}
+
+TEST_F(ProgramTest, anEmptySetSelectsNothing) {
+    line(-5, 0, 5, 0);  // where a point without coordinates would pick
+    registerCommand(L"vazio", turnEmptySet);
+    type({L"vazio"});
+    EXPECT_EQ(g_status, std::vector<int>{RTERROR});
+    EXPECT_FALSE(editor->commandActive());
+}
+
+ads_hdlg openDialog() {
+    const std::string file = testing::TempDir() + "aberto.dcl";
+    std::ofstream(file) << "d : dialog { : button { key = \"vai\"; } }";
+    int id = 0;
+    ads_hdlg dialog = nullptr;
+    EXPECT_EQ(ads_load_dialog(toWide(file).c_str(), &id), RTNORM);
+    EXPECT_EQ(ads_new_dialog(L"d", id, nullptr, &dialog), RTNORM);
+    (void)ads_unload_dialog(id);
+    return dialog;
+}
+
+TEST_F(ProgramTest, dialogsLeftOpenCloseWithTheirCommand) {
+    registerCommand(L"esquece", [] { (void)openDialog(); });
+    registerCommand(L"quebra", [] {
+        const ads_hdlg dialog = openDialog();
+        ads_action_tile(dialog, L"vai", [](ads_callback_packet*) {
+            (void)openDialog();
+            throw 1;
+        });
+        int status = 0;
+        ads_start_dialog(dialog, &status);
+    });
+    dcl::setDialogRunner([](dcl::Dialog& dialog) { (void)dialog.press("vai"); });
+    for (const wchar_t* command : {L"esquece", L"quebra"}) {
+        type({command});
+        EXPECT_EQ(dcl::openDialogs(), 0) << toUtf8(command);
+        EXPECT_EQ(acedCommand(RTSTR, L"_rays", RTSTR, L"1,1", RTSTR, L"", RTNONE), RTNORM);
+    }
+    dcl::setDialogRunner(nullptr);
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    EXPECT_EQ(entityCount(), 2u);
+}
+
 void pauseForPoint() {
     g_status = {acedCommand(RTSTR, L"_rays", RTSTR, PAUSE, RTSTR, L"@1,0", RTSTR, L"", RTNONE)};
 }
@@ -151,6 +202,24 @@ TEST_F(ProgramTest, tokensAnswerAnotherModulesCommand) {
     type({L"chama"});
     EXPECT_EQ(g_status.back(), RTNORM);
     EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(ProgramTest, perpendicularsComeFromTheBase) {
+    line(0, 10, 20, 10);
+    registerCommand(L"gira", [] {
+        Editor& now = *Editor::current();
+        ads_name name;
+        nameOf(editortest::addLine(now.database(), 100, 0, 105, 0), name);
+        const ads_point base = {3, 4, 0};
+        const ads_point near = {5, 10.5, 0};
+        acedCommand(RTSTR, L"_.turn", RTENAME, name, RTSTR, L"", RTPOINT, base, RTNONE);
+        now.setLastPoint(AcGePoint3d(6, 0, 0));
+        acedCommand(RTPOINT, near, RTNONE);
+    });
+    type({L"osmode", L"128", L"gira"});
+    // Straight up from the base to the foot at 3,10.
+    EXPECT_EQ(turned().runs, 1);
+    EXPECT_NEAR(turned().angle, 1.5707963267948966, 1e-12);
 }
 
 TEST_F(ProgramTest, runningSnapsActOnProgramsPoints) {

@@ -124,12 +124,20 @@ TEST_F(QuestionTest, lastPointFollowsAcceptedPointsOnly) {
 
 TEST_F(QuestionTest, snapWordsActOnOnePoint) {
     int asked = 0;
-    frame.snap = [&](const AcGePoint3d& p, int modes, SnapReach) -> std::optional<AcGePoint3d> {
+    std::optional<AcGePoint3d> from;
+    frame.snap = [&](const AcGePoint3d& p, int modes, SnapReach,
+                     const std::optional<AcGePoint3d>& start) -> std::optional<AcGePoint3d> {
         asked = modes;
+        from = start;
         return p.x < 50 ? std::optional(AcGePoint3d(0, 0, 0)) : std::nullopt;
     };
     expectPoint(type(request(InputKind::Point), {L"_end,_int", L"3,3"}).value.point, 0, 0);
     EXPECT_EQ(asked, 1 + 32);
+    EXPECT_FALSE(from.has_value());
+    (void)type(request(InputKind::Point, AcGePoint3d(8, 9, 0)), {L"_per", L"3,3"});
+    expectPoint(from.value(), 8, 9);
+    (void)type(request(InputKind::Distance), {L"70,7", L"_per", L"3,3"});
+    expectPoint(from.value(), 70, 7);
     EXPECT_TRUE(refused(type(request(InputKind::Point), {L"_mid", L"70,0"})));
     expectPoint(type(request(InputKind::Point), {L"3,3"}).value.point, 3, 3);
     frame.runningSnaps =

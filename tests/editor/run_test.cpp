@@ -29,8 +29,8 @@ TEST_F(RunTest, namesAliasesAndUnknownWords) {
     type({L"olhar", L""});  // a command counts before an alias of its name
     EXPECT_NE(ui.output.find(L"Olhando"), std::wstring::npos);
     EXPECT_TRUE(ui.complaints.empty());
-    type({L"_girar", L"bobagem x"});
-    ASSERT_EQ(ui.complaints.size(), 2u);
+    type({L"_girar", L"bobagem x", L".g"});  // the point means no alias
+    ASSERT_EQ(ui.complaints.size(), 3u);
     EXPECT_EQ(ui.complaints[1], L"Comando desconhecido \"BOBAGEM X\". Pressione F1 para ajuda.");
     EXPECT_FALSE(editor->commandActive());
 }
@@ -132,6 +132,8 @@ TEST_F(RunTest, variablesByName) {
     EXPECT_EQ(ui.requests.back().prompt, L"\nDigite novo valor para OSMODE <4133>: ");
     type({L"OSMODE", L""});
     EXPECT_EQ(editor->variables().number(L"OSMODE"), 7);
+    type({L"_.osmode", L"9"});
+    EXPECT_EQ(editor->variables().number(L"OSMODE"), 9);
     type({L"osmode", L"1.5", L"^C"});
     EXPECT_EQ(ui.complaints.size(), 1u);
     type({L"ltscale", L"1/2"});

@@ -57,6 +57,9 @@ TEST_F(SelectTest, pointsWindowsAndWords) {
     EXPECT_EQ(selected({L"_p"}), "012");
     EXPECT_EQ(selected({L"_all", L"_r", L"100,25", L"_a", L"100,25"}), "021");
     EXPECT_EQ(selected({L"0,25", L"_all", L"_u"}), "0");
+    EXPECT_EQ(selected({L"200,25", L"_all", L"_r", L"_c", L"50,10", L"250,20", L"_u"}), "201");
+    EXPECT_EQ(selected({L"_all", L"_r", L"100,25", L"_a", L"100,25", L"_u", L"_u", L"_u", L"_l"}),
+              "2");
     EXPECT_EQ(selected({L"_wp", L"-10,-10", L"150,-10", L"150,60", L"-10,60", L""}), "01");
     EXPECT_EQ(selected({L"_cp", L"90,10", L"110,10", L"110,20", L""}), "1");
     EXPECT_EQ(selected({L"_f", L"-10,10", L"250,10", L""}), "012");
@@ -67,6 +70,23 @@ TEST_F(SelectTest, pointsWindowsAndWords) {
     EXPECT_TRUE(ui.complaints.empty());
     EXPECT_EQ(selected({L"(handent \"FFFF\")", L"bobagem"}), "");
     EXPECT_EQ(ui.complaints.size(), 2u);
+}
+
+TEST_F(SelectTest, textsAreCrossedByTheirBoxes) {
+    // Ten high and more than ten wide; nothing but the fence or the polygon meets its box.
+    {
+        AcDbObjectPointer<AcDbBlockTableRecord> space(editor->database().currentSpaceId(),
+                                                      AcDb::kForWrite);
+        auto* text = new AcDbText(AcGePoint3d(10, 100, 0), L"VIGA", AcDbObjectId::kNull, 10, 0);
+        text->setDatabaseDefaults(&editor->database());
+        lines.emplace_back();
+        ASSERT_EQ(space->appendAcDbEntity(lines.back(), text), Acad::eOk);
+        text->close();
+    }
+    EXPECT_EQ(selected({L"_f", L"15,90", L"15,130", L""}), "3");
+    EXPECT_EQ(selected({L"_cp", L"12,95", L"18,95", L"15,103", L""}), "3");
+    EXPECT_EQ(selected({L"_wp", L"5,95", L"15,95", L"15,115", L"5,115", L""}), "");
+    EXPECT_EQ(selected({L"_wp", L"5,95", L"95,95", L"95,115", L"5,115", L""}), "3");
 }
 
 TEST_F(SelectTest, tellsWhatItFound) {

@@ -131,6 +131,18 @@ TEST(Keywords, capitalsAbbreviateAndUnderscoreMeansGlobal) {
     EXPECT_EQ(matched(L"copiarx", words), L"");
 }
 
+TEST(Keywords, wholeWordsCountBeforeBeginningsAndLocalOnesBeforeGlobalOnes) {
+    const std::vector<Keyword> words = {
+        {L"Meio", L"Middle"}, {L"ME", L"ML"}, {L"Tudo", L"All"}, {L"Atual", L"T"}};
+    EXPECT_EQ(matched(L"me", words), L"ML");
+    EXPECT_EQ(matched(L"mei", words), L"Middle");
+    EXPECT_EQ(matched(L"m", words), L"Middle");
+    EXPECT_EQ(matched(L"_ml", words), L"ML");
+    EXPECT_EQ(matched(L"t", words), L"All");
+    EXPECT_EQ(matched(L"_t", words), L"T");
+    EXPECT_EQ(matched(L"", words), L"");
+}
+
 TEST(Keywords, listOfInitGet) {
     const std::vector<Keyword> both = readKeywordList(L"Sim Não _Yes No");
     ASSERT_EQ(both.size(), 2u);

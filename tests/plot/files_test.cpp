@@ -190,6 +190,36 @@ TEST_F(Files, LayersThatAreNotShownOrNotPlottedStayAway) {
     for (const double y : {40.0, 60.0, 80.0}) EXPECT_FALSE(inkAt(image, 40, y)) << y;
 }
 
+TEST_F(Files, WhatABlockDrawsOnALayerThatIsNotPlottedStaysAway) {
+    type({L"_-layer", L"_n", L"Auxiliar", L"_p", L"_n", L"Auxiliar", L""});
+    AcDbObjectId id;
+    AcDbBlockTable* table = nullptr;
+    ASSERT_EQ(editor->database().getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+    auto* const block = new AcDbBlockTableRecord;
+    ASSERT_EQ(block->setName(L"PECA"), Acad::eOk);
+    ASSERT_EQ(table->add(id, block), Acad::eOk);
+    for (const double y : {0.0, 20.0}) {
+        auto* const line = new AcDbLine({0, y, 0}, {40, y, 0});
+        ASSERT_EQ(block->appendAcDbEntity(line), Acad::eOk);
+        if (y > 0.0) {
+            EXPECT_EQ(line->setLayer(L"Auxiliar"), Acad::eOk);
+        }
+        (void)line->close();
+    }
+    (void)block->close();
+    (void)table->close();
+    {
+        AcDbObjectPointer<AcDbBlockTableRecord> space(editor->database().currentSpaceId(),
+                                                      AcDb::kForWrite);
+        auto* const reference = new AcDbBlockReference({20, 20, 0}, id);
+        ASSERT_EQ(space->appendAcDbEntity(reference), Acad::eOk);
+        (void)reference->close();
+    }
+    const QImage image = picture(trueToSize());
+    EXPECT_TRUE(inkAt(image, 40, 20));
+    EXPECT_FALSE(inkAt(image, 40, 40));
+}
+
 TEST_F(Files, AnEmptyDrawingGivesAnEmptySheet) {
     const QImage image = picture(trueToSize());
     EXPECT_EQ(image.size(), QSize(2100, 2970));

@@ -6,32 +6,13 @@
 #include <cmath>
 
 #include "prancheta/database/database_core.h"
+#include "prancheta/editor/snap_modes.h"
 
 namespace prancheta::desktop {
 namespace {
 
 constexpr int kSuppressed = 16384;  // bit of OSMODE
 constexpr int kAllModes = kSuppressed - 1;
-
-struct SnapName {
-    int mode;
-    const char16_t* name;
-};
-constexpr SnapName kSnapNames[] = {
-    {1, u"Ponto final"},
-    {2, u"Ponto médio"},
-    {4, u"Centro"},
-    {8, u"Nó"},
-    {16, u"Quadrante"},
-    {32, u"Interseção"},
-    {64, u"Inserção"},
-    {128, u"Perpendicular"},
-    {256, u"Tangente"},
-    {512, u"Mais próximo"},
-    {2048, u"Interseção aparente"},
-    {4096, u"Extensão"},
-    {8192, u"Paralelo"},
-};
 
 /// The nearer one of the user's axes from the base.
 AcGePoint3d alongAxis(const Editor& editor, const AcGePoint3d& base, const AcGePoint3d& world) {
@@ -73,10 +54,10 @@ bool asksForPoint(const InputRequest& request) {
     }
 }
 
-const char16_t* snapName(int mode) {
-    for (const SnapName& known : kSnapNames)
-        if (known.mode == mode) return known.name;
-    return u"";
+const wchar_t* snapName(int mode) {
+    for (const SnapMode& known : kSnapModes)
+        if (known.bit == mode) return known.local;
+    return L"";
 }
 
 void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& world, bool shift) {

@@ -13,7 +13,7 @@ namespace prancheta::desktop {
 /// True when a click answers the request with a point.
 bool asksForPoint(const InputRequest& request);
 /// Name of a snap mode as users read it beside the marker.
-const char16_t* snapName(int mode);
+const wchar_t* snapName(int mode);
 
 class Aim {
 public:

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QResizeEvent>
 
+#include <algorithm>
 #include <cmath>
 
 #include "prancheta/database/database_core.h"
@@ -76,6 +77,8 @@ Canvas::Ground Canvas::ground() const {
     return m_impl->palette().dark ? Ground::Dark : Ground::Light;
 }
 
+QColor Canvas::groundColor() const { return m_impl->palette().ground; }
+
 bool Canvas::complete() const { return m_impl->sheet.complete(); }
 
 void Canvas::resizeEvent(QResizeEvent*) {
@@ -140,9 +143,13 @@ void Canvas::Impl::followDrawing() {
 
 void Canvas::Impl::followSelection() {
     const std::vector<AcDbObjectId>& pickfirst = editor->pickfirst();
+    if (atCommand())
+        std::erase_if(editor->hotGrips(), [&](const Grip& hot) {
+            return std::find(pickfirst.begin(), pickfirst.end(), hot.entity) == pickfirst.end();
+        });
     const bool before = request == nullptr || atCommand() || !editor->hotGrips().empty();
     const std::vector<AcDbObjectId>& shown =
-        before || request->selection.empty() ? pickfirst : request->selection;
+        before || request->selection.empty() ? pickfirst : request->selection.ids();
     if (shown != drawing.selection()) {
         drawing.setSelection(shown, sheet);
         grips.clear();

@@ -30,6 +30,7 @@ public:
     void refresh();
     void setGround(Ground ground);
     Ground ground() const;
+    QColor groundColor() const;
     /// Where the pointer stands, world, after snap and ortho; nothing before it entered.
     std::optional<AcGePoint3d> pointer() const;
     /// False while the picture is still being refined.

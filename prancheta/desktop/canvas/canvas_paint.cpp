@@ -95,7 +95,7 @@ void Canvas::Impl::paintGrips(QPainter& painter) const {
 void Canvas::Impl::paintTags(QPainter& painter) const {
     if (const SnapHit* caught = aim.caught())
         drawTag(painter, palette(), *mouse, canvas.size(),
-                QString::fromUtf16(snapName(caught->mode)), TagPlace::Below);
+                QString::fromWCharArray(snapName(caught->mode)), TagPlace::Below);
     if (request == nullptr || !asksForPoint(*request)) return;
     // A jig sets the last point to where its entity starts.
     std::optional<AcGePoint3d> base = request->base;

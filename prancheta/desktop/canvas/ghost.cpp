@@ -62,10 +62,10 @@ void Ghost::prepare(Editor& editor, const InputRequest& request) {
     m_selection.clear();
     if (!changesSelection(request)) return;
     DisplayList& display = editor.display();
-    for (const AcDbObjectId& id : request.selection) {
+    for (const AcDbObjectId& id : request.selection.ids()) {
         m_selection.append(display.picture(id));
         if (m_selection.size() <= kMostPrimitives) continue;
-        m_selection = boxesOf(display, request.selection);
+        m_selection = boxesOf(display, request.selection.ids());
         return;
     }
 }

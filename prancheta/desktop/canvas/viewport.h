@@ -6,7 +6,6 @@
 #include <QRectF>
 #include <QTransform>
 
-#include "prancheta/display/box.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::desktop {
@@ -20,7 +19,6 @@ public:
 
     /// Drawing units of one logical pixel.
     double unit() const { return m_unit; }
-    QSizeF size() const { return m_size; }
     QPointF toScreen(const AcGePoint3d& p) const {
         return {m_size.width() / 2.0 + (p.x - m_centre.x) / m_unit,
                 m_size.height() / 2.0 - (p.y - m_centre.y) / m_unit};
@@ -28,14 +26,6 @@ public:
     AcGePoint3d toWorld(const QPointF& p) const {
         return {m_centre.x + (p.x() - m_size.width() / 2.0) * m_unit,
                 m_centre.y - (p.y() - m_size.height() / 2.0) * m_unit, 0.0};
-    }
-    Box2d visible() const {
-        Box2d box;
-        const AcGePoint3d a = toWorld({0.0, 0.0});
-        const AcGePoint3d b = toWorld({m_size.width(), m_size.height()});
-        box.add(a.x, a.y);
-        box.add(b.x, b.y);
-        return box;
     }
     /// To pixels of which `ratio` make a logical one.
     QTransform transform(double ratio = 1.0) const {

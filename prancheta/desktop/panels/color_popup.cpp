@@ -3,8 +3,12 @@
 // in columns from light to dark, then the greys.
 #include "prancheta/desktop/panels/color_popup.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
+
+#include <algorithm>
 
 #include "prancheta/desktop/panels/icons.h"
 #include "prancheta/desktop/panels/text.h"
@@ -30,6 +34,17 @@ ColorPopup::ColorPopup(int current, Logical logical, QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setMouseTracking(true);
     setFixedSize(2 * kMargin + kHues * kSmall, kGreysTop + kLarge + kGap + kCaption + kMargin / 2);
+}
+
+void ColorPopup::showAt(const QPoint& where) {
+    const QScreen* const under = QGuiApplication::screenAt(where);
+    const QRect room = (under != nullptr ? under : screen())->availableGeometry();
+    const auto within = [](int at, int first, int last) {
+        return std::max(first, std::min(at, last));
+    };
+    move(within(where.x(), room.left(), room.right() + 1 - width()),
+         within(where.y(), room.top(), room.bottom() + 1 - height()));
+    show();
 }
 
 /// Place of a colour: 1-9 in the first row, 10-249 by hue and shade, 250-255 below.

@@ -14,6 +14,9 @@ public:
     enum class Logical { No, Yes };
 
     ColorPopup(int current, Logical logical, QWidget* parent);
+    /// Shows it with its upper left corner there, global, or as near as the whole of it stays on
+    /// the screen.
+    void showAt(const QPoint& where);
 
 signals:
     /// 1..255, 256 by layer, 0 by block.

@@ -2,11 +2,11 @@
 // Panel of layers: states by a click, names in place, colours and linetypes by popups.
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -92,9 +92,6 @@ public:
     void setEditor(Editor* editor) override;
     void refresh() override;
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     QToolButton* button(Glyph glyph, const char* name, const char* hint,
                         void (LayersPanel::*act)());
@@ -168,6 +165,8 @@ LayersPanel::LayersPanel()
     connect(m_search, &QLineEdit::textChanged, m_order,
             &QSortFilterProxyModel::setFilterFixedString);
     connect(m_view, &QAbstractItemView::clicked, this, &LayersPanel::clicked);
+    // As a key the view would take it for a letter to look for.
+    new QShortcut(Qt::Key_Delete, m_view, this, &LayersPanel::remove, Qt::WidgetShortcut);
     connect(m_view, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
         if (index.column() <= LayerModel::Name) makeCurrent();
     });
@@ -195,13 +194,6 @@ void LayersPanel::refresh() {
         m_model->load(nullptr);
     else if (m_watch.news(*m_editor))
         m_model->load(m_editor);
-}
-
-void LayersPanel::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Delete)
-        remove();
-    else
-        Panel::keyPressEvent(event);
 }
 
 Ids LayersPanel::selected() const {
@@ -255,8 +247,13 @@ void LayersPanel::clicked(const QModelIndex& index) {
     const Ids ids = targets(row.id);
     switch (index.column()) {
         case LayerModel::On:
-            return changeAll(ids, [&](const CommandContext&, AcDbLayerTableRecord& layer) {
-                return layer.setIsOff(!row.off) == Acad::eOk;
+            return changeAll(ids, [&](const CommandContext& context, AcDbLayerTableRecord& layer) {
+                if (layer.setIsOff(!row.off) != Acad::eOk) return false;
+                if (!row.off && layer.objectId() == context.database().clayer())
+                    commands::say(context, L"A camada \"" + commands::layerName(layer) +
+                                               L"\" é a atual: o que for desenhado agora não "
+                                               L"aparecerá.");
+                return true;
             });
         case LayerModel::Freeze:
             return changeAll(ids, [&](const CommandContext& context, AcDbLayerTableRecord& layer) {
@@ -290,8 +287,7 @@ void LayersPanel::chooseColor(const LayerRow& row, const QPoint& where) {
             return layer.setColorIndex(static_cast<Adesk::UInt16>(color)) == Acad::eOk;
         });
     });
-    popup->move(where);
-    popup->show();
+    popup->showAt(where);
 }
 
 void LayersPanel::chooseLinetype(const LayerRow& row, const QPoint& where) {

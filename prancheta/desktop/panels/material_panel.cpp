@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSortFilterProxyModel>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -68,6 +69,7 @@ public:
     void refresh() override;
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -90,6 +92,7 @@ private:
 
     Editor* m_editor = nullptr;
     Watch m_watch{Watch::Selection::Ignored};
+    /// Rows that come anew, or that are looked for, are no choice of pieces.
     bool m_selecting = false;
     std::map<int, QString> m_lists;  ///< number and group
     MaterialModel* m_model;
@@ -161,10 +164,12 @@ MaterialPanel::MaterialPanel()
     layout->addLayout(bottom);
 
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
+        const QScopedValueRollback guard(m_selecting, true);
         m_order->setFilterFixedString(text);
         showTotals();
     });
     connect(m_list, &QComboBox::currentIndexChanged, this, [this] {
+        const QScopedValueRollback guard(m_selecting, true);
         m_order->setList(m_list->currentData().toInt());
         showTotals();
     });
@@ -196,11 +201,9 @@ void MaterialPanel::refresh() {
 }
 
 void MaterialPanel::load() {
-    // Rows that come anew are no choice of the user's.
-    m_selecting = true;
+    const QScopedValueRollback guard(m_selecting, true);
     m_model->setRows(m_editor != nullptr ? materialRows(m_editor->database())
                                          : std::vector<MaterialRow>());
-    m_selecting = false;
     loadLists();
     showTotals();
 }
@@ -239,6 +242,16 @@ void MaterialPanel::showTotals() {
     }
     m_totals->setText(QStringLiteral("Total: %1 kg   %2 m²")
                           .arg(commaText(sum.mass, 2), commaText(sum.paintArea, 2)));
+}
+
+/// Before the menus, which copy the text of the command line.
+bool MaterialPanel::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->accept();
+        return true;
+    }
+    return Panel::event(event);
 }
 
 void MaterialPanel::keyPressEvent(QKeyEvent* event) {

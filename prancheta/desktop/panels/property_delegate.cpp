@@ -65,9 +65,9 @@ QWidget* PropertyDelegate::colorEditor(QWidget* parent, const PropertyRow& row) 
         auto* popup = new ColorPopup(current, ColorPopup::Logical::Yes, box->window());
         connect(popup, &ColorPopup::chosen, self,
                 [self, copy](int color) { self->onCommit(copy, std::to_wstring(color)); });
-        popup->move(box->mapToGlobal(QPoint(0, box->height())));
+        const QPoint below = box->mapToGlobal(QPoint(0, box->height()));
         emit self->closeEditor(box, QAbstractItemDelegate::RevertModelCache);
-        popup->show();
+        popup->showAt(below);
     });
     return box;
 }

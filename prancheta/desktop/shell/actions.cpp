@@ -22,9 +22,6 @@
 namespace prancheta::desktop {
 namespace {
 
-/// A program that asks again after so many refusals keeps its drawing.
-constexpr int kMostCancels = 50;
-
 /// Aids with a state, by the action of their entry; the name is that of the status bar's button.
 const QHash<QString, QString>& toggles() {
     static const QHash<QString, QString> names{{"snap", "SNAP"},
@@ -102,7 +99,11 @@ void MainWindow::showTool(Tool tool) {
     if (tool == Tool::Properties) showPanel("propriedades");
     if (tool == Tool::Plot) {
         PlotDialog dialog(*m_editor, this);
-        while (dialog.exec() == PlotDialog::kPickWindow) dialog.pickWindow();
+        while (dialog.exec() == PlotDialog::kPickWindow) {
+            dialog.pickWindow();
+            // Who does something else meanwhile does not want to plot any more.
+            if (m_ui->leaving() || !m_fileWanted.isEmpty()) return;
+        }
     }
 }
 
@@ -123,7 +124,7 @@ void MainWindow::openFile(const QString& file) {
 void MainWindow::openWanted() {
     if (m_fileWanted.isEmpty() || m_ui->request() == nullptr) return;
     if (!m_ui->idle()) {
-        if (++m_cancelsForFile < kMostCancels) return m_ui->cancel();
+        if (++m_cancelsForFile < WindowUi::kMostCancels) return m_ui->cancel();
         return m_fileWanted.clear();
     }
     (void)m_files->open(toPath(std::exchange(m_fileWanted, {})));  // told what went wrong

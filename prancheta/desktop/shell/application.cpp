@@ -76,6 +76,8 @@ Application::Application(const ApplicationOptions& options)
     };
     readOptions();
     QObject::connect(m_window.get(), &MainWindow::optionsChanged, m_recovery.get(), readOptions);
+    QObject::connect(m_window.get(), &MainWindow::documentReplaced, m_recovery.get(),
+                     &Recovery::documentReplaced);
     QObject::connect(&m_window->ui(), &WindowUi::waiting, m_recovery.get(),
                      [this] { keepRecoveryUp(); });
     QObject::connect(m_recovery.get(), &Recovery::due, m_window.get(),

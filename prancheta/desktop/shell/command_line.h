@@ -81,7 +81,10 @@ public:
     /// What was said, for a larger window.
     QTextDocument* document() const { return m_log->document(); }
 
-    QString selectedText() const { return m_log->textCursor().selectedText(); }
+    /// What is selected of what was said, lines ended by line feeds.
+    QString selectedText() const {
+        return m_log->textCursor().selectedText().replace(QChar::ParagraphSeparator, '\n');
+    }
 
 signals:
     void entered(const QString& text);

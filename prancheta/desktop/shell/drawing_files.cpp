@@ -11,6 +11,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include "prancheta/editor/documents.h"
+
 namespace prancheta::desktop {
 namespace {
 
@@ -90,8 +92,10 @@ bool DrawingFiles::mayLeave() {
 
 bool DrawingFiles::open(const std::filesystem::path& path) {
     if (!mayLeave()) return false;
-    const Result<void> opened = m_editor->openDocument(path);
+    dxf::LoadReport findings;
+    const Result<void> opened = m_editor->openDocument(path, &findings);
     if (opened) {
+        printFindings(*m_editor, findings);
         remember();
         return true;
     }

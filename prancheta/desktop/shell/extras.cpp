@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include "prancheta/desktop/dialogs/run_dialog.h"
 #include "prancheta/desktop/shell/help_window.h"
 #include "prancheta/desktop/shell/main_window.h"
 #include "prancheta/desktop/shell/options.h"
@@ -47,13 +48,16 @@ void MainWindow::showHelp() {
     m_help->show();
     m_help->raise();
     m_help->activateWindow();
-    if (!m_ui->idle() && m_editor != nullptr)
-        m_help->find(QString::fromStdWString(m_editor->activeCommand()));
+    if (m_ui->idle() || m_editor == nullptr) return;
+    const QString typed = QString::fromStdWString(m_editor->activeCommand());
+    const QString name = namesOf(typed).section(' ', 0, 0);
+    m_help->showCommand(name.isEmpty() ? typed : name);
 }
 
 void MainWindow::applyOptions() {
     const WindowOptions options = WindowOptions::load();
     m_canvas->setGround(options.darkGround ? Canvas::Ground::Dark : Canvas::Ground::Light);
+    announceGround(m_canvas->groundColor());
     if (m_editor != nullptr)
         (void)m_editor->variables().set(L"CURSORSIZE",
                                         static_cast<short>(options.crosshair));  // in range

@@ -43,13 +43,33 @@ void HelpWindow::find(const QString& word) {
         if (block.position() <= here.position() && here.hasSelection()) continue;
         QTextCursor found(block);
         found.select(QTextCursor::BlockUnderCursor);
-        m_text->setTextCursor(found);
-        m_text->ensureCursorVisible();
-        return;
+        return showPlace(found);
     }
     if (m_text->find(word)) return;
     m_text->moveCursor(QTextCursor::Start);
     (void)m_text->find(word);  // from the start again; nothing found leaves the start
+}
+
+/// A chapter about a command has the command's name as the last word of its title.
+void HelpWindow::showCommand(const QString& name) {
+    if (name.isEmpty()) return;
+    const QTextDocument& text = *m_text->document();
+    for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 0) continue;
+        if (block.text().section(' ', -1).compare(name, Qt::CaseInsensitive) != 0) continue;
+        return showPlace(QTextCursor(block));
+    }
+    QTextCursor found(m_text->document());
+    do found = text.find(name, found, QTextDocument::FindWholeWords);
+    while (!found.isNull() && !found.charFormat().fontFixedPitch());
+    showPlace(found.isNull() ? QTextCursor(m_text->document()) : found);
+}
+
+/// At the top of the window.
+void HelpWindow::showPlace(const QTextCursor& place) {
+    m_text->moveCursor(QTextCursor::End);
+    m_text->setTextCursor(place);
+    m_text->ensureCursorVisible();
 }
 
 }  // namespace prancheta::desktop

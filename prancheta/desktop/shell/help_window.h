@@ -8,6 +8,7 @@
 
 class QLineEdit;
 class QTextBrowser;
+class QTextCursor;
 
 namespace prancheta::desktop {
 
@@ -18,8 +19,13 @@ public:
     HelpWindow(const std::filesystem::path& manual, QWidget* parent);
     /// Shows the first place where the word stands in a heading, else anywhere.
     void find(const QString& word);
+    /// Shows the chapter of a command by its local name, else where the name first stands as
+    /// something to be typed, else the beginning.
+    void showCommand(const QString& name);
 
 private:
+    void showPlace(const QTextCursor& place);
+
     QTextBrowser* m_text;
     QLineEdit* m_word;
 };

@@ -181,6 +181,9 @@ void MainWindow::setEditor(Editor* editor) {
     editor->onDocumentChanged = [this] {
         m_canvas->setEditor(m_editor);
         for (Panel* const panel : m_panels) panel->setEditor(m_editor);
+        // What waits goes on waiting.
+        m_canvas->setRequest(m_ui->request());
+        emit documentReplaced();
     };
     m_commandLine->edit().setCompletions(makeCommandNames(*editor, this));
     tellCommands();
@@ -249,7 +252,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     auto* const key = static_cast<QKeyEvent*>(event);
     const bool plain =
         !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-    const bool typed = plain && !key->text().isEmpty() && key->key() != Qt::Key_Tab;
+    // Del is about what has the keyboard: rows of a panel, or what is selected in the drawing.
+    const bool typed = plain && !key->text().isEmpty() && key->key() != Qt::Key_Tab &&
+                       key->key() != Qt::Key_Delete;
     if (!typed) return QMainWindow::eventFilter(watched, event);
     m_commandLine->takeKey(key);
     return true;

@@ -44,6 +44,8 @@ public:
 signals:
     /// The options were changed in their dialog.
     void optionsChanged();
+    /// The editor has another drawing; the former one is gone.
+    void documentReplaced();
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -199,10 +199,6 @@ void PlotDialog::pickWindow() {
     showSettings();
 }
 
-PlotFormat PlotDialog::format() const {
-    return kFormats[static_cast<std::size_t>(m_format->currentIndex())].format;
-}
-
 void PlotDialog::showSettings() {
     const PlotSettings wanted = settings();
     const SheetLayout layout = layoutSheet(m_editor, wanted);

@@ -22,7 +22,6 @@ public:
     PlotDialog(Editor& editor, QWidget* parent);
 
     PlotSettings settings() const;
-    PlotFormat format() const;
 
     /// Result of exec() when the user wants to point at what is plotted: to be called then, and
     /// exec() again.

@@ -39,6 +39,8 @@ public:
     void setMinutes(int minutes);
     /// To be called when no command runs: writes the copy when it is due, drops it after a save.
     Result<void> keepUp();
+    /// The former drawing was left by its user: its copy goes.
+    void documentReplaced() { drop(); }
     /// Writes the copy at once, replacing the former one atomically.
     Result<void> write();
     /// Copies of windows that are gone, oldest first.

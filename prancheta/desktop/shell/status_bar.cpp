@@ -8,24 +8,12 @@
 #include <cmath>
 
 #include "prancheta/desktop/panels/panels.h"
+#include "prancheta/editor/snap_modes.h"
 
 namespace prancheta::desktop {
 namespace {
 
 constexpr short kSnapsOff = 16384;
-
-struct SnapMode {
-    int bit;
-    const char* name;
-};
-
-constexpr SnapMode kSnapModes[] = {
-    {1, "&Extremidade"}, {2, "&Meio"},       {4, "&Centro"},
-    {8, "&Ponto"},       {16, "&Quadrante"}, {32, "&Interseção"},
-    {4096, "E&xtensão"}, {64, "In&serção"},  {128, "Pe&rpendicular"},
-    {256, "&Tangente"},  {512, "Pr&óximo"},  {2048, "Interseção &aparente"},
-    {8192, "Para&lela"},
-};
 
 }  // namespace
 
@@ -99,7 +87,7 @@ void StatusBar::showSnapMenu(const QPoint& position) {
     QMenu menu(this);
     const int present = m_editor->variables().number(L"OSMODE");
     for (const SnapMode& mode : kSnapModes) {
-        QAction* const action = menu.addAction(mode.name);
+        QAction* const action = menu.addAction(QString::fromWCharArray(mode.local));
         action->setCheckable(true);
         action->setChecked((present & mode.bit) != 0);
         connect(action, &QAction::triggered, this,

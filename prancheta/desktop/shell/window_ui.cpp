@@ -15,8 +15,6 @@ namespace {
 
 /// A program that works longer than this without asking gets the window painted, ms.
 constexpr qint64 kPaintPause = 80;
-/// A program that asks again after so many refusals is left at the end of the input.
-constexpr int kMostCancels = 50;
 
 QString text(std::wstring_view wide) {
     return QString::fromWCharArray(wide.data(), static_cast<qsizetype>(wide.size()));

@@ -23,6 +23,9 @@ class DrawingFiles;
 class WindowUi : public QObject, public UserInterface {
     Q_OBJECT
 public:
+    /// A program that asks again after so many refusals is let alone.
+    static constexpr int kMostCancels = 50;
+
     /// Dialogs stand over `window`; `files` asks for files. Both must outlive the object.
     WindowUi(QWidget& window, DrawingFiles& files);
 
@@ -55,6 +58,8 @@ public:
     void runCommand(const QString& line);
     /// Ends what waits, then asks about unsaved work, then ends the input.
     void requestClose();
+    /// True from requestClose(), or a command that ends what waits, until "Comando:".
+    bool leaving() const { return m_closing || m_line; }
     /// Gives where the pointer stands, for typed answers.
     void setPointer(std::function<std::optional<AcGePoint3d>()> pointer) {
         m_pointer = std::move(pointer);

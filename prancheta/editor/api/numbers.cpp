@@ -42,20 +42,31 @@ std::string fractionText(double value, int precision) {
 
 /// Feet and inches of a length in inches.
 std::string feetText(double value, int precision, bool fractions) {
+    const auto inchesText = [&](double inches) {
+        return fractions ? fractionText(inches, precision) : fixedText(inches, precision);
+    };
     const double size = std::fabs(value);
-    const double feet = std::floor(size / 12.0);
-    const double inches = size - feet * 12.0;
-    const std::string sign = value < 0.0 ? "-" : "";
-    return sign + fixedText(feet, 0) + "'-" +
-           (fractions ? fractionText(inches, precision) : fixedText(inches, precision)) + "\"";
+    double feet = std::floor(size / 12.0);
+    std::string inches = inchesText(size - feet * 12.0);
+    // Less than twelve that round up to it are one more foot.
+    if (inches.starts_with("12")) {
+        inches = inchesText(0.0);
+        feet += 1.0;
+    }
+    const std::string text = fixedText(feet, 0) + "'-" + inches + "\"";
+    const bool zero = text.find_first_of("123456789") == std::string::npos;
+    return value < 0.0 && !zero ? "-" + text : text;
 }
 
 std::string degreesText(double degrees, int precision) {
-    if (precision == 0) return fixedText(degrees, 0) + "d";
     const int decimals = std::max(precision - 4, 0);
-    const double unit = precision <= 2 ? 1.0 / 60.0 : std::pow(10.0, -decimals) / 3600.0;
+    const double unit = precision == 0   ? 1.0
+                        : precision <= 2 ? 1.0 / 60.0
+                                         : std::pow(10.0, -decimals) / 3600.0;
     double rest = std::round(degrees / unit) * unit;
+    if (rest > 360.0 - unit / 2.0) rest = 0.0;
     const double whole = std::floor(rest + unit * 1e-3);
+    if (precision == 0) return fixedText(whole, 0) + "d";
     rest = std::max((rest - whole) * 60.0, 0.0);
     if (precision <= 2) return fixedText(whole, 0) + "d" + fixedText(rest, 0) + "'";
     const double minutes = std::floor(rest + unit * 60.0 * 1e-3);

@@ -61,7 +61,10 @@ std::optional<Ends> endsOf(AcDbObjectId id, const AcGePoint3d& pick) {
     if (const AcDbPolyline* polyline = AcDbPolyline::cast(entity.object()))
         return segmentAt(*polyline, pick);
     if (const AcDbCircle* circle = AcDbCircle::cast(entity.object())) {
-        const AcGeVector3d radius = (pick - circle->center()).normal() * circle->radius();
+        // An object that was named instead of picked may have its centre where the pick would be.
+        const AcGeVector3d towards = pick - circle->center();
+        const AcGeVector3d radius =
+            (towards.isZeroLength() ? AcGeVector3d::kXAxis : towards.normal()) * circle->radius();
         return Ends{circle->center() - radius, circle->center() + radius};
     }
     return std::nullopt;

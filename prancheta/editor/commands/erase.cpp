@@ -17,7 +17,7 @@ CommandTask erase(CommandContext context) {
 }
 
 CommandTask oops(CommandContext context) {
-    // After its ERASE was undone the set is of no use: what is erased of it now, undo has taken
+    // After its ERASE was taken back the set is of no use: what is erased of it now, undo has taken
     // out.
     const bool standing = context.database().core().undo().revision() >= memory(context).erasedAt;
     const Ids set = std::exchange(context.editor().lastErased(), {});

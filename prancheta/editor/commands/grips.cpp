@@ -193,6 +193,9 @@ CommandTask grips(CommandContext context) {
     Editor& editor = context.editor();
     const HotGrips hot(editor);
     Ids selection = editor.pickfirst();
+    std::erase_if(editor.hotGrips(), [&](const Grip& grip) {
+        return std::find(selection.begin(), selection.end(), grip.entity) == selection.end();
+    });
     dropLocked(context, selection);
     if (editor.hotGrips().empty()) {
         const InputValue taken = co_await askGrip(context, selection);

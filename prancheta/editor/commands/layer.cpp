@@ -48,6 +48,10 @@ constexpr Switch kSwitches[] = {
     {{L"DESBloquear", L"Unlock"}, L"desbloquear", unlock},
 };
 
+void sayUnchanged(const CommandContext& context, AcDbObjectId id) {
+    say(context, L"A camada \"" + layerName(id) + L"\" não pôde ser alterada.");
+}
+
 /// Names of existing layers as the user lists them; a pattern or name that fits none is told.
 Task<InputValue> switchLayers(CommandContext context, const Switch* option) {
     const InputValue list = co_await context.ask(
@@ -67,7 +71,7 @@ Task<InputValue> switchLayers(CommandContext context, const Switch* option) {
         }
         AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
         if (layer.openStatus() != Acad::eOk || !option->apply(context, *layer.object()))
-            say(context, L"A camada não pôde ser alterada.");
+            sayUnchanged(context, id);
     }
     co_return list;
 }
@@ -183,7 +187,7 @@ Task<InputValue> setProperty(CommandContext context, const Property* property) {
         AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
         if (layer.openStatus() != Acad::eOk ||
             !property->apply(context, *layer.object(), value.text))
-            say(context, L"A camada não pôde ser alterada.");
+            sayUnchanged(context, id);
     }
     co_return names;
 }

@@ -4,6 +4,7 @@
 #include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/documents.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
@@ -31,14 +32,6 @@ CommandEnd report(const CommandContext& context, const Result<void>& done) {
     return CommandEnd::Failed;
 }
 
-void printFindings(const CommandContext& context, const dxf::LoadReport& report) {
-    for (const dxf::Finding& finding : report.findings) {
-        const std::wstring where =
-            finding.line > 0 ? L"Linha " + std::to_wstring(finding.line) + L": " : std::wstring();
-        say(context, where + toWide(finding.text));
-    }
-}
-
 }  // namespace
 
 CommandTask newDrawing(CommandContext context) {
@@ -62,7 +55,7 @@ CommandTask open(CommandContext context) {
     if (path->empty()) co_return CommandEnd::Cancelled;
     dxf::LoadReport findings;
     const Result<void> opened = context.editor().openDocument(*path, &findings);
-    if (opened) printFindings(context, findings);
+    if (opened) printFindings(context.editor(), findings);
     co_return report(context, opened);
 }
 

@@ -3,8 +3,10 @@
 #include "prancheta/database/undo.h"
 
 #include "prancheta/database/database_core.h"
+#include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
 
@@ -24,6 +26,12 @@ constexpr Word kRedoWords[] = {{L"Tudo", L"All"}, {L"Último", L"Last"}};
 
 UndoLog& logOf(const CommandContext& context) { return context.database().core().undo(); }
 
+/// Once its ERASE is undone a set is nothing for OOPS, whatever is drawn next: what is erased of it
+/// later, undo has taken out.
+void forgetErased(const CommandContext& context) {
+    if (logOf(context).revision() < memory(context).erasedAt) context.editor().lastErased().clear();
+}
+
 /// Up to `count` steps, naming each.
 void undoSteps(const CommandContext& context, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
@@ -32,6 +40,7 @@ void undoSteps(const CommandContext& context, std::size_t count) {
             say(context, L"Tudo foi desfeito.");
             return;
         }
+        forgetErased(context);
         say(context, name);
     }
 }
@@ -52,7 +61,10 @@ std::size_t countOf(const InputValue& answer) {
 }
 
 Task<InputValue> undoBack(CommandContext context) {
-    if (logOf(context).backToMark()) co_return InputValue{};
+    if (logOf(context).backToMark()) {
+        forgetErased(context);
+        co_return InputValue{};
+    }
     InputValue all = co_await askYesNo(context, L"\nIsto desfará tudo. Continuar?", Choice::Yes);
     if (all.number != 0.0) undoSteps(context, logOf(context).groupCount());
     co_return all;

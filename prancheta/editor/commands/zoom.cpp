@@ -63,10 +63,16 @@ AcDbExtents drawingExtents(const CommandContext& context) {
     return extentsOf(ids);
 }
 
+/// Height of the view that holds all of the box.
+double heightFor(const Editor& editor, const AcDbExtents& box) {
+    const AcGeVector3d size = box.maxPoint() - box.minPoint();
+    return std::max(size.y, size.x * editor.screenHeight() / editor.screenWidth());
+}
+
 void showBox(const CommandContext& context, const AcDbExtents& box, double margin) {
     Editor& editor = context.editor();
     const AcGeVector3d size = box.maxPoint() - box.minPoint();
-    const double height = std::max(size.y, size.x * editor.screenHeight() / editor.screenWidth());
+    const double height = heightFor(editor, box);
     View view = editor.view();
     view.centre = box.minPoint() + size / 2.0;
     if (height > 0.0) view.height = height * margin;
@@ -97,9 +103,7 @@ bool showFactor(const CommandContext& context, std::wstring_view text) {
     if (!parseNumber(number, factor) || !(factor > 0.0) || !std::isfinite(factor)) return false;
     Editor& editor = context.editor();
     View view = editor.view();
-    const AcDbExtents sheet = limits(context);
-    const double sheetHeight = sheet.maxPoint().y - sheet.minPoint().y;
-    view.height = (toView ? view.height : sheetHeight) / factor;
+    view.height = (toView ? view.height : heightFor(editor, limits(context))) / factor;
     editor.setView(view);
     return true;
 }
