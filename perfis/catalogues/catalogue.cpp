@@ -19,7 +19,7 @@ public:
     void read(std::wstring_view path) final {
         m_before.reset();
         m_version = fileVersion(path);
-        readRows(path);
+        m_read = readRows(path);
     }
     void write(std::wstring_view path) const final;
     void append(const std::wstring& row) final {
@@ -36,7 +36,8 @@ public:
     }
 
 protected:
-    virtual void readRows(std::wstring_view path) = 0;
+    /// False, and the rows stay, when the file cannot be opened.
+    virtual bool readRows(std::wstring_view path) = 0;
     virtual void writeRows(std::wstring_view path) const = 0;
     virtual void appendRow(const std::wstring& row) = 0;
     virtual void replaceRow(int index, const std::wstring& row) = 0;
@@ -52,16 +53,19 @@ private:
 
     std::optional<Rows> m_before;  ///< nothing while there are no edits
     std::uint64_t m_version = 0;   ///< of the file that was read
+    bool m_read = false;           ///< it could be read
 };
 
 void SharedCatalogue::write(std::wstring_view path) const {
     const FolderLock lock(path);
     const std::uint64_t version = fileVersion(path);
+    // The file was there and could not be read: rows that are not its own, and no edits.
+    if (!m_read && m_version != 0 && !m_before) return;
     // A list that was deleted meanwhile is written as it is here.
-    if (version == m_version || version == 0) return writeRows(path);
+    if (version == 0 || (m_read && version == m_version)) return writeRows(path);
     if (!m_before) return;  // somebody else's edits, none of ours
     const std::unique_ptr<SharedCatalogue> merged = another();
-    merged->readRows(path);
+    if (!merged->readRows(path)) return;  // held by another program: its rows would be lost
     const Rows all = mergedRows(*m_before, rows(), merged->rows());
     merged->clear();
     for (const std::wstring& row : all) merged->appendRow(row);
@@ -70,7 +74,7 @@ void SharedCatalogue::write(std::wstring_view path) const {
 
 class StrListCatalogue : public SharedCatalogue {
 public:
-    void readRows(std::wstring_view path) override { (void)m_list.read(path); }
+    bool readRows(std::wstring_view path) override { return m_list.read(path) != 0; }
     void writeRows(std::wstring_view path) const override { (void)m_list.write(path); }
     void clear() override { m_list.clear(); }
     int count() const override { return static_cast<int>(m_list.count()); }
@@ -98,7 +102,7 @@ private:
 
 class StringListCatalogue : public SharedCatalogue {
 public:
-    void readRows(std::wstring_view path) override;
+    bool readRows(std::wstring_view path) override;
     void writeRows(std::wstring_view path) const override;
     void clear() override { m_list.clear(); }
     int count() const override { return m_list.length(); }
@@ -123,10 +127,10 @@ private:
     ListFormat m_format;
 };
 
-void StringListCatalogue::readRows(std::wstring_view path) {
+bool StringListCatalogue::readRows(std::wstring_view path) {
     constexpr std::size_t kReadBuffer = 511;
     const std::shared_ptr<const ListText> list = readListText(path);
-    if (!list) return;
+    if (!list) return false;
     m_list.clear();
     m_format = list->format;
     LineReader reader(list->text);
@@ -136,6 +140,7 @@ void StringListCatalogue::readRows(std::wstring_view path) {
         row.CloseInChar(L"\n\r");
         m_list.append(row);
     }
+    return true;
 }
 
 void StringListCatalogue::writeRows(std::wstring_view path) const {

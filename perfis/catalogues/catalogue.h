@@ -18,7 +18,7 @@ public:
     /// A file that cannot be opened leaves the rows as they are, silently.
     virtual void read(std::wstring_view path) = 0;
     /// Failure is silent and leaves the old file. When another program changed the file since it
-    /// was read, its edits and ours are merged.
+    /// was read, or held it then, its rows and our edits are merged.
     virtual void write(std::wstring_view path) const = 0;
     virtual void clear() = 0;
     virtual int count() const = 0;

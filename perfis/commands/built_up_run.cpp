@@ -33,6 +33,7 @@ protected:
     const wchar_t* acceptFault(ads_hdlg dialog) override;
     PlateLaying plateLaying() override;
     void takePiece(const PieceValues& piece) override;
+    double shownPitch(const PieceValues& piece) const override { return platePitch(piece); }
     bool reopensAfter(int status) const override {
         return status == kDialogReopen || status == kDialogReopenAtOnce;
     }
@@ -40,6 +41,7 @@ protected:
 private:
     void onLacing(const ads_callback_packet& packet);
     void onPlanes(const ads_callback_packet& packet);
+    void keepParts();
     bool isLaced();
     bool isSectionValid();
     LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply);
@@ -48,6 +50,8 @@ private:
     double m_A = 0.0;  ///< plate height; 0: no plates
     double m_C = 0.0;  ///< plate width along the member
     double m_L1 = 0.0;
+    /// Spaces that a piece which is edited keeps when its length changes; 0: the spacing is kept.
+    int m_parts = 0;
     LacedPlanes m_planes = LacedPlanes::kBoth;
 };
 
@@ -72,6 +76,7 @@ void BuiltUpRun::onPlanes(const ads_callback_packet& packet) {
 
 void BuiltUpRun::onLacing(const ads_callback_packet& packet) {
     readMedidas(packet.dialog);
+    keepParts();
     const Medidas& medidas = state().medidas;
     const ViewsChoice& views = state().views;
     const bool userHeight = m_rule.plateHeight == PlateHeight::kUser;
@@ -90,7 +95,12 @@ void BuiltUpRun::onLacing(const ads_callback_packet& packet) {
     if (EditTravejamento(params, limites) == 0) return;
     m_A = userHeight ? params.A : medidas.a;
     m_C = params.C;
+    m_parts = 0;
     (void)CalcEspacamento(params, views.length, m_L1);
+}
+
+void BuiltUpRun::keepParts() {
+    if (m_parts > 0) (void)CalcEspacamento({m_A, m_C, m_parts}, state().views.length, m_L1);
 }
 
 bool BuiltUpRun::isLaced() {
@@ -113,6 +123,7 @@ bool BuiltUpRun::isSectionValid() {
 const wchar_t* BuiltUpRun::acceptFault(ads_hdlg dialog) {
     const ViewsChoice& views = state().views;
     refresh(dialog);
+    keepParts();
     const bool laced = isLaced();
     if (!views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo) return kInvalidLength;
     if (!laced) return kInvalidLacing;
@@ -140,7 +151,9 @@ void BuiltUpRun::takePiece(const PieceValues& piece) {
     m_A = m_rule.plateHeight == PlateHeight::kClearance ? state().medidas.a : lacing.plates.A;
     m_C = lacing.plates.C;
     m_planes = lacing.planes;
-    (void)CalcEspacamento(lacing.plates, piece.length, m_L1);
+    // The plates of a section do not tell how they are spread.
+    if (m_C > 0.0) m_parts = lacing.plates.n;
+    keepParts();
 }
 
 PlateLaying BuiltUpRun::plateLaying() {

@@ -28,19 +28,24 @@ PieceLacing inSection(const PieceValues& piece) {
         lying = lying || lies;
         standing = standing || !lies;
         lacing.plates.A = std::max(plate.d2, plate.d3);
-        lacing.plates.C = plate.d1;
+        if (plate.d1 != kWidthUnknown) lacing.plates.C = plate.d1;
     }
     if (lying != standing)
         lacing.planes = lying ? LacedPlanes::kHorizontal : LacedPlanes::kVertical;
     return lacing;
 }
 
-/// Plates on the line of the first one.
+/// Places of plates on the line of the first one. A plate may stand on another one: where the
+/// spacing and the width add up, the last one between the ends meets the far end.
 int firstRow(const PieceValues& piece) {
     const PlateValues& first = piece.plates.front();
-    return static_cast<int>(std::ranges::count_if(piece.plates, [&](const PlateValues& plate) {
-        return isFlat(plate) == isFlat(first) && std::abs(plate.y - first.y) <= kSameRow;
-    }));
+    std::vector<double> places;
+    for (const PlateValues& plate : piece.plates)
+        if (isFlat(plate) == isFlat(first) && std::abs(plate.y - first.y) <= kSameRow)
+            places.push_back(plate.x);
+    std::ranges::sort(places);
+    const auto same = [](double a, double b) { return b - a <= kSameRow; };
+    return static_cast<int>(std::ranges::unique(places, same).begin() - places.begin());
 }
 
 }  // namespace

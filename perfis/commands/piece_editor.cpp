@@ -19,6 +19,7 @@ using zp::secao::Papel;
 
 bool any(const Dados&) { return true; }
 bool hasLip(const Dados& v) { return v[Papel::Aba] != 0.0; }
+bool isClosedByLips(const Dados& v) { return hasLip(v) && v[Papel::Vao] == 0.0; }
 bool hasOutwardLips(const Dados& v) { return hasLip(v) && v[Papel::Especie] == 1.0; }
 bool hasTwoFlanges(const Dados& v) { return v.variante == 1; }
 
@@ -35,7 +36,7 @@ constexpr Origin kOrigins[] = {
     {Classe::ZDobrado, any, pzdobrado},
     {Classe::Cartola, any, pcartola},
     {Classe::CantoneiraDobrada, any, pcantdob},
-    {Classe::CaixaDobrado, hasLip, pcxdoben},
+    {Classe::CaixaDobrado, isClosedByLips, pcxdoben},
     {Classe::CaixaDobrado, any, pcxdobrado},
     {Classe::Box, any, perfilbox},
     {Classe::Tubo, any, perfiltubo},

@@ -117,15 +117,29 @@ void updateList(const ViewsChoice& views, const PieceValues& piece,
     else
         zp::lista::retiraListada(piece.id);
     for (std::size_t i = 0; i < std::max(listed.size(), laid.rows.size()); ++i) {
+        const bool wasListed = i < listed.size();
         if (!stays || i >= laid.rows.size()) {
-            zp::lista::retiraListada(listed[i]);
-        } else if (i < listed.size()) {
+            if (wasListed) zp::lista::retiraListada(listed[i]);
+        } else if (wasListed) {
             (void)zp::lista::mudaListada(listed[i], laid.rows[i].plate,
                                          laid.rows[i].count * pieces);
         } else {
             (void)MatListChapas(piece.id, pieces, laid.rows[i]);
+            (void)zp::lista::amarra(laid.rows[i].mark, laid.rows[i].plate);
         }
     }
+}
+
+/// A piece that was in no list enters it. A mark looks for its piece among the new ones, to which
+/// this one and its plates need not belong.
+void enterInList(const ViewsChoice& views, const PieceValues& piece, const AcGePoint3d& start,
+                 LaidPlates& laid) {
+    Companions companions;
+    enterInMaterialList(views, start, piece.id, laid, companions);
+    // A mark that was not drawn needs no piece.
+    (void)zp::lista::amarra(companions.marks[0], piece.id);
+    for (std::size_t i = 0; i < laid.rows.size(); ++i)
+        (void)zp::lista::amarra(companions.marks[i + 1], laid.rows[i].plate);
 }
 
 void reportUnchanged(Acad::ErrorStatus status) {
@@ -137,7 +151,7 @@ void reportUnchanged(Acad::ErrorStatus status) {
 }  // namespace
 
 int rebuildPiece(const ProfileDescription& description, const RunState& state,
-                 const PieceValues& piece, const PlateLaying& layPlates) {
+                 const PieceValues& piece, const PlateLaying& layPlates, double shownPitch) {
     const std::vector<AcDbObjectId> listed = listedPlates(piece);
     Edicao edit(piece.id);
     if (edit.status() != Acad::eOk) {
@@ -146,13 +160,14 @@ int rebuildPiece(const ProfileDescription& description, const RunState& state,
     }
     const AcGePoint3d start = startOf(edit.peca());
     const std::unique_ptr<ZpObject> model = makeModel(description, state, piece, start);
+    // Another row of a catalogue is another section; else values that no tile shows stay.
+    if (state.medidas.m == piece.medidas.m)
+        zp::edicao::mantem(
+            edit.peca(), *makeModel(description, stateBefore(state, piece), piece, start), *model);
     NoPlates none;
     const double pitch = layPlates ? layPlates(*model, start, none).pitch : 0.0;
-    // Members with a toggle never show the pitch; what shows it is told by the plates to be laid.
-    const bool shown = pitch > 0.0 || !layPlates;
     const ChangedDimensions dimensions =
-        compare(layOutDimensions(description, stateBefore(state, piece), edit.peca(),
-                                 shown ? platePitch(piece) : 0.0),
+        compare(layOutDimensions(description, stateBefore(state, piece), edit.peca(), shownPitch),
                 layOutDimensions(description, state, *model, pitch), start);
     const bool wanted = sharedDimensionFlag() != 0;
     const bool again = !piece.dimensioned || dimensions.otherOnes || model->vista() != piece.view;
@@ -167,11 +182,10 @@ int rebuildPiece(const ProfileDescription& description, const RunState& state,
     if (wanted && again) (void)dimensionPiece(description, state, edit.peca(), laid);
     edit.termina();
 
-    Companions marks;
     if (piece.listed > 0)
         updateList(state.views, piece, listed, laid);
     else
-        enterInMaterialList(state.views, start, piece.id, laid, marks);
+        enterInList(state.views, piece, start, laid);
     return RTNORM;
 }
 

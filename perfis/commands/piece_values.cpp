@@ -33,7 +33,7 @@ Medidas medidasOf(Classe classe, const Dados& v) {
             m.a = v[Aba];
             break;
         case Classe::CaixaDobrado:
-            if (v[Aba] != 0.0) m.a = v[Aba];
+            if (v[Aba] != 0.0 && v[Vao] == 0.0) m.a = v[Aba];
             break;
         case Classe::IDobrado:
             m.e = v[Aba];

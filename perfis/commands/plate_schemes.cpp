@@ -20,8 +20,9 @@ AcGePoint3d offset(const LacedMember& member, double x, double y) {
     return member.point + AcGeVector3d(x, y, 0.0);
 }
 
-/// A plate of a section has no width of its own before the lacing has been edited for a member.
-double widthInSection(const LacedMember& member) { return member.C > 0.0 ? member.C : 1.0; }
+double widthInSection(const LacedMember& member) {
+    return member.C > 0.0 ? member.C : kWidthUnknown;
+}
 
 /// Adds the plates; the one of slot 1, or the only one, stands for them in the material list.
 void add(LaidPlates& laid, const std::vector<AcDbObjectId>& plates) {

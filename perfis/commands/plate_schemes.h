@@ -10,6 +10,9 @@ namespace perfis {
 /// Planes in which a star of two angles is laced.
 enum class LacedPlanes { kHorizontal = 1, kVertical = 2, kBoth = 3 };
 
+/// Width of a plate that is seen along its member before its lacing was edited for a whole one, mm.
+inline constexpr double kWidthUnknown = 1.0;
+
 /// A built-up member, open for write, that gets plates of thickness `medidas.t`.
 struct LacedMember {
     ZpObject& piece;

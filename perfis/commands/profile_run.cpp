@@ -67,7 +67,8 @@ void ProfileRun::closed(int status) {
     if (status == kDialogAccepted) {
         const PlateLaying plates = plateLaying();
         if (editing()) {
-            m_editResult = rebuildPiece(m_description, m_state, *m_edited, plates);
+            m_editResult =
+                rebuildPiece(m_description, m_state, *m_edited, plates, shownPitch(*m_edited));
             return;
         }
         // A refused point ends the command as normally as a drawn piece.

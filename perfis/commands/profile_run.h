@@ -59,6 +59,8 @@ protected:
     virtual void takePiece(const PieceValues& piece);
     /// Last word before the drawing is made; what lays the plates, null for a piece without any.
     virtual PlateLaying plateLaying() { return nullptr; }
+    /// Pitch of a piece's plates when this command dimensions it, else 0.
+    virtual double shownPitch(const PieceValues&) const { return 0.0; }
     bool editing() const { return m_edited != nullptr; }
     /// Writes the catalogue back at a normal end, where the command keeps its edits.
     virtual void keepEdits(const std::wstring& path);

@@ -3,6 +3,7 @@
 #include "perfis/catalogues/list_merge.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "perfis/catalogues/catalogue.h"
 #include "temp_folder.h"
@@ -57,5 +58,40 @@ TEST_F(SharedList, TheLaterWriterKeepsTheEarlierOnesRows) {
         const auto all = make();
         all->read(list);
         EXPECT_EQ(rowsOf(*all), (Rows{L"200\t75", L"300\t80"}));
+    }
+}
+
+/// While it lives no file can be opened, as one that is held by another program.
+class NothingOpens {
+public:
+    NothingOpens() {
+        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &m_before), 0);
+        const rlimit none{0, m_before.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    }
+    ~NothingOpens() { (void)::setrlimit(RLIMIT_NOFILE, &m_before); }
+    NothingOpens(const NothingOpens&) = delete;
+    NothingOpens& operator=(const NothingOpens&) = delete;
+
+private:
+    rlimit m_before{};
+};
+
+TEST_F(SharedList, AListThatCouldNotBeReadIsNotReplaced) {
+    for (const auto make : {makeStrListCatalogue, makeStringListCatalogue}) {
+        put("b.lst", "100\t50\n");
+        const std::wstring list = path("b.lst");
+        const auto idle = make();
+        const auto busy = make();
+        {
+            const NothingOpens held;
+            idle->read(list);
+            busy->read(list);
+        }
+        idle->write(list);
+        EXPECT_EQ(get("b.lst"), "100\t50\n");
+        busy->append(L"300\t80");
+        busy->write(list);
+        EXPECT_EQ(get("b.lst"), "100\t50\n300\t80\n");
     }
 }

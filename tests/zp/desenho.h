@@ -17,6 +17,7 @@
 #include "dbsymtb.h"
 #include "perfis/entities/zpentidades.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/dcl/dialog.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
@@ -33,7 +34,23 @@ class Digitador : public prancheta::UserInterface {
 public:
     void print(std::wstring_view text) override { dito += text; }
     void alert(std::wstring_view text) override { dito += text; }
-    void runDialog(prancheta::dcl::Dialog&) override { ADD_FAILURE() << "no dialog expected"; }
+    /// Touches tiles, "key=value" or a button's key, until the dialog closes.
+    void runDialog(prancheta::dcl::Dialog& dialogo) override {
+        while (!dialogo.finished()) {
+            if (teclas.empty()) {
+                ADD_FAILURE() << "no dialog expected: " << dialogo.name();
+                (void)dialogo.press("cancel");
+                return;
+            }
+            const std::string tecla = std::move(teclas.front());
+            teclas.pop_front();
+            const std::size_t igual = tecla.find('=');
+            const auto feito = igual == std::string::npos
+                                   ? dialogo.press(tecla)
+                                   : dialogo.type(tecla.substr(0, igual), tecla.substr(igual + 1));
+            EXPECT_TRUE(static_cast<bool>(feito)) << tecla;
+        }
+    }
     void complain(std::wstring_view text, prancheta::Complaint) override {
         ADD_FAILURE() << testing::PrintToString(std::wstring(text));
     }
@@ -46,6 +63,7 @@ public:
     }
 
     std::deque<RawInput> respostas;
+    std::deque<std::string> teclas;
     std::wstring dito;
     std::vector<std::wstring> perguntas;
 };

@@ -194,6 +194,17 @@ TEST_F(Fichas, OQueSegueUmaRegraAcompanha) {
                 1e-9);
 }
 
+TEST_F(Fichas, PecasAfastadasContinuamAsDoCatalogo) {
+    // Two rolled U 152.4 x 12.2 kg/m, 8 apart: 2 x 1551.65 mm2.
+    const AcDbObjectId par =
+        poe(new Zp2ULaminado(AcGePoint3d(0, 0, 0), ZpObject::kVistaSecao, 152.4, 48.77, 5.08, 48.77,
+                             5.08, 5.08, 16.26, 5.08, 8, 0, 0, 1000, 3103.3, 24.4));
+    EXPECT_EQ(troca(par, L"vao", L"10"), L"");
+    EXPECT_DOUBLE_EQ(Read<ZpObject>(par)->getLinearWeight(), 24.4);
+    EXPECT_EQ(ficha(par).valores.at(L"area"), L"31.033 cm²");
+    EXPECT_NEAR(face(par, 2).x - face(par, 0).x, 2 * 48.77 + 10, 1e-9);
+}
+
 TEST_F(Fichas, TravejamentoMantemARegra) {
     ASSERT_TRUE(static_cast<bool>(
         editor->modules().load(std::filesystem::path(HOUSE_BINARY_DIR) / "bin/ZpPerfis18.arx")));

@@ -7,6 +7,7 @@
 #include "protocol/report.h"
 #include "rxdict.h"
 #include "tests/zp/desenho.h"
+#include "zp/matlist/acompanha.h"
 #include "zp/matlist/tabela.h"
 #include "zp/matlist/zpmarca.h"
 
@@ -319,6 +320,42 @@ TEST_F(ListaMaterial, LimparRetiraSoAsApagadas) {
     EXPECT_EQ(conta<ZpMarca>(), 3u);
     entra(1);
     EXPECT_EQ(linhas().back().marca, L"P4");
+}
+
+TEST_F(ListaMaterial, LinhaQueVoltaEAchada) {
+    const AcDbObjectId peca = u(0, 0, 500);
+    entra(3);
+    const AcDbObjectId outra = u(0, 0, 700);
+    entra(1);
+    type({L"_erase"});
+    pick(0, 0, {peca});
+    type({L"", L"LISTAMATERIAL", L"limpar", L""});
+    EXPECT_EQ(zp::lista::quantidadeListada(outra), 1);
+    EXPECT_EQ(zp::lista::quantidadeListada(peca), 0);
+    type({L"_u", L"_u"});
+    EXPECT_EQ(zp::lista::quantidadeListada(peca), 3);
+    EXPECT_EQ(zp::lista::quantidadeListada(outra), 1);
+}
+
+TEST_F(ListaMaterial, PecaEsticadaEEscaladaContamComoEstao) {
+    const AcDbObjectId peca = u(0, 0, 500);
+    entra(2);
+    muda(peca, [](ZpObject& p) { p.AlteraComprimento(1000); });
+    const std::filesystem::path arquivo = std::filesystem::temp_directory_path() / "zp_estica.csv";
+    const auto exporta = [&] {
+        type({L"LISTAMATERIAL", L"csv", arquivo.wstring().c_str()});
+        std::filesystem::remove(arquivo);
+        return linhas()[0];
+    };
+    // 1020.4115 mm2, see the property sheets.
+    const double massa = 1020.4115e-6 * 7850;
+    EXPECT_DOUBLE_EQ(exporta().comprimento, 1000);
+    EXPECT_NEAR(exporta().pesoTotal, 2 * massa, 1e-4);
+    muda(peca, [](ZpObject& p) {
+        (void)p.transformBy(AcGeMatrix3d::scaling(2, AcGePoint3d(0, 100, 0)));
+    });
+    EXPECT_NEAR(exporta().pesoUnitario, 8 * massa, 1e-4);
+    EXPECT_EQ(linhas()[0].dimensoes, L"400x150x6");
 }
 
 TEST_F(ListaMaterial, TabelaSeAtualizaNoLugar) {

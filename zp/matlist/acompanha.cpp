@@ -3,8 +3,10 @@
 #include "zp/matlist/acompanha.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "dbapserv.h"
 #include "zp/matlist/lista.h"
@@ -16,12 +18,16 @@ namespace {
 
 /// How near the tip of a mark is to a corner to stand on it, mm.
 constexpr double kNaPonta = 1e-6;
+/// How near two values are to be one, over their size.
+constexpr double kMesmoValor = 1e-9;
 
 /// Rows of one list by mark and by piece. Rows behind the last one known are read when asked for; a
-/// last one that is gone means that rows were taken out or undone: all are read again.
+/// last one that is gone, or another number of entries than those read, means that rows were taken
+/// out or came back: all are read again.
 struct Indice {
     AcDbObjectId lista;
     Registro ultimo;
+    std::size_t entradas = 0;  ///< of the list when it was read
     std::unordered_map<Adesk::LongPtr, AcDbObjectId> registros;
 };
 std::vector<Indice> g_indices;
@@ -40,19 +46,20 @@ void indexa(Indice& indice, const Registro& lido) {
 }
 
 void atualiza(Indice& indice) {
-    const Registro& ultimo = indice.ultimo;
+    const std::size_t antes = std::exchange(indice.entradas, entradasDe(indice.lista));
+    const Registro ultimo = indice.ultimo;
     const bool vale = !ultimo.id.isNull() && !ultimo.id.isErased() &&
                       registroDeNumero(indice.lista, ultimo.numero) == ultimo.id;
-    if (!vale) {
-        indice.registros.clear();
-        for (const Registro& lido : registros(indice.lista)) indexa(indice, lido);
-        return;
-    }
-    for (int numero = ultimo.numero + 1;; ++numero) {
+    std::size_t novas = 0;
+    for (int numero = ultimo.numero + 1; vale; ++numero, ++novas) {
         const AcDbObjectId id = registroDeNumero(indice.lista, numero);
-        if (id.isNull()) return;
+        if (id.isNull()) break;
         indexa(indice, {numero, id});
     }
+    if (vale && antes + novas == indice.entradas) return;
+    indice.registros.clear();
+    indice.ultimo = {};
+    for (const Registro& lido : registros(indice.lista)) indexa(indice, lido);
 }
 
 /// The mark of a row that stands for the piece, or that is the id itself; null when the row tells
@@ -86,7 +93,7 @@ Achada achaNoIndice(AcDbObjectId id) {
 Indice& indiceDe(AcDbObjectId lista) {
     for (Indice& indice : g_indices)
         if (indice.lista == lista) return indice;
-    return g_indices.emplace_back(Indice{lista, {}, {}});
+    return g_indices.emplace_back(Indice{lista, {}, 0, {}});
 }
 
 Achada acha(AcDbObjectId id) {
@@ -127,6 +134,8 @@ void levaMarca(AcDbObjectId id, const edicao::Faces& antes, const edicao::Faces&
     }
 }
 
+bool difere(double a, double b) { return std::abs(a - b) > kMesmoValor * std::abs(b); }
+
 class Acompanhante : public edicao::Ouvinte {
 public:
     void editada(AcDbObjectId id, const edicao::Faces& antes) override {
@@ -151,6 +160,25 @@ void paraDeAcompanhar() { edicao::deixa(&g_acompanhante); }
 
 AcDbObjectId registroDe(AcDbObjectId marcaOuPeca) { return acha(marcaOuPeca).registro; }
 
+void descreveDeNovo(AcDbObjectId lista) {
+    for (const Registro& registro : registros(lista)) {
+        std::optional<Linha> linha = linhaEm(registro.id);
+        if (!linha) continue;
+        AcDbObjectId id;
+        for (const AcDbSoftPointerId& marcaId : linha->ids) {
+            const AcDbObjectPointer<ZpMarca> marca(marcaId, AcDb::kForRead);
+            if (marca.object() != nullptr && id.isNull()) id = marca->peca();
+        }
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        Linha nova = *linha;
+        descreve(*peca.object(), nova);
+        const bool outra = difere(nova.comprimento, linha->comprimento) ||
+                           difere(nova.pesoUnitario, linha->pesoUnitario);
+        if (outra) (void)regrava(registro.id, nova);
+    }
+}
+
 void esqueceLinhas() { g_indices.clear(); }
 
 int quantidadeListada(AcDbObjectId peca) {
@@ -163,17 +191,23 @@ bool mudaListada(AcDbObjectId antes, AcDbObjectId peca, int quantidade) {
     std::optional<Linha> linha = linhaEm(achada.registro);
     const AcDbObjectPointer<ZpObject> aberta(peca, AcDb::kForRead);
     if (!linha || aberta.object() == nullptr) return false;
-    if (antes != peca) {
-        const AcDbObjectPointer<ZpMarca> marca(achada.marca, AcDb::kForWrite);
-        if (marca.object() == nullptr) return false;
-        marca->setPeca(peca);
-        for (Indice& indice : g_indices)
-            if (indice.registros.contains(achada.marca.asOldId()))
-                indice.registros[peca.asOldId()] = achada.registro;
-    }
+    if (antes != peca && !amarra(achada.marca, peca)) return false;
     linha->quantidade = quantidade;
     descreve(*aberta.object(), *linha);
     return regrava(achada.registro, *linha);
+}
+
+bool amarra(AcDbObjectId marca, AcDbObjectId peca) {
+    if (marca.isNull() || peca.isNull()) return false;
+    const AcDbObjectPointer<ZpMarca> aberta(marca, AcDb::kForWrite);
+    if (aberta.object() == nullptr) return false;
+    if (aberta->peca() == peca) return true;
+    aberta->setPeca(peca);
+    for (Indice& indice : g_indices)
+        if (const auto linha = indice.registros.find(marca.asOldId());
+            linha != indice.registros.end())
+            indice.registros[peca.asOldId()] = linha->second;
+    return true;
 }
 
 void retiraListada(AcDbObjectId peca) {

@@ -11,9 +11,12 @@ namespace zp::lista {
 void comecaAAcompanhar();
 void paraDeAcompanhar();
 
-/// Record of the row that a mark, or the mark of a piece, belongs to; null when there is none. O(1)
-/// while rows are only added.
+/// Record of the row that a mark, or the mark of a piece, belongs to; null when there is none.
+/// While rows are only added none is read twice.
 AcDbObjectId registroDe(AcDbObjectId marcaOuPeca);
+/// Describes all rows of a list again by their pieces, which may have been stretched or scaled
+/// since their rows were written. What cannot be written stays as it was.
+void descreveDeNovo(AcDbObjectId lista);
 /// To be called when a drawing goes away: its ids may come back as those of another one.
 void esqueceLinhas();
 
@@ -22,6 +25,9 @@ int quantidadeListada(AcDbObjectId peca);
 /// The row and the mark of `antes` stand for `peca` from now on, so many times. False when there is
 /// none.
 bool mudaListada(AcDbObjectId antes, AcDbObjectId peca, int quantidade);
+/// The mark stands for the piece from now on. False, and nothing changed, when either is null or
+/// the mark cannot be changed.
+bool amarra(AcDbObjectId marca, AcDbObjectId peca);
 /// Erases the mark of a piece, which takes its row out of the count.
 void retiraListada(AcDbObjectId peca);
 

@@ -5,6 +5,7 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "zp/matlist/acompanha.h"
 #include "zp/matlist/tabela.h"
 
 namespace zp::lista {
@@ -132,6 +133,7 @@ void comandoListaMaterial() {
     }
     const std::optional<Lista> lista = escolhe(*desenho);
     if (!lista) return;
+    descreveDeNovo(lista->id);
     switch (acao) {
         case Acao::Limpar:
             limpa(*lista);

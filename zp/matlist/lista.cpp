@@ -9,6 +9,7 @@
 
 #include "acutads.h"
 #include "dbxrecrd.h"
+#include "zp/corrente.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace zp::lista {
@@ -19,11 +20,6 @@ constexpr const ACHAR* kCabecalho = L"CABECALHO";
 constexpr const wchar_t* kPrefixoLista = L"LISTA";
 constexpr const wchar_t* kPrefixoLinha = L"L";
 constexpr short kVersao = 1;
-
-struct SoltaLista {
-    void operator()(resbuf* lista) const { acutRelRb(lista); }
-};
-using Corrente = std::unique_ptr<resbuf, SoltaLista>;
 
 /// Builds a list group by group.
 class Escritor {
@@ -327,6 +323,11 @@ std::vector<Registro> registros(AcDbObjectId lista) {
     std::vector<Registro> todos;
     for (const Entrada& e : entradas(lista, kPrefixoLinha)) todos.push_back({e.numero, e.id});
     return todos;
+}
+
+std::size_t entradasDe(AcDbObjectId lista) {
+    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+    return d.object() != nullptr ? d->numEntries() : 0;
 }
 
 AcDbObjectId registroDeNumero(AcDbObjectId lista, int numero) {

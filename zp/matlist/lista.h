@@ -47,6 +47,8 @@ struct Registro {
     AcDbObjectId id;
 };
 std::vector<Registro> registros(AcDbObjectId lista);
+/// Rows and whatever else the list's dictionary holds; no row is read for it.
+std::size_t entradasDe(AcDbObjectId lista);
 /// The record with this number; null when there is none.
 AcDbObjectId registroDeNumero(AcDbObjectId lista, int numero);
 std::optional<Linha> linhaEm(AcDbObjectId registro);

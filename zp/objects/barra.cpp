@@ -7,16 +7,12 @@
 
 #include "acutads.h"
 #include "dbsymtb.h"
+#include "zp/corrente.h"
 #include "zp/gbarra/zpgbarra.h"
 #include "zp/objects/peca.h"
 
 namespace zp {
 namespace {
-
-struct SoltaLista {
-    void operator()(resbuf* lista) const { acutRelRb(lista); }
-};
-using Lista = std::unique_ptr<resbuf, SoltaLista>;
 
 bool iguais(const resbuf* a, const resbuf* b) {
     for (; a != nullptr && b != nullptr; a = a->rbnext, b = b->rbnext) {
@@ -61,11 +57,11 @@ void gravaBarra(ZpObject& peca) {
     ACHAR dimensoes[kZpTextoMax];
     (void)peca.getPerfil(perfil);  // the buffers are there
     (void)peca.getDimensoes(dimensoes);
-    const Lista nova(acutBuildList(AcDb::kDxfRegAppName, kZpGBarraApp, AcDb::kDxfXdInteger16,
-                                   static_cast<int>(p.tipoBarra), AcDb::kDxfXdAsciiString, perfil,
-                                   AcDb::kDxfXdAsciiString, dimensoes, AcDb::kDxfXdReal,
-                                   p.comprimento, AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
-    const Lista velha(peca.xData(kZpGBarraApp));
+    const Corrente nova(acutBuildList(AcDb::kDxfRegAppName, kZpGBarraApp, AcDb::kDxfXdInteger16,
+                                      static_cast<int>(p.tipoBarra), AcDb::kDxfXdAsciiString,
+                                      perfil, AcDb::kDxfXdAsciiString, dimensoes, AcDb::kDxfXdReal,
+                                      p.comprimento, AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
+    const Corrente velha(peca.xData(kZpGBarraApp));
     if (!nova || iguais(velha.get(), nova.get())) return;
     (void)peca.setXData(nova.get());  // a registered name and a short list: nothing is left to fail
 }

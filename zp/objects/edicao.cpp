@@ -14,6 +14,8 @@ namespace {
 
 /// How near two points are to be one, mm.
 constexpr double kMesmoPonto = 1e-6;
+/// How near two values are to be one, over their size.
+constexpr double kMesmoValor = 1e-9;
 
 std::vector<Ouvinte*>& ouvintes() {
     static std::vector<Ouvinte*> todos;
@@ -114,6 +116,23 @@ std::vector<AcDbObjectId> chapasDe(const ZpObject& peca) {
 AcDbObjectId donaDe(const ZpObject& peca) {
     const std::vector<AcDbObjectId> donas = ligadasDe(peca, Ligacao::Papel::Dona);
     return donas.empty() ? AcDbObjectId() : donas.front();
+}
+
+void mantem(const ZpObject& peca, const ZpObject& regra, ZpObject& nova) {
+    using enum secao::Papel;
+    const secao::Dados tem = valoresDe(peca);
+    const secao::Dados teria = valoresDe(regra);
+    Peca& p = Acesso::de(nova);
+    const secao::Papeis* const papeis = secao::papeisDe(p.classe, p.forma, p.quantos);
+    for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i) {
+        const secao::Papel papel = (*papeis)[i];
+        const bool deFora =
+            papel == L || papel == Giro || papel == Tipo || papel == M || papel == A;
+        const double folga = kMesmoValor * std::abs(teria[papel]);
+        if (!deFora && std::abs(tem[papel] - teria[papel]) > folga)
+            p.dados[i] = p.atuais[i] = tem[papel];
+    }
+    p.secaoGuardada.reset();
 }
 
 Faces facesDe(const ZpObject& peca) {

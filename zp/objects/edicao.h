@@ -28,6 +28,10 @@ std::vector<AcDbObjectId> chapasDe(const ZpObject& peca);
 /// The piece that this one follows; null when it follows none.
 AcDbObjectId donaDe(const ZpObject& peca);
 
+/// `nova` takes the values of `peca` that are not those of `regra`, which is how a rule makes such
+/// a piece: the user's own ones. Not length, turn, type, mass and area. All three are of one class.
+void mantem(const ZpObject& peca, const ZpObject& regra, ZpObject& nova);
+
 /// The four limit points of a piece, in world coordinates.
 struct Faces {
     AcGePoint3d f[4];

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cwchar>
-#include <memory>
 
 #include "acutads.h"
 #include "dbdim.h"
+#include "zp/corrente.h"
 #include "zp/objects/barra.h"
 
 namespace zp {
@@ -16,11 +16,6 @@ namespace {
 
 /// Chains of followers longer than this are a ring.
 constexpr int kFundoMaximo = 8;
-
-struct SoltaLista {
-    void operator()(resbuf* lista) const { acutRelRb(lista); }
-};
-using Lista = std::unique_ptr<resbuf, SoltaLista>;
 
 bool noFim(const Peca& p, double x) {
     return !p.emSecao() && !p.chapa() && p.comprimento > 0.0 &&
@@ -132,7 +127,7 @@ AcDbObjectId idDoTexto(AcDbDatabase* desenho, const ACHAR* texto) {
 void gravaDonas(AcDbEntity& entidade, const std::vector<AcDbObjectId>& donas) {
     if (entidade.database() == nullptr || !registraAplicacao(*entidade.database(), kAplicacaoLiga))
         return;
-    const Lista lista(acutBuildList(AcDb::kDxfRegAppName, kAplicacaoLiga, RTNONE));
+    const Corrente lista(acutBuildList(AcDb::kDxfRegAppName, kAplicacaoLiga, RTNONE));
     resbuf* ultimo = lista.get();
     for (const AcDbObjectId& id : donas) {
         ACHAR texto[17];
@@ -152,7 +147,7 @@ std::vector<AcDbObjectId> donasDe(const AcDbEntity& entidade) {
             if (l.papel == Ligacao::Papel::Dona) donas.push_back(l.id);
         return donas;
     }
-    const Lista lista(entidade.xData(kAplicacaoLiga));
+    const Corrente lista(entidade.xData(kAplicacaoLiga));
     for (const resbuf* r = lista.get(); r != nullptr; r = r->rbnext) {
         if (r->restype != AcDb::kDxfXdHandle) continue;
         const AcDbObjectId id = idDoTexto(entidade.database(), r->resval.rstring);

@@ -154,7 +154,8 @@ std::wstring muda(Peca& p, const Medida& medida, double novo) {
     if (medida.papel == M) {
         // The area of the catalogue belongs to its mass.
         if (double* const area = valor(p, A)) *area = 0.0;
-    } else {
+    } else if (medida.papel != Vao && medida.papel != VaoV) {
+        // Two pieces further apart are the same ones.
         largaCatalogo(p);
     }
     p.secaoGuardada.reset();

@@ -33,9 +33,9 @@ const Medida* medidaDe(const std::wstring& chave);
 const wchar_t* rotuloDe(const Medida& medida, secao::Classe classe);
 
 /// Changes one value of a piece that is in no drawing, and those that depend on it: sizes equal by
-/// rule stay equal, a mass or area that a catalogue gave for the old sizes is dropped, a size of a
-/// series becomes a free one. `valor` as stored. The reason, in Portuguese, when the value gives no
-/// sound section; empty when it is taken. Otherwise the piece is of no use.
+/// rule stay equal, a mass or area that a catalogue gave for the old sizes of a piece is dropped, a
+/// size of a series becomes a free one. `valor` as stored. The reason, in Portuguese, when the
+/// value gives no sound section; empty when it is taken. Otherwise the piece is of no use.
 std::wstring muda(Peca& peca, const Medida& medida, double valor);
 
 /// A whole text as a number, decimal point or comma. False for anything else.

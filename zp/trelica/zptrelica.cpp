@@ -5,17 +5,13 @@
 #include <algorithm>
 #include <cwchar>
 #include <iterator>
-#include <memory>
 
 #include "acutads.h"
 #include "dbmain.h"
 #include "rxregsvc.h"
+#include "zp/corrente.h"
 
 namespace {
-
-struct SoltaLista {
-    void operator()(resbuf* lista) const { acutRelRb(lista); }
-};
 
 void copia(const ACHAR* de, wchar_t (&para)[128]) {
     const std::size_t n = std::min(std::wcslen(de), std::size(para) - 1);
@@ -47,7 +43,7 @@ int GetXDataEntStObject(AcDbObjectId id, tagZP_GBARRA* barra) {
     // Objects still open for write are not readable by others, so their data count as absent.
     const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
     if (entidade.object() == nullptr) return RTERROR;
-    const std::unique_ptr<resbuf, SoltaLista> lista(entidade->xData(kZpGBarraApp));
+    const zp::Corrente lista(entidade->xData(kZpGBarraApp));
     return lista && decifra(lista.get(), *barra) ? RTNORM : RTERROR;
 }
 
