@@ -45,7 +45,8 @@ int firstRow(const PieceValues& piece) {
             places.push_back(plate.x);
     std::ranges::sort(places);
     const auto same = [](double a, double b) { return b - a <= kSameRow; };
-    return static_cast<int>(std::ranges::unique(places, same).begin() - places.begin());
+    const auto repeated = std::ranges::unique(places, same);
+    return static_cast<int>(places.size() - repeated.size());
 }
 
 }  // namespace
