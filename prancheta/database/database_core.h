@@ -21,7 +21,8 @@ struct ForeignContent {
     std::string acadVersion;                         ///< "AC1032", empty for a new drawing
     std::vector<std::pair<std::string, RawTags>> header;  ///< variables that the host does not keep
     RawTags classes;                                 ///< section CLASSES
-    std::vector<std::pair<std::string, RawTags>> tables;  ///< whole tables that the host does not keep (VIEW, UCS, VPORT); of STYLE the records without a name
+    std::vector<std::pair<std::string, RawTags>> tables;  ///< whole tables that the host does not keep (VIEW, UCS, VPORT)
+    RawTags shapeStyles;                             ///< records of table STYLE without a name: files of shapes
     std::vector<RawTags> objects;                    ///< objects of section OBJECTS not kept as objects
     std::vector<RawTags> sections;                   ///< whole unknown sections
 };

@@ -44,6 +44,7 @@ Adesk::UInt64 ownHandle(const RawTags& record) {
 void forEachKeptRecord(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit) {
     ForeignContent& foreign = core.foreign();
     for (const auto& [name, tags] : foreign.tables) visitRecords(tags, 0, visit);
+    visitRecords(foreign.shapeStyles, 0, visit);
     for (const RawTags& tags : foreign.objects) visitRecords(tags, 0, visit);
     for (const RawTags& tags : foreign.sections) visitRecords(tags, 0, visit);
 }

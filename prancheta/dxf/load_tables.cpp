@@ -102,11 +102,8 @@ bool Loader::keepUnnamedStyle(const Record& record) {
     if (!appendRaw(tags, record.tags, charset(), m_fault)) return false;
     if (m_version < "AC1015" || m_head.handle == 0)
         completeTableRecord(tags, 0, [this] { return freshHandle(); });
-    auto& tables = m_core.foreign().tables;
-    auto at = std::find_if(tables.begin(), tables.end(),
-                           [](const auto& table) { return table.first == "STYLE"; });
-    if (at == tables.end()) at = tables.insert(tables.end(), {"STYLE", {}});
-    at->second.insert(at->second.end(), tags.begin(), tags.end());
+    RawTags& kept = m_core.foreign().shapeStyles;
+    kept.insert(kept.end(), tags.begin(), tags.end());
     return true;
 }
 

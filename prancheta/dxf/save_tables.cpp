@@ -73,14 +73,6 @@ bool Saver::writeKeptTables(const char* name) {
     return false;
 }
 
-/// Records of shape files, which stand behind those that the host keeps as objects.
-const RawTags& Saver::unnamedStyles() const {
-    static const RawTags kNone;
-    for (const auto& [name, tags] : m_core.foreign().tables)
-        if (name == "STYLE") return tags;
-    return kNone;
-}
-
 /// The view goes into the record of the active viewport. One of several tiles, and one that does
 /// not look straight down on the plan, is left as it was.
 void Saver::writeKeptVports(const RawTags& tags) {
@@ -156,10 +148,11 @@ void Saver::writeTable(const RecordType& type) {
     const bool addsDefpoints = name == "LAYER" && m_standard.defpoints != 0;
     std::size_t count = records.size() + (addsDefpoints ? 1 : 0);
     if (name == "APPID") count += m_applications.size();
+    // Files of shapes stand behind the styles that the host keeps as objects.
+    const RawTags& shapes = m_core.foreign().shapeStyles;
     if (name == "STYLE")
-        count += static_cast<std::size_t>(
-            std::count_if(unnamedStyles().begin(), unnamedStyles().end(),
-                          [](const RawTag& tag) { return tag.code == 0; }));
+        count += static_cast<std::size_t>(std::count_if(
+            shapes.begin(), shapes.end(), [](const RawTag& tag) { return tag.code == 0; }));
     if (name == "BLOCK_RECORD") count += m_pieces.blocks().size() + m_dimensionBlocks.size();
     beginTable(type.name, table.objectId().handle().value(), count);
     if (type.handleCode != 5) {
@@ -167,7 +160,7 @@ void Saver::writeTable(const RecordType& type) {
         m_out.integer(71, static_cast<long long>(count));
     }
     for (const AcDbSymbolTableRecord* record : records) writeRecord(type, *record);
-    if (name == "STYLE") m_entities.parts(unnamedStyles(), 0, table.objectId().handle().value());
+    if (name == "STYLE") m_entities.parts(shapes, 0, table.objectId().handle().value());
     if (addsDefpoints) writeMadeRecord(type, m_standard.defpoints, L"Defpoints");
     if (name == "APPID")
         for (const auto& [application, handle] : m_applications)

@@ -68,7 +68,6 @@ private:
     void beginTable(const char* name, Adesk::UInt64 handle, std::size_t count);
     void beginRecord(const char* type, int handleCode, Adesk::UInt64 handle, Adesk::UInt64 owner);
     bool writeKeptTables(const char* name);
-    const RawTags& unnamedStyles() const;
     void writeDefaultVport();
     void writeKeptVports(const RawTags& tags);
     void writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name);
