@@ -57,7 +57,9 @@ std::size_t EntityWriter::applicationGroups(const RawTags& foreign) {
         do {
             m_out.raw(foreign[at].code, foreign[at].value);
             ++at;
-        } while (at < foreign.size() && foreign[at - 1].value != "}" && foreign[at].code != 100);
+            // A group that is left open ends where another part of the record begins.
+        } while (at < foreign.size() && foreign[at - 1].value != "}" && foreign[at].code != 100 &&
+                 foreign[at].code != 0);
     }
     return at;
 }
