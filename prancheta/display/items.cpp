@@ -45,8 +45,10 @@ void DisplayItems::note(const AcDbObject* object) {
     if (object->ownerId() != m_space && find(object->objectId()) == kNone) return;
     if (!m_touched.empty() && m_touched.back() == object->objectId()) return;
     m_touched.push_back(object->objectId());
+    if (m_touched.size() <= m_items.size() + 4096) return;
     // Nobody looks: building anew is cheaper than following without end.
-    m_stale = m_touched.size() > m_items.size() + 4096;
+    m_stale = true;
+    m_touched = std::vector<AcDbObjectId>();
 }
 
 void DisplayItems::noteRecord(const AcDbObject* object) {

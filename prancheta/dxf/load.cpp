@@ -240,10 +240,13 @@ bool Loader::complete() {
             completeObject(tags, m_database.namedObjectsDictionaryId().handle().value());
         foreign.objects.push_back(std::move(tags));
     }
-    forEachKeptHandle(m_core, [&](Adesk::UInt64 handle) { m_core.reserveHandle(handle); });
+    std::vector<Adesk::UInt64> parts;
+    forEachKeptPart(m_core, [&](Adesk::UInt64 handle) { parts.push_back(handle); });
+    for (const Adesk::UInt64 handle : parts) m_core.reserveHandle(handle);
+    forEachKeptRecord(m_core, [&](Adesk::UInt64 handle) { m_core.reserveHandle(handle); });
     // To a record that is kept group by group an object gives way; a part gets another handle when
     // it is written.
-    forEachKeptPart(m_core, [&](Adesk::UInt64 handle) { (void)claim(handle, nullptr); });
+    for (const Adesk::UInt64 handle : parts) (void)claim(handle, nullptr);
     forEachKeptRecord(m_core, [&](Adesk::UInt64 handle) {
         if (claim(handle, nullptr) == 0)
             (void)m_core.changeHandle(AcDbObjectId(m_core.find(handle)), m_core.nextHandle());

@@ -35,13 +35,22 @@ bool isMade(int code) {
 
 }  // namespace
 
+/// A file names its blocks in one order again and again: records, contents, what uses them. The one
+/// that follows the last is looked at before the table, which in a large file is far from the
+/// cache.
 FileBlock& Loader::block(const std::wstring& name) {
+    if (m_nextBlock == m_blockOrder.size()) m_nextBlock = 0;
+    if (m_nextBlock < m_blockOrder.size() && m_blockOrder[m_nextBlock]->name == name)
+        return *m_blockOrder[m_nextBlock++];
     const auto [at, isNew] = m_blocks.try_emplace(foldCase(name));
+    FileBlock& found = at->second;
     if (isNew) {
-        at->second.name = name;
-        m_blockOrder.push_back(&at->second);
+        found.name = name;
+        found.place = m_blockOrder.size();
+        m_blockOrder.push_back(&found);
     }
-    return at->second;
+    m_nextBlock = found.place + 1;
+    return found;
 }
 
 bool Loader::readBlockRecord(const Record& record, std::string_view recordText) {

@@ -20,6 +20,7 @@ namespace prancheta::dxf {
 /// are passed over first and read when something else turns out to use them.
 struct FileBlock {
     std::wstring name;         ///< as the file spells it
+    std::size_t place = 0;     ///< among those that the file names, from the first
     AcDbObjectId id;           ///< null until the record is made
     std::string_view record;   ///< text of the block record that was not made yet
     std::string_view content;  ///< from BLOCK to ENDBLK, of a block passed over
@@ -145,6 +146,7 @@ private:
     bool m_requiredMade = false;
     std::unordered_map<std::wstring, FileBlock> m_blocks;  ///< by name in lower case
     std::vector<FileBlock*> m_blockOrder;                  ///< as the file first names them
+    std::size_t m_nextBlock = 0;                           ///< there, after the one asked for last
     std::vector<FileBlock*> m_wanted;                      ///< passed over, but used
     std::vector<std::pair<std::string, Tags>> m_variables;
     std::vector<LaterReactors> m_later;
