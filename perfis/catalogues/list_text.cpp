@@ -23,12 +23,10 @@ std::wstring decode(std::string_view bytes, ListFormat& format) {
     }
     const bool mark = bytes.starts_with(kUtf8Mark);
     const std::string_view content = mark ? bytes.substr(kUtf8Mark.size()) : bytes;
-    if (std::optional<std::wstring> text = decodeUtf8(content)) {
-        format.mark = mark;
-        return std::move(*text);
-    }
+    format.mark = mark;
+    if (std::optional<std::wstring> text = decodeUtf8(content)) return std::move(*text);
     format.encoding = Encoding::kWindows1252;
-    return decodeWindows1252(bytes);
+    return decodeWindows1252(content);
 }
 
 /// Line ends to single line feeds; the first one found says how the file ends its lines.

@@ -32,6 +32,7 @@ protected:
     void showOwnTiles(ads_hdlg dialog) override;
     const wchar_t* acceptFault(ads_hdlg dialog) override;
     PlateLaying plateLaying() override;
+    bool lacingSuits() override { return isLaced() && plateFits(); }
     void takePiece(const PieceValues& piece) override;
     double shownPitch(const PieceValues& piece) const override { return platePitch(piece); }
     bool reopensAfter(int status) const override {
@@ -43,7 +44,8 @@ private:
     void onPlanes(const ads_callback_packet& packet);
     void keepParts();
     bool isLaced();
-    bool isSectionValid();
+    bool plateFits() { return m_A == 0.0 || m_A <= m_rule.maxHeight(state().medidas); }
+    bool isSectionValid() { return description().valid(state().medidas) && plateFits(); }
     LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply);
 
     const BuiltUpRule& m_rule;
@@ -112,12 +114,6 @@ bool BuiltUpRun::isLaced() {
     test.minHeight = m_rule.minHeight(medidas);
     test.sectionOnly = state().views.sectionOnly;
     return state().views.pickAndGo || lacingHolds(m_A, m_C, m_L1, test);
-}
-
-bool BuiltUpRun::isSectionValid() {
-    const Medidas& medidas = state().medidas;
-    const bool fits = m_A == 0.0 || m_A <= m_rule.maxHeight(medidas);
-    return description().valid(medidas) && fits;
 }
 
 const wchar_t* BuiltUpRun::acceptFault(ads_hdlg dialog) {

@@ -42,9 +42,6 @@ struct BuiltUpRule {
 std::unique_ptr<ProfileRun> makeBuiltUp(const ProfileDescription& description,
                                         const BuiltUpRule& rule);
 
-/// Faults of the lacing are told with this message.
-inline constexpr const wchar_t* kInvalidLacing = L"Erro no Travejamento.";
-
 /// What a dialog's lacing is tested with; lengths in mm.
 struct LacingTest {
     double space = 0.0;      ///< clear space between the pieces, which A must span

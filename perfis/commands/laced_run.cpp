@@ -28,11 +28,14 @@ protected:
         const bool valid = description().valid(state().medidas);
         enableTile(dialog, kToggle, valid && isMember());
     }
+    const wchar_t* acceptFault(ads_hdlg dialog) override;
+    bool lacingSuits() override;
     PlateLaying plateLaying() override;
     void takePiece(const PieceValues& piece) override;
 
 private:
     bool isMember() { return !state().views.sectionOnly && state().views.length > 0.0; }
+    TravejamentoLimites limits();
     bool editLacing();
     LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply);
     void onToggle(const ads_callback_packet& packet);
@@ -40,20 +43,27 @@ private:
     const ToggleLacing& m_lacing;
     TravejamentoParams m_plates;  ///< A = 0: no lacing
     double m_spacing = 0.0;
+    bool m_keepsParts = false;  ///< of a piece that stands: its plates tell n, not the spacing
 };
 
-/// False when the dialog was left without lacing.
-bool LacedRun::editLacing() {
+TravejamentoLimites LacedRun::limits() {
     const ViewsChoice& views = state().views;
     TravejamentoLimites limites;
     limites.somenteAltura = views.sectionOnly ? 1 : 0;
     limites.pickngo = views.pickAndGo ? 1 : 0;
     limites.comp = views.length;
     limites.maxA = m_lacing.maxHeight(state().medidas);
+    return limites;
+}
+
+/// False when the dialog was left without lacing.
+bool LacedRun::editLacing() {
+    const ViewsChoice& views = state().views;
     TravejamentoParams params;
     CalcPartes(params, views.length, m_spacing);
-    if (EditTravejamento(params, limites) == 0 || params.A == 0.0) return false;
+    if (EditTravejamento(params, limits()) == 0 || params.A == 0.0) return false;
     m_plates = params;
+    m_keepsParts = false;
     (void)CalcEspacamento(m_plates, views.length, m_spacing);
     return true;
 }
@@ -61,6 +71,7 @@ bool LacedRun::editLacing() {
 void LacedRun::onToggle(const ads_callback_packet& packet) {
     m_plates = {};
     m_spacing = 0.0;
+    m_keepsParts = false;
     readMedidas(packet.dialog);
     if (textToInt(packet.value) == 0 || editLacing()) return;
     m_spacing = 0.0;
@@ -82,12 +93,26 @@ LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateS
 void LacedRun::takePiece(const PieceValues& piece) {
     ProfileRun::takePiece(piece);
     m_plates = lacingOf(piece).plates;
+    m_keepsParts = true;
+}
+
+const wchar_t* LacedRun::acceptFault(ads_hdlg dialog) {
+    const wchar_t* const fault = ProfileRun::acceptFault(dialog);
+    return fault != nullptr || lacingSuits() ? fault : kInvalidLacing;
+}
+
+/// Section and length may have changed since the lacing was edited.
+bool LacedRun::lacingSuits() {
+    if (m_plates.A == 0.0 || !isMember() || state().views.pickAndGo) return true;
+    TravejamentoParams params = m_plates;
+    double spacing = m_spacing;
+    if (!m_keepsParts) CalcPartes(params, state().views.length, spacing);
+    return ValidaTravejamento(params, limits(), nullptr) == 1;
 }
 
 PlateLaying LacedRun::plateLaying() {
     if (m_plates.A <= 0.0 || !isMember()) return nullptr;
-    // The member may have got another length since its lacing was edited: the parts are kept.
-    (void)CalcEspacamento(m_plates, state().views.length, m_spacing);
+    if (m_keepsParts) (void)CalcEspacamento(m_plates, state().views.length, m_spacing);
     return [this](ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
         return layPlates(piece, point, supply);
     };

@@ -119,6 +119,17 @@ private:
 /// Members whose values are changed one by one keep the rule of their plates.
 class PlateKeeper : public zp::edicao::Ouvinte {
 public:
+    /// Plates that already break the rule, another program's perhaps, forbid nothing.
+    std::wstring recusa(const ZpObject& piece, const ZpObject& changed) override {
+        if (zp::edicao::chapasDe(piece).empty()) return {};
+        PieceValues values = valuesOf(piece);
+        const MakeRun make = commandOf(values);
+        if (make == nullptr || !make()->platesHold(values)) return {};
+        takeChanges(changed, values);
+        if (make()->platesHold(values)) return {};
+        return L"As chapas de travejamento não cabem com este valor; mude antes o travejamento "
+               L"(EDITAPERFIL).";
+    }
     void editada(AcDbObjectId id, const zp::edicao::Faces&) override {
         if (g_layingPlates) return;
         PieceValues values;

@@ -78,16 +78,20 @@ std::vector<PlateValues> platesOf(const ZpObject& piece) {
 
 }  // namespace
 
+void takeChanges(const ZpObject& changed, PieceValues& piece) {
+    piece.values = zp::edicao::valoresDe(changed);
+    piece.medidas = medidasOf(piece.classe, piece.values);
+    piece.length = changed.getComprimentoReal();
+}
+
 PieceValues valuesOf(const ZpObject& piece) {
     PieceValues p;
     p.id = piece.objectId();
     p.classe = zp::edicao::classeDe(piece);
-    p.values = zp::edicao::valoresDe(piece);
-    p.medidas = medidasOf(p.classe, p.values);
+    takeChanges(piece, p);
     p.view = piece.vista();
     p.turn = p.values[Papel::Giro];
     p.twoPoints = zp::edicao::deDoisPontos(piece);
-    p.length = piece.getComprimentoReal();
     ZpObject::TipoBarra type = ZpObject::kBarra;
     (void)piece.tipoBarra(type);
     p.barType = type;

@@ -37,6 +37,9 @@ struct PieceValues {
     std::vector<PlateValues> plates;
 };
 
+/// Values and length of `changed`, which has the class of the piece.
+void takeChanges(const ZpObject& changed, PieceValues& piece);
+
 /// The piece is open for read.
 PieceValues valuesOf(const ZpObject& piece);
 

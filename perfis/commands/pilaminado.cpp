@@ -76,6 +76,7 @@ protected:
     void pickRow(ads_hdlg dialog, int index) override;
     bool loadsOnce() const override { return true; }
     void takePiece(const PieceValues& piece) override;
+    bool listsFit(std::wstring_view folder) const override;
 
 private:
     template <int Source>
@@ -112,6 +113,13 @@ void RolledRun::showOwnTiles(ads_hdlg dialog) {
     for (const wchar_t* const button : {L"addtolist", L"substolist", L"deltolist"})
         enableTile(dialog, button, false);
     setTile(dialog, source().radio, 1);
+}
+
+bool RolledRun::listsFit(std::wstring_view folder) const {
+    for (int i = 0; i < kRolledSourceCount; ++i)
+        if (!listPath(folder, rolledSource(i).sizes) || !listPath(folder, rolledSource(i).data))
+            return false;
+    return ProfileRun::listsFit(folder);
 }
 
 /// The list of the piece's type; European and American ones have their own.

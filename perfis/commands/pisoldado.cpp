@@ -69,6 +69,7 @@ protected:
     void refresh(ads_hdlg dialog) override;
     void showList(ads_hdlg dialog) override;
     void pickRow(ads_hdlg dialog, int index) override;
+    bool listsFit(std::wstring_view folder) const override;
     void keepEdits(const std::wstring& path) override;
     void takePiece(const PieceValues& piece) override {
         ProfileRun::takePiece(piece);
@@ -156,6 +157,13 @@ void WeldedRun::takeValues(ads_hdlg dialog, const std::vector<std::wstring>& fie
         ++column;
     }
     state().medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
+}
+
+bool WeldedRun::listsFit(std::wstring_view folder) const {
+    for (int i = 0; i < kWeldedSourceCount; ++i)
+        if (!listPath(folder, weldedSource(i).shown) || !listPath(folder, weldedSource(i).values))
+            return false;
+    return ProfileRun::listsFit(folder);
 }
 
 void WeldedRun::keepEdits(const std::wstring& path) {

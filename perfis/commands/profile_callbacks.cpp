@@ -69,13 +69,14 @@ void ProfileRun::onAdd(const ads_callback_packet& packet) {
 }
 
 void ProfileRun::onReplace(const ads_callback_packet& packet) {
-    if (!hasSelectedRow()) return;
+    if (m_catalogue->count() == 0) return;
     refresh(packet.dialog);
     showPreview(packet.dialog);
     const auto build = m_description.buildReplacement != nullptr ? m_description.buildReplacement
                                                                  : m_description.buildRow;
     const std::wstring row = build(packet.dialog);
-    if (!m_catalogue->contains(row)) m_catalogue->replace(m_state.selectedRow, row);
+    if (hasSelectedRow() && !m_catalogue->contains(row))
+        m_catalogue->replace(m_state.selectedRow, row);
     refillList(packet.dialog);
     setTile(packet.dialog, L"lista", m_state.selectedRow);
 }

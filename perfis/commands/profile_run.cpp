@@ -27,12 +27,12 @@ void ProfileRun::execute() { (void)runDialog(); }
 bool ProfileRun::runDialog() {
     const std::optional<std::wstring> folder = requiredInstallationFolder();
     if (!folder) return false;
-    const wchar_t* const list = m_description.list;
-    const std::optional<std::wstring> path = listPath(*folder, list != nullptr ? list : L"");
-    if (!path || !slidePath(*folder, m_description.slides, L"secao")) {
+    if (!listsFit(*folder) || !slidePath(*folder, m_description.slides, L"secao")) {
         reportLongPath();
         return false;
     }
+    const wchar_t* const list = m_description.list;
+    const std::optional<std::wstring> path = listPath(*folder, list != nullptr ? list : L"");
     if (list != nullptr) m_catalogue->read(*path);
     if (runLoop(L"perfis.dcl", m_description.dialog) == kDialogDone) {
         keepEdits(*path);
@@ -40,6 +40,10 @@ bool ProfileRun::runDialog() {
     }
     (void)acutPrintf(L"\nErro ao executar função");
     return false;
+}
+
+bool ProfileRun::listsFit(std::wstring_view folder) const {
+    return listPath(folder, m_description.list != nullptr ? m_description.list : L"").has_value();
 }
 
 void ProfileRun::keepEdits(const std::wstring& path) {
@@ -95,6 +99,11 @@ int ProfileRun::edit(const PieceValues& piece) {
 void ProfileRun::layAgain(const PieceValues& piece) {
     takePiece(piece);
     layPlatesAgain(m_description, m_state, piece, plateLaying());
+}
+
+bool ProfileRun::platesHold(const PieceValues& piece) {
+    takePiece(piece);
+    return lacingSuits();
 }
 
 void ProfileRun::takePiece(const PieceValues& piece) {

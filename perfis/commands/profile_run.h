@@ -14,6 +14,7 @@
 
 namespace perfis {
 
+inline constexpr const wchar_t* kInvalidLacing = L"Erro no Travejamento.";
 inline constexpr const wchar_t* kInvalidLength = L"Comprimento inválido para vista.";
 inline constexpr const wchar_t* kInvalidSection = L"Dados inválidos para gerar perfil.";
 
@@ -29,6 +30,8 @@ public:
     int edit(const PieceValues& piece);
     /// Lays the plates of a laced piece again as its values now ask.
     void layAgain(const PieceValues& piece);
+    /// True when its plates could be laid again.
+    bool platesHold(const PieceValues& piece);
 
 protected:
     const ProfileDescription& description() const { return m_description; }
@@ -55,6 +58,8 @@ protected:
     virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
     /// Message for the tile "error" when the dialog may not be accepted; null when it may.
     virtual const wchar_t* acceptFault(ads_hdlg dialog);
+    /// True when the plates, if there are any, suit section and length as they are now.
+    virtual bool lacingSuits() { return true; }
     /// Takes a piece that is about to be edited into the state.
     virtual void takePiece(const PieceValues& piece);
     /// Last word before the drawing is made; what lays the plates, null for a piece without any.
@@ -62,6 +67,8 @@ protected:
     /// Pitch of a piece's plates when this command dimensions it, else 0.
     virtual double shownPitch(const PieceValues&) const { return 0.0; }
     bool editing() const { return m_edited != nullptr; }
+    /// True when the paths of all list files of the command fit their buffers.
+    virtual bool listsFit(std::wstring_view folder) const;
     /// Writes the catalogue back at a normal end, where the command keeps its edits.
     virtual void keepEdits(const std::wstring& path);
 

@@ -2,7 +2,9 @@
 // Rules of the lacing values.
 #include "perfis/dialogs/lacing.h"
 
+#include <cfloat>
 #include <charconv>
+#include <cmath>
 #include <cwchar>
 #include <string>
 
@@ -18,6 +20,14 @@ std::wstring twoDecimals(double value) {
     const auto end =
         std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 2).ptr;
     return {text, end};
+}
+
+/// A spacing that was made of a number of parts gives it back: what the two divisions rounded away
+/// is not cut off once more.
+int wholeParts(double quotient) {
+    const double nearest = std::round(quotient);
+    const bool isWhole = std::abs(quotient - nearest) <= 4.0 * DBL_EPSILON * nearest;
+    return realToInt(isWhole ? nearest : quotient);
 }
 
 /// Why the values are not acceptable; empty when they are.
@@ -61,7 +71,7 @@ int CalcEspacamento(const TravejamentoParams& params, double comp, double& L1) {
 
 void CalcPartes(TravejamentoParams& params, double comp, double& L1) {
     if (params.C > L1) L1 = params.C;
-    params.n = realToInt((comp - params.C) / L1);
+    params.n = wholeParts((comp - params.C) / L1);
     if (params.n < 1) params.n = 1;
     (void)CalcEspacamento(params, comp, L1);
 }

@@ -26,10 +26,10 @@ std::vector<double> stopsOf(std::string_view text) {
     return stops;
 }
 
-/// The first stop that is not before `at`, both in characters.
-double stopFrom(const std::vector<double>& stops, double at) {
-    const auto it = std::lower_bound(stops.begin(), stops.end(), at);
-    return it != stops.end() ? *it : std::ceil(at / kUsualStep) * kUsualStep;
+/// The first stop beyond `at`, both in characters.
+double stopBeyond(const std::vector<double>& stops, double at) {
+    const auto it = std::upper_bound(stops.begin(), stops.end(), at);
+    return it != stops.end() ? *it : (std::floor(at / kUsualStep) + 1) * kUsualStep;
 }
 
 }  // namespace
@@ -45,9 +45,8 @@ std::vector<Cell> cellsOf(const Tile& list, std::wstring_view row, const Metrics
         Cell cell{std::wstring(row.substr(start, end - start)), x * unit, 0};
         const double width = metrics.textWidth ? metrics.textWidth(cell.text) / unit
                                                : static_cast<double>(cell.text.size());
-        // A tab always moves on, so the next stop lies past this one even for an empty cell.
-        const double past = std::nextafter(x, HUGE_VAL);
-        const double next = stopFrom(stops, cut ? past : std::max(past, x + width));
+        // A tab always moves on: two numbers side by side would read as one.
+        const double next = stopBeyond(stops, cut ? x : x + width);
         if (cut && end < row.size()) cell.room = (next - x) * unit;
         cells.push_back(std::move(cell));
         x = next;

@@ -64,9 +64,15 @@ bool setList(Tile& list, std::wstring_view value) {
     return true;
 }
 
+/// What a program's `atoi` would make of it.
+std::wstring_view leadingInteger(std::wstring_view text) {
+    const std::size_t sign = text.starts_with(L'-') || text.starts_with(L'+') ? 1 : 0;
+    return text.substr(0, std::min(text.find_first_not_of(L"0123456789", sign), text.size()));
+}
+
 bool setSlider(Tile& slider, std::wstring_view value) {
     double number = 0;
-    if (!parseNumber(trim(value), number) || std::isnan(number)) return false;
+    if (!parseNumber(leadingInteger(trim(value)), number)) return false;
     const SliderRange range = sliderRange(slider);
     number = std::clamp(number, static_cast<double>(range.low), static_cast<double>(range.high));
     slider.value = std::to_wstring(static_cast<int>(number));

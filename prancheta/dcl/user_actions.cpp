@@ -181,6 +181,11 @@ Result<void> OpenDialog::typeRadio(Tile& tile, std::string_view text) {
 void OpenDialog::chooseRadio(Tile& button) {
     pressRadioButton(button);
     fire(button, Reason::Select);
+    // Its cluster hears of it too; alone when the button has no action of its own.
+    Tile* const cluster = button.parent;
+    const bool open = !m_finished && !m_pending;
+    if (open && button.action != nullptr && cluster != nullptr && cluster->action != nullptr)
+        fire(*cluster, Reason::Select);
 }
 
 Result<void> OpenDialog::drag(std::string_view key, std::string_view number) {

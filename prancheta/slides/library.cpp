@@ -139,12 +139,17 @@ SlideReference splitReference(std::wstring_view reference) {
             std::wstring(reference.substr(open + 1, reference.size() - open - 2))};
 }
 
+/// Programs write folders with backslashes, which are no separators here.
+bool hasExtension(std::wstring_view path) {
+    return path.substr(path.find_last_of(L"\\/") + 1).rfind(L'.') != std::wstring_view::npos;
+}
+
 std::shared_ptr<const Slide> loadSlide(std::wstring_view reference, std::uint64_t moment) {
     SlideReference parts = splitReference(reference);
     const bool isLibrary = !parts.slide.empty();
     if (isLibrary)
         parts.path += L".slb";
-    else if (!fs::path(toUtf8(parts.path)).has_extension())
+    else if (!hasExtension(parts.path))
         parts.path += L".sld";
     const LoadedFile* const file = loadedFile(parts.path, isLibrary, moment);
     if (file == nullptr) return nullptr;

@@ -2,6 +2,7 @@
 // Files: encodings, includes, lookup, the cache.
 #include <gtest/gtest.h>
 
+#include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 #include "prancheta/dcl/library_cache.h"
 #include "prancheta/dcl/parser.h"
@@ -84,6 +85,17 @@ TEST(DclFiles, LoadFindsNamesAsProgramsWriteThem) {
     EXPECT_GT(load(base + L"\\perfis\\perfis.dcl"), 0);
     EXPECT_GT(load(base + L"\\PERFIS\\perfis"), 0);
     EXPECT_EQ(dcltest::printed(), "");
+}
+
+TEST(DclFiles, RelativeNamesAreLookedForInTheInstallationToo) {
+    const dcltest::Folder installation;
+    installation.write("Perfis/So_Instalado.dcl", "d : dialog { ok_cancel; }");
+    const std::string before = environment("ZPFORJA2010");
+    setEnvironment("ZPFORJA2010", installation.path().string());
+    EXPECT_GT(load(L"so_instalado"), 0);
+    setEnvironment("ZPFORJA2010", before);
+    EXPECT_LT(load(L"so_instalado"), 0);
+    dcltest::printed();
 }
 
 TEST(DclFiles, FailedLoadIsToldAndNothingOpens) {

@@ -93,19 +93,13 @@ TEST_F(DclRun, SetTileFollowsTheKindAndFiresNothing) {
         const char *result, *other;
         const wchar_t* otherKey;
     } steps[] = {
-        {L"lista", L"2", "2", "0", L"r1"},
-        {L"lista", L"3", "2", "0", L"r1"},
-        {L"lista", L"", "", "0", L"r1"},
-        {L"vista", L"sim", "0", "0", L"r1"},
-        {L"tipo", L"r1", "r1", "1", L"r1"},
-        {L"r2", L"1", "1", "r2", L"tipo"},
-        {L"r2", L"0", "0", "", L"tipo"},
-        {L"r3", L"1", "1", "r3", L"tipo"},
-        {L"tipo", L"", "", "0", L"r3"},
-        {L"sl", L"-99", "-10", "0", L"r1"},
-        {L"h", L"texto longo", "texto longo", "0", L"r1"},
-        {L"varias", L"2 1", "1 2", "0", L"r1"},
-        {L"dlg", L"Novo", "Novo", "0", L"r1"},
+        {L"lista", L"2", "2", "0", L"r1"},      {L"lista", L"3", "2", "0", L"r1"},
+        {L"lista", L"", "", "0", L"r1"},        {L"vista", L"sim", "0", "0", L"r1"},
+        {L"tipo", L"r1", "r1", "1", L"r1"},     {L"r2", L"1", "1", "r2", L"tipo"},
+        {L"r2", L"0", "0", "", L"tipo"},        {L"r3", L"1", "1", "r3", L"tipo"},
+        {L"tipo", L"", "", "0", L"r3"},         {L"sl", L"-99", "-10", "0", L"r1"},
+        {L"sl", L" 4,5 mm", "4", "0", L"r1"},   {L"h", L"texto longo", "texto longo", "0", L"r1"},
+        {L"varias", L"2 1", "1 2", "0", L"r1"}, {L"dlg", L"Novo", "Novo", "0", L"r1"},
     };
     for (const auto& s : steps) {
         EXPECT_EQ(ads_set_tile(form, s.key, s.value), RTNORM) << toUtf8(s.key);
@@ -154,9 +148,9 @@ TEST_F(DclRun, PersonsActionsFireWithTheNewValue) {
         EXPECT_EQ(whyNot(d.enter("b")), "feito");
     });
     EXPECT_EQ(status, 1);
-    EXPECT_EQ(calls(),
-              (Lines{"lista:1:1", "vista:1:0", "sl:3:3", "sl:1:-4", "r1:1:1", "tipo:1:r2", "r1:1:1",
-                     "tipo:1:r2", "botao:1:", "varias:1:0 2", "b:2:ação", "h:1:", "b:1:ação"}));
+    EXPECT_EQ(calls(), (Lines{"lista:1:1", "vista:1:0", "sl:3:3", "sl:1:-4", "r1:1:1", "tipo:1:r1",
+                              "tipo:1:r2", "r1:1:1", "tipo:1:r1", "tipo:1:r2",
+                              "botao:1:", "varias:1:0 2", "b:2:ação", "h:1:", "b:1:ação"}));
 }
 
 TEST_F(DclRun, WhatAPersonCannotDo) {

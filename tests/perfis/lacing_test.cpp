@@ -64,6 +64,14 @@ TEST(Lacing, PartsFollowFromTheSpacing) {
     CalcPartes(fresh, 1000, L1);  // 1000 / 0
     EXPECT_EQ(fresh.n, 1);
     EXPECT_EQ(L1, 1000);
+    // What a number of parts makes of the spacing gives that number back.
+    for (const double length : {1000.0, 4000.0, 6000.0, 8000.0, 12000.0})
+        for (int parts = 1; parts <= 20; ++parts) {
+            TravejamentoParams kept{50, length / 50, parts};
+            ASSERT_EQ(CalcEspacamento(kept, length, L1), 1);
+            CalcPartes(kept, length, L1);
+            EXPECT_EQ(kept.n, parts) << length;
+        }
     L1 = 7;
     EXPECT_EQ(CalcEspacamento({50, 100, 0}, 1000, L1), 0);
     EXPECT_EQ(L1, 7);

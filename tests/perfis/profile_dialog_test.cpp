@@ -138,6 +138,17 @@ TEST_F(ProfileDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
     EXPECT_TRUE(host.has(L"modo travejar: 0"));
 }
 
+TEST_F(ProfileDialog, AMemberThatBecameTooShortForItsLacingIsRefused) {
+    host.play({L"h=60", L"b=60", L"t=3", L"vista0=0", L"OutraVista"});
+    host.play({L"l=1000", L"accept"});  // views
+    host.play({L"travejar=1", L"OutraVista"});
+    host.play({L"altura=30", L"largura=40", L"n_partes=4", L"accept"});
+    host.play({L"l=70", L"accept"});
+    host.play({L"accept"});
+    draw(pcantdob);
+    EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: Erro no Travejamento.");
+}
+
 TEST_F(ProfileDialog, RolledRowsFillTheTilesAndNothingElse) {
     putList("pl_lam.lst", "50\t50\t5\t3.77\n60\t60\n");
     host.play({L"lista=0", L"lista=1"});

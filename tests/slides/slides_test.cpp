@@ -141,6 +141,9 @@ TEST(Library, SlidesAreFoundAsProgramsNameThem) {
     EXPECT_TRUE(loadSlide(root + L"pu(secao)"));
     EXPECT_TRUE(loadSlide(root + L"PU(SECAO)"));
     EXPECT_TRUE(loadSlide(root + L"flecha"));
+    fs::create_directory(folder / "v1.2");
+    fs::copy_file(folder / "FLECHA.sld", folder / "v1.2/FLECHA.sld");
+    EXPECT_TRUE(loadSlide(root + L"v1.2\\flecha")) << "a folder's point is no extension";
     EXPECT_FALSE(loadSlide(root + L"pu(ip0)"));
     EXPECT_FALSE(loadSlide(root + L"pz(secao)"));
     EXPECT_FALSE(loadSlide(L""));

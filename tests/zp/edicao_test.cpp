@@ -126,6 +126,15 @@ TEST_F(EdicaoPorDialogo, OutroComprimentoMantemAsPartes) {
     EXPECT_EQ(chapas().size(), 5u);
 }
 
+TEST_F(EdicaoPorDialogo, AntesDeDesenharOEspacamentoEQueFica) {
+    // Spaces of (2500 - 100) / 5 = 480; 6000 holds 12.5 of them, rounded up.
+    desenha(L"pcantoneira", {"h=60", "b=50", "t=4", "vista0=0", "OutraVista", "l=2500", "accept",
+                             "travejar=1", "altura=30", "largura=100", "n_partes=5", "accept",
+                             "OutraVista", "l=6000", "accept", "accept"});
+    ASSERT_EQ(chapas().size(), 14u);
+    EXPECT_NEAR(chapas()[1], 480.0, 1e-9);
+}
+
 TEST_F(EdicaoPorDialogo, ChapaDeSecaoNaoTemLargura) {
     const AcDbObjectId peca =
         desenha(L"cantdteel", {"lista=12", "a=10", "travejar", "altura=60", "accept", "accept"});
@@ -152,6 +161,13 @@ TEST_F(EdicaoPorDialogo, CaixaAbertaComAbaGuardaAsDuasFileiras) {
     }
     ACHAR* mensagem = nullptr;
     ASSERT_TRUE(quem->set(peca, L"aba", L"20", mensagem));
+    EXPECT_EQ(chapas().size(), 10u);
+    // Four spaces between plates of 10 need more than 4 x 30 + 10.
+    EXPECT_FALSE(quem->set(peca, L"comprimento", L"130", mensagem));
+    EXPECT_TRUE(std::wstring(mensagem).starts_with(L"As chapas de travejamento não cabem"));
+    acutDelString(mensagem);
+    EXPECT_EQ(chapas().size(), 10u);
+    EXPECT_TRUE(quem->set(peca, L"comprimento", L"131", mensagem));
     EXPECT_EQ(chapas().size(), 10u);
     edita(peca, {"accept"});
     EXPECT_EQ(chapas().size(), 10u);

@@ -64,20 +64,22 @@ protected:
     /// Mark at the upper left corner and row of a piece, twice.
     AcDbObjectId lista(AcDbObjectId peca, const wchar_t* descricao) {
         CCountMarca contador;
+        wchar_t grupo[] = L"Perfil";
         int numero = 0;
         int estado = 0;
         int tipo = 2;
         AcDbObjectId lista;
         AcGePoint3d ponto;
-        EXPECT_EQ(ZpArxConnectLista(numero, lista, estado, L"Perfil", contador, tipo), 1);
-        EXPECT_EQ(ZpArxOpenLista(numero, lista, estado, L"Perfil", tipo, contador, ponto), 1);
+        EXPECT_EQ(ZpArxConnectLista(numero, lista, estado, grupo, contador, tipo), 1);
+        EXPECT_EQ(ZpArxOpenLista(numero, lista, estado, grupo, tipo, contador, ponto), 1);
         wchar_t marca[kZpMarcaMax];
         EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
         AcDbObjectId id;
         const AcGePoint3d canto = face(peca, 0);
         ZpArxAddMarca(canto, canto + AcGeVector3d(-10, 10, 0), marca, id);
         Linha linha(marca, 1, descricao, L"", L"ACO", 0, 0, 0, 0, nullptr);
-        linha.AddObjId(id);
+        AcDbSoftPointerId ligada(id);
+        linha.AddObjId(ligada);
         EXPECT_EQ(ZpArxAddToLista(linha), 1);
         ZpArxCloseLista();
         return id;

@@ -23,9 +23,9 @@ protected:
         int lista = 0;
         int estado = 0;
         AcDbObjectId id;
-        if (ZpArxConnectLista(lista, id, estado, L"Perfil", contador, tipo) == 0) return 0;
+        if (ZpArxConnectLista(lista, id, estado, grupo, contador, tipo) == 0) return 0;
         AcGePoint3d ponto(0, -600, 0);
-        if (ZpArxOpenLista(lista, id, estado, L"Perfil", tipo, contador, ponto) == 0) return 0;
+        if (ZpArxOpenLista(lista, id, estado, grupo, tipo, contador, ponto) == 0) return 0;
         wchar_t marca[kZpMarcaMax];
         for (int i = 0; i < (chapas > 0 ? 2 : 1); ++i) {
             if (ZpArxGetNextMarca(marca) == 0) return 0;
@@ -36,7 +36,8 @@ protected:
                               ? Linha(marca, 1, L"U", L"200x75x3", L"ACO", 500, 4, 4, 0.34, nullptr)
                               : Linha(marca, chapas, L"Chapa", L"200x8", L"ACO", 120, 1.5,
                                       1.5 * chapas, 0.05 * chapas, L"Travejamento");
-            linha.AddObjId(marcaId);
+            AcDbSoftPointerId ligada(marcaId);
+            linha.AddObjId(ligada);
             if (ZpArxAddToLista(linha) == 0) return 0;
         }
         ZpArxCloseLista();
@@ -53,6 +54,7 @@ protected:
         return m;
     }
     int ultima = 0;
+    wchar_t grupo[7] = L"Perfil";
 };
 
 TEST_F(ListaMaterial, QuantidadePesoEPinturaPelasPecas) {
@@ -84,9 +86,9 @@ TEST_F(ListaMaterial, SemListaAbertaNadaEntra) {
         int lista = 0, estado = 0, tipo = 1;
         AcDbObjectId id;
         AcGePoint3d p;
-        ASSERT_EQ(ZpArxConnectLista(lista, id, estado, L"Perfil", contador, tipo), 1);
+        ASSERT_EQ(ZpArxConnectLista(lista, id, estado, grupo, contador, tipo), 1);
         EXPECT_EQ(estado, 1);
-        ASSERT_EQ(ZpArxOpenLista(lista, id, estado, L"Perfil", tipo, contador, p), 1);
+        ASSERT_EQ(ZpArxOpenLista(lista, id, estado, grupo, tipo, contador, p), 1);
         // A mark asked for twice before its row is entered is another one each time.
         EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
         EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
@@ -109,6 +111,8 @@ TEST_F(ListaMaterial, ComVariasPergunta) {
     EXPECT_TRUE(asked(L"Lista de material <1>: "));
     EXPECT_EQ(linhas(1).size(), 1u);
     EXPECT_EQ(linhas(1)[0].marca, L"P1");  // each list counts by itself
+    EXPECT_EQ(listas()[1].cabecalho.ponto.y, -600.0) << "beside its first piece, as a list that "
+                                                        "a piece began";
     resposta.text.clear();
     ui.respostas.push_back(resposta);
     EXPECT_EQ(entra(1), 1);
@@ -255,7 +259,8 @@ TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
     const AcDbObjectId placa = chapa(200, 60, 100, 120);
     const auto pecaEm = [&](const AcGePoint3d& ponta) {
         AcDbObjectId id;
-        ZpArxAddMarca(ponta, AcGePoint3d(-10, 110, 0), L"P9", id);
+        wchar_t texto[] = L"P9";
+        ZpArxAddMarca(ponta, AcGePoint3d(-10, 110, 0), texto, id);
         return Read<ZpMarca>(id)->peca();
     };
     EXPECT_EQ(pecaEm(face(placa, 2)), placa);
@@ -289,6 +294,13 @@ TEST_F(ListaMaterial, PecaApagadaNaoSeEsqueceAoSalvar) {
         reabre();
         ASSERT_EQ(linhas().size(), 1u);
         EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"peça apagada");
+    }
+    type({L"_erase"});
+    pick(0, 0, {linhas()[0].ids[0]});
+    type({L""});
+    for (int vez = 0; vez < 2; ++vez) {
+        reabre();
+        EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"apagada");
     }
 }
 

@@ -4,7 +4,7 @@
 
 #include "rxregsvc.h"
 
-void GetDimAndPerfText(const tagZP_GBARRA& barra, ZpString& dimensoes, ZpString& perfil) {
+void GetDimAndPerfText(tagZP_GBARRA barra, ZpString& dimensoes, ZpString& perfil) {
     dimensoes = ZpString(barra.dimensoes);
     perfil = ZpString(barra.perfil);
 }

@@ -17,4 +17,4 @@ struct tagZP_GBARRA {
 };
 
 /// Dimension text and profile text of a bar.
-void GetDimAndPerfText(const tagZP_GBARRA& barra, ZpString& dimensoes, ZpString& perfil);
+void GetDimAndPerfText(tagZP_GBARRA barra, ZpString& dimensoes, ZpString& perfil);

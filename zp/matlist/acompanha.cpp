@@ -3,6 +3,7 @@
 #include "zp/matlist/acompanha.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <string>
 #include <unordered_map>
@@ -103,12 +104,17 @@ Achada acha(AcDbObjectId id) {
     return achaNoIndice(id);
 }
 
+/// Whole mm, as when the plate entered the list.
+std::wstring milimetros(double valor) {
+    const double inteiro = std::trunc(valor);
+    const bool cabe = std::abs(inteiro) <= INT_MAX;
+    return std::to_wstring(cabe ? static_cast<int>(inteiro) : INT_MIN);
+}
+
 /// What the list says of a piece.
 void descreve(const ZpObject& peca, Linha& linha) {
     if (peca.isKindOf(ZpChapa::desc())) {
-        // Whole mm, as when the plate entered the list.
-        linha.dimensoes = std::to_wstring(static_cast<int>(peca.getLargura())) + L"x" +
-                          std::to_wstring(static_cast<int>(peca.getEspessura()));
+        linha.dimensoes = milimetros(peca.getLargura()) + L"x" + milimetros(peca.getEspessura());
     } else {
         wchar_t texto[kZpTextoMax] = {};
         (void)peca.getPerfil(texto);  // the buffer is there

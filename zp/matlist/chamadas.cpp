@@ -7,7 +7,7 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "zp/matlist/lista.h"
+#include "zp/matlist/pergunta.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/matlist/zpmatlist.h"
 #include "zp/objects/vigia.h"
@@ -24,28 +24,8 @@ struct Aberta {
     CCountMarca* contador = nullptr;
 };
 Aberta g_aberta;
-int g_ultimaLista = 0;
 
 const wchar_t* ouVazio(const wchar_t* texto) { return texto != nullptr ? texto : L""; }
-
-/// Which of several lists; 0 when the user declined.
-int perguntaLista(const std::vector<zp::lista::Lista>& listas) {
-    const auto existe = [&](int n) {
-        return std::any_of(listas.begin(), listas.end(),
-                           [n](const auto& l) { return l.numero == n; });
-    };
-    const int ultima = existe(g_ultimaLista) ? g_ultimaLista : listas.back().numero;
-    const std::wstring mensagem = L"\nLista de material <" + std::to_wstring(ultima) + L">: ";
-    for (;;) {
-        acedInitGet(RSG_NOZERO | RSG_NONEG, nullptr);
-        int numero = 0;
-        const int status = acedGetInt(mensagem.c_str(), &numero);
-        if (status == RTNONE) return ultima;
-        if (status != RTNORM) return 0;
-        if (existe(numero)) return numero;
-        acutPrintf(L"\nNão há lista de material com este número.");
-    }
-}
 
 }  // namespace
 
@@ -69,12 +49,12 @@ Linha::Linha(const wchar_t* marcaDada, int quantidadeDada, const wchar_t* descri
 
 Linha::~Linha() = default;
 
-void Linha::AddObjId(const AcDbSoftPointerId& id) {
+void Linha::AddObjId(AcDbSoftPointerId& id) {
     if (!id.isNull()) ids.push_back(id);
 }
 
-int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, const wchar_t* grupo,
-                      CCountMarca&, int& tipo) {
+int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, wchar_t* grupo, CCountMarca&,
+                      int& tipo) {
     tipo = std::max(1, tipo);
     lista = 0;
     estado = 0;
@@ -89,21 +69,19 @@ int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, const wcha
         doGrupo.push_back(*nova);
         estado = 1;
     }
-    lista = doGrupo.size() == 1 ? doGrupo.front().numero : perguntaLista(doGrupo);
-    if (lista == 0) return 0;
-    const auto escolhida =
-        std::find_if(doGrupo.begin(), doGrupo.end(),
-                     [&](const zp::lista::Lista& l) { return l.numero == lista; });
+    const std::optional<zp::lista::Lista> escolhida = zp::lista::pergunta(doGrupo);
+    if (!escolhida) return 0;
+    lista = escolhida->numero;
     listaId = escolhida->id;
-    g_ultimaLista = lista;
     return 1;
 }
 
-int ZpArxOpenLista(int, AcDbObjectId& listaId, int estado, const wchar_t*, int tipo,
-                   CCountMarca& contador, AcGePoint3d& ponto) {
+int ZpArxOpenLista(int, AcDbObjectId& listaId, int, wchar_t*, int tipo, CCountMarca& contador,
+                   AcGePoint3d& ponto) {
     std::optional<zp::lista::Cabecalho> cabecalho = zp::lista::leCabecalho(listaId);
     if (!cabecalho) return 0;
-    if (estado == 1) {
+    // One made by the user is as empty as one just made.
+    if (zp::lista::semLinhas(listaId) && !zp::lista::temTabela(*cabecalho)) {
         cabecalho->ponto = ponto;
         if (!zp::lista::gravaCabecalho(listaId, *cabecalho)) return 0;
     }
@@ -120,8 +98,7 @@ int ZpArxGetNextMarca(wchar_t* marca) {
     return 1;
 }
 
-void ZpArxAddMarca(AcGePoint3d ponta, AcGePoint3d texto, const wchar_t* marca,
-                   AcDbObjectId& marcaId) {
+void ZpArxAddMarca(AcGePoint3d ponta, AcGePoint3d texto, wchar_t* marca, AcDbObjectId& marcaId) {
     marcaId.setNull();
     if (marca == nullptr) return;
     const AcDbObjectId peca =

@@ -6,6 +6,7 @@
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "zp/matlist/acompanha.h"
+#include "zp/matlist/pergunta.h"
 #include "zp/matlist/tabela.h"
 
 namespace zp::lista {
@@ -34,23 +35,9 @@ std::optional<Lista> escolhe(AcDbDatabase& desenho) {
         acutPrintf(L"\nO desenho não tem lista de material.");
         return {};
     }
-    if (todas.size() == 1) return todas.front();
-    for (const Lista& l : todas) acutPrintf(L"\n%d: %ls", l.numero, l.cabecalho.grupo.c_str());
-    int numero = todas.back().numero;
-    acedInitGet(RSG_NOZERO | RSG_NONEG, nullptr);
-    const std::wstring mensagem = L"\nLista de material <" + std::to_wstring(numero) + L">: ";
-    const int status = acedGetInt(mensagem.c_str(), &numero);
-    if (status != RTNORM && status != RTNONE) return {};
-    const auto achada = std::find_if(todas.begin(), todas.end(),
-                                     [&](const Lista& l) { return l.numero == numero; });
-    if (achada != todas.end()) return *achada;
-    acutPrintf(L"\nNão há lista de material com este número.");
-    return {};
-}
-
-bool temTabela(const Cabecalho& c) {
-    return std::any_of(c.tabela.begin(), c.tabela.end(),
-                       [](const AcDbSoftPointerId& id) { return !id.isErased(); });
+    if (todas.size() > 1)
+        for (const Lista& l : todas) acutPrintf(L"\n%d: %ls", l.numero, l.cabecalho.grupo.c_str());
+    return pergunta(todas);
 }
 
 void tabela(Lista lista) {

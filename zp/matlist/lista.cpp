@@ -168,8 +168,8 @@ Linha leLinha(Leitor& l) {
     const std::wstring observacao = l.texto();
     Linha linha(marca.c_str(), quantidade, descricao.c_str(), dimensoes.c_str(), material.c_str(),
                 comprimento, unitario, total, pintura, observacao.c_str());
-    while (!l.acabou())
-        if (const AcDbObjectId id = l.id(); !id.isNull()) linha.AddObjId(id);
+    // What was erased before the drawing was saved is null now, and still counts as erased.
+    while (!l.acabou()) linha.ids.push_back(AcDbSoftPointerId(l.id()));
     return linha;
 }
 
@@ -299,6 +299,13 @@ bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho) {
     return grava(lista, kCabecalho, e);
 }
 
+bool temTabela(const Cabecalho& cabecalho) {
+    return std::any_of(cabecalho.tabela.begin(), cabecalho.tabela.end(),
+                       [](const AcDbSoftPointerId& id) { return !id.isErased(); });
+}
+
+bool semLinhas(AcDbObjectId lista) { return guardado(lista).ultima.isNull(); }
+
 std::vector<Linha> linhas(AcDbObjectId lista) {
     std::vector<Linha> todas;
     for (const Entrada& e : entradas(lista, kPrefixoLinha)) {
@@ -372,7 +379,7 @@ Estado estadoDe(const Linha& linha) {
     if (linha.ids.empty()) return Estado::Viva;
     Estado estado = Estado::MarcaApagada;
     for (const AcDbSoftPointerId& id : linha.ids) {
-        if (id.isErased()) continue;
+        if (id.isNull() || id.isErased()) continue;
         const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
         if (marca.object() == nullptr || !marca->pecaApagada()) return Estado::Viva;
         estado = Estado::PecaApagada;

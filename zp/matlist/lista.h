@@ -37,9 +37,12 @@ std::optional<Lista> nova(AcDbDatabase& desenho, const std::wstring& grupo);
 
 std::optional<Cabecalho> leCabecalho(AcDbObjectId lista);
 bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho);
+/// True when something of its drawn table is left.
+bool temTabela(const Cabecalho& cabecalho);
 
 /// Rows in the order in which they were added.
 std::vector<Linha> linhas(AcDbObjectId lista);
+bool semLinhas(AcDbObjectId lista);
 bool acrescenta(AcDbObjectId lista, const Linha& linha);
 /// A row's record and its number, which grows from row to row.
 struct Registro {

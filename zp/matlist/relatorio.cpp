@@ -49,7 +49,8 @@ private:
         v.text(L"grupo", lista.cabecalho.grupo.c_str());
         v.integer(L"apagada", apagada(l) ? 1 : 0);
         v.beginList(L"ids");
-        for (const AcDbSoftPointerId& id : l.ids) v.object(nullptr, id);
+        for (const AcDbSoftPointerId& id : l.ids)
+            if (!id.isNull()) v.object(nullptr, id);
         v.endList();
         v.beginList(L"pecas");
         for (const AcDbSoftPointerId& id : l.ids) {

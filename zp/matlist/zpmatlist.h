@@ -31,7 +31,7 @@ public:
     ~Linha();
 
     /// Ties the row to a drawing entity.
-    void AddObjId(const AcDbSoftPointerId& id);
+    void AddObjId(AcDbSoftPointerId& id);
 
     std::wstring marca;
     int quantidade;
@@ -49,12 +49,12 @@ public:
 /// Finds the list of the group in the working drawing, or makes one; with several asks which.
 /// `lista` its number from 1, `listaId` its record, `estado` 0 for an existing list and 1 for a new
 /// one. `tipo`, the number of pieces, becomes at least 1. 0 when the user declined.
-int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, const wchar_t* grupo,
+int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, wchar_t* grupo,
                       CCountMarca& contador, int& tipo);
 
 /// Opens the list for adding; `ponto` is where its table would stand. Quantity, total mass and
 /// paint area of every row added until ZpArxCloseLista are multiplied by `tipo`. 0 on failure.
-int ZpArxOpenLista(int lista, AcDbObjectId& listaId, int estado, const wchar_t* grupo, int tipo,
+int ZpArxOpenLista(int lista, AcDbObjectId& listaId, int estado, wchar_t* grupo, int tipo,
                    CCountMarca& contador, AcGePoint3d& ponto);
 
 /// Lowest free mark ("P1", "P2", ...) into a buffer of kZpMarcaMax. 0 without an open list.
@@ -62,8 +62,7 @@ int ZpArxGetNextMarca(wchar_t* marca);
 
 /// Draws a mark with a leader from `ponta` to its text at `texto`, on the layer of "MARCA".
 /// `marcaId` is null when it could not be drawn.
-void ZpArxAddMarca(AcGePoint3d ponta, AcGePoint3d texto, const wchar_t* marca,
-                   AcDbObjectId& marcaId);
+void ZpArxAddMarca(AcGePoint3d ponta, AcGePoint3d texto, wchar_t* marca, AcDbObjectId& marcaId);
 
 /// 0 without an open list or when it cannot be written.
 int ZpArxAddToLista(Linha& linha);

@@ -225,6 +225,12 @@ void Edicao::termina() {
         if (!m_chapas[i].isErased()) avisa(m_chapas[i], m_facesDasChapas[i]);
 }
 
+std::wstring recusaDe(const ZpObject& peca, const ZpObject& modelo) {
+    for (Ouvinte* ouvinte : ouvintes())
+        if (std::wstring motivo = ouvinte->recusa(peca, modelo); !motivo.empty()) return motivo;
+    return {};
+}
+
 void ouve(Ouvinte* ouvinte) { ouvintes().push_back(ouvinte); }
 
 void deixa(Ouvinte* ouvinte) { std::erase(ouvintes(), ouvinte); }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <vector>
 
 #include "perfis/entities/zpchapa.h"
@@ -99,7 +100,14 @@ class Ouvinte {
 public:
     virtual ~Ouvinte() = default;
     virtual void editada(AcDbObjectId peca, const Faces& antes) = 0;
+    /// Why `peca`, open for read, may not become `modelo`, for the user; empty when it may.
+    virtual std::wstring recusa(const ZpObject& peca, const ZpObject& modelo) {
+        (void)peca, (void)modelo;
+        return {};
+    }
 };
+/// What the first listener that refuses says; empty when none does.
+std::wstring recusaDe(const ZpObject& peca, const ZpObject& modelo);
 /// The listener belongs to the caller, who takes it away before it goes.
 void ouve(Ouvinte* ouvinte);
 void deixa(Ouvinte* ouvinte);

@@ -203,10 +203,11 @@ private:
                 return L"A chapa segue a barra que ela trava; edite a barra.";
             if (jaMostra(*peca.object(), chave, texto)) return {};
             modelo = copiaDe(*peca.object());
+            if (!modelo) return L"A peça não pode ser copiada.";
+            std::wstring motivo = aplica(Acesso::de(*modelo), chave, texto);
+            if (motivo.empty()) motivo = edicao::recusaDe(*peca.object(), *modelo);
+            if (!motivo.empty()) return motivo;
         }
-        if (!modelo) return L"A peça não pode ser copiada.";
-        std::wstring motivo = aplica(Acesso::de(*modelo), chave, texto);
-        if (!motivo.empty()) return motivo;
         edicao::Edicao edicao(id);
         if (edicao.status() == Acad::eOnLockedLayer)
             return L"A camada da peça está bloqueada; desbloqueie-a para editar.";

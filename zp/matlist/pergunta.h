@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// Which of a drawing's material lists.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "zp/matlist/lista.h"
+
+namespace zp::lista {
+
+/// The only one of `todas`, or the one that the user names; offered is the one taken last. Nothing
+/// when there is none or the user declined.
+std::optional<Lista> pergunta(const std::vector<Lista>& todas);
+
+}  // namespace zp::lista
