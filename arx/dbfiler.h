@@ -55,16 +55,38 @@ public:
 
     Acad::ErrorStatus writeItem(bool v) { return writePlain(v); }
     Acad::ErrorStatus readItem(bool* v) { return readPlain(v); }
+    Acad::ErrorStatus writeItem(Adesk::Int8 v) { return writePlain(v); }
+    Acad::ErrorStatus readItem(Adesk::Int8* v) { return readPlain(v); }
     Acad::ErrorStatus writeItem(Adesk::Int16 v) { return writePlain(v); }
     Acad::ErrorStatus readItem(Adesk::Int16* v) { return readPlain(v); }
     Acad::ErrorStatus writeItem(Adesk::Int32 v) { return writePlain(v); }
     Acad::ErrorStatus readItem(Adesk::Int32* v) { return readPlain(v); }
+    Acad::ErrorStatus writeItem(Adesk::UInt8 v) { return writePlain(v); }
+    Acad::ErrorStatus readItem(Adesk::UInt8* v) { return readPlain(v); }
+    Acad::ErrorStatus writeItem(Adesk::UInt16 v) { return writePlain(v); }
+    Acad::ErrorStatus readItem(Adesk::UInt16* v) { return readPlain(v); }
+    Acad::ErrorStatus writeItem(Adesk::UInt32 v) { return writePlain(v); }
+    Acad::ErrorStatus readItem(Adesk::UInt32* v) { return readPlain(v); }
     Acad::ErrorStatus writeItem(double v) { return writePlain(v); }
     Acad::ErrorStatus readItem(double* v) { return readPlain(v); }
     Acad::ErrorStatus writeItem(const AcGePoint3d& p) { return writePlain(p); }
     Acad::ErrorStatus readItem(AcGePoint3d* p) { return readPlain(p); }
+    Acad::ErrorStatus writeItem(const AcGeVector3d& v) { return writePlain(v); }
+    Acad::ErrorStatus readItem(AcGeVector3d* v) { return readPlain(v); }
+    Acad::ErrorStatus writeItem(const AcDbHandle& h) { return writePlain(h); }
+    Acad::ErrorStatus readItem(AcDbHandle* h) { return readPlain(h); }
     Acad::ErrorStatus writeItem(const ACHAR* text) { return writeString(text); }
     Acad::ErrorStatus readItem(ACHAR** text) { return readString(text); }
+    Acad::ErrorStatus writeItem(const AcDbHardOwnershipId& id) { return writeHardOwnershipId(id); }
+    Acad::ErrorStatus readItem(AcDbHardOwnershipId* id) { return readHardOwnershipId(id); }
+    Acad::ErrorStatus writeItem(const AcDbSoftOwnershipId& id) { return writeSoftOwnershipId(id); }
+    Acad::ErrorStatus readItem(AcDbSoftOwnershipId* id) { return readSoftOwnershipId(id); }
+    Acad::ErrorStatus writeItem(const AcDbHardPointerId& id) { return writeHardPointerId(id); }
+    Acad::ErrorStatus readItem(AcDbHardPointerId* id) { return readHardPointerId(id); }
+    Acad::ErrorStatus writeItem(const AcDbSoftPointerId& id) { return writeSoftPointerId(id); }
+    Acad::ErrorStatus readItem(AcDbSoftPointerId* id) { return readSoftPointerId(id); }
+    /// An id says by its class which kind of reference it is.
+    Acad::ErrorStatus writeItem(const AcDbObjectId&) = delete;
 
 private:
     template <class T>

@@ -131,7 +131,8 @@ public:
     void setDatabaseDefaults(AcDbDatabase* database = nullptr);
     Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* other, Adesk::Boolean doSubents = Adesk::kTrue);
 
-    /// eCannotScaleNonUniformly when the transformation is no similarity.
+    /// eCannotScaleNonUniformly when the class cannot follow a transformation that is no similarity;
+    /// those described by points alone, such as a line, follow any.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& m);
     Acad::ErrorStatus getTransformedCopy(const AcGeMatrix3d& m, AcDbEntity*& copy) const;
     /// Appends new entities, not resident, owned by the caller.

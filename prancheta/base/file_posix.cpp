@@ -46,6 +46,12 @@ int writeAll(int fd, std::string_view bytes) {
     return 0;
 }
 
+/// A pipe, a terminal, a device: it takes bytes, and a file in its place would not be it.
+bool isChannel(const fs::path& path) {
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode);
+}
+
 }  // namespace
 
 Result<std::string> readFile(const fs::path& path) {
@@ -64,9 +70,10 @@ Result<std::string> readFile(const fs::path& path) {
 }
 
 AtomicFile::AtomicFile(fs::path target) : m_target(std::move(target)) {
-    // A link is followed, so that the file behind it is replaced and the link stays.
+    // A link is followed, so that the file behind it is replaced and the link stays. What is behind
+    // a link to a pipe has no name of its own.
     std::error_code error;
-    if (fs::is_symlink(m_target, error)) {
+    if (fs::is_symlink(m_target, error) && !isChannel(m_target)) {
         const fs::path real = fs::weakly_canonical(m_target, error);
         if (!error) m_target = real;
     }
@@ -82,6 +89,12 @@ Result<void> AtomicFile::open() {
     // wish.
     if (::access(m_target.c_str(), F_OK) == 0 && ::access(m_target.c_str(), W_OK) != 0)
         return fileError(m_target, "não foi possível gravar o arquivo", errno);
+    m_buffer.reserve(kChunk);
+    if (isChannel(m_target)) {
+        m_fd = ::open(m_target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+        if (m_fd < 0) return fileError(m_target, "não foi possível gravar o arquivo", errno);
+        return {};
+    }
     std::string name =
         (m_target.parent_path() / ("." + m_target.filename().string() + ".XXXXXX")).string();
     m_fd = ::mkostemp(name.data(), O_CLOEXEC);
@@ -92,7 +105,6 @@ Result<void> AtomicFile::open() {
     ::umask(mask);
     const mode_t mode = ::stat(m_target.c_str(), &old) == 0 ? old.st_mode & 07777U : 0666U & ~mask;
     (void)::fchmod(m_fd, mode);  // a file system without modes keeps its own
-    m_buffer.reserve(kChunk);
     return {};
 }
 
@@ -107,10 +119,14 @@ Result<void> AtomicFile::commit() {
     constexpr const char* kFailed =
         "não foi possível gravar o arquivo; o arquivo anterior foi mantido";
     if (m_fd < 0) return fileError(m_target, kFailed, EBADF);
+    const bool direct = m_temporary.empty();
     if (m_errno == 0) m_errno = writeAll(m_fd, m_buffer);
-    if (m_errno == 0 && ::fsync(m_fd) != 0) m_errno = errno;
+    if (!direct && m_errno == 0 && ::fsync(m_fd) != 0) m_errno = errno;
     if (::close(m_fd) != 0 && m_errno == 0) m_errno = errno;
     m_fd = -1;
+    if (direct && m_errno != 0)
+        return fileError(m_target, "não foi possível gravar o arquivo", m_errno);
+    if (direct) return {};
     if (m_errno == 0 && ::rename(m_temporary.c_str(), m_target.c_str()) != 0) m_errno = errno;
     if (m_errno != 0) return fileError(m_target, kFailed, m_errno);
     m_temporary.clear();

@@ -8,7 +8,7 @@
 
 namespace prancheta {
 
-/// Loads a library whole. Null when that fails; `reason` is the system's, in its language.
+/// Loads a library whole. Null when that fails; `reason` is for the user.
 void* openLibrary(const std::filesystem::path& file, std::string& reason);
 void closeLibrary(void* library);
 /// Null when the library has no such name.
@@ -35,5 +35,12 @@ std::vector<std::string> programArguments(int argc, const char* const* argv);
 void useUtf8Terminal();
 /// Whether somebody types the standard input.
 bool inputIsTerminal();
+/// From here on the interrupt key (Ctrl+C) no longer ends the program: it is noted, and breaks off
+/// whoever waits for input. On Windows it still ends the program.
+void catchInterrupts();
+/// Whether the interrupt key was hit since the last call.
+bool takeInterrupt();
+/// Waits until the standard input has something to read, or until the interrupt key was hit.
+void waitForInput();
 
 }  // namespace prancheta

@@ -2,21 +2,37 @@
 // Dynamic libraries by the dynamic linker of ELF systems.
 #include <dlfcn.h>
 #include <link.h>
+#include <poll.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <string_view>
 
+#include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
 
 namespace prancheta {
 namespace fs = std::filesystem;
 
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+}  // namespace
+
 void* openLibrary(const fs::path& file, std::string& reason) {
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library != nullptr) return library;
-    const char* const text = dlerror();
-    reason = text != nullptr ? text : "motivo desconhecido";
+    const char* const told = dlerror();
+    const std::string_view text = told != nullptr ? told : "";
+    if (::access(file.c_str(), R_OK) != 0)
+        reason = errnoText(errno);
+    else if (!text.starts_with(file.native()) || text.find("undefined symbol") != text.npos)
+        reason = "falta algo de que ele depende (" + std::string(text) + ")";
+    else
+        reason = "não é um módulo deste sistema";
     return nullptr;
 }
 
@@ -77,5 +93,31 @@ std::vector<std::string> programArguments(int argc, const char* const* argv) {
 void useUtf8Terminal() {}
 
 bool inputIsTerminal() { return ::isatty(STDIN_FILENO) != 0; }
+
+void catchInterrupts() {
+    struct sigaction action {};
+    action.sa_handler = [](int) { interrupted = 1; };
+    // Without SA_RESTART: whoever waits for a line comes back without one.
+    (void)::sigaction(SIGINT, &action, nullptr);
+}
+
+// A key hit between the look at the note and the waiting would be waited past: the signal is held
+// back in between.
+void waitForInput() {
+    sigset_t key;
+    sigset_t usual;
+    sigemptyset(&key);
+    sigaddset(&key, SIGINT);
+    sigprocmask(SIG_BLOCK, &key, &usual);
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    if (interrupted == 0) (void)::ppoll(&input, 1, nullptr, &usual);
+    sigprocmask(SIG_SETMASK, &usual, nullptr);
+}
+
+bool takeInterrupt() {
+    if (interrupted == 0) return false;
+    interrupted = 0;
+    return true;
+}
 
 }  // namespace prancheta

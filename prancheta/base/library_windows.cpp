@@ -5,10 +5,12 @@
 
 #include <shellapi.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
+#include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 
@@ -47,8 +49,18 @@ void* openLibrary(const fs::path& file, std::string& reason) {
     // The folder of the library counts, so that modules find those beside them.
     HMODULE const module =
         LoadLibraryExW(fs::absolute(file).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (module == nullptr) reason = "erro " + std::to_string(GetLastError()) + " do sistema";
-    return module;
+    if (module != nullptr) return module;
+    const DWORD error = GetLastError();
+    std::error_code ignored;
+    if (!fs::exists(file, ignored))
+        reason = errnoText(ENOENT);
+    else if (error == ERROR_BAD_EXE_FORMAT)
+        reason = "não é um módulo deste sistema";
+    else if (error == ERROR_MOD_NOT_FOUND || error == ERROR_PROC_NOT_FOUND)
+        reason = "falta algo de que ele depende";
+    else
+        reason = "erro " + std::to_string(error) + " do sistema";
+    return nullptr;
 }
 
 void closeLibrary(void* library) { FreeLibrary(static_cast<HMODULE>(library)); }
@@ -105,5 +117,9 @@ void useUtf8Terminal() {
 }
 
 bool inputIsTerminal() { return _isatty(_fileno(stdin)) != 0; }
+
+void catchInterrupts() {}
+bool takeInterrupt() { return false; }
+void waitForInput() {}
 
 }  // namespace prancheta

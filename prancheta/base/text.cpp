@@ -124,6 +124,19 @@ bool equalNoCase(std::wstring_view a, std::wstring_view b) {
                       [](wchar_t x, wchar_t y) { return foldCase(x) == foldCase(y); });
 }
 
+std::wstring withoutAccents(std::wstring_view text) {
+    // U+00C0 to U+00DE; the small letters stand 32 places further on.
+    constexpr std::wstring_view kPlain = L"AAAAAA\u00C6CEEEEIIII\u00D0NOOOOO\u00D7OUUUUY\u00DE";
+    std::wstring out(text);
+    for (wchar_t& c : out) {
+        const bool small = c >= 0xE0 && c <= 0xFE;
+        const wchar_t capital = small ? static_cast<wchar_t>(c - 32) : c;
+        if (capital < 0xC0 || capital > 0xDE) continue;
+        c = static_cast<wchar_t>(kPlain[capital - 0xC0u] + (c - capital));
+    }
+    return out;
+}
+
 std::wstring_view trim(std::wstring_view text) {
     return trimmed<std::wstring_view>(text, L" \t\r\n");
 }

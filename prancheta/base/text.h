@@ -22,6 +22,8 @@ std::string utf8FromLatin(std::string_view windows1252);
 wchar_t foldCase(wchar_t c);
 std::wstring foldCase(std::wstring_view text);
 bool equalNoCase(std::wstring_view a, std::wstring_view b);
+/// Letters of Latin-1 without their accents and cedillas, case kept: "POSIÇÃO" is "POSICAO".
+std::wstring withoutAccents(std::wstring_view text);
 
 std::wstring_view trim(std::wstring_view text);
 std::string_view trim(std::string_view text);

@@ -44,6 +44,8 @@ void ConsoleUi::complain(std::wstring_view text, Complaint kind) {
 }
 
 RawInput ConsoleUi::ask(const InputRequest& request) {
+    // Without a prompt what was written last is the question.
+    if (!m_atLineStart && !request.prompt.empty()) show("\n");
     show(toUtf8(request.prompt));
     if (m_script.interactive()) std::fflush(stdout);
     const auto line = m_script.next();
@@ -85,6 +87,7 @@ Result<void> ConsoleUi::act(dcl::Dialog& dialog, const std::string& line) {
 }
 
 void ConsoleUi::runDialog(dcl::Dialog& dialog) {
+    if (!m_atLineStart) show("\n");
     while (!dialog.finished()) {
         if (m_script.interactive()) {
             show("[" + dialog.name() + "] ");

@@ -80,9 +80,17 @@ void plot(Host& host, const Options& options, Outcome& outcome) {
     }
 }
 
+Result<void> checkInstallation(const Options& options) {
+    std::error_code ignored;
+    const std::filesystem::path folder = pathFromUtf8(options.installation);
+    if (options.installation.empty() || std::filesystem::is_directory(folder, ignored)) return {};
+    return Error{"a pasta de instalação não existe ou não é uma pasta", options.installation};
+}
+
 int run(const Options& options) {
-    auto script = Script::open(options.script);
     Outcome outcome;
+    if (!outcome.check(checkInstallation(options), kFileError)) return outcome.code(false);
+    auto script = Script::open(options.script);
     if (!script) {
         outcome.check(script.error(), kFileError);
         return outcome.code(false);

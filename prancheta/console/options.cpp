@@ -12,12 +12,16 @@ namespace prancheta::console {
 namespace {
 
 /// The library's messages are English: each kind of error has a text of its own here.
-std::string usageError(const CLI::ParseError& error) {
+std::string usageError(const CLI::App& app, const CLI::ParseError& error) {
     const std::string detail = error.what();
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
         return "argumento desconhecido (" + detail.substr(detail.find(": ") + 2) + ")";
-    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
-        return "falta o valor da opção " + detail.substr(0, detail.find(':'));
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        const std::string name = detail.substr(0, detail.find(':'));
+        const CLI::Option* const option = app.get_option_no_throw(name);
+        if (option != nullptr && option->count() > 1) return "a opção " + name + " foi repetida";
+        return "falta o valor da opção " + name;
+    }
     return "opções que não combinam";
 }
 
@@ -64,7 +68,8 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--modulo", options.modules, "carrega também este módulo (pode ser repetida)")
         ->type_name("ARQUIVO.arx")
         ->expected(1)
-        ->take_all();
+        ->take_all()
+        ->allow_extra_args(false);  // one value each time, what follows is the drawing
     app.add_flag("--sem-modulos", noModules, "não carrega os módulos de costume");
 
     exitCode = kDone;
@@ -78,7 +83,7 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
         std::cout << app.help();
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        std::cerr << "prancheta-console: " << usageError(error)
+        std::cerr << "prancheta-console: " << usageError(app, error)
                   << "\nVeja prancheta-console --ajuda.\n";
         exitCode = kUsage;
         return std::nullopt;

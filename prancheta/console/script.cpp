@@ -2,6 +2,7 @@
 // Lines of a script.
 #include "prancheta/console/script.h"
 
+#include <cstdio>
 #include <iostream>
 #include <sstream>
 
@@ -13,7 +14,11 @@
 namespace prancheta::console {
 
 Result<Script> Script::open(const std::string& path) {
-    if (path == "-") return Script(nullptr, std::cin, "entrada", inputIsTerminal());
+    if (path == "-") {
+        const bool interactive = inputIsTerminal();
+        if (interactive) catchInterrupts();
+        return Script(nullptr, std::cin, "entrada", interactive);
+    }
     auto content = readFile(pathFromUtf8(path));
     if (!content) return content.error();
     auto stream = std::make_unique<std::istringstream>(std::move(*content));
@@ -23,7 +28,16 @@ Result<Script> Script::open(const std::string& path) {
 
 std::optional<std::string> Script::next() {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    for (std::string text; !m_stopped && std::getline(*m_in, text);) {
+    for (std::string text; !m_stopped;) {
+        if (m_interactive) waitForInput();
+        const bool broken = m_interactive && takeInterrupt();
+        if (broken || !std::getline(*m_in, text)) {
+            if (!broken && !(m_interactive && takeInterrupt())) break;
+            m_in->clear();
+            std::clearerr(stdin);
+            std::cout << std::endl;  // behind the ^C that the terminal shows
+            return "^C";
+        }
         ++m_line;
         if (m_line == 1 && text.starts_with(kMark)) text.erase(0, kMark.size());
         if (text.starts_with(';')) continue;

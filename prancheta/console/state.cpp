@@ -26,6 +26,7 @@ std::string recordName(AcDbObjectId id) {
 
 Json variablesJson(Editor& editor) {
     Json out = Json::object();
+    (void)editor.variable(L"EXTMAX");  // measured when asked for
     for (const VariableInfo& variable : editor.variables().all()) {
         const std::string name = toUtf8(variable.name);
         if (const auto* const number = std::get_if<short>(&variable.value)) out[name] = *number;

@@ -108,6 +108,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"PICKFIRST", 1, 0, 1),
         integer(L"REGENMODE", 1, 0, 1),
         readOnly(L"SCREENSIZE", AcGePoint3d()),
+        {L"SNAPANG", 0.0},
         integer(L"SNAPMODE", 0, 0, 1),
         point(L"SNAPUNIT", {10.0, 10.0, 0.0}, 0.0),
         drawingText(L"TEXTSTYLE", L"Standard"),

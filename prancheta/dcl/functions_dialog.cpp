@@ -5,7 +5,9 @@
 #include "acutads.h"
 #include "adsdlg.h"
 #include "prancheta/base/event.h"
+#include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
 #include "prancheta/dcl/library_cache.h"
 #include "prancheta/dcl/session.h"
 #include "prancheta/dcl/source_file.h"
@@ -25,6 +27,12 @@ void tellFindings(const Library& library) {
     for (std::size_t i = 0; i < told; ++i) tell(library.findings[i].error.message());
     if (const std::size_t more = library.findings.size() - told; more > 0)
         tell("... e mais " + std::to_string(more) + " no mesmo arquivo");
+}
+
+/// Dialogs of the installation; the environment tells the modules the same folder. Empty for none.
+std::filesystem::path installedDialogs() {
+    const std::string folder = environment("ZPFORJA2010");
+    return folder.empty() ? std::filesystem::path() : pathFromUtf8(folder) / "Perfis";
 }
 
 /// The definition of a dialog, or null.
@@ -54,7 +62,7 @@ OpenDialog* openDialog(const LoadedFile& file, const std::string& name, CLIENTFU
 
 int ads_load_dialog(const ACHAR* file, int* dcl_id) {
     if (file == nullptr || dcl_id == nullptr) return RTERROR;
-    const std::filesystem::path path = findSource(toUtf8(file));
+    const std::filesystem::path path = findSource(toUtf8(file), installedDialogs());
     LoadedFile entry{nullptr, path.filename().string()};
     Result<LoadedLibrary> loaded = loadLibrary(path);
     if (!loaded) {

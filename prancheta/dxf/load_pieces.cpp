@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Block references that are parametric pieces.
+#include <algorithm>
 #include <cmath>
 
 #include "prancheta/base/text.h"
@@ -52,6 +53,14 @@ AcGeMatrix3d placementOf(const Values& v) {
                            AcGeVector3d::kYAxis * sy, AcGeVector3d::kZAxis * sz);
     return AcGeMatrix3d::translation(v.points[0].asVector()) * planeToWorld(v.normal) *
            AcGeMatrix3d::rotation(v.reals[3], AcGeVector3d::kZAxis) * scaling;
+}
+
+/// An INSERT that repeats its block in columns and rows.
+bool isArray(const Tags& body) {
+    return std::any_of(body.begin(), body.end(), [](const Tag& tag) {
+        long long count = 1;
+        return (tag.code == 70 || tag.code == 71) && parseInteger(tag.value, count) && count > 1;
+    });
 }
 
 }  // namespace
@@ -110,6 +119,9 @@ std::unique_ptr<AcDbEntity> Loader::readPiece(std::string_view& pictureBlock) {
     if (m_piece.apart && !readPieceFields()) return refuse("faltam os campos da peça " + className);
     AcRxClass* const found = pieceClass(m_piece.className);
     if (found == nullptr) return refuse("a classe " + className + " não está carregada");
+    if (isArray(m_head.body))
+        return refuse("a peça " + className +
+                      " foi repetida em linhas e colunas por outro programa");
     if (!readFields(kPlacement, m_head.body, *this, m_values, m_rest, m_fault)) return nullptr;
     AcGeMatrix3d move;
     bool possible = true;

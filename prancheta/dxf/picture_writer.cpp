@@ -105,7 +105,9 @@ void PictureWriter::begin(const char* type, const PictureTraits& traits, Adesk::
     if (traits.lineWeight != AcDb::kLnWtByLayer) m_out.integer(370, traits.lineWeight);
 }
 
-void PictureWriter::write(const Picture& picture, Adesk::UInt64 owner, HandleSource& handles) {
+void PictureWriter::write(const Picture& picture, Adesk::UInt64 owner, HandleSource& handles,
+                          AcDbObjectId textStyle) {
+    m_textStyle = textStyle;
     for (const PrimitiveView view : picture) {
         const PictureTraits& traits = view.traits();
         switch (view.kind()) {
@@ -240,6 +242,8 @@ void PictureWriter::text(const PrimitiveView& view) {
     if (angle != 0.0) m_out.real(50, angle);
     if (view.widthFactor() != 1.0) real(41, view.widthFactor());
     if (view.oblique() != 0.0) m_out.real(51, degrees(view.oblique()));
+    static const std::string kStandard = "Standard";
+    m_out.text(7, m_names.of(m_textStyle, kStandard));
     normal(view.normal());
     m_out.marker("AcDbText");
 }

@@ -19,8 +19,10 @@ public:
 
     /// Number of entities that write() makes.
     static std::size_t count(const Picture& picture);
-    /// Handles are taken one by one from `handles`.
-    void write(const Picture& picture, Adesk::UInt64 owner, HandleSource& handles);
+    /// Handles are taken one by one from `handles`. Texts are of the style, Standard when it is
+    /// null.
+    void write(const Picture& picture, Adesk::UInt64 owner, HandleSource& handles,
+               AcDbObjectId textStyle = AcDbObjectId::kNull);
     /// A point on a layer that is not the picture's.
     void writePoint(const AcGePoint3d& p, const char* layer, Adesk::UInt64 owner,
                     Adesk::UInt64 handle);
@@ -48,6 +50,7 @@ private:
     SaveNames& m_names;
     AcDbObjectId m_layerZero;
     AcDbObjectId m_byLayer;
+    AcDbObjectId m_textStyle;  ///< of the picture at hand
 };
 
 }  // namespace prancheta::dxf

@@ -22,6 +22,14 @@ bool isHeadGroup(int code) {
 
 constexpr int kAnonymous = 1;
 
+/// The style of the dimension's text; null when its own style says none.
+AcDbObjectId textStyleOf(const AcDbDimension& dimension) {
+    const AcDbStub* const stub = dimension.dimensionStyle();
+    const auto* const style =
+        stub != nullptr ? AcDbDimStyleTableRecord::cast(stub->object) : nullptr;
+    return style != nullptr ? style->dimtxsty() : AcDbObjectId::kNull;
+}
+
 }  // namespace
 
 void Saver::writeBlocks() {
@@ -119,7 +127,7 @@ void Saver::writeDimensionBlock(const AcDbAlignedDimension& dimension, const Pic
     recordPicture(*filed, picture);
     makeByBlock(picture, dimension);
     beginPictureBlock(block);
-    m_pictures.write(picture, block.record, m_handles);
+    m_pictures.write(picture, block.record, m_handles, textStyleOf(*filed));
     for (const AcGePoint3d& p : {filed->xLine1Point(), filed->xLine2Point(), filed->dimLinePoint()})
         m_pictures.writePoint(p, "Defpoints", block.record, m_handles.next());
     endPictureBlock(block);

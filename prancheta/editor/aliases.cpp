@@ -16,7 +16,7 @@ constexpr std::string_view kUsual =
     "*MIRROR\nP, *PAN\nPL, "
     "*PLINE\n"
     "CH, *PROPERTIES\nMO, *PROPERTIES\nPO, *POINT\nPR, *PROPERTIES\nR, *REDRAW\nRE, *REGEN\nRO, "
-    "*ROTATE\nSC, *SCALE\nSET, *SETVAR\nX, *EXPLODE\nZ, "
+    "*ROTATE\nSC, *SCALE\nSCR, *SCRIPT\nSET, *SETVAR\nX, *EXPLODE\nZ, "
     "*ZOOM\n";
 
 }  // namespace

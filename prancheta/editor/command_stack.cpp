@@ -188,6 +188,19 @@ StackCommand* CommandStack::find(const TypedName& typed) const {
     return find(typed, false);
 }
 
+StackCommand* CommandStack::findWithoutAccents(const TypedName& typed) const {
+    if (typed.global) return nullptr;
+    const std::wstring name = withoutAccents(typed.name);
+    const auto fits = [&](const StackCommand& c) {
+        return equalNoCase(withoutAccents(c.local), name);
+    };
+    if (typed.builtIn)
+        if (StackCommand* const own =
+                firstThat([&](const StackCommand& c) { return c.builtIn != nullptr && fits(c); }))
+            return own;
+    return firstThat(fits);
+}
+
 StackCommand* CommandStack::find(const TypedName& typed, bool builtInOnly) const {
     const auto allowed = [&](const StackCommand& c) {
         return !builtInOnly || c.builtIn != nullptr;

@@ -57,6 +57,8 @@ public:
     /// By local name, then by global name; a `_` asks for the global name only, a `.` for the
     /// built-in command where there is one of that name.
     StackCommand* find(const TypedName& typed) const;
+    /// By a local name typed without its accents; to be tried last.
+    StackCommand* findWithoutAccents(const TypedName& typed) const;
     /// Takes out what was registered with functions for which `belongs` holds.
     template <class Belongs>
     void removeFunctions(Belongs belongs) {

@@ -80,7 +80,8 @@ void nameDrawing(SystemVariables& variables, const std::filesystem::path& file) 
 void keepSession(const SystemVariables& from, SystemVariables& to) {
     for (const VariableInfo& info : from.all()) {
         if (info.home != VariableHome::Session || info.access == VariableAccess::ReadOnly) continue;
-        if (info.name != L"LASTPOINT") to.force(info.name, info.value);
+        if (info.name == L"LASTPOINT" || info.name == L"SNAPANG") continue;
+        to.force(info.name, info.value);
     }
 }
 
@@ -156,6 +157,7 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     };
     core.onEntityErased = recordErased;
     m_savedRevision = core.undo().revision();
+    m_scriptGroup = false;  // it went with the former drawing
     nameDrawing(core.variables(), m_fileName);
 }
 

@@ -17,7 +17,9 @@
 #include "prancheta/editor/modules.h"
 #include "prancheta/editor/picking.h"
 #include "prancheta/editor/running.h"
+#include "prancheta/editor/scene.h"
 #include "prancheta/editor/selection_sets.h"
+#include "prancheta/editor/snap_modes.h"
 #include "prancheta/editor/typed_input.h"
 #include "rxdict.h"
 
@@ -73,9 +75,7 @@ void Editor::alert(std::wstring_view text) {
 }
 
 void Editor::complain(std::wstring_view text, Complaint kind) {
-    m_typeAhead.clear();
-    m_typeAheadUsed = 0;
-    m_typeAheadLineStart = true;
+    stopTyping();
     recordText(std::wstring(text) + L"\n");
     m_ui.complain(text, kind);
 }
@@ -93,6 +93,10 @@ InputFrame Editor::inputFrame(const RawInput& input) const {
     frame.clockwise = variables.number(L"ANGDIR") != 0;
     frame.angleUnits = variables.number(L"AUNITS");
     frame.ortho = variables.number(L"ORTHOMODE") != 0;
+    frame.snapAngle = variables.real(L"SNAPANG");
+    const int running = variables.number(L"OSMODE");
+    const bool snapsTyped = variables.number(L"OSNAPCOORD") == 0 && (running & kSnapsOff) == 0;
+    if (snapsTyped && input.kind == RawInput::Kind::Text) frame.runningSnaps = running;
     frame.pointer = input.pointer ? input.pointer : m_pointer;
     frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach,
                         const std::optional<AcGePoint3d>& base) {
@@ -155,7 +159,10 @@ std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
     while (m_typeAheadLineStart && rest().starts_with(L';'))
         use(std::min(rest().find(L'\n'), rest().size() - 1) + 1);
     const std::wstring_view keys = rest();
-    if (keys.empty()) return {};
+    if (keys.empty()) {
+        m_inScript = false;
+        return {};
+    }
     const bool wholeLine = request.kind == InputKind::Text && request.blanksAllowed;
     const bool quoted = !wholeLine && keys.front() == L'"';
     std::size_t end = quoted ? keys.find(L'"', 1) : 0;
@@ -167,7 +174,44 @@ std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
     if (quoted) std::erase(input.text, L'"');
     m_typeAheadLineStart = end == keys.npos || keys[end] == L'\n';
     use(end == keys.npos ? keys.size() : end + 1);
+    if (m_inScript) print(request.prompt + input.text + L"\n");
     return input;
+}
+
+void Editor::stopTyping() {
+    if (m_inScript) m_restOfScript = m_typeAhead.substr(m_typeAheadUsed);
+    m_inScript = false;
+    m_typeAhead.clear();
+    m_typeAheadUsed = 0;
+    m_typeAheadLineStart = true;
+}
+
+void Editor::runScript(std::wstring keys) {
+    m_restOfScript.clear();
+    m_typeAhead = std::move(keys);
+    m_typeAheadUsed = 0;
+    m_typeAheadLineStart = true;
+    m_inScript = true;
+}
+
+bool Editor::resumeScript() {
+    if (m_restOfScript.empty()) return false;
+    runScript(std::exchange(m_restOfScript, {}));
+    return true;
+}
+
+/// Between two commands: the undo group of a script begins and ends here, so that no command's own
+/// group is cut in two.
+void Editor::groupScript() {
+    if (m_inScript && !m_ui.pass(std::chrono::milliseconds(0))) {
+        stopTyping();
+        print(L"*Cancelar*\n");
+    }
+    const bool running = m_inScript && !m_typeAhead.empty();
+    if (running == m_scriptGroup) return;
+    m_scriptGroup = running;
+    UndoLog& undo = m_database->core().undo();
+    running ? undo.beginUserGroup() : undo.endUserGroup();
 }
 
 // --- Main loop ----------------------------------------------------------------------------------
@@ -183,6 +227,7 @@ bool Editor::step() {
         serve(*command);
         return !m_quit;
     }
+    groupScript();
     InputRequest request;
     request.kind = InputKind::Command;
     request.prompt = L"Comando: ";
@@ -223,13 +268,16 @@ void Editor::clearPickfirst() {
 void Editor::pick(const std::vector<AcDbObjectId>& ids, Shift shift) {
     const SystemVariables& variables = m_database->core().variables();
     if (variables.number(L"PICKFIRST") == 0) return;
-    const bool replaces = variables.number(L"PICKADD") == 0 && shift == Shift::Up;
+    const bool alone = variables.number(L"PICKADD") == 0;
+    const bool replaces = alone && shift == Shift::Up;
+    const std::size_t before = m_pickfirst.size();
     const auto idOf = [](const AcDbObjectId& id) { return id.asOldId(); };
     std::unordered_set<Adesk::LongPtr> named;
     for (const AcDbObjectId& id : ids) named.insert(idOf(id));
     std::erase_if(m_pickfirst,
                   [&](const AcDbObjectId& id) { return replaces || named.contains(idOf(id)); });
-    if (shift == Shift::Down) return;
+    // Where every pick replaces, Shift is the way to add.
+    if (shift == Shift::Down && (!alone || m_pickfirst.size() < before)) return;
     for (const AcDbObjectId& id : ids)
         if (named.erase(idOf(id)) != 0) m_pickfirst.push_back(id);
 }
@@ -263,6 +311,27 @@ void Editor::setScreenSize(double width, double height) {
 SystemVariables& Editor::variables() const {
     updateVariables();
     return m_database->core().variables();
+}
+
+const VariableInfo* Editor::variable(std::wstring_view name) const {
+    if (equalNoCase(name, L"EXTMIN") || equalNoCase(name, L"EXTMAX")) measureExtents();
+    return variables().find(name);
+}
+
+/// No change of the drawing: nothing to undo, nobody is told.
+void Editor::measureExtents() const {
+    AcDbExtents all;
+    for (const AcDbObjectId& id : entitiesOfSpace(*this)) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        AcDbExtents one;
+        if (entity.openStatus() == Acad::eOk && entity->getGeomExtents(one) == Acad::eOk &&
+            !one.isEmpty())
+            all.addExt(one);
+    }
+    constexpr double kFar = 1e20;
+    SystemVariables& variables = m_database->core().variables();
+    variables.mirror(L"EXTMIN", all.isEmpty() ? AcGePoint3d(kFar, kFar, kFar) : all.minPoint());
+    variables.mirror(L"EXTMAX", all.isEmpty() ? AcGePoint3d(-kFar, -kFar, -kFar) : all.maxPoint());
 }
 
 void Editor::updateVariables() const {

@@ -97,7 +97,15 @@ public:
     /// complaint drops what is left.
     void typeAhead(std::wstring_view keys) { m_typeAhead.append(keys); }
     /// True when the next answer comes from the user: no program feeds, nothing is typed ahead.
-    bool interactive() const { return m_tokens == nullptr && m_typeAhead.empty(); }
+    bool interactive() const { return m_tokens == nullptr && m_typeAhead.empty() && !m_inScript; }
+    /// Types a script: its keys stand for what was typed ahead, and what its commands do is undone
+    /// in one step. It ends with its last key, or is interrupted by stopTyping().
+    void runScript(std::wstring keys);
+    bool inScript() const { return m_inScript; }
+    /// Forgets what is typed ahead, as a complaint does; the rest of a script can be resumed.
+    void stopTyping();
+    /// Goes on with the script that was interrupted last; false when there is none.
+    bool resumeScript();
 
     // --- Commands --------------------------------------------------------------------------------
     CommandStack& commands() const { return *m_commands; }
@@ -153,6 +161,9 @@ public:
     void setUcs(const AcGeMatrix3d& ucs) { m_ucs = ucs; }
     /// System variables with the editor's own (CMDACTIVE, VIEWSIZE, ...) brought up to date.
     SystemVariables& variables() const;
+    /// One of them, null for an unknown name. EXTMIN and EXTMAX are measured here and nowhere else:
+    /// O(entities).
+    const VariableInfo* variable(std::wstring_view name) const;
 
     /// What the drawing shows, and how; made anew with every drawing.
     DisplayList& display() const { return *m_display; }
@@ -244,6 +255,8 @@ private:
                                  std::filesystem::path fileName);
     Result<void> writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options);
     void updateVariables() const;
+    void measureExtents() const;
+    void groupScript();
 
     UserInterface& m_ui;
     std::unique_ptr<AcDbDatabase> m_database;
@@ -259,6 +272,9 @@ private:
     std::wstring m_typeAhead;
     std::size_t m_typeAheadUsed = 0;  ///< so many of its keys are answers already; never all
     bool m_typeAheadLineStart = true;
+    bool m_inScript = false;      ///< what is typed ahead, or was just now, is a script's
+    bool m_scriptGroup = false;   ///< an undo group for the script is open in the drawing
+    std::wstring m_restOfScript;  ///< of the script that was interrupted
     bool m_quit = false;
     AcGeMatrix3d m_ucs;
     std::optional<AcGePoint3d> m_pointer;  ///< last position that the front end told, world

@@ -34,7 +34,10 @@ CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases,
         found.command = stack.find(TypedName(target));
         if (found.command != nullptr) return found;
     }
-    if (variables.find(typed.name) != nullptr) found.variable = typed.name;
+    if (variables.find(typed.name) != nullptr)
+        found.variable = typed.name;
+    else
+        found.command = stack.findWithoutAccents(typed);
     return found;
 }
 

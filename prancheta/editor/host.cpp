@@ -3,7 +3,6 @@
 #include "prancheta/editor/host.h"
 
 #include <clocale>
-#include <system_error>
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
@@ -61,10 +60,7 @@ Result<void> Host::start() {
     Result<void> first;
     if (!m_options.loadDefaultModules) return first;
     for (const std::wstring& name : kDefaultModules) {
-        const std::filesystem::path file = m_options.programFolder / toUtf8(name);
-        std::error_code ignored;
-        if (!std::filesystem::exists(file, ignored)) continue;
-        Result<void> loaded = m_editor->modules().load(file);
+        Result<void> loaded = m_editor->modules().load(m_options.programFolder / toUtf8(name));
         if (!loaded && first) first = std::move(loaded);
     }
     return first;

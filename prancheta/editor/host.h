@@ -33,8 +33,8 @@ public:
     Host& operator=(const Host&) = delete;
 
     Editor& editor() { return *m_editor; }
-    /// Loads the default modules that are there. The first failure is given back; the others are
-    /// loaded all the same.
+    /// Loads the default modules. The first failure is given back, one that is missing included;
+    /// the others are loaded all the same.
     Result<void> start();
 
     /// The folder that modules see as installation folder; empty when none is known.

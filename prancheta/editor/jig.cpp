@@ -80,10 +80,11 @@ void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& 
     InputFrame frame = editor.inputFrame(input);
     const AcGePoint3d before = frame.lastPoint;
     Reading reading = question->give(input, frame);
-    const bool point = reading.kind == Reading::Kind::Answered && reading.value.status == RTNORM;
-    const double height = (editor.ucs().inverse() * reading.value.point).z;
-    if (point && height != 0.0 && input.kind == RawInput::Kind::Text &&
-        !(controls & kAccept3dCoordinates)) {
+    // Only what is typed may not leave the plane: the base may lie at any height.
+    const bool raised = input.kind == RawInput::Kind::Text &&
+                        prancheta::readPoint(input.text, frame).raised &&
+                        reading.kind != Reading::Kind::Refused && reading.value.status == RTNORM;
+    if (raised && !(controls & kAccept3dCoordinates)) {
         editor.complain(L"Ponto inválido: coordenadas 3D não são aceitas aqui.",
                         prancheta::Complaint::Refused);
         question.reset();

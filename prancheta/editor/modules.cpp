@@ -77,8 +77,26 @@ void ModuleTable::broadcast(AcRx::AppMsgCode message) {
     std::vector<Module*> all;
     all.reserve(m_modules.size());
     for (const auto& m : m_modules) all.push_back(m.get());
-    for (Module* m : all)
-        if (find(m) != nullptr && m->started) (void)send(*m, message);
+    const bool aboutDrawing =
+        message == AcRx::kLoadDwgMsg || message == AcRx::kUnloadDwgMsg || message == AcRx::kSaveMsg;
+    for (Module* m : all) {
+        if (find(m) == nullptr || !m->started) continue;
+        if (send(*m, message) == AcRx::kRetError && aboutDrawing) dismiss(*m);
+    }
+}
+
+/// Takes out a module that refused a message.
+void ModuleTable::dismiss(Module& module) {
+    const std::wstring reason = module.busy ? L"o módulo está sendo iniciado." : useOf(module);
+    if (!reason.empty()) {
+        m_editor.complain(L"O módulo " + module.name +
+                          L" pediu para ser descarregado, mas não pode: " + reason);
+        return;
+    }
+    const std::wstring name = module.name;
+    (void)send(module, AcRx::kUnloadAppMsg);
+    remove(module);
+    m_editor.complain(L"O módulo " + name + L" recusou o desenho e foi descarregado.");
 }
 
 std::filesystem::path ModuleTable::locate(const std::filesystem::path& path) const {
@@ -152,6 +170,11 @@ Result<void> ModuleTable::initialise(Module& module) {
 std::wstring ModuleTable::reasonToStay(const Module& module) const {
     if (module.locked) return L"o módulo não permite ser descarregado.";
     if (module.busy) return L"o módulo está sendo iniciado.";
+    return useOf(module);
+}
+
+/// Why it cannot do without the module now; empty when it can.
+std::wstring ModuleTable::useOf(const Module& module) const {
     const auto belongs = [&](const void* code) { return libraryOf(code) == module.base; };
     if (m_editor.runsCodeOf(belongs))
         return L"um comando do módulo está em execução; termine-o antes.";

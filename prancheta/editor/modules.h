@@ -54,7 +54,8 @@ public:
     Module* find(std::wstring_view name);
     Module* find(const void* applicationId);
     const std::vector<std::unique_ptr<Module>>& all() const { return m_modules; }
-    /// To every module in the order of loading.
+    /// To every module in the order of loading. One that answers kRetError to a message about a
+    /// drawing is unloaded, locked or not, unless it is in use.
     void broadcast(AcRx::AppMsgCode message);
     /// True while a module answers kInitAppMsg or kLoadDwgMsg.
     bool initialising() const;
@@ -66,6 +67,8 @@ private:
     Result<void> initialise(Module& module);
     std::filesystem::path locate(const std::filesystem::path& path) const;
     std::wstring reasonToStay(const Module& module) const;
+    std::wstring useOf(const Module& module) const;
+    void dismiss(Module& module);
     void remove(Module& module);
     AcRx::AppRetCode send(Module& module, AcRx::AppMsgCode message);
 
@@ -75,7 +78,7 @@ private:
     std::vector<std::wstring> m_loading;
 };
 
-/// File names of the modules that are loaded at the start when they stand beside the program.
+/// File names of the modules beside the program that are loaded at the start.
 extern const std::vector<std::wstring> kDefaultModules;
 
 }  // namespace prancheta

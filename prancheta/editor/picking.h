@@ -39,6 +39,10 @@ std::vector<AcDbObjectId> allEntities(const Editor& editor);
 AcDbObjectId lastEntity(const Editor& editor);
 bool onLockedLayer(AcDbObjectId entity);
 
+/// The part of a vector of the user system that lies along the nearer one of the two directions of
+/// ORTHO: the axes turned by SNAPANG.
+AcGeVector3d alongNearerAxis(const AcGeVector3d& v, double snapAngle);
+
 /// Bits of OSMODE for words such as "_end,_mid"; 0 for "_none", nothing for a word that is no snap.
 std::optional<int> snapModes(std::wstring_view words);
 struct SnapHit {

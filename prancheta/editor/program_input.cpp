@@ -13,12 +13,11 @@
 #include "prancheta/editor/picking.h"
 #include "prancheta/editor/running.h"
 #include "prancheta/editor/selection_sets.h"
+#include "prancheta/editor/snap_modes.h"
 #include "prancheta/editor/variables.h"
 
 namespace prancheta {
 namespace {
-
-constexpr int kSnapsOff = 16384;  // bit of OSMODE
 
 bool readToken(const resbuf& value, ProgramToken& token) {
     switch (value.restype) {

@@ -22,7 +22,8 @@ struct InputFrame {
     bool clockwise = false;  ///< ANGDIR
     int angleUnits = 0;      ///< AUNITS: what a plain number means
     bool ortho = false;
-    int runningSnaps = 0;  ///< modes that act on typed points, too (programs' input)
+    double snapAngle = 0.0;  ///< SNAPANG, radians: turns the directions of `ortho`
+    int runningSnaps = 0;    ///< modes that act on typed points, too (programs, OSNAPCOORD)
     std::optional<AcGePoint3d>
         pointer;  ///< world; where the pointer stands, for direct distance entry
     /// Nearest snap point of the modes (bits of OSMODE) to a world point, with the prompt's base

@@ -5,6 +5,7 @@
 #include "adscodes.h"
 #include "prancheta/base/text.h"
 #include "prancheta/editor/question.h"
+#include "prancheta/editor/snap_modes.h"
 #include "prancheta/editor/typed_input.h"
 #include "prancheta/geometry/angles.h"
 
@@ -32,6 +33,12 @@ Reading Question::givePick(const RawInput& input, InputFrame& frame) {
 Reading Question::giveTypedPoint(std::wstring_view text, InputFrame& frame) {
     if (startModifier(text)) return {};
     if (const std::optional<int> modes = prancheta::snapModes(text)) {
+        if (*modes == kParallelSnap) {
+            return {Reading::Kind::Refused,
+                    {},
+                    L"A captura Paralelo precisa de uma linha apontada na tela; não pode ser "
+                    L"digitada."};
+        }
         m_current.snapModes = *modes;
         return {};
     }
@@ -49,7 +56,10 @@ Reading Question::giveTypedPoint(std::wstring_view text, InputFrame& frame) {
         case TypedPoint::Kind::Point:
             break;
     }
-    const int modes = m_current.snapModes.value_or(frame.runningSnaps);
+    // What is picked at a point is not looked for elsewhere.
+    const bool picks =
+        m_request.kind == InputKind::Selection || m_request.kind == InputKind::Entity;
+    const int modes = m_current.snapModes.value_or(picks ? 0 : frame.runningSnaps);
     if (modes == 0 || !frame.snap) return givePoint(typed.world, frame);
     const SnapReach reach = m_current.snapModes ? SnapReach::Object : SnapReach::Aperture;
     const std::optional<AcGePoint3d> snapped =
@@ -198,11 +208,8 @@ AcGePoint3d Question::directDistance(double distance, const InputFrame& frame) c
         direction = AcGeVector3d(sc.cosine, sc.sine, 0.0);
     } else if (frame.pointer) {
         AcGeVector3d towards = frame.ucs.inverse() * (*frame.pointer - base);
-        if (frame.ortho && m_current.orthoAllowed) {
-            const bool alongX = std::fabs(towards.x) >= std::fabs(towards.y);
-            towards =
-                alongX ? AcGeVector3d(towards.x, 0.0, 0.0) : AcGeVector3d(0.0, towards.y, 0.0);
-        }
+        if (frame.ortho && m_current.orthoAllowed)
+            towards = alongNearerAxis(towards, frame.snapAngle);
         if (!towards.isZeroLength()) direction = towards.normal();
     }
     return base + frame.ucs * (direction * distance);

@@ -23,6 +23,7 @@ const Keywords& selectionWords() {
         {L"Remover", L"Remove"},     {L"Desfazer", L"Undo"},     {L"JPolígono", L"WPolygon"},
         {L"CPolígono", L"CPolygon"}, {L"CErca", L"Fence"},       {L"CAixa", L"BOX"},
         {L"AUto", L"AUto"},          {L"SImples", L"SIngle"},    {L"Múltiplo", L"Multiple"},
+        {L"Grupo", L"Group"},
     };
     return kWords;
 }
@@ -40,12 +41,22 @@ struct StepCount {
     std::size_t locked = 0;
 };
 
+/// Whether a step joins what was selected before it or takes its place.
+enum class Adding { More, Instead };
+
 /// What has been selected so far: every object once, in order, with the steps to take back. A step
 /// and its way back cost what it changes, but for one that removes: O(all).
 class Picked {
 public:
-    StepCount add(const Ids& ids, bool dropLocked) {
-        m_steps.push_back({m_ids.size(), {}});
+    StepCount add(const Ids& ids, bool dropLocked, Adding adding = Adding::More) {
+        Step step{m_ids.size(), {}};
+        if (adding == Adding::Instead) {
+            for (const AcDbObjectId& id : m_ids) step.removed.push_back({0, id});
+            step.before = 0;
+            m_ids.clear();
+            m_set.clear();
+        }
+        m_steps.push_back(std::move(step));
         StepCount count;
         LayerStates layers;
         for (const AcDbObjectId& id : ids) {
@@ -89,6 +100,10 @@ public:
         return true;
     }
     const Ids& ids() const { return m_ids; }
+    bool holdsSome(const Ids& ids) const {
+        return std::any_of(ids.begin(), ids.end(),
+                           [&](const AcDbObjectId& id) { return m_set.contains(id); });
+    }
     bool first() const { return m_steps.size() <= 1; }
 
 private:
@@ -253,6 +268,20 @@ bool changesMode(const std::wstring& word, bool& removing, bool& single) {
     return true;
 }
 
+bool picksReplace(const CommandContext& context) {
+    return context.database().core().variables().number(L"PICKADD") == 0;
+}
+
+/// PICKADD 0: what is pointed at without Shift takes the place of what was selected. Programs and
+/// scripts name their objects one after the other.
+Adding addingOf(const CommandContext& context, const InputValue& answer, const Found& found) {
+    const bool byHand = context.editor().interactive() && !answer.removes;
+    if (!picksReplace(context) || !byHand || found.ids.empty()) return Adding::More;
+    for (const wchar_t* const word : {L"ALL", L"Last", L"Previous"})
+        if (answer.status == RTKWORD && answer.text == word) return Adding::More;
+    return Adding::Instead;
+}
+
 /// What was selected before the command; empty when there is nothing to take.
 Ids takePickfirst(const CommandContext& context) {
     Ids ids = std::exchange(context.editor().pickfirst(), {});
@@ -291,6 +320,10 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
                 if (!picked.undo()) context.print(L"Nada a desfazer na seleção.\n");
                 continue;
             }
+            if (value.text == L"Group") {
+                context.print(L"Não há grupos no desenho.\n");
+                continue;
+            }
             found = co_await askByWord(context, value.text);
         } else if (value.status == RTNORM && !value.entities.empty()) {
             found.ids = value.entities;
@@ -303,8 +336,12 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
             selection.status = RTCAN;
             co_return selection;
         }
-        const bool out = removing || value.removes;
-        tell(context, out ? picked.remove(found.ids) : picked.add(found.ids, options.dropLocked),
+        // Where every pick replaces, Shift is the way to add.
+        const bool shiftAdds = picksReplace(context) && !picked.holdsSome(found.ids);
+        const bool out = removing || (value.removes && !shiftAdds);
+        tell(context,
+             out ? picked.remove(found.ids)
+                 : picked.add(found.ids, options.dropLocked, addingOf(context, value, found)),
              picked, out);
         done = single && !picked.ids().empty();
     }

@@ -27,4 +27,10 @@ inline constexpr SnapMode kSnapModes[] = {
     {8192, L"Paralelo", L"parallel"},
 };
 
+inline constexpr int kIntersectionSnap = 32;
+inline constexpr int kApparentSnap = 2048;
+inline constexpr int kExtensionSnap = 4096;
+inline constexpr int kParallelSnap = 8192;
+inline constexpr int kSnapsOff = 16384;  ///< bit of OSMODE: none of them runs
+
 }  // namespace prancheta

@@ -24,14 +24,27 @@ bool isWord(std::wstring_view typed, std::wstring_view whole) {
     return enough && equalNoCase(typed, whole.substr(0, typed.size()));
 }
 
+/// With accents where they are typed right, else without them.
 std::optional<int> snapMode(std::wstring_view word) {
     if (isWord(word, L"none") || isWord(word, L"nenhum")) return 0;
     for (const SnapMode& mode : kSnapModes)
         if (isWord(word, mode.global) || isWord(word, mode.local)) return mode.bit;
+    const std::wstring plain = withoutAccents(word);
+    for (const SnapMode& mode : kSnapModes)
+        if (isWord(plain, withoutAccents(mode.local))) return mode.bit;
     return {};
 }
 
 }  // namespace
+
+AcGeVector3d alongNearerAxis(const AcGeVector3d& v, double snapAngle) {
+    const SineCosine sc = sineCosine(snapAngle);
+    const AcGeVector3d x(sc.cosine, sc.sine, 0.0);
+    const AcGeVector3d y(-sc.sine, sc.cosine, 0.0);
+    const double alongX = v.dotProduct(x);
+    const double alongY = v.dotProduct(y);
+    return std::fabs(alongX) >= std::fabs(alongY) ? x * alongX : y * alongY;
+}
 
 std::optional<int> snapModes(std::wstring_view words) {
     int modes = 0;
@@ -64,9 +77,11 @@ constexpr ModeOfBit kModes[] = {
     {8, AcDb::kOsModeNode, 4},   {16, AcDb::kOsModeQuad, 5}, {64, AcDb::kOsModeIns, 6},
     {128, AcDb::kOsModePerp, 7}, {256, AcDb::kOsModeTan, 8}, {512, AcDb::kOsModeNear, 9},
 };
-constexpr int kIntersection = 32;
+/// In a plan what seems to cross does cross.
+constexpr int kCrossings = kIntersectionSnap | kApparentSnap;
 constexpr int kIntersectionRank = 1;
 constexpr int kNearest = 512;
+constexpr int kExtensionRank = 10;
 
 /// Of a view in which thousands of entities lie under the aperture only the topmost count.
 constexpr std::size_t kMostEntities = 1000;
@@ -80,6 +95,20 @@ struct Candidate {
 
 double planeDistanceTo(const AcGePoint3d& p, const AcGePoint3d& to) {
     return std::hypot(p.x - to.x, p.y - to.y);
+}
+
+/// The point nearest to `pointer` beyond the ends of a segment, or on the rest of an arc's circle.
+std::optional<AcGePoint3d> onExtension(const Edge& edge, const AcGePoint3d& pointer) {
+    if (edge.isArc()) {
+        const double angle = std::atan2(pointer.y - edge.center.y, pointer.x - edge.center.x);
+        return edge.reaches(angle) ? std::nullopt : std::optional(edge.at(angle));
+    }
+    const AcGeVector3d along = edge.b - edge.a;
+    const double square = along.x * along.x + along.y * along.y;
+    if (!(square > 0.0)) return {};
+    const double t = ((pointer.x - edge.a.x) * along.x + (pointer.y - edge.a.y) * along.y) / square;
+    if (t > 0.0 && t < 1.0) return {};
+    return AcGePoint3d(edge.a.x + along.x * t, edge.a.y + along.y * t, edge.a.z);
 }
 
 /// What is asked: everything that snap points depend on but the entities.
@@ -100,7 +129,9 @@ public:
         std::vector<DisplayList::Item> items = display.find(area);
         if (items.size() > kMostEntities) items.erase(items.begin(), items.end() - kMostEntities);
         for (const DisplayList::Item& item : items) add(item.id);
-        if (modes & kIntersection) addCrossings();
+        if (modes & kCrossings) addCrossings();
+        // A running extension would need ends that were pointed at before.
+        if ((modes & kExtensionSnap) && aim.reach > aim.aperture) addExtensions();
     }
     std::vector<Candidate>& points() { return m_points; }
     std::vector<Candidate>& nearest() { return m_nearest; }
@@ -144,8 +175,19 @@ private:
     void addCrossings() {
         for (const Crossing& crossing : crossingsOf(m_edges, m_aim.pointer, m_aim.aperture)) {
             const AcDbObjectId top = m_entities[std::max(crossing.first, crossing.second)];
-            push(m_points, {crossing.point, kIntersection, top}, kIntersectionRank);
+            const int mode = m_modes & kIntersectionSnap ? kIntersectionSnap : kApparentSnap;
+            push(m_points, {crossing.point, mode, top}, kIntersectionRank);
         }
+    }
+    /// Of every displayed edge: what runs out under the pointer may lie far away. O(entities).
+    void addExtensions() {
+        for (const DisplayList::Item& item : m_display.find(m_display.extents()))
+            for (const PrimitiveView primitive : m_display.picture(item.id))
+                forEachEdge(primitive, [&](const Edge& edge) {
+                    const std::optional<AcGePoint3d> p = onExtension(edge, m_aim.pointer);
+                    if (p && planeDistanceTo(*p, m_aim.pointer) <= m_aim.aperture)
+                        push(m_nearest, {*p, kExtensionSnap, item.id}, kExtensionRank);
+                });
     }
     void push(std::vector<Candidate>& to, const SnapHit& hit, int rank) {
         const double distance = planeDistanceTo(hit.point, m_aim.pointer);

@@ -189,6 +189,7 @@ TypedPoint readPoint(std::wstring_view text, const InputFrame& frame) {
         return {TypedPoint::Kind::Distance, {}, typed.at.x};
     }
     result.kind = TypedPoint::Kind::Point;
+    result.raised = typed.at.z != 0.0;
     const AcGePoint3d last = frame.ucs * frame.lastPoint;
     if (world) {
         result.world = relative ? last + typed.at.asVector() : typed.at;
@@ -227,9 +228,7 @@ const Keyword* match(std::wstring_view text, std::span<const Keyword> keywords, 
     return nullptr;
 }
 
-}  // namespace
-
-const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> keywords) {
+const Keyword* matchExactly(std::wstring_view text, std::span<const Keyword> keywords) {
     const bool global = !text.empty() && text.front() == L'_';
     if (global) text.remove_prefix(1);
     const auto localOf = [](const Keyword& k) -> std::wstring_view { return k.local; };
@@ -238,6 +237,20 @@ const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> key
     };
     const Keyword* const found = global ? nullptr : match(text, keywords, localOf);
     return found != nullptr ? found : match(text, keywords, globalOf);
+}
+
+}  // namespace
+
+const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> keywords) {
+    if (const Keyword* const found = matchExactly(text, keywords)) return found;
+    // Most of what is no keyword is a number or a point.
+    const wchar_t first = text.empty() ? L'0' : foldCase(text.front());
+    if (first < L'a') return nullptr;
+    std::vector<Keyword> plain;
+    for (const Keyword& k : keywords)
+        plain.push_back({withoutAccents(k.local), withoutAccents(k.global)});
+    const Keyword* const found = matchExactly(withoutAccents(text), plain);
+    return found != nullptr ? &keywords[static_cast<std::size_t>(found - plain.data())] : nullptr;
 }
 
 std::vector<Keyword> readKeywordList(std::wstring_view list) {

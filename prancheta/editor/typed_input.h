@@ -31,6 +31,7 @@ struct TypedPoint {
     Kind kind = Kind::None;
     AcGePoint3d world;
     double number = 0.0;
+    bool raised = false;  ///< a third coordinate other than 0 was typed
 };
 
 /// `10,20,5` `@10,20` `@50<30` `50<30` `@` `@50<30,10` `@50<30<45` `*10,20` `@*10,20` `#10,20`
@@ -42,7 +43,7 @@ double directionOf(double typedAngle, const InputFrame& frame);
 
 /// The option that was typed: first by its whole word, then by its abbreviation (its capitals) or a
 /// beginning that holds them; case ignored. `_` asks for the global word; without it the local one
-/// counts first. Null when none fits.
+/// counts first. Accents may be missing where nothing fits with them. Null when none fits.
 const Keyword* matchKeyword(std::wstring_view text, std::span<const Keyword> keywords);
 
 /// List of acedInitGet: words separated by blanks, local ones, then after a single `_` the global

@@ -2,6 +2,7 @@
 // The only door between the editor and a front end (console, window).
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <initializer_list>
@@ -150,6 +151,9 @@ public:
     /// Shows the window or panel that does the command's work. False: there is none, the command
     /// does with the command line.
     virtual bool showTool(Tool) { return false; }
+    /// Lets so much time pass while windows stay alive; false when the user pressed Esc meanwhile.
+    /// 0 only looks whether he did. A front end without windows does not wait.
+    virtual bool pass(std::chrono::milliseconds) { return true; }
     /// Something visible changed; called after each command and each step of a drag.
     virtual void refresh() {}
 };

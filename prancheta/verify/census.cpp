@@ -51,8 +51,12 @@ void readNames(const dxf::Record& record, Census& census) {
     for (const NamedKind& known : kKinds)
         if (known.table == record.type)
             census.names[known.kind].insert(nameKey(name, census.charset));
-    if (record.type == "BLOCK_RECORD")
-        census.blockRecords.emplace(nameKey(name, census.charset), handleOf(record));
+    if (record.type != "BLOCK_RECORD") return;
+    const std::string key = nameKey(name, census.charset);
+    const std::uint64_t handle = handleOf(record);
+    census.blockRecords.emplace(key, handle);
+    if (key == "*model_space") census.modelSpace = handle;
+    if (key.starts_with("*paper_space")) census.paperSpaces.insert(handle);
 }
 
 }  // namespace

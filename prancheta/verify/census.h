@@ -57,6 +57,8 @@ struct Census {
     std::unordered_map<std::uint64_t, Object> objects;
     std::unordered_set<std::string> names[kNameKinds];
     std::unordered_map<std::string, std::uint64_t> blockRecords;
+    std::uint64_t modelSpace = 0;                   ///< its block record
+    std::unordered_set<std::uint64_t> paperSpaces;  ///< block records of all layouts
 
     bool knows(Names kind, std::string_view raw) const {
         return names[kind].contains(nameKey(raw, charset));

@@ -173,6 +173,28 @@ bool belongsToAnother(std::string_view type) {
     return type == "VERTEX" || type == "SEQEND" || type == "ATTRIB";
 }
 
+/// Group 67 of the entity's head.
+bool saysPaper(const dxf::Record& record) {
+    for (const dxf::Tag& tag : record.tags) {
+        long long value = 0;
+        if (tag.code == 67) return dxf::parseInteger(tag.value, value) && value != 0;
+        if (tag.code == 100 && trim(tag.value) != "AcDbEntity") break;
+    }
+    return false;
+}
+
+/// What stands in ENTITIES is in the model or on the paper of the layout in use, as group 67 says.
+void examineSpace(Examiner& examiner, const dxf::Record& record, std::uint64_t owner) {
+    const Census& census = examiner.census();
+    const bool inModel = owner == census.modelSpace;
+    if (!inModel && !census.paperSpaces.contains(owner))
+        examiner.error(
+            "o dono de uma entidade da seção ENTITIES deve ser o espaço do modelo ou do "
+            "papel");
+    else if (inModel == saysPaper(record))
+        examiner.error("o dono da entidade não é o espaço que o grupo 67 diz");
+}
+
 void examineOwner(Examiner& examiner, const dxf::Record& record) {
     const Census& census = examiner.census();
     const std::uint64_t owner = ownerOf(record);
@@ -182,7 +204,7 @@ void examineOwner(Examiner& examiner, const dxf::Record& record) {
     if (belongsToAnother(record.type)) return;
     if (known->second.type != "BLOCK_RECORD")
         return examiner.error("o dono da entidade não é um registro de bloco");
-    if (examiner.walker().place != Place::Blocks) return;
+    if (examiner.walker().place != Place::Blocks) return examineSpace(examiner, record, owner);
     const auto block = census.blockRecords.find(nameKey(examiner.walker().block, census.charset));
     if (block == census.blockRecords.end())
         examiner.error("o bloco " + shown(examiner.walker().block) + " não tem registro de bloco");

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Records of OBJECTS: dictionaries, owners, layouts.
+#include <algorithm>
+
 #include "prancheta/base/text.h"
 #include "prancheta/verify/examiner.h"
 
@@ -8,6 +10,15 @@ namespace {
 
 bool isDictionary(std::string_view type) {
     return type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT";
+}
+
+/// Objects that belong to the dictionary that names them. Others may be named by several.
+bool isOwnedByItsDictionary(std::string_view type) {
+    constexpr std::string_view kOwned[] = {
+        "DICTIONARY", "ACDBDICTIONARYWDFLT", "XRECORD",         "LAYOUT",
+        "GROUP",      "MLINESTYLE",          "ACDBPLACEHOLDER", "PLOTSETTINGS",
+    };
+    return std::find(std::begin(kOwned), std::end(kOwned), type) != std::end(kOwned);
 }
 
 /// Names with the handles that follow them.
@@ -24,7 +35,8 @@ void examineEntries(Examiner& examiner, const dxf::Record& record, bool root) {
         if (tag.code != 350 && tag.code != 360) continue;
         const auto child = examiner.census().objects.find(handleValue(tag.value));
         if (child == examiner.census().objects.end()) continue;  // told with the references
-        if (tag.code == 360 && child->second.owner != handleOf(record))
+        const bool owned = tag.code == 360 || isOwnedByItsDictionary(child->second.type);
+        if (owned && child->second.owner != handleOf(record))
             examiner.error("a entrada " + shown(name) + " aponta para um objeto de outro dono",
                            tag.value.data());
     }
@@ -41,7 +53,9 @@ void examineObject(Examiner& examiner, const dxf::Record& record) {
     if (!root && owner == 0) examiner.error("o objeto não tem dono (grupo 330)");
     if (isDictionary(record.type)) examineEntries(examiner, record, root);
     const auto known = examiner.census().objects.find(owner);
-    if (owner == 0 || known == examiner.census().objects.end()) return;
+    if (owner == 0) return;
+    if (known == examiner.census().objects.end())
+        return examiner.error("o dono do objeto não existe");
     if (record.type == "LAYOUT" && known->second.type != "DICTIONARY")
         examiner.error("o dono de um LAYOUT deve ser um dicionário");
 }

@@ -2,6 +2,7 @@
 // Atomic replacement and look-up of names without regard to case.
 #include "prancheta/base/file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -72,6 +73,26 @@ TEST_F(FileTest, ALinkIsFollowed) {
     ASSERT_TRUE(file.commit());
     EXPECT_TRUE(fs::is_symlink(folder / "link.lst"));
     EXPECT_EQ(*readFile(folder / "real.lst"), "new");
+}
+
+TEST_F(FileTest, APipeIsWrittenToAndStaysOne) {
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    fs::create_symlink("pipe", folder / "link");
+    for (const char* name : {"pipe", "link"}) {
+        // Opened for both ways, so that nobody waits for the other end.
+        const int reader = ::open((folder / "pipe").c_str(), O_RDWR | O_NONBLOCK);
+        AtomicFile file(folder / name);
+        ASSERT_TRUE(file.open());
+        file.write("new");
+        ASSERT_TRUE(file.commit());
+        char bytes[8];
+        ASSERT_EQ(::read(reader, bytes, sizeof bytes), 3) << name;
+        EXPECT_EQ(std::string_view(bytes, 3), "new");
+        ::close(reader);
+    }
+    EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_EQ(entries(), 2U);
 }
 
 TEST_F(FileTest, FailuresSayWhatAndWhere) {

@@ -31,6 +31,12 @@ TEST(Text, CaseIsFoldedForPortugueseLetters) {
     EXPECT_FALSE(equalNoCase(L"linha", L"linhas"));
 }
 
+TEST(Text, AccentsAreTakenOff) {
+    EXPECT_EQ(withoutAccents(L"POSIÇÃO próximo às ÂNGULOS, ênfase"),
+              L"POSICAO proximo as ANGULOS, enfase");
+    EXPECT_EQ(withoutAccents(L"× ÷ ° ß Æ"), L"× ÷ ° ß Æ");
+}
+
 TEST(Number, TextIsShortestAndReadsBack) {
     EXPECT_EQ(numberText(0.1), "0.1");
     EXPECT_EQ(numberText(-0.0), "0");

@@ -63,6 +63,51 @@ TEST_F(Draw, Circle) {
     EXPECT_TRUE(said(L"O círculo não existe: os pontos estão em uma linha reta."));
 }
 
+TEST_F(Draw, CircleByTwoTangentsAndTheRadius) {
+    type({L"_line", L"-50,0", L"50,0", L"", L"_line", L"0,-50", L"0,50", L""});
+    type({L"circulo", L"ttr", L"-20,0", L"0,20", L"5"});
+    ASSERT_EQ(count(), 3u);
+    EXPECT_TRUE(asked(L"círculo ou [3P/2P/Ttr]: "));
+    expectPoint(Read<AcDbCircle>(last())->center(), -5, 5);
+    type({L"_circle", L"_ttr", L"20,0", L"0,-20", L""});  // the last radius again
+    expectPoint(Read<AcDbCircle>(last())->center(), 5, -5);
+    // Radii 3 and 5, centres 14 apart, the new one 10: a triangle of 13, 14 and 15, whose height
+    // of 12 stands 5 from the first corner. Far from the origin no digit is lost.
+    type({L"_circle", L"1000000,100", L"3", L"_circle", L"1000014,100", L"5"});
+    type({L"_circle", L"_ttr", L"1000000,103", L"1000014,105", L"10"});
+    expectPoint(Read<AcDbCircle>(last())->center(), 1000005, 112);
+    // Around the first one: 13 - 2 * 3 = 7 to its centre, 15 to the other's.
+    type({L"_circle", L"_ttr", L"1000000,97", L"1000009,100", L"10"});
+    const AcGePoint3d around = Read<AcDbCircle>(last())->center();
+    EXPECT_NEAR(around.distanceTo({1000000, 100, 0}), 7, 1e-9);
+    EXPECT_NEAR(around.distanceTo({1000014, 100, 0}), 15, 1e-9);
+    const std::size_t made = count();
+    type({L"_circle", L"_ttr", L"1000000,103", L"1000014,105", L"2"});  // 5 + 7 do not reach 14
+    EXPECT_TRUE(said(L"O círculo não existe: nenhum com esse raio"));
+    type({L"_circle", L"_ttr", L"500,500", L"^C"});
+    EXPECT_TRUE(said(L"Nenhum objeto encontrado nesse ponto."));
+    EXPECT_EQ(count(), made);
+}
+
+TEST_F(Draw, LastAngleIsTheDirectionOfTheEnd) {
+    const auto lastAngle = [&] { return editor->variables().real(L"LASTANGLE"); };
+    type({L"_line", L"0,0", L"5,0", L"5,5", L""});
+    EXPECT_NEAR(lastAngle(), kPi / 2, 1e-12);
+    // Over the top, either way: the end is reached going down.
+    type({L"_arc", L"1,0", L"0,1", L"-1,0"});
+    EXPECT_NEAR(lastAngle(), 1.5 * kPi, 1e-12);
+    type({L"_pline", L"0,0", L"10,0", L"_a", L"10,10", L""});
+    EXPECT_NEAR(lastAngle(), kPi, 1e-12);
+    type({L"_arc", L"-1,0", L"0,1", L"1,0"});
+    EXPECT_NEAR(lastAngle(), 1.5 * kPi, 1e-12);
+    type({L"_pline", L"0,0", L"10,0", L"10,10", L"0,10", L"_c"});
+    EXPECT_NEAR(lastAngle(), 1.5 * kPi, 1e-12);
+    type({L"_pline", L"0,0", L"-7,0", L""});
+    EXPECT_NEAR(lastAngle(), kPi, 1e-12);
+    type({L"lastangle"});
+    EXPECT_TRUE(said(L"LASTANGLE = 180 (somente leitura)"));
+}
+
 TEST_F(Draw, ArcThroughThreePoints) {
     // Half of the unit circle over the X axis, drawn both ways: an arc always runs
     // counter-clockwise.

@@ -116,6 +116,89 @@ TEST_F(Files, UnchangedDrawingIsLeftAtOnce) {
     EXPECT_TRUE(editor->quitRequested());
 }
 
+class Scripts : public Files {
+protected:
+    std::wstring script(const char* name, const std::string& lines) {
+        std::ofstream(m_folder / name, std::ios::binary) << lines;
+        return path(name);
+    }
+    void run(const char* name, const std::string& lines) {
+        type({L"_script", script(name, lines).c_str()});
+        finish();
+    }
+    void finish() {
+        while (editor->inScript() && editor->step()) {
+        }
+    }
+};
+
+TEST_F(Scripts, KeysOfAFileAndOneUndo) {
+    type({L"_point", L"9,9"});
+    // Windows-1252 with its line ends; a blank line is Enter, as is the second of two blanks.
+    run("a.scr",
+        "; três linhas\r\n_line 0,0 10,0\r\n\r\n_line 0,5 10,5  _line 0,9 10,9\r\n\r\n"
+        "_-layer _m Se\xE7\xE3o\r\n\r\ncirculo 0,0 3\r\n");
+    ASSERT_TRUE(ui.complaints.empty());
+    ASSERT_EQ(count(), 5u);
+    expectLine(entities()[2], 0, 5, 10, 5);
+    EXPECT_EQ(layerOf(last()), L"Seção");
+    type({L"_u"});
+    EXPECT_EQ(count(), 1u);
+    type({L"_redo"});
+    EXPECT_EQ(count(), 5u);
+    // The extension may be missing; the mark of UTF-8 is no key.
+    (void)script("b.scr", "\xEF\xBB\xBF_point 1,1\n_point 2,2");
+    type({L"script", path("b").c_str()});
+    finish();
+    EXPECT_EQ(count(), 7u);
+    type({L"_rscript"});
+    finish();
+    EXPECT_EQ(count(), 9u);
+}
+
+TEST_F(Scripts, ACommandLeftWaitingIsTheUsers) {
+    const std::wstring name = script("a.scr", "_point 1,1\n_line 0,0 10,0\n");
+    type({L"_script", name.c_str(), L"20,0", L""});
+    EXPECT_EQ(count(), 3u);
+    type({L"_u"});
+    EXPECT_EQ(count(), 0u);
+    type({L"_point", L"1,1", L"_point", L"2,2", L"_u"});
+    EXPECT_EQ(count(), 1u);  // steps of one command again
+}
+
+TEST_F(Scripts, AnErrorInterruptsAndResumeGoesOn) {
+    run("a.scr", "_point 1,1\nbobagem\n_point 2,2\n");
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    EXPECT_EQ(count(), 1u);
+    type({L"retomar"});
+    finish();
+    EXPECT_EQ(count(), 2u);
+    type({L"_resume"});
+    EXPECT_EQ(ui.complaints.back(), L"Não há script interrompido.");
+    // In the middle of a command it goes on inside of it.
+    run("c.scr", "_line 0,0 bobagem 7,0\n\n");
+    type({L"'_resume"});
+    finish();
+    expectLine(last(), 0, 0, 7, 0);
+    type({L"_u"});
+    run("b.scr", "_rscript\n_point 3,3\n");
+    EXPECT_EQ(count(), 2u);
+    type({L"_script", path("falta").c_str()});
+    EXPECT_NE(ui.complaints.back().find(L"não existe"), std::wstring::npos);
+    EXPECT_NE(ui.complaints.back().find(L"falta.scr"), std::wstring::npos);
+    EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(Scripts, OneScriptHandsOverToAnother) {
+    const std::wstring second = script("b.scr", "_point 2,2\n");
+    run("a.scr", "_point 1,1\n_delay 5\n_script " + prancheta::toUtf8(second) + "\n_point 9,9\n");
+    EXPECT_TRUE(ui.complaints.empty());
+    ASSERT_EQ(count(), 2u);
+    expectPoint(Read<AcDbPoint>(last())->position(), 2, 2);
+    type({L"_u"});
+    EXPECT_EQ(count(), 0u);
+}
+
 TEST_F(Files, NewDrawingStartsAfresh) {
     type({L"_point", L"0,0", L"_erase", L"_l", L"", L"_new", L"_y", L"_oops", L"_u"});
     EXPECT_EQ(count(), 0u);

@@ -39,6 +39,7 @@ TEST_F(Modify, WhatCannotBeTransformedIsTold) {
 
 TEST_F(Modify, CopyAgainAndAgain) {
     type({L"copiar", L"_l", L"", L"0,0", L"0,10", L"0,20", L"_u", L"0,30", L""});
+    EXPECT_TRUE(said(L"Configurações atuais: Modo de cópia = Múltiplo\n"));
     ASSERT_EQ(count(), 3u);
     expectLine(entities()[0], 10, 0, 20, 0);
     expectLine(entities()[1], 10, 10, 20, 10);

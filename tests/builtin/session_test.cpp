@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SETVAR, DIST, LIST, HELP, ARX, and the table of commands.
 #include "accmd.h"
+#include "acedads.h"
 #include "prancheta/editor/command_stack.h"
+#include "prancheta/geometry/angles.h"
 #include "tests/builtin/script_ui.h"
 
 namespace builtin {
@@ -43,6 +45,34 @@ TEST_F(Session, SetVariable) {
     type({L"_setvar", L"CMDACTIVE"});
     EXPECT_TRUE(said(L"(somente leitura)"));
     EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(Session, AnglesOfVariablesAreTypedAsAngles) {
+    type({L"snapang", L"30", L"_setvar", L"SNAPANG", L""});
+    EXPECT_NEAR(editor->variables().real(L"SNAPANG"), prancheta::kPi / 6, 1e-15);
+    EXPECT_TRUE(asked(L"Digite novo valor para SNAPANG <30>:"));
+    type({L"aunits", L"3", L"angbase", L"0.5", L"aunits", L"0", L"angbase", L"2,5", L""});
+    EXPECT_NEAR(editor->variables().real(L"ANGBASE"), 0.5, 1e-15);
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    // Of the drawing: a new one begins without it.
+    type({L"_new", L"_y"});
+    EXPECT_EQ(editor->variables().real(L"SNAPANG"), 0.0);
+}
+
+TEST_F(Session, ExtentsAreMeasuredWhenAskedFor) {
+    type({L"extmin"});
+    EXPECT_TRUE(said(L"EXTMIN = 1e+20,1e+20,1e+20 "));
+    type({L"_line", L"1,2,3", L"11,22", L"", L"_circle", L"0,50", L"5"});
+    const std::uint64_t before = editor->database().core().undo().revision();
+    type({L"extmin", L"_setvar", L"?", L"ext*"});
+    EXPECT_TRUE(said(L"EXTMIN = -5,2,0 "));
+    EXPECT_TRUE(said(L"EXTMAX              11,55,3 "));
+    EXPECT_EQ(editor->database().core().undo().revision(), before);
+    resbuf corner{};
+    ASSERT_EQ(acedGetVar(L"extmax", &corner), RTNORM);
+    EXPECT_DOUBLE_EQ(corner.resval.rpoint[Y], 55);
+    type({L"_erase", L"_all", L"", L"extmax"});
+    EXPECT_TRUE(said(L"EXTMAX = -1e+20,-1e+20,-1e+20 "));
 }
 
 TEST_F(Session, ListVariables) {

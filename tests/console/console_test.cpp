@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The program's own contract: options, exit codes, how lines reach whoever asks.
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -51,6 +55,60 @@ protected:
     fs::path folder;
 };
 
+/// The program on a terminal of its own, with somebody who answers.
+class Terminal {
+public:
+    Terminal(const fs::path& program, const std::string& arguments) {
+        m_child = ::forkpty(&m_screen, nullptr, nullptr, nullptr);
+        if (m_child != 0) return;
+        const std::string command = "exec '" + program.string() + "' " + arguments;
+        ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+        std::_Exit(127);
+    }
+    ~Terminal() {
+        ::close(m_screen);
+        if (m_child > 0) {
+            ::kill(m_child, SIGKILL);
+            ::waitpid(m_child, nullptr, 0);
+        }
+    }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    /// Types the keys when the question has been shown.
+    void answer(const std::string& question, const std::string& keys) {
+        while (m_shown.find(question, m_read) == std::string::npos)
+            if (!show()) return;
+        m_read = m_shown.size();
+        EXPECT_EQ(::write(m_screen, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+    }
+    /// Exit code; -1 when the program was ended by a signal, or still waits for something.
+    int end() {
+        while (show()) {
+        }
+        ::kill(m_child, SIGKILL);  // nothing to one that has ended
+        int status = 0;
+        ::waitpid(std::exchange(m_child, -1), &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    const std::string& shown() const { return m_shown; }
+
+private:
+    bool show() {
+        pollfd waiting{m_screen, POLLIN, 0};
+        char bytes[512];
+        if (::poll(&waiting, 1, 10000) <= 0) return false;
+        const ssize_t n = ::read(m_screen, bytes, sizeof bytes);
+        if (n > 0) m_shown.append(bytes, static_cast<std::size_t>(n));
+        return n > 0;
+    }
+
+    int m_screen = -1;
+    pid_t m_child = -1;
+    std::string m_shown;
+    std::size_t m_read = 0;
+};
+
 bool has(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }
@@ -77,13 +135,42 @@ TEST_F(Console, WrongUsageIsTwo) {
     }
 }
 
+TEST_F(Console, OptionsTakeTheirValueAndNoMore) {
+    put("a.dxf", "  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nEOF\n");
+    const std::string bin = kProgram.parent_path().string();
+    const std::string modules =
+        "--modulo '" + bin + "/ZpObjects18.arx' --modulo '" + bin + "/ZpGBarraApp18.arx' ";
+    const Outcome outcome = run("--sem-modulos " + modules + "a.dxf", "_qsave\n");
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_TRUE(has(text("a.dxf"), "AC1015")) << "the drawing was opened, and saved again";
+    for (const char* option : {"-o", "--salvar"}) {
+        const Outcome twice = run("-o a " + std::string(option) + " b");
+        EXPECT_EQ(twice.code, 2);
+        EXPECT_TRUE(has(twice.err, "a opção --salvar foi repetida")) << twice.err;
+    }
+    EXPECT_TRUE(has(run("-o").err, "falta o valor da opção --salvar"));
+}
+
 TEST_F(Console, FilesThatCannotBeUsedAreThree) {
     EXPECT_EQ(run("-r none.txt").code, 3);
     EXPECT_EQ(run("none.dxf").code, 3);
     EXPECT_EQ(run("-o missing/out.dxf").code, 3);
     EXPECT_EQ(run("--estado missing/state.json").code, 3);
     EXPECT_EQ(run("--registro missing/log.jsonl").code, 3);
-    EXPECT_EQ(run("--modulo none.arx").code, 3);
+    for (const char* none : {"--instalacao none", "--instalacao entrada"}) {
+        const Outcome outcome = run(none);
+        EXPECT_EQ(outcome.code, 3) << none;
+        EXPECT_TRUE(has(outcome.err, "não é uma pasta")) << outcome.err;
+    }
+    const Outcome module = run("--modulo none.arx");
+    EXPECT_EQ(module.code, 3);
+    EXPECT_TRUE(has(module.err, "não existe")) << module.err;
+    // The program's own modules are looked for beside it.
+    fs::copy_file(kProgram, folder / "prancheta-console");
+    fs::create_symlink(kProgram.parent_path() / "libprancheta.so", folder / "libprancheta.so");
+    const Outcome alone = run("--ajuda >/dev/null; ./prancheta-console");
+    EXPECT_EQ(alone.code, 3);
+    EXPECT_TRUE(has(alone.err, "ZpObjects18.arx: o módulo não pôde ser carregado")) << alone.err;
     put("cut.dxf", "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n1.0\n 20\n");
     const Outcome cut = run("cut.dxf -o cut.dxf");
     EXPECT_EQ(cut.code, 3);
@@ -153,6 +240,28 @@ TEST_F(Console, TheShippedInstallationServesWhenNothingElseIsNamed) {
     EXPECT_EQ(outcome.code, 0) << outcome.err;
     EXPECT_TRUE(has(text("r.jsonl"),
                     "\"nome\":\"pu_geracao\",\"arquivo\":\"perfis.dcl\",\"resultado\":5100"));
+}
+
+TEST_F(Console, APromptBeginsItsLineWhateverWasWrittenBefore) {
+    fs::create_directory(folder / "vazia");
+    const Outcome outcome = run("--instalacao vazia", "perfilu\n");
+    EXPECT_TRUE(has(outcome.out, "Erro ao executar função\nComando: ")) << outcome.out;
+}
+
+TEST_F(Console, TheInterruptKeyOfATerminalIsEsc) {
+    Terminal terminal(kProgram, "--sem-modulos --estado '" + (folder / "e.json").string() + "'");
+    terminal.answer("Comando:", "_line\n");
+    terminal.answer("ponto", "0,0\n");
+    terminal.answer("ponto", "3,4\n");
+    terminal.answer("ponto", "\x03");
+    terminal.answer("Comando:", "\x03");
+    terminal.answer("Comando:", "_circle\n");
+    terminal.answer("central", "0,0\n");
+    terminal.answer("raio", "5\n");
+    terminal.answer("Comando:", "\x04");
+    EXPECT_EQ(terminal.end(), 0) << terminal.shown();
+    EXPECT_TRUE(has(text("e.json"), "AcDbLine"));
+    EXPECT_TRUE(has(text("e.json"), "AcDbCircle"));
 }
 
 TEST_F(Console, WithoutModulesTheirCommandsAreUnknown) {

@@ -3,6 +3,7 @@
 #include "dbdict.h"
 #include "dbxrecrd.h"
 #include "fixture.h"
+#include "prancheta/database/memory_filer.h"
 
 namespace {
 
@@ -27,6 +28,40 @@ protected:
     AcDbObjectId a;
     AcDbObjectId b;
 };
+
+TEST_F(CloneTest, ItemsAreFiledByTheirType) {
+    prancheta::MemoryFiler filer(AcDb::kDeepCloneFiler);
+    std::vector<AcDbObjectId> owned;
+    filer.ownedWritten = [&](AcDbObjectId id) { owned.push_back(id); };
+    filer.writeItem(Adesk::Int8{-5});
+    filer.writeItem(Adesk::UInt8{200});
+    filer.writeItem(Adesk::UInt16{60000});
+    filer.writeItem(Adesk::UInt32{4000000000});
+    filer.writeItem(AcGeVector3d(1, -2, 0.5));
+    filer.writeItem(AcDbHandle(0xABC));
+    filer.writeItem(AcDbHardOwnershipId(a));
+    filer.writeItem(AcDbSoftOwnershipId(b));
+    filer.writeItem(AcDbHardPointerId(b));
+    filer.writeItem(AcDbSoftPointerId(a));
+    EXPECT_EQ(owned, (std::vector{a, b})) << "an owned object is cloned along";
+
+    filer.rewind();
+    const auto read = [&](auto value) {
+        EXPECT_EQ(filer.readItem(&value), Acad::eOk);
+        return value;
+    };
+    EXPECT_EQ(read(Adesk::Int8{}), -5);
+    EXPECT_EQ(read(Adesk::UInt8{}), 200);
+    EXPECT_EQ(read(Adesk::UInt16{}), 60000);
+    EXPECT_EQ(read(Adesk::UInt32{}), 4000000000);
+    EXPECT_EQ(read(AcGeVector3d()), AcGeVector3d(1, -2, 0.5));
+    EXPECT_EQ(read(AcDbHandle()), AcDbHandle(0xABC));
+    EXPECT_EQ(read(AcDbHardOwnershipId()), a);
+    EXPECT_EQ(read(AcDbSoftOwnershipId()), b);
+    EXPECT_EQ(read(AcDbHardPointerId()), b);
+    EXPECT_EQ(read(AcDbSoftPointerId()), a);
+    EXPECT_TRUE(filer.atEnd());
+}
 
 TEST_F(CloneTest, ReferencesInsideTheSetFollow) {
     undo().begin(L"COPIAR");

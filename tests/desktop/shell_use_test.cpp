@@ -9,6 +9,8 @@
 #include <QSettings>
 #include <QTableView>
 
+#include <fstream>
+
 #include "prancheta/desktop/dialogs/settings.h"
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
@@ -68,6 +70,29 @@ TEST_F(Window, AbandonedWorkLeavesNoRecoveryCopy) {
     story.choose("salvarAlteracoes", "Não salvar");
     story.when([&] { return story.idle() && story.entities() == 1; },
                [&] { EXPECT_TRUE(fs::is_empty(recoveries())); });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, EscEndsAScriptThatWaits) {
+    const fs::path file = folder() / "espera.scr";
+    std::ofstream(file) << "_circle 50,50 25\n_delay 30000\n_circle 90,50 25\n";
+    Story story;
+    QTimer escape;
+    QObject::connect(&escape, &QTimer::timeout, [&] {
+        if (story.entities() != 1 || story.window().ui().request() != nullptr) return;
+        escape.stop();
+        story.window().ui().cancel();
+    });
+    story.then([&] {
+        escape.start(20);
+        story.press("_script " + QString::fromStdString(file.string()) + "\n");
+    });
+    story.when([&] { return story.idle() && story.entities() > 0; },
+               [&] {
+                   EXPECT_EQ(story.entities(), 1u) << "the rest of the script is kept";
+                   story.press("_resume ");
+               });
+    story.when([&] { return story.idle() && story.entities() == 2; }, [] {});
     EXPECT_TRUE(story.run());
 }
 

@@ -154,6 +154,8 @@ TEST_F(Pieces, DamagedOrNewerRecordsStayReferences) {
         {"no frame", replaced("1002\n{\n", "1002\n}\n")},
         {"cut off", replaced("1002\n}\n", "")},
         {"unequal scales", withInsert(text, {{41, "2.0"}})},
+        {"repeated in columns", withInsert(text, {{70, "3"}, {44, "50.0"}})},
+        {"repeated in rows", withInsert(text, {{71, "2"}, {45, "50.0"}})},
     };
     for (const auto& [what, damaged] : cases) {
         dxf::LoadReport report;

@@ -344,10 +344,20 @@ TEST(Dimensions, WithoutAStyleOfTheirOwnAreSavedWithTheCurrentOne) {
     auto* style = new AcDbDimStyleTableRecord;
     ASSERT_EQ(style->setName(L"Detalhe"), Acad::eOk);
     ASSERT_EQ(table->add(style), Acad::eOk);
+    AcDbObjectPointer<AcDbTextStyleTable> letters(database.textStyleTableId(), AcDb::kForWrite);
+    auto* narrow = new AcDbTextStyleTableRecord;
+    ASSERT_EQ(narrow->setName(L"Estreito"), Acad::eOk);
+    ASSERT_EQ(letters->add(narrow), Acad::eOk);
+    ASSERT_EQ(style->setDimtxsty(narrow->objectId()), Acad::eOk);
+    narrow->close();
+    (void)letters.close();
     style->close();
     (void)table.close();
+    EXPECT_EQ(valueOf(record(groupsOf(saved(database)), "TEXT"), 7), "Standard");
     ASSERT_TRUE(database.core().variables().set(L"DIMSTYLE", std::wstring(L"Detalhe")).ok());
-    EXPECT_EQ(valueOf(record(groupsOf(saved(database)), "DIMENSION"), 3), "Detalhe");
+    const Groups all = groupsOf(saved(database));
+    EXPECT_EQ(valueOf(record(all, "DIMENSION"), 3), "Detalhe");
+    EXPECT_EQ(valueOf(record(all, "TEXT"), 7), "Estreito") << "the text in the dimension's block";
 }
 
 TEST(Drawing, ScaleOfDimensionsStandsBeforeTheStyleInTheFile) {

@@ -32,7 +32,9 @@ TEST_F(ApiTest, formatsHaveTheMeaningThatModulesExpect) {
     EXPECT_EQ(printed(L"%2$s-%1$d", 3, L"x"), L"x-3");
     EXPECT_EQ(printed(L"100%"), L"100%");
     EXPECT_EQ(printed(L"%s", static_cast<const wchar_t*>(nullptr)), L"(null)");
-    EXPECT_EQ(kinds({"texto"}), "texto texto texto texto texto texto texto texto texto texto");
+    EXPECT_EQ(printed(L"%q0a%q3|%d|%qd", 1, 2, 3, 4LL), L"a|3|4");
+    EXPECT_EQ(kinds({"texto"}),
+              "texto texto texto texto texto texto texto texto texto texto texto");
     EXPECT_EQ(acedAlert(L"\nCuidado"), RTNORM);
     EXPECT_EQ(ui.alerts, std::vector<std::wstring>{L"\nCuidado"});
 }
@@ -90,6 +92,17 @@ TEST_F(ApiTest, transformsBetweenSystems) {
     editortest::expectPoint(asPnt3d(r), -1, 2, -3);
     user.resval.rint = 9;
     EXPECT_EQ(acedTrans(q, &user, &world, 0, r), RTERROR);
+    // Paper coordinates stand beside those of the view only.
+    resbuf paper = world;
+    paper.resval.rint = 3;
+    resbuf view = world;
+    view.resval.rint = 2;
+    for (const resbuf* other : {&world, &down, &paper}) {
+        EXPECT_EQ(acedTrans(q, &paper, other, 0, r), RTERROR);
+        EXPECT_EQ(acedTrans(q, other, &paper, 0, r), RTERROR);
+    }
+    EXPECT_EQ(acedTrans(q, &paper, &view, 0, r), RTNORM);
+    EXPECT_EQ(acedTrans(q, &view, &paper, 0, r), RTNORM);
 
     // Input comes in user coordinates, the rubber band goes out in world coordinates.
     ui.inputs = {editortest::typed(L"@1,0")};

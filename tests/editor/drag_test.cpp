@@ -41,7 +41,7 @@ class DragTest : public editortest::EditorTest {
 protected:
     /// Drags a line from (10, 10) with these inputs.
     AcEdJig::DragStatus drag(std::deque<RawInput> inputs, int controls = 0x60) {
-        entity = new AcDbLine(AcGePoint3d(10, 10, 0), AcGePoint3d(10, 10, 0));
+        entity = new AcDbLine(AcGePoint3d(10, 10, height), AcGePoint3d(10, 10, height));
         jig = std::make_unique<LineJig>(entity);
         jig->controls = controls;
         jig->seen = seen;
@@ -55,6 +55,7 @@ protected:
 
     AcDbLine* entity = nullptr;
     AcGePoint3d seen;
+    double height = 0.0;  ///< of the start
     std::unique_ptr<LineJig> jig;
 };
 
@@ -83,6 +84,18 @@ TEST_F(DragTest, typedEnds) {
     editor->setLastPoint(AcGePoint3d(10, 10, 0));
     EXPECT_EQ(drag({typed(L"@250<90")}), AcEdJig::kNormal);
     editortest::expectPoint(entity->endPoint(), 10, 260);
+}
+
+TEST_F(DragTest, onlyATypedHeightIsRefusedInThePlane) {
+    height = 50;
+    editor->setLastPoint(AcGePoint3d(10, 10, 50));
+    EXPECT_EQ(drag({typed(L"1,2,3"), typed(L"@1,2,3"), typed(L"@5<90,3"), typed(L"@200,0")}),
+              AcEdJig::kNormal);
+    EXPECT_EQ(ui.complaints.size(), 3u);
+    editortest::expectPoint(entity->endPoint(), 210, 10, 50);
+    delete entity;
+    EXPECT_EQ(drag({typed(L"25")}), AcEdJig::kNormal);
+    editortest::expectPoint(entity->endPoint(), 35, 10, 50);
 }
 
 TEST_F(DragTest, theLastPositionCountsWhenItWasSeenBefore) {

@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <deque>
+#include <fstream>
 
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/command_stack.h"
@@ -118,9 +119,43 @@ TEST_F(ModulesTest, refusalAndRubbish) {
     unsetenv("SONDA_RECUSA");
     EXPECT_EQ(modules().find(std::wstring_view(L"sonda")), nullptr);
     EXPECT_FALSE(known(L"sdraw"));
-    EXPECT_FALSE(modules().load("nao_existe.arx"));
-    EXPECT_FALSE(modules().load("libprancheta.so"));  // a library, but no module
+    const auto reason = [this](const char* file) { return modules().load(file).error().text; };
+    EXPECT_NE(reason("nao_existe.arx").find("não existe"), std::string::npos);
+    EXPECT_NE(reason("libprancheta.so").find("falta a função"), std::string::npos);
+    const std::filesystem::path text = std::filesystem::path(testing::TempDir()) / "texto.arx";
+    std::ofstream(text) << "isto é um texto";
+    EXPECT_NE(reason(text.c_str()).find("não é um módulo deste sistema"), std::string::npos);
+    std::filesystem::remove(text);
     EXPECT_TRUE(modules().load("sonda"));
+}
+
+TEST_F(ModulesTest, whoRefusesADrawingIsUnloadedUnlessItIsInUse) {
+    const auto refusing = [this](AcRx::AppMsgCode message) {
+        ui.output.clear();
+        ui.complaints.clear();
+        setenv("SONDA_RECUSA", std::to_string(message).c_str(), 1);
+        modules().broadcast(message);
+        unsetenv("SONDA_RECUSA");
+        return modules().find(std::wstring_view(L"sonda")) != nullptr;
+    };
+    for (const AcRx::AppMsgCode message :
+         {AcRx::kLoadDwgMsg, AcRx::kUnloadDwgMsg, AcRx::kSaveMsg}) {
+        ASSERT_TRUE(modules().load("sonda"));
+        EXPECT_FALSE(refusing(message)) << message;
+        EXPECT_TRUE(ui.output.ends_with(L"[sonda 2]")) << message;
+        EXPECT_FALSE(known(L"sdraw"));
+        EXPECT_EQ(ui.complaints.size(), 1u);
+    }
+    ASSERT_TRUE(modules().load("sonda"));
+    EXPECT_TRUE(refusing(AcRx::kPreQuitMsg));
+    EXPECT_TRUE(ui.complaints.empty());
+    // The other module needs this one.
+    setenv("SONDA_BASE_RECUSA", std::to_string(AcRx::kSaveMsg).c_str(), 1);
+    modules().broadcast(AcRx::kSaveMsg);
+    unsetenv("SONDA_BASE_RECUSA");
+    EXPECT_TRUE(acrxAppIsLoaded(L"sonda_base"));
+    ASSERT_EQ(ui.complaints.size(), 1u);
+    EXPECT_NE(ui.complaints[0].find(L"depende dele"), std::wstring::npos);
 }
 
 TEST_F(ModulesTest, newDrawingsAndTheEndAreTold) {

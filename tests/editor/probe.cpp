@@ -33,11 +33,12 @@ extern "C" int acrxGetApiVersion(void) { return 18; }
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
     acutPrintf(L"[sonda %d]", static_cast<int>(message));
+    const char* const refused = std::getenv("SONDA_RECUSA");  // number of a message
+    if (refused != nullptr && std::atoi(refused) == message) return AcRx::kRetError;
     if (message == AcRx::kInitAppMsg) {
         g_application = packet;
         // Commands cannot be sent from here.
         if (acedCommand(RTSTR, L"_.line", RTNONE) != RTERROR) return AcRx::kRetError;
-        if (std::getenv("SONDA_RECUSA") != nullptr) return AcRx::kRetError;
         acrxUnlockApplication(packet);
         acedRegCmds->addCommand(L"SONDA", L"sdraw", L"sdesenha", ACRX_CMD_TRANSPARENT, draw);
         acedRegCmds->addCommand(L"SONDA", L"sself", L"sself", ACRX_CMD_TRANSPARENT, unloadSelf);

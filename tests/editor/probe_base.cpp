@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A module that brings an entity class.
+#include <cstdlib>
+
 #include "aced.h"
 #include "acutads.h"
 #include "dbents.h"
@@ -17,6 +19,8 @@ AcDbEntity* makeProbeLine() { return new ProbeLine; }
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
     acutPrintf(L"[base %d]", static_cast<int>(message));
+    const char* const refused = std::getenv("SONDA_BASE_RECUSA");  // number of a message
+    if (refused != nullptr && std::atoi(refused) == message) return AcRx::kRetError;
     if (message == AcRx::kInitAppMsg) {
         acrxUnlockApplication(packet);
         ProbeLine::rxInit();

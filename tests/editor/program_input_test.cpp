@@ -232,8 +232,13 @@ TEST_F(ProgramTest, runningSnapsActOnProgramsPoints) {
     editortest::expectPoint(editor->lastPoint(), 100, 0);
     type({L"osmode", L"0", L"perto"});
     editortest::expectPoint(editor->lastPoint(), 100.5, 0.25);
-    type({L"raios", L"100.5,0.25", L""});  // what the user types stays as typed
-    editortest::expectPoint(editor->lastPoint(), 100.5, 0.25);
+    // What the user types stays as typed, unless OSNAPCOORD lets the running snaps win.
+    type({L"osmode", L"1", L"osnapcoord", L"0", L"raios", L"100.4,50.3", L""});
+    editortest::expectPoint(editor->lastPoint(), 100, 50);
+    type({L"osmode", L"16385", L"raios", L"100.4,50.3", L""});  // F3: switched off
+    editortest::expectPoint(editor->lastPoint(), 100.4, 50.3);
+    type({L"osmode", L"1", L"osnapcoord", L"2", L"raios", L"99.8,49.6", L""});
+    editortest::expectPoint(editor->lastPoint(), 99.8, 49.6);
 }
 
 }  // namespace

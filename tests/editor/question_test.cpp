@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "prancheta/geometry/angles.h"
 #include "support.h"
 
@@ -51,6 +53,10 @@ TEST_F(QuestionTest, directDistanceFollowsTheRubberBand) {
     expectPoint(type(request(InputKind::Point, base), {L"50"}).value.point, 40, 50);
     frame.ortho = true;
     expectPoint(type(request(InputKind::Point, base), {L"50"}).value.point, 10, 60);
+    // Turned by 45 degrees the axes point to (1, 1) and (-1, 1): 3-4 is nearer to the first.
+    frame.snapAngle = kPi / 4;
+    const double leg = 50 * std::sqrt(0.5);
+    expectPoint(type(request(InputKind::Point, base), {L"50"}).value.point, 10 + leg, 10 + leg);
     InputRequest free = request(InputKind::Drag, base);
     free.orthoAllowed = false;
     expectPoint(type(free, {L"50"}).value.point, 40, 50);
@@ -145,6 +151,22 @@ TEST_F(QuestionTest, snapWordsActOnOnePoint) {
     expectPoint(type(request(InputKind::Point), {L"3,3"}).value.point, 0, 0);
     expectPoint(type(request(InputKind::Point), {L"70,3"}).value.point, 70, 3);
     expectPoint(type(request(InputKind::Point), {L"_non", L"3,3"}).value.point, 3, 3);
+}
+
+TEST_F(QuestionTest, parallelsCannotBeTyped) {
+    Question question(request(InputKind::Point, base));
+    const Reading parallel = question.give(typed(L"_par"), frame);
+    ASSERT_TRUE(refused(parallel));
+    EXPECT_NE(parallel.message.find(L"Paralelo"), std::wstring::npos);
+    expectPoint(question.give(typed(L"3,3"), frame).value.point, 3, 3);
+}
+
+TEST_F(QuestionTest, runningSnapsDoNotMoveWhatIsPicked) {
+    frame.snap = [](const AcGePoint3d&, int, SnapReach, const std::optional<AcGePoint3d>&) {
+        return std::optional(AcGePoint3d(0, 0, 0));
+    };
+    frame.runningSnaps = 1;
+    expectPoint(type(request(InputKind::Selection), {L"3,4"}).value.point, 3, 4);
 }
 
 TEST_F(QuestionTest, enterEscapeAndWords) {

@@ -89,6 +89,48 @@ TEST_F(SelectTest, textsAreCrossedByTheirBoxes) {
     EXPECT_EQ(selected({L"_wp", L"5,95", L"95,95", L"95,115", L"5,115", L""}), "3");
 }
 
+TEST_F(SelectTest, withoutPickaddTheLastPickCounts) {
+    editor->variables().force(L"PICKADD", short{0});
+    EXPECT_EQ(selected({L"0,25", L"100,25"}), "1");
+    EXPECT_EQ(selected({L"0,25", L"_c", L"50,10", L"250,20"}), "12");
+    EXPECT_EQ(selected({L"0,25", L"150,10", L"250,5"}), "0");  // a frame around nothing
+    EXPECT_EQ(selected({L"0,25", L"_l"}), "02");
+    EXPECT_EQ(selected({L"_all", L"_r", L"100,25"}), "02");
+    EXPECT_EQ(selected({L"_all", L"100,25", L"_u"}), "012");
+    // Shift adds and takes out.
+    const auto pick = [&](int index, bool shift) {
+        RawInput input = editortest::at(RawInput::Kind::Pick, 100.0 * index, 25);
+        input.entities = {lines[static_cast<std::size_t>(index)]};
+        input.removes = shift;
+        ui.inputs.push_back(input);
+    };
+    pick(2, false);
+    pick(0, true);
+    pick(1, true);
+    pick(2, true);
+    EXPECT_EQ(selected({}), "01");
+    editor->pick({lines[2]}, Editor::Shift::Up);
+    editor->pick({lines[0], lines[1]}, Editor::Shift::Down);
+    editor->pick({lines[0]}, Editor::Shift::Down);
+    EXPECT_EQ(editor->pickfirst(), (std::vector<AcDbObjectId>{lines[2], lines[1]}));
+    editor->clearPickfirst();
+    // A program names one object after the other.
+    registerCommand(L"dois", [] {
+        const ads_point first = {0, 25, 0};
+        const ads_point second = {100, 25, 0};
+        acedCommand(RTSTR, L"_turn", RTPOINT, first, RTPOINT, second, RTSTR, L"", RTSTR, L"0,0",
+                    RTSTR, L"0", RTNONE);
+    });
+    type({L"dois"});
+    EXPECT_EQ(editortest::turned().count, 2u);
+}
+
+TEST_F(SelectTest, groupsAreNotUsed) {
+    EXPECT_EQ(selected({L"0,25", L"_g"}), "0");
+    EXPECT_TRUE(said(L"Não há grupos no desenho.\n"));
+    EXPECT_TRUE(ui.complaints.empty());
+}
+
 TEST_F(SelectTest, tellsWhatItFound) {
     (void)selected({L"_all", L"0,25", L"_all"});
     EXPECT_TRUE(said(L"3 encontrados\n"));
@@ -207,6 +249,10 @@ TEST_F(SelectTest, snaps) {
     EXPECT_EQ(acedOsnap(near, L"_bobagem", result), RTERROR);
     EXPECT_EQ(snapModes(L"_endp , int"), 33);
     EXPECT_EQ(snapModes(L"_none"), 0);
+    // Three letters, with or without the accent.
+    EXPECT_EQ(snapModes(L"pró,no,int,extensao,per"), 512 + 8 + 32 + 4096 + 128);
+    EXPECT_EQ(snapModes(L"pro"), 512);
+    EXPECT_FALSE(snapModes(L"_proximos").has_value());
 }
 
 }  // namespace

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Which snap points a pointer is offered, in what order, and what they say of themselves.
+#include <cmath>
+
 #include "dbpl.h"
 #include "prancheta/editor/picking.h"
+#include "prancheta/editor/snap_modes.h"
+#include "prancheta/geometry/angles.h"
 #include "support.h"
 
 using namespace prancheta;
@@ -24,6 +28,14 @@ protected:
         editortest::expectPoint(hit.point, x, y);
         EXPECT_EQ(hit.mode, mode);
         EXPECT_TRUE(hit.entity == entity);
+    }
+    AcDbObjectId add(AcDbEntity* entity) {
+        AcDbObjectPointer<AcDbBlockTableRecord> space(editor->database().currentSpaceId(),
+                                                      AcDb::kForWrite);
+        AcDbObjectId id;
+        EXPECT_EQ(space->appendAcDbEntity(id, entity), Acad::eOk);
+        (void)entity->close();
+        return id;
     }
     template <class Change>
     void changeLayer(AcDbObjectId id, Change&& what) {
@@ -65,6 +77,34 @@ TEST_F(SnapHitsTest, anEndWinsOverTheCrossingThatFallsOnIt) {
     expectHit(crossing[0], 100, 20, kIntersection, over);
 }
 
+TEST_F(SnapHitsTest, apparentCrossings) {
+    line(100, 0, 100, 50);
+    const AcDbObjectId over = line(90, 20, 110, 20);
+    const std::vector<SnapHit> apparent = hits(100.3, 20.2, kApparentSnap);
+    ASSERT_EQ(apparent.size(), 1u);
+    expectHit(apparent[0], 100, 20, kApparentSnap, over);
+    EXPECT_EQ(hits(100.3, 20.2, kApparentSnap + kIntersection).size(), 1u);
+}
+
+TEST_F(SnapHitsTest, extensionsBeyondTheEnds) {
+    const AcDbObjectId slope = line(0, 0, 30, 40);
+    const auto extended = [&](double x, double y) {
+        return hits(x, y, kExtensionSnap, SnapReach::Object);
+    };
+    // Twice as far: 60, 80, and one unit aside of it.
+    const std::vector<SnapHit> beyond = extended(60.8, 79.4);
+    ASSERT_EQ(beyond.size(), 1u);
+    expectHit(beyond[0], 60, 80, kExtensionSnap, slope);
+    expectHit(extended(-30, -40).at(0), -30, -40, kExtensionSnap, slope);
+    EXPECT_TRUE(extended(15.8, 19.4).empty());              // on the line itself
+    EXPECT_TRUE(extended(60, 90).empty());                  // ten above 60, 80: six aside
+    EXPECT_TRUE(hits(60.8, 79.4, kExtensionSnap).empty());  // does not run
+    // The quarter from east to north of the circle of radius 10 about 200, 0.
+    const AcDbObjectId quarter = add(new AcDbArc({200, 0, 0}, 10, 0, kPi / 2));
+    expectHit(extended(189, 0).at(0), 190, 0, kExtensionSnap, quarter);
+    EXPECT_TRUE(extended(200 + 11 * std::sqrt(0.5), 11 * std::sqrt(0.5)).empty());
+}
+
 TEST_F(SnapHitsTest, wholeObjectWhenAskedFor) {
     const AcDbObjectId tall = line(100, 0, 100, 50);
     EXPECT_TRUE(hits(100.2, 35, kEnd).empty());
@@ -81,13 +121,7 @@ TEST_F(SnapHitsTest, theEdgeUnderThePointerIsMeant) {
     for (unsigned i = 0; i < 4; ++i)
         (void)box->addVertexAt(i, AcGePoint2d(corners[i][0], corners[i][1]));
     (void)box->setClosed(true);
-    AcDbObjectId id;
-    {
-        AcDbObjectPointer<AcDbBlockTableRecord> space(editor->database().currentSpaceId(),
-                                                      AcDb::kForWrite);
-        ASSERT_EQ(space->appendAcDbEntity(id, box), Acad::eOk);
-        (void)box->close();
-    }
+    const AcDbObjectId id = add(box);
     const std::vector<SnapHit> middles = hits(45, 0.5, kMiddle, SnapReach::Object);
     ASSERT_EQ(middles.size(), 1u);
     expectHit(middles[0], 100, 0, kMiddle, id);

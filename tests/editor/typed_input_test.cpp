@@ -143,6 +143,16 @@ TEST(Keywords, wholeWordsCountBeforeBeginningsAndLocalOnesBeforeGlobalOnes) {
     EXPECT_EQ(matched(L"", words), L"");
 }
 
+TEST(Keywords, accentsMayBeMissing) {
+    const std::vector<Keyword> words = {
+        {L"Prévio", L"Previous"}, {L"Ângulo", L"Turn"}, {L"Secao", L"Plain"}, {L"Seção", L"Cut"}};
+    EXPECT_EQ(matched(L"PREVIO", words), L"Previous");
+    EXPECT_EQ(matched(L"ang", words), L"Turn");
+    EXPECT_EQ(matched(L"_ang", words), L"");
+    EXPECT_EQ(matched(L"seção", words), L"Cut");
+    EXPECT_EQ(matched(L"secao", words), L"Plain");
+}
+
 TEST(Keywords, listOfInitGet) {
     const std::vector<Keyword> both = readKeywordList(L"Sim Não _Yes No");
     ASSERT_EQ(both.size(), 2u);

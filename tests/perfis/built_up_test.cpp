@@ -2,10 +2,9 @@
 // Built-up commands: lacing limits of each, the test of the lacing, what their dialogs remember.
 #include "perfis/commands/built_up_run.h"
 
-#include <cstdlib>
-
 #include "perfis/commands/handlers.h"
 #include "tests/perfis/dialog_stand_in.h"
+#include "tests/perfis/environment.h"
 #include "tests/perfis/temp_folder.h"
 
 namespace perfis {
@@ -15,7 +14,7 @@ using Texts = std::vector<std::wstring>;
 
 class BuiltUpDialog : public TempFolder {
 protected:
-    BuiltUpDialog() { ::setenv("ZPFORJA2010", folder().c_str(), 1); }
+    BuiltUpDialog() { installAt(folder().string()); }
     DialogStandIn host;
 };
 

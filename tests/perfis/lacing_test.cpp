@@ -5,11 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <cstdlib>
 #include <limits>
 
 #include "perfis/output/plates.h"
 #include "tests/perfis/dialog_stand_in.h"
+#include "tests/perfis/environment.h"
 
 namespace perfis {
 namespace {
@@ -91,7 +91,7 @@ TEST(Lacing, NumbersAreShownWithoutTrailingZeros) {
 
 class LacingDialog : public ::testing::Test {
 protected:
-    LacingDialog() { ::setenv("ZPFORJA2010", "/zp", 1); }
+    LacingDialog() { installAt("/zp"); }
     DialogStandIn host;
 };
 

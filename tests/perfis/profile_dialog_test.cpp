@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The dialog of a profile command against a recording host: the plain U, and where others differ.
-#include <cstdlib>
 
 #include "perfis/commands/handlers.h"
 #include "perfis/output/shared_dimension.h"
 #include "tests/perfis/dialog_stand_in.h"
+#include "tests/perfis/environment.h"
 #include "tests/perfis/temp_folder.h"
 
 namespace perfis {
@@ -14,7 +14,7 @@ using Texts = std::vector<std::wstring>;
 
 class ProfileDialog : public TempFolder {
 protected:
-    ProfileDialog() { ::setenv("ZPFORJA2010", folder().c_str(), 1); }
+    ProfileDialog() { installAt(folder().string()); }
     std::string list(std::string_view name) const {
         return get("Perfis/Listas/" + std::string(name));
     }
@@ -100,11 +100,11 @@ TEST_F(ProfileDialog, FailuresAreSaid) {
                                     L"texto \nErro ao executar função"}));
     EXPECT_EQ(list("pu.lst"), "\n\na\n");  // not written back
     host.clearEvents();
-    ::setenv("ZPFORJA2010", std::string(600, 'x').c_str(), 1);
+    installAt(std::string(600, 'x'));
     draw(pudobrado);
     EXPECT_EQ(host.events(), Texts{L"texto \nCaminho muito longo: ZPFORJA2010."});
     host.clearEvents();
-    ::unsetenv("ZPFORJA2010");
+    installAt("");
     draw(pudobrado);
     EXPECT_EQ(host.events(),
               Texts{L"texto \nA variável de ambiente ZPFORJA2010 não está definida."});

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The dialog of the rolled I command against a recording host.
-#include <cstdlib>
 
 #include "perfis/commands/handlers.h"
 #include "tests/perfis/dialog_stand_in.h"
+#include "tests/perfis/environment.h"
 #include "tests/perfis/temp_folder.h"
 
 namespace perfis {
@@ -14,7 +14,7 @@ using Texts = std::vector<std::wstring>;
 class RolledDialog : public TempFolder {
 protected:
     RolledDialog() {
-        ::setenv("ZPFORJA2010", folder().c_str(), 1);
+        installAt(folder().string());
         putList("BitolasAcoMinas.lst", "W A\nW B\n\nW C\n");
         putList("DadosAcoMinas.lst",
                 "150\t100\t5\t4\t13\n200\t110\t6\t4.5\t15\n\n300\t150\t7\t5\t20\n");

@@ -3,12 +3,11 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -16,8 +15,11 @@
 class TempFolder : public ::testing::Test {
 protected:
     TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "perfis_XXXXXX").string();
-        m_folder = ::mkdtemp(pattern.data());
+        std::random_device chance;
+        do {
+            m_folder =
+                std::filesystem::temp_directory_path() / ("perfis_" + std::to_string(chance()));
+        } while (!std::filesystem::create_directory(m_folder));
     }
     ~TempFolder() override { std::filesystem::remove_all(m_folder); }
 

@@ -4,11 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "perfis/dialogs/bar_type_dialog.h"
 #include "perfis/dialogs/tiles.h"
 #include "tests/perfis/dialog_stand_in.h"
+#include "tests/perfis/environment.h"
 
 namespace perfis {
 namespace {
@@ -17,7 +16,7 @@ using Texts = std::vector<std::wstring>;
 
 class ViewsDialogTest : public ::testing::Test {
 protected:
-    ViewsDialogTest() { ::setenv("ZPFORJA2010", "/zp", 1); }
+    ViewsDialogTest() { installAt("/zp"); }
     int run(const Texts& actions, int figures = 4) {
         host.play(actions);
         return editViews(L"pu", choice, figures);
@@ -116,7 +115,7 @@ TEST_F(ViewsDialogTest, AMissingDialogIsAnAlert) {
 }
 
 TEST(BarType, ComesFromTheButtonsTable) {
-    ::setenv("ZPFORJA2010", "/zp", 1);
+    installAt("/zp");
     DialogStandIn host;
     int type = 9;
     host.play({L"TipoRow=bt_pilar", L"bt_pilar"});

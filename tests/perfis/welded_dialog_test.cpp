@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The dialogs of the welded I commands against a recording host.
-#include <cstdlib>
 
 #include "perfis/commands/handlers.h"
 #include "tests/perfis/dialog_stand_in.h"
+#include "tests/perfis/environment.h"
 #include "tests/perfis/temp_folder.h"
 
 namespace perfis {
@@ -14,7 +14,7 @@ using Texts = std::vector<std::wstring>;
 class WeldedDialog : public TempFolder {
 protected:
     WeldedDialog() {
-        ::setenv("ZPFORJA2010", folder().c_str(), 1);
+        installAt(folder().string());
         putList("vi.lst", "200\t100\t6.3\t4.75\n250\t120\t8\n");
         putList("vi_vs.lst", "VS A\nVS B\n\nVS C\n");
         putList("vs.lst", "150\t100\t6.30\t4.75\t15.00\n\n160\t110\t8.00\t6.30\t20.00\n");

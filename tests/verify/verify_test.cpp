@@ -92,6 +92,7 @@ TEST(Verify, EveryFaultIsToldWithItsRecordAndLine) {
         {"LINE", 21, nullptr, "falta o grupo 21"},
         {"LINE", 8, "Nenhuma", "a camada \"Nenhuma\" não existe"},
         {"LINE", 330, "FFFF", "não existe"},
+        {"LAYOUT", 330, "FFFF", "o dono do objeto não existe"},
         {"LINE", 5, "XYZ", "valor inválido"},
         {"LINE", 100, nullptr, "AcDbEntity"},
         {"CIRCLE", 40, "0", "deve ser positivo"},
@@ -119,6 +120,43 @@ TEST(Verify, EveryFaultIsToldWithItsRecordAndLine) {
             placed |= remark.type == fault.type &&
                       (remark.line == lines.record || remark.line == lines.value);
         EXPECT_TRUE(placed) << all;
+    }
+}
+
+TEST(Verify, EntitiesStandInTheSpaceThatOwnsThem) {
+    const BarModule module;
+    const Groups all = groupsOf(sample());
+    const std::string model = valueOf(record(all, "BLOCK_RECORD", 2, "*Model_Space"), 5);
+    const std::string paper = valueOf(record(all, "BLOCK_RECORD", 2, "*Paper_Space"), 5);
+    const std::string picture = valueOf(record(all, "BLOCK_RECORD", 2, "*U1"), 5);
+    const auto told = [&](const std::string& owner, bool saysPaper) {
+        Groups changed = all;
+        const auto section = std::find(changed.begin(), changed.end(), Group{2, "ENTITIES"});
+        const auto line = std::find(section, changed.end(), Group{0, "LINE"});
+        const auto at = std::find(line, changed.end(), Group{330, model});
+        at->value = owner;
+        if (saysPaper) changed.insert(at + 2, {67, "1"});
+        return messages(examined(fileText(changed)));
+    };
+    EXPECT_EQ(told(model, false), "");
+    EXPECT_EQ(told(paper, true), "");
+    EXPECT_NE(told(model, true).find("o grupo 67"), std::string::npos);
+    EXPECT_NE(told(paper, false).find("o grupo 67"), std::string::npos);
+    EXPECT_NE(told(picture, false).find("espaço do modelo"), std::string::npos);
+}
+
+TEST(Verify, DictionariesOwnWhatTheyName) {
+    const BarModule module;
+    const Groups all = groupsOf(sample());
+    const auto root = std::find(all.begin(), all.end(), Group{0, "DICTIONARY"});
+    const std::string rootHandle = valueOf(Groups(root, all.end()), 5);
+    for (const char* type : {"LAYOUT", "MLINESTYLE", "ACDBPLACEHOLDER"}) {
+        const Groups child = record(all, type);
+        Groups changed = all;
+        const auto at = std::find(changed.begin(), changed.end(), Group{5, valueOf(child, 5)});
+        std::find(at, changed.end(), Group{330, valueOf(child, 330)})->value = rootHandle;
+        const std::string told = messages(examined(fileText(changed)));
+        EXPECT_NE(told.find("um objeto de outro dono"), std::string::npos) << type << told;
     }
 }
 

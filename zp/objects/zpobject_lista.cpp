@@ -42,8 +42,8 @@ std::wstring handles(const Peca& p, bool cotas) {
 void listaSecao(const Peca& p) {
     const zp::secao::Propriedades& s = p.secao().propriedades();
     linha(L"área (A)", numero(s.area, 2) + L" mm2");
-    linha(L"Ix, Iy", numero(s.ix, 0) + L", " + numero(s.iy, 0) + L" mm4");
-    linha(L"xg, yg", numero(s.xg, 3) + L", " + numero(s.yg, 3) + L" mm");
+    linha(L"Ix, Iy", numero(s.ix, 0) + L"; " + numero(s.iy, 0) + L" mm4");
+    linha(L"xg, yg", numero(s.xg, 3) + L"; " + numero(s.yg, 3) + L" mm");
     linha(L"It", numero(p.secao().torcao(), 0) + L" mm4");
     if (p.secao().invalida()) linha(L"valores", L"seção inválida: desenhada pela caixa");
 }

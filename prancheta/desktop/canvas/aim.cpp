@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "prancheta/database/database_core.h"
+#include "prancheta/editor/picking.h"
 #include "prancheta/editor/snap_modes.h"
 
 namespace prancheta::desktop {
@@ -14,11 +15,10 @@ namespace {
 constexpr int kSuppressed = 16384;  // bit of OSMODE
 constexpr int kAllModes = kSuppressed - 1;
 
-/// The nearer one of the user's axes from the base.
-AcGePoint3d alongAxis(const Editor& editor, const AcGePoint3d& base, const AcGePoint3d& world) {
-    AcGeVector3d v = editor.ucs().inverse() * (world - base);
-    (std::abs(v.x) >= std::abs(v.y) ? v.y : v.x) = 0.0;
-    return base + editor.ucs() * v;
+/// On the nearer one of the directions of ORTHO from the base.
+AcGePoint3d onOrtho(const Editor& editor, const AcGePoint3d& base, const AcGePoint3d& world) {
+    const AcGeVector3d v = editor.ucs().inverse() * (world - base);
+    return base + editor.ucs() * alongNearerAxis(v, editor.variables().real(L"SNAPANG"));
 }
 
 /// The nearest point of the snap grid; a spacing of 0 leaves its direction free.
@@ -78,7 +78,7 @@ void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& w
     if (m_onGrid) m_point = onSnapGrid(editor, world);
     const bool ortho = (variables.number(L"ORTHOMODE") != 0) != shift;
     if (ortho && request->orthoAllowed && request->base)
-        m_point = alongAxis(editor, *request->base, m_point);
+        m_point = onOrtho(editor, *request->base, m_point);
 }
 
 void Aim::cycle() {

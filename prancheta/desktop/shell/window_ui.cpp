@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QMessageBox>
+#include <QTimer>
 
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/dialogs/run_dialog.h"
@@ -62,6 +63,25 @@ void WindowUi::refresh() {
     // Nobody asks, so nobody would paint; what the user does meanwhile waits for the next question.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_sinceShown.restart();
+}
+
+bool WindowUi::pass(std::chrono::milliseconds time) {
+    if (time.count() == 0 && m_sinceShown.elapsed() < kPaintPause) return true;
+    showChanges();
+    m_escaped = false;
+    const InputRequest* const outerRequest = std::exchange(m_request, nullptr);
+    QEventLoop loop;
+    QEventLoop* const outerLoop = std::exchange(m_loop, &loop);
+    if (time.count() == 0) {
+        loop.processEvents();
+    } else {
+        QTimer::singleShot(time, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    m_loop = outerLoop;
+    m_request = outerRequest;
+    m_sinceShown.restart();
+    return !m_escaped;
 }
 
 void WindowUi::showChanges() {
@@ -158,6 +178,12 @@ void WindowUi::typeAhead(const QString& keys) {
 
 void WindowUi::cancel() {
     m_early.clear();
+    if (m_request == nullptr && m_loop != nullptr) {
+        // Nobody asks: time passes.
+        m_escaped = true;
+        m_loop->quit();
+        return;
+    }
     RawInput input;
     input.kind = RawInput::Kind::Cancel;
     answer(input);

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 
@@ -40,6 +41,7 @@ public:
     std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override;
     std::optional<bool> mayLeaveDrawing() override;
     bool showTool(Tool tool) override;
+    bool pass(std::chrono::milliseconds time) override;
     void refresh() override;
 
     /// The question that waits; null while a program works or a dialog stands open.
@@ -97,6 +99,7 @@ private:
     bool m_closing = false;
     int m_cancels = 0;  ///< given in a row to get back to "Comando:"
     bool m_changed = false;
+    bool m_escaped = false;  ///< Esc while pass() waits
     QElapsedTimer m_sinceShown;
 };
 

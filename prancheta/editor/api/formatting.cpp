@@ -58,6 +58,12 @@ bool readConversion(const ACHAR*& at, Conversion& c) {
             c.precision = takeNumber(at);
         }
     }
+    // Conversions of the host's own; they take a whole number and show nothing.
+    if (*at == L'q' && at[1] >= L'0' && at[1] <= L'3') {
+        c.type = L'q';
+        at += 2;
+        return true;
+    }
     while (std::wstring_view(L"hlLqjztIw").find(*at) != std::wstring_view::npos && *at != 0) {
         c.length += *at++;
         if (c.length == L"I" && (std::wstring_view(at).starts_with(L"64") ||
@@ -82,6 +88,8 @@ bool is64(const std::wstring& length) {
 /// `%l` is 32 bits where modules come from and 64 here; callers of this platform pass a long.
 Argument takeArgument(const Conversion& c, std::va_list& arguments) {
     switch (c.type) {
+        case L'q':
+            return static_cast<long long>(va_arg(arguments, int));
         case L'd':
         case L'i':
             if (is64(c.length)) return va_arg(arguments, long long);
@@ -153,6 +161,7 @@ void appendNumeric(std::wstring& out, const Conversion& c, const Argument& argum
 }
 
 void appendConverted(std::wstring& out, const Conversion& c, const Argument& argument) {
+    if (c.type == L'q') return;
     if (c.type == L's' || c.type == L'S') {
         appendPadded(out, textOf(c, std::get<const void*>(argument)), c);
     } else if (c.type == L'c' || c.type == L'C') {

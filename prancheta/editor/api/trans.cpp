@@ -38,13 +38,20 @@ bool systemOf(const Editor& editor, const resbuf& system, AcGeMatrix3d& toWorld)
     return true;
 }
 
+/// The paper's display coordinates stand beside those of the view only.
+bool belongTogether(const resbuf& a, const resbuf& b) {
+    const auto isPaper = [](const resbuf& s) { return s.restype == RTSHORT && s.resval.rint == 3; };
+    const auto isView = [](const resbuf& s) { return s.restype == RTSHORT && s.resval.rint == 2; };
+    return (!isPaper(a) || isView(b)) && (!isPaper(b) || isView(a));
+}
+
 }  // namespace
 
 int acedTrans(const ads_point point, const resbuf* from, const resbuf* to, int displacement,
               ads_point result) {
     const Editor* editor = Editor::current();
     if (editor == nullptr || point == nullptr || from == nullptr || to == nullptr ||
-        result == nullptr)
+        result == nullptr || !belongTogether(*from, *to))
         return RTERROR;
     AcGeMatrix3d fromWorld;
     AcGeMatrix3d toWorld;

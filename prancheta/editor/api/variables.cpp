@@ -53,7 +53,7 @@ VariableValue valueOf(const resbuf& in) {
 int acedGetVar(const ACHAR* name, resbuf* out) {
     Editor* editor = Editor::current();
     if (editor == nullptr || name == nullptr || out == nullptr) return RTERROR;
-    const VariableInfo* info = editor->variables().find(name);
+    const VariableInfo* info = editor->variable(name);
     if (info == nullptr) return RTERROR;
     out->restype = static_cast<short>(typeOf(*info));
     switch (info->value.index()) {

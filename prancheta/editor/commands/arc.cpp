@@ -50,7 +50,10 @@ CommandTask arc(CommandContext context) {
         co_return CommandEnd::Failed;
     }
     const AcDbObjectId id = addEntity(context, std::move(made));
-    co_return id.isNull() ? CommandEnd::Failed : CommandEnd::Done;
+    if (id.isNull()) co_return CommandEnd::Failed;
+    const double bulge = bulgeThrough(start.point, middle.point, end.point).value_or(0.0);
+    keepLastAngle(context, endDirectionOf(start.point, end.point, bulge));
+    co_return CommandEnd::Done;
 }
 
 }  // namespace prancheta::commands

@@ -32,6 +32,10 @@ double directionOf(const AcGePoint3d& from, const AcGePoint3d& to) {
     return std::atan2(to.y - from.y, to.x - from.x);
 }
 
+double endDirectionOf(const AcGePoint3d& from, const AcGePoint3d& to, double bulge) {
+    return directionOf(from, to) + 2.0 * std::atan(bulge);
+}
+
 std::optional<double> bulgeByDirection(const AcGePoint3d& a, const AcGePoint3d& b,
                                        double direction) {
     if (a.distanceTo(b) < AcGeContext::gTol.equalPoint()) return std::nullopt;

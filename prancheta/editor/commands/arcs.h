@@ -20,6 +20,9 @@ std::optional<PlaneCircle> circleThrough(const AcGePoint3d& a, const AcGePoint3d
 /// Direction from one point to another, (-pi, pi].
 double directionOf(const AcGePoint3d& from, const AcGePoint3d& to);
 
+/// In which direction an arc of this bulge arrives at `to`.
+double endDirectionOf(const AcGePoint3d& from, const AcGePoint3d& to, double bulge);
+
 // Bulges (tan of a quarter of the signed sweep) of the arc from `a` to `b`; nothing where there is
 // no such arc.
 /// That leaves `a` in this direction.

@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: MIT
-// CIRCLE: by centre and radius or diameter, by three points, by the ends of a diameter.
+// CIRCLE: by centre and radius or diameter, by three points, by the ends of a diameter, by two
+// tangents and the radius.
+#include <limits>
+
 #include "dbents.h"
+#include "prancheta/display/display_list.h"
 #include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/commands/tangent_circle.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/graphics/edges.h"
+#include "prancheta/graphics/hit.h"
 
 namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWays[] = {{L"3P", L"3P"}, {L"2P", L"2P"}};
+constexpr Word kWays[] = {{L"3P", L"3P"}, {L"2P", L"2P"}, {L"Ttr", L"Ttr"}};
 constexpr Word kDiameter[] = {{L"Diâmetro", L"Diameter"}};
 
 CommandEnd addCircle(const CommandContext& context, const AcGePoint3d& center, double radius) {
@@ -81,11 +89,72 @@ CommandTask twoPoints(CommandContext context) {
     co_return addCircle(context, first.point + half, half.length());
 }
 
+struct Touched {
+    int status = RTCAN;
+    TouchedCurve curve;
+};
+
+/// What was picked of an object: the edge nearest to the pick.
+std::optional<TouchedCurve> curveAt(const CommandContext& context, const InputValue& picked) {
+    std::optional<TouchedCurve> best;
+    double least = std::numeric_limits<double>::infinity();
+    for (const PrimitiveView p : context.editor().display().picture(picked.entities.front()))
+        forEachEdge(p, [&](const Edge& edge) {
+            const double distance = planeDistance(nearestOn(edge, picked.point), picked.point);
+            if (distance >= least) return;
+            least = distance;
+            best = edge.isArc() ? TouchedCurve{edge.center, {}, edge.radius, picked.point}
+                                : TouchedCurve{edge.a, edge.b - edge.a, 0.0, picked.point};
+        });
+    return best;
+}
+
+Task<Touched> askTouched(CommandContext context, std::wstring prompt) {
+    Touched touched;
+    for (;;) {
+        const InputValue picked =
+            co_await context.ask(Prompt(InputKind::Entity, prompt).required());
+        touched.status = picked.status;
+        if (picked.status == RTCAN) co_return touched;
+        if (picked.status != RTNORM || picked.entities.empty()) {
+            say(context, L"Nenhum objeto encontrado nesse ponto.");
+            continue;
+        }
+        if (const std::optional<TouchedCurve> curve = curveAt(context, picked)) {
+            touched.curve = *curve;
+            co_return touched;
+        }
+        say(context, L"O objeto selecionado não tem linha nem arco para tangenciar.");
+    }
+}
+
+CommandTask twoTangents(CommandContext context) {
+    const Touched first = co_await askTouched(
+        context, L"\nEspecifique o ponto no objeto para a primeira tangente do círculo: ");
+    if (first.status != RTNORM) co_return endOf(first.status);
+    const Touched second = co_await askTouched(
+        context, L"\nEspecifique o ponto no objeto para a segunda tangente do círculo: ");
+    if (second.status != RTNORM) co_return endOf(second.status);
+    const double last = memory(context).circleRadius;
+    Prompt prompt(InputKind::Distance, withDefault(L"\nEspecifique o raio do círculo", last));
+    prompt.bits(RSG_NOZERO | RSG_NONEG);
+    if (last <= 0.0) prompt.required();
+    const InputValue size = co_await context.ask(prompt);
+    if (size.status == RTCAN) co_return CommandEnd::Cancelled;
+    const double radius = size.status == RTNONE ? last : size.number;
+    const std::optional<AcGePoint3d> center = centerTouching(first.curve, second.curve, radius);
+    if (!center) {
+        say(context, L"O círculo não existe: nenhum com esse raio é tangente aos dois objetos.");
+        co_return CommandEnd::Failed;
+    }
+    co_return addCircle(context, *center, radius);
+}
+
 }  // namespace
 
 CommandTask circle(CommandContext context) {
     const InputValue center = co_await context.ask(
-        Prompt(InputKind::Point, L"\nEspecifique o ponto central do círculo ou [3P/2P]: ")
+        Prompt(InputKind::Point, L"\nEspecifique o ponto central do círculo ou [3P/2P/Ttr]: ")
             .words(kWays)
             .required());
     if (isWord(center, L"3P")) {
@@ -94,6 +163,10 @@ CommandTask circle(CommandContext context) {
     }
     if (isWord(center, L"2P")) {
         const CommandEnd end = co_await twoPoints(context);
+        co_return end;
+    }
+    if (isWord(center, L"Ttr")) {
+        const CommandEnd end = co_await twoTangents(context);
         co_return end;
     }
     if (center.status != RTNORM) co_return endOf(center.status);

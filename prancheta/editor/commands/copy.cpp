@@ -140,7 +140,7 @@ CommandTask copy(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
     say(context,
-        std::wstring(L"Configurações atuais:  Modo de cópia = ") + modeName(memory(context)));
+        std::wstring(L"Configurações atuais: Modo de cópia = ") + modeName(memory(context)));
     for (;;) {
         const InputValue base = co_await context.ask(
             Prompt(InputKind::Point,

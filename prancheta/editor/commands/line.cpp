@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // LINE: a chain of lines.
 #include "dbents.h"
+#include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
@@ -55,6 +56,7 @@ CommandTask line(CommandContext context) {
         const AcGePoint3d end = closing ? corners.front() : answer.point;
         const AcDbObjectId id = addEntity(context, std::make_unique<AcDbLine>(corners.back(), end));
         if (id.isNull()) co_return CommandEnd::Failed;
+        keepLastAngle(context, directionOf(corners.back(), end));
         lines.push_back(id);
         corners.push_back(end);
         if (closing) break;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "gevec3d.h"
@@ -26,9 +27,10 @@ struct Memory {
     double plineEndWidth = 0.0;
     bool copyOnce = false;
     AcGeVector3d displacement;
-    PlotSettings plot;           ///< the area is asked for anew
-    std::wstring variable;       ///< last one of SETVAR
-    std::uint64_t erasedAt = 0;  ///< undo revision after the last ERASE
+    PlotSettings plot;             ///< the area is asked for anew
+    std::filesystem::path script;  ///< last one of SCRIPT
+    std::wstring variable;         ///< last one of SETVAR
+    std::uint64_t erasedAt = 0;    ///< undo revision after the last ERASE
 };
 
 /// The editor's own.

@@ -112,6 +112,7 @@ bool closeDraft(const CommandContext& context, PlineDraft& draft, Mode mode) {
         }
         bulge = *back;
     }
+    keepLastAngle(context, endDirectionOf(draft.end(), draft.start(), bulge));
     return draft.close(bulge, kept.plineStartWidth, kept.plineEndWidth);
 }
 
@@ -161,6 +162,7 @@ CommandTask pline(CommandContext context) {
         if (!draft.add(answer.point, bulge, kept.plineStartWidth, kept.plineEndWidth))
             co_return CommandEnd::Failed;
         context.editor().setLastPoint(draft.end());
+        keepLastAngle(context, draft.endDirection());
         afterSegment(kept);
     }
     // Esc only ends the polyline: what is drawn stays.

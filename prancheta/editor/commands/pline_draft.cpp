@@ -27,7 +27,7 @@ public:
 double PlineDraft::endDirection() const {
     if (segments() == 0) return 0.0;
     const Corner& from = m_corners[m_corners.size() - 2];
-    return directionOf(from.point, end()) + 2.0 * std::atan(from.bulge);
+    return endDirectionOf(from.point, end(), from.bulge);
 }
 
 double PlineDraft::lastChord() const {

@@ -16,11 +16,12 @@ constexpr Word kList[] = {{L"?", L"?"}};
 
 void listVariables(const CommandContext& context, std::wstring_view patterns) {
     constexpr std::size_t kNameColumn = 20;
+    const int angleUnits = context.editor().variables().number(L"AUNITS");
     for (const VariableInfo& info : context.editor().variables().all()) {
         if (!fitsWildcards(info.name, patterns)) continue;
         std::wstring line = info.name + L" ";
         line.resize(std::max(line.size(), kNameColumn), L' ');
-        line += variableText(info.value);
+        line += variableText(*context.editor().variable(info.name), angleUnits);
         if (info.access == VariableAccess::ReadOnly) line += L" (somente leitura)";
         say(context, line);
     }

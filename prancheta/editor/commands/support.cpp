@@ -2,8 +2,12 @@
 // What built-in commands share: questions, selections, transformations, new entities.
 #include "prancheta/editor/commands/support.h"
 
+#include <cmath>
+
 #include "dbsymtb.h"
 #include "prancheta/database/entity_picture.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
 
@@ -151,6 +155,13 @@ Ids eraseAll(const CommandContext& context, const Ids& ids) {
         say(context, counted(ids.size() - erased.size(), L"objeto não pôde ser apagado.",
                              L"objetos não puderam ser apagados."));
     return erased;
+}
+
+void keepLastAngle(const CommandContext& context, double direction) {
+    Editor& editor = context.editor();
+    const SineCosine sc = sineCosine(direction);
+    const AcGeVector3d v = editor.ucs().inverse() * AcGeVector3d(sc.cosine, sc.sine, 0.0);
+    editor.variables().force(L"LASTANGLE", positiveAngle(std::atan2(v.y, v.x)));
 }
 
 AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity) {

@@ -87,6 +87,9 @@ Ids eraseAll(const CommandContext& context, const Ids& ids);
 /// when that fails; the entity is deleted then.
 AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity);
 
+/// LASTANGLE: how the line or arc drawn last runs at its end; radians from the world's X axis.
+void keepLastAngle(const CommandContext& context, double direction);
+
 /// As LUNITS and LUPREC ask; drawing units.
 std::wstring lengthText(double value);
 /// As AUNITS, AUPREC, ANGBASE and ANGDIR ask: of a direction that counts from +X, and of a turn

@@ -67,6 +67,10 @@ constexpr BuiltInCommand kTable[] = {
     {L"-PLOT",       L"-PLOTAR",      ACRX_CMD_NO_UNDO_MARKER, commands::plot},
     {L"ARX",         L"ARX",          kSession, commands::arx},
     {L"HELP",        L"AJUDA",        kView,    commands::help},
+    {L"SCRIPT",      L"SCRIPT",       kSession, commands::script},
+    {L"RSCRIPT",     L"RSCRIPT",      kSession, commands::rscript},
+    {L"RESUME",      L"RETOMAR",      kView,    commands::resume},
+    {L"DELAY",       L"ATRASO",       kView,    commands::delay},
     {L"QUIT",        L"SAIR",         kSession, commands::quit},
 };
 // clang-format on
