@@ -24,13 +24,13 @@ protected:
     ~TempFolder() override { std::filesystem::remove_all(m_folder); }
 
     const std::filesystem::path& folder() const { return m_folder; }
-    std::wstring path(std::string_view name) const { return (m_folder / name).wstring(); }
+    std::wstring path(std::string_view name) const { return file(name).wstring(); }
     void put(std::string_view name, std::string_view bytes) const {
-        std::filesystem::create_directories((m_folder / name).parent_path());
-        std::ofstream(m_folder / name, std::ios::binary) << bytes;
+        std::filesystem::create_directories(file(name).parent_path());
+        std::ofstream(file(name), std::ios::binary) << bytes;
     }
     std::string get(std::string_view name) const {
-        std::ifstream stream(m_folder / name, std::ios::binary);
+        std::ifstream stream(file(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     }
     int fileCount() const {
@@ -39,5 +39,10 @@ protected:
     }
 
 private:
+    /// Names are UTF-8 on every system.
+    std::filesystem::path file(std::string_view name) const {
+        return m_folder / std::u8string(name.begin(), name.end());
+    }
+
     std::filesystem::path m_folder;
 };
