@@ -127,7 +127,7 @@ struct FileQuestion {
 };
 
 /// What a front end with windows may have instead of a command's questions.
-enum class Tool { Properties, Plot };
+enum class Tool { Properties, Layers, Plot };
 
 class UserInterface {
 public:

@@ -101,8 +101,12 @@ TEST_F(Window, DelInThePanelOfLayersIsAboutLayers) {
     story.type("l 0,0 50,50 \n-layer _n Livre\n\n");
     story.when([&] { return story.idle() && story.entities() == 1; },
                [&] {
-                   auto* const panel = story.window().findChild<QDockWidget*>("camadas");
-                   panel->raise();
+                   story.window().findChild<QDockWidget*>("camadas")->hide();
+                   story.press("la ");
+               });
+    auto* const panel = story.window().findChild<QDockWidget*>("camadas");
+    story.when([&] { return story.idle() && panel->isVisible(); },
+               [&] {
                    auto* const view = panel->findChild<QTableView*>("camadas");
                    ASSERT_EQ(view->model()->rowCount(), 2);
                    story.editor().pickfirst() = {story.entity(0)};

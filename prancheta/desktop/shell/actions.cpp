@@ -97,6 +97,7 @@ void MainWindow::showPanel(const QString& name) {
 
 void MainWindow::showTool(Tool tool) {
     if (tool == Tool::Properties) showPanel("propriedades");
+    if (tool == Tool::Layers) showPanel("camadas");
     if (tool == Tool::Plot) {
         PlotDialog dialog(*m_editor, this);
         while (dialog.exec() == PlotDialog::kPickWindow) {

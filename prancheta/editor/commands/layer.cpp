@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// LAYER in its command-line form.
+// LAYER: the panel of a window, else its command-line form.
+#include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/layers.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -235,6 +236,13 @@ CommandTask layer(CommandContext context) {
         answer = co_await runOption(context, answer.text);
         if (answer.status == RTCAN) co_return CommandEnd::Done;
     }
+}
+
+CommandTask layerInWindow(CommandContext context) {
+    if (usesWindows(context) && context.editor().ui().showTool(Tool::Layers))
+        co_return CommandEnd::Done;
+    const CommandEnd end = co_await layer(context);
+    co_return end;
 }
 
 }  // namespace prancheta::commands

@@ -51,7 +51,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"REDRAW",      L"REDESENHA",    kView,    commands::redraw},
     {L"REGEN",       L"REGEN",        ACRX_CMD_NO_UNDO_MARKER, commands::regen},
 
-    {L"LAYER",       L"CAMADA",       kModal,   commands::layer},
+    {L"LAYER",       L"CAMADA",       kModal,   commands::layerInWindow},
     {L"-LAYER",      L"-CAMADA",      kModal,   commands::layer},
     {L"LIST",        L"LISTA",        kPickset | ACRX_CMD_NO_UNDO_MARKER, commands::list},
     {L"PROPERTIES",  L"PROPRIEDADES", kGrips | ACRX_CMD_NO_UNDO_MARKER, commands::properties},

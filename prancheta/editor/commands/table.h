@@ -27,6 +27,7 @@ CommandTask explode(CommandContext context);
 CommandTask grips(CommandContext context);
 CommandTask help(CommandContext context);
 CommandTask layer(CommandContext context);
+CommandTask layerInWindow(CommandContext context);
 CommandTask line(CommandContext context);
 CommandTask list(CommandContext context);
 CommandTask mirror(CommandContext context);
