@@ -60,7 +60,8 @@ std::string encode(std::wstring_view text, const ListFormat& format) {
         case Encoding::kUtf16Big:
             return std::string(kUtf16BigMark) + encodeUtf16(text, true);
         case Encoding::kWindows1252:
-            if (const std::optional<std::string> bytes = encodeWindows1252(text)) return *bytes;
+            if (const std::optional<std::string> bytes = encodeWindows1252(text))
+                return (format.mark ? std::string(kUtf8Mark) : std::string()) + *bytes;
             break;
         case Encoding::kUtf8:
             break;

@@ -2,6 +2,8 @@
 // The flow of the built-up commands: lacing dialog, acceptance, generation with plates.
 #include "perfis/commands/built_up_run.h"
 
+#include <optional>
+
 #include "perfis/commands/lacing_values.h"
 #include "perfis/commands/profile_generator.h"
 #include "perfis/dialogs/lacing.h"
@@ -42,7 +44,7 @@ protected:
 private:
     void onLacing(const ads_callback_packet& packet);
     void onPlanes(const ads_callback_packet& packet);
-    void keepParts();
+    void keepSpacing();
     bool isLaced();
     bool plateFits() { return m_A == 0.0 || m_A <= m_rule.maxHeight(state().medidas); }
     bool isSectionValid() { return description().valid(state().medidas) && plateFits(); }
@@ -52,8 +54,7 @@ private:
     double m_A = 0.0;  ///< plate height; 0: no plates
     double m_C = 0.0;  ///< plate width along the member
     double m_L1 = 0.0;
-    /// Spaces that a piece which is edited keeps when its length changes; 0: the spacing is kept.
-    int m_parts = 0;
+    std::optional<PieceLacing> m_kept;  ///< of a piece that stands, until it is edited
     LacedPlanes m_planes = LacedPlanes::kBoth;
 };
 
@@ -78,7 +79,7 @@ void BuiltUpRun::onPlanes(const ads_callback_packet& packet) {
 
 void BuiltUpRun::onLacing(const ads_callback_packet& packet) {
     readMedidas(packet.dialog);
-    keepParts();
+    keepSpacing();
     const Medidas& medidas = state().medidas;
     const ViewsChoice& views = state().views;
     const bool userHeight = m_rule.plateHeight == PlateHeight::kUser;
@@ -97,12 +98,12 @@ void BuiltUpRun::onLacing(const ads_callback_packet& packet) {
     if (EditTravejamento(params, limites) == 0) return;
     m_A = userHeight ? params.A : medidas.a;
     m_C = params.C;
-    m_parts = 0;
+    m_kept.reset();
     (void)CalcEspacamento(params, views.length, m_L1);
 }
 
-void BuiltUpRun::keepParts() {
-    if (m_parts > 0) (void)CalcEspacamento({m_A, m_C, m_parts}, state().views.length, m_L1);
+void BuiltUpRun::keepSpacing() {
+    if (m_kept) m_L1 = spacingFor(*m_kept, state().views.length);
 }
 
 bool BuiltUpRun::isLaced() {
@@ -119,7 +120,7 @@ bool BuiltUpRun::isLaced() {
 const wchar_t* BuiltUpRun::acceptFault(ads_hdlg dialog) {
     const ViewsChoice& views = state().views;
     refresh(dialog);
-    keepParts();
+    keepSpacing();
     const bool laced = isLaced();
     if (!views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo) return kInvalidLength;
     if (!laced) return kInvalidLacing;
@@ -148,8 +149,8 @@ void BuiltUpRun::takePiece(const PieceValues& piece) {
     m_C = lacing.plates.C;
     m_planes = lacing.planes;
     // The plates of a section do not tell how they are spread.
-    if (m_C > 0.0) m_parts = lacing.plates.n;
-    keepParts();
+    if (m_C > 0.0 && lacing.plates.n > 0) m_kept = lacing;
+    keepSpacing();
 }
 
 PlateLaying BuiltUpRun::plateLaying() {

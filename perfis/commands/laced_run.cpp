@@ -2,6 +2,9 @@
 // The toggle "travejar": turned on it asks for the lacing, turned off it forgets it.
 #include "perfis/commands/laced_run.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "perfis/commands/lacing_values.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
@@ -12,6 +15,9 @@ namespace perfis {
 namespace {
 
 constexpr const wchar_t* kToggle = L"travejar";
+
+/// Share of a member's length that rounding may add to it.
+constexpr double kNegligible = 1e-9;
 
 class LacedRun : public ProfileRun {
 public:
@@ -43,7 +49,7 @@ private:
     const ToggleLacing& m_lacing;
     TravejamentoParams m_plates;  ///< A = 0: no lacing
     double m_spacing = 0.0;
-    bool m_keepsParts = false;  ///< of a piece that stands: its plates tell n, not the spacing
+    std::optional<PieceLacing> m_kept;  ///< of a piece that stands, until it is edited
 };
 
 TravejamentoLimites LacedRun::limits() {
@@ -63,7 +69,7 @@ bool LacedRun::editLacing() {
     CalcPartes(params, views.length, m_spacing);
     if (EditTravejamento(params, limits()) == 0 || params.A == 0.0) return false;
     m_plates = params;
-    m_keepsParts = false;
+    m_kept.reset();
     (void)CalcEspacamento(m_plates, views.length, m_spacing);
     return true;
 }
@@ -71,7 +77,7 @@ bool LacedRun::editLacing() {
 void LacedRun::onToggle(const ads_callback_packet& packet) {
     m_plates = {};
     m_spacing = 0.0;
-    m_keepsParts = false;
+    m_kept.reset();
     readMedidas(packet.dialog);
     if (textToInt(packet.value) == 0 || editLacing()) return;
     m_spacing = 0.0;
@@ -92,8 +98,8 @@ LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateS
 
 void LacedRun::takePiece(const PieceValues& piece) {
     ProfileRun::takePiece(piece);
-    m_plates = lacingOf(piece).plates;
-    m_keepsParts = true;
+    m_kept = lacingOf(piece);
+    m_plates = m_kept->plates;
 }
 
 const wchar_t* LacedRun::acceptFault(ads_hdlg dialog) {
@@ -104,15 +110,21 @@ const wchar_t* LacedRun::acceptFault(ads_hdlg dialog) {
 /// Section and length may have changed since the lacing was edited.
 bool LacedRun::lacingSuits() {
     if (m_plates.A == 0.0 || !isMember() || state().views.pickAndGo) return true;
+    const double length = state().views.length;
+    const double spacing = m_kept ? spacingFor(*m_kept, length) : m_spacing;
     TravejamentoParams params = m_plates;
-    double spacing = m_spacing;
-    if (!m_keepsParts) CalcPartes(params, state().views.length, spacing);
-    return ValidaTravejamento(params, limits(), nullptr) == 1;
+    double fitted = spacing;
+    CalcPartes(params, length, fitted);
+    if (!(spacing > params.C) || ValidaTravejamento(params, limits(), nullptr) == 0) return false;
+    // A spacing made for another length may bring the last plate but one beyond the end.
+    return std::ranges::all_of(plateStations({length, spacing}, params.C), [&](double at) {
+        return at + params.C <= length * (1.0 + kNegligible);
+    });
 }
 
 PlateLaying LacedRun::plateLaying() {
     if (m_plates.A <= 0.0 || !isMember()) return nullptr;
-    if (m_keepsParts) (void)CalcEspacamento(m_plates, state().views.length, m_spacing);
+    if (m_kept) m_spacing = spacingFor(*m_kept, state().views.length);
     return [this](ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
         return layPlates(piece, point, supply);
     };

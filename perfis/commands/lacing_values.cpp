@@ -57,6 +57,8 @@ PieceLacing lacingOf(const PieceValues& piece) {
     const PlateValues& first = piece.plates.front();
     PieceLacing lacing;
     lacing.plates = {first.d3, first.d1, std::max(1, firstRow(piece) - 1)};
+    lacing.pitch = platePitch(piece);
+    lacing.length = piece.lacedLength;
     const bool flat = std::ranges::any_of(piece.plates, isFlat);
     const bool onEdge = !std::ranges::all_of(piece.plates, isFlat);
     if (flat == onEdge) return lacing;
@@ -64,6 +66,13 @@ PieceLacing lacingOf(const PieceValues& piece) {
     const bool fromTheSide = piece.view == ZpObject::kVistaDireita;
     lacing.planes = onEdge == fromTheSide ? LacedPlanes::kHorizontal : LacedPlanes::kVertical;
     return lacing;
+}
+
+double spacingFor(const PieceLacing& lacing, double length) {
+    double spacing = lacing.pitch;
+    const bool asLong = std::abs(length - lacing.length) <= kSameRow;
+    if (!asLong || !(spacing > 0.0)) (void)CalcEspacamento(lacing.plates, length, spacing);
+    return spacing;
 }
 
 double platePitch(const PieceValues& piece) {

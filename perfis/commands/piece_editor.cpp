@@ -116,21 +116,48 @@ private:
     }
 };
 
+/// What a member with these limit points measures along its axis.
+double lengthBetween(const ZpObject& piece, const zp::edicao::Faces& limits) {
+    AcGePoint3d start;
+    AcGePoint3d end;
+    (void)piece.StartPoint(start);
+    (void)piece.EndPoint(end);
+    const AcGeVector3d axis = (end - start).normal();
+    double least = 0.0;
+    double most = 0.0;
+    for (const AcGePoint3d& point : limits.f) {
+        const double along = (point - start).dotProduct(axis);
+        least = std::min(least, along);
+        most = std::max(most, along);
+    }
+    return most - least;
+}
+
+/// True when the command of such a piece would lay its plates.
+bool platesHold(const PieceValues& piece) {
+    const MakeRun make = commandOf(piece);
+    return make != nullptr && make()->platesHold(piece);
+}
+
 /// Members whose values are changed one by one keep the rule of their plates.
 class PlateKeeper : public zp::edicao::Ouvinte {
 public:
     /// Plates that already break the rule, another program's perhaps, forbid nothing.
     std::wstring recusa(const ZpObject& piece, const ZpObject& changed) override {
         if (zp::edicao::chapasDe(piece).empty()) return {};
-        PieceValues values = valuesOf(piece);
-        const MakeRun make = commandOf(values);
-        if (make == nullptr || !make()->platesHold(values)) return {};
-        takeChanges(changed, values);
-        if (make()->platesHold(values)) return {};
+        try {
+            PieceValues values = valuesOf(piece);
+            if (!platesHold(values)) return {};
+            takeChanges(changed, values);
+            if (platesHold(values)) return {};
+        } catch (const std::exception&) {
+            reportNoMemory();
+            return {};
+        }
         return L"As chapas de travejamento não cabem com este valor; mude antes o travejamento "
                L"(EDITAPERFIL).";
     }
-    void editada(AcDbObjectId id, const zp::edicao::Faces&) override {
+    void editada(AcDbObjectId id, const zp::edicao::Faces& before) override {
         if (g_layingPlates) return;
         PieceValues values;
         {
@@ -138,6 +165,7 @@ public:
             if (piece.openStatus() != Acad::eOk || zp::edicao::chapasDe(*piece.object()).empty())
                 return;
             values = valuesOf(*piece.object());
+            values.lacedLength = lengthBetween(*piece.object(), before);
         }
         const MakeRun make = commandOf(values);
         if (make == nullptr) return;

@@ -89,6 +89,7 @@ PieceValues valuesOf(const ZpObject& piece) {
     p.id = piece.objectId();
     p.classe = zp::edicao::classeDe(piece);
     takeChanges(piece, p);
+    p.lacedLength = p.length;
     p.view = piece.vista();
     p.turn = p.values[Papel::Giro];
     p.twoPoints = zp::edicao::deDoisPontos(piece);

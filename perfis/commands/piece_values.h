@@ -30,6 +30,8 @@ struct PieceValues {
     double turn = 0.0;       ///< about its own axis, radians
     bool twoPoints = false;  ///< made between two points
     double length = 0.0;     ///< mm
+    /// For which its plates were laid, mm. Those at the end follow it when the length changes.
+    double lacedLength = 0.0;
     int barType = 0;
     int series = 0;            ///< of a welded I, ZpISoldado::SubType
     bool dimensioned = false;  ///< has dimensions tied to it

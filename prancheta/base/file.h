@@ -20,8 +20,8 @@ std::filesystem::path resolvePath(std::string_view utf8Path);
 Result<std::string> readFile(const std::filesystem::path& path);
 
 /// Writes beside the target, flushes to the disk and renames over it. After a failure the old file
-/// stands as it was and nothing is left beside it. What is no file (a pipe, a device) is written to
-/// directly.
+/// stands as it was and nothing is left beside it. On POSIX systems what is no file (a pipe, a
+/// device) is written to directly.
 class AtomicFile {
 public:
     explicit AtomicFile(std::filesystem::path target);

@@ -40,6 +40,8 @@ bool inputIsTerminal();
 void catchInterrupts();
 /// Whether the interrupt key was hit since the last call.
 bool takeInterrupt();
+/// A reader of an output that goes away is an error of that output, not the end of the program.
+void ignoreBrokenPipes();
 /// Waits until the standard input has something to read, or until the interrupt key was hit.
 void waitForInput();
 

@@ -94,6 +94,8 @@ void useUtf8Terminal() {}
 
 bool inputIsTerminal() { return ::isatty(STDIN_FILENO) != 0; }
 
+void ignoreBrokenPipes() { (void)std::signal(SIGPIPE, SIG_IGN); }
+
 void catchInterrupts() {
     struct sigaction action {};
     action.sa_handler = [](int) { interrupted = 1; };

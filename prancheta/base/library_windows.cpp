@@ -118,6 +118,7 @@ void useUtf8Terminal() {
 
 bool inputIsTerminal() { return _isatty(_fileno(stdin)) != 0; }
 
+void ignoreBrokenPipes() {}
 void catchInterrupts() {}
 bool takeInterrupt() { return false; }
 void waitForInput() {}

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/console/console_ui.h"
@@ -82,12 +83,13 @@ void plot(Host& host, const Options& options, Outcome& outcome) {
 
 Result<void> checkInstallation(const Options& options) {
     std::error_code ignored;
-    const std::filesystem::path folder = pathFromUtf8(options.installation);
+    const std::filesystem::path folder = resolvePath(options.installation);
     if (options.installation.empty() || std::filesystem::is_directory(folder, ignored)) return {};
     return Error{"a pasta de instalação não existe ou não é uma pasta", options.installation};
 }
 
 int run(const Options& options) {
+    ignoreBrokenPipes();
     Outcome outcome;
     if (!outcome.check(checkInstallation(options), kFileError)) return outcome.code(false);
     auto script = Script::open(options.script);

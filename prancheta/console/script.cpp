@@ -16,7 +16,11 @@ namespace prancheta::console {
 Result<Script> Script::open(const std::string& path) {
     if (path == "-") {
         const bool interactive = inputIsTerminal();
-        if (interactive) catchInterrupts();
+        if (interactive) {
+            catchInterrupts();
+            // Waiting looks at the terminal: nothing may lie in a buffer before it.
+            std::setvbuf(stdin, nullptr, _IONBF, 0);
+        }
         return Script(nullptr, std::cin, "entrada", interactive);
     }
     auto content = readFile(pathFromUtf8(path));
@@ -29,7 +33,7 @@ Result<Script> Script::open(const std::string& path) {
 std::optional<std::string> Script::next() {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     for (std::string text; !m_stopped;) {
-        if (m_interactive) waitForInput();
+        if (m_interactive && m_in->good()) waitForInput();
         const bool broken = m_interactive && takeInterrupt();
         if (broken || !std::getline(*m_in, text)) {
             if (!broken && !(m_interactive && takeInterrupt())) break;

@@ -81,12 +81,12 @@ void ModuleTable::broadcast(AcRx::AppMsgCode message) {
         message == AcRx::kLoadDwgMsg || message == AcRx::kUnloadDwgMsg || message == AcRx::kSaveMsg;
     for (Module* m : all) {
         if (find(m) == nullptr || !m->started) continue;
-        if (send(*m, message) == AcRx::kRetError && aboutDrawing) dismiss(*m);
+        if (send(*m, message) == AcRx::kRetError && aboutDrawing) dismiss(*m, message);
     }
 }
 
-/// Takes out a module that refused a message.
-void ModuleTable::dismiss(Module& module) {
+/// Takes out a module that refused a message, which tells it enough about the drawing it leaves.
+void ModuleTable::dismiss(Module& module, AcRx::AppMsgCode refused) {
     const std::wstring reason = module.busy ? L"o módulo está sendo iniciado." : useOf(module);
     if (!reason.empty()) {
         m_editor.complain(L"O módulo " + module.name +
@@ -94,9 +94,10 @@ void ModuleTable::dismiss(Module& module) {
         return;
     }
     const std::wstring name = module.name;
+    if (refused == AcRx::kSaveMsg) (void)send(module, AcRx::kUnloadDwgMsg);
     (void)send(module, AcRx::kUnloadAppMsg);
     remove(module);
-    m_editor.complain(L"O módulo " + name + L" recusou o desenho e foi descarregado.");
+    m_editor.complain(L"O módulo " + name + L" pediu para ser descarregado, e foi.");
 }
 
 std::filesystem::path ModuleTable::locate(const std::filesystem::path& path) const {

@@ -68,7 +68,7 @@ private:
     std::filesystem::path locate(const std::filesystem::path& path) const;
     std::wstring reasonToStay(const Module& module) const;
     std::wstring useOf(const Module& module) const;
-    void dismiss(Module& module);
+    void dismiss(Module& module, AcRx::AppMsgCode refused);
     void remove(Module& module);
     AcRx::AppRetCode send(Module& module, AcRx::AppMsgCode message);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The dialog of a profile command against a recording host: the plain U, and where others differ.
 
+#include <array>
+
 #include "perfis/commands/handlers.h"
 #include "perfis/output/shared_dimension.h"
 #include "tests/perfis/dialog_stand_in.h"
@@ -139,14 +141,20 @@ TEST_F(ProfileDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
 }
 
 TEST_F(ProfileDialog, AMemberThatBecameTooShortForItsLacingIsRefused) {
-    host.play({L"h=60", L"b=60", L"t=3", L"vista0=0", L"OutraVista"});
-    host.play({L"l=1000", L"accept"});  // views
-    host.play({L"travejar=1", L"OutraVista"});
-    host.play({L"altura=30", L"largura=40", L"n_partes=4", L"accept"});
-    host.play({L"l=70", L"accept"});
-    host.play({L"accept"});
-    draw(pcantdob);
-    EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: Erro no Travejamento.");
+    // Both ends do not fit; they do, but spaces of 420 bring a plate beyond the end of 2310.
+    for (const auto& [largura, before, after] :
+         {std::array{L"largura=40", L"l=1000", L"l=70"},
+          std::array{L"largura=400", L"l=2500", L"l=2310"}}) {
+        host.clearEvents();
+        host.play({L"h=60", L"b=60", L"t=3", L"vista0=0", L"OutraVista"});
+        host.play({before, L"accept"});  // views
+        host.play({L"travejar=1", L"OutraVista"});
+        host.play({L"altura=30", largura, L"n_partes=5", L"accept"});
+        host.play({after, L"accept"});
+        host.play({L"accept"});
+        draw(pcantdob);
+        EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: Erro no Travejamento.") << after;
+    }
 }
 
 TEST_F(ProfileDialog, RolledRowsFillTheTilesAndNothingElse) {

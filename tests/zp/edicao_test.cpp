@@ -41,6 +41,20 @@ protected:
         pick(0, 0, {id});
         EXPECT_TRUE(ui.teclas.empty()) << testing::PrintToString(ui.dito);
     }
+    /// Sets a value of the property sheet; the reason why not.
+    std::wstring troca(AcDbObjectId id, const wchar_t* chave, const wchar_t* valor) {
+        const protocol::EntityProperties* quem = nullptr;
+        {
+            const Read<ZpObject> aberta(id);
+            quem = protocol::extensionOf<protocol::EntityProperties>(
+                *aberta.object(), protocol::kEntityPropertiesClass);
+        }
+        ACHAR* mensagem = nullptr;
+        if (quem->set(id, chave, valor, mensagem)) return {};
+        const std::wstring motivo = mensagem;
+        acutDelString(mensagem);
+        return motivo;
+    }
     double valor(AcDbObjectId id, Papel papel) {
         return zp::edicao::valoresDe(*Read<ZpObject>(id).object())[papel];
     }
@@ -128,11 +142,19 @@ TEST_F(EdicaoPorDialogo, OutroComprimentoMantemAsPartes) {
 
 TEST_F(EdicaoPorDialogo, AntesDeDesenharOEspacamentoEQueFica) {
     // Spaces of (2500 - 100) / 5 = 480; 6000 holds 12.5 of them, rounded up.
-    desenha(L"pcantoneira", {"h=60", "b=50", "t=4", "vista0=0", "OutraVista", "l=2500", "accept",
-                             "travejar=1", "altura=30", "largura=100", "n_partes=5", "accept",
-                             "OutraVista", "l=6000", "accept", "accept"});
+    const AcDbObjectId peca =
+        desenha(L"pcantoneira", {"h=60", "b=50", "t=4", "vista0=0", "OutraVista", "l=2500",
+                                 "accept", "travejar=1", "altura=30", "largura=100", "n_partes=5",
+                                 "accept", "OutraVista", "l=6000", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 14u);
     EXPECT_NEAR(chapas()[1], 480.0, 1e-9);
+    edita(peca, {"accept"});
+    EXPECT_EQ(troca(peca, L"tipo_barra", L"1"), L"");
+    ASSERT_EQ(chapas().size(), 14u);
+    EXPECT_NEAR(chapas()[1], 480.0, 1e-9) << "the length is the same";
+    edita(peca, {"OutraVista", "l=6600", "accept", "accept"});
+    ASSERT_EQ(chapas().size(), 14u);
+    EXPECT_NEAR(chapas()[1], 500.0, 1e-9) << "another length keeps the parts";
 }
 
 TEST_F(EdicaoPorDialogo, ChapaDeSecaoNaoTemLargura) {
@@ -153,21 +175,12 @@ TEST_F(EdicaoPorDialogo, CaixaAbertaComAbaGuardaAsDuasFileiras) {
                 {"h=200", "b=75", "t=3", "a=170", "vista0=0", "OutraVista", "l=1000", "accept",
                  "travejar", "altura=100", "largura=10", "n_partes=4", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 10u);
-    const protocol::EntityProperties* quem = nullptr;
-    {
-        const Read<ZpObject> aberta(peca);
-        quem = protocol::extensionOf<protocol::EntityProperties>(*aberta.object(),
-                                                                 protocol::kEntityPropertiesClass);
-    }
-    ACHAR* mensagem = nullptr;
-    ASSERT_TRUE(quem->set(peca, L"aba", L"20", mensagem));
+    EXPECT_EQ(troca(peca, L"aba", L"20"), L"");
     EXPECT_EQ(chapas().size(), 10u);
     // Four spaces between plates of 10 need more than 4 x 30 + 10.
-    EXPECT_FALSE(quem->set(peca, L"comprimento", L"130", mensagem));
-    EXPECT_TRUE(std::wstring(mensagem).starts_with(L"As chapas de travejamento não cabem"));
-    acutDelString(mensagem);
+    EXPECT_TRUE(troca(peca, L"comprimento", L"130").starts_with(L"As chapas de travejamento"));
     EXPECT_EQ(chapas().size(), 10u);
-    EXPECT_TRUE(quem->set(peca, L"comprimento", L"131", mensagem));
+    EXPECT_EQ(troca(peca, L"comprimento", L"131"), L"");
     EXPECT_EQ(chapas().size(), 10u);
     edita(peca, {"accept"});
     EXPECT_EQ(chapas().size(), 10u);

@@ -5,6 +5,7 @@
 #include "zp/matlist/acompanha.h"
 #include "zp/matlist/fichas.h"
 #include "zp/matlist/lista.h"
+#include "zp/matlist/pergunta.h"
 #include "zp/matlist/relatorio.h"
 #include "zp/matlist/tabela.h"
 #include "zp/matlist/zpmarca.h"
@@ -44,6 +45,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     if (msg == AcRx::kUnloadDwgMsg) {
         zp::lista::esquece();
         zp::lista::esqueceLinhas();
+        zp::lista::esqueceUltima();
     }
     if (msg == AcRx::kUnloadAppMsg) encerra();
     return AcRx::kRetOK;

@@ -13,6 +13,8 @@ int g_ultima = 0;
 
 }  // namespace
 
+void esqueceUltima() { g_ultima = 0; }
+
 std::optional<Lista> pergunta(const std::vector<Lista>& todas) {
     if (todas.empty()) return {};
     const auto aceita = [](const Lista& lista) {
