@@ -22,6 +22,8 @@ std::string errnoText(int error) {
 #endif
         case EROFS:
             return "o disco é somente para leitura";
+        case EPIPE:
+            return "quem lia deixou de ler";
         case EISDIR:
             return "é uma pasta, não um arquivo";
         case ENOTDIR:

@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "prancheta/base/event.h"
+#include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 #include "prancheta/dcl/dialog.h"
 
@@ -41,6 +42,11 @@ void ConsoleUi::complain(std::wstring_view text, Complaint kind) {
         show(toUtf8(text) + "\n");
     else
         scriptError(toUtf8(trim(text)));
+}
+
+// Nobody watches: there is no waiting, only the interrupt key.
+bool ConsoleUi::pass(std::chrono::milliseconds) {
+    return !(m_script.interactive() && takeInterrupt());
 }
 
 RawInput ConsoleUi::ask(const InputRequest& request) {

@@ -19,6 +19,7 @@ public:
     RawInput ask(const InputRequest& request) override;
     void runDialog(dcl::Dialog& dialog) override;
     void complain(std::wstring_view text, Complaint kind) override;
+    bool pass(std::chrono::milliseconds time) override;
 
     /// True when the script asked for something that could not be done.
     bool failed() const { return m_failed; }

@@ -145,6 +145,7 @@ bool UndoLog::redo(std::wstring* name) {
 void UndoLog::forgetStale() {
     while (!m_marks.empty() && m_marks.back() > m_done.size()) m_marks.pop_back();
     m_userStart = std::min(m_userStart, m_done.size());
+    if (m_scriptStart) m_scriptStart = std::min(*m_scriptStart, m_done.size());
 }
 
 void UndoLog::mark() {
@@ -170,11 +171,29 @@ void UndoLog::beginUserGroup() {
 
 void UndoLog::endUserGroup() {
     if (m_userDepth == 0 || --m_userDepth > 0) return;
+    merge(m_userStart);
+}
+
+void UndoLog::beginScriptGroup() {
     flushOpenGroup();
-    if (m_done.size() < m_userStart + 2) return;
-    Group& whole = m_done[m_userStart];
+    m_scriptStart = m_done.size();
+    m_depthBeforeScript = m_userDepth;
+}
+
+void UndoLog::endScriptGroup() {
+    if (!m_scriptStart) return;
+    m_userDepth = std::min(m_userDepth, m_depthBeforeScript);
+    merge(*m_scriptStart);
+    m_scriptStart.reset();
+}
+
+/// The groups from this one on become one.
+void UndoLog::merge(std::size_t start) {
+    flushOpenGroup();
+    if (m_done.size() < start + 2) return;
+    Group& whole = m_done[start];
     whole.name = L"GRUPO";
-    for (std::size_t i = m_userStart + 1; i < m_done.size(); ++i) {
+    for (std::size_t i = start + 1; i < m_done.size(); ++i) {
         auto& [name, records, variables, before, after] = m_done[i];
         for (Record& record : records)
             record.variable += static_cast<std::uint32_t>(whole.variables.size());
@@ -182,7 +201,7 @@ void UndoLog::endUserGroup() {
         std::move(variables.begin(), variables.end(), std::back_inserter(whole.variables));
         whole.after = m_done[i].after;
     }
-    m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(m_userStart) + 1, m_done.end());
+    m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(start) + 1, m_done.end());
     m_undone.clear();
     forgetStale();
 }
@@ -193,6 +212,8 @@ void UndoLog::clear() {
     m_marks.clear();
     m_userDepth = 0;
     m_userStart = 0;
+    m_depthBeforeScript = 0;
+    if (m_scriptStart) m_scriptStart = 0;
     startGroup();
     if (m_open == nullptr) return;
     m_open->records.clear();
@@ -284,6 +305,7 @@ bool UndoLog::takeLast(const AcDbStub* stub, int kind, Record& taken) {
         for (std::size_t& mark : m_marks)
             if (mark > i) --mark;
         if (m_userStart > i) --m_userStart;
+        if (m_scriptStart && *m_scriptStart > i) --*m_scriptStart;
         return true;
     }
     return false;

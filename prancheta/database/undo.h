@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -48,6 +49,10 @@ public:
     /// one.
     void beginUserGroup();
     void endUserGroup();
+    /// The same for a script, whatever user groups it begins and ends: those that it leaves open
+    /// end with it.
+    void beginScriptGroup();
+    void endScriptGroup();
 
     void clear();
     std::size_t groupCount() const;
@@ -92,6 +97,7 @@ private:
     void notify(const Group& group, bool backwards);
     void flushOpenGroup();
     void closeGroup(Group group);
+    void merge(std::size_t start);
     void forgetStale();
     bool takeLast(const AcDbStub* stub, int kind, Record& taken);
 
@@ -106,6 +112,8 @@ private:
     int m_depth = 0;
     int m_userDepth = 0;
     std::size_t m_userStart = 0;
+    std::optional<std::size_t> m_scriptStart;
+    int m_depthBeforeScript = 0;  // of user groups
     bool m_recording = true;
     bool m_undoing = false;
     std::uint64_t m_revision = 0;

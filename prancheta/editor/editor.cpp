@@ -95,8 +95,10 @@ InputFrame Editor::inputFrame(const RawInput& input) const {
     frame.ortho = variables.number(L"ORTHOMODE") != 0;
     frame.snapAngle = variables.real(L"SNAPANG");
     const int running = variables.number(L"OSMODE");
-    const bool snapsTyped = variables.number(L"OSNAPCOORD") == 0 && (running & kSnapsOff) == 0;
-    if (snapsTyped && input.kind == RawInput::Kind::Text) frame.runningSnaps = running;
+    const int asTyped = variables.number(L"OSNAPCOORD");
+    const bool snapsTyped = asTyped == 0 || (asTyped == 2 && m_inScript);
+    if (snapsTyped && (running & kSnapsOff) == 0 && input.kind == RawInput::Kind::Text)
+        frame.runningSnaps = running;
     frame.pointer = input.pointer ? input.pointer : m_pointer;
     frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach,
                         const std::optional<AcGePoint3d>& base) {
@@ -147,22 +149,30 @@ RawInput Editor::askRaw(const InputRequest& request) {
     return input;
 }
 
-/// Next answer of what was typed ahead.
-std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
-    const auto use = [this](std::size_t count) {
-        m_typeAheadUsed += count;
-        if (m_typeAheadUsed < m_typeAhead.size()) return;
-        m_typeAhead.clear();
-        m_typeAheadUsed = 0;
-    };
+void Editor::useTyped(std::size_t count) {
+    m_typeAheadUsed += count;
+    if (m_typeAheadUsed < m_typeAhead.size()) return;
+    m_typeAhead.clear();
+    m_typeAheadUsed = 0;
+}
+
+void Editor::skipComments() {
     const auto rest = [this] { return std::wstring_view(m_typeAhead).substr(m_typeAheadUsed); };
     while (m_typeAheadLineStart && rest().starts_with(L';'))
-        use(std::min(rest().find(L'\n'), rest().size() - 1) + 1);
-    const std::wstring_view keys = rest();
-    if (keys.empty()) {
+        useTyped(std::min(rest().find(L'\n'), rest().size() - 1) + 1);
+}
+
+/// Next answer of what was typed ahead.
+std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
+    skipComments();
+    if (m_inScript && m_typeAhead.empty()) {
         m_inScript = false;
-        return {};
+        m_typeAhead = std::exchange(m_afterScript, {});
+        m_typeAheadLineStart = true;
+        skipComments();
     }
+    if (m_typeAhead.empty()) return {};
+    const std::wstring_view keys = std::wstring_view(m_typeAhead).substr(m_typeAheadUsed);
     const bool wholeLine = request.kind == InputKind::Text && request.blanksAllowed;
     const bool quoted = !wholeLine && keys.front() == L'"';
     std::size_t end = quoted ? keys.find(L'"', 1) : 0;
@@ -173,7 +183,7 @@ std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
     std::erase(input.text, L'\r');
     if (quoted) std::erase(input.text, L'"');
     m_typeAheadLineStart = end == keys.npos || keys[end] == L'\n';
-    use(end == keys.npos ? keys.size() : end + 1);
+    useTyped(end == keys.npos ? keys.size() : end + 1);
     if (m_inScript) print(request.prompt + input.text + L"\n");
     return input;
 }
@@ -182,11 +192,13 @@ void Editor::stopTyping() {
     if (m_inScript) m_restOfScript = m_typeAhead.substr(m_typeAheadUsed);
     m_inScript = false;
     m_typeAhead.clear();
+    m_afterScript.clear();
     m_typeAheadUsed = 0;
     m_typeAheadLineStart = true;
 }
 
 void Editor::runScript(std::wstring keys) {
+    if (!m_inScript) m_afterScript = m_typeAhead.substr(m_typeAheadUsed);
     m_restOfScript.clear();
     m_typeAhead = std::move(keys);
     m_typeAheadUsed = 0;
@@ -207,11 +219,12 @@ void Editor::groupScript() {
         stopTyping();
         print(L"*Cancelar*\n");
     }
+    if (m_inScript) skipComments();
     const bool running = m_inScript && !m_typeAhead.empty();
     if (running == m_scriptGroup) return;
     m_scriptGroup = running;
     UndoLog& undo = m_database->core().undo();
-    running ? undo.beginUserGroup() : undo.endUserGroup();
+    running ? undo.beginScriptGroup() : undo.endScriptGroup();
 }
 
 // --- Main loop ----------------------------------------------------------------------------------
@@ -344,6 +357,7 @@ void Editor::updateVariables() const {
         names += command->shownName;
         active = static_cast<short>(active | (command->transparent ? 3 : 1));
     }
+    if (m_inScript) active = static_cast<short>(active | 4);
     if (dcl::openDialogs() > 0) active = static_cast<short>(active | 8);
     variables.force(L"CMDACTIVE", active);
     if (std::get<std::wstring>(variables.find(L"CMDNAMES")->value) != names)

@@ -94,12 +94,15 @@ public:
     bool quitRequested() const { return m_quit; }
     /// What is typed before the front end is asked again: characters as a keyboard gives them, line
     /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments. A
-    /// complaint drops what is left.
-    void typeAhead(std::wstring_view keys) { m_typeAhead.append(keys); }
+    /// complaint drops what is left. While a script runs they wait for its end.
+    void typeAhead(std::wstring_view keys) {
+        (m_inScript ? m_afterScript : m_typeAhead).append(keys);
+    }
     /// True when the next answer comes from the user: no program feeds, nothing is typed ahead.
     bool interactive() const { return m_tokens == nullptr && m_typeAhead.empty() && !m_inScript; }
-    /// Types a script: its keys stand for what was typed ahead, and what its commands do is undone
-    /// in one step. It ends with its last key, or is interrupted by stopTyping().
+    /// Types a script before what was typed ahead; one that runs already gives way to it. What its
+    /// commands do is undone in one step. It ends with its last key, or is interrupted by
+    /// stopTyping().
     void runScript(std::wstring keys);
     bool inScript() const { return m_inScript; }
     /// Forgets what is typed ahead, as a complaint does; the rest of a script can be resumed.
@@ -242,6 +245,8 @@ private:
     RunningCommand* waiting() const;
     void serve(RunningCommand& command);
     std::optional<InputValue> round(Question& question);
+    void useTyped(std::size_t count);
+    void skipComments();
     std::optional<RawInput> takeTyped(const InputRequest& request);
     int startFromToken(const ProgramToken& token);
     int feed(RunningCommand& command, TokenStream& stream);
@@ -275,6 +280,7 @@ private:
     bool m_inScript = false;      ///< what is typed ahead, or was just now, is a script's
     bool m_scriptGroup = false;   ///< an undo group for the script is open in the drawing
     std::wstring m_restOfScript;  ///< of the script that was interrupted
+    std::wstring m_afterScript;   ///< typed ahead by the user of the script that runs
     bool m_quit = false;
     AcGeMatrix3d m_ucs;
     std::optional<AcGePoint3d> m_pointer;  ///< last position that the front end told, world

@@ -18,6 +18,7 @@ class Editor;
 enum class SnapReach {
     Aperture,  ///< inside the aperture: running snaps
     Object,    ///< anywhere on an object under the aperture: snaps asked for
+    Shown,     ///< so, but extensions only of what the view shows: for every move of a pointer
 };
 
 /// Half the side of the pick box in drawing units: PICKBOX pixels of the present view.
@@ -40,7 +41,7 @@ AcDbObjectId lastEntity(const Editor& editor);
 bool onLockedLayer(AcDbObjectId entity);
 
 /// The part of a vector of the user system that lies along the nearer one of the two directions of
-/// ORTHO: the axes turned by SNAPANG.
+/// ORTHO: the axes turned by SNAPANG. The height stays.
 AcGeVector3d alongNearerAxis(const AcGeVector3d& v, double snapAngle);
 
 /// Bits of OSMODE for words such as "_end,_mid"; 0 for "_none", nothing for a word that is no snap.

@@ -208,8 +208,10 @@ AcGePoint3d Question::directDistance(double distance, const InputFrame& frame) c
         direction = AcGeVector3d(sc.cosine, sc.sine, 0.0);
     } else if (frame.pointer) {
         AcGeVector3d towards = frame.ucs.inverse() * (*frame.pointer - base);
-        if (frame.ortho && m_current.orthoAllowed)
+        if (frame.ortho && m_current.orthoAllowed) {
             towards = alongNearerAxis(towards, frame.snapAngle);
+            towards.z = 0.0;
+        }
         if (!towards.isZeroLength()) direction = towards.normal();
     }
     return base + frame.ucs * (direction * distance);

@@ -49,8 +49,16 @@ enum class Adding { More, Instead };
 class Picked {
 public:
     StepCount add(const Ids& ids, bool dropLocked, Adding adding = Adding::More) {
+        LayerStates layers;
+        const auto there = [](const AcDbObjectId& id) { return id.isValid() && !id.isErased(); };
+        const auto barred = [&](const AcDbObjectId& id) {
+            return dropLocked && layers.of(id).locked;
+        };
+        const bool some = std::any_of(ids.begin(), ids.end(), [&](const AcDbObjectId& id) {
+            return there(id) && !barred(id);
+        });
         Step step{m_ids.size(), {}};
-        if (adding == Adding::Instead) {
+        if (adding == Adding::Instead && some) {
             for (const AcDbObjectId& id : m_ids) step.removed.push_back({0, id});
             step.before = 0;
             m_ids.clear();
@@ -58,11 +66,10 @@ public:
         }
         m_steps.push_back(std::move(step));
         StepCount count;
-        LayerStates layers;
         for (const AcDbObjectId& id : ids) {
-            if (!id.isValid() || id.isErased()) continue;
+            if (!there(id)) continue;
             ++count.found;
-            if (dropLocked && layers.of(id).locked) {
+            if (barred(id)) {
                 ++count.locked;
             } else if (m_set.insert(id).second) {
                 m_ids.push_back(id);

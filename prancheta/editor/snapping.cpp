@@ -43,7 +43,9 @@ AcGeVector3d alongNearerAxis(const AcGeVector3d& v, double snapAngle) {
     const AcGeVector3d y(-sc.sine, sc.cosine, 0.0);
     const double alongX = v.dotProduct(x);
     const double alongY = v.dotProduct(y);
-    return std::fabs(alongX) >= std::fabs(alongY) ? x * alongX : y * alongY;
+    AcGeVector3d along = std::fabs(alongX) >= std::fabs(alongY) ? x * alongX : y * alongY;
+    along.z = v.z;
+    return along;
 }
 
 std::optional<int> snapModes(std::wstring_view words) {
@@ -116,7 +118,8 @@ struct Aim {
     AcGePoint3d pointer;
     AcGePoint3d from;
     double aperture = 0.0;
-    double reach = 0.0;  ///< points farther away do not count
+    double reach = 0.0;          ///< points farther away do not count
+    std::optional<Box2d> shown;  ///< extensions of what lies outside do not count
 };
 
 /// Collects the points of the entities under the aperture, each recorded once.
@@ -126,9 +129,7 @@ public:
         : m_display(display), m_aim(aim), m_modes(modes) {
         const Box2d area =
             Box2d{aim.pointer.x, aim.pointer.y, aim.pointer.x, aim.pointer.y}.grown(aim.aperture);
-        std::vector<DisplayList::Item> items = display.find(area);
-        if (items.size() > kMostEntities) items.erase(items.begin(), items.end() - kMostEntities);
-        for (const DisplayList::Item& item : items) add(item.id);
+        for (const DisplayList::Item& item : topmost(area)) add(item.id);
         if (modes & kCrossings) addCrossings();
         // A running extension would need ends that were pointed at before.
         if ((modes & kExtensionSnap) && aim.reach > aim.aperture) addExtensions();
@@ -145,6 +146,11 @@ public:
     }
 
 private:
+    std::vector<DisplayList::Item> topmost(const Box2d& area) {
+        std::vector<DisplayList::Item> items = m_display.find(area);
+        if (items.size() > kMostEntities) items.erase(items.begin(), items.end() - kMostEntities);
+        return items;
+    }
     void add(AcDbObjectId id) {
         const Picture& picture = m_display.picture(id);
         if (!(distanceTo(picture, m_aim.pointer) <= m_aim.aperture)) return;
@@ -179,9 +185,11 @@ private:
             push(m_points, {crossing.point, mode, top}, kIntersectionRank);
         }
     }
-    /// Of every displayed edge: what runs out under the pointer may lie far away. O(entities).
+    /// Of every displayed edge: what runs out under the pointer may lie far away. O(entities),
+    /// unless only what is shown counts.
     void addExtensions() {
-        for (const DisplayList::Item& item : m_display.find(m_display.extents()))
+        for (const DisplayList::Item& item :
+             m_aim.shown ? topmost(*m_aim.shown) : m_display.find(m_display.extents()))
             for (const PrimitiveView primitive : m_display.picture(item.id))
                 forEachEdge(primitive, [&](const Edge& edge) {
                     const std::optional<AcGePoint3d> p = onExtension(edge, m_aim.pointer);
@@ -227,6 +235,13 @@ void appendHits(const std::vector<Candidate>& points, double reach, double same,
     }
 }
 
+Box2d shownBox(const Editor& editor) {
+    const AcGePoint3d& centre = editor.view().centre;
+    const double x = editor.pixelSize() * editor.screenWidth() / 2;
+    const double y = editor.view().height / 2;
+    return {centre.x - x, centre.y - y, centre.x + x, centre.y + y};
+}
+
 }  // namespace
 
 std::vector<SnapHit> snapHits(const Editor& editor, const AcGePoint3d& world, int modes,
@@ -237,7 +252,9 @@ std::vector<SnapHit> snapHits(const Editor& editor, const AcGePoint3d& world, in
     aim.pointer = world;
     aim.from = base.value_or(editor.lastPoint());
     aim.aperture = editor.database().core().variables().number(L"APERTURE") * editor.pixelSize();
-    aim.reach = reach == SnapReach::Object ? std::numeric_limits<double>::infinity() : aim.aperture;
+    aim.reach =
+        reach == SnapReach::Aperture ? aim.aperture : std::numeric_limits<double>::infinity();
+    if (reach == SnapReach::Shown) aim.shown = shownBox(editor);
     SnapSearch search(editor.display(), aim, modes);
     sortHits(search.points());
     sortHits(search.nearest());

@@ -28,7 +28,9 @@ std::wstring variableText(const VariableInfo& info, int angleUnits) {
     if (!isAngleVariable(info.name)) return variableText(info.value);
     // Nobody wants to see what the conversion does to the last digits.
     constexpr double kDigits = 1e10;
+    constexpr double kWithDigits = 1e5;  // greater numbers have no such digits
     const double shown = std::get<double>(info.value) / unitOf(angleUnits);
+    if (std::fabs(shown) > kWithDigits) return numberTextWide(shown);
     return numberTextWide(std::round(shown * kDigits) / kDigits);
 }
 

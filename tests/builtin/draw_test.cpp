@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // LINE, CIRCLE, ARC, POINT, TEXT, DIMALIGNED.
+#include <cmath>
+
 #include "prancheta/geometry/angles.h"
 #include "tests/builtin/script_ui.h"
 
@@ -89,6 +91,32 @@ TEST_F(Draw, CircleByTwoTangentsAndTheRadius) {
     EXPECT_EQ(count(), made);
 }
 
+TEST_F(Draw, TangentCircleOfEqualPicksIsTheSameEverywhere) {
+    // Two lines at 0 and 20 degrees, both picked 60 from their corner. The circles in the two wide
+    // angles touch 40 * tan(10 degrees) before the corner on one line and behind it on the other:
+    // 52.9 and 67.1 from the picks, either way round. The first pick decides.
+    const double behind = 40 * std::tan(kPi / 18);
+    const auto at = [](double x, double y) {
+        return prancheta::numberTextWide(x) + L"," + prancheta::numberTextWide(y);
+    };
+    for (const double away : {0.0, 0.7, 1234.567, 98765.4321, 1e6}) {
+        const std::wstring corner = at(away, -away);
+        type({L"_line", corner.c_str(), L"@200,0", L"", L"_line", corner.c_str(), L"@200<20", L""});
+        const std::wstring flat = at(away + 60, -away);
+        const std::wstring sloping =
+            at(away + 60 * std::cos(kPi / 9), -away + 60 * std::sin(kPi / 9));
+        type({L"_circle", L"_ttr", flat.c_str(), sloping.c_str(), L"40"});
+        const AcGePoint3d below = Read<AcDbCircle>(last())->center();
+        EXPECT_NEAR(below.x, away + behind, 1e-6) << away;
+        EXPECT_NEAR(below.y, -away - 40, 1e-6) << away;
+        type({L"_circle", L"_ttr", sloping.c_str(), flat.c_str(), L"40"});
+        const AcGePoint3d above = Read<AcDbCircle>(last())->center();
+        EXPECT_NEAR(above.x, away - behind, 1e-6) << away;
+        EXPECT_NEAR(above.y, -away + 40, 1e-6) << away;
+        type({L"_erase", L"_all", L""});
+    }
+}
+
 TEST_F(Draw, LastAngleIsTheDirectionOfTheEnd) {
     const auto lastAngle = [&] { return editor->variables().real(L"LASTANGLE"); };
     type({L"_line", L"0,0", L"5,0", L"5,5", L""});
@@ -103,6 +131,13 @@ TEST_F(Draw, LastAngleIsTheDirectionOfTheEnd) {
     type({L"_pline", L"0,0", L"10,0", L"10,10", L"0,10", L"_c"});
     EXPECT_NEAR(lastAngle(), 1.5 * kPi, 1e-12);
     type({L"_pline", L"0,0", L"-7,0", L""});
+    EXPECT_NEAR(lastAngle(), kPi, 1e-12);
+    // Segments that were taken back say nothing.
+    type({L"_line", L"0,0", L"0,5", L"5,5", L"_u", L""});
+    EXPECT_NEAR(lastAngle(), kPi / 2, 1e-12);
+    type({L"_pline", L"0,0", L"-7,0", L"-7,9", L"_u", L""});
+    EXPECT_NEAR(lastAngle(), kPi, 1e-12);
+    type({L"_line", L"0,0", L"0,5", L"_u", L"", L"_pline", L"0,0", L"0,5", L"_u", L""});
     EXPECT_NEAR(lastAngle(), kPi, 1e-12);
     type({L"lastangle"});
     EXPECT_TRUE(said(L"LASTANGLE = 180 (somente leitura)"));

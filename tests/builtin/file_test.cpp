@@ -199,6 +199,64 @@ TEST_F(Scripts, OneScriptHandsOverToAnother) {
     EXPECT_EQ(count(), 0u);
 }
 
+TEST_F(Scripts, NoneStartsItself) {
+    const std::wstring name = path("a.scr");
+    run("b.scr", "_point 0,0\n");
+    (void)script("a.scr", "_point 1,1\n_script " + prancheta::toUtf8(name) + "\n");
+    type({L"_script", name.c_str()});
+    for (int i = 0; i < 50 && editor->inScript(); ++i) editor->step();
+    EXPECT_EQ(count(), 2u);
+    ASSERT_EQ(ui.complaints.size(), 1u);
+    EXPECT_EQ(ui.complaints.back(), L"Um script não pode repetir a si mesmo com SCRIPT.");
+}
+
+TEST_F(Scripts, WhatWasTypedAheadFollowsTheScript) {
+    const std::wstring name = script("a.scr", "_point 1,1\n_point 2,2\n; fim\n");
+    editor->typeAhead(L"_script " + name + L"\n_point 7,7\n");
+    for (int i = 0; i < 3; ++i) editor->step();
+    editor->typeAhead(L"_point 8,8\n");
+    while (editor->step()) {
+    }
+    ASSERT_EQ(count(), 4u);
+    expectPoint(Read<AcDbPoint>(entities()[1])->position(), 2, 2);
+    expectPoint(Read<AcDbPoint>(entities()[2])->position(), 7, 7);
+    expectPoint(Read<AcDbPoint>(entities()[3])->position(), 8, 8);
+    type({L"_u", L"_u"});
+    EXPECT_EQ(count(), 2u);
+    type({L"_u"});
+    EXPECT_EQ(count(), 0u);
+}
+
+TEST_F(Scripts, OneUndoWhateverGroupsAScriptBeginsAndEnds) {
+    run("a.scr", "_point 1,1\n_undo _begin\n_point 2,2\n_point 3,3\n");
+    type({L"_u"});
+    EXPECT_EQ(count(), 0u);
+    type({L"_undo", L"_begin", L"_point", L"1,1", L"_point", L"2,2", L"_undo", L"_end", L"_u"});
+    EXPECT_EQ(count(), 0u);
+    run("b.scr", "_point 1,1\n_undo _end\n_point 2,2\n");
+    ASSERT_EQ(count(), 2u);
+    type({L"_u"});
+    EXPECT_EQ(count(), 0u);
+    // A group around the script goes on behind it.
+    type({L"_undo", L"_begin", L"_point", L"0,0"});
+    run("a.scr", "_point 1,1\n_undo _begin\n_point 2,2\n");
+    type({L"_point", L"3,3", L"_undo", L"_end", L"_u"});
+    EXPECT_EQ(count(), 0u);
+}
+
+TEST_F(Scripts, RunningSnapsActAndCmdactiveTells) {
+    type({L"osmode", L"1", L"_line", L"0,0", L"10,0", L""});
+    const std::string lines = "_point 11,1\n_setvar CMDACTIVE\n";
+    run("a.scr", lines);
+    expectPoint(Read<AcDbPoint>(last())->position(), 10, 0);
+    EXPECT_TRUE(said(L"CMDACTIVE = 5"));
+    type({L"_point", L"11,1"});
+    expectPoint(Read<AcDbPoint>(last())->position(), 11, 1);
+    type({L"osnapcoord", L"1"});
+    run("a.scr", lines);
+    expectPoint(Read<AcDbPoint>(last())->position(), 11, 1);
+}
+
 TEST_F(Files, NewDrawingStartsAfresh) {
     type({L"_point", L"0,0", L"_erase", L"_l", L"", L"_new", L"_y", L"_oops", L"_u"});
     EXPECT_EQ(count(), 0u);

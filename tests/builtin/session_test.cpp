@@ -54,6 +54,8 @@ TEST_F(Session, AnglesOfVariablesAreTypedAsAngles) {
     type({L"aunits", L"3", L"angbase", L"0.5", L"aunits", L"0", L"angbase", L"2,5", L""});
     EXPECT_NEAR(editor->variables().real(L"ANGBASE"), 0.5, 1e-15);
     EXPECT_EQ(ui.complaints.size(), 1u);
+    type({L"snapang", L"1e300", L"snapang", L""});
+    EXPECT_FALSE(asked(L"inf"));
     // Of the drawing: a new one begins without it.
     type({L"_new", L"_y"});
     EXPECT_EQ(editor->variables().real(L"SNAPANG"), 0.0);

@@ -107,6 +107,20 @@ TEST_F(Pointing, orthoLimitsTheCursorButNotSnapsNorTypedPoints) {
     expectLine(all[4], 450, 400, 520, 480);
 }
 
+TEST_F(Pointing, orthoLeavesThePointerItsHeight) {
+    type(L"ORTHOMODE");
+    type(L"1");
+    type(L"_LINE");
+    type(L"100,100,5");
+    click(300, 130);
+    type(L"");
+    run();
+    ASSERT_EQ(entities().size(), 1u);
+    const AcDbObjectPointer<AcDbLine> drawn(entities().back(), AcDb::kForRead);
+    EXPECT_EQ(drawn->startPoint().z, 5.0);
+    EXPECT_EQ(drawn->endPoint().z, 0.0);
+}
+
 TEST_F(Pointing, theSnapGridRoundsThePointerButNotSnapsNorTypedPoints) {
     line(503.5, 301.25, 600, 400);
     for (const wchar_t* text : {L"OSMODE", L"1", L"SNAPMODE", L"1", L"SNAPUNIT", L"20,10"})

@@ -73,20 +73,28 @@ TEST_F(Window, AbandonedWorkLeavesNoRecoveryCopy) {
     EXPECT_TRUE(story.run());
 }
 
+/// Runs a script, and acts once when the window looks at what the user does while `active` (global
+/// name, empty: none) is the command and something is drawn.
+void interrupt(Story& story, const fs::path& script, const std::wstring& active,
+               std::function<void()> act) {
+    auto* const timer = new QTimer(&story.window());
+    QObject::connect(timer, &QTimer::timeout, [&story, timer, active, act] {
+        const bool now = story.editor().inScript() && story.editor().activeCommand() == active;
+        if (!now || story.entities() == 0 || !story.window().ui().passing()) return;
+        timer->stop();
+        act();
+    });
+    story.then([&story, timer, script] {
+        timer->start(0);
+        story.press("_script " + QString::fromStdString(script.string()) + "\n");
+    });
+}
+
 TEST_F(Window, EscEndsAScriptThatWaits) {
     const fs::path file = folder() / "espera.scr";
     std::ofstream(file) << "_circle 50,50 25\n_delay 30000\n_circle 90,50 25\n";
     Story story;
-    QTimer escape;
-    QObject::connect(&escape, &QTimer::timeout, [&] {
-        if (story.entities() != 1 || story.window().ui().request() != nullptr) return;
-        escape.stop();
-        story.window().ui().cancel();
-    });
-    story.then([&] {
-        escape.start(20);
-        story.press("_script " + QString::fromStdString(file.string()) + "\n");
-    });
+    interrupt(story, file, L"DELAY", [&] { story.press("l 0,0 \x1b"); });
     story.when([&] { return story.idle() && story.entities() > 0; },
                [&] {
                    EXPECT_EQ(story.entities(), 1u) << "the rest of the script is kept";
@@ -94,6 +102,29 @@ TEST_F(Window, EscEndsAScriptThatWaits) {
                });
     story.when([&] { return story.idle() && story.entities() == 2; }, [] {});
     EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, EscEndsAScriptThatWorks) {
+    constexpr std::size_t kPoints = 20000;
+    const fs::path file = folder() / "longo.scr";
+    std::ofstream out(file);
+    for (std::size_t i = 0; i < kPoints; ++i) out << "_point " << i % 100 * 20 << "," << i << "\n";
+    out.close();
+    Story story;
+    interrupt(story, file, L"", [&] { story.press("\x1b"); });
+    story.when([&] { return story.idle() && story.entities() > 0; },
+               [&] { EXPECT_LT(story.entities(), kPoints); });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, ClosesWhileAScriptWaits) {
+    const fs::path file = folder() / "espera.scr";
+    std::ofstream(file) << "_circle 50,50 25\n_delay 30000\n";
+    Story story;
+    interrupt(story, file, L"DELAY", [&] { story.window().close(); });
+    story.choose("salvarAlteracoes", "Não salvar");
+    EXPECT_TRUE(story.run());
+    EXPECT_TRUE(story.closedItself());
 }
 
 TEST_F(Window, DelInThePanelOfLayersIsAboutLayers) {

@@ -53,6 +53,8 @@ TEST_F(QuestionTest, directDistanceFollowsTheRubberBand) {
     expectPoint(type(request(InputKind::Point, base), {L"50"}).value.point, 40, 50);
     frame.ortho = true;
     expectPoint(type(request(InputKind::Point, base), {L"50"}).value.point, 10, 60);
+    const AcGePoint3d raised(10, 10, 5);
+    expectPoint(type(request(InputKind::Point, raised), {L"50"}).value.point, 10, 60, 5);
     // Turned by 45 degrees the axes point to (1, 1) and (-1, 1): 3-4 is nearer to the first.
     frame.snapAngle = kPi / 4;
     const double leg = 50 * std::sqrt(0.5);

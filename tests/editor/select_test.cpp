@@ -32,12 +32,12 @@ protected:
             indices += std::to_string(std::find(lines.begin(), lines.end(), id) - lines.begin());
         return indices;
     }
-    void lockLayerOf(AcDbObjectId id) {
+    void lockLayerOf(AcDbObjectId id, bool locked = true) {
         const AcDbObjectId layer = editor->database().core().ensureLayer(L"TRANCADA");
         AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
         entity->setLayer(layer);
         AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
-        record->setIsLocked(true);
+        record->setIsLocked(locked);
     }
     bool said(std::wstring_view text) const { return ui.output.find(text) != std::wstring::npos; }
 
@@ -97,6 +97,9 @@ TEST_F(SelectTest, withoutPickaddTheLastPickCounts) {
     EXPECT_EQ(selected({L"0,25", L"_l"}), "02");
     EXPECT_EQ(selected({L"_all", L"_r", L"100,25"}), "02");
     EXPECT_EQ(selected({L"_all", L"100,25", L"_u"}), "012");
+    lockLayerOf(lines[2]);
+    EXPECT_EQ(selected({L"0,25", L"200,25"}), "0");  // nothing to take its place
+    lockLayerOf(lines[2], false);
     // Shift adds and takes out.
     const auto pick = [&](int index, bool shift) {
         RawInput input = editortest::at(RawInput::Kind::Pick, 100.0 * index, 25);

@@ -12,8 +12,7 @@
 namespace prancheta::desktop {
 namespace {
 
-constexpr int kSuppressed = 16384;  // bit of OSMODE
-constexpr int kAllModes = kSuppressed - 1;
+constexpr int kAllModes = kSnapsOff - 1;
 
 /// On the nearer one of the directions of ORTHO from the base.
 AcGePoint3d onOrtho(const Editor& editor, const AcGePoint3d& base, const AcGePoint3d& world) {
@@ -36,7 +35,7 @@ AcGePoint3d onSnapGrid(const Editor& editor, const AcGePoint3d& world) {
 int modesOf(const Editor& editor, const InputRequest& request) {
     if (request.snapModes) return *request.snapModes;
     const int running = editor.database().core().variables().number(L"OSMODE");
-    return (running & kSuppressed) != 0 ? 0 : running & kAllModes;
+    return (running & kSnapsOff) != 0 ? 0 : running & kAllModes;
 }
 
 }  // namespace
@@ -67,7 +66,7 @@ void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& w
     m_point = world;
     if (request == nullptr || !asksForPoint(*request)) return;
     const int modes = modesOf(editor, *request);
-    const SnapReach reach = request->snapModes ? SnapReach::Object : SnapReach::Aperture;
+    const SnapReach reach = request->snapModes ? SnapReach::Shown : SnapReach::Aperture;
     if (modes != 0) m_catches = snapHits(editor, world, modes, reach, request->base);
     if (!m_catches.empty()) {
         m_point = m_catches.front().point;

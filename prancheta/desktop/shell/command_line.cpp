@@ -117,6 +117,7 @@ void AnswerEdit::resume() {
 
 void AnswerEdit::keyPressEvent(QKeyEvent* event) {
     if (m_holding) {
+        if (event->key() == Qt::Key_Escape && m_interrupt && m_interrupt()) return m_held.clear();
         m_held.emplace_back(event->clone());
         return;
     }

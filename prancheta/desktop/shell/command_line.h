@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <deque>
+#include <functional>
 #include <memory>
 
 #include "prancheta/editor/user_interface.h"
@@ -34,6 +35,9 @@ public:
     /// resume() takes them, up to the next answer. Held at first.
     void hold() { m_holding = true; }
     void resume();
+    /// Asked at an Esc that would be kept; true when it ended what goes on, and the kept keys go
+    /// with it.
+    void setInterrupt(std::function<bool()> interrupt) { m_interrupt = std::move(interrupt); }
     /// Inserts one line; several lines leave as they are, with what was typed before them.
     void pasteText(const QString& text);
 
@@ -57,6 +61,7 @@ private:
 
     bool m_holding = true;
     std::deque<std::unique_ptr<QKeyEvent>> m_held;
+    std::function<bool()> m_interrupt;
     bool m_blanksAllowed = false;
     bool m_offersCompletions = false;
     QCompleter* m_completer = nullptr;

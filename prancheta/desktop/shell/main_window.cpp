@@ -122,6 +122,11 @@ void MainWindow::makeCommandLine() {
     connect(m_commandLine, &CommandLine::cancelled, this, [this] {
         if (!m_canvas->escape()) m_ui->cancel();
     });
+    m_commandLine->edit().setInterrupt([this] {
+        if (!m_ui->passing()) return false;
+        m_ui->cancel();
+        return true;
+    });
     connect(&m_commandLine->edit(), &AnswerEdit::erased, this, [this] {
         if (m_ui->idle() && !m_editor->pickfirst().empty()) m_ui->runCommand("_ERASE");
     });

@@ -26,6 +26,7 @@ QString text(std::wstring_view wide) {
 WindowUi::WindowUi(QWidget& window, DrawingFiles& files)
     : QObject(&window), m_window(window), m_files(files) {
     m_sinceShown.start();
+    m_sinceLooked.start();
 }
 
 void WindowUi::print(std::wstring_view what) { emit printed(text(what)); }
@@ -66,7 +67,7 @@ void WindowUi::refresh() {
 }
 
 bool WindowUi::pass(std::chrono::milliseconds time) {
-    if (time.count() == 0 && m_sinceShown.elapsed() < kPaintPause) return true;
+    if (time.count() == 0 && m_sinceLooked.elapsed() < kPaintPause) return true;
     showChanges();
     m_escaped = false;
     const InputRequest* const outerRequest = std::exchange(m_request, nullptr);
@@ -81,6 +82,7 @@ bool WindowUi::pass(std::chrono::milliseconds time) {
     m_loop = outerLoop;
     m_request = outerRequest;
     m_sinceShown.restart();
+    m_sinceLooked.restart();
     return !m_escaped;
 }
 
@@ -138,6 +140,7 @@ RawInput WindowUi::ask(const InputRequest& request) {
     m_loop = outerLoop;
     m_request = outerRequest;
     m_sinceShown.restart();
+    m_sinceLooked.restart();
     RawInput input = m_input ? *std::exchange(m_input, {}) : RawInput();
     return input;
 }
@@ -178,8 +181,7 @@ void WindowUi::typeAhead(const QString& keys) {
 
 void WindowUi::cancel() {
     m_early.clear();
-    if (m_request == nullptr && m_loop != nullptr) {
-        // Nobody asks: time passes.
+    if (passing()) {
         m_escaped = true;
         m_loop->quit();
         return;
@@ -203,6 +205,10 @@ void WindowUi::runCommand(const QString& line) {
 }
 
 void WindowUi::requestClose() {
+    if (passing()) {
+        m_closing = true;
+        return cancel();
+    }
     if (m_request == nullptr || m_input) return;
     m_closing = true;
     if (!idle()) return cancel();

@@ -48,6 +48,8 @@ public:
     const InputRequest* request() const { return m_request; }
     /// True when "Comando:" waits: the drawing may be changed from outside commands.
     bool idle() const { return m_request != nullptr && m_request->kind == InputKind::Command; }
+    /// True while time passes without a question: cancel() ends that.
+    bool passing() const { return m_request == nullptr && m_loop != nullptr; }
     /// What the waiting question gets. Typed answers that come while nothing waits are kept for the
     /// next question; others are dropped.
     void answer(const RawInput& input);
@@ -101,6 +103,7 @@ private:
     bool m_changed = false;
     bool m_escaped = false;  ///< Esc while pass() waits
     QElapsedTimer m_sinceShown;
+    QElapsedTimer m_sinceLooked;  ///< at what the user does
 };
 
 }  // namespace prancheta::desktop

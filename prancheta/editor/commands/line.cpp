@@ -56,11 +56,12 @@ CommandTask line(CommandContext context) {
         const AcGePoint3d end = closing ? corners.front() : answer.point;
         const AcDbObjectId id = addEntity(context, std::make_unique<AcDbLine>(corners.back(), end));
         if (id.isNull()) co_return CommandEnd::Failed;
-        keepLastAngle(context, directionOf(corners.back(), end));
         lines.push_back(id);
         corners.push_back(end);
         if (closing) break;
     }
+    if (!lines.empty())
+        keepLastAngle(context, directionOf(corners[corners.size() - 2], corners.back()));
     // Esc only ends the chain: the lines drawn stay.
     co_return lines.empty() ? endOf(answer.status) : CommandEnd::Done;
 }

@@ -112,8 +112,9 @@ bool closeDraft(const CommandContext& context, PlineDraft& draft, Mode mode) {
         }
         bulge = *back;
     }
+    if (!draft.close(bulge, kept.plineStartWidth, kept.plineEndWidth)) return false;
     keepLastAngle(context, endDirectionOf(draft.end(), draft.start(), bulge));
-    return draft.close(bulge, kept.plineStartWidth, kept.plineEndWidth);
+    return true;
 }
 
 }  // namespace
@@ -146,7 +147,7 @@ CommandTask pline(CommandContext context) {
             continue;
         }
         if (isWord(answer, L"Close") || isWord(answer, L"CLose")) {
-            if (closeDraft(context, draft, mode)) break;
+            if (closeDraft(context, draft, mode)) co_return CommandEnd::Done;
             continue;
         }
         if (answer.status == RTNONE || answer.status == RTCAN) break;
@@ -162,11 +163,12 @@ CommandTask pline(CommandContext context) {
         if (!draft.add(answer.point, bulge, kept.plineStartWidth, kept.plineEndWidth))
             co_return CommandEnd::Failed;
         context.editor().setLastPoint(draft.end());
-        keepLastAngle(context, draft.endDirection());
         afterSegment(kept);
     }
+    if (draft.segments() == 0) co_return endOf(answer.status);
+    keepLastAngle(context, draft.endDirection());
     // Esc only ends the polyline: what is drawn stays.
-    co_return draft.segments() == 0 ? endOf(answer.status) : CommandEnd::Done;
+    co_return CommandEnd::Done;
 }
 
 }  // namespace prancheta::commands

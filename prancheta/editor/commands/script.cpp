@@ -36,6 +36,10 @@ CommandTask script(CommandContext context) {
     if (name.status != RTNORM) co_return endOf(name.status);
     std::filesystem::path file = typedPath(name.text);
     if (!file.has_extension()) file += ".scr";
+    std::error_code ignored;  // a file that is not there is told about below
+    if (context.editor().inScript() &&
+        std::filesystem::equivalent(file, memory(context).script, ignored))
+        co_return fail(context, L"Um script não pode repetir a si mesmo com SCRIPT.");
     co_return typeFile(context, file);
 }
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Circles that touch two curves: their centres lie where parallels of the curves, one radius away,
-// meet. Up to eight; the one that touches nearest to the picks is taken.
+// meet. Up to eight; the one that touches nearest to the picks is taken, of two alike the one that
+// is nearer to the first pick.
 #include "prancheta/editor/commands/tangent_circle.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -12,6 +14,9 @@ namespace prancheta::commands {
 namespace {
 
 constexpr double kNegligible = 1e-9;  // share of a length
+/// Picks at equal distances are usual: rounding, which differs from place to place, decides
+/// nothing.
+constexpr double kAlike = 1e-6;  // share of a length
 
 /// A curve in the plane of the first one's pick, or a parallel of it; relative to that pick, so
 /// that drawings far from the origin lose no digits.
@@ -110,11 +115,16 @@ std::optional<AcGePoint3d> centerTouching(const TouchedCurve& first, const Touch
         for (const Curve& ofSecond : parallels(b, radius)) meet(ofFirst, ofSecond, centers);
     std::optional<AcGePoint3d> best;
     double least = std::numeric_limits<double>::infinity();
+    double leastOfFirst = least;
     const Place secondPick{second.pick.x - origin.x, second.pick.y - origin.y};
     for (const Place& center : centers) {
-        const double miss = missOf(a, center, radius, {}) + missOf(b, center, radius, secondPick);
-        if (!(miss < least)) continue;
+        const double ofFirst = missOf(a, center, radius, {});
+        const double miss = std::hypot(ofFirst, missOf(b, center, radius, secondPick));
+        const double alike = kAlike * (radius + miss);
+        const bool tie = std::abs(miss - least) <= alike;
+        if (!(tie ? ofFirst < leastOfFirst - alike : miss < least)) continue;
         least = miss;
+        leastOfFirst = ofFirst;
         best = AcGePoint3d(origin.x + center.x, origin.y + center.y, first.point.z);
     }
     return best;
