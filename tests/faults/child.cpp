@@ -78,6 +78,7 @@ Outcome runConsole(const Folder& folder, std::vector<std::string> arguments,
         ::execv(program.c_str(), argv.data());
         ::_exit(123);
     }
+    if (child < 0) return {-1, "fork"};  // a signal to -1 would be one to everybody
     if (accident.killAfter >= 0) {
         ::usleep(static_cast<useconds_t>(accident.killAfter));
         ::kill(child, SIGKILL);
