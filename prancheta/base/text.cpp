@@ -132,7 +132,7 @@ std::wstring withoutAccents(std::wstring_view text) {
         const bool small = c >= 0xE0 && c <= 0xFE;
         const wchar_t capital = small ? static_cast<wchar_t>(c - 32) : c;
         if (capital < 0xC0 || capital > 0xDE) continue;
-        c = static_cast<wchar_t>(kPlain[capital - 0xC0u] + (c - capital));
+        c = static_cast<wchar_t>(kPlain[static_cast<std::size_t>(capital - 0xC0)] + (c - capital));
     }
     return out;
 }
