@@ -93,12 +93,13 @@ InputFrame Editor::inputFrame(const RawInput& input) const {
     frame.clockwise = variables.number(L"ANGDIR") != 0;
     frame.angleUnits = variables.number(L"AUNITS");
     frame.ortho = variables.number(L"ORTHOMODE") != 0;
-    frame.snapAngle = variables.real(L"SNAPANG");
-    const int running = variables.number(L"OSMODE");
+    if (frame.ortho) frame.snapAngle = variables.real(L"SNAPANG");
     const int asTyped = variables.number(L"OSNAPCOORD");
     const bool snapsTyped = asTyped == 0 || (asTyped == 2 && m_inScript);
-    if (snapsTyped && (running & kSnapsOff) == 0 && input.kind == RawInput::Kind::Text)
-        frame.runningSnaps = running;
+    if (snapsTyped && input.kind == RawInput::Kind::Text) {
+        const int running = variables.number(L"OSMODE");
+        if ((running & kSnapsOff) == 0) frame.runningSnaps = running;
+    }
     frame.pointer = input.pointer ? input.pointer : m_pointer;
     frame.snap = [this](const AcGePoint3d& p, int modes, SnapReach reach,
                         const std::optional<AcGePoint3d>& base) {

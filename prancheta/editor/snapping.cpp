@@ -51,7 +51,8 @@ AcGeVector3d alongNearerAxis(const AcGeVector3d& v, double snapAngle) {
 std::optional<int> snapModes(std::wstring_view words) {
     int modes = 0;
     words = trim(words);
-    if (words.empty()) return {};
+    // Nearly all that is asked about is a point.
+    if (words.empty() || (words.front() != L'_' && foldCase(words.front()) < L'a')) return {};
     while (!words.empty()) {
         const std::size_t comma = std::min(words.find(L','), words.size());
         std::wstring_view word = trim(words.substr(0, comma));
