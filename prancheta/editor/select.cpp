@@ -308,7 +308,8 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
     Picked picked;
     bool removing = false;
     bool single = options.single;
-    const Ids before = options.usePickfirst ? takePickfirst(context) : Ids();
+    Ids before;
+    if (options.usePickfirst) before = takePickfirst(context);
     if (!before.empty()) tell(context, picked.add(before, options.dropLocked), picked, false);
     bool done = !picked.ids().empty();
     while (!done) {
