@@ -77,6 +77,15 @@ public:
     Story& type(const QString& keys) {
         return then([this, keys] { press(keys); });
     }
+    /// Draws a circle and saves the drawing; then `step`.
+    Story& afterSavedCircle(const std::filesystem::path& file, std::function<void()> step) {
+        type("c 50,50 25 ");
+        return when([this] { return idle() && entities() == 1; },
+                    [this, file, step = std::move(step)] {
+                        ASSERT_TRUE(editor().saveDocument(file));
+                        step();
+                    });
+    }
     void press(const QString& keys) {
         for (const QChar key : keys) {
             if (key == '\n')

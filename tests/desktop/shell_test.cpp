@@ -154,12 +154,7 @@ TEST_F(Window, RecoversAfterACrash) {
     const fs::path kept = folder() / "kept";
     {
         Story story;
-        story.type("c 50,50 25 ");
-        story.when([&] { return story.entities() == 1; },
-                   [&] {
-                       ASSERT_TRUE(story.editor().saveDocument(drawing));
-                       story.press("c 90,50 25 ");
-                   });
+        story.afterSavedCircle(drawing, [&] { story.press("c 90,50 25 "); });
         story.when([&] { return story.entities() == 2; },
                    [&] {
                        ASSERT_TRUE(story.application().recovery().write());

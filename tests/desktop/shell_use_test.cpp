@@ -35,13 +35,10 @@ void drop(prancheta::desktop::MainWindow& window, const fs::path& file) {
 TEST_F(Window, TakesADroppedDrawingInTheMiddleOfACommand) {
     const fs::path file = folder() / "viga.dxf";
     Story story;
-    story.type("c 50,50 25 ");
-    story.when([&] { return story.idle() && story.entities() == 1; },
-               [&] {
-                   ASSERT_TRUE(story.editor().saveDocument(file));
-                   ASSERT_TRUE(story.editor().newDocument());
-                   story.press("l 0,0 ");
-               });
+    story.afterSavedCircle(file, [&] {
+        ASSERT_TRUE(story.editor().newDocument());
+        story.press("l 0,0 ");
+    });
     story.when([&] { return !story.idle() && story.window().ui().request() != nullptr; },
                [&] { drop(story.window(), file); });
     story.when([&] { return story.idle() && story.entities() == 1; },
@@ -55,12 +52,7 @@ TEST_F(Window, TakesADroppedDrawingInTheMiddleOfACommand) {
 TEST_F(Window, AbandonedWorkLeavesNoRecoveryCopy) {
     const fs::path file = folder() / "viga.dxf";
     Story story;
-    story.type("c 50,50 25 ");
-    story.when([&] { return story.idle() && story.entities() == 1; },
-               [&] {
-                   ASSERT_TRUE(story.editor().saveDocument(file));
-                   story.press("c 90,50 25 ");
-               });
+    story.afterSavedCircle(file, [&] { story.press("c 90,50 25 "); });
     story.when([&] { return story.idle() && story.entities() == 2; },
                [&] {
                    ASSERT_TRUE(story.application().recovery().write());
@@ -188,12 +180,7 @@ TEST_F(Window, WarnsOfADrawingThatIsOpenElsewhere) {
     fs::path mark;
     {
         Story story;
-        story.type("c 50,50 25 ");
-        story.when([&] { return story.idle() && story.entities() == 1; },
-                   [&] {
-                       ASSERT_TRUE(story.editor().saveDocument(file));
-                       story.press("z e ");
-                   });
+        story.afterSavedCircle(file, [&] { story.press("z e "); });
         story.when([&] { return story.idle() && fs::exists(folder() / "prancheta" / "abertos"); },
                    [&] { mark = *fs::directory_iterator(folder() / "prancheta" / "abertos"); });
         ASSERT_TRUE(story.run());
