@@ -25,7 +25,8 @@ Medidas medidasOf(Classe classe, const Dados& v) {
     m.av = v[VaoV];
     m.d = v[D];
     m.di = (v[D] - v[Dint]) / 2.0;
-    m.m = zp::secao::descricao(classe).composta ? v[M] / 2.0 : v[M];
+    const bool single = zp::secao::descricao(classe).composicao == zp::secao::Composicao::Uma;
+    m.m = single ? v[M] : v[M] / 2.0;
     switch (classe) {
         case Classe::UDobrado:
         case Classe::ZDobrado:

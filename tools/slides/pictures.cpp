@@ -84,8 +84,7 @@ zp::secao::Vista drawnView(const Family& family, int view) {
     if (turned) {
         const auto* const roles =
             zp::secao::papeisDe(family.classe, family.points, static_cast<int>(values.size()));
-        const auto turn =
-            std::find(roles->begin(), roles->end(), zp::secao::Papel::Giro) - roles->begin();
+        const int turn = zp::secao::lugarDe(roles, zp::secao::Papel::Giro);
         values[static_cast<std::size_t>(turn)] = std::numbers::pi;
         if (family.remap == Remap::Angle) view = view == 1 ? 2 : 3;
     }

@@ -123,7 +123,7 @@ void mantem(const ZpObject& peca, const ZpObject& regra, ZpObject& nova) {
     const secao::Dados tem = valoresDe(peca);
     const secao::Dados teria = valoresDe(regra);
     Peca& p = Acesso::de(nova);
-    const secao::Papeis* const papeis = secao::papeisDe(p.classe, p.forma, p.quantos);
+    const secao::Papeis* const papeis = p.ordem();
     for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i) {
         const secao::Papel papel = (*papeis)[i];
         const bool deFora =

@@ -83,17 +83,15 @@ void grupoGeometria(const ZpObject& peca, const Peca& p, PropertySheet& s) {
         mostra(s, kComprimento, rotulo, comUnidade(p.comprimento, kCasas, L"mm"));
     else
         s.edit(kComprimento, rotulo, escreve(p.comprimento, kCasas).c_str(), L"mm");
-    const secao::Papeis* papeis = secao::papeisDe(p.classe, p.forma, p.quantos);
     for (const Medida& medida : medidas()) {
-        for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i) {
-            if ((*papeis)[i] != medida.papel) continue;
-            const double v = p.atuais[i] * medida.fator;
-            const ACHAR* const nome = rotuloDe(medida, p.classe);
-            if (fixa)
-                mostra(s, medida.chave, nome, comUnidade(v, kCasas, medida.unidade));
-            else
-                s.edit(medida.chave, nome, escreve(v, kCasas).c_str(), medida.unidade);
-        }
+        const double* const guardado = p.valor(medida.papel);
+        if (guardado == nullptr) continue;
+        const double v = *guardado * medida.fator;
+        const ACHAR* const nome = rotuloDe(medida, p.classe);
+        if (fixa)
+            mostra(s, medida.chave, nome, comUnidade(v, kCasas, medida.unidade));
+        else
+            s.edit(medida.chave, nome, escreve(v, kCasas).c_str(), medida.unidade);
     }
 }
 
@@ -129,9 +127,8 @@ std::unique_ptr<ZpObject> copiaDe(const ZpObject& peca) {
 std::wstring mudaComprimento(Peca& p, double novo) {
     if (!(novo > 0.0)) return L"O comprimento deve ser maior que zero.";
     p.comprimento = novo;
-    if (const secao::Papeis* papeis = secao::papeisDe(p.classe, p.forma, p.quantos))
-        for (std::size_t i = 0; i < p.quantos; ++i)
-            if ((*papeis)[i] == secao::Papel::L) p.dados[i] = p.atuais[i] = novo;
+    if (const int i = p.lugar(secao::Papel::L); i >= 0)
+        p.dados[static_cast<std::size_t>(i)] = p.atuais[static_cast<std::size_t>(i)] = novo;
     return {};
 }
 
@@ -161,11 +158,8 @@ bool jaMostra(const ZpObject& peca, const std::wstring& chave, const std::wstrin
     if (!leNumero(texto, v)) return false;
     if (chave == kComprimento) return escreve(p.comprimento, kCasas) == escreve(v, kCasas);
     const Medida* const medida = medidaDe(chave);
-    const secao::Papeis* papeis = secao::papeisDe(p.classe, p.forma, p.quantos);
-    for (std::size_t i = 0; medida != nullptr && papeis != nullptr && i < p.quantos; ++i)
-        if ((*papeis)[i] == medida->papel)
-            return escreve(p.atuais[i] * medida->fator, kCasas) == escreve(v, kCasas);
-    return false;
+    const double* const guardado = medida != nullptr ? p.valor(medida->papel) : nullptr;
+    return guardado != nullptr && escreve(*guardado * medida->fator, kCasas) == escreve(v, kCasas);
 }
 
 class Fichas : public protocol::EntityProperties {

@@ -44,36 +44,6 @@ constexpr Medida kMedidas[] = {
     {M,    L"m",    L"Massa linear do catálogo (m)",     L"kg/m", 1.0,    Limite::NaoNegativo},
 };
 
-struct RotuloDeClasse {
-    Papel papel;
-    Classe classe;
-    const wchar_t* rotulo;
-};
-
-constexpr RotuloDeClasse kRotulos[] = {
-    {B1,   Classe::ZDobrado,          L"Largura das mesas (b)"},
-    {B1,   Classe::Cartola,           L"Largura (b)"},
-    {B1,   Classe::CantoneiraDobrada, L"Largura (b)"},
-    {B1,   Classe::CaixaDobrado,      L"Largura de um perfil (b)"},
-    {B1,   Classe::Box,               L"Largura (b)"},
-    {B1,   Classe::CantLaminada,      L"Largura (b)"},
-    {B1,   Classe::CantLaminadaCaixa, L"Largura (b)"},
-    {B1,   Classe::CantTDobrada,      L"Largura de uma cantoneira (b)"},
-    {B1,   Classe::CantUDobrada,      L"Largura de uma cantoneira (b)"},
-    {B1,   Classe::XDobrado,          L"Largura de uma cantoneira (b)"},
-    {B1,   Classe::CantTEELaminada,   L"Largura de uma cantoneira (b)"},
-    {B1,   Classe::CantULaminada,     L"Largura de uma cantoneira (b)"},
-    {B1,   Classe::CantCruzLaminada,  L"Largura de uma cantoneira (b)"},
-    {B1,   Classe::CantZLaminada,     L"Largura de uma cantoneira (b)"},
-    {B1,   Classe::ILaminadoUSA,      L"Largura das mesas (b)"},
-    {Tc,   Classe::ISoldado,          L"Espessura da mesa superior (tf)"},
-    {Ang1, Classe::CantoneiraDobrada, L"Ângulo entre as abas"},
-    {Vao,  Classe::CaixaDobrado,      L"Largura total (a)"},
-    {Vao,  Classe::CantUDobrada,      L"Largura total (a)"},
-    {Vao,  Classe::CantULaminada,     L"Largura total (a)"},
-    {Vao,  Classe::UULaminado,        L"Largura total (a)"},
-};
-
 /// A value that the drawing commands derive from another one. It goes along as long as it follows
 /// the rule.
 struct Regra {
@@ -87,13 +57,6 @@ constexpr Regra kRegras[] = {
     {Ex,  B1, 1.0 / 3.0}, {Ey, H, 2.0 / 3.0}, {E, H, -1.0 / (3.0 * std::numbers::sqrt2)},
 };
 // clang-format on
-
-double* valor(Peca& p, Papel papel) {
-    const secao::Papeis* papeis = secao::papeisDe(p.classe, p.forma, p.quantos);
-    for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i)
-        if ((*papeis)[i] == papel) return &p.atuais[i];
-    return nullptr;
-}
 
 bool igual(double a, double b) { return std::abs(a - b) <= 1e-9 * std::max(1.0, std::abs(b)); }
 
@@ -116,7 +79,7 @@ const wchar_t* foraDoLimite(Limite limite, double v) {
 void acompanha(Peca& p, Papel mudado, double antes, double agora) {
     for (const Regra& regra : kRegras) {
         if (regra.de != mudado) continue;
-        double* const seguidor = valor(p, regra.papel);
+        double* const seguidor = p.valor(regra.papel);
         if (seguidor != nullptr && igual(*seguidor, regra.fator * antes))
             *seguidor = regra.fator * agora;
     }
@@ -124,7 +87,7 @@ void acompanha(Peca& p, Papel mudado, double antes, double agora) {
 
 void largaCatalogo(Peca& p) {
     for (const Papel papel : {M, A})
-        if (double* const dado = valor(p, papel)) *dado = 0.0;
+        if (double* const dado = p.valor(papel)) *dado = 0.0;
     p.subtipo = 0;
 }
 
@@ -139,13 +102,13 @@ const Medida* medidaDe(const std::wstring& chave) {
 }
 
 const wchar_t* rotuloDe(const Medida& medida, Classe classe) {
-    for (const RotuloDeClasse& r : kRotulos)
-        if (r.papel == medida.papel && r.classe == classe) return r.rotulo;
+    for (const secao::Rotulo& r : secao::descricao(classe).rotulos)
+        if (r.papel == medida.papel) return r.texto;
     return medida.rotulo;
 }
 
 std::wstring muda(Peca& p, const Medida& medida, double novo) {
-    double* const alvo = valor(p, medida.papel);
+    double* const alvo = p.valor(medida.papel);
     if (alvo == nullptr) return L"Esta peça não tem esta medida.";
     if (const wchar_t* const motivo = foraDoLimite(medida.limite, novo)) return motivo;
     const double antes = *alvo;
@@ -153,7 +116,7 @@ std::wstring muda(Peca& p, const Medida& medida, double novo) {
     acompanha(p, medida.papel, antes, novo);
     if (medida.papel == M) {
         // The area of the catalogue belongs to its mass.
-        if (double* const area = valor(p, A)) *area = 0.0;
+        if (double* const area = p.valor(A)) *area = 0.0;
     } else if (medida.papel != Vao && medida.papel != VaoV) {
         // Two pieces further apart are the same ones.
         largaCatalogo(p);

@@ -108,6 +108,16 @@ struct Peca {
     mutable std::shared_ptr<const secao::Secao> secaoGuardada;
 
     std::span<const double> valores() const { return {atuais.data(), quantos}; }
+    /// Roles of the values, in their order; null when the class has no such constructor.
+    const secao::Papeis* ordem() const { return secao::papeisDe(classe, forma, quantos); }
+    /// Place of a role among the values; -1 when the constructor has none.
+    int lugar(secao::Papel papel) const { return secao::lugarDe(ordem(), papel); }
+    /// The present value of a role; null when the constructor has none.
+    double* valor(secao::Papel papel) {
+        const int i = lugar(papel);
+        return i < 0 ? nullptr : &atuais[static_cast<std::size_t>(i)];
+    }
+    const double* valor(secao::Papel papel) const { return const_cast<Peca*>(this)->valor(papel); }
     secao::Dados papeis() const { return secao::dadosDe(classe, forma, valores()); }
     const secao::Secao& secao() const;
     bool chapa() const { return classe == secao::Classe::Chapa; }

@@ -212,32 +212,22 @@ Acad::ErrorStatus ZpObject::getDimensoes(ACHAR* texto) const {
 
 Acad::ErrorStatus ZpObject::leValor(int papel, double& valor) const {
     assertReadEnabled();
-    const zp::secao::Papeis* papeis =
-        zp::secao::papeisDe(m_peca->classe, m_peca->forma, m_peca->quantos);
-    if (papeis == nullptr) return Acad::eNotApplicable;
-    for (std::size_t i = 0; i < m_peca->quantos; ++i)
-        if ((*papeis)[i] == static_cast<Papel>(papel)) {
-            valor = m_peca->atuais[i];
-            return Acad::eOk;
-        }
-    return Acad::eNotApplicable;
+    const double* const guardado = std::as_const(*m_peca).valor(static_cast<Papel>(papel));
+    if (guardado == nullptr) return Acad::eNotApplicable;
+    valor = *guardado;
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus ZpObject::gravaValor(int papel, double valor) {
     if (!std::isfinite(valor)) return Acad::eInvalidInput;
-    const zp::secao::Papeis* papeis =
-        zp::secao::papeisDe(m_peca->classe, m_peca->forma, m_peca->quantos);
-    if (papeis == nullptr) return Acad::eNotApplicable;
-    for (std::size_t i = 0; i < m_peca->quantos; ++i)
-        if ((*papeis)[i] == static_cast<Papel>(papel)) {
-            assertWriteEnabled();
-            m_peca->atuais[i] = valor;
-            m_peca->secaoGuardada.reset();
-            m_peca->barraVelha = true;
-            recordGraphicsModified();
-            return Acad::eOk;
-        }
-    return Acad::eNotApplicable;
+    double* const guardado = m_peca->valor(static_cast<Papel>(papel));
+    if (guardado == nullptr) return Acad::eNotApplicable;
+    assertWriteEnabled();
+    *guardado = valor;
+    m_peca->secaoGuardada.reset();
+    m_peca->barraVelha = true;
+    recordGraphicsModified();
+    return Acad::eOk;
 }
 
 void ZpObject::getEcs(AcGeMatrix3d& ecs) const {

@@ -36,7 +36,7 @@ Semelhanca semelhanca(const AcGeMatrix3d& m) {
 }
 
 void escala(Peca& p, double k) {
-    const zp::secao::Papeis* papeis = zp::secao::papeisDe(p.classe, p.forma, p.quantos);
+    const zp::secao::Papeis* papeis = p.ordem();
     for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i)
         p.atuais[i] *= std::pow(k, zp::secao::potencia((*papeis)[i]));
     p.comprimento *= k;

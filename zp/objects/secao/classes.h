@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The section classes as data: their names and what each constructor value means.
+// The section classes as data: names, what each constructor value means, outline and texts.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace zp::secao {
 
@@ -37,8 +38,9 @@ enum class Classe : std::uint8_t {
     ISoldado = 24,
     ILaminadoUSA = 25,
     Chapa = 26,
+    kTotal,
 };
-inline constexpr int kClasses = 27;
+inline constexpr int kClasses = static_cast<int>(Classe::kTotal);
 
 /// What one constructor value is. The symbols are the trade's: h height, b width, t thickness, e
 /// distances of axes.
@@ -86,22 +88,12 @@ inline constexpr int kMaxValores = 14;
 /// Values in the order of one constructor.
 using Papeis = std::array<Papel, kMaxValores>;
 
-struct Descricao {
-    const wchar_t* nome;
-    /// One-point forms, then two-point forms; a class has at most two of each.
-    std::array<Papeis, 2> umPonto;
-    std::array<Papeis, 2> doisPontos;
-    bool composta;   ///< two pieces: height and width are those of the whole
-    bool areaEmCm2;  ///< the area handed over is in cm2
-};
-
-const Descricao& descricao(Classe classe);
-
 /// Number of values of a list.
-int quantos(const Papeis& papeis);
-
-/// The constructor of a class with one or two points and so many values; null when there is none.
-const Papeis* papeisDe(Classe classe, int pontos, int valores);
+constexpr int quantos(const Papeis& papeis) {
+    int n = 0;
+    while (n < kMaxValores && papeis[static_cast<std::size_t>(n)] != Papel::Fim) ++n;
+    return n;
+}
 
 /// Values by role; roles that a class lacks are 0.
 struct Dados {
@@ -111,6 +103,54 @@ struct Dados {
     /// Which form of constructor the values came from: 1 where a class has a second form.
     int variante = 0;
 };
+
+struct Montagem;
+/// Loops of the section about the member's axis, the turn about it not yet applied.
+using Montador = Montagem(const Dados&);
+/// Name or sizes as a draughtsman reads them; `subtipo` is the series of a welded I.
+using Texto = std::wstring(const Dados&, int subtipo);
+
+/// A text that is always the same, or one that depends on the values.
+struct Nome {
+    constexpr Nome(const wchar_t* fixo) : fixo(fixo) {}
+    constexpr Nome(Texto* regra) : regra(regra) {}
+    const wchar_t* fixo = nullptr;
+    Texto* regra = nullptr;
+};
+
+/// What a size is called in one class, where it means something of its own.
+struct Rotulo {
+    Papel papel = Papel::Fim;
+    const wchar_t* texto = nullptr;
+};
+
+enum class Composicao : std::uint8_t {
+    Uma,
+    Duas,       ///< height and width are those of the whole
+    DuasEmCm2,  ///< the same; the area handed over is in cm2
+};
+
+/// One section class: everything that other sources need to know of it.
+struct Descricao {
+    Classe classe;
+    const wchar_t* nome;  ///< of the run-time class
+    /// Forms of the constructors; a class has at most two of each, an empty one does not exist.
+    std::array<Papeis, 2> umPonto;
+    std::array<Papeis, 2> doisPontos;
+    Composicao composicao;
+    Montador* monta;
+    Nome perfil;       ///< "Ue"
+    Texto* dimensoes;  ///< "200x75x20x2,65"
+    std::array<Rotulo, 2> rotulos{};
+};
+
+const Descricao& descricao(Classe classe);
+
+/// The constructor of a class with one or two points and so many values; null when there is none.
+const Papeis* papeisDe(Classe classe, int pontos, int valores);
+
+/// Place of a role in a constructor's values; -1 when it has none, or `papeis` is null.
+int lugarDe(const Papeis* papeis, Papel papel);
 
 Dados dadosDe(Classe classe, int pontos, std::span<const double> valores);
 

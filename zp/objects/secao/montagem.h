@@ -17,8 +17,13 @@ struct Montagem {
     double contornoExterno = 0.0;
 };
 
-/// Loops about the member's axis, the turn r not yet applied.
-Montagem monta(Classe classe, const Dados& dados);
+/// How each class is put together; `nenhuma` has no outline.
+namespace montagem {
+Montador nenhuma, uDobradoSimples, z, chapeu, cantoneira, caixaDobrado, tuboRetangular, redondo, bn,
+    cantLaminada, caixaDeCantoneiras, uLaminadoSimples, tDobrada, uDeDobradas, xDobrado, tLaminada,
+    uDeLaminadas, bnDupla, cruz, zDeLaminadas, uULaminado, doisULaminado, iDobrado, iSoldado,
+    iLaminado;
+}  // namespace montagem
 
 /// Flange thickness of a rolled U at mid overhang, recovered from the area of one piece.
 double flangeMedia(double area, double h, double bSup, double bInf, double t, double declarada);

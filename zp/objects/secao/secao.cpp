@@ -59,7 +59,8 @@ Chave chaveDe(Classe classe, const Papeis& papeis, int pontos, std::span<const d
 }  // namespace
 
 Secao::Secao(Classe classe, const Dados& d) {
-    Montagem m = monta(classe, d);
+    const Descricao& linha = descricao(classe);
+    Montagem m = linha.monta(d);
     m_invalida = m.invalida;
     m_torcao = m.torcao;
     vira(m.lacos, d[Giro]);
@@ -76,7 +77,7 @@ Secao::Secao(Classe classe, const Dados& d) {
 
     const bool redonda = classe == Classe::Tubo || classe == Classe::BarraRedonda;
     const bool perfilI = classe == Classe::ISoldado || classe == Classe::ILaminadoUSA;
-    if (descricao(classe).composta) {
+    if (linha.composicao != Composicao::Uma) {
         m_altura = m_caixa.altura();
         m_largura = m_caixa.largura();
     } else {
@@ -87,7 +88,7 @@ Secao::Secao(Classe classe, const Dados& d) {
     m_espessura = perfilI ? d[Tw] : d[T];
     if (classe == Classe::BarraRedonda) m_espessura = d[D];
     if (classe == Classe::Tubo) m_espessura = 0.5 * (d[D] - d[Dint]);
-    const double dada = positivo(d[A]) * (descricao(classe).areaEmCm2 ? 100.0 : 1.0);
+    const double dada = positivo(d[A]) * (linha.composicao == Composicao::DuasEmCm2 ? 100.0 : 1.0);
     m_area = dada > 0.0 ? dada : m_propriedades.area;
     m_kgMetro = positivo(d[M]) > 0.0 ? d[M] : m_propriedades.area * kAcoKgMetro;
 }

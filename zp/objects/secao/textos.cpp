@@ -8,6 +8,7 @@
 
 #include "zp/objects/secao/montagem.h"
 #include "zp/objects/secao/secao.h"
+#include "zp/objects/secao/textos.h"
 
 namespace zp::secao {
 namespace {
@@ -35,12 +36,6 @@ std::wstring comMassa(const Dados& d, double pecas) {
 
 std::wstring vao(const Dados& d) { return L" a=" + numero(d[Vao]); }
 
-std::wstring soldado(const Dados& d, int subtipo) {
-    if (d.variante == 1) return vezes({d[H], d[Bc], d[Tc], d[Bb], d[Tb], d[Tw]});
-    return subtipo >= 1 && subtipo <= 3 && d[M] > 0.0 ? vezes({d[H], d[M]})
-                                                      : vezes({d[H], d[Bc], d[Tc], d[Tw]});
-}
-
 }  // namespace
 
 std::wstring numero(double valor, int decimais) {
@@ -59,113 +54,68 @@ std::wstring numero(double valor, int decimais) {
     return {s.begin(), s.end()};
 }
 
-std::wstring textoPerfil(Classe classe, const Dados& d, int subtipo) {
+namespace textos {
+
+std::wstring nenhum(const Dados&, int) { return {}; }
+
+std::wstring u(const Dados& d, int) { return temAba(d) ? L"Ue" : L"U"; }
+std::wstring caixa(const Dados& d, int) { return temAba(d) ? L"2Ue []" : L"2U []"; }
+std::wstring tuboRetangular(const Dados& d, int) { return d[H] == d[B1] ? L"TQ" : L"TR"; }
+
+std::wstring iDobrado(const Dados& d, int) {
+    if (!temAba(d)) return L"2U ][";
+    return d[Especie] == 1.0 ? L"2Cr ][" : L"2Ue ][";
+}
+
+std::wstring iSoldado(const Dados& d, int subtipo) {
     constexpr std::array<const wchar_t*, 4> kSeries{L"PS", L"VS", L"CVS", L"CS"};
-    switch (classe) {
-        case Classe::UDobrado:
-            return temAba(d) ? L"Ue" : L"U";
-        case Classe::ZDobrado:
-            return L"Z";
-        case Classe::Cartola:
-            return L"Cr";
-        case Classe::CantoneiraDobrada:
-        case Classe::BNLaminado:
-        case Classe::CantLaminada:
-            return L"L";
-        case Classe::CaixaDobrado:
-            return temAba(d) ? L"2Ue []" : L"2U []";
-        case Classe::Box:
-            return d[H] == d[B1] ? L"TQ" : L"TR";
-        case Classe::Tubo:
-            return L"TC";
-        case Classe::BarraRedonda:
-            return L"BR";
-        case Classe::ULaminado:
-            return L"U";
-        case Classe::CantLaminadaCaixa:
-            return L"2L []";
-        case Classe::CantTDobrada:
-        case Classe::CantTEELaminada:
-            return L"2L T";
-        case Classe::CantUDobrada:
-        case Classe::CantULaminada:
-            return L"2L U";
-        case Classe::XDobrado:
-        case Classe::BNDuplaLaminada:
-            return L"2L X";
-        case Classe::CantCruzLaminada:
-            return L"2L +";
-        case Classe::CantZLaminada:
-            return L"2L Z";
-        case Classe::UULaminado:
-            return L"2U []";
-        case Classe::DoisULaminado:
-            return L"2U ][";
-        case Classe::IDobrado:
-            if (!temAba(d)) return L"2U ][";
-            return d[Especie] == 1.0 ? L"2Cr ][" : L"2Ue ][";
-        case Classe::ISoldado:
-            if (d.variante == 1) return L"PSM";
-            return kSeries[static_cast<std::size_t>(std::clamp(subtipo, 0, 3))];
-        case Classe::ILaminadoUSA:
-            if (d[Tipo] == 0.0) return L"IPE";
-            if (d[Tipo] == 2.0) return L"I";
-            return d[B1] >= 0.95 * d[H] ? L"HP" : L"W";
-        case Classe::Chapa:
-            return L"CH";
-        case Classe::Nenhuma:
-            break;
-    }
-    return L"";
+    if (d.variante == 1) return L"PSM";
+    return kSeries[static_cast<std::size_t>(std::clamp(subtipo, 0, 3))];
+}
+
+std::wstring iLaminado(const Dados& d, int) {
+    if (d[Tipo] == 0.0) return L"IPE";
+    if (d[Tipo] == 2.0) return L"I";
+    return d[B1] >= 0.95 * d[H] ? L"HP" : L"W";
+}
+
+std::wstring hbt(const Dados& d, int) { return vezes({d[H], d[B1], d[T]}); }
+std::wstring hht(const Dados& d, int) { return vezes({d[H], d[H], d[T]}); }
+std::wstring hbtComAba(const Dados& d, int) { return dobradoComAba(d); }
+std::wstring hbtComLargura(const Dados& d, int) {
+    return dobradoComAba(d) + (d[Vao] > 2.0 * d[B1] ? L" l=" + numero(d[Vao]) : L"");
+}
+std::wstring hbtComVao(const Dados& d, int) { return vezes({d[H], d[B1], d[T]}) + vao(d); }
+std::wstring hhtComVao(const Dados& d, int) { return vezes({d[H], d[H], d[T]}) + vao(d); }
+std::wstring hbtComVaos(const Dados& d, int) {
+    return vezes({d[H], d[B1], d[T]}) + vao(d) + L" av=" + numero(d[VaoV]);
+}
+std::wstring hbtComAbaEVao(const Dados& d, int) { return dobradoComAba(d) + vao(d); }
+std::wstring diametroEParede(const Dados& d, int) { return vezes({d[D], 0.5 * (d[D] - d[Dint])}); }
+std::wstring diametro(const Dados& d, int) { return vezes({d[D]}); }
+std::wstring massaDeUma(const Dados& d, int) { return comMassa(d, 1.0); }
+std::wstring massaDeDuasComVao(const Dados& d, int) { return comMassa(d, 2.0) + vao(d); }
+std::wstring larguraEEspessura(const Dados& d, int) { return vezes({d[D1], d[D2]}); }
+
+std::wstring soldado(const Dados& d, int subtipo) {
+    if (d.variante == 1) return vezes({d[H], d[Bc], d[Tc], d[Bb], d[Tb], d[Tw]});
+    return subtipo >= 1 && subtipo <= 3 && d[M] > 0.0 ? vezes({d[H], d[M]})
+                                                      : vezes({d[H], d[Bc], d[Tc], d[Tw]});
+}
+
+std::wstring laminado(const Dados& d, int) {
+    return d[M] > 0.0 ? vezes({d[H], d[M]}) : vezes({d[H], d[B1], d[Tf1], d[Tw]});
+}
+
+}  // namespace textos
+
+std::wstring textoPerfil(Classe classe, const Dados& d, int subtipo) {
+    const Nome& nome = descricao(classe).perfil;
+    return nome.regra != nullptr ? nome.regra(d, subtipo) : nome.fixo;
 }
 
 std::wstring textoDimensoes(Classe classe, const Dados& d, int subtipo) {
-    switch (classe) {
-        case Classe::UDobrado:
-        case Classe::ZDobrado:
-        case Classe::Cartola:
-            return dobradoComAba(d);
-        case Classe::CantoneiraDobrada:
-        case Classe::CantLaminada:
-        case Classe::CantLaminadaCaixa:
-        case Classe::Box:
-            return vezes({d[H], d[B1], d[T]});
-        case Classe::BNLaminado:
-            return vezes({d[H], d[H], d[T]});
-        case Classe::CaixaDobrado:
-            return dobradoComAba(d) + (d[Vao] > 2.0 * d[B1] ? L" l=" + numero(d[Vao]) : L"");
-        case Classe::Tubo:
-            return vezes({d[D], 0.5 * (d[D] - d[Dint])});
-        case Classe::BarraRedonda:
-            return vezes({d[D]});
-        case Classe::ULaminado:
-            return comMassa(d, 1.0);
-        case Classe::CantTDobrada:
-        case Classe::CantUDobrada:
-        case Classe::XDobrado:
-        case Classe::CantTEELaminada:
-        case Classe::CantULaminada:
-            return vezes({d[H], d[B1], d[T]}) + vao(d);
-        case Classe::BNDuplaLaminada:
-            return vezes({d[H], d[H], d[T]}) + vao(d);
-        case Classe::CantCruzLaminada:
-        case Classe::CantZLaminada:
-            return vezes({d[H], d[B1], d[T]}) + vao(d) + L" av=" + numero(d[VaoV]);
-        case Classe::UULaminado:
-        case Classe::DoisULaminado:
-            return comMassa(d, 2.0) + vao(d);
-        case Classe::IDobrado:
-            return dobradoComAba(d) + vao(d);
-        case Classe::ISoldado:
-            return soldado(d, subtipo);
-        case Classe::ILaminadoUSA:
-            return d[M] > 0.0 ? vezes({d[H], d[M]}) : vezes({d[H], d[B1], d[Tf1], d[Tw]});
-        case Classe::Chapa:
-            return vezes({d[D1], d[D2]});
-        case Classe::Nenhuma:
-            break;
-    }
-    return L"";
+    return descricao(classe).dimensoes(d, subtipo);
 }
 
 }  // namespace zp::secao
