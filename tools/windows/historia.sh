@@ -24,4 +24,4 @@ limpa() {
 }
 trap limpa EXIT
 wineboot -i >/dev/null 2>&1
-python3 "$raiz/tools/windows/historia.py" "$raiz" "$nativa" "$windows" "$pasta" "${@:3}"
+"$raiz/tools/historias.py" "$nativa" "$windows" "${@:3}"

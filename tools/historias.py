@@ -1,9 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Runs scenarios through the native console and the one for Windows, and prints where they differ.
+"""Runs scenarios through the consoles of two builds and prints where they differ.
+
+    tools/historias.py BUILD OTHER-BUILD [SCENARIO...]
 
 Compared: exit code, messages, event record, final state, the drawings record by record, and every file of the
-installation folder. Paths and times may differ; numbers by 1e-9 of their size, because the two systems' sines do.
+installation folder. Paths and times may differ, nothing else: a change that no user may see is proved by a build from
+before it and one from after. A build for Windows runs under wine; against it numbers may differ by 1e-9 of their size,
+because the two systems' sines do.
 """
 import json
 import math
@@ -12,6 +16,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 from pathlib import Path
 
 NUMBER = re.compile(r"[-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?")
@@ -24,7 +29,8 @@ MAX_TOLD = 12
 class Tally:
     """What was compared, so that a run that compared nothing does not pass for a good one."""
 
-    def __init__(self):
+    def __init__(self, tolerance):
+        self.tolerance = tolerance
         self.values = 0
         self.inexact = 0
         self.differences = []
@@ -36,7 +42,7 @@ class Tally:
         self.values += 1
         if a == b:
             return
-        if math.isclose(a, b, rel_tol=1e-9, abs_tol=1e-9):
+        if math.isclose(a, b, rel_tol=self.tolerance, abs_tol=self.tolerance):
             self.inexact += 1
         else:
             self.differ(where, a, b)
@@ -46,7 +52,7 @@ class Tally:
         if a == b:
             self.values += 1
             return
-        if NUMBER.sub("#", a) != NUMBER.sub("#", b):
+        if not self.tolerance or NUMBER.sub("#", a) != NUMBER.sub("#", b):
             self.differ(where, a[:200], b[:200])
             return
         for x, y in zip(NUMBER.findall(a), NUMBER.findall(b)):
@@ -76,11 +82,16 @@ class Tally:
             self.number(where, a, b)
 
 
+def is_windows(build):
+    return (build / "bin/prancheta-console.exe").exists()
+
+
 class Run:
     """One program, one scenario, in a folder of its own."""
 
-    def __init__(self, folder, build, emulator, scenario, wanted):
+    def __init__(self, folder, build, scenario, wanted):
         self.folder = folder
+        emulator = ["wine"] if is_windows(build) else []
         shutil.copytree(build / "instalacao", folder / "instalacao")
         if (scenario / "instalacao").is_dir():
             shutil.copytree(scenario / "instalacao", folder / "instalacao", dirs_exist_ok=True)
@@ -133,11 +144,11 @@ class Run:
         return {str(p.relative_to(self.folder)): p for p in sorted(self.folder.rglob(pattern)) if p.is_file()}
 
 
-def compare_drawings(tally, native, windows):
-    ours, theirs = native.files("*.dxf"), windows.files("*.dxf")
+def compare_drawings(tally, one, other):
+    ours, theirs = one.files("*.dxf"), other.files("*.dxf")
     tally.value("desenhos", list(ours), list(theirs))
     for name in ours.keys() & theirs.keys():
-        a, b = native.drawing(ours[name]), windows.drawing(theirs[name])
+        a, b = one.drawing(ours[name]), other.drawing(theirs[name])
         tally.value(f"{name} (registros)", len(a), len(b))
         for i, ((code_a, text_a), (code_b, text_b)) in enumerate(zip(a, b)):
             if code_a != code_b:
@@ -146,11 +157,11 @@ def compare_drawings(tally, native, windows):
             tally.text(f"{name}, registro {i}, grupo {code_a}", text_a, text_b)
 
 
-def compare_files(tally, native, windows, new_lists):
+def compare_files(tally, one, other, new_lists):
     """Every other file the same, byte by byte; a list that had no file has its system's line ends."""
     made = {"registro.jsonl", "estado.json"}
-    ours = {n: p for n, p in native.files("*").items() if n not in made and not n.endswith(".dxf")}
-    theirs = {n: p for n, p in windows.files("*").items() if n not in made and not n.endswith(".dxf")}
+    ours = {n: p for n, p in one.files("*").items() if n not in made and not n.endswith(".dxf")}
+    theirs = {n: p for n, p in other.files("*").items() if n not in made and not n.endswith(".dxf")}
     tally.value("arquivos", list(ours), list(theirs))
     for name in ours.keys() & theirs.keys():
         a, b = ours[name].read_bytes(), theirs[name].read_bytes()
@@ -168,32 +179,39 @@ def compare_files(tally, native, windows, new_lists):
 def compare(scenario, builds, folder):
     wanted_file = scenario / "esperado.json"
     wanted = json.loads(wanted_file.read_text(encoding="utf-8")) if wanted_file.exists() else {}
-    emulators = [], ["wine"]
-    runs = []
-    for side, build, emulator in zip(("nativa", "outra máquina"), builds, emulators):
-        runs.append(Run(folder / scenario.name / side, build, emulator, scenario, wanted))
-    native, windows = runs
-    tally = Tally()
-    tally.value("código de saída", native.done.returncode, windows.done.returncode)
-    tally.value("código esperado", wanted.get("codigo", 0), native.done.returncode)
+    one, other = (Run(folder / scenario.name / side, build, scenario, wanted)
+                  for side, build in zip(("uma", "outra"), builds))
+    same_system = is_windows(builds[0]) == is_windows(builds[1])
+    tally = Tally(0 if same_system else 1e-9)
+    tally.value("código de saída", one.done.returncode, other.done.returncode)
+    tally.value("código esperado", wanted.get("codigo", 0), one.done.returncode)
     for stream in ("stdout", "stderr"):
-        tally.text(stream, *(r.plain(getattr(r.done, stream).decode("utf-8")) for r in runs))
+        tally.text(stream, *(r.plain(getattr(r.done, stream).decode("utf-8")) for r in (one, other)))
     for name in ("registro.jsonl", "estado.json"):
-        tally.value(name, native.json(name), windows.json(name))
-    compare_drawings(tally, native, windows)
-    compare_files(tally, native, windows, wanted.get("listas_novas", []))
+        tally.value(name, one.json(name), other.json(name))
+    compare_drawings(tally, one, other)
+    compare_files(tally, one, other, [] if same_system else wanted.get("listas_novas", []))
     return tally
 
 
 def main():
-    root, native, windows, folder = (Path(a).resolve() for a in sys.argv[1:5])
-    names = sys.argv[5:]
+    root = Path(__file__).resolve().parents[1]
+    builds = tuple(Path(a).resolve() for a in sys.argv[1:3])
+    names = sys.argv[3:]
+    if len(builds) < 2:
+        print(__doc__, file=sys.stderr)
+        return 2
     scenarios = [root / "tools/windows/historia"]
     scenarios += sorted(p.parent for p in (root / "tests/scenarios").glob("*/roteiro.txt"))
     chosen = [s for s in scenarios if not names or s.name in names]
+    with tempfile.TemporaryDirectory() as folder:
+        return tell(chosen, builds, Path(folder))
+
+
+def tell(chosen, builds, folder):
     bad = values = inexact = 0
     for scenario in chosen:
-        tally = compare(scenario, (native, windows), folder / "histórias")
+        tally = compare(scenario, builds, folder)
         values += tally.values
         inexact += tally.inexact
         bad += bool(tally.differences)
