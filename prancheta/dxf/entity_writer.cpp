@@ -5,7 +5,6 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/piece_record.h"
-#include "prancheta/entities/foreign_entity.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -22,6 +21,10 @@ std::size_t firstMarker(const RawTags& foreign) {
     std::size_t at = 0;
     while (at < foreign.size() && foreign[at].code != 100) ++at;
     return at;
+}
+
+Adesk::UInt64 handleOf(const AcDbEntity& entity, const Place& place) {
+    return place.handle != 0 ? place.handle : entity.objectId().handle().value();
 }
 
 }  // namespace
@@ -81,7 +84,7 @@ void EntityWriter::common(const AcDbEntity& entity, const Place& place) {
 void EntityWriter::head(std::string_view type, const AcDbEntity& entity, const Place& place,
                         Adesk::UInt64 dictionary) {
     m_out.text(0, type);
-    m_out.handle(5, entity.objectId().handle().value());
+    m_out.handle(5, handleOf(entity, place));
     const RawTags& foreign = foreignOf(entity);
     const std::size_t first = applicationGroups(foreign);
     links(ObjectAccess::extra(entity), dictionary);
@@ -97,7 +100,8 @@ void EntityWriter::xdata(const AcDbEntity& entity) {
     if (const ObjectExtra* const extra = ObjectAccess::extra(entity)) m_out.raw(extra->xdata);
 }
 
-void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner) {
+void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner,
+                         bool renamed) {
     bool head = false;  // before the first marker
     bool named = false;
     bool owned = false;
@@ -117,7 +121,7 @@ void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 o
         const bool own = head && !inGroup;
         if (own && tag.code == 5 && !named && parseHandle(tag.value, handle) && handle != 0) {
             named = true;
-            m_out.handle(5, m_handles.ofPart(handle));
+            m_out.handle(5, renamed ? m_handles.next() : m_handles.ofPart(handle));
         } else if (own && tag.code == 330) {
             owned = true;
             m_out.handle(330, owner);
@@ -129,23 +133,33 @@ void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 o
 
 void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
     const RawTags& foreign = foreignOf(entity);
-    if (const auto* const kept = ForeignEntity::cast(&entity)) {
-        head(kept->typeName(), entity, place);
-        const RawTags& tags = kept->tags();
-        // Extended data belongs to the main record, before its parts.
-        std::size_t first = 0;
-        while (first < tags.size() && tags[first].code != 0) ++first;
-        m_out.raw(tags, 0, first);
-        xdata(entity);
-        parts(tags, first, entity.objectId().handle().value());
-        return;
-    }
+    if (const auto* const kept = ForeignEntity::cast(&entity))
+        return writeForeign(*kept, kept->tags(), place);
     const EntityType& type = *entityTypeOf(entity);
     m_values.reset(type.fields);
     type.take(entity, m_values);
     head(type.name, entity, place);
     writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
     xdata(entity);
+}
+
+void EntityWriter::writeForeign(const ForeignEntity& entity, const RawTags& tags,
+                                const Place& place) {
+    head(entity.typeName(), entity, place);
+    // Extended data belongs to the main record, before its parts.
+    std::size_t first = 0;
+    while (first < tags.size() && tags[first].code != 0) ++first;
+    m_out.raw(tags, 0, first);
+    xdata(entity);
+    parts(tags, first, handleOf(entity, place), place.newParts);
+}
+
+void EntityWriter::writeDimension(const ForeignEntity& dimension, const std::string& block,
+                                  const Place& place) {
+    RawTags tags = dimension.tags();
+    for (RawTag& tag : tags)
+        if (tag.code == 2) tag.value = block;
+    writeForeign(dimension, tags, place);
 }
 
 void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& asFiled,

@@ -4,6 +4,7 @@
 
 #include "prancheta/dxf/entity_types.h"
 #include "prancheta/dxf/handle_source.h"
+#include "prancheta/entities/foreign_entity.h"
 
 namespace prancheta::dxf {
 
@@ -11,6 +12,8 @@ namespace prancheta::dxf {
 struct Place {
     Adesk::UInt64 owner = 0;  ///< block record
     bool paper = false;
+    Adesk::UInt64 handle = 0;  ///< of an entity that is not in the drawing; 0: its own
+    bool newParts = false;     ///< what belongs to it gets handles of its own, too
 };
 
 class EntityWriter {
@@ -20,6 +23,9 @@ public:
 
     /// An entity of a type with a class here, or one that is kept group by group.
     void write(const AcDbEntity& entity, const Place& place);
+    /// A dimension that is kept group by group, with the name of the block of its picture.
+    void writeDimension(const ForeignEntity& dimension, const std::string& block,
+                        const Place& place);
     /// The aligned dimension with the name of the block of its picture.
     void writeDimension(const AcDbEntity& original, const AcDbEntity& asFiled,
                         const std::string& block, const Place& place);
@@ -34,13 +40,14 @@ public:
     void xdata(const AcDbEntity& entity);
     /// Records that are kept group by group, from group `first` on, with their owner. One that is
     /// there a second time, in a copy of what it belongs to, gets a handle of its own.
-    void parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner);
+    void parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner, bool renamed = false);
 
     /// True for common groups that a release of this version does not know.
     bool isUnknownGroup(int code) const;
 
 private:
     void common(const AcDbEntity& entity, const Place& place);
+    void writeForeign(const ForeignEntity& entity, const RawTags& tags, const Place& place);
 
     TagWriter& m_out;
     SaveNames& m_names;

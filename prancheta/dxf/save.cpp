@@ -18,6 +18,14 @@ AcDbSymbolTable& tableAt(AcDbObjectId id) {
     return static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
 }
 
+const AcDbBlockTableRecord& recordAt(AcDbObjectId id) {
+    return static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(id)->object);
+}
+
+AcDbEntity& entityAt(AcDbObjectId id) {
+    return static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
+}
+
 std::string versionOf(const std::string& opened, Version wanted) {
     if (wanted == Version::R2000) return "AC1015";
     if (wanted == Version::R2018) return "AC1032";
@@ -72,8 +80,7 @@ void Saver::plan() {
 void Saver::planBlocks() {
     for (const AcDbObjectId id : ObjectAccess::records(tableAt(m_database.blockTableId()))) {
         if (id.isErased()) continue;
-        const auto& record =
-            static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(id)->object);
+        const AcDbBlockTableRecord& record = recordAt(id);
         Block block{&record, m_handles.ofPart(partHandle(record, "BLOCK")),
                     m_handles.ofPart(partHandle(record, "ENDBLK"))};
         if (block.begin == 0) block.begin = m_handles.next();
@@ -90,13 +97,13 @@ void Saver::planPictures() {
             order.push_back(id);
     order.push_back(m_core.modelSpaceId());
     order.push_back(m_core.paperSpaceId());
+    m_moved.plan(order);
     for (const AcDbObjectId blockId : order) {
-        const auto& record =
-            static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(blockId)->object);
+        const AcDbBlockTableRecord& record = recordAt(blockId);
         const bool inModel = blockId == m_core.modelSpaceId();
         for (const AcDbObjectId id : ObjectAccess::entities(record)) {
             if (id.isErased()) continue;
-            auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
+            AcDbEntity& entity = entityAt(id);
             if (isPiece(entity)) {
                 m_pieces.add(entity);
                 continue;
@@ -202,7 +209,7 @@ void Saver::nameBlocks() {
         }
     };
     give(L"*U", m_pieces.blocks());
-    m_dimensionBlocks.resize(m_dimensions.size());
+    m_dimensionBlocks.resize(m_dimensions.size() + m_moved.newBlocks().size());
     give(L"*D", m_dimensionBlocks);
 }
 
@@ -211,6 +218,11 @@ Result<void> Saver::run() {
     std::size_t pieceEntities = 0;
     for (const Picture& picture : m_pieces.pictures())
         pieceEntities += PictureWriter::count(picture) + 2;
+    for (const MovedDimensions::NewBlock& moved : m_moved.newBlocks()) {
+        pieceEntities += 2;
+        for (const AcDbObjectId id : ObjectAccess::entities(recordAt(moved.source)))
+            if (!id.isErased()) pieceEntities += recordCount(entityAt(id));
+    }
     m_seed = std::max(m_core.nextHandle(), m_handles.peek() + pieceEntities +
                                                kHandlesOfDimension * m_dimensions.size() +
                                                2 * m_pieces.uses().size() + 1);

@@ -43,6 +43,8 @@ void Saver::writeBlocks() {
     }
     for (std::size_t i = 0; i < m_dimensions.size(); ++i)
         writeDimensionBlock(*m_dimensions[i], m_dimensionBlocks[i]);
+    for (std::size_t i = 0; i < m_moved.newBlocks().size(); ++i)
+        writeMovedBlock(m_moved.newBlocks()[i], m_dimensionBlocks[m_dimensions.size() + i]);
     m_out.text(0, "ENDSEC");
 }
 
@@ -135,6 +137,7 @@ void Saver::writeDimensionBlock(const AcDbAlignedDimension& dimension, const Pic
 
 void Saver::writeEntities(const AcDbBlockTableRecord& record, bool paper) {
     const Place place{record.objectId().handle().value(), paper};
+    const AcGeMatrix3d* const by = m_moved.moving(record.objectId());
     for (const AcDbObjectId id : ObjectAccess::entities(record)) {
         if (id.isErased()) continue;
         auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
@@ -145,10 +148,47 @@ void Saver::writeEntities(const AcDbBlockTableRecord& record, bool paper) {
             const std::unique_ptr<AcDbAlignedDimension> filed = asFiled(dimension);
             m_entities.writeDimension(dimension, *filed, m_dimensionBlocks[m_nextDimension++].name,
                                       place);
+        } else if (by != nullptr) {
+            writeMoved(entity, *by, place);
+        } else if (const int block = m_moved.newBlockOf(entity); block >= 0) {
+            const std::size_t i = m_dimensions.size() + static_cast<std::size_t>(block);
+            m_entities.writeDimension(static_cast<const ForeignEntity&>(entity),
+                                      m_dimensionBlocks[i].name, place);
         } else {
             m_entities.write(entity, place);
         }
     }
+}
+
+void Saver::writeMovedBlock(const MovedDimensions::NewBlock& moved, const PictureBlock& block) {
+    beginPictureBlock(block);
+    const auto& source =
+        static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(moved.source)->object);
+    for (const AcDbObjectId id : ObjectAccess::entities(source)) {
+        const auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
+        if (id.isErased() || isPiece(entity) || entity.isA() == AcDbAlignedDimension::desc())
+            continue;
+        writeMoved(entity, moved.dimension->sinceDrawn(),
+                   {block.record, false, m_handles.next(), true});
+    }
+    endPictureBlock(block);
+}
+
+/// What cannot be moved stays where it is.
+void Saver::writeMoved(const AcDbEntity& entity, const AcGeMatrix3d& by, const Place& place) {
+    AcDbEntity* made = nullptr;
+    if (entity.getTransformedCopy(by, made) != Acad::eOk) return m_entities.write(entity, place);
+    const std::unique_ptr<AcDbEntity> copy(made);
+    Place there = place;
+    if (there.handle == 0) {
+        there.handle = entity.objectId().handle().value();
+        if (const ObjectExtra* const extra = ObjectAccess::extra(entity)) {
+            ObjectExtra& links = ObjectAccess::makeExtra(*copy);
+            for (const AcDbObjectId id : extra->reactors) links.reactors.push_back(id);
+            links.extensionDictionary = extra->extensionDictionary;
+        }
+    }
+    m_entities.write(*copy, there);
 }
 
 void Saver::writePiece(AcDbEntity& piece, const Place& place) {

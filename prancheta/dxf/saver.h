@@ -7,6 +7,7 @@
 #include "dbxrecrd.h"
 #include "prancheta/dxf/document.h"
 #include "prancheta/dxf/entity_writer.h"
+#include "prancheta/dxf/moved_dimensions.h"
 #include "prancheta/dxf/picture_writer.h"
 #include "prancheta/dxf/piece_out_filer.h"
 #include "prancheta/dxf/piece_plan.h"
@@ -79,6 +80,8 @@ private:
     void endPictureBlock(const PictureBlock& block);
     void writeDimensionBlock(const AcDbAlignedDimension& dimension, const PictureBlock& block);
     void writeEntities(const AcDbBlockTableRecord& record, bool paper);
+    void writeMovedBlock(const MovedDimensions::NewBlock& moved, const PictureBlock& block);
+    void writeMoved(const AcDbEntity& entity, const AcGeMatrix3d& by, const Place& place);
     void writePiece(AcDbEntity& piece, const Place& place);
     void writeObjects();
     void writeDictionary(const AcDbDictionary& dictionary);
@@ -108,7 +111,8 @@ private:
     PiecePlan m_pieces;
     std::size_t m_nextPiece = 0;
     std::vector<const AcDbAlignedDimension*> m_dimensions;
-    std::vector<PictureBlock> m_dimensionBlocks;
+    MovedDimensions m_moved;
+    std::vector<PictureBlock> m_dimensionBlocks;  ///< of those, then the new ones of moved ones
     std::size_t m_nextDimension = 0;
     AcDbExtents m_extents;
     Adesk::UInt64 m_seed = 0;

@@ -21,6 +21,13 @@ thread_local std::vector<AcDbStub*> g_drawing;
 
 thread_local BlocksDrawn* g_noted = nullptr;
 
+Picture mirroredPicture(AcDbEntity& entity, const AcGeMatrix3d& by) {
+    AcDbEntity* made = nullptr;
+    if (entity.getTransformedCopy(by, made) != Acad::eOk) return {};
+    const std::unique_ptr<AcDbEntity> copy(made);
+    return pictureOf(*copy);
+}
+
 class DrawingScope {
 public:
     explicit DrawingScope(AcDbStub* block) { g_drawing.push_back(block); }
@@ -69,16 +76,20 @@ void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& 
     }
 }
 
-Picture blockPicture(AcDbObjectId block, const PictureTraits& reference) {
+Picture blockPicture(AcDbObjectId block, const PictureTraits& reference,
+                     const AcGeMatrix3d& moved) {
     Picture content;
     AcDbStub* const stub = block;
     if (g_noted != nullptr) g_noted->blocks.push_back(stub);
     const bool inside = std::find(g_drawing.begin(), g_drawing.end(), stub) != g_drawing.end();
     if (stub == nullptr || inside) return content;
     const DrawingScope scope(stub);
+    const bool mirrored = moved.det() < 0.0;
     forEachInBlock(block, [&](AcDbEntity& entity) {
-        if (content.size() < kMostPrimitives) content.append(pictureOf(entity));
+        if (content.size() >= kMostPrimitives) return;
+        content.append(mirrored ? mirroredPicture(entity, moved) : pictureOf(entity));
     });
+    if (!mirrored && moved != AcGeMatrix3d::kIdentity) content.transform(moved);
     const BlockInheritance inheritance(reference, block.database());
     for (std::uint32_t i = 0; i < content.allTraits().size(); ++i)
         content.setTraits(i, inheritance.resolved(content.allTraits()[i]));

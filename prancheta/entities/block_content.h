@@ -45,7 +45,9 @@ private:
 };
 
 /// What the block draws in its own coordinates, with the reference's properties. A block that
-/// contains itself is left out where it would repeat; very large nests are cut.
-Picture blockPicture(AcDbObjectId block, const PictureTraits& reference);
+/// contains itself is left out where it would repeat; very large nests are cut. Moved: as the moved
+/// entities draw themselves, so that texts stay readable in a mirror.
+Picture blockPicture(AcDbObjectId block, const PictureTraits& reference,
+                     const AcGeMatrix3d& moved = AcGeMatrix3d::kIdentity);
 
 }  // namespace prancheta

@@ -143,7 +143,7 @@ constexpr TypeDrawing kTypes[] = {
 }  // namespace
 
 void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw) {
-    if (entity.typeName() == "DIMENSION") return drawDimensionBlock(entity, draw);
+    if (isDimension(entity.typeName())) return drawDimensionBlock(entity, draw);
     if (entity.typeName() == "INSERT") return drawInsert(entity, draw);
     for (const TypeDrawing& type : kTypes)
         if (type.name == entity.typeName()) return type.draw(entity.tags(), draw.geometry());

@@ -33,6 +33,7 @@ Acad::ErrorStatus ForeignEntity::setContent(std::string typeName, RawTags tags) 
     assertWriteEnabled();
     m_typeName = std::move(typeName);
     m_tags = std::move(tags);
+    m_sinceDrawn = AcGeMatrix3d::kIdentity;
     return Acad::eOk;
 }
 
@@ -46,6 +47,8 @@ Acad::ErrorStatus ForeignEntity::dwgOutFields(AcDbDwgFiler* filer) const {
         filer->writeInt32(tag.code);
         writeBytes(filer, tag.value);
     }
+    if (isDimension(m_typeName))
+        filer->writeBytes(&m_sinceDrawn, static_cast<Adesk::UInt32>(sizeof m_sinceDrawn));
     return filer->filerStatus();
 }
 
@@ -64,6 +67,8 @@ Acad::ErrorStatus ForeignEntity::dwgInFields(AcDbDwgFiler* filer) {
         es = readBytes(filer, tag.value);
         if (es != Acad::eOk) return es;
     }
+    if (isDimension(m_typeName))
+        filer->readBytes(&m_sinceDrawn, static_cast<Adesk::UInt32>(sizeof m_sinceDrawn));
     return filer->filerStatus();
 }
 
@@ -77,6 +82,7 @@ Acad::ErrorStatus ForeignEntity::subTransformBy(const AcGeMatrix3d& m) {
     if (!transformForeign(m_typeName, tags, m)) return Acad::eNotApplicable;
     assertWriteEnabled();
     m_tags = std::move(tags);
+    if (isDimension(m_typeName)) m_sinceDrawn = m * m_sinceDrawn;
     xDataTransformBy(m);
     return Acad::eOk;
 }

@@ -4,13 +4,15 @@
 
 #include <string>
 
+#include "gemat3d.h"
 #include "prancheta/database/database_core.h"
 
 namespace prancheta {
 
 /// Keeps the groups of its type as they stood, draws what it can of them (MTEXT, ELLIPSE, SPLINE,
-/// HATCH, 3DFACE, LEADER, POLYLINE, ATTRIB, TRACE) and moves, turns and scales the types whose
-/// groups it knows. Layer, colour and the other common properties are those of AcDbEntity.
+/// HATCH, 3DFACE, LEADER, POLYLINE, ATTRIB, TRACE, dimensions by their block) and moves, turns,
+/// scales and mirrors the types whose groups it knows. Layer, colour and the other common
+/// properties are those of AcDbEntity.
 class ForeignEntity : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(ForeignEntity);
@@ -23,20 +25,26 @@ public:
     /// stood.
     const RawTags& tags() const { return m_tags; }
     Acad::ErrorStatus setContent(std::string typeName, RawTags tags);
+    /// Of a dimension: its block shows it where it stood before it was moved by this. The block
+    /// itself never changes, so that copies can share it.
+    const AcGeMatrix3d& sinceDrawn() const { return m_sinceDrawn; }
 
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
-    /// eNotApplicable, and no change, for types whose groups are not known, for mirrors and for
-    /// unequal scales.
+    /// eNotApplicable, and no change, for types whose groups are not known and for unequal scales.
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;
     void subList() const override;
 
 private:
     std::string m_typeName;
     RawTags m_tags;
+    AcGeMatrix3d m_sinceDrawn;
 };
+
+/// Block that a dimension or an insertion names; null when the drawing has none of that name.
+AcDbObjectId blockOf(const ForeignEntity& entity);
 
 }  // namespace prancheta

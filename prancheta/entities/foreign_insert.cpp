@@ -20,16 +20,6 @@ namespace {
 constexpr int kMostCopies = 10000;
 constexpr std::size_t kMostPrimitives = 500000;
 
-AcDbObjectId blockOf(const ForeignEntity& entity) {
-    AcDbObjectId block;
-    AcDbDatabase* const database = entity.database();
-    if (database == nullptr) return block;
-    const AcDbObjectPointer<AcDbBlockTable> table(database->blockTableId(), AcDb::kForRead);
-    if (table.openStatus() == Acad::eOk)
-        (void)table->getAt(findName(entity.tags(), 2).c_str(), block);  // null when it is missing
-    return block;
-}
-
 /// From the block's coordinates to the first copy's place in the plane of the insertion.
 AcGeMatrix3d firstCopy(const RawTags& tags, AcDbObjectId block) {
     const auto factor = [&](int code) {
@@ -44,8 +34,18 @@ AcGeMatrix3d firstCopy(const RawTags& tags, AcDbObjectId block) {
 
 }  // namespace
 
+AcDbObjectId blockOf(const ForeignEntity& entity) {
+    AcDbObjectId block;
+    AcDbDatabase* const database = entity.database();
+    if (database == nullptr) return block;
+    const AcDbObjectPointer<AcDbBlockTable> table(database->blockTableId(), AcDb::kForRead);
+    if (table.openStatus() == Acad::eOk)
+        (void)table->getAt(findName(entity.tags(), 2).c_str(), block);  // null when it is missing
+    return block;
+}
+
 void drawDimensionBlock(const ForeignEntity& entity, AcGiWorldDraw& draw) {
-    replay(blockPicture(blockOf(entity), traitsOf(entity)), draw);
+    replay(blockPicture(blockOf(entity), traitsOf(entity), entity.sinceDrawn()), draw);
 }
 
 void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw) {
@@ -77,17 +77,24 @@ void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw) {
             drawText(record, 74, draw.geometry());
 }
 
-void drawText(const RawTags& all, int verticalCode, AcGiGeometry& to) {
-    constexpr int kInvisible = 1;
-    const RawTags tags(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(knownLength(all)));
-    if (verticalCode == 74 && (findWhole(tags, 70, 0) & kInvisible) != 0) return;
-    AcDbText text(findPoint(tags, 10), findText(tags, 1).c_str(), AcDbObjectId::kNull,
-                  findNumber(tags, 40, 2.5), findNumber(tags, 50, 0.0) * kPi / 180.0);
-    const double oblique = findNumber(tags, 51, 0.0) * kPi / 180.0;
+void readText(AcDbText& text, const RawTags& tags, int verticalCode) {
+    (void)text.setPosition(findPoint(tags, 10));  // not resident: what is refused stays as usual
+    (void)text.setTextString(findText(tags, 1).c_str());
+    (void)text.setHeight(findNumber(tags, 40, 2.5));
+    (void)text.setRotation(findNumber(tags, 50, 0.0) * kPi / 180.0);
     (void)text.setWidthFactor(findNumber(tags, 41, 1.0));
     (void)text.setHorizontalMode(findWhole(tags, 72, 0));
     (void)text.setVerticalMode(findWhole(tags, verticalCode, 0));
     (void)text.setAlignmentPoint(findPoint(tags, 11));
+}
+
+void drawText(const RawTags& all, int verticalCode, AcGiGeometry& to) {
+    constexpr int kInvisible = 1;
+    const RawTags tags(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(knownLength(all)));
+    if (verticalCode == 74 && (findWhole(tags, 70, 0) & kInvisible) != 0) return;
+    AcDbText text;
+    readText(text, tags, verticalCode);
+    const double oblique = findNumber(tags, 51, 0.0) * kPi / 180.0;
     const TextPlace place = placeOf(text);
     to.pushModelTransform(planeToWorld(planeNormal(tags)));
     to.text(place.start, AcGeVector3d::kZAxis, place.direction, place.height, place.widthFactor,

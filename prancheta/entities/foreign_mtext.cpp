@@ -30,8 +30,9 @@ std::size_t appendStacked(const std::wstring& text, std::size_t i, std::wstring&
     return end;
 }
 
-/// Text without its formatting, one element per paragraph.
-Lines plainLines(const std::wstring& text) {
+}  // namespace
+
+Lines plainParagraphs(const std::wstring& text) {
     constexpr std::wstring_view kWithArgument = L"ACcFfHhpQTW";
     constexpr std::wstring_view kSwitches = L"LlOoKkN";
     Lines lines(1);
@@ -63,6 +64,8 @@ Lines plainLines(const std::wstring& text) {
     return lines;
 }
 
+namespace {
+
 /// Breaks at blanks so that lines keep within `width`; 0 breaks nothing.
 Lines wrapped(const Lines& lines, double height, double width) {
     if (!(width > 0.0)) return lines;
@@ -88,13 +91,20 @@ Lines wrapped(const Lines& lines, double height, double width) {
     return result;
 }
 
-AcGeVector3d directionOf(const RawTags& tags) {
+constexpr double kLineStep = 5.0 / 3.0;  ///< of the height, from line to line
+
+}  // namespace
+
+AcGeVector3d paragraphDirection(const RawTags& tags) {
     const AcGeVector3d given = findPoint(tags, 11).asVector();
     if (!given.isZeroLength()) return given.normal();
     return directionInPlane(findNumber(tags, 50, 0.0) * kPi / 180.0, AcGeVector3d::kZAxis);
 }
 
-}  // namespace
+double paragraphHeight(const std::wstring& text, double height, double width, double spacing) {
+    const Lines lines = wrapped(plainParagraphs(text), height, width);
+    return height + height * kLineStep * spacing * static_cast<double>(lines.size() - 1);
+}
 
 void drawMtext(const RawTags& all, AcGiGeometry& to) {
     const RawTags tags(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(knownLength(all)));
@@ -102,13 +112,13 @@ void drawMtext(const RawTags& all, AcGiGeometry& to) {
     for (const RawTag& tag : tags)
         if (tag.code == 3 || tag.code == 1) text += toWide(tag.value);
     const double height = findNumber(tags, 40, 2.5);
-    const Lines lines = wrapped(plainLines(text), height, findNumber(tags, 41, 0.0));
-    const AcGeVector3d along = directionOf(tags);
+    const Lines lines = wrapped(plainParagraphs(text), height, findNumber(tags, 41, 0.0));
+    const AcGeVector3d along = paragraphDirection(tags);
     const AcGeVector3d up = planeNormal(tags).crossProduct(along);
     // Attachment 1..9: columns left, centre, right; rows top, middle, bottom.
     const int attachment = std::clamp(findWhole(tags, 71, 1), 1, 9) - 1;
     const int row = attachment / 3;
-    const double step = height * 5.0 / 3.0 * findNumber(tags, 44, 1.0);
+    const double step = height * kLineStep * findNumber(tags, 44, 1.0);
     const double total = height + step * static_cast<double>(lines.size() - 1);
     const AcGePoint3d top = findPoint(tags, 10) + up * (total * row / 2.0);
     for (std::size_t i = 0; i < lines.size(); ++i) {

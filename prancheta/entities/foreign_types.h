@@ -4,7 +4,9 @@
 
 #include <vector>
 
+#include "dbents.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/foreign_motion.h"
 
 namespace prancheta {
 
@@ -16,15 +18,31 @@ void drawHatch(const RawTags& tags, AcGiGeometry& to);
 /// Text of one line, in the plane of its normal. The group of the vertical justification is 73 for
 /// texts, 74 for attributes.
 void drawText(const RawTags& tags, int verticalCode, AcGiGeometry& to);
+void readText(AcDbText& text, const RawTags& tags, int verticalCode);
+/// Text of paragraphs without its formatting, one element each.
+std::vector<std::wstring> plainParagraphs(const std::wstring& text);
+/// Direction in which paragraphs run, unit length.
+AcGeVector3d paragraphDirection(const RawTags& tags);
+/// From the top of the first line to the foot of the last one; width 0 breaks no line.
+double paragraphHeight(const std::wstring& text, double height, double width, double spacing);
 /// References with attributes or arrays.
 void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw);
-/// Dimensions without a class here come with a block that shows them in the drawing's coordinates.
+/// Dimensions without a class here come with a block that shows them in the drawing's coordinates,
+/// where they stood before they were moved.
 void drawDimensionBlock(const ForeignEntity& entity, AcGiWorldDraw& draw);
 
-/// Moves, turns and scales the groups of a type. False, and no change, for an unknown type, for
-/// anything but a similarity without mirror, and for one that leaves the plane of a type kept in
-/// its own plane.
+/// Moves, turns, scales and mirrors the groups of a type; texts stay readable. False, and no
+/// change, for an unknown type and for anything but a similarity.
 bool transformForeign(const std::string& typeName, RawTags& tags, const AcGeMatrix3d& m);
+void moveHatch(RawTags& tags, const Motion& inPlane);
+/// What a text has to do beyond moving its places: `before` is the entity as it was.
+void turnText(RawTags& tags, const RawTags& before, int verticalCode, const Motion& plane);
+void turnParagraphs(RawTags& tags, const RawTags& before, const Motion& world, const Motion&);
+void turnTolerance(RawTags& tags, const RawTags& before, const Motion& world, const Motion&);
+void turnMultileader(RawTags& tags, const RawTags& before, const Motion& world, const Motion&);
+
+/// True for dimensions of all kinds, which a block shows.
+bool isDimension(std::string_view typeName);
 
 /// Plane of an entity whose groups are told in it, from group 210; z when there is none.
 AcGeVector3d planeNormal(const RawTags& tags);

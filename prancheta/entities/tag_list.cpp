@@ -91,6 +91,14 @@ std::vector<double> findNumbers(const RawTags& tags, int code) {
     return numbers;
 }
 
-void setNumber(RawTag& tag, double value) { tag.value = numberText(value); }
+void setNumber(RawTag& tag, double value) {
+    if (tagNumber(tag) != value) tag.value = numberText(value);
+}
+
+void setFirst(RawTags& tags, int code, double value) {
+    for (RawTag& tag : tags)
+        if (tag.code == code) return setNumber(tag, value);
+    tags.push_back({code, numberText(value)});
+}
 
 }  // namespace prancheta

@@ -35,6 +35,9 @@ AcGePoint3d findPoint(const RawTags& tags, int code, const AcGePoint3d& fallback
 std::vector<AcGePoint3d> findPoints(const RawTags& tags, int code);
 std::vector<double> findNumbers(const RawTags& tags, int code);
 
+/// A group that has this value already stays as it is written.
 void setNumber(RawTag& tag, double value);
+/// First group of this code; at the end when there is none.
+void setFirst(RawTags& tags, int code, double value);
 
 }  // namespace prancheta

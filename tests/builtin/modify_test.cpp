@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // MOVE, COPY, SCALE, MIRROR, ERASE, OOPS, EXPLODE.
+#include "prancheta/entities/foreign_entity.h"
 #include "tests/builtin/script_ui.h"
 
 namespace builtin {
@@ -35,6 +36,37 @@ TEST_F(Modify, WhatCannotBeTransformedIsTold) {
     EXPECT_TRUE(said(L"1 objeto não pôde ser transformado."));
     expectLine(entities()[0], 10, 0, 20, 0);
     expectLine(entities()[1], 0, 7, 1, 7);
+}
+
+TEST_F(Modify, WhatCannotBeTransformedIsNotCopied) {
+    auto solid = std::make_unique<prancheta::ForeignEntity>();
+    ASSERT_EQ(solid->setContent("3DSOLID", {{100, "AcDbModelerGeometry"}}), Acad::eOk);
+    AcDbObjectId id;
+    {
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(editor->database().currentSpaceId(),
+                                                            AcDb::kForWrite);
+        ASSERT_EQ(space->appendAcDbEntity(id, solid.get()), Acad::eOk);
+        (void)solid.release()->close();
+    }
+    const std::initializer_list<const wchar_t*> commands[] = {
+        {L"_copy", L"_all", L"", L"0,0", L"0,5", L"0,10", L"_a", L"3", L"9,9", L""},
+        {L"_copy", L"_all", L"", L"0,0", L"_a", L"5", L"0,10", L""},
+        {L"_mirror", L"_all", L"", L"0,0", L"0,5", L"_n"},
+        {L"_rotate", L"_all", L"", L"0,0", L"_c", L"30"},
+        {L"_scale", L"_all", L"", L"0,0", L"_c", L"3"},
+    };
+    const std::size_t copies[] = {4, 4, 1, 1, 1};
+    for (std::size_t i = 0; i < std::size(commands); ++i) {
+        ui.output.clear();
+        type(commands[i]);
+        EXPECT_EQ(count(), 2 + copies[i]) << i;
+        EXPECT_EQ(entities()[1], id) << i;
+        const std::wstring line = L"1 objeto não pôde ser transformado e não foi copiado.\n";
+        ASSERT_TRUE(said(line)) << i;
+        EXPECT_EQ(ui.output.find(line), ui.output.rfind(line)) << "told once: " << i;
+        type({L"_u"});
+        EXPECT_EQ(count(), 2u) << i;
+    }
 }
 
 TEST_F(Modify, CopyAgainAndAgain) {

@@ -93,11 +93,77 @@ TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {
     EXPECT_FALSE(record(all, "BLOCK", 2, "*U3").empty()) << "nothing here made it, so it stays";
 }
 
+TEST(Foreign, MovedDimensionsShowTheirPictureWhereTheyAre) {
+    const char* blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|5 D1|330 D0|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 *D7|70 "
+        "1|10 0|20 0|30 0|3 *D7|1 |0 CIRCLE|5 D3|330 D0|100 AcDbEntity|8 0|100 AcDbCircle|10 3|20 "
+        "0|30 0|40 9.5|0 MTEXT|5 D4|330 D0|100 AcDbEntity|8 0|100 AcDbMText|10 2|20 5|30 0|40 "
+        "2|71 5|1 4|0 ENDBLK|5 D2|330 D0|100 AcDbEntity|8 0|100 AcDbBlockEnd|0 ENDSEC";
+    const auto database = loadText(fileWith(
+        "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|2 *D7|10 0|20 5|30 0|11 2|21 "
+        "5|31 0|70 32|1 |71 5|42 4.0|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 4|24 "
+        "3|34 0|50 0|100 AcDbRotatedDimension",
+        "AC1015", blocks));
+    ASSERT_NE(database, nullptr);
+    const AcDbObjectId id = database->core().modelSpace().at(0);
+    const auto transform = [](AcDbObjectId which, const AcGeMatrix3d& m) {
+        const AcDbObjectPointer<AcDbEntity> open(which, AcDb::kForWrite);
+        ASSERT_EQ(open->transformBy(m), Acad::eOk);
+    };
+    const auto shown = [](const Groups& all, const Groups& dimension) {
+        // What its block holds, up to the end of the block.
+        const std::string name = valueOf(dimension, 2);
+        std::string places;
+        bool inside = false;
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            if (all[i] == Group{0, "BLOCK"})
+                inside = record(all, "BLOCK", 2, name)[1] == all[i + 1];
+            if (inside && all[i].code == 10 && all[i - 1].code == 100)
+                places += all[i].value + "," + all[i + 1].value + " ";
+        }
+        return places;
+    };
+    // Alone it takes its block along, which keeps its name and its handles.
+    transform(id, AcGeMatrix3d::translation({10, 0, 0}));
+    Groups all = groupsOf(saved(*database));
+    EXPECT_EQ(valueOf(record(all, "DIMENSION"), 2), "*D7");
+    EXPECT_EQ(shown(all, record(all, "DIMENSION")), "13.0,0.0 12.0,5.0 ");
+    EXPECT_EQ(valueOf(record(all, "CIRCLE"), 5), "D3");
+    EXPECT_EQ(countOf(all, "BLOCK"), 3U);
+
+    // A copy shares the block until one of the two goes elsewhere: whichever it is.
+    AcDbObjectIdArray originals;
+    AcDbObjectIdArray copies;
+    originals.append(id);
+    ASSERT_EQ(database->deepCloneObjects(originals, database->core().modelSpaceId(), copies),
+              Acad::eOk);
+    transform(copies[0], AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0}));
+    transform(id, AcGeMatrix3d::translation({-10, 0, 0}));
+    const std::string text = saved(*database);
+    all = groupsOf(text);
+    const std::string copy = record(all, "DIMENSION", 13, "-10.0")[1].value;
+    EXPECT_EQ(shown(all, record(all, "DIMENSION", 5, "D9")), "3.0,0.0 2.0,5.0 ");
+    EXPECT_EQ(shown(all, record(all, "DIMENSION", 5, copy)), "-13.0,0.0 -12.0,5.0 ");
+    const auto back = loadText(text);
+    ASSERT_NE(back, nullptr);
+    EXPECT_TRUE(saved(*back) == text);
+    for (std::size_t i = 0; i < 2; ++i) {
+        AcDbExtents before;
+        AcDbExtents after;
+        ASSERT_EQ(modelSpace(*database).at(i)->getGeomExtents(before), Acad::eOk);
+        ASSERT_EQ(modelSpace(*back).at(i)->getGeomExtents(after), Acad::eOk);
+        EXPECT_TRUE(before.minPoint().isEqualTo(after.minPoint())) << i;
+        EXPECT_TRUE(before.maxPoint().isEqualTo(after.maxPoint())) << i;
+    }
+}
+
 TEST(Foreign, AlignedDimensionOfAnotherWriterIsAlive) {
-    // Others write a version of the class and the angle that only a rotated dimension has.
+    // Others write a version of the class, how lines of text are spaced, and the angle that only a
+    // rotated dimension has.
     const auto database = loadText(fileWith(
         "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|280 0|2 *D7|3 Standard|10 "
-        "4|20 5|30 0|11 2|21 5|31 0|70 33|71 5|42 4.0|100 AcDbAlignedDimension|13 0|23 0|33 0|14 "
+        "4|20 5|30 0|11 2|21 5|31 0|70 33|71 5|72 0|42 4.0|100 AcDbAlignedDimension|13 0|23 0|33 "
+        "0|14 "
         "4|24 0|34 0|50 0.0"));
     ASSERT_NE(database, nullptr);
     const auto* dimension = AcDbAlignedDimension::cast(modelSpace(*database).at(0));

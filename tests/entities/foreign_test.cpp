@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Entities of other programs: drawn and moved by their groups.
 #include "fixture.h"
+#include "prancheta/base/text.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/hit.h"
@@ -20,6 +21,18 @@ std::unique_ptr<ForeignEntity> foreign(const char* type, RawTags tags) {
 
 AcDbExtents boxOf(AcDbEntity& entity) { return pictureOf(entity).extents(); }
 
+void expectReachesAsFar(const Picture& picture, const Picture& wanted, const std::string& which) {
+    for (int i = 0; i < 10; ++i) {
+        const AcGeMatrix3d seen = AcGeMatrix3d::rotation(0.3 * i, {0, 0.2 * (i % 3), 1});
+        Picture a = picture;
+        Picture b = wanted;
+        a.transform(seen);
+        b.transform(seen);
+        EXPECT_TRUE(near(a.extents().maxPoint(), b.extents().maxPoint(), 1e-6)) << which;
+        EXPECT_TRUE(near(a.extents().minPoint(), b.extents().minPoint(), 1e-6)) << which;
+    }
+}
+
 /// Moving and drawing must agree: the picture of the moved entity is the moved picture.
 void expectMovesAsDrawn(ForeignEntity& entity) {
     const AcGeMatrix3d m = AcGeMatrix3d::translation({30, -7, 0}) *
@@ -29,6 +42,29 @@ void expectMovesAsDrawn(ForeignEntity& entity) {
     expected.transform(m);
     ASSERT_EQ(entity.transformBy(m), Acad::eOk) << entity.typeName();
     EXPECT_TRUE(pictureOf(entity) == expected) << entity.typeName();
+    // In mirrors and out of the plane curves begin elsewhere and texts are turned to be read: what
+    // stays is how far all of it reaches in every direction. Then all of it back.
+    const AcGeMatrix3d others[] = {
+        AcGeMatrix3d::mirroring({3, 1, 0}, {1, 0, 0}),
+        AcGeMatrix3d::mirroring({3, 1, 0}, {0, 1, 0}),
+        AcGeMatrix3d::mirroring({-5, 2, 0}, {0.6, 0.8, 0}) * AcGeMatrix3d::scaling(0.5),
+        AcGeMatrix3d::rotation(0.7, {1, 0, 0}, {0, 2, 5}),
+        AcGeMatrix3d::mirroring({1, 2, 3}, {0, 0.6, 0.8}),
+    };
+    for (const AcGeMatrix3d& other : others) {
+        // The first line stays the first.
+        const bool lines = entity.typeName() == "MTEXT" && expected.size() > 1;
+        if (lines && other.det() < 0.0) continue;
+        const Picture before = pictureOf(entity);
+        Picture wanted = before;
+        wanted.transform(other);
+        const std::string which =
+            entity.typeName() + " by matrix " + std::to_string(&other - others);
+        ASSERT_EQ(entity.transformBy(other), Acad::eOk) << which;
+        expectReachesAsFar(pictureOf(entity), wanted, which);
+        ASSERT_EQ(entity.transformBy(other.inverse()), Acad::eOk) << which;
+        expectReachesAsFar(pictureOf(entity), before, which + " and back");
+    }
 }
 
 RawTags hatch(const char* solid) {
@@ -172,8 +208,9 @@ TEST_F(ForeignTest, OldPolylinesKeepTheirVerticesAndElevation) {
     EXPECT_TRUE(picture[0].closed());
     EXPECT_TRUE(near(picture.extents().maxPoint(), {10, 10, 3}));
     expectMovesAsDrawn(*line);
-    EXPECT_EQ(line->tags()[1].value, "0");
-    EXPECT_EQ(line->tags()[6].value, "1F");
+    // Behind the normal that leaving the plane brought.
+    EXPECT_EQ(line->tags()[4].value, "0");
+    EXPECT_EQ(line->tags()[9].value, "1F");
     EXPECT_EQ(line->transformBy(AcGeMatrix3d::translation({0, 0, 5})), Acad::eOk);
     EXPECT_TRUE(near(boxOf(*line).minPoint(), pictureOf(*line)[0].points()[1], 1e3));
     EXPECT_NEAR(boxOf(*line).maxPoint().z, 3 * 2 + 5, 1e-9);
@@ -304,17 +341,129 @@ TEST_F(ForeignTest, PlanesSeenFromBelowAreMovedAsDrawn) {
     EXPECT_NEAR(boxOf(*text).maxPoint().x, -5, 1e-9);
 }
 
+namespace {
+
+/// Groups from text such as "10 1.5|2 *D1".
+RawTags tagsOf(std::string_view text) {
+    RawTags tags;
+    while (!text.empty()) {
+        const std::string_view one = text.substr(0, text.find('|'));
+        text.remove_prefix(std::min(text.size(), one.size() + 1));
+        const std::size_t blank = one.find(' ');
+        tags.push_back({std::stoi(std::string(one)), std::string(one.substr(blank + 1))});
+    }
+    return tags;
+}
+
+std::string textOf(const RawTags& tags) {
+    std::string text;
+    for (const auto& [code, value] : tags) {
+        double number = 0.0;
+        const bool isNumber = prancheta::parseNumber(value, number);
+        const std::string rounded = numberText(std::round(number * 1e9) / 1e9 + 0.0);
+        text +=
+            (text.empty() ? "" : "|") + std::to_string(code) + ' ' + (isNumber ? rounded : value);
+    }
+    return text;
+}
+
+}  // namespace
+
+TEST_F(ForeignTest, GroupsGoWhereTheirMeaningSays) {
+    // Mirrored in x = 50: x becomes 100 - x. Turned by a right angle, twice as large and moved:
+    // (x, y, z) becomes (100 - 2 y, 2 x, 2 z).
+    struct Case {
+        const char* type;
+        const char* before;
+        const char* mirrored;
+        const char* turned;
+    };
+    const Case cases[] = {
+        {"RAY", "10 1|20 2|30 0|11 1|21 0|31 0", "10 99|20 2|30 0|11 -1|21 0|31 0",
+         "10 96|20 2|30 0|11 0|21 1|31 0"},
+        {"MESH", "92 2|10 1|20 2|30 3|10 4|20 5|30 6|93 0",
+         "92 2|10 99|20 2|30 3|10 96|20 5|30 6|93 0", "92 2|10 96|20 2|30 6|10 90|20 8|30 12|93 0"},
+        // Elements to the left of the line are to the left as seen from the other side.
+        {"MLINE", "40 1|210 0|220 0|230 1|11 5|21 0|31 0|12 1|22 0|32 0|13 0|23 1|33 0|41 0.5",
+         "40 1|210 0|220 0|230 -1|11 95|21 0|31 0|12 -1|22 0|32 0|13 0|23 1|33 0|41 0.5",
+         "40 2|210 0|220 0|230 1|11 100|21 10|31 0|12 0|22 1|32 0|13 -1|23 0|33 0|41 1"},
+        // Size in pixels and clipping in pixels stay.
+        {"IMAGE", "10 1|20 2|30 0|11 0.1|21 0|31 0|12 0|22 0.1|32 0|13 640|23 480|14 -0.5|24 -0.5",
+         "10 99|20 2|30 0|11 -0.1|21 0|31 0|12 0|22 0.1|32 0|13 640|23 480|14 -0.5|24 -0.5",
+         "10 96|20 2|30 0|11 0|21 0.2|31 0|12 -0.2|22 0|32 0|13 640|23 480|14 -0.5|24 -0.5"},
+        {"ATTDEF", "11 10|21 2|72 1|40 2|1 A", "11 90|21 2|72 1|40 2|1 A|50 0",
+         "11 96|21 20|72 1|40 4|1 A|50 90"},
+        {"TOLERANCE", "10 1|20 2|30 0|11 0|21 1|31 0", "10 99|20 2|30 0|11 0|21 1|31 0",
+         "10 96|20 2|30 0|11 -1|21 0|31 0"},
+        // Top left becomes top right; along y, bottom left.
+        {"MTEXT", "10 1|20 2|30 0|40 2|71 1|11 1|21 0|31 0",
+         "10 99|20 2|30 0|40 2|71 3|11 1|21 0|31 0", "10 96|20 2|30 0|40 4|71 1|11 0|21 1|31 0"},
+        {"MTEXT", "10 1|20 2|30 0|40 2|71 1|50 90", "10 99|20 2|30 0|40 2|71 7|11 0|21 1|31 0",
+         "10 96|20 2|30 0|40 4|71 1|11 -1|21 0|31 0"},
+        {"DIMENSION",
+         "2 *D1|10 4|20 6|30 0|11 2|21 6|31 0|70 32|42 4|53 0|13 0|23 0|33 0|14 4|24 3|34 0|50 "
+         "30|52 15",
+         "2 *D1|10 96|20 6|30 0|11 98|21 6|31 0|70 32|42 4|53 0|13 100|23 0|33 0|14 96|24 3|34 "
+         "0|50 150|52 -15",
+         "2 *D1|10 88|20 8|30 0|11 88|21 4|31 0|70 32|42 8|53 0|13 100|23 0|33 0|14 94|24 8|34 "
+         "0|50 120|52 15"},
+        // Horizontal and without an angle; an angle does not grow; the axis of an ordinate counts
+        // clockwise.
+        {"DIMENSION", "10 4|20 6|70 32|42 4|14 4|24 3|34 0",
+         "10 96|20 6|70 32|42 4|14 96|24 3|34 0|50 180",
+         "10 88|20 8|70 32|42 8|14 94|24 8|34 0|50 90"},
+        {"DIMENSION", "10 4|20 6|70 34|42 1.5|16 1|26 2|36 0|53 10",
+         "10 96|20 6|70 34|42 1.5|16 99|26 2|36 0|53 350",
+         "10 88|20 8|70 34|42 1.5|16 96|26 2|36 0|53 100"},
+        {"DIMENSION", "10 4|20 6|70 38|42 4", "10 96|20 6|51 0|70 38|42 4",
+         "10 88|20 8|51 270|70 38|42 8"},
+        {"HATCH",
+         "10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|91 0|75 0|76 1|52 0|41 1|77 0|78 1|53 "
+         "45|43 1|44 2|45 -2|46 2|79 0|98 1|10 3|20 4",
+         "10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|91 0|75 0|76 1|52 90|41 1|77 0|78 1|53 "
+         "135|43 99|44 2|45 2|46 2|79 0|98 1|10 97|20 4",
+         "10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|91 0|75 0|76 1|52 90|41 2|77 0|78 1|53 "
+         "135|43 96|44 2|45 -4|46 -4|79 0|98 1|10 92|20 6"},
+        // The faces of a net have no places.
+        {"POLYLINE", "70 64|0 VERTEX|70 192|10 1|20 2|30 3|0 VERTEX|70 128|10 0|20 0|30 0|71 1",
+         "70 64|0 VERTEX|70 192|10 99|20 2|30 3|0 VERTEX|70 128|10 0|20 0|30 0|71 1",
+         "70 64|0 VERTEX|70 192|10 96|20 2|30 6|0 VERTEX|70 128|10 0|20 0|30 0|71 1"},
+        {"MULTILEADER",
+         "300 CONTEXT_DATA{|40 1|10 5|20 1|30 0|41 2|304 LEADER{|11 0|21 0|31 1|12 6|22 2|32 0|13 "
+         "1|23 0|33 0|42 0|45 1|171 1|111 1|121 0|131 0|297 0|302 LEADER{|10 4|20 1|30 0|11 1|21 "
+         "0|31 0|40 8|304 LEADER_LINE{|10 0|20 0|30 0|305 }|303 }|301 }|41 8|302 A|179 1|45 1",
+         "300 CONTEXT_DATA{|40 1|10 95|20 1|30 0|41 2|304 LEADER{|11 0|21 0|31 1|12 94|22 2|32 "
+         "0|13 1|23 0|33 0|42 0|45 1|171 3|111 -1|121 0|131 0|297 1|302 LEADER{|10 96|20 1|30 "
+         "0|11 -1|21 0|31 0|40 8|304 LEADER_LINE{|10 100|20 0|30 0|305 }|303 }|301 }|41 8|302 "
+         "A|179 3|45 1",
+         "300 CONTEXT_DATA{|40 2|10 98|20 10|30 0|41 4|304 LEADER{|11 0|21 0|31 1|12 96|22 12|32 "
+         "0|13 0|23 1|33 0|42 1.570796327|45 1|171 1|111 0|121 1|131 0|297 0|302 LEADER{|10 98|20 "
+         "8|30 0|11 0|21 1|31 0|40 16|304 LEADER_LINE{|10 100|20 0|30 0|305 }|303 }|301 }|41 "
+         "16|302 A|179 1|45 2"},
+    };
+    AcGeMatrix3d turn;
+    turn.setCoordSystem({100, 0, 0}, {0, 2, 0}, {-2, 0, 0}, {0, 0, 2});
+    for (const Case& each : cases) {
+        const auto mirrored = foreign(each.type, tagsOf(each.before));
+        ASSERT_EQ(mirrored->transformBy(AcGeMatrix3d::mirroring({50, 0, 0}, {1, 0, 0})), Acad::eOk);
+        EXPECT_EQ(textOf(mirrored->tags()), each.mirrored) << each.type;
+        const auto turned = foreign(each.type, tagsOf(each.before));
+        ASSERT_EQ(turned->transformBy(turn), Acad::eOk);
+        EXPECT_EQ(textOf(turned->tags()), each.turned) << each.type;
+    }
+}
+
 TEST_F(ForeignTest, WhatCannotBeMovedStaysAsItWas) {
-    const RawTags tags = {{100, "AcDbWipeout"}, {10, "1"}, {20, "2"}, {30, "0"}};
-    const auto unknown = foreign("WIPEOUT", tags);
+    const RawTags tags = {{100, "AcDbModelerGeometry"}, {70, "1"}, {10, "1"}, {1, "mjqpn"}};
+    const auto unknown = foreign("3DSOLID", tags);
     EXPECT_TRUE(pictureOf(*unknown).empty());
     EXPECT_EQ(unknown->transformBy(AcGeMatrix3d::translation({1, 0, 0})), Acad::eNotApplicable);
-    EXPECT_EQ(unknown->tags()[1].value, "1");
+    EXPECT_EQ(unknown->tags()[2].value, "1");
     const auto solid = foreign("HATCH", hatch("1"));
     const Picture before = pictureOf(*solid);
-    EXPECT_EQ(solid->transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0})),
-              Acad::eNotApplicable);
-    EXPECT_EQ(solid->transformBy(AcGeMatrix3d::rotation(1, {1, 0, 0})), Acad::eNotApplicable);
+    AcGeMatrix3d stretched;
+    stretched.entry[0][0] = 2.0;
+    EXPECT_EQ(solid->transformBy(stretched), Acad::eNotApplicable);
     EXPECT_TRUE(pictureOf(*solid) == before);
     const auto copy = copyOf(*foreign("MTEXT", {{10, "1"}, {20, "2"}, {30, "0"}, {1, "Ø"}}));
     EXPECT_EQ(copy->typeName(), "MTEXT");

@@ -28,10 +28,8 @@ constexpr Word kSecondWords[] = {{L"Matriz", L"Array"}};
 constexpr Word kMoreWords[] = {{L"Matriz", L"Array"}, {L"Sair", L"Exit"}, {L"Desfazer", L"Undo"}};
 constexpr Word kFitWords[] = {{L"Ajustar", L"Fit"}};
 
-Ids copyBy(const CommandContext& context, const Ids& ids, const AcGeVector3d& by) {
-    Ids copies = cloneAll(context, ids);
-    transformAll(context, copies, AcGeMatrix3d::translation(by));
-    return copies;
+Ids copyBy(const CommandContext& context, Ids& ids, const AcGeVector3d& by) {
+    return copyAll(context, ids, AcGeMatrix3d::translation(by));
 }
 
 const wchar_t* modeName(const Memory& kept) { return kept.copyOnce ? L"Único" : L"Múltiplo"; }
@@ -48,7 +46,8 @@ Task<InputValue> askMode(CommandContext context) {
 }
 
 /// Row of items, the original counted; `entities` receives the copies, `status` RTCAN when refused.
-Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids ids) {
+/// What cannot be copied goes out of `ids`, which the caller keeps.
+Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids& ids) {
     InputValue count =
         co_await context.ask(Prompt(InputKind::Integer, L"\nDigite o número de itens da matriz: ")
                                  .required()
@@ -137,7 +136,7 @@ Task<InputValue> copyToPoints(CommandContext context, AcGePoint3d base, Ids ids)
 }  // namespace
 
 CommandTask copy(CommandContext context) {
-    const Selection chosen = co_await selectForChange(context);
+    Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
     say(context,
         std::wstring(L"Configurações atuais: Modo de cópia = ") + modeName(memory(context)));

@@ -97,25 +97,25 @@ void showStretched(const std::vector<Pulled>& pulled, const AcGeVector3d& by, Pi
     }
 }
 
-/// False, after saying so, when an entity refused.
-bool stretch(const CommandContext& context, const std::vector<Pulled>& pulled, const Ids& targets,
-             const AcGeVector3d& by) {
-    std::size_t failed = 0;
+/// Returns those that refused, after saying how many.
+Ids stretch(const CommandContext& context, const std::vector<Pulled>& pulled, const Ids& targets,
+            const AcGeVector3d& by) {
+    Ids refused;
     for (std::size_t i = 0; i < targets.size(); ++i) {
         AcDbEntity* entity = nullptr;
         if (acdbOpenAcDbEntity(entity, targets[i], AcDb::kForWrite) != Acad::eOk) {
-            ++failed;
+            refused.push_back(targets[i]);
         } else if (entity->moveGripPointsAt(pulled[i].indices, by) != Acad::eOk) {
-            ++failed;
+            refused.push_back(targets[i]);
             (void)entity->cancel();  // the refusal is what is reported
         } else {
             (void)entity->close();
         }
     }
-    if (failed > 0)
-        say(context, counted(failed, L"objeto não pôde ser esticado.",
+    if (!refused.empty())
+        say(context, counted(refused.size(), L"objeto não pôde ser esticado.",
                              L"objetos não puderam ser esticados."));
-    return failed == 0;
+    return refused;
 }
 
 /// What the pointer would answer to the mode's question.
@@ -148,18 +148,24 @@ Ids entitiesOf(const std::vector<Pulled>& pulled) {
     return ids;
 }
 
-/// Copies that were made, empty when the entities themselves were changed.
+/// Copies that were made, empty when the entities themselves were changed. What cannot be copied so
+/// goes out of the selection.
 Ids apply(const CommandContext& context, const Mode& mode, const AcGePoint3d& base,
-          const InputValue& answer, const std::vector<Pulled>& pulled, const Ids& selection,
+          const InputValue& answer, const std::vector<Pulled>& pulled, Ids& selection,
           bool copying) {
-    const Ids& originals = mode.matrix == nullptr ? entitiesOf(pulled) : selection;
+    if (mode.matrix != nullptr) {
+        if (copying) return copyAll(context, selection, mode.matrix(base, answer));
+        transformAll(context, selection, mode.matrix(base, answer));
+        return {};
+    }
+    const Ids originals = entitiesOf(pulled);
     Ids copies = copying ? cloneAll(context, originals) : Ids();
     if (copying && copies.size() != originals.size()) return copies;
-    const Ids& targets = copying ? copies : originals;
-    if (mode.matrix == nullptr)
-        (void)stretch(context, pulled, targets, answer.point - base);
-    else
-        transformAll(context, targets, mode.matrix(base, answer));
+    const Ids refused = stretch(context, pulled, copying ? copies : originals, answer.point - base);
+    if (copying && !refused.empty()) {
+        (void)eraseAll(context, refused);
+        std::erase_if(copies, [](const AcDbObjectId& id) { return id.isErased(); });
+    }
     return copies;
 }
 

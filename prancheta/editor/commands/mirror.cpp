@@ -43,8 +43,8 @@ CommandTask mirror(CommandContext context) {
     if (erasing.status == RTCAN) co_return CommandEnd::Cancelled;
 
     // Without the originals, they themselves are turned over: handles and links stay.
-    const Ids reflected = erasing.number != 0.0 ? chosen.ids : cloneAll(context, chosen.ids);
-    transformAll(context, reflected, inLine(first.point, first.point + along));
+    transformOrCopy(context, chosen.ids, inLine(first.point, first.point + along),
+                    erasing.number != 0.0 ? Originals::Change : Originals::Stay);
     co_return CommandEnd::Done;
 }
 

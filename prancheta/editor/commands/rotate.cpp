@@ -91,9 +91,9 @@ CommandTask rotate(CommandContext context) {
         if (answer.status == RTNORM) kept.rotation = answer.number;
         break;
     }
-    const Ids turned = copying ? cloneAll(context, chosen.ids) : chosen.ids;
-    transformAll(context, turned,
-                 AcGeMatrix3d::rotation(kept.rotation, AcGeVector3d::kZAxis, base.point));
+    transformOrCopy(context, chosen.ids,
+                    AcGeMatrix3d::rotation(kept.rotation, AcGeVector3d::kZAxis, base.point),
+                    copying ? Originals::Stay : Originals::Change);
     co_return CommandEnd::Done;
 }
 

@@ -83,8 +83,8 @@ CommandTask scale(CommandContext context) {
         if (answer.status == RTNORM) kept.scale = answer.number;
         break;
     }
-    const Ids scaled = copying ? cloneAll(context, chosen.ids) : chosen.ids;
-    transformAll(context, scaled, AcGeMatrix3d::scaling(kept.scale, base.point));
+    transformOrCopy(context, chosen.ids, AcGeMatrix3d::scaling(kept.scale, base.point),
+                    copying ? Originals::Stay : Originals::Change);
     co_return CommandEnd::Done;
 }
 

@@ -115,22 +115,59 @@ void say(const CommandContext& context, std::wstring text) {
     context.print(text);
 }
 
-void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix) {
-    std::size_t failed = 0;
-    for (const AcDbObjectId id : ids) {
+namespace {
+
+/// Returns the places of those that refused.
+std::vector<std::size_t> transformEach(const Ids& ids, const AcGeMatrix3d& matrix) {
+    std::vector<std::size_t> refused;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
         AcDbEntity* entity = nullptr;
-        if (acdbOpenAcDbEntity(entity, id, AcDb::kForWrite) != Acad::eOk) {
-            ++failed;
+        if (acdbOpenAcDbEntity(entity, ids[i], AcDb::kForWrite) != Acad::eOk) {
+            refused.push_back(i);
         } else if (entity->transformBy(matrix) != Acad::eOk) {
-            ++failed;
+            refused.push_back(i);
             (void)entity->cancel();  // the refusal is what is reported
         } else {
             (void)entity->close();
         }
     }
+    return refused;
+}
+
+void takeOut(Ids& ids, const std::vector<std::size_t>& places) {
+    for (const std::size_t place : places) ids[place] = AcDbObjectId::kNull;
+    std::erase(ids, AcDbObjectId::kNull);
+}
+
+}  // namespace
+
+void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix) {
+    const std::size_t failed = transformEach(ids, matrix).size();
     if (failed > 0)
         say(context, counted(failed, L"objeto não pôde ser transformado.",
                              L"objetos não puderam ser transformados."));
+}
+
+Ids copyAll(const CommandContext& context, Ids& ids, const AcGeMatrix3d& matrix) {
+    Ids copies = cloneAll(context, ids);
+    const std::vector<std::size_t> refused = transformEach(copies, matrix);
+    if (refused.empty()) return copies;
+    Ids wrong;
+    for (const std::size_t place : refused) wrong.push_back(copies[place]);
+    (void)eraseAll(context, wrong);
+    takeOut(ids, refused);  // copies stand in the order of their originals
+    takeOut(copies, refused);
+    say(context, counted(refused.size(), L"objeto não pôde ser transformado e não foi copiado.",
+                         L"objetos não puderam ser transformados e não foram copiados."));
+    return copies;
+}
+
+void transformOrCopy(const CommandContext& context, Ids ids, const AcGeMatrix3d& matrix,
+                     Originals originals) {
+    if (originals == Originals::Stay)
+        (void)copyAll(context, ids, matrix);
+    else
+        transformAll(context, ids, matrix);
 }
 
 Ids cloneAll(const CommandContext& context, const Ids& ids) {

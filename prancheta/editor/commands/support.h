@@ -77,6 +77,13 @@ inline bool isWord(const InputValue& answer, std::wstring_view global) {
 
 /// Transforms every entity; says on the command line how many could not be.
 void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix);
+/// Transformed copies. What cannot be transformed is not copied: it goes out of `ids`, so that it
+/// is told once however often the rest is copied.
+Ids copyAll(const CommandContext& context, Ids& ids, const AcGeMatrix3d& matrix);
+/// One of the two.
+enum class Originals { Change, Stay };
+void transformOrCopy(const CommandContext& context, Ids ids, const AcGeMatrix3d& matrix,
+                     Originals originals);
 /// Copies with their references among themselves translated, in the current space; empty, after
 /// saying so, when they could not be made.
 Ids cloneAll(const CommandContext& context, const Ids& ids);
