@@ -133,6 +133,51 @@ TEST_F(Ligacoes, ApagarLevaCotasEChapas) {
     esperaTudoEm(10, 0);
 }
 
+TEST_F(Ligacoes, OopsDevolveComoEstava) {
+    // A dimension between two pieces, a piece that follows, and a plate erased before.
+    const AcDbObjectId segunda = u(0, 900, 300);
+    const AcDbObjectId entre = cota(0, 100, 0, 900, -50, 100);
+    muda(peca, [&](ZpObject& p) {
+        EXPECT_EQ(p.LinkDim(entre), Acad::eOk);
+        EXPECT_EQ(p.LinkPos(segunda), Acad::eOk);
+    });
+    muda(segunda, [&](ZpObject& p) { EXPECT_EQ(p.LinkDim(entre), Acad::eOk); });
+    const auto estado = [&] {
+        ui.dito.clear();
+        for (const AcDbObjectId& id : entities()) Read<AcDbEntity>(id)->list();
+        return ui.dito;
+    };
+    const std::wstring antes = estado();
+    const std::vector<AcDbObjectId> casos[] = {
+        {peca},           {meio},         {altura},        {meio, ultima, comprimento},
+        {entre},          {segunda},      {peca, segunda}, {segunda, entre, primeira},
+        {primeira, peca}, {ultima, meio},
+    };
+    for (const std::vector<AcDbObjectId>& caso : casos) {
+        comando(L"_erase", caso, {});
+        type({L"_oops"});
+        EXPECT_EQ(estado(), antes) << "case " << &caso - casos;
+        comando(L"_move", {peca}, {L"0,0", L"10,0"});
+        esperaTudoEm(10, 0);
+        esperaPonto(inicio(segunda), 10, 900);
+        type({L"_u", L"_u"});
+        EXPECT_TRUE(caso[0].isErased());
+        type({L"_u"});
+        EXPECT_EQ(estado(), antes) << "case " << &caso - casos;
+    }
+    // Meanwhile the piece went on: what comes back is in its place at it.
+    comando(L"_erase", {meio, altura}, {});
+    comando(L"_move", {peca}, {L"0,0", L"10,0"});
+    type({L"_oops"});
+    esperaTudoEm(10, 0);
+    // What was erased before does not come back with the piece.
+    comando(L"_erase", {meio}, {});
+    comando(L"_erase", {peca}, {});
+    type({L"_oops"});
+    EXPECT_TRUE(meio.isErased());
+    EXPECT_FALSE(ultima.isErased());
+}
+
 TEST_F(Ligacoes, ApagadaSozinhaDesliga) {
     comando(L"_erase", {altura, meio}, {});
     EXPECT_EQ(conta<ZpObject>(), 3u);

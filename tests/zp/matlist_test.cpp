@@ -251,9 +251,13 @@ TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
     EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"peça apagada");
     EXPECT_EQ(linhas()[0].observacao, L"");
     EXPECT_EQ(zp::lista::totaisDe(linhas()).peso, 0.0);
-    type({L"_u"});
-    EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"");
-    EXPECT_DOUBLE_EQ(zp::lista::totaisDe(linhas()).peso, 12);
+    for (const wchar_t* volta : {L"_u", L"_oops"}) {
+        if (!peca.isErased()) apaga({peca, marca});
+        type({volta});
+        EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"");
+        EXPECT_DOUBLE_EQ(zp::lista::totaisDe(linhas()).peso, 12);
+        EXPECT_EQ(Read<ZpMarca>(marca)->peca(), peca);
+    }
     // A plate newer than the bar is what a mark at the plate's third corner stands for, and nothing
     // is what a mark elsewhere stands for.
     const AcDbObjectId placa = chapa(200, 60, 100, 120);

@@ -122,6 +122,12 @@ void Peca::acrescenta(const Ligacao& l) {
     ligacoes->push_back(l);
 }
 
+void Peca::insere(std::ptrdiff_t lugar, const Ligacao& l) {
+    acrescenta(l);
+    const auto fim = ligacoes->end() - 1;
+    std::rotate(std::min(ligacoes->begin() + lugar, fim), fim, ligacoes->end());
+}
+
 std::span<const Ligacao> Peca::ligadas() const {
     return ligacoes ? std::span<const Ligacao>(*ligacoes) : std::span<const Ligacao>();
 }

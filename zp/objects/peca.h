@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <span>
 #include <utility>
@@ -130,6 +131,8 @@ struct Peca {
     secao::Caixa figura() const;
 
     void acrescenta(const Ligacao& l);
+    /// The same, not behind all others: `lugar` counts from 0.
+    void insere(std::ptrdiff_t lugar, const Ligacao& l);
     std::span<const Ligacao> ligadas() const;
     Ligacao* ligacao(AcDbObjectId id);
     void desliga(AcDbObjectId id);

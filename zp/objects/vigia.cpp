@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // One rule at the end of each command: tied entities follow a piece that changed; a tied entity
 // that changed alone has its place learnt again; an erased piece takes its dimensions and plates
-// along; copies, and what came from a file, keep only links that are answered. Outside a command
-// the rule runs after each change, except while a drawing is read.
+// along and brings them back when it comes back; copies, and what came from a file, keep only links
+// that are answered. Outside a command the rule runs after each change, except while a drawing is
+// read.
 #include "zp/objects/vigia.h"
 
 #include <algorithm>
@@ -11,6 +12,8 @@
 #include <cwctype>
 #include <deque>
 #include <memory>
+#include <ranges>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -90,6 +93,9 @@ private:
     void conferePeca(ZpObject& peca, const Fila& novas);
     void leva(AcDbObjectId id, bool desmancha);
     void desprende(AcDbObjectId dona, AcDbObjectId id);
+    void traz(AcDbObjectId id, Fila& donas);
+    void prende(AcDbObjectId id, Fila& donas);
+    void colocaPresas(AcDbObjectId peca);
     void segue();
     void aprendeDeNovo(AcDbObjectId id, const Fila& mudadas);
 
@@ -101,7 +107,15 @@ private:
     Fila m_novas;
     Fila m_mudadas;
     Fila m_apagadas;
+    Fila m_devolvidas;
     Fila m_presas;
+    /// What a piece knew of something tied to it that was erased alone, and where among its links.
+    struct Desfeita {
+        AcDbObjectId dona;
+        std::ptrdiff_t lugar;
+        Ligacao ligacao;
+    };
+    std::unordered_map<Adesk::LongPtr, std::vector<Desfeita>> m_desfeitas;  // by what was erased
     /// New objects whose first access has not ended: what they are tied to may not be there yet.
     std::unordered_set<Adesk::LongPtr> m_porFechar;
 };
@@ -148,8 +162,8 @@ void Desenho::objectModified(const AcDbDatabase*, const AcDbObject* o) {
 }
 
 void Desenho::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) {
-    if (m_aplicando || o->isUndoing() || !interessa(o) || !erased) return;
-    m_apagadas.poe(o->objectId());
+    if (m_aplicando || o->isUndoing() || !interessa(o)) return;
+    (erased ? m_apagadas : m_devolvidas).poe(o->objectId());
     if (!emComando() && !m_lendo) aplica(false);
 }
 
@@ -162,6 +176,11 @@ void Desenho::aplica(bool desmancha) {
     for (const AcDbObjectId& id : novas.ordem()) confere(id, novas);
     const Fila apagadas = std::exchange(m_apagadas, {});
     for (const AcDbObjectId& id : apagadas.ordem()) leva(id, desmancha);
+    // In the reverse order, so that each link finds the place that it had among the others.
+    const Fila devolvidas = std::exchange(m_devolvidas, {});
+    Fila donas;
+    for (const AcDbObjectId& id : devolvidas.ordem() | std::views::reverse) traz(id, donas);
+    for (const AcDbObjectId& dona : donas.ordem()) colocaPresas(dona);
     segue();
     m_mudadas = std::exchange(m_presas, {});
     m_aplicando = false;
@@ -283,6 +302,7 @@ void Desenho::leva(AcDbObjectId id, bool desmancha) {
         (void)apagada->close();
         if (!foi) return;
     }
+    m_desfeitas.erase(id.asOldId());
     for (const AcDbObjectId& dona : donas) desprende(dona, id);
     for (Outra& outra : outras) {
         AcDbEntity* entidade = nullptr;
@@ -304,9 +324,55 @@ void Desenho::desprende(AcDbObjectId dona, AcDbObjectId id) {
     if (auto* objeto = ZpObject::cast(peca);
         objeto != nullptr && Acesso::de(*objeto).ligacao(id) != nullptr) {
         objeto->assertWriteEnabled();
-        Acesso::de(*objeto).desliga(id);
+        Peca& p = Acesso::de(*objeto);
+        const Ligacao* ligacao = p.ligacao(id);
+        m_desfeitas[id.asOldId()].push_back({dona, ligacao - p.ligadas().data(), *ligacao});
+        p.desliga(id);
     }
     (void)peca->close();
+}
+
+/// The other way round of leva: what had gone along comes back, and both sides know of each other.
+void Desenho::traz(AcDbObjectId id, Fila& donas) {
+    std::vector<AcDbObjectId> outras;
+    {
+        const AcDbObjectPointer<AcDbEntity> devolvida(id, AcDb::kForRead);
+        if (devolvida.object() == nullptr) return;
+        if (const auto* peca = ZpObject::cast(devolvida.object()))
+            for (const Ligacao& l : Acesso::de(*peca).ligadas())
+                if (l.papel != Ligacao::Papel::Dona) outras.push_back(l.id);
+    }
+    for (const AcDbObjectId& outra : outras | std::views::reverse) {
+        AcDbEntity* entidade = nullptr;
+        if (acdbOpenAcDbEntity(entidade, outra, AcDb::kForWrite, true) != Acad::eOk) continue;
+        const auto* peca = ZpObject::cast(entidade);
+        const bool foi = entidade->isErased() && (peca == nullptr || Acesso::de(*peca).chapa());
+        if (foi) (void)entidade->erase(Adesk::kFalse);  // open for write and erased
+        if (!entidade->isErased()) lembraDona(*entidade, id);
+        (void)entidade->close();
+        if (foi) traz(outra, donas);
+    }
+    prende(id, donas);
+}
+
+/// The pieces that forgot what was erased alone know it again as they did.
+void Desenho::prende(AcDbObjectId id, Fila& donas) {
+    const auto achada = m_desfeitas.find(id.asOldId());
+    if (achada == m_desfeitas.end()) return;
+    for (const Desfeita& desfeita : achada->second | std::views::reverse) {
+        const AcDbObjectPointer<ZpObject> dona(desfeita.dona, AcDb::kForWrite);
+        if (dona.object() == nullptr || Acesso::de(*dona.object()).ligacao(id) != nullptr) continue;
+        dona->assertWriteEnabled();
+        Acesso::de(*dona.object()).insere(desfeita.lugar, desfeita.ligacao);
+        donas.poe(desfeita.dona);
+    }
+    m_desfeitas.erase(achada);
+}
+
+void Desenho::colocaPresas(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+    if (peca.object() != nullptr)
+        coloca(*peca, [this](AcDbObjectId presa) { m_presas.poe(presa); });
 }
 
 void Desenho::segue() {
