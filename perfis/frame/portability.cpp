@@ -28,6 +28,17 @@ std::size_t skipBlanks(std::wstring_view text) {
     return at;
 }
 
+/// A comma between two digits is a decimal sign as well, when no other sign follows its decimals:
+/// "1,234,567" and "1,234.5" do not tell which number is meant.
+bool isDecimalComma(std::wstring_view text, std::size_t at) {
+    const auto digitAt = [&](std::size_t i) { return i < text.size() && isDigit(text[i]); };
+    if (text[at] != L',' || at == 0 || !digitAt(at - 1) || !digitAt(at + 1)) return false;
+    std::size_t end = at + 1;
+    while (digitAt(end)) ++end;
+    const bool signFollows = end < text.size() && (text[end] == L',' || text[end] == L'.');
+    return !(signFollows && digitAt(end + 1));
+}
+
 /// Appends "e", a sign and digits when the text has them at `at`; returns the exponent.
 long scanExponent(std::wstring_view text, std::size_t at, std::string& digits) {
     if (at >= text.size() || (text[at] != L'e' && text[at] != L'E')) return 0;
@@ -53,12 +64,14 @@ RealText scanReal(std::wstring_view text) {
     bool any = false;
     bool significant = false;
     bool fraction = false;
-    for (; at < text.size() && (isDigit(text[at]) || (text[at] == L'.' && !fraction)); ++at) {
-        real.digits += static_cast<char>(text[at]);
-        if (text[at] == L'.') {
+    for (; at < text.size(); ++at) {
+        if (!isDigit(text[at])) {
+            if (fraction || (text[at] != L'.' && !isDecimalComma(text, at))) break;
             fraction = true;
+            real.digits += '.';
             continue;
         }
+        real.digits += static_cast<char>(text[at]);
         any = true;
         significant = significant || text[at] != L'0';
         if (!fraction && significant) ++real.magnitude;

@@ -9,7 +9,8 @@
 
 namespace perfis {
 
-/// Leading number of a text, 0 when it has none. The decimal sign is a point whatever the locale.
+/// Leading number of a text, 0 when it has none. Whatever the locale the decimal sign is a point,
+/// or the only comma, between two digits.
 double textToReal(std::wstring_view text);
 
 /// Leading whole number (decimal), 0 when there is none; too large ones give the nearest limit.

@@ -49,4 +49,16 @@ bool parseNumber(std::wstring_view text, double& value) {
     return parseNumber(std::string_view(narrow), value);
 }
 
+bool parseTypedNumber(std::wstring_view text, double& value) {
+    std::wstring typed(text);
+    const auto digitAt = [&](std::size_t i) {
+        return i < typed.size() && typed[i] >= L'0' && typed[i] <= L'9';
+    };
+    // A second sign of either kind is left for parseNumber to refuse.
+    const std::size_t comma = typed.find(L',');
+    if (comma != typed.npos && comma > 0 && digitAt(comma - 1) && digitAt(comma + 1))
+        typed[comma] = L'.';
+    return parseNumber(std::wstring_view(typed), value);
+}
+
 }  // namespace prancheta

@@ -38,5 +38,7 @@ std::wstring numberTextWide(double value);
 /// alone.
 bool parseNumber(std::string_view text, double& value);
 bool parseNumber(std::wstring_view text, double& value);
+/// The same where a person types one number: a comma between two digits is a decimal sign, too.
+bool parseTypedNumber(std::wstring_view text, double& value);
 
 }  // namespace prancheta

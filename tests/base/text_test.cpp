@@ -60,4 +60,13 @@ TEST(Number, OnlyWholeDecimalTextsAreNumbers) {
     EXPECT_EQ(value(" 1e3 "), 1000);
     for (const char* bad : {"", "1,5", "12a", "inf", "nan", "1e999", "--1", "0x10", "1 2"})
         EXPECT_EQ(value(bad), -777) << bad;
+    const auto typed = [](std::wstring_view text) {
+        double v = -777;
+        return parseTypedNumber(text, v) ? v : -777.0;
+    };
+    EXPECT_EQ(typed(L" 1,5 "), 1.5);
+    EXPECT_EQ(typed(L"-0,25e1"), -2.5);
+    EXPECT_EQ(typed(L"1.5"), 1.5);
+    for (const wchar_t* bad : {L"1,", L",5", L"1,5,2", L"1.234,5", L"1,234.5", L"-,5", L"1e3,5"})
+        EXPECT_EQ(typed(bad), -777) << bad;
 }

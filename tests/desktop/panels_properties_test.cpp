@@ -75,6 +75,9 @@ TEST_F(Properties, TheRadiusOfACircle) {
     EXPECT_EQ(value("Diâmetro"), "51.0000");
     EXPECT_EQ(steps(), before + 1);
     EXPECT_EQ(changes->count(), 1);
+    enter("Raio", "7,25");
+    EXPECT_EQ(Read<AcDbCircle>(id)->radius(), 7.25);
+    undo();
     undo();
     EXPECT_EQ(Read<AcDbCircle>(id)->radius(), 10.0);
     EXPECT_EQ(value("Raio"), "10.0000");
@@ -85,14 +88,12 @@ TEST_F(Properties, WrongInputLeavesTheOldValueAndSaysWhy) {
     openPanel();
     select({id});
     const std::size_t before = steps();
-    for (const char* wrong : {"1,5", "abc", "", "-3", "0", "1e999", "nan"}) {
+    for (const char* wrong : {"1,5,2", "1.234,5", "abc", "", "-3", "0", "1e999", "nan"}) {
         enter("Raio", wrong);
         EXPECT_EQ(Read<AcDbCircle>(id)->radius(), 10.0) << wrong;
         EXPECT_EQ(value("Raio"), "10.0000") << wrong;
         EXPECT_NE(reason().find("Raio: "), std::string::npos) << wrong;
     }
-    enter("Raio", "1,5");
-    EXPECT_NE(reason().find("o decimal é o ponto"), std::string::npos);
     EXPECT_EQ(steps(), before);
     EXPECT_EQ(changes->count(), 0);
     // An entry left as it stands is no change; a right one clears the complaint.

@@ -29,12 +29,21 @@ TEST(TextToReal, TakesTheLeadingNumber) {
         EXPECT_EQ(textToReal(none), 0.0) << none;
 }
 
-TEST(TextToReal, DecimalSignIsAPointWhateverTheLocale) {
-    EXPECT_EQ(textToReal(L"3,5"), 3.0);
+TEST(TextToReal, DecimalSignIsAPointOrOneCommaWhateverTheLocale) {
+    const auto check = [] {
+        EXPECT_EQ(textToReal(L"3.5"), 3.5);
+        EXPECT_EQ(textToReal(L" 3,35 mm,"), 3.35);
+        EXPECT_EQ(textToReal(L"-0,005e3."), -5.0);
+        EXPECT_EQ(textToReal(L"1,234,567"), 1.0);
+        EXPECT_EQ(textToReal(L"1,234.5"), 1.0);
+        EXPECT_EQ(textToReal(L"1.234,5"), 1.234);
+        EXPECT_EQ(textToReal(L"3,"), 3.0);
+        EXPECT_EQ(textToReal(L",5"), 0.0);
+    };
+    check();
     const std::string former = std::setlocale(LC_ALL, nullptr);
     if (std::setlocale(LC_ALL, "pt_BR.UTF-8") == nullptr) GTEST_SKIP() << "no pt_BR locale here";
-    EXPECT_EQ(textToReal(L"3.5"), 3.5);
-    EXPECT_EQ(textToReal(L"3,5"), 3.0);
+    check();
     std::setlocale(LC_ALL, former.c_str());
 }
 

@@ -80,11 +80,8 @@ Kind kindOf(const Field& field) {
 
 Result<double> readNumber(const std::wstring& input) {
     double number = 0.0;
-    if (parseNumber(trim(std::wstring_view(input)), number) && std::isfinite(number)) return number;
-    const std::string typed = toUtf8(input);
-    if (input.find(L',') != std::wstring::npos)
-        return Error{"\"" + typed + "\" não é um número; o decimal é o ponto: 1.5."};
-    return Error{"\"" + typed + "\" não é um número."};
+    if (parseTypedNumber(input, number)) return number;
+    return Error{"\"" + toUtf8(input) + "\" não é um número."};
 }
 
 Result<FieldValue> readField(const Field& field, const std::wstring& input) {

@@ -174,8 +174,8 @@ PlotSettings PlotDialog::settings() const {
     const QStringList parts = m_scale->currentText().split(':');
     double paper = 0.0;
     double drawing = 1.0;
-    const bool read = parseNumber(parts[0].trimmed().toStdString(), paper) &&
-                      (parts.size() < 2 || parseNumber(parts[1].trimmed().toStdString(), drawing));
+    const bool read = parseTypedNumber(parts[0].toStdWString(), paper) &&
+                      (parts.size() < 2 || parseTypedNumber(parts[1].toStdWString(), drawing));
     if (read && paper > 0.0 && drawing > 0.0) out.scale = paper / drawing;
     return out;
 }
