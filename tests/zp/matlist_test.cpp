@@ -203,7 +203,7 @@ TEST_F(ListaMaterial, XlsxComNumerosETotais) {
     type({L"", L"LISTAMATERIAL", L"xlsx",
           std::filesystem::path(arquivo).replace_extension().wstring().c_str()});
     EXPECT_TRUE(said(L"Lista gravada em"));
-    EXPECT_TRUE(said(L"fora dos totais: 1"));
+    EXPECT_TRUE(said(L"fora dos totais: 1. A opção Limpar as retira.\n"));
     const std::string folha = parteDe(arquivo, "xl/worksheets/sheet1.xml");
     const std::string textos = parteDe(arquivo, "xl/sharedStrings.xml");
     // The value of a number cell; text cells have a type.
@@ -317,13 +317,14 @@ TEST_F(ListaMaterial, LimparRetiraSoAsApagadas) {
     entra(1);
     EXPECT_EQ(Read<ZpMarca>(linhas()[1].ids[0])->peca(), outra);
     type({L"LISTAMATERIAL", L"limpar"});
-    EXPECT_TRUE(said(L"Nenhuma linha"));
+    EXPECT_TRUE(said(L"Nenhuma linha de peça ou marca apagada.\n"));
     type({L"_erase"});
     pick(0, 0, {peca, terceira});
     type({L"", L"LISTAMATERIAL", L"limpar", L"n"});
     EXPECT_EQ(linhas().size(), 3u);
     EXPECT_TRUE(said(L"P1: U 200x75x3, peça apagada"));
     type({L"LISTAMATERIAL", L"limpar", L""});
+    EXPECT_TRUE(said(L"Linhas retiradas: 2.\n"));
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P2"}));
     EXPECT_EQ(conta<ZpMarca>(), 1u);
     auto& undo = editor->database().core().undo();

@@ -32,7 +32,7 @@ Acao perguntaAcao() {
 std::optional<Lista> escolhe(AcDbDatabase& desenho) {
     const std::vector<Lista> todas = listas(desenho);
     if (todas.empty()) {
-        acutPrintf(L"\nO desenho não tem lista de material.");
+        acutPrintf(L"\nO desenho não tem lista de material.\n");
         return {};
     }
     if (todas.size() > 1)
@@ -53,7 +53,7 @@ void tabela(Lista lista) {
             if (!gravaCabecalho(lista.id, lista.cabecalho)) return;
         }
     }
-    if (!desenhaTabela(lista)) acutPrintf(L"\nA tabela não pôde ser desenhada.");
+    if (!desenhaTabela(lista)) acutPrintf(L"\nA tabela não pôde ser desenhada.\n");
 }
 
 /// A file of one of the formats; `extensao` with its dot.
@@ -67,9 +67,9 @@ void exporta(const Lista& lista, const wchar_t* pergunta, const wchar_t* extensa
 #endif
     if (!caminhoDe(caminho).has_extension()) caminho += extensao;
     if (grava(caminho, linhas(lista.id)))
-        acutPrintf(L"\nLista gravada em %ls.", caminho.c_str());
+        acutPrintf(L"\nLista gravada em %ls.\n", caminho.c_str());
     else
-        acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.",
+        acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
                    caminho.c_str());
 }
 
@@ -81,14 +81,15 @@ int quantasApagadas(const Lista& lista) {
 void avisaApagadas(const Lista& lista) {
     if (const int n = quantasApagadas(lista); n > 0)
         acutPrintf(
-            L"\nLinhas de peças ou marcas apagadas, fora dos totais: %d. A opção Limpar as retira.",
+            L"\nLinhas de peças ou marcas apagadas, fora dos totais: %d. A opção Limpar as "
+            L"retira.\n",
             n);
 }
 
 void limpa(const Lista& lista) {
     const int n = quantasApagadas(lista);
     if (n == 0) {
-        acutPrintf(L"\nNenhuma linha de peça ou marca apagada.");
+        acutPrintf(L"\nNenhuma linha de peça ou marca apagada.\n");
         return;
     }
     for (const Linha& l : linhas(lista.id))
@@ -102,7 +103,7 @@ void limpa(const Lista& lista) {
     const int status = acedGetKword(pergunta.c_str(), palavra);
     const std::wstring escolha = palavra;
     if (status != RTNONE && (status != RTNORM || (escolha != L"Yes" && escolha != L"Sim"))) return;
-    acutPrintf(L"\nLinhas retiradas: %d.", retiraApagadas(lista.id));
+    acutPrintf(L"\nLinhas retiradas: %d.\n", retiraApagadas(lista.id));
     if (temTabela(lista.cabecalho)) (void)desenhaTabela(lista);
 }
 
@@ -115,7 +116,7 @@ void comandoListaMaterial() {
     if (acao == Acao::Nenhuma) return;
     if (acao == Acao::Nova) {
         if (const auto lista = nova(*desenho, L"Perfil"))
-            acutPrintf(L"\nLista de material %d criada.", lista->numero);
+            acutPrintf(L"\nLista de material %d criada.\n", lista->numero);
         return;
     }
     const std::optional<Lista> lista = escolhe(*desenho);
@@ -130,7 +131,8 @@ void comandoListaMaterial() {
             break;
         case Acao::Xlsx:
             if (!sabeXlsx()) {
-                acutPrintf(L"\nEsta versão do programa não grava planilhas XLSX; use a opção CSV.");
+                acutPrintf(
+                    L"\nEsta versão do programa não grava planilhas XLSX; use a opção CSV.\n");
                 return;
             }
             exporta(*lista, L"\nArquivo XLSX: ", L".xlsx", gravaXlsx);

@@ -36,7 +36,7 @@ std::optional<Lista> pergunta(const std::vector<Lista>& todas) {
         if (status == RTNONE) return aceita(*ultima);
         if (status != RTNORM) return {};
         if (const auto achada = deNumero(numero); achada != todas.end()) return aceita(*achada);
-        acutPrintf(L"\nNão há lista de material com este número.");
+        acutPrintf(L"\nNão há lista de material com este número.\n");
     }
 }
 
