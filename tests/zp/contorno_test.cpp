@@ -272,7 +272,7 @@ TEST(Secao, Textos) {
          L"PSM",
          L"300x150x9,5x200x12,5x6,3"},
         {iLaminado(200, 100, 8.5, 5.6, 0, 22.4), 0, L"IPE", L"200x22,4"},
-        {iLaminado(200, 195, 8.5, 5.6, 1, 46.1), 0, L"HP", L"200x46,1"},
+        {iLaminado(200, 195, 8.5, 5.6, 1, 46.1), 0, L"W", L"200x46,1"},
     };
     for (const Linha& l : kLinhas) {
         const auto d = zp::secao::dadosDe(l.caso.classe, l.caso.pontos(), l.caso.valores);

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "zp/objects/secao/secao.h"
+#include "tests/zp/secao_casos.h"
 
 using namespace zp::secao;
 
@@ -151,4 +151,22 @@ TEST(Listas, CadaLinhaTemSuasColunasUmaSecaoSaEAMassaDaTabela) {
         }
         EXPECT_GE(linhas, 20U);
     }
+}
+
+TEST(Listas, LaminadosTemASerieQueATabelaDiz) {
+    std::ifstream in(HOUSE_SOURCE_DIR "/dados/acominas.csv");
+    std::string texto;
+    std::getline(in, texto);
+    std::map<std::wstring, int> contagem;
+    while (std::getline(in, texto)) {
+        const auto campos = divide(texto, ',');
+        const auto v = [&](std::size_t i) { return std::strtod(campos[i].c_str(), nullptr); };
+        const auto caso = casos::iLaminado(v(1), v(2), v(3), v(4), 1, v(5));
+        const auto serie =
+            textoPerfil(caso.classe, dadosDe(caso.classe, caso.pontos(), caso.valores), 0);
+        EXPECT_EQ(serie, texto.starts_with("HP") ? L"HP" : L"W") << texto;
+        ++contagem[serie];
+    }
+    EXPECT_EQ(contagem[L"W"], 99);
+    EXPECT_EQ(contagem[L"HP"], 8);
 }

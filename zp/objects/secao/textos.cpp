@@ -76,7 +76,8 @@ std::wstring iSoldado(const Dados& d, int subtipo) {
 std::wstring iLaminado(const Dados& d, int) {
     if (d[Tipo] == 0.0) return L"IPE";
     if (d[Tipo] == 2.0) return L"I";
-    return d[B1] >= 0.95 * d[H] ? L"HP" : L"W";
+    // In the tables an HP is the one whose web is as thick as its flanges.
+    return d[Tw] >= 0.95 * d[Tf1] ? L"HP" : L"W";
 }
 
 std::wstring hbt(const Dados& d, int) { return vezes({d[H], d[B1], d[T]}); }
