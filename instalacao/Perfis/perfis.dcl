@@ -8,11 +8,13 @@ catalogo : list_box {
     height = 14;
     tabs = "8 15 22";
     fixed_width_font = true;
+    allow_accept = true;
 }
 
 medida : edit_box {
     edit_width = 10;
     edit_limit = 79;
+    allow_accept = true;
 }
 
 altura_h : medida { key = "h"; label = "&Altura h (mm)"; }

@@ -3,6 +3,7 @@
 medida_do_travejamento : edit_box {
     edit_width = 12;
     edit_limit = 79;
+    allow_accept = true;
 }
 
 zp_travejam : dialog {

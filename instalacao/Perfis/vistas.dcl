@@ -56,6 +56,7 @@ vistas_geracao : dialog {
                 key = "insertionP";
                 label = "Ponto de &inserção (1 a 9)";
                 edit_width = 6;
+                allow_accept = true;
             }
             : slider {
                 key = "ip";
@@ -69,14 +70,14 @@ vistas_geracao : dialog {
     : row {
         : boxed_column {
             label = "Comprimento";
-            : edit_box { key = "l"; label = "&Comprimento (mm)"; edit_width = 12; }
+            : edit_box { key = "l"; label = "&Comprimento (mm)"; edit_width = 12; allow_accept = true; }
             : button { key = "pick"; label = "&Medir no desenho <"; }
             : toggle { key = "pickngo"; label = "Lançar por ponto inicial e &final"; }
         }
         : boxed_column {
             label = "Lista de material";
             : toggle { key = "gerar_matlist"; label = "&Gerar lista de material"; }
-            : edit_box { key = "num_pecas"; label = "&Número de peças"; edit_width = 8; }
+            : edit_box { key = "num_pecas"; label = "&Número de peças"; edit_width = 8; allow_accept = true; }
             spacer_0;
         }
     }

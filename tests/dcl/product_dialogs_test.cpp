@@ -9,6 +9,7 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
 #include "prancheta/dcl/layout.h"
+#include "prancheta/dcl/tile_value.h"
 #include "support.h"
 
 using namespace prancheta;
@@ -46,6 +47,13 @@ void checkMnemonics(const Tile& tile, std::map<wchar_t, std::string>& taken) {
     for (const auto& child : tile.children) checkMnemonics(*child, taken);
 }
 
+/// Enter in a field and two clicks on a row are as good as OK.
+void checkAccepts(const Tile& tile) {
+    const bool accepts = tile.kind == TileKind::EditBox || tile.kind == TileKind::ListBox;
+    EXPECT_TRUE(!accepts || flagAttribute(tile, "allow_accept")) << tile.key;
+    for (const auto& child : tile.children) checkAccepts(*child);
+}
+
 /// Nobody may stand over anybody else or outside of the cluster around it.
 void checkPlaces(const Tile& tile, const Layout& layout) {
     const Rect& around = layout.find(tile)->frame;
@@ -74,6 +82,7 @@ void checkDialog(Dialog& dialog) {
     checkPlaces(dialog.root(), layout);
     std::map<wchar_t, std::string> taken;
     checkMnemonics(dialog.root(), taken);
+    checkAccepts(dialog.root());
     EXPECT_NE(dialog.find("accept"), nullptr);
     EXPECT_NE(dialog.find("cancel"), nullptr);
     EXPECT_FALSE(dialog.root().attribute("label").empty()) << "title";

@@ -200,6 +200,15 @@ TEST_F(DclRun, DoubleClickSelectsThenClicksThenAccepts) {
     EXPECT_EQ(run(form, [](Dialog& d) { EXPECT_EQ(whyNot(d.doubleClick("lista", "2")), "feito"); }),
               1);
     EXPECT_EQ(calls(), (Lines{"lista:1:2", "lista:4:2"}));
+    // A program that refuses keeps the dialog open.
+    form = openText(kForm);
+    actions(form, {L"lista", L"b", L"accept"});
+    run(form, [](Dialog& d) {
+        EXPECT_EQ(whyNot(d.doubleClick("lista", "1")), "feito");
+        EXPECT_EQ(whyNot(d.enter("b")), "feito");
+        EXPECT_FALSE(d.finished());
+    });
+    EXPECT_EQ(calls(), (Lines{"lista:1:1", "lista:4:1", "accept:1:", "b:1:", "accept:1:"}));
 }
 
 TEST_F(DclRun, EndsAndTheirStatus) {

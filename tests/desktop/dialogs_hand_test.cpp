@@ -196,15 +196,25 @@ TEST(DialogHands, ACallbackMovesTheKeyboardBack) {
         (void)ads_mode_tile(packet->dialog, L"h", MODE_SETFOCUS);
         (void)ads_mode_tile(packet->dialog, L"h", MODE_SETSEL);
     });
+    form.listen(L"accept", [](ads_callback_packet* packet) {
+        (void)ads_mode_tile(packet->dialog, L"b", MODE_SETFOCUS);
+        (void)ads_mode_tile(packet->dialog, L"b", MODE_SETSEL);
+    });
     form.run([](QDialog& dialog) {
         retype(dialog, "h", "x");
         tabKey(dialog);
         EXPECT_EQ(keyboard(dialog), "h");
         EXPECT_EQ(dynamic_cast<QLineEdit&>(tile(dialog, "h")).selectedText(), "x");
         EXPECT_EQ(tile(dialog, "error").accessibleName(), "Altura inválida.");
+        // Enter in a field that would accept, refused because of that very field.
+        retype(dialog, "b", "y");
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(keyboard(dialog), "b");
+        EXPECT_EQ(dynamic_cast<QLineEdit&>(tile(dialog, "b")).selectedText(), "y");
         press(dialog, "cancel");
     });
-    EXPECT_EQ(form.calls(), (Calls{"h"}));
+    EXPECT_EQ(form.calls(), (Calls{"h", "b 1 y"}));
 }
 
 TEST(DialogHands, ClosingTheWindowIsEscape) {

@@ -12,6 +12,7 @@
 #include <QScrollBar>
 
 #include "prancheta/dcl/kinds.h"
+#include "prancheta/dcl/tile_value.h"
 #include "prancheta/desktop/dialogs/settings.h"
 
 namespace prancheta::desktop {
@@ -131,7 +132,8 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
     const auto it = m_tiles.find(focusWidget());
     const bool inField = it != m_tiles.end() && it->second->kind == dcl::TileKind::EditBox &&
                          !it->second->key.empty();
-    const QWidget* const field = inField ? focusWidget() : nullptr;
+    const bool handsOver = inField && !dcl::flagAttribute(*it->second, "allow_accept");
+    const QWidget* const field = handsOver ? focusWidget() : nullptr;
     serve([&] { return m_dialog.enter(inField ? it->second->key : std::string()); });
     // A field that does not accept by itself hands over to the button that does: the next Enter is
     // its own. A program that wants the keyboard elsewhere has the say.
