@@ -10,6 +10,7 @@
 #include "perfis/dialogs/tiles.h"
 #include "perfis/frame/portability.h"
 #include "perfis/output/plates.h"
+#include "zp/objects/edicao.h"
 
 namespace perfis {
 namespace {
@@ -87,9 +88,12 @@ void LacedRun::onToggle(const ads_callback_packet& packet) {
 LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
     const Medidas& medidas = state().medidas;
     PlateMaker maker(piece, {m_plates.C, medidas.t, m_plates.A}, supply);
-    const PlateRule rule = state().views.view == ZpObject::kVistaDireita
-                               ? onEdgeSwapped(m_lacing.edgeRow(medidas))
-                               : flat(m_plates.A / 2.0);
+    // From the left a piece may be drawn as seen from the right and turned by half a circle.
+    const bool onEdge =
+        piece.vista() == ZpObject::kVistaDireita || piece.vista() == ZpObject::kVistaEsquerda;
+    const bool turned = zp::edicao::valoresDe(piece)[zp::secao::Papel::Giro] != 0.0;
+    const double line = m_lacing.edgeRow(medidas);
+    const PlateRule rule = onEdge ? onEdgeSwapped(turned ? -line : line) : flat(m_plates.A / 2.0);
     LaidPlates plates;
     plates.ids = maker.row(point, {state().views.length, m_spacing}, rule);
     plates.rows.push_back({plates.ids[1], static_cast<int>(plates.ids.size()), {}});
