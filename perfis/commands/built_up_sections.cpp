@@ -19,11 +19,8 @@ constexpr DimensionTile kRolled[] = {
 };
 
 constexpr DimensionTile kLipped[] = {
-    {L"h", &Medidas::h, L"0"},
-    {L"b", &Medidas::b, L"0"},
-    {L"t", &Medidas::t, L"0.00"},
-    {L"a", &Medidas::a, L"0"},
-    {L"e", &Medidas::e, L"0", RowUse::kFillsIfPresent},
+    {L"h", &Medidas::h, L"0"}, {L"b", &Medidas::b, L"0"}, {L"t", &Medidas::t, L"0.00"},
+    {L"a", &Medidas::a, L"0"}, {L"e", &Medidas::e, L"0"},
 };
 
 /// Point of the picture at x from the reference point, at the lower edge.

@@ -17,9 +17,8 @@ namespace perfis {
 
 /// What a row of the catalogue does with a tile when it is picked.
 enum class RowUse {
-    kFills,           ///< next column, empty when the row has none
-    kFillsIfPresent,  ///< next column, untouched when the row has none
-    kNone,            ///< no column
+    kFills,  ///< next column, empty when the row has none
+    kNone,   ///< no column
 };
 
 /// A tile whose text is a dimension. The order of the tiles is that of the catalogue's columns.
