@@ -13,6 +13,7 @@
 namespace perfis {
 namespace {
 
+constexpr const wchar_t* kLacingTile = L"travejar";
 constexpr const wchar_t* kPlanesTile = L"plano";
 constexpr const wchar_t* kPlaneNames[] = {L"Plano horizontal", L"Plano vertical", L"Os dois planos",
                                           kEndMark};
@@ -32,7 +33,7 @@ public:
 protected:
     void wireOwnTiles(ads_hdlg dialog) override;
     void showOwnTiles(ads_hdlg dialog) override;
-    const wchar_t* acceptFault(ads_hdlg dialog) override;
+    std::optional<Fault> acceptFault(ads_hdlg dialog) override;
     PlateLaying plateLaying() override;
     bool lacingSuits() override { return isLaced() && plateFits(); }
     void takePiece(const PieceValues& piece) override;
@@ -47,7 +48,6 @@ private:
     void keepSpacing();
     bool isLaced();
     bool plateFits() { return m_A == 0.0 || m_A <= m_rule.maxHeight(state().medidas); }
-    bool isSectionValid() { return description().valid(state().medidas) && plateFits(); }
     LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply);
 
     const BuiltUpRule& m_rule;
@@ -59,7 +59,7 @@ private:
 };
 
 void BuiltUpRun::wireOwnTiles(ads_hdlg dialog) {
-    wireTile(dialog, {L"travejar", dialogCallback<BuiltUpRun, &BuiltUpRun::onLacing>}, this);
+    wireTile(dialog, {kLacingTile, dialogCallback<BuiltUpRun, &BuiltUpRun::onLacing>}, this);
     if (m_rule.choosesPlanes)
         wireTile(dialog, {kPlanesTile, dialogCallback<BuiltUpRun, &BuiltUpRun::onPlanes>}, this);
 }
@@ -117,16 +117,18 @@ bool BuiltUpRun::isLaced() {
     return state().views.pickAndGo || lacingHolds(m_A, m_C, m_L1, test);
 }
 
-const wchar_t* BuiltUpRun::acceptFault(ads_hdlg dialog) {
-    const ViewsChoice& views = state().views;
+std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
     refresh(dialog);
     keepSpacing();
-    const bool laced = isLaced();
-    if (!views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo) return kInvalidLength;
-    if (!laced) return kInvalidLacing;
-    if (!isSectionValid()) return kInvalidSection;
+    if (lacksLength()) return kLacksLength;
+    if (!isLaced()) {
+        const bool noRoom = description().wrong(state().medidas) == &Medidas::a;
+        return Fault{kInvalidLacing, noRoom ? L"a" : kLacingTile};
+    }
+    if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSection, tile};
+    if (!plateFits()) return Fault{kInvalidSection, kLacingTile};
     readMedidas(dialog);
-    return nullptr;
+    return {};
 }
 
 LaidPlates BuiltUpRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {

@@ -23,6 +23,10 @@ constexpr DimensionTile kLipped[] = {
     {L"a", &Medidas::a, L"0"}, {L"e", &Medidas::e, L"0"},
 };
 
+Medida orElse(Medida wrong, bool otherToo, Medida other) {
+    return wrong == nullptr && otherToo ? other : wrong;
+}
+
 /// Point of the picture at x from the reference point, at the lower edge.
 AcGePoint3d atLowerEdge(const PieceDimensions& d, double x) {
     AcGePoint3d point = d.at(x, 0.0);
@@ -36,14 +40,21 @@ constinit const std::span<const DimensionTile> kTilesRolled(kRolled, 4);
 constinit const std::span<const DimensionTile> kTilesRolledAv(kRolled);
 constinit const std::span<const DimensionTile> kTilesLipped(kLipped);
 
-bool validGap(const Medidas& medidas) { return validHbt(medidas) && medidas.a >= 0.0; }
+Medida wrongGap(const Medidas& medidas) {
+    return orElse(wrongHbt(medidas), medidas.a < 0.0, &Medidas::a);
+}
 
-bool validGapAndLip(const Medidas& medidas) { return validGap(medidas) && medidas.e > 0.0; }
+Medida wrongGapOrLip(const Medidas& medidas) {
+    return orElse(wrongGap(medidas), medidas.e <= 0.0, &Medidas::e);
+}
 
-bool validGapAndAv(const Medidas& medidas) { return validGap(medidas) && medidas.av >= 0.0; }
+Medida wrongGapOrAv(const Medidas& medidas) {
+    return orElse(wrongGap(medidas), medidas.av < 0.0, &Medidas::av);
+}
 
-bool validWidth(const Medidas& medidas) {
-    return validHbt(medidas) && (medidas.a == 0.0 || medidas.a >= 2.0 * medidas.b);
+Medida wrongWidth(const Medidas& medidas) {
+    const bool touching = medidas.a == 0.0;
+    return orElse(wrongHbt(medidas), !touching && medidas.a < 2.0 * medidas.b, &Medidas::a);
 }
 
 double outsideWidth(const Medidas& medidas) { return std::max(medidas.a, 2.0 * medidas.b); }

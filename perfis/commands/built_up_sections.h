@@ -16,14 +16,14 @@ extern const std::span<const DimensionTile> kTilesRolledAv;
 /// Cold-formed sections with a lip: h, b, t, a and, where the row has it, e.
 extern const std::span<const DimensionTile> kTilesLipped;
 
-/// h, b, t > 0 and a gap a >= 0.
-bool validGap(const Medidas& medidas);
-/// The same with e > 0.
-bool validGapAndLip(const Medidas& medidas);
-/// The same as validGap with av >= 0.
-bool validGapAndAv(const Medidas& medidas);
-/// h, b, t > 0 and a width a of 0 (the pieces touch) or at least 2b.
-bool validWidth(const Medidas& medidas);
+/// h, b, t must be above 0, the gap a not below it.
+Medida wrongGap(const Medidas& medidas);
+/// The same, and e above 0.
+Medida wrongGapOrLip(const Medidas& medidas);
+/// The same as wrongGap, and av not below 0.
+Medida wrongGapOrAv(const Medidas& medidas);
+/// h, b, t must be above 0, the width a 0 (the pieces touch) or at least 2b.
+Medida wrongWidth(const Medidas& medidas);
 
 /// Width over the whole of two pieces with legs b, drawn at least 2b wide.
 double outsideWidth(const Medidas& medidas);

@@ -77,11 +77,13 @@ std::wstring rowOfHbta(ads_hdlg dialog) {
                     tileText(dialog, L"a"));
 }
 
-bool validHbt(const Medidas& medidas) {
-    return medidas.h > 0.0 && medidas.b > 0.0 && medidas.t > 0.0;
+Medida wrongHbt(const Medidas& medidas) {
+    return firstNotPositive(medidas, {&Medidas::h, &Medidas::b, &Medidas::t});
 }
 
-bool validHbta(const Medidas& medidas) { return validHbt(medidas) && medidas.a > 0.0; }
+Medida wrongHbta(const Medidas& medidas) {
+    return firstNotPositive(medidas, {&Medidas::h, &Medidas::b, &Medidas::t, &Medidas::a});
+}
 
 void dimensionWVT(PieceDimensions& dimensions, const Medidas& medidas) {
     dimensions.width();

@@ -30,10 +30,10 @@ double rolledUToe(const Medidas& medidas);
 /// Row of the tiles h, b, t and, when the dialog has it, a.
 std::wstring rowOfHbta(ads_hdlg dialog);
 
-/// h, b, t > 0.
-bool validHbt(const Medidas& medidas);
-/// h, b, t, a > 0.
-bool validHbta(const Medidas& medidas);
+/// h, b, t must be above 0.
+Medida wrongHbt(const Medidas& medidas);
+/// h, b, t, a must be above 0.
+Medida wrongHbta(const Medidas& medidas);
 
 /// Width, height, thickness.
 void dimensionWVT(PieceDimensions& dimensions, const Medidas& medidas);

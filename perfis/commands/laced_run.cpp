@@ -32,10 +32,9 @@ protected:
     void showOwnTiles(ads_hdlg dialog) override { setToggle(dialog, kToggle, m_plates.A > 0.0); }
     void refresh(ads_hdlg dialog) override {
         ProfileRun::refresh(dialog);
-        const bool valid = description().valid(state().medidas);
-        enableTile(dialog, kToggle, valid && isMember());
+        enableTile(dialog, kToggle, wrongTile() == nullptr && isMember());
     }
-    const wchar_t* acceptFault(ads_hdlg dialog) override;
+    std::optional<Fault> acceptFault(ads_hdlg dialog) override;
     bool lacingSuits() override;
     PlateLaying plateLaying() override;
     void takePiece(const PieceValues& piece) override;
@@ -106,9 +105,10 @@ void LacedRun::takePiece(const PieceValues& piece) {
     m_plates = m_kept->plates;
 }
 
-const wchar_t* LacedRun::acceptFault(ads_hdlg dialog) {
-    const wchar_t* const fault = ProfileRun::acceptFault(dialog);
-    return fault != nullptr || lacingSuits() ? fault : kInvalidLacing;
+std::optional<Fault> LacedRun::acceptFault(ads_hdlg dialog) {
+    std::optional<Fault> fault = ProfileRun::acceptFault(dialog);
+    if (fault || lacingSuits()) return fault;
+    return Fault{kInvalidLacing, kToggle};
 }
 
 /// Section and length may have changed since the lacing was edited.

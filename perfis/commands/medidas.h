@@ -2,6 +2,8 @@
 // The numbers of a section as the commands read them from their dialogs.
 #pragma once
 
+#include <initializer_list>
+
 namespace perfis {
 
 /// Dimensions in mm, m in kg/m. A command uses those that its dialog has.
@@ -20,6 +22,16 @@ struct Medidas {
     double tc = 0.0;  ///< thickness of the upper flange
     double m = 0.0;   ///< linear mass of the row last picked
 };
+
+/// One of the numbers; null: none of them.
+using Medida = double Medidas::*;
+
+/// The first of these that is not above 0.
+constexpr Medida firstNotPositive(const Medidas& medidas, std::initializer_list<Medida> needed) {
+    for (const Medida medida : needed)
+        if (!(medidas.*medida > 0.0)) return medida;
+    return nullptr;
+}
 
 /// Vector in the drawing's plane.
 struct Shift {

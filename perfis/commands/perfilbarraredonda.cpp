@@ -22,7 +22,7 @@ std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
     return std::make_unique<ZpBarraRedonda>(start, end, request.view, m.d);
 }
 
-bool valid(const Medidas& m) { return m.d > 0.0; }
+Medida wrong(const Medidas& m) { return firstNotPositive(m, {&Medidas::d}); }
 
 std::wstring rowOfBar(ads_hdlg dialog) { return tileText(dialog, L"d"); }
 
@@ -36,7 +36,7 @@ const ProfileDescription kBarraRedonda = {
     .figures = 1,
     .tiles = kTiles,
     .insertions = kRoundInsertions,
-    .valid = valid,
+    .wrong = wrong,
     .memberShift = roundMemberShift,
     .onePoint = onePoint,
     .twoPoints = twoPoints,

@@ -26,7 +26,12 @@ std::wstring newRow(ads_hdlg dialog) {
     return row;
 }
 
-bool valid(const Medidas& m) { return m.h > 0.0 && m.a > 0.0 && m.bb > m.a && m.bc > m.a; }
+Medida wrong(const Medidas& m) {
+    const Medida missing = firstNotPositive(m, {&Medidas::h, &Medidas::a});
+    if (missing != nullptr) return missing;
+    if (m.bb <= m.a) return &Medidas::bb;
+    return m.bc <= m.a ? &Medidas::bc : nullptr;
+}
 
 std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
     const Medidas& m = request.medidas;
@@ -75,7 +80,7 @@ const ProfileDescription kPsa = {
     .tiles = kTiles,
     // The width is that of the upper flange, at the lower edge too.
     .insertions = kBoxEdges<&Medidas::bc>,
-    .valid = valid,
+    .wrong = wrong,
     .memberShift = nullptr,
     .onePoint = onePoint,
     .twoPoints = twoPoints,

@@ -28,7 +28,10 @@ std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
 }
 
 /// A wall of half the diameter or more passes: the tube is then solid.
-bool valid(const Medidas& m) { return m.d > 0.0 && m.di > 0.0 && m.d > m.di; }
+Medida wrong(const Medidas& m) {
+    const Medida missing = firstNotPositive(m, {&Medidas::d, &Medidas::di});
+    return missing == nullptr && m.d <= m.di ? &Medidas::di : missing;
+}
 
 std::wstring rowOfTube(ads_hdlg dialog) {
     return tileText(dialog, L"d") + L'\t' + tileText(dialog, L"di");
@@ -51,7 +54,7 @@ const ProfileDescription kTubo = {
     .figures = 1,
     .tiles = kTiles,
     .insertions = kRoundInsertions,
-    .valid = valid,
+    .wrong = wrong,
     .memberShift = roundMemberShift,
     .onePoint = onePoint,
     .twoPoints = twoPoints,

@@ -47,7 +47,7 @@ const ProfileDescription kVigaI = {
     .figures = 2,
     .tiles = kTiles,
     .insertions = kBoxEdges<&Medidas::b>,
-    .valid = validHbta,
+    .wrong = wrongHbta,
     .memberShift = boxMemberShift,
     .onePoint = onePoint,
     .twoPoints = twoPoints,
@@ -69,6 +69,11 @@ protected:
     void refresh(ads_hdlg dialog) override;
     void showList(ads_hdlg dialog) override;
     void pickRow(ads_hdlg dialog, int index) override;
+    /// The sizes of a series come from its list alone.
+    const wchar_t* wrongTile() override {
+        const wchar_t* const tile = ProfileRun::wrongTile();
+        return tile == nullptr || showsFavourites() ? tile : L"lista";
+    }
     bool listsFit(std::wstring_view folder) const override;
     void keepEdits(const std::wstring& path) override;
     void takePiece(const PieceValues& piece) override {

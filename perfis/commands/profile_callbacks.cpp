@@ -130,11 +130,10 @@ void ProfileRun::onOtherView(const ads_callback_packet& packet) {
 }
 
 void ProfileRun::onAccept(const ads_callback_packet& packet) {
-    if (const wchar_t* const fault = acceptFault(packet.dialog)) {
-        showError(packet.dialog, fault);
-    } else {
+    if (const std::optional<Fault> fault = acceptFault(packet.dialog))
+        showFault(packet.dialog, *fault);
+    else
         (void)ads_done_dialog(packet.dialog, kDialogAccepted);
-    }
 }
 
 }  // namespace perfis

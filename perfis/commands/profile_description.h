@@ -24,7 +24,7 @@ enum class RowUse {
 /// A tile whose text is a dimension. The order of the tiles is that of the catalogue's columns.
 struct DimensionTile {
     const wchar_t* key;
-    double Medidas::*value;
+    Medida value;
     const wchar_t* initialText;
     RowUse rowUse = RowUse::kFills;
     /// The buttons follow what is typed; otherwise it is read when something else happens.
@@ -66,7 +66,8 @@ struct ProfileDescription {
     int figures;            ///< views offered by the views dialog
     std::span<const DimensionTile> tiles;
     std::span<const Insertion> insertions;
-    bool (*valid)(const Medidas&);
+    /// The first number with which the section cannot be drawn; null when it can.
+    Medida (*wrong)(const Medidas&);
     /// Alignment of longitudinal views; null where the piece is moved to a face point instead.
     Shift (*memberShift)(const Medidas&, const MemberPlace&);
     std::unique_ptr<ZpObject> (*onePoint)(AcGePoint3d& point, const PieceRequest&);

@@ -3,6 +3,8 @@
 // The callbacks stand in profile_callbacks.cpp.
 #include "perfis/commands/profile_run.h"
 
+#include <algorithm>
+
 #include "acutads.h"
 #include "adscodes.h"
 #include "perfis/commands/handlers.h"
@@ -159,18 +161,29 @@ void ProfileRun::readMedidas(ads_hdlg dialog) {
 void ProfileRun::refresh(ads_hdlg dialog) {
     readMedidas(dialog);
     if (!editable()) return;
-    const bool valid = m_description.valid(m_state.medidas);
+    const bool valid = m_description.wrong(m_state.medidas) == nullptr;
     enableTile(dialog, L"addtolist", valid);
     enableTile(dialog, L"substolist", valid);
 }
 
-const wchar_t* ProfileRun::acceptFault(ads_hdlg dialog) {
+bool ProfileRun::lacksLength() const {
     const ViewsChoice& views = m_state.views;
+    return !views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo;
+}
+
+const wchar_t* ProfileRun::wrongTile() {
+    const Medida wrong = m_description.wrong(m_state.medidas);
+    if (wrong == nullptr) return nullptr;
+    const auto tile = std::ranges::find(m_description.tiles, wrong, &DimensionTile::value);
+    return tile != m_description.tiles.end() ? tile->key : L"";
+}
+
+std::optional<Fault> ProfileRun::acceptFault(ads_hdlg dialog) {
     refresh(dialog);
-    if (!views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo) return kInvalidLength;
-    if (!m_description.valid(m_state.medidas)) return kInvalidSection;
+    if (lacksLength()) return kLacksLength;
+    if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSection, tile};
     readMedidas(dialog);
-    return nullptr;
+    return {};
 }
 
 void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {

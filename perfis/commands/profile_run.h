@@ -4,19 +4,22 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "perfis/commands/piece_values.h"
 #include "perfis/commands/profile_description.h"
 #include "perfis/commands/run_state.h"
 #include "perfis/dialogs/dialog_loop.h"
+#include "perfis/dialogs/tiles.h"
 #include "perfis/output/plates.h"
 
 namespace perfis {
 
 inline constexpr const wchar_t* kInvalidLacing = L"Erro no Travejamento.";
-inline constexpr const wchar_t* kInvalidLength = L"Comprimento inválido para vista.";
 inline constexpr const wchar_t* kInvalidSection = L"Dados inválidos para gerar perfil.";
+/// Mended in the dialog of the views.
+inline const Fault kLacksLength{L"Comprimento inválido para vista.", L"OutraVista"};
 
 class ProfileRun : public ReopeningDialog {
 public:
@@ -56,8 +59,10 @@ protected:
     virtual void pickRow(ads_hdlg dialog, int index);
     /// Takes the row that was picked into the tiles.
     virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
-    /// Message for the tile "error" when the dialog may not be accepted; null when it may.
-    virtual const wchar_t* acceptFault(ads_hdlg dialog);
+    /// Why the dialog may not be accepted; nothing when it may.
+    virtual std::optional<Fault> acceptFault(ads_hdlg dialog);
+    /// Tile of the first number with which the section cannot be drawn; null when it can.
+    virtual const wchar_t* wrongTile();
     /// True when the plates, if there are any, suit section and length as they are now.
     virtual bool lacingSuits() { return true; }
     /// Takes a piece that is about to be edited into the state.
@@ -72,6 +77,8 @@ protected:
     /// Writes the catalogue back at a normal end, where the command keeps its edits.
     virtual void keepEdits(const std::wstring& path);
 
+    /// A view without a length, unless its pieces get theirs from their points.
+    bool lacksLength() const;
     bool editable() const { return m_description.edits != CatalogueEdits::kNone; }
     void readMedidas(ads_hdlg dialog);
     void showPreview(ads_hdlg dialog);

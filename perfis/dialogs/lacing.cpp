@@ -30,36 +30,35 @@ int wholeParts(double quotient) {
     return realToInt(isWhole ? nearest : quotient);
 }
 
-/// Why the values are not acceptable; empty when they are.
-std::wstring faultOf(const TravejamentoParams& params, const TravejamentoLimites& limites) {
+}  // namespace
+
+std::optional<Fault> falhaDoTravejamento(const TravejamentoParams& params,
+                                         const TravejamentoLimites& limites) {
     if (params.A == 0.0) return {};
     if (limites.minA >= params.A)
-        return L"A deve ser maior que " + std::wstring(FormatInString(limites.minA));
+        return Fault{L"A deve ser maior que " + std::wstring(FormatInString(limites.minA)),
+                     L"altura"};
     if (params.A > limites.maxA)
-        return L"A deve ser menor ou igual a " + std::wstring(FormatInString(limites.maxA));
+        return Fault{L"A deve ser menor ou igual a " + std::wstring(FormatInString(limites.maxA)),
+                     L"altura"};
     if (limites.somenteAltura != 0) return {};
-    if (params.C <= 0.0) return L"C deve ser maior que 0.0";
+    if (params.C <= 0.0) return Fault{L"C deve ser maior que 0.0", L"largura"};
     const double half = 0.5 * limites.comp;
-    if (params.C >= half) return L"C deve ser menor que comp/2 (" + twoDecimals(half) + L")";
-    if (params.n <= 0) return L"n deve ser maior que 0";
+    if (params.C >= half)
+        return Fault{L"C deve ser menor que comp/2 (" + twoDecimals(half) + L")", L"largura"};
+    if (params.n <= 0) return Fault{L"n deve ser maior que 0", L"n_partes"};
     double L1 = 0.0;
     (void)CalcEspacamento(params, limites.comp, L1);
+    if (params.C < L1) return {};
     // The number shown is C, which the user can compare with the spacing in its own tile.
-    if (params.C >= L1) return L"L1 deve ser maior que C (" + twoDecimals(params.C) + L")";
-    return {};
+    return Fault{L"L1 deve ser maior que C (" + twoDecimals(params.C) + L")", L"l_travejam"};
 }
-
-}  // namespace
 
 int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limites,
                        wchar_t* mensagem) {
-    const std::wstring fault = faultOf(params, limites);
-    if (fault.empty()) return 1;
-    if (mensagem != nullptr) {
-        std::wcsncpy(mensagem, fault.c_str(), kMensagemTravejamento - 1);
-        mensagem[kMensagemTravejamento - 1] = L'\0';
-    }
-    return 0;
+    const std::optional<Fault> fault = falhaDoTravejamento(params, limites);
+    if (fault && mensagem != nullptr) std::wcscpy(mensagem, fault->message.c_str());
+    return fault ? 0 : 1;
 }
 
 int CalcEspacamento(const TravejamentoParams& params, double comp, double& L1) {

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <limits>
+#include <optional>
 
+#include "perfis/dialogs/tiles.h"
 #include "zp/forja/zpstring.h"
 
 namespace perfis {
@@ -24,14 +26,18 @@ struct TravejamentoLimites {
     double maxA = std::numeric_limits<double>::max();  ///< A must not be greater
 };
 
-/// Characters of the longest message of ValidaTravejamento, numbers and terminator included.
+/// Room for every message of ValidaTravejamento, terminator included.
 inline constexpr int kMensagemTravejamento = 400;
 
 /// Runs the dialog. 1 and `params` changed when it was accepted, else 0.
 int EditTravejamento(TravejamentoParams& params, const TravejamentoLimites& limites);
 
-/// 1 when the values are acceptable. 0 otherwise, with the reason in `mensagem` unless that is
-/// null.
+/// The first fault of the values; nothing when they are acceptable.
+std::optional<Fault> falhaDoTravejamento(const TravejamentoParams& params,
+                                         const TravejamentoLimites& limites);
+
+/// 1 when the values are acceptable. 0 otherwise, with the reason and its terminator in `mensagem`
+/// unless that is null.
 int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limites,
                        wchar_t* mensagem);
 

@@ -51,12 +51,10 @@ void Edited::onSpacing(const ads_callback_packet& packet) {
 }
 
 void Edited::onAccept(const ads_callback_packet& packet) {
-    wchar_t mensagem[kMensagemTravejamento] = {};
-    if (ValidaTravejamento(params, limites, mensagem) != 0) {
+    if (const std::optional<Fault> fault = falhaDoTravejamento(params, limites))
+        showFault(packet.dialog, *fault);
+    else
         (void)ads_done_dialog(packet.dialog, kDialogAccepted);
-    } else {
-        showError(packet.dialog, mensagem);
-    }
 }
 
 template <void (Edited::*Method)(const ads_callback_packet&)>

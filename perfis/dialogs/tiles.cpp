@@ -65,8 +65,10 @@ void enableTile(ads_hdlg dialog, const wchar_t* key, bool enabled) {
     (void)ads_mode_tile(dialog, key, enabled ? MODE_ENABLE : MODE_DISABLE);
 }
 
-void showError(ads_hdlg dialog, const wchar_t* message) {
-    (void)ads_set_tile(dialog, L"error", message);
+void showFault(ads_hdlg dialog, const Fault& fault) {
+    setTile(dialog, L"error", fault.message);
+    (void)ads_mode_tile(dialog, fault.tile, MODE_SETFOCUS);
+    (void)ads_mode_tile(dialog, fault.tile, MODE_SETSEL);  // a button has no text: nothing happens
 }
 
 int fillFixedList(ads_hdlg dialog, const wchar_t* key, const wchar_t* const* table) {

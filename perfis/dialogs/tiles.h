@@ -26,8 +26,14 @@ void setTile(ads_hdlg dialog, const wchar_t* key, int number);
 /// "0" or "1".
 void setToggle(ads_hdlg dialog, const wchar_t* key, bool on);
 void enableTile(ads_hdlg dialog, const wchar_t* key, bool enabled);
-/// The tile "error".
-void showError(ads_hdlg dialog, const wchar_t* message);
+/// Why a dialog may not be accepted.
+struct Fault {
+    std::wstring message;
+    const wchar_t* tile;  ///< where it is mended
+};
+/// Shows the message in the tile "error" and takes the keyboard to the faulty tile, its text
+/// selected.
+void showFault(ads_hdlg dialog, const Fault& fault);
 
 /// Last entry of every fixed table of strings; case is ignored.
 inline constexpr const wchar_t* kEndMark = L"##FIM##";

@@ -76,6 +76,9 @@ private:
     bool m_lengthEdited = false;
 };
 
+/// Of what can be placed in a drawing, mm.
+constexpr double kLongestMember = 1e9;
+
 void ViewsDialog::open(ads_hdlg dialog) {
     showSlide(dialog, L"fig0", L"", L"FLECHA");
     for (const Figure& figure : kFigures) showSlide(dialog, figure.key, m_library, figure.slide);
@@ -193,10 +196,11 @@ void ViewsDialog::onAccept(const ads_callback_packet& packet) {
     const int pieces = textToInt(tileText(dialog, L"num_pecas"));
     m_working.materialList = textToInt(tileText(dialog, L"gerar_matlist")) != 0;
     m_working.pickAndGo = textToInt(tileText(dialog, L"pickngo")) != 0;
-    if (!(m_working.length > 0.0) && !m_working.pickAndGo) {
-        showError(dialog, L"Erro: comprimento inválido.");
+    const bool drawable = m_working.length > 0.0 && m_working.length <= kLongestMember;
+    if (!drawable && !m_working.pickAndGo) {
+        showFault(dialog, {L"Erro: comprimento inválido.", L"l"});
     } else if (pieces <= 0 && m_working.materialList && !m_working.pickAndGo) {
-        showError(dialog, L"Erro: número de peças inválido.");
+        showFault(dialog, {L"Erro: número de peças inválido.", L"num_pecas"});
     } else {
         (void)ads_done_dialog(dialog, kDialogAccepted);
     }

@@ -20,7 +20,7 @@ struct StandInAccess {
     }
     static int mode(const wchar_t* key, short mode) {
         if (host().m_unknown.contains(key)) return RTERROR;
-        host().m_tiles[key].mode = mode;
+        if (mode <= MODE_DISABLE) host().m_tiles[key].mode = mode;
         record(L"modo " + std::wstring(key) + L": " + std::to_wstring(mode));
         return RTNORM;
     }

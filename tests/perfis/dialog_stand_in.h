@@ -40,6 +40,7 @@ public:
     bool has(const std::wstring& event) const;
 
     std::wstring value(const std::wstring& key) { return m_tiles[key].value; }
+    /// Enabled or disabled.
     int mode(const std::wstring& key) { return m_tiles[key].mode; }
     /// How often a dialog file was loaded.
     int loads() const { return m_loads; }

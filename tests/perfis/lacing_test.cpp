@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <limits>
 
@@ -25,11 +26,15 @@ TravejamentoLimites member(double minA, double maxA) {
 }
 
 std::wstring fault(const TravejamentoParams& params, const TravejamentoLimites& limites) {
-    wchar_t mensagem[kMensagemTravejamento] = {};
+    wchar_t mensagem[kMensagemTravejamento];
+    std::ranges::fill(mensagem, L'#');
     const int valid = ValidaTravejamento(params, limites, mensagem);
     EXPECT_EQ(valid, ValidaTravejamento(params, limites, nullptr));
-    EXPECT_EQ(valid == 1, mensagem[0] == L'\0');
-    return mensagem;
+    // The message, its end and not a character more.
+    const std::wstring written(mensagem, std::ranges::find(mensagem, L'\0'));
+    const auto untouched = static_cast<std::size_t>(std::ranges::count(mensagem, L'#'));
+    EXPECT_EQ(untouched, kMensagemTravejamento - (valid == 1 ? 0 : written.size() + 1));
+    return valid == 1 ? std::wstring() : written;
 }
 
 TEST(Lacing, TheFirstFailingTestDecides) {
@@ -105,10 +110,20 @@ TEST_F(LacingDialog, EditsAndGivesBackOnlyOnOk) {
                      L"n_partes: 9", L"l_travejam: 100", L"error: L1 deve ser maior que C (100.00)",
                      L"l_travejam: 112.5"}));
     EXPECT_EQ(host.eventsOf(L"imagem"), Texts{L"tr_img: puf(trav)"});
-    host.play({L"altura=60", L"largura=10", L"accept"});
+    host.play({L"altura=60", L"largura=10,5", L"accept"});
     EXPECT_EQ(EditTravejamento(params, member(0, 100)), 1);
     EXPECT_EQ(params.A, 60);
-    EXPECT_EQ(params.C, 10);
+    EXPECT_EQ(params.C, 10.5);
+    // A refusal takes the keyboard to the field that is wrong.
+    params = {50, 100, 8};
+    host.clearEvents();
+    host.play({L"altura=101", L"accept", L"altura=50", L"largura=0", L"accept", L"largura=100",
+               L"n_partes=0", L"accept", L"n_partes=9", L"accept"});
+    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);
+    const Texts modes = host.eventsOf(L"modo");
+    EXPECT_EQ(Texts(modes.begin() + 4, modes.end()),
+              (Texts{L"altura: 2", L"altura: 3", L"largura: 2", L"largura: 3", L"n_partes: 2",
+                     L"n_partes: 3", L"l_travejam: 2", L"l_travejam: 3"}));
 }
 
 TEST_F(LacingDialog, ForASectionOnlyTheHeightCounts) {

@@ -61,10 +61,37 @@ TEST_F(ProfileDialog, DeletingTheLastRowGoesBackToTheFirst) {
 }
 
 TEST_F(ProfileDialog, AcceptSaysWhatIsWrong) {
-    host.play({L"h=100", L"b=50", L"t=-1", L"accept", L"vista0=0", L"t=2", L"accept"});
-    draw(pudobrado);
-    EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: Comprimento inválido para vista.");
-    EXPECT_TRUE(host.has(L"valor error: Dados inválidos para gerar perfil."));
+    const std::wstring section = L"Dados inválidos para gerar perfil.";
+    const struct {
+        MakeRun make;
+        Texts typed;
+        std::wstring message;
+        const wchar_t* tile;  ///< gets the keyboard
+    } cases[] = {
+        {pudobrado, {L"h=100", L"b=50", L"t=-1"}, section, L"t"},
+        {pudobrado, {L"vista0=0"}, L"Comprimento inválido para vista.", L"OutraVista"},
+        {pudoben, {L"h=100", L"b=50", L"t=2", L"a=0"}, section, L"a"},
+        {perfiltubo, {L"d=100", L"di=100"}, section, L"di"},
+        {perfilbarraredonda, {L"d=0"}, section, L"d"},
+        {perfilpsa, {L"h=300", L"a=8", L"bb=9", L"bc=8"}, section, L"bc"},
+        {pisoldado, {L"h=300", L"b=0"}, section, L"b"},
+        {pisoldado, {L"rb_vs"}, section, L"lista"},
+        {pcxdobrado, {L"h=100", L"b=50", L"t=2", L"a=99"}, L"Erro no Travejamento.", L"a"},
+        {pcanttdob, {L"h=100", L"b=50", L"t=2", L"a=9"}, L"Erro no Travejamento.", L"travejar"},
+        {perfilicartola, {L"h=100", L"b=50", L"t=2", L"a=0", L"e=0"}, section, L"e"},
+        {perfilcantzlaminado, {L"h=100", L"b=50", L"t=2", L"a=0", L"av=-1"}, section, L"av"},
+    };
+    for (const auto& c : cases) {
+        DialogStandIn fresh;
+        Texts actions = c.typed;
+        actions.push_back(L"accept");
+        fresh.play(actions);
+        draw(c.make);
+        EXPECT_TRUE(fresh.has(L"valor error: " + c.message)) << c.tile;
+        const std::wstring tile = c.tile;
+        const Texts modes = fresh.eventsOf(L"modo");
+        EXPECT_EQ(Texts(modes.end() - 2, modes.end()), (Texts{tile + L": 2", tile + L": 3"}));
+    }
 }
 
 TEST_F(ProfileDialog, RemembersEverythingAroundTheViewsDialog) {

@@ -87,10 +87,18 @@ TEST_F(ViewsDialogTest, PickMeasuresAndOpensAgain) {
 }
 
 TEST_F(ViewsDialogTest, AcceptRefusesWhatCannotBeDrawn) {
-    run({L"accept"});
-    EXPECT_TRUE(host.has(L"valor error: Erro: comprimento inválido."));
-    run({L"l=100", L"gerar_matlist=1", L"accept"});
-    EXPECT_TRUE(host.has(L"valor error: Erro: número de peças inválido."));
+    const auto expectFault = [&](const Texts& actions, const std::wstring& message,
+                                 const std::wstring& tile) {
+        host.clearEvents();
+        run(actions);
+        EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: " + message);
+        const Texts modes = host.eventsOf(L"modo");  // its text is selected, ready to be replaced
+        EXPECT_EQ(Texts(modes.end() - 2, modes.end()), (Texts{tile + L": 2", tile + L": 3"}));
+    };
+    for (const wchar_t* length : {L"l=0", L"l=1000000001", L"l=1e308", L"l=1e999"})
+        expectFault({length, L"accept"}, L"Erro: comprimento inválido.", L"l");
+    expectFault({L"l=1e9", L"gerar_matlist=1", L"accept"}, L"Erro: número de peças inválido.",
+                L"num_pecas");
     EXPECT_FALSE(choice.materialList);
     run({L"pickngo=1", L"accept"});  // neither length nor pieces are needed
     EXPECT_TRUE(choice.pickAndGo);
