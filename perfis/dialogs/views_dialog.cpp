@@ -54,13 +54,10 @@ private:
     void wire(ads_hdlg dialog);
     void setModes(ads_hdlg dialog);
     void showPreview(ads_hdlg dialog);
-    /// Length typed in "l"; the stored one keeps its decimals until the truncated text is edited.
-    void readLength(const std::wstring& text);
-
     void onFigure(const ads_callback_packet& packet);
     void onInsertionText(const ads_callback_packet& packet);
     void onInsertionSlider(const ads_callback_packet& packet);
-    void onLength(const ads_callback_packet& packet) { readLength(packet.value); }
+    void onLength(const ads_callback_packet& packet);
     void onPick(const ads_callback_packet& packet);
     void onPieces(const ads_callback_packet& packet);
     void onMaterialList(const ads_callback_packet& packet);
@@ -136,10 +133,10 @@ void ViewsDialog::closed(int status) {
     }
 }
 
-void ViewsDialog::readLength(const std::wstring& text) {
-    if (!m_lengthEdited && text == m_shownLength) return;
+/// What is typed counts, also when it is the text that was shown.
+void ViewsDialog::onLength(const ads_callback_packet& packet) {
     m_lengthEdited = true;
-    m_working.length = typedReal(text);
+    m_working.length = typedReal(packet.value);
 }
 
 void ViewsDialog::onFigure(const ads_callback_packet& packet) {
@@ -192,7 +189,9 @@ void ViewsDialog::onPickAndGo(const ads_callback_packet& packet) {
 
 void ViewsDialog::onAccept(const ads_callback_packet& packet) {
     ads_hdlg dialog = packet.dialog;
-    readLength(tileText(dialog, L"l", 159));
+    // The stored length keeps its decimals until the truncated text is edited.
+    const std::wstring length = tileText(dialog, L"l", 159);
+    if (m_lengthEdited || length != m_shownLength) m_working.length = typedReal(length);
     const int pieces = textToInt(tileText(dialog, L"num_pecas"));
     m_working.materialList = textToInt(tileText(dialog, L"gerar_matlist")) != 0;
     m_working.pickAndGo = textToInt(tileText(dialog, L"pickngo")) != 0;

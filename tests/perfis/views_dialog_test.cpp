@@ -64,13 +64,24 @@ TEST_F(ViewsDialogTest, InsertionFallsToTheMiddleAboveNineAndToOneBelow) {
 }
 
 TEST_F(ViewsDialogTest, TheLengthKeepsItsDecimalsUntilItIsEdited) {
-    choice.length = 1234.56;
-    run({L"l=1234", L"accept"});  // leaving the field without a change
-    EXPECT_EQ(choice.length, 1234.56);
-    run({L"l=1500.25", L"accept"});
-    EXPECT_EQ(choice.length, 1500.25);
-    run({L"l=7", L"l=1500", L"accept"});  // edited, even back to the text that was shown
-    EXPECT_EQ(choice.length, 1500.0);
+    const struct {
+        double before;
+        Texts typed;
+        double after;
+    } cases[] = {
+        {1234.56, {L"accept"}, 1234.56},
+        {1234.56, {L"l=1234", L"accept"}, 1234.0},  // the text that was shown, typed
+        {1500.25, {L"l=7", L"l=1500", L"accept"}, 1500.0},
+        {1500.25, {L"l=3000,5", L"accept"}, 3000.5},
+        {0.4, {L"accept"}, 0.4},
+        {0.4, {L"l=0", L"accept"}, 0.4},  // refused, then cancelled
+    };
+    for (const auto& c : cases) {
+        choice.length = c.before;
+        run(c.typed);
+        EXPECT_EQ(choice.length, c.after) << c.before;
+    }
+    EXPECT_TRUE(host.has(L"valor error: Erro: comprimento inválido."));
 }
 
 TEST_F(ViewsDialogTest, PickMeasuresAndOpensAgain) {
