@@ -114,7 +114,10 @@ bool BuiltUpRun::isLaced() {
     test.space = fromWidth ? medidas.a - 2.0 * medidas.b : medidas.a;
     test.minHeight = m_rule.minHeight(medidas);
     test.sectionOnly = state().views.sectionOnly;
-    return state().views.pickAndGo || lacingHolds(m_A, m_C, m_L1, test);
+    if (state().views.pickAndGo) return true;
+    if (!lacingHolds(m_A, m_C, m_L1, test)) return false;
+    // The spacing was made for the length that the member had then.
+    return test.sectionOnly || m_A <= 0.0 || rowHolds({state().views.length, m_L1}, m_C);
 }
 
 std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {

@@ -2,7 +2,6 @@
 // The toggle "travejar": turned on it asks for the lacing, turned off it forgets it.
 #include "perfis/commands/laced_run.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "perfis/commands/lacing_values.h"
@@ -16,9 +15,6 @@ namespace perfis {
 namespace {
 
 constexpr const wchar_t* kToggle = L"travejar";
-
-/// Share of a member's length that rounding may add to it.
-constexpr double kNegligible = 1e-9;
 
 class LacedRun : public ProfileRun {
 public:
@@ -119,11 +115,8 @@ bool LacedRun::lacingSuits() {
     TravejamentoParams params = m_plates;
     double fitted = spacing;
     CalcPartes(params, length, fitted);
-    if (!(spacing > params.C) || ValidaTravejamento(params, limits(), nullptr) == 0) return false;
-    // A spacing made for another length may bring the last plate but one beyond the end.
-    return std::ranges::all_of(plateStations({length, spacing}, params.C), [&](double at) {
-        return at + params.C <= length * (1.0 + kNegligible);
-    });
+    return spacing > params.C && !falhaDoTravejamento(params, limits()) &&
+           rowHolds({length, spacing}, params.C);
 }
 
 PlateLaying LacedRun::plateLaying() {

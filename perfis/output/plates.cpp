@@ -2,6 +2,7 @@
 // Lays lacing plates: how many, where, how turned.
 #include "perfis/output/plates.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <numbers>
@@ -15,6 +16,10 @@ namespace {
 constexpr double kHalfPi = std::numbers::pi / 2.0;
 constexpr PlateTurn kAlong{0.0, -kHalfPi};
 constexpr PlateTurn kSwapped{-kHalfPi, 0.0};
+
+constexpr double kMostPlates = 10000.0;
+/// Share of a member's length that rounding may add to it.
+constexpr double kNegligible = 1e-9;
 }  // namespace
 
 int Arredonda(double x) {
@@ -31,6 +36,15 @@ std::vector<double> plateStations(const PlateSpacing& spacing, double width) {
     const int spaces = Arredonda(spacing.comp / spacing.L1);
     for (int k = 1; k < spaces; ++k) stations.push_back(k * spacing.L1);
     return stations;
+}
+
+bool rowHolds(const PlateSpacing& spacing, double width) {
+    // One plate more than the rounded number of spaces.
+    if (!(spacing.comp / spacing.L1 + 0.5 < kMostPlates)) return false;
+    // A spacing made for another length may bring the last plate but one beyond the end.
+    return std::ranges::all_of(plateStations(spacing, width), [&](double at) {
+        return at + width <= spacing.comp * (1.0 + kNegligible);
+    });
 }
 
 AcDbObjectId PlateSupply::place(ZpObject& member, std::unique_ptr<ZpChapa> plate) {

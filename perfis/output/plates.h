@@ -52,6 +52,9 @@ struct PlateSpacing {
 /// ends, then those between.
 std::vector<double> plateStations(const PlateSpacing& spacing, double width);
 
+/// True when such a row has no more than 10,000 plates and none of them ends beyond its member.
+bool rowHolds(const PlateSpacing& spacing, double width);
+
 /// What was laid along a member.
 struct LaidPlates {
     std::vector<AcDbObjectId> ids;

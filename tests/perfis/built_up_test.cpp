@@ -63,6 +63,22 @@ TEST_F(BuiltUpDialog, EachCommandHasItsLacingLimits) {
     }
 }
 
+TEST_F(BuiltUpDialog, AMemberThatBecameTooShortForItsPlatesIsRefused) {
+    for (const Limits& limits : kLimits) {
+        SCOPED_TRACE(limits.name);
+        host.clearEvents();
+        host.play({L"h=100", L"b=40", L"t=4", L"a=90", L"e=15", L"vista0=0", L"OutraVista"});
+        host.play({L"l=2000", L"accept"});  // views
+        host.play({L"travejar", L"OutraVista"});
+        host.play({L"altura=" + limits.greatest, L"largura=100", L"accept"});
+        host.play({L"l=90", L"accept"});
+        host.play({L"accept"});  // 1900 apart, which is more than 3 x 100
+        draw(limits.make);
+        EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: Erro no Travejamento.");
+        EXPECT_TRUE(host.has(L"modo travejar: 2"));
+    }
+}
+
 TEST_F(BuiltUpDialog, TheSpacingFollowsTheLengthEvenOnCancel) {
     host.play({L"h=100", L"b=40", L"t=4", L"a=10", L"vista0=0", L"OutraVista"});
     host.play({L"l=1000", L"accept"});  // views

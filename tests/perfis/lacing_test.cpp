@@ -166,5 +166,21 @@ TEST(Plates, StandAtBothEndsAndAtTheSpacing) {
     EXPECT_EQ(ten[9], 900);
 }
 
+TEST(Plates, ARowStaysInsideItsMemberAndIsNotEndless) {
+    const struct {
+        PlateSpacing spacing;
+        double width;
+        bool holds;
+    } cases[] = {
+        {{1000, 123.75}, 10, true}, {{1000, 112.5}, 100, true},  // up to the very end
+        {{90, 1900}, 100, false},   {{2310, 420}, 400, false},   // 5 x 420 + 400 = 2500
+        {{9999, 1}, 0.1, true},                                  // 10,000 plates
+        {{10000, 1}, 0.1, false},   {{2000, 2e-5}, 1e-6, false},
+        {{1000, 0}, 0, false},      {{1e308, 1e-308}, 1e-309, false},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(rowHolds(c.spacing, c.width), c.holds) << c.spacing.comp << ", " << c.spacing.L1;
+}
+
 }  // namespace
 }  // namespace perfis
