@@ -10,6 +10,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 constexpr double kRoot2 = std::numbers::sqrt2;
 
 /// Distance from the reference point to the heel: a third of each leg from both backs.
@@ -45,21 +48,10 @@ Shift memberShift(const Medidas& m, const MemberPlace& place) {
     }
 }
 
-/// The class takes a third of the leg along its own axes, twice over.
-double axisValue(const Medidas& m) { return -2.0 * m.h / (6.0 * kRoot2); }
-
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBNLaminado>(point, request.view, m.h, m.t, axisValue(m), m.t, 0.0,
-                                          0.0, request.length, m.m, kAreaOfMass * m.m);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBNLaminado>(start, end, request.view, m.h, m.t, axisValue(m), m.t,
-                                          0.0, m.m, kAreaOfMass * m.m);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {T, &Medidas::t}, {E, equalAngleAxis},
+    {Ri, &Medidas::t}, {M, &Medidas::m}, {A, areaOfMass},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     const AcGePoint3d heel = d.at(-heelDistance(m), 0.0);
@@ -80,13 +72,14 @@ const ProfileDescription kCantoneiraGirada = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .memberShift = memberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpBNLaminado, Classe::BNLaminado>,
+    .values = kValues,
+    .readBack = readEqualLegs,
     .dimensionSection = dimensionSection,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> bnlam() { return std::make_unique<ProfileRun>(kCantoneiraGirada); }
+const ProfileCommand bnlam{kCantoneiraGirada};
 
 }  // namespace perfis

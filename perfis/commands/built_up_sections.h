@@ -33,6 +33,9 @@ double halfOutsideWidth(const Medidas& medidas);
 double halfHeight(const Medidas& medidas);
 double thirdOfHeight(const Medidas& medidas);
 
+/// Kind of an I of two U whose lips point outwards.
+inline constexpr double kHats = 1.0;
+
 /// Area in cm2 and mass of two rolled angles, as their built-up classes take them.
 inline double pairMass(const Medidas& m) { return 2.0 * m.m; }
 inline double pairArea(const Medidas& m) { return 2.0 * m.m * 1.271848; }

@@ -8,6 +8,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 /// One angle stands on the other's leg.
 double halfHeight(const Medidas& m) { return (m.h + m.t) / 2.0; }
 
@@ -35,19 +38,14 @@ Shift memberShift(const Medidas& m, const MemberPlace& place) {
     return shiftByReach(symmetricReach(2.0 * halfHeight(m), m.b, place.view), place);
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantLaminadaCaixa>(point, request.view, m.h, m.b, m.t, m.t, 0.0, 0.0,
-                                                 request.length, 2.0 * m.m,
-                                                 2.0 * kAreaOfMass * m.m);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantLaminadaCaixa>(start, end, request.view, m.h, m.b, m.t, m.t, 0.0,
-                                                 2.0 * m.m, 2.0 * kAreaOfMass * m.m);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},
+    {B1, &Medidas::b},
+    {T, &Medidas::t},
+    {Ri, &Medidas::t},
+    {M, [](const Medidas& m) { return 2.0 * m.m; }},
+    {A, [](const Medidas& m) { return 2.0 * kAreaOfMass * m.m; }},
+};
 
 const ProfileDescription kCaixaDeCantoneiras = {
     .dialog = L"pllam_geracao",
@@ -60,15 +58,13 @@ const ProfileDescription kCaixaDeCantoneiras = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .memberShift = memberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCantLaminadaCaixa, Classe::CantLaminadaCaixa>,
+    .values = kValues,
     .dimensionSection = dimensionWVT,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> cantoneiracaixalaminada() {
-    return std::make_unique<ProfileRun>(kCaixaDeCantoneiras);
-}
+const ProfileCommand cantoneiracaixalaminada{kCaixaDeCantoneiras};
 
 }  // namespace perfis

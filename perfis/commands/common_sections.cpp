@@ -61,6 +61,16 @@ constinit const std::span<const DimensionTile> kTilesHbta(kHbta);
 constinit const std::span<const Insertion> kUInsertions(kUCorners);
 constinit const std::span<const Insertion> kRoundInsertions(kRoundEdges);
 
+double areaOfMass(const Medidas& medidas) { return kAreaOfMass * medidas.m; }
+
+double equalAngleAxis(const Medidas& medidas) {
+    return -2.0 * medidas.h / (6.0 * std::numbers::sqrt2);
+}
+
+void readEqualLegs(Medidas& medidas, const zp::secao::Dados& values) {
+    medidas.b = values[zp::secao::Papel::H];
+}
+
 double rolledUArea(const Medidas& medidas) { return medidas.m * 100.0 * 1.271848; }
 
 /// The mean thickness follows from the area; the inner face falls half of its fall further out. A

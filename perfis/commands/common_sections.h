@@ -2,6 +2,7 @@
 // Parts that several single-piece commands have in common.
 #pragma once
 
+#include <numbers>
 #include <span>
 #include <string>
 
@@ -21,6 +22,26 @@ extern const std::span<const Insertion> kRoundInsertions;
 
 /// Area in mm2 of a linear mass in kg/m, as the rolled classes take it.
 inline constexpr double kAreaOfMass = 127.1848;
+
+/// A U seen from below is the one seen from above, turned.
+inline constexpr Face kChannelFaces[] = {
+    {ZpObject::kVistaSecao},
+    {ZpObject::kVistaSuperior},
+    {ZpObject::kVistaInferior, std::numbers::pi},
+    {ZpObject::kVistaDireita},
+    {ZpObject::kVistaEsquerda},
+};
+
+/// Between web and flange before a bend is opened or closed, radians.
+inline constexpr double kRightAngle = std::numbers::pi / 2.0;
+
+double areaOfMass(const Medidas& medidas);
+
+/// What the classes of turned equal angles take: a third of the leg along the angle's own axes,
+/// twice over.
+double equalAngleAxis(const Medidas& medidas);
+/// Of equal legs a class keeps one.
+void readEqualLegs(Medidas& medidas, const zp::secao::Dados& values);
 
 /// Area of one rolled U in mm2, in the factors in which the trade has it.
 double rolledUArea(const Medidas& medidas);

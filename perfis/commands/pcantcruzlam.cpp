@@ -4,11 +4,15 @@
 
 #include "perfis/commands/built_up_run.h"
 #include "perfis/commands/built_up_sections.h"
+#include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/entities/zplaminados.h"
 
 namespace perfis {
 namespace {
+
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
 constexpr double kRoot2 = std::numbers::sqrt2;
 
@@ -19,22 +23,10 @@ double tipX(const Medidas& m) {
 }
 double tipY(const Medidas& m) { return m.h / kRoot2; }
 
-/// A third of the leg along both of the angle's axes, as the class of one angle takes it.
-double axisValue(const Medidas& m) { return -2.0 * m.h / (6.0 * kRoot2); }
-
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBNDuplaLaminada>(point, request.view, m.h, m.t, axisValue(m), m.t,
-                                               m.a, 0.0, 0.0, request.length, pairMass(m),
-                                               pairArea(m));
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBNDuplaLaminada>(start, end, request.view, m.h, m.t, axisValue(m),
-                                               m.t, m.a, 0.0, pairMass(m), pairArea(m));
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},   {T, &Medidas::t}, {E, equalAngleAxis}, {Ri, &Medidas::t},
+    {Vao, &Medidas::a}, {M, pairMass},    {A, pairArea},
+};
 
 const ProfileDescription kDescription = {
     .dialog = L"plv_lam_geracao",
@@ -47,8 +39,9 @@ const ProfileDescription kDescription = {
     .insertions = kOppositeCorners<tipX, tipY, tipY>,
     .wrong = wrongGap,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpBNDuplaLaminada, Classe::BNDuplaLaminada>,
+    .values = kValues,
+    .readBack = readEqualLegs,
     .dimensionSection = [](PieceDimensions& d,
                            const Medidas& m) { dimensionHeels(d, m, m.a / 2.0, m.h); },
 };
@@ -65,6 +58,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcantcruzlam() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand pcantcruzlam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

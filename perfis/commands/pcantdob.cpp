@@ -10,6 +10,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 constexpr double kPi = std::numbers::pi;
 
 constexpr Insertion kInsertions[] = {
@@ -38,30 +41,14 @@ Shift memberShift(const Medidas& m, const MemberPlace& place) {
     }
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    const bool fromAbove = request.view == ZpObject::kVistaSuperior;
-    const bool fromLeft = request.view == ZpObject::kVistaEsquerda;
-    const ZpObject::ZpVistas view = fromAbove  ? ZpObject::kVistaInferior
-                                    : fromLeft ? ZpObject::kVistaDireita
-                                               : request.view;
-    const double turn = fromAbove || fromLeft ? kPi : 0.0;
-    return std::make_unique<ZpCantoneiraDobrada>(point, view, m.h, m.b, m.t, m.t, kPi / 2,
-                                                 request.length, turn, 0.0, 0.0);
-}
+constexpr Face kFaces[] = {
+    {ZpObject::kVistaSecao},   {ZpObject::kVistaInferior, kPi}, {ZpObject::kVistaInferior},
+    {ZpObject::kVistaDireita}, {ZpObject::kVistaDireita, kPi},
+};
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantoneiraDobrada>(start, end, request.view, m.h, m.b, m.t, m.t,
-                                                 kPi / 2, 0.0, 0.0);
-}
-
-/// The inverse of what onePoint does with the views.
-int figureOf(ZpObject::ZpVistas view, double turn) {
-    if (turn == 0.0) return view;
-    return view == ZpObject::kVistaInferior ? ZpObject::kVistaSuperior : ZpObject::kVistaEsquerda;
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Ang1, kRightAngle},
+};
 
 const ProfileDescription kCantoneira = {
     .dialog = L"pl_geracao",
@@ -73,10 +60,10 @@ const ProfileDescription kCantoneira = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .memberShift = memberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCantoneiraDobrada, Classe::CantoneiraDobrada>,
+    .values = kValues,
+    .faces = kFaces,
     .dimensionSection = dimensionWVT,
-    .figureOf = figureOf,
 };
 
 constexpr ToggleLacing kLacing = {
@@ -86,6 +73,6 @@ constexpr ToggleLacing kLacing = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcantdob() { return makeLaced(kCantoneira, kLacing); }
+const ProfileCommand pcantdob{kCantoneira, [] { return makeLaced(kCantoneira, kLacing); }};
 
 }  // namespace perfis

@@ -8,6 +8,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 constexpr Insertion kInsertions[] = {
     {L"RIGHT UPPER",
      [](const Medidas& m) {
@@ -25,19 +28,16 @@ Shift memberShift(const Medidas& m, const MemberPlace& place) {
     return shiftByReach({-2.0 * size / 3.0, size / 3.0}, place);
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantLaminada>(point, request.view, m.h, m.b, m.t, m.b / 3.0,
-                                            2.0 * m.h / 3.0, m.t, 0.0, 0.0, request.length, m.m,
-                                            kAreaOfMass * m.m);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantLaminada>(start, end, request.view, m.h, m.b, m.t, m.b / 3.0,
-                                            2.0 * m.h / 3.0, m.t, 0.0, m.m, kAreaOfMass * m.m);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},
+    {B1, &Medidas::b},
+    {T, &Medidas::t},
+    {Ex, [](const Medidas& m) { return m.b / 3.0; }},
+    {Ey, [](const Medidas& m) { return 2.0 * m.h / 3.0; }},
+    {Ri, &Medidas::t},
+    {M, &Medidas::m},
+    {A, areaOfMass},
+};
 
 const ProfileDescription kCantoneiraLaminada = {
     .dialog = L"pllam_geracao",
@@ -50,13 +50,13 @@ const ProfileDescription kCantoneiraLaminada = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .memberShift = memberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCantLaminada, Classe::CantLaminada>,
+    .values = kValues,
     .dimensionSection = dimensionWVT,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcantlam() { return std::make_unique<ProfileRun>(kCantoneiraLaminada); }
+const ProfileCommand pcantlam{kCantoneiraLaminada};
 
 }  // namespace perfis

@@ -9,18 +9,12 @@
 namespace perfis {
 namespace {
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantTDobrada>(point, request.view, m.h, m.b, m.t, m.t, m.a,
-                                            request.length, 0.0, 0.0, 0.0);
-}
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantTDobrada>(start, end, request.view, m.h, m.b, m.t, m.t, m.a, 0.0,
-                                            0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
+};
 
 const ProfileDescription kDescription = {
     .dialog = L"p2la_geracao",
@@ -32,8 +26,8 @@ const ProfileDescription kDescription = {
     .insertions = kUpperCorners<halfAcrossGap, thirdOfHeight>,
     .wrong = wrongGap,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCantTDobrada, Classe::CantTDobrada>,
+    .values = kValues,
     .dimensionSection = dimensionTee,
 };
 
@@ -49,6 +43,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcanttdob() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand pcanttdob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -8,20 +8,15 @@
 namespace perfis {
 namespace {
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantULaminada>(point, request.view, m.h, m.b, m.t, 0.0,
-                                             2.0 * m.h / 3.0, m.t, m.a, 0.0, 0.0, request.length,
-                                             pairMass(m), pairArea(m));
-}
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantULaminada>(start, end, request.view, m.h, m.b, m.t, 0.0,
-                                             2.0 * m.h / 3.0, m.t, m.a, 0.0, pairMass(m),
-                                             pairArea(m));
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {B1, &Medidas::b},
+    {T, &Medidas::t},  {Ey, [](const Medidas& m) { return 2.0 * m.h / 3.0; }},
+    {Ri, &Medidas::t}, {Vao, &Medidas::a},
+    {M, pairMass},     {A, pairArea},
+};
 
 const ProfileDescription kDescription = {
     .dialog = L"plf_lam_geracao",
@@ -34,8 +29,8 @@ const ProfileDescription kDescription = {
     .insertions = kUpperCorners<halfOutsideWidth, thirdOfHeight>,
     .wrong = wrongWidth,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCantULaminada, Classe::CantULaminada>,
+    .values = kValues,
     .dimensionSection = dimensionTrough,
 };
 
@@ -51,6 +46,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcantulam() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand pcantulam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -12,6 +12,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 constexpr double kRoot2 = std::numbers::sqrt2;
 
 /// The heels lie a little inside the gap: the bends themselves keep its width.
@@ -21,18 +24,9 @@ double tipX(const Medidas& m) { return heelX(m) + (std::max(m.h, m.b) + m.t) / k
 double upperTip(const Medidas& m) { return m.b / kRoot2; }
 double lowerTip(const Medidas& m) { return m.h / kRoot2; }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpXDobrado>(point, request.view, m.h, m.b, m.t, m.t, m.a,
-                                        request.length, 0.0, 0.0, 0.0, 0.0);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpXDobrado>(start, end, request.view, m.h, m.b, m.t, m.t, m.a, 0.0, 0.0,
-                                        0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
+};
 
 const ProfileDescription kDescription = {
     .dialog = L"plv_geracao",
@@ -44,8 +38,8 @@ const ProfileDescription kDescription = {
     .insertions = kOppositeCorners<tipX, upperTip, lowerTip>,
     .wrong = wrongGap,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpXDobrado, Classe::XDobrado>,
+    .values = kValues,
     .dimensionSection = [](PieceDimensions& d,
                            const Medidas& m) { dimensionHeels(d, m, heelX(m), m.b); },
 };
@@ -62,6 +56,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcantxdob() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand pcantxdob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

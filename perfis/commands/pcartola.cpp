@@ -8,6 +8,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 /// Half the width over the lips, which are measured from the inner face of the sides.
 double halfWidth(const Medidas& m) { return m.b / 2.0 - m.t + m.a; }
 
@@ -34,17 +37,9 @@ Shift memberShift(const Medidas& m, const MemberPlace& place) {
     return shiftByReach(symmetricReach(m.h, 2.0 * halfWidth(m), place.view), place);
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCartola>(point, request.view, m.h, m.b, m.t, m.t, m.a, request.length,
-                                       0.0, 0.0);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCartola>(start, end, request.view, m.h, m.b, m.t, m.t, m.a, 0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Aba, &Medidas::a},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.width();
@@ -65,8 +60,8 @@ const ProfileDescription kCartola = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .memberShift = memberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCartola, Classe::Cartola>,
+    .values = kValues,
     .dimensionSection = dimensionSection,
 };
 
@@ -78,6 +73,6 @@ constexpr ToggleLacing kLacing = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcartola() { return makeLaced(kCartola, kLacing); }
+const ProfileCommand pcartola{kCartola, [] { return makeLaced(kCartola, kLacing); }};
 
 }  // namespace perfis

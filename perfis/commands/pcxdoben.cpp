@@ -8,6 +8,10 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using zp::secao::Dados;
+using enum zp::secao::Papel;
+
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
      [](const Medidas& m) {
@@ -32,18 +36,9 @@ Shift memberShift(const Medidas& m, const MemberPlace& place) {
     return shiftByReach(symmetricReach(m.h, 2.0 * m.b, place.view), place);
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCaixaDobrado>(point, request.view, m.h, m.b, m.t, m.t, 0.0,
-                                            request.length, 0.0, 0.0, m.a);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCaixaDobrado>(start, end, request.view, m.h, m.b, m.t, m.t, 0.0, 0.0,
-                                            m.a);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Aba, &Medidas::a},
+};
 
 const ProfileDescription kCaixa = {
     .dialog = L"pcaixa_geracao",
@@ -55,8 +50,9 @@ const ProfileDescription kCaixa = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .memberShift = memberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCaixaDobrado, Classe::CaixaDobrado>,
+    .values = kValues,
+    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Vao] == 0.0; },
     .dimensionSection = dimensionWVT,
 };
 
@@ -67,6 +63,6 @@ constexpr ToggleLacing kLacing = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pcxdoben() { return makeLaced(kCaixa, kLacing); }
+const ProfileCommand pcxdoben{kCaixa, [] { return makeLaced(kCaixa, kLacing); }};
 
 }  // namespace perfis

@@ -9,20 +9,22 @@
 namespace perfis {
 namespace {
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<Zp2ULaminado>(point, request.view, m.h, m.b, m.t, m.b, m.t, m.t,
-                                          m.b / 3.0, m.t, m.a, 0.0, 0.0, request.length,
-                                          2.0 * rolledUArea(m), 2.0 * m.m);
-}
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<Zp2ULaminado>(start, end, request.view, m.h, m.b, m.t, m.b, m.t, m.t,
-                                          m.b / 3.0, m.t, m.a, 0.0, 2.0 * rolledUArea(m),
-                                          2.0 * m.m);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},
+    {B1, &Medidas::b},
+    {T, &Medidas::t},
+    {B2, &Medidas::b},
+    {Tf1, &Medidas::t},
+    {Tf2, &Medidas::t},
+    {Ex, [](const Medidas& m) { return m.b / 3.0; }},
+    {Ri, &Medidas::t},
+    {Vao, &Medidas::a},
+    {A, [](const Medidas& m) { return 2.0 * rolledUArea(m); }},
+    {M, [](const Medidas& m) { return 2.0 * m.m; }},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.width();
@@ -42,8 +44,8 @@ const ProfileDescription kDescription = {
     .insertions = kFourCorners<halfAcrossGap, halfHeight>,
     .wrong = wrongGap,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<Zp2ULaminado, Classe::DoisULaminado>,
+    .values = kValues,
     .dimensionSection = dimensionSection,
 };
 
@@ -58,6 +60,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfil2ulam() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand perfil2ulam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -9,18 +9,14 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 constexpr DimensionTile kTiles[] = {{L"d", &Medidas::d, L"0"}};
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBarraRedonda>(point, request.view, m.d, request.length, 0.0);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBarraRedonda>(start, end, request.view, m.d);
-}
+constexpr RoleValue kValues[] = {
+    {D, &Medidas::d},
+};
 
 Medida wrong(const Medidas& m) { return firstNotPositive(m, {&Medidas::d}); }
 
@@ -38,15 +34,13 @@ const ProfileDescription kBarraRedonda = {
     .insertions = kRoundInsertions,
     .wrong = wrong,
     .memberShift = roundMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpBarraRedonda, Classe::BarraRedonda>,
+    .values = kValues,
     .dimensionSection = dimensionSection,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfilbarraredonda() {
-    return std::make_unique<ProfileRun>(kBarraRedonda);
-}
+const ProfileCommand perfilbarraredonda{kBarraRedonda};
 
 }  // namespace perfis

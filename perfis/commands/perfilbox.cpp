@@ -8,6 +8,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
      [](const Medidas& m) {
@@ -28,17 +31,12 @@ constexpr Insertion kInsertions[] = {
     {L"CENTER", [](const Medidas&) { return Shift{}; }},
 };
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBox>(point, request.view, m.h, m.b, m.t, m.t, request.length, 0.0,
-                                   0.0);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpBox>(start, end, request.view, m.h, m.b, m.t, m.t, 0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},
+    {B1, &Medidas::b},
+    {T, &Medidas::t},
+    {Ri, &Medidas::t},
+};
 
 const ProfileDescription kBox = {
     .dialog = L"pbox_geracao",
@@ -52,13 +50,13 @@ const ProfileDescription kBox = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .memberShift = boxMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpBox, Classe::Box>,
+    .values = kValues,
     .dimensionSection = dimensionWVT,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfilbox() { return std::make_unique<ProfileRun>(kBox); }
+const ProfileCommand perfilbox{kBox};
 
 }  // namespace perfis

@@ -8,20 +8,15 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 double legAndHalfAv(const Medidas& m) { return m.h + m.av / 2.0; }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantCruzLaminada>(point, request.view, m.h, m.b, m.t, m.t, m.a, m.av,
-                                                0.0, 0.0, request.length, pairMass(m), pairArea(m));
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpCantCruzLaminada>(start, end, request.view, m.h, m.b, m.t, m.t, m.a,
-                                                m.av, 0.0, pairMass(m), pairArea(m));
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},   {B1, &Medidas::b},    {T, &Medidas::t}, {Ri, &Medidas::t},
+    {Vao, &Medidas::a}, {VaoV, &Medidas::av}, {M, pairMass},    {A, pairArea},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.width();
@@ -46,8 +41,8 @@ const ProfileDescription kDescription = {
     .insertions = kOppositeCorners<halfAcrossGap, legAndHalfAv, legAndHalfAv>,
     .wrong = wrongGapOrAv,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpCantCruzLaminada, Classe::CantCruzLaminada>,
+    .values = kValues,
     .dimensionSection = dimensionSection,
 };
 
@@ -63,6 +58,7 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfilcantcruzlaminado() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand perfilcantcruzlaminado{kDescription,
+                                            [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

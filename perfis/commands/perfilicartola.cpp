@@ -9,23 +9,17 @@
 namespace perfis {
 namespace {
 
-constexpr double kHats = 1.0;
+using zp::secao::Classe;
+using zp::secao::Dados;
+using enum zp::secao::Papel;
 
 /// The lips stand out of the height h, which is that of the tops.
 double halfHeightWithLips(const Medidas& m) { return m.h / 2.0 - m.t + m.e; }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpIDobrado>(point, request.view, m.h, m.b, m.b, m.t, m.t, m.a,
-                                        request.length, m.e, kHats, 0.0);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpIDobrado>(start, end, request.view, m.h, m.b, m.b, m.t, m.t, m.a, m.e,
-                                        kHats);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {B1, &Medidas::b},  {B2, &Medidas::b},  {T, &Medidas::t},
+    {Ri, &Medidas::t}, {Vao, &Medidas::a}, {Aba, &Medidas::e}, {Especie, kHats},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.width();
@@ -45,8 +39,9 @@ const ProfileDescription kDescription = {
     .insertions = kFourCorners<halfAcrossGap, halfHeightWithLips>,
     .wrong = wrongGapOrLip,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpIDobrado, Classe::IDobrado>,
+    .values = kValues,
+    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] == kHats; },
     .dimensionSection = dimensionSection,
 };
 
@@ -61,6 +56,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfilicartola() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand perfilicartola{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -11,6 +11,10 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using zp::secao::Dados;
+using enum zp::secao::Papel;
+
 constexpr DimensionTile kTiles[] = {
     {L"h", &Medidas::h, L"0"},   {L"bb", &Medidas::bb, L"0"}, {L"tb", &Medidas::tb, L"0"},
     {L"bc", &Medidas::bc, L"0"}, {L"tc", &Medidas::tc, L"0"}, {L"a", &Medidas::a, L"0"},
@@ -33,18 +37,24 @@ Medida wrong(const Medidas& m) {
     return m.bc <= m.a ? &Medidas::bc : nullptr;
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpISoldado>(point, m.h, m.bc, m.bb, m.tc, m.tb, m.a, request.length,
-                                        request.view, 0.0, 0.0, 0.0);
-}
+/// The form of the class with two flanges has the view among the numbers.
+constexpr PieceClass kPieces{
+    Classe::ISoldado,
+    [](const AcGePoint3d& point, ZpObject::ZpVistas view,
+       const Dados& v) -> std::unique_ptr<ZpObject> {
+        return std::make_unique<ZpISoldado>(point, v[H], v[Bc], v[Bb], v[Tc], v[Tb], v[Tw], v[L],
+                                            view, 0.0, 0.0, 0.0);
+    },
+    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas view,
+       const Dados& v) -> std::unique_ptr<ZpObject> {
+        return std::make_unique<ZpISoldado>(start, end, v[H], v[Bc], v[Bb], v[Tc], v[Tb], v[Tw],
+                                            view, 0.0, 0.0);
+    }};
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpISoldado>(start, end, m.h, m.bc, m.bb, m.tc, m.tb, m.a, request.view,
-                                        0.0, 0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},   {Bc, &Medidas::bc}, {Bb, &Medidas::bb},
+    {Tc, &Medidas::tc}, {Tb, &Medidas::tb}, {Tw, &Medidas::a},
+};
 
 /// Both flanges are dimensioned about the web, which stands in the middle of the box.
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
@@ -82,8 +92,9 @@ const ProfileDescription kPsa = {
     .insertions = kBoxEdges<&Medidas::bc>,
     .wrong = wrong,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieces,
+    .values = kValues,
+    .draws = [](const Dados& v) { return v.variante == 1; },
     .dimensionSection = dimensionSection,
     .insertionPrompt = kIInsertionPrompt,
     .startPrompt = L"\nIndique o ponto inicial do perfil:",
@@ -107,6 +118,6 @@ protected:
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfilpsa() { return std::make_unique<PsaRun>(); }
+const ProfileCommand perfilpsa{kPsa, newRunOf<PsaRun>};
 
 }  // namespace perfis

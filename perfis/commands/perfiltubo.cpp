@@ -9,23 +9,35 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using zp::secao::Dados;
+using enum zp::secao::Papel;
+
 constexpr DimensionTile kTiles[] = {
     {L"d", &Medidas::d, L"0"},
     {L"di", &Medidas::di, L"0"},
 };
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    // The class has no form with one point.
-    AcGePoint3d end = point + AcGeVector3d::kXAxis * request.length;
-    return std::make_unique<ZpTubo>(point, end, request.view, m.d, m.d - 2.0 * m.di);
+std::unique_ptr<ZpObject> between(const AcGePoint3d& start, const AcGePoint3d& end,
+                                  ZpObject::ZpVistas view, const Dados& v) {
+    return std::make_unique<ZpTubo>(start, end, view, v[D], v[Dint]);
 }
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpTubo>(start, end, request.view, m.d, m.d - 2.0 * m.di);
-}
+/// The class has no form with one point.
+constexpr PieceClass kPieces{Classe::Tubo,
+                             [](const AcGePoint3d& point, ZpObject::ZpVistas view, const Dados& v) {
+                                 return between(point, point + AcGeVector3d::kXAxis * v[L], view,
+                                                v);
+                             },
+                             between};
+
+/// The dialog has the wall, the class the inner diameter.
+void wallOf(Medidas& m, const Dados& v) { m.di = (v[D] - v[Dint]) / 2.0; }
+
+constexpr RoleValue kValues[] = {
+    {D, &Medidas::d},
+    {Dint, [](const Medidas& m) { return m.d - 2.0 * m.di; }},
+};
 
 /// A wall of half the diameter or more passes: the tube is then solid.
 Medida wrong(const Medidas& m) {
@@ -56,14 +68,15 @@ const ProfileDescription kTubo = {
     .insertions = kRoundInsertions,
     .wrong = wrong,
     .memberShift = roundMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieces,
+    .values = kValues,
+    .readBack = wallOf,
     .dimensionSection = dimensionSection,
     .keepsLengthInSection = true,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfiltubo() { return std::make_unique<ProfileRun>(kTubo); }
+const ProfileCommand perfiltubo{kTubo};
 
 }  // namespace perfis

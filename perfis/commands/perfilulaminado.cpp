@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Command PERFILULAMINADO: rolled U.
-#include <numbers>
-
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/commands/profile_run.h"
@@ -10,20 +8,21 @@
 namespace perfis {
 namespace {
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    const double turn = request.view == ZpObject::kVistaInferior ? std::numbers::pi : 0.0;
-    return std::make_unique<ZpULaminado>(point, request.view, m.h, m.b, m.t, m.b, m.t, m.t,
-                                         m.b / 3.0, m.t, 0.0, turn, request.length, rolledUArea(m),
-                                         m.m);
-}
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpULaminado>(start, end, request.view, m.h, m.b, m.t, m.b, m.t, m.t,
-                                         m.b / 3.0, m.t, 0.0, rolledUArea(m), m.m);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},
+    {B1, &Medidas::b},
+    {T, &Medidas::t},
+    {B2, &Medidas::b},
+    {Tf1, &Medidas::t},
+    {Tf2, &Medidas::t},
+    {Ex, [](const Medidas& m) { return m.b / 3.0; }},
+    {Ri, &Medidas::t},
+    {A, rolledUArea},
+    {M, &Medidas::m},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.width();
@@ -42,15 +41,14 @@ const ProfileDescription kPerfilULaminado = {
     .insertions = kUInsertions,
     .wrong = wrongHbt,
     .memberShift = uMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpULaminado, Classe::ULaminado>,
+    .values = kValues,
+    .faces = kChannelFaces,
     .dimensionSection = dimensionSection,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfilulaminado() {
-    return std::make_unique<ProfileRun>(kPerfilULaminado);
-}
+const ProfileCommand perfilulaminado{kPerfilULaminado};
 
 }  // namespace perfis

@@ -9,19 +9,21 @@
 namespace perfis {
 namespace {
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpUULaminado>(point, request.view, m.h, m.b, m.t, m.b, m.t, m.t, m.a,
-                                          m.t, 0.0, 0.0, request.length, 2.0 * rolledUArea(m),
-                                          2.0 * m.m);
-}
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpUULaminado>(start, end, request.view, m.h, m.b, m.t, m.b, m.t, m.t,
-                                          m.a, m.t, 0.0, 2.0 * rolledUArea(m), 2.0 * m.m);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},
+    {B1, &Medidas::b},
+    {T, &Medidas::t},
+    {B2, &Medidas::b},
+    {Tf1, &Medidas::t},
+    {Tf2, &Medidas::t},
+    {Vao, &Medidas::a},
+    {Ri, &Medidas::t},
+    {A, [](const Medidas& m) { return 2.0 * rolledUArea(m); }},
+    {M, [](const Medidas& m) { return 2.0 * m.m; }},
+};
 
 const ProfileDescription kDescription = {
     .dialog = L"puulam_geracao",
@@ -34,8 +36,8 @@ const ProfileDescription kDescription = {
     .insertions = kFourCorners<halfOutsideWidth, halfHeight>,
     .wrong = wrongWidth,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpUULaminado, Classe::UULaminado>,
+    .values = kValues,
     .dimensionSection = dimensionFacing,
 };
 
@@ -50,6 +52,7 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> perfiluulaminado() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand perfiluulaminado{kDescription,
+                                      [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

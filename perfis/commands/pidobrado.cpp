@@ -9,18 +9,13 @@
 namespace perfis {
 namespace {
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpIDobrado>(point, request.view, m.h, m.b, m.b, m.t, m.t, m.a,
-                                        request.length, 0.0, 0.0, 0.0);
-}
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpIDobrado>(start, end, request.view, m.h, m.b, m.b, m.t, m.t, m.a, 0.0,
-                                        0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h}, {B1, &Medidas::b}, {B2, &Medidas::b},
+    {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     dimensionWVT(d, m);
@@ -37,8 +32,8 @@ const ProfileDescription kDescription = {
     .insertions = kFourCorners<halfAcrossGap, halfHeight>,
     .wrong = wrongGap,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpIDobrado, Classe::IDobrado>,
+    .values = kValues,
     .dimensionSection = dimensionSection,
 };
 
@@ -53,6 +48,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pidobrado() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand pidobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

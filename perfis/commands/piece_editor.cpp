@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "adscodes.h"
+#include "perfis/commands/command_table.h"
 #include "perfis/commands/piece_values.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
@@ -12,56 +13,6 @@
 
 namespace perfis {
 namespace {
-
-using zp::secao::Classe;
-using zp::secao::Dados;
-using zp::secao::Papel;
-
-bool any(const Dados&) { return true; }
-bool hasLip(const Dados& v) { return v[Papel::Aba] != 0.0; }
-bool isClosedByLips(const Dados& v) { return hasLip(v) && v[Papel::Vao] == 0.0; }
-bool hasOutwardLips(const Dados& v) { return hasLip(v) && v[Papel::Especie] == 1.0; }
-bool hasTwoFlanges(const Dados& v) { return v.variante == 1; }
-
-struct Origin {
-    Classe classe;
-    bool (*fits)(const Dados&);
-    MakeRun make;
-};
-
-/// The first row that fits names the command.
-constexpr Origin kOrigins[] = {
-    {Classe::UDobrado, hasLip, pudoben},
-    {Classe::UDobrado, any, pudobrado},
-    {Classe::ZDobrado, any, pzdobrado},
-    {Classe::Cartola, any, pcartola},
-    {Classe::CantoneiraDobrada, any, pcantdob},
-    {Classe::CaixaDobrado, isClosedByLips, pcxdoben},
-    {Classe::CaixaDobrado, any, pcxdobrado},
-    {Classe::Box, any, perfilbox},
-    {Classe::Tubo, any, perfiltubo},
-    {Classe::BarraRedonda, any, perfilbarraredonda},
-    {Classe::BNLaminado, any, bnlam},
-    {Classe::CantLaminada, any, pcantlam},
-    {Classe::CantLaminadaCaixa, any, cantoneiracaixalaminada},
-    {Classe::ULaminado, any, perfilulaminado},
-    {Classe::CantTDobrada, any, pcanttdob},
-    {Classe::CantUDobrada, any, pcantudob},
-    {Classe::XDobrado, any, pcantxdob},
-    {Classe::CantTEELaminada, any, pcanttelam},
-    {Classe::CantULaminada, any, pcantulam},
-    {Classe::BNDuplaLaminada, any, pcantcruzlam},
-    {Classe::CantCruzLaminada, any, perfilcantcruzlaminado},
-    {Classe::CantZLaminada, any, perfilcantzlaminado},
-    {Classe::UULaminado, any, perfiluulaminado},
-    {Classe::DoisULaminado, any, perfil2ulam},
-    {Classe::IDobrado, hasOutwardLips, perfilicartola},
-    {Classe::IDobrado, hasLip, pienrdobrado},
-    {Classe::IDobrado, any, pidobrado},
-    {Classe::ISoldado, hasTwoFlanges, perfilpsa},
-    {Classe::ISoldado, any, pisoldado},
-    {Classe::ILaminadoUSA, any, pilaminado},
-};
 
 /// While a dialog rebuilds a piece it lays the plates itself.
 bool g_layingPlates = false;
@@ -88,11 +39,11 @@ public:
     int edit(AcDbObjectId entity) const override {
         PieceValues values;
         if (!read(entity, values)) return RTERROR;
-        const MakeRun make = commandOf(values);
-        if (make == nullptr) return RTERROR;
+        const ProfileCommand* const command = commandOf(values);
+        if (command == nullptr) return RTERROR;
         try {
             const LayingPlates laying;
-            return make()->edit(values);
+            return newRun(*command)->edit(values);
         } catch (const std::exception&) {
             reportNoMemory();
             return RTERROR;
@@ -135,8 +86,8 @@ double lengthBetween(const ZpObject& piece, const zp::edicao::Faces& limits) {
 
 /// True when the command of such a piece would lay its plates.
 bool platesHold(const PieceValues& piece) {
-    const MakeRun make = commandOf(piece);
-    return make != nullptr && make()->platesHold(piece);
+    const ProfileCommand* const command = commandOf(piece);
+    return command != nullptr && newRun(*command)->platesHold(piece);
 }
 
 /// Members whose values are changed one by one keep the rule of their plates.
@@ -167,11 +118,11 @@ public:
             values = valuesOf(*piece.object());
             values.lacedLength = lengthBetween(*piece.object(), before);
         }
-        const MakeRun make = commandOf(values);
-        if (make == nullptr) return;
+        const ProfileCommand* const command = commandOf(values);
+        if (command == nullptr) return;
         const LayingPlates laying;
         try {
-            make()->layAgain(values);
+            newRun(*command)->layAgain(values);
         } catch (const std::exception&) {
             reportNoMemory();
         }
@@ -184,11 +135,17 @@ PlateKeeper g_plateKeeper;
 
 }  // namespace
 
-MakeRun commandOf(const PieceValues& piece) {
-    const auto* const origin = std::ranges::find_if(kOrigins, [&](const Origin& o) {
-        return o.classe == piece.classe && o.fits(piece.values);
-    });
-    return origin != std::end(kOrigins) ? origin->make : nullptr;
+const ProfileCommand* commandOf(const PieceValues& piece) {
+    const ProfileCommand* general = nullptr;
+    for (const CommandRow& row : commandTable()) {
+        const ProfileDescription& description = row.command.description;
+        if (description.pieces.classe != piece.classe) continue;
+        if (description.draws == nullptr)
+            general = &row.command;
+        else if (description.draws(piece.values))
+            return &row.command;
+    }
+    return general;
 }
 
 void installPieceEditor() {

@@ -55,19 +55,20 @@ AcGePoint3d startOf(const ZpObject& piece) {
 std::unique_ptr<ZpObject> makeModel(const ProfileDescription& description, const RunState& state,
                                     const PieceValues& piece, AcGePoint3d start) {
     const PieceRequest request = requestFor(state, chosenView(state.views));
-    AcGePoint3d end = start + AcGeVector3d::kXAxis * state.views.length;
+    const AcGePoint3d end = start + AcGeVector3d::kXAxis * state.views.length;
     const bool between = piece.twoPoints && !state.views.sectionOnly;
-    std::unique_ptr<ZpObject> model =
-        between ? description.twoPoints(start, end, request) : description.onePoint(start, request);
+    std::unique_ptr<ZpObject> model = between ? makeBetween(description, start, end, request)
+                                              : makeAtPoint(description, start, request);
     (void)model->settipoBarra(static_cast<ZpObject::TipoBarra>(state.barType));
     if (description.finish != nullptr) description.finish(*model, request);
     return model;
 }
 
 /// What the command remembers of the piece as it was.
-RunState stateBefore(const RunState& state, const PieceValues& piece) {
+RunState stateBefore(const ProfileDescription& description, const RunState& state,
+                     const PieceValues& piece) {
     RunState before = state;
-    before.medidas = piece.medidas;
+    before.medidas = medidasOf(description, piece.values);
     before.views.sectionOnly = piece.view == ZpObject::kVistaSecao;
     before.views.view = piece.view;
     before.views.length = piece.length;
@@ -159,15 +160,15 @@ int rebuildPiece(const ProfileDescription& description, const RunState& state,
         return RTERROR;
     }
     const AcGePoint3d start = startOf(edit.peca());
+    const RunState before = stateBefore(description, state, piece);
     const std::unique_ptr<ZpObject> model = makeModel(description, state, piece, start);
     // Another row of a catalogue is another section; else values that no tile shows stay.
-    if (state.medidas.m == piece.medidas.m)
-        zp::edicao::mantem(
-            edit.peca(), *makeModel(description, stateBefore(state, piece), piece, start), *model);
+    if (state.medidas.m == before.medidas.m)
+        zp::edicao::mantem(edit.peca(), *makeModel(description, before, piece, start), *model);
     NoPlates none;
     const double pitch = layPlates ? layPlates(*model, start, none).pitch : 0.0;
     const ChangedDimensions dimensions =
-        compare(layOutDimensions(description, stateBefore(state, piece), edit.peca(), shownPitch),
+        compare(layOutDimensions(description, before, edit.peca(), shownPitch),
                 layOutDimensions(description, state, *model, pitch), start);
     const bool wanted = sharedDimensionFlag() != 0;
     const bool again = !piece.dimensioned || dimensions.otherOnes || model->vista() != piece.view;

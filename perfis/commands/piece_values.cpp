@@ -10,55 +10,7 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
 using zp::secao::Papel;
-
-/// The tiles of the command from the values of the class; the inverse of the generators.
-Medidas medidasOf(Classe classe, const Dados& v) {
-    using enum Papel;
-    Medidas m;
-    m.h = v[H];
-    m.b = v[B1];
-    m.t = v[T];
-    m.a = v[Vao];
-    m.av = v[VaoV];
-    m.d = v[D];
-    m.di = (v[D] - v[Dint]) / 2.0;
-    const bool single = zp::secao::descricao(classe).composicao == zp::secao::Composicao::Uma;
-    m.m = single ? v[M] : v[M] / 2.0;
-    switch (classe) {
-        case Classe::UDobrado:
-        case Classe::ZDobrado:
-        case Classe::Cartola:
-            m.a = v[Aba];
-            break;
-        case Classe::CaixaDobrado:
-            if (v[Aba] != 0.0 && v[Vao] == 0.0) m.a = v[Aba];
-            break;
-        case Classe::IDobrado:
-            m.e = v[Aba];
-            break;
-        case Classe::BNLaminado:
-        case Classe::BNDuplaLaminada:
-            m.b = v[H];  // equal legs, of which the class keeps one
-            break;
-        case Classe::ILaminadoUSA:
-            m.t = v[Tf1];
-            m.a = v[Tw];
-            break;
-        case Classe::ISoldado:
-            m.b = m.bc = v[Bc];
-            m.bb = v[Bb];
-            m.t = m.tc = v[Tc];
-            m.tb = v[Tb];
-            m.a = v[Tw];
-            break;
-        default:
-            break;
-    }
-    return m;
-}
 
 std::vector<PlateValues> platesOf(const ZpObject& piece) {
     AcGeMatrix3d toPiece;
@@ -81,7 +33,6 @@ std::vector<PlateValues> platesOf(const ZpObject& piece) {
 
 void takeChanges(const ZpObject& changed, PieceValues& piece) {
     piece.values = zp::edicao::valoresDe(changed);
-    piece.medidas = medidasOf(piece.classe, piece.values);
     piece.length = changed.getComprimentoReal();
 }
 

@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "perfis/commands/medidas.h"
 #include "perfis/entities/zpobject.h"
 #include "zp/objects/secao/classes.h"
 
@@ -25,7 +24,6 @@ struct PieceValues {
     AcDbObjectId id;
     zp::secao::Classe classe = zp::secao::Classe::Nenhuma;
     zp::secao::Dados values;  ///< of the constructor, by role
-    Medidas medidas;
     ZpObject::ZpVistas view = ZpObject::kVistaSecao;
     double turn = 0.0;       ///< about its own axis, radians
     bool twoPoints = false;  ///< made between two points

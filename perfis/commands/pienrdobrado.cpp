@@ -9,18 +9,14 @@
 namespace perfis {
 namespace {
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpIDobrado>(point, request.view, m.h, m.b, m.b, m.t, m.t, m.a,
-                                        request.length, m.e, 0.0, 0.0);
-}
+using zp::secao::Classe;
+using zp::secao::Dados;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpIDobrado>(start, end, request.view, m.h, m.b, m.b, m.t, m.t, m.a, m.e,
-                                        0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {B1, &Medidas::b},  {B2, &Medidas::b},  {T, &Medidas::t},
+    {Ri, &Medidas::t}, {Vao, &Medidas::a}, {Aba, &Medidas::e},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     dimensionWVT(d, m);
@@ -38,8 +34,9 @@ const ProfileDescription kDescription = {
     .insertions = kFourCorners<halfAcrossGap, halfHeight>,
     .wrong = wrongGapOrLip,
     .memberShift = nullptr,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpIDobrado, Classe::IDobrado>,
+    .values = kValues,
+    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] != kHats; },
     .dimensionSection = dimensionSection,
 };
 
@@ -54,6 +51,6 @@ constexpr BuiltUpRule kRule = {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pienrdobrado() { return makeBuiltUp(kDescription, kRule); }
+const ProfileCommand pienrdobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

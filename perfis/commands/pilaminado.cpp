@@ -15,6 +15,10 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using zp::secao::Dados;
+using enum zp::secao::Papel;
+
 constexpr const wchar_t* kInconsistent =
     L"Listas de favoritos inconsistentes. Contate o suporte.\n";
 
@@ -28,23 +32,32 @@ constexpr DimensionTile kTiles[] = {
 /// mm2, in the factors in which the trade has it.
 double areaOf(const Medidas& m) { return m.m * 100.0 * 1.271848; }
 
-ZpILaminadoUSA::ISolType typeOf(const PieceRequest& request) {
-    return static_cast<ZpILaminadoUSA::ISolType>(rolledSource(request.source).sectionType);
+void addType(Dados& values, const PieceRequest& request) {
+    values[Tipo] = rolledSource(request.source).sectionType;
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpILaminadoUSA>(point, request.view, m.h, m.b, m.a, m.t,
-                                            typeOf(request), 0.0, 0.0, request.length, areaOf(m),
-                                            m.m);
+ZpILaminadoUSA::ISolType typeOf(const Dados& v) {
+    return static_cast<ZpILaminadoUSA::ISolType>(v[Tipo]);
 }
 
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpILaminadoUSA>(start, end, request.view, m.h, m.b, m.a, m.t,
-                                            typeOf(request), 0.0, areaOf(m), m.m);
-}
+/// The class takes its type as an enumeration among the numbers.
+constexpr PieceClass kPieces{
+    Classe::ILaminadoUSA,
+    [](const AcGePoint3d& point, ZpObject::ZpVistas view,
+       const Dados& v) -> std::unique_ptr<ZpObject> {
+        return std::make_unique<ZpILaminadoUSA>(point, view, v[H], v[B1], v[Tw], v[Tf1], typeOf(v),
+                                                0.0, 0.0, v[L], v[A], v[M]);
+    },
+    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas view,
+       const Dados& v) -> std::unique_ptr<ZpObject> {
+        return std::make_unique<ZpILaminadoUSA>(start, end, view, v[H], v[B1], v[Tw], v[Tf1],
+                                                typeOf(v), 0.0, v[A], v[M]);
+    }};
+
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},   {B1, &Medidas::b}, {Tw, &Medidas::a},
+    {Tf1, &Medidas::t}, {A, areaOf},       {M, &Medidas::m},
+};
 
 const ProfileDescription kPerfilIL = {
     .dialog = L"vi_lam_geracao",
@@ -56,8 +69,9 @@ const ProfileDescription kPerfilIL = {
     .insertions = kBoxEdges<&Medidas::b>,
     .wrong = wrongHbta,
     .memberShift = boxMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieces,
+    .values = kValues,
+    .complete = addType,
     .dimensionSection = dimensionISection,
     .insertionPrompt = kIInsertionPrompt,
     .pickAndGo = PickAndGo::kAsksBothEnds,
@@ -177,6 +191,6 @@ void RolledRun::pickRow(ads_hdlg dialog, int index) {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pilaminado() { return std::make_unique<RolledRun>(); }
+const ProfileCommand pilaminado{kPerfilIL, newRunOf<RolledRun>};
 
 }  // namespace perfis

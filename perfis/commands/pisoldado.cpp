@@ -13,6 +13,9 @@
 namespace perfis {
 namespace {
 
+using zp::secao::Classe;
+using enum zp::secao::Papel;
+
 constexpr DimensionTile kTiles[] = {
     {L"h", &Medidas::h, L"0"},
     {L"b", &Medidas::b, L"0"},
@@ -20,18 +23,10 @@ constexpr DimensionTile kTiles[] = {
     {.key = L"a", .value = &Medidas::a, .initialText = L"0", .hasAction = false},
 };
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpISoldado>(point, request.view, m.h, m.b, m.b, m.a, m.t,
-                                        request.length, 0.0, 0.0, m.m);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpISoldado>(start, end, request.view, m.h, m.b, m.b, m.a, m.t, 0.0,
-                                        m.m);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {Bc, &Medidas::b}, {Bb, &Medidas::b},
+    {Tw, &Medidas::a}, {Tc, &Medidas::t}, {M, &Medidas::m},
+};
 
 void setSeries(ZpObject& piece, const PieceRequest& request) {
     (void)static_cast<ZpISoldado&>(piece).setSubType(
@@ -49,8 +44,8 @@ const ProfileDescription kVigaI = {
     .insertions = kBoxEdges<&Medidas::b>,
     .wrong = wrongHbta,
     .memberShift = boxMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpISoldado, Classe::ISoldado>,
+    .values = kValues,
     .dimensionSection = dimensionISection,
     .insertionPrompt = kIInsertionPrompt,
     .pickAndGo = PickAndGo::kAsksBothEnds,
@@ -177,6 +172,6 @@ void WeldedRun::keepEdits(const std::wstring& path) {
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pisoldado() { return std::make_unique<WeldedRun>(); }
+const ProfileCommand pisoldado{kVigaI, newRunOf<WeldedRun>};
 
 }  // namespace perfis

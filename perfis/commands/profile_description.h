@@ -9,6 +9,7 @@
 #include "perfis/catalogues/catalogue.h"
 #include "perfis/commands/insertion.h"
 #include "perfis/commands/medidas.h"
+#include "perfis/commands/section_values.h"
 #include "perfis/entities/zpobject.h"
 #include "perfis/output/dimensions.h"
 #include "perfis/output/placement.h"
@@ -70,9 +71,18 @@ struct ProfileDescription {
     Medida (*wrong)(const Medidas&);
     /// Alignment of longitudinal views; null where the piece is moved to a face point instead.
     Shift (*memberShift)(const Medidas&, const MemberPlace&);
-    std::unique_ptr<ZpObject> (*onePoint)(AcGePoint3d& point, const PieceRequest&);
-    std::unique_ptr<ZpObject> (*twoPoints)(AcGePoint3d& start, AcGePoint3d& end,
-                                           const PieceRequest&);
+    /// What is drawn, from the dialog's numbers; figures of the views dialog that are not drawn as
+    /// they are named.
+    PieceClass pieces;
+    std::span<const RoleValue> values;
+    std::span<const Face> faces{};
+    /// Which drawn pieces of the class are this command's; null where it takes all that no other
+    /// command claims.
+    bool (*draws)(const zp::secao::Dados&) = nullptr;
+    /// Values that do not come from the dialog's numbers.
+    void (*complete)(zp::secao::Dados&, const PieceRequest&) = nullptr;
+    /// Numbers of the dialog that are not values of the class.
+    void (*readBack)(Medidas&, const zp::secao::Dados&) = nullptr;
     void (*dimensionSection)(PieceDimensions&, const Medidas&);
     /// The section is a piece of the member's length instead of 1000.
     bool keepsLengthInSection = false;
@@ -84,9 +94,6 @@ struct ProfileDescription {
     bool listsAtOwnPoint = false;
     /// Last settings of a piece before it enters the drawing.
     void (*finish)(ZpObject&, const PieceRequest&) = nullptr;
-    /// Figure of the views dialog from the view and the turn that a member carries; null where the
-    /// figure is the view.
-    int (*figureOf)(ZpObject::ZpVistas view, double turn) = nullptr;
     /// Row that replaces another one; null where it is built as a new one is.
     std::wstring (*buildReplacement)(ads_hdlg) = nullptr;
 };

@@ -56,7 +56,7 @@ int placeOnePiece(const ProfileDescription& description, RunState& state,
         state.views.length = kSectionLength;
 
     const PieceRequest request = requestFor(state, view);
-    std::unique_ptr<ZpObject> made = description.onePoint(point, request);
+    std::unique_ptr<ZpObject> made = makeAtPoint(description, point, request);
     point = alignToFace(description, state, *made, point);
     finish(description, state, request, *made);
     OpenPiece piece(std::move(made));
@@ -107,7 +107,7 @@ int dragPieces(const ProfileDescription& description, const RunState& state) {
         if (getWCSpoint(start, description.startPrompt) != RTNORM) return RTNORM;
         AcGePoint3d end;
         const PieceRequest request = requestFor(state, view);
-        std::unique_ptr<ZpObject> piece = description.twoPoints(start, end, request);
+        std::unique_ptr<ZpObject> piece = makeBetween(description, start, end, request);
         finish(description, state, request, *piece);
         if (ZpObjectJig(std::move(piece)).run() != AcEdJig::kNormal) return RTNORM;
     }
@@ -120,7 +120,7 @@ int drawBetweenPoints(const ProfileDescription& description, const RunState& sta
         AcGePoint3d start;
         AcGePoint3d end;
         if (askStartAndEnd(start, end) != RTNORM) return RTCAN;
-        std::unique_ptr<ZpObject> piece = description.twoPoints(start, end, request);
+        std::unique_ptr<ZpObject> piece = makeBetween(description, start, end, request);
         finish(description, state, request, *piece);
         const OpenPiece resident(std::move(piece));
     }

@@ -23,7 +23,10 @@ ProfileRun::ProfileRun(const ProfileDescription& description)
       m_catalogue(description.makeCatalogue()),
       m_state(resetState(description)) {}
 
-void ProfileRun::execute() { (void)runDialog(); }
+void ProfileRun::execute() {
+    sharedDimensionFlag() = 0;
+    (void)runDialog();
+}
 
 /// False when the dialog could not be opened.
 bool ProfileRun::runDialog() {
@@ -109,19 +112,16 @@ bool ProfileRun::platesHold(const PieceValues& piece) {
 }
 
 void ProfileRun::takePiece(const PieceValues& piece) {
-    m_state.medidas = piece.medidas;
+    m_state.medidas = medidasOf(m_description, piece.values);
     m_state.barType = piece.barType;
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
-        m_state.texts[i] = FormatInString(piece.medidas.*m_description.tiles[i].value);
+        m_state.texts[i] = FormatInString(m_state.medidas.*m_description.tiles[i].value);
     ViewsChoice& views = m_state.views;
     views.sectionOnly = piece.view == ZpObject::kVistaSecao;
     views.length = piece.length;
     views.materialList = piece.listed > 0;
     views.pieces = piece.listed;
-    if (!views.sectionOnly)
-        views.view = m_description.figureOf != nullptr
-                         ? m_description.figureOf(piece.view, piece.turn)
-                         : piece.view;
+    if (!views.sectionOnly) views.view = figureOf(m_description, piece.view, piece.turn);
 }
 
 void ProfileRun::setSectionModes(ads_hdlg dialog) {
@@ -200,9 +200,14 @@ void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
         m_state.medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
 }
 
-void draw(MakeRun make) {
+std::unique_ptr<ProfileRun> newRun(const ProfileCommand& command) {
+    return command.make != nullptr ? command.make()
+                                   : std::make_unique<ProfileRun>(command.description);
+}
+
+void draw(const ProfileCommand& command) {
     try {
-        make()->execute();
+        newRun(command)->execute();
     } catch (const std::exception&) {
         reportNoMemory();
     }

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Command perfilur: cold-formed lipped U.
-#include <numbers>
-
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/commands/profile_run.h"
@@ -10,7 +8,9 @@
 namespace perfis {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+using zp::secao::Classe;
+using zp::secao::Dados;
+using enum zp::secao::Papel;
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
@@ -27,19 +27,10 @@ constexpr Insertion kInsertions[] = {
      }},
 };
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    const double turn = request.view == ZpObject::kVistaInferior ? kPi : 0.0;
-    return std::make_unique<ZpUDobrado>(point, request.view, m.h, m.b, m.b, m.t, m.t, kPi / 2,
-                                        kPi / 2, request.length, turn, 0.0, m.a);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpUDobrado>(start, end, request.view, m.h, m.b, m.b, m.t, m.t, kPi / 2,
-                                        kPi / 2, 0.0, m.a);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {B1, &Medidas::b},   {B2, &Medidas::b},   {T, &Medidas::t},
+    {Ri, &Medidas::t}, {Ang1, kRightAngle}, {Ang2, kRightAngle}, {Aba, &Medidas::a},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     dimensionWVT(d, m);
@@ -56,13 +47,15 @@ const ProfileDescription kPerfilUEnrijecido = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .memberShift = uMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpUDobrado, Classe::UDobrado>,
+    .values = kValues,
+    .faces = kChannelFaces,
+    .draws = [](const Dados& v) { return v[Aba] != 0.0; },
     .dimensionSection = dimensionSection,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pudoben() { return std::make_unique<ProfileRun>(kPerfilUEnrijecido); }
+const ProfileCommand pudoben{kPerfilUEnrijecido};
 
 }  // namespace perfis

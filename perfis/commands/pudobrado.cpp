@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Command perfilu: cold-formed plain U.
-#include <numbers>
-
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/commands/profile_run.h"
@@ -10,21 +8,13 @@
 namespace perfis {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    const double turn = request.view == ZpObject::kVistaInferior ? kPi : 0.0;
-    return std::make_unique<ZpUDobrado>(point, request.view, m.h, m.b, m.b, m.t, m.t, kPi / 2,
-                                        kPi / 2, request.length, turn, 0.0, 0.0);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpUDobrado>(start, end, request.view, m.h, m.b, m.b, m.t, m.t, kPi / 2,
-                                        kPi / 2, 0.0, 0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {B1, &Medidas::b},   {B2, &Medidas::b},   {T, &Medidas::t},
+    {Ri, &Medidas::t}, {Ang1, kRightAngle}, {Ang2, kRightAngle},
+};
 
 const ProfileDescription kPerfilU = {
     .dialog = L"pu_geracao",
@@ -37,13 +27,14 @@ const ProfileDescription kPerfilU = {
     .insertions = kUInsertions,
     .wrong = wrongHbt,
     .memberShift = uMemberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpUDobrado, Classe::UDobrado>,
+    .values = kValues,
+    .faces = kChannelFaces,
     .dimensionSection = dimensionWVT,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pudobrado() { return std::make_unique<ProfileRun>(kPerfilU); }
+const ProfileCommand pudobrado{kPerfilU};
 
 }  // namespace perfis

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Command perfilz: cold-formed Z with lips.
-#include <numbers>
-
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/commands/profile_run.h"
@@ -10,7 +8,8 @@
 namespace perfis {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+using zp::secao::Classe;
+using enum zp::secao::Papel;
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
@@ -27,18 +26,10 @@ Shift memberShift(const Medidas& m, const MemberPlace& place) {
     return shiftByReach(symmetricReach(m.h, 2.0 * m.b - m.t, place.view), place);
 }
 
-std::unique_ptr<ZpObject> onePoint(AcGePoint3d& point, const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpZDobrado>(point, request.view, m.h, m.b, m.a, m.t, m.t, kPi / 2,
-                                        kPi / 2, request.length, 0.0, 0.0, 0.0, 0.0);
-}
-
-std::unique_ptr<ZpObject> twoPoints(AcGePoint3d& start, AcGePoint3d& end,
-                                    const PieceRequest& request) {
-    const Medidas& m = request.medidas;
-    return std::make_unique<ZpZDobrado>(start, end, request.view, m.h, m.b, m.a, m.t, m.t, kPi / 2,
-                                        kPi / 2, 0.0, 0.0, 0.0);
-}
+constexpr RoleValue kValues[] = {
+    {H, &Medidas::h},  {B1, &Medidas::b},   {Aba, &Medidas::a},  {T, &Medidas::t},
+    {Ri, &Medidas::t}, {Ang1, kRightAngle}, {Ang2, kRightAngle},
+};
 
 void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.width();
@@ -57,13 +48,13 @@ const ProfileDescription kPerfilZ = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .memberShift = memberShift,
-    .onePoint = onePoint,
-    .twoPoints = twoPoints,
+    .pieces = kPieceClass<ZpZDobrado, Classe::ZDobrado>,
+    .values = kValues,
     .dimensionSection = dimensionSection,
 };
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> pzdobrado() { return std::make_unique<ProfileRun>(kPerfilZ); }
+const ProfileCommand pzdobrado{kPerfilZ};
 
 }  // namespace perfis

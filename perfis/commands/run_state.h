@@ -26,7 +26,7 @@ struct RunState {
     int source = 0;  ///< catalogue in force, where a command has several
 };
 
-/// The state with which a run of this command starts; turns the shared dimension flag off.
+/// The state with which a run of this command starts.
 RunState resetState(const ProfileDescription& description);
 
 }  // namespace perfis

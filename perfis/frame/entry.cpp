@@ -2,8 +2,8 @@
 // Entry point of ZpPerfis18.arx: registers the command group at load and removes it at unload.
 #include "accmd.h"
 #include "acutads.h"
+#include "perfis/commands/command_table.h"
 #include "perfis/commands/piece_editor.h"
-#include "perfis/frame/command_table.h"
 #include "rxdefs.h"
 #include "rxregsvc.h"
 

@@ -21,7 +21,7 @@ protected:
 /// Limits for a section 100 x 40 x 4 with a = 90.
 struct Limits {
     const char* name;
-    MakeRun make;
+    const ProfileCommand& command;
     bool userHeight;
     std::wstring tooLow;    ///< A itself is not allowed
     std::wstring greatest;  ///< A itself is allowed
@@ -53,7 +53,7 @@ TEST_F(BuiltUpDialog, EachCommandHasItsLacingLimits) {
         host.play({L"altura=" + limits.tooLow, L"accept", L"altura=" + limits.tooHigh, L"accept",
                    L"altura=" + limits.greatest, L"accept"});
         host.play({});
-        draw(limits.make);
+        draw(limits.command);
         EXPECT_TRUE(host.has(L"valor error: A deve ser maior que " + limits.tooLow));
         EXPECT_TRUE(host.has(L"valor error: A deve ser menor ou igual a " + limits.greatest));
         // The second visit starts from what the first one kept.

@@ -14,16 +14,12 @@
 namespace {
 
 using zp::secao::Classe;
-using zp::secao::Descricao;
+using zp::secao::linha;
 using zp::secao::Papel;
 
 template <class Enumeracao>
 constexpr int numero(Enumeracao e) {
     return static_cast<int>(e);
-}
-
-constexpr const Descricao& linha(Classe c) {
-    return zp::secao::kTabela[static_cast<std::size_t>(c)];
 }
 
 template <class>

@@ -24,7 +24,7 @@ static_assert(completa());
 
 }  // namespace
 
-const Descricao& descricao(Classe classe) { return kTabela[static_cast<std::size_t>(classe)]; }
+const Descricao& descricao(Classe classe) { return linha(classe); }
 
 const Papeis* papeisDe(Classe classe, int pontos, int valores) {
     const Descricao& d = descricao(classe);

@@ -126,6 +126,10 @@ inline constexpr std::array<Descricao, kClasses> kTabela{{
      {},
      Uma, montagem::nenhuma, L"CH", textos::larguraEEspessura},
 }};
-    // clang-format on
+// clang-format on
+
+constexpr const Descricao& linha(Classe classe) {
+    return kTabela[static_cast<std::size_t>(classe)];
+}
 
 }  // namespace zp::secao

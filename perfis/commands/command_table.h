@@ -5,6 +5,7 @@
 #include <span>
 
 #include "accmd.h"
+#include "perfis/commands/handlers.h"
 
 namespace perfis {
 
@@ -15,6 +16,7 @@ struct CommandRow {
     const ACHAR* globalName;
     const ACHAR* localName;
     AcRxFunctionPtr handler;  ///< no exception leaves it
+    const ProfileCommand& command;
 };
 
 std::span<const CommandRow> commandTable();
