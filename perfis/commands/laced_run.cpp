@@ -83,9 +83,9 @@ void LacedRun::onToggle(const ads_callback_packet& packet) {
 LaidPlates LacedRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
     const Medidas& medidas = state().medidas;
     PlateMaker maker(piece, {m_plates.C, medidas.t, m_plates.A}, supply);
-    // From the left a piece may be drawn as seen from the right and turned by half a circle.
-    const bool onEdge =
-        piece.vista() == ZpObject::kVistaDireita || piece.vista() == ZpObject::kVistaEsquerda;
+    // The view of the piece, not of the dialog: an angle seen from the left is drawn as seen from
+    // the right, after half a turn.
+    const bool onEdge = piece.vista() == ZpObject::kVistaDireita;
     const bool turned = zp::edicao::valoresDe(piece)[zp::secao::Papel::Giro] != 0.0;
     const double line = m_lacing.edgeRow(medidas);
     const PlateRule rule = onEdge ? onEdgeSwapped(turned ? -line : line) : flat(m_plates.A / 2.0);
