@@ -224,6 +224,28 @@ TEST_F(Arquivo, RegistroCortadoOuEstragadoERecusado) {
     }
 }
 
+TEST_F(Arquivo, MedidasQueNenhumComandoDaSaoRecusadas) {
+    ZpUDobrado u(AcGePoint3d(), ZpObject::kVistaSecao, 200, 75, 75, 3, 3, 0, 0, 1000, 0, 0, 20);
+    Grupos grupos;
+    u.dxfOutFields(&grupos);
+    std::vector<std::size_t> reais;
+    for (std::size_t i = 0; i < grupos.grupos.size(); ++i)
+        if (grupos.grupos[i].codigo == 40) reais.push_back(i);
+    ASSERT_EQ(grupos.grupos[reais[0]].reais[0], 200.0);
+    // The height, the upper flange, and the length that stands behind the eleven values.
+    for (const std::size_t qual : {reais[0], reais[1], reais[11]}) {
+        for (const double valor : {-5.0, 1e308, 2e9, 1.0}) {
+            Grupos outros;
+            outros.grupos = grupos.grupos;
+            outros.grupos[qual].reais[0] = valor;
+            outros.rele(outros.grupos.size());
+            ZpUDobrado lida;
+            EXPECT_EQ(lida.dxfInFields(&outros), valor == 1.0 ? Acad::eOk : Acad::eInvalidInput)
+                << qual << " " << valor;
+        }
+    }
+}
+
 TEST_F(Arquivo, VersaoMaisNovaERecusadaComMotivo) {
     ZpBarraRedonda barra(AcGePoint3d(), ZpObject::kVistaSecao, 25.4, 1000, 0);
     Grupos grupos;

@@ -248,7 +248,7 @@ Acad::ErrorStatus ZpMarca::dxfInFields(AcDbDxfFiler* filer) {
         acutDelString(r.resval.rstring);
     }
     boa = boa && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfReal &&
-          r.resval.rreal > 0.0;
+          r.resval.rreal > 0.0 && r.resval.rreal <= 1e9;
     if (!boa) return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
     m_altura = r.resval.rreal;
     m_temPeca = false;

@@ -3,7 +3,10 @@
 // flag, length, angle, start, changed values, links.
 #include "zp/objects/arquivo.h"
 
+#include <algorithm>
 #include <cmath>
+
+#include "zp/objects/medidas_editaveis.h"
 
 namespace zp {
 namespace {
@@ -61,6 +64,24 @@ bool leMudados(Leitor& leitor, Peca& p) {
         p.atuais[static_cast<std::size_t>(lugar)] = valor;
     }
     return true;
+}
+
+/// mm, far beyond any piece; what is larger overflows in areas and masses.
+constexpr double kMaiorMedida = 1e9;
+
+/// False for values that no command gives a piece: a size below zero or beyond measure.
+bool medidasPossiveis(const Peca& p) {
+    const secao::Papeis& papeis = *secao::papeisDe(p.classe, p.forma, p.quantos);
+    const auto possivel = [&](double v, secao::Papel papel) {
+        const auto medidas = fichas::medidas();
+        const bool tamanho = std::ranges::any_of(medidas, [papel](const fichas::Medida& m) {
+            return m.papel == papel && m.limite == fichas::Limite::Positivo;
+        });
+        return std::abs(v) <= kMaiorMedida && !(tamanho && v < 0.0);
+    };
+    for (std::size_t i = 0; i < p.quantos; ++i)
+        if (!possivel(p.dados[i], papeis[i]) || !possivel(p.atuais[i], papeis[i])) return false;
+    return p.comprimento <= kMaiorMedida;
 }
 
 bool cabe(int v, int maximo) { return v >= 0 && v <= maximo; }
@@ -234,8 +255,12 @@ Acad::ErrorStatus ZpObject::dxfInFields(AcDbDxfFiler* filer) {
         return filer->setError(Acad::eBadDxfSequence, L"%ls: falta o registro da peça.", nome);
     zp::LeitorDxf leitor(*filer);
     int versao = 0;
-    switch (zp::lePeca(leitor, *m_peca, versao)) {
+    zp::Peca lida;
+    lida.classe = m_peca->classe;
+    switch (zp::lePeca(leitor, lida, versao)) {
         case zp::Leitura::Boa:
+            if (!zp::medidasPossiveis(lida)) break;
+            *m_peca = std::move(lida);
             return filer->filerStatus();
         case zp::Leitura::Nova:
             return filer->setError(Acad::eNotImplementedYet,
