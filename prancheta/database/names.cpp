@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "prancheta/base/symbol_name.h"
 #include "prancheta/base/text.h"
 
 namespace prancheta {
@@ -14,7 +15,7 @@ bool isValidName(std::wstring_view name, bool isBlock) {
     if (name.empty() || name.size() > 255) return false;
     return std::none_of(name.begin(), name.end(), [](wchar_t c) {
         return c < 32 || c == 127 ||
-               std::wstring_view(L"<>/\\\":;?*|=`").find(c) != std::wstring_view::npos;
+               (c < 128 && kForbiddenInNames.find(static_cast<char>(c)) != std::string_view::npos);
     });
 }
 

@@ -2,6 +2,7 @@
 // Records of TABLES.
 #include <cmath>
 
+#include "prancheta/base/symbol_name.h"
 #include "prancheta/base/text.h"
 #include "prancheta/verify/examiner.h"
 
@@ -14,7 +15,7 @@ void examineName(Examiner& examiner, const dxf::Record& record, std::string_view
     if (trim(name).empty()) return examiner.error("registro sem nome (grupo 2)");
     const bool anonymous = record.type == "BLOCK_RECORD" || record.type == "VPORT";
     const std::string_view rest = anonymous && name.starts_with('*') ? name.substr(1) : name;
-    if (rest.find_first_of("<>/\\\":;?*|=`,") != std::string_view::npos &&
+    if (rest.find_first_of(kForbiddenInNames) != std::string_view::npos &&
         rest.find("\\U+") == std::string_view::npos)
         examiner.error("o nome " + shown(name) + " tem caracteres proibidos", name.data());
     // Several records of one name tile the screen.
