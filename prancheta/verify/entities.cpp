@@ -212,24 +212,37 @@ void examineOwner(Examiner& examiner, const dxf::Record& record) {
         examiner.error("o dono da entidade é outro bloco");
 }
 
+/// First value of a code in the entity's head, or anywhere in a file without markers. Behind the
+/// first marker of its type the same codes mean other things.
+std::string_view headValueOf(const dxf::Record& record, int code) {
+    for (const dxf::Tag& tag : record.tags) {
+        if (tag.code == code) return tag.value;
+        if (tag.code == 100 && trim(tag.value) != "AcDbEntity") break;
+    }
+    return {};
+}
+
 void examineProperties(Examiner& examiner, const dxf::Record& record) {
     const Census& census = examiner.census();
-    const std::string_view layer = valueOf(record, 8);
+    const std::string_view layer = headValueOf(record, 8);
     if (layer.data() == nullptr)
         examiner.error("a entidade não diz a camada (grupo 8)");
     else if (!census.knows(Census::kLayers, layer))
         examiner.error("a camada " + shown(layer) + " não existe", layer.data());
-    const std::string_view linetype = valueOf(record, 6);
+    const std::string_view linetype = headValueOf(record, 6);
     if (linetype.data() != nullptr && !census.knows(Census::kLinetypes, linetype))
         examiner.error("o tipo de linha " + shown(linetype) + " não existe", linetype.data());
-    const long long color = integer(record, 62, 256);
+    long long color = 256;
+    long long weight = -1;
+    double scale = 1.0;
+    (void)dxf::parseInteger(headValueOf(record, 62), color);  // a bad value was told already
+    (void)dxf::parseInteger(headValueOf(record, 370), weight);
+    (void)dxf::parseReal(headValueOf(record, 48), scale);
     if (color < 0 || color > 257) examiner.error("cor fora de 0 a 256");
-    const long long weight = integer(record, 370, -1);
     if (std::find(std::begin(kLineWeights), std::end(kLineWeights), weight) ==
         std::end(kLineWeights))
         examiner.error("espessura de linha " + std::to_string(weight) + " não existe");
-    if (const auto scale = real(record, 48); scale && *scale <= 0.0)
-        examiner.error("escala de tipo de linha que não é positiva");
+    if (scale <= 0.0) examiner.error("escala de tipo de linha que não é positiva");
     const std::string_view style = valueOf(record, 7);
     if (style.data() != nullptr && !census.knows(Census::kStyles, style))
         examiner.error("o estilo de texto " + shown(style) + " não existe", style.data());
