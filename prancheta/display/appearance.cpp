@@ -15,23 +15,6 @@ namespace {
 constexpr int kWhite = 7;
 constexpr double kDefaultLineWeight = 0.25;
 
-constexpr Rgb kFixed[] = {
-    {255, 255, 255}, {255, 0, 0},   {255, 255, 0},   {0, 255, 0},     {0, 255, 255},
-    {0, 0, 255},     {255, 0, 255}, {255, 255, 255}, {128, 128, 128}, {192, 192, 192},
-};
-
-/// Truncated, as the palette is published.
-std::uint8_t level(double share) { return static_cast<std::uint8_t>(share * 255.0 + 1e-9); }
-
-/// Hue in degrees, the others 0 to 1.
-Rgb fromHsv(double hue, double saturation, double value) {
-    const auto channel = [&](double shift) {
-        const double k = std::fmod(shift + hue / 60.0, 6.0);
-        return level(value - value * saturation * std::clamp(std::min(k, 4.0 - k), 0.0, 1.0));
-    };
-    return {channel(5.0), channel(3.0), channel(1.0)};
-}
-
 struct TraitsHash {
     std::size_t operator()(const PictureTraits& traits) const {
         std::size_t hash = std::hash<Adesk::LongPtr>()(traits.layer.asOldId());
@@ -70,19 +53,6 @@ std::vector<double> inTurn(const AcDbLinetypeTableRecord& linetype, double scale
 }
 
 }  // namespace
-
-Rgb paletteColor(int index) {
-    if (index < 1 || index > 255) return kFixed[kWhite];
-    if (index < 10) return kFixed[index];
-    if (index >= 250) {
-        const double grey = 0.2 + 0.16 * (index - 250);
-        return {level(grey), level(grey), level(grey)};
-    }
-    constexpr double kValues[] = {1.0, 0.65, 0.5, 0.3, 0.15};
-    const int hues = index / 10 - 1;
-    const double hue = 15.0 * hues;
-    return fromHsv(hue, index % 2 == 0 ? 1.0 : 0.5, kValues[index % 10 / 2]);
-}
 
 /// A layer or linetype that changes is seen by the next look-up.
 struct AppearanceTable::Impl : public AcDbDatabaseReactor {

@@ -2,24 +2,14 @@
 // How a primitive looks: colour, dashes and line weight after by-layer and by-block are resolved.
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "dbapserv.h"
+#include "prancheta/graphics/palette.h"
 #include "prancheta/graphics/picture.h"
 
 namespace prancheta {
-
-struct Rgb {
-    std::uint8_t red = 255, green = 255, blue = 255;
-    bool operator==(const Rgb&) const = default;
-};
-
-/// Colour 1..255 of the index palette. 7 is white here: whoever draws on a light ground draws it
-/// black.
-Rgb paletteColor(int index);
 
 struct Appearance {
     Rgb color;

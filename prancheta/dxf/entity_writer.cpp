@@ -5,6 +5,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/piece_record.h"
+#include "prancheta/dxf/releases.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -27,12 +28,18 @@ Adesk::UInt64 handleOf(const AcDbEntity& entity, const Place& place) {
     return place.handle != 0 ? place.handle : entity.objectId().handle().value();
 }
 
+/// The next marker or record.
+std::size_t endOfSubclass(const RawTags& tags, std::size_t at) {
+    while (at < tags.size() && tags[at].code != 100 && tags[at].code != 0) ++at;
+    return at;
+}
+
 }  // namespace
 
-bool EntityWriter::isUnknownGroup(int code) const {
-    const bool since2004 = code == 420 || code == 430 || code == 440;
-    const bool since2007 = code == 284 || code == 347 || code == 348;
-    return (since2004 && m_version < "AC1018") || (since2007 && m_version < "AC1021");
+void EntityWriter::raw(std::string_view type, const RawTags& tags, std::size_t first,
+                       std::size_t last) {
+    for (std::size_t i = first; i < last; ++i)
+        if (!isUnknownGroup(m_version, type, tags[i].code)) m_out.raw(tags[i].code, tags[i].value);
 }
 
 void EntityWriter::links(const ObjectExtra* extra, Adesk::UInt64 dictionary) {
@@ -67,7 +74,7 @@ std::size_t EntityWriter::applicationGroups(const RawTags& foreign) {
     return at;
 }
 
-void EntityWriter::common(const AcDbEntity& entity, const Place& place) {
+void EntityWriter::common(const AcDbEntity& entity, const Place& place, int color) {
     static const std::string kLayerZero = "0";
     if (place.paper) m_out.integer(67, 1);
     m_out.text(8, m_names.of(ObjectAccess::layer(entity), kLayerZero));
@@ -75,7 +82,7 @@ void EntityWriter::common(const AcDbEntity& entity, const Place& place) {
     if (!linetype.isNull() && !linetype.isErased() &&
         (entity.database() == nullptr || linetype != entity.database()->byLayerLinetype()))
         m_out.text(6, m_names.of(linetype));
-    if (entity.colorIndex() != 256) m_out.integer(62, entity.colorIndex());
+    if (color != 256) m_out.integer(62, color);
     if (entity.linetypeScale() != 1.0) m_out.real(48, entity.linetypeScale());
     if (entity.lineWeight() != AcDb::kLnWtByLayer) m_out.integer(370, entity.lineWeight());
     if (entity.visibility() == AcDb::kInvisible) m_out.integer(60, 1);
@@ -90,10 +97,10 @@ void EntityWriter::head(std::string_view type, const AcDbEntity& entity, const P
     links(ObjectAccess::extra(entity), dictionary);
     m_out.handle(330, place.owner);
     m_out.marker("AcDbEntity");
-    common(entity, place);
     const std::size_t last = firstMarker(foreign);
-    for (std::size_t i = first; i < last; ++i)
-        if (!isUnknownGroup(foreign[i].code)) m_out.raw(foreign[i].code, foreign[i].value);
+    common(entity, place,
+           indexOfTrueColor(m_version, foreign, first, last).value_or(entity.colorIndex()));
+    raw(kAnyEntity, foreign, first, last);
 }
 
 void EntityWriter::xdata(const AcDbEntity& entity) {
@@ -106,6 +113,8 @@ void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 o
     bool named = false;
     bool owned = false;
     bool inGroup = false;
+    bool common = false;  // between AcDbEntity and the marker behind it
+    std::optional<int> color;
     for (std::size_t i = first; i < tags.size(); ++i) {
         const RawTag& tag = tags[i];
         if (tag.code == 0) {
@@ -116,6 +125,15 @@ void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 o
             if (!owned) m_out.handle(330, owner);
             head = false;
         }
+        if (tag.code == 100 || tag.code == 0) {
+            common = tag.code == 100 && tag.value == "AcDbEntity";
+            const std::size_t end = common ? endOfSubclass(tags, i + 1) : i;
+            color = indexOfTrueColor(m_version, tags, i, end);
+        }
+        if (common && color && tag.code == 420) m_out.integer(62, *color);
+        if (common &&
+            ((color && tag.code == 62) || isUnknownGroup(m_version, kAnyEntity, tag.code)))
+            continue;
         if (tag.code == 102) inGroup = tag.value != "}";
         std::uint64_t handle = 0;
         const bool own = head && !inGroup;
@@ -149,7 +167,7 @@ void EntityWriter::writeForeign(const ForeignEntity& entity, const RawTags& tags
     // Extended data belongs to the main record, before its parts.
     std::size_t first = 0;
     while (first < tags.size() && tags[first].code != 0) ++first;
-    m_out.raw(tags, 0, first);
+    raw(entity.typeName(), tags, 0, first);
     xdata(entity);
     parts(tags, first, handleOf(entity, place), place.newParts);
 }

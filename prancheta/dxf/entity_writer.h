@@ -42,12 +42,11 @@ public:
     /// there a second time, in a copy of what it belongs to, gets a handle of its own.
     void parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner, bool renamed = false);
 
-    /// True for common groups that a release of this version does not know.
-    bool isUnknownGroup(int code) const;
-
 private:
-    void common(const AcDbEntity& entity, const Place& place);
+    void common(const AcDbEntity& entity, const Place& place, int color);
     void writeForeign(const ForeignEntity& entity, const RawTags& tags, const Place& place);
+    /// Groups [first, last) of a record of this type, without what the release does not know.
+    void raw(std::string_view type, const RawTags& tags, std::size_t first, std::size_t last);
 
     TagWriter& m_out;
     SaveNames& m_names;

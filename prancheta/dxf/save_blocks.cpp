@@ -52,7 +52,8 @@ void Saver::writeBlock(const Block& block) {
     const AcDbObjectId id = block.record->objectId();
     writeBlockPart("BLOCK", block, block.begin);
     if (id != m_core.modelSpaceId() && id != m_core.paperSpaceId())
-        writeEntities(*block.record, false);
+        // A layout that is not the current one has its entities here.
+        writeEntities(*block.record, block.record->isLayout());
     writeBlockPart("ENDBLK", block, block.end);
 }
 

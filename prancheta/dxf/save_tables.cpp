@@ -4,6 +4,7 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/dxf/releases.h"
 #include "prancheta/dxf/saver.h"
 
 namespace prancheta::dxf {
@@ -16,8 +17,6 @@ constexpr const char* kOrder[] = {"VPORT", "LTYPE", "LAYER",    "STYLE",       "
 const AcDbSymbolTable& tableAt(AcDbObjectId id) {
     return static_cast<const AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
 }
-
-bool isBlockGroupSince2007(int code) { return code == 70 || code == 280 || code == 281; }
 
 }  // namespace
 
@@ -200,17 +199,16 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
             handle = static_cast<long long>(m_standard.modelLayout);
         if (record.objectId() == m_core.paperSpaceId())
             handle = static_cast<long long>(m_standard.paperLayout);
-        RawTags kept;
-        for (const RawTag& tag : foreign)
-            if (!m_entities.isUnknownGroup(tag.code) &&
-                !(isBlock && m_version < "AC1021" && isBlockGroupSince2007(tag.code)))
-                kept.push_back(tag);
         // What stands behind a group 0 belongs to the block, not to its record.
-        const auto part =
-            std::find_if(kept.begin(), kept.end(), [](const RawTag& tag) { return tag.code == 0; });
+        RawTags kept(foreign.begin(),
+                     std::find_if(foreign.begin(), foreign.end(),
+                                  [](const RawTag& tag) { return tag.code == 0; }));
+        if (type.name == std::string_view("LAYER"))
+            if (const auto index = indexOfTrueColor(m_version, kept, 0, kept.size()))
+                m_values.integers[1] = m_values.integers[1] < 0 ? -*index : *index;
+        dropUnknownGroups(m_version, type.name, kept);
         const bool hasUnits =
-            std::any_of(kept.begin(), part, [](const RawTag& tag) { return tag.code == 70; });
-        kept.erase(part, kept.end());
+            std::any_of(kept.begin(), kept.end(), [](const RawTag& tag) { return tag.code == 70; });
         writeFields(type.fields, m_values, m_names, m_out, &kept, 0);
         if (isBlock && m_version >= "AC1021" && !hasUnits) {
             m_out.integer(70, 0);

@@ -307,3 +307,69 @@ TEST(Foreign, ReferencesWithAttributesNameTheirBlockAsTextsAreWritten) {
                         "AC1015", blocks));
     EXPECT_EQ(countOf(all, "BLOCK"), 3U) << "the two spaces and the block itself";
 }
+
+TEST(Foreign, WhatAReleaseDoesNotKnowStaysOutOfItsFiles) {
+    const char* others =
+        "0 SECTION|2 TABLES|0 TABLE|2 LAYER|5 2|330 0|100 AcDbSymbolTable|70 1|0 LAYER|5 21|330 "
+        "2|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 Eixos|70 0|62 -7|420 16711680|6 "
+        "Continuous|347 0|0 ENDTAB|0 TABLE|2 DIMSTYLE|5 8|330 0|100 AcDbSymbolTable|70 1|0 "
+        "DIMSTYLE|105 A8|330 8|100 AcDbSymbolTableRecord|100 AcDbDimStyleTableRecord|2 COTA|70 "
+        "0|69 2|70 3|284 8|290 1|371 -2|0 ENDTAB|0 ENDSEC";
+    const std::string head = "|330 1F|100 AcDbEntity|8 0|62 5|420 ";
+    const std::string entities =
+        "0 LINE|5 B1" + head + "65280|100 AcDbLine|10 0|20 0|30 0|11 1|21 0|31 0|0 HATCH|5 B2" +
+        head +
+        "8421504|440 33554559|284 1|100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 "
+        "1|71 0|91 1|92 7|72 0|73 1|93 3|10 0|20 0|10 5|20 0|10 5|20 5|97 0|75 1|76 1|98 0|450 "
+        "1|451 0|460 0|461 0|452 0|462 0|453 2|463 0|63 5|421 255|463 1|63 2|421 16776960|470 "
+        "LINEAR|0 INSERT|5 B3|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|66 1|2 B|10 0|20 "
+        "0|30 0|0 ATTRIB|5 B4|330 B3" +
+        head +
+        "255|100 AcDbText|10 0|20 0|30 0|40 2|1 x|100 AcDbAttribute|2 N|70 0|0 SEQEND|5 B5|330 "
+        "B3|100 AcDbEntity|8 0";
+    const auto database = loadText(fileWith(entities, "AC1032", others));
+    ASSERT_NE(database, nullptr);
+    const Groups newest = groupsOf(saved(*database));
+    const Groups oldest = groupsOf(saved(*database, {dxf::Version::R2000}));
+    // Red, green and the middle grey stand so in the palette; blue is colour 5.
+    struct Case {
+        const char* type;
+        const char* index;
+        std::vector<int> gone;
+    };
+    const Case cases[] = {{"LINE", "3", {420}},
+                          {"HATCH", "8", {420, 421, 440, 284, 63, 450, 453, 460, 463, 470}},
+                          {"ATTRIB", "5", {420}},
+                          {"LAYER", "-1", {420, 347}},
+                          {"DIMSTYLE", nullptr, {69, 290}}};
+    for (const Case& c : cases) {
+        const auto of = [&](const Groups& all) {
+            if (std::string(c.type) == "LAYER") return record(all, c.type, 2, "Eixos");
+            return std::string(c.type) == "DIMSTYLE" ? record(all, c.type, 2, "COTA")
+                                                     : record(all, c.type);
+        };
+        for (const int code : c.gone) {
+            EXPECT_NE(valueOf(of(newest), code), "(sem o grupo)") << c.type << " " << code;
+            EXPECT_EQ(valueOf(of(oldest), code), "(sem o grupo)") << c.type << " " << code;
+        }
+        if (c.index == nullptr) continue;
+        EXPECT_EQ(valueOf(of(oldest), 62), c.index) << c.type;
+    }
+    const Groups style = record(oldest, "DIMSTYLE", 2, "COTA");
+    EXPECT_EQ(valueOf(style, 284), "8") << "zeros of tolerances, as old as the style";
+    EXPECT_EQ(valueOf(style, 371), "-2");
+    EXPECT_EQ(
+        std::count_if(style.begin(), style.end(), [](const Group& g) { return g.code == 70; }), 1)
+        << "the flags only";
+}
+
+TEST(Foreign, EntitiesOfASecondLayoutStandOnPaper) {
+    const char* blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|5 D1|330 D0|100 AcDbEntity|67 1|8 0|100 AcDbBlockBegin|2 "
+        "*Paper_Space0|70 0|10 0|20 0|30 0|3 *Paper_Space0|1 |0 CIRCLE|5 D3|330 D0|100 "
+        "AcDbEntity|67 1|8 0|100 AcDbCircle|10 0|20 0|30 0|40 9.5|0 ENDBLK|5 D2|330 D0|100 "
+        "AcDbEntity|67 1|8 0|100 AcDbBlockEnd|0 ENDSEC";
+    const Groups all = passed(fileWith("0 POINT|8 0|10 0|20 0", "AC1015", blocks));
+    EXPECT_EQ(valueOf(record(all, "CIRCLE"), 67), "1");
+    EXPECT_EQ(valueOf(record(all, "POINT"), 67), "(sem o grupo)");
+}
