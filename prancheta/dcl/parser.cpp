@@ -6,6 +6,7 @@
 #include <cassert>
 #include <set>
 
+#include "prancheta/base/nesting.h"
 #include "prancheta/dcl/base_library.h"
 #include "prancheta/dcl/check.h"
 #include "prancheta/dcl/kinds.h"
@@ -16,8 +17,6 @@ namespace prancheta::dcl {
 namespace fs = std::filesystem;
 namespace {
 
-constexpr int kDeepestNesting = 64;
-constexpr std::size_t kDeepestInclude = 32;
 constexpr std::size_t kMostAttributes = 200;
 constexpr std::size_t kMostTilesOfFile = 200000;
 constexpr std::string_view kSettings = "dcl_settings";
@@ -313,7 +312,7 @@ Result<void> FileParser::finish(Definition& d) {
         d.depth = std::max(d.depth, child.definition->depth + 1);
     }
     if (d.tiles > kMostTiles) return d.at.error("há componentes demais nesta definição");
-    if (d.depth > kDeepestTree) return d.at.error("há componentes demais um dentro do outro");
+    if (d.depth > kDeepestNesting) return d.at.error("há componentes demais um dentro do outro");
     return {};
 }
 
@@ -341,7 +340,7 @@ Result<void> loadFile(Load& load, const fs::path& path, const Place* includedAt)
     if (error) identity = path;
     if (std::find(load.open.begin(), load.open.end(), identity) != load.open.end())
         return circleOfIncludes(load, identity, *includedAt);
-    if (load.open.size() >= kDeepestInclude)
+    if (load.open.size() >= kDeepestNesting)
         return includedAt->error("há arquivos demais incluídos um dentro do outro");
     if (!load.seen.insert(identity).second) return {};
 

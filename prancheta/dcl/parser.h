@@ -32,6 +32,5 @@ const Library& baseLibrary();
 
 /// Largest dialog, in tiles, and deepest one, in levels.
 constexpr std::size_t kMostTiles = 5000;
-constexpr int kDeepestTree = 128;
 
 }  // namespace prancheta::dcl

@@ -261,6 +261,7 @@ bool Loader::complete() {
                  entity->objectId().handle().value());
         entity->close();
     }
+    noteNesting();
     foreign.acadVersion = m_version;
     m_core.undo().clear();
     m_core.undo().setRecording(true);

@@ -3,6 +3,7 @@
 // else is kept as it stands.
 #include <algorithm>
 
+#include "prancheta/base/nesting.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/value_list.h"
@@ -55,9 +56,6 @@ resbuf* itemOf(const Tags& body, std::size_t& i, LoadNames& names) {
             return nullptr;
     }
 }
-
-/// Dictionaries inside one another; what lies deeper is kept as the file has it.
-constexpr int kDeepestDictionary = 200;
 
 }  // namespace
 
@@ -132,7 +130,8 @@ bool Loader::takeChild(AcDbDictionary& dictionary, const std::wstring& key, Ades
     const bool isRoot = dictionary.objectId() == m_database.namedObjectsDictionaryId();
     const bool free = span != nullptr && !span->kept && !(isRoot && isFormatsOwn(key));
     AcDbObjectId id;
-    if (free && span->type == "DICTIONARY" && m_dictionaryDepth < kDeepestDictionary) {
+    // What lies deeper is kept as the file has it.
+    if (free && span->type == "DICTIONARY" && m_dictionaryDepth < kDeepestNesting) {
         auto* const child = new AcDbDictionary;
         if (!m_core.makeResident(*child, dictionary.objectId(), claim(handle, nullptr))) {
             delete child;

@@ -62,6 +62,7 @@ private:
     bool readObjects();
     bool keepSection(std::string_view name);
     bool complete();
+    void noteNesting();
 
     // Blocks.
     FileBlock& block(const std::wstring& name);

@@ -8,6 +8,7 @@
 
 #include "dbents.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/entities/block_content.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -34,7 +35,7 @@ void MovedDimensions::plan(const std::vector<AcDbObjectId>& blocks) {
     forEachEntity(blocks, [&](const AcDbEntity& entity) {
         const auto* const foreign = ForeignEntity::cast(&entity);
         if (foreign == nullptr || !wasMoved(*foreign)) return;
-        if (const AcDbObjectId block = blockOf(*foreign); !block.isNull())
+        if (const AcDbObjectId block = blockShownBy(*foreign); !block.isNull())
             moved.push_back({foreign, block});
     });
     if (moved.empty()) return;
@@ -44,7 +45,7 @@ void MovedDimensions::plan(const std::vector<AcDbObjectId>& blocks) {
         if (const auto* const reference = AcDbBlockReference::cast(&entity))
             taken.insert(reference->blockTableRecord());
         if (const auto* const foreign = ForeignEntity::cast(&entity))
-            if (!wasMoved(*foreign)) taken.insert(blockOf(*foreign));
+            if (!wasMoved(*foreign)) taken.insert(blockShownBy(*foreign));
     });
     for (const NewBlock& each : moved) {
         if (taken.insert(each.source).second) {

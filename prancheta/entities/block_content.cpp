@@ -6,7 +6,12 @@
 #include <memory>
 #include <utility>
 
+#include "dbents.h"
+#include "prancheta/base/nesting.h"
+#include "prancheta/base/text.h"
+#include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/tag_list.h"
 
 namespace prancheta {
 
@@ -14,10 +19,14 @@ namespace {
 
 /// Blocks of one drawing may nest so that their copies multiply without end.
 constexpr std::size_t kMostPrimitives = 500000;
+constexpr std::size_t kMostBlocks = 100000;
 
 /// Blocks being drawn, outermost first: drawing recurses through the entities and has no other way
 /// to see that it comes back to where it was.
 thread_local std::vector<AcDbStub*> g_drawing;
+
+/// Blocks that were begun since the outermost one: those without any primitive multiply too.
+thread_local std::size_t g_begun = 0;
 
 thread_local BlocksDrawn* g_noted = nullptr;
 
@@ -56,6 +65,20 @@ PictureTraits BlockInheritance::resolved(PictureTraits traits) const {
     return traits;
 }
 
+AcDbObjectId blockShownBy(const AcDbEntity& entity) {
+    if (const auto* const reference = AcDbBlockReference::cast(&entity))
+        return reference->blockTableRecord();
+    const auto* const foreign = ForeignEntity::cast(&entity);
+    AcDbObjectId block;
+    if (foreign == nullptr || entity.database() == nullptr) return block;
+    if (foreign->typeName() != "INSERT" && !foreign->typeName().ends_with("DIMENSION")) return block;
+    const AcDbObjectPointer<AcDbBlockTable> table(entity.database()->blockTableId(),
+                                                  AcDb::kForRead);
+    if (table.openStatus() == Acad::eOk)
+        (void)table->getAt(findName(foreign->tags(), 2).c_str(), block);  // null when missing
+    return block;
+}
+
 AcGePoint3d blockOrigin(AcDbObjectId block) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
     return record.openStatus() == Acad::eOk ? record->origin() : AcGePoint3d::kOrigin;
@@ -82,7 +105,9 @@ Picture blockPicture(AcDbObjectId block, const PictureTraits& reference,
     AcDbStub* const stub = block;
     if (g_noted != nullptr) g_noted->blocks.push_back(stub);
     const bool inside = std::find(g_drawing.begin(), g_drawing.end(), stub) != g_drawing.end();
-    if (stub == nullptr || inside) return content;
+    if (stub == nullptr || inside || g_drawing.size() >= kDeepestNesting) return content;
+    if (g_drawing.empty()) g_begun = 0;
+    if (++g_begun > kMostBlocks) return content;
     const DrawingScope scope(stub);
     const bool mirrored = moved.det() < 0.0;
     forEachInBlock(block, [&](AcDbEntity& entity) {

@@ -22,6 +22,10 @@ private:
     AcDbObjectId m_byBlock;
 };
 
+/// The block whose content the entity shows: of a reference, or of a dimension of another program.
+/// Null for all else, and when the drawing does not have the block.
+AcDbObjectId blockShownBy(const AcDbEntity& entity);
+
 /// Base point of a block; the world's origin when it cannot be opened.
 AcGePoint3d blockOrigin(AcDbObjectId block);
 
@@ -45,8 +49,9 @@ private:
 };
 
 /// What the block draws in its own coordinates, with the reference's properties. A block that
-/// contains itself is left out where it would repeat; very large nests are cut. Moved: as the moved
-/// entities draw themselves, so that texts stay readable in a mirror.
+/// contains itself is left out where it would repeat; very large nests are cut, and so is what lies
+/// deeper than kDeepestNesting. Moved: as the moved entities draw themselves, so that texts stay
+/// readable in a mirror.
 Picture blockPicture(AcDbObjectId block, const PictureTraits& reference,
                      const AcGeMatrix3d& moved = AcGeMatrix3d::kIdentity);
 

@@ -44,7 +44,4 @@ private:
     AcGeMatrix3d m_sinceDrawn;
 };
 
-/// Block that a dimension or an insertion names; null when the drawing has none of that name.
-AcDbObjectId blockOf(const ForeignEntity& entity);
-
 }  // namespace prancheta

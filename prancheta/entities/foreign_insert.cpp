@@ -34,25 +34,15 @@ AcGeMatrix3d firstCopy(const RawTags& tags, AcDbObjectId block) {
 
 }  // namespace
 
-AcDbObjectId blockOf(const ForeignEntity& entity) {
-    AcDbObjectId block;
-    AcDbDatabase* const database = entity.database();
-    if (database == nullptr) return block;
-    const AcDbObjectPointer<AcDbBlockTable> table(database->blockTableId(), AcDb::kForRead);
-    if (table.openStatus() == Acad::eOk)
-        (void)table->getAt(findName(entity.tags(), 2).c_str(), block);  // null when it is missing
-    return block;
-}
-
 void drawDimensionBlock(const ForeignEntity& entity, AcGiWorldDraw& draw) {
-    replay(blockPicture(blockOf(entity), traitsOf(entity), entity.sinceDrawn()), draw);
+    replay(blockPicture(blockShownBy(entity), traitsOf(entity), entity.sinceDrawn()), draw);
 }
 
 void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     const std::vector<RawTags> records = recordsOf(entity.tags());
     if (records.empty()) return;
     const RawTags& tags = records[0];
-    const AcDbObjectId block = blockOf(entity);
+    const AcDbObjectId block = blockShownBy(entity);
     const Picture content = blockPicture(block, traitsOf(entity));
     const AcGeMatrix3d inPlane =
         planeToWorld(planeNormal(tags)) *

@@ -218,3 +218,62 @@ TEST(Damage, DictionariesInsideOneAnotherWithoutEndDoNotCrash) {
     ASSERT_TRUE(loaded.ok()) << loaded.error().message();
     EXPECT_GE(countOf(groupsOf(saved(**loaded)), "DICTIONARY"), kCount) << "none is lost";
 }
+
+TEST(Damage, BlocksInsideOneAnotherWithoutEndAreShownToALevel) {
+    const auto nest = [](int levels, const std::string& last) {
+        std::string blocks = "0 SECTION|2 BLOCKS";
+        for (int i = 0; i < levels; ++i) {
+            const std::string inner =
+                i + 1 < levels ? "0 INSERT|8 0|2 N" + std::to_string(i + 1) + "|10 1|20 0" : last;
+            blocks += "|0 BLOCK|8 0|2 N" + std::to_string(i) +
+                      "|70 0|10 0|20 0|0 CIRCLE|8 0|10 "
+                      "0|20 0|40 1|" +
+                      inner + "|0 ENDBLK|8 0";
+        }
+        return fileWith("0 INSERT|8 0|2 N0|10 0|20 0|0 LINE|8 0|10 0|20 0|11 1|21 0", "AC1015",
+                        blocks + "|0 ENDSEC");
+    };
+    struct Case {
+        const char* what;
+        int levels;
+        std::string last;
+        const char* told;
+        double width;  ///< of the reference: a circle a level, each 1 further to the right
+    };
+    const Case cases[] = {
+        {"as deep as can be shown", 128, "0 POINT|8 0|10 0|20 0", nullptr, 129.0},
+        {"deeper", 8000, "0 POINT|8 0|10 0|20 0", "8000 níveis", 129.0},
+        {"in a circle", 5, "0 INSERT|8 0|2 N2|10 1|20 0", "contém a si mesmo", 6.0},
+        {"in itself", 1, "0 INSERT|8 0|2 N0|10 1|20 0", "\"N0\" contém a si mesmo", 2.0},
+    };
+    for (const Case& c : cases) {
+        dxf::LoadReport report;
+        const auto database = loadText(nest(c.levels, c.last), &report);
+        ASSERT_NE(database, nullptr) << c.what;
+        ASSERT_EQ(report.findings.size(), c.told != nullptr ? 1U : 0U) << c.what;
+        const std::string told = report.findings.empty() ? "" : report.findings[0].text;
+        EXPECT_NE(told.find(c.told != nullptr ? c.told : ""), std::string::npos) << told;
+        AcDbExtents extents;
+        ASSERT_EQ(modelSpace(*database).at(0)->getGeomExtents(extents), Acad::eOk) << c.what;
+        EXPECT_NEAR(extents.maxPoint().x - extents.minPoint().x, c.width, 1e-9) << c.what;
+        AcDbVoidPtrArray parts;
+        EXPECT_EQ(modelSpace(*database).at(0)->explode(parts), Acad::eOk) << c.what;
+        for (void* part : parts) delete static_cast<AcDbEntity*>(part);
+        const Groups all = groupsOf(saved(*database));
+        EXPECT_EQ(countOf(all, "INSERT"), countOf(groupsOf(nest(c.levels, c.last)), "INSERT"));
+    }
+}
+
+TEST(Damage, EmptyBlocksThatMultiplyAreCut) {
+    std::string blocks = "0 SECTION|2 BLOCKS";
+    for (int i = 0; i < 60; ++i) {
+        const std::string inner = "|0 INSERT|8 0|2 N" + std::to_string(i + 1) + "|10 1|20 0";
+        blocks += "|0 BLOCK|8 0|2 N" + std::to_string(i) + "|70 0|10 0|20 0" + inner + inner +
+                  "|0 ENDBLK|8 0";
+    }
+    blocks += "|0 BLOCK|8 0|2 N60|70 0|10 0|20 0|0 ENDBLK|8 0|0 ENDSEC";
+    const auto database = loadText(fileWith("0 INSERT|8 0|2 N0|10 0|20 0", "AC1015", blocks));
+    ASSERT_NE(database, nullptr);
+    AcDbExtents extents;
+    EXPECT_NE(modelSpace(*database).at(0)->getGeomExtents(extents), Acad::eOk) << "it is empty";
+}
