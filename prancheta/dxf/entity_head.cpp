@@ -181,8 +181,10 @@ bool appendRaw(RawTags& out, const Tags& tags, Charset charset, std::optional<Fa
             return false;
         }
         // Among the blanks of a number may be a return, which would be saved as ^M.
-        const bool isText = kindOf(tag.code) == ValueKind::Text;
-        out.push_back({tag.code, decode(isText ? tag.value : trim(tag.value), charset)});
+        const ValueKind kind = kindOf(tag.code);
+        const std::string_view value = kind == ValueKind::Text ? tag.value : trim(tag.value);
+        const bool isNull = kind == ValueKind::Handle && value.empty();
+        out.push_back({tag.code, isNull ? "0" : decode(value, charset)});
     }
     return true;
 }

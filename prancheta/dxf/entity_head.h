@@ -35,7 +35,7 @@ bool splitEntity(const Record& record, RecordHead& head, std::optional<Fault>& f
 bool splitRecord(const Record& record, int handleCode, RecordHead& head,
                  std::optional<Fault>& fault);
 
-/// Appends groups as they stand, after a look at their values.
+/// Appends groups as they stand, after a look at their values; an empty handle becomes 0.
 bool appendRaw(RawTags& out, const Tags& tags, Charset charset, std::optional<Fault>& fault);
 
 }  // namespace prancheta::dxf

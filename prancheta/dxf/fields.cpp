@@ -269,11 +269,12 @@ bool isDefaultCode(std::span<const Field> fields, int code) {
 /// Writes the kept groups of one subclass: from behind its marker to the next marker.
 void writeKept(std::span<const Field> fields, const char* name, const RawTags& kept,
                std::size_t first, TagWriter& out) {
+    bool inside = false;
     for (std::size_t i = first; i < kept.size(); ++i) {
-        if (kept[i].code != 100 || kept[i].value != name) continue;
-        for (++i; i < kept.size() && kept[i].code != 100 && kept[i].code != 0; ++i)
-            if (!isDefaultCode(fields, kept[i].code)) out.raw(kept[i].code, kept[i].value);
-        return;
+        if (kept[i].code == 100 || kept[i].code == 0)
+            inside = kept[i].code == 100 && kept[i].value == name;
+        else if (inside && !isDefaultCode(fields, kept[i].code))
+            out.raw(kept[i].code, kept[i].value);
     }
 }
 

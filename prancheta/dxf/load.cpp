@@ -8,7 +8,6 @@
 #include "prancheta/dxf/binary.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/loader.h"
-#include "prancheta/dxf/upgrade.h"
 #include "prancheta/entities/register.h"
 
 namespace prancheta::dxf {
@@ -226,20 +225,7 @@ bool Loader::complete() {
     if (!readWantedBlocks()) return false;
     if (!takeExtensionDictionaries()) return false;
     linkReactors();
-    ForeignContent& foreign = m_core.foreign();
-    m_givenBack = m_text.data();
-    for (const ObjectSpan& span : m_objects) {
-        doneUpTo(span.text.data());
-        if (span.kept) continue;
-        TagReader reader(span.text);
-        RawTags tags;
-        if (!reader.next(m_record)) continue;
-        tags.push_back({0, decode(m_record.type, charset())});
-        if (!appendRaw(tags, m_record.tags, charset(), m_fault)) return false;
-        if (m_version < "AC1015")
-            completeObject(tags, m_database.namedObjectsDictionaryId().handle().value());
-        foreign.objects.push_back(std::move(tags));
-    }
+    if (!keepObjects()) return false;
     std::vector<Adesk::UInt64> parts;
     forEachKeptPart(m_core, [&](Adesk::UInt64 handle) { parts.push_back(handle); });
     for (const Adesk::UInt64 handle : parts) m_core.reserveHandle(handle);
@@ -252,6 +238,7 @@ bool Loader::complete() {
             (void)m_core.changeHandle(AcDbObjectId(m_core.find(handle)), m_core.nextHandle());
     });
     m_core.assignMissingHandles();
+    takeArrows();
     applyVariables();
     for (const LaterMove& move : m_moved) {
         AcDbEntity* entity = nullptr;
@@ -262,7 +249,7 @@ bool Loader::complete() {
         entity->close();
     }
     noteNesting();
-    foreign.acadVersion = m_version;
+    m_core.foreign().acadVersion = m_version;
     m_core.undo().clear();
     m_core.undo().setRecording(true);
     return true;

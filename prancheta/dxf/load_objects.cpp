@@ -9,6 +9,7 @@
 #include "prancheta/database/value_list.h"
 #include "prancheta/dxf/loader.h"
 #include "prancheta/dxf/piece_record.h"
+#include "prancheta/dxf/upgrade.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -84,6 +85,66 @@ bool Loader::readObjects() {
     const AcDbObjectId id = m_database.namedObjectsDictionaryId();
     if (root.handle != 0) (void)m_core.changeHandle(id, claim(root.handle, nullptr));
     return takeDictionary(root, static_cast<AcDbDictionary&>(*static_cast<AcDbStub*>(id)->object));
+}
+
+/// Releases before layouts have nothing that one could belong to; writers that add them to such a
+/// file name block records that it does not have.
+void Loader::dropOldLayouts() {
+    bool dropped = false;
+    for (ObjectSpan& span : m_objects) {
+        if (span.type != "LAYOUT" || span.kept) continue;
+        span.kept = dropped = true;
+    }
+    if (!dropped) return;
+    // An entry whose object is not kept is not written.
+    const AcDbStub* const root = m_database.namedObjectsDictionaryId();
+    for (const auto& [key, id] :
+         ObjectAccess::entries(static_cast<const AcDbDictionary&>(*root->object))) {
+        const auto span = m_objectsByHandle.find(id.handle().value());
+        if (equalNoCase(key, L"ACAD_LAYOUT") && span != m_objectsByHandle.end())
+            span->second->kept = true;
+    }
+    note("as folhas (LAYOUT) deste arquivo antigo não têm blocos; foram refeitas", nullptr, 0);
+}
+
+/// The dictionary that names each object.
+std::unordered_map<Adesk::UInt64, Adesk::UInt64> Loader::ownersByName() const {
+    std::unordered_map<Adesk::UInt64, Adesk::UInt64> owners;
+    Record record;
+    for (const ObjectSpan& span : m_objects) {
+        if (span.type != "DICTIONARY" && span.type != "ACDBDICTIONARYWDFLT") continue;
+        TagReader reader(span.text);
+        if (!reader.next(record)) continue;
+        for (const Tag& tag : record.tags) {
+            Adesk::UInt64 handle = 0;
+            if ((tag.code == 350 || tag.code == 360) && parseHandle(tag.value, handle))
+                owners.try_emplace(handle, span.handle);
+        }
+    }
+    return owners;
+}
+
+/// Objects that nothing here understands, group by group.
+bool Loader::keepObjects() {
+    std::unordered_map<Adesk::UInt64, Adesk::UInt64> owners;
+    const bool isOld = m_version < "AC1015";
+    if (isOld) dropOldLayouts();
+    if (isOld) owners = ownersByName();
+    m_givenBack = m_text.data();
+    for (const ObjectSpan& span : m_objects) {
+        doneUpTo(span.text.data());
+        if (span.kept) continue;
+        TagReader reader(span.text);
+        RawTags tags;
+        if (!reader.next(m_record)) continue;
+        tags.push_back({0, decode(m_record.type, charset())});
+        if (!appendRaw(tags, m_record.tags, charset(), m_fault)) return false;
+        if (isOld)
+            completeObject(tags, owners[span.handle],
+                           m_database.namedObjectsDictionaryId().handle().value());
+        m_core.foreign().objects.push_back(std::move(tags));
+    }
+    return true;
 }
 
 /// Entries and flags of a dictionary of the file.

@@ -66,8 +66,12 @@ bool Loader::readTableRecord(const RecordType& type, const Record& record) {
     if (type.handleCode != 5) {
         // Names of arrow blocks in old files, where group 5 is no handle.
         const auto isOld = [](const Tag& tag) { return tag.code >= 5 && tag.code <= 7; };
-        m_head.body.erase(std::remove_if(m_head.body.begin(), m_head.body.end(), isOld),
-                          m_head.body.end());
+        for (const Tag& tag : m_head.body) {
+            if (!isOld(tag) || trim(tag.value).empty()) continue;
+            constexpr int kHandleOfArrow = 342;
+            m_arrows.push_back({{}, text(trim(tag.value)), kHandleOfArrow + tag.code - 5});
+        }
+        std::erase_if(m_head.body, isOld);
     }
     if (!readFields(type.fields, m_head.body, *this, m_values, m_rest, m_fault)) {
         if (!m_fault)
@@ -76,6 +80,8 @@ bool Loader::readTableRecord(const RecordType& type, const Record& record) {
     }
     if (m_values.texts[0].empty() && type.name == std::string_view("STYLE"))
         return keepUnnamedStyle(record);
+    for (LaterArrow& arrow : m_arrows)
+        if (arrow.style.empty()) arrow.style = m_values.texts[0];
     std::unique_ptr<AcDbSymbolTableRecord> made = type.make(m_values);
     ObjectAccess::setName(*made, m_values.texts[0]);
     if (!keepExtra(*made, m_rest)) return false;
@@ -129,6 +135,30 @@ bool Loader::addRecord(const RecordType& type, AcDbSymbolTableRecord* record) {
     if (!m_head.reactors.empty() || m_head.dictionary != 0)
         m_later.push_back({record, m_head.reactors, m_head.dictionary});
     return true;
+}
+
+/// Blocks are known by name when all is read, and have their handles then.
+void Loader::takeArrows() {
+    const AcDbSymbolTable& styles = tableAt(m_database.dimStyleTableId());
+    const AcDbSymbolTable& blocks = tableAt(m_database.blockTableId());
+    for (const LaterArrow& arrow : m_arrows) {
+        const AcDbObjectId style = ObjectAccess::lookup(styles, arrow.style);
+        AcDbObjectId block = ObjectAccess::lookup(blocks, arrow.block);
+        // Newer files have the arrows that every drawing knows behind an underscore.
+        if (block.isNull()) block = ObjectAccess::lookup(blocks, L"_" + arrow.block);
+        if (block.isNull() || style.isNull()) {
+            note("o estilo de cota \"" + toUtf8(arrow.style) + "\" usa a ponta \"" +
+                     toUtf8(arrow.block) + "\", que o desenho não tem; ficou a ponta comum",
+                 nullptr, 0);
+            continue;
+        }
+        RawTags& kept = ObjectAccess::makeExtra(*static_cast<AcDbStub*>(style)->object).foreign;
+        const bool known = std::any_of(kept.begin(), kept.end(),
+                                       [&](const RawTag& tag) { return tag.code == arrow.code; });
+        if (known) continue;
+        kept.push_back({100, "AcDbDimStyleTableRecord"});
+        kept.push_back({arrow.code, handleText(block.handle().value())});
+    }
 }
 
 /// A table that the host does not keep, group by group; completed when it is of an old file.

@@ -62,7 +62,9 @@ private:
     bool readObjects();
     bool keepSection(std::string_view name);
     bool complete();
+    bool keepObjects();
     void noteNesting();
+    void takeArrows();
 
     // Blocks.
     FileBlock& block(const std::wstring& name);
@@ -99,6 +101,8 @@ private:
     bool takeDictionary(ObjectSpan& span, AcDbDictionary& dictionary);
     bool takeChild(AcDbDictionary& dictionary, const std::wstring& key, Adesk::UInt64 handle);
     bool takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
+    void dropOldLayouts();
+    std::unordered_map<Adesk::UInt64, Adesk::UInt64> ownersByName() const;
     bool takeExtensionDictionaries();
     bool holdsFieldsOnly(ObjectSpan& span);
     void linkReactors();
@@ -120,6 +124,12 @@ private:
         std::vector<Adesk::UInt64> reactors;
         Adesk::UInt64 dictionary;
         bool isPiece = false;
+    };
+    /// The block of an arrow that a dimension style of an old file names.
+    struct LaterArrow {
+        std::wstring style;
+        std::wstring block;
+        int code;  ///< of its handle in newer files
     };
     struct LaterMove {
         AcDbEntity* entity;
@@ -151,6 +161,7 @@ private:
     std::vector<FileBlock*> m_wanted;                      ///< passed over, but used
     std::vector<std::pair<std::string, Tags>> m_variables;
     std::vector<LaterReactors> m_later;
+    std::vector<LaterArrow> m_arrows;
     std::vector<LaterMove> m_moved;
     std::unordered_set<AcDbStub*> m_automatic;  ///< objects whose handle the file did not give
     std::unordered_map<Adesk::UInt64, ObjectSpan*> m_objectsByHandle;

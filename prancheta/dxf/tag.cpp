@@ -98,13 +98,25 @@ bool parseInteger(std::string_view text, long long& value) {
 
 bool parseHandle(std::string_view text, std::uint64_t& value) {
     text = bare(text);
-    if (text.empty()) return false;
+    if (text.empty()) {
+        value = 0;
+        return true;
+    }
     std::uint64_t parsed = 0;
     const char* const end = text.data() + text.size();
     const auto [at, error] = std::from_chars(text.data(), end, parsed, 16);
     if (error != std::errc() || at != end) return false;
     value = parsed;
     return true;
+}
+
+std::string handleText(std::uint64_t handle) {
+    std::string out;
+    do {
+        out.insert(out.begin(), "0123456789ABCDEF"[handle & 0xFU]);
+        handle >>= 4;
+    } while (handle != 0);
+    return out;
 }
 
 bool checkValue(const Tag& tag, std::string& why) {

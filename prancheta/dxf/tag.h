@@ -29,10 +29,14 @@ struct Fault {
 };
 
 /// Values as numbers. Leading and trailing blanks are allowed, "nan" and "inf" are not; false
-/// leaves the number alone. Whole numbers may be written as reals ("1.0").
+/// leaves the number alone. Whole numbers may be written as reals ("1.0"). An empty handle is null,
+/// as other programs write it.
 bool parseReal(std::string_view text, double& value);
 bool parseInteger(std::string_view text, long long& value);
 bool parseHandle(std::string_view text, std::uint64_t& value);
+
+/// Hexadecimal digits as files have them, "0" for none.
+std::string handleText(std::uint64_t handle);
 
 /// True when the value suits its code; otherwise `why` says what is wrong, in Portuguese.
 bool checkValue(const Tag& tag, std::string& why);

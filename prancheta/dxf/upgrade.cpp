@@ -3,7 +3,6 @@
 #include "prancheta/dxf/upgrade.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "prancheta/dxf/tag.h"
 
@@ -116,17 +115,15 @@ bool isCommon(int code) {
            std::end(kCommonCodes);
 }
 
-std::string hexText(Adesk::UInt64 value) {
-    char digits[17];
-    char* const end = std::to_chars(digits, digits + 16, value, 16).ptr;
-    std::transform(digits, end, digits,
-                   [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return {digits, end};
-}
-
 bool has(const RawTags& tags, int code) {
     return std::any_of(tags.begin(), tags.end(),
                        [code](const RawTag& tag) { return tag.code == code; });
+}
+
+/// A record's own handle, unless it is null.
+bool isOwnHandle(const RawTag& tag) {
+    std::uint64_t handle = 0;
+    return tag.code == 5 && parseHandle(tag.value, handle) && handle != 0;
 }
 
 constexpr std::pair<const char*, const char*> kTableMarkers[] = {
@@ -158,7 +155,7 @@ void addSubclassMarkers(std::string_view type, RawTags& tags) {
 void completePart(RawTags& part, Adesk::UInt64 owner, const std::function<Adesk::UInt64()>& fresh) {
     const bool marked = has(part, 100);
     const bool owned = has(part, 330);
-    const bool named = has(part, 5);
+    const bool named = std::any_of(part.begin(), part.end(), isOwnHandle);
     if (marked && owned && named) return;
     const std::string type = part.front().value;
     RawTags head{part.front()};
@@ -167,6 +164,7 @@ void completePart(RawTags& part, Adesk::UInt64 owner, const std::function<Adesk:
     RawTags xdata;
     for (std::size_t i = 1; i < part.size(); ++i) {
         const RawTag& tag = part[i];
+        if (tag.code == 5 && !isOwnHandle(tag)) continue;
         if (tag.code == 5)
             head.push_back(tag);
         else if (tag.code >= 1000)
@@ -176,8 +174,8 @@ void completePart(RawTags& part, Adesk::UInt64 owner, const std::function<Adesk:
         else
             own.push_back(tag);
     }
-    if (!named) head.push_back({5, hexText(fresh())});
-    if (!owned) head.push_back({330, hexText(owner)});
+    if (!named) head.push_back({5, handleText(fresh())});
+    if (!owned) head.push_back({330, handleText(owner)});
     if (!marked) {
         head.push_back({100, "AcDbEntity"});
         addSubclassMarkers(type, own);
@@ -196,14 +194,14 @@ void completeTableRecord(RawTags& record, Adesk::UInt64 owner,
     std::string handle;
     for (std::size_t i = 1; i < record.size(); ++i) {
         if (record[i].code == 5 && handle.empty())
-            handle = record[i].value;
+            handle = isOwnHandle(record[i]) ? record[i].value : std::string();
         else if (isTable && record[i].code == 2)
             head.push_back(record[i]);
         else
             rest.push_back(record[i]);
     }
-    head.push_back({5, handle.empty() ? hexText(fresh()) : handle});
-    if (!has(record, 330)) head.push_back({330, hexText(owner)});
+    head.push_back({5, handle.empty() ? handleText(fresh()) : handle});
+    if (!has(record, 330)) head.push_back({330, handleText(owner)});
     if (!marked) {
         head.push_back({100, isTable ? "AcDbSymbolTable" : "AcDbSymbolTableRecord"});
         for (const auto& [name, marker] : kTableMarkers)
@@ -213,18 +211,18 @@ void completeTableRecord(RawTags& record, Adesk::UInt64 owner,
     record.insert(record.end(), rest.begin(), rest.end());
 }
 
-void completeObject(RawTags& record, Adesk::UInt64 root) {
+void completeObject(RawTags& record, Adesk::UInt64 owner, Adesk::UInt64 root) {
     std::size_t at = 1;
-    std::string owner;
+    std::string text = owner != 0 ? handleText(owner) : std::string();
     bool inGroup = false;
     for (std::size_t i = 1; i < record.size() && record[i].code != 100; ++i) {
         if (record[i].code == 102) inGroup = record[i].value != "}";
         if (record[i].code == 330 && !inGroup) return;
-        if (record[i].code == 330 && owner.empty()) owner = record[i].value;
+        if (record[i].code == 330 && text.empty()) text = record[i].value;
         if (record[i].code == 5 || record[i].code == 102) at = i + 1;
     }
     record.insert(record.begin() + static_cast<std::ptrdiff_t>(at),
-                  {330, owner.empty() ? hexText(root) : owner});
+                  {330, text.empty() ? handleText(root) : text});
 }
 
 }  // namespace prancheta::dxf

@@ -21,8 +21,8 @@ void completePart(RawTags& part, Adesk::UInt64 owner, const std::function<Adesk:
 void completeTableRecord(RawTags& record, Adesk::UInt64 owner,
                          const std::function<Adesk::UInt64()>& fresh);
 
-/// An object of a file that does not name owners: it belongs to its first reactor, or to the root
-/// dictionary.
-void completeObject(RawTags& record, Adesk::UInt64 root);
+/// An object of a file that does not name owners: it belongs to the dictionary that names it
+/// (`owner`, 0 none), to its first reactor, or to the root dictionary.
+void completeObject(RawTags& record, Adesk::UInt64 owner, Adesk::UInt64 root);
 
 }  // namespace prancheta::dxf

@@ -11,12 +11,6 @@
 namespace prancheta::verify {
 namespace {
 
-std::string hexText(std::uint64_t handle) {
-    std::string out;
-    for (; handle != 0; handle /= 16) out.insert(out.begin(), "0123456789ABCDEF"[handle % 16]);
-    return out.empty() ? "0" : out;
-}
-
 struct Required {
     Census::Names kind;
     const char* name;  ///< as nameKey() gives it
@@ -52,7 +46,8 @@ bool isFrame(std::string_view type) {
 std::string Remark::message() const {
     std::string out;
     if (line > 0) out += "linha " + std::to_string(line) + ": ";
-    if (!type.empty()) out += type + (handle != 0 ? " " + hexText(handle) : std::string()) + ": ";
+    if (!type.empty())
+        out += type + (handle != 0 ? " " + dxf::handleText(handle) : std::string()) + ": ";
     return out + text;
 }
 
@@ -101,7 +96,9 @@ void Examiner::warning(std::string text, const char* at) {
 void Examiner::expectObject(std::string_view handle, const char* what, const char* at) {
     const std::uint64_t value = handleValue(handle);
     if (value == 0 || m_census.objects.contains(value)) return;
-    error(std::string(what) + " aponta para o objeto " + hexText(value) + ", que não existe", at);
+    error(
+        std::string(what) + " aponta para o objeto " + dxf::handleText(value) + ", que não existe",
+        at);
 }
 
 bool Examiner::define(std::string_view kind, std::string_view name) {
@@ -172,8 +169,9 @@ void Examiner::examineHeader() {
             error(std::string(variable) + ": " + why, tag.value.data());
         }
         if (variable == "$HANDSEED" && tag.code == 5 && m_census.seed <= m_census.largest)
-            error("$HANDSEED (" + hexText(m_census.seed) + ") deve ser maior que o maior handle (" +
-                      hexText(m_census.largest) + ")",
+            error("$HANDSEED (" + dxf::handleText(m_census.seed) +
+                      ") deve ser maior que o maior handle (" + dxf::handleText(m_census.largest) +
+                      ")",
                   tag.value.data());
         if (variable == "$CLAYER" && tag.code == 8 && !m_census.knows(Census::kLayers, tag.value))
             error("$CLAYER: a camada " + shown(tag.value) + " não existe", tag.value.data());

@@ -126,6 +126,8 @@ void examineGroups(Examiner& examiner, const dxf::Record& record) {
             examiner.error(why, at);
             continue;
         }
+        if (dxf::kindOf(tag.code) == dxf::ValueKind::Handle && trim(tag.value).empty())
+            examiner.warning("o código " + std::to_string(tag.code) + " está vazio; vale 0", at);
         examineRange(examiner, tag);
         if (dxf::kindOf(tag.code) == dxf::ValueKind::Text) examineText(examiner, tag);
         if (isReference(tag.code) && examiner.census().modern) examineReference(examiner, tag);

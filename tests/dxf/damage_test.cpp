@@ -153,6 +153,30 @@ TEST(Damage, WhatCanBeRepairedIsReported) {
     EXPECT_FALSE(record(all, "LAYER", 2, "NOVA").empty());
 }
 
+TEST(Damage, AnEmptyPointerIsNull) {
+    const char* tables =
+        "0 SECTION|2 TABLES|0 TABLE|2 LAYER|5 |330 |100 AcDbSymbolTable|70 1|0 LAYER|5 A7|330 |100 "
+        "AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 A|70 0|62 1|390 |0 ENDTAB|0 "
+        "TABLE|2 DIMSTYLE|5 8|330 0|100 AcDbSymbolTable|70 1|0 DIMSTYLE|105 A8|330 8|100 "
+        "AcDbSymbolTableRecord|100 AcDbDimStyleTableRecord|2 COTA|70 0|340 |341 |0 ENDTAB|0 ENDSEC";
+    dxf::LoadReport report;
+    const auto database = loadText(
+        fileWith("0 POINT|5 |330 |100 AcDbEntity|8 A|100 AcDbPoint|10 0|20 0|0 POLYLINE|5 B1|330 "
+                 "|100 AcDbEntity|8 A|100 AcDb2dPolyline|66 1|10 0|20 0|30 0|0 VERTEX|5 |330 |100 "
+                 "AcDbEntity|8 A|100 AcDbVertex|100 AcDb2dVertex|10 1|20 1|30 0|0 SEQEND|5 |8 A",
+                 "AC1015", tables),
+        &report);
+    ASSERT_NE(database, nullptr);
+    EXPECT_TRUE(report.findings.empty());
+    const Groups all = groupsOf(saved(*database));
+    EXPECT_EQ(valueOf(record(all, "DIMSTYLE", 2, "COTA"), 341), "0");
+    EXPECT_EQ(valueOf(record(all, "LAYER", 2, "A"), 390), "0");
+    for (const Group& group : all)
+        EXPECT_FALSE(group.value.empty() && (group.code == 5 || group.code >= 320)) << group;
+    for (const char* type : {"POINT", "VERTEX", "SEQEND"})
+        EXPECT_NE(valueOf(record(all, type), 5), "0") << type;
+}
+
 TEST(Damage, ObjectsGiveWayToTheHandlesOfWhatIsKept) {
     const char* tables =
         "0 SECTION|2 TABLES|0 TABLE|2 VIEW|5 E0|330 0|100 AcDbSymbolTable|70 1|0 VIEW|5 A1|330 "

@@ -38,8 +38,10 @@ TEST(Values, NumbersOfGroupsAreReadWholeOrNotAtAll) {
     std::uint64_t handle = 0;
     EXPECT_TRUE(parseHandle(" 1aF ", handle));
     EXPECT_EQ(handle, 0x1AFU);
-    for (const char* text : {"", "G1", "-1", "1FFFFFFFFFFFFFFFF"})
+    for (const char* text : {"G1", "-1", "1FFFFFFFFFFFFFFFF"})
         EXPECT_FALSE(parseHandle(text, handle)) << text;
+    EXPECT_TRUE(parseHandle(" ", handle)) << "as other programs write a null one";
+    EXPECT_EQ(handle, 0U);
 }
 
 TEST(Charsets, ReleaseDecidesAndEachTextMayFallBack) {

@@ -95,6 +95,54 @@ TEST(Upgrade, TablesAndVariablesOfR12) {
     EXPECT_NE(header.find("$LTSCALE\n40\n3.0\n"), std::string::npos);
 }
 
+TEST(Upgrade, ArrowsOfR12AreNamedByTheirBlocks) {
+    const char* const others =
+        "0 SECTION|2 TABLES|0 TABLE|2 DIMSTYLE|70 1|0 DIMSTYLE|2 COTA|70 0|5 SETA|6 NENHUMA|7 "
+        "OPEN30|40 1.0|0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 Seta|70 0|10 0|20 0|0 "
+        "LINE|8 0|10 0|20 0|11 1|21 0|0 ENDBLK|8 0|0 BLOCK|8 0|2 _Open30|70 0|10 0|20 0|0 "
+        "ENDBLK|8 0|0 ENDSEC";
+    dxf::LoadReport report;
+    const auto database = loadText(fileWith("0 POINT|8 0|10 0|20 0", "AC1009", others), &report);
+    ASSERT_NE(database, nullptr);
+    ASSERT_EQ(report.findings.size(), 1U);
+    EXPECT_NE(report.findings[0].text.find("NENHUMA"), std::string::npos);
+    const std::string text = saved(*database);
+    const Groups all = groupsOf(text);
+    const Groups style = record(all, "DIMSTYLE", 2, "COTA");
+    EXPECT_EQ(valueOf(style, 342), valueOf(record(all, "BLOCK_RECORD", 2, "Seta"), 5));
+    EXPECT_EQ(valueOf(style, 344), valueOf(record(all, "BLOCK_RECORD", 2, "_Open30"), 5));
+    EXPECT_EQ(valueOf(style, 343), "(sem o grupo)");
+    EXPECT_TRUE(saved(*loadText(text)) == text);
+}
+
+TEST(Upgrade, ObjectsOfR12BelongToTheirDictionaries) {
+    // Writers that add the objects of newer releases name neither owners nor blocks that are there.
+    const char* const objects =
+        "0 SECTION|2 OBJECTS|0 DICTIONARY|5 C|100 AcDbDictionary|280 0|281 1|3 ACAD_GROUP|350 D|3 "
+        "ACAD_LAYOUT|350 1A|3 ACAD_MLINESTYLE|350 17|3 ACAD_PLOTSTYLENAME|350 E|0 DICTIONARY|5 "
+        "D|100 AcDbDictionary|280 0|281 1|0 ACDBDICTIONARYWDFLT|5 E|100 AcDbDictionary|281 1|3 "
+        "Normal|350 F|100 AcDbDictionaryWithDefault|340 F|0 ACDBPLACEHOLDER|5 F|0 DICTIONARY|5 "
+        "17|100 AcDbDictionary|3 Standard|350 18|0 MLINESTYLE|5 18|100 AcDbMlineStyle|2 "
+        "STANDARD|70 0|3 |62 256|51 90.0|52 90.0|71 1|49 0.5|62 256|6 BYLAYER|0 DICTIONARY|5 "
+        "1A|100 AcDbDictionary|3 Layout1|350 1E|3 Model|350 22|0 LAYOUT|5 1E|100 "
+        "AcDbPlotSettings|100 AcDbLayout|1 Layout1|71 1|330 1B|0 LAYOUT|5 22|100 "
+        "AcDbPlotSettings|100 AcDbLayout|1 Model|71 0|330 1F|0 ENDSEC";
+    dxf::LoadReport report;
+    const auto database = loadText(fileWith("0 POINT|8 0|10 0|20 0", "AC1009", objects), &report);
+    ASSERT_NE(database, nullptr);
+    EXPECT_EQ(report.findings.size(), 1U);
+    const Groups all = groupsOf(saved(*database));
+    ASSERT_EQ(countOf(all, "LAYOUT"), 2U);
+    for (const auto& [layout, block] :
+         {std::pair("Model", "*Model_Space"), std::pair("Layout1", "*Paper_Space")}) {
+        const Groups sheet = record(all, "LAYOUT", 1, layout);
+        EXPECT_EQ(sheet.back().value, valueOf(record(all, "BLOCK_RECORD", 2, block), 5));
+        EXPECT_FALSE(record(all, "DICTIONARY", 350, valueOf(sheet, 5)).empty());
+    }
+    EXPECT_EQ(valueOf(record(all, "MLINESTYLE"), 330), "17");
+    EXPECT_EQ(valueOf(record(all, "ACDBPLACEHOLDER"), 330), "E");
+}
+
 TEST(Upgrade, AlignedDimensionOfR12IsAlive) {
     const auto database = loadText(fileWith(
         "0 DIMENSION|8 0|2 *D0|10 4|20 6|30 0|11 2|21 6|31 0|70 1|1 |13 0|23 0|33 0|14 4|24 0|34 0",
