@@ -7,6 +7,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/loader.h"
 #include "prancheta/dxf/piece_in_filer.h"
+#include "prancheta/dxf/piece_plan.h"
 #include "prancheta/geometry/angles.h"
 #include "rxdict.h"
 
@@ -133,6 +134,8 @@ std::unique_ptr<AcDbEntity> Loader::readPiece(std::string_view& pictureBlock) {
         delete made;
         return refuse("a classe " + className + " não pode ser criada");
     }
+    // A class of the host's own is filed by its groups, so nothing wrote such a record.
+    if (!isPiece(*piece)) return refuse("a classe " + className + " não é de uma peça");
     if (const std::string why = fillPiece(*piece, m_piece); !why.empty()) return refuse(why);
     for (const Tag& tag : m_head.body)
         if (tag.code == 2) pictureBlock = trim(tag.value);

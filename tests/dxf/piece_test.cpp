@@ -146,6 +146,7 @@ TEST_F(Pieces, DamagedOrNewerRecordsStayReferences) {
         return out;
     };
     const std::pair<const char*, std::string> cases[] = {
+        {"a class of the host", replaced("1000\nBar\n", "1000\nAcDbLine\n")},
         {"newer layout", replaced("1071\n1\n", "1071\n2\n")},
         {"list of codes", replaced("40x3", "40x4")},
         {"no list of codes", replaced("=,70", "zz,70")},
