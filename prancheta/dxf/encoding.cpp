@@ -106,9 +106,10 @@ void decodeEscapes(std::wstring& text) {
 }
 
 std::wstring decodeWide(std::string_view value, Charset charset) {
-    std::wstring text = charset == Charset::Utf8 && isValidUtf8(value) ? toWide(value)
-                        : charset == Charset::Dos850                   ? wideFrom850(value)
-                                                                       : wideFrom1252(value);
+    std::wstring text = charset.page() != nullptr ? charset.page()->toWide(value)
+                        : charset == Charset::Utf8 && isValidUtf8(value) ? toWide(value)
+                        : charset == Charset::Dos850                     ? wideFrom850(value)
+                                                                         : wideFrom1252(value);
     decodeEscapes(text);
     return text;
 }
@@ -154,7 +155,9 @@ void appendEncoded(std::string& out, std::string_view utf8, Charset charset) {
             out.push_back(static_cast<char>(c + '@'));
         } else if (charset == Charset::Utf8) {
             out += toUtf8(std::wstring_view(wide).substr(first, at - first));
-        } else if (const int byte = byteOf(c); byte >= 0) {
+        } else if (charset.page() != nullptr && charset.page()->append(out, c)) {
+            continue;
+        } else if (const int byte = charset.page() == nullptr ? byteOf(c) : -1; byte >= 0) {
             out.push_back(static_cast<char>(byte));
         } else if (c > 0xFFFF) {
             const auto rest = c - 0x10000U;

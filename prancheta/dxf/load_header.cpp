@@ -52,16 +52,23 @@ void Loader::takeVersion() {
     takeCodePage(codePage);
 }
 
-/// Releases before UTF-8 only. The bytes of an unknown page come back as they were read, so its
-/// name has to come back with them.
+/// Releases before UTF-8 only. The texts are written in the same page again, so its name has to
+/// come back with them.
 void Loader::takeCodePage(std::string_view name) {
     const auto is = [&](const wchar_t* known) { return equalNoCase(toWide(name), known); };
     if (name.empty() || is(L"ANSI_1252") || charset() != Charset::Windows1252) return;
     if (is(L"DOS850")) return setCharset(Charset::Dos850);
-    note("a página de código " + toUtf8(toWide(name)) +
-             " não é conhecida; os acentos podem aparecer trocados",
-         name.data(), 0);
+    if (is(L"UTF-8") || is(L"UTF8")) return setCharset(Charset::Utf8);
+    m_page = CodePage::named(name);
+    if (m_page == nullptr) {
+        m_page = std::make_unique<CodePage>();
+        note("a página de código " + toUtf8(toWide(name)) +
+                 " não é conhecida; as letras que não são do ASCII não podem ser mostradas, mas "
+                 "ficam no arquivo como estão",
+             name.data(), 0);
+    }
     m_core.foreign().header.emplace_back(kCodePage, RawTags{{3, decode(name, charset())}});
+    setCharset(Charset(*m_page));
 }
 
 void Loader::takeVariable(const std::string& name, const Tags& tags) {

@@ -151,6 +151,7 @@ private:
     Record m_part;
     PieceRecord m_piece;
     std::string m_version;
+    std::unique_ptr<const CodePage> m_page;  ///< of the texts, when it is none of the usual ones
     const char* m_countedTo = nullptr;
     int m_linesCounted = 1;
     bool m_hasSeed = false;

@@ -3,6 +3,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/saver.h"
 #include "prancheta/entities/register.h"
@@ -30,6 +31,12 @@ std::string versionOf(const std::string& opened, Version wanted) {
     if (wanted == Version::R2000) return "AC1015";
     if (wanted == Version::R2018) return "AC1032";
     return opened < "AC1015" || opened > "AC1032" ? "AC1015" : opened;
+}
+
+/// As it was read: one that the system does not know gives its bytes back.
+std::unique_ptr<const CodePage> codePageNamed(std::string_view name) {
+    auto page = CodePage::named(name);
+    return page != nullptr ? std::move(page) : std::make_unique<CodePage>();
 }
 
 /// Handle that BLOCK or ENDBLK of a kept block had in the opened file.
@@ -256,7 +263,12 @@ Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
     AtomicFile file(path);
     if (auto opened = file.open(); !opened) return opened.error();
     const std::string version = versionOf(database.core().foreign().acadVersion, options.version);
-    TagWriter out(file, options.form, charsetOf(version));
+    // A file of another code page stays one.
+    std::unique_ptr<const CodePage> page;
+    if (charsetOf(version) == Charset::Windows1252)
+        for (const auto& [name, tags] : database.core().foreign().header)
+            if (name == kCodePage) page = codePageNamed(tags.front().value);
+    TagWriter out(file, options.form, page != nullptr ? Charset(*page) : charsetOf(version));
     Saver saver(database, out, version, options.view);
     if (auto written = saver.run(); !written) {
         Error error = written.error();

@@ -73,6 +73,39 @@ TEST(Charsets, EveryByteOfTheCodePageComesBack) {
     EXPECT_EQ(encoded(decode(all, Charset::Windows1252), Charset::Windows1252), all);
 }
 
+TEST(Charsets, OtherCodePagesAreTheSystems) {
+    struct Page {
+        const char* name;
+        const char* bytes;
+        const char* text;
+        const char* lacks;  ///< what is written of "é"
+    };
+    // From the published tables of the pages.
+    const Page pages[] = {{"ANSI_1251", "\xCF\xF0\xEE\xF4\xE8\xEB\xFC", "Профиль", "\\U+00E9"},
+                          {"ansi_1253", "\xC6\xE1", "Ζα", "\\U+00E9"},
+                          {"DOS437", "\x90\xE3", "Éπ", "\x82"},
+                          {"ANSI_1258", "\xD0\xC2", "ĐÂ", "\xE9"},
+                          {"ANSI_932", "\x8D\x7C a\x95\x5C\xB1", "鋼 a表ｱ", "\\U+00E9"},
+                          {"ANSI_936", "\xB8\xD6", "钢", "\xA8\xA6"}};
+    for (const Page& known : pages) {
+        const auto page = prancheta::CodePage::named(known.name);
+        ASSERT_NE(page, nullptr) << known.name;
+        const Charset charset(*page);
+        EXPECT_EQ(decode(known.bytes, charset), known.text);
+        EXPECT_EQ(encoded(known.text, charset), known.bytes);
+        EXPECT_EQ(encoded("é", charset), known.lacks) << known.name;
+        std::string all;
+        for (int byte = 0x20; byte < 0x100; ++byte) all.push_back(static_cast<char>(byte));
+        // Some pages have a character twice.
+        const std::string meant = decode(all, charset);
+        EXPECT_EQ(decode(encoded(meant, charset), charset), meant) << known.name;
+    }
+    for (const char* name : {"ANSI_99999", "UTF-16", "ANSI_1251//TRANSLIT", "../x", ""})
+        EXPECT_EQ(prancheta::CodePage::named(name), nullptr) << name;
+    const prancheta::CodePage unknown;
+    EXPECT_EQ(encoded(decode("a\xE3", Charset(unknown)) + "ã", Charset(unknown)), "a\xE3\\U+00E3");
+}
+
 TEST(Charsets, CaretsStandForControlCharacters) {
     EXPECT_EQ(decodeText("a^Jb^Ic^ d^", Charset::Utf8), L"a\nb\tc^d^");
     EXPECT_EQ(encodeText(L"a\nb\tc^d"), "a^Jb^Ic^ d");

@@ -187,14 +187,19 @@ TEST(Upgrade, CodePagesOfOldFiles) {
     EXPECT_NE(fromDos.find("\n1\na\xE7\xE3o\n"), std::string::npos);
     EXPECT_NE(fromDos.find("$DWGCODEPAGE\n3\nANSI_1252\n"), std::string::npos);
 
-    const auto greek = loadText(withPage("ANSI_1253"), &report);
-    ASSERT_NE(greek, nullptr);
-    EXPECT_EQ(report.findings.size(), 1U);
-    const std::string fromGreek = saved(*greek);
-    EXPECT_NE(fromGreek.find("\n1\na\x87\xC6o\n"), std::string::npos);
-    EXPECT_NE(fromGreek.find("$DWGCODEPAGE\n3\nANSI_1253\n"), std::string::npos);
-    EXPECT_NE(saved(*greek, {dxf::Version::R2018}).find("$DWGCODEPAGE\n3\nANSI_1252\n"),
-              std::string::npos);
+    // A page that is known, and one that is not: its bytes come back, new letters are escaped.
+    for (const char* name : {"ANSI_1253", "ANSI_9"}) {
+        const auto other = loadText(withPage(name), &report);
+        ASSERT_NE(other, nullptr);
+        append(*other, new AcDbText({0, 0, 0}, L"ação", AcDbObjectId::kNull, 2.5));
+        const std::string again = saved(*other);
+        EXPECT_NE(again.find("\n1\na\x87\xC6o\n"), std::string::npos) << name;
+        EXPECT_NE(again.find("\n1\na\\U+00E7\\U+00E3o\n"), std::string::npos) << name;
+        EXPECT_NE(again.find("$DWGCODEPAGE\n3\n" + std::string(name) + "\n"), std::string::npos);
+        EXPECT_NE(saved(*other, {dxf::Version::R2018}).find("$DWGCODEPAGE\n3\nANSI_1252\n"),
+                  std::string::npos);
+    }
+    EXPECT_EQ(report.findings.size(), 1U) << "the unknown one";
     EXPECT_NE(saved(*loadText(withPage("Ansi_1252"))).find("$DWGCODEPAGE\n3\nANSI_1252\n"),
               std::string::npos);
 }
