@@ -250,13 +250,14 @@ void examineProperties(Examiner& examiner, const dxf::Record& record) {
         examiner.error("direção de extrusão nula");
 }
 
-void examineMarkers(Examiner& examiner, const dxf::Record& record, const EntityRule& rule) {
+void examineMarkers(Examiner& examiner, const dxf::Record& record, const EntityRule* rule) {
     std::vector<std::string_view> markers;
     for (const dxf::Tag& tag : record.tags)
         if (tag.code == 100) markers.push_back(trim(tag.value));
     if (markers.empty() || markers[0] != "AcDbEntity")
         return examiner.error("falta o marcador AcDbEntity");
-    const auto wanted = rule.markers;
+    if (rule == nullptr || rule->markers.empty()) return;
+    const auto wanted = rule->markers;
     const bool fits = markers.size() > wanted.size() &&
                       std::equal(wanted.begin(), wanted.end(), markers.begin() + 1);
     if (!fits)
@@ -277,8 +278,9 @@ void examineEntity(Examiner& examiner, const dxf::Record& record) {
         examineProperties(examiner, record);
     const auto* const rule = std::find_if(std::begin(kRules), std::end(kRules),
                                           [&](const auto& r) { return r.type == record.type; });
-    if (rule == std::end(kRules)) return;
-    if (modern && !rule->markers.empty()) examineMarkers(examiner, record, *rule);
+    const bool known = rule != std::end(kRules);
+    if (modern) examineMarkers(examiner, record, known ? rule : nullptr);
+    if (!known) return;
     for (const int code : rule->required)
         if (valueOf(record, code).data() == nullptr)
             examiner.error("falta o grupo " + std::to_string(code));

@@ -115,6 +115,8 @@ void Examiner::run() {
     while (!m_ended && m_walker.next(m_record)) {
         ++m_verdict.records;
         examineSections();
+        examineFrames();
+        if (m_walker.place == Place::Blocks || m_walker.place == Place::Entities) examineSequence();
         if (m_record.type == "SECTION" && m_walker.place == Place::Header) examineHeader();
         if (m_inSection && !isFrame(m_record.type)) examineRecord();
     }
@@ -154,6 +156,49 @@ void Examiner::examineSections() {
     }
 }
 
+/// Tables and blocks begin and end in their own sections, one after the other.
+void Examiner::examineFrames() {
+    struct Frame {
+        std::string_view begin;
+        std::string_view end;
+        Place place;
+        bool* open;
+        const char* what;
+    };
+    const Frame frames[] = {{"TABLE", "ENDTAB", Place::Tables, &m_inTable, "uma tabela"},
+                            {"BLOCK", "ENDBLK", Place::Blocks, &m_inBlock, "um bloco"}};
+    const bool between = m_record.type == "SECTION" || m_record.type == "ENDSEC";
+    for (const Frame& frame : frames) {
+        const bool begins = m_record.type == frame.begin;
+        const bool ends = m_record.type == frame.end;
+        if ((begins || between) && *frame.open)
+            error(std::string(frame.what) + " não termina: falta " + std::string(frame.end));
+        if (begins || between) *frame.open = begins;
+        if ((begins || ends) && m_walker.place != frame.place)
+            error(std::string(m_record.type) + " fora da sua seção");
+        else if (ends && !*frame.open)
+            error(std::string(frame.end) + " sem começo");
+        if (ends) *frame.open = false;
+    }
+}
+
+/// Old polylines and references with attributes go on up to SEQEND.
+void Examiner::examineSequence() {
+    const std::string_view type = m_record.type;
+    const bool isPart = type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
+    if (!m_parts.empty() && type != m_parts && type != "SEQEND") {
+        error("falta SEQEND depois dos vértices ou atributos");
+        m_parts = {};
+    } else if (isPart && m_parts.empty()) {
+        error(std::string(type) + " não pertence a nenhuma entidade");
+    }
+    long long follows = 0;
+    (void)dxf::parseInteger(valueOf(m_record, 66), follows);  // a bad value was told already
+    if (type == "SEQEND") m_parts = {};
+    if (type == "POLYLINE") m_parts = "VERTEX";
+    if (type == "INSERT" && follows != 0) m_parts = "ATTRIB";
+}
+
 void Examiner::examineHeader() {
     std::string_view variable;
     std::size_t count = 0;
@@ -189,7 +234,10 @@ void Examiner::examineHandle() {
 }
 
 void Examiner::examineRecord() {
-    if (m_walker.place == Place::Classes) return examineGroups(*this, m_record);
+    if (m_walker.place == Place::Classes) {
+        if (m_record.type != "CLASS") error("registro fora do lugar na seção CLASSES");
+        return examineGroups(*this, m_record);
+    }
     examineHandle();
     examineGroups(*this, m_record);
     switch (m_walker.place) {

@@ -40,6 +40,8 @@ private:
     int lineOf(const char* at);
     void examineRecord();
     void examineSections();
+    void examineFrames();
+    void examineSequence();
     void examineHeader();
     void examineHandle();
     void finish();
@@ -60,6 +62,9 @@ private:
     std::uint64_t m_tableHandle = 0;
     std::size_t m_objects = 0;
     bool m_inSection = false;
+    bool m_inTable = false;
+    bool m_inBlock = false;
+    std::string_view m_parts;  ///< records that have to follow, up to SEQEND; empty for none
     bool m_ended = false;
     const char* m_countedTo;
     int m_line = 1;

@@ -12,6 +12,12 @@ bool isDictionary(std::string_view type) {
     return type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT";
 }
 
+bool isEntity(const dxf::Record& record) {
+    return std::any_of(record.tags.begin(), record.tags.end(), [](const dxf::Tag& tag) {
+        return tag.code == 100 && trim(tag.value) == "AcDbEntity";
+    });
+}
+
 /// Objects that belong to the dictionary that names them. Others may be named by several.
 bool isOwnedByItsDictionary(std::string_view type) {
     constexpr std::string_view kOwned[] = {
@@ -46,6 +52,7 @@ void examineEntries(Examiner& examiner, const dxf::Record& record, bool root) {
 
 void examineObject(Examiner& examiner, const dxf::Record& record) {
     if (!examiner.census().modern) return;
+    if (isEntity(record)) return examiner.error("uma entidade na seção OBJECTS");
     const std::uint64_t owner = ownerOf(record);
     const bool root = examiner.isFirstObject();
     if (root && (!isDictionary(record.type) || owner != 0))

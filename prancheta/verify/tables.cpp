@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Records of TABLES.
 #include <cmath>
+#include <span>
+#include <vector>
 
 #include "prancheta/base/symbol_name.h"
 #include "prancheta/base/text.h"
@@ -61,13 +63,37 @@ void examineStyle(Examiner& examiner, const dxf::Record& record) {
         examiner.error("altura de texto negativa");
 }
 
-struct TableCheck {
+/// What a record of a table must have, beside its name.
+struct TableRule {
     std::string_view type;
-    void (*check)(Examiner&, const dxf::Record&);
+    std::string_view marker;
+    std::span<const int> required;
+    void (*check)(Examiner&, const dxf::Record&) = nullptr;
 };
 
-constexpr TableCheck kChecks[] = {
-    {"LAYER", examineLayer}, {"LTYPE", examineLinetype}, {"STYLE", examineStyle}};
+constexpr int kFlags[] = {70};
+constexpr int kLayer[] = {70, 62};
+constexpr int kLinetype[] = {70, 3, 72, 73, 40};
+constexpr int kStyle[] = {70, 40, 41, 50, 71, 42, 3, 4};
+constexpr TableRule kRules[] = {
+    {"LAYER", "AcDbLayerTableRecord", kLayer, examineLayer},
+    {"LTYPE", "AcDbLinetypeTableRecord", kLinetype, examineLinetype},
+    {"STYLE", "AcDbTextStyleTableRecord", kStyle, examineStyle},
+    {"DIMSTYLE", "AcDbDimStyleTableRecord", kFlags},
+    {"APPID", "AcDbRegAppTableRecord", kFlags},
+    {"BLOCK_RECORD", "AcDbBlockTableRecord", {}},
+    {"VPORT", "AcDbViewportTableRecord", kFlags},
+    {"VIEW", "AcDbViewTableRecord", kFlags},
+    {"UCS", "AcDbUCSTableRecord", kFlags},
+};
+
+void examineMarkers(Examiner& examiner, const dxf::Record& record, std::string_view marker) {
+    std::vector<std::string_view> markers;
+    for (const dxf::Tag& tag : record.tags)
+        if (tag.code == 100) markers.push_back(trim(tag.value));
+    if (markers.size() < 2 || markers[0] != "AcDbSymbolTableRecord" || markers[1] != marker)
+        examiner.error("falta o marcador " + std::string(marker) + " ou está fora do lugar");
+}
 
 }  // namespace
 
@@ -87,8 +113,14 @@ void examineTableRecord(Examiner& examiner, const dxf::Record& record) {
     // A style without a name stands for a shape file.
     const std::string_view name = valueOf(record, 2);
     if (record.type != "STYLE" || !trim(name).empty()) examineName(examiner, record, name);
-    for (const TableCheck& known : kChecks)
-        if (known.type == record.type) known.check(examiner, record);
+    for (const TableRule& known : kRules) {
+        if (known.type != record.type) continue;
+        if (modern) examineMarkers(examiner, record, known.marker);
+        for (const int code : known.required)
+            if (modern && valueOf(record, code).data() == nullptr)
+                examiner.error("falta o grupo " + std::to_string(code));
+        if (known.check != nullptr) known.check(examiner, record);
+    }
 }
 
 }  // namespace prancheta::verify

@@ -106,6 +106,7 @@ TEST(Verify, EveryFaultIsToldWithItsRecordAndLine) {
         {"LAYER", 6, "TRACEJADA", "tipo de linha"},
         {"LAYER", 62, "300", "1 a 255"},
         {"LAYER", 2, "A<B", "caracteres proibidos"},
+        {"LAYER", 2, "A,B", "caracteres proibidos"},
         {"DICTIONARY", 3, "ACAD_GRUPO", "ACAD_GROUP"},
     };
     for (const Damage& fault : faults) {
@@ -121,6 +122,77 @@ TEST(Verify, EveryFaultIsToldWithItsRecordAndLine) {
                       (remark.line == lines.record || remark.line == lines.value);
         EXPECT_TRUE(placed) << all;
     }
+}
+
+TEST(Verify, RecordsStandWhereTheyBelong) {
+    const BarModule module;
+    const Groups all = groupsOf(sample());
+    using Range = std::pair<std::ptrdiff_t, std::ptrdiff_t>;
+    const auto rangeOf = [&](const std::string& type) {
+        const auto first = std::find(all.begin(), all.end(), Group{0, type});
+        const auto last =
+            std::find_if(first + 1, all.end(), [](const Group& group) { return group.code == 0; });
+        return Range(first - all.begin(), last - all.begin());
+    };
+    /// The record at the end of a section, or behind itself; groups of it left out from the end.
+    struct Case {
+        const char* type;
+        bool stays;
+        const char* section;
+        int cut;
+        const char* told;
+    };
+    const Case cases[] = {
+        {"ENDTAB", false, nullptr, 0, "uma tabela não termina"},
+        {"ENDTAB", true, "", 0, "ENDTAB sem começo"},
+        {"ENDBLK", false, nullptr, 0, "um bloco não termina"},
+        {"ENDBLK", true, "", 0, "ENDBLK sem começo"},
+        {"BLOCK", true, "ENTITIES", 0, "BLOCK fora da sua seção"},
+        {"TABLE", true, "OBJECTS", 0, "TABLE fora da sua seção"},
+        {"LINE", false, "OBJECTS", 0, "uma entidade na seção OBJECTS"},
+        {"LINE", false, "CLASSES", 0, "fora do lugar na seção CLASSES"},
+        {"LAYOUT", false, "ENTITIES", 0, "falta o marcador AcDbEntity"},
+        {"STYLE", false, "", 4, "falta o grupo 71"},
+        {"STYLE", false, "", 10, "falta o marcador AcDbTextStyleTableRecord"},
+    };
+    for (const Case& c : cases) {
+        const auto [first, last] = rangeOf(c.type);
+        Groups moved(all.begin() + first, all.begin() + last - c.cut);
+        Groups changed = all;
+        auto at = changed.begin() + last;
+        if (c.section != nullptr && *c.section != '\0')
+            at = std::find(std::find(changed.begin(), changed.end(), Group{2, c.section}),
+                           changed.end(), Group{0, "ENDSEC"});
+        const auto place = at - changed.begin();
+        if (c.section != nullptr) changed.insert(at, moved.begin(), moved.end());
+        const auto shift = c.section != nullptr && place <= first ? last - first - c.cut : 0;
+        if (!c.stays)
+            changed.erase(changed.begin() + first + shift, changed.begin() + last + shift);
+        const std::string told = messages(examined(fileText(changed)));
+        EXPECT_NE(told.find(c.told), std::string::npos) << c.type << ": " << told;
+    }
+}
+
+TEST(Verify, PartsFollowTheirEntity) {
+    const auto told = [](const char* entities) {
+        return messages(examined(fileWith(entities, "AC1009")));
+    };
+    const std::string whole = "0 POLYLINE|8 0|66 1|0 VERTEX|8 0|10 1|20 1|0 SEQEND|8 0";
+    EXPECT_EQ(told((whole + "|0 POINT|8 0|10 0|20 0").c_str()).find("SEQEND"), std::string::npos);
+    for (const char* entities : {"0 POLYLINE|8 0|66 1|0 VERTEX|8 0|10 1|20 1|0 POINT|8 0|10 0|20 0",
+                                 "0 POLYLINE|8 0|66 1", "0 INSERT|8 0|66 1|2 B|10 0|20 0|0 VERTEX"})
+        EXPECT_NE(told(entities).find("falta SEQEND"), std::string::npos) << entities;
+    EXPECT_NE(told("0 VERTEX|8 0|10 1|20 1").find("VERTEX não pertence"), std::string::npos);
+}
+
+TEST(Verify, CommonGroupsStandInTheHead) {
+    const char* const surface =
+        "0 EXTRUDEDSURFACE|8 0|100 AcDbEntity|8 0|48 0.5|100 AcDbModelerGeometry|100 "
+        "AcDbSurface|100 "
+        "AcDbExtrudedSurface|48 0.0|62 999|370 7";
+    const std::string told = messages(examined(fileWith(surface, "AC1009")));
+    for (const char* word : {"escala de tipo de linha", "cor fora", "espessura"})
+        EXPECT_EQ(told.find(word), std::string::npos) << told;
 }
 
 TEST(Verify, EntitiesStandInTheSpaceThatOwnsThem) {
