@@ -137,6 +137,21 @@ std::wstring withoutAccents(std::wstring_view text) {
     return out;
 }
 
+std::string harmless(std::string_view utf8) {
+    std::wstring out;
+    for (const wchar_t c : toWide(utf8)) {
+        if (c == L'\n' || c == L'\t' || (c >= 0x20 && c < 0x7F) || c >= 0xA0) {
+            out.push_back(c);
+        } else if (c < 0x80) {
+            out.push_back(L'^');
+            out.push_back(c ^ 0x40);
+        } else {
+            out.push_back(static_cast<wchar_t>(kReplacement));
+        }
+    }
+    return toUtf8(out);
+}
+
 std::wstring_view trim(std::wstring_view text) {
     return trimmed<std::wstring_view>(text, L" \t\r\n");
 }

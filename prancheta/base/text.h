@@ -25,6 +25,10 @@ bool equalNoCase(std::wstring_view a, std::wstring_view b);
 /// Letters of Latin-1 without their accents and cedillas, case kept: "POSIÇÃO" is "POSICAO".
 std::wstring withoutAccents(std::wstring_view text);
 
+/// A text as a terminal may have it: control characters but line feed and tab, which would steer
+/// it, become ^X, those beyond ASCII U+FFFD.
+std::string harmless(std::string_view utf8);
+
 std::wstring_view trim(std::wstring_view text);
 std::string_view trim(std::string_view text);
 

@@ -12,7 +12,10 @@
 
 namespace prancheta::console {
 
-void ConsoleUi::show(std::string_view utf8) {
+void ConsoleUi::show(std::string_view text) {
+    // Drawings, scripts and catalogues say what they like.
+    const std::string safe = harmless(text);
+    std::string_view utf8 = safe;
     // Prompts begin with a line feed; after an answer the cursor stands at a new line already.
     if (m_atLineStart && utf8.starts_with('\n')) utf8.remove_prefix(1);
     if (utf8.empty()) return;
@@ -32,7 +35,7 @@ void ConsoleUi::scriptError(const std::string& what) {
     record({"erro", {{"texto", {what}}}});
     if (!m_atLineStart) show("\n");
     std::fflush(stdout);
-    std::cerr << m_script.name() << ":" << m_script.line() << ": " << what << std::endl;
+    std::cerr << m_script.name() << ":" << m_script.line() << ": " << harmless(what) << std::endl;
 }
 
 void ConsoleUi::complain(std::wstring_view text, Complaint kind) {

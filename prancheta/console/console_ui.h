@@ -25,7 +25,7 @@ public:
     bool failed() const { return m_failed; }
 
 private:
-    void show(std::string_view utf8);
+    void show(std::string_view text);
     void scriptError(const std::string& what);
     Result<void> act(dcl::Dialog& dialog, const std::string& line);
     Result<void> inspect(dcl::Dialog& dialog, const std::string& key);

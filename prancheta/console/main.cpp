@@ -5,6 +5,7 @@
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
+#include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/console/console_ui.h"
 #include "prancheta/console/event_log.h"
@@ -26,7 +27,7 @@ class Outcome {
 public:
     bool check(const Result<void>& result, int code) {
         if (result) return true;
-        std::cerr << "prancheta-console: " << result.error().message() << std::endl;
+        std::cerr << "prancheta-console: " << harmless(result.error().message()) << std::endl;
         m_code = std::max(m_code, code);
         return false;
     }

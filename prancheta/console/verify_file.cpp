@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
 #include "prancheta/console/options.h"
 #include "prancheta/verify/verify.h"
 
@@ -20,12 +21,13 @@ std::string counted(std::size_t count, const char* one, const char* many) {
 int verifyFile(const std::string& path) {
     const auto verdict = verify::examine(resolvePath(path));
     if (!verdict) {
-        std::cerr << "prancheta-console: " << verdict.error().message() << std::endl;
+        std::cerr << "prancheta-console: " << harmless(verdict.error().message()) << std::endl;
         return kFileError;
     }
     for (const verify::Remark& remark : verdict->remarks) {
         const bool isError = remark.severity == verify::Severity::Error;
-        std::cout << path << ": " << (isError ? "erro: " : "aviso: ") << remark.message() << "\n";
+        std::cout << harmless(path + (isError ? ": erro: " : ": aviso: ") + remark.message())
+                  << "\n";
     }
     const std::size_t told = verdict->errors + verdict->warnings;
     if (told > verdict->remarks.size())

@@ -30,6 +30,15 @@ std::optional<char32_t> letterOfCode(wchar_t code) {
     }
 }
 
+/// What a sheet can show of a character: files of every format hold text, and a control character
+/// or half of a character is none.
+char32_t shown(char32_t c) {
+    if (c == U'\t' || c == U'\n' || c == U'\r') return U' ';
+    const bool control = c < 0x20 || (c >= 0x7F && c < 0xA0);
+    const bool none = (c >= 0xD800 && c < 0xE000) || (c & 0xFFFEU) == 0xFFFEU || c > 0x10FFFF;
+    return control || none ? U'?' : c;
+}
+
 bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
 
 /// Reads a text letter by letter.
@@ -44,7 +53,7 @@ struct CodeReader {
         const wchar_t c = text[at];
         if (c != L'%' || text.substr(at, 2) != L"%%" || at + 2 >= text.size()) {
             ++at;
-            return static_cast<char32_t>(c);
+            return shown(static_cast<char32_t>(c));
         }
         const wchar_t code = text[at + 2];
         if (isDigit(code) && at + 4 < text.size() && isDigit(text[at + 3]) &&
@@ -52,7 +61,7 @@ struct CodeReader {
             const int number =
                 (code - L'0') * 100 + (text[at + 3] - L'0') * 10 + text[at + 4] - L'0';
             at += 5;
-            return static_cast<char32_t>(number < 32 ? L'?' : number);
+            return shown(static_cast<char32_t>(number));
         }
         at += 3;
         if (code == L'u' || code == L'U') under = !under;

@@ -197,6 +197,27 @@ TEST_F(Console, WhatWasRepairedWhileReadingIsTold) {
     EXPECT_TRUE(has(opened.out, "\"Vigas\" não tem registro; foi criado um\n")) << opened.out;
 }
 
+TEST_F(Console, ControlCharactersOfADrawingSteerNothing) {
+    put("a.dxf",
+        "0\nSECTION\n2\nENTITIES\n0\nTEXT\n8\nCam\x1B[31mada\n10\n0\n20\n0\n40\n5\n1\n"
+        "a\x1B]0;x\x07 b\x9Bz\n0\nENDSEC\n0\nEOF\n");
+    const Outcome outcome = run("a.dxf --svg a.svg", "_list\n_all\n\n");
+    EXPECT_TRUE(has(outcome.out, "Cam^[[31mada")) << outcome.out;
+    for (const std::string& all : {outcome.out, outcome.err, run("--verifica a.dxf").out})
+        EXPECT_EQ(all.find_first_of("\x1B\x07\x7F"), std::string::npos) << all;
+    const std::string svg = text("a.svg");
+    for (const char c : svg)
+        EXPECT_TRUE(static_cast<unsigned char>(c) >= 0x20 || c == '\n' || c == '\t');
+}
+
+TEST_F(Console, LayerNamesAreThoseThatTheExaminerTakes) {
+    const Outcome outcome =
+        run("-o a.dxf", "_-layer\n_make\nA,B\n_make\nA B\n\n_line\n0,0\n9,9\n\n");
+    EXPECT_TRUE(has(outcome.out, "O nome de camada \"A,B\" é inválido.")) << outcome.out;
+    EXPECT_EQ(run("--verifica a.dxf").code, 0);
+    EXPECT_TRUE(has(text("a.dxf"), "\nA B\n"));
+}
+
 TEST_F(Console, PlotsWhatWasDrawn) {
     if (!fs::exists(kProgram.parent_path() / "libprancheta-plot.so"))
         GTEST_SKIP() << "compilado sem a plotagem";
