@@ -70,6 +70,22 @@ std::string pointsText(double points) {
     return std::string(text, end.ptr);
 }
 
+/// A text between tags.
+std::string xmlText(std::string_view utf8) {
+    std::string out;
+    for (const char c : harmless(utf8)) {
+        if (c == '<')
+            out += "&lt;";
+        else if (c == '>')
+            out += "&gt;";
+        else if (c == '&')
+            out += "&amp;";
+        else
+            out.push_back(c);
+    }
+    return out;
+}
+
 }  // namespace
 
 void finishPdf(std::string& pdf, double width, double height) {
@@ -88,12 +104,14 @@ void finishPdf(std::string& pdf, double width, double height) {
                  "0 0 " + pointsText(width) + " " + pointsText(height));
 }
 
-void finishSvg(std::string& svg, const QRectF& clip) {
+void finishSvg(std::string& svg, const QRectF& clip, std::string_view title) {
     constexpr std::string_view kDefinitions = "</defs>";
     constexpr std::string_view kEnd = "</svg>";
     const std::size_t definitions = svg.find(kDefinitions);
     const std::size_t end = svg.rfind(kEnd);
     if (definitions == kNot || end == kNot) return;
+    constexpr std::string_view kDescription = "<desc>";
+    const std::size_t description = svg.find(kDescription);
     svg.insert(end, "</g>\n");
     svg.insert(definitions + kDefinitions.size(), "\n<g clip-path=\"url(#folha)\">");
     std::string region = "<clipPath id=\"folha\"><rect";
@@ -105,6 +123,8 @@ void finishSvg(std::string& svg, const QRectF& clip) {
     attribute("width", clip.width());
     attribute("height", clip.height());
     svg.insert(definitions, region + "/></clipPath>\n");
+    if (description < definitions)
+        svg.insert(description, "<title>" + xmlText(title) + "</title>\n");
 }
 
 }  // namespace prancheta

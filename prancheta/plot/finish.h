@@ -4,6 +4,7 @@
 
 #include <QRectF>
 #include <string>
+#include <string_view>
 
 namespace prancheta {
 
@@ -12,7 +13,8 @@ namespace prancheta {
 /// unexpected structure is left as it is.
 void finishPdf(std::string& pdf, double width, double height);
 
-/// Clips the content of an SVG to `clip`, in units of its view box; the toolkit does not clip.
-void finishSvg(std::string& svg, const QRectF& clip);
+/// Clips the content of an SVG to `clip`, in units of its view box, which the toolkit does not, and
+/// gives it a title, which not every release of the toolkit writes so that the file stays XML.
+void finishSvg(std::string& svg, const QRectF& clip, std::string_view title);
 
 }  // namespace prancheta

@@ -28,9 +28,8 @@ constexpr double kPointsPerMillimetre = 72.0 / kMillimetresPerInch;
 constexpr int kVectorDots = 12700;
 constexpr double kVectorPerMillimetre = kVectorDots / kMillimetresPerInch;
 
-QString titleOf(const Editor& editor) {
-    return editor.fileName().empty() ? QStringLiteral("Desenho")
-                                     : QString::fromStdString(editor.fileName().stem().string());
+std::string titleOf(const Editor& editor) {
+    return editor.fileName().empty() ? "Desenho" : editor.fileName().stem().string();
 }
 
 Error paintError() {
@@ -45,7 +44,7 @@ Result<std::string> makePdf(Editor& editor, const PlotSettings& settings) {
     const double height = layout.height * kPointsPerMillimetre;
     {
         QPdfWriter writer(&buffer);
-        writer.setTitle(titleOf(editor));
+        writer.setTitle(QString::fromStdString(titleOf(editor)));
         writer.setCreator(QStringLiteral("Prancheta"));
         writer.setResolution(kVectorDots);
         const QPageSize size(QSizeF(layout.width, layout.height), QPageSize::Millimeter, {},
@@ -75,7 +74,6 @@ Result<std::string> makeSvg(Editor& editor, const PlotSettings& settings) {
     {
         QSvgGenerator writer;
         writer.setOutputDevice(&buffer);
-        writer.setTitle(titleOf(editor));
         writer.setDescription(QStringLiteral("Prancheta"));
         writer.setResolution(kVectorDots);
         writer.setSize(sheet.size().toSize());
@@ -88,7 +86,8 @@ Result<std::string> makeSvg(Editor& editor, const PlotSettings& settings) {
     std::string bytes = buffer.data().toStdString();
     finishSvg(
         bytes,
-        QTransform::fromScale(kVectorPerMillimetre, kVectorPerMillimetre).mapRect(layout.clip));
+        QTransform::fromScale(kVectorPerMillimetre, kVectorPerMillimetre).mapRect(layout.clip),
+        titleOf(editor));
     return bytes;
 }
 

@@ -201,11 +201,14 @@ TEST_F(Console, ControlCharactersOfADrawingSteerNothing) {
     put("a.dxf",
         "0\nSECTION\n2\nENTITIES\n0\nTEXT\n8\nCam\x1B[31mada\n10\n0\n20\n0\n40\n5\n1\n"
         "a\x1B]0;x\x07 b\x9Bz\n0\nENDSEC\n0\nEOF\n");
-    const Outcome outcome = run("a.dxf --svg a.svg", "_list\n_all\n\n");
+    fs::rename(folder / "a.dxf", folder / "a<&\x1B.dxf");
+    const Outcome outcome = run("'a<&\x1B.dxf' --svg a.svg", "_list\n_all\n\n");
+    fs::rename(folder / "a<&\x1B.dxf", folder / "a.dxf");
     EXPECT_TRUE(has(outcome.out, "Cam^[[31mada")) << outcome.out;
     for (const std::string& all : {outcome.out, outcome.err, run("--verifica a.dxf").out})
         EXPECT_EQ(all.find_first_of("\x1B\x07\x7F"), std::string::npos) << all;
     const std::string svg = text("a.svg");
+    EXPECT_TRUE(has(svg, "<title>a&lt;&amp;^[</title>"));
     for (const char c : svg)
         EXPECT_TRUE(static_cast<unsigned char>(c) >= 0x20 || c == '\n' || c == '\t');
 }
