@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "adscodes.h"
+#include "prancheta/base/nesting.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/dcl/dialog.h"
@@ -71,6 +72,10 @@ bool Editor::startNamed(std::wstring_view typed, Origin origin) {
 }
 
 bool Editor::startFound(const CommandLookup& found, std::wstring_view typed, Origin origin) {
+    if (m_running.size() >= kDeepestNesting) {
+        complain(L"Há comandos demais um dentro do outro.");
+        return false;
+    }
     if (found.command == nullptr) {
         if (origin == Origin::User) m_lastCommand = typed;
         RunningCommand& running = push(L"SETVAR", kBuiltInGroup, ACRX_CMD_TRANSPARENT, origin);

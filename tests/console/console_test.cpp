@@ -255,6 +255,14 @@ TEST_F(Console, TheEndOfAScriptIsEscForWhoeverStillAsks) {
     EXPECT_TRUE(has(text("r.jsonl"), "\"status\":-5002"));
 }
 
+TEST_F(Console, CommandsInsideOneAnotherWithoutEndAreRefused) {
+    std::string script = "_line\n";
+    for (int i = 0; i < 20000; ++i) script += "'_zoom\n";
+    const Outcome outcome = run("", script);
+    EXPECT_GE(outcome.code, 0) << "it ended by itself";
+    EXPECT_TRUE(has(outcome.out + outcome.err, "comandos demais um dentro do outro"));
+}
+
 TEST_F(Console, AnUnknownCommandIsReportedWithItsLineAndTheScriptGoesOn) {
     const Outcome outcome = run("--estado e.json", "; one\nnada\n_line\n0,0\n3,4\n\n");
     EXPECT_EQ(outcome.code, 1);
