@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/replacement.h"
 #include "prancheta/base/result.h"
 
 namespace prancheta {
@@ -19,26 +20,24 @@ std::filesystem::path resolvePath(std::string_view utf8Path);
 
 Result<std::string> readFile(const std::filesystem::path& path);
 
-/// Writes beside the target, flushes to the disk and renames over it. After a failure the old file
-/// stands as it was and nothing is left beside it. On POSIX systems what is no file (a pipe, a
-/// device) is written to directly.
+/// New contents of a file, whole or not at all, as files::Replacement gives them; with messages for
+/// the user.
 class AtomicFile {
 public:
     explicit AtomicFile(std::filesystem::path target);
-    ~AtomicFile();
-    AtomicFile(const AtomicFile&) = delete;
-    AtomicFile& operator=(const AtomicFile&) = delete;
 
+    /// What is replaced stays as this file; see files::Replacement.
+    void keepFormer(std::filesystem::path backup);
     Result<void> open();
     /// Buffered; a write error is reported by commit().
     void write(std::string_view bytes);
     Result<void> commit();
 
 private:
-    std::filesystem::path m_target;
-    std::filesystem::path m_temporary;
+    Error failed(std::string what, int error) const;
+
+    files::Replacement m_file;
     std::string m_buffer;
-    int m_fd = -1;
     int m_errno = 0;
 };
 
@@ -51,15 +50,21 @@ public:
     MappedFile& operator=(const MappedFile&) = delete;
 
     std::string_view bytes() const { return {m_data, m_size}; }
+    /// True when another program wrote to the file or shortened it since it was opened. What
+    /// bytes() shows is no file of anybody's then; what was cut off reads as zeros.
+    bool changed() const;
 
     /// The whole pages inside `part` of bytes() are not needed in memory for now. They stay
     /// readable: whoever looks at them again has them fetched from the file again.
     void giveBack(std::string_view part) const;
 
 private:
-    MappedFile() = default;
+    MappedFile();
+    struct Watch;
+
     const char* m_data = nullptr;
     std::size_t m_size = 0;
+    std::unique_ptr<Watch> m_watch;
 };
 
 /// Portuguese reason for an errno value ("permissão negada", "disco cheio", ...).

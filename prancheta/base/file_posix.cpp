@@ -8,7 +8,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
+#include <utility>
+
+#include "prancheta/base/bus_guard.h"
 
 namespace prancheta {
 namespace fs = std::filesystem;
@@ -30,27 +32,11 @@ public:
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     int get() const { return m_fd; }
+    int release() { return std::exchange(m_fd, -1); }
 
 private:
     int m_fd;
 };
-
-/// Writes everything or says why not (errno value, 0 = done).
-int writeAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t n = ::write(fd, bytes.data(), bytes.size());
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) return errno;
-        bytes.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return 0;
-}
-
-/// A pipe, a terminal, a device: it takes bytes, and a file in its place would not be it.
-bool isChannel(const fs::path& path) {
-    struct stat info {};
-    return ::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode);
-}
 
 }  // namespace
 
@@ -69,76 +55,17 @@ Result<std::string> readFile(const fs::path& path) {
     }
 }
 
-AtomicFile::AtomicFile(fs::path target) : m_target(std::move(target)) {
-    // A link is followed, so that the file behind it is replaced and the link stays. What is behind
-    // a link to a pipe has no name of its own.
-    std::error_code error;
-    if (fs::is_symlink(m_target, error) && !isChannel(m_target)) {
-        const fs::path real = fs::weakly_canonical(m_target, error);
-        if (!error) m_target = real;
-    }
-}
+/// The file as it was when it was mapped.
+struct MappedFile::Watch {
+    int descriptor = -1;
+    struct timespec written {};
+    BusGuard guard;
+};
 
-AtomicFile::~AtomicFile() {
-    if (m_fd >= 0) ::close(m_fd);
-    if (!m_temporary.empty()) ::unlink(m_temporary.c_str());
-}
-
-Result<void> AtomicFile::open() {
-    // A rename would replace a write-protected file all the same: the protection is the user's
-    // wish.
-    if (::access(m_target.c_str(), F_OK) == 0 && ::access(m_target.c_str(), W_OK) != 0)
-        return fileError(m_target, "não foi possível gravar o arquivo", errno);
-    m_buffer.reserve(kChunk);
-    if (isChannel(m_target)) {
-        m_fd = ::open(m_target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
-        if (m_fd < 0) return fileError(m_target, "não foi possível gravar o arquivo", errno);
-        return {};
-    }
-    std::string name =
-        (m_target.parent_path() / ("." + m_target.filename().string() + ".XXXXXX")).string();
-    m_fd = ::mkostemp(name.data(), O_CLOEXEC);
-    if (m_fd < 0) return fileError(m_target, "não foi possível gravar na pasta do arquivo", errno);
-    m_temporary = name;
-    struct stat old {};
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    const mode_t mode = ::stat(m_target.c_str(), &old) == 0 ? old.st_mode & 07777U : 0666U & ~mask;
-    (void)::fchmod(m_fd, mode);  // a file system without modes keeps its own
-    return {};
-}
-
-void AtomicFile::write(std::string_view bytes) {
-    m_buffer.append(bytes);
-    if (m_buffer.size() < kChunk) return;
-    if (m_errno == 0) m_errno = writeAll(m_fd, m_buffer);
-    m_buffer.clear();
-}
-
-Result<void> AtomicFile::commit() {
-    constexpr const char* kFailed =
-        "não foi possível gravar o arquivo; o arquivo anterior foi mantido";
-    if (m_fd < 0) return fileError(m_target, kFailed, EBADF);
-    const bool direct = m_temporary.empty();
-    if (m_errno == 0) m_errno = writeAll(m_fd, m_buffer);
-    if (!direct && m_errno == 0 && ::fsync(m_fd) != 0) m_errno = errno;
-    if (::close(m_fd) != 0 && m_errno == 0) m_errno = errno;
-    m_fd = -1;
-    if (direct && m_errno != 0)
-        return fileError(m_target, "não foi possível gravar o arquivo", m_errno);
-    if (direct) return {};
-    if (m_errno == 0 && ::rename(m_temporary.c_str(), m_target.c_str()) != 0) m_errno = errno;
-    if (m_errno != 0) return fileError(m_target, kFailed, m_errno);
-    m_temporary.clear();
-    // The rename itself reaches the disk with its folder.
-    const fs::path folder = m_target.has_parent_path() ? m_target.parent_path() : fs::path(".");
-    const Descriptor parent(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (parent.get() >= 0) (void)::fsync(parent.get());
-    return {};
-}
+MappedFile::MappedFile() : m_watch(std::make_unique<Watch>()) {}
 
 Result<std::shared_ptr<const MappedFile>> MappedFile::open(const fs::path& path) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.get() < 0) return fileError(path, "não foi possível abrir o arquivo", errno);
     struct stat info {};
     if (::fstat(file.get(), &info) != 0)
@@ -151,7 +78,20 @@ Result<std::shared_ptr<const MappedFile>> MappedFile::open(const fs::path& path)
     if (data == MAP_FAILED) return fileError(path, "não foi possível ler o arquivo", errno);
     mapped->m_data = static_cast<const char*>(data);
     mapped->m_size = static_cast<std::size_t>(info.st_size);
+    if (!mapped->m_watch->guard.watch(data, mapped->m_size))
+        return fileError(path, "não foi possível abrir o arquivo", EMFILE);
+    mapped->m_watch->written = info.st_mtim;
+    mapped->m_watch->descriptor = file.release();
     return std::shared_ptr<const MappedFile>(mapped);
+}
+
+bool MappedFile::changed() const {
+    if (m_watch->guard.hit()) return true;
+    struct stat now {};
+    if (m_watch->descriptor < 0 || ::fstat(m_watch->descriptor, &now) != 0) return false;
+    return static_cast<std::size_t>(now.st_size) != m_size ||
+           now.st_mtim.tv_sec != m_watch->written.tv_sec ||
+           now.st_mtim.tv_nsec != m_watch->written.tv_nsec;
 }
 
 void MappedFile::giveBack(std::string_view part) const {
@@ -164,6 +104,7 @@ void MappedFile::giveBack(std::string_view part) const {
 }
 
 MappedFile::~MappedFile() {
+    if (m_watch->descriptor >= 0) ::close(m_watch->descriptor);
     if (m_data != nullptr) ::munmap(const_cast<char*>(m_data), m_size);
 }
 

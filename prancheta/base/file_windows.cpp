@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files on Windows.
-#include <fcntl.h>
-#include <io.h>
-#include <sys/stat.h>
-#include <windows.h>
-
+#include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -17,36 +12,8 @@ namespace prancheta {
 namespace fs = std::filesystem;
 namespace {
 
-constexpr std::size_t kChunk = 1U << 20;
-
 Error fileError(const fs::path& path, const char* what, int error) {
     return {std::string(what) + ": " + errnoText(error), path.string(), 0, 0};
-}
-
-int writeAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const auto size = static_cast<unsigned>(std::min(bytes.size(), kChunk));
-        const int n = _write(fd, bytes.data(), size);
-        if (n < 0) return errno;
-        bytes.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return 0;
-}
-
-/// Errno value of what the system said last.
-int lastError() {
-    switch (GetLastError()) {
-        case ERROR_FILE_NOT_FOUND:
-        case ERROR_PATH_NOT_FOUND:
-            return ENOENT;
-        case ERROR_ACCESS_DENIED:
-        case ERROR_SHARING_VIOLATION:
-            return EACCES;
-        case ERROR_DISK_FULL:
-            return ENOSPC;
-        default:
-            return EIO;
-    }
 }
 
 }  // namespace
@@ -61,48 +28,12 @@ Result<std::string> readFile(const fs::path& path) {
     return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
-AtomicFile::AtomicFile(fs::path target) : m_target(std::move(target)) {}
+struct MappedFile::Watch {};
 
-AtomicFile::~AtomicFile() {
-    if (m_fd >= 0) _close(m_fd);
-    if (!m_temporary.empty()) _wunlink(m_temporary.c_str());
-}
+MappedFile::MappedFile() = default;
 
-Result<void> AtomicFile::open() {
-    if (_waccess(m_target.c_str(), 0) == 0 && _waccess(m_target.c_str(), 2) != 0)
-        return fileError(m_target, "não foi possível gravar o arquivo", errno);
-    const std::string number = std::to_string(GetCurrentProcessId());
-    m_temporary = m_target;
-    m_temporary += L"." + std::wstring(number.begin(), number.end()) + L".tmp";
-    constexpr int kFlags = _O_WRONLY | _O_CREAT | _O_TRUNC | _O_BINARY | _O_NOINHERIT;
-    m_fd = _wopen(m_temporary.c_str(), kFlags, _S_IREAD | _S_IWRITE);
-    if (m_fd >= 0) return {};
-    m_temporary.clear();
-    return fileError(m_target, "não foi possível gravar na pasta do arquivo", errno);
-}
-
-void AtomicFile::write(std::string_view bytes) {
-    m_buffer.append(bytes);
-    if (m_buffer.size() < kChunk) return;
-    if (m_errno == 0) m_errno = writeAll(m_fd, m_buffer);
-    m_buffer.clear();
-}
-
-Result<void> AtomicFile::commit() {
-    constexpr const char* kFailed =
-        "não foi possível gravar o arquivo; o arquivo anterior foi mantido";
-    if (m_fd < 0) return fileError(m_target, kFailed, EBADF);
-    if (m_errno == 0) m_errno = writeAll(m_fd, m_buffer);
-    if (m_errno == 0 && _commit(m_fd) != 0) m_errno = errno;
-    if (_close(m_fd) != 0 && m_errno == 0) m_errno = errno;
-    m_fd = -1;
-    constexpr DWORD kReplace = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    if (m_errno == 0 && MoveFileExW(m_temporary.c_str(), m_target.c_str(), kReplace) == 0)
-        m_errno = lastError();
-    if (m_errno != 0) return fileError(m_target, kFailed, m_errno);
-    m_temporary.clear();
-    return {};
-}
+// The bytes are our own.
+bool MappedFile::changed() const { return false; }
 
 // A mapped file could not be replaced while it is open: the bytes are copied.
 Result<std::shared_ptr<const MappedFile>> MappedFile::open(const fs::path& path) {

@@ -276,7 +276,11 @@ Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, Lo
     auto database = std::make_unique<AcDbDatabase>(false, true);
     Loader loader(*database, text, isBinaryFile ? nullptr : file->get(),
                   report != nullptr ? *report : unread);
-    if (!loader.run())
+    const bool whole = loader.run();
+    if ((*file)->changed())
+        return Error{"outro programa mudou o arquivo enquanto ele era lido; abra-o outra vez",
+                     path.string(), 0, 0};
+    if (!whole)
         return errorOf(*loader.fault(), text, isBinaryFile ? &binary.offsets : nullptr, path);
     return database;
 }

@@ -329,6 +329,9 @@ Result<Verdict> examine(const std::filesystem::path& path) {
     } else {
         Examiner((*file)->bytes(), verdict).run();
     }
+    if ((*file)->changed())
+        return Error{"outro programa mudou o arquivo enquanto ele era lido; examine-o outra vez",
+                     path.string(), 0, 0};
     return verdict;
 }
 

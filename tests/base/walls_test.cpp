@@ -20,9 +20,10 @@ const fs::path kRoot = HOUSE_SOURCE_DIR;
 const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"arx", {}},
     {"protocol", {}},
-    {"perfis", {"perfis", "zp", "protocol"}},
-    {"zp", {"zp", "perfis/entities", "protocol"}},
-    {"prancheta/base", {"prancheta/base"}},
+    {"files", {"files"}},
+    {"perfis", {"perfis", "zp", "protocol", "files"}},
+    {"zp", {"zp", "perfis/entities", "protocol", "files"}},
+    {"prancheta/base", {"prancheta/base", "files"}},
     {"prancheta/geometry", {"prancheta/base", "prancheta/geometry"}},
     {"prancheta/graphics", {"prancheta/base", "prancheta/geometry", "prancheta/graphics"}},
     {"prancheta/database",
@@ -75,7 +76,7 @@ bool isSource(const fs::path& path) {
 bool isHouseHeader(const std::string& name) {
     const std::string first = name.substr(0, name.find('/'));
     return name.find('/') != std::string::npos &&
-           std::set<std::string>{"perfis", "zp", "prancheta", "protocol", "arx", "tools"}.count(
+           std::set<std::string>{"perfis", "zp", "prancheta", "protocol", "files", "arx", "tools"}.count(
                first) > 0;
 }
 
