@@ -38,7 +38,9 @@ public:
 protected:
     /// False, and the rows stay, when the file cannot be opened.
     virtual bool readRows(std::wstring_view path) = 0;
-    virtual void writeRows(std::wstring_view path) const = 0;
+    /// What the file is to hold, and how.
+    virtual std::wstring fileText() const = 0;
+    virtual const ListFormat& format() const = 0;
     virtual void appendRow(const std::wstring& row) = 0;
     virtual void replaceRow(int index, const std::wstring& row) = 0;
     virtual void removeRow(int index) = 0;
@@ -47,6 +49,7 @@ protected:
     virtual std::unique_ptr<SharedCatalogue> another() const = 0;
 
 private:
+    bool isAsRead(std::wstring_view path) const;
     void remember() {
         if (!m_before) m_before = rows();
     }
@@ -56,26 +59,39 @@ private:
     bool m_read = false;           ///< it could be read
 };
 
-void SharedCatalogue::write(std::wstring_view path) const {
-    const FolderLock lock(path);
+bool SharedCatalogue::isAsRead(std::wstring_view path) const {
     const std::uint64_t version = fileVersion(path);
-    // The file was there and could not be read: rows that are not its own, and no edits.
-    if (!m_read && m_version != 0 && !m_before) return;
     // A list that was deleted meanwhile is written as it is here.
-    if (version == 0 || (m_read && version == m_version)) return writeRows(path);
-    if (!m_before) return;  // somebody else's edits, none of ours
+    return version == 0 || (m_read && version == m_version);
+}
+
+void SharedCatalogue::write(std::wstring_view path) const {
+    const bool unread = !m_read && m_version != 0;
+    // Without edits: rows that are not the file's own, or not all that stands there, or were edited
+    // by somebody else.
+    if (!m_before && (unread || format().damaged || !isAsRead(path))) return;
+    // Most commands end with their list as it was: nobody has to be waited for, and flushing it to
+    // the disk would cost more than all the rest.
+    if (listHolds(path, fileText(), format())) return;
+    const FolderLock lock(path);
+    if (isAsRead(path)) {
+        (void)writeListText(path, fileText(), format());
+        return;
+    }
+    if (!m_before) return;
     const std::unique_ptr<SharedCatalogue> merged = another();
     if (!merged->readRows(path)) return;  // held by another program: its rows would be lost
     const Rows all = mergedRows(*m_before, rows(), merged->rows());
     merged->clear();
     for (const std::wstring& row : all) merged->appendRow(row);
-    merged->writeRows(path);
+    (void)writeListText(path, merged->fileText(), merged->format());
 }
 
 class StrListCatalogue : public SharedCatalogue {
 public:
     bool readRows(std::wstring_view path) override { return m_list.read(path) != 0; }
-    void writeRows(std::wstring_view path) const override { (void)m_list.write(path); }
+    std::wstring fileText() const override { return m_list.fileText(); }
+    const ListFormat& format() const override { return m_list.format(); }
     void clear() override { m_list.clear(); }
     int count() const override { return static_cast<int>(m_list.count()); }
     bool rowAt(int index, std::wstring& row) const override {
@@ -103,7 +119,8 @@ private:
 class StringListCatalogue : public SharedCatalogue {
 public:
     bool readRows(std::wstring_view path) override;
-    void writeRows(std::wstring_view path) const override;
+    std::wstring fileText() const override;
+    const ListFormat& format() const override { return m_format; }
     void clear() override { m_list.clear(); }
     int count() const override { return m_list.length(); }
     bool rowAt(int index, std::wstring& row) const override;
@@ -143,11 +160,11 @@ bool StringListCatalogue::readRows(std::wstring_view path) {
     return true;
 }
 
-void StringListCatalogue::writeRows(std::wstring_view path) const {
+std::wstring StringListCatalogue::fileText() const {
     std::wstring text;
     for (int i = 0; i < m_list.length(); ++i)
         text += static_cast<const wchar_t*>(m_list.at(i) + L"\n");
-    (void)writeListText(path, text, m_format);
+    return text;
 }
 
 bool StringListCatalogue::rowAt(int index, std::wstring& row) const {

@@ -3,6 +3,7 @@
 #include "perfis/catalogues/list_text.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "perfis/frame/encoding.h"
@@ -14,12 +15,26 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 
+/// Whether UTF-16 is big-endian that has no mark: most characters are ASCII, with their null byte
+/// all on one side. Nothing for other texts.
+std::optional<bool> unmarkedUtf16(std::string_view bytes) {
+    std::array<std::size_t, 2> nulls{};
+    for (std::size_t i = 0; i < bytes.size(); ++i) nulls[i % 2] += bytes[i] == '\0' ? 1 : 0;
+    const std::size_t most = std::max(nulls[0], nulls[1]);
+    if (most <= bytes.size() / 4 || std::min(nulls[0], nulls[1]) > 0) return {};
+    return nulls[0] > 0;
+}
+
 std::wstring decode(std::string_view bytes, ListFormat& format) {
     if (bytes.starts_with(kUtf16LittleMark) || bytes.starts_with(kUtf16BigMark)) {
         const bool big = bytes.starts_with(kUtf16BigMark);
         format.encoding = big ? Encoding::kUtf16Big : Encoding::kUtf16Little;
         format.mark = true;
         return decodeUtf16(bytes.substr(2), big);
+    }
+    if (const std::optional<bool> big = unmarkedUtf16(bytes)) {
+        format.encoding = *big ? Encoding::kUtf16Big : Encoding::kUtf16Little;
+        return decodeUtf16(bytes, *big);
     }
     const bool mark = bytes.starts_with(kUtf8Mark);
     const std::string_view content = mark ? bytes.substr(kUtf8Mark.size()) : bytes;
@@ -40,6 +55,9 @@ void translateLineEnds(std::wstring& text, ListFormat& format) {
         text[out++] = c;
     }
     text.resize(out);
+    const bool lonely = text.find(L'\r') != std::wstring::npos;
+    format.damaged = format.damaged || lonely || text.find(L'\0') != std::wstring::npos;
+    if (lonely && first == std::wstring::npos) std::replace(text.begin(), text.end(), L'\r', L'\n');
 }
 
 std::wstring withCrLf(std::wstring_view text) {
@@ -69,6 +87,14 @@ std::string encode(std::wstring_view text, const ListFormat& format) {
     return (format.mark ? std::string(kUtf8Mark) : std::string()) + encodeUtf8(text);
 }
 
+std::string bytesOf(std::wstring_view text, const ListFormat& format) {
+    return format.crLf ? encode(withCrLf(text), format) : encode(text, format);
+}
+
+bool isUtf16(Encoding encoding) {
+    return encoding == Encoding::kUtf16Little || encoding == Encoding::kUtf16Big;
+}
+
 }  // namespace
 
 std::shared_ptr<const ListText> readListText(std::wstring_view path) {
@@ -85,13 +111,21 @@ std::shared_ptr<const ListText> readListText(std::wstring_view path) {
     if (!bytes) return nullptr;
     auto list = std::make_shared<ListText>();
     list->text = decode(*bytes, list->format);
+    // Every byte of the other encodings has its character.
+    list->format.damaged =
+        isUtf16(list->format.encoding) && encode(list->text, list->format) != *bytes;
     translateLineEnds(list->text, list->format);
     if (version != 0) kept = {std::wstring(path), version, list};
     return list;
 }
 
+bool listHolds(std::wstring_view path, std::wstring_view text, const ListFormat& format) {
+    return readFile(path) == bytesOf(text, format);
+}
+
 bool writeListText(std::wstring_view path, std::wstring_view text, const ListFormat& format) {
-    return replaceFile(path, format.crLf ? encode(withCrLf(text), format) : encode(text, format));
+    if (format.damaged && !keepOldFile(path)) return false;
+    return replaceFile(path, bytesOf(text, format));
 }
 
 bool LineReader::read(std::wstring& piece, std::size_t bufferSize) {

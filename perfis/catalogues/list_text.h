@@ -18,6 +18,7 @@ struct ListFormat {
     Encoding encoding = Encoding::kUtf8;
     bool mark = false;  ///< byte-order mark at the start
     bool crLf = kNativeLineEndIsCrLf;
+    bool damaged = false;  ///< what was read is not all that stands there; never lost by writing
 };
 
 struct ListText {
@@ -27,10 +28,17 @@ struct ListText {
 
 /// UTF-8 with or without mark, UTF-16 with mark, else Windows-1252. Null when the file cannot be
 /// opened. The file read last is kept and read again when it has changed.
+///
+/// Damaged, and read as well as can be, are null characters, UTF-16 without a mark or cut short,
+/// and carriage returns of their own: where there is no line feed they end the lines, as on the
+/// oldest systems.
 std::shared_ptr<const ListText> readListText(std::wstring_view path);
 
+/// True when the file has just these bytes already.
+bool listHolds(std::wstring_view path, std::wstring_view text, const ListFormat& format);
+
 /// Replaces the file; false, and the old file stays, when that fails. A text that the code page
-/// cannot hold is written as UTF-8.
+/// cannot hold is written as UTF-8. Of a damaged file a copy is kept beside it.
 bool writeListText(std::wstring_view path, std::wstring_view text, const ListFormat& format);
 
 /// Reads a text in pieces: up to and with a line feed, at most one character less than the buffer.

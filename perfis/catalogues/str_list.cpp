@@ -36,13 +36,17 @@ int ZpStrList::read(std::wstring_view path) {
     return 1;
 }
 
-int ZpStrList::write(std::wstring_view path) const {
+std::wstring ZpStrList::fileText() const {
     std::wstring text;
     for (const Node* node = m_first; node != nullptr; node = node->next) {
         text += node->text.get();
         text += L'\n';
     }
-    return writeListText(path, text, m_format) ? 1 : 0;
+    return text;
+}
+
+int ZpStrList::write(std::wstring_view path) const {
+    return writeListText(path, fileText(), m_format) ? 1 : 0;
 }
 
 int ZpStrList::getAt(std::wstring& text, unsigned index) const {

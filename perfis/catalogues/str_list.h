@@ -30,6 +30,9 @@ public:
     /// One entry a line, in the encoding and with the line ends of the file last read. 0, and the
     /// old file stays, when it cannot be written.
     int write(std::wstring_view path) const;
+    /// What write() writes, and how.
+    std::wstring fileText() const;
+    const ListFormat& format() const { return m_format; }
 
     /// 0, and `text` is untouched, when there is no such entry.
     int getAt(std::wstring& text, unsigned index) const;

@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: MIT
-// Files: names found as users of the other system typed them, contents replaced whole or not at
-// all.
+// Files: names found as users of the other system typed them; when they changed, who writes them.
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
+#include <thread>
 
+#include "files/replacement.h"
 #include "perfis/frame/encoding.h"
 #include "perfis/frame/portability.h"
 
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
-#include <process.h>
 #include <share.h>
 #include <sys/stat.h>
-
-#include <thread>
 #else
 #include <fcntl.h>
 #include <sys/file.h>
@@ -43,41 +40,30 @@ std::uint64_t versionOf(std::int64_t time, std::uintmax_t size, std::uint64_t fi
            (static_cast<std::uint64_t>(size) + file * kSpread) * kSpread;
 }
 
+/// Tries until it works or patience ends.
+template <class Try>
+bool untilTaken(Try take) {
+    const auto end = std::chrono::steady_clock::now() + FolderLock::kPatience;
+    while (!take()) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+}
+
 #ifdef _WIN32
 
 fs::path nativePath(std::wstring_view text) { return fs::path(text); }
-bool mayWrite(const fs::path& file) { return _waccess(file.c_str(), 2) == 0; }
-int processNumber() { return _getpid(); }
 
-bool writeFlushed(const fs::path& file, std::string_view bytes, const fs::path&) {
-    constexpr int kFlags = _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT;
-    constexpr std::size_t kChunk = 1U << 20;
-    int descriptor = -1;
-    if (_wsopen_s(&descriptor, file.c_str(), kFlags, _SH_DENYWR, _S_IREAD | _S_IWRITE) != 0)
-        return false;
-    bool good = true;
-    while (good && !bytes.empty()) {
-        const auto size = static_cast<unsigned>(bytes.size() < kChunk ? bytes.size() : kChunk);
-        const int written = _write(descriptor, bytes.data(), size);
-        good = written > 0;
-        if (good) bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    good = _commit(descriptor) == 0 && good;
-    return _close(descriptor) == 0 && good;
-}
-void flushFolder(const fs::path&) {}
-
-/// A file that goes with its handle; who finds it taken tries again for a while.
+/// A file that goes with its handle.
 int lockFolder(const fs::path& folder) {
     constexpr int kFlags = _O_CREAT | _O_RDWR | _O_TEMPORARY | _O_NOINHERIT;
-    for (int tries = 0; tries < 200; ++tries) {
-        int descriptor = -1;
-        const fs::path file = folder / L"listas.lock";
-        if (_wsopen_s(&descriptor, file.c_str(), kFlags, _SH_DENYRW, _S_IREAD | _S_IWRITE) == 0)
-            return descriptor;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return -1;
+    int descriptor = -1;
+    const fs::path file = folder / L"listas.lock";
+    (void)untilTaken([&] {
+        return _wsopen_s(&descriptor, file.c_str(), kFlags, _SH_DENYRW, _S_IREAD | _S_IWRITE) == 0;
+    });
+    return descriptor;
 }
 void unlockFolder(int descriptor) { (void)_close(descriptor); }
 
@@ -124,38 +110,12 @@ fs::path nativePath(std::wstring_view text) {
     return path;
 }
 
-bool mayWrite(const fs::path& file) { return ::access(file.c_str(), W_OK) == 0; }
-int processNumber() { return static_cast<int>(::getpid()); }
-
-/// Creates `file`, which must not exist, with the permissions of `model` when that exists.
-bool writeFlushed(const fs::path& file, std::string_view bytes, const fs::path& model) {
-    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (descriptor < 0) return false;
-    struct stat status {};
-    // A file system without permissions refuses the copy; the list is none the worse for it.
-    if (::stat(model.c_str(), &status) == 0) (void)::fchmod(descriptor, status.st_mode & 07777);
-    bool good = true;
-    while (good && !bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        good = written > 0;
-        if (good) bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    good = ::fsync(descriptor) == 0 && good;
-    return ::close(descriptor) == 0 && good;
-}
-
-/// Makes the rename itself last; the new contents are already safe, so a failure changes nothing.
-void flushFolder(const fs::path& folder) {
-    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    (void)::fsync(descriptor);
-    (void)::close(descriptor);
-}
-
 int lockFolder(const fs::path& folder) {
     const int descriptor =
         ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) (void)::flock(descriptor, LOCK_EX);
+    if (descriptor >= 0)
+        (void)untilTaken(
+            [=] { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK; });
     return descriptor;
 }
 void unlockFolder(int descriptor) { (void)::close(descriptor); }
@@ -192,44 +152,24 @@ std::uint64_t settledFileVersion(std::wstring_view path) {
 }
 
 std::optional<std::string> readFile(std::wstring_view path) {
-    const fs::path file = nativePath(path);
-    std::error_code error;
-    if (fs::is_directory(file, error)) return std::nullopt;
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) return std::nullopt;
-    std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    if (stream.bad()) return std::nullopt;
-    return bytes;
+    return files::readRegular(nativePath(path));
 }
 
 bool replaceFile(std::wstring_view path, std::string_view bytes) {
-    // Most commands end with their list as it was: flushing it to the disk would cost more than all
-    // the rest.
-    if (readFile(path) == bytes) return true;
+    return files::replace(nativePath(path), bytes) == 0;
+}
+
+bool keepOldFile(std::wstring_view path) {
+    const fs::path file = nativePath(path);
+    const std::optional<std::string> bytes = files::readRegular(file);
+    if (!bytes) return true;
     std::error_code error;
-    fs::path target = nativePath(path);
-    // Writing through a link replaces what it points at, not the link.
-    if (fs::is_symlink(target, error)) {
-        target = fs::weakly_canonical(target, error);
-        if (error) return false;
+    fs::path copy;
+    for (int i = 1; copy.empty() || fs::exists(copy, error); ++i) {
+        copy = file;
+        copy += ".antigo" + (i == 1 ? std::string() : std::to_string(i));
     }
-    if (fs::is_directory(target, error)) return false;
-    if (fs::exists(target, error) && !mayWrite(target)) return false;
-    fs::path temporary = target;
-    temporary += "." + std::to_string(processNumber()) + ".tmp";
-    fs::remove(temporary, error);
-    if (!writeFlushed(temporary, bytes, target)) {
-        fs::remove(temporary, error);
-        return false;
-    }
-    fs::rename(temporary, target, error);
-    if (error) {
-        std::error_code ignored;
-        fs::remove(temporary, ignored);
-        return false;
-    }
-    flushFolder(target.parent_path());
-    return true;
+    return !error && files::replace(copy, *bytes) == 0;
 }
 
 }  // namespace perfis

@@ -2,10 +2,17 @@
 // Two programs that edit one list.
 #include "perfis/catalogues/list_merge.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
 
 #include "perfis/catalogues/catalogue.h"
+#include "perfis/frame/portability.h"
 #include "temp_folder.h"
 
 using namespace perfis;
@@ -94,4 +101,49 @@ TEST_F(SharedList, AListThatCouldNotBeReadIsNotReplaced) {
         busy->write(list);
         EXPECT_EQ(get("b.lst"), "100\t50\n300\t80\n");
     }
+}
+
+TEST_F(SharedList, ADamagedListIsWrittenOnlyAfterAnEditAndTheOldOneKept) {
+    const std::string old[] = {"5\r6\r7\r", std::string("5\0\n\0", 4), std::string("5\0x\n7\n", 6)};
+    const std::string edited[] = {"5\n6\n7\n8\n", std::string("\xFF\xFE\x35\0\n\0\x38\0\n\0", 10),
+                                  "5\n7\n8\n"};
+    for (const auto make : {makeStrListCatalogue, makeStringListCatalogue})
+        for (int i = 0; i < 3; ++i) {
+            put("d.lst", old[i]);
+            const auto list = make();
+            list->read(path("d.lst"));
+            list->write(path("d.lst"));
+            EXPECT_EQ(get("d.lst"), old[i]);
+            const int before = fileCount();
+            list->append(L"8");
+            list->write(path("d.lst"));
+            EXPECT_EQ(get("d.lst"), edited[i]);
+            EXPECT_EQ(fileCount(), before + 1);
+        }
+    EXPECT_EQ(get("d.lst.antigo"), old[0]);
+    EXPECT_EQ(get("d.lst.antigo6"), old[2]);
+}
+
+TEST_F(SharedList, AFolderThatIsHeldKeepsNobodyWaitingForLong) {
+    put("h.lst", "100\t50\n");
+    const auto list = makeStrListCatalogue();
+    list->read(path("h.lst"));
+    const int holder = ::open(folder().c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::flock(holder, LOCK_EX), 0);
+    const auto start = std::chrono::steady_clock::now();
+    list->write(path("h.lst"));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, FolderLock::kPatience / 2);
+    list->append(L"300\t80");
+    list->write(path("h.lst"));
+    EXPECT_EQ(get("h.lst"), "100\t50\n300\t80\n");
+    ::close(holder);
+}
+
+TEST_F(SharedList, APipeInItsPlaceIsLeftAlone) {
+    ASSERT_EQ(::mkfifo((folder() / "p.lst").c_str(), 0600), 0);
+    const auto list = makeStrListCatalogue();
+    list->read(path("p.lst"));
+    list->append(L"8");
+    list->write(path("p.lst"));
+    EXPECT_TRUE(std::filesystem::is_fifo(folder() / "p.lst"));
 }

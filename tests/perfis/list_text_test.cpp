@@ -34,6 +34,32 @@ TEST_F(ListTexts, EncodingMarkAndLineEndsAreKept) {
     EXPECT_EQ(thereAndBack("\xEF\xBB\xBF"s), L"");
 }
 
+TEST_F(ListTexts, DamagedOnesAreReadAsWellAsCanBe) {
+    struct Case {
+        std::string bytes;
+        std::wstring text;
+        bool damaged;
+    };
+    const Case cases[] = {
+        {"5\r6\r7\r"s, L"5\n6\n7\n", true},
+        {"5\rx\n6\n"s, L"5\rx\n6\n", true},
+        {"5\r\r\n6\r\n"s, L"5\n6\n", false},
+        {"5\0\n\0006\0\n\0"s, L"5\n6\n", true},
+        {"\0005\0\t\0006"s, L"5\t6", true},
+        {"\xFF\xFE\x35\0\n\0"s, L"5\n", false},
+        {"\xFF\xFE\x35\0\n"s, L"5", true},
+        {"\xFF\xFE\x00\xD8\n\0"s, L"\xFFFD\n", true},
+        {"100\0\0\0\n7\n"s, L"100\0\0\0\n7\n"s, true},
+    };
+    for (const Case& c : cases) {
+        put("a.lst", c.bytes);
+        const std::shared_ptr<const ListText> list = readListText(path("a.lst"));
+        ASSERT_TRUE(list);
+        EXPECT_EQ(list->text, c.text);
+        EXPECT_EQ(list->format.damaged, c.damaged) << testing::PrintToString(c.bytes);
+    }
+}
+
 TEST_F(ListTexts, WhatIsNoUtf8IsTheCodePage) {
     // Overlong, surrogate, cut short, beyond the last character: one byte, one character.
     for (const std::string& bytes :

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 #ifndef _WIN32
-#include <unistd.h>
+#include <sys/stat.h>
 #endif
 
 #include <climits>
@@ -93,24 +93,11 @@ TEST_F(Files, AFailedReplacementLeavesWhatWasThere) {
 }
 
 #ifndef _WIN32
-TEST_F(Files, AReadOnlyFileIsNotReplaced) {
-    put("ro.lst", "antiga");
-    std::filesystem::permissions(folder() / "ro.lst", std::filesystem::perms::owner_read);
-    if (::geteuid() == 0) GTEST_SKIP() << "nothing is read-only for the superuser";
-    EXPECT_FALSE(replaceFile(path("ro.lst"), "nova"));
-    EXPECT_EQ(get("ro.lst"), "antiga");
-}
-
-TEST_F(Files, ReplacementKeepsPermissionsAndLinks) {
-    put("real.lst", "antiga");
-    const auto perms = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write |
-                       std::filesystem::perms::group_write;
-    std::filesystem::permissions(folder() / "real.lst", perms);
-    std::filesystem::create_symlink("real.lst", folder() / "pu.lst");
-    ASSERT_TRUE(replaceFile(path("pu.lst"), "nova"));
-    EXPECT_TRUE(std::filesystem::is_symlink(folder() / "pu.lst"));
-    EXPECT_EQ(get("real.lst"), "nova");
-    EXPECT_EQ(std::filesystem::status(folder() / "real.lst").permissions(), perms);
+TEST_F(Files, WhatIsNoFileIsRefusedAtOnce) {
+    ASSERT_EQ(::mkfifo((folder() / "fifo.lst").c_str(), 0600), 0);
+    std::filesystem::create_symlink("/dev/zero", folder() / "sem-fim.lst");
+    for (const char* name : {"fifo.lst", "sem-fim.lst", ""})
+        EXPECT_EQ(readFile(path(name)), std::nullopt) << name;
 }
 #endif
 
