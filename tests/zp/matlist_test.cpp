@@ -161,14 +161,20 @@ TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
     std::vector<Linha> l;
     l.emplace_back(L"P1", 2, L"Ue", L"200x75x20x2,65", L"ACO", 1234.5, 7.75, 15.5, 0.75,
                    L"com \"aba\"; furada");
+    l.emplace_back(L"-5", 1, L"=1+1", L"\t2", L"@A1", -5.0, -1.0, 1.0, 1.0, L"+\"x\"");
     const std::wstring texto = zp::lista::textoCsv(l);
     EXPECT_NE(texto.find(L"MARCA;QUANT.;DESCRIÇÃO;"), std::wstring::npos);
     EXPECT_NE(texto.find(L"\r\nP1;2;Ue;200x75x20x2,65;ACO;1234,5;7,75;15,5;0,75;\"com \"\"aba\"\"; "
                          L"furada\"\r\n"),
               std::wstring::npos);
+    // A spreadsheet would run the texts; numbers stay numbers.
+    EXPECT_NE(texto.find(L"\r\n'-5;1;'=1+1;'\t2;'@A1;-5;-1;1;1;\"'+\"\"x\"\"\"\r\n"),
+              std::wstring::npos);
     entra(1);
     const std::filesystem::path arquivo = std::filesystem::temp_directory_path() / "zp_lista.csv";
+    std::filesystem::remove(arquivo);
     type({L"LISTAMATERIAL", L"csv", arquivo.wstring().c_str()});
+    EXPECT_TRUE(said((L"Lista gravada em " + arquivo.wstring()).c_str()));
     std::ifstream lido(arquivo, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(lido), {}};
     EXPECT_TRUE(bytes.starts_with("\xEF\xBB\xBFMARCA;"));
@@ -176,6 +182,49 @@ TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
     std::filesystem::remove(arquivo);
     type({L"LISTAMATERIAL", L"csv", L"/nao/existe/lista.csv"});
     EXPECT_TRUE(said(L"Não foi possível gravar"));
+}
+
+TEST_F(ListaMaterial, ArquivoQueExisteSoETrocadoComSim) {
+    namespace fs = std::filesystem;
+    const fs::path pasta = fs::temp_directory_path() / "zp_lista_destino";
+    fs::remove_all(pasta);
+    fs::create_directory(pasta);
+    const auto bytes = [&](const char* nome) {
+        std::ifstream arquivo(pasta / nome, std::ios::binary);
+        return std::string{std::istreambuf_iterator<char>(arquivo), {}};
+    };
+    const auto poe = [&](const char* nome) { std::ofstream(pasta / nome) << "antes"; };
+    const auto exporta = [&](const char* nome, std::initializer_list<const wchar_t*> respostas) {
+        type({L"LISTAMATERIAL", L"csv", (pasta / nome).wstring().c_str()});
+        type(respostas);
+    };
+    entra(1);
+    poe("desenho.dxf");
+    poe("lista.csv.tmp");
+    // The extension is added unless it is the right one, whatever its case.
+    for (const char* nome : {"lista rev.2", "desenho.dxf", "lista.csv", "OUTRA.CSV"})
+        exporta(nome, {});
+    for (const char* nome : {"lista rev.2.csv", "desenho.dxf.csv", "lista.csv", "OUTRA.CSV"})
+        EXPECT_TRUE(bytes(nome).starts_with("\xEF\xBB\xBFMARCA;")) << nome;
+    EXPECT_EQ(bytes("desenho.dxf"), "antes");
+    EXPECT_EQ(bytes("lista.csv.tmp"), "antes");
+    poe("lista.csv");
+    poe("b.csv");
+    exporta("lista", {L""});
+    EXPECT_TRUE(asked(L"lista.csv já existe. Deseja substituí-lo? [Sim/Não] <Não>: "));
+    exporta("b", {L"^C"});
+    EXPECT_EQ(bytes("b.csv"), "antes");
+    type({(pasta / "c").wstring().c_str()});
+    EXPECT_EQ(bytes("lista.csv"), "antes");
+    EXPECT_FALSE(bytes("c.csv").empty()) << "after a no another name is asked for";
+    exporta("lista", {L"_y"});
+    EXPECT_NE(bytes("lista.csv"), "antes");
+    // A path that would be cut names another file: nothing is written.
+    const auto antes = std::distance(fs::directory_iterator(pasta), {});
+    exporta(std::string(140, 'n').c_str(), {});
+    EXPECT_TRUE(said(L"passa de 131 caracteres"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(pasta), {}), antes);
+    fs::remove_all(pasta);
 }
 
 /// A part of a workbook, as the language's own archive reader gives it.
@@ -225,14 +274,12 @@ TEST_F(ListaMaterial, XlsxComNumerosETotais) {
     for (const char* texto : {"DESCRIÇÃO", "Travejamento", "apagada", "TOTAL"})
         EXPECT_NE(textos.find(texto), std::string::npos) << texto;
     EXPECT_NE(folha.find("<cols>"), std::string::npos);
-    EXPECT_FALSE(std::filesystem::exists(arquivo.string() + ".tmp"));
     std::filesystem::remove(arquivo);
     type({L"LISTAMATERIAL", L"xlsx", L"/nao/existe/lista.xlsx"});
     EXPECT_TRUE(said(L"Não foi possível gravar /nao/existe/lista.xlsx"));
-    // A folder of that name cannot be replaced; nothing is left beside it.
+    // A folder of that name cannot be replaced.
     std::filesystem::create_directory(arquivo);
-    EXPECT_FALSE(zp::lista::gravaXlsx(arquivo.wstring(), linhas()));
-    EXPECT_FALSE(std::filesystem::exists(arquivo.string() + ".tmp"));
+    EXPECT_FALSE(zp::lista::gravaXlsx(arquivo, linhas()));
     std::filesystem::remove(arquivo);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // LISTAMATERIAL: table, spreadsheet files, new list, rows of erased pieces.
 #include <algorithm>
+#include <iterator>
 
 #include "acedads.h"
 #include "dbapserv.h"
@@ -56,21 +57,68 @@ void tabela(Lista lista) {
     if (!desenhaTabela(lista)) acutPrintf(L"\nA tabela não pôde ser desenhada.\n");
 }
 
+enum class Resposta { Sim, Nao, Desiste };
+
+/// [Sim/Não]; Enter takes what is offered.
+Resposta confirma(const std::wstring& pergunta, Resposta oferecida) {
+    acedInitGet(0, L"Sim Não _Yes No");
+    ACHAR palavra[133] = L"";
+    const std::wstring padrao = oferecida == Resposta::Sim ? L"Sim" : L"Não";
+    const int status =
+        acedGetKword((pergunta + L" [Sim/Não] <" + padrao + L">: ").c_str(), palavra);
+    if (status == RTNONE) return oferecida;
+    if (status != RTNORM) return Resposta::Desiste;
+    const std::wstring escolha = palavra;
+    return escolha == L"Yes" || escolha == L"Sim" ? Resposta::Sim : Resposta::Nao;
+}
+
+bool temExtensao(const std::filesystem::path& arquivo, const wchar_t* extensao) {
+    std::wstring tem = textoDe(arquivo.extension());
+    for (wchar_t& c : tem)
+        if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
+    return tem == extensao;
+}
+
+/// File to write, its whole path; asks before one that exists is replaced. Nothing when the user
+/// declined or the name cannot have come whole.
+std::optional<std::filesystem::path> perguntaDestino(const wchar_t* pergunta,
+                                                     const wchar_t* extensao) {
+    for (;;) {
+        ACHAR nome[133] = L"";
+        if (acedGetString(1, pergunta, nome) != RTNORM || *nome == L'\0') return {};
+        std::wstring caminho = nome;
+        // A longer answer is cut there, and would name another file.
+        if (caminho.size() >= std::size(nome) - 1) {
+            acutPrintf(
+                L"\nO caminho passa de 131 caracteres; nada foi gravado. Informe um mais curto.\n");
+            return {};
+        }
+#ifndef _WIN32
+        std::replace(caminho.begin(), caminho.end(), L'\\', L'/');
+#endif
+        std::filesystem::path destino = caminhoDe(caminho);
+        if (!temExtensao(destino, extensao)) destino += extensao;
+        std::error_code erro;  // what cannot be asked cannot be written either, and that is told
+        const std::filesystem::path inteiro = std::filesystem::absolute(destino, erro);
+        if (!erro) destino = inteiro;
+        if (!std::filesystem::is_regular_file(destino, erro)) return destino;
+        const Resposta troca =
+            confirma(L"\n" + textoDe(destino) + L" já existe. Deseja substituí-lo?", Resposta::Nao);
+        if (troca == Resposta::Sim) return destino;
+        if (troca == Resposta::Desiste) return {};
+    }
+}
+
 /// A file of one of the formats; `extensao` with its dot.
 void exporta(const Lista& lista, const wchar_t* pergunta, const wchar_t* extensao,
-             bool (*grava)(const std::wstring&, const std::vector<Linha>&)) {
-    ACHAR nome[133] = L"";
-    if (acedGetString(1, pergunta, nome) != RTNORM || *nome == L'\0') return;
-    std::wstring caminho = nome;
-#ifndef _WIN32
-    std::replace(caminho.begin(), caminho.end(), L'\\', L'/');
-#endif
-    if (!caminhoDe(caminho).has_extension()) caminho += extensao;
-    if (grava(caminho, linhas(lista.id)))
-        acutPrintf(L"\nLista gravada em %ls.\n", caminho.c_str());
+             bool (*grava)(const std::filesystem::path&, const std::vector<Linha>&)) {
+    const std::optional<std::filesystem::path> destino = perguntaDestino(pergunta, extensao);
+    if (!destino) return;
+    if (grava(*destino, linhas(lista.id)))
+        acutPrintf(L"\nLista gravada em %ls.\n", textoDe(*destino).c_str());
     else
         acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
-                   caminho.c_str());
+                   textoDe(*destino).c_str());
 }
 
 int quantasApagadas(const Lista& lista) {
@@ -96,13 +144,8 @@ void limpa(const Lista& lista) {
         if (apagada(l))
             acutPrintf(L"\n%ls: %ls %ls, %ls", l.marca.c_str(), l.descricao.c_str(),
                        l.dimensoes.c_str(), observacaoDe(l).c_str());
-    acedInitGet(0, L"Sim Não _Yes No");
-    ACHAR palavra[133] = L"";
-    const std::wstring pergunta =
-        L"\nRetirar da lista (linhas: " + std::to_wstring(n) + L") [Sim/Não] <Sim>: ";
-    const int status = acedGetKword(pergunta.c_str(), palavra);
-    const std::wstring escolha = palavra;
-    if (status != RTNONE && (status != RTNORM || (escolha != L"Yes" && escolha != L"Sim"))) return;
+    const std::wstring pergunta = L"\nRetirar da lista (linhas: " + std::to_wstring(n) + L")";
+    if (confirma(pergunta, Resposta::Sim) != Resposta::Sim) return;
     acutPrintf(L"\nLinhas retiradas: %d.\n", retiraApagadas(lista.id));
     if (temTabela(lista.cabecalho)) (void)desenhaTabela(lista);
 }

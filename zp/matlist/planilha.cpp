@@ -2,8 +2,7 @@
 // Workbook of a material list.
 #include <xlsxwriter.h>
 
-#include <fstream>
-
+#include "files/replacement.h"
 #include "zp/matlist/tabela.h"
 
 namespace zp::lista {
@@ -95,8 +94,6 @@ private:
 };
 
 bool escreve(const std::filesystem::path& caminho, const std::vector<Linha>& linhas) {
-    // The library complains on the terminal of what it cannot write.
-    if (!std::ofstream(caminho, std::ios::binary | std::ios::trunc)) return false;
     lxw_workbook* livro = workbook_new(caminho.string().c_str());
     if (livro == nullptr) return false;
     Folha folha(livro);
@@ -110,17 +107,10 @@ bool escreve(const std::filesystem::path& caminho, const std::vector<Linha>& lin
 
 bool sabeXlsx() { return true; }
 
-bool gravaXlsx(const std::wstring& caminho, const std::vector<Linha>& linhas) {
-    const std::filesystem::path destino = caminhoDe(caminho);
-    std::filesystem::path provisorio = destino;
-    provisorio += ".tmp";
-    std::error_code erro;
-    if (escreve(provisorio, linhas)) {
-        std::filesystem::rename(provisorio, destino, erro);
-        if (!erro) return true;
-    }
-    std::filesystem::remove(provisorio, erro);
-    return false;
+bool gravaXlsx(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
+    // The library writes by name, and complains on the terminal of what it cannot open.
+    files::Replacement arquivo(destino);
+    return arquivo.open() == 0 && escreve(arquivo.place(), linhas) && arquivo.commit() == 0;
 }
 
 }  // namespace zp::lista

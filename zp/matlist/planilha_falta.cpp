@@ -6,6 +6,6 @@ namespace zp::lista {
 
 bool sabeXlsx() { return false; }
 
-bool gravaXlsx(const std::wstring&, const std::vector<Linha>&) { return false; }
+bool gravaXlsx(const std::filesystem::path&, const std::vector<Linha>&) { return false; }
 
 }  // namespace zp::lista

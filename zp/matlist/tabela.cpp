@@ -4,12 +4,13 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <memory>
+#include <system_error>
 #include <type_traits>
 
 #include "adscodes.h"
 #include "dbents.h"
+#include "files/replacement.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "zp/objects/secao/secao.h"
 
@@ -87,6 +88,10 @@ private:
     std::vector<AcDbSoftPointerId> m_ids;
 };
 
+std::wstring semFormula(const std::wstring& texto) {
+    return texto.find_first_of(L"=+-@\t\r") == 0 ? L'\'' + texto : texto;
+}
+
 std::wstring campoCsv(const std::wstring& campo) {
     if (campo.find_first_of(L";\"\r\n") == std::wstring::npos) return campo;
     std::wstring citado = L"\"";
@@ -100,7 +105,7 @@ std::wstring campoCsv(const std::wstring& campo) {
 void acrescentaCsv(std::wstring& texto, const Campos& c) {
     for (std::size_t i = 0; i < kColunas; ++i) {
         if (i > 0) texto += L';';
-        texto += campoCsv(c[i]);
+        texto += campoCsv(kTitulos[i].numerica ? c[i] : semFormula(c[i]));
     }
     texto += L"\r\n";
 }
@@ -157,6 +162,17 @@ std::filesystem::path caminhoDe(const std::wstring& texto) {
     return std::u8string_view(reinterpret_cast<const char8_t*>(bytes.data()), bytes.size());
 }
 
+std::wstring textoDe(const std::filesystem::path& caminho) {
+    try {
+        return caminho.wstring();
+    } catch (const std::system_error&) {  // a folder that is named in another encoding
+        std::wstring texto;
+        for (const char c : caminho.string())
+            texto += static_cast<unsigned char>(c) < 0x80 ? static_cast<wchar_t>(c) : L'?';
+        return texto;
+    }
+}
+
 bool desenhaTabela(const Lista& lista) {
     std::optional<Cabecalho> cabecalho = leCabecalho(lista.id);
     if (!cabecalho) return false;
@@ -201,24 +217,8 @@ std::wstring textoCsv(const std::vector<Linha>& linhas) {
     return texto;
 }
 
-bool gravaCsv(const std::wstring& caminho, const std::vector<Linha>& linhas) {
-    const std::filesystem::path destino = caminhoDe(caminho);
-    std::filesystem::path provisorio = destino;
-    provisorio += ".tmp";
-    std::error_code erro;
-    {
-        std::ofstream arquivo(provisorio, std::ios::binary | std::ios::trunc);
-        arquivo << "\xEF\xBB\xBF" << utf8(textoCsv(linhas));
-        arquivo.close();
-        if (!arquivo) {
-            std::filesystem::remove(provisorio, erro);
-            return false;
-        }
-    }
-    std::filesystem::rename(provisorio, destino, erro);
-    if (!erro) return true;
-    std::filesystem::remove(provisorio, erro);
-    return false;
+bool gravaCsv(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
+    return files::replace(destino, "\xEF\xBB\xBF" + utf8(textoCsv(linhas))) == 0;
 }
 
 }  // namespace zp::lista

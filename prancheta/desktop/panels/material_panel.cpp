@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -28,7 +29,7 @@ namespace prancheta::desktop {
 namespace {
 
 /// Longest file name that the command takes.
-constexpr qsizetype kLongestName = 132;
+constexpr qsizetype kLongestName = 131;
 
 /// The rows of one list, or of all, that the search finds; "P2" before "P10".
 class MaterialOrder : public QSortFilterProxyModel {
@@ -321,17 +322,23 @@ void MaterialPanel::write(const char* option, const char* suffix, const char* fi
                                                 QStringLiteral("lista.") + QLatin1String(suffix),
                                                 QString::fromUtf8(filter));
     if (name.isEmpty()) return;
-    if (!name.endsWith(u'.' + QString::fromUtf8(suffix), Qt::CaseInsensitive))
+    // Only a name that the window showed was confirmed there.
+    bool confirmed = QFileInfo::exists(name);
+    if (!name.endsWith(u'.' + QString::fromUtf8(suffix), Qt::CaseInsensitive)) {
         name += u'.' + QString::fromUtf8(suffix);
+        confirmed = false;
+    }
     if (name.size() > kLongestName) {
         emit messageWanted(
-            QStringLiteral("O caminho passa de 132 caracteres; escolha uma pasta mais curta: ") +
+            QStringLiteral("O caminho passa de 131 caracteres; escolha uma pasta mais curta: ") +
             name);
         return;
     }
     QString line = QStringLiteral("LISTAMATERIAL ") + QLatin1String(option);
     if (list > 0) line += QStringLiteral("\n%1").arg(list);
-    emit commandWanted(line + u'\n' + name);
+    line += u'\n' + name;
+    if (confirmed) line += QStringLiteral("\n_Yes");
+    emit commandWanted(line);
 }
 
 }  // namespace
