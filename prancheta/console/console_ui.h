@@ -20,6 +20,7 @@ public:
     void runDialog(dcl::Dialog& dialog) override;
     void complain(std::wstring_view text, Complaint kind) override;
     bool pass(std::chrono::milliseconds time) override;
+    bool attended() const override { return m_script.interactive(); }
 
     /// True when the script asked for something that could not be done.
     bool failed() const { return m_failed; }

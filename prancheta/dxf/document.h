@@ -29,6 +29,8 @@ struct SaveOptions {
     Form form = Form::Ascii;
     /// Nothing: the view that the file came with, or of a new drawing its extents.
     std::optional<ShownView> view{};
+    /// What is replaced stays as this file, once the new one is whole; empty: it goes.
+    std::filesystem::path former{};
 };
 
 /// Something that was repaired or left out while reading; text in Portuguese.

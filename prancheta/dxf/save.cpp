@@ -261,6 +261,7 @@ Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
                   const SaveOptions& options) {
     registerEntityClasses();
     AtomicFile file(path);
+    file.keepFormer(options.former);
     if (auto opened = file.open(); !opened) return opened.error();
     const std::string version = versionOf(database.core().foreign().acadVersion, options.version);
     // A file of another code page stays one.

@@ -85,23 +85,6 @@ void keepSession(const SystemVariables& from, SystemVariables& to) {
     }
 }
 
-/// The file that is about to be replaced stays as NAME.bak, at the cost of a directory entry. A
-/// folder that cannot do this does not keep anybody from saving: the new file comes whole or not at
-/// all.
-void keepFormerFile(const std::filesystem::path& file) {
-    std::filesystem::path backup = file;
-    backup.replace_extension(".bak");
-    std::filesystem::path fresh = backup;
-    fresh += "~";
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(file, ignored)) return;
-    std::filesystem::remove(fresh, ignored);
-    std::error_code failed;
-    std::filesystem::create_hard_link(file, fresh, failed);
-    if (failed) std::filesystem::copy_file(file, fresh, failed);
-    if (!failed) std::filesystem::rename(fresh, backup, ignored);
-}
-
 }  // namespace
 
 std::unique_ptr<AcEditor> makeAcEditor(Editor& editor) {
@@ -120,6 +103,12 @@ void printFindings(Editor& editor, const dxf::LoadReport& report) {
             finding.line > 0 ? L"Linha " + std::to_wstring(finding.line) + L": " : std::wstring();
         editor.print(where + toWide(finding.text) + L"\n");
     }
+}
+
+bool Editor::fileChanged() const {
+    if (m_fileName.empty()) return false;
+    const std::optional<FileStamp> now = fileStampOf(m_fileName);
+    return now && now != m_fileStamp;
 }
 
 bool Editor::modified() const { return m_database->core().undo().revision() != m_savedRevision; }
@@ -145,6 +134,7 @@ void Editor::tellClosing() {
 void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
     const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
     m_fileName = std::move(fileName);
+    m_fileStamp = m_fileName.empty() ? std::nullopt : fileStampOf(m_fileName);
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     m_display = std::make_unique<DisplayList>(*m_database);
     m_appearances = std::make_unique<AppearanceTable>(*m_database);
@@ -190,10 +180,13 @@ Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database,
 Result<void> Editor::newDocument() { return replaceDatabase(std::make_unique<AcDbDatabase>(), {}); }
 
 Result<void> Editor::openDocument(const std::filesystem::path& path, dxf::LoadReport* findings) {
+    const std::optional<FileStamp> stamp = fileStampOf(path);
     Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(path, findings);
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     if (!loaded) return loaded.error();
-    return replaceDatabase(std::move(*loaded), std::filesystem::absolute(path));
+    Result<void> replaced = replaceDatabase(std::move(*loaded), std::filesystem::absolute(path));
+    if (replaced) m_fileStamp = stamp;  // it may have been written again since
+    return replaced;
 }
 
 Result<void> Editor::recoverDocument(const std::filesystem::path& copy,
@@ -224,10 +217,13 @@ Result<void> Editor::saveDocument(const std::filesystem::path& path,
     // The system would end the name there, and another file or the folder itself would be meant.
     if (target.native().find(std::filesystem::path::value_type()) != target.native().npos)
         return Error{"O nome do arquivo contém um caractere nulo; informe outro nome."};
-    if (m_database->core().variables().number(L"ISAVEBAK") != 0) keepFormerFile(target);
-    Result<void> written = writeDocument(target, options);
+    dxf::SaveOptions withFormer = options;
+    if (m_database->core().variables().number(L"ISAVEBAK") != 0)
+        withFormer.former = std::filesystem::path(target).replace_extension(".bak");
+    Result<void> written = writeDocument(target, withFormer);
     if (!written) return written;
     m_fileName = target;
+    m_fileStamp = fileStampOf(target);
     m_savedRevision = m_database->core().undo().revision();
     nameDrawing(m_database->core().variables(), target);
     return {};

@@ -15,6 +15,7 @@
 #include "aced.h"
 #include "dbapserv.h"
 #include "gemat3d.h"
+#include "prancheta/base/file_stamp.h"
 #include "prancheta/base/result.h"
 #include "prancheta/database/sysvars.h"
 #include "prancheta/dxf/document.h"
@@ -66,13 +67,16 @@ public:
     const std::filesystem::path& fileName() const { return m_fileName; }
     /// True when the drawing differs from its file.
     bool modified() const;
+    /// True when another program wrote the drawing's file since it was read or saved here.
+    bool fileChanged() const;
     /// These replace the drawing. They are refused while a module's command runs; on failure the
     /// present drawing stays. `findings` receives what was repaired while reading.
     Result<void> newDocument();
     Result<void> openDocument(const std::filesystem::path& path,
                               dxf::LoadReport* findings = nullptr);
     /// Empty path: where the drawing came from. A new path becomes the drawing's name. Under
-    /// ISAVEBAK 1 a file that is replaced stays as NAME.bak.
+    /// ISAVEBAK 1 a file that is replaced stays as NAME.bak. Whether another program changed the
+    /// file is for the caller to ask.
     Result<void> saveDocument(const std::filesystem::path& path = {},
                               const dxf::SaveOptions& options = {});
     /// Opens a copy that was kept for the case of a crash: the drawing goes by `name` (empty: none)
@@ -268,6 +272,7 @@ private:
     std::unique_ptr<DisplayList> m_display;
     std::unique_ptr<AppearanceTable> m_appearances;
     std::filesystem::path m_fileName;
+    std::optional<FileStamp> m_fileStamp;  ///< of the file as it was read or saved here
     std::uint64_t m_savedRevision = 0;
     std::unique_ptr<CommandStack> m_commands;
     Aliases m_aliases;

@@ -126,6 +126,9 @@ struct FileQuestion {
     std::filesystem::path suggestion;  ///< empty: none
 };
 
+/// What becomes of a file that another program changed since the drawing was read from it.
+enum class ChangedFile { Replace, SaveElsewhere, Keep };
+
 /// What a front end with windows may have instead of a command's questions.
 enum class Tool { Properties, Layers, Plot };
 
@@ -148,6 +151,11 @@ public:
     /// Asks in a window whether a drawing with unsaved changes may be left; it may have been saved
     /// in answer. Nothing: there is no such window, the command asks by text.
     virtual std::optional<bool> mayLeaveDrawing() { return {}; }
+    /// Asks in a window what becomes of a drawing's file that another program changed. Nothing:
+    /// there is no such window, the command asks by text.
+    virtual std::optional<ChangedFile> replaceChangedFile() { return {}; }
+    /// False when the answers come from a script: it gets no question that it does not expect.
+    virtual bool attended() const { return true; }
     /// Shows the window or panel that does the command's work. False: there is none, the command
     /// does with the command line.
     virtual bool showTool(Tool) { return false; }

@@ -73,6 +73,54 @@ TEST_F(Files, AnotherFileIsReplacedOnlyWhenToldSo) {
     EXPECT_FALSE(editor->modified());
 }
 
+TEST_F(Files, WhatAnotherProgramSavedIsReplacedOnlyWhenToldSo) {
+    const std::wstring name = path("a.dxf");
+    const std::wstring other = path("b.dxf");
+    type({L"_point", L"0,0", L"_qsave", name.c_str(), L"_point", L"1,1"});
+    const auto neighbour = [&] { std::ofstream(m_folder / "a.dxf") << "do vizinho"; };
+    neighbour();
+    type({L"_qsave", L""});
+    EXPECT_TRUE(asked(L"[Sobrescrever/Outro nome/Cancelar] <Cancelar>:"));
+    type({L"_save", L"", L"_c"});
+    EXPECT_EQ(content("a.dxf"), "do vizinho");
+    // A script did not expect the question.
+    ui.byHand = false;
+    type({L"_qsave"});
+    EXPECT_EQ(content("a.dxf"), "do vizinho");
+    ASSERT_EQ(ui.complaints.size(), 1u);
+    EXPECT_NE(ui.complaints[0].find(L"foi mudado por outro programa"), std::wstring::npos);
+    ui.byHand = true;
+    type({L"_qsave", L"_another", other.c_str()});
+    EXPECT_EQ(editor->fileName(), m_folder / "b.dxf");
+    EXPECT_EQ(content("a.dxf"), "do vizinho");
+    type({L"_saveas", name.c_str(), L"_y", L"_point", L"2,2", L"_qsave"});
+    EXPECT_FALSE(editor->modified()) << "its own saving is nobody else's";
+    neighbour();
+    type({L"_qsave", L"_overwrite"});
+    EXPECT_NE(content("a.dxf"), "do vizinho");
+    EXPECT_EQ(content("a.bak"), "do vizinho");
+    EXPECT_FALSE(editor->commandActive());
+}
+
+TEST_F(Files, TheFormerFileIsNoLinkAndOutlivesAFailure) {
+    const std::wstring name = path("a.dxf");
+    const std::wstring link = path("link.dxf");
+    type({L"_point", L"0,0", L"_qsave", name.c_str()});
+    const std::string first = content("a.dxf");
+    fs::create_symlink("a.dxf", m_folder / "link.dxf");
+    type({L"_open", link.c_str(), L"_point", L"1,1", L"_qsave"});
+    EXPECT_TRUE(fs::is_symlink(m_folder / "link.dxf"));
+    EXPECT_FALSE(fs::is_symlink(m_folder / "link.bak"));
+    EXPECT_EQ(content("link.bak"), first);
+    EXPECT_NE(content("a.dxf"), first);
+    // A folder takes the drawing's place: it cannot be saved there.
+    fs::remove(m_folder / "a.dxf");
+    fs::create_directory(m_folder / "a.dxf");
+    type({L"_point", L"2,2", L"_qsave", L"_overwrite"});
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    EXPECT_EQ(content("link.bak"), first);
+}
+
 TEST_F(Files, VersionOfTheFile) {
     const std::wstring name = path("velho.dxf");
     type({L"_saveas", L"_v", L"2000", name.c_str()});

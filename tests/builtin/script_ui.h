@@ -30,6 +30,7 @@ public:
     void alert(std::wstring_view text) override { output += text; }
     void runDialog(prancheta::dcl::Dialog&) override { ADD_FAILURE() << "no dialog expected"; }
     void complain(std::wstring_view text, prancheta::Complaint) override { complaints.emplace_back(text); }
+    bool attended() const override { return byHand; }
     RawInput ask(const InputRequest& request) override {
         prompts.push_back(request.prompt);
         last = request;
@@ -44,6 +45,7 @@ public:
     std::vector<std::wstring> prompts;
     std::vector<std::wstring> complaints;
     InputRequest last;
+    bool byHand = true;
 };
 
 /// Each test has an editor with a new drawing.

@@ -49,6 +49,14 @@ std::uniform_int_distribution<int> moments(Run run) {
                                               static_cast<int>(whole));
 }
 
+/// What killed programs left beside the files that they wrote.
+int temporaries(const fs::path& folder) {
+    int count = 0;
+    for (const auto& entry : fs::directory_iterator(folder))
+        count += entry.path().filename().string().starts_with(".gravando-");
+    return count;
+}
+
 /// Number of rows of a list, -1 when its last line is not whole.
 int wholeRows(const std::string& bytes) {
     if (!bytes.empty() && bytes.back() != '\n') return -1;
@@ -81,6 +89,8 @@ TEST(Interrupted, AKilledSaveLeavesAWholeDrawing) {
     // Otherwise nothing was interrupted, or nothing was saved.
     EXPECT_GT(killed, kKills / 5);
     EXPECT_GT(sizes.size(), 3U);
+    (void)runConsole(folder, {"--sem-modulos", "-r", "roteiro", "a.dxf"});
+    EXPECT_EQ(temporaries(folder.path()), 0);
 }
 
 TEST(Interrupted, AKilledCommandLeavesAWholeCatalogue) {
@@ -112,6 +122,9 @@ TEST(Interrupted, AKilledCommandLeavesAWholeCatalogue) {
     }
     EXPECT_GT(killed, kKills / 10);
     EXPECT_GT(grown, 0);
+    writeScript(kKills);
+    (void)runConsole(folder, arguments);
+    EXPECT_EQ(temporaries(list.parent_path()), 0);
 }
 
 TEST(Interrupted, AFullDiskKeepsTheOldDrawing) {
@@ -119,14 +132,16 @@ TEST(Interrupted, AFullDiskKeepsTheOldDrawing) {
     put(folder / "roteiro", savingScript(3));
     ASSERT_EQ(runConsole(folder, {"-r", "/dev/null", "-o", "a.dxf"}).code, 0);
     const std::string old = bytesOf(folder / "a.dxf");
-    put(folder / "linha", "_line\n0,0\n1,1\n\n");
+    put(folder / "a.bak", "antes");
+    put(folder / "linha", "_line\n0,0\n1,1\n\n_qsave\n");
     for (const long room : {0L, 1L, 1000L, static_cast<long>(old.size()) - 1}) {
         const Outcome outcome =
             runConsole(folder, {"--sem-modulos", "-r", "linha", "-o", "a.dxf", "a.dxf"},
                        {.largestFile = room});
         EXPECT_EQ(outcome.code, 3) << room;
         EXPECT_EQ(bytesOf(folder / "a.dxf"), old) << room;
-        EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 5)
+        EXPECT_EQ(bytesOf(folder / "a.bak"), "antes") << room;
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 6)
             << "a temporary file was left with room for " << room;
     }
 }
@@ -138,6 +153,7 @@ TEST(Interrupted, AFolderWithoutRightsIsToldAndKeepsItsFiles) {
     ASSERT_EQ(runConsole(folder, {"-r", "/dev/null", "-o", "fechada/a.dxf"}).code, 0);
     const std::string old = bytesOf(locked / "a.dxf");
     fs::permissions(folder.path(), fs::perms::all);
+    fs::permissions(locked / "a.dxf", fs::perms::owner_read | fs::perms::others_read);
     fs::permissions(locked, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
                                 fs::perms::others_exec);
     put(folder / "linha", "_line\n0,0\n1,1\n\n_qsave\n");

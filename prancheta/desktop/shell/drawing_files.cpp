@@ -61,8 +61,31 @@ void DrawingFiles::fail(const QString& what, const Error& error) {
                          what + "\n\n" + QString::fromStdString(error.message()));
 }
 
+ChangedFile DrawingFiles::replaceChanged() {
+    QMessageBox box(QMessageBox::Warning, "Prancheta",
+                    toQString(m_editor->fileName().filename()) +
+                        " foi mudado por outro programa desde que foi aberto. Salvar substitui o "
+                        "que o outro gravou.",
+                    QMessageBox::NoButton, &m_window);
+    box.setObjectName("arquivoMudado");
+    const QPushButton* const replace = box.addButton("&Sobrescrever", QMessageBox::DestructiveRole);
+    const QPushButton* const other =
+        box.addButton("Salvar com &outro nome", QMessageBox::AcceptRole);
+    box.setEscapeButton(box.addButton("&Cancelar", QMessageBox::RejectRole));
+    box.exec();
+    if (box.clickedButton() == replace) return ChangedFile::Replace;
+    return box.clickedButton() == other ? ChangedFile::SaveElsewhere : ChangedFile::Keep;
+}
+
 bool DrawingFiles::save() {
     std::filesystem::path target = m_editor->fileName();
+    if (m_editor->fileChanged()) {
+        const ChangedFile what = replaceChanged();
+        if (what == ChangedFile::Keep) return false;
+        if (what == ChangedFile::SaveElsewhere)
+            target = choose({FileQuestion::Purpose::Save, target});
+        if (target.empty()) return false;
+    }
     if (target.empty()) target = choose({FileQuestion::Purpose::Save, {}});
     if (target.empty()) return false;
     const Result<void> saved = m_editor->saveDocument(target);
@@ -109,7 +132,8 @@ QStringList DrawingFiles::recent() const {
     return files;
 }
 
-/// Both may work on: the file is replaced as a whole, and the former one stays as .bak.
+/// Both may work on: who saves last is asked, the file is replaced as a whole, and the former one
+/// stays as .bak.
 void DrawingFiles::mark() {
     const std::filesystem::path file = m_editor->fileName();
     if (file == m_marked) return;
@@ -128,7 +152,8 @@ void DrawingFiles::mark() {
     auto* const box = new QMessageBox(
         QMessageBox::Warning, "Prancheta",
         toQString(file.filename()) +
-            " já está aberto em outra janela. Salvo nas duas, fica o que foi salvo por último.",
+            " já está aberto em outra janela. Quem salvar depois da outra será perguntado."
+            " Só um dos dois trabalhos pode ficar neste arquivo.",
         QMessageBox::Ok, &m_window);
     box->setObjectName("abertoEmOutra");
     box->setAttribute(Qt::WA_DeleteOnClose);

@@ -25,6 +25,8 @@ public:
     std::filesystem::path choose(const FileQuestion& question);
     /// Asks about unsaved changes and saves them when the user wants it; false: stay.
     bool mayLeave();
+    /// Asks what becomes of the drawing's file, which another program changed.
+    ChangedFile replaceChanged();
     /// Saves under the drawing's name, or asks for one. False when nothing was saved; failures were
     /// shown.
     bool save();

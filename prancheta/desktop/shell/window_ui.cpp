@@ -50,6 +50,8 @@ std::optional<std::filesystem::path> WindowUi::chooseFile(const FileQuestion& qu
 
 std::optional<bool> WindowUi::mayLeaveDrawing() { return m_files.mayLeave(); }
 
+std::optional<ChangedFile> WindowUi::replaceChangedFile() { return m_files.replaceChanged(); }
+
 bool WindowUi::showTool(Tool tool) {
     showChanges();
     emit toolWanted(tool);

@@ -40,6 +40,7 @@ public:
     void complain(std::wstring_view text, Complaint kind) override;
     std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override;
     std::optional<bool> mayLeaveDrawing() override;
+    std::optional<ChangedFile> replaceChangedFile() override;
     bool showTool(Tool tool) override;
     bool pass(std::chrono::milliseconds time) override;
     void refresh() override;

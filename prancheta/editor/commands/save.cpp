@@ -12,6 +12,8 @@ namespace prancheta::commands {
 namespace {
 
 constexpr Word kNameWords[] = {{L"Versão", L"Version"}};
+constexpr Word kChangedWords[] = {
+    {L"Sobrescrever", L"Overwrite"}, {L"Outro", L"Another"}, {L"Cancelar", L"Cancel"}};
 constexpr Word kVersionWords[] = {{L"2000", L"2000"}, {L"2018", L"2018"}};
 
 std::filesystem::path withExtension(std::filesystem::path path) {
@@ -33,6 +35,31 @@ CommandEnd write(const CommandContext& context, const std::filesystem::path& pat
     }
     say(context, L"Desenho salvo em " + toWide(context.editor().fileName().string()));
     return CommandEnd::Done;
+}
+
+std::wstring changedText(const Editor& editor) {
+    return toWide(editor.fileName().string()) +
+           L" foi mudado por outro programa desde que foi aberto";
+}
+
+/// What to do about that, in a window or by text. A script, which expects no such question, is
+/// refused.
+Task<ChangedFile> askAboutChange(CommandContext context) {
+    Editor& editor = context.editor();
+    if (!editor.interactive() || !editor.ui().attended()) {
+        editor.complain(changedText(editor) +
+                        L"; o desenho não foi salvo. Use SALVARCOMO para gravá-lo com outro nome.");
+        co_return ChangedFile::Keep;
+    }
+    if (usesWindows(context))
+        if (const auto chosen = editor.ui().replaceChangedFile()) co_return *chosen;
+    const InputValue answer = co_await context.ask(
+        Prompt(InputKind::Keyword,
+               L"\n" + changedText(editor) +
+                   L". O que fazer? [Sobrescrever/Outro nome/Cancelar] <Cancelar>: ")
+            .words(kChangedWords));
+    if (isWord(answer, L"Overwrite")) co_return ChangedFile::Replace;
+    co_return isWord(answer, L"Another") ? ChangedFile::SaveElsewhere : ChangedFile::Keep;
 }
 
 /// Name and version; asks before it would replace a file that is not the drawing's own.
@@ -67,6 +94,10 @@ CommandTask saveUnderName(CommandContext context) {
                 Choice::No);
             if (replace.status == RTCAN) co_return CommandEnd::Cancelled;
             if (replace.number == 0.0) continue;
+        } else if (sameFile(path, present) && context.editor().fileChanged()) {
+            const ChangedFile what = co_await askAboutChange(context);
+            if (what == ChangedFile::Keep) co_return CommandEnd::Cancelled;
+            if (what == ChangedFile::SaveElsewhere) continue;
         }
         co_return write(context, path, options);
     }
@@ -93,7 +124,12 @@ std::optional<std::filesystem::path> chosenFile(const CommandContext& context,
 }
 
 CommandTask qsave(CommandContext context) {
-    if (!context.editor().fileName().empty()) co_return write(context, {}, {});
+    if (!context.editor().fileName().empty()) {
+        ChangedFile what = ChangedFile::Replace;
+        if (context.editor().fileChanged()) what = co_await askAboutChange(context);
+        if (what == ChangedFile::Replace) co_return write(context, {}, {});
+        if (what == ChangedFile::Keep) co_return CommandEnd::Cancelled;
+    }
     const CommandEnd end = co_await saveUnderName(context);
     co_return end;
 }
