@@ -106,7 +106,26 @@ void Recovery::drop() {
     m_written.reset();
 }
 
+/// What windows left that died before their copy was whole, or while it was thrown away.
+void Recovery::removeRemains() const {
+    std::error_code ignored;
+    std::vector<fs::path> remains;
+    for (const auto& entry : fs::directory_iterator(m_folder, ignored)) {
+        const fs::path ending = entry.path().extension();
+        if (ending != ".lock" && ending != ".nome") continue;
+        const fs::path copy = withEnding(entry.path(), ".dxf");
+        if (copy != file(".dxf") && !fs::exists(copy, ignored)) remains.push_back(copy);
+    }
+    for (const fs::path& copy : remains) {
+        auto claim = lockOf(withEnding(copy, ".lock"));
+        // It may be a window that writes its first copy just now.
+        if (claim->tryLock(0) && !fs::exists(copy, ignored))
+            fs::remove(withEnding(copy, ".nome"), ignored);
+    }
+}
+
 std::vector<LeftCopy> Recovery::leftCopies() const {
+    removeRemains();
     std::vector<LeftCopy> out;
     std::error_code ignored;
     for (const auto& entry : fs::directory_iterator(m_folder, ignored)) {

@@ -43,7 +43,7 @@ public:
     void documentReplaced() { drop(); }
     /// Writes the copy at once, replacing the former one atomically.
     Result<void> write();
-    /// Copies of windows that are gone, oldest first.
+    /// Copies of windows that are gone, oldest first. What else such windows left is removed.
     std::vector<LeftCopy> leftCopies() const;
     static void discard(LeftCopy& left);
 
@@ -53,6 +53,7 @@ signals:
 
 private:
     std::filesystem::path file(const char* ending) const;
+    void removeRemains() const;
     Result<void> prepare();
     void drop();
 
