@@ -126,10 +126,16 @@ TEST_F(Window, ClosingAsksAboutUnsavedWork) {
                    EXPECT_TRUE(story.window().isVisible());
                    EXPECT_EQ(story.entities(), 1u);
                    ASSERT_TRUE(story.editor().saveDocument(file));
+                   std::ofstream(file) << "de outro programa";
                    story.press("c 90,50 25 ");
                });
     story.when([&] { return story.entities() == 2; }, [&] { story.window().close(); });
     story.choose("salvarAlteracoes", "Salvar");
+    story.choose("arquivoMudado", "Cancelar");
+    story.when([&] { return story.idle(); }, [&] { story.press("_qsave "); });
+    story.choose("arquivoMudado", "Sobrescrever");
+    story.when([&] { return story.idle() && !story.window().isWindowModified(); },
+               [&] { story.window().close(); });
     ASSERT_TRUE(story.run());
     EXPECT_TRUE(story.closedItself());
     ASSERT_TRUE(story.editor().openDocument(file));
@@ -174,11 +180,16 @@ TEST_F(Window, RecoversAfterACrash) {
         else
             fs::copy(file, back);
     }
+    // A window that died before its first copy was whole.
+    lockByDeadProcess(recoveries() / "morta.lock");
+    std::ofstream(recoveries() / "morta.nome") << drawing.string();
     Story story;
     story.choose("recuperar", "Recuperar");
     story.when([&] { return story.idle(); },
                [&] {
                    EXPECT_EQ(story.entities(), 2u);
+                   EXPECT_FALSE(fs::exists(recoveries() / "morta.nome"));
+                   EXPECT_FALSE(fs::exists(recoveries() / "morta.lock"));
                    EXPECT_EQ(story.editor().fileName(), drawing);
                    EXPECT_TRUE(story.window().isWindowModified());
                    ASSERT_TRUE(story.editor().saveDocument());
