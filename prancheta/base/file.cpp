@@ -15,6 +15,9 @@ constexpr const char* kNotWritten = "não foi possível gravar o arquivo";
 
 AtomicFile::AtomicFile(std::filesystem::path target) : m_file(std::move(target)) {}
 
+// Here, because who uses this class has no files::Replacement.
+AtomicFile::~AtomicFile() = default;
+
 void AtomicFile::keepFormer(std::filesystem::path backup) { m_file.keepFormer(std::move(backup)); }
 
 Error AtomicFile::failed(std::string what, int error) const {

@@ -25,6 +25,9 @@ Result<std::string> readFile(const std::filesystem::path& path);
 class AtomicFile {
 public:
     explicit AtomicFile(std::filesystem::path target);
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
 
     /// What is replaced stays as this file; see files::Replacement.
     void keepFormer(std::filesystem::path backup);
