@@ -23,7 +23,9 @@ endif()
 set(HOUSE_BIN ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${HOUSE_BIN})
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${HOUSE_BIN})
-set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+# Built with the path that is installed: to change it afterwards CMake would pad it with an empty element, which
+# is the current folder.
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
 set(CMAKE_INSTALL_RPATH $ORIGIN)
 
 if(WIN32)
@@ -102,6 +104,12 @@ function(house_module name)
     target_link_options(${name} PRIVATE ${HOUSE_NO_UNDEFINED})
 endfunction()
 
+# house_aside(NAME folder): a program that is no part of the product stands in a folder beside bin.
+function(house_aside name folder)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${folder}
+                                             INSTALL_RPATH $ORIGIN/../bin)
+endfunction()
+
 # house_test(NAME SOURCES ... KNOWS ...): one GoogleTest program, one test of ctest.
 function(house_test name)
     cmake_parse_arguments(TEST "" "" "SOURCES;KNOWS" ${ARGN})
@@ -109,7 +117,7 @@ function(house_test name)
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE house ${TEST_KNOWS} GTest::gtest_main)
     if(NOT WIN32)  # there libraries are looked for beside the program
-        set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+        house_aside(${name} tests)
     endif()
     target_compile_definitions(${name} PRIVATE HOUSE_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                                HOUSE_BINARY_DIR="${CMAKE_BINARY_DIR}")

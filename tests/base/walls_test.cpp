@@ -2,6 +2,7 @@
 // Who may know whom: every include of every room is held against one table.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -102,6 +103,27 @@ std::vector<std::string> violations(const std::string& room, const std::set<std:
 TEST(Walls, EveryRoomKnowsOnlyWhomItMay) {
     for (const auto& [room, known] : kMayKnow)
         EXPECT_EQ(violations(room, known), std::vector<std::string>()) << room;
+}
+
+/// An empty element of the path would be the folder in which the user happens to stand.
+TEST(Walls, ProgramsLookForLibrariesBesideThemselvesOnly) {
+    int programs = 0;
+    for (const char* const folder : {"bin", "tests"}) {
+        const std::string files = (fs::path(HOUSE_BINARY_DIR) / folder).string() + "/*";
+        FILE* const out = ::popen(("readelf -d " + files + " 2>/dev/null").c_str(), "r");
+        ASSERT_NE(out, nullptr);
+        char bytes[4096];
+        while (std::fgets(bytes, sizeof bytes, out) != nullptr) {
+            const std::string line = bytes;
+            if (line.find("PATH)") == std::string::npos) continue;
+            const std::size_t from = line.find('[');
+            const std::string path = line.substr(from, line.find(']') + 1 - from);
+            EXPECT_TRUE(path == "[$ORIGIN]" || path == "[$ORIGIN/../bin]") << folder << line;
+            ++programs;
+        }
+        ::pclose(out);
+    }
+    EXPECT_GT(programs, 0);
 }
 
 TEST(Walls, EveryRoomOfTheHostIsInTheTable) {
