@@ -9,7 +9,8 @@ set(house_parts prancheta prancheta-console zpforja zpgbarra zptrelica zpobjects
 if(TARGET prancheta-window)
     list(APPEND house_parts prancheta-plot prancheta-window)
 endif()
-install(TARGETS ${house_parts} RUNTIME DESTINATION ${house_home} LIBRARY DESTINATION ${house_home})
+install(TARGETS ${house_parts} RUNTIME DESTINATION ${house_home}
+        LIBRARY DESTINATION ${house_home} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
 foreach(program prancheta prancheta-console)
@@ -30,11 +31,21 @@ if(TARGET prancheta-window)
 endif()
 
 set(CPACK_GENERATOR DEB)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_SOURCE_DIR}/cmake/PackageNeeds.cmake)
 set(CPACK_PACKAGE_NAME prancheta)
-set(CPACK_PACKAGE_CONTACT "Prancheta <prancheta@localhost>")
+set(CPACK_PACKAGE_CONTACT "Prancheta <prancheta@prancheta.invalid>")  # nobody answers: a domain that can never be
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Steel profiles for draughtsmen: drawing host and profile commands")
+set(CPACK_PACKAGE_DESCRIPTION "Thirty commands draw cold-formed, rolled and welded sections and the members
+made of them as parametric pieces, with dimensions, plates and a material
+list. They come with Prancheta, a drawing host with a window and a console,
+which keeps its drawings as DXF and plots them to PDF, SVG and PNG.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
+# A package that is its own origin tells its changes under this name.
+string(TIMESTAMP house_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+configure_file(packaging/changelog.in ${CMAKE_BINARY_DIR}/changelog @ONLY)
+execute_process(COMMAND gzip -9nfk ${CMAKE_BINARY_DIR}/changelog COMMAND_ERROR_IS_FATAL ANY)
+install(FILES ${CMAKE_BINARY_DIR}/changelog.gz CHANGELOG.md DESTINATION share/doc/prancheta)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
