@@ -3,9 +3,12 @@
 #include "child.h"
 
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,11 +20,20 @@ namespace fs = std::filesystem;
 namespace faults {
 namespace {
 
-constexpr unsigned kNobody = 65534;
-
 void redirect(const fs::path& file, int descriptor) {
     const int opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
     if (opened >= 0) ::dup2(opened, descriptor);
+}
+
+/// Root may write anywhere by one capability, which the program to be started goes without. As
+/// another user it might not reach its own libraries.
+bool obeyPermissions() {
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct rights[2]{};
+    if (::syscall(SYS_capget, &header, rights) != 0) return false;
+    rights[0].inheritable &= ~(1U << CAP_DAC_OVERRIDE);
+    return ::syscall(SYS_capset, &header, rights) == 0 &&
+           ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0) == 0;
 }
 
 /// In the child, before the program starts.
@@ -37,10 +49,7 @@ void prepare(const Folder& folder, const Accident& accident) {
         const rlimit limit{bytes, bytes};
         if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) ::_exit(121);
     }
-    // Root may write anywhere.
-    if (accident.withoutRights && ::geteuid() == 0 &&
-        (::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
-        ::_exit(122);
+    if (accident.withoutRights && ::geteuid() == 0 && !obeyPermissions()) ::_exit(122);
 }
 
 }  // namespace

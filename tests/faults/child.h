@@ -29,7 +29,7 @@ std::string bytesOf(const std::filesystem::path& file);
 struct Accident {
     int killAfter = -1;          ///< microseconds until SIGKILL, -1: never
     long largestFile = -1;       ///< bytes that a file may grow to, as on a full disk; -1: no limit
-    bool withoutRights = false;  ///< runs as a user who may not write, whoever runs the test
+    bool withoutRights = false;  ///< permissions count, whoever runs the test
 };
 
 struct Outcome {

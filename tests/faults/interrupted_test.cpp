@@ -152,10 +152,8 @@ TEST(Interrupted, AFolderWithoutRightsIsToldAndKeepsItsFiles) {
     fs::create_directory(locked);
     ASSERT_EQ(runConsole(folder, {"-r", "/dev/null", "-o", "fechada/a.dxf"}).code, 0);
     const std::string old = bytesOf(locked / "a.dxf");
-    fs::permissions(folder.path(), fs::perms::all);
-    fs::permissions(locked / "a.dxf", fs::perms::owner_read | fs::perms::others_read);
-    fs::permissions(locked, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
-                                fs::perms::others_exec);
+    fs::permissions(locked / "a.dxf", fs::perms::owner_read);
+    fs::permissions(locked, fs::perms::owner_read | fs::perms::owner_exec);
     put(folder / "linha", "_line\n0,0\n1,1\n\n_qsave\n");
     const Outcome outcome = runConsole(folder, {"--sem-modulos", "-r", "linha", "fechada/a.dxf"},
                                        {.withoutRights = true});
