@@ -79,13 +79,15 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
+    const std::string word = argc == 2 ? argv[1] : "";
+    if (word.empty() || word.starts_with('-')) {
+        const bool asked = word == "--help" || word == "--ajuda" || word == "-h";
+        std::fprintf(asked ? stdout : stderr, "usage: fotografar-dialogos FOLDER\n");
+        return asked ? 0 : 2;
+    }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: fotografar-dialogos FOLDER\n");
-        return 2;
-    }
-    std::filesystem::create_directories(argv[1]);
+    std::filesystem::create_directories(word);
     QWidget window;
     window.resize(1200, 700);
     window.show();
@@ -96,7 +98,7 @@ int main(int argc, char** argv) {
     Host host(ui, hostOn(installation.path().toStdString()));
     if (const auto started = host.start(); !started)
         std::fprintf(stderr, "%s\n", started.error().message().c_str());
-    Photographer photographer(argv[1]);
+    Photographer photographer(word);
     ui.hand = [&](QDialog& dialog) { photographer.at(dialog); };
 
     AcEdCommandIterator* commands = host.editor().commands().iterator();
