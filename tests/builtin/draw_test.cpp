@@ -171,9 +171,16 @@ TEST_F(Draw, NewEntitiesTakeTheCurrentProperties) {
 }
 
 TEST_F(Draw, Text) {
-    type({L"texto", L"10,20", L"5", L"90", L"Viga V1, 2 peças"});
+    type({L"texto", L"10,20", L"5", L"90", L"Viga V1, 2 peças", L"Viga V2", L""});
     {
-        const Read<AcDbText> text(last());
+        const Read<AcDbText> below(last());
+        ASSERT_NE(below.object(), nullptr);
+        EXPECT_STREQ(below->textStringConst(), L"Viga V2");
+        // Downwards of a text that is read upwards is to the right; lines are 5/3 of the height
+        // apart.
+        expectPoint(below->position(), 10 + 25.0 / 3.0, 20);
+        EXPECT_NEAR(below->rotation(), kPi / 2, 1e-12);
+        const Read<AcDbText> text(entities().front());
         ASSERT_NE(text.object(), nullptr);
         EXPECT_STREQ(text->textStringConst(), L"Viga V1, 2 peças");
         expectPoint(text->position(), 10, 20);
@@ -181,19 +188,21 @@ TEST_F(Draw, Text) {
         EXPECT_NEAR(text->rotation(), kPi / 2, 1e-12);
     }
     // Height and rotation are kept; the middle centre is mode 1 / 2 about the point.
-    type({L"_text", L"_j", L"_mc", L"3,4", L"", L"", L"B"});
-    const Read<AcDbText> text(last());
+    type({L"_text", L"_j", L"_mc", L"3,4", L"", L"", L"B", L"C", L"^C"});
+    ASSERT_EQ(count(), 4u) << "Esc leaves the lines that were ended";
+    const Read<AcDbText> text(entities()[2]);
     ASSERT_NE(text.object(), nullptr);
     EXPECT_EQ(text->horizontalMode(), 1);
     EXPECT_EQ(text->verticalMode(), 2);
     expectPoint(text->alignmentPoint(), 3, 4);
+    expectPoint(Read<AcDbText>(last())->alignmentPoint(), 3 + 25.0 / 3.0, 4);
     EXPECT_DOUBLE_EQ(text->height(), 5);
     EXPECT_NEAR(text->rotation(), kPi / 2, 1e-12);
 }
 
 TEST_F(Draw, TextJustifiedByAShortWord) {
     // Also where a longer option begins with the same letters: middle left is mode 0 / 2.
-    type({L"texto", L"j", L"me", L"3,4", L"", L"", L"C"});
+    type({L"texto", L"j", L"me", L"3,4", L"", L"", L"C", L""});
     const Read<AcDbText> text(last());
     ASSERT_NE(text.object(), nullptr);
     EXPECT_EQ(text->horizontalMode(), 0);

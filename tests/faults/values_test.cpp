@@ -27,7 +27,8 @@ const char* const kSenseless[] = {"",
 
 std::string sample(const Folder& folder) {
     put(folder / "roteiro",
-        "_line\n0,0\n10,5\n20,0\n\n_circle\n0,0\n5\n_text\n0,0\n2.5\n0\nAção\n_dimaligned\n0,0\n30,"
+        "_line\n0,0\n10,5\n20,0\n\n_circle\n0,0\n5\n_text\n0,0\n2.5\n0\nAção\n\n_dimaligned\n0,"
+        "0\n30,"
         "40\n5,5\n_pline\n0,0\n5,5\n_a\n10,0\n\nperfilu\nlista=3\ndimensionar=1\naccept\n50,"
         "50\n30\n");
     const Outcome outcome = runConsole(folder, {"-r", "roteiro", "-o", "a.dxf"});

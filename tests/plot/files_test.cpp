@@ -74,7 +74,7 @@ TEST_F(Files, PdfPlacesAreTrueToAHundredthOfAMillimetre) {
 }
 
 TEST_F(Files, PdfTableOfObjectsIsRight) {
-    type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa"});
+    type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa", L""});
     const std::string pdf = bytes(plot({}, "folha.pdf"));
     const std::size_t start = pdf.rfind("startxref\n");
     ASSERT_NE(start, pdf.npos);
@@ -91,8 +91,8 @@ TEST_F(Files, PdfTableOfObjectsIsRight) {
 }
 
 TEST_F(Files, TextsAreFound) {
-    type({L"_text", L"0,0", L"5", L"0", L"Ação nº 7: %%c12,5 %%p 0,1 a 45%%d, 150 cm²"});
-    type({L"_text", L"0,20", L"5", L"90", L"Travejamento"});
+    type({L"_text", L"0,0", L"5", L"0", L"Ação nº 7: %%c12,5 %%p 0,1 a 45%%d, 150 cm²", L""});
+    type({L"_text", L"0,20", L"5", L"90", L"Travejamento", L""});
     type({L"_dimaligned", L"0,-20", L"123,-20", L"0,-40"});
     const fs::path pdf = plot({}, "folha.pdf");
     const auto text = output("pdftotext", "'" + pdf.string() + "' -");
@@ -102,7 +102,8 @@ TEST_F(Files, TextsAreFound) {
 }
 
 TEST_F(Files, SvgIsInMillimetresAndClipped) {
-    type({L"_line", L"-500,27", L"100,27", L"", L"_text", L"20,20", L"5", L"0", L"a < b & %%c8"});
+    type({L"_line", L"-500,27", L"100,27", L"", L"_text", L"20,20", L"5", L"0", L"a < b & %%c8",
+          L""});
     const std::string svg = bytes(plot(trueToSize(), "folha.svg"));
     QXmlStreamReader xml(QByteArray::fromStdString(svg));
     QString width;
@@ -149,7 +150,7 @@ TEST_F(Files, FitFillsOneDirectionAndCentresTheOther) {
 }
 
 TEST_F(Files, OneDrawingGivesOneFile) {
-    type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa", L"_circle",
+    type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa", L"", L"_circle",
           L"9,9", L"4"});
     for (const char* ending : {"pdf", "svg", "png"}) {
         const std::string first = bytes(plot({}, ("a." + std::string(ending)).c_str()));

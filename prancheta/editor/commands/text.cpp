@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// TEXT: one line of text.
+// TEXT: lines of text, one below the other.
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
 
@@ -32,6 +33,8 @@ constexpr Justification kJustifications[] = {
     {{L"IC", L"BC"}, L"\nEspecifique o ponto inferior central do texto: ", 1, 1},
     {{L"ID", L"BR"}, L"\nEspecifique o ponto inferior direito do texto: ", 2, 1},
 };
+/// From one line to the next one, in heights.
+constexpr double kLineSpacing = 5.0 / 3.0;
 constexpr Word kJustify[] = {{L"Justificar", L"Justify"}};
 
 struct Style {
@@ -97,6 +100,12 @@ std::unique_ptr<AcDbText> makeText(const Placing& placing, const std::wstring& w
     return text;
 }
 
+/// From a line's place to that of the line below it.
+AcGeVector3d lineFeed(double height, double rotation) {
+    const SineCosine sc = sineCosine(rotation);
+    return AcGeVector3d(sc.sine, -sc.cosine, 0.0) * (height * kLineSpacing);
+}
+
 }  // namespace
 
 CommandTask text(CommandContext context) {
@@ -105,7 +114,7 @@ CommandTask text(CommandContext context) {
     say(context, L"Estilo atual do texto:  \"" + style.name + L"\"  Altura do texto:  " +
                      lengthText(style.height > 0.0 ? style.height : kept.textHeight));
 
-    const Placing placing = co_await askPlace(context);
+    Placing placing = co_await askPlace(context);
     if (placing.status != RTNORM) co_return endOf(placing.status);
     if (style.height <= 0.0) {
         const InputValue height = co_await context.ask(
@@ -124,11 +133,14 @@ CommandTask text(CommandContext context) {
     if (rotation.status == RTCAN) co_return CommandEnd::Cancelled;
     if (rotation.status == RTNORM) kept.textRotation = rotation.number;
 
-    const InputValue words =
-        co_await context.ask(Prompt(InputKind::Text, L"\nDigite o texto: ").wholeLine());
-    if (words.status != RTNORM || words.text.empty()) co_return endOf(words.status);
-    const AcDbObjectId id = addEntity(context, makeText(placing, words.text, style, kept));
-    co_return id.isNull() ? CommandEnd::Failed : CommandEnd::Done;
+    for (;;) {
+        const InputValue words =
+            co_await context.ask(Prompt(InputKind::Text, L"\nDigite o texto: ").wholeLine());
+        if (words.status != RTNORM || words.text.empty()) co_return endOf(words.status);
+        std::unique_ptr<AcDbText> line = makeText(placing, words.text, style, kept);
+        placing.point += lineFeed(line->height(), kept.textRotation);
+        if (addEntity(context, std::move(line)).isNull()) co_return CommandEnd::Failed;
+    }
 }
 
 }  // namespace prancheta::commands
