@@ -14,6 +14,11 @@ namespace files {
 /// device).
 std::optional<std::string> readRegular(const std::filesystem::path& path);
 
+/// Name under which a file is the program's standard output.
+std::filesystem::path standardOutput();
+/// Whether what is written to `path` goes where the standard output goes.
+bool isStandardOutput(const std::filesystem::path& path);
+
 /// New contents of one file. They are written beside it under a name of their own, flushed to the
 /// disk and renamed over it; until then, and after a failure, what was there stands and nothing is
 /// left beside it. Temporary files that killed programs of this machine left in the folder are
@@ -23,7 +28,8 @@ std::optional<std::string> readRegular(const std::filesystem::path& path);
 /// permissions and hard links stay: a file that a rename would take them from, and one whose folder
 /// takes no new file, is written in place. For as long as that lasts the new contents also stand in
 /// NAME.copia-XXXXXX, in the folder or in the system's one for temporary files; that file stays
-/// when the writing is cut short. What is no file (pipe, device) is written to directly.
+/// when the writing is cut short. What is no file (pipe, device), and the standard output, is
+/// written to directly.
 class Replacement {
 public:
     explicit Replacement(std::filesystem::path target);

@@ -151,7 +151,18 @@ std::optional<std::string> readRegular(const fs::path& path) {
     return error == 0 ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
-Replacement::Replacement(fs::path target) : m_target(behindLinks(target)) {}
+fs::path standardOutput() { return "/dev/stdout"; }
+
+bool isStandardOutput(const fs::path& path) {
+    struct stat file {};
+    struct stat output {};
+    return path == standardOutput() ||
+           (::stat(path.c_str(), &file) == 0 && ::fstat(STDOUT_FILENO, &output) == 0 &&
+            file.st_dev == output.st_dev && file.st_ino == output.st_ino);
+}
+
+Replacement::Replacement(fs::path target)
+    : m_target(isStandardOutput(target) ? std::move(target) : behindLinks(target)) {}
 
 Replacement::~Replacement() {
     if (m_fd >= 0) ::close(m_fd);
@@ -168,6 +179,12 @@ int Replacement::makeTemporary(const fs::path& folder, int permissions) {
 }
 
 int Replacement::open() {
+    if (isStandardOutput(m_target)) {
+        m_direct = true;
+        m_fd = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
+        if (m_fd >= 0) m_place = m_target;
+        return m_fd >= 0 ? 0 : errno;
+    }
     removeDeadTemporaries(folderOf(m_target));
     struct stat old {};
     const bool exists = ::stat(m_target.c_str(), &old) == 0;

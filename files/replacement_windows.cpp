@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -54,11 +55,15 @@ std::optional<std::string> readRegular(const fs::path& path) {
     return stream.bad() ? std::nullopt : std::optional(std::move(bytes));
 }
 
-Replacement::Replacement(fs::path target) : m_target(behindLinks(target)) {}
+fs::path standardOutput() { return L"CONOUT$"; }
+bool isStandardOutput(const fs::path& path) { return path == standardOutput(); }
+
+Replacement::Replacement(fs::path target)
+    : m_target(isStandardOutput(target) ? std::move(target) : behindLinks(target)) {}
 
 Replacement::~Replacement() {
     if (m_fd >= 0) (void)_close(m_fd);
-    if (!m_place.empty()) (void)_wunlink(m_place.c_str());
+    if (!m_direct && !m_place.empty()) (void)_wunlink(m_place.c_str());
 }
 
 int Replacement::makeTemporary(const fs::path& folder, int permissions) {
@@ -72,6 +77,14 @@ int Replacement::makeTemporary(const fs::path& folder, int permissions) {
 }
 
 int Replacement::open() {
+    if (isStandardOutput(m_target)) {
+        m_direct = true;
+        m_fd = _dup(_fileno(stdout));
+        if (m_fd < 0) return errno;
+        _setmode(m_fd, _O_BINARY);
+        m_place = m_target;
+        return 0;
+    }
     std::error_code error;
     if (fs::is_directory(m_target, error)) return EISDIR;
     if (_waccess(m_target.c_str(), 0) == 0 && _waccess(m_target.c_str(), 2) != 0) return errno;
@@ -91,6 +104,7 @@ int Replacement::write(std::string_view bytes) {
 
 int Replacement::commit() {
     if (m_fd < 0) return EBADF;
+    if (m_direct) return _close(std::exchange(m_fd, -1)) == 0 ? 0 : errno;
     int error = _commit(m_fd) == 0 ? 0 : errno;
     if (_close(std::exchange(m_fd, -1)) != 0 && error == 0) error = errno;
     if (error != 0) return error;

@@ -13,6 +13,10 @@ constexpr const char* kNotWritten = "não foi possível gravar o arquivo";
 
 }  // namespace
 
+std::filesystem::path standardOutput() { return files::standardOutput(); }
+
+bool isStandardOutput(const std::filesystem::path& path) { return files::isStandardOutput(path); }
+
 AtomicFile::AtomicFile(std::filesystem::path target) : m_file(std::move(target)) {}
 
 // Here, because who uses this class has no files::Replacement.

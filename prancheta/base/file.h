@@ -20,6 +20,11 @@ std::filesystem::path resolvePath(std::string_view utf8Path);
 
 Result<std::string> readFile(const std::filesystem::path& path);
 
+/// Name under which a file is the program's standard output.
+std::filesystem::path standardOutput();
+/// Whether what is written to `path` goes where the standard output goes.
+bool isStandardOutput(const std::filesystem::path& path);
+
 /// New contents of a file, whole or not at all, as files::Replacement gives them; with messages for
 /// the user.
 class AtomicFile {
@@ -44,7 +49,7 @@ private:
     int m_errno = 0;
 };
 
-/// Read-only file mapped into memory; the view lives as long as the object.
+/// Read-only file mapped into memory; the view lives as long as the object. A pipe is read whole.
 class MappedFile {
 public:
     static Result<std::shared_ptr<const MappedFile>> open(const std::filesystem::path& path);
@@ -68,6 +73,7 @@ private:
     const char* m_data = nullptr;
     std::size_t m_size = 0;
     std::unique_ptr<Watch> m_watch;
+    std::string m_copy;  ///< of what cannot be mapped
 };
 
 /// Portuguese reason for an errno value ("permissão negada", "disco cheio", ...).

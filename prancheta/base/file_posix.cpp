@@ -38,11 +38,7 @@ private:
     int m_fd;
 };
 
-}  // namespace
-
-Result<std::string> readFile(const fs::path& path) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (file.get() < 0) return fileError(path, "não foi possível abrir o arquivo", errno);
+Result<std::string> readAll(const Descriptor& file, const fs::path& path) {
     std::string content;
     for (;;) {
         const std::size_t at = content.size();
@@ -53,6 +49,14 @@ Result<std::string> readFile(const fs::path& path) {
         content.resize(at + static_cast<std::size_t>(n < 0 ? 0 : n));
         if (n == 0) return content;
     }
+}
+
+}  // namespace
+
+Result<std::string> readFile(const fs::path& path) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (file.get() < 0) return fileError(path, "não foi possível abrir o arquivo", errno);
+    return readAll(file, path);
 }
 
 /// The file as it was when it was mapped.
@@ -72,6 +76,14 @@ Result<std::shared_ptr<const MappedFile>> MappedFile::open(const fs::path& path)
         return fileError(path, "não foi possível ler o arquivo", errno);
     if (S_ISDIR(info.st_mode)) return fileError(path, "não foi possível ler o arquivo", EISDIR);
     std::shared_ptr<MappedFile> mapped(new MappedFile);
+    if (S_ISFIFO(info.st_mode) || S_ISSOCK(info.st_mode)) {
+        Result<std::string> content = readAll(file, path);
+        if (!content) return content.error();
+        mapped->m_copy = std::move(*content);
+        if (!mapped->m_copy.empty()) mapped->m_data = mapped->m_copy.data();
+        mapped->m_size = mapped->m_copy.size();
+        return std::shared_ptr<const MappedFile>(mapped);
+    }
     if (info.st_size == 0) return std::shared_ptr<const MappedFile>(mapped);
     void* const data = ::mmap(nullptr, static_cast<std::size_t>(info.st_size), PROT_READ,
                               MAP_PRIVATE, file.get(), 0);
@@ -95,6 +107,7 @@ bool MappedFile::changed() const {
 }
 
 void MappedFile::giveBack(std::string_view part) const {
+    if (!m_copy.empty()) return;
     static const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     const auto offset = static_cast<std::size_t>(part.data() - m_data);
     const std::size_t first = (offset + page - 1) / page * page;
@@ -105,7 +118,7 @@ void MappedFile::giveBack(std::string_view part) const {
 
 MappedFile::~MappedFile() {
     if (m_watch->descriptor >= 0) ::close(m_watch->descriptor);
-    if (m_data != nullptr) ::munmap(const_cast<char*>(m_data), m_size);
+    if (m_data != nullptr && m_copy.empty()) ::munmap(const_cast<char*>(m_data), m_size);
 }
 
 }  // namespace prancheta

@@ -40,6 +40,15 @@ bool inputIsTerminal();
 void catchInterrupts();
 /// Whether the interrupt key was hit since the last call.
 bool takeInterrupt();
+/// From here on a wish that the program should end (SIGTERM, SIGHUP, and the interrupt key where
+/// catchInterrupts() was not called) is noted, and ends the standard input, for whoever waits for
+/// it, too. The same wish again ends the program at once; what its caller switched off stays so. On
+/// Windows every wish does.
+void catchEndWishes();
+/// Number of the signal that was the wish; 0: there was none.
+int endWish();
+/// Descriptor that is ready for reading from the wish on; -1 where there is no such thing.
+int endWishDescriptor();
 /// A reader of an output that goes away is an error of that output, not the end of the program.
 void ignoreBrokenPipes();
 /// Waits until the standard input has something to read, or until the interrupt key was hit.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Dynamic libraries by the dynamic linker of ELF systems.
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <link.h>
 #include <poll.h>
 #include <unistd.h>
@@ -19,6 +20,8 @@ namespace fs = std::filesystem;
 namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t wish = 0;
+int wishPipe[2] = {-1, -1};  ///< a pipe that ends with the wish
 
 }  // namespace
 
@@ -102,6 +105,30 @@ void catchInterrupts() {
     // Without SA_RESTART: whoever waits for a line comes back without one.
     (void)::sigaction(SIGINT, &action, nullptr);
 }
+
+void catchEndWishes() {
+    if (::pipe2(wishPipe, O_CLOEXEC) != 0) return;  // the system's own ways stay
+    struct sigaction action {};
+    action.sa_handler = [](int signal) {
+        const int before = errno;
+        if (wish == 0) {
+            (void)::close(wishPipe[1]);
+            // Whoever waits comes back without a line, whoever is about to wait finds the end.
+            (void)::dup2(wishPipe[0], STDIN_FILENO);
+        }
+        wish = signal;
+        errno = before;
+    };
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        struct sigaction present {};
+        (void)::sigaction(signal, nullptr, &present);
+        if (present.sa_handler == SIG_DFL) (void)::sigaction(signal, &action, nullptr);
+    }
+}
+
+int endWish() { return wish; }
+int endWishDescriptor() { return wishPipe[0]; }
 
 // A key hit between the look at the note and the waiting would be waited past: the signal is held
 // back in between.

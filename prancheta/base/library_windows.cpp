@@ -122,5 +122,8 @@ void ignoreBrokenPipes() {}
 void catchInterrupts() {}
 bool takeInterrupt() { return false; }
 void waitForInput() {}
+void catchEndWishes() {}
+int endWish() { return 0; }
+int endWishDescriptor() { return -1; }
 
 }  // namespace prancheta

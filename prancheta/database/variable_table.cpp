@@ -114,6 +114,7 @@ std::vector<VariableInfo> variableTable() {
         drawingText(L"TEXTSTYLE", L"Standard"),
         integer(L"TILEMODE", 1, 0, 1),
         integer(L"UCSICON", 3, 0, 3),
+        {L"TRUSTEDPATHS", std::wstring()},
         readOnly(L"VIEWCTR", AcGePoint3d()),
         readOnly(L"VIEWSIZE", 297.0),
     };

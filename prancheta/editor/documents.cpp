@@ -146,6 +146,12 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
         recordAppended(entity);
     };
     core.onEntityErased = recordErased;
+    core.variables().setHooks(
+        [this](const VariableInfo& info, const VariableValue&) -> Result<void> {
+            if (info.name != L"TRUSTEDPATHS" || !m_inScript) return {};
+            return Error{"Um script não pode mudar a variável TRUSTEDPATHS."};
+        },
+        {});
     m_savedRevision = core.undo().revision();
     m_scriptGroup = false;  // it went with the former drawing
     nameDrawing(core.variables(), m_fileName);
@@ -184,7 +190,11 @@ Result<void> Editor::openDocument(const std::filesystem::path& path, dxf::LoadRe
     Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(path, findings);
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     if (!loaded) return loaded.error();
-    Result<void> replaced = replaceDatabase(std::move(*loaded), std::filesystem::absolute(path));
+    // What came through a pipe has no file to be saved to.
+    std::error_code ignored;
+    const bool file = std::filesystem::is_regular_file(path, ignored);
+    Result<void> replaced = replaceDatabase(
+        std::move(*loaded), file ? std::filesystem::absolute(path) : std::filesystem::path());
     if (replaced) m_fileStamp = stamp;  // it may have been written again since
     return replaced;
 }

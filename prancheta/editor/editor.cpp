@@ -30,6 +30,8 @@ namespace {
 Editor* g_current = nullptr;
 
 constexpr std::size_t kPreviousViews = 10;
+/// Scripts that call each other would go on for ever.
+constexpr int kMostScriptsInARow = 100;
 
 }  // namespace
 
@@ -78,6 +80,11 @@ void Editor::complain(std::wstring_view text, Complaint kind) {
     stopTyping();
     recordText(std::wstring(text) + L"\n");
     m_ui.complain(text, kind);
+}
+
+void Editor::refuse(const RawInput& input, std::wstring_view why) {
+    const bool enter = input.kind == RawInput::Kind::Text && trim(input.text).empty();
+    complain(why, enter ? Complaint::Again : Complaint::Refused);
 }
 
 bool Editor::echo() const {
@@ -198,19 +205,20 @@ void Editor::stopTyping() {
     m_typeAheadLineStart = true;
 }
 
-void Editor::runScript(std::wstring keys) {
+bool Editor::runScript(std::wstring keys) {
+    m_scriptsInARow = m_inScript ? m_scriptsInARow + 1 : 0;
+    if (m_scriptsInARow > kMostScriptsInARow) return false;
     if (!m_inScript) m_afterScript = m_typeAhead.substr(m_typeAheadUsed);
     m_restOfScript.clear();
     m_typeAhead = std::move(keys);
     m_typeAheadUsed = 0;
     m_typeAheadLineStart = true;
     m_inScript = true;
+    return true;
 }
 
 bool Editor::resumeScript() {
-    if (m_restOfScript.empty()) return false;
-    runScript(std::exchange(m_restOfScript, {}));
-    return true;
+    return !m_restOfScript.empty() && runScript(std::exchange(m_restOfScript, {}));
 }
 
 /// Between two commands: the undo group of a script begins and ends here, so that no command's own
@@ -260,6 +268,7 @@ bool Editor::step() {
             m_ui.refresh();
             break;
         case RawInput::Kind::Move:
+        case RawInput::Kind::Snap:
             break;
         case RawInput::Kind::Text:
             if (trim(input->text).empty()) {

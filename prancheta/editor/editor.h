@@ -107,7 +107,8 @@ public:
     /// Types a script before what was typed ahead; one that runs already gives way to it. What its
     /// commands do is undone in one step. It ends with its last key, or is interrupted by
     /// stopTyping().
-    void runScript(std::wstring keys);
+    /// False, and nothing is typed, when scripts have replaced each other too often.
+    bool runScript(std::wstring keys);
     bool inScript() const { return m_inScript; }
     /// Forgets what is typed ahead, as a complaint does; the rest of a script can be resumed.
     void stopTyping();
@@ -139,6 +140,8 @@ public:
     void alert(std::wstring_view text);
     /// Tells the user why an input came to nothing, and forgets what was typed ahead.
     void complain(std::wstring_view text, Complaint kind = Complaint::Failed);
+    /// The same of an answer that a question refused.
+    void refuse(const RawInput& input, std::wstring_view why);
     /// Asks until the answer makes sense; blocks. Transparent commands run inside.
     InputValue ask(const InputRequest& request);
     /// One input, not interpreted. Prompts of a drag (InputKind::Drag) are recorded by the drag.
@@ -283,6 +286,7 @@ private:
     std::size_t m_typeAheadUsed = 0;  ///< so many of its keys are answers already; never all
     bool m_typeAheadLineStart = true;
     bool m_inScript = false;      ///< what is typed ahead, or was just now, is a script's
+    int m_scriptsInARow = 0;      ///< so often a script gave way to another one
     bool m_scriptGroup = false;   ///< an undo group for the script is open in the drawing
     std::wstring m_restOfScript;  ///< of the script that was interrupted
     std::wstring m_afterScript;   ///< typed ahead by the user of the script that runs

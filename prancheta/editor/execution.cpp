@@ -35,7 +35,8 @@ CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases,
         found.command = stack.find(TypedName(target));
         if (found.command != nullptr) return found;
     }
-    if (variables.find(typed.name) != nullptr)
+    const VariableInfo* const variable = variables.find(typed.name);
+    if (variable != nullptr && isTypedByName(*variable))
         found.variable = typed.name;
     else
         found.command = stack.findWithoutAccents(typed);
@@ -256,7 +257,7 @@ std::optional<InputValue> Editor::round(Question& question) {
     Reading reading = question.give(input, frame);
     keepLastPoint(frame, before);
     if (reading.kind == Reading::Kind::Refused) {
-        complain(reading.message, Complaint::Refused);
+        refuse(input, reading.message);
         return {};
     }
     if (reading.kind == Reading::Kind::Again) {

@@ -40,7 +40,7 @@ struct AcEdJig::Session {
     DragStatus moved(const AcGePoint3d& point, const InputRequest& request,
                      InputValue& value) const;
     void takeRaw(const RawInput& input, int controls, InputValue& value);
-    void take(Reading reading, InputValue& value);
+    void take(Reading reading, const RawInput& input, InputValue& value);
 };
 
 InputRequest AcEdJig::Session::request(InputKind kind, const AcGePoint3d* base,
@@ -85,18 +85,16 @@ void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& 
                         prancheta::readPoint(input.text, frame).raised &&
                         reading.kind != Reading::Kind::Refused && reading.value.status == RTNORM;
     if (raised && !(controls & kAccept3dCoordinates)) {
-        editor.complain(L"Ponto inválido: coordenadas 3D não são aceitas aqui.",
-                        prancheta::Complaint::Refused);
+        editor.refuse(input, L"Ponto inválido: coordenadas 3D não são aceitas aqui.");
         question.reset();
         return;
     }
     if (!(controls & kDontUpdateLastPoint)) editor.keepLastPoint(frame, before);
-    take(std::move(reading), value);
+    take(std::move(reading), input, value);
 }
 
-void AcEdJig::Session::take(Reading reading, InputValue& value) {
-    if (reading.kind == Reading::Kind::Refused)
-        Editor::current()->complain(reading.message, prancheta::Complaint::Refused);
+void AcEdJig::Session::take(Reading reading, const RawInput& input, InputValue& value) {
+    if (reading.kind == Reading::Kind::Refused) Editor::current()->refuse(input, reading.message);
     if (reading.kind != Reading::Kind::Answered) return;
     value = std::move(reading.value);
     answer = finish(value);
@@ -112,7 +110,7 @@ AcEdJig::DragStatus AcEdJig::Session::next(const InputRequest& request, int cont
             prancheta::recordPrompt(request);
         }
         if (std::optional<Reading> reading = editor.readToken(*question)) {
-            take(std::move(*reading), value);
+            take(std::move(*reading), {}, value);
         } else {
             InputRequest shown = question->current();
             shown.kind = InputKind::Drag;

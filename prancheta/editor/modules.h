@@ -62,7 +62,20 @@ public:
 
     void setFolder(std::filesystem::path folder) { m_folder = std::move(folder); }
 
+    /// What may become of a module that a script asks for. Free: it is loaded. Unknown: only when
+    /// the user says so. Barred: it is refused, whoever asks by a command.
+    enum class Trust { Free, Unknown, Barred };
+    /// Free are what is loaded already, the program's folder, what was named by trust(), and the
+    /// folders of the variable TRUSTEDPATHS.
+    Trust trustOf(const std::filesystem::path& path);
+    /// The user himself named this file when he started the program.
+    void trust(const std::filesystem::path& path);
+    /// Bars all but the default modules of the program's folder.
+    void barOthers() { m_others = Others::Barred; }
+
 private:
+    enum class Others { Asked, Barred };
+
     Result<void> loadFile(const std::filesystem::path& file);
     Result<void> initialise(Module& module);
     std::filesystem::path locate(const std::filesystem::path& path) const;
@@ -74,6 +87,8 @@ private:
 
     Editor& m_editor;
     std::filesystem::path m_folder;
+    Others m_others = Others::Asked;
+    std::vector<std::filesystem::path> m_trusted;  ///< files
     std::vector<std::unique_ptr<Module>> m_modules;
     std::vector<std::wstring> m_loading;
 };

@@ -82,6 +82,9 @@ Reading Question::give(const RawInput& input, InputFrame& frame) {
         }
         case RawInput::Kind::Move:
             return {};
+        case RawInput::Kind::Snap:
+            m_current.snapModes = input.snapModes;
+            return {};
         case RawInput::Kind::Pick:
             return givePick(input, frame);
         case RawInput::Kind::Text:

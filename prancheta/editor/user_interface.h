@@ -103,9 +103,10 @@ struct InputRequest {
 
 /// What the user did, not yet interpreted.
 struct RawInput {
-    enum class Kind { Text, Pick, Move, Cancel, EndOfInput };
+    enum class Kind { Text, Pick, Move, Snap, Cancel, EndOfInput };
     Kind kind = Kind::EndOfInput;
     std::wstring text;  ///< typed line, empty = Enter
+    int snapModes = 0;  ///< for Snap: they replace the running ones for the point that is asked for
     AcGePoint3d point;  ///< world coordinates, snapped, for Pick and Move
     std::vector<AcDbObjectId>
         entities;          ///< for Pick: what lies under the pointer, or inside a window
@@ -115,9 +116,10 @@ struct RawInput {
     std::optional<AcGePoint3d> pointer;
 };
 
-/// Refused: the answer made no sense and is asked for again. Failed: the command did not do what it
-/// was asked (unknown command, file that could not be written).
-enum class Complaint { Refused, Failed };
+/// Again: Enter is no answer here, the question comes again. Refused: so does it after an answer
+/// that made no sense. Failed: the command did not do what it was asked (unknown command, file that
+/// could not be written).
+enum class Complaint { Again, Refused, Failed };
 
 /// A drawing's file that a command needs.
 struct FileQuestion {
@@ -143,7 +145,8 @@ public:
     virtual RawInput ask(const InputRequest& request) = 0;
     /// Serves an open dialog until it is finished.
     virtual void runDialog(dcl::Dialog& dialog) = 0;
-    /// Shows why an input came to nothing. A script's front end makes an error of a failure.
+    /// Shows why an input came to nothing. A script's front end makes an error of it, but for
+    /// Again.
     virtual void complain(std::wstring_view text, Complaint kind) = 0;
     /// Lets the user choose a file in a window; an empty path: he chose none. For saving, a file
     /// that is there was confirmed. Nothing: there is no such window, the command asks by text.
@@ -156,6 +159,12 @@ public:
     virtual std::optional<ChangedFile> replaceChangedFile() { return {}; }
     /// False when the answers come from a script: it gets no question that it does not expect.
     virtual bool attended() const { return true; }
+    /// Asks in a window whether a module that a script wants is to be loaded. Without a window
+    /// nobody is asked: an answer would be taken from the script.
+    virtual bool mayLoad(const std::filesystem::path& module) {
+        (void)module;
+        return false;
+    }
     /// Shows the window or panel that does the command's work. False: there is none, the command
     /// does with the command line.
     virtual bool showTool(Tool) { return false; }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <thread>
 
 using namespace prancheta;
 namespace fs = std::filesystem;
@@ -252,4 +253,19 @@ TEST_F(FileTest, MappedFilesShowTheBytes) {
     put("empty.bin", "");
     EXPECT_EQ((*MappedFile::open(folder / "a.bin"))->bytes(), std::string_view("a\0b", 3));
     EXPECT_TRUE((*MappedFile::open(folder / "empty.bin"))->bytes().empty());
+}
+
+TEST_F(FileTest, APipeIsReadToItsEnd) {
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    // More than a pipe holds, and nothing.
+    for (const std::size_t size : {std::size_t{3} << 20, std::size_t{0}}) {
+        const std::string sent(size, 'x');
+        std::thread writer([&] { std::ofstream(folder / "pipe", std::ios::binary) << sent; });
+        const auto read = MappedFile::open(folder / "pipe");
+        writer.join();
+        ASSERT_TRUE(read);
+        EXPECT_TRUE((*read)->bytes() == sent) << size;
+        (*read)->giveBack((*read)->bytes());
+        EXPECT_TRUE((*read)->bytes() == sent) << "what cannot be read again is kept";
+    }
 }

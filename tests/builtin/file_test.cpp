@@ -256,6 +256,16 @@ TEST_F(Scripts, NoneStartsItself) {
     EXPECT_EQ(count(), 2u);
     ASSERT_EQ(ui.complaints.size(), 1u);
     EXPECT_EQ(ui.complaints.back(), L"Um script não pode repetir a si mesmo com SCRIPT.");
+    // Nor do two of them go on for ever.
+    const std::wstring other = path("c.scr");
+    (void)script("a.scr", "_script " + prancheta::toUtf8(other) + "\n");
+    (void)script("c.scr", "_script " + prancheta::toUtf8(name) + "\n");
+    for (const std::size_t complaints : {2u, 3u}) {
+        type({L"_script", name.c_str()});
+        for (int i = 0; i < 5000 && editor->inScript(); ++i) editor->step();
+        EXPECT_EQ(ui.complaints.size(), complaints) << "once, and anew for the next one";
+    }
+    EXPECT_TRUE(ui.complaints.back().starts_with(L"Scripts chamaram uns aos outros"));
 }
 
 TEST_F(Scripts, WhatWasTypedAheadFollowsTheScript) {

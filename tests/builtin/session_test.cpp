@@ -45,6 +45,11 @@ TEST_F(Session, SetVariable) {
     type({L"_setvar", L"CMDACTIVE"});
     EXPECT_TRUE(said(L"(somente leitura)"));
     EXPECT_FALSE(editor->commandActive());
+    // A word that is a command's, here not known, shows no variable.
+    type({L"_setvar", L"AREA", L"area"});
+    EXPECT_TRUE(said(L"AREA = 0"));
+    ASSERT_EQ(ui.complaints.size(), 3u);
+    EXPECT_TRUE(ui.complaints.back().starts_with(L"Comando desconhecido \"AREA\""));
 }
 
 TEST_F(Session, AnglesOfVariablesAreTypedAsAngles) {

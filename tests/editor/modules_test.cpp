@@ -9,11 +9,13 @@
 #include <deque>
 #include <fstream>
 
+#include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/host.h"
 
 using namespace prancheta;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -31,9 +33,15 @@ public:
         lines.pop_front();
         return input;
     }
+    bool mayLoad(const std::filesystem::path&) override {
+        ++questions;
+        return allows;
+    }
     std::deque<std::wstring> lines;
     std::wstring output;
     std::vector<std::wstring> complaints;
+    int questions = 0;
+    bool allows = false;
 };
 
 class ModulesTest : public testing::Test {
@@ -60,6 +68,94 @@ protected:
     FakeUi ui;
     std::unique_ptr<Host> host;
 };
+
+/// A folder with a copy of a module, and scripts that want it.
+class ScriptedModules : public ModulesTest {
+protected:
+    ScriptedModules() {
+        std::string name = (fs::temp_directory_path() / "prancheta-modulos-XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+        fs::create_directory(folder / "dentro");
+        fs::copy_file(bin / "sonda_base.arx", folder / "dentro/estranho.arx");
+        fs::create_symlink(folder / "dentro/estranho.arx", folder / "elo.arx");
+    }
+    ~ScriptedModules() override { fs::remove_all(folder); }
+
+    /// Whether a script gets the module; it is taken out again.
+    bool scriptLoads(const fs::path& module) {
+        std::ofstream(folder / "a.scr") << "_arx _l " << module.string() << "\n_point 0,0\n";
+        const std::wstring script = (folder / "a.scr").wstring();
+        type({L"_script", script.c_str()});
+        while (host->editor().inScript() && host->editor().step()) {
+        }
+        const std::wstring name = module.filename().wstring();
+        const bool loaded = acrxAppIsLoaded(name.c_str());
+        if (loaded) {
+            EXPECT_EQ(refusal(name), "");
+        }
+        return loaded;
+    }
+    void trustFolders(const std::string& folders) {
+        ASSERT_TRUE(host->editor().variables().set(L"TRUSTEDPATHS", toWide(folders)));
+    }
+
+    const fs::path bin = fs::path(HOUSE_BINARY_DIR) / "bin";
+    fs::path folder;
+};
+
+TEST_F(ScriptedModules, aScriptGetsOnlyWhatIsTrusted) {
+    const fs::path strange = folder / "dentro/estranho.arx";
+    EXPECT_FALSE(scriptLoads(strange));
+    EXPECT_EQ(ui.questions, 1);
+    ASSERT_EQ(ui.complaints.size(), 1u) << "and the rest of the script is kept";
+    EXPECT_NE(ui.complaints[0].find(L"recusado"), std::wstring::npos);
+    EXPECT_NE(ui.complaints[0].find(L"estranho.arx"), std::wstring::npos);
+    EXPECT_TRUE(scriptLoads("sonda_base")) << "the program's own folder";
+    EXPECT_EQ(ui.questions, 1) << "is not asked about";
+    struct Case {
+        std::string folders;
+        bool direct;
+        bool byLink;
+    };
+    const std::string here = folder.string();
+    for (const Case& each : {Case{here, false, false}, Case{"/tmp;" + here + "/dentro", true, true},
+                             Case{here + "/...", true, true}, Case{here + "/den", false, false},
+                             Case{".;;..;...", false, false}, Case{"/...", true, true}}) {
+        trustFolders(each.folders);
+        EXPECT_EQ(scriptLoads(strange), each.direct) << each.folders;
+        // The link lends its folder's name to nothing.
+        EXPECT_EQ(scriptLoads(folder / "elo.arx"), each.byLink) << each.folders;
+    }
+    trustFolders("");
+    ui.allows = true;
+    EXPECT_TRUE(scriptLoads(strange)) << "the user said so";
+    ui.allows = false;
+    modules().trust(strange);
+    EXPECT_TRUE(scriptLoads(strange)) << "the user named it at the start";
+    modules().barOthers();
+    EXPECT_FALSE(scriptLoads(strange));
+    EXPECT_FALSE(scriptLoads("sonda_base")) << "not one of the default modules";
+    EXPECT_TRUE(scriptLoads("ZpGBarraApp18.arx"));
+    const std::wstring name = strange.wstring();
+    type({L"_arx", L"_l", name.c_str()});
+    EXPECT_FALSE(acrxAppIsLoaded(L"estranho.arx")) << "whoever asks";
+}
+
+TEST_F(ScriptedModules, aScriptCannotNameTrustedFolders) {
+    std::ofstream(folder / "a.scr") << "_trustedpaths /...\n";
+    const std::wstring script = (folder / "a.scr").wstring();
+    type({L"_script", script.c_str()});
+    while (host->editor().inScript() && host->editor().step()) {
+    }
+    EXPECT_EQ(host->editor().variables().text(L"TRUSTEDPATHS"), L"");
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    // By hand it can be done, and a module needs no trust.
+    const std::wstring strange = (folder / "dentro/estranho.arx").wstring();
+    type({L"^C", L"_trustedpaths", L"/tmp", L"_arx", L"_l", strange.c_str()});
+    EXPECT_EQ(host->editor().variables().text(L"TRUSTEDPATHS"), L"/tmp");
+    EXPECT_TRUE(acrxAppIsLoaded(L"estranho.arx"));
+    EXPECT_EQ(ui.questions, 0);
+}
 
 TEST_F(ModulesTest, whatAModuleIsLinkedToComesFirst) {
     const Result<void> loaded = modules().load("sonda.arx");

@@ -9,6 +9,7 @@
 #include "accmd.h"
 #include "prancheta/base/text.h"
 #include "prancheta/editor/command_stack.h"
+#include "prancheta/editor/variables.h"
 
 namespace prancheta::desktop {
 namespace {
@@ -29,6 +30,7 @@ void addCommands(const CommandStack& stack, Names& names) {
         const std::wstring local = upper(command.localName());
         const std::wstring global = L"_" + upper(command.globalName());
         names.try_emplace(local, std::wstring());
+        names.try_emplace(withoutAccents(local), local);
         names.try_emplace(global, global.substr(1) == local ? std::wstring() : local);
     }
 }
@@ -43,7 +45,7 @@ QAbstractItemModel* makeCommandNames(Editor& editor, QObject* parent) {
         names.try_emplace(upper(alias), target != nullptr ? upper(target->local) : command);
     }
     for (const VariableInfo& variable : editor.variables().all())
-        names.try_emplace(variable.name, L"variável");
+        if (isTypedByName(variable)) names.try_emplace(variable.name, L"variável");
     auto* const model = new QStandardItemModel(static_cast<int>(names.size()), 1, parent);
     int row = 0;
     for (const auto& [name, target] : names) {

@@ -8,8 +8,9 @@
 
 namespace prancheta::desktop {
 
-/// Local names, global names with their `_`, aliases with the command that they stand for, and
-/// variables; shown in the display role, typed in the user role. Sorted as they are typed.
+/// Local names, also without their accents, global names with their `_`, aliases with the command
+/// that they stand for, and variables; shown in the display role, typed in the user role. Sorted as
+/// they are typed.
 QAbstractItemModel* makeCommandNames(Editor& editor, QObject* parent);
 
 }  // namespace prancheta::desktop

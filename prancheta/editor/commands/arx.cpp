@@ -14,6 +14,21 @@ namespace {
 constexpr Word kWords[] = {
     {L"Carregar", L"Load"}, {L"Descarregar", L"Unload"}, {L"Listar", L"?"}, {L"?", L"?"}};
 
+/// Why the file may not be loaded; empty when it may.
+std::string refusalOf(Editor& editor, const std::filesystem::path& file) {
+    switch (editor.modules().trustOf(file)) {
+        case ModuleTable::Trust::Free:
+            return {};
+        case ModuleTable::Trust::Barred:
+            return "o módulo foi recusado: só os de costume podem ser carregados (--sem-arx).";
+        case ModuleTable::Trust::Unknown:
+            break;
+    }
+    if (!editor.inScript() || editor.ui().mayLoad(file)) return {};
+    return "o módulo foi recusado: um script só carrega os da pasta do programa, os de --modulo e "
+           "os das pastas da variável TRUSTEDPATHS.";
+}
+
 void listModules(const CommandContext& context) {
     const auto& modules = context.editor().modules().all();
     if (modules.empty()) say(context, L"Não há módulos carregados.");
@@ -40,8 +55,10 @@ CommandTask arx(CommandContext context) {
     if (name.status != RTNORM) co_return endOf(name.status);
     ModuleTable& modules = context.editor().modules();
     const std::filesystem::path path = typedPath(name.text);
-    const Result<void> done =
-        loading ? modules.load(path) : modules.unload(toWide(path.filename().string()));
+    const std::string refusal = loading ? refusalOf(context.editor(), path) : std::string();
+    const Result<void> done = !refusal.empty() ? Result<void>(Error{refusal, path.string()})
+                              : loading        ? modules.load(path)
+                                               : modules.unload(toWide(path.filename().string()));
     if (!done) {
         context.editor().complain(toWide(done.error().message()));
         co_return CommandEnd::Failed;

@@ -20,11 +20,13 @@ CommandEnd fail(const CommandContext& context, std::wstring_view why) {
 CommandEnd typeFile(const CommandContext& context, const std::filesystem::path& file) {
     const Result<std::string> content = readFile(file);
     if (!content) return fail(context, toWide(content.error().message()));
-    memory(context).script = file;
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     std::string_view keys = *content;
     if (keys.starts_with(kMark)) keys.remove_prefix(kMark.size());
-    context.editor().runScript(toWide(keys));
+    if (!context.editor().runScript(toWide(keys)))
+        return fail(context, L"Scripts chamaram uns aos outros vezes demais; " +
+                                 toWide(file.string()) + L" não foi executado.");
+    memory(context).script = file;
     return CommandEnd::Done;
 }
 
