@@ -13,6 +13,7 @@
 namespace prancheta::console {
 
 void ConsoleUi::show(std::string_view text) {
+    if (m_transcript == Transcript::None) return;
     // Drawings, scripts and catalogues say what they like.
     const std::string safe = harmless(text);
     std::string_view utf8 = safe;
@@ -39,17 +40,16 @@ void ConsoleUi::scriptError(const std::string& what) {
 }
 
 void ConsoleUi::complain(std::wstring_view text, Complaint kind) {
-    // A person reads it and goes on; a script goes on too, but a failure means that it did not do
-    // what it was written for.
-    if (m_script.interactive() || kind == Complaint::Refused)
+    // A person reads it and goes on; a script goes on too, but did not do what it was written for.
+    if (m_script.interactive() || kind == Complaint::Again)
         show(toUtf8(text) + "\n");
     else
         scriptError(toUtf8(trim(text)));
 }
 
-// Nobody watches: there is no waiting, only the interrupt key.
+// Nobody watches: there is no waiting, only whoever wants an end.
 bool ConsoleUi::pass(std::chrono::milliseconds) {
-    return !(m_script.interactive() && takeInterrupt());
+    return endWish() == 0 && !(m_script.interactive() && takeInterrupt());
 }
 
 RawInput ConsoleUi::ask(const InputRequest& request) {

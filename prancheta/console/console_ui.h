@@ -9,10 +9,14 @@
 
 namespace prancheta::console {
 
-/// Writes the command history to standard output and takes every answer from the script.
+/// Whether the command history is written to standard output.
+enum class Transcript { Shown, None };
+
+/// Writes the command history and takes every answer from the script.
 class ConsoleUi : public UserInterface {
 public:
-    explicit ConsoleUi(Script& script) : m_script(script) {}
+    explicit ConsoleUi(Script& script, Transcript transcript = Transcript::Shown)
+        : m_script(script), m_transcript(transcript) {}
 
     void print(std::wstring_view text) override;
     void alert(std::wstring_view text) override;
@@ -32,6 +36,7 @@ private:
     Result<void> inspect(dcl::Dialog& dialog, const std::string& key);
 
     Script& m_script;
+    Transcript m_transcript;
     bool m_failed = false;
     bool m_atLineStart = true;
 };

@@ -3,6 +3,7 @@
 #include "prancheta/console/event_log.h"
 
 #include <cerrno>
+#include <iostream>
 #include <nlohmann/json.hpp>
 
 #include "prancheta/base/file.h"
@@ -35,18 +36,21 @@ EventLog::~EventLog() { (void)close(); }
 
 Result<void> EventLog::open(const std::filesystem::path& path) {
     m_path = path;
-    m_file.open(path, std::ios::binary | std::ios::trunc);
+    const bool output = isStandardOutput(path);
+    if (!output) m_file.open(path, std::ios::binary | std::ios::trunc);
     if (!m_file)
         return Error{"não foi possível gravar o registro: " + errnoText(errno), path.string(), 0,
                      0};
+    m_out.rdbuf(output ? std::cout.rdbuf() : m_file.rdbuf());
     setEventSink([this](const Event& event) { write(event); });
     return {};
 }
 
 Result<void> EventLog::close() {
-    if (!m_file.is_open()) return {};
+    if (m_out.rdbuf() == nullptr) return {};
     setEventSink(nullptr);
-    m_file.close();
+    m_out.rdbuf(nullptr);
+    if (m_file.is_open()) m_file.close();
     if (!m_file && m_errno == 0) m_errno = errno;
     if (m_errno == 0) return {};
     return Error{"o registro ficou incompleto: " + errnoText(m_errno), m_path.string(), 0, 0};
@@ -60,7 +64,7 @@ void EventLog::write(const Event& event) {
     const std::string line = object.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
     // Flushed at once: whoever follows the record sees what has happened, also when the process
     // dies.
-    if (!(m_file << line << std::flush) && m_errno == 0) m_errno = errno != 0 ? errno : EIO;
+    if (!(m_out << line << std::flush) && m_errno == 0) m_errno = errno != 0 ? errno : EIO;
 }
 
 }  // namespace prancheta::console

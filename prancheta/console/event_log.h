@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 
 #include "prancheta/base/event.h"
 #include "prancheta/base/result.h"
@@ -30,6 +31,7 @@ private:
     const Script& m_script;
     std::filesystem::path m_path;
     std::ofstream m_file;
+    std::ostream m_out{nullptr};  ///< writes to the file, or to standard output
     int m_errno = 0;
 };
 

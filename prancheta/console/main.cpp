@@ -31,12 +31,22 @@ public:
         m_code = std::max(m_code, code);
         return false;
     }
+    /// The rest of the script was not run.
+    void ended(int signal, const Script& script) {
+        m_signal = signal;
+        std::cerr << script.name() << ":" << script.line()
+                  << ": o programa foi encerrado pelo sinal " << signal
+                  << "; o resto do roteiro não foi executado" << std::endl;
+    }
     int code(bool scriptFailed) const {
-        return m_code != kDone ? m_code : scriptFailed ? kScriptError : kDone;
+        if (m_code != kDone) return m_code;
+        if (m_signal != 0) return kEndedBySignal + m_signal;
+        return scriptFailed ? kScriptError : kDone;
     }
 
 private:
     int m_code = kDone;
+    int m_signal = 0;
 };
 
 HostOptions hostOptions(const Options& options, Outcome& outcome) {
@@ -57,8 +67,12 @@ HostOptions hostOptions(const Options& options, Outcome& outcome) {
 
 bool prepare(Host& host, const Options& options, Outcome& outcome) {
     outcome.check(host.start(), kFileError);
-    for (const std::string& module : options.modules)
-        outcome.check(host.editor().modules().load(pathFromUtf8(module)), kFileError);
+    ModuleTable& modules = host.editor().modules();
+    for (const std::string& module : options.modules) {
+        modules.trust(pathFromUtf8(module));
+        outcome.check(modules.load(pathFromUtf8(module)), kFileError);
+    }
+    if (!options.otherModules) modules.barOthers();
     if (options.drawing.empty()) return true;
     dxf::LoadReport findings;
     const Result<void> opened =
@@ -102,10 +116,12 @@ int run(const Options& options) {
     if (!options.log.empty() && !outcome.check(log.open(pathFromUtf8(options.log)), kFileError))
         return outcome.code(false);
 
-    ConsoleUi ui(*script);
+    ConsoleUi ui(*script, options.transcript ? Transcript::Shown : Transcript::None);
     Host host(ui, hostOptions(options, outcome));
     if (prepare(host, options, outcome)) {
+        catchEndWishes();
         host.editor().run();
+        if (endWish() != 0) outcome.ended(endWish(), *script);
         // Whatever the script did, the drawing is not lost with it.
         if (!options.save.empty())
             outcome.check(host.editor().saveCopy(pathFromUtf8(options.save)), kFileError);

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <iostream>
 
+#include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
+#include "prancheta/base/utf8_path.h"
 
 namespace prancheta::console {
 namespace {
@@ -35,18 +37,32 @@ void translate(CLI::App& app) {
     formatter->column_width(34);
 }
 
+/// The transcript stays away from what is written in its place.
+void findOutputs(Options& options) {
+    std::vector<std::string*> outputs = {&options.save, &options.log, &options.state};
+    for (std::string& file : options.plots) outputs.push_back(&file);
+    for (std::string* const file : outputs) {
+        if (*file == "-") *file = standardOutput().string();
+        if (!file->empty() && isStandardOutput(pathFromUtf8(*file))) options.transcript = false;
+    }
+}
+
 }  // namespace
 
 std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     Options options;
     bool version = false;
     bool noModules = false;
+    bool defaultOnly = false;
+    bool quiet = false;
     CLI::App app("Prancheta sem janela: executa um roteiro de comandos num desenho.",
                  "prancheta-console");
     translate(app);
     app.option_defaults()->group("Opções");
-    app.set_help_flag("-h,--ajuda", "mostra esta ajuda")->group("Opções");
-    app.add_flag("-v,--versao", version, "mostra a versão");
+    app.set_help_flag("-h,--ajuda,--help", "mostra esta ajuda")->group("Opções");
+    app.add_flag("-v,--versao,--version", version, "mostra a versão");
+    app.footer(
+        "Num ARQUIVO a gravar, - é a saída padrão; o diálogo com o roteiro não é mostrado então.");
     app.add_option("desenho", options.drawing, "desenho a abrir (DXF)")->type_name("ARQUIVO.dxf");
     app.add_option("-r,--roteiro", options.script, "roteiro; - lê a entrada padrão")
         ->type_name("ARQUIVO");
@@ -71,6 +87,9 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
         ->take_all()
         ->allow_extra_args(false);  // one value each time, what follows is the drawing
     app.add_flag("--sem-modulos", noModules, "não carrega os módulos de costume");
+    app.add_flag("--sem-arx", defaultOnly,
+                 "recusa os módulos que um roteiro ou script pedir, menos os de costume");
+    app.add_flag("--quieto", quiet, "não mostra o diálogo com o roteiro");
 
     exitCode = kDone;
     // The library takes them backwards, without the program's name.
@@ -93,6 +112,9 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
         return std::nullopt;
     }
     options.defaultModules = !noModules;
+    options.otherModules = !defaultOnly;
+    options.transcript = !quiet;
+    findOutputs(options);
     return options;
 }
 

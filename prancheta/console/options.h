@@ -9,6 +9,7 @@
 
 namespace prancheta::console {
 
+/// Files to be written, empty: none; what the user called `-` has the name of standardOutput().
 struct Options {
     std::string drawing;
     std::string script = "-";
@@ -21,10 +22,18 @@ struct Options {
     std::string verify;  ///< DXF file to be examined instead of running a script
     std::vector<std::string> modules;
     bool defaultModules = true;
+    bool otherModules = true;  ///< a script may load others than those
+    bool transcript = true;
 };
 
 /// What the program ends with.
-enum ExitCode : int { kDone = 0, kScriptError = 1, kUsage = 2, kFileError = 3 };
+enum ExitCode : int {
+    kDone = 0,
+    kScriptError = 1,
+    kUsage = 2,
+    kFileError = 3,
+    kEndedBySignal = 128,  ///< and the signal's number
+};
 
 /// Reads the arguments. When the program is to end at once (help, version, wrong usage), the exit
 /// code is in `exitCode` and the answer is empty.

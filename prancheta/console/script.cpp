@@ -42,6 +42,7 @@ std::optional<std::string> Script::next() {
             std::cout << std::endl;  // behind the ^C that the terminal shows
             return "^C";
         }
+        if (endWish() != 0) break;  // the line may be half of one
         ++m_line;
         if (m_line == 1 && text.starts_with(kMark)) text.erase(0, kMark.size());
         if (text.starts_with(';')) continue;

@@ -16,8 +16,8 @@ public:
     /// "-" is standard input. A file that cannot be read is an error.
     static Result<Script> open(const std::string& path);
 
-    /// Next answer, without surrounding blanks; comments answer nothing. Empty at the end. The
-    /// interrupt key of a terminal answers `^C`.
+    /// Next answer, without surrounding blanks; comments answer nothing. Empty at the end, and when
+    /// the program is wanted to end. The interrupt key of a terminal answers `^C`.
     std::optional<std::string> next();
     /// Gives no more answers: what follows an error was meant for something else.
     void stop() { m_stopped = true; }

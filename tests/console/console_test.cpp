@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The program's own contract: options, exit codes, how lines reach whoever asks.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -95,6 +97,11 @@ public:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
     const std::string& shown() const { return m_shown; }
+    /// Sends the signal when the text has been shown.
+    void signal(const std::string& text, int number) {
+        answer(text, "");
+        ::kill(m_child, number);
+    }
 
 private:
     bool show() {
@@ -119,14 +126,18 @@ bool has(const std::string& text, const std::string& part) {
 }  // namespace
 
 TEST_F(Console, HelpAndVersion) {
-    const Outcome help = run("--ajuda");
-    EXPECT_EQ(help.code, 0);
-    for (const char* word :
-         {"Uso", "--roteiro", "--salvar", "--registro", "--estado", "--instalacao", "--modulo"})
-        EXPECT_TRUE(has(help.out, word)) << word;
-    const Outcome version = run("-v");
-    EXPECT_EQ(version.code, 0);
-    EXPECT_TRUE(has(version.out, "prancheta-console "));
+    for (const char* asked : {"--ajuda", "--help", "-h"}) {
+        const Outcome help = run(asked);
+        EXPECT_EQ(help.code, 0);
+        for (const char* word : {"Uso", "--roteiro", "--salvar", "--registro", "--estado",
+                                 "--instalacao", "--modulo", "--sem-arx", "--quieto"})
+            EXPECT_TRUE(has(help.out, word)) << word;
+    }
+    for (const char* asked : {"--versao", "--version", "-v"}) {
+        const Outcome version = run(asked);
+        EXPECT_EQ(version.code, 0);
+        EXPECT_TRUE(has(version.out, "prancheta-console "));
+    }
 }
 
 TEST_F(Console, WrongUsageIsTwo) {
@@ -270,6 +281,85 @@ TEST_F(Console, AnUnknownCommandIsReportedWithItsLineAndTheScriptGoesOn) {
     EXPECT_TRUE(has(text("e.json"), "AcDbLine"));
 }
 
+TEST_F(Console, ARefusedAnswerIsAnErrorOfTheScriptThatGoesOn) {
+    struct Case {
+        const char* script;
+        const char* error;  ///< none: the script went well
+    };
+    for (const Case& each :
+         {Case{"_line\n0,0\nbobagem\n3,4\n\n", ":3: Ponto inválido."},
+          Case{"_circle\n0,0\n;\nx\n5\n", ":4: Requer distância"},
+          Case{"osmode\n1.5\n0\n_circle\n0,0\n5\n", ":2: Requer um inteiro"},
+          Case{"perfilu\naccept\nnada\n9,9\n0\n", ":3: Ponto inválido."},
+          // Enter where it is no answer, Esc, the end of the file.
+          Case{"_circle\n\n0,0\n\n5\n", nullptr}, Case{"_circle\n0,0\n5\n_line\n^C\n", nullptr},
+          Case{"_circle\n0,0\n5\n_line\n0,0\n", nullptr}}) {
+        const Outcome outcome = run("--estado e.json", each.script);
+        EXPECT_EQ(outcome.code, each.error != nullptr ? 1 : 0) << each.script << outcome.err;
+        EXPECT_TRUE(has(outcome.err, each.error != nullptr ? each.error : "")) << outcome.err;
+        EXPECT_EQ(outcome.err.empty(), each.error == nullptr) << outcome.err;
+        EXPECT_TRUE(has(text("e.json"), "\"handle\"")) << "it was drawn: " << each.script;
+    }
+}
+
+TEST_F(Console, AnOutputInPlaceOfTheTranscript) {
+    struct Case {
+        const char* arguments;
+        const char* begins;
+        const char* holds;
+    };
+    const char* const script = "_circle\n0,0\n5\n";
+    for (const Case& each :
+         {Case{"-o -", "0\nSECTION", "CIRCLE"}, Case{"--salvar=-", "0\nSECTION", "EOF\n"},
+          Case{"--estado -", "{", "AcDbCircle"}, Case{"--estado /dev/stdout", "{", "AcDbCircle"},
+          Case{"--registro -", "{\"ev\":", "\"cria\""}, Case{"--quieto", "", ""}}) {
+        const Outcome outcome = run(each.arguments, script);
+        EXPECT_EQ(outcome.code, 0) << outcome.err;
+        EXPECT_TRUE(outcome.out.starts_with(each.begins)) << each.arguments << outcome.out;
+        EXPECT_TRUE(has(outcome.out, each.holds)) << each.arguments;
+        EXPECT_EQ(outcome.out.empty(), each.holds[0] == '\0') << each.arguments;
+        EXPECT_FALSE(has(outcome.out, "Comando:")) << each.arguments;
+    }
+    // One after the other, behind what stood there; errors have their own way.
+    const std::string two = "cd '" + folder.string() + "' && echo antes >junto && '" +
+                            kProgram.string() + "' -o - --estado - <entrada >>junto";
+    ASSERT_EQ(std::system(two.c_str()), 0);
+    const std::string both = text("junto");
+    EXPECT_TRUE(both.starts_with("antes\n0\nSECTION")) << both.substr(0, 80);
+    EXPECT_TRUE(has(both, "EOF\n{\n"));
+    EXPECT_TRUE(has(run("--quieto", "bobagem\n").err, ":1: Comando desconhecido"));
+    EXPECT_FALSE(fs::exists(folder / "-"));
+}
+
+TEST_F(Console, ADrawingComesThroughAPipe) {
+    ASSERT_EQ(run("-o a.dxf", "_circle\n0,0\n5\n").code, 0);
+    ASSERT_EQ(::mkfifo((folder / "cano").c_str(), 0600), 0);
+    for (const char* arguments : {"cano -o b.dxf", "--verifica cano"}) {
+        const std::string feed = "cd '" + folder.string() + "' && cat a.dxf >cano &";
+        ASSERT_EQ(std::system(feed.c_str()), 0);
+        // It has no file to go back to: QSAVE asks for one.
+        const Outcome outcome = run(arguments, "_qsave\nc.dxf\n");
+        EXPECT_EQ(outcome.code, 0) << outcome.err;
+    }
+    for (const char* name : {"b.dxf", "c.dxf"}) EXPECT_TRUE(has(text(name), "CIRCLE")) << name;
+    EXPECT_TRUE(fs::is_fifo(folder / "cano"));
+}
+
+TEST_F(Console, AScriptOfOthersLoadsNoStrangeModule) {
+    put("a.scr", "_arx _l " + (folder / "estranho.arx").string() + "\n");
+    fs::copy_file(kProgram.parent_path() / "sonda_base.arx", folder / "estranho.arx");
+    // The line behind the script is nobody's answer.
+    const std::string script = "_script\na.scr\n_circle\n0,0\n5\n";
+    const std::string named = " --modulo estranho.arx ";
+    const Outcome refused = run("--sem-modulos --estado e.json", script);
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_TRUE(has(refused.err, "estranho.arx: o módulo foi recusado")) << refused.err;
+    EXPECT_TRUE(has(text("e.json"), "AcDbCircle"));
+    EXPECT_EQ(run("--sem-modulos" + named, script).code, 0);
+    EXPECT_EQ(run("--sem-modulos --sem-arx", "arx\n_l\nestranho.arx\n").code, 1);
+    EXPECT_EQ(run("--sem-modulos --sem-arx", "arx\n_l\nZpObjects18.arx\n").code, 0);
+}
+
 TEST_F(Console, TheShippedInstallationServesWhenNothingElseIsNamed) {
     const Outcome outcome = run("--registro r.jsonl", "perfilu\ncancel\n");
     EXPECT_EQ(outcome.code, 0) << outcome.err;
@@ -298,6 +388,36 @@ TEST_F(Console, TheInterruptKeyOfATerminalIsEsc) {
     EXPECT_EQ(terminal.end(), 0) << terminal.shown();
     EXPECT_TRUE(has(text("e.json"), "AcDbLine"));
     EXPECT_TRUE(has(text("e.json"), "AcDbCircle"));
+}
+
+TEST_F(Console, WhoIsToldToEndSavesWhatThereIs) {
+    ASSERT_EQ(::mkfifo((folder / "cano").c_str(), 0600), 0);
+    // Both ways, so that it has no end.
+    const int pipe = ::open((folder / "cano").c_str(), O_RDWR | O_CLOEXEC);
+    const std::string script = "_circle\n0,0\n5\n_line\n0,0\n";
+    struct Case {
+        int signal;
+        const char* input;  ///< none: typed
+    };
+    for (const Case& each : {Case{SIGTERM, "cano"}, Case{SIGHUP, "cano"}, Case{SIGINT, "cano"},
+                             Case{SIGTERM, nullptr}, Case{SIGHUP, nullptr}}) {
+        fs::remove(folder / "a.dxf");
+        std::string arguments = "--sem-modulos -o '" + (folder / "a.dxf").string() + "'";
+        if (each.input != nullptr) arguments += " <'" + (folder / each.input).string() + "'";
+        Terminal terminal(kProgram, arguments);
+        if (!terminal.works()) GTEST_SKIP() << "this machine has no pseudo-terminals";
+        const auto size = static_cast<ssize_t>(script.size());
+        if (each.input == nullptr) {
+            terminal.answer("Comando:", script);
+        } else {
+            ASSERT_EQ(::write(pipe, script.data(), script.size()), size);
+        }
+        terminal.signal("primeiro ponto: ", each.signal);
+        EXPECT_EQ(terminal.end(), 128 + each.signal) << terminal.shown();
+        EXPECT_TRUE(has(terminal.shown(), "encerrado pelo sinal")) << terminal.shown();
+        EXPECT_TRUE(has(text("a.dxf"), "AcDbCircle")) << each.signal;
+    }
+    ::close(pipe);
 }
 
 TEST_F(Console, WithoutModulesTheirCommandsAreUnknown) {
