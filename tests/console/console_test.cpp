@@ -290,7 +290,7 @@ TEST_F(Console, ARefusedAnswerIsAnErrorOfTheScriptThatGoesOn) {
          {Case{"_line\n0,0\nbobagem\n3,4\n\n", ":3: Ponto inválido."},
           Case{"_circle\n0,0\n;\nx\n5\n", ":4: Requer distância"},
           Case{"osmode\n1.5\n0\n_circle\n0,0\n5\n", ":2: Requer um inteiro"},
-          Case{"perfilu\naccept\nnada\n9,9\n0\n", ":3: Ponto inválido."},
+          Case{"perfilu\nh=200\nb=75\nt=3\naccept\nnada\n9,9\n0\n", ":6: Ponto inválido."},
           // Enter where it is no answer, Esc, the end of the file.
           Case{"_circle\n\n0,0\n\n5\n", nullptr}, Case{"_circle\n0,0\n5\n_line\n^C\n", nullptr},
           Case{"_circle\n0,0\n5\n_line\n0,0\n", nullptr}}) {

@@ -92,6 +92,8 @@ public:
                 QTest::keyClick(&edit(), Qt::Key_Return);
             else if (key == '\x1b')
                 QTest::keyClick(&edit(), Qt::Key_Escape);
+            else if (key == '\t')
+                QTest::keyClick(&edit(), Qt::Key_Tab);
             else
                 QTest::keyClick(&edit(), key.toLatin1());
         }

@@ -69,6 +69,14 @@ TEST_F(Window, KeysFromAnywhereReachTheCommandLine) {
                    ASSERT_NE(text.object(), nullptr);
                    EXPECT_STREQ(text->textStringConst(), L"duas palavras");
                });
+    // Tab goes through the names that begin with what was typed; Enter runs the one shown.
+    story.type("\x1b").type("circu\t\n");
+    story.when([&] { return story.editor().activeCommand() == L"CIRCLE"; }, [] {});
+    story.type("\x1bosm\t").then([&] {
+        EXPECT_EQ(story.edit().text(), "OSMODE");
+        EXPECT_EQ(story.window().focusWidget(), &story.edit());
+        QTest::keyClick(&story.edit(), Qt::Key_Escape);
+    });
     // An option is clicked, an aid is switched by its key and shows on its button.
     story.type("\x1b").type("pl 0,0 50,0 ");
     story.when(
@@ -197,6 +205,29 @@ TEST_F(Window, RecoversAfterACrash) {
     ASSERT_TRUE(story.run());
     ASSERT_TRUE(story.editor().openDocument(drawing));
     EXPECT_EQ(story.entities(), 2u);
+}
+
+TEST_F(Window, WorkOutlivesTheSystemsWishToEnd) {
+    const ApplicationOptions options = withModules(folder());
+    // In the middle of a command, before the question about unsaved work, inside a module's dialog.
+    for (const char* const keys : {"l 0,0 ", "_new ", "perfilu "}) {
+        {
+            Story story(options);
+            story.type("c 50,50 25 ");
+            story.when([&] { return story.idle() && story.entities() == 1; },
+                       [&] {
+                           QTimer::singleShot(100, &story.window(),
+                                              [&] { story.application().end(); });
+                           story.press(keys);
+                       });
+            EXPECT_TRUE(story.run()) << keys;
+            EXPECT_TRUE(story.closedItself()) << keys;
+            EXPECT_EQ(story.entities(), 1u) << keys;
+        }
+        EXPECT_EQ(prancheta::desktop::Recovery(recoveries(), nullptr).leftCopies().size(), 1u)
+            << keys;
+        fs::remove_all(recoveries());
+    }
 }
 
 TEST_F(Window, DrawsAProfileFromItsDialog) {

@@ -5,15 +5,18 @@
 #include <QDockWidget>
 #include <QDropEvent>
 #include <QLockFile>
+#include <QMenu>
 #include <QMimeData>
 #include <QSettings>
 #include <QTableView>
 
 #include <fstream>
 
+#include "dbents.h"
 #include "prancheta/desktop/dialogs/settings.h"
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
+#include "rxregsvc.h"
 #include "tests/desktop/shell_story.h"
 
 namespace shell {
@@ -106,6 +109,50 @@ TEST_F(Window, EscEndsAScriptThatWorks) {
     interrupt(story, file, L"", [&] { story.press("\x1b"); });
     story.when([&] { return story.idle() && story.entities() > 0; },
                [&] { EXPECT_LT(story.entities(), kPoints); });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, AsksBeforeAScriptLoadsAStrangeModule) {
+    for (const bool allowed : {false, true}) {
+        const fs::path module = folder() / (allowed ? "sim.arx" : "nao.arx");
+        fs::copy_file(fs::path(HOUSE_BINARY_DIR) / "bin/sonda_base.arx", module);
+        const fs::path file = folder() / "a.scr";
+        std::ofstream(file) << "_arx _l " << module.string() << "\n_point 0,0\n";
+        Story story;
+        story.type("_script " + QString::fromStdString(file.string()) + "\n");
+        story.choose("carregarModulo", allowed ? "Carregar" : "Não carregar");
+        story.when([&] { return story.idle(); },
+                   [&] {
+                       EXPECT_EQ(acrxAppIsLoaded(module.wstring().c_str()), allowed);
+                       EXPECT_EQ(story.entities(), allowed ? 1u : 0u);
+                   });
+        EXPECT_TRUE(story.run());
+    }
+}
+
+TEST_F(Window, ShiftAndTheRightButtonOfferSnapsForOnePoint) {
+    Story story;
+    story.type("osmode 0 l 10,10 60,10 \x1bl ");
+    story.when([&] { return story.entities() == 1 && story.editor().activeCommand() == L"LINE"; },
+               [&] {
+                   QTimer::singleShot(0, &story.window(), [&] {
+                       auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                       ASSERT_NE(menu, nullptr);
+                       for (QAction* const action : menu->actions())
+                           if (action->text() == "Meio") menu->setActiveAction(action);
+                       QTest::keyClick(menu, Qt::Key_Return);
+                   });
+                   QTest::mouseClick(&story.canvas(), Qt::RightButton, Qt::ShiftModifier,
+                                     story.pixel(100, 100));
+               });
+    story.click(36, 10).type("36,50 ").type("\x1b");
+    story.when([&] { return story.idle() && story.entities() == 2; },
+               [&] {
+                   const AcDbObjectPointer<AcDbLine> line(story.entity(1), AcDb::kForRead);
+                   ASSERT_NE(line.object(), nullptr);
+                   EXPECT_EQ(line->startPoint(), AcGePoint3d(35, 10, 0));
+                   EXPECT_EQ(line->endPoint(), AcGePoint3d(36, 50, 0));
+               });
     EXPECT_TRUE(story.run());
 }
 

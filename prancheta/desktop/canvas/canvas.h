@@ -54,6 +54,8 @@ signals:
     /// The canvas wants a command to run, as if typed at "Comando:".
     void commandWanted(const QString& line);
     void contextMenuWanted(const QPoint& global);
+    /// Shift and the right button while a point is asked for.
+    void snapMenuWanted(const QPoint& global);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -218,6 +218,9 @@ void Canvas::mousePressEvent(QMouseEvent* event) {
             d.frame.reset();
         else if (d.atCommand())
             emit contextMenuWanted(event->globalPosition().toPoint());
+        else if (d.request != nullptr && asksForPoint(*d.request) &&
+                 (event->modifiers() & Qt::ShiftModifier) != 0)
+            emit snapMenuWanted(event->globalPosition().toPoint());
         else if (d.request != nullptr)
             d.enter();
         update();

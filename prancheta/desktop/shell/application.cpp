@@ -8,9 +8,13 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 #include <QThread>
 
+#include <cstdio>
+
+#include "prancheta/base/library.h"
 #include "prancheta/desktop/dialogs/run_dialog.h"
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/editor/installation.h"
@@ -25,6 +29,8 @@ namespace {
 /// the system gave it, ms.
 constexpr int kSettled = 80;
 constexpr int kMostSettling = 1000;
+/// What stands open is closed one after the other, ms.
+constexpr int kEndStep = 10;
 
 std::filesystem::path recoveryFolder() {
     return toPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) /
@@ -82,6 +88,7 @@ Application::Application(const ApplicationOptions& options)
                      [this] { keepRecoveryUp(); });
     QObject::connect(m_recovery.get(), &Recovery::due, m_window.get(),
                      [this] { keepRecoveryUp(); });
+    QObject::connect(&m_ending, &QTimer::timeout, m_window.get(), [this] { endStep(); });
 }
 
 Application::~Application() {
@@ -150,7 +157,25 @@ void Application::settle() {
     }
 }
 
+void Application::end() { m_ending.start(kEndStep); }
+
+void Application::endStep() {
+    if (QWidget* const popup = QApplication::activePopupWidget()) return void(popup->close());
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (auto* const dialog = qobject_cast<QDialog*>(modal)) return dialog->reject();
+    if (modal != nullptr) return void(modal->close());
+    m_window->ui().requestEnd();
+}
+
 void Application::run() {
+    if (endWishDescriptor() >= 0) {
+        auto* const wish =
+            new QSocketNotifier(endWishDescriptor(), QSocketNotifier::Read, m_window.get());
+        QObject::connect(wish, &QSocketNotifier::activated, m_window.get(), [this, wish] {
+            wish->setEnabled(false);
+            end();
+        });
+    }
     m_window->show();
     m_window->commandLine().edit().setFocus();
     settle();
@@ -158,6 +183,11 @@ void Application::run() {
     if (!m_drawing.empty()) (void)m_window->files().open(m_drawing);  // told what went wrong
     m_host->editor().run();
     m_window->saveLayout();
+    if (!m_ending.isActive()) return;
+    m_ending.stop();
+    if (const Result<void> kept = m_recovery->leave(); !kept)
+        std::fprintf(stderr, "prancheta: sem cópia de recuperação: %s\n",
+                     kept.error().message().c_str());
 }
 
 }  // namespace prancheta::desktop

@@ -2,6 +2,7 @@
 // The window and the host behind it, from start to end.
 #pragma once
 
+#include <QTimer>
 #include <QTranslator>
 
 #include <memory>
@@ -24,8 +25,12 @@ public:
     explicit Application(const ApplicationOptions& options);
     ~Application();
 
-    /// Shows the window and serves the editor until its input ends.
+    /// Shows the window and serves the editor until its input ends, or until the system wants the
+    /// program to end, where main() had that caught.
     void run();
+    /// Ends whatever waits or stands open and then run(), without a question; unsaved work stays as
+    /// a recovery copy.
+    void end();
 
     MainWindow& window() { return *m_window; }
     Editor& editor() { return m_host->editor(); }
@@ -37,6 +42,7 @@ private:
     bool recover(const LeftCopy& left);
     void keepRecoveryUp();
     void settle();
+    void endStep();
 
     std::unique_ptr<QTranslator> m_translator;
     std::unique_ptr<MainWindow> m_window;
@@ -44,6 +50,7 @@ private:
     std::unique_ptr<Recovery> m_recovery;
     std::filesystem::path m_drawing;
     bool m_recoveryFailed = false;
+    QTimer m_ending;  ///< runs while the program is being ended
 };
 
 }  // namespace prancheta::desktop

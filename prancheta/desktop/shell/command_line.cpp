@@ -22,6 +22,7 @@ constexpr int kVisibleLogLines = 4;
 
 AnswerEdit::AnswerEdit(QWidget* parent) : QLineEdit(parent) {
     connect(this, &QLineEdit::textEdited, this, [this] { complete(); });
+    connect(this, &QLineEdit::textChanged, this, [this] { m_taken = -1; });
 }
 
 void AnswerEdit::setCompletions(QAbstractItemModel* names) {
@@ -53,6 +54,33 @@ void AnswerEdit::complete() {
     QRect place = rect();
     place.setWidth(std::min(width(), 320));
     m_completer->complete(place);
+}
+
+bool AnswerEdit::offering() const {
+    return m_completer != nullptr && m_completer->popup()->isVisible();
+}
+
+/// Puts the next of the names that begin with what was typed, or the one before, in its place.
+void AnswerEdit::takeOffered(int step) {
+    if (m_completer == nullptr || !m_offersCompletions) return;
+    if (m_taken < 0) m_completer->setCompletionPrefix(text());
+    const QAbstractItemModel& names = *m_completer->completionModel();
+    const int count = names.rowCount();
+    if (count == 0) return;
+    const QModelIndex chosen = offering() ? m_completer->popup()->currentIndex() : QModelIndex();
+    int row = chosen.isValid() ? chosen.row() : m_taken >= 0 ? m_taken : step > 0 ? -1 : count;
+    const auto name = [&] { return names.index(row, 0).data(Qt::UserRole).toString(); };
+    do {
+        row = (row + step + count) % count;
+    } while (count > 1 && name().compare(text(), Qt::CaseInsensitive) == 0);
+    setText(name());
+    m_taken = row;
+    if (offering()) m_completer->popup()->setCurrentIndex(names.index(row, 0));
+}
+
+/// With something typed, or kept for later, Tab means it; else it goes on to the next widget.
+bool AnswerEdit::focusNextPrevChild(bool next) {
+    return !m_holding && text().isEmpty() && QLineEdit::focusNextPrevChild(next);
 }
 
 bool AnswerEdit::blankIsText() const { return m_blanksAllowed || text().count('"') % 2 == 1; }
@@ -125,7 +153,7 @@ void AnswerEdit::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (m_completer != nullptr && m_completer->popup()->isVisible()) {
+            if (offering()) {
                 const QModelIndex chosen = m_completer->popup()->currentIndex();
                 if (chosen.isValid()) setText(chosen.data(Qt::UserRole).toString());
             }
@@ -142,6 +170,10 @@ void AnswerEdit::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Delete:
             if (text().isEmpty()) emit erased();
             break;
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+            takeOffered((event->modifiers() & Qt::ShiftModifier) ? -1 : 1);
+            return;
         case Qt::Key_Up:
             return recall(-1);
         case Qt::Key_Down:

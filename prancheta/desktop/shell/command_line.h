@@ -21,7 +21,8 @@ class QAbstractItemModel;
 namespace prancheta::desktop {
 
 /// The line in which answers are typed. Enter and Space end an answer, but for the Space inside a
-/// text that may have blanks or inside quotation marks.
+/// text that may have blanks or inside quotation marks. Tab and Shift+Tab go through the names that
+/// begin with what was typed.
 class AnswerEdit : public QLineEdit {
     Q_OBJECT
 public:
@@ -52,12 +53,15 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void submit();
     bool blankIsText() const;
     void recall(int step);
     void complete();
+    bool offering() const;
+    void takeOffered(int step);
 
     bool m_holding = true;
     std::deque<std::unique_ptr<QKeyEvent>> m_held;
@@ -65,6 +69,7 @@ private:
     bool m_blanksAllowed = false;
     bool m_offersCompletions = false;
     QCompleter* m_completer = nullptr;
+    int m_taken = -1;  ///< row of the completion that Tab put here; -1: none
     QStringList m_history;
     qsizetype m_recalled = 0;  ///< index in the history; its size: the line being typed
 };

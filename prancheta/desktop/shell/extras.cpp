@@ -13,6 +13,7 @@
 #include "prancheta/desktop/shell/main_window.h"
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
+#include "prancheta/editor/snap_modes.h"
 
 namespace prancheta::desktop {
 
@@ -93,6 +94,23 @@ void MainWindow::showContextMenu(const QPoint& global) {
          {"_EDITAPERFIL", "_MOVE", "_COPY", "_ROTATE", "_MIRROR", "_ERASE", "'_ZOOM _E"})
         if (QAction* const action = m_entries.value(entry)) menu.addAction(action);
     if (!menu.isEmpty()) menu.exec(global);
+}
+
+/// The snap chosen counts for the point that is asked for.
+void MainWindow::showSnapMenu(const QPoint& global) {
+    QMenu menu(this);
+    const auto add = [&](const wchar_t* name, int bit) {
+        RawInput input;
+        input.kind = RawInput::Kind::Snap;
+        input.text = name;
+        input.snapModes = bit;
+        connect(menu.addAction(QString::fromWCharArray(name)), &QAction::triggered, m_ui,
+                [this, input] { m_ui->answer(input); });
+    };
+    for (const SnapMode& mode : kSnapModes) add(mode.local, mode.bit);
+    menu.addSeparator();
+    add(L"Nenhum", 0);
+    menu.exec(global);
 }
 
 }  // namespace prancheta::desktop

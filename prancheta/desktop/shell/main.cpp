@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 
+#include "prancheta/base/library.h"
 #include "prancheta/desktop/shell/application.h"
 
 namespace {
@@ -16,6 +17,7 @@ using namespace prancheta::desktop;
 /// Exit codes, as those of prancheta-console.
 constexpr int kWrongOption = 2;
 constexpr int kNoScreen = 3;
+constexpr int kEndedBySignal = 128;  // and the signal's number
 
 constexpr auto kHelp =
     "Prancheta: perfis de aço em desenho.\n"
@@ -33,8 +35,9 @@ std::optional<int> answeredAtOnce(int argc, char** argv) {
     bool screen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
     for (int i = 1; i < argc; ++i) {
         const std::string_view word = argv[i];
-        if (word == "-h" || word == "--ajuda") return std::fputs(kHelp, stdout) < 0;
-        if (word == "-v" || word == "--versao")
+        if (word == "-h" || word == "--ajuda" || word == "--help")
+            return std::fputs(kHelp, stdout) < 0;
+        if (word == "-v" || word == "--versao" || word == "--version")
             return std::puts("prancheta " PRANCHETA_VERSION) < 0;
         screen = screen || word == "-platform";
     }
@@ -87,6 +90,7 @@ int main(int argc, char** argv) {
         std::fputs(("prancheta: " + wrong + "\nVeja prancheta --ajuda.\n").toUtf8(), stderr);
         return kWrongOption;
     }
+    prancheta::catchEndWishes();
     Application(options).run();
-    return 0;
+    return prancheta::endWish() == 0 ? 0 : kEndedBySignal + prancheta::endWish();
 }

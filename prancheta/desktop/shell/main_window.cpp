@@ -105,6 +105,7 @@ void MainWindow::makeCanvas() {
     connect(m_canvas, &Canvas::selectionChanged, this, &MainWindow::showAll);
     connect(m_canvas, &Canvas::entityActivated, this, &MainWindow::editEntity);
     connect(m_canvas, &Canvas::contextMenuWanted, this, &MainWindow::showContextMenu);
+    connect(m_canvas, &Canvas::snapMenuWanted, this, &MainWindow::showSnapMenu);
     m_ui->setPointer([this] { return m_canvas->pointer(); });
 }
 

@@ -70,6 +70,7 @@ private:
     void showChanges();
     void showAll();
     void showContextMenu(const QPoint& global);
+    void showSnapMenu(const QPoint& global);
     void undo();
     void selectAll();
     void editEntity(AcDbObjectId entity);

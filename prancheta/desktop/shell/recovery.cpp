@@ -42,7 +42,9 @@ Recovery::Recovery(fs::path folder, QObject* parent)
     });
 }
 
-Recovery::~Recovery() { drop(); }
+Recovery::~Recovery() {
+    if (!m_left) drop();
+}
 
 fs::path Recovery::file(const char* ending) const {
     return m_folder / (m_id.toStdString() + ending);
@@ -83,6 +85,14 @@ Result<void> Recovery::write() {
     if (auto saved = m_editor->saveCopy(file(".dxf")); !saved) return saved;
     m_written = revision;
     return {};
+}
+
+Result<void> Recovery::leave() {
+    if (m_editor == nullptr || !m_editor->modified()) return {};
+    const Result<void> written = write();
+    // An older copy is better than none.
+    m_left = written || m_written;
+    return written;
 }
 
 Result<void> Recovery::keepUp() {

@@ -31,7 +31,7 @@ class Recovery : public QObject {
 public:
     /// `folder` is made when it is needed.
     Recovery(std::filesystem::path folder, QObject* parent);
-    /// A clean end: the window's copy goes.
+    /// A clean end: the window's copy goes, but for one that was left.
     ~Recovery() override;
 
     void setEditor(Editor* editor);
@@ -43,6 +43,8 @@ public:
     void documentReplaced() { drop(); }
     /// Writes the copy at once, replacing the former one atomically.
     Result<void> write();
+    /// The program ends with its work unsaved: a copy of it stays for the next window.
+    Result<void> leave();
     /// Copies of windows that are gone, oldest first. What else such windows left is removed.
     std::vector<LeftCopy> leftCopies() const;
     static void discard(LeftCopy& left);
@@ -63,6 +65,7 @@ private:
     Editor* m_editor = nullptr;
     QTimer m_timer;
     bool m_due = false;
+    bool m_left = false;
     std::optional<std::uint64_t> m_written;  ///< revision of the copy; none: there is no copy
 };
 

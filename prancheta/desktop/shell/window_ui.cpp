@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 #include "prancheta/base/text.h"
@@ -51,6 +52,20 @@ std::optional<std::filesystem::path> WindowUi::chooseFile(const FileQuestion& qu
 std::optional<bool> WindowUi::mayLeaveDrawing() { return m_files.mayLeave(); }
 
 std::optional<ChangedFile> WindowUi::replaceChangedFile() { return m_files.replaceChanged(); }
+
+bool WindowUi::mayLoad(const std::filesystem::path& module) {
+    showChanges();
+    QMessageBox box(QMessageBox::Warning, "Prancheta",
+                    "Um script quer carregar o módulo " + toQString(module) +
+                        ".\n\nUm módulo é um programa: ele pode fazer tudo o que você pode. "
+                        "Carregue-o só se você sabe de onde ele vem.",
+                    QMessageBox::NoButton, &m_window);
+    box.setObjectName("carregarModulo");
+    const QPushButton* const load = box.addButton("&Carregar", QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton("&Não carregar", QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == load;
+}
 
 bool WindowUi::showTool(Tool tool) {
     showChanges();
@@ -112,7 +127,7 @@ std::optional<RawInput> WindowUi::withoutWaiting(const InputRequest& request) {
     }
     if (request.kind == InputKind::Command) {
         m_cancels = 0;
-        if (std::exchange(m_closing, false) && m_files.mayLeave()) return input;
+        if (std::exchange(m_closing, false) && (m_ending || m_files.mayLeave())) return input;
     }
     if (m_line && m_editor != nullptr) {
         m_editor->typeAhead((*std::exchange(m_line, {}) + "\n").toStdWString());
@@ -149,9 +164,7 @@ RawInput WindowUi::ask(const InputRequest& request) {
 
 /// Ends the waiting.
 void WindowUi::release(const RawInput& input) {
-    const bool typed = input.kind == RawInput::Kind::Text;
-    if (input.kind != RawInput::Kind::Move)
-        emit answered(typed ? QString::fromStdWString(input.text) : QString());
+    if (input.kind != RawInput::Kind::Move) emit answered(QString::fromStdWString(input.text));
 }
 
 void WindowUi::answer(const RawInput& input) {
@@ -207,13 +220,18 @@ void WindowUi::runCommand(const QString& line) {
 }
 
 void WindowUi::requestClose() {
-    if (passing()) {
-        m_closing = true;
-        return cancel();
-    }
-    if (m_request == nullptr || m_input) return;
+    if (!passing() && (m_request == nullptr || m_input)) return;
     m_closing = true;
-    if (!idle()) return cancel();
+    endWaiting();
+}
+
+void WindowUi::requestEnd() {
+    m_closing = m_ending = true;
+    if (passing() || (m_request != nullptr && !m_input)) endWaiting();
+}
+
+void WindowUi::endWaiting() {
+    if (passing() || !idle()) return cancel();
     answer(lookAgain());
 }
 

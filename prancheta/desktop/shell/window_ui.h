@@ -41,6 +41,7 @@ public:
     std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override;
     std::optional<bool> mayLeaveDrawing() override;
     std::optional<ChangedFile> replaceChangedFile() override;
+    bool mayLoad(const std::filesystem::path& module) override;
     bool showTool(Tool tool) override;
     bool pass(std::chrono::milliseconds time) override;
     void refresh() override;
@@ -63,6 +64,8 @@ public:
     void runCommand(const QString& line);
     /// Ends what waits, then asks about unsaved work, then ends the input.
     void requestClose();
+    /// The same without a question, also while nothing can be answered.
+    void requestEnd();
     /// True from requestClose(), or a command that ends what waits, until "Comando:".
     bool leaving() const { return m_closing || m_line; }
     /// Gives where the pointer stands, for typed answers.
@@ -89,6 +92,7 @@ private:
     RawInput lookAgain() const;
     void showChanges();
     void release(const RawInput& input);
+    void endWaiting();
 
     QWidget& m_window;
     DrawingFiles& m_files;
@@ -100,6 +104,7 @@ private:
     std::deque<QString> m_early;    ///< typed while nothing waited
     std::optional<QString> m_line;  ///< command that waits for "Comando:"
     bool m_closing = false;
+    bool m_ending = false;
     int m_cancels = 0;  ///< given in a row to get back to "Comando:"
     bool m_changed = false;
     bool m_escaped = false;  ///< Esc while pass() waits
