@@ -73,7 +73,7 @@ TEST_F(BuiltUpDialog, AMemberThatBecameTooShortForItsPlatesIsRefused) {
         host.play({L"altura=" + limits.greatest, L"largura=100", L"accept"});
         host.play({L"l=90", L"accept"});
         host.play({L"accept"});  // 1900 apart, which is more than 3 x 100
-        draw(limits.make);
+        draw(limits.command);
         EXPECT_EQ(host.eventsOf(L"valor").back(), L"error: Erro no Travejamento.");
         EXPECT_TRUE(host.has(L"modo travejar: 2"));
     }

@@ -63,7 +63,7 @@ TEST_F(ProfileDialog, DeletingTheLastRowGoesBackToTheFirst) {
 TEST_F(ProfileDialog, AcceptSaysWhatIsWrong) {
     const std::wstring section = L"Dados inválidos para gerar perfil.";
     const struct {
-        MakeRun make;
+        const ProfileCommand& command;
         Texts typed;
         std::wstring message;
         const wchar_t* tile;  ///< gets the keyboard
@@ -86,7 +86,7 @@ TEST_F(ProfileDialog, AcceptSaysWhatIsWrong) {
         Texts actions = c.typed;
         actions.push_back(L"accept");
         fresh.play(actions);
-        draw(c.make);
+        draw(c.command);
         EXPECT_TRUE(fresh.has(L"valor error: " + c.message)) << c.tile;
         const std::wstring tile = c.tile;
         const Texts modes = fresh.eventsOf(L"modo");
