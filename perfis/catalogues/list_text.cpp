@@ -6,7 +6,7 @@
 #include <array>
 #include <optional>
 
-#include "perfis/frame/encoding.h"
+#include "perfis/base/encoding.h"
 
 namespace perfis {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "perfis/frame/portability.h"
+#include "perfis/base/portability.h"
 
 namespace perfis {
 

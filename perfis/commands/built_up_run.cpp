@@ -4,11 +4,11 @@
 
 #include <optional>
 
+#include "perfis/base/portability.h"
 #include "perfis/commands/lacing_values.h"
 #include "perfis/commands/profile_generator.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
-#include "perfis/frame/portability.h"
 
 namespace perfis {
 namespace {

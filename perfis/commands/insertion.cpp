@@ -2,7 +2,7 @@
 // Insertion rules of longitudinal views.
 #include "perfis/commands/insertion.h"
 
-#include "perfis/frame/portability.h"
+#include "perfis/base/portability.h"
 
 namespace perfis {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <optional>
 
+#include "perfis/base/portability.h"
 #include "perfis/commands/lacing_values.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
-#include "perfis/frame/portability.h"
 #include "perfis/output/plates.h"
 #include "zp/objects/edicao.h"
 

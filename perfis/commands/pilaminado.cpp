@@ -2,6 +2,7 @@
 // Command perfilil: rolled I from one of three catalogues.
 #include <array>
 
+#include "perfis/base/portability.h"
 #include "perfis/catalogues/rolled_sources.h"
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
@@ -10,7 +11,6 @@
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpvigas.h"
-#include "perfis/frame/portability.h"
 
 namespace perfis {
 namespace {

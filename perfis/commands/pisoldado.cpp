@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Command vigai: welded I with equal flanges, from the user's favourites or a standard series.
+#include "perfis/base/portability.h"
 #include "perfis/catalogues/welded_series.h"
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
@@ -8,7 +9,6 @@
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpvigas.h"
-#include "perfis/frame/portability.h"
 
 namespace perfis {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the tiles of a profile dialog do when the user touches them.
+#include "perfis/base/portability.h"
 #include "perfis/commands/profile_run.h"
 #include "perfis/dialogs/bar_type_dialog.h"
 #include "perfis/dialogs/tiles.h"
-#include "perfis/frame/portability.h"
 #include "perfis/output/shared_dimension.h"
 
 namespace perfis {

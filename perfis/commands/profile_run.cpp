@@ -7,13 +7,13 @@
 
 #include "acutads.h"
 #include "adscodes.h"
+#include "perfis/base/portability.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/commands/piece_rebuild.h"
 #include "perfis/commands/profile_generator.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "perfis/frame/portability.h"
 #include "perfis/output/shared_dimension.h"
 
 namespace perfis {

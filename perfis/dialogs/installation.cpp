@@ -3,7 +3,7 @@
 #include "perfis/dialogs/installation.h"
 
 #include "acutads.h"
-#include "perfis/frame/portability.h"
+#include "perfis/base/portability.h"
 
 namespace perfis {
 namespace {

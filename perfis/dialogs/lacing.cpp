@@ -8,8 +8,8 @@
 #include <cwchar>
 #include <string>
 
+#include "perfis/base/portability.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "perfis/frame/portability.h"
 
 namespace perfis {
 namespace {

@@ -2,11 +2,11 @@
 // The lacing dialog: three values and the spacing that follows from them.
 #include <string>
 
+#include "perfis/base/portability.h"
 #include "perfis/dialogs/dialog_loop.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
-#include "perfis/frame/portability.h"
 
 namespace perfis {
 namespace {

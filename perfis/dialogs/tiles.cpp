@@ -4,9 +4,9 @@
 
 #include <cmath>
 
+#include "perfis/base/encoding.h"
+#include "perfis/base/portability.h"
 #include "perfis/dialogs/installation.h"
-#include "perfis/frame/encoding.h"
-#include "perfis/frame/portability.h"
 #include "zp/forja/zpstringlist.h"
 
 namespace perfis {

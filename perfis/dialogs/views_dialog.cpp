@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "perfis/base/portability.h"
 #include "perfis/dialogs/dialog_loop.h"
 #include "perfis/dialogs/tiles.h"
-#include "perfis/frame/portability.h"
 
 namespace perfis {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "adscodes.h"
+#include "perfis/base/portability.h"
 #include "perfis/entities/zpchapa.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "perfis/frame/portability.h"
 #include "perfis/output/dimensions.h"
 #include "zp/matlist/zpmatlist.h"
 #include "zp/trelica/zptrelica.h"

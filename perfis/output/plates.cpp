@@ -8,8 +8,8 @@
 #include <numbers>
 
 #include "adscodes.h"
+#include "perfis/base/portability.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "perfis/frame/portability.h"
 
 namespace perfis {
 namespace {

@@ -11,8 +11,8 @@
 
 #include <chrono>
 
+#include "perfis/base/portability.h"
 #include "perfis/catalogues/catalogue.h"
-#include "perfis/frame/portability.h"
 #include "temp_folder.h"
 
 using namespace perfis;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Numbers in texts, whole numbers of reals, files found and replaced.
-#include "perfis/frame/portability.h"
+#include "perfis/base/portability.h"
 
 #include <gtest/gtest.h>
 #ifndef _WIN32

@@ -8,8 +8,8 @@
 #include <thread>
 
 #include "files/replacement.h"
-#include "perfis/frame/encoding.h"
-#include "perfis/frame/portability.h"
+#include "perfis/base/encoding.h"
+#include "perfis/base/portability.h"
 
 #ifdef _WIN32
 #include <fcntl.h>

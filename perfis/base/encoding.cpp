@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Text encodings, written out because wide characters have 16 bits on one target and 32 on the
 // other.
-#include "perfis/frame/encoding.h"
+#include "perfis/base/encoding.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Numbers in texts and the environment; files stand in portability_files.cpp.
-#include "perfis/frame/portability.h"
+#include "perfis/base/portability.h"
 
 #include <charconv>
 #include <climits>
 #include <cmath>
 #include <cstdlib>
 
-#include "perfis/frame/encoding.h"
+#include "perfis/base/encoding.h"
 
 namespace perfis {
 namespace {
