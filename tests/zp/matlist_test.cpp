@@ -194,34 +194,30 @@ TEST_F(ListaMaterial, ArquivoQueExisteSoETrocadoComSim) {
         return std::string{std::istreambuf_iterator<char>(arquivo), {}};
     };
     const auto poe = [&](const char* nome) { std::ofstream(pasta / nome) << "antes"; };
-    const auto exporta = [&](const char* nome, std::initializer_list<const wchar_t*> respostas) {
-        type({L"LISTAMATERIAL", L"csv", (pasta / nome).wstring().c_str()});
-        type(respostas);
-    };
+    const auto em = [&](const std::string& nome) { return (pasta / nome).wstring(); };
     entra(1);
     poe("desenho.dxf");
     poe("lista.csv.tmp");
     // The extension is added unless it is the right one, whatever its case.
     for (const char* nome : {"lista rev.2", "desenho.dxf", "lista.csv", "OUTRA.CSV"})
-        exporta(nome, {});
+        type({L"LISTAMATERIAL", L"csv", em(nome).c_str()});
     for (const char* nome : {"lista rev.2.csv", "desenho.dxf.csv", "lista.csv", "OUTRA.CSV"})
         EXPECT_TRUE(bytes(nome).starts_with("\xEF\xBB\xBFMARCA;")) << nome;
     EXPECT_EQ(bytes("desenho.dxf"), "antes");
     EXPECT_EQ(bytes("lista.csv.tmp"), "antes");
     poe("lista.csv");
     poe("b.csv");
-    exporta("lista", {L""});
+    type({L"LISTAMATERIAL", L"csv", em("lista").c_str(), L"", em("c").c_str()});
     EXPECT_TRUE(asked(L"lista.csv já existe. Deseja substituí-lo? [Sim/Não] <Não>: "));
-    exporta("b", {L"^C"});
-    EXPECT_EQ(bytes("b.csv"), "antes");
-    type({(pasta / "c").wstring().c_str()});
     EXPECT_EQ(bytes("lista.csv"), "antes");
     EXPECT_FALSE(bytes("c.csv").empty()) << "after a no another name is asked for";
-    exporta("lista", {L"_y"});
+    type({L"LISTAMATERIAL", L"csv", em("b").c_str()});
+    EXPECT_EQ(bytes("b.csv"), "antes");
+    type({L"LISTAMATERIAL", L"csv", em("lista").c_str(), L"_y"});
     EXPECT_NE(bytes("lista.csv"), "antes");
     // A path that would be cut names another file: nothing is written.
     const auto antes = std::distance(fs::directory_iterator(pasta), {});
-    exporta(std::string(140, 'n').c_str(), {});
+    type({L"LISTAMATERIAL", L"csv", em(std::string(140, 'n')).c_str()});
     EXPECT_TRUE(said(L"passa de 131 caracteres"));
     EXPECT_EQ(std::distance(fs::directory_iterator(pasta), {}), antes);
     fs::remove_all(pasta);
