@@ -33,6 +33,7 @@ instalar() {
     "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${lista[@]}" >/dev/null
 }
 
+# preparar [ALVO]: what the target needs, everything without one.
 preparar() {
     instalar "${pacotes_essenciais[@]}"
     instalar "${pacotes_uteis[@]}" || echo "Aviso: sem ${pacotes_uteis[*]}; a compilação segue sem eles." >&2
@@ -45,5 +46,5 @@ preparar() {
         return 1
     }
     rm -f "$raiz/.configurar.log"
-    cmake --build "$raiz/build" -j "$(nproc)"
+    cmake --build "$raiz/build" -j "$(nproc)" --target "${1:-all}"
 }
