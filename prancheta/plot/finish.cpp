@@ -2,6 +2,7 @@
 // Corrections in finished files.
 #include "prancheta/plot/finish.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
@@ -110,8 +111,8 @@ void finishSvg(std::string& svg, const QRectF& clip, std::string_view title) {
     const std::size_t definitions = svg.find(kDefinitions);
     const std::size_t end = svg.rfind(kEnd);
     if (definitions == kNot || end == kNot) return;
-    constexpr std::string_view kDescription = "<desc>";
-    const std::size_t description = svg.find(kDescription);
+    const std::size_t description = svg.find("<desc>");
+    const std::size_t itsTitle = std::min(svg.find("<title>"), description);
     svg.insert(end, "</g>\n");
     svg.insert(definitions + kDefinitions.size(), "\n<g clip-path=\"url(#folha)\">");
     std::string region = "<clipPath id=\"folha\"><rect";
@@ -124,7 +125,7 @@ void finishSvg(std::string& svg, const QRectF& clip, std::string_view title) {
     attribute("height", clip.height());
     svg.insert(definitions, region + "/></clipPath>\n");
     if (description < definitions)
-        svg.insert(description, "<title>" + xmlText(title) + "</title>\n");
+        svg.replace(itsTitle, description - itsTitle, "<title>" + xmlText(title) + "</title>\n");
 }
 
 }  // namespace prancheta

@@ -220,6 +220,7 @@ TEST_F(Console, ControlCharactersOfADrawingSteerNothing) {
         EXPECT_EQ(all.find_first_of("\x1B\x07\x7F"), std::string::npos) << all;
     const std::string svg = text("a.svg");
     EXPECT_TRUE(has(svg, "<title>a&lt;&amp;^[</title>"));
+    EXPECT_EQ(svg.find("<title>"), svg.rfind("<title>"));
     for (const char c : svg)
         EXPECT_TRUE(static_cast<unsigned char>(c) >= 0x20 || c == '\n' || c == '\t');
 }
