@@ -171,6 +171,11 @@ TEST_F(Modify, EraseAndOops) {
     EXPECT_EQ(count(), 2u);
     type({L"oops"});
     EXPECT_TRUE(said(L"Não há objetos apagados para restaurar."));
+    // An OOPS that is undone leaves its set to another one.
+    type({L"_u"});
+    EXPECT_EQ(count(), 0u);
+    type({L"oops"});
+    EXPECT_EQ(count(), 2u);
     // Undone, an ERASE is no set to bring back: the line that was undone too stays away.
     type({L"_line", L"5,5", L"6,6", L"", L"_erase", L"_l", L"", L"_u", L"_u", L"_oops"});
     EXPECT_EQ(count(), 2u);

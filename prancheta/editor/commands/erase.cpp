@@ -17,9 +17,10 @@ CommandTask erase(CommandContext context) {
 }
 
 CommandTask oops(CommandContext context) {
+    Memory& kept = memory(context);
     // After its ERASE was taken back the set is of no use: what is erased of it now, undo has taken
     // out.
-    const bool standing = context.database().core().undo().revision() >= memory(context).erasedAt;
+    const bool standing = context.database().core().undo().revision() >= kept.erasedAt;
     const Ids set = std::exchange(context.editor().lastErased(), {});
     std::size_t back = 0;
     for (const AcDbObjectId id : set) {
@@ -27,7 +28,10 @@ CommandTask oops(CommandContext context) {
         AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite, true);
         if (entity.openStatus() == Acad::eOk && entity->erase(Adesk::kFalse) == Acad::eOk) ++back;
     }
-    if (back == 0) say(context, L"Não há objetos apagados para restaurar.");
+    if (back == 0)
+        say(context, L"Não há objetos apagados para restaurar.");
+    else
+        kept.restored = {set, kept.erasedAt, context.database().core().undo().revision()};
     co_return CommandEnd::Done;
 }
 

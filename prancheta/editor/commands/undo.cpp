@@ -27,9 +27,16 @@ constexpr Word kRedoWords[] = {{L"Tudo", L"All"}, {L"Último", L"Last"}};
 UndoLog& logOf(const CommandContext& context) { return context.database().core().undo(); }
 
 /// Once its ERASE is undone a set is nothing for OOPS, whatever is drawn next: what is erased of it
-/// later, undo has taken out.
-void forgetErased(const CommandContext& context) {
-    if (logOf(context).revision() < memory(context).erasedAt) context.editor().lastErased().clear();
+/// later, undo has taken out. Once the OOPS of a set is undone it is there for another one.
+void keepErased(const CommandContext& context) {
+    Memory& kept = memory(context);
+    const std::uint64_t revision = logOf(context).revision();
+    Ids& set = context.editor().lastErased();
+    if (revision < kept.restored.at && !kept.restored.set.empty()) {
+        set = std::exchange(kept.restored.set, {});
+        kept.erasedAt = kept.restored.erasedAt;
+    }
+    if (revision < kept.erasedAt) set.clear();
 }
 
 /// Up to `count` steps, naming each.
@@ -40,7 +47,7 @@ void undoSteps(const CommandContext& context, std::size_t count) {
             say(context, L"Tudo foi desfeito.");
             return;
         }
-        forgetErased(context);
+        keepErased(context);
         say(context, name);
     }
 }
@@ -62,7 +69,7 @@ std::size_t countOf(const InputValue& answer) {
 
 Task<InputValue> undoBack(CommandContext context) {
     if (logOf(context).backToMark()) {
-        forgetErased(context);
+        keepErased(context);
         co_return InputValue{};
     }
     InputValue all = co_await askYesNo(context, L"\nIsto desfará tudo. Continuar?", Choice::Yes);
