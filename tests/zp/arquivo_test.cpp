@@ -225,22 +225,24 @@ TEST_F(Arquivo, RegistroCortadoOuEstragadoERecusado) {
 }
 
 TEST_F(Arquivo, MedidasQueNenhumComandoDaSaoRecusadas) {
-    ZpUDobrado u(AcGePoint3d(), ZpObject::kVistaSecao, 200, 75, 75, 3, 3, 0, 0, 1000, 0, 0, 20);
+    ZpUDobrado u(AcGePoint3d(), ZpObject::kVistaSecao, 200, 75, 75, 3, 3, 1.5, 1.5, 1000, 0, 0, 20);
     Grupos grupos;
     u.dxfOutFields(&grupos);
     std::vector<std::size_t> reais;
     for (std::size_t i = 0; i < grupos.grupos.size(); ++i)
         if (grupos.grupos[i].codigo == 40) reais.push_back(i);
     ASSERT_EQ(grupos.grupos[reais[0]].reais[0], 200.0);
-    // The height, the upper flange, and the length that stands behind the eleven values.
-    for (const std::size_t qual : {reais[0], reais[1], reais[11]}) {
-        for (const double valor : {-5.0, 1e308, 2e9, 1.0}) {
+    // The height, the upper flange, its angle, and the length behind the eleven values.
+    for (const std::size_t qual : {reais[0], reais[1], reais[5], reais[11]}) {
+        for (const double valor : {-5.0, 0.0, 1e308, 2e9, 1.0}) {
             Grupos outros;
             outros.grupos = grupos.grupos;
             outros.grupos[qual].reais[0] = valor;
             outros.rele(outros.grupos.size());
             ZpUDobrado lida;
-            EXPECT_EQ(lida.dxfInFields(&outros), valor == 1.0 ? Acad::eOk : Acad::eInvalidInput)
+            // A length of nothing is that of a piece between two equal points.
+            const bool possivel = valor == 1.0 || (valor == 0.0 && qual == reais[11]);
+            EXPECT_EQ(lida.dxfInFields(&outros), possivel ? Acad::eOk : Acad::eInvalidInput)
                 << qual << " " << valor;
         }
     }

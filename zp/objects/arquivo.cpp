@@ -69,18 +69,22 @@ bool leMudados(Leitor& leitor, Peca& p) {
 /// mm, far beyond any piece; what is larger overflows in areas and masses.
 constexpr double kMaiorMedida = 1e9;
 
-/// False for values that no command gives a piece: a size below zero or beyond measure.
+bool valorPossivel(double v, secao::Papel papel) {
+    using enum secao::Papel;
+    if (!(std::abs(v) <= kMaiorMedida)) return false;
+    // A command asks less of flanges of its own than a property sheet.
+    if (papel == L || papel == Tc || papel == Tb) return v >= 0.0;
+    const auto medidas = fichas::medidas();
+    const auto medida = std::ranges::find(medidas, papel, &fichas::Medida::papel);
+    return medida == medidas.end() || fichas::foraDoLimite(medida->limite, v) == nullptr;
+}
+
+/// False for values that no command and no property sheet give a piece.
 bool medidasPossiveis(const Peca& p) {
-    const secao::Papeis& papeis = *secao::papeisDe(p.classe, p.forma, p.quantos);
-    const auto possivel = [&](double v, secao::Papel papel) {
-        const auto medidas = fichas::medidas();
-        const bool tamanho = std::ranges::any_of(medidas, [papel](const fichas::Medida& m) {
-            return m.papel == papel && m.limite == fichas::Limite::Positivo;
-        });
-        return std::abs(v) <= kMaiorMedida && !(tamanho && v < 0.0);
-    };
+    const secao::Papeis& papeis = *p.ordem();
     for (std::size_t i = 0; i < p.quantos; ++i)
-        if (!possivel(p.dados[i], papeis[i]) || !possivel(p.atuais[i], papeis[i])) return false;
+        if (!valorPossivel(p.dados[i], papeis[i]) || !valorPossivel(p.atuais[i], papeis[i]))
+            return false;
     return p.comprimento <= kMaiorMedida;
 }
 

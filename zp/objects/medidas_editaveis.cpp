@@ -60,22 +60,6 @@ constexpr Regra kRegras[] = {
 
 bool igual(double a, double b) { return std::abs(a - b) <= 1e-9 * std::max(1.0, std::abs(b)); }
 
-const wchar_t* foraDoLimite(Limite limite, double v) {
-    if (!std::isfinite(v)) return L"O valor é grande demais.";
-    switch (limite) {
-        case Limite::Positivo:
-            return v > 0.0 ? nullptr : L"O valor deve ser maior que zero.";
-        case Limite::NaoNegativo:
-            return v >= 0.0 ? nullptr : L"O valor não pode ser negativo.";
-        case Limite::AnguloRaso:
-            return v > 0.0 && v < std::numbers::pi ? nullptr
-                                                   : L"O ângulo deve ficar entre 0 e 180 graus.";
-        case Limite::Livre:
-            break;
-    }
-    return nullptr;
-}
-
 void acompanha(Peca& p, Papel mudado, double antes, double agora) {
     for (const Regra& regra : kRegras) {
         if (regra.de != mudado) continue;
@@ -92,6 +76,22 @@ void largaCatalogo(Peca& p) {
 }
 
 }  // namespace
+
+const wchar_t* foraDoLimite(Limite limite, double v) {
+    if (!std::isfinite(v)) return L"O valor é grande demais.";
+    switch (limite) {
+        case Limite::Positivo:
+            return v > 0.0 ? nullptr : L"O valor deve ser maior que zero.";
+        case Limite::NaoNegativo:
+            return v >= 0.0 ? nullptr : L"O valor não pode ser negativo.";
+        case Limite::AnguloRaso:
+            return v > 0.0 && v < std::numbers::pi ? nullptr
+                                                   : L"O ângulo deve ficar entre 0 e 180 graus.";
+        case Limite::Livre:
+            break;
+    }
+    return nullptr;
+}
 
 std::span<const Medida> medidas() { return kMedidas; }
 

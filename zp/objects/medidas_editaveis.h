@@ -16,6 +16,9 @@ namespace zp::fichas {
 /// What a value may be.
 enum class Limite { Positivo, NaoNegativo, AnguloRaso, Livre };
 
+/// Why a value is none of these, in Portuguese; null when it is.
+const wchar_t* foraDoLimite(Limite limite, double valor);
+
 struct Medida {
     secao::Papel papel;
     const wchar_t* chave;
