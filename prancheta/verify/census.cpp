@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "prancheta/base/code_page.h"
 #include "prancheta/base/text.h"
 
 namespace prancheta::verify {
@@ -41,8 +42,12 @@ void readHeader(const dxf::Record& header, Census& census) {
         if (tag.code == 9) variable = trim(tag.value);
         if (tag.code == 1 && variable == "$ACADVER") census.version = trim(tag.value);
         if (tag.code == 5 && variable == "$HANDSEED") census.seed = handleValue(tag.value);
+        if (tag.code == 3 && variable == "$DWGCODEPAGE")
+            census.page = CodePage::named(trim(tag.value));
     }
     census.charset = dxf::charsetOf(census.version);
+    if (census.charset == dxf::Charset::Windows1252 && census.page != nullptr)
+        census.charset = dxf::Charset(*census.page);
     census.modern = census.version >= "AC1015";
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -50,6 +51,7 @@ struct Census {
     enum Names { kLayers, kLinetypes, kStyles, kDimStyles, kApplications, kBlocks, kNameKinds };
 
     std::string version = "AC1009";
+    std::unique_ptr<const CodePage> page;  ///< of an older release, where the system knows it
     dxf::Charset charset = dxf::Charset::Windows1252;
     bool modern = false;  ///< AC1015 or later: handles, owners and subclass markers are required
     std::uint64_t seed = 0;

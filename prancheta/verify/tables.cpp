@@ -17,8 +17,8 @@ void examineName(Examiner& examiner, const dxf::Record& record, std::string_view
     if (trim(name).empty()) return examiner.error("registro sem nome (grupo 2)");
     const bool anonymous = record.type == "BLOCK_RECORD" || record.type == "VPORT";
     const std::string_view rest = anonymous && name.starts_with('*') ? name.substr(1) : name;
-    if (rest.find_first_of(kForbiddenInNames) != std::string_view::npos &&
-        rest.find("\\U+") == std::string_view::npos)
+    const std::string read = toUtf8(dxf::decodeText(rest, examiner.census().charset));
+    if (read.find_first_of(kForbiddenInNames) != std::string::npos)
         examiner.error("o nome " + shown(name) + " tem caracteres proibidos", name.data());
     // Several records of one name tile the screen.
     if (record.type != "VPORT" && !examiner.define(record.type, name))
