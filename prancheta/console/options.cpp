@@ -8,6 +8,7 @@
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
+#include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 
 namespace prancheta::console {
@@ -47,6 +48,53 @@ void findOutputs(Options& options) {
     }
 }
 
+constexpr const char* kPlotOptions[][2] = {
+    {"--pdf", "ARQUIVO.pdf"}, {"--svg", "ARQUIVO.svg"}, {"--png", "ARQUIVO.png"}};
+
+/// Two options that would have one file, of which one is written: whoever reads it later finds
+/// something else. A drawing may be saved over itself; what is no file takes bytes from everybody.
+std::string clashOf(const Options& options) {
+    namespace fs = std::filesystem;
+    struct Named {
+        std::string option;
+        bool written;
+        fs::path file;
+    };
+    std::vector<Named> files;
+    const auto add = [&files](const char* option, bool written, const std::string& name) {
+        std::error_code error;
+        const fs::path file = name.empty() || name == "-" ? fs::path() : pathFromUtf8(name);
+        const bool special = fs::exists(file, error) && !fs::is_regular_file(file, error);
+        if (file.empty() || special || (written && isStandardOutput(file))) return;
+        files.push_back({option, written, fs::weakly_canonical(file, error)});
+    };
+    add("--salvar", true, options.save);
+    add("o desenho", false, options.drawing);
+    add("--roteiro", false, options.script);
+    add("--registro", true, options.log);
+    add("--estado", true, options.state);
+    for (std::size_t i = 0; i < options.plots.size(); ++i)
+        add(kPlotOptions[i][0], true, options.plots[i]);
+    for (std::size_t i = 0; i < files.size(); ++i)
+        for (std::size_t k = i + 1; k < files.size(); ++k) {
+            const bool ownDrawing = files[i].option == "--salvar" && files[k].option == "o desenho";
+            std::error_code error;
+            if ((files[i].written || files[k].written) && !ownDrawing &&
+                (files[i].file == files[k].file ||
+                 fs::equivalent(files[i].file, files[k].file, error)))
+                return files[i].option + " e " + files[k].option + " são o mesmo arquivo";
+        }
+    return {};
+}
+
+/// Why the options cannot be meant; empty when they can.
+std::string refusalOf(const CLI::App& app, const Options& options) {
+    for (const CLI::Option* const option : app.get_options())
+        for (const std::string& value : option->results())
+            if (value.empty()) return "o valor de " + option->get_name() + " está vazio";
+    return clashOf(options);
+}
+
 }  // namespace
 
 std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
@@ -72,8 +120,6 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--estado", options.state, "estado final do desenho")->type_name("ARQUIVO.json");
     app.add_option("--verifica", options.verify, "examina um arquivo DXF com rigor e termina")
         ->type_name("ARQUIVO.dxf");
-    constexpr const char* kPlotOptions[][2] = {
-        {"--pdf", "ARQUIVO.pdf"}, {"--svg", "ARQUIVO.svg"}, {"--png", "ARQUIVO.png"}};
     for (std::size_t i = 0; i < options.plots.size(); ++i)
         app.add_option(kPlotOptions[i][0], options.plots[i],
                        "plota a extensão do desenho, ajustada a uma folha A4")
@@ -115,6 +161,12 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     options.otherModules = !defaultOnly;
     options.transcript = !quiet;
     findOutputs(options);
+    if (const std::string refusal = refusalOf(app, options); !refusal.empty()) {
+        std::cerr << "prancheta-console: " << harmless(refusal)
+                  << "\nVeja prancheta-console --ajuda.\n";
+        exitCode = kUsage;
+        return std::nullopt;
+    }
     return options;
 }
 

@@ -141,12 +141,18 @@ TEST_F(Console, HelpAndVersion) {
 }
 
 TEST_F(Console, WrongUsageIsTwo) {
-    for (const char* arguments : {"--nada", "a.dxf b.dxf", "-r"}) {
+    put("a.dxf", "a");
+    fs::create_symlink("a.dxf", folder / "b.dxf");
+    for (const char* arguments :
+         {"--nada", "a.dxf b.dxf", "-r", "-o ''", "a.dxf --registro a.dxf", "a.dxf --pdf ./b.dxf",
+          "-r a.dxf -o b.dxf", "-o c.dxf --estado c.dxf", "--svg c --png c"}) {
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.code, 2) << arguments;
         EXPECT_TRUE(has(outcome.err, "--ajuda")) << outcome.err;
         EXPECT_FALSE(has(outcome.err, "The following")) << "English: " << outcome.err;
     }
+    EXPECT_EQ(text("a.dxf"), "a");
+    EXPECT_EQ(run("--estado /dev/null --registro /dev/null").code, 0);
 }
 
 TEST_F(Console, OptionsTakeTheirValueAndNoMore) {
@@ -228,7 +234,8 @@ TEST_F(Console, ControlCharactersOfADrawingSteerNothing) {
 TEST_F(Console, LayerNamesAreThoseThatTheExaminerTakes) {
     const Outcome outcome =
         run("-o a.dxf", "_-layer\n_make\nA,B\n_make\nA B\n\n_line\n0,0\n9,9\n\n");
-    EXPECT_TRUE(has(outcome.out, "O nome de camada \"A,B\" é inválido.")) << outcome.out;
+    EXPECT_TRUE(has(outcome.err, ":3: O nome de camada \"A,B\" é inválido.")) << outcome.err;
+    EXPECT_EQ(outcome.code, 1);
     EXPECT_EQ(run("--verifica a.dxf").code, 0);
     EXPECT_TRUE(has(text("a.dxf"), "\nA B\n"));
 }
