@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <system_error>
 #include <utility>
 
@@ -63,6 +64,22 @@ fs::path folderOf(const fs::path& file) {
 
 /// A pipe or a device: it takes bytes, and a file in its place would not be it.
 bool isChannel(const struct stat& info) { return !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode); }
+
+/// A pipe is waited for by who reads it, not for long the other way round: a window would stand.
+int openChannel(const fs::path& path) {
+    constexpr int kFlags = O_WRONLY | O_CLOEXEC | O_NOCTTY;
+    constexpr int kPatience = 100;
+    int fd = -1;
+    for (int i = 0; i < kPatience; ++i) {
+        fd = ::open(path.c_str(), kFlags | O_NONBLOCK);
+        if (fd >= 0 || errno != ENXIO) break;
+        const timespec pause{0, 20'000'000};
+        ::nanosleep(&pause, nullptr);
+        errno = ENXIO;
+    }
+    if (fd >= 0) (void)::fcntl(fd, F_SETFL, kFlags & ~O_CLOEXEC & ~O_NOCTTY);
+    return fd;
+}
 
 /// Where the links of the name lead, also when there is nothing yet. A link to a pipe keeps its own
 /// name: what is behind it may have none.
@@ -194,7 +211,7 @@ int Replacement::open() {
     if (exists && ::faccessat(AT_FDCWD, m_target.c_str(), W_OK, AT_EACCESS) != 0) return errno;
     if (exists && isChannel(old)) {
         m_direct = true;
-        m_fd = ::open(m_target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+        m_fd = openChannel(m_target);
         if (m_fd >= 0) m_place = m_target;
         return m_fd >= 0 ? 0 : errno;
     }

@@ -73,6 +73,8 @@ std::string errnoText(int error) {
 #endif
         case EROFS:
             return "o disco é somente para leitura";
+        case ENXIO:
+            return "ninguém lê do outro lado";
         case EPIPE:
             return "quem lia deixou de ler";
         case EISDIR:
