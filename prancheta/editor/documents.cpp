@@ -135,6 +135,7 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
     m_fileName = std::move(fileName);
     m_fileStamp = m_fileName.empty() ? std::nullopt : fileStampOf(m_fileName);
+    m_savedVersion = dxf::Version::Keep;
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     m_display = std::make_unique<DisplayList>(*m_database);
     m_appearances = std::make_unique<AppearanceTable>(*m_database);
@@ -200,12 +201,15 @@ Result<void> Editor::openDocument(const std::filesystem::path& path, dxf::LoadRe
 }
 
 Result<void> Editor::recoverDocument(const std::filesystem::path& copy,
-                                     const std::filesystem::path& name) {
+                                     const std::filesystem::path& name,
+                                     const std::optional<FileStamp>& stamp) {
     Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(copy);
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     if (!loaded) return loaded.error();
     Result<void> replaced = replaceDatabase(std::move(*loaded), name);
-    if (replaced) m_savedRevision = std::numeric_limits<std::uint64_t>::max();
+    if (!replaced) return replaced;
+    m_savedRevision = std::numeric_limits<std::uint64_t>::max();
+    m_fileStamp = stamp;
     return replaced;
 }
 
@@ -228,12 +232,14 @@ Result<void> Editor::saveDocument(const std::filesystem::path& path,
     if (target.native().find(std::filesystem::path::value_type()) != target.native().npos)
         return Error{"O nome do arquivo contém um caractere nulo; informe outro nome."};
     dxf::SaveOptions withFormer = options;
+    if (withFormer.version == dxf::Version::Keep) withFormer.version = m_savedVersion;
     if (m_database->core().variables().number(L"ISAVEBAK") != 0)
         withFormer.former = std::filesystem::path(target).replace_extension(".bak");
     Result<void> written = writeDocument(target, withFormer);
     if (!written) return written;
     m_fileName = target;
     m_fileStamp = fileStampOf(target);
+    m_savedVersion = withFormer.version;
     m_savedRevision = m_database->core().undo().revision();
     nameDrawing(m_database->core().variables(), target);
     return {};

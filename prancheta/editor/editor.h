@@ -69,6 +69,8 @@ public:
     bool modified() const;
     /// True when another program wrote the drawing's file since it was read or saved here.
     bool fileChanged() const;
+    /// The drawing's file as it was read or saved here; empty: there is none.
+    const std::optional<FileStamp>& fileStamp() const { return m_fileStamp; }
     /// These replace the drawing. They are refused while a module's command runs; on failure the
     /// present drawing stays. `findings` receives what was repaired while reading.
     Result<void> newDocument();
@@ -80,9 +82,10 @@ public:
     Result<void> saveDocument(const std::filesystem::path& path = {},
                               const dxf::SaveOptions& options = {});
     /// Opens a copy that was kept for the case of a crash: the drawing goes by `name` (empty: none)
-    /// and differs from its file.
+    /// and differs from its file, which was this one when the copy's window had read or saved it.
     Result<void> recoverDocument(const std::filesystem::path& copy,
-                                 const std::filesystem::path& name);
+                                 const std::filesystem::path& name,
+                                 const std::optional<FileStamp>& stamp);
     /// A copy elsewhere: name and modified state stay.
     Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {});
     /// Called after the drawing was replaced.
@@ -275,7 +278,8 @@ private:
     std::unique_ptr<DisplayList> m_display;
     std::unique_ptr<AppearanceTable> m_appearances;
     std::filesystem::path m_fileName;
-    std::optional<FileStamp> m_fileStamp;  ///< of the file as it was read or saved here
+    std::optional<FileStamp> m_fileStamp;              ///< of the file as it was read or saved here
+    dxf::Version m_savedVersion = dxf::Version::Keep;  ///< that the user chose for it
     std::uint64_t m_savedRevision = 0;
     std::unique_ptr<CommandStack> m_commands;
     Aliases m_aliases;

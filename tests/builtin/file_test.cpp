@@ -125,6 +125,8 @@ TEST_F(Files, VersionOfTheFile) {
     const std::wstring name = path("velho.dxf");
     type({L"_saveas", L"_v", L"2000", name.c_str()});
     EXPECT_NE(content("velho.dxf").find("AC1015"), std::string::npos);
+    type({L"_saveas", L"_v", L"2018", name.c_str(), L"_y", L"_point", L"1,1", L"_qsave"});
+    EXPECT_NE(content("velho.dxf").find("AC1032"), std::string::npos) << "the version chosen stays";
     type({L"_saveas", L"_v", L"", name.c_str()});
     EXPECT_NE(content("velho.dxf").find("AC1032"), std::string::npos);
 }

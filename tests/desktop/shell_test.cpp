@@ -72,6 +72,7 @@ TEST_F(Window, KeysFromAnywhereReachTheCommandLine) {
     // Tab goes through the names that begin with what was typed; Enter runs the one shown.
     story.type("\x1b").type("circu\t\n");
     story.when([&] { return story.editor().activeCommand() == L"CIRCLE"; }, [] {});
+    story.type("\x1bli\t").then([&] { EXPECT_NE(story.edit().text(), "LIMMAX"); });
     story.type("\x1bosm\t").then([&] {
         EXPECT_EQ(story.edit().text(), "OSMODE");
         EXPECT_EQ(story.window().focusWidget(), &story.edit());
@@ -191,6 +192,8 @@ TEST_F(Window, RecoversAfterACrash) {
     // A window that died before its first copy was whole.
     lockByDeadProcess(recoveries() / "morta.lock");
     std::ofstream(recoveries() / "morta.nome") << drawing.string();
+    // Another program changes the drawing before it is taken up again.
+    std::ofstream(drawing, std::ios::app) << "\n";
     Story story;
     story.choose("recuperar", "Recuperar");
     story.when([&] { return story.idle(); },
@@ -200,6 +203,7 @@ TEST_F(Window, RecoversAfterACrash) {
                    EXPECT_FALSE(fs::exists(recoveries() / "morta.lock"));
                    EXPECT_EQ(story.editor().fileName(), drawing);
                    EXPECT_TRUE(story.window().isWindowModified());
+                   EXPECT_TRUE(story.editor().fileChanged());
                    ASSERT_TRUE(story.editor().saveDocument());
                });
     ASSERT_TRUE(story.run());

@@ -5,6 +5,7 @@
 #include <QStandardItemModel>
 
 #include <map>
+#include <vector>
 
 #include "accmd.h"
 #include "prancheta/base/text.h"
@@ -44,11 +45,16 @@ QAbstractItemModel* makeCommandNames(Editor& editor, QObject* parent) {
         const StackCommand* const target = editor.commands().find(TypedName(command));
         names.try_emplace(upper(alias), target != nullptr ? upper(target->local) : command);
     }
+    Names variables;
     for (const VariableInfo& variable : editor.variables().all())
-        if (isTypedByName(variable)) names.try_emplace(variable.name, L"variável");
-    auto* const model = new QStandardItemModel(static_cast<int>(names.size()), 1, parent);
+        if (isTypedByName(variable) && !names.contains(variable.name))
+            variables.emplace(variable.name, L"variável");
+    // A command is meant more often than a variable that begins alike.
+    std::vector<std::pair<std::wstring, std::wstring>> rows(names.begin(), names.end());
+    rows.insert(rows.end(), variables.begin(), variables.end());
+    auto* const model = new QStandardItemModel(static_cast<int>(rows.size()), 1, parent);
     int row = 0;
-    for (const auto& [name, target] : names) {
+    for (const auto& [name, target] : rows) {
         const QString typed = QString::fromStdWString(name);
         const QString behind = QString::fromStdWString(target);
         const QModelIndex at = model->index(row++, 0);

@@ -2,14 +2,15 @@
 // Recovery copies.
 //
 // A window that keeps a copy owns three files of one name: `.lock` says that it lives, `.nome`
-// holds the path of the drawing, `.dxf` the drawing. The lock is taken before the others are
-// written.
+// holds the path of the drawing and, after a null, the stamp of its file, `.dxf` the drawing. The
+// lock is taken before the others are written.
 #include "prancheta/desktop/shell/recovery.h"
 
 #include <QFileInfo>
 #include <QUuid>
 
 #include <algorithm>
+#include <sstream>
 
 #include "prancheta/base/file.h"
 #include "prancheta/database/database_core.h"
@@ -28,6 +29,20 @@ std::unique_ptr<QLockFile> lockOf(const fs::path& file) {
     auto lock = std::make_unique<QLockFile>(toQString(file));
     lock->setStaleLockTime(0);
     return lock;
+}
+
+std::string textOf(const FileStamp& stamp) {
+    std::ostringstream text;
+    text << stamp.seconds << ' ' << stamp.nanoseconds << ' ' << stamp.size << ' ' << stamp.device
+         << ' ' << stamp.node;
+    return text.str();
+}
+
+std::optional<FileStamp> stampIn(const std::string& text) {
+    std::istringstream numbers(text);
+    FileStamp stamp;
+    numbers >> stamp.seconds >> stamp.nanoseconds >> stamp.size >> stamp.device >> stamp.node;
+    return numbers ? std::optional(stamp) : std::nullopt;
 }
 
 }  // namespace
@@ -80,6 +95,8 @@ Result<void> Recovery::write() {
     AtomicFile name(file(".nome"));
     if (auto opened = name.open(); !opened) return opened;
     name.write(m_editor->fileName().string());
+    if (const std::optional<FileStamp>& stamp = m_editor->fileStamp())
+        name.write('\0' + textOf(*stamp));
     if (auto named = name.commit(); !named) return named;
     const std::uint64_t revision = m_editor->database().core().undo().revision();
     if (auto saved = m_editor->saveCopy(file(".dxf")); !saved) return saved;
@@ -89,7 +106,7 @@ Result<void> Recovery::write() {
 
 Result<void> Recovery::leave() {
     if (m_editor == nullptr || !m_editor->modified()) return {};
-    const Result<void> written = write();
+    Result<void> written = write();
     // An older copy is better than none.
     m_left = written || m_written;
     return written;
@@ -144,7 +161,11 @@ std::vector<LeftCopy> Recovery::leftCopies() const {
         if (!claim->tryLock(0)) continue;
         LeftCopy left;
         left.copy = entry.path();
-        if (auto name = readFile(withEnding(left.copy, ".nome"))) left.drawing = *name;
+        if (auto name = readFile(withEnding(left.copy, ".nome"))) {
+            const std::size_t end = std::min(name->find('\0'), name->size());
+            left.drawing = name->substr(0, end);
+            left.stamp = stampIn(name->substr(std::min(end + 1, name->size())));
+        }
         left.when = QFileInfo(toQString(left.copy)).lastModified();
         left.claim = std::move(claim);
         out.push_back(std::move(left));

@@ -19,7 +19,8 @@ namespace prancheta::desktop {
 /// A copy whose window is gone. While it lives no other window can claim the same copy.
 struct LeftCopy {
     std::filesystem::path copy;
-    std::filesystem::path drawing;  ///< the drawing's own file; empty: it had none
+    std::filesystem::path drawing;   ///< the drawing's own file; empty: it had none
+    std::optional<FileStamp> stamp;  ///< of that file as the window had read or saved it
     QDateTime when;
     std::unique_ptr<QLockFile> claim;
 };
