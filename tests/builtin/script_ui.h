@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <initializer_list>
 #include <string>
@@ -81,7 +82,11 @@ protected:
     AcDbObjectId last() const {
         return entities().empty() ? AcDbObjectId::kNull : entities().back();
     }
-    bool said(std::wstring_view text) const { return ui.output.find(text) != std::wstring::npos; }
+    /// A complaint is read on the command line, too.
+    bool said(std::wstring_view text) const {
+        const auto has = [text](const std::wstring& all) { return all.find(text) != std::wstring::npos; };
+        return has(ui.output) || std::any_of(ui.complaints.begin(), ui.complaints.end(), has);
+    }
     bool asked(std::wstring_view prompt) const {
         for (const std::wstring& each : ui.prompts)
             if (each.find(prompt) != std::wstring::npos) return true;

@@ -113,7 +113,8 @@ Task<InputValue> setCurrent(CommandContext context) {
     if (name.status != RTNORM) co_return name;
     const AcDbObjectId id = layerNamed(context, name.text);
     if (id.isNull())
-        say(context, L"A camada \"" + name.text + L"\" não existe.");
+        context.editor().complain(L"A camada \"" + name.text + L"\" não existe.",
+                                  Complaint::Refused);
     else
         (void)makeLayerCurrent(context, id);
     co_return name;
@@ -125,8 +126,9 @@ Task<InputValue> renameTask(CommandContext context) {
     if (from.status != RTNORM) co_return from;
     const AcDbObjectId id = layerNamed(context, from.text);
     if (id.isNull() || id == context.database().layerZero()) {
-        say(context, id.isNull() ? L"A camada \"" + from.text + L"\" não existe."
-                                 : L"A camada \"0\" não pode ser renomeada.");
+        context.editor().complain(id.isNull() ? L"A camada \"" + from.text + L"\" não existe."
+                                              : L"A camada \"0\" não pode ser renomeada.",
+                                  Complaint::Refused);
         co_return from;
     }
     const InputValue to = co_await context.ask(

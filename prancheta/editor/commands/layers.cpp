@@ -10,6 +10,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/base/wildcard.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
 
@@ -160,7 +161,9 @@ Ids layersNamed(const CommandContext& context, const std::wstring& list) {
         if (wanted) found.push_back(id);
     }
     for (std::size_t i = 0; i < patterns.size(); ++i)
-        if (!used[i]) say(context, L"Nenhuma camada corresponde a \"" + patterns[i] + L"\".");
+        if (!used[i])
+            context.editor().complain(L"Nenhuma camada corresponde a \"" + patterns[i] + L"\".",
+                                      Complaint::Refused);
     return found;
 }
 
@@ -170,7 +173,8 @@ AcDbObjectId makeLayer(const CommandContext& context, const std::wstring& name) 
     AcDbLayerTable* table = nullptr;
     AcDbObjectId id;
     if (record->setName(wanted.c_str()) != Acad::eOk) {
-        say(context, L"O nome de camada \"" + wanted + L"\" é inválido.");
+        context.editor().complain(L"O nome de camada \"" + wanted + L"\" é inválido.",
+                                  Complaint::Refused);
         return id;
     }
     if (context.database().getSymbolTable(table, AcDb::kForWrite) != Acad::eOk) return id;
@@ -216,18 +220,19 @@ Ids allLayers(const CommandContext& context) {
 
 bool renameLayer(const CommandContext& context, AcDbObjectId layer, const std::wstring& name) {
     if (layer == context.database().layerZero()) {
-        say(context, L"A camada \"0\" não pode ser renomeada.");
+        context.editor().complain(L"A camada \"0\" não pode ser renomeada.", Complaint::Refused);
         return false;
     }
     AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
     if (record.openStatus() == Acad::eOk && record->setName(name.c_str()) == Acad::eOk) return true;
-    say(context, L"A camada não pode ter o nome \"" + name + L"\".");
+    context.editor().complain(L"A camada não pode ter o nome \"" + name + L"\".",
+                              Complaint::Refused);
     return false;
 }
 
 bool makeLayerCurrent(const CommandContext& context, AcDbObjectId layer) {
     if (context.database().setClayer(layer) == Acad::eOk) return true;
-    say(context, L"Uma camada congelada não pode ser a atual.");
+    context.editor().complain(L"Uma camada congelada não pode ser a atual.", Complaint::Refused);
     return false;
 }
 
