@@ -71,7 +71,8 @@ AcDbObjectId blockShownBy(const AcDbEntity& entity) {
     const auto* const foreign = ForeignEntity::cast(&entity);
     AcDbObjectId block;
     if (foreign == nullptr || entity.database() == nullptr) return block;
-    if (foreign->typeName() != "INSERT" && !foreign->typeName().ends_with("DIMENSION")) return block;
+    if (foreign->typeName() != "INSERT" && !foreign->typeName().ends_with("DIMENSION"))
+        return block;
     const AcDbObjectPointer<AcDbBlockTable> table(entity.database()->blockTableId(),
                                                   AcDb::kForRead);
     if (table.openStatus() == Acad::eOk)

@@ -30,7 +30,9 @@ public:
     void print(std::wstring_view text) override { output += text; }
     void alert(std::wstring_view text) override { output += text; }
     void runDialog(prancheta::dcl::Dialog&) override { ADD_FAILURE() << "no dialog expected"; }
-    void complain(std::wstring_view text, prancheta::Complaint) override { complaints.emplace_back(text); }
+    void complain(std::wstring_view text, prancheta::Complaint) override {
+        complaints.emplace_back(text);
+    }
     bool attended() const override { return byHand; }
     RawInput ask(const InputRequest& request) override {
         prompts.push_back(request.prompt);
@@ -84,7 +86,9 @@ protected:
     }
     /// A complaint is read on the command line, too.
     bool said(std::wstring_view text) const {
-        const auto has = [text](const std::wstring& all) { return all.find(text) != std::wstring::npos; };
+        const auto has = [text](const std::wstring& all) {
+            return all.find(text) != std::wstring::npos;
+        };
         return has(ui.output) || std::any_of(ui.complaints.begin(), ui.complaints.end(), has);
     }
     bool asked(std::wstring_view prompt) const {
