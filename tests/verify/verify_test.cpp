@@ -81,6 +81,22 @@ TEST(Verify, OurOwnFilesAreSound) {
         EXPECT_EQ(messages(verdict), "");
         EXPECT_GT(verdict.records, 50U);
     }
+    // Half of a character of two bytes may look like a forbidden sign.
+    Groups paged = groupsOf(sample(dxf::Version::R2000));
+    Groups layer = record(paged, "LAYER");
+    for (std::size_t i = 0; i + 1 < paged.size(); ++i) {
+        if (paged[i].value == "$DWGCODEPAGE") paged[i + 1].value = "ANSI_932";
+        if (paged[i].value == "$HANDSEED") paged[i + 1].value = "FFFFF";
+    }
+    for (auto& group : layer) {
+        if (group.code == 2) group.value = "\x83\x5C";
+        if (group.code == 5) group.value = "FFFFE";
+    }
+    const auto first = std::find_if(paged.begin(), paged.end(), [](const auto& group) {
+        return group.code == 0 && group.value == "LAYER";
+    });
+    paged.insert(first, layer.begin(), layer.end());
+    EXPECT_EQ(messages(examined(fileText(paged))), "");
 }
 
 TEST(Verify, EveryFaultIsToldWithItsRecordAndLine) {
