@@ -220,6 +220,11 @@ TEST_F(FileTest, APipeIsWrittenToAndStaysOne) {
         EXPECT_EQ(std::string_view(bytes, 3), "new");
         ::close(reader);
     }
+    // Without a reader nobody stands still for ever.
+    AtomicFile unread(folder / "pipe");
+    const auto refused = unread.open();
+    ASSERT_FALSE(refused);
+    EXPECT_NE(refused.error().text.find("ninguém lê"), std::string::npos);
     EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
     EXPECT_EQ(entries(), 2U);
