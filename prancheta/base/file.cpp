@@ -24,7 +24,7 @@ AtomicFile::~AtomicFile() = default;
 
 void AtomicFile::keepFormer(std::filesystem::path backup) { m_file.keepFormer(std::move(backup)); }
 
-Error AtomicFile::failed(std::string what, int error) const {
+Error AtomicFile::failed(const std::string& what, int error) const {
     return {what + ": " + errnoText(error), m_file.target().string(), 0, 0};
 }
 

@@ -42,7 +42,7 @@ public:
     Result<void> commit();
 
 private:
-    Error failed(std::string what, int error) const;
+    Error failed(const std::string& what, int error) const;
 
     files::Replacement m_file;
     std::string m_buffer;
