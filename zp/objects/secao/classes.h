@@ -130,7 +130,8 @@ enum class Composicao : std::uint8_t {
     DuasEmCm2,  ///< the same; the area handed over is in cm2
 };
 
-/// One section class: everything that other sources need to know of it.
+/// One section class: everything that other sources need to know of it. Only the labels may be
+/// left out.
 struct Descricao {
     Classe classe;
     const wchar_t* nome;  ///< of the run-time class
@@ -138,9 +139,9 @@ struct Descricao {
     std::array<Papeis, 2> umPonto;
     std::array<Papeis, 2> doisPontos;
     Composicao composicao;
-    Montador* monta;
+    Montador& monta;
     Nome perfil;       ///< "Ue"
-    Texto* dimensoes;  ///< "200x75x20x2,65"
+    Texto& dimensoes;  ///< "200x75x20x2,65"
     std::array<Rotulo, 2> rotulos{};
 };
 
