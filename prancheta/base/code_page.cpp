@@ -86,7 +86,8 @@ std::wstring CodePage::toWide(std::string_view bytes) const {
         }
         if (at + 1 < bytes.size() && !m_double.empty()) {
             const auto trail = static_cast<unsigned char>(bytes[at + 1]);
-            const auto both = m_double.find(static_cast<std::uint16_t>(unsigned{byte} << 8 | trail));
+            const auto both =
+                m_double.find(static_cast<std::uint16_t>(unsigned{byte} << 8 | trail));
             if (both != m_double.end()) {
                 appendWide(out, both->second);
                 ++at;
