@@ -58,8 +58,9 @@ public:
 
     /// Creates the group if needed and copies the texts. eDuplicateKey, and nothing added, when the
     /// group has a command of this global or local name.
-    virtual Acad::ErrorStatus addCommand(const ACHAR* group, const ACHAR* globalName, const ACHAR* localName,
-                                         Adesk::Int32 flags, AcRxFunctionPtr function, AcEdUIContext* ui = nullptr,
+    virtual Acad::ErrorStatus addCommand(const ACHAR* group, const ACHAR* globalName,
+                                         const ACHAR* localName, Adesk::Int32 flags,
+                                         AcRxFunctionPtr function, AcEdUIContext* ui = nullptr,
                                          int fcode = -1, HINSTANCE resources = nullptr,
                                          AcEdCommand** command = nullptr) = 0;
     /// eKeyNotFound for an unknown name.

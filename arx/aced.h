@@ -5,8 +5,8 @@
 #include "accmd.h"
 #include "dbmain.h"
 
-/// Told of commands by their global names. `commandEnded` and `commandCancelled` run before the command's undo
-/// step is closed: what they change belongs to it.
+/// Told of commands by their global names. `commandEnded` and `commandCancelled` run before the
+/// command's undo step is closed: what they change belongs to it.
 class AcEditorReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcEditorReactor);

@@ -35,19 +35,24 @@ public:
 class AcGiGeometry {
 public:
     virtual ~AcGiGeometry() = default;
-    virtual Adesk::Boolean polyline(Adesk::UInt32 count, const AcGePoint3d* points, const AcGeVector3d* normal = nullptr,
+    virtual Adesk::Boolean polyline(Adesk::UInt32 count, const AcGePoint3d* points,
+                                    const AcGeVector3d* normal = nullptr,
                                     Adesk::LongPtr marker = -1) = 0;
     virtual Adesk::Boolean polygon(Adesk::UInt32 count, const AcGePoint3d* points) = 0;
-    virtual Adesk::Boolean circle(const AcGePoint3d& center, double radius, const AcGeVector3d& normal) = 0;
+    virtual Adesk::Boolean circle(const AcGePoint3d& center, double radius,
+                                  const AcGeVector3d& normal) = 0;
     /// Counter-clockwise about the normal by `sweep` radians from `start`.
-    virtual Adesk::Boolean circularArc(const AcGePoint3d& center, double radius, const AcGeVector3d& normal,
-                                       const AcGeVector3d& start, double sweep, AcGiArcType type = kAcGiArcSimple) = 0;
+    virtual Adesk::Boolean circularArc(const AcGePoint3d& center, double radius,
+                                       const AcGeVector3d& normal, const AcGeVector3d& start,
+                                       double sweep, AcGiArcType type = kAcGiArcSimple) = 0;
     /// Left end of the baseline, baseline direction, height, width factor, oblique angle (radians).
-    virtual Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal, const AcGeVector3d& direction,
-                                double height, double width, double oblique, const ACHAR* text) = 0;
-    /// Lines and arcs in one piece: `bulges[i]` = tan(angle / 4) of the segment from vertex i, positive
-    /// counter-clockwise about z. `closed` joins the last vertex to the first.
-    virtual Adesk::Boolean pline(Adesk::UInt32 count, const AcGePoint3d* points, const double* bulges, bool closed) = 0;
+    virtual Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal,
+                                const AcGeVector3d& direction, double height, double width,
+                                double oblique, const ACHAR* text) = 0;
+    /// Lines and arcs in one piece: `bulges[i]` = tan(angle / 4) of the segment from vertex i,
+    /// positive counter-clockwise about z. `closed` joins the last vertex to the first.
+    virtual Adesk::Boolean pline(Adesk::UInt32 count, const AcGePoint3d* points,
+                                 const double* bulges, bool closed) = 0;
     virtual Adesk::Boolean pushModelTransform(const AcGeMatrix3d& m) = 0;
     virtual Adesk::Boolean popModelTransform() = 0;
 };

@@ -18,7 +18,8 @@ ads_real acutAngle(const ads_point a, const ads_point b);
 /// result = p + distance * (cos angle, sin angle); z is kept. `p` and `result` may be the same.
 void acutPolar(const ads_point p, ads_real angle, ads_real distance, ads_point result);
 
-/// Typed list from pairs (type, value) ended by RTNONE or 0; null on a wrong type. Free with acutRelRb.
+/// Typed list from pairs (type, value) ended by RTNONE or 0; null on a wrong type. Free with
+/// acutRelRb.
 resbuf* acutBuildList(int rtype, ...);
 
 /// One empty element of the given type.

@@ -11,7 +11,8 @@ using ads_real = double;
 /// x, y, z; passed by reference as every array.
 using ads_point = ads_real[3];
 
-/// Opaque name of an entity or a selection set: compare both words. Valid while the drawing is open.
+/// Opaque name of an entity or a selection set: compare both words. Valid while the drawing is
+/// open.
 using ads_name = std::intptr_t[2];
 
 using ads_matrix = ads_real[4][4];
@@ -50,8 +51,8 @@ union ads_u_val {
     ads_binary rbinary;
 };
 
-/// One value of a typed list. `restype` is an RT* code or a DXF group code; `rstring` and `rbinary.buf`
-/// of a list made by the host belong to the list and go with `acutRelRb`.
+/// One value of a typed list. `restype` is an RT* code or a DXF group code; `rstring` and
+/// `rbinary.buf` of a list made by the host belong to the list and go with `acutRelRb`.
 struct resbuf {
     resbuf* rbnext;
     short restype;

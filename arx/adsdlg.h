@@ -30,16 +30,28 @@ using CLIENTFUNC = void (*)(ads_callback_packet*);
 
 enum : int { CBR_SELECT = 1, CBR_LOST_FOCUS = 2, CBR_DRAG = 3, CBR_DOUBLE_CLICK = 4 };
 enum : int { DLGOK = 1, DLGCANCEL = 0, DLGALLCANCEL = -1 };
-enum : short { MODE_ENABLE = 0, MODE_DISABLE = 1, MODE_SETFOCUS = 2, MODE_SETSEL = 3, MODE_FLIP = 4 };
+enum : short {
+    MODE_ENABLE = 0,
+    MODE_DISABLE = 1,
+    MODE_SETFOCUS = 2,
+    MODE_SETSEL = 3,
+    MODE_FLIP = 4
+};
 enum : short { LIST_CHANGE = 1, LIST_APPEND = 2, LIST_NEW = 3 };
 
 /// Image colours besides 0..255.
-enum : short { GRAPHICS_BACKGROUND = -2, DIALOG_BACKGROUND = -15, DIALOG_FOREGROUND = -16, DIALOG_LINE = -18 };
+enum : short {
+    GRAPHICS_BACKGROUND = -2,
+    DIALOG_BACKGROUND = -15,
+    DIALOG_FOREGROUND = -16,
+    DIALOG_LINE = -18
+};
 
 /// All return RTNORM or RTERROR. Keys and names are case-sensitive. An unknown key is RTERROR.
 int ads_load_dialog(const ACHAR* file, int* dcl_id);
 int ads_unload_dialog(int dcl_id);
-/// Builds a dialog of a loaded file; `deflt` serves active tiles that have no callback of their own.
+/// Builds a dialog of a loaded file; `deflt` serves active tiles that have no callback of their
+/// own.
 int ads_new_dialog(const ACHAR* name, int dcl_id, CLIENTFUNC deflt, ads_hdlg* dialog);
 /// Shows it until it ends; `status` is the value given to ads_done_dialog (accept 1, cancel 0).
 int ads_start_dialog(ads_hdlg dialog, int* status);
@@ -52,7 +64,8 @@ int ads_client_data_tile(ads_hdlg dialog, const ACHAR* key, CLIENTDATA data);
 int ads_set_tile(ads_hdlg dialog, const ACHAR* key, const ACHAR* value);
 /// Writes at most `length` characters and the terminator; an unknown key gives an empty text.
 int ads_get_tile(ads_hdlg dialog, const ACHAR* key, ACHAR* value, int length);
-int ads_get_attr(ads_hdlg dialog, const ACHAR* key, const ACHAR* attribute, ACHAR* value, int length);
+int ads_get_attr(ads_hdlg dialog, const ACHAR* key, const ACHAR* attribute, ACHAR* value,
+                 int length);
 int ads_get_attr_string(ads_htile tile, const ACHAR* attribute, ACHAR* value, int length);
 int ads_mode_tile(ads_hdlg dialog, const ACHAR* key, short mode);
 

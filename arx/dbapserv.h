@@ -48,8 +48,8 @@ class AcDbDatabase : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabase);
 
-    /// With `buildDefaultDrawing`: layer 0, linetypes ByBlock, ByLayer, Continuous, styles Standard, model
-    /// and paper space. Without: tables and spaces only.
+    /// With `buildDefaultDrawing`: layer 0, linetypes ByBlock, ByLayer, Continuous, styles
+    /// Standard, model and paper space. Without: tables and spaces only.
     explicit AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = false);
     ~AcDbDatabase() override;
     AcDbDatabase(const AcDbDatabase&) = delete;
@@ -61,9 +61,14 @@ public:
     Acad::ErrorStatus getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode);
     Acad::ErrorStatus getSymbolTable(AcDbDimStyleTable*& table, AcDb::OpenMode mode);
     Acad::ErrorStatus getSymbolTable(AcDbRegAppTable*& table, AcDb::OpenMode mode);
-    Acad::ErrorStatus getBlockTable(AcDbBlockTable*& table, AcDb::OpenMode mode) { return getSymbolTable(table, mode); }
-    Acad::ErrorStatus getLayerTable(AcDbLayerTable*& table, AcDb::OpenMode mode) { return getSymbolTable(table, mode); }
-    Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getBlockTable(AcDbBlockTable*& table, AcDb::OpenMode mode) {
+        return getSymbolTable(table, mode);
+    }
+    Acad::ErrorStatus getLayerTable(AcDbLayerTable*& table, AcDb::OpenMode mode) {
+        return getSymbolTable(table, mode);
+    }
+    Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary,
+                                                AcDb::OpenMode mode = AcDb::kForRead);
 
     AcDbObjectId blockTableId() const;
     AcDbObjectId layerTableId() const;
@@ -96,13 +101,15 @@ public:
     Acad::ErrorStatus setLtscale(double scale);
 
     /// eUnknownHandle does not exist here: eKeyNotFound when no object has this handle.
-    Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound, const AcDbHandle& handle);
+    Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
+                                      const AcDbHandle& handle);
     /// Makes any object that is no entity resident (dictionaries' children and the like).
     Acad::ErrorStatus addAcDbObject(AcDbObjectId& id, AcDbObject* object);
 
-    /// Copies the entities with their references among themselves translated, and appends the copies to
-    /// `owner`. `mapping` may be null; the caller deletes it.
-    Acad::ErrorStatus deepCloneObjects(const AcDbObjectIdArray& ids, AcDbObjectId owner, AcDbObjectIdArray& copies);
+    /// Copies the entities with their references among themselves translated, and appends the
+    /// copies to `owner`. `mapping` may be null; the caller deletes it.
+    Acad::ErrorStatus deepCloneObjects(const AcDbObjectIdArray& ids, AcDbObjectId owner,
+                                       AcDbObjectIdArray& copies);
 
     void addReactor(AcDbDatabaseReactor* reactor);
     void removeReactor(AcDbDatabaseReactor* reactor);

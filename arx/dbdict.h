@@ -44,6 +44,8 @@ public:
 
 private:
     friend struct prancheta::ObjectAccess;
-    std::vector<std::pair<std::wstring, AcDbObjectId>> m_entries;  // erased ones included, undo brings them back
-    std::unordered_map<std::wstring, std::size_t> m_byKey;          // key in lower case, position in m_entries
+    std::vector<std::pair<std::wstring, AcDbObjectId>>
+        m_entries;  // erased ones included, undo brings them back
+    std::unordered_map<std::wstring, std::size_t>
+        m_byKey;  // key in lower case, position in m_entries
 };

@@ -60,8 +60,9 @@ private:
 class AcDbAlignedDimension : public AcDbDimension {
     PRANCHETA_ENTITY_MEMBERS(AcDbAlignedDimension)
     AcDbAlignedDimension() = default;
-    AcDbAlignedDimension(const AcGePoint3d& xLine1, const AcGePoint3d& xLine2, const AcGePoint3d& dimLinePoint,
-                         const ACHAR* text = nullptr, AcDbObjectId style = AcDbObjectId::kNull);
+    AcDbAlignedDimension(const AcGePoint3d& xLine1, const AcGePoint3d& xLine2,
+                         const AcGePoint3d& dimLinePoint, const ACHAR* text = nullptr,
+                         AcDbObjectId style = AcDbObjectId::kNull);
 
     AcGePoint3d xLine1Point() const { return m_xLine1; }
     AcGePoint3d xLine2Point() const { return m_xLine2; }
@@ -77,8 +78,9 @@ class AcDbAlignedDimension : public AcDbDimension {
 protected:
     AcGePoint3d defaultTextPosition() const override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick,
-                                        const AcGePoint3d& last, const AcGeMatrix3d& view, AcGePoint3dArray& points,
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                        const AcGePoint3d& pick, const AcGePoint3d& last,
+                                        const AcGeMatrix3d& view, AcGePoint3dArray& points,
                                         AcDbIntArray& geomIds) const override;
 
 private:

@@ -7,20 +7,21 @@
 #include "dbapserv.h"
 
 /// The overrides that every simple entity has.
-#define PRANCHETA_ENTITY_MEMBERS(CLASS)                                                                          \
-public:                                                                                                          \
-    ACRX_DECLARE_MEMBERS(CLASS);                                                                                 \
-    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;                                          \
-    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;                                                 \
-                                                                                                                 \
-protected:                                                                                                       \
-    Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;                                                   \
-    Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;                                            \
-    void subList() const override;                                                                               \
-    Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes, AcDbIntArray& geomIds) \
-        const override;                                                                                          \
-    Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;     \
-                                                                                                                 \
+#define PRANCHETA_ENTITY_MEMBERS(CLASS)                                                            \
+public:                                                                                            \
+    ACRX_DECLARE_MEMBERS(CLASS);                                                                   \
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;                            \
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;                                   \
+                                                                                                   \
+protected:                                                                                         \
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;                                     \
+    Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;                              \
+    void subList() const override;                                                                 \
+    Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,         \
+                                       AcDbIntArray& geomIds) const override;                      \
+    Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) \
+        override;                                                                                  \
+                                                                                                   \
 public:
 
 class AcDbLine : public AcDbEntity {
@@ -99,8 +100,8 @@ private:
 class AcDbText : public AcDbEntity {
     PRANCHETA_ENTITY_MEMBERS(AcDbText)
     AcDbText() = default;
-    AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style = AcDbObjectId::kNull, double height = 0,
-             double rotation = 0);
+    AcDbText(const AcGePoint3d& position, const ACHAR* text,
+             AcDbObjectId style = AcDbObjectId::kNull, double height = 0, double rotation = 0);
 
     AcGePoint3d position() const { return m_position; }
     AcGePoint3d alignmentPoint() const { return m_alignment; }
@@ -144,7 +145,8 @@ private:
 class AcDbSolid : public AcDbEntity {
     PRANCHETA_ENTITY_MEMBERS(AcDbSolid)
     AcDbSolid() = default;
-    AcDbSolid(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3)
+    AcDbSolid(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2,
+              const AcGePoint3d& p3)
         : m_points{p0, p1, p2, p3} {}
 
     Acad::ErrorStatus getPointAt(Adesk::UInt16 index, AcGePoint3d& p) const;
@@ -176,8 +178,9 @@ class AcDbBlockReference : public AcDbEntity {
 
 protected:
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick,
-                                        const AcGePoint3d& last, const AcGeMatrix3d& view, AcGePoint3dArray& points,
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                        const AcGePoint3d& pick, const AcGePoint3d& last,
+                                        const AcGeMatrix3d& view, AcGePoint3dArray& points,
                                         AcDbIntArray& geomIds) const override;
 
 private:

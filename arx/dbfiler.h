@@ -6,8 +6,8 @@
 #include "dbid.h"
 #include "gemat3d.h"
 
-/// Sequence of values without names. Undo, copy, clone and drag all go through it, so an object writes
-/// a version number first and reads in the order in which it wrote.
+/// Sequence of values without names. Undo, copy, clone and drag all go through it, so an object
+/// writes a version number first and reads in the order in which it wrote.
 class AcDbDwgFiler {
 public:
     virtual ~AcDbDwgFiler() = default;
@@ -125,10 +125,13 @@ public:
     Acad::ErrorStatus writeItem(int code, Adesk::Int16 v) { return writeInt16(code, v); }
     Acad::ErrorStatus writeItem(int code, Adesk::Int32 v) { return writeInt32(code, v); }
     Acad::ErrorStatus writeItem(int code, bool v) { return writeBool(code, v); }
-    Acad::ErrorStatus writeItem(int code, const AcDbObjectId& id) { return writeObjectId(code, id); }
+    Acad::ErrorStatus writeItem(int code, const AcDbObjectId& id) {
+        return writeObjectId(code, id);
+    }
 
-    /// Next group: `value->restype` is the group code. A text is allocated and freed by the caller with
-    /// acutDelString; a reference comes as `rlname`, see acdbGetObjectId. Fails at the end of the object.
+    /// Next group: `value->restype` is the group code. A text is allocated and freed by the caller
+    /// with acutDelString; a reference comes as `rlname`, see acdbGetObjectId. Fails at the end of
+    /// the object.
     virtual Acad::ErrorStatus readItem(resbuf* value) = 0;
     Acad::ErrorStatus readResBuf(resbuf* value) { return readItem(value); }
     /// Makes the next readItem give the last group again.

@@ -57,8 +57,8 @@ public:
     /// Ends the access that acdbOpenObject or an append gave. Objects that are not resident: eOk.
     Acad::ErrorStatus close();
     Acad::ErrorStatus erase(Adesk::Boolean erasing = Adesk::kTrue);
-    /// Gives up the changes made since the object was opened for write and ends the access. A new object is
-    /// taken out of the drawing again. Changes that undo does not record stay.
+    /// Gives up the changes made since the object was opened for write and ends the access. A new
+    /// object is taken out of the drawing again. Changes that undo does not record stay.
     Acad::ErrorStatus cancel();
     Acad::ErrorStatus upgradeOpen();
     Acad::ErrorStatus downgradeOpen();
@@ -71,12 +71,14 @@ public:
     bool isUndoing() const;
     void assertReadEnabled() const;
     /// To be called before the first change of any member; records the state for undo.
-    void assertWriteEnabled(Adesk::Boolean autoUndo = Adesk::kTrue, Adesk::Boolean recordModified = Adesk::kTrue);
+    void assertWriteEnabled(Adesk::Boolean autoUndo = Adesk::kTrue,
+                            Adesk::Boolean recordModified = Adesk::kTrue);
 
-    /// Extended data of one application or of all; the caller frees the list. Null when there is none.
+    /// Extended data of one application or of all; the caller frees the list. Null when there is
+    /// none.
     resbuf* xData(const ACHAR* application = nullptr) const;
-    /// Replaces the data of the applications named in the list (1001 groups). eRegappIdNotFound for an
-    /// unregistered application, eOutOfRange above 16 KB; nothing changes then.
+    /// Replaces the data of the applications named in the list (1001 groups). eRegappIdNotFound for
+    /// an unregistered application, eOutOfRange above 16 KB; nothing changes then.
     Acad::ErrorStatus setXData(const resbuf* data);
     AcDbObjectId extensionDictionary() const;
     Acad::ErrorStatus createExtensionDictionary();
@@ -110,8 +112,10 @@ public:
     AcDbObjectId layerId() const;
     /// The name is looked up in the entity's database, or in the working one. eKeyNotFound, and no
     /// change, for an unknown layer. Hidden layers are taken whatever the last argument says.
-    Acad::ErrorStatus setLayer(const ACHAR* name, Adesk::Boolean doSubents = Adesk::kTrue, bool allowHiddenLayer = false);
-    Acad::ErrorStatus setLayer(AcDbObjectId id, Adesk::Boolean doSubents = Adesk::kTrue, bool allowHiddenLayer = false);
+    Acad::ErrorStatus setLayer(const ACHAR* name, Adesk::Boolean doSubents = Adesk::kTrue,
+                               bool allowHiddenLayer = false);
+    Acad::ErrorStatus setLayer(AcDbObjectId id, Adesk::Boolean doSubents = Adesk::kTrue,
+                               bool allowHiddenLayer = false);
 
     /// 1..255; 256 by layer, 0 by block.
     Adesk::UInt16 colorIndex() const;
@@ -123,34 +127,39 @@ public:
     double linetypeScale() const;
     Acad::ErrorStatus setLinetypeScale(double scale, Adesk::Boolean doSubents = Adesk::kTrue);
     AcDb::LineWeight lineWeight() const;
-    Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight, Adesk::Boolean doSubents = Adesk::kTrue);
+    Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight,
+                                    Adesk::Boolean doSubents = Adesk::kTrue);
     AcDb::Visibility visibility() const;
-    Acad::ErrorStatus setVisibility(AcDb::Visibility visibility, Adesk::Boolean doSubents = Adesk::kTrue);
+    Acad::ErrorStatus setVisibility(AcDb::Visibility visibility,
+                                    Adesk::Boolean doSubents = Adesk::kTrue);
     AcDbObjectId blockId() const { return ownerId(); }
     /// Current layer, colour, linetype and so on of the database (null: the working one).
     void setDatabaseDefaults(AcDbDatabase* database = nullptr);
-    Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* other, Adesk::Boolean doSubents = Adesk::kTrue);
+    Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* other,
+                                        Adesk::Boolean doSubents = Adesk::kTrue);
 
-    /// eCannotScaleNonUniformly when the class cannot follow a transformation that is no similarity;
-    /// those described by points alone, such as a line, follow any.
+    /// eCannotScaleNonUniformly when the class cannot follow a transformation that is no
+    /// similarity; those described by points alone, such as a line, follow any.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& m);
     Acad::ErrorStatus getTransformedCopy(const AcGeMatrix3d& m, AcDbEntity*& copy) const;
     /// Appends new entities, not resident, owned by the caller.
     Acad::ErrorStatus explode(AcDbVoidPtrArray& set) const;
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
-    Acad::ErrorStatus getOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick,
-                                     const AcGePoint3d& last, const AcGeMatrix3d& view, AcGePoint3dArray& points,
+    Acad::ErrorStatus getOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                     const AcGePoint3d& pick, const AcGePoint3d& last,
+                                     const AcGeMatrix3d& view, AcGePoint3dArray& points,
                                      AcDbIntArray& geomIds) const;
-    Acad::ErrorStatus getGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes, AcDbIntArray& geomIds) const;
+    Acad::ErrorStatus getGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                    AcDbIntArray& geomIds) const;
     Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset);
     void list() const;
     Adesk::Boolean worldDraw(AcGiWorldDraw* draw);
     void viewportDraw(AcGiViewportDraw* draw);
     void recordGraphicsModified(bool modified = true);
     Acad::ErrorStatus draw();
-    /// Frame in which the entity is described: from its own coordinates to the world's. Identity unless
-    /// overridden. The host files the picture of a custom entity in this frame and reads a moved,
-    /// turned or mirrored one back through transformBy.
+    /// Frame in which the entity is described: from its own coordinates to the world's. Identity
+    /// unless overridden. The host files the picture of a custom entity in this frame and reads a
+    /// moved, turned or mirrored one back through transformBy.
     virtual void getEcs(AcGeMatrix3d& ecs) const;
 
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
@@ -168,12 +177,14 @@ protected:
     virtual Acad::ErrorStatus subGetTransformedCopy(const AcGeMatrix3d& m, AcDbEntity*& copy) const;
     virtual Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const;
     virtual void subList() const;
-    virtual Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick,
-                                                const AcGePoint3d& last, const AcGeMatrix3d& view,
-                                                AcGePoint3dArray& points, AcDbIntArray& geomIds) const;
+    virtual Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                                const AcGePoint3d& pick, const AcGePoint3d& last,
+                                                const AcGeMatrix3d& view, AcGePoint3dArray& points,
+                                                AcDbIntArray& geomIds) const;
     virtual Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
                                                AcDbIntArray& geomIds) const;
-    virtual Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset);
+    virtual Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices,
+                                                  const AcGeVector3d& offset);
     /// For classes whose transformBy does not call the base.
     void xDataTransformBy(const AcGeMatrix3d& m);
 
@@ -187,15 +198,19 @@ private:
     Adesk::UInt8 m_visibility = 0;
 };
 
-/// Opens a resident object. eNullObjectId (also for an id of a drawing that was closed), eNullObjectPointer (only
-/// the handle is known), eWasErased, eWasOpenForWrite, eWasOpenForRead, eWasNotifying (its reactors are being
-/// told), eAtMaxReaders; `object` is null on failure. Every open is paired with close().
-Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
+/// Opens a resident object. eNullObjectId (also for an id of a drawing that was closed),
+/// eNullObjectPointer (only the handle is known), eWasErased, eWasOpenForWrite, eWasOpenForRead,
+/// eWasNotifying (its reactors are being told), eAtMaxReaders; `object` is null on failure. Every
+/// open is paired with close().
+Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                 bool openErased = false);
 /// The same, eNotThatKindOfClass when it is no entity.
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased = false);
 
 template <class T>
-Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false) {
+Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                 bool openErased = false) {
     AcDbObject* any = nullptr;
     object = nullptr;
     const Acad::ErrorStatus es = acdbOpenObject(any, id, mode, openErased);
@@ -218,7 +233,9 @@ template <class T>
 class AcDbObjectPointer {
 public:
     AcDbObjectPointer() = default;
-    AcDbObjectPointer(AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false) { open(id, mode, openErased); }
+    AcDbObjectPointer(AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false) {
+        open(id, mode, openErased);
+    }
     AcDbObjectPointer(const AcDbObjectPointer&) = delete;
     AcDbObjectPointer& operator=(const AcDbObjectPointer&) = delete;
     ~AcDbObjectPointer() { (void)close(); }

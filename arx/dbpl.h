@@ -23,8 +23,8 @@ class AcDbPolyline : public AcDbEntity {
     Acad::ErrorStatus getBulgeAt(unsigned int index, double& bulge) const;
     Acad::ErrorStatus getWidthsAt(unsigned int index, double& start, double& end) const;
     /// In the polyline's own plane. eInvalidIndex beyond the number of vertices.
-    Acad::ErrorStatus addVertexAt(unsigned int index, const AcGePoint2d& p, double bulge = 0, double startWidth = 0,
-                                  double endWidth = 0);
+    Acad::ErrorStatus addVertexAt(unsigned int index, const AcGePoint2d& p, double bulge = 0,
+                                  double startWidth = 0, double endWidth = 0);
     Acad::ErrorStatus removeVertexAt(unsigned int index);
     Acad::ErrorStatus setPointAt(unsigned int index, const AcGePoint2d& p);
     Acad::ErrorStatus setBulgeAt(unsigned int index, double bulge);

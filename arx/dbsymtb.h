@@ -16,7 +16,8 @@ public:
     /// The caller frees the text with acutDelString.
     Acad::ErrorStatus getName(ACHAR*& name) const;
     Acad::ErrorStatus getName(const ACHAR*& name) const;
-    /// eInvalidKey for an empty name or a forbidden character, eDuplicateRecordName when it is taken.
+    /// eInvalidKey for an empty name or a forbidden character, eDuplicateRecordName when it is
+    /// taken.
     Acad::ErrorStatus setName(const ACHAR* name);
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
@@ -214,8 +215,8 @@ public:
     ACRX_DECLARE_MEMBERS(AcDbBlockTableRecord);
     AcDbBlockTableRecord() = default;
 
-    /// After success the database owns the entity, which stays open for write until close(). On failure
-    /// (eAlreadyInDb, eNullEntityPointer) the caller still owns it.
+    /// After success the database owns the entity, which stays open for write until close(). On
+    /// failure (eAlreadyInDb, eNullEntityPointer) the caller still owns it.
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     /// Entities that are not erased, in drawing order. The caller deletes the iterator.
@@ -233,20 +234,20 @@ private:
     std::vector<AcDbObjectId> m_entities;
 };
 
-#define PRANCHETA_SYMBOL_TABLE(TABLE, RECORD)                                                                  \
-    class TABLE : public AcDbSymbolTable {                                                                     \
-    public:                                                                                                    \
-        ACRX_DECLARE_MEMBERS(TABLE);                                                                           \
-        TABLE() = default;                                                                                     \
-        using AcDbSymbolTable::getAt;                                                                          \
-        /* Opens the record of this name. */                                                                   \
-        Acad::ErrorStatus getAt(const ACHAR* name, RECORD*& record, AcDb::OpenMode mode,                       \
-                                bool openErased = false) const {                                               \
-            AcDbObjectId id;                                                                                   \
-            record = nullptr;                                                                                  \
-            const Acad::ErrorStatus es = getAt(name, id, openErased);                                          \
-            return es != Acad::eOk ? es : acdbOpenObject(record, id, mode, openErased);                        \
-        }                                                                                                      \
+#define PRANCHETA_SYMBOL_TABLE(TABLE, RECORD)                                            \
+    class TABLE : public AcDbSymbolTable {                                               \
+    public:                                                                              \
+        ACRX_DECLARE_MEMBERS(TABLE);                                                     \
+        TABLE() = default;                                                               \
+        using AcDbSymbolTable::getAt;                                                    \
+        /* Opens the record of this name. */                                             \
+        Acad::ErrorStatus getAt(const ACHAR* name, RECORD*& record, AcDb::OpenMode mode, \
+                                bool openErased = false) const {                         \
+            AcDbObjectId id;                                                             \
+            record = nullptr;                                                            \
+            const Acad::ErrorStatus es = getAt(name, id, openErased);                    \
+            return es != Acad::eOk ? es : acdbOpenObject(record, id, mode, openErased);  \
+        }                                                                                \
     }
 
 PRANCHETA_SYMBOL_TABLE(AcDbBlockTable, AcDbBlockTableRecord);

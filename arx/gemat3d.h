@@ -13,12 +13,14 @@ public:
     AcGeMatrix3d& setToIdentity();
     AcGeMatrix3d& setToTranslation(const AcGeVector3d& v);
     /// Radians, right hand about the axis. Sine and cosine are exact at multiples of a right angle.
-    AcGeMatrix3d& setToRotation(double angle, const AcGeVector3d& axis, const AcGePoint3d& center = AcGePoint3d::kOrigin);
+    AcGeMatrix3d& setToRotation(double angle, const AcGeVector3d& axis,
+                                const AcGePoint3d& center = AcGePoint3d::kOrigin);
     AcGeMatrix3d& setToScaling(double factor, const AcGePoint3d& center = AcGePoint3d::kOrigin);
     /// Reflection in the plane through `point` perpendicular to `normal`.
     AcGeMatrix3d& setToMirroring(const AcGePoint3d& point, const AcGeVector3d& normal);
     static AcGeMatrix3d translation(const AcGeVector3d& v);
-    static AcGeMatrix3d rotation(double angle, const AcGeVector3d& axis, const AcGePoint3d& center = AcGePoint3d::kOrigin);
+    static AcGeMatrix3d rotation(double angle, const AcGeVector3d& axis,
+                                 const AcGePoint3d& center = AcGePoint3d::kOrigin);
     static AcGeMatrix3d scaling(double factor, const AcGePoint3d& center = AcGePoint3d::kOrigin);
     static AcGeMatrix3d mirroring(const AcGePoint3d& point, const AcGeVector3d& normal);
 
@@ -38,9 +40,10 @@ public:
     /// Cube root of the absolute determinant.
     double scale() const;
 
-    AcGeMatrix3d& setCoordSystem(const AcGePoint3d& origin, const AcGeVector3d& xAxis, const AcGeVector3d& yAxis,
-                                 const AcGeVector3d& zAxis);
-    void getCoordSystem(AcGePoint3d& origin, AcGeVector3d& xAxis, AcGeVector3d& yAxis, AcGeVector3d& zAxis) const;
+    AcGeMatrix3d& setCoordSystem(const AcGePoint3d& origin, const AcGeVector3d& xAxis,
+                                 const AcGeVector3d& yAxis, const AcGeVector3d& zAxis);
+    void getCoordSystem(AcGePoint3d& origin, AcGeVector3d& xAxis, AcGeVector3d& yAxis,
+                        AcGeVector3d& zAxis) const;
 
     double entry[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
 };

@@ -16,8 +16,12 @@ public:
     constexpr AcGeVector3d() = default;
     constexpr AcGeVector3d(double vx, double vy, double vz) : x(vx), y(vy), z(vz) {}
 
-    constexpr AcGeVector3d operator+(const AcGeVector3d& v) const { return {x + v.x, y + v.y, z + v.z}; }
-    constexpr AcGeVector3d operator-(const AcGeVector3d& v) const { return {x - v.x, y - v.y, z - v.z}; }
+    constexpr AcGeVector3d operator+(const AcGeVector3d& v) const {
+        return {x + v.x, y + v.y, z + v.z};
+    }
+    constexpr AcGeVector3d operator-(const AcGeVector3d& v) const {
+        return {x - v.x, y - v.y, z - v.z};
+    }
     constexpr AcGeVector3d operator-() const { return {-x, -y, -z}; }
     constexpr AcGeVector3d operator*(double k) const { return {x * k, y * k, z * k}; }
     constexpr AcGeVector3d operator/(double k) const { return {x / k, y / k, z / k}; }

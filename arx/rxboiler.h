@@ -4,23 +4,23 @@
 
 #include "rxclass.h"
 
-#define ACRX_DECLARE_MEMBERS(CLASS)                  \
-    AcRxClass* isA() const override;                 \
-    static AcRxClass* desc();                        \
-    static CLASS* cast(const AcRxObject* object) {   \
-        return object != nullptr && object->isKindOf(CLASS::desc()) \
+#define ACRX_DECLARE_MEMBERS(CLASS)                                       \
+    AcRxClass* isA() const override;                                      \
+    static AcRxClass* desc();                                             \
+    static CLASS* cast(const AcRxObject* object) {                        \
+        return object != nullptr && object->isKindOf(CLASS::desc())       \
                    ? static_cast<CLASS*>(const_cast<AcRxObject*>(object)) \
-                   : nullptr;                        \
-    }                                                \
+                   : nullptr;                                             \
+    }                                                                     \
     static void rxInit()
 
-#define ACRX_DEFINE_MEMBERS_WITH(CLASS, PARENT, CONSTRUCTOR, DXF_NAME, APP, PROXY_FLAGS)      \
+#define ACRX_DEFINE_MEMBERS_WITH(CLASS, PARENT, CONSTRUCTOR, DXF_NAME, APP, PROXY_FLAGS)       \
     static AcRxClass* g_desc##CLASS = nullptr;                                                 \
     AcRxClass* CLASS::desc() { return g_desc##CLASS; }                                         \
     AcRxClass* CLASS::isA() const { return g_desc##CLASS; }                                    \
     void CLASS::rxInit() {                                                                     \
-        g_desc##CLASS = newAcRxClass(L## #CLASS, PARENT::desc(), CONSTRUCTOR, DXF_NAME, APP,   \
-                                     PROXY_FLAGS);                                             \
+        g_desc##CLASS =                                                                        \
+            newAcRxClass(L## #CLASS, PARENT::desc(), CONSTRUCTOR, DXF_NAME, APP, PROXY_FLAGS); \
     }
 
 /// Abstract class.
@@ -34,6 +34,8 @@
 
 /// Class that is filed under its own name. DXF_NAME and APP are given without prefix and quotes as
 /// the SDK wants them: DXF_NAME an identifier, APP a narrow text.
-#define ACRX_DXF_DEFINE_MEMBERS(CLASS, PARENT, DWG_VERSION, MAINT_VERSION, PROXY_FLAGS, DXF_NAME, APP) \
-    ACRX_DEFINE_MEMBERS_WITH(                                                                          \
-        CLASS, PARENT, []() -> AcRxObject* { return new CLASS; }, L## #DXF_NAME, L##APP, PROXY_FLAGS)
+#define ACRX_DXF_DEFINE_MEMBERS(CLASS, PARENT, DWG_VERSION, MAINT_VERSION, PROXY_FLAGS, DXF_NAME, \
+                                APP)                                                              \
+    ACRX_DEFINE_MEMBERS_WITH(                                                                     \
+        CLASS, PARENT, []() -> AcRxObject* { return new CLASS; }, L## #DXF_NAME, L##APP,          \
+        PROXY_FLAGS)

@@ -9,8 +9,8 @@ public:
     /// Makes an object by the default constructor; null for a class without one.
     using Constructor = AcRxObject* (*)();
 
-    AcRxClass(const ACHAR* name, AcRxClass* parent, Constructor constructor, const ACHAR* dxfName, const ACHAR* appName,
-              int proxyFlags);
+    AcRxClass(const ACHAR* name, AcRxClass* parent, Constructor constructor, const ACHAR* dxfName,
+              const ACHAR* appName, int proxyFlags);
     ~AcRxClass() override;
     AcRxClass(const AcRxClass&) = delete;
     AcRxClass& operator=(const AcRxClass&) = delete;
@@ -24,7 +24,8 @@ public:
     bool isDerivedFrom(const AcRxClass* other) const;
     AcRxObject* create();
 
-    /// Attaches `extension` (kept by pointer, owned by the caller) for `protocol`; returns the former one.
+    /// Attaches `extension` (kept by pointer, owned by the caller) for `protocol`; returns the
+    /// former one.
     AcRxObject* addX(AcRxClass* protocol, AcRxObject* extension);
     AcRxObject* delX(AcRxClass* protocol);
     /// Extension of this class or of its nearest parent that has one; null when none.
@@ -51,13 +52,15 @@ private:
     Extension* m_extensions = nullptr;
 };
 
-/// Enters a class in the class dictionary. A class of this name that is there already is returned as
-/// it is.
-AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent, AcRxClass::Constructor constructor = nullptr,
-                        const ACHAR* dxfName = nullptr, const ACHAR* appName = nullptr, int proxyFlags = 0);
+/// Enters a class in the class dictionary. A class of this name that is there already is returned
+/// as it is.
+AcRxClass* newAcRxClass(const ACHAR* name, AcRxClass* parent,
+                        AcRxClass::Constructor constructor = nullptr,
+                        const ACHAR* dxfName = nullptr, const ACHAR* appName = nullptr,
+                        int proxyFlags = 0);
 
-/// Takes a class out of the dictionary and deletes it; children go before their parents: a class that
-/// still has some stays.
+/// Takes a class out of the dictionary and deletes it; children go before their parents: a class
+/// that still has some stays.
 void deleteAcRxClass(AcRxClass* aClass);
 
 /// To be called after rxInit of a module's classes.

@@ -14,7 +14,8 @@ public:
     virtual AcRxClass* isA() const;
     /// True when this object's class is `aClass` or derives from it.
     bool isKindOf(const AcRxClass* aClass) const;
-    /// Protocol extension of this object's class (or of the nearest parent that has one) for `protocol`.
+    /// Protocol extension of this object's class (or of the nearest parent that has one) for
+    /// `protocol`.
     AcRxObject* x(const AcRxClass* protocol) const;
 
     static AcRxClass* desc();

@@ -14,8 +14,8 @@ public:
     virtual ~PropertySheet() = default;
     /// Rows that follow stand under this title.
     virtual void group(const ACHAR* title) = 0;
-    /// A row to be read only. `key` is stable and for programs; `value` is as the user reads it, unit
-    /// included.
+    /// A row to be read only. `key` is stable and for programs; `value` is as the user reads it,
+    /// unit included.
     virtual void show(const ACHAR* key, const ACHAR* label, const ACHAR* value) = 0;
     /// A row that takes a text; `unit` may be null and is not part of `value`.
     virtual void edit(const ACHAR* key, const ACHAR* label, const ACHAR* value,
@@ -31,13 +31,13 @@ class EntityProperties : public AcRxObject {
 public:
     /// The entity is open for read.
     virtual void list(const AcDbEntity& entity, PropertySheet& sheet) const = 0;
-    /// Changes one value; everything tied to the entity follows. The entity is closed; the host has an
-    /// undo group open. False, with a Portuguese reason in `message` (freed with acutDelString), when
-    /// the value is refused; nothing changed then.
+    /// Changes one value; everything tied to the entity follows. The entity is closed; the host has
+    /// an undo group open. False, with a Portuguese reason in `message` (freed with acutDelString),
+    /// when the value is refused; nothing changed then.
     virtual bool set(AcDbObjectId entity, const ACHAR* key, const ACHAR* value,
                      ACHAR*& message) const = 0;
-    /// Figures for running totals: number of pieces, mass in kg, paint area in m2; zeros for an entity
-    /// that does not count.
+    /// Figures for running totals: number of pieces, mass in kg, paint area in m2; zeros for an
+    /// entity that does not count.
     struct Totals {
         int pieces = 0;
         double mass = 0.0;
@@ -52,8 +52,9 @@ class EntityEditor : public AcRxObject {
 public:
     /// Null when the entity can be edited, otherwise why not, in Portuguese (static text).
     virtual const ACHAR* whyNot(const AcDbEntity& entity) const = 0;
-    /// Opens the dialog with the entity's values and rebuilds the entity in place on OK: same object,
-    /// same links. The entity is closed; a command of the host is running. RTNORM, RTCAN, RTERROR.
+    /// Opens the dialog with the entity's values and rebuilds the entity in place on OK: same
+    /// object, same links. The entity is closed; a command of the host is running. RTNORM, RTCAN,
+    /// RTERROR.
     virtual int edit(AcDbObjectId entity) const = 0;
 };
 inline constexpr const ACHAR* kEntityEditorClass = L"ZpEntityEditor";

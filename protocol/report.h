@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 // What a module can tell any host about its entities and its drawing, by names instead of types.
 //
-// Header only, on the run-time class system alone: a host that never asks costs nothing, and a host that asks
-// needs no knowledge of the module.
+// Header only, on the run-time class system alone: a host that never asks costs nothing, and a host
+// that asks needs no knowledge of the module.
 #pragma once
 
 #include "dbapserv.h"
 
 namespace protocol {
 
-/// Receives values in a fixed order. Names are keys for programs; texts are as the user reads them. Inside
-/// a list, `name` is null.
+/// Receives values in a fixed order. Names are keys for programs; texts are as the user reads them.
+/// Inside a list, `name` is null.
 class PropertyVisitor {
 public:
     virtual ~PropertyVisitor() = default;

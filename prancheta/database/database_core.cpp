@@ -17,7 +17,8 @@ void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, const AcDbObject
     if (reactors.empty()) return;
     AcDbStub* stub = object.objectId();
     ++stub->telling;
-    // The list changes while it is told. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    // The list changes while it is told.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::vector<AcDbDatabaseReactor*> present = reactors;
     for (AcDbDatabaseReactor* reactor : present)
         if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) tell(*reactor);
@@ -70,9 +71,7 @@ Acad::ErrorStatus DatabaseCore::appendWithHandle(AcDbObjectId blockRecord, AcDbE
     return Acad::eOk;
 }
 
-AcDbStub* DatabaseCore::find(Adesk::UInt64 handle) const {
-    return m_byHandle.find(handle);
-}
+AcDbStub* DatabaseCore::find(Adesk::UInt64 handle) const { return m_byHandle.find(handle); }
 
 void DatabaseCore::reserveHandle(Adesk::UInt64 handle) {
     if (handle >= m_nextHandle && handle != UINT64_MAX) m_nextHandle = handle + 1;

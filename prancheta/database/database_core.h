@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The host's part of a drawing database: objects, handles, undo, variables, what foreign files brought.
+// The host's part of a drawing database: objects, handles, undo, variables, what foreign files
+// brought.
 #pragma once
 
 #include <functional>
@@ -18,13 +19,14 @@ namespace prancheta {
 
 /// Whatever an opened file held that no object stands for; written back as it was.
 struct ForeignContent {
-    std::string acadVersion;                         ///< "AC1032", empty for a new drawing
+    std::string acadVersion;                              ///< "AC1032", empty for a new drawing
     std::vector<std::pair<std::string, RawTags>> header;  ///< variables that the host does not keep
-    RawTags classes;                                 ///< section CLASSES
-    std::vector<std::pair<std::string, RawTags>> tables;  ///< whole tables that the host does not keep (VIEW, UCS, VPORT)
-    RawTags shapeStyles;                             ///< records of table STYLE without a name: files of shapes
-    std::vector<RawTags> objects;                    ///< objects of section OBJECTS not kept as objects
-    std::vector<RawTags> sections;                   ///< whole unknown sections
+    RawTags classes;                                      ///< section CLASSES
+    std::vector<std::pair<std::string, RawTags>>
+        tables;                     ///< whole tables that the host does not keep (VIEW, UCS, VPORT)
+    RawTags shapeStyles;            ///< records of table STYLE without a name: files of shapes
+    std::vector<RawTags> objects;   ///< objects of section OBJECTS not kept as objects
+    std::vector<RawTags> sections;  ///< whole unknown sections
 };
 
 class DatabaseCore {
@@ -43,19 +45,21 @@ public:
     SystemVariables& variables() { return m_variables; }
     ForeignContent& foreign() { return m_foreign; }
 
-    /// Makes an object resident: gives it a record, a handle (0 = next free one) and an owner. The object is
-    /// left open for write. False when the handle is taken. Nobody is told and nothing is recorded, see
-    /// announce().
+    /// Makes an object resident: gives it a record, a handle (0 = next free one) and an owner. The
+    /// object is left open for write. False when the handle is taken. Nobody is told and nothing is
+    /// recorded, see announce().
     bool makeResident(AcDbObject& object, AcDbObjectId owner, Adesk::UInt64 handle = 0);
-    /// Appends to a space or block with a handle of its own; for readers of files. Not recorded for undo
-    /// when recording is off.
-    Acad::ErrorStatus appendWithHandle(AcDbObjectId blockRecord, AcDbEntity* entity, Adesk::UInt64 handle, AcDbObjectId& id);
+    /// Appends to a space or block with a handle of its own; for readers of files. Not recorded for
+    /// undo when recording is off.
+    Acad::ErrorStatus appendWithHandle(AcDbObjectId blockRecord, AcDbEntity* entity,
+                                       Adesk::UInt64 handle, AcDbObjectId& id);
     AcDbStub* find(Adesk::UInt64 handle) const;
     Adesk::UInt64 nextHandle() const { return m_nextHandle; }
     /// Raises the next handle above `handle`.
     void reserveHandle(Adesk::UInt64 handle);
-    /// Gives an object another handle; false when it is taken. The tables and spaces of a database made without
-    /// the default drawing have none until then, so that they can take those of a file.
+    /// Gives an object another handle; false when it is taken. The tables and spaces of a database
+    /// made without the default drawing have none until then, so that they can take those of a
+    /// file.
     bool changeHandle(AcDbObjectId id, Adesk::UInt64 handle);
     /// Gives the next free handles to all objects without one.
     void assignMissingHandles();
@@ -75,7 +79,8 @@ public:
     /// Entities of model space that are not erased, in drawing order. O(entities).
     std::vector<AcDbObjectId> modelSpace() const;
 
-    /// Finds or makes (null id for a name that is not allowed); the standard patterns (HIDDEN, CENTER, DASHED, PHANTOM) are known by name.
+    /// Finds or makes (null id for a name that is not allowed); the standard patterns (HIDDEN,
+    /// CENTER, DASHED, PHANTOM) are known by name.
     AcDbObjectId ensureLayer(std::wstring_view name, Adesk::UInt16 color = 7);
     AcDbObjectId ensureLinetype(std::wstring_view name);
     AcDbObjectId ensureRegApp(std::wstring_view name);
@@ -87,16 +92,17 @@ public:
     void notifyErased(const AcDbObject& object, bool erased);
     void notifyUnAppended(const AcDbObject& object, bool reAppended);
 
-    /// Set by the editor to tell the front end; called for every entity that enters a space (when it is closed
-    /// for the first time, brought back or redone) or goes (erased, undone).
+    /// Set by the editor to tell the front end; called for every entity that enters a space (when
+    /// it is closed for the first time, brought back or redone) or goes (erased, undone).
     std::function<void(const AcDbEntity&)> onEntityAppended;
     std::function<void(const AcDbEntity&)> onEntityErased;
 
-    /// Layer 0, the three linetypes, style Standard of texts and dimensions, application ACAD: adds what is
-    /// missing and makes it current where nothing is. Readers of files call it at the end.
+    /// Layer 0, the three linetypes, style Standard of texts and dimensions, application ACAD: adds
+    /// what is missing and makes it current where nothing is. Readers of files call it at the end.
     void addRequiredRecords();
 
-    /// True when an entity of this class or one derived from it is in the database, erased ones included.
+    /// True when an entity of this class or one derived from it is in the database, erased ones
+    /// included.
     bool hasObjectsOf(const AcRxClass* entityClass) const;
 
 private:

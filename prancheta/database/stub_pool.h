@@ -17,13 +17,13 @@ public:
     Adesk::UInt64 handle = 0;
     std::int16_t readers = 0;
     bool writer = false;
-    bool erased = false;         ///< erased, or taken out by undo
-    bool wasErased = false;      ///< when it was opened for write
-    bool isNew = false;          ///< appended and not yet closed
-    bool recorded = false;       ///< state kept for undo since it was opened for write
-    bool modified = false;       ///< changed since it was opened for write
-    std::uint8_t notifying = 0;  ///< open for notification so often
-    std::uint8_t telling = 0;    ///< reactors are being told of it
+    bool erased = false;          ///< erased, or taken out by undo
+    bool wasErased = false;       ///< when it was opened for write
+    bool isNew = false;           ///< appended and not yet closed
+    bool recorded = false;        ///< state kept for undo since it was opened for write
+    bool modified = false;        ///< changed since it was opened for write
+    std::uint8_t notifying = 0;   ///< open for notification so often
+    std::uint8_t telling = 0;     ///< reactors are being told of it
     std::uint32_t undoGroup = 0;  ///< the undo group that holds a state of it, or its making
 };
 

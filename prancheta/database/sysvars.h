@@ -28,13 +28,15 @@ struct VariableInfo {
     double maximum = 1e300;
 };
 
-/// All variables of the host for one database, in alphabetical order. Names are found without regard to case.
+/// All variables of the host for one database, in alphabetical order. Names are found without
+/// regard to case.
 class SystemVariables {
 public:
     SystemVariables();
 
     const VariableInfo* find(std::wstring_view name) const;
-    /// Checks type, range and access; the drawing's own (CLAYER, DIMSCALE, ...) are checked by their hook.
+    /// Checks type, range and access; the drawing's own (CLAYER, DIMSCALE, ...) are checked by
+    /// their hook.
     Result<void> set(std::wstring_view name, const VariableValue& value);
     /// Without the read-only check: for the host itself.
     void force(std::wstring_view name, const VariableValue& value);
@@ -50,8 +52,9 @@ public:
     using Changed = std::function<void(const VariableInfo&)>;
     void setHooks(Check check, Changed changed);
 
-    /// The database's own door, beside the editor's: may refuse; is told before a value is replaced; and gives a
-    /// new value its final form (proper spelling of a layer's name). Only for variables kept in the drawing.
+    /// The database's own door, beside the editor's: may refuse; is told before a value is
+    /// replaced; and gives a new value its final form (proper spelling of a layer's name). Only for
+    /// variables kept in the drawing.
     struct DrawingHooks {
         Check check;
         Changed before;

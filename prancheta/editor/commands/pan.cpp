@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // PAN, REDRAW, REGEN: the view without another scale, and drawn afresh.
-#include "prancheta/editor/commands/support.h"
-#include "prancheta/editor/commands/table.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
+#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
