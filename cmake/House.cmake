@@ -10,13 +10,21 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release)
 endif()
 
+# Level 2: the third costs a first build a sixth more and the benchmarks do not tell them apart.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
+# What is tested is optimised; the questions need not be.
+set(HOUSE_TEST_OPTIONS $<$<CONFIG:Release>:-O0>)
+
 option(HOUSE_WERROR "Warnings are errors" OFF)
 option(HOUSE_WINDOW "The Qt window and the plotter" ON)
 set(HOUSE_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize takes them")
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+    # The compiler tells what a source includes, and some headers are parsed once.
+    set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_DEPEND=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()
 
 # Programs and modules stand side by side; modules find each other there.
@@ -64,6 +72,11 @@ function(house_add folder)
     if(EXISTS ${CMAKE_SOURCE_DIR}/${folder}/CMakeLists.txt)
         add_subdirectory(${CMAKE_SOURCE_DIR}/${folder})
     endif()
+endfunction()
+
+# house_built_soon(NAME): what only a person's next word waits for takes a third less to compile.
+function(house_built_soon name)
+    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
 endfunction()
 
 # house_room(NAME SOURCES ... KNOWS other rooms and libraries)
@@ -116,6 +129,7 @@ function(house_test name)
     add_executable(${name} ${TEST_SOURCES})
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE house ${TEST_KNOWS} GTest::gtest_main)
+    target_compile_options(${name} PRIVATE ${HOUSE_TEST_OPTIONS})
     if(NOT WIN32)  # there libraries are looked for beside the program
         house_aside(${name} tests)
     endif()
