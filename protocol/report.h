@@ -5,6 +5,8 @@
 // that asks needs no knowledge of the module.
 #pragma once
 
+#include <span>
+
 #include "dbapserv.h"
 
 namespace protocol {
@@ -35,11 +37,40 @@ public:
 };
 inline constexpr const ACHAR* kEntityReportClass = L"ZpEntityReport";
 
+/// A column of a drawing's list.
+struct ListColumn {
+    const ACHAR* key;    ///< under which the report tells a row's value
+    const ACHAR* title;  ///< short, as a table has it
+    const ACHAR* name;   ///< in full
+    const ACHAR* unit;   ///< empty: none
+    int decimals;        ///< -1: a text
+    int width;           ///< characters that usual values take
+    bool summed;         ///< a total is told
+};
+
+/// A file that the list's command writes when it is answered `_word` and the file's name.
+struct ListFormat {
+    const ACHAR* word;
+    const ACHAR* name;
+    const ACHAR* extension;  ///< without its dot
+};
+
+/// How a front end shows the list and asks for what its command does.
+struct ListSchema {
+    const ACHAR* command;  ///< global name
+    const ACHAR* draw;     ///< word, behind an underscore, that draws it as a table
+    std::span<const ListColumn> columns;
+    std::span<const ListFormat> formats;
+};
+
 /// Object of the system registry under kDrawingReportKey: what a module knows of a whole drawing.
 class DrawingReport : public AcRxObject {
 public:
+    /// Of the list kListKey that it describes; good as long as the module is loaded.
+    virtual const ListSchema& schema() const = 0;
     virtual void describe(AcDbDatabase& database, PropertyVisitor& visitor) const = 0;
 };
+inline constexpr const ACHAR* kListKey = L"lista_material";
 inline constexpr const ACHAR* kDrawingReportKey = L"ZP_DRAWING_REPORT";
 
 }  // namespace protocol

@@ -97,13 +97,29 @@ Json entityJson(const AcDbEntity& entity) {
     return out;
 }
 
+/// Modules tell the rows' lists too, for front ends that show them; the state has the columns and
+/// what a row is tied to.
+void keepRowFields(Json& rows, const protocol::ListSchema& schema) {
+    std::set<std::string> fields{"ids"};
+    for (const protocol::ListColumn& column : schema.columns) fields.insert(toUtf8(column.key));
+    for (Json& row : rows) {
+        Json kept = Json::object();
+        for (const auto& [name, value] : row.items())
+            if (fields.contains(name)) kept[name] = value;
+        row = std::move(kept);
+    }
+}
+
 /// What modules tell of the drawing: the material list comes from there.
 void describeDrawing(AcDbDatabase& database, Json& out) {
+    const std::string list = toUtf8(protocol::kListKey);
+    out[list] = Json::array();
     auto* const report =
         static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
     if (report == nullptr) return;
     JsonVisitor visitor(out);
     report->describe(database, visitor);
+    keepRowFields(out[list], report->schema());
 }
 
 /// One object, written member by member: a drawing's entities are never in memory twice.
@@ -149,20 +165,6 @@ private:
     std::size_t m_items = 0;
 };
 
-/// Modules tell the rows' lists too, for front ends that show them; the state has these fields
-/// only.
-void keepRowFields(Json& rows) {
-    static const std::set<std::string> kFields = {
-        "marca",         "quantidade", "descricao",    "dimensoes",  "material", "comprimento",
-        "peso_unitario", "peso_total", "area_pintura", "observacao", "ids"};
-    for (Json& row : rows) {
-        Json kept = Json::object();
-        for (const auto& [name, value] : row.items())
-            if (kFields.contains(name)) kept[name] = value;
-        row = std::move(kept);
-    }
-}
-
 }  // namespace
 
 Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
@@ -178,9 +180,8 @@ Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
         if (entity.object() != nullptr) out.item(entityJson(*entity.object()));
     }
     out.endList();
-    Json told = {{"lista_material", Json::array()}};
+    Json told;
     describeDrawing(database, told);
-    keepRowFields(told["lista_material"]);
     for (const auto& [name, value] : told.items()) out.member(name, value);
     out.end();
     return file.commit();

@@ -27,6 +27,20 @@ struct Piece {
 /// What a module reports of a drawing; other values stand before, between and after.
 class Report : public protocol::DrawingReport {
 public:
+    const protocol::ListSchema& schema() const override {
+        static const std::array<protocol::ListColumn, 7> columns{
+            {{L"marca", L"Marca", L"", L"", -1, 9, false},
+             {L"quantidade", L"Quant.", L"", L"", 0, 9, false},
+             {L"descricao", L"Descrição", L"", L"", -1, 16, false},
+             {L"comprimento", L"Compr.", L"", L"mm", 1, 13, false},
+             {L"peso_unitario", L"Peso unit.", L"", L"kg", 2, 16, false},
+             {L"peso_total", L"Peso total", L"", L"kg", 2, 17, true},
+             {L"area_pintura", L"Pintura", L"", L"m²", 3, 14, true}}};
+        static const std::array<protocol::ListFormat, 2> formats{
+            {{L"Csv", L"CSV", L"csv"}, {L"Txt", L"texto", L"txt"}}};
+        static const protocol::ListSchema schema{L"LISTAMATERIAL", L"Table", columns, formats};
+        return schema;
+    }
     void describe(AcDbDatabase&, protocol::PropertyVisitor& v) const override {
         v.integer(L"lista", 77);
         v.beginList(L"outra");
@@ -93,14 +107,14 @@ TEST_F(MaterialList, RowsAndTotalsOfWhatCounts) {
     openPanel();
     ASSERT_EQ(view->model()->rowCount(), 3);
     EXPECT_EQ(text(0, 0), "P2");
-    EXPECT_EQ(text(0, 5), "1500,2");
-    EXPECT_EQ(text(0, 7), "100,50");
-    EXPECT_EQ(text(1, 8), "0,500");
+    EXPECT_EQ(text(0, 3), "1500,2");
+    EXPECT_EQ(text(0, 5), "100,50");
+    EXPECT_EQ(text(1, 6), "0,500");
     EXPECT_EQ(totals(), "Total: 124,50 kg   2,75 m²");
     EXPECT_FALSE(find<QComboBox>("lista")->isVisible());
     view->sortByColumn(0, Qt::AscendingOrder);
     EXPECT_EQ(text(0, 0) + text(1, 0) + text(2, 0), "P1P2P10");
-    view->sortByColumn(7, Qt::DescendingOrder);
+    view->sortByColumn(5, Qt::DescendingOrder);
     EXPECT_EQ(text(0, 0) + text(1, 0) + text(2, 0), "P1P2P10");
     find<QLineEdit>("busca")->setText("p2");
     EXPECT_EQ(view->model()->rowCount(), 1);
@@ -158,6 +172,15 @@ TEST_F(MaterialList, FollowsTheDrawingAndUpdatesOnDemand) {
     type({L"_line", L"0,0", L"5,5", L""});
     panel->refresh();
     EXPECT_EQ(view->model()->rowCount(), 2);
+    // The module goes, and what it told of its columns with it.
+    acrxSysRegistry()->remove(protocol::kDrawingReportKey);
+    EXPECT_EQ(view->model()->headerData(6, Qt::Horizontal).toString(),
+              QString::fromUtf8("Pintura (m²)"));
+    press("atualizar");
+    EXPECT_EQ(view->model()->columnCount(), 0);
+    EXPECT_EQ(totals(), "Total: ");
+    EXPECT_EQ(panel->findChild<QPushButton*>("csv"), nullptr);
+    acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &report);
 }
 
 TEST_F(MaterialList, SeveralLists) {
@@ -185,8 +208,9 @@ TEST_F(MaterialList, CopiesRowsForASpreadsheet) {
     QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
     const QStringList copied = QGuiApplication::clipboard()->text().split('\n');
     ASSERT_EQ(copied.size(), 3);
-    EXPECT_EQ(copied[0].split('\t').front(), "Marca");
-    EXPECT_EQ(copied[1], QString::fromUtf8("P2\t2\tPerfil U\t\t\t1500,2\t2,50\t5,00\t0,500\t"));
+    EXPECT_EQ(copied[0].split('\t').back(), QString::fromUtf8("Pintura (m²)"));
+    EXPECT_EQ(find<QPushButton>("txt")->text(), QString::fromUtf8("texto…"));
+    EXPECT_EQ(copied[1], QString::fromUtf8("P2\t2\tPerfil U\t1500,2\t2,50\t5,00\t0,500"));
 }
 
 }  // namespace

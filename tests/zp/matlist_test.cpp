@@ -8,6 +8,8 @@
 #include "rxdict.h"
 #include "tests/zp/desenho.h"
 #include "zp/matlist/acompanha.h"
+#include "zp/matlist/columns.h"
+#include "zp/matlist/formats.h"
 #include "zp/matlist/tabela.h"
 #include "zp/matlist/zpmarca.h"
 
@@ -162,7 +164,7 @@ TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
     l.emplace_back(L"P1", 2, L"Ue", L"200x75x20x2,65", L"ACO", 1234.5, 7.75, 15.5, 0.75,
                    L"com \"aba\"; furada");
     l.emplace_back(L"-5", 1, L"=1+1", L"\t2", L"@A1", -5.0, -1.0, 1.0, 1.0, L"+\"x\"");
-    const std::wstring texto = zp::lista::textoCsv(l);
+    const std::wstring texto = zp::lista::csvText(l);
     EXPECT_NE(texto.find(L"MARCA;QUANT.;DESCRIÇÃO;"), std::wstring::npos);
     EXPECT_NE(texto.find(L"\r\nP1;2;Ue;200x75x20x2,65;ACO;1234,5;7,75;15,5;0,75;\"com \"\"aba\"\"; "
                          L"furada\"\r\n"),
@@ -275,7 +277,7 @@ TEST_F(ListaMaterial, XlsxComNumerosETotais) {
     EXPECT_TRUE(said(L"Não foi possível gravar /nao/existe/lista.xlsx"));
     // A folder of that name cannot be replaced.
     std::filesystem::create_directory(arquivo);
-    EXPECT_FALSE(zp::lista::gravaXlsx(arquivo, linhas()));
+    EXPECT_FALSE(zp::lista::kWriteXlsx(arquivo, linhas()));
     std::filesystem::remove(arquivo);
 }
 
@@ -293,12 +295,12 @@ TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
     apaga({peca});
     EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"peça apagada");
     EXPECT_EQ(linhas()[0].observacao, L"");
-    EXPECT_EQ(zp::lista::totaisDe(linhas()).peso, 0.0);
+    EXPECT_EQ(zp::lista::totalsOf(linhas())[7], 0.0);
     for (const wchar_t* volta : {L"_u", L"_oops"}) {
         if (!peca.isErased()) apaga({peca, marca});
         type({volta});
         EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"");
-        EXPECT_DOUBLE_EQ(zp::lista::totaisDe(linhas()).peso, 12);
+        EXPECT_DOUBLE_EQ(zp::lista::totalsOf(linhas())[7], 12);
         EXPECT_EQ(Read<ZpMarca>(marca)->peca(), peca);
     }
     // A plate newer than the bar is what a mark at the plate's third corner stands for, and nothing

@@ -1,32 +1,48 @@
 // SPDX-License-Identifier: MIT
 // LISTAMATERIAL: table, spreadsheet files, new list, rows of erased pieces.
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "zp/matlist/acompanha.h"
+#include "zp/matlist/formats.h"
 #include "zp/matlist/pergunta.h"
 #include "zp/matlist/tabela.h"
 
 namespace zp::lista {
 namespace {
 
-enum class Acao { Tabela, Csv, Xlsx, Nova, Limpar, Nenhuma };
+/// Words of the command's question. Behind those of the table come the file formats'.
+constexpr std::array kTabela{L"Tabela", L"Table"};
+constexpr std::array kNova{L"Nova", L"New"};
+constexpr std::array kLimpar{L"Limpar", L"Purge"};
 
-Acao perguntaAcao() {
-    acedInitGet(0, L"Tabela Csv Xlsx Nova Limpar _Table Csv Xlsx New Purge");
+/// What the command is to do, by the word in the user's language; empty: nothing.
+std::wstring perguntaAcao() {
+    std::wstring local, global;
+    const auto poe = [&](const wchar_t* daqui, const wchar_t* deFora) {
+        local += (local.empty() ? L"" : L" ") + std::wstring(daqui);
+        global += (global.empty() ? L"" : L" ") + std::wstring(deFora);
+    };
+    poe(kTabela[0], kTabela[1]);
+    for (const Format& f : kFormatTable) poe(f.shown.word, f.shown.word);
+    poe(kNova[0], kNova[1]);
+    poe(kLimpar[0], kLimpar[1]);
+    std::wstring opcoes = local;
+    std::ranges::replace(opcoes, L' ', L'/');
+    acedInitGet(0, (local + L" _" + global).c_str());
     ACHAR palavra[133] = L"";
-    const int status =
-        acedGetKword(L"\nLista de material [Tabela/Csv/Xlsx/Nova/Limpar] <Tabela>: ", palavra);
-    if (status == RTNONE) return Acao::Tabela;
-    if (status != RTNORM) return Acao::Nenhuma;
-    const std::wstring escolha = palavra;
-    if (escolha == L"Csv") return Acao::Csv;
-    if (escolha == L"Xlsx") return Acao::Xlsx;
-    if (escolha == L"Purge" || escolha == L"Limpar") return Acao::Limpar;
-    return escolha == L"New" || escolha == L"Nova" ? Acao::Nova : Acao::Tabela;
+    const int status = acedGetKword(
+        (L"\nLista de material [" + opcoes + L"] <" + kTabela[0] + L">: ").c_str(), palavra);
+    if (status == RTNONE) return kTabela[0];
+    if (status != RTNORM) return {};
+    const std::wstring_view escolha = palavra;
+    for (const auto& palavras : {kTabela, kNova, kLimpar})
+        if (escolha == palavras[1]) return palavras[0];
+    return palavra;
 }
 
 /// The list to work on; nothing when there is none or the user declined.
@@ -109,12 +125,17 @@ std::optional<std::filesystem::path> perguntaDestino(const wchar_t* pergunta,
     }
 }
 
-/// A file of one of the formats; `extensao` with its dot.
-void exporta(const Lista& lista, const wchar_t* pergunta, const wchar_t* extensao,
-             bool (*grava)(const std::filesystem::path&, const std::vector<Linha>&)) {
-    const std::optional<std::filesystem::path> destino = perguntaDestino(pergunta, extensao);
+void exporta(const Lista& lista, const Format& formato) {
+    if (formato.write == nullptr) {
+        acutPrintf(L"\nEsta versão do programa não grava planilhas %ls; use a opção CSV.\n",
+                   formato.shown.name);
+        return;
+    }
+    const std::optional<std::filesystem::path> destino =
+        perguntaDestino((L"\nArquivo " + std::wstring(formato.shown.name) + L": ").c_str(),
+                        (L"." + std::wstring(formato.shown.extension)).c_str());
     if (!destino) return;
-    if (grava(*destino, linhas(lista.id)))
+    if (formato.write(*destino, linhas(lista.id)))
         acutPrintf(L"\nLista gravada em %ls.\n", textoDe(*destino).c_str());
     else
         acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
@@ -155,9 +176,9 @@ void limpa(const Lista& lista) {
 void comandoListaMaterial() {
     AcDbDatabase* desenho = acdbHostApplicationServices()->workingDatabase();
     if (desenho == nullptr) return;
-    const Acao acao = perguntaAcao();
-    if (acao == Acao::Nenhuma) return;
-    if (acao == Acao::Nova) {
+    const std::wstring acao = perguntaAcao();
+    if (acao.empty()) return;
+    if (acao == kNova[0]) {
         if (const auto lista = nova(*desenho, L"Perfil"))
             acutPrintf(L"\nLista de material %d criada.\n", lista->numero);
         return;
@@ -165,24 +186,16 @@ void comandoListaMaterial() {
     const std::optional<Lista> lista = escolhe(*desenho);
     if (!lista) return;
     descreveDeNovo(lista->id);
-    switch (acao) {
-        case Acao::Limpar:
-            limpa(*lista);
-            return;
-        case Acao::Csv:
-            exporta(*lista, L"\nArquivo CSV: ", L".csv", gravaCsv);
-            break;
-        case Acao::Xlsx:
-            if (!sabeXlsx()) {
-                acutPrintf(
-                    L"\nEsta versão do programa não grava planilhas XLSX; use a opção CSV.\n");
-                return;
-            }
-            exporta(*lista, L"\nArquivo XLSX: ", L".xlsx", gravaXlsx);
-            break;
-        default:
-            tabela(*lista);
+    if (acao == kLimpar[0]) {
+        limpa(*lista);
+        return;
     }
+    const auto formato =
+        std::ranges::find_if(kFormatTable, [&](const Format& f) { return acao == f.shown.word; });
+    if (formato != kFormatTable.end())
+        exporta(*lista, *formato);
+    else
+        tabela(*lista);
     avisaApagadas(*lista);
 }
 

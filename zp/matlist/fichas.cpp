@@ -10,6 +10,7 @@
 #include "protocol/attach.h"
 #include "protocol/edit.h"
 #include "zp/matlist/acompanha.h"
+#include "zp/matlist/columns.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/medidas_editaveis.h"
@@ -19,35 +20,31 @@ namespace {
 
 using protocol::PropertySheet;
 
-/// A row's texts that the user writes.
-struct Texto {
-    const ACHAR* chave;
-    const ACHAR* rotulo;
-    std::wstring Linha::*texto;
-};
-constexpr Texto kTextos[] = {
-    {L"material", L"Material", &Linha::material},
-    {L"observacao", L"Observação", &Linha::observacao},
-};
-
 constexpr const ACHAR* kMarca = L"marca";
-constexpr const ACHAR* kQuantidade = L"quantidade";
 constexpr int kMaisPecas = 1000000;
 
 std::wstring numero(double v, int casas, const wchar_t* unidade) {
     return fichas::escreve(v, casas) + L" " + unidade;
 }
 
+/// One decimal more than the list has.
+std::wstring words(const Cell& cell, const protocol::ListColumn& column) {
+    if (const auto* text = std::get_if<std::wstring>(&cell)) return *text;
+    const double value = std::get<double>(cell);
+    return column.decimals == 0 ? fichas::escreve(value, 0)
+                                : numero(value, column.decimals + 1, column.unit);
+}
+
 void mostraLinha(const Linha& l, PropertySheet& s) {
     s.group(L"Lista de material");
-    s.edit(kQuantidade, L"Quantidade", std::to_wstring(l.quantidade).c_str(), nullptr);
-    s.show(L"descricao", L"Descrição", l.descricao.c_str());
-    s.show(L"dimensoes", L"Dimensões", l.dimensoes.c_str());
-    s.show(L"comprimento", L"Comprimento", numero(l.comprimento, 2, L"mm").c_str());
-    s.show(L"peso_unitario", L"Massa unitária", numero(l.pesoUnitario, 3, L"kg").c_str());
-    s.show(L"peso_total", L"Massa total", numero(l.pesoTotal, 3, L"kg").c_str());
-    s.show(L"area_pintura", L"Área de pintura", numero(l.areaPintura, 4, L"m²").c_str());
-    for (const Texto& t : kTextos) s.edit(t.chave, t.rotulo, (l.*t.texto).c_str(), nullptr);
+    for (const Column& c : kColumnTable) {
+        if (c.field == Field(&Linha::marca)) continue;
+        const Cell cell = c.field == Field(&Linha::observacao) ? Cell(l.observacao) : cellOf(l, c);
+        if (c.editable)
+            s.edit(c.shown.key, c.shown.name, words(cell, c.shown).c_str(), nullptr);
+        else
+            s.show(c.shown.key, c.shown.name, words(cell, c.shown).c_str());
+    }
 }
 
 /// Another row of the same list has this mark.
@@ -106,15 +103,13 @@ std::wstring mudaLinha(AcDbObjectId registro, const std::wstring& chave,
                        const std::wstring& valor) {
     std::optional<Linha> linha = linhaEm(registro);
     if (!linha) return L"A marca não tem linha na lista de material.";
-    const auto* const texto =
-        std::ranges::find_if(kTextos, [&](const Texto& t) { return chave == t.chave; });
-    if (texto != std::end(kTextos)) {
-        (*linha).*(texto->texto) = aparado(valor);
-    } else if (chave == kQuantidade) {
-        if (std::wstring motivo = mudaQuantidade(*linha, valor); !motivo.empty()) return motivo;
-    } else {
-        return L"Este valor não pode ser editado.";
-    }
+    const auto column = std::ranges::find_if(
+        kColumnTable, [&](const Column& c) { return c.editable && chave == c.shown.key; });
+    if (column == kColumnTable.end()) return L"Este valor não pode ser editado.";
+    if (const auto* text = std::get_if<std::wstring Linha::*>(&column->field))
+        (*linha).*(*text) = aparado(valor);
+    else if (std::wstring motivo = mudaQuantidade(*linha, valor); !motivo.empty())
+        return motivo;
     return regrava(registro, *linha) ? L"" : L"A linha da lista não pôde ser gravada.";
 }
 

@@ -10,6 +10,7 @@
 #include "acutads.h"
 #include "dbxrecrd.h"
 #include "zp/corrente.h"
+#include "zp/matlist/columns.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace zp::lista {
@@ -24,23 +25,23 @@ constexpr short kVersao = 1;
 /// Builds a list group by group.
 class Escritor {
 public:
-    Escritor() { inteiro(kVersao); }
-    void texto(const std::wstring& t) { poe(acutBuildList(AcDb::kDxfText, t.c_str(), RTNONE)); }
-    void inteiro(int v) { poe(acutBuildList(AcDb::kDxfInt32, v, RTNONE)); }
-    void real(double v) { poe(acutBuildList(AcDb::kDxfReal, v, RTNONE)); }
-    void ponto(const AcGePoint3d& p) {
+    Escritor() { poe(int{kVersao}); }
+    void poe(const std::wstring& t) { liga(acutBuildList(AcDb::kDxfText, t.c_str(), RTNONE)); }
+    void poe(int v) { liga(acutBuildList(AcDb::kDxfInt32, v, RTNONE)); }
+    void poe(double v) { liga(acutBuildList(AcDb::kDxfReal, v, RTNONE)); }
+    void poe(const AcGePoint3d& p) {
         const ads_point xyz = {p.x, p.y, p.z};
-        poe(acutBuildList(AcDb::kDxfXCoord, xyz, RTNONE));
+        liga(acutBuildList(AcDb::kDxfXCoord, xyz, RTNONE));
     }
-    void id(const AcDbObjectId& i) {
+    void poe(const AcDbObjectId& i) {
         ads_name nome;
         if (acdbGetAdsName(nome, i) == Acad::eOk)
-            poe(acutBuildList(AcDb::kDxfSoftPointerId, nome, RTNONE));
+            liga(acutBuildList(AcDb::kDxfSoftPointerId, nome, RTNONE));
     }
     const resbuf* inicio() const { return m_inicio.get(); }
 
 private:
-    void poe(resbuf* item) {
+    void liga(resbuf* item) {
         if (item == nullptr) return;
         if (m_ultimo == nullptr)
             m_inicio.reset(item);
@@ -60,26 +61,28 @@ public:
         (void)registro.rbChain(&lista);  // an empty record gives no list
         m_inicio.reset(lista);
         m_item = lista;
-        if (inteiro() != kVersao) m_item = nullptr;
+        int versao = 0;
+        le(versao);
+        if (versao != kVersao) m_item = nullptr;
     }
     bool acabou() const { return m_item == nullptr; }
-    std::wstring texto() {
+    void le(std::wstring& t) {
         const resbuf* r = proximo(AcDb::kDxfText);
-        return r != nullptr && r->resval.rstring != nullptr ? r->resval.rstring : L"";
+        t = r != nullptr && r->resval.rstring != nullptr ? r->resval.rstring : L"";
     }
-    int inteiro() {
+    void le(int& v) {
         const resbuf* r = proximo(AcDb::kDxfInt32);
-        return r != nullptr ? r->resval.rlong : 0;
+        v = r != nullptr ? r->resval.rlong : 0;
     }
-    double real() {
+    void le(double& v) {
         const resbuf* r = proximo(AcDb::kDxfReal);
-        return r != nullptr ? r->resval.rreal : 0.0;
+        v = r != nullptr ? r->resval.rreal : 0.0;
     }
-    AcGePoint3d ponto() {
+    void le(AcGePoint3d& p) {
         const resbuf* r = proximo(AcDb::kDxfXCoord);
-        return r != nullptr
-                   ? AcGePoint3d(r->resval.rpoint[0], r->resval.rpoint[1], r->resval.rpoint[2])
-                   : AcGePoint3d();
+        p = r != nullptr
+                ? AcGePoint3d(r->resval.rpoint[0], r->resval.rpoint[1], r->resval.rpoint[2])
+                : AcGePoint3d();
     }
     AcDbObjectId id() {
         AcDbObjectId i;
@@ -156,35 +159,17 @@ std::vector<Entrada> entradas(AcDbObjectId dicionario, const wchar_t* prefixo) {
 }
 
 Linha leLinha(Leitor& l) {
-    const std::wstring marca = l.texto();
-    const int quantidade = l.inteiro();
-    const std::wstring descricao = l.texto();
-    const std::wstring dimensoes = l.texto();
-    const std::wstring material = l.texto();
-    const double comprimento = l.real();
-    const double unitario = l.real();
-    const double total = l.real();
-    const double pintura = l.real();
-    const std::wstring observacao = l.texto();
-    Linha linha(marca.c_str(), quantidade, descricao.c_str(), dimensoes.c_str(), material.c_str(),
-                comprimento, unitario, total, pintura, observacao.c_str());
+    Linha linha(L"", 0, L"", L"", L"", 0.0, 0.0, 0.0, 0.0, L"");
+    for (const Column& c : kColumnTable)
+        std::visit([&](auto field) { l.le(linha.*field); }, c.field);
     // What was erased before the drawing was saved is null now, and still counts as erased.
     while (!l.acabou()) linha.ids.push_back(AcDbSoftPointerId(l.id()));
     return linha;
 }
 
 void poeLinha(Escritor& e, const Linha& l) {
-    e.texto(l.marca);
-    e.inteiro(l.quantidade);
-    e.texto(l.descricao);
-    e.texto(l.dimensoes);
-    e.texto(l.material);
-    e.real(l.comprimento);
-    e.real(l.pesoUnitario);
-    e.real(l.pesoTotal);
-    e.real(l.areaPintura);
-    e.texto(l.observacao);
-    for (const AcDbSoftPointerId& id : l.ids) e.id(id);
+    for (const Column& c : kColumnTable) std::visit([&](auto field) { e.poe(l.*field); }, c.field);
+    for (const AcDbSoftPointerId& id : l.ids) e.poe(id);
 }
 
 /// Marks of the list asked last. They hold as long as its last row is still the last and what was
@@ -232,7 +217,9 @@ Guardado& guardado(AcDbObjectId lista) {
         const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
         if (registro.object() == nullptr) continue;
         Leitor leitor(*registro.object());
-        if (const int n = numeroDaMarca(leitor.texto()); n > 0) g.usa(n);
+        std::wstring marca;
+        leitor.le(marca);
+        if (const int n = numeroDaMarca(marca); n > 0) g.usa(n);
     }
     for (const AcDbObjectId& id : g_retiradas) g.testemunhas.push_back({id, id.isErased()});
     return g;
@@ -283,8 +270,8 @@ std::optional<Cabecalho> leCabecalho(AcDbObjectId lista) {
     Leitor leitor(*registro.object());
     if (leitor.acabou()) return {};
     Cabecalho c;
-    c.grupo = leitor.texto();
-    c.ponto = leitor.ponto();
+    leitor.le(c.grupo);
+    leitor.le(c.ponto);
     while (!leitor.acabou())
         if (const AcDbObjectId parte = leitor.id(); !parte.isNull())
             c.tabela.push_back(AcDbSoftPointerId(parte));
@@ -293,9 +280,9 @@ std::optional<Cabecalho> leCabecalho(AcDbObjectId lista) {
 
 bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho) {
     Escritor e;
-    e.texto(cabecalho.grupo);
-    e.ponto(cabecalho.ponto);
-    for (const AcDbSoftPointerId& id : cabecalho.tabela) e.id(id);
+    e.poe(cabecalho.grupo);
+    e.poe(cabecalho.ponto);
+    for (const AcDbSoftPointerId& id : cabecalho.tabela) e.poe(id);
     return grava(lista, kCabecalho, e);
 }
 

@@ -3,62 +3,46 @@
 #include <xlsxwriter.h>
 
 #include "files/replacement.h"
+#include "zp/matlist/columns.h"
+#include "zp/matlist/formats.h"
 #include "zp/matlist/tabela.h"
 
 namespace zp::lista {
 namespace {
-
-/// Widths in characters, formats of the numbers.
-struct Feitio {
-    double largura;
-    const char* formato;
-};
-constexpr std::array<Feitio, kColunas> kFeitios{{{9, ""},
-                                                 {9, "0"},
-                                                 {16, ""},
-                                                 {24, ""},
-                                                 {12, ""},
-                                                 {13, "#,##0.0"},
-                                                 {16, "#,##0.00"},
-                                                 {17, "#,##0.00"},
-                                                 {14, "#,##0.000"},
-                                                 {36, ""}}};
 
 /// One sheet; after the first failure nothing more is written.
 class Folha {
 public:
     explicit Folha(lxw_workbook* livro)
         : m_folha(workbook_add_worksheet(livro, "Lista de material")), m_titulo(negrito(livro)) {
-        for (std::size_t i = 0; i < kColunas; ++i) {
+        for (std::size_t i = 0; i < kColumns; ++i) {
             m_comum[i] = formato(workbook_add_format(livro), i);
             m_total[i] = formato(negrito(livro), i);
             const auto coluna = static_cast<lxw_col_t>(i);
-            nota(worksheet_set_column(m_folha, coluna, coluna, kFeitios[i].largura, nullptr));
+            nota(worksheet_set_column(m_folha, coluna, coluna, kColumnTable[i].shown.width,
+                                      nullptr));
         }
     }
 
     void titulos() {
-        for (std::size_t i = 0; i < kColunas; ++i) poe(i, kTitulos[i].titulo, m_titulo);
+        for (std::size_t i = 0; i < kColumns; ++i) poe(i, headingOf(kColumnTable[i]), m_titulo);
         worksheet_freeze_panes(m_folha, 1, 0);
         ++m_linha;
     }
     void linha(const Linha& l) {
-        texto(0, l.marca);
-        real(1, l.quantidade);
-        texto(2, l.descricao);
-        texto(3, l.dimensoes);
-        texto(4, l.material);
-        real(5, l.comprimento);
-        real(6, l.pesoUnitario);
-        real(7, l.pesoTotal);
-        real(8, l.areaPintura);
-        texto(9, observacaoDe(l));
+        for (std::size_t i = 0; i < kColumns; ++i) {
+            const Cell cell = cellOf(l, kColumnTable[i]);
+            if (const auto* text = std::get_if<std::wstring>(&cell))
+                texto(i, *text);
+            else
+                real(i, std::get<double>(cell), m_comum);
+        }
         ++m_linha;
     }
-    void totais(const Totais& t) {
-        poe(0, L"TOTAL", m_total[0]);
-        nota(worksheet_write_number(m_folha, m_linha, 7, t.peso, m_total[7]));
-        nota(worksheet_write_number(m_folha, m_linha, 8, t.pintura, m_total[8]));
+    void totais(const std::array<double, kColumns>& totals) {
+        poe(0, kTotal, m_total[0]);
+        for (std::size_t i = 0; i < kColumns; ++i)
+            if (kColumnTable[i].shown.summed) real(i, totals[i], m_total);
     }
     bool boa() const { return m_boa; }
 
@@ -69,7 +53,11 @@ private:
         return f;
     }
     static lxw_format* formato(lxw_format* f, std::size_t coluna) {
-        if (*kFeitios[coluna].formato != '\0') format_set_num_format(f, kFeitios[coluna].formato);
+        const int decimais = kColumnTable[coluna].shown.decimals;
+        if (decimais == 0) format_set_num_format(f, "0");
+        if (decimais > 0)
+            format_set_num_format(
+                f, ("#,##0." + std::string(static_cast<std::size_t>(decimais), '0')).c_str());
         return f;
     }
     void nota(lxw_error erro) { m_boa = m_boa && erro == LXW_NO_ERROR; }
@@ -80,15 +68,15 @@ private:
     void texto(std::size_t coluna, const std::wstring& t) {
         if (!t.empty()) poe(coluna, t, m_comum[coluna]);
     }
-    void real(std::size_t coluna, double v) {
+    void real(std::size_t coluna, double v, const std::array<lxw_format*, kColumns>& formatos) {
         nota(worksheet_write_number(m_folha, m_linha, static_cast<lxw_col_t>(coluna), v,
-                                    m_comum[coluna]));
+                                    formatos[coluna]));
     }
 
     lxw_worksheet* m_folha;
     lxw_format* m_titulo;
-    std::array<lxw_format*, kColunas> m_comum{};
-    std::array<lxw_format*, kColunas> m_total{};
+    std::array<lxw_format*, kColumns> m_comum{};
+    std::array<lxw_format*, kColumns> m_total{};
     lxw_row_t m_linha = 0;
     bool m_boa = true;
 };
@@ -99,18 +87,18 @@ bool escreve(const std::filesystem::path& caminho, const std::vector<Linha>& lin
     Folha folha(livro);
     folha.titulos();
     for (const Linha& l : linhas) folha.linha(l);
-    folha.totais(totaisDe(linhas));
+    folha.totais(totalsOf(linhas));
     return workbook_close(livro) == LXW_NO_ERROR && folha.boa();
 }
 
-}  // namespace
-
-bool sabeXlsx() { return true; }
-
-bool gravaXlsx(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
+bool writeXlsx(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
     // The library writes by name, and complains on the terminal of what it cannot open.
     files::Replacement arquivo(destino);
     return arquivo.open() == 0 && escreve(arquivo.place(), linhas) && arquivo.commit() == 0;
 }
+
+}  // namespace
+
+const ListWriter kWriteXlsx = writeXlsx;
 
 }  // namespace zp::lista

@@ -4,6 +4,7 @@
 
 #include "protocol/attach.h"
 #include "protocol/report.h"
+#include "zp/matlist/columns.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
 
@@ -25,26 +26,26 @@ public:
 
 class Listas : public protocol::DrawingReport {
 public:
+    const protocol::ListSchema& schema() const override { return listSchema(); }
     void describe(AcDbDatabase& database, PropertyVisitor& v) const override {
-        v.beginList(L"lista_material");
+        v.beginList(protocol::kListKey);
         for (const Lista& lista : listas(database))
             for (const Linha& l : linhas(lista.id)) linha(lista, l, v);
         v.endList();
     }
 
 private:
+    static void tell(const Cell& cell, const protocol::ListColumn& column, PropertyVisitor& v) {
+        if (const auto* text = std::get_if<std::wstring>(&cell))
+            v.text(column.key, text->c_str());
+        else if (const double value = std::get<double>(cell); column.decimals == 0)
+            v.integer(column.key, static_cast<long long>(value));
+        else
+            v.number(column.key, value);
+    }
     static void linha(const Lista& lista, const Linha& l, PropertyVisitor& v) {
         v.beginGroup(nullptr);
-        v.text(L"marca", l.marca.c_str());
-        v.integer(L"quantidade", l.quantidade);
-        v.text(L"descricao", l.descricao.c_str());
-        v.text(L"dimensoes", l.dimensoes.c_str());
-        v.text(L"material", l.material.c_str());
-        v.number(L"comprimento", l.comprimento);
-        v.number(L"peso_unitario", l.pesoUnitario);
-        v.number(L"peso_total", l.pesoTotal);
-        v.number(L"area_pintura", l.areaPintura);
-        v.text(L"observacao", observacaoDe(l).c_str());
+        for (const Column& c : kColumnTable) tell(cellOf(l, c), c.shown, v);
         v.integer(L"lista", lista.numero);
         v.text(L"grupo", lista.cabecalho.grupo.c_str());
         v.integer(L"apagada", apagada(l) ? 1 : 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Table and text file of a material list.
+// Table of a material list.
 #include "zp/matlist/tabela.h"
 
 #include <algorithm>
@@ -10,43 +10,20 @@
 
 #include "adscodes.h"
 #include "dbents.h"
-#include "files/replacement.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "zp/objects/secao/secao.h"
+#include "zp/matlist/columns.h"
 
 namespace zp::lista {
 namespace {
 
-using secao::numero;
+using Line = std::array<std::wstring, kColumns>;
 
-using Campos = std::array<std::wstring, kColunas>;
-
-Campos titulos() {
-    Campos c;
-    std::transform(kTitulos.begin(), kTitulos.end(), c.begin(),
-                   [](const Coluna& t) { return t.titulo; });
-    return c;
-}
-
-Campos campos(const Linha& l) {
-    return {l.marca,
-            std::to_wstring(l.quantidade),
-            l.descricao,
-            l.dimensoes,
-            l.material,
-            numero(l.comprimento, 1),
-            numero(l.pesoUnitario, 2),
-            numero(l.pesoTotal, 2),
-            numero(l.areaPintura, 3),
-            observacaoDe(l)};
-}
-
-Campos campos(const Totais& t) {
-    Campos c;
-    c[0] = L"TOTAL";
-    c[7] = numero(t.peso, 2);
-    c[8] = numero(t.pintura, 3);
-    return c;
+/// One text a column.
+template <class TextOf>
+Line lineOf(TextOf textOf) {
+    Line line;
+    std::ranges::transform(kColumnTable, line.begin(), textOf);
+    return line;
 }
 
 void apagaTabela(const Cabecalho& cabecalho) {
@@ -88,39 +65,21 @@ private:
     std::vector<AcDbSoftPointerId> m_ids;
 };
 
-std::wstring semFormula(const std::wstring& texto) {
-    return texto.find_first_of(L"=+-@\t\r") == 0 ? L'\'' + texto : texto;
-}
-
-std::wstring campoCsv(const std::wstring& campo) {
-    if (campo.find_first_of(L";\"\r\n") == std::wstring::npos) return campo;
-    std::wstring citado = L"\"";
-    for (const wchar_t c : campo) {
-        if (c == L'"') citado += L'"';
-        citado += c;
-    }
-    return citado + L'"';
-}
-
-void acrescentaCsv(std::wstring& texto, const Campos& c) {
-    for (std::size_t i = 0; i < kColunas; ++i) {
-        if (i > 0) texto += L';';
-        texto += campoCsv(kTitulos[i].numerica ? c[i] : semFormula(c[i]));
-    }
-    texto += L"\r\n";
+std::vector<Line> linesOf(const std::vector<Linha>& linhas) {
+    std::vector<Line> lines{lineOf(headingOf)};
+    for (const Linha& l : linhas)
+        lines.push_back(lineOf([&](const Column& c) { return wordsOf(cellOf(l, c), c); }));
+    const std::array<double, kColumns> totals = totalsOf(linhas);
+    lines.push_back(lineOf([&](const Column& c) {
+        const auto i = static_cast<std::size_t>(&c - kColumnTable.data());
+        return c.shown.summed ? wordsOf(totals[i], c)
+               : i == 0       ? std::wstring(kTotal)
+                              : std::wstring();
+    }));
+    return lines;
 }
 
 }  // namespace
-
-Totais totaisDe(const std::vector<Linha>& linhas) {
-    Totais t;
-    for (const Linha& l : linhas) {
-        if (apagada(l)) continue;
-        t.peso += l.pesoTotal;
-        t.pintura += l.areaPintura;
-    }
-    return t;
-}
 
 std::string utf8(const std::wstring& texto) {
     std::string bytes;
@@ -176,18 +135,15 @@ std::wstring textoDe(const std::filesystem::path& caminho) {
 bool desenhaTabela(const Lista& lista) {
     std::optional<Cabecalho> cabecalho = leCabecalho(lista.id);
     if (!cabecalho) return false;
-    const std::vector<Linha> todas = linhas(lista.id);
-    std::vector<Campos> celulas{titulos()};
-    for (const Linha& l : todas) celulas.push_back(campos(l));
-    celulas.push_back(campos(totaisDe(todas)));
+    const std::vector<Line> celulas = linesOf(linhas(lista.id));
 
     const double h = 2.5 * GetScale();
-    std::array<double, kColunas + 1> x{};
+    std::array<double, kColumns + 1> x{};
     x[0] = cabecalho->ponto.x;
-    for (std::size_t i = 0; i < kColunas; ++i) {
+    for (std::size_t i = 0; i < kColumns; ++i) {
         std::size_t maior = 0;
-        for (const Campos& c : celulas) maior = std::max(maior, c[i].size());
-        // cppcheck-suppress containerOutOfBounds ; x has one more than kColunas
+        for (const Line& c : celulas) maior = std::max(maior, c[i].size());
+        // cppcheck-suppress containerOutOfBounds ; x has one more than kColumns
         x[i + 1] = x[i] + h * (0.9 * static_cast<double>(maior) + 1.6);
     }
     apagaTabela(*cabecalho);
@@ -201,24 +157,13 @@ bool desenhaTabela(const Lista& lista) {
         d.linha({x.front(), y(n), z}, {x.back(), y(n), z});
     for (const double coluna : x) d.linha({coluna, y(0), z}, {coluna, y(celulas.size()), z});
     for (std::size_t n = 0; n < celulas.size(); ++n)
-        for (std::size_t i = 0; i < kColunas; ++i) {
-            const bool direita = kTitulos[i].numerica && n > 0;
+        for (std::size_t i = 0; i < kColumns; ++i) {
+            const bool direita = kColumnTable[i].shown.decimals >= 0 && n > 0;
             const double onde = direita ? x[i + 1] - 0.8 * h : x[i] + 0.8 * h;
             d.texto({onde, y(n + 1) + 0.5 * h, z}, celulas[n][i], h, direita);
         }
     cabecalho->tabela = d.ids();
     return gravaCabecalho(lista.id, *cabecalho);
-}
-
-std::wstring textoCsv(const std::vector<Linha>& linhas) {
-    std::wstring texto;
-    acrescentaCsv(texto, titulos());
-    for (const Linha& l : linhas) acrescentaCsv(texto, campos(l));
-    return texto;
-}
-
-bool gravaCsv(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
-    return files::replace(destino, "\xEF\xBB\xBF" + utf8(textoCsv(linhas))) == 0;
 }
 
 }  // namespace zp::lista

@@ -7,16 +7,9 @@
 #include <QPalette>
 
 namespace prancheta::desktop {
-namespace {
-
-const MaterialColumnInfo& info(int column) {
-    return kMaterialColumnInfos[static_cast<std::size_t>(column)];
-}
-
-}  // namespace
-
-void MaterialModel::setRows(std::vector<MaterialRow> rows) {
+void MaterialModel::setRows(std::vector<MaterialRow> rows, MaterialSchema schema) {
     beginResetModel();
+    m_schema = std::move(schema);
     m_rows = std::move(rows);
     endResetModel();
 }
@@ -26,14 +19,14 @@ int MaterialModel::rowCount(const QModelIndex& parent) const {
 }
 
 int MaterialModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : kMaterialColumns;
+    return parent.isValid() ? 0 : static_cast<int>(m_schema.columns.size());
 }
 
 QVariant MaterialModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const MaterialRow& material = row(index.row());
     const auto column = static_cast<std::size_t>(index.column());
-    const bool number = info(index.column()).decimals >= 0;
+    const bool number = m_schema.columns[column].decimals >= 0;
     switch (role) {
         case Qt::DisplayRole:
             return material.texts[column];
@@ -66,10 +59,11 @@ QVariant MaterialModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant MaterialModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= kMaterialColumns) return {};
-    if (role == Qt::DisplayRole) return QString::fromUtf8(info(section).title);
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    const MaterialSchema::Column& column = m_schema.columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return column.title;
     if (role == Qt::TextAlignmentRole)
-        return static_cast<int>((info(section).decimals >= 0 ? Qt::AlignRight : Qt::AlignLeft) |
+        return static_cast<int>((column.decimals >= 0 ? Qt::AlignRight : Qt::AlignLeft) |
                                 Qt::AlignVCenter);
     return {};
 }

@@ -20,7 +20,8 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    void setRows(std::vector<MaterialRow> rows);
+    void setRows(std::vector<MaterialRow> rows, MaterialSchema schema);
+    const MaterialSchema& schema() const { return m_schema; }
     const std::vector<MaterialRow>& rows() const { return m_rows; }
     const MaterialRow& row(int index) const { return m_rows[static_cast<std::size_t>(index)]; }
 
@@ -30,6 +31,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
+    MaterialSchema m_schema;
     std::vector<MaterialRow> m_rows;
 };
 

@@ -30,6 +30,8 @@ namespace {
 
 /// Longest file name that the command takes.
 constexpr qsizetype kLongestName = 131;
+/// Pixels of a usual character.
+constexpr int kCharacterWidth = 8;
 
 /// The rows of one list, or of all, that the search finds; "P2" before "P10".
 class MaterialOrder : public QSortFilterProxyModel {
@@ -74,18 +76,17 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QPushButton* button(const char* name, const char* text, const char* hint,
-                        void (MaterialPanel::*act)());
+    template <class Act>
+    QPushButton* button(const QString& name, const QString& text, const QString& hint, Act act);
     void load();
+    void showSchema();
     void loadLists();
     void showTotals();
     void selectPieces();
     void copy();
     void drawTable();
     void update();
-    void writeCsv() { write("_Csv", "csv", "Planilha CSV (*.csv)"); }
-    void writeXlsx() { write("_Xlsx", "xlsx", "Planilha XLSX (*.xlsx)"); }
-    void write(const char* option, const char* suffix, const char* filter);
+    void write(const MaterialSchema::Format& format);
     /// Number of the list to work on; 0 leaves the question to the command, which asks it only when
     /// there are several; -1: the user has to choose one first.
     int chosenList() const;
@@ -102,6 +103,7 @@ private:
     QLineEdit* m_search;
     QComboBox* m_list;
     QLabel* m_totals;
+    QWidget* m_files;  ///< buttons of the file formats
 };
 
 MaterialPanel::MaterialPanel()
@@ -110,7 +112,8 @@ MaterialPanel::MaterialPanel()
       m_view(new QTableView),
       m_search(new QLineEdit),
       m_list(new QComboBox),
-      m_totals(new QLabel) {
+      m_totals(new QLabel),
+      m_files(new QWidget) {
     m_order->setSourceModel(m_model);
     m_view->setModel(m_order);
     m_view->setObjectName(QStringLiteral("lista_material"));
@@ -126,8 +129,6 @@ MaterialPanel::MaterialPanel()
     QHeaderView* head = m_view->horizontalHeader();
     head->setHighlightSections(false);
     head->setStretchLastSection(true);
-    constexpr int kWidths[kMaterialColumns] = {64, 58, 150, 130, 80, 92, 104, 104, 96, 160};
-    for (int i = 0; i < kMaterialColumns; ++i) head->resizeSection(i, kWidths[i]);
     // As listed until a title is clicked.
     head->setSortIndicator(-1, Qt::AscendingOrder);
     m_view->setSortingEnabled(true);
@@ -143,18 +144,18 @@ MaterialPanel::MaterialPanel()
     m_totals->setFont(bold);
     m_totals->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
+    auto* files = new QHBoxLayout(m_files);
+    files->setContentsMargins(0, 0, 0, 0);
     auto* top = new QHBoxLayout;
     top->addWidget(m_list);
     top->addWidget(m_search, 1);
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(button("tabela", "Tabela", "Desenha a tabela no desenho, ou a põe em dia",
+    bottom->addWidget(button(QStringLiteral("tabela"), QStringLiteral("Tabela"),
+                             QStringLiteral("Desenha a tabela no desenho, ou a põe em dia"),
                              &MaterialPanel::drawTable));
-    bottom->addWidget(
-        button("atualizar", "Atualizar", "Lê a lista de novo", &MaterialPanel::update));
-    bottom->addWidget(
-        button("csv", "CSV…", "Grava a lista num arquivo CSV", &MaterialPanel::writeCsv));
-    bottom->addWidget(
-        button("xlsx", "XLSX…", "Grava a lista numa planilha XLSX", &MaterialPanel::writeXlsx));
+    bottom->addWidget(button(QStringLiteral("atualizar"), QStringLiteral("Atualizar"),
+                             QStringLiteral("Lê a lista de novo"), &MaterialPanel::update));
+    bottom->addWidget(m_files);
     bottom->addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
@@ -181,11 +182,12 @@ MaterialPanel::MaterialPanel()
     loadLists();
 }
 
-QPushButton* MaterialPanel::button(const char* name, const char* text, const char* hint,
-                                   void (MaterialPanel::*act)()) {
-    auto* made = new QPushButton(QString::fromUtf8(text));
-    made->setObjectName(QString::fromUtf8(name));
-    made->setToolTip(QString::fromUtf8(hint));
+template <class Act>
+QPushButton* MaterialPanel::button(const QString& name, const QString& text, const QString& hint,
+                                   Act act) {
+    auto* made = new QPushButton(text);
+    made->setObjectName(name);
+    made->setToolTip(hint);
     connect(made, &QPushButton::clicked, this, act);
     return made;
 }
@@ -203,10 +205,28 @@ void MaterialPanel::refresh() {
 
 void MaterialPanel::load() {
     const QScopedValueRollback guard(m_selecting, true);
-    m_model->setRows(m_editor != nullptr ? materialRows(m_editor->database())
-                                         : std::vector<MaterialRow>());
+    MaterialSchema schema = materialSchema();
+    const bool other = schema != m_model->schema();
+    std::vector<MaterialRow> rows;
+    if (m_editor != nullptr) rows = materialRows(m_editor->database(), schema);
+    m_model->setRows(std::move(rows), std::move(schema));
+    if (other) showSchema();
     loadLists();
     showTotals();
+}
+
+/// Widths of the columns, and a button for each file format.
+void MaterialPanel::showSchema() {
+    const MaterialSchema& schema = m_model->schema();
+    for (std::size_t i = 0; i < schema.columns.size(); ++i)
+        m_view->horizontalHeader()->resizeSection(static_cast<int>(i),
+                                                  kCharacterWidth * schema.columns[i].width);
+    qDeleteAll(m_files->findChildren<QPushButton*>());
+    for (const MaterialSchema::Format& format : schema.formats)
+        m_files->layout()->addWidget(
+            button(format.extension, format.name + u'…',
+                   QStringLiteral("Grava a lista num arquivo ") + format.name,
+                   [this, format] { write(format); }));
 }
 
 void MaterialPanel::loadLists() {
@@ -232,17 +252,17 @@ std::vector<int> MaterialPanel::visibleRows() const {
 }
 
 void MaterialPanel::showTotals() {
-    constexpr auto kMass = static_cast<std::size_t>(MaterialColumn::TotalMass);
-    constexpr auto kPaint = static_cast<std::size_t>(MaterialColumn::PaintArea);
-    MaterialTotals sum;
-    for (const int row : visibleRows()) {
-        const MaterialRow& material = m_model->row(row);
-        if (material.erased) continue;
-        sum.mass += material.numbers[kMass];
-        sum.paintArea += material.numbers[kPaint];
+    const std::vector<int> visible = visibleRows();
+    const std::vector<MaterialSchema::Column>& columns = m_model->schema().columns;
+    QStringList sums;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (!columns[i].summed) continue;
+        double sum = 0.0;
+        for (const int row : visible)
+            if (!m_model->row(row).erased) sum += m_model->row(row).numbers[i];
+        sums << commaText(sum, 2) + u' ' + columns[i].unit;
     }
-    m_totals->setText(QStringLiteral("Total: %1 kg   %2 m²")
-                          .arg(commaText(sum.mass, 2), commaText(sum.paintArea, 2)));
+    m_totals->setText(QStringLiteral("Total: ") + sums.join(QStringLiteral("   ")));
 }
 
 /// Before the menus, which copy the text of the command line.
@@ -282,8 +302,7 @@ void MaterialPanel::copy() {
     for (const QModelIndex& index : chosen) rows.push_back(m_order->mapToSource(index).row());
     if (rows.empty()) rows = visibleRows();
     QStringList titles;
-    for (const MaterialColumnInfo& column : kMaterialColumnInfos)
-        titles << QString::fromUtf8(column.title);
+    for (const MaterialSchema::Column& column : m_model->schema().columns) titles << column.title;
     QString text = titles.join(u'\t') + u'\n';
     for (const int row : rows) {
         QStringList cells;
@@ -306,26 +325,27 @@ void MaterialPanel::update() {
 
 void MaterialPanel::drawTable() {
     const int list = chosenList();
-    QString line = QStringLiteral("LISTAMATERIAL _Table");
+    QString line = m_model->schema().command + QStringLiteral(" _") + m_model->schema().draw;
     if (list > 0) line += QStringLiteral("\n%1").arg(list);
     emit commandWanted(line);
 }
 
-void MaterialPanel::write(const char* option, const char* suffix, const char* filter) {
+void MaterialPanel::write(const MaterialSchema::Format& format) {
     const int list = chosenList();
     if (list < 0) {
         emit messageWanted(
             QStringLiteral("O desenho tem várias listas; escolha no painel a que se grava."));
         return;
     }
-    QString name = QFileDialog::getSaveFileName(this, QStringLiteral("Gravar lista de material"),
-                                                QStringLiteral("lista.") + QLatin1String(suffix),
-                                                QString::fromUtf8(filter));
+    QString name = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Gravar lista de material"),
+        QStringLiteral("lista.") + format.extension,
+        QStringLiteral("Planilha %1 (*.%2)").arg(format.name, format.extension));
     if (name.isEmpty()) return;
     // Only a name that the window showed was confirmed there.
     bool confirmed = QFileInfo::exists(name);
-    if (!name.endsWith(u'.' + QString::fromUtf8(suffix), Qt::CaseInsensitive)) {
-        name += u'.' + QString::fromUtf8(suffix);
+    if (!name.endsWith(u'.' + format.extension, Qt::CaseInsensitive)) {
+        name += u'.' + format.extension;
         confirmed = false;
     }
     if (name.size() > kLongestName) {
@@ -334,7 +354,7 @@ void MaterialPanel::write(const char* option, const char* suffix, const char* fi
             name);
         return;
     }
-    QString line = QStringLiteral("LISTAMATERIAL ") + QLatin1String(option);
+    QString line = m_model->schema().command + QStringLiteral(" _") + format.word;
     if (list > 0) line += QStringLiteral("\n%1").arg(list);
     line += u'\n' + name;
     if (confirmed) line += QStringLiteral("\n_Yes");

@@ -11,19 +11,6 @@
 
 namespace prancheta::desktop {
 
-const std::array<MaterialColumnInfo, kMaterialColumns> kMaterialColumnInfos = {{
-    {L"marca", "Marca", -1},
-    {L"quantidade", "Quant.", 0},
-    {L"descricao", "Descrição", -1},
-    {L"dimensoes", "Dimensões", -1},
-    {L"material", "Material", -1},
-    {L"comprimento", "Compr. (mm)", 1},
-    {L"peso_unitario", "Peso unit. (kg)", 2},
-    {L"peso_total", "Peso total (kg)", 2},
-    {L"area_pintura", "Pintura (m²)", 3},
-    {L"observacao", "Observação", -1},
-}};
-
 namespace {
 
 using std::wstring_view;
@@ -31,6 +18,7 @@ using std::wstring_view;
 /// Takes the rows of the list named lista_material out of a report and leaves everything else.
 class Reader : public protocol::PropertyVisitor {
 public:
+    explicit Reader(const std::vector<MaterialSchema::Column>& columns) : m_columns(columns) {}
     std::vector<MaterialRow> rows;
 
     void number(const ACHAR* name, double value) override { put(name, value); }
@@ -52,7 +40,7 @@ public:
         if (m_inPieces) m_pieces.push_back(value);
     }
     void beginList(const ACHAR* name) override {
-        if (m_depth == kOutside) m_inList = is(name, L"lista_material");
+        if (m_depth == kOutside) m_inList = is(name, protocol::kListKey);
         if (m_depth == kRow) {
             m_inIds = is(name, L"ids");
             m_inPieces = m_inList && is(name, L"pecas");
@@ -61,7 +49,10 @@ public:
     }
     void endList() override { --m_depth; }
     void beginGroup(const ACHAR*) override {
-        if (++m_depth == kRow && m_inList) rows.emplace_back();
+        if (++m_depth != kRow || !m_inList) return;
+        MaterialRow& row = rows.emplace_back();
+        row.texts.resize(m_columns.size());
+        row.numbers.resize(m_columns.size());
     }
     /// A row whose pieces are known stands for them, not for what is tied to it in their place.
     void endGroup() override {
@@ -76,9 +67,9 @@ private:
         return name != nullptr && wanted == name;
     }
     bool inRow() const { return m_inList && m_depth == kRow && !rows.empty(); }
-    static int columnOf(const ACHAR* name) {
-        for (int i = 0; i < kMaterialColumns; ++i)
-            if (is(name, kMaterialColumnInfos[static_cast<std::size_t>(i)].name)) return i;
+    int columnOf(const ACHAR* name) const {
+        for (std::size_t i = 0; i < m_columns.size(); ++i)
+            if (name != nullptr && m_columns[i].key == name) return static_cast<int>(i);
         return -1;
     }
     void put(const ACHAR* name, double value) {
@@ -87,9 +78,10 @@ private:
         if (column < 0) return;
         const auto i = static_cast<std::size_t>(column);
         rows.back().numbers[i] = value;
-        rows.back().texts[i] = commaText(value, std::max(0, kMaterialColumnInfos[i].decimals));
+        rows.back().texts[i] = commaText(value, std::max(0, m_columns[i].decimals));
     }
 
+    const std::vector<MaterialSchema::Column>& m_columns;
     int m_depth = kOutside;
     bool m_inList = false;
     bool m_inIds = false;
@@ -97,13 +89,33 @@ private:
     std::vector<AcDbObjectId> m_pieces;  ///< of the row that is being read
 };
 
+const protocol::DrawingReport* drawingReport() {
+    return static_cast<const protocol::DrawingReport*>(
+        acrxSysRegistry()->at(protocol::kDrawingReportKey));
+}
+
 }  // namespace
 
-std::vector<MaterialRow> materialRows(AcDbDatabase& database) {
-    auto* const report =
-        static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
+MaterialSchema materialSchema() {
+    const protocol::DrawingReport* const report = drawingReport();
     if (report == nullptr) return {};
-    Reader reader;
+    const protocol::ListSchema& told = report->schema();
+    MaterialSchema schema{qt(told.command), qt(told.draw), {}, {}};
+    for (const protocol::ListColumn& c : told.columns) {
+        const QString unit = qt(c.unit);
+        const QString title =
+            unit.isEmpty() ? qt(c.title) : QStringLiteral("%1 (%2)").arg(qt(c.title), unit);
+        schema.columns.push_back({c.key, title, unit, c.decimals, c.width, c.summed});
+    }
+    for (const protocol::ListFormat& f : told.formats)
+        schema.formats.push_back({qt(f.word), qt(f.name), qt(f.extension)});
+    return schema;
+}
+
+std::vector<MaterialRow> materialRows(AcDbDatabase& database, const MaterialSchema& schema) {
+    const protocol::DrawingReport* const report = drawingReport();
+    if (report == nullptr) return {};
+    Reader reader(schema.columns);
     report->describe(database, reader);
     return std::move(reader.rows);
 }

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// The columns of a material list.
+#include "zp/matlist/columns.h"
+
+#include <algorithm>
+
+#include "zp/matlist/formats.h"
+#include "zp/matlist/lista.h"
+#include "zp/objects/secao/secao.h"
+
+namespace zp::lista {
+
+// Key, title, name, unit, decimals, width, summed; field, editable.
+const std::array<Column, kColumns> kColumnTable{{
+    {{L"marca", L"Marca", L"Marca", L"", -1, 9, false}, &Linha::marca, false},
+    {{L"quantidade", L"Quant.", L"Quantidade", L"", 0, 9, false}, &Linha::quantidade, true},
+    {{L"descricao", L"Descrição", L"Descrição", L"", -1, 16, false}, &Linha::descricao, false},
+    {{L"dimensoes", L"Dimensões", L"Dimensões", L"", -1, 24, false}, &Linha::dimensoes, false},
+    {{L"material", L"Material", L"Material", L"", -1, 12, false}, &Linha::material, true},
+    {{L"comprimento", L"Compr.", L"Comprimento", L"mm", 1, 13, false}, &Linha::comprimento, false},
+    {{L"peso_unitario", L"Peso unit.", L"Peso unitário", L"kg", 2, 16, false},
+     &Linha::pesoUnitario,
+     false},
+    {{L"peso_total", L"Peso total", L"Peso total", L"kg", 2, 17, true}, &Linha::pesoTotal, false},
+    {{L"area_pintura", L"Pintura", L"Área de pintura", L"m²", 3, 14, true},
+     &Linha::areaPintura,
+     false},
+    {{L"observacao", L"Observação", L"Observação", L"", -1, 36, false}, &Linha::observacao, true},
+}};
+
+Cell cellOf(const Linha& linha, const Column& column) {
+    if (column.field == Field(&Linha::observacao)) return observacaoDe(linha);
+    return std::visit(
+        [&](auto field) -> Cell {
+            if constexpr (std::is_same_v<decltype(field), std::wstring Linha::*>)
+                return linha.*field;
+            else
+                return static_cast<double>(linha.*field);
+        },
+        column.field);
+}
+
+std::array<double, kColumns> totalsOf(const std::vector<Linha>& linhas) {
+    std::array<double, kColumns> totals{};
+    for (const Linha& l : linhas) {
+        if (apagada(l)) continue;
+        for (std::size_t i = 0; i < kColumns; ++i)
+            if (kColumnTable[i].shown.summed)
+                totals[i] += std::get<double>(cellOf(l, kColumnTable[i]));
+    }
+    return totals;
+}
+
+std::wstring wordsOf(const Cell& cell, const Column& column) {
+    if (const auto* text = std::get_if<std::wstring>(&cell)) return *text;
+    return secao::numero(std::get<double>(cell), column.shown.decimals);
+}
+
+std::wstring headingOf(const Column& column) {
+    std::wstring heading = column.shown.title;
+    for (wchar_t& c : heading)
+        if ((c >= L'a' && c <= L'z') || (c >= L'à' && c <= L'þ'))
+            c = static_cast<wchar_t>(c - 0x20);
+    std::wstring unit = column.shown.unit;
+    std::ranges::replace(unit, L'²', L'2');
+    return unit.empty() ? heading : heading + L" (" + unit + L")";
+}
+
+const protocol::ListSchema& listSchema() {
+    static const auto columns = [] {
+        std::array<protocol::ListColumn, kColumns> shown;
+        std::ranges::transform(kColumnTable, shown.begin(), &Column::shown);
+        return shown;
+    }();
+    static const auto formats = [] {
+        std::array<protocol::ListFormat, kFormats> shown;
+        std::ranges::transform(kFormatTable, shown.begin(), &Format::shown);
+        return shown;
+    }();
+    static const protocol::ListSchema schema{L"LISTAMATERIAL", L"Table", columns, formats};
+    return schema;
+}
+
+}  // namespace zp::lista

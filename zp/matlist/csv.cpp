@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Text file of a material list.
+#include "files/replacement.h"
+#include "zp/matlist/columns.h"
+#include "zp/matlist/formats.h"
+#include "zp/matlist/tabela.h"
+
+namespace zp::lista {
+namespace {
+
+std::wstring semFormula(const std::wstring& texto) {
+    return texto.find_first_of(L"=+-@\t\r") == 0 ? L'\'' + texto : texto;
+}
+
+std::wstring campoCsv(const std::wstring& campo) {
+    if (campo.find_first_of(L";\"\r\n") == std::wstring::npos) return campo;
+    std::wstring citado = L"\"";
+    for (const wchar_t c : campo) {
+        if (c == L'"') citado += L'"';
+        citado += c;
+    }
+    return citado + L'"';
+}
+
+/// `textOf` gives a column's text.
+template <class TextOf>
+void appendLine(std::wstring& text, TextOf textOf) {
+    for (const Column& c : kColumnTable) {
+        if (&c != kColumnTable.data()) text += L';';
+        text += campoCsv(textOf(c));
+    }
+    text += L"\r\n";
+}
+
+}  // namespace
+
+std::wstring csvText(const std::vector<Linha>& linhas) {
+    std::wstring text;
+    appendLine(text, headingOf);
+    for (const Linha& l : linhas)
+        appendLine(text, [&](const Column& c) {
+            const std::wstring words = wordsOf(cellOf(l, c), c);
+            return c.shown.decimals < 0 ? semFormula(words) : words;
+        });
+    return text;
+}
+
+bool writeCsv(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
+    return files::replace(destino, "\xEF\xBB\xBF" + utf8(csvText(linhas))) == 0;
+}
+
+}  // namespace zp::lista

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// File formats of a material list: a new one is a row here and its writer.
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "protocol/report.h"
+#include "zp/matlist/zpmatlist.h"
+
+namespace zp::lista {
+
+/// Writes rows and totals. A failure leaves the file that was there.
+using ListWriter = bool (*)(const std::filesystem::path& destino, const std::vector<Linha>& linhas);
+
+struct Format {
+    protocol::ListFormat shown;
+    ListWriter write;  ///< null where the program was built without it
+};
+
+/// Semicolon between fields, decimal comma, CR LF, a heading line first. Fields with a semicolon, a
+/// quote or a line end are quoted. Before a text that a spreadsheet would run as a formula (its
+/// first character is one of = + - @, a tab or a return) stands an apostrophe.
+std::wstring csvText(const std::vector<Linha>& linhas);
+/// That text in UTF-8 with a mark.
+bool writeCsv(const std::filesystem::path& destino, const std::vector<Linha>& linhas);
+/// Workbook with numbers as numbers and a line of totals.
+extern const ListWriter kWriteXlsx;
+
+inline constexpr std::size_t kFormats = 2;
+inline const std::array<Format, kFormats> kFormatTable{{
+    {{L"Csv", L"CSV", L"csv"}, writeCsv},
+    {{L"Xlsx", L"XLSX", L"xlsx"}, kWriteXlsx},
+}};
+
+}  // namespace zp::lista
