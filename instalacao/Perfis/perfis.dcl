@@ -653,11 +653,11 @@ i2c_geracao : dialog {
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
-                : altura_h { label = "&Altura dos topos h (mm)"; }
-                : aba_b { label = "Lado &b (mm)"; }
+                altura_h;
+                aba_b;
                 espessura_t;
                 vao_a;
-                : enrijecedor_e { label = "Aba exter&na e (mm)"; }
+                enrijecedor_e;
             }
             botao_travejar;
         }

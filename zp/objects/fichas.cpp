@@ -11,6 +11,7 @@
 #include "zp/objects/edicao.h"
 #include "zp/objects/medidas_editaveis.h"
 #include "zp/objects/peca.h"
+#include "zp/objects/secao/rotulos.h"
 
 namespace zp::fichas {
 namespace {
@@ -20,12 +21,12 @@ using protocol::PropertySheet;
 constexpr const ACHAR* kComprimento = L"comprimento";
 constexpr const ACHAR* kTipoBarra = L"tipo_barra";
 
-struct Papel {
+struct Funcao {
     int tipo;
     const ACHAR* nome;
 };
 
-constexpr Papel kTipos[] = {
+constexpr Funcao kTipos[] = {
     {ZpObject::kBarra, L"Barra simples"},
     {ZpObject::kMontante, L"Montante"},
     {ZpObject::kDiagonal, L"Diagonal"},
@@ -87,7 +88,7 @@ void grupoGeometria(const ZpObject& peca, const Peca& p, PropertySheet& s) {
         const double* const guardado = p.valor(medida.papel);
         if (guardado == nullptr) continue;
         const double v = *guardado * medida.fator;
-        const ACHAR* const nome = rotuloDe(medida, p.classe);
+        const ACHAR* const nome = secao::rotulo(medida.papel, p.classe);
         if (fixa)
             mostra(s, medida.chave, nome, comUnidade(v, kCasas, medida.unidade));
         else
@@ -97,8 +98,8 @@ void grupoGeometria(const ZpObject& peca, const Peca& p, PropertySheet& s) {
 
 void grupoSecao(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     s.group(L"Propriedades da seção");
-    mostra(s, L"massa", L"Massa", comUnidade(peca.getPeso(), 3, L"kg"));
-    mostra(s, L"kg_m", L"Massa linear", comUnidade(peca.getLinearWeight(), 3, L"kg/m"));
+    mostra(s, L"massa", L"Peso", comUnidade(peca.getPeso(), 3, L"kg"));
+    mostra(s, L"kg_m", L"Peso por metro", comUnidade(peca.getLinearWeight(), 3, L"kg/m"));
     mostra(s, L"area_pintura", L"Área de pintura", comUnidade(peca.getAreaPintura(), 4, L"m²"));
     if (p.chapa()) return;
     const secao::Propriedades& r = p.secao().propriedades();

@@ -20,28 +20,28 @@ constexpr double kGraus = 180.0 / std::numbers::pi;
 
 // clang-format off
 constexpr Medida kMedidas[] = {
-    {H,    L"h",    L"Altura (h)",                       L"mm",   1.0,    Limite::Positivo},
-    {D,    L"d",    L"Diâmetro externo (d)",             L"mm",   1.0,    Limite::Positivo},
-    {Dint, L"dint", L"Diâmetro interno (di)",            L"mm",   1.0,    Limite::Livre},
-    {B1,   L"b1",   L"Largura da mesa superior (b1)",    L"mm",   1.0,    Limite::Positivo},
-    {B2,   L"b2",   L"Largura da mesa inferior (b2)",    L"mm",   1.0,    Limite::Positivo},
-    {Bc,   L"bc",   L"Largura da mesa superior (bc)",    L"mm",   1.0,    Limite::Positivo},
-    {Bb,   L"bb",   L"Largura da mesa inferior (bb)",    L"mm",   1.0,    Limite::Positivo},
-    {T,    L"t",    L"Espessura (t)",                    L"mm",   1.0,    Limite::Positivo},
-    {Tw,   L"tw",   L"Espessura da alma (tw)",           L"mm",   1.0,    Limite::Positivo},
-    {Tf1,  L"tf1",  L"Espessura da mesa (tf)",           L"mm",   1.0,    Limite::Positivo},
-    {Tf2,  L"tf2",  L"Espessura da mesa inferior (tf2)", L"mm",   1.0,    Limite::Positivo},
-    {Tc,   L"tc",   L"Espessura da mesa superior (tc)",  L"mm",   1.0,    Limite::Positivo},
-    {Tb,   L"tb",   L"Espessura da mesa inferior (tb)",  L"mm",   1.0,    Limite::Positivo},
-    {Ri,   L"ri",   L"Raio interno (ri)",                L"mm",   1.0,    Limite::NaoNegativo},
-    {Aba,  L"aba",  L"Aba (a)",                          L"mm",   1.0,    Limite::Livre},
-    {Vao,  L"vao",  L"Afastamento (a)",                  L"mm",   1.0,    Limite::NaoNegativo},
-    {VaoV, L"vaov", L"Afastamento vertical (av)",        L"mm",   1.0,    Limite::NaoNegativo},
-    {Ang1, L"ang1", L"Ângulo da mesa superior",          L"°",    kGraus, Limite::AnguloRaso},
-    {Ang2, L"ang2", L"Ângulo da mesa inferior",          L"°",    kGraus, Limite::AnguloRaso},
-    {D1,   L"d1",   L"Largura (d1)",                     L"mm",   1.0,    Limite::Positivo},
-    {D2,   L"d2",   L"Espessura (d2)",                   L"mm",   1.0,    Limite::Positivo},
-    {M,    L"m",    L"Massa linear do catálogo (m)",     L"kg/m", 1.0,    Limite::NaoNegativo},
+    {H,    L"h",    L"mm",   1.0,    Limite::Positivo},
+    {D,    L"d",    L"mm",   1.0,    Limite::Positivo},
+    {Dint, L"dint", L"mm",   1.0,    Limite::Livre},
+    {B1,   L"b1",   L"mm",   1.0,    Limite::Positivo},
+    {B2,   L"b2",   L"mm",   1.0,    Limite::Positivo},
+    {Bc,   L"bc",   L"mm",   1.0,    Limite::Positivo},
+    {Bb,   L"bb",   L"mm",   1.0,    Limite::Positivo},
+    {T,    L"t",    L"mm",   1.0,    Limite::Positivo},
+    {Tw,   L"tw",   L"mm",   1.0,    Limite::Positivo},
+    {Tf1,  L"tf1",  L"mm",   1.0,    Limite::Positivo},
+    {Tf2,  L"tf2",  L"mm",   1.0,    Limite::Positivo},
+    {Tc,   L"tc",   L"mm",   1.0,    Limite::Positivo},
+    {Tb,   L"tb",   L"mm",   1.0,    Limite::Positivo},
+    {Ri,   L"ri",   L"mm",   1.0,    Limite::NaoNegativo},
+    {Aba,  L"aba",  L"mm",   1.0,    Limite::Livre},
+    {Vao,  L"vao",  L"mm",   1.0,    Limite::NaoNegativo},
+    {VaoV, L"vaov", L"mm",   1.0,    Limite::NaoNegativo},
+    {Ang1, L"ang1", L"°",    kGraus, Limite::AnguloRaso},
+    {Ang2, L"ang2", L"°",    kGraus, Limite::AnguloRaso},
+    {D1,   L"d1",   L"mm",   1.0,    Limite::Positivo},
+    {D2,   L"d2",   L"mm",   1.0,    Limite::Positivo},
+    {M,    L"m",    L"kg/m", 1.0,    Limite::NaoNegativo},
 };
 
 /// A value that the drawing commands derive from another one. It goes along as long as it follows
@@ -99,12 +99,6 @@ const Medida* medidaDe(const std::wstring& chave) {
     const auto* const achada =
         std::ranges::find_if(kMedidas, [&](const Medida& m) { return chave == m.chave; });
     return achada != std::end(kMedidas) ? achada : nullptr;
-}
-
-const wchar_t* rotuloDe(const Medida& medida, Classe classe) {
-    for (const secao::Rotulo& r : secao::descricao(classe).rotulos)
-        if (r.papel == medida.papel) return r.texto;
-    return medida.rotulo;
 }
 
 std::wstring muda(Peca& p, const Medida& medida, double novo) {

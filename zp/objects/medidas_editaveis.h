@@ -22,7 +22,6 @@ const wchar_t* foraDoLimite(Limite limite, double valor);
 struct Medida {
     secao::Papel papel;
     const wchar_t* chave;
-    const wchar_t* rotulo;   ///< with the trade's symbol
     const wchar_t* unidade;  ///< null for a number without unit
     double fator;            ///< shown value over stored value
     Limite limite;
@@ -32,8 +31,6 @@ struct Medida {
 std::span<const Medida> medidas();
 /// Null for an unknown key.
 const Medida* medidaDe(const std::wstring& chave);
-/// As `medida.rotulo`, worded for a class in which the value means something of its own.
-const wchar_t* rotuloDe(const Medida& medida, secao::Classe classe);
 
 /// Changes one value of a piece that is in no drawing, and those that depend on it: sizes equal by
 /// rule stay equal, a mass or area that a catalogue gave for the old sizes of a piece is dropped, a

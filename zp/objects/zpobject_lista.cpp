@@ -65,7 +65,7 @@ void ZpObject::subList() const {
                          (p.espelhada ? L", espelhada" : L""));
     linha(L"vista", kVistas[p.vista]);
     linha(L"função", p.tipoBarra < std::size(kFuncoes) ? kFuncoes[p.tipoBarra] : kFuncoes[0]);
-    linha(L"massa", numero(getPeso(), 3) + L" kg (" + numero(getLinearWeight(), 3) + L" kg/m)");
+    linha(L"peso", numero(getPeso(), 3) + L" kg (" + numero(getLinearWeight(), 3) + L" kg/m)");
     linha(L"área de pintura", numero(getAreaPintura(), 4) + L" m2");
     if (!p.chapa()) listaSecao(p);
     linha(L"cotas", handles(p, true));

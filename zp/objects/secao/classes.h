@@ -142,7 +142,7 @@ struct Descricao {
     Montador& monta;
     Nome perfil;       ///< "Ue"
     Texto& dimensoes;  ///< "200x75x20x2,65"
-    std::array<Rotulo, 2> rotulos{};
+    std::array<Rotulo, 3> rotulos{};
 };
 
 const Descricao& descricao(Classe classe);
