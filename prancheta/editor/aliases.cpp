@@ -4,24 +4,11 @@
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
+#include "usual_aliases.h"
 
 namespace prancheta {
-namespace {
 
-/// The table of installations whose file is missing: the same as the file's.
-constexpr std::string_view kUsual =
-    "A, *ARC\nAL, *DIMALIGNED\nC, *CIRCLE\nCO, *COPY\nCP, *COPY\nDAL, *DIMALIGNED\nDI, *DIST\nDT, "
-    "*TEXT\n"
-    "E, *ERASE\nEP, *EDITAPERFIL\nL, *LINE\nLA, *LAYER\nLI, *LIST\nLS, *LIST\nM, *MOVE\nMI, "
-    "*MIRROR\nP, *PAN\nPL, "
-    "*PLINE\n"
-    "CH, *PROPERTIES\nMO, *PROPERTIES\nPO, *POINT\nPR, *PROPERTIES\nR, *REDRAW\nRE, *REGEN\nRO, "
-    "*ROTATE\nSC, *SCALE\nSCR, *SCRIPT\nSET, *SETVAR\nX, *EXPLODE\nZ, "
-    "*ZOOM\n";
-
-}  // namespace
-
-Aliases::Aliases() { parse(kUsual); }
+Aliases::Aliases() { parse(kUsualAliases); }
 
 bool Aliases::load(const std::filesystem::path& file) {
     const Result<std::string> text = readFile(file);
