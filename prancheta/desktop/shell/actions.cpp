@@ -42,7 +42,7 @@ bool hasDialog(AcDbObjectId id) {
 }  // namespace
 
 void MainWindow::registerActions() {
-    m_windowActions = {
+    m_windowActions.insert({
         {"desfazer", [this] { undo(); }},
         {"selecionar-tudo", [this] { selectAll(); }},
         {"copiar-texto", [this] { copyText(); }},
@@ -53,10 +53,7 @@ void MainWindow::registerActions() {
         {"manual", [this] { showHelp(); }},
         {"sobre", [this] { showAbout(); }},
         {"sair", [this] { close(); }},
-        {"camadas", [this] { showPanel("camadas"); }},
-        {"propriedades", [this] { showPanel("propriedades"); }},
-        {"material", [this] { showPanel("material"); }},
-    };
+    });
     for (auto toggle = toggles().begin(); toggle != toggles().end(); ++toggle)
         m_windowActions.insert(toggle.key(),
                                [this, name = toggle.value()] { m_status->toggle(name); });

@@ -145,6 +145,7 @@ void MainWindow::makePanels() {
         if (former != nullptr) tabifyDockWidget(former, dock);
         former = dock;
         m_panels.push_back(panel);
+        m_windowActions.insert(row.name, [this, &row] { showPanel(row.name); });
         connect(panel, &Panel::changed, this, [this] {
             m_canvas->refresh();
             showAll();
