@@ -27,7 +27,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::wstring path = wide(file.path());
     readRows(*makeStrListCatalogue(), path);
     readRows(*makeStringListCatalogue(), path);
-    (void)countLines(path);
     const auto text = readListText(path);
     fuzz::expect(text != nullptr, "the file cannot be read");
     const std::wstring copy = (scratch.path() / "a.lst").wstring();

@@ -149,18 +149,4 @@ void cutAtSeparator(std::wstring& text, std::wstring_view separators) {
     if (end != std::wstring::npos) text.resize(end);
 }
 
-int countLines(std::wstring_view path) {
-    constexpr std::size_t kBuffer = 200;
-    const std::shared_ptr<const ListText> list = readListText(path);
-    if (!list) return 0;
-    LineReader reader(list->text);
-    std::wstring piece;
-    int reads = 0;
-    while (!reader.atEnd()) {
-        (void)reader.read(piece, kBuffer);
-        ++reads;
-    }
-    return reads;
-}
-
 }  // namespace perfis

@@ -60,8 +60,4 @@ private:
 /// start stay, the first one after other characters ends the text.
 void cutAtSeparator(std::wstring& text, std::wstring_view separators);
 
-/// Number of reads with a buffer of 200 until the end: one more than the lines of a file that ends
-/// with a line feed. 0 when the file cannot be opened.
-int countLines(std::wstring_view path);
-
 }  // namespace perfis

@@ -65,12 +65,6 @@ bool has(TileKind kind, unsigned trait) { return (entry(kind).traits & trait) !=
 
 }  // namespace
 
-std::optional<TileKind> kindNamed(std::string_view name) {
-    for (const Entry& e : kTable)
-        if (e.name == name) return e.kind;
-    return std::nullopt;
-}
-
 std::string_view kindName(TileKind kind) { return entry(kind).name; }
 std::string_view kindForUser(TileKind kind) { return entry(kind).user; }
 bool isCluster(TileKind kind) { return has(kind, kCluster); }

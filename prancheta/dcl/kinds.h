@@ -9,9 +9,6 @@
 
 namespace prancheta::dcl {
 
-/// Kind that a predefined name stands for; empty for any other name.
-std::optional<TileKind> kindNamed(std::string_view name);
-
 /// Name in the language ("edit_box").
 std::string_view kindName(TileKind kind);
 

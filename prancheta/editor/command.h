@@ -127,14 +127,6 @@ public:
     void print(std::wstring_view text) const;
 
     InputAwaiter ask(InputRequest request) const { return {m_run, std::move(request)}; }
-    InputAwaiter point(std::wstring prompt, std::optional<AcGePoint3d> base = {},
-                       Keywords keywords = {}) const;
-    InputAwaiter distance(std::wstring prompt, std::optional<AcGePoint3d> base = {},
-                          Keywords keywords = {}) const;
-    InputAwaiter angle(std::wstring prompt, std::optional<AcGePoint3d> base = {},
-                       Keywords keywords = {}) const;
-    InputAwaiter text(std::wstring prompt) const;
-    InputAwaiter keyword(std::wstring prompt, Keywords keywords) const;
 
 private:
     Editor& m_editor;

@@ -93,14 +93,6 @@ void Examiner::warning(std::string text, const char* at) {
     add(Severity::Warning, std::move(text), at);
 }
 
-void Examiner::expectObject(std::string_view handle, const char* what, const char* at) {
-    const std::uint64_t value = handleValue(handle);
-    if (value == 0 || m_census.objects.contains(value)) return;
-    error(
-        std::string(what) + " aponta para o objeto " + dxf::handleText(value) + ", que não existe",
-        at);
-}
-
 bool Examiner::define(std::string_view kind, std::string_view name) {
     return m_defined.insert(std::string(kind) + "\n" + nameKey(name, m_census.charset)).second;
 }

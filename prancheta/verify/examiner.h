@@ -32,9 +32,6 @@ public:
     /// An error at the record's beginning.
     void error(std::string text) { error(std::move(text), m_record.at); }
 
-    /// An error unless the handle is that of an object of the file (0 = none is allowed).
-    void expectObject(std::string_view handle, const char* what, const char* at);
-
 private:
     void add(Severity severity, std::string text, const char* at);
     int lineOf(const char* at);

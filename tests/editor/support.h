@@ -85,15 +85,27 @@ inline std::vector<Keyword> words(const wchar_t* local, const wchar_t* global) {
     return {{local, global}};
 }
 
+inline InputAwaiter asked(CommandContext context, InputKind kind, const wchar_t* prompt,
+                          const std::optional<AcGePoint3d>& base = {}, Keywords keywords = {}) {
+    InputRequest request;
+    request.kind = kind;
+    request.prompt = prompt;
+    request.base = base;
+    request.keywords = std::move(keywords);
+    request.blanksAllowed = kind == InputKind::Text;
+    return context.ask(std::move(request));
+}
+
 /// Selection, base point, angle; ends by drawing a line of length 1 in that direction.
 inline CommandTask turn(CommandContext context) {
     context.print(L"Girando.\n");
     const Selection selection = co_await selectObjects(context);
     if (selection.status != RTNORM) co_return CommandEnd::Cancelled;
-    const InputValue base = co_await context.point(L"\nEspecifique o ponto base: ");
+    const InputValue base =
+        co_await asked(context, InputKind::Point, L"\nEspecifique o ponto base: ");
     if (base.status != RTNORM) co_return CommandEnd::Cancelled;
-    const InputValue angle =
-        co_await context.angle(L"\nEspecifique o ângulo: ", base.point, words(L"Copiar", L"Copy"));
+    const InputValue angle = co_await asked(context, InputKind::Angle, L"\nEspecifique o ângulo: ",
+                                            base.point, words(L"Copiar", L"Copy"));
     if (angle.status != RTNORM) co_return CommandEnd::Cancelled;
     Turned& last = turned();
     last = {selection.ids.size(), base.point, angle.number, last.runs + 1};
@@ -104,7 +116,8 @@ inline CommandTask turn(CommandContext context) {
 /// Draws a line from the origin to each point until Enter; `falha` makes it fail.
 inline CommandTask rays(CommandContext context) {
     for (;;) {
-        const InputValue point = co_await context.point(L"\nPonto: ", {}, words(L"Falha", L"Fail"));
+        const InputValue point =
+            co_await asked(context, InputKind::Point, L"\nPonto: ", {}, words(L"Falha", L"Fail"));
         if (point.status == RTKWORD) co_return CommandEnd::Failed;
         if (point.status == RTCAN) co_return CommandEnd::Cancelled;
         if (point.status != RTNORM) co_return CommandEnd::Done;
@@ -113,7 +126,7 @@ inline CommandTask rays(CommandContext context) {
 }
 
 inline CommandTask look(CommandContext context) {
-    const InputValue answer = co_await context.text(L"\nOnde: ");
+    const InputValue answer = co_await asked(context, InputKind::Text, L"\nOnde: ");
     context.print(L"Olhando " + answer.text + L".\n");
     co_return CommandEnd::Done;
 }

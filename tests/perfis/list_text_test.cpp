@@ -94,20 +94,5 @@ TEST(CutAtSeparator, WorksAsTheSplittingOfTheCLibrary) {
     EXPECT_EQ(cut(L"\ra\rb", L"\n\r"), L"\ra");
 }
 
-class CountLines : public TempFolder {};
-
-TEST_F(CountLines, CountsReads) {
-    EXPECT_EQ(countLines(path("falta.lst")), 0);
-    const auto count = [&](const std::string& bytes) {
-        put("a.lst", bytes);
-        return countLines(path("a.lst"));
-    };
-    EXPECT_EQ(count(""), 1);
-    EXPECT_EQ(count("a\nb"), 2);
-    EXPECT_EQ(count("a\nb\n"), 3);
-    EXPECT_EQ(count(std::string(199, 'x')), 2);  // the buffer is full before the end is met
-    EXPECT_EQ(count(std::string(250, 'x')), 2);
-}
-
 }  // namespace
 }  // namespace perfis

@@ -30,10 +30,6 @@ double PlineDraft::endDirection() const {
     return endDirectionOf(from.point, end(), from.bulge);
 }
 
-double PlineDraft::lastChord() const {
-    return segments() == 0 ? 0.0 : m_corners[m_corners.size() - 2].point.distanceTo(end());
-}
-
 // A vertex says how the segment after it runs, which is known only now.
 bool PlineDraft::leave(AcDbPolyline& polyline, double bulge, double startWidth, double endWidth) {
     const unsigned int last = static_cast<unsigned int>(segments());

@@ -23,8 +23,6 @@ public:
     std::size_t segments() const { return m_corners.size() - 1; }
     /// Of the tangent at the end, radians; 0 before the first segment.
     double endDirection() const;
-    /// Of the last segment, drawing units; 0 when there is none.
-    double lastChord() const;
 
     /// False when the drawing refused it.
     bool add(const AcGePoint3d& to, double bulge, double startWidth, double endWidth);
