@@ -3,6 +3,7 @@
 #include "fuzz/input.h"
 #include "perfis/catalogues/catalogue.h"
 #include "perfis/catalogues/list_text.h"
+#include "texts/number.h"
 
 using namespace perfis;
 
@@ -15,7 +16,8 @@ void readRows(Catalogue& catalogue, const std::wstring& path) {
     for (int i = 0; i < catalogue.count(); ++i) {
         std::wstring row;
         fuzz::expect(catalogue.rowAt(i, row), "a counted row is missing");
-        for (const std::wstring& field : splitRow(row)) (void)realToInt(textToReal(field));
+        for (const std::wstring& field : splitRow(row))
+            (void)texts::realToInt(texts::toReal(field));
     }
 }
 

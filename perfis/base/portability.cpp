@@ -1,118 +1,122 @@
 // SPDX-License-Identifier: MIT
-// Numbers in texts and the environment; files stand in portability_files.cpp.
+// The environment; files: names found as users of the other system typed them; when they changed,
+// who writes them.
 #include "perfis/base/portability.h"
 
-#include <charconv>
-#include <climits>
-#include <cmath>
+#include <cerrno>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <thread>
 
-#include "perfis/base/encoding.h"
+#include "files/replacement.h"
+#include "texts/encoding.h"
+#include "texts/path.h"
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace perfis {
 namespace {
 
-constexpr bool isBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
-constexpr bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+namespace fs = std::filesystem;
 
-/// The number's own characters, ready for from_chars, and the decimal exponent of its first
-/// significant digit, which tells too large from too small.
-struct RealText {
-    std::string digits;
-    long magnitude = 0;
+struct FileState {
+    std::uint64_t version = 0;
+    std::chrono::nanoseconds age{};  ///< since the last change
 };
 
-std::size_t skipBlanks(std::wstring_view text) {
-    std::size_t at = 0;
-    while (at < text.size() && isBlank(text[at])) ++at;
-    return at;
+/// Odd multiplier: two files of different size and equal time get different numbers.
+std::uint64_t versionOf(std::int64_t time, std::uintmax_t size, std::uint64_t file) {
+    constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15ULL;
+    return static_cast<std::uint64_t>(time) +
+           (static_cast<std::uint64_t>(size) + file * kSpread) * kSpread;
 }
 
-/// A comma between two digits is a decimal sign as well, when no other sign follows its decimals:
-/// "1,234,567" and "1,234.5" do not tell which number is meant.
-bool isDecimalComma(std::wstring_view text, std::size_t at) {
-    const auto digitAt = [&](std::size_t i) { return i < text.size() && isDigit(text[i]); };
-    if (text[at] != L',' || at == 0 || !digitAt(at - 1) || !digitAt(at + 1)) return false;
-    std::size_t end = at + 1;
-    while (digitAt(end)) ++end;
-    const bool signFollows = end < text.size() && (text[end] == L',' || text[end] == L'.');
-    return !(signFollows && digitAt(end + 1));
-}
-
-/// Appends "e", a sign and digits when the text has them at `at`; returns the exponent.
-long scanExponent(std::wstring_view text, std::size_t at, std::string& digits) {
-    if (at >= text.size() || (text[at] != L'e' && text[at] != L'E')) return 0;
-    ++at;
-    const bool negative = at < text.size() && text[at] == L'-';
-    if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) ++at;
-    if (at >= text.size() || !isDigit(text[at])) return 0;
-    long exponent = 0;
-    for (; at < text.size() && isDigit(text[at]); ++at)
-        if (exponent < 100000) exponent = exponent * 10 + (text[at] - L'0');
-    if (negative) exponent = -exponent;
-    digits += 'e' + std::to_string(exponent);
-    return exponent;
-}
-
-RealText scanReal(std::wstring_view text) {
-    RealText real;
-    std::size_t at = skipBlanks(text);
-    if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) {
-        if (text[at] == L'-') real.digits += '-';
-        ++at;
+/// Tries until it works or patience ends.
+template <class Try>
+bool untilTaken(Try take) {
+    const auto end = std::chrono::steady_clock::now() + FolderLock::kPatience;
+    while (!take()) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-    bool any = false;
-    bool significant = false;
-    bool fraction = false;
-    for (; at < text.size(); ++at) {
-        if (!isDigit(text[at])) {
-            if (fraction || (text[at] != L'.' && !isDecimalComma(text, at))) break;
-            fraction = true;
-            real.digits += '.';
-            continue;
-        }
-        real.digits += static_cast<char>(text[at]);
-        any = true;
-        significant = significant || text[at] != L'0';
-        if (!fraction && significant) ++real.magnitude;
-        if (fraction && !significant) --real.magnitude;
-    }
-    if (!any) return {};
-    real.magnitude += scanExponent(text, at, real.digits);
-    return real;
+    return true;
 }
+
+#ifdef _WIN32
+
+fs::path nativePath(std::wstring_view text) { return texts::pathOf(text); }
+
+/// A file that goes with its handle.
+int lockFolder(const fs::path& folder) {
+    constexpr int kFlags = _O_CREAT | _O_RDWR | _O_TEMPORARY | _O_NOINHERIT;
+    int descriptor = -1;
+    const fs::path file = folder / L"listas.lock";
+    (void)untilTaken([&] {
+        return _wsopen_s(&descriptor, file.c_str(), kFlags, _SH_DENYRW, _S_IREAD | _S_IWRITE) == 0;
+    });
+    return descriptor;
+}
+void unlockFolder(int descriptor) { (void)_close(descriptor); }
+
+FileState fileState(std::wstring_view path) {
+    std::error_code error;
+    const fs::path file = nativePath(path);
+    const auto time = fs::last_write_time(file, error);
+    if (error) return {};
+    const std::uintmax_t size = fs::file_size(file, error);
+    if (error) return {};
+    return {versionOf(time.time_since_epoch().count(), size, 0),
+            fs::file_time_type::clock::now() - time};
+}
+
+#else
+
+fs::path nativePath(std::wstring_view text) {
+    fs::path typed = texts::pathOf(text);
+    std::error_code error;
+    if (fs::exists(typed, error)) return typed;
+    fs::path path;
+    for (const fs::path& part : typed)
+        path = part.has_root_directory() ? part : texts::entryOf(path, part);
+    return path;
+}
+
+int lockFolder(const fs::path& folder) {
+    const int descriptor =
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0)
+        (void)untilTaken(
+            [=] { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK; });
+    return descriptor;
+}
+void unlockFolder(int descriptor) { (void)::close(descriptor); }
+
+/// Every command asks: one question to the system where the name is spelled right.
+FileState fileState(std::wstring_view path) {
+    struct stat status {};
+    if (::stat(texts::pathOf(path).c_str(), &status) != 0 &&
+        ::stat(nativePath(path).c_str(), &status) != 0)
+        return {};
+    const auto changed = std::chrono::seconds(status.st_ctim.tv_sec) +
+                         std::chrono::nanoseconds(status.st_ctim.tv_nsec);
+    return {versionOf(changed.count(), static_cast<std::uintmax_t>(status.st_size), status.st_ino),
+            std::chrono::system_clock::now().time_since_epoch() - changed};
+}
+
+#endif
 
 }  // namespace
-
-double textToReal(std::wstring_view text) {
-    const RealText real = scanReal(text);
-    if (real.digits.empty()) return 0.0;
-    double value = 0.0;
-    const char* const end = real.digits.data() + real.digits.size();
-    const auto result = std::from_chars(real.digits.data(), end, value);
-    if (result.ec != std::errc::result_out_of_range) return value;
-    const double limit = real.magnitude > 0 ? HUGE_VAL : 0.0;
-    return real.digits[0] == '-' ? -limit : limit;
-}
-
-int textToInt(std::wstring_view text) {
-    std::size_t at = skipBlanks(text);
-    const bool negative = at < text.size() && text[at] == L'-';
-    if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) ++at;
-    long long value = 0;
-    for (; at < text.size() && isDigit(text[at]); ++at)
-        if (value <= INT_MAX) value = value * 10 + (text[at] - L'0');
-    if (negative) value = -value;
-    if (value > INT_MAX) return INT_MAX;
-    return value < INT_MIN ? INT_MIN : static_cast<int>(value);
-}
-
-int realToInt(double value) {
-    const double whole = std::trunc(value);
-    const bool fits =
-        whole >= static_cast<double>(INT_MIN) && whole <= static_cast<double>(INT_MAX);
-    return fits ? static_cast<int>(whole) : INT_MIN;
-}
 
 std::optional<std::wstring> environmentText(const char* name) {
 #ifdef _WIN32
@@ -123,9 +127,44 @@ std::optional<std::wstring> environmentText(const char* name) {
 #else
     const char* const value = std::getenv(name);
     if (value == nullptr || *value == '\0') return std::nullopt;
-    const std::optional<std::wstring> text = decodeUtf8(value);
-    return text ? *text : decodeWindows1252(value);
+    return texts::decodeText(value);
 #endif
+}
+
+FolderLock::FolderLock(std::wstring_view fileInFolder)
+    : m_descriptor(lockFolder(nativePath(fileInFolder).parent_path())) {}
+
+FolderLock::~FolderLock() {
+    if (m_descriptor >= 0) unlockFolder(m_descriptor);
+}
+
+std::uint64_t fileVersion(std::wstring_view path) { return fileState(path).version; }
+
+std::uint64_t settledFileVersion(std::wstring_view path) {
+    constexpr std::chrono::seconds kSettled(2);
+    const FileState state = fileState(path);
+    return state.age > kSettled ? state.version : 0;
+}
+
+std::optional<std::string> readFile(std::wstring_view path) {
+    return files::readRegular(nativePath(path));
+}
+
+bool replaceFile(std::wstring_view path, std::string_view bytes) {
+    return files::replace(nativePath(path), bytes) == 0;
+}
+
+bool keepOldFile(std::wstring_view path) {
+    const fs::path file = nativePath(path);
+    const std::optional<std::string> bytes = files::readRegular(file);
+    if (!bytes) return true;
+    std::error_code error;
+    fs::path copy;
+    for (int i = 1; copy.empty() || fs::exists(copy, error); ++i) {
+        copy = file;
+        copy += ".antigo" + (i == 1 ? std::string() : std::to_string(i));
+    }
+    return !error && files::replace(copy, *bytes) == 0;
 }
 
 }  // namespace perfis

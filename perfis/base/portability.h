@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The few places where the two targets of this module differ: numbers in texts, environment, files.
+// The few places where the two targets of this module differ: environment, files.
 #pragma once
 
 #include <chrono>
@@ -9,17 +9,6 @@
 #include <string_view>
 
 namespace perfis {
-
-/// Leading number of a text, 0 when it has none. Whatever the locale the decimal sign is a point,
-/// or the only comma, between two digits.
-double textToReal(std::wstring_view text);
-
-/// Leading whole number (decimal), 0 when there is none; too large ones give the nearest limit.
-int textToInt(std::wstring_view text);
-
-/// Truncated toward zero. What an int cannot hold (also infinite and not a number) gives the most
-/// negative int.
-int realToInt(double value);
 
 /// Value of an environment variable; nothing when it is not set or empty.
 std::optional<std::wstring> environmentText(const char* name);

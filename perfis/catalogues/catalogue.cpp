@@ -7,6 +7,7 @@
 #include "perfis/catalogues/list_merge.h"
 #include "perfis/catalogues/list_text.h"
 #include "perfis/catalogues/str_list.h"
+#include "texts/number.h"
 #include "zp/forja/zpstringlist.h"
 
 namespace perfis {
@@ -209,7 +210,7 @@ std::vector<std::wstring> splitRow(std::wstring_view row) {
 std::wstring buildRow(const std::wstring& h, const std::wstring& b, const std::wstring& t,
                       const std::wstring& a) {
     std::wstring row = h + L'\t' + b + L'\t' + t;
-    if (textToInt(a) != 0) row += L'\t' + a;
+    if (texts::toInt(a) != 0) row += L'\t' + a;
     return row;
 }
 

@@ -6,12 +6,11 @@
 #include <array>
 #include <optional>
 
-#include "perfis/base/encoding.h"
+#include "texts/encoding.h"
 
 namespace perfis {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 
@@ -30,18 +29,18 @@ std::wstring decode(std::string_view bytes, ListFormat& format) {
         const bool big = bytes.starts_with(kUtf16BigMark);
         format.encoding = big ? Encoding::kUtf16Big : Encoding::kUtf16Little;
         format.mark = true;
-        return decodeUtf16(bytes.substr(2), big);
+        return texts::decodeUtf16(bytes.substr(2), big);
     }
     if (const std::optional<bool> big = unmarkedUtf16(bytes)) {
         format.encoding = *big ? Encoding::kUtf16Big : Encoding::kUtf16Little;
-        return decodeUtf16(bytes, *big);
+        return texts::decodeUtf16(bytes, *big);
     }
-    const bool mark = bytes.starts_with(kUtf8Mark);
-    const std::string_view content = mark ? bytes.substr(kUtf8Mark.size()) : bytes;
+    const bool mark = bytes.starts_with(texts::kUtf8Mark);
+    const std::string_view content = mark ? bytes.substr(texts::kUtf8Mark.size()) : bytes;
     format.mark = mark;
-    if (std::optional<std::wstring> text = decodeUtf8(content)) return std::move(*text);
+    if (std::optional<std::wstring> text = texts::decodeUtf8(content)) return std::move(*text);
     format.encoding = Encoding::kWindows1252;
-    return decodeWindows1252(content);
+    return texts::decodeWindows1252(content);
 }
 
 /// Line ends to single line feeds; the first one found says how the file ends its lines.
@@ -74,17 +73,17 @@ std::wstring withCrLf(std::wstring_view text) {
 std::string encode(std::wstring_view text, const ListFormat& format) {
     switch (format.encoding) {
         case Encoding::kUtf16Little:
-            return std::string(kUtf16LittleMark) + encodeUtf16(text, false);
+            return std::string(kUtf16LittleMark) + texts::encodeUtf16(text, false);
         case Encoding::kUtf16Big:
-            return std::string(kUtf16BigMark) + encodeUtf16(text, true);
+            return std::string(kUtf16BigMark) + texts::encodeUtf16(text, true);
         case Encoding::kWindows1252:
-            if (const std::optional<std::string> bytes = encodeWindows1252(text))
-                return (format.mark ? std::string(kUtf8Mark) : std::string()) + *bytes;
+            if (const std::optional<std::string> bytes = texts::encodeWindows1252(text))
+                return (format.mark ? std::string(texts::kUtf8Mark) : std::string()) + *bytes;
             break;
         case Encoding::kUtf8:
             break;
     }
-    return (format.mark ? std::string(kUtf8Mark) : std::string()) + encodeUtf8(text);
+    return (format.mark ? std::string(texts::kUtf8Mark) : std::string()) + texts::encodeUtf8(text);
 }
 
 std::string bytesOf(std::wstring_view text, const ListFormat& format) {

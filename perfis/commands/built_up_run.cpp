@@ -4,11 +4,11 @@
 
 #include <optional>
 
-#include "perfis/base/portability.h"
 #include "perfis/commands/lacing_values.h"
 #include "perfis/commands/profile_generator.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -71,7 +71,7 @@ void BuiltUpRun::showOwnTiles(ads_hdlg dialog) {
 }
 
 void BuiltUpRun::onPlanes(const ads_callback_packet& packet) {
-    const int choice = textToInt(packet.value) + 1;
+    const int choice = texts::toInt(packet.value) + 1;
     if (choice >= static_cast<int>(LacedPlanes::kHorizontal) &&
         choice <= static_cast<int>(LacedPlanes::kBoth))
         m_planes = static_cast<LacedPlanes>(choice);

@@ -2,7 +2,7 @@
 // Insertion rules of longitudinal views.
 #include "perfis/commands/insertion.h"
 
-#include "perfis/base/portability.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -49,13 +49,14 @@ Shift uMemberShift(const Medidas& medidas, const MemberPlace& place) {
     double c = factors.c;
     double d = 0.0;
     if (place.view == 3 || place.view == 4) {
-        const int half = realToInt(medidas.h) / 2;  // whole-number division is part of the rule
+        const int half =
+            texts::realToInt(medidas.h) / 2;  // whole-number division is part of the rule
         d = half;
     } else {
         // The web stands a third of the flange off the axis, and view 2 is drawn turned.
         if (place.view == 2 && c != 0.0) c = c < 0.0 ? -kTwoThirds : kOneThird;
         if (place.view == 1 && c != 0.0) c = c > 0.0 ? kTwoThirds : -kOneThird;
-        d = realToInt(medidas.b);
+        d = texts::realToInt(medidas.b);
     }
     return {-factors.a * place.length / 2.0, c * d};
 }

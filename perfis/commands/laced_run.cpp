@@ -4,11 +4,11 @@
 
 #include <optional>
 
-#include "perfis/base/portability.h"
 #include "perfis/commands/lacing_values.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/output/plates.h"
+#include "texts/number.h"
 #include "zp/objects/edicao.h"
 
 namespace perfis {
@@ -75,7 +75,7 @@ void LacedRun::onToggle(const ads_callback_packet& packet) {
     m_spacing = 0.0;
     m_kept.reset();
     readMedidas(packet.dialog);
-    if (textToInt(packet.value) == 0 || editLacing()) return;
+    if (texts::toInt(packet.value) == 0 || editLacing()) return;
     m_spacing = 0.0;
     setToggle(packet.dialog, kToggle, false);
 }

@@ -2,7 +2,6 @@
 // Command perfilil: rolled I from one of three catalogues.
 #include <array>
 
-#include "perfis/base/portability.h"
 #include "perfis/catalogues/rolled_sources.h"
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
@@ -11,6 +10,7 @@
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpvigas.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -148,8 +148,9 @@ void RolledRun::takePiece(const PieceValues& piece) {
 int RolledRun::rowLike(const Medidas& m) {
     for (int row = 0; row < m_data.length(); ++row) {
         const RolledSize size = rolledSize(source(), m_data.at(row));
-        if (textToReal(size.H) == m.h && textToReal(size.B) == m.b && textToReal(size.tf) == m.t &&
-            textToReal(size.tw) == m.a && textToReal(size.mass) == m.m)
+        if (texts::toReal(size.H) == m.h && texts::toReal(size.B) == m.b &&
+            texts::toReal(size.tf) == m.t && texts::toReal(size.tw) == m.a &&
+            texts::toReal(size.mass) == m.m)
             return row;
     }
     return kNoRow;
@@ -186,7 +187,7 @@ void RolledRun::pickRow(ads_hdlg dialog, int index) {
     setTile(dialog, L"b", size.B);
     setTile(dialog, L"t", size.tf);
     setTile(dialog, L"a", size.tw);
-    state().medidas.m = textToReal(size.mass);
+    state().medidas.m = texts::toReal(size.mass);
 }
 
 }  // namespace

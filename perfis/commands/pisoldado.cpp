@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Command vigai: welded I with equal flanges, from the user's favourites or a standard series.
-#include "perfis/base/portability.h"
 #include "perfis/catalogues/welded_series.h"
 #include "perfis/commands/common_sections.h"
 #include "perfis/commands/handlers.h"
@@ -9,6 +8,7 @@
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpvigas.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -156,7 +156,7 @@ void WeldedRun::takeValues(ads_hdlg dialog, const std::vector<std::wstring>& fie
         setTile(dialog, tile.key, column < fields.size() ? fields[column] : std::wstring());
         ++column;
     }
-    state().medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
+    state().medidas.m = column < fields.size() ? texts::toReal(fields[column]) : 0.0;
 }
 
 bool WeldedRun::listsFit(std::wstring_view folder) const {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What the tiles of a profile dialog do when the user touches them.
-#include "perfis/base/portability.h"
 #include "perfis/commands/profile_run.h"
 #include "perfis/dialogs/bar_type_dialog.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/output/shared_dimension.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -14,7 +14,7 @@ void CALLB onBarType(ads_callback_packet* packet) {
     (void)editBarType(*static_cast<int*>(packet->client_data));
 }
 
-bool isOn(const ads_callback_packet& packet) { return textToInt(packet.value) != 0; }
+bool isOn(const ads_callback_packet& packet) { return texts::toInt(packet.value) != 0; }
 
 }  // namespace
 
@@ -42,7 +42,7 @@ void ProfileRun::wire(ads_hdlg dialog) {
 }
 
 void ProfileRun::onList(const ads_callback_packet& packet) {
-    const int index = textToInt(packet.value);
+    const int index = texts::toInt(packet.value);
     if (*packet.value != L'\0' && index >= 0) pickRow(packet.dialog, index);
 }
 
@@ -106,13 +106,14 @@ void ProfileRun::onSectionOnly(const ads_callback_packet& packet) {
 void ProfileRun::onShowInsertion(const ads_callback_packet& packet) {
     m_state.showInsertion = isOn(packet);
     if (m_state.showInsertion)
-        m_state.slide = textToInt(tileText(packet.dialog, L"ins_list", 80)) + kFirstInsertionSlide;
+        m_state.slide =
+            texts::toInt(tileText(packet.dialog, L"ins_list", 80)) + kFirstInsertionSlide;
     showPreview(packet.dialog);
     refresh(packet.dialog);
 }
 
 void ProfileRun::onInsertion(const ads_callback_packet& packet) {
-    m_state.slide = textToInt(packet.value) + kFirstInsertionSlide;
+    m_state.slide = texts::toInt(packet.value) + kFirstInsertionSlide;
     m_state.insertion = m_state.slide - kFirstInsertionSlide;
     if (m_state.showInsertion) showPreview(packet.dialog);
     refresh(packet.dialog);

@@ -7,7 +7,6 @@
 
 #include "acutads.h"
 #include "adscodes.h"
-#include "perfis/base/portability.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/commands/piece_rebuild.h"
 #include "perfis/commands/profile_generator.h"
@@ -15,6 +14,7 @@
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "perfis/output/shared_dimension.h"
+#include "texts/number.h"
 
 namespace perfis {
 
@@ -197,7 +197,7 @@ void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
         ++column;
     }
     if (m_description.massColumn)
-        m_state.medidas.m = column < fields.size() ? textToReal(fields[column]) : 0.0;
+        m_state.medidas.m = column < fields.size() ? texts::toReal(fields[column]) : 0.0;
 }
 
 std::unique_ptr<ProfileRun> newRun(const ProfileCommand& command) {

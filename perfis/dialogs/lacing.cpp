@@ -3,31 +3,22 @@
 #include "perfis/dialogs/lacing.h"
 
 #include <cfloat>
-#include <charconv>
 #include <cmath>
 #include <cwchar>
 #include <string>
 
-#include "perfis/base/portability.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
-
-/// Fixed notation with two decimals, whatever the locale.
-std::wstring twoDecimals(double value) {
-    char text[350];
-    const auto end =
-        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 2).ptr;
-    return {text, end};
-}
 
 /// A spacing that was made of a number of parts gives it back: what the two divisions rounded away
 /// is not cut off once more.
 int wholeParts(double quotient) {
     const double nearest = std::round(quotient);
     const bool isWhole = std::abs(quotient - nearest) <= 4.0 * DBL_EPSILON * nearest;
-    return realToInt(isWhole ? nearest : quotient);
+    return texts::realToInt(isWhole ? nearest : quotient);
 }
 
 }  // namespace
@@ -45,13 +36,13 @@ std::optional<Fault> falhaDoTravejamento(const TravejamentoParams& params,
     if (params.C <= 0.0) return Fault{L"C deve ser maior que 0.0", L"largura"};
     const double half = 0.5 * limites.comp;
     if (params.C >= half)
-        return Fault{L"C deve ser menor que comp/2 (" + twoDecimals(half) + L")", L"largura"};
+        return Fault{L"C deve ser menor que comp/2 (" + texts::fixed(half, 2) + L")", L"largura"};
     if (params.n <= 0) return Fault{L"n deve ser maior que 0", L"n_partes"};
     double L1 = 0.0;
     (void)CalcEspacamento(params, limites.comp, L1);
     if (params.C < L1) return {};
     // The number shown is C, which the user can compare with the spacing in its own tile.
-    return Fault{L"L1 deve ser maior que C (" + twoDecimals(params.C) + L")", L"l_travejam"};
+    return Fault{L"L1 deve ser maior que C (" + texts::fixed(params.C, 2) + L")", L"l_travejam"};
 }
 
 int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limites,
@@ -75,11 +66,6 @@ void CalcPartes(TravejamentoParams& params, double comp, double& L1) {
     (void)CalcEspacamento(params, comp, L1);
 }
 
-ZpString FormatDim(double valor) {
-    std::wstring text = twoDecimals(valor);
-    while (text.size() > 1 && text.back() == L'0') text.pop_back();
-    if (text.size() > 1 && text.back() == L'.') text.pop_back();
-    return ZpString(text.c_str());
-}
+ZpString FormatDim(double valor) { return texts::withoutZeros(texts::fixed(valor, 2)); }
 
 }  // namespace perfis

@@ -2,11 +2,11 @@
 // The lacing dialog: three values and the spacing that follows from them.
 #include <string>
 
-#include "perfis/base/portability.h"
 #include "perfis/dialogs/dialog_loop.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/lacing.h"
 #include "perfis/dialogs/tiles.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -16,7 +16,7 @@ struct Edited {
     TravejamentoLimites limites;
     TravejamentoParams params;
 
-    void onHeight(const ads_callback_packet& packet) { params.A = textToReal(packet.value); }
+    void onHeight(const ads_callback_packet& packet) { params.A = texts::toReal(packet.value); }
     void onWidth(const ads_callback_packet& packet);
     void onParts(const ads_callback_packet& packet);
     void onSpacing(const ads_callback_packet& packet);
@@ -34,17 +34,17 @@ void Edited::showSpacing(ads_hdlg dialog) const {
 }
 
 void Edited::onWidth(const ads_callback_packet& packet) {
-    params.C = textToReal(packet.value);
+    params.C = texts::toReal(packet.value);
     showSpacing(packet.dialog);
 }
 
 void Edited::onParts(const ads_callback_packet& packet) {
-    params.n = textToInt(packet.value);
+    params.n = texts::toInt(packet.value);
     showSpacing(packet.dialog);
 }
 
 void Edited::onSpacing(const ads_callback_packet& packet) {
-    double L1 = textToReal(packet.value);
+    double L1 = texts::toReal(packet.value);
     CalcPartes(params, limites.comp, L1);
     setTile(packet.dialog, L"n_partes", params.n);
     setDim(packet.dialog, L"l_travejam", L1);

@@ -4,9 +4,9 @@
 
 #include <cmath>
 
-#include "perfis/base/encoding.h"
-#include "perfis/base/portability.h"
 #include "perfis/dialogs/installation.h"
+#include "texts/letters.h"
+#include "texts/number.h"
 #include "zp/forja/zpstringlist.h"
 
 namespace perfis {
@@ -43,7 +43,7 @@ std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int length) {
 }
 
 double typedReal(std::wstring_view text) {
-    const double value = textToReal(text);
+    const double value = texts::toReal(text);
     return std::isfinite(value) ? value : 0.0;
 }
 
@@ -74,7 +74,7 @@ void showFault(ads_hdlg dialog, const Fault& fault) {
 int fillFixedList(ads_hdlg dialog, const wchar_t* key, const wchar_t* const* table) {
     constexpr int kMostEntries = 1000;
     int count = 0;
-    while (count < kMostEntries && !equalIgnoringCase(table[count], kEndMark)) ++count;
+    while (count < kMostEntries && !texts::equalIgnoringCase(table[count], kEndMark)) ++count;
     if (count == kMostEntries) return kNoEndMark;
     if (ads_start_list(dialog, key, LIST_NEW, 0) != RTNORM) return RTERROR;
     for (int i = 0; i < count; ++i) (void)ads_add_list(table[i]);

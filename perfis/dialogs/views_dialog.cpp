@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "perfis/base/portability.h"
 #include "perfis/dialogs/dialog_loop.h"
 #include "perfis/dialogs/tiles.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -80,7 +80,7 @@ void ViewsDialog::open(ads_hdlg dialog) {
     showSlide(dialog, L"fig0", L"", L"FLECHA");
     for (const Figure& figure : kFigures) showSlide(dialog, figure.key, m_library, figure.slide);
     showPreview(dialog);
-    m_shownLength = std::to_wstring(realToInt(m_working.length));
+    m_shownLength = std::to_wstring(texts::realToInt(m_working.length));
     m_lengthEdited = false;
     setTile(dialog, L"insertionP", m_working.alignment);
     setTile(dialog, L"ip", m_working.alignment);
@@ -152,19 +152,19 @@ void ViewsDialog::onFigure(const ads_callback_packet& packet) {
 
 void ViewsDialog::onInsertionText(const ads_callback_packet& packet) {
     std::wstring text = packet.value;
-    const int typed = textToInt(text);
+    const int typed = texts::toInt(text);
     // Too large a code falls back on the middle choice, not on the largest one.
     if (typed > 9) text = L"5";
     if (typed < 1) text = L"1";
     setTile(packet.dialog, L"ip", text);
     setTile(packet.dialog, L"insertionP", text);
-    m_working.alignment = textToInt(text);
+    m_working.alignment = texts::toInt(text);
 }
 
 void ViewsDialog::onInsertionSlider(const ads_callback_packet& packet) {
     const std::wstring text = packet.value;
     setTile(packet.dialog, L"insertionP", text);
-    m_working.alignment = textToInt(text);
+    m_working.alignment = texts::toInt(text);
 }
 
 void ViewsDialog::onPick(const ads_callback_packet& packet) {
@@ -172,16 +172,16 @@ void ViewsDialog::onPick(const ads_callback_packet& packet) {
 }
 
 void ViewsDialog::onPieces(const ads_callback_packet& packet) {
-    m_working.pieces = textToInt(packet.value);
+    m_working.pieces = texts::toInt(packet.value);
 }
 
 void ViewsDialog::onMaterialList(const ads_callback_packet& packet) {
-    m_working.materialList = textToInt(packet.value) != 0;
+    m_working.materialList = texts::toInt(packet.value) != 0;
     enableTile(packet.dialog, L"num_pecas", m_working.materialList);
 }
 
 void ViewsDialog::onPickAndGo(const ads_callback_packet& packet) {
-    const bool on = textToInt(packet.value) != 0;
+    const bool on = texts::toInt(packet.value) != 0;
     for (const wchar_t* const key :
          {L"l", L"pick", L"gerar_matlist", L"num_pecas", L"ip", L"insertionP"})
         enableTile(packet.dialog, key, !on);
@@ -192,9 +192,9 @@ void ViewsDialog::onAccept(const ads_callback_packet& packet) {
     // The stored length keeps its decimals until the truncated text is edited.
     const std::wstring length = tileText(dialog, L"l", 159);
     if (m_lengthEdited || length != m_shownLength) m_working.length = typedReal(length);
-    const int pieces = textToInt(tileText(dialog, L"num_pecas"));
-    m_working.materialList = textToInt(tileText(dialog, L"gerar_matlist")) != 0;
-    m_working.pickAndGo = textToInt(tileText(dialog, L"pickngo")) != 0;
+    const int pieces = texts::toInt(tileText(dialog, L"num_pecas"));
+    m_working.materialList = texts::toInt(tileText(dialog, L"gerar_matlist")) != 0;
+    m_working.pickAndGo = texts::toInt(tileText(dialog, L"pickngo")) != 0;
     const bool drawable = m_working.length > 0.0 && m_working.length <= kLongestMember;
     if (!drawable && !m_working.pickAndGo) {
         showFault(dialog, {L"Erro: comprimento inválido.", L"l"});

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "adscodes.h"
-#include "perfis/base/portability.h"
 #include "perfis/entities/zpchapa.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "perfis/output/dimensions.h"
+#include "texts/number.h"
 #include "zp/matlist/zpmatlist.h"
 #include "zp/trelica/zptrelica.h"
 
@@ -106,8 +106,8 @@ bool addPlates(PlateRow& plates, double textoY) {
     double espessura = 0.0;
     (void)chapa->largura(largura);
     (void)chapa->espessura(espessura);
-    const std::wstring dimensoes =
-        std::to_wstring(realToInt(largura)) + L"x" + std::to_wstring(realToInt(espessura));
+    const std::wstring dimensoes = std::to_wstring(texts::realToInt(largura)) + L"x" +
+                                   std::to_wstring(texts::realToInt(espessura));
     Linha linha(marca, plates.count, L"Chapa", dimensoes.c_str(), kSteel,
                 chapa->getComprimentoReal(), chapa->getPeso(), chapa->getPeso() * plates.count,
                 plates.count * chapa->getAreaPintura(), L"Travejamento");

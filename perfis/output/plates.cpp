@@ -8,8 +8,8 @@
 #include <numbers>
 
 #include "adscodes.h"
-#include "perfis/base/portability.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "texts/number.h"
 
 namespace perfis {
 namespace {
@@ -23,8 +23,8 @@ constexpr double kNegligible = 1e-9;
 }  // namespace
 
 int Arredonda(double x) {
-    const int whole = realToInt(x);
-    return x - whole < 0.5 ? whole : realToInt(whole + 1.0);
+    const int whole = texts::realToInt(x);
+    return x - whole < 0.5 ? whole : texts::realToInt(whole + 1.0);
 }
 
 PlateRule onEdgeSwapped(double y) { return {ZpObject::kVistaSecao, y, kAlong, kSwapped}; }

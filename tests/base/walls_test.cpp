@@ -22,23 +22,23 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"arx", {}},
     {"protocol", {}},
     {"files", {}},
-    {"perfis/base", {"files"}},
+    {"texts", {}},
+    {"perfis/base", {"files", "texts"}},
     {"perfis/entities", {}},
-    {"perfis/catalogues", {"perfis/base", "zp/forja"}},
-    {"perfis/dialogs", {"perfis/base", "perfis/entities", "zp/forja"}},
-    {"perfis/output", {"perfis/base", "perfis/entities", "zp/matlist", "zp/trelica"}},
+    {"perfis/catalogues", {"perfis/base", "zp/forja", "texts"}},
+    {"perfis/dialogs", {"perfis/base", "perfis/entities", "zp/forja", "texts"}},
+    {"perfis/output", {"perfis/entities", "zp/matlist", "zp/trelica", "texts"}},
     {"perfis/commands",
-     {"perfis/base", "perfis/entities", "perfis/catalogues", "perfis/dialogs", "perfis/output",
-      "zp/objects", "zp/objects/secao", "zp/matlist", "protocol"}},
+     {"perfis/entities", "perfis/catalogues", "perfis/dialogs", "perfis/output", "zp/objects",
+      "zp/objects/secao", "zp/matlist", "protocol", "texts"}},
     {"perfis/frame", {"perfis/commands"}},
     {"zp", {}},
-    {"zp/forja", {}},
+    {"zp/forja", {"texts"}},
     {"zp/gbarra", {"zp/forja"}},
     {"zp/trelica", {"zp", "zp/gbarra"}},
-    {"zp/objects/secao", {}},
-    {"zp/objects", {"zp", "zp/gbarra", "zp/objects/secao", "perfis/entities", "protocol"}},
-    {"zp/matlist",
-     {"zp", "zp/objects", "zp/objects/secao", "perfis/entities", "protocol", "files"}},
+    {"zp/objects/secao", {"texts"}},
+    {"zp/objects", {"zp", "zp/gbarra", "zp/objects/secao", "perfis/entities", "protocol", "texts"}},
+    {"zp/matlist", {"zp", "zp/objects", "perfis/entities", "protocol", "files", "texts"}},
     {"prancheta/base", {"files"}},
     {"prancheta/geometry", {}},
     {"prancheta/graphics", {"prancheta/base", "prancheta/geometry"}},
@@ -114,7 +114,8 @@ std::string roomOf(std::string path) {
 /// Calls visit(file, its room, included name) for every include of the rooms' sources.
 template <class Visit>
 void forEachInclude(Visit visit) {
-    for (const char* const house : {"arx", "protocol", "files", "perfis", "zp", "prancheta"})
+    for (const char* const house :
+         {"arx", "protocol", "files", "texts", "perfis", "zp", "prancheta"})
         for (const auto& entry : fs::recursive_directory_iterator(kRoot / house)) {
             if (!isSource(entry.path())) continue;
             const std::string file = fs::relative(entry.path(), kRoot).generic_string();

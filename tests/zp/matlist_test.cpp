@@ -173,10 +173,12 @@ TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
     EXPECT_NE(texto.find(L"\r\n'-5;1;'=1+1;'\t2;'@A1;-5;-1;1;1;\"'+\"\"x\"\"\"\r\n"),
               std::wstring::npos);
     entra(1);
-    const std::filesystem::path arquivo = std::filesystem::temp_directory_path() / "zp_lista.csv";
+    const std::filesystem::path arquivo =
+        std::filesystem::temp_directory_path() / u8"zp_pe\u00E7as.csv";
+    const std::wstring nome = arquivo.parent_path().wstring() + L"/zp_pe\u00E7as.csv";
     std::filesystem::remove(arquivo);
-    type({L"LISTAMATERIAL", L"csv", arquivo.wstring().c_str()});
-    EXPECT_TRUE(said((L"Lista gravada em " + arquivo.wstring()).c_str()));
+    type({L"LISTAMATERIAL", L"csv", nome.c_str()});
+    EXPECT_TRUE(said((L"Lista gravada em " + nome).c_str()));
     std::ifstream lido(arquivo, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(lido), {}};
     EXPECT_TRUE(bytes.starts_with("\xEF\xBB\xBFMARCA;"));

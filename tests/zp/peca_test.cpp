@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pieces by themselves: frames, limit points, transformations, lengths, pictures.
+#include <fstream>
 #include <limits>
 
 #include "tests/zp/desenho.h"
@@ -352,6 +353,9 @@ TEST_F(Peca, CamadasDoUsuario) {
     EXPECT_EQ(cores[L"Aço leve"], 7);
     EXPECT_EQ(cores[L"Chapas"], 3);
     EXPECT_EQ(cores[L"COTA"], 2);
+    // An old editor writes the code page, whose bytes from 80 to 9F are no letters of Latin-1.
+    std::ofstream(pasta / "perfis" / "Camadas.INI") << "cota=Cotas \x96 A\xE7o";
+    EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"Cotas \u2013 A\u00E7o");
     std::filesystem::remove_all(pasta);
     EXPECT_STREQ(ZpLayerToUsr(L"PERFIL"), L"PERFIL");
     unsetenv("ZPFORJA2010");

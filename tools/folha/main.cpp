@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "texts/encoding.h"
 #include "zp/objects/secao/secao.h"
 
 namespace {
@@ -66,20 +67,6 @@ const std::vector<Sample>& samples() {
         {ILaminadoUSA, {152.4, 84.6, 5.89, 9.12, 2, 0, 0, 1000, 2352.92, 18.5}},
     };
     return rows;
-}
-
-/// The letters of the texts are those of Latin-1.
-std::string utf8(const std::wstring& text) {
-    std::string out;
-    for (const wchar_t c : text) {
-        if (c < 0x80) {
-            out += static_cast<char>(c);
-        } else {
-            out += static_cast<char>(0xC0 | c >> 6);
-            out += static_cast<char>(0x80 | (c & 0x3F));
-        }
-    }
-    return out;
 }
 
 /// Maps a box in millimetres onto the middle of a cell.
@@ -193,10 +180,10 @@ int main() {
     for (const Sample& sample : samples()) {
         const auto secao = secaoDe(sample.classe, sample.points, sample.values);
         const Dados dados = dadosDe(sample.classe, sample.points, sample.values);
-        text(12, middle - 8, "t", utf8(descricao(sample.classe).nome));
+        text(12, middle - 8, "t", texts::encodeUtf8(descricao(sample.classe).nome));
         text(12, middle + 12, "s",
-             utf8(textoPerfil(sample.classe, dados, 0) + L" " +
-                  textoDimensoes(sample.classe, dados, 0)));
+             texts::encodeUtf8(textoPerfil(sample.classe, dados, 0) + L" " +
+                               textoDimensoes(sample.classe, dados, 0)));
         drawSection(*secao, middle);
         for (int view = 1; view <= 4; ++view) drawView(*secao, view, kFirst + view * kCell, middle);
         middle += kRow;

@@ -33,8 +33,6 @@ public:
 
     /// Leading number of the text with a decimal point, whatever the locale; 0 when there is none.
     double toDouble() const;
-    /// Leading whole number; 0 when there is none or it does not fit.
-    int toInt() const;
 
     /// Pieces between the separators; two separators in a row enclose an empty piece. An empty text
     /// gives one empty piece.

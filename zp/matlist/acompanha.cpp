@@ -3,13 +3,13 @@
 #include "zp/matlist/acompanha.h"
 
 #include <algorithm>
-#include <climits>
 #include <cmath>
 #include <string>
 #include <unordered_map>
 #include <utility>
 
 #include "dbapserv.h"
+#include "texts/number.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/edicao.h"
@@ -105,11 +105,7 @@ Achada acha(AcDbObjectId id) {
 }
 
 /// Whole mm, as when the plate entered the list.
-std::wstring milimetros(double valor) {
-    const double inteiro = std::trunc(valor);
-    const bool cabe = std::abs(inteiro) <= INT_MAX;
-    return std::to_wstring(cabe ? static_cast<int>(inteiro) : INT_MIN);
-}
+std::wstring milimetros(double valor) { return std::to_wstring(texts::realToInt(valor)); }
 
 /// What the list says of a piece.
 void descreve(const ZpObject& peca, Linha& linha) {

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
+#include "texts/number.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/lista.h"
-#include "zp/objects/secao/secao.h"
 
 namespace zp::lista {
 
@@ -53,7 +53,7 @@ std::array<double, kColumns> totalsOf(const std::vector<Linha>& linhas) {
 
 std::wstring wordsOf(const Cell& cell, const Column& column) {
     if (const auto* text = std::get_if<std::wstring>(&cell)) return *text;
-    return secao::numero(std::get<double>(cell), column.shown.decimals);
+    return texts::withComma(std::get<double>(cell), column.shown.decimals);
 }
 
 std::wstring headingOf(const Column& column) {

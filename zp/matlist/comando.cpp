@@ -7,6 +7,8 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "texts/letters.h"
+#include "texts/path.h"
 #include "zp/matlist/acompanha.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/pergunta.h"
@@ -89,10 +91,7 @@ Resposta confirma(const std::wstring& pergunta, Resposta oferecida) {
 }
 
 bool temExtensao(const std::filesystem::path& arquivo, const wchar_t* extensao) {
-    std::wstring tem = textoDe(arquivo.extension());
-    for (wchar_t& c : tem)
-        if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
-    return tem == extensao;
+    return texts::equalIgnoringCase(texts::shown(arquivo.extension()), extensao);
 }
 
 /// File to write, its whole path; asks before one that exists is replaced. Nothing when the user
@@ -102,24 +101,21 @@ std::optional<std::filesystem::path> perguntaDestino(const wchar_t* pergunta,
     for (;;) {
         ACHAR nome[133] = L"";
         if (acedGetString(1, pergunta, nome) != RTNORM || *nome == L'\0') return {};
-        std::wstring caminho = nome;
+        const std::wstring caminho = nome;
         // A longer answer is cut there, and would name another file.
         if (caminho.size() >= std::size(nome) - 1) {
             acutPrintf(
                 L"\nO caminho passa de 131 caracteres; nada foi gravado. Informe um mais curto.\n");
             return {};
         }
-#ifndef _WIN32
-        std::replace(caminho.begin(), caminho.end(), L'\\', L'/');
-#endif
-        std::filesystem::path destino = caminhoDe(caminho);
+        std::filesystem::path destino = texts::pathOf(caminho);
         if (!temExtensao(destino, extensao)) destino += extensao;
         std::error_code erro;  // what cannot be asked cannot be written either, and that is told
         const std::filesystem::path inteiro = std::filesystem::absolute(destino, erro);
         if (!erro) destino = inteiro;
         if (!std::filesystem::is_regular_file(destino, erro)) return destino;
-        const Resposta troca =
-            confirma(L"\n" + textoDe(destino) + L" já existe. Deseja substituí-lo?", Resposta::Nao);
+        const Resposta troca = confirma(
+            L"\n" + texts::shown(destino) + L" já existe. Deseja substituí-lo?", Resposta::Nao);
         if (troca == Resposta::Sim) return destino;
         if (troca == Resposta::Desiste) return {};
     }
@@ -136,10 +132,10 @@ void exporta(const Lista& lista, const Format& formato) {
                         (L"." + std::wstring(formato.shown.extension)).c_str());
     if (!destino) return;
     if (formato.write(*destino, linhas(lista.id)))
-        acutPrintf(L"\nLista gravada em %ls.\n", textoDe(*destino).c_str());
+        acutPrintf(L"\nLista gravada em %ls.\n", texts::shown(*destino).c_str());
     else
         acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
-                   textoDe(*destino).c_str());
+                   texts::shown(*destino).c_str());
 }
 
 int quantasApagadas(const Lista& lista) {

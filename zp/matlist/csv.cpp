@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Text file of a material list.
 #include "files/replacement.h"
+#include "texts/encoding.h"
 #include "zp/matlist/columns.h"
 #include "zp/matlist/formats.h"
-#include "zp/matlist/tabela.h"
 
 namespace zp::lista {
 namespace {
@@ -46,7 +46,8 @@ std::wstring csvText(const std::vector<Linha>& linhas) {
 }
 
 bool writeCsv(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
-    return files::replace(destino, "\xEF\xBB\xBF" + utf8(csvText(linhas))) == 0;
+    return files::replace(destino,
+                          std::string(texts::kUtf8Mark) + texts::encodeUtf8(csvText(linhas))) == 0;
 }
 
 }  // namespace zp::lista

@@ -9,11 +9,12 @@
 #include "dbapserv.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
+#include "texts/letters.h"
+#include "texts/number.h"
 #include "zp/matlist/acompanha.h"
 #include "zp/matlist/columns.h"
 #include "zp/matlist/lista.h"
 #include "zp/matlist/zpmarca.h"
-#include "zp/objects/medidas_editaveis.h"
 
 namespace zp::lista {
 namespace {
@@ -24,14 +25,14 @@ constexpr const ACHAR* kMarca = L"marca";
 constexpr int kMaisPecas = 1000000;
 
 std::wstring numero(double v, int casas, const wchar_t* unidade) {
-    return fichas::escreve(v, casas) + L" " + unidade;
+    return texts::withPoint(v, casas) + L" " + unidade;
 }
 
 /// One decimal more than the list has.
 std::wstring words(const Cell& cell, const protocol::ListColumn& column) {
     if (const auto* text = std::get_if<std::wstring>(&cell)) return *text;
     const double value = std::get<double>(cell);
-    return column.decimals == 0 ? fichas::escreve(value, 0)
+    return column.decimals == 0 ? texts::withPoint(value, 0)
                                 : numero(value, column.decimals + 1, column.unit);
 }
 
@@ -60,14 +61,8 @@ bool haMarca(AcDbDatabase& desenho, AcDbObjectId registro, const std::wstring& m
     return false;
 }
 
-std::wstring aparado(const std::wstring& texto) {
-    const std::size_t de = texto.find_first_not_of(L" \t");
-    if (de == std::wstring::npos) return {};
-    return texto.substr(de, texto.find_last_not_of(L" \t") - de + 1);
-}
-
 std::wstring mudaMarca(AcDbObjectId id, AcDbObjectId registro, const std::wstring& dada) {
-    const std::wstring marca = aparado(dada);
+    const std::wstring marca = texts::trimmed(dada);
     if (marca.empty()) return L"A marca não pode ficar vazia.";
     if (marca.size() >= kZpMarcaMax)
         return L"A marca pode ter até " + std::to_wstring(kZpMarcaMax - 1) + L" caracteres.";
@@ -87,8 +82,8 @@ std::wstring mudaMarca(AcDbObjectId id, AcDbObjectId registro, const std::wstrin
 }
 
 std::wstring mudaQuantidade(Linha& linha, const std::wstring& texto) {
-    double v = 0.0;
-    if (!fichas::leNumero(texto, v) || v != std::floor(v) || v < 1.0 || v > kMaisPecas)
+    const double v = texts::exactReal(texto).value_or(0.0);
+    if (v != std::floor(v) || v < 1.0 || v > kMaisPecas)
         return L"A quantidade deve ser um número inteiro a partir de 1.";
     // Paint areas of a row without pieces cannot be divided.
     const double porPeca =
@@ -107,7 +102,7 @@ std::wstring mudaLinha(AcDbObjectId registro, const std::wstring& chave,
         kColumnTable, [&](const Column& c) { return c.editable && chave == c.shown.key; });
     if (column == kColumnTable.end()) return L"Este valor não pode ser editado.";
     if (const auto* text = std::get_if<std::wstring Linha::*>(&column->field))
-        (*linha).*(*text) = aparado(valor);
+        (*linha).*(*text) = texts::trimmed(valor);
     else if (std::wstring motivo = mudaQuantidade(*linha, valor); !motivo.empty())
         return motivo;
     return regrava(registro, *linha) ? L"" : L"A linha da lista não pôde ser gravada.";

@@ -9,6 +9,7 @@
 
 #include "acutads.h"
 #include "dbxrecrd.h"
+#include "texts/number.h"
 #include "zp/corrente.h"
 #include "zp/matlist/columns.h"
 #include "zp/matlist/zpmarca.h"
@@ -137,7 +138,7 @@ int numeroDe(const std::wstring& nome, const wchar_t* prefixo) {
     const std::size_t n = std::wcslen(prefixo);
     if (nome.size() <= n || nome.size() > n + 9 || nome.compare(0, n, prefixo) != 0) return 0;
     if (nome.find_first_not_of(L"0123456789", n) != std::wstring::npos) return 0;
-    return static_cast<int>(std::wcstol(nome.c_str() + n, nullptr, 10));
+    return texts::toInt(nome.c_str() + n);
 }
 
 struct Entrada {

@@ -3,9 +3,9 @@
 #include <xlsxwriter.h>
 
 #include "files/replacement.h"
+#include "texts/encoding.h"
 #include "zp/matlist/columns.h"
 #include "zp/matlist/formats.h"
-#include "zp/matlist/tabela.h"
 
 namespace zp::lista {
 namespace {
@@ -63,7 +63,7 @@ private:
     void nota(lxw_error erro) { m_boa = m_boa && erro == LXW_NO_ERROR; }
     void poe(std::size_t coluna, const std::wstring& t, lxw_format* f) {
         nota(worksheet_write_string(m_folha, m_linha, static_cast<lxw_col_t>(coluna),
-                                    utf8(t).c_str(), f));
+                                    texts::encodeUtf8(t).c_str(), f));
     }
     void texto(std::size_t coluna, const std::wstring& t) {
         if (!t.empty()) poe(coluna, t, m_comum[coluna]);

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <system_error>
-#include <type_traits>
 
 #include "adscodes.h"
 #include "dbents.h"
@@ -81,55 +79,6 @@ std::vector<Line> linesOf(const std::vector<Linha>& linhas) {
 
 }  // namespace
 
-std::string utf8(const std::wstring& texto) {
-    std::string bytes;
-    const auto codigo = [&](std::size_t i) -> std::uint32_t {
-        return static_cast<std::make_unsigned_t<wchar_t>>(i < texto.size() ? texto[i] : L'\0');
-    };
-    for (std::size_t i = 0; i < texto.size(); ++i) {
-        std::uint32_t u = codigo(i);
-        // Where wide characters have 16 bits, two halves make the rarer ones.
-        const std::uint32_t baixa = codigo(i + 1);
-        if (u >> 10 == 0x36 && baixa >> 10 == 0x37) {
-            u = 0x10000u + ((u & 0x3ffu) << 10) + (baixa & 0x3ffu);
-            ++i;
-        }
-        const auto resto = [&](int desloca) {
-            bytes += static_cast<char>(0x80u | (u >> desloca & 0x3fu));
-        };
-        if (u < 0x80) {
-            bytes += static_cast<char>(u);
-        } else if (u < 0x800) {
-            bytes += static_cast<char>(0xc0u | u >> 6);
-            resto(0);
-        } else if (u < 0x10000) {
-            bytes += static_cast<char>(0xe0u | u >> 12);
-            resto(6);
-            resto(0);
-        } else {
-            bytes += static_cast<char>(0xf0u | u >> 18);
-            resto(12);
-            resto(6);
-            resto(0);
-        }
-    }
-    return bytes;
-}
-
-std::filesystem::path caminhoDe(const std::wstring& texto) {
-    const std::string bytes = utf8(texto);
-    return std::u8string_view(reinterpret_cast<const char8_t*>(bytes.data()), bytes.size());
-}
-
-std::wstring textoDe(const std::filesystem::path& caminho) {
-    try {
-        return caminho.wstring();
-    } catch (const std::system_error&) {  // a folder that is named in another encoding
-        std::wstring texto;
-        for (const char c : caminho.string())
-            texto += static_cast<unsigned char>(c) < 0x80 ? static_cast<wchar_t>(c) : L'?';
-        return texto;
-    }
 }
 
 bool desenhaTabela(const Lista& lista) {

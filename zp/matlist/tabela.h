@@ -9,11 +9,6 @@
 
 namespace zp::lista {
 
-std::string utf8(const std::wstring& texto);
-std::filesystem::path caminhoDe(const std::wstring& texto);
-/// To be shown only: what is no text becomes question marks.
-std::wstring textoDe(const std::filesystem::path& caminho);
-
 /// Draws the table in the current space with its upper left corner at the list's point, in place of
 /// the one drawn before. False when the list cannot be read or written.
 bool desenhaTabela(const Lista& lista);

@@ -3,11 +3,13 @@
 #include "zp/objects/fichas.h"
 
 #include <cmath>
+#include <optional>
 
 #include "acutmem.h"
 #include "perfis/entities/zpvigas.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
+#include "texts/number.h"
 #include "zp/objects/edicao.h"
 #include "zp/objects/medidas_editaveis.h"
 #include "zp/objects/peca.h"
@@ -17,6 +19,7 @@ namespace zp::fichas {
 namespace {
 
 using protocol::PropertySheet;
+using texts::withPoint;
 
 constexpr const ACHAR* kComprimento = L"comprimento";
 constexpr const ACHAR* kTipoBarra = L"tipo_barra";
@@ -43,7 +46,7 @@ constexpr const ACHAR* kVistas[] = {L"Seção", L"Superior", L"Inferior", L"Dire
 constexpr int kCasas = 4;
 
 std::wstring comUnidade(double v, int casas, const wchar_t* unidade) {
-    return escreve(v, casas) + L" " + unidade;
+    return withPoint(v, casas) + L" " + unidade;
 }
 
 void mostra(PropertySheet& s, const ACHAR* chave, const ACHAR* rotulo, const std::wstring& valor) {
@@ -83,7 +86,7 @@ void grupoGeometria(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     if (fixa)
         mostra(s, kComprimento, rotulo, comUnidade(p.comprimento, kCasas, L"mm"));
     else
-        s.edit(kComprimento, rotulo, escreve(p.comprimento, kCasas).c_str(), L"mm");
+        s.edit(kComprimento, rotulo, withPoint(p.comprimento, kCasas).c_str(), L"mm");
     for (const Medida& medida : medidas()) {
         const double* const guardado = p.valor(medida.papel);
         if (guardado == nullptr) continue;
@@ -92,7 +95,7 @@ void grupoGeometria(const ZpObject& peca, const Peca& p, PropertySheet& s) {
         if (fixa)
             mostra(s, medida.chave, nome, comUnidade(v, kCasas, medida.unidade));
         else
-            s.edit(medida.chave, nome, escreve(v, kCasas).c_str(), medida.unidade);
+            s.edit(medida.chave, nome, withPoint(v, kCasas).c_str(), medida.unidade);
     }
 }
 
@@ -134,8 +137,8 @@ std::wstring mudaComprimento(Peca& p, double novo) {
 }
 
 std::wstring mudaTipo(Peca& p, const std::wstring& texto) {
-    double indice = -1.0;
-    if (!leNumero(texto, indice) || indice != std::floor(indice) || indice < 0.0 ||
+    const double indice = texts::exactReal(texto).value_or(-1.0);
+    if (indice != std::floor(indice) || indice < 0.0 ||
         indice >= static_cast<double>(std::size(kTipos)))
         return L"Escolha um dos tipos de barra da lista.";
     p.tipoBarra = static_cast<std::uint8_t>(kTipos[static_cast<std::size_t>(indice)].tipo);
@@ -147,20 +150,21 @@ std::wstring aplica(Peca& p, const std::wstring& chave, const std::wstring& text
     if (chave == kTipoBarra && !p.chapa()) return mudaTipo(p, texto);
     const Medida* const medida = medidaDe(chave);
     if (medida == nullptr && chave != kComprimento) return L"Este valor não pode ser editado.";
-    double v = 0.0;
-    if (!leNumero(texto, v)) return L"“" + texto + L"” não é um número.";
-    return medida != nullptr ? muda(p, *medida, v / medida->fator) : mudaComprimento(p, v);
+    const std::optional<double> v = texts::exactReal(texto);
+    if (!v) return L"“" + texto + L"” não é um número.";
+    return medida != nullptr ? muda(p, *medida, *v / medida->fator) : mudaComprimento(p, *v);
 }
 
 /// A text as the sheet shows it changes nothing: it may have fewer digits than the value.
 bool jaMostra(const ZpObject& peca, const std::wstring& chave, const std::wstring& texto) {
     const Peca& p = Acesso::de(peca);
-    double v = 0.0;
-    if (!leNumero(texto, v)) return false;
-    if (chave == kComprimento) return escreve(p.comprimento, kCasas) == escreve(v, kCasas);
+    const std::optional<double> v = texts::exactReal(texto);
+    if (!v) return false;
+    if (chave == kComprimento) return withPoint(p.comprimento, kCasas) == withPoint(*v, kCasas);
     const Medida* const medida = medidaDe(chave);
     const double* const guardado = medida != nullptr ? p.valor(medida->papel) : nullptr;
-    return guardado != nullptr && escreve(*guardado * medida->fator, kCasas) == escreve(v, kCasas);
+    return guardado != nullptr &&
+           withPoint(*guardado * medida->fator, kCasas) == withPoint(*v, kCasas);
 }
 
 class Fichas : public protocol::EntityProperties {

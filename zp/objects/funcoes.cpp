@@ -3,9 +3,6 @@
 #include "perfis/entities/zpfuncoes.h"
 
 #include <array>
-#include <charconv>
-#include <cmath>
-#include <cwctype>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -15,6 +12,8 @@
 #include "acedads.h"
 #include "dbsymtb.h"
 #include "geassign.h"
+#include "texts/letters.h"
+#include "texts/number.h"
 #include "zp/objects/camadas.h"
 #include "zp/objects/figura.h"
 #include "zp/objects/vigia.h"
@@ -84,10 +83,8 @@ wchar_t* ZpLayerToUsr(const wchar_t* nome) {
     // Nodes of a map stay where they are, so the texts handed out stay valid.
     static std::map<std::wstring, std::wstring> dados;
     const std::wstring padrao = nome != nullptr ? nome : L"";
-    std::wstring chave = padrao;
-    for (wchar_t& c : chave) c = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
     const auto& lidas = camadas();
-    const auto achada = lidas.find(chave);
+    const auto achada = lidas.find(texts::lower(padrao));
     const std::wstring& doUsuario = achada != lidas.end() ? achada->second : padrao;
     std::wstring& texto = dados.try_emplace(doUsuario, doUsuario).first->second;
     criaCamada(texto, zp::corDaCamada(padrao));
@@ -109,23 +106,10 @@ double GetScale() {
 }
 
 wchar_t* FormatInString(double valor) {
-    constexpr std::size_t kTextos = 8;
-    constexpr std::size_t kTamanho = 340;  // the largest double has 309 digits before the point
-    static std::array<std::array<wchar_t, kTamanho>, kTextos> textos;
+    static std::array<std::wstring, 8> textos;
     static std::size_t vez = 0;
-    std::array<wchar_t, kTamanho>& texto = textos[vez++ % kTextos];
-    std::array<char, kTamanho> bytes{'0'};
-    std::string numero = "0";
-    if (std::isfinite(valor)) {
-        const auto fim = std::to_chars(bytes.data(), bytes.data() + bytes.size(), valor,
-                                       std::chars_format::fixed, 6)
-                             .ptr;
-        numero.assign(bytes.data(), fim);
-        numero.erase(numero.find_last_not_of('0') + 1);
-        if (numero.back() == '.') numero.pop_back();
-        if (numero == "-0") numero = "0";
-    }
-    *std::copy(numero.begin(), numero.end(), texto.begin()) = L'\0';
+    std::wstring& texto = textos[vez++ % textos.size()];
+    texto = texts::withPoint(valor, 6);
     return texto.data();
 }
 

@@ -3,7 +3,6 @@
 #include "zp/objects/medidas_editaveis.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <numbers>
 
@@ -120,25 +119,6 @@ std::wstring muda(Peca& p, const Medida& medida, double novo) {
         return L"Com este valor as medidas não formam uma seção; confira espessuras, abas e raios.";
     p.dados = p.atuais;
     return {};
-}
-
-bool leNumero(const std::wstring& texto, double& valorLido) {
-    std::string bytes;
-    for (const wchar_t c : texto) {
-        if (c == L' ') continue;
-        if (c > 127) return false;
-        bytes.push_back(c == L',' ? '.' : static_cast<char>(c));
-    }
-    const char* const inicio = bytes.data() + (bytes.starts_with('+') ? 1 : 0);
-    const char* const fim = bytes.data() + bytes.size();
-    const auto [parou, erro] = std::from_chars(inicio, fim, valorLido);
-    return erro == std::errc() && parou == fim && std::isfinite(valorLido);
-}
-
-std::wstring escreve(double v, int decimais) {
-    std::wstring texto = secao::numero(v, decimais);
-    std::ranges::replace(texto, L',', L'.');
-    return texto;
 }
 
 }  // namespace zp::fichas

@@ -38,9 +38,4 @@ const Medida* medidaDe(const std::wstring& chave);
 /// value gives no sound section; empty when it is taken. Otherwise the piece is of no use.
 std::wstring muda(Peca& peca, const Medida& medida, double valor);
 
-/// A whole text as a number, decimal point or comma. False for anything else.
-bool leNumero(const std::wstring& texto, double& valor);
-/// At most so many decimals, no trailing zeros, decimal point.
-std::wstring escreve(double valor, int decimais);
-
 }  // namespace zp::fichas

@@ -5,12 +5,13 @@
 
 #include "acutads.h"
 #include "perfis/entities/zpobject.h"
+#include "texts/number.h"
 #include "zp/objects/ligacoes.h"
 #include "zp/objects/peca.h"
 
+using texts::withComma;
 using zp::Ligacao;
 using zp::Peca;
-using zp::secao::numero;
 
 namespace {
 
@@ -25,7 +26,7 @@ void linha(const std::wstring& nome, const std::wstring& valor) {
 }
 
 std::wstring ponto(const AcGePoint3d& p) {
-    return L"X=" + numero(p.x, 4) + L"  Y=" + numero(p.y, 4) + L"  Z=" + numero(p.z, 4);
+    return L"X=" + withComma(p.x, 4) + L"  Y=" + withComma(p.y, 4) + L"  Z=" + withComma(p.z, 4);
 }
 
 std::wstring handles(const Peca& p, bool cotas) {
@@ -41,10 +42,10 @@ std::wstring handles(const Peca& p, bool cotas) {
 
 void listaSecao(const Peca& p) {
     const zp::secao::Propriedades& s = p.secao().propriedades();
-    linha(L"área (A)", numero(s.area, 2) + L" mm2");
-    linha(L"Ix, Iy", numero(s.ix, 0) + L"; " + numero(s.iy, 0) + L" mm4");
-    linha(L"xg, yg", numero(s.xg, 3) + L"; " + numero(s.yg, 3) + L" mm");
-    linha(L"It", numero(p.secao().torcao(), 0) + L" mm4");
+    linha(L"área (A)", withComma(s.area, 2) + L" mm2");
+    linha(L"Ix, Iy", withComma(s.ix, 0) + L"; " + withComma(s.iy, 0) + L" mm4");
+    linha(L"xg, yg", withComma(s.xg, 3) + L"; " + withComma(s.yg, 3) + L" mm");
+    linha(L"It", withComma(p.secao().torcao(), 0) + L" mm4");
     if (p.secao().invalida()) linha(L"valores", L"seção inválida: desenhada pela caixa");
 }
 
@@ -60,13 +61,14 @@ void ZpObject::subList() const {
     (void)getDimensoes(dimensoes);
     linha(L"perfil", std::wstring(perfil) + L" " + dimensoes);
     linha(L"início", ponto(p.inicio));
-    linha(L"comprimento", numero(p.comprimento, 4) + L" mm");
-    linha(L"ângulo", numero(p.angulo * 180.0 / std::numbers::pi, 4) + L" graus" +
+    linha(L"comprimento", withComma(p.comprimento, 4) + L" mm");
+    linha(L"ângulo", withComma(p.angulo * 180.0 / std::numbers::pi, 4) + L" graus" +
                          (p.espelhada ? L", espelhada" : L""));
     linha(L"vista", kVistas[p.vista]);
     linha(L"função", p.tipoBarra < std::size(kFuncoes) ? kFuncoes[p.tipoBarra] : kFuncoes[0]);
-    linha(L"peso", numero(getPeso(), 3) + L" kg (" + numero(getLinearWeight(), 3) + L" kg/m)");
-    linha(L"área de pintura", numero(getAreaPintura(), 4) + L" m2");
+    linha(L"peso",
+          withComma(getPeso(), 3) + L" kg (" + withComma(getLinearWeight(), 3) + L" kg/m)");
+    linha(L"área de pintura", withComma(getAreaPintura(), 4) + L" m2");
     if (!p.chapa()) listaSecao(p);
     linha(L"cotas", handles(p, true));
     linha(L"peças ligadas", handles(p, false));

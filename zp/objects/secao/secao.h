@@ -65,7 +65,5 @@ std::shared_ptr<const Secao> secaoDe(Classe classe, int pontos, std::span<const 
 /// series of a welded I.
 std::wstring textoPerfil(Classe classe, const Dados& dados, int subtipo);
 std::wstring textoDimensoes(Classe classe, const Dados& dados, int subtipo);
-/// At most so many decimals, no trailing zeros, decimal comma.
-std::wstring numero(double valor, int decimais = 2);
 
 }  // namespace zp::secao

@@ -2,10 +2,10 @@
 // Names and sizes of sections as texts.
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <initializer_list>
 
+#include "texts/number.h"
 #include "zp/objects/secao/montagem.h"
 #include "zp/objects/secao/secao.h"
 #include "zp/objects/secao/textos.h"
@@ -19,7 +19,7 @@ std::wstring vezes(std::initializer_list<double> valores) {
     std::wstring texto;
     for (const double v : valores) {
         if (!texto.empty()) texto += L'x';
-        texto += numero(v);
+        texto += texts::withComma(v);
     }
     return texto;
 }
@@ -34,25 +34,9 @@ std::wstring comMassa(const Dados& d, double pecas) {
     return d[M] > 0.0 ? vezes({d[H], d[M] / pecas}) : vezes({d[H], d[B1], d[T]});
 }
 
-std::wstring vao(const Dados& d) { return L" a=" + numero(d[Vao]); }
+std::wstring vao(const Dados& d) { return L" a=" + texts::withComma(d[Vao]); }
 
 }  // namespace
-
-std::wstring numero(double valor, int decimais) {
-    if (!std::isfinite(valor)) return L"0";
-    std::array<char, 400> texto;
-    const auto fim = std::to_chars(texto.data(), texto.data() + texto.size(), valor,
-                                   std::chars_format::fixed, decimais)
-                         .ptr;
-    std::string s(texto.data(), fim);
-    if (s.find('.') != std::string::npos) {
-        s.erase(s.find_last_not_of('0') + 1);
-        if (s.back() == '.') s.pop_back();
-    }
-    if (s == "-0") s = "0";
-    std::replace(s.begin(), s.end(), '.', ',');
-    return {s.begin(), s.end()};
-}
 
 namespace textos {
 
@@ -84,12 +68,12 @@ std::wstring hbt(const Dados& d, int) { return vezes({d[H], d[B1], d[T]}); }
 std::wstring hht(const Dados& d, int) { return vezes({d[H], d[H], d[T]}); }
 std::wstring hbtComAba(const Dados& d, int) { return dobradoComAba(d); }
 std::wstring hbtComLargura(const Dados& d, int) {
-    return dobradoComAba(d) + (d[Vao] > 2.0 * d[B1] ? L" l=" + numero(d[Vao]) : L"");
+    return dobradoComAba(d) + (d[Vao] > 2.0 * d[B1] ? L" l=" + texts::withComma(d[Vao]) : L"");
 }
 std::wstring hbtComVao(const Dados& d, int) { return vezes({d[H], d[B1], d[T]}) + vao(d); }
 std::wstring hhtComVao(const Dados& d, int) { return vezes({d[H], d[H], d[T]}) + vao(d); }
 std::wstring hbtComVaos(const Dados& d, int) {
-    return vezes({d[H], d[B1], d[T]}) + vao(d) + L" av=" + numero(d[VaoV]);
+    return vezes({d[H], d[B1], d[T]}) + vao(d) + L" av=" + texts::withComma(d[VaoV]);
 }
 std::wstring hbtComAbaEVao(const Dados& d, int) { return dobradoComAba(d) + vao(d); }
 std::wstring diametroEParede(const Dados& d, int) { return vezes({d[D], 0.5 * (d[D] - d[Dint])}); }

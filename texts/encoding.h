@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Text encodings of list files and of paths: UTF-8, UTF-16 and the Windows code page 1252.
+// Text encodings of files and of paths: UTF-8, UTF-16 and the Windows code page 1252.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace perfis {
+namespace texts {
+
+/// Stands before UTF-8 in files.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// Nothing when the bytes are not valid UTF-8.
 std::optional<std::wstring> decodeUtf8(std::string_view bytes);
@@ -21,7 +24,7 @@ std::wstring decodeWindows1252(std::string_view bytes);
 /// Nothing when a character is not in the code page.
 std::optional<std::string> encodeWindows1252(std::wstring_view text);
 
-/// Whole-text comparison without regard to case, for ASCII and the Latin letters of the code page.
-bool equalIgnoringCase(std::wstring_view a, std::wstring_view b);
+/// UTF-8 with or without mark, else the code page.
+std::wstring decodeText(std::string_view bytes);
 
-}  // namespace perfis
+}  // namespace texts

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Text encodings, written out because wide characters have 16 bits on one target and 32 on the
 // other.
-#include "perfis/base/encoding.h"
+#include "texts/encoding.h"
 
 #include <cstddef>
 #include <cstdint>
 
-namespace perfis {
+namespace texts {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
@@ -61,11 +61,6 @@ std::optional<char32_t> nextUtf8(std::string_view bytes, std::size_t& at) {
     return bad ? std::nullopt : std::optional(c);
 }
 
-char32_t lower(char32_t c) {
-    const bool upper = (c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7);
-    return upper ? c + 32 : c;
-}
-
 }  // namespace
 
 std::optional<std::wstring> decodeUtf8(std::string_view bytes) {
@@ -104,23 +99,15 @@ std::string encodeUtf8(std::wstring_view text) {
 }
 
 std::wstring decodeUtf16(std::string_view bytes, bool bigEndian) {
-    const auto unit = [&](std::size_t at) {
+    std::wstring units;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
         const auto first = static_cast<unsigned char>(bytes[at]);
         const auto second = static_cast<unsigned char>(bytes[at + 1]);
-        return static_cast<char32_t>(bigEndian ? first << 8 | second : second << 8 | first);
-    };
-    std::wstring text;
-    text.reserve(bytes.size() / 2);
-    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
-        char32_t c = unit(at);
-        if (isHighSurrogate(c) && at + 3 < bytes.size() && isLowSurrogate(unit(at + 2))) {
-            c = 0x10000 + ((c - 0xD800) << 10) + (unit(at + 2) - 0xDC00);
-            at += 2;
-        } else if (isHighSurrogate(c) || isLowSurrogate(c)) {
-            c = kReplacement;
-        }
-        appendWide(text, c);
+        units += static_cast<wchar_t>(bigEndian ? first << 8 | second : second << 8 | first);
     }
+    std::wstring text;
+    text.reserve(units.size());
+    for (std::size_t at = 0; at < units.size();) appendWide(text, nextWide(units, at));
     return text;
 }
 
@@ -172,12 +159,10 @@ std::optional<std::string> encodeWindows1252(std::wstring_view text) {
     return bytes;
 }
 
-bool equalIgnoringCase(std::wstring_view a, std::wstring_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (lower(static_cast<char32_t>(a[i])) != lower(static_cast<char32_t>(b[i]))) return false;
-    }
-    return true;
+std::wstring decodeText(std::string_view bytes) {
+    if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+    std::optional<std::wstring> text = decodeUtf8(bytes);
+    return text ? *std::move(text) : decodeWindows1252(bytes);
 }
 
-}  // namespace perfis
+}  // namespace texts
