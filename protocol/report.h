@@ -16,9 +16,11 @@ namespace protocol {
 class PropertyVisitor {
 public:
     virtual ~PropertyVisitor() = default;
+    /// Drawing units, radians, kg, m2: as the name is documented.
     virtual void number(const ACHAR* name, double value) = 0;
     virtual void integer(const ACHAR* name, long long value) = 0;
     virtual void text(const ACHAR* name, const ACHAR* value) = 0;
+    /// World coordinates.
     virtual void point(const ACHAR* name, const AcGePoint3d& value) = 0;
     /// Reference to another object of the drawing.
     virtual void object(const ACHAR* name, const AcDbObjectId& value) = 0;

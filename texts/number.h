@@ -33,6 +33,7 @@ std::wstring withoutZeros(std::wstring fixed);
 
 /// At most so many decimals, no trailing zeros, no minus zero. What is not finite gives "0".
 std::wstring withPoint(double value, int decimals);
+/// The same with the decimal comma.
 std::wstring withComma(double value, int decimals = 2);
 
 }  // namespace texts

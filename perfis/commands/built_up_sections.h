@@ -29,8 +29,11 @@ Medida wrongWidth(const Medidas& medidas);
 double outsideWidth(const Medidas& medidas);
 /// Half the width of two pieces of width b with the gap a between them.
 double halfAcrossGap(const Medidas& medidas);
+/// Half of the width of the whole, mm.
 double halfOutsideWidth(const Medidas& medidas);
+/// mm.
 double halfHeight(const Medidas& medidas);
+/// mm.
 double thirdOfHeight(const Medidas& medidas);
 
 /// Kind of an I of two U whose lips point outwards.
@@ -38,6 +41,7 @@ inline constexpr double kHats = 1.0;
 
 /// Area in cm2 and mass of two rolled angles, as their built-up classes take them.
 inline double pairMass(const Medidas& m) { return 2.0 * m.m; }
+/// Area of two pieces in cm2 from the linear mass of one in kg/m.
 inline double pairArea(const Medidas& m) { return 2.0 * m.m * 1.271848; }
 
 /// A distance from the reference point to an edge of the section's box.

@@ -35,6 +35,7 @@ inline constexpr Face kChannelFaces[] = {
 /// Between web and flange before a bend is opened or closed, radians.
 inline constexpr double kRightAngle = std::numbers::pi / 2.0;
 
+/// Area in mm2 of the row last picked, from its linear mass.
 double areaOfMass(const Medidas& medidas);
 
 /// What the classes of turned equal angles take: a third of the leg along the angle's own axes,

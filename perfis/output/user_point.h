@@ -6,6 +6,7 @@
 
 namespace perfis {
 
+/// World coordinates to those of the user; the point itself where the host refuses.
 AcGePoint3d worldToUser(const AcGePoint3d& point);
 
 }  // namespace perfis

@@ -35,6 +35,7 @@ std::string_view trim(std::string_view text);
 /// Shortest text that reads back to the same double; never a locale's. "0" for minus zero, "nan",
 /// "inf".
 void appendNumber(std::string& out, double value);
+/// Shortest text that reads back as the same number, decimal point.
 std::string numberText(double value);
 std::wstring numberTextWide(double value);
 

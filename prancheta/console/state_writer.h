@@ -11,6 +11,7 @@ namespace prancheta::console {
 
 using Json = nlohmann::ordered_json;
 
+/// [x, y, z], drawing units, world.
 Json pointJson(const AcGePoint3d& p);
 /// Upper-case hexadecimal; null for a null id.
 Json handleJson(const AcDbObjectId& id);

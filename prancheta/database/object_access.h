@@ -35,6 +35,7 @@ struct ObjectAccess {
     static AcDbObjectId linetype(const AcDbEntity& e) { return AcDbObjectId(e.m_linetype); }
     static void setLinetype(AcDbEntity& e, AcDbObjectId id) { e.m_linetype = id; }
     static void setColor(AcDbEntity& e, Adesk::UInt16 color) { e.m_color = color; }
+    /// Factor, above 0.
     static void setLinetypeScale(AcDbEntity& e, double scale) { e.m_linetypeScale = scale; }
     static void setLineWeight(AcDbEntity& e, Adesk::Int16 weight) { e.m_lineWeight = weight; }
     static void setVisible(AcDbEntity& e, bool visible) { e.m_visibility = visible ? 0 : 1; }
@@ -62,6 +63,7 @@ struct ObjectAccess {
     }
     static std::vector<AcDbObjectId>& entities(AcDbBlockTableRecord& r) { return r.m_entities; }
     static void setFrozen(AcDbLayerTableRecord& r, bool frozen) { r.m_frozen = frozen; }
+    /// Drawing units at scale 1; below 0 a gap, 0 a dot.
     static std::vector<double>& dashes(AcDbLinetypeTableRecord& r) { return r.m_dashes; }
 
     // Dictionaries. Entries whose object is erased are still listed.

@@ -43,8 +43,10 @@ public:
     const std::vector<VariableInfo>& all() const { return m_all; }
 
     short number(std::wstring_view name) const;
+    /// In the unit that the table gives the variable; 0 for an unknown name.
     double real(std::wstring_view name) const;
     std::wstring text(std::wstring_view name) const;
+    /// As the variable keeps it: LASTPOINT in user coordinates.
     AcGePoint3d point(std::wstring_view name) const;
 
     /// Called before a value changes (may refuse) and after it changed.

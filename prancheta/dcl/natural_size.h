@@ -31,6 +31,7 @@ public:
 
     /// Frame and title between a cluster's outside and its children.
     Insets insets(const Tile& cluster) const;
+    /// Between neighbours, pixels.
     double gap(bool horizontal) const;
 
     /// Label of an edit box or popup with the gap that follows it.

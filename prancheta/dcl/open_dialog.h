@@ -56,6 +56,7 @@ public:
     ads_htile tileHandle(const Tile& tile) const;
     /// Null when the handle is of another dialog.
     const Tile* tileOf(ads_htile handle) const;
+    /// Pixels, origin at the upper left corner of the dialog.
     const Box& box(const Tile& tile) const { return *layout().find(tile); }
 
     /// False when the mode means nothing for the tile.

@@ -16,8 +16,11 @@ struct Box2d {
     double top = -1e300;
 
     bool empty() const { return left > right || bottom > top; }
+    /// Drawing units, 0 when empty.
     double width() const { return empty() ? 0.0 : right - left; }
+    /// Drawing units, 0 when empty.
     double height() const { return empty() ? 0.0 : top - bottom; }
+    /// The edge counts.
     bool contains(double x, double y) const {
         return x >= left && x <= right && y >= bottom && y <= top;
     }
@@ -26,6 +29,7 @@ struct Box2d {
         return left <= other.right && right >= other.left && bottom <= other.top &&
                top >= other.bottom;
     }
+    /// Drawing units.
     void add(double x, double y) {
         left = std::min(left, x);
         right = std::max(right, x);

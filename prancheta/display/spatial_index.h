@@ -60,6 +60,7 @@ private:
         double y = 0.0;
         double size = 0.0;
 
+        /// Drawing units; the lower and left edges count.
         bool holds(double px, double py) const {
             return px >= x && px < x + size && py >= y && py < y + size;
         }

@@ -21,6 +21,7 @@ std::unique_ptr<AcDbAlignedDimension> asFiled(const AcDbAlignedDimension& dimens
 /// The scale stands among the overrides in the extended data: takes it out of the groups, 0 when
 /// there is none, or puts it in.
 double takeDimscale(RawTags& xdata);
+/// Factor from sizes on paper to drawing units.
 void putDimscale(RawTags& xdata, double scale);
 
 /// The through point as it was given stands in our own extended data, because the dimension's own

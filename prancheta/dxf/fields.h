@@ -54,9 +54,11 @@ struct Field {
 };
 
 constexpr Field marker(const char* name) { return {100, Meaning::Marker, 0, false, 0.0, name}; }
+/// A value that the class does not hold: kept, or written as `standard`, in the unit of the file.
 constexpr Field defaultField(int code, double standard) {
     return {code, Meaning::Default, 0, false, standard, nullptr};
 }
+/// Written only when it differs from `standard`, in the unit of the file (angles in degrees).
 constexpr Field optionalField(int code, Meaning meaning, int slot, double standard) {
     return {code, meaning, static_cast<std::uint8_t>(slot), true, standard, nullptr};
 }
@@ -99,6 +101,7 @@ void writeFields(std::span<const Field> fields, const Values& values, SaveNames&
 /// Degrees that read back to exactly these radians, where there are such; otherwise what is read
 /// back gives the same degrees again.
 double degreesOf(double radians);
+/// Of any size.
 double radiansOf(double degrees);
 
 }  // namespace prancheta::dxf

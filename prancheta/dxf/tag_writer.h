@@ -27,11 +27,13 @@ public:
     /// A text as it is meant, see encodeText().
     void meaning(int code, std::wstring_view text);
     void marker(const char* name) { text(100, name); }
+    /// All digits that the number needs.
     void real(int code, double value);
     void integer(int code, long long value);
     void handle(int code, Adesk::UInt64 value);
     /// code, code + 10, code + 20.
     void point(int code, const AcGePoint3d& p);
+    /// Groups `code` and `code` + 10.
     void point2d(int code, double x, double y);
     /// A group of some file; its value is of the code's kind.
     void raw(int code, std::string_view utf8);

@@ -11,6 +11,7 @@
 namespace prancheta {
 
 EventValue eventText(std::wstring_view text);
+/// World coordinates.
 EventValue eventPoint(const AcGePoint3d& p);
 EventValue eventHandle(AcDbObjectId id);
 EventValue eventVariable(const VariableValue& value);

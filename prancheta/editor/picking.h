@@ -26,6 +26,7 @@ double pickTolerance(const Editor& editor);
 
 /// Topmost entity within the pick box about a world point; null id when there is none.
 AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world);
+/// Wholly inside; corners in world coordinates, as in the three below.
 std::vector<AcDbObjectId> entitiesInWindow(const Editor& editor, const AcGePoint3d& a,
                                            const AcGePoint3d& b);
 std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint3d& a,

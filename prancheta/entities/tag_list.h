@@ -33,6 +33,7 @@ void setPointAt(RawTags& tags, std::size_t i, const AcGePoint3d& p);
 AcGePoint3d findPoint(const RawTags& tags, int code, const AcGePoint3d& fallback = {});
 /// All points of this code, in file order.
 std::vector<AcGePoint3d> findPoints(const RawTags& tags, int code);
+/// In the unit of the file, in its order.
 std::vector<double> findNumbers(const RawTags& tags, int code);
 
 /// A group that has this value already stays as it is written.

@@ -18,6 +18,7 @@ struct BulgeArc {
 bool arcOfBulge(const AcGePoint3d& a, const AcGePoint3d& b, double bulge,
                 const AcGeVector3d& normal, BulgeArc& arc);
 
+/// Sweep in radians, counter-clockwise above 0; tan of its quarter.
 double bulgeOfSweep(double sweep);
 
 }  // namespace prancheta

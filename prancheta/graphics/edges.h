@@ -20,6 +20,7 @@ struct Edge {
 
     bool isArc() const { return sweep != 0.0; }
     bool isCircle() const { return std::abs(sweep) >= kTwoPi; }
+    /// Angle in radians from the edge's axis.
     AcGePoint3d at(double angle) const {
         const auto [s, c] = sineCosine(angle);
         return {center.x + radius * c, center.y + radius * s, center.z};
@@ -33,6 +34,7 @@ struct Edge {
     }
 };
 
+/// World coordinates.
 inline Edge lineEdge(const AcGePoint3d& a, const AcGePoint3d& b) {
     return {a, b, {}, 0.0, 0.0, 0.0};
 }

@@ -9,6 +9,7 @@ namespace prancheta {
 /// Rectangle of the plane from any two opposite corners.
 struct Window {
     Window(const AcGePoint3d& corner, const AcGePoint3d& opposite);
+    /// World coordinates; the edge counts.
     bool contains(const AcGePoint3d& p) const {
         return p.x >= left && p.x <= right && p.y >= bottom && p.y <= top;
     }

@@ -48,21 +48,32 @@ public:
     /// Index of the traits in Picture::allTraits().
     std::uint32_t traitsIndex() const;
 
+    /// World coordinates.
     std::span<const AcGePoint3d> points() const;
+    /// One a point, empty for straight ones.
     std::span<const double> bulges() const;
     bool closed() const;
 
+    /// World coordinates.
     AcGePoint3d center() const;
+    /// Unit vector.
     AcGeVector3d normal() const;
+    /// Unit vector from the centre to where the arc begins.
     AcGeVector3d start() const;
+    /// Drawing units.
     double radius() const;
+    /// Radians about the normal.
     double sweep() const;
 
     /// Left end of the baseline.
     AcGePoint3d position() const;
+    /// Along the line of writing.
     AcGeVector3d direction() const;
+    /// Drawing units.
     double height() const;
+    /// 1: as the font has it.
     double widthFactor() const;
+    /// Radians from upright.
     double oblique() const;
     const ACHAR* text() const;
 

@@ -15,6 +15,7 @@ struct DeviceArc {
     QPointF y;
     double sweep = 0.0;
 
+    /// `t` from 0 to 1.
     QPointF at(double t) const;
 };
 

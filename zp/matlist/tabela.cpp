@@ -79,8 +79,6 @@ std::vector<Line> linesOf(const std::vector<Linha>& linhas) {
 
 }  // namespace
 
-}
-
 bool desenhaTabela(const Lista& lista) {
     std::optional<Cabecalho> cabecalho = leCabecalho(lista.id);
     if (!cabecalho) return false;

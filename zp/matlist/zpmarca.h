@@ -22,7 +22,9 @@ public:
           m_temPeca(!peca.isNull()),
           m_peca(peca) {}
 
+    /// World coordinates.
     AcGePoint3d ponta() const { return m_ponta; }
+    /// World coordinates, lower left corner of the text.
     AcGePoint3d textoEm() const { return m_textoEm; }
     const std::wstring& marca() const { return m_marca; }
     /// The piece that the mark stands for, erased or not; null when it has none, when it is no

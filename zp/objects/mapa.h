@@ -16,6 +16,7 @@ namespace zp {
 class Mapa {
 public:
     Mapa(const Peca& antes, const Peca& depois);
+    /// Where a place of the former piece is in the present one, piece coordinates.
     AcGeVector3d leva(const AcGeVector3d& ponto) const;
     /// The same for a point as a link holds it.
     PontoAprendido leva(const PontoAprendido& ponto) const;
@@ -27,6 +28,7 @@ private:
         double min1 = 0.0;
         double max1 = 0.0;
         std::vector<std::pair<double, double>> marcas;  ///< old and new, the surest first
+        /// The same of one coordinate.
         double leva(double c) const;
     };
     void marcaSecao(const secao::Secao& antes, const secao::Secao& depois);

@@ -22,7 +22,9 @@ struct Quadro {
     AcGeVector3d x = AcGeVector3d::kXAxis;
     AcGeVector3d y = AcGeVector3d::kYAxis;
 
+    /// From the piece's coordinates (x along the member) to the world's.
     AcGePoint3d paraFora(double px, double py, double pz = 0.0) const;
+    /// Back again.
     AcGeVector3d paraDentro(const AcGePoint3d& p) const;
 };
 
@@ -108,6 +110,7 @@ struct Peca {
     std::unique_ptr<std::vector<Ligacao>> ligacoes;
     mutable std::shared_ptr<const secao::Secao> secaoGuardada;
 
+    /// In the order of the constructor; mm, radians, kg/m.
     std::span<const double> valores() const { return {atuais.data(), quantos}; }
     /// Roles of the values, in their order; null when the class has no such constructor.
     const secao::Papeis* ordem() const { return secao::papeisDe(classe, forma, quantos); }
@@ -124,6 +127,7 @@ struct Peca {
     bool chapa() const { return classe == secao::Classe::Chapa; }
     bool emSecao() const { return vista == 0; }
     Quadro quadro() const;
+    /// World coordinates.
     AcGePoint3d fim() const;
     /// Frame of the picture: that of the piece, for a plate with its own turn.
     Quadro quadroDaFigura() const;

@@ -21,6 +21,7 @@ public:
     void take(Editor& editor, const InputRequest* request, const AcGePoint3d& world, bool shift);
     /// The next of several catches (Tab).
     void cycle();
+    /// World coordinates.
     const AcGePoint3d& point() const { return m_point; }
     /// Null when the aim caught nothing.
     const SnapHit* caught() const;

@@ -46,6 +46,7 @@ signals:
     void answered(const prancheta::RawInput& input);
     /// Keys that belong to the command line.
     void keyTyped(QKeyEvent* event);
+    /// Drawing units.
     void pointerMoved(const AcGePoint3d& world);
     /// The set of selected entities before a command (Editor::pickfirst) changed.
     void selectionChanged();

@@ -38,10 +38,12 @@ struct Canvas::Impl {
     void paintTags(QPainter& painter) const;
     void paintAxes(QPainter& painter) const;
     const Palette& palette() const { return *drawing.look.palette; }
+    /// Pixels of the drawing area.
     QPointF screen(const AcGePoint3d& p) const { return viewport.toScreen(p); }
 
     // --- Moving the view -------------------------------------------------------------------------
     enum class Step { First, Next };
+    /// `about` in pixels stays where it is; a factor above 1 comes nearer.
     void zoom(const QPointF& about, double factor);
     void pan(const QPointF& by, Step step);
     void zoomExtents();
@@ -60,10 +62,12 @@ struct Canvas::Impl {
     void enter();
     void selectAt(const QPointF& at, bool shift);
     void finishFrame(const QPointF& at, bool shift);
+    /// `at` in world coordinates.
     void select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift);
     bool takeGrip(const QPointF& at, bool shift);
     const Grip* gripAt(const QPointF& at) const;
     bool isHot(const Grip& grip) const;
+    /// World coordinates.
     void answer(RawInput::Kind kind, const AcGePoint3d& point,
                 std::vector<AcDbObjectId> entities = {}, bool removes = false);
     void sendMove();

@@ -19,10 +19,12 @@ public:
 
     /// Drawing units of one logical pixel.
     double unit() const { return m_unit; }
+    /// Pixels, y down.
     QPointF toScreen(const AcGePoint3d& p) const {
         return {m_size.width() / 2.0 + (p.x - m_centre.x) / m_unit,
                 m_size.height() / 2.0 - (p.y - m_centre.y) / m_unit};
     }
+    /// Drawing units, z 0.
     AcGePoint3d toWorld(const QPointF& p) const {
         return {m_centre.x + (p.x() - m_size.width() / 2.0) * m_unit,
                 m_centre.y - (p.y() - m_size.height() / 2.0) * m_unit, 0.0};

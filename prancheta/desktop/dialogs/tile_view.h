@@ -31,6 +31,7 @@ struct TileView {
     std::function<void()> show;  ///< brings value, rows or picture up to date; may be empty
 };
 
+/// `box` in pixels of the dialog.
 TileView makeTileView(TileHost& host, dcl::Tile& tile, const dcl::Box& box);
 
 /// Label with its mnemonic as Qt marks it, also where the attribute `mnemonic` gives it.

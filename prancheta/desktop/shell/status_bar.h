@@ -20,6 +20,7 @@ public:
     void setEditor(Editor* editor);
     /// Brings buttons and totals up to date with the variables and the selection.
     void refresh();
+    /// Drawing units.
     void showPointer(const AcGePoint3d& world);
     /// Switches the drawing aid whose button has this name ("ORTO", "SNAP", "GRADE", "PASSO",
     /// "ESPESSURA").

@@ -18,7 +18,9 @@ public:
         m_corners.push_back({start, 0.0});
     }
 
+    /// World coordinates.
     const AcGePoint3d& start() const { return m_corners.front().point; }
+    /// World coordinates.
     const AcGePoint3d& end() const { return m_corners.back().point; }
     std::size_t segments() const { return m_corners.size() - 1; }
     /// Of the tangent at the end, radians; 0 before the first segment.
@@ -27,6 +29,7 @@ public:
     /// False when the drawing refused it.
     bool add(const AcGePoint3d& to, double bulge, double startWidth, double endWidth);
     bool removeLast();
+    /// Widths in drawing units; false when the polyline refuses.
     bool close(double bulge, double startWidth, double endWidth);
 
 private:

@@ -45,6 +45,7 @@ public:
     /// The entity that the pointer's place would give is shown; null for none.
     Prompt& showing(const CommandContext& context,
                     std::function<std::unique_ptr<AcDbEntity>(const AcGePoint3d&)> make);
+    /// The pointer comes in world coordinates.
     Prompt& preview(std::function<void(const AcGePoint3d&, Picture&)> draw);
     operator InputRequest() const { return m_request; }
 

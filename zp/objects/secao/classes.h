@@ -153,6 +153,7 @@ const Papeis* papeisDe(Classe classe, int pontos, int valores);
 /// Place of a role in a constructor's values; -1 when it has none, or `papeis` is null.
 int lugarDe(const Papeis* papeis, Papel papel);
 
+/// `valores` as handed to the constructor with so many points: mm, radians, kg/m.
 Dados dadosDe(Classe classe, int pontos, std::span<const double> valores);
 
 /// Power of the scale factor by which a uniform scaling multiplies a value of this role.

@@ -20,10 +20,13 @@ struct Caixa {
     double y1 = -1e300;
 
     bool vazia() const { return x0 > x1; }
+    /// mm.
     double largura() const { return vazia() ? 0.0 : x1 - x0; }
+    /// mm.
     double altura() const { return vazia() ? 0.0 : y1 - y0; }
     /// The larger side: the measure of tolerances.
     double lado() const;
+    /// mm.
     void inclui(double x, double y) {
         x0 = std::min(x0, x);
         y0 = std::min(y0, y);
@@ -62,9 +65,11 @@ struct Segmento {
     double varre = 0.0;   ///< signed sweep
 
     bool arco() const { return varre != 0.0; }
+    /// mm, along the arc.
     double comprimento() const;
     /// tan(sweep / 4).
     double bulge() const;
+    /// 0: where it begins, 1: where it ends.
     Ponto ponto(double fracao) const;
 };
 
@@ -98,9 +103,11 @@ Contorno tracado(const Laco& laco);
 Caixa caixaDe(const Segmento& segmento);
 
 // Motions of a loop. Mirroring reverses the order, so that the direction of travel stays.
+/// mm.
 void move(Laco& laco, double dx, double dy);
 void meiaVolta(Laco& laco);
 void espelha(Laco& laco);
+/// Radians about the origin, counter-clockwise.
 void gira(Laco& laco, double angulo);
 
 }  // namespace zp::secao

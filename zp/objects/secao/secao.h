@@ -32,7 +32,9 @@ public:
     bool invalida() const { return m_invalida; }
     /// Height and width of one piece, of the whole for built-up sections; thickness.
     double altura() const { return m_altura; }
+    /// mm.
     double largura() const { return m_largura; }
+    /// mm.
     double espessura() const { return m_espessura; }
     /// Area handed over in mm2, that of the outline when none was.
     double area() const { return m_area; }
