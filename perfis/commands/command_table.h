@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The thirty commands of the module, in the order of their registration.
+// The commands of the module, in the order of their registration.
 #pragma once
 
 #include <span>

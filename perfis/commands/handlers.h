@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The commands, and their runs.
+// The list of the commands, and their runs.
 #pragma once
 
 #include <memory>
@@ -26,10 +26,43 @@ std::unique_ptr<ProfileRun> newRun(const ProfileCommand& command);
 /// memory.
 void draw(const ProfileCommand& command);
 
-extern const ProfileCommand bnlam, cantoneiracaixalaminada, pcantcruzlam, pcantdob, pcantlam,
-    pcanttdob, pcanttelam, pcantudob, pcantulam, pcantxdob, pcartola, pcxdoben, pcxdobrado,
-    perfil2ulam, perfilbarraredonda, perfilbox, perfilcantcruzlaminado, perfilcantzlaminado,
-    perfilicartola, perfilpsa, perfiltubo, perfilulaminado, perfiluulaminado, pidobrado,
-    pienrdobrado, pilaminado, pisoldado, pudoben, pudobrado, pzdobrado;
+/// The commands in the order of their registration: name in the code, global and local name.
+// clang-format off
+#define PERFIS_COMMANDS(X) \
+    X(pudobrado, L"pudobrado", L"perfilu")                                             \
+    X(pidobrado, L"pidobrado", L"perfil2u")                                            \
+    X(pienrdobrado, L"pienrdobrado", L"perfil2uenr")                                   \
+    X(pcxdobrado, L"pcxdobrado", L"perfilduc")                                         \
+    X(pcartola, L"pcartola", L"perfilc")                                               \
+    X(pcxdoben, L"pcxdoben", L"perfilcaixa")                                           \
+    X(pcantdob, L"pcantdob", L"pcantoneira")                                           \
+    X(pcanttdob, L"pcanttdob", L"pcdtee")                                              \
+    X(pcantudob, L"pcantudob", L"pcantoneiradu")                                       \
+    X(pzdobrado, L"pzdobrado", L"perfilz")                                             \
+    X(pudoben, L"pudoben", L"perfilur")                                                \
+    X(pcantxdob, L"pcantxdob", L"perfildvv")                                           \
+    X(pcantlam, L"pcantlam", L"perfilcl")                                              \
+    X(pilaminado, L"pilaminado", L"perfilil")                                          \
+    X(pisoldado, L"pisoldado", L"vigai")                                               \
+    X(pcantcruzlam, L"pcantcruzlam", L"cantdvvl")                                      \
+    X(pcanttelam, L"pcanttelam", L"cantdteel")                                         \
+    X(pcantulam, L"pcantulam", L"cantdul")                                             \
+    X(bnlam, L"bnlam", L"bnlaminado")                                                  \
+    X(perfilulaminado, L"PERFILULAMINADO", L"PERFILULAMINADO")                         \
+    X(perfiluulaminado, L"perfiluulaminado", L"perfiluulaminado")                      \
+    X(cantoneiracaixalaminada, L"cantoneiracaixalaminada", L"cantoneiracaixalaminada") \
+    X(perfil2ulam, L"perfil2ulam", L"perfil2ulam")                                     \
+    X(perfilcantzlaminado, L"perfilcantzlaminado", L"perfilcantzlaminado")             \
+    X(perfilcantcruzlaminado, L"perfilcantcruzlaminado", L"perfilcantcruzlaminado")    \
+    X(perfilbarraredonda, L"perfilbarraredonda", L"perfilbarraredonda")                \
+    X(perfiltubo, L"perfiltubo", L"perfiltubo")                                        \
+    X(perfilbox, L"perfilbox", L"perfilbox")                                           \
+    X(perfilpsa, L"perfilpsa", L"perfilpsa")                                           \
+    X(perfilicartola, L"perfilicartola", L"perfilicartola")
+// clang-format on
+
+#define PERFIS_DECLARE(NAME, GLOBAL, LOCAL) extern const ProfileCommand NAME;
+PERFIS_COMMANDS(PERFIS_DECLARE)
+#undef PERFIS_DECLARE
 
 }  // namespace perfis
