@@ -25,7 +25,7 @@ public:
     LayingPlates& operator=(const LayingPlates&) = delete;
 };
 
-class Editor : public protocol::EntityEditor {
+class PieceEditor : public protocol::EntityEditor {
 public:
     const ACHAR* whyNot(const AcDbEntity& entity) const override {
         const auto* piece = ZpObject::cast(&entity);
@@ -130,7 +130,7 @@ public:
 };
 
 // Kept by pointer in the class and in the entity library.
-Editor g_editor;
+PieceEditor g_editor;
 PlateKeeper g_plateKeeper;
 
 }  // namespace

@@ -120,12 +120,12 @@ private:
     std::unordered_set<Adesk::LongPtr> m_porFechar;
 };
 
-class Editor : public AcEditorReactor {
+class CommandWatch : public AcEditorReactor {
 public:
-    Editor() {
+    CommandWatch() {
         if (AcEditor* editor = acedEditor; editor != nullptr) editor->addReactor(this);
     }
-    ~Editor() override {
+    ~CommandWatch() override {
         if (AcEditor* editor = acedEditor; editor != nullptr) editor->removeReactor(this);
     }
     void commandWillStart(const ACHAR*) override { ++m_comandos; }
@@ -141,18 +141,18 @@ private:
 
 // The host calls reactors by pointer, without a context of the module's own.
 struct Estado {
-    std::unique_ptr<Editor> editor;
+    std::unique_ptr<CommandWatch> commands;
     std::vector<std::unique_ptr<Desenho>> desenhos;
 };
 Estado g_estado;
 
-void Editor::fim(const ACHAR* nome) {
+void CommandWatch::fim(const ACHAR* nome) {
     for (const auto& d : g_estado.desenhos)
         if (d->desenho() != nullptr) d->aplica(explode(nome));
     m_comandos = std::max(0, m_comandos - 1);
 }
 
-bool emComando() { return g_estado.editor && g_estado.editor->emComando(); }
+bool emComando() { return g_estado.commands && g_estado.commands->emComando(); }
 
 void Desenho::objectModified(const AcDbDatabase*, const AcDbObject* o) {
     if (m_aplicando || o->isUndoing() || !interessa(o)) return;
@@ -403,12 +403,12 @@ void Desenho::aprendeDeNovo(AcDbObjectId id, const Fila& mudadas) {
 }  // namespace
 
 void comeca() {
-    if (!g_estado.editor) g_estado.editor = std::make_unique<Editor>();
+    if (!g_estado.commands) g_estado.commands = std::make_unique<CommandWatch>();
 }
 
 void encerra() {
     g_estado.desenhos.clear();
-    g_estado.editor.reset();
+    g_estado.commands.reset();
 }
 
 void observa(AcDbDatabase* desenho) {
