@@ -135,15 +135,15 @@ void run(Canvas& canvas, prancheta::Editor& editor) {
         mouse(canvas, QEvent::MouseMove, {200.0 + 23.0 * i, 300.0 + 7.0 * i});
     };
     measure(canvas, "hover, all of it", 60, sweep);
-    editor.pickfirst() = editor.database().core().modelSpace();
+    editor.selection().select(editor.database().core().modelSpace());
     measure(canvas, "select everything", 1, [&](int) { canvas.refresh(); });
     measure(canvas, "wheel, all selected", 20, [&](int i) {
         wheel(canvas, {700, 400}, i < 10 ? 1 : -1);
     });
-    editor.pickfirst().clear();
+    editor.selection().clear();
     prancheta::InputRequest point;
     point.kind = prancheta::InputKind::Point;
-    point.base = editor.view().centre;
+    point.base = editor.screen().view().centre;
     canvas.setRequest(&point);
     measure(canvas, "rubber band and snaps", 60, sweep);
     wheel(canvas, {700, 400}, 25);

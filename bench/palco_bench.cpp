@@ -89,12 +89,12 @@ void look(int pieces) {
     prancheta::View view;
     view.centre = placeOf(kPieces / 2 + kRow / 2);
     view.height = std::sqrt(pieces * kStepX * kStepY * 3.0 / 4.0);
-    host().setView(view);
-    host().setScreenSize(1200, 900);
+    host().screen().show(view);
+    host().screen().resize(1200, 900);
 }
 
 Box2d screen() {
-    const prancheta::View& view = host().view();
+    const prancheta::View& view = host().screen().view();
     const double width = view.height * 4.0 / 3.0;
     return {view.centre.x - width / 2, view.centre.y - view.height / 2, view.centre.x + width / 2,
             view.centre.y + view.height / 2};

@@ -119,13 +119,11 @@ void Editor::tellClosing() {
         reactor->documentToBeDestroyed(m_document.get());
     m_modules->broadcast(AcRx::kUnloadDwgMsg);
     for (const auto& command : m_running) command->undoDatabase = nullptr;
-    m_previousSelection.clear();
-    clearPickfirst();
-    m_lastErased.clear();
+    m_selection.clear();
+    m_selection.setPrevious({});
+    m_lastErased = {};
     m_selectionSets->clear();
-    m_previousViews.clear();
-    m_view = View();
-    m_viewChosen = false;
+    m_screen.start();
     m_ucs = AcGeMatrix3d();
     m_pointer.reset();
 }
@@ -149,12 +147,12 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     core.onEntityErased = recordErased;
     core.variables().setHooks(
         [this](const VariableInfo& info, const VariableValue&) -> Result<void> {
-            if (info.name != L"TRUSTEDPATHS" || !m_inScript) return {};
+            if (info.name != L"TRUSTEDPATHS" || !m_typing.inScript()) return {};
             return Error{"Um script não pode mudar a variável TRUSTEDPATHS."};
         },
         {});
     m_savedRevision = core.undo().revision();
-    m_scriptGroup = false;  // it went with the former drawing
+    m_typing.drawingReplaced();
     nameDrawing(core.variables(), m_fileName);
 }
 
@@ -178,7 +176,7 @@ Result<void> Editor::replaceDatabase(std::unique_ptr<AcDbDatabase> database,
     tellClosing();
     adoptDatabase(std::move(database), std::move(fileName));
     tellOpened();
-    m_view = openingView(*this);
+    m_screen.start(openingView(*this));
     if (onDocumentChanged) onDocumentChanged();
     m_ui.refresh();
     return {};
@@ -218,9 +216,10 @@ Result<void> Editor::writeDocument(const std::filesystem::path& path,
     if (path.empty()) return Error{"O desenho ainda não tem nome; informe onde salvar."};
     m_modules->broadcast(AcRx::kSaveMsg);
     dxf::SaveOptions withView = options;
-    if (m_viewChosen && !withView.view)
-        withView.view = {m_view.centre.x, m_view.centre.y, m_view.height,
-                         m_screenWidth / m_screenHeight};
+    const View& shown = m_screen.view();
+    if (m_screen.chosen() && !withView.view)
+        withView.view = {shown.centre.x, shown.centre.y, shown.height,
+                         m_screen.width() / m_screen.height()};
     return dxf::save(*m_database, path, withView);
 }
 

@@ -3,7 +3,6 @@
 #include "prancheta/editor/editor.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "adscodes.h"
 #include "prancheta/base/text.h"
@@ -29,15 +28,12 @@ namespace {
 /// The one that the C-style interface talks to.
 Editor* g_current = nullptr;
 
-constexpr std::size_t kPreviousViews = 10;
-/// Scripts that call each other would go on for ever.
-constexpr int kMostScriptsInARow = 100;
-
 }  // namespace
 
 Editor* Editor::current() { return g_current; }
 
-Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns) : m_ui(ui) {
+Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns)
+    : m_ui(ui), m_screen(ui), m_typing(*this), m_selection(*this) {
     registerEditorClasses();
     g_current = this;
     m_commands = std::make_unique<CommandStack>(builtIns);
@@ -77,7 +73,7 @@ void Editor::alert(std::wstring_view text) {
 }
 
 void Editor::complain(std::wstring_view text, Complaint kind) {
-    stopTyping();
+    m_typing.stop();
     recordText(std::wstring(text) + L"\n");
     m_ui.complain(text, kind);
 }
@@ -102,7 +98,7 @@ InputFrame Editor::inputFrame(const RawInput& input) const {
     frame.ortho = variables.number(L"ORTHOMODE") != 0;
     if (frame.ortho) frame.snapAngle = variables.real(L"SNAPANG");
     const int asTyped = variables.number(L"OSNAPCOORD");
-    const bool snapsTyped = asTyped == 0 || (asTyped == 2 && m_inScript);
+    const bool snapsTyped = asTyped == 0 || (asTyped == 2 && m_typing.inScript());
     if (snapsTyped && input.kind == RawInput::Kind::Text) {
         const int running = variables.number(L"OSMODE");
         if ((running & kSnapsOff) == 0) frame.runningSnaps = running;
@@ -140,7 +136,7 @@ void Editor::setLastPoint(const AcGePoint3d& world) {
 RawInput Editor::askRaw(const InputRequest& request) {
     if (request.kind != InputKind::Drag) recordPrompt(request);
     RawInput input;
-    if (std::optional<RawInput> typed = takeTyped(request)) {
+    if (std::optional<RawInput> typed = m_typing.take(request)) {
         input = std::move(*typed);
     } else if (!m_running.empty() && m_running.back()->transparent) {
         InputRequest inner = request;
@@ -157,85 +153,6 @@ RawInput Editor::askRaw(const InputRequest& request) {
     return input;
 }
 
-void Editor::useTyped(std::size_t count) {
-    m_typeAheadUsed += count;
-    if (m_typeAheadUsed < m_typeAhead.size()) return;
-    m_typeAhead.clear();
-    m_typeAheadUsed = 0;
-}
-
-void Editor::skipComments() {
-    const auto rest = [this] { return std::wstring_view(m_typeAhead).substr(m_typeAheadUsed); };
-    while (m_typeAheadLineStart && rest().starts_with(L';'))
-        useTyped(std::min(rest().find(L'\n'), rest().size() - 1) + 1);
-}
-
-/// Next answer of what was typed ahead.
-std::optional<RawInput> Editor::takeTyped(const InputRequest& request) {
-    skipComments();
-    if (m_inScript && m_typeAhead.empty()) {
-        m_inScript = false;
-        m_typeAhead = std::exchange(m_afterScript, {});
-        m_typeAheadLineStart = true;
-        skipComments();
-    }
-    if (m_typeAhead.empty()) return {};
-    const std::wstring_view keys = std::wstring_view(m_typeAhead).substr(m_typeAheadUsed);
-    const bool wholeLine = request.kind == InputKind::Text && request.blanksAllowed;
-    const bool quoted = !wholeLine && keys.front() == L'"';
-    std::size_t end = quoted ? keys.find(L'"', 1) : 0;
-    end = keys.find_first_of(wholeLine ? L"\n" : L" \n", end == keys.npos ? 0 : end);
-    RawInput input;
-    input.kind = RawInput::Kind::Text;
-    input.text = keys.substr(0, end);
-    std::erase(input.text, L'\r');
-    if (quoted) std::erase(input.text, L'"');
-    m_typeAheadLineStart = end == keys.npos || keys[end] == L'\n';
-    useTyped(end == keys.npos ? keys.size() : end + 1);
-    if (m_inScript) print(request.prompt + input.text + L"\n");
-    return input;
-}
-
-void Editor::stopTyping() {
-    if (m_inScript) m_restOfScript = m_typeAhead.substr(m_typeAheadUsed);
-    m_inScript = false;
-    m_typeAhead.clear();
-    m_afterScript.clear();
-    m_typeAheadUsed = 0;
-    m_typeAheadLineStart = true;
-}
-
-bool Editor::runScript(std::wstring keys) {
-    m_scriptsInARow = m_inScript ? m_scriptsInARow + 1 : 0;
-    if (m_scriptsInARow > kMostScriptsInARow) return false;
-    if (!m_inScript) m_afterScript = m_typeAhead.substr(m_typeAheadUsed);
-    m_restOfScript.clear();
-    m_typeAhead = std::move(keys);
-    m_typeAheadUsed = 0;
-    m_typeAheadLineStart = true;
-    m_inScript = true;
-    return true;
-}
-
-bool Editor::resumeScript() {
-    return !m_restOfScript.empty() && runScript(std::exchange(m_restOfScript, {}));
-}
-
-/// Between two commands: the undo group of a script begins and ends here, so that no command's own
-/// group is cut in two.
-void Editor::groupScript() {
-    if (m_inScript && !m_ui.pass(std::chrono::milliseconds(0))) {
-        stopTyping();
-        print(L"*Cancelar*\n");
-    }
-    if (m_inScript) skipComments();
-    const bool running = m_inScript && !m_typeAhead.empty();
-    if (running == m_scriptGroup) return;
-    m_scriptGroup = running;
-    UndoLog& undo = m_database->core().undo();
-    running ? undo.beginScriptGroup() : undo.endScriptGroup();
-}
-
 // --- Main loop ----------------------------------------------------------------------------------
 
 void Editor::run() {
@@ -249,22 +166,23 @@ bool Editor::step() {
         serve(*command);
         return !m_quit;
     }
-    groupScript();
+    m_typing.betweenCommands();
     InputRequest request;
     request.kind = InputKind::Command;
     request.prompt = L"Comando: ";
-    std::optional<RawInput> input = takeTyped(request);
+    std::optional<RawInput> input = m_typing.take(request);
     if (!input) input = m_ui.ask(request);
     switch (input->kind) {
         case RawInput::Kind::EndOfInput:
             return false;
         case RawInput::Kind::Cancel:
-            clearPickfirst();
+            m_selection.clear();
             print(L"*Cancelar*\n");
             m_ui.refresh();
             break;
         case RawInput::Kind::Pick:
-            pick(input->entities, input->removes ? Shift::Down : Shift::Up);
+            m_selection.pick(input->entities, input->removes ? CurrentSelection::Shift::Down
+                                                             : CurrentSelection::Shift::Up);
             m_ui.refresh();
             break;
         case RawInput::Kind::Move:
@@ -279,54 +197,6 @@ bool Editor::step() {
             break;
     }
     return !m_quit;
-}
-
-// --- Selection ----------------------------------------------------------------------------------
-
-void Editor::clearPickfirst() {
-    m_pickfirst.clear();
-    m_hotGrips.clear();
-}
-
-void Editor::pick(const std::vector<AcDbObjectId>& ids, Shift shift) {
-    const SystemVariables& variables = m_database->core().variables();
-    if (variables.number(L"PICKFIRST") == 0) return;
-    const bool alone = variables.number(L"PICKADD") == 0;
-    const bool replaces = alone && shift == Shift::Up;
-    const std::size_t before = m_pickfirst.size();
-    const auto idOf = [](const AcDbObjectId& id) { return id.asOldId(); };
-    std::unordered_set<Adesk::LongPtr> named;
-    for (const AcDbObjectId& id : ids) named.insert(idOf(id));
-    std::erase_if(m_pickfirst,
-                  [&](const AcDbObjectId& id) { return replaces || named.contains(idOf(id)); });
-    // Where every pick replaces, Shift is the way to add.
-    if (shift == Shift::Down && (!alone || m_pickfirst.size() < before)) return;
-    for (const AcDbObjectId& id : ids)
-        if (named.erase(idOf(id)) != 0) m_pickfirst.push_back(id);
-}
-
-// --- View ---------------------------------------------------------------------------------------
-
-void Editor::setView(const View& view, ViewChange change) {
-    if (change == ViewChange::Step) m_previousViews.push_back(m_view);
-    if (m_previousViews.size() > kPreviousViews) m_previousViews.erase(m_previousViews.begin());
-    m_view = view;
-    m_viewChosen = true;
-    m_ui.refresh();
-}
-
-bool Editor::restorePreviousView() {
-    if (m_previousViews.empty()) return false;
-    m_view = m_previousViews.back();
-    m_previousViews.pop_back();
-    m_viewChosen = true;
-    m_ui.refresh();
-    return true;
-}
-
-void Editor::setScreenSize(double width, double height) {
-    m_screenWidth = std::max(width, 1.0);
-    m_screenHeight = std::max(height, 1.0);
 }
 
 // --- Variables ----------------------------------------------------------------------------------
@@ -367,14 +237,14 @@ void Editor::updateVariables() const {
         names += command->shownName;
         active = static_cast<short>(active | (command->transparent ? 3 : 1));
     }
-    if (m_inScript) active = static_cast<short>(active | 4);
+    if (m_typing.inScript()) active = static_cast<short>(active | 4);
     if (dcl::openDialogs() > 0) active = static_cast<short>(active | 8);
     variables.force(L"CMDACTIVE", active);
     if (std::get<std::wstring>(variables.find(L"CMDNAMES")->value) != names)
         variables.force(L"CMDNAMES", names);
-    variables.force(L"VIEWSIZE", m_view.height);
-    variables.force(L"VIEWCTR", m_ucs.inverse() * m_view.centre);
-    variables.force(L"SCREENSIZE", AcGePoint3d(m_screenWidth, m_screenHeight, 0.0));
+    variables.force(L"VIEWSIZE", m_screen.view().height);
+    variables.force(L"VIEWCTR", m_ucs.inverse() * m_screen.view().centre);
+    variables.force(L"SCREENSIZE", AcGePoint3d(m_screen.width(), m_screen.height(), 0.0));
 }
 
 }  // namespace prancheta

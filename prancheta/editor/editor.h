@@ -21,8 +21,11 @@
 #include "prancheta/dxf/document.h"
 #include "prancheta/editor/aliases.h"
 #include "prancheta/editor/command.h"
-#include "prancheta/editor/grips.h"
+#include "prancheta/editor/current_selection.h"
+#include "prancheta/editor/last_erased.h"
 #include "prancheta/editor/question.h"
+#include "prancheta/editor/screen.h"
+#include "prancheta/editor/typing.h"
 #include "prancheta/editor/user_interface.h"
 
 namespace prancheta {
@@ -36,12 +39,6 @@ struct CommandLookup;
 struct ProgramToken;
 struct RunningCommand;
 struct TokenStream;
-
-/// What the window (or the page) shows: a plan view of the world's XY plane.
-struct View {
-    AcGePoint3d centre{210.0, 148.5, 0.0};
-    double height = 297.0;  ///< drawing units
-};
 
 /// Group under which the built-in commands are registered.
 inline constexpr const wchar_t* kBuiltInGroup = L"PRANCHETA";
@@ -99,24 +96,10 @@ public:
     bool step();
     void requestQuit() { m_quit = true; }
     bool quitRequested() const { return m_quit; }
-    /// What is typed before the front end is asked again: characters as a keyboard gives them, line
-    /// ends and (outside texts) blanks end an answer; lines that begin with `;` are comments. A
-    /// complaint drops what is left. While a script runs they wait for its end.
-    void typeAhead(std::wstring_view keys) {
-        (m_inScript ? m_afterScript : m_typeAhead).append(keys);
-    }
     /// True when the next answer comes from the user: no program feeds, nothing is typed ahead.
-    bool interactive() const { return m_tokens == nullptr && m_typeAhead.empty() && !m_inScript; }
-    /// Types a script before what was typed ahead; one that runs already gives way to it. What its
-    /// commands do is undone in one step. It ends with its last key, or is interrupted by
-    /// stopTyping().
-    /// False, and nothing is typed, when scripts have replaced each other too often.
-    bool runScript(std::wstring keys);
-    bool inScript() const { return m_inScript; }
-    /// Forgets what is typed ahead, as a complaint does; the rest of a script can be resumed.
-    void stopTyping();
-    /// Goes on with the script that was interrupted last; false when there is none.
-    bool resumeScript();
+    bool interactive() const { return m_tokens == nullptr && !m_typing.pending(); }
+    Typing& typing() { return m_typing; }
+    const Typing& typing() const { return m_typing; }
 
     // --- Commands --------------------------------------------------------------------------------
     CommandStack& commands() const { return *m_commands; }
@@ -182,35 +165,12 @@ public:
     DisplayList& display() const { return *m_display; }
     AppearanceTable& appearances() const { return *m_appearances; }
 
-    // --- View ------------------------------------------------------------------------------------
-    const View& view() const { return m_view; }
-    /// Remembers the former view for restorePreviousView (ten of them), but for one that goes on
-    /// from the last change: the turns of a wheel are one step.
-    enum class ViewChange { Step, Continued };
-    void setView(const View& view, ViewChange change = ViewChange::Step);
-    bool restorePreviousView();
-    /// Size of the drawing area in pixels, told by the front end.
-    void setScreenSize(double width, double height);
-    double screenWidth() const { return m_screenWidth; }
-    double screenHeight() const { return m_screenHeight; }
-    /// Drawing units of one pixel.
-    double pixelSize() const { return m_view.height / m_screenHeight; }
-
-    // --- Selections ------------------------------------------------------------------------------
-    /// Last selection that a command made ("_P").
-    std::vector<AcDbObjectId>& previousSelection() { return m_previousSelection; }
-    /// Selected before a command, shown with grips.
-    std::vector<AcDbObjectId>& pickfirst() { return m_pickfirst; }
-    /// Nothing is selected before a command any more, and no grip is taken.
-    void clearPickfirst();
-    /// A pick at "Comando:": adds to that selection, with Shift takes out of it, or as PICKFIRST
-    /// and PICKADD say otherwise. O(both).
-    enum class Shift { Up, Down };
-    void pick(const std::vector<AcDbObjectId>& ids, Shift shift);
-    /// Grips that were clicked: what the command GRIPS works on; it takes them.
-    std::vector<Grip>& hotGrips() { return m_hotGrips; }
-    /// Last erased set, which OOPS brings back.
-    std::vector<AcDbObjectId>& lastErased() { return m_lastErased; }
+    // --- View and selections ---------------------------------------------------------------------
+    Screen& screen() { return m_screen; }
+    const Screen& screen() const { return m_screen; }
+    CurrentSelection& selection() { return m_selection; }
+    const CurrentSelection& selection() const { return m_selection; }
+    LastErased& lastErased() { return m_lastErased; }
     /// Sets that programs hold by name.
     SelectionSets& selectionSets() const { return *m_selectionSets; }
     /// What the built-in commands remember between runs; made by them, gone with the editor.
@@ -255,9 +215,6 @@ private:
     RunningCommand* waiting() const;
     void serve(RunningCommand& command);
     std::optional<InputValue> round(Question& question);
-    void useTyped(std::size_t count);
-    void skipComments();
-    std::optional<RawInput> takeTyped(const InputRequest& request);
     int startFromToken(const ProgramToken& token);
     int feed(RunningCommand& command, TokenStream& stream);
     Reading giveToken(Question& question, const ProgramToken& token);
@@ -271,7 +228,6 @@ private:
     Result<void> writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options);
     void updateVariables() const;
     void measureExtents() const;
-    void groupScript();
 
     UserInterface& m_ui;
     std::unique_ptr<AcDbDatabase> m_database;
@@ -286,27 +242,14 @@ private:
     std::vector<std::unique_ptr<RunningCommand>> m_running;
     TokenStream* m_tokens = nullptr;  ///< of the acedCommand call that is being served
     std::wstring m_lastCommand;
-    std::wstring m_typeAhead;
-    std::size_t m_typeAheadUsed = 0;  ///< so many of its keys are answers already; never all
-    bool m_typeAheadLineStart = true;
-    bool m_inScript = false;      ///< what is typed ahead, or was just now, is a script's
-    int m_scriptsInARow = 0;      ///< so often a script gave way to another one
-    bool m_scriptGroup = false;   ///< an undo group for the script is open in the drawing
-    std::wstring m_restOfScript;  ///< of the script that was interrupted
-    std::wstring m_afterScript;   ///< typed ahead by the user of the script that runs
     bool m_quit = false;
     AcGeMatrix3d m_ucs;
     std::optional<AcGePoint3d> m_pointer;  ///< last position that the front end told, world
-    View m_view;
-    bool m_viewChosen = false;  ///< since the drawing was opened: it is saved with it
-    std::vector<View> m_previousViews;
-    double m_screenWidth = 800.0;
-    double m_screenHeight = 600.0;
+    Screen m_screen;
+    Typing m_typing;
+    CurrentSelection m_selection;
+    LastErased m_lastErased;
     mutable std::wstring m_commandNames;  ///< CMDNAMES is built here: it is looked at often
-    std::vector<AcDbObjectId> m_previousSelection;
-    std::vector<AcDbObjectId> m_pickfirst;
-    std::vector<Grip> m_hotGrips;
-    std::vector<AcDbObjectId> m_lastErased;
     std::vector<AcEditorReactor*> m_reactors;
     std::vector<AcApDocManagerReactor*> m_documentReactors;
     std::unique_ptr<AcEditor> m_acEditor;

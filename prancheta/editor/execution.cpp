@@ -94,7 +94,7 @@ bool Editor::startFound(const CommandLookup& found, std::wstring_view typed, Ori
         if (!(command.flags & ACRX_CMD_NOHISTORY)) m_lastCommand = typed;
         const bool takesSet = (command.flags & (ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW)) != 0;
         const bool onlyLooks = view && command.builtIn != nullptr;
-        if (!takesSet && !onlyLooks) clearPickfirst();
+        if (!takesSet && !onlyLooks) m_selection.clear();
     }
     RunningCommand& running = push(command.global, command.group, command.flags, origin);
     if (command.builtIn != nullptr) {
@@ -165,7 +165,7 @@ void Editor::end(RunningCommand& command, CommandEnd how) {
     }
     closeUndo(command, how);
     if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW))
-        clearPickfirst();
+        m_selection.clear();
     recordCommandEnd(command.name);
     remove(command);
     updateVariables();

@@ -17,7 +17,7 @@
 namespace prancheta {
 
 double pickTolerance(const Editor& editor) {
-    return editor.database().core().variables().number(L"PICKBOX") * editor.pixelSize();
+    return editor.database().core().variables().number(L"PICKBOX") * editor.screen().pixelSize();
 }
 
 bool onLockedLayer(AcDbObjectId entity) { return LayerStates().of(entity).locked; }

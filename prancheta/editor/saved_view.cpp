@@ -62,7 +62,7 @@ std::optional<Viewport> activeViewport(const Tags& tags) {
 /// The whole box, whatever the proportions of the screen.
 View viewOf(const Box2d& box, const Editor& editor) {
     View view;
-    const double aspect = editor.screenWidth() / editor.screenHeight();
+    const double aspect = editor.screen().width() / editor.screen().height();
     view.centre = {(box.left + box.right) / 2, (box.bottom + box.top) / 2, 0.0};
     view.height = std::max(box.height(), box.width() / aspect);
     return view;

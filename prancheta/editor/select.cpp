@@ -256,7 +256,7 @@ Task<Found> askByWord(CommandContext context, std::wstring word) {
         if (!last.isNull()) found.ids.push_back(last);
     }
     if (word == L"Previous") {
-        found.ids = editor.previousSelection();
+        found.ids = editor.selection().previous();
         std::erase_if(found.ids, [](const AcDbObjectId& id) { return id.isErased(); });
         if (found.ids.empty()) context.print(L"Nenhum conjunto de seleção anterior.\n");
     }
@@ -289,14 +289,6 @@ Adding addingOf(const CommandContext& context, const InputValue& answer, const F
     return Adding::Instead;
 }
 
-/// What was selected before the command; empty when there is nothing to take.
-Ids takePickfirst(const CommandContext& context) {
-    Ids ids = std::exchange(context.editor().pickfirst(), {});
-    context.editor().clearPickfirst();
-    if (context.database().core().variables().number(L"PICKFIRST") == 0) ids.clear();
-    return ids;
-}
-
 }  // namespace
 
 Task<Selection> selectObjects(CommandContext context) {
@@ -309,7 +301,7 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
     bool removing = false;
     bool single = options.single;
     Ids before;
-    if (options.usePickfirst) before = takePickfirst(context);
+    if (options.usePickfirst) before = context.editor().selection().take();
     if (!before.empty()) tell(context, picked.add(before, options.dropLocked), picked, false);
     bool done = !picked.ids().empty();
     while (!done) {
@@ -355,7 +347,7 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
     }
     selection.ids = picked.ids();
     selection.status = selection.ids.empty() ? RTNONE : RTNORM;
-    if (selection.status == RTNORM) context.editor().previousSelection() = selection.ids;
+    if (selection.status == RTNORM) context.editor().selection().setPrevious(selection.ids);
     co_return selection;
 }
 

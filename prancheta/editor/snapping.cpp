@@ -237,9 +237,9 @@ void appendHits(const std::vector<Candidate>& points, double reach, double same,
 }
 
 Box2d shownBox(const Editor& editor) {
-    const AcGePoint3d& centre = editor.view().centre;
-    const double x = editor.pixelSize() * editor.screenWidth() / 2;
-    const double y = editor.view().height / 2;
+    const AcGePoint3d& centre = editor.screen().view().centre;
+    const double x = editor.screen().pixelSize() * editor.screen().width() / 2;
+    const double y = editor.screen().view().height / 2;
     return {centre.x - x, centre.y - y, centre.x + x, centre.y + y};
 }
 
@@ -252,7 +252,8 @@ std::vector<SnapHit> snapHits(const Editor& editor, const AcGePoint3d& world, in
     Aim aim;
     aim.pointer = world;
     aim.from = base.value_or(editor.lastPoint());
-    aim.aperture = editor.database().core().variables().number(L"APERTURE") * editor.pixelSize();
+    aim.aperture =
+        editor.database().core().variables().number(L"APERTURE") * editor.screen().pixelSize();
     aim.reach =
         reach == SnapReach::Aperture ? aim.aperture : std::numeric_limits<double>::infinity();
     if (reach == SnapReach::Shown) aim.shown = shownBox(editor);

@@ -177,7 +177,7 @@ protected:
         finish();
     }
     void finish() {
-        while (editor->inScript() && editor->step()) {
+        while (editor->typing().inScript() && editor->step()) {
         }
     }
 };
@@ -254,7 +254,7 @@ TEST_F(Scripts, NoneStartsItself) {
     run("b.scr", "_point 0,0\n");
     (void)script("a.scr", "_point 1,1\n_script " + prancheta::toUtf8(name) + "\n");
     type({L"_script", name.c_str()});
-    for (int i = 0; i < 50 && editor->inScript(); ++i) editor->step();
+    for (int i = 0; i < 50 && editor->typing().inScript(); ++i) editor->step();
     EXPECT_EQ(count(), 2u);
     ASSERT_EQ(ui.complaints.size(), 1u);
     EXPECT_EQ(ui.complaints.back(), L"Um script não pode repetir a si mesmo com SCRIPT.");
@@ -264,7 +264,7 @@ TEST_F(Scripts, NoneStartsItself) {
     (void)script("c.scr", "_script " + prancheta::toUtf8(name) + "\n");
     for (const std::size_t complaints : {2u, 3u}) {
         type({L"_script", name.c_str()});
-        for (int i = 0; i < 5000 && editor->inScript(); ++i) editor->step();
+        for (int i = 0; i < 5000 && editor->typing().inScript(); ++i) editor->step();
         EXPECT_EQ(ui.complaints.size(), complaints) << "once, and anew for the next one";
     }
     EXPECT_TRUE(ui.complaints.back().starts_with(L"Scripts chamaram uns aos outros"));
@@ -272,9 +272,9 @@ TEST_F(Scripts, NoneStartsItself) {
 
 TEST_F(Scripts, WhatWasTypedAheadFollowsTheScript) {
     const std::wstring name = script("a.scr", "_point 1,1\n_point 2,2\n; fim\n");
-    editor->typeAhead(L"_script " + name + L"\n_point 7,7\n");
+    editor->typing().add(L"_script " + name + L"\n_point 7,7\n");
     for (int i = 0; i < 3; ++i) editor->step();
-    editor->typeAhead(L"_point 8,8\n");
+    editor->typing().add(L"_point 8,8\n");
     while (editor->step()) {
     }
     ASSERT_EQ(count(), 4u);
@@ -324,6 +324,10 @@ TEST_F(Files, NewDrawingStartsAfresh) {
     EXPECT_TRUE(said(L"Tudo foi desfeito."));
     type({L"_point", L"1,1"});
     EXPECT_EQ(count(), 1u);
+    // Nor does an OOPS of the former one become another one's when something is undone here.
+    type({L"_erase", L"_l", L"", L"_oops", L"_new", L"_y", L"_point", L"1,1", L"_point", L"2,2",
+          L"_point", L"3,3", L"_u"});
+    EXPECT_TRUE(editor->lastErased().take(editor->database().core().undo().revision()).empty());
 }
 
 }  // namespace

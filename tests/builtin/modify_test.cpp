@@ -195,22 +195,22 @@ TEST_F(Modify, GripsTakenHoldOfGoWithTheirSelection) {
         std::vector<prancheta::Grip> all;
         prancheta::appendGrips(id, all);
         for (const prancheta::Grip& grip : all)
-            if (grip.at == AcGePoint3d(x, y, 0)) editor->hotGrips().push_back(grip);
+            if (grip.at == AcGePoint3d(x, y, 0)) editor->selection().heat(grip);
     };
     take(a, 20, 0);
     take(b, 20, 50);
-    editor->pickfirst() = {b};
+    editor->selection().select({b});
     type({L"_grips", L"@5,0"});
     expectLine(a, 10, 0, 20, 0);
     expectLine(b, 10, 50, 25, 50);
 
     take(a, 20, 0);
     type({L"_point", L"0,0"});  // a command that does not work on the selection
-    EXPECT_TRUE(editor->hotGrips().empty());
+    EXPECT_TRUE(editor->selection().hotGrips().empty());
     take(a, 20, 0);
-    ASSERT_EQ(editor->hotGrips().size(), 1u);
+    ASSERT_EQ(editor->selection().hotGrips().size(), 1u);
     ASSERT_TRUE(editor->newDocument());
-    EXPECT_TRUE(editor->hotGrips().empty());
+    EXPECT_TRUE(editor->selection().hotGrips().empty());
 }
 
 TEST_F(Modify, SelectedBeforeTheCommand) {

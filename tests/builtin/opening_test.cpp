@@ -45,16 +45,16 @@ protected:
         ASSERT_TRUE(opened) << opened.error().message();
     }
     void expectView(double x, double y, double height) {
-        EXPECT_NEAR(editor->view().centre.x, x, 1e-9);
-        EXPECT_NEAR(editor->view().centre.y, y, 1e-9);
-        EXPECT_NEAR(editor->view().height, height, 1e-9);
+        EXPECT_NEAR(editor->screen().view().centre.x, x, 1e-9);
+        EXPECT_NEAR(editor->screen().view().centre.y, y, 1e-9);
+        EXPECT_NEAR(editor->screen().view().height, height, 1e-9);
     }
 
     fs::path folder;
 };
 
 TEST_F(Opening, AViewThatWasChosenIsSavedWithTheDrawing) {
-    editor->setScreenSize(800, 400);
+    editor->screen().resize(800, 400);
     // Into the viewport that came with a file, whose target is no longer needed; the rest of it
     // stays.
     openWithViewport(" 12\n1500\n 22\n2100\n 17\n10\n 27\n20\n 40\n300\n 41\n1.5\n 72\n777\n");
@@ -74,7 +74,7 @@ TEST_F(Opening, AViewThatWasChosenIsSavedWithTheDrawing) {
 }
 
 TEST_F(Opening, ShowsTheSavedViewOrEverything) {
-    editor->setScreenSize(800, 400);
+    editor->screen().resize(800, 400);
     // Wide screen: the height of the viewport fits as it is.
     openWithViewport(" 12\n1500\n 22\n2100\n 17\n10\n 27\n20\n 40\n300\n 41\n1.5\n");
     expectView(1510, 2120, 300);

@@ -8,10 +8,10 @@ namespace {
 /// A window of 800 x 400 pixels: twice as wide as it is high.
 class Views : public Builtin {
 protected:
-    Views() { editor->setScreenSize(800, 400); }
+    Views() { editor->screen().resize(800, 400); }
     void expectView(double x, double y, double height) {
-        expectPoint(editor->view().centre, x, y);
-        EXPECT_NEAR(editor->view().height, height, 1e-9);
+        expectPoint(editor->screen().view().centre, x, y);
+        EXPECT_NEAR(editor->screen().view().height, height, 1e-9);
     }
 };
 
@@ -25,16 +25,16 @@ TEST_F(Views, Window) {
 
 TEST_F(Views, ExtentsWithASmallMargin) {
     type({L"_line", L"0,0", L"200,0", L"", L"_line", L"0,0", L"0,100", L"", L"_zoom", L"_e"});
-    expectPoint(editor->view().centre, 100, 50);
-    EXPECT_GT(editor->view().height, 100.0);
-    EXPECT_LT(editor->view().height, 110.0);
+    expectPoint(editor->screen().view().centre, 100, 50);
+    EXPECT_GT(editor->screen().view().height, 100.0);
+    EXPECT_LT(editor->screen().view().height, 110.0);
 }
 
 TEST_F(Views, FrozenObjectsDoNotCount) {
     type({L"_-layer", L"_m", L"Longe", L"", L"_point", L"9000,9000", L"_-layer", L"_s", L"0", L"_f",
           L"Longe", L""});
     type({L"_line", L"0,0", L"10,10", L"", L"_zoom", L"_e"});
-    expectPoint(editor->view().centre, 5, 5);
+    expectPoint(editor->screen().view().centre, 5, 5);
 }
 
 TEST_F(Views, EmptyDrawingShowsTheLimits) {
@@ -45,7 +45,7 @@ TEST_F(Views, EmptyDrawingShowsTheLimits) {
 
 TEST_F(Views, AllShowsLimitsAndDrawing) {
     type({L"_point", L"-100,0", L"_zoom", L"_a"});
-    expectPoint(editor->view().centre, 160, 148.5);
+    expectPoint(editor->screen().view().centre, 160, 148.5);
 }
 
 TEST_F(Views, FactorsAndPrevious) {
@@ -64,7 +64,7 @@ TEST_F(Views, FactorsAndPrevious) {
 
 TEST_F(Views, FactorsOfTheLimitsShowTheirWholeWidth) {
     // 420 x 297 in a square window: the width counts.
-    editor->setScreenSize(400, 400);
+    editor->screen().resize(400, 400);
     type({L"_zoom", L"1"});
     expectView(210, 148.5, 420);
     type({L"_zoom", L"2"});
@@ -84,7 +84,7 @@ TEST_F(Views, CentreAndObject) {
     type({L"_zoom", L"_c", L"7,8", L"40", L"_zoom", L"_c", L"1,2", L"4x"});
     expectView(1, 2, 10);
     type({L"_point", L"500,500", L"_line", L"0,0", L"10,20", L"", L"_zoom", L"_o", L"_l", L""});
-    expectPoint(editor->view().centre, 5, 10);
+    expectPoint(editor->screen().view().centre, 5, 10);
 }
 
 TEST_F(Views, InsideAnotherCommand) {

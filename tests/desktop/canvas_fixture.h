@@ -93,7 +93,7 @@ protected:
     }
 
     void look(double x, double y, double height) {
-        editor->setView({AcGePoint3d(x, y, 0.0), height});
+        editor->screen().show({AcGePoint3d(x, y, 0.0), height});
     }
     AcDbObjectId line(double x1, double y1, double x2, double y2) {
         return add(new AcDbLine(AcGePoint3d(x1, y1, 0.0), AcGePoint3d(x2, y2, 0.0)));
@@ -109,13 +109,13 @@ protected:
         return id;
     }
     QPoint pixel(double x, double y) const {
-        const View& view = editor->view();
+        const View& view = editor->screen().view();
         const double unit = view.height / canvas.height();
         return QPointF(400.0 + (x - view.centre.x) / unit, 300.0 - (y - view.centre.y) / unit)
             .toPoint();
     }
     AcGePoint3d world(QPointF at) const {
-        const View& view = editor->view();
+        const View& view = editor->screen().view();
         const double unit = view.height / canvas.height();
         return {view.centre.x + (at.x() - 400.0) * unit, view.centre.y + (300.0 - at.y()) * unit,
                 0.0};

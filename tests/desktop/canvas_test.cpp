@@ -19,16 +19,16 @@ TEST_F(Pointing, theWheelKeepsThePointUnderTheCursor) {
     const AcGePoint3d before = world(at);
     wheel(at, 3);
     then([&] {
-        EXPECT_NEAR(editor->view().height, 600.0 / (1.2 * 1.2 * 1.2), 1e-9);
+        EXPECT_NEAR(editor->screen().view().height, 600.0 / (1.2 * 1.2 * 1.2), 1e-9);
         EXPECT_NEAR(world(at).x, before.x, 1e-9);
         EXPECT_NEAR(world(at).y, before.y, 1e-9);
     });
     wheel(at, -3);
     run();
-    EXPECT_NEAR(editor->view().height, 600.0, 1e-9);
+    EXPECT_NEAR(editor->screen().view().height, 600.0, 1e-9);
     // The turns were one step.
-    ASSERT_TRUE(editor->restorePreviousView());
-    EXPECT_NEAR(editor->view().centre.x, 400.0, 1e-9);
+    ASSERT_TRUE(editor->screen().back());
+    EXPECT_NEAR(editor->screen().view().centre.x, 400.0, 1e-9);
 }
 
 TEST_F(Pointing, windowTakesWhatIsInsideCrossingWhatIsTouchedAndShiftTakesOut) {
@@ -38,15 +38,15 @@ TEST_F(Pointing, windowTakesWhatIsInsideCrossingWhatIsTouchedAndShiftTakesOut) {
     (void)away;
     Ids first, second, third, fourth;
     drag(90, 90, 200, 200);  // to the right
-    then([&] { first = editor->pickfirst(); });
+    then([&] { first = editor->selection().ids(); });
     drag(200, 200, 90, 90);  // to the left
-    then([&] { second = editor->pickfirst(); });
+    then([&] { second = editor->selection().ids(); });
     click(300, 120, Qt::ShiftModifier);
-    then([&] { third = editor->pickfirst(); });
+    then([&] { third = editor->selection().ids(); });
     // By two clicks.
     click(200, 60);
     click(90, 220, Qt::ShiftModifier);
-    then([&] { fourth = editor->pickfirst(); });
+    then([&] { fourth = editor->selection().ids(); });
     run();
     EXPECT_EQ(first, Ids{inside});
     EXPECT_EQ(second, (Ids{inside, across}));
@@ -202,8 +202,8 @@ TEST_F(Pointing, gripsStretchWithSnapsTypedPointsAndModes) {
     click(502, 298);
     then([&] {
         expectLine(id, 100, 100, 500, 300);
-        EXPECT_EQ(editor->pickfirst(), Ids{id});
-        EXPECT_TRUE(editor->hotGrips().empty());
+        EXPECT_EQ(editor->selection().ids(), Ids{id});
+        EXPECT_TRUE(editor->selection().hotGrips().empty());
     });
     click(100, 100);
     type(L"@0,50");
@@ -247,8 +247,8 @@ TEST_F(Pointing, gripsTakenHoldOfGoWithTheirSelection) {
     click(300, 400, Qt::ShiftModifier);
     click(150, 100, Qt::ShiftModifier);  // and the first line taken out
     then([&] {
-        EXPECT_EQ(editor->pickfirst(), Ids{b});
-        ASSERT_EQ(editor->hotGrips().size(), 1u);
+        EXPECT_EQ(editor->selection().ids(), Ids{b});
+        ASSERT_EQ(editor->selection().hotGrips().size(), 1u);
     });
     click(100, 400);
     type(L"@0,20");
@@ -265,7 +265,7 @@ TEST_F(Pointing, escapeGivesUpAFrameAndThenIsTheCommandLines) {
     click(125, 125);  // picks: the frame is gone
     press(Qt::Key_Delete);
     run();
-    EXPECT_EQ(editor->pickfirst(), Ids{});
+    EXPECT_EQ(editor->selection().ids(), Ids{});
     EXPECT_TRUE(entities().empty() || entities().front().isErased());
 }
 
@@ -313,7 +313,7 @@ TEST_F(Showing, whatIsShiftedStretchedAndPatchedLooksLikePaintedAnew) {
     wheel(QPointF(500, 100), -7);
     then([&] { EXPECT_TRUE(alike(shown(), fresh())) << "reduced"; });
     run();
-    editor->setView({AcGePoint3d(400.3, 300.7, 0), 600.0});
+    editor->screen().show({AcGePoint3d(400.3, 300.7, 0), 600.0});
     EXPECT_TRUE(alike(shown(), fresh())) << "moved by a fraction";
 }
 
@@ -340,10 +340,10 @@ TEST_F(Showing, aChangeRepaintsWhereItWasAndWhereItIs) {
 TEST_F(Showing, selectionAndGroundAreSeen) {
     const AcDbObjectId id = line(100, 100, 700, 100);
     const QImage before = shown();
-    editor->pickfirst() = {id};
+    editor->selection().select({id});
     canvas.refresh();
     EXPECT_NE(shown(), before);
-    editor->pickfirst().clear();
+    editor->selection().clear();
     canvas.refresh();
     EXPECT_TRUE(alike(shown(), before));
     canvas.setGround(Canvas::Ground::Light);

@@ -64,7 +64,7 @@ protected:
     }
     std::size_t steps() { return editor->database().core().undo().groupCount(); }
     void select(std::vector<AcDbObjectId> ids) {
-        editor->pickfirst() = std::move(ids);
+        editor->selection().select(std::move(ids));
         panel->refresh();
     }
 

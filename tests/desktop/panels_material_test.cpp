@@ -130,17 +130,17 @@ TEST_F(MaterialList, RowsSelectTheirPieces) {
                      {L"P2", 1, 1.0, 1.0, false, {lines[2], lines[0]}},
                      {L"P3", 1, 1.0, 1.0, false, {lines[0]}, {lines[2]}}};
     openPanel();
-    EXPECT_TRUE(editor->pickfirst().empty());
+    EXPECT_TRUE(editor->selection().empty());
     click(view, view->model()->index(0, 2));
-    EXPECT_EQ(editor->pickfirst(), std::vector{lines[0]});
+    EXPECT_EQ(editor->selection().ids(), std::vector{lines[0]});
     click(view, view->model()->index(1, 2), Qt::ControlModifier);
-    EXPECT_EQ(editor->pickfirst(), (std::vector{lines[0], lines[2]}));
+    EXPECT_EQ(editor->selection().ids(), (std::vector{lines[0], lines[2]}));
     EXPECT_EQ(changes->count(), 2);
     // The piece is meant, not its mark; and again after Esc in the drawing.
     for (int i = 0; i < 2; ++i) {
         click(view, view->model()->index(2, 2));
-        EXPECT_EQ(editor->pickfirst(), std::vector{lines[2]});
-        editor->pickfirst().clear();
+        EXPECT_EQ(editor->selection().ids(), std::vector{lines[2]});
+        editor->selection().clear();
     }
 }
 
@@ -153,10 +153,10 @@ TEST_F(MaterialList, LookingForRowsSelectsNothing) {
              [&] { find<QComboBox>("lista")->setCurrentIndex(2); }}) {
         find<QLineEdit>("busca")->clear();
         click(view, view->model()->index(0, 0));
-        ASSERT_EQ(editor->pickfirst(), std::vector{lines[0]});
+        ASSERT_EQ(editor->selection().ids(), std::vector{lines[0]});
         look();
         ASSERT_EQ(view->model()->rowCount(), 1);
-        EXPECT_EQ(editor->pickfirst(), std::vector{lines[0]});
+        EXPECT_EQ(editor->selection().ids(), std::vector{lines[0]});
     }
 }
 

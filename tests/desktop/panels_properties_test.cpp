@@ -266,7 +266,7 @@ TEST_F(ModuleProperties, TotalsOfTheSelection) {
     const AcDbObjectId b = bolt(1, 0, 16);
     const AcDbObjectId c = bolt(2, 0, 16);
     const auto totals = [&](std::vector<AcDbObjectId> ids) {
-        editor->pickfirst() = std::move(ids);
+        editor->selection().select(std::move(ids));
         return prancheta::desktop::selectionTotals(*editor).toStdString();
     };
     EXPECT_EQ(totals({}), "");

@@ -107,8 +107,8 @@ public:
         });
     }
     QPoint pixel(double x, double y) {
-        const prancheta::View& view = editor().view();
-        const double size = editor().pixelSize();
+        const prancheta::View& view = editor().screen().view();
+        const double size = editor().screen().pixelSize();
         return QPointF(canvas().width() / 2.0 + (x - view.centre.x) / size,
                        canvas().height() / 2.0 - (y - view.centre.y) / size)
             .toPoint();

@@ -45,7 +45,7 @@ TEST_F(Window, DrawsWithKeysAndMouse) {
     story.when([&] { return story.idle() && story.entities() == 3; }, [] {});
     ASSERT_TRUE(story.run());
     // A click hits within the pixel.
-    const double pixel = story.editor().pixelSize();
+    const double pixel = story.editor().screen().pixelSize();
     EXPECT_NEAR(start.x, 40, pixel);
     EXPECT_NEAR(start.y, 60, pixel);
     EXPECT_NEAR(end.x, 190, pixel);

@@ -48,7 +48,7 @@ TEST_F(Window, TakesADroppedDrawingInTheMiddleOfACommand) {
                [&] { EXPECT_EQ(story.editor().fileName(), file); });
     // "Comando:" waits as before: a click selects.
     story.click(75, 50).then(
-        [&] { EXPECT_EQ(story.editor().pickfirst(), std::vector{story.entity(0)}); });
+        [&] { EXPECT_EQ(story.editor().selection().ids(), std::vector{story.entity(0)}); });
     EXPECT_TRUE(story.run());
 }
 
@@ -74,7 +74,8 @@ void interrupt(Story& story, const fs::path& script, const std::wstring& active,
                std::function<void()> act) {
     auto* const timer = new QTimer(&story.window());
     QObject::connect(timer, &QTimer::timeout, [&story, timer, active, act] {
-        const bool now = story.editor().inScript() && story.editor().activeCommand() == active;
+        const bool now =
+            story.editor().typing().inScript() && story.editor().activeCommand() == active;
         if (!now || story.entities() == 0 || !story.window().ui().passing()) return;
         timer->stop();
         act();
@@ -179,7 +180,7 @@ TEST_F(Window, DelInThePanelOfLayersIsAboutLayers) {
                [&] {
                    auto* const view = panel->findChild<QTableView*>("camadas");
                    ASSERT_EQ(view->model()->rowCount(), 2);
-                   story.editor().pickfirst() = {story.entity(0)};
+                   story.editor().selection().select({story.entity(0)});
                    QApplication::setActiveWindow(&story.window());
                    view->setFocus();
                    view->selectRow(1);

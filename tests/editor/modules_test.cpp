@@ -86,7 +86,7 @@ protected:
         std::ofstream(folder / "a.scr") << "_arx _l " << module.string() << "\n_point 0,0\n";
         const std::wstring script = (folder / "a.scr").wstring();
         type({L"_script", script.c_str()});
-        while (host->editor().inScript() && host->editor().step()) {
+        while (host->editor().typing().inScript() && host->editor().step()) {
         }
         const std::wstring name = module.filename().wstring();
         const bool loaded = acrxAppIsLoaded(name.c_str());
@@ -145,7 +145,7 @@ TEST_F(ScriptedModules, aScriptCannotNameTrustedFolders) {
     std::ofstream(folder / "a.scr") << "_trustedpaths /...\n";
     const std::wstring script = (folder / "a.scr").wstring();
     type({L"_script", script.c_str()});
-    while (host->editor().inScript() && host->editor().step()) {
+    while (host->editor().typing().inScript() && host->editor().step()) {
     }
     EXPECT_EQ(host->editor().variables().text(L"TRUSTEDPATHS"), L"");
     EXPECT_EQ(ui.complaints.size(), 1u);

@@ -195,7 +195,7 @@ TEST_F(RunTest, eventsOfAQuestion) {
 }
 
 TEST_F(RunTest, keysTypedAheadEndAtBlanks) {
-    editor->typeAhead(L"; comment 1,1\n_rays 1,0 2,0\n\nolhar\nduas palavras\n");
+    editor->typing().add(L"; comment 1,1\n_rays 1,0 2,0\n\nolhar\nduas palavras\n");
     editor->run();
     EXPECT_EQ(entityCount(), 2u);
     EXPECT_NE(ui.output.find(L"Olhando duas palavras."), std::wstring::npos);

@@ -112,11 +112,11 @@ TEST_F(SelectTest, withoutPickaddTheLastPickCounts) {
     pick(1, true);
     pick(2, true);
     EXPECT_EQ(selected({}), "01");
-    editor->pick({lines[2]}, Editor::Shift::Up);
-    editor->pick({lines[0], lines[1]}, Editor::Shift::Down);
-    editor->pick({lines[0]}, Editor::Shift::Down);
-    EXPECT_EQ(editor->pickfirst(), (std::vector<AcDbObjectId>{lines[2], lines[1]}));
-    editor->clearPickfirst();
+    editor->selection().pick({lines[2]}, CurrentSelection::Shift::Up);
+    editor->selection().pick({lines[0], lines[1]}, CurrentSelection::Shift::Down);
+    editor->selection().pick({lines[0]}, CurrentSelection::Shift::Down);
+    EXPECT_EQ(editor->selection().ids(), (std::vector<AcDbObjectId>{lines[2], lines[1]}));
+    editor->selection().clear();
     // A program names one object after the other.
     registerCommand(L"dois", [] {
         const ads_point first = {0, 25, 0};
@@ -164,13 +164,13 @@ TEST_F(SelectTest, hiddenLayersAreNotHit) {
 }
 
 TEST_F(SelectTest, selectedBeforeTheCommand) {
-    editor->pickfirst() = {lines[0], lines[2]};
+    editor->selection().select({lines[0], lines[2]});
     type({L"girar", L"0,0", L"0"});
     EXPECT_EQ(editortest::turned().count, 2u);
-    EXPECT_TRUE(editor->pickfirst().empty());
-    editor->pickfirst() = {lines[0]};
+    EXPECT_TRUE(editor->selection().empty());
+    editor->selection().select({lines[0]});
     type({L"raios", L""});  // does not work on a selection: drops it
-    EXPECT_TRUE(editor->pickfirst().empty());
+    EXPECT_TRUE(editor->selection().empty());
 }
 
 TEST_F(SelectTest, setsOfPrograms) {

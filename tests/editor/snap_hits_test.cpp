@@ -105,7 +105,7 @@ TEST_F(SnapHitsTest, extensionsBeyondTheEnds) {
     EXPECT_TRUE(extended(200 + 11 * std::sqrt(0.5), 11 * std::sqrt(0.5)).empty());
     // A pointer is offered those of what is shown.
     EXPECT_EQ(hits(60.8, 79.4, kExtensionSnap, SnapReach::Shown).size(), 1u);
-    editor->setView({AcGePoint3d(90, 120, 0), 59.4});
+    editor->screen().show({AcGePoint3d(90, 120, 0), 59.4});
     EXPECT_TRUE(hits(90.2, 119.6, kExtensionSnap, SnapReach::Shown).empty());
     EXPECT_EQ(extended(90.2, 119.6).size(), 1u);
 }

@@ -60,7 +60,7 @@ void Canvas::setEditor(Editor* editor) {
     d.grips.clear();
     d.frame.reset();
     d.hover = AcDbObjectId::kNull;
-    if (editor != nullptr) editor->setScreenSize(width(), height());
+    if (editor != nullptr) editor->screen().resize(width(), height());
     d.sheet.spoilAll();
     refresh();
 }
@@ -82,7 +82,7 @@ QColor Canvas::groundColor() const { return m_impl->palette().ground; }
 bool Canvas::complete() const { return m_impl->sheet.complete(); }
 
 void Canvas::resizeEvent(QResizeEvent*) {
-    if (m_impl->editor != nullptr) m_impl->editor->setScreenSize(width(), height());
+    if (m_impl->editor != nullptr) m_impl->editor->screen().resize(width(), height());
     refresh();
 }
 
@@ -104,7 +104,7 @@ void Canvas::Impl::follow() {
     ++follows;
     canvas.update();
     if (editor == nullptr || canvas.width() < 1 || canvas.height() < 1) return;
-    viewport = Viewport(editor->view(), canvas.size());
+    viewport = Viewport(editor->screen().view(), canvas.size());
     const double ratio = canvas.devicePixelRatioF();
     const SystemVariables& variables = editor->database().core().variables();
     Look& look = drawing.look;
@@ -142,12 +142,9 @@ void Canvas::Impl::followDrawing() {
 }
 
 void Canvas::Impl::followSelection() {
-    const std::vector<AcDbObjectId>& pickfirst = editor->pickfirst();
-    if (atCommand())
-        std::erase_if(editor->hotGrips(), [&](const Grip& hot) {
-            return std::find(pickfirst.begin(), pickfirst.end(), hot.entity) == pickfirst.end();
-        });
-    const bool before = request == nullptr || atCommand() || !editor->hotGrips().empty();
+    const std::vector<AcDbObjectId>& pickfirst = editor->selection().ids();
+    const bool before =
+        request == nullptr || atCommand() || !editor->selection().hotGrips().empty();
     const std::vector<AcDbObjectId>& shown =
         before || request->selection.empty() ? pickfirst : request->selection.ids();
     if (shown != drawing.selection()) {
@@ -180,15 +177,15 @@ void Canvas::Impl::refine(Clock::duration time) {
 
 void Canvas::Impl::show(const View& view, Step step) {
     const unsigned before = follows;
-    editor->setView(view,
-                    step == Step::First ? Editor::ViewChange::Step : Editor::ViewChange::Continued);
+    editor->screen().show(view,
+                          step == Step::First ? Screen::Change::Step : Screen::Change::Continued);
     // The front end's refresh comes back here, if there is one.
     if (follows == before) follow();
 }
 
 /// The world point at `about` stays there.
 void Canvas::Impl::zoom(const QPointF& about, double factor) {
-    View view = editor->view();
+    View view = editor->screen().view();
     const double height = std::clamp(view.height / factor, kLeastHeight, kMostHeight);
     const AcGePoint3d fixed = viewport.toWorld(about);
     const double k = height / view.height;
@@ -204,7 +201,7 @@ void Canvas::Impl::zoom(const QPointF& about, double factor) {
 void Canvas::Impl::pan(const QPointF& by, Step step) {
     const double ratio = drawing.look.ratio;
     const QPointF whole((by * ratio).toPoint());
-    View view = editor->view();
+    View view = editor->screen().view();
     view.centre.x -= whole.x() / ratio * viewport.unit();
     view.centre.y += whole.y() / ratio * viewport.unit();
     show(view, step);
@@ -213,7 +210,7 @@ void Canvas::Impl::pan(const QPointF& by, Step step) {
 void Canvas::Impl::zoomExtents() {
     const Box2d box = editor->display().extents();
     if (box.empty()) return;
-    View view = editor->view();
+    View view = editor->screen().view();
     view.centre.x = (box.left + box.right) / 2.0;
     view.centre.y = (box.bottom + box.top) / 2.0;
     const double height = std::max(box.height(), box.width() * canvas.height() / canvas.width());

@@ -66,7 +66,6 @@ struct Canvas::Impl {
     void select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift);
     bool takeGrip(const QPointF& at, bool shift);
     const Grip* gripAt(const QPointF& at) const;
-    bool isHot(const Grip& grip) const;
     /// World coordinates.
     void answer(RawInput::Kind kind, const AcGePoint3d& point,
                 std::vector<AcDbObjectId> entities = {}, bool removes = false);

@@ -51,8 +51,9 @@ bool Canvas::escape() {
         d.frame.reset();
         return true;
     }
-    if (d.editor == nullptr || !d.atCommand() || d.editor->hotGrips().empty()) return false;
-    d.editor->hotGrips().clear();
+    if (d.editor == nullptr || !d.atCommand() || d.editor->selection().hotGrips().empty())
+        return false;
+    d.editor->selection().coolAll();
     return true;
 }
 
@@ -153,7 +154,8 @@ void Canvas::Impl::finishFrame(const QPointF& at, bool shift) {
 
 void Canvas::Impl::select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift) {
     if (!atCommand()) return answer(RawInput::Kind::Pick, at, ids, shift);
-    editor->pick(ids, shift ? Editor::Shift::Down : Editor::Shift::Up);
+    editor->selection().pick(ids,
+                             shift ? CurrentSelection::Shift::Down : CurrentSelection::Shift::Up);
     follow();
 }
 
@@ -175,25 +177,17 @@ const Grip* Canvas::Impl::gripAt(const QPointF& at) const {
     return nullptr;
 }
 
-bool Canvas::Impl::isHot(const Grip& grip) const {
-    return std::any_of(editor->hotGrips().begin(), editor->hotGrips().end(), [&](const Grip& hot) {
-        return hot.entity == grip.entity && hot.index == grip.index;
-    });
-}
-
 /// All grips at one place are taken together. With Shift more are gathered, without it the
 /// stretching begins.
 bool Canvas::Impl::takeGrip(const QPointF& at, bool shift) {
     const Grip* const taken = gripAt(at);
     if (taken == nullptr) return false;
     const AcGePoint3d place = taken->at;
-    std::vector<Grip>& hot = editor->hotGrips();
-    const bool wasHot = isHot(*taken);
+    CurrentSelection& selection = editor->selection();
+    const bool cools = shift && selection.isHot(*taken);
     for (const Grip& grip : grips) {
         if (!(grip.at == place)) continue;
-        std::erase_if(
-            hot, [&](const Grip& h) { return h.entity == grip.entity && h.index == grip.index; });
-        if (!wasHot || !shift) hot.push_back(grip);
+        cools ? selection.cool(grip) : selection.heat(grip);
     }
     canvas.update();
     if (!shift) emit canvas.commandWanted(QStringLiteral("_GRIPS"));
@@ -297,7 +291,7 @@ void Canvas::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const bool erases = event->key() == Qt::Key_Delete && d.editor != nullptr && d.atCommand() &&
-                        !d.editor->pickfirst().empty();
+                        !d.editor->selection().empty();
     if (erases)
         emit commandWanted(QStringLiteral("_ERASE"));
     else

@@ -80,15 +80,15 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
 }
 
 void Canvas::Impl::paintGrips(QPainter& painter) const {
-    if (!atCommand() && editor->hotGrips().empty()) return;
+    if (!atCommand() && editor->selection().hotGrips().empty()) return;
     const Grip* const under = mouse && atCommand() ? gripAt(*mouse) : nullptr;
     for (const Grip& grip : grips) {
         const QPointF at = screen(grip.at);
         if (!QRectF(canvas.rect()).adjusted(-8, -8, 8, 8).contains(at)) continue;
         drawGrip(painter, at,
-                 isHot(grip)      ? GripState::Hot
-                 : &grip == under ? GripState::Hover
-                                  : GripState::Cold);
+                 editor->selection().isHot(grip) ? GripState::Hot
+                 : &grip == under                ? GripState::Hover
+                                                 : GripState::Cold);
     }
 }
 

@@ -289,8 +289,8 @@ void MaterialPanel::selectPieces() {
     for (const QModelIndex& index : m_view->selectionModel()->selectedRows())
         for (const AcDbObjectId id : m_model->row(m_order->mapToSource(index).row()).ids)
             if (!id.isErased() && taken.insert(id.asOldId()).second) ids.push_back(id);
-    if (m_editor->pickfirst() == ids) return;
-    m_editor->pickfirst() = std::move(ids);
+    if (m_editor->selection().ids() == ids) return;
+    m_editor->selection().select(std::move(ids));
     emit changed();
 }
 

@@ -122,7 +122,7 @@ const PropertyRow* PropertiesPanel::rowAt(const QModelIndex& index) const {
 
 void PropertiesPanel::load() {
     std::vector<AcDbObjectId> ids;
-    if (m_editor != nullptr) ids = m_editor->pickfirst();
+    if (m_editor != nullptr) ids = m_editor->selection().ids();
     std::erase_if(ids, [](AcDbObjectId id) { return id.isErased(); });
     if (ids != m_shown) refuse({}, {});
     m_shown = std::move(ids);

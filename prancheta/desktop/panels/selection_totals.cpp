@@ -8,7 +8,7 @@ namespace prancheta::desktop {
 
 QString selectionTotals(Editor& editor) {
     protocol::EntityProperties::Totals sum;
-    for (const AcDbObjectId id : editor.pickfirst()) {
+    for (const AcDbObjectId id : editor.selection().ids()) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (entity.object() == nullptr) continue;
         const protocol::EntityProperties* properties = moduleProperties(*entity.object());

@@ -21,13 +21,14 @@ public:
     /// True when something changed since the last call that returned true. O(selected).
     bool news(Editor& editor) {
         const std::uint64_t revision = editor.database().core().undo().revision();
-        const bool same = m_known && m_database == &editor.database() && m_revision == revision &&
-                          (m_selection == Selection::Ignored || m_selected == editor.pickfirst());
+        const bool same =
+            m_known && m_database == &editor.database() && m_revision == revision &&
+            (m_selection == Selection::Ignored || m_selected == editor.selection().ids());
         if (same) return false;
         m_known = true;
         m_database = &editor.database();
         m_revision = revision;
-        if (m_selection == Selection::Counts) m_selected = editor.pickfirst();
+        if (m_selection == Selection::Counts) m_selected = editor.selection().ids();
         return true;
     }
 

@@ -70,7 +70,7 @@ void MainWindow::undo() {
 
 void MainWindow::selectAll() {
     if (!m_ui->idle()) return;
-    m_editor->pickfirst() = allEntities(*m_editor);
+    m_editor->selection().select(allEntities(*m_editor));
     m_canvas->refresh();
     showAll();
 }
@@ -78,7 +78,7 @@ void MainWindow::selectAll() {
 /// Double click: a piece's dialog, the properties of anything else.
 void MainWindow::editEntity(AcDbObjectId entity) {
     if (!m_ui->idle()) return;
-    m_editor->pickfirst() = {entity};
+    m_editor->selection().select({entity});
     m_canvas->refresh();
     showAll();
     if (hasDialog(entity)) return m_ui->runCommand("_EDITAPERFIL");

@@ -129,7 +129,7 @@ void MainWindow::makeCommandLine() {
         return true;
     });
     connect(&m_commandLine->edit(), &AnswerEdit::erased, this, [this] {
-        if (m_ui->idle() && !m_editor->pickfirst().empty()) m_ui->runCommand("_ERASE");
+        if (m_ui->idle() && !m_editor->selection().empty()) m_ui->runCommand("_ERASE");
     });
 }
 

@@ -90,9 +90,9 @@ constexpr FormatRow kFormats[] = {
 enum Area { kExtents, kScreen, kWindow };
 
 Box2d screenOf(const Editor& editor) {
-    const View& view = editor.view();
+    const View& view = editor.screen().view();
     const double half = view.height / 2;
-    const double side = half * editor.screenWidth() / editor.screenHeight();
+    const double side = half * editor.screen().width() / editor.screen().height();
     return {view.centre.x - side, view.centre.y - half, view.centre.x + side, view.centre.y + half};
 }
 

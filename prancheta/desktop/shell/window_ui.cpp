@@ -130,7 +130,7 @@ std::optional<RawInput> WindowUi::withoutWaiting(const InputRequest& request) {
         if (std::exchange(m_closing, false) && (m_ending || m_files.mayLeave())) return input;
     }
     if (m_line && m_editor != nullptr) {
-        m_editor->typeAhead((*std::exchange(m_line, {}) + "\n").toStdWString());
+        m_editor->typing().add((*std::exchange(m_line, {}) + "\n").toStdWString());
         return lookAgain();
     }
     if (m_early.empty()) return {};
@@ -190,7 +190,7 @@ void WindowUi::answerText(const QString& typed) {
 
 void WindowUi::typeAhead(const QString& keys) {
     if (m_editor == nullptr) return;
-    m_editor->typeAhead(keys.toStdWString());
+    m_editor->typing().add(keys.toStdWString());
     if (m_request != nullptr && !m_input) answer(lookAgain());
 }
 
@@ -212,7 +212,7 @@ void WindowUi::runCommand(const QString& line) {
     if (inside || idle()) {
         // A view command runs inside a drag or a question as if its name were typed there.
         const qsizetype blank = line.indexOf(' ');
-        if (blank > 0) m_editor->typeAhead((line.mid(blank + 1) + "\n").toStdWString());
+        if (blank > 0) m_editor->typing().add((line.mid(blank + 1) + "\n").toStdWString());
         return answerText(line.left(blank));
     }
     m_line = line;

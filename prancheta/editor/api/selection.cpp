@@ -96,9 +96,9 @@ int selectByMode(Editor& editor, std::wstring_view mode, const void* p1, const v
         const AcDbObjectId last = prancheta::lastEntity(editor);
         if (!last.isNull()) ids.push_back(last);
     } else if (mode == L"p") {
-        ids = editor.previousSelection();
+        ids = editor.selection().previous();
     } else if (mode == L"i") {
-        ids = editor.pickfirst();
+        ids = editor.selection().ids();
     } else if (mode == L"w") {
         ids = prancheta::entitiesInWindow(editor, worldPoint(editor, p1), worldPoint(editor, p2));
     } else if (mode == L"c") {
@@ -141,7 +141,7 @@ int acedSSGet(const ACHAR* mode, const void* p1, const void* p2, const resbuf* f
     std::erase_if(ids, [](const AcDbObjectId& id) { return id.isErased(); });
     applyFilter(ids, filter);
     if (ids.empty()) return RTERROR;
-    if (word != L"p" && word != L"x") editor->previousSelection() = ids;
+    if (word != L"p" && word != L"x") editor->selection().setPrevious(ids);
     editor->selectionSets().add(std::move(ids), set);
     return RTNORM;
 }

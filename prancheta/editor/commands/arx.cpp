@@ -24,7 +24,7 @@ std::string refusalOf(Editor& editor, const std::filesystem::path& file) {
         case ModuleTable::Trust::Unknown:
             break;
     }
-    if (!editor.inScript() || editor.ui().mayLoad(file)) return {};
+    if (!editor.typing().inScript() || editor.ui().mayLoad(file)) return {};
     return "o módulo foi recusado: um script só carrega os da pasta do programa, os de --modulo e "
            "os das pastas da variável TRUSTEDPATHS.";
 }

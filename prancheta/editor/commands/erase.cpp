@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // ERASE, and OOPS that brings back what it took.
 #include "prancheta/database/database_core.h"
-#include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
@@ -11,27 +10,26 @@ namespace prancheta::commands {
 CommandTask erase(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    context.editor().lastErased() = eraseAll(context, chosen.ids);
-    memory(context).erasedAt = context.database().core().undo().revision();
+    Ids erased = eraseAll(context, chosen.ids);
+    const std::uint64_t now = context.database().core().undo().revision();
+    context.editor().lastErased().erased(std::move(erased), now);
     co_return CommandEnd::Done;
 }
 
 CommandTask oops(CommandContext context) {
-    Memory& kept = memory(context);
-    // After its ERASE was taken back the set is of no use: what is erased of it now, undo has taken
-    // out.
-    const bool standing = context.database().core().undo().revision() >= kept.erasedAt;
-    const Ids set = std::exchange(context.editor().lastErased(), {});
+    const UndoLog& undo = context.database().core().undo();
+    LastErased& last = context.editor().lastErased();
+    Ids set = last.take(undo.revision());
     std::size_t back = 0;
     for (const AcDbObjectId id : set) {
-        if (!standing || !id.isErased()) continue;
+        if (!id.isErased()) continue;
         AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite, true);
         if (entity.openStatus() == Acad::eOk && entity->erase(Adesk::kFalse) == Acad::eOk) ++back;
     }
     if (back == 0)
         say(context, L"Não há objetos apagados para restaurar.");
     else
-        kept.restored = {set, kept.erasedAt, context.database().core().undo().revision()};
+        last.restored(std::move(set), undo.revision());
     co_return CommandEnd::Done;
 }
 

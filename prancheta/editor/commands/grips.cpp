@@ -69,7 +69,7 @@ std::vector<Pulled> byEntity(const std::vector<Grip>& grips) {
 class HotGrips {
 public:
     explicit HotGrips(Editor& editor) : m_editor(editor) {}
-    ~HotGrips() { m_editor.hotGrips().clear(); }
+    ~HotGrips() { m_editor.selection().coolAll(); }
     HotGrips(const HotGrips&) = delete;
     HotGrips& operator=(const HotGrips&) = delete;
 
@@ -189,7 +189,7 @@ Task<InputValue> askGrip(CommandContext context, Ids selection) {
         });
     const AcGePoint3d place = nearest->at;
     for (const Grip& grip : all)
-        if (grip.at == place) editor.hotGrips().push_back(grip);
+        if (grip.at == place) editor.selection().heat(grip);
     co_return answer;
 }
 
@@ -198,16 +198,13 @@ Task<InputValue> askGrip(CommandContext context, Ids selection) {
 CommandTask grips(CommandContext context) {
     Editor& editor = context.editor();
     const HotGrips hot(editor);
-    Ids selection = editor.pickfirst();
-    std::erase_if(editor.hotGrips(), [&](const Grip& grip) {
-        return std::find(selection.begin(), selection.end(), grip.entity) == selection.end();
-    });
+    Ids selection = editor.selection().ids();
     dropLocked(context, selection);
-    if (editor.hotGrips().empty()) {
+    if (editor.selection().hotGrips().empty()) {
         const InputValue taken = co_await askGrip(context, selection);
         if (taken.status != RTNORM) co_return endOf(taken.status);
     }
-    std::vector<Grip> taken = editor.hotGrips();
+    std::vector<Grip> taken = editor.selection().hotGrips();
     std::erase_if(taken, [](const Grip& grip) { return onLockedLayer(grip.entity); });
     if (taken.empty()) co_return CommandEnd::Done;
     const std::vector<Pulled> pulled = byEntity(taken);

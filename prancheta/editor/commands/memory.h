@@ -2,10 +2,8 @@
 // What built-in commands remember from one run to the next.
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "gevec3d.h"
 #include "prancheta/editor/command.h"
@@ -31,13 +29,6 @@ struct Memory {
     PlotSettings plot;             ///< the area is asked for anew
     std::filesystem::path script;  ///< last one of SCRIPT
     std::wstring variable;         ///< last one of SETVAR
-    std::uint64_t erasedAt = 0;    ///< undo revision after the last ERASE
-    /// What the last OOPS brought back, for another one once it is undone.
-    struct Restored {
-        std::vector<AcDbObjectId> set;
-        std::uint64_t erasedAt = 0;  ///< undo revision after its ERASE
-        std::uint64_t at = 0;        ///< and after the OOPS
-    } restored;
 };
 
 /// The editor's own.

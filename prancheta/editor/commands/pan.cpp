@@ -16,9 +16,9 @@ CommandTask pan(CommandContext context) {
         Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ").from(base.point));
     if (second.status == RTCAN) co_return CommandEnd::Cancelled;
     // The drawing moves under the window, hence the window the other way.
-    View view = context.editor().view();
+    View view = context.editor().screen().view();
     view.centre -= second.status == RTNONE ? base.point.asVector() : second.point - base.point;
-    context.editor().setView(view);
+    context.editor().screen().show(view);
     co_return CommandEnd::Done;
 }
 

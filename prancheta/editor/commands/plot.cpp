@@ -54,9 +54,9 @@ std::wstring scaleText(const std::optional<double>& scale) {
 
 /// What the screen shows.
 Box2d shownOn(const Editor& editor) {
-    const View& view = editor.view();
+    const View& view = editor.screen().view();
     const double half = view.height / 2.0;
-    const double halfWidth = half * editor.screenWidth() / editor.screenHeight();
+    const double halfWidth = half * editor.screen().width() / editor.screen().height();
     return {view.centre.x - halfWidth, view.centre.y - half, view.centre.x + halfWidth,
             view.centre.y + half};
 }

@@ -23,7 +23,7 @@ CommandEnd typeFile(const CommandContext& context, const std::filesystem::path& 
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     std::string_view keys = *content;
     if (keys.starts_with(kMark)) keys.remove_prefix(kMark.size());
-    if (!context.editor().runScript(toWide(keys)))
+    if (!context.editor().typing().runScript(toWide(keys)))
         return fail(context, L"Scripts chamaram uns aos outros vezes demais; " +
                                  toWide(file.string()) + L" não foi executado.");
     memory(context).script = file;
@@ -39,14 +39,14 @@ CommandTask script(CommandContext context) {
     std::filesystem::path file = typedPath(name.text);
     if (!file.has_extension()) file += ".scr";
     std::error_code ignored;  // a file that is not there is told about below
-    if (context.editor().inScript() &&
+    if (context.editor().typing().inScript() &&
         std::filesystem::equivalent(file, memory(context).script, ignored))
         co_return fail(context, L"Um script não pode repetir a si mesmo com SCRIPT.");
     co_return typeFile(context, file);
 }
 
 CommandTask rscript(CommandContext context) {
-    if (context.editor().inScript())
+    if (context.editor().typing().inScript())
         co_return fail(context, L"Um script não pode repetir a si mesmo com RSCRIPT.");
     const std::filesystem::path file = memory(context).script;
     if (file.empty()) co_return fail(context, L"Nenhum script foi executado ainda.");
@@ -54,7 +54,7 @@ CommandTask rscript(CommandContext context) {
 }
 
 CommandTask resume(CommandContext context) {
-    if (context.editor().resumeScript()) co_return CommandEnd::Done;
+    if (context.editor().typing().resumeScript()) co_return CommandEnd::Done;
     co_return fail(context, L"Não há script interrompido.");
 }
 
@@ -66,7 +66,7 @@ CommandTask delay(CommandContext context) {
     if (time.status != RTNORM) co_return endOf(time.status);
     const std::chrono::milliseconds asked(static_cast<int>(time.number));
     if (context.editor().ui().pass(asked)) co_return CommandEnd::Done;
-    context.editor().stopTyping();
+    context.editor().typing().stop();
     say(context, L"*Cancelar*");
     co_return CommandEnd::Cancelled;
 }

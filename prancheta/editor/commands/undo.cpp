@@ -3,7 +3,6 @@
 #include "prancheta/database/undo.h"
 
 #include "prancheta/database/database_core.h"
-#include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
@@ -26,19 +25,6 @@ constexpr Word kRedoWords[] = {{L"Tudo", L"All"}, {L"Último", L"Last"}};
 
 UndoLog& logOf(const CommandContext& context) { return context.database().core().undo(); }
 
-/// Once its ERASE is undone a set is nothing for OOPS, whatever is drawn next: what is erased of it
-/// later, undo has taken out. Once the OOPS of a set is undone it is there for another one.
-void keepErased(const CommandContext& context) {
-    Memory& kept = memory(context);
-    const std::uint64_t revision = logOf(context).revision();
-    Ids& set = context.editor().lastErased();
-    if (revision < kept.restored.at && !kept.restored.set.empty()) {
-        set = std::exchange(kept.restored.set, {});
-        kept.erasedAt = kept.restored.erasedAt;
-    }
-    if (revision < kept.erasedAt) set.clear();
-}
-
 /// Up to `count` steps, naming each.
 void undoSteps(const CommandContext& context, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
@@ -47,7 +33,7 @@ void undoSteps(const CommandContext& context, std::size_t count) {
             say(context, L"Tudo foi desfeito.");
             return;
         }
-        keepErased(context);
+        context.editor().lastErased().undone(logOf(context).revision());
         say(context, name);
     }
 }
@@ -69,7 +55,7 @@ std::size_t countOf(const InputValue& answer) {
 
 Task<InputValue> undoBack(CommandContext context) {
     if (logOf(context).backToMark()) {
-        keepErased(context);
+        context.editor().lastErased().undone(logOf(context).revision());
         co_return InputValue{};
     }
     InputValue all = co_await askYesNo(context, L"\nIsto desfará tudo. Continuar?", Choice::Yes);
