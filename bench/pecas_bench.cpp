@@ -87,7 +87,7 @@ void pieceWithThreeDimensions(benchmark::State& state) {
     double bytes = 0.0;
     for (auto _ : state) {
         state.PauseTiming();
-        if (!host().newDocument()) state.SkipWithError("no drawing");
+        if (!host().file().makeNew()) state.SkipWithError("no drawing");
         const auto before = mallinfo2().uordblks;
         state.ResumeTiming();
         host().database().core().undo().begin(L"bench");

@@ -41,7 +41,7 @@ public:
         while (editor.step()) {
         }
         editor.cancelWaiting();
-        fuzz::expect(editor.newDocument().ok(), "no new drawing after a script");
+        fuzz::expect(editor.file().makeNew().ok(), "no new drawing after a script");
         std::error_code error;
         for (const auto& entry : fs::directory_iterator(m_work)) fs::remove_all(entry, error);
     }

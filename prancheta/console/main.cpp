@@ -13,7 +13,7 @@
 #include "prancheta/console/script.h"
 #include "prancheta/console/state.h"
 #include "prancheta/console/verify_file.h"
-#include "prancheta/editor/documents.h"
+#include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/host.h"
 #include "prancheta/editor/installation.h"
 #include "prancheta/editor/modules.h"
@@ -75,8 +75,7 @@ bool prepare(Host& host, const Options& options, Outcome& outcome) {
     if (!options.otherModules) modules.barOthers();
     if (options.drawing.empty()) return true;
     dxf::LoadReport findings;
-    const Result<void> opened =
-        host.editor().openDocument(pathFromUtf8(options.drawing), &findings);
+    const Result<void> opened = host.editor().file().open(pathFromUtf8(options.drawing), &findings);
     if (opened) printFindings(host.editor(), findings);
     return outcome.check(opened, kFileError);
 }
@@ -124,7 +123,7 @@ int run(const Options& options) {
         if (endWish() != 0) outcome.ended(endWish(), *script);
         // Whatever the script did, the drawing is not lost with it.
         if (!options.save.empty())
-            outcome.check(host.editor().saveCopy(pathFromUtf8(options.save)), kFileError);
+            outcome.check(host.editor().file().saveCopy(pathFromUtf8(options.save)), kFileError);
         if (!options.state.empty())
             outcome.check(writeState(host.editor(), pathFromUtf8(options.state)), kFileError);
         plot(host, options, outcome);

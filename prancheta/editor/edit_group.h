@@ -2,10 +2,8 @@
 // One edit by a front end without a command: one step of undo, told to reactors as a command is.
 #pragma once
 
-#include <algorithm>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "aced.h"
 #include "prancheta/database/database_core.h"
@@ -40,10 +38,7 @@ public:
 
 private:
     void tell(void (AcEditorReactor::*message)(const ACHAR*)) const {
-        const std::vector<AcEditorReactor*>& now = m_editor.reactors();
-        for (AcEditorReactor* reactor : std::vector(now))
-            if (std::find(now.begin(), now.end(), reactor) != now.end())
-                (reactor->*message)(m_name.c_str());
+        m_editor.programs().reactors().tell(message, m_name.c_str());
     }
 
     Editor& m_editor;

@@ -11,13 +11,11 @@
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/command_stack.h"
-#include "prancheta/editor/documents.h"
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/editor/picking.h"
 #include "prancheta/editor/running.h"
 #include "prancheta/editor/scene.h"
-#include "prancheta/editor/selection_sets.h"
 #include "prancheta/editor/snap_modes.h"
 #include "prancheta/editor/typed_input.h"
 #include "rxdict.h"
@@ -33,15 +31,16 @@ Editor* g_current = nullptr;
 Editor* Editor::current() { return g_current; }
 
 Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns)
-    : m_ui(ui), m_screen(ui), m_typing(*this), m_selection(*this) {
+    : m_ui(ui),
+      m_screen(ui),
+      m_typing(*this),
+      m_selection(*this),
+      m_file(*this),
+      m_programs(*this) {
     registerEditorClasses();
     g_current = this;
     m_commands = std::make_unique<CommandStack>(builtIns);
-    m_acEditor = makeAcEditor(*this);
-    m_document = makeDocument(*this);
-    m_documentManager = makeDocumentManager(*this);
     m_modules = std::make_unique<ModuleTable>(*this);
-    m_selectionSets = std::make_unique<SelectionSets>();
     acrxSysRegistry()->atPut(ACRX_REGISTERED_COMMANDS, m_commands.get());
     adoptDatabase(std::make_unique<AcDbDatabase>(), {});
     tellOpened();

@@ -11,18 +11,15 @@
 #include <string_view>
 #include <vector>
 
-#include "acdocman.h"
-#include "aced.h"
 #include "dbapserv.h"
 #include "gemat3d.h"
-#include "prancheta/base/file_stamp.h"
-#include "prancheta/base/result.h"
 #include "prancheta/database/sysvars.h"
-#include "prancheta/dxf/document.h"
 #include "prancheta/editor/aliases.h"
 #include "prancheta/editor/command.h"
 #include "prancheta/editor/current_selection.h"
+#include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/last_erased.h"
+#include "prancheta/editor/program_interface.h"
 #include "prancheta/editor/question.h"
 #include "prancheta/editor/screen.h"
 #include "prancheta/editor/typing.h"
@@ -34,7 +31,6 @@ class AppearanceTable;
 class CommandStack;
 class DisplayList;
 class ModuleTable;
-class SelectionSets;
 struct CommandLookup;
 struct ProgramToken;
 struct RunningCommand;
@@ -60,33 +56,14 @@ public:
 
     // --- The drawing -----------------------------------------------------------------------------
     AcDbDatabase& database() const { return *m_database; }
-    /// Empty for a drawing that was never saved.
-    const std::filesystem::path& fileName() const { return m_fileName; }
-    /// True when the drawing differs from its file.
-    bool modified() const;
-    /// True when another program wrote the drawing's file since it was read or saved here.
-    bool fileChanged() const;
-    /// The drawing's file as it was read or saved here; empty: there is none.
-    const std::optional<FileStamp>& fileStamp() const { return m_fileStamp; }
-    /// These replace the drawing. They are refused while a module's command runs; on failure the
-    /// present drawing stays. `findings` receives what was repaired while reading.
-    Result<void> newDocument();
-    Result<void> openDocument(const std::filesystem::path& path,
-                              dxf::LoadReport* findings = nullptr);
-    /// Empty path: where the drawing came from. A new path becomes the drawing's name. Under
-    /// ISAVEBAK 1 a file that is replaced stays as NAME.bak. Whether another program changed the
-    /// file is for the caller to ask.
-    Result<void> saveDocument(const std::filesystem::path& path = {},
-                              const dxf::SaveOptions& options = {});
-    /// Opens a copy that was kept for the case of a crash: the drawing goes by `name` (empty: none)
-    /// and differs from its file, which was this one when the copy's window had read or saved it.
-    Result<void> recoverDocument(const std::filesystem::path& copy,
-                                 const std::filesystem::path& name,
-                                 const std::optional<FileStamp>& stamp);
-    /// A copy elsewhere: name and modified state stay.
-    Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {});
+    DrawingFile& file() { return m_file; }
+    const DrawingFile& file() const { return m_file; }
+    /// Puts another drawing in place of this one, read from the file of this name (empty: from
+    /// none). Refused while a module's command runs.
+    Result<void> replaceDrawing(std::unique_ptr<AcDbDatabase> database,
+                                std::filesystem::path fileName);
     /// Called after the drawing was replaced.
-    std::function<void()> onDocumentChanged;
+    std::function<void()> onDrawingReplaced;
 
     // --- Main loop -------------------------------------------------------------------------------
     /// Asks and executes until the input ends or a command asked to quit.
@@ -171,27 +148,12 @@ public:
     CurrentSelection& selection() { return m_selection; }
     const CurrentSelection& selection() const { return m_selection; }
     LastErased& lastErased() { return m_lastErased; }
-    /// Sets that programs hold by name.
-    SelectionSets& selectionSets() const { return *m_selectionSets; }
     /// What the built-in commands remember between runs; made by them, gone with the editor.
     std::shared_ptr<void>& commandMemory() { return m_commandMemory; }
 
-    // --- Reactors and modules --------------------------------------------------------------------
-    std::vector<AcEditorReactor*>& reactors() { return m_reactors; }
-    std::vector<AcApDocManagerReactor*>& documentReactors() { return m_documentReactors; }
-    AcEditor& acEditor() const { return *m_acEditor; }
-    AcApDocManager& documentManager() const { return *m_documentManager; }
-    AcApDocument& document() const { return *m_document; }
+    // --- Programs --------------------------------------------------------------------
+    ProgramInterface& programs() { return m_programs; }
     ModuleTable& modules() const { return *m_modules; }
-
-    /// Keywords and bits of acedInitGet for the next input call, and the text of the last RTKWORD.
-    struct InitGet {
-        int bits = 0;
-        Keywords keywords;
-    };
-    InitGet takeInitGet() { return std::exchange(m_initGet, {}); }
-    void setInitGet(InitGet value) { m_initGet = std::move(value); }
-    std::wstring& lastKeyword() { return m_lastKeyword; }
 
     /// False while a program feeds a command with CMDECHO 0: prompts and messages of commands are
     /// not shown.
@@ -219,13 +181,9 @@ private:
     int feed(RunningCommand& command, TokenStream& stream);
     Reading giveToken(Question& question, const ProgramToken& token);
     void echoToken(const Question& question, const ProgramToken& token);
-    void notify(void (AcEditorReactor::*message)(const ACHAR*), const std::wstring& name) const;
     void tellClosing();
     void adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);
     void tellOpened();
-    Result<void> replaceDatabase(std::unique_ptr<AcDbDatabase> database,
-                                 std::filesystem::path fileName);
-    Result<void> writeDocument(const std::filesystem::path& path, const dxf::SaveOptions& options);
     void updateVariables() const;
     void measureExtents() const;
 
@@ -233,10 +191,6 @@ private:
     std::unique_ptr<AcDbDatabase> m_database;
     std::unique_ptr<DisplayList> m_display;
     std::unique_ptr<AppearanceTable> m_appearances;
-    std::filesystem::path m_fileName;
-    std::optional<FileStamp> m_fileStamp;              ///< of the file as it was read or saved here
-    dxf::Version m_savedVersion = dxf::Version::Keep;  ///< that the user chose for it
-    std::uint64_t m_savedRevision = 0;
     std::unique_ptr<CommandStack> m_commands;
     Aliases m_aliases;
     std::vector<std::unique_ptr<RunningCommand>> m_running;
@@ -249,17 +203,11 @@ private:
     Typing m_typing;
     CurrentSelection m_selection;
     LastErased m_lastErased;
+    DrawingFile m_file;
+    ProgramInterface m_programs;
     mutable std::wstring m_commandNames;  ///< CMDNAMES is built here: it is looked at often
-    std::vector<AcEditorReactor*> m_reactors;
-    std::vector<AcApDocManagerReactor*> m_documentReactors;
-    std::unique_ptr<AcEditor> m_acEditor;
-    std::unique_ptr<AcApDocManager> m_documentManager;
-    std::unique_ptr<AcApDocument> m_document;
     std::unique_ptr<ModuleTable> m_modules;
-    std::unique_ptr<SelectionSets> m_selectionSets;
     std::shared_ptr<void> m_commandMemory;
-    InitGet m_initGet;
-    std::wstring m_lastKeyword;
 };
 
 }  // namespace prancheta

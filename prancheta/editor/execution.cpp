@@ -135,16 +135,7 @@ void Editor::begin(RunningCommand& command) {
     recordCommand(command.name, command.group);
     updateVariables();
     openUndo(command);
-    notify(&AcEditorReactor::commandWillStart, command.name);
-}
-
-void Editor::notify(void (AcEditorReactor::*message)(const ACHAR*),
-                    const std::wstring& name) const {
-    for (AcEditorReactor* reactor : std::vector(m_reactors)) {
-        const bool still =
-            std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end();
-        if (still) (reactor->*message)(name.c_str());
-    }
+    m_programs.reactors().tell(&AcEditorReactor::commandWillStart, command.name.c_str());
 }
 
 void Editor::remove(const RunningCommand& command) {
@@ -154,13 +145,13 @@ void Editor::remove(const RunningCommand& command) {
 void Editor::end(RunningCommand& command, CommandEnd how) {
     switch (how) {
         case CommandEnd::Done:
-            notify(&AcEditorReactor::commandEnded, command.name);
+            m_programs.reactors().tell(&AcEditorReactor::commandEnded, command.name.c_str());
             break;
         case CommandEnd::Cancelled:
-            notify(&AcEditorReactor::commandCancelled, command.name);
+            m_programs.reactors().tell(&AcEditorReactor::commandCancelled, command.name.c_str());
             break;
         case CommandEnd::Failed:
-            notify(&AcEditorReactor::commandFailed, command.name);
+            m_programs.reactors().tell(&AcEditorReactor::commandFailed, command.name.c_str());
             break;
     }
     closeUndo(command, how);
@@ -186,7 +177,7 @@ void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
         how = CommandEnd::Failed;
     }
     dcl::discardDialogs();
-    m_initGet = {};
+    (void)m_programs.takeInitGet();
     const auto self = std::find_if(m_running.begin(), m_running.end(),
                                    [&](const auto& c) { return c.get() == &command; });
     std::vector<RunningCommand*> left;

@@ -205,19 +205,6 @@ Result<void> ModuleTable::unload(std::wstring_view name) {
     return {};
 }
 
-namespace {
-
-/// Takes out reactors whose class is the module's: nobody would be there to be told.
-template <class Reactor>
-void dropReactors(std::vector<Reactor*>& reactors, const void* base) {
-    std::erase_if(reactors, [&](const Reactor* r) {
-        const void* virtualTable = *reinterpret_cast<const void* const*>(r);
-        return libraryOf(virtualTable) == base;
-    });
-}
-
-}  // namespace
-
 /// Nothing of the host may point into the module afterwards, whatever the module forgot to take
 /// back.
 void ModuleTable::remove(Module& module) {
@@ -226,9 +213,13 @@ void ModuleTable::remove(Module& module) {
     m_editor.commands().removeFunctions([&](AcRxFunctionPtr function) {
         return libraryOf(reinterpret_cast<const void*>(function)) == base;
     });
-    dropReactors(m_editor.reactors(), base);
-    dropReactors(m_editor.documentReactors(), base);
-    dropReactors(m_editor.database().core().reactors(), base);
+    // Nobody would be there to be told.
+    const auto its = [base](const auto* reactor) {
+        return libraryOf(*reinterpret_cast<const void* const*>(reactor)) == base;  // virtual table
+    };
+    m_editor.programs().reactors().removeIf(its);
+    m_editor.programs().documentReactors().removeIf(its);
+    std::erase_if(m_editor.database().core().reactors(), its);
     for (auto c = module.classes.rbegin(); c != module.classes.rend(); ++c) {
         const std::vector<AcRxClass*>& known = allClasses();
         if (std::find(known.begin(), known.end(), *c) != known.end()) deleteAcRxClass(*c);

@@ -57,7 +57,8 @@ bool readToken(const resbuf& value, ProgramToken& token) {
         }
         case RTPICKS: {
             token.kind = ProgramToken::Kind::Objects;
-            const auto* set = Editor::current()->selectionSets().find(value.resval.rlname);
+            const auto* set =
+                Editor::current()->programs().selectionSets().find(value.resval.rlname);
             if (set == nullptr) return false;
             token.objects = *set;
             return true;

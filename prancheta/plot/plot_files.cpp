@@ -29,7 +29,7 @@ constexpr int kVectorDots = 12700;
 constexpr double kVectorPerMillimetre = kVectorDots / kMillimetresPerInch;
 
 std::string titleOf(const Editor& editor) {
-    return editor.fileName().empty() ? "Desenho" : editor.fileName().stem().string();
+    return editor.file().name().empty() ? "Desenho" : editor.file().name().stem().string();
 }
 
 Error paintError() {

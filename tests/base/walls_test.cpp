@@ -76,8 +76,8 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
 
 /// The doors by which the front ends know the editor.
 const std::set<std::string> kEditorDoors = {
-    "command_stack.h", "commands/layers.h", "documents.h", "edit_group.h", "editor.h",
-    "host.h",          "installation.h",    "modules.h",   "picking.h",    "plotter.h",
+    "command_stack.h", "commands/layers.h", "drawing_file.h", "edit_group.h", "editor.h",
+    "host.h",          "installation.h",    "modules.h",      "picking.h",    "plotter.h",
     "snap_modes.h",    "user_interface.h",  "variables.h"};
 
 /// Libraries by the beginnings of their headers, and the rooms that may use them.

@@ -37,23 +37,23 @@ TEST_F(Files, SavedAndOpenedAgain) {
     type({L"_line", L"1.25,2", L"3,4", L"", L"salvarcomo", name.c_str()});
     ASSERT_TRUE(ui.complaints.empty());
     EXPECT_TRUE(exists("Galpão 1.dxf"));
-    EXPECT_FALSE(editor->modified());
+    EXPECT_FALSE(editor->file().modified());
     type({L"novo"});
     EXPECT_EQ(count(), 0u);
-    EXPECT_TRUE(editor->fileName().empty());
+    EXPECT_TRUE(editor->file().name().empty());
     const std::wstring quoted = L"\"" + path("Galpão 1.dxf") + L"\"";
     type({L"abrir", quoted.c_str()});
     ASSERT_EQ(count(), 1u);
     expectLine(last(), 1.25, 2, 3, 4);
-    EXPECT_EQ(editor->fileName(), m_folder / "Galpão 1.dxf");
-    EXPECT_FALSE(editor->modified());
+    EXPECT_EQ(editor->file().name(), m_folder / "Galpão 1.dxf");
+    EXPECT_FALSE(editor->file().modified());
 }
 
 TEST_F(Files, SavedWithoutQuestionsOnceNamed) {
     const std::wstring name = path("a.dxf");
     type({L"_point", L"0,0", L"_qsave", name.c_str(), L"_point", L"1,1", L"_qsave"});
     EXPECT_FALSE(editor->commandActive());
-    EXPECT_FALSE(editor->modified());
+    EXPECT_FALSE(editor->file().modified());
     // Its own file is replaced without a question.
     type({L"_point", L"2,2", L"_save", L""});
     EXPECT_FALSE(editor->commandActive());
@@ -67,10 +67,10 @@ TEST_F(Files, AnotherFileIsReplacedOnlyWhenToldSo) {
     type({L"_point", L"0,0", L"_saveas", other.c_str(), L"", L"^C"});
     EXPECT_TRUE(asked(L"Deseja substituí-lo? [Sim/Não] <Não>:"));
     EXPECT_EQ(content("outro.dxf"), "do vizinho");
-    EXPECT_TRUE(editor->modified());
+    EXPECT_TRUE(editor->file().modified());
     type({L"_saveas", other.c_str(), L"_y"});
     EXPECT_NE(content("outro.dxf"), "do vizinho");
-    EXPECT_FALSE(editor->modified());
+    EXPECT_FALSE(editor->file().modified());
 }
 
 TEST_F(Files, WhatAnotherProgramSavedIsReplacedOnlyWhenToldSo) {
@@ -91,10 +91,10 @@ TEST_F(Files, WhatAnotherProgramSavedIsReplacedOnlyWhenToldSo) {
     EXPECT_NE(ui.complaints[0].find(L"foi mudado por outro programa"), std::wstring::npos);
     ui.byHand = true;
     type({L"_qsave", L"_another", other.c_str()});
-    EXPECT_EQ(editor->fileName(), m_folder / "b.dxf");
+    EXPECT_EQ(editor->file().name(), m_folder / "b.dxf");
     EXPECT_EQ(content("a.dxf"), "do vizinho");
     type({L"_saveas", name.c_str(), L"_y", L"_point", L"2,2", L"_qsave"});
-    EXPECT_FALSE(editor->modified()) << "its own saving is nobody else's";
+    EXPECT_FALSE(editor->file().modified()) << "its own saving is nobody else's";
     neighbour();
     type({L"_qsave", L"_overwrite"});
     EXPECT_NE(content("a.dxf"), "do vizinho");
@@ -137,7 +137,7 @@ TEST_F(Files, FailuresKeepTheDrawing) {
     const std::wstring bad = path("ruim.dxf");
     type({L"_point", L"0,0", L"_saveas", nowhere.c_str()});
     EXPECT_EQ(ui.complaints.size(), 1u);
-    EXPECT_TRUE(editor->fileName().empty());
+    EXPECT_TRUE(editor->file().name().empty());
     type({L"_open", L"_y", nowhere.c_str(), L"_open", L"_y", bad.c_str()});
     EXPECT_EQ(ui.complaints.size(), 3u);
     EXPECT_EQ(count(), 1u);
@@ -147,9 +147,9 @@ TEST_F(Files, FailuresKeepTheDrawing) {
 /// To the system such a name ends where it is null: at the folder.
 TEST_F(Files, NullCharacterInANameTouchesNothing) {
     fs::create_directory(m_folder / "vazia");
-    EXPECT_FALSE(editor->saveDocument(m_folder / std::string("vazia/\0x.dxf", 12)).ok());
+    EXPECT_FALSE(editor->file().save(m_folder / std::string("vazia/\0x.dxf", 12)).ok());
     EXPECT_TRUE(exists("vazia"));
-    EXPECT_TRUE(editor->fileName().empty());
+    EXPECT_TRUE(editor->file().name().empty());
 }
 
 TEST_F(Files, ChangesAreNotThrownAwayUnasked) {

@@ -209,7 +209,7 @@ TEST_F(Modify, GripsTakenHoldOfGoWithTheirSelection) {
     EXPECT_TRUE(editor->selection().hotGrips().empty());
     take(a, 20, 0);
     ASSERT_EQ(editor->selection().hotGrips().size(), 1u);
-    ASSERT_TRUE(editor->newDocument());
+    ASSERT_TRUE(editor->file().makeNew());
     EXPECT_TRUE(editor->selection().hotGrips().empty());
 }
 

@@ -41,7 +41,7 @@ protected:
                 "  0\nENDTAB\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n "
                 "10\n1000\n"
                 " 20\n2000\n 11\n3000\n 21\n2500\n  0\nENDSEC\n  0\nEOF\n");
-        const auto opened = editor->openDocument(folder / "vista.dxf");
+        const auto opened = editor->file().open(folder / "vista.dxf");
         ASSERT_TRUE(opened) << opened.error().message();
     }
     void expectView(double x, double y, double height) {
@@ -59,17 +59,17 @@ TEST_F(Opening, AViewThatWasChosenIsSavedWithTheDrawing) {
     // stays.
     openWithViewport(" 12\n1500\n 22\n2100\n 17\n10\n 27\n20\n 40\n300\n 41\n1.5\n 72\n777\n");
     type({L"_zoom", L"_c", L"1200,2040", L"80"});
-    ASSERT_TRUE(editor->saveDocument(folder / "b.dxf"));
+    ASSERT_TRUE(editor->file().save(folder / "b.dxf"));
     EXPECT_NE(contentOf(folder / "b.dxf").find("777"), std::string::npos);
-    ASSERT_TRUE(editor->newDocument());
-    ASSERT_TRUE(editor->openDocument(folder / "b.dxf"));
+    ASSERT_TRUE(editor->file().makeNew());
+    ASSERT_TRUE(editor->file().open(folder / "b.dxf"));
     expectView(1200, 2040, 80);
     // Into the one that a new drawing gets.
-    ASSERT_TRUE(editor->newDocument());
+    ASSERT_TRUE(editor->file().makeNew());
     type({L"_line", L"0,0", L"100,100", L"", L"_zoom", L"_c", L"30,40", L"50"});
-    ASSERT_TRUE(editor->saveDocument(folder / "c.dxf"));
-    ASSERT_TRUE(editor->newDocument());
-    ASSERT_TRUE(editor->openDocument(folder / "c.dxf"));
+    ASSERT_TRUE(editor->file().save(folder / "c.dxf"));
+    ASSERT_TRUE(editor->file().makeNew());
+    ASSERT_TRUE(editor->file().open(folder / "c.dxf"));
     expectView(30, 40, 50);
 }
 

@@ -29,7 +29,7 @@ TEST_F(Session, EveryCommandEndsWithEscape) {
         EXPECT_FALSE(editor->commandActive()) << prancheta::toUtf8(command.global);
         EXPECT_EQ(count(), 0u) << prancheta::toUtf8(command.global);
     }
-    EXPECT_FALSE(editor->modified());
+    EXPECT_FALSE(editor->file().modified());
 }
 
 TEST_F(Session, SetVariable) {

@@ -33,7 +33,7 @@ TEST_F(Undo, StepByStepAndBackAgain) {
 TEST_F(Undo, NothingLeft) {
     type({L"_u"});
     EXPECT_TRUE(said(L"Tudo foi desfeito."));
-    EXPECT_FALSE(editor->modified());
+    EXPECT_FALSE(editor->file().modified());
 }
 
 TEST_F(Undo, ViewsAndQuestionsAreNoSteps) {

@@ -303,10 +303,10 @@ TEST_F(Properties, WhatFollowsAnEditIsInItsStep) {
     openPanel();
     select({id});
     Follower follower(tied);
-    editor->acEditor().addReactor(&follower);
+    editor->programs().acEditor().addReactor(&follower);
     const std::size_t before = steps();
     enter("Raio", "20");
-    editor->acEditor().removeReactor(&follower);
+    editor->programs().acEditor().removeReactor(&follower);
     EXPECT_EQ(follower.started, 1);
     EXPECT_EQ(follower.ended, 1);
     EXPECT_EQ(steps(), before + 1);

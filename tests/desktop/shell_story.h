@@ -82,7 +82,7 @@ public:
         type("c 50,50 25 ");
         return when([this] { return idle() && entities() == 1; },
                     [this, file, step = std::move(step)] {
-                        ASSERT_TRUE(editor().saveDocument(file));
+                        ASSERT_TRUE(editor().file().save(file));
                         step();
                     });
     }

@@ -114,7 +114,7 @@ TEST_F(Window, SavesAndOpensAgain) {
     story.when([&] { return story.idle() && !story.window().isWindowModified(); },
                [&] {
                    // The former drawing is kept.
-                   ASSERT_TRUE(story.editor().openDocument(folder() / "placa base.bak"));
+                   ASSERT_TRUE(story.editor().file().open(folder() / "placa base.bak"));
                    EXPECT_EQ(story.entities(), 1u);
                    ASSERT_TRUE(story.window().files().open(file));
                    EXPECT_EQ(story.entities(), 2u);
@@ -134,7 +134,7 @@ TEST_F(Window, ClosingAsksAboutUnsavedWork) {
                [&] {
                    EXPECT_TRUE(story.window().isVisible());
                    EXPECT_EQ(story.entities(), 1u);
-                   ASSERT_TRUE(story.editor().saveDocument(file));
+                   ASSERT_TRUE(story.editor().file().save(file));
                    std::ofstream(file) << "de outro programa";
                    story.press("c 90,50 25 ");
                });
@@ -147,7 +147,7 @@ TEST_F(Window, ClosingAsksAboutUnsavedWork) {
                [&] { story.window().close(); });
     ASSERT_TRUE(story.run());
     EXPECT_TRUE(story.closedItself());
-    ASSERT_TRUE(story.editor().openDocument(file));
+    ASSERT_TRUE(story.editor().file().open(file));
     EXPECT_EQ(story.entities(), 2u);
 }
 
@@ -201,13 +201,13 @@ TEST_F(Window, RecoversAfterACrash) {
                    EXPECT_EQ(story.entities(), 2u);
                    EXPECT_FALSE(fs::exists(recoveries() / "morta.nome"));
                    EXPECT_FALSE(fs::exists(recoveries() / "morta.lock"));
-                   EXPECT_EQ(story.editor().fileName(), drawing);
+                   EXPECT_EQ(story.editor().file().name(), drawing);
                    EXPECT_TRUE(story.window().isWindowModified());
-                   EXPECT_TRUE(story.editor().fileChanged());
-                   ASSERT_TRUE(story.editor().saveDocument());
+                   EXPECT_TRUE(story.editor().file().changedOutside());
+                   ASSERT_TRUE(story.editor().file().save());
                });
     ASSERT_TRUE(story.run());
-    ASSERT_TRUE(story.editor().openDocument(drawing));
+    ASSERT_TRUE(story.editor().file().open(drawing));
     EXPECT_EQ(story.entities(), 2u);
 }
 

@@ -39,13 +39,13 @@ TEST_F(Window, TakesADroppedDrawingInTheMiddleOfACommand) {
     const fs::path file = folder() / "viga.dxf";
     Story story;
     story.afterSavedCircle(file, [&] {
-        ASSERT_TRUE(story.editor().newDocument());
+        ASSERT_TRUE(story.editor().file().makeNew());
         story.press("l 0,0 ");
     });
     story.when([&] { return !story.idle() && story.window().ui().request() != nullptr; },
                [&] { drop(story.window(), file); });
     story.when([&] { return story.idle() && story.entities() == 1; },
-               [&] { EXPECT_EQ(story.editor().fileName(), file); });
+               [&] { EXPECT_EQ(story.editor().file().name(), file); });
     // "Comando:" waits as before: a click selects.
     story.click(75, 50).then(
         [&] { EXPECT_EQ(story.editor().selection().ids(), std::vector{story.entity(0)}); });
@@ -296,7 +296,7 @@ void pointAtPlotWindow(Story& story, std::function<void()> point) {
 TEST_F(Window, WhoLeavesWhilePlotPointsLeavesPlot) {
     const fs::path file = folder() / "viga.dxf";
     Story story;
-    story.then([&] { ASSERT_TRUE(story.editor().saveDocument(file)); });
+    story.then([&] { ASSERT_TRUE(story.editor().file().save(file)); });
     pointAtPlotWindow(story, [&] { drop(story.window(), file); });
     pointAtPlotWindow(story, [&] { story.window().ui().runCommand("_LINE"); });
     story.when([&] { return story.editor().activeCommand() == L"LINE"; },

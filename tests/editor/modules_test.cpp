@@ -196,7 +196,7 @@ TEST_F(ModulesTest, staysWhileItIsNeeded) {
     host->editor().database().core().undo().undo();
     EXPECT_EQ(host->editor().database().core().modelSpace().size(), 0u);
     EXPECT_NE(refusal(L"sonda_base"), "");
-    ASSERT_TRUE(host->editor().newDocument());
+    ASSERT_TRUE(host->editor().file().makeNew());
     EXPECT_EQ(refusal(L"sonda_base"), "");
 }
 
@@ -257,7 +257,7 @@ TEST_F(ModulesTest, whoRefusesADrawingIsUnloadedUnlessItIsInUse) {
 TEST_F(ModulesTest, newDrawingsAndTheEndAreTold) {
     ASSERT_TRUE(modules().load("sonda_base"));
     ui.output.clear();
-    ASSERT_TRUE(host->editor().newDocument());
+    ASSERT_TRUE(host->editor().file().makeNew());
     EXPECT_EQ(ui.output, L"[base 4][base 3]");
     ui.output.clear();
     host.reset();

@@ -59,7 +59,7 @@ TEST_F(RunTest, oneCommandIsOneUndoStep) {
     EXPECT_TRUE(undo.undo(&name));
     EXPECT_EQ(name, L"desenha");
     EXPECT_EQ(entityCount(), 0u);
-    EXPECT_FALSE(editor->modified());
+    EXPECT_FALSE(editor->file().modified());
 }
 
 TEST_F(RunTest, cancelledKeepsAndFailedTakesBack) {
@@ -204,13 +204,13 @@ TEST_F(RunTest, keysTypedAheadEndAtBlanks) {
 
 TEST_F(RunTest, aNewDrawingKeepsTheSession) {
     type({L"osmode", L"3", L"raios", L"9,9", L""});
-    EXPECT_TRUE(editor->modified());
+    EXPECT_TRUE(editor->file().modified());
     const AcDbDatabase* before = &editor->database();
-    ASSERT_TRUE(editor->newDocument());
+    ASSERT_TRUE(editor->file().makeNew());
     EXPECT_NE(&editor->database(), before);
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), &editor->database());
     EXPECT_EQ(entityCount(), 0u);
-    EXPECT_FALSE(editor->modified());
+    EXPECT_FALSE(editor->file().modified());
     EXPECT_EQ(editor->variables().number(L"OSMODE"), 3);
     editortest::expectPoint(editor->lastPoint(), 0, 0);
 }

@@ -272,8 +272,8 @@ TEST_F(Arquivo, DesenhoSalvoEAberto) {
         p.transformBy(AcGeMatrix3d::rotation(0.25 * kPi, AcGeVector3d::kZAxis));
     });
     const std::wstring antes = relatorio(peca) + relatorio(placa);
-    ASSERT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
-    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
     const std::vector<AcDbObjectId> todas = entities();
     ASSERT_EQ(todas.size(), 3u);
@@ -320,7 +320,7 @@ TEST_F(Arquivo, OutroProgramaMoveCopiaEApaga) {
     };
     const std::string daPeca = handle(peca);
     const std::string daQueSome = handle(some);
-    ASSERT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
     std::string texto = *prancheta::readFile(arquivo);
     // The second dimension goes, the piece moves up by 50 and has a copy further up.
     const auto [de, ate] = registro(texto, daQueSome);
@@ -335,7 +335,7 @@ TEST_F(Arquivo, OutroProgramaMoveCopiaEApaga) {
     ASSERT_TRUE(static_cast<bool>(saida.open()));
     saida.write(texto);
     ASSERT_TRUE(static_cast<bool>(saida.commit()));
-    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
     const std::vector<AcDbObjectId> todas = entities();
     ASSERT_EQ(todas.size(), 3u);
@@ -363,7 +363,7 @@ protected:
     }
     ~Visitado() override { std::filesystem::remove(arquivo); }
     std::string salva() {
-        EXPECT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
+        EXPECT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
         return *prancheta::readFile(arquivo);
     }
     void grava(const std::string& texto) {
@@ -411,12 +411,12 @@ TEST_F(Visitado, MovidaComAChapaNaoEMovidaDuasVezes) {
     const std::string daPlaca = handle(placa);
     const std::string texto = movida(salva(), daPeca, "\n20\n0.0\n", "\n20\n50.0\n");
     grava(movida(texto, daPlaca, "\n20\n60.0\n", "\n20\n110.0\n"));
-    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     ASSERT_EQ(entities().size(), 3u);
     esperaPonto(inicio(entities()[2]), 500, 110);
     // A plate that was moved alone stays where it was put, and goes on from there.
     grava(movida(salva(), daPlaca, "\n10\n500.0\n", "\n10\n400.0\n"));
-    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     esperaPonto(inicio(entities()[2]), 400, 110);
     type({L"_move"});
     pick(0, 0, {entities()[0]});
@@ -429,7 +429,7 @@ TEST_F(Visitado, QuemNaoFoiMovidoFicaIgual) {
         p.transformBy(AcGeMatrix3d::rotation(0.3, AcGeVector3d::kZAxis, AcGePoint3d(7, 1, 0)));
     });
     const std::string antes = salva();
-    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     EXPECT_TRUE(salva() == antes);
 }
 

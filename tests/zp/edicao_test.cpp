@@ -206,8 +206,8 @@ TEST_F(EdicaoPorDialogo, MarcasDeUmDesenhoAbertoTemSuasPecas) {
              "altura=60", "largura=10", "n_partes=4", "accept", "accept"});
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / "zp_edicao_test.dxf";
-    ASSERT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
-    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
     const AcDbObjectId peca = entities().front();
     edita(peca, {"OutraVista", "gerar_matlist=1", "num_pecas=1", "accept", "accept"});

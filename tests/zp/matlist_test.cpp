@@ -143,8 +143,8 @@ TEST_F(ListaMaterial, SalvaEAbreComMarcas) {
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / "zp_matlist_test.dxf";
     entra(2, 4);
-    ASSERT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
-    ASSERT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
     const auto l = linhas();
     ASSERT_EQ(l.size(), 2u);
@@ -328,8 +328,8 @@ TEST_F(ListaMaterial, PecaApagadaNaoSeEsqueceAoSalvar) {
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / "zp_peca_apagada_test.dxf";
     const auto reabre = [&] {
-        EXPECT_TRUE(static_cast<bool>(editor->saveDocument(arquivo)));
-        EXPECT_TRUE(static_cast<bool>(editor->openDocument(arquivo)));
+        EXPECT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
+        EXPECT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
         std::filesystem::remove(arquivo);
     };
     u(0, 0, 500);

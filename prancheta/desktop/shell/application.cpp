@@ -109,7 +109,7 @@ void Application::keepRecoveryUp() {
 }
 
 bool Application::recover(const LeftCopy& left) {
-    Result<void> done = m_host->editor().recoverDocument(left.copy, left.drawing, left.stamp);
+    Result<void> done = m_host->editor().file().recover(left.copy, left.drawing, left.stamp);
     // The copy that was left may go only when there is another one.
     if (done) done = m_recovery->write();
     if (done) return true;

@@ -11,7 +11,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 
-#include "prancheta/editor/documents.h"
+#include "prancheta/editor/drawing_file.h"
 
 namespace prancheta::desktop {
 namespace {
@@ -39,7 +39,7 @@ QString folderOf(const std::filesystem::path& drawing) {
 DrawingFiles::DrawingFiles(QWidget& window) : QObject(&window), m_window(window) {}
 
 std::filesystem::path DrawingFiles::choose(const FileQuestion& question) {
-    const QString folder = folderOf(m_editor->fileName());
+    const QString folder = folderOf(m_editor->file().name());
     const bool saving = question.purpose == FileQuestion::Purpose::Save;
     QFileDialog dialog(&m_window, saving ? "Salvar desenho" : "Abrir desenho", folder, kFilter);
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -63,7 +63,7 @@ void DrawingFiles::fail(const QString& what, const Error& error) {
 
 ChangedFile DrawingFiles::replaceChanged() {
     QMessageBox box(QMessageBox::Warning, "Prancheta",
-                    toQString(m_editor->fileName().filename()) +
+                    toQString(m_editor->file().name().filename()) +
                         " foi mudado por outro programa desde que foi aberto. Salvar substitui o "
                         "que o outro gravou.",
                     QMessageBox::NoButton, &m_window);
@@ -78,8 +78,8 @@ ChangedFile DrawingFiles::replaceChanged() {
 }
 
 bool DrawingFiles::save() {
-    std::filesystem::path target = m_editor->fileName();
-    if (m_editor->fileChanged()) {
+    std::filesystem::path target = m_editor->file().name();
+    if (m_editor->file().changedOutside()) {
         const ChangedFile what = replaceChanged();
         if (what == ChangedFile::Keep) return false;
         if (what == ChangedFile::SaveElsewhere)
@@ -88,7 +88,7 @@ bool DrawingFiles::save() {
     }
     if (target.empty()) target = choose({FileQuestion::Purpose::Save, {}});
     if (target.empty()) return false;
-    const Result<void> saved = m_editor->saveDocument(target);
+    const Result<void> saved = m_editor->file().save(target);
     if (saved) {
         remember();
         return true;
@@ -98,8 +98,8 @@ bool DrawingFiles::save() {
 }
 
 bool DrawingFiles::mayLeave() {
-    if (m_editor == nullptr || !m_editor->modified()) return true;
-    const std::filesystem::path file = m_editor->fileName();
+    if (m_editor == nullptr || !m_editor->file().modified()) return true;
+    const std::filesystem::path file = m_editor->file().name();
     const QString name = file.empty() ? "Desenho1.dxf" : toQString(file.filename());
     QMessageBox box(QMessageBox::Question, "Prancheta",
                     "Salvar as alterações feitas em " + name + "?", QMessageBox::NoButton,
@@ -116,7 +116,7 @@ bool DrawingFiles::mayLeave() {
 bool DrawingFiles::open(const std::filesystem::path& path) {
     if (!mayLeave()) return false;
     dxf::LoadReport findings;
-    const Result<void> opened = m_editor->openDocument(path, &findings);
+    const Result<void> opened = m_editor->file().open(path, &findings);
     if (opened) {
         printFindings(*m_editor, findings);
         remember();
@@ -135,7 +135,7 @@ QStringList DrawingFiles::recent() const {
 /// Both may work on: who saves last is asked, the file is replaced as a whole, and the former one
 /// stays as .bak.
 void DrawingFiles::mark() {
-    const std::filesystem::path file = m_editor->fileName();
+    const std::filesystem::path file = m_editor->file().name();
     if (file == m_marked) return;
     m_marked = file;
     m_mark.reset();
@@ -163,8 +163,8 @@ void DrawingFiles::mark() {
 void DrawingFiles::remember() {
     if (m_editor == nullptr) return;
     mark();
-    if (m_editor->fileName().empty()) return;
-    const QString file = toQString(m_editor->fileName());
+    if (m_editor->file().name().empty()) return;
+    const QString file = toQString(m_editor->file().name());
     QSettings settings;
     QStringList files = settings.value(kRecentKey).toStringList();
     if (!files.isEmpty() && files.constFirst() == file) return;
@@ -175,8 +175,8 @@ void DrawingFiles::remember() {
 }
 
 QString DrawingFiles::title() const {
-    const bool unnamed = m_editor == nullptr || m_editor->fileName().empty();
-    const QString name = unnamed ? "Desenho1.dxf" : toQString(m_editor->fileName().filename());
+    const bool unnamed = m_editor == nullptr || m_editor->file().name().empty();
+    const QString name = unnamed ? "Desenho1.dxf" : toQString(m_editor->file().name().filename());
     return name + "[*] — Prancheta";
 }
 

@@ -185,7 +185,7 @@ void MainWindow::setEditor(Editor* editor) {
     for (Panel* const panel : m_panels) panel->setEditor(editor);
     m_status->setEditor(editor);
     if (editor == nullptr) return;
-    editor->onDocumentChanged = [this] {
+    editor->onDrawingReplaced = [this] {
         m_canvas->setEditor(m_editor);
         for (Panel* const panel : m_panels) panel->setEditor(m_editor);
         // What waits goes on waiting.
@@ -220,8 +220,8 @@ void MainWindow::showAll() {
     for (Panel* const panel : m_panels) panel->refresh();
     m_status->refresh();
     setWindowTitle(m_files->title());
-    setWindowFilePath(toQString(m_editor->fileName()));
-    setWindowModified(m_editor->modified());
+    setWindowFilePath(toQString(m_editor->file().name()));
+    setWindowModified(m_editor->file().modified());
     m_files->remember();
 }
 

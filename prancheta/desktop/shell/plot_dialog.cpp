@@ -216,11 +216,11 @@ void PlotDialog::showSettings() {
 
 void PlotDialog::accept() {
     const FormatRow& row = kFormats[static_cast<std::size_t>(m_format->currentIndex())];
-    std::filesystem::path name = m_editor.fileName().filename();
+    std::filesystem::path name = m_editor.file().name().filename();
     if (name.empty()) name = "Desenho1";
     name.replace_extension(row.ending);
     const QString ending = row.ending;
-    QFileDialog dialog(this, "Plotar em", folderOf(m_editor.fileName()),
+    QFileDialog dialog(this, "Plotar em", folderOf(m_editor.file().name()),
                        QString("%1 (*.%2)").arg(row.title, ending));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(ending);

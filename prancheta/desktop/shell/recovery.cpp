@@ -94,18 +94,18 @@ Result<void> Recovery::write() {
     if (auto ready = prepare(); !ready) return ready;
     AtomicFile name(file(".nome"));
     if (auto opened = name.open(); !opened) return opened;
-    name.write(m_editor->fileName().string());
-    if (const std::optional<FileStamp>& stamp = m_editor->fileStamp())
+    name.write(m_editor->file().name().string());
+    if (const std::optional<FileStamp>& stamp = m_editor->file().stamp())
         name.write('\0' + textOf(*stamp));
     if (auto named = name.commit(); !named) return named;
     const std::uint64_t revision = m_editor->database().core().undo().revision();
-    if (auto saved = m_editor->saveCopy(file(".dxf")); !saved) return saved;
+    if (auto saved = m_editor->file().saveCopy(file(".dxf")); !saved) return saved;
     m_written = revision;
     return {};
 }
 
 Result<void> Recovery::leave() {
-    if (m_editor == nullptr || !m_editor->modified()) return {};
+    if (m_editor == nullptr || !m_editor->file().modified()) return {};
     Result<void> written = write();
     // An older copy is better than none.
     m_left = written || m_written;
@@ -114,7 +114,7 @@ Result<void> Recovery::leave() {
 
 Result<void> Recovery::keepUp() {
     if (m_editor == nullptr) return {};
-    if (!m_editor->modified()) {
+    if (!m_editor->file().modified()) {
         if (m_written) drop();
         return {};
     }

@@ -25,7 +25,7 @@ void copyText(const std::wstring& from, ACHAR* to) {
 /// Request with what acedInitGet left for this call.
 InputRequest request(Editor& editor, InputKind kind, const ads_real* base, const ACHAR* prompt) {
     InputRequest result;
-    Editor::InitGet init = editor.takeInitGet();
+    prancheta::ProgramInterface::InitGet init = editor.programs().takeInitGet();
     result.kind = kind;
     result.prompt = prompt != nullptr ? prompt : L"";
     result.keywords = std::move(init.keywords);
@@ -40,12 +40,12 @@ Editor* asker() {
     Editor* editor = Editor::current();
     if (editor == nullptr) return nullptr;
     if (prancheta::dcl::openDialogs() == 0) return editor;
-    (void)editor->takeInitGet();
+    (void)editor->programs().takeInitGet();
     return nullptr;
 }
 
 int finish(Editor& editor, const InputValue& value) {
-    if (value.status == RTKWORD) editor.lastKeyword() = value.text;
+    if (value.status == RTKWORD) editor.programs().setLastKeyword(value.text);
     return value.status;
 }
 
@@ -76,7 +76,8 @@ int getAngle(const ads_point base, const ACHAR* prompt, ads_real* result, bool a
 int acedInitGet(int bits, const ACHAR* keywords) {
     Editor* editor = Editor::current();
     if (editor == nullptr || prancheta::dcl::openDialogs() > 0) return RTERROR;
-    editor->setInitGet({bits, prancheta::readKeywordList(keywords != nullptr ? keywords : L"")});
+    editor->programs().setInitGet(
+        {bits, prancheta::readKeywordList(keywords != nullptr ? keywords : L"")});
     return RTNORM;
 }
 
@@ -141,7 +142,7 @@ int acedGetKword(const ACHAR* prompt, ACHAR* result) {
 int acedGetInput(ACHAR* text) {
     Editor* editor = Editor::current();
     if (editor == nullptr || text == nullptr) return RTERROR;
-    copyText(editor->lastKeyword(), text);
+    copyText(editor->programs().lastKeyword(), text);
     return RTNORM;
 }
 

@@ -142,13 +142,13 @@ int acedSSGet(const ACHAR* mode, const void* p1, const void* p2, const resbuf* f
     applyFilter(ids, filter);
     if (ids.empty()) return RTERROR;
     if (word != L"p" && word != L"x") editor->selection().setPrevious(ids);
-    editor->selectionSets().add(std::move(ids), set);
+    editor->programs().selectionSets().add(std::move(ids), set);
     return RTNORM;
 }
 
 int acedSSLength(const ads_name set, Adesk::Int32* length) {
     Editor* editor = Editor::current();
-    const Ids* ids = editor != nullptr ? editor->selectionSets().find(set) : nullptr;
+    const Ids* ids = editor != nullptr ? editor->programs().selectionSets().find(set) : nullptr;
     if (ids == nullptr || length == nullptr) return RTERROR;
     *length = static_cast<Adesk::Int32>(ids->size());
     return RTNORM;
@@ -156,7 +156,7 @@ int acedSSLength(const ads_name set, Adesk::Int32* length) {
 
 int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity) {
     Editor* editor = Editor::current();
-    const Ids* ids = editor != nullptr ? editor->selectionSets().find(set) : nullptr;
+    const Ids* ids = editor != nullptr ? editor->programs().selectionSets().find(set) : nullptr;
     if (ids == nullptr || entity == nullptr || index < 0 ||
         static_cast<std::size_t>(index) >= ids->size())
         return RTERROR;
@@ -171,9 +171,9 @@ int acedSSAdd(const ads_name entity, const ads_name set, ads_name result) {
     if (editor == nullptr || result == nullptr) return RTERROR;
     AcDbObjectId id;
     if (entity != nullptr && acdbGetObjectId(id, entity) != Acad::eOk) return RTERROR;
-    Ids* ids = editor->selectionSets().find(set);
+    Ids* ids = editor->programs().selectionSets().find(set);
     if (ids == nullptr) {
-        editor->selectionSets().add(id.isNull() ? Ids() : Ids{id}, result);
+        editor->programs().selectionSets().add(id.isNull() ? Ids() : Ids{id}, result);
         return RTNORM;
     }
     if (!id.isNull() && std::find(ids->begin(), ids->end(), id) == ids->end()) ids->push_back(id);
@@ -183,5 +183,5 @@ int acedSSAdd(const ads_name entity, const ads_name set, ads_name result) {
 
 int acedSSFree(const ads_name set) {
     Editor* editor = Editor::current();
-    return editor != nullptr && editor->selectionSets().free(set) ? RTNORM : RTERROR;
+    return editor != nullptr && editor->programs().selectionSets().free(set) ? RTNORM : RTERROR;
 }

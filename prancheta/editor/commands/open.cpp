@@ -4,7 +4,7 @@
 #include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
-#include "prancheta/editor/documents.h"
+#include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
@@ -15,7 +15,7 @@ namespace {
 Task<InputValue> mayLeave(CommandContext context) {
     InputValue leave;
     leave.number = 1.0;
-    if (!context.editor().modified()) co_return leave;
+    if (!context.editor().file().modified()) co_return leave;
     const std::optional<bool> answered =
         usesWindows(context) ? context.editor().ui().mayLeaveDrawing() : std::nullopt;
     if (answered) {
@@ -37,7 +37,7 @@ CommandEnd report(const CommandContext& context, const Result<void>& done) {
 CommandTask newDrawing(CommandContext context) {
     const InputValue leave = co_await mayLeave(context);
     if (leave.number == 0.0) co_return endOf(leave.status);
-    co_return report(context, context.editor().newDocument());
+    co_return report(context, context.editor().file().makeNew());
 }
 
 CommandTask open(CommandContext context) {
@@ -54,7 +54,7 @@ CommandTask open(CommandContext context) {
     }
     if (path->empty()) co_return CommandEnd::Cancelled;
     dxf::LoadReport findings;
-    const Result<void> opened = context.editor().openDocument(*path, &findings);
+    const Result<void> opened = context.editor().file().open(*path, &findings);
     if (opened) printFindings(context.editor(), findings);
     co_return report(context, opened);
 }

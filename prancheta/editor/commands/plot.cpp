@@ -26,7 +26,7 @@ constexpr Word kScales[] = {{L"Ajustar", L"Fit"}};
 
 /// "Desenho.pdf" beside the drawing.
 std::filesystem::path proposedFile(const Editor& editor) {
-    std::filesystem::path file = editor.fileName();
+    std::filesystem::path file = editor.file().name();
     if (file.empty()) file = "Desenho1";
     return file.replace_extension(".pdf");
 }

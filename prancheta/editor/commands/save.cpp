@@ -28,17 +28,17 @@ bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
 
 CommandEnd write(const CommandContext& context, const std::filesystem::path& path,
                  const dxf::SaveOptions& options) {
-    const Result<void> saved = context.editor().saveDocument(path, options);
+    const Result<void> saved = context.editor().file().save(path, options);
     if (!saved) {
         context.editor().complain(toWide(saved.error().message()));
         return CommandEnd::Failed;
     }
-    say(context, L"Desenho salvo em " + toWide(context.editor().fileName().string()));
+    say(context, L"Desenho salvo em " + toWide(context.editor().file().name().string()));
     return CommandEnd::Done;
 }
 
 std::wstring changedText(const Editor& editor) {
-    return toWide(editor.fileName().string()) +
+    return toWide(editor.file().name().string()) +
            L" foi mudado por outro programa desde que foi aberto";
 }
 
@@ -64,7 +64,7 @@ Task<ChangedFile> askAboutChange(CommandContext context) {
 
 /// Name and version; asks before it would replace a file that is not the drawing's own.
 CommandTask saveUnderName(CommandContext context) {
-    const std::filesystem::path present = context.editor().fileName();
+    const std::filesystem::path present = context.editor().file().name();
     const std::wstring shown = present.empty() ? L"Desenho1.dxf" : toWide(present.string());
     dxf::SaveOptions options;
     if (const auto chosen = chosenFile(context, {FileQuestion::Purpose::Save, present})) {
@@ -94,7 +94,7 @@ CommandTask saveUnderName(CommandContext context) {
                 Choice::No);
             if (replace.status == RTCAN) co_return CommandEnd::Cancelled;
             if (replace.number == 0.0) continue;
-        } else if (sameFile(path, present) && context.editor().fileChanged()) {
+        } else if (sameFile(path, present) && context.editor().file().changedOutside()) {
             const ChangedFile what = co_await askAboutChange(context);
             if (what == ChangedFile::Keep) co_return CommandEnd::Cancelled;
             if (what == ChangedFile::SaveElsewhere) continue;
@@ -124,9 +124,9 @@ std::optional<std::filesystem::path> chosenFile(const CommandContext& context,
 }
 
 CommandTask qsave(CommandContext context) {
-    if (!context.editor().fileName().empty()) {
+    if (!context.editor().file().name().empty()) {
         ChangedFile what = ChangedFile::Replace;
-        if (context.editor().fileChanged()) what = co_await askAboutChange(context);
+        if (context.editor().file().changedOutside()) what = co_await askAboutChange(context);
         if (what == ChangedFile::Replace) co_return write(context, {}, {});
         if (what == ChangedFile::Keep) co_return CommandEnd::Cancelled;
     }

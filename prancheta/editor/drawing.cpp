@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+// How one drawing takes the place of another.
+#include <algorithm>
+
+#include "dbdim.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/display/appearance.h"
+#include "prancheta/display/display_list.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/events.h"
+#include "prancheta/editor/modules.h"
+#include "prancheta/editor/running.h"
+#include "prancheta/editor/saved_view.h"
+
+namespace prancheta {
+namespace {
+
+/// Settings of the session outlive the drawing; the last point does not.
+void keepSession(const SystemVariables& from, SystemVariables& to) {
+    for (const VariableInfo& info : from.all()) {
+        if (info.home != VariableHome::Session || info.access == VariableAccess::ReadOnly) continue;
+        if (info.name == L"LASTPOINT" || info.name == L"SNAPANG") continue;
+        to.force(info.name, info.value);
+    }
+}
+
+}  // namespace
+
+/// Nothing may refer to the drawing's objects afterwards.
+void Editor::tellClosing() {
+    m_programs.documentReactors().tell(&AcApDocManagerReactor::documentToBeDestroyed,
+                                       &m_programs.document());
+    m_modules->broadcast(AcRx::kUnloadDwgMsg);
+    for (const auto& command : m_running) command->undoDatabase = nullptr;
+    m_selection.clear();
+    m_selection.setPrevious({});
+    m_lastErased = {};
+    m_programs.selectionSets().clear();
+    m_screen.start();
+    m_ucs = AcGeMatrix3d();
+    m_pointer.reset();
+}
+
+/// Makes a database the working one; the former one goes, with the new one in its place already.
+void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
+    const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
+    acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
+    m_display = std::make_unique<DisplayList>(*m_database);
+    m_appearances = std::make_unique<AppearanceTable>(*m_database);
+    DatabaseCore& core = m_database->core();
+    if (former) keepSession(former->core().variables(), core.variables());
+    core.onEntityAppended = [&core](const AcDbEntity& entity) {
+        // The layer of definition points comes with the first dimension.
+        if (entity.isKindOf(AcDbDimension::desc())) (void)core.ensureLayer(L"Defpoints");
+        recordAppended(entity);
+    };
+    core.onEntityErased = recordErased;
+    core.variables().setHooks(
+        [this](const VariableInfo& info, const VariableValue&) -> Result<void> {
+            if (info.name != L"TRUSTEDPATHS" || !m_typing.inScript()) return {};
+            return Error{"Um script não pode mudar a variável TRUSTEDPATHS."};
+        },
+        {});
+    m_typing.drawingReplaced();
+    m_file.begin(std::move(fileName));
+}
+
+void Editor::tellOpened() {
+    // What modules put right in a drawing that was read is no step of the user's.
+    UndoLog& undo = m_database->core().undo();
+    undo.setRecording(false);
+    m_modules->broadcast(AcRx::kLoadDwgMsg);
+    undo.setRecording(true);
+    m_programs.documentReactors().tell(&AcApDocManagerReactor::documentCreated,
+                                       &m_programs.document());
+}
+
+Result<void> Editor::replaceDrawing(std::unique_ptr<AcDbDatabase> database,
+                                    std::filesystem::path fileName) {
+    const bool busy = std::any_of(m_running.begin(), m_running.end(),
+                                  [](const auto& c) { return c->function != nullptr; });
+    if (busy)
+        return Error{
+            "Há um comando de um módulo em execução; termine-o antes de trocar de desenho."};
+    tellClosing();
+    adoptDatabase(std::move(database), std::move(fileName));
+    tellOpened();
+    m_screen.start(openingView(*this));
+    if (onDrawingReplaced) onDrawingReplaced();
+    m_ui.refresh();
+    return {};
+}
+
+}  // namespace prancheta

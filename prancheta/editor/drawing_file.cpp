@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// The drawing's file.
+#include "prancheta/editor/drawing_file.h"
+
+#include <limits>
+
+#include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/modules.h"
+
+namespace prancheta {
+namespace {
+
+void nameDrawing(SystemVariables& variables, const std::filesystem::path& file) {
+    const std::filesystem::path shown = file.empty() ? "Desenho1.dxf" : file;
+    const std::wstring folder = toWide(shown.parent_path().string());
+    variables.force(L"DWGNAME", toWide(shown.filename().string()));
+    constexpr auto kSeparator = static_cast<wchar_t>(std::filesystem::path::preferred_separator);
+    variables.force(L"DWGPREFIX", folder.empty() ? folder : folder + kSeparator);
+}
+
+/// Reading makes a working database of its own, which may come to nothing.
+Result<std::unique_ptr<AcDbDatabase>> load(Editor& editor, const std::filesystem::path& path,
+                                           dxf::LoadReport* findings) {
+    Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(path, findings);
+    acdbHostApplicationServices()->setWorkingDatabase(&editor.database());
+    return loaded;
+}
+
+}  // namespace
+
+void printFindings(Editor& editor, const dxf::LoadReport& report) {
+    for (const dxf::Finding& finding : report.findings) {
+        const std::wstring where =
+            finding.line > 0 ? L"Linha " + std::to_wstring(finding.line) + L": " : std::wstring();
+        editor.print(where + toWide(finding.text) + L"\n");
+    }
+}
+
+bool DrawingFile::changedOutside() const {
+    if (m_name.empty()) return false;
+    const std::optional<FileStamp> now = fileStampOf(m_name);
+    return now && now != m_stamp;
+}
+
+bool DrawingFile::modified() const {
+    return m_editor.database().core().undo().revision() != m_revision;
+}
+
+void DrawingFile::begin(std::filesystem::path name) {
+    m_name = std::move(name);
+    m_stamp = m_name.empty() ? std::nullopt : fileStampOf(m_name);
+    m_version = dxf::Version::Keep;
+    m_revision = m_editor.database().core().undo().revision();
+    nameDrawing(m_editor.database().core().variables(), m_name);
+}
+
+Result<void> DrawingFile::makeNew() {
+    return m_editor.replaceDrawing(std::make_unique<AcDbDatabase>(), {});
+}
+
+Result<void> DrawingFile::open(const std::filesystem::path& path, dxf::LoadReport* findings) {
+    const std::optional<FileStamp> stamp = fileStampOf(path);
+    Result<std::unique_ptr<AcDbDatabase>> loaded = load(m_editor, path, findings);
+    if (!loaded) return loaded.error();
+    // What came through a pipe has no file to be saved to.
+    std::error_code ignored;
+    const bool file = std::filesystem::is_regular_file(path, ignored);
+    Result<void> replaced = m_editor.replaceDrawing(
+        std::move(*loaded), file ? std::filesystem::absolute(path) : std::filesystem::path());
+    if (replaced) m_stamp = stamp;  // it may have been written again since
+    return replaced;
+}
+
+Result<void> DrawingFile::recover(const std::filesystem::path& copy,
+                                  const std::filesystem::path& name,
+                                  const std::optional<FileStamp>& stamp) {
+    Result<std::unique_ptr<AcDbDatabase>> loaded = load(m_editor, copy, nullptr);
+    if (!loaded) return loaded.error();
+    Result<void> replaced = m_editor.replaceDrawing(std::move(*loaded), name);
+    if (!replaced) return replaced;
+    m_revision = std::numeric_limits<std::uint64_t>::max();
+    m_stamp = stamp;
+    return replaced;
+}
+
+Result<void> DrawingFile::saveCopy(const std::filesystem::path& path,
+                                   const dxf::SaveOptions& options) {
+    if (path.empty()) return Error{"O desenho ainda não tem nome; informe onde salvar."};
+    m_editor.modules().broadcast(AcRx::kSaveMsg);
+    dxf::SaveOptions withView = options;
+    const Screen& screen = m_editor.screen();
+    const View& view = screen.view();
+    if (screen.chosen() && !withView.view)
+        withView.view = {view.centre.x, view.centre.y, view.height,
+                         screen.width() / screen.height()};
+    return dxf::save(m_editor.database(), path, withView);
+}
+
+Result<void> DrawingFile::save(const std::filesystem::path& path, const dxf::SaveOptions& options) {
+    const std::filesystem::path target = path.empty() ? m_name : std::filesystem::absolute(path);
+    // The system would end the name there, and another file or the folder itself would be meant.
+    if (target.native().find(std::filesystem::path::value_type()) != target.native().npos)
+        return Error{"O nome do arquivo contém um caractere nulo; informe outro nome."};
+    dxf::SaveOptions withFormer = options;
+    if (withFormer.version == dxf::Version::Keep) withFormer.version = m_version;
+    DatabaseCore& core = m_editor.database().core();
+    if (core.variables().number(L"ISAVEBAK") != 0)
+        withFormer.former = std::filesystem::path(target).replace_extension(".bak");
+    Result<void> written = saveCopy(target, withFormer);
+    if (!written) return written;
+    m_name = target;
+    m_stamp = fileStampOf(target);
+    m_version = withFormer.version;
+    m_revision = core.undo().revision();
+    nameDrawing(core.variables(), target);
+    return {};
+}
+
+}  // namespace prancheta
