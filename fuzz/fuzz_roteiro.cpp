@@ -40,7 +40,7 @@ public:
         Editor& editor = m_host->editor();
         while (editor.step()) {
         }
-        editor.cancelWaiting();
+        editor.runner().cancelWaiting();
         fuzz::expect(editor.file().makeNew().ok(), "no new drawing after a script");
         std::error_code error;
         for (const auto& entry : fs::directory_iterator(m_work)) fs::remove_all(entry, error);

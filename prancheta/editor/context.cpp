@@ -6,7 +6,7 @@ namespace prancheta {
 AcDbDatabase& CommandContext::database() const { return m_editor.database(); }
 
 void CommandContext::print(std::wstring_view text) const {
-    if (m_editor.echo()) m_editor.print(text);
+    if (m_editor.runner().echo()) m_editor.print(text);
 }
 
 }  // namespace prancheta

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // How one drawing takes the place of another.
-#include <algorithm>
-
 #include "dbdim.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/display/appearance.h"
@@ -9,7 +7,6 @@
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/modules.h"
-#include "prancheta/editor/running.h"
 #include "prancheta/editor/saved_view.h"
 
 namespace prancheta {
@@ -31,14 +28,13 @@ void Editor::tellClosing() {
     m_programs.documentReactors().tell(&AcApDocManagerReactor::documentToBeDestroyed,
                                        &m_programs.document());
     m_modules->broadcast(AcRx::kUnloadDwgMsg);
-    for (const auto& command : m_running) command->undoDatabase = nullptr;
+    m_runner.drawingGoes();
     m_selection.clear();
     m_selection.setPrevious({});
     m_lastErased = {};
     m_programs.selectionSets().clear();
     m_screen.start();
     m_ucs = AcGeMatrix3d();
-    m_pointer.reset();
 }
 
 /// Makes a database the working one; the former one goes, with the new one in its place already.
@@ -77,9 +73,7 @@ void Editor::tellOpened() {
 
 Result<void> Editor::replaceDrawing(std::unique_ptr<AcDbDatabase> database,
                                     std::filesystem::path fileName) {
-    const bool busy = std::any_of(m_running.begin(), m_running.end(),
-                                  [](const auto& c) { return c->function != nullptr; });
-    if (busy)
+    if (m_runner.runsModule())
         return Error{
             "Há um comando de um módulo em execução; termine-o antes de trocar de desenho."};
     tellClosing();

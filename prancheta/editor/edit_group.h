@@ -18,7 +18,7 @@ namespace prancheta {
 class EditGroup {
 public:
     /// False while a command runs or waits: the change would become part of its undo step.
-    static bool possible(const Editor& editor) { return !editor.commandActive(); }
+    static bool possible(const Editor& editor) { return !editor.runner().active(); }
 
     EditGroup(Editor& editor, std::wstring name)
         : m_editor(editor), m_undo(editor.database().core().undo()), m_name(std::move(name)) {

@@ -77,7 +77,7 @@ AcEdJig::DragStatus AcEdJig::Session::finish(const InputValue& value) {
 
 void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& value) {
     Editor& editor = *Editor::current();
-    InputFrame frame = editor.inputFrame(input);
+    InputFrame frame = editor.runner().inputFrame(input);
     const AcGePoint3d before = frame.lastPoint;
     Reading reading = question->give(input, frame);
     // Only what is typed may not leave the plane: the base may lie at any height.
@@ -85,16 +85,17 @@ void AcEdJig::Session::takeRaw(const RawInput& input, int controls, InputValue& 
                         prancheta::readPoint(input.text, frame).raised &&
                         reading.kind != Reading::Kind::Refused && reading.value.status == RTNORM;
     if (raised && !(controls & kAccept3dCoordinates)) {
-        editor.refuse(input, L"Ponto inválido: coordenadas 3D não são aceitas aqui.");
+        editor.runner().refuse(input, L"Ponto inválido: coordenadas 3D não são aceitas aqui.");
         question.reset();
         return;
     }
-    if (!(controls & kDontUpdateLastPoint)) editor.keepLastPoint(frame, before);
+    if (!(controls & kDontUpdateLastPoint)) editor.runner().keepLastPoint(frame, before);
     take(std::move(reading), input, value);
 }
 
 void AcEdJig::Session::take(Reading reading, const RawInput& input, InputValue& value) {
-    if (reading.kind == Reading::Kind::Refused) Editor::current()->refuse(input, reading.message);
+    if (reading.kind == Reading::Kind::Refused)
+        Editor::current()->runner().refuse(input, reading.message);
     if (reading.kind != Reading::Kind::Answered) return;
     value = std::move(reading.value);
     answer = finish(value);
@@ -109,15 +110,15 @@ AcEdJig::DragStatus AcEdJig::Session::next(const InputRequest& request, int cont
             question.emplace(request);
             prancheta::recordPrompt(request);
         }
-        if (std::optional<Reading> reading = editor.readToken(*question)) {
+        if (std::optional<Reading> reading = editor.runner().readToken(*question)) {
             take(std::move(*reading), {}, value);
         } else {
             InputRequest shown = question->current();
             shown.kind = InputKind::Drag;
             shown.dragged = request.dragged;
-            const RawInput input = editor.askRaw(shown);
+            const RawInput input = editor.runner().askRaw(shown);
             if (input.kind == RawInput::Kind::Move) return moved(input.point, request, value);
-            if (editor.tookTransparent(*question, input)) continue;
+            if (editor.runner().tookTransparent(*question, input)) continue;
             takeRaw(input, controls, value);
         }
         if (state == State::Dragging) continue;

@@ -177,7 +177,7 @@ std::wstring ModuleTable::reasonToStay(const Module& module) const {
 /// Why it cannot do without the module now; empty when it can.
 std::wstring ModuleTable::useOf(const Module& module) const {
     const auto belongs = [&](const void* code) { return libraryOf(code) == module.base; };
-    if (m_editor.runsCodeOf(belongs))
+    if (m_editor.runner().runsCodeOf(belongs))
         return L"um comando do módulo está em execução; termine-o antes.";
     for (const auto& other : m_modules) {
         const bool needs =

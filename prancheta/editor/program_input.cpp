@@ -134,15 +134,15 @@ void recordTokens(const std::vector<ProgramToken>& tokens) {
     record({"envia", {{"itens", {std::move(items)}}}});
 }
 
-void Editor::echoToken(const Question& question, const ProgramToken& token) {
-    if (echo()) print(question.current().prompt + typedText(token) + L"\n");
+void CommandRunner::echoToken(const Question& question, const ProgramToken& token) {
+    if (echo()) m_editor.print(question.current().prompt + typedText(token) + L"\n");
 }
 
-Reading Editor::giveToken(Question& question, const ProgramToken& token) {
+Reading CommandRunner::giveToken(Question& question, const ProgramToken& token) {
     RawInput input;
     input.kind = RawInput::Kind::Text;
     InputFrame frame = inputFrame(input);
-    const SystemVariables& variables = m_database->core().variables();
+    const SystemVariables& variables = m_editor.database().core().variables();
     const int modes = variables.number(L"OSMODE");
     const bool snaps = (modes & kSnapsOff) == 0 && variables.number(L"OSNAPCOORD") != 1;
     frame.runningSnaps = snaps ? modes : 0;
@@ -160,11 +160,11 @@ Reading Editor::giveToken(Question& question, const ProgramToken& token) {
                 if (!id.isValid() || id.isErased()) return refused;
             input.kind = RawInput::Kind::Pick;
             input.entities = token.objects;
-            input.point = m_ucs * token.point;
+            input.point = m_editor.ucs() * token.point;
             break;
         case ProgramToken::Kind::Point: {
             input.kind = RawInput::Kind::Pick;
-            input.point = m_ucs * token.point;
+            input.point = m_editor.ucs() * token.point;
             const bool picks = kind == InputKind::Selection || kind == InputKind::Entity;
             if (frame.runningSnaps == 0 || picks) break;
             const std::optional<AcGePoint3d> snapped = frame.snap(
@@ -180,14 +180,14 @@ Reading Editor::giveToken(Question& question, const ProgramToken& token) {
     return reading;
 }
 
-int Editor::startFromToken(const ProgramToken& token) {
+int CommandRunner::startFromToken(const ProgramToken& token) {
     if (token.kind != ProgramToken::Kind::Text || token.pause()) return RTERROR;
     if (trim(token.text).empty()) return RTNORM;
-    if (echo()) print(L"Comando: " + token.text + L"\n");
+    if (echo()) m_editor.print(L"Comando: " + token.text + L"\n");
     return startNamed(token.text, Origin::Program) ? RTNORM : RTERROR;
 }
 
-int Editor::feed(RunningCommand& command, TokenStream& stream) {
+int CommandRunner::feed(RunningCommand& command, TokenStream& stream) {
     const ProgramToken& token = stream.take();
     if (token.pause()) {
         std::optional<InputValue> value;
@@ -200,15 +200,15 @@ int Editor::feed(RunningCommand& command, TokenStream& stream) {
     Reading reading = giveToken(*command.question, token);
     if (reading.kind == Reading::Kind::Answered) takeAnswer(command, std::move(reading.value));
     if (reading.kind != Reading::Kind::Refused) return RTNORM;
-    print(reading.message + L"\n");
+    m_editor.print(reading.message + L"\n");
     InputValue cancel;
     cancel.status = RTCAN;
     takeAnswer(command, std::move(cancel));
     return RTERROR;
 }
 
-int Editor::sendTokens(std::vector<ProgramToken> tokens) {
-    if (dcl::openDialogs() > 0 || m_modules->initialising()) return RTERROR;
+int CommandRunner::sendTokens(std::vector<ProgramToken> tokens) {
+    if (dcl::openDialogs() > 0 || m_editor.modules().initialising()) return RTERROR;
     if (tokens.empty()) {
         cancelWaiting();
         return RTNORM;

@@ -282,7 +282,7 @@ bool picksReplace(const CommandContext& context) {
 /// PICKADD 0: what is pointed at without Shift takes the place of what was selected. Programs and
 /// scripts name their objects one after the other.
 Adding addingOf(const CommandContext& context, const InputValue& answer, const Found& found) {
-    const bool byHand = context.editor().interactive() && !answer.removes;
+    const bool byHand = context.editor().runner().interactive() && !answer.removes;
     if (!picksReplace(context) || !byHand || found.ids.empty()) return Adding::More;
     for (const wchar_t* const word : {L"ALL", L"Last", L"Previous"})
         if (answer.status == RTKWORD && answer.text == word) return Adding::More;

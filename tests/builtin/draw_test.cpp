@@ -212,7 +212,7 @@ TEST_F(Draw, TextJustifiedByAShortWord) {
 TEST_F(Draw, TextWithoutWordsIsNone) {
     type({L"_text", L"0,0", L"", L"", L""});
     EXPECT_EQ(count(), 0u);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 TEST_F(Draw, DimensionOfTwoPoints) {

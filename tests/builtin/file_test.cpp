@@ -52,11 +52,11 @@ TEST_F(Files, SavedAndOpenedAgain) {
 TEST_F(Files, SavedWithoutQuestionsOnceNamed) {
     const std::wstring name = path("a.dxf");
     type({L"_point", L"0,0", L"_qsave", name.c_str(), L"_point", L"1,1", L"_qsave"});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_FALSE(editor->file().modified());
     // Its own file is replaced without a question.
     type({L"_point", L"2,2", L"_save", L""});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     type({L"_open", name.c_str()});
     EXPECT_EQ(count(), 3u);
 }
@@ -99,7 +99,7 @@ TEST_F(Files, WhatAnotherProgramSavedIsReplacedOnlyWhenToldSo) {
     type({L"_qsave", L"_overwrite"});
     EXPECT_NE(content("a.dxf"), "do vizinho");
     EXPECT_EQ(content("a.bak"), "do vizinho");
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 TEST_F(Files, TheFormerFileIsNoLinkAndOutlivesAFailure) {
@@ -141,7 +141,7 @@ TEST_F(Files, FailuresKeepTheDrawing) {
     type({L"_open", L"_y", nowhere.c_str(), L"_open", L"_y", bad.c_str()});
     EXPECT_EQ(ui.complaints.size(), 3u);
     EXPECT_EQ(count(), 1u);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 /// To the system such a name ends where it is null: at the folder.
@@ -236,7 +236,7 @@ TEST_F(Scripts, AnErrorInterruptsAndResumeGoesOn) {
     type({L"_script", path("falta").c_str()});
     EXPECT_NE(ui.complaints.back().find(L"não existe"), std::wstring::npos);
     EXPECT_NE(ui.complaints.back().find(L"falta.scr"), std::wstring::npos);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 TEST_F(Scripts, OneScriptHandsOverToAnother) {

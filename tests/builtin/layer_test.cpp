@@ -92,7 +92,7 @@ TEST_F(Layer, Properties) {
 TEST_F(Layer, RefusedProperties) {
     type({L"_-layer", L"_c", L"256", L"_l", L"inexistente", L"_lw", L"3", L"_p", L"talvez", L""});
     EXPECT_EQ(ui.complaints.size(), 4u);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(of(L"0", &AcDbLayerTableRecord::colorIndex), 7);
 }
 
@@ -127,7 +127,7 @@ TEST_F(Layer, List) {
 
 TEST_F(Layer, EscapeKeepsWhatWasDone) {
     type({L"_-layer", L"_m", L"Perfis", L"_c", L"^C"});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(current(), L"Perfis");
 }
 

@@ -98,14 +98,14 @@ TEST_F(Modify, CopyInARow) {
     ASSERT_EQ(count(), 36u);
     type({L"_copy", L"all", L"", L"0,0", L"_a", L"32767"});
     ASSERT_EQ(ui.complaints.size(), 1u);
-    EXPECT_TRUE(editor->commandActive());
+    EXPECT_TRUE(editor->runner().active());
     type({L"1,0", L""});
     EXPECT_EQ(count(), 72u);
 }
 
 TEST_F(Modify, CopyOnceAndByDisplacement) {
     type({L"_copy", L"_l", L"", L"_o", L"_s", L"0,0", L"0,10"});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(count(), 2u);
     type({L"_copy", L"_l", L"", L"_d", L"1,1"});
     ASSERT_EQ(count(), 3u);
@@ -217,7 +217,7 @@ TEST_F(Modify, SelectedBeforeTheCommand) {
     pick(15, 0, {last()});
     type({L"_erase"});
     EXPECT_EQ(count(), 0u);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 TEST_F(Modify, ExplodeOneLevel) {

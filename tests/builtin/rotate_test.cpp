@@ -17,7 +17,7 @@ protected:
 TEST_F(Rotate, ByAngleAboutAPoint) {
     type({L"rotacionar", L"_l", L"", L"0,0", L"90"});
     expectLine(last(), 0, 10, 0, 20);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_TRUE(said(L"Ângulo positivo atual no UCS:  ANGDIR=anti-horário  ANGBASE=0"));
     EXPECT_TRUE(asked(L"Especifique o ângulo de rotação ou [Copiar/Referência] <0>:"));
     // Enter takes the last angle, shown in degrees.
@@ -74,7 +74,7 @@ TEST_F(Rotate, EscapeChangesNothing) {
     type({L"_rotate", L"_l", L"", L"0,0", L"_c", L"^C"});
     type({L"_rotate", L"^C"});
     type({L"_rotate", L""});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(count(), 1u);
     expectLine(last(), 10, 0, 20, 0);
     EXPECT_EQ(editor->database().core().undo().revision(), revision);
@@ -110,7 +110,7 @@ TEST_F(Rotate, LeftWaitingByAProgram) {
     ASSERT_EQ(acedRegCmds->addCommand(L"PROVA", L"GIRA", L"GIRA", ACRX_CMD_MODAL, sendRotate),
               Acad::eOk);
     type({L"gira"});
-    ASSERT_TRUE(editor->commandActive());
+    ASSERT_TRUE(editor->runner().active());
     expectLine(last(), 10, 0, 20, 0);
     type({L"90"});
     EXPECT_EQ(ui.last.kind, prancheta::InputKind::Angle);
@@ -119,10 +119,10 @@ TEST_F(Rotate, LeftWaitingByAProgram) {
     ASSERT_TRUE(ui.last.base.has_value());
     expectPoint(*ui.last.base, 10, 0);
     expectLine(last(), 10, 0, 10, 10);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 
     type({L"gira", L"^C"});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     expectLine(last(), 10, 0, 10, 10);
     // The turn is a step of its own.
     type({L"_u"});

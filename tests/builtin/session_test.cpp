@@ -26,7 +26,7 @@ TEST_F(Session, EveryCommandEndsWithEscape) {
         if (std::wstring_view(command.global) == L"QUIT") continue;
         const std::wstring typed = L"_" + std::wstring(command.global);
         type({typed.c_str(), L"^C"});
-        EXPECT_FALSE(editor->commandActive()) << prancheta::toUtf8(command.global);
+        EXPECT_FALSE(editor->runner().active()) << prancheta::toUtf8(command.global);
         EXPECT_EQ(count(), 0u) << prancheta::toUtf8(command.global);
     }
     EXPECT_FALSE(editor->file().modified());
@@ -44,7 +44,7 @@ TEST_F(Session, SetVariable) {
     EXPECT_DOUBLE_EQ(editor->variables().real(L"DIMSCALE"), 20.0);
     type({L"_setvar", L"CMDACTIVE"});
     EXPECT_TRUE(said(L"(somente leitura)"));
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     // A word that is a command's, here not known, shows no variable.
     type({L"_setvar", L"AREA", L"area"});
     EXPECT_TRUE(said(L"AREA = 0"));
@@ -114,7 +114,7 @@ TEST_F(Session, Modules) {
     EXPECT_TRUE(said(L"Não há módulos carregados."));
     type({L"arx", L"_l", L"/nenhum/lugar/Nada.arx", L"arx", L"_u", L"Nada.arx"});
     EXPECT_EQ(ui.complaints.size(), 2u);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 TEST_F(Session, RepeatedByEnter) {

@@ -40,7 +40,7 @@ TEST_F(Piece, stretchingTheEndChangesLengthAndDimensionInOneStepOfUndo) {
     click(250, 345);  // the upper edge
     moveTo(60, 60);
     click(400, 300);
-    then([&] { ASSERT_EQ(editor->activeCommand(), L"GRIPS"); });
+    then([&] { ASSERT_EQ(editor->runner().activeName(), L"GRIPS"); });
     moveTo(410, 300);
     then([&] { waiting = canvas.grab().toImage(); });
     moveTo(700, 300);

@@ -198,7 +198,7 @@ TEST_F(Pointing, gripsStretchWithSnapsTypedPointsAndModes) {
     type(L"1");
     click(200, 100);
     click(300, 100);  // the grip of the end
-    then([&] { EXPECT_EQ(editor->activeCommand(), L"GRIPS"); });
+    then([&] { EXPECT_EQ(editor->runner().activeName(), L"GRIPS"); });
     click(502, 298);
     then([&] {
         expectLine(id, 100, 100, 500, 300);

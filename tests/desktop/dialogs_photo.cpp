@@ -111,7 +111,7 @@ int main(int argc, char** argv) {
     delete commands;
     for (const std::wstring& name : names) {
         photographer.startCommand(QString::fromStdWString(name).toStdString());
-        (void)host.editor().startCommand(name);
+        (void)host.editor().runner().start(name);
     }
     for (const std::string& name : ui.leftOpen) std::printf("left open: %s\n", name.c_str());
     std::printf("%d pictures\n", photographer.pictures());

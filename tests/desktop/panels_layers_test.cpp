@@ -181,7 +181,7 @@ TEST_F(Layers, OnlyUnusedLayersGo) {
 TEST_F(Layers, NothingChangesWhileACommandWaits) {
     openWith(L"Perfis");
     type({L"_line", L"0,0"});
-    ASSERT_TRUE(editor->commandActive());
+    ASSERT_TRUE(editor->runner().active());
     click(view, cell("Perfis", Column::On));
     press("nova");
     EXPECT_FALSE(of(L"Perfis", &Record::isOff));

@@ -131,7 +131,7 @@ public:
     }
     std::size_t entities() { return editor().database().core().modelSpace().size(); }
     /// True when the window waits at "Comando:".
-    bool idle() { return window().ui().idle() && !editor().commandActive(); }
+    bool idle() { return window().ui().idle() && !editor().runner().active(); }
 
     /// False when the story did not come to its end, or the window did not close.
     bool run() {

@@ -75,7 +75,7 @@ void interrupt(Story& story, const fs::path& script, const std::wstring& active,
     auto* const timer = new QTimer(&story.window());
     QObject::connect(timer, &QTimer::timeout, [&story, timer, active, act] {
         const bool now =
-            story.editor().typing().inScript() && story.editor().activeCommand() == active;
+            story.editor().typing().inScript() && story.editor().runner().activeName() == active;
         if (!now || story.entities() == 0 || !story.window().ui().passing()) return;
         timer->stop();
         act();
@@ -134,18 +134,19 @@ TEST_F(Window, AsksBeforeAScriptLoadsAStrangeModule) {
 TEST_F(Window, ShiftAndTheRightButtonOfferSnapsForOnePoint) {
     Story story;
     story.type("osmode 0 l 10,10 60,10 \x1bl ");
-    story.when([&] { return story.entities() == 1 && story.editor().activeCommand() == L"LINE"; },
-               [&] {
-                   QTimer::singleShot(0, &story.window(), [&] {
-                       auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-                       ASSERT_NE(menu, nullptr);
-                       for (QAction* const action : menu->actions())
-                           if (action->text() == "Meio") menu->setActiveAction(action);
-                       QTest::keyClick(menu, Qt::Key_Return);
-                   });
-                   QTest::mouseClick(&story.canvas(), Qt::RightButton, Qt::ShiftModifier,
-                                     story.pixel(100, 100));
-               });
+    story.when(
+        [&] { return story.entities() == 1 && story.editor().runner().activeName() == L"LINE"; },
+        [&] {
+            QTimer::singleShot(0, &story.window(), [&] {
+                auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                ASSERT_NE(menu, nullptr);
+                for (QAction* const action : menu->actions())
+                    if (action->text() == "Meio") menu->setActiveAction(action);
+                QTest::keyClick(menu, Qt::Key_Return);
+            });
+            QTest::mouseClick(&story.canvas(), Qt::RightButton, Qt::ShiftModifier,
+                              story.pixel(100, 100));
+        });
     story.click(36, 10).type("36,50 ").type("\x1b");
     story.when([&] { return story.idle() && story.entities() == 2; },
                [&] {
@@ -299,7 +300,7 @@ TEST_F(Window, WhoLeavesWhilePlotPointsLeavesPlot) {
     story.then([&] { ASSERT_TRUE(story.editor().file().save(file)); });
     pointAtPlotWindow(story, [&] { drop(story.window(), file); });
     pointAtPlotWindow(story, [&] { story.window().ui().runCommand("_LINE"); });
-    story.when([&] { return story.editor().activeCommand() == L"LINE"; },
+    story.when([&] { return story.editor().runner().activeName() == L"LINE"; },
                [&] { story.press("\x1b"); });
     pointAtPlotWindow(story, [&] { story.window().close(); });
     EXPECT_TRUE(story.run());

@@ -50,7 +50,7 @@ TEST_F(ProgramTest, theUserFinishesWhatAProgramLeftWaiting) {
     type({L"coloca"});
     EXPECT_EQ(g_status, (std::vector<int>{RTNORM, RTNORM, RTNORM}));
     EXPECT_EQ(ui.output, L"");  // CMDECHO 0: neither prompts nor messages
-    EXPECT_EQ(editor->activeCommand(), L"TURN");
+    EXPECT_EQ(editor->runner().activeName(), L"TURN");
     EXPECT_EQ(kinds({"comando", "envia", "pede", "fim"}), "comando envia comando envia envia fim");
     editor->setLastPoint(AcGePoint3d(9, 9, 9));
     type({L"90"});
@@ -60,7 +60,7 @@ TEST_F(ProgramTest, theUserFinishesWhatAProgramLeftWaiting) {
     editortest::expectPoint(*asked.base, 3, 4);
     EXPECT_EQ(turned().count, 1u);
     EXPECT_NEAR(turned().angle, 1.5707963267948966, 1e-15);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(kinds({"comando", "fim", "pede", "resposta"}),
               "comando comando fim pede resposta fim");
 }
@@ -119,7 +119,7 @@ TEST_F(ProgramTest, refusedTokensCancelTheCommand) {
     registerCommand(L"erra", refusedTokens);
     type({L"erra"});
     EXPECT_EQ(g_status, (std::vector<int>{RTERROR, RTERROR, RTERROR, RTNORM, RTNORM, RTERROR}));
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_TRUE(ui.complaints.empty());  // a program's mistake is not the user's
 }
 
@@ -134,7 +134,7 @@ TEST_F(ProgramTest, anEmptySetSelectsNothing) {
     registerCommand(L"vazio", turnEmptySet);
     type({L"vazio"});
     EXPECT_EQ(g_status, std::vector<int>{RTERROR});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 ads_hdlg openDialog() {
@@ -183,7 +183,7 @@ TEST_F(ProgramTest, pauseAsksTheUserOnce) {
     EXPECT_EQ(ui.complaints.size(), 1u);
     type({L"pausa", L"^C"});
     EXPECT_EQ(g_status, std::vector<int>{RTCAN});
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 void askDistance() {
@@ -201,7 +201,7 @@ TEST_F(ProgramTest, tokensAnswerAnotherModulesCommand) {
     EXPECT_EQ(g_status, (std::vector<int>{RTNORM, 12}));
     type({L"chama"});
     EXPECT_EQ(g_status.back(), RTNORM);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 TEST_F(ProgramTest, perpendicularsComeFromTheBase) {

@@ -32,7 +32,7 @@ TEST_F(RunTest, namesAliasesAndUnknownWords) {
     type({L"_girar", L"bobagem x", L".g"});  // the point means no alias
     ASSERT_EQ(ui.complaints.size(), 3u);
     EXPECT_EQ(ui.complaints[1], L"Comando desconhecido \"BOBAGEM X\". Pressione F1 para ajuda.");
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 TEST_F(RunTest, enterRepeatsTheLastCommand) {
@@ -71,7 +71,7 @@ TEST_F(RunTest, cancelledKeepsAndFailedTakesBack) {
     registerCommand(L"quebra", throwing);
     type({L"quebra"});
     EXPECT_FALSE(ui.complaints.empty());
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_FALSE(editor->database().core().undo().inGroup());
 }
 
@@ -79,9 +79,9 @@ TEST_F(RunTest, badAnswersAreAskedAgainAndTheEndOfInputIsEscape) {
     type({L"raios", L"xyz", L"3,3"});
     ASSERT_EQ(ui.complaints.size(), 1u);
     EXPECT_EQ(ui.complaints[0], L"Ponto inválido.");
-    EXPECT_TRUE(editor->commandActive());
+    EXPECT_TRUE(editor->runner().active());
     editor->run();
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(entityCount(), 1u);
 }
 
@@ -142,7 +142,7 @@ TEST_F(RunTest, variablesByName) {
     editortest::expectPoint(editor->lastPoint(), 1, 2, 3);
     type({L"cmdnames"});
     EXPECT_NE(ui.output.find(L"(somente leitura)"), std::wstring::npos);
-    EXPECT_FALSE(editor->commandActive());
+    EXPECT_FALSE(editor->runner().active());
 }
 
 short g_active = -1;

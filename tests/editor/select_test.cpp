@@ -25,7 +25,7 @@ protected:
         ui.inputs.push_back(editortest::typed(L""));
         CommandRun run;
         const Selection selection =
-            editor->runBlocking(run, selectObjects(CommandContext(*editor, run)));
+            editor->runner().runBlocking(run, selectObjects(CommandContext(*editor, run)));
         ui.inputs.clear();
         std::string indices = selection.status == RTCAN ? "esc" : "";
         for (const AcDbObjectId& id : selection.ids)

@@ -48,7 +48,7 @@ signals:
     void keyTyped(QKeyEvent* event);
     /// Drawing units.
     void pointerMoved(const AcGePoint3d& world);
-    /// The set of selected entities before a command (Editor::pickfirst) changed.
+    /// The set of selected entities before a command (CurrentSelection) changed.
     void selectionChanged();
     /// Double click on an entity at "Comando:".
     void entityActivated(AcDbObjectId entity);

@@ -283,7 +283,7 @@ void MaterialPanel::keyPressEvent(QKeyEvent* event) {
 }
 
 void MaterialPanel::selectPieces() {
-    if (m_editor == nullptr || m_selecting || m_editor->commandActive()) return;
+    if (m_editor == nullptr || m_selecting || m_editor->runner().active()) return;
     std::vector<AcDbObjectId> ids;
     std::unordered_set<Adesk::LongPtr> taken;
     for (const QModelIndex& index : m_view->selectionModel()->selectedRows())

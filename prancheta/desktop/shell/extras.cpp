@@ -50,7 +50,7 @@ void MainWindow::showHelp() {
     m_help->raise();
     m_help->activateWindow();
     if (m_ui->idle() || m_editor == nullptr) return;
-    const QString typed = QString::fromStdWString(m_editor->activeCommand());
+    const QString typed = QString::fromStdWString(m_editor->runner().activeName());
     const QString name = namesOf(typed).section(' ', 0, 0);
     m_help->showCommand(name.isEmpty() ? typed : name);
 }
@@ -83,7 +83,7 @@ void MainWindow::showAbout() {
 
 void MainWindow::showContextMenu(const QPoint& global) {
     QMenu menu(this);
-    const QString line = QString::fromStdWString(m_editor->lastCommand());
+    const QString line = QString::fromStdWString(m_editor->runner().lastCommand());
     if (!line.isEmpty()) {
         const QString name = namesOf(line).section(' ', 0, 0);
         connect(menu.addAction("&Repetir " + (name.isEmpty() ? line : name)), &QAction::triggered,

@@ -185,11 +185,11 @@ void PlotDialog::pickWindow() {
     request.kind = InputKind::Point;
     request.prompt = L"\nEspecifique o primeiro canto: ";
     request.nullAllowed = false;
-    const InputValue first = m_editor.ask(request);
+    const InputValue first = m_editor.runner().ask(request);
     request.kind = InputKind::Corner;
     request.prompt = L"\nEspecifique o canto oposto: ";
     request.base = first.point;
-    const InputValue second = first.status == RTNORM ? m_editor.ask(request) : first;
+    const InputValue second = first.status == RTNORM ? m_editor.runner().ask(request) : first;
     if (second.status == RTNORM) {
         const auto [left, right] = std::minmax(first.point.x, second.point.x);
         const auto [bottom, top] = std::minmax(first.point.y, second.point.y);

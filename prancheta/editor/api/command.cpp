@@ -78,7 +78,7 @@ int send(const resbuf* list) {
     std::vector<ProgramToken> tokens;
     if (!prancheta::readTokens(list, tokens)) return RTERROR;
     prancheta::recordTokens(tokens);
-    return editor->sendTokens(std::move(tokens));
+    return editor->runner().sendTokens(std::move(tokens));
 }
 
 }  // namespace

@@ -52,13 +52,13 @@ int finish(Editor& editor, const InputValue& value) {
 int getPoint(InputKind kind, const ads_point base, const ACHAR* prompt, ads_point result) {
     Editor* editor = asker();
     if (editor == nullptr || result == nullptr) return RTERROR;
-    const InputValue value = editor->ask(request(*editor, kind, base, prompt));
+    const InputValue value = editor->runner().ask(request(*editor, kind, base, prompt));
     if (value.status == RTNORM) asPnt3d(result) = editor->ucs().inverse() * value.point;
     return finish(*editor, value);
 }
 
 int getNumber(const InputRequest& question, Editor& editor, ads_real* result) {
-    const InputValue value = editor.ask(question);
+    const InputValue value = editor.runner().ask(question);
     if (value.status == RTNORM) *result = value.number;
     return finish(editor, value);
 }
@@ -106,7 +106,8 @@ int acedGetOrient(const ads_point base, const ACHAR* prompt, ads_real* result) {
 int acedGetInt(const ACHAR* prompt, int* result) {
     Editor* editor = asker();
     if (editor == nullptr || result == nullptr) return RTERROR;
-    const InputValue value = editor->ask(request(*editor, InputKind::Integer, nullptr, prompt));
+    const InputValue value =
+        editor->runner().ask(request(*editor, InputKind::Integer, nullptr, prompt));
     if (value.status == RTNORM) *result = static_cast<int>(value.number);
     return finish(*editor, value);
 }
@@ -123,7 +124,7 @@ int acedGetString(int cronly, const ACHAR* prompt, ACHAR* result) {
     InputRequest question = request(*editor, InputKind::Text, nullptr, prompt);
     question.keywords = {};
     question.blanksAllowed = cronly != 0;
-    const InputValue value = editor->ask(question);
+    const InputValue value = editor->runner().ask(question);
     if (value.status == RTCAN || value.status == RTERROR) return value.status;
     copyText(value.text, result);
     return RTNORM;
@@ -132,7 +133,8 @@ int acedGetString(int cronly, const ACHAR* prompt, ACHAR* result) {
 int acedGetKword(const ACHAR* prompt, ACHAR* result) {
     Editor* editor = asker();
     if (editor == nullptr || result == nullptr) return RTERROR;
-    const InputValue value = editor->ask(request(*editor, InputKind::Keyword, nullptr, prompt));
+    const InputValue value =
+        editor->runner().ask(request(*editor, InputKind::Keyword, nullptr, prompt));
     if (value.status != RTKWORD) return finish(*editor, value);
     (void)finish(*editor, value);
     copyText(value.text, result);
@@ -154,7 +156,7 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
     InputRequest question = request(*editor, InputKind::Entity, nullptr,
                                     prompt != nullptr ? prompt : L"\nSelecione objeto: ");
     question.snapModes = 0;
-    const InputValue value = editor->ask(question);
+    const InputValue value = editor->runner().ask(question);
     prancheta::SystemVariables& variables = editor->variables();
     if (value.status == RTNONE || value.status == RTERROR) {
         const bool nothing = value.status == RTNONE;

@@ -147,6 +147,6 @@ int acdbAngToF(const ACHAR* text, int unit, ads_real* angle) {
     unit = settingOr(*editor, unit, L"AUNITS");
     const std::optional<double> read = prancheta::readAngle(prancheta::trim(text), unit);
     if (!read) return RTERROR;
-    *angle = prancheta::directionOf(*read, editor->inputFrame(prancheta::RawInput()));
+    *angle = prancheta::directionOf(*read, editor->runner().inputFrame(prancheta::RawInput()));
     return RTNORM;
 }

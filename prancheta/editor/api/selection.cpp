@@ -79,7 +79,7 @@ prancheta::Selection askUser(Editor& editor, bool single) {
     prancheta::SelectOptions options;
     options.dropLocked = false;
     options.single = single;
-    return editor.runBlocking(run, prancheta::selectObjects(context, options));
+    return editor.runner().runBlocking(run, prancheta::selectObjects(context, options));
 }
 
 /// RTNORM with what the mode gives, which may be nothing; RTERROR for a mode that is none.

@@ -46,7 +46,7 @@ std::wstring changedText(const Editor& editor) {
 /// refused.
 Task<ChangedFile> askAboutChange(CommandContext context) {
     Editor& editor = context.editor();
-    if (!editor.interactive() || !editor.ui().attended()) {
+    if (!editor.runner().interactive() || !editor.ui().attended()) {
         editor.complain(changedText(editor) +
                         L"; o desenho não foi salvo. Use SALVARCOMO para gravá-lo com outro nome.");
         co_return ChangedFile::Keep;
@@ -114,7 +114,7 @@ std::filesystem::path typedPath(std::wstring_view text) {
 
 bool usesWindows(const CommandContext& context) {
     Editor& editor = context.editor();
-    return editor.interactive() && editor.variables().number(L"FILEDIA") != 0;
+    return editor.runner().interactive() && editor.variables().number(L"FILEDIA") != 0;
 }
 
 std::optional<std::filesystem::path> chosenFile(const CommandContext& context,

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Commands: from the typed name to the end, with their undo groups, reactors and questions.
+// Commands: from the typed name to the end, with their undo groups and reactors.
+#include "prancheta/editor/command_runner.h"
+
 #include <algorithm>
 
 #include "adscodes.h"
@@ -45,67 +47,75 @@ CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases,
 
 }  // namespace
 
-bool Editor::startCommand(std::wstring_view typed) {
-    if (std::any_of(m_running.begin(), m_running.end(),
-                    [](const auto& c) { return c->function != nullptr; })) {
-        complain(L"Há um comando em execução.");
+CommandRunner::CommandRunner(Editor& editor) : m_editor(editor) {}
+CommandRunner::~CommandRunner() = default;
+
+bool CommandRunner::start(std::wstring_view typed) {
+    if (runsModule()) {
+        m_editor.complain(L"Há um comando em execução.");
         return false;
     }
     cancelWaiting();
     return startNamed(typed, Origin::User);
 }
 
-bool Editor::startNamed(std::wstring_view typed, Origin origin) {
+void CommandRunner::startOrRepeat(std::wstring_view typed) {
+    const std::wstring line(trim(typed).empty() ? m_lastCommand : typed);
+    if (!line.empty()) (void)startNamed(line, Origin::User);
+}
+
+bool CommandRunner::startNamed(std::wstring_view typed, Origin origin) {
     const TypedName name(typed);
-    const CommandLookup found =
-        lookUp(*m_commands, m_aliases, m_database->core().variables(), name);
+    const CommandLookup found = lookUp(m_editor.commands(), m_editor.aliases(),
+                                       m_editor.database().core().variables(), name);
     if (found.command == nullptr && found.variable.empty()) {
         const std::wstring text =
             L"Comando desconhecido \"" + upperCase(trim(typed)) + L"\". Pressione F1 para ajuda.";
         if (origin == Origin::Program) {
-            print(text + L"\n");
+            m_editor.print(text + L"\n");
         } else {
-            complain(text);
+            m_editor.complain(text);
         }
         return false;
     }
     return startFound(found, typed, origin);
 }
 
-bool Editor::startFound(const CommandLookup& found, std::wstring_view typed, Origin origin) {
+bool CommandRunner::startFound(const CommandLookup& found, std::wstring_view typed, Origin origin) {
     if (m_running.size() >= kDeepestNesting) {
-        complain(L"Há comandos demais um dentro do outro.");
+        m_editor.complain(L"Há comandos demais um dentro do outro.");
         return false;
     }
     if (found.command == nullptr) {
         if (origin == Origin::User) m_lastCommand = typed;
         RunningCommand& running = push(L"SETVAR", kBuiltInGroup, ACRX_CMD_TRANSPARENT, origin);
-        runTask(running, askVariable(CommandContext(*this, running.run), found.variable));
+        runTask(running, askVariable(CommandContext(m_editor, running.run), found.variable));
         return true;
     }
     const StackCommand& command = *found.command;
     const bool view = (command.flags & ACRX_CMD_TRANSPARENT) != 0;
     if (origin == Origin::Transparent && !view) {
-        complain(L"O comando " + upperCase(command.global) +
-                 L" não pode ser usado dentro de outro.");
+        m_editor.complain(L"O comando " + upperCase(command.global) +
+                          L" não pode ser usado dentro de outro.");
         return false;
     }
     if (origin == Origin::User) {
         if (!(command.flags & ACRX_CMD_NOHISTORY)) m_lastCommand = typed;
         const bool takesSet = (command.flags & (ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW)) != 0;
         const bool onlyLooks = view && command.builtIn != nullptr;
-        if (!takesSet && !onlyLooks) m_selection.clear();
+        if (!takesSet && !onlyLooks) m_editor.selection().clear();
     }
     RunningCommand& running = push(command.global, command.group, command.flags, origin);
     if (command.builtIn != nullptr) {
-        runTask(running, command.builtIn->run(CommandContext(*this, running.run)));
+        runTask(running, command.builtIn->run(CommandContext(m_editor, running.run)));
     } else {
         runFunction(running, command.function);
     }
     return true;
 }
 
-RunningCommand& Editor::push(std::wstring name, std::wstring group, int flags, Origin origin) {
+RunningCommand& CommandRunner::push(std::wstring name, std::wstring group, int flags,
+                                    Origin origin) {
     auto running = std::make_unique<RunningCommand>();
     running->name = std::move(name);
     running->shownName = upperCase(running->name);
@@ -113,16 +123,17 @@ RunningCommand& Editor::push(std::wstring name, std::wstring group, int flags, O
     running->flags = flags;
     running->transparent = origin == Origin::Transparent;
     m_running.push_back(std::move(running));
+    listNames();
     return *m_running.back();
 }
 
-void Editor::openUndo(RunningCommand& command) {
+void CommandRunner::openUndo(RunningCommand& command) {
     if (command.flags & ACRX_CMD_NO_UNDO_MARKER) return;
-    m_database->core().undo().begin(command.name);
-    command.undoDatabase = m_database.get();
+    m_editor.database().core().undo().begin(command.name);
+    command.undoDatabase = &m_editor.database();
 }
 
-void Editor::closeUndo(RunningCommand& command, CommandEnd how) {
+void CommandRunner::closeUndo(RunningCommand& command, CommandEnd how) {
     if (command.undoDatabase == nullptr) return;
     UndoLog& undo = std::exchange(command.undoDatabase, nullptr)->core().undo();
     const bool outermost = std::none_of(m_running.begin(), m_running.end(),
@@ -131,53 +142,70 @@ void Editor::closeUndo(RunningCommand& command, CommandEnd how) {
     undo.end();
 }
 
-void Editor::begin(RunningCommand& command) {
+void CommandRunner::begin(RunningCommand& command) {
     recordCommand(command.name, command.group);
-    updateVariables();
+    (void)m_editor.variables();
     openUndo(command);
-    m_programs.reactors().tell(&AcEditorReactor::commandWillStart, command.name.c_str());
+    m_editor.programs().reactors().tell(&AcEditorReactor::commandWillStart, command.name.c_str());
 }
 
-void Editor::remove(const RunningCommand& command) {
+void CommandRunner::remove(const RunningCommand& command) {
     std::erase_if(m_running, [&](const auto& c) { return c.get() == &command; });
+    listNames();
 }
 
-void Editor::end(RunningCommand& command, CommandEnd how) {
-    switch (how) {
-        case CommandEnd::Done:
-            m_programs.reactors().tell(&AcEditorReactor::commandEnded, command.name.c_str());
-            break;
-        case CommandEnd::Cancelled:
-            m_programs.reactors().tell(&AcEditorReactor::commandCancelled, command.name.c_str());
-            break;
-        case CommandEnd::Failed:
-            m_programs.reactors().tell(&AcEditorReactor::commandFailed, command.name.c_str());
-            break;
-    }
+void CommandRunner::listNames() {
+    m_names.clear();
+    for (const auto& command : m_running)
+        m_names += (m_names.empty() ? L"" : L"\'") + command->shownName;
+}
+
+short CommandRunner::activeBits() const {
+    short bits = 0;
+    for (const auto& command : m_running)
+        bits = static_cast<short>(bits | (command->transparent ? 3 : 1));
+    return bits;
+}
+
+void CommandRunner::drawingGoes() {
+    for (const auto& command : m_running) command->undoDatabase = nullptr;
+    m_pointer.reset();
+}
+
+void CommandRunner::abandon() {
+    m_running.clear();
+    listNames();
+}
+
+void CommandRunner::end(RunningCommand& command, CommandEnd how) {
+    constexpr void (AcEditorReactor::*kMessages[])(const ACHAR*) = {
+        &AcEditorReactor::commandEnded, &AcEditorReactor::commandCancelled,
+        &AcEditorReactor::commandFailed};
+    m_editor.programs().reactors().tell(kMessages[static_cast<int>(how)], command.name.c_str());
     closeUndo(command, how);
     if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW))
-        m_selection.clear();
+        m_editor.selection().clear();
     recordCommandEnd(command.name);
     remove(command);
-    updateVariables();
-    m_ui.refresh();
+    (void)m_editor.variables();
+    m_editor.ui().refresh();
 }
 
 /// A module's command runs to its end in one go. What it left waiting at the command line becomes
 /// the user's: a command and an undo step of its own. Dialogs that it left open would keep the user
 /// out for ever.
-void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
+void CommandRunner::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
     command.function = function;
     begin(command);
     CommandEnd how = CommandEnd::Done;
     try {
         function();
     } catch (...) {
-        complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
+        m_editor.complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
         how = CommandEnd::Failed;
     }
     dcl::discardDialogs();
-    (void)m_programs.takeInitGet();
+    (void)m_editor.programs().takeInitGet();
     const auto self = std::find_if(m_running.begin(), m_running.end(),
                                    [&](const auto& c) { return c.get() == &command; });
     std::vector<RunningCommand*> left;
@@ -187,14 +215,14 @@ void Editor::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
     for (RunningCommand* waitingOne : left) openUndo(*waitingOne);
 }
 
-void Editor::runTask(RunningCommand& command, CommandTask task) {
+void CommandRunner::runTask(RunningCommand& command, CommandTask task) {
     begin(command);
     command.task.emplace(std::move(task));
     command.task->start();
     afterResume(command);
 }
 
-void Editor::afterResume(RunningCommand& command) {
+void CommandRunner::afterResume(RunningCommand& command) {
     if (command.run.waiting()) {
         command.question.emplace(command.run.request());
         return;
@@ -203,12 +231,12 @@ void Editor::afterResume(RunningCommand& command) {
     try {
         how = command.task->result();
     } catch (...) {
-        complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
+        m_editor.complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
     }
     end(command, how);
 }
 
-void Editor::takeAnswer(RunningCommand& command, InputValue value) {
+void CommandRunner::takeAnswer(RunningCommand& command, InputValue value) {
     const bool cancelled = value.status == RTCAN;
     command.question.reset();
     command.run.answer(std::move(value));
@@ -220,13 +248,13 @@ void Editor::takeAnswer(RunningCommand& command, InputValue value) {
     afterResume(command);
 }
 
-RunningCommand* Editor::waiting() const {
+RunningCommand* CommandRunner::waiting() const {
     if (m_running.empty()) return nullptr;
     RunningCommand* top = m_running.back().get();
     return top->task && top->run.waiting() ? top : nullptr;
 }
 
-void Editor::cancelWaiting() {
+void CommandRunner::cancelWaiting() {
     while (RunningCommand* command = waiting()) {
         InputValue value;
         value.status = RTCAN;
@@ -234,78 +262,29 @@ void Editor::cancelWaiting() {
     }
 }
 
-void Editor::serve(RunningCommand& command) {
+bool CommandRunner::serveWaiting() {
+    RunningCommand* const command = waiting();
+    if (command != nullptr) serve(*command);
+    return command != nullptr;
+}
+
+void CommandRunner::serve(RunningCommand& command) {
     if (std::optional<InputValue> value = round(*command.question))
         takeAnswer(command, std::move(*value));
 }
 
-/// One input of the user; the answer when the question has one.
-std::optional<InputValue> Editor::round(Question& question) {
-    const RawInput input = askRaw(question.current());
-    if (tookTransparent(question, input)) return {};
-    InputFrame frame = inputFrame(input);
-    const AcGePoint3d before = frame.lastPoint;
-    Reading reading = question.give(input, frame);
-    keepLastPoint(frame, before);
-    if (reading.kind == Reading::Kind::Refused) {
-        refuse(input, reading.message);
-        return {};
-    }
-    if (reading.kind == Reading::Kind::Again) {
-        if (reading.value.status == RTNORM) recordAnswer(InputKind::Point, reading.value);
-        return {};
-    }
-    recordAnswer(question.request().kind, reading.value);
-    if (reading.value.status == RTCAN) print(L"*Cancelar*\n");
-    return std::move(reading.value);
-}
-
-bool Editor::tookTransparent(const Question& question, const RawInput& input) {
-    const std::wstring_view typed = trim(input.text);
-    const bool words =
-        question.request().kind != InputKind::Text && input.kind == RawInput::Kind::Text;
-    if (!words || !typed.starts_with(L'\'')) return false;
-    const std::wstring outer = m_running.empty() ? std::wstring() : m_running.back()->shownName;
-    const std::size_t level = m_running.size();
-    // What a program still has to say is not meant for this command.
-    TokenStream* const tokens = std::exchange(m_tokens, nullptr);
-    const bool started = startNamed(typed, Origin::Transparent);
-    while (m_running.size() > level && waiting() != nullptr) serve(*waiting());
-    m_tokens = tokens;
-    if (started && !outer.empty()) print(L"Continuando o comando " + outer + L".\n");
-    return true;
-}
-
-std::wstring Editor::activeCommand() const {
+std::wstring CommandRunner::activeName() const {
     return m_running.empty() ? std::wstring() : m_running.back()->name;
 }
 
-bool Editor::runsCodeOf(const std::function<bool(const void*)>& belongs) const {
+bool CommandRunner::runsModule() const {
+    return runsCodeOf([](const void*) { return true; });
+}
+
+bool CommandRunner::runsCodeOf(const std::function<bool(const void*)>& belongs) const {
     return std::any_of(m_running.begin(), m_running.end(), [&](const auto& c) {
         return c->function != nullptr && belongs(reinterpret_cast<const void*>(c->function));
     });
-}
-
-std::optional<Reading> Editor::readToken(Question& question) {
-    if (m_tokens == nullptr || m_tokens->empty()) return {};
-    const ProgramToken& token = m_tokens->take();
-    if (token.pause()) return {};
-    echoToken(question, token);
-    return giveToken(question, token);
-}
-
-InputValue Editor::ask(const InputRequest& request) {
-    Question question(request);
-    while (std::optional<Reading> reading = readToken(question)) {
-        if (reading->kind == Reading::Kind::Answered) return std::move(reading->value);
-        if (reading->kind == Reading::Kind::Again) continue;
-        InputValue value;
-        value.status = RTERROR;
-        return value;
-    }
-    for (;;) {
-        if (std::optional<InputValue> value = round(question)) return std::move(*value);
-    }
 }
 
 }  // namespace prancheta
