@@ -30,8 +30,8 @@ public:
 
     // --- Commands --------------------------------------------------------------------------------
     /// Starts what was typed at "Comando:" (command, alias, variable), after cancelWaiting(). A
-    /// built-in command may be left waiting; serveWaiting() goes on with it. An unknown name is
-    /// reported by UserInterface::complain and returns false.
+    /// built-in command may be left waiting; serveWaiting() goes on with it. False, and the user is
+    /// told, when nothing has that name or while a module's command runs.
     bool start(std::wstring_view typed);
     /// The same of an answer of the main loop: nothing typed repeats the last command.
     void startOrRepeat(std::wstring_view typed);
@@ -51,8 +51,9 @@ public:
     short activeBits() const;
     /// What Enter at "Comando:" repeats, as it was typed; empty at first.
     const std::wstring& lastCommand() const { return m_lastCommand; }
-    /// True when a running command is a module's; when its code lies where `belongs` says.
+    /// True while a module's command runs.
     bool runsModule() const;
+    /// True while one runs whose code lies where `belongs` says.
     bool runsCodeOf(const std::function<bool(const void*)>& belongs) const;
     /// The drawing goes, and with it the open undo groups and where the pointer was.
     void drawingGoes();

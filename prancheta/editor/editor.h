@@ -55,7 +55,6 @@ public:
     DrawingFile& file() { return m_file; }
     const DrawingFile& file() const { return m_file; }
     Typing& typing() { return m_typing; }
-    const Typing& typing() const { return m_typing; }
     CommandRunner& runner() { return m_runner; }
     const CommandRunner& runner() const { return m_runner; }
     CommandStack& commands() const { return *m_commands; }
