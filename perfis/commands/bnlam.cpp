@@ -2,9 +2,9 @@
 // Command bnlaminado: rolled equal angle turned by 45 degrees.
 #include <numbers>
 
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/perfil_run.h"
 #include "perfis/entities/zplaminados.h"
 
 namespace perfis {

@@ -4,10 +4,10 @@
 
 #include <optional>
 
-#include "perfis/commands/lacing_values.h"
-#include "perfis/commands/profile_generator.h"
-#include "perfis/dialogs/lacing.h"
+#include "perfis/commands/perfil_generator.h"
+#include "perfis/commands/travejamento_values.h"
 #include "perfis/dialogs/tiles.h"
+#include "perfis/dialogs/travejamento.h"
 #include "texts/number.h"
 
 namespace perfis {

@@ -2,8 +2,8 @@
 // Commands that draw two pieces held together by plates: a button "travejar" in their dialog.
 #pragma once
 
-#include "perfis/commands/plate_schemes.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/chapa_schemes.h"
+#include "perfis/commands/perfil_run.h"
 
 namespace perfis {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/perfil_run.h"
 
 namespace perfis {
 

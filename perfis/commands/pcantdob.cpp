@@ -2,9 +2,9 @@
 // Command pcantoneira: cold-formed angle.
 #include <numbers>
 
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/laced_run.h"
+#include "perfis/commands/travejamento_run.h"
 #include "perfis/entities/zpdobrados.h"
 
 namespace perfis {

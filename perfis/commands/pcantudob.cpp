@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Command pcantoneiradu: U of two cold-formed angles.
 #include "perfis/commands/built_up_run.h"
-#include "perfis/commands/built_up_sections.h"
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/built_up_secoes.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/entities/zpdobrados.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Command perfilcaixa: closed box of two lipped U.
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/laced_run.h"
+#include "perfis/commands/travejamento_run.h"
 #include "perfis/entities/zpdobrados.h"
 
 namespace perfis {

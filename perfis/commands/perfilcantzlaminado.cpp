@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Command perfilcantzlaminado: Z of two rolled angles.
 #include "perfis/commands/built_up_run.h"
-#include "perfis/commands/built_up_sections.h"
+#include "perfis/commands/built_up_secoes.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/entities/zplaminados.h"
 

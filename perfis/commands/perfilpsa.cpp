@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Command perfilpsa: welded I whose flanges may differ.
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/i_sections.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/i_secoes.h"
+#include "perfis/commands/perfil_run.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "perfis/entities/zpvigas.h"

@@ -3,10 +3,10 @@
 #include <array>
 
 #include "perfis/catalogues/rolled_sources.h"
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/i_sections.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/i_secoes.h"
+#include "perfis/commands/perfil_run.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpvigas.h"

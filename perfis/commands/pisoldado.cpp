@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Command vigai: welded I with equal flanges, from the user's favourites or a standard series.
 #include "perfis/catalogues/welded_series.h"
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/i_sections.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/i_secoes.h"
+#include "perfis/commands/perfil_run.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpvigas.h"

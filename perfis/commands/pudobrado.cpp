@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Command perfilu: cold-formed plain U.
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/profile_run.h"
+#include "perfis/commands/perfil_run.h"
 #include "perfis/entities/zpdobrados.h"
 
 namespace perfis {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "perfis/commands/medidas.h"
-#include "perfis/commands/profile_description.h"
-#include "perfis/dialogs/section_preview.h"
-#include "perfis/dialogs/views_dialog.h"
+#include "perfis/commands/perfil_description.h"
+#include "perfis/dialogs/secao_preview.h"
+#include "perfis/dialogs/vistas_dialog.h"
 
 namespace perfis {
 

@@ -3,7 +3,7 @@
 #include "accmd.h"
 #include "acutads.h"
 #include "perfis/commands/command_table.h"
-#include "perfis/commands/piece_editor.h"
+#include "perfis/commands/peca_editor.h"
 #include "rxdefs.h"
 #include "rxregsvc.h"
 

@@ -7,7 +7,7 @@
 #include "adscodes.h"
 #include "perfis/entities/zpchapa.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "perfis/output/dimensions.h"
+#include "perfis/output/cotas.h"
 #include "texts/number.h"
 #include "zp/matlist/zpmatlist.h"
 #include "zp/trelica/zptrelica.h"

@@ -7,7 +7,7 @@
 #include "dbsymtb.h"
 #include "geassign.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "perfis/output/shared_dimension.h"
+#include "perfis/output/shared_cota.h"
 #include "perfis/output/temp_var_override.h"
 #include "perfis/output/user_point.h"
 

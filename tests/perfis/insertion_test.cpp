@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "perfis/commands/common_sections.h"
+#include "perfis/commands/common_secoes.h"
 
 namespace perfis {
 namespace {

@@ -6,10 +6,10 @@
 #include <set>
 
 #include "perfis/commands/command_table.h"
-#include "perfis/commands/profile_description.h"
+#include "perfis/commands/perfil_description.h"
 #include "prancheta/base/text.h"
 #include "prancheta/dcl/library_cache.h"
-#include "zp/objects/secao/rotulos.h"
+#include "zp/objects/secao/labels.h"
 
 namespace {
 

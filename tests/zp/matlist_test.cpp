@@ -6,11 +6,11 @@
 
 #include "protocol/report.h"
 #include "rxdict.h"
-#include "tests/zp/desenho.h"
-#include "zp/matlist/acompanha.h"
+#include "tests/zp/drawing.h"
 #include "zp/matlist/columns.h"
+#include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
-#include "zp/matlist/tabela.h"
+#include "zp/matlist/table.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <limits>
 
-#include "tests/zp/desenho.h"
+#include "tests/zp/drawing.h"
 #include "zp/objects/peca.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "zp/objects/secao/classes.h"
+#include "zp/objects/secao/kinds.h"
 
 namespace tools {
 

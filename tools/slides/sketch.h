@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "prancheta/slides/slide.h"
-#include "zp/objects/secao/contorno.h"
+#include "zp/objects/secao/outline.h"
 
 namespace tools {
 

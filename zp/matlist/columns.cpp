@@ -6,7 +6,7 @@
 
 #include "texts/number.h"
 #include "zp/matlist/formats.h"
-#include "zp/matlist/lista.h"
+#include "zp/matlist/lists.h"
 
 namespace zp::lista {
 

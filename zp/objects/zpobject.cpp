@@ -6,10 +6,10 @@
 #include <cmath>
 #include <cwchar>
 
-#include "zp/objects/barra.h"
-#include "zp/objects/figura.h"
-#include "zp/objects/ligacoes.h"
+#include "zp/objects/barra_data.h"
+#include "zp/objects/links.h"
 #include "zp/objects/peca.h"
+#include "zp/objects/picture.h"
 
 using zp::Ligacao;
 using zp::Peca;

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "perfis/entities/zpentidades.h"
-#include "zp/objects/classes_zp.h"
 #include "zp/objects/peca.h"
-#include "zp/objects/secao/blocos.h"
-#include "zp/objects/secao/tabela.h"
+#include "zp/objects/secao/blocks.h"
+#include "zp/objects/secao/table.h"
+#include "zp/objects/zp_classes.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include "acutads.h"
 #include "dbmain.h"
 #include "rxregsvc.h"
-#include "zp/corrente.h"
+#include "zp/buffer_chain.h"
 
 namespace {
 

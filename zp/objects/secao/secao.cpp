@@ -8,7 +8,7 @@
 #include <numbers>
 #include <unordered_map>
 
-#include "zp/objects/secao/montagem.h"
+#include "zp/objects/secao/assembly.h"
 
 namespace zp::secao {
 namespace {

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "zp/objects/secao/classes.h"
-#include "zp/objects/secao/contorno.h"
-#include "zp/objects/secao/niveis.h"
-#include "zp/objects/secao/propriedades.h"
+#include "zp/objects/secao/kinds.h"
+#include "zp/objects/secao/levels.h"
+#include "zp/objects/secao/outline.h"
+#include "zp/objects/secao/properties.h"
 
 namespace zp::secao {
 

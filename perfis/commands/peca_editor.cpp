@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+// From a piece to its command, and the door by which hosts edit pieces.
+#include "perfis/commands/peca_editor.h"
+
+#include <algorithm>
+
+#include "adscodes.h"
+#include "perfis/commands/command_table.h"
+#include "perfis/commands/peca_values.h"
+#include "protocol/attach.h"
+#include "protocol/edit.h"
+#include "zp/objects/edit.h"
+
+namespace perfis {
+namespace {
+
+/// While a dialog rebuilds a piece it lays the plates itself.
+bool g_layingPlates = false;
+
+class LayingPlates {
+public:
+    LayingPlates() { g_layingPlates = true; }
+    ~LayingPlates() { g_layingPlates = false; }
+    LayingPlates(const LayingPlates&) = delete;
+    LayingPlates& operator=(const LayingPlates&) = delete;
+};
+
+class PieceEditor : public protocol::EntityEditor {
+public:
+    const ACHAR* whyNot(const AcDbEntity& entity) const override {
+        const auto* piece = ZpObject::cast(&entity);
+        if (piece == nullptr) return L"Só perfis e chapas de travejamento têm diálogo de edição.";
+        if (!piece->isKindOf(ZpChapa::desc())) return nullptr;
+        return zp::edicao::donaDe(*piece).isNull()
+                   ? L"Esta chapa não pertence a nenhum perfil; altere as medidas nas propriedades."
+                   : nullptr;
+    }
+
+    int edit(AcDbObjectId entity) const override {
+        PieceValues values;
+        if (!read(entity, values)) return RTERROR;
+        const ProfileCommand* const command = commandOf(values);
+        if (command == nullptr) return RTERROR;
+        try {
+            const LayingPlates laying;
+            return newRun(*command)->edit(values);
+        } catch (const std::exception&) {
+            reportNoMemory();
+            return RTERROR;
+        }
+    }
+
+private:
+    /// A plate stands for the member that it laces.
+    static bool read(AcDbObjectId id, PieceValues& values) {
+        AcDbObjectId member;
+        {
+            const AcDbObjectPointer<ZpObject> piece(id, AcDb::kForRead);
+            if (piece.openStatus() != Acad::eOk) return false;
+            if (!piece->isKindOf(ZpChapa::desc())) {
+                values = valuesOf(*piece.object());
+                return true;
+            }
+            member = zp::edicao::donaDe(*piece.object());
+        }
+        return !member.isNull() && read(member, values);
+    }
+};
+
+/// What a member with these limit points measures along its axis.
+double lengthBetween(const ZpObject& piece, const zp::edicao::Faces& limits) {
+    AcGePoint3d start;
+    AcGePoint3d end;
+    (void)piece.StartPoint(start);
+    (void)piece.EndPoint(end);
+    const AcGeVector3d axis = (end - start).normal();
+    double least = 0.0;
+    double most = 0.0;
+    for (const AcGePoint3d& point : limits.f) {
+        const double along = (point - start).dotProduct(axis);
+        least = std::min(least, along);
+        most = std::max(most, along);
+    }
+    return most - least;
+}
+
+/// True when the command of such a piece would lay its plates.
+bool platesHold(const PieceValues& piece) {
+    const ProfileCommand* const command = commandOf(piece);
+    return command != nullptr && newRun(*command)->platesHold(piece);
+}
+
+/// Members whose values are changed one by one keep the rule of their plates.
+class PlateKeeper : public zp::edicao::Ouvinte {
+public:
+    /// Plates that already break the rule, another program's perhaps, forbid nothing.
+    std::wstring recusa(const ZpObject& piece, const ZpObject& changed) override {
+        if (zp::edicao::chapasDe(piece).empty()) return {};
+        try {
+            PieceValues values = valuesOf(piece);
+            if (!platesHold(values)) return {};
+            takeChanges(changed, values);
+            if (platesHold(values)) return {};
+        } catch (const std::exception&) {
+            reportNoMemory();
+            return {};
+        }
+        return L"As chapas de travejamento não cabem com este valor; mude antes o travejamento "
+               L"(EDITAPERFIL).";
+    }
+    void editada(AcDbObjectId id, const zp::edicao::Faces& before) override {
+        if (g_layingPlates) return;
+        PieceValues values;
+        {
+            const AcDbObjectPointer<ZpObject> piece(id, AcDb::kForRead);
+            if (piece.openStatus() != Acad::eOk || zp::edicao::chapasDe(*piece.object()).empty())
+                return;
+            values = valuesOf(*piece.object());
+            values.lacedLength = lengthBetween(*piece.object(), before);
+        }
+        const ProfileCommand* const command = commandOf(values);
+        if (command == nullptr) return;
+        const LayingPlates laying;
+        try {
+            newRun(*command)->layAgain(values);
+        } catch (const std::exception&) {
+            reportNoMemory();
+        }
+    }
+};
+
+// Kept by pointer in the class and in the entity library.
+PieceEditor g_editor;
+PlateKeeper g_plateKeeper;
+
+}  // namespace
+
+const ProfileCommand* commandOf(const PieceValues& piece) {
+    const ProfileCommand* general = nullptr;
+    for (const CommandRow& row : commandTable()) {
+        const ProfileDescription& description = row.command.description;
+        if (description.pieces.classe != piece.classe) continue;
+        if (description.draws == nullptr)
+            general = &row.command;
+        else if (description.draws(piece.values))
+            return &row.command;
+    }
+    return general;
+}
+
+void installPieceEditor() {
+    protocol::attach(ZpObject::desc(), protocol::kEntityEditorClass, g_editor);
+    zp::edicao::ouve(&g_plateKeeper);
+}
+
+void removePieceEditor() {
+    zp::edicao::deixa(&g_plateKeeper);
+    protocol::detach(ZpObject::desc(), protocol::kEntityEditorClass);
+    protocol::retire(protocol::kEntityEditorClass);
+}
+
+}  // namespace perfis

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// A drawn piece read back as the command that draws such pieces knows it.
+#pragma once
+
+#include <vector>
+
+#include "perfis/entities/zpobject.h"
+#include "zp/objects/secao/kinds.h"
+
+namespace perfis {
+
+/// A lacing plate, in the frame of its member: x along the axis from its start, mm.
+struct PlateValues {
+    AcDbObjectId id;
+    double x = 0.0;
+    double y = 0.0;
+    ZpObject::ZpVistas view = ZpObject::kVistaSecao;
+    double d1 = 0.0;
+    double d2 = 0.0;
+    double d3 = 0.0;
+};
+
+struct PieceValues {
+    AcDbObjectId id;
+    zp::secao::Classe classe = zp::secao::Classe::Nenhuma;
+    zp::secao::Dados values;  ///< of the constructor, by role
+    ZpObject::ZpVistas view = ZpObject::kVistaSecao;
+    double turn = 0.0;       ///< about its own axis, radians
+    bool twoPoints = false;  ///< made between two points
+    double length = 0.0;     ///< mm
+    /// For which its plates were laid, mm. Those at the end follow it when the length changes.
+    double lacedLength = 0.0;
+    int barType = 0;
+    int series = 0;            ///< of a welded I, ZpISoldado::SubType
+    bool dimensioned = false;  ///< has dimensions tied to it
+    int listed = 0;            ///< pieces in the material list; 0: not in it
+    std::vector<PlateValues> plates;
+};
+
+/// Values and length of `changed`, which has the class of the piece.
+void takeChanges(const ZpObject& changed, PieceValues& piece);
+
+/// The piece is open for read.
+PieceValues valuesOf(const ZpObject& piece);
+
+}  // namespace perfis

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: MIT
+// The flow of a profile command: what its handler does, and what its dialog shows at each opening.
+// The callbacks stand in perfil_callbacks.cpp.
+#include "perfis/commands/perfil_run.h"
+
+#include <algorithm>
+
+#include "acutads.h"
+#include "adscodes.h"
+#include "perfis/commands/handlers.h"
+#include "perfis/commands/peca_rebuild.h"
+#include "perfis/commands/perfil_generator.h"
+#include "perfis/dialogs/installation.h"
+#include "perfis/dialogs/tiles.h"
+#include "perfis/entities/zpfuncoes.h"
+#include "perfis/output/shared_cota.h"
+#include "texts/number.h"
+
+namespace perfis {
+
+ProfileRun::ProfileRun(const ProfileDescription& description)
+    : m_description(description),
+      m_catalogue(description.makeCatalogue()),
+      m_state(resetState(description)) {}
+
+void ProfileRun::execute() {
+    sharedDimensionFlag() = 0;
+    (void)runDialog();
+}
+
+/// False when the dialog could not be opened.
+bool ProfileRun::runDialog() {
+    const std::optional<std::wstring> folder = requiredInstallationFolder();
+    if (!folder) return false;
+    if (!listsFit(*folder) || !slidePath(*folder, m_description.slides, L"secao")) {
+        reportLongPath();
+        return false;
+    }
+    const wchar_t* const list = m_description.list;
+    const std::optional<std::wstring> path = listPath(*folder, list != nullptr ? list : L"");
+    if (list != nullptr) m_catalogue->read(*path);
+    if (runLoop(L"perfis.dcl", m_description.dialog) == kDialogDone) {
+        keepEdits(*path);
+        return true;
+    }
+    (void)acutPrintf(L"\nErro ao executar função");
+    return false;
+}
+
+bool ProfileRun::listsFit(std::wstring_view folder) const {
+    return listPath(folder, m_description.list != nullptr ? m_description.list : L"").has_value();
+}
+
+void ProfileRun::keepEdits(const std::wstring& path) {
+    if (m_description.edits == CatalogueEdits::kWrittenBack) m_catalogue->write(path);
+}
+
+void ProfileRun::open(ads_hdlg dialog) {
+    wire(dialog);
+    wireOwnTiles(dialog);
+    showDimensions(dialog);
+    setToggle(dialog, L"dimensionar", sharedDimensionFlag() != 0);
+    setToggle(dialog, L"visualizar", m_state.showInsertion);
+    setToggle(dialog, L"vista0", m_state.views.sectionOnly);
+    setSectionModes(dialog);
+    enableTile(dialog, L"dimensionar", !m_state.views.pickAndGo);
+    showOwnTiles(dialog);
+    refresh(dialog);
+    showPreview(dialog);
+    showList(dialog);
+    showInsertionNames(dialog);
+    setTile(dialog, L"ins_list", m_state.insertion);
+}
+
+void ProfileRun::closed(int status) {
+    if (status == kDialogAccepted) {
+        const PlateLaying plates = plateLaying();
+        if (editing()) {
+            m_editResult =
+                rebuildPiece(m_description, m_state, *m_edited, plates, shownPitch(*m_edited));
+            return;
+        }
+        // A refused point ends the command as normally as a drawn piece.
+        (void)generateProfile(m_description, m_state, plates);
+    } else if (status == kDialogReopen) {
+        // A views dialog that cannot be opened has said so; the choice stays.
+        (void)editViews(m_description.slides, m_state.views, m_description.figures);
+        // A piece that stands is not placed by its points.
+        if (editing()) m_state.views.pickAndGo = false;
+    }
+}
+
+int ProfileRun::edit(const PieceValues& piece) {
+    takePiece(piece);
+    m_edited = &piece;
+    m_editResult = RTCAN;
+    sharedDimensionFlag() = piece.dimensioned ? 1 : 0;
+    const bool shown = runDialog();
+    sharedDimensionFlag() = 0;
+    m_edited = nullptr;
+    return shown ? m_editResult : RTERROR;
+}
+
+void ProfileRun::layAgain(const PieceValues& piece) {
+    takePiece(piece);
+    layPlatesAgain(m_description, m_state, piece, plateLaying());
+}
+
+bool ProfileRun::platesHold(const PieceValues& piece) {
+    takePiece(piece);
+    return lacingSuits();
+}
+
+void ProfileRun::takePiece(const PieceValues& piece) {
+    m_state.medidas = medidasOf(m_description, piece.values);
+    m_state.barType = piece.barType;
+    for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
+        m_state.texts[i] = FormatInString(m_state.medidas.*m_description.tiles[i].value);
+    ViewsChoice& views = m_state.views;
+    views.sectionOnly = piece.view == ZpObject::kVistaSecao;
+    views.length = piece.length;
+    views.materialList = piece.listed > 0;
+    views.pieces = piece.listed;
+    if (!views.sectionOnly) views.view = figureOf(m_description, piece.view, piece.turn);
+}
+
+void ProfileRun::setSectionModes(ads_hdlg dialog) {
+    const bool sectionOnly = m_state.views.sectionOnly;
+    enableTile(dialog, L"OutraVista", !sectionOnly);
+    // The point of a piece that stands is not asked for.
+    enableTile(dialog, L"visualizar", sectionOnly && !editing());
+    enableTile(dialog, L"ins_list", sectionOnly && !editing());
+}
+
+void ProfileRun::showPreview(ads_hdlg dialog) {
+    showSection(dialog, m_description.slides,
+                m_state.showInsertion ? m_state.slide : kSectionSlide);
+}
+
+void ProfileRun::showDimensions(ads_hdlg dialog) {
+    for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
+        setTile(dialog, m_description.tiles[i].key, m_state.texts[i]);
+}
+
+void ProfileRun::showList(ads_hdlg dialog) {
+    if (m_catalogue->count() > 0) m_catalogue->fill(dialog, L"lista");
+}
+
+void ProfileRun::showInsertionNames(ads_hdlg dialog) {
+    std::vector<const wchar_t*> names;
+    for (const Insertion& insertion : m_description.insertions) names.push_back(insertion.name);
+    names.push_back(kEndMark);
+    (void)fillFixedList(dialog, L"ins_list", names.data());
+}
+
+void ProfileRun::readMedidas(ads_hdlg dialog) {
+    for (const DimensionTile& tile : m_description.tiles)
+        m_state.medidas.*tile.value = tileReal(dialog, tile.key);
+}
+
+void ProfileRun::refresh(ads_hdlg dialog) {
+    readMedidas(dialog);
+    if (!editable()) return;
+    const bool valid = m_description.wrong(m_state.medidas) == nullptr;
+    enableTile(dialog, L"addtolist", valid);
+    enableTile(dialog, L"substolist", valid);
+}
+
+bool ProfileRun::lacksLength() const {
+    const ViewsChoice& views = m_state.views;
+    return !views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo;
+}
+
+const wchar_t* ProfileRun::wrongTile() {
+    const Medida wrong = m_description.wrong(m_state.medidas);
+    if (wrong == nullptr) return nullptr;
+    const auto tile = std::ranges::find(m_description.tiles, wrong, &DimensionTile::value);
+    return tile != m_description.tiles.end() ? tile->key : L"";
+}
+
+std::optional<Fault> ProfileRun::acceptFault(ads_hdlg dialog) {
+    refresh(dialog);
+    if (lacksLength()) return kLacksLength;
+    if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSection, tile};
+    readMedidas(dialog);
+    return {};
+}
+
+void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
+    const std::vector<std::wstring> fields = splitRow(row);
+    std::size_t column = 0;
+    for (const DimensionTile& tile : m_description.tiles) {
+        if (tile.rowUse == RowUse::kNone) continue;
+        const bool present = column < fields.size();
+        if (present || tile.rowUse == RowUse::kFills)
+            setTile(dialog, tile.key, present ? fields[column] : std::wstring());
+        ++column;
+    }
+    if (m_description.massColumn)
+        m_state.medidas.m = column < fields.size() ? texts::toReal(fields[column]) : 0.0;
+}
+
+std::unique_ptr<ProfileRun> newRun(const ProfileCommand& command) {
+    return command.make != nullptr ? command.make()
+                                   : std::make_unique<ProfileRun>(command.description);
+}
+
+void draw(const ProfileCommand& command) {
+    try {
+        newRun(command)->execute();
+    } catch (const std::exception&) {
+        reportNoMemory();
+    }
+}
+
+void reportNoMemory() {
+    (void)acedPrompt(L"\nMemória insuficiente: o comando não foi concluído.\n");
+}
+
+}  // namespace perfis

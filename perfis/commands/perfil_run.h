@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+// One run of a profile command: catalogue, dialog, views, generation. All commands share it; what
+// differs is the description, and for some commands the virtual steps below.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "perfis/commands/peca_values.h"
+#include "perfis/commands/perfil_description.h"
+#include "perfis/commands/run_state.h"
+#include "perfis/dialogs/dialog_loop.h"
+#include "perfis/dialogs/tiles.h"
+#include "perfis/output/chapas.h"
+
+namespace perfis {
+
+inline constexpr const wchar_t* kInvalidLacing = L"Erro no Travejamento.";
+inline constexpr const wchar_t* kInvalidSection = L"Dados inválidos para gerar perfil.";
+/// Mended in the dialog of the views.
+inline const Fault kLacksLength{L"Comprimento inválido para vista.", L"OutraVista"};
+
+class ProfileRun : public ReopeningDialog {
+public:
+    explicit ProfileRun(const ProfileDescription& description);
+
+    /// The whole command, from the installation folder to the catalogue's way back to its file.
+    void execute();
+    /// Opens the dialog with the values of a piece that this command makes, and rebuilds the piece
+    /// in its place. RTNORM; RTCAN, and nothing changed, when the dialog was left; RTERROR when it
+    /// could not be opened or the piece could not be changed.
+    int edit(const PieceValues& piece);
+    /// Lays the plates of a laced piece again as its values now ask.
+    void layAgain(const PieceValues& piece);
+    /// True when its plates could be laid again.
+    bool platesHold(const PieceValues& piece);
+
+protected:
+    const ProfileDescription& description() const { return m_description; }
+    RunState& state() { return m_state; }
+    Catalogue& catalogue() { return *m_catalogue; }
+
+    void open(ads_hdlg dialog) override;
+    void closed(int status) override;
+    void reportMissing() override { (void)acdbFail(kMissingDialog); }
+
+    /// Callbacks of tiles that only this command has.
+    virtual void wireOwnTiles(ads_hdlg) {}
+    /// Their values and modes, after those of the common tiles.
+    virtual void showOwnTiles(ads_hdlg) {}
+    /// Reads the dimensions and enables the buttons that depend on them; run after every change.
+    virtual void refresh(ads_hdlg dialog);
+    /// Fills "lista" at an opening.
+    virtual void showList(ads_hdlg dialog);
+    /// Values of the dimension tiles at an opening: as they were left.
+    virtual void showDimensions(ads_hdlg dialog);
+    /// The user picked this row of "lista", counted from 0.
+    virtual void pickRow(ads_hdlg dialog, int index);
+    /// Takes the row that was picked into the tiles.
+    virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
+    /// Why the dialog may not be accepted; nothing when it may.
+    virtual std::optional<Fault> acceptFault(ads_hdlg dialog);
+    /// Tile of the first number with which the section cannot be drawn; null when it can.
+    virtual const wchar_t* wrongTile();
+    /// True when the plates, if there are any, suit section and length as they are now.
+    virtual bool lacingSuits() { return true; }
+    /// Takes a piece that is about to be edited into the state.
+    virtual void takePiece(const PieceValues& piece);
+    /// Last word before the drawing is made; what lays the plates, null for a piece without any.
+    virtual PlateLaying plateLaying() { return nullptr; }
+    /// Pitch of a piece's plates when this command dimensions it, else 0.
+    virtual double shownPitch(const PieceValues&) const { return 0.0; }
+    bool editing() const { return m_edited != nullptr; }
+    /// True when the paths of all list files of the command fit their buffers.
+    virtual bool listsFit(std::wstring_view folder) const;
+    /// Writes the catalogue back at a normal end, where the command keeps its edits.
+    virtual void keepEdits(const std::wstring& path);
+
+    /// A view without a length, unless its pieces get theirs from their points.
+    bool lacksLength() const;
+    bool editable() const { return m_description.edits != CatalogueEdits::kNone; }
+    void readMedidas(ads_hdlg dialog);
+    void showPreview(ads_hdlg dialog);
+
+private:
+    template <void (ProfileRun::*Method)(const ads_callback_packet&)>
+    static constexpr CLIENTFUNC callback = dialogCallback<ProfileRun, Method>;
+
+    bool runDialog();
+    void wire(ads_hdlg dialog);
+    void showInsertionNames(ads_hdlg dialog);
+    void refillList(ads_hdlg dialog);
+    bool hasSelectedRow() const { return m_state.selectedRow < m_catalogue->count(); }
+    void setSectionModes(ads_hdlg dialog);
+
+    void onDimension(const ads_callback_packet& packet) { refresh(packet.dialog); }
+    void onList(const ads_callback_packet& packet);
+    void onAdd(const ads_callback_packet& packet);
+    void onReplace(const ads_callback_packet& packet);
+    void onRemove(const ads_callback_packet& packet);
+    void onSectionOnly(const ads_callback_packet& packet);
+    void onShowInsertion(const ads_callback_packet& packet);
+    void onInsertion(const ads_callback_packet& packet);
+    void onDimensioning(const ads_callback_packet& packet);
+    void onOtherView(const ads_callback_packet& packet);
+    void onAccept(const ads_callback_packet& packet);
+
+    const ProfileDescription& m_description;
+    std::unique_ptr<Catalogue> m_catalogue;
+    RunState m_state;
+    const PieceValues* m_edited = nullptr;
+    int m_editResult = 0;
+};
+
+/// Says on the command line that a command was given up for lack of memory.
+void reportNoMemory();
+
+}  // namespace perfis

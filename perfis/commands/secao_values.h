@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// What the pieces of a command are made of: the values of its section class by role, said once,
+// from which both constructors and the way back from a drawn piece to the dialog follow.
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "perfis/commands/medidas.h"
+#include "perfis/entities/zpobject.h"
+#include "zp/objects/secao/table.h"
+
+namespace perfis {
+
+struct ProfileDescription;
+struct PieceRequest;
+
+/// One value of a section class: a number of the dialog, what a rule makes of the numbers, or
+/// always the same. Length and turn about the axis come from the request; roles that nobody gives
+/// are 0.
+struct RoleValue {
+    constexpr RoleValue(zp::secao::Papel role, Medida medida) : role(role), medida(medida) {}
+    constexpr RoleValue(zp::secao::Papel role, double (*rule)(const Medidas&))
+        : role(role), rule(rule) {}
+    constexpr RoleValue(zp::secao::Papel role, double constant) : role(role), constant(constant) {}
+
+    zp::secao::Papel role;
+    Medida medida = nullptr;
+    double (*rule)(const Medidas&) = nullptr;
+    double constant = 0.0;
+};
+
+/// How a figure of the views dialog is drawn: seen like this, after a turn about the piece's axis
+/// (radians).
+struct Face {
+    ZpObject::ZpVistas view = ZpObject::kVistaSecao;
+    double turn = 0.0;
+};
+
+/// Constructs the pieces of one section class from values by role.
+struct PieceClass {
+    zp::secao::Classe classe;
+    std::unique_ptr<ZpObject> (*atPoint)(const AcGePoint3d& point, ZpObject::ZpVistas view,
+                                         const zp::secao::Dados& values);
+    std::unique_ptr<ZpObject> (*between)(const AcGePoint3d& start, const AcGePoint3d& end,
+                                         ZpObject::ZpVistas view, const zp::secao::Dados& values);
+};
+
+template <class Perfil, class... Where, std::size_t... I>
+std::unique_ptr<ZpObject> construct(std::index_sequence<I...>, const zp::secao::Papeis& roles,
+                                    const zp::secao::Dados& values, Where... where) {
+    return std::make_unique<Perfil>(where..., values[roles[I]]...);
+}
+
+/// Class with one constructor of each form, its values in the order of the table of sections.
+template <class Perfil, zp::secao::Classe kClasse>
+inline constexpr PieceClass kPieceClass{
+    kClasse,
+    [](const AcGePoint3d& point, ZpObject::ZpVistas view, const zp::secao::Dados& values) {
+        static constexpr zp::secao::Papeis kRoles = zp::secao::linha(kClasse).umPonto[0];
+        return construct<Perfil>(std::make_index_sequence<quantos(kRoles)>(), kRoles, values, point,
+                                 view);
+    },
+    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas view,
+       const zp::secao::Dados& values) {
+        static constexpr zp::secao::Papeis kRoles = zp::secao::linha(kClasse).doisPontos[0];
+        return construct<Perfil>(std::make_index_sequence<quantos(kRoles)>(), kRoles, values, start,
+                                 end, view);
+    }};
+
+/// A new piece, in no drawing.
+std::unique_ptr<ZpObject> makeAtPoint(const ProfileDescription& description,
+                                      const AcGePoint3d& point, const PieceRequest& request);
+/// The same between two points; the figures' turns are for pieces at a point.
+std::unique_ptr<ZpObject> makeBetween(const ProfileDescription& description,
+                                      const AcGePoint3d& start, const AcGePoint3d& end,
+                                      const PieceRequest& request);
+
+/// The dialog's numbers from the values of a drawn piece; those that its dialog does not have are
+/// 0.
+Medidas medidasOf(const ProfileDescription& description, const zp::secao::Dados& values);
+/// The figure that a member seen and turned like this was drawn as; the view where no figure fits.
+int figureOf(const ProfileDescription& description, ZpObject::ZpVistas view, double turn);
+
+}  // namespace perfis

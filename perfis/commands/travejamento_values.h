@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// The lacing of a drawn member, read back from its plates.
+#pragma once
+
+#include "perfis/commands/chapa_schemes.h"
+#include "perfis/commands/peca_values.h"
+#include "perfis/dialogs/travejamento.h"
+
+namespace perfis {
+
+struct PieceLacing {
+    TravejamentoParams plates;  ///< A = 0: no lacing
+    LacedPlanes planes = LacedPlanes::kBoth;
+    double pitch = 0.0;   ///< of the plates that stand
+    double length = 0.0;  ///< of the member that they were laid for
+};
+
+PieceLacing lacingOf(const PieceValues& piece);
+
+/// Spacing of the lacing in a member of this length: where that is its own nothing moves, in
+/// another one the number of parts stays.
+double spacingFor(const PieceLacing& lacing, double length);
+
+/// From the left edge of the first plate to that of the next one; 0 without a second one.
+double platePitch(const PieceValues& piece);
+
+}  // namespace perfis

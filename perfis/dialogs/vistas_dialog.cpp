@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+// Views dialog: figures, alignment, length, material list and pick-and-go of a member.
+#include "perfis/dialogs/vistas_dialog.h"
+
+#include <string>
+
+#include "perfis/dialogs/dialog_loop.h"
+#include "perfis/dialogs/tiles.h"
+#include "texts/number.h"
+
+namespace perfis {
+namespace {
+
+/// The figures "fig1" to "fig4"; the position is the preview index.
+struct Figure {
+    const wchar_t* key;
+    const wchar_t* slide;
+    const wchar_t* preview;
+    int view;
+};
+constexpr Figure kFigures[] = {
+    {L"fig1", L"BT1", L"VI1", 3},
+    {L"fig2", L"BT2", L"VI2", 1},
+    {L"fig3", L"BT3", L"VI3", 2},
+    {L"fig4", L"BT4", L"VI4", 4},
+};
+constexpr int kFigureCount = 4;
+
+/// View 3 and every unknown one are shown as the first figure.
+int previewOf(int view) {
+    for (int i = 0; i < kFigureCount; ++i)
+        if (kFigures[i].view == view) return i;
+    return 0;
+}
+
+class ViewsDialog : public ReopeningDialog {
+public:
+    ViewsDialog(const wchar_t* library, ViewsChoice& choice, int figures)
+        : m_library(std::wstring(library).substr(0, 80)),
+          m_choice(choice),
+          m_working(choice),
+          m_figures(figures),
+          m_preview(previewOf(choice.view)) {}
+
+protected:
+    void open(ads_hdlg dialog) override;
+    void closed(int status) override;
+    void reportMissing() override { (void)acedAlert(kMissingDialog); }
+
+private:
+    template <void (ViewsDialog::*Method)(const ads_callback_packet&)>
+    static constexpr CLIENTFUNC callback = dialogCallback<ViewsDialog, Method>;
+
+    void wire(ads_hdlg dialog);
+    void setModes(ads_hdlg dialog);
+    void showPreview(ads_hdlg dialog);
+    void onFigure(const ads_callback_packet& packet);
+    void onInsertionText(const ads_callback_packet& packet);
+    void onInsertionSlider(const ads_callback_packet& packet);
+    void onLength(const ads_callback_packet& packet);
+    void onPick(const ads_callback_packet& packet);
+    void onPieces(const ads_callback_packet& packet);
+    void onMaterialList(const ads_callback_packet& packet);
+    void onPickAndGo(const ads_callback_packet& packet);
+    void onAccept(const ads_callback_packet& packet);
+
+    std::wstring m_library;
+    ViewsChoice& m_choice;
+    ViewsChoice m_working;
+    int m_figures;
+    int m_preview;
+    std::wstring m_shownLength;
+    bool m_lengthEdited = false;
+};
+
+/// Of what can be placed in a drawing, mm.
+constexpr double kLongestMember = 1e9;
+
+void ViewsDialog::open(ads_hdlg dialog) {
+    showSlide(dialog, L"fig0", L"", L"FLECHA");
+    for (const Figure& figure : kFigures) showSlide(dialog, figure.key, m_library, figure.slide);
+    showPreview(dialog);
+    m_shownLength = std::to_wstring(texts::realToInt(m_working.length));
+    m_lengthEdited = false;
+    setTile(dialog, L"insertionP", m_working.alignment);
+    setTile(dialog, L"ip", m_working.alignment);
+    setTile(dialog, L"num_pecas", m_working.pieces);
+    setTile(dialog, L"l", m_shownLength);
+    setToggle(dialog, L"gerar_matlist", m_working.materialList);
+    setToggle(dialog, L"pickngo", m_working.pickAndGo);
+    setModes(dialog);
+    wire(dialog);
+}
+
+void ViewsDialog::setModes(ads_hdlg dialog) {
+    enableTile(dialog, L"num_pecas", m_working.materialList);
+    for (const wchar_t* const key : {L"l", L"pick", L"gerar_matlist", L"ip", L"insertionP"})
+        enableTile(dialog, key, !m_working.pickAndGo);
+    for (int i = m_figures; i < kFigureCount; ++i) enableTile(dialog, kFigures[i].key, false);
+}
+
+void ViewsDialog::wire(ads_hdlg dialog) {
+    static constexpr TileAction kActions[] = {
+        {L"insertionP", callback<&ViewsDialog::onInsertionText>},
+        {L"ip", callback<&ViewsDialog::onInsertionSlider>},
+        {L"l", callback<&ViewsDialog::onLength>},
+        {L"pick", callback<&ViewsDialog::onPick>},
+        {L"num_pecas", callback<&ViewsDialog::onPieces>},
+        {L"gerar_matlist", callback<&ViewsDialog::onMaterialList>},
+        {L"pickngo", callback<&ViewsDialog::onPickAndGo>},
+        {L"accept", callback<&ViewsDialog::onAccept>},
+    };
+    for (int i = 0; i < m_figures && i < kFigureCount; ++i)
+        wireTile(dialog, {kFigures[i].key, callback<&ViewsDialog::onFigure>}, this);
+    for (const TileAction& action : kActions) wireTile(dialog, action, this);
+}
+
+void ViewsDialog::showPreview(ads_hdlg dialog) {
+    showSlide(dialog, L"PreviewVista", m_library, kFigures[m_preview].preview);
+}
+
+void ViewsDialog::closed(int status) {
+    if (status == kDialogAccepted) {
+        const bool sectionOnly = m_choice.sectionOnly;
+        m_choice = m_working;
+        m_choice.sectionOnly = sectionOnly;
+    } else if (status == kDialogReopen) {
+        ads_real distance = 0.0;
+        if (acedGetDist(nullptr, L"\nPonto inicial e final do perfil:", &distance) == RTNORM)
+            m_working.length = distance;
+    } else if (status == kDialogCancelled) {
+        if (m_choice.length == 0.0 && !m_choice.pickAndGo) m_choice.sectionOnly = true;
+    }
+}
+
+/// What is typed counts, also when it is the text that was shown.
+void ViewsDialog::onLength(const ads_callback_packet& packet) {
+    m_lengthEdited = true;
+    m_working.length = typedReal(packet.value);
+}
+
+void ViewsDialog::onFigure(const ads_callback_packet& packet) {
+    wchar_t key[80] = {};
+    (void)ads_get_attr_string(packet.tile, L"key", key, 79);
+    for (int i = 0; i < kFigureCount; ++i) {
+        if (std::wstring_view(key) != kFigures[i].key) continue;
+        m_preview = i;
+        m_working.view = kFigures[i].view;
+        showPreview(packet.dialog);
+    }
+}
+
+void ViewsDialog::onInsertionText(const ads_callback_packet& packet) {
+    std::wstring text = packet.value;
+    const int typed = texts::toInt(text);
+    // Too large a code falls back on the middle choice, not on the largest one.
+    if (typed > 9) text = L"5";
+    if (typed < 1) text = L"1";
+    setTile(packet.dialog, L"ip", text);
+    setTile(packet.dialog, L"insertionP", text);
+    m_working.alignment = texts::toInt(text);
+}
+
+void ViewsDialog::onInsertionSlider(const ads_callback_packet& packet) {
+    const std::wstring text = packet.value;
+    setTile(packet.dialog, L"insertionP", text);
+    m_working.alignment = texts::toInt(text);
+}
+
+void ViewsDialog::onPick(const ads_callback_packet& packet) {
+    (void)ads_done_dialog(packet.dialog, kDialogReopen);
+}
+
+void ViewsDialog::onPieces(const ads_callback_packet& packet) {
+    m_working.pieces = texts::toInt(packet.value);
+}
+
+void ViewsDialog::onMaterialList(const ads_callback_packet& packet) {
+    m_working.materialList = texts::toInt(packet.value) != 0;
+    enableTile(packet.dialog, L"num_pecas", m_working.materialList);
+}
+
+void ViewsDialog::onPickAndGo(const ads_callback_packet& packet) {
+    const bool on = texts::toInt(packet.value) != 0;
+    for (const wchar_t* const key :
+         {L"l", L"pick", L"gerar_matlist", L"num_pecas", L"ip", L"insertionP"})
+        enableTile(packet.dialog, key, !on);
+}
+
+void ViewsDialog::onAccept(const ads_callback_packet& packet) {
+    ads_hdlg dialog = packet.dialog;
+    // The stored length keeps its decimals until the truncated text is edited.
+    const std::wstring length = tileText(dialog, L"l", 159);
+    if (m_lengthEdited || length != m_shownLength) m_working.length = typedReal(length);
+    const int pieces = texts::toInt(tileText(dialog, L"num_pecas"));
+    m_working.materialList = texts::toInt(tileText(dialog, L"gerar_matlist")) != 0;
+    m_working.pickAndGo = texts::toInt(tileText(dialog, L"pickngo")) != 0;
+    const bool drawable = m_working.length > 0.0 && m_working.length <= kLongestMember;
+    if (!drawable && !m_working.pickAndGo) {
+        showFault(dialog, {L"Erro: comprimento inválido.", L"l"});
+    } else if (pieces <= 0 && m_working.materialList && !m_working.pickAndGo) {
+        showFault(dialog, {L"Erro: número de peças inválido.", L"num_pecas"});
+    } else {
+        (void)ads_done_dialog(dialog, kDialogAccepted);
+    }
+}
+
+}  // namespace
+
+int editViews(const wchar_t* library, ViewsChoice& choice, int figures) {
+    ViewsDialog dialog(library, choice, figures);
+    return dialog.runLoop(L"vistas.dcl", L"vistas_geracao");
+}
+
+}  // namespace perfis

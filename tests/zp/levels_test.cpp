@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+// Edges of the longitudinal views: which ones there are, which are hidden.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+#include "tests/zp/secao_samples.h"
+
+namespace {
+
+using namespace casos;
+
+/// "-50V 22H": heights with V for seen and H for hidden edges, ± for a pair.
+std::vector<zp::secao::Nivel> leia(const std::string& texto) {
+    std::vector<zp::secao::Nivel> niveis;
+    std::istringstream fluxo(texto);
+    for (std::string palavra; fluxo >> palavra;) {
+        const bool par = palavra[0] == '~';
+        const double w = std::stod(palavra.substr(par ? 1 : 0));
+        const bool visivel = palavra.back() == 'V';
+        niveis.push_back({w, visivel});
+        if (par) niveis.push_back({-w, visivel});
+    }
+    std::sort(niveis.begin(), niveis.end(), [](const auto& a, const auto& b) { return a.w < b.w; });
+    return niveis;
+}
+
+TEST(Niveis, VistosEOcultos) {
+    struct Linha {
+        Caso caso;
+        const char* vistas[4];
+    };
+    const Linha kLinhas[] = {
+        {u(200, 75, 3), {"-50V 22H 25V", "-50V 22H 25V", "~100V ~97V", "~100V ~97H"}},
+        {u(200, 75, 2.65, 20),
+         {"-50V -47.35H 22.35H 25V", "-50V -47.35H 22.35H 25V", "~100V ~97.35H ~80V",
+          "~100V ~97.35H ~80H"}},
+        {z(150, 60, 20, 2),
+         {"-59V -57V -1V 1H 57H 59V", "-59V -57H -1H 1V 57V 59V", "~75V ~73H -55V 55H",
+          "~75V ~73H -55H 55V"}},
+        {cartola(50, 100, 20, 2),
+         {"~68V ~50V ~48H", "~68V ~50H ~48V", "-25V -23V 23H 25V", "-25V -23V 23H 25V"}},
+        {lLaminada(50, 50, 5),
+         {"-33.3333V 11.6667H 16.6667V", "-33.3333V 11.6667V 16.6667V",
+          "-33.3333V 11.6667V 16.6667V", "-33.3333V 11.6667H 16.6667V"}},
+        {bn(50.8, 6.35),
+         {"-15.1487V -11.9737V 12.3368H 23.9473V", "-15.1487V -11.9737V 12.3368H 23.9473V",
+          "~35.9210V ~31.4309V 0H", "~35.9210V ~31.4309H 0V"}},
+        {{"2L T",
+          Classe::CantTEELaminada,
+          {50.8, 50.8, 6.35, 0, 2 * 50.8 / 3, 6.35, 10, 0, 0, kLonge, 0, 0}},
+         {"~55.8V ~11.35H ~5V", "~55.8V ~11.35V ~5V", "-33.8667V 10.5833V 16.9333V",
+          "-33.8667V 10.5833V 16.9333V"}},
+        {{"2L +", Classe::CantCruzLaminada, {50.8, 50.8, 6.35, 6.35, 8, 8, 0, 0, kLonge, 0, 0}},
+         {"~54.8V ~4V -10.35V 10.35H", "~54.8V ~4V -10.35H 10.35V", "~54.8V ~4V -10.35H 10.35V",
+          "~54.8V ~4V -10.35V 10.35H"}},
+        {uLaminado(152.4, 48.77, 5.08, 12.2),
+         {"-32.5133V 11.1767H 16.2567V", "-32.5133V 11.1767H 16.2567V", "~76.2V ~70.9433V",
+          "~76.2V ~70.9433H"}},
+        {iSoldado(300, 300, 9.5, 8), {"~150V ~4H", "~150V ~4H", "~150V ~140.5V", "~150V ~140.5V"}},
+        {tubo(60.3, 3),
+         {"~30.15V ~27.15H", "~30.15V ~27.15H", "~30.15V ~27.15H", "~30.15V ~27.15H"}},
+    };
+    for (const Linha& l : kLinhas)
+        for (int vista = 1; vista <= 4; ++vista) {
+            SCOPED_TRACE(l.caso.nome + " vista " + std::to_string(vista));
+            const auto esperados = leia(l.vistas[vista - 1]);
+            const auto secao = l.caso.secao();
+            const auto& niveis = secao->vista(vista).niveis;
+            ASSERT_EQ(niveis.size(), esperados.size());
+            for (std::size_t i = 0; i < niveis.size(); ++i) {
+                EXPECT_NEAR(niveis[i].w, esperados[i].w, 5e-5);
+                EXPECT_EQ(niveis[i].visivel, esperados[i].visivel) << niveis[i].w;
+            }
+        }
+}
+
+TEST(Niveis, MeiaVoltaTrocaAsFaces) {
+    // Turned by pi, the U shows from below what it showed from above, upside down.
+    const auto reta = u(200, 75, 3).secao();
+    const auto virada = u(200, 75, 3, 0, std::numbers::pi).secao();
+    const auto& a = reta->vista(4).niveis;
+    const auto& b = virada->vista(3).niveis;
+    ASSERT_EQ(a.size(), b.size());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        EXPECT_NEAR(a[i].w, -b[b.size() - 1 - i].w, 1e-9);
+        EXPECT_EQ(a[i].visivel, b[b.size() - 1 - i].visivel);
+    }
+    EXPECT_NEAR(virada->vista(2).wMin, -25.0, 1e-9);
+    EXPECT_NEAR(virada->vista(2).wMax, 50.0, 1e-9);
+}
+
+TEST(Niveis, VaoFicaAbertoEEmendaAparece) {
+    const Caso aberta{"", Classe::IDobrado, {200, 75, 75, 3, 3, 50, kLonge, 0, 0, 0}};
+    EXPECT_EQ(aberta.secao()->vista(1).trechos.size(), 2u);
+    EXPECT_EQ(aberta.secao()->vista(3).trechos.size(), 1u);
+    EXPECT_TRUE(aberta.secao()->vista(3).eixo);
+    // Two lipped U toe to toe: the valley between the bends is an edge on the axis, so no axis is
+    // drawn there.
+    const Caso fechada{"", Classe::CaixaDobrado, {200, 75, 3, 3, 0, kLonge, 0, 0, 20}};
+    const auto secao = fechada.secao();
+    EXPECT_EQ(secao->vista(1).trechos.size(), 1u);
+    EXPECT_FALSE(secao->vista(1).eixo);
+    bool emenda = false;
+    for (const auto& n : secao->vista(1).niveis)
+        emenda = emenda || (std::abs(n.w) < 1e-9 && n.visivel);
+    EXPECT_TRUE(emenda);
+}
+
+TEST(Niveis, EixoSoDentroDaPeca) {
+    EXPECT_TRUE(u(200, 75, 3).secao()->vista(1).eixo);
+    EXPECT_TRUE(tubo(60.3, 3).secao()->vista(1).eixo);
+    EXPECT_FALSE(bn(50.8, 6.35).secao()->vista(3).eixo);  // an edge lies on the axis
+    const Caso fora{"", Classe::CantLaminada, {50, 50, 5, -80, 30, 5, 0, 0, kLonge, 0, 0}};
+    EXPECT_FALSE(fora.secao()->vista(1).eixo);
+}
+
+}  // namespace

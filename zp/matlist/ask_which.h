@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Which of a drawing's material lists.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "zp/matlist/lists.h"
+
+namespace zp::lista {
+
+/// The only one of `todas`, or the one that the user names; offered is the one taken last. Nothing
+/// when there is none or the user declined.
+std::optional<Lista> pergunta(const std::vector<Lista>& todas);
+/// To be called when a drawing goes away: another one's lists have the same numbers.
+void esqueceUltima();
+
+}  // namespace zp::lista

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// Report of marks and of the material list.
+#include "zp/matlist/report.h"
+
+#include "protocol/attach.h"
+#include "protocol/report.h"
+#include "zp/matlist/columns.h"
+#include "zp/matlist/lists.h"
+#include "zp/matlist/zpmarca.h"
+
+namespace zp::lista {
+namespace {
+
+using protocol::PropertyVisitor;
+
+class Marcas : public protocol::EntityReport {
+public:
+    void describe(const AcDbEntity& entity, PropertyVisitor& v) const override {
+        const auto* marca = ZpMarca::cast(&entity);
+        if (marca == nullptr) return;
+        v.point(L"ponta", marca->ponta());
+        v.point(L"texto_em", marca->textoEm());
+        v.text(L"marca", marca->marca().c_str());
+    }
+};
+
+class Listas : public protocol::DrawingReport {
+public:
+    const protocol::ListSchema& schema() const override { return listSchema(); }
+    void describe(AcDbDatabase& database, PropertyVisitor& v) const override {
+        v.beginList(protocol::kListKey);
+        for (const Lista& lista : listas(database))
+            for (const Linha& l : linhas(lista.id)) linha(lista, l, v);
+        v.endList();
+    }
+
+private:
+    static void tell(const Cell& cell, const protocol::ListColumn& column, PropertyVisitor& v) {
+        if (const auto* text = std::get_if<std::wstring>(&cell))
+            v.text(column.key, text->c_str());
+        else if (const double value = std::get<double>(cell); column.decimals == 0)
+            v.integer(column.key, static_cast<long long>(value));
+        else
+            v.number(column.key, value);
+    }
+    static void linha(const Lista& lista, const Linha& l, PropertyVisitor& v) {
+        v.beginGroup(nullptr);
+        for (const Column& c : kColumnTable) tell(cellOf(l, c), c.shown, v);
+        v.integer(L"lista", lista.numero);
+        v.text(L"grupo", lista.cabecalho.grupo.c_str());
+        v.integer(L"apagada", apagada(l) ? 1 : 0);
+        v.beginList(L"ids");
+        for (const AcDbSoftPointerId& id : l.ids)
+            if (!id.isNull()) v.object(nullptr, id);
+        v.endList();
+        v.beginList(L"pecas");
+        for (const AcDbSoftPointerId& id : l.ids) {
+            const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+            if (marca.object() != nullptr && !marca->peca().isNull())
+                v.object(nullptr, marca->peca());
+        }
+        v.endList();
+        v.endGroup();
+    }
+};
+
+// Kept by pointer in the class and in the registry.
+Marcas g_marcas;
+Listas g_listas;
+
+}  // namespace
+
+void instalaRelatorio() {
+    protocol::attach(ZpMarca::desc(), protocol::kEntityReportClass, g_marcas);
+    acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &g_listas);
+}
+
+void retiraRelatorio() {
+    protocol::detach(ZpMarca::desc(), protocol::kEntityReportClass);
+    acrxSysRegistry()->remove(protocol::kDrawingReportKey);
+}
+
+}  // namespace zp::lista

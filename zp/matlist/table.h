@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// The material list as a table in the drawing, and its command.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "zp/matlist/lists.h"
+
+namespace zp::lista {
+
+/// Draws the table in the current space with its upper left corner at the list's point, in place of
+/// the one drawn before. False when the list cannot be read or written.
+bool desenhaTabela(const Lista& lista);
+
+/// The command LISTAMATERIAL.
+void comandoListaMaterial();
+
+}  // namespace zp::lista
