@@ -23,27 +23,27 @@
 #include "prancheta/editor/modules.h"
 #include "prancheta/entities/register.h"
 
-namespace zp_teste {
+namespace zp_tests {
 
 inline constexpr double kPi = std::numbers::pi;
 
 using prancheta::RawInput;
 
 /// Answers from a list; keeps what was said and asked.
-class Digitador : public prancheta::UserInterface {
+class Typist : public prancheta::UserInterface {
 public:
-    void print(std::wstring_view text) override { dito += text; }
-    void alert(std::wstring_view text) override { dito += text; }
+    void print(std::wstring_view text) override { printed += text; }
+    void alert(std::wstring_view text) override { printed += text; }
     /// Touches tiles, "key=value" or a button's key, until the dialog closes.
     void runDialog(prancheta::dcl::Dialog& dialogo) override {
         while (!dialogo.finished()) {
-            if (teclas.empty()) {
+            if (keys.empty()) {
                 ADD_FAILURE() << "no dialog expected: " << dialogo.name();
                 (void)dialogo.press("cancel");
                 return;
             }
-            const std::string tecla = std::move(teclas.front());
-            teclas.pop_front();
+            const std::string tecla = std::move(keys.front());
+            keys.pop_front();
             const std::size_t igual = tecla.find('=');
             const auto feito = igual == std::string::npos
                                    ? dialogo.press(tecla)
@@ -55,17 +55,17 @@ public:
         ADD_FAILURE() << testing::PrintToString(std::wstring(text));
     }
     RawInput ask(const prancheta::InputRequest& request) override {
-        perguntas.push_back(request.prompt);
-        if (respostas.empty()) return {};
-        RawInput resposta = std::move(respostas.front());
-        respostas.pop_front();
+        questions.push_back(request.prompt);
+        if (answers.empty()) return {};
+        RawInput resposta = std::move(answers.front());
+        answers.pop_front();
         return resposta;
     }
 
-    std::deque<RawInput> respostas;
-    std::deque<std::string> teclas;
-    std::wstring dito;
-    std::vector<std::wstring> perguntas;
+    std::deque<RawInput> answers;
+    std::deque<std::string> keys;
+    std::wstring printed;
+    std::vector<std::wstring> questions;
 };
 
 /// The entity opened for reading; fails the test when it is of another class.
@@ -101,27 +101,29 @@ protected:
             RawInput entrada;
             entrada.kind = RawInput::Kind::Text;
             entrada.text = linha;
-            ui.respostas.push_back(std::move(entrada));
+            ui.answers.push_back(std::move(entrada));
         }
-        while (!ui.respostas.empty()) editor->step();
+        while (!ui.answers.empty()) editor->step();
     }
     void pick(double x, double y, std::vector<AcDbObjectId> quais = {}) {
         RawInput entrada;
         entrada.kind = RawInput::Kind::Pick;
         entrada.point = AcGePoint3d(x, y, 0);
         entrada.entities = std::move(quais);
-        ui.respostas.push_back(std::move(entrada));
+        ui.answers.push_back(std::move(entrada));
         editor->step();
     }
     std::vector<AcDbObjectId> entities() const { return editor->database().core().modelSpace(); }
-    bool said(std::wstring_view texto) const { return ui.dito.find(texto) != std::wstring::npos; }
+    bool said(std::wstring_view texto) const {
+        return ui.printed.find(texto) != std::wstring::npos;
+    }
     bool asked(std::wstring_view texto) const {
-        for (const std::wstring& p : ui.perguntas)
+        for (const std::wstring& p : ui.questions)
             if (p.find(texto) != std::wstring::npos) return true;
         return false;
     }
 
-    Digitador ui;
+    Typist ui;
     std::unique_ptr<prancheta::Editor> editor;
 
     AcDbObjectId poe(AcDbEntity* entidade) {
@@ -150,22 +152,22 @@ protected:
         ASSERT_EQ(peca.openStatus(), Acad::eOk);
         f(*peca.object());
     }
-    AcGePoint3d face(AcDbObjectId id, int qual) {
+    AcGePoint3d face(AcDbObjectId id, int index) {
         AcGePoint3d f[4];
         const Read<ZpObject> peca(id);
         peca->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
-        return f[qual];
+        return f[index];
     }
     /// Measured points and line of a dimension.
-    void esperaCota(AcDbObjectId id, double x1, double y1, double x2, double y2, double lx,
+    void expectCota(AcDbObjectId id, double x1, double y1, double x2, double y2, double lx,
                     double ly) {
         const Read<AcDbAlignedDimension> c(id);
         if (c.object() == nullptr) return;
-        esperaPonto(c->xLine1Point(), x1, y1);
-        esperaPonto(c->xLine2Point(), x2, y2);
-        esperaPonto(c->dimLinePoint(), lx, ly);
+        expectNear(c->xLine1Point(), x1, y1);
+        expectNear(c->xLine2Point(), x2, y2);
+        expectNear(c->dimLinePoint(), lx, ly);
     }
-    static void esperaPonto(const AcGePoint3d& p, double x, double y) {
+    static void expectNear(const AcGePoint3d& p, double x, double y) {
         EXPECT_NEAR(p.x, x, 1e-8);
         EXPECT_NEAR(p.y, y, 1e-8);
     }
@@ -179,4 +181,4 @@ protected:
     }
 };
 
-}  // namespace zp_teste
+}  // namespace zp_tests

@@ -12,34 +12,34 @@
 
 namespace {
 
-using namespace zp_teste;
+using namespace zp_tests;
 using zp::secao::Papel;
 
-class EdicaoPorDialogo : public Desenho {
+class EditByDialog : public Desenho {
 protected:
-    EdicaoPorDialogo() {
+    EditByDialog() {
         const std::filesystem::path pasta = HOUSE_BINARY_DIR;
         ::setenv("ZPFORJA2010", (pasta / "instalacao").c_str(), 1);
         EXPECT_TRUE(static_cast<bool>(editor->modules().load(pasta / "bin/ZpPerfis18.arx")));
         prancheta::dcl::setDialogRunner(
             [this](prancheta::dcl::Dialog& dialogo) { ui.runDialog(dialogo); });
     }
-    ~EdicaoPorDialogo() override { prancheta::dcl::setDialogRunner({}); }
-    using Teclas = std::initializer_list<const char*>;
+    ~EditByDialog() override { prancheta::dcl::setDialogRunner({}); }
+    using Keys = std::initializer_list<const char*>;
     /// Draws a piece at the origin, along X.
-    AcDbObjectId desenha(const wchar_t* comando, Teclas teclas) {
-        ui.teclas.assign(teclas.begin(), teclas.end());
+    AcDbObjectId desenha(const wchar_t* comando, Keys keys) {
+        ui.keys.assign(keys.begin(), keys.end());
         type({comando, L"0,0", L"0"});
-        EXPECT_TRUE(ui.teclas.empty()) << testing::PrintToString(ui.dito);
+        EXPECT_TRUE(ui.keys.empty()) << testing::PrintToString(ui.printed);
         for (const AcDbObjectId& id : entities())
             if (id.objectClass()->isDerivedFrom(ZpObject::desc())) return id;
         return {};
     }
-    void edita(AcDbObjectId id, Teclas teclas) {
-        ui.teclas.assign(teclas.begin(), teclas.end());
+    void edit(AcDbObjectId id, Keys keys) {
+        ui.keys.assign(keys.begin(), keys.end());
         type({L"EDITAPERFIL"});
         pick(0, 0, {id});
-        EXPECT_TRUE(ui.teclas.empty()) << testing::PrintToString(ui.dito);
+        EXPECT_TRUE(ui.keys.empty()) << testing::PrintToString(ui.printed);
     }
     /// Sets a value of the property sheet; the reason why not.
     std::wstring troca(AcDbObjectId id, const wchar_t* chave, const wchar_t* valor) {
@@ -75,37 +75,37 @@ protected:
     }
 };
 
-TEST_F(EdicaoPorDialogo, ValoresSemCampoNoDialogoFicam) {
+TEST_F(EditByDialog, ValuesWithoutATileStay) {
     const AcGePoint3d origem;
     const AcDbObjectId viga =
         poe(new ZpISoldado(origem, ZpObject::kVistaDireita, 300, 300, 250, 8, 9.5, 6000, 0, 0, 0));
-    edita(viga, {"h=400", "accept"});
+    edit(viga, {"h=400", "accept"});
     EXPECT_EQ(valor(viga, Papel::H), 400);
     EXPECT_EQ(valor(viga, Papel::Bb), 250);
     const AcDbObjectId perfilU = poe(new ZpUDobrado(origem, ZpObject::kVistaDireita, 200, 75, 75, 3,
                                                     6, 0.5 * kPi, 0.5 * kPi, 1000, 0, 0, 0));
-    edita(perfilU, {"b=80", "accept"});
+    edit(perfilU, {"b=80", "accept"});
     EXPECT_EQ(valor(perfilU, Papel::Ri), 6);
     EXPECT_EQ(valor(perfilU, Papel::B2), 80);  // equal by rule
     const AcDbObjectId cantoneira = poe(new ZpCantoneiraDobrada(origem, ZpObject::kVistaDireita, 60,
                                                                 60, 4, 4, kPi / 3, 1000, 0, 0, 0));
-    edita(cantoneira, {"accept"});
+    edit(cantoneira, {"accept"});
     EXPECT_DOUBLE_EQ(valor(cantoneira, Papel::Ang1), kPi / 3);
     const AcDbObjectId caixa = poe(
         new ZpCaixaDobrado(origem, ZpObject::kVistaDireita, 200, 75, 3, 3, 150, 1000, 0, 0, 20));
-    edita(caixa, {"a=0", "accept"});
+    edit(caixa, {"a=0", "accept"});
     EXPECT_EQ(valor(caixa, Papel::Vao), 0);
     EXPECT_EQ(valor(caixa, Papel::Aba), 20);
     // Another row of the catalogue is another section, of which nothing is kept.
     const AcDbObjectId laminado =
         poe(new ZpULaminado(origem, ZpObject::kVistaDireita, 76.2, 35.81, 4.32, 35.81, 9, 9, 12,
                             4.32, 0, 0, 1000, 775.8, 6.1));
-    edita(laminado, {"lista=3", "accept"});
+    edit(laminado, {"lista=3", "accept"});
     EXPECT_EQ(valor(laminado, Papel::H), 101.6);
     EXPECT_EQ(valor(laminado, Papel::Tf1), 4.67);
 }
 
-TEST_F(EdicaoPorDialogo, ChapasQueCoincidemSaoUmaParte) {
+TEST_F(EditByDialog, CoincidingChapasAreOnePart) {
     // Spaces of (1000 - 100) / 8 = 112.5; 1000 holds nine of them, of which the last one meets the
     // far end.
     const AcDbObjectId peca =
@@ -113,34 +113,34 @@ TEST_F(EdicaoPorDialogo, ChapasQueCoincidemSaoUmaParte) {
                                  "accept", "dimensionar=1", "travejar=1", "altura=30",
                                  "largura=100", "n_partes=8", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 10u);
-    edita(peca, {"accept"});
-    edita(peca, {"accept"});
+    edit(peca, {"accept"});
+    edit(peca, {"accept"});
     EXPECT_EQ(chapas().size(), 10u);
     EXPECT_NEAR(chapas()[1], 112.5, 1e-9);
     // Its dimensions have nothing to do with the plates.
     const auto cotas = zp::edicao::cotasDe(*Read<ZpObject>(peca).object());
     ASSERT_EQ(cotas.size(), 2u);
-    edita(peca, {"travejar=0", "accept"});
+    edit(peca, {"travejar=0", "accept"});
     EXPECT_TRUE(chapas().empty());
     EXPECT_EQ(zp::edicao::cotasDe(*Read<ZpObject>(peca).object()), cotas);
 }
 
-TEST_F(EdicaoPorDialogo, OutroComprimentoMantemAsPartes) {
+TEST_F(EditByDialog, AnotherComprimentoKeepsTheParts) {
     const AcDbObjectId peca = desenha(
         L"cantdteel", {"lista=12", "a=10", "vista0=0", "OutraVista", "l=3000", "accept", "travejar",
                        "altura=60", "largura=100", "n_partes=9", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 10u);
-    edita(peca, {"OutraVista", "l=3400", "accept", "accept"});
+    edit(peca, {"OutraVista", "l=3400", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 10u);
     for (int i = 0; i < 10; ++i)
         EXPECT_NEAR(chapas()[static_cast<std::size_t>(i)], i * (3400.0 - 100.0) / 9, 1e-9);
     // Nine spaces of a shorter one would not stand apart; the dialog asks for others.
-    edita(peca, {"OutraVista", "l=2000", "accept", "accept", "travejar", "n_partes=4", "accept",
-                 "accept"});
+    edit(peca, {"OutraVista", "l=2000", "accept", "accept", "travejar", "n_partes=4", "accept",
+                "accept"});
     EXPECT_EQ(chapas().size(), 5u);
 }
 
-TEST_F(EdicaoPorDialogo, AntesDeDesenharOEspacamentoEQueFica) {
+TEST_F(EditByDialog, BeforeDrawingTheSpacingStays) {
     // Spaces of (2500 - 100) / 5 = 480; 6000 holds 12.5 of them, rounded up.
     const AcDbObjectId peca =
         desenha(L"pcantoneira", {"h=60", "b=50", "t=4", "vista0=0", "OutraVista", "l=2500",
@@ -148,28 +148,28 @@ TEST_F(EdicaoPorDialogo, AntesDeDesenharOEspacamentoEQueFica) {
                                  "accept", "OutraVista", "l=6000", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 14u);
     EXPECT_NEAR(chapas()[1], 480.0, 1e-9);
-    edita(peca, {"accept"});
+    edit(peca, {"accept"});
     EXPECT_EQ(troca(peca, L"tipo_barra", L"1"), L"");
     ASSERT_EQ(chapas().size(), 14u);
     EXPECT_NEAR(chapas()[1], 480.0, 1e-9) << "the length is the same";
-    edita(peca, {"OutraVista", "l=6600", "accept", "accept"});
+    edit(peca, {"OutraVista", "l=6600", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 14u);
     EXPECT_NEAR(chapas()[1], 500.0, 1e-9) << "another length keeps the parts";
 }
 
-TEST_F(EdicaoPorDialogo, ChapaDeSecaoNaoTemLargura) {
+TEST_F(EditByDialog, AChapaInASecaoHasNoLargura) {
     const AcDbObjectId peca =
         desenha(L"cantdteel", {"lista=12", "a=10", "travejar", "altura=60", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 1u);
-    edita(peca, {"vista0=0", "OutraVista", "l=1000", "accept", "accept", "cancel"});
+    edit(peca, {"vista0=0", "OutraVista", "l=1000", "accept", "accept", "cancel"});
     EXPECT_EQ(chapas().size(), 1u);
-    edita(peca, {"vista0=0", "OutraVista", "l=1000", "accept", "travejar", "largura=10",
-                 "n_partes=4", "accept", "accept"});
+    edit(peca, {"vista0=0", "OutraVista", "l=1000", "accept", "travejar", "largura=10",
+                "n_partes=4", "accept", "accept"});
     ASSERT_EQ(chapas().size(), 5u);
     EXPECT_NEAR(chapas()[1] - chapas()[0], 247.5, 1e-9);
 }
 
-TEST_F(EdicaoPorDialogo, CaixaAbertaComAbaGuardaAsDuasFileiras) {
+TEST_F(EditByDialog, AnOpenCaixaWithAbaKeepsBothRows) {
     const AcDbObjectId peca =
         desenha(L"perfilduc",
                 {"h=200", "b=75", "t=3", "a=170", "vista0=0", "OutraVista", "l=1000", "accept",
@@ -182,25 +182,25 @@ TEST_F(EdicaoPorDialogo, CaixaAbertaComAbaGuardaAsDuasFileiras) {
     EXPECT_EQ(chapas().size(), 10u);
     EXPECT_EQ(troca(peca, L"comprimento", L"131"), L"");
     EXPECT_EQ(chapas().size(), 10u);
-    edita(peca, {"accept"});
+    edit(peca, {"accept"});
     EXPECT_EQ(chapas().size(), 10u);
     EXPECT_EQ(valor(peca, Papel::Vao), 170);
     EXPECT_EQ(valor(peca, Papel::Aba), 20);
 }
 
-TEST_F(EdicaoPorDialogo, SaiDaListaEGanhaChapas) {
+TEST_F(EditByDialog, LeavesTheListAndGetsChapas) {
     const AcDbObjectId peca =
         desenha(L"cantdteel", {"lista=12", "a=0", "vista0=0", "OutraVista", "l=3000",
                                "gerar_matlist=1", "num_pecas=1", "accept", "accept"});
     ASSERT_EQ(linhas().size(), 1u);
-    edita(peca, {"OutraVista", "gerar_matlist=0", "accept", "travejar", "altura=60", "largura=10",
-                 "n_partes=8", "accept", "accept"});
+    edit(peca, {"OutraVista", "gerar_matlist=0", "accept", "travejar", "altura=60", "largura=10",
+                "n_partes=8", "accept", "accept"});
     EXPECT_EQ(chapas().size(), 9u);
     ASSERT_EQ(linhas().size(), 1u);
     EXPECT_TRUE(zp::lista::apagada(linhas()[0]));
 }
 
-TEST_F(EdicaoPorDialogo, MarcasDeUmDesenhoAbertoTemSuasPecas) {
+TEST_F(EditByDialog, MarcasOfAnOpenedDrawingHaveTheirPecas) {
     desenha(L"cantdteel",
             {"lista=12", "a=10", "vista0=0", "OutraVista", "l=1000", "accept", "travejar",
              "altura=60", "largura=10", "n_partes=4", "accept", "accept"});
@@ -210,7 +210,7 @@ TEST_F(EdicaoPorDialogo, MarcasDeUmDesenhoAbertoTemSuasPecas) {
     ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
     const AcDbObjectId peca = entities().front();
-    edita(peca, {"OutraVista", "gerar_matlist=1", "num_pecas=1", "accept", "accept"});
+    edit(peca, {"OutraVista", "gerar_matlist=1", "num_pecas=1", "accept", "accept"});
     ASSERT_EQ(linhas().size(), 2u);
     EXPECT_EQ(Read<ZpMarca>(linhas()[0].ids[0])->peca(), peca);
     const AcDbObjectId placa = Read<ZpMarca>(linhas()[1].ids[0])->peca();

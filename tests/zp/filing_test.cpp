@@ -10,15 +10,15 @@
 
 namespace {
 
-using namespace zp_teste;
+using namespace zp_tests;
 
 /// Groups in memory; gives them back, or as many of them as it is told.
-class Grupos : public AcDbDxfFiler {
+class Groups : public AcDbDxfFiler {
 public:
     struct Grupo {
         int codigo = 0;
         std::wstring texto;
-        double reais[3] = {};
+        double reals[3] = {};
         int inteiro = 0;
         AcDbObjectId id;
     };
@@ -26,17 +26,17 @@ public:
     std::size_t ate = 0;
     std::wstring erro;
 
-    void rele(std::size_t quantos) {
-        m_lido = 0;
+    void reread(std::size_t quantos) {
+        m_read = 0;
         ate = quantos;
-        m_estado = Acad::eOk;
+        m_state = Acad::eOk;
         erro.clear();
     }
-    Acad::ErrorStatus filerStatus() const override { return m_estado; }
-    void resetFilerStatus() override { m_estado = Acad::eOk; }
+    Acad::ErrorStatus filerStatus() const override { return m_state; }
+    void resetFilerStatus() override { m_state = Acad::eOk; }
     Acad::ErrorStatus setError(Acad::ErrorStatus es, const ACHAR* texto, ...) override {
         erro = texto;
-        return m_estado = es;
+        return m_state = es;
     }
     Acad::ErrorStatus writeString(int c, const ACHAR* t) override { return poe({c, t, {}, 0, {}}); }
     Acad::ErrorStatus writeDouble(int c, double v) override { return poe({c, L"", {v}, 0, {}}); }
@@ -54,33 +54,33 @@ public:
         return poe({c, L"", {}, 0, id});
     }
     Acad::ErrorStatus readItem(resbuf* r) override {
-        if (m_lido >= ate) return Acad::eBadDxfSequence;
-        const Grupo& g = grupos[m_lido++];
+        if (m_read >= ate) return Acad::eBadDxfSequence;
+        const Grupo& g = grupos[m_read++];
         r->restype = static_cast<short>(g.codigo);
-        if (g.codigo == 40) r->resval.rreal = g.reais[0];
-        if (g.codigo == 10 || g.codigo == 11) std::copy_n(g.reais, 3, r->resval.rpoint);
+        if (g.codigo == 40) r->resval.rreal = g.reals[0];
+        if (g.codigo == 10 || g.codigo == 11) std::copy_n(g.reals, 3, r->resval.rpoint);
         if (g.codigo == 70) r->resval.rint = static_cast<short>(g.inteiro);
         if (g.codigo == 330) (void)acdbGetAdsName(r->resval.rlname, g.id);
         if (g.codigo < 10 || g.codigo == 100)
             (void)acutNewString(g.texto.c_str(), r->resval.rstring);
         return Acad::eOk;
     }
-    void pushBackItem() override { --m_lido; }
+    void pushBackItem() override { --m_read; }
     bool atSubclassData(const ACHAR* nome) override {
-        if (m_lido >= ate || grupos[m_lido].codigo != 100 || grupos[m_lido].texto != nome)
+        if (m_read >= ate || grupos[m_read].codigo != 100 || grupos[m_read].texto != nome)
             return false;
-        ++m_lido;
+        ++m_read;
         return true;
     }
-    bool atEOF() override { return m_lido >= ate; }
+    bool atEOF() override { return m_read >= ate; }
 
 private:
     Acad::ErrorStatus poe(Grupo g) {
         grupos.push_back(std::move(g));
-        return m_estado;
+        return m_state;
     }
-    std::size_t m_lido = 0;
-    Acad::ErrorStatus m_estado = Acad::eOk;
+    std::size_t m_read = 0;
+    Acad::ErrorStatus m_state = Acad::eOk;
 };
 
 /// Everything that a report says, as one text.
@@ -121,13 +121,13 @@ protected:
     std::wstring relatorio(AcDbObjectId id) { return relatorio(*Read<AcDbEntity>(id)); }
 
     /// One of every class, with values of its own kind.
-    std::vector<std::unique_ptr<ZpObject>> deTodasAsClasses() {
+    std::vector<std::unique_ptr<ZpObject>> ofAllKinds() {
         const AcGePoint3d p(10, 20, 3);
         const AcGePoint3d q(110, 120, 3);
         const double r = 0.5 * kPi;
         const auto v = ZpObject::kVistaSuperior;
-        std::vector<std::unique_ptr<ZpObject>> todas;
-        const auto poe = [&](ZpObject* o) { todas.emplace_back(o); };
+        std::vector<std::unique_ptr<ZpObject>> all;
+        const auto poe = [&](ZpObject* o) { all.emplace_back(o); };
         poe(new ZpUDobrado(p, v, 200, 75, 75, 2.65, 2.65, r, r, 900, kPi, 0, 20));
         poe(new ZpUDobrado(p, q, v, 200, 75, 75, 2.65, 2.65, r, r, 0, 20));
         poe(new ZpZDobrado(p, v, 150, 60, 20, 2, 2, r, r, 900, 0, 0, 0, 0));
@@ -166,46 +166,46 @@ protected:
         poe(new ZpILaminadoUSA(p, q, v, 200, 100, 5.6, 8.5, ZpILaminadoUSA::kAmericano, 0, 2848.9,
                                22.4));
         poe(new ZpChapa(p, ZpObject::kVistaEsquerda, 100, 8, 120, 0, -r));
-        for (const auto& o : todas) {
+        for (const auto& o : all) {
             o->settipoBarra(ZpObject::kTerca);
             o->transformBy(
                 AcGeMatrix3d::mirroring(AcGePoint3d(1, 2, 0), AcGeVector3d(0.6, 0.8, 0)));
             o->transformBy(AcGeMatrix3d::scaling(1.5));
         }
-        return todas;
+        return all;
     }
 };
 
-TEST_F(Arquivo, TodasAsClassesVoltamIguais) {
-    for (const auto& o : deTodasAsClasses()) {
+TEST_F(Arquivo, EveryKindComesBackTheSame) {
+    for (const auto& o : ofAllKinds()) {
         SCOPED_TRACE(testing::Message() << o->isA()->name());
         const std::wstring antes = relatorio(*o);
         ASSERT_NE(antes.find(L"perfil='"), std::wstring::npos);
 
-        prancheta::MemoryFiler memoria(AcDb::kCopyFiler);
-        ASSERT_EQ(o->dwgOutFields(&memoria), Acad::eOk);
-        memoria.rewind();
+        prancheta::MemoryFiler memory(AcDb::kCopyFiler);
+        ASSERT_EQ(o->dwgOutFields(&memory), Acad::eOk);
+        memory.rewind();
         const std::unique_ptr<ZpObject> volta(ZpObject::cast(o->isA()->create()));
-        ASSERT_EQ(volta->dwgInFields(&memoria), Acad::eOk);
-        EXPECT_TRUE(memoria.atEnd());
+        ASSERT_EQ(volta->dwgInFields(&memory), Acad::eOk);
+        EXPECT_TRUE(memory.atEnd());
         EXPECT_EQ(relatorio(*volta), antes);
 
-        Grupos grupos;
+        Groups grupos;
         ASSERT_EQ(o->dxfOutFields(&grupos), Acad::eOk);
-        grupos.rele(grupos.grupos.size());
-        const std::unique_ptr<ZpObject> deDxf(ZpObject::cast(o->isA()->create()));
-        ASSERT_EQ(deDxf->dxfInFields(&grupos), Acad::eOk);
+        grupos.reread(grupos.grupos.size());
+        const std::unique_ptr<ZpObject> fromDxf(ZpObject::cast(o->isA()->create()));
+        ASSERT_EQ(fromDxf->dxfInFields(&grupos), Acad::eOk);
         EXPECT_TRUE(grupos.atEOF());
-        EXPECT_EQ(relatorio(*deDxf), antes);
+        EXPECT_EQ(relatorio(*fromDxf), antes);
     }
 }
 
-TEST_F(Arquivo, RegistroCortadoOuEstragadoERecusado) {
+TEST_F(Arquivo, ACutOrDamagedRecordIsRefused) {
     ZpTubo tubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaDireita, 60.3, 54.3);
-    Grupos grupos;
+    Groups grupos;
     tubo.dxfOutFields(&grupos);
     for (std::size_t n = 0; n < grupos.grupos.size(); ++n) {
-        grupos.rele(n);
+        grupos.reread(n);
         ZpTubo outro;
         EXPECT_NE(outro.dxfInFields(&grupos), Acad::eOk) << n;
         EXPECT_EQ(outro.getComprimentoReal(), 0.0);
@@ -214,53 +214,53 @@ TEST_F(Arquivo, RegistroCortadoOuEstragadoERecusado) {
     // of links.
     for (const auto& [grupo, valor] :
          {std::pair<std::size_t, int>{2, 1}, {6, 9}, {7, 5}, {grupos.grupos.size() - 1, -1}}) {
-        Grupos ruins;
-        ruins.grupos = grupos.grupos;
-        ASSERT_EQ(ruins.grupos[grupo].codigo, 70);
-        ruins.grupos[grupo].inteiro = valor;
-        ruins.rele(ruins.grupos.size());
+        Groups bad;
+        bad.grupos = grupos.grupos;
+        ASSERT_EQ(bad.grupos[grupo].codigo, 70);
+        bad.grupos[grupo].inteiro = valor;
+        bad.reread(bad.grupos.size());
         ZpTubo outro;
-        EXPECT_EQ(outro.dxfInFields(&ruins), Acad::eInvalidInput) << grupo;
+        EXPECT_EQ(outro.dxfInFields(&bad), Acad::eInvalidInput) << grupo;
     }
 }
 
-TEST_F(Arquivo, MedidasQueNenhumComandoDaSaoRecusadas) {
+TEST_F(Arquivo, SizesThatNoCommandGivesAreRefused) {
     ZpUDobrado u(AcGePoint3d(), ZpObject::kVistaSecao, 200, 75, 75, 3, 3, 1.5, 1.5, 1000, 0, 0, 20);
-    Grupos grupos;
+    Groups grupos;
     u.dxfOutFields(&grupos);
-    std::vector<std::size_t> reais;
+    std::vector<std::size_t> reals;
     for (std::size_t i = 0; i < grupos.grupos.size(); ++i)
-        if (grupos.grupos[i].codigo == 40) reais.push_back(i);
-    ASSERT_EQ(grupos.grupos[reais[0]].reais[0], 200.0);
+        if (grupos.grupos[i].codigo == 40) reals.push_back(i);
+    ASSERT_EQ(grupos.grupos[reals[0]].reals[0], 200.0);
     // The height, the upper flange, its angle, and the length behind the eleven values.
-    for (const std::size_t qual : {reais[0], reais[1], reais[5], reais[11]}) {
+    for (const std::size_t index : {reals[0], reals[1], reals[5], reals[11]}) {
         for (const double valor : {-5.0, 0.0, 1e308, 2e9, 1.0}) {
-            Grupos outros;
+            Groups outros;
             outros.grupos = grupos.grupos;
-            outros.grupos[qual].reais[0] = valor;
-            outros.rele(outros.grupos.size());
+            outros.grupos[index].reals[0] = valor;
+            outros.reread(outros.grupos.size());
             ZpUDobrado lida;
             // A length of nothing is that of a piece between two equal points.
-            const bool possivel = valor == 1.0 || (valor == 0.0 && qual == reais[11]);
-            EXPECT_EQ(lida.dxfInFields(&outros), possivel ? Acad::eOk : Acad::eInvalidInput)
-                << qual << " " << valor;
+            const bool possible = valor == 1.0 || (valor == 0.0 && index == reals[11]);
+            EXPECT_EQ(lida.dxfInFields(&outros), possible ? Acad::eOk : Acad::eInvalidInput)
+                << index << " " << valor;
         }
     }
 }
 
-TEST_F(Arquivo, VersaoMaisNovaERecusadaComMotivo) {
+TEST_F(Arquivo, ANewerVersionIsRefusedWithAReason) {
     ZpBarraRedonda barra(AcGePoint3d(), ZpObject::kVistaSecao, 25.4, 1000, 0);
-    Grupos grupos;
+    Groups grupos;
     barra.dxfOutFields(&grupos);
     ASSERT_EQ(grupos.grupos[1].inteiro, 1);
     grupos.grupos[1].inteiro = 2;
-    grupos.rele(grupos.grupos.size());
+    grupos.reread(grupos.grupos.size());
     ZpBarraRedonda outra;
     EXPECT_EQ(outra.dxfInFields(&grupos), Acad::eNotImplementedYet);
     EXPECT_NE(grupos.erro.find(L"versão"), std::wstring::npos);
 }
 
-TEST_F(Arquivo, DesenhoSalvoEAberto) {
+TEST_F(Arquivo, ADrawingSavedAndOpened) {
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / "zp_arquivo_test.dxf";
     const AcDbObjectId peca = u(100, 0, 500);
@@ -275,15 +275,15 @@ TEST_F(Arquivo, DesenhoSalvoEAberto) {
     ASSERT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
     ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
-    const std::vector<AcDbObjectId> todas = entities();
-    ASSERT_EQ(todas.size(), 3u);
-    EXPECT_EQ(relatorio(todas[0]) + relatorio(todas[2]), antes);
+    const std::vector<AcDbObjectId> all = entities();
+    ASSERT_EQ(all.size(), 3u);
+    EXPECT_EQ(relatorio(all[0]) + relatorio(all[2]), antes);
     // The links live: what was tied follows in the opened drawing.
     type({L"_move"});
-    pick(0, 0, {todas[0]});
+    pick(0, 0, {all[0]});
     type({L"", L"0,0", L"10,0"});
     const double c = std::sqrt(0.5);
-    esperaCota(todas[1], 200 * c + 10, 0, 700 * c + 10, 500 * c, 210 * c + 10, -10 * c);
+    expectCota(all[1], 200 * c + 10, 0, 700 * c + 10, 500 * c, 210 * c + 10, -10 * c);
 }
 
 /// Record of the entity with this handle, from its "0" to the next one's.
@@ -303,7 +303,7 @@ std::string troca(std::string texto, const std::string& que, const std::string& 
     return onde == std::string::npos ? texto : texto.replace(onde, que.size(), por);
 }
 
-TEST_F(Arquivo, OutroProgramaMoveCopiaEApaga) {
+TEST_F(Arquivo, AnotherProgramMovesCopiesAndErases) {
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / "zp_visita_test.dxf";
     const AcDbObjectId peca = u(100, 0, 500);
@@ -318,40 +318,40 @@ TEST_F(Arquivo, OutroProgramaMoveCopiaEApaga) {
         id.handle().getIntoAsciiBuffer(texto);
         return prancheta::toUtf8(texto);
     };
-    const std::string daPeca = handle(peca);
-    const std::string daQueSome = handle(some);
+    const std::string ofPeca = handle(peca);
+    const std::string ofVanishing = handle(some);
     ASSERT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
     std::string texto = *prancheta::readFile(arquivo);
     // The second dimension goes, the piece moves up by 50 and has a copy further up.
-    const auto [de, ate] = registro(texto, daQueSome);
+    const auto [de, ate] = registro(texto, ofVanishing);
     texto.erase(de, ate - de);
-    const auto [inicio, fim] = registro(texto, daPeca);
+    const auto [inicio, fim] = registro(texto, ofPeca);
     const std::string original = texto.substr(inicio, fim - inicio);
-    const std::string movida = troca(original, "\n20\n0.0\n", "\n20\n50.0\n");
+    const std::string moved = troca(original, "\n20\n0.0\n", "\n20\n50.0\n");
     const std::string copia =
-        troca(troca(original, "\n20\n0.0\n", "\n20\n900.0\n"), "\n5\n" + daPeca, "\n5\nFF0");
-    texto.replace(inicio, fim - inicio, movida + copia);
+        troca(troca(original, "\n20\n0.0\n", "\n20\n900.0\n"), "\n5\n" + ofPeca, "\n5\nFF0");
+    texto.replace(inicio, fim - inicio, moved + copia);
     prancheta::AtomicFile saida(arquivo);
     ASSERT_TRUE(static_cast<bool>(saida.open()));
     saida.write(texto);
     ASSERT_TRUE(static_cast<bool>(saida.commit()));
     ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
-    const std::vector<AcDbObjectId> todas = entities();
-    ASSERT_EQ(todas.size(), 3u);
-    expectPoint(face(todas[0], 1), 100, -50);
-    expectPoint(face(todas[1], 1), 100, 800);
-    esperaCota(todas[2], 100, -50, 600, -50, 100, -60);
-    EXPECT_NE(relatorio(todas[0]).find(L"cotas=[ #" + prancheta::toWide(handle(todas[2])) + L" ]"),
+    const std::vector<AcDbObjectId> all = entities();
+    ASSERT_EQ(all.size(), 3u);
+    expectPoint(face(all[0], 1), 100, -50);
+    expectPoint(face(all[1], 1), 100, 800);
+    expectCota(all[2], 100, -50, 600, -50, 100, -60);
+    EXPECT_NE(relatorio(all[0]).find(L"cotas=[ #" + prancheta::toWide(handle(all[2])) + L" ]"),
               std::wstring::npos)
-        << testing::PrintToString(relatorio(todas[0]));
-    EXPECT_NE(relatorio(todas[1]).find(L"cotas=[ ]"), std::wstring::npos);
+        << testing::PrintToString(relatorio(all[0]));
+    EXPECT_NE(relatorio(all[1]).find(L"cotas=[ ]"), std::wstring::npos);
     EXPECT_FALSE(editor->database().core().undo().canUndo()) << "opening is no step";
 }
 
-class Visitado : public Arquivo {
+class Revisited : public Arquivo {
 protected:
-    Visitado() {
+    Revisited() {
         peca = u(100, 0, 500);
         medida = cota(100, -100, 600, -100, 100, -110);
         placa = chapa(500, 60, 100, 120);
@@ -361,7 +361,7 @@ protected:
         });
         arquivo = std::filesystem::temp_directory_path() / "zp_visitado_test.dxf";
     }
-    ~Visitado() override { std::filesystem::remove(arquivo); }
+    ~Revisited() override { std::filesystem::remove(arquivo); }
     std::string salva() {
         EXPECT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
         return *prancheta::readFile(arquivo);
@@ -378,9 +378,9 @@ protected:
         return prancheta::toUtf8(texto);
     }
     /// The same text with the INSERT of the piece somewhere else.
-    static std::string movida(std::string texto, const std::string& qual, const char* de,
-                              const char* para) {
-        const auto [inicio, fim] = registro(texto, qual);
+    static std::string moved(std::string texto, const std::string& index, const char* de,
+                             const char* para) {
+        const auto [inicio, fim] = registro(texto, index);
         return texto.replace(inicio, fim - inicio,
                              troca(texto.substr(inicio, fim - inicio), de, para));
     }
@@ -393,38 +393,38 @@ protected:
     std::filesystem::path arquivo;
 };
 
-TEST_F(Visitado, PecaMovidaLevaOQueELigado) {
-    const std::string daPeca = handle(peca);
-    grava(movida(salva(), daPeca, "\n20\n0.0\n", "\n20\n50.0\n"));
+TEST_F(Revisited, AMovedPecaTakesWhatIsTiedToIt) {
+    const std::string ofPeca = handle(peca);
+    grava(moved(salva(), ofPeca, "\n20\n0.0\n", "\n20\n50.0\n"));
     // Inside a command, as users open drawings.
     type({L"_open", arquivo.wstring().c_str()});
-    const std::vector<AcDbObjectId> todas = entities();
-    ASSERT_EQ(todas.size(), 3u);
-    esperaPonto(inicio(todas[0]), 100, 50);
-    esperaCota(todas[1], 100, -50, 600, -50, 100, -60);
-    esperaPonto(inicio(todas[2]), 500, 110);
+    const std::vector<AcDbObjectId> all = entities();
+    ASSERT_EQ(all.size(), 3u);
+    expectNear(inicio(all[0]), 100, 50);
+    expectCota(all[1], 100, -50, 600, -50, 100, -60);
+    expectNear(inicio(all[2]), 500, 110);
     EXPECT_FALSE(editor->database().core().undo().canUndo()) << "opening is no step";
 }
 
-TEST_F(Visitado, MovidaComAChapaNaoEMovidaDuasVezes) {
-    const std::string daPeca = handle(peca);
-    const std::string daPlaca = handle(placa);
-    const std::string texto = movida(salva(), daPeca, "\n20\n0.0\n", "\n20\n50.0\n");
-    grava(movida(texto, daPlaca, "\n20\n60.0\n", "\n20\n110.0\n"));
+TEST_F(Revisited, WhatMovedWithItsChapaMovesOnce) {
+    const std::string ofPeca = handle(peca);
+    const std::string ofChapa = handle(placa);
+    const std::string texto = moved(salva(), ofPeca, "\n20\n0.0\n", "\n20\n50.0\n");
+    grava(moved(texto, ofChapa, "\n20\n60.0\n", "\n20\n110.0\n"));
     ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     ASSERT_EQ(entities().size(), 3u);
-    esperaPonto(inicio(entities()[2]), 500, 110);
+    expectNear(inicio(entities()[2]), 500, 110);
     // A plate that was moved alone stays where it was put, and goes on from there.
-    grava(movida(salva(), daPlaca, "\n10\n500.0\n", "\n10\n400.0\n"));
+    grava(moved(salva(), ofChapa, "\n10\n500.0\n", "\n10\n400.0\n"));
     ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
-    esperaPonto(inicio(entities()[2]), 400, 110);
+    expectNear(inicio(entities()[2]), 400, 110);
     type({L"_move"});
     pick(0, 0, {entities()[0]});
     type({L"", L"0,0", L"0,7"});
-    esperaPonto(inicio(entities()[2]), 400, 117);
+    expectNear(inicio(entities()[2]), 400, 117);
 }
 
-TEST_F(Visitado, QuemNaoFoiMovidoFicaIgual) {
+TEST_F(Revisited, WhatWasNotMovedStays) {
     muda(peca, [](ZpObject& p) {
         p.transformBy(AcGeMatrix3d::rotation(0.3, AcGeVector3d::kZAxis, AcGePoint3d(7, 1, 0)));
     });
@@ -433,7 +433,7 @@ TEST_F(Visitado, QuemNaoFoiMovidoFicaIgual) {
     EXPECT_TRUE(salva() == antes);
 }
 
-TEST_F(Arquivo, RelatorioTemTudoNaOrdem) {
+TEST_F(Arquivo, TheReportHasEverythingInOrder) {
     const AcDbObjectId id = poe(new ZpISoldado(AcGePoint3d(1, 2, 0), ZpObject::kVistaDireita, 300,
                                                300, 300, 8, 9.5, 1000, 0, 0, 62.4));
     muda(id, [](ZpObject& p) {
@@ -455,14 +455,14 @@ TEST_F(Arquivo, RelatorioTemTudoNaOrdem) {
         L"espessura=8.000000 "
         L"area=7948.000000 perimetro=1784.000000 area_pintura=3.568000 peso=124.800000 perfil='CS' "
         L"dimensoes='300x62,4' cotas=[ ] ligados=[ ] ");
-    const AcDbObjectId rolado =
+    const AcDbObjectId rolled =
         poe(new ZpILaminadoUSA(AcGePoint3d(), ZpObject::kVistaSecao, 200, 100, 5.6, 8.5,
                                ZpILaminadoUSA::kAmericano, 0, 0, 1000, 0, 0));
-    EXPECT_NE(relatorio(rolado).find(L"5.600000 8.500000 2.000000 0.000000 0.000000 1000.000000"),
+    EXPECT_NE(relatorio(rolled).find(L"5.600000 8.500000 2.000000 0.000000 0.000000 1000.000000"),
               std::wstring::npos);
 }
 
-TEST_F(Arquivo, DadosDaBarraAcompanhamAPeca) {
+TEST_F(Arquivo, BarDataFollowThePeca) {
     const AcDbObjectId id = u(0, 0, 500);
     tagZP_GBARRA barra;
     ASSERT_EQ(GetXDataEntStObject(id, &barra), RTNORM);

@@ -8,7 +8,7 @@
 
 namespace {
 
-TEST(ZpString, SeparaEmCadaSeparador) {
+TEST(ZpString, CutsAtEverySeparator) {
     const ZpStringList p = ZpString(L"100\t\t4.5").Separate(L"\t");
     ASSERT_EQ(p.length(), 3);
     EXPECT_EQ(p[0], ZpString(L"100"));
@@ -20,7 +20,7 @@ TEST(ZpString, SeparaEmCadaSeparador) {
     EXPECT_TRUE(p[3].isEmpty());
 }
 
-TEST(ZpString, NumerosComPonto) {
+TEST(ZpString, NumbersWithAPoint) {
     // A comma ends the number.
     EXPECT_EQ(ZpString(L"12,5").toDouble(), 12.0);
     EXPECT_EQ(ZpString(L"aço").toDouble(), 0.0);
@@ -30,7 +30,7 @@ TEST(ZpString, NumerosComPonto) {
     EXPECT_EQ(ZpString(std::numeric_limits<double>::quiet_NaN()), ZpString(L"0"));
 }
 
-TEST(ZpString, CortaNoPrimeiroDoConjunto) {
+TEST(ZpString, CutsAtTheFirstOfTheSet) {
     ZpString linha(L"80\t40\t2\r\n");
     linha.CloseInChar(L"\n\r");
     EXPECT_EQ(linha + L"!", ZpString(L"80\t40\t2!"));
@@ -38,7 +38,7 @@ TEST(ZpString, CortaNoPrimeiroDoConjunto) {
     EXPECT_EQ(linha.length(), 7);
 }
 
-TEST(ZpStringList, AchaTrocaETira) {
+TEST(ZpStringList, FindsReplacesAndRemoves) {
     ZpStringList lista;
     lista.append(L"um");
     lista.append(L"dois");

@@ -9,13 +9,13 @@
 
 namespace {
 
-using namespace casos;
+using namespace samples;
 
 /// "-50V 22H": heights with V for seen and H for hidden edges, ± for a pair.
-std::vector<zp::secao::Nivel> leia(const std::string& texto) {
+std::vector<zp::secao::Nivel> readLevels(const std::string& texto) {
     std::vector<zp::secao::Nivel> niveis;
-    std::istringstream fluxo(texto);
-    for (std::string palavra; fluxo >> palavra;) {
+    std::istringstream stream(texto);
+    for (std::string palavra; stream >> palavra;) {
         const bool par = palavra[0] == '~';
         const double w = std::stod(palavra.substr(par ? 1 : 0));
         const bool visivel = palavra.back() == 'V';
@@ -26,12 +26,12 @@ std::vector<zp::secao::Nivel> leia(const std::string& texto) {
     return niveis;
 }
 
-TEST(Niveis, VistosEOcultos) {
+TEST(Levels, SeenAndHidden) {
     struct Linha {
-        Caso caso;
+        Sample sample;
         const char* vistas[4];
     };
-    const Linha kLinhas[] = {
+    const Linha kRows[] = {
         {u(200, 75, 3), {"-50V 22H 25V", "-50V 22H 25V", "~100V ~97V", "~100V ~97H"}},
         {u(200, 75, 2.65, 20),
          {"-50V -47.35H 22.35H 25V", "-50V -47.35H 22.35H 25V", "~100V ~97.35H ~80V",
@@ -49,10 +49,10 @@ TEST(Niveis, VistosEOcultos) {
           "~35.9210V ~31.4309V 0H", "~35.9210V ~31.4309H 0V"}},
         {{"2L T",
           Classe::CantTEELaminada,
-          {50.8, 50.8, 6.35, 0, 2 * 50.8 / 3, 6.35, 10, 0, 0, kLonge, 0, 0}},
+          {50.8, 50.8, 6.35, 0, 2 * 50.8 / 3, 6.35, 10, 0, 0, kFar, 0, 0}},
          {"~55.8V ~11.35H ~5V", "~55.8V ~11.35V ~5V", "-33.8667V 10.5833V 16.9333V",
           "-33.8667V 10.5833V 16.9333V"}},
-        {{"2L +", Classe::CantCruzLaminada, {50.8, 50.8, 6.35, 6.35, 8, 8, 0, 0, kLonge, 0, 0}},
+        {{"2L +", Classe::CantCruzLaminada, {50.8, 50.8, 6.35, 6.35, 8, 8, 0, 0, kFar, 0, 0}},
          {"~54.8V ~4V -10.35V 10.35H", "~54.8V ~4V -10.35H 10.35V", "~54.8V ~4V -10.35H 10.35V",
           "~54.8V ~4V -10.35V 10.35H"}},
         {uLaminado(152.4, 48.77, 5.08, 12.2),
@@ -62,57 +62,57 @@ TEST(Niveis, VistosEOcultos) {
         {tubo(60.3, 3),
          {"~30.15V ~27.15H", "~30.15V ~27.15H", "~30.15V ~27.15H", "~30.15V ~27.15H"}},
     };
-    for (const Linha& l : kLinhas)
+    for (const Linha& l : kRows)
         for (int vista = 1; vista <= 4; ++vista) {
-            SCOPED_TRACE(l.caso.nome + " vista " + std::to_string(vista));
-            const auto esperados = leia(l.vistas[vista - 1]);
-            const auto secao = l.caso.secao();
+            SCOPED_TRACE(l.sample.nome + " vista " + std::to_string(vista));
+            const auto expected = readLevels(l.vistas[vista - 1]);
+            const auto secao = l.sample.secao();
             const auto& niveis = secao->vista(vista).niveis;
-            ASSERT_EQ(niveis.size(), esperados.size());
+            ASSERT_EQ(niveis.size(), expected.size());
             for (std::size_t i = 0; i < niveis.size(); ++i) {
-                EXPECT_NEAR(niveis[i].w, esperados[i].w, 5e-5);
-                EXPECT_EQ(niveis[i].visivel, esperados[i].visivel) << niveis[i].w;
+                EXPECT_NEAR(niveis[i].w, expected[i].w, 5e-5);
+                EXPECT_EQ(niveis[i].visivel, expected[i].visivel) << niveis[i].w;
             }
         }
 }
 
-TEST(Niveis, MeiaVoltaTrocaAsFaces) {
+TEST(Levels, HalfATurnSwapsTheFaces) {
     // Turned by pi, the U shows from below what it showed from above, upside down.
     const auto reta = u(200, 75, 3).secao();
-    const auto virada = u(200, 75, 3, 0, std::numbers::pi).secao();
+    const auto turned = u(200, 75, 3, 0, std::numbers::pi).secao();
     const auto& a = reta->vista(4).niveis;
-    const auto& b = virada->vista(3).niveis;
+    const auto& b = turned->vista(3).niveis;
     ASSERT_EQ(a.size(), b.size());
     for (std::size_t i = 0; i < a.size(); ++i) {
         EXPECT_NEAR(a[i].w, -b[b.size() - 1 - i].w, 1e-9);
         EXPECT_EQ(a[i].visivel, b[b.size() - 1 - i].visivel);
     }
-    EXPECT_NEAR(virada->vista(2).wMin, -25.0, 1e-9);
-    EXPECT_NEAR(virada->vista(2).wMax, 50.0, 1e-9);
+    EXPECT_NEAR(turned->vista(2).wMin, -25.0, 1e-9);
+    EXPECT_NEAR(turned->vista(2).wMax, 50.0, 1e-9);
 }
 
-TEST(Niveis, VaoFicaAbertoEEmendaAparece) {
-    const Caso aberta{"", Classe::IDobrado, {200, 75, 75, 3, 3, 50, kLonge, 0, 0, 0}};
+TEST(Levels, AGapStaysOpenAndAJointShows) {
+    const Sample aberta{"", Classe::IDobrado, {200, 75, 75, 3, 3, 50, kFar, 0, 0, 0}};
     EXPECT_EQ(aberta.secao()->vista(1).trechos.size(), 2u);
     EXPECT_EQ(aberta.secao()->vista(3).trechos.size(), 1u);
     EXPECT_TRUE(aberta.secao()->vista(3).eixo);
     // Two lipped U toe to toe: the valley between the bends is an edge on the axis, so no axis is
     // drawn there.
-    const Caso fechada{"", Classe::CaixaDobrado, {200, 75, 3, 3, 0, kLonge, 0, 0, 20}};
+    const Sample fechada{"", Classe::CaixaDobrado, {200, 75, 3, 3, 0, kFar, 0, 0, 20}};
     const auto secao = fechada.secao();
     EXPECT_EQ(secao->vista(1).trechos.size(), 1u);
     EXPECT_FALSE(secao->vista(1).eixo);
-    bool emenda = false;
+    bool joint = false;
     for (const auto& n : secao->vista(1).niveis)
-        emenda = emenda || (std::abs(n.w) < 1e-9 && n.visivel);
-    EXPECT_TRUE(emenda);
+        joint = joint || (std::abs(n.w) < 1e-9 && n.visivel);
+    EXPECT_TRUE(joint);
 }
 
-TEST(Niveis, EixoSoDentroDaPeca) {
+TEST(Levels, TheAxisOnlyInsideThePeca) {
     EXPECT_TRUE(u(200, 75, 3).secao()->vista(1).eixo);
     EXPECT_TRUE(tubo(60.3, 3).secao()->vista(1).eixo);
     EXPECT_FALSE(bn(50.8, 6.35).secao()->vista(3).eixo);  // an edge lies on the axis
-    const Caso fora{"", Classe::CantLaminada, {50, 50, 5, -80, 30, 5, 0, 0, kLonge, 0, 0}};
+    const Sample fora{"", Classe::CantLaminada, {50, 50, 5, -80, 30, 5, 0, 0, kFar, 0, 0}};
     EXPECT_FALSE(fora.secao()->vista(1).eixo);
 }
 

@@ -17,9 +17,9 @@ using namespace zp::secao;
 
 namespace {
 
-constexpr double kReto = std::numbers::pi / 2;
-constexpr double kAreaPorMassa = 127.1848;  // mm2 for 1 kg/m
-constexpr double kDensidade = 7850e-6;      // kg/m for 1 mm2
+constexpr double kRight = std::numbers::pi / 2;
+constexpr double kAreaPerPeso = 127.1848;  // mm2 for 1 kg/m
+constexpr double kDensity = 7850e-6;       // kg/m for 1 mm2
 
 using Linha = std::vector<double>;
 
@@ -31,7 +31,7 @@ std::vector<std::string> divide(const std::string& texto, char separador) {
 }
 
 /// Rows of the table by their sizes: the listed mass.
-std::map<Linha, double> massas(const std::string& tabela, const std::vector<std::string>& colunas) {
+std::map<Linha, double> pesos(const std::string& tabela, const std::vector<std::string>& colunas) {
     std::ifstream in(HOUSE_SOURCE_DIR "/dados/" + tabela + ".csv");
     std::string texto;
     std::getline(in, texto);
@@ -40,12 +40,12 @@ std::map<Linha, double> massas(const std::string& tabela, const std::vector<std:
     while (std::getline(in, texto)) {
         // Designations hold doubled quotes but never a comma.
         const auto campos = divide(texto, ',');
-        std::map<std::string, double> porNome;
+        std::map<std::string, double> byName;
         for (std::size_t i = 0; i < nomes.size() && i < campos.size(); ++i)
-            porNome[nomes[i]] = std::strtod(campos[i].c_str(), nullptr);
+            byName[nomes[i]] = std::strtod(campos[i].c_str(), nullptr);
         Linha chave;
-        for (const std::string& coluna : colunas) chave.push_back(porNome[coluna]);
-        saida.emplace(chave, porNome["kg_m"]);
+        for (const std::string& coluna : colunas) chave.push_back(byName[coluna]);
+        saida.emplace(chave, byName["kg_m"]);
     }
     return saida;
 }
@@ -65,34 +65,34 @@ const std::vector<Lista>& listas() {
     using enum Classe;
     static const std::vector<std::string> kHbt = {"h", "b", "t"};
     static const std::vector<std::string> kHbta = {"h", "b", "t", "a"};
-    static const std::vector<Lista> todas = {
+    static const std::vector<Lista> all = {
         {"pu.lst", "u_dobrado", kHbt, 3, 0.03, UDobrado,
          [](const Linha& v, double) {
-             return Linha{v[0], v[1], v[1], v[2], v[2], kReto, kReto, 1000, 0, 0, 0};
+             return Linha{v[0], v[1], v[1], v[2], v[2], kRight, kRight, 1000, 0, 0, 0};
          }},
         {"pur.lst", "u_enrijecido", kHbta, 4, 0.03, UDobrado,
          [](const Linha& v, double) {
-             return Linha{v[0], v[1], v[1], v[2], v[2], kReto, kReto, 1000, 0, 0, v[3]};
+             return Linha{v[0], v[1], v[1], v[2], v[2], kRight, kRight, 1000, 0, 0, v[3]};
          }},
         {"pz.lst", "z_dobrado", kHbta, 4, 0.03, ZDobrado,
          [](const Linha& v, double) {
-             return Linha{v[0], v[1], v[3], v[2], v[2], kReto, kReto, 1000, 0, 0, 0, 0};
+             return Linha{v[0], v[1], v[3], v[2], v[2], kRight, kRight, 1000, 0, 0, 0, 0};
          }},
         {"pc.lst", "cartola", kHbta, 4, 0.03, Cartola,
          [](const Linha& v, double) { return Linha{v[0], v[1], v[2], v[2], v[3], 1000, 0, 0}; }},
         {"pl.lst", "cantoneira_dobrada", kHbt, 4, 0.03, CantoneiraDobrada,
          [](const Linha& v, double) {
-             return Linha{v[0], v[1], v[2], v[2], kReto, 1000, 0, 0, 0};
+             return Linha{v[0], v[1], v[2], v[2], kRight, 1000, 0, 0, 0};
          }},
         {"pl_lam.lst", "cantoneira_laminada", kHbt, 4, 0.03, CantLaminada,
          [](const Linha& v, double m) {
-             return Linha{v[0], v[1], v[2], v[1] / 3, 2 * v[0] / 3,     v[2],
-                          0,    0,    1000, m,        kAreaPorMassa * m};
+             return Linha{v[0], v[1], v[2], v[1] / 3, 2 * v[0] / 3,    v[2],
+                          0,    0,    1000, m,        kAreaPerPeso * m};
          }},
         {"pu_lam.lst", "u_laminado", kHbt, 4, 0.03, ULaminado,
          [](const Linha& v, double m) {
              return Linha{v[0],     v[1], v[2], v[1], v[2], v[2],
-                          v[1] / 3, v[2], 0,    0,    1000, kAreaPorMassa * m,
+                          v[1] / 3, v[2], 0,    0,    1000, kAreaPerPeso * m,
                           m};
          }},
         {"pbr.lst",
@@ -119,15 +119,15 @@ const std::vector<Lista>& listas() {
         {"pbox.lst", "caixa", kHbt, 3, 0.065, Box,
          [](const Linha& v, double) { return Linha{v[0], v[1], v[2], v[2], 1000, 0, 0}; }},
     };
-    return todas;
+    return all;
 }
 
 }  // namespace
 
-TEST(Listas, CadaLinhaTemSuasColunasUmaSecaoSaEAMassaDaTabela) {
+TEST(Listas, EachLineHasItsColumnsASoundSecaoAndThePesoOfTheTable) {
     for (const Lista& lista : listas()) {
         SCOPED_TRACE(lista.arquivo);
-        const auto tabela = massas(lista.tabela, lista.colunas);
+        const auto tabela = pesos(lista.tabela, lista.colunas);
         ASSERT_FALSE(tabela.empty());
         std::ifstream in(std::string(HOUSE_SOURCE_DIR "/instalacao/Perfis/Listas/") +
                          lista.arquivo);
@@ -145,7 +145,7 @@ TEST(Listas, CadaLinhaTemSuasColunasUmaSecaoSaEAMassaDaTabela) {
             const auto secao =
                 secaoDe(lista.classe, lista.pontos, lista.valores(medidas, linha->second));
             EXPECT_FALSE(secao->invalida());
-            const double massa = secao->propriedades().area * kDensidade;
+            const double massa = secao->propriedades().area * kDensity;
             // Light bars are listed to 0.01 kg/m.
             EXPECT_NEAR(massa, linha->second, std::max(lista.folga * linha->second, 0.006));
         }
@@ -153,7 +153,7 @@ TEST(Listas, CadaLinhaTemSuasColunasUmaSecaoSaEAMassaDaTabela) {
     }
 }
 
-TEST(Listas, LaminadosTemASerieQueATabelaDiz) {
+TEST(Listas, RolledOnesHaveTheSeriesThatTheTableSays) {
     std::ifstream in(HOUSE_SOURCE_DIR "/dados/acominas.csv");
     std::string texto;
     std::getline(in, texto);
@@ -161,11 +161,11 @@ TEST(Listas, LaminadosTemASerieQueATabelaDiz) {
     while (std::getline(in, texto)) {
         const auto campos = divide(texto, ',');
         const auto v = [&](std::size_t i) { return std::strtod(campos[i].c_str(), nullptr); };
-        const auto caso = casos::iLaminado(v(1), v(2), v(3), v(4), 1, v(5));
-        const auto serie =
-            textoPerfil(caso.classe, dadosDe(caso.classe, caso.pontos(), caso.valores), 0);
-        EXPECT_EQ(serie, texto.starts_with("HP") ? L"HP" : L"W") << texto;
-        ++contagem[serie];
+        const auto sample = samples::iLaminado(v(1), v(2), v(3), v(4), 1, v(5));
+        const auto series =
+            textoPerfil(sample.classe, dadosDe(sample.classe, sample.pontos(), sample.valores), 0);
+        EXPECT_EQ(series, texto.starts_with("HP") ? L"HP" : L"W") << texto;
+        ++contagem[series];
     }
     EXPECT_EQ(contagem[L"W"], 99);
     EXPECT_EQ(contagem[L"HP"], 8);

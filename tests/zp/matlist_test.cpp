@@ -15,19 +15,19 @@
 
 namespace {
 
-using namespace zp_teste;
+using namespace zp_tests;
 
-class ListaMaterial : public Desenho {
+class MaterialListTest : public Desenho {
 protected:
     /// As a drawing command enters one piece: `tipo` pieces, plates when there are any.
-    int entra(int tipo, int chapas = 0) {
-        CCountMarca contador;
+    int enter(int tipo, int chapas = 0) {
+        CCountMarca counter;
         int lista = 0;
         int estado = 0;
         AcDbObjectId id;
-        if (ZpArxConnectLista(lista, id, estado, grupo, contador, tipo) == 0) return 0;
+        if (ZpArxConnectLista(lista, id, estado, grupo, counter, tipo) == 0) return 0;
         AcGePoint3d ponto(0, -600, 0);
-        if (ZpArxOpenLista(lista, id, estado, grupo, tipo, contador, ponto) == 0) return 0;
+        if (ZpArxOpenLista(lista, id, estado, grupo, tipo, counter, ponto) == 0) return 0;
         wchar_t marca[kZpMarcaMax];
         for (int i = 0; i < (chapas > 0 ? 2 : 1); ++i) {
             if (ZpArxGetNextMarca(marca) == 0) return 0;
@@ -43,24 +43,25 @@ protected:
             if (ZpArxAddToLista(linha) == 0) return 0;
         }
         ZpArxCloseLista();
-        ultima = lista;
+        last = lista;
         return 1;
     }
     std::vector<zp::lista::Lista> listas() { return zp::lista::listas(editor->database()); }
-    std::vector<Linha> linhas(std::size_t qual = 0) {
-        return listas().size() > qual ? zp::lista::linhas(listas()[qual].id) : std::vector<Linha>();
+    std::vector<Linha> linhas(std::size_t index = 0) {
+        return listas().size() > index ? zp::lista::linhas(listas()[index].id)
+                                       : std::vector<Linha>();
     }
     std::vector<std::wstring> marcas() {
         std::vector<std::wstring> m;
         for (const Linha& l : linhas()) m.push_back(l.marca);
         return m;
     }
-    int ultima = 0;
+    int last = 0;
     wchar_t grupo[7] = L"Perfil";
 };
 
-TEST_F(ListaMaterial, QuantidadePesoEPinturaPelasPecas) {
-    EXPECT_EQ(entra(3, 6), 1);
+TEST_F(MaterialListTest, QuantidadePesoAndPinturaByThePecas) {
+    EXPECT_EQ(enter(3, 6), 1);
     const auto l = linhas();
     ASSERT_EQ(l.size(), 2u);
     EXPECT_EQ(l[0].quantidade, 3);
@@ -72,77 +73,77 @@ TEST_F(ListaMaterial, QuantidadePesoEPinturaPelasPecas) {
     EXPECT_DOUBLE_EQ(l[1].pesoTotal, 27);
     EXPECT_EQ(l[1].observacao, L"Travejamento");
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2"}));
-    EXPECT_EQ(entra(0), 1);  // fewer than one piece is one
+    EXPECT_EQ(enter(0), 1);  // fewer than one piece is one
     EXPECT_EQ(linhas().back().quantidade, 1);
     EXPECT_EQ(linhas().back().marca, L"P3");
     EXPECT_EQ(listas().size(), 1u);
 }
 
-TEST_F(ListaMaterial, SemListaAbertaNadaEntra) {
+TEST_F(MaterialListTest, WithoutAnOpenListNothingEnters) {
     wchar_t marca[kZpMarcaMax] = L"";
     EXPECT_EQ(ZpArxGetNextMarca(marca), 0);
     Linha linha(L"P1", 1, L"U", L"", L"ACO", 1, 1, 1, 1, L"");
     EXPECT_EQ(ZpArxAddToLista(linha), 0);
     {
-        CCountMarca contador;
+        CCountMarca counter;
         int lista = 0, estado = 0, tipo = 1;
         AcDbObjectId id;
         AcGePoint3d p;
-        ASSERT_EQ(ZpArxConnectLista(lista, id, estado, grupo, contador, tipo), 1);
+        ASSERT_EQ(ZpArxConnectLista(lista, id, estado, grupo, counter, tipo), 1);
         EXPECT_EQ(estado, 1);
-        ASSERT_EQ(ZpArxOpenLista(lista, id, estado, grupo, tipo, contador, p), 1);
+        ASSERT_EQ(ZpArxOpenLista(lista, id, estado, grupo, tipo, counter, p), 1);
         // A mark asked for twice before its row is entered is another one each time.
         EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
         EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
         EXPECT_STREQ(marca, L"P2");
     }
     EXPECT_EQ(ZpArxAddToLista(linha), 0);  // the counter is gone: so is the open list
-    entra(1);
+    enter(1);
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1"}));
 }
 
-TEST_F(ListaMaterial, ComVariasPergunta) {
-    entra(1);
+TEST_F(MaterialListTest, AsksWhenThereAreSeveral) {
+    enter(1);
     type({L"LISTAMATERIAL", L"nova"});
     ASSERT_EQ(listas().size(), 2u);
     RawInput resposta;
     resposta.kind = RawInput::Kind::Text;
     resposta.text = L"2";
-    ui.respostas.push_back(resposta);
-    EXPECT_EQ(entra(1), 1);
+    ui.answers.push_back(resposta);
+    EXPECT_EQ(enter(1), 1);
     EXPECT_TRUE(asked(L"Lista de material <1>: "));
     EXPECT_EQ(linhas(1).size(), 1u);
     EXPECT_EQ(linhas(1)[0].marca, L"P1");  // each list counts by itself
-    EXPECT_EQ(listas()[1].cabecalho.ponto.y, -600.0) << "beside its first piece, as a list that "
-                                                        "a piece began";
+    EXPECT_EQ(listas()[1].header.ponto.y, -600.0) << "beside its first piece, as a list that "
+                                                     "a piece began";
     resposta.text.clear();
-    ui.respostas.push_back(resposta);
-    EXPECT_EQ(entra(1), 1);
+    ui.answers.push_back(resposta);
+    EXPECT_EQ(enter(1), 1);
     EXPECT_TRUE(asked(L"Lista de material <2>: "));
     EXPECT_EQ(linhas(1).size(), 2u);
     resposta.kind = RawInput::Kind::Cancel;
-    ui.respostas.push_back(resposta);
-    EXPECT_EQ(entra(1), 0);
+    ui.answers.push_back(resposta);
+    EXPECT_EQ(enter(1), 0);
 }
 
-TEST_F(ListaMaterial, DesfazerLiberaAMarca) {
-    entra(1);
+TEST_F(MaterialListTest, UndoFreesTheMarca) {
+    enter(1);
     auto& undo = editor->database().core().undo();
     undo.begin(L"TESTE");
-    entra(1);
+    enter(1);
     undo.end();
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2"}));
     type({L"_u"});
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1"}));
     EXPECT_EQ(conta<ZpMarca>(), 1u);
-    entra(1);
+    enter(1);
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2"}));
 }
 
-TEST_F(ListaMaterial, SalvaEAbreComMarcas) {
+TEST_F(MaterialListTest, SavedAndOpenedWithMarcas) {
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / "zp_matlist_test.dxf";
-    entra(2, 4);
+    enter(2, 4);
     ASSERT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
     ASSERT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
     std::filesystem::remove(arquivo);
@@ -154,12 +155,12 @@ TEST_F(ListaMaterial, SalvaEAbreComMarcas) {
     const Read<ZpMarca> marca(l[0].ids[0]);
     ASSERT_NE(marca.object(), nullptr);
     EXPECT_EQ(marca->marca(), L"P1");
-    expectPoint(marca->textoEm(), -10, 110);
-    entra(1);
+    expectPoint(marca->textAt(), -10, 110);
+    enter(1);
     EXPECT_EQ(linhas().back().marca, L"P3");
 }
 
-TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
+TEST_F(MaterialListTest, CsvForABrazilianSpreadsheet) {
     std::vector<Linha> l;
     l.emplace_back(L"P1", 2, L"Ue", L"200x75x20x2,65", L"ACO", 1234.5, 7.75, 15.5, 0.75,
                    L"com \"aba\"; furada");
@@ -172,7 +173,7 @@ TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
     // A spreadsheet would run the texts; numbers stay numbers.
     EXPECT_NE(texto.find(L"\r\n'-5;1;'=1+1;'\t2;'@A1;-5;-1;1;1;\"'+\"\"x\"\"\"\r\n"),
               std::wstring::npos);
-    entra(1);
+    enter(1);
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / u8"zp_pe\u00E7as.csv";
     const std::wstring nome = arquivo.parent_path().wstring() + L"/zp_pe\u00E7as.csv";
@@ -188,7 +189,7 @@ TEST_F(ListaMaterial, CsvParaPlanilhaBrasileira) {
     EXPECT_TRUE(said(L"Não foi possível gravar"));
 }
 
-TEST_F(ListaMaterial, ArquivoQueExisteSoETrocadoComSim) {
+TEST_F(MaterialListTest, AnExistingFileIsReplacedOnlyAfterYes) {
     namespace fs = std::filesystem;
     const fs::path pasta = fs::temp_directory_path() / "zp_lista_destino";
     fs::remove_all(pasta);
@@ -199,7 +200,7 @@ TEST_F(ListaMaterial, ArquivoQueExisteSoETrocadoComSim) {
     };
     const auto poe = [&](const char* nome) { std::ofstream(pasta / nome) << "antes"; };
     const auto em = [&](const std::string& nome) { return (pasta / nome).wstring(); };
-    entra(1);
+    enter(1);
     poe("desenho.dxf");
     poe("lista.csv.tmp");
     // The extension is added unless it is the right one, whatever its case.
@@ -228,11 +229,11 @@ TEST_F(ListaMaterial, ArquivoQueExisteSoETrocadoComSim) {
 }
 
 /// A part of a workbook, as the language's own archive reader gives it.
-std::string parteDe(const std::filesystem::path& livro, const std::string& parte) {
+std::string partOf(const std::filesystem::path& book, const std::string& parte) {
     const std::string comando =
         "python3 -c \"import sys,zipfile;sys.stdout.buffer.write(zipfile.ZipFile(sys.argv[1])"
         ".read(sys.argv[2]))\" '" +
-        livro.string() + "' " + parte;
+        book.string() + "' " + parte;
     std::string bytes;
     FILE* cano = popen(comando.c_str(), "r");
     if (cano == nullptr) return bytes;
@@ -241,23 +242,23 @@ std::string parteDe(const std::filesystem::path& livro, const std::string& parte
     return bytes;
 }
 
-TEST_F(ListaMaterial, XlsxComNumerosETotais) {
+TEST_F(MaterialListTest, XlsxWithNumbersAndTotals) {
     if (std::system("python3 -c 'import zipfile'") != 0) GTEST_SKIP() << "no python3";
     const std::filesystem::path arquivo = std::filesystem::temp_directory_path() / "zp_lista.xlsx";
     std::filesystem::remove(arquivo);
-    entra(2, 4);
-    entra(1);
+    enter(2, 4);
+    enter(1);
     type({L"_erase"});
     pick(0, 0, {linhas()[2].ids[0]});
     type({L"", L"LISTAMATERIAL", L"xlsx",
           std::filesystem::path(arquivo).replace_extension().wstring().c_str()});
     EXPECT_TRUE(said(L"Lista gravada em"));
     EXPECT_TRUE(said(L"fora dos totais: 1. A opção Limpar as retira.\n"));
-    const std::string folha = parteDe(arquivo, "xl/worksheets/sheet1.xml");
-    const std::string textos = parteDe(arquivo, "xl/sharedStrings.xml");
+    const std::string folha = partOf(arquivo, "xl/worksheets/sheet1.xml");
+    const std::string textos = partOf(arquivo, "xl/sharedStrings.xml");
     // The value of a number cell; text cells have a type.
-    const auto valor = [&](const std::string& celula) {
-        const std::size_t de = folha.find("<c r=\"" + celula + "\"");
+    const auto valor = [&](const std::string& cell) {
+        const std::size_t de = folha.find("<c r=\"" + cell + "\"");
         const std::size_t v = folha.find("<v>", de);
         if (de == std::string::npos ||
             folha.substr(de, v - de).find("t=\"s\"") != std::string::npos)
@@ -283,10 +284,10 @@ TEST_F(ListaMaterial, XlsxComNumerosETotais) {
     std::filesystem::remove(arquivo);
 }
 
-TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
+TEST_F(MaterialListTest, AnErasedPecaIsShownAndComesBack) {
     const AcDbObjectId peca = u(0, 0, 500);  // its first corner is where the mark points
     u(0, 300, 500);
-    entra(3);
+    enter(3);
     const AcDbObjectId marca = linhas()[0].ids[0];
     EXPECT_EQ(Read<ZpMarca>(marca)->peca(), peca);
     const auto apaga = [&](std::initializer_list<AcDbObjectId> quais) {
@@ -295,27 +296,27 @@ TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
         type({L""});
     };
     apaga({peca});
-    EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"peça apagada");
+    EXPECT_EQ(zp::lista::observacaoOf(linhas()[0]), L"peça apagada");
     EXPECT_EQ(linhas()[0].observacao, L"");
     EXPECT_EQ(zp::lista::totalsOf(linhas())[7], 0.0);
     for (const wchar_t* volta : {L"_u", L"_oops"}) {
         if (!peca.isErased()) apaga({peca, marca});
         type({volta});
-        EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"");
+        EXPECT_EQ(zp::lista::observacaoOf(linhas()[0]), L"");
         EXPECT_DOUBLE_EQ(zp::lista::totalsOf(linhas())[7], 12);
         EXPECT_EQ(Read<ZpMarca>(marca)->peca(), peca);
     }
     // A plate newer than the bar is what a mark at the plate's third corner stands for, and nothing
     // is what a mark elsewhere stands for.
     const AcDbObjectId placa = chapa(200, 60, 100, 120);
-    const auto pecaEm = [&](const AcGePoint3d& ponta) {
+    const auto pecaAt = [&](const AcGePoint3d& ponta) {
         AcDbObjectId id;
         wchar_t texto[] = L"P9";
         ZpArxAddMarca(ponta, AcGePoint3d(-10, 110, 0), texto, id);
         return Read<ZpMarca>(id)->peca();
     };
-    EXPECT_EQ(pecaEm(face(placa, 2)), placa);
-    EXPECT_TRUE(pecaEm(AcGePoint3d(77, 77, 0)).isNull());
+    EXPECT_EQ(pecaAt(face(placa, 2)), placa);
+    EXPECT_TRUE(pecaAt(AcGePoint3d(77, 77, 0)).isNull());
     // Copied together, the copy of the mark stands for the copy of the piece.
     type({L"_copy"});
     pick(0, 0, {peca, marca});
@@ -324,49 +325,49 @@ TEST_F(ListaMaterial, PecaApagadaApareceEVolta) {
     EXPECT_EQ(copia->peca(), entities()[entities().size() - 2]);
 }
 
-TEST_F(ListaMaterial, PecaApagadaNaoSeEsqueceAoSalvar) {
+TEST_F(MaterialListTest, AnErasedPecaIsNotForgottenBySaving) {
     const std::filesystem::path arquivo =
         std::filesystem::temp_directory_path() / "zp_peca_apagada_test.dxf";
-    const auto reabre = [&] {
+    const auto reopen = [&] {
         EXPECT_TRUE(static_cast<bool>(editor->file().save(arquivo)));
         EXPECT_TRUE(static_cast<bool>(editor->file().open(arquivo)));
         std::filesystem::remove(arquivo);
     };
     u(0, 0, 500);
-    entra(1);
-    reabre();
+    enter(1);
+    reopen();
     ASSERT_EQ(linhas().size(), 1u);
     EXPECT_EQ(Read<ZpMarca>(linhas()[0].ids[0])->peca(), entities()[0]);
-    EXPECT_EQ(zp::lista::estadoDe(linhas()[0]), zp::lista::Estado::Viva);
+    EXPECT_EQ(zp::lista::stateOf(linhas()[0]), zp::lista::Estado::Alive);
     type({L"_erase"});
     pick(0, 0, {entities()[0]});
     type({L""});
     for (int vez = 0; vez < 2; ++vez) {
-        reabre();
+        reopen();
         ASSERT_EQ(linhas().size(), 1u);
-        EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"peça apagada");
+        EXPECT_EQ(zp::lista::observacaoOf(linhas()[0]), L"peça apagada");
     }
     type({L"_erase"});
     pick(0, 0, {linhas()[0].ids[0]});
     type({L""});
     for (int vez = 0; vez < 2; ++vez) {
-        reabre();
-        EXPECT_EQ(zp::lista::observacaoDe(linhas()[0]), L"apagada");
+        reopen();
+        EXPECT_EQ(zp::lista::observacaoOf(linhas()[0]), L"apagada");
     }
 }
 
-TEST_F(ListaMaterial, LimparRetiraSoAsApagadas) {
+TEST_F(MaterialListTest, PurgingRemovesOnlyTheErasedOnes) {
     const AcDbObjectId peca = u(0, 0, 500);
-    entra(1);
+    enter(1);
     const AcDbObjectId outra = u(0, 0, 700);  // newer on the same corner: the next mark is its own
-    entra(1);
-    const AcDbObjectId terceira = u(0, 0, 900);
-    entra(1);
+    enter(1);
+    const AcDbObjectId third = u(0, 0, 900);
+    enter(1);
     EXPECT_EQ(Read<ZpMarca>(linhas()[1].ids[0])->peca(), outra);
     type({L"LISTAMATERIAL", L"limpar"});
     EXPECT_TRUE(said(L"Nenhuma linha de peça ou marca apagada.\n"));
     type({L"_erase"});
-    pick(0, 0, {peca, terceira});
+    pick(0, 0, {peca, third});
     type({L"", L"LISTAMATERIAL", L"limpar", L"n"});
     EXPECT_EQ(linhas().size(), 3u);
     EXPECT_TRUE(said(L"P1: U 200x75x3, peça apagada"));
@@ -376,21 +377,21 @@ TEST_F(ListaMaterial, LimparRetiraSoAsApagadas) {
     EXPECT_EQ(conta<ZpMarca>(), 1u);
     auto& undo = editor->database().core().undo();
     undo.begin(L"TESTE");
-    entra(1);  // the mark that became free
+    enter(1);  // the mark that became free
     undo.end();
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P2", L"P1"}));
     type({L"_u", L"_u"});
     EXPECT_EQ(marcas(), (std::vector<std::wstring>{L"P1", L"P2", L"P3"}));
     EXPECT_EQ(conta<ZpMarca>(), 3u);
-    entra(1);
+    enter(1);
     EXPECT_EQ(linhas().back().marca, L"P4");
 }
 
-TEST_F(ListaMaterial, LinhaQueVoltaEAchada) {
+TEST_F(MaterialListTest, ARowThatComesBackIsFound) {
     const AcDbObjectId peca = u(0, 0, 500);
-    entra(3);
+    enter(3);
     const AcDbObjectId outra = u(0, 0, 700);
-    entra(1);
+    enter(1);
     type({L"_erase"});
     pick(0, 0, {peca});
     type({L"", L"LISTAMATERIAL", L"limpar", L""});
@@ -401,29 +402,29 @@ TEST_F(ListaMaterial, LinhaQueVoltaEAchada) {
     EXPECT_EQ(zp::lista::quantidadeListada(outra), 1);
 }
 
-TEST_F(ListaMaterial, PecaEsticadaEEscaladaContamComoEstao) {
+TEST_F(MaterialListTest, StretchedAndScaledPecasCountAsTheyStand) {
     const AcDbObjectId peca = u(0, 0, 500);
-    entra(2);
+    enter(2);
     muda(peca, [](ZpObject& p) { p.AlteraComprimento(1000); });
     const std::filesystem::path arquivo = std::filesystem::temp_directory_path() / "zp_estica.csv";
-    const auto exporta = [&] {
+    const auto exportTo = [&] {
         type({L"LISTAMATERIAL", L"csv", arquivo.wstring().c_str()});
         std::filesystem::remove(arquivo);
         return linhas()[0];
     };
     // 1020.4115 mm2, see the property sheets.
     const double massa = 1020.4115e-6 * 7850;
-    EXPECT_DOUBLE_EQ(exporta().comprimento, 1000);
-    EXPECT_NEAR(exporta().pesoTotal, 2 * massa, 1e-4);
+    EXPECT_DOUBLE_EQ(exportTo().comprimento, 1000);
+    EXPECT_NEAR(exportTo().pesoTotal, 2 * massa, 1e-4);
     muda(peca, [](ZpObject& p) {
         (void)p.transformBy(AcGeMatrix3d::scaling(2, AcGePoint3d(0, 100, 0)));
     });
-    EXPECT_NEAR(exporta().pesoUnitario, 8 * massa, 1e-4);
+    EXPECT_NEAR(exportTo().pesoUnitario, 8 * massa, 1e-4);
     EXPECT_EQ(linhas()[0].dimensoes, L"400x150x6");
 }
 
-TEST_F(ListaMaterial, TabelaSeAtualizaNoLugar) {
-    entra(1);
+TEST_F(MaterialListTest, TheTableIsUpdatedInItsPlace) {
+    enter(1);
     type({L"LISTAMATERIAL", L"", L"1000,2000"});
     const std::size_t uma = entities().size();
     const auto textos = [&] {
@@ -434,12 +435,12 @@ TEST_F(ListaMaterial, TabelaSeAtualizaNoLugar) {
         }
         return t;
     };
-    const auto tem = [&](const wchar_t* qual) {
+    const auto tem = [&](const wchar_t* index) {
         const auto t = textos();
-        return std::count(t.begin(), t.end(), std::wstring(qual));
+        return std::count(t.begin(), t.end(), std::wstring(index));
     };
     EXPECT_EQ(tem(L"200x75x3"), 1);
-    entra(2);
+    enter(2);
     type({L"LISTAMATERIAL", L""});  // stands already: nothing is asked
     EXPECT_EQ(tem(L"200x75x3"), 2);
     EXPECT_EQ(tem(L"MARCA"), 1);
@@ -455,17 +456,17 @@ TEST_F(ListaMaterial, TabelaSeAtualizaNoLugar) {
     EXPECT_EQ(tem(L"8"), 2);  // its own row and the total
 }
 
-TEST_F(ListaMaterial, MarcaSeMoveComOTextoDireito) {
-    entra(1);
+TEST_F(MaterialListTest, AMarcaMovesWithItsTextUpright) {
+    enter(1);
     const AcDbObjectId id = linhas()[0].ids[0];
     AcDbEntity* marca = nullptr;
     ASSERT_EQ(acdbOpenAcDbEntity(marca, id, AcDb::kForWrite), Acad::eOk);
     EXPECT_EQ(marca->transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(), AcGeVector3d::kXAxis)),
               Acad::eOk);
-    AcGeMatrix3d torta;
-    torta.entry[0][1] = 0.5;
-    EXPECT_EQ(marca->transformBy(torta), Acad::eCannotScaleNonUniformly);
-    expectPoint(static_cast<ZpMarca*>(marca)->textoEm(), 10, 110);
+    AcGeMatrix3d skewed;
+    skewed.entry[0][1] = 0.5;
+    EXPECT_EQ(marca->transformBy(skewed), Acad::eCannotScaleNonUniformly);
+    expectPoint(static_cast<ZpMarca*>(marca)->textAt(), 10, 110);
     AcDbVoidPtrArray partes;
     EXPECT_EQ(marca->explode(partes), Acad::eOk);
     bool texto = false;
@@ -481,8 +482,8 @@ TEST_F(ListaMaterial, MarcaSeMoveComOTextoDireito) {
     marca->close();
 }
 
-TEST_F(ListaMaterial, RelatorioDoDesenho) {
-    class Conta : public protocol::PropertyVisitor {
+TEST_F(MaterialListTest, ReportOfTheDrawing) {
+    class Visitor : public protocol::PropertyVisitor {
     public:
         std::wstring chaves;
         void number(const ACHAR* n, double) override { diz(n); }
@@ -495,13 +496,13 @@ TEST_F(ListaMaterial, RelatorioDoDesenho) {
         void beginGroup(const ACHAR*) override { chaves += L"{ "; }
         void endGroup() override { chaves += L"} "; }
         void diz(const ACHAR* n) { chaves += std::wstring(n) + L" "; }
-    } visita;
-    entra(1);
+    } visit;
+    enter(1);
     auto* r =
         static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
     ASSERT_NE(r, nullptr);
-    r->describe(editor->database(), visita);
-    EXPECT_EQ(visita.chaves,
+    r->describe(editor->database(), visit);
+    EXPECT_EQ(visit.chaves,
               L"lista_material { marca quantidade descricao dimensoes material comprimento "
               L"peso_unitario peso_total "
               L"area_pintura observacao lista grupo apagada ids # pecas } ");

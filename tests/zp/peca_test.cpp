@@ -8,26 +8,26 @@
 
 namespace {
 
-using namespace zp_teste;
+using namespace zp_tests;
 
 using Peca = Desenho;
 
-TEST_F(Peca, PontosLimiteDasVistas) {
+TEST_F(Peca, LimitPointsOfTheVistas) {
     // Axis at web + b/3: the plain U spans x -25..50, so view 1 spans w -50..25.
     const AcDbObjectId secao = u(10, 20, 1000, ZpObject::kVistaSecao);
-    esperaPonto(face(secao, 0), -15, 120);
-    esperaPonto(face(secao, 1), -15, -80);
-    esperaPonto(face(secao, 2), 60, 120);
-    esperaPonto(face(secao, 3), 60, -80);
+    expectNear(face(secao, 0), -15, 120);
+    expectNear(face(secao, 1), -15, -80);
+    expectNear(face(secao, 2), 60, 120);
+    expectNear(face(secao, 3), 60, -80);
     const AcDbObjectId superior = u(10, 20, 500, ZpObject::kVistaSuperior);
-    esperaPonto(face(superior, 0), 10, 45);
-    esperaPonto(face(superior, 3), 510, -30);
+    expectNear(face(superior, 0), 10, 45);
+    expectNear(face(superior, 3), 510, -30);
     const AcDbObjectId direita = u(10, 20, 500);
-    esperaPonto(face(direita, 0), 10, 120);
-    esperaPonto(face(direita, 3), 510, -80);
+    expectNear(face(direita, 0), 10, 120);
+    expectNear(face(direita, 3), 510, -80);
 }
 
-TEST_F(Peca, DoisPontosDaoComprimentoEAngulo) {
+TEST_F(Peca, TwoPointsGiveComprimentoAndAngle) {
     const AcDbObjectId id =
         poe(new ZpUDobrado(AcGePoint3d(10, 10, 5), AcGePoint3d(10, -490, 5),
                            ZpObject::kVistaDireita, 200, 75, 75, 3, 3, 0.5 * kPi, 0.5 * kPi, 0, 0));
@@ -40,7 +40,7 @@ TEST_F(Peca, DoisPontosDaoComprimentoEAngulo) {
     peca->EndPoint(fim);
     expectPoint(fim, 10, -490, 5);
     // Turned by -90 degrees, the upper edge lies to the right.
-    esperaPonto(face(id, 0), 110, 10);
+    expectNear(face(id, 0), 110, 10);
     // A drag starts with both points alike.
     const ZpUDobrado vazia(AcGePoint3d(1, 2, 0), AcGePoint3d(1, 2, 0), ZpObject::kVistaDireita, 200,
                            75, 75, 3, 3, 0, 0, 0, 0);
@@ -48,21 +48,21 @@ TEST_F(Peca, DoisPontosDaoComprimentoEAngulo) {
     EXPECT_EQ(vazia.getPeso(), 0.0);
 }
 
-TEST_F(Peca, TuboDaOQuadradoDoFuroNaSecao) {
+TEST_F(Peca, ATuboGivesTheSquareOfItsHoleInTheSecao) {
     // Widened by the wall 3, the corners are those of the outer diameter; so also for a negative
     // inner diameter.
     const AcDbObjectId id =
         poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 60.3, 54.3));
-    esperaPonto(face(id, 0), -27.15, 27.15);
-    const AcDbObjectId grosso =
+    expectNear(face(id, 0), -27.15, 27.15);
+    const AcDbObjectId thick =
         poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 100, -20));
-    esperaPonto(face(grosso, 0), 10, -10);
+    expectNear(face(thick, 0), 10, -10);
     const AcDbObjectId vista =
         poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaDireita, 60.3, 54.3));
-    esperaPonto(face(vista, 2), 100, 30.15);
+    expectNear(face(vista, 2), 100, 30.15);
 }
 
-TEST_F(Peca, ChapasEmSuasAtitudes) {
+TEST_F(Peca, ChapasInTheirAttitudes) {
     struct Linha {
         ZpObject::ZpVistas vista;
         double rot1, rot2;
@@ -76,8 +76,8 @@ TEST_F(Peca, ChapasEmSuasAtitudes) {
                            Linha{ZpObject::kVistaSuperior, 0.5 * kPi, 0, 4, 0, -4, 50}}) {
         const AcDbObjectId id =
             poe(new ZpChapa(AcGePoint3d(7, 9, 0), l.vista, 50, 8, 120, l.rot1, l.rot2));
-        esperaPonto(face(id, 1), 7 + l.x0, 9 + l.y0);
-        esperaPonto(face(id, 2), 7 + l.x1, 9 + l.y1);
+        expectNear(face(id, 1), 7 + l.x0, 9 + l.y0);
+        expectNear(face(id, 2), 7 + l.x1, 9 + l.y1);
         const Read<ZpChapa> chapa(id);
         EXPECT_NEAR(chapa->getPeso(), 50 * 8 * 120 * 7850e-9, 1e-12);
         EXPECT_NEAR(chapa->getAreaPintura(), 2 * (50 * 8 + 50 * 120 + 8 * 120) * 1e-6, 1e-12);
@@ -87,21 +87,21 @@ TEST_F(Peca, ChapasEmSuasAtitudes) {
     }
 }
 
-TEST_F(Peca, MovimentosRigidosEEspelho) {
+TEST_F(Peca, RigidMotionsAndMirroring) {
     const AcDbObjectId id = u(100, 0, 500, ZpObject::kVistaSuperior);  // w -50..25
     muda(id, [](ZpObject& p) {
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::rotation(0.5 * kPi, AcGeVector3d::kZAxis)),
                   Acad::eOk);
     });
-    esperaPonto(face(id, 0), -25, 100);
-    esperaPonto(face(id, 3), 50, 600);
+    expectNear(face(id, 0), -25, 100);
+    expectNear(face(id, 3), 50, 600);
     // Mirrored in the Y axis the upper edge changes sides, and the axis still points up.
     muda(id, [](ZpObject& p) {
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(), AcGeVector3d::kXAxis)),
                   Acad::eOk);
     });
-    esperaPonto(face(id, 0), 25, 100);
-    esperaPonto(face(id, 3), -50, 600);
+    expectNear(face(id, 0), 25, 100);
+    expectNear(face(id, 3), -50, 600);
     double angulo = 0;
     muda(id, [&](ZpObject& p) { p.AngleVista(angulo); });
     EXPECT_DOUBLE_EQ(angulo, 0.5 * kPi);
@@ -109,11 +109,11 @@ TEST_F(Peca, MovimentosRigidosEEspelho) {
     const Read<ZpObject> peca(id);
     AcGeMatrix3d ecs;
     peca->getEcs(ecs);
-    esperaPonto(ecs * AcGePoint3d(0, 25, 0), 25, 100);
+    expectNear(ecs * AcGePoint3d(0, 25, 0), 25, 100);
     EXPECT_LT(ecs.det(), 0.0);
 }
 
-TEST_F(Peca, QuatroQuartosDeVoltaNaoDeixamPo) {
+TEST_F(Peca, FourQuarterTurnsLeaveNoDust) {
     const AcDbObjectId id = u(0, 0, 500);
     for (int i = 0; i < 4000; ++i)
         muda(id, [](ZpObject& p) {
@@ -124,7 +124,7 @@ TEST_F(Peca, QuatroQuartosDeVoltaNaoDeixamPo) {
     EXPECT_EQ(angulo, 0.0);
 }
 
-TEST_F(Peca, EscalaMultiplicaTamanhos) {
+TEST_F(Peca, ScalingMultipliesSizes) {
     const AcDbObjectId id =
         poe(new ZpCantLaminada(AcGePoint3d(10, 0, 0), ZpObject::kVistaDireita, 50.8, 50.8, 6.35,
                                50.8 / 3, 2 * 50.8 / 3, 6.35, 0, 0, 1000, 4.74, 127.1848 * 4.74));
@@ -137,7 +137,7 @@ TEST_F(Peca, EscalaMultiplicaTamanhos) {
         EXPECT_NEAR(p.getArea(), 4 * area, 1e-9);
         EXPECT_NEAR(p.getPeso(), 8 * peso, 1e-9);
     });
-    esperaPonto(face(id, 1), 20, -4 * 50.8 / 3);
+    expectNear(face(id, 1), 20, -4 * 50.8 / 3);
     muda(id, [](ZpObject& p) {
         AcGeMatrix3d m;
         m.entry[0][0] = 2.0;
@@ -156,10 +156,10 @@ TEST_F(Peca, AlteraComprimento) {
             EXPECT_EQ(p.AlteraComprimento(ruim), Acad::eInvalidInput);
         EXPECT_EQ(p.getComprimentoReal(), 750.0);
     });
-    esperaPonto(face(id, 3), 750, -100);
+    expectNear(face(id, 3), 750, -100);
 }
 
-TEST_F(Peca, GripsEsticamEMovem) {
+TEST_F(Peca, GripsStretchAndMove) {
     const AcDbObjectId id = u(0, 0, 500);
     muda(id, [](ZpObject& p) {
         AcDbIntArray fim;
@@ -178,11 +178,11 @@ TEST_F(Peca, GripsEsticamEMovem) {
         EXPECT_EQ(p.moveGripPointsAt(meio, AcGeVector3d(5, 5, 0)), Acad::eOk);
         AcGePoint3d s;
         p.StartPoint(s);
-        esperaPonto(s, 5, 5);
+        expectNear(s, 5, 5);
     });
 }
 
-TEST_F(Peca, CorteNaFaceDaOutra) {
+TEST_F(Peca, CutAtTheFaceOfAnother) {
     const AcDbObjectId viga = u(0, 0, 1000);
     // A column upright at x = 800..1000 (its height 200 lies across the beam's axis).
     const AcDbObjectId pilar = u(900, -500, 1000);
@@ -202,7 +202,7 @@ TEST_F(Peca, CorteNaFaceDaOutra) {
     muda(secao, [&](ZpObject& p) { EXPECT_EQ(p.Corte(pilar), Acad::eNotApplicable); });
 }
 
-TEST_F(Peca, ExplodeDaLinhasComSeusTipos) {
+TEST_F(Peca, ExplodingGivesLinesWithTheirLinetypes) {
     const AcDbObjectId id =
         u(0, 0, 500, ZpObject::kVistaSuperior);  // levels -50V 22H 25V, two ends, axis
     const Read<ZpObject> peca(id);
@@ -216,7 +216,7 @@ TEST_F(Peca, ExplodeDaLinhasComSeusTipos) {
         ++tipos[tipo];
         acutDelString(tipo);
         if (e->colorIndex() == 1) {
-            esperaPonto(static_cast<AcDbLine&>(*e).endPoint(), 500, 0);
+            expectNear(static_cast<AcDbLine&>(*e).endPoint(), 500, 0);
         }
     }
     EXPECT_EQ(partes.length(), 6);
@@ -224,7 +224,7 @@ TEST_F(Peca, ExplodeDaLinhasComSeusTipos) {
     EXPECT_EQ(tipos[L"CENTER"], 1);
 }
 
-TEST_F(Peca, SecaoExplodidaGuardaAArea) {
+TEST_F(Peca, AnExplodedSecaoKeepsItsArea) {
     // The polyline's own area (shoelace plus arc segments) is the section's, also mirrored and
     // turned.
     for (const bool espelhada : {false, true}) {
@@ -256,15 +256,15 @@ TEST_F(Peca, SecaoExplodidaGuardaAArea) {
         }
         EXPECT_NEAR(area, espelhada ? -1020.411501 : 1020.411501, 1e-5);
         AcDbExtents caixa;
-        AcDbExtents daPolilinha;
+        AcDbExtents ofPolyline;
         peca->getGeomExtents(caixa);
-        p->getGeomExtents(daPolilinha);
-        EXPECT_NEAR(caixa.minPoint().x, daPolilinha.minPoint().x, 1e-9);
-        EXPECT_NEAR(caixa.maxPoint().y, daPolilinha.maxPoint().y, 1e-9);
+        p->getGeomExtents(ofPolyline);
+        EXPECT_NEAR(caixa.minPoint().x, ofPolyline.minPoint().x, 1e-9);
+        EXPECT_NEAR(caixa.maxPoint().y, ofPolyline.maxPoint().y, 1e-9);
     }
 }
 
-TEST_F(Peca, OsnapsDeLinhasArcosEOrigem) {
+TEST_F(Peca, OsnapsOfLinesArcsAndOrigin) {
     const AcDbObjectId id = u(10, 20, 1000, ZpObject::kVistaSecao);
     const Read<ZpObject> peca(id);
     const auto tem = [&](AcDb::OsnapMode modo, double x, double y) {
@@ -282,20 +282,20 @@ TEST_F(Peca, OsnapsDeLinhasArcosEOrigem) {
     EXPECT_TRUE(tem(AcDb::kOsModeQuad, -15, 120 - 6));     // where the bend's arc begins
 }
 
-TEST_F(Peca, ListaDizOQueE) {
+TEST_F(Peca, ListSaysWhatItIs) {
     const AcDbObjectId id = u(0, 0, 500, ZpObject::kVistaSuperior);
     const Read<ZpObject> peca(id);
     peca->list();
     EXPECT_TRUE(said(L"U 200x75x3"));
     EXPECT_TRUE(said(L"vista superior"));
     EXPECT_TRUE(said(L"1020,41"));
-    const AcDbObjectId torta = poe(new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaSecao, 40, 30, 30,
-                                                  2, 2, 0, 0, 1000, 0, 0, 25));
-    Read<ZpObject>(torta)->list();
+    const AcDbObjectId skewed = poe(new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaSecao, 40, 30, 30,
+                                                   2, 2, 0, 0, 1000, 0, 0, 25));
+    Read<ZpObject>(skewed)->list();
     EXPECT_TRUE(said(L"seção inválida: desenhada pela caixa"));
 }
 
-TEST_F(Peca, ValoresDasLaminadas) {
+TEST_F(Peca, ValuesOfRolledOnes) {
     ZpULaminado p(AcGePoint3d(), ZpObject::kVistaSecao, 152.4, 48.77, 5.08, 48.77, 5.08, 5.08,
                   48.77 / 3, 5.08, 0, 0, 1000, 12.2 * 127.1848, 12.2);
     double valor = 0;
@@ -308,7 +308,7 @@ TEST_F(Peca, ValoresDasLaminadas) {
     EXPECT_NEAR(ZpULaminado::calcDeslocF(48.77, 5.08), 3.6408333333, 1e-9);
 }
 
-TEST_F(Peca, ObjetoCabeNaMemoria) {
+TEST_F(Peca, AnObjectIsSmall) {
     // A drawing of 100,000 pieces counts every byte; links are apart and only where there are any.
     EXPECT_LE(sizeof(ZpUDobrado) + sizeof(zp::Peca), 480u);
     const ZpBarraRedonda a(AcGePoint3d(), ZpObject::kVistaSecao, 25.4, 1000, 0);
@@ -316,7 +316,7 @@ TEST_F(Peca, ObjetoCabeNaMemoria) {
     EXPECT_EQ(&zp::Acesso::de(a).secao(), &zp::Acesso::de(b).secao());
 }
 
-TEST(Funcoes, FormatInString) {
+TEST(Functions, FormatInString) {
     EXPECT_STREQ(FormatInString(2.5), L"2.5");
     EXPECT_STREQ(FormatInString(100), L"100");
     EXPECT_STREQ(FormatInString(1.0 / 3), L"0.333333");
@@ -328,7 +328,7 @@ TEST(Funcoes, FormatInString) {
     EXPECT_NEAR(sex2rad(180), kPi, 1e-15);
 }
 
-TEST_F(Peca, CamadasDoUsuario) {
+TEST_F(Peca, LayersOfTheUser) {
     const std::filesystem::path pasta = std::filesystem::temp_directory_path() / "zp_camadas";
     std::filesystem::create_directories(pasta / "perfis");
     std::FILE* arquivo = std::fopen((pasta / "perfis" / "Camadas.INI").c_str(), "wb");
@@ -340,19 +340,19 @@ TEST_F(Peca, CamadasDoUsuario) {
     EXPECT_STREQ(ZpLayerToUsr(L"perfil"), L"Aço leve");
     EXPECT_STREQ(ZpLayerToUsr(L"vista-chapa"), L"Chapas");
     EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"COTA");
-    std::map<std::wstring, int> cores;
+    std::map<std::wstring, int> colours;
     AcDbLayerTable* tabela = nullptr;
     ASSERT_EQ(editor->database().getLayerTable(tabela, AcDb::kForRead), Acad::eOk);
     for (const wchar_t* nome : {L"Aço leve", L"Chapas", L"COTA"}) {
         AcDbLayerTableRecord* camada = nullptr;
         ASSERT_EQ(tabela->getAt(nome, camada, AcDb::kForRead), Acad::eOk);
-        cores[nome] = camada->colorIndex();
+        colours[nome] = camada->colorIndex();
         camada->close();
     }
     tabela->close();
-    EXPECT_EQ(cores[L"Aço leve"], 7);
-    EXPECT_EQ(cores[L"Chapas"], 3);
-    EXPECT_EQ(cores[L"COTA"], 2);
+    EXPECT_EQ(colours[L"Aço leve"], 7);
+    EXPECT_EQ(colours[L"Chapas"], 3);
+    EXPECT_EQ(colours[L"COTA"], 2);
     // An old editor writes the code page, whose bytes from 80 to 9F are no letters of Latin-1.
     std::ofstream(pasta / "perfis" / "Camadas.INI") << "cota=Cotas \x96 A\xE7o";
     EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"Cotas \u2013 A\u00E7o");

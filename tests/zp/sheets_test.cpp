@@ -9,50 +9,50 @@
 
 namespace {
 
-using namespace zp_teste;
+using namespace zp_tests;
 
 /// A sheet as lines "key=value" under its titles.
-class Lida : public protocol::PropertySheet {
+class ReadSheet : public protocol::PropertySheet {
 public:
     void group(const ACHAR* title) override { grupos.emplace_back(title); }
     void show(const ACHAR* key, const ACHAR*, const ACHAR* value) override { valores[key] = value; }
     void edit(const ACHAR* key, const ACHAR* label, const ACHAR* value,
               const ACHAR* unit) override {
         valores[key] = value;
-        editaveis[key] = std::wstring(label) + (unit != nullptr ? std::wstring(L", ") + unit : L"");
+        editable[key] = std::wstring(label) + (unit != nullptr ? std::wstring(L", ") + unit : L"");
     }
     void choose(const ACHAR* key, const ACHAR*, int current, int count,
                 const ACHAR* const* choices) override {
         valores[key] = current >= 0 && current < count ? choices[current] : L"?";
-        editaveis[key] = L"escolha";
+        editable[key] = L"escolha";
     }
     std::vector<std::wstring> grupos;
     std::map<std::wstring, std::wstring> valores;
-    std::map<std::wstring, std::wstring> editaveis;
+    std::map<std::wstring, std::wstring> editable;
 };
 
 class Fichas : public Desenho {
 protected:
-    static const protocol::EntityProperties* deQuem(const AcDbEntity& entidade) {
+    static const protocol::EntityProperties* whose(const AcDbEntity& entidade) {
         return protocol::extensionOf<protocol::EntityProperties>(entidade,
                                                                  protocol::kEntityPropertiesClass);
     }
-    Lida ficha(AcDbObjectId id) {
-        Lida lida;
+    ReadSheet sheet(AcDbObjectId id) {
+        ReadSheet lida;
         const Read<AcDbEntity> e(id);
-        deQuem(*e.object())->list(*e.object(), lida);
+        whose(*e.object())->list(*e.object(), lida);
         return lida;
     }
     protocol::EntityProperties::Totals total(AcDbObjectId id) {
         const Read<AcDbEntity> e(id);
-        return deQuem(*e.object())->totals(*e.object());
+        return whose(*e.object())->totals(*e.object());
     }
     /// The reason of a refusal; empty when the value was taken.
     std::wstring troca(AcDbObjectId id, const wchar_t* chave, const wchar_t* valor) {
         const protocol::EntityProperties* quem = nullptr;
         {
             const Read<AcDbEntity> e(id);
-            quem = deQuem(*e.object());
+            quem = whose(*e.object());
         }
         ACHAR* mensagem = nullptr;
         const bool aceito = quem->set(id, chave, valor, mensagem);
@@ -63,15 +63,15 @@ protected:
     }
     /// Mark at the upper left corner and row of a piece, twice.
     AcDbObjectId lista(AcDbObjectId peca, const wchar_t* descricao) {
-        CCountMarca contador;
+        CCountMarca counter;
         wchar_t grupo[] = L"Perfil";
         int numero = 0;
         int estado = 0;
         int tipo = 2;
         AcDbObjectId lista;
         AcGePoint3d ponto;
-        EXPECT_EQ(ZpArxConnectLista(numero, lista, estado, grupo, contador, tipo), 1);
-        EXPECT_EQ(ZpArxOpenLista(numero, lista, estado, grupo, tipo, contador, ponto), 1);
+        EXPECT_EQ(ZpArxConnectLista(numero, lista, estado, grupo, counter, tipo), 1);
+        EXPECT_EQ(ZpArxOpenLista(numero, lista, estado, grupo, tipo, counter, ponto), 1);
         wchar_t marca[kZpMarcaMax];
         EXPECT_EQ(ZpArxGetNextMarca(marca), 1);
         AcDbObjectId id;
@@ -96,13 +96,13 @@ protected:
 
 /// Area of a plain U of sheet t with bends of inner radius t, mm2: flats and bends at mid
 /// thickness.
-double areaDoU(double h, double b, double t) {
+double areaOfU(double h, double b, double t) {
     return t * ((h - 4 * t) + 2 * (b - 2 * t) + kPi * 1.5 * t);
 }
 
-TEST_F(Fichas, MostraMedidasEPropriedades) {
+TEST_F(Fichas, ShowsMedidasAndProperties) {
     const AcDbObjectId peca = u(0, 0, 500);
-    Lida f = ficha(peca);
+    ReadSheet f = sheet(peca);
     EXPECT_EQ(f.grupos,
               (std::vector<std::wstring>{L"Perfil", L"Geometria", L"Propriedades da seção"}));
     EXPECT_EQ(f.valores[L"perfil"], L"U");
@@ -110,9 +110,9 @@ TEST_F(Fichas, MostraMedidasEPropriedades) {
     EXPECT_EQ(f.valores[L"tipo_barra"], L"Barra simples");
     EXPECT_EQ(f.valores[L"vista"], L"Direita");
     EXPECT_EQ(f.valores[L"comprimento"], L"500");
-    EXPECT_EQ(f.editaveis[L"h"], L"Altura (h), mm");
+    EXPECT_EQ(f.editable[L"h"], L"Altura (h), mm");
     EXPECT_EQ(f.valores[L"ang1"], L"90");
-    EXPECT_EQ(f.editaveis.count(L"classe") + f.editaveis.count(L"massa"), 0u);
+    EXPECT_EQ(f.editable.count(L"classe") + f.editable.count(L"massa"), 0u);
     // 1020.4115 mm2; x 7850 kg/m3.
     EXPECT_EQ(f.valores[L"area"], L"10.204 cm²");
     EXPECT_EQ(f.valores[L"kg_m"], L"8.01 kg/m");
@@ -120,7 +120,7 @@ TEST_F(Fichas, MostraMedidasEPropriedades) {
     EXPECT_EQ(f.valores[L"yg"], L"0 mm");
 }
 
-TEST_F(Fichas, UmaAlturaNovaLevaCotasMarcaELinha) {
+TEST_F(Fichas, ANewAlturaTakesCotasMarcaAndRow) {
     const AcDbObjectId peca = u(0, 0, 500);
     const AcDbObjectId altura = cota(0, 100, 0, -100, -10, 100);
     const AcDbObjectId largura = cota(0, -100, 500, -100, 0, -110);
@@ -133,14 +133,14 @@ TEST_F(Fichas, UmaAlturaNovaLevaCotasMarcaELinha) {
     });
     const AcDbObjectId marca = lista(peca, L"U");
     EXPECT_EQ(troca(peca, L"h", L"250"), L"");
-    esperaPonto(inicio(peca), 0, 0);
+    expectNear(inicio(peca), 0, 0);
     // (x, y) stands at (-y, x).
-    esperaCota(altura, -125, 0, 125, 0, -125, -10);
-    esperaCota(largura, 125, 0, 125, 500, 135, 0);
-    esperaCota(espessura, -125, 500, -122, 500, -125, 510);
-    esperaPonto(Read<ZpMarca>(marca)->ponta(), -125, 0);
-    esperaPonto(Read<ZpMarca>(marca)->textoEm(), -135, 10);
-    const double massa = areaDoU(250, 75, 3) * 7850e-9 * 500;
+    expectCota(altura, -125, 0, 125, 0, -125, -10);
+    expectCota(largura, 125, 0, 125, 500, 135, 0);
+    expectCota(espessura, -125, 500, -122, 500, -125, 510);
+    expectNear(Read<ZpMarca>(marca)->ponta(), -125, 0);
+    expectNear(Read<ZpMarca>(marca)->textAt(), -135, 10);
+    const double massa = areaOfU(250, 75, 3) * 7850e-9 * 500;
     const Linha l = linhas().front();
     EXPECT_EQ(l.dimensoes, L"250x75x3");
     EXPECT_EQ(l.quantidade, 2);
@@ -148,7 +148,7 @@ TEST_F(Fichas, UmaAlturaNovaLevaCotasMarcaELinha) {
     EXPECT_NEAR(l.pesoTotal, 2 * massa, 1e-9);
 }
 
-TEST_F(Fichas, OQueNaoFormaPecaERecusadoSemMudanca) {
+TEST_F(Fichas, WhatMakesNoPecaIsRefusedWithoutAChange) {
     const AcDbObjectId peca = u(0, 0, 500);
     for (const auto& [chave, valor] :
          std::initializer_list<std::pair<const wchar_t*, const wchar_t*>>{
@@ -164,26 +164,26 @@ TEST_F(Fichas, OQueNaoFormaPecaERecusadoSemMudanca) {
              {L"massa", L"1"},
              {L"d1", L"10"}})
         EXPECT_NE(troca(peca, chave, valor), L"") << testing::PrintToString(std::wstring(chave));
-    const Lida f = ficha(peca);
+    const ReadSheet f = sheet(peca);
     EXPECT_EQ(f.valores.at(L"dimensoes"), L"200x75x3");
     EXPECT_EQ(f.valores.at(L"comprimento"), L"500");
-    esperaPonto(face(peca, 2), 500, 100);
+    expectNear(face(peca, 2), 500, 100);
 }
 
-TEST_F(Fichas, OQueSegueUmaRegraAcompanha) {
+TEST_F(Fichas, WhatFollowsARuleGoesAlong) {
     // Equal legs 60, axis at a third of the legs from both backs, mass of a catalogue.
     const AcDbObjectId peca = poe(new ZpCantLaminada(AcGePoint3d(0, 0, 0), ZpObject::kVistaSecao,
                                                      60, 60, 6, 20, 40, 6, 0, 0, 1000, 5.42, 691));
     EXPECT_EQ(troca(peca, L"h", L"90,0"), L"");
-    esperaPonto(face(peca, 0), -20, 30);
-    esperaPonto(face(peca, 1), -20, -60);
+    expectNear(face(peca, 0), -20, 30);
+    expectNear(face(peca, 1), -20, -60);
     // The mass of the old size does not hold any more: 90 x 6 + 54 x 6 = 864 mm2 and a fillet.
     const double kgm = Read<ZpObject>(peca)->getLinearWeight();
     EXPECT_NEAR(kgm, 864 * 7850e-6, 0.1);
     EXPECT_EQ(troca(peca, L"m", L"6.9"), L"");
     EXPECT_DOUBLE_EQ(Read<ZpObject>(peca)->getLinearWeight(), 6.9);
     EXPECT_EQ(troca(peca, L"tipo_barra", L"6"), L"");
-    EXPECT_EQ(ficha(peca).valores.at(L"tipo_barra"), L"Pilar");
+    EXPECT_EQ(sheet(peca).valores.at(L"tipo_barra"), L"Pilar");
     // A welded I of a series is a free one once its web is another.
     const AcDbObjectId viga = poe(new ZpISoldado(AcGePoint3d(0, 0, 0), ZpObject::kVistaDireita, 300,
                                                  300, 300, 8, 9.5, 6000, 0, 0, 62.4));
@@ -191,23 +191,23 @@ TEST_F(Fichas, OQueSegueUmaRegraAcompanha) {
         EXPECT_EQ(static_cast<ZpISoldado&>(p).setSubType(ZpISoldado::kCS), Acad::eOk);
     });
     EXPECT_EQ(troca(viga, L"tw", L"12.5"), L"");
-    EXPECT_EQ(ficha(viga).valores.at(L"perfil"), L"PS");
+    EXPECT_EQ(sheet(viga).valores.at(L"perfil"), L"PS");
     EXPECT_NEAR(Read<ZpObject>(viga)->getLinearWeight(), (2 * 300 * 9.5 + 281 * 12.5) * 7850e-6,
                 1e-9);
 }
 
-TEST_F(Fichas, PecasAfastadasContinuamAsDoCatalogo) {
+TEST_F(Fichas, PecasFurtherApartStayThoseOfTheCatalogue) {
     // Two rolled U 152.4 x 12.2 kg/m, 8 apart: 2 x 1551.65 mm2.
     const AcDbObjectId par =
         poe(new Zp2ULaminado(AcGePoint3d(0, 0, 0), ZpObject::kVistaSecao, 152.4, 48.77, 5.08, 48.77,
                              5.08, 5.08, 16.26, 5.08, 8, 0, 0, 1000, 3103.3, 24.4));
     EXPECT_EQ(troca(par, L"vao", L"10"), L"");
     EXPECT_DOUBLE_EQ(Read<ZpObject>(par)->getLinearWeight(), 24.4);
-    EXPECT_EQ(ficha(par).valores.at(L"area"), L"31.033 cm²");
+    EXPECT_EQ(sheet(par).valores.at(L"area"), L"31.033 cm²");
     EXPECT_NEAR(face(par, 2).x - face(par, 0).x, 2 * 48.77 + 10, 1e-9);
 }
 
-TEST_F(Fichas, TravejamentoMantemARegra) {
+TEST_F(Fichas, TravejamentoKeepsTheRule) {
     ASSERT_TRUE(static_cast<bool>(
         editor->modules().load(std::filesystem::path(HOUSE_BINARY_DIR) / "bin/ZpPerfis18.arx")));
     // Two angles 60x50x4 in T, 8 apart; plates of 10 x 40 on the upper face, at 60/3 + 4/2.
@@ -227,12 +227,12 @@ TEST_F(Fichas, TravejamentoMantemARegra) {
     // Four spaces of (1250 - 10) / 4.
     const double x[] = {0, 1240, 310, 620, 930};
     for (std::size_t i = 0; i < chapas.size(); ++i) {
-        esperaPonto(inicio(chapas[i]), x[i], 22.5);
+        expectNear(inicio(chapas[i]), x[i], 22.5);
         EXPECT_EQ(Read<ZpObject>(chapas[i])->getEspessura(), 5);
     }
 }
 
-TEST_F(Fichas, MarcaELinhaDaLista) {
+TEST_F(Fichas, MarcaAndRowOfTheList) {
     const AcDbObjectId p1 = lista(u(0, 0, 500), L"U");
     const AcDbObjectId p2 = lista(u(0, 1000, 500), L"U");
     EXPECT_NE(troca(p2, L"marca", L"P1"), L"");
@@ -246,16 +246,16 @@ TEST_F(Fichas, MarcaELinhaDaLista) {
     const Linha l = linhas().back();
     EXPECT_EQ(l.marca + L"|" + l.material, L"V12|ASTM A572");
     EXPECT_EQ(l.quantidade, 5);
-    EXPECT_EQ(ficha(p1).valores.at(L"quantidade"), L"2");
+    EXPECT_EQ(sheet(p1).valores.at(L"quantidade"), L"2");
     // The lowest free mark is that which was given up.
     EXPECT_EQ(Read<ZpMarca>(lista(u(0, 2000, 500), L"U"))->marca(), L"P2");
 }
 
-TEST_F(Fichas, SecoesEMarcasNaoContam) {
+TEST_F(Fichas, SecoesAndMarcasDoNotCount) {
     const AcDbObjectId barra = u(0, 0, 500);
     const auto t = total(barra);
     EXPECT_EQ(t.pieces, 1);
-    EXPECT_NEAR(t.mass, areaDoU(200, 75, 3) * 7850e-9 * 500, 1e-9);
+    EXPECT_NEAR(t.mass, areaOfU(200, 75, 3) * 7850e-9 * 500, 1e-9);
     EXPECT_GT(t.paintArea, 0.0);
     EXPECT_EQ(total(lista(barra, L"U")).pieces, 0);
     EXPECT_EQ(total(u(0, 0, 500, ZpObject::kVistaSecao)).pieces, 0);

@@ -9,10 +9,10 @@
 
 namespace zp::lista {
 
-/// The only one of `todas`, or the one that the user names; offered is the one taken last. Nothing
+/// The only one of `all`, or the one that the user names; offered is the one taken last. Nothing
 /// when there is none or the user declined.
-std::optional<Lista> pergunta(const std::vector<Lista>& todas);
+std::optional<Lista> pergunta(const std::vector<Lista>& all);
 /// To be called when a drawing goes away: another one's lists have the same numbers.
-void esqueceUltima();
+void forgetLast();
 
 }  // namespace zp::lista

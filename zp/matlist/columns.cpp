@@ -29,7 +29,7 @@ const std::array<Column, kColumns> kColumnTable{{
 }};
 
 Cell cellOf(const Linha& linha, const Column& column) {
-    if (column.field == Field(&Linha::observacao)) return observacaoDe(linha);
+    if (column.field == Field(&Linha::observacao)) return observacaoOf(linha);
     return std::visit(
         [&](auto field) -> Cell {
             if constexpr (std::is_same_v<decltype(field), std::wstring Linha::*>)

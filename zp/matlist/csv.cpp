@@ -8,18 +8,18 @@
 namespace zp::lista {
 namespace {
 
-std::wstring semFormula(const std::wstring& texto) {
+std::wstring withoutFormula(const std::wstring& texto) {
     return texto.find_first_of(L"=+-@\t\r") == 0 ? L'\'' + texto : texto;
 }
 
-std::wstring campoCsv(const std::wstring& campo) {
+std::wstring csvField(const std::wstring& campo) {
     if (campo.find_first_of(L";\"\r\n") == std::wstring::npos) return campo;
-    std::wstring citado = L"\"";
+    std::wstring quoted = L"\"";
     for (const wchar_t c : campo) {
-        if (c == L'"') citado += L'"';
-        citado += c;
+        if (c == L'"') quoted += L'"';
+        quoted += c;
     }
-    return citado + L'"';
+    return quoted + L'"';
 }
 
 /// `textOf` gives a column's text.
@@ -27,7 +27,7 @@ template <class TextOf>
 void appendLine(std::wstring& text, TextOf textOf) {
     for (const Column& c : kColumnTable) {
         if (&c != kColumnTable.data()) text += L';';
-        text += campoCsv(textOf(c));
+        text += csvField(textOf(c));
     }
     text += L"\r\n";
 }
@@ -40,7 +40,7 @@ std::wstring csvText(const std::vector<Linha>& linhas) {
     for (const Linha& l : linhas)
         appendLine(text, [&](const Column& c) {
             const std::wstring words = wordsOf(cellOf(l, c), c);
-            return c.shown.decimals < 0 ? semFormula(words) : words;
+            return c.shown.decimals < 0 ? withoutFormula(words) : words;
         });
     return text;
 }

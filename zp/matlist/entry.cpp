@@ -12,29 +12,29 @@
 
 namespace {
 
-constexpr const ACHAR* kGrupo = L"ZPMATLIST";
+constexpr const ACHAR* kGroup = L"ZPMATLIST";
 
-void comeca(void* aplicacao) {
-    acrxUnlockApplication(aplicacao);
-    acrxRegisterAppMDIAware(aplicacao);
+void comeca(void* application) {
+    acrxUnlockApplication(application);
+    acrxRegisterAppMDIAware(application);
     ZpMarca::rxInit();
     acrxBuildClassHierarchy();
-    zp::lista::instalaRelatorio();
-    zp::lista::instalaFichas();
-    zp::lista::comecaAAcompanhar();
-    if (AcEdCommandStack* pilha = acedRegCmds; pilha != nullptr)
-        (void)pilha->addCommand(
-            kGrupo, L"LISTAMATERIAL", L"LISTAMATERIAL", ACRX_CMD_MODAL,
-            zp::lista::comandoListaMaterial);  // refused only when it is there already
+    zp::lista::installReport();
+    zp::lista::installSheets();
+    zp::lista::startFollowing();
+    if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr)
+        (void)stack->addCommand(
+            kGroup, L"LISTAMATERIAL", L"LISTAMATERIAL", ACRX_CMD_MODAL,
+            zp::lista::materialListCommand);  // refused only when it is there already
 }
 
 void encerra() {
-    if (AcEdCommandStack* pilha = acedRegCmds; pilha != nullptr) (void)pilha->removeGroup(kGrupo);
-    zp::lista::paraDeAcompanhar();
-    zp::lista::retiraFichas();
-    zp::lista::retiraRelatorio();
+    if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr) (void)stack->removeGroup(kGroup);
+    zp::lista::stopFollowing();
+    zp::lista::uninstallSheets();
+    zp::lista::uninstallReport();
     zp::lista::esquece();
-    zp::lista::esqueceLinhas();
+    zp::lista::forgetRows();
     deleteAcRxClass(ZpMarca::desc());
 }
 
@@ -44,8 +44,8 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     if (msg == AcRx::kInitAppMsg) comeca(pkt);
     if (msg == AcRx::kUnloadDwgMsg) {
         zp::lista::esquece();
-        zp::lista::esqueceLinhas();
-        zp::lista::esqueceUltima();
+        zp::lista::forgetRows();
+        zp::lista::forgetLast();
     }
     if (msg == AcRx::kUnloadAppMsg) encerra();
     return AcRx::kRetOK;

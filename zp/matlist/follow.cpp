@@ -25,18 +25,18 @@ constexpr double kMesmoValor = 1e-9;
 /// Rows of one list by mark and by piece. Rows behind the last one known are read when asked for; a
 /// last one that is gone, or another number of entries than those read, means that rows were taken
 /// out or came back: all are read again.
-struct Indice {
+struct Index {
     AcDbObjectId lista;
-    Registro ultimo;
-    std::size_t entradas = 0;  ///< of the list when it was read
+    RowRecord ultimo;
+    std::size_t entries = 0;  ///< of the list when it was read
     std::unordered_map<Adesk::LongPtr, AcDbObjectId> registros;
 };
-std::vector<Indice> g_indices;
+std::vector<Index> g_indices;
 
-void indexa(Indice& indice, const Registro& lido) {
+void enter(Index& indice, const RowRecord& lido) {
     indice.ultimo = lido;
     const AcDbObjectId registro = lido.id;
-    const std::optional<Linha> linha = linhaEm(registro);
+    const std::optional<Linha> linha = rowAt(registro);
     if (!linha) return;
     for (const AcDbSoftPointerId& id : linha->ids) {
         indice.registros[id.asOldId()] = registro;
@@ -46,71 +46,71 @@ void indexa(Indice& indice, const Registro& lido) {
     }
 }
 
-void atualiza(Indice& indice) {
-    const std::size_t antes = std::exchange(indice.entradas, entradasDe(indice.lista));
-    const Registro ultimo = indice.ultimo;
+void update(Index& indice) {
+    const std::size_t antes = std::exchange(indice.entries, entryCount(indice.lista));
+    const RowRecord ultimo = indice.ultimo;
     const bool vale = !ultimo.id.isNull() && !ultimo.id.isErased() &&
-                      registroDeNumero(indice.lista, ultimo.numero) == ultimo.id;
+                      recordNumbered(indice.lista, ultimo.numero) == ultimo.id;
     std::size_t novas = 0;
     for (int numero = ultimo.numero + 1; vale; ++numero, ++novas) {
-        const AcDbObjectId id = registroDeNumero(indice.lista, numero);
+        const AcDbObjectId id = recordNumbered(indice.lista, numero);
         if (id.isNull()) break;
-        indexa(indice, {numero, id});
+        enter(indice, {numero, id});
     }
-    if (vale && antes + novas == indice.entradas) return;
+    if (vale && antes + novas == indice.entries) return;
     indice.registros.clear();
     indice.ultimo = {};
-    for (const Registro& lido : registros(indice.lista)) indexa(indice, lido);
+    for (const RowRecord& lido : registros(indice.lista)) enter(indice, lido);
 }
 
 /// The mark of a row that stands for the piece, or that is the id itself; null when the row tells
 /// of something else by now.
-AcDbObjectId marcaEm(AcDbObjectId registro, AcDbObjectId marcaOuPeca) {
-    const std::optional<Linha> linha = registro.isErased() ? std::nullopt : linhaEm(registro);
+AcDbObjectId marcaIn(AcDbObjectId registro, AcDbObjectId marcaOrPeca) {
+    const std::optional<Linha> linha = registro.isErased() ? std::nullopt : rowAt(registro);
     if (!linha) return {};
     for (const AcDbSoftPointerId& id : linha->ids) {
         const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
         if (marca.object() == nullptr) continue;
-        if (id == marcaOuPeca || marca->peca() == marcaOuPeca) return id;
+        if (id == marcaOrPeca || marca->peca() == marcaOrPeca) return id;
     }
     return {};
 }
 
-struct Achada {
+struct Found {
     AcDbObjectId registro;
     AcDbObjectId marca;
 };
 
-Achada achaNoIndice(AcDbObjectId id) {
-    for (const Indice& indice : g_indices) {
+Found findInIndex(AcDbObjectId id) {
+    for (const Index& indice : g_indices) {
         const auto achada = indice.registros.find(id.asOldId());
         if (achada == indice.registros.end()) continue;
-        const AcDbObjectId marca = marcaEm(achada->second, id);
+        const AcDbObjectId marca = marcaIn(achada->second, id);
         if (!marca.isNull()) return {achada->second, marca};
     }
     return {};
 }
 
-Indice& indiceDe(AcDbObjectId lista) {
-    for (Indice& indice : g_indices)
+Index& indexOf(AcDbObjectId lista) {
+    for (Index& indice : g_indices)
         if (indice.lista == lista) return indice;
-    return g_indices.emplace_back(Indice{lista, {}, 0, {}});
+    return g_indices.emplace_back(Index{lista, {}, 0, {}});
 }
 
-Achada acha(AcDbObjectId id) {
+Found locate(AcDbObjectId id) {
     if (id.isNull() || id.database() == nullptr) return {};
-    if (const Achada achada = achaNoIndice(id); !achada.registro.isNull()) return achada;
-    for (const Lista& lista : listas(*id.database())) atualiza(indiceDe(lista.id));
-    return achaNoIndice(id);
+    if (const Found achada = findInIndex(id); !achada.registro.isNull()) return achada;
+    for (const Lista& lista : listas(*id.database())) update(indexOf(lista.id));
+    return findInIndex(id);
 }
 
 /// Whole mm, as when the plate entered the list.
-std::wstring milimetros(double valor) { return std::to_wstring(texts::realToInt(valor)); }
+std::wstring millimetres(double valor) { return std::to_wstring(texts::realToInt(valor)); }
 
 /// What the list says of a piece.
-void descreve(const ZpObject& peca, Linha& linha) {
+void describe(const ZpObject& peca, Linha& linha) {
     if (peca.isKindOf(ZpChapa::desc())) {
-        linha.dimensoes = milimetros(peca.getLargura()) + L"x" + milimetros(peca.getEspessura());
+        linha.dimensoes = millimetres(peca.getLargura()) + L"x" + millimetres(peca.getEspessura());
     } else {
         wchar_t texto[kZpTextoMax] = {};
         (void)peca.getPerfil(texto);  // the buffer is there
@@ -124,7 +124,7 @@ void descreve(const ZpObject& peca, Linha& linha) {
     linha.areaPintura = peca.getAreaPintura() * linha.quantidade;
 }
 
-void levaMarca(AcDbObjectId id, const edicao::Faces& antes, const edicao::Faces& depois) {
+void carryMarca(AcDbObjectId id, const edicao::Faces& antes, const edicao::Faces& depois) {
     const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
     if (marca.object() == nullptr) return;
     for (int canto = 0; canto < 4; ++canto) {
@@ -136,35 +136,35 @@ void levaMarca(AcDbObjectId id, const edicao::Faces& antes, const edicao::Faces&
     }
 }
 
-bool difere(double a, double b) { return std::abs(a - b) > kMesmoValor * std::abs(b); }
+bool differs(double a, double b) { return std::abs(a - b) > kMesmoValor * std::abs(b); }
 
-class Acompanhante : public edicao::Ouvinte {
+class Follower : public edicao::Ouvinte {
 public:
     void editada(AcDbObjectId id, const edicao::Faces& antes) override {
-        const Achada achada = acha(id);
+        const Found achada = locate(id);
         if (achada.registro.isNull()) return;
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-        std::optional<Linha> linha = linhaEm(achada.registro);
+        std::optional<Linha> linha = rowAt(achada.registro);
         if (peca.object() == nullptr || !linha) return;
-        descreve(*peca.object(), *linha);
-        (void)regrava(achada.registro, *linha);  // what cannot be written stays as it was
-        levaMarca(achada.marca, antes, edicao::facesDe(*peca.object()));
+        describe(*peca.object(), *linha);
+        (void)rewrite(achada.registro, *linha);  // what cannot be written stays as it was
+        carryMarca(achada.marca, antes, edicao::facesDe(*peca.object()));
     }
 };
 
-Acompanhante g_acompanhante;  // kept by pointer in the entity library
+Follower g_follower;  // kept by pointer in the entity library
 
 }  // namespace
 
-void comecaAAcompanhar() { edicao::ouve(&g_acompanhante); }
+void startFollowing() { edicao::ouve(&g_follower); }
 
-void paraDeAcompanhar() { edicao::deixa(&g_acompanhante); }
+void stopFollowing() { edicao::deixa(&g_follower); }
 
-AcDbObjectId registroDe(AcDbObjectId marcaOuPeca) { return acha(marcaOuPeca).registro; }
+AcDbObjectId recordOf(AcDbObjectId marcaOrPeca) { return locate(marcaOrPeca).registro; }
 
-void descreveDeNovo(AcDbObjectId lista) {
-    for (const Registro& registro : registros(lista)) {
-        std::optional<Linha> linha = linhaEm(registro.id);
+void describeAgain(AcDbObjectId lista) {
+    for (const RowRecord& registro : registros(lista)) {
+        std::optional<Linha> linha = rowAt(registro.id);
         if (!linha) continue;
         AcDbObjectId id;
         for (const AcDbSoftPointerId& marcaId : linha->ids) {
@@ -174,29 +174,29 @@ void descreveDeNovo(AcDbObjectId lista) {
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
         if (peca.object() == nullptr) continue;
         Linha nova = *linha;
-        descreve(*peca.object(), nova);
-        const bool outra = difere(nova.comprimento, linha->comprimento) ||
-                           difere(nova.pesoUnitario, linha->pesoUnitario);
-        if (outra) (void)regrava(registro.id, nova);
+        describe(*peca.object(), nova);
+        const bool outra = differs(nova.comprimento, linha->comprimento) ||
+                           differs(nova.pesoUnitario, linha->pesoUnitario);
+        if (outra) (void)rewrite(registro.id, nova);
     }
 }
 
-void esqueceLinhas() { g_indices.clear(); }
+void forgetRows() { g_indices.clear(); }
 
 int quantidadeListada(AcDbObjectId peca) {
-    const std::optional<Linha> linha = linhaEm(acha(peca).registro);
+    const std::optional<Linha> linha = rowAt(locate(peca).registro);
     return linha ? linha->quantidade : 0;
 }
 
 bool mudaListada(AcDbObjectId antes, AcDbObjectId peca, int quantidade) {
-    const Achada achada = acha(antes);
-    std::optional<Linha> linha = linhaEm(achada.registro);
+    const Found achada = locate(antes);
+    std::optional<Linha> linha = rowAt(achada.registro);
     const AcDbObjectPointer<ZpObject> aberta(peca, AcDb::kForRead);
     if (!linha || aberta.object() == nullptr) return false;
     if (antes != peca && !amarra(achada.marca, peca)) return false;
     linha->quantidade = quantidade;
-    descreve(*aberta.object(), *linha);
-    return regrava(achada.registro, *linha);
+    describe(*aberta.object(), *linha);
+    return rewrite(achada.registro, *linha);
 }
 
 bool amarra(AcDbObjectId marca, AcDbObjectId peca) {
@@ -205,7 +205,7 @@ bool amarra(AcDbObjectId marca, AcDbObjectId peca) {
     if (aberta.object() == nullptr) return false;
     if (aberta->peca() == peca) return true;
     aberta->setPeca(peca);
-    for (Indice& indice : g_indices)
+    for (Index& indice : g_indices)
         if (const auto linha = indice.registros.find(marca.asOldId());
             linha != indice.registros.end())
             indice.registros[peca.asOldId()] = linha->second;
@@ -213,7 +213,7 @@ bool amarra(AcDbObjectId marca, AcDbObjectId peca) {
 }
 
 void retiraListada(AcDbObjectId peca) {
-    const AcDbObjectPointer<ZpMarca> marca(acha(peca).marca, AcDb::kForWrite);
+    const AcDbObjectPointer<ZpMarca> marca(locate(peca).marca, AcDb::kForWrite);
     if (marca.object() != nullptr) (void)marca->erase();  // open for write and alive
 }
 

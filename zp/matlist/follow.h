@@ -8,17 +8,17 @@ namespace zp::lista {
 
 /// From now on the row and the mark of a piece that is edited follow it: texts, length, masses,
 /// areas, and the mark's tip where it stands on a corner of the picture.
-void comecaAAcompanhar();
-void paraDeAcompanhar();
+void startFollowing();
+void stopFollowing();
 
 /// Record of the row that a mark, or the mark of a piece, belongs to; null when there is none.
 /// While rows are only added none is read twice.
-AcDbObjectId registroDe(AcDbObjectId marcaOuPeca);
+AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
 /// Describes all rows of a list again by their pieces, which may have been stretched or scaled
 /// since their rows were written. What cannot be written stays as it was.
-void descreveDeNovo(AcDbObjectId lista);
+void describeAgain(AcDbObjectId lista);
 /// To be called when a drawing goes away: its ids may come back as those of another one.
-void esqueceLinhas();
+void forgetRows();
 
 /// Number of pieces in the row of a piece; 0 when it is in no list.
 int quantidadeListada(AcDbObjectId peca);

@@ -17,16 +17,16 @@
 namespace zp::lista {
 namespace {
 
-constexpr const ACHAR* kRaiz = L"ZP_LISTAS_MATERIAL";
-constexpr const ACHAR* kCabecalho = L"CABECALHO";
-constexpr const wchar_t* kPrefixoLista = L"LISTA";
-constexpr const wchar_t* kPrefixoLinha = L"L";
-constexpr short kVersao = 1;
+constexpr const ACHAR* kRoot = L"ZP_LISTAS_MATERIAL";
+constexpr const ACHAR* kHeader = L"CABECALHO";
+constexpr const wchar_t* kListPrefix = L"LISTA";
+constexpr const wchar_t* kRowPrefix = L"L";
+constexpr short kVersion = 1;
 
 /// Builds a list group by group.
 class Escritor {
 public:
-    Escritor() { poe(int{kVersao}); }
+    Escritor() { poe(int{kVersion}); }
     void poe(const std::wstring& t) { liga(acutBuildList(AcDb::kDxfText, t.c_str(), RTNONE)); }
     void poe(int v) { liga(acutBuildList(AcDb::kDxfInt32, v, RTNONE)); }
     void poe(double v) { liga(acutBuildList(AcDb::kDxfReal, v, RTNONE)); }
@@ -39,19 +39,19 @@ public:
         if (acdbGetAdsName(nome, i) == Acad::eOk)
             liga(acutBuildList(AcDb::kDxfSoftPointerId, nome, RTNONE));
     }
-    const resbuf* inicio() const { return m_inicio.get(); }
+    const resbuf* inicio() const { return m_start.get(); }
 
 private:
     void liga(resbuf* item) {
         if (item == nullptr) return;
-        if (m_ultimo == nullptr)
-            m_inicio.reset(item);
+        if (m_last == nullptr)
+            m_start.reset(item);
         else
-            m_ultimo->rbnext = item;
-        m_ultimo = item;
+            m_last->rbnext = item;
+        m_last = item;
     }
-    Corrente m_inicio;
-    resbuf* m_ultimo = nullptr;
+    Corrente m_start;
+    resbuf* m_last = nullptr;
 };
 
 /// Reads in the same order; after the first thing that does not fit everything is empty.
@@ -60,13 +60,13 @@ public:
     explicit Leitor(const AcDbXrecord& registro) {
         resbuf* lista = nullptr;
         (void)registro.rbChain(&lista);  // an empty record gives no list
-        m_inicio.reset(lista);
+        m_start.reset(lista);
         m_item = lista;
         int versao = 0;
         le(versao);
-        if (versao != kVersao) m_item = nullptr;
+        if (versao != kVersion) m_item = nullptr;
     }
-    bool acabou() const { return m_item == nullptr; }
+    bool finished() const { return m_item == nullptr; }
     void le(std::wstring& t) {
         const resbuf* r = proximo(AcDb::kDxfText);
         t = r != nullptr && r->resval.rstring != nullptr ? r->resval.rstring : L"";
@@ -103,7 +103,7 @@ private:
         m_item = r->rbnext;
         return r;
     }
-    Corrente m_inicio;
+    Corrente m_start;
     const resbuf* m_item = nullptr;
 };
 
@@ -134,9 +134,9 @@ bool grava(AcDbObjectId lista, const ACHAR* nome, const Escritor& escritor) {
 }
 
 /// Number behind a prefix; 0 when the name is another one.
-int numeroDe(const std::wstring& nome, const wchar_t* prefixo) {
-    const std::size_t n = std::wcslen(prefixo);
-    if (nome.size() <= n || nome.size() > n + 9 || nome.compare(0, n, prefixo) != 0) return 0;
+int numberOf(const std::wstring& nome, const wchar_t* prefix) {
+    const std::size_t n = std::wcslen(prefix);
+    if (nome.size() <= n || nome.size() > n + 9 || nome.compare(0, n, prefix) != 0) return 0;
     if (nome.find_first_not_of(L"0123456789", n) != std::wstring::npos) return 0;
     return texts::toInt(nome.c_str() + n);
 }
@@ -146,266 +146,266 @@ struct Entrada {
     AcDbObjectId id;
 };
 
-std::vector<Entrada> entradas(AcDbObjectId dicionario, const wchar_t* prefixo) {
-    std::vector<Entrada> achadas;
-    const AcDbObjectPointer<AcDbDictionary> d(dicionario, AcDb::kForRead);
-    if (d.object() == nullptr) return achadas;
+std::vector<Entrada> entries(AcDbObjectId dictionary, const wchar_t* prefix) {
+    std::vector<Entrada> found;
+    const AcDbObjectPointer<AcDbDictionary> d(dictionary, AcDb::kForRead);
+    if (d.object() == nullptr) return found;
     const std::unique_ptr<AcDbDictionaryIterator> i(d->newIterator());
     for (; i && !i->done(); i->next())
-        if (const int n = numeroDe(i->name(), prefixo); n > 0 && !i->objectId().isErased())
-            achadas.push_back({n, i->objectId()});
-    std::sort(achadas.begin(), achadas.end(),
+        if (const int n = numberOf(i->name(), prefix); n > 0 && !i->objectId().isErased())
+            found.push_back({n, i->objectId()});
+    std::sort(found.begin(), found.end(),
               [](const Entrada& a, const Entrada& b) { return a.numero < b.numero; });
-    return achadas;
+    return found;
 }
 
-Linha leLinha(Leitor& l) {
+Linha readRow(Leitor& l) {
     Linha linha(L"", 0, L"", L"", L"", 0.0, 0.0, 0.0, 0.0, L"");
     for (const Column& c : kColumnTable)
         std::visit([&](auto field) { l.le(linha.*field); }, c.field);
     // What was erased before the drawing was saved is null now, and still counts as erased.
-    while (!l.acabou()) linha.ids.push_back(AcDbSoftPointerId(l.id()));
+    while (!l.finished()) linha.ids.push_back(AcDbSoftPointerId(l.id()));
     return linha;
 }
 
-void poeLinha(Escritor& e, const Linha& l) {
+void putRow(Escritor& e, const Linha& l) {
     for (const Column& c : kColumnTable) std::visit([&](auto field) { e.poe(l.*field); }, c.field);
     for (const AcDbSoftPointerId& id : l.ids) e.poe(id);
 }
 
 /// Marks of the list asked last. They hold as long as its last row is still the last and what was
 /// taken out stays out, which undo changes; adding a row keeps them up, so that n rows cost O(n).
-struct Guardado {
+struct Cache {
     AcDbObjectId lista;
-    AcDbObjectId ultima;
+    AcDbObjectId last;
     int proximo = 1;  ///< number of the next row
     std::set<int> marcas;
-    int livre = 1;                                           ///< lowest mark not in use
-    std::vector<std::pair<AcDbObjectId, bool>> testemunhas;  ///< taken out, erased then
+    int lowestFree = 1;                                    ///< lowest mark not in use
+    std::vector<std::pair<AcDbObjectId, bool>> witnesses;  ///< taken out, erased then
 
     void usa(int marca) {
         marcas.insert(marca);
-        while (marcas.contains(livre)) ++livre;
+        while (marcas.contains(lowestFree)) ++lowestFree;
     }
 };
-Guardado g_guardado;
+Cache g_cache;
 /// One row of each time that rows were taken out: undo brings all of them back.
-std::vector<AcDbObjectId> g_retiradas;
+std::vector<AcDbObjectId> g_removed;
 
-int numeroDaMarca(const std::wstring& marca) { return numeroDe(marca, L"P"); }
+int marcaNumber(const std::wstring& marca) { return numberOf(marca, L"P"); }
 
-std::wstring nomeDaLinha(int numero) { return kPrefixoLinha + std::to_wstring(numero); }
+std::wstring nomeDaLinha(int numero) { return kRowPrefix + std::to_wstring(numero); }
 
-bool vale(const Guardado& g, AcDbObjectId lista) {
-    if (g.lista != lista || g.ultima.isNull() || g.ultima.isErased()) return false;
-    if (std::any_of(g.testemunhas.begin(), g.testemunhas.end(),
+bool vale(const Cache& g, AcDbObjectId lista) {
+    if (g.lista != lista || g.last.isNull() || g.last.isErased()) return false;
+    if (std::any_of(g.witnesses.begin(), g.witnesses.end(),
                     [](const auto& t) { return t.first.isErased() != t.second; }))
         return false;
     const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
     AcDbObjectId id;
     return d.object() != nullptr && d->getAt(nomeDaLinha(g.proximo - 1).c_str(), id) == Acad::eOk &&
-           id == g.ultima && !d->has(nomeDaLinha(g.proximo).c_str());
+           id == g.last && !d->has(nomeDaLinha(g.proximo).c_str());
 }
 
-Guardado& guardado(AcDbObjectId lista) {
-    Guardado& g = g_guardado;
+Cache& guardado(AcDbObjectId lista) {
+    Cache& g = g_cache;
     if (vale(g, lista)) return g;
     g = {};
     g.lista = lista;
-    for (const Entrada& e : entradas(lista, kPrefixoLinha)) {
-        g.ultima = e.id;
+    for (const Entrada& e : entries(lista, kRowPrefix)) {
+        g.last = e.id;
         g.proximo = e.numero + 1;
         const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
         if (registro.object() == nullptr) continue;
         Leitor leitor(*registro.object());
         std::wstring marca;
         leitor.le(marca);
-        if (const int n = numeroDaMarca(marca); n > 0) g.usa(n);
+        if (const int n = marcaNumber(marca); n > 0) g.usa(n);
     }
-    for (const AcDbObjectId& id : g_retiradas) g.testemunhas.push_back({id, id.isErased()});
+    for (const AcDbObjectId& id : g_removed) g.witnesses.push_back({id, id.isErased()});
     return g;
 }
 
-void somaLinha(Guardado& g, const std::wstring& marca) {
+void somaLinha(Cache& g, const std::wstring& marca) {
     const AcDbObjectPointer<AcDbDictionary> d(g.lista, AcDb::kForRead);
     if (d.object() == nullptr) return;
-    (void)d->getAt(nomeDaLinha(g.proximo).c_str(), g.ultima);  // written a moment ago
+    (void)d->getAt(nomeDaLinha(g.proximo).c_str(), g.last);  // written a moment ago
     ++g.proximo;
-    if (const int n = numeroDaMarca(marca); n > 0) g.usa(n);
+    if (const int n = marcaNumber(marca); n > 0) g.usa(n);
 }
 
 }  // namespace
 
 std::vector<Lista> listas(AcDbDatabase& desenho) {
-    std::vector<Lista> achadas;
-    const AcDbObjectId raiz = pasta(desenho.namedObjectsDictionaryId(), kRaiz, false);
-    if (raiz.isNull()) return achadas;
-    for (const Entrada& e : entradas(raiz, kPrefixoLista))
-        if (const auto cabecalho = leCabecalho(e.id))
-            achadas.push_back({e.numero, e.id, *cabecalho});
-    return achadas;
+    std::vector<Lista> found;
+    const AcDbObjectId root = pasta(desenho.namedObjectsDictionaryId(), kRoot, false);
+    if (root.isNull()) return found;
+    for (const Entrada& e : entries(root, kListPrefix))
+        if (const auto header = readHeader(e.id)) found.push_back({e.numero, e.id, *header});
+    return found;
 }
 
 std::optional<Lista> nova(AcDbDatabase& desenho, const std::wstring& grupo) {
-    const AcDbObjectId raiz = pasta(desenho.namedObjectsDictionaryId(), kRaiz, true);
-    if (raiz.isNull()) return {};
+    const AcDbObjectId root = pasta(desenho.namedObjectsDictionaryId(), kRoot, true);
+    if (root.isNull()) return {};
     int numero = 1;
-    for (const Entrada& e : entradas(raiz, kPrefixoLista)) {
+    for (const Entrada& e : entries(root, kListPrefix)) {
         if (e.numero != numero) break;
         ++numero;
     }
     Lista lista;
     lista.numero = numero;
-    lista.cabecalho.grupo = grupo;
-    lista.id = pasta(raiz, (kPrefixoLista + std::to_wstring(numero)).c_str(), true);
-    if (lista.id.isNull() || !gravaCabecalho(lista.id, lista.cabecalho)) return {};
+    lista.header.grupo = grupo;
+    lista.id = pasta(root, (kListPrefix + std::to_wstring(numero)).c_str(), true);
+    if (lista.id.isNull() || !writeHeader(lista.id, lista.header)) return {};
     return lista;
 }
 
-std::optional<Cabecalho> leCabecalho(AcDbObjectId lista) {
+std::optional<Header> readHeader(AcDbObjectId lista) {
     const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
     AcDbObjectId id;
-    if (d.object() == nullptr || d->getAt(kCabecalho, id) != Acad::eOk) return {};
+    if (d.object() == nullptr || d->getAt(kHeader, id) != Acad::eOk) return {};
     const AcDbObjectPointer<AcDbXrecord> registro(id, AcDb::kForRead);
     if (registro.object() == nullptr) return {};
     Leitor leitor(*registro.object());
-    if (leitor.acabou()) return {};
-    Cabecalho c;
+    if (leitor.finished()) return {};
+    Header c;
     leitor.le(c.grupo);
     leitor.le(c.ponto);
-    while (!leitor.acabou())
+    while (!leitor.finished())
         if (const AcDbObjectId parte = leitor.id(); !parte.isNull())
             c.tabela.push_back(AcDbSoftPointerId(parte));
     return c;
 }
 
-bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho) {
+bool writeHeader(AcDbObjectId lista, const Header& header) {
     Escritor e;
-    e.poe(cabecalho.grupo);
-    e.poe(cabecalho.ponto);
-    for (const AcDbSoftPointerId& id : cabecalho.tabela) e.poe(id);
-    return grava(lista, kCabecalho, e);
+    e.poe(header.grupo);
+    e.poe(header.ponto);
+    for (const AcDbSoftPointerId& id : header.tabela) e.poe(id);
+    return grava(lista, kHeader, e);
 }
 
-bool temTabela(const Cabecalho& cabecalho) {
-    return std::any_of(cabecalho.tabela.begin(), cabecalho.tabela.end(),
+bool hasTable(const Header& header) {
+    return std::any_of(header.tabela.begin(), header.tabela.end(),
                        [](const AcDbSoftPointerId& id) { return !id.isErased(); });
 }
 
-bool semLinhas(AcDbObjectId lista) { return guardado(lista).ultima.isNull(); }
+bool hasNoRows(AcDbObjectId lista) { return guardado(lista).last.isNull(); }
 
 std::vector<Linha> linhas(AcDbObjectId lista) {
-    std::vector<Linha> todas;
-    for (const Entrada& e : entradas(lista, kPrefixoLinha)) {
+    std::vector<Linha> all;
+    for (const Entrada& e : entries(lista, kRowPrefix)) {
         const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
         if (registro.object() == nullptr) continue;
         Leitor leitor(*registro.object());
-        if (!leitor.acabou()) todas.push_back(leLinha(leitor));
+        if (!leitor.finished()) all.push_back(readRow(leitor));
     }
-    return todas;
+    return all;
 }
 
 bool acrescenta(AcDbObjectId lista, const Linha& l) {
-    Guardado& g = guardado(lista);
+    Cache& g = guardado(lista);
     Escritor e;
-    poeLinha(e, l);
+    putRow(e, l);
     if (!grava(lista, nomeDaLinha(g.proximo).c_str(), e)) return false;
     somaLinha(g, l.marca);
     return true;
 }
 
-std::vector<Registro> registros(AcDbObjectId lista) {
-    std::vector<Registro> todos;
-    for (const Entrada& e : entradas(lista, kPrefixoLinha)) todos.push_back({e.numero, e.id});
+std::vector<RowRecord> registros(AcDbObjectId lista) {
+    std::vector<RowRecord> todos;
+    for (const Entrada& e : entries(lista, kRowPrefix)) todos.push_back({e.numero, e.id});
     return todos;
 }
 
-std::size_t entradasDe(AcDbObjectId lista) {
+std::size_t entryCount(AcDbObjectId lista) {
     const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
     return d.object() != nullptr ? d->numEntries() : 0;
 }
 
-AcDbObjectId registroDeNumero(AcDbObjectId lista, int numero) {
+AcDbObjectId recordNumbered(AcDbObjectId lista, int numero) {
     const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
     AcDbObjectId id;
     if (d.object() == nullptr || d->getAt(nomeDaLinha(numero).c_str(), id) != Acad::eOk) return {};
     return id;
 }
 
-std::optional<Linha> linhaEm(AcDbObjectId registro) {
+std::optional<Linha> rowAt(AcDbObjectId registro) {
     const AcDbObjectPointer<AcDbXrecord> aberto(registro, AcDb::kForRead);
     if (aberto.object() == nullptr) return {};
     Leitor leitor(*aberto.object());
-    if (leitor.acabou()) return {};
-    return leLinha(leitor);
+    if (leitor.finished()) return {};
+    return readRow(leitor);
 }
 
-bool regrava(AcDbObjectId registro, const Linha& linha) {
+bool rewrite(AcDbObjectId registro, const Linha& linha) {
     const AcDbObjectPointer<AcDbXrecord> aberto(registro, AcDb::kForWrite);
     if (aberto.object() == nullptr) return false;
     Escritor e;
-    poeLinha(e, linha);
+    putRow(e, linha);
     // The mark may be another one now.
-    g_guardado = {};
+    g_cache = {};
     return aberto->setFromRbChain(*e.inicio()) == Acad::eOk;
 }
 
 void esquece() {
-    g_guardado = {};
-    g_retiradas.clear();
+    g_cache = {};
+    g_removed.clear();
 }
 
-int menorMarcaLivre(AcDbObjectId lista, const std::vector<int>& dadas) {
-    const Guardado& g = guardado(lista);
-    int livre = g.livre;
-    while (g.marcas.contains(livre) || std::find(dadas.begin(), dadas.end(), livre) != dadas.end())
-        ++livre;
-    return livre;
+int lowestFreeMarca(AcDbObjectId lista, const std::vector<int>& given) {
+    const Cache& g = guardado(lista);
+    int lowestFree = g.lowestFree;
+    while (g.marcas.contains(lowestFree) ||
+           std::find(given.begin(), given.end(), lowestFree) != given.end())
+        ++lowestFree;
+    return lowestFree;
 }
 
-Estado estadoDe(const Linha& linha) {
-    if (linha.ids.empty()) return Estado::Viva;
-    Estado estado = Estado::MarcaApagada;
+Estado stateOf(const Linha& linha) {
+    if (linha.ids.empty()) return Estado::Alive;
+    Estado estado = Estado::MarcaErased;
     for (const AcDbSoftPointerId& id : linha.ids) {
         if (id.isNull() || id.isErased()) continue;
         const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-        if (marca.object() == nullptr || !marca->pecaApagada()) return Estado::Viva;
-        estado = Estado::PecaApagada;
+        if (marca.object() == nullptr || !marca->pecaErased()) return Estado::Alive;
+        estado = Estado::PecaErased;
     }
     return estado;
 }
 
-bool apagada(const Linha& linha) { return estadoDe(linha) != Estado::Viva; }
+bool apagada(const Linha& linha) { return stateOf(linha) != Estado::Alive; }
 
-int retiraApagadas(AcDbObjectId lista) {
-    int retiradas = 0;
-    for (const Entrada& e : entradas(lista, kPrefixoLinha)) {
+int removeErased(AcDbObjectId lista) {
+    int removed = 0;
+    for (const Entrada& e : entries(lista, kRowPrefix)) {
         std::vector<AcDbSoftPointerId> marcas;
         {
             const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
             if (registro.object() == nullptr) continue;
             Leitor leitor(*registro.object());
-            if (leitor.acabou()) continue;
-            const Linha linha = leLinha(leitor);
+            if (leitor.finished()) continue;
+            const Linha linha = readRow(leitor);
             if (!apagada(linha)) continue;
             marcas = linha.ids;
         }
         const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForWrite);
         if (registro.object() == nullptr || registro->erase() != Acad::eOk) continue;
-        if (++retiradas == 1) g_retiradas.push_back(e.id);
+        if (++removed == 1) g_removed.push_back(e.id);
         for (const AcDbSoftPointerId& id : marcas) {
             const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForWrite);
             if (marca.object() != nullptr) (void)marca->erase();  // open for write and alive
         }
     }
-    if (retiradas > 0) g_guardado = {};
-    return retiradas;
+    if (removed > 0) g_cache = {};
+    return removed;
 }
 
-std::wstring observacaoDe(const Linha& linha) {
-    const Estado estado = estadoDe(linha);
-    if (estado == Estado::Viva) return linha.observacao;
-    const std::wstring aviso = estado == Estado::PecaApagada ? L"peça apagada" : L"apagada";
+std::wstring observacaoOf(const Linha& linha) {
+    const Estado estado = stateOf(linha);
+    if (estado == Estado::Alive) return linha.observacao;
+    const std::wstring aviso = estado == Estado::PecaErased ? L"peça apagada" : L"apagada";
     return linha.observacao.empty() ? aviso : linha.observacao + L" (" + aviso + L")";
 }
 

@@ -18,7 +18,7 @@ class AcDbDatabase;
 
 namespace zp::lista {
 
-struct Cabecalho {
+struct Header {
     std::wstring grupo;
     AcGePoint3d ponto;                      ///< upper left corner of the table
     std::vector<AcDbSoftPointerId> tabela;  ///< entities of the drawn table
@@ -27,7 +27,7 @@ struct Cabecalho {
 struct Lista {
     int numero = 0;  ///< from 1
     AcDbObjectId id;
-    Cabecalho cabecalho;
+    Header header;
 };
 
 /// Lists of a drawing in the order of their numbers.
@@ -35,45 +35,45 @@ std::vector<Lista> listas(AcDbDatabase& desenho);
 /// A new list with the lowest free number; nothing when the drawing cannot be written.
 std::optional<Lista> nova(AcDbDatabase& desenho, const std::wstring& grupo);
 
-std::optional<Cabecalho> leCabecalho(AcDbObjectId lista);
-bool gravaCabecalho(AcDbObjectId lista, const Cabecalho& cabecalho);
+std::optional<Header> readHeader(AcDbObjectId lista);
+bool writeHeader(AcDbObjectId lista, const Header& header);
 /// True when something of its drawn table is left.
-bool temTabela(const Cabecalho& cabecalho);
+bool hasTable(const Header& header);
 
 /// Rows in the order in which they were added.
 std::vector<Linha> linhas(AcDbObjectId lista);
-bool semLinhas(AcDbObjectId lista);
+bool hasNoRows(AcDbObjectId lista);
 bool acrescenta(AcDbObjectId lista, const Linha& linha);
 /// A row's record and its number, which grows from row to row.
-struct Registro {
+struct RowRecord {
     int numero = 0;
     AcDbObjectId id;
 };
-std::vector<Registro> registros(AcDbObjectId lista);
+std::vector<RowRecord> registros(AcDbObjectId lista);
 /// Rows and whatever else the list's dictionary holds; no row is read for it.
-std::size_t entradasDe(AcDbObjectId lista);
+std::size_t entryCount(AcDbObjectId lista);
 /// The record with this number; null when there is none.
-AcDbObjectId registroDeNumero(AcDbObjectId lista, int numero);
-std::optional<Linha> linhaEm(AcDbObjectId registro);
-bool regrava(AcDbObjectId registro, const Linha& linha);
+AcDbObjectId recordNumbered(AcDbObjectId lista, int numero);
+std::optional<Linha> rowAt(AcDbObjectId registro);
+bool rewrite(AcDbObjectId registro, const Linha& linha);
 /// To be called when a drawing goes away: its ids may come back as those of another one.
 void esquece();
 
-/// Lowest n for which no row has the mark "P<n>" and which is not among `dadas`.
-int menorMarcaLivre(AcDbObjectId lista, const std::vector<int>& dadas);
+/// Lowest n for which no row has the mark "P<n>" and which is not among `given`.
+int lowestFreeMarca(AcDbObjectId lista, const std::vector<int>& given);
 
 /// What became of what a row stands for.
 enum class Estado {
-    Viva,
-    MarcaApagada,  ///< all that it is tied to is erased
-    PecaApagada,   ///< a mark is left, but not its piece
+    Alive,
+    MarcaErased,  ///< all that it is tied to is erased
+    PecaErased,   ///< a mark is left, but not its piece
 };
-Estado estadoDe(const Linha& linha);
+Estado stateOf(const Linha& linha);
 /// True for a row that no longer counts.
 bool apagada(const Linha& linha);
 /// Takes the rows that no longer count out of the list, and the marks that they leave; how many.
-int retiraApagadas(AcDbObjectId lista);
+int removeErased(AcDbObjectId lista);
 /// The row's remark; says also that what it stands for was erased.
-std::wstring observacaoDe(const Linha& linha);
+std::wstring observacaoOf(const Linha& linha);
 
 }  // namespace zp::lista

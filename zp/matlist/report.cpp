@@ -19,7 +19,7 @@ public:
         const auto* marca = ZpMarca::cast(&entity);
         if (marca == nullptr) return;
         v.point(L"ponta", marca->ponta());
-        v.point(L"texto_em", marca->textoEm());
+        v.point(L"texto_em", marca->textAt());
         v.text(L"marca", marca->marca().c_str());
     }
 };
@@ -47,7 +47,7 @@ private:
         v.beginGroup(nullptr);
         for (const Column& c : kColumnTable) tell(cellOf(l, c), c.shown, v);
         v.integer(L"lista", lista.numero);
-        v.text(L"grupo", lista.cabecalho.grupo.c_str());
+        v.text(L"grupo", lista.header.grupo.c_str());
         v.integer(L"apagada", apagada(l) ? 1 : 0);
         v.beginList(L"ids");
         for (const AcDbSoftPointerId& id : l.ids)
@@ -66,16 +66,16 @@ private:
 
 // Kept by pointer in the class and in the registry.
 Marcas g_marcas;
-Listas g_listas;
+Listas g_lists;
 
 }  // namespace
 
-void instalaRelatorio() {
+void installReport() {
     protocol::attach(ZpMarca::desc(), protocol::kEntityReportClass, g_marcas);
-    acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &g_listas);
+    acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &g_lists);
 }
 
-void retiraRelatorio() {
+void uninstallReport() {
     protocol::detach(ZpMarca::desc(), protocol::kEntityReportClass);
     acrxSysRegistry()->remove(protocol::kDrawingReportKey);
 }

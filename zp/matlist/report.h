@@ -4,7 +4,7 @@
 
 namespace zp::lista {
 
-void instalaRelatorio();
-void retiraRelatorio();
+void installReport();
+void uninstallReport();
 
 }  // namespace zp::lista

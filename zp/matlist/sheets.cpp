@@ -22,7 +22,7 @@ namespace {
 using protocol::PropertySheet;
 
 constexpr const ACHAR* kMarca = L"marca";
-constexpr int kMaisPecas = 1000000;
+constexpr int kMostPecas = 1000000;
 
 std::wstring numero(double v, int casas, const wchar_t* unidade) {
     return texts::withPoint(v, casas) + L" " + unidade;
@@ -36,7 +36,7 @@ std::wstring words(const Cell& cell, const protocol::ListColumn& column) {
                                 : numero(value, column.decimals + 1, column.unit);
 }
 
-void mostraLinha(const Linha& l, PropertySheet& s) {
+void showRow(const Linha& l, PropertySheet& s) {
     s.group(L"Lista de material");
     for (const Column& c : kColumnTable) {
         if (c.field == Field(&Linha::marca)) continue;
@@ -49,24 +49,24 @@ void mostraLinha(const Linha& l, PropertySheet& s) {
 }
 
 /// Another row of the same list has this mark.
-bool haMarca(AcDbDatabase& desenho, AcDbObjectId registro, const std::wstring& marca) {
+bool marcaTaken(AcDbDatabase& desenho, AcDbObjectId registro, const std::wstring& marca) {
     for (const Lista& lista : listas(desenho)) {
-        const std::vector<Registro> todos = registros(lista.id);
-        if (std::ranges::find(todos, registro, &Registro::id) == todos.end()) continue;
-        return std::ranges::any_of(todos, [&](const Registro& r) {
-            const std::optional<Linha> linha = r.id == registro ? std::nullopt : linhaEm(r.id);
+        const std::vector<RowRecord> todos = registros(lista.id);
+        if (std::ranges::find(todos, registro, &RowRecord::id) == todos.end()) continue;
+        return std::ranges::any_of(todos, [&](const RowRecord& r) {
+            const std::optional<Linha> linha = r.id == registro ? std::nullopt : rowAt(r.id);
             return linha && linha->marca == marca && !apagada(*linha);
         });
     }
     return false;
 }
 
-std::wstring mudaMarca(AcDbObjectId id, AcDbObjectId registro, const std::wstring& dada) {
+std::wstring changeMarca(AcDbObjectId id, AcDbObjectId registro, const std::wstring& dada) {
     const std::wstring marca = texts::trimmed(dada);
     if (marca.empty()) return L"A marca não pode ficar vazia.";
     if (marca.size() >= kZpMarcaMax)
         return L"A marca pode ter até " + std::to_wstring(kZpMarcaMax - 1) + L" caracteres.";
-    if (!registro.isNull() && haMarca(*id.database(), registro, marca))
+    if (!registro.isNull() && marcaTaken(*id.database(), registro, marca))
         return L"A marca " + marca + L" já está na lista de material.";
     {
         const AcDbObjectPointer<ZpMarca> aberta(id, AcDb::kForWrite);
@@ -75,37 +75,37 @@ std::wstring mudaMarca(AcDbObjectId id, AcDbObjectId registro, const std::wstrin
         if (aberta.object() == nullptr) return L"A marca não pode ser alterada agora.";
         aberta->setMarca(marca);
     }
-    std::optional<Linha> linha = linhaEm(registro);
+    std::optional<Linha> linha = rowAt(registro);
     if (!linha) return {};
     linha->marca = marca;
-    return regrava(registro, *linha) ? L"" : L"A linha da lista não pôde ser gravada.";
+    return rewrite(registro, *linha) ? L"" : L"A linha da lista não pôde ser gravada.";
 }
 
-std::wstring mudaQuantidade(Linha& linha, const std::wstring& texto) {
+std::wstring changeQuantidade(Linha& linha, const std::wstring& texto) {
     const double v = texts::exactReal(texto).value_or(0.0);
-    if (v != std::floor(v) || v < 1.0 || v > kMaisPecas)
+    if (v != std::floor(v) || v < 1.0 || v > kMostPecas)
         return L"A quantidade deve ser um número inteiro a partir de 1.";
     // Paint areas of a row without pieces cannot be divided.
-    const double porPeca =
+    const double perPeca =
         linha.quantidade > 0 ? linha.areaPintura / linha.quantidade : linha.areaPintura;
     linha.quantidade = static_cast<int>(v);
     linha.pesoTotal = linha.pesoUnitario * linha.quantidade;
-    linha.areaPintura = porPeca * linha.quantidade;
+    linha.areaPintura = perPeca * linha.quantidade;
     return {};
 }
 
-std::wstring mudaLinha(AcDbObjectId registro, const std::wstring& chave,
+std::wstring changeRow(AcDbObjectId registro, const std::wstring& chave,
                        const std::wstring& valor) {
-    std::optional<Linha> linha = linhaEm(registro);
+    std::optional<Linha> linha = rowAt(registro);
     if (!linha) return L"A marca não tem linha na lista de material.";
     const auto column = std::ranges::find_if(
         kColumnTable, [&](const Column& c) { return c.editable && chave == c.shown.key; });
     if (column == kColumnTable.end()) return L"Este valor não pode ser editado.";
     if (const auto* text = std::get_if<std::wstring Linha::*>(&column->field))
         (*linha).*(*text) = texts::trimmed(valor);
-    else if (std::wstring motivo = mudaQuantidade(*linha, valor); !motivo.empty())
+    else if (std::wstring motivo = changeQuantidade(*linha, valor); !motivo.empty())
         return motivo;
-    return regrava(registro, *linha) ? L"" : L"A linha da lista não pôde ser gravada.";
+    return rewrite(registro, *linha) ? L"" : L"A linha da lista não pôde ser gravada.";
 }
 
 class Fichas : public protocol::EntityProperties {
@@ -115,15 +115,16 @@ public:
         if (marca == nullptr) return;
         sheet.group(L"Marca");
         sheet.edit(kMarca, L"Marca", marca->marca().c_str(), nullptr);
-        if (const std::optional<Linha> linha = linhaEm(registroDe(marca->objectId())))
-            mostraLinha(*linha, sheet);
+        if (const std::optional<Linha> linha = rowAt(recordOf(marca->objectId())))
+            showRow(*linha, sheet);
     }
 
     bool set(AcDbObjectId entity, const ACHAR* key, const ACHAR* value,
              ACHAR*& message) const override {
-        const AcDbObjectId registro = registroDe(entity);
-        const std::wstring motivo = std::wstring(key) == kMarca ? mudaMarca(entity, registro, value)
-                                                                : mudaLinha(registro, key, value);
+        const AcDbObjectId registro = recordOf(entity);
+        const std::wstring motivo = std::wstring(key) == kMarca
+                                        ? changeMarca(entity, registro, value)
+                                        : changeRow(registro, key, value);
         if (!motivo.empty()) (void)acutNewString(motivo.c_str(), message);
         return motivo.empty();
     }
@@ -136,10 +137,10 @@ Fichas g_fichas;  // kept by pointer in the class
 
 }  // namespace
 
-void instalaFichas() {
+void installSheets() {
     protocol::attach(ZpMarca::desc(), protocol::kEntityPropertiesClass, g_fichas);
 }
 
-void retiraFichas() { protocol::detach(ZpMarca::desc(), protocol::kEntityPropertiesClass); }
+void uninstallSheets() { protocol::detach(ZpMarca::desc(), protocol::kEntityPropertiesClass); }
 
 }  // namespace zp::lista

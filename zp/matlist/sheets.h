@@ -5,7 +5,7 @@
 namespace zp::lista {
 
 /// Attaches the sheets to the class of marks, and takes them away again.
-void instalaFichas();
-void retiraFichas();
+void installSheets();
+void uninstallSheets();
 
 }  // namespace zp::lista

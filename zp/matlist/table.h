@@ -11,9 +11,9 @@ namespace zp::lista {
 
 /// Draws the table in the current space with its upper left corner at the list's point, in place of
 /// the one drawn before. False when the list cannot be read or written.
-bool desenhaTabela(const Lista& lista);
+bool drawTable(const Lista& lista);
 
 /// The command LISTAMATERIAL.
-void comandoListaMaterial();
+void materialListCommand();
 
 }  // namespace zp::lista

@@ -13,21 +13,21 @@ namespace {
 /// One sheet; after the first failure nothing more is written.
 class Folha {
 public:
-    explicit Folha(lxw_workbook* livro)
-        : m_folha(workbook_add_worksheet(livro, "Lista de material")), m_titulo(negrito(livro)) {
+    explicit Folha(lxw_workbook* book)
+        : m_worksheet(workbook_add_worksheet(book, "Lista de material")), m_title(bold(book)) {
         for (std::size_t i = 0; i < kColumns; ++i) {
-            m_comum[i] = formato(workbook_add_format(livro), i);
-            m_total[i] = formato(negrito(livro), i);
+            m_common[i] = formato(workbook_add_format(book), i);
+            m_total[i] = formato(bold(book), i);
             const auto coluna = static_cast<lxw_col_t>(i);
-            nota(worksheet_set_column(m_folha, coluna, coluna, kColumnTable[i].shown.width,
+            nota(worksheet_set_column(m_worksheet, coluna, coluna, kColumnTable[i].shown.width,
                                       nullptr));
         }
     }
 
-    void titulos() {
-        for (std::size_t i = 0; i < kColumns; ++i) poe(i, headingOf(kColumnTable[i]), m_titulo);
-        worksheet_freeze_panes(m_folha, 1, 0);
-        ++m_linha;
+    void titles() {
+        for (std::size_t i = 0; i < kColumns; ++i) poe(i, headingOf(kColumnTable[i]), m_title);
+        worksheet_freeze_panes(m_worksheet, 1, 0);
+        ++m_row;
     }
     void linha(const Linha& l) {
         for (std::size_t i = 0; i < kColumns; ++i) {
@@ -35,20 +35,20 @@ public:
             if (const auto* text = std::get_if<std::wstring>(&cell))
                 texto(i, *text);
             else
-                real(i, std::get<double>(cell), m_comum);
+                real(i, std::get<double>(cell), m_common);
         }
-        ++m_linha;
+        ++m_row;
     }
     void totais(const std::array<double, kColumns>& totals) {
         poe(0, kTotal, m_total[0]);
         for (std::size_t i = 0; i < kColumns; ++i)
             if (kColumnTable[i].shown.summed) real(i, totals[i], m_total);
     }
-    bool boa() const { return m_boa; }
+    bool boa() const { return m_good; }
 
 private:
-    static lxw_format* negrito(lxw_workbook* livro) {
-        lxw_format* f = workbook_add_format(livro);
+    static lxw_format* bold(lxw_workbook* book) {
+        lxw_format* f = workbook_add_format(book);
         format_set_bold(f);
         return f;
     }
@@ -60,35 +60,35 @@ private:
                 f, ("#,##0." + std::string(static_cast<std::size_t>(decimais), '0')).c_str());
         return f;
     }
-    void nota(lxw_error erro) { m_boa = m_boa && erro == LXW_NO_ERROR; }
+    void nota(lxw_error erro) { m_good = m_good && erro == LXW_NO_ERROR; }
     void poe(std::size_t coluna, const std::wstring& t, lxw_format* f) {
-        nota(worksheet_write_string(m_folha, m_linha, static_cast<lxw_col_t>(coluna),
+        nota(worksheet_write_string(m_worksheet, m_row, static_cast<lxw_col_t>(coluna),
                                     texts::encodeUtf8(t).c_str(), f));
     }
     void texto(std::size_t coluna, const std::wstring& t) {
-        if (!t.empty()) poe(coluna, t, m_comum[coluna]);
+        if (!t.empty()) poe(coluna, t, m_common[coluna]);
     }
-    void real(std::size_t coluna, double v, const std::array<lxw_format*, kColumns>& formatos) {
-        nota(worksheet_write_number(m_folha, m_linha, static_cast<lxw_col_t>(coluna), v,
-                                    formatos[coluna]));
+    void real(std::size_t coluna, double v, const std::array<lxw_format*, kColumns>& formats) {
+        nota(worksheet_write_number(m_worksheet, m_row, static_cast<lxw_col_t>(coluna), v,
+                                    formats[coluna]));
     }
 
-    lxw_worksheet* m_folha;
-    lxw_format* m_titulo;
-    std::array<lxw_format*, kColumns> m_comum{};
+    lxw_worksheet* m_worksheet;
+    lxw_format* m_title;
+    std::array<lxw_format*, kColumns> m_common{};
     std::array<lxw_format*, kColumns> m_total{};
-    lxw_row_t m_linha = 0;
-    bool m_boa = true;
+    lxw_row_t m_row = 0;
+    bool m_good = true;
 };
 
 bool escreve(const std::filesystem::path& caminho, const std::vector<Linha>& linhas) {
-    lxw_workbook* livro = workbook_new(caminho.string().c_str());
-    if (livro == nullptr) return false;
-    Folha folha(livro);
-    folha.titulos();
+    lxw_workbook* book = workbook_new(caminho.string().c_str());
+    if (book == nullptr) return false;
+    Folha folha(book);
+    folha.titles();
     for (const Linha& l : linhas) folha.linha(l);
     folha.totais(totalsOf(linhas));
-    return workbook_close(livro) == LXW_NO_ERROR && folha.boa();
+    return workbook_close(book) == LXW_NO_ERROR && folha.boa();
 }
 
 bool writeXlsx(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {

@@ -18,37 +18,37 @@ ACRX_DXF_DEFINE_MEMBERS(ZpMarca, AcDbEntity, AcDb::kDHL_CURRENT, AcDb::kMRelease
 namespace {
 
 /// Version 1 knows no piece.
-constexpr Adesk::Int16 kVersaoDaMarca = 2;
+constexpr Adesk::Int16 kMarcaVersion = 2;
 /// Advance of an average character and distance of the text from the leader, over the text's
 /// height.
-constexpr double kLargura = 0.9;
+constexpr double kAdvance = 0.9;
 constexpr double kFolga = 0.4;
 
 }  // namespace
 
-struct ZpMarca::Figura {
-    std::array<AcGePoint3d, 2> chamada;
-    std::array<AcGePoint3d, 3> seta;
-    bool temSeta = false;
+struct ZpMarca::Picture {
+    std::array<AcGePoint3d, 2> leader;
+    std::array<AcGePoint3d, 3> arrow;
+    bool hasArrow = false;
     AcGePoint3d texto;  ///< left end of the baseline
-    double larguraTexto = 0.0;
+    double textLargura = 0.0;
 };
 
-ZpMarca::Figura ZpMarca::figura() const {
-    Figura f;
-    f.chamada = {m_ponta, m_textoEm};
-    f.larguraTexto = kLargura * m_altura * static_cast<double>(m_marca.size());
-    const double x = m_textoEm.x >= m_ponta.x ? m_textoEm.x + kFolga * m_altura
-                                              : m_textoEm.x - kFolga * m_altura - f.larguraTexto;
-    f.texto = {x, m_textoEm.y - 0.5 * m_altura, m_textoEm.z};
-    AcGeVector3d u = m_textoEm - m_ponta;
+ZpMarca::Picture ZpMarca::figura() const {
+    Picture f;
+    f.leader = {m_tip, m_textAt};
+    f.textLargura = kAdvance * m_altura * static_cast<double>(m_marca.size());
+    const double x = m_textAt.x >= m_tip.x ? m_textAt.x + kFolga * m_altura
+                                           : m_textAt.x - kFolga * m_altura - f.textLargura;
+    f.texto = {x, m_textAt.y - 0.5 * m_altura, m_textAt.z};
+    AcGeVector3d u = m_textAt - m_tip;
     const double comprimento = u.length();
-    f.temSeta = comprimento > m_altura;
-    if (!f.temSeta) return f;
+    f.hasArrow = comprimento > m_altura;
+    if (!f.hasArrow) return f;
     u = u / comprimento;
     const AcGeVector3d lado(-u.y, u.x, 0.0);
-    const AcGePoint3d base = m_ponta + u * m_altura;
-    f.seta = {m_ponta, base + lado * (m_altura / 6.0), base - lado * (m_altura / 6.0)};
+    const AcGePoint3d base = m_tip + u * m_altura;
+    f.arrow = {m_tip, base + lado * (m_altura / 6.0), base - lado * (m_altura / 6.0)};
     return f;
 }
 
@@ -60,9 +60,9 @@ AcDbObjectId ZpMarca::peca() const {
     return m_peca;
 }
 
-bool ZpMarca::pecaApagada() const {
+bool ZpMarca::pecaErased() const {
     assertReadEnabled();
-    return m_temPeca && (m_peca.isNull() || m_peca.isErased());
+    return m_hasPeca && (m_peca.isNull() || m_peca.isErased());
 }
 
 void ZpMarca::setMarca(std::wstring marca) {
@@ -74,17 +74,17 @@ void ZpMarca::setMarca(std::wstring marca) {
 void ZpMarca::setPeca(const AcDbObjectId& peca) {
     assertWriteEnabled();
     m_peca = AcDbSoftPointerId(peca);
-    m_temPeca = !peca.isNull();
+    m_hasPeca = !peca.isNull();
 }
 
 Adesk::Boolean ZpMarca::subWorldDraw(AcGiWorldDraw* draw) {
     assertReadEnabled();
-    const Figura f = figura();
+    const Picture f = figura();
     AcGiWorldGeometry& g = draw->geometry();
-    if (g.polyline(2, f.chamada.data())) return Adesk::kTrue;
-    if (f.temSeta) {
+    if (g.polyline(2, f.leader.data())) return Adesk::kTrue;
+    if (f.hasArrow) {
         draw->subEntityTraits().setFillType(kAcGiFillAlways);
-        if (g.polygon(3, f.seta.data())) return Adesk::kTrue;
+        if (g.polygon(3, f.arrow.data())) return Adesk::kTrue;
     }
     g.text(f.texto, AcGeVector3d::kZAxis, AcGeVector3d::kXAxis, m_altura, 1.0, 0.0,
            m_marca.c_str());
@@ -93,18 +93,18 @@ Adesk::Boolean ZpMarca::subWorldDraw(AcGiWorldDraw* draw) {
 
 Acad::ErrorStatus ZpMarca::subGetGeomExtents(AcDbExtents& extents) const {
     assertReadEnabled();
-    const Figura f = figura();
-    for (const AcGePoint3d& p : f.chamada) extents.addPoint(p);
+    const Picture f = figura();
+    for (const AcGePoint3d& p : f.leader) extents.addPoint(p);
     extents.addPoint(f.texto);
-    extents.addPoint(f.texto + AcGeVector3d(f.larguraTexto, m_altura, 0.0));
+    extents.addPoint(f.texto + AcGeVector3d(f.textLargura, m_altura, 0.0));
     return Acad::eOk;
 }
 
 Acad::ErrorStatus ZpMarca::subTransformBy(const AcGeMatrix3d& m) {
     if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
     assertWriteEnabled();
-    m_ponta.transformBy(m);
-    m_textoEm.transformBy(m);
+    m_tip.transformBy(m);
+    m_textAt.transformBy(m);
     m_altura *= m.scale();
     xDataTransformBy(m);
     recordGraphicsModified();
@@ -113,11 +113,12 @@ Acad::ErrorStatus ZpMarca::subTransformBy(const AcGeMatrix3d& m) {
 
 Acad::ErrorStatus ZpMarca::subExplode(AcDbVoidPtrArray& set) const {
     assertReadEnabled();
-    const Figura f = figura();
+    const Picture f = figura();
     std::vector<std::unique_ptr<AcDbEntity>> partes;
-    partes.push_back(std::make_unique<AcDbLine>(f.chamada[0], f.chamada[1]));
-    if (f.temSeta)
-        partes.push_back(std::make_unique<AcDbSolid>(f.seta[0], f.seta[1], f.seta[2], f.seta[2]));
+    partes.push_back(std::make_unique<AcDbLine>(f.leader[0], f.leader[1]));
+    if (f.hasArrow)
+        partes.push_back(
+            std::make_unique<AcDbSolid>(f.arrow[0], f.arrow[1], f.arrow[2], f.arrow[2]));
     partes.push_back(
         std::make_unique<AcDbText>(f.texto, m_marca.c_str(), AcDbObjectId::kNull, m_altura));
     for (std::unique_ptr<AcDbEntity>& parte : partes) {
@@ -131,8 +132,8 @@ void ZpMarca::subList() const {
     assertReadEnabled();
     AcDbEntity::subList();
     acutPrintf(L"\n%20ls: %ls", L"marca", m_marca.c_str());
-    acutPrintf(L"\n%20ls: X=%.4f  Y=%.4f", L"ponta", m_ponta.x, m_ponta.y);
-    acutPrintf(L"\n%20ls: X=%.4f  Y=%.4f\n", L"texto em", m_textoEm.x, m_textoEm.y);
+    acutPrintf(L"\n%20ls: X=%.4f  Y=%.4f", L"ponta", m_tip.x, m_tip.y);
+    acutPrintf(L"\n%20ls: X=%.4f  Y=%.4f\n", L"texto em", m_textAt.x, m_textAt.y);
 }
 
 Acad::ErrorStatus ZpMarca::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker,
@@ -141,19 +142,19 @@ Acad::ErrorStatus ZpMarca::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMark
                                              AcDbIntArray&) const {
     assertReadEnabled();
     if (mode == AcDb::kOsModeEnd) {
-        points.append(m_ponta);
-        points.append(m_textoEm);
+        points.append(m_tip);
+        points.append(m_textAt);
     }
-    if (mode == AcDb::kOsModeMid) points.append(m_ponta + (m_textoEm - m_ponta) * 0.5);
-    if (mode == AcDb::kOsModeIns) points.append(m_textoEm);
+    if (mode == AcDb::kOsModeMid) points.append(m_tip + (m_textAt - m_tip) * 0.5);
+    if (mode == AcDb::kOsModeIns) points.append(m_textAt);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus ZpMarca::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,
                                             AcDbIntArray&) const {
     assertReadEnabled();
-    points.append(m_ponta);
-    points.append(m_textoEm);
+    points.append(m_tip);
+    points.append(m_textAt);
     return Acad::eOk;
 }
 
@@ -161,8 +162,8 @@ Acad::ErrorStatus ZpMarca::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                const AcGeVector3d& offset) {
     if (indices.isEmpty()) return Acad::eOk;
     assertWriteEnabled();
-    if (indices.contains(0)) m_ponta += offset;
-    if (indices.contains(1)) m_textoEm += offset;
+    if (indices.contains(0)) m_tip += offset;
+    if (indices.contains(1)) m_textAt += offset;
     recordGraphicsModified();
     return Acad::eOk;
 }
@@ -171,12 +172,12 @@ Acad::ErrorStatus ZpMarca::dwgOutFields(AcDbDwgFiler* filer) const {
     assertReadEnabled();
     const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk) return es;
-    filer->writeInt16(kVersaoDaMarca);
-    filer->writePoint3d(m_ponta);
-    filer->writePoint3d(m_textoEm);
+    filer->writeInt16(kMarcaVersion);
+    filer->writePoint3d(m_tip);
+    filer->writePoint3d(m_textAt);
     filer->writeString(m_marca.c_str());
     filer->writeDouble(m_altura);
-    filer->writeInt16(m_temPeca ? 1 : 0);
+    filer->writeInt16(m_hasPeca ? 1 : 0);
     filer->writeSoftPointerId(m_peca);
     return filer->filerStatus();
 }
@@ -187,23 +188,23 @@ Acad::ErrorStatus ZpMarca::dwgInFields(AcDbDwgFiler* filer) {
     if (es != Acad::eOk) return es;
     Adesk::Int16 versao = 0;
     filer->readInt16(&versao);
-    if (versao < 1 || versao > kVersaoDaMarca) {
+    if (versao < 1 || versao > kMarcaVersion) {
         if (filer->filerStatus() == Acad::eOk) filer->setFilerStatus(Acad::eInvalidInput);
         return filer->filerStatus();
     }
-    filer->readPoint3d(&m_ponta);
-    filer->readPoint3d(&m_textoEm);
+    filer->readPoint3d(&m_tip);
+    filer->readPoint3d(&m_textAt);
     ACHAR* texto = nullptr;
     if (filer->readString(&texto) == Acad::eOk && texto != nullptr) m_marca = texto;
     acutDelString(texto);
     filer->readDouble(&m_altura);
-    Adesk::Int16 temPeca = 0;
+    Adesk::Int16 hasPeca = 0;
     m_peca = {};
     if (versao > 1) {
-        filer->readInt16(&temPeca);
+        filer->readInt16(&hasPeca);
         filer->readSoftPointerId(&m_peca);
     }
-    m_temPeca = temPeca != 0;
+    m_hasPeca = hasPeca != 0;
     return filer->filerStatus();
 }
 
@@ -212,13 +213,13 @@ Acad::ErrorStatus ZpMarca::dxfOutFields(AcDbDxfFiler* filer) const {
     const Acad::ErrorStatus es = AcDbEntity::dxfOutFields(filer);
     if (es != Acad::eOk) return es;
     filer->writeString(AcDb::kDxfSubclass, isA()->name());
-    filer->writeInt16(AcDb::kDxfInt16, kVersaoDaMarca);
-    filer->writePoint3d(AcDb::kDxfXCoord, m_ponta);
-    filer->writePoint3d(AcDb::kDxfXCoord + 1, m_textoEm);
+    filer->writeInt16(AcDb::kDxfInt16, kMarcaVersion);
+    filer->writePoint3d(AcDb::kDxfXCoord, m_tip);
+    filer->writePoint3d(AcDb::kDxfXCoord + 1, m_textAt);
     filer->writeString(AcDb::kDxfText, m_marca.c_str());
     filer->writeDouble(AcDb::kDxfReal, m_altura);
-    filer->writeInt16(AcDb::kDxfInt16, m_temPeca ? 1 : 0);
-    if (m_temPeca) filer->writeObjectId(AcDb::kDxfSoftPointerId, m_peca);
+    filer->writeInt16(AcDb::kDxfInt16, m_hasPeca ? 1 : 0);
+    if (m_hasPeca) filer->writeObjectId(AcDb::kDxfSoftPointerId, m_peca);
     return filer->filerStatus();
 }
 
@@ -231,17 +232,17 @@ Acad::ErrorStatus ZpMarca::dxfInFields(AcDbDxfFiler* filer) {
     resbuf r{};
     if (filer->readItem(&r) != Acad::eOk || r.restype != AcDb::kDxfInt16)
         return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
-    if (r.resval.rint > kVersaoDaMarca)
+    if (r.resval.rint > kMarcaVersion)
         return filer->setError(Acad::eNotImplementedYet,
                                L"ZpMarca: registro da versão %d; este módulo lê até a versão %d.",
-                               static_cast<int>(r.resval.rint), static_cast<int>(kVersaoDaMarca));
+                               static_cast<int>(r.resval.rint), static_cast<int>(kMarcaVersion));
     const int versao = r.resval.rint;
     const auto ponto = [&](int codigo, AcGePoint3d& p) {
         if (filer->readItem(&r) != Acad::eOk || r.restype != codigo) return false;
         p.set(r.resval.rpoint[0], r.resval.rpoint[1], r.resval.rpoint[2]);
         return true;
     };
-    bool boa = ponto(AcDb::kDxfXCoord, m_ponta) && ponto(AcDb::kDxfXCoord + 1, m_textoEm);
+    bool boa = ponto(AcDb::kDxfXCoord, m_tip) && ponto(AcDb::kDxfXCoord + 1, m_textAt);
     boa = boa && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfText;
     if (boa) {
         m_marca = r.resval.rstring;
@@ -251,15 +252,15 @@ Acad::ErrorStatus ZpMarca::dxfInFields(AcDbDxfFiler* filer) {
           r.resval.rreal > 0.0 && r.resval.rreal <= 1e9;
     if (!boa) return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
     m_altura = r.resval.rreal;
-    m_temPeca = false;
+    m_hasPeca = false;
     m_peca = {};
     if (versao < 2) return filer->filerStatus();
     if (filer->readItem(&r) != Acad::eOk || r.restype != AcDb::kDxfInt16)
         return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
-    m_temPeca = r.resval.rint != 0;
+    m_hasPeca = r.resval.rint != 0;
     // A piece that the drawing does not have was erased before it was saved.
     AcDbObjectId id;
-    if (m_temPeca && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfSoftPointerId &&
+    if (m_hasPeca && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfSoftPointerId &&
         acdbGetObjectId(id, r.resval.rlname) == Acad::eOk)
         m_peca = AcDbSoftPointerId(id);
     return filer->filerStatus();

@@ -6,32 +6,32 @@
 
 #include "dbmain.h"
 
-/// Leader with an arrow at `ponta`, text at `textoEm` on the side that the leader comes from. World
+/// Leader with an arrow at `ponta`, text at `textAt` on the side that the leader comes from. World
 /// coordinates; the text stays horizontal and is never mirrored.
 class ZpMarca : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(ZpMarca);
     ZpMarca() = default;
     /// `peca` is what the mark stands for, null when that is not known.
-    ZpMarca(const AcGePoint3d& ponta, const AcGePoint3d& textoEm, std::wstring marca, double altura,
+    ZpMarca(const AcGePoint3d& ponta, const AcGePoint3d& textAt, std::wstring marca, double altura,
             const AcDbObjectId& peca = {})
-        : m_ponta(ponta),
-          m_textoEm(textoEm),
+        : m_tip(ponta),
+          m_textAt(textAt),
           m_marca(std::move(marca)),
           m_altura(altura),
-          m_temPeca(!peca.isNull()),
+          m_hasPeca(!peca.isNull()),
           m_peca(peca) {}
 
     /// World coordinates.
-    AcGePoint3d ponta() const { return m_ponta; }
+    AcGePoint3d ponta() const { return m_tip; }
     /// World coordinates, lower left corner of the text.
-    AcGePoint3d textoEm() const { return m_textoEm; }
+    AcGePoint3d textAt() const { return m_textAt; }
     const std::wstring& marca() const { return m_marca; }
     /// The piece that the mark stands for, erased or not; null when it has none, when it is no
     /// longer in the drawing, or when something else is in its place.
     AcDbObjectId peca() const;
     /// True when the mark had a piece that is erased or gone.
-    bool pecaApagada() const;
+    bool pecaErased() const;
     void setMarca(std::wstring marca);
     /// From now on the mark stands for this piece.
     void setPeca(const AcDbObjectId& peca);
@@ -57,12 +57,12 @@ protected:
                                           const AcGeVector3d& offset) override;
 
 private:
-    struct Figura;
-    Figura figura() const;
-    AcGePoint3d m_ponta;
-    AcGePoint3d m_textoEm;
+    struct Picture;
+    Picture figura() const;
+    AcGePoint3d m_tip;
+    AcGePoint3d m_textAt;
     std::wstring m_marca;
     double m_altura = 2.5;
-    bool m_temPeca = false;  ///< stays when the reference is lost
+    bool m_hasPeca = false;  ///< stays when the reference is lost
     AcDbSoftPointerId m_peca;
 };

@@ -19,7 +19,7 @@ public:
     CCountMarca(const CCountMarca&) = delete;
     CCountMarca& operator=(const CCountMarca&) = delete;
 
-    std::vector<int> dadas;
+    std::vector<int> given;
 };
 
 /// One row. Lengths in mm, masses in kg, paint area in m2; null texts count as empty.
@@ -50,12 +50,12 @@ public:
 /// `lista` its number from 1, `listaId` its record, `estado` 0 for an existing list and 1 for a new
 /// one. `tipo`, the number of pieces, becomes at least 1. 0 when the user declined.
 int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, wchar_t* grupo,
-                      CCountMarca& contador, int& tipo);
+                      CCountMarca& counter, int& tipo);
 
 /// Opens the list for adding; `ponto` is where its table would stand. Quantity, total mass and
 /// paint area of every row added until ZpArxCloseLista are multiplied by `tipo`. 0 on failure.
 int ZpArxOpenLista(int lista, AcDbObjectId& listaId, int estado, wchar_t* grupo, int tipo,
-                   CCountMarca& contador, AcGePoint3d& ponto);
+                   CCountMarca& counter, AcGePoint3d& ponto);
 
 /// Lowest free mark ("P1", "P2", ...) into a buffer of kZpMarcaMax. 0 without an open list.
 int ZpArxGetNextMarca(wchar_t* marca);
