@@ -15,7 +15,7 @@ struct RolledSource {
     const wchar_t* data;    ///< list file whose line at the same place carries the numbers
     const wchar_t* title;   ///< of the dialog
     const wchar_t* header;  ///< of the columns shown
-    int sectionType;        ///< of the entity, ZpILaminadoUSA::ISolType
+    int secaoType;          ///< of the entity, ZpILaminadoUSA::ISolType
     int firstColumn;        ///< of the numbers in a data line: 1 behind a designation
 };
 

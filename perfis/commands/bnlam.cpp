@@ -18,7 +18,7 @@ constexpr double kRoot2 = std::numbers::sqrt2;
 /// Distance from the reference point to the heel: a third of each leg from both backs.
 double heelDistance(const Medidas& m) { return kRoot2 * m.h / 3.0; }
 /// Half the height over the tips of the legs.
-double tipHeight(const Medidas& m) { return m.h / kRoot2; }
+double tipAltura(const Medidas& m) { return m.h / kRoot2; }
 /// From the reference point to the rounded tips.
 double tipDistance(const Medidas& m) {
     const double toeRadius = m.t / 2.0;
@@ -28,32 +28,32 @@ double tipDistance(const Medidas& m) {
 constexpr Insertion kInsertions[] = {
     {L"RIGHT UPPER",
      [](const Medidas& m) {
-         return Shift{-tipDistance(m), -tipHeight(m)};
+         return Shift{-tipDistance(m), -tipAltura(m)};
      }},
     {L"RIGHT DOWN",
      [](const Medidas& m) {
-         return Shift{-tipDistance(m), tipHeight(m)};
+         return Shift{-tipDistance(m), tipAltura(m)};
      }},
     {L"CENTER", [](const Medidas&) { return Shift{}; }},
 };
 
-Shift memberShift(const Medidas& m, const MemberPlace& place) {
+Shift barraShift(const Medidas& m, const BarraPlace& place) {
     switch (place.view) {
         case 1:
             return shiftByReach({-tipDistance(m), heelDistance(m)}, place);
         case 2:
             return shiftByReach({-heelDistance(m), tipDistance(m)}, place);
         default:
-            return shiftByReach({-tipHeight(m), tipHeight(m)}, place);
+            return shiftByReach({-tipAltura(m), tipAltura(m)}, place);
     }
 }
 
 constexpr RoleValue kValues[] = {
-    {H, &Medidas::h},  {T, &Medidas::t}, {E, equalAngleAxis},
-    {Ri, &Medidas::t}, {M, &Medidas::m}, {A, areaOfMass},
+    {H, &Medidas::h},  {T, &Medidas::t}, {E, equalCantoneiraAxis},
+    {Ri, &Medidas::t}, {M, &Medidas::m}, {A, areaOfPeso},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     const AcGePoint3d heel = d.at(-heelDistance(m), 0.0);
     const AcGePoint3d tip = heel + d.by(m.h / kRoot2, m.h / kRoot2);
     const double near = kNearLine / kRoot2;
@@ -61,25 +61,25 @@ void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.add(tip, tip + d.by(m.t / kRoot2, -m.t / kRoot2), tip + d.off(near, near));
 }
 
-const ProfileDescription kCantoneiraGirada = {
+const PerfilDescription kCantoneiraGirada = {
     .dialog = L"bnlam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"bnlam",
     .figures = 2,
     .tiles = kTilesHbt,
     .insertions = kInsertions,
     .wrong = wrongHbt,
-    .memberShift = memberShift,
-    .pieces = kPieceClass<ZpBNLaminado, Classe::BNLaminado>,
+    .barraShift = barraShift,
+    .pieces = kPecaClass<ZpBNLaminado, Classe::BNLaminado>,
     .values = kValues,
     .readBack = readEqualLegs,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 }  // namespace
 
-const ProfileCommand bnlam{kCantoneiraGirada};
+const PerfilCommand bnlam{kCantoneiraGirada};
 
 }  // namespace perfis

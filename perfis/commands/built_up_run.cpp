@@ -13,7 +13,7 @@
 namespace perfis {
 namespace {
 
-constexpr const wchar_t* kLacingTile = L"travejar";
+constexpr const wchar_t* kTravejamentoTile = L"travejar";
 constexpr const wchar_t* kPlanesTile = L"plano";
 constexpr const wchar_t* kPlaneNames[] = {L"Plano horizontal", L"Plano vertical", L"Os dois planos",
                                           kEndMark};
@@ -25,41 +25,42 @@ int drawnSide(int view) {
     return view;
 }
 
-class BuiltUpRun : public ProfileRun {
+class BuiltUpRun : public PerfilRun {
 public:
-    BuiltUpRun(const ProfileDescription& description, const BuiltUpRule& rule)
-        : ProfileRun(description), m_rule(rule) {}
+    BuiltUpRun(const PerfilDescription& description, const BuiltUpRule& rule)
+        : PerfilRun(description), m_rule(rule) {}
 
 protected:
     void wireOwnTiles(ads_hdlg dialog) override;
     void showOwnTiles(ads_hdlg dialog) override;
     std::optional<Fault> acceptFault(ads_hdlg dialog) override;
-    PlateLaying plateLaying() override;
-    bool lacingSuits() override { return isLaced() && plateFits(); }
-    void takePiece(const PieceValues& piece) override;
-    double shownPitch(const PieceValues& piece) const override { return platePitch(piece); }
+    ChapaLaying chapaLaying() override;
+    bool travejamentoSuits() override { return isTravejada() && chapaFits(); }
+    void takePeca(const PecaValues& piece) override;
+    double shownPitch(const PecaValues& piece) const override { return chapaPitch(piece); }
     bool reopensAfter(int status) const override {
         return status == kDialogReopen || status == kDialogReopenAtOnce;
     }
 
 private:
-    void onLacing(const ads_callback_packet& packet);
+    void onTravejamento(const ads_callback_packet& packet);
     void onPlanes(const ads_callback_packet& packet);
     void keepSpacing();
-    bool isLaced();
-    bool plateFits() { return m_A == 0.0 || m_A <= m_rule.maxHeight(state().medidas); }
-    LaidPlates layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply);
+    bool isTravejada();
+    bool chapaFits() { return m_A == 0.0 || m_A <= m_rule.maxAltura(state().medidas); }
+    LaidChapas layChapas(ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply);
 
     const BuiltUpRule& m_rule;
     double m_A = 0.0;  ///< plate height; 0: no plates
     double m_C = 0.0;  ///< plate width along the member
     double m_L1 = 0.0;
-    std::optional<PieceLacing> m_kept;  ///< of a piece that stands, until it is edited
-    LacedPlanes m_planes = LacedPlanes::kBoth;
+    std::optional<PecaTravejamento> m_kept;  ///< of a piece that stands, until it is edited
+    TravejamentoPlanes m_planes = TravejamentoPlanes::kBoth;
 };
 
 void BuiltUpRun::wireOwnTiles(ads_hdlg dialog) {
-    wireTile(dialog, {kLacingTile, dialogCallback<BuiltUpRun, &BuiltUpRun::onLacing>}, this);
+    wireTile(dialog, {kTravejamentoTile, dialogCallback<BuiltUpRun, &BuiltUpRun::onTravejamento>},
+             this);
     if (m_rule.choosesPlanes)
         wireTile(dialog, {kPlanesTile, dialogCallback<BuiltUpRun, &BuiltUpRun::onPlanes>}, this);
 }
@@ -72,31 +73,31 @@ void BuiltUpRun::showOwnTiles(ads_hdlg dialog) {
 
 void BuiltUpRun::onPlanes(const ads_callback_packet& packet) {
     const int choice = texts::toInt(packet.value) + 1;
-    if (choice >= static_cast<int>(LacedPlanes::kHorizontal) &&
-        choice <= static_cast<int>(LacedPlanes::kBoth))
-        m_planes = static_cast<LacedPlanes>(choice);
+    if (choice >= static_cast<int>(TravejamentoPlanes::kHorizontal) &&
+        choice <= static_cast<int>(TravejamentoPlanes::kBoth))
+        m_planes = static_cast<TravejamentoPlanes>(choice);
 }
 
-void BuiltUpRun::onLacing(const ads_callback_packet& packet) {
+void BuiltUpRun::onTravejamento(const ads_callback_packet& packet) {
     readMedidas(packet.dialog);
     keepSpacing();
     const Medidas& medidas = state().medidas;
-    const ViewsChoice& views = state().views;
-    const bool userHeight = m_rule.plateHeight == PlateHeight::kUser;
+    const VistasChoice& views = state().views;
+    const bool userAltura = m_rule.chapaAltura == ChapaAltura::kUser;
     TravejamentoLimites limites;
-    limites.somenteAltura = views.sectionOnly ? 1 : 0;
+    limites.somenteAltura = views.secaoOnly ? 1 : 0;
     limites.pickngo = views.pickAndGo ? 1 : 0;
-    limites.alturaEditavel = userHeight ? 1 : 0;
+    limites.alturaEditavel = userAltura ? 1 : 0;
     limites.comp = views.length;
-    limites.minA = m_rule.minHeight(medidas);
-    limites.maxA = m_rule.maxHeight(medidas);
+    limites.minA = m_rule.minAltura(medidas);
+    limites.maxA = m_rule.maxAltura(medidas);
     TravejamentoParams params;
-    params.A = userHeight ? m_A : medidas.a;
+    params.A = userAltura ? m_A : medidas.a;
     params.C = m_C;
     // The stored spacing is made to fit the length even when the dialog is then left by Cancel.
     CalcPartes(params, views.length, m_L1);
     if (EditTravejamento(params, limites) == 0) return;
-    m_A = userHeight ? params.A : medidas.a;
+    m_A = userAltura ? params.A : medidas.a;
     m_C = params.C;
     m_kept.reset();
     (void)CalcEspacamento(params, views.length, m_L1);
@@ -106,38 +107,38 @@ void BuiltUpRun::keepSpacing() {
     if (m_kept) m_L1 = spacingFor(*m_kept, state().views.length);
 }
 
-bool BuiltUpRun::isLaced() {
+bool BuiltUpRun::isTravejada() {
     const Medidas& medidas = state().medidas;
     // Pieces that touch have no width told.
-    const bool fromWidth = m_rule.clearance == Clearance::kWidth && medidas.a != 0.0;
-    LacingTest test;
-    test.space = fromWidth ? medidas.a - 2.0 * medidas.b : medidas.a;
-    test.minHeight = m_rule.minHeight(medidas);
-    test.sectionOnly = state().views.sectionOnly;
+    const bool fromLargura = m_rule.clearance == Clearance::kWidth && medidas.a != 0.0;
+    TravejamentoTest test;
+    test.space = fromLargura ? medidas.a - 2.0 * medidas.b : medidas.a;
+    test.minAltura = m_rule.minAltura(medidas);
+    test.secaoOnly = state().views.secaoOnly;
     if (state().views.pickAndGo) return true;
-    if (!lacingHolds(m_A, m_C, m_L1, test)) return false;
+    if (!travejamentoHolds(m_A, m_C, m_L1, test)) return false;
     // The spacing was made for the length that the member had then.
-    return test.sectionOnly || m_A <= 0.0 || rowHolds({state().views.length, m_L1}, m_C);
+    return test.secaoOnly || m_A <= 0.0 || rowHolds({state().views.length, m_L1}, m_C);
 }
 
 std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
     refresh(dialog);
     keepSpacing();
-    if (lacksLength()) return kLacksLength;
-    if (!isLaced()) {
+    if (lacksComprimento()) return kLacksComprimento;
+    if (!isTravejada()) {
         const bool noRoom = description().wrong(state().medidas) == &Medidas::a;
-        return Fault{kInvalidLacing, noRoom ? L"a" : kLacingTile};
+        return Fault{kInvalidTravejamento, noRoom ? L"a" : kTravejamentoTile};
     }
-    if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSection, tile};
-    if (!plateFits()) return Fault{kInvalidSection, kLacingTile};
+    if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSecao, tile};
+    if (!chapaFits()) return Fault{kInvalidSecao, kTravejamentoTile};
     readMedidas(dialog);
     return {};
 }
 
-LaidPlates BuiltUpRun::layPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
-    return m_rule.layPlates({piece,
+LaidChapas BuiltUpRun::layChapas(ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply) {
+    return m_rule.layChapas({piece,
                              point,
-                             chosenView(state().views),
+                             chosenVista(state().views),
                              state().medidas,
                              m_C,
                              m_A,
@@ -146,11 +147,11 @@ LaidPlates BuiltUpRun::layPlates(ZpObject& piece, const AcGePoint3d& point, Plat
                              supply});
 }
 
-void BuiltUpRun::takePiece(const PieceValues& piece) {
-    ProfileRun::takePiece(piece);
-    const PieceLacing lacing = lacingOf(piece);
+void BuiltUpRun::takePeca(const PecaValues& piece) {
+    PerfilRun::takePeca(piece);
+    const PecaTravejamento lacing = travejamentoOf(piece);
     if (lacing.plates.A <= 0.0) return;
-    m_A = m_rule.plateHeight == PlateHeight::kClearance ? state().medidas.a : lacing.plates.A;
+    m_A = m_rule.chapaAltura == ChapaAltura::kClearance ? state().medidas.a : lacing.plates.A;
     m_C = lacing.plates.C;
     m_planes = lacing.planes;
     // The plates of a section do not tell how they are spread.
@@ -158,27 +159,27 @@ void BuiltUpRun::takePiece(const PieceValues& piece) {
     keepSpacing();
 }
 
-PlateLaying BuiltUpRun::plateLaying() {
+ChapaLaying BuiltUpRun::chapaLaying() {
     if (m_rule.sides == SidesDrawn::kAboveAndRight)
         state().views.view = drawnSide(state().views.view);
     if (m_A <= 0.0) return nullptr;
-    return [this](ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply) {
-        return layPlates(piece, point, supply);
+    return [this](ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply) {
+        return layChapas(piece, point, supply);
     };
 }
 
 }  // namespace
 
-std::unique_ptr<ProfileRun> makeBuiltUp(const ProfileDescription& description,
-                                        const BuiltUpRule& rule) {
+std::unique_ptr<PerfilRun> makeBuiltUp(const PerfilDescription& description,
+                                       const BuiltUpRule& rule) {
     return std::make_unique<BuiltUpRun>(description, rule);
 }
 
-bool lacingHolds(double A, double C, double L1, const LacingTest& test) {
+bool travejamentoHolds(double A, double C, double L1, const TravejamentoTest& test) {
     const bool touching = test.space == 0.0;
-    const bool spread = test.sectionOnly || (C > 0.0 && L1 > 3.0 * C);
-    if (test.space > 0.0) return A > test.minHeight && spread;
-    return touching && (test.sectionOnly || A == 0.0 || (A > 0.0 && spread));
+    const bool spread = test.secaoOnly || (C > 0.0 && L1 > 3.0 * C);
+    if (test.space > 0.0) return A > test.minAltura && spread;
+    return touching && (test.secaoOnly || A == 0.0 || (A > 0.0 && spread));
 }
 
 }  // namespace perfis

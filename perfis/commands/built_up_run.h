@@ -20,7 +20,7 @@ enum class SidesDrawn {
 };
 
 /// Who gives the height A of the plates.
-enum class PlateHeight {
+enum class ChapaAltura {
     kUser,
     kClearance,  ///< they fill "a" and are as high
 };
@@ -29,28 +29,28 @@ enum class PlateHeight {
 struct BuiltUpRule {
     Clearance clearance;
     SidesDrawn sides;
-    PlateHeight plateHeight;
+    ChapaAltura chapaAltura;
     /// Limits of the plate height: above the one, not above the other.
-    double (*minHeight)(const Medidas&);
-    double (*maxHeight)(const Medidas&);
-    LaidPlates (*layPlates)(const LacedMember&);
+    double (*minAltura)(const Medidas&);
+    double (*maxAltura)(const Medidas&);
+    LaidChapas (*layChapas)(const BarraTravejada&);
     /// The dialog has a popup "plano".
     bool choosesPlanes = false;
 };
 
 /// A run of a built-up command.
-std::unique_ptr<ProfileRun> makeBuiltUp(const ProfileDescription& description,
-                                        const BuiltUpRule& rule);
+std::unique_ptr<PerfilRun> makeBuiltUp(const PerfilDescription& description,
+                                       const BuiltUpRule& rule);
 
 /// What a dialog's lacing is tested with; lengths in mm.
-struct LacingTest {
+struct TravejamentoTest {
     double space = 0.0;      ///< clear space between the pieces, which A must span
-    double minHeight = 0.0;  ///< A must be greater when there is a space
-    bool sectionOnly = true;
+    double minAltura = 0.0;  ///< A must be greater when there is a space
+    bool secaoOnly = true;
 };
 
 /// True when plates A high and C wide at the spacing L1 hold the pieces together; A = 0 will do
 /// for pieces that touch.
-bool lacingHolds(double A, double C, double L1, const LacingTest& test);
+bool travejamentoHolds(double A, double C, double L1, const TravejamentoTest& test);
 
 }  // namespace perfis

@@ -10,7 +10,7 @@
 namespace perfis {
 namespace {
 
-constexpr DimensionTile kRolled[] = {
+constexpr MedidaTile kRolled[] = {
     {L"h", &Medidas::h, L"0"},
     {L"b", &Medidas::b, L"0"},
     {L"t", &Medidas::t, L"0.00"},
@@ -18,7 +18,7 @@ constexpr DimensionTile kRolled[] = {
     {L"av", &Medidas::av, L"0", RowUse::kNone},
 };
 
-constexpr DimensionTile kLipped[] = {
+constexpr MedidaTile kWithAba[] = {
     {L"h", &Medidas::h, L"0"}, {L"b", &Medidas::b, L"0"}, {L"t", &Medidas::t, L"0.00"},
     {L"a", &Medidas::a, L"0"}, {L"e", &Medidas::e, L"0"},
 };
@@ -28,7 +28,7 @@ Medida orElse(Medida wrong, bool otherToo, Medida other) {
 }
 
 /// Point of the picture at x from the reference point, at the lower edge.
-AcGePoint3d atLowerEdge(const PieceDimensions& d, double x) {
+AcGePoint3d atLowerEdge(const PecaCotas& d, double x) {
     AcGePoint3d point = d.at(x, 0.0);
     point.y = d.face(1).y;
     return point;
@@ -36,47 +36,47 @@ AcGePoint3d atLowerEdge(const PieceDimensions& d, double x) {
 
 }  // namespace
 
-constinit const std::span<const DimensionTile> kTilesRolled(kRolled, 4);
-constinit const std::span<const DimensionTile> kTilesRolledAv(kRolled);
-constinit const std::span<const DimensionTile> kTilesLipped(kLipped);
+constinit const std::span<const MedidaTile> kTilesRolled(kRolled, 4);
+constinit const std::span<const MedidaTile> kTilesRolledAv(kRolled);
+constinit const std::span<const MedidaTile> kTilesWithAba(kWithAba);
 
-Medida wrongGap(const Medidas& medidas) {
+Medida wrongVao(const Medidas& medidas) {
     return orElse(wrongHbt(medidas), medidas.a < 0.0, &Medidas::a);
 }
 
-Medida wrongGapOrLip(const Medidas& medidas) {
-    return orElse(wrongGap(medidas), medidas.e <= 0.0, &Medidas::e);
+Medida wrongVaoOrAba(const Medidas& medidas) {
+    return orElse(wrongVao(medidas), medidas.e <= 0.0, &Medidas::e);
 }
 
-Medida wrongGapOrAv(const Medidas& medidas) {
-    return orElse(wrongGap(medidas), medidas.av < 0.0, &Medidas::av);
+Medida wrongVaoOrAv(const Medidas& medidas) {
+    return orElse(wrongVao(medidas), medidas.av < 0.0, &Medidas::av);
 }
 
-Medida wrongWidth(const Medidas& medidas) {
+Medida wrongLargura(const Medidas& medidas) {
     const bool touching = medidas.a == 0.0;
     return orElse(wrongHbt(medidas), !touching && medidas.a < 2.0 * medidas.b, &Medidas::a);
 }
 
-double outsideWidth(const Medidas& medidas) { return std::max(medidas.a, 2.0 * medidas.b); }
-double halfAcrossGap(const Medidas& medidas) { return medidas.b + medidas.a / 2.0; }
-double halfOutsideWidth(const Medidas& medidas) { return outsideWidth(medidas) / 2.0; }
-double halfHeight(const Medidas& medidas) { return medidas.h / 2.0; }
-double thirdOfHeight(const Medidas& medidas) { return medidas.h / 3.0; }
+double outsideLargura(const Medidas& medidas) { return std::max(medidas.a, 2.0 * medidas.b); }
+double halfAcrossVao(const Medidas& medidas) { return medidas.b + medidas.a / 2.0; }
+double halfOutsideLargura(const Medidas& medidas) { return outsideLargura(medidas) / 2.0; }
+double halfAltura(const Medidas& medidas) { return medidas.h / 2.0; }
+double thirdOfAltura(const Medidas& medidas) { return medidas.h / 3.0; }
 
-void dimensionTee(PieceDimensions& d, const Medidas& m) {
-    dimensionWVT(d, m);
+void cotaTee(PecaCotas& d, const Medidas& m) {
+    cotaWVT(d, m);
     const AcGePoint3d left = d.at(-m.a / 2.0, -2.0 * m.h / 3.0);
     d.add(left, d.at(m.a / 2.0, -2.0 * m.h / 3.0), left + d.off(0.0, -kFarLine));
 }
 
-void dimensionTrough(PieceDimensions& d, const Medidas& m) {
-    dimensionWVT(d, m);
-    const double half = halfOutsideWidth(m) - m.b;
+void cotaTrough(PecaCotas& d, const Medidas& m) {
+    cotaWVT(d, m);
+    const double half = halfOutsideLargura(m) - m.b;
     const AcGePoint3d left = d.at(-half, m.h / 3.0);
     d.add(left, d.at(half, m.h / 3.0), left + d.off(0.0, kNearLine));
 }
 
-void dimensionHeels(PieceDimensions& d, const Medidas& m, double heelX, double leg) {
+void cotaHeels(PecaCotas& d, const Medidas& m, double heelX, double leg) {
     constexpr double kCosine = 1.0 / std::numbers::sqrt2;
     d.width();
     d.height();
@@ -86,17 +86,17 @@ void dimensionHeels(PieceDimensions& d, const Medidas& m, double heelX, double l
           tip + d.off(kNearLine * kCosine, kNearLine * kCosine));
 }
 
-void dimensionFacing(PieceDimensions& d, const Medidas& m) {
+void cotaFacing(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
-    const double half = halfOutsideWidth(m);
+    const double half = halfOutsideLargura(m);
     const AcGePoint3d back = d.at(half, 0.0);
     d.add(d.at(half - m.t, 0.0), back, back + d.off(kNearLine, 0.0));
     const AcGePoint3d left = atLowerEdge(d, m.b - half);
     d.add(left, atLowerEdge(d, half - m.b), left + d.off(0.0, -kFarLine));
 }
 
-void dimensionGapBelow(PieceDimensions& d, const Medidas& m) {
+void cotaVaoBelow(PecaCotas& d, const Medidas& m) {
     const AcGePoint3d left = atLowerEdge(d, -m.a / 2.0);
     d.add(left, atLowerEdge(d, m.a / 2.0), left + d.off(0.0, -kFarLine));
 }

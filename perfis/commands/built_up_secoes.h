@@ -10,37 +10,37 @@
 namespace perfis {
 
 /// Rolled sections: h, b, t from the row, a typed.
-extern const std::span<const DimensionTile> kTilesRolled;
+extern const std::span<const MedidaTile> kTilesRolled;
 /// The same with the gap in height av.
-extern const std::span<const DimensionTile> kTilesRolledAv;
+extern const std::span<const MedidaTile> kTilesRolledAv;
 /// Cold-formed sections with a lip: h, b, t, a and, where the row has it, e.
-extern const std::span<const DimensionTile> kTilesLipped;
+extern const std::span<const MedidaTile> kTilesWithAba;
 
 /// h, b, t must be above 0, the gap a not below it.
-Medida wrongGap(const Medidas& medidas);
+Medida wrongVao(const Medidas& medidas);
 /// The same, and e above 0.
-Medida wrongGapOrLip(const Medidas& medidas);
-/// The same as wrongGap, and av not below 0.
-Medida wrongGapOrAv(const Medidas& medidas);
+Medida wrongVaoOrAba(const Medidas& medidas);
+/// The same as wrongVao, and av not below 0.
+Medida wrongVaoOrAv(const Medidas& medidas);
 /// h, b, t must be above 0, the width a 0 (the pieces touch) or at least 2b.
-Medida wrongWidth(const Medidas& medidas);
+Medida wrongLargura(const Medidas& medidas);
 
 /// Width over the whole of two pieces with legs b, drawn at least 2b wide.
-double outsideWidth(const Medidas& medidas);
+double outsideLargura(const Medidas& medidas);
 /// Half the width of two pieces of width b with the gap a between them.
-double halfAcrossGap(const Medidas& medidas);
+double halfAcrossVao(const Medidas& medidas);
 /// Half of the width of the whole, mm.
-double halfOutsideWidth(const Medidas& medidas);
+double halfOutsideLargura(const Medidas& medidas);
 /// mm.
-double halfHeight(const Medidas& medidas);
+double halfAltura(const Medidas& medidas);
 /// mm.
-double thirdOfHeight(const Medidas& medidas);
+double thirdOfAltura(const Medidas& medidas);
 
 /// Kind of an I of two U whose lips point outwards.
-inline constexpr double kHats = 1.0;
+inline constexpr double kCartolas = 1.0;
 
 /// Area in cm2 and mass of two rolled angles, as their built-up classes take them.
-inline double pairMass(const Medidas& m) { return 2.0 * m.m; }
+inline double pairPeso(const Medidas& m) { return 2.0 * m.m; }
 /// Area of two pieces in cm2 from the linear mass of one in kg/m.
 inline double pairArea(const Medidas& m) { return 2.0 * m.m * 1.271848; }
 
@@ -98,15 +98,15 @@ inline constexpr Insertion kFourCorners[] = {
 };
 
 /// T of two angles: width, height, thickness, gap between the stems.
-void dimensionTee(PieceDimensions& dimensions, const Medidas& medidas);
+void cotaTee(PecaCotas& dimensions, const Medidas& medidas);
 /// U of two angles: width, height, thickness, opening between the legs.
-void dimensionTrough(PieceDimensions& dimensions, const Medidas& medidas);
+void cotaTrough(PecaCotas& dimensions, const Medidas& medidas);
 /// Two angles heel to heel, legs at 45 degrees: width, height, gap, thickness at the upper right
 /// tip. `heelX` is the heel of the right one, `leg` its upper leg.
-void dimensionHeels(PieceDimensions& dimensions, const Medidas& medidas, double heelX, double leg);
+void cotaHeels(PecaCotas& dimensions, const Medidas& medidas, double heelX, double leg);
 /// Two sections facing each other: width, height, web, opening between the toes.
-void dimensionFacing(PieceDimensions& dimensions, const Medidas& medidas);
+void cotaFacing(PecaCotas& dimensions, const Medidas& medidas);
 /// Gap between two backs, at the lower edge.
-void dimensionGapBelow(PieceDimensions& dimensions, const Medidas& medidas);
+void cotaVaoBelow(PecaCotas& dimensions, const Medidas& medidas);
 
 }  // namespace perfis

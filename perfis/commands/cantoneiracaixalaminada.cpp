@@ -12,30 +12,30 @@ using zp::secao::Classe;
 using enum zp::secao::Papel;
 
 /// One angle stands on the other's leg.
-double halfHeight(const Medidas& m) { return (m.h + m.t) / 2.0; }
+double halfAltura(const Medidas& m) { return (m.h + m.t) / 2.0; }
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
      [](const Medidas& m) {
-         return Shift{-m.b / 2.0, halfHeight(m)};
+         return Shift{-m.b / 2.0, halfAltura(m)};
      }},
     {L"LEFT DOWN",
      [](const Medidas& m) {
-         return Shift{m.b / 2.0, halfHeight(m)};
+         return Shift{m.b / 2.0, halfAltura(m)};
      }},
     {L"RIGHT UPPER",
      [](const Medidas& m) {
-         return Shift{-m.b / 2.0, -halfHeight(m)};
+         return Shift{-m.b / 2.0, -halfAltura(m)};
      }},
     {L"LEFT UPPER",
      [](const Medidas& m) {
-         return Shift{m.b / 2.0, -halfHeight(m)};
+         return Shift{m.b / 2.0, -halfAltura(m)};
      }},
     {L"CENTER", [](const Medidas&) { return Shift{}; }},
 };
 
-Shift memberShift(const Medidas& m, const MemberPlace& place) {
-    return shiftByReach(symmetricReach(2.0 * halfHeight(m), m.b, place.view), place);
+Shift barraShift(const Medidas& m, const BarraPlace& place) {
+    return shiftByReach(symmetricReach(2.0 * halfAltura(m), m.b, place.view), place);
 }
 
 constexpr RoleValue kValues[] = {
@@ -44,27 +44,27 @@ constexpr RoleValue kValues[] = {
     {T, &Medidas::t},
     {Ri, &Medidas::t},
     {M, [](const Medidas& m) { return 2.0 * m.m; }},
-    {A, [](const Medidas& m) { return 2.0 * kAreaOfMass * m.m; }},
+    {A, [](const Medidas& m) { return 2.0 * kAreaOfPeso * m.m; }},
 };
 
-const ProfileDescription kCaixaDeCantoneiras = {
+const PerfilDescription kCaixaDeCantoneiras = {
     .dialog = L"pllam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"pccl",
     .figures = 2,
     .tiles = kTilesHbt,
     .insertions = kInsertions,
     .wrong = wrongHbt,
-    .memberShift = memberShift,
-    .pieces = kPieceClass<ZpCantLaminadaCaixa, Classe::CantLaminadaCaixa>,
+    .barraShift = barraShift,
+    .pieces = kPecaClass<ZpCantLaminadaCaixa, Classe::CantLaminadaCaixa>,
     .values = kValues,
-    .dimensionSection = dimensionWVT,
+    .cotaSecao = cotaWVT,
 };
 
 }  // namespace
 
-const ProfileCommand cantoneiracaixalaminada{kCaixaDeCantoneiras};
+const PerfilCommand cantoneiracaixalaminada{kCaixaDeCantoneiras};
 
 }  // namespace perfis

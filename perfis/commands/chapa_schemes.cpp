@@ -7,59 +7,59 @@
 namespace perfis {
 namespace {
 
-constexpr PlateTurn kUpright{};
+constexpr ChapaTurn kUpright{};
 
-PlateMaker makerFor(const LacedMember& member) {
+ChapaMaker makerFor(const BarraTravejada& member) {
     return {member.piece, {member.C, member.medidas.t, member.A}, member.supply};
 }
 
-bool isSection(const LacedMember& member) { return member.view == ZpObject::kVistaSecao; }
+bool isSecao(const BarraTravejada& member) { return member.view == ZpObject::kVistaSecao; }
 
 /// Point at (x, y) from the member's.
-AcGePoint3d offset(const LacedMember& member, double x, double y) {
+AcGePoint3d offset(const BarraTravejada& member, double x, double y) {
     return member.point + AcGeVector3d(x, y, 0.0);
 }
 
-double widthInSection(const LacedMember& member) {
-    return member.C > 0.0 ? member.C : kWidthUnknown;
+double larguraInSecao(const BarraTravejada& member) {
+    return member.C > 0.0 ? member.C : kUnknownLargura;
 }
 
 /// Adds the plates; the one of slot 1, or the only one, stands for them in the material list.
-void add(LaidPlates& laid, const std::vector<AcDbObjectId>& plates) {
+void add(LaidChapas& laid, const std::vector<AcDbObjectId>& plates) {
     const AcDbObjectId first = plates.size() > 1 ? plates[1] : plates.front();
     laid.rows.push_back({first, static_cast<int>(plates.size()), {}});
     laid.ids.insert(laid.ids.end(), plates.begin(), plates.end());
 }
 
 /// With fewer than three plates the next one is at the far end.
-double pitchOf(const LacedMember& member) {
-    const std::vector<double> stations = plateStations(member.spacing, member.C);
+double pitchOf(const BarraTravejada& member) {
+    const std::vector<double> stations = chapaStations(member.spacing, member.C);
     return stations.size() > 2 ? stations[2] : stations[1];
 }
 
 /// One plate seen along the member, lying on a face at `face`.
-std::vector<AcDbObjectId> lyingInSection(const LacedMember& member, double face) {
+std::vector<AcDbObjectId> lyingInSecao(const BarraTravejada& member, double face) {
     return {makerFor(member).plate(offset(member, -member.A / 2.0, face), ZpObject::kVistaEsquerda,
-                                   widthInSection(member), member.medidas.t, member.A, kUpright)};
+                                   larguraInSecao(member), member.medidas.t, member.A, kUpright)};
 }
 
-std::vector<AcDbObjectId> standingInSection(const LacedMember& member) {
+std::vector<AcDbObjectId> standingInSecao(const BarraTravejada& member) {
     const double t = member.medidas.t;
     return {makerFor(member).plate(offset(member, -t / 2.0, -member.A / 2.0),
-                                   ZpObject::kVistaEsquerda, widthInSection(member), member.A, t,
+                                   ZpObject::kVistaEsquerda, larguraInSecao(member), member.A, t,
                                    kUpright)};
 }
 
-std::vector<AcDbObjectId> rowOf(const LacedMember& member, const PlateRule& rule) {
+std::vector<AcDbObjectId> rowOf(const BarraTravejada& member, const ChapaRule& rule) {
     return makerFor(member).row(member.point, member.spacing, rule);
 }
 
 }  // namespace
 
-LaidPlates layOnFace(const LacedMember& member, double face) {
-    LaidPlates laid;
-    if (isSection(member)) {
-        add(laid, lyingInSection(member, face));
+LaidChapas layOnFace(const BarraTravejada& member, double face) {
+    LaidChapas laid;
+    if (isSecao(member)) {
+        add(laid, lyingInSecao(member, face));
         return laid;
     }
     const bool onEdgeSeen = member.view == ZpObject::kVistaDireita;
@@ -69,12 +69,12 @@ LaidPlates layOnFace(const LacedMember& member, double face) {
     return laid;
 }
 
-LaidPlates layOnBothFlanges(const LacedMember& member) {
+LaidChapas layOnBothFlanges(const BarraTravejada& member) {
     const double t = member.medidas.t;
     const double flange = member.medidas.h / 2.0 - t / 2.0;
-    LaidPlates laid;
+    LaidChapas laid;
     std::vector<AcDbObjectId> plates;
-    if (isSection(member)) {
+    if (isSecao(member)) {
         // Seen along the member a plate is A wide; its depth does not show.
         for (const double y : {flange, -flange})
             plates.push_back(makerFor(member).plate(offset(member, -member.A / 2.0, y),
@@ -95,20 +95,20 @@ LaidPlates layOnBothFlanges(const LacedMember& member) {
     return laid;
 }
 
-LaidPlates layThroughAxis(const LacedMember& member) {
+LaidChapas layThroughAxis(const BarraTravejada& member) {
     const bool fromTheSide = member.view == ZpObject::kVistaDireita;
-    const PlateRule edge = onEdgeSwapped(0.0);
-    const PlateRule face = flat(member.A / 2.0);
-    LaidPlates laid;
-    if (member.planes != LacedPlanes::kVertical) {
-        add(laid, isSection(member) ? lyingInSection(member, -member.medidas.t / 2.0)
-                                    : rowOf(member, fromTheSide ? edge : face));
+    const ChapaRule edge = onEdgeSwapped(0.0);
+    const ChapaRule face = flat(member.A / 2.0);
+    LaidChapas laid;
+    if (member.planes != TravejamentoPlanes::kVertical) {
+        add(laid, isSecao(member) ? lyingInSecao(member, -member.medidas.t / 2.0)
+                                  : rowOf(member, fromTheSide ? edge : face));
     }
-    if (member.planes != LacedPlanes::kHorizontal) {
-        add(laid, isSection(member) ? standingInSection(member)
-                                    : rowOf(member, fromTheSide ? face : edge));
+    if (member.planes != TravejamentoPlanes::kHorizontal) {
+        add(laid,
+            isSecao(member) ? standingInSecao(member) : rowOf(member, fromTheSide ? face : edge));
     }
-    if (!isSection(member)) laid.pitch = pitchOf(member);
+    if (!isSecao(member)) laid.pitch = pitchOf(member);
     return laid;
 }
 

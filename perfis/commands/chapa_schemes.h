@@ -8,32 +8,32 @@
 namespace perfis {
 
 /// Planes in which a star of two angles is laced.
-enum class LacedPlanes { kHorizontal = 1, kVertical = 2, kBoth = 3 };
+enum class TravejamentoPlanes { kHorizontal = 1, kVertical = 2, kBoth = 3 };
 
 /// Width of a plate that is seen along its member before its lacing was edited for a whole one, mm.
-inline constexpr double kWidthUnknown = 1.0;
+inline constexpr double kUnknownLargura = 1.0;
 
 /// A built-up member, open for write, that gets plates of thickness `medidas.t`.
-struct LacedMember {
+struct BarraTravejada {
     ZpObject& piece;
     AcGePoint3d point;  ///< the piece's own
     ZpObject::ZpVistas view;
     Medidas medidas;
     double C = 0.0;  ///< width of a plate, along the member, mm
     double A = 0.0;  ///< height of a plate, across the member, mm
-    PlateSpacing spacing;
-    LacedPlanes planes;
-    PlateSupply& supply;
+    ChapaSpacing spacing;
+    TravejamentoPlanes planes;
+    ChapaSupply& supply;
 };
 
 /// One row of plates that lie on a face at `face` mm above the member's point.
-LaidPlates layOnFace(const LacedMember& member, double face);
+LaidChapas layOnFace(const BarraTravejada& member, double face);
 
 /// Plates at both flanges, inside the height h. Seen from the side two rows, else one stands for
 /// both.
-LaidPlates layOnBothFlanges(const LacedMember& member);
+LaidChapas layOnBothFlanges(const BarraTravejada& member);
 
 /// Horizontal and vertical plates through the axis, those of the chosen planes.
-LaidPlates layThroughAxis(const LacedMember& member);
+LaidChapas layThroughAxis(const BarraTravejada& member);
 
 }  // namespace perfis

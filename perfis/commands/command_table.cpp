@@ -5,7 +5,7 @@
 namespace perfis {
 namespace {
 
-template <const ProfileCommand& kCommand>
+template <const PerfilCommand& kCommand>
 CommandRow row(const ACHAR* globalName, const ACHAR* localName) {
     return {globalName, localName, [] { draw(kCommand); }, kCommand};
 }

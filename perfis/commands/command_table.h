@@ -16,7 +16,7 @@ struct CommandRow {
     const ACHAR* globalName;
     const ACHAR* localName;
     AcRxFunctionPtr handler;  ///< no exception leaves it
-    const ProfileCommand& command;
+    const PerfilCommand& command;
 };
 
 std::span<const CommandRow> commandTable();

@@ -8,7 +8,7 @@
 namespace perfis {
 namespace {
 
-constexpr DimensionTile kHbta[] = {
+constexpr MedidaTile kHbta[] = {
     {L"h", &Medidas::h, L"0"},
     {L"b", &Medidas::b, L"0"},
     {L"t", &Medidas::t, L"0.00"},
@@ -56,14 +56,14 @@ constexpr Insertion kRoundEdges[] = {
 
 }  // namespace
 
-constinit const std::span<const DimensionTile> kTilesHbt(kHbta, 3);
-constinit const std::span<const DimensionTile> kTilesHbta(kHbta);
+constinit const std::span<const MedidaTile> kTilesHbt(kHbta, 3);
+constinit const std::span<const MedidaTile> kTilesHbta(kHbta);
 constinit const std::span<const Insertion> kUInsertions(kUCorners);
 constinit const std::span<const Insertion> kRoundInsertions(kRoundEdges);
 
-double areaOfMass(const Medidas& medidas) { return kAreaOfMass * medidas.m; }
+double areaOfPeso(const Medidas& medidas) { return kAreaOfPeso * medidas.m; }
 
-double equalAngleAxis(const Medidas& medidas) {
+double equalCantoneiraAxis(const Medidas& medidas) {
     return -2.0 * medidas.h / (6.0 * std::numbers::sqrt2);
 }
 
@@ -95,17 +95,17 @@ Medida wrongHbta(const Medidas& medidas) {
     return firstNotPositive(medidas, {&Medidas::h, &Medidas::b, &Medidas::t, &Medidas::a});
 }
 
-void dimensionWVT(PieceDimensions& dimensions, const Medidas& medidas) {
+void cotaWVT(PecaCotas& dimensions, const Medidas& medidas) {
     dimensions.width();
     dimensions.height();
     dimensions.thickness(medidas.t);
 }
 
-Shift boxMemberShift(const Medidas& medidas, const MemberPlace& place) {
+Shift boxBarraShift(const Medidas& medidas, const BarraPlace& place) {
     return shiftByReach(symmetricReach(medidas.h, medidas.b, place.view), place);
 }
 
-Shift roundMemberShift(const Medidas& medidas, const MemberPlace& place) {
+Shift roundBarraShift(const Medidas& medidas, const BarraPlace& place) {
     return shiftByReach(symmetricReach(medidas.d, medidas.d, place.view), place);
 }
 

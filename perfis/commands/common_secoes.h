@@ -11,8 +11,8 @@
 namespace perfis {
 
 /// h, b, t and h, b, t, a.
-extern const std::span<const DimensionTile> kTilesHbt;
-extern const std::span<const DimensionTile> kTilesHbta;
+extern const std::span<const MedidaTile> kTilesHbt;
+extern const std::span<const MedidaTile> kTilesHbta;
 
 /// Corners and centre of a U whose web stands a third of the flange left of the axis.
 extern const std::span<const Insertion> kUInsertions;
@@ -21,7 +21,7 @@ extern const std::span<const Insertion> kUInsertions;
 extern const std::span<const Insertion> kRoundInsertions;
 
 /// Area in mm2 of a linear mass in kg/m, as the rolled classes take it.
-inline constexpr double kAreaOfMass = 127.1848;
+inline constexpr double kAreaOfPeso = 127.1848;
 
 /// A U seen from below is the one seen from above, turned.
 inline constexpr Face kChannelFaces[] = {
@@ -36,11 +36,11 @@ inline constexpr Face kChannelFaces[] = {
 inline constexpr double kRightAngle = std::numbers::pi / 2.0;
 
 /// Area in mm2 of the row last picked, from its linear mass.
-double areaOfMass(const Medidas& medidas);
+double areaOfPeso(const Medidas& medidas);
 
 /// What the classes of turned equal angles take: a third of the leg along the angle's own axes,
 /// twice over.
-double equalAngleAxis(const Medidas& medidas);
+double equalCantoneiraAxis(const Medidas& medidas);
 /// Of equal legs a class keeps one.
 void readEqualLegs(Medidas& medidas, const zp::secao::Dados& values);
 
@@ -58,12 +58,12 @@ Medida wrongHbt(const Medidas& medidas);
 Medida wrongHbta(const Medidas& medidas);
 
 /// Width, height, thickness.
-void dimensionWVT(PieceDimensions& dimensions, const Medidas& medidas);
+void cotaWVT(PecaCotas& dimensions, const Medidas& medidas);
 
 /// A member seen h high and b wide, symmetric to its axis.
-Shift boxMemberShift(const Medidas& medidas, const MemberPlace& place);
+Shift boxBarraShift(const Medidas& medidas, const BarraPlace& place);
 
 /// A round member of diameter d.
-Shift roundMemberShift(const Medidas& medidas, const MemberPlace& place);
+Shift roundBarraShift(const Medidas& medidas, const BarraPlace& place);
 
 }  // namespace perfis

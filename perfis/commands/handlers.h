@@ -9,22 +9,22 @@
 namespace perfis {
 
 /// A command: what it draws, and how a run of it is made where that is more than a plain one.
-struct ProfileCommand {
-    const ProfileDescription& description;
-    std::unique_ptr<ProfileRun> (*make)() = nullptr;
+struct PerfilCommand {
+    const PerfilDescription& description;
+    std::unique_ptr<PerfilRun> (*make)() = nullptr;
 };
 
 template <class Run>
-std::unique_ptr<ProfileRun> newRunOf() {
+std::unique_ptr<PerfilRun> newRunOf() {
     return std::make_unique<Run>();
 }
 
 /// One run of the command, to draw new pieces or to edit one.
-std::unique_ptr<ProfileRun> newRun(const ProfileCommand& command);
+std::unique_ptr<PerfilRun> newRun(const PerfilCommand& command);
 
 /// One whole run of a command. No exception leaves it: the only one to be expected is lack of
 /// memory.
-void draw(const ProfileCommand& command);
+void draw(const PerfilCommand& command);
 
 /// The commands in the order of their registration: name in the code, global and local name.
 // clang-format off
@@ -61,7 +61,7 @@ void draw(const ProfileCommand& command);
     X(perfilicartola, L"perfilicartola", L"perfilicartola")
 // clang-format on
 
-#define PERFIS_DECLARE(NAME, GLOBAL, LOCAL) extern const ProfileCommand NAME;
+#define PERFIS_DECLARE(NAME, GLOBAL, LOCAL) extern const PerfilCommand NAME;
 PERFIS_COMMANDS(PERFIS_DECLARE)
 #undef PERFIS_DECLARE
 

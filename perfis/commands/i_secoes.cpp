@@ -4,7 +4,7 @@
 
 namespace perfis {
 
-void dimensionISection(PieceDimensions& d, const Medidas& m) {
+void cotaISecao(PecaCotas& d, const Medidas& m) {
     const AcGePoint3d upper = d.face(0);
     const AcGePoint3d lower = d.face(1);
     const AcGePoint3d middle = lower + d.by(m.b / 2.0, 0.0);

@@ -31,6 +31,6 @@ constexpr Insertion kBoxEdges[] = {
 inline constexpr const wchar_t* kIInsertionPrompt = L"\nIndique o ponto de insercao:";
 
 /// Halves and whole of the width, height, flange and web thickness.
-void dimensionISection(PieceDimensions& d, const Medidas& m);
+void cotaISecao(PecaCotas& d, const Medidas& m);
 
 }  // namespace perfis

@@ -38,13 +38,13 @@ Reach symmetricReach(double height, double width, int view) {
     return {-half, half};
 }
 
-Shift shiftByReach(const Reach& reach, const MemberPlace& place) {
+Shift shiftByReach(const Reach& reach, const BarraPlace& place) {
     const Factors factors = factorsOf(place.alignment);
     const double rise = factors.c < 0.0 ? -reach.upper : factors.c > 0.0 ? -reach.lower : 0.0;
     return {-factors.a * place.length / 2.0, rise};
 }
 
-Shift uMemberShift(const Medidas& medidas, const MemberPlace& place) {
+Shift uBarraShift(const Medidas& medidas, const BarraPlace& place) {
     const Factors factors = factorsOf(place.alignment);
     double c = factors.c;
     double d = 0.0;

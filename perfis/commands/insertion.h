@@ -14,7 +14,7 @@ struct Insertion {
 };
 
 /// How a longitudinal view is placed.
-struct MemberPlace {
+struct BarraPlace {
     int view = 0;       ///< figure chosen in the views dialog, 1 to 4
     int alignment = 0;  ///< 1 upper edge at the start, 2 at mid length; 3 axis at the start; 4
                         ///< lower edge at the start, 5 at mid length; every other code acts like 3
@@ -31,9 +31,9 @@ struct Reach {
 Reach symmetricReach(double height, double width, int view);
 
 /// Shift from the picked point to the start of the axis.
-Shift shiftByReach(const Reach& reach, const MemberPlace& place);
+Shift shiftByReach(const Reach& reach, const BarraPlace& place);
 
 /// The rule of the U sections, whose height and flange count in whole mm.
-Shift uMemberShift(const Medidas& medidas, const MemberPlace& place);
+Shift uBarraShift(const Medidas& medidas, const BarraPlace& place);
 
 }  // namespace perfis

@@ -24,40 +24,40 @@ double tipX(const Medidas& m) {
 double tipY(const Medidas& m) { return m.h / kRoot2; }
 
 constexpr RoleValue kValues[] = {
-    {H, &Medidas::h},   {T, &Medidas::t}, {E, equalAngleAxis}, {Ri, &Medidas::t},
-    {Vao, &Medidas::a}, {M, pairMass},    {A, pairArea},
+    {H, &Medidas::h},  {T, &Medidas::t},   {E, equalCantoneiraAxis},
+    {Ri, &Medidas::t}, {Vao, &Medidas::a}, {M, pairPeso},
+    {A, pairArea},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"plv_lam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"plv_lam",
     .figures = 4,
     .tiles = kTilesRolled,
     .insertions = kOppositeCorners<tipX, tipY, tipY>,
-    .wrong = wrongGap,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpBNDuplaLaminada, Classe::BNDuplaLaminada>,
+    .wrong = wrongVao,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpBNDuplaLaminada, Classe::BNDuplaLaminada>,
     .values = kValues,
     .readBack = readEqualLegs,
-    .dimensionSection = [](PieceDimensions& d,
-                           const Medidas& m) { dimensionHeels(d, m, m.a / 2.0, m.h); },
+    .cotaSecao = [](PecaCotas& d, const Medidas& m) { cotaHeels(d, m, m.a / 2.0, m.h); },
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kClearance,
-    .minHeight = [](const Medidas& m) { return m.a - 1.0; },
-    .maxHeight = [](const Medidas& m) { return m.a; },
-    .layPlates =
-        [](const LacedMember& member) { return layOnFace(member, -member.medidas.t / 2.0); },
+    .chapaAltura = ChapaAltura::kClearance,
+    .minAltura = [](const Medidas& m) { return m.a - 1.0; },
+    .maxAltura = [](const Medidas& m) { return m.a; },
+    .layChapas =
+        [](const BarraTravejada& member) { return layOnFace(member, -member.medidas.t / 2.0); },
 };
 
 }  // namespace
 
-const ProfileCommand pcantcruzlam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pcantcruzlam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -28,7 +28,7 @@ constexpr Insertion kInsertions[] = {
 };
 
 /// Views 1 and 4 are drawn as the opposite face of a piece turned by half a circle.
-Shift memberShift(const Medidas& m, const MemberPlace& place) {
+Shift barraShift(const Medidas& m, const BarraPlace& place) {
     switch (place.view) {
         case 1:
             return shiftByReach({-m.b / 3.0, 2.0 * m.b / 3.0}, place);
@@ -50,7 +50,7 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Ang1, kRightAngle},
 };
 
-const ProfileDescription kCantoneira = {
+const PerfilDescription kCantoneira = {
     .dialog = L"pl_geracao",
     .list = L"pl.lst",
     .buildRow = rowOfHbta,
@@ -59,20 +59,20 @@ const ProfileDescription kCantoneira = {
     .tiles = kTilesHbta,
     .insertions = kInsertions,
     .wrong = wrongHbt,
-    .memberShift = memberShift,
-    .pieces = kPieceClass<ZpCantoneiraDobrada, Classe::CantoneiraDobrada>,
+    .barraShift = barraShift,
+    .pieces = kPecaClass<ZpCantoneiraDobrada, Classe::CantoneiraDobrada>,
     .values = kValues,
     .faces = kFaces,
-    .dimensionSection = dimensionWVT,
+    .cotaSecao = cotaWVT,
 };
 
-constexpr ToggleLacing kLacing = {
-    .maxHeight = [](const Medidas& m) { return 2.0 * m.b / 3.0; },
+constexpr ToggleTravejamento kTravejamento = {
+    .maxAltura = [](const Medidas& m) { return 2.0 * m.b / 3.0; },
     .edgeRow = [](const Medidas& m) { return m.h / 3.0 + m.t / 2.0; },
 };
 
 }  // namespace
 
-const ProfileCommand pcantdob{kCantoneira, [] { return makeLaced(kCantoneira, kLacing); }};
+const PerfilCommand pcantdob{kCantoneira, [] { return makeTravejado(kCantoneira, kTravejamento); }};
 
 }  // namespace perfis

@@ -23,7 +23,7 @@ constexpr Insertion kInsertions[] = {
     {L"CENTER", [](const Medidas&) { return Shift{}; }},
 };
 
-Shift memberShift(const Medidas& m, const MemberPlace& place) {
+Shift barraShift(const Medidas& m, const BarraPlace& place) {
     const double size = place.view == 1 || place.view == 2 ? m.b : m.h;
     return shiftByReach({-2.0 * size / 3.0, size / 3.0}, place);
 }
@@ -36,27 +36,27 @@ constexpr RoleValue kValues[] = {
     {Ey, [](const Medidas& m) { return 2.0 * m.h / 3.0; }},
     {Ri, &Medidas::t},
     {M, &Medidas::m},
-    {A, areaOfMass},
+    {A, areaOfPeso},
 };
 
-const ProfileDescription kCantoneiraLaminada = {
+const PerfilDescription kCantoneiraLaminada = {
     .dialog = L"pllam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"pl_lam",
     .figures = 4,
     .tiles = kTilesHbt,
     .insertions = kInsertions,
     .wrong = wrongHbt,
-    .memberShift = memberShift,
-    .pieces = kPieceClass<ZpCantLaminada, Classe::CantLaminada>,
+    .barraShift = barraShift,
+    .pieces = kPecaClass<ZpCantLaminada, Classe::CantLaminada>,
     .values = kValues,
-    .dimensionSection = dimensionWVT,
+    .cotaSecao = cotaWVT,
 };
 
 }  // namespace
 
-const ProfileCommand pcantlam{kCantoneiraLaminada};
+const PerfilCommand pcantlam{kCantoneiraLaminada};
 
 }  // namespace perfis

@@ -16,33 +16,35 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"p2la_geracao",
     .list = L"pltee.lst",
     .buildRow = rowOfHbta,
     .slides = L"p2la",
     .figures = 4,
     .tiles = kTilesHbta,
-    .insertions = kUpperCorners<halfAcrossGap, thirdOfHeight>,
-    .wrong = wrongGap,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpCantTDobrada, Classe::CantTDobrada>,
+    .insertions = kUpperCorners<halfAcrossVao, thirdOfAltura>,
+    .wrong = wrongVao,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpCantTDobrada, Classe::CantTDobrada>,
     .values = kValues,
-    .dimensionSection = dimensionTee,
+    .cotaSecao = cotaTee,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a; },
-    .maxHeight = [](const Medidas& m) { return m.a + 2.0 * m.b; },
-    .layPlates =
-        [](const LacedMember& member) { return layOnFace(member, thirdOfHeight(member.medidas)); },
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a; },
+    .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
+    .layChapas =
+        [](const BarraTravejada& member) {
+            return layOnFace(member, thirdOfAltura(member.medidas));
+        },
 };
 
 }  // namespace
 
-const ProfileCommand pcanttdob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pcanttdob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

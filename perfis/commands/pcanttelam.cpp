@@ -15,37 +15,39 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},
     {T, &Medidas::t},  {Ey, [](const Medidas& m) { return 2.0 * m.h / 3.0; }},
     {Ri, &Medidas::t}, {Vao, &Medidas::a},
-    {M, pairMass},     {A, pairArea},
+    {M, pairPeso},     {A, pairArea},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"p2la_lam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"pla_lam",
     .figures = 4,
     .tiles = kTilesRolled,
-    .insertions = kUpperCorners<halfAcrossGap, thirdOfHeight>,
-    .wrong = wrongGap,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpCantTEELaminada, Classe::CantTEELaminada>,
+    .insertions = kUpperCorners<halfAcrossVao, thirdOfAltura>,
+    .wrong = wrongVao,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpCantTEELaminada, Classe::CantTEELaminada>,
     .values = kValues,
-    .dimensionSection = dimensionTee,
+    .cotaSecao = cotaTee,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a; },
-    .maxHeight = [](const Medidas& m) { return m.a + 2.0 * m.b; },
-    .layPlates =
-        [](const LacedMember& member) { return layOnFace(member, thirdOfHeight(member.medidas)); },
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a; },
+    .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
+    .layChapas =
+        [](const BarraTravejada& member) {
+            return layOnFace(member, thirdOfAltura(member.medidas));
+        },
 };
 
 }  // namespace
 
-const ProfileCommand pcanttelam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pcanttelam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -16,33 +16,35 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"plf_geracao",
     .list = L"plf.lst",
     .buildRow = rowOfHbta,
     .slides = L"plf",
     .figures = 4,
     .tiles = kTilesHbta,
-    .insertions = kUpperCorners<halfOutsideWidth, thirdOfHeight>,
-    .wrong = wrongWidth,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpCantUDobrada, Classe::CantUDobrada>,
+    .insertions = kUpperCorners<halfOutsideLargura, thirdOfAltura>,
+    .wrong = wrongLargura,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpCantUDobrada, Classe::CantUDobrada>,
     .values = kValues,
-    .dimensionSection = dimensionTrough,
+    .cotaSecao = cotaTrough,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kWidth,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a - 2.0 * m.b; },
-    .maxHeight = [](const Medidas& m) { return m.a + 2.0 * m.b; },
-    .layPlates =
-        [](const LacedMember& member) { return layOnFace(member, thirdOfHeight(member.medidas)); },
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a - 2.0 * m.b; },
+    .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
+    .layChapas =
+        [](const BarraTravejada& member) {
+            return layOnFace(member, thirdOfAltura(member.medidas));
+        },
 };
 
 }  // namespace
 
-const ProfileCommand pcantudob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pcantudob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -15,37 +15,39 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},
     {T, &Medidas::t},  {Ey, [](const Medidas& m) { return 2.0 * m.h / 3.0; }},
     {Ri, &Medidas::t}, {Vao, &Medidas::a},
-    {M, pairMass},     {A, pairArea},
+    {M, pairPeso},     {A, pairArea},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"plf_lam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"plf_lam",
     .figures = 4,
     .tiles = kTilesRolled,
-    .insertions = kUpperCorners<halfOutsideWidth, thirdOfHeight>,
-    .wrong = wrongWidth,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpCantULaminada, Classe::CantULaminada>,
+    .insertions = kUpperCorners<halfOutsideLargura, thirdOfAltura>,
+    .wrong = wrongLargura,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpCantULaminada, Classe::CantULaminada>,
     .values = kValues,
-    .dimensionSection = dimensionTrough,
+    .cotaSecao = cotaTrough,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kWidth,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a - 2.0 * m.b; },
-    .maxHeight = [](const Medidas& m) { return m.a - 2.0 * m.t; },
-    .layPlates =
-        [](const LacedMember& member) { return layOnFace(member, thirdOfHeight(member.medidas)); },
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a - 2.0 * m.b; },
+    .maxAltura = [](const Medidas& m) { return m.a - 2.0 * m.t; },
+    .layChapas =
+        [](const BarraTravejada& member) {
+            return layOnFace(member, thirdOfAltura(member.medidas));
+        },
 };
 
 }  // namespace
 
-const ProfileCommand pcantulam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pcantulam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -28,7 +28,7 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"plv_geracao",
     .list = L"plv.lst",
     .buildRow = rowOfHbta,
@@ -36,26 +36,25 @@ const ProfileDescription kDescription = {
     .figures = 4,
     .tiles = kTilesHbta,
     .insertions = kOppositeCorners<tipX, upperTip, lowerTip>,
-    .wrong = wrongGap,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpXDobrado, Classe::XDobrado>,
+    .wrong = wrongVao,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpXDobrado, Classe::XDobrado>,
     .values = kValues,
-    .dimensionSection = [](PieceDimensions& d,
-                           const Medidas& m) { dimensionHeels(d, m, heelX(m), m.b); },
+    .cotaSecao = [](PecaCotas& d, const Medidas& m) { cotaHeels(d, m, heelX(m), m.b); },
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kClearance,
-    .minHeight = [](const Medidas& m) { return m.a - 1.0; },
-    .maxHeight = [](const Medidas& m) { return m.a; },
-    .layPlates =
-        [](const LacedMember& member) { return layOnFace(member, -member.medidas.t / 2.0); },
+    .chapaAltura = ChapaAltura::kClearance,
+    .minAltura = [](const Medidas& m) { return m.a - 1.0; },
+    .maxAltura = [](const Medidas& m) { return m.a; },
+    .layChapas =
+        [](const BarraTravejada& member) { return layOnFace(member, -member.medidas.t / 2.0); },
 };
 
 }  // namespace
 
-const ProfileCommand pcantxdob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pcantxdob{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

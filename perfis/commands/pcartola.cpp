@@ -33,7 +33,7 @@ constexpr Insertion kInsertions[] = {
      }},
 };
 
-Shift memberShift(const Medidas& m, const MemberPlace& place) {
+Shift barraShift(const Medidas& m, const BarraPlace& place) {
     return shiftByReach(symmetricReach(m.h, 2.0 * halfWidth(m), place.view), place);
 }
 
@@ -41,7 +41,7 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Aba, &Medidas::a},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
     d.add(d.face(3), d.face(3) + d.by(0.0, m.t), d.face(3) + d.off(kNearLine, 0.0));
@@ -50,7 +50,7 @@ void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.add(d.face(3) - d.by(m.a, 0.0), d.face(3), d.face(3) + d.off(0.0, -kFarLine));
 }
 
-const ProfileDescription kCartola = {
+const PerfilDescription kCartola = {
     .dialog = L"pc_geracao",
     .list = L"pc.lst",
     .buildRow = rowOfHbta,
@@ -59,20 +59,20 @@ const ProfileDescription kCartola = {
     .tiles = kTilesHbta,
     .insertions = kInsertions,
     .wrong = wrongHbta,
-    .memberShift = memberShift,
-    .pieces = kPieceClass<ZpCartola, Classe::Cartola>,
+    .barraShift = barraShift,
+    .pieces = kPecaClass<ZpCartola, Classe::Cartola>,
     .values = kValues,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 /// The plates close the open side.
-constexpr ToggleLacing kLacing = {
-    .maxHeight = [](const Medidas& m) { return m.b + 2.0 * m.a - 2.0 * m.t; },
+constexpr ToggleTravejamento kTravejamento = {
+    .maxAltura = [](const Medidas& m) { return m.b + 2.0 * m.a - 2.0 * m.t; },
     .edgeRow = [](const Medidas& m) { return -m.h / 2.0 - m.t / 2.0; },
 };
 
 }  // namespace
 
-const ProfileCommand pcartola{kCartola, [] { return makeLaced(kCartola, kLacing); }};
+const PerfilCommand pcartola{kCartola, [] { return makeTravejado(kCartola, kTravejamento); }};
 
 }  // namespace perfis

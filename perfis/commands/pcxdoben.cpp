@@ -32,7 +32,7 @@ constexpr Insertion kInsertions[] = {
     {L"CENTER", [](const Medidas&) { return Shift{}; }},
 };
 
-Shift memberShift(const Medidas& m, const MemberPlace& place) {
+Shift barraShift(const Medidas& m, const BarraPlace& place) {
     return shiftByReach(symmetricReach(m.h, 2.0 * m.b, place.view), place);
 }
 
@@ -40,7 +40,7 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Aba, &Medidas::a},
 };
 
-const ProfileDescription kCaixa = {
+const PerfilDescription kCaixa = {
     .dialog = L"pcaixa_geracao",
     .list = L"pur.lst",
     .buildRow = rowOfHbta,
@@ -49,20 +49,20 @@ const ProfileDescription kCaixa = {
     .tiles = kTilesHbta,
     .insertions = kInsertions,
     .wrong = wrongHbta,
-    .memberShift = memberShift,
-    .pieces = kPieceClass<ZpCaixaDobrado, Classe::CaixaDobrado>,
+    .barraShift = barraShift,
+    .pieces = kPecaClass<ZpCaixaDobrado, Classe::CaixaDobrado>,
     .values = kValues,
     .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Vao] == 0.0; },
-    .dimensionSection = dimensionWVT,
+    .cotaSecao = cotaWVT,
 };
 
-constexpr ToggleLacing kLacing = {
-    .maxHeight = [](const Medidas& m) { return 2.0 * m.b; },
+constexpr ToggleTravejamento kTravejamento = {
+    .maxAltura = [](const Medidas& m) { return 2.0 * m.b; },
     .edgeRow = [](const Medidas& m) { return m.h / 2.0 + m.t / 2.0; },
 };
 
 }  // namespace
 
-const ProfileCommand pcxdoben{kCaixa, [] { return makeLaced(kCaixa, kLacing); }};
+const PerfilCommand pcxdoben{kCaixa, [] { return makeTravejado(kCaixa, kTravejamento); }};
 
 }  // namespace perfis

@@ -16,32 +16,32 @@ constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"p2uf_geracao",
     .list = L"puf.lst",
     .buildRow = rowOfHbta,
     .slides = L"puf",
     .figures = 4,
     .tiles = kTilesHbta,
-    .insertions = kFourCorners<halfOutsideWidth, halfHeight>,
-    .wrong = wrongWidth,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpCaixaDobrado, Classe::CaixaDobrado>,
+    .insertions = kFourCorners<halfOutsideLargura, halfAltura>,
+    .wrong = wrongLargura,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpCaixaDobrado, Classe::CaixaDobrado>,
     .values = kValues,
-    .dimensionSection = dimensionFacing,
+    .cotaSecao = cotaFacing,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kWidth,
     .sides = SidesDrawn::kAll,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a - 2.0 * m.b; },
-    .maxHeight = [](const Medidas& m) { return m.a; },
-    .layPlates = layOnBothFlanges,
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a - 2.0 * m.b; },
+    .maxAltura = [](const Medidas& m) { return m.a; },
+    .layChapas = layOnBothFlanges,
 };
 
 }  // namespace
 
-const ProfileCommand pcxdobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pcxdobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -15,14 +15,14 @@ namespace perfis {
 namespace {
 
 /// While a dialog rebuilds a piece it lays the plates itself.
-bool g_layingPlates = false;
+bool g_layingChapas = false;
 
-class LayingPlates {
+class LayingChapas {
 public:
-    LayingPlates() { g_layingPlates = true; }
-    ~LayingPlates() { g_layingPlates = false; }
-    LayingPlates(const LayingPlates&) = delete;
-    LayingPlates& operator=(const LayingPlates&) = delete;
+    LayingChapas() { g_layingChapas = true; }
+    ~LayingChapas() { g_layingChapas = false; }
+    LayingChapas(const LayingChapas&) = delete;
+    LayingChapas& operator=(const LayingChapas&) = delete;
 };
 
 class PieceEditor : public protocol::EntityEditor {
@@ -37,12 +37,12 @@ public:
     }
 
     int edit(AcDbObjectId entity) const override {
-        PieceValues values;
+        PecaValues values;
         if (!read(entity, values)) return RTERROR;
-        const ProfileCommand* const command = commandOf(values);
+        const PerfilCommand* const command = commandOf(values);
         if (command == nullptr) return RTERROR;
         try {
-            const LayingPlates laying;
+            const LayingChapas laying;
             return newRun(*command)->edit(values);
         } catch (const std::exception&) {
             reportNoMemory();
@@ -52,7 +52,7 @@ public:
 
 private:
     /// A plate stands for the member that it laces.
-    static bool read(AcDbObjectId id, PieceValues& values) {
+    static bool read(AcDbObjectId id, PecaValues& values) {
         AcDbObjectId member;
         {
             const AcDbObjectPointer<ZpObject> piece(id, AcDb::kForRead);
@@ -68,7 +68,7 @@ private:
 };
 
 /// What a member with these limit points measures along its axis.
-double lengthBetween(const ZpObject& piece, const zp::edicao::Faces& limits) {
+double comprimentoBetween(const ZpObject& piece, const zp::edicao::Faces& limits) {
     AcGePoint3d start;
     AcGePoint3d end;
     (void)piece.StartPoint(start);
@@ -85,22 +85,22 @@ double lengthBetween(const ZpObject& piece, const zp::edicao::Faces& limits) {
 }
 
 /// True when the command of such a piece would lay its plates.
-bool platesHold(const PieceValues& piece) {
-    const ProfileCommand* const command = commandOf(piece);
-    return command != nullptr && newRun(*command)->platesHold(piece);
+bool chapasHold(const PecaValues& piece) {
+    const PerfilCommand* const command = commandOf(piece);
+    return command != nullptr && newRun(*command)->chapasHold(piece);
 }
 
 /// Members whose values are changed one by one keep the rule of their plates.
-class PlateKeeper : public zp::edicao::Ouvinte {
+class ChapaKeeper : public zp::edicao::Ouvinte {
 public:
     /// Plates that already break the rule, another program's perhaps, forbid nothing.
     std::wstring recusa(const ZpObject& piece, const ZpObject& changed) override {
         if (zp::edicao::chapasDe(piece).empty()) return {};
         try {
-            PieceValues values = valuesOf(piece);
-            if (!platesHold(values)) return {};
+            PecaValues values = valuesOf(piece);
+            if (!chapasHold(values)) return {};
             takeChanges(changed, values);
-            if (platesHold(values)) return {};
+            if (chapasHold(values)) return {};
         } catch (const std::exception&) {
             reportNoMemory();
             return {};
@@ -109,18 +109,18 @@ public:
                L"(EDITAPERFIL).";
     }
     void editada(AcDbObjectId id, const zp::edicao::Faces& before) override {
-        if (g_layingPlates) return;
-        PieceValues values;
+        if (g_layingChapas) return;
+        PecaValues values;
         {
             const AcDbObjectPointer<ZpObject> piece(id, AcDb::kForRead);
             if (piece.openStatus() != Acad::eOk || zp::edicao::chapasDe(*piece.object()).empty())
                 return;
             values = valuesOf(*piece.object());
-            values.lacedLength = lengthBetween(*piece.object(), before);
+            values.comprimentoTravejado = comprimentoBetween(*piece.object(), before);
         }
-        const ProfileCommand* const command = commandOf(values);
+        const PerfilCommand* const command = commandOf(values);
         if (command == nullptr) return;
-        const LayingPlates laying;
+        const LayingChapas laying;
         try {
             newRun(*command)->layAgain(values);
         } catch (const std::exception&) {
@@ -131,14 +131,14 @@ public:
 
 // Kept by pointer in the class and in the entity library.
 PieceEditor g_editor;
-PlateKeeper g_plateKeeper;
+ChapaKeeper g_chapaKeeper;
 
 }  // namespace
 
-const ProfileCommand* commandOf(const PieceValues& piece) {
-    const ProfileCommand* general = nullptr;
+const PerfilCommand* commandOf(const PecaValues& piece) {
+    const PerfilCommand* general = nullptr;
     for (const CommandRow& row : commandTable()) {
-        const ProfileDescription& description = row.command.description;
+        const PerfilDescription& description = row.command.description;
         if (description.pieces.classe != piece.classe) continue;
         if (description.draws == nullptr)
             general = &row.command;
@@ -148,13 +148,13 @@ const ProfileCommand* commandOf(const PieceValues& piece) {
     return general;
 }
 
-void installPieceEditor() {
+void installPecaEditor() {
     protocol::attach(ZpObject::desc(), protocol::kEntityEditorClass, g_editor);
-    zp::edicao::ouve(&g_plateKeeper);
+    zp::edicao::ouve(&g_chapaKeeper);
 }
 
-void removePieceEditor() {
-    zp::edicao::deixa(&g_plateKeeper);
+void removePecaEditor() {
+    zp::edicao::deixa(&g_chapaKeeper);
     protocol::detach(ZpObject::desc(), protocol::kEntityEditorClass);
     protocol::retire(protocol::kEntityEditorClass);
 }

@@ -7,11 +7,11 @@
 namespace perfis {
 
 /// The command whose dialog makes pieces with these values; null when there is none.
-const ProfileCommand* commandOf(const PieceValues& piece);
+const PerfilCommand* commandOf(const PecaValues& piece);
 
 /// Attaches the editor to the class of all pieces and keeps the plates of members that are changed
 /// otherwise by their rule; takes both away again.
-void installPieceEditor();
-void removePieceEditor();
+void installPecaEditor();
+void removePecaEditor();
 
 }  // namespace perfis

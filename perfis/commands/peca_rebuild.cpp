@@ -19,16 +19,16 @@ using zp::edicao::Edicao;
 
 /// Takes the member's plates one by one before it makes new ones, so that marks, links and handles
 /// stay.
-class ReusedPlates : public PlateSupply {
+class ReusedChapas : public ChapaSupply {
 public:
-    explicit ReusedPlates(Edicao& edit) : m_edit(edit) {}
+    explicit ReusedChapas(Edicao& edit) : m_edit(edit) {}
 
     AcDbObjectId place(ZpObject& member, std::unique_ptr<ZpChapa> plate) override {
         while (m_next < m_edit.chapas().size()) {
             const AcDbObjectId id = m_edit.chapas()[m_next++];
             if (m_edit.refazChapa(id, *plate)) return id;
         }
-        return PlateSupply::place(member, std::move(plate));
+        return ChapaSupply::place(member, std::move(plate));
     }
     void eraseRest() {
         while (m_next < m_edit.chapas().size()) m_edit.apaga(m_edit.chapas()[m_next++]);
@@ -40,7 +40,7 @@ private:
 };
 
 /// Counts and measures without drawing.
-class NoPlates : public PlateSupply {
+class NoChapas : public ChapaSupply {
 public:
     AcDbObjectId place(ZpObject&, std::unique_ptr<ZpChapa>) override { return {}; }
 };
@@ -52,11 +52,11 @@ AcGePoint3d startOf(const ZpObject& piece) {
 }
 
 /// The piece as the command makes it, at its start and along X.
-std::unique_ptr<ZpObject> makeModel(const ProfileDescription& description, const RunState& state,
-                                    const PieceValues& piece, AcGePoint3d start) {
-    const PieceRequest request = requestFor(state, chosenView(state.views));
+std::unique_ptr<ZpObject> makeModel(const PerfilDescription& description, const RunState& state,
+                                    const PecaValues& piece, AcGePoint3d start) {
+    const PecaRequest request = requestFor(state, chosenVista(state.views));
     const AcGePoint3d end = start + AcGeVector3d::kXAxis * state.views.length;
-    const bool between = piece.twoPoints && !state.views.sectionOnly;
+    const bool between = piece.twoPoints && !state.views.secaoOnly;
     std::unique_ptr<ZpObject> model = between ? makeBetween(description, start, end, request)
                                               : makeAtPoint(description, start, request);
     (void)model->settipoBarra(static_cast<ZpObject::TipoBarra>(state.barType));
@@ -65,54 +65,53 @@ std::unique_ptr<ZpObject> makeModel(const ProfileDescription& description, const
 }
 
 /// What the command remembers of the piece as it was.
-RunState stateBefore(const ProfileDescription& description, const RunState& state,
-                     const PieceValues& piece) {
+RunState stateBefore(const PerfilDescription& description, const RunState& state,
+                     const PecaValues& piece) {
     RunState before = state;
     before.medidas = medidasOf(description, piece.values);
-    before.views.sectionOnly = piece.view == ZpObject::kVistaSecao;
+    before.views.secaoOnly = piece.view == ZpObject::kVistaSecao;
     before.views.view = piece.view;
     before.views.length = piece.length;
     return before;
 }
 
-zp::edicao::Cota inPiece(const DimensionLine& line, const AcGePoint3d& start) {
+zp::edicao::Cota inPeca(const CotaLine& line, const AcGePoint3d& start) {
     const AcGeVector3d origin = start.asVector();
     return {line.from - origin, line.to - origin, line.line - origin};
 }
 
-struct ChangedDimensions {
+struct ChangedCotas {
     std::vector<zp::edicao::CotaMudada> moved;
     bool otherOnes = false;  ///< the rule makes more of them, or fewer
 };
 
-ChangedDimensions compare(const PieceDimensions& before, const PieceDimensions& after,
-                          const AcGePoint3d& start) {
-    ChangedDimensions changed;
+ChangedCotas compare(const PecaCotas& before, const PecaCotas& after, const AcGePoint3d& start) {
+    ChangedCotas changed;
     changed.otherOnes = before.lines().size() != after.lines().size();
     for (std::size_t i = 0; !changed.otherOnes && i < before.lines().size(); ++i) {
-        const DimensionLine& was = before.lines()[i];
-        const DimensionLine& is = after.lines()[i];
+        const CotaLine& was = before.lines()[i];
+        const CotaLine& is = after.lines()[i];
         changed.otherOnes = was.isEmpty() != is.isEmpty();
-        if (!was.isEmpty()) changed.moved.push_back({inPiece(was, start), inPiece(is, start)});
+        if (!was.isEmpty()) changed.moved.push_back({inPeca(was, start), inPeca(is, start)});
     }
     return changed;
 }
 
 /// Rows of plates that were in the material list: the plate that stands for each.
-std::vector<AcDbObjectId> listedPlates(const PieceValues& piece) {
+std::vector<AcDbObjectId> listedChapas(const PecaValues& piece) {
     std::vector<AcDbObjectId> listed;
-    for (const PlateValues& plate : piece.plates)
+    for (const ChapaValues& plate : piece.plates)
         if (zp::lista::quantidadeListada(plate.id) > 0) listed.push_back(plate.id);
     return listed;
 }
 
 /// The rows of a piece that is in the list.
-void updateList(const ViewsChoice& views, const PieceValues& piece,
-                const std::vector<AcDbObjectId>& listed, LaidPlates& laid) {
+void updateList(const VistasChoice& views, const PecaValues& piece,
+                const std::vector<AcDbObjectId>& listed, LaidChapas& laid) {
     // A section is not entered, but one that is there stays.
-    const bool allowed = !views.sectionOnly || piece.view == ZpObject::kVistaSecao;
+    const bool allowed = !views.secaoOnly || piece.view == ZpObject::kVistaSecao;
     const bool stays = views.materialList && allowed;
-    const int pieces = pieceCount(views);
+    const int pieces = pecaCount(views);
     if (stays)
         (void)zp::lista::mudaListada(piece.id, piece.id, pieces);
     else
@@ -133,8 +132,8 @@ void updateList(const ViewsChoice& views, const PieceValues& piece,
 
 /// A piece that was in no list enters it. A mark looks for its piece among the new ones, to which
 /// this one and its plates need not belong.
-void enterInList(const ViewsChoice& views, const PieceValues& piece, const AcGePoint3d& start,
-                 LaidPlates& laid) {
+void enterInList(const VistasChoice& views, const PecaValues& piece, const AcGePoint3d& start,
+                 LaidChapas& laid) {
     Companions companions;
     enterInMaterialList(views, start, piece.id, laid, companions);
     // A mark that was not drawn needs no piece.
@@ -151,9 +150,9 @@ void reportUnchanged(Acad::ErrorStatus status) {
 
 }  // namespace
 
-int rebuildPiece(const ProfileDescription& description, const RunState& state,
-                 const PieceValues& piece, const PlateLaying& layPlates, double shownPitch) {
-    const std::vector<AcDbObjectId> listed = listedPlates(piece);
+int rebuildPeca(const PerfilDescription& description, const RunState& state,
+                const PecaValues& piece, const ChapaLaying& layChapas, double shownPitch) {
+    const std::vector<AcDbObjectId> listed = listedChapas(piece);
     Edicao edit(piece.id);
     if (edit.status() != Acad::eOk) {
         reportUnchanged(edit.status());
@@ -165,22 +164,22 @@ int rebuildPiece(const ProfileDescription& description, const RunState& state,
     // Another row of a catalogue is another section; else values that no tile shows stay.
     if (state.medidas.m == before.medidas.m)
         zp::edicao::mantem(edit.peca(), *makeModel(description, before, piece, start), *model);
-    NoPlates none;
-    const double pitch = layPlates ? layPlates(*model, start, none).pitch : 0.0;
-    const ChangedDimensions dimensions =
-        compare(layOutDimensions(description, before, edit.peca(), shownPitch),
-                layOutDimensions(description, state, *model, pitch), start);
-    const bool wanted = sharedDimensionFlag() != 0;
+    NoChapas none;
+    const double pitch = layChapas ? layChapas(*model, start, none).pitch : 0.0;
+    const ChangedCotas dimensions =
+        compare(layOutCotas(description, before, edit.peca(), shownPitch),
+                layOutCotas(description, state, *model, pitch), start);
+    const bool wanted = sharedCotaFlag() != 0;
     const bool again = !piece.dimensioned || dimensions.otherOnes || model->vista() != piece.view;
     if (!wanted || again)
         for (const AcDbObjectId& id : zp::edicao::cotasDe(edit.peca())) edit.apaga(id);
 
     (void)edit.refaz(*model, dimensions.moved);  // the command makes pieces of one class
-    LaidPlates laid;
-    ReusedPlates supply(edit);
-    if (layPlates) laid = layPlates(edit.peca(), start, supply);
+    LaidChapas laid;
+    ReusedChapas supply(edit);
+    if (layChapas) laid = layChapas(edit.peca(), start, supply);
     supply.eraseRest();
-    if (wanted && again) (void)dimensionPiece(description, state, edit.peca(), laid);
+    if (wanted && again) (void)cotaPeca(description, state, edit.peca(), laid);
     edit.termina();
 
     if (piece.listed > 0)
@@ -190,22 +189,22 @@ int rebuildPiece(const ProfileDescription& description, const RunState& state,
     return RTNORM;
 }
 
-void layPlatesAgain(const ProfileDescription& description, const RunState& state,
-                    const PieceValues& piece, const PlateLaying& layPlates) {
-    const std::vector<AcDbObjectId> listed = listedPlates(piece);
+void layChapasAgain(const PerfilDescription& description, const RunState& state,
+                    const PecaValues& piece, const ChapaLaying& layChapas) {
+    const std::vector<AcDbObjectId> listed = listedChapas(piece);
     Edicao edit(piece.id);
     if (edit.status() != Acad::eOk) return;
     const AcGePoint3d start = startOf(edit.peca());
-    const double pitchBefore = platePitch(piece);
-    LaidPlates laid;
-    ReusedPlates supply(edit);
-    if (layPlates) laid = layPlates(edit.peca(), start, supply);
+    const double pitchBefore = chapaPitch(piece);
+    LaidChapas laid;
+    ReusedChapas supply(edit);
+    if (layChapas) laid = layChapas(edit.peca(), start, supply);
     supply.eraseRest();
     // The piece itself is as it is to be; the dimension of the pitch goes with the plates.
     if (laid.pitch > 0.0) {
-        const ChangedDimensions dimensions =
-            compare(layOutDimensions(description, state, edit.peca(), pitchBefore),
-                    layOutDimensions(description, state, edit.peca(), laid.pitch), start);
+        const ChangedCotas dimensions =
+            compare(layOutCotas(description, state, edit.peca(), pitchBefore),
+                    layOutCotas(description, state, edit.peca(), laid.pitch), start);
         (void)edit.refaz(edit.peca(), dimensions.moved);  // of its own class
     }
     edit.termina();

@@ -12,11 +12,11 @@ namespace {
 
 using zp::secao::Papel;
 
-std::vector<PlateValues> platesOf(const ZpObject& piece) {
+std::vector<ChapaValues> chapasOf(const ZpObject& piece) {
     AcGeMatrix3d toPiece;
     piece.getEcs(toPiece);
     toPiece.invert();
-    std::vector<PlateValues> plates;
+    std::vector<ChapaValues> plates;
     for (const AcDbObjectId& id : zp::edicao::chapasDe(piece)) {
         const AcDbObjectPointer<ZpChapa> plate(id, AcDb::kForRead);
         if (plate.openStatus() != Acad::eOk) continue;
@@ -31,17 +31,17 @@ std::vector<PlateValues> platesOf(const ZpObject& piece) {
 
 }  // namespace
 
-void takeChanges(const ZpObject& changed, PieceValues& piece) {
+void takeChanges(const ZpObject& changed, PecaValues& piece) {
     piece.values = zp::edicao::valoresDe(changed);
     piece.length = changed.getComprimentoReal();
 }
 
-PieceValues valuesOf(const ZpObject& piece) {
-    PieceValues p;
+PecaValues valuesOf(const ZpObject& piece) {
+    PecaValues p;
     p.id = piece.objectId();
     p.classe = zp::edicao::classeDe(piece);
     takeChanges(piece, p);
-    p.lacedLength = p.length;
+    p.comprimentoTravejado = p.length;
     p.view = piece.vista();
     p.turn = p.values[Papel::Giro];
     p.twoPoints = zp::edicao::deDoisPontos(piece);
@@ -55,7 +55,7 @@ PieceValues valuesOf(const ZpObject& piece) {
     }
     p.dimensioned = !zp::edicao::cotasDe(piece).empty();
     p.listed = zp::lista::quantidadeListada(p.id);
-    p.plates = platesOf(piece);
+    p.plates = chapasOf(piece);
     return p;
 }
 

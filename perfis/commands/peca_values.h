@@ -10,7 +10,7 @@
 namespace perfis {
 
 /// A lacing plate, in the frame of its member: x along the axis from its start, mm.
-struct PlateValues {
+struct ChapaValues {
     AcDbObjectId id;
     double x = 0.0;
     double y = 0.0;
@@ -20,7 +20,7 @@ struct PlateValues {
     double d3 = 0.0;
 };
 
-struct PieceValues {
+struct PecaValues {
     AcDbObjectId id;
     zp::secao::Classe classe = zp::secao::Classe::Nenhuma;
     zp::secao::Dados values;  ///< of the constructor, by role
@@ -29,18 +29,18 @@ struct PieceValues {
     bool twoPoints = false;  ///< made between two points
     double length = 0.0;     ///< mm
     /// For which its plates were laid, mm. Those at the end follow it when the length changes.
-    double lacedLength = 0.0;
+    double comprimentoTravejado = 0.0;
     int barType = 0;
     int series = 0;            ///< of a welded I, ZpISoldado::SubType
     bool dimensioned = false;  ///< has dimensions tied to it
     int listed = 0;            ///< pieces in the material list; 0: not in it
-    std::vector<PlateValues> plates;
+    std::vector<ChapaValues> plates;
 };
 
 /// Values and length of `changed`, which has the class of the piece.
-void takeChanges(const ZpObject& changed, PieceValues& piece);
+void takeChanges(const ZpObject& changed, PecaValues& piece);
 
 /// The piece is open for read.
-PieceValues valuesOf(const ZpObject& piece);
+PecaValues valuesOf(const ZpObject& piece);
 
 }  // namespace perfis

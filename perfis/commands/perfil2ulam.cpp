@@ -26,40 +26,40 @@ constexpr RoleValue kValues[] = {
     {M, [](const Medidas& m) { return 2.0 * m.m; }},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
     d.thickness(rolledUToe(m));
-    dimensionGapBelow(d, m);
+    cotaVaoBelow(d, m);
 }
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"p2ulam_geracao",
     .list = L"pu_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"p2ulam",
     .figures = 4,
     .tiles = kTilesRolled,
-    .insertions = kFourCorners<halfAcrossGap, halfHeight>,
-    .wrong = wrongGap,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<Zp2ULaminado, Classe::DoisULaminado>,
+    .insertions = kFourCorners<halfAcrossVao, halfAltura>,
+    .wrong = wrongVao,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<Zp2ULaminado, Classe::DoisULaminado>,
     .values = kValues,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAll,
-    .plateHeight = PlateHeight::kClearance,
-    .minHeight = [](const Medidas& m) { return m.a - 1.0; },
-    .maxHeight = [](const Medidas& m) { return m.a; },
-    .layPlates = layOnBothFlanges,
+    .chapaAltura = ChapaAltura::kClearance,
+    .minAltura = [](const Medidas& m) { return m.a - 1.0; },
+    .maxAltura = [](const Medidas& m) { return m.a; },
+    .layChapas = layOnBothFlanges,
 };
 
 }  // namespace
 
-const ProfileCommand perfil2ulam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand perfil2ulam{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

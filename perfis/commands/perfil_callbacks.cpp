@@ -10,43 +10,43 @@ namespace perfis {
 namespace {
 
 /// The selector needs nothing but the bar type, which is the tile's client data.
-void CALLB onBarType(ads_callback_packet* packet) {
-    (void)editBarType(*static_cast<int*>(packet->client_data));
+void CALLB onTipoBarra(ads_callback_packet* packet) {
+    (void)editTipoBarra(*static_cast<int*>(packet->client_data));
 }
 
 bool isOn(const ads_callback_packet& packet) { return texts::toInt(packet.value) != 0; }
 
 }  // namespace
 
-void ProfileRun::wire(ads_hdlg dialog) {
+void PerfilRun::wire(ads_hdlg dialog) {
     static constexpr TileAction kActions[] = {
-        {L"accept", callback<&ProfileRun::onAccept>},
-        {L"lista", callback<&ProfileRun::onList>},
-        {L"vista0", callback<&ProfileRun::onSectionOnly>},
-        {L"dimensionar", callback<&ProfileRun::onDimensioning>},
-        {L"visualizar", callback<&ProfileRun::onShowInsertion>},
-        {L"ins_list", callback<&ProfileRun::onInsertion>},
-        {L"OutraVista", callback<&ProfileRun::onOtherView>},
+        {L"accept", callback<&PerfilRun::onAccept>},
+        {L"lista", callback<&PerfilRun::onList>},
+        {L"vista0", callback<&PerfilRun::onSecaoOnly>},
+        {L"dimensionar", callback<&PerfilRun::onCotas>},
+        {L"visualizar", callback<&PerfilRun::onShowInsertion>},
+        {L"ins_list", callback<&PerfilRun::onInsertion>},
+        {L"OutraVista", callback<&PerfilRun::onOtherVista>},
     };
     static constexpr TileAction kEditActions[] = {
-        {L"addtolist", callback<&ProfileRun::onAdd>},
-        {L"substolist", callback<&ProfileRun::onReplace>},
-        {L"deltolist", callback<&ProfileRun::onRemove>},
+        {L"addtolist", callback<&PerfilRun::onAdd>},
+        {L"substolist", callback<&PerfilRun::onReplace>},
+        {L"deltolist", callback<&PerfilRun::onRemove>},
     };
-    wireTile(dialog, {L"ButtonTipoBarra", onBarType}, &m_state.barType);
-    for (const DimensionTile& tile : m_description.tiles)
-        if (tile.hasAction) wireTile(dialog, {tile.key, callback<&ProfileRun::onDimension>}, this);
+    wireTile(dialog, {L"ButtonTipoBarra", onTipoBarra}, &m_state.barType);
+    for (const MedidaTile& tile : m_description.tiles)
+        if (tile.hasAction) wireTile(dialog, {tile.key, callback<&PerfilRun::onMedida>}, this);
     for (const TileAction& action : kActions) wireTile(dialog, action, this);
     if (!editable()) return;
     for (const TileAction& action : kEditActions) wireTile(dialog, action, this);
 }
 
-void ProfileRun::onList(const ads_callback_packet& packet) {
+void PerfilRun::onList(const ads_callback_packet& packet) {
     const int index = texts::toInt(packet.value);
     if (*packet.value != L'\0' && index >= 0) pickRow(packet.dialog, index);
 }
 
-void ProfileRun::pickRow(ads_hdlg dialog, int index) {
+void PerfilRun::pickRow(ads_hdlg dialog, int index) {
     std::wstring row;
     if (!m_catalogue->rowAt(index, row)) return;
     m_state.selectedRow = index;
@@ -57,9 +57,9 @@ void ProfileRun::pickRow(ads_hdlg dialog, int index) {
     enableTile(dialog, L"deltolist", true);
 }
 
-void ProfileRun::refillList(ads_hdlg dialog) { m_catalogue->fill(dialog, L"lista"); }
+void PerfilRun::refillList(ads_hdlg dialog) { m_catalogue->fill(dialog, L"lista"); }
 
-void ProfileRun::onAdd(const ads_callback_packet& packet) {
+void PerfilRun::onAdd(const ads_callback_packet& packet) {
     refresh(packet.dialog);
     showPreview(packet.dialog);
     const std::wstring row = m_description.buildRow(packet.dialog);
@@ -68,7 +68,7 @@ void ProfileRun::onAdd(const ads_callback_packet& packet) {
     setTile(packet.dialog, L"lista", m_state.selectedRow);
 }
 
-void ProfileRun::onReplace(const ads_callback_packet& packet) {
+void PerfilRun::onReplace(const ads_callback_packet& packet) {
     if (m_catalogue->count() == 0) return;
     refresh(packet.dialog);
     showPreview(packet.dialog);
@@ -81,7 +81,7 @@ void ProfileRun::onReplace(const ads_callback_packet& packet) {
     setTile(packet.dialog, L"lista", m_state.selectedRow);
 }
 
-void ProfileRun::onRemove(const ads_callback_packet& packet) {
+void PerfilRun::onRemove(const ads_callback_packet& packet) {
     if (!hasSelectedRow()) return;
     refresh(packet.dialog);
     showPreview(packet.dialog);
@@ -95,15 +95,15 @@ void ProfileRun::onRemove(const ads_callback_packet& packet) {
     }
 }
 
-void ProfileRun::onSectionOnly(const ads_callback_packet& packet) {
-    ViewsChoice& views = m_state.views;
-    views.sectionOnly = isOn(packet);
-    setSectionModes(packet.dialog);
-    enableTile(packet.dialog, L"dimensionar", views.sectionOnly || !views.pickAndGo);
+void PerfilRun::onSecaoOnly(const ads_callback_packet& packet) {
+    VistasChoice& views = m_state.views;
+    views.secaoOnly = isOn(packet);
+    setSecaoModes(packet.dialog);
+    enableTile(packet.dialog, L"dimensionar", views.secaoOnly || !views.pickAndGo);
     refresh(packet.dialog);
 }
 
-void ProfileRun::onShowInsertion(const ads_callback_packet& packet) {
+void PerfilRun::onShowInsertion(const ads_callback_packet& packet) {
     m_state.showInsertion = isOn(packet);
     if (m_state.showInsertion)
         m_state.slide =
@@ -112,25 +112,25 @@ void ProfileRun::onShowInsertion(const ads_callback_packet& packet) {
     refresh(packet.dialog);
 }
 
-void ProfileRun::onInsertion(const ads_callback_packet& packet) {
+void PerfilRun::onInsertion(const ads_callback_packet& packet) {
     m_state.slide = texts::toInt(packet.value) + kFirstInsertionSlide;
     m_state.insertion = m_state.slide - kFirstInsertionSlide;
     if (m_state.showInsertion) showPreview(packet.dialog);
     refresh(packet.dialog);
 }
 
-void ProfileRun::onDimensioning(const ads_callback_packet& packet) {
-    sharedDimensionFlag() = isOn(packet) ? 1 : 0;
+void PerfilRun::onCotas(const ads_callback_packet& packet) {
+    sharedCotaFlag() = isOn(packet) ? 1 : 0;
     refresh(packet.dialog);
 }
 
-void ProfileRun::onOtherView(const ads_callback_packet& packet) {
+void PerfilRun::onOtherVista(const ads_callback_packet& packet) {
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
         m_state.texts[i] = tileText(packet.dialog, m_description.tiles[i].key, 80);
     (void)ads_done_dialog(packet.dialog, kDialogReopen);
 }
 
-void ProfileRun::onAccept(const ads_callback_packet& packet) {
+void PerfilRun::onAccept(const ads_callback_packet& packet) {
     if (const std::optional<Fault> fault = acceptFault(packet.dialog))
         showFault(packet.dialog, *fault);
     else

@@ -23,7 +23,7 @@ enum class RowUse {
 };
 
 /// A tile whose text is a dimension. The order of the tiles is that of the catalogue's columns.
-struct DimensionTile {
+struct MedidaTile {
     const wchar_t* key;
     Medida value;
     const wchar_t* initialText;
@@ -36,7 +36,7 @@ struct DimensionTile {
 enum class CatalogueEdits { kNone, kThisRunOnly, kWrittenBack };
 
 /// What a new piece is made of besides its points.
-struct PieceRequest {
+struct PecaRequest {
     ZpObject::ZpVistas view = ZpObject::kVistaSecao;
     Medidas medidas;
     double length = 0.0;  ///< mm
@@ -51,9 +51,9 @@ enum class PickAndGo { kDragsEnd, kAsksBothEnds };
 
 /// What the rotate command gets at the end: the piece with its companions, always, or one list of
 /// all, and only when no dimensions were asked for.
-enum class Turning { kPiece, kSet };
+enum class Turning { kPeca, kSet };
 
-struct ProfileDescription {
+struct PerfilDescription {
     const wchar_t* dialog;  ///< in perfis.dcl
     /// Catalogue file; null where the command reads its lists itself.
     const wchar_t* list;
@@ -62,38 +62,38 @@ struct ProfileDescription {
     /// Row of the dialog's tiles; null where the catalogue is not edited.
     std::wstring (*buildRow)(ads_hdlg) = nullptr;
     /// The column after those of the tiles is the linear mass.
-    bool massColumn = false;
+    bool pesoColumn = false;
     const wchar_t* slides;  ///< slide library
     int figures;            ///< views offered by the views dialog
-    std::span<const DimensionTile> tiles;
+    std::span<const MedidaTile> tiles;
     std::span<const Insertion> insertions;
     /// The first number with which the section cannot be drawn; null when it can.
     Medida (*wrong)(const Medidas&);
     /// Alignment of longitudinal views; null where the piece is moved to a face point instead.
-    Shift (*memberShift)(const Medidas&, const MemberPlace&);
+    Shift (*barraShift)(const Medidas&, const BarraPlace&);
     /// What is drawn, from the dialog's numbers; figures of the views dialog that are not drawn as
     /// they are named.
-    PieceClass pieces;
+    PecaClass pieces;
     std::span<const RoleValue> values;
     std::span<const Face> faces{};
     /// Which drawn pieces of the class are this command's; null where it takes all that no other
     /// command claims.
     bool (*draws)(const zp::secao::Dados&) = nullptr;
     /// Values that do not come from the dialog's numbers.
-    void (*complete)(zp::secao::Dados&, const PieceRequest&) = nullptr;
+    void (*complete)(zp::secao::Dados&, const PecaRequest&) = nullptr;
     /// Numbers of the dialog that are not values of the class.
     void (*readBack)(Medidas&, const zp::secao::Dados&) = nullptr;
-    void (*dimensionSection)(PieceDimensions&, const Medidas&);
+    void (*cotaSecao)(PecaCotas&, const Medidas&);
     /// The section is a piece of the member's length instead of 1000.
-    bool keepsLengthInSection = false;
+    bool keepsComprimentoInSecao = false;
     const wchar_t* insertionPrompt = kInsertionPrompt;
     const wchar_t* startPrompt = kStartPrompt;  ///< of each piece that is dragged
     PickAndGo pickAndGo = PickAndGo::kDragsEnd;
-    Turning turning = Turning::kPiece;
+    Turning turning = Turning::kPeca;
     /// The material list stands below the piece's own point instead of the picked one.
     bool listsAtOwnPoint = false;
     /// Last settings of a piece before it enters the drawing.
-    void (*finish)(ZpObject&, const PieceRequest&) = nullptr;
+    void (*finish)(ZpObject&, const PecaRequest&) = nullptr;
     /// Row that replaces another one; null where it is built as a new one is.
     std::wstring (*buildReplacement)(ads_hdlg) = nullptr;
 };

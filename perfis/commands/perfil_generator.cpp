@@ -17,22 +17,22 @@ namespace {
 
 /// Members without a rule of their own are made at the picked point and then moved to a face point.
 /// Returns where the piece's own point stands.
-AcGePoint3d alignToFace(const ProfileDescription& description, const RunState& state,
+AcGePoint3d alignToFace(const PerfilDescription& description, const RunState& state,
                         ZpObject& piece, const AcGePoint3d& point) {
-    if (state.views.sectionOnly || description.memberShift != nullptr) return point;
+    if (state.views.secaoOnly || description.barraShift != nullptr) return point;
     return moveToFacePoint(piece, state.views.alignment);
 }
 
 /// Layer, bar type and what the command itself sets.
-void finish(const ProfileDescription& description, const RunState& state,
-            const PieceRequest& request, ZpObject& piece) {
+void finish(const PerfilDescription& description, const RunState& state, const PecaRequest& request,
+            ZpObject& piece) {
     prepare(piece, state.barType);
     if (description.finish != nullptr) description.finish(piece, request);
 }
 
-void turn(const ProfileDescription& description, const AcGePoint3d& base, AcDbObjectId piece,
+void turn(const PerfilDescription& description, const AcGePoint3d& base, AcDbObjectId piece,
           const Companions& companions) {
-    if (description.turning == Turning::kPiece) {
+    if (description.turning == Turning::kPeca) {
         (void)rotateIntoPlace(base, piece, companions);
         return;
     }
@@ -44,30 +44,30 @@ void turn(const ProfileDescription& description, const AcGePoint3d& base, AcDbOb
     (void)rotateSet(base, set);
 }
 
-int placeOnePiece(const ProfileDescription& description, RunState& state,
-                  const PlateLaying& layPlates) {
+int placeOnePeca(const PerfilDescription& description, RunState& state,
+                 const ChapaLaying& layChapas) {
     AcGePoint3d point;
     if (getWCSpoint(point, description.insertionPrompt) != RTNORM) return RTCAN;
     const AcGePoint3d picked = point;
-    const ZpObject::ZpVistas view = chosenView(state.views);
+    const ZpObject::ZpVistas view = chosenVista(state.views);
     const Shift shift = insertionShift(description, state);
     point += AcGeVector3d(shift.x, shift.y, 0.0);
-    if (state.views.sectionOnly && !description.keepsLengthInSection)
-        state.views.length = kSectionLength;
+    if (state.views.secaoOnly && !description.keepsComprimentoInSecao)
+        state.views.length = kSecaoComprimento;
 
-    const PieceRequest request = requestFor(state, view);
+    const PecaRequest request = requestFor(state, view);
     std::unique_ptr<ZpObject> made = makeAtPoint(description, point, request);
     point = alignToFace(description, state, *made, point);
     finish(description, state, request, *made);
-    OpenPiece piece(std::move(made));
+    OpenPeca piece(std::move(made));
     if (!piece.resident()) return RTERROR;
-    LaidPlates plates;
-    PlateSupply supply;
-    if (layPlates) plates = layPlates(*piece, point, supply);
+    LaidChapas plates;
+    ChapaSupply supply;
+    if (layChapas) plates = layChapas(*piece, point, supply);
     Companions companions;
     companions.others = plates.ids;
-    companions.dimensions = dimensionPiece(description, state, *piece, plates);
-    tiePlates(*piece, plates.ids);
+    companions.dimensions = cotaPeca(description, state, *piece, plates);
+    tieChapas(*piece, plates.ids);
     piece.close();
 
     enterInMaterialList(state.views, description.listsAtOwnPoint ? point : picked, piece.id(),
@@ -78,63 +78,63 @@ int placeOnePiece(const ProfileDescription& description, RunState& state,
 
 }  // namespace
 
-int generateProfile(const ProfileDescription& description, RunState& state,
-                    const PlateLaying& layPlates) {
-    if (!state.views.pickAndGo) return placeOnePiece(description, state, layPlates);
-    return description.pickAndGo == PickAndGo::kDragsEnd ? dragPieces(description, state)
+int generatePerfil(const PerfilDescription& description, RunState& state,
+                   const ChapaLaying& layChapas) {
+    if (!state.views.pickAndGo) return placeOnePeca(description, state, layChapas);
+    return description.pickAndGo == PickAndGo::kDragsEnd ? dragPecas(description, state)
                                                          : drawBetweenPoints(description, state);
 }
 
-ZpObject::ZpVistas chosenView(const ViewsChoice& views) {
-    return views.sectionOnly ? ZpObject::kVistaSecao : static_cast<ZpObject::ZpVistas>(views.view);
+ZpObject::ZpVistas chosenVista(const VistasChoice& views) {
+    return views.secaoOnly ? ZpObject::kVistaSecao : static_cast<ZpObject::ZpVistas>(views.view);
 }
 
-Shift insertionShift(const ProfileDescription& description, const RunState& state) {
-    const ViewsChoice& views = state.views;
-    if (!views.sectionOnly) {
-        if (description.memberShift == nullptr) return {};
-        return description.memberShift(state.medidas, {views.view, views.alignment, views.length});
+Shift insertionShift(const PerfilDescription& description, const RunState& state) {
+    const VistasChoice& views = state.views;
+    if (!views.secaoOnly) {
+        if (description.barraShift == nullptr) return {};
+        return description.barraShift(state.medidas, {views.view, views.alignment, views.length});
     }
     const auto index = static_cast<std::size_t>(state.insertion);
     if (index >= description.insertions.size()) return {};
     return description.insertions[index].shift(state.medidas);
 }
 
-int dragPieces(const ProfileDescription& description, const RunState& state) {
+int dragPecas(const PerfilDescription& description, const RunState& state) {
     const auto view = static_cast<ZpObject::ZpVistas>(state.views.view);
     for (;;) {
         AcGePoint3d start;
         if (getWCSpoint(start, description.startPrompt) != RTNORM) return RTNORM;
         AcGePoint3d end;
-        const PieceRequest request = requestFor(state, view);
+        const PecaRequest request = requestFor(state, view);
         std::unique_ptr<ZpObject> piece = makeBetween(description, start, end, request);
         finish(description, state, request, *piece);
         if (ZpObjectJig(std::move(piece)).run() != AcEdJig::kNormal) return RTNORM;
     }
 }
 
-int drawBetweenPoints(const ProfileDescription& description, const RunState& state) {
+int drawBetweenPoints(const PerfilDescription& description, const RunState& state) {
     const auto view = static_cast<ZpObject::ZpVistas>(state.views.view);
-    const PieceRequest request = requestFor(state, view);
+    const PecaRequest request = requestFor(state, view);
     for (;;) {
         AcGePoint3d start;
         AcGePoint3d end;
         if (askStartAndEnd(start, end) != RTNORM) return RTCAN;
         std::unique_ptr<ZpObject> piece = makeBetween(description, start, end, request);
         finish(description, state, request, *piece);
-        const OpenPiece resident(std::move(piece));
+        const OpenPeca resident(std::move(piece));
     }
 }
 
-PieceDimensions layOutDimensions(const ProfileDescription& description, const RunState& state,
-                                 const ZpObject& piece, double pitch) {
+PecaCotas layOutCotas(const PerfilDescription& description, const RunState& state,
+                      const ZpObject& piece, double pitch) {
     AcGePoint3d faces[4];
     piece.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     AcGePoint3d origin;
     (void)piece.StartPoint(origin);
-    PieceDimensions dimensions(origin, faces);
-    if (state.views.sectionOnly) {
-        description.dimensionSection(dimensions, state.medidas);
+    PecaCotas dimensions(origin, faces);
+    if (state.views.secaoOnly) {
+        description.cotaSecao(dimensions, state.medidas);
     } else if (state.views.view >= 1 && state.views.view <= 4) {
         dimensions.width();
         dimensions.height();
@@ -145,37 +145,35 @@ PieceDimensions layOutDimensions(const ProfileDescription& description, const Ru
     return dimensions;
 }
 
-std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
-                                         const RunState& state, ZpObject& piece,
-                                         const LaidPlates& plates) {
-    if (sharedDimensionFlag() == 0) return {};
-    std::vector<AcDbObjectId> ids =
-        layOutDimensions(description, state, piece, plates.pitch).make();
+std::vector<AcDbObjectId> cotaPeca(const PerfilDescription& description, const RunState& state,
+                                   ZpObject& piece, const LaidChapas& plates) {
+    if (sharedCotaFlag() == 0) return {};
+    std::vector<AcDbObjectId> ids = layOutCotas(description, state, piece, plates.pitch).make();
     for (AcDbObjectId id : ids) (void)piece.LinkDim(id);
     return ids;
 }
 
-PieceRequest requestFor(const RunState& state, ZpObject::ZpVistas view) {
+PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas view) {
     return {view, state.medidas, state.views.length, state.source};
 }
 
-void enterInMaterialList(const ViewsChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
-                         LaidPlates& plates, Companions& companions) {
-    if (views.sectionOnly || !views.materialList) return;
-    const int pieces = pieceCount(views);
-    auto& [mark, firstMark, secondMark] = companions.marks;
+void enterInMaterialList(const VistasChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
+                         LaidChapas& plates, Companions& companions) {
+    if (views.secaoOnly || !views.materialList) return;
+    const int pieces = pecaCount(views);
+    auto& [mark, firstMarca, secondMarca] = companions.marks;
     if (plates.rows.empty()) {
         (void)MatListPerfil(picked, pieces, piece, mark);
     } else if (plates.rows.size() == 1) {
-        const PlateRow& row = plates.rows[0];
-        (void)MatListPerfilChapa(picked, pieces, piece, mark, row.plate, firstMark, row.count);
+        const ChapaRow& row = plates.rows[0];
+        (void)MatListPerfilChapa(picked, pieces, piece, mark, row.plate, firstMarca, row.count);
     } else {
         (void)MatListPerfil2Chapas(picked, pieces, piece, mark, plates.rows[0], plates.rows[1]);
-        firstMark = plates.rows[0].mark;
-        secondMark = plates.rows[1].mark;
+        firstMarca = plates.rows[0].mark;
+        secondMarca = plates.rows[1].mark;
     }
 }
 
-int pieceCount(const ViewsChoice& views) { return std::max(1, views.pieces); }
+int pecaCount(const VistasChoice& views) { return std::max(1, views.pieces); }
 
 }  // namespace perfis

@@ -9,47 +9,46 @@
 namespace perfis {
 
 /// Length of the piece that stands for a section.
-inline constexpr double kSectionLength = 1000.0;
+inline constexpr double kSecaoComprimento = 1000.0;
 
 /// Asks for points, draws the piece, its plates, its dimensions and its rows of the material list,
 /// and hands all to placement; with pick-and-go drags pieces until one is refused. RTNORM, or RTCAN
 /// when the insertion point is refused.
-int generateProfile(const ProfileDescription& description, RunState& state,
-                    const PlateLaying& layPlates = nullptr);
+int generatePerfil(const PerfilDescription& description, RunState& state,
+                   const ChapaLaying& layChapas = nullptr);
 
 /// View of the next piece: the section, or the figure of the views dialog.
-ZpObject::ZpVistas chosenView(const ViewsChoice& views);
+ZpObject::ZpVistas chosenVista(const VistasChoice& views);
 
 /// From the picked point to the piece's own, by the section's insertion table or the member's
 /// alignment.
-Shift insertionShift(const ProfileDescription& description, const RunState& state);
+Shift insertionShift(const PerfilDescription& description, const RunState& state);
 
 /// Drags pieces by start and end point until one is refused: RTNORM.
-int dragPieces(const ProfileDescription& description, const RunState& state);
+int dragPecas(const PerfilDescription& description, const RunState& state);
 
 /// Draws pieces between two picked points until one is refused: RTCAN.
-int drawBetweenPoints(const ProfileDescription& description, const RunState& state);
+int drawBetweenPoints(const PerfilDescription& description, const RunState& state);
 
 /// Lays out the automatic dimensions of a piece that stands along X; `pitch` is that of its plates,
 /// 0 without plates.
-PieceDimensions layOutDimensions(const ProfileDescription& description, const RunState& state,
-                                 const ZpObject& piece, double pitch);
+PecaCotas layOutCotas(const PerfilDescription& description, const RunState& state,
+                      const ZpObject& piece, double pitch);
 
 /// Makes these dimensions when the shared flag asks for them, and ties them to the piece, which is
 /// open for write.
-std::vector<AcDbObjectId> dimensionPiece(const ProfileDescription& description,
-                                         const RunState& state, ZpObject& piece,
-                                         const LaidPlates& plates = {});
+std::vector<AcDbObjectId> cotaPeca(const PerfilDescription& description, const RunState& state,
+                                   ZpObject& piece, const LaidChapas& plates = {});
 
 /// What a new piece is made of, seen like this.
-PieceRequest requestFor(const RunState& state, ZpObject::ZpVistas view);
+PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas view);
 
 /// Enters a member and its plates in the material list when the user asked for that, and fills the
 /// companions' marks.
-void enterInMaterialList(const ViewsChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
-                         LaidPlates& plates, Companions& companions);
+void enterInMaterialList(const VistasChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
+                         LaidChapas& plates, Companions& companions);
 
 /// Number of pieces as the material list takes it: at least 1.
-int pieceCount(const ViewsChoice& views);
+int pecaCount(const VistasChoice& views);
 
 }  // namespace perfis

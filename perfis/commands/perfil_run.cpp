@@ -18,18 +18,18 @@
 
 namespace perfis {
 
-ProfileRun::ProfileRun(const ProfileDescription& description)
+PerfilRun::PerfilRun(const PerfilDescription& description)
     : m_description(description),
       m_catalogue(description.makeCatalogue()),
       m_state(resetState(description)) {}
 
-void ProfileRun::execute() {
-    sharedDimensionFlag() = 0;
+void PerfilRun::execute() {
+    sharedCotaFlag() = 0;
     (void)runDialog();
 }
 
 /// False when the dialog could not be opened.
-bool ProfileRun::runDialog() {
+bool PerfilRun::runDialog() {
     const std::optional<std::wstring> folder = requiredInstallationFolder();
     if (!folder) return false;
     if (!listsFit(*folder) || !slidePath(*folder, m_description.slides, L"secao")) {
@@ -47,22 +47,22 @@ bool ProfileRun::runDialog() {
     return false;
 }
 
-bool ProfileRun::listsFit(std::wstring_view folder) const {
+bool PerfilRun::listsFit(std::wstring_view folder) const {
     return listPath(folder, m_description.list != nullptr ? m_description.list : L"").has_value();
 }
 
-void ProfileRun::keepEdits(const std::wstring& path) {
+void PerfilRun::keepEdits(const std::wstring& path) {
     if (m_description.edits == CatalogueEdits::kWrittenBack) m_catalogue->write(path);
 }
 
-void ProfileRun::open(ads_hdlg dialog) {
+void PerfilRun::open(ads_hdlg dialog) {
     wire(dialog);
     wireOwnTiles(dialog);
-    showDimensions(dialog);
-    setToggle(dialog, L"dimensionar", sharedDimensionFlag() != 0);
+    showMedidas(dialog);
+    setToggle(dialog, L"dimensionar", sharedCotaFlag() != 0);
     setToggle(dialog, L"visualizar", m_state.showInsertion);
-    setToggle(dialog, L"vista0", m_state.views.sectionOnly);
-    setSectionModes(dialog);
+    setToggle(dialog, L"vista0", m_state.views.secaoOnly);
+    setSecaoModes(dialog);
     enableTile(dialog, L"dimensionar", !m_state.views.pickAndGo);
     showOwnTiles(dialog);
     refresh(dialog);
@@ -72,93 +72,92 @@ void ProfileRun::open(ads_hdlg dialog) {
     setTile(dialog, L"ins_list", m_state.insertion);
 }
 
-void ProfileRun::closed(int status) {
+void PerfilRun::closed(int status) {
     if (status == kDialogAccepted) {
-        const PlateLaying plates = plateLaying();
+        const ChapaLaying plates = chapaLaying();
         if (editing()) {
             m_editResult =
-                rebuildPiece(m_description, m_state, *m_edited, plates, shownPitch(*m_edited));
+                rebuildPeca(m_description, m_state, *m_edited, plates, shownPitch(*m_edited));
             return;
         }
         // A refused point ends the command as normally as a drawn piece.
-        (void)generateProfile(m_description, m_state, plates);
+        (void)generatePerfil(m_description, m_state, plates);
     } else if (status == kDialogReopen) {
         // A views dialog that cannot be opened has said so; the choice stays.
-        (void)editViews(m_description.slides, m_state.views, m_description.figures);
+        (void)editVistas(m_description.slides, m_state.views, m_description.figures);
         // A piece that stands is not placed by its points.
         if (editing()) m_state.views.pickAndGo = false;
     }
 }
 
-int ProfileRun::edit(const PieceValues& piece) {
-    takePiece(piece);
+int PerfilRun::edit(const PecaValues& piece) {
+    takePeca(piece);
     m_edited = &piece;
     m_editResult = RTCAN;
-    sharedDimensionFlag() = piece.dimensioned ? 1 : 0;
+    sharedCotaFlag() = piece.dimensioned ? 1 : 0;
     const bool shown = runDialog();
-    sharedDimensionFlag() = 0;
+    sharedCotaFlag() = 0;
     m_edited = nullptr;
     return shown ? m_editResult : RTERROR;
 }
 
-void ProfileRun::layAgain(const PieceValues& piece) {
-    takePiece(piece);
-    layPlatesAgain(m_description, m_state, piece, plateLaying());
+void PerfilRun::layAgain(const PecaValues& piece) {
+    takePeca(piece);
+    layChapasAgain(m_description, m_state, piece, chapaLaying());
 }
 
-bool ProfileRun::platesHold(const PieceValues& piece) {
-    takePiece(piece);
-    return lacingSuits();
+bool PerfilRun::chapasHold(const PecaValues& piece) {
+    takePeca(piece);
+    return travejamentoSuits();
 }
 
-void ProfileRun::takePiece(const PieceValues& piece) {
+void PerfilRun::takePeca(const PecaValues& piece) {
     m_state.medidas = medidasOf(m_description, piece.values);
     m_state.barType = piece.barType;
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
         m_state.texts[i] = FormatInString(m_state.medidas.*m_description.tiles[i].value);
-    ViewsChoice& views = m_state.views;
-    views.sectionOnly = piece.view == ZpObject::kVistaSecao;
+    VistasChoice& views = m_state.views;
+    views.secaoOnly = piece.view == ZpObject::kVistaSecao;
     views.length = piece.length;
     views.materialList = piece.listed > 0;
     views.pieces = piece.listed;
-    if (!views.sectionOnly) views.view = figureOf(m_description, piece.view, piece.turn);
+    if (!views.secaoOnly) views.view = figureOf(m_description, piece.view, piece.turn);
 }
 
-void ProfileRun::setSectionModes(ads_hdlg dialog) {
-    const bool sectionOnly = m_state.views.sectionOnly;
-    enableTile(dialog, L"OutraVista", !sectionOnly);
+void PerfilRun::setSecaoModes(ads_hdlg dialog) {
+    const bool secaoOnly = m_state.views.secaoOnly;
+    enableTile(dialog, L"OutraVista", !secaoOnly);
     // The point of a piece that stands is not asked for.
-    enableTile(dialog, L"visualizar", sectionOnly && !editing());
-    enableTile(dialog, L"ins_list", sectionOnly && !editing());
+    enableTile(dialog, L"visualizar", secaoOnly && !editing());
+    enableTile(dialog, L"ins_list", secaoOnly && !editing());
 }
 
-void ProfileRun::showPreview(ads_hdlg dialog) {
-    showSection(dialog, m_description.slides,
-                m_state.showInsertion ? m_state.slide : kSectionSlide);
+void PerfilRun::showPreview(ads_hdlg dialog) {
+    showSecao(dialog, m_description.slides, m_state.showInsertion ? m_state.slide : kSecaoSlide);
 }
 
-void ProfileRun::showDimensions(ads_hdlg dialog) {
+void PerfilRun::showMedidas(ads_hdlg dialog) {
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
         setTile(dialog, m_description.tiles[i].key, m_state.texts[i]);
 }
 
-void ProfileRun::showList(ads_hdlg dialog) {
+void PerfilRun::showList(ads_hdlg dialog) {
     if (m_catalogue->count() > 0) m_catalogue->fill(dialog, L"lista");
 }
 
-void ProfileRun::showInsertionNames(ads_hdlg dialog) {
+void PerfilRun::showInsertionNames(ads_hdlg dialog) {
     std::vector<const wchar_t*> names;
     for (const Insertion& insertion : m_description.insertions) names.push_back(insertion.name);
     names.push_back(kEndMark);
     (void)fillFixedList(dialog, L"ins_list", names.data());
 }
 
-void ProfileRun::readMedidas(ads_hdlg dialog) {
-    for (const DimensionTile& tile : m_description.tiles)
+void PerfilRun::readMedidas(ads_hdlg dialog) {
+    for (const MedidaTile& tile : m_description.tiles)
         m_state.medidas.*tile.value = tileReal(dialog, tile.key);
 }
 
-void ProfileRun::refresh(ads_hdlg dialog) {
+void PerfilRun::refresh(ads_hdlg dialog) {
     readMedidas(dialog);
     if (!editable()) return;
     const bool valid = m_description.wrong(m_state.medidas) == nullptr;
@@ -166,46 +165,46 @@ void ProfileRun::refresh(ads_hdlg dialog) {
     enableTile(dialog, L"substolist", valid);
 }
 
-bool ProfileRun::lacksLength() const {
-    const ViewsChoice& views = m_state.views;
-    return !views.sectionOnly && !(views.length > 0.0) && !views.pickAndGo;
+bool PerfilRun::lacksComprimento() const {
+    const VistasChoice& views = m_state.views;
+    return !views.secaoOnly && !(views.length > 0.0) && !views.pickAndGo;
 }
 
-const wchar_t* ProfileRun::wrongTile() {
+const wchar_t* PerfilRun::wrongTile() {
     const Medida wrong = m_description.wrong(m_state.medidas);
     if (wrong == nullptr) return nullptr;
-    const auto tile = std::ranges::find(m_description.tiles, wrong, &DimensionTile::value);
+    const auto tile = std::ranges::find(m_description.tiles, wrong, &MedidaTile::value);
     return tile != m_description.tiles.end() ? tile->key : L"";
 }
 
-std::optional<Fault> ProfileRun::acceptFault(ads_hdlg dialog) {
+std::optional<Fault> PerfilRun::acceptFault(ads_hdlg dialog) {
     refresh(dialog);
-    if (lacksLength()) return kLacksLength;
-    if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSection, tile};
+    if (lacksComprimento()) return kLacksComprimento;
+    if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSecao, tile};
     readMedidas(dialog);
     return {};
 }
 
-void ProfileRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
+void PerfilRun::takeRow(ads_hdlg dialog, const std::wstring& row) {
     const std::vector<std::wstring> fields = splitRow(row);
     std::size_t column = 0;
-    for (const DimensionTile& tile : m_description.tiles) {
+    for (const MedidaTile& tile : m_description.tiles) {
         if (tile.rowUse == RowUse::kNone) continue;
         const bool present = column < fields.size();
         if (present || tile.rowUse == RowUse::kFills)
             setTile(dialog, tile.key, present ? fields[column] : std::wstring());
         ++column;
     }
-    if (m_description.massColumn)
+    if (m_description.pesoColumn)
         m_state.medidas.m = column < fields.size() ? texts::toReal(fields[column]) : 0.0;
 }
 
-std::unique_ptr<ProfileRun> newRun(const ProfileCommand& command) {
+std::unique_ptr<PerfilRun> newRun(const PerfilCommand& command) {
     return command.make != nullptr ? command.make()
-                                   : std::make_unique<ProfileRun>(command.description);
+                                   : std::make_unique<PerfilRun>(command.description);
 }
 
-void draw(const ProfileCommand& command) {
+void draw(const PerfilCommand& command) {
     try {
         newRun(command)->execute();
     } catch (const std::exception&) {

@@ -16,28 +16,28 @@
 
 namespace perfis {
 
-inline constexpr const wchar_t* kInvalidLacing = L"Erro no Travejamento.";
-inline constexpr const wchar_t* kInvalidSection = L"Dados inválidos para gerar perfil.";
+inline constexpr const wchar_t* kInvalidTravejamento = L"Erro no Travejamento.";
+inline constexpr const wchar_t* kInvalidSecao = L"Dados inválidos para gerar perfil.";
 /// Mended in the dialog of the views.
-inline const Fault kLacksLength{L"Comprimento inválido para vista.", L"OutraVista"};
+inline const Fault kLacksComprimento{L"Comprimento inválido para vista.", L"OutraVista"};
 
-class ProfileRun : public ReopeningDialog {
+class PerfilRun : public ReopeningDialog {
 public:
-    explicit ProfileRun(const ProfileDescription& description);
+    explicit PerfilRun(const PerfilDescription& description);
 
     /// The whole command, from the installation folder to the catalogue's way back to its file.
     void execute();
     /// Opens the dialog with the values of a piece that this command makes, and rebuilds the piece
     /// in its place. RTNORM; RTCAN, and nothing changed, when the dialog was left; RTERROR when it
     /// could not be opened or the piece could not be changed.
-    int edit(const PieceValues& piece);
+    int edit(const PecaValues& piece);
     /// Lays the plates of a laced piece again as its values now ask.
-    void layAgain(const PieceValues& piece);
+    void layAgain(const PecaValues& piece);
     /// True when its plates could be laid again.
-    bool platesHold(const PieceValues& piece);
+    bool chapasHold(const PecaValues& piece);
 
 protected:
-    const ProfileDescription& description() const { return m_description; }
+    const PerfilDescription& description() const { return m_description; }
     RunState& state() { return m_state; }
     Catalogue& catalogue() { return *m_catalogue; }
 
@@ -54,7 +54,7 @@ protected:
     /// Fills "lista" at an opening.
     virtual void showList(ads_hdlg dialog);
     /// Values of the dimension tiles at an opening: as they were left.
-    virtual void showDimensions(ads_hdlg dialog);
+    virtual void showMedidas(ads_hdlg dialog);
     /// The user picked this row of "lista", counted from 0.
     virtual void pickRow(ads_hdlg dialog, int index);
     /// Takes the row that was picked into the tiles.
@@ -64,13 +64,13 @@ protected:
     /// Tile of the first number with which the section cannot be drawn; null when it can.
     virtual const wchar_t* wrongTile();
     /// True when the plates, if there are any, suit section and length as they are now.
-    virtual bool lacingSuits() { return true; }
+    virtual bool travejamentoSuits() { return true; }
     /// Takes a piece that is about to be edited into the state.
-    virtual void takePiece(const PieceValues& piece);
+    virtual void takePeca(const PecaValues& piece);
     /// Last word before the drawing is made; what lays the plates, null for a piece without any.
-    virtual PlateLaying plateLaying() { return nullptr; }
+    virtual ChapaLaying chapaLaying() { return nullptr; }
     /// Pitch of a piece's plates when this command dimensions it, else 0.
-    virtual double shownPitch(const PieceValues&) const { return 0.0; }
+    virtual double shownPitch(const PecaValues&) const { return 0.0; }
     bool editing() const { return m_edited != nullptr; }
     /// True when the paths of all list files of the command fit their buffers.
     virtual bool listsFit(std::wstring_view folder) const;
@@ -78,38 +78,38 @@ protected:
     virtual void keepEdits(const std::wstring& path);
 
     /// A view without a length, unless its pieces get theirs from their points.
-    bool lacksLength() const;
+    bool lacksComprimento() const;
     bool editable() const { return m_description.edits != CatalogueEdits::kNone; }
     void readMedidas(ads_hdlg dialog);
     void showPreview(ads_hdlg dialog);
 
 private:
-    template <void (ProfileRun::*Method)(const ads_callback_packet&)>
-    static constexpr CLIENTFUNC callback = dialogCallback<ProfileRun, Method>;
+    template <void (PerfilRun::*Method)(const ads_callback_packet&)>
+    static constexpr CLIENTFUNC callback = dialogCallback<PerfilRun, Method>;
 
     bool runDialog();
     void wire(ads_hdlg dialog);
     void showInsertionNames(ads_hdlg dialog);
     void refillList(ads_hdlg dialog);
     bool hasSelectedRow() const { return m_state.selectedRow < m_catalogue->count(); }
-    void setSectionModes(ads_hdlg dialog);
+    void setSecaoModes(ads_hdlg dialog);
 
-    void onDimension(const ads_callback_packet& packet) { refresh(packet.dialog); }
+    void onMedida(const ads_callback_packet& packet) { refresh(packet.dialog); }
     void onList(const ads_callback_packet& packet);
     void onAdd(const ads_callback_packet& packet);
     void onReplace(const ads_callback_packet& packet);
     void onRemove(const ads_callback_packet& packet);
-    void onSectionOnly(const ads_callback_packet& packet);
+    void onSecaoOnly(const ads_callback_packet& packet);
     void onShowInsertion(const ads_callback_packet& packet);
     void onInsertion(const ads_callback_packet& packet);
-    void onDimensioning(const ads_callback_packet& packet);
-    void onOtherView(const ads_callback_packet& packet);
+    void onCotas(const ads_callback_packet& packet);
+    void onOtherVista(const ads_callback_packet& packet);
     void onAccept(const ads_callback_packet& packet);
 
-    const ProfileDescription& m_description;
+    const PerfilDescription& m_description;
     std::unique_ptr<Catalogue> m_catalogue;
     RunState m_state;
-    const PieceValues* m_edited = nullptr;
+    const PecaValues* m_edited = nullptr;
     int m_editResult = 0;
 };
 

@@ -12,7 +12,7 @@ namespace {
 using zp::secao::Classe;
 using enum zp::secao::Papel;
 
-constexpr DimensionTile kTiles[] = {{L"d", &Medidas::d, L"0"}};
+constexpr MedidaTile kTiles[] = {{L"d", &Medidas::d, L"0"}};
 
 constexpr RoleValue kValues[] = {
     {D, &Medidas::d},
@@ -20,27 +20,27 @@ constexpr RoleValue kValues[] = {
 
 Medida wrong(const Medidas& m) { return firstNotPositive(m, {&Medidas::d}); }
 
-std::wstring rowOfBar(ads_hdlg dialog) { return tileText(dialog, L"d"); }
+std::wstring rowOfBarra(ads_hdlg dialog) { return tileText(dialog, L"d"); }
 
-void dimensionSection(PieceDimensions& d, const Medidas&) { d.width(); }
+void cotaSecao(PecaCotas& d, const Medidas&) { d.width(); }
 
-const ProfileDescription kBarraRedonda = {
+const PerfilDescription kBarraRedonda = {
     .dialog = L"pbr_geracao",
     .list = L"pbr.lst",
-    .buildRow = rowOfBar,
+    .buildRow = rowOfBarra,
     .slides = L"pbr",
     .figures = 1,
     .tiles = kTiles,
     .insertions = kRoundInsertions,
     .wrong = wrong,
-    .memberShift = roundMemberShift,
-    .pieces = kPieceClass<ZpBarraRedonda, Classe::BarraRedonda>,
+    .barraShift = roundBarraShift,
+    .pieces = kPecaClass<ZpBarraRedonda, Classe::BarraRedonda>,
     .values = kValues,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 }  // namespace
 
-const ProfileCommand perfilbarraredonda{kBarraRedonda};
+const PerfilCommand perfilbarraredonda{kBarraRedonda};
 
 }  // namespace perfis

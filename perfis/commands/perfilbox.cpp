@@ -38,7 +38,7 @@ constexpr RoleValue kValues[] = {
     {Ri, &Medidas::t},
 };
 
-const ProfileDescription kBox = {
+const PerfilDescription kBox = {
     .dialog = L"pbox_geracao",
     .list = L"pbox.lst",
     .makeCatalogue = makeStringListCatalogue,
@@ -49,14 +49,14 @@ const ProfileDescription kBox = {
     .tiles = kTilesHbt,
     .insertions = kInsertions,
     .wrong = wrongHbt,
-    .memberShift = boxMemberShift,
-    .pieces = kPieceClass<ZpBox, Classe::Box>,
+    .barraShift = boxBarraShift,
+    .pieces = kPecaClass<ZpBox, Classe::Box>,
     .values = kValues,
-    .dimensionSection = dimensionWVT,
+    .cotaSecao = cotaWVT,
 };
 
 }  // namespace
 
-const ProfileCommand perfilbox{kBox};
+const PerfilCommand perfilbox{kBox};
 
 }  // namespace perfis

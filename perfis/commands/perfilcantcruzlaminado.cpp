@@ -15,13 +15,13 @@ double legAndHalfAv(const Medidas& m) { return m.h + m.av / 2.0; }
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},   {B1, &Medidas::b},    {T, &Medidas::t}, {Ri, &Medidas::t},
-    {Vao, &Medidas::a}, {VaoV, &Medidas::av}, {M, pairMass},    {A, pairArea},
+    {Vao, &Medidas::a}, {VaoV, &Medidas::av}, {M, pairPeso},    {A, pairArea},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
-    dimensionGapBelow(d, m);
+    cotaVaoBelow(d, m);
     AcGePoint3d lower = d.at(0.0, -m.av / 2.0);
     lower.x = d.face(1).x;
     d.add(lower, lower + d.by(0.0, m.av), lower + d.off(-kFarLine, 0.0));
@@ -30,35 +30,35 @@ void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.add(back, back + d.by(m.t, 0.0), back + d.off(0.0, kNearLine));
 }
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"pcclam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"pcclam",
     .figures = 4,
     .tiles = kTilesRolledAv,
-    .insertions = kOppositeCorners<halfAcrossGap, legAndHalfAv, legAndHalfAv>,
-    .wrong = wrongGapOrAv,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpCantCruzLaminada, Classe::CantCruzLaminada>,
+    .insertions = kOppositeCorners<halfAcrossVao, legAndHalfAv, legAndHalfAv>,
+    .wrong = wrongVaoOrAv,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpCantCruzLaminada, Classe::CantCruzLaminada>,
     .values = kValues,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a; },
-    .maxHeight = [](const Medidas& m) { return m.a + 2.0 * m.b; },
-    .layPlates = layThroughAxis,
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a; },
+    .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
+    .layChapas = layThroughAxis,
     .choosesPlanes = true,
 };
 
 }  // namespace
 
-const ProfileCommand perfilcantcruzlaminado{kDescription,
-                                            [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand perfilcantcruzlaminado{kDescription,
+                                           [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

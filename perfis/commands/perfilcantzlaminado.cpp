@@ -12,51 +12,51 @@ using zp::secao::Classe;
 using enum zp::secao::Papel;
 
 /// The upper angle stands av above the lower one.
-double halfShiftedHeight(const Medidas& m) { return (m.h + m.av) / 2.0; }
+double halfShiftedAltura(const Medidas& m) { return (m.h + m.av) / 2.0; }
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},   {B1, &Medidas::b},    {T, &Medidas::t}, {Ri, &Medidas::t},
-    {Vao, &Medidas::a}, {VaoV, &Medidas::av}, {M, pairMass},    {A, pairArea},
+    {Vao, &Medidas::a}, {VaoV, &Medidas::av}, {M, pairPeso},    {A, pairArea},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
     d.add(d.face(3), d.face(3) + d.by(0.0, m.t), d.face(3) + d.off(kNearLine, 0.0));
-    dimensionGapBelow(d, m);
+    cotaVaoBelow(d, m);
 }
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"pczlam_geracao",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"pczlam",
     .figures = 4,
     .tiles = kTilesRolledAv,
-    .insertions = kUpperCorners<halfAcrossGap, halfShiftedHeight>,
-    .wrong = wrongGapOrAv,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpCantZLaminada, Classe::CantZLaminada>,
+    .insertions = kUpperCorners<halfAcrossVao, halfShiftedAltura>,
+    .wrong = wrongVaoOrAv,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpCantZLaminada, Classe::CantZLaminada>,
     .values = kValues,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAboveAndRight,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a; },
-    .maxHeight = [](const Medidas& m) { return m.a + 2.0 * m.b; },
-    .layPlates =
-        [](const LacedMember& member) {
-            return layOnFace(member, halfShiftedHeight(member.medidas));
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a; },
+    .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
+    .layChapas =
+        [](const BarraTravejada& member) {
+            return layOnFace(member, halfShiftedAltura(member.medidas));
         },
 };
 
 }  // namespace
 
-const ProfileCommand perfilcantzlaminado{kDescription,
-                                         [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand perfilcantzlaminado{kDescription,
+                                        [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -14,48 +14,48 @@ using zp::secao::Dados;
 using enum zp::secao::Papel;
 
 /// The lips stand out of the height h, which is that of the tops.
-double halfHeightWithLips(const Medidas& m) { return m.h / 2.0 - m.t + m.e; }
+double halfAlturaWithAbas(const Medidas& m) { return m.h / 2.0 - m.t + m.e; }
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},  {B2, &Medidas::b},  {T, &Medidas::t},
-    {Ri, &Medidas::t}, {Vao, &Medidas::a}, {Aba, &Medidas::e}, {Especie, kHats},
+    {Ri, &Medidas::t}, {Vao, &Medidas::a}, {Aba, &Medidas::e}, {Especie, kCartolas},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
     d.add(d.face(2) - d.by(m.t, 0.0), d.face(2), d.face(2) + d.off(0.0, kNearLine));
-    dimensionGapBelow(d, m);
+    cotaVaoBelow(d, m);
     d.add(d.face(2) - d.by(0.0, m.e), d.face(2), d.face(2) + d.off(kNearLine, 0.0));
 }
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"i2c_geracao",
     .list = L"picart.lst",
     .buildRow = rowOfHbta,
     .slides = L"i2c",
     .figures = 4,
-    .tiles = kTilesLipped,
-    .insertions = kFourCorners<halfAcrossGap, halfHeightWithLips>,
-    .wrong = wrongGapOrLip,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpIDobrado, Classe::IDobrado>,
+    .tiles = kTilesWithAba,
+    .insertions = kFourCorners<halfAcrossVao, halfAlturaWithAbas>,
+    .wrong = wrongVaoOrAba,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpIDobrado, Classe::IDobrado>,
     .values = kValues,
-    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] == kHats; },
-    .dimensionSection = dimensionSection,
+    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] == kCartolas; },
+    .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAll,
-    .plateHeight = PlateHeight::kClearance,
-    .minHeight = [](const Medidas& m) { return m.a - 1.0; },
-    .maxHeight = [](const Medidas& m) { return m.a; },
-    .layPlates = layOnBothFlanges,
+    .chapaAltura = ChapaAltura::kClearance,
+    .minAltura = [](const Medidas& m) { return m.a - 1.0; },
+    .maxAltura = [](const Medidas& m) { return m.a; },
+    .layChapas = layOnBothFlanges,
 };
 
 }  // namespace
 
-const ProfileCommand perfilicartola{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand perfilicartola{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -15,7 +15,7 @@ using zp::secao::Classe;
 using zp::secao::Dados;
 using enum zp::secao::Papel;
 
-constexpr DimensionTile kTiles[] = {
+constexpr MedidaTile kTiles[] = {
     {L"h", &Medidas::h, L"0"},   {L"bb", &Medidas::bb, L"0"}, {L"tb", &Medidas::tb, L"0"},
     {L"bc", &Medidas::bc, L"0"}, {L"tc", &Medidas::tc, L"0"}, {L"a", &Medidas::a, L"0"},
 };
@@ -23,7 +23,7 @@ constexpr DimensionTile kTiles[] = {
 /// All six numbers, reformatted.
 std::wstring newRow(ads_hdlg dialog) {
     std::wstring row;
-    for (const DimensionTile& tile : kTiles) {
+    for (const MedidaTile& tile : kTiles) {
         if (!row.empty()) row += L'\t';
         row += FormatInString(tileReal(dialog, tile.key));
     }
@@ -38,7 +38,7 @@ Medida wrong(const Medidas& m) {
 }
 
 /// The form of the class with two flanges has the view among the numbers.
-constexpr PieceClass kPieces{
+constexpr PecaClass kPieces{
     Classe::ISoldado,
     [](const AcGePoint3d& point, ZpObject::ZpVistas view,
        const Dados& v) -> std::unique_ptr<ZpObject> {
@@ -57,7 +57,7 @@ constexpr RoleValue kValues[] = {
 };
 
 /// Both flanges are dimensioned about the web, which stands in the middle of the box.
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     const AcGePoint3d upper = d.face(0);
     const double x = (upper.x + d.face(2).x) / 2.0;
     const AcGePoint3d top(x, upper.y, upper.z);
@@ -80,7 +80,7 @@ void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.add(web - d.by(m.a / 2.0, 0.0), web + d.by(m.a / 2.0, 0.0), {left, web.y, upper.z});
 }
 
-const ProfileDescription kPsa = {
+const PerfilDescription kPsa = {
     .dialog = L"psa_geracao",
     .list = L"psa.lst",
     .edits = CatalogueEdits::kWrittenBack,
@@ -91,11 +91,11 @@ const ProfileDescription kPsa = {
     // The width is that of the upper flange, at the lower edge too.
     .insertions = kBoxEdges<&Medidas::bc>,
     .wrong = wrong,
-    .memberShift = nullptr,
+    .barraShift = nullptr,
     .pieces = kPieces,
     .values = kValues,
     .draws = [](const Dados& v) { return v.variante == 1; },
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
     .insertionPrompt = kIInsertionPrompt,
     .startPrompt = L"\nIndique o ponto inicial do perfil:",
     .turning = Turning::kSet,
@@ -105,19 +105,19 @@ const ProfileDescription kPsa = {
 };
 
 /// Remembers numbers instead of texts.
-class PsaRun : public ProfileRun {
+class PsaRun : public PerfilRun {
 public:
-    PsaRun() : ProfileRun(kPsa) {}
+    PsaRun() : PerfilRun(kPsa) {}
 
 protected:
-    void showDimensions(ads_hdlg dialog) override {
-        for (const DimensionTile& tile : kTiles)
+    void showMedidas(ads_hdlg dialog) override {
+        for (const MedidaTile& tile : kTiles)
             setTile(dialog, tile.key, FormatInString(state().medidas.*tile.value));
     }
 };
 
 }  // namespace
 
-const ProfileCommand perfilpsa{kPsa, newRunOf<PsaRun>};
+const PerfilCommand perfilpsa{kPsa, newRunOf<PsaRun>};
 
 }  // namespace perfis

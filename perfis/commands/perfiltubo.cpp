@@ -13,7 +13,7 @@ using zp::secao::Classe;
 using zp::secao::Dados;
 using enum zp::secao::Papel;
 
-constexpr DimensionTile kTiles[] = {
+constexpr MedidaTile kTiles[] = {
     {L"d", &Medidas::d, L"0"},
     {L"di", &Medidas::di, L"0"},
 };
@@ -24,15 +24,14 @@ std::unique_ptr<ZpObject> between(const AcGePoint3d& start, const AcGePoint3d& e
 }
 
 /// The class has no form with one point.
-constexpr PieceClass kPieces{Classe::Tubo,
-                             [](const AcGePoint3d& point, ZpObject::ZpVistas view, const Dados& v) {
-                                 return between(point, point + AcGeVector3d::kXAxis * v[L], view,
-                                                v);
-                             },
-                             between};
+constexpr PecaClass kPieces{Classe::Tubo,
+                            [](const AcGePoint3d& point, ZpObject::ZpVistas view, const Dados& v) {
+                                return between(point, point + AcGeVector3d::kXAxis * v[L], view, v);
+                            },
+                            between};
 
 /// The dialog has the wall, the class the inner diameter.
-void wallOf(Medidas& m, const Dados& v) { m.di = (v[D] - v[Dint]) / 2.0; }
+void paredeOf(Medidas& m, const Dados& v) { m.di = (v[D] - v[Dint]) / 2.0; }
 
 constexpr RoleValue kValues[] = {
     {D, &Medidas::d},
@@ -45,12 +44,12 @@ Medida wrong(const Medidas& m) {
     return missing == nullptr && m.d <= m.di ? &Medidas::di : missing;
 }
 
-std::wstring rowOfTube(ads_hdlg dialog) {
+std::wstring rowOfTubo(ads_hdlg dialog) {
     return tileText(dialog, L"d") + L'\t' + tileText(dialog, L"di");
 }
 
 /// The limit points of a tube's section stand on its inner diameter.
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     const AcGePoint3d left = d.face(1) + d.by(-m.di, -m.di);
     const AcGePoint3d right = d.face(3) + d.by(m.di, -m.di);
     d.add(left, right, left + d.off(0.0, -kNearLine));
@@ -58,25 +57,25 @@ void dimensionSection(PieceDimensions& d, const Medidas& m) {
     d.add(d.at(m.d / 2.0 - m.di, 0.0), outside, outside + d.off(kNearLine, 0.0));
 }
 
-const ProfileDescription kTubo = {
+const PerfilDescription kTubo = {
     .dialog = L"ptb_geracao",
     .list = L"ptb.lst",
-    .buildRow = rowOfTube,
+    .buildRow = rowOfTubo,
     .slides = L"ptb",
     .figures = 1,
     .tiles = kTiles,
     .insertions = kRoundInsertions,
     .wrong = wrong,
-    .memberShift = roundMemberShift,
+    .barraShift = roundBarraShift,
     .pieces = kPieces,
     .values = kValues,
-    .readBack = wallOf,
-    .dimensionSection = dimensionSection,
-    .keepsLengthInSection = true,
+    .readBack = paredeOf,
+    .cotaSecao = cotaSecao,
+    .keepsComprimentoInSecao = true,
 };
 
 }  // namespace
 
-const ProfileCommand perfiltubo{kTubo};
+const PerfilCommand perfiltubo{kTubo};
 
 }  // namespace perfis

@@ -24,31 +24,31 @@ constexpr RoleValue kValues[] = {
     {M, &Medidas::m},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
     d.thickness(rolledUToe(m));
 }
 
-const ProfileDescription kPerfilULaminado = {
+const PerfilDescription kPerfilULaminado = {
     .dialog = L"pulam_geracao",
     .list = L"pu_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"pulam",
     .figures = 4,
     .tiles = kTilesHbt,
     .insertions = kUInsertions,
     .wrong = wrongHbt,
-    .memberShift = uMemberShift,
-    .pieces = kPieceClass<ZpULaminado, Classe::ULaminado>,
+    .barraShift = uBarraShift,
+    .pieces = kPecaClass<ZpULaminado, Classe::ULaminado>,
     .values = kValues,
     .faces = kChannelFaces,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 }  // namespace
 
-const ProfileCommand perfilulaminado{kPerfilULaminado};
+const PerfilCommand perfilulaminado{kPerfilULaminado};
 
 }  // namespace perfis

@@ -25,34 +25,33 @@ constexpr RoleValue kValues[] = {
     {M, [](const Medidas& m) { return 2.0 * m.m; }},
 };
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"puulam_geracao",
     .list = L"pu_lam.lst",
     .edits = CatalogueEdits::kNone,
-    .massColumn = true,
+    .pesoColumn = true,
     .slides = L"puulam",
     .figures = 4,
     .tiles = kTilesRolled,
-    .insertions = kFourCorners<halfOutsideWidth, halfHeight>,
-    .wrong = wrongWidth,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpUULaminado, Classe::UULaminado>,
+    .insertions = kFourCorners<halfOutsideLargura, halfAltura>,
+    .wrong = wrongLargura,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpUULaminado, Classe::UULaminado>,
     .values = kValues,
-    .dimensionSection = dimensionFacing,
+    .cotaSecao = cotaFacing,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kWidth,
     .sides = SidesDrawn::kAll,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a - 2.0 * m.b; },
-    .maxHeight = [](const Medidas& m) { return m.a; },
-    .layPlates = layOnBothFlanges,
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a - 2.0 * m.b; },
+    .maxAltura = [](const Medidas& m) { return m.a; },
+    .layChapas = layOnBothFlanges,
 };
 
 }  // namespace
 
-const ProfileCommand perfiluulaminado{kDescription,
-                                      [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand perfiluulaminado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

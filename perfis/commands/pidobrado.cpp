@@ -17,37 +17,37 @@ constexpr RoleValue kValues[] = {
     {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
-    dimensionWVT(d, m);
-    dimensionGapBelow(d, m);
+void cotaSecao(PecaCotas& d, const Medidas& m) {
+    cotaWVT(d, m);
+    cotaVaoBelow(d, m);
 }
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"p2ua_geracao",
     .list = L"pua.lst",
     .buildRow = rowOfHbta,
     .slides = L"p2ua",
     .figures = 4,
     .tiles = kTilesHbta,
-    .insertions = kFourCorners<halfAcrossGap, halfHeight>,
-    .wrong = wrongGap,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpIDobrado, Classe::IDobrado>,
+    .insertions = kFourCorners<halfAcrossVao, halfAltura>,
+    .wrong = wrongVao,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpIDobrado, Classe::IDobrado>,
     .values = kValues,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAll,
-    .plateHeight = PlateHeight::kClearance,
-    .minHeight = [](const Medidas& m) { return m.a - 1.0; },
-    .maxHeight = [](const Medidas& m) { return m.a; },
-    .layPlates = layOnBothFlanges,
+    .chapaAltura = ChapaAltura::kClearance,
+    .minAltura = [](const Medidas& m) { return m.a - 1.0; },
+    .maxAltura = [](const Medidas& m) { return m.a; },
+    .layChapas = layOnBothFlanges,
 };
 
 }  // namespace
 
-const ProfileCommand pidobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pidobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

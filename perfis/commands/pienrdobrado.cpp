@@ -18,39 +18,39 @@ constexpr RoleValue kValues[] = {
     {Ri, &Medidas::t}, {Vao, &Medidas::a}, {Aba, &Medidas::e},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
-    dimensionWVT(d, m);
-    dimensionGapBelow(d, m);
+void cotaSecao(PecaCotas& d, const Medidas& m) {
+    cotaWVT(d, m);
+    cotaVaoBelow(d, m);
     d.add(d.face(2), d.face(2) - d.by(0.0, m.e), d.face(2) + d.off(kFarLine, 0.0));
 }
 
-const ProfileDescription kDescription = {
+const PerfilDescription kDescription = {
     .dialog = L"p2uenr_geracao",
     .list = L"puaenr.lst",
     .buildRow = rowOfHbta,
     .slides = L"p2uenr",
     .figures = 4,
-    .tiles = kTilesLipped,
-    .insertions = kFourCorners<halfAcrossGap, halfHeight>,
-    .wrong = wrongGapOrLip,
-    .memberShift = nullptr,
-    .pieces = kPieceClass<ZpIDobrado, Classe::IDobrado>,
+    .tiles = kTilesWithAba,
+    .insertions = kFourCorners<halfAcrossVao, halfAltura>,
+    .wrong = wrongVaoOrAba,
+    .barraShift = nullptr,
+    .pieces = kPecaClass<ZpIDobrado, Classe::IDobrado>,
     .values = kValues,
-    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] != kHats; },
-    .dimensionSection = dimensionSection,
+    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] != kCartolas; },
+    .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
     .clearance = Clearance::kGap,
     .sides = SidesDrawn::kAll,
-    .plateHeight = PlateHeight::kUser,
-    .minHeight = [](const Medidas& m) { return m.a; },
-    .maxHeight = [](const Medidas& m) { return m.a + 2.0 * m.b; },
-    .layPlates = layOnBothFlanges,
+    .chapaAltura = ChapaAltura::kUser,
+    .minAltura = [](const Medidas& m) { return m.a; },
+    .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
+    .layChapas = layOnBothFlanges,
 };
 
 }  // namespace
 
-const ProfileCommand pienrdobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
+const PerfilCommand pienrdobrado{kDescription, [] { return makeBuiltUp(kDescription, kRule); }};
 
 }  // namespace perfis

@@ -22,7 +22,7 @@ using enum zp::secao::Papel;
 constexpr const wchar_t* kInconsistent =
     L"Listas de favoritos inconsistentes. Contate o suporte.\n";
 
-constexpr DimensionTile kTiles[] = {
+constexpr MedidaTile kTiles[] = {
     {L"h", &Medidas::h, L"0", RowUse::kFills, false},
     {L"b", &Medidas::b, L"0", RowUse::kFills, false},
     {L"t", &Medidas::t, L"0.00", RowUse::kFills, false},
@@ -32,8 +32,8 @@ constexpr DimensionTile kTiles[] = {
 /// mm2, in the factors in which the trade has it.
 double areaOf(const Medidas& m) { return m.m * 100.0 * 1.271848; }
 
-void addType(Dados& values, const PieceRequest& request) {
-    values[Tipo] = rolledSource(request.source).sectionType;
+void addType(Dados& values, const PecaRequest& request) {
+    values[Tipo] = rolledSource(request.source).secaoType;
 }
 
 ZpILaminadoUSA::ISolType typeOf(const Dados& v) {
@@ -41,7 +41,7 @@ ZpILaminadoUSA::ISolType typeOf(const Dados& v) {
 }
 
 /// The class takes its type as an enumeration among the numbers.
-constexpr PieceClass kPieces{
+constexpr PecaClass kPieces{
     Classe::ILaminadoUSA,
     [](const AcGePoint3d& point, ZpObject::ZpVistas view,
        const Dados& v) -> std::unique_ptr<ZpObject> {
@@ -59,7 +59,7 @@ constexpr RoleValue kValues[] = {
     {Tf1, &Medidas::t}, {A, areaOf},       {M, &Medidas::m},
 };
 
-const ProfileDescription kPerfilIL = {
+const PerfilDescription kPerfilIL = {
     .dialog = L"vi_lam_geracao",
     .list = nullptr,
     .edits = CatalogueEdits::kNone,
@@ -68,20 +68,20 @@ const ProfileDescription kPerfilIL = {
     .tiles = kTiles,
     .insertions = kBoxEdges<&Medidas::b>,
     .wrong = wrongHbta,
-    .memberShift = boxMemberShift,
+    .barraShift = boxBarraShift,
     .pieces = kPieces,
     .values = kValues,
     .complete = addType,
-    .dimensionSection = dimensionISection,
+    .cotaSecao = cotaISecao,
     .insertionPrompt = kIInsertionPrompt,
     .pickAndGo = PickAndGo::kAsksBothEnds,
     .listsAtOwnPoint = true,
 };
 
 /// Each source keeps the index of its own selection.
-class RolledRun : public ProfileRun {
+class RolledRun : public PerfilRun {
 public:
-    RolledRun() : ProfileRun(kPerfilIL) {}
+    RolledRun() : PerfilRun(kPerfilIL) {}
 
 protected:
     void wireOwnTiles(ads_hdlg dialog) override;
@@ -89,7 +89,7 @@ protected:
     void showList(ads_hdlg dialog) override;
     void pickRow(ads_hdlg dialog, int index) override;
     bool loadsOnce() const override { return true; }
-    void takePiece(const PieceValues& piece) override;
+    void takePeca(const PecaValues& piece) override;
     bool listsFit(std::wstring_view folder) const override;
 
 private:
@@ -105,7 +105,7 @@ private:
     int rowLike(const Medidas& medidas);
 
     /// The row is found once the list is there.
-    static constexpr int kLikePiece = -2;
+    static constexpr int kLikePeca = -2;
     /// A size that is in no list.
     static constexpr int kNoRow = -1;
     std::array<int, kRolledSourceCount> m_selected{};
@@ -133,16 +133,16 @@ bool RolledRun::listsFit(std::wstring_view folder) const {
     for (int i = 0; i < kRolledSourceCount; ++i)
         if (!listPath(folder, rolledSource(i).sizes) || !listPath(folder, rolledSource(i).data))
             return false;
-    return ProfileRun::listsFit(folder);
+    return PerfilRun::listsFit(folder);
 }
 
 /// The list of the piece's type; European and American ones have their own.
-void RolledRun::takePiece(const PieceValues& piece) {
-    ProfileRun::takePiece(piece);
+void RolledRun::takePeca(const PecaValues& piece) {
+    PerfilRun::takePeca(piece);
     const auto type = static_cast<int>(piece.values[zp::secao::Papel::Tipo]);
     for (int i = 0; i < kRolledSourceCount; ++i)
-        if (rolledSource(i).sectionType == type) state().source = i;
-    selected() = kLikePiece;
+        if (rolledSource(i).secaoType == type) state().source = i;
+    selected() = kLikePeca;
 }
 
 int RolledRun::rowLike(const Medidas& m) {
@@ -165,7 +165,7 @@ void RolledRun::showList(ads_hdlg dialog) {
     (void)fillList(dialog, L"lista", sizes);
     const auto dataPath = listPath(folder, source().data);
     if (!dataPath || !readRolledLines(*dataPath, m_data)) return;
-    if (selected() == kLikePiece) selected() = rowLike(state().medidas);
+    if (selected() == kLikePeca) selected() = rowLike(state().medidas);
     if (selected() >= 0) {
         setTile(dialog, L"lista", selected());
         pickRow(dialog, selected());
@@ -192,6 +192,6 @@ void RolledRun::pickRow(ads_hdlg dialog, int index) {
 
 }  // namespace
 
-const ProfileCommand pilaminado{kPerfilIL, newRunOf<RolledRun>};
+const PerfilCommand pilaminado{kPerfilIL, newRunOf<RolledRun>};
 
 }  // namespace perfis

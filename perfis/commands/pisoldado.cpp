@@ -16,7 +16,7 @@ namespace {
 using zp::secao::Classe;
 using enum zp::secao::Papel;
 
-constexpr DimensionTile kTiles[] = {
+constexpr MedidaTile kTiles[] = {
     {L"h", &Medidas::h, L"0"},
     {L"b", &Medidas::b, L"0"},
     {L"t", &Medidas::t, L"0.00"},
@@ -28,12 +28,12 @@ constexpr RoleValue kValues[] = {
     {Tw, &Medidas::a}, {Tc, &Medidas::t}, {M, &Medidas::m},
 };
 
-void setSeries(ZpObject& piece, const PieceRequest& request) {
+void setSeries(ZpObject& piece, const PecaRequest& request) {
     (void)static_cast<ZpISoldado&>(piece).setSubType(
         static_cast<ZpISoldado::SubType>(request.source));
 }
 
-const ProfileDescription kVigaI = {
+const PerfilDescription kVigaI = {
     .dialog = L"vi_geracao",
     .list = L"vi.lst",
     .edits = CatalogueEdits::kWrittenBack,
@@ -43,10 +43,10 @@ const ProfileDescription kVigaI = {
     .tiles = kTiles,
     .insertions = kBoxEdges<&Medidas::b>,
     .wrong = wrongHbta,
-    .memberShift = boxMemberShift,
-    .pieces = kPieceClass<ZpISoldado, Classe::ISoldado>,
+    .barraShift = boxBarraShift,
+    .pieces = kPecaClass<ZpISoldado, Classe::ISoldado>,
     .values = kValues,
-    .dimensionSection = dimensionISection,
+    .cotaSecao = cotaISecao,
     .insertionPrompt = kIInsertionPrompt,
     .pickAndGo = PickAndGo::kAsksBothEnds,
     .listsAtOwnPoint = true,
@@ -54,9 +54,9 @@ const ProfileDescription kVigaI = {
 };
 
 /// The state's source is the sub-type; only the favourites are edited and kept.
-class WeldedRun : public ProfileRun {
+class WeldedRun : public PerfilRun {
 public:
-    WeldedRun() : ProfileRun(kVigaI) {}
+    WeldedRun() : PerfilRun(kVigaI) {}
 
 protected:
     void wireOwnTiles(ads_hdlg dialog) override;
@@ -66,13 +66,13 @@ protected:
     void pickRow(ads_hdlg dialog, int index) override;
     /// The sizes of a series come from its list alone.
     const wchar_t* wrongTile() override {
-        const wchar_t* const tile = ProfileRun::wrongTile();
+        const wchar_t* const tile = PerfilRun::wrongTile();
         return tile == nullptr || showsFavourites() ? tile : L"lista";
     }
     bool listsFit(std::wstring_view folder) const override;
     void keepEdits(const std::wstring& path) override;
-    void takePiece(const PieceValues& piece) override {
-        ProfileRun::takePiece(piece);
+    void takePeca(const PecaValues& piece) override {
+        PerfilRun::takePeca(piece);
         state().source = piece.series;
     }
 
@@ -105,9 +105,9 @@ void WeldedRun::showOwnTiles(ads_hdlg dialog) {
 }
 
 void WeldedRun::refresh(ads_hdlg dialog) {
-    for (const DimensionTile& tile : kTiles) enableTile(dialog, tile.key, showsFavourites());
+    for (const MedidaTile& tile : kTiles) enableTile(dialog, tile.key, showsFavourites());
     if (showsFavourites()) {
-        ProfileRun::refresh(dialog);
+        PerfilRun::refresh(dialog);
         return;
     }
     readMedidas(dialog);
@@ -131,7 +131,7 @@ void WeldedRun::changeSource(ads_hdlg dialog, int source) {
     if (showsFavourites()) {
         state().medidas.m = 0.0;
     } else {
-        for (const DimensionTile& tile : kTiles) setTile(dialog, tile.key, std::wstring());
+        for (const MedidaTile& tile : kTiles) setTile(dialog, tile.key, std::wstring());
     }
     showList(dialog);
     refresh(dialog);
@@ -139,7 +139,7 @@ void WeldedRun::changeSource(ads_hdlg dialog, int source) {
 
 void WeldedRun::pickRow(ads_hdlg dialog, int index) {
     if (showsFavourites()) {
-        ProfileRun::pickRow(dialog, index);
+        PerfilRun::pickRow(dialog, index);
         return;
     }
     state().selectedRow = index;
@@ -152,7 +152,7 @@ void WeldedRun::pickRow(ads_hdlg dialog, int index) {
 
 void WeldedRun::takeValues(ads_hdlg dialog, const std::vector<std::wstring>& fields) {
     std::size_t column = 0;
-    for (const DimensionTile& tile : kTiles) {
+    for (const MedidaTile& tile : kTiles) {
         setTile(dialog, tile.key, column < fields.size() ? fields[column] : std::wstring());
         ++column;
     }
@@ -163,15 +163,15 @@ bool WeldedRun::listsFit(std::wstring_view folder) const {
     for (int i = 0; i < kWeldedSourceCount; ++i)
         if (!listPath(folder, weldedSource(i).shown) || !listPath(folder, weldedSource(i).values))
             return false;
-    return ProfileRun::listsFit(folder);
+    return PerfilRun::listsFit(folder);
 }
 
 void WeldedRun::keepEdits(const std::wstring& path) {
-    if (showsFavourites()) ProfileRun::keepEdits(path);
+    if (showsFavourites()) PerfilRun::keepEdits(path);
 }
 
 }  // namespace
 
-const ProfileCommand pisoldado{kVigaI, newRunOf<WeldedRun>};
+const PerfilCommand pisoldado{kVigaI, newRunOf<WeldedRun>};
 
 }  // namespace perfis

@@ -32,12 +32,12 @@ constexpr RoleValue kValues[] = {
     {Ri, &Medidas::t}, {Ang1, kRightAngle}, {Ang2, kRightAngle}, {Aba, &Medidas::a},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
-    dimensionWVT(d, m);
+void cotaSecao(PecaCotas& d, const Medidas& m) {
+    cotaWVT(d, m);
     d.add(d.face(2), d.face(2) - d.by(0.0, m.a), d.face(2) + d.off(kFarLine, 0.0));
 }
 
-const ProfileDescription kPerfilUEnrijecido = {
+const PerfilDescription kPerfilUEnrijecido = {
     .dialog = L"pur_geracao",
     .list = L"pur.lst",
     .buildRow = rowOfHbta,
@@ -46,16 +46,16 @@ const ProfileDescription kPerfilUEnrijecido = {
     .tiles = kTilesHbta,
     .insertions = kInsertions,
     .wrong = wrongHbta,
-    .memberShift = uMemberShift,
-    .pieces = kPieceClass<ZpUDobrado, Classe::UDobrado>,
+    .barraShift = uBarraShift,
+    .pieces = kPecaClass<ZpUDobrado, Classe::UDobrado>,
     .values = kValues,
     .faces = kChannelFaces,
     .draws = [](const Dados& v) { return v[Aba] != 0.0; },
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 }  // namespace
 
-const ProfileCommand pudoben{kPerfilUEnrijecido};
+const PerfilCommand pudoben{kPerfilUEnrijecido};
 
 }  // namespace perfis

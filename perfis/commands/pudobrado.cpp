@@ -16,7 +16,7 @@ constexpr RoleValue kValues[] = {
     {Ri, &Medidas::t}, {Ang1, kRightAngle}, {Ang2, kRightAngle},
 };
 
-const ProfileDescription kPerfilU = {
+const PerfilDescription kPerfilU = {
     .dialog = L"pu_geracao",
     .list = L"pu.lst",
     .edits = CatalogueEdits::kWrittenBack,
@@ -26,15 +26,15 @@ const ProfileDescription kPerfilU = {
     .tiles = kTilesHbt,
     .insertions = kUInsertions,
     .wrong = wrongHbt,
-    .memberShift = uMemberShift,
-    .pieces = kPieceClass<ZpUDobrado, Classe::UDobrado>,
+    .barraShift = uBarraShift,
+    .pieces = kPecaClass<ZpUDobrado, Classe::UDobrado>,
     .values = kValues,
     .faces = kChannelFaces,
-    .dimensionSection = dimensionWVT,
+    .cotaSecao = cotaWVT,
 };
 
 }  // namespace
 
-const ProfileCommand pudobrado{kPerfilU};
+const PerfilCommand pudobrado{kPerfilU};
 
 }  // namespace perfis

@@ -22,7 +22,7 @@ constexpr Insertion kInsertions[] = {
      }},
 };
 
-Shift memberShift(const Medidas& m, const MemberPlace& place) {
+Shift barraShift(const Medidas& m, const BarraPlace& place) {
     return shiftByReach(symmetricReach(m.h, 2.0 * m.b - m.t, place.view), place);
 }
 
@@ -31,14 +31,14 @@ constexpr RoleValue kValues[] = {
     {Ri, &Medidas::t}, {Ang1, kRightAngle}, {Ang2, kRightAngle},
 };
 
-void dimensionSection(PieceDimensions& d, const Medidas& m) {
+void cotaSecao(PecaCotas& d, const Medidas& m) {
     d.width();
     d.height();
     d.add(d.face(3), d.face(3) + d.by(0.0, m.t), d.face(3) + d.off(kNearLine, 0.0));
     d.add(d.face(3), d.face(3) + d.by(0.0, m.a), d.face(3) + d.off(kFarLine, 0.0));
 }
 
-const ProfileDescription kPerfilZ = {
+const PerfilDescription kPerfilZ = {
     .dialog = L"pz_geracao",
     .list = L"pz.lst",
     .buildRow = rowOfHbta,
@@ -47,14 +47,14 @@ const ProfileDescription kPerfilZ = {
     .tiles = kTilesHbta,
     .insertions = kInsertions,
     .wrong = wrongHbta,
-    .memberShift = memberShift,
-    .pieces = kPieceClass<ZpZDobrado, Classe::ZDobrado>,
+    .barraShift = barraShift,
+    .pieces = kPecaClass<ZpZDobrado, Classe::ZDobrado>,
     .values = kValues,
-    .dimensionSection = dimensionSection,
+    .cotaSecao = cotaSecao,
 };
 
 }  // namespace
 
-const ProfileCommand pzdobrado{kPerfilZ};
+const PerfilCommand pzdobrado{kPerfilZ};
 
 }  // namespace perfis

@@ -4,9 +4,9 @@
 
 namespace perfis {
 
-RunState resetState(const ProfileDescription& description) {
+RunState resetState(const PerfilDescription& description) {
     RunState state;
-    for (const DimensionTile& tile : description.tiles) state.texts.emplace_back(tile.initialText);
+    for (const MedidaTile& tile : description.tiles) state.texts.emplace_back(tile.initialText);
     return state;
 }
 

@@ -17,7 +17,7 @@ namespace perfis {
 struct RunState {
     std::vector<std::wstring> texts;  ///< of the dimension tiles, saved before a visit to the views
     Medidas medidas;
-    ViewsChoice views;
+    VistasChoice views;
     bool showInsertion = false;  ///< the preview marks the insertion point
     int insertion = 0;           ///< index in "ins_list"
     int slide = kFirstInsertionSlide;
@@ -27,6 +27,6 @@ struct RunState {
 };
 
 /// The state with which a run of this command starts.
-RunState resetState(const ProfileDescription& description);
+RunState resetState(const PerfilDescription& description);
 
 }  // namespace perfis

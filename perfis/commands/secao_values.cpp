@@ -15,7 +15,7 @@ double valueOf(const RoleValue& value, const Medidas& medidas) {
     return value.rule != nullptr ? value.rule(medidas) : value.constant;
 }
 
-Dados valuesFor(const ProfileDescription& description, const PieceRequest& request, double turn) {
+Dados valuesFor(const PerfilDescription& description, const PecaRequest& request, double turn) {
     Dados values;
     for (const RoleValue& value : description.values)
         values[value.role] = valueOf(value, request.medidas);
@@ -27,22 +27,22 @@ Dados valuesFor(const ProfileDescription& description, const PieceRequest& reque
 
 }  // namespace
 
-std::unique_ptr<ZpObject> makeAtPoint(const ProfileDescription& description,
-                                      const AcGePoint3d& point, const PieceRequest& request) {
+std::unique_ptr<ZpObject> makeAtPoint(const PerfilDescription& description,
+                                      const AcGePoint3d& point, const PecaRequest& request) {
     const auto figure = static_cast<std::size_t>(request.view);
     const Face face =
         figure < description.faces.size() ? description.faces[figure] : Face{request.view, 0.0};
     return description.pieces.atPoint(point, face.view, valuesFor(description, request, face.turn));
 }
 
-std::unique_ptr<ZpObject> makeBetween(const ProfileDescription& description,
+std::unique_ptr<ZpObject> makeBetween(const PerfilDescription& description,
                                       const AcGePoint3d& start, const AcGePoint3d& end,
-                                      const PieceRequest& request) {
+                                      const PecaRequest& request) {
     return description.pieces.between(start, end, request.view,
                                       valuesFor(description, request, 0.0));
 }
 
-Medidas medidasOf(const ProfileDescription& description, const Dados& values) {
+Medidas medidasOf(const PerfilDescription& description, const Dados& values) {
     Medidas medidas;
     // The upper flange decides where a property sheet made the lower one different.
     for (auto value = description.values.rbegin(); value != description.values.rend(); ++value)
@@ -54,7 +54,7 @@ Medidas medidasOf(const ProfileDescription& description, const Dados& values) {
     return medidas;
 }
 
-int figureOf(const ProfileDescription& description, ZpObject::ZpVistas view, double turn) {
+int figureOf(const PerfilDescription& description, ZpObject::ZpVistas view, double turn) {
     for (std::size_t figure = 0; figure < description.faces.size(); ++figure) {
         const Face& face = description.faces[figure];
         if (face.view == view && (face.turn != 0.0) == (turn != 0.0))

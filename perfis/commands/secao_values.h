@@ -12,8 +12,8 @@
 
 namespace perfis {
 
-struct ProfileDescription;
-struct PieceRequest;
+struct PerfilDescription;
+struct PecaRequest;
 
 /// One value of a section class: a number of the dialog, what a rule makes of the numbers, or
 /// always the same. Length and turn about the axis come from the request; roles that nobody gives
@@ -38,7 +38,7 @@ struct Face {
 };
 
 /// Constructs the pieces of one section class from values by role.
-struct PieceClass {
+struct PecaClass {
     zp::secao::Classe classe;
     std::unique_ptr<ZpObject> (*atPoint)(const AcGePoint3d& point, ZpObject::ZpVistas view,
                                          const zp::secao::Dados& values);
@@ -54,7 +54,7 @@ std::unique_ptr<ZpObject> construct(std::index_sequence<I...>, const zp::secao::
 
 /// Class with one constructor of each form, its values in the order of the table of sections.
 template <class Perfil, zp::secao::Classe kClasse>
-inline constexpr PieceClass kPieceClass{
+inline constexpr PecaClass kPecaClass{
     kClasse,
     [](const AcGePoint3d& point, ZpObject::ZpVistas view, const zp::secao::Dados& values) {
         static constexpr zp::secao::Papeis kRoles = zp::secao::linha(kClasse).umPonto[0];
@@ -69,17 +69,17 @@ inline constexpr PieceClass kPieceClass{
     }};
 
 /// A new piece, in no drawing.
-std::unique_ptr<ZpObject> makeAtPoint(const ProfileDescription& description,
-                                      const AcGePoint3d& point, const PieceRequest& request);
+std::unique_ptr<ZpObject> makeAtPoint(const PerfilDescription& description,
+                                      const AcGePoint3d& point, const PecaRequest& request);
 /// The same between two points; the figures' turns are for pieces at a point.
-std::unique_ptr<ZpObject> makeBetween(const ProfileDescription& description,
+std::unique_ptr<ZpObject> makeBetween(const PerfilDescription& description,
                                       const AcGePoint3d& start, const AcGePoint3d& end,
-                                      const PieceRequest& request);
+                                      const PecaRequest& request);
 
 /// The dialog's numbers from the values of a drawn piece; those that its dialog does not have are
 /// 0.
-Medidas medidasOf(const ProfileDescription& description, const zp::secao::Dados& values);
+Medidas medidasOf(const PerfilDescription& description, const zp::secao::Dados& values);
 /// The figure that a member seen and turned like this was drawn as; the view where no figure fits.
-int figureOf(const ProfileDescription& description, ZpObject::ZpVistas view, double turn);
+int figureOf(const PerfilDescription& description, ZpObject::ZpVistas view, double turn);
 
 }  // namespace perfis

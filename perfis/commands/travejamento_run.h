@@ -7,13 +7,13 @@
 namespace perfis {
 
 /// What differs between them, mm.
-struct ToggleLacing {
-    double (*maxHeight)(const Medidas&);  ///< greatest plate height
+struct ToggleTravejamento {
+    double (*maxAltura)(const Medidas&);  ///< greatest plate height
     double (*edgeRow)(const Medidas&);    ///< line of a row on edge, from the piece's point
 };
 
 /// A run of a profile command with lacing.
-std::unique_ptr<ProfileRun> makeLaced(const ProfileDescription& description,
-                                      const ToggleLacing& lacing);
+std::unique_ptr<PerfilRun> makeTravejado(const PerfilDescription& description,
+                                         const ToggleTravejamento& lacing);
 
 }  // namespace perfis

@@ -8,20 +8,20 @@
 
 namespace perfis {
 
-struct PieceLacing {
+struct PecaTravejamento {
     TravejamentoParams plates;  ///< A = 0: no lacing
-    LacedPlanes planes = LacedPlanes::kBoth;
+    TravejamentoPlanes planes = TravejamentoPlanes::kBoth;
     double pitch = 0.0;   ///< of the plates that stand
     double length = 0.0;  ///< of the member that they were laid for
 };
 
-PieceLacing lacingOf(const PieceValues& piece);
+PecaTravejamento travejamentoOf(const PecaValues& piece);
 
 /// Spacing of the lacing in a member of this length: where that is its own nothing moves, in
 /// another one the number of parts stays.
-double spacingFor(const PieceLacing& lacing, double length);
+double spacingFor(const PecaTravejamento& lacing, double length);
 
 /// From the left edge of the first plate to that of the next one; 0 without a second one.
-double platePitch(const PieceValues& piece);
+double chapaPitch(const PecaValues& piece);
 
 }  // namespace perfis

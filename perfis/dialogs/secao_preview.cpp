@@ -11,13 +11,13 @@ namespace {
 constexpr const wchar_t* kSlides[] = {L"secao", L"flecha", L"ip0", L"ip1", L"ip2", L"ip3", L"ip4"};
 }
 
-const wchar_t* sectionSlide(int index) {
+const wchar_t* secaoSlide(int index) {
     const bool known = index >= 0 && index < static_cast<int>(std::size(kSlides));
-    return kSlides[known ? index : kSectionSlide];
+    return kSlides[known ? index : kSecaoSlide];
 }
 
-void showSection(ads_hdlg dialog, std::wstring_view library, int index) {
-    showSlide(dialog, L"showall", library, sectionSlide(index));
+void showSecao(ads_hdlg dialog, std::wstring_view library, int index) {
+    showSlide(dialog, L"showall", library, secaoSlide(index));
 }
 
 }  // namespace perfis

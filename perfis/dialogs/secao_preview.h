@@ -9,14 +9,14 @@
 namespace perfis {
 
 /// Position of the first insertion point's slide in the table; the section alone stands at 0.
-inline constexpr int kSectionSlide = 0;
+inline constexpr int kSecaoSlide = 0;
 inline constexpr int kFirstInsertionSlide = 2;
 
 /// Name of the slide at a position of the table "secao", "flecha", "ip0" to "ip4"; "secao" outside
 /// it.
-const wchar_t* sectionSlide(int index);
+const wchar_t* secaoSlide(int index);
 
 /// Paints that slide of the command's library into the tile "showall".
-void showSection(ads_hdlg dialog, std::wstring_view library, int index);
+void showSecao(ads_hdlg dialog, std::wstring_view library, int index);
 
 }  // namespace perfis

@@ -29,7 +29,7 @@ void CALLB onButton(ads_callback_packet* packet) {
 
 }  // namespace
 
-int editBarType(int& barType) {
+int editTipoBarra(int& barType) {
     int working = barType;
     const std::wstring path =
         dialogPath(installationFolder().value_or(L""), L"perfis.dcl").value_or(L"");

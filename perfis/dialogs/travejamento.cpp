@@ -23,8 +23,8 @@ int wholeParts(double quotient) {
 
 }  // namespace
 
-std::optional<Fault> falhaDoTravejamento(const TravejamentoParams& params,
-                                         const TravejamentoLimites& limites) {
+std::optional<Fault> travejamentoFault(const TravejamentoParams& params,
+                                       const TravejamentoLimites& limites) {
     if (params.A == 0.0) return {};
     if (limites.minA >= params.A)
         return Fault{L"A deve ser maior que " + std::wstring(FormatInString(limites.minA)),
@@ -47,7 +47,7 @@ std::optional<Fault> falhaDoTravejamento(const TravejamentoParams& params,
 
 int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limites,
                        wchar_t* mensagem) {
-    const std::optional<Fault> fault = falhaDoTravejamento(params, limites);
+    const std::optional<Fault> fault = travejamentoFault(params, limites);
     if (fault && mensagem != nullptr) std::wcscpy(mensagem, fault->message.c_str());
     return fault ? 0 : 1;
 }

@@ -27,14 +27,14 @@ struct TravejamentoLimites {
 };
 
 /// Room for every message of ValidaTravejamento, terminator included.
-inline constexpr int kMensagemTravejamento = 400;
+inline constexpr int kTravejamentoMessage = 400;
 
 /// Runs the dialog. 1 and `params` changed when it was accepted, else 0.
 int EditTravejamento(TravejamentoParams& params, const TravejamentoLimites& limites);
 
 /// The first fault of the values; nothing when they are acceptable.
-std::optional<Fault> falhaDoTravejamento(const TravejamentoParams& params,
-                                         const TravejamentoLimites& limites);
+std::optional<Fault> travejamentoFault(const TravejamentoParams& params,
+                                       const TravejamentoLimites& limites);
 
 /// 1 when the values are acceptable. 0 otherwise, with the reason and its terminator in `mensagem`
 /// unless that is null.

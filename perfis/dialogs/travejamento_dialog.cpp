@@ -16,8 +16,8 @@ struct Edited {
     TravejamentoLimites limites;
     TravejamentoParams params;
 
-    void onHeight(const ads_callback_packet& packet) { params.A = texts::toReal(packet.value); }
-    void onWidth(const ads_callback_packet& packet);
+    void onAltura(const ads_callback_packet& packet) { params.A = texts::toReal(packet.value); }
+    void onLargura(const ads_callback_packet& packet);
     void onParts(const ads_callback_packet& packet);
     void onSpacing(const ads_callback_packet& packet);
     void onAccept(const ads_callback_packet& packet);
@@ -33,7 +33,7 @@ void Edited::showSpacing(ads_hdlg dialog) const {
     if (CalcEspacamento(params, limites.comp, L1) != 0) setDim(dialog, L"l_travejam", L1);
 }
 
-void Edited::onWidth(const ads_callback_packet& packet) {
+void Edited::onLargura(const ads_callback_packet& packet) {
     params.C = texts::toReal(packet.value);
     showSpacing(packet.dialog);
 }
@@ -51,7 +51,7 @@ void Edited::onSpacing(const ads_callback_packet& packet) {
 }
 
 void Edited::onAccept(const ads_callback_packet& packet) {
-    if (const std::optional<Fault> fault = falhaDoTravejamento(params, limites))
+    if (const std::optional<Fault> fault = travejamentoFault(params, limites))
         showFault(packet.dialog, *fault);
     else
         (void)ads_done_dialog(packet.dialog, kDialogAccepted);
@@ -61,13 +61,13 @@ template <void (Edited::*Method)(const ads_callback_packet&)>
 constexpr CLIENTFUNC callback = dialogCallback<Edited, Method>;
 
 void show(ads_hdlg dialog, const Edited& edited) {
-    const bool wholeLacing = edited.limites.somenteAltura == 0;
+    const bool wholeTravejamento = edited.limites.somenteAltura == 0;
     showSlide(dialog, L"tr_img", L"puf", L"trav");
     enableTile(dialog, L"altura", edited.limites.alturaEditavel != 0);
     for (const wchar_t* const key : {L"largura", L"l_travejam", L"n_partes"})
-        enableTile(dialog, key, wholeLacing);
+        enableTile(dialog, key, wholeTravejamento);
     setDim(dialog, L"altura", edited.params.A);
-    if (!wholeLacing) return;
+    if (!wholeTravejamento) return;
     setDim(dialog, L"largura", edited.params.C);
     setTile(dialog, L"n_partes", edited.params.n);
     edited.showSpacing(dialog);
@@ -75,17 +75,17 @@ void show(ads_hdlg dialog, const Edited& edited) {
 
 void wire(ads_hdlg dialog, Edited& edited) {
     static constexpr TileAction kAlways[] = {
-        {L"altura", callback<&Edited::onHeight>},
+        {L"altura", callback<&Edited::onAltura>},
         {L"accept", callback<&Edited::onAccept>},
     };
-    static constexpr TileAction kWholeLacing[] = {
+    static constexpr TileAction kWholeTravejamento[] = {
         {L"l_travejam", callback<&Edited::onSpacing>},
         {L"n_partes", callback<&Edited::onParts>},
-        {L"largura", callback<&Edited::onWidth>},
+        {L"largura", callback<&Edited::onLargura>},
     };
     for (const TileAction& action : kAlways) wireTile(dialog, action, &edited);
     if (edited.limites.somenteAltura != 0) return;
-    for (const TileAction& action : kWholeLacing) wireTile(dialog, action, &edited);
+    for (const TileAction& action : kWholeTravejamento) wireTile(dialog, action, &edited);
 }
 
 }  // namespace

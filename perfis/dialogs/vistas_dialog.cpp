@@ -33,9 +33,9 @@ int previewOf(int view) {
     return 0;
 }
 
-class ViewsDialog : public ReopeningDialog {
+class VistasDialog : public ReopeningDialog {
 public:
-    ViewsDialog(const wchar_t* library, ViewsChoice& choice, int figures)
+    VistasDialog(const wchar_t* library, VistasChoice& choice, int figures)
         : m_library(std::wstring(library).substr(0, 80)),
           m_choice(choice),
           m_working(choice),
@@ -48,8 +48,8 @@ protected:
     void reportMissing() override { (void)acedAlert(kMissingDialog); }
 
 private:
-    template <void (ViewsDialog::*Method)(const ads_callback_packet&)>
-    static constexpr CLIENTFUNC callback = dialogCallback<ViewsDialog, Method>;
+    template <void (VistasDialog::*Method)(const ads_callback_packet&)>
+    static constexpr CLIENTFUNC callback = dialogCallback<VistasDialog, Method>;
 
     void wire(ads_hdlg dialog);
     void setModes(ads_hdlg dialog);
@@ -57,89 +57,89 @@ private:
     void onFigure(const ads_callback_packet& packet);
     void onInsertionText(const ads_callback_packet& packet);
     void onInsertionSlider(const ads_callback_packet& packet);
-    void onLength(const ads_callback_packet& packet);
+    void onComprimento(const ads_callback_packet& packet);
     void onPick(const ads_callback_packet& packet);
-    void onPieces(const ads_callback_packet& packet);
+    void onPecas(const ads_callback_packet& packet);
     void onMaterialList(const ads_callback_packet& packet);
     void onPickAndGo(const ads_callback_packet& packet);
     void onAccept(const ads_callback_packet& packet);
 
     std::wstring m_library;
-    ViewsChoice& m_choice;
-    ViewsChoice m_working;
+    VistasChoice& m_choice;
+    VistasChoice m_working;
     int m_figures;
     int m_preview;
-    std::wstring m_shownLength;
-    bool m_lengthEdited = false;
+    std::wstring m_shownComprimento;
+    bool m_comprimentoEdited = false;
 };
 
 /// Of what can be placed in a drawing, mm.
-constexpr double kLongestMember = 1e9;
+constexpr double kLongestBarra = 1e9;
 
-void ViewsDialog::open(ads_hdlg dialog) {
+void VistasDialog::open(ads_hdlg dialog) {
     showSlide(dialog, L"fig0", L"", L"FLECHA");
     for (const Figure& figure : kFigures) showSlide(dialog, figure.key, m_library, figure.slide);
     showPreview(dialog);
-    m_shownLength = std::to_wstring(texts::realToInt(m_working.length));
-    m_lengthEdited = false;
+    m_shownComprimento = std::to_wstring(texts::realToInt(m_working.length));
+    m_comprimentoEdited = false;
     setTile(dialog, L"insertionP", m_working.alignment);
     setTile(dialog, L"ip", m_working.alignment);
     setTile(dialog, L"num_pecas", m_working.pieces);
-    setTile(dialog, L"l", m_shownLength);
+    setTile(dialog, L"l", m_shownComprimento);
     setToggle(dialog, L"gerar_matlist", m_working.materialList);
     setToggle(dialog, L"pickngo", m_working.pickAndGo);
     setModes(dialog);
     wire(dialog);
 }
 
-void ViewsDialog::setModes(ads_hdlg dialog) {
+void VistasDialog::setModes(ads_hdlg dialog) {
     enableTile(dialog, L"num_pecas", m_working.materialList);
     for (const wchar_t* const key : {L"l", L"pick", L"gerar_matlist", L"ip", L"insertionP"})
         enableTile(dialog, key, !m_working.pickAndGo);
     for (int i = m_figures; i < kFigureCount; ++i) enableTile(dialog, kFigures[i].key, false);
 }
 
-void ViewsDialog::wire(ads_hdlg dialog) {
+void VistasDialog::wire(ads_hdlg dialog) {
     static constexpr TileAction kActions[] = {
-        {L"insertionP", callback<&ViewsDialog::onInsertionText>},
-        {L"ip", callback<&ViewsDialog::onInsertionSlider>},
-        {L"l", callback<&ViewsDialog::onLength>},
-        {L"pick", callback<&ViewsDialog::onPick>},
-        {L"num_pecas", callback<&ViewsDialog::onPieces>},
-        {L"gerar_matlist", callback<&ViewsDialog::onMaterialList>},
-        {L"pickngo", callback<&ViewsDialog::onPickAndGo>},
-        {L"accept", callback<&ViewsDialog::onAccept>},
+        {L"insertionP", callback<&VistasDialog::onInsertionText>},
+        {L"ip", callback<&VistasDialog::onInsertionSlider>},
+        {L"l", callback<&VistasDialog::onComprimento>},
+        {L"pick", callback<&VistasDialog::onPick>},
+        {L"num_pecas", callback<&VistasDialog::onPecas>},
+        {L"gerar_matlist", callback<&VistasDialog::onMaterialList>},
+        {L"pickngo", callback<&VistasDialog::onPickAndGo>},
+        {L"accept", callback<&VistasDialog::onAccept>},
     };
     for (int i = 0; i < m_figures && i < kFigureCount; ++i)
-        wireTile(dialog, {kFigures[i].key, callback<&ViewsDialog::onFigure>}, this);
+        wireTile(dialog, {kFigures[i].key, callback<&VistasDialog::onFigure>}, this);
     for (const TileAction& action : kActions) wireTile(dialog, action, this);
 }
 
-void ViewsDialog::showPreview(ads_hdlg dialog) {
+void VistasDialog::showPreview(ads_hdlg dialog) {
     showSlide(dialog, L"PreviewVista", m_library, kFigures[m_preview].preview);
 }
 
-void ViewsDialog::closed(int status) {
+void VistasDialog::closed(int status) {
     if (status == kDialogAccepted) {
-        const bool sectionOnly = m_choice.sectionOnly;
+        const bool secaoOnly = m_choice.secaoOnly;
         m_choice = m_working;
-        m_choice.sectionOnly = sectionOnly;
+        m_choice.secaoOnly = secaoOnly;
     } else if (status == kDialogReopen) {
         ads_real distance = 0.0;
         if (acedGetDist(nullptr, L"\nPonto inicial e final do perfil:", &distance) == RTNORM)
             m_working.length = distance;
     } else if (status == kDialogCancelled) {
-        if (m_choice.length == 0.0 && !m_choice.pickAndGo) m_choice.sectionOnly = true;
+        if (m_choice.length == 0.0 && !m_choice.pickAndGo) m_choice.secaoOnly = true;
     }
 }
 
 /// What is typed counts, also when it is the text that was shown.
-void ViewsDialog::onLength(const ads_callback_packet& packet) {
-    m_lengthEdited = true;
+void VistasDialog::onComprimento(const ads_callback_packet& packet) {
+    m_comprimentoEdited = true;
     m_working.length = typedReal(packet.value);
 }
 
-void ViewsDialog::onFigure(const ads_callback_packet& packet) {
+void VistasDialog::onFigure(const ads_callback_packet& packet) {
     wchar_t key[80] = {};
     (void)ads_get_attr_string(packet.tile, L"key", key, 79);
     for (int i = 0; i < kFigureCount; ++i) {
@@ -150,7 +150,7 @@ void ViewsDialog::onFigure(const ads_callback_packet& packet) {
     }
 }
 
-void ViewsDialog::onInsertionText(const ads_callback_packet& packet) {
+void VistasDialog::onInsertionText(const ads_callback_packet& packet) {
     std::wstring text = packet.value;
     const int typed = texts::toInt(text);
     // Too large a code falls back on the middle choice, not on the largest one.
@@ -161,41 +161,41 @@ void ViewsDialog::onInsertionText(const ads_callback_packet& packet) {
     m_working.alignment = texts::toInt(text);
 }
 
-void ViewsDialog::onInsertionSlider(const ads_callback_packet& packet) {
+void VistasDialog::onInsertionSlider(const ads_callback_packet& packet) {
     const std::wstring text = packet.value;
     setTile(packet.dialog, L"insertionP", text);
     m_working.alignment = texts::toInt(text);
 }
 
-void ViewsDialog::onPick(const ads_callback_packet& packet) {
+void VistasDialog::onPick(const ads_callback_packet& packet) {
     (void)ads_done_dialog(packet.dialog, kDialogReopen);
 }
 
-void ViewsDialog::onPieces(const ads_callback_packet& packet) {
+void VistasDialog::onPecas(const ads_callback_packet& packet) {
     m_working.pieces = texts::toInt(packet.value);
 }
 
-void ViewsDialog::onMaterialList(const ads_callback_packet& packet) {
+void VistasDialog::onMaterialList(const ads_callback_packet& packet) {
     m_working.materialList = texts::toInt(packet.value) != 0;
     enableTile(packet.dialog, L"num_pecas", m_working.materialList);
 }
 
-void ViewsDialog::onPickAndGo(const ads_callback_packet& packet) {
+void VistasDialog::onPickAndGo(const ads_callback_packet& packet) {
     const bool on = texts::toInt(packet.value) != 0;
     for (const wchar_t* const key :
          {L"l", L"pick", L"gerar_matlist", L"num_pecas", L"ip", L"insertionP"})
         enableTile(packet.dialog, key, !on);
 }
 
-void ViewsDialog::onAccept(const ads_callback_packet& packet) {
+void VistasDialog::onAccept(const ads_callback_packet& packet) {
     ads_hdlg dialog = packet.dialog;
     // The stored length keeps its decimals until the truncated text is edited.
     const std::wstring length = tileText(dialog, L"l", 159);
-    if (m_lengthEdited || length != m_shownLength) m_working.length = typedReal(length);
+    if (m_comprimentoEdited || length != m_shownComprimento) m_working.length = typedReal(length);
     const int pieces = texts::toInt(tileText(dialog, L"num_pecas"));
     m_working.materialList = texts::toInt(tileText(dialog, L"gerar_matlist")) != 0;
     m_working.pickAndGo = texts::toInt(tileText(dialog, L"pickngo")) != 0;
-    const bool drawable = m_working.length > 0.0 && m_working.length <= kLongestMember;
+    const bool drawable = m_working.length > 0.0 && m_working.length <= kLongestBarra;
     if (!drawable && !m_working.pickAndGo) {
         showFault(dialog, {L"Erro: comprimento inválido.", L"l"});
     } else if (pieces <= 0 && m_working.materialList && !m_working.pickAndGo) {
@@ -207,8 +207,8 @@ void ViewsDialog::onAccept(const ads_callback_packet& packet) {
 
 }  // namespace
 
-int editViews(const wchar_t* library, ViewsChoice& choice, int figures) {
-    ViewsDialog dialog(library, choice, figures);
+int editVistas(const wchar_t* library, VistasChoice& choice, int figures) {
+    VistasDialog dialog(library, choice, figures);
     return dialog.runLoop(L"vistas.dcl", L"vistas_geracao");
 }
 

@@ -5,19 +5,19 @@
 namespace perfis {
 
 /// What a command remembers of the views dialog.
-struct ViewsChoice {
+struct VistasChoice {
     int view = 3;         ///< ZpObject::ZpVistas of the member
     int alignment = 3;    ///< insertion code of the member, 1 to 9
     double length = 0.0;  ///< mm
-    bool sectionOnly = true;
+    bool secaoOnly = true;
     bool materialList = false;
     int pieces = 0;          ///< in the material list
     bool pickAndGo = false;  ///< pieces are placed by start and end point
 };
 
-/// Runs the dialog on a copy of `choice`, which is changed on OK; Cancel turns sectionOnly on when
+/// Runs the dialog on a copy of `choice`, which is changed on OK; Cancel turns secaoOnly on when
 /// no length and no pick-and-go had been chosen. `library` holds the figures' slides, of which the
 /// first `figures` answer to clicks. kDialogDone, or kDialogMissing.
-int editViews(const wchar_t* library, ViewsChoice& choice, int figures);
+int editVistas(const wchar_t* library, VistasChoice& choice, int figures);
 
 }  // namespace perfis

@@ -5,8 +5,8 @@
 #include "perfis/entities/zpobject.h"
 
 /// Reads and changes one constructor value.
-#ifndef ZP_VALOR
-#define ZP_VALOR(NOME)                           \
+#ifndef ZP_VALUE
+#define ZP_VALUE(NOME)                           \
     Acad::ErrorStatus NOME(double& valor) const; \
     Acad::ErrorStatus set##NOME(double valor);
 #endif
@@ -31,7 +31,7 @@ public:
     ZpZDobrado();
     ZpZDobrado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double aba, double t,
                double ri, double a1, double a2, double L, double reservado1, double reservado2,
-               double reservado3, double reservado4);
+               double reservado3, double reserved4);
     ZpZDobrado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
                double b, double aba, double t, double ri, double a1, double a2, double reservado1,
                double reservado2, double reservado3);
@@ -91,8 +91,8 @@ public:
     ZpTubo(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double d,
            double dint);
 
-    ZP_VALOR(Diametro)
-    ZP_VALOR(DiametroInt)
+    ZP_VALUE(Diametro)
+    ZP_VALUE(DiametroInt)
     Acad::ErrorStatus KgMetro(double& valor) const;
     Acad::ErrorStatus Area(double& valor) const;
     void GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,

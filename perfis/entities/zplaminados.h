@@ -5,8 +5,8 @@
 #include "perfis/entities/zpobject.h"
 
 /// Reads and changes one constructor value.
-#ifndef ZP_VALOR
-#define ZP_VALOR(NOME)                           \
+#ifndef ZP_VALUE
+#define ZP_VALUE(NOME)                           \
     Acad::ErrorStatus NOME(double& valor) const; \
     Acad::ErrorStatus set##NOME(double valor);
 #endif
@@ -21,10 +21,10 @@ public:
     ZpBNLaminado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
                  double t, double e, double raio, double reservado1, double m, double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
 };
 
 /// Rolled angle; ex from the back of the vertical leg, ey above its lower end to the axis.
@@ -39,12 +39,12 @@ public:
                    double b, double t, double ex, double ey, double raio, double reservado1,
                    double m, double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
-    ZP_VALOR(EixoX)
-    ZP_VALOR(EixoY)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
+    ZP_VALUE(EixoX)
+    ZP_VALUE(EixoY)
 };
 
 /// Box of two rolled angles, one standing on the other.
@@ -58,10 +58,10 @@ public:
     ZpCantLaminadaCaixa(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
                         double b, double t, double raio, double reservado1, double m, double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
 };
 
 /// Rolled U; ex from the back of the web to the axis, r turn about it.
@@ -76,11 +76,11 @@ public:
                 double b1, double t, double b2, double tf1, double tf2, double ex, double raio,
                 double reservado1, double A, double m);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
-    ZP_VALOR(EixoX)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
+    ZP_VALUE(EixoX)
     /// Half the fall of the inner face of a flange from web to toe: (b - t) / 12.
     static double calcDeslocF(double b, double t);
 };
@@ -97,12 +97,12 @@ public:
                       double b, double t, double ex, double ey, double raio, double vao,
                       double reservado1, double m, double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
-    ZP_VALOR(EixoX)
-    ZP_VALOR(EixoY)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
+    ZP_VALUE(EixoX)
+    ZP_VALUE(EixoY)
 };
 
 /// Two rolled angles as a U, over the outside width w. The area handed over is in cm2.
@@ -117,12 +117,12 @@ public:
                     double b, double t, double ex, double ey, double raio, double w,
                     double reservado1, double m, double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
-    ZP_VALOR(EixoX)
-    ZP_VALOR(EixoY)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
+    ZP_VALUE(EixoX)
+    ZP_VALUE(EixoY)
 };
 
 /// Two rolled equal angles turned by 45 degrees, heel to heel. The area handed over is in cm2.
@@ -137,10 +137,10 @@ public:
                       double t, double e, double raio, double vao, double reservado1, double m,
                       double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
 };
 
 /// Star of two rolled angles; gaps across (vao) and in height (vaoV). The area handed over is in
@@ -156,10 +156,10 @@ public:
                        double b, double t, double raio, double vao, double vaoV, double reservado1,
                        double m, double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
 };
 
 /// Two rolled angles in Z; gap across (vao), shift in height (vaoV). The area handed over is in
@@ -175,10 +175,10 @@ public:
                     double b, double t, double raio, double vao, double vaoV, double reservado1,
                     double m, double A);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
 };
 
 /// Two rolled U, toes facing, over the outside width w. A and m are those of both.
@@ -193,10 +193,10 @@ public:
                  double b1, double t, double b2, double tf1, double tf2, double w, double raio,
                  double reservado1, double A, double m);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
 };
 
 /// Two rolled U, back to back. A and m are those of both.
@@ -211,8 +211,8 @@ public:
                  double b1, double t, double b2, double tf1, double tf2, double ex, double raio,
                  double vao, double reservado1, double A, double m);
 
-    ZP_VALOR(KgMetro)
-    ZP_VALOR(Area)
-    ZP_VALOR(RaioDobra)
-    ZP_VALOR(Espessura)
+    ZP_VALUE(KgMetro)
+    ZP_VALUE(Area)
+    ZP_VALUE(RaioDobra)
+    ZP_VALUE(Espessura)
 };

@@ -32,9 +32,9 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
         (void)acrxUnlockApplication(pkt);
         (void)acrxRegisterAppMDIAware(pkt);
         registerCommands();
-        perfis::installPieceEditor();
+        perfis::installPecaEditor();
     } else if (msg == AcRx::kUnloadAppMsg) {
-        perfis::removePieceEditor();
+        perfis::removePecaEditor();
         AcEdCommandStack* const stack = commandStack();
         if (stack != nullptr) (void)stack->removeGroup(perfis::kCommandGroup);
     }

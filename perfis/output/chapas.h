@@ -15,51 +15,51 @@ namespace perfis {
 int Arredonda(double x);
 
 /// Sizes of a plate in mm: along the member, thickness, across the member.
-struct PlateSize {
+struct ChapaSize {
     double C = 0.0;
     double t = 0.0;
     double A = 0.0;
 };
 
 /// How one plate stands.
-struct PlateTurn {
+struct ChapaTurn {
     double rot1 = 0.0;
     double rot2 = 0.0;
 };
 
 /// A row of equal plates along a member.
-struct PlateRule {
+struct ChapaRule {
     ZpObject::ZpVistas view;  ///< of the plates
     double y;                 ///< of the row, from the member's point
-    PlateTurn ends;
-    PlateTurn between;
+    ChapaTurn ends;
+    ChapaTurn between;
 };
 
 /// On edge, the intermediate plates with the angles of the end ones swapped.
-PlateRule onEdgeSwapped(double y);
+ChapaRule onEdgeSwapped(double y);
 /// On edge, all alike.
-PlateRule onEdge(double y);
+ChapaRule onEdge(double y);
 /// Seen flat.
-PlateRule flat(double y);
+ChapaRule flat(double y);
 
 /// Where plates stand along a member: its length and the spacing of the plates, mm.
-struct PlateSpacing {
+struct ChapaSpacing {
     double comp = 0.0;
     double L1 = 0.0;
 };
 
 /// Where the plates of a row start, from the member's point along its axis, slot by slot: both
 /// ends, then those between.
-std::vector<double> plateStations(const PlateSpacing& spacing, double width);
+std::vector<double> chapaStations(const ChapaSpacing& spacing, double width);
 
 /// True when such a row has no more than 10,000 plates and none of them ends beyond its member.
-bool rowHolds(const PlateSpacing& spacing, double width);
+bool rowHolds(const ChapaSpacing& spacing, double width);
 
 /// What was laid along a member.
-struct LaidPlates {
+struct LaidChapas {
     std::vector<AcDbObjectId> ids;
     /// One for each row of the material list.
-    std::vector<PlateRow> rows;
+    std::vector<ChapaRow> rows;
     /// From the left edge of the first plate to that of the next one along the member, when the
     /// member's dimensions show it; else 0.
     double pitch = 0.0;
@@ -67,38 +67,38 @@ struct LaidPlates {
 
 /// Where plates come to stand: each new one is put in the drawing, closed and tied to its member,
 /// which is open for write.
-class PlateSupply {
+class ChapaSupply {
 public:
-    virtual ~PlateSupply() = default;
+    virtual ~ChapaSupply() = default;
     virtual AcDbObjectId place(ZpObject& member, std::unique_ptr<ZpChapa> plate);
 };
 
 /// Lays the lacing plates of a piece that stands along X and is open; `point` is the piece's own.
-using PlateLaying =
-    std::function<LaidPlates(ZpObject& piece, const AcGePoint3d& point, PlateSupply& supply)>;
+using ChapaLaying =
+    std::function<LaidChapas(ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply)>;
 
 /// Makes plates for one member on the layer of "vista-chapa".
-class PlateMaker {
+class ChapaMaker {
 public:
-    PlateMaker(ZpObject& member, const PlateSize& size, PlateSupply& supply)
-        : m_member(member), m_size(size), m_supply(supply) {}
+    ChapaMaker(ZpObject& member, const ChapaSize& size, ChapaSupply& supply)
+        : m_barra(member), m_size(size), m_supply(supply) {}
 
     /// One plate of the maker's size.
-    AcDbObjectId plate(const AcGePoint3d& point, ZpObject::ZpVistas view, const PlateTurn& turn);
+    AcDbObjectId plate(const AcGePoint3d& point, ZpObject::ZpVistas view, const ChapaTurn& turn);
     /// One plate of any values.
     AcDbObjectId plate(AcGePoint3d point, ZpObject::ZpVistas view, double d1, double d2, double d3,
-                       const PlateTurn& turn);
+                       const ChapaTurn& turn);
     /// Both end plates, then those between them, from the member's point on. Slot 1 is the far end.
-    std::vector<AcDbObjectId> row(const AcGePoint3d& point, const PlateSpacing& spacing,
-                                  const PlateRule& rule);
+    std::vector<AcDbObjectId> row(const AcGePoint3d& point, const ChapaSpacing& spacing,
+                                  const ChapaRule& rule);
 
 private:
-    ZpObject& m_member;
-    PlateSize m_size;
-    PlateSupply& m_supply;
+    ZpObject& m_barra;
+    ChapaSize m_size;
+    ChapaSupply& m_supply;
 };
 
 /// Ties every plate to the member once more, after its dimensions.
-void tiePlates(ZpObject& member, const std::vector<AcDbObjectId>& plates);
+void tieChapas(ZpObject& member, const std::vector<AcDbObjectId>& plates);
 
 }  // namespace perfis

@@ -12,18 +12,18 @@
 
 namespace perfis {
 
-PieceDimensions::PieceDimensions(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4])
+PecaCotas::PecaCotas(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4])
     : m_origin(origin), m_scale(GetScale()) {
     std::copy(std::begin(faces), std::end(faces), std::begin(m_faces));
 }
 
-void PieceDimensions::add(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint3d& line) {
+void PecaCotas::add(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint3d& line) {
     m_lines.push_back({from, to, line});
 }
 
-std::vector<AcDbObjectId> PieceDimensions::make() const {
+std::vector<AcDbObjectId> PecaCotas::make() const {
     std::vector<AcDbObjectId> ids;
-    for (const DimensionLine& line : m_lines) {
+    for (const CotaLine& line : m_lines) {
         if (line.isEmpty()) continue;
         auto dimension = std::make_unique<AcDbAlignedDimension>(line.from, line.to, line.line);
         dimension->setDatabaseDefaults();
@@ -38,14 +38,14 @@ std::vector<AcDbObjectId> PieceDimensions::make() const {
     return ids;
 }
 
-void PieceDimensions::width() { add(face(1), face(3), face(1) + off(0.0, -kNearLine)); }
+void PecaCotas::width() { add(face(1), face(3), face(1) + off(0.0, -kNearLine)); }
 
-void PieceDimensions::height() { add(face(0), face(1), face(0) + off(-kNearLine, 0.0)); }
+void PecaCotas::height() { add(face(0), face(1), face(0) + off(-kNearLine, 0.0)); }
 
-void PieceDimensions::thickness(double thickness) {
+void PecaCotas::thickness(double thickness) {
     add(face(2), face(2) - by(0.0, thickness), face(2) + off(kNearLine, 0.0));
 }
 
-AcGePoint3d PieceDimensions::at(double x, double y) const { return m_origin + by(x, y); }
+AcGePoint3d PecaCotas::at(double x, double y) const { return m_origin + by(x, y); }
 
 }  // namespace perfis

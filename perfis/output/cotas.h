@@ -13,7 +13,7 @@ inline constexpr double kNearLine = 10.0;
 inline constexpr double kFarLine = 17.0;
 
 /// An aligned dimension, in world coordinates.
-struct DimensionLine {
+struct CotaLine {
     AcGePoint3d from;
     AcGePoint3d to;
     AcGePoint3d line;  ///< a point on the dimension line
@@ -21,11 +21,11 @@ struct DimensionLine {
 };
 
 /// Lays out the aligned dimensions of one piece from its limit points and makes them.
-class PieceDimensions {
+class PecaCotas {
 public:
     /// `origin` is the piece's reference point, `faces` its four limit points: upper left, lower
     /// left, upper right, lower right.
-    PieceDimensions(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4]);
+    PecaCotas(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4]);
 
     /// From `from` to `to`, the line passing through `line`.
     void add(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint3d& line);
@@ -48,7 +48,7 @@ public:
     AcGeVector3d off(double x, double y) const { return by(x * m_scale, y * m_scale); }
 
     /// All that were laid out, empty ones too.
-    const std::vector<DimensionLine>& lines() const { return m_lines; }
+    const std::vector<CotaLine>& lines() const { return m_lines; }
     /// Puts them in the drawing. A dimension between equal points is not made.
     std::vector<AcDbObjectId> make() const;
 
@@ -56,7 +56,7 @@ private:
     AcGePoint3d m_origin;
     AcGePoint3d m_faces[4];
     double m_scale;
-    std::vector<DimensionLine> m_lines;
+    std::vector<CotaLine> m_lines;
 };
 
 }  // namespace perfis

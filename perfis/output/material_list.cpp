@@ -41,14 +41,14 @@ public:
         AcDbObjectId listaId;
         wchar_t grupo[16] = {};
         std::wstring(kGroup).copy(grupo, 15);
-        if (ZpArxConnectLista(lista, listaId, estado, grupo, m_contador, tipo) == 0) return false;
+        if (ZpArxConnectLista(lista, listaId, estado, grupo, m_counter, tipo) == 0) return false;
         AcGePoint3d tabela(ponto.x, ponto.y - (comprimento + kListDistance), ponto.z);
-        m_open = ZpArxOpenLista(lista, listaId, estado, grupo, tipo, m_contador, tabela) != 0;
+        m_open = ZpArxOpenLista(lista, listaId, estado, grupo, tipo, m_counter, tabela) != 0;
         return m_open;
     }
 
 private:
-    CCountMarca m_contador;
+    CCountMarca m_counter;
     bool m_open = false;
 };
 
@@ -59,7 +59,7 @@ bool addRow(Linha& linha, AcDbObjectId marca) {
     return ZpArxAddToLista(linha) != 0;
 }
 
-RowTexts textsOfPiece(const ZpObject& perfil) {
+RowTexts textsOfPeca(const ZpObject& perfil) {
     wchar_t nome[kZpTextoMax] = {};
     wchar_t dimensoes[kZpTextoMax] = {};
     (void)perfil.getPerfil(nome);
@@ -67,7 +67,7 @@ RowTexts textsOfPiece(const ZpObject& perfil) {
     return {nome, dimensoes};
 }
 
-RowTexts textsOfBarData(AcDbObjectId perfilId) {
+RowTexts textsOfBarraData(AcDbObjectId perfilId) {
     tagZP_GBARRA barra;
     ZpString dimensoes;
     ZpString perfil;
@@ -76,23 +76,23 @@ RowTexts textsOfBarData(AcDbObjectId perfilId) {
     return {static_cast<const wchar_t*>(perfil), static_cast<const wchar_t*>(dimensoes)};
 }
 
-/// Mark and row of the profile. `textoY` receives the height of the mark's text.
-bool addProfile(const ZpObject& perfil, const RowTexts& textos, AcDbObjectId& marcaPerfil,
-                double& textoY) {
+/// Mark and row of the profile. `textY` receives the height of the mark's text.
+bool addPerfil(const ZpObject& perfil, const RowTexts& textos, AcDbObjectId& marcaPerfil,
+               double& textY) {
     wchar_t marca[kZpMarcaMax] = {};
     if (ZpArxGetNextMarca(marca) == 0) return false;
     AcGePoint3d faces[4];
     perfil.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     const double offset = kNearLine * GetScale();
-    textoY = faces[0].y + offset;
-    ZpArxAddMarca(faces[0], AcGePoint3d(faces[0].x - offset, textoY, 0.0), marca, marcaPerfil);
+    textY = faces[0].y + offset;
+    ZpArxAddMarca(faces[0], AcGePoint3d(faces[0].x - offset, textY, 0.0), marca, marcaPerfil);
     Linha linha(marca, 1, textos.perfil.c_str(), textos.dimensoes.c_str(), kSteel,
                 perfil.getComprimentoReal(), perfil.getPeso(), perfil.getPeso(),
                 perfil.getAreaPintura(), L"");
     return addRow(linha, marcaPerfil);
 }
 
-bool addPlates(PlateRow& plates, double textoY) {
+bool addChapas(ChapaRow& plates, double textY) {
     if (plates.count <= 0) return true;
     wchar_t marca[kZpMarcaMax] = {};
     if (ZpArxGetNextMarca(marca) == 0) return false;
@@ -101,7 +101,7 @@ bool addPlates(PlateRow& plates, double textoY) {
     AcGePoint3d faces[4];
     chapa->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     const double offset = kNearLine * GetScale();
-    ZpArxAddMarca(faces[2], AcGePoint3d(faces[2].x + offset, textoY, 0.0), marca, plates.mark);
+    ZpArxAddMarca(faces[2], AcGePoint3d(faces[2].x + offset, textY, 0.0), marca, plates.mark);
     double largura = 0.0;
     double espessura = 0.0;
     (void)chapa->largura(largura);
@@ -114,47 +114,47 @@ bool addPlates(PlateRow& plates, double textoY) {
     return addRow(linha, plates.mark);
 }
 
-enum class TextsFrom { kPiece, kBarData };
+enum class TextsFrom { kPeca, kBarraData };
 
 /// Profile row, then the rows of the plates.
 int handOver(const AcGePoint3d& ponto, int tipo, AcDbObjectId perfilId, TextsFrom source,
-             AcDbObjectId& marcaPerfil, std::initializer_list<PlateRow*> plates) {
+             AcDbObjectId& marcaPerfil, std::initializer_list<ChapaRow*> plates) {
     marcaPerfil.setNull();
     AcDbObjectPointer<ZpObject> perfil(perfilId, AcDb::kForRead);
     if (perfil.openStatus() != Acad::eOk) return RTERROR;
     OpenList lista;
     if (!lista.open(ponto, perfil->getComprimentoReal(), tipo)) return RTCAN;
     const RowTexts textos =
-        source == TextsFrom::kPiece ? textsOfPiece(*perfil.object()) : textsOfBarData(perfilId);
-    double textoY = 0.0;
-    if (!addProfile(*perfil.object(), textos, marcaPerfil, textoY)) return RTCAN;
+        source == TextsFrom::kPeca ? textsOfPeca(*perfil.object()) : textsOfBarraData(perfilId);
+    double textY = 0.0;
+    if (!addPerfil(*perfil.object(), textos, marcaPerfil, textY)) return RTCAN;
     (void)perfil.close();
-    for (PlateRow* const row : plates)
-        if (!addPlates(*row, textoY)) return RTCAN;
+    for (ChapaRow* const row : plates)
+        if (!addChapas(*row, textY)) return RTCAN;
     return RTNORM;
 }
 
 }  // namespace
 
 int MatListPerfil(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil) {
-    return handOver(ponto, tipo, perfilId, TextsFrom::kBarData, marcaPerfil, {});
+    return handOver(ponto, tipo, perfilId, TextsFrom::kBarraData, marcaPerfil, {});
 }
 
 int MatListPerfilChapa(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
                        AcDbObjectId& marcaPerfil, AcDbObjectId chapaId, AcDbObjectId& marcaChapa,
                        int nChapas) {
-    PlateRow plates{chapaId, nChapas, AcDbObjectId::kNull};
-    const int result = handOver(ponto, tipo, perfilId, TextsFrom::kPiece, marcaPerfil, {&plates});
+    ChapaRow plates{chapaId, nChapas, AcDbObjectId::kNull};
+    const int result = handOver(ponto, tipo, perfilId, TextsFrom::kPeca, marcaPerfil, {&plates});
     marcaChapa = plates.mark;
     return result;
 }
 
 int MatListPerfil2Chapas(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
-                         AcDbObjectId& marcaPerfil, PlateRow& primeira, PlateRow& segunda) {
-    return handOver(ponto, tipo, perfilId, TextsFrom::kPiece, marcaPerfil, {&primeira, &segunda});
+                         AcDbObjectId& marcaPerfil, ChapaRow& primeira, ChapaRow& segunda) {
+    return handOver(ponto, tipo, perfilId, TextsFrom::kPeca, marcaPerfil, {&primeira, &segunda});
 }
 
-int MatListChapas(AcDbObjectId perfilId, int tipo, PlateRow& chapas) {
+int MatListChapas(AcDbObjectId perfilId, int tipo, ChapaRow& chapas) {
     AcDbObjectPointer<ZpObject> perfil(perfilId, AcDb::kForRead);
     if (perfil.openStatus() != Acad::eOk) return RTERROR;
     AcGePoint3d faces[4];
@@ -162,7 +162,7 @@ int MatListChapas(AcDbObjectId perfilId, int tipo, PlateRow& chapas) {
     OpenList lista;
     if (!lista.open(faces[0], perfil->getComprimentoReal(), tipo)) return RTCAN;
     (void)perfil.close();
-    return addPlates(chapas, faces[0].y + kNearLine * GetScale()) ? RTNORM : RTCAN;
+    return addChapas(chapas, faces[0].y + kNearLine * GetScale()) ? RTNORM : RTCAN;
 }
 
 }  // namespace perfis

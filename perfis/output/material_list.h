@@ -8,7 +8,7 @@
 namespace perfis {
 
 /// One kind of plate of a built-up profile.
-struct PlateRow {
+struct ChapaRow {
     AcDbObjectId plate;  ///< one of them, which stands for all
     int count = 0;
     AcDbObjectId mark;  ///< result: its mark in the drawing
@@ -26,10 +26,10 @@ int MatListPerfilChapa(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
 
 /// Profile and two kinds of plates: three marks, three rows.
 int MatListPerfil2Chapas(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
-                         AcDbObjectId& marcaPerfil, PlateRow& primeira, PlateRow& segunda);
+                         AcDbObjectId& marcaPerfil, ChapaRow& primeira, ChapaRow& segunda);
 
 /// Plates that a profile got after it was entered: one mark, one row. RTNORM, RTERROR, RTCAN as
 /// MatListPerfil.
-int MatListChapas(AcDbObjectId perfilId, int tipo, PlateRow& chapas);
+int MatListChapas(AcDbObjectId perfilId, int tipo, ChapaRow& chapas);
 
 }  // namespace perfis

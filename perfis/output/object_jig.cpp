@@ -60,11 +60,11 @@ Adesk::Boolean ZpObjectJig::update() {
     (void)m_piece->StartPoint(start);
     const double length = start.distanceTo(m_current);
     if (length > 0.0) (void)m_piece->AlteraComprimento(length);
-    double viewAngle = 0.0;
-    (void)m_piece->AngleVista(viewAngle);
+    double vistaAngle = 0.0;
+    (void)m_piece->AngleVista(vistaAngle);
     const double angle = acutAngle(asDblArray(start), asDblArray(m_current));
     (void)m_piece->transformBy(
-        AcGeMatrix3d::rotation(angle - viewAngle, AcGeVector3d::kZAxis, start));
+        AcGeMatrix3d::rotation(angle - vistaAngle, AcGeVector3d::kZAxis, start));
     m_shown = m_current;
     m_updated = true;
     return Adesk::kTrue;

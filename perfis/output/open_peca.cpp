@@ -14,7 +14,7 @@ void prepare(ZpObject& piece, int barType) {
     (void)piece.settipoBarra(static_cast<ZpObject::TipoBarra>(barType));
 }
 
-OpenPiece::OpenPiece(std::unique_ptr<ZpObject> piece) {
+OpenPeca::OpenPeca(std::unique_ptr<ZpObject> piece) {
     if (append(piece.get(), m_id) != RTNORM) {
         m_id.setNull();
         return;
@@ -22,7 +22,7 @@ OpenPiece::OpenPiece(std::unique_ptr<ZpObject> piece) {
     m_piece = piece.release();
 }
 
-void OpenPiece::close() {
+void OpenPeca::close() {
     if (m_piece == nullptr) return;
     (void)m_piece->close();
     m_piece = nullptr;

@@ -12,12 +12,12 @@ namespace perfis {
 void prepare(ZpObject& piece, int barType);
 
 /// Appends a piece to the current space and keeps it open until close() or the end of the scope.
-class OpenPiece {
+class OpenPeca {
 public:
-    explicit OpenPiece(std::unique_ptr<ZpObject> piece);
-    OpenPiece(const OpenPiece&) = delete;
-    OpenPiece& operator=(const OpenPiece&) = delete;
-    ~OpenPiece() { close(); }
+    explicit OpenPeca(std::unique_ptr<ZpObject> piece);
+    OpenPeca(const OpenPeca&) = delete;
+    OpenPeca& operator=(const OpenPeca&) = delete;
+    ~OpenPeca() { close(); }
 
     /// False when the drawing did not take the piece, which is gone then.
     bool resident() const { return !m_id.isNull(); }

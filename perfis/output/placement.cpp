@@ -57,7 +57,7 @@ int rotateIntoPlace(const AcGePoint3d& base, AcDbObjectId piece, const Companion
 }
 
 int rotateSet(const AcGePoint3d& base, const std::vector<AcDbObjectId>& entities) {
-    if (sharedDimensionFlag() != 0) return RTNORM;
+    if (sharedCotaFlag() != 0) return RTNORM;
     if (entities.empty() || !onWorkableLayer(entities.front())) return RTNORM;
     const TempVarOverride snaps(L"OSMODE", shortValue(0));
     const TempVarOverride echo(L"CMDECHO", shortValue(0));

@@ -4,7 +4,7 @@
 
 namespace perfis {
 
-int& sharedDimensionFlag() {
+int& sharedCotaFlag() {
     static int flag = 0;
     return flag;
 }

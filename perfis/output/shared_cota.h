@@ -5,6 +5,6 @@
 namespace perfis {
 
 /// Non-zero: dimensions are made after generation. Every command resets it at its start.
-int& sharedDimensionFlag();
+int& sharedCotaFlag();
 
 }  // namespace perfis

@@ -21,8 +21,8 @@ protected:
 /// Limits for a section 100 x 40 x 4 with a = 90.
 struct Limits {
     const char* name;
-    const ProfileCommand& command;
-    bool userHeight;
+    const PerfilCommand& command;
+    bool userAltura;
     std::wstring tooLow;    ///< A itself is not allowed
     std::wstring greatest;  ///< A itself is allowed
     std::wstring tooHigh;
@@ -58,7 +58,7 @@ TEST_F(BuiltUpDialog, EachCommandHasItsLacingLimits) {
         EXPECT_TRUE(host.has(L"valor error: A deve ser menor ou igual a " + limits.greatest));
         // The second visit starts from what the first one kept.
         EXPECT_EQ(host.eventsOf(L"valor").back(), L"altura: " + limits.greatest);
-        EXPECT_EQ(host.mode(L"altura"), limits.userHeight ? 0 : 1);
+        EXPECT_EQ(host.mode(L"altura"), limits.userAltura ? 0 : 1);
         EXPECT_EQ(host.mode(L"largura"), 1);  // a section has no plates along it
     }
 }
@@ -123,27 +123,29 @@ TEST_F(BuiltUpDialog, TheCrossStartsWithBothPlanesAndKeepsAChoice) {
     EXPECT_EQ(planes, (Texts{L"plano: 2", L"plano: 1"}));
 }
 
-TEST(LacingTest, PlatesMustSpanTheGapAndStandApart) {
-    const LacingTest gap{.space = 10, .minHeight = 10, .sectionOnly = false};
-    EXPECT_FALSE(lacingHolds(0, 0, 0, gap));
-    EXPECT_FALSE(lacingHolds(10, 100, 400, gap));
-    EXPECT_FALSE(lacingHolds(60, 100, 300, gap));
-    EXPECT_TRUE(lacingHolds(60, 100, 300.01, gap));
-    EXPECT_FALSE(lacingHolds(60, 0, 300, gap));
-    const LacingTest touching{.space = 0, .minHeight = 0, .sectionOnly = false};
-    EXPECT_TRUE(lacingHolds(0, 0, 0, touching));
-    EXPECT_FALSE(lacingHolds(60, 100, 300, touching));
-    EXPECT_TRUE(lacingHolds(60, 100, 300.01, touching));
-    EXPECT_FALSE(lacingHolds(-60, 100, 400, touching));
-    EXPECT_FALSE(lacingHolds(60, 100, 400, {.space = -1, .minHeight = -1, .sectionOnly = false}));
+TEST(TravejamentoTest, PlatesMustSpanTheGapAndStandApart) {
+    const TravejamentoTest gap{.space = 10, .minAltura = 10, .secaoOnly = false};
+    EXPECT_FALSE(travejamentoHolds(0, 0, 0, gap));
+    EXPECT_FALSE(travejamentoHolds(10, 100, 400, gap));
+    EXPECT_FALSE(travejamentoHolds(60, 100, 300, gap));
+    EXPECT_TRUE(travejamentoHolds(60, 100, 300.01, gap));
+    EXPECT_FALSE(travejamentoHolds(60, 0, 300, gap));
+    const TravejamentoTest touching{.space = 0, .minAltura = 0, .secaoOnly = false};
+    EXPECT_TRUE(travejamentoHolds(0, 0, 0, touching));
+    EXPECT_FALSE(travejamentoHolds(60, 100, 300, touching));
+    EXPECT_TRUE(travejamentoHolds(60, 100, 300.01, touching));
+    EXPECT_FALSE(travejamentoHolds(-60, 100, 400, touching));
+    EXPECT_FALSE(
+        travejamentoHolds(60, 100, 400, {.space = -1, .minAltura = -1, .secaoOnly = false}));
 }
 
-TEST(LacingTest, InASectionOnlyTheHeightCounts) {
-    EXPECT_FALSE(lacingHolds(10, 0, 0, {.space = 10, .minHeight = 10}));
-    EXPECT_TRUE(lacingHolds(10.5, 0, 0, {.space = 10, .minHeight = 10}));
-    EXPECT_TRUE(lacingHolds(10, 0, 0, {.space = 10, .minHeight = 9}));  // plates as high as the gap
-    EXPECT_TRUE(lacingHolds(0, 0, 0, {.space = 0, .minHeight = 0}));
-    EXPECT_FALSE(lacingHolds(50, 0, 0, {.space = -1, .minHeight = -1}));
+TEST(TravejamentoTest, InASectionOnlyTheHeightCounts) {
+    EXPECT_FALSE(travejamentoHolds(10, 0, 0, {.space = 10, .minAltura = 10}));
+    EXPECT_TRUE(travejamentoHolds(10.5, 0, 0, {.space = 10, .minAltura = 10}));
+    EXPECT_TRUE(
+        travejamentoHolds(10, 0, 0, {.space = 10, .minAltura = 9}));  // plates as high as the gap
+    EXPECT_TRUE(travejamentoHolds(0, 0, 0, {.space = 0, .minAltura = 0}));
+    EXPECT_FALSE(travejamentoHolds(50, 0, 0, {.space = -1, .minAltura = -1}));
 }
 
 }  // namespace

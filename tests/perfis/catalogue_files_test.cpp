@@ -34,7 +34,7 @@ std::vector<double> numbers(const std::string& line, std::size_t count) {
 }
 
 /// kg/m of three plates with two root fillets at each flange.
-double massOf(const std::vector<double>& v, double root) {
+double pesoOf(const std::vector<double>& v, double root) {
     const double flanges = 2.0 * v[1] * v[2];
     const double web = (v[0] - 2.0 * v[2]) * v[3];
     return (flanges + web + (4.0 - std::numbers::pi) * root * root) * 7850e-6;
@@ -83,7 +83,7 @@ TEST(CatalogueFiles, PairsFitLineByLineAndMassesFitTheSection) {
             const auto fields = std::count(values[i].begin(), values[i].end(), '\t') + 1;
             ASSERT_EQ(static_cast<std::size_t>(fields), pair.columns) << values[i];
             const auto v = numbers(values[i], 5);
-            EXPECT_NEAR(massOf(v, radii[i]) / v[4], 1.0, pair.tolerance) << values[i];
+            EXPECT_NEAR(pesoOf(v, radii[i]) / v[4], 1.0, pair.tolerance) << values[i];
             EXPECT_LT(shown[i].size(), 119u);
         }
     }

@@ -21,7 +21,7 @@ Medidas u(double h, double b) {
     return medidas;
 }
 
-TEST(USection, CornersAndCentreStandOnThePickedPoint) {
+TEST(USecao, CornersAndCentreStandOnThePickedPoint) {
     const Medidas m = u(150, 60);  // the box reaches from -20 to 40 and from -75 to 75
     const double expected[5][2] = {{-40, 75}, {20, 75}, {-40, -75}, {20, -75}, {0, 0}};
     const wchar_t* const names[5] = {L"RIGHT DOWN", L"LEFT DOWN", L"RIGHT UPPER", L"LEFT UPPER",
@@ -33,30 +33,30 @@ TEST(USection, CornersAndCentreStandOnThePickedPoint) {
     }
 }
 
-TEST(UMember, SideViewsCountHalfTheHeightInWholeMillimetres) {
+TEST(UBarra, SideViewsCountHalfTheHeightInWholeMillimetres) {
     const Medidas m = u(151.9, 60);  // 151 / 2 = 75
     for (const int view : {3, 4}) {
-        expectShift(uMemberShift(m, {view, 1, 2000}), 0, -75);
-        expectShift(uMemberShift(m, {view, 2, 2000}), -1000, -75);
-        expectShift(uMemberShift(m, {view, 3, 2000}), 0, 0);
-        expectShift(uMemberShift(m, {view, 4, 2000}), 0, 75);
-        expectShift(uMemberShift(m, {view, 5, 2000}), -1000, 75);
-        expectShift(uMemberShift(m, {view, 9, 2000}), 0, 0);
+        expectShift(uBarraShift(m, {view, 1, 2000}), 0, -75);
+        expectShift(uBarraShift(m, {view, 2, 2000}), -1000, -75);
+        expectShift(uBarraShift(m, {view, 3, 2000}), 0, 0);
+        expectShift(uBarraShift(m, {view, 4, 2000}), 0, 75);
+        expectShift(uBarraShift(m, {view, 5, 2000}), -1000, 75);
+        expectShift(uBarraShift(m, {view, 9, 2000}), 0, 0);
     }
 }
 
-TEST(UMember, TopAndBottomViewsCountThirdsOfTheFlange) {
+TEST(UBarra, TopAndBottomViewsCountThirdsOfTheFlange) {
     const Medidas m = u(150, 60.7);  // 60
-    expectShift(uMemberShift(m, {1, 1, 2000}), 0, -20);
-    expectShift(uMemberShift(m, {1, 2, 2000}), -1000, -20);
-    expectShift(uMemberShift(m, {1, 4, 2000}), 0, 40);
-    expectShift(uMemberShift(m, {1, 5, 2000}), -1000, 40);
-    expectShift(uMemberShift(m, {2, 1, 2000}), 0, -40);
-    expectShift(uMemberShift(m, {2, 5, 2000}), -1000, 20);
-    expectShift(uMemberShift(m, {2, 3, 2000}), 0, 0);
+    expectShift(uBarraShift(m, {1, 1, 2000}), 0, -20);
+    expectShift(uBarraShift(m, {1, 2, 2000}), -1000, -20);
+    expectShift(uBarraShift(m, {1, 4, 2000}), 0, 40);
+    expectShift(uBarraShift(m, {1, 5, 2000}), -1000, 40);
+    expectShift(uBarraShift(m, {2, 1, 2000}), 0, -40);
+    expectShift(uBarraShift(m, {2, 5, 2000}), -1000, 20);
+    expectShift(uBarraShift(m, {2, 3, 2000}), 0, 0);
 }
 
-TEST(MemberByReach, UpperEdgeAxisLowerEdge) {
+TEST(BarraByReach, UpperEdgeAxisLowerEdge) {
     const Reach reach{-20, 50};
     expectShift(shiftByReach(reach, {3, 1, 2000}), 0, -50);
     expectShift(shiftByReach(reach, {3, 2, 2000}), -1000, -50);

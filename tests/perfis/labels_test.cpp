@@ -44,7 +44,7 @@ TEST(Labels, DialogAndSheetNameASizeAlike) {
     ASSERT_TRUE(loaded) << loaded.error().message();
     int compared = 0;
     for (const perfis::CommandRow& row : perfis::commandTable()) {
-        const perfis::ProfileDescription& d = row.command.description;
+        const perfis::PerfilDescription& d = row.command.description;
         const auto dialog = loaded->library->definitions.find(prancheta::toUtf8(d.dialog));
         ASSERT_NE(dialog, loaded->library->definitions.end());
         std::set<std::wstring> seen;

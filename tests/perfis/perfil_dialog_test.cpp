@@ -14,9 +14,9 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class ProfileDialog : public TempFolder {
+class PerfilDialog : public TempFolder {
 protected:
-    ProfileDialog() { installAt(folder().string()); }
+    PerfilDialog() { installAt(folder().string()); }
     std::string list(std::string_view name) const {
         return get("Perfis/Listas/" + std::string(name));
     }
@@ -26,7 +26,7 @@ protected:
     DialogStandIn host;
 };
 
-TEST_F(ProfileDialog, OpensStepByStep) {
+TEST_F(PerfilDialog, OpensStepByStep) {
     putList("pu.lst", "50\t25\t2\n");
     draw(pudobrado);
     EXPECT_EQ(host.events(),
@@ -39,7 +39,7 @@ TEST_F(ProfileDialog, OpensStepByStep) {
                      L"valor ins_list: 0"}));
 }
 
-TEST_F(ProfileDialog, EditsTheCatalogueAndWritesItBackOnCancel) {
+TEST_F(PerfilDialog, EditsTheCatalogueAndWritesItBackOnCancel) {
     putList("pu.lst", "50\t25\t2\n75\t40\t2\n");
     host.play({L"lista=1", L"t=3", L"addtolist", L"addtolist", L"h=80", L"substolist"});
     draw(pudobrado);
@@ -49,7 +49,7 @@ TEST_F(ProfileDialog, EditsTheCatalogueAndWritesItBackOnCancel) {
     EXPECT_EQ(host.value(L"lista"), L"1");  // a row that was added is not selected
 }
 
-TEST_F(ProfileDialog, DeletingTheLastRowGoesBackToTheFirst) {
+TEST_F(PerfilDialog, DeletingTheLastRowGoesBackToTheFirst) {
     putList("pu.lst", "a\nb\n");
     host.play({L"lista=1", L"deltolist"});
     draw(pudobrado);
@@ -60,10 +60,10 @@ TEST_F(ProfileDialog, DeletingTheLastRowGoesBackToTheFirst) {
     EXPECT_EQ(list("pu.lst"), "");
 }
 
-TEST_F(ProfileDialog, AcceptSaysWhatIsWrong) {
+TEST_F(PerfilDialog, AcceptSaysWhatIsWrong) {
     const std::wstring section = L"Dados inválidos para gerar perfil.";
     const struct {
-        const ProfileCommand& command;
+        const PerfilCommand& command;
         Texts typed;
         std::wstring message;
         const wchar_t* tile;  ///< gets the keyboard
@@ -94,7 +94,7 @@ TEST_F(ProfileDialog, AcceptSaysWhatIsWrong) {
     }
 }
 
-TEST_F(ProfileDialog, RemembersEverythingAroundTheViewsDialog) {
+TEST_F(PerfilDialog, RemembersEverythingAroundTheViewsDialog) {
     host.play(
         {L"h=100,5", L"visualizar=1", L"ins_list=3", L"dimensionar=1", L"vista0=0", L"OutraVista"});
     host.play({L"pickngo=1", L"accept"});  // the views dialog
@@ -106,22 +106,22 @@ TEST_F(ProfileDialog, RemembersEverythingAroundTheViewsDialog) {
     EXPECT_EQ(host.eventsOf(L"imagem").back(), L"showall: pu(ip3)");
     EXPECT_EQ(host.mode(L"OutraVista"), 0);
     EXPECT_EQ(host.mode(L"dimensionar"), 1);
-    EXPECT_EQ(sharedDimensionFlag(), 1);
+    EXPECT_EQ(sharedCotaFlag(), 1);
     host.clearEvents();
     draw(pudobrado);  // another run starts from the defaults
     EXPECT_TRUE(host.has(L"valor vista0: 1"));
     EXPECT_TRUE(host.has(L"valor h: 0"));
-    EXPECT_EQ(sharedDimensionFlag(), 0);
+    EXPECT_EQ(sharedCotaFlag(), 0);
 }
 
-TEST_F(ProfileDialog, InsertionPointsShowOnlyWhenAskedFor) {
+TEST_F(PerfilDialog, InsertionPointsShowOnlyWhenAskedFor) {
     host.play({L"ins_list=2", L"visualizar=1", L"ins_list=4", L"visualizar=0"});
     draw(pudobrado);
     EXPECT_EQ(host.eventsOf(L"imagem"), (Texts{L"showall: pu(secao)", L"showall: pu(ip2)",
                                                L"showall: pu(ip4)", L"showall: pu(secao)"}));
 }
 
-TEST_F(ProfileDialog, FailuresAreSaid) {
+TEST_F(PerfilDialog, FailuresAreSaid) {
     putList("pu.lst", "\n\na\n");
     host.lose(L"pu_geracao");
     draw(pudobrado);
@@ -139,7 +139,7 @@ TEST_F(ProfileDialog, FailuresAreSaid) {
               Texts{L"texto \nA variável de ambiente ZPFORJA2010 não está definida."});
 }
 
-TEST_F(ProfileDialog, OtherCommandsDiscardTheirEdits) {
+TEST_F(PerfilDialog, OtherCommandsDiscardTheirEdits) {
     putList("pur.lst", "100\t50\t2\t17\n");
     host.play({L"lista=0", L"a=0.8", L"addtolist"});
     draw(pudoben);
@@ -152,7 +152,7 @@ TEST_F(ProfileDialog, OtherCommandsDiscardTheirEdits) {
     EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 100\t60");
 }
 
-TEST_F(ProfileDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
+TEST_F(PerfilDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
     host.play({L"h=60", L"b=60", L"t=3", L"vista0=0", L"OutraVista"});
     host.play({L"l=1000", L"accept"});  // views
     // Kept with a plate of 30 x 40, forgotten, refused.
@@ -167,7 +167,7 @@ TEST_F(ProfileDialog, TheLacingToggleWaitsForAMemberAndFallsBack) {
     EXPECT_TRUE(host.has(L"modo travejar: 0"));
 }
 
-TEST_F(ProfileDialog, AMemberThatBecameTooShortForItsLacingIsRefused) {
+TEST_F(PerfilDialog, AMemberThatBecameTooShortForItsLacingIsRefused) {
     // Both ends do not fit; they do, but spaces of 420 bring a plate beyond the end of 2310.
     for (const auto& [largura, before, after] :
          {std::array{L"largura=40", L"l=1000", L"l=70"},
@@ -184,7 +184,7 @@ TEST_F(ProfileDialog, AMemberThatBecameTooShortForItsLacingIsRefused) {
     }
 }
 
-TEST_F(ProfileDialog, RolledRowsFillTheTilesAndNothingElse) {
+TEST_F(PerfilDialog, RolledRowsFillTheTilesAndNothingElse) {
     putList("pl_lam.lst", "50\t50\t5\t3.77\n60\t60\n");
     host.play({L"lista=0", L"lista=1"});
     draw(bnlam);

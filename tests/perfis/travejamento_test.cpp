@@ -26,18 +26,18 @@ TravejamentoLimites member(double minA, double maxA) {
 }
 
 std::wstring fault(const TravejamentoParams& params, const TravejamentoLimites& limites) {
-    wchar_t mensagem[kMensagemTravejamento];
+    wchar_t mensagem[kTravejamentoMessage];
     std::ranges::fill(mensagem, L'#');
     const int valid = ValidaTravejamento(params, limites, mensagem);
     EXPECT_EQ(valid, ValidaTravejamento(params, limites, nullptr));
     // The message, its end and not a character more.
     const std::wstring written(mensagem, std::ranges::find(mensagem, L'\0'));
     const auto untouched = static_cast<std::size_t>(std::ranges::count(mensagem, L'#'));
-    EXPECT_EQ(untouched, kMensagemTravejamento - (valid == 1 ? 0 : written.size() + 1));
+    EXPECT_EQ(untouched, kTravejamentoMessage - (valid == 1 ? 0 : written.size() + 1));
     return valid == 1 ? std::wstring() : written;
 }
 
-TEST(Lacing, TheFirstFailingTestDecides) {
+TEST(Travejamento, TheFirstFailingTestDecides) {
     const TravejamentoLimites limites = member(10, 110);
     EXPECT_EQ(fault({0, 0, 0}, limites), L"");  // no lacing at all
     EXPECT_EQ(fault({10, 50, 4}, limites), L"A deve ser maior que 10");
@@ -54,7 +54,7 @@ TEST(Lacing, TheFirstFailingTestDecides) {
     EXPECT_EQ(fault({50, -1, -1}, section), L"");
 }
 
-TEST(Lacing, PartsFollowFromTheSpacing) {
+TEST(Travejamento, PartsFollowFromTheSpacing) {
     TravejamentoParams params{50, 100, 1};
     double L1 = 50;
     CalcPartes(params, 1000, L1);  // raised to C
@@ -84,7 +84,7 @@ TEST(Lacing, PartsFollowFromTheSpacing) {
     EXPECT_EQ(L1, 0);
 }
 
-TEST(Lacing, NumbersAreShownWithoutTrailingZeros) {
+TEST(Travejamento, NumbersAreShownWithoutTrailingZeros) {
     const auto shown = [](double value) { return std::wstring(FormatDim(value)); };
     EXPECT_EQ(shown(12.5), L"12.5");
     EXPECT_EQ(shown(12.0), L"12");
@@ -94,13 +94,13 @@ TEST(Lacing, NumbersAreShownWithoutTrailingZeros) {
     EXPECT_EQ(shown(123.456), L"123.46");
 }
 
-class LacingDialog : public ::testing::Test {
+class TravejamentoDialog : public ::testing::Test {
 protected:
-    LacingDialog() { installAt("/zp"); }
+    TravejamentoDialog() { installAt("/zp"); }
     DialogStandIn host;
 };
 
-TEST_F(LacingDialog, EditsAndGivesBackOnlyOnOk) {
+TEST_F(TravejamentoDialog, EditsAndGivesBackOnlyOnOk) {
     TravejamentoParams params{0, 100, 8};
     host.play({L"altura=60", L"l_travejam=50", L"accept", L"n_partes=8"});
     EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);  // refused, then left by Esc
@@ -126,7 +126,7 @@ TEST_F(LacingDialog, EditsAndGivesBackOnlyOnOk) {
                      L"n_partes: 3", L"l_travejam: 2", L"l_travejam: 3"}));
 }
 
-TEST_F(LacingDialog, ForASectionOnlyTheHeightCounts) {
+TEST_F(TravejamentoDialog, ForASectionOnlyTheHeightCounts) {
     TravejamentoLimites section;
     section.alturaEditavel = 0;
     TravejamentoParams params{30, 100, 8};
@@ -136,7 +136,7 @@ TEST_F(LacingDialog, ForASectionOnlyTheHeightCounts) {
     EXPECT_EQ(host.eventsOf(L"valor"), Texts{L"altura: 30"});
 }
 
-TEST_F(LacingDialog, AMissingDialogIsAnAlert) {
+TEST_F(TravejamentoDialog, AMissingDialogIsAnAlert) {
     host.lose(L"zp_travejam");
     TravejamentoParams params{30, 100, 8};
     EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);
@@ -153,14 +153,14 @@ TEST(Plates, CountsAreRounded) {
 
 TEST(Plates, StandAtBothEndsAndAtTheSpacing) {
     // 1000 long, plates of 10, 8 parts: 990 / 8 = 123.75
-    const std::vector<double> nine = plateStations({1000, 123.75}, 10);
+    const std::vector<double> nine = chapaStations({1000, 123.75}, 10);
     ASSERT_EQ(nine.size(), 9u);
     EXPECT_EQ(nine[0], 0);
     EXPECT_EQ(nine[1], 990);
     EXPECT_EQ(nine[2], 123.75);
     EXPECT_EQ(nine[8], 866.25);
     // Plates of 100: the last intermediate one falls on the far end plate.
-    const std::vector<double> ten = plateStations({1000, 112.5}, 100);
+    const std::vector<double> ten = chapaStations({1000, 112.5}, 100);
     ASSERT_EQ(ten.size(), 10u);
     EXPECT_EQ(ten[1], 900);
     EXPECT_EQ(ten[9], 900);
@@ -168,7 +168,7 @@ TEST(Plates, StandAtBothEndsAndAtTheSpacing) {
 
 TEST(Plates, ARowStaysInsideItsMemberAndIsNotEndless) {
     const struct {
-        PlateSpacing spacing;
+        ChapaSpacing spacing;
         double width;
         bool holds;
     } cases[] = {

@@ -14,18 +14,18 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class ViewsDialogTest : public ::testing::Test {
+class VistasDialogTest : public ::testing::Test {
 protected:
-    ViewsDialogTest() { installAt("/zp"); }
+    VistasDialogTest() { installAt("/zp"); }
     int run(const Texts& actions, int figures = 4) {
         host.play(actions);
-        return editViews(L"pu", choice, figures);
+        return editVistas(L"pu", choice, figures);
     }
     DialogStandIn host;
-    ViewsChoice choice{.sectionOnly = false};
+    VistasChoice choice{.secaoOnly = false};
 };
 
-TEST_F(ViewsDialogTest, OpensFromTheCallersValues) {
+TEST_F(VistasDialogTest, OpensFromTheCallersValues) {
     choice.view = 2;
     choice.length = 1234.56;
     choice.pieces = 4;
@@ -39,20 +39,20 @@ TEST_F(ViewsDialogTest, OpensFromTheCallersValues) {
                                              L"gerar_matlist: 0", L"ip: 0", L"insertionP: 0"}));
 }
 
-TEST_F(ViewsDialogTest, FiguresSetTheViewAndThoseNotOfferedDoNot) {
+TEST_F(VistasDialogTest, FiguresSetTheViewAndThoseNotOfferedDoNot) {
     run({L"l=100", L"fig4", L"accept"});
     EXPECT_EQ(choice.view, 4);
     EXPECT_TRUE(host.has(L"imagem PreviewVista: pu(VI4)"));
     host.clearEvents();
     DialogStandIn another;
     another.play({L"fig2", L"fig3", L"accept"});
-    editViews(L"pz", choice, 2);
+    editVistas(L"pz", choice, 2);
     EXPECT_EQ(choice.view, 1);
     EXPECT_EQ(another.mode(L"fig3"), 1);
     EXPECT_EQ(another.mode(L"fig4"), 1);
 }
 
-TEST_F(ViewsDialogTest, InsertionFallsToTheMiddleAboveNineAndToOneBelow) {
+TEST_F(VistasDialogTest, InsertionFallsToTheMiddleAboveNineAndToOneBelow) {
     run({L"insertionP=12", L"l=10", L"accept"});
     EXPECT_EQ(choice.alignment, 5);
     EXPECT_EQ(host.value(L"ip"), L"5");
@@ -63,7 +63,7 @@ TEST_F(ViewsDialogTest, InsertionFallsToTheMiddleAboveNineAndToOneBelow) {
     EXPECT_EQ(host.value(L"insertionP"), L"9");
 }
 
-TEST_F(ViewsDialogTest, TheLengthKeepsItsDecimalsUntilItIsEdited) {
+TEST_F(VistasDialogTest, TheLengthKeepsItsDecimalsUntilItIsEdited) {
     const struct {
         double before;
         Texts typed;
@@ -84,11 +84,11 @@ TEST_F(ViewsDialogTest, TheLengthKeepsItsDecimalsUntilItIsEdited) {
     EXPECT_TRUE(host.has(L"valor error: Erro: comprimento inválido."));
 }
 
-TEST_F(ViewsDialogTest, PickMeasuresAndOpensAgain) {
+TEST_F(VistasDialogTest, PickMeasuresAndOpensAgain) {
     host.answerDistance(2500.5);
     host.play({L"fig2", L"pick"});
     host.play({L"accept"});
-    EXPECT_EQ(editViews(L"pu", choice, 4), 0);
+    EXPECT_EQ(editVistas(L"pu", choice, 4), 0);
     EXPECT_EQ(choice.length, 2500.5);
     EXPECT_EQ(choice.view, 1);
     EXPECT_TRUE(host.has(L"pede \nPonto inicial e final do perfil:"));
@@ -97,7 +97,7 @@ TEST_F(ViewsDialogTest, PickMeasuresAndOpensAgain) {
     EXPECT_EQ(choice.length, 2500.5);
 }
 
-TEST_F(ViewsDialogTest, AcceptRefusesWhatCannotBeDrawn) {
+TEST_F(VistasDialogTest, AcceptRefusesWhatCannotBeDrawn) {
     const auto expectFault = [&](const Texts& actions, const std::wstring& message,
                                  const std::wstring& tile) {
         host.clearEvents();
@@ -117,37 +117,37 @@ TEST_F(ViewsDialogTest, AcceptRefusesWhatCannotBeDrawn) {
         EXPECT_EQ(host.mode(key), 1) << key;
 }
 
-TEST_F(ViewsDialogTest, CancelFallsBackToTheSectionOnlyWithoutALength) {
+TEST_F(VistasDialogTest, CancelFallsBackToTheSectionOnlyWithoutALength) {
     run({L"l=100"});
-    EXPECT_TRUE(choice.sectionOnly);
+    EXPECT_TRUE(choice.secaoOnly);
     EXPECT_EQ(choice.length, 0.0);
-    choice.sectionOnly = false;
+    choice.secaoOnly = false;
     choice.length = 10.0;
     run({});
-    EXPECT_FALSE(choice.sectionOnly);
+    EXPECT_FALSE(choice.secaoOnly);
 }
 
-TEST_F(ViewsDialogTest, AMissingDialogIsAnAlert) {
+TEST_F(VistasDialogTest, AMissingDialogIsAnAlert) {
     host.lose(L"vistas_geracao");
     EXPECT_EQ(run({}), 2);
     EXPECT_TRUE(host.has(L"alerta \nNão Foi Possível Carregar DCL Perfis"));
 }
 
-TEST(BarType, ComesFromTheButtonsTable) {
+TEST(TipoBarraDialog, ComesFromTheButtonsTable) {
     installAt("/zp");
     DialogStandIn host;
     int type = 9;
     host.play({L"TipoRow=bt_pilar", L"bt_pilar"});
-    editBarType(type);
+    editTipoBarra(type);
     EXPECT_TRUE(host.has(L"valor TipoRow: bt_terca"));
     EXPECT_EQ(type, 9);  // cancelled
     type = 7;
     host.clearEvents();
     host.play({L"TipoRow=BT_MT", L"bt_mt"});
-    editBarType(type);
+    editTipoBarra(type);
     EXPECT_TRUE(host.has(L"valor TipoRow: "));
     host.lose(L"tipo_barras");
-    EXPECT_EQ(editBarType(type), RTERROR);
+    EXPECT_EQ(editTipoBarra(type), RTERROR);
     EXPECT_EQ(type, 7);
 }
 
