@@ -112,8 +112,8 @@ void sectionPropertiesUncached(benchmark::State& state) {
     std::vector<double> values = {200, 75, 75, 2.65, 2.65, kRight, kRight, 1000, 0, 0, 20};
     for (auto _ : state) {
         values[0] += 1e-6;
-        const Secao secao(Classe::UDobrado, dadosDe(Classe::UDobrado, 1, values));
-        benchmark::DoNotOptimize(secao.propriedades().ix);
+        const Secao secao(Kind::UDobrado, roleValuesOf(Kind::UDobrado, 1, values));
+        benchmark::DoNotOptimize(secao.properties().ix);
     }
 }
 BENCHMARK(sectionPropertiesUncached);
@@ -122,7 +122,7 @@ void sectionFromTheCache(benchmark::State& state) {
     using namespace zp::secao;
     const std::vector<double> values = {200, 75, 75, 2.65, 2.65, kRight, kRight, 1000, 0, 0, 20};
     for (auto _ : state)
-        benchmark::DoNotOptimize(secaoDe(Classe::UDobrado, 1, values)->propriedades().ix);
+        benchmark::DoNotOptimize(secaoFrom(Kind::UDobrado, 1, values)->properties().ix);
 }
 BENCHMARK(sectionFromTheCache);
 

@@ -8,10 +8,10 @@
 
 namespace zp {
 
-struct SoltaCorrente {
-    void operator()(resbuf* inicio) const { acutRelRb(inicio); }
+struct FreeChain {
+    void operator()(resbuf* start) const { acutRelRb(start); }
 };
 /// Owns a whole list by its first item.
-using Corrente = std::unique_ptr<resbuf, SoltaCorrente>;
+using BufferChain = std::unique_ptr<resbuf, FreeChain>;
 
 }  // namespace zp

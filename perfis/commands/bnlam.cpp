@@ -10,8 +10,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr double kRoot2 = std::numbers::sqrt2;
 
@@ -38,7 +38,7 @@ constexpr Insertion kInsertions[] = {
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    switch (place.view) {
+    switch (place.vista) {
         case 1:
             return shiftByReach({-tipDistance(m), heelDistance(m)}, place);
         case 2:
@@ -72,7 +72,7 @@ const PerfilDescription kCantoneiraGirada = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .barraShift = barraShift,
-    .pieces = kPecaClass<ZpBNLaminado, Classe::BNLaminado>,
+    .pecas = kPecaClass<ZpBNLaminado, Kind::BNLaminado>,
     .values = kValues,
     .readBack = readEqualLegs,
     .cotaSecao = cotaSecao,

@@ -19,10 +19,10 @@ constexpr const wchar_t* kPlaneNames[] = {L"Plano horizontal", L"Plano vertical"
                                           kEndMark};
 
 /// The opposite side of a member that looks the same from both.
-int drawnSide(int view) {
-    if (view == ZpObject::kVistaInferior) return ZpObject::kVistaSuperior;
-    if (view == ZpObject::kVistaEsquerda) return ZpObject::kVistaDireita;
-    return view;
+int drawnSide(int vista) {
+    if (vista == ZpObject::kVistaInferior) return ZpObject::kVistaSuperior;
+    if (vista == ZpObject::kVistaEsquerda) return ZpObject::kVistaDireita;
+    return vista;
 }
 
 class BuiltUpRun : public PerfilRun {
@@ -36,8 +36,8 @@ protected:
     std::optional<Fault> acceptFault(ads_hdlg dialog) override;
     ChapaLaying chapaLaying() override;
     bool travejamentoSuits() override { return isTravejada() && chapaFits(); }
-    void takePeca(const PecaValues& piece) override;
-    double shownPitch(const PecaValues& piece) const override { return chapaPitch(piece); }
+    void takePeca(const PecaValues& peca) override;
+    double shownPitch(const PecaValues& peca) const override { return chapaPitch(peca); }
     bool reopensAfter(int status) const override {
         return status == kDialogReopen || status == kDialogReopenAtOnce;
     }
@@ -48,7 +48,7 @@ private:
     void keepSpacing();
     bool isTravejada();
     bool chapaFits() { return m_A == 0.0 || m_A <= m_rule.maxAltura(state().medidas); }
-    LaidChapas layChapas(ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply);
+    LaidChapas layChapas(ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply);
 
     const BuiltUpRule& m_rule;
     double m_A = 0.0;  ///< plate height; 0: no plates
@@ -82,43 +82,43 @@ void BuiltUpRun::onTravejamento(const ads_callback_packet& packet) {
     readMedidas(packet.dialog);
     keepSpacing();
     const Medidas& medidas = state().medidas;
-    const VistasChoice& views = state().views;
+    const VistasChoice& vistas = state().vistas;
     const bool userAltura = m_rule.chapaAltura == ChapaAltura::kUser;
-    TravejamentoLimites limites;
-    limites.somenteAltura = views.secaoOnly ? 1 : 0;
-    limites.pickngo = views.pickAndGo ? 1 : 0;
-    limites.alturaEditavel = userAltura ? 1 : 0;
-    limites.comp = views.length;
-    limites.minA = m_rule.minAltura(medidas);
-    limites.maxA = m_rule.maxAltura(medidas);
+    TravejamentoLimites limits;
+    limits.somenteAltura = vistas.secaoOnly ? 1 : 0;
+    limits.pickngo = vistas.pickAndGo ? 1 : 0;
+    limits.alturaEditavel = userAltura ? 1 : 0;
+    limits.comp = vistas.comprimento;
+    limits.minA = m_rule.minAltura(medidas);
+    limits.maxA = m_rule.maxAltura(medidas);
     TravejamentoParams params;
     params.A = userAltura ? m_A : medidas.a;
     params.C = m_C;
     // The stored spacing is made to fit the length even when the dialog is then left by Cancel.
-    CalcPartes(params, views.length, m_L1);
-    if (EditTravejamento(params, limites) == 0) return;
+    CalcPartes(params, vistas.comprimento, m_L1);
+    if (EditTravejamento(params, limits) == 0) return;
     m_A = userAltura ? params.A : medidas.a;
     m_C = params.C;
     m_kept.reset();
-    (void)CalcEspacamento(params, views.length, m_L1);
+    (void)CalcEspacamento(params, vistas.comprimento, m_L1);
 }
 
 void BuiltUpRun::keepSpacing() {
-    if (m_kept) m_L1 = spacingFor(*m_kept, state().views.length);
+    if (m_kept) m_L1 = spacingFor(*m_kept, state().vistas.comprimento);
 }
 
 bool BuiltUpRun::isTravejada() {
     const Medidas& medidas = state().medidas;
     // Pieces that touch have no width told.
-    const bool fromLargura = m_rule.clearance == Clearance::kWidth && medidas.a != 0.0;
+    const bool fromLargura = m_rule.clearance == Clearance::kLargura && medidas.a != 0.0;
     TravejamentoTest test;
     test.space = fromLargura ? medidas.a - 2.0 * medidas.b : medidas.a;
     test.minAltura = m_rule.minAltura(medidas);
-    test.secaoOnly = state().views.secaoOnly;
-    if (state().views.pickAndGo) return true;
+    test.secaoOnly = state().vistas.secaoOnly;
+    if (state().vistas.pickAndGo) return true;
     if (!travejamentoHolds(m_A, m_C, m_L1, test)) return false;
     // The spacing was made for the length that the member had then.
-    return test.secaoOnly || m_A <= 0.0 || rowHolds({state().views.length, m_L1}, m_C);
+    return test.secaoOnly || m_A <= 0.0 || rowHolds({state().vistas.comprimento, m_L1}, m_C);
 }
 
 std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
@@ -135,36 +135,36 @@ std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
     return {};
 }
 
-LaidChapas BuiltUpRun::layChapas(ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply) {
-    return m_rule.layChapas({piece,
+LaidChapas BuiltUpRun::layChapas(ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply) {
+    return m_rule.layChapas({peca,
                              point,
-                             chosenVista(state().views),
+                             chosenVista(state().vistas),
                              state().medidas,
                              m_C,
                              m_A,
-                             {state().views.length, m_L1},
+                             {state().vistas.comprimento, m_L1},
                              m_planes,
                              supply});
 }
 
-void BuiltUpRun::takePeca(const PecaValues& piece) {
-    PerfilRun::takePeca(piece);
-    const PecaTravejamento lacing = travejamentoOf(piece);
-    if (lacing.plates.A <= 0.0) return;
-    m_A = m_rule.chapaAltura == ChapaAltura::kClearance ? state().medidas.a : lacing.plates.A;
-    m_C = lacing.plates.C;
-    m_planes = lacing.planes;
+void BuiltUpRun::takePeca(const PecaValues& peca) {
+    PerfilRun::takePeca(peca);
+    const PecaTravejamento travejamento = travejamentoOf(peca);
+    if (travejamento.chapas.A <= 0.0) return;
+    m_A = m_rule.chapaAltura == ChapaAltura::kClearance ? state().medidas.a : travejamento.chapas.A;
+    m_C = travejamento.chapas.C;
+    m_planes = travejamento.planes;
     // The plates of a section do not tell how they are spread.
-    if (m_C > 0.0 && lacing.plates.n > 0) m_kept = lacing;
+    if (m_C > 0.0 && travejamento.chapas.n > 0) m_kept = travejamento;
     keepSpacing();
 }
 
 ChapaLaying BuiltUpRun::chapaLaying() {
     if (m_rule.sides == SidesDrawn::kAboveAndRight)
-        state().views.view = drawnSide(state().views.view);
+        state().vistas.vista = drawnSide(state().vistas.vista);
     if (m_A <= 0.0) return nullptr;
-    return [this](ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply) {
-        return layChapas(piece, point, supply);
+    return [this](ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply) {
+        return layChapas(peca, point, supply);
     };
 }
 

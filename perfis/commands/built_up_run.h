@@ -9,8 +9,8 @@ namespace perfis {
 
 /// What the tile "a" measures.
 enum class Clearance {
-    kGap,    ///< between the pieces
-    kWidth,  ///< over the whole; 0: the pieces touch
+    kVao,      ///< between the pieces
+    kLargura,  ///< over the whole; 0: the pieces touch
 };
 
 /// Which sides of the member are drawn.

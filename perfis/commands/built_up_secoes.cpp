@@ -78,8 +78,8 @@ void cotaTrough(PecaCotas& d, const Medidas& m) {
 
 void cotaHeels(PecaCotas& d, const Medidas& m, double heelX, double leg) {
     constexpr double kCosine = 1.0 / std::numbers::sqrt2;
-    d.width();
-    d.height();
+    d.largura();
+    d.altura();
     d.add(d.at(-m.a / 2.0, 0.0), d.at(m.a / 2.0, 0.0), d.face(1) + d.off(0.0, -kFarLine));
     const AcGePoint3d tip = d.at(heelX + leg * kCosine, leg * kCosine);
     d.add(tip, tip + d.by(m.t * kCosine, -m.t * kCosine),
@@ -87,8 +87,8 @@ void cotaHeels(PecaCotas& d, const Medidas& m, double heelX, double leg) {
 }
 
 void cotaFacing(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
+    d.largura();
+    d.altura();
     const double half = halfOutsideLargura(m);
     const AcGePoint3d back = d.at(half, 0.0);
     d.add(d.at(half - m.t, 0.0), back, back + d.off(kNearLine, 0.0));

@@ -98,15 +98,15 @@ inline constexpr Insertion kFourCorners[] = {
 };
 
 /// T of two angles: width, height, thickness, gap between the stems.
-void cotaTee(PecaCotas& dimensions, const Medidas& medidas);
+void cotaTee(PecaCotas& cotas, const Medidas& medidas);
 /// U of two angles: width, height, thickness, opening between the legs.
-void cotaTrough(PecaCotas& dimensions, const Medidas& medidas);
+void cotaTrough(PecaCotas& cotas, const Medidas& medidas);
 /// Two angles heel to heel, legs at 45 degrees: width, height, gap, thickness at the upper right
 /// tip. `heelX` is the heel of the right one, `leg` its upper leg.
-void cotaHeels(PecaCotas& dimensions, const Medidas& medidas, double heelX, double leg);
+void cotaHeels(PecaCotas& cotas, const Medidas& medidas, double heelX, double leg);
 /// Two sections facing each other: width, height, web, opening between the toes.
-void cotaFacing(PecaCotas& dimensions, const Medidas& medidas);
+void cotaFacing(PecaCotas& cotas, const Medidas& medidas);
 /// Gap between two backs, at the lower edge.
-void cotaVaoBelow(PecaCotas& dimensions, const Medidas& medidas);
+void cotaVaoBelow(PecaCotas& cotas, const Medidas& medidas);
 
 }  // namespace perfis

@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 /// One angle stands on the other's leg.
 double halfAltura(const Medidas& m) { return (m.h + m.t) / 2.0; }
@@ -35,7 +35,7 @@ constexpr Insertion kInsertions[] = {
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    return shiftByReach(symmetricReach(2.0 * halfAltura(m), m.b, place.view), place);
+    return shiftByReach(symmetricReach(2.0 * halfAltura(m), m.b, place.vista), place);
 }
 
 constexpr RoleValue kValues[] = {
@@ -58,7 +58,7 @@ const PerfilDescription kCaixaDeCantoneiras = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .barraShift = barraShift,
-    .pieces = kPecaClass<ZpCantLaminadaCaixa, Classe::CantLaminadaCaixa>,
+    .pecas = kPecaClass<ZpCantLaminadaCaixa, Kind::CantLaminadaCaixa>,
     .values = kValues,
     .cotaSecao = cotaWVT,
 };

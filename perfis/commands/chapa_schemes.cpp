@@ -9,106 +9,105 @@ namespace {
 
 constexpr ChapaTurn kUpright{};
 
-ChapaMaker makerFor(const BarraTravejada& member) {
-    return {member.piece, {member.C, member.medidas.t, member.A}, member.supply};
+ChapaMaker makerFor(const BarraTravejada& barra) {
+    return {barra.peca, {barra.C, barra.medidas.t, barra.A}, barra.supply};
 }
 
-bool isSecao(const BarraTravejada& member) { return member.view == ZpObject::kVistaSecao; }
+bool isSecao(const BarraTravejada& barra) { return barra.vista == ZpObject::kVistaSecao; }
 
 /// Point at (x, y) from the member's.
-AcGePoint3d offset(const BarraTravejada& member, double x, double y) {
-    return member.point + AcGeVector3d(x, y, 0.0);
+AcGePoint3d offset(const BarraTravejada& barra, double x, double y) {
+    return barra.point + AcGeVector3d(x, y, 0.0);
 }
 
-double larguraInSecao(const BarraTravejada& member) {
-    return member.C > 0.0 ? member.C : kUnknownLargura;
+double larguraInSecao(const BarraTravejada& barra) {
+    return barra.C > 0.0 ? barra.C : kUnknownLargura;
 }
 
 /// Adds the plates; the one of slot 1, or the only one, stands for them in the material list.
-void add(LaidChapas& laid, const std::vector<AcDbObjectId>& plates) {
-    const AcDbObjectId first = plates.size() > 1 ? plates[1] : plates.front();
-    laid.rows.push_back({first, static_cast<int>(plates.size()), {}});
-    laid.ids.insert(laid.ids.end(), plates.begin(), plates.end());
+void add(LaidChapas& laid, const std::vector<AcDbObjectId>& chapas) {
+    const AcDbObjectId first = chapas.size() > 1 ? chapas[1] : chapas.front();
+    laid.rows.push_back({first, static_cast<int>(chapas.size()), {}});
+    laid.ids.insert(laid.ids.end(), chapas.begin(), chapas.end());
 }
 
 /// With fewer than three plates the next one is at the far end.
-double pitchOf(const BarraTravejada& member) {
-    const std::vector<double> stations = chapaStations(member.spacing, member.C);
+double pitchOf(const BarraTravejada& barra) {
+    const std::vector<double> stations = chapaStations(barra.spacing, barra.C);
     return stations.size() > 2 ? stations[2] : stations[1];
 }
 
 /// One plate seen along the member, lying on a face at `face`.
-std::vector<AcDbObjectId> lyingInSecao(const BarraTravejada& member, double face) {
-    return {makerFor(member).plate(offset(member, -member.A / 2.0, face), ZpObject::kVistaEsquerda,
-                                   larguraInSecao(member), member.medidas.t, member.A, kUpright)};
+std::vector<AcDbObjectId> lyingInSecao(const BarraTravejada& barra, double face) {
+    return {makerFor(barra).chapa(offset(barra, -barra.A / 2.0, face), ZpObject::kVistaEsquerda,
+                                  larguraInSecao(barra), barra.medidas.t, barra.A, kUpright)};
 }
 
-std::vector<AcDbObjectId> standingInSecao(const BarraTravejada& member) {
-    const double t = member.medidas.t;
-    return {makerFor(member).plate(offset(member, -t / 2.0, -member.A / 2.0),
-                                   ZpObject::kVistaEsquerda, larguraInSecao(member), member.A, t,
-                                   kUpright)};
+std::vector<AcDbObjectId> standingInSecao(const BarraTravejada& barra) {
+    const double t = barra.medidas.t;
+    return {makerFor(barra).chapa(offset(barra, -t / 2.0, -barra.A / 2.0), ZpObject::kVistaEsquerda,
+                                  larguraInSecao(barra), barra.A, t, kUpright)};
 }
 
-std::vector<AcDbObjectId> rowOf(const BarraTravejada& member, const ChapaRule& rule) {
-    return makerFor(member).row(member.point, member.spacing, rule);
+std::vector<AcDbObjectId> rowOf(const BarraTravejada& barra, const ChapaRule& rule) {
+    return makerFor(barra).row(barra.point, barra.spacing, rule);
 }
 
 }  // namespace
 
-LaidChapas layOnFace(const BarraTravejada& member, double face) {
+LaidChapas layOnFace(const BarraTravejada& barra, double face) {
     LaidChapas laid;
-    if (isSecao(member)) {
-        add(laid, lyingInSecao(member, face));
+    if (isSecao(barra)) {
+        add(laid, lyingInSecao(barra, face));
         return laid;
     }
-    const bool onEdgeSeen = member.view == ZpObject::kVistaDireita;
-    add(laid, rowOf(member, onEdgeSeen ? onEdgeSwapped(face + member.medidas.t / 2.0)
-                                       : flat(member.A / 2.0)));
-    laid.pitch = pitchOf(member);
+    const bool onEdgeSeen = barra.vista == ZpObject::kVistaDireita;
+    add(laid, rowOf(barra, onEdgeSeen ? onEdgeSwapped(face + barra.medidas.t / 2.0)
+                                      : flat(barra.A / 2.0)));
+    laid.pitch = pitchOf(barra);
     return laid;
 }
 
-LaidChapas layOnBothFlanges(const BarraTravejada& member) {
-    const double t = member.medidas.t;
-    const double flange = member.medidas.h / 2.0 - t / 2.0;
+LaidChapas layOnBothFlanges(const BarraTravejada& barra) {
+    const double t = barra.medidas.t;
+    const double flange = barra.medidas.h / 2.0 - t / 2.0;
     LaidChapas laid;
-    std::vector<AcDbObjectId> plates;
-    if (isSecao(member)) {
+    std::vector<AcDbObjectId> chapas;
+    if (isSecao(barra)) {
         // Seen along the member a plate is A wide; its depth does not show.
         for (const double y : {flange, -flange})
-            plates.push_back(makerFor(member).plate(offset(member, -member.A / 2.0, y),
-                                                    ZpObject::kVistaSecao, member.A, t, 1.0,
-                                                    kUpright));
-        add(laid, plates);
+            chapas.push_back(makerFor(barra).chapa(offset(barra, -barra.A / 2.0, y),
+                                                   ZpObject::kVistaSecao, barra.A, t, 1.0,
+                                                   kUpright));
+        add(laid, chapas);
         return laid;
     }
-    if (member.view == ZpObject::kVistaDireita) {
-        plates = rowOf(member, onEdge(flange));
-        const std::vector<AcDbObjectId> lower = rowOf(member, onEdge(-flange));
-        plates.insert(plates.end(), lower.begin(), lower.end());
+    if (barra.vista == ZpObject::kVistaDireita) {
+        chapas = rowOf(barra, onEdge(flange));
+        const std::vector<AcDbObjectId> lower = rowOf(barra, onEdge(-flange));
+        chapas.insert(chapas.end(), lower.begin(), lower.end());
     } else {
-        plates = rowOf(member, flat(member.A / 2.0));
+        chapas = rowOf(barra, flat(barra.A / 2.0));
     }
-    add(laid, plates);
-    laid.pitch = pitchOf(member);
+    add(laid, chapas);
+    laid.pitch = pitchOf(barra);
     return laid;
 }
 
-LaidChapas layThroughAxis(const BarraTravejada& member) {
-    const bool fromTheSide = member.view == ZpObject::kVistaDireita;
+LaidChapas layThroughAxis(const BarraTravejada& barra) {
+    const bool fromTheSide = barra.vista == ZpObject::kVistaDireita;
     const ChapaRule edge = onEdgeSwapped(0.0);
-    const ChapaRule face = flat(member.A / 2.0);
+    const ChapaRule face = flat(barra.A / 2.0);
     LaidChapas laid;
-    if (member.planes != TravejamentoPlanes::kVertical) {
-        add(laid, isSecao(member) ? lyingInSecao(member, -member.medidas.t / 2.0)
-                                  : rowOf(member, fromTheSide ? edge : face));
+    if (barra.planes != TravejamentoPlanes::kVertical) {
+        add(laid, isSecao(barra) ? lyingInSecao(barra, -barra.medidas.t / 2.0)
+                                 : rowOf(barra, fromTheSide ? edge : face));
     }
-    if (member.planes != TravejamentoPlanes::kHorizontal) {
+    if (barra.planes != TravejamentoPlanes::kHorizontal) {
         add(laid,
-            isSecao(member) ? standingInSecao(member) : rowOf(member, fromTheSide ? face : edge));
+            isSecao(barra) ? standingInSecao(barra) : rowOf(barra, fromTheSide ? face : edge));
     }
-    if (!isSecao(member)) laid.pitch = pitchOf(member);
+    if (!isSecao(barra)) laid.pitch = pitchOf(barra);
     return laid;
 }
 

@@ -15,9 +15,9 @@ inline constexpr double kUnknownLargura = 1.0;
 
 /// A built-up member, open for write, that gets plates of thickness `medidas.t`.
 struct BarraTravejada {
-    ZpObject& piece;
+    ZpObject& peca;
     AcGePoint3d point;  ///< the piece's own
-    ZpObject::ZpVistas view;
+    ZpObject::ZpVistas vista;
     Medidas medidas;
     double C = 0.0;  ///< width of a plate, along the member, mm
     double A = 0.0;  ///< height of a plate, across the member, mm
@@ -27,13 +27,13 @@ struct BarraTravejada {
 };
 
 /// One row of plates that lie on a face at `face` mm above the member's point.
-LaidChapas layOnFace(const BarraTravejada& member, double face);
+LaidChapas layOnFace(const BarraTravejada& barra, double face);
 
 /// Plates at both flanges, inside the height h. Seen from the side two rows, else one stands for
 /// both.
-LaidChapas layOnBothFlanges(const BarraTravejada& member);
+LaidChapas layOnBothFlanges(const BarraTravejada& barra);
 
 /// Horizontal and vertical plates through the axis, those of the chosen planes.
-LaidChapas layThroughAxis(const BarraTravejada& member);
+LaidChapas layThroughAxis(const BarraTravejada& barra);
 
 }  // namespace perfis

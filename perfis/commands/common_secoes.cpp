@@ -67,8 +67,8 @@ double equalCantoneiraAxis(const Medidas& medidas) {
     return -2.0 * medidas.h / (6.0 * std::numbers::sqrt2);
 }
 
-void readEqualLegs(Medidas& medidas, const zp::secao::Dados& values) {
-    medidas.b = values[zp::secao::Papel::H];
+void readEqualLegs(Medidas& medidas, const zp::secao::RoleValues& values) {
+    medidas.b = values[zp::secao::Role::H];
 }
 
 double rolledUArea(const Medidas& medidas) { return medidas.m * 100.0 * 1.271848; }
@@ -95,18 +95,18 @@ Medida wrongHbta(const Medidas& medidas) {
     return firstNotPositive(medidas, {&Medidas::h, &Medidas::b, &Medidas::t, &Medidas::a});
 }
 
-void cotaWVT(PecaCotas& dimensions, const Medidas& medidas) {
-    dimensions.width();
-    dimensions.height();
-    dimensions.thickness(medidas.t);
+void cotaWVT(PecaCotas& cotas, const Medidas& medidas) {
+    cotas.largura();
+    cotas.altura();
+    cotas.espessura(medidas.t);
 }
 
 Shift boxBarraShift(const Medidas& medidas, const BarraPlace& place) {
-    return shiftByReach(symmetricReach(medidas.h, medidas.b, place.view), place);
+    return shiftByReach(symmetricReach(medidas.h, medidas.b, place.vista), place);
 }
 
 Shift roundBarraShift(const Medidas& medidas, const BarraPlace& place) {
-    return shiftByReach(symmetricReach(medidas.d, medidas.d, place.view), place);
+    return shiftByReach(symmetricReach(medidas.d, medidas.d, place.vista), place);
 }
 
 }  // namespace perfis

@@ -42,7 +42,7 @@ double areaOfPeso(const Medidas& medidas);
 /// twice over.
 double equalCantoneiraAxis(const Medidas& medidas);
 /// Of equal legs a class keeps one.
-void readEqualLegs(Medidas& medidas, const zp::secao::Dados& values);
+void readEqualLegs(Medidas& medidas, const zp::secao::RoleValues& values);
 
 /// Area of one rolled U in mm2, in the factors in which the trade has it.
 double rolledUArea(const Medidas& medidas);
@@ -58,7 +58,7 @@ Medida wrongHbt(const Medidas& medidas);
 Medida wrongHbta(const Medidas& medidas);
 
 /// Width, height, thickness.
-void cotaWVT(PecaCotas& dimensions, const Medidas& medidas);
+void cotaWVT(PecaCotas& cotas, const Medidas& medidas);
 
 /// A member seen h high and b wide, symmetric to its axis.
 Shift boxBarraShift(const Medidas& medidas, const BarraPlace& place);

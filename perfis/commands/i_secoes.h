@@ -10,11 +10,11 @@
 namespace perfis {
 
 /// Shift from the lower edge or the centre of a box to its centre, in the order of "ins_list".
-template <double Medidas::*Width>
+template <double Medidas::*Largura>
 constexpr Insertion kBoxEdges[] = {
     {L"RIGHT DOWN",
      [](const Medidas& m) {
-         return Shift{-(m.*Width) / 2.0, m.h / 2.0};
+         return Shift{-(m.*Largura) / 2.0, m.h / 2.0};
      }},
     {L"MID DOWN",
      [](const Medidas& m) {
@@ -22,7 +22,7 @@ constexpr Insertion kBoxEdges[] = {
      }},
     {L"LEFT DOWN",
      [](const Medidas& m) {
-         return Shift{(m.*Width) / 2.0, m.h / 2.0};
+         return Shift{(m.*Largura) / 2.0, m.h / 2.0};
      }},
     {L"CENTER", [](const Medidas&) { return Shift{}; }},
 };

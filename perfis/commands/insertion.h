@@ -15,10 +15,10 @@ struct Insertion {
 
 /// How a longitudinal view is placed.
 struct BarraPlace {
-    int view = 0;       ///< figure chosen in the views dialog, 1 to 4
+    int vista = 0;      ///< figure chosen in the views dialog, 1 to 4
     int alignment = 0;  ///< 1 upper edge at the start, 2 at mid length; 3 axis at the start; 4
                         ///< lower edge at the start, 5 at mid length; every other code acts like 3
-    double length = 0.0;  ///< mm
+    double comprimento = 0.0;  ///< mm
 };
 
 /// Lower and upper edge of a longitudinal view, measured from the axis.
@@ -28,7 +28,7 @@ struct Reach {
 };
 
 /// Views 3 and 4 show half the height, 1 and 2 half the width to both sides of the axis.
-Reach symmetricReach(double height, double width, int view);
+Reach symmetricReach(double altura, double largura, int vista);
 
 /// Shift from the picked point to the start of the axis.
 Shift shiftByReach(const Reach& reach, const BarraPlace& place);

@@ -11,8 +11,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr double kRoot2 = std::numbers::sqrt2;
 
@@ -40,20 +40,20 @@ const PerfilDescription kDescription = {
     .insertions = kOppositeCorners<tipX, tipY, tipY>,
     .wrong = wrongVao,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpBNDuplaLaminada, Classe::BNDuplaLaminada>,
+    .pecas = kPecaClass<ZpBNDuplaLaminada, Kind::BNDuplaLaminada>,
     .values = kValues,
     .readBack = readEqualLegs,
     .cotaSecao = [](PecaCotas& d, const Medidas& m) { cotaHeels(d, m, m.a / 2.0, m.h); },
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAboveAndRight,
     .chapaAltura = ChapaAltura::kClearance,
     .minAltura = [](const Medidas& m) { return m.a - 1.0; },
     .maxAltura = [](const Medidas& m) { return m.a; },
     .layChapas =
-        [](const BarraTravejada& member) { return layOnFace(member, -member.medidas.t / 2.0); },
+        [](const BarraTravejada& barra) { return layOnFace(barra, -barra.medidas.t / 2.0); },
 };
 
 }  // namespace

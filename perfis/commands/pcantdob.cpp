@@ -10,8 +10,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr double kPi = std::numbers::pi;
 
@@ -29,7 +29,7 @@ constexpr Insertion kInsertions[] = {
 
 /// Views 1 and 4 are drawn as the opposite face of a piece turned by half a circle.
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    switch (place.view) {
+    switch (place.vista) {
         case 1:
             return shiftByReach({-m.b / 3.0, 2.0 * m.b / 3.0}, place);
         case 2:
@@ -60,7 +60,7 @@ const PerfilDescription kCantoneira = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .barraShift = barraShift,
-    .pieces = kPecaClass<ZpCantoneiraDobrada, Classe::CantoneiraDobrada>,
+    .pecas = kPecaClass<ZpCantoneiraDobrada, Kind::CantoneiraDobrada>,
     .values = kValues,
     .faces = kFaces,
     .cotaSecao = cotaWVT,

@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT UPPER",
@@ -24,7 +24,7 @@ constexpr Insertion kInsertions[] = {
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    const double size = place.view == 1 || place.view == 2 ? m.b : m.h;
+    const double size = place.vista == 1 || place.vista == 2 ? m.b : m.h;
     return shiftByReach({-2.0 * size / 3.0, size / 3.0}, place);
 }
 
@@ -50,7 +50,7 @@ const PerfilDescription kCantoneiraLaminada = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .barraShift = barraShift,
-    .pieces = kPecaClass<ZpCantLaminada, Classe::CantLaminada>,
+    .pecas = kPecaClass<ZpCantLaminada, Kind::CantLaminada>,
     .values = kValues,
     .cotaSecao = cotaWVT,
 };

@@ -9,8 +9,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
@@ -26,21 +26,19 @@ const PerfilDescription kDescription = {
     .insertions = kUpperCorners<halfAcrossVao, thirdOfAltura>,
     .wrong = wrongVao,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpCantTDobrada, Classe::CantTDobrada>,
+    .pecas = kPecaClass<ZpCantTDobrada, Kind::CantTDobrada>,
     .values = kValues,
     .cotaSecao = cotaTee,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAboveAndRight,
     .chapaAltura = ChapaAltura::kUser,
     .minAltura = [](const Medidas& m) { return m.a; },
     .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
     .layChapas =
-        [](const BarraTravejada& member) {
-            return layOnFace(member, thirdOfAltura(member.medidas));
-        },
+        [](const BarraTravejada& barra) { return layOnFace(barra, thirdOfAltura(barra.medidas)); },
 };
 
 }  // namespace

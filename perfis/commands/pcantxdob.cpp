@@ -12,8 +12,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr double kRoot2 = std::numbers::sqrt2;
 
@@ -38,19 +38,19 @@ const PerfilDescription kDescription = {
     .insertions = kOppositeCorners<tipX, upperTip, lowerTip>,
     .wrong = wrongVao,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpXDobrado, Classe::XDobrado>,
+    .pecas = kPecaClass<ZpXDobrado, Kind::XDobrado>,
     .values = kValues,
     .cotaSecao = [](PecaCotas& d, const Medidas& m) { cotaHeels(d, m, heelX(m), m.b); },
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAboveAndRight,
     .chapaAltura = ChapaAltura::kClearance,
     .minAltura = [](const Medidas& m) { return m.a - 1.0; },
     .maxAltura = [](const Medidas& m) { return m.a; },
     .layChapas =
-        [](const BarraTravejada& member) { return layOnFace(member, -member.medidas.t / 2.0); },
+        [](const BarraTravejada& barra) { return layOnFace(barra, -barra.medidas.t / 2.0); },
 };
 
 }  // namespace

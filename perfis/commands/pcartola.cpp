@@ -8,16 +8,16 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 /// Half the width over the lips, which are measured from the inner face of the sides.
-double halfWidth(const Medidas& m) { return m.b / 2.0 - m.t + m.a; }
+double halfLargura(const Medidas& m) { return m.b / 2.0 - m.t + m.a; }
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
      [](const Medidas& m) {
-         return Shift{-halfWidth(m), m.h / 2.0};
+         return Shift{-halfLargura(m), m.h / 2.0};
      }},
     {L"MID DOWN",
      [](const Medidas& m) {
@@ -25,7 +25,7 @@ constexpr Insertion kInsertions[] = {
      }},
     {L"LEFT DOWN",
      [](const Medidas& m) {
-         return Shift{halfWidth(m), m.h / 2.0};
+         return Shift{halfLargura(m), m.h / 2.0};
      }},
     {L"MID UPPER",
      [](const Medidas& m) {
@@ -34,7 +34,7 @@ constexpr Insertion kInsertions[] = {
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    return shiftByReach(symmetricReach(m.h, 2.0 * halfWidth(m), place.view), place);
+    return shiftByReach(symmetricReach(m.h, 2.0 * halfLargura(m), place.vista), place);
 }
 
 constexpr RoleValue kValues[] = {
@@ -42,8 +42,8 @@ constexpr RoleValue kValues[] = {
 };
 
 void cotaSecao(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
+    d.largura();
+    d.altura();
     d.add(d.face(3), d.face(3) + d.by(0.0, m.t), d.face(3) + d.off(kNearLine, 0.0));
     const AcGePoint3d top = d.at(-m.b / 2.0, m.h / 2.0);
     d.add(top, d.at(m.b / 2.0, m.h / 2.0), top + d.off(0.0, kNearLine));
@@ -60,7 +60,7 @@ const PerfilDescription kCartola = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .barraShift = barraShift,
-    .pieces = kPecaClass<ZpCartola, Classe::Cartola>,
+    .pecas = kPecaClass<ZpCartola, Kind::Cartola>,
     .values = kValues,
     .cotaSecao = cotaSecao,
 };

@@ -8,9 +8,9 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::RoleValues;
+using enum zp::secao::Role;
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
@@ -33,7 +33,7 @@ constexpr Insertion kInsertions[] = {
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    return shiftByReach(symmetricReach(m.h, 2.0 * m.b, place.view), place);
+    return shiftByReach(symmetricReach(m.h, 2.0 * m.b, place.vista), place);
 }
 
 constexpr RoleValue kValues[] = {
@@ -50,9 +50,9 @@ const PerfilDescription kCaixa = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .barraShift = barraShift,
-    .pieces = kPecaClass<ZpCaixaDobrado, Classe::CaixaDobrado>,
+    .pecas = kPecaClass<ZpCaixaDobrado, Kind::CaixaDobrado>,
     .values = kValues,
-    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Vao] == 0.0; },
+    .draws = [](const RoleValues& v) { return v[Aba] != 0.0 && v[Vao] == 0.0; },
     .cotaSecao = cotaWVT,
 };
 

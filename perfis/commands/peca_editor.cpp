@@ -28,10 +28,10 @@ public:
 class PieceEditor : public protocol::EntityEditor {
 public:
     const ACHAR* whyNot(const AcDbEntity& entity) const override {
-        const auto* piece = ZpObject::cast(&entity);
-        if (piece == nullptr) return L"Só perfis e chapas de travejamento têm diálogo de edição.";
-        if (!piece->isKindOf(ZpChapa::desc())) return nullptr;
-        return zp::edicao::donaDe(*piece).isNull()
+        const auto* peca = ZpObject::cast(&entity);
+        if (peca == nullptr) return L"Só perfis e chapas de travejamento têm diálogo de edição.";
+        if (!peca->isKindOf(ZpChapa::desc())) return nullptr;
+        return zp::edit::ownerOf(*peca).isNull()
                    ? L"Esta chapa não pertence a nenhum perfil; altere as medidas nas propriedades."
                    : nullptr;
     }
@@ -53,26 +53,26 @@ public:
 private:
     /// A plate stands for the member that it laces.
     static bool read(AcDbObjectId id, PecaValues& values) {
-        AcDbObjectId member;
+        AcDbObjectId barra;
         {
-            const AcDbObjectPointer<ZpObject> piece(id, AcDb::kForRead);
-            if (piece.openStatus() != Acad::eOk) return false;
-            if (!piece->isKindOf(ZpChapa::desc())) {
-                values = valuesOf(*piece.object());
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.openStatus() != Acad::eOk) return false;
+            if (!peca->isKindOf(ZpChapa::desc())) {
+                values = valuesOf(*peca.object());
                 return true;
             }
-            member = zp::edicao::donaDe(*piece.object());
+            barra = zp::edit::ownerOf(*peca.object());
         }
-        return !member.isNull() && read(member, values);
+        return !barra.isNull() && read(barra, values);
     }
 };
 
 /// What a member with these limit points measures along its axis.
-double comprimentoBetween(const ZpObject& piece, const zp::edicao::Faces& limits) {
+double comprimentoBetween(const ZpObject& peca, const zp::edit::Faces& limits) {
     AcGePoint3d start;
     AcGePoint3d end;
-    (void)piece.StartPoint(start);
-    (void)piece.EndPoint(end);
+    (void)peca.StartPoint(start);
+    (void)peca.EndPoint(end);
     const AcGeVector3d axis = (end - start).normal();
     double least = 0.0;
     double most = 0.0;
@@ -85,19 +85,19 @@ double comprimentoBetween(const ZpObject& piece, const zp::edicao::Faces& limits
 }
 
 /// True when the command of such a piece would lay its plates.
-bool chapasHold(const PecaValues& piece) {
-    const PerfilCommand* const command = commandOf(piece);
-    return command != nullptr && newRun(*command)->chapasHold(piece);
+bool chapasHold(const PecaValues& peca) {
+    const PerfilCommand* const command = commandOf(peca);
+    return command != nullptr && newRun(*command)->chapasHold(peca);
 }
 
 /// Members whose values are changed one by one keep the rule of their plates.
-class ChapaKeeper : public zp::edicao::Ouvinte {
+class ChapaKeeper : public zp::edit::Listener {
 public:
     /// Plates that already break the rule, another program's perhaps, forbid nothing.
-    std::wstring recusa(const ZpObject& piece, const ZpObject& changed) override {
-        if (zp::edicao::chapasDe(piece).empty()) return {};
+    std::wstring refusal(const ZpObject& peca, const ZpObject& changed) override {
+        if (zp::edit::chapasOf(peca).empty()) return {};
         try {
-            PecaValues values = valuesOf(piece);
+            PecaValues values = valuesOf(peca);
             if (!chapasHold(values)) return {};
             takeChanges(changed, values);
             if (chapasHold(values)) return {};
@@ -108,15 +108,15 @@ public:
         return L"As chapas de travejamento não cabem com este valor; mude antes o travejamento "
                L"(EDITAPERFIL).";
     }
-    void editada(AcDbObjectId id, const zp::edicao::Faces& before) override {
+    void edited(AcDbObjectId id, const zp::edit::Faces& before) override {
         if (g_layingChapas) return;
         PecaValues values;
         {
-            const AcDbObjectPointer<ZpObject> piece(id, AcDb::kForRead);
-            if (piece.openStatus() != Acad::eOk || zp::edicao::chapasDe(*piece.object()).empty())
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.openStatus() != Acad::eOk || zp::edit::chapasOf(*peca.object()).empty())
                 return;
-            values = valuesOf(*piece.object());
-            values.comprimentoTravejado = comprimentoBetween(*piece.object(), before);
+            values = valuesOf(*peca.object());
+            values.comprimentoTravejado = comprimentoBetween(*peca.object(), before);
         }
         const PerfilCommand* const command = commandOf(values);
         if (command == nullptr) return;
@@ -135,14 +135,14 @@ ChapaKeeper g_chapaKeeper;
 
 }  // namespace
 
-const PerfilCommand* commandOf(const PecaValues& piece) {
+const PerfilCommand* commandOf(const PecaValues& peca) {
     const PerfilCommand* general = nullptr;
     for (const CommandRow& row : commandTable()) {
         const PerfilDescription& description = row.command.description;
-        if (description.pieces.classe != piece.classe) continue;
+        if (description.pecas.kind != peca.kind) continue;
         if (description.draws == nullptr)
             general = &row.command;
-        else if (description.draws(piece.values))
+        else if (description.draws(peca.values))
             return &row.command;
     }
     return general;
@@ -150,11 +150,11 @@ const PerfilCommand* commandOf(const PecaValues& piece) {
 
 void installPecaEditor() {
     protocol::attach(ZpObject::desc(), protocol::kEntityEditorClass, g_editor);
-    zp::edicao::ouve(&g_chapaKeeper);
+    zp::edit::addListener(&g_chapaKeeper);
 }
 
 void removePecaEditor() {
-    zp::edicao::deixa(&g_chapaKeeper);
+    zp::edit::removeListener(&g_chapaKeeper);
     protocol::detach(ZpObject::desc(), protocol::kEntityEditorClass);
     protocol::retire(protocol::kEntityEditorClass);
 }

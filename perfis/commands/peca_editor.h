@@ -7,7 +7,7 @@
 namespace perfis {
 
 /// The command whose dialog makes pieces with these values; null when there is none.
-const PerfilCommand* commandOf(const PecaValues& piece);
+const PerfilCommand* commandOf(const PecaValues& peca);
 
 /// Attaches the editor to the class of all pieces and keeps the plates of members that are changed
 /// otherwise by their rule; takes both away again.

@@ -13,11 +13,11 @@ namespace perfis {
 /// again, its dimensions follow, its rows of the material list tell of the new values. `shownPitch`
 /// is the pitch of its plates as its dimensions have it, 0 when they do not. RTNORM; RTERROR, and
 /// nothing changed, when the piece cannot be changed, which is said on the command line.
-int rebuildPeca(const PerfilDescription& description, const RunState& state,
-                const PecaValues& piece, const ChapaLaying& layChapas, double shownPitch);
+int rebuildPeca(const PerfilDescription& description, const RunState& state, const PecaValues& peca,
+                const ChapaLaying& layChapas, double shownPitch);
 
 /// Lays the plates of a piece again, and moves the dimension of their pitch along.
 void layChapasAgain(const PerfilDescription& description, const RunState& state,
-                    const PecaValues& piece, const ChapaLaying& layChapas);
+                    const PecaValues& peca, const ChapaLaying& layChapas);
 
 }  // namespace perfis

@@ -10,52 +10,52 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Papel;
+using zp::secao::Role;
 
-std::vector<ChapaValues> chapasOf(const ZpObject& piece) {
-    AcGeMatrix3d toPiece;
-    piece.getEcs(toPiece);
-    toPiece.invert();
-    std::vector<ChapaValues> plates;
-    for (const AcDbObjectId& id : zp::edicao::chapasDe(piece)) {
-        const AcDbObjectPointer<ZpChapa> plate(id, AcDb::kForRead);
-        if (plate.openStatus() != Acad::eOk) continue;
+std::vector<ChapaValues> chapasOf(const ZpObject& peca) {
+    AcGeMatrix3d toPeca;
+    peca.getEcs(toPeca);
+    toPeca.invert();
+    std::vector<ChapaValues> chapas;
+    for (const AcDbObjectId& id : zp::edit::chapasOf(peca)) {
+        const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+        if (chapa.openStatus() != Acad::eOk) continue;
         AcGePoint3d start;
-        (void)plate->StartPoint(start);
-        start.transformBy(toPiece);
-        plates.push_back({id, start.x, start.y, plate->vista(), plate->getLargura(),
-                          plate->getEspessura(), plate->getComprimentoReal()});
+        (void)chapa->StartPoint(start);
+        start.transformBy(toPeca);
+        chapas.push_back({id, start.x, start.y, chapa->vista(), chapa->getLargura(),
+                          chapa->getEspessura(), chapa->getComprimentoReal()});
     }
-    return plates;
+    return chapas;
 }
 
 }  // namespace
 
-void takeChanges(const ZpObject& changed, PecaValues& piece) {
-    piece.values = zp::edicao::valoresDe(changed);
-    piece.length = changed.getComprimentoReal();
+void takeChanges(const ZpObject& changed, PecaValues& peca) {
+    peca.values = zp::edit::valuesOf(changed);
+    peca.comprimento = changed.getComprimentoReal();
 }
 
-PecaValues valuesOf(const ZpObject& piece) {
+PecaValues valuesOf(const ZpObject& peca) {
     PecaValues p;
-    p.id = piece.objectId();
-    p.classe = zp::edicao::classeDe(piece);
-    takeChanges(piece, p);
-    p.comprimentoTravejado = p.length;
-    p.view = piece.vista();
-    p.turn = p.values[Papel::Giro];
-    p.twoPoints = zp::edicao::deDoisPontos(piece);
+    p.id = peca.objectId();
+    p.kind = zp::edit::kindOf(peca);
+    takeChanges(peca, p);
+    p.comprimentoTravejado = p.comprimento;
+    p.vista = peca.vista();
+    p.giro = p.values[Role::Giro];
+    p.twoPoints = zp::edit::fromTwoPoints(peca);
     ZpObject::TipoBarra type = ZpObject::kBarra;
-    (void)piece.tipoBarra(type);
-    p.barType = type;
-    if (const auto* welded = ZpISoldado::cast(&piece)) {
+    (void)peca.tipoBarra(type);
+    p.tipoBarra = type;
+    if (const auto* welded = ZpISoldado::cast(&peca)) {
         ZpISoldado::SubType series = ZpISoldado::kFavoritos;
         (void)welded->subType(series);
         p.series = series;
     }
-    p.dimensioned = !zp::edicao::cotasDe(piece).empty();
-    p.listed = zp::lista::quantidadeListada(p.id);
-    p.plates = chapasOf(piece);
+    p.hasCotas = !zp::edit::cotasOf(peca).empty();
+    p.listed = zp::matlist::listedQuantidade(p.id);
+    p.chapas = chapasOf(peca);
     return p;
 }
 

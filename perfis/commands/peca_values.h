@@ -14,7 +14,7 @@ struct ChapaValues {
     AcDbObjectId id;
     double x = 0.0;
     double y = 0.0;
-    ZpObject::ZpVistas view = ZpObject::kVistaSecao;
+    ZpObject::ZpVistas vista = ZpObject::kVistaSecao;
     double d1 = 0.0;
     double d2 = 0.0;
     double d3 = 0.0;
@@ -22,25 +22,25 @@ struct ChapaValues {
 
 struct PecaValues {
     AcDbObjectId id;
-    zp::secao::Classe classe = zp::secao::Classe::Nenhuma;
-    zp::secao::Dados values;  ///< of the constructor, by role
-    ZpObject::ZpVistas view = ZpObject::kVistaSecao;
-    double turn = 0.0;       ///< about its own axis, radians
-    bool twoPoints = false;  ///< made between two points
-    double length = 0.0;     ///< mm
+    zp::secao::Kind kind = zp::secao::Kind::None;
+    zp::secao::RoleValues values;  ///< of the constructor, by role
+    ZpObject::ZpVistas vista = ZpObject::kVistaSecao;
+    double giro = 0.0;         ///< about its own axis, radians
+    bool twoPoints = false;    ///< made between two points
+    double comprimento = 0.0;  ///< mm
     /// For which its plates were laid, mm. Those at the end follow it when the length changes.
     double comprimentoTravejado = 0.0;
-    int barType = 0;
-    int series = 0;            ///< of a welded I, ZpISoldado::SubType
-    bool dimensioned = false;  ///< has dimensions tied to it
-    int listed = 0;            ///< pieces in the material list; 0: not in it
-    std::vector<ChapaValues> plates;
+    int tipoBarra = 0;
+    int series = 0;         ///< of a welded I, ZpISoldado::SubType
+    bool hasCotas = false;  ///< has dimensions tied to it
+    int listed = 0;         ///< pieces in the material list; 0: not in it
+    std::vector<ChapaValues> chapas;
 };
 
 /// Values and length of `changed`, which has the class of the piece.
-void takeChanges(const ZpObject& changed, PecaValues& piece);
+void takeChanges(const ZpObject& changed, PecaValues& peca);
 
 /// The piece is open for read.
-PecaValues valuesOf(const ZpObject& piece);
+PecaValues valuesOf(const ZpObject& peca);
 
 }  // namespace perfis

@@ -9,8 +9,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},
@@ -27,9 +27,9 @@ constexpr RoleValue kValues[] = {
 };
 
 void cotaSecao(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
-    d.thickness(rolledUToe(m));
+    d.largura();
+    d.altura();
+    d.espessura(rolledUToe(m));
     cotaVaoBelow(d, m);
 }
 
@@ -44,13 +44,13 @@ const PerfilDescription kDescription = {
     .insertions = kFourCorners<halfAcrossVao, halfAltura>,
     .wrong = wrongVao,
     .barraShift = nullptr,
-    .pieces = kPecaClass<Zp2ULaminado, Classe::DoisULaminado>,
+    .pecas = kPecaClass<Zp2ULaminado, Kind::DoisULaminado>,
     .values = kValues,
     .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAll,
     .chapaAltura = ChapaAltura::kClearance,
     .minAltura = [](const Medidas& m) { return m.a - 1.0; },

@@ -33,7 +33,7 @@ void PerfilRun::wire(ads_hdlg dialog) {
         {L"substolist", callback<&PerfilRun::onReplace>},
         {L"deltolist", callback<&PerfilRun::onRemove>},
     };
-    wireTile(dialog, {L"ButtonTipoBarra", onTipoBarra}, &m_state.barType);
+    wireTile(dialog, {L"ButtonTipoBarra", onTipoBarra}, &m_state.tipoBarra);
     for (const MedidaTile& tile : m_description.tiles)
         if (tile.hasAction) wireTile(dialog, {tile.key, callback<&PerfilRun::onMedida>}, this);
     for (const TileAction& action : kActions) wireTile(dialog, action, this);
@@ -96,10 +96,10 @@ void PerfilRun::onRemove(const ads_callback_packet& packet) {
 }
 
 void PerfilRun::onSecaoOnly(const ads_callback_packet& packet) {
-    VistasChoice& views = m_state.views;
-    views.secaoOnly = isOn(packet);
+    VistasChoice& vistas = m_state.vistas;
+    vistas.secaoOnly = isOn(packet);
     setSecaoModes(packet.dialog);
-    enableTile(packet.dialog, L"dimensionar", views.secaoOnly || !views.pickAndGo);
+    enableTile(packet.dialog, L"dimensionar", vistas.secaoOnly || !vistas.pickAndGo);
     refresh(packet.dialog);
 }
 

@@ -37,10 +37,10 @@ enum class CatalogueEdits { kNone, kThisRunOnly, kWrittenBack };
 
 /// What a new piece is made of besides its points.
 struct PecaRequest {
-    ZpObject::ZpVistas view = ZpObject::kVistaSecao;
+    ZpObject::ZpVistas vista = ZpObject::kVistaSecao;
     Medidas medidas;
-    double length = 0.0;  ///< mm
-    int source = 0;       ///< catalogue that the size comes from, where a command has several
+    double comprimento = 0.0;  ///< mm
+    int source = 0;            ///< catalogue that the size comes from, where a command has several
 };
 
 /// Prompt for the point of a new piece.
@@ -73,16 +73,16 @@ struct PerfilDescription {
     Shift (*barraShift)(const Medidas&, const BarraPlace&);
     /// What is drawn, from the dialog's numbers; figures of the views dialog that are not drawn as
     /// they are named.
-    PecaClass pieces;
+    PecaClass pecas;
     std::span<const RoleValue> values;
     std::span<const Face> faces{};
     /// Which drawn pieces of the class are this command's; null where it takes all that no other
     /// command claims.
-    bool (*draws)(const zp::secao::Dados&) = nullptr;
+    bool (*draws)(const zp::secao::RoleValues&) = nullptr;
     /// Values that do not come from the dialog's numbers.
-    void (*complete)(zp::secao::Dados&, const PecaRequest&) = nullptr;
+    void (*complete)(zp::secao::RoleValues&, const PecaRequest&) = nullptr;
     /// Numbers of the dialog that are not values of the class.
-    void (*readBack)(Medidas&, const zp::secao::Dados&) = nullptr;
+    void (*readBack)(Medidas&, const zp::secao::RoleValues&) = nullptr;
     void (*cotaSecao)(PecaCotas&, const Medidas&);
     /// The section is a piece of the member's length instead of 1000.
     bool keepsComprimentoInSecao = false;

@@ -17,29 +17,29 @@ namespace {
 
 /// Members without a rule of their own are made at the picked point and then moved to a face point.
 /// Returns where the piece's own point stands.
-AcGePoint3d alignToFace(const PerfilDescription& description, const RunState& state,
-                        ZpObject& piece, const AcGePoint3d& point) {
-    if (state.views.secaoOnly || description.barraShift != nullptr) return point;
-    return moveToFacePoint(piece, state.views.alignment);
+AcGePoint3d alignToFace(const PerfilDescription& description, const RunState& state, ZpObject& peca,
+                        const AcGePoint3d& point) {
+    if (state.vistas.secaoOnly || description.barraShift != nullptr) return point;
+    return moveToFacePoint(peca, state.vistas.alignment);
 }
 
 /// Layer, bar type and what the command itself sets.
 void finish(const PerfilDescription& description, const RunState& state, const PecaRequest& request,
-            ZpObject& piece) {
-    prepare(piece, state.barType);
-    if (description.finish != nullptr) description.finish(piece, request);
+            ZpObject& peca) {
+    prepare(peca, state.tipoBarra);
+    if (description.finish != nullptr) description.finish(peca, request);
 }
 
-void turn(const PerfilDescription& description, const AcGePoint3d& base, AcDbObjectId piece,
+void turn(const PerfilDescription& description, const AcGePoint3d& base, AcDbObjectId peca,
           const Companions& companions) {
     if (description.turning == Turning::kPeca) {
-        (void)rotateIntoPlace(base, piece, companions);
+        (void)rotateIntoPlace(base, peca, companions);
         return;
     }
-    std::vector<AcDbObjectId> set{piece};
+    std::vector<AcDbObjectId> set{peca};
     for (const std::span<const AcDbObjectId> ids :
-         {std::span(companions.dimensions), std::span(companions.others),
-          std::span<const AcDbObjectId>(companions.marks)})
+         {std::span(companions.cotas), std::span(companions.others),
+          std::span<const AcDbObjectId>(companions.marcas)})
         set.insert(set.end(), ids.begin(), ids.end());
     (void)rotateSet(base, set);
 }
@@ -49,30 +49,30 @@ int placeOnePeca(const PerfilDescription& description, RunState& state,
     AcGePoint3d point;
     if (getWCSpoint(point, description.insertionPrompt) != RTNORM) return RTCAN;
     const AcGePoint3d picked = point;
-    const ZpObject::ZpVistas view = chosenVista(state.views);
+    const ZpObject::ZpVistas vista = chosenVista(state.vistas);
     const Shift shift = insertionShift(description, state);
     point += AcGeVector3d(shift.x, shift.y, 0.0);
-    if (state.views.secaoOnly && !description.keepsComprimentoInSecao)
-        state.views.length = kSecaoComprimento;
+    if (state.vistas.secaoOnly && !description.keepsComprimentoInSecao)
+        state.vistas.comprimento = kSecaoComprimento;
 
-    const PecaRequest request = requestFor(state, view);
+    const PecaRequest request = requestFor(state, vista);
     std::unique_ptr<ZpObject> made = makeAtPoint(description, point, request);
     point = alignToFace(description, state, *made, point);
     finish(description, state, request, *made);
-    OpenPeca piece(std::move(made));
-    if (!piece.resident()) return RTERROR;
-    LaidChapas plates;
+    OpenPeca peca(std::move(made));
+    if (!peca.resident()) return RTERROR;
+    LaidChapas chapas;
     ChapaSupply supply;
-    if (layChapas) plates = layChapas(*piece, point, supply);
+    if (layChapas) chapas = layChapas(*peca, point, supply);
     Companions companions;
-    companions.others = plates.ids;
-    companions.dimensions = cotaPeca(description, state, *piece, plates);
-    tieChapas(*piece, plates.ids);
-    piece.close();
+    companions.others = chapas.ids;
+    companions.cotas = cotaPeca(description, state, *peca, chapas);
+    tieChapas(*peca, chapas.ids);
+    peca.close();
 
-    enterInMaterialList(state.views, description.listsAtOwnPoint ? point : picked, piece.id(),
-                        plates, companions);
-    turn(description, picked, piece.id(), companions);
+    enterInMaterialList(state.vistas, description.listsAtOwnPoint ? point : picked, peca.id(),
+                        chapas, companions);
+    turn(description, picked, peca.id(), companions);
     return RTNORM;
 }
 
@@ -80,20 +80,21 @@ int placeOnePeca(const PerfilDescription& description, RunState& state,
 
 int generatePerfil(const PerfilDescription& description, RunState& state,
                    const ChapaLaying& layChapas) {
-    if (!state.views.pickAndGo) return placeOnePeca(description, state, layChapas);
+    if (!state.vistas.pickAndGo) return placeOnePeca(description, state, layChapas);
     return description.pickAndGo == PickAndGo::kDragsEnd ? dragPecas(description, state)
                                                          : drawBetweenPoints(description, state);
 }
 
-ZpObject::ZpVistas chosenVista(const VistasChoice& views) {
-    return views.secaoOnly ? ZpObject::kVistaSecao : static_cast<ZpObject::ZpVistas>(views.view);
+ZpObject::ZpVistas chosenVista(const VistasChoice& vistas) {
+    return vistas.secaoOnly ? ZpObject::kVistaSecao : static_cast<ZpObject::ZpVistas>(vistas.vista);
 }
 
 Shift insertionShift(const PerfilDescription& description, const RunState& state) {
-    const VistasChoice& views = state.views;
-    if (!views.secaoOnly) {
+    const VistasChoice& vistas = state.vistas;
+    if (!vistas.secaoOnly) {
         if (description.barraShift == nullptr) return {};
-        return description.barraShift(state.medidas, {views.view, views.alignment, views.length});
+        return description.barraShift(state.medidas,
+                                      {vistas.vista, vistas.alignment, vistas.comprimento});
     }
     const auto index = static_cast<std::size_t>(state.insertion);
     if (index >= description.insertions.size()) return {};
@@ -101,79 +102,78 @@ Shift insertionShift(const PerfilDescription& description, const RunState& state
 }
 
 int dragPecas(const PerfilDescription& description, const RunState& state) {
-    const auto view = static_cast<ZpObject::ZpVistas>(state.views.view);
+    const auto vista = static_cast<ZpObject::ZpVistas>(state.vistas.vista);
     for (;;) {
         AcGePoint3d start;
         if (getWCSpoint(start, description.startPrompt) != RTNORM) return RTNORM;
         AcGePoint3d end;
-        const PecaRequest request = requestFor(state, view);
-        std::unique_ptr<ZpObject> piece = makeBetween(description, start, end, request);
-        finish(description, state, request, *piece);
-        if (ZpObjectJig(std::move(piece)).run() != AcEdJig::kNormal) return RTNORM;
+        const PecaRequest request = requestFor(state, vista);
+        std::unique_ptr<ZpObject> peca = makeBetween(description, start, end, request);
+        finish(description, state, request, *peca);
+        if (ZpObjectJig(std::move(peca)).run() != AcEdJig::kNormal) return RTNORM;
     }
 }
 
 int drawBetweenPoints(const PerfilDescription& description, const RunState& state) {
-    const auto view = static_cast<ZpObject::ZpVistas>(state.views.view);
-    const PecaRequest request = requestFor(state, view);
+    const auto vista = static_cast<ZpObject::ZpVistas>(state.vistas.vista);
+    const PecaRequest request = requestFor(state, vista);
     for (;;) {
         AcGePoint3d start;
         AcGePoint3d end;
         if (askStartAndEnd(start, end) != RTNORM) return RTCAN;
-        std::unique_ptr<ZpObject> piece = makeBetween(description, start, end, request);
-        finish(description, state, request, *piece);
-        const OpenPeca resident(std::move(piece));
+        std::unique_ptr<ZpObject> peca = makeBetween(description, start, end, request);
+        finish(description, state, request, *peca);
+        const OpenPeca resident(std::move(peca));
     }
 }
 
 PecaCotas layOutCotas(const PerfilDescription& description, const RunState& state,
-                      const ZpObject& piece, double pitch) {
+                      const ZpObject& peca, double pitch) {
     AcGePoint3d faces[4];
-    piece.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
+    peca.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     AcGePoint3d origin;
-    (void)piece.StartPoint(origin);
-    PecaCotas dimensions(origin, faces);
-    if (state.views.secaoOnly) {
-        description.cotaSecao(dimensions, state.medidas);
-    } else if (state.views.view >= 1 && state.views.view <= 4) {
-        dimensions.width();
-        dimensions.height();
-        const AcGePoint3d plate(origin.x, faces[1].y, origin.z);
-        dimensions.add(plate, plate + dimensions.by(pitch, 0.0),
-                       plate + dimensions.off(0.0, -kFarLine));
+    (void)peca.StartPoint(origin);
+    PecaCotas cotas(origin, faces);
+    if (state.vistas.secaoOnly) {
+        description.cotaSecao(cotas, state.medidas);
+    } else if (state.vistas.vista >= 1 && state.vistas.vista <= 4) {
+        cotas.largura();
+        cotas.altura();
+        const AcGePoint3d chapa(origin.x, faces[1].y, origin.z);
+        cotas.add(chapa, chapa + cotas.by(pitch, 0.0), chapa + cotas.off(0.0, -kFarLine));
     }
-    return dimensions;
+    return cotas;
 }
 
 std::vector<AcDbObjectId> cotaPeca(const PerfilDescription& description, const RunState& state,
-                                   ZpObject& piece, const LaidChapas& plates) {
+                                   ZpObject& peca, const LaidChapas& chapas) {
     if (sharedCotaFlag() == 0) return {};
-    std::vector<AcDbObjectId> ids = layOutCotas(description, state, piece, plates.pitch).make();
-    for (AcDbObjectId id : ids) (void)piece.LinkDim(id);
+    std::vector<AcDbObjectId> ids = layOutCotas(description, state, peca, chapas.pitch).make();
+    for (AcDbObjectId id : ids) (void)peca.LinkDim(id);
     return ids;
 }
 
-PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas view) {
-    return {view, state.medidas, state.views.length, state.source};
+PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas vista) {
+    return {vista, state.medidas, state.vistas.comprimento, state.source};
 }
 
-void enterInMaterialList(const VistasChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
-                         LaidChapas& plates, Companions& companions) {
-    if (views.secaoOnly || !views.materialList) return;
-    const int pieces = pecaCount(views);
-    auto& [mark, firstMarca, secondMarca] = companions.marks;
-    if (plates.rows.empty()) {
-        (void)MatListPerfil(picked, pieces, piece, mark);
-    } else if (plates.rows.size() == 1) {
-        const ChapaRow& row = plates.rows[0];
-        (void)MatListPerfilChapa(picked, pieces, piece, mark, row.plate, firstMarca, row.count);
+void enterInMaterialList(const VistasChoice& vistas, const AcGePoint3d& picked, AcDbObjectId peca,
+                         LaidChapas& chapas, Companions& companions) {
+    if (vistas.secaoOnly || !vistas.materialList) return;
+    const int pecas = pecaCount(vistas);
+    auto& [marca, firstMarca, secondMarca] = companions.marcas;
+    if (chapas.rows.empty()) {
+        (void)MatListPerfil(picked, pecas, peca, marca);
+    } else if (chapas.rows.size() == 1) {
+        const ChapaRow& row = chapas.rows[0];
+        (void)MatListPerfilChapa(picked, pecas, peca, marca, row.chapa, firstMarca, row.count);
     } else {
-        (void)MatListPerfil2Chapas(picked, pieces, piece, mark, plates.rows[0], plates.rows[1]);
-        firstMarca = plates.rows[0].mark;
-        secondMarca = plates.rows[1].mark;
+        (void)MatListPerfil2Chapas(picked, pecas, peca, marca, chapas.rows[0], chapas.rows[1]);
+        firstMarca = chapas.rows[0].marca;
+        secondMarca = chapas.rows[1].marca;
     }
 }
 
-int pecaCount(const VistasChoice& views) { return std::max(1, views.pieces); }
+int pecaCount(const VistasChoice& vistas) { return std::max(1, vistas.pecas); }
 
 }  // namespace perfis

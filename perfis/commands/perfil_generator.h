@@ -18,7 +18,7 @@ int generatePerfil(const PerfilDescription& description, RunState& state,
                    const ChapaLaying& layChapas = nullptr);
 
 /// View of the next piece: the section, or the figure of the views dialog.
-ZpObject::ZpVistas chosenVista(const VistasChoice& views);
+ZpObject::ZpVistas chosenVista(const VistasChoice& vistas);
 
 /// From the picked point to the piece's own, by the section's insertion table or the member's
 /// alignment.
@@ -33,22 +33,22 @@ int drawBetweenPoints(const PerfilDescription& description, const RunState& stat
 /// Lays out the automatic dimensions of a piece that stands along X; `pitch` is that of its plates,
 /// 0 without plates.
 PecaCotas layOutCotas(const PerfilDescription& description, const RunState& state,
-                      const ZpObject& piece, double pitch);
+                      const ZpObject& peca, double pitch);
 
 /// Makes these dimensions when the shared flag asks for them, and ties them to the piece, which is
 /// open for write.
 std::vector<AcDbObjectId> cotaPeca(const PerfilDescription& description, const RunState& state,
-                                   ZpObject& piece, const LaidChapas& plates = {});
+                                   ZpObject& peca, const LaidChapas& chapas = {});
 
 /// What a new piece is made of, seen like this.
-PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas view);
+PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas vista);
 
 /// Enters a member and its plates in the material list when the user asked for that, and fills the
 /// companions' marks.
-void enterInMaterialList(const VistasChoice& views, const AcGePoint3d& picked, AcDbObjectId piece,
-                         LaidChapas& plates, Companions& companions);
+void enterInMaterialList(const VistasChoice& vistas, const AcGePoint3d& picked, AcDbObjectId peca,
+                         LaidChapas& chapas, Companions& companions);
 
 /// Number of pieces as the material list takes it: at least 1.
-int pecaCount(const VistasChoice& views);
+int pecaCount(const VistasChoice& vistas);
 
 }  // namespace perfis

@@ -61,9 +61,9 @@ void PerfilRun::open(ads_hdlg dialog) {
     showMedidas(dialog);
     setToggle(dialog, L"dimensionar", sharedCotaFlag() != 0);
     setToggle(dialog, L"visualizar", m_state.showInsertion);
-    setToggle(dialog, L"vista0", m_state.views.secaoOnly);
+    setToggle(dialog, L"vista0", m_state.vistas.secaoOnly);
     setSecaoModes(dialog);
-    enableTile(dialog, L"dimensionar", !m_state.views.pickAndGo);
+    enableTile(dialog, L"dimensionar", !m_state.vistas.pickAndGo);
     showOwnTiles(dialog);
     refresh(dialog);
     showPreview(dialog);
@@ -74,58 +74,58 @@ void PerfilRun::open(ads_hdlg dialog) {
 
 void PerfilRun::closed(int status) {
     if (status == kDialogAccepted) {
-        const ChapaLaying plates = chapaLaying();
+        const ChapaLaying chapas = chapaLaying();
         if (editing()) {
             m_editResult =
-                rebuildPeca(m_description, m_state, *m_edited, plates, shownPitch(*m_edited));
+                rebuildPeca(m_description, m_state, *m_edited, chapas, shownPitch(*m_edited));
             return;
         }
         // A refused point ends the command as normally as a drawn piece.
-        (void)generatePerfil(m_description, m_state, plates);
+        (void)generatePerfil(m_description, m_state, chapas);
     } else if (status == kDialogReopen) {
         // A views dialog that cannot be opened has said so; the choice stays.
-        (void)editVistas(m_description.slides, m_state.views, m_description.figures);
+        (void)editVistas(m_description.slides, m_state.vistas, m_description.figures);
         // A piece that stands is not placed by its points.
-        if (editing()) m_state.views.pickAndGo = false;
+        if (editing()) m_state.vistas.pickAndGo = false;
     }
 }
 
-int PerfilRun::edit(const PecaValues& piece) {
-    takePeca(piece);
-    m_edited = &piece;
+int PerfilRun::edit(const PecaValues& peca) {
+    takePeca(peca);
+    m_edited = &peca;
     m_editResult = RTCAN;
-    sharedCotaFlag() = piece.dimensioned ? 1 : 0;
+    sharedCotaFlag() = peca.hasCotas ? 1 : 0;
     const bool shown = runDialog();
     sharedCotaFlag() = 0;
     m_edited = nullptr;
     return shown ? m_editResult : RTERROR;
 }
 
-void PerfilRun::layAgain(const PecaValues& piece) {
-    takePeca(piece);
-    layChapasAgain(m_description, m_state, piece, chapaLaying());
+void PerfilRun::layAgain(const PecaValues& peca) {
+    takePeca(peca);
+    layChapasAgain(m_description, m_state, peca, chapaLaying());
 }
 
-bool PerfilRun::chapasHold(const PecaValues& piece) {
-    takePeca(piece);
+bool PerfilRun::chapasHold(const PecaValues& peca) {
+    takePeca(peca);
     return travejamentoSuits();
 }
 
-void PerfilRun::takePeca(const PecaValues& piece) {
-    m_state.medidas = medidasOf(m_description, piece.values);
-    m_state.barType = piece.barType;
+void PerfilRun::takePeca(const PecaValues& peca) {
+    m_state.medidas = medidasOf(m_description, peca.values);
+    m_state.tipoBarra = peca.tipoBarra;
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
         m_state.texts[i] = FormatInString(m_state.medidas.*m_description.tiles[i].value);
-    VistasChoice& views = m_state.views;
-    views.secaoOnly = piece.view == ZpObject::kVistaSecao;
-    views.length = piece.length;
-    views.materialList = piece.listed > 0;
-    views.pieces = piece.listed;
-    if (!views.secaoOnly) views.view = figureOf(m_description, piece.view, piece.turn);
+    VistasChoice& vistas = m_state.vistas;
+    vistas.secaoOnly = peca.vista == ZpObject::kVistaSecao;
+    vistas.comprimento = peca.comprimento;
+    vistas.materialList = peca.listed > 0;
+    vistas.pecas = peca.listed;
+    if (!vistas.secaoOnly) vistas.vista = figureOf(m_description, peca.vista, peca.giro);
 }
 
 void PerfilRun::setSecaoModes(ads_hdlg dialog) {
-    const bool secaoOnly = m_state.views.secaoOnly;
+    const bool secaoOnly = m_state.vistas.secaoOnly;
     enableTile(dialog, L"OutraVista", !secaoOnly);
     // The point of a piece that stands is not asked for.
     enableTile(dialog, L"visualizar", secaoOnly && !editing());
@@ -166,8 +166,8 @@ void PerfilRun::refresh(ads_hdlg dialog) {
 }
 
 bool PerfilRun::lacksComprimento() const {
-    const VistasChoice& views = m_state.views;
-    return !views.secaoOnly && !(views.length > 0.0) && !views.pickAndGo;
+    const VistasChoice& vistas = m_state.vistas;
+    return !vistas.secaoOnly && !(vistas.comprimento > 0.0) && !vistas.pickAndGo;
 }
 
 const wchar_t* PerfilRun::wrongTile() {

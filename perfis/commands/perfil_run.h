@@ -30,11 +30,11 @@ public:
     /// Opens the dialog with the values of a piece that this command makes, and rebuilds the piece
     /// in its place. RTNORM; RTCAN, and nothing changed, when the dialog was left; RTERROR when it
     /// could not be opened or the piece could not be changed.
-    int edit(const PecaValues& piece);
+    int edit(const PecaValues& peca);
     /// Lays the plates of a laced piece again as its values now ask.
-    void layAgain(const PecaValues& piece);
+    void layAgain(const PecaValues& peca);
     /// True when its plates could be laid again.
-    bool chapasHold(const PecaValues& piece);
+    bool chapasHold(const PecaValues& peca);
 
 protected:
     const PerfilDescription& description() const { return m_description; }
@@ -66,7 +66,7 @@ protected:
     /// True when the plates, if there are any, suit section and length as they are now.
     virtual bool travejamentoSuits() { return true; }
     /// Takes a piece that is about to be edited into the state.
-    virtual void takePeca(const PecaValues& piece);
+    virtual void takePeca(const PecaValues& peca);
     /// Last word before the drawing is made; what lays the plates, null for a piece without any.
     virtual ChapaLaying chapaLaying() { return nullptr; }
     /// Pitch of a piece's plates when this command dimensions it, else 0.

@@ -9,8 +9,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr MedidaTile kTiles[] = {{L"d", &Medidas::d, L"0"}};
 
@@ -22,7 +22,7 @@ Medida wrong(const Medidas& m) { return firstNotPositive(m, {&Medidas::d}); }
 
 std::wstring rowOfBarra(ads_hdlg dialog) { return tileText(dialog, L"d"); }
 
-void cotaSecao(PecaCotas& d, const Medidas&) { d.width(); }
+void cotaSecao(PecaCotas& d, const Medidas&) { d.largura(); }
 
 const PerfilDescription kBarraRedonda = {
     .dialog = L"pbr_geracao",
@@ -34,7 +34,7 @@ const PerfilDescription kBarraRedonda = {
     .insertions = kRoundInsertions,
     .wrong = wrong,
     .barraShift = roundBarraShift,
-    .pieces = kPecaClass<ZpBarraRedonda, Classe::BarraRedonda>,
+    .pecas = kPecaClass<ZpBarraRedonda, Kind::BarraRedonda>,
     .values = kValues,
     .cotaSecao = cotaSecao,
 };

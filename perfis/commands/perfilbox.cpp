@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
@@ -50,7 +50,7 @@ const PerfilDescription kBox = {
     .insertions = kInsertions,
     .wrong = wrongHbt,
     .barraShift = boxBarraShift,
-    .pieces = kPecaClass<ZpBox, Classe::Box>,
+    .pecas = kPecaClass<ZpBox, Kind::Box>,
     .values = kValues,
     .cotaSecao = cotaWVT,
 };

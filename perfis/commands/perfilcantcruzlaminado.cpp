@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 double legAndHalfAv(const Medidas& m) { return m.h + m.av / 2.0; }
 
@@ -19,8 +19,8 @@ constexpr RoleValue kValues[] = {
 };
 
 void cotaSecao(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
+    d.largura();
+    d.altura();
     cotaVaoBelow(d, m);
     AcGePoint3d lower = d.at(0.0, -m.av / 2.0);
     lower.x = d.face(1).x;
@@ -41,13 +41,13 @@ const PerfilDescription kDescription = {
     .insertions = kOppositeCorners<halfAcrossVao, legAndHalfAv, legAndHalfAv>,
     .wrong = wrongVaoOrAv,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpCantCruzLaminada, Classe::CantCruzLaminada>,
+    .pecas = kPecaClass<ZpCantCruzLaminada, Kind::CantCruzLaminada>,
     .values = kValues,
     .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAboveAndRight,
     .chapaAltura = ChapaAltura::kUser,
     .minAltura = [](const Medidas& m) { return m.a; },

@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 /// The upper angle stands av above the lower one.
 double halfShiftedAltura(const Medidas& m) { return (m.h + m.av) / 2.0; }
@@ -20,8 +20,8 @@ constexpr RoleValue kValues[] = {
 };
 
 void cotaSecao(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
+    d.largura();
+    d.altura();
     d.add(d.face(3), d.face(3) + d.by(0.0, m.t), d.face(3) + d.off(kNearLine, 0.0));
     cotaVaoBelow(d, m);
 }
@@ -37,20 +37,20 @@ const PerfilDescription kDescription = {
     .insertions = kUpperCorners<halfAcrossVao, halfShiftedAltura>,
     .wrong = wrongVaoOrAv,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpCantZLaminada, Classe::CantZLaminada>,
+    .pecas = kPecaClass<ZpCantZLaminada, Kind::CantZLaminada>,
     .values = kValues,
     .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAboveAndRight,
     .chapaAltura = ChapaAltura::kUser,
     .minAltura = [](const Medidas& m) { return m.a; },
     .maxAltura = [](const Medidas& m) { return m.a + 2.0 * m.b; },
     .layChapas =
-        [](const BarraTravejada& member) {
-            return layOnFace(member, halfShiftedAltura(member.medidas));
+        [](const BarraTravejada& barra) {
+            return layOnFace(barra, halfShiftedAltura(barra.medidas));
         },
 };
 

@@ -9,21 +9,21 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::RoleValues;
+using enum zp::secao::Role;
 
 /// The lips stand out of the height h, which is that of the tops.
 double halfAlturaWithAbas(const Medidas& m) { return m.h / 2.0 - m.t + m.e; }
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},  {B2, &Medidas::b},  {T, &Medidas::t},
-    {Ri, &Medidas::t}, {Vao, &Medidas::a}, {Aba, &Medidas::e}, {Especie, kCartolas},
+    {Ri, &Medidas::t}, {Vao, &Medidas::a}, {Aba, &Medidas::e}, {Species, kCartolas},
 };
 
 void cotaSecao(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
+    d.largura();
+    d.altura();
     d.add(d.face(2) - d.by(m.t, 0.0), d.face(2), d.face(2) + d.off(0.0, kNearLine));
     cotaVaoBelow(d, m);
     d.add(d.face(2) - d.by(0.0, m.e), d.face(2), d.face(2) + d.off(kNearLine, 0.0));
@@ -39,14 +39,14 @@ const PerfilDescription kDescription = {
     .insertions = kFourCorners<halfAcrossVao, halfAlturaWithAbas>,
     .wrong = wrongVaoOrAba,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpIDobrado, Classe::IDobrado>,
+    .pecas = kPecaClass<ZpIDobrado, Kind::IDobrado>,
     .values = kValues,
-    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] == kCartolas; },
+    .draws = [](const RoleValues& v) { return v[Aba] != 0.0 && v[Species] == kCartolas; },
     .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAll,
     .chapaAltura = ChapaAltura::kClearance,
     .minAltura = [](const Medidas& m) { return m.a - 1.0; },

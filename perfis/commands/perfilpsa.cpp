@@ -11,9 +11,9 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::RoleValues;
+using enum zp::secao::Role;
 
 constexpr MedidaTile kTiles[] = {
     {L"h", &Medidas::h, L"0"},   {L"bb", &Medidas::bb, L"0"}, {L"tb", &Medidas::tb, L"0"},
@@ -38,17 +38,17 @@ Medida wrong(const Medidas& m) {
 }
 
 /// The form of the class with two flanges has the view among the numbers.
-constexpr PecaClass kPieces{
-    Classe::ISoldado,
-    [](const AcGePoint3d& point, ZpObject::ZpVistas view,
-       const Dados& v) -> std::unique_ptr<ZpObject> {
+constexpr PecaClass kPecas{
+    Kind::ISoldado,
+    [](const AcGePoint3d& point, ZpObject::ZpVistas vista,
+       const RoleValues& v) -> std::unique_ptr<ZpObject> {
         return std::make_unique<ZpISoldado>(point, v[H], v[Bc], v[Bb], v[Tc], v[Tb], v[Tw], v[L],
-                                            view, 0.0, 0.0, 0.0);
+                                            vista, 0.0, 0.0, 0.0);
     },
-    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas view,
-       const Dados& v) -> std::unique_ptr<ZpObject> {
+    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas vista,
+       const RoleValues& v) -> std::unique_ptr<ZpObject> {
         return std::make_unique<ZpISoldado>(start, end, v[H], v[Bc], v[Bb], v[Tc], v[Tb], v[Tw],
-                                            view, 0.0, 0.0);
+                                            vista, 0.0, 0.0);
     }};
 
 constexpr RoleValue kValues[] = {
@@ -92,9 +92,9 @@ const PerfilDescription kPsa = {
     .insertions = kBoxEdges<&Medidas::bc>,
     .wrong = wrong,
     .barraShift = nullptr,
-    .pieces = kPieces,
+    .pecas = kPecas,
     .values = kValues,
-    .draws = [](const Dados& v) { return v.variante == 1; },
+    .draws = [](const RoleValues& v) { return v.variant == 1; },
     .cotaSecao = cotaSecao,
     .insertionPrompt = kIInsertionPrompt,
     .startPrompt = L"\nIndique o ponto inicial do perfil:",

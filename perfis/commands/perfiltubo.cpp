@@ -9,9 +9,9 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::RoleValues;
+using enum zp::secao::Role;
 
 constexpr MedidaTile kTiles[] = {
     {L"d", &Medidas::d, L"0"},
@@ -19,19 +19,20 @@ constexpr MedidaTile kTiles[] = {
 };
 
 std::unique_ptr<ZpObject> between(const AcGePoint3d& start, const AcGePoint3d& end,
-                                  ZpObject::ZpVistas view, const Dados& v) {
-    return std::make_unique<ZpTubo>(start, end, view, v[D], v[Dint]);
+                                  ZpObject::ZpVistas vista, const RoleValues& v) {
+    return std::make_unique<ZpTubo>(start, end, vista, v[D], v[Dint]);
 }
 
 /// The class has no form with one point.
-constexpr PecaClass kPieces{Classe::Tubo,
-                            [](const AcGePoint3d& point, ZpObject::ZpVistas view, const Dados& v) {
-                                return between(point, point + AcGeVector3d::kXAxis * v[L], view, v);
-                            },
-                            between};
+constexpr PecaClass kPecas{
+    Kind::Tubo,
+    [](const AcGePoint3d& point, ZpObject::ZpVistas vista, const RoleValues& v) {
+        return between(point, point + AcGeVector3d::kXAxis * v[L], vista, v);
+    },
+    between};
 
 /// The dialog has the wall, the class the inner diameter.
-void paredeOf(Medidas& m, const Dados& v) { m.di = (v[D] - v[Dint]) / 2.0; }
+void paredeOf(Medidas& m, const RoleValues& v) { m.di = (v[D] - v[Dint]) / 2.0; }
 
 constexpr RoleValue kValues[] = {
     {D, &Medidas::d},
@@ -67,7 +68,7 @@ const PerfilDescription kTubo = {
     .insertions = kRoundInsertions,
     .wrong = wrong,
     .barraShift = roundBarraShift,
-    .pieces = kPieces,
+    .pecas = kPecas,
     .values = kValues,
     .readBack = paredeOf,
     .cotaSecao = cotaSecao,

@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},
@@ -25,9 +25,9 @@ constexpr RoleValue kValues[] = {
 };
 
 void cotaSecao(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
-    d.thickness(rolledUToe(m));
+    d.largura();
+    d.altura();
+    d.espessura(rolledUToe(m));
 }
 
 const PerfilDescription kPerfilULaminado = {
@@ -41,7 +41,7 @@ const PerfilDescription kPerfilULaminado = {
     .insertions = kUInsertions,
     .wrong = wrongHbt,
     .barraShift = uBarraShift,
-    .pieces = kPecaClass<ZpULaminado, Classe::ULaminado>,
+    .pecas = kPecaClass<ZpULaminado, Kind::ULaminado>,
     .values = kValues,
     .faces = kChannelFaces,
     .cotaSecao = cotaSecao,

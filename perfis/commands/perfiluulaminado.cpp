@@ -9,8 +9,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},
@@ -36,13 +36,13 @@ const PerfilDescription kDescription = {
     .insertions = kFourCorners<halfOutsideLargura, halfAltura>,
     .wrong = wrongLargura,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpUULaminado, Classe::UULaminado>,
+    .pecas = kPecaClass<ZpUULaminado, Kind::UULaminado>,
     .values = kValues,
     .cotaSecao = cotaFacing,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kWidth,
+    .clearance = Clearance::kLargura,
     .sides = SidesDrawn::kAll,
     .chapaAltura = ChapaAltura::kUser,
     .minAltura = [](const Medidas& m) { return m.a - 2.0 * m.b; },

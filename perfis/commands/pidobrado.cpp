@@ -9,8 +9,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {B2, &Medidas::b},
@@ -32,13 +32,13 @@ const PerfilDescription kDescription = {
     .insertions = kFourCorners<halfAcrossVao, halfAltura>,
     .wrong = wrongVao,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpIDobrado, Classe::IDobrado>,
+    .pecas = kPecaClass<ZpIDobrado, Kind::IDobrado>,
     .values = kValues,
     .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAll,
     .chapaAltura = ChapaAltura::kClearance,
     .minAltura = [](const Medidas& m) { return m.a - 1.0; },

@@ -9,9 +9,9 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::RoleValues;
+using enum zp::secao::Role;
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},  {B2, &Medidas::b},  {T, &Medidas::t},
@@ -34,14 +34,14 @@ const PerfilDescription kDescription = {
     .insertions = kFourCorners<halfAcrossVao, halfAltura>,
     .wrong = wrongVaoOrAba,
     .barraShift = nullptr,
-    .pieces = kPecaClass<ZpIDobrado, Classe::IDobrado>,
+    .pecas = kPecaClass<ZpIDobrado, Kind::IDobrado>,
     .values = kValues,
-    .draws = [](const Dados& v) { return v[Aba] != 0.0 && v[Especie] != kCartolas; },
+    .draws = [](const RoleValues& v) { return v[Aba] != 0.0 && v[Species] != kCartolas; },
     .cotaSecao = cotaSecao,
 };
 
 constexpr BuiltUpRule kRule = {
-    .clearance = Clearance::kGap,
+    .clearance = Clearance::kVao,
     .sides = SidesDrawn::kAll,
     .chapaAltura = ChapaAltura::kUser,
     .minAltura = [](const Medidas& m) { return m.a; },

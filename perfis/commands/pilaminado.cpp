@@ -15,9 +15,9 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::RoleValues;
+using enum zp::secao::Role;
 
 constexpr const wchar_t* kInconsistent =
     L"Listas de favoritos inconsistentes. Contate o suporte.\n";
@@ -32,25 +32,25 @@ constexpr MedidaTile kTiles[] = {
 /// mm2, in the factors in which the trade has it.
 double areaOf(const Medidas& m) { return m.m * 100.0 * 1.271848; }
 
-void addType(Dados& values, const PecaRequest& request) {
-    values[Tipo] = rolledSource(request.source).secaoType;
+void addType(RoleValues& values, const PecaRequest& request) {
+    values[Type] = rolledSource(request.source).secaoType;
 }
 
-ZpILaminadoUSA::ISolType typeOf(const Dados& v) {
-    return static_cast<ZpILaminadoUSA::ISolType>(v[Tipo]);
+ZpILaminadoUSA::ISolType typeOf(const RoleValues& v) {
+    return static_cast<ZpILaminadoUSA::ISolType>(v[Type]);
 }
 
 /// The class takes its type as an enumeration among the numbers.
-constexpr PecaClass kPieces{
-    Classe::ILaminadoUSA,
-    [](const AcGePoint3d& point, ZpObject::ZpVistas view,
-       const Dados& v) -> std::unique_ptr<ZpObject> {
-        return std::make_unique<ZpILaminadoUSA>(point, view, v[H], v[B1], v[Tw], v[Tf1], typeOf(v),
+constexpr PecaClass kPecas{
+    Kind::ILaminadoUSA,
+    [](const AcGePoint3d& point, ZpObject::ZpVistas vista,
+       const RoleValues& v) -> std::unique_ptr<ZpObject> {
+        return std::make_unique<ZpILaminadoUSA>(point, vista, v[H], v[B1], v[Tw], v[Tf1], typeOf(v),
                                                 0.0, 0.0, v[L], v[A], v[M]);
     },
-    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas view,
-       const Dados& v) -> std::unique_ptr<ZpObject> {
-        return std::make_unique<ZpILaminadoUSA>(start, end, view, v[H], v[B1], v[Tw], v[Tf1],
+    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas vista,
+       const RoleValues& v) -> std::unique_ptr<ZpObject> {
+        return std::make_unique<ZpILaminadoUSA>(start, end, vista, v[H], v[B1], v[Tw], v[Tf1],
                                                 typeOf(v), 0.0, v[A], v[M]);
     }};
 
@@ -69,7 +69,7 @@ const PerfilDescription kPerfilIL = {
     .insertions = kBoxEdges<&Medidas::b>,
     .wrong = wrongHbta,
     .barraShift = boxBarraShift,
-    .pieces = kPieces,
+    .pecas = kPecas,
     .values = kValues,
     .complete = addType,
     .cotaSecao = cotaISecao,
@@ -89,7 +89,7 @@ protected:
     void showList(ads_hdlg dialog) override;
     void pickRow(ads_hdlg dialog, int index) override;
     bool loadsOnce() const override { return true; }
-    void takePeca(const PecaValues& piece) override;
+    void takePeca(const PecaValues& peca) override;
     bool listsFit(std::wstring_view folder) const override;
 
 private:
@@ -137,9 +137,9 @@ bool RolledRun::listsFit(std::wstring_view folder) const {
 }
 
 /// The list of the piece's type; European and American ones have their own.
-void RolledRun::takePeca(const PecaValues& piece) {
-    PerfilRun::takePeca(piece);
-    const auto type = static_cast<int>(piece.values[zp::secao::Papel::Tipo]);
+void RolledRun::takePeca(const PecaValues& peca) {
+    PerfilRun::takePeca(peca);
+    const auto type = static_cast<int>(peca.values[zp::secao::Role::Type]);
     for (int i = 0; i < kRolledSourceCount; ++i)
         if (rolledSource(i).secaoType == type) state().source = i;
     selected() = kLikePeca;

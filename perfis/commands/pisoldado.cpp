@@ -13,8 +13,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr MedidaTile kTiles[] = {
     {L"h", &Medidas::h, L"0"},
@@ -28,8 +28,8 @@ constexpr RoleValue kValues[] = {
     {Tw, &Medidas::a}, {Tc, &Medidas::t}, {M, &Medidas::m},
 };
 
-void setSeries(ZpObject& piece, const PecaRequest& request) {
-    (void)static_cast<ZpISoldado&>(piece).setSubType(
+void setSeries(ZpObject& peca, const PecaRequest& request) {
+    (void)static_cast<ZpISoldado&>(peca).setSubType(
         static_cast<ZpISoldado::SubType>(request.source));
 }
 
@@ -44,7 +44,7 @@ const PerfilDescription kVigaI = {
     .insertions = kBoxEdges<&Medidas::b>,
     .wrong = wrongHbta,
     .barraShift = boxBarraShift,
-    .pieces = kPecaClass<ZpISoldado, Classe::ISoldado>,
+    .pecas = kPecaClass<ZpISoldado, Kind::ISoldado>,
     .values = kValues,
     .cotaSecao = cotaISecao,
     .insertionPrompt = kIInsertionPrompt,
@@ -71,9 +71,9 @@ protected:
     }
     bool listsFit(std::wstring_view folder) const override;
     void keepEdits(const std::wstring& path) override;
-    void takePeca(const PecaValues& piece) override {
-        PerfilRun::takePeca(piece);
-        state().source = piece.series;
+    void takePeca(const PecaValues& peca) override {
+        PerfilRun::takePeca(peca);
+        state().source = peca.series;
     }
 
 private:

@@ -8,9 +8,9 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::Dados;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::RoleValues;
+using enum zp::secao::Role;
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
@@ -47,10 +47,10 @@ const PerfilDescription kPerfilUEnrijecido = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .barraShift = uBarraShift,
-    .pieces = kPecaClass<ZpUDobrado, Classe::UDobrado>,
+    .pecas = kPecaClass<ZpUDobrado, Kind::UDobrado>,
     .values = kValues,
     .faces = kChannelFaces,
-    .draws = [](const Dados& v) { return v[Aba] != 0.0; },
+    .draws = [](const RoleValues& v) { return v[Aba] != 0.0; },
     .cotaSecao = cotaSecao,
 };
 

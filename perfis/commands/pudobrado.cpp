@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},   {B2, &Medidas::b},   {T, &Medidas::t},
@@ -27,7 +27,7 @@ const PerfilDescription kPerfilU = {
     .insertions = kUInsertions,
     .wrong = wrongHbt,
     .barraShift = uBarraShift,
-    .pieces = kPecaClass<ZpUDobrado, Classe::UDobrado>,
+    .pecas = kPecaClass<ZpUDobrado, Kind::UDobrado>,
     .values = kValues,
     .faces = kChannelFaces,
     .cotaSecao = cotaWVT,

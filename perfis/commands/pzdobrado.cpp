@@ -8,8 +8,8 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Classe;
-using enum zp::secao::Papel;
+using zp::secao::Kind;
+using enum zp::secao::Role;
 
 constexpr Insertion kInsertions[] = {
     {L"RIGHT DOWN",
@@ -23,7 +23,7 @@ constexpr Insertion kInsertions[] = {
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    return shiftByReach(symmetricReach(m.h, 2.0 * m.b - m.t, place.view), place);
+    return shiftByReach(symmetricReach(m.h, 2.0 * m.b - m.t, place.vista), place);
 }
 
 constexpr RoleValue kValues[] = {
@@ -32,8 +32,8 @@ constexpr RoleValue kValues[] = {
 };
 
 void cotaSecao(PecaCotas& d, const Medidas& m) {
-    d.width();
-    d.height();
+    d.largura();
+    d.altura();
     d.add(d.face(3), d.face(3) + d.by(0.0, m.t), d.face(3) + d.off(kNearLine, 0.0));
     d.add(d.face(3), d.face(3) + d.by(0.0, m.a), d.face(3) + d.off(kFarLine, 0.0));
 }
@@ -48,7 +48,7 @@ const PerfilDescription kPerfilZ = {
     .insertions = kInsertions,
     .wrong = wrongHbta,
     .barraShift = barraShift,
-    .pieces = kPecaClass<ZpZDobrado, Classe::ZDobrado>,
+    .pecas = kPecaClass<ZpZDobrado, Kind::ZDobrado>,
     .values = kValues,
     .cotaSecao = cotaSecao,
 };

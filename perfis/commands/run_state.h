@@ -17,11 +17,11 @@ namespace perfis {
 struct RunState {
     std::vector<std::wstring> texts;  ///< of the dimension tiles, saved before a visit to the views
     Medidas medidas;
-    VistasChoice views;
+    VistasChoice vistas;
     bool showInsertion = false;  ///< the preview marks the insertion point
     int insertion = 0;           ///< index in "ins_list"
     int slide = kFirstInsertionSlide;
-    int barType = 0;
+    int tipoBarra = 0;
     int selectedRow = 0;
     int source = 0;  ///< catalogue in force, where a command has several
 };

@@ -19,12 +19,12 @@ struct PecaRequest;
 /// always the same. Length and turn about the axis come from the request; roles that nobody gives
 /// are 0.
 struct RoleValue {
-    constexpr RoleValue(zp::secao::Papel role, Medida medida) : role(role), medida(medida) {}
-    constexpr RoleValue(zp::secao::Papel role, double (*rule)(const Medidas&))
+    constexpr RoleValue(zp::secao::Role role, Medida medida) : role(role), medida(medida) {}
+    constexpr RoleValue(zp::secao::Role role, double (*rule)(const Medidas&))
         : role(role), rule(rule) {}
-    constexpr RoleValue(zp::secao::Papel role, double constant) : role(role), constant(constant) {}
+    constexpr RoleValue(zp::secao::Role role, double constant) : role(role), constant(constant) {}
 
-    zp::secao::Papel role;
+    zp::secao::Role role;
     Medida medida = nullptr;
     double (*rule)(const Medidas&) = nullptr;
     double constant = 0.0;
@@ -33,39 +33,40 @@ struct RoleValue {
 /// How a figure of the views dialog is drawn: seen like this, after a turn about the piece's axis
 /// (radians).
 struct Face {
-    ZpObject::ZpVistas view = ZpObject::kVistaSecao;
-    double turn = 0.0;
+    ZpObject::ZpVistas vista = ZpObject::kVistaSecao;
+    double giro = 0.0;
 };
 
 /// Constructs the pieces of one section class from values by role.
 struct PecaClass {
-    zp::secao::Classe classe;
-    std::unique_ptr<ZpObject> (*atPoint)(const AcGePoint3d& point, ZpObject::ZpVistas view,
-                                         const zp::secao::Dados& values);
+    zp::secao::Kind kind;
+    std::unique_ptr<ZpObject> (*atPoint)(const AcGePoint3d& point, ZpObject::ZpVistas vista,
+                                         const zp::secao::RoleValues& values);
     std::unique_ptr<ZpObject> (*between)(const AcGePoint3d& start, const AcGePoint3d& end,
-                                         ZpObject::ZpVistas view, const zp::secao::Dados& values);
+                                         ZpObject::ZpVistas vista,
+                                         const zp::secao::RoleValues& values);
 };
 
 template <class Perfil, class... Where, std::size_t... I>
-std::unique_ptr<ZpObject> construct(std::index_sequence<I...>, const zp::secao::Papeis& roles,
-                                    const zp::secao::Dados& values, Where... where) {
+std::unique_ptr<ZpObject> construct(std::index_sequence<I...>, const zp::secao::Roles& roles,
+                                    const zp::secao::RoleValues& values, Where... where) {
     return std::make_unique<Perfil>(where..., values[roles[I]]...);
 }
 
 /// Class with one constructor of each form, its values in the order of the table of sections.
-template <class Perfil, zp::secao::Classe kClasse>
+template <class Perfil, zp::secao::Kind kKind>
 inline constexpr PecaClass kPecaClass{
-    kClasse,
-    [](const AcGePoint3d& point, ZpObject::ZpVistas view, const zp::secao::Dados& values) {
-        static constexpr zp::secao::Papeis kRoles = zp::secao::linha(kClasse).umPonto[0];
-        return construct<Perfil>(std::make_index_sequence<quantos(kRoles)>(), kRoles, values, point,
-                                 view);
+    kKind,
+    [](const AcGePoint3d& point, ZpObject::ZpVistas vista, const zp::secao::RoleValues& values) {
+        static constexpr zp::secao::Roles kRoles = zp::secao::row(kKind).onePoint[0];
+        return construct<Perfil>(std::make_index_sequence<count(kRoles)>(), kRoles, values, point,
+                                 vista);
     },
-    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas view,
-       const zp::secao::Dados& values) {
-        static constexpr zp::secao::Papeis kRoles = zp::secao::linha(kClasse).doisPontos[0];
-        return construct<Perfil>(std::make_index_sequence<quantos(kRoles)>(), kRoles, values, start,
-                                 end, view);
+    [](const AcGePoint3d& start, const AcGePoint3d& end, ZpObject::ZpVistas vista,
+       const zp::secao::RoleValues& values) {
+        static constexpr zp::secao::Roles kRoles = zp::secao::row(kKind).twoPoints[0];
+        return construct<Perfil>(std::make_index_sequence<count(kRoles)>(), kRoles, values, start,
+                                 end, vista);
     }};
 
 /// A new piece, in no drawing.
@@ -78,8 +79,8 @@ std::unique_ptr<ZpObject> makeBetween(const PerfilDescription& description,
 
 /// The dialog's numbers from the values of a drawn piece; those that its dialog does not have are
 /// 0.
-Medidas medidasOf(const PerfilDescription& description, const zp::secao::Dados& values);
+Medidas medidasOf(const PerfilDescription& description, const zp::secao::RoleValues& values);
 /// The figure that a member seen and turned like this was drawn as; the view where no figure fits.
-int figureOf(const PerfilDescription& description, ZpObject::ZpVistas view, double turn);
+int figureOf(const PerfilDescription& description, ZpObject::ZpVistas vista, double giro);
 
 }  // namespace perfis

@@ -18,8 +18,8 @@ constexpr const wchar_t* kToggle = L"travejar";
 
 class TravejamentoRun : public PerfilRun {
 public:
-    TravejamentoRun(const PerfilDescription& description, const ToggleTravejamento& lacing)
-        : PerfilRun(description), m_travejamento(lacing) {}
+    TravejamentoRun(const PerfilDescription& description, const ToggleTravejamento& travejamento)
+        : PerfilRun(description), m_travejamento(travejamento) {}
 
 protected:
     void wireOwnTiles(ads_hdlg dialog) override {
@@ -34,13 +34,13 @@ protected:
     std::optional<Fault> acceptFault(ads_hdlg dialog) override;
     bool travejamentoSuits() override;
     ChapaLaying chapaLaying() override;
-    void takePeca(const PecaValues& piece) override;
+    void takePeca(const PecaValues& peca) override;
 
 private:
-    bool isBarra() { return !state().views.secaoOnly && state().views.length > 0.0; }
+    bool isBarra() { return !state().vistas.secaoOnly && state().vistas.comprimento > 0.0; }
     TravejamentoLimites limits();
     bool openTravejamento();
-    LaidChapas layChapas(ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply);
+    LaidChapas layChapas(ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply);
     void onToggle(const ads_callback_packet& packet);
 
     const ToggleTravejamento& m_travejamento;
@@ -50,24 +50,24 @@ private:
 };
 
 TravejamentoLimites TravejamentoRun::limits() {
-    const VistasChoice& views = state().views;
-    TravejamentoLimites limites;
-    limites.somenteAltura = views.secaoOnly ? 1 : 0;
-    limites.pickngo = views.pickAndGo ? 1 : 0;
-    limites.comp = views.length;
-    limites.maxA = m_travejamento.maxAltura(state().medidas);
-    return limites;
+    const VistasChoice& vistas = state().vistas;
+    TravejamentoLimites limits;
+    limits.somenteAltura = vistas.secaoOnly ? 1 : 0;
+    limits.pickngo = vistas.pickAndGo ? 1 : 0;
+    limits.comp = vistas.comprimento;
+    limits.maxA = m_travejamento.maxAltura(state().medidas);
+    return limits;
 }
 
 /// False when the dialog was left without lacing.
 bool TravejamentoRun::openTravejamento() {
-    const VistasChoice& views = state().views;
+    const VistasChoice& vistas = state().vistas;
     TravejamentoParams params;
-    CalcPartes(params, views.length, m_spacing);
+    CalcPartes(params, vistas.comprimento, m_spacing);
     if (EditTravejamento(params, limits()) == 0 || params.A == 0.0) return false;
     m_chapas = params;
     m_kept.reset();
-    (void)CalcEspacamento(m_chapas, views.length, m_spacing);
+    (void)CalcEspacamento(m_chapas, vistas.comprimento, m_spacing);
     return true;
 }
 
@@ -81,26 +81,26 @@ void TravejamentoRun::onToggle(const ads_callback_packet& packet) {
     setToggle(packet.dialog, kToggle, false);
 }
 
-LaidChapas TravejamentoRun::layChapas(ZpObject& piece, const AcGePoint3d& point,
+LaidChapas TravejamentoRun::layChapas(ZpObject& peca, const AcGePoint3d& point,
                                       ChapaSupply& supply) {
     const Medidas& medidas = state().medidas;
-    ChapaMaker maker(piece, {m_chapas.C, medidas.t, m_chapas.A}, supply);
+    ChapaMaker maker(peca, {m_chapas.C, medidas.t, m_chapas.A}, supply);
     // The view of the piece, not of the dialog: an angle seen from the left is drawn as seen from
     // the right, after half a turn.
-    const bool onEdge = piece.vista() == ZpObject::kVistaDireita;
-    const bool turned = zp::edicao::valoresDe(piece)[zp::secao::Papel::Giro] != 0.0;
+    const bool onEdge = peca.vista() == ZpObject::kVistaDireita;
+    const bool turned = zp::edit::valuesOf(peca)[zp::secao::Role::Giro] != 0.0;
     const double line = m_travejamento.edgeRow(medidas);
     const ChapaRule rule = onEdge ? onEdgeSwapped(turned ? -line : line) : flat(m_chapas.A / 2.0);
-    LaidChapas plates;
-    plates.ids = maker.row(point, {state().views.length, m_spacing}, rule);
-    plates.rows.push_back({plates.ids[1], static_cast<int>(plates.ids.size()), {}});
-    return plates;
+    LaidChapas chapas;
+    chapas.ids = maker.row(point, {state().vistas.comprimento, m_spacing}, rule);
+    chapas.rows.push_back({chapas.ids[1], static_cast<int>(chapas.ids.size()), {}});
+    return chapas;
 }
 
-void TravejamentoRun::takePeca(const PecaValues& piece) {
-    PerfilRun::takePeca(piece);
-    m_kept = travejamentoOf(piece);
-    m_chapas = m_kept->plates;
+void TravejamentoRun::takePeca(const PecaValues& peca) {
+    PerfilRun::takePeca(peca);
+    m_kept = travejamentoOf(peca);
+    m_chapas = m_kept->chapas;
 }
 
 std::optional<Fault> TravejamentoRun::acceptFault(ads_hdlg dialog) {
@@ -111,29 +111,29 @@ std::optional<Fault> TravejamentoRun::acceptFault(ads_hdlg dialog) {
 
 /// Section and length may have changed since the lacing was edited.
 bool TravejamentoRun::travejamentoSuits() {
-    if (m_chapas.A == 0.0 || !isBarra() || state().views.pickAndGo) return true;
-    const double length = state().views.length;
-    const double spacing = m_kept ? spacingFor(*m_kept, length) : m_spacing;
+    if (m_chapas.A == 0.0 || !isBarra() || state().vistas.pickAndGo) return true;
+    const double comprimento = state().vistas.comprimento;
+    const double spacing = m_kept ? spacingFor(*m_kept, comprimento) : m_spacing;
     TravejamentoParams params = m_chapas;
     double fitted = spacing;
-    CalcPartes(params, length, fitted);
+    CalcPartes(params, comprimento, fitted);
     return spacing > params.C && !travejamentoFault(params, limits()) &&
-           rowHolds({length, spacing}, params.C);
+           rowHolds({comprimento, spacing}, params.C);
 }
 
 ChapaLaying TravejamentoRun::chapaLaying() {
     if (m_chapas.A <= 0.0 || !isBarra()) return nullptr;
-    if (m_kept) m_spacing = spacingFor(*m_kept, state().views.length);
-    return [this](ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply) {
-        return layChapas(piece, point, supply);
+    if (m_kept) m_spacing = spacingFor(*m_kept, state().vistas.comprimento);
+    return [this](ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply) {
+        return layChapas(peca, point, supply);
     };
 }
 
 }  // namespace
 
 std::unique_ptr<PerfilRun> makeTravejado(const PerfilDescription& description,
-                                         const ToggleTravejamento& lacing) {
-    return std::make_unique<TravejamentoRun>(description, lacing);
+                                         const ToggleTravejamento& travejamento) {
+    return std::make_unique<TravejamentoRun>(description, travejamento);
 }
 
 }  // namespace perfis

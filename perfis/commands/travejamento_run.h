@@ -14,6 +14,6 @@ struct ToggleTravejamento {
 
 /// A run of a profile command with lacing.
 std::unique_ptr<PerfilRun> makeTravejado(const PerfilDescription& description,
-                                         const ToggleTravejamento& lacing);
+                                         const ToggleTravejamento& travejamento);
 
 }  // namespace perfis

@@ -11,38 +11,39 @@ namespace {
 /// Plates whose lines are nearer than this are one row, mm.
 constexpr double kSameRow = 1e-6;
 
-bool isFlat(const ChapaValues& plate) { return plate.view == ZpObject::kVistaEsquerda; }
+bool isFlat(const ChapaValues& chapa) { return chapa.vista == ZpObject::kVistaEsquerda; }
 
 /// In a section a plate shows its thickness and its height: lying, standing, or as a rectangle of
 /// its own without depth.
-PecaTravejamento inSecao(const PecaValues& piece) {
-    PecaTravejamento lacing;
+PecaTravejamento inSecao(const PecaValues& peca) {
+    PecaTravejamento travejamento;
     bool lying = false;
     bool standing = false;
-    for (const ChapaValues& plate : piece.plates) {
-        if (!isFlat(plate)) {
-            lacing.plates.A = plate.d1;
+    for (const ChapaValues& chapa : peca.chapas) {
+        if (!isFlat(chapa)) {
+            travejamento.chapas.A = chapa.d1;
             continue;
         }
-        const bool lies = plate.d2 <= plate.d3;
+        const bool lies = chapa.d2 <= chapa.d3;
         lying = lying || lies;
         standing = standing || !lies;
-        lacing.plates.A = std::max(plate.d2, plate.d3);
-        if (plate.d1 != kUnknownLargura) lacing.plates.C = plate.d1;
+        travejamento.chapas.A = std::max(chapa.d2, chapa.d3);
+        if (chapa.d1 != kUnknownLargura) travejamento.chapas.C = chapa.d1;
     }
     if (lying != standing)
-        lacing.planes = lying ? TravejamentoPlanes::kHorizontal : TravejamentoPlanes::kVertical;
-    return lacing;
+        travejamento.planes =
+            lying ? TravejamentoPlanes::kHorizontal : TravejamentoPlanes::kVertical;
+    return travejamento;
 }
 
 /// Places of plates on the line of the first one. A plate may stand on another one: where the
 /// spacing and the width add up, the last one between the ends meets the far end.
-int firstRow(const PecaValues& piece) {
-    const ChapaValues& first = piece.plates.front();
+int firstRow(const PecaValues& peca) {
+    const ChapaValues& first = peca.chapas.front();
     std::vector<double> places;
-    for (const ChapaValues& plate : piece.plates)
-        if (isFlat(plate) == isFlat(first) && std::abs(plate.y - first.y) <= kSameRow)
-            places.push_back(plate.x);
+    for (const ChapaValues& chapa : peca.chapas)
+        if (isFlat(chapa) == isFlat(first) && std::abs(chapa.y - first.y) <= kSameRow)
+            places.push_back(chapa.x);
     std::ranges::sort(places);
     const auto same = [](double a, double b) { return b - a <= kSameRow; };
     const auto repeated = std::ranges::unique(places, same);
@@ -51,35 +52,36 @@ int firstRow(const PecaValues& piece) {
 
 }  // namespace
 
-PecaTravejamento travejamentoOf(const PecaValues& piece) {
-    if (piece.plates.empty()) return {};
-    if (piece.view == ZpObject::kVistaSecao) return inSecao(piece);
-    const ChapaValues& first = piece.plates.front();
-    PecaTravejamento lacing;
-    lacing.plates = {first.d3, first.d1, std::max(1, firstRow(piece) - 1)};
-    lacing.pitch = chapaPitch(piece);
-    lacing.length = piece.comprimentoTravejado;
-    const bool flat = std::ranges::any_of(piece.plates, isFlat);
-    const bool onEdge = !std::ranges::all_of(piece.plates, isFlat);
-    if (flat == onEdge) return lacing;
+PecaTravejamento travejamentoOf(const PecaValues& peca) {
+    if (peca.chapas.empty()) return {};
+    if (peca.vista == ZpObject::kVistaSecao) return inSecao(peca);
+    const ChapaValues& first = peca.chapas.front();
+    PecaTravejamento travejamento;
+    travejamento.chapas = {first.d3, first.d1, std::max(1, firstRow(peca) - 1)};
+    travejamento.pitch = chapaPitch(peca);
+    travejamento.comprimento = peca.comprimentoTravejado;
+    const bool flat = std::ranges::any_of(peca.chapas, isFlat);
+    const bool onEdge = !std::ranges::all_of(peca.chapas, isFlat);
+    if (flat == onEdge) return travejamento;
     // Seen from the side the horizontal plates stand on edge, seen from above the vertical ones.
-    const bool fromTheSide = piece.view == ZpObject::kVistaDireita;
-    lacing.planes =
+    const bool fromTheSide = peca.vista == ZpObject::kVistaDireita;
+    travejamento.planes =
         onEdge == fromTheSide ? TravejamentoPlanes::kHorizontal : TravejamentoPlanes::kVertical;
-    return lacing;
+    return travejamento;
 }
 
-double spacingFor(const PecaTravejamento& lacing, double length) {
-    double spacing = lacing.pitch;
-    const bool asLong = std::abs(length - lacing.length) <= kSameRow;
-    if (!asLong || !(spacing > 0.0)) (void)CalcEspacamento(lacing.plates, length, spacing);
+double spacingFor(const PecaTravejamento& travejamento, double comprimento) {
+    double spacing = travejamento.pitch;
+    const bool asLong = std::abs(comprimento - travejamento.comprimento) <= kSameRow;
+    if (!asLong || !(spacing > 0.0))
+        (void)CalcEspacamento(travejamento.chapas, comprimento, spacing);
     return spacing;
 }
 
-double chapaPitch(const PecaValues& piece) {
+double chapaPitch(const PecaValues& peca) {
     double pitch = 0.0;
-    for (const ChapaValues& plate : piece.plates)
-        if (plate.x > kSameRow && (pitch == 0.0 || plate.x < pitch)) pitch = plate.x;
+    for (const ChapaValues& chapa : peca.chapas)
+        if (chapa.x > kSameRow && (pitch == 0.0 || chapa.x < pitch)) pitch = chapa.x;
     return pitch;
 }
 

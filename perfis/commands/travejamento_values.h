@@ -9,19 +9,19 @@
 namespace perfis {
 
 struct PecaTravejamento {
-    TravejamentoParams plates;  ///< A = 0: no lacing
+    TravejamentoParams chapas;  ///< A = 0: no lacing
     TravejamentoPlanes planes = TravejamentoPlanes::kBoth;
-    double pitch = 0.0;   ///< of the plates that stand
-    double length = 0.0;  ///< of the member that they were laid for
+    double pitch = 0.0;        ///< of the plates that stand
+    double comprimento = 0.0;  ///< of the member that they were laid for
 };
 
-PecaTravejamento travejamentoOf(const PecaValues& piece);
+PecaTravejamento travejamentoOf(const PecaValues& peca);
 
 /// Spacing of the lacing in a member of this length: where that is its own nothing moves, in
 /// another one the number of parts stays.
-double spacingFor(const PecaTravejamento& lacing, double length);
+double spacingFor(const PecaTravejamento& travejamento, double comprimento);
 
 /// From the left edge of the first plate to that of the next one; 0 without a second one.
-double chapaPitch(const PecaValues& piece);
+double chapaPitch(const PecaValues& peca);
 
 }  // namespace perfis

@@ -34,11 +34,11 @@ void drawSlide(ads_hdlg dialog, const wchar_t* key, const std::wstring& slide, b
 
 }  // namespace
 
-std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int length) {
+std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int comprimento) {
     // Hosts differ in whether the length counts the terminator.
     wchar_t text[kLongestTile + 2] = {};
-    if (length > kLongestTile) length = kLongestTile;
-    if (ads_get_tile(dialog, key, text, length) != RTNORM) return {};
+    if (comprimento > kLongestTile) comprimento = kLongestTile;
+    if (ads_get_tile(dialog, key, text, comprimento) != RTNORM) return {};
     return text;
 }
 

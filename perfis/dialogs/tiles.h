@@ -14,8 +14,9 @@ namespace perfis {
 /// How many characters of a tile are read where nothing else is said.
 inline constexpr int kTileText = 79;
 
-/// Text of a tile, at most `length` characters; empty for a tile that the dialog does not have.
-std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int length = kTileText);
+/// Text of a tile, at most `comprimento` characters; empty for a tile that the dialog does not
+/// have.
+std::wstring tileText(ads_hdlg dialog, const wchar_t* key, int comprimento = kTileText);
 /// Leading number of a user's text; 0 when it is too large for a real.
 double typedReal(std::wstring_view text);
 /// The same of a tile's text.

@@ -29,8 +29,8 @@ void CALLB onButton(ads_callback_packet* packet) {
 
 }  // namespace
 
-int editTipoBarra(int& barType) {
-    int working = barType;
+int editTipoBarra(int& tipoBarra) {
+    int working = tipoBarra;
     const std::wstring path =
         dialogPath(installationFolder().value_or(L""), L"perfis.dcl").value_or(L"");
     int dialogFile = 0;
@@ -45,7 +45,7 @@ int editTipoBarra(int& barType) {
     int status = kDialogCancelled;
     (void)ads_start_dialog(dialog, &status);
     (void)ads_unload_dialog(dialogFile);
-    if (status == kDialogAccepted) barType = working;
+    if (status == kDialogAccepted) tipoBarra = working;
     return RTNORM;
 }
 

@@ -24,31 +24,31 @@ int wholeParts(double quotient) {
 }  // namespace
 
 std::optional<Fault> travejamentoFault(const TravejamentoParams& params,
-                                       const TravejamentoLimites& limites) {
+                                       const TravejamentoLimites& limits) {
     if (params.A == 0.0) return {};
-    if (limites.minA >= params.A)
-        return Fault{L"A deve ser maior que " + std::wstring(FormatInString(limites.minA)),
+    if (limits.minA >= params.A)
+        return Fault{L"A deve ser maior que " + std::wstring(FormatInString(limits.minA)),
                      L"altura"};
-    if (params.A > limites.maxA)
-        return Fault{L"A deve ser menor ou igual a " + std::wstring(FormatInString(limites.maxA)),
+    if (params.A > limits.maxA)
+        return Fault{L"A deve ser menor ou igual a " + std::wstring(FormatInString(limits.maxA)),
                      L"altura"};
-    if (limites.somenteAltura != 0) return {};
+    if (limits.somenteAltura != 0) return {};
     if (params.C <= 0.0) return Fault{L"C deve ser maior que 0.0", L"largura"};
-    const double half = 0.5 * limites.comp;
+    const double half = 0.5 * limits.comp;
     if (params.C >= half)
         return Fault{L"C deve ser menor que comp/2 (" + texts::fixed(half, 2) + L")", L"largura"};
     if (params.n <= 0) return Fault{L"n deve ser maior que 0", L"n_partes"};
     double L1 = 0.0;
-    (void)CalcEspacamento(params, limites.comp, L1);
+    (void)CalcEspacamento(params, limits.comp, L1);
     if (params.C < L1) return {};
     // The number shown is C, which the user can compare with the spacing in its own tile.
     return Fault{L"L1 deve ser maior que C (" + texts::fixed(params.C, 2) + L")", L"l_travejam"};
 }
 
-int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limites,
-                       wchar_t* mensagem) {
-    const std::optional<Fault> fault = travejamentoFault(params, limites);
-    if (fault && mensagem != nullptr) std::wcscpy(mensagem, fault->message.c_str());
+int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limits,
+                       wchar_t* message) {
+    const std::optional<Fault> fault = travejamentoFault(params, limits);
+    if (fault && message != nullptr) std::wcscpy(message, fault->message.c_str());
     return fault ? 0 : 1;
 }
 
@@ -66,6 +66,6 @@ void CalcPartes(TravejamentoParams& params, double comp, double& L1) {
     (void)CalcEspacamento(params, comp, L1);
 }
 
-ZpString FormatDim(double valor) { return texts::withoutZeros(texts::fixed(valor, 2)); }
+ZpString FormatDim(double value) { return texts::withoutZeros(texts::fixed(value, 2)); }
 
 }  // namespace perfis

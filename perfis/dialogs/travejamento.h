@@ -30,16 +30,16 @@ struct TravejamentoLimites {
 inline constexpr int kTravejamentoMessage = 400;
 
 /// Runs the dialog. 1 and `params` changed when it was accepted, else 0.
-int EditTravejamento(TravejamentoParams& params, const TravejamentoLimites& limites);
+int EditTravejamento(TravejamentoParams& params, const TravejamentoLimites& limits);
 
 /// The first fault of the values; nothing when they are acceptable.
 std::optional<Fault> travejamentoFault(const TravejamentoParams& params,
-                                       const TravejamentoLimites& limites);
+                                       const TravejamentoLimites& limits);
 
-/// 1 when the values are acceptable. 0 otherwise, with the reason and its terminator in `mensagem`
+/// 1 when the values are acceptable. 0 otherwise, with the reason and its terminator in `message`
 /// unless that is null.
-int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limites,
-                       wchar_t* mensagem);
+int ValidaTravejamento(const TravejamentoParams& params, const TravejamentoLimites& limits,
+                       wchar_t* message);
 
 /// Spacing of the plates, not below 0. 0, and L1 untouched, when n is 0.
 int CalcEspacamento(const TravejamentoParams& params, double comp, double& L1);
@@ -48,6 +48,6 @@ int CalcEspacamento(const TravejamentoParams& params, double comp, double& L1);
 void CalcPartes(TravejamentoParams& params, double comp, double& L1);
 
 /// At most two decimals, no trailing zeros.
-ZpString FormatDim(double valor);
+ZpString FormatDim(double value);
 
 }  // namespace perfis

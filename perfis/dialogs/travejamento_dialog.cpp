@@ -13,7 +13,7 @@ namespace {
 
 /// Client data of every tile: the callbacks work on it, never on the caller's values.
 struct Edited {
-    TravejamentoLimites limites;
+    TravejamentoLimites limits;
     TravejamentoParams params;
 
     void onAltura(const ads_callback_packet& packet) { params.A = texts::toReal(packet.value); }
@@ -30,7 +30,7 @@ void setDim(ads_hdlg dialog, const wchar_t* key, double value) {
 
 void Edited::showSpacing(ads_hdlg dialog) const {
     double L1 = 0.0;
-    if (CalcEspacamento(params, limites.comp, L1) != 0) setDim(dialog, L"l_travejam", L1);
+    if (CalcEspacamento(params, limits.comp, L1) != 0) setDim(dialog, L"l_travejam", L1);
 }
 
 void Edited::onLargura(const ads_callback_packet& packet) {
@@ -45,13 +45,13 @@ void Edited::onParts(const ads_callback_packet& packet) {
 
 void Edited::onSpacing(const ads_callback_packet& packet) {
     double L1 = texts::toReal(packet.value);
-    CalcPartes(params, limites.comp, L1);
+    CalcPartes(params, limits.comp, L1);
     setTile(packet.dialog, L"n_partes", params.n);
     setDim(packet.dialog, L"l_travejam", L1);
 }
 
 void Edited::onAccept(const ads_callback_packet& packet) {
-    if (const std::optional<Fault> fault = travejamentoFault(params, limites))
+    if (const std::optional<Fault> fault = travejamentoFault(params, limits))
         showFault(packet.dialog, *fault);
     else
         (void)ads_done_dialog(packet.dialog, kDialogAccepted);
@@ -61,9 +61,9 @@ template <void (Edited::*Method)(const ads_callback_packet&)>
 constexpr CLIENTFUNC callback = dialogCallback<Edited, Method>;
 
 void show(ads_hdlg dialog, const Edited& edited) {
-    const bool wholeTravejamento = edited.limites.somenteAltura == 0;
+    const bool wholeTravejamento = edited.limits.somenteAltura == 0;
     showSlide(dialog, L"tr_img", L"puf", L"trav");
-    enableTile(dialog, L"altura", edited.limites.alturaEditavel != 0);
+    enableTile(dialog, L"altura", edited.limits.alturaEditavel != 0);
     for (const wchar_t* const key : {L"largura", L"l_travejam", L"n_partes"})
         enableTile(dialog, key, wholeTravejamento);
     setDim(dialog, L"altura", edited.params.A);
@@ -84,14 +84,14 @@ void wire(ads_hdlg dialog, Edited& edited) {
         {L"largura", callback<&Edited::onLargura>},
     };
     for (const TileAction& action : kAlways) wireTile(dialog, action, &edited);
-    if (edited.limites.somenteAltura != 0) return;
+    if (edited.limits.somenteAltura != 0) return;
     for (const TileAction& action : kWholeTravejamento) wireTile(dialog, action, &edited);
 }
 
 }  // namespace
 
-int EditTravejamento(TravejamentoParams& params, const TravejamentoLimites& limites) {
-    Edited edited{limites, params};
+int EditTravejamento(TravejamentoParams& params, const TravejamentoLimites& limits) {
+    Edited edited{limits, params};
     const std::wstring path =
         dialogPath(installationFolder().value_or(L""), L"travejam.dcl").value_or(L"");
     int dialogFile = 0;

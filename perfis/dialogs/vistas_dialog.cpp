@@ -16,7 +16,7 @@ struct Figure {
     const wchar_t* key;
     const wchar_t* slide;
     const wchar_t* preview;
-    int view;
+    int vista;
 };
 constexpr Figure kFigures[] = {
     {L"fig1", L"BT1", L"VI1", 3},
@@ -27,9 +27,9 @@ constexpr Figure kFigures[] = {
 constexpr int kFigureCount = 4;
 
 /// View 3 and every unknown one are shown as the first figure.
-int previewOf(int view) {
+int previewOf(int vista) {
     for (int i = 0; i < kFigureCount; ++i)
-        if (kFigures[i].view == view) return i;
+        if (kFigures[i].vista == vista) return i;
     return 0;
 }
 
@@ -40,7 +40,7 @@ public:
           m_choice(choice),
           m_working(choice),
           m_figures(figures),
-          m_preview(previewOf(choice.view)) {}
+          m_preview(previewOf(choice.vista)) {}
 
 protected:
     void open(ads_hdlg dialog) override;
@@ -80,11 +80,11 @@ void VistasDialog::open(ads_hdlg dialog) {
     showSlide(dialog, L"fig0", L"", L"FLECHA");
     for (const Figure& figure : kFigures) showSlide(dialog, figure.key, m_library, figure.slide);
     showPreview(dialog);
-    m_shownComprimento = std::to_wstring(texts::realToInt(m_working.length));
+    m_shownComprimento = std::to_wstring(texts::realToInt(m_working.comprimento));
     m_comprimentoEdited = false;
     setTile(dialog, L"insertionP", m_working.alignment);
     setTile(dialog, L"ip", m_working.alignment);
-    setTile(dialog, L"num_pecas", m_working.pieces);
+    setTile(dialog, L"num_pecas", m_working.pecas);
     setTile(dialog, L"l", m_shownComprimento);
     setToggle(dialog, L"gerar_matlist", m_working.materialList);
     setToggle(dialog, L"pickngo", m_working.pickAndGo);
@@ -127,16 +127,16 @@ void VistasDialog::closed(int status) {
     } else if (status == kDialogReopen) {
         ads_real distance = 0.0;
         if (acedGetDist(nullptr, L"\nPonto inicial e final do perfil:", &distance) == RTNORM)
-            m_working.length = distance;
+            m_working.comprimento = distance;
     } else if (status == kDialogCancelled) {
-        if (m_choice.length == 0.0 && !m_choice.pickAndGo) m_choice.secaoOnly = true;
+        if (m_choice.comprimento == 0.0 && !m_choice.pickAndGo) m_choice.secaoOnly = true;
     }
 }
 
 /// What is typed counts, also when it is the text that was shown.
 void VistasDialog::onComprimento(const ads_callback_packet& packet) {
     m_comprimentoEdited = true;
-    m_working.length = typedReal(packet.value);
+    m_working.comprimento = typedReal(packet.value);
 }
 
 void VistasDialog::onFigure(const ads_callback_packet& packet) {
@@ -145,7 +145,7 @@ void VistasDialog::onFigure(const ads_callback_packet& packet) {
     for (int i = 0; i < kFigureCount; ++i) {
         if (std::wstring_view(key) != kFigures[i].key) continue;
         m_preview = i;
-        m_working.view = kFigures[i].view;
+        m_working.vista = kFigures[i].vista;
         showPreview(packet.dialog);
     }
 }
@@ -172,7 +172,7 @@ void VistasDialog::onPick(const ads_callback_packet& packet) {
 }
 
 void VistasDialog::onPecas(const ads_callback_packet& packet) {
-    m_working.pieces = texts::toInt(packet.value);
+    m_working.pecas = texts::toInt(packet.value);
 }
 
 void VistasDialog::onMaterialList(const ads_callback_packet& packet) {
@@ -190,15 +190,16 @@ void VistasDialog::onPickAndGo(const ads_callback_packet& packet) {
 void VistasDialog::onAccept(const ads_callback_packet& packet) {
     ads_hdlg dialog = packet.dialog;
     // The stored length keeps its decimals until the truncated text is edited.
-    const std::wstring length = tileText(dialog, L"l", 159);
-    if (m_comprimentoEdited || length != m_shownComprimento) m_working.length = typedReal(length);
-    const int pieces = texts::toInt(tileText(dialog, L"num_pecas"));
+    const std::wstring comprimento = tileText(dialog, L"l", 159);
+    if (m_comprimentoEdited || comprimento != m_shownComprimento)
+        m_working.comprimento = typedReal(comprimento);
+    const int pecas = texts::toInt(tileText(dialog, L"num_pecas"));
     m_working.materialList = texts::toInt(tileText(dialog, L"gerar_matlist")) != 0;
     m_working.pickAndGo = texts::toInt(tileText(dialog, L"pickngo")) != 0;
-    const bool drawable = m_working.length > 0.0 && m_working.length <= kLongestBarra;
+    const bool drawable = m_working.comprimento > 0.0 && m_working.comprimento <= kLongestBarra;
     if (!drawable && !m_working.pickAndGo) {
         showFault(dialog, {L"Erro: comprimento inválido.", L"l"});
-    } else if (pieces <= 0 && m_working.materialList && !m_working.pickAndGo) {
+    } else if (pecas <= 0 && m_working.materialList && !m_working.pickAndGo) {
         showFault(dialog, {L"Erro: número de peças inválido.", L"num_pecas"});
     } else {
         (void)ads_done_dialog(dialog, kDialogAccepted);

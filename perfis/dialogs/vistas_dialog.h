@@ -6,12 +6,12 @@ namespace perfis {
 
 /// What a command remembers of the views dialog.
 struct VistasChoice {
-    int view = 3;         ///< ZpObject::ZpVistas of the member
-    int alignment = 3;    ///< insertion code of the member, 1 to 9
-    double length = 0.0;  ///< mm
+    int vista = 3;             ///< ZpObject::ZpVistas of the member
+    int alignment = 3;         ///< insertion code of the member, 1 to 9
+    double comprimento = 0.0;  ///< mm
     bool secaoOnly = true;
     bool materialList = false;
-    int pieces = 0;          ///< in the material list
+    int pecas = 0;           ///< in the material list
     bool pickAndGo = false;  ///< pieces are placed by start and end point
 };
 

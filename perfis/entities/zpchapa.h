@@ -12,11 +12,11 @@ class ZpChapa : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpChapa);
     ZpChapa();
-    ZpChapa(const AcGePoint3d& origem, ZpVistas vista, double d1, double d2, double d3, double rot1,
+    ZpChapa(const AcGePoint3d& origin, ZpVistas vista, double d1, double d2, double d3, double rot1,
             double rot2);
 
-    Acad::ErrorStatus espessura(double& valor) const;
-    Acad::ErrorStatus largura(double& valor) const;
+    Acad::ErrorStatus espessura(double& value) const;
+    Acad::ErrorStatus largura(double& value) const;
     /// mm3.
     double getVolume() const;
 };

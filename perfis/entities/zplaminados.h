@@ -6,9 +6,9 @@
 
 /// Reads and changes one constructor value.
 #ifndef ZP_VALUE
-#define ZP_VALUE(NOME)                           \
-    Acad::ErrorStatus NOME(double& valor) const; \
-    Acad::ErrorStatus set##NOME(double valor);
+#define ZP_VALUE(NAME)                           \
+    Acad::ErrorStatus NAME(double& value) const; \
+    Acad::ErrorStatus set##NAME(double value);
 #endif
 
 /// Rolled equal angle turned by 45 degrees, heel at the left, at x = 2e. m = kg/m, A = area in mm2.
@@ -16,10 +16,10 @@ class ZpBNLaminado : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpBNLaminado);
     ZpBNLaminado();
-    ZpBNLaminado(const AcGePoint3d& ponto, ZpVistas vista, double h, double t, double e,
-                 double raio, double reservado1, double reservado2, double L, double m, double A);
-    ZpBNLaminado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                 double t, double e, double raio, double reservado1, double m, double A);
+    ZpBNLaminado(const AcGePoint3d& point, ZpVistas vista, double h, double t, double e,
+                 double radius, double reserved1, double reserved2, double L, double m, double A);
+    ZpBNLaminado(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                 double t, double e, double radius, double reserved1, double m, double A);
 
     ZP_VALUE(KgMetro)
     ZP_VALUE(Area)
@@ -32,11 +32,11 @@ class ZpCantLaminada : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpCantLaminada);
     ZpCantLaminada();
-    ZpCantLaminada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
-                   double ex, double ey, double raio, double reservado1, double reservado2,
+    ZpCantLaminada(const AcGePoint3d& point, ZpVistas vista, double h, double b, double t,
+                   double ex, double ey, double radius, double reserved1, double reserved2,
                    double L, double m, double A);
-    ZpCantLaminada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                   double b, double t, double ex, double ey, double raio, double reservado1,
+    ZpCantLaminada(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                   double b, double t, double ex, double ey, double radius, double reserved1,
                    double m, double A);
 
     ZP_VALUE(KgMetro)
@@ -52,11 +52,11 @@ class ZpCantLaminadaCaixa : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpCantLaminadaCaixa);
     ZpCantLaminadaCaixa();
-    ZpCantLaminadaCaixa(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
-                        double raio, double reservado1, double reservado2, double L, double m,
+    ZpCantLaminadaCaixa(const AcGePoint3d& point, ZpVistas vista, double h, double b, double t,
+                        double radius, double reserved1, double reserved2, double L, double m,
                         double A);
-    ZpCantLaminadaCaixa(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                        double b, double t, double raio, double reservado1, double m, double A);
+    ZpCantLaminadaCaixa(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                        double b, double t, double radius, double reserved1, double m, double A);
 
     ZP_VALUE(KgMetro)
     ZP_VALUE(Area)
@@ -69,12 +69,12 @@ class ZpULaminado : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpULaminado);
     ZpULaminado();
-    ZpULaminado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b1, double t, double b2,
-                double tf1, double tf2, double ex, double raio, double reservado1, double r,
+    ZpULaminado(const AcGePoint3d& point, ZpVistas vista, double h, double b1, double t, double b2,
+                double tf1, double tf2, double ex, double radius, double reserved1, double r,
                 double L, double A, double m);
-    ZpULaminado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                double b1, double t, double b2, double tf1, double tf2, double ex, double raio,
-                double reservado1, double A, double m);
+    ZpULaminado(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                double b1, double t, double b2, double tf1, double tf2, double ex, double radius,
+                double reserved1, double A, double m);
 
     ZP_VALUE(KgMetro)
     ZP_VALUE(Area)
@@ -90,12 +90,12 @@ class ZpCantTEELaminada : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpCantTEELaminada);
     ZpCantTEELaminada();
-    ZpCantTEELaminada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
-                      double ex, double ey, double raio, double vao, double reservado1, double r,
+    ZpCantTEELaminada(const AcGePoint3d& point, ZpVistas vista, double h, double b, double t,
+                      double ex, double ey, double radius, double vao, double reserved1, double r,
                       double L, double m, double A);
-    ZpCantTEELaminada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                      double b, double t, double ex, double ey, double raio, double vao,
-                      double reservado1, double m, double A);
+    ZpCantTEELaminada(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                      double b, double t, double ex, double ey, double radius, double vao,
+                      double reserved1, double m, double A);
 
     ZP_VALUE(KgMetro)
     ZP_VALUE(Area)
@@ -110,12 +110,12 @@ class ZpCantULaminada : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpCantULaminada);
     ZpCantULaminada();
-    ZpCantULaminada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
-                    double ex, double ey, double raio, double w, double reservado1, double r,
+    ZpCantULaminada(const AcGePoint3d& point, ZpVistas vista, double h, double b, double t,
+                    double ex, double ey, double radius, double w, double reserved1, double r,
                     double L, double m, double A);
-    ZpCantULaminada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                    double b, double t, double ex, double ey, double raio, double w,
-                    double reservado1, double m, double A);
+    ZpCantULaminada(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                    double b, double t, double ex, double ey, double radius, double w,
+                    double reserved1, double m, double A);
 
     ZP_VALUE(KgMetro)
     ZP_VALUE(Area)
@@ -130,11 +130,11 @@ class ZpBNDuplaLaminada : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpBNDuplaLaminada);
     ZpBNDuplaLaminada();
-    ZpBNDuplaLaminada(const AcGePoint3d& ponto, ZpVistas vista, double h, double t, double e,
-                      double raio, double vao, double reservado1, double r, double L, double m,
+    ZpBNDuplaLaminada(const AcGePoint3d& point, ZpVistas vista, double h, double t, double e,
+                      double radius, double vao, double reserved1, double r, double L, double m,
                       double A);
-    ZpBNDuplaLaminada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                      double t, double e, double raio, double vao, double reservado1, double m,
+    ZpBNDuplaLaminada(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                      double t, double e, double radius, double vao, double reserved1, double m,
                       double A);
 
     ZP_VALUE(KgMetro)
@@ -149,11 +149,11 @@ class ZpCantCruzLaminada : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpCantCruzLaminada);
     ZpCantCruzLaminada();
-    ZpCantCruzLaminada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
-                       double raio, double vao, double vaoV, double reservado1, double r, double L,
+    ZpCantCruzLaminada(const AcGePoint3d& point, ZpVistas vista, double h, double b, double t,
+                       double radius, double vao, double vaoV, double reserved1, double r, double L,
                        double m, double A);
-    ZpCantCruzLaminada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                       double b, double t, double raio, double vao, double vaoV, double reservado1,
+    ZpCantCruzLaminada(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                       double b, double t, double radius, double vao, double vaoV, double reserved1,
                        double m, double A);
 
     ZP_VALUE(KgMetro)
@@ -168,11 +168,11 @@ class ZpCantZLaminada : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpCantZLaminada);
     ZpCantZLaminada();
-    ZpCantZLaminada(const AcGePoint3d& ponto, ZpVistas vista, double h, double b, double t,
-                    double raio, double vao, double vaoV, double reservado1, double r, double L,
+    ZpCantZLaminada(const AcGePoint3d& point, ZpVistas vista, double h, double b, double t,
+                    double radius, double vao, double vaoV, double reserved1, double r, double L,
                     double m, double A);
-    ZpCantZLaminada(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                    double b, double t, double raio, double vao, double vaoV, double reservado1,
+    ZpCantZLaminada(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                    double b, double t, double radius, double vao, double vaoV, double reserved1,
                     double m, double A);
 
     ZP_VALUE(KgMetro)
@@ -186,12 +186,12 @@ class ZpUULaminado : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(ZpUULaminado);
     ZpUULaminado();
-    ZpUULaminado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b1, double t, double b2,
-                 double tf1, double tf2, double w, double raio, double reservado1, double r,
+    ZpUULaminado(const AcGePoint3d& point, ZpVistas vista, double h, double b1, double t, double b2,
+                 double tf1, double tf2, double w, double radius, double reserved1, double r,
                  double L, double A, double m);
-    ZpUULaminado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                 double b1, double t, double b2, double tf1, double tf2, double w, double raio,
-                 double reservado1, double A, double m);
+    ZpUULaminado(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                 double b1, double t, double b2, double tf1, double tf2, double w, double radius,
+                 double reserved1, double A, double m);
 
     ZP_VALUE(KgMetro)
     ZP_VALUE(Area)
@@ -204,12 +204,12 @@ class Zp2ULaminado : public ZpObject {
 public:
     ACRX_DECLARE_MEMBERS(Zp2ULaminado);
     Zp2ULaminado();
-    Zp2ULaminado(const AcGePoint3d& ponto, ZpVistas vista, double h, double b1, double t, double b2,
-                 double tf1, double tf2, double ex, double raio, double vao, double reservado1,
+    Zp2ULaminado(const AcGePoint3d& point, ZpVistas vista, double h, double b1, double t, double b2,
+                 double tf1, double tf2, double ex, double radius, double vao, double reserved1,
                  double r, double L, double A, double m);
-    Zp2ULaminado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double h,
-                 double b1, double t, double b2, double tf1, double tf2, double ex, double raio,
-                 double vao, double reservado1, double A, double m);
+    Zp2ULaminado(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
+                 double b1, double t, double b2, double tf1, double tf2, double ex, double radius,
+                 double vao, double reserved1, double A, double m);
 
     ZP_VALUE(KgMetro)
     ZP_VALUE(Area)

@@ -11,11 +11,11 @@ namespace zp {
 /// State of one piece; the library's own.
 struct Peca;
 /// The library's door to that state.
-struct Acesso;
+struct Access;
 }  // namespace zp
 
 /// Buffer that getPerfil and getDimensoes fill, characters with the terminator.
-inline constexpr int kZpTextoMax = 128;
+inline constexpr int kZpTextMax = 128;
 
 /// A piece of a drawn member. It lies in the plane of its start point parallel to XY: the axis runs
 /// from the start along the direction AngleVista, and the picture is that of one view. Lengths in
@@ -46,8 +46,8 @@ public:
         kTerca = 9,
     };
 
-    Acad::ErrorStatus settipoBarra(TipoBarra tipo);
-    Acad::ErrorStatus tipoBarra(TipoBarra& tipo) const;
+    Acad::ErrorStatus settipoBarra(TipoBarra type);
+    Acad::ErrorStatus tipoBarra(TipoBarra& type) const;
 
     /// Ties a dimension to this piece and keeps where it stands relative to it. The piece and the
     /// dimension are resident and the dimension is closed. A second call changes nothing.
@@ -60,12 +60,12 @@ public:
     /// lower left, upper right, lower right.
     virtual void GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,
                                        AcGePoint3d& f3) const;
-    Acad::ErrorStatus StartPoint(AcGePoint3d& ponto) const;
+    Acad::ErrorStatus StartPoint(AcGePoint3d& point) const;
     /// Start plus the length along the axis; the start itself in the section view.
-    Acad::ErrorStatus EndPoint(AcGePoint3d& ponto) const;
+    Acad::ErrorStatus EndPoint(AcGePoint3d& point) const;
     /// Direction of the axis; in the section view the angle by which the section was turned. [0, 2
     /// pi).
-    Acad::ErrorStatus AngleVista(double& angulo) const;
+    Acad::ErrorStatus AngleVista(double& angle) const;
     ZpVistas vista() const;
     /// The end moves along the axis, what is linked to the end follows. eInvalidInput, and no
     /// change, for a length that is not positive and finite.
@@ -74,11 +74,11 @@ public:
     /// Shortens the piece where its axis enters the picture of another one: the end that lies
     /// inside, or nearer to it, moves to the first face. eNotApplicable in the section view,
     /// eInvalidInput when the axis does not meet the other picture or nothing would remain.
-    Acad::ErrorStatus Corte(const AcDbObjectId& outra);
+    Acad::ErrorStatus Corte(const AcDbObjectId& other);
     /// The same when both pieces are drawn in longitudinal views only.
-    Acad::ErrorStatus CorteVista(const AcDbObjectId& outra);
+    Acad::ErrorStatus CorteVista(const AcDbObjectId& other);
     /// As Corte, to the far face instead of the near one.
-    Acad::ErrorStatus CorteArestaVista(const AcDbObjectId& outra);
+    Acad::ErrorStatus CorteArestaVista(const AcDbObjectId& other);
 
     /// Height and width of one piece; of the whole box for built-up sections.
     virtual double getAltura() const;
@@ -97,9 +97,9 @@ public:
     virtual double getComprimento() const;
     virtual double getComprimentoReal() const;
     /// Short name of the section ("Ue") and its sizes ("200x75x20x2,65"); the buffer holds
-    /// kZpTextoMax.
-    virtual Acad::ErrorStatus getPerfil(ACHAR* texto) const;
-    virtual Acad::ErrorStatus getDimensoes(ACHAR* texto) const;
+    /// kZpTextMax.
+    virtual Acad::ErrorStatus getPerfil(ACHAR* text) const;
+    virtual Acad::ErrorStatus getDimensoes(ACHAR* text) const;
 
     void getEcs(AcGeMatrix3d& ecs) const override;
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
@@ -108,17 +108,17 @@ public:
     Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;
 
 protected:
-    /// `classe` is the library's number of the section class.
-    explicit ZpObject(int classe);
-    ZpObject(int classe, const AcGePoint3d& ponto, ZpVistas vista,
-             std::initializer_list<double> valores);
-    ZpObject(int classe, const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista,
-             std::initializer_list<double> valores);
+    /// `kind` is the library's number of the section class.
+    explicit ZpObject(int kind);
+    ZpObject(int kind, const AcGePoint3d& point, ZpVistas vista,
+             std::initializer_list<double> values);
+    ZpObject(int kind, const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista,
+             std::initializer_list<double> values);
 
     /// One constructor value by the library's number of its role. eNotApplicable when the class has
     /// none.
-    Acad::ErrorStatus leValor(int papel, double& valor) const;
-    Acad::ErrorStatus gravaValor(int papel, double valor);
+    Acad::ErrorStatus readValue(int role, double& value) const;
+    Acad::ErrorStatus writeValue(int role, double value);
 
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
@@ -136,6 +136,6 @@ protected:
     Acad::ErrorStatus subClose() override;
 
 private:
-    friend struct zp::Acesso;
+    friend struct zp::Access;
     std::unique_ptr<zp::Peca> m_peca;
 };

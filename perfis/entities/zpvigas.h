@@ -13,19 +13,18 @@ public:
     enum SubType { kFavoritos = 0, kVS = 1, kCVS = 2, kCS = 3 };
 
     ZpISoldado();
-    ZpISoldado(const AcGePoint3d& ponto, ZpVistas vista, double H, double bSup, double bInf,
-               double tw, double tf, double L, double reservado1, double reservado2, double m);
-    ZpISoldado(const AcGePoint3d& ponto, double H, double bc, double bb, double tc, double tb,
-               double tw, double L, ZpVistas vista, double reservado1, double reservado2,
-               double reservado3);
-    ZpISoldado(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double H,
-               double bSup, double bInf, double tw, double tf, double reservado1, double m);
-    ZpISoldado(const AcGePoint3d& inicio, const AcGePoint3d& fim, double H, double bc, double bb,
-               double tc, double tb, double tw, ZpVistas vista, double reservado1,
-               double reservado2);
+    ZpISoldado(const AcGePoint3d& point, ZpVistas vista, double H, double bUpper, double bLower,
+               double tw, double tf, double L, double reserved1, double reserved2, double m);
+    ZpISoldado(const AcGePoint3d& point, double H, double bc, double bb, double tc, double tb,
+               double tw, double L, ZpVistas vista, double reserved1, double reserved2,
+               double reserved3);
+    ZpISoldado(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double H,
+               double bUpper, double bLower, double tw, double tf, double reserved1, double m);
+    ZpISoldado(const AcGePoint3d& start, const AcGePoint3d& end, double H, double bc, double bb,
+               double tc, double tb, double tw, ZpVistas vista, double reserved1, double reserved2);
 
-    Acad::ErrorStatus setSubType(SubType tipo);
-    Acad::ErrorStatus subType(SubType& tipo) const;
+    Acad::ErrorStatus setSubType(SubType type);
+    Acad::ErrorStatus subType(SubType& type) const;
 };
 
 /// Rolled I: parallel flanges (types 0 and 1) or flanges tapered 1:6 (type 2). A = area in mm2, m =
@@ -36,10 +35,10 @@ public:
     enum ISolType { kEuropeu = 0, kAcoMinas = 1, kAmericano = 2 };
 
     ZpILaminadoUSA();
-    ZpILaminadoUSA(const AcGePoint3d& ponto, ZpVistas vista, double H, double B, double tw,
-                   double tf, ISolType tipo, double reservado1, double reservado2, double L,
-                   double A, double m);
-    ZpILaminadoUSA(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, double H,
-                   double B, double tw, double tf, ISolType tipo, double reservado1, double A,
+    ZpILaminadoUSA(const AcGePoint3d& point, ZpVistas vista, double H, double B, double tw,
+                   double tf, ISolType type, double reserved1, double reserved2, double L, double A,
+                   double m);
+    ZpILaminadoUSA(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double H,
+                   double B, double tw, double tf, ISolType type, double reserved1, double A,
                    double m);
 };

@@ -31,41 +31,41 @@ ChapaRule onEdgeSwapped(double y) { return {ZpObject::kVistaSecao, y, kAlong, kS
 ChapaRule onEdge(double y) { return {ZpObject::kVistaSecao, y, kAlong, kAlong}; }
 ChapaRule flat(double y) { return {ZpObject::kVistaEsquerda, y, kAlong, kAlong}; }
 
-std::vector<double> chapaStations(const ChapaSpacing& spacing, double width) {
-    std::vector<double> stations{0.0, spacing.comp - width};
+std::vector<double> chapaStations(const ChapaSpacing& spacing, double largura) {
+    std::vector<double> stations{0.0, spacing.comp - largura};
     const int spaces = Arredonda(spacing.comp / spacing.L1);
     for (int k = 1; k < spaces; ++k) stations.push_back(k * spacing.L1);
     return stations;
 }
 
-bool rowHolds(const ChapaSpacing& spacing, double width) {
+bool rowHolds(const ChapaSpacing& spacing, double largura) {
     // One plate more than the rounded number of spaces.
     if (!(spacing.comp / spacing.L1 + 0.5 < kMostChapas)) return false;
     // A spacing made for another length may bring the last plate but one beyond the end.
-    return std::ranges::all_of(chapaStations(spacing, width), [&](double at) {
-        return at + width <= spacing.comp * (1.0 + kNegligible);
+    return std::ranges::all_of(chapaStations(spacing, largura), [&](double at) {
+        return at + largura <= spacing.comp * (1.0 + kNegligible);
     });
 }
 
-AcDbObjectId ChapaSupply::place(ZpObject& member, std::unique_ptr<ZpChapa> plate) {
+AcDbObjectId ChapaSupply::place(ZpObject& barra, std::unique_ptr<ZpChapa> chapa) {
     AcDbObjectId id;
-    if (append(plate.get(), id) != RTNORM) return AcDbObjectId::kNull;
-    (void)plate.release()->close();
-    (void)member.LinkPos(id);
+    if (append(chapa.get(), id) != RTNORM) return AcDbObjectId::kNull;
+    (void)chapa.release()->close();
+    (void)barra.LinkPos(id);
     return id;
 }
 
-AcDbObjectId ChapaMaker::plate(AcGePoint3d point, ZpObject::ZpVistas view, double d1, double d2,
+AcDbObjectId ChapaMaker::chapa(AcGePoint3d point, ZpObject::ZpVistas vista, double d1, double d2,
                                double d3, const ChapaTurn& turn) {
-    auto chapa = std::make_unique<ZpChapa>(point, view, d1, d2, d3, turn.rot1, turn.rot2);
+    auto chapa = std::make_unique<ZpChapa>(point, vista, d1, d2, d3, turn.rot1, turn.rot2);
     wchar_t standard[] = L"vista-chapa";
     (void)chapa->setLayer(ZpLayerToUsr(standard), Adesk::kTrue, false);
     return m_supply.place(m_barra, std::move(chapa));
 }
 
-AcDbObjectId ChapaMaker::plate(const AcGePoint3d& point, ZpObject::ZpVistas view,
+AcDbObjectId ChapaMaker::chapa(const AcGePoint3d& point, ZpObject::ZpVistas vista,
                                const ChapaTurn& turn) {
-    return plate(point, view, m_size.C, m_size.t, m_size.A, turn);
+    return chapa(point, vista, m_size.C, m_size.t, m_size.A, turn);
 }
 
 std::vector<AcDbObjectId> ChapaMaker::row(const AcGePoint3d& point, const ChapaSpacing& spacing,
@@ -74,13 +74,13 @@ std::vector<AcDbObjectId> ChapaMaker::row(const AcGePoint3d& point, const ChapaS
     for (const double x : chapaStations(spacing, m_size.C)) {
         const ChapaTurn& turn = slots.size() < 2 ? rule.ends : rule.between;
         slots.push_back(
-            plate(AcGePoint3d(point.x + x, point.y + rule.y, point.z), rule.view, turn));
+            chapa(AcGePoint3d(point.x + x, point.y + rule.y, point.z), rule.vista, turn));
     }
     return slots;
 }
 
-void tieChapas(ZpObject& member, const std::vector<AcDbObjectId>& plates) {
-    for (AcDbObjectId id : plates) (void)member.LinkPos(id);
+void tieChapas(ZpObject& barra, const std::vector<AcDbObjectId>& chapas) {
+    for (AcDbObjectId id : chapas) (void)barra.LinkPos(id);
 }
 
 }  // namespace perfis

@@ -29,8 +29,8 @@ struct ChapaTurn {
 
 /// A row of equal plates along a member.
 struct ChapaRule {
-    ZpObject::ZpVistas view;  ///< of the plates
-    double y;                 ///< of the row, from the member's point
+    ZpObject::ZpVistas vista;  ///< of the plates
+    double y;                  ///< of the row, from the member's point
     ChapaTurn ends;
     ChapaTurn between;
 };
@@ -50,10 +50,10 @@ struct ChapaSpacing {
 
 /// Where the plates of a row start, from the member's point along its axis, slot by slot: both
 /// ends, then those between.
-std::vector<double> chapaStations(const ChapaSpacing& spacing, double width);
+std::vector<double> chapaStations(const ChapaSpacing& spacing, double largura);
 
 /// True when such a row has no more than 10,000 plates and none of them ends beyond its member.
-bool rowHolds(const ChapaSpacing& spacing, double width);
+bool rowHolds(const ChapaSpacing& spacing, double largura);
 
 /// What was laid along a member.
 struct LaidChapas {
@@ -70,23 +70,23 @@ struct LaidChapas {
 class ChapaSupply {
 public:
     virtual ~ChapaSupply() = default;
-    virtual AcDbObjectId place(ZpObject& member, std::unique_ptr<ZpChapa> plate);
+    virtual AcDbObjectId place(ZpObject& barra, std::unique_ptr<ZpChapa> chapa);
 };
 
 /// Lays the lacing plates of a piece that stands along X and is open; `point` is the piece's own.
 using ChapaLaying =
-    std::function<LaidChapas(ZpObject& piece, const AcGePoint3d& point, ChapaSupply& supply)>;
+    std::function<LaidChapas(ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply)>;
 
 /// Makes plates for one member on the layer of "vista-chapa".
 class ChapaMaker {
 public:
-    ChapaMaker(ZpObject& member, const ChapaSize& size, ChapaSupply& supply)
-        : m_barra(member), m_size(size), m_supply(supply) {}
+    ChapaMaker(ZpObject& barra, const ChapaSize& size, ChapaSupply& supply)
+        : m_barra(barra), m_size(size), m_supply(supply) {}
 
     /// One plate of the maker's size.
-    AcDbObjectId plate(const AcGePoint3d& point, ZpObject::ZpVistas view, const ChapaTurn& turn);
+    AcDbObjectId chapa(const AcGePoint3d& point, ZpObject::ZpVistas vista, const ChapaTurn& turn);
     /// One plate of any values.
-    AcDbObjectId plate(AcGePoint3d point, ZpObject::ZpVistas view, double d1, double d2, double d3,
+    AcDbObjectId chapa(AcGePoint3d point, ZpObject::ZpVistas vista, double d1, double d2, double d3,
                        const ChapaTurn& turn);
     /// Both end plates, then those between them, from the member's point on. Slot 1 is the far end.
     std::vector<AcDbObjectId> row(const AcGePoint3d& point, const ChapaSpacing& spacing,
@@ -99,6 +99,6 @@ private:
 };
 
 /// Ties every plate to the member once more, after its dimensions.
-void tieChapas(ZpObject& member, const std::vector<AcDbObjectId>& plates);
+void tieChapas(ZpObject& barra, const std::vector<AcDbObjectId>& chapas);
 
 }  // namespace perfis

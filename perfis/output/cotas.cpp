@@ -25,25 +25,25 @@ std::vector<AcDbObjectId> PecaCotas::make() const {
     std::vector<AcDbObjectId> ids;
     for (const CotaLine& line : m_lines) {
         if (line.isEmpty()) continue;
-        auto dimension = std::make_unique<AcDbAlignedDimension>(line.from, line.to, line.line);
-        dimension->setDatabaseDefaults();
-        (void)dimension->setLayer(ZpLayerToUsr(L"COTA"));  // otherwise the current one
+        auto cota = std::make_unique<AcDbAlignedDimension>(line.from, line.to, line.line);
+        cota->setDatabaseDefaults();
+        (void)cota->setLayer(ZpLayerToUsr(L"COTA"));  // otherwise the current one
         // Text and arrows grow with the distances, whatever the style itself says.
-        if (dimension->dimscale() != m_scale) (void)dimension->setDimscale(m_scale);
+        if (cota->dimscale() != m_scale) (void)cota->setDimscale(m_scale);
         AcDbObjectId id;
-        if (append(dimension.get(), id) != RTNORM) continue;
-        (void)dimension.release()->close();
+        if (append(cota.get(), id) != RTNORM) continue;
+        (void)cota.release()->close();
         ids.push_back(id);
     }
     return ids;
 }
 
-void PecaCotas::width() { add(face(1), face(3), face(1) + off(0.0, -kNearLine)); }
+void PecaCotas::largura() { add(face(1), face(3), face(1) + off(0.0, -kNearLine)); }
 
-void PecaCotas::height() { add(face(0), face(1), face(0) + off(-kNearLine, 0.0)); }
+void PecaCotas::altura() { add(face(0), face(1), face(0) + off(-kNearLine, 0.0)); }
 
-void PecaCotas::thickness(double thickness) {
-    add(face(2), face(2) - by(0.0, thickness), face(2) + off(kNearLine, 0.0));
+void PecaCotas::espessura(double espessura) {
+    add(face(2), face(2) - by(0.0, espessura), face(2) + off(kNearLine, 0.0));
 }
 
 AcGePoint3d PecaCotas::at(double x, double y) const { return m_origin + by(x, y); }

@@ -30,11 +30,11 @@ public:
     /// From `from` to `to`, the line passing through `line`.
     void add(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint3d& line);
     /// W: lower edge, line below.
-    void width();
+    void largura();
     /// V: left edge, line to the left.
-    void height();
-    /// T: from the upper right corner down by `thickness`, line to the right.
-    void thickness(double thickness);
+    void altura();
+    /// T: from the upper right corner down by `espessura`, line to the right.
+    void espessura(double espessura);
 
     /// Limit point 0 to 3.
     const AcGePoint3d& face(int index) const { return m_faces[index]; }

@@ -35,15 +35,15 @@ public:
         if (m_open) ZpArxCloseLista();
     }
 
-    bool open(const AcGePoint3d& ponto, double comprimento, int tipo) {
-        int lista = 0;
-        int estado = 0;
-        AcDbObjectId listaId;
-        wchar_t grupo[16] = {};
-        std::wstring(kGroup).copy(grupo, 15);
-        if (ZpArxConnectLista(lista, listaId, estado, grupo, m_counter, tipo) == 0) return false;
-        AcGePoint3d tabela(ponto.x, ponto.y - (comprimento + kListDistance), ponto.z);
-        m_open = ZpArxOpenLista(lista, listaId, estado, grupo, tipo, m_counter, tabela) != 0;
+    bool open(const AcGePoint3d& point, double comprimento, int type) {
+        int list = 0;
+        int state = 0;
+        AcDbObjectId listId;
+        wchar_t group[16] = {};
+        std::wstring(kGroup).copy(group, 15);
+        if (ZpArxConnectLista(list, listId, state, group, m_counter, type) == 0) return false;
+        AcGePoint3d table(point.x, point.y - (comprimento + kListDistance), point.z);
+        m_open = ZpArxOpenLista(list, listId, state, group, type, m_counter, table) != 0;
         return m_open;
     }
 
@@ -53,18 +53,18 @@ private:
 };
 
 /// Ties the row to its mark and adds it.
-bool addRow(Linha& linha, AcDbObjectId marca) {
+bool addRow(Linha& row, AcDbObjectId marca) {
     AcDbSoftPointerId id(marca);
-    linha.AddObjId(id);
-    return ZpArxAddToLista(linha) != 0;
+    row.AddObjId(id);
+    return ZpArxAddToLista(row) != 0;
 }
 
 RowTexts textsOfPeca(const ZpObject& perfil) {
-    wchar_t nome[kZpTextoMax] = {};
-    wchar_t dimensoes[kZpTextoMax] = {};
-    (void)perfil.getPerfil(nome);
+    wchar_t name[kZpTextMax] = {};
+    wchar_t dimensoes[kZpTextMax] = {};
+    (void)perfil.getPerfil(name);
     (void)perfil.getDimensoes(dimensoes);
-    return {nome, dimensoes};
+    return {name, dimensoes};
 }
 
 RowTexts textsOfBarraData(AcDbObjectId perfilId) {
@@ -77,7 +77,7 @@ RowTexts textsOfBarraData(AcDbObjectId perfilId) {
 }
 
 /// Mark and row of the profile. `textY` receives the height of the mark's text.
-bool addPerfil(const ZpObject& perfil, const RowTexts& textos, AcDbObjectId& marcaPerfil,
+bool addPerfil(const ZpObject& perfil, const RowTexts& rowTexts, AcDbObjectId& marcaPerfil,
                double& textY) {
     wchar_t marca[kZpMarcaMax] = {};
     if (ZpArxGetNextMarca(marca) == 0) return false;
@@ -86,81 +86,81 @@ bool addPerfil(const ZpObject& perfil, const RowTexts& textos, AcDbObjectId& mar
     const double offset = kNearLine * GetScale();
     textY = faces[0].y + offset;
     ZpArxAddMarca(faces[0], AcGePoint3d(faces[0].x - offset, textY, 0.0), marca, marcaPerfil);
-    Linha linha(marca, 1, textos.perfil.c_str(), textos.dimensoes.c_str(), kSteel,
-                perfil.getComprimentoReal(), perfil.getPeso(), perfil.getPeso(),
-                perfil.getAreaPintura(), L"");
-    return addRow(linha, marcaPerfil);
+    Linha row(marca, 1, rowTexts.perfil.c_str(), rowTexts.dimensoes.c_str(), kSteel,
+              perfil.getComprimentoReal(), perfil.getPeso(), perfil.getPeso(),
+              perfil.getAreaPintura(), L"");
+    return addRow(row, marcaPerfil);
 }
 
-bool addChapas(ChapaRow& plates, double textY) {
-    if (plates.count <= 0) return true;
+bool addChapas(ChapaRow& chapas, double textY) {
+    if (chapas.count <= 0) return true;
     wchar_t marca[kZpMarcaMax] = {};
     if (ZpArxGetNextMarca(marca) == 0) return false;
-    const AcDbObjectPointer<ZpChapa> chapa(plates.plate, AcDb::kForRead);
+    const AcDbObjectPointer<ZpChapa> chapa(chapas.chapa, AcDb::kForRead);
     if (chapa.openStatus() != Acad::eOk) return false;
     AcGePoint3d faces[4];
     chapa->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     const double offset = kNearLine * GetScale();
-    ZpArxAddMarca(faces[2], AcGePoint3d(faces[2].x + offset, textY, 0.0), marca, plates.mark);
+    ZpArxAddMarca(faces[2], AcGePoint3d(faces[2].x + offset, textY, 0.0), marca, chapas.marca);
     double largura = 0.0;
     double espessura = 0.0;
     (void)chapa->largura(largura);
     (void)chapa->espessura(espessura);
     const std::wstring dimensoes = std::to_wstring(texts::realToInt(largura)) + L"x" +
                                    std::to_wstring(texts::realToInt(espessura));
-    Linha linha(marca, plates.count, L"Chapa", dimensoes.c_str(), kSteel,
-                chapa->getComprimentoReal(), chapa->getPeso(), chapa->getPeso() * plates.count,
-                plates.count * chapa->getAreaPintura(), L"Travejamento");
-    return addRow(linha, plates.mark);
+    Linha row(marca, chapas.count, L"Chapa", dimensoes.c_str(), kSteel, chapa->getComprimentoReal(),
+              chapa->getPeso(), chapa->getPeso() * chapas.count,
+              chapas.count * chapa->getAreaPintura(), L"Travejamento");
+    return addRow(row, chapas.marca);
 }
 
 enum class TextsFrom { kPeca, kBarraData };
 
 /// Profile row, then the rows of the plates.
-int handOver(const AcGePoint3d& ponto, int tipo, AcDbObjectId perfilId, TextsFrom source,
-             AcDbObjectId& marcaPerfil, std::initializer_list<ChapaRow*> plates) {
+int handOver(const AcGePoint3d& point, int type, AcDbObjectId perfilId, TextsFrom source,
+             AcDbObjectId& marcaPerfil, std::initializer_list<ChapaRow*> chapas) {
     marcaPerfil.setNull();
     AcDbObjectPointer<ZpObject> perfil(perfilId, AcDb::kForRead);
     if (perfil.openStatus() != Acad::eOk) return RTERROR;
-    OpenList lista;
-    if (!lista.open(ponto, perfil->getComprimentoReal(), tipo)) return RTCAN;
-    const RowTexts textos =
+    OpenList list;
+    if (!list.open(point, perfil->getComprimentoReal(), type)) return RTCAN;
+    const RowTexts rowTexts =
         source == TextsFrom::kPeca ? textsOfPeca(*perfil.object()) : textsOfBarraData(perfilId);
     double textY = 0.0;
-    if (!addPerfil(*perfil.object(), textos, marcaPerfil, textY)) return RTCAN;
+    if (!addPerfil(*perfil.object(), rowTexts, marcaPerfil, textY)) return RTCAN;
     (void)perfil.close();
-    for (ChapaRow* const row : plates)
+    for (ChapaRow* const row : chapas)
         if (!addChapas(*row, textY)) return RTCAN;
     return RTNORM;
 }
 
 }  // namespace
 
-int MatListPerfil(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil) {
-    return handOver(ponto, tipo, perfilId, TextsFrom::kBarraData, marcaPerfil, {});
+int MatListPerfil(AcGePoint3d point, int type, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil) {
+    return handOver(point, type, perfilId, TextsFrom::kBarraData, marcaPerfil, {});
 }
 
-int MatListPerfilChapa(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
+int MatListPerfilChapa(AcGePoint3d point, int type, AcDbObjectId perfilId,
                        AcDbObjectId& marcaPerfil, AcDbObjectId chapaId, AcDbObjectId& marcaChapa,
                        int nChapas) {
-    ChapaRow plates{chapaId, nChapas, AcDbObjectId::kNull};
-    const int result = handOver(ponto, tipo, perfilId, TextsFrom::kPeca, marcaPerfil, {&plates});
-    marcaChapa = plates.mark;
+    ChapaRow chapas{chapaId, nChapas, AcDbObjectId::kNull};
+    const int result = handOver(point, type, perfilId, TextsFrom::kPeca, marcaPerfil, {&chapas});
+    marcaChapa = chapas.marca;
     return result;
 }
 
-int MatListPerfil2Chapas(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
-                         AcDbObjectId& marcaPerfil, ChapaRow& primeira, ChapaRow& segunda) {
-    return handOver(ponto, tipo, perfilId, TextsFrom::kPeca, marcaPerfil, {&primeira, &segunda});
+int MatListPerfil2Chapas(AcGePoint3d point, int type, AcDbObjectId perfilId,
+                         AcDbObjectId& marcaPerfil, ChapaRow& first, ChapaRow& second) {
+    return handOver(point, type, perfilId, TextsFrom::kPeca, marcaPerfil, {&first, &second});
 }
 
-int MatListChapas(AcDbObjectId perfilId, int tipo, ChapaRow& chapas) {
+int MatListChapas(AcDbObjectId perfilId, int type, ChapaRow& chapas) {
     AcDbObjectPointer<ZpObject> perfil(perfilId, AcDb::kForRead);
     if (perfil.openStatus() != Acad::eOk) return RTERROR;
     AcGePoint3d faces[4];
     perfil->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
-    OpenList lista;
-    if (!lista.open(faces[0], perfil->getComprimentoReal(), tipo)) return RTCAN;
+    OpenList list;
+    if (!list.open(faces[0], perfil->getComprimentoReal(), type)) return RTCAN;
     (void)perfil.close();
     return addChapas(chapas, faces[0].y + kNearLine * GetScale()) ? RTNORM : RTCAN;
 }

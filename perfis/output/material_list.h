@@ -9,27 +9,27 @@ namespace perfis {
 
 /// One kind of plate of a built-up profile.
 struct ChapaRow {
-    AcDbObjectId plate;  ///< one of them, which stands for all
+    AcDbObjectId chapa;  ///< one of them, which stands for all
     int count = 0;
-    AcDbObjectId mark;  ///< result: its mark in the drawing
+    AcDbObjectId marca;  ///< result: its mark in the drawing
 };
 
-/// Profile alone: mark and row. `ponto` is its insertion point (world), `tipo` the number of
+/// Profile alone: mark and row. `point` is its insertion point (world), `type` the number of
 /// pieces, and `marcaPerfil` receives the mark, null when none was drawn. RTNORM; RTERROR when the
 /// profile cannot be opened; RTCAN when the list did not take it. Rows already added stay.
-int MatListPerfil(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil);
+int MatListPerfil(AcGePoint3d point, int type, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil);
 
 /// Profile and its plates: two marks, two rows (one when `nChapas` is 0).
-int MatListPerfilChapa(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
+int MatListPerfilChapa(AcGePoint3d point, int type, AcDbObjectId perfilId,
                        AcDbObjectId& marcaPerfil, AcDbObjectId chapaId, AcDbObjectId& marcaChapa,
                        int nChapas);
 
 /// Profile and two kinds of plates: three marks, three rows.
-int MatListPerfil2Chapas(AcGePoint3d ponto, int tipo, AcDbObjectId perfilId,
-                         AcDbObjectId& marcaPerfil, ChapaRow& primeira, ChapaRow& segunda);
+int MatListPerfil2Chapas(AcGePoint3d point, int type, AcDbObjectId perfilId,
+                         AcDbObjectId& marcaPerfil, ChapaRow& first, ChapaRow& second);
 
 /// Plates that a profile got after it was entered: one mark, one row. RTNORM, RTERROR, RTCAN as
 /// MatListPerfil.
-int MatListChapas(AcDbObjectId perfilId, int tipo, ChapaRow& chapas);
+int MatListChapas(AcDbObjectId perfilId, int type, ChapaRow& chapas);
 
 }  // namespace perfis

@@ -17,13 +17,13 @@ AcGePoint3d& lastSampled() {
 
 }  // namespace
 
-ZpObjectJig::ZpObjectJig(std::unique_ptr<ZpObject> piece) : m_piece(piece.release()) {}
+ZpObjectJig::ZpObjectJig(std::unique_ptr<ZpObject> peca) : m_peca(peca.release()) {}
 
-ZpObjectJig::~ZpObjectJig() { delete m_piece; }
+ZpObjectJig::~ZpObjectJig() { delete m_peca; }
 
 AcEdJig::DragStatus ZpObjectJig::run() {
     AcGePoint3d start;
-    (void)m_piece->StartPoint(start);
+    (void)m_peca->StartPoint(start);
     resbuf lastPoint{};
     lastPoint.restype = RT3DPOINT;
     ads_point_set(asDblArray(worldToUser(start)), lastPoint.resval.rpoint);
@@ -36,9 +36,9 @@ AcEdJig::DragStatus ZpObjectJig::run() {
         if (!m_updated || m_shown != m_current) (void)update();
         (void)append();
     } else {
-        delete m_piece;
+        delete m_peca;
     }
-    m_piece = nullptr;
+    m_peca = nullptr;
     return status;
 }
 
@@ -46,7 +46,7 @@ AcEdJig::DragStatus ZpObjectJig::sampler() {
     setUserInputControls(
         static_cast<UserInputControls>(kNoZeroResponseAccepted | kNoNegativeResponseAccepted));
     AcGePoint3d start;
-    (void)m_piece->StartPoint(start);
+    (void)m_peca->StartPoint(start);
     const DragStatus status = acquirePoint(m_current, start);
     if (m_current != lastSampled()) {
         lastSampled() = m_current;
@@ -57,19 +57,19 @@ AcEdJig::DragStatus ZpObjectJig::sampler() {
 
 Adesk::Boolean ZpObjectJig::update() {
     AcGePoint3d start;
-    (void)m_piece->StartPoint(start);
-    const double length = start.distanceTo(m_current);
-    if (length > 0.0) (void)m_piece->AlteraComprimento(length);
+    (void)m_peca->StartPoint(start);
+    const double comprimento = start.distanceTo(m_current);
+    if (comprimento > 0.0) (void)m_peca->AlteraComprimento(comprimento);
     double vistaAngle = 0.0;
-    (void)m_piece->AngleVista(vistaAngle);
+    (void)m_peca->AngleVista(vistaAngle);
     const double angle = acutAngle(asDblArray(start), asDblArray(m_current));
-    (void)m_piece->transformBy(
+    (void)m_peca->transformBy(
         AcGeMatrix3d::rotation(angle - vistaAngle, AcGeVector3d::kZAxis, start));
     m_shown = m_current;
     m_updated = true;
     return Adesk::kTrue;
 }
 
-AcDbEntity* ZpObjectJig::entity() const { return m_piece; }
+AcDbEntity* ZpObjectJig::entity() const { return m_peca; }
 
 }  // namespace perfis

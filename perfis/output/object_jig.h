@@ -13,7 +13,7 @@ namespace perfis {
 class ZpObjectJig : public AcEdJig {
 public:
     /// The piece is not resident yet.
-    explicit ZpObjectJig(std::unique_ptr<ZpObject> piece);
+    explicit ZpObjectJig(std::unique_ptr<ZpObject> peca);
     ~ZpObjectJig() override;
 
     /// Runs the drag. kNormal: the piece is in the drawing and closed; otherwise it is gone.
@@ -24,7 +24,7 @@ public:
     AcDbEntity* entity() const override;
 
 private:
-    ZpObject* m_piece;  ///< owned until the drag ends
+    ZpObject* m_peca;  ///< owned until the drag ends
     AcGePoint3d m_current;
     AcGePoint3d m_shown;  ///< where the last update put the end
     bool m_updated = false;

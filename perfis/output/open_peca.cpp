@@ -7,25 +7,25 @@
 
 namespace perfis {
 
-void prepare(ZpObject& piece, int barType) {
+void prepare(ZpObject& peca, int tipoBarra) {
     wchar_t standard[] = L"PERFIL";
     // A piece whose layer cannot be had stays on the current one.
-    (void)piece.setLayer(ZpLayerToUsr(standard), Adesk::kTrue, false);
-    (void)piece.settipoBarra(static_cast<ZpObject::TipoBarra>(barType));
+    (void)peca.setLayer(ZpLayerToUsr(standard), Adesk::kTrue, false);
+    (void)peca.settipoBarra(static_cast<ZpObject::TipoBarra>(tipoBarra));
 }
 
-OpenPeca::OpenPeca(std::unique_ptr<ZpObject> piece) {
-    if (append(piece.get(), m_id) != RTNORM) {
+OpenPeca::OpenPeca(std::unique_ptr<ZpObject> peca) {
+    if (append(peca.get(), m_id) != RTNORM) {
         m_id.setNull();
         return;
     }
-    m_piece = piece.release();
+    m_peca = peca.release();
 }
 
 void OpenPeca::close() {
-    if (m_piece == nullptr) return;
-    (void)m_piece->close();
-    m_piece = nullptr;
+    if (m_peca == nullptr) return;
+    (void)m_peca->close();
+    m_peca = nullptr;
 }
 
 }  // namespace perfis

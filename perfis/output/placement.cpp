@@ -41,17 +41,17 @@ void sendBasePoint(const AcGePoint3d& base) {
 
 }  // namespace
 
-int rotateIntoPlace(const AcGePoint3d& base, AcDbObjectId piece, const Companions& companions) {
-    if (!onWorkableLayer(piece)) return 0;
+int rotateIntoPlace(const AcGePoint3d& base, AcDbObjectId peca, const Companions& companions) {
+    if (!onWorkableLayer(peca)) return 0;
     const TempVarOverride snaps(L"OSMODE", shortValue(0));
     const TempVarOverride echo(L"CMDECHO", shortValue(0));
     ads_name name = {};
-    if (acdbGetAdsName(name, piece) != Acad::eOk) return 0;
+    if (acdbGetAdsName(name, peca) != Acad::eOk) return 0;
     const AcGePoint3d userBase = worldToUser(base);
     (void)acedCommand(RTSTR, L"_.rotate", RTENAME, name, RTNONE);
     for (const AcDbObjectId& id : companions.others) sendEntity(id);
-    for (const AcDbObjectId& id : companions.dimensions) sendEntity(id);
-    for (const AcDbObjectId& id : companions.marks) sendEntity(id);
+    for (const AcDbObjectId& id : companions.cotas) sendEntity(id);
+    for (const AcDbObjectId& id : companions.marcas) sendEntity(id);
     sendBasePoint(userBase);
     return RTNORM;
 }
@@ -68,12 +68,12 @@ int rotateSet(const AcGePoint3d& base, const std::vector<AcDbObjectId>& entities
     return RTNORM;
 }
 
-AcGePoint3d moveToFacePoint(ZpObject& piece, int alignment) {
+AcGePoint3d moveToFacePoint(ZpObject& peca, int alignment) {
     AcGePoint3d faces[4];
-    piece.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
+    peca.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     AcGePoint3d start;
-    (void)piece.StartPoint(start);
-    const AcGeVector3d half = AcGeVector3d::kXAxis * (piece.getComprimentoReal() / 2.0);
+    (void)peca.StartPoint(start);
+    const AcGeVector3d half = AcGeVector3d::kXAxis * (peca.getComprimentoReal() / 2.0);
     AcGePoint3d target = start;
     switch (alignment) {
         case 1:
@@ -91,7 +91,7 @@ AcGePoint3d moveToFacePoint(ZpObject& piece, int alignment) {
         default:
             break;
     }
-    (void)piece.transformBy(AcGeMatrix3d::translation(target - start));
+    (void)peca.transformBy(AcGeMatrix3d::translation(target - start));
     return target;
 }
 

@@ -124,12 +124,12 @@ TEST_F(BuiltUpDialog, TheCrossStartsWithBothPlanesAndKeepsAChoice) {
 }
 
 TEST(TravejamentoTest, PlatesMustSpanTheGapAndStandApart) {
-    const TravejamentoTest gap{.space = 10, .minAltura = 10, .secaoOnly = false};
-    EXPECT_FALSE(travejamentoHolds(0, 0, 0, gap));
-    EXPECT_FALSE(travejamentoHolds(10, 100, 400, gap));
-    EXPECT_FALSE(travejamentoHolds(60, 100, 300, gap));
-    EXPECT_TRUE(travejamentoHolds(60, 100, 300.01, gap));
-    EXPECT_FALSE(travejamentoHolds(60, 0, 300, gap));
+    const TravejamentoTest vao{.space = 10, .minAltura = 10, .secaoOnly = false};
+    EXPECT_FALSE(travejamentoHolds(0, 0, 0, vao));
+    EXPECT_FALSE(travejamentoHolds(10, 100, 400, vao));
+    EXPECT_FALSE(travejamentoHolds(60, 100, 300, vao));
+    EXPECT_TRUE(travejamentoHolds(60, 100, 300.01, vao));
+    EXPECT_FALSE(travejamentoHolds(60, 0, 300, vao));
     const TravejamentoTest touching{.space = 0, .minAltura = 0, .secaoOnly = false};
     EXPECT_TRUE(travejamentoHolds(0, 0, 0, touching));
     EXPECT_FALSE(travejamentoHolds(60, 100, 300, touching));

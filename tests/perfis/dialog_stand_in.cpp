@@ -110,15 +110,16 @@ int ads_client_data_tile(ads_hdlg, const ACHAR* key, CLIENTDATA data) {
 }
 int ads_set_tile(ads_hdlg, const ACHAR* key, const ACHAR* value) { return Access::set(key, value); }
 int ads_mode_tile(ads_hdlg, const ACHAR* key, short mode) { return Access::mode(key, mode); }
-int ads_get_tile(ads_hdlg, const ACHAR* key, ACHAR* value, int length) {
-    const std::wstring text =
-        Access::knows(key) ? Access::tile(key).value.substr(0, static_cast<std::size_t>(length))
-                           : std::wstring();
+int ads_get_tile(ads_hdlg, const ACHAR* key, ACHAR* value, int comprimento) {
+    const std::wstring text = Access::knows(key) ? Access::tile(key).value.substr(
+                                                       0, static_cast<std::size_t>(comprimento))
+                                                 : std::wstring();
     std::wcscpy(value, text.c_str());
     return Access::knows(key) ? RTNORM : RTERROR;
 }
-int ads_get_attr_string(ads_htile tile, const ACHAR*, ACHAR* value, int length) {
-    std::wcsncpy(value, reinterpret_cast<const wchar_t*>(tile), static_cast<std::size_t>(length));
+int ads_get_attr_string(ads_htile tile, const ACHAR*, ACHAR* value, int comprimento) {
+    std::wcsncpy(value, reinterpret_cast<const wchar_t*>(tile),
+                 static_cast<std::size_t>(comprimento));
     return RTNORM;
 }
 int ads_start_list(ads_hdlg, const ACHAR* key, short, short) {

@@ -35,13 +35,13 @@ TEST(USecao, CornersAndCentreStandOnThePickedPoint) {
 
 TEST(UBarra, SideViewsCountHalfTheHeightInWholeMillimetres) {
     const Medidas m = u(151.9, 60);  // 151 / 2 = 75
-    for (const int view : {3, 4}) {
-        expectShift(uBarraShift(m, {view, 1, 2000}), 0, -75);
-        expectShift(uBarraShift(m, {view, 2, 2000}), -1000, -75);
-        expectShift(uBarraShift(m, {view, 3, 2000}), 0, 0);
-        expectShift(uBarraShift(m, {view, 4, 2000}), 0, 75);
-        expectShift(uBarraShift(m, {view, 5, 2000}), -1000, 75);
-        expectShift(uBarraShift(m, {view, 9, 2000}), 0, 0);
+    for (const int vista : {3, 4}) {
+        expectShift(uBarraShift(m, {vista, 1, 2000}), 0, -75);
+        expectShift(uBarraShift(m, {vista, 2, 2000}), -1000, -75);
+        expectShift(uBarraShift(m, {vista, 3, 2000}), 0, 0);
+        expectShift(uBarraShift(m, {vista, 4, 2000}), 0, 75);
+        expectShift(uBarraShift(m, {vista, 5, 2000}), -1000, 75);
+        expectShift(uBarraShift(m, {vista, 9, 2000}), 0, 0);
     }
 }
 

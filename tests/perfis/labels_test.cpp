@@ -14,7 +14,7 @@
 namespace {
 
 using prancheta::dcl::Definition;
-using zp::secao::Papel;
+using zp::secao::Role;
 
 const Definition* tileOf(const Definition& tile, const std::string& key) {
     const auto* const own = tile.attribute("key");
@@ -57,11 +57,10 @@ TEST(Labels, DialogAndSheetNameASizeAlike) {
             ASSERT_NE(box, nullptr);
             const std::string label = plain(box->attribute("label")->text);
             // One field for both flanges of a symmetric I, which the sheet shows one by one.
-            if (label.find(" das mesas ") != std::string::npos && value.role != Papel::B1 &&
-                value.role != Papel::Tf1)
+            if (label.find(" das mesas ") != std::string::npos && value.role != Role::B1 &&
+                value.role != Role::Tf1)
                 continue;
-            EXPECT_EQ(label,
-                      plain(prancheta::toUtf8(zp::secao::rotulo(value.role, d.pieces.classe))))
+            EXPECT_EQ(label, plain(prancheta::toUtf8(zp::secao::label(value.role, d.pecas.kind))))
                 << prancheta::toUtf8(row.localName) << ", " << prancheta::toUtf8(tile->key);
             ++compared;
         }

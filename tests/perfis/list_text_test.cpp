@@ -77,10 +77,10 @@ TEST_F(ListTexts, ACharacterThatTheCodePageLacksMovesTheFileToUtf8) {
 
 TEST(LineReader, CutsAtLineFeedsAndAtTheBuffer) {
     LineReader reader(L"abcdef\ngh\n\ni");
-    std::wstring piece;
-    std::vector<std::wstring> pieces;
-    while (reader.read(piece, 5)) pieces.push_back(piece);
-    EXPECT_EQ(pieces, (std::vector<std::wstring>{L"abcd", L"ef\n", L"gh\n", L"\n", L"i"}));
+    std::wstring peca;
+    std::vector<std::wstring> pecas;
+    while (reader.read(peca, 5)) pecas.push_back(peca);
+    EXPECT_EQ(pecas, (std::vector<std::wstring>{L"abcd", L"ef\n", L"gh\n", L"\n", L"i"}));
 }
 
 TEST(CutAtSeparator, WorksAsTheSplittingOfTheCLibrary) {

@@ -61,25 +61,25 @@ TEST_F(PerfilDialog, DeletingTheLastRowGoesBackToTheFirst) {
 }
 
 TEST_F(PerfilDialog, AcceptSaysWhatIsWrong) {
-    const std::wstring section = L"Dados inválidos para gerar perfil.";
+    const std::wstring secao = L"Dados inválidos para gerar perfil.";
     const struct {
         const PerfilCommand& command;
         Texts typed;
         std::wstring message;
         const wchar_t* tile;  ///< gets the keyboard
     } cases[] = {
-        {pudobrado, {L"h=100", L"b=50", L"t=-1"}, section, L"t"},
+        {pudobrado, {L"h=100", L"b=50", L"t=-1"}, secao, L"t"},
         {pudobrado, {L"vista0=0"}, L"Comprimento inválido para vista.", L"OutraVista"},
-        {pudoben, {L"h=100", L"b=50", L"t=2", L"a=0"}, section, L"a"},
-        {perfiltubo, {L"d=100", L"di=100"}, section, L"di"},
-        {perfilbarraredonda, {L"d=0"}, section, L"d"},
-        {perfilpsa, {L"h=300", L"a=8", L"bb=9", L"bc=8"}, section, L"bc"},
-        {pisoldado, {L"h=300", L"b=0"}, section, L"b"},
-        {pisoldado, {L"rb_vs"}, section, L"lista"},
+        {pudoben, {L"h=100", L"b=50", L"t=2", L"a=0"}, secao, L"a"},
+        {perfiltubo, {L"d=100", L"di=100"}, secao, L"di"},
+        {perfilbarraredonda, {L"d=0"}, secao, L"d"},
+        {perfilpsa, {L"h=300", L"a=8", L"bb=9", L"bc=8"}, secao, L"bc"},
+        {pisoldado, {L"h=300", L"b=0"}, secao, L"b"},
+        {pisoldado, {L"rb_vs"}, secao, L"lista"},
         {pcxdobrado, {L"h=100", L"b=50", L"t=2", L"a=99"}, L"Erro no Travejamento.", L"a"},
         {pcanttdob, {L"h=100", L"b=50", L"t=2", L"a=9"}, L"Erro no Travejamento.", L"travejar"},
-        {perfilicartola, {L"h=100", L"b=50", L"t=2", L"a=0", L"e=0"}, section, L"e"},
-        {perfilcantzlaminado, {L"h=100", L"b=50", L"t=2", L"a=0", L"av=-1"}, section, L"av"},
+        {perfilicartola, {L"h=100", L"b=50", L"t=2", L"a=0", L"e=0"}, secao, L"e"},
+        {perfilcantzlaminado, {L"h=100", L"b=50", L"t=2", L"a=0", L"av=-1"}, secao, L"av"},
     };
     for (const auto& c : cases) {
         DialogStandIn fresh;

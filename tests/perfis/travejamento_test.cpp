@@ -17,41 +17,41 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-TravejamentoLimites member(double minA, double maxA) {
-    TravejamentoLimites limites;
-    limites.somenteAltura = 0;
-    limites.minA = minA;
-    limites.maxA = maxA;
-    return limites;
+TravejamentoLimites barra(double minA, double maxA) {
+    TravejamentoLimites limits;
+    limits.somenteAltura = 0;
+    limits.minA = minA;
+    limits.maxA = maxA;
+    return limits;
 }
 
-std::wstring fault(const TravejamentoParams& params, const TravejamentoLimites& limites) {
-    wchar_t mensagem[kTravejamentoMessage];
-    std::ranges::fill(mensagem, L'#');
-    const int valid = ValidaTravejamento(params, limites, mensagem);
-    EXPECT_EQ(valid, ValidaTravejamento(params, limites, nullptr));
+std::wstring fault(const TravejamentoParams& params, const TravejamentoLimites& limits) {
+    wchar_t message[kTravejamentoMessage];
+    std::ranges::fill(message, L'#');
+    const int valid = ValidaTravejamento(params, limits, message);
+    EXPECT_EQ(valid, ValidaTravejamento(params, limits, nullptr));
     // The message, its end and not a character more.
-    const std::wstring written(mensagem, std::ranges::find(mensagem, L'\0'));
-    const auto untouched = static_cast<std::size_t>(std::ranges::count(mensagem, L'#'));
+    const std::wstring written(message, std::ranges::find(message, L'\0'));
+    const auto untouched = static_cast<std::size_t>(std::ranges::count(message, L'#'));
     EXPECT_EQ(untouched, kTravejamentoMessage - (valid == 1 ? 0 : written.size() + 1));
     return valid == 1 ? std::wstring() : written;
 }
 
 TEST(Travejamento, TheFirstFailingTestDecides) {
-    const TravejamentoLimites limites = member(10, 110);
-    EXPECT_EQ(fault({0, 0, 0}, limites), L"");  // no lacing at all
-    EXPECT_EQ(fault({10, 50, 4}, limites), L"A deve ser maior que 10");
-    EXPECT_EQ(fault({110, 50, 4}, limites), L"");
-    EXPECT_EQ(fault({110.5, 0, 0}, limites), L"A deve ser menor ou igual a 110");
-    EXPECT_EQ(fault({50, 0, 4}, limites), L"C deve ser maior que 0.0");
-    EXPECT_EQ(fault({50, 500, 1}, limites), L"C deve ser menor que comp/2 (500.00)");
-    EXPECT_EQ(fault({50, 499.9, 1}, limites), L"");
-    EXPECT_EQ(fault({50, 50, 0}, limites), L"n deve ser maior que 0");
-    EXPECT_EQ(fault({50, 100, 9}, limites), L"L1 deve ser maior que C (100.00)");
-    EXPECT_EQ(fault({50, 100, 8}, limites), L"");
-    TravejamentoLimites section = limites;
-    section.somenteAltura = 1;
-    EXPECT_EQ(fault({50, -1, -1}, section), L"");
+    const TravejamentoLimites limits = barra(10, 110);
+    EXPECT_EQ(fault({0, 0, 0}, limits), L"");  // no lacing at all
+    EXPECT_EQ(fault({10, 50, 4}, limits), L"A deve ser maior que 10");
+    EXPECT_EQ(fault({110, 50, 4}, limits), L"");
+    EXPECT_EQ(fault({110.5, 0, 0}, limits), L"A deve ser menor ou igual a 110");
+    EXPECT_EQ(fault({50, 0, 4}, limits), L"C deve ser maior que 0.0");
+    EXPECT_EQ(fault({50, 500, 1}, limits), L"C deve ser menor que comp/2 (500.00)");
+    EXPECT_EQ(fault({50, 499.9, 1}, limits), L"");
+    EXPECT_EQ(fault({50, 50, 0}, limits), L"n deve ser maior que 0");
+    EXPECT_EQ(fault({50, 100, 9}, limits), L"L1 deve ser maior que C (100.00)");
+    EXPECT_EQ(fault({50, 100, 8}, limits), L"");
+    TravejamentoLimites secao = limits;
+    secao.somenteAltura = 1;
+    EXPECT_EQ(fault({50, -1, -1}, secao), L"");
 }
 
 TEST(Travejamento, PartsFollowFromTheSpacing) {
@@ -70,12 +70,12 @@ TEST(Travejamento, PartsFollowFromTheSpacing) {
     EXPECT_EQ(fresh.n, 1);
     EXPECT_EQ(L1, 1000);
     // What a number of parts makes of the spacing gives that number back.
-    for (const double length : {1000.0, 4000.0, 6000.0, 8000.0, 12000.0})
+    for (const double comprimento : {1000.0, 4000.0, 6000.0, 8000.0, 12000.0})
         for (int parts = 1; parts <= 20; ++parts) {
-            TravejamentoParams kept{50, length / 50, parts};
-            ASSERT_EQ(CalcEspacamento(kept, length, L1), 1);
-            CalcPartes(kept, length, L1);
-            EXPECT_EQ(kept.n, parts) << length;
+            TravejamentoParams kept{50, comprimento / 50, parts};
+            ASSERT_EQ(CalcEspacamento(kept, comprimento, L1), 1);
+            CalcPartes(kept, comprimento, L1);
+            EXPECT_EQ(kept.n, parts) << comprimento;
         }
     L1 = 7;
     EXPECT_EQ(CalcEspacamento({50, 100, 0}, 1000, L1), 0);
@@ -103,7 +103,7 @@ protected:
 TEST_F(TravejamentoDialog, EditsAndGivesBackOnlyOnOk) {
     TravejamentoParams params{0, 100, 8};
     host.play({L"altura=60", L"l_travejam=50", L"accept", L"n_partes=8"});
-    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);  // refused, then left by Esc
+    EXPECT_EQ(EditTravejamento(params, barra(0, 100)), 0);  // refused, then left by Esc
     EXPECT_EQ(params.A, 0);
     EXPECT_EQ(host.eventsOf(L"valor"),
               (Texts{L"altura: 0", L"largura: 100", L"n_partes: 8", L"l_travejam: 112.5",
@@ -111,7 +111,7 @@ TEST_F(TravejamentoDialog, EditsAndGivesBackOnlyOnOk) {
                      L"l_travejam: 112.5"}));
     EXPECT_EQ(host.eventsOf(L"imagem"), Texts{L"tr_img: puf(trav)"});
     host.play({L"altura=60", L"largura=10,5", L"accept"});
-    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 1);
+    EXPECT_EQ(EditTravejamento(params, barra(0, 100)), 1);
     EXPECT_EQ(params.A, 60);
     EXPECT_EQ(params.C, 10.5);
     // A refusal takes the keyboard to the field that is wrong.
@@ -119,7 +119,7 @@ TEST_F(TravejamentoDialog, EditsAndGivesBackOnlyOnOk) {
     host.clearEvents();
     host.play({L"altura=101", L"accept", L"altura=50", L"largura=0", L"accept", L"largura=100",
                L"n_partes=0", L"accept", L"n_partes=9", L"accept"});
-    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);
+    EXPECT_EQ(EditTravejamento(params, barra(0, 100)), 0);
     const Texts modes = host.eventsOf(L"modo");
     EXPECT_EQ(Texts(modes.begin() + 4, modes.end()),
               (Texts{L"altura: 2", L"altura: 3", L"largura: 2", L"largura: 3", L"n_partes: 2",
@@ -127,10 +127,10 @@ TEST_F(TravejamentoDialog, EditsAndGivesBackOnlyOnOk) {
 }
 
 TEST_F(TravejamentoDialog, ForASectionOnlyTheHeightCounts) {
-    TravejamentoLimites section;
-    section.alturaEditavel = 0;
+    TravejamentoLimites secao;
+    secao.alturaEditavel = 0;
     TravejamentoParams params{30, 100, 8};
-    EXPECT_EQ(EditTravejamento(params, section), 0);
+    EXPECT_EQ(EditTravejamento(params, secao), 0);
     EXPECT_EQ(host.eventsOf(L"modo"),
               (Texts{L"altura: 1", L"largura: 1", L"l_travejam: 1", L"n_partes: 1"}));
     EXPECT_EQ(host.eventsOf(L"valor"), Texts{L"altura: 30"});
@@ -139,11 +139,11 @@ TEST_F(TravejamentoDialog, ForASectionOnlyTheHeightCounts) {
 TEST_F(TravejamentoDialog, AMissingDialogIsAnAlert) {
     host.lose(L"zp_travejam");
     TravejamentoParams params{30, 100, 8};
-    EXPECT_EQ(EditTravejamento(params, member(0, 100)), 0);
+    EXPECT_EQ(EditTravejamento(params, barra(0, 100)), 0);
     EXPECT_TRUE(host.has(L"alerta \nNão Foi Possível Carregar DCL Travejamento"));
 }
 
-TEST(Plates, CountsAreRounded) {
+TEST(Chapas, CountsAreRounded) {
     EXPECT_EQ(Arredonda(8.49), 8);
     EXPECT_EQ(Arredonda(8.5), 9);
     EXPECT_EQ(Arredonda(-1.7), -1);
@@ -151,7 +151,7 @@ TEST(Plates, CountsAreRounded) {
     EXPECT_LT(Arredonda(std::numeric_limits<double>::infinity()), 0);
 }
 
-TEST(Plates, StandAtBothEndsAndAtTheSpacing) {
+TEST(Chapas, StandAtBothEndsAndAtTheSpacing) {
     // 1000 long, plates of 10, 8 parts: 990 / 8 = 123.75
     const std::vector<double> nine = chapaStations({1000, 123.75}, 10);
     ASSERT_EQ(nine.size(), 9u);
@@ -166,7 +166,7 @@ TEST(Plates, StandAtBothEndsAndAtTheSpacing) {
     EXPECT_EQ(ten[9], 900);
 }
 
-TEST(Plates, ARowStaysInsideItsMemberAndIsNotEndless) {
+TEST(Chapas, ARowStaysInsideItsMemberAndIsNotEndless) {
     const struct {
         ChapaSpacing spacing;
         double width;

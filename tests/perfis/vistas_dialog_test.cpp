@@ -26,9 +26,9 @@ protected:
 };
 
 TEST_F(VistasDialogTest, OpensFromTheCallersValues) {
-    choice.view = 2;
-    choice.length = 1234.56;
-    choice.pieces = 4;
+    choice.vista = 2;
+    choice.comprimento = 1234.56;
+    choice.pecas = 4;
     run({});
     EXPECT_EQ(host.eventsOf(L"imagem"),
               (Texts{L"fig0: FLECHA", L"fig1: pu(BT1)", L"fig2: pu(BT2)", L"fig3: pu(BT3)",
@@ -41,13 +41,13 @@ TEST_F(VistasDialogTest, OpensFromTheCallersValues) {
 
 TEST_F(VistasDialogTest, FiguresSetTheViewAndThoseNotOfferedDoNot) {
     run({L"l=100", L"fig4", L"accept"});
-    EXPECT_EQ(choice.view, 4);
+    EXPECT_EQ(choice.vista, 4);
     EXPECT_TRUE(host.has(L"imagem PreviewVista: pu(VI4)"));
     host.clearEvents();
     DialogStandIn another;
     another.play({L"fig2", L"fig3", L"accept"});
     editVistas(L"pz", choice, 2);
-    EXPECT_EQ(choice.view, 1);
+    EXPECT_EQ(choice.vista, 1);
     EXPECT_EQ(another.mode(L"fig3"), 1);
     EXPECT_EQ(another.mode(L"fig4"), 1);
 }
@@ -77,9 +77,9 @@ TEST_F(VistasDialogTest, TheLengthKeepsItsDecimalsUntilItIsEdited) {
         {0.4, {L"l=0", L"accept"}, 0.4},  // refused, then cancelled
     };
     for (const auto& c : cases) {
-        choice.length = c.before;
+        choice.comprimento = c.before;
         run(c.typed);
-        EXPECT_EQ(choice.length, c.after) << c.before;
+        EXPECT_EQ(choice.comprimento, c.after) << c.before;
     }
     EXPECT_TRUE(host.has(L"valor error: Erro: comprimento inválido."));
 }
@@ -89,12 +89,12 @@ TEST_F(VistasDialogTest, PickMeasuresAndOpensAgain) {
     host.play({L"fig2", L"pick"});
     host.play({L"accept"});
     EXPECT_EQ(editVistas(L"pu", choice, 4), 0);
-    EXPECT_EQ(choice.length, 2500.5);
-    EXPECT_EQ(choice.view, 1);
+    EXPECT_EQ(choice.comprimento, 2500.5);
+    EXPECT_EQ(choice.vista, 1);
     EXPECT_TRUE(host.has(L"pede \nPonto inicial e final do perfil:"));
     EXPECT_TRUE(host.has(L"valor l: 2500"));
     run({L"pick"});  // refused: the length stays, and the second opening is cancelled
-    EXPECT_EQ(choice.length, 2500.5);
+    EXPECT_EQ(choice.comprimento, 2500.5);
 }
 
 TEST_F(VistasDialogTest, AcceptRefusesWhatCannotBeDrawn) {
@@ -106,8 +106,8 @@ TEST_F(VistasDialogTest, AcceptRefusesWhatCannotBeDrawn) {
         const Texts modes = host.eventsOf(L"modo");  // its text is selected, ready to be replaced
         EXPECT_EQ(Texts(modes.end() - 2, modes.end()), (Texts{tile + L": 2", tile + L": 3"}));
     };
-    for (const wchar_t* length : {L"l=0", L"l=1000000001", L"l=1e308", L"l=1e999"})
-        expectFault({length, L"accept"}, L"Erro: comprimento inválido.", L"l");
+    for (const wchar_t* comprimento : {L"l=0", L"l=1000000001", L"l=1e308", L"l=1e999"})
+        expectFault({comprimento, L"accept"}, L"Erro: comprimento inválido.", L"l");
     expectFault({L"l=1e9", L"gerar_matlist=1", L"accept"}, L"Erro: número de peças inválido.",
                 L"num_pecas");
     EXPECT_FALSE(choice.materialList);
@@ -120,9 +120,9 @@ TEST_F(VistasDialogTest, AcceptRefusesWhatCannotBeDrawn) {
 TEST_F(VistasDialogTest, CancelFallsBackToTheSectionOnlyWithoutALength) {
     run({L"l=100"});
     EXPECT_TRUE(choice.secaoOnly);
-    EXPECT_EQ(choice.length, 0.0);
+    EXPECT_EQ(choice.comprimento, 0.0);
     choice.secaoOnly = false;
-    choice.length = 10.0;
+    choice.comprimento = 10.0;
     run({});
     EXPECT_FALSE(choice.secaoOnly);
 }

@@ -35,20 +35,20 @@ public:
     void print(std::wstring_view text) override { printed += text; }
     void alert(std::wstring_view text) override { printed += text; }
     /// Touches tiles, "key=value" or a button's key, until the dialog closes.
-    void runDialog(prancheta::dcl::Dialog& dialogo) override {
-        while (!dialogo.finished()) {
+    void runDialog(prancheta::dcl::Dialog& dialog) override {
+        while (!dialog.finished()) {
             if (keys.empty()) {
-                ADD_FAILURE() << "no dialog expected: " << dialogo.name();
-                (void)dialogo.press("cancel");
+                ADD_FAILURE() << "no dialog expected: " << dialog.name();
+                (void)dialog.press("cancel");
                 return;
             }
-            const std::string tecla = std::move(keys.front());
+            const std::string key = std::move(keys.front());
             keys.pop_front();
-            const std::size_t igual = tecla.find('=');
-            const auto feito = igual == std::string::npos
-                                   ? dialogo.press(tecla)
-                                   : dialogo.type(tecla.substr(0, igual), tecla.substr(igual + 1));
-            EXPECT_TRUE(static_cast<bool>(feito)) << tecla;
+            const std::size_t equals = key.find('=');
+            const auto done = equals == std::string::npos
+                                  ? dialog.press(key)
+                                  : dialog.type(key.substr(0, equals), key.substr(equals + 1));
+            EXPECT_TRUE(static_cast<bool>(done)) << key;
         }
     }
     void complain(std::wstring_view text, prancheta::Complaint) override {
@@ -57,9 +57,9 @@ public:
     RawInput ask(const prancheta::InputRequest& request) override {
         questions.push_back(request.prompt);
         if (answers.empty()) return {};
-        RawInput resposta = std::move(answers.front());
+        RawInput answer = std::move(answers.front());
         answers.pop_front();
-        return resposta;
+        return answer;
     }
 
     std::deque<RawInput> answers;
@@ -83,71 +83,69 @@ inline void expectPoint(const AcGePoint3d& p, double x, double y, double z = 0.0
     EXPECT_NEAR(p.z, z, 1e-9);
 }
 
-class Desenho : public testing::Test {
+class Drawing : public testing::Test {
 protected:
-    Desenho() {
+    Drawing() {
         prancheta::registerEntityClasses();
         editor = std::make_unique<prancheta::Editor>(ui, prancheta::builtInCommands());
-        for (const char* nome : {"ZpObjects18.arx", "ZP__MaterialList18.arx", "trelica18.arx"}) {
-            const auto carregado =
-                editor->modules().load(std::filesystem::path(HOUSE_BINARY_DIR) / "bin" / nome);
-            EXPECT_TRUE(static_cast<bool>(carregado)) << nome;
+        for (const char* name : {"ZpObjects18.arx", "ZP__MaterialList18.arx", "trelica18.arx"}) {
+            const auto loaded =
+                editor->modules().load(std::filesystem::path(HOUSE_BINARY_DIR) / "bin" / name);
+            EXPECT_TRUE(static_cast<bool>(loaded)) << name;
         }
     }
 
     /// Types one line after the other; "" is Enter.
-    void type(std::initializer_list<const wchar_t*> linhas) {
-        for (const wchar_t* linha : linhas) {
-            RawInput entrada;
-            entrada.kind = RawInput::Kind::Text;
-            entrada.text = linha;
-            ui.answers.push_back(std::move(entrada));
+    void type(std::initializer_list<const wchar_t*> rows) {
+        for (const wchar_t* row : rows) {
+            RawInput input;
+            input.kind = RawInput::Kind::Text;
+            input.text = row;
+            ui.answers.push_back(std::move(input));
         }
         while (!ui.answers.empty()) editor->step();
     }
-    void pick(double x, double y, std::vector<AcDbObjectId> quais = {}) {
-        RawInput entrada;
-        entrada.kind = RawInput::Kind::Pick;
-        entrada.point = AcGePoint3d(x, y, 0);
-        entrada.entities = std::move(quais);
-        ui.answers.push_back(std::move(entrada));
+    void pick(double x, double y, std::vector<AcDbObjectId> picked = {}) {
+        RawInput input;
+        input.kind = RawInput::Kind::Pick;
+        input.point = AcGePoint3d(x, y, 0);
+        input.entities = std::move(picked);
+        ui.answers.push_back(std::move(input));
         editor->step();
     }
     std::vector<AcDbObjectId> entities() const { return editor->database().core().modelSpace(); }
-    bool said(std::wstring_view texto) const {
-        return ui.printed.find(texto) != std::wstring::npos;
-    }
-    bool asked(std::wstring_view texto) const {
+    bool said(std::wstring_view text) const { return ui.printed.find(text) != std::wstring::npos; }
+    bool asked(std::wstring_view text) const {
         for (const std::wstring& p : ui.questions)
-            if (p.find(texto) != std::wstring::npos) return true;
+            if (p.find(text) != std::wstring::npos) return true;
         return false;
     }
 
     Typist ui;
     std::unique_ptr<prancheta::Editor> editor;
 
-    AcDbObjectId poe(AcDbEntity* entidade) {
+    AcDbObjectId put(AcDbEntity* entity) {
         AcDbObjectId id;
-        EXPECT_EQ(append(entidade, id), RTNORM);
-        entidade->close();
+        EXPECT_EQ(append(entity, id), RTNORM);
+        entity->close();
         return id;
     }
     /// Plain U 200x75x3 of length L, axis from (x, y) to the right.
     AcDbObjectId u(double x, double y, double L,
                    ZpObject::ZpVistas vista = ZpObject::kVistaDireita) {
-        return poe(new ZpUDobrado(AcGePoint3d(x, y, 0), vista, 200, 75, 75, 3, 3, 0.5 * kPi,
+        return put(new ZpUDobrado(AcGePoint3d(x, y, 0), vista, 200, 75, 75, 3, 3, 0.5 * kPi,
                                   0.5 * kPi, L, 0, 0, 0));
     }
     AcDbObjectId cota(double x1, double y1, double x2, double y2, double lx, double ly) {
-        return poe(new AcDbAlignedDimension(AcGePoint3d(x1, y1, 0), AcGePoint3d(x2, y2, 0),
+        return put(new AcDbAlignedDimension(AcGePoint3d(x1, y1, 0), AcGePoint3d(x2, y2, 0),
                                             AcGePoint3d(lx, ly, 0)));
     }
     AcDbObjectId chapa(double x, double y, double d1, double d3) {
-        return poe(
+        return put(
             new ZpChapa(AcGePoint3d(x, y, 0), ZpObject::kVistaEsquerda, d1, 8, d3, 0, -0.5 * kPi));
     }
     template <class F>
-    void muda(AcDbObjectId id, F f) {
+    void change(AcDbObjectId id, F f) {
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
         ASSERT_EQ(peca.openStatus(), Acad::eOk);
         f(*peca.object());
@@ -173,7 +171,7 @@ protected:
     }
     /// How many entities of this class are in the drawing.
     template <class T>
-    std::size_t conta() const {
+    std::size_t countOf() const {
         std::size_t n = 0;
         for (const AcDbObjectId& id : entities())
             n += id.objectClass()->isDerivedFrom(T::desc()) ? 1u : 0u;

@@ -31,25 +31,25 @@ TEST(ZpString, NumbersWithAPoint) {
 }
 
 TEST(ZpString, CutsAtTheFirstOfTheSet) {
-    ZpString linha(L"80\t40\t2\r\n");
-    linha.CloseInChar(L"\n\r");
-    EXPECT_EQ(linha + L"!", ZpString(L"80\t40\t2!"));
-    linha.CloseInChar(L"");
-    EXPECT_EQ(linha.length(), 7);
+    ZpString row(L"80\t40\t2\r\n");
+    row.CloseInChar(L"\n\r");
+    EXPECT_EQ(row + L"!", ZpString(L"80\t40\t2!"));
+    row.CloseInChar(L"");
+    EXPECT_EQ(row.length(), 7);
 }
 
 TEST(ZpStringList, FindsReplacesAndRemoves) {
-    ZpStringList lista;
-    lista.append(L"um");
-    lista.append(L"dois");
-    EXPECT_EQ(lista.index(L"dois"), 1);
-    EXPECT_FALSE(lista.contains(L"Dois"));
-    lista.setAt(0, L"zero");
-    lista.setAt(9, L"nada");
-    lista.removeAt(1);
-    lista.removeAt(1);
-    EXPECT_EQ(lista.length(), 1);
-    EXPECT_EQ(lista.at(0), ZpString(L"zero"));
+    ZpStringList list;
+    list.append(L"um");
+    list.append(L"dois");
+    EXPECT_EQ(list.index(L"dois"), 1);
+    EXPECT_FALSE(list.contains(L"Dois"));
+    list.setAt(0, L"zero");
+    list.setAt(9, L"nada");
+    list.removeAt(1);
+    list.removeAt(1);
+    EXPECT_EQ(list.length(), 1);
+    EXPECT_EQ(list.at(0), ZpString(L"zero"));
 }
 
 }  // namespace

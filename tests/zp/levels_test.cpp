@@ -12,18 +12,18 @@ namespace {
 using namespace samples;
 
 /// "-50V 22H": heights with V for seen and H for hidden edges, ± for a pair.
-std::vector<zp::secao::Nivel> readLevels(const std::string& texto) {
-    std::vector<zp::secao::Nivel> niveis;
-    std::istringstream stream(texto);
-    for (std::string palavra; stream >> palavra;) {
-        const bool par = palavra[0] == '~';
-        const double w = std::stod(palavra.substr(par ? 1 : 0));
-        const bool visivel = palavra.back() == 'V';
-        niveis.push_back({w, visivel});
-        if (par) niveis.push_back({-w, visivel});
+std::vector<zp::secao::Level> readLevels(const std::string& text) {
+    std::vector<zp::secao::Level> levels;
+    std::istringstream stream(text);
+    for (std::string word; stream >> word;) {
+        const bool pairId = word[0] == '~';
+        const double w = std::stod(word.substr(pairId ? 1 : 0));
+        const bool visible = word.back() == 'V';
+        levels.push_back({w, visible});
+        if (pairId) levels.push_back({-w, visible});
     }
-    std::sort(niveis.begin(), niveis.end(), [](const auto& a, const auto& b) { return a.w < b.w; });
-    return niveis;
+    std::sort(levels.begin(), levels.end(), [](const auto& a, const auto& b) { return a.w < b.w; });
+    return levels;
 }
 
 TEST(Levels, SeenAndHidden) {
@@ -48,11 +48,11 @@ TEST(Levels, SeenAndHidden) {
          {"-15.1487V -11.9737V 12.3368H 23.9473V", "-15.1487V -11.9737V 12.3368H 23.9473V",
           "~35.9210V ~31.4309V 0H", "~35.9210V ~31.4309H 0V"}},
         {{"2L T",
-          Classe::CantTEELaminada,
+          Kind::CantTEELaminada,
           {50.8, 50.8, 6.35, 0, 2 * 50.8 / 3, 6.35, 10, 0, 0, kFar, 0, 0}},
          {"~55.8V ~11.35H ~5V", "~55.8V ~11.35V ~5V", "-33.8667V 10.5833V 16.9333V",
           "-33.8667V 10.5833V 16.9333V"}},
-        {{"2L +", Classe::CantCruzLaminada, {50.8, 50.8, 6.35, 6.35, 8, 8, 0, 0, kFar, 0, 0}},
+        {{"2L +", Kind::CantCruzLaminada, {50.8, 50.8, 6.35, 6.35, 8, 8, 0, 0, kFar, 0, 0}},
          {"~54.8V ~4V -10.35V 10.35H", "~54.8V ~4V -10.35H 10.35V", "~54.8V ~4V -10.35H 10.35V",
           "~54.8V ~4V -10.35V 10.35H"}},
         {uLaminado(152.4, 48.77, 5.08, 12.2),
@@ -64,56 +64,56 @@ TEST(Levels, SeenAndHidden) {
     };
     for (const Linha& l : kRows)
         for (int vista = 1; vista <= 4; ++vista) {
-            SCOPED_TRACE(l.sample.nome + " vista " + std::to_string(vista));
+            SCOPED_TRACE(l.sample.name + " vista " + std::to_string(vista));
             const auto expected = readLevels(l.vistas[vista - 1]);
             const auto secao = l.sample.secao();
-            const auto& niveis = secao->vista(vista).niveis;
-            ASSERT_EQ(niveis.size(), expected.size());
-            for (std::size_t i = 0; i < niveis.size(); ++i) {
-                EXPECT_NEAR(niveis[i].w, expected[i].w, 5e-5);
-                EXPECT_EQ(niveis[i].visivel, expected[i].visivel) << niveis[i].w;
+            const auto& levels = secao->vista(vista).levels;
+            ASSERT_EQ(levels.size(), expected.size());
+            for (std::size_t i = 0; i < levels.size(); ++i) {
+                EXPECT_NEAR(levels[i].w, expected[i].w, 5e-5);
+                EXPECT_EQ(levels[i].visible, expected[i].visible) << levels[i].w;
             }
         }
 }
 
 TEST(Levels, HalfATurnSwapsTheFaces) {
     // Turned by pi, the U shows from below what it showed from above, upside down.
-    const auto reta = u(200, 75, 3).secao();
+    const auto leg = u(200, 75, 3).secao();
     const auto turned = u(200, 75, 3, 0, std::numbers::pi).secao();
-    const auto& a = reta->vista(4).niveis;
-    const auto& b = turned->vista(3).niveis;
+    const auto& a = leg->vista(4).levels;
+    const auto& b = turned->vista(3).levels;
     ASSERT_EQ(a.size(), b.size());
     for (std::size_t i = 0; i < a.size(); ++i) {
         EXPECT_NEAR(a[i].w, -b[b.size() - 1 - i].w, 1e-9);
-        EXPECT_EQ(a[i].visivel, b[b.size() - 1 - i].visivel);
+        EXPECT_EQ(a[i].visible, b[b.size() - 1 - i].visible);
     }
     EXPECT_NEAR(turned->vista(2).wMin, -25.0, 1e-9);
     EXPECT_NEAR(turned->vista(2).wMax, 50.0, 1e-9);
 }
 
 TEST(Levels, AGapStaysOpenAndAJointShows) {
-    const Sample aberta{"", Classe::IDobrado, {200, 75, 75, 3, 3, 50, kFar, 0, 0, 0}};
-    EXPECT_EQ(aberta.secao()->vista(1).trechos.size(), 2u);
-    EXPECT_EQ(aberta.secao()->vista(3).trechos.size(), 1u);
-    EXPECT_TRUE(aberta.secao()->vista(3).eixo);
+    const Sample opened{"", Kind::IDobrado, {200, 75, 75, 3, 3, 50, kFar, 0, 0, 0}};
+    EXPECT_EQ(opened.secao()->vista(1).stretches.size(), 2u);
+    EXPECT_EQ(opened.secao()->vista(3).stretches.size(), 1u);
+    EXPECT_TRUE(opened.secao()->vista(3).axis);
     // Two lipped U toe to toe: the valley between the bends is an edge on the axis, so no axis is
     // drawn there.
-    const Sample fechada{"", Classe::CaixaDobrado, {200, 75, 3, 3, 0, kFar, 0, 0, 20}};
-    const auto secao = fechada.secao();
-    EXPECT_EQ(secao->vista(1).trechos.size(), 1u);
-    EXPECT_FALSE(secao->vista(1).eixo);
+    const Sample closed{"", Kind::CaixaDobrado, {200, 75, 3, 3, 0, kFar, 0, 0, 20}};
+    const auto secao = closed.secao();
+    EXPECT_EQ(secao->vista(1).stretches.size(), 1u);
+    EXPECT_FALSE(secao->vista(1).axis);
     bool joint = false;
-    for (const auto& n : secao->vista(1).niveis)
-        joint = joint || (std::abs(n.w) < 1e-9 && n.visivel);
+    for (const auto& n : secao->vista(1).levels)
+        joint = joint || (std::abs(n.w) < 1e-9 && n.visible);
     EXPECT_TRUE(joint);
 }
 
 TEST(Levels, TheAxisOnlyInsideThePeca) {
-    EXPECT_TRUE(u(200, 75, 3).secao()->vista(1).eixo);
-    EXPECT_TRUE(tubo(60.3, 3).secao()->vista(1).eixo);
-    EXPECT_FALSE(bn(50.8, 6.35).secao()->vista(3).eixo);  // an edge lies on the axis
-    const Sample fora{"", Classe::CantLaminada, {50, 50, 5, -80, 30, 5, 0, 0, kFar, 0, 0}};
-    EXPECT_FALSE(fora.secao()->vista(1).eixo);
+    EXPECT_TRUE(u(200, 75, 3).secao()->vista(1).axis);
+    EXPECT_TRUE(tubo(60.3, 3).secao()->vista(1).axis);
+    EXPECT_FALSE(bn(50.8, 6.35).secao()->vista(3).axis);  // an edge lies on the axis
+    const Sample outside{"", Kind::CantLaminada, {50, 50, 5, -80, 30, 5, 0, 0, kFar, 0, 0}};
+    EXPECT_FALSE(outside.secao()->vista(1).axis);
 }
 
 }  // namespace

@@ -23,49 +23,49 @@ constexpr double kDensity = 7850e-6;       // kg/m for 1 mm2
 
 using Linha = std::vector<double>;
 
-std::vector<std::string> divide(const std::string& texto, char separador) {
-    std::vector<std::string> partes;
-    std::stringstream in(texto);
-    for (std::string parte; std::getline(in, parte, separador);) partes.push_back(parte);
-    return partes;
+std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::stringstream in(text);
+    for (std::string part; std::getline(in, part, separator);) parts.push_back(part);
+    return parts;
 }
 
 /// Rows of the table by their sizes: the listed mass.
-std::map<Linha, double> pesos(const std::string& tabela, const std::vector<std::string>& colunas) {
-    std::ifstream in(HOUSE_SOURCE_DIR "/dados/" + tabela + ".csv");
-    std::string texto;
-    std::getline(in, texto);
-    const auto nomes = divide(texto, ',');
-    std::map<Linha, double> saida;
-    while (std::getline(in, texto)) {
+std::map<Linha, double> pesos(const std::string& table, const std::vector<std::string>& columns) {
+    std::ifstream in(HOUSE_SOURCE_DIR "/dados/" + table + ".csv");
+    std::string text;
+    std::getline(in, text);
+    const auto names = split(text, ',');
+    std::map<Linha, double> output;
+    while (std::getline(in, text)) {
         // Designations hold doubled quotes but never a comma.
-        const auto campos = divide(texto, ',');
+        const auto fields = split(text, ',');
         std::map<std::string, double> byName;
-        for (std::size_t i = 0; i < nomes.size() && i < campos.size(); ++i)
-            byName[nomes[i]] = std::strtod(campos[i].c_str(), nullptr);
-        Linha chave;
-        for (const std::string& coluna : colunas) chave.push_back(byName[coluna]);
-        saida.emplace(chave, byName["kg_m"]);
+        for (std::size_t i = 0; i < names.size() && i < fields.size(); ++i)
+            byName[names[i]] = std::strtod(fields[i].c_str(), nullptr);
+        Linha key;
+        for (const std::string& column : columns) key.push_back(byName[column]);
+        output.emplace(key, byName["kg_m"]);
     }
-    return saida;
+    return output;
 }
 
-struct Lista {
-    const char* arquivo;
-    const char* tabela;
-    std::vector<std::string> colunas;  ///< of the table that the list's first columns repeat
-    std::size_t campos;                ///< columns of the list
-    double folga;                      ///< share by which outline and listed mass may differ
-    Classe classe;
-    std::function<Linha(const Linha&, double)> valores;  ///< constructor values from row and mass
-    int pontos = 1;
+struct List {
+    const char* file;
+    const char* table;
+    std::vector<std::string> columns;  ///< of the table that the list's first columns repeat
+    std::size_t fields;                ///< columns of the list
+    double tolerance;                  ///< share by which outline and listed mass may differ
+    Kind kind;
+    std::function<Linha(const Linha&, double)> values;  ///< constructor values from row and mass
+    int points = 1;
 };
 
-const std::vector<Lista>& listas() {
-    using enum Classe;
+const std::vector<List>& lists() {
+    using enum Kind;
     static const std::vector<std::string> kHbt = {"h", "b", "t"};
     static const std::vector<std::string> kHbta = {"h", "b", "t", "a"};
-    static const std::vector<Lista> all = {
+    static const std::vector<List> all = {
         {"pu.lst", "u_dobrado", kHbt, 3, 0.03, UDobrado,
          [](const Linha& v, double) {
              return Linha{v[0], v[1], v[1], v[2], v[2], kRight, kRight, 1000, 0, 0, 0};
@@ -124,49 +124,48 @@ const std::vector<Lista>& listas() {
 
 }  // namespace
 
-TEST(Listas, EachLineHasItsColumnsASoundSecaoAndThePesoOfTheTable) {
-    for (const Lista& lista : listas()) {
-        SCOPED_TRACE(lista.arquivo);
-        const auto tabela = pesos(lista.tabela, lista.colunas);
-        ASSERT_FALSE(tabela.empty());
-        std::ifstream in(std::string(HOUSE_SOURCE_DIR "/instalacao/Perfis/Listas/") +
-                         lista.arquivo);
-        std::size_t linhas = 0;
-        for (std::string texto; std::getline(in, texto); ++linhas) {
-            SCOPED_TRACE(texto);
-            EXPECT_LT(texto.size(), 119U);
-            const auto campos = divide(texto, '\t');
-            ASSERT_EQ(campos.size(), lista.campos);
+TEST(Lists, EachLineHasItsColumnsASoundSecaoAndThePesoOfTheTable) {
+    for (const List& list : lists()) {
+        SCOPED_TRACE(list.file);
+        const auto table = pesos(list.table, list.columns);
+        ASSERT_FALSE(table.empty());
+        std::ifstream in(std::string(HOUSE_SOURCE_DIR "/instalacao/Perfis/Listas/") + list.file);
+        std::size_t lines = 0;
+        for (std::string text; std::getline(in, text); ++lines) {
+            SCOPED_TRACE(text);
+            EXPECT_LT(text.size(), 119U);
+            const auto fields = split(text, '\t');
+            ASSERT_EQ(fields.size(), list.fields);
             Linha medidas;
-            for (std::size_t i = 0; i < lista.colunas.size(); ++i)
-                medidas.push_back(std::strtod(campos[i].c_str(), nullptr));
-            const auto linha = tabela.find(medidas);
-            ASSERT_NE(linha, tabela.end()) << "not in the table";
+            for (std::size_t i = 0; i < list.columns.size(); ++i)
+                medidas.push_back(std::strtod(fields[i].c_str(), nullptr));
+            const auto line = table.find(medidas);
+            ASSERT_NE(line, table.end()) << "not in the table";
             const auto secao =
-                secaoDe(lista.classe, lista.pontos, lista.valores(medidas, linha->second));
-            EXPECT_FALSE(secao->invalida());
-            const double massa = secao->propriedades().area * kDensity;
+                secaoFrom(list.kind, list.points, list.values(medidas, line->second));
+            EXPECT_FALSE(secao->invalid());
+            const double peso = secao->properties().area * kDensity;
             // Light bars are listed to 0.01 kg/m.
-            EXPECT_NEAR(massa, linha->second, std::max(lista.folga * linha->second, 0.006));
+            EXPECT_NEAR(peso, line->second, std::max(list.tolerance * line->second, 0.006));
         }
-        EXPECT_GE(linhas, 20U);
+        EXPECT_GE(lines, 20U);
     }
 }
 
-TEST(Listas, RolledOnesHaveTheSeriesThatTheTableSays) {
+TEST(Lists, RolledOnesHaveTheSeriesThatTheTableSays) {
     std::ifstream in(HOUSE_SOURCE_DIR "/dados/acominas.csv");
-    std::string texto;
-    std::getline(in, texto);
-    std::map<std::wstring, int> contagem;
-    while (std::getline(in, texto)) {
-        const auto campos = divide(texto, ',');
-        const auto v = [&](std::size_t i) { return std::strtod(campos[i].c_str(), nullptr); };
+    std::string text;
+    std::getline(in, text);
+    std::map<std::wstring, int> tally;
+    while (std::getline(in, text)) {
+        const auto fields = split(text, ',');
+        const auto v = [&](std::size_t i) { return std::strtod(fields[i].c_str(), nullptr); };
         const auto sample = samples::iLaminado(v(1), v(2), v(3), v(4), 1, v(5));
         const auto series =
-            textoPerfil(sample.classe, dadosDe(sample.classe, sample.pontos(), sample.valores), 0);
-        EXPECT_EQ(series, texto.starts_with("HP") ? L"HP" : L"W") << texto;
-        ++contagem[series];
+            perfilText(sample.kind, roleValuesOf(sample.kind, sample.points(), sample.values), 0);
+        EXPECT_EQ(series, text.starts_with("HP") ? L"HP" : L"W") << text;
+        ++tally[series];
     }
-    EXPECT_EQ(contagem[L"W"], 99);
-    EXPECT_EQ(contagem[L"HP"], 8);
+    EXPECT_EQ(tally[L"W"], 99);
+    EXPECT_EQ(tally[L"HP"], 8);
 }

@@ -10,7 +10,7 @@ namespace {
 
 using namespace zp_tests;
 
-using Peca = Desenho;
+using Peca = Drawing;
 
 TEST_F(Peca, LimitPointsOfTheVistas) {
     // Axis at web + b/3: the plain U spans x -25..50, so view 1 spans w -50..25.
@@ -22,43 +22,43 @@ TEST_F(Peca, LimitPointsOfTheVistas) {
     const AcDbObjectId superior = u(10, 20, 500, ZpObject::kVistaSuperior);
     expectNear(face(superior, 0), 10, 45);
     expectNear(face(superior, 3), 510, -30);
-    const AcDbObjectId direita = u(10, 20, 500);
-    expectNear(face(direita, 0), 10, 120);
-    expectNear(face(direita, 3), 510, -80);
+    const AcDbObjectId right = u(10, 20, 500);
+    expectNear(face(right, 0), 10, 120);
+    expectNear(face(right, 3), 510, -80);
 }
 
 TEST_F(Peca, TwoPointsGiveComprimentoAndAngle) {
     const AcDbObjectId id =
-        poe(new ZpUDobrado(AcGePoint3d(10, 10, 5), AcGePoint3d(10, -490, 5),
+        put(new ZpUDobrado(AcGePoint3d(10, 10, 5), AcGePoint3d(10, -490, 5),
                            ZpObject::kVistaDireita, 200, 75, 75, 3, 3, 0.5 * kPi, 0.5 * kPi, 0, 0));
     const Read<ZpObject> peca(id);
-    double angulo = 0;
-    peca->AngleVista(angulo);
-    EXPECT_DOUBLE_EQ(angulo, 1.5 * kPi);
+    double angle = 0;
+    peca->AngleVista(angle);
+    EXPECT_DOUBLE_EQ(angle, 1.5 * kPi);
     EXPECT_DOUBLE_EQ(peca->getComprimentoReal(), 500.0);
-    AcGePoint3d fim;
-    peca->EndPoint(fim);
-    expectPoint(fim, 10, -490, 5);
+    AcGePoint3d end;
+    peca->EndPoint(end);
+    expectPoint(end, 10, -490, 5);
     // Turned by -90 degrees, the upper edge lies to the right.
     expectNear(face(id, 0), 110, 10);
     // A drag starts with both points alike.
-    const ZpUDobrado vazia(AcGePoint3d(1, 2, 0), AcGePoint3d(1, 2, 0), ZpObject::kVistaDireita, 200,
+    const ZpUDobrado empty(AcGePoint3d(1, 2, 0), AcGePoint3d(1, 2, 0), ZpObject::kVistaDireita, 200,
                            75, 75, 3, 3, 0, 0, 0, 0);
-    EXPECT_EQ(vazia.getComprimentoReal(), 0.0);
-    EXPECT_EQ(vazia.getPeso(), 0.0);
+    EXPECT_EQ(empty.getComprimentoReal(), 0.0);
+    EXPECT_EQ(empty.getPeso(), 0.0);
 }
 
 TEST_F(Peca, ATuboGivesTheSquareOfItsHoleInTheSecao) {
     // Widened by the wall 3, the corners are those of the outer diameter; so also for a negative
     // inner diameter.
     const AcDbObjectId id =
-        poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 60.3, 54.3));
+        put(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 60.3, 54.3));
     expectNear(face(id, 0), -27.15, 27.15);
     const AcDbObjectId thick =
-        poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 100, -20));
+        put(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaSecao, 100, -20));
     expectNear(face(thick, 0), 10, -10);
     const AcDbObjectId vista =
-        poe(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaDireita, 60.3, 54.3));
+        put(new ZpTubo(AcGePoint3d(), AcGePoint3d(100, 0, 0), ZpObject::kVistaDireita, 60.3, 54.3));
     expectNear(face(vista, 2), 100, 30.15);
 }
 
@@ -75,36 +75,36 @@ TEST_F(Peca, ChapasInTheirAttitudes) {
                            Linha{ZpObject::kVistaEsquerda, 0, 0, 0, 0, 120, 8},
                            Linha{ZpObject::kVistaSuperior, 0.5 * kPi, 0, 4, 0, -4, 50}}) {
         const AcDbObjectId id =
-            poe(new ZpChapa(AcGePoint3d(7, 9, 0), l.vista, 50, 8, 120, l.rot1, l.rot2));
+            put(new ZpChapa(AcGePoint3d(7, 9, 0), l.vista, 50, 8, 120, l.rot1, l.rot2));
         expectNear(face(id, 1), 7 + l.x0, 9 + l.y0);
         expectNear(face(id, 2), 7 + l.x1, 9 + l.y1);
         const Read<ZpChapa> chapa(id);
         EXPECT_NEAR(chapa->getPeso(), 50 * 8 * 120 * 7850e-9, 1e-12);
         EXPECT_NEAR(chapa->getAreaPintura(), 2 * (50 * 8 + 50 * 120 + 8 * 120) * 1e-6, 1e-12);
         EXPECT_EQ(chapa->getComprimentoReal(), 120.0);
-        AcDbExtents caixa;
-        EXPECT_EQ(chapa->getGeomExtents(caixa), Acad::eOk);
+        AcDbExtents bounds;
+        EXPECT_EQ(chapa->getGeomExtents(bounds), Acad::eOk);
     }
 }
 
 TEST_F(Peca, RigidMotionsAndMirroring) {
     const AcDbObjectId id = u(100, 0, 500, ZpObject::kVistaSuperior);  // w -50..25
-    muda(id, [](ZpObject& p) {
+    change(id, [](ZpObject& p) {
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::rotation(0.5 * kPi, AcGeVector3d::kZAxis)),
                   Acad::eOk);
     });
     expectNear(face(id, 0), -25, 100);
     expectNear(face(id, 3), 50, 600);
     // Mirrored in the Y axis the upper edge changes sides, and the axis still points up.
-    muda(id, [](ZpObject& p) {
+    change(id, [](ZpObject& p) {
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(), AcGeVector3d::kXAxis)),
                   Acad::eOk);
     });
     expectNear(face(id, 0), 25, 100);
     expectNear(face(id, 3), -50, 600);
-    double angulo = 0;
-    muda(id, [&](ZpObject& p) { p.AngleVista(angulo); });
-    EXPECT_DOUBLE_EQ(angulo, 0.5 * kPi);
+    double angle = 0;
+    change(id, [&](ZpObject& p) { p.AngleVista(angle); });
+    EXPECT_DOUBLE_EQ(angle, 0.5 * kPi);
     // The frame takes the piece's own coordinates to the world, mirror included.
     const Read<ZpObject> peca(id);
     AcGeMatrix3d ecs;
@@ -116,19 +116,19 @@ TEST_F(Peca, RigidMotionsAndMirroring) {
 TEST_F(Peca, FourQuarterTurnsLeaveNoDust) {
     const AcDbObjectId id = u(0, 0, 500);
     for (int i = 0; i < 4000; ++i)
-        muda(id, [](ZpObject& p) {
+        change(id, [](ZpObject& p) {
             p.transformBy(AcGeMatrix3d::rotation(0.5 * kPi, AcGeVector3d::kZAxis));
         });
-    double angulo = -1;
-    muda(id, [&](ZpObject& p) { p.AngleVista(angulo); });
-    EXPECT_EQ(angulo, 0.0);
+    double angle = -1;
+    change(id, [&](ZpObject& p) { p.AngleVista(angle); });
+    EXPECT_EQ(angle, 0.0);
 }
 
 TEST_F(Peca, ScalingMultipliesSizes) {
     const AcDbObjectId id =
-        poe(new ZpCantLaminada(AcGePoint3d(10, 0, 0), ZpObject::kVistaDireita, 50.8, 50.8, 6.35,
+        put(new ZpCantLaminada(AcGePoint3d(10, 0, 0), ZpObject::kVistaDireita, 50.8, 50.8, 6.35,
                                50.8 / 3, 2 * 50.8 / 3, 6.35, 0, 0, 1000, 4.74, 127.1848 * 4.74));
-    muda(id, [](ZpObject& p) {
+    change(id, [](ZpObject& p) {
         const double peso = p.getPeso();
         const double area = p.getArea();
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::scaling(2.0)), Acad::eOk);
@@ -138,7 +138,7 @@ TEST_F(Peca, ScalingMultipliesSizes) {
         EXPECT_NEAR(p.getPeso(), 8 * peso, 1e-9);
     });
     expectNear(face(id, 1), 20, -4 * 50.8 / 3);
-    muda(id, [](ZpObject& p) {
+    change(id, [](ZpObject& p) {
         AcGeMatrix3d m;
         m.entry[0][0] = 2.0;
         EXPECT_EQ(p.transformBy(m), Acad::eCannotScaleNonUniformly);
@@ -150,10 +150,10 @@ TEST_F(Peca, ScalingMultipliesSizes) {
 
 TEST_F(Peca, AlteraComprimento) {
     const AcDbObjectId id = u(0, 0, 500);
-    muda(id, [](ZpObject& p) {
+    change(id, [](ZpObject& p) {
         EXPECT_EQ(p.AlteraComprimento(750), Acad::eOk);
-        for (const double ruim : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()})
-            EXPECT_EQ(p.AlteraComprimento(ruim), Acad::eInvalidInput);
+        for (const double bad : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()})
+            EXPECT_EQ(p.AlteraComprimento(bad), Acad::eInvalidInput);
         EXPECT_EQ(p.getComprimentoReal(), 750.0);
     });
     expectNear(face(id, 3), 750, -100);
@@ -161,21 +161,21 @@ TEST_F(Peca, AlteraComprimento) {
 
 TEST_F(Peca, GripsStretchAndMove) {
     const AcDbObjectId id = u(0, 0, 500);
-    muda(id, [](ZpObject& p) {
-        AcDbIntArray fim;
-        fim.append(1);
-        EXPECT_EQ(p.moveGripPointsAt(fim, AcGeVector3d(-500, 300, 0)), Acad::eOk);
-        double angulo = 0;
-        p.AngleVista(angulo);
-        EXPECT_NEAR(angulo, 0.5 * kPi, 1e-12);
+    change(id, [](ZpObject& p) {
+        AcDbIntArray end;
+        end.append(1);
+        EXPECT_EQ(p.moveGripPointsAt(end, AcGeVector3d(-500, 300, 0)), Acad::eOk);
+        double angle = 0;
+        p.AngleVista(angle);
+        EXPECT_NEAR(angle, 0.5 * kPi, 1e-12);
         EXPECT_NEAR(p.getComprimentoReal(), 300, 1e-9);
-        AcDbIntArray inicio;
-        inicio.append(0);
+        AcDbIntArray start;
+        start.append(0);
         // Onto the other end: no length remains, nothing happens.
-        EXPECT_EQ(p.moveGripPointsAt(inicio, AcGeVector3d(0, 300, 0)), Acad::eInvalidInput);
-        AcDbIntArray meio;
-        meio.append(2);
-        EXPECT_EQ(p.moveGripPointsAt(meio, AcGeVector3d(5, 5, 0)), Acad::eOk);
+        EXPECT_EQ(p.moveGripPointsAt(start, AcGeVector3d(0, 300, 0)), Acad::eInvalidInput);
+        AcDbIntArray middle;
+        middle.append(2);
+        EXPECT_EQ(p.moveGripPointsAt(middle, AcGeVector3d(5, 5, 0)), Acad::eOk);
         AcGePoint3d s;
         p.StartPoint(s);
         expectNear(s, 5, 5);
@@ -186,11 +186,11 @@ TEST_F(Peca, CutAtTheFaceOfAnother) {
     const AcDbObjectId viga = u(0, 0, 1000);
     // A column upright at x = 800..1000 (its height 200 lies across the beam's axis).
     const AcDbObjectId pilar = u(900, -500, 1000);
-    muda(pilar, [](ZpObject& p) {
+    change(pilar, [](ZpObject& p) {
         p.transformBy(
             AcGeMatrix3d::rotation(0.5 * kPi, AcGeVector3d::kZAxis, AcGePoint3d(900, -500, 0)));
     });
-    muda(viga, [&](ZpObject& p) {
+    change(viga, [&](ZpObject& p) {
         EXPECT_EQ(p.Corte(pilar), Acad::eOk);
         EXPECT_NEAR(p.getComprimentoReal(), 800, 1e-9);
         EXPECT_EQ(p.Corte(pilar), Acad::eInvalidInput);  // they only touch now
@@ -199,47 +199,47 @@ TEST_F(Peca, CutAtTheFaceOfAnother) {
         EXPECT_NEAR(p.getComprimentoReal(), 1000, 1e-9);
     });
     const AcDbObjectId secao = u(0, 0, 1000, ZpObject::kVistaSecao);
-    muda(secao, [&](ZpObject& p) { EXPECT_EQ(p.Corte(pilar), Acad::eNotApplicable); });
+    change(secao, [&](ZpObject& p) { EXPECT_EQ(p.Corte(pilar), Acad::eNotApplicable); });
 }
 
 TEST_F(Peca, ExplodingGivesLinesWithTheirLinetypes) {
     const AcDbObjectId id =
         u(0, 0, 500, ZpObject::kVistaSuperior);  // levels -50V 22H 25V, two ends, axis
     const Read<ZpObject> peca(id);
-    AcDbVoidPtrArray partes;
-    ASSERT_EQ(peca->explode(partes), Acad::eOk);
-    std::map<std::wstring, int> tipos;
-    for (void* p : partes) {
+    AcDbVoidPtrArray parts;
+    ASSERT_EQ(peca->explode(parts), Acad::eOk);
+    std::map<std::wstring, int> types;
+    for (void* p : parts) {
         const std::unique_ptr<AcDbEntity> e(static_cast<AcDbEntity*>(p));
         ASSERT_TRUE(e->isKindOf(AcDbLine::desc()));
-        ACHAR* tipo = e->linetype();
-        ++tipos[tipo];
-        acutDelString(tipo);
+        ACHAR* type = e->linetype();
+        ++types[type];
+        acutDelString(type);
         if (e->colorIndex() == 1) {
             expectNear(static_cast<AcDbLine&>(*e).endPoint(), 500, 0);
         }
     }
-    EXPECT_EQ(partes.length(), 6);
-    EXPECT_EQ(tipos[L"HIDDEN"], 1);
-    EXPECT_EQ(tipos[L"CENTER"], 1);
+    EXPECT_EQ(parts.length(), 6);
+    EXPECT_EQ(types[L"HIDDEN"], 1);
+    EXPECT_EQ(types[L"CENTER"], 1);
 }
 
 TEST_F(Peca, AnExplodedSecaoKeepsItsArea) {
     // The polyline's own area (shoelace plus arc segments) is the section's, also mirrored and
     // turned.
-    for (const bool espelhada : {false, true}) {
+    for (const bool mirrored : {false, true}) {
         const AcDbObjectId id = u(40, 50, 1000, ZpObject::kVistaSecao);
-        muda(id, [&](ZpObject& p) {
-            if (espelhada)
+        change(id, [&](ZpObject& p) {
+            if (mirrored)
                 p.transformBy(AcGeMatrix3d::mirroring(AcGePoint3d(1, 2, 0), AcGeVector3d::kYAxis));
             p.transformBy(AcGeMatrix3d::rotation(0.7, AcGeVector3d::kZAxis));
         });
         const Read<ZpObject> peca(id);
-        AcDbVoidPtrArray partes;
-        ASSERT_EQ(peca->explode(partes), Acad::eOk);
-        ASSERT_EQ(partes.length(), 1);
+        AcDbVoidPtrArray parts;
+        ASSERT_EQ(peca->explode(parts), Acad::eOk);
+        ASSERT_EQ(parts.length(), 1);
         const std::unique_ptr<AcDbPolyline> p(
-            AcDbPolyline::cast(static_cast<AcDbEntity*>(partes[0])));
+            AcDbPolyline::cast(static_cast<AcDbEntity*>(parts[0])));
         ASSERT_NE(p, nullptr);
         double area = 0.0;
         for (unsigned i = 0; i < p->numVerts(); ++i) {
@@ -250,36 +250,36 @@ TEST_F(Peca, AnExplodedSecaoKeepsItsArea) {
             p->getBulgeAt(i, bulge);
             area += 0.5 * (a.x * b.y - a.y * b.x);
             if (bulge == 0.0) continue;
-            const double varre = 4 * std::atan(bulge);
-            const double raio = a.distanceTo(b) / (2 * std::sin(std::abs(varre) / 2));
-            area += 0.5 * raio * raio * (varre - std::sin(varre));
+            const double sweep = 4 * std::atan(bulge);
+            const double radius = a.distanceTo(b) / (2 * std::sin(std::abs(sweep) / 2));
+            area += 0.5 * radius * radius * (sweep - std::sin(sweep));
         }
-        EXPECT_NEAR(area, espelhada ? -1020.411501 : 1020.411501, 1e-5);
-        AcDbExtents caixa;
+        EXPECT_NEAR(area, mirrored ? -1020.411501 : 1020.411501, 1e-5);
+        AcDbExtents bounds;
         AcDbExtents ofPolyline;
-        peca->getGeomExtents(caixa);
+        peca->getGeomExtents(bounds);
         p->getGeomExtents(ofPolyline);
-        EXPECT_NEAR(caixa.minPoint().x, ofPolyline.minPoint().x, 1e-9);
-        EXPECT_NEAR(caixa.maxPoint().y, ofPolyline.maxPoint().y, 1e-9);
+        EXPECT_NEAR(bounds.minPoint().x, ofPolyline.minPoint().x, 1e-9);
+        EXPECT_NEAR(bounds.maxPoint().y, ofPolyline.maxPoint().y, 1e-9);
     }
 }
 
 TEST_F(Peca, OsnapsOfLinesArcsAndOrigin) {
     const AcDbObjectId id = u(10, 20, 1000, ZpObject::kVistaSecao);
     const Read<ZpObject> peca(id);
-    const auto tem = [&](AcDb::OsnapMode modo, double x, double y) {
-        AcGePoint3dArray pontos;
+    const auto has = [&](AcDb::OsnapMode mode, double x, double y) {
+        AcGePoint3dArray points;
         AcDbIntArray ids;
-        peca->getOsnapPoints(modo, 0, AcGePoint3d(), AcGePoint3d(), AcGeMatrix3d(), pontos, ids);
-        for (const AcGePoint3d& p : pontos)
+        peca->getOsnapPoints(mode, 0, AcGePoint3d(), AcGePoint3d(), AcGeMatrix3d(), points, ids);
+        for (const AcGePoint3d& p : points)
             if (p.distanceTo(AcGePoint3d(x, y, 0)) < 1e-8) return true;
         return false;
     };
-    EXPECT_TRUE(tem(AcDb::kOsModeIns, 10, 20));
-    EXPECT_TRUE(tem(AcDb::kOsModeEnd, 60, 120));           // toe of the upper flange
-    EXPECT_TRUE(tem(AcDb::kOsModeMid, -15, 20));           // middle of the web's back
-    EXPECT_TRUE(tem(AcDb::kOsModeCen, -15 + 6, 120 - 6));  // bend
-    EXPECT_TRUE(tem(AcDb::kOsModeQuad, -15, 120 - 6));     // where the bend's arc begins
+    EXPECT_TRUE(has(AcDb::kOsModeIns, 10, 20));
+    EXPECT_TRUE(has(AcDb::kOsModeEnd, 60, 120));           // toe of the upper flange
+    EXPECT_TRUE(has(AcDb::kOsModeMid, -15, 20));           // middle of the web's back
+    EXPECT_TRUE(has(AcDb::kOsModeCen, -15 + 6, 120 - 6));  // bend
+    EXPECT_TRUE(has(AcDb::kOsModeQuad, -15, 120 - 6));     // where the bend's arc begins
 }
 
 TEST_F(Peca, ListSaysWhatItIs) {
@@ -289,7 +289,7 @@ TEST_F(Peca, ListSaysWhatItIs) {
     EXPECT_TRUE(said(L"U 200x75x3"));
     EXPECT_TRUE(said(L"vista superior"));
     EXPECT_TRUE(said(L"1020,41"));
-    const AcDbObjectId skewed = poe(new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaSecao, 40, 30, 30,
+    const AcDbObjectId skewed = put(new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaSecao, 40, 30, 30,
                                                    2, 2, 0, 0, 1000, 0, 0, 25));
     Read<ZpObject>(skewed)->list();
     EXPECT_TRUE(said(L"seção inválida: desenhada pela caixa"));
@@ -298,9 +298,9 @@ TEST_F(Peca, ListSaysWhatItIs) {
 TEST_F(Peca, ValuesOfRolledOnes) {
     ZpULaminado p(AcGePoint3d(), ZpObject::kVistaSecao, 152.4, 48.77, 5.08, 48.77, 5.08, 5.08,
                   48.77 / 3, 5.08, 0, 0, 1000, 12.2 * 127.1848, 12.2);
-    double valor = 0;
-    EXPECT_EQ(p.KgMetro(valor), Acad::eOk);
-    EXPECT_EQ(valor, 12.2);
+    double value = 0;
+    EXPECT_EQ(p.KgMetro(value), Acad::eOk);
+    EXPECT_EQ(value, 12.2);
     EXPECT_EQ(p.setKgMetro(12.4), Acad::eOk);
     EXPECT_NEAR(p.getPeso(), 12.4, 1e-12);
     EXPECT_EQ(p.setKgMetro(std::nan("")), Acad::eInvalidInput);
@@ -313,7 +313,7 @@ TEST_F(Peca, AnObjectIsSmall) {
     EXPECT_LE(sizeof(ZpUDobrado) + sizeof(zp::Peca), 480u);
     const ZpBarraRedonda a(AcGePoint3d(), ZpObject::kVistaSecao, 25.4, 1000, 0);
     const ZpBarraRedonda b(AcGePoint3d(9, 9, 0), ZpObject::kVistaSecao, 25.4, 700, 0);
-    EXPECT_EQ(&zp::Acesso::de(a).secao(), &zp::Acesso::de(b).secao());
+    EXPECT_EQ(&zp::Access::of(a).secao(), &zp::Access::of(b).secao());
 }
 
 TEST(Functions, FormatInString) {
@@ -322,41 +322,41 @@ TEST(Functions, FormatInString) {
     EXPECT_STREQ(FormatInString(1.0 / 3), L"0.333333");
     EXPECT_STREQ(FormatInString(-0.0000001), L"0");
     EXPECT_STREQ(FormatInString(std::nan("")), L"0");
-    const wchar_t* primeiro = FormatInString(11);
+    const wchar_t* first = FormatInString(11);
     for (int i = 0; i < 7; ++i) FormatInString(i);
-    EXPECT_STREQ(primeiro, L"11");
+    EXPECT_STREQ(first, L"11");
     EXPECT_NEAR(sex2rad(180), kPi, 1e-15);
 }
 
 TEST_F(Peca, LayersOfTheUser) {
-    const std::filesystem::path pasta = std::filesystem::temp_directory_path() / "zp_camadas";
-    std::filesystem::create_directories(pasta / "perfis");
-    std::FILE* arquivo = std::fopen((pasta / "perfis" / "Camadas.INI").c_str(), "wb");
-    ASSERT_NE(arquivo, nullptr);
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "zp_camadas";
+    std::filesystem::create_directories(folder / "perfis");
+    std::FILE* file = std::fopen((folder / "perfis" / "Camadas.INI").c_str(), "wb");
+    ASSERT_NE(file, nullptr);
     std::fputs("; camadas\r\n[nomes]\r\nPERFIL = Aço leve\r\nVista-Chapa=Chapas\r\nsem igual\r\n",
-               arquivo);
-    std::fclose(arquivo);
-    setenv("ZPFORJA2010", pasta.c_str(), 1);
+               file);
+    std::fclose(file);
+    setenv("ZPFORJA2010", folder.c_str(), 1);
     EXPECT_STREQ(ZpLayerToUsr(L"perfil"), L"Aço leve");
     EXPECT_STREQ(ZpLayerToUsr(L"vista-chapa"), L"Chapas");
     EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"COTA");
     std::map<std::wstring, int> colours;
-    AcDbLayerTable* tabela = nullptr;
-    ASSERT_EQ(editor->database().getLayerTable(tabela, AcDb::kForRead), Acad::eOk);
-    for (const wchar_t* nome : {L"Aço leve", L"Chapas", L"COTA"}) {
-        AcDbLayerTableRecord* camada = nullptr;
-        ASSERT_EQ(tabela->getAt(nome, camada, AcDb::kForRead), Acad::eOk);
-        colours[nome] = camada->colorIndex();
-        camada->close();
+    AcDbLayerTable* table = nullptr;
+    ASSERT_EQ(editor->database().getLayerTable(table, AcDb::kForRead), Acad::eOk);
+    for (const wchar_t* name : {L"Aço leve", L"Chapas", L"COTA"}) {
+        AcDbLayerTableRecord* layer = nullptr;
+        ASSERT_EQ(table->getAt(name, layer, AcDb::kForRead), Acad::eOk);
+        colours[name] = layer->colorIndex();
+        layer->close();
     }
-    tabela->close();
+    table->close();
     EXPECT_EQ(colours[L"Aço leve"], 7);
     EXPECT_EQ(colours[L"Chapas"], 3);
     EXPECT_EQ(colours[L"COTA"], 2);
     // An old editor writes the code page, whose bytes from 80 to 9F are no letters of Latin-1.
-    std::ofstream(pasta / "perfis" / "Camadas.INI") << "cota=Cotas \x96 A\xE7o";
+    std::ofstream(folder / "perfis" / "Camadas.INI") << "cota=Cotas \x96 A\xE7o";
     EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"Cotas \u2013 A\u00E7o");
-    std::filesystem::remove_all(pasta);
+    std::filesystem::remove_all(folder);
     EXPECT_STREQ(ZpLayerToUsr(L"PERFIL"), L"PERFIL");
     unsetenv("ZPFORJA2010");
 }

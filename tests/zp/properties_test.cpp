@@ -11,7 +11,7 @@
 namespace {
 
 using namespace samples;
-using zp::secao::Propriedades;
+using zp::secao::Properties;
 
 struct Expected {
     double area;
@@ -25,7 +25,7 @@ struct Expected {
 
 /// Closed-form numbers of the outlines, independent of the program: rectangles and circle sectors
 /// added up.
-const std::pair<Sample, Expected> kTabela[] = {
+const std::pair<Sample, Expected> kTable[] = {
     {u(200, 75, 3), {1020.411501, -7.613417, 0, 6077123.15, 537038.42, 0, 686.274334}},
     {u(200, 75, 2.65, 20), {987.325503, -3.035100, 0, 6046833.93, 719184.19, 0, 750.451323}},
     {z(150, 60, 20, 2), {593.699112, 0, 0, 2072505.72, 498470.05, -760011.80, 597.699112}},
@@ -42,28 +42,28 @@ const std::pair<Sample, Expected> kTabela[] = {
     {iLaminado(152.4, 84.6, 9.12, 5.89, 2, 18.5),
      {2354.534015, 0, 0, 9156078.16, 761320.10, 0, 596.213371}},
     {iSoldado(300, 300, 9.5, 8), {7948, 0, 0, 135091002.33, 42761989.33, 0, 1784}},
-    {{"PSM", Classe::ISoldado, {300, 150, 200, 9.5, 12.5, 6.3, kFar, 0, 0, 0}},
+    {{"PSM", Kind::ISoldado, {300, 150, 200, 9.5, 12.5, 6.3, kFar, 0, 0, 0}},
      {5676.4, 0, -26.384090, 89099535.72, 11011001.09, 0, 1287.4}},
     {tubo(60.3, 3), {540.039777, 0, 0, 222245.94, 222245.94, 0, 360.026518}},
     {caixa(60, 100, 4), {1174.796447, 0, 0, 686817.41, 1525810.20, 0, 587.398224}},
     {{"2L T",
-      Classe::CantTEELaminada,
+      Kind::CantTEELaminada,
       {50.8, 50.8, 6.35, 0, 2 * 50.8 / 3, 6.35, 10, 0, 0, kFar, 0, 0}},
      {1218.328283, 0, 2.099308, 284544.00, 763820.40, 0, 395.498227}},
-    {{"2L +", Classe::CantCruzLaminada, {50.8, 50.8, 6.35, 6.35, 8, 8, 0, 0, kFar, 0, 0}},
+    {{"2L +", Kind::CantCruzLaminada, {50.8, 50.8, 6.35, 6.35, 8, 8, 0, 0, kFar, 0, 0}},
      {1218.328283, 0, 0, 716710.02, 716710.02, 265906.63, 395.498227}},
-    {{"2U ][", Classe::IDobrado, {200, 75, 75, 2.65, 2.65, 50, kFar, 0, 0, 0}},
+    {{"2U ][", Kind::IDobrado, {200, 75, 75, 2.65, 2.65, 50, kFar, 0, 0, 0}},
      {1808.825503, 0, 0, 10821960.24, 4182102.60, 0, 1375.751323}},
-    {{"2Cr ][", Classe::IDobrado, {100, 50, 50, 2, 2, 20, kFar, 20, 1, 0}},
+    {{"2Cr ][", Kind::IDobrado, {100, 50, 50, 2, 2, 20, kFar, 20, 1, 0}},
      {907.398224, 0, 0, 1711132.04, 1083515.77, 0, 915.398224}},
 };
 
-TEST(Propriedades, ClosedForms) {
-    for (const auto& [sample, e] : kTabela) {
-        SCOPED_TRACE(sample.nome);
+TEST(Properties, ClosedForms) {
+    for (const auto& [sample, e] : kTable) {
+        SCOPED_TRACE(sample.name);
         const auto secao = sample.secao();
-        const Propriedades& p = secao->propriedades();
-        EXPECT_FALSE(secao->invalida());
+        const Properties& p = secao->properties();
+        EXPECT_FALSE(secao->invalid());
         EXPECT_NEAR(p.area, e.area, 1e-6);
         EXPECT_NEAR(p.xg, e.xg, 1e-6);
         EXPECT_NEAR(p.yg, e.yg, 1e-6);
@@ -74,73 +74,73 @@ TEST(Propriedades, ClosedForms) {
     }
 }
 
-TEST(Propriedades, TurningKeepsTheInvariants) {
-    for (const auto& [sample, e] : kTabela) {
-        if (sample.classe != Classe::UDobrado) continue;
+TEST(Properties, TurningKeepsTheInvariants) {
+    for (const auto& [sample, e] : kTable) {
+        if (sample.kind != Kind::UDobrado) continue;
         for (const double r : {0.3, std::numbers::pi, 4.0}) {
             Sample turned = sample;
-            turned.valores[8] = r;
+            turned.values[8] = r;
             const auto secao = turned.secao();
-            const Propriedades& p = secao->propriedades();
+            const Properties& p = secao->properties();
             EXPECT_NEAR(p.area, e.area, 1e-6);
             EXPECT_NEAR(p.i1, e.ix, 0.01);
             EXPECT_NEAR(p.i2, e.iy, 0.01);
             EXPECT_NEAR(std::hypot(p.xg, p.yg), std::abs(e.xg), 1e-6);
         }
         // Half a turn is exact: no sine of pi may tilt the outline.
-        Sample meia = sample;
-        meia.valores[8] = std::numbers::pi;
-        EXPECT_EQ(meia.secao()->caixa().x0, -sample.secao()->caixa().x1);
-        EXPECT_EQ(meia.secao()->caixa().y1, -sample.secao()->caixa().y0);
+        Sample half = sample;
+        half.values[8] = std::numbers::pi;
+        EXPECT_EQ(half.secao()->bounds().x0, -sample.secao()->bounds().x1);
+        EXPECT_EQ(half.secao()->bounds().y1, -sample.secao()->bounds().y0);
     }
 }
 
-TEST(Propriedades, ModuliAndRadiiOfARectangle) {
+TEST(Properties, ModuliAndRadiiOfARectangle) {
     // 60 x 100 filled by a box whose wall is too thick for a hole: Ix = b h^3 / 12, W = b h^2 / 6,
     // i = h / sqrt 12.
     const auto secao = caixa(100, 60, 30).secao();
-    const Propriedades& p = secao->propriedades();
-    EXPECT_TRUE(secao->invalida());
+    const Properties& p = secao->properties();
+    EXPECT_TRUE(secao->invalid());
     EXPECT_NEAR(p.ix, 60.0 * 1e6 / 12.0, 1e-3);
-    EXPECT_NEAR(p.wxSuperior, 60.0 * 1e4 / 6.0, 1e-6);
+    EXPECT_NEAR(p.wxUpper, 60.0 * 1e4 / 6.0, 1e-6);
     EXPECT_NEAR(p.rx, 100.0 / std::sqrt(12.0), 1e-9);
-    EXPECT_NEAR(p.anguloPrincipal, 0.0, 1e-12);
+    EXPECT_NEAR(p.principalAngle, 0.0, 1e-12);
 }
 
-TEST(Propriedades, Torsion) {
+TEST(Properties, Torsion) {
     // Flat U without bends to speak of: mid-line 97 + 2 * 48.5 = 194, J = 194 * 27 / 3; the bends
     // take little away.
-    EXPECT_NEAR(u(100, 50, 3).secao()->torcao(), 194.0 * 9.0, 0.05 * 194.0 * 9.0);
+    EXPECT_NEAR(u(100, 50, 3).secao()->torsion(), 194.0 * 9.0, 0.05 * 194.0 * 9.0);
     // Bredt: tube of mid radius 28.65, wall 3: 2 pi r^3 t.
-    EXPECT_NEAR(tubo(60.3, 3).secao()->torcao(), 2 * std::numbers::pi * std::pow(28.65, 3) * 3,
+    EXPECT_NEAR(tubo(60.3, 3).secao()->torsion(), 2 * std::numbers::pi * std::pow(28.65, 3) * 3,
                 1e-6);
     // Two equal pieces twist as two.
-    const Sample duplo{"", Classe::IDobrado, {100, 50, 50, 3, 3, 0, kFar, 0, 0, 0}};
-    EXPECT_NEAR(duplo.secao()->torcao(), 2 * u(100, 50, 3).secao()->torcao(), 1e-9);
+    const Sample doubled{"", Kind::IDobrado, {100, 50, 50, 3, 3, 0, kFar, 0, 0, 0}};
+    EXPECT_NEAR(doubled.secao()->torsion(), 2 * u(100, 50, 3).secao()->torsion(), 1e-9);
 }
 
-TEST(Propriedades, PaintOnlyOnTheOutside) {
+TEST(Properties, PaintOnlyOnTheOutside) {
     EXPECT_NEAR(tubo(60.3, 3).secao()->perimetroPintura(), std::numbers::pi * 60.3, 1e-9);
     // Two plain U toe to toe: outer rectangle 150 x 200 with four corners of R = 6.
-    const Sample fechada{"", Classe::CaixaDobrado, {200, 75, 3, 3, 0, kFar, 0, 0, 0}};
-    EXPECT_NEAR(fechada.secao()->perimetroPintura(), 700 - 8 * 6 + 2 * std::numbers::pi * 6, 1e-9);
-    const Sample aberta{"", Classe::CaixaDobrado, {200, 75, 3, 3, 170, kFar, 0, 0, 0}};
-    EXPECT_NEAR(aberta.secao()->perimetroPintura(), aberta.secao()->propriedades().perimetro, 1e-9);
+    const Sample closed{"", Kind::CaixaDobrado, {200, 75, 3, 3, 0, kFar, 0, 0, 0}};
+    EXPECT_NEAR(closed.secao()->perimetroPintura(), 700 - 8 * 6 + 2 * std::numbers::pi * 6, 1e-9);
+    const Sample opened{"", Kind::CaixaDobrado, {200, 75, 3, 3, 170, kFar, 0, 0, 0}};
+    EXPECT_NEAR(opened.secao()->perimetroPintura(), opened.secao()->properties().perimetro, 1e-9);
 }
 
-TEST(Propriedades, AreaAndPesoOfTheCatalogueCount) {
+TEST(Properties, AreaAndPesoOfTheCatalogueCount) {
     EXPECT_NEAR(lLaminada(50.8, 50.8, 6.35, 4.74).secao()->area(), 127.1848 * 4.74, 1e-9);
     EXPECT_NEAR(lLaminada(50.8, 50.8, 6.35, 4.74).secao()->kgMetro(), 4.74, 1e-12);
     EXPECT_NEAR(lLaminada(50.8, 50.8, 6.35).secao()->kgMetro(), 609.164141 * 7850e-6, 1e-8);
     // Built-up rolled angles hand over cm2.
-    const Sample dupla{
+    const Sample twofold{
         "",
-        Classe::CantTEELaminada,
+        Kind::CantTEELaminada,
         {50.8, 50.8, 6.35, 0, 2 * 50.8 / 3, 6.35, 10, 0, 0, kFar, 9.48, 9.48 * 1.271848}};
-    EXPECT_NEAR(dupla.secao()->area(), 1205.71190, 1e-4);
+    EXPECT_NEAR(twofold.secao()->area(), 1205.71190, 1e-4);
 }
 
-TEST(Propriedades, PesoOfTheTables) {
+TEST(Properties, PesoOfTheTables) {
     struct Linha {
         Sample sample;
         double kgMetro;
@@ -166,9 +166,9 @@ TEST(Propriedades, PesoOfTheTables) {
         {iLaminado(76.2, 59.18, 6.6, 4.32, 2, 8.48), 8.48, 0.03},
     };
     for (const Linha& l : kRows) {
-        SCOPED_TRACE(l.sample.nome);
-        EXPECT_FALSE(l.sample.secao()->invalida());
-        EXPECT_NEAR(l.sample.secao()->propriedades().area * 7850e-6 / l.kgMetro, 1.0, l.tolerance);
+        SCOPED_TRACE(l.sample.name);
+        EXPECT_FALSE(l.sample.secao()->invalid());
+        EXPECT_NEAR(l.sample.secao()->properties().area * 7850e-6 / l.kgMetro, 1.0, l.tolerance);
     }
 }
 

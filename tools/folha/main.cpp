@@ -23,14 +23,14 @@ constexpr double kFirst = 250.0;   // left edge of the first picture
 constexpr double kInside = 120.0;  // largest side of a picture
 
 struct Sample {
-    Classe classe;
+    Kind kind;
     std::vector<double> values;
     int points = 1;
 };
 
 /// A usual size of each class, in constructor order; areas and masses as the catalogues give them.
 const std::vector<Sample>& samples() {
-    using enum Classe;
+    using enum Kind;
     static const std::vector<Sample> rows = {
         {UDobrado, {200, 75, 75, 3, 3, kRight, kRight, 1000, 0, 0, 0}},
         {UDobrado, {200, 75, 75, 2.65, 2.65, kRight, kRight, 1000, 0, 0, 20}},
@@ -72,7 +72,7 @@ const std::vector<Sample>& samples() {
 /// Maps a box in millimetres onto the middle of a cell.
 class Cell {
 public:
-    Cell(double left, double middle, const Caixa& box)
+    Cell(double left, double middle, const Bounds& box)
         : m_scale(kInside / std::max(box.largura(), box.altura())),
           m_x(left + kCell / 2 - m_scale * (box.x0 + box.x1) / 2),
           m_y(middle + m_scale * (box.y0 + box.y1) / 2) {}
@@ -92,47 +92,47 @@ void line(const Cell& cell, double x1, double y1, double x2, double y2, const ch
                 cell.x(x1), cell.y(y1), cell.x(x2), cell.y(y2));
 }
 
-void drawContour(const Cell& cell, const Contorno& contorno) {
-    if (contorno.circulo) {
-        const Segmento& s = contorno.segmentos.front();
+void drawContour(const Cell& cell, const Outline& outline) {
+    if (outline.circle) {
+        const Segment& s = outline.segments.front();
         std::printf("<circle class=\"v\" cx=\"%.2f\" cy=\"%.2f\" r=\"%.2f\"/>\n",
-                    cell.x(s.centro.x), cell.y(s.centro.y), cell.scale() * s.raio);
+                    cell.x(s.centre.x), cell.y(s.centre.y), cell.scale() * s.radius);
         return;
     }
-    const Ponto start = contorno.segmentos.front().a;
+    const Point start = outline.segments.front().a;
     std::printf("<path class=\"v\" d=\"M%.2f %.2f", cell.x(start.x), cell.y(start.y));
-    for (const Segmento& s : contorno.segmentos) {
-        if (s.arco())
-            std::printf("A%.2f %.2f 0 %d %d %.2f %.2f", cell.scale() * s.raio,
-                        cell.scale() * s.raio, std::abs(s.varre) > std::numbers::pi ? 1 : 0,
-                        s.varre > 0 ? 0 : 1, cell.x(s.b.x), cell.y(s.b.y));
+    for (const Segment& s : outline.segments) {
+        if (s.arc())
+            std::printf("A%.2f %.2f 0 %d %d %.2f %.2f", cell.scale() * s.radius,
+                        cell.scale() * s.radius, std::abs(s.sweep) > std::numbers::pi ? 1 : 0,
+                        s.sweep > 0 ? 0 : 1, cell.x(s.b.x), cell.y(s.b.y));
         else
             std::printf("L%.2f %.2f", cell.x(s.b.x), cell.y(s.b.y));
     }
     std::printf("Z\"/>\n");
 }
 
-void drawSection(const Secao& secao, double middle) {
-    Caixa box = secao.caixa();
-    box.inclui(0, 0);
+void drawSecao(const Secao& secao, double middle) {
+    Bounds box = secao.bounds();
+    box.include(0, 0);
     const Cell cell(kFirst, middle, box);
-    for (const Contorno& contorno : secao.contornos()) drawContour(cell, contorno);
+    for (const Outline& outline : secao.outlines()) drawContour(cell, outline);
     const double arm = 5.0 / cell.scale();
     line(cell, -arm, 0, arm, 0, "e");
     line(cell, 0, -arm, 0, arm, "e");
 }
 
-void drawView(const Secao& secao, int number, double left, double middle) {
+void drawVista(const Secao& secao, int number, double left, double middle) {
     const Vista& vista = secao.vista(number);
     const double length = 1.4 * (vista.wMax - vista.wMin);
-    Caixa box;
-    box.inclui(0, vista.wMin);
-    box.inclui(length, vista.wMax);
+    Bounds box;
+    box.include(0, vista.wMin);
+    box.include(length, vista.wMax);
     const Cell cell(left, middle, box);
-    for (const Nivel& n : vista.niveis) line(cell, 0, n.w, length, n.w, n.visivel ? "v" : "h");
-    for (const auto& [from, to] : vista.trechos)
+    for (const Level& n : vista.levels) line(cell, 0, n.w, length, n.w, n.visible ? "v" : "h");
+    for (const auto& [from, to] : vista.stretches)
         for (const double x : {0.0, length}) line(cell, x, from, x, to, "v");
-    if (vista.eixo) line(cell, 0, 0, length, 0, "c");
+    if (vista.axis) line(cell, 0, 0, length, 0, "c");
 }
 
 void text(double x, double y, const char* kind, const std::string& content) {
@@ -141,14 +141,14 @@ void text(double x, double y, const char* kind, const std::string& content) {
 }
 
 /// Attitudes of a plate: its sizes seen in each view.
-void drawPlate(double middle) {
+void drawChapa(double middle) {
     constexpr double kD1 = 100, kD2 = 8, kD3 = 150;
     const std::array<std::array<double, 2>, 3> sides = {{{kD3, kD2}, {kD1, kD2}, {kD1, kD3}}};
     const std::array<const char*, 3> names = {"em pé na seção", "de canto", "deitada"};
     for (std::size_t i = 0; i < sides.size(); ++i) {
-        Caixa box;
-        box.inclui(0, 0);
-        box.inclui(kD3, kD3);
+        Bounds box;
+        box.include(0, 0);
+        box.include(kD3, kD3);
         const double left = kFirst + static_cast<double>(i) * kCell;
         const Cell cell(left, middle, box);
         const double x = (kD3 - sides[i][0]) / 2;
@@ -178,18 +178,19 @@ int main() {
         text(kFirst + static_cast<double>(i) * kCell + 85, 24, "t", heads[i]);
     double middle = kHeadings + kRow / 2;
     for (const Sample& sample : samples()) {
-        const auto secao = secaoDe(sample.classe, sample.points, sample.values);
-        const Dados dados = dadosDe(sample.classe, sample.points, sample.values);
-        text(12, middle - 8, "t", texts::encodeUtf8(descricao(sample.classe).nome));
+        const auto secao = secaoFrom(sample.kind, sample.points, sample.values);
+        const RoleValues roleValues = roleValuesOf(sample.kind, sample.points, sample.values);
+        text(12, middle - 8, "t", texts::encodeUtf8(description(sample.kind).name));
         text(12, middle + 12, "s",
-             texts::encodeUtf8(textoPerfil(sample.classe, dados, 0) + L" " +
-                               textoDimensoes(sample.classe, dados, 0)));
-        drawSection(*secao, middle);
-        for (int view = 1; view <= 4; ++view) drawView(*secao, view, kFirst + view * kCell, middle);
+             texts::encodeUtf8(perfilText(sample.kind, roleValues, 0) + L" " +
+                               dimensoesText(sample.kind, roleValues, 0)));
+        drawSecao(*secao, middle);
+        for (int view = 1; view <= 4; ++view)
+            drawVista(*secao, view, kFirst + view * kCell, middle);
         middle += kRow;
     }
     text(12, middle - 8, "t", "ZpChapa");
-    drawPlate(middle);
+    drawChapa(middle);
     std::printf("</svg>\n");
     return 0;
 }

@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
         }
         if (!replace(folder / (std::string(family.library) + ".slb"), *library)) return 3;
     }
-    return replace(folder / "FLECHA.sld", prancheta::slides::writeSlide(tools::viewDirections()))
+    return replace(folder / "FLECHA.sld", prancheta::slides::writeSlide(tools::vistaDirections()))
                ? 0
                : 3;
 }

@@ -27,10 +27,10 @@ constexpr Figure kFigures[] = {{3, 180.0}, {1, 270.0}, {2, 90.0}, {4, 0.0}};
 
 constexpr double kArrowPixels = 60.0;
 constexpr double kArrowGap = 10.0;
-constexpr double kLengthOverHeight = 2.6;
+constexpr double kComprimentoOverAltura = 2.6;
 
-Caixa grown(const Caixa& box, double by) {
-    Caixa out = box;
+Bounds grown(const Bounds& box, double by) {
+    Bounds out = box;
     out.x0 -= by;
     out.y0 -= by;
     out.x1 += by;
@@ -39,11 +39,11 @@ Caixa grown(const Caixa& box, double by) {
 }
 
 /// The point of the box that an insertion text names; the axis of the piece is its centre.
-Ponto boxPoint(const Caixa& box, std::string_view text) {
+Point boxPoint(const Bounds& box, std::string_view text) {
     const auto has = [text](std::string_view word) {
         return text.find(word) != std::string_view::npos;
     };
-    Ponto p;
+    Point p;
     if (has("RIGHT")) p.x = box.x1;
     if (has("LEFT")) p.x = box.x0;
     if (has("UPPER")) p.y = box.y1;
@@ -52,148 +52,148 @@ Ponto boxPoint(const Caixa& box, std::string_view text) {
 }
 
 /// Arrow towards the middle of one side of the box.
-void eye(Sketch& sketch, const Caixa& box, double looking) {
+void eye(Sketch& sketch, const Bounds& box, double looking) {
     const double gap = kArrowGap * sketch.pixel();
     const double mx = (box.x0 + box.x1) / 2;
     const double my = (box.y0 + box.y1) / 2;
-    const Ponto tip = looking == 180.0   ? Ponto{box.x1 + gap, my}
-                      : looking == 0.0   ? Ponto{box.x0 - gap, my}
-                      : looking == 270.0 ? Ponto{mx, box.y1 + gap}
-                                         : Ponto{mx, box.y0 - gap};
-    sketch.arrow(tip, looking, kArrowPixels, Cor::Seta);
+    const Point tip = looking == 180.0   ? Point{box.x1 + gap, my}
+                      : looking == 0.0   ? Point{box.x0 - gap, my}
+                      : looking == 270.0 ? Point{mx, box.y1 + gap}
+                                         : Point{mx, box.y0 - gap};
+    sketch.arrow(tip, looking, kArrowPixels, Colour::Arrow);
 }
 
-Sketch sectionPicture(const Secao& secao) {
-    Sketch sketch(secao.caixa());
-    sketch.outline(secao.contornos(), Cor::Contorno);
+Sketch secaoPicture(const Secao& secao) {
+    Sketch sketch(secao.bounds());
+    sketch.outline(secao.outlines(), Colour::Outline);
     return sketch;
 }
 
 Sketch directionPicture(const Secao& secao, double looking) {
-    Sketch sketch(grown(secao.caixa(), 0.3 * secao.caixa().lado()));
-    sketch.outline(secao.contornos(), Cor::Contorno);
-    eye(sketch, secao.caixa(), looking);
+    Sketch sketch(grown(secao.bounds(), 0.3 * secao.bounds().side()));
+    sketch.outline(secao.outlines(), Colour::Outline);
+    eye(sketch, secao.bounds(), looking);
     return sketch;
 }
 
 /// The view as the command draws it.
-zp::secao::Vista drawnView(const Family& family, int view) {
+zp::secao::Vista drawnVista(const Family& family, int view) {
     const bool turned = (family.remap == Remap::Channel && view == 2) ||
-                        (family.remap == Remap::Angle && (view == 1 || view == 4));
+                        (family.remap == Remap::Cantoneira && (view == 1 || view == 4));
     std::vector<double> values = family.values;
     if (turned) {
         const auto* const roles =
-            zp::secao::papeisDe(family.classe, family.points, static_cast<int>(values.size()));
-        const int turn = zp::secao::lugarDe(roles, zp::secao::Papel::Giro);
+            zp::secao::rolesOf(family.kind, family.points, static_cast<int>(values.size()));
+        const int turn = zp::secao::placeOf(roles, zp::secao::Role::Giro);
         values[static_cast<std::size_t>(turn)] = std::numbers::pi;
-        if (family.remap == Remap::Angle) view = view == 1 ? 2 : 3;
+        if (family.remap == Remap::Cantoneira) view = view == 1 ? 2 : 3;
     }
-    if (family.remap == Remap::AnglePair && view % 2 == 0) view = view == 2 ? 1 : 3;
-    return zp::secao::secaoDe(family.classe, family.points, values)->vista(view);
+    if (family.remap == Remap::CantoneiraPair && view % 2 == 0) view = view == 2 ? 1 : 3;
+    return zp::secao::secaoFrom(family.kind, family.points, values)->vista(view);
 }
 
-Sketch viewPicture(const zp::secao::Vista& vista) {
-    const double length = kLengthOverHeight * (vista.wMax - vista.wMin);
-    Caixa box;
-    box.inclui(0.0, vista.wMin);
-    box.inclui(length, vista.wMax);
+Sketch vistaPicture(const zp::secao::Vista& vista) {
+    const double length = kComprimentoOverAltura * (vista.wMax - vista.wMin);
+    Bounds box;
+    box.include(0.0, vista.wMin);
+    box.include(length, vista.wMax);
     Sketch sketch(box);
-    for (const auto& nivel : vista.niveis) {
-        if (nivel.visivel)
-            sketch.line({0, nivel.w}, {length, nivel.w}, Cor::Contorno);
+    for (const auto& level : vista.levels) {
+        if (level.visible)
+            sketch.line({0, level.w}, {length, level.w}, Colour::Outline);
         else
-            sketch.dashed({0, nivel.w}, {length, nivel.w}, Cor::Oculta, 9, 5);
+            sketch.dashed({0, level.w}, {length, level.w}, Colour::Hidden, 9, 5);
     }
-    for (const auto& [from, to] : vista.trechos)
-        for (const double x : {0.0, length}) sketch.line({x, from}, {x, to}, Cor::Contorno);
-    if (vista.eixo) sketch.dashed({0, 0}, {length, 0}, Cor::Eixo, 22, 7);
+    for (const auto& [from, to] : vista.stretches)
+        for (const double x : {0.0, length}) sketch.line({x, from}, {x, to}, Colour::Outline);
+    if (vista.axis) sketch.dashed({0, 0}, {length, 0}, Colour::Axis, 22, 7);
     return sketch;
 }
 
 /// Rectangle by its lower left and upper right corners.
-void rectangle(Sketch& sketch, Ponto a, Ponto b, Cor cor) {
-    sketch.line(a, {b.x, a.y}, cor);
-    sketch.line({b.x, a.y}, b, cor);
-    sketch.line(b, {a.x, b.y}, cor);
-    sketch.line({a.x, b.y}, a, cor);
+void rectangle(Sketch& sketch, Point a, Point b, Colour colour) {
+    sketch.line(a, {b.x, a.y}, colour);
+    sketch.line({b.x, a.y}, b, colour);
+    sketch.line(b, {a.x, b.y}, colour);
+    sketch.line({a.x, b.y}, a, colour);
 }
 
 /// Dimension line between two points of one level, arrows outwards.
-void measure(Sketch& sketch, Ponto from, Ponto to) {
+void measure(Sketch& sketch, Point from, Point to) {
     const double degrees = from.x == to.x ? 90.0 : 0.0;
     const double half = (to.x - from.x + to.y - from.y) / (2.0 * sketch.pixel());
-    sketch.arrow(to, degrees, half, Cor::Marca);
-    sketch.arrow(from, degrees + 180.0, half, Cor::Marca);
+    sketch.arrow(to, degrees, half, Colour::Mark);
+    sketch.arrow(from, degrees + 180.0, half, Colour::Mark);
 }
 
 /// Two pieces held together by plates: height A, width C, spacing L1.
-Sketch lacingPicture() {
-    constexpr double kLength = 430.0;
+Sketch travejamentoPicture() {
+    constexpr double kComprimento = 430.0;
     constexpr double kOuter = 90.0;  // edges of the pieces, from the axis
     constexpr double kInner = 45.0;
     constexpr double kHalfA = 70.0;
     constexpr double kC = 70.0;
     constexpr double kL1 = 180.0;
     constexpr double kAway = 35.0;  // of the dimension lines
-    Caixa box;
-    box.inclui(-kAway, -kOuter - kAway);
-    box.inclui(kLength, kOuter + kAway);
+    Bounds box;
+    box.include(-kAway, -kOuter - kAway);
+    box.include(kComprimento, kOuter + kAway);
     Sketch sketch(box);
     for (const double side : {-1.0, 1.0}) {
-        rectangle(sketch, {0, side * kInner}, {kLength, side * kOuter}, Cor::Contorno);
+        rectangle(sketch, {0, side * kInner}, {kComprimento, side * kOuter}, Colour::Outline);
     }
     for (const double x : {0.0, kL1, 2 * kL1})
-        rectangle(sketch, {x, -kHalfA}, {x + kC, kHalfA}, Cor::Seta);
+        rectangle(sketch, {x, -kHalfA}, {x + kC, kHalfA}, Colour::Arrow);
     constexpr double kText = 14.0;
     measure(sketch, {-kAway / 2, -kHalfA}, {-kAway / 2, kHalfA});
-    sketch.text("A", {-kAway / 2, 0}, -kText, 0, Cor::Marca);
+    sketch.text("A", {-kAway / 2, 0}, -kText, 0, Colour::Mark);
     measure(sketch, {kL1, kOuter + kAway / 2}, {kL1 + kC, kOuter + kAway / 2});
-    sketch.text("C", {kL1 + kC / 2, kOuter + kAway / 2}, 0, kText, Cor::Marca);
+    sketch.text("C", {kL1 + kC / 2, kOuter + kAway / 2}, 0, kText, Colour::Mark);
     measure(sketch, {0, -kOuter - kAway / 2}, {kL1, -kOuter - kAway / 2});
-    sketch.text("L1", {kL1 / 2, -kOuter - kAway / 2}, 0, -kText, Cor::Marca);
+    sketch.text("L1", {kL1 / 2, -kOuter - kAway / 2}, 0, -kText, Colour::Mark);
     return sketch;
 }
 
 }  // namespace
 
 std::vector<LibraryEntry> libraryOf(const Family& family) {
-    const auto secao = zp::secao::secaoDe(family.classe, family.points, family.values);
+    const auto secao = zp::secao::secaoFrom(family.kind, family.points, family.values);
     std::vector<LibraryEntry> entries;
     const auto add = [&entries](std::string name, const Sketch& sketch) {
         entries.push_back({std::move(name), writeSlide(sketch.slide())});
     };
-    add("SECAO", sectionPicture(*secao));
+    add("SECAO", secaoPicture(*secao));
     add("FLECHA", directionPicture(*secao, kFigures[0].looking));
     for (std::size_t i = 0; i < family.insertions.size(); ++i) {
-        Sketch sketch = sectionPicture(*secao);
-        sketch.mark(boxPoint(secao->caixa(), family.insertions[i]), Cor::Marca);
+        Sketch sketch = secaoPicture(*secao);
+        sketch.mark(boxPoint(secao->bounds(), family.insertions[i]), Colour::Mark);
         add("IP" + std::to_string(i), sketch);
     }
     int figure = 0;
     for (const Figure& f : kFigures) {
         ++figure;
         add("BT" + std::to_string(figure), directionPicture(*secao, f.looking));
-        add("VI" + std::to_string(figure), viewPicture(drawnView(family, f.view)));
+        add("VI" + std::to_string(figure), vistaPicture(drawnVista(family, f.view)));
     }
-    if (family.extra == Extra::LacingPicture) add("TRAV", lacingPicture());
+    if (family.extra == Extra::TravejamentoPicture) add("TRAV", travejamentoPicture());
     return entries;
 }
 
-prancheta::slides::Slide viewDirections() {
+prancheta::slides::Slide vistaDirections() {
     const Family& channel = families().front();
-    const auto secao = zp::secao::secaoDe(channel.classe, channel.points, channel.values);
-    const Caixa& box = secao->caixa();
-    Sketch sketch(grown(box, 0.45 * box.lado()));
-    sketch.outline(secao->contornos(), Cor::Contorno);
+    const auto secao = zp::secao::secaoFrom(channel.kind, channel.points, channel.values);
+    const Bounds& box = secao->bounds();
+    Sketch sketch(grown(box, 0.45 * box.side()));
+    sketch.outline(secao->outlines(), Colour::Outline);
     const double mx = (box.x0 + box.x1) / 2;
     const double my = (box.y0 + box.y1) / 2;
     for (const Figure& figure : kFigures) eye(sketch, box, figure.looking);
     constexpr double kBeside = 14.0;
     constexpr double kAlong = kArrowGap + kArrowPixels - 8.0;
-    sketch.text("1", {box.x1, my}, kAlong, kBeside, Cor::Marca);
-    sketch.text("2", {mx, box.y1}, kBeside, kAlong, Cor::Marca);
-    sketch.text("3", {mx, box.y0}, kBeside, -kAlong, Cor::Marca);
-    sketch.text("4", {box.x0, my}, -kAlong, kBeside, Cor::Marca);
+    sketch.text("1", {box.x1, my}, kAlong, kBeside, Colour::Mark);
+    sketch.text("2", {mx, box.y1}, kBeside, kAlong, Colour::Mark);
+    sketch.text("3", {mx, box.y0}, kBeside, -kAlong, Colour::Mark);
+    sketch.text("4", {box.x0, my}, -kAlong, kBeside, Colour::Mark);
     return sketch.slide();
 }
 

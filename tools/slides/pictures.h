@@ -14,6 +14,6 @@ namespace tools {
 std::vector<prancheta::slides::LibraryEntry> libraryOf(const Family& family);
 
 /// A channel looked at from four sides, each arrow with the number of its figure.
-prancheta::slides::Slide viewDirections();
+prancheta::slides::Slide vistaDirections();
 
 }  // namespace tools

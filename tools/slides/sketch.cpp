@@ -22,7 +22,7 @@ double radians(double degrees) { return degrees * std::numbers::pi / 180.0; }
 
 }  // namespace
 
-Sketch::Sketch(const Caixa& world) {
+Sketch::Sketch(const Bounds& world) {
     m_slide.width = kWidth;
     m_slide.height = kHeight;
     m_slide.aspect = 4.0 / 3.0;
@@ -32,62 +32,62 @@ Sketch::Sketch(const Caixa& world) {
     m_dy = kHeight / 2.0 - m_scale * (world.y0 + world.y1) / 2.0;
 }
 
-prancheta::slides::Pixel Sketch::toPixel(Ponto p) const {
+prancheta::slides::Pixel Sketch::toPixel(Point p) const {
     return {static_cast<std::int16_t>(std::lround(m_scale * p.x + m_dx)),
             static_cast<std::int16_t>(std::lround(m_scale * p.y + m_dy))};
 }
 
-Ponto Sketch::moved(Ponto p, double degrees, double pixels) const {
+Point Sketch::moved(Point p, double degrees, double pixels) const {
     return {p.x + pixel() * pixels * std::cos(radians(degrees)),
             p.y + pixel() * pixels * std::sin(radians(degrees))};
 }
 
-void Sketch::line(Ponto a, Ponto b, Cor cor) {
-    m_slide.elements.push_back({static_cast<std::uint8_t>(cor), {toPixel(a), toPixel(b)}});
+void Sketch::line(Point a, Point b, Colour colour) {
+    m_slide.elements.push_back({static_cast<std::uint8_t>(colour), {toPixel(a), toPixel(b)}});
 }
 
-void Sketch::polygon(const std::vector<Ponto>& points, Cor cor) {
-    prancheta::slides::Element element{static_cast<std::uint8_t>(cor), {}};
-    for (const Ponto& p : points) element.points.push_back(toPixel(p));
+void Sketch::polygon(const std::vector<Point>& points, Colour colour) {
+    prancheta::slides::Element element{static_cast<std::uint8_t>(colour), {}};
+    for (const Point& p : points) element.points.push_back(toPixel(p));
     m_slide.elements.push_back(std::move(element));
 }
 
-void Sketch::dashed(Ponto a, Ponto b, Cor cor, double dash, double gap) {
+void Sketch::dashed(Point a, Point b, Colour colour, double dash, double gap) {
     const double length = std::hypot(b.x - a.x, b.y - a.y) * m_scale;
     const auto at = [&](double pixels) {
         const double f = std::min(pixels / length, 1.0);
-        return Ponto{a.x + f * (b.x - a.x), a.y + f * (b.y - a.y)};
+        return Point{a.x + f * (b.x - a.x), a.y + f * (b.y - a.y)};
     };
-    for (double s = 0.0; s < length; s += dash + gap) line(at(s), at(s + dash), cor);
+    for (double s = 0.0; s < length; s += dash + gap) line(at(s), at(s + dash), colour);
 }
 
-void Sketch::outline(const std::vector<Contorno>& contornos, Cor cor) {
-    for (const Contorno& contorno : contornos) {
-        for (const auto& segmento : contorno.segmentos) {
+void Sketch::outline(const std::vector<Outline>& outlines, Colour colour) {
+    for (const Outline& outline : outlines) {
+        for (const auto& segment : outline.segments) {
             const int chords =
-                std::max(1, static_cast<int>(std::ceil(std::abs(segmento.varre) / kArcStep)));
+                std::max(1, static_cast<int>(std::ceil(std::abs(segment.sweep) / kArcStep)));
             for (int i = 0; i < chords; ++i)
-                line(segmento.ponto(static_cast<double>(i) / chords),
-                     segmento.ponto((i + 1.0) / chords), cor);
+                line(segment.point(static_cast<double>(i) / chords),
+                     segment.point((i + 1.0) / chords), colour);
         }
     }
 }
 
-void Sketch::mark(Ponto at, Cor cor) {
+void Sketch::mark(Point at, Colour colour) {
     for (const double degrees : {0.0, 90.0})
-        line(moved(at, degrees, -kCross), moved(at, degrees, kCross), cor);
+        line(moved(at, degrees, -kCross), moved(at, degrees, kCross), colour);
     const double s = kSquare * pixel();
     polygon(
         {{at.x - s, at.y - s}, {at.x + s, at.y - s}, {at.x + s, at.y + s}, {at.x - s, at.y + s}},
-        cor);
+        colour);
 }
 
-void Sketch::arrow(Ponto tip, double degrees, double length, Cor cor) {
-    line(moved(tip, degrees, -length), tip, cor);
-    polygon({tip, moved(tip, degrees + 160.0, kHead), moved(tip, degrees - 160.0, kHead)}, cor);
+void Sketch::arrow(Point tip, double degrees, double length, Colour colour) {
+    line(moved(tip, degrees, -length), tip, colour);
+    polygon({tip, moved(tip, degrees + 160.0, kHead), moved(tip, degrees - 160.0, kHead)}, colour);
 }
 
-void Sketch::text(std::string_view signs, Ponto at, double dx, double dy, Cor cor) {
+void Sketch::text(std::string_view signs, Point at, double dx, double dy, Colour colour) {
     // Strokes in a 2 x 4 grid, as pairs of grid points.
     struct Stroke {
         int x1, y1, x2, y2;
@@ -105,10 +105,10 @@ void Sketch::text(std::string_view signs, Ponto at, double dx, double dy, Cor co
     constexpr double kAdvance = 3 * kGrid;
     for (const char sign : signs) {
         const auto point = [&](int x, int y) {
-            return Ponto{at.x + pixel() * (dx + kGrid * (x - 1)),
+            return Point{at.x + pixel() * (dx + kGrid * (x - 1)),
                          at.y + pixel() * (dy + kGrid * (y - 2))};
         };
-        for (const Stroke& s : kSigns.at(sign)) line(point(s.x1, s.y1), point(s.x2, s.y2), cor);
+        for (const Stroke& s : kSigns.at(sign)) line(point(s.x1, s.y1), point(s.x2, s.y2), colour);
         dx += kAdvance;
     }
 }

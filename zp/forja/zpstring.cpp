@@ -8,38 +8,38 @@
 #include "texts/number.h"
 #include "zp/forja/zpstringlist.h"
 
-ZpString::ZpString(const wchar_t* texto) : m_texto(texto != nullptr ? texto : L"") {}
+ZpString::ZpString(const wchar_t* text) : m_text(text != nullptr ? text : L"") {}
 
-ZpString::ZpString(int numero) : m_texto(std::to_wstring(numero)) {}
+ZpString::ZpString(int number) : m_text(std::to_wstring(number)) {}
 
-ZpString::ZpString(double numero) : m_texto(texts::withPoint(numero, 6)) {}
+ZpString::ZpString(double number) : m_text(texts::withPoint(number, 6)) {}
 
-ZpString& ZpString::operator+=(const ZpString& outro) {
-    m_texto += outro.m_texto;
+ZpString& ZpString::operator+=(const ZpString& other) {
+    m_text += other.m_text;
     return *this;
 }
 
 double ZpString::toDouble() const {
-    const double valor = texts::toReal(m_texto, texts::DecimalSign::kPoint);
-    return std::isfinite(valor) ? valor : 0.0;
+    const double value = texts::toReal(m_text, texts::DecimalSign::kPoint);
+    return std::isfinite(value) ? value : 0.0;
 }
 
-ZpStringList ZpString::Separate(const wchar_t* separador) const {
-    ZpStringList pedacos;
-    const std::size_t passo = separador != nullptr ? std::wcslen(separador) : 0;
-    std::size_t de = 0;
-    while (passo > 0) {
-        const std::size_t ate = m_texto.find(separador, de);
-        if (ate == std::wstring::npos) break;
-        pedacos.append(m_texto.substr(de, ate - de));
-        de = ate + passo;
+ZpStringList ZpString::Separate(const wchar_t* separator) const {
+    ZpStringList parts;
+    const std::size_t step = separator != nullptr ? std::wcslen(separator) : 0;
+    std::size_t from = 0;
+    while (step > 0) {
+        const std::size_t to = m_text.find(separator, from);
+        if (to == std::wstring::npos) break;
+        parts.append(m_text.substr(from, to - from));
+        from = to + step;
     }
-    pedacos.append(m_texto.substr(de));
-    return pedacos;
+    parts.append(m_text.substr(from));
+    return parts;
 }
 
-void ZpString::CloseInChar(const wchar_t* conjunto) {
-    if (conjunto == nullptr) return;
-    const std::size_t onde = m_texto.find_first_of(conjunto);
-    if (onde != std::wstring::npos) m_texto.erase(onde);
+void ZpString::CloseInChar(const wchar_t* set) {
+    if (set == nullptr) return;
+    const std::size_t where = m_text.find_first_of(set);
+    if (where != std::wstring::npos) m_text.erase(where);
 }

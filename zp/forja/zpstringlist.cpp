@@ -4,20 +4,21 @@
 
 #include <algorithm>
 
-int ZpStringList::index(const ZpString& texto) const {
-    const auto achado = std::find(m_itens.begin(), m_itens.end(), texto);
-    return achado == m_itens.end() ? -1 : static_cast<int>(achado - m_itens.begin());
+int ZpStringList::index(const ZpString& text) const {
+    const auto found = std::find(m_items.begin(), m_items.end(), text);
+    return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
 }
 
-const ZpString& ZpStringList::at(int posicao) const {
-    static const ZpString kVazio;
-    return posicao >= 0 && posicao < length() ? m_itens[static_cast<std::size_t>(posicao)] : kVazio;
+const ZpString& ZpStringList::at(int position) const {
+    static const ZpString kEmpty;
+    return position >= 0 && position < length() ? m_items[static_cast<std::size_t>(position)]
+                                                : kEmpty;
 }
 
-void ZpStringList::setAt(int posicao, const ZpString& texto) {
-    if (posicao >= 0 && posicao < length()) m_itens[static_cast<std::size_t>(posicao)] = texto;
+void ZpStringList::setAt(int position, const ZpString& text) {
+    if (position >= 0 && position < length()) m_items[static_cast<std::size_t>(position)] = text;
 }
 
-void ZpStringList::removeAt(int posicao) {
-    if (posicao >= 0 && posicao < length()) m_itens.erase(m_itens.begin() + posicao);
+void ZpStringList::removeAt(int position) {
+    if (position >= 0 && position < length()) m_items.erase(m_items.begin() + position);
 }

@@ -9,7 +9,7 @@
 inline constexpr const ACHAR* kZpGBarraApp = L"ZP_GBARRA";
 
 struct tagZP_GBARRA {
-    int tipo = 0;              ///< structural role, ZpObject::TipoBarra
+    int type = 0;              ///< structural role, ZpObject::TipoBarra
     wchar_t perfil[128] = {};  ///< short name of the section
     wchar_t dimensoes[128] = {};
     double comprimento = 0.0;  ///< mm

@@ -6,7 +6,7 @@
 
 #include "acedads.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 namespace {
 
 int g_last = 0;
@@ -15,28 +15,28 @@ int g_last = 0;
 
 void forgetLast() { g_last = 0; }
 
-std::optional<Lista> pergunta(const std::vector<Lista>& all) {
+std::optional<MaterialList> askWhich(const std::vector<MaterialList>& all) {
     if (all.empty()) return {};
-    const auto aceita = [](const Lista& lista) {
-        g_last = lista.numero;
-        return lista;
+    const auto take = [](const MaterialList& list) {
+        g_last = list.number;
+        return list;
     };
-    if (all.size() == 1) return aceita(all.front());
-    const auto numbered = [&](int numero) {
+    if (all.size() == 1) return take(all.front());
+    const auto numbered = [&](int number) {
         return std::find_if(all.begin(), all.end(),
-                            [=](const Lista& l) { return l.numero == numero; });
+                            [=](const MaterialList& l) { return l.number == number; });
     };
     const auto last = numbered(g_last) != all.end() ? numbered(g_last) : all.end() - 1;
-    const std::wstring mensagem = L"\nLista de material <" + std::to_wstring(last->numero) + L">: ";
+    const std::wstring message = L"\nLista de material <" + std::to_wstring(last->number) + L">: ";
     for (;;) {
         acedInitGet(RSG_NOZERO | RSG_NONEG, nullptr);
-        int numero = 0;
-        const int status = acedGetInt(mensagem.c_str(), &numero);
-        if (status == RTNONE) return aceita(*last);
+        int number = 0;
+        const int status = acedGetInt(message.c_str(), &number);
+        if (status == RTNONE) return take(*last);
         if (status != RTNORM) return {};
-        if (const auto achada = numbered(numero); achada != all.end()) return aceita(*achada);
+        if (const auto found = numbered(number); found != all.end()) return take(*found);
         acutPrintf(L"\nNão há lista de material com este número.\n");
     }
 }
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

@@ -7,12 +7,12 @@
 
 #include "zp/matlist/lists.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 
 /// The only one of `all`, or the one that the user names; offered is the one taken last. Nothing
 /// when there is none or the user declined.
-std::optional<Lista> pergunta(const std::vector<Lista>& all);
+std::optional<MaterialList> askWhich(const std::vector<MaterialList>& all);
 /// To be called when a drawing goes away: another one's lists have the same numbers.
 void forgetLast();
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

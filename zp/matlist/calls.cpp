@@ -18,14 +18,14 @@ namespace {
 constexpr double kMarcaAltura = 2.5;
 
 /// The list that is open for adding. The calls have no object of their own to keep it in.
-struct Aberta {
-    AcDbObjectId lista;
-    int tipo = 1;
+struct OpenedList {
+    AcDbObjectId list;
+    int type = 1;
     CCountMarca* counter = nullptr;
 };
-Aberta g_opened;
+OpenedList g_opened;
 
-const wchar_t* orEmpty(const wchar_t* texto) { return texto != nullptr ? texto : L""; }
+const wchar_t* orEmpty(const wchar_t* text) { return text != nullptr ? text : L""; }
 
 }  // namespace
 
@@ -53,72 +53,73 @@ void Linha::AddObjId(AcDbSoftPointerId& id) {
     if (!id.isNull()) ids.push_back(id);
 }
 
-int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, wchar_t* grupo, CCountMarca&,
-                      int& tipo) {
-    tipo = std::max(1, tipo);
-    lista = 0;
-    estado = 0;
-    listaId.setNull();
-    AcDbDatabase* desenho = acdbHostApplicationServices()->workingDatabase();
-    if (desenho == nullptr || grupo == nullptr) return 0;
-    std::vector<zp::lista::Lista> ofGroup = zp::lista::listas(*desenho);
-    std::erase_if(ofGroup, [&](const zp::lista::Lista& l) { return l.header.grupo != grupo; });
+int ZpArxConnectLista(int& list, AcDbObjectId& listId, int& state, wchar_t* group, CCountMarca&,
+                      int& type) {
+    type = std::max(1, type);
+    list = 0;
+    state = 0;
+    listId.setNull();
+    AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr || group == nullptr) return 0;
+    std::vector<zp::matlist::MaterialList> ofGroup = zp::matlist::materialLists(*drawing);
+    std::erase_if(ofGroup,
+                  [&](const zp::matlist::MaterialList& l) { return l.header.group != group; });
     if (ofGroup.empty()) {
-        const auto nova = zp::lista::nova(*desenho, grupo);
-        if (!nova) return 0;
-        ofGroup.push_back(*nova);
-        estado = 1;
+        const auto fresh = zp::matlist::newList(*drawing, group);
+        if (!fresh) return 0;
+        ofGroup.push_back(*fresh);
+        state = 1;
     }
-    const std::optional<zp::lista::Lista> escolhida = zp::lista::pergunta(ofGroup);
-    if (!escolhida) return 0;
-    lista = escolhida->numero;
-    listaId = escolhida->id;
+    const std::optional<zp::matlist::MaterialList> chosen = zp::matlist::askWhich(ofGroup);
+    if (!chosen) return 0;
+    list = chosen->number;
+    listId = chosen->id;
     return 1;
 }
 
-int ZpArxOpenLista(int, AcDbObjectId& listaId, int, wchar_t*, int tipo, CCountMarca& counter,
-                   AcGePoint3d& ponto) {
-    std::optional<zp::lista::Header> header = zp::lista::readHeader(listaId);
+int ZpArxOpenLista(int, AcDbObjectId& listId, int, wchar_t*, int type, CCountMarca& counter,
+                   AcGePoint3d& point) {
+    std::optional<zp::matlist::Header> header = zp::matlist::readHeader(listId);
     if (!header) return 0;
     // One made by the user is as empty as one just made.
-    if (zp::lista::hasNoRows(listaId) && !zp::lista::hasTable(*header)) {
-        header->ponto = ponto;
-        if (!zp::lista::writeHeader(listaId, *header)) return 0;
+    if (zp::matlist::hasNoRows(listId) && !zp::matlist::hasTable(*header)) {
+        header->point = point;
+        if (!zp::matlist::writeHeader(listId, *header)) return 0;
     }
-    g_opened = {listaId, std::max(1, tipo), &counter};
+    g_opened = {listId, std::max(1, type), &counter};
     return 1;
 }
 
 int ZpArxGetNextMarca(wchar_t* marca) {
     if (marca == nullptr || g_opened.counter == nullptr) return 0;
     std::vector<int>& given = g_opened.counter->given;
-    const int lowestFree = zp::lista::lowestFreeMarca(g_opened.lista, given);
+    const int lowestFree = zp::matlist::lowestFreeMarca(g_opened.list, given);
     given.push_back(lowestFree);
     std::swprintf(marca, kZpMarcaMax, L"P%d", lowestFree);
     return 1;
 }
 
-void ZpArxAddMarca(AcGePoint3d ponta, AcGePoint3d texto, wchar_t* marca, AcDbObjectId& marcaId) {
+void ZpArxAddMarca(AcGePoint3d tip, AcGePoint3d text, wchar_t* marca, AcDbObjectId& marcaId) {
     marcaId.setNull();
     if (marca == nullptr) return;
     const AcDbObjectId peca =
-        zp::vigia::pecaMarcada(acdbHostApplicationServices()->workingDatabase(), ponta);
-    auto entidade = std::make_unique<ZpMarca>(ponta, texto, marca, kMarcaAltura * GetScale(), peca);
-    (void)entidade->setLayer(
+        zp::watch::pecaOfMarca(acdbHostApplicationServices()->workingDatabase(), tip);
+    auto entity = std::make_unique<ZpMarca>(tip, text, marca, kMarcaAltura * GetScale(), peca);
+    (void)entity->setLayer(
         ZpLayerToUsr(L"MARCA"));  // a name that cannot be a layer leaves the current one
-    if (append(entidade.get(), marcaId) == RTNORM)
-        (void)entidade.release()->close();
+    if (append(entity.get(), marcaId) == RTNORM)
+        (void)entity.release()->close();
     else
         marcaId.setNull();
 }
 
-int ZpArxAddToLista(Linha& linha) {
+int ZpArxAddToLista(Linha& row) {
     if (g_opened.counter == nullptr) return 0;
-    Linha all = linha;
-    all.quantidade *= g_opened.tipo;
-    all.pesoTotal *= g_opened.tipo;
-    all.areaPintura *= g_opened.tipo;
-    return zp::lista::acrescenta(g_opened.lista, all) ? 1 : 0;
+    Linha all = row;
+    all.quantidade *= g_opened.type;
+    all.pesoTotal *= g_opened.type;
+    all.areaPintura *= g_opened.type;
+    return zp::matlist::add(g_opened.list, all) ? 1 : 0;
 }
 
 void ZpArxCloseLista() { g_opened = {}; }

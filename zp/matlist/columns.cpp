@@ -8,7 +8,7 @@
 #include "zp/matlist/formats.h"
 #include "zp/matlist/lists.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 
 // Key, title, name, unit, decimals, width, summed; field, editable.
 const std::array<Column, kColumns> kColumnTable{{
@@ -28,22 +28,22 @@ const std::array<Column, kColumns> kColumnTable{{
     {{L"observacao", L"Observação", L"Observação", L"", -1, 36, false}, &Linha::observacao, true},
 }};
 
-Cell cellOf(const Linha& linha, const Column& column) {
-    if (column.field == Field(&Linha::observacao)) return observacaoOf(linha);
+Cell cellOf(const Linha& row, const Column& column) {
+    if (column.field == Field(&Linha::observacao)) return observacaoOf(row);
     return std::visit(
         [&](auto field) -> Cell {
             if constexpr (std::is_same_v<decltype(field), std::wstring Linha::*>)
-                return linha.*field;
+                return row.*field;
             else
-                return static_cast<double>(linha.*field);
+                return static_cast<double>(row.*field);
         },
         column.field);
 }
 
-std::array<double, kColumns> totalsOf(const std::vector<Linha>& linhas) {
+std::array<double, kColumns> totalsOf(const std::vector<Linha>& rows) {
     std::array<double, kColumns> totals{};
-    for (const Linha& l : linhas) {
-        if (apagada(l)) continue;
+    for (const Linha& l : rows) {
+        if (erased(l)) continue;
         for (std::size_t i = 0; i < kColumns; ++i)
             if (kColumnTable[i].shown.summed)
                 totals[i] += std::get<double>(cellOf(l, kColumnTable[i]));
@@ -81,4 +81,4 @@ const protocol::ListSchema& listSchema() {
     return schema;
 }
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

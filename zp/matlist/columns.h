@@ -10,7 +10,7 @@
 #include "protocol/report.h"
 #include "zp/matlist/zpmatlist.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 
 using Field = std::variant<std::wstring Linha::*, int Linha::*, double Linha::*>;
 
@@ -26,9 +26,9 @@ extern const std::array<Column, kColumns> kColumnTable;
 /// A value as a reader gets it: text or number.
 using Cell = std::variant<std::wstring, double>;
 /// The remark of a row also says what was erased.
-Cell cellOf(const Linha& linha, const Column& column);
+Cell cellOf(const Linha& row, const Column& column);
 /// Sums over the rows that count, in the columns that are summed; 0 elsewhere.
-std::array<double, kColumns> totalsOf(const std::vector<Linha>& linhas);
+std::array<double, kColumns> totalsOf(const std::vector<Linha>& rows);
 /// A cell in words: decimal comma, the column's decimals.
 std::wstring wordsOf(const Cell& cell, const Column& column);
 /// "PESO UNIT. (kg)", without characters that old drawing fonts lack.
@@ -40,4 +40,4 @@ inline constexpr const wchar_t* kTotal = L"TOTAL";
 /// Columns and formats as a host reads them.
 const protocol::ListSchema& listSchema();
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

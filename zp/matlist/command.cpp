@@ -14,185 +14,186 @@
 #include "zp/matlist/formats.h"
 #include "zp/matlist/table.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 namespace {
 
 /// Words of the command's question. Behind those of the table come the file formats'.
-constexpr std::array kTabela{L"Tabela", L"Table"};
+constexpr std::array kTable{L"Tabela", L"Table"};
 constexpr std::array kNewList{L"Nova", L"New"};
 constexpr std::array kPurge{L"Limpar", L"Purge"};
 
 /// What the command is to do, by the word in the user's language; empty: nothing.
 std::wstring askAction() {
     std::wstring local, global;
-    const auto poe = [&](const wchar_t* daqui, const wchar_t* deFora) {
-        local += (local.empty() ? L"" : L" ") + std::wstring(daqui);
-        global += (global.empty() ? L"" : L" ") + std::wstring(deFora);
+    const auto put = [&](const wchar_t* ours, const wchar_t* theirs) {
+        local += (local.empty() ? L"" : L" ") + std::wstring(ours);
+        global += (global.empty() ? L"" : L" ") + std::wstring(theirs);
     };
-    poe(kTabela[0], kTabela[1]);
-    for (const Format& f : kFormatTable) poe(f.shown.word, f.shown.word);
-    poe(kNewList[0], kNewList[1]);
-    poe(kPurge[0], kPurge[1]);
-    std::wstring opcoes = local;
-    std::ranges::replace(opcoes, L' ', L'/');
+    put(kTable[0], kTable[1]);
+    for (const Format& f : kFormatTable) put(f.shown.word, f.shown.word);
+    put(kNewList[0], kNewList[1]);
+    put(kPurge[0], kPurge[1]);
+    std::wstring options = local;
+    std::ranges::replace(options, L' ', L'/');
     acedInitGet(0, (local + L" _" + global).c_str());
-    ACHAR palavra[133] = L"";
+    ACHAR word[133] = L"";
     const int status = acedGetKword(
-        (L"\nLista de material [" + opcoes + L"] <" + kTabela[0] + L">: ").c_str(), palavra);
-    if (status == RTNONE) return kTabela[0];
+        (L"\nLista de material [" + options + L"] <" + kTable[0] + L">: ").c_str(), word);
+    if (status == RTNONE) return kTable[0];
     if (status != RTNORM) return {};
-    const std::wstring_view escolha = palavra;
-    for (const auto& palavras : {kTabela, kNewList, kPurge})
-        if (escolha == palavras[1]) return palavras[0];
-    return palavra;
+    const std::wstring_view choice = word;
+    for (const auto& words : {kTable, kNewList, kPurge})
+        if (choice == words[1]) return words[0];
+    return word;
 }
 
 /// The list to work on; nothing when there is none or the user declined.
-std::optional<Lista> escolhe(AcDbDatabase& desenho) {
-    const std::vector<Lista> all = listas(desenho);
+std::optional<MaterialList> choose(AcDbDatabase& drawing) {
+    const std::vector<MaterialList> all = materialLists(drawing);
     if (all.empty()) {
         acutPrintf(L"\nO desenho não tem lista de material.\n");
         return {};
     }
     if (all.size() > 1)
-        for (const Lista& l : all) acutPrintf(L"\n%d: %ls", l.numero, l.header.grupo.c_str());
-    return pergunta(all);
+        for (const MaterialList& l : all)
+            acutPrintf(L"\n%d: %ls", l.number, l.header.group.c_str());
+    return askWhich(all);
 }
 
-void tabela(Lista lista) {
+void table(MaterialList list) {
     // A table that stands keeps its place; a new one is asked for, the offered point being where
     // the list began.
-    if (!hasTable(lista.header)) {
-        AcGePoint3d ponto;
+    if (!hasTable(list.header)) {
+        AcGePoint3d point;
         const int status =
-            getWCSpoint(ponto, L"\nCanto superior esquerdo da tabela <junto à primeira peça>: ");
+            getWCSpoint(point, L"\nCanto superior esquerdo da tabela <junto à primeira peça>: ");
         if (status == RTCAN) return;
         if (status == RTNORM) {
-            lista.header.ponto = ponto;
-            if (!writeHeader(lista.id, lista.header)) return;
+            list.header.point = point;
+            if (!writeHeader(list.id, list.header)) return;
         }
     }
-    if (!drawTable(lista)) acutPrintf(L"\nA tabela não pôde ser desenhada.\n");
+    if (!drawTable(list)) acutPrintf(L"\nA tabela não pôde ser desenhada.\n");
 }
 
-enum class Answer { Sim, No, GiveUp };
+enum class Answer { Yes, No, GiveUp };
 
 /// [Sim/Não]; Enter takes what is offered.
-Answer confirm(const std::wstring& pergunta, Answer offered) {
+Answer confirm(const std::wstring& question, Answer offered) {
     acedInitGet(0, L"Sim Não _Yes No");
-    ACHAR palavra[133] = L"";
-    const std::wstring padrao = offered == Answer::Sim ? L"Sim" : L"Não";
+    ACHAR word[133] = L"";
+    const std::wstring defaultAnswer = offered == Answer::Yes ? L"Sim" : L"Não";
     const int status =
-        acedGetKword((pergunta + L" [Sim/Não] <" + padrao + L">: ").c_str(), palavra);
+        acedGetKword((question + L" [Sim/Não] <" + defaultAnswer + L">: ").c_str(), word);
     if (status == RTNONE) return offered;
     if (status != RTNORM) return Answer::GiveUp;
-    const std::wstring escolha = palavra;
-    return escolha == L"Yes" || escolha == L"Sim" ? Answer::Sim : Answer::No;
+    const std::wstring choice = word;
+    return choice == L"Yes" || choice == L"Sim" ? Answer::Yes : Answer::No;
 }
 
-bool hasExtension(const std::filesystem::path& arquivo, const wchar_t* extensao) {
-    return texts::equalIgnoringCase(texts::shown(arquivo.extension()), extensao);
+bool hasExtension(const std::filesystem::path& file, const wchar_t* extension) {
+    return texts::equalIgnoringCase(texts::shown(file.extension()), extension);
 }
 
 /// File to write, its whole path; asks before one that exists is replaced. Nothing when the user
 /// declined or the name cannot have come whole.
-std::optional<std::filesystem::path> askDestination(const wchar_t* pergunta,
-                                                    const wchar_t* extensao) {
+std::optional<std::filesystem::path> askDestination(const wchar_t* question,
+                                                    const wchar_t* extension) {
     for (;;) {
-        ACHAR nome[133] = L"";
-        if (acedGetString(1, pergunta, nome) != RTNORM || *nome == L'\0') return {};
-        const std::wstring caminho = nome;
+        ACHAR name[133] = L"";
+        if (acedGetString(1, question, name) != RTNORM || *name == L'\0') return {};
+        const std::wstring path = name;
         // A longer answer is cut there, and would name another file.
-        if (caminho.size() >= std::size(nome) - 1) {
+        if (path.size() >= std::size(name) - 1) {
             acutPrintf(
                 L"\nO caminho passa de 131 caracteres; nada foi gravado. Informe um mais curto.\n");
             return {};
         }
-        std::filesystem::path destino = texts::pathOf(caminho);
-        if (!hasExtension(destino, extensao)) destino += extensao;
-        std::error_code erro;  // what cannot be asked cannot be written either, and that is told
-        const std::filesystem::path inteiro = std::filesystem::absolute(destino, erro);
-        if (!erro) destino = inteiro;
-        if (!std::filesystem::is_regular_file(destino, erro)) return destino;
-        const Answer troca = confirm(
-            L"\n" + texts::shown(destino) + L" já existe. Deseja substituí-lo?", Answer::No);
-        if (troca == Answer::Sim) return destino;
-        if (troca == Answer::GiveUp) return {};
+        std::filesystem::path destination = texts::pathOf(path);
+        if (!hasExtension(destination, extension)) destination += extension;
+        std::error_code error;  // what cannot be asked cannot be written either, and that is told
+        const std::filesystem::path whole = std::filesystem::absolute(destination, error);
+        if (!error) destination = whole;
+        if (!std::filesystem::is_regular_file(destination, error)) return destination;
+        const Answer replaces = confirm(
+            L"\n" + texts::shown(destination) + L" já existe. Deseja substituí-lo?", Answer::No);
+        if (replaces == Answer::Yes) return destination;
+        if (replaces == Answer::GiveUp) return {};
     }
 }
 
-void exportTo(const Lista& lista, const Format& formato) {
-    if (formato.write == nullptr) {
+void exportTo(const MaterialList& list, const Format& format) {
+    if (format.write == nullptr) {
         acutPrintf(L"\nEsta versão do programa não grava planilhas %ls; use a opção CSV.\n",
-                   formato.shown.name);
+                   format.shown.name);
         return;
     }
-    const std::optional<std::filesystem::path> destino =
-        askDestination((L"\nArquivo " + std::wstring(formato.shown.name) + L": ").c_str(),
-                       (L"." + std::wstring(formato.shown.extension)).c_str());
-    if (!destino) return;
-    if (formato.write(*destino, linhas(lista.id)))
-        acutPrintf(L"\nLista gravada em %ls.\n", texts::shown(*destino).c_str());
+    const std::optional<std::filesystem::path> destination =
+        askDestination((L"\nArquivo " + std::wstring(format.shown.name) + L": ").c_str(),
+                       (L"." + std::wstring(format.shown.extension)).c_str());
+    if (!destination) return;
+    if (format.write(*destination, rows(list.id)))
+        acutPrintf(L"\nLista gravada em %ls.\n", texts::shown(*destination).c_str());
     else
         acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
-                   texts::shown(*destino).c_str());
+                   texts::shown(*destination).c_str());
 }
 
-int erasedCount(const Lista& lista) {
-    const std::vector<Linha> all = linhas(lista.id);
-    return static_cast<int>(std::count_if(all.begin(), all.end(), apagada));
+int erasedCount(const MaterialList& list) {
+    const std::vector<Linha> all = rows(list.id);
+    return static_cast<int>(std::count_if(all.begin(), all.end(), erased));
 }
 
-void tellErased(const Lista& lista) {
-    if (const int n = erasedCount(lista); n > 0)
+void tellErased(const MaterialList& list) {
+    if (const int n = erasedCount(list); n > 0)
         acutPrintf(
             L"\nLinhas de peças ou marcas apagadas, fora dos totais: %d. A opção Limpar as "
             L"retira.\n",
             n);
 }
 
-void purge(const Lista& lista) {
-    const int n = erasedCount(lista);
+void purge(const MaterialList& list) {
+    const int n = erasedCount(list);
     if (n == 0) {
         acutPrintf(L"\nNenhuma linha de peça ou marca apagada.\n");
         return;
     }
-    for (const Linha& l : linhas(lista.id))
-        if (apagada(l))
+    for (const Linha& l : rows(list.id))
+        if (erased(l))
             acutPrintf(L"\n%ls: %ls %ls, %ls", l.marca.c_str(), l.descricao.c_str(),
                        l.dimensoes.c_str(), observacaoOf(l).c_str());
-    const std::wstring pergunta = L"\nRetirar da lista (linhas: " + std::to_wstring(n) + L")";
-    if (confirm(pergunta, Answer::Sim) != Answer::Sim) return;
-    acutPrintf(L"\nLinhas retiradas: %d.\n", removeErased(lista.id));
-    if (hasTable(lista.header)) (void)drawTable(lista);
+    const std::wstring question = L"\nRetirar da lista (linhas: " + std::to_wstring(n) + L")";
+    if (confirm(question, Answer::Yes) != Answer::Yes) return;
+    acutPrintf(L"\nLinhas retiradas: %d.\n", removeErased(list.id));
+    if (hasTable(list.header)) (void)drawTable(list);
 }
 
 }  // namespace
 
 void materialListCommand() {
-    AcDbDatabase* desenho = acdbHostApplicationServices()->workingDatabase();
-    if (desenho == nullptr) return;
-    const std::wstring acao = askAction();
-    if (acao.empty()) return;
-    if (acao == kNewList[0]) {
-        if (const auto lista = nova(*desenho, L"Perfil"))
-            acutPrintf(L"\nLista de material %d criada.\n", lista->numero);
+    AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr) return;
+    const std::wstring action = askAction();
+    if (action.empty()) return;
+    if (action == kNewList[0]) {
+        if (const auto list = newList(*drawing, L"Perfil"))
+            acutPrintf(L"\nLista de material %d criada.\n", list->number);
         return;
     }
-    const std::optional<Lista> lista = escolhe(*desenho);
-    if (!lista) return;
-    describeAgain(lista->id);
-    if (acao == kPurge[0]) {
-        purge(*lista);
+    const std::optional<MaterialList> list = choose(*drawing);
+    if (!list) return;
+    describeAgain(list->id);
+    if (action == kPurge[0]) {
+        purge(*list);
         return;
     }
-    const auto formato =
-        std::ranges::find_if(kFormatTable, [&](const Format& f) { return acao == f.shown.word; });
-    if (formato != kFormatTable.end())
-        exportTo(*lista, *formato);
+    const auto format =
+        std::ranges::find_if(kFormatTable, [&](const Format& f) { return action == f.shown.word; });
+    if (format != kFormatTable.end())
+        exportTo(*list, *format);
     else
-        tabela(*lista);
-    tellErased(*lista);
+        table(*list);
+    tellErased(*list);
 }
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

@@ -5,17 +5,17 @@
 #include "zp/matlist/columns.h"
 #include "zp/matlist/formats.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 namespace {
 
-std::wstring withoutFormula(const std::wstring& texto) {
-    return texto.find_first_of(L"=+-@\t\r") == 0 ? L'\'' + texto : texto;
+std::wstring withoutFormula(const std::wstring& text) {
+    return text.find_first_of(L"=+-@\t\r") == 0 ? L'\'' + text : text;
 }
 
-std::wstring csvField(const std::wstring& campo) {
-    if (campo.find_first_of(L";\"\r\n") == std::wstring::npos) return campo;
+std::wstring csvField(const std::wstring& field) {
+    if (field.find_first_of(L";\"\r\n") == std::wstring::npos) return field;
     std::wstring quoted = L"\"";
-    for (const wchar_t c : campo) {
+    for (const wchar_t c : field) {
         if (c == L'"') quoted += L'"';
         quoted += c;
     }
@@ -34,10 +34,10 @@ void appendLine(std::wstring& text, TextOf textOf) {
 
 }  // namespace
 
-std::wstring csvText(const std::vector<Linha>& linhas) {
+std::wstring csvText(const std::vector<Linha>& rows) {
     std::wstring text;
     appendLine(text, headingOf);
-    for (const Linha& l : linhas)
+    for (const Linha& l : rows)
         appendLine(text, [&](const Column& c) {
             const std::wstring words = wordsOf(cellOf(l, c), c);
             return c.shown.decimals < 0 ? withoutFormula(words) : words;
@@ -45,9 +45,9 @@ std::wstring csvText(const std::vector<Linha>& linhas) {
     return text;
 }
 
-bool writeCsv(const std::filesystem::path& destino, const std::vector<Linha>& linhas) {
-    return files::replace(destino,
-                          std::string(texts::kUtf8Mark) + texts::encodeUtf8(csvText(linhas))) == 0;
+bool writeCsv(const std::filesystem::path& destination, const std::vector<Linha>& rows) {
+    return files::replace(destination,
+                          std::string(texts::kUtf8Mark) + texts::encodeUtf8(csvText(rows))) == 0;
 }
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

@@ -14,39 +14,39 @@ namespace {
 
 constexpr const ACHAR* kGroup = L"ZPMATLIST";
 
-void comeca(void* application) {
+void start(void* application) {
     acrxUnlockApplication(application);
     acrxRegisterAppMDIAware(application);
     ZpMarca::rxInit();
     acrxBuildClassHierarchy();
-    zp::lista::installReport();
-    zp::lista::installSheets();
-    zp::lista::startFollowing();
+    zp::matlist::installReport();
+    zp::matlist::installSheets();
+    zp::matlist::startFollowing();
     if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr)
         (void)stack->addCommand(
             kGroup, L"LISTAMATERIAL", L"LISTAMATERIAL", ACRX_CMD_MODAL,
-            zp::lista::materialListCommand);  // refused only when it is there already
+            zp::matlist::materialListCommand);  // refused only when it is there already
 }
 
-void encerra() {
+void stop() {
     if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr) (void)stack->removeGroup(kGroup);
-    zp::lista::stopFollowing();
-    zp::lista::uninstallSheets();
-    zp::lista::uninstallReport();
-    zp::lista::esquece();
-    zp::lista::forgetRows();
+    zp::matlist::stopFollowing();
+    zp::matlist::uninstallSheets();
+    zp::matlist::uninstallReport();
+    zp::matlist::forget();
+    zp::matlist::forgetRows();
     deleteAcRxClass(ZpMarca::desc());
 }
 
 }  // namespace
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
-    if (msg == AcRx::kInitAppMsg) comeca(pkt);
+    if (msg == AcRx::kInitAppMsg) start(pkt);
     if (msg == AcRx::kUnloadDwgMsg) {
-        zp::lista::esquece();
-        zp::lista::forgetRows();
-        zp::lista::forgetLast();
+        zp::matlist::forget();
+        zp::matlist::forgetRows();
+        zp::matlist::forgetLast();
     }
-    if (msg == AcRx::kUnloadAppMsg) encerra();
+    if (msg == AcRx::kUnloadAppMsg) stop();
     return AcRx::kRetOK;
 }

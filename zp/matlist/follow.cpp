@@ -14,61 +14,61 @@
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/edit.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 namespace {
 
 /// How near the tip of a mark is to a corner to stand on it, mm.
-constexpr double kNaPonta = 1e-6;
+constexpr double kAtTip = 1e-6;
 /// How near two values are to be one, over their size.
-constexpr double kMesmoValor = 1e-9;
+constexpr double kSameValue = 1e-9;
 
 /// Rows of one list by mark and by piece. Rows behind the last one known are read when asked for; a
 /// last one that is gone, or another number of entries than those read, means that rows were taken
 /// out or came back: all are read again.
 struct Index {
-    AcDbObjectId lista;
-    RowRecord ultimo;
+    AcDbObjectId list;
+    RowRecord last;
     std::size_t entries = 0;  ///< of the list when it was read
-    std::unordered_map<Adesk::LongPtr, AcDbObjectId> registros;
+    std::unordered_map<Adesk::LongPtr, AcDbObjectId> records;
 };
 std::vector<Index> g_indices;
 
-void enter(Index& indice, const RowRecord& lido) {
-    indice.ultimo = lido;
-    const AcDbObjectId registro = lido.id;
-    const std::optional<Linha> linha = rowAt(registro);
-    if (!linha) return;
-    for (const AcDbSoftPointerId& id : linha->ids) {
-        indice.registros[id.asOldId()] = registro;
+void enter(Index& index, const RowRecord& read) {
+    index.last = read;
+    const AcDbObjectId record = read.id;
+    const std::optional<Linha> row = rowAt(record);
+    if (!row) return;
+    for (const AcDbSoftPointerId& id : row->ids) {
+        index.records[id.asOldId()] = record;
         const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
         if (marca.object() != nullptr && !marca->peca().isNull())
-            indice.registros[marca->peca().asOldId()] = registro;
+            index.records[marca->peca().asOldId()] = record;
     }
 }
 
-void update(Index& indice) {
-    const std::size_t antes = std::exchange(indice.entries, entryCount(indice.lista));
-    const RowRecord ultimo = indice.ultimo;
-    const bool vale = !ultimo.id.isNull() && !ultimo.id.isErased() &&
-                      recordNumbered(indice.lista, ultimo.numero) == ultimo.id;
-    std::size_t novas = 0;
-    for (int numero = ultimo.numero + 1; vale; ++numero, ++novas) {
-        const AcDbObjectId id = recordNumbered(indice.lista, numero);
+void update(Index& index) {
+    const std::size_t before = std::exchange(index.entries, entryCount(index.list));
+    const RowRecord last = index.last;
+    const bool holds = !last.id.isNull() && !last.id.isErased() &&
+                       recordNumbered(index.list, last.number) == last.id;
+    std::size_t newOnes = 0;
+    for (int number = last.number + 1; holds; ++number, ++newOnes) {
+        const AcDbObjectId id = recordNumbered(index.list, number);
         if (id.isNull()) break;
-        enter(indice, {numero, id});
+        enter(index, {number, id});
     }
-    if (vale && antes + novas == indice.entries) return;
-    indice.registros.clear();
-    indice.ultimo = {};
-    for (const RowRecord& lido : registros(indice.lista)) enter(indice, lido);
+    if (holds && before + newOnes == index.entries) return;
+    index.records.clear();
+    index.last = {};
+    for (const RowRecord& read : records(index.list)) enter(index, read);
 }
 
 /// The mark of a row that stands for the piece, or that is the id itself; null when the row tells
 /// of something else by now.
-AcDbObjectId marcaIn(AcDbObjectId registro, AcDbObjectId marcaOrPeca) {
-    const std::optional<Linha> linha = registro.isErased() ? std::nullopt : rowAt(registro);
-    if (!linha) return {};
-    for (const AcDbSoftPointerId& id : linha->ids) {
+AcDbObjectId marcaIn(AcDbObjectId record, AcDbObjectId marcaOrPeca) {
+    const std::optional<Linha> row = record.isErased() ? std::nullopt : rowAt(record);
+    if (!row) return {};
+    for (const AcDbSoftPointerId& id : row->ids) {
         const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
         if (marca.object() == nullptr) continue;
         if (id == marcaOrPeca || marca->peca() == marcaOrPeca) return id;
@@ -77,78 +77,78 @@ AcDbObjectId marcaIn(AcDbObjectId registro, AcDbObjectId marcaOrPeca) {
 }
 
 struct Found {
-    AcDbObjectId registro;
+    AcDbObjectId record;
     AcDbObjectId marca;
 };
 
 Found findInIndex(AcDbObjectId id) {
-    for (const Index& indice : g_indices) {
-        const auto achada = indice.registros.find(id.asOldId());
-        if (achada == indice.registros.end()) continue;
-        const AcDbObjectId marca = marcaIn(achada->second, id);
-        if (!marca.isNull()) return {achada->second, marca};
+    for (const Index& index : g_indices) {
+        const auto found = index.records.find(id.asOldId());
+        if (found == index.records.end()) continue;
+        const AcDbObjectId marca = marcaIn(found->second, id);
+        if (!marca.isNull()) return {found->second, marca};
     }
     return {};
 }
 
-Index& indexOf(AcDbObjectId lista) {
-    for (Index& indice : g_indices)
-        if (indice.lista == lista) return indice;
-    return g_indices.emplace_back(Index{lista, {}, 0, {}});
+Index& indexOf(AcDbObjectId list) {
+    for (Index& index : g_indices)
+        if (index.list == list) return index;
+    return g_indices.emplace_back(Index{list, {}, 0, {}});
 }
 
 Found locate(AcDbObjectId id) {
     if (id.isNull() || id.database() == nullptr) return {};
-    if (const Found achada = findInIndex(id); !achada.registro.isNull()) return achada;
-    for (const Lista& lista : listas(*id.database())) update(indexOf(lista.id));
+    if (const Found found = findInIndex(id); !found.record.isNull()) return found;
+    for (const MaterialList& list : materialLists(*id.database())) update(indexOf(list.id));
     return findInIndex(id);
 }
 
 /// Whole mm, as when the plate entered the list.
-std::wstring millimetres(double valor) { return std::to_wstring(texts::realToInt(valor)); }
+std::wstring millimetres(double value) { return std::to_wstring(texts::realToInt(value)); }
 
 /// What the list says of a piece.
-void describe(const ZpObject& peca, Linha& linha) {
+void describe(const ZpObject& peca, Linha& row) {
     if (peca.isKindOf(ZpChapa::desc())) {
-        linha.dimensoes = millimetres(peca.getLargura()) + L"x" + millimetres(peca.getEspessura());
+        row.dimensoes = millimetres(peca.getLargura()) + L"x" + millimetres(peca.getEspessura());
     } else {
-        wchar_t texto[kZpTextoMax] = {};
-        (void)peca.getPerfil(texto);  // the buffer is there
-        linha.descricao = texto;
-        (void)peca.getDimensoes(texto);
-        linha.dimensoes = texto;
+        wchar_t text[kZpTextMax] = {};
+        (void)peca.getPerfil(text);  // the buffer is there
+        row.descricao = text;
+        (void)peca.getDimensoes(text);
+        row.dimensoes = text;
     }
-    linha.comprimento = peca.getComprimentoReal();
-    linha.pesoUnitario = peca.getPeso();
-    linha.pesoTotal = linha.pesoUnitario * linha.quantidade;
-    linha.areaPintura = peca.getAreaPintura() * linha.quantidade;
+    row.comprimento = peca.getComprimentoReal();
+    row.pesoUnitario = peca.getPeso();
+    row.pesoTotal = row.pesoUnitario * row.quantidade;
+    row.areaPintura = peca.getAreaPintura() * row.quantidade;
 }
 
-void carryMarca(AcDbObjectId id, const edicao::Faces& antes, const edicao::Faces& depois) {
+void carryMarca(AcDbObjectId id, const edit::Faces& before, const edit::Faces& after) {
     const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
     if (marca.object() == nullptr) return;
-    for (int canto = 0; canto < 4; ++canto) {
-        if (marca->ponta().distanceTo(antes.f[canto]) > kNaPonta) continue;
-        const AcGeVector3d passo = depois.f[canto] - antes.f[canto];
-        if (passo.length() > 0.0 && marca->upgradeOpen() == Acad::eOk)
-            (void)marca->transformBy(AcGeMatrix3d::translation(passo));  // a motion is taken
+    for (int corner = 0; corner < 4; ++corner) {
+        if (marca->tip().distanceTo(before.f[corner]) > kAtTip) continue;
+        const AcGeVector3d step = after.f[corner] - before.f[corner];
+        if (step.length() > 0.0 && marca->upgradeOpen() == Acad::eOk)
+            (void)marca->transformBy(AcGeMatrix3d::translation(step));  // a motion is taken
         return;
     }
 }
 
-bool differs(double a, double b) { return std::abs(a - b) > kMesmoValor * std::abs(b); }
+bool differs(double a, double b) { return std::abs(a - b) > kSameValue * std::abs(b); }
 
-class Follower : public edicao::Ouvinte {
+class Follower : public edit::Listener {
 public:
-    void editada(AcDbObjectId id, const edicao::Faces& antes) override {
-        const Found achada = locate(id);
-        if (achada.registro.isNull()) return;
+    void edited(AcDbObjectId id, const edit::Faces& before) override {
+        const Found found = locate(id);
+        if (found.record.isNull()) return;
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-        std::optional<Linha> linha = rowAt(achada.registro);
-        if (peca.object() == nullptr || !linha) return;
-        describe(*peca.object(), *linha);
-        (void)rewrite(achada.registro, *linha);  // what cannot be written stays as it was
-        carryMarca(achada.marca, antes, edicao::facesDe(*peca.object()));
+        std::optional<Linha> row = rowAt(found.record);
+        if (peca.object() == nullptr || !row) return;
+        describe(*peca.object(), *row);
+        (void)rewrite(found.record, *row);  // what cannot be written stays as it was
+        carryMarca(found.marca, before, edit::facesOf(*peca.object()));
     }
 };
 
@@ -156,65 +156,64 @@ Follower g_follower;  // kept by pointer in the entity library
 
 }  // namespace
 
-void startFollowing() { edicao::ouve(&g_follower); }
+void startFollowing() { edit::addListener(&g_follower); }
 
-void stopFollowing() { edicao::deixa(&g_follower); }
+void stopFollowing() { edit::removeListener(&g_follower); }
 
-AcDbObjectId recordOf(AcDbObjectId marcaOrPeca) { return locate(marcaOrPeca).registro; }
+AcDbObjectId recordOf(AcDbObjectId marcaOrPeca) { return locate(marcaOrPeca).record; }
 
-void describeAgain(AcDbObjectId lista) {
-    for (const RowRecord& registro : registros(lista)) {
-        std::optional<Linha> linha = rowAt(registro.id);
-        if (!linha) continue;
+void describeAgain(AcDbObjectId list) {
+    for (const RowRecord& record : records(list)) {
+        std::optional<Linha> row = rowAt(record.id);
+        if (!row) continue;
         AcDbObjectId id;
-        for (const AcDbSoftPointerId& marcaId : linha->ids) {
+        for (const AcDbSoftPointerId& marcaId : row->ids) {
             const AcDbObjectPointer<ZpMarca> marca(marcaId, AcDb::kForRead);
             if (marca.object() != nullptr && id.isNull()) id = marca->peca();
         }
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
         if (peca.object() == nullptr) continue;
-        Linha nova = *linha;
-        describe(*peca.object(), nova);
-        const bool outra = differs(nova.comprimento, linha->comprimento) ||
-                           differs(nova.pesoUnitario, linha->pesoUnitario);
-        if (outra) (void)rewrite(registro.id, nova);
+        Linha fresh = *row;
+        describe(*peca.object(), fresh);
+        const bool other = differs(fresh.comprimento, row->comprimento) ||
+                           differs(fresh.pesoUnitario, row->pesoUnitario);
+        if (other) (void)rewrite(record.id, fresh);
     }
 }
 
 void forgetRows() { g_indices.clear(); }
 
-int quantidadeListada(AcDbObjectId peca) {
-    const std::optional<Linha> linha = rowAt(locate(peca).registro);
-    return linha ? linha->quantidade : 0;
+int listedQuantidade(AcDbObjectId peca) {
+    const std::optional<Linha> row = rowAt(locate(peca).record);
+    return row ? row->quantidade : 0;
 }
 
-bool mudaListada(AcDbObjectId antes, AcDbObjectId peca, int quantidade) {
-    const Found achada = locate(antes);
-    std::optional<Linha> linha = rowAt(achada.registro);
-    const AcDbObjectPointer<ZpObject> aberta(peca, AcDb::kForRead);
-    if (!linha || aberta.object() == nullptr) return false;
-    if (antes != peca && !amarra(achada.marca, peca)) return false;
-    linha->quantidade = quantidade;
-    describe(*aberta.object(), *linha);
-    return rewrite(achada.registro, *linha);
+bool changeListed(AcDbObjectId before, AcDbObjectId peca, int quantidade) {
+    const Found found = locate(before);
+    std::optional<Linha> row = rowAt(found.record);
+    const AcDbObjectPointer<ZpObject> opened(peca, AcDb::kForRead);
+    if (!row || opened.object() == nullptr) return false;
+    if (before != peca && !tieMarca(found.marca, peca)) return false;
+    row->quantidade = quantidade;
+    describe(*opened.object(), *row);
+    return rewrite(found.record, *row);
 }
 
-bool amarra(AcDbObjectId marca, AcDbObjectId peca) {
+bool tieMarca(AcDbObjectId marca, AcDbObjectId peca) {
     if (marca.isNull() || peca.isNull()) return false;
-    const AcDbObjectPointer<ZpMarca> aberta(marca, AcDb::kForWrite);
-    if (aberta.object() == nullptr) return false;
-    if (aberta->peca() == peca) return true;
-    aberta->setPeca(peca);
-    for (Index& indice : g_indices)
-        if (const auto linha = indice.registros.find(marca.asOldId());
-            linha != indice.registros.end())
-            indice.registros[peca.asOldId()] = linha->second;
+    const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+    if (opened.object() == nullptr) return false;
+    if (opened->peca() == peca) return true;
+    opened->setPeca(peca);
+    for (Index& index : g_indices)
+        if (const auto row = index.records.find(marca.asOldId()); row != index.records.end())
+            index.records[peca.asOldId()] = row->second;
     return true;
 }
 
-void retiraListada(AcDbObjectId peca) {
+void removeListed(AcDbObjectId peca) {
     const AcDbObjectPointer<ZpMarca> marca(locate(peca).marca, AcDb::kForWrite);
     if (marca.object() != nullptr) (void)marca->erase();  // open for write and alive
 }
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

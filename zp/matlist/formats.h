@@ -10,10 +10,11 @@
 #include "protocol/report.h"
 #include "zp/matlist/zpmatlist.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 
 /// Writes rows and totals. A failure leaves the file that was there.
-using ListWriter = bool (*)(const std::filesystem::path& destino, const std::vector<Linha>& linhas);
+using ListWriter = bool (*)(const std::filesystem::path& destination,
+                            const std::vector<Linha>& rows);
 
 struct Format {
     protocol::ListFormat shown;
@@ -23,9 +24,9 @@ struct Format {
 /// Semicolon between fields, decimal comma, CR LF, a heading line first. Fields with a semicolon, a
 /// quote or a line end are quoted. Before a text that a spreadsheet would run as a formula (its
 /// first character is one of = + - @, a tab or a return) stands an apostrophe.
-std::wstring csvText(const std::vector<Linha>& linhas);
+std::wstring csvText(const std::vector<Linha>& rows);
 /// That text in UTF-8 with a mark.
-bool writeCsv(const std::filesystem::path& destino, const std::vector<Linha>& linhas);
+bool writeCsv(const std::filesystem::path& destination, const std::vector<Linha>& rows);
 /// Workbook with numbers as numbers and a line of totals.
 extern const ListWriter kWriteXlsx;
 
@@ -35,4 +36,4 @@ inline const std::array<Format, kFormats> kFormatTable{{
     {{L"Xlsx", L"XLSX", L"xlsx"}, kWriteXlsx},
 }};
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

@@ -14,7 +14,7 @@
 #include "zp/matlist/columns.h"
 #include "zp/matlist/zpmarca.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 namespace {
 
 constexpr const ACHAR* kRoot = L"ZP_LISTAS_MATERIAL";
@@ -24,25 +24,25 @@ constexpr const wchar_t* kRowPrefix = L"L";
 constexpr short kVersion = 1;
 
 /// Builds a list group by group.
-class Escritor {
+class Writer {
 public:
-    Escritor() { poe(int{kVersion}); }
-    void poe(const std::wstring& t) { liga(acutBuildList(AcDb::kDxfText, t.c_str(), RTNONE)); }
-    void poe(int v) { liga(acutBuildList(AcDb::kDxfInt32, v, RTNONE)); }
-    void poe(double v) { liga(acutBuildList(AcDb::kDxfReal, v, RTNONE)); }
-    void poe(const AcGePoint3d& p) {
+    Writer() { put(int{kVersion}); }
+    void put(const std::wstring& t) { tie(acutBuildList(AcDb::kDxfText, t.c_str(), RTNONE)); }
+    void put(int v) { tie(acutBuildList(AcDb::kDxfInt32, v, RTNONE)); }
+    void put(double v) { tie(acutBuildList(AcDb::kDxfReal, v, RTNONE)); }
+    void put(const AcGePoint3d& p) {
         const ads_point xyz = {p.x, p.y, p.z};
-        liga(acutBuildList(AcDb::kDxfXCoord, xyz, RTNONE));
+        tie(acutBuildList(AcDb::kDxfXCoord, xyz, RTNONE));
     }
-    void poe(const AcDbObjectId& i) {
-        ads_name nome;
-        if (acdbGetAdsName(nome, i) == Acad::eOk)
-            liga(acutBuildList(AcDb::kDxfSoftPointerId, nome, RTNONE));
+    void put(const AcDbObjectId& i) {
+        ads_name name;
+        if (acdbGetAdsName(name, i) == Acad::eOk)
+            tie(acutBuildList(AcDb::kDxfSoftPointerId, name, RTNONE));
     }
-    const resbuf* inicio() const { return m_start.get(); }
+    const resbuf* start() const { return m_start.get(); }
 
 private:
-    void liga(resbuf* item) {
+    void tie(resbuf* item) {
         if (item == nullptr) return;
         if (m_last == nullptr)
             m_start.reset(item);
@@ -50,104 +50,103 @@ private:
             m_last->rbnext = item;
         m_last = item;
     }
-    Corrente m_start;
+    BufferChain m_start;
     resbuf* m_last = nullptr;
 };
 
 /// Reads in the same order; after the first thing that does not fit everything is empty.
-class Leitor {
+class Reader {
 public:
-    explicit Leitor(const AcDbXrecord& registro) {
-        resbuf* lista = nullptr;
-        (void)registro.rbChain(&lista);  // an empty record gives no list
-        m_start.reset(lista);
-        m_item = lista;
-        int versao = 0;
-        le(versao);
-        if (versao != kVersion) m_item = nullptr;
+    explicit Reader(const AcDbXrecord& record) {
+        resbuf* list = nullptr;
+        (void)record.rbChain(&list);  // an empty record gives no list
+        m_start.reset(list);
+        m_item = list;
+        int version = 0;
+        readNext(version);
+        if (version != kVersion) m_item = nullptr;
     }
     bool finished() const { return m_item == nullptr; }
-    void le(std::wstring& t) {
-        const resbuf* r = proximo(AcDb::kDxfText);
+    void readNext(std::wstring& t) {
+        const resbuf* r = next(AcDb::kDxfText);
         t = r != nullptr && r->resval.rstring != nullptr ? r->resval.rstring : L"";
     }
-    void le(int& v) {
-        const resbuf* r = proximo(AcDb::kDxfInt32);
+    void readNext(int& v) {
+        const resbuf* r = next(AcDb::kDxfInt32);
         v = r != nullptr ? r->resval.rlong : 0;
     }
-    void le(double& v) {
-        const resbuf* r = proximo(AcDb::kDxfReal);
+    void readNext(double& v) {
+        const resbuf* r = next(AcDb::kDxfReal);
         v = r != nullptr ? r->resval.rreal : 0.0;
     }
-    void le(AcGePoint3d& p) {
-        const resbuf* r = proximo(AcDb::kDxfXCoord);
+    void readNext(AcGePoint3d& p) {
+        const resbuf* r = next(AcDb::kDxfXCoord);
         p = r != nullptr
                 ? AcGePoint3d(r->resval.rpoint[0], r->resval.rpoint[1], r->resval.rpoint[2])
                 : AcGePoint3d();
     }
     AcDbObjectId id() {
         AcDbObjectId i;
-        const resbuf* r = proximo(AcDb::kDxfSoftPointerId);
+        const resbuf* r = next(AcDb::kDxfSoftPointerId);
         if (r != nullptr)
             (void)acdbGetObjectId(i, r->resval.rlname);  // null when the object is gone
         return i;
     }
 
 private:
-    const resbuf* proximo(int codigo) {
+    const resbuf* next(int code) {
         const resbuf* r = m_item;
-        if (r == nullptr || r->restype != codigo) {
+        if (r == nullptr || r->restype != code) {
             m_item = nullptr;
             return nullptr;
         }
         m_item = r->rbnext;
         return r;
     }
-    Corrente m_start;
+    BufferChain m_start;
     const resbuf* m_item = nullptr;
 };
 
 /// Sub-dictionary of this name, made when it is missing.
-AcDbObjectId pasta(AcDbObjectId dentro, const ACHAR* nome, bool cria) {
+AcDbObjectId dictionaryIn(AcDbObjectId inside, const ACHAR* name, bool create) {
     AcDbObjectId id;
-    const AcDbObjectPointer<AcDbDictionary> d(dentro, cria ? AcDb::kForWrite : AcDb::kForRead);
-    if (d.object() == nullptr || d->getAt(nome, id) == Acad::eOk || !cria) return id;
-    auto nova = std::make_unique<AcDbDictionary>();
-    if (d->setAt(nome, nova.get(), id) == Acad::eOk) (void)nova.release()->close();
+    const AcDbObjectPointer<AcDbDictionary> d(inside, create ? AcDb::kForWrite : AcDb::kForRead);
+    if (d.object() == nullptr || d->getAt(name, id) == Acad::eOk || !create) return id;
+    auto fresh = std::make_unique<AcDbDictionary>();
+    if (d->setAt(name, fresh.get(), id) == Acad::eOk) (void)fresh.release()->close();
     return id;
 }
 
-bool grava(AcDbObjectId lista, const ACHAR* nome, const Escritor& escritor) {
-    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForWrite);
+bool write(AcDbObjectId list, const ACHAR* name, const Writer& writer) {
+    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForWrite);
     if (d.object() == nullptr) return false;
     AcDbObjectId id;
-    if (d->getAt(nome, id) == Acad::eOk) {
-        const AcDbObjectPointer<AcDbXrecord> registro(id, AcDb::kForWrite);
-        return registro.object() != nullptr &&
-               registro->setFromRbChain(*escritor.inicio()) == Acad::eOk;
+    if (d->getAt(name, id) == Acad::eOk) {
+        const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForWrite);
+        return record.object() != nullptr && record->setFromRbChain(*writer.start()) == Acad::eOk;
     }
-    auto registro = std::make_unique<AcDbXrecord>();
-    if (registro->setFromRbChain(*escritor.inicio()) != Acad::eOk) return false;
-    if (d->setAt(nome, registro.get(), id) != Acad::eOk) return false;
-    (void)registro.release()->close();
+    auto record = std::make_unique<AcDbXrecord>();
+    if (record->setFromRbChain(*writer.start()) != Acad::eOk) return false;
+    if (d->setAt(name, record.get(), id) != Acad::eOk) return false;
+    (void)record.release()->close();
     return true;
 }
 
 /// Number behind a prefix; 0 when the name is another one.
-int numberOf(const std::wstring& nome, const wchar_t* prefix) {
+int numberOf(const std::wstring& name, const wchar_t* prefix) {
     const std::size_t n = std::wcslen(prefix);
-    if (nome.size() <= n || nome.size() > n + 9 || nome.compare(0, n, prefix) != 0) return 0;
-    if (nome.find_first_not_of(L"0123456789", n) != std::wstring::npos) return 0;
-    return texts::toInt(nome.c_str() + n);
+    if (name.size() <= n || name.size() > n + 9 || name.compare(0, n, prefix) != 0) return 0;
+    if (name.find_first_not_of(L"0123456789", n) != std::wstring::npos) return 0;
+    return texts::toInt(name.c_str() + n);
 }
 
-struct Entrada {
-    int numero;
+struct Entry {
+    int number;
     AcDbObjectId id;
 };
 
-std::vector<Entrada> entries(AcDbObjectId dictionary, const wchar_t* prefix) {
-    std::vector<Entrada> found;
+std::vector<Entry> entries(AcDbObjectId dictionary, const wchar_t* prefix) {
+    std::vector<Entry> found;
     const AcDbObjectPointer<AcDbDictionary> d(dictionary, AcDb::kForRead);
     if (d.object() == nullptr) return found;
     const std::unique_ptr<AcDbDictionaryIterator> i(d->newIterator());
@@ -155,35 +154,35 @@ std::vector<Entrada> entries(AcDbObjectId dictionary, const wchar_t* prefix) {
         if (const int n = numberOf(i->name(), prefix); n > 0 && !i->objectId().isErased())
             found.push_back({n, i->objectId()});
     std::sort(found.begin(), found.end(),
-              [](const Entrada& a, const Entrada& b) { return a.numero < b.numero; });
+              [](const Entry& a, const Entry& b) { return a.number < b.number; });
     return found;
 }
 
-Linha readRow(Leitor& l) {
-    Linha linha(L"", 0, L"", L"", L"", 0.0, 0.0, 0.0, 0.0, L"");
+Linha readRow(Reader& l) {
+    Linha row(L"", 0, L"", L"", L"", 0.0, 0.0, 0.0, 0.0, L"");
     for (const Column& c : kColumnTable)
-        std::visit([&](auto field) { l.le(linha.*field); }, c.field);
+        std::visit([&](auto field) { l.readNext(row.*field); }, c.field);
     // What was erased before the drawing was saved is null now, and still counts as erased.
-    while (!l.finished()) linha.ids.push_back(AcDbSoftPointerId(l.id()));
-    return linha;
+    while (!l.finished()) row.ids.push_back(AcDbSoftPointerId(l.id()));
+    return row;
 }
 
-void putRow(Escritor& e, const Linha& l) {
-    for (const Column& c : kColumnTable) std::visit([&](auto field) { e.poe(l.*field); }, c.field);
-    for (const AcDbSoftPointerId& id : l.ids) e.poe(id);
+void putRow(Writer& e, const Linha& l) {
+    for (const Column& c : kColumnTable) std::visit([&](auto field) { e.put(l.*field); }, c.field);
+    for (const AcDbSoftPointerId& id : l.ids) e.put(id);
 }
 
 /// Marks of the list asked last. They hold as long as its last row is still the last and what was
 /// taken out stays out, which undo changes; adding a row keeps them up, so that n rows cost O(n).
 struct Cache {
-    AcDbObjectId lista;
+    AcDbObjectId list;
     AcDbObjectId last;
-    int proximo = 1;  ///< number of the next row
+    int next = 1;  ///< number of the next row
     std::set<int> marcas;
     int lowestFree = 1;                                    ///< lowest mark not in use
     std::vector<std::pair<AcDbObjectId, bool>> witnesses;  ///< taken out, erased then
 
-    void usa(int marca) {
+    void use(int marca) {
         marcas.insert(marca);
         while (marcas.contains(lowestFree)) ++lowestFree;
     }
@@ -194,168 +193,168 @@ std::vector<AcDbObjectId> g_removed;
 
 int marcaNumber(const std::wstring& marca) { return numberOf(marca, L"P"); }
 
-std::wstring nomeDaLinha(int numero) { return kRowPrefix + std::to_wstring(numero); }
+std::wstring rowName(int number) { return kRowPrefix + std::to_wstring(number); }
 
-bool vale(const Cache& g, AcDbObjectId lista) {
-    if (g.lista != lista || g.last.isNull() || g.last.isErased()) return false;
+bool holds(const Cache& g, AcDbObjectId list) {
+    if (g.list != list || g.last.isNull() || g.last.isErased()) return false;
     if (std::any_of(g.witnesses.begin(), g.witnesses.end(),
                     [](const auto& t) { return t.first.isErased() != t.second; }))
         return false;
-    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
     AcDbObjectId id;
-    return d.object() != nullptr && d->getAt(nomeDaLinha(g.proximo - 1).c_str(), id) == Acad::eOk &&
-           id == g.last && !d->has(nomeDaLinha(g.proximo).c_str());
+    return d.object() != nullptr && d->getAt(rowName(g.next - 1).c_str(), id) == Acad::eOk &&
+           id == g.last && !d->has(rowName(g.next).c_str());
 }
 
-Cache& guardado(AcDbObjectId lista) {
+Cache& cached(AcDbObjectId list) {
     Cache& g = g_cache;
-    if (vale(g, lista)) return g;
+    if (holds(g, list)) return g;
     g = {};
-    g.lista = lista;
-    for (const Entrada& e : entries(lista, kRowPrefix)) {
+    g.list = list;
+    for (const Entry& e : entries(list, kRowPrefix)) {
         g.last = e.id;
-        g.proximo = e.numero + 1;
-        const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
-        if (registro.object() == nullptr) continue;
-        Leitor leitor(*registro.object());
+        g.next = e.number + 1;
+        const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForRead);
+        if (record.object() == nullptr) continue;
+        Reader reader(*record.object());
         std::wstring marca;
-        leitor.le(marca);
-        if (const int n = marcaNumber(marca); n > 0) g.usa(n);
+        reader.readNext(marca);
+        if (const int n = marcaNumber(marca); n > 0) g.use(n);
     }
     for (const AcDbObjectId& id : g_removed) g.witnesses.push_back({id, id.isErased()});
     return g;
 }
 
-void somaLinha(Cache& g, const std::wstring& marca) {
-    const AcDbObjectPointer<AcDbDictionary> d(g.lista, AcDb::kForRead);
+void countRow(Cache& g, const std::wstring& marca) {
+    const AcDbObjectPointer<AcDbDictionary> d(g.list, AcDb::kForRead);
     if (d.object() == nullptr) return;
-    (void)d->getAt(nomeDaLinha(g.proximo).c_str(), g.last);  // written a moment ago
-    ++g.proximo;
-    if (const int n = marcaNumber(marca); n > 0) g.usa(n);
+    (void)d->getAt(rowName(g.next).c_str(), g.last);  // written a moment ago
+    ++g.next;
+    if (const int n = marcaNumber(marca); n > 0) g.use(n);
 }
 
 }  // namespace
 
-std::vector<Lista> listas(AcDbDatabase& desenho) {
-    std::vector<Lista> found;
-    const AcDbObjectId root = pasta(desenho.namedObjectsDictionaryId(), kRoot, false);
+std::vector<MaterialList> materialLists(AcDbDatabase& drawing) {
+    std::vector<MaterialList> found;
+    const AcDbObjectId root = dictionaryIn(drawing.namedObjectsDictionaryId(), kRoot, false);
     if (root.isNull()) return found;
-    for (const Entrada& e : entries(root, kListPrefix))
-        if (const auto header = readHeader(e.id)) found.push_back({e.numero, e.id, *header});
+    for (const Entry& e : entries(root, kListPrefix))
+        if (const auto header = readHeader(e.id)) found.push_back({e.number, e.id, *header});
     return found;
 }
 
-std::optional<Lista> nova(AcDbDatabase& desenho, const std::wstring& grupo) {
-    const AcDbObjectId root = pasta(desenho.namedObjectsDictionaryId(), kRoot, true);
+std::optional<MaterialList> newList(AcDbDatabase& drawing, const std::wstring& group) {
+    const AcDbObjectId root = dictionaryIn(drawing.namedObjectsDictionaryId(), kRoot, true);
     if (root.isNull()) return {};
-    int numero = 1;
-    for (const Entrada& e : entries(root, kListPrefix)) {
-        if (e.numero != numero) break;
-        ++numero;
+    int number = 1;
+    for (const Entry& e : entries(root, kListPrefix)) {
+        if (e.number != number) break;
+        ++number;
     }
-    Lista lista;
-    lista.numero = numero;
-    lista.header.grupo = grupo;
-    lista.id = pasta(root, (kListPrefix + std::to_wstring(numero)).c_str(), true);
-    if (lista.id.isNull() || !writeHeader(lista.id, lista.header)) return {};
-    return lista;
+    MaterialList list;
+    list.number = number;
+    list.header.group = group;
+    list.id = dictionaryIn(root, (kListPrefix + std::to_wstring(number)).c_str(), true);
+    if (list.id.isNull() || !writeHeader(list.id, list.header)) return {};
+    return list;
 }
 
-std::optional<Header> readHeader(AcDbObjectId lista) {
-    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+std::optional<Header> readHeader(AcDbObjectId list) {
+    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
     AcDbObjectId id;
     if (d.object() == nullptr || d->getAt(kHeader, id) != Acad::eOk) return {};
-    const AcDbObjectPointer<AcDbXrecord> registro(id, AcDb::kForRead);
-    if (registro.object() == nullptr) return {};
-    Leitor leitor(*registro.object());
-    if (leitor.finished()) return {};
+    const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead);
+    if (record.object() == nullptr) return {};
+    Reader reader(*record.object());
+    if (reader.finished()) return {};
     Header c;
-    leitor.le(c.grupo);
-    leitor.le(c.ponto);
-    while (!leitor.finished())
-        if (const AcDbObjectId parte = leitor.id(); !parte.isNull())
-            c.tabela.push_back(AcDbSoftPointerId(parte));
+    reader.readNext(c.group);
+    reader.readNext(c.point);
+    while (!reader.finished())
+        if (const AcDbObjectId part = reader.id(); !part.isNull())
+            c.table.push_back(AcDbSoftPointerId(part));
     return c;
 }
 
-bool writeHeader(AcDbObjectId lista, const Header& header) {
-    Escritor e;
-    e.poe(header.grupo);
-    e.poe(header.ponto);
-    for (const AcDbSoftPointerId& id : header.tabela) e.poe(id);
-    return grava(lista, kHeader, e);
+bool writeHeader(AcDbObjectId list, const Header& header) {
+    Writer e;
+    e.put(header.group);
+    e.put(header.point);
+    for (const AcDbSoftPointerId& id : header.table) e.put(id);
+    return write(list, kHeader, e);
 }
 
 bool hasTable(const Header& header) {
-    return std::any_of(header.tabela.begin(), header.tabela.end(),
+    return std::any_of(header.table.begin(), header.table.end(),
                        [](const AcDbSoftPointerId& id) { return !id.isErased(); });
 }
 
-bool hasNoRows(AcDbObjectId lista) { return guardado(lista).last.isNull(); }
+bool hasNoRows(AcDbObjectId list) { return cached(list).last.isNull(); }
 
-std::vector<Linha> linhas(AcDbObjectId lista) {
+std::vector<Linha> rows(AcDbObjectId list) {
     std::vector<Linha> all;
-    for (const Entrada& e : entries(lista, kRowPrefix)) {
-        const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
-        if (registro.object() == nullptr) continue;
-        Leitor leitor(*registro.object());
-        if (!leitor.finished()) all.push_back(readRow(leitor));
+    for (const Entry& e : entries(list, kRowPrefix)) {
+        const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForRead);
+        if (record.object() == nullptr) continue;
+        Reader reader(*record.object());
+        if (!reader.finished()) all.push_back(readRow(reader));
     }
     return all;
 }
 
-bool acrescenta(AcDbObjectId lista, const Linha& l) {
-    Cache& g = guardado(lista);
-    Escritor e;
+bool add(AcDbObjectId list, const Linha& l) {
+    Cache& g = cached(list);
+    Writer e;
     putRow(e, l);
-    if (!grava(lista, nomeDaLinha(g.proximo).c_str(), e)) return false;
-    somaLinha(g, l.marca);
+    if (!write(list, rowName(g.next).c_str(), e)) return false;
+    countRow(g, l.marca);
     return true;
 }
 
-std::vector<RowRecord> registros(AcDbObjectId lista) {
-    std::vector<RowRecord> todos;
-    for (const Entrada& e : entries(lista, kRowPrefix)) todos.push_back({e.numero, e.id});
-    return todos;
+std::vector<RowRecord> records(AcDbObjectId list) {
+    std::vector<RowRecord> all;
+    for (const Entry& e : entries(list, kRowPrefix)) all.push_back({e.number, e.id});
+    return all;
 }
 
-std::size_t entryCount(AcDbObjectId lista) {
-    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+std::size_t entryCount(AcDbObjectId list) {
+    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
     return d.object() != nullptr ? d->numEntries() : 0;
 }
 
-AcDbObjectId recordNumbered(AcDbObjectId lista, int numero) {
-    const AcDbObjectPointer<AcDbDictionary> d(lista, AcDb::kForRead);
+AcDbObjectId recordNumbered(AcDbObjectId list, int number) {
+    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
     AcDbObjectId id;
-    if (d.object() == nullptr || d->getAt(nomeDaLinha(numero).c_str(), id) != Acad::eOk) return {};
+    if (d.object() == nullptr || d->getAt(rowName(number).c_str(), id) != Acad::eOk) return {};
     return id;
 }
 
-std::optional<Linha> rowAt(AcDbObjectId registro) {
-    const AcDbObjectPointer<AcDbXrecord> aberto(registro, AcDb::kForRead);
-    if (aberto.object() == nullptr) return {};
-    Leitor leitor(*aberto.object());
-    if (leitor.finished()) return {};
-    return readRow(leitor);
+std::optional<Linha> rowAt(AcDbObjectId record) {
+    const AcDbObjectPointer<AcDbXrecord> opened(record, AcDb::kForRead);
+    if (opened.object() == nullptr) return {};
+    Reader reader(*opened.object());
+    if (reader.finished()) return {};
+    return readRow(reader);
 }
 
-bool rewrite(AcDbObjectId registro, const Linha& linha) {
-    const AcDbObjectPointer<AcDbXrecord> aberto(registro, AcDb::kForWrite);
-    if (aberto.object() == nullptr) return false;
-    Escritor e;
-    putRow(e, linha);
+bool rewrite(AcDbObjectId record, const Linha& row) {
+    const AcDbObjectPointer<AcDbXrecord> opened(record, AcDb::kForWrite);
+    if (opened.object() == nullptr) return false;
+    Writer e;
+    putRow(e, row);
     // The mark may be another one now.
     g_cache = {};
-    return aberto->setFromRbChain(*e.inicio()) == Acad::eOk;
+    return opened->setFromRbChain(*e.start()) == Acad::eOk;
 }
 
-void esquece() {
+void forget() {
     g_cache = {};
     g_removed.clear();
 }
 
-int lowestFreeMarca(AcDbObjectId lista, const std::vector<int>& given) {
-    const Cache& g = guardado(lista);
+int lowestFreeMarca(AcDbObjectId list, const std::vector<int>& given) {
+    const Cache& g = cached(list);
     int lowestFree = g.lowestFree;
     while (g.marcas.contains(lowestFree) ||
            std::find(given.begin(), given.end(), lowestFree) != given.end())
@@ -363,35 +362,35 @@ int lowestFreeMarca(AcDbObjectId lista, const std::vector<int>& given) {
     return lowestFree;
 }
 
-Estado stateOf(const Linha& linha) {
-    if (linha.ids.empty()) return Estado::Alive;
-    Estado estado = Estado::MarcaErased;
-    for (const AcDbSoftPointerId& id : linha.ids) {
+State stateOf(const Linha& row) {
+    if (row.ids.empty()) return State::Alive;
+    State state = State::MarcaErased;
+    for (const AcDbSoftPointerId& id : row.ids) {
         if (id.isNull() || id.isErased()) continue;
         const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-        if (marca.object() == nullptr || !marca->pecaErased()) return Estado::Alive;
-        estado = Estado::PecaErased;
+        if (marca.object() == nullptr || !marca->pecaErased()) return State::Alive;
+        state = State::PecaErased;
     }
-    return estado;
+    return state;
 }
 
-bool apagada(const Linha& linha) { return stateOf(linha) != Estado::Alive; }
+bool erased(const Linha& row) { return stateOf(row) != State::Alive; }
 
-int removeErased(AcDbObjectId lista) {
+int removeErased(AcDbObjectId list) {
     int removed = 0;
-    for (const Entrada& e : entries(lista, kRowPrefix)) {
+    for (const Entry& e : entries(list, kRowPrefix)) {
         std::vector<AcDbSoftPointerId> marcas;
         {
-            const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForRead);
-            if (registro.object() == nullptr) continue;
-            Leitor leitor(*registro.object());
-            if (leitor.finished()) continue;
-            const Linha linha = readRow(leitor);
-            if (!apagada(linha)) continue;
-            marcas = linha.ids;
+            const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForRead);
+            if (record.object() == nullptr) continue;
+            Reader reader(*record.object());
+            if (reader.finished()) continue;
+            const Linha row = readRow(reader);
+            if (!erased(row)) continue;
+            marcas = row.ids;
         }
-        const AcDbObjectPointer<AcDbXrecord> registro(e.id, AcDb::kForWrite);
-        if (registro.object() == nullptr || registro->erase() != Acad::eOk) continue;
+        const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForWrite);
+        if (record.object() == nullptr || record->erase() != Acad::eOk) continue;
         if (++removed == 1) g_removed.push_back(e.id);
         for (const AcDbSoftPointerId& id : marcas) {
             const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForWrite);
@@ -402,11 +401,11 @@ int removeErased(AcDbObjectId lista) {
     return removed;
 }
 
-std::wstring observacaoOf(const Linha& linha) {
-    const Estado estado = stateOf(linha);
-    if (estado == Estado::Alive) return linha.observacao;
-    const std::wstring aviso = estado == Estado::PecaErased ? L"peça apagada" : L"apagada";
-    return linha.observacao.empty() ? aviso : linha.observacao + L" (" + aviso + L")";
+std::wstring observacaoOf(const Linha& row) {
+    const State state = stateOf(row);
+    if (state == State::Alive) return row.observacao;
+    const std::wstring notice = state == State::PecaErased ? L"peça apagada" : L"apagada";
+    return row.observacao.empty() ? notice : row.observacao + L" (" + notice + L")";
 }
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

@@ -16,64 +16,64 @@
 
 class AcDbDatabase;
 
-namespace zp::lista {
+namespace zp::matlist {
 
 struct Header {
-    std::wstring grupo;
-    AcGePoint3d ponto;                      ///< upper left corner of the table
-    std::vector<AcDbSoftPointerId> tabela;  ///< entities of the drawn table
+    std::wstring group;
+    AcGePoint3d point;                     ///< upper left corner of the table
+    std::vector<AcDbSoftPointerId> table;  ///< entities of the drawn table
 };
 
-struct Lista {
-    int numero = 0;  ///< from 1
+struct MaterialList {
+    int number = 0;  ///< from 1
     AcDbObjectId id;
     Header header;
 };
 
 /// Lists of a drawing in the order of their numbers.
-std::vector<Lista> listas(AcDbDatabase& desenho);
+std::vector<MaterialList> materialLists(AcDbDatabase& drawing);
 /// A new list with the lowest free number; nothing when the drawing cannot be written.
-std::optional<Lista> nova(AcDbDatabase& desenho, const std::wstring& grupo);
+std::optional<MaterialList> newList(AcDbDatabase& drawing, const std::wstring& group);
 
-std::optional<Header> readHeader(AcDbObjectId lista);
-bool writeHeader(AcDbObjectId lista, const Header& header);
+std::optional<Header> readHeader(AcDbObjectId list);
+bool writeHeader(AcDbObjectId list, const Header& header);
 /// True when something of its drawn table is left.
 bool hasTable(const Header& header);
 
 /// Rows in the order in which they were added.
-std::vector<Linha> linhas(AcDbObjectId lista);
-bool hasNoRows(AcDbObjectId lista);
-bool acrescenta(AcDbObjectId lista, const Linha& linha);
+std::vector<Linha> rows(AcDbObjectId list);
+bool hasNoRows(AcDbObjectId list);
+bool add(AcDbObjectId list, const Linha& row);
 /// A row's record and its number, which grows from row to row.
 struct RowRecord {
-    int numero = 0;
+    int number = 0;
     AcDbObjectId id;
 };
-std::vector<RowRecord> registros(AcDbObjectId lista);
+std::vector<RowRecord> records(AcDbObjectId list);
 /// Rows and whatever else the list's dictionary holds; no row is read for it.
-std::size_t entryCount(AcDbObjectId lista);
+std::size_t entryCount(AcDbObjectId list);
 /// The record with this number; null when there is none.
-AcDbObjectId recordNumbered(AcDbObjectId lista, int numero);
-std::optional<Linha> rowAt(AcDbObjectId registro);
-bool rewrite(AcDbObjectId registro, const Linha& linha);
+AcDbObjectId recordNumbered(AcDbObjectId list, int number);
+std::optional<Linha> rowAt(AcDbObjectId record);
+bool rewrite(AcDbObjectId record, const Linha& row);
 /// To be called when a drawing goes away: its ids may come back as those of another one.
-void esquece();
+void forget();
 
 /// Lowest n for which no row has the mark "P<n>" and which is not among `given`.
-int lowestFreeMarca(AcDbObjectId lista, const std::vector<int>& given);
+int lowestFreeMarca(AcDbObjectId list, const std::vector<int>& given);
 
 /// What became of what a row stands for.
-enum class Estado {
+enum class State {
     Alive,
     MarcaErased,  ///< all that it is tied to is erased
     PecaErased,   ///< a mark is left, but not its piece
 };
-Estado stateOf(const Linha& linha);
+State stateOf(const Linha& row);
 /// True for a row that no longer counts.
-bool apagada(const Linha& linha);
+bool erased(const Linha& row);
 /// Takes the rows that no longer count out of the list, and the marks that they leave; how many.
-int removeErased(AcDbObjectId lista);
+int removeErased(AcDbObjectId list);
 /// The row's remark; says also that what it stands for was erased.
-std::wstring observacaoOf(const Linha& linha);
+std::wstring observacaoOf(const Linha& row);
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

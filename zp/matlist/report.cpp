@@ -8,29 +8,29 @@
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 namespace {
 
 using protocol::PropertyVisitor;
 
-class Marcas : public protocol::EntityReport {
+class MarcasReport : public protocol::EntityReport {
 public:
     void describe(const AcDbEntity& entity, PropertyVisitor& v) const override {
         const auto* marca = ZpMarca::cast(&entity);
         if (marca == nullptr) return;
-        v.point(L"ponta", marca->ponta());
+        v.point(L"ponta", marca->tip());
         v.point(L"texto_em", marca->textAt());
         v.text(L"marca", marca->marca().c_str());
     }
 };
 
-class Listas : public protocol::DrawingReport {
+class ListsReport : public protocol::DrawingReport {
 public:
     const protocol::ListSchema& schema() const override { return listSchema(); }
     void describe(AcDbDatabase& database, PropertyVisitor& v) const override {
         v.beginList(protocol::kListKey);
-        for (const Lista& lista : listas(database))
-            for (const Linha& l : linhas(lista.id)) linha(lista, l, v);
+        for (const MaterialList& list : materialLists(database))
+            for (const Linha& l : rows(list.id)) row(list, l, v);
         v.endList();
     }
 
@@ -43,12 +43,12 @@ private:
         else
             v.number(column.key, value);
     }
-    static void linha(const Lista& lista, const Linha& l, PropertyVisitor& v) {
+    static void row(const MaterialList& list, const Linha& l, PropertyVisitor& v) {
         v.beginGroup(nullptr);
         for (const Column& c : kColumnTable) tell(cellOf(l, c), c.shown, v);
-        v.integer(L"lista", lista.numero);
-        v.text(L"grupo", lista.header.grupo.c_str());
-        v.integer(L"apagada", apagada(l) ? 1 : 0);
+        v.integer(L"lista", list.number);
+        v.text(L"grupo", list.header.group.c_str());
+        v.integer(L"apagada", erased(l) ? 1 : 0);
         v.beginList(L"ids");
         for (const AcDbSoftPointerId& id : l.ids)
             if (!id.isNull()) v.object(nullptr, id);
@@ -65,8 +65,8 @@ private:
 };
 
 // Kept by pointer in the class and in the registry.
-Marcas g_marcas;
-Listas g_lists;
+MarcasReport g_marcas;
+ListsReport g_lists;
 
 }  // namespace
 
@@ -80,4 +80,4 @@ void uninstallReport() {
     acrxSysRegistry()->remove(protocol::kDrawingReportKey);
 }
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

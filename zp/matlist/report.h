@@ -2,9 +2,9 @@
 // Report of marks and of the material list to any host that asks.
 #pragma once
 
-namespace zp::lista {
+namespace zp::matlist {
 
 void installReport();
 void uninstallReport();
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

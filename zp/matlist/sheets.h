@@ -2,10 +2,10 @@
 // Property sheets of marks for any host that shows them.
 #pragma once
 
-namespace zp::lista {
+namespace zp::matlist {
 
 /// Attaches the sheets to the class of marks, and takes them away again.
 void installSheets();
 void uninstallSheets();
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

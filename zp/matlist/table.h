@@ -7,13 +7,13 @@
 
 #include "zp/matlist/lists.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 
 /// Draws the table in the current space with its upper left corner at the list's point, in place of
 /// the one drawn before. False when the list cannot be read or written.
-bool drawTable(const Lista& lista);
+bool drawTable(const MaterialList& list);
 
 /// The command LISTAMATERIAL.
 void materialListCommand();
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

@@ -2,8 +2,8 @@
 // Workbooks in a build without the library that writes them.
 #include "zp/matlist/formats.h"
 
-namespace zp::lista {
+namespace zp::matlist {
 
 const ListWriter kWriteXlsx = nullptr;
 
-}  // namespace zp::lista
+}  // namespace zp::matlist

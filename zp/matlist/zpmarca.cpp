@@ -22,7 +22,7 @@ constexpr Adesk::Int16 kMarcaVersion = 2;
 /// Advance of an average character and distance of the text from the leader, over the text's
 /// height.
 constexpr double kAdvance = 0.9;
-constexpr double kFolga = 0.4;
+constexpr double kGap = 0.4;
 
 }  // namespace
 
@@ -30,33 +30,33 @@ struct ZpMarca::Picture {
     std::array<AcGePoint3d, 2> leader;
     std::array<AcGePoint3d, 3> arrow;
     bool hasArrow = false;
-    AcGePoint3d texto;  ///< left end of the baseline
+    AcGePoint3d text;  ///< left end of the baseline
     double textLargura = 0.0;
 };
 
-ZpMarca::Picture ZpMarca::figura() const {
+ZpMarca::Picture ZpMarca::picture() const {
     Picture f;
     f.leader = {m_tip, m_textAt};
     f.textLargura = kAdvance * m_altura * static_cast<double>(m_marca.size());
-    const double x = m_textAt.x >= m_tip.x ? m_textAt.x + kFolga * m_altura
-                                           : m_textAt.x - kFolga * m_altura - f.textLargura;
-    f.texto = {x, m_textAt.y - 0.5 * m_altura, m_textAt.z};
+    const double x = m_textAt.x >= m_tip.x ? m_textAt.x + kGap * m_altura
+                                           : m_textAt.x - kGap * m_altura - f.textLargura;
+    f.text = {x, m_textAt.y - 0.5 * m_altura, m_textAt.z};
     AcGeVector3d u = m_textAt - m_tip;
     const double comprimento = u.length();
     f.hasArrow = comprimento > m_altura;
     if (!f.hasArrow) return f;
     u = u / comprimento;
-    const AcGeVector3d lado(-u.y, u.x, 0.0);
+    const AcGeVector3d side(-u.y, u.x, 0.0);
     const AcGePoint3d base = m_tip + u * m_altura;
-    f.arrow = {m_tip, base + lado * (m_altura / 6.0), base - lado * (m_altura / 6.0)};
+    f.arrow = {m_tip, base + side * (m_altura / 6.0), base - side * (m_altura / 6.0)};
     return f;
 }
 
 AcDbObjectId ZpMarca::peca() const {
     assertReadEnabled();
     if (m_peca.isNull()) return {};
-    const AcRxClass* classe = m_peca.objectClass();
-    if (classe == nullptr || !classe->isDerivedFrom(ZpObject::desc())) return {};
+    const AcRxClass* kind = m_peca.objectClass();
+    if (kind == nullptr || !kind->isDerivedFrom(ZpObject::desc())) return {};
     return m_peca;
 }
 
@@ -79,24 +79,23 @@ void ZpMarca::setPeca(const AcDbObjectId& peca) {
 
 Adesk::Boolean ZpMarca::subWorldDraw(AcGiWorldDraw* draw) {
     assertReadEnabled();
-    const Picture f = figura();
+    const Picture f = picture();
     AcGiWorldGeometry& g = draw->geometry();
     if (g.polyline(2, f.leader.data())) return Adesk::kTrue;
     if (f.hasArrow) {
         draw->subEntityTraits().setFillType(kAcGiFillAlways);
         if (g.polygon(3, f.arrow.data())) return Adesk::kTrue;
     }
-    g.text(f.texto, AcGeVector3d::kZAxis, AcGeVector3d::kXAxis, m_altura, 1.0, 0.0,
-           m_marca.c_str());
+    g.text(f.text, AcGeVector3d::kZAxis, AcGeVector3d::kXAxis, m_altura, 1.0, 0.0, m_marca.c_str());
     return Adesk::kTrue;
 }
 
 Acad::ErrorStatus ZpMarca::subGetGeomExtents(AcDbExtents& extents) const {
     assertReadEnabled();
-    const Picture f = figura();
+    const Picture f = picture();
     for (const AcGePoint3d& p : f.leader) extents.addPoint(p);
-    extents.addPoint(f.texto);
-    extents.addPoint(f.texto + AcGeVector3d(f.textLargura, m_altura, 0.0));
+    extents.addPoint(f.text);
+    extents.addPoint(f.text + AcGeVector3d(f.textLargura, m_altura, 0.0));
     return Acad::eOk;
 }
 
@@ -113,17 +112,17 @@ Acad::ErrorStatus ZpMarca::subTransformBy(const AcGeMatrix3d& m) {
 
 Acad::ErrorStatus ZpMarca::subExplode(AcDbVoidPtrArray& set) const {
     assertReadEnabled();
-    const Picture f = figura();
-    std::vector<std::unique_ptr<AcDbEntity>> partes;
-    partes.push_back(std::make_unique<AcDbLine>(f.leader[0], f.leader[1]));
+    const Picture f = picture();
+    std::vector<std::unique_ptr<AcDbEntity>> parts;
+    parts.push_back(std::make_unique<AcDbLine>(f.leader[0], f.leader[1]));
     if (f.hasArrow)
-        partes.push_back(
+        parts.push_back(
             std::make_unique<AcDbSolid>(f.arrow[0], f.arrow[1], f.arrow[2], f.arrow[2]));
-    partes.push_back(
-        std::make_unique<AcDbText>(f.texto, m_marca.c_str(), AcDbObjectId::kNull, m_altura));
-    for (std::unique_ptr<AcDbEntity>& parte : partes) {
-        (void)parte->setPropertiesFrom(this);  // a new object takes any properties
-        set.append(parte.release());
+    parts.push_back(
+        std::make_unique<AcDbText>(f.text, m_marca.c_str(), AcDbObjectId::kNull, m_altura));
+    for (std::unique_ptr<AcDbEntity>& part : parts) {
+        (void)part->setPropertiesFrom(this);  // a new object takes any properties
+        set.append(part.release());
     }
     return Acad::eOk;
 }
@@ -186,21 +185,21 @@ Acad::ErrorStatus ZpMarca::dwgInFields(AcDbDwgFiler* filer) {
     assertWriteEnabled();
     const Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es != Acad::eOk) return es;
-    Adesk::Int16 versao = 0;
-    filer->readInt16(&versao);
-    if (versao < 1 || versao > kMarcaVersion) {
+    Adesk::Int16 version = 0;
+    filer->readInt16(&version);
+    if (version < 1 || version > kMarcaVersion) {
         if (filer->filerStatus() == Acad::eOk) filer->setFilerStatus(Acad::eInvalidInput);
         return filer->filerStatus();
     }
     filer->readPoint3d(&m_tip);
     filer->readPoint3d(&m_textAt);
-    ACHAR* texto = nullptr;
-    if (filer->readString(&texto) == Acad::eOk && texto != nullptr) m_marca = texto;
-    acutDelString(texto);
+    ACHAR* text = nullptr;
+    if (filer->readString(&text) == Acad::eOk && text != nullptr) m_marca = text;
+    acutDelString(text);
     filer->readDouble(&m_altura);
     Adesk::Int16 hasPeca = 0;
     m_peca = {};
-    if (versao > 1) {
+    if (version > 1) {
         filer->readInt16(&hasPeca);
         filer->readSoftPointerId(&m_peca);
     }
@@ -236,25 +235,25 @@ Acad::ErrorStatus ZpMarca::dxfInFields(AcDbDxfFiler* filer) {
         return filer->setError(Acad::eNotImplementedYet,
                                L"ZpMarca: registro da versão %d; este módulo lê até a versão %d.",
                                static_cast<int>(r.resval.rint), static_cast<int>(kMarcaVersion));
-    const int versao = r.resval.rint;
-    const auto ponto = [&](int codigo, AcGePoint3d& p) {
-        if (filer->readItem(&r) != Acad::eOk || r.restype != codigo) return false;
+    const int version = r.resval.rint;
+    const auto point = [&](int code, AcGePoint3d& p) {
+        if (filer->readItem(&r) != Acad::eOk || r.restype != code) return false;
         p.set(r.resval.rpoint[0], r.resval.rpoint[1], r.resval.rpoint[2]);
         return true;
     };
-    bool boa = ponto(AcDb::kDxfXCoord, m_tip) && ponto(AcDb::kDxfXCoord + 1, m_textAt);
-    boa = boa && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfText;
-    if (boa) {
+    bool good = point(AcDb::kDxfXCoord, m_tip) && point(AcDb::kDxfXCoord + 1, m_textAt);
+    good = good && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfText;
+    if (good) {
         m_marca = r.resval.rstring;
         acutDelString(r.resval.rstring);
     }
-    boa = boa && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfReal &&
-          r.resval.rreal > 0.0 && r.resval.rreal <= 1e9;
-    if (!boa) return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
+    good = good && filer->readItem(&r) == Acad::eOk && r.restype == AcDb::kDxfReal &&
+           r.resval.rreal > 0.0 && r.resval.rreal <= 1e9;
+    if (!good) return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
     m_altura = r.resval.rreal;
     m_hasPeca = false;
     m_peca = {};
-    if (versao < 2) return filer->filerStatus();
+    if (version < 2) return filer->filerStatus();
     if (filer->readItem(&r) != Acad::eOk || r.restype != AcDb::kDxfInt16)
         return filer->setError(Acad::eInvalidInput, L"ZpMarca: registro danificado.");
     m_hasPeca = r.resval.rint != 0;

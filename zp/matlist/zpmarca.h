@@ -6,16 +6,16 @@
 
 #include "dbmain.h"
 
-/// Leader with an arrow at `ponta`, text at `textAt` on the side that the leader comes from. World
+/// Leader with an arrow at `tip`, text at `textAt` on the side that the leader comes from. World
 /// coordinates; the text stays horizontal and is never mirrored.
 class ZpMarca : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(ZpMarca);
     ZpMarca() = default;
     /// `peca` is what the mark stands for, null when that is not known.
-    ZpMarca(const AcGePoint3d& ponta, const AcGePoint3d& textAt, std::wstring marca, double altura,
+    ZpMarca(const AcGePoint3d& tip, const AcGePoint3d& textAt, std::wstring marca, double altura,
             const AcDbObjectId& peca = {})
-        : m_tip(ponta),
+        : m_tip(tip),
           m_textAt(textAt),
           m_marca(std::move(marca)),
           m_altura(altura),
@@ -23,7 +23,7 @@ public:
           m_peca(peca) {}
 
     /// World coordinates.
-    AcGePoint3d ponta() const { return m_tip; }
+    AcGePoint3d tip() const { return m_tip; }
     /// World coordinates, lower left corner of the text.
     AcGePoint3d textAt() const { return m_textAt; }
     const std::wstring& marca() const { return m_marca; }
@@ -58,7 +58,7 @@ protected:
 
 private:
     struct Picture;
-    Picture figura() const;
+    Picture picture() const;
     AcGePoint3d m_tip;
     AcGePoint3d m_textAt;
     std::wstring m_marca;

@@ -47,24 +47,24 @@ public:
 };
 
 /// Finds the list of the group in the working drawing, or makes one; with several asks which.
-/// `lista` its number from 1, `listaId` its record, `estado` 0 for an existing list and 1 for a new
-/// one. `tipo`, the number of pieces, becomes at least 1. 0 when the user declined.
-int ZpArxConnectLista(int& lista, AcDbObjectId& listaId, int& estado, wchar_t* grupo,
-                      CCountMarca& counter, int& tipo);
+/// `list` its number from 1, `listId` its record, `state` 0 for an existing list and 1 for a new
+/// one. `type`, the number of pieces, becomes at least 1. 0 when the user declined.
+int ZpArxConnectLista(int& list, AcDbObjectId& listId, int& state, wchar_t* group,
+                      CCountMarca& counter, int& type);
 
-/// Opens the list for adding; `ponto` is where its table would stand. Quantity, total mass and
-/// paint area of every row added until ZpArxCloseLista are multiplied by `tipo`. 0 on failure.
-int ZpArxOpenLista(int lista, AcDbObjectId& listaId, int estado, wchar_t* grupo, int tipo,
-                   CCountMarca& counter, AcGePoint3d& ponto);
+/// Opens the list for adding; `point` is where its table would stand. Quantity, total mass and
+/// paint area of every row added until ZpArxCloseLista are multiplied by `type`. 0 on failure.
+int ZpArxOpenLista(int list, AcDbObjectId& listId, int state, wchar_t* group, int type,
+                   CCountMarca& counter, AcGePoint3d& point);
 
 /// Lowest free mark ("P1", "P2", ...) into a buffer of kZpMarcaMax. 0 without an open list.
 int ZpArxGetNextMarca(wchar_t* marca);
 
-/// Draws a mark with a leader from `ponta` to its text at `texto`, on the layer of "MARCA".
+/// Draws a mark with a leader from `tip` to its text at `text`, on the layer of "MARCA".
 /// `marcaId` is null when it could not be drawn.
-void ZpArxAddMarca(AcGePoint3d ponta, AcGePoint3d texto, wchar_t* marca, AcDbObjectId& marcaId);
+void ZpArxAddMarca(AcGePoint3d tip, AcGePoint3d text, wchar_t* marca, AcDbObjectId& marcaId);
 
 /// 0 without an open list or when it cannot be written.
-int ZpArxAddToLista(Linha& linha);
+int ZpArxAddToLista(Linha& row);
 
 void ZpArxCloseLista();

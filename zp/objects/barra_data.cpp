@@ -14,7 +14,7 @@
 namespace zp {
 namespace {
 
-bool iguais(const resbuf* a, const resbuf* b) {
+bool same(const resbuf* a, const resbuf* b) {
     for (; a != nullptr && b != nullptr; a = a->rbnext, b = b->rbnext) {
         if (a->restype != b->restype) return false;
         switch (a->restype) {
@@ -33,37 +33,37 @@ bool iguais(const resbuf* a, const resbuf* b) {
 
 }  // namespace
 
-bool registraAplicacao(AcDbDatabase& desenho, const ACHAR* nome) {
+bool registerApplication(AcDbDatabase& drawing, const ACHAR* name) {
     {
-        const AcDbObjectPointer<AcDbRegAppTable> tabela(desenho.regAppTableId(), AcDb::kForRead);
-        if (tabela.object() == nullptr) return false;
-        if (tabela->has(nome)) return true;
+        const AcDbObjectPointer<AcDbRegAppTable> table(drawing.regAppTableId(), AcDb::kForRead);
+        if (table.object() == nullptr) return false;
+        if (table->has(name)) return true;
     }
-    const AcDbObjectPointer<AcDbRegAppTable> tabela(desenho.regAppTableId(), AcDb::kForWrite);
-    if (tabela.object() == nullptr) return false;
-    auto registro = std::make_unique<AcDbRegAppTableRecord>();
-    if (registro->setName(nome) != Acad::eOk || tabela->add(registro.get()) != Acad::eOk)
-        return false;
-    (void)registro.release()->close();
+    const AcDbObjectPointer<AcDbRegAppTable> table(drawing.regAppTableId(), AcDb::kForWrite);
+    if (table.object() == nullptr) return false;
+    auto record = std::make_unique<AcDbRegAppTableRecord>();
+    if (record->setName(name) != Acad::eOk || table->add(record.get()) != Acad::eOk) return false;
+    (void)record.release()->close();
     return true;
 }
 
-void gravaBarra(ZpObject& peca) {
-    const Peca& p = Acesso::de(peca);
+void writeBarra(ZpObject& peca) {
+    const Peca& p = Access::of(peca);
     if (p.chapa() || peca.database() == nullptr ||
-        !registraAplicacao(*peca.database(), kZpGBarraApp))
+        !registerApplication(*peca.database(), kZpGBarraApp))
         return;
-    ACHAR perfil[kZpTextoMax];
-    ACHAR dimensoes[kZpTextoMax];
+    ACHAR perfil[kZpTextMax];
+    ACHAR dimensoes[kZpTextMax];
     (void)peca.getPerfil(perfil);  // the buffers are there
     (void)peca.getDimensoes(dimensoes);
-    const Corrente nova(acutBuildList(AcDb::kDxfRegAppName, kZpGBarraApp, AcDb::kDxfXdInteger16,
-                                      static_cast<int>(p.tipoBarra), AcDb::kDxfXdAsciiString,
-                                      perfil, AcDb::kDxfXdAsciiString, dimensoes, AcDb::kDxfXdReal,
-                                      p.comprimento, AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
-    const Corrente velha(peca.xData(kZpGBarraApp));
-    if (!nova || iguais(velha.get(), nova.get())) return;
-    (void)peca.setXData(nova.get());  // a registered name and a short list: nothing is left to fail
+    const BufferChain fresh(acutBuildList(
+        AcDb::kDxfRegAppName, kZpGBarraApp, AcDb::kDxfXdInteger16, static_cast<int>(p.tipoBarra),
+        AcDb::kDxfXdAsciiString, perfil, AcDb::kDxfXdAsciiString, dimensoes, AcDb::kDxfXdReal,
+        p.comprimento, AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
+    const BufferChain old(peca.xData(kZpGBarraApp));
+    if (!fresh || same(old.get(), fresh.get())) return;
+    (void)peca.setXData(
+        fresh.get());  // a registered name and a short list: nothing is left to fail
 }
 
 }  // namespace zp

@@ -8,9 +8,9 @@ namespace zp {
 
 /// Writes role, profile, dimensions, length and mass under the application of the bar data; plates
 /// carry none. The piece is open for write. Nothing is recorded when they stand there already.
-void gravaBarra(ZpObject& peca);
+void writeBarra(ZpObject& peca);
 
 /// Enters an application name in the drawing's table when it is missing.
-bool registraAplicacao(AcDbDatabase& desenho, const ACHAR* nome);
+bool registerApplication(AcDbDatabase& drawing, const ACHAR* name);
 
 }  // namespace zp

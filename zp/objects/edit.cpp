@@ -9,230 +9,226 @@
 #include "zp/objects/links.h"
 #include "zp/objects/picture_map.h"
 
-namespace zp::edicao {
+namespace zp::edit {
 namespace {
 
 /// How near two points are to be one, mm.
-constexpr double kMesmoPonto = 1e-6;
+constexpr double kSamePoint = 1e-6;
 /// How near two values are to be one, over their size.
-constexpr double kMesmoValor = 1e-9;
+constexpr double kSameValue = 1e-9;
 
-std::vector<Ouvinte*>& ouvintes() {
-    static std::vector<Ouvinte*> todos;
-    return todos;
+std::vector<Listener*>& listeners() {
+    static std::vector<Listener*> all;
+    return all;
 }
 
-void avisa(AcDbObjectId peca, const Faces& antes) {
+void notify(AcDbObjectId peca, const Faces& before) {
     // A listener may take itself away.
-    const std::vector<Ouvinte*> todos = ouvintes();
-    for (Ouvinte* ouvinte : todos) ouvinte->editada(peca, antes);
+    const std::vector<Listener*> all = listeners();
+    for (Listener* listener : all) listener->edited(peca, before);
 }
 
-std::vector<AcDbObjectId> ligadasDe(const ZpObject& peca, Ligacao::Papel papel) {
+std::vector<AcDbObjectId> linkedOf(const ZpObject& peca, Link::Role role) {
     std::vector<AcDbObjectId> ids;
-    for (const Ligacao& l : Acesso::de(peca).ligadas())
-        if (l.papel == papel && !l.id.isNull() && !l.id.isErased()) ids.push_back(l.id);
+    for (const Link& l : Access::of(peca).linked())
+        if (l.role == role && !l.id.isNull() && !l.id.isErased()) ids.push_back(l.id);
     return ids;
 }
 
-AcGeVector3d inteiro(const Peca& p, const PontoAprendido& a) {
-    AcGeVector3d v = a.desvio;
-    if (a.noFim) v.x += p.comprimento;
+AcGeVector3d whole(const Peca& p, const LearntPoint& a) {
+    AcGeVector3d v = a.offset;
+    if (a.atEnd) v.x += p.comprimento;
     return v;
 }
 
-bool mesmo(const AcGeVector3d& a, const AcGePoint3d& b) {
-    return (a - b.asVector()).length() <= kMesmoPonto;
+bool same(const AcGeVector3d& a, const AcGePoint3d& b) {
+    return (a - b.asVector()).length() <= kSamePoint;
 }
 
 /// The entry whose measured points are those of the link.
-const CotaMudada* previstaPara(const Peca& p, const Ligacao& l,
-                               std::span<const CotaMudada> previstas) {
-    const auto achada = std::ranges::find_if(previstas, [&](const CotaMudada& c) {
-        return mesmo(inteiro(p, l.pontos[0]), c.antes.de) &&
-               mesmo(inteiro(p, l.pontos[1]), c.antes.ate);
+const ChangedCota* foreseenFor(const Peca& p, const Link& l,
+                               std::span<const ChangedCota> foreseenOnes) {
+    const auto found = std::ranges::find_if(foreseenOnes, [&](const ChangedCota& c) {
+        return same(whole(p, l.points[0]), c.before.from) &&
+               same(whole(p, l.points[1]), c.before.to);
     });
-    return achada != previstas.end() ? &*achada : nullptr;
+    return found != foreseenOnes.end() ? &*found : nullptr;
 }
 
-PontoAprendido aprendidoEm(const Peca& p, const AcGePoint3d& ponto) {
-    PontoAprendido a{ponto.asVector(), false};
-    a.noFim = !p.emSecao() && p.comprimento > 0.0 &&
-              std::abs(a.desvio.x - p.comprimento) <= kMesmoPonto * p.comprimento;
-    if (a.noFim) a.desvio.x -= p.comprimento;
+LearntPoint learntAt(const Peca& p, const AcGePoint3d& point) {
+    LearntPoint a{point.asVector(), false};
+    a.atEnd = !p.inSecao() && p.comprimento > 0.0 &&
+              std::abs(a.offset.x - p.comprimento) <= kSamePoint * p.comprimento;
+    if (a.atEnd) a.offset.x -= p.comprimento;
     return a;
 }
 
-/// What a link of `antes` says once the piece is `depois`.
-void leva(const Peca& antes, const Peca& depois, const Mapa& mapa,
-          std::span<const CotaMudada> previstas, Ligacao& l) {
-    if (l.papel == Ligacao::Papel::Dona) return;
-    const CotaMudada* prevista = l.papel == Ligacao::Papel::Cota && l.quantos >= 3
-                                     ? previstaPara(antes, l, previstas)
-                                     : nullptr;
-    const bool linhaDaRegra =
-        prevista != nullptr && mesmo(inteiro(antes, l.pontos[2]), prevista->antes.linha);
-    for (std::size_t i = 0; i < l.quantos; ++i) l.pontos[i] = mapa.leva(l.pontos[i]);
-    if (prevista == nullptr) return;
-    l.pontos[0] = aprendidoEm(depois, prevista->depois.de);
-    l.pontos[1] = aprendidoEm(depois, prevista->depois.ate);
-    if (linhaDaRegra) l.pontos[2] = aprendidoEm(depois, prevista->depois.linha);
+/// What a link of `before` says once the piece is `after`.
+void carry(const Peca& before, const Peca& after, const PictureMap& pictureMap,
+           std::span<const ChangedCota> foreseenOnes, Link& l) {
+    if (l.role == Link::Role::Owner) return;
+    const ChangedCota* foreseen =
+        l.role == Link::Role::Cota && l.count >= 3 ? foreseenFor(before, l, foreseenOnes) : nullptr;
+    const bool lineOfRule =
+        foreseen != nullptr && same(whole(before, l.points[2]), foreseen->before.line);
+    for (std::size_t i = 0; i < l.count; ++i) l.points[i] = pictureMap.carry(l.points[i]);
+    if (foreseen == nullptr) return;
+    l.points[0] = learntAt(after, foreseen->after.from);
+    l.points[1] = learntAt(after, foreseen->after.to);
+    if (lineOfRule) l.points[2] = learntAt(after, foreseen->after.line);
 }
 
 }  // namespace
 
-void copiaValores(const Peca& de, Peca& para) {
-    para.forma = de.forma;
-    para.vista = de.vista;
-    para.quantos = de.quantos;
-    para.tipoBarra = de.tipoBarra;
-    para.subtipo = de.subtipo;
-    para.comprimento = de.comprimento;
-    para.dados = de.dados;
-    para.atuais = de.atuais;
-    para.secaoGuardada.reset();
-    para.barraVelha = true;
+void copyValues(const Peca& from, Peca& target) {
+    target.form = from.form;
+    target.vista = from.vista;
+    target.count = from.count;
+    target.tipoBarra = from.tipoBarra;
+    target.series = from.series;
+    target.comprimento = from.comprimento;
+    target.given = from.given;
+    target.actual = from.actual;
+    target.cachedSecao.reset();
+    target.barraStale = true;
 }
 
-secao::Classe classeDe(const ZpObject& peca) { return Acesso::de(peca).classe; }
+secao::Kind kindOf(const ZpObject& peca) { return Access::of(peca).kind; }
 
-secao::Dados valoresDe(const ZpObject& peca) { return Acesso::de(peca).papeis(); }
+secao::RoleValues valuesOf(const ZpObject& peca) { return Access::of(peca).roles(); }
 
-bool deDoisPontos(const ZpObject& peca) { return Acesso::de(peca).forma == 2; }
+bool fromTwoPoints(const ZpObject& peca) { return Access::of(peca).form == 2; }
 
-std::vector<AcDbObjectId> cotasDe(const ZpObject& peca) {
-    return ligadasDe(peca, Ligacao::Papel::Cota);
-}
+std::vector<AcDbObjectId> cotasOf(const ZpObject& peca) { return linkedOf(peca, Link::Role::Cota); }
 
-std::vector<AcDbObjectId> chapasDe(const ZpObject& peca) {
-    std::vector<AcDbObjectId> ids = ligadasDe(peca, Ligacao::Papel::Segue);
+std::vector<AcDbObjectId> chapasOf(const ZpObject& peca) {
+    std::vector<AcDbObjectId> ids = linkedOf(peca, Link::Role::Follows);
     std::erase_if(ids, [](AcDbObjectId id) {
-        const AcRxClass* classe = id.objectClass();
-        return classe == nullptr || !classe->isDerivedFrom(ZpChapa::desc());
+        const AcRxClass* kind = id.objectClass();
+        return kind == nullptr || !kind->isDerivedFrom(ZpChapa::desc());
     });
     return ids;
 }
 
-AcDbObjectId donaDe(const ZpObject& peca) {
-    const std::vector<AcDbObjectId> donas = ligadasDe(peca, Ligacao::Papel::Dona);
-    return donas.empty() ? AcDbObjectId() : donas.front();
+AcDbObjectId ownerOf(const ZpObject& peca) {
+    const std::vector<AcDbObjectId> owners = linkedOf(peca, Link::Role::Owner);
+    return owners.empty() ? AcDbObjectId() : owners.front();
 }
 
-void mantem(const ZpObject& peca, const ZpObject& regra, ZpObject& nova) {
-    using enum secao::Papel;
-    const secao::Dados tem = valoresDe(peca);
-    const secao::Dados teria = valoresDe(regra);
-    Peca& p = Acesso::de(nova);
-    const secao::Papeis* const papeis = p.ordem();
-    for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i) {
-        const secao::Papel papel = (*papeis)[i];
-        const bool deFora =
-            papel == L || papel == Giro || papel == Tipo || papel == M || papel == A;
-        const double folga = kMesmoValor * std::abs(teria[papel]);
-        if (!deFora && std::abs(tem[papel] - teria[papel]) > folga)
-            p.dados[i] = p.atuais[i] = tem[papel];
+void keepOwnValues(const ZpObject& peca, const ZpObject& rule, ZpObject& fresh) {
+    using enum secao::Role;
+    const secao::RoleValues has = valuesOf(peca);
+    const secao::RoleValues would = valuesOf(rule);
+    Peca& p = Access::of(fresh);
+    const secao::Roles* const roles = p.order();
+    for (std::size_t i = 0; roles != nullptr && i < p.count; ++i) {
+        const secao::Role role = (*roles)[i];
+        const bool external = role == L || role == Giro || role == Type || role == M || role == A;
+        const double tolerance = kSameValue * std::abs(would[role]);
+        if (!external && std::abs(has[role] - would[role]) > tolerance)
+            p.given[i] = p.actual[i] = has[role];
     }
-    p.secaoGuardada.reset();
+    p.cachedSecao.reset();
 }
 
-Faces facesDe(const ZpObject& peca) {
+Faces facesOf(const ZpObject& peca) {
     Faces faces;
     peca.GetLimitPointsOfFaces(faces.f[0], faces.f[1], faces.f[2], faces.f[3]);
     return faces;
 }
 
-Edicao::Edicao(AcDbObjectId peca)
+Edit::Edit(AcDbObjectId peca)
     : m_id(peca), m_status(acdbOpenObject(m_peca, peca, AcDb::kForWrite)) {
     if (m_status != Acad::eOk) {
         m_peca = nullptr;
         return;
     }
-    m_faces = facesDe(*m_peca);
-    for (const AcDbObjectId& id : chapasDe(*m_peca)) {
+    m_faces = facesOf(*m_peca);
+    for (const AcDbObjectId& id : chapasOf(*m_peca)) {
         const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
         if (chapa.object() == nullptr) continue;
         m_chapas.push_back(id);
-        m_facesDasChapas.push_back(facesDe(*chapa.object()));
+        m_facesOfChapas.push_back(facesOf(*chapa.object()));
     }
     m_peca->assertWriteEnabled();
-    Peca& p = Acesso::de(*m_peca);
-    m_angulo = std::exchange(p.angulo, 0.0);
-    m_espelhada = std::exchange(p.espelhada, false);
+    Peca& p = Access::of(*m_peca);
+    m_angle = std::exchange(p.angle, 0.0);
+    m_mirrored = std::exchange(p.mirrored, false);
 }
 
-Edicao::~Edicao() { fecha(); }
+Edit::~Edit() { close(); }
 
-void Edicao::fecha() {
+void Edit::close() {
     if (m_peca == nullptr) return;
-    Peca& p = Acesso::de(*m_peca);
-    p.angulo = m_angulo;
-    p.espelhada = m_espelhada;
+    Peca& p = Access::of(*m_peca);
+    p.angle = m_angle;
+    p.mirrored = m_mirrored;
     m_peca->recordGraphicsModified();
     (void)m_peca->close();
     m_peca = nullptr;
 }
 
-Acad::ErrorStatus Edicao::refaz(const ZpObject& modelo, std::span<const CotaMudada> cotas) {
-    Peca& p = Acesso::de(*m_peca);
-    const Peca& nova = Acesso::de(modelo);
-    if (nova.classe != p.classe) return Acad::eNotThatKindOfClass;
-    if (p.ligacoes) {
-        const Mapa mapa(p, nova);
-        for (Ligacao& l : *p.ligacoes) leva(p, nova, mapa, cotas, l);
+Acad::ErrorStatus Edit::remake(const ZpObject& model, std::span<const ChangedCota> cotas) {
+    Peca& p = Access::of(*m_peca);
+    const Peca& fresh = Access::of(model);
+    if (fresh.kind != p.kind) return Acad::eNotThatKindOfClass;
+    if (p.links) {
+        const PictureMap pictureMap(p, fresh);
+        for (Link& l : *p.links) carry(p, fresh, pictureMap, cotas, l);
     }
-    const bool outraForma = nova.forma != p.forma;
-    copiaValores(nova, p);
-    if (outraForma) p.pontos = {p.inicio, p.fim()};
+    const bool otherForm = fresh.form != p.form;
+    copyValues(fresh, p);
+    if (otherForm) p.points = {p.start, p.end()};
     return Acad::eOk;
 }
 
-bool Edicao::refazChapa(AcDbObjectId id, const ZpChapa& modelo) {
+bool Edit::remakeChapa(AcDbObjectId id, const ZpChapa& model) {
     const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForWrite);
     if (chapa.object() == nullptr) return false;
     chapa->assertWriteEnabled();
-    Peca& p = Acesso::de(*chapa.object());
-    const Peca& nova = Acesso::de(modelo);
-    const std::uint8_t papel = p.tipoBarra;
-    copiaValores(nova, p);
-    p.tipoBarra = papel;
-    p.pontos = nova.pontos;
-    p.inicio = nova.inicio;
-    p.angulo = nova.angulo;
-    p.espelhada = nova.espelhada;
+    Peca& p = Access::of(*chapa.object());
+    const Peca& fresh = Access::of(model);
+    const std::uint8_t role = p.tipoBarra;
+    copyValues(fresh, p);
+    p.tipoBarra = role;
+    p.points = fresh.points;
+    p.start = fresh.start;
+    p.angle = fresh.angle;
+    p.mirrored = fresh.mirrored;
     chapa->recordGraphicsModified();
-    aprende(*m_peca, *chapa.object());
+    learn(*m_peca, *chapa.object());
     return true;
 }
 
-void Edicao::apaga(AcDbObjectId ligada) {
-    AcDbEntity* entidade = nullptr;
-    if (acdbOpenAcDbEntity(entidade, ligada, AcDb::kForWrite) != Acad::eOk) return;
-    (void)entidade->erase();  // open for write and alive
-    (void)entidade->close();
-    Acesso::de(*m_peca).desliga(ligada);
+void Edit::eraseLinked(AcDbObjectId linked) {
+    AcDbEntity* entity = nullptr;
+    if (acdbOpenAcDbEntity(entity, linked, AcDb::kForWrite) != Acad::eOk) return;
+    (void)entity->erase();  // open for write and alive
+    (void)entity->close();
+    Access::of(*m_peca).untie(linked);
 }
 
-void Edicao::termina() {
+void Edit::finish() {
     if (m_peca == nullptr) return;
-    fecha();
+    close();
     {
         const AcDbObjectPointer<ZpObject> peca(m_id, AcDb::kForRead);
         // What cannot be opened now follows at the end of the command.
-        if (peca.object() != nullptr) coloca(*peca.object(), [](AcDbObjectId) {});
+        if (peca.object() != nullptr) putLinked(*peca.object(), [](AcDbObjectId) {});
     }
-    avisa(m_id, m_faces);
+    notify(m_id, m_faces);
     for (std::size_t i = 0; i < m_chapas.size(); ++i)
-        if (!m_chapas[i].isErased()) avisa(m_chapas[i], m_facesDasChapas[i]);
+        if (!m_chapas[i].isErased()) notify(m_chapas[i], m_facesOfChapas[i]);
 }
 
-std::wstring recusaDe(const ZpObject& peca, const ZpObject& modelo) {
-    for (Ouvinte* ouvinte : ouvintes())
-        if (std::wstring motivo = ouvinte->recusa(peca, modelo); !motivo.empty()) return motivo;
+std::wstring refusalOf(const ZpObject& peca, const ZpObject& model) {
+    for (Listener* listener : listeners())
+        if (std::wstring reason = listener->refusal(peca, model); !reason.empty()) return reason;
     return {};
 }
 
-void ouve(Ouvinte* ouvinte) { ouvintes().push_back(ouvinte); }
+void addListener(Listener* listener) { listeners().push_back(listener); }
 
-void deixa(Ouvinte* ouvinte) { std::erase(ouvintes(), ouvinte); }
+void removeListener(Listener* listener) { std::erase(listeners(), listener); }
 
-}  // namespace zp::edicao
+}  // namespace zp::edit

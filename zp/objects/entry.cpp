@@ -8,28 +8,28 @@
 #include "zp/objects/zp_classes.h"
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
-    AcDbDatabase* desenho = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
     switch (msg) {
         case AcRx::kInitAppMsg:
             acrxUnlockApplication(pkt);
             acrxRegisterAppMDIAware(pkt);
-            zp::registraClasses();
-            zp::relatorio::instala();
-            zp::fichas::instala();
-            zp::vigia::comeca();
+            zp::registerClasses();
+            zp::report::install();
+            zp::sheets::install();
+            zp::watch::start();
             break;
         case AcRx::kLoadDwgMsg:
-            zp::vigia::observa(desenho);
-            zp::vigia::confere(desenho);
+            zp::watch::observe(drawing);
+            zp::watch::check(drawing);
             break;
         case AcRx::kUnloadDwgMsg:
-            zp::vigia::abandona(desenho);
+            zp::watch::leave(drawing);
             break;
         case AcRx::kUnloadAppMsg:
-            zp::vigia::encerra();
-            zp::fichas::retira();
-            zp::relatorio::retira();
-            zp::retiraClasses();
+            zp::watch::stop();
+            zp::sheets::uninstall();
+            zp::report::uninstall();
+            zp::unregisterClasses();
             break;
         default:
             break;

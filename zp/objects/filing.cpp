@@ -11,211 +11,211 @@
 namespace zp {
 namespace {
 
-constexpr int kMaxLigacoes = 10000;
+constexpr int kMaxLinks = 10000;
 
 // Flags of a link in one number: kind, points in use, mirrored, which points belong to the end.
-int marcasDe(const Ligacao& l) {
-    int marcas = static_cast<int>(l.papel) | l.quantos << 2 | (l.espelhada ? 1 << 5 : 0);
-    for (std::size_t i = 0; i < l.pontos.size(); ++i)
-        if (l.pontos[i].noFim) marcas |= 1 << (6 + i);
-    return marcas;
+int flagsOf(const Link& l) {
+    int flags = static_cast<int>(l.role) | l.count << 2 | (l.mirrored ? 1 << 5 : 0);
+    for (std::size_t i = 0; i < l.points.size(); ++i)
+        if (l.points[i].atEnd) flags |= 1 << (6 + i);
+    return flags;
 }
 
-bool aplica(int marcas, Ligacao& l) {
-    if (marcas < 0 || (marcas & 3) > 2 || (marcas >> 2 & 7) > static_cast<int>(l.pontos.size()))
+bool apply(int flags, Link& l) {
+    if (flags < 0 || (flags & 3) > 2 || (flags >> 2 & 7) > static_cast<int>(l.points.size()))
         return false;
-    l.papel = static_cast<Ligacao::Papel>(marcas & 3);
-    l.quantos = static_cast<std::uint8_t>(marcas >> 2 & 7);
-    l.espelhada = (marcas >> 5 & 1) != 0;
-    for (std::size_t i = 0; i < l.pontos.size(); ++i)
-        l.pontos.marca(i, (marcas >> (6 + i) & 1) != 0);
+    l.role = static_cast<Link::Role>(flags & 3);
+    l.count = static_cast<std::uint8_t>(flags >> 2 & 7);
+    l.mirrored = (flags >> 5 & 1) != 0;
+    for (std::size_t i = 0; i < l.points.size(); ++i)
+        l.points.flagEnd(i, (flags >> (6 + i) & 1) != 0);
     return true;
 }
 
-template <class Leitor>
-bool leLigacoes(Leitor& leitor, Peca& p) {
+template <class Reader>
+bool readLinks(Reader& reader, Peca& p) {
     int n = 0;
-    if (!leitor.inteiro(n) || n < 0 || n > kMaxLigacoes) return false;
+    if (!reader.integer(n) || n < 0 || n > kMaxLinks) return false;
     for (; n > 0; --n) {
-        Ligacao l;
-        int marcas = 0;
-        if (!leitor.id(l.id) || !leitor.inteiro(marcas) || !aplica(marcas, l)) return false;
-        for (std::size_t i = 0; i < l.quantos; ++i) {
-            AcGePoint3d desvio;
-            if (!leitor.ponto(desvio)) return false;
-            l.pontos[i] = {desvio.asVector(), std::as_const(l.pontos)[i].noFim};
+        Link l;
+        int flags = 0;
+        if (!reader.id(l.id) || !reader.integer(flags) || !apply(flags, l)) return false;
+        for (std::size_t i = 0; i < l.count; ++i) {
+            AcGePoint3d offset;
+            if (!reader.point(offset)) return false;
+            l.points[i] = {offset.asVector(), std::as_const(l.points)[i].atEnd};
         }
-        if (l.papel == Ligacao::Papel::Segue && !leitor.real(l.angulo)) return false;
-        if (!l.id.isNull()) p.acrescenta(l);
+        if (l.role == Link::Role::Follows && !reader.real(l.angle)) return false;
+        if (!l.id.isNull()) p.add(l);
     }
     return true;
 }
 
-template <class Leitor>
-bool leMudados(Leitor& leitor, Peca& p) {
-    p.atuais = p.dados;
+template <class Reader>
+bool readChanged(Reader& reader, Peca& p) {
+    p.actual = p.given;
     int n = 0;
-    if (!leitor.inteiro(n) || n < 0 || n > p.quantos) return false;
+    if (!reader.integer(n) || n < 0 || n > p.count) return false;
     for (; n > 0; --n) {
-        int lugar = 0;
-        double valor = 0.0;
-        if (!leitor.inteiro(lugar) || !leitor.real(valor) || lugar < 0 || lugar >= p.quantos)
+        int place = 0;
+        double value = 0.0;
+        if (!reader.integer(place) || !reader.real(value) || place < 0 || place >= p.count)
             return false;
-        p.atuais[static_cast<std::size_t>(lugar)] = valor;
+        p.actual[static_cast<std::size_t>(place)] = value;
     }
     return true;
 }
 
 /// mm, far beyond any piece; what is larger overflows in areas and masses.
-constexpr double kMaiorMedida = 1e9;
+constexpr double kLargestMedida = 1e9;
 
-bool valorPossivel(double v, secao::Papel papel) {
-    using enum secao::Papel;
-    if (!(std::abs(v) <= kMaiorMedida)) return false;
+bool possibleValue(double v, secao::Role role) {
+    using enum secao::Role;
+    if (!(std::abs(v) <= kLargestMedida)) return false;
     // A command asks less of flanges of its own than a property sheet.
-    if (papel == L || papel == Tc || papel == Tb) return v >= 0.0;
-    const auto medidas = fichas::medidas();
-    const auto medida = std::ranges::find(medidas, papel, &fichas::Medida::papel);
-    return medida == medidas.end() || fichas::foraDoLimite(medida->limite, v) == nullptr;
+    if (role == L || role == Tc || role == Tb) return v >= 0.0;
+    const auto medidas = sheets::medidas();
+    const auto medida = std::ranges::find(medidas, role, &sheets::Medida::role);
+    return medida == medidas.end() || sheets::outsideLimit(medida->limit, v) == nullptr;
 }
 
 /// False for values that no command and no property sheet give a piece.
-bool medidasPossiveis(const Peca& p) {
-    const secao::Papeis& papeis = *p.ordem();
-    for (std::size_t i = 0; i < p.quantos; ++i)
-        if (!valorPossivel(p.dados[i], papeis[i]) || !valorPossivel(p.atuais[i], papeis[i]))
+bool possibleMedidas(const Peca& p) {
+    const secao::Roles& roles = *p.order();
+    for (std::size_t i = 0; i < p.count; ++i)
+        if (!possibleValue(p.given[i], roles[i]) || !possibleValue(p.actual[i], roles[i]))
             return false;
-    return p.comprimento <= kMaiorMedida;
+    return p.comprimento <= kLargestMedida;
 }
 
-bool cabe(int v, int maximo) { return v >= 0 && v <= maximo; }
+bool fits(int v, int maximum) { return v >= 0 && v <= maximum; }
 
 }  // namespace
 
-bool LeitorDwg::inteiro(int& v) {
-    Adesk::Int16 curto = 0;
-    if (m_filer.readInt16(&curto) != Acad::eOk) return false;
-    v = curto;
+bool DwgReader::integer(int& v) {
+    Adesk::Int16 small = 0;
+    if (m_filer.readInt16(&small) != Acad::eOk) return false;
+    v = small;
     return true;
 }
 
-bool LeitorDxf::item(int codigo, resbuf& valor) {
-    valor = {};
-    if (m_filer.readItem(&valor) != Acad::eOk) return false;
-    if (valor.restype == codigo) return true;
+bool DxfReader::item(int code, resbuf& value) {
+    value = {};
+    if (m_filer.readItem(&value) != Acad::eOk) return false;
+    if (value.restype == code) return true;
     m_filer.pushBackItem();
     return false;
 }
 
-bool LeitorDxf::inteiro(int& v) {
+bool DxfReader::integer(int& v) {
     resbuf r;
     if (!item(AcDb::kDxfInt16, r)) return false;
     v = r.resval.rint;
     return true;
 }
 
-bool LeitorDxf::real(double& v) {
+bool DxfReader::real(double& v) {
     resbuf r;
     if (!item(AcDb::kDxfReal, r)) return false;
     v = r.resval.rreal;
     return true;
 }
 
-bool LeitorDxf::ponto(AcGePoint3d& p) {
+bool DxfReader::point(AcGePoint3d& p) {
     resbuf r;
     if (!item(AcDb::kDxfXCoord, r)) return false;
     p.set(r.resval.rpoint[0], r.resval.rpoint[1], r.resval.rpoint[2]);
     return true;
 }
 
-bool LeitorDxf::id(AcDbSoftPointerId& i) {
+bool DxfReader::id(AcDbSoftPointerId& i) {
     resbuf r;
     if (!item(AcDb::kDxfSoftPointerId, r)) return false;
-    AcDbObjectId lido;
+    AcDbObjectId read;
     // A reference to an object that the drawing does not have is a link less, not a damaged piece.
-    if (acdbGetObjectId(lido, r.resval.rlname) == Acad::eOk) i = AcDbSoftPointerId(lido);
+    if (acdbGetObjectId(read, r.resval.rlname) == Acad::eOk) i = AcDbSoftPointerId(read);
     return true;
 }
 
-template <class Escritor>
-void gravaPeca(Escritor& e, const Peca& p) {
-    e.inteiro(kVersaoDaPeca);
-    e.inteiro(static_cast<int>(p.classe));
-    e.inteiro(p.forma);
-    for (std::size_t i = 0; i < p.forma; ++i) e.ponto(p.pontos[i]);
-    e.inteiro(p.vista);
-    e.inteiro(p.quantos);
-    for (std::size_t i = 0; i < p.quantos; ++i) e.real(p.dados[i]);
-    e.inteiro(p.tipoBarra);
-    e.inteiro(p.subtipo);
-    e.inteiro(p.espelhada ? 1 : 0);
+template <class Writer>
+void writePeca(Writer& e, const Peca& p) {
+    e.integer(kPecaVersion);
+    e.integer(static_cast<int>(p.kind));
+    e.integer(p.form);
+    for (std::size_t i = 0; i < p.form; ++i) e.point(p.points[i]);
+    e.integer(p.vista);
+    e.integer(p.count);
+    for (std::size_t i = 0; i < p.count; ++i) e.real(p.given[i]);
+    e.integer(p.tipoBarra);
+    e.integer(p.series);
+    e.integer(p.mirrored ? 1 : 0);
     e.real(p.comprimento);
-    e.real(p.angulo);
-    e.ponto(p.inicio);
-    int mudados = 0;
-    for (std::size_t i = 0; i < p.quantos; ++i) mudados += p.dados[i] != p.atuais[i] ? 1 : 0;
-    e.inteiro(mudados);
-    for (std::size_t i = 0; i < p.quantos; ++i) {
-        if (p.dados[i] == p.atuais[i]) continue;
-        e.inteiro(static_cast<int>(i));
-        e.real(p.atuais[i]);
+    e.real(p.angle);
+    e.point(p.start);
+    int changed = 0;
+    for (std::size_t i = 0; i < p.count; ++i) changed += p.given[i] != p.actual[i] ? 1 : 0;
+    e.integer(changed);
+    for (std::size_t i = 0; i < p.count; ++i) {
+        if (p.given[i] == p.actual[i]) continue;
+        e.integer(static_cast<int>(i));
+        e.real(p.actual[i]);
     }
-    e.inteiro(static_cast<int>(p.ligadas().size()));
-    for (const Ligacao& l : p.ligadas()) {
+    e.integer(static_cast<int>(p.linked().size()));
+    for (const Link& l : p.linked()) {
         e.id(l.id);
-        e.inteiro(marcasDe(l));
-        for (std::size_t i = 0; i < l.quantos; ++i) {
-            const AcGeVector3d d = l.pontos[i].desvio;
-            e.ponto({d.x, d.y, d.z});
+        e.integer(flagsOf(l));
+        for (std::size_t i = 0; i < l.count; ++i) {
+            const AcGeVector3d d = l.points[i].offset;
+            e.point({d.x, d.y, d.z});
         }
-        if (l.papel == Ligacao::Papel::Segue) e.real(l.angulo);
+        if (l.role == Link::Role::Follows) e.real(l.angle);
     }
 }
 
-template <class Leitor>
-Leitura lePeca(Leitor& leitor, Peca& peca, int& versao) {
+template <class Reader>
+ReadResult readPeca(Reader& reader, Peca& peca, int& version) {
     Peca p;
-    int classe = 0;
-    int forma = 0;
+    int kind = 0;
+    int form = 0;
     int vista = 0;
-    int quantos = 0;
-    if (!leitor.inteiro(versao) || versao < 1) return Leitura::Ruim;
-    if (versao > kVersaoDaPeca) return Leitura::Nova;
-    if (!leitor.inteiro(classe) || classe != static_cast<int>(peca.classe)) return Leitura::Ruim;
-    p.classe = peca.classe;
-    if (!leitor.inteiro(forma) || forma < 1 || forma > 2) return Leitura::Ruim;
-    p.forma = static_cast<std::uint8_t>(forma);
-    for (std::size_t i = 0; i < p.forma; ++i)
-        if (!leitor.ponto(p.pontos[i])) return Leitura::Ruim;
-    if (!leitor.inteiro(vista) || !cabe(vista, 4) || !leitor.inteiro(quantos)) return Leitura::Ruim;
-    if (!cabe(quantos, secao::kMaxValores) || secao::papeisDe(p.classe, forma, quantos) == nullptr)
-        return Leitura::Ruim;
+    int count = 0;
+    if (!reader.integer(version) || version < 1) return ReadResult::Bad;
+    if (version > kPecaVersion) return ReadResult::Newer;
+    if (!reader.integer(kind) || kind != static_cast<int>(peca.kind)) return ReadResult::Bad;
+    p.kind = peca.kind;
+    if (!reader.integer(form) || form < 1 || form > 2) return ReadResult::Bad;
+    p.form = static_cast<std::uint8_t>(form);
+    for (std::size_t i = 0; i < p.form; ++i)
+        if (!reader.point(p.points[i])) return ReadResult::Bad;
+    if (!reader.integer(vista) || !fits(vista, 4) || !reader.integer(count)) return ReadResult::Bad;
+    if (!fits(count, secao::kMaxValues) || secao::rolesOf(p.kind, form, count) == nullptr)
+        return ReadResult::Bad;
     p.vista = static_cast<std::uint8_t>(vista);
-    p.quantos = static_cast<std::uint8_t>(quantos);
-    for (std::size_t i = 0; i < p.quantos; ++i)
-        if (!leitor.real(p.dados[i])) return Leitura::Ruim;
-    int tipo = 0;
-    int subtipo = 0;
-    int espelhada = 0;
-    if (!leitor.inteiro(tipo) || !leitor.inteiro(subtipo) || !leitor.inteiro(espelhada))
-        return Leitura::Ruim;
-    if (!cabe(tipo, 255) || !cabe(subtipo, 255)) return Leitura::Ruim;
-    p.tipoBarra = static_cast<std::uint8_t>(tipo);
-    p.subtipo = static_cast<std::uint8_t>(subtipo);
-    p.espelhada = espelhada != 0;
-    if (!leitor.real(p.comprimento) || !leitor.real(p.angulo) || !leitor.ponto(p.inicio))
-        return Leitura::Ruim;
-    if (!std::isfinite(p.comprimento) || p.comprimento < 0.0 || !std::isfinite(p.angulo))
-        return Leitura::Ruim;
-    if (!leMudados(leitor, p) || !leLigacoes(leitor, p)) return Leitura::Ruim;
+    p.count = static_cast<std::uint8_t>(count);
+    for (std::size_t i = 0; i < p.count; ++i)
+        if (!reader.real(p.given[i])) return ReadResult::Bad;
+    int type = 0;
+    int series = 0;
+    int mirrored = 0;
+    if (!reader.integer(type) || !reader.integer(series) || !reader.integer(mirrored))
+        return ReadResult::Bad;
+    if (!fits(type, 255) || !fits(series, 255)) return ReadResult::Bad;
+    p.tipoBarra = static_cast<std::uint8_t>(type);
+    p.series = static_cast<std::uint8_t>(series);
+    p.mirrored = mirrored != 0;
+    if (!reader.real(p.comprimento) || !reader.real(p.angle) || !reader.point(p.start))
+        return ReadResult::Bad;
+    if (!std::isfinite(p.comprimento) || p.comprimento < 0.0 || !std::isfinite(p.angle))
+        return ReadResult::Bad;
+    if (!readChanged(reader, p) || !readLinks(reader, p)) return ReadResult::Bad;
     peca = std::move(p);
-    return Leitura::Boa;
+    return ReadResult::Good;
 }
 
-template void gravaPeca(EscritorDwg&, const Peca&);
-template void gravaPeca(EscritorDxf&, const Peca&);
-template Leitura lePeca(LeitorDwg&, Peca&, int&);
-template Leitura lePeca(LeitorDxf&, Peca&, int&);
+template void writePeca(DwgWriter&, const Peca&);
+template void writePeca(DxfWriter&, const Peca&);
+template ReadResult readPeca(DwgReader&, Peca&, int&);
+template ReadResult readPeca(DxfReader&, Peca&, int&);
 
 }  // namespace zp
 
@@ -223,8 +223,8 @@ Acad::ErrorStatus ZpObject::dwgOutFields(AcDbDwgFiler* filer) const {
     assertReadEnabled();
     const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk) return es;
-    zp::EscritorDwg escritor(*filer);
-    zp::gravaPeca(escritor, *m_peca);
+    zp::DwgWriter writer(*filer);
+    zp::writePeca(writer, *m_peca);
     return filer->filerStatus();
 }
 
@@ -232,9 +232,9 @@ Acad::ErrorStatus ZpObject::dwgInFields(AcDbDwgFiler* filer) {
     assertWriteEnabled();
     const Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es != Acad::eOk) return es;
-    zp::LeitorDwg leitor(*filer);
-    int versao = 0;
-    if (zp::lePeca(leitor, *m_peca, versao) != zp::Leitura::Boa &&
+    zp::DwgReader reader(*filer);
+    int version = 0;
+    if (zp::readPeca(reader, *m_peca, version) != zp::ReadResult::Good &&
         filer->filerStatus() == Acad::eOk)
         filer->setFilerStatus(Acad::eInvalidInput);
     return filer->filerStatus();
@@ -245,8 +245,8 @@ Acad::ErrorStatus ZpObject::dxfOutFields(AcDbDxfFiler* filer) const {
     const Acad::ErrorStatus es = AcDbEntity::dxfOutFields(filer);
     if (es != Acad::eOk) return es;
     filer->writeString(AcDb::kDxfSubclass, isA()->name());
-    zp::EscritorDxf escritor(*filer);
-    zp::gravaPeca(escritor, *m_peca);
+    zp::DxfWriter writer(*filer);
+    zp::writePeca(writer, *m_peca);
     return filer->filerStatus();
 }
 
@@ -254,24 +254,24 @@ Acad::ErrorStatus ZpObject::dxfInFields(AcDbDxfFiler* filer) {
     assertWriteEnabled();
     const Acad::ErrorStatus es = AcDbEntity::dxfInFields(filer);
     if (es != Acad::eOk) return es;
-    const ACHAR* nome = isA()->name();
-    if (!filer->atSubclassData(nome))
-        return filer->setError(Acad::eBadDxfSequence, L"%ls: falta o registro da peça.", nome);
-    zp::LeitorDxf leitor(*filer);
-    int versao = 0;
-    zp::Peca lida;
-    lida.classe = m_peca->classe;
-    switch (zp::lePeca(leitor, lida, versao)) {
-        case zp::Leitura::Boa:
-            if (!zp::medidasPossiveis(lida)) break;
-            *m_peca = std::move(lida);
+    const ACHAR* name = isA()->name();
+    if (!filer->atSubclassData(name))
+        return filer->setError(Acad::eBadDxfSequence, L"%ls: falta o registro da peça.", name);
+    zp::DxfReader reader(*filer);
+    int version = 0;
+    zp::Peca read;
+    read.kind = m_peca->kind;
+    switch (zp::readPeca(reader, read, version)) {
+        case zp::ReadResult::Good:
+            if (!zp::possibleMedidas(read)) break;
+            *m_peca = std::move(read);
             return filer->filerStatus();
-        case zp::Leitura::Nova:
+        case zp::ReadResult::Newer:
             return filer->setError(Acad::eNotImplementedYet,
                                    L"%ls: registro da versão %d; este módulo lê até a versão %d.",
-                                   nome, versao, static_cast<int>(zp::kVersaoDaPeca));
-        case zp::Leitura::Ruim:
+                                   name, version, static_cast<int>(zp::kPecaVersion));
+        case zp::ReadResult::Bad:
             break;
     }
-    return filer->setError(Acad::eInvalidInput, L"%ls: registro danificado.", nome);
+    return filer->setError(Acad::eInvalidInput, L"%ls: registro danificado.", name);
 }

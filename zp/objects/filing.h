@@ -7,26 +7,26 @@
 namespace zp {
 
 /// Written first; a reader refuses what is newer.
-inline constexpr Adesk::Int16 kVersaoDaPeca = 1;
+inline constexpr Adesk::Int16 kPecaVersion = 1;
 
-class EscritorDwg {
+class DwgWriter {
 public:
-    explicit EscritorDwg(AcDbDwgFiler& filer) : m_filer(filer) {}
-    void inteiro(int v) { m_filer.writeInt16(static_cast<Adesk::Int16>(v)); }
+    explicit DwgWriter(AcDbDwgFiler& filer) : m_filer(filer) {}
+    void integer(int v) { m_filer.writeInt16(static_cast<Adesk::Int16>(v)); }
     void real(double v) { m_filer.writeDouble(v); }
-    void ponto(const AcGePoint3d& p) { m_filer.writePoint3d(p); }
+    void point(const AcGePoint3d& p) { m_filer.writePoint3d(p); }
     void id(const AcDbSoftPointerId& i) { m_filer.writeSoftPointerId(i); }
 
 private:
     AcDbDwgFiler& m_filer;
 };
 
-class LeitorDwg {
+class DwgReader {
 public:
-    explicit LeitorDwg(AcDbDwgFiler& filer) : m_filer(filer) {}
-    bool inteiro(int& v);
+    explicit DwgReader(AcDbDwgFiler& filer) : m_filer(filer) {}
+    bool integer(int& v);
     bool real(double& v) { return m_filer.readDouble(&v) == Acad::eOk; }
-    bool ponto(AcGePoint3d& p) { return m_filer.readPoint3d(&p) == Acad::eOk; }
+    bool point(AcGePoint3d& p) { return m_filer.readPoint3d(&p) == Acad::eOk; }
     bool id(AcDbSoftPointerId& i) { return m_filer.readSoftPointerId(&i) == Acad::eOk; }
 
 private:
@@ -34,38 +34,38 @@ private:
 };
 
 /// 70 whole numbers, 40 reals, 10 points, 330 references.
-class EscritorDxf {
+class DxfWriter {
 public:
-    explicit EscritorDxf(AcDbDxfFiler& filer) : m_filer(filer) {}
-    void inteiro(int v) { m_filer.writeInt16(AcDb::kDxfInt16, static_cast<Adesk::Int16>(v)); }
+    explicit DxfWriter(AcDbDxfFiler& filer) : m_filer(filer) {}
+    void integer(int v) { m_filer.writeInt16(AcDb::kDxfInt16, static_cast<Adesk::Int16>(v)); }
     void real(double v) { m_filer.writeDouble(AcDb::kDxfReal, v); }
-    void ponto(const AcGePoint3d& p) { m_filer.writePoint3d(AcDb::kDxfXCoord, p); }
+    void point(const AcGePoint3d& p) { m_filer.writePoint3d(AcDb::kDxfXCoord, p); }
     void id(const AcDbSoftPointerId& i) { m_filer.writeObjectId(AcDb::kDxfSoftPointerId, i); }
 
 private:
     AcDbDxfFiler& m_filer;
 };
 
-class LeitorDxf {
+class DxfReader {
 public:
-    explicit LeitorDxf(AcDbDxfFiler& filer) : m_filer(filer) {}
-    bool inteiro(int& v);
+    explicit DxfReader(AcDbDxfFiler& filer) : m_filer(filer) {}
+    bool integer(int& v);
     bool real(double& v);
-    bool ponto(AcGePoint3d& p);
+    bool point(AcGePoint3d& p);
     bool id(AcDbSoftPointerId& i);
 
 private:
-    bool item(int codigo, resbuf& valor);
+    bool item(int code, resbuf& value);
     AcDbDxfFiler& m_filer;
 };
 
-enum class Leitura { Boa, Nova, Ruim };
+enum class ReadResult { Good, Newer, Bad };
 
 /// What was read of a record; the piece itself is untouched until it is complete.
-template <class Leitor>
-Leitura lePeca(Leitor& leitor, Peca& peca, int& versao);
+template <class Reader>
+ReadResult readPeca(Reader& reader, Peca& peca, int& version);
 
-template <class Escritor>
-void gravaPeca(Escritor& escritor, const Peca& peca);
+template <class Writer>
+void writePeca(Writer& writer, const Peca& peca);
 
 }  // namespace zp

@@ -20,97 +20,95 @@
 
 namespace {
 
-AcDbDatabase* desenhoDeTrabalho() { return acdbHostApplicationServices()->workingDatabase(); }
+AcDbDatabase* workingDrawing() { return acdbHostApplicationServices()->workingDatabase(); }
 
 /// The file as last read; read again when it changes, so that an edited file counts at the next
 /// piece.
-const std::map<std::wstring, std::wstring>& camadas() {
-    static std::filesystem::path arquivo;
-    static std::filesystem::file_time_type quando;
-    static std::map<std::wstring, std::wstring> lidas;
-    const std::filesystem::path atual = zp::arquivoDeCamadas();
-    std::error_code erro;
-    const auto data = std::filesystem::last_write_time(atual, erro);
-    if (atual.native() == arquivo.native() && data == quando) return lidas;
-    arquivo = atual;
-    quando = data;
-    lidas = zp::leCamadas(atual);
-    return lidas;
+const std::map<std::wstring, std::wstring>& layers() {
+    static std::filesystem::path file;
+    static std::filesystem::file_time_type when;
+    static std::map<std::wstring, std::wstring> read;
+    const std::filesystem::path current = zp::layerFile();
+    std::error_code error;
+    const auto data = std::filesystem::last_write_time(current, error);
+    if (current.native() == file.native() && data == when) return read;
+    file = current;
+    when = data;
+    read = zp::readLayers(current);
+    return read;
 }
 
-void criaCamada(const std::wstring& nome, int cor) {
-    AcDbDatabase* desenho = desenhoDeTrabalho();
-    if (desenho == nullptr) return;
+void createLayer(const std::wstring& name, int colour) {
+    AcDbDatabase* drawing = workingDrawing();
+    if (drawing == nullptr) return;
     {
-        const AcDbObjectPointer<AcDbLayerTable> tabela(desenho->layerTableId(), AcDb::kForRead);
-        if (tabela.object() == nullptr || tabela->has(nome.c_str())) return;
+        const AcDbObjectPointer<AcDbLayerTable> table(drawing->layerTableId(), AcDb::kForRead);
+        if (table.object() == nullptr || table->has(name.c_str())) return;
     }
-    const AcDbObjectPointer<AcDbLayerTable> tabela(desenho->layerTableId(), AcDb::kForWrite);
-    if (tabela.object() == nullptr) return;
-    auto camada = std::make_unique<AcDbLayerTableRecord>();
-    if (camada->setName(nome.c_str()) != Acad::eOk) return;
-    (void)camada->setColorIndex(static_cast<Adesk::UInt16>(cor));  // one of the constants, 1..255
-    (void)camada->setLinetypeObjectId(desenho->continuousLinetype());
-    if (tabela->add(camada.get()) == Acad::eOk) (void)camada.release()->close();
+    const AcDbObjectPointer<AcDbLayerTable> table(drawing->layerTableId(), AcDb::kForWrite);
+    if (table.object() == nullptr) return;
+    auto layer = std::make_unique<AcDbLayerTableRecord>();
+    if (layer->setName(name.c_str()) != Acad::eOk) return;
+    (void)layer->setColorIndex(static_cast<Adesk::UInt16>(colour));  // one of the constants, 1..255
+    (void)layer->setLinetypeObjectId(drawing->continuousLinetype());
+    if (table->add(layer.get()) == Acad::eOk) (void)layer.release()->close();
 }
 
 /// Point of the user in world coordinates.
-int pedePonto(AcGePoint3d& ponto, const wchar_t* mensagem, const double* base) {
-    const resbuf mundo{nullptr, RTSHORT, {.rint = 0}};
-    const resbuf usuario{nullptr, RTSHORT, {.rint = 1}};
-    ads_point dado;
-    ads_point baseDoUsuario;
-    if (base != nullptr && acedTrans(base, &mundo, &usuario, 0, baseDoUsuario) != RTNORM)
-        return RTERROR;
-    const int status = acedGetPoint(base != nullptr ? baseDoUsuario : nullptr, mensagem, dado);
+int askPoint(AcGePoint3d& point, const wchar_t* message, const double* base) {
+    const resbuf world{nullptr, RTSHORT, {.rint = 0}};
+    const resbuf user{nullptr, RTSHORT, {.rint = 1}};
+    ads_point given;
+    ads_point userBase;
+    if (base != nullptr && acedTrans(base, &world, &user, 0, userBase) != RTNORM) return RTERROR;
+    const int status = acedGetPoint(base != nullptr ? userBase : nullptr, message, given);
     if (status != RTNORM) return status;
-    return acedTrans(dado, &usuario, &mundo, 0, asDblArray(ponto));
+    return acedTrans(given, &user, &world, 0, asDblArray(point));
 }
 
 }  // namespace
 
-int append(AcDbEntity* entidade, AcDbObjectId& id) {
-    AcDbDatabase* desenho = desenhoDeTrabalho();
-    if (entidade == nullptr || desenho == nullptr) return RTERROR;
-    zp::vigia::observa(desenho);
-    const AcDbObjectPointer<AcDbBlockTableRecord> espaco(desenho->currentSpaceId(),
-                                                         AcDb::kForWrite);
-    if (espaco.object() == nullptr) return RTERROR;
-    return espaco->appendAcDbEntity(id, entidade) == Acad::eOk ? RTNORM : RTERROR;
+int append(AcDbEntity* entity, AcDbObjectId& id) {
+    AcDbDatabase* drawing = workingDrawing();
+    if (entity == nullptr || drawing == nullptr) return RTERROR;
+    zp::watch::observe(drawing);
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(drawing->currentSpaceId(), AcDb::kForWrite);
+    if (space.object() == nullptr) return RTERROR;
+    return space->appendAcDbEntity(id, entity) == Acad::eOk ? RTNORM : RTERROR;
 }
 
-wchar_t* ZpLayerToUsr(const wchar_t* nome) {
+wchar_t* ZpLayerToUsr(const wchar_t* name) {
     // Nodes of a map stay where they are, so the texts handed out stay valid.
-    static std::map<std::wstring, std::wstring> dados;
-    const std::wstring padrao = nome != nullptr ? nome : L"";
-    const auto& lidas = camadas();
-    const auto achada = lidas.find(texts::lower(padrao));
-    const std::wstring& doUsuario = achada != lidas.end() ? achada->second : padrao;
-    std::wstring& texto = dados.try_emplace(doUsuario, doUsuario).first->second;
-    criaCamada(texto, zp::corDaCamada(padrao));
-    return texto.data();
+    static std::map<std::wstring, std::wstring> given;
+    const std::wstring standard = name != nullptr ? name : L"";
+    const auto& read = layers();
+    const auto found = read.find(texts::lower(standard));
+    const std::wstring& userName = found != read.end() ? found->second : standard;
+    std::wstring& text = given.try_emplace(userName, userName).first->second;
+    createLayer(text, zp::layerColour(standard));
+    return text.data();
 }
 
-int getWCSpoint(AcGePoint3d& ponto, const wchar_t* mensagem) {
-    return pedePonto(ponto, mensagem, nullptr);
+int getWCSpoint(AcGePoint3d& point, const wchar_t* message) {
+    return askPoint(point, message, nullptr);
 }
 
-int getWCSpointWithParam(AcGePoint3d& ponto, const wchar_t* mensagem, double* base) {
-    return pedePonto(ponto, mensagem, base);
+int getWCSpointWithParam(AcGePoint3d& point, const wchar_t* message, double* base) {
+    return askPoint(point, message, base);
 }
 
 double GetScale() {
-    resbuf valor{};
-    if (acedGetVar(L"DIMSCALE", &valor) != RTNORM || valor.restype != RTREAL) return 1.0;
-    return valor.resval.rreal == 0.0 ? 1.0 : valor.resval.rreal;
+    resbuf value{};
+    if (acedGetVar(L"DIMSCALE", &value) != RTNORM || value.restype != RTREAL) return 1.0;
+    return value.resval.rreal == 0.0 ? 1.0 : value.resval.rreal;
 }
 
-wchar_t* FormatInString(double valor) {
-    static std::array<std::wstring, 8> textos;
-    static std::size_t vez = 0;
-    std::wstring& texto = textos[vez++ % textos.size()];
-    texto = texts::withPoint(valor, 6);
-    return texto.data();
+wchar_t* FormatInString(double value) {
+    static std::array<std::wstring, 8> buffers;
+    static std::size_t slot = 0;
+    std::wstring& text = buffers[slot++ % buffers.size()];
+    text = texts::withPoint(value, 6);
+    return text.data();
 }
 
-double sex2rad(double graus) { return graus * std::numbers::pi / 180.0; }
+double sex2rad(double degrees) { return degrees * std::numbers::pi / 180.0; }

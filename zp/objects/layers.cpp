@@ -19,79 +19,79 @@ namespace {
 
 /// The file in this installation. Every piece asks: while the folder where it stood, or would
 /// stand, does not change, that folder is not searched again.
-const std::filesystem::path& arquivoEm(const std::filesystem::path& instalacao) {
-    struct Achado {
-        std::filesystem::path instalacao;
-        std::filesystem::path pasta;
-        std::filesystem::file_time_type quando;
-        std::filesystem::path arquivo;
+const std::filesystem::path& fileIn(const std::filesystem::path& installation) {
+    struct Found {
+        std::filesystem::path installation;
+        std::filesystem::path folder;
+        std::filesystem::file_time_type when;
+        std::filesystem::path file;
     };
-    static Achado achado;
-    std::error_code erro;
-    if (!achado.pasta.empty() && achado.instalacao.native() == instalacao.native()) {
-        const auto quando = std::filesystem::last_write_time(achado.pasta, erro);
-        if (!erro && quando == achado.quando) return achado.arquivo;
+    static Found found;
+    std::error_code error;
+    if (!found.folder.empty() && found.installation.native() == installation.native()) {
+        const auto when = std::filesystem::last_write_time(found.folder, error);
+        if (!error && when == found.when) return found.file;
     }
-    achado = {instalacao, {}, {}, {}};
-    std::filesystem::path pasta = texts::entryOf(instalacao, "Perfis");
-    const auto quando = std::filesystem::last_write_time(pasta, erro);
-    achado.arquivo = texts::entryOf(pasta, "camadas.ini");
+    found = {installation, {}, {}, {}};
+    std::filesystem::path folder = texts::entryOf(installation, "Perfis");
+    const auto when = std::filesystem::last_write_time(folder, error);
+    found.file = texts::entryOf(folder, "camadas.ini");
     // A change in the same tick of the clock as the search would not be seen.
-    const bool assentada =
-        !erro && std::filesystem::file_time_type::clock::now() - quando > std::chrono::seconds(2);
-    if (assentada) {
-        achado.pasta = std::move(pasta);
-        achado.quando = quando;
+    const bool settled =
+        !error && std::filesystem::file_time_type::clock::now() - when > std::chrono::seconds(2);
+    if (settled) {
+        found.folder = std::move(folder);
+        found.when = when;
     }
-    return achado.arquivo;
+    return found.file;
 }
 
 }  // namespace
 
-std::map<std::wstring, std::wstring> leCamadas(const std::filesystem::path& arquivo) {
-    std::map<std::wstring, std::wstring> camadas;
-    std::ifstream entradaDoArquivo(arquivo, std::ios::binary);
-    if (!entradaDoArquivo) return camadas;
-    const std::wstring tudo =
-        texts::decodeText(std::string{std::istreambuf_iterator<char>(entradaDoArquivo), {}});
-    for (std::size_t de = 0; de < tudo.size();) {
-        const std::size_t fim = std::min(tudo.find(L'\n', de), tudo.size());
-        const std::wstring linha = texts::trimmed(tudo.substr(de, fim - de));
-        de = fim + 1;
-        const std::size_t igual = linha.find(L'=');
-        if (linha.empty() || linha[0] == L';' || linha[0] == L'#' || igual == std::wstring::npos)
+std::map<std::wstring, std::wstring> readLayers(const std::filesystem::path& file) {
+    std::map<std::wstring, std::wstring> layers;
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) return layers;
+    const std::wstring everything =
+        texts::decodeText(std::string{std::istreambuf_iterator<char>(stream), {}});
+    for (std::size_t from = 0; from < everything.size();) {
+        const std::size_t end = std::min(everything.find(L'\n', from), everything.size());
+        const std::wstring row = texts::trimmed(everything.substr(from, end - from));
+        from = end + 1;
+        const std::size_t equals = row.find(L'=');
+        if (row.empty() || row[0] == L';' || row[0] == L'#' || equals == std::wstring::npos)
             continue;
-        const std::wstring padrao = texts::lower(texts::trimmed(linha.substr(0, igual)));
-        const std::wstring usuario = texts::trimmed(linha.substr(igual + 1));
-        if (!padrao.empty() && !usuario.empty()) camadas[padrao] = usuario;
+        const std::wstring standard = texts::lower(texts::trimmed(row.substr(0, equals)));
+        const std::wstring user = texts::trimmed(row.substr(equals + 1));
+        if (!standard.empty() && !user.empty()) layers[standard] = user;
     }
-    return camadas;
+    return layers;
 }
 
-std::filesystem::path arquivoDeCamadas() {
+std::filesystem::path layerFile() {
 #ifdef _WIN32
-    const wchar_t* const pasta = _wgetenv(L"ZPFORJA2010");
-    if (pasta == nullptr || *pasta == L'\0') return {};
-    const std::filesystem::path caminho = pasta;
+    const wchar_t* const folder = _wgetenv(L"ZPFORJA2010");
+    if (folder == nullptr || *folder == L'\0') return {};
+    const std::filesystem::path path = folder;
 #else
-    const char* const pasta = std::getenv("ZPFORJA2010");
-    if (pasta == nullptr || *pasta == '\0') return {};
-    std::string caminho = pasta;
-    std::replace(caminho.begin(), caminho.end(), '\\', '/');
+    const char* const folder = std::getenv("ZPFORJA2010");
+    if (folder == nullptr || *folder == '\0') return {};
+    std::string path = folder;
+    std::replace(path.begin(), path.end(), '\\', '/');
 #endif
-    return arquivoEm(caminho);
+    return fileIn(path);
 }
 
-int corDaCamada(const std::wstring& nomePadrao) {
-    struct Cor {
-        const wchar_t* nome;
-        int cor;
+int layerColour(const std::wstring& standardName) {
+    struct Colour {
+        const wchar_t* name;
+        int colour;
     };
-    constexpr std::array<Cor, 4> kCores{
+    constexpr std::array<Colour, 4> kColours{
         {{L"perfil", 7}, {L"vista-chapa", 3}, {L"cota", 2}, {L"marca", 1}}};
-    const std::wstring nome = texts::lower(nomePadrao);
-    for (const Cor& c : kCores)
-        if (nome == c.nome) return c.cor;
+    const std::wstring name = texts::lower(standardName);
+    for (const Colour& c : kColours)
+        if (name == c.name) return c.colour;
     return 7;
 }
 

@@ -15,237 +15,237 @@ namespace zp {
 namespace {
 
 /// Chains of followers longer than this are a ring.
-constexpr int kFundoMaximo = 8;
+constexpr int kMaxDepth = 8;
 
-bool noFim(const Peca& p, double x) {
-    return !p.emSecao() && !p.chapa() && p.comprimento > 0.0 &&
+bool atEnd(const Peca& p, double x) {
+    return !p.inSecao() && !p.chapa() && p.comprimento > 0.0 &&
            std::abs(x - p.comprimento) <= 1e-6 * p.comprimento;
 }
 
-PontoAprendido aprendido(const Peca& p, const AcGePoint3d& ponto, bool ateOFim) {
-    PontoAprendido a;
-    a.desvio = p.quadro().paraDentro(ponto);
-    a.noFim = ateOFim || noFim(p, a.desvio.x);
-    if (a.noFim) a.desvio.x -= p.comprimento;
+LearntPoint learnt(const Peca& p, const AcGePoint3d& point, bool toEnd) {
+    LearntPoint a;
+    a.offset = p.frame().toLocal(point);
+    a.atEnd = toEnd || atEnd(p, a.offset.x);
+    if (a.atEnd) a.offset.x -= p.comprimento;
     return a;
 }
 
-AcGePoint3d lugar(const Peca& p, const PontoAprendido& a) {
-    return p.quadro().paraFora(a.desvio.x + (a.noFim ? p.comprimento : 0.0), a.desvio.y,
-                               a.desvio.z);
+AcGePoint3d place(const Peca& p, const LearntPoint& a) {
+    return p.frame().toWorld(a.offset.x + (a.atEnd ? p.comprimento : 0.0), a.offset.y, a.offset.z);
 }
 
 /// Largest x of a piece's picture in the frame of another one.
-double bordaDireita(const Peca& p, const ZpObject& outra) {
+double rightEdge(const Peca& p, const ZpObject& other) {
     AcGePoint3d f[4];
-    outra.GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
-    double maior = -1e300;
-    for (const AcGePoint3d& ponto : f) maior = std::max(maior, p.quadro().paraDentro(ponto).x);
-    return maior;
+    other.GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
+    double largest = -1e300;
+    for (const AcGePoint3d& point : f) largest = std::max(largest, p.frame().toLocal(point).x);
+    return largest;
 }
 
-void aprendeCota(const Peca& p, const AcDbAlignedDimension& cota, Ligacao& l) {
-    l.pontos[0] = aprendido(p, cota.xLine1Point(), false);
-    l.pontos[1] = aprendido(p, cota.xLine2Point(), false);
-    l.pontos[2] = aprendido(p, cota.dimLinePoint(), false);
-    l.quantos = 3;
+void learnCota(const Peca& p, const AcDbAlignedDimension& cota, Link& l) {
+    l.points[0] = learnt(p, cota.xLine1Point(), false);
+    l.points[1] = learnt(p, cota.xLine2Point(), false);
+    l.points[2] = learnt(p, cota.dimLinePoint(), false);
+    l.count = 3;
     if (cota.isUsingDefaultTextPosition()) return;
-    l.pontos[3] = aprendido(p, cota.textPosition(), false);
-    l.quantos = 4;
+    l.points[3] = learnt(p, cota.textPosition(), false);
+    l.count = 4;
 }
 
-void aprendePeca(const Peca& p, const ZpObject& objeto, Ligacao& l) {
-    const Peca& outra = Acesso::de(objeto);
-    l.pontos[0] = aprendido(p, outra.inicio, noFim(p, bordaDireita(p, objeto)));
-    l.quantos = 1;
-    const double relativo = outra.angulo - p.angulo;
-    l.angulo = anguloDe(direcao(p.espelhada ? -relativo : relativo));
-    l.espelhada = outra.espelhada != p.espelhada;
+void learnPeca(const Peca& p, const ZpObject& object, Link& l) {
+    const Peca& other = Access::of(object);
+    l.points[0] = learnt(p, other.start, atEnd(p, rightEdge(p, object)));
+    l.count = 1;
+    const double relative = other.angle - p.angle;
+    l.angle = angleOf(direction(p.mirrored ? -relative : relative));
+    l.mirrored = other.mirrored != p.mirrored;
 }
 
-void aprendeEm(const Peca& p, const AcDbEntity& entidade, Ligacao& l) {
-    if (const auto* objeto = ZpObject::cast(&entidade))
-        aprendePeca(p, *objeto, l);
-    else if (const auto* cota = AcDbAlignedDimension::cast(&entidade))
-        aprendeCota(p, *cota, l);
+void learnIn(const Peca& p, const AcDbEntity& entity, Link& l) {
+    if (const auto* object = ZpObject::cast(&entity))
+        learnPeca(p, *object, l);
+    else if (const auto* cota = AcDbAlignedDimension::cast(&entity))
+        learnCota(p, *cota, l);
 }
 
-bool perto(const AcGePoint3d& a, const AcGePoint3d& b) {
-    const double tamanho = std::max({1.0, std::abs(a.x), std::abs(a.y), std::abs(a.z)});
-    return a.distanceTo(b) <= 1e-10 * tamanho;
+bool near(const AcGePoint3d& a, const AcGePoint3d& b) {
+    const double size = std::max({1.0, std::abs(a.x), std::abs(a.y), std::abs(a.z)});
+    return a.distanceTo(b) <= 1e-10 * size;
 }
 
-enum class Colocada { Ja, Mudou, Presa };
+enum class Put { There, Moved, Held };
 
 /// Opens for write only what really moves, so that nothing unchanged enters the undo step.
-Colocada colocaCota(const Peca& p, const Ligacao& l, AcDbAlignedDimension& cota) {
-    const AcGePoint3d alvo[4] = {lugar(p, l.pontos[0]), lugar(p, l.pontos[1]),
-                                 lugar(p, l.pontos[2]), lugar(p, l.pontos[3])};
-    const bool comTexto = l.quantos == 4 && !cota.isUsingDefaultTextPosition();
-    if (perto(alvo[0], cota.xLine1Point()) && perto(alvo[1], cota.xLine2Point()) &&
-        perto(alvo[2], cota.dimLinePoint()) && (!comTexto || perto(alvo[3], cota.textPosition())))
-        return Colocada::Ja;
-    if (cota.upgradeOpen() != Acad::eOk) return Colocada::Presa;
-    (void)cota.setXLine1Point(alvo[0]);  // open for write: cannot fail
-    (void)cota.setXLine2Point(alvo[1]);
-    (void)cota.setDimLinePoint(alvo[2]);
-    if (comTexto) (void)cota.setTextPosition(alvo[3]);
-    return Colocada::Mudou;
+Put putCota(const Peca& p, const Link& l, AcDbAlignedDimension& cota) {
+    const AcGePoint3d target[4] = {place(p, l.points[0]), place(p, l.points[1]),
+                                   place(p, l.points[2]), place(p, l.points[3])};
+    const bool withText = l.count == 4 && !cota.isUsingDefaultTextPosition();
+    if (near(target[0], cota.xLine1Point()) && near(target[1], cota.xLine2Point()) &&
+        near(target[2], cota.dimLinePoint()) && (!withText || near(target[3], cota.textPosition())))
+        return Put::There;
+    if (cota.upgradeOpen() != Acad::eOk) return Put::Held;
+    (void)cota.setXLine1Point(target[0]);  // open for write: cannot fail
+    (void)cota.setXLine2Point(target[1]);
+    (void)cota.setDimLinePoint(target[2]);
+    if (withText) (void)cota.setTextPosition(target[3]);
+    return Put::Moved;
 }
 
-Colocada colocaPeca(const Peca& p, const Ligacao& l, ZpObject& objeto) {
-    Peca& outra = Acesso::de(objeto);
-    const AcGePoint3d inicio = lugar(p, l.pontos[0]);
-    const double angulo = anguloDe(direcao(p.angulo + (p.espelhada ? -l.angulo : l.angulo)));
-    const bool espelhada = p.espelhada != l.espelhada;
-    const AcGeVector3d desvia = direcao(angulo) - direcao(outra.angulo);
-    if (perto(inicio, outra.inicio) && desvia.length() <= 1e-12 && espelhada == outra.espelhada)
-        return Colocada::Ja;
-    if (objeto.upgradeOpen() != Acad::eOk) return Colocada::Presa;
-    objeto.assertWriteEnabled();
-    outra.inicio = inicio;
-    outra.angulo = angulo;
-    outra.espelhada = espelhada;
-    objeto.recordGraphicsModified();
-    return Colocada::Mudou;
+Put putPeca(const Peca& p, const Link& l, ZpObject& object) {
+    Peca& other = Access::of(object);
+    const AcGePoint3d start = place(p, l.points[0]);
+    const double angle = angleOf(direction(p.angle + (p.mirrored ? -l.angle : l.angle)));
+    const bool mirrored = p.mirrored != l.mirrored;
+    const AcGeVector3d deviation = direction(angle) - direction(other.angle);
+    if (near(start, other.start) && deviation.length() <= 1e-12 && mirrored == other.mirrored)
+        return Put::There;
+    if (object.upgradeOpen() != Acad::eOk) return Put::Held;
+    object.assertWriteEnabled();
+    other.start = start;
+    other.angle = angle;
+    other.mirrored = mirrored;
+    object.recordGraphicsModified();
+    return Put::Moved;
 }
 
-Colocada colocaEntidade(const Peca& p, const Ligacao& l, AcDbEntity& entidade) {
-    if (auto* objeto = ZpObject::cast(&entidade)) return colocaPeca(p, l, *objeto);
-    auto* cota = AcDbAlignedDimension::cast(&entidade);
-    return cota != nullptr ? colocaCota(p, l, *cota) : Colocada::Ja;
+Put putEntity(const Peca& p, const Link& l, AcDbEntity& entity) {
+    if (auto* object = ZpObject::cast(&entity)) return putPeca(p, l, *object);
+    auto* cota = AcDbAlignedDimension::cast(&entity);
+    return cota != nullptr ? putCota(p, l, *cota) : Put::There;
 }
 
-AcDbObjectId idDoTexto(AcDbDatabase* desenho, const ACHAR* texto) {
+AcDbObjectId idFromText(AcDbDatabase* drawing, const ACHAR* text) {
     AcDbObjectId id;
-    if (desenho != nullptr && texto != nullptr)
-        (void)desenho->getAcDbObjectId(
-            id, false, AcDbHandle(std::wcstoull(texto, nullptr, 16)));  // null: unknown
+    if (drawing != nullptr && text != nullptr)
+        (void)drawing->getAcDbObjectId(
+            id, false, AcDbHandle(std::wcstoull(text, nullptr, 16)));  // null: unknown
     return id;
 }
 
-void gravaDonas(AcDbEntity& entidade, const std::vector<AcDbObjectId>& donas) {
-    if (entidade.database() == nullptr || !registraAplicacao(*entidade.database(), kAplicacaoLiga))
+void writeOwners(AcDbEntity& entity, const std::vector<AcDbObjectId>& owners) {
+    if (entity.database() == nullptr || !registerApplication(*entity.database(), kLinkApplication))
         return;
-    const Corrente lista(acutBuildList(AcDb::kDxfRegAppName, kAplicacaoLiga, RTNONE));
-    resbuf* ultimo = lista.get();
-    for (const AcDbObjectId& id : donas) {
-        ACHAR texto[17];
-        id.handle().getIntoAsciiBuffer(texto);
-        ultimo->rbnext = acutBuildList(AcDb::kDxfXdHandle, texto, RTNONE);
-        ultimo = ultimo->rbnext;
+    const BufferChain list(acutBuildList(AcDb::kDxfRegAppName, kLinkApplication, RTNONE));
+    resbuf* last = list.get();
+    for (const AcDbObjectId& id : owners) {
+        ACHAR text[17];
+        id.handle().getIntoAsciiBuffer(text);
+        last->rbnext = acutBuildList(AcDb::kDxfXdHandle, text, RTNONE);
+        last = last->rbnext;
     }
-    (void)entidade.setXData(lista.get());  // registered name, few handles
+    (void)entity.setXData(list.get());  // registered name, few handles
 }
 
 }  // namespace
 
-std::vector<AcDbObjectId> donasDe(const AcDbEntity& entidade) {
-    std::vector<AcDbObjectId> donas;
-    if (const auto* objeto = ZpObject::cast(&entidade)) {
-        for (const Ligacao& l : Acesso::de(*objeto).ligadas())
-            if (l.papel == Ligacao::Papel::Dona) donas.push_back(l.id);
-        return donas;
+std::vector<AcDbObjectId> ownersOf(const AcDbEntity& entity) {
+    std::vector<AcDbObjectId> owners;
+    if (const auto* object = ZpObject::cast(&entity)) {
+        for (const Link& l : Access::of(*object).linked())
+            if (l.role == Link::Role::Owner) owners.push_back(l.id);
+        return owners;
     }
-    const Corrente lista(entidade.xData(kAplicacaoLiga));
-    for (const resbuf* r = lista.get(); r != nullptr; r = r->rbnext) {
+    const BufferChain list(entity.xData(kLinkApplication));
+    for (const resbuf* r = list.get(); r != nullptr; r = r->rbnext) {
         if (r->restype != AcDb::kDxfXdHandle) continue;
-        const AcDbObjectId id = idDoTexto(entidade.database(), r->resval.rstring);
-        if (!id.isNull()) donas.push_back(id);
+        const AcDbObjectId id = idFromText(entity.database(), r->resval.rstring);
+        if (!id.isNull()) owners.push_back(id);
     }
-    return donas;
+    return owners;
 }
 
-void esqueceDona(AcDbEntity& entidade, AcDbObjectId dona) {
-    if (auto* objeto = ZpObject::cast(&entidade)) {
-        if (Acesso::de(*objeto).ligacao(dona) == nullptr) return;
-        objeto->assertWriteEnabled();
-        Acesso::de(*objeto).desliga(dona);
+void removeOwner(AcDbEntity& entity, AcDbObjectId owner) {
+    if (auto* object = ZpObject::cast(&entity)) {
+        if (Access::of(*object).link(owner) == nullptr) return;
+        object->assertWriteEnabled();
+        Access::of(*object).untie(owner);
         return;
     }
-    std::vector<AcDbObjectId> donas = donasDe(entidade);
-    if (std::erase(donas, dona) > 0) gravaDonas(entidade, donas);
+    std::vector<AcDbObjectId> owners = ownersOf(entity);
+    if (std::erase(owners, owner) > 0) writeOwners(entity, owners);
 }
 
-void lembraDona(AcDbEntity& entidade, AcDbObjectId dona) {
-    std::vector<AcDbObjectId> donas = donasDe(entidade);
-    if (std::find(donas.begin(), donas.end(), dona) != donas.end()) return;
-    if (auto* objeto = ZpObject::cast(&entidade)) {
-        objeto->assertWriteEnabled();
-        Ligacao l;
-        l.id = AcDbSoftPointerId(dona);
-        l.papel = Ligacao::Papel::Dona;
-        Acesso::de(*objeto).acrescenta(l);
+void addOwner(AcDbEntity& entity, AcDbObjectId owner) {
+    std::vector<AcDbObjectId> owners = ownersOf(entity);
+    if (std::find(owners.begin(), owners.end(), owner) != owners.end()) return;
+    if (auto* object = ZpObject::cast(&entity)) {
+        object->assertWriteEnabled();
+        Link l;
+        l.id = AcDbSoftPointerId(owner);
+        l.role = Link::Role::Owner;
+        Access::of(*object).add(l);
         return;
     }
-    donas.push_back(dona);
-    gravaDonas(entidade, donas);
+    owners.push_back(owner);
+    writeOwners(entity, owners);
 }
 
-Acad::ErrorStatus liga(ZpObject& peca, const AcDbObjectId& outra, Ligacao::Papel papel) {
-    if (outra.isNull()) return Acad::eNullObjectId;
+Acad::ErrorStatus tie(ZpObject& peca, const AcDbObjectId& other, Link::Role role) {
+    if (other.isNull()) return Acad::eNullObjectId;
     if (peca.database() == nullptr) return Acad::eNoDatabase;
-    if (outra == peca.objectId()) return Acad::eInvalidInput;
-    Peca& p = Acesso::de(peca);
-    if (p.ligacao(outra) != nullptr) return Acad::eOk;
-    AcDbEntity* aberta = nullptr;
-    const Acad::ErrorStatus es = acdbOpenAcDbEntity(aberta, outra, AcDb::kForWrite);
+    if (other == peca.objectId()) return Acad::eInvalidInput;
+    Peca& p = Access::of(peca);
+    if (p.link(other) != nullptr) return Acad::eOk;
+    AcDbEntity* opened = nullptr;
+    const Acad::ErrorStatus es = acdbOpenAcDbEntity(opened, other, AcDb::kForWrite);
     if (es != Acad::eOk) return es;
-    if (papel == Ligacao::Papel::Segue && !aberta->isKindOf(ZpObject::desc())) {
-        (void)aberta->close();
+    if (role == Link::Role::Follows && !opened->isKindOf(ZpObject::desc())) {
+        (void)opened->close();
         return Acad::eNotThatKindOfClass;
     }
-    Ligacao l;
-    l.id = AcDbSoftPointerId(outra);
-    l.papel = aberta->isKindOf(ZpObject::desc()) ? Ligacao::Papel::Segue : Ligacao::Papel::Cota;
-    aprendeEm(p, *aberta, l);
-    lembraDona(*aberta, peca.objectId());
-    (void)aberta->close();
+    Link l;
+    l.id = AcDbSoftPointerId(other);
+    l.role = opened->isKindOf(ZpObject::desc()) ? Link::Role::Follows : Link::Role::Cota;
+    learnIn(p, *opened, l);
+    addOwner(*opened, peca.objectId());
+    (void)opened->close();
     peca.assertWriteEnabled();
-    p.acrescenta(l);
+    p.add(l);
     return Acad::eOk;
 }
 
-void aprende(ZpObject& peca, const AcDbEntity& entidade) {
-    Peca& p = Acesso::de(peca);
-    if (p.ligacao(entidade.objectId()) == nullptr) return;
+void learn(ZpObject& peca, const AcDbEntity& entity) {
+    Peca& p = Access::of(peca);
+    if (p.link(entity.objectId()) == nullptr) return;
     peca.assertWriteEnabled();
-    aprendeEm(p, entidade, *p.ligacao(entidade.objectId()));
+    learnIn(p, entity, *p.link(entity.objectId()));
 }
 
-void coloca(const ZpObject& peca, const std::function<void(AcDbObjectId)>& presa, int fundo) {
-    if (fundo > kFundoMaximo) return;
-    const Peca& p = Acesso::de(peca);
-    for (const Ligacao& l : p.ligadas()) {
-        if (l.papel == Ligacao::Papel::Dona || l.quantos == 0) continue;
-        AcDbEntity* outra = nullptr;
-        const Acad::ErrorStatus es = acdbOpenAcDbEntity(outra, l.id, AcDb::kForRead);
+void putLinked(const ZpObject& peca, const std::function<void(AcDbObjectId)>& held, int depth) {
+    if (depth > kMaxDepth) return;
+    const Peca& p = Access::of(peca);
+    for (const Link& l : p.linked()) {
+        if (l.role == Link::Role::Owner || l.count == 0) continue;
+        AcDbEntity* other = nullptr;
+        const Acad::ErrorStatus es = acdbOpenAcDbEntity(other, l.id, AcDb::kForRead);
         if (es != Acad::eOk) {
-            if (es == Acad::eWasOpenForWrite || es == Acad::eAtMaxReaders) presa(peca.objectId());
+            if (es == Acad::eWasOpenForWrite || es == Acad::eAtMaxReaders) held(peca.objectId());
             continue;
         }
         // A copy that another program made names what is tied to its original.
-        const std::vector<AcDbObjectId> donas = donasDe(*outra);
-        const bool sua = std::find(donas.begin(), donas.end(), peca.objectId()) != donas.end();
-        const Colocada como = sua ? colocaEntidade(p, l, *outra) : Colocada::Ja;
-        if (como == Colocada::Presa) presa(peca.objectId());
-        const auto* objeto = ZpObject::cast(outra);
-        if (objeto != nullptr && como == Colocada::Mudou) coloca(*objeto, presa, fundo + 1);
-        (void)outra->close();
+        const std::vector<AcDbObjectId> owners = ownersOf(*other);
+        const bool itsOwn =
+            std::find(owners.begin(), owners.end(), peca.objectId()) != owners.end();
+        const Put how = itsOwn ? putEntity(p, l, *other) : Put::There;
+        if (how == Put::Held) held(peca.objectId());
+        const auto* object = ZpObject::cast(other);
+        if (object != nullptr && how == Put::Moved) putLinked(*object, held, depth + 1);
+        (void)other->close();
     }
 }
 
-int chapasForaDaBarra(const ZpObject& peca) {
-    const Peca& p = Acesso::de(peca);
-    if (p.emSecao()) return 0;
-    int fora = 0;
-    for (const Ligacao& l : p.ligadas()) {
-        if (l.papel != Ligacao::Papel::Segue) continue;
-        const AcDbObjectPointer<ZpObject> outra(l.id, AcDb::kForRead);
-        if (outra.object() == nullptr) continue;
-        if (bordaDireita(p, *outra.object()) > p.comprimento * (1.0 + 1e-6)) ++fora;
+int chapasBeyondBarra(const ZpObject& peca) {
+    const Peca& p = Access::of(peca);
+    if (p.inSecao()) return 0;
+    int outside = 0;
+    for (const Link& l : p.linked()) {
+        if (l.role != Link::Role::Follows) continue;
+        const AcDbObjectPointer<ZpObject> other(l.id, AcDb::kForRead);
+        if (other.object() == nullptr) continue;
+        if (rightEdge(p, *other.object()) > p.comprimento * (1.0 + 1e-6)) ++outside;
     }
-    return fora;
+    return outside;
 }
 
 }  // namespace zp

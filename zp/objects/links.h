@@ -10,27 +10,27 @@
 namespace zp {
 
 /// Application name under which a dimension names the pieces that it belongs to, by their handles.
-inline constexpr const ACHAR* kAplicacaoLiga = L"ZP_LIGA";
+inline constexpr const ACHAR* kLinkApplication = L"ZP_LIGA";
 
-/// Ties `outra` to the piece, both ways, and learns where it stands. The piece is open for write
+/// Ties `other` to the piece, both ways, and learns where it stands. The piece is open for write
 /// and resident.
-Acad::ErrorStatus liga(ZpObject& peca, const AcDbObjectId& outra, Ligacao::Papel papel);
+Acad::ErrorStatus tie(ZpObject& peca, const AcDbObjectId& other, Link::Role role);
 
 /// Pieces that this entity is tied to.
-std::vector<AcDbObjectId> donasDe(const AcDbEntity& entidade);
+std::vector<AcDbObjectId> ownersOf(const AcDbEntity& entity);
 /// Takes one away from an entity open for write.
-void esqueceDona(AcDbEntity& entidade, AcDbObjectId dona);
+void removeOwner(AcDbEntity& entity, AcDbObjectId owner);
 /// Adds one; nothing happens when it is there.
-void lembraDona(AcDbEntity& entidade, AcDbObjectId dona);
+void addOwner(AcDbEntity& entity, AcDbObjectId owner);
 
 /// Keeps where the entity stands now. The piece is open for write.
-void aprende(ZpObject& peca, const AcDbEntity& entidade);
+void learn(ZpObject& peca, const AcDbEntity& entity);
 
-/// Puts all that is tied to the piece where its links say, and what is tied to that. Calls `presa`
+/// Puts all that is tied to the piece where its links say, and what is tied to that. Calls `held`
 /// for what could not be opened. The piece is readable.
-void coloca(const ZpObject& peca, const std::function<void(AcDbObjectId)>& presa, int fundo = 0);
+void putLinked(const ZpObject& peca, const std::function<void(AcDbObjectId)>& held, int depth = 0);
 
 /// Followers that stand beyond the end of a piece.
-int chapasForaDaBarra(const ZpObject& peca);
+int chapasBeyondBarra(const ZpObject& peca);
 
 }  // namespace zp

@@ -10,139 +10,137 @@ namespace zp {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
-constexpr double kQuaseZero = 1e-12;
+constexpr double kNearZero = 1e-12;
 
-double semPo(double v) {
-    if (std::abs(v) < kQuaseZero) return 0.0;
-    if (std::abs(v - 1.0) < kQuaseZero) return 1.0;
-    return std::abs(v + 1.0) < kQuaseZero ? -1.0 : v;
+double withoutDust(double v) {
+    if (std::abs(v) < kNearZero) return 0.0;
+    if (std::abs(v - 1.0) < kNearZero) return 1.0;
+    return std::abs(v + 1.0) < kNearZero ? -1.0 : v;
 }
 
-bool igual(double a, double b) { return std::abs(a - b) < 1e-9; }
+bool equal(double a, double b) { return std::abs(a - b) < 1e-9; }
 
 /// How a plate lies in its picture.
-enum class Atitude { DeCanto, Deitada, CantoNaSecao };
+enum class Attitude { OnEdge, Flat, EdgeInSecao };
 
-Atitude atitude(const Peca& p) {
-    const double r1 = p.atuais[3];
-    const double r2 = p.atuais[4];
-    if (p.vista == 4 && igual(r1, 0.0) && igual(r2, -0.5 * kPi)) return Atitude::Deitada;
-    if (p.vista == 4 && igual(r1, 0.0) && igual(r2, 0.0)) return Atitude::CantoNaSecao;
-    return Atitude::DeCanto;
+Attitude attitude(const Peca& p) {
+    const double r1 = p.actual[3];
+    const double r2 = p.actual[4];
+    if (p.vista == 4 && equal(r1, 0.0) && equal(r2, -0.5 * kPi)) return Attitude::Flat;
+    if (p.vista == 4 && equal(r1, 0.0) && equal(r2, 0.0)) return Attitude::EdgeInSecao;
+    return Attitude::OnEdge;
 }
 
 /// Turn of a plate's picture about its origin; 0 for the attitudes that the members use.
-double giroDaChapa(const Peca& p) {
-    if (!p.chapa() || atitude(p) != Atitude::DeCanto) return 0.0;
-    const auto conhecido = [](double r) { return igual(r, 0.0) || igual(r, -0.5 * kPi); };
-    if (p.vista == 0 && conhecido(p.atuais[3]) && conhecido(p.atuais[4])) return 0.0;
-    const double giro = p.atuais[3] + p.atuais[4];
+double chapaGiro(const Peca& p) {
+    if (!p.chapa() || attitude(p) != Attitude::OnEdge) return 0.0;
+    const auto known = [](double r) { return equal(r, 0.0) || equal(r, -0.5 * kPi); };
+    if (p.vista == 0 && known(p.actual[3]) && known(p.actual[4])) return 0.0;
+    const double giro = p.actual[3] + p.actual[4];
     return std::isfinite(giro) ? giro : 0.0;
 }
 
-secao::Caixa figuraDaChapa(const Peca& p) {
-    const double d1 = p.atuais[0];
-    const double d2 = p.atuais[1];
+secao::Bounds chapaPicture(const Peca& p) {
+    const double d1 = p.actual[0];
+    const double d2 = p.actual[1];
     const double d3 = p.comprimento;
-    secao::Caixa c;
-    switch (atitude(p)) {
-        case Atitude::DeCanto:
-            c.inclui(0.0, -0.5 * d2);
-            c.inclui(d1, 0.5 * d2);
+    secao::Bounds c;
+    switch (attitude(p)) {
+        case Attitude::OnEdge:
+            c.include(0.0, -0.5 * d2);
+            c.include(d1, 0.5 * d2);
             break;
-        case Atitude::Deitada:
-            c.inclui(0.0, -d3);
-            c.inclui(d1, 0.0);
+        case Attitude::Flat:
+            c.include(0.0, -d3);
+            c.include(d1, 0.0);
             break;
-        case Atitude::CantoNaSecao:
-            c.inclui(0.0, 0.0);
-            c.inclui(d3, d2);
+        case Attitude::EdgeInSecao:
+            c.include(0.0, 0.0);
+            c.include(d3, d2);
             break;
     }
     return c;
 }
 
-Quadro quadroCom(const AcGePoint3d& origem, double angulo, bool espelhado) {
-    const AcGeVector3d x = direcao(angulo);
-    const double s = espelhado ? -1.0 : 1.0;
-    return {origem, x, {-s * x.y, s * x.x, 0.0}};
+Frame frameWith(const AcGePoint3d& origin, double angle, bool mirrored) {
+    const AcGeVector3d x = direction(angle);
+    const double s = mirrored ? -1.0 : 1.0;
+    return {origin, x, {-s * x.y, s * x.x, 0.0}};
 }
 
 }  // namespace
 
-AcGeVector3d direcao(double angulo) {
-    return {semPo(std::cos(angulo)), semPo(std::sin(angulo)), 0.0};
+AcGeVector3d direction(double angle) {
+    return {withoutDust(std::cos(angle)), withoutDust(std::sin(angle)), 0.0};
 }
 
-double anguloDe(const AcGeVector3d& v) {
+double angleOf(const AcGeVector3d& v) {
     double a = std::atan2(v.y, v.x);
-    const double quartos = std::round(a / (0.5 * kPi));
-    if (std::abs(a - quartos * 0.5 * kPi) < kQuaseZero) a = quartos * 0.5 * kPi;
+    const double quarters = std::round(a / (0.5 * kPi));
+    if (std::abs(a - quarters * 0.5 * kPi) < kNearZero) a = quarters * 0.5 * kPi;
     if (a < 0.0) a += 2.0 * kPi;
     return a >= 2.0 * kPi ? 0.0 : a;
 }
 
-AcGePoint3d Quadro::paraFora(double px, double py, double pz) const {
-    return {origem.x + px * x.x + py * y.x, origem.y + px * x.y + py * y.y, origem.z + pz};
+AcGePoint3d Frame::toWorld(double px, double py, double pz) const {
+    return {origin.x + px * x.x + py * y.x, origin.y + px * x.y + py * y.y, origin.z + pz};
 }
 
-AcGeVector3d Quadro::paraDentro(const AcGePoint3d& p) const {
-    const AcGeVector3d v = p - origem;
+AcGeVector3d Frame::toLocal(const AcGePoint3d& p) const {
+    const AcGeVector3d v = p - origin;
     return {v.dotProduct(x), v.dotProduct(y), v.z};
 }
 
 const secao::Secao& Peca::secao() const {
-    if (!secaoGuardada) secaoGuardada = secao::secaoDe(classe, forma, valores());
-    return *secaoGuardada;
+    if (!cachedSecao) cachedSecao = secao::secaoFrom(kind, form, values());
+    return *cachedSecao;
 }
 
-Quadro Peca::quadro() const { return quadroCom(inicio, angulo, espelhada); }
+Frame Peca::frame() const { return frameWith(start, angle, mirrored); }
 
-Quadro Peca::quadroDaFigura() const {
-    const double giro = giroDaChapa(*this);
-    return quadroCom(inicio, angulo + (espelhada ? -giro : giro), espelhada);
+Frame Peca::pictureFrame() const {
+    const double giro = chapaGiro(*this);
+    return frameWith(start, angle + (mirrored ? -giro : giro), mirrored);
 }
 
-AcGePoint3d Peca::fim() const {
-    return emSecao() ? inicio : inicio + direcao(angulo) * comprimento;
-}
+AcGePoint3d Peca::end() const { return inSecao() ? start : start + direction(angle) * comprimento; }
 
-secao::Caixa Peca::figura() const {
-    if (chapa()) return figuraDaChapa(*this);
-    if (emSecao()) return secao().caixa();
+secao::Bounds Peca::picture() const {
+    if (chapa()) return chapaPicture(*this);
+    if (inSecao()) return secao().bounds();
     const secao::Vista& v = secao().vista(vista);
     return {0.0, v.wMin, comprimento, v.wMax};
 }
 
 // Nearly all pieces have a handful of links: until then no room is kept for more.
-void Peca::acrescenta(const Ligacao& l) {
-    constexpr std::size_t kPoucas = 8;
-    if (!ligacoes) ligacoes = std::make_unique<std::vector<Ligacao>>();
-    if (ligacoes->size() < kPoucas) ligacoes->reserve(ligacoes->size() + 1);
-    ligacoes->push_back(l);
+void Peca::add(const Link& l) {
+    constexpr std::size_t kFew = 8;
+    if (!links) links = std::make_unique<std::vector<Link>>();
+    if (links->size() < kFew) links->reserve(links->size() + 1);
+    links->push_back(l);
 }
 
-void Peca::insere(std::ptrdiff_t lugar, const Ligacao& l) {
-    acrescenta(l);
-    const auto fim = ligacoes->end() - 1;
-    std::rotate(std::min(ligacoes->begin() + lugar, fim), fim, ligacoes->end());
+void Peca::insert(std::ptrdiff_t place, const Link& l) {
+    add(l);
+    const auto end = links->end() - 1;
+    std::rotate(std::min(links->begin() + place, end), end, links->end());
 }
 
-std::span<const Ligacao> Peca::ligadas() const {
-    return ligacoes ? std::span<const Ligacao>(*ligacoes) : std::span<const Ligacao>();
+std::span<const Link> Peca::linked() const {
+    return links ? std::span<const Link>(*links) : std::span<const Link>();
 }
 
-Ligacao* Peca::ligacao(AcDbObjectId id) {
-    if (!ligacoes) return nullptr;
-    for (Ligacao& l : *ligacoes)
+Link* Peca::link(AcDbObjectId id) {
+    if (!links) return nullptr;
+    for (Link& l : *links)
         if (l.id == id) return &l;
     return nullptr;
 }
 
-void Peca::desliga(AcDbObjectId id) {
-    if (!ligacoes) return;
-    std::erase_if(*ligacoes, [&](const Ligacao& l) { return l.id == id; });
-    if (ligacoes->empty()) ligacoes.reset();
+void Peca::untie(AcDbObjectId id) {
+    if (!links) return;
+    std::erase_if(*links, [&](const Link& l) { return l.id == id; });
+    if (links->empty()) links.reset();
 }
 
 }  // namespace zp

@@ -7,110 +7,109 @@
 namespace zp {
 namespace {
 
-Traco linha(const Quadro& q, double x0, double y0, double x1, double y1,
-            TipoDeLinha tipo = TipoDeLinha::Propria) {
-    return {{q.paraFora(x0, y0), q.paraFora(x1, y1)}, {}, 0.0, tipo};
+Stroke linetype(const Frame& q, double x0, double y0, double x1, double y1,
+                Linetype type = Linetype::Own) {
+    return {{q.toWorld(x0, y0), q.toWorld(x1, y1)}, {}, 0.0, type};
 }
 
-Traco contorno(const secao::Contorno& c, const Quadro& q, bool espelhado) {
-    Traco t;
-    if (c.circulo) {
-        const secao::Segmento& s = c.segmentos.front();
-        t.pontos.push_back(q.paraFora(s.centro.x, s.centro.y));
-        t.raio = s.raio;
+Stroke outline(const secao::Outline& c, const Frame& q, bool mirrored) {
+    Stroke t;
+    if (c.circle) {
+        const secao::Segment& s = c.segments.front();
+        t.points.push_back(q.toWorld(s.centre.x, s.centre.y));
+        t.radius = s.radius;
         return t;
     }
-    for (const secao::Segmento& s : c.segmentos) {
-        t.pontos.push_back(q.paraFora(s.a.x, s.a.y));
-        t.bulges.push_back(espelhado ? -s.bulge() : s.bulge());
+    for (const secao::Segment& s : c.segments) {
+        t.points.push_back(q.toWorld(s.a.x, s.a.y));
+        t.bulges.push_back(mirrored ? -s.bulge() : s.bulge());
     }
     return t;
 }
 
-Traco retangulo(const secao::Caixa& c, const Quadro& q) {
-    return {{q.paraFora(c.x0, c.y0), q.paraFora(c.x1, c.y0), q.paraFora(c.x1, c.y1),
-             q.paraFora(c.x0, c.y1)},
+Stroke rectangle(const secao::Bounds& c, const Frame& q) {
+    return {{q.toWorld(c.x0, c.y0), q.toWorld(c.x1, c.y0), q.toWorld(c.x1, c.y1),
+             q.toWorld(c.x0, c.y1)},
             {0.0, 0.0, 0.0, 0.0},
             0.0,
-            TipoDeLinha::Propria};
+            Linetype::Own};
 }
 
-std::vector<Traco> longitudinal(const Peca& p, const Quadro& q) {
-    std::vector<Traco> tracos;
+std::vector<Stroke> longitudinal(const Peca& p, const Frame& q) {
+    std::vector<Stroke> strokes;
     const secao::Vista& v = p.secao().vista(p.vista);
     const double L = p.comprimento;
-    for (const bool visivel : {true, false}) {
-        for (const secao::Nivel& n : v.niveis)
-            if (n.visivel == visivel)
-                tracos.push_back(linha(q, 0.0, n.w, L, n.w,
-                                       visivel ? TipoDeLinha::Propria : TipoDeLinha::Oculta));
-        if (!visivel) break;
+    for (const bool visible : {true, false}) {
+        for (const secao::Level& n : v.levels)
+            if (n.visible == visible)
+                strokes.push_back(
+                    linetype(q, 0.0, n.w, L, n.w, visible ? Linetype::Own : Linetype::Hidden));
+        if (!visible) break;
         for (const double x : {0.0, L})
-            for (const auto& [w0, w1] : v.trechos) tracos.push_back(linha(q, x, w0, x, w1));
+            for (const auto& [w0, w1] : v.stretches) strokes.push_back(linetype(q, x, w0, x, w1));
     }
-    if (v.eixo) tracos.push_back(linha(q, 0.0, 0.0, L, 0.0, TipoDeLinha::Eixo));
-    return tracos;
+    if (v.axis) strokes.push_back(linetype(q, 0.0, 0.0, L, 0.0, Linetype::Axis));
+    return strokes;
 }
 
-struct Padrao {
-    const ACHAR* nome;
-    const ACHAR* desenho;
-    std::vector<double> tracos;
+struct Pattern {
+    const ACHAR* name;
+    const ACHAR* drawing;
+    std::vector<double> strokes;
 };
 
-void carrega(AcDbLinetypeTable& tabela, const Padrao& padrao) {
-    if (tabela.has(padrao.nome)) return;
-    auto registro = std::make_unique<AcDbLinetypeTableRecord>();
-    (void)registro->setName(padrao.nome);  // a constant, valid name
-    (void)registro->setComments(padrao.desenho);
-    (void)registro->setNumDashes(static_cast<int>(padrao.tracos.size()));
-    for (std::size_t i = 0; i < padrao.tracos.size(); ++i)
-        (void)registro->setDashLengthAt(static_cast<int>(i), padrao.tracos[i]);
-    if (tabela.add(registro.get()) == Acad::eOk) (void)registro.release()->close();
+void load(AcDbLinetypeTable& table, const Pattern& pattern) {
+    if (table.has(pattern.name)) return;
+    auto record = std::make_unique<AcDbLinetypeTableRecord>();
+    (void)record->setName(pattern.name);  // a constant, valid name
+    (void)record->setComments(pattern.drawing);
+    (void)record->setNumDashes(static_cast<int>(pattern.strokes.size()));
+    for (std::size_t i = 0; i < pattern.strokes.size(); ++i)
+        (void)record->setDashLengthAt(static_cast<int>(i), pattern.strokes[i]);
+    if (table.add(record.get()) == Acad::eOk) (void)record.release()->close();
 }
 
 }  // namespace
 
-std::vector<Traco> figuraDe(const Peca& peca) {
-    const Quadro q = peca.quadroDaFigura();
-    if (peca.chapa()) return {retangulo(peca.figura(), q)};
-    if (!peca.emSecao()) return longitudinal(peca, q);
-    std::vector<Traco> tracos;
-    for (const secao::Contorno& c : peca.secao().contornos())
-        tracos.push_back(contorno(c, q, peca.espelhada));
-    return tracos;
+std::vector<Stroke> pictureOf(const Peca& peca) {
+    const Frame q = peca.pictureFrame();
+    if (peca.chapa()) return {rectangle(peca.picture(), q)};
+    if (!peca.inSecao()) return longitudinal(peca, q);
+    std::vector<Stroke> strokes;
+    for (const secao::Outline& c : peca.secao().outlines())
+        strokes.push_back(outline(c, q, peca.mirrored));
+    return strokes;
 }
 
-const ACHAR* nomeDaLinha(TipoDeLinha linha) {
-    switch (linha) {
-        case TipoDeLinha::Oculta:
+const ACHAR* linetypeName(Linetype linetype) {
+    switch (linetype) {
+        case Linetype::Hidden:
             return L"HIDDEN";
-        case TipoDeLinha::Eixo:
+        case Linetype::Axis:
             return L"CENTER";
-        case TipoDeLinha::Propria:
+        case Linetype::Own:
             break;
     }
     return nullptr;
 }
 
-AcDbObjectId idDaLinha(AcDbDatabase* desenho, TipoDeLinha linha) {
+AcDbObjectId linetypeId(AcDbDatabase* drawing, Linetype linetype) {
     AcDbObjectId id;
-    const ACHAR* nome = nomeDaLinha(linha);
-    if (desenho == nullptr || nome == nullptr) return id;
-    const AcDbObjectPointer<AcDbLinetypeTable> tabela(desenho->linetypeTableId(), AcDb::kForRead);
-    if (tabela.object() != nullptr) (void)tabela->getAt(nome, id);  // stays null when it is missing
+    const ACHAR* name = linetypeName(linetype);
+    if (drawing == nullptr || name == nullptr) return id;
+    const AcDbObjectPointer<AcDbLinetypeTable> table(drawing->linetypeTableId(), AcDb::kForRead);
+    if (table.object() != nullptr) (void)table->getAt(name, id);  // stays null when it is missing
     return id;
 }
 
-void carregaLinhas(AcDbDatabase& desenho) {
-    if (!idDaLinha(&desenho, TipoDeLinha::Oculta).isNull() &&
-        !idDaLinha(&desenho, TipoDeLinha::Eixo).isNull())
+void loadLinetypes(AcDbDatabase& drawing) {
+    if (!linetypeId(&drawing, Linetype::Hidden).isNull() &&
+        !linetypeId(&drawing, Linetype::Axis).isNull())
         return;
-    const AcDbObjectPointer<AcDbLinetypeTable> tabela(desenho.linetypeTableId(), AcDb::kForWrite);
-    if (tabela.object() == nullptr) return;
-    carrega(*tabela.object(), {L"HIDDEN", L"Hidden __ __ __ __ __ __ __ __", {6.35, -3.175}});
-    carrega(*tabela.object(),
-            {L"CENTER", L"Center ____ _ ____ _ ____ _", {31.75, -6.35, 6.35, -6.35}});
+    const AcDbObjectPointer<AcDbLinetypeTable> table(drawing.linetypeTableId(), AcDb::kForWrite);
+    if (table.object() == nullptr) return;
+    load(*table.object(), {L"HIDDEN", L"Hidden __ __ __ __ __ __ __ __", {6.35, -3.175}});
+    load(*table.object(), {L"CENTER", L"Center ____ _ ____ _ ____ _", {31.75, -6.35, 6.35, -6.35}});
 }
 
 }  // namespace zp

@@ -9,29 +9,29 @@
 
 namespace zp {
 
-enum class TipoDeLinha { Propria, Oculta, Eixo };
+enum class Linetype { Own, Hidden, Axis };
 
 /// Open or closed line of straight parts and arcs, or a circle.
-struct Traco {
-    std::vector<AcGePoint3d> pontos;
+struct Stroke {
+    std::vector<AcGePoint3d> points;
     std::vector<double> bulges;  ///< as many as points for a polyline, empty for a plain line
-    double raio = 0.0;           ///< a circle about pontos[0] when positive
-    TipoDeLinha linha = TipoDeLinha::Propria;
+    double radius = 0.0;         ///< a circle about pontos[0] when positive
+    Linetype linetype = Linetype::Own;
 
-    bool circulo() const { return raio > 0.0; }
-    bool fechado() const { return !bulges.empty(); }
+    bool circle() const { return radius > 0.0; }
+    bool closed() const { return !bulges.empty(); }
 };
 
 /// Visible edges and ends first, then hidden edges, then the axis.
-std::vector<Traco> figuraDe(const Peca& peca);
+std::vector<Stroke> pictureOf(const Peca& peca);
 
 /// Name of a linetype of the host's standard file; null for the piece's own.
-const ACHAR* nomeDaLinha(TipoDeLinha linha);
+const ACHAR* linetypeName(Linetype linetype);
 /// Its id in a drawing; null when it is not loaded.
-AcDbObjectId idDaLinha(AcDbDatabase* desenho, TipoDeLinha linha);
+AcDbObjectId linetypeId(AcDbDatabase* drawing, Linetype linetype);
 /// Loads hidden and centre lines where they are missing.
-void carregaLinhas(AcDbDatabase& desenho);
+void loadLinetypes(AcDbDatabase& drawing);
 
-inline constexpr Adesk::UInt16 kCorDoEixo = 1;
+inline constexpr Adesk::UInt16 kAxisColour = 1;
 
 }  // namespace zp

@@ -13,33 +13,33 @@ namespace zp {
 /// frame. A coordinate on an edge or corner of the old section goes to the same edge of the new
 /// one; one outside the picture keeps its distance from it; any other keeps its distance from the
 /// nearest edge.
-class Mapa {
+class PictureMap {
 public:
-    Mapa(const Peca& antes, const Peca& depois);
+    PictureMap(const Peca& before, const Peca& after);
     /// Where a place of the former piece is in the present one, piece coordinates.
-    AcGeVector3d leva(const AcGeVector3d& ponto) const;
+    AcGeVector3d carry(const AcGeVector3d& point) const;
     /// The same for a point as a link holds it.
-    PontoAprendido leva(const PontoAprendido& ponto) const;
+    LearntPoint carry(const LearntPoint& point) const;
 
 private:
-    struct Eixo {
+    struct Axis {
         double min0 = 0.0;
         double max0 = 0.0;
         double min1 = 0.0;
         double max1 = 0.0;
-        std::vector<std::pair<double, double>> marcas;  ///< old and new, the surest first
+        std::vector<std::pair<double, double>> entries;  ///< old and new, the surest first
         /// The same of one coordinate.
-        double leva(double c) const;
+        double carry(double c) const;
     };
-    void marcaSecao(const secao::Secao& antes, const secao::Secao& depois);
-    void marcaVista(const secao::Vista& antes, const secao::Vista& depois);
+    void pairSecao(const secao::Secao& before, const secao::Secao& after);
+    void pairVista(const secao::Vista& before, const secao::Vista& after);
 
     double m_comprimento0;
     double m_comprimento1;
     bool m_longitudinal1;
-    bool m_soEmAltura;  ///< both are longitudinal: along the axis everything stays
-    Eixo m_x;
-    Eixo m_y;
+    bool m_onlyInAltura;  ///< both are longitudinal: along the axis everything stays
+    Axis m_x;
+    Axis m_y;
 };
 
 }  // namespace zp

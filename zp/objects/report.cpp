@@ -7,56 +7,56 @@
 #include "protocol/report.h"
 #include "zp/objects/peca.h"
 
-namespace zp::relatorio {
+namespace zp::report {
 namespace {
 
 using protocol::PropertyVisitor;
 
-void construtor(const Peca& p, PropertyVisitor& v) {
+void constructor(const Peca& p, PropertyVisitor& v) {
     v.beginGroup(L"construtor");
-    v.integer(L"forma", p.forma);
+    v.integer(L"forma", p.form);
     v.beginList(L"pontos");
-    for (std::size_t i = 0; i < p.forma; ++i) v.point(nullptr, p.pontos[i]);
+    for (std::size_t i = 0; i < p.form; ++i) v.point(nullptr, p.points[i]);
     v.endList();
     v.integer(L"vista", p.vista);
     v.beginList(L"valores");
-    for (std::size_t i = 0; i < p.quantos; ++i) v.number(nullptr, p.dados[i]);
+    for (std::size_t i = 0; i < p.count; ++i) v.number(nullptr, p.given[i]);
     v.endList();
     v.endGroup();
 }
 
-void ligadas(const Peca& p, const ACHAR* nome, bool cotas, PropertyVisitor& v) {
-    v.beginList(nome);
-    for (const Ligacao& l : p.ligadas())
-        if ((l.papel == Ligacao::Papel::Cota) == cotas) v.object(nullptr, l.id);
+void linked(const Peca& p, const ACHAR* name, bool cotas, PropertyVisitor& v) {
+    v.beginList(name);
+    for (const Link& l : p.linked())
+        if ((l.role == Link::Role::Cota) == cotas) v.object(nullptr, l.id);
     v.endList();
 }
 
-void textos(const ZpObject& peca, PropertyVisitor& v) {
-    ACHAR texto[kZpTextoMax];
-    (void)peca.getPerfil(texto);  // the buffer is there
-    v.text(L"perfil", texto);
-    (void)peca.getDimensoes(texto);
-    v.text(L"dimensoes", texto);
+void texts(const ZpObject& peca, PropertyVisitor& v) {
+    ACHAR text[kZpTextMax];
+    (void)peca.getPerfil(text);  // the buffer is there
+    v.text(L"perfil", text);
+    (void)peca.getDimensoes(text);
+    v.text(L"dimensoes", text);
 }
 
-class Pecas : public protocol::EntityReport {
+class PecasReport : public protocol::EntityReport {
 public:
     void describe(const AcDbEntity& entity, PropertyVisitor& v) const override {
         const auto* peca = ZpObject::cast(&entity);
         if (peca == nullptr) return;
-        const Peca& p = Acesso::de(*peca);
+        const Peca& p = Access::of(*peca);
         v.integer(L"tipo_barra", p.tipoBarra);
-        if (p.classe == secao::Classe::ISoldado) v.integer(L"subtipo", p.subtipo);
-        construtor(p, v);
-        v.point(L"inicio", p.inicio);
-        v.point(L"fim", p.fim());
-        v.number(L"angulo", p.angulo);
+        if (p.kind == secao::Kind::ISoldado) v.integer(L"subtipo", p.series);
+        constructor(p, v);
+        v.point(L"inicio", p.start);
+        v.point(L"fim", p.end());
+        v.number(L"angulo", p.angle);
         v.number(L"comprimento", peca->getComprimentoReal());
         AcGePoint3d f[4];
         peca->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
         v.beginList(L"faces");
-        for (const AcGePoint3d& ponto : f) v.point(nullptr, ponto);
+        for (const AcGePoint3d& point : f) v.point(nullptr, point);
         v.endList();
         v.number(L"altura", peca->getAltura());
         v.number(L"largura", peca->getLargura());
@@ -65,21 +65,21 @@ public:
         v.number(L"perimetro", peca->getPerimetro());
         v.number(L"area_pintura", peca->getAreaPintura());
         v.number(L"peso", peca->getPeso());
-        textos(*peca, v);
-        ligadas(p, L"cotas", true, v);
-        ligadas(p, L"ligados", false, v);
+        texts(*peca, v);
+        linked(p, L"cotas", true, v);
+        linked(p, L"ligados", false, v);
     }
 };
 
-Pecas g_pecas;  // kept by pointer in the class
+PecasReport g_pecas;  // kept by pointer in the class
 
 }  // namespace
 
-void instala() { protocol::attach(ZpObject::desc(), protocol::kEntityReportClass, g_pecas); }
+void install() { protocol::attach(ZpObject::desc(), protocol::kEntityReportClass, g_pecas); }
 
-void retira() {
+void uninstall() {
     protocol::detach(ZpObject::desc(), protocol::kEntityReportClass);
     protocol::retire(protocol::kEntityReportClass);
 }
 
-}  // namespace zp::relatorio
+}  // namespace zp::report

@@ -2,10 +2,10 @@
 // Report of pieces to any host that asks.
 #pragma once
 
-namespace zp::relatorio {
+namespace zp::report {
 
 /// Attaches the report to the class of all pieces, and takes it away again.
-void instala();
-void retira();
+void install();
+void uninstall();
 
-}  // namespace zp::relatorio
+}  // namespace zp::report

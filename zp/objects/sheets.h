@@ -2,10 +2,10 @@
 // Property sheets of pieces for any host that shows them.
 #pragma once
 
-namespace zp::fichas {
+namespace zp::sheets {
 
 /// Attaches the sheets to the class of all pieces, and takes them away again.
-void instala();
-void retira();
+void install();
+void uninstall();
 
-}  // namespace zp::fichas
+}  // namespace zp::sheets

@@ -22,102 +22,102 @@
 #include "dbsymtb.h"
 #include "zp/objects/links.h"
 
-namespace zp::vigia {
+namespace zp::watch {
 namespace {
 
 /// Ids in the order in which they came, each once.
-class Fila {
+class IdQueue {
 public:
-    void poe(AcDbObjectId id) {
-        if (m_ja.insert(id.asOldId()).second) m_ordem.push_back(id);
+    void put(AcDbObjectId id) {
+        if (m_seen.insert(id.asOldId()).second) m_order.push_back(id);
     }
-    bool tem(AcDbObjectId id) const { return m_ja.contains(id.asOldId()); }
-    bool vazia() const { return m_ordem.empty(); }
-    const std::vector<AcDbObjectId>& ordem() const { return m_ordem; }
+    bool has(AcDbObjectId id) const { return m_seen.contains(id.asOldId()); }
+    bool empty() const { return m_order.empty(); }
+    const std::vector<AcDbObjectId>& order() const { return m_order; }
 
 private:
-    std::vector<AcDbObjectId> m_ordem;
-    std::unordered_set<Adesk::LongPtr> m_ja;
+    std::vector<AcDbObjectId> m_order;
+    std::unordered_set<Adesk::LongPtr> m_seen;
 };
 
-bool interessa(const AcDbObject* o) {
+bool matters(const AcDbObject* o) {
     return o->isKindOf(ZpObject::desc()) || o->isKindOf(AcDbDimension::desc());
 }
 
 /// Bars, and plates, kept to find the one that a mark points to: more than the plates of one
 /// member.
-constexpr std::size_t kUltimas = 1000;
+constexpr std::size_t kLatest = 1000;
 /// How near to a corner the tip of a mark is on it, mm.
-constexpr double kNaPonta = 1e-6;
+constexpr double kAtTip = 1e-6;
 
-bool explode(const ACHAR* comando) {
-    constexpr const wchar_t kNome[] = L"EXPLODE";
-    const wchar_t* n = kNome;
-    for (; comando != nullptr && *comando != L'\0' && *n != L'\0'; ++comando, ++n)
-        if (static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(*comando))) != *n)
+bool explode(const ACHAR* command) {
+    constexpr const wchar_t kName[] = L"EXPLODE";
+    const wchar_t* n = kName;
+    for (; command != nullptr && *command != L'\0' && *n != L'\0'; ++command, ++n)
+        if (static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(*command))) != *n)
             return false;
-    return comando != nullptr && *comando == L'\0' && *n == L'\0';
+    return command != nullptr && *command == L'\0' && *n == L'\0';
 }
 
-class Desenho : public AcDbDatabaseReactor {
+class Drawing : public AcDbDatabaseReactor {
 public:
-    explicit Desenho(AcDbDatabase* desenho) : m_desenho(desenho) { desenho->addReactor(this); }
-    ~Desenho() override {
-        if (m_desenho != nullptr) m_desenho->removeReactor(this);
+    explicit Drawing(AcDbDatabase* drawing) : m_drawing(drawing) { drawing->addReactor(this); }
+    ~Drawing() override {
+        if (m_drawing != nullptr) m_drawing->removeReactor(this);
     }
-    AcDbDatabase* desenho() const { return m_desenho; }
+    AcDbDatabase* drawing() const { return m_drawing; }
 
     void objectAppended(const AcDbDatabase*, const AcDbObject* o) override {
-        if (m_aplicando || o->isUndoing() || !interessa(o)) return;
+        if (m_applying || o->isUndoing() || !matters(o)) return;
         if (const auto* peca = ZpObject::cast(o)) {
-            Ultimas& doTipo = m_ultimas[Acesso::de(*peca).chapa() ? 1 : 0];
-            doTipo.push_front(o->objectId());
-            if (doTipo.size() > kUltimas) doTipo.pop_back();
+            Latest& ofType = m_latest[Access::of(*peca).chapa() ? 1 : 0];
+            ofType.push_front(o->objectId());
+            if (ofType.size() > kLatest) ofType.pop_back();
         }
-        m_novas.poe(o->objectId());
-        m_porFechar.insert(o->objectId().asOldId());
+        m_newOnes.put(o->objectId());
+        m_toClose.insert(o->objectId().asOldId());
     }
     void objectModified(const AcDbDatabase*, const AcDbObject* o) override;
     void objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) override;
-    void goodbye(const AcDbDatabase*) override { m_desenho = nullptr; }
+    void goodbye(const AcDbDatabase*) override { m_drawing = nullptr; }
 
-    void aplica(bool desmancha);
-    void comecaLeitura() { m_lendo = true; }
+    void apply(bool explodes);
+    void startReading() { m_reading = true; }
     /// The newest among the last bars, or plates, with this corner of the picture there.
-    AcDbObjectId ultimaCom(bool chapa, int canto, const AcGePoint3d& ponta) const;
+    AcDbObjectId lastWith(bool chapa, int corner, const AcGePoint3d& tip) const;
     /// Other programs erase and copy without minding links.
-    void confereTudo();
+    void checkAll();
 
 private:
-    void confere(AcDbObjectId id, const Fila& novas);
-    void conferePeca(ZpObject& peca, const Fila& novas);
-    void leva(AcDbObjectId id, bool desmancha);
-    void desprende(AcDbObjectId dona, AcDbObjectId id);
-    void traz(AcDbObjectId id, Fila& donas);
-    void prende(AcDbObjectId id, Fila& donas);
-    void colocaPresas(AcDbObjectId peca);
-    void segue();
-    void aprendeDeNovo(AcDbObjectId id, const Fila& mudadas);
+    void check(AcDbObjectId id, const IdQueue& newOnes);
+    void checkPeca(ZpObject& peca, const IdQueue& newOnes);
+    void carry(AcDbObjectId id, bool explodes);
+    void detach(AcDbObjectId owner, AcDbObjectId id);
+    void bringBack(AcDbObjectId id, IdQueue& owners);
+    void reattach(AcDbObjectId id, IdQueue& owners);
+    void putOrHold(AcDbObjectId peca);
+    void follow();
+    void learnAgain(AcDbObjectId id, const IdQueue& changed);
 
-    AcDbDatabase* m_desenho;
-    bool m_aplicando = false;
-    bool m_lendo = false;
-    using Ultimas = std::deque<AcDbObjectId>;  // newest first
-    std::array<Ultimas, 2> m_ultimas;          // bars, plates
-    Fila m_novas;
-    Fila m_mudadas;
-    Fila m_apagadas;
-    Fila m_devolvidas;
-    Fila m_presas;
+    AcDbDatabase* m_drawing;
+    bool m_applying = false;
+    bool m_reading = false;
+    using Latest = std::deque<AcDbObjectId>;  // newest first
+    std::array<Latest, 2> m_latest;           // bars, plates
+    IdQueue m_newOnes;
+    IdQueue m_changed;
+    IdQueue m_erasedOnes;
+    IdQueue m_returnedOnes;
+    IdQueue m_heldOnes;
     /// What a piece knew of something tied to it that was erased alone, and where among its links.
-    struct Desfeita {
-        AcDbObjectId dona;
-        std::ptrdiff_t lugar;
-        Ligacao ligacao;
+    struct Undone {
+        AcDbObjectId owner;
+        std::ptrdiff_t place;
+        Link link;
     };
-    std::unordered_map<Adesk::LongPtr, std::vector<Desfeita>> m_desfeitas;  // by what was erased
+    std::unordered_map<Adesk::LongPtr, std::vector<Undone>> m_undone;  // by what was erased
     /// New objects whose first access has not ended: what they are tied to may not be there yet.
-    std::unordered_set<Adesk::LongPtr> m_porFechar;
+    std::unordered_set<Adesk::LongPtr> m_toClose;
 };
 
 class CommandWatch : public AcEditorReactor {
@@ -128,325 +128,325 @@ public:
     ~CommandWatch() override {
         if (AcEditor* editor = acedEditor; editor != nullptr) editor->removeReactor(this);
     }
-    void commandWillStart(const ACHAR*) override { ++m_comandos; }
-    void commandEnded(const ACHAR* nome) override { fim(nome); }
-    void commandCancelled(const ACHAR* nome) override { fim(nome); }
-    void commandFailed(const ACHAR* nome) override { fim(nome); }
-    bool emComando() const { return m_comandos > 0; }
+    void commandWillStart(const ACHAR*) override { ++m_commands; }
+    void commandEnded(const ACHAR* name) override { end(name); }
+    void commandCancelled(const ACHAR* name) override { end(name); }
+    void commandFailed(const ACHAR* name) override { end(name); }
+    bool inCommand() const { return m_commands > 0; }
 
 private:
-    void fim(const ACHAR* nome);
-    int m_comandos = 0;
+    void end(const ACHAR* name);
+    int m_commands = 0;
 };
 
 // The host calls reactors by pointer, without a context of the module's own.
-struct Estado {
+struct State {
     std::unique_ptr<CommandWatch> commands;
-    std::vector<std::unique_ptr<Desenho>> desenhos;
+    std::vector<std::unique_ptr<Drawing>> drawings;
 };
-Estado g_estado;
+State g_state;
 
-void CommandWatch::fim(const ACHAR* nome) {
-    for (const auto& d : g_estado.desenhos)
-        if (d->desenho() != nullptr) d->aplica(explode(nome));
-    m_comandos = std::max(0, m_comandos - 1);
+void CommandWatch::end(const ACHAR* name) {
+    for (const auto& d : g_state.drawings)
+        if (d->drawing() != nullptr) d->apply(explode(name));
+    m_commands = std::max(0, m_commands - 1);
 }
 
-bool emComando() { return g_estado.commands && g_estado.commands->emComando(); }
+bool inCommand() { return g_state.commands && g_state.commands->inCommand(); }
 
-void Desenho::objectModified(const AcDbDatabase*, const AcDbObject* o) {
-    if (m_aplicando || o->isUndoing() || !interessa(o)) return;
-    m_mudadas.poe(o->objectId());
-    if (m_porFechar.erase(o->objectId().asOldId()) > 0) return;
-    if (!emComando() && !m_lendo) aplica(false);
+void Drawing::objectModified(const AcDbDatabase*, const AcDbObject* o) {
+    if (m_applying || o->isUndoing() || !matters(o)) return;
+    m_changed.put(o->objectId());
+    if (m_toClose.erase(o->objectId().asOldId()) > 0) return;
+    if (!inCommand() && !m_reading) apply(false);
 }
 
-void Desenho::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) {
-    if (m_aplicando || o->isUndoing() || !interessa(o)) return;
-    (erased ? m_apagadas : m_devolvidas).poe(o->objectId());
-    if (!emComando() && !m_lendo) aplica(false);
+void Drawing::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) {
+    if (m_applying || o->isUndoing() || !matters(o)) return;
+    (erased ? m_erasedOnes : m_returnedOnes).put(o->objectId());
+    if (!inCommand() && !m_reading) apply(false);
 }
 
-void Desenho::aplica(bool desmancha) {
-    if (m_aplicando) return;
-    m_aplicando = true;
-    m_lendo = false;
-    const Fila novas = std::exchange(m_novas, {});
-    m_porFechar.clear();
-    for (const AcDbObjectId& id : novas.ordem()) confere(id, novas);
-    const Fila apagadas = std::exchange(m_apagadas, {});
-    for (const AcDbObjectId& id : apagadas.ordem()) leva(id, desmancha);
+void Drawing::apply(bool explodes) {
+    if (m_applying) return;
+    m_applying = true;
+    m_reading = false;
+    const IdQueue newOnes = std::exchange(m_newOnes, {});
+    m_toClose.clear();
+    for (const AcDbObjectId& id : newOnes.order()) check(id, newOnes);
+    const IdQueue erasedOnes = std::exchange(m_erasedOnes, {});
+    for (const AcDbObjectId& id : erasedOnes.order()) carry(id, explodes);
     // In the reverse order, so that each link finds the place that it had among the others.
-    const Fila devolvidas = std::exchange(m_devolvidas, {});
-    Fila donas;
-    for (const AcDbObjectId& id : devolvidas.ordem() | std::views::reverse) traz(id, donas);
-    for (const AcDbObjectId& dona : donas.ordem()) colocaPresas(dona);
-    segue();
-    m_mudadas = std::exchange(m_presas, {});
-    m_aplicando = false;
+    const IdQueue returnedOnes = std::exchange(m_returnedOnes, {});
+    IdQueue owners;
+    for (const AcDbObjectId& id : returnedOnes.order() | std::views::reverse) bringBack(id, owners);
+    for (const AcDbObjectId& owner : owners.order()) putOrHold(owner);
+    follow();
+    m_changed = std::exchange(m_heldOnes, {});
+    m_applying = false;
 }
 
-AcDbObjectId Desenho::ultimaCom(bool chapa, int canto, const AcGePoint3d& ponta) const {
-    for (const AcDbObjectId& id : m_ultimas[chapa ? 1 : 0]) {
+AcDbObjectId Drawing::lastWith(bool chapa, int corner, const AcGePoint3d& tip) const {
+    for (const AcDbObjectId& id : m_latest[chapa ? 1 : 0]) {
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
         if (peca.object() == nullptr) continue;
         AcGePoint3d f[4];
         peca->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
-        if (f[canto].distanceTo(ponta) <= kNaPonta) return id;
+        if (f[corner].distanceTo(tip) <= kAtTip) return id;
     }
     return {};
 }
 
 /// Whether all links of the entity are known on their other side, as far as that can be read.
-bool respondida(const AcDbEntity& entidade) {
-    const auto nomeia = [](const auto& ids, AcDbObjectId id) {
+bool answered(const AcDbEntity& entity) {
+    const auto listed = [](const auto& ids, AcDbObjectId id) {
         return std::ranges::find(ids, id) != ids.end();
     };
-    if (const auto* peca = ZpObject::cast(&entidade)) {
-        for (const Ligacao& l : Acesso::de(*peca).ligadas()) {
-            if (l.papel == Ligacao::Papel::Dona) continue;
-            const AcDbObjectPointer<AcDbEntity> outra(l.id, AcDb::kForRead);
-            if (outra.openStatus() == Acad::eWasOpenForWrite) continue;
-            if (outra.object() == nullptr || !nomeia(donasDe(*outra.object()), entidade.objectId()))
+    if (const auto* peca = ZpObject::cast(&entity)) {
+        for (const Link& l : Access::of(*peca).linked()) {
+            if (l.role == Link::Role::Owner) continue;
+            const AcDbObjectPointer<AcDbEntity> other(l.id, AcDb::kForRead);
+            if (other.openStatus() == Acad::eWasOpenForWrite) continue;
+            if (other.object() == nullptr || !listed(ownersOf(*other.object()), entity.objectId()))
                 return false;
         }
     }
-    for (const AcDbObjectId& dona : donasDe(entidade)) {
-        const AcDbObjectPointer<ZpObject> peca(dona, AcDb::kForRead);
+    for (const AcDbObjectId& owner : ownersOf(entity)) {
+        const AcDbObjectPointer<ZpObject> peca(owner, AcDb::kForRead);
         if (peca.openStatus() == Acad::eWasOpenForWrite) continue;
         if (peca.object() == nullptr ||
-            Acesso::de(*peca.object()).ligacao(entidade.objectId()) == nullptr)
+            Access::of(*peca.object()).link(entity.objectId()) == nullptr)
             return false;
     }
     return true;
 }
 
-void Desenho::confereTudo() {
-    const AcDbObjectPointer<AcDbBlockTableRecord> espaco(m_desenho->currentSpaceId(),
-                                                         AcDb::kForRead);
-    AcDbBlockTableRecordIterator* iterador = nullptr;
-    if (espaco.object() == nullptr || espaco->newIterator(iterador) != Acad::eOk) return;
-    const std::unique_ptr<AcDbBlockTableRecordIterator> dono(iterador);
-    m_aplicando = true;
-    for (; !iterador->done(); iterador->step()) {
+void Drawing::checkAll() {
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(m_drawing->currentSpaceId(),
+                                                        AcDb::kForRead);
+    AcDbBlockTableRecordIterator* iterator = nullptr;
+    if (space.object() == nullptr || space->newIterator(iterator) != Acad::eOk) return;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> holder(iterator);
+    m_applying = true;
+    for (; !iterator->done(); iterator->step()) {
         AcDbObjectId id;
-        if (iterador->getEntityId(id) != Acad::eOk) continue;
-        bool solta = false;
+        if (iterator->getEntityId(id) != Acad::eOk) continue;
+        bool loose = false;
         {
-            const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
-            solta = entidade.object() != nullptr && interessa(entidade.object()) &&
-                    !respondida(*entidade.object());
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            loose = entity.object() != nullptr && matters(entity.object()) &&
+                    !answered(*entity.object());
         }
-        if (solta) confere(id, {});
+        if (loose) check(id, {});
     }
-    m_aplicando = false;
+    m_applying = false;
 }
 
 /// A new piece keeps a link when the other side names it, or when the other side is as new as
 /// itself and was copied with it; a new dimension keeps the pieces that name it.
-void Desenho::confere(AcDbObjectId id, const Fila& novas) {
-    AcDbEntity* entidade = nullptr;
-    if (acdbOpenAcDbEntity(entidade, id, AcDb::kForWrite) != Acad::eOk) return;
-    if (auto* peca = ZpObject::cast(entidade)) conferePeca(*peca, novas);
-    for (const AcDbObjectId& dona : donasDe(*entidade)) {
-        const AcDbObjectPointer<ZpObject> peca(dona, AcDb::kForRead);
+void Drawing::check(AcDbObjectId id, const IdQueue& newOnes) {
+    AcDbEntity* entity = nullptr;
+    if (acdbOpenAcDbEntity(entity, id, AcDb::kForWrite) != Acad::eOk) return;
+    if (auto* peca = ZpObject::cast(entity)) checkPeca(*peca, newOnes);
+    for (const AcDbObjectId& owner : ownersOf(*entity)) {
+        const AcDbObjectPointer<ZpObject> peca(owner, AcDb::kForRead);
         if (peca.openStatus() == Acad::eWasOpenForWrite) continue;
-        const bool lembra = peca.object() != nullptr &&
-                            std::ranges::any_of(Acesso::de(*peca.object()).ligadas(),
-                                                [&](const Ligacao& l) { return l.id == id; });
-        if (!lembra) esqueceDona(*entidade, dona);
+        const bool remembers = peca.object() != nullptr &&
+                               std::ranges::any_of(Access::of(*peca.object()).linked(),
+                                                   [&](const Link& l) { return l.id == id; });
+        if (!remembers) removeOwner(*entity, owner);
     }
-    (void)entidade->close();
+    (void)entity->close();
 }
 
-void Desenho::conferePeca(ZpObject& peca, const Fila& novas) {
-    std::vector<AcDbObjectId> mortas;
-    for (const Ligacao& l : Acesso::de(peca).ligadas()) {
-        if (l.papel == Ligacao::Papel::Dona) continue;
-        const bool nova = novas.tem(l.id);
-        const AcDbObjectPointer<AcDbEntity> outra(l.id, nova ? AcDb::kForWrite : AcDb::kForRead);
-        if (outra.openStatus() == Acad::eWasOpenForWrite) continue;
-        if (outra.object() == nullptr) {
-            mortas.push_back(l.id);
+void Drawing::checkPeca(ZpObject& peca, const IdQueue& newOnes) {
+    std::vector<AcDbObjectId> dead;
+    for (const Link& l : Access::of(peca).linked()) {
+        if (l.role == Link::Role::Owner) continue;
+        const bool fresh = newOnes.has(l.id);
+        const AcDbObjectPointer<AcDbEntity> other(l.id, fresh ? AcDb::kForWrite : AcDb::kForRead);
+        if (other.openStatus() == Acad::eWasOpenForWrite) continue;
+        if (other.object() == nullptr) {
+            dead.push_back(l.id);
             continue;
         }
-        const auto donas = donasDe(*outra.object());
-        if (std::find(donas.begin(), donas.end(), peca.objectId()) != donas.end()) continue;
-        if (nova)
-            lembraDona(*outra.object(), peca.objectId());
+        const auto owners = ownersOf(*other.object());
+        if (std::find(owners.begin(), owners.end(), peca.objectId()) != owners.end()) continue;
+        if (fresh)
+            addOwner(*other.object(), peca.objectId());
         else
-            mortas.push_back(l.id);
+            dead.push_back(l.id);
     }
-    if (mortas.empty()) return;
+    if (dead.empty()) return;
     peca.assertWriteEnabled();
-    for (const AcDbObjectId& id : mortas) Acesso::de(peca).desliga(id);
+    for (const AcDbObjectId& id : dead) Access::of(peca).untie(id);
 }
 
 /// What an erased entity takes along, or what forgets it.
-void Desenho::leva(AcDbObjectId id, bool desmancha) {
-    struct Outra {
+void Drawing::carry(AcDbObjectId id, bool explodes) {
+    struct Other {
         AcDbObjectId id;
-        bool apaga;
+        bool erases;
     };
-    std::vector<Outra> outras;
-    std::vector<AcDbObjectId> donas;
+    std::vector<Other> others;
+    std::vector<AcDbObjectId> owners;
     {
-        AcDbEntity* apagada = nullptr;
-        if (acdbOpenAcDbEntity(apagada, id, AcDb::kForRead, true) != Acad::eOk) return;
-        donas = donasDe(*apagada);
-        const bool foi = apagada->isErased();
-        if (const auto* peca = ZpObject::cast(apagada))
-            for (const Ligacao& l : Acesso::de(*peca).ligadas())
-                if (l.papel != Ligacao::Papel::Dona)
-                    outras.push_back({l.id, l.papel == Ligacao::Papel::Cota});
-        (void)apagada->close();
-        if (!foi) return;
+        AcDbEntity* erased = nullptr;
+        if (acdbOpenAcDbEntity(erased, id, AcDb::kForRead, true) != Acad::eOk) return;
+        owners = ownersOf(*erased);
+        const bool was = erased->isErased();
+        if (const auto* peca = ZpObject::cast(erased))
+            for (const Link& l : Access::of(*peca).linked())
+                if (l.role != Link::Role::Owner)
+                    others.push_back({l.id, l.role == Link::Role::Cota});
+        (void)erased->close();
+        if (!was) return;
     }
-    m_desfeitas.erase(id.asOldId());
-    for (const AcDbObjectId& dona : donas) desprende(dona, id);
-    for (Outra& outra : outras) {
-        AcDbEntity* entidade = nullptr;
-        if (acdbOpenAcDbEntity(entidade, outra.id, AcDb::kForWrite) != Acad::eOk) continue;
-        if (const auto* peca = ZpObject::cast(entidade)) outra.apaga = Acesso::de(*peca).chapa();
-        const bool some = outra.apaga && !desmancha;
-        if (some)
-            (void)entidade->erase();  // open for write and alive
+    m_undone.erase(id.asOldId());
+    for (const AcDbObjectId& owner : owners) detach(owner, id);
+    for (Other& other : others) {
+        AcDbEntity* entity = nullptr;
+        if (acdbOpenAcDbEntity(entity, other.id, AcDb::kForWrite) != Acad::eOk) continue;
+        if (const auto* peca = ZpObject::cast(entity)) other.erases = Access::of(*peca).chapa();
+        const bool vanishes = other.erases && !explodes;
+        if (vanishes)
+            (void)entity->erase();  // open for write and alive
         else
-            esqueceDona(*entidade, id);
-        (void)entidade->close();
-        if (some) leva(outra.id, desmancha);
+            removeOwner(*entity, id);
+        (void)entity->close();
+        if (vanishes) carry(other.id, explodes);
     }
 }
 
-void Desenho::desprende(AcDbObjectId dona, AcDbObjectId id) {
+void Drawing::detach(AcDbObjectId owner, AcDbObjectId id) {
     AcDbEntity* peca = nullptr;
-    if (acdbOpenAcDbEntity(peca, dona, AcDb::kForWrite) != Acad::eOk) return;
-    if (auto* objeto = ZpObject::cast(peca);
-        objeto != nullptr && Acesso::de(*objeto).ligacao(id) != nullptr) {
-        objeto->assertWriteEnabled();
-        Peca& p = Acesso::de(*objeto);
-        const Ligacao* ligacao = p.ligacao(id);
-        m_desfeitas[id.asOldId()].push_back({dona, ligacao - p.ligadas().data(), *ligacao});
-        p.desliga(id);
+    if (acdbOpenAcDbEntity(peca, owner, AcDb::kForWrite) != Acad::eOk) return;
+    if (auto* object = ZpObject::cast(peca);
+        object != nullptr && Access::of(*object).link(id) != nullptr) {
+        object->assertWriteEnabled();
+        Peca& p = Access::of(*object);
+        const Link* link = p.link(id);
+        m_undone[id.asOldId()].push_back({owner, link - p.linked().data(), *link});
+        p.untie(id);
     }
     (void)peca->close();
 }
 
 /// The other way round of leva: what had gone along comes back, and both sides know of each other.
-void Desenho::traz(AcDbObjectId id, Fila& donas) {
-    std::vector<AcDbObjectId> outras;
+void Drawing::bringBack(AcDbObjectId id, IdQueue& owners) {
+    std::vector<AcDbObjectId> others;
     {
-        const AcDbObjectPointer<AcDbEntity> devolvida(id, AcDb::kForRead);
-        if (devolvida.object() == nullptr) return;
-        if (const auto* peca = ZpObject::cast(devolvida.object()))
-            for (const Ligacao& l : Acesso::de(*peca).ligadas())
-                if (l.papel != Ligacao::Papel::Dona) outras.push_back(l.id);
+        const AcDbObjectPointer<AcDbEntity> returned(id, AcDb::kForRead);
+        if (returned.object() == nullptr) return;
+        if (const auto* peca = ZpObject::cast(returned.object()))
+            for (const Link& l : Access::of(*peca).linked())
+                if (l.role != Link::Role::Owner) others.push_back(l.id);
     }
-    for (const AcDbObjectId& outra : outras | std::views::reverse) {
-        AcDbEntity* entidade = nullptr;
-        if (acdbOpenAcDbEntity(entidade, outra, AcDb::kForWrite, true) != Acad::eOk) continue;
-        const auto* peca = ZpObject::cast(entidade);
-        const bool foi = entidade->isErased() && (peca == nullptr || Acesso::de(*peca).chapa());
-        if (foi) (void)entidade->erase(Adesk::kFalse);  // open for write and erased
-        if (!entidade->isErased()) lembraDona(*entidade, id);
-        (void)entidade->close();
-        if (foi) traz(outra, donas);
+    for (const AcDbObjectId& other : others | std::views::reverse) {
+        AcDbEntity* entity = nullptr;
+        if (acdbOpenAcDbEntity(entity, other, AcDb::kForWrite, true) != Acad::eOk) continue;
+        const auto* peca = ZpObject::cast(entity);
+        const bool was = entity->isErased() && (peca == nullptr || Access::of(*peca).chapa());
+        if (was) (void)entity->erase(Adesk::kFalse);  // open for write and erased
+        if (!entity->isErased()) addOwner(*entity, id);
+        (void)entity->close();
+        if (was) bringBack(other, owners);
     }
-    prende(id, donas);
+    reattach(id, owners);
 }
 
 /// The pieces that forgot what was erased alone know it again as they did.
-void Desenho::prende(AcDbObjectId id, Fila& donas) {
-    const auto achada = m_desfeitas.find(id.asOldId());
-    if (achada == m_desfeitas.end()) return;
-    for (const Desfeita& desfeita : achada->second | std::views::reverse) {
-        const AcDbObjectPointer<ZpObject> dona(desfeita.dona, AcDb::kForWrite);
-        if (dona.object() == nullptr || Acesso::de(*dona.object()).ligacao(id) != nullptr) continue;
-        dona->assertWriteEnabled();
-        Acesso::de(*dona.object()).insere(desfeita.lugar, desfeita.ligacao);
-        donas.poe(desfeita.dona);
+void Drawing::reattach(AcDbObjectId id, IdQueue& owners) {
+    const auto found = m_undone.find(id.asOldId());
+    if (found == m_undone.end()) return;
+    for (const Undone& undone : found->second | std::views::reverse) {
+        const AcDbObjectPointer<ZpObject> owner(undone.owner, AcDb::kForWrite);
+        if (owner.object() == nullptr || Access::of(*owner.object()).link(id) != nullptr) continue;
+        owner->assertWriteEnabled();
+        Access::of(*owner.object()).insert(undone.place, undone.link);
+        owners.put(undone.owner);
     }
-    m_desfeitas.erase(achada);
+    m_undone.erase(found);
 }
 
-void Desenho::colocaPresas(AcDbObjectId id) {
+void Drawing::putOrHold(AcDbObjectId id) {
     const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
     if (peca.object() != nullptr)
-        coloca(*peca, [this](AcDbObjectId presa) { m_presas.poe(presa); });
+        putLinked(*peca, [this](AcDbObjectId held) { m_heldOnes.put(held); });
 }
 
-void Desenho::segue() {
-    const Fila mudadas = std::exchange(m_mudadas, {});
-    for (const AcDbObjectId& id : mudadas.ordem()) {
-        const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
-        if (entidade.openStatus() == Acad::eWasOpenForWrite) m_presas.poe(id);
-        if (const auto* peca = ZpObject::cast(entidade.object()))
-            coloca(*peca, [this](AcDbObjectId presa) { m_presas.poe(presa); });
+void Drawing::follow() {
+    const IdQueue changed = std::exchange(m_changed, {});
+    for (const AcDbObjectId& id : changed.order()) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.openStatus() == Acad::eWasOpenForWrite) m_heldOnes.put(id);
+        if (const auto* peca = ZpObject::cast(entity.object()))
+            putLinked(*peca, [this](AcDbObjectId held) { m_heldOnes.put(held); });
     }
-    for (const AcDbObjectId& id : mudadas.ordem()) aprendeDeNovo(id, mudadas);
+    for (const AcDbObjectId& id : changed.order()) learnAgain(id, changed);
 }
 
-void Desenho::aprendeDeNovo(AcDbObjectId id, const Fila& mudadas) {
-    const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
-    if (entidade.object() == nullptr) return;
-    for (const AcDbObjectId& dona : donasDe(*entidade.object())) {
-        if (mudadas.tem(dona)) continue;
-        const AcDbObjectPointer<ZpObject> peca(dona, AcDb::kForWrite);
+void Drawing::learnAgain(AcDbObjectId id, const IdQueue& changed) {
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+    if (entity.object() == nullptr) return;
+    for (const AcDbObjectId& owner : ownersOf(*entity.object())) {
+        if (changed.has(owner)) continue;
+        const AcDbObjectPointer<ZpObject> peca(owner, AcDb::kForWrite);
         if (peca.object() != nullptr)
-            aprende(*peca.object(), *entidade.object());
+            learn(*peca.object(), *entity.object());
         else if (peca.openStatus() == Acad::eWasOpenForWrite ||
                  peca.openStatus() == Acad::eWasOpenForRead)
-            m_presas.poe(id);
+            m_heldOnes.put(id);
     }
 }
 
 }  // namespace
 
-void comeca() {
-    if (!g_estado.commands) g_estado.commands = std::make_unique<CommandWatch>();
+void start() {
+    if (!g_state.commands) g_state.commands = std::make_unique<CommandWatch>();
 }
 
-void encerra() {
-    g_estado.desenhos.clear();
-    g_estado.commands.reset();
+void stop() {
+    g_state.drawings.clear();
+    g_state.commands.reset();
 }
 
-void observa(AcDbDatabase* desenho) {
-    if (desenho == nullptr) return;
-    std::erase_if(g_estado.desenhos, [](const auto& d) { return d->desenho() == nullptr; });
-    for (const auto& d : g_estado.desenhos)
-        if (d->desenho() == desenho) return;
-    g_estado.desenhos.push_back(std::make_unique<Desenho>(desenho));
+void observe(AcDbDatabase* drawing) {
+    if (drawing == nullptr) return;
+    std::erase_if(g_state.drawings, [](const auto& d) { return d->drawing() == nullptr; });
+    for (const auto& d : g_state.drawings)
+        if (d->drawing() == drawing) return;
+    g_state.drawings.push_back(std::make_unique<Drawing>(drawing));
 }
 
-void observaLeitura(AcDbDatabase* desenho) {
-    const auto seu = [&](const auto& d) { return d->desenho() == desenho; };
-    if (desenho == nullptr || std::ranges::any_of(g_estado.desenhos, seu)) return;
-    observa(desenho);
-    g_estado.desenhos.back()->comecaLeitura();
+void observeReading(AcDbDatabase* drawing) {
+    const auto watchesIt = [&](const auto& d) { return d->drawing() == drawing; };
+    if (drawing == nullptr || std::ranges::any_of(g_state.drawings, watchesIt)) return;
+    observe(drawing);
+    g_state.drawings.back()->startReading();
 }
 
-void confere(AcDbDatabase* desenho) {
-    for (const auto& d : g_estado.desenhos) {
-        if (desenho == nullptr || d->desenho() != desenho) continue;
-        d->confereTudo();
-        d->aplica(false);
+void check(AcDbDatabase* drawing) {
+    for (const auto& d : g_state.drawings) {
+        if (drawing == nullptr || d->drawing() != drawing) continue;
+        d->checkAll();
+        d->apply(false);
     }
 }
 
-AcDbObjectId pecaMarcada(AcDbDatabase* desenho, const AcGePoint3d& ponta) {
-    for (const auto& d : g_estado.desenhos) {
-        if (desenho == nullptr || d->desenho() != desenho) continue;
-        for (const auto& [chapa, canto] : {std::pair{false, 0}, {true, 2}, {false, 2}, {true, 0}})
-            if (const AcDbObjectId id = d->ultimaCom(chapa, canto, ponta); !id.isNull()) return id;
+AcDbObjectId pecaOfMarca(AcDbDatabase* drawing, const AcGePoint3d& tip) {
+    for (const auto& d : g_state.drawings) {
+        if (drawing == nullptr || d->drawing() != drawing) continue;
+        for (const auto& [chapa, corner] : {std::pair{false, 0}, {true, 2}, {false, 2}, {true, 0}})
+            if (const AcDbObjectId id = d->lastWith(chapa, corner, tip); !id.isNull()) return id;
     }
     return {};
 }
 
-void abandona(AcDbDatabase* desenho) {
-    std::erase_if(g_estado.desenhos, [&](const auto& d) {
-        return d->desenho() == desenho || d->desenho() == nullptr;
+void leave(AcDbDatabase* drawing) {
+    std::erase_if(g_state.drawings, [&](const auto& d) {
+        return d->drawing() == drawing || d->drawing() == nullptr;
     });
 }
 
-}  // namespace zp::vigia
+}  // namespace zp::watch

@@ -4,28 +4,28 @@
 
 #include "dbapserv.h"
 
-namespace zp::vigia {
+namespace zp::watch {
 
 /// Starts and stops listening to the editor's commands.
-void comeca();
-void encerra();
+void start();
+void stop();
 
 /// Starts and stops watching a drawing; watching twice is watching once. A drawing that goes away
 /// is forgotten by itself.
-void observa(AcDbDatabase* desenho);
-void abandona(AcDbDatabase* desenho);
+void observe(AcDbDatabase* drawing);
+void leave(AcDbDatabase* drawing);
 
 /// A drawing that is not watched yet is being read: until confere, or the end of a command, nothing
 /// follows, since what is tied to a piece may have been moved with it and not be in its place yet.
-void observaLeitura(AcDbDatabase* desenho);
+void observeReading(AcDbDatabase* drawing);
 
 /// After a drawing was read: drops the links that their other side does not know, then what is tied
 /// to a piece that was moved in the file follows it.
-void confere(AcDbDatabase* desenho);
+void check(AcDbDatabase* drawing);
 
 /// The piece, among the last that entered a watched drawing, that has a corner of its picture at
-/// `ponta`, where a mark points to: a bar by its first corner or a plate by its third one; failing
+/// `tip`, where a mark points to: a bar by its first corner or a plate by its third one; failing
 /// that, either by either. The newest when there are several; null when there is none.
-AcDbObjectId pecaMarcada(AcDbDatabase* desenho, const AcGePoint3d& ponta);
+AcDbObjectId pecaOfMarca(AcDbDatabase* drawing, const AcGePoint3d& tip);
 
-}  // namespace zp::vigia
+}  // namespace zp::watch

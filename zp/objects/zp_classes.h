@@ -7,8 +7,8 @@ class AcRxClass;
 namespace zp {
 
 /// Enters ZpObject and the section classes in the host's class dictionary.
-void registraClasses();
+void registerClasses();
 /// Takes them out, children first.
-void retiraClasses();
+void unregisterClasses();
 
 }  // namespace zp

@@ -11,121 +11,121 @@
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
 
-using zp::Ligacao;
+using zp::Link;
 using zp::Peca;
-using zp::secao::Caixa;
-using zp::secao::Papel;
+using zp::secao::Bounds;
+using zp::secao::Role;
 
 ACRX_NO_CONS_DEFINE_MEMBERS(ZpObject, AcDbEntity)
 
 namespace {
 
-double comprimentoValido(double v) { return std::isfinite(v) && v > 0.0 ? v : 0.0; }
+double validComprimento(double v) { return std::isfinite(v) && v > 0.0 ? v : 0.0; }
 
-void preenche(Peca& p, ZpObject::ZpVistas vista, std::initializer_list<double> valores) {
+void fillIn(Peca& p, ZpObject::ZpVistas vista, std::initializer_list<double> values) {
     p.vista = static_cast<std::uint8_t>(std::clamp(static_cast<int>(vista), 0, 4));
-    p.quantos = static_cast<std::uint8_t>(std::min<std::size_t>(valores.size(), p.dados.size()));
-    std::copy_n(valores.begin(), p.quantos, p.dados.begin());
-    p.atuais = p.dados;
+    p.count = static_cast<std::uint8_t>(std::min<std::size_t>(values.size(), p.given.size()));
+    std::copy_n(values.begin(), p.count, p.given.begin());
+    p.actual = p.given;
 }
 
-Acad::ErrorStatus copiaTexto(const std::wstring& de, ACHAR* para) {
-    if (para == nullptr) return Acad::eInvalidInput;
-    std::wcsncpy(para, de.c_str(), kZpTextoMax - 1);
-    para[kZpTextoMax - 1] = L'\0';
+Acad::ErrorStatus copyText(const std::wstring& from, ACHAR* target) {
+    if (target == nullptr) return Acad::eInvalidInput;
+    std::wcsncpy(target, from.c_str(), kZpTextMax - 1);
+    target[kZpTextMax - 1] = L'\0';
     return Acad::eOk;
 }
 
 /// kg per mm3 of steel.
-constexpr double kAco = 7850e-9;
+constexpr double kSteel = 7850e-9;
 
 }  // namespace
 
-ZpObject::ZpObject(int classe) : m_peca(std::make_unique<Peca>()) {
-    m_peca->classe = static_cast<zp::secao::Classe>(classe);
+ZpObject::ZpObject(int kind) : m_peca(std::make_unique<Peca>()) {
+    m_peca->kind = static_cast<zp::secao::Kind>(kind);
     // A new object is about to be read; until then it has the class's first constructor with zeros.
-    const auto& d = zp::secao::descricao(m_peca->classe);
-    const int um = zp::secao::quantos(d.umPonto[0]);
-    m_peca->forma = um > 0 ? 1 : 2;
-    m_peca->quantos = static_cast<std::uint8_t>(um > 0 ? um : zp::secao::quantos(d.doisPontos[0]));
+    const auto& d = zp::secao::description(m_peca->kind);
+    const int one = zp::secao::count(d.onePoint[0]);
+    m_peca->form = one > 0 ? 1 : 2;
+    m_peca->count = static_cast<std::uint8_t>(one > 0 ? one : zp::secao::count(d.twoPoints[0]));
 }
 
-ZpObject::ZpObject(int classe, const AcGePoint3d& ponto, ZpVistas vista,
-                   std::initializer_list<double> valores)
+ZpObject::ZpObject(int kind, const AcGePoint3d& point, ZpVistas vista,
+                   std::initializer_list<double> values)
     : m_peca(std::make_unique<Peca>()) {
     Peca& p = *m_peca;
-    p.classe = static_cast<zp::secao::Classe>(classe);
-    p.forma = 1;
-    preenche(p, vista, valores);
-    p.pontos[0] = p.inicio = ponto;
-    p.comprimento = comprimentoValido(p.papeis()[p.chapa() ? Papel::D3 : Papel::L]);
+    p.kind = static_cast<zp::secao::Kind>(kind);
+    p.form = 1;
+    fillIn(p, vista, values);
+    p.points[0] = p.start = point;
+    p.comprimento = validComprimento(p.roles()[p.chapa() ? Role::D3 : Role::L]);
 }
 
-ZpObject::ZpObject(int classe, const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista,
-                   std::initializer_list<double> valores)
+ZpObject::ZpObject(int kind, const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista,
+                   std::initializer_list<double> values)
     : m_peca(std::make_unique<Peca>()) {
     Peca& p = *m_peca;
-    p.classe = static_cast<zp::secao::Classe>(classe);
-    p.forma = 2;
-    preenche(p, vista, valores);
-    p.pontos = {inicio, fim};
-    p.inicio = inicio;
-    const AcGeVector3d eixo(fim.x - inicio.x, fim.y - inicio.y, 0.0);
-    p.comprimento = comprimentoValido(eixo.length());
-    if (p.comprimento > 0.0) p.angulo = zp::anguloDe(eixo);
+    p.kind = static_cast<zp::secao::Kind>(kind);
+    p.form = 2;
+    fillIn(p, vista, values);
+    p.points = {start, end};
+    p.start = start;
+    const AcGeVector3d axis(end.x - start.x, end.y - start.y, 0.0);
+    p.comprimento = validComprimento(axis.length());
+    if (p.comprimento > 0.0) p.angle = zp::angleOf(axis);
 }
 
 ZpObject::~ZpObject() = default;
 
-Acad::ErrorStatus ZpObject::settipoBarra(TipoBarra tipo) {
-    const int valor = tipo;  // may be none of the enumeration's
-    if (valor < 0 || valor > 255) return Acad::eInvalidInput;
+Acad::ErrorStatus ZpObject::settipoBarra(TipoBarra type) {
+    const int value = type;  // may be none of the enumeration's
+    if (value < 0 || value > 255) return Acad::eInvalidInput;
     assertWriteEnabled();
-    m_peca->tipoBarra = static_cast<std::uint8_t>(valor);
-    m_peca->barraVelha = true;
+    m_peca->tipoBarra = static_cast<std::uint8_t>(value);
+    m_peca->barraStale = true;
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpObject::tipoBarra(TipoBarra& tipo) const {
+Acad::ErrorStatus ZpObject::tipoBarra(TipoBarra& type) const {
     assertReadEnabled();
-    tipo = static_cast<TipoBarra>(m_peca->tipoBarra);
+    type = static_cast<TipoBarra>(m_peca->tipoBarra);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus ZpObject::LinkDim(const AcDbObjectId& cota) {
-    return zp::liga(*this, cota, Ligacao::Papel::Cota);
+    return zp::tie(*this, cota, Link::Role::Cota);
 }
 
 Acad::ErrorStatus ZpObject::LinkPos(const AcDbObjectId& peca) {
-    return zp::liga(*this, peca, Ligacao::Papel::Segue);
+    return zp::tie(*this, peca, Link::Role::Follows);
 }
 
 void ZpObject::GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,
                                      AcGePoint3d& f3) const {
     assertReadEnabled();
-    const Caixa c = m_peca->figura();
-    const zp::Quadro q = m_peca->quadroDaFigura();
-    f0 = q.paraFora(c.x0, c.y1);
-    f1 = q.paraFora(c.x0, c.y0);
-    f2 = q.paraFora(c.x1, c.y1);
-    f3 = q.paraFora(c.x1, c.y0);
+    const Bounds c = m_peca->picture();
+    const zp::Frame q = m_peca->pictureFrame();
+    f0 = q.toWorld(c.x0, c.y1);
+    f1 = q.toWorld(c.x0, c.y0);
+    f2 = q.toWorld(c.x1, c.y1);
+    f3 = q.toWorld(c.x1, c.y0);
 }
 
-Acad::ErrorStatus ZpObject::StartPoint(AcGePoint3d& ponto) const {
+Acad::ErrorStatus ZpObject::StartPoint(AcGePoint3d& point) const {
     assertReadEnabled();
-    ponto = m_peca->inicio;
+    point = m_peca->start;
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpObject::EndPoint(AcGePoint3d& ponto) const {
+Acad::ErrorStatus ZpObject::EndPoint(AcGePoint3d& point) const {
     assertReadEnabled();
-    ponto = m_peca->fim();
+    point = m_peca->end();
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpObject::AngleVista(double& angulo) const {
+Acad::ErrorStatus ZpObject::AngleVista(double& angle) const {
     assertReadEnabled();
-    angulo = m_peca->angulo;
+    angle = m_peca->angle;
     return Acad::eOk;
 }
 
@@ -138,7 +138,7 @@ Acad::ErrorStatus ZpObject::AlteraComprimento(double comprimento) {
     if (!std::isfinite(comprimento) || comprimento <= 0.0) return Acad::eInvalidInput;
     assertWriteEnabled();
     m_peca->comprimento = comprimento;
-    m_peca->barraVelha = true;
+    m_peca->barraStale = true;
     recordGraphicsModified();
     return Acad::eOk;
 }
@@ -150,45 +150,45 @@ double ZpObject::getAltura() const {
 
 double ZpObject::getLargura() const {
     assertReadEnabled();
-    return m_peca->chapa() ? m_peca->atuais[0] : m_peca->secao().largura();
+    return m_peca->chapa() ? m_peca->actual[0] : m_peca->secao().largura();
 }
 
 double ZpObject::getEspessura() const {
     assertReadEnabled();
-    return m_peca->chapa() ? m_peca->atuais[1] : m_peca->secao().espessura();
+    return m_peca->chapa() ? m_peca->actual[1] : m_peca->secao().espessura();
 }
 
 double ZpObject::getArea() const {
     assertReadEnabled();
-    return m_peca->chapa() ? m_peca->atuais[0] * m_peca->comprimento : m_peca->secao().area();
+    return m_peca->chapa() ? m_peca->actual[0] * m_peca->comprimento : m_peca->secao().area();
 }
 
 double ZpObject::getPerimetro() const {
     assertReadEnabled();
-    return m_peca->chapa() ? 2.0 * (m_peca->atuais[0] + m_peca->comprimento)
-                           : m_peca->secao().propriedades().perimetro;
+    return m_peca->chapa() ? 2.0 * (m_peca->actual[0] + m_peca->comprimento)
+                           : m_peca->secao().properties().perimetro;
 }
 
 double ZpObject::getAreaPintura() const {
     assertReadEnabled();
     const Peca& p = *m_peca;
     if (!p.chapa()) return p.secao().perimetroPintura() * p.comprimento * 1e-6;
-    const double d1 = p.atuais[0];
-    const double d2 = p.atuais[1];
+    const double d1 = p.actual[0];
+    const double d2 = p.actual[1];
     return 2.0 * (d1 * d2 + d1 * p.comprimento + d2 * p.comprimento) * 1e-6;
 }
 
 double ZpObject::getPeso() const {
     assertReadEnabled();
     const Peca& p = *m_peca;
-    if (p.chapa()) return p.atuais[0] * p.atuais[1] * p.comprimento * kAco;
+    if (p.chapa()) return p.actual[0] * p.actual[1] * p.comprimento * kSteel;
     return p.secao().kgMetro() * p.comprimento * 1e-3;
 }
 
 double ZpObject::getLinearWeight() const {
     assertReadEnabled();
     const Peca& p = *m_peca;
-    return p.chapa() ? p.atuais[0] * p.atuais[1] * kAco * 1e3 : p.secao().kgMetro();
+    return p.chapa() ? p.actual[0] * p.actual[1] * kSteel * 1e3 : p.secao().kgMetro();
 }
 
 double ZpObject::getComprimento() const { return getComprimentoReal(); }
@@ -198,51 +198,49 @@ double ZpObject::getComprimentoReal() const {
     return m_peca->comprimento;
 }
 
-Acad::ErrorStatus ZpObject::getPerfil(ACHAR* texto) const {
+Acad::ErrorStatus ZpObject::getPerfil(ACHAR* text) const {
     assertReadEnabled();
-    return copiaTexto(zp::secao::textoPerfil(m_peca->classe, m_peca->papeis(), m_peca->subtipo),
-                      texto);
+    return copyText(zp::secao::perfilText(m_peca->kind, m_peca->roles(), m_peca->series), text);
 }
 
-Acad::ErrorStatus ZpObject::getDimensoes(ACHAR* texto) const {
+Acad::ErrorStatus ZpObject::getDimensoes(ACHAR* text) const {
     assertReadEnabled();
-    return copiaTexto(zp::secao::textoDimensoes(m_peca->classe, m_peca->papeis(), m_peca->subtipo),
-                      texto);
+    return copyText(zp::secao::dimensoesText(m_peca->kind, m_peca->roles(), m_peca->series), text);
 }
 
-Acad::ErrorStatus ZpObject::leValor(int papel, double& valor) const {
+Acad::ErrorStatus ZpObject::readValue(int role, double& value) const {
     assertReadEnabled();
-    const double* const guardado = std::as_const(*m_peca).valor(static_cast<Papel>(papel));
-    if (guardado == nullptr) return Acad::eNotApplicable;
-    valor = *guardado;
+    const double* const stored = std::as_const(*m_peca).value(static_cast<Role>(role));
+    if (stored == nullptr) return Acad::eNotApplicable;
+    value = *stored;
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpObject::gravaValor(int papel, double valor) {
-    if (!std::isfinite(valor)) return Acad::eInvalidInput;
-    double* const guardado = m_peca->valor(static_cast<Papel>(papel));
-    if (guardado == nullptr) return Acad::eNotApplicable;
+Acad::ErrorStatus ZpObject::writeValue(int role, double value) {
+    if (!std::isfinite(value)) return Acad::eInvalidInput;
+    double* const stored = m_peca->value(static_cast<Role>(role));
+    if (stored == nullptr) return Acad::eNotApplicable;
     assertWriteEnabled();
-    *guardado = valor;
-    m_peca->secaoGuardada.reset();
-    m_peca->barraVelha = true;
+    *stored = value;
+    m_peca->cachedSecao.reset();
+    m_peca->barraStale = true;
     recordGraphicsModified();
     return Acad::eOk;
 }
 
 void ZpObject::getEcs(AcGeMatrix3d& ecs) const {
     assertReadEnabled();
-    const zp::Quadro q = m_peca->quadro();
-    ecs.setCoordSystem(q.origem, q.x, q.y, AcGeVector3d::kZAxis);
+    const zp::Frame q = m_peca->frame();
+    ecs.setCoordSystem(q.origin, q.x, q.y, AcGeVector3d::kZAxis);
 }
 
 /// What the bar is must stand in the drawing before anybody else can open the piece, so it is
 /// written as the access that changed it ends.
 Acad::ErrorStatus ZpObject::subClose() {
     if (isWriteEnabled() && database() != nullptr && !isErased() && !isUndoing()) {
-        if (isNewObject()) zp::carregaLinhas(*database());
-        if (isNewObject() || m_peca->barraVelha) zp::gravaBarra(*this);
-        m_peca->barraVelha = false;
+        if (isNewObject()) zp::loadLinetypes(*database());
+        if (isNewObject() || m_peca->barraStale) zp::writeBarra(*this);
+        m_peca->barraStale = false;
     }
     return AcDbEntity::subClose();
 }

@@ -11,100 +11,99 @@ using zp::Peca;
 
 namespace {
 
-constexpr double kFolga = 1e-9;
+constexpr double kTolerance = 1e-9;
 
 /// A similarity that keeps the plane parallel to XY; scale 0 stands for anything else.
-struct Semelhanca {
-    double escala = 0.0;
-    bool espelha = false;
+struct Similarity {
+    double scale = 0.0;
+    bool mirrors = false;
 };
 
-Semelhanca semelhanca(const AcGeMatrix3d& m) {
+Similarity similarity(const AcGeMatrix3d& m) {
     const auto& e = m.entry;
     const double k = std::hypot(e[0][0], e[1][0]);
-    const double folga = kFolga * k;
+    const double tolerance = kTolerance * k;
     if (!(k > 0.0) || !std::isfinite(k)) return {};
-    for (const double fora :
+    for (const double outside :
          {e[0][2], e[1][2], e[2][0], e[2][1], e[0][0] * e[0][1] / k + e[1][0] * e[1][1] / k})
-        if (!(std::abs(fora) <= folga)) return {};
-    if (!(std::abs(std::hypot(e[0][1], e[1][1]) - k) <= folga) ||
-        !(std::abs(std::abs(e[2][2]) - k) <= folga))
+        if (!(std::abs(outside) <= tolerance)) return {};
+    if (!(std::abs(std::hypot(e[0][1], e[1][1]) - k) <= tolerance) ||
+        !(std::abs(std::abs(e[2][2]) - k) <= tolerance))
         return {};
     for (int i = 0; i < 3; ++i)
         if (!std::isfinite(e[i][3])) return {};
-    return {std::abs(k - 1.0) <= kFolga ? 1.0 : k, e[0][0] * e[1][1] - e[0][1] * e[1][0] < 0.0};
+    return {std::abs(k - 1.0) <= kTolerance ? 1.0 : k, e[0][0] * e[1][1] - e[0][1] * e[1][0] < 0.0};
 }
 
-void escala(Peca& p, double k) {
-    const zp::secao::Papeis* papeis = p.ordem();
-    for (std::size_t i = 0; papeis != nullptr && i < p.quantos; ++i)
-        p.atuais[i] *= std::pow(k, zp::secao::potencia((*papeis)[i]));
+void scale(Peca& p, double k) {
+    const zp::secao::Roles* roles = p.order();
+    for (std::size_t i = 0; roles != nullptr && i < p.count; ++i)
+        p.actual[i] *= std::pow(k, zp::secao::power((*roles)[i]));
     p.comprimento *= k;
-    p.secaoGuardada.reset();
-    if (!p.ligacoes) return;
-    for (zp::Ligacao& l : *p.ligacoes) l.pontos.escala(k);
+    p.cachedSecao.reset();
+    if (!p.links) return;
+    for (zp::Link& l : *p.links) l.points.scale(k);
 }
 
 /// Stretch of the axis of `p` inside a convex quadrangle given by opposite pairs of corners; empty
 /// when from > to.
-struct Trecho {
-    double de = -1e300;
-    double ate = 1e300;
+struct Stretch {
+    double from = -1e300;
+    double to = 1e300;
 };
 
-Trecho trechoDentro(const Peca& p, const AcGePoint3d (&f)[4]) {
+Stretch stretchInside(const Peca& p, const AcGePoint3d (&f)[4]) {
     // Corners in the order around the picture.
-    const AcGePoint3d volta[4] = {f[1], f[3], f[2], f[0]};
-    const AcGeVector3d x = zp::direcao(p.angulo);
+    const AcGePoint3d around[4] = {f[1], f[3], f[2], f[0]};
+    const AcGeVector3d x = zp::direction(p.angle);
     double area = 0.0;
     for (int i = 0; i < 4; ++i)
-        area += (volta[i] - volta[0]).crossProduct(volta[(i + 1) % 4] - volta[0]).z;
-    const double sinal = area < 0.0 ? -1.0 : 1.0;
-    Trecho t;
+        area += (around[i] - around[0]).crossProduct(around[(i + 1) % 4] - around[0]).z;
+    const double sign = area < 0.0 ? -1.0 : 1.0;
+    Stretch t;
     for (int i = 0; i < 4; ++i) {
-        const AcGeVector3d lado = volta[(i + 1) % 4] - volta[i];
-        const double dentro = sinal * lado.crossProduct(p.inicio - volta[i]).z;
-        const double avanco = sinal * lado.crossProduct(x).z;
-        if (std::abs(avanco) <= 1e-12 * lado.length()) {
-            if (dentro < 0.0) return {1.0, 0.0};
+        const AcGeVector3d side = around[(i + 1) % 4] - around[i];
+        const double inside = sign * side.crossProduct(p.start - around[i]).z;
+        const double advance = sign * side.crossProduct(x).z;
+        if (std::abs(advance) <= 1e-12 * side.length()) {
+            if (inside < 0.0) return {1.0, 0.0};
             continue;
         }
-        const double s = -dentro / avanco;
-        if (avanco > 0.0)
-            t.de = std::max(t.de, s);
+        const double s = -inside / advance;
+        if (advance > 0.0)
+            t.from = std::max(t.from, s);
         else
-            t.ate = std::min(t.ate, s);
+            t.to = std::min(t.to, s);
     }
     return t;
 }
 
-enum class Face { Proxima, Distante };
+enum class Face { Near, Far };
 
-Acad::ErrorStatus corta(ZpObject& peca, const AcDbObjectId& outra, Face face,
-                        bool soLongitudinais) {
-    Peca& p = zp::Acesso::de(peca);
-    if (p.emSecao() || p.chapa()) return Acad::eNotApplicable;
+Acad::ErrorStatus cut(ZpObject& peca, const AcDbObjectId& other, Face face, bool longitudinalOnly) {
+    Peca& p = zp::Access::of(peca);
+    if (p.inSecao() || p.chapa()) return Acad::eNotApplicable;
     AcGePoint3d f[4];
     {
-        ZpObject* quem = nullptr;
-        const Acad::ErrorStatus es = acdbOpenObject(quem, outra, AcDb::kForRead);
+        ZpObject* cutter = nullptr;
+        const Acad::ErrorStatus es = acdbOpenObject(cutter, other, AcDb::kForRead);
         if (es != Acad::eOk) return es;
-        const bool serve = !soLongitudinais || quem->vista() != ZpObject::kVistaSecao;
-        quem->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
-        (void)quem->close();
-        if (!serve) return Acad::eNotApplicable;
+        const bool suits = !longitudinalOnly || cutter->vista() != ZpObject::kVistaSecao;
+        cutter->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
+        (void)cutter->close();
+        if (!suits) return Acad::eNotApplicable;
     }
-    const Trecho t = trechoDentro(p, f);
+    const Stretch t = stretchInside(p, f);
     const double L = p.comprimento;
-    if (!(t.de < t.ate) || t.ate <= 0.0 || t.de >= L) return Acad::eInvalidInput;
-    const bool cortaFim = t.de >= L - t.ate;
-    const double de = cortaFim ? 0.0 : (face == Face::Proxima ? t.ate : t.de);
-    const double ate = cortaFim ? (face == Face::Proxima ? t.de : t.ate) : L;
-    if (!(ate - de > 1e-9 * L)) return Acad::eInvalidInput;
+    if (!(t.from < t.to) || t.to <= 0.0 || t.from >= L) return Acad::eInvalidInput;
+    const bool cutsEnd = t.from >= L - t.to;
+    const double from = cutsEnd ? 0.0 : (face == Face::Near ? t.to : t.from);
+    const double to = cutsEnd ? (face == Face::Near ? t.from : t.to) : L;
+    if (!(to - from > 1e-9 * L)) return Acad::eInvalidInput;
     peca.assertWriteEnabled();
-    p.inicio += zp::direcao(p.angulo) * de;
-    p.comprimento = ate - de;
-    p.barraVelha = true;
+    p.start += zp::direction(p.angle) * from;
+    p.comprimento = to - from;
+    p.barraStale = true;
     peca.recordGraphicsModified();
     return Acad::eOk;
 }
@@ -112,32 +111,32 @@ Acad::ErrorStatus corta(ZpObject& peca, const AcDbObjectId& outra, Face face,
 }  // namespace
 
 Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
-    const Semelhanca s = semelhanca(m);
-    if (s.escala == 0.0) return Acad::eCannotScaleNonUniformly;
+    const Similarity s = similarity(m);
+    if (s.scale == 0.0) return Acad::eCannotScaleNonUniformly;
     // A file in which another program moved the piece is not announced yet.
-    zp::vigia::observaLeitura(database());
+    zp::watch::observeReading(database());
     assertWriteEnabled();
     Peca& p = *m_peca;
-    p.inicio.transformBy(m);
-    p.angulo = zp::anguloDe(zp::direcao(p.angulo).transformBy(m));
-    if (s.espelha) p.espelhada = !p.espelhada;
-    if (s.escala != 1.0) {
-        escala(p, s.escala);
-        p.barraVelha = true;
+    p.start.transformBy(m);
+    p.angle = zp::angleOf(zp::direction(p.angle).transformBy(m));
+    if (s.mirrors) p.mirrored = !p.mirrored;
+    if (s.scale != 1.0) {
+        scale(p, s.scale);
+        p.barraStale = true;
     }
     xDataTransformBy(m);
     recordGraphicsModified();
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpObject::Corte(const AcDbObjectId& outra) {
-    return corta(*this, outra, Face::Proxima, false);
+Acad::ErrorStatus ZpObject::Corte(const AcDbObjectId& other) {
+    return cut(*this, other, Face::Near, false);
 }
 
-Acad::ErrorStatus ZpObject::CorteVista(const AcDbObjectId& outra) {
-    return corta(*this, outra, Face::Proxima, true);
+Acad::ErrorStatus ZpObject::CorteVista(const AcDbObjectId& other) {
+    return cut(*this, other, Face::Near, true);
 }
 
-Acad::ErrorStatus ZpObject::CorteArestaVista(const AcDbObjectId& outra) {
-    return corta(*this, outra, Face::Distante, false);
+Acad::ErrorStatus ZpObject::CorteArestaVista(const AcDbObjectId& other) {
+    return cut(*this, other, Face::Far, false);
 }

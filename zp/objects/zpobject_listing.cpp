@@ -10,43 +10,43 @@
 #include "zp/objects/peca.h"
 
 using texts::withComma;
-using zp::Ligacao;
+using zp::Link;
 using zp::Peca;
 
 namespace {
 
 constexpr const wchar_t* kVistas[] = {L"seção", L"vista superior", L"vista inferior",
                                       L"vista direita", L"vista esquerda"};
-constexpr const wchar_t* kFuncoes[] = {
+constexpr const wchar_t* kRoleNames[] = {
     L"barra", L"montante", L"diagonal", L"banzo inferior", L"banzo superior",
     L"viga",  L"pilar",    L"barra",    L"barra",          L"terça"};
 
-void linha(const std::wstring& nome, const std::wstring& valor) {
-    acutPrintf(L"\n%20ls: %ls", nome.c_str(), valor.c_str());
+void line(const std::wstring& name, const std::wstring& value) {
+    acutPrintf(L"\n%20ls: %ls", name.c_str(), value.c_str());
 }
 
-std::wstring ponto(const AcGePoint3d& p) {
+std::wstring point(const AcGePoint3d& p) {
     return L"X=" + withComma(p.x, 4) + L"  Y=" + withComma(p.y, 4) + L"  Z=" + withComma(p.z, 4);
 }
 
 std::wstring handles(const Peca& p, bool cotas) {
-    std::wstring texto;
-    for (const Ligacao& l : p.ligadas()) {
-        if ((l.papel == Ligacao::Papel::Cota) != cotas) continue;
+    std::wstring text;
+    for (const Link& l : p.linked()) {
+        if ((l.role == Link::Role::Cota) != cotas) continue;
         ACHAR handle[17];
         l.id.handle().getIntoAsciiBuffer(handle);
-        texto += (texto.empty() ? L"" : L", ") + std::wstring(handle);
+        text += (text.empty() ? L"" : L", ") + std::wstring(handle);
     }
-    return texto.empty() ? L"nenhuma" : texto;
+    return text.empty() ? L"nenhuma" : text;
 }
 
-void listaSecao(const Peca& p) {
-    const zp::secao::Propriedades& s = p.secao().propriedades();
-    linha(L"área (A)", withComma(s.area, 2) + L" mm2");
-    linha(L"Ix, Iy", withComma(s.ix, 0) + L"; " + withComma(s.iy, 0) + L" mm4");
-    linha(L"xg, yg", withComma(s.xg, 3) + L"; " + withComma(s.yg, 3) + L" mm");
-    linha(L"It", withComma(p.secao().torcao(), 0) + L" mm4");
-    if (p.secao().invalida()) linha(L"valores", L"seção inválida: desenhada pela caixa");
+void listSecao(const Peca& p) {
+    const zp::secao::Properties& s = p.secao().properties();
+    line(L"área (A)", withComma(s.area, 2) + L" mm2");
+    line(L"Ix, Iy", withComma(s.ix, 0) + L"; " + withComma(s.iy, 0) + L" mm4");
+    line(L"xg, yg", withComma(s.xg, 3) + L"; " + withComma(s.yg, 3) + L" mm");
+    line(L"It", withComma(p.secao().torsion(), 0) + L" mm4");
+    if (p.secao().invalid()) line(L"valores", L"seção inválida: desenhada pela caixa");
 }
 
 }  // namespace
@@ -55,24 +55,23 @@ void ZpObject::subList() const {
     assertReadEnabled();
     AcDbEntity::subList();
     const Peca& p = *m_peca;
-    ACHAR perfil[kZpTextoMax];
-    ACHAR dimensoes[kZpTextoMax];
+    ACHAR perfil[kZpTextMax];
+    ACHAR dimensoes[kZpTextMax];
     (void)getPerfil(perfil);  // the buffers are there
     (void)getDimensoes(dimensoes);
-    linha(L"perfil", std::wstring(perfil) + L" " + dimensoes);
-    linha(L"início", ponto(p.inicio));
-    linha(L"comprimento", withComma(p.comprimento, 4) + L" mm");
-    linha(L"ângulo", withComma(p.angulo * 180.0 / std::numbers::pi, 4) + L" graus" +
-                         (p.espelhada ? L", espelhada" : L""));
-    linha(L"vista", kVistas[p.vista]);
-    linha(L"função", p.tipoBarra < std::size(kFuncoes) ? kFuncoes[p.tipoBarra] : kFuncoes[0]);
-    linha(L"peso",
-          withComma(getPeso(), 3) + L" kg (" + withComma(getLinearWeight(), 3) + L" kg/m)");
-    linha(L"área de pintura", withComma(getAreaPintura(), 4) + L" m2");
-    if (!p.chapa()) listaSecao(p);
-    linha(L"cotas", handles(p, true));
-    linha(L"peças ligadas", handles(p, false));
-    if (const int fora = zp::chapasForaDaBarra(*this); fora > 0)
-        linha(L"chapas fora da barra", std::to_wstring(fora));
+    line(L"perfil", std::wstring(perfil) + L" " + dimensoes);
+    line(L"início", point(p.start));
+    line(L"comprimento", withComma(p.comprimento, 4) + L" mm");
+    line(L"ângulo", withComma(p.angle * 180.0 / std::numbers::pi, 4) + L" graus" +
+                        (p.mirrored ? L", espelhada" : L""));
+    line(L"vista", kVistas[p.vista]);
+    line(L"função", p.tipoBarra < std::size(kRoleNames) ? kRoleNames[p.tipoBarra] : kRoleNames[0]);
+    line(L"peso", withComma(getPeso(), 3) + L" kg (" + withComma(getLinearWeight(), 3) + L" kg/m)");
+    line(L"área de pintura", withComma(getAreaPintura(), 4) + L" m2");
+    if (!p.chapa()) listSecao(p);
+    line(L"cotas", handles(p, true));
+    line(L"peças ligadas", handles(p, false));
+    if (const int outside = zp::chapasBeyondBarra(*this); outside > 0)
+        line(L"chapas fora da barra", std::to_wstring(outside));
     acutPrintf(L"\n");
 }

@@ -9,110 +9,111 @@
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
 
-using zp::TipoDeLinha;
-using zp::Traco;
+using zp::Linetype;
+using zp::Stroke;
 
 namespace {
 
 /// Centre, radius and sweep of the arc from a to b with a bulge.
-struct ArcoDeBulge {
-    AcGePoint3d centro;
-    double raio;
-    double inicio;
-    double varre;
+struct BulgeArc {
+    AcGePoint3d centre;
+    double radius;
+    double start;
+    double sweep;
 };
 
-ArcoDeBulge arcoDe(const AcGePoint3d& a, const AcGePoint3d& b, double bulge) {
-    const AcGeVector3d corda = b - a;
+BulgeArc arcOf(const AcGePoint3d& a, const AcGePoint3d& b, double bulge) {
+    const AcGeVector3d chord = b - a;
     const double k = (1.0 - bulge * bulge) / (4.0 * bulge);
-    const AcGePoint3d centro(0.5 * (a.x + b.x) - k * corda.y, 0.5 * (a.y + b.y) + k * corda.x, a.z);
-    return {centro, centro.distanceTo(a), std::atan2(a.y - centro.y, a.x - centro.x),
+    const AcGePoint3d centre(0.5 * (a.x + b.x) - k * chord.y, 0.5 * (a.y + b.y) + k * chord.x, a.z);
+    return {centre, centre.distanceTo(a), std::atan2(a.y - centre.y, a.x - centre.x),
             4.0 * std::atan(bulge)};
 }
 
-AcGePoint3d pontoDoArco(const ArcoDeBulge& arco, double angulo) {
-    return {arco.centro.x + arco.raio * std::cos(angulo),
-            arco.centro.y + arco.raio * std::sin(angulo), arco.centro.z};
+AcGePoint3d pointOnArc(const BulgeArc& arc, double angle) {
+    return {arc.centre.x + arc.radius * std::cos(angle),
+            arc.centre.y + arc.radius * std::sin(angle), arc.centre.z};
 }
 
 /// Points of the circle's quadrants that lie on the arc.
-void quadrantes(const ArcoDeBulge& arco, AcGePoint3dArray& pontos) {
-    constexpr double kQuarto = 0.5 * std::numbers::pi;
-    const double menor = std::min(arco.inicio, arco.inicio + arco.varre);
-    const double maior = std::max(arco.inicio, arco.inicio + arco.varre);
-    for (double q = std::ceil(menor / kQuarto - 1e-9); q * kQuarto <= maior + 1e-9; q += 1.0)
-        pontos.append(pontoDoArco(arco, q * kQuarto));
+void quadrants(const BulgeArc& arc, AcGePoint3dArray& points) {
+    constexpr double kQuarter = 0.5 * std::numbers::pi;
+    const double smallest = std::min(arc.start, arc.start + arc.sweep);
+    const double largest = std::max(arc.start, arc.start + arc.sweep);
+    for (double q = std::ceil(smallest / kQuarter - 1e-9); q * kQuarter <= largest + 1e-9; q += 1.0)
+        points.append(pointOnArc(arc, q * kQuarter));
 }
 
 /// Calls f(a, b, bulge) for each part of a stroke that is no circle.
 template <class F>
-void cadaParte(const Traco& t, F f) {
-    const std::size_t n = t.pontos.size();
-    for (std::size_t i = 0; i + (t.fechado() ? 0 : 1) < n; ++i)
-        f(t.pontos[i], t.pontos[(i + 1) % n], t.fechado() ? t.bulges[i] : 0.0);
+void eachPart(const Stroke& t, F f) {
+    const std::size_t n = t.points.size();
+    for (std::size_t i = 0; i + (t.closed() ? 0 : 1) < n; ++i)
+        f(t.points[i], t.points[(i + 1) % n], t.closed() ? t.bulges[i] : 0.0);
 }
 
-void pontosDeCirculo(const Traco& t, AcDb::OsnapMode modo, AcGePoint3dArray& pontos) {
-    if (modo == AcDb::kOsModeCen) pontos.append(t.pontos[0]);
-    if (modo == AcDb::kOsModeQuad)
-        quadrantes({t.pontos[0], t.raio, 0.0, 1.5 * std::numbers::pi}, pontos);
+void circlePoints(const Stroke& t, AcDb::OsnapMode mode, AcGePoint3dArray& points) {
+    if (mode == AcDb::kOsModeCen) points.append(t.points[0]);
+    if (mode == AcDb::kOsModeQuad)
+        quadrants({t.points[0], t.radius, 0.0, 1.5 * std::numbers::pi}, points);
 }
 
-std::unique_ptr<AcDbEntity> entidadeDe(const Traco& t) {
-    if (t.circulo()) return std::make_unique<AcDbCircle>(t.pontos[0], AcGeVector3d::kZAxis, t.raio);
-    if (!t.fechado()) return std::make_unique<AcDbLine>(t.pontos[0], t.pontos[1]);
-    auto linha = std::make_unique<AcDbPolyline>();
-    for (unsigned i = 0; i < t.pontos.size(); ++i)
-        (void)linha->addVertexAt(i, {t.pontos[i].x, t.pontos[i].y},
-                                 t.bulges[i]);  // at the end: always valid
-    (void)linha->setElevation(t.pontos.front().z);
-    (void)linha->setClosed(true);
-    return linha;
+std::unique_ptr<AcDbEntity> entityOf(const Stroke& t) {
+    if (t.circle())
+        return std::make_unique<AcDbCircle>(t.points[0], AcGeVector3d::kZAxis, t.radius);
+    if (!t.closed()) return std::make_unique<AcDbLine>(t.points[0], t.points[1]);
+    auto linetype = std::make_unique<AcDbPolyline>();
+    for (unsigned i = 0; i < t.points.size(); ++i)
+        (void)linetype->addVertexAt(i, {t.points[i].x, t.points[i].y},
+                                    t.bulges[i]);  // at the end: always valid
+    (void)linetype->setElevation(t.points.front().z);
+    (void)linetype->setClosed(true);
+    return linetype;
 }
 
 }  // namespace
 
 Adesk::Boolean ZpObject::subWorldDraw(AcGiWorldDraw* draw) {
     assertReadEnabled();
-    AcDbDatabase* desenho =
+    AcDbDatabase* drawing =
         database() != nullptr ? database() : acdbHostApplicationServices()->workingDatabase();
-    TipoDeLinha atual = TipoDeLinha::Propria;
-    for (const Traco& t : zp::figuraDe(*m_peca)) {
-        if (t.linha != atual) {
-            atual = t.linha;
-            const AcDbObjectId tipo = zp::idDaLinha(desenho, atual);
-            if (!tipo.isNull()) draw->subEntityTraits().setLineType(tipo);
-            if (atual == TipoDeLinha::Eixo) draw->subEntityTraits().setColor(zp::kCorDoEixo);
+    Linetype current = Linetype::Own;
+    for (const Stroke& t : zp::pictureOf(*m_peca)) {
+        if (t.linetype != current) {
+            current = t.linetype;
+            const AcDbObjectId type = zp::linetypeId(drawing, current);
+            if (!type.isNull()) draw->subEntityTraits().setLineType(type);
+            if (current == Linetype::Axis) draw->subEntityTraits().setColor(zp::kAxisColour);
         }
         AcGiWorldGeometry& g = draw->geometry();
-        const auto n = static_cast<Adesk::UInt32>(t.pontos.size());
-        Adesk::Boolean para = Adesk::kFalse;
-        if (t.circulo())
-            para = g.circle(t.pontos[0], t.raio, AcGeVector3d::kZAxis);
-        else if (t.fechado())
-            para = g.pline(n, t.pontos.data(), t.bulges.data(), true);
+        const auto n = static_cast<Adesk::UInt32>(t.points.size());
+        Adesk::Boolean stops = Adesk::kFalse;
+        if (t.circle())
+            stops = g.circle(t.points[0], t.radius, AcGeVector3d::kZAxis);
+        else if (t.closed())
+            stops = g.pline(n, t.points.data(), t.bulges.data(), true);
         else
-            para = g.polyline(n, t.pontos.data());
-        if (para) break;
+            stops = g.polyline(n, t.points.data());
+        if (stops) break;
     }
     return Adesk::kTrue;
 }
 
 Acad::ErrorStatus ZpObject::subGetGeomExtents(AcDbExtents& extents) const {
     assertReadEnabled();
-    for (const Traco& t : zp::figuraDe(*m_peca)) {
-        if (t.circulo()) {
-            extents.addPoint(t.pontos[0] - AcGeVector3d(t.raio, t.raio, 0.0));
-            extents.addPoint(t.pontos[0] + AcGeVector3d(t.raio, t.raio, 0.0));
+    for (const Stroke& t : zp::pictureOf(*m_peca)) {
+        if (t.circle()) {
+            extents.addPoint(t.points[0] - AcGeVector3d(t.radius, t.radius, 0.0));
+            extents.addPoint(t.points[0] + AcGeVector3d(t.radius, t.radius, 0.0));
             continue;
         }
-        cadaParte(t, [&](const AcGePoint3d& a, const AcGePoint3d& b, double bulge) {
+        eachPart(t, [&](const AcGePoint3d& a, const AcGePoint3d& b, double bulge) {
             extents.addPoint(a);
             extents.addPoint(b);
             if (bulge == 0.0) return;
-            AcGePoint3dArray altos;
-            quadrantes(arcoDe(a, b, bulge), altos);
-            for (const AcGePoint3d& p : altos) extents.addPoint(p);
+            AcGePoint3dArray extremes;
+            quadrants(arcOf(a, b, bulge), extremes);
+            for (const AcGePoint3d& p : extremes) extents.addPoint(p);
         });
     }
     return extents.isEmpty() ? Acad::eDegenerateGeometry : Acad::eOk;
@@ -120,13 +121,13 @@ Acad::ErrorStatus ZpObject::subGetGeomExtents(AcDbExtents& extents) const {
 
 Acad::ErrorStatus ZpObject::subExplode(AcDbVoidPtrArray& set) const {
     assertReadEnabled();
-    for (const Traco& t : zp::figuraDe(*m_peca)) {
-        std::unique_ptr<AcDbEntity> parte = entidadeDe(t);
-        (void)parte->setPropertiesFrom(this);  // a new object takes any properties
-        if (const AcDbObjectId tipo = zp::idDaLinha(database(), t.linha); !tipo.isNull())
-            (void)parte->setLinetype(tipo);
-        if (t.linha == TipoDeLinha::Eixo) (void)parte->setColorIndex(zp::kCorDoEixo);
-        set.append(parte.release());
+    for (const Stroke& t : zp::pictureOf(*m_peca)) {
+        std::unique_ptr<AcDbEntity> part = entityOf(t);
+        (void)part->setPropertiesFrom(this);  // a new object takes any properties
+        if (const AcDbObjectId type = zp::linetypeId(database(), t.linetype); !type.isNull())
+            (void)part->setLinetype(type);
+        if (t.linetype == Linetype::Axis) (void)part->setColorIndex(zp::kAxisColour);
+        set.append(part.release());
     }
     return Acad::eOk;
 }
@@ -137,28 +138,28 @@ Acad::ErrorStatus ZpObject::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMar
                                               AcDbIntArray&) const {
     assertReadEnabled();
     if (mode == AcDb::kOsModeIns) {
-        points.append(m_peca->inicio);
+        points.append(m_peca->start);
         return Acad::eOk;
     }
-    for (const Traco& t : zp::figuraDe(*m_peca)) {
-        if (t.circulo()) {
-            pontosDeCirculo(t, mode, points);
+    for (const Stroke& t : zp::pictureOf(*m_peca)) {
+        if (t.circle()) {
+            circlePoints(t, mode, points);
             continue;
         }
-        cadaParte(t, [&](const AcGePoint3d& a, const AcGePoint3d& b, double bulge) {
+        eachPart(t, [&](const AcGePoint3d& a, const AcGePoint3d& b, double bulge) {
             if (mode == AcDb::kOsModeEnd) {
                 points.append(a);
-                if (!t.fechado()) points.append(b);
+                if (!t.closed()) points.append(b);
             }
             if (bulge == 0.0) {
                 if (mode == AcDb::kOsModeMid) points.append(a + (b - a) * 0.5);
                 return;
             }
-            const ArcoDeBulge arco = arcoDe(a, b, bulge);
+            const BulgeArc arc = arcOf(a, b, bulge);
             if (mode == AcDb::kOsModeMid)
-                points.append(pontoDoArco(arco, arco.inicio + 0.5 * arco.varre));
-            if (mode == AcDb::kOsModeCen) points.append(arco.centro);
-            if (mode == AcDb::kOsModeQuad) quadrantes(arco, points);
+                points.append(pointOnArc(arc, arc.start + 0.5 * arc.sweep));
+            if (mode == AcDb::kOsModeCen) points.append(arc.centre);
+            if (mode == AcDb::kOsModeQuad) quadrants(arc, points);
         });
     }
     return Acad::eOk;
@@ -169,11 +170,11 @@ Acad::ErrorStatus ZpObject::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMar
 Acad::ErrorStatus ZpObject::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,
                                              AcDbIntArray&) const {
     assertReadEnabled();
-    points.append(m_peca->inicio);
-    if (!m_peca->emSecao() && !m_peca->chapa()) {
-        const AcGePoint3d fim = m_peca->fim();
-        points.append(fim);
-        points.append(m_peca->inicio + (fim - m_peca->inicio) * 0.5);
+    points.append(m_peca->start);
+    if (!m_peca->inSecao() && !m_peca->chapa()) {
+        const AcGePoint3d end = m_peca->end();
+        points.append(end);
+        points.append(m_peca->start + (end - m_peca->start) * 0.5);
         return Acad::eOk;
     }
     AcGePoint3d f[4];
@@ -185,20 +186,20 @@ Acad::ErrorStatus ZpObject::subGetGripPoints(AcGePoint3dArray& points, AcDbIntAr
 Acad::ErrorStatus ZpObject::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                 const AcGeVector3d& offset) {
     if (indices.isEmpty()) return Acad::eOk;
-    const bool estica = !m_peca->emSecao() && !m_peca->chapa();
-    const bool inicio = indices.contains(0);
-    const bool fim = indices.contains(1);
-    if (!estica || indices.contains(2) || inicio == fim)
+    const bool stretches = !m_peca->inSecao() && !m_peca->chapa();
+    const bool start = indices.contains(0);
+    const bool end = indices.contains(1);
+    if (!stretches || indices.contains(2) || start == end)
         return transformBy(AcGeMatrix3d::translation(offset));
-    const AcGePoint3d s = inicio ? m_peca->inicio + offset : m_peca->inicio;
-    const AcGePoint3d e = fim ? m_peca->fim() + offset : m_peca->fim();
-    const AcGeVector3d eixo(e.x - s.x, e.y - s.y, 0.0);
-    if (!(eixo.length() > 1e-9)) return Acad::eInvalidInput;
+    const AcGePoint3d s = start ? m_peca->start + offset : m_peca->start;
+    const AcGePoint3d e = end ? m_peca->end() + offset : m_peca->end();
+    const AcGeVector3d axis(e.x - s.x, e.y - s.y, 0.0);
+    if (!(axis.length() > 1e-9)) return Acad::eInvalidInput;
     assertWriteEnabled();
-    m_peca->inicio = s;
-    m_peca->comprimento = eixo.length();
-    m_peca->angulo = zp::anguloDe(eixo);
-    m_peca->barraVelha = true;
+    m_peca->start = s;
+    m_peca->comprimento = axis.length();
+    m_peca->angle = zp::angleOf(axis);
+    m_peca->barraStale = true;
     recordGraphicsModified();
     return Acad::eOk;
 }

@@ -13,34 +13,34 @@
 
 namespace {
 
-using zp::secao::Classe;
-using zp::secao::linha;
-using zp::secao::Papel;
+using zp::secao::Kind;
+using zp::secao::Role;
+using zp::secao::row;
 
-template <class Enumeracao>
-constexpr int numero(Enumeracao e) {
+template <class Enumeration>
+constexpr int number(Enumeration e) {
     return static_cast<int>(e);
 }
 
 template <class>
-using Valor = double;
+using Value = double;
 
 /// True when the class can be made from these arguments and n numbers after them.
-template <class Perfil, class... Antes, std::size_t... I>
-constexpr bool aceita(std::index_sequence<I...>) {
-    return std::is_constructible_v<Perfil, Antes...,
-                                   Valor<std::integral_constant<std::size_t, I>>...>;
+template <class Perfil, class... First, std::size_t... I>
+constexpr bool accepts(std::index_sequence<I...>) {
+    return std::is_constructible_v<Perfil, First...,
+                                   Value<std::integral_constant<std::size_t, I>>...>;
 }
 
 /// True when the class declares just the constructors that its row in the table of sections has.
-template <class Perfil, Classe kClasse>
-constexpr bool comoNaTabela() {
-    using Ponto = const AcGePoint3d&;
+template <class Perfil, Kind kKind>
+constexpr bool asInTable() {
+    using Point = const AcGePoint3d&;
     using Vista = ZpObject::ZpVistas;
-    constexpr auto kUm = static_cast<std::size_t>(quantos(linha(kClasse).umPonto[0]));
-    constexpr auto kDois = static_cast<std::size_t>(quantos(linha(kClasse).doisPontos[0]));
-    return aceita<Perfil, Ponto, Vista>(std::make_index_sequence<kUm>()) == (kUm > 0) &&
-           aceita<Perfil, Ponto, Ponto, Vista>(std::make_index_sequence<kDois>()) == (kDois > 0);
+    constexpr auto kOne = static_cast<std::size_t>(count(row(kKind).onePoint[0]));
+    constexpr auto kTwo = static_cast<std::size_t>(count(row(kKind).twoPoints[0]));
+    return accepts<Perfil, Point, Vista>(std::make_index_sequence<kOne>()) == (kOne > 0) &&
+           accepts<Perfil, Point, Point, Vista>(std::make_index_sequence<kTwo>()) == (kTwo > 0);
 }
 
 }  // namespace
@@ -106,127 +106,127 @@ constexpr bool comoNaTabela() {
 // clang-format on
 
 /// Constructors from one and from two points with so many numbers, in the order of the table.
-#define ZP_UM_PONTO(PERFIL, CLASSE, N)                                 \
-    PERFIL::PERFIL(const AcGePoint3d& ponto, ZpVistas vista, ZP_N##N)  \
-        : ZpObject(numero(Classe::CLASSE), ponto, vista, {ZP_V##N}) {} \
-    static_assert(quantos(linha(Classe::CLASSE).umPonto[0]) == N);
-#define ZP_DOIS_PONTOS(PERFIL, CLASSE, N)                                                      \
-    PERFIL::PERFIL(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista, ZP_N##N) \
-        : ZpObject(numero(Classe::CLASSE), inicio, fim, vista, {ZP_V##N}) {}                   \
-    static_assert(quantos(linha(Classe::CLASSE).doisPontos[0]) == N);
-#define ZP_CONSTRUTORES(PERFIL, CLASSE, UM, DOIS) \
-    ZP_UM_PONTO(PERFIL, CLASSE, UM)               \
-    ZP_DOIS_PONTOS(PERFIL, CLASSE, DOIS)          \
-    static_assert(comoNaTabela<PERFIL, Classe::CLASSE>());
+#define ZP_ONE_POINT(PERFIL, KIND, N)                                 \
+    PERFIL::PERFIL(const AcGePoint3d& point, ZpVistas vista, ZP_N##N) \
+        : ZpObject(number(Kind::KIND), point, vista, {ZP_V##N}) {}    \
+    static_assert(count(row(Kind::KIND).onePoint[0]) == N);
+#define ZP_TWO_POINTS(PERFIL, KIND, N)                                                        \
+    PERFIL::PERFIL(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, ZP_N##N) \
+        : ZpObject(number(Kind::KIND), start, end, vista, {ZP_V##N}) {}                       \
+    static_assert(count(row(Kind::KIND).twoPoints[0]) == N);
+#define ZP_CONSTRUCTORS(PERFIL, KIND, ONE, TWO) \
+    ZP_ONE_POINT(PERFIL, KIND, ONE)             \
+    ZP_TWO_POINTS(PERFIL, KIND, TWO)            \
+    static_assert(asInTable<PERFIL, Kind::KIND>());
 
-#define ZP_CLASSE(PERFIL, CLASSE, DXF)                                                            \
+#define ZP_CLASS(PERFIL, KIND, DXF)                                                               \
     ACRX_DXF_DEFINE_MEMBERS(PERFIL, ZpObject, AcDb::kDHL_CURRENT, AcDb::kMReleaseCurrent, 0, DXF, \
                             "ZpObjects18|Perfis de aço")                                          \
-    PERFIL::PERFIL() : ZpObject(numero(Classe::CLASSE)) {}                                        \
-    static_assert(std::wstring_view(linha(Classe::CLASSE).nome) == L## #PERFIL);
-ZP_PERFIS(ZP_CLASSE)
+    PERFIL::PERFIL() : ZpObject(number(Kind::KIND)) {}                                            \
+    static_assert(std::wstring_view(row(Kind::KIND).name) == L## #PERFIL);
+ZP_PERFIS(ZP_CLASS)
 
-ZP_CONSTRUTORES(ZpUDobrado, UDobrado, 11, 9)
-ZP_CONSTRUTORES(ZpZDobrado, ZDobrado, 12, 10)
-ZP_CONSTRUTORES(ZpCartola, Cartola, 8, 6)
-ZP_CONSTRUTORES(ZpCantoneiraDobrada, CantoneiraDobrada, 9, 7)
-ZP_CONSTRUTORES(ZpCaixaDobrado, CaixaDobrado, 9, 7)
-ZP_CONSTRUTORES(ZpBox, Box, 7, 5)
-ZP_DOIS_PONTOS(ZpTubo, Tubo, 2)
-ZP_CONSTRUTORES(ZpBarraRedonda, BarraRedonda, 3, 1)
-ZP_CONSTRUTORES(ZpCantTDobrada, CantTDobrada, 9, 7)
-ZP_CONSTRUTORES(ZpCantUDobrada, CantUDobrada, 9, 7)
-ZP_CONSTRUTORES(ZpXDobrado, XDobrado, 10, 8)
-ZP_CONSTRUTORES(ZpIDobrado, IDobrado, 10, 8)
-ZP_CONSTRUTORES(ZpBNLaminado, BNLaminado, 9, 7)
-ZP_CONSTRUTORES(ZpCantLaminada, CantLaminada, 11, 9)
-ZP_CONSTRUTORES(ZpCantLaminadaCaixa, CantLaminadaCaixa, 9, 7)
-ZP_CONSTRUTORES(ZpULaminado, ULaminado, 13, 11)
-ZP_CONSTRUTORES(ZpCantTEELaminada, CantTEELaminada, 12, 10)
-ZP_CONSTRUTORES(ZpCantULaminada, CantULaminada, 12, 10)
-ZP_CONSTRUTORES(ZpBNDuplaLaminada, BNDuplaLaminada, 10, 8)
-ZP_CONSTRUTORES(ZpCantCruzLaminada, CantCruzLaminada, 11, 9)
-ZP_CONSTRUTORES(ZpCantZLaminada, CantZLaminada, 11, 9)
-ZP_CONSTRUTORES(ZpUULaminado, UULaminado, 13, 11)
-ZP_CONSTRUTORES(Zp2ULaminado, DoisULaminado, 14, 12)
-ZP_CONSTRUTORES(ZpISoldado, ISoldado, 9, 7)
-ZP_UM_PONTO(ZpChapa, Chapa, 5)
+ZP_CONSTRUCTORS(ZpUDobrado, UDobrado, 11, 9)
+ZP_CONSTRUCTORS(ZpZDobrado, ZDobrado, 12, 10)
+ZP_CONSTRUCTORS(ZpCartola, Cartola, 8, 6)
+ZP_CONSTRUCTORS(ZpCantoneiraDobrada, CantoneiraDobrada, 9, 7)
+ZP_CONSTRUCTORS(ZpCaixaDobrado, CaixaDobrado, 9, 7)
+ZP_CONSTRUCTORS(ZpBox, Box, 7, 5)
+ZP_TWO_POINTS(ZpTubo, Tubo, 2)
+ZP_CONSTRUCTORS(ZpBarraRedonda, BarraRedonda, 3, 1)
+ZP_CONSTRUCTORS(ZpCantTDobrada, CantTDobrada, 9, 7)
+ZP_CONSTRUCTORS(ZpCantUDobrada, CantUDobrada, 9, 7)
+ZP_CONSTRUCTORS(ZpXDobrado, XDobrado, 10, 8)
+ZP_CONSTRUCTORS(ZpIDobrado, IDobrado, 10, 8)
+ZP_CONSTRUCTORS(ZpBNLaminado, BNLaminado, 9, 7)
+ZP_CONSTRUCTORS(ZpCantLaminada, CantLaminada, 11, 9)
+ZP_CONSTRUCTORS(ZpCantLaminadaCaixa, CantLaminadaCaixa, 9, 7)
+ZP_CONSTRUCTORS(ZpULaminado, ULaminado, 13, 11)
+ZP_CONSTRUCTORS(ZpCantTEELaminada, CantTEELaminada, 12, 10)
+ZP_CONSTRUCTORS(ZpCantULaminada, CantULaminada, 12, 10)
+ZP_CONSTRUCTORS(ZpBNDuplaLaminada, BNDuplaLaminada, 10, 8)
+ZP_CONSTRUCTORS(ZpCantCruzLaminada, CantCruzLaminada, 11, 9)
+ZP_CONSTRUCTORS(ZpCantZLaminada, CantZLaminada, 11, 9)
+ZP_CONSTRUCTORS(ZpUULaminado, UULaminado, 13, 11)
+ZP_CONSTRUCTORS(Zp2ULaminado, DoisULaminado, 14, 12)
+ZP_CONSTRUCTORS(ZpISoldado, ISoldado, 9, 7)
+ZP_ONE_POINT(ZpChapa, Chapa, 5)
 
 // The second form of the welded I has its view among the numbers.
-ZpISoldado::ZpISoldado(const AcGePoint3d& ponto, double H, double bc, double bb, double tc,
-                       double tb, double tw, double L, ZpVistas vista, double reservado1,
-                       double reservado2, double reservado3)
-    : ZpObject(numero(Classe::ISoldado), ponto, vista,
-               {H, bc, bb, tc, tb, tw, L, reservado1, reservado2, reservado3}) {}
+ZpISoldado::ZpISoldado(const AcGePoint3d& point, double H, double bc, double bb, double tc,
+                       double tb, double tw, double L, ZpVistas vista, double reserved1,
+                       double reserved2, double reserved3)
+    : ZpObject(number(Kind::ISoldado), point, vista,
+               {H, bc, bb, tc, tb, tw, L, reserved1, reserved2, reserved3}) {}
 
-ZpISoldado::ZpISoldado(const AcGePoint3d& inicio, const AcGePoint3d& fim, double H, double bc,
-                       double bb, double tc, double tb, double tw, ZpVistas vista,
-                       double reservado1, double reservado2)
-    : ZpObject(numero(Classe::ISoldado), inicio, fim, vista,
-               {H, bc, bb, tc, tb, tw, reservado1, reservado2}) {}
+ZpISoldado::ZpISoldado(const AcGePoint3d& start, const AcGePoint3d& end, double H, double bc,
+                       double bb, double tc, double tb, double tw, ZpVistas vista, double reserved1,
+                       double reserved2)
+    : ZpObject(number(Kind::ISoldado), start, end, vista,
+               {H, bc, bb, tc, tb, tw, reserved1, reserved2}) {}
 
 // That of the rolled I has its type among them.
-ZpILaminadoUSA::ZpILaminadoUSA(const AcGePoint3d& ponto, ZpVistas vista, double H, double B,
-                               double tw, double tf, ISolType tipo, double reservado1,
-                               double reservado2, double L, double A, double m)
-    : ZpObject(numero(Classe::ILaminadoUSA), ponto, vista,
-               {H, B, tw, tf, static_cast<double>(tipo), reservado1, reservado2, L, A, m}) {}
+ZpILaminadoUSA::ZpILaminadoUSA(const AcGePoint3d& point, ZpVistas vista, double H, double B,
+                               double tw, double tf, ISolType type, double reserved1,
+                               double reserved2, double L, double A, double m)
+    : ZpObject(number(Kind::ILaminadoUSA), point, vista,
+               {H, B, tw, tf, static_cast<double>(type), reserved1, reserved2, L, A, m}) {}
 
-ZpILaminadoUSA::ZpILaminadoUSA(const AcGePoint3d& inicio, const AcGePoint3d& fim, ZpVistas vista,
-                               double H, double B, double tw, double tf, ISolType tipo,
-                               double reservado1, double A, double m)
-    : ZpObject(numero(Classe::ILaminadoUSA), inicio, fim, vista,
-               {H, B, tw, tf, static_cast<double>(tipo), reservado1, A, m}) {}
+ZpILaminadoUSA::ZpILaminadoUSA(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista,
+                               double H, double B, double tw, double tf, ISolType type,
+                               double reserved1, double A, double m)
+    : ZpObject(number(Kind::ILaminadoUSA), start, end, vista,
+               {H, B, tw, tf, static_cast<double>(type), reserved1, A, m}) {}
 
-static_assert(quantos(linha(Classe::ISoldado).umPonto[1]) == 10 &&
-              quantos(linha(Classe::ISoldado).doisPontos[1]) == 8 &&
-              quantos(linha(Classe::ILaminadoUSA).umPonto[0]) == 10 &&
-              quantos(linha(Classe::ILaminadoUSA).doisPontos[0]) == 8);
-static_assert(comoNaTabela<ZpTubo, Classe::Tubo>() && comoNaTabela<ZpChapa, Classe::Chapa>());
+static_assert(count(row(Kind::ISoldado).onePoint[1]) == 10 &&
+              count(row(Kind::ISoldado).twoPoints[1]) == 8 &&
+              count(row(Kind::ILaminadoUSA).onePoint[0]) == 10 &&
+              count(row(Kind::ILaminadoUSA).twoPoints[0]) == 8);
+static_assert(asInTable<ZpTubo, Kind::Tubo>() && asInTable<ZpChapa, Kind::Chapa>());
 
-#define ZP_DEFINE_VALOR(PERFIL, NOME, PAPEL)              \
-    Acad::ErrorStatus PERFIL::NOME(double& valor) const { \
-        return leValor(numero(Papel::PAPEL), valor);      \
+#define ZP_DEFINE_VALUE(PERFIL, NAME, ROLE)               \
+    Acad::ErrorStatus PERFIL::NAME(double& value) const { \
+        return readValue(number(Role::ROLE), value);      \
     }                                                     \
-    Acad::ErrorStatus PERFIL::set##NOME(double valor) {   \
-        return gravaValor(numero(Papel::PAPEL), valor);   \
+    Acad::ErrorStatus PERFIL::set##NAME(double value) {   \
+        return writeValue(number(Role::ROLE), value);     \
     }
-#define ZP_DEFINE_ROLADO(PERFIL)           \
-    ZP_DEFINE_VALOR(PERFIL, KgMetro, M)    \
-    ZP_DEFINE_VALOR(PERFIL, Area, A)       \
-    ZP_DEFINE_VALOR(PERFIL, RaioDobra, Ri) \
-    ZP_DEFINE_VALOR(PERFIL, Espessura, T)
-#define ZP_DEFINE_EIXOS(PERFIL)        \
-    ZP_DEFINE_VALOR(PERFIL, EixoX, Ex) \
-    ZP_DEFINE_VALOR(PERFIL, EixoY, Ey)
+#define ZP_DEFINE_ROLLED(PERFIL)           \
+    ZP_DEFINE_VALUE(PERFIL, KgMetro, M)    \
+    ZP_DEFINE_VALUE(PERFIL, Area, A)       \
+    ZP_DEFINE_VALUE(PERFIL, RaioDobra, Ri) \
+    ZP_DEFINE_VALUE(PERFIL, Espessura, T)
+#define ZP_DEFINE_AXES(PERFIL)         \
+    ZP_DEFINE_VALUE(PERFIL, EixoX, Ex) \
+    ZP_DEFINE_VALUE(PERFIL, EixoY, Ey)
 
-ZP_DEFINE_ROLADO(ZpBNLaminado)
-ZP_DEFINE_ROLADO(ZpCantLaminada)
-ZP_DEFINE_EIXOS(ZpCantLaminada)
-ZP_DEFINE_ROLADO(ZpCantLaminadaCaixa)
-ZP_DEFINE_ROLADO(ZpULaminado)
-ZP_DEFINE_VALOR(ZpULaminado, EixoX, Ex)
-ZP_DEFINE_ROLADO(ZpCantTEELaminada)
-ZP_DEFINE_EIXOS(ZpCantTEELaminada)
-ZP_DEFINE_ROLADO(ZpCantULaminada)
-ZP_DEFINE_EIXOS(ZpCantULaminada)
-ZP_DEFINE_ROLADO(ZpBNDuplaLaminada)
-ZP_DEFINE_ROLADO(ZpCantCruzLaminada)
-ZP_DEFINE_ROLADO(ZpCantZLaminada)
-ZP_DEFINE_ROLADO(ZpUULaminado)
-ZP_DEFINE_ROLADO(Zp2ULaminado)
-ZP_DEFINE_VALOR(ZpTubo, Diametro, D)
-ZP_DEFINE_VALOR(ZpTubo, DiametroInt, Dint)
+ZP_DEFINE_ROLLED(ZpBNLaminado)
+ZP_DEFINE_ROLLED(ZpCantLaminada)
+ZP_DEFINE_AXES(ZpCantLaminada)
+ZP_DEFINE_ROLLED(ZpCantLaminadaCaixa)
+ZP_DEFINE_ROLLED(ZpULaminado)
+ZP_DEFINE_VALUE(ZpULaminado, EixoX, Ex)
+ZP_DEFINE_ROLLED(ZpCantTEELaminada)
+ZP_DEFINE_AXES(ZpCantTEELaminada)
+ZP_DEFINE_ROLLED(ZpCantULaminada)
+ZP_DEFINE_AXES(ZpCantULaminada)
+ZP_DEFINE_ROLLED(ZpBNDuplaLaminada)
+ZP_DEFINE_ROLLED(ZpCantCruzLaminada)
+ZP_DEFINE_ROLLED(ZpCantZLaminada)
+ZP_DEFINE_ROLLED(ZpUULaminado)
+ZP_DEFINE_ROLLED(Zp2ULaminado)
+ZP_DEFINE_VALUE(ZpTubo, Diametro, D)
+ZP_DEFINE_VALUE(ZpTubo, DiametroInt, Dint)
 
-double ZpULaminado::calcDeslocF(double b, double t) { return zp::secao::deslocamentoFlange(b, t); }
+double ZpULaminado::calcDeslocF(double b, double t) { return zp::secao::halfFlangeFall(b, t); }
 
-Acad::ErrorStatus ZpTubo::KgMetro(double& valor) const {
-    valor = getLinearWeight();
+Acad::ErrorStatus ZpTubo::KgMetro(double& value) const {
+    value = getLinearWeight();
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpTubo::Area(double& valor) const {
-    valor = getArea();
+Acad::ErrorStatus ZpTubo::Area(double& value) const {
+    value = getArea();
     return Acad::eOk;
 }
 
@@ -234,39 +234,39 @@ Acad::ErrorStatus ZpTubo::Area(double& valor) const {
 // command widens them by the wall and so dimensions the outer one.
 void ZpTubo::GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,
                                    AcGePoint3d& f3) const {
-    const zp::Peca& p = zp::Acesso::de(*this);
-    if (!p.emSecao()) return ZpObject::GetLimitPointsOfFaces(f0, f1, f2, f3);
+    const zp::Peca& p = zp::Access::of(*this);
+    if (!p.inSecao()) return ZpObject::GetLimitPointsOfFaces(f0, f1, f2, f3);
     assertReadEnabled();
-    const double meio = 0.5 * p.papeis()[Papel::Dint];
-    const zp::Quadro q = p.quadro();
-    f0 = q.paraFora(-meio, meio);
-    f1 = q.paraFora(-meio, -meio);
-    f2 = q.paraFora(meio, meio);
-    f3 = q.paraFora(meio, -meio);
+    const double half = 0.5 * p.roles()[Role::Dint];
+    const zp::Frame q = p.frame();
+    f0 = q.toWorld(-half, half);
+    f1 = q.toWorld(-half, -half);
+    f2 = q.toWorld(half, half);
+    f3 = q.toWorld(half, -half);
 }
 
-Acad::ErrorStatus ZpISoldado::setSubType(SubType tipo) {
-    if (tipo < kFavoritos || tipo > kCS) return Acad::eInvalidInput;
+Acad::ErrorStatus ZpISoldado::setSubType(SubType type) {
+    if (type < kFavoritos || type > kCS) return Acad::eInvalidInput;
     assertWriteEnabled();
-    zp::Peca& p = zp::Acesso::de(*this);
-    p.subtipo = static_cast<std::uint8_t>(tipo);
-    p.barraVelha = true;
+    zp::Peca& p = zp::Access::of(*this);
+    p.series = static_cast<std::uint8_t>(type);
+    p.barraStale = true;
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpISoldado::subType(SubType& tipo) const {
+Acad::ErrorStatus ZpISoldado::subType(SubType& type) const {
     assertReadEnabled();
-    tipo = static_cast<SubType>(zp::Acesso::de(*this).subtipo);
+    type = static_cast<SubType>(zp::Access::of(*this).series);
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpChapa::espessura(double& valor) const {
-    valor = getEspessura();
+Acad::ErrorStatus ZpChapa::espessura(double& value) const {
+    value = getEspessura();
     return Acad::eOk;
 }
 
-Acad::ErrorStatus ZpChapa::largura(double& valor) const {
-    valor = getLargura();
+Acad::ErrorStatus ZpChapa::largura(double& value) const {
+    value = getLargura();
     return Acad::eOk;
 }
 
@@ -275,25 +275,25 @@ double ZpChapa::getVolume() const { return getLargura() * getEspessura() * getCo
 namespace zp {
 namespace {
 
-struct ClasseZp {
-    void (*inicia)();
-    AcRxClass* (*descricao)();
+struct ZpClass {
+    void (*init)();
+    AcRxClass* (*description)();
 };
 
-#define ZP_REGISTRO(PERFIL, CLASSE, DXF) {PERFIL::rxInit, PERFIL::desc},
-constexpr ClasseZp kClassesZp[] = {ZP_PERFIS(ZP_REGISTRO)};
-static_assert(std::size(kClassesZp) == static_cast<std::size_t>(Classe::kTotal) - 1);
+#define ZP_ENTRY(PERFIL, KIND, DXF) {PERFIL::rxInit, PERFIL::desc},
+constexpr ZpClass kZpClasses[] = {ZP_PERFIS(ZP_ENTRY)};
+static_assert(std::size(kZpClasses) == static_cast<std::size_t>(Kind::kTotal) - 1);
 
 }  // namespace
 
-void registraClasses() {
+void registerClasses() {
     ZpObject::rxInit();
-    for (const ClasseZp& c : kClassesZp) c.inicia();
+    for (const ZpClass& c : kZpClasses) c.init();
     acrxBuildClassHierarchy();
 }
 
-void retiraClasses() {
-    for (const ClasseZp& c : kClassesZp) deleteAcRxClass(c.descricao());
+void unregisterClasses() {
+    for (const ZpClass& c : kZpClasses) deleteAcRxClass(c.description());
     deleteAcRxClass(ZpObject::desc());
 }
 

@@ -13,26 +13,26 @@
 
 namespace {
 
-void copia(const ACHAR* de, wchar_t (&para)[128]) {
-    const std::size_t n = std::min(std::wcslen(de), std::size(para) - 1);
-    *std::copy_n(de, n, para) = L'\0';
+void copy(const ACHAR* from, wchar_t (&target)[128]) {
+    const std::size_t n = std::min(std::wcslen(from), std::size(target) - 1);
+    *std::copy_n(from, n, target) = L'\0';
 }
 
 /// Fields in the order in which they are written: role, profile, dimensions, length, mass.
-bool decifra(const resbuf* lista, tagZP_GBARRA& barra) {
-    constexpr short kOrdem[] = {AcDb::kDxfRegAppName,    AcDb::kDxfXdInteger16,
+bool decode(const resbuf* list, tagZP_GBARRA& barra) {
+    constexpr short kOrder[] = {AcDb::kDxfRegAppName,    AcDb::kDxfXdInteger16,
                                 AcDb::kDxfXdAsciiString, AcDb::kDxfXdAsciiString,
                                 AcDb::kDxfXdReal,        AcDb::kDxfXdReal};
-    const resbuf* campo[std::size(kOrdem)] = {};
-    for (std::size_t i = 0; i < std::size(kOrdem); ++i, lista = lista->rbnext) {
-        if (lista == nullptr || lista->restype != kOrdem[i]) return false;
-        campo[i] = lista;
+    const resbuf* field[std::size(kOrder)] = {};
+    for (std::size_t i = 0; i < std::size(kOrder); ++i, list = list->rbnext) {
+        if (list == nullptr || list->restype != kOrder[i]) return false;
+        field[i] = list;
     }
-    barra.tipo = campo[1]->resval.rint;
-    copia(campo[2]->resval.rstring, barra.perfil);
-    copia(campo[3]->resval.rstring, barra.dimensoes);
-    barra.comprimento = campo[4]->resval.rreal;
-    barra.peso = campo[5]->resval.rreal;
+    barra.type = field[1]->resval.rint;
+    copy(field[2]->resval.rstring, barra.perfil);
+    copy(field[3]->resval.rstring, barra.dimensoes);
+    barra.comprimento = field[4]->resval.rreal;
+    barra.peso = field[5]->resval.rreal;
     return true;
 }
 
@@ -41,10 +41,10 @@ bool decifra(const resbuf* lista, tagZP_GBARRA& barra) {
 int GetXDataEntStObject(AcDbObjectId id, tagZP_GBARRA* barra) {
     if (barra == nullptr) return RTERROR;
     // Objects still open for write are not readable by others, so their data count as absent.
-    const AcDbObjectPointer<AcDbEntity> entidade(id, AcDb::kForRead);
-    if (entidade.object() == nullptr) return RTERROR;
-    const zp::Corrente lista(entidade->xData(kZpGBarraApp));
-    return lista && decifra(lista.get(), *barra) ? RTNORM : RTERROR;
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+    if (entity.object() == nullptr) return RTERROR;
+    const zp::BufferChain list(entity->xData(kZpGBarraApp));
+    return list && decode(list.get(), *barra) ? RTNORM : RTERROR;
 }
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {

@@ -12,321 +12,321 @@
 namespace zp::secao {
 namespace {
 
-using enum Papel;
+using enum Role;
 constexpr double kPi = std::numbers::pi;
-constexpr double kRaiz2 = std::numbers::sqrt2;
+constexpr double kRoot2 = std::numbers::sqrt2;
 /// cot(phi/2) - (pi - phi)/2 for phi = pi/2 + atan(1/6): area of the fillet in a tapered corner
 /// over r^2.
-const double kFileteCunha = [] {
+const double kTaperFillet = [] {
     const double phi = 0.5 * kPi + std::atan(1.0 / 6.0);
     return 1.0 / std::tan(0.5 * phi) - 0.5 * (kPi - phi);
 }();
 
-struct Faixa {
+struct Strip {
     double comprimento;
     double espessura;
 };
 
 /// Torsion constant of open thin strips: sum of l t^3 / 3.
-double torcaoAberta(std::initializer_list<Faixa> faixas) {
-    double soma = 0.0;
-    for (const Faixa& f : faixas)
-        soma += std::max(0.0, f.comprimento) * f.espessura * f.espessura * f.espessura / 3.0;
-    return soma;
+double openTorsion(std::initializer_list<Strip> strips) {
+    double sum = 0.0;
+    for (const Strip& f : strips)
+        sum += std::max(0.0, f.comprimento) * f.espessura * f.espessura * f.espessura / 3.0;
+    return sum;
 }
 
 /// Strip of constant thickness: its mid-line is as long as area over thickness.
-double torcaoChapa(const Laco& laco, double t) {
-    return t > 0.0 ? torcaoAberta({{area(laco) / t, t}}) : 0.0;
+double stripTorsion(const Loop& loop, double t) {
+    return t > 0.0 ? openTorsion({{area(loop) / t, t}}) : 0.0;
 }
 
-Montagem uma(Bloco bloco, double torcao) {
-    return {{std::move(bloco.laco)}, bloco.invalido, torcao, 0.0};
+Assembly one(Block block, double torsion) {
+    return {{std::move(block.loop)}, block.invalid, torsion, 0.0};
 }
 
 /// Two pieces of equal torsion.
-Montagem duas(Bloco primeira, Bloco segunda, double torcao) {
-    const bool invalida = primeira.invalido || segunda.invalido;
-    return {{std::move(primeira.laco), std::move(segunda.laco)}, invalida, 2.0 * torcao, 0.0};
+Assembly two(Block first, Block second, double torsion) {
+    const bool invalid = first.invalid || second.invalid;
+    return {{std::move(first.loop), std::move(second.loop)}, invalid, 2.0 * torsion, 0.0};
 }
 
-Montagem comMeiaVolta(const Bloco& bloco, double torcao) {
-    Bloco outra = bloco;
-    meiaVolta(outra.laco);
-    return duas(bloco, std::move(outra), torcao);
+Assembly withHalfTurn(const Block& block, double torsion) {
+    Block other = block;
+    halfTurn(other.loop);
+    return two(block, std::move(other), torsion);
 }
 
-Montagem comEspelho(const Bloco& bloco, double torcao) {
-    Bloco outra = bloco;
-    espelha(outra.laco);
-    return duas(bloco, std::move(outra), torcao);
+Assembly withMirror(const Block& block, double torsion) {
+    Block other = block;
+    mirror(other.loop);
+    return two(block, std::move(other), torsion);
 }
 
-double finito(double v) { return std::isfinite(v) ? std::clamp(v, -1e9, 1e9) : 0.0; }
+double finite(double v) { return std::isfinite(v) ? std::clamp(v, -1e9, 1e9) : 0.0; }
 
-MedidasU medidasU(const Dados& d, double aba) {
+MedidasU medidasU(const RoleValues& d, double aba) {
     const double b2 = d[B2] != 0.0 ? d[B2] : d[B1];
     return {d[H], d[B1], b2, d[T], d[Ri], d[Ang1], d[Ang2], aba};
 }
 
 /// Outside width of two pieces of width b, at least that of the pieces touching.
-double larguraTotal(double w, double b) { return std::max(finito(w), 2.0 * finito(b)); }
+double totalLargura(double w, double b) { return std::max(finite(w), 2.0 * finite(b)); }
 
-Laco circulo(double d, bool furo) { return {{}, furo, 0.5 * d, {}}; }
+Loop circle(double d, bool hole) { return {{}, hole, 0.5 * d, {}}; }
 
-double torcaoL(const Dados& d) {
+double lTorsion(const RoleValues& d) {
     const double b = d[B1] != 0.0 ? d[B1] : d[H];
-    return torcaoAberta({{finito(d[H]) + finito(b) - finito(d[T]), finito(d[T])}});
+    return openTorsion({{finite(d[H]) + finite(b) - finite(d[T]), finite(d[T])}});
 }
 
-Bloco lLaminado(const Dados& d) {
+Block lLaminado(const RoleValues& d) {
     return cantoneiraLaminada(d[H], d[B1] != 0.0 ? d[B1] : d[H], d[T], d[Ri]);
 }
 
 /// Rolled angle with the heel lower left, legs b to the right and h up: the mirror image in y of
 /// the standing one.
-Bloco lDePe(const Dados& d) {
-    Bloco l = lLaminado(d);
-    espelha(l.laco);
-    meiaVolta(l.laco);
+Block lStanding(const RoleValues& d) {
+    Block l = lLaminado(d);
+    mirror(l.loop);
+    halfTurn(l.loop);
     return l;
 }
 
 /// One rolled U of a section of n equal ones, web back on x = 0.
-struct UmU {
-    Bloco bloco;
-    double torcao;
+struct OneU {
+    Block block;
+    double torsion;
 };
 
-UmU umU(const Dados& d, int n) {
+OneU oneU(const RoleValues& d, int n) {
     const double b2 = d[B2] != 0.0 ? d[B2] : d[B1];
-    const double area = finito(d[A]) / n;
-    const double tfS = flangeMedia(area, d[H], d[B1], b2, d[T], d[Tf1]);
-    const double tfI = flangeMedia(area, d[H], d[B1], b2, d[T], d[Tf2]);
-    const double t = finito(d[T]);
-    const double j = torcaoAberta({{finito(d[H]) - 0.5 * (tfS + tfI), t},
-                                   {finito(d[B1]) - 0.5 * t, tfS},
-                                   {finito(b2) - 0.5 * t, tfI}});
-    return {uLaminado({d[H], d[B1], b2, d[T], tfS, tfI, d[Ri]}), j};
+    const double area = finite(d[A]) / n;
+    const double tfUpper = meanFlange(area, d[H], d[B1], b2, d[T], d[Tf1]);
+    const double tfLower = meanFlange(area, d[H], d[B1], b2, d[T], d[Tf2]);
+    const double t = finite(d[T]);
+    const double j = openTorsion({{finite(d[H]) - 0.5 * (tfUpper + tfLower), t},
+                                  {finite(d[B1]) - 0.5 * t, tfUpper},
+                                  {finite(b2) - 0.5 * t, tfLower}});
+    return {uLaminado({d[H], d[B1], b2, d[T], tfUpper, tfLower, d[Ri]}), j};
 }
 
-double raizRolada(double resto, double divisor, double cabe) {
-    return resto > 0.0 ? std::min(std::sqrt(resto / divisor), cabe) : 0.0;
+double rolledRoot(double rest, double divisor, double room) {
+    return rest > 0.0 ? std::min(std::sqrt(rest / divisor), room) : 0.0;
 }
 
 }  // namespace
 
-double flangeMedia(double area, double h, double bSup, double bInf, double t, double declarada) {
-    const double aba = finito(bSup) + finito(bInf) - 2.0 * finito(t);
-    if (!(finito(area) > 0.0) || !(aba > 0.0)) return finito(declarada);
-    const double tf = (finito(area) - finito(h) * finito(t)) / aba;
-    return std::max(0.5 * finito(t), std::min(tf, 0.25 * finito(h)));
+double meanFlange(double area, double h, double bUpper, double bLower, double t, double declared) {
+    const double aba = finite(bUpper) + finite(bLower) - 2.0 * finite(t);
+    if (!(finite(area) > 0.0) || !(aba > 0.0)) return finite(declared);
+    const double tf = (finite(area) - finite(h) * finite(t)) / aba;
+    return std::max(0.5 * finite(t), std::min(tf, 0.25 * finite(h)));
 }
 
-double abaEfetiva(double aba, double t) {
-    return std::abs(finito(aba)) > finito(t) ? finito(aba) : 0.0;
+double effectiveAba(double aba, double t) {
+    return std::abs(finite(aba)) > finite(t) ? finite(aba) : 0.0;
 }
 
-Montagem montagem::nenhuma(const Dados&) { return {}; }
+Assembly assembly::none(const RoleValues&) { return {}; }
 
-Montagem montagem::uDobradoSimples(const Dados& d) {
-    Bloco u = uDobrado(medidasU(d, d[Aba]));
-    move(u.laco, -finito(d[B1]) / 3.0, 0.0);
-    const double j = torcaoChapa(u.laco, d[T]);
-    return uma(std::move(u), j);
+Assembly assembly::uDobradoSingle(const RoleValues& d) {
+    Block u = uDobrado(medidasU(d, d[Aba]));
+    move(u.loop, -finite(d[B1]) / 3.0, 0.0);
+    const double j = stripTorsion(u.loop, d[T]);
+    return one(std::move(u), j);
 }
 
-Montagem montagem::z(const Dados& d) {
-    Bloco b = zDobrado(d[H], d[B1], d[Aba], d[T], d[Ri], d[Ang1], d[Ang2]);
-    const double j = torcaoChapa(b.laco, d[T]);
-    return uma(std::move(b), j);
+Assembly assembly::z(const RoleValues& d) {
+    Block b = zDobrado(d[H], d[B1], d[Aba], d[T], d[Ri], d[Ang1], d[Ang2]);
+    const double j = stripTorsion(b.loop, d[T]);
+    return one(std::move(b), j);
 }
 
-Montagem montagem::chapeu(const Dados& d) {
-    Bloco b = cartola(d[H], d[B1], d[T], d[Ri], d[Aba]);
-    const double j = torcaoChapa(b.laco, d[T]);
-    return uma(std::move(b), j);
+Assembly assembly::cartolaSingle(const RoleValues& d) {
+    Block b = cartola(d[H], d[B1], d[T], d[Ri], d[Aba]);
+    const double j = stripTorsion(b.loop, d[T]);
+    return one(std::move(b), j);
 }
 
-Montagem montagem::cantoneira(const Dados& d) {
-    Bloco b = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], d[Ang1]);
-    move(b.laco, -finito(d[B1]) / 3.0, finito(d[H]) / 3.0);
-    const double j = torcaoChapa(b.laco, d[T]);
-    return uma(std::move(b), j);
+Assembly assembly::cantoneira(const RoleValues& d) {
+    Block b = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], d[Ang1]);
+    move(b.loop, -finite(d[B1]) / 3.0, finite(d[H]) / 3.0);
+    const double j = stripTorsion(b.loop, d[T]);
+    return one(std::move(b), j);
 }
 
-Montagem montagem::caixaDobrado(const Dados& d) {
-    Bloco u = uDobrado(medidasU(d, std::max(0.0, finito(d[Aba]))));
-    const double w = larguraTotal(d[Vao], d[B1]);
-    const double j = torcaoChapa(u.laco, d[T]);
-    const double externo = w > 2.0 * finito(d[B1]) ? 0.0 : 2.0 * contornoExterno(u);
-    move(u.laco, -0.5 * w, 0.0);
-    Montagem m = comMeiaVolta(u, j);
-    m.contornoExterno = externo;
+Assembly assembly::caixaDobrado(const RoleValues& d) {
+    Block u = uDobrado(medidasU(d, std::max(0.0, finite(d[Aba]))));
+    const double w = totalLargura(d[Vao], d[B1]);
+    const double j = stripTorsion(u.loop, d[T]);
+    const double outer = w > 2.0 * finite(d[B1]) ? 0.0 : 2.0 * outerOutline(u);
+    move(u.loop, -0.5 * w, 0.0);
+    Assembly m = withHalfTurn(u, j);
+    m.outerOutline = outer;
     return m;
 }
 
-Montagem montagem::tuboRetangular(const Dados& d) {
+Assembly assembly::tuboRectangular(const RoleValues& d) {
     const double h = d[H];
     const double b = d[B1];
     const double t = d[T];
-    const double ri = std::max(0.0, finito(d[Ri]));
-    const bool oco = t > 0.0 && 2.0 * t < std::min(h, b);
-    Bloco fora = retangulo(b, h, oco ? ri + t : 0.0, false);
-    Montagem m{{fora.laco}, fora.invalido || !oco, 0.0, 0.0};
-    if (!oco) return m;
-    Bloco furo = retangulo(b - 2.0 * t, h - 2.0 * t, ri, true);
-    m.lacos.push_back(std::move(furo.laco));
+    const double ri = std::max(0.0, finite(d[Ri]));
+    const bool hollow = t > 0.0 && 2.0 * t < std::min(h, b);
+    Block outside = rectangle(b, h, hollow ? ri + t : 0.0, false);
+    Assembly m{{outside.loop}, outside.invalid || !hollow, 0.0, 0.0};
+    if (!hollow) return m;
+    Block hole = rectangle(b - 2.0 * t, h - 2.0 * t, ri, true);
+    m.loops.push_back(std::move(hole.loop));
     // Bredt on the mid-line, whose corners have the mean of both radii.
-    const double raio = 0.5 * (m.lacos[0].vertices[0].raio + m.lacos[1].vertices[0].raio);
-    const double area = (b - t) * (h - t) - (4.0 - kPi) * raio * raio;
-    const double volta = 2.0 * (b + h - 2.0 * t) - (8.0 - 2.0 * kPi) * raio;
-    m.torcao = 4.0 * area * area * t / volta;
+    const double radius = 0.5 * (m.loops[0].vertices[0].radius + m.loops[1].vertices[0].radius);
+    const double area = (b - t) * (h - t) - (4.0 - kPi) * radius * radius;
+    const double around = 2.0 * (b + h - 2.0 * t) - (8.0 - 2.0 * kPi) * radius;
+    m.torsion = 4.0 * area * area * t / around;
     return m;
 }
 
-Montagem montagem::redondo(const Dados& d) {
-    const double fora = std::max(0.0, finito(d[D]));
-    const double dentro = finito(d[Dint]);
-    if (!(fora > 0.0)) return {{retangulo(0.0, 0.0, 0.0, false).laco}, true, 0.0, 0.0};
-    Montagem m{{circulo(fora, false)}, dentro >= fora, 0.0, 0.0};
-    const bool oco = dentro > 0.0 && dentro < fora;
-    if (!oco) {
-        m.torcao = kPi * fora * fora * fora * fora / 32.0;
+Assembly assembly::redondo(const RoleValues& d) {
+    const double outside = std::max(0.0, finite(d[D]));
+    const double inside = finite(d[Dint]);
+    if (!(outside > 0.0)) return {{rectangle(0.0, 0.0, 0.0, false).loop}, true, 0.0, 0.0};
+    Assembly m{{circle(outside, false)}, inside >= outside, 0.0, 0.0};
+    const bool hollow = inside > 0.0 && inside < outside;
+    if (!hollow) {
+        m.torsion = kPi * outside * outside * outside * outside / 32.0;
         return m;
     }
-    m.lacos.push_back(circulo(dentro, true));
-    const double raio = 0.25 * (fora + dentro);
-    m.torcao = 2.0 * kPi * raio * raio * raio * 0.5 * (fora - dentro);
+    m.loops.push_back(circle(inside, true));
+    const double radius = 0.25 * (outside + inside);
+    m.torsion = 2.0 * kPi * radius * radius * radius * 0.5 * (outside - inside);
     return m;
 }
 
-Montagem montagem::bn(const Dados& d) {
-    Bloco l = lLaminado(d);
-    gira(l.laco, 0.25 * kPi);
-    move(l.laco, 2.0 * finito(d[E]), 0.0);
-    return uma(std::move(l), torcaoL(d));
+Assembly assembly::bn(const RoleValues& d) {
+    Block l = lLaminado(d);
+    rotate(l.loop, 0.25 * kPi);
+    move(l.loop, 2.0 * finite(d[E]), 0.0);
+    return one(std::move(l), lTorsion(d));
 }
 
-Montagem montagem::cantLaminada(const Dados& d) {
-    Bloco l = lLaminado(d);
-    move(l.laco, -finito(d[Ex]), finito(d[H]) - finito(d[Ey]));
-    return uma(std::move(l), torcaoL(d));
+Assembly assembly::cantLaminada(const RoleValues& d) {
+    Block l = lLaminado(d);
+    move(l.loop, -finite(d[Ex]), finite(d[H]) - finite(d[Ey]));
+    return one(std::move(l), lTorsion(d));
 }
 
-Montagem montagem::caixaDeCantoneiras(const Dados& d) {
-    Bloco l = lDePe(d);
-    const double t = finito(d[T]);
-    const double q = l.invalido ? 0.0 : std::min({0.5 * std::max(0.0, finito(d[Ri])), t});
-    const double externo = 2.0 * (finito(d[H]) + finito(d[B1]) + t + 0.5 * kPi * q);
-    move(l.laco, -0.5 * finito(d[B1]), -0.5 * (finito(d[H]) + t));
-    Montagem m = comMeiaVolta(l, torcaoL(d));
-    m.contornoExterno = externo;
+Assembly assembly::caixaOfCantoneiras(const RoleValues& d) {
+    Block l = lStanding(d);
+    const double t = finite(d[T]);
+    const double q = l.invalid ? 0.0 : std::min({0.5 * std::max(0.0, finite(d[Ri])), t});
+    const double outer = 2.0 * (finite(d[H]) + finite(d[B1]) + t + 0.5 * kPi * q);
+    move(l.loop, -0.5 * finite(d[B1]), -0.5 * (finite(d[H]) + t));
+    Assembly m = withHalfTurn(l, lTorsion(d));
+    m.outerOutline = outer;
     return m;
 }
 
-Montagem montagem::uLaminadoSimples(const Dados& d) {
-    UmU u = umU(d, 1);
-    move(u.bloco.laco, -finito(d[Ex]), 0.0);
-    return uma(std::move(u.bloco), u.torcao);
+Assembly assembly::uLaminadoSingle(const RoleValues& d) {
+    OneU u = oneU(d, 1);
+    move(u.block.loop, -finite(d[Ex]), 0.0);
+    return one(std::move(u.block), u.torsion);
 }
 
-Montagem montagem::tDobrada(const Dados& d) {
-    Bloco l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
-    const double j = torcaoChapa(l.laco, d[T]);
-    move(l.laco, 0.5 * finito(d[Vao]), finito(d[H]) / 3.0);
-    return comEspelho(l, j);
+Assembly assembly::tDobrada(const RoleValues& d) {
+    Block l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
+    const double j = stripTorsion(l.loop, d[T]);
+    move(l.loop, 0.5 * finite(d[Vao]), finite(d[H]) / 3.0);
+    return withMirror(l, j);
 }
 
-Montagem montagem::uDeDobradas(const Dados& d) {
-    Bloco l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
-    const double j = torcaoChapa(l.laco, d[T]);
-    move(l.laco, -0.5 * larguraTotal(d[Vao], d[B1]), finito(d[H]) / 3.0);
-    return comEspelho(l, j);
+Assembly assembly::uOfDobradas(const RoleValues& d) {
+    Block l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
+    const double j = stripTorsion(l.loop, d[T]);
+    move(l.loop, -0.5 * totalLargura(d[Vao], d[B1]), finite(d[H]) / 3.0);
+    return withMirror(l, j);
 }
 
-Montagem montagem::xDobrado(const Dados& d) {
-    Bloco l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
-    const double j = torcaoChapa(l.laco, d[T]);
+Assembly assembly::xDobrado(const RoleValues& d) {
+    Block l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
+    const double j = stripTorsion(l.loop, d[T]);
     // The bend, not the unrounded heel, touches the gap.
-    const double raio = l.laco.vertices[0].raio;
-    gira(l.laco, 0.25 * kPi);
-    move(l.laco, 0.5 * finito(d[Vao]) - raio * (kRaiz2 - 1.0), 0.0);
-    return comEspelho(l, j);
+    const double radius = l.loop.vertices[0].radius;
+    rotate(l.loop, 0.25 * kPi);
+    move(l.loop, 0.5 * finite(d[Vao]) - radius * (kRoot2 - 1.0), 0.0);
+    return withMirror(l, j);
 }
 
-Montagem montagem::tLaminada(const Dados& d) {
-    Bloco l = lLaminado(d);
-    move(l.laco, 0.5 * finito(d[Vao]), finito(d[H]) - finito(d[Ey]));
-    return comEspelho(l, torcaoL(d));
+Assembly assembly::tLaminada(const RoleValues& d) {
+    Block l = lLaminado(d);
+    move(l.loop, 0.5 * finite(d[Vao]), finite(d[H]) - finite(d[Ey]));
+    return withMirror(l, lTorsion(d));
 }
 
-Montagem montagem::uDeLaminadas(const Dados& d) {
-    Bloco l = lLaminado(d);
-    move(l.laco, -0.5 * larguraTotal(d[Vao], d[B1]), finito(d[H]) - finito(d[Ey]));
-    return comEspelho(l, torcaoL(d));
+Assembly assembly::uOfLaminadas(const RoleValues& d) {
+    Block l = lLaminado(d);
+    move(l.loop, -0.5 * totalLargura(d[Vao], d[B1]), finite(d[H]) - finite(d[Ey]));
+    return withMirror(l, lTorsion(d));
 }
 
-Montagem montagem::bnDupla(const Dados& d) {
-    Bloco l = lLaminado(d);
-    gira(l.laco, 0.25 * kPi);
-    move(l.laco, 0.5 * finito(d[Vao]), 0.0);
-    return comEspelho(l, torcaoL(d));
+Assembly assembly::bnDouble(const RoleValues& d) {
+    Block l = lLaminado(d);
+    rotate(l.loop, 0.25 * kPi);
+    move(l.loop, 0.5 * finite(d[Vao]), 0.0);
+    return withMirror(l, lTorsion(d));
 }
 
-Montagem montagem::cruz(const Dados& d) {
-    Bloco l = lDePe(d);
-    move(l.laco, 0.5 * finito(d[Vao]), 0.5 * finito(d[VaoV]));
-    return comMeiaVolta(l, torcaoL(d));
+Assembly assembly::cruz(const RoleValues& d) {
+    Block l = lStanding(d);
+    move(l.loop, 0.5 * finite(d[Vao]), 0.5 * finite(d[VaoV]));
+    return withHalfTurn(l, lTorsion(d));
 }
 
-Montagem montagem::zDeLaminadas(const Dados& d) {
-    Bloco l = lLaminado(d);
-    espelha(l.laco);
-    move(l.laco, -0.5 * finito(d[Vao]), 0.5 * (finito(d[H]) + finito(d[VaoV])));
-    return comMeiaVolta(l, torcaoL(d));
+Assembly assembly::zOfLaminadas(const RoleValues& d) {
+    Block l = lLaminado(d);
+    mirror(l.loop);
+    move(l.loop, -0.5 * finite(d[Vao]), 0.5 * (finite(d[H]) + finite(d[VaoV])));
+    return withHalfTurn(l, lTorsion(d));
 }
 
-Montagem montagem::uULaminado(const Dados& d) {
-    UmU u = umU(d, 2);
-    move(u.bloco.laco, -0.5 * larguraTotal(d[Vao], d[B1]), 0.0);
-    return comMeiaVolta(u.bloco, u.torcao);
+Assembly assembly::uULaminado(const RoleValues& d) {
+    OneU u = oneU(d, 2);
+    move(u.block.loop, -0.5 * totalLargura(d[Vao], d[B1]), 0.0);
+    return withHalfTurn(u.block, u.torsion);
 }
 
-Montagem montagem::doisULaminado(const Dados& d) {
-    UmU u = umU(d, 2);
-    move(u.bloco.laco, 0.5 * finito(d[Vao]), 0.0);
-    return comMeiaVolta(u.bloco, u.torcao);
+Assembly assembly::doisULaminado(const RoleValues& d) {
+    OneU u = oneU(d, 2);
+    move(u.block.loop, 0.5 * finite(d[Vao]), 0.0);
+    return withHalfTurn(u.block, u.torsion);
 }
 
-Montagem montagem::iDobrado(const Dados& d) {
-    const double aba = std::abs(finito(d[Aba]));
-    Bloco u = uDobrado(medidasU(d, d[Especie] == 1.0 ? -aba : aba));
-    const double j = torcaoChapa(u.laco, d[T]);
-    move(u.laco, 0.5 * finito(d[Vao]), 0.0);
-    return comMeiaVolta(u, j);
+Assembly assembly::iDobrado(const RoleValues& d) {
+    const double aba = std::abs(finite(d[Aba]));
+    Block u = uDobrado(medidasU(d, d[Species] == 1.0 ? -aba : aba));
+    const double j = stripTorsion(u.loop, d[T]);
+    move(u.loop, 0.5 * finite(d[Vao]), 0.0);
+    return withHalfTurn(u, j);
 }
 
-Montagem montagem::iSoldado(const Dados& d) {
-    const double tb = d.variante == 1 ? d[Tb] : d[Tc];
-    Bloco b = perfilI({d[H], d[Bc], d[Bb], d[Tc], tb, d[Tw], 0.0});
-    return uma(std::move(b),
-               torcaoAberta({{finito(d[H]) - 0.5 * (finito(d[Tc]) + finito(tb)), finito(d[Tw])},
-                             {finito(d[Bc]), finito(d[Tc])},
-                             {finito(d[Bb]), finito(tb)}}));
+Assembly assembly::iSoldado(const RoleValues& d) {
+    const double tb = d.variant == 1 ? d[Tb] : d[Tc];
+    Block b = perfilI({d[H], d[Bc], d[Bb], d[Tc], tb, d[Tw], 0.0});
+    return one(std::move(b),
+               openTorsion({{finite(d[H]) - 0.5 * (finite(d[Tc]) + finite(tb)), finite(d[Tw])},
+                            {finite(d[Bc]), finite(d[Tc])},
+                            {finite(d[Bb]), finite(tb)}}));
 }
 
-Montagem montagem::iLaminado(const Dados& d) {
-    const double h = finito(d[H]);
-    const double b = finito(d[B1]);
-    const double tw = finito(d[Tw]);
-    const double tf = finito(d[Tf1]);
-    const double resto = finito(d[A]) - 2.0 * b * tf - (h - 2.0 * tf) * tw;
-    const double cabe = std::max(0.0, 0.5 * std::min(b - tw, h - 2.0 * tf));
-    const double j = torcaoAberta({{h - tf, tw}, {b, tf}, {b, tf}});
-    if (d[Tipo] == 2.0)
-        return uma(perfilICunha(h, b, tf, tw, raizRolada(resto, 3.0 * kFileteCunha, cabe)), j);
-    return uma(perfilI({h, b, b, tf, tf, tw, raizRolada(resto, 4.0 - kPi, cabe)}), j);
+Assembly assembly::iLaminado(const RoleValues& d) {
+    const double h = finite(d[H]);
+    const double b = finite(d[B1]);
+    const double tw = finite(d[Tw]);
+    const double tf = finite(d[Tf1]);
+    const double rest = finite(d[A]) - 2.0 * b * tf - (h - 2.0 * tf) * tw;
+    const double room = std::max(0.0, 0.5 * std::min(b - tw, h - 2.0 * tf));
+    const double j = openTorsion({{h - tf, tw}, {b, tf}, {b, tf}});
+    if (d[Type] == 2.0)
+        return one(perfilITapered(h, b, tf, tw, rolledRoot(rest, 3.0 * kTaperFillet, room)), j);
+    return one(perfilI({h, b, b, tf, tf, tw, rolledRoot(rest, 4.0 - kPi, room)}), j);
 }
 
 }  // namespace zp::secao

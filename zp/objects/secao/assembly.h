@@ -9,26 +9,26 @@
 
 namespace zp::secao {
 
-struct Montagem {
-    std::vector<Laco> lacos;
-    bool invalida = false;
-    double torcao = 0.0;
+struct Assembly {
+    std::vector<Loop> loops;
+    bool invalid = false;
+    double torsion = 0.0;
     /// Outer contour of a closed box of two pieces; 0 for all others.
-    double contornoExterno = 0.0;
+    double outerOutline = 0.0;
 };
 
-/// How each class is put together; `nenhuma` has no outline.
-namespace montagem {
-Montador nenhuma, uDobradoSimples, z, chapeu, cantoneira, caixaDobrado, tuboRetangular, redondo, bn,
-    cantLaminada, caixaDeCantoneiras, uLaminadoSimples, tDobrada, uDeDobradas, xDobrado, tLaminada,
-    uDeLaminadas, bnDupla, cruz, zDeLaminadas, uULaminado, doisULaminado, iDobrado, iSoldado,
-    iLaminado;
-}  // namespace montagem
+/// How each class is put together; `none` has no outline.
+namespace assembly {
+Builder none, uDobradoSingle, z, cartolaSingle, cantoneira, caixaDobrado, tuboRectangular, redondo,
+    bn, cantLaminada, caixaOfCantoneiras, uLaminadoSingle, tDobrada, uOfDobradas, xDobrado,
+    tLaminada, uOfLaminadas, bnDouble, cruz, zOfLaminadas, uULaminado, doisULaminado, iDobrado,
+    iSoldado, iLaminado;
+}  // namespace assembly
 
 /// Flange thickness of a rolled U at mid overhang, recovered from the area of one piece.
-double flangeMedia(double area, double h, double bSup, double bInf, double t, double declarada);
+double meanFlange(double area, double h, double bUpper, double bLower, double t, double declared);
 
 /// A lip that counts: 0 when it is not longer than t.
-double abaEfetiva(double aba, double t);
+double effectiveAba(double aba, double t);
 
 }  // namespace zp::secao

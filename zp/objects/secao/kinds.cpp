@@ -7,55 +7,55 @@
 namespace zp::secao {
 namespace {
 
-using enum Papel;
+using enum Role;
 
 /// A class in another's place does not compile, nor does one without its row.
-constexpr bool emOrdem() {
-    for (std::size_t i = 0; i < kTabela.size(); ++i)
-        if (static_cast<std::size_t>(kTabela[i].classe) != i) return false;
+constexpr bool inOrder() {
+    for (std::size_t i = 0; i < kTable.size(); ++i)
+        if (static_cast<std::size_t>(kTable[i].kind) != i) return false;
     return true;
 }
-static_assert(emOrdem());
+static_assert(inOrder());
 
 }  // namespace
 
-const Descricao& descricao(Classe classe) { return linha(classe); }
+const Description& description(Kind kind) { return row(kind); }
 
-const Papeis* papeisDe(Classe classe, int pontos, int valores) {
-    const Descricao& d = descricao(classe);
-    for (const Papeis& p : pontos == 2 ? d.doisPontos : d.umPonto)
-        if (valores > 0 && quantos(p) == valores) return &p;
+const Roles* rolesOf(Kind kind, int points, int values) {
+    const Description& d = description(kind);
+    for (const Roles& p : points == 2 ? d.twoPoints : d.onePoint)
+        if (values > 0 && count(p) == values) return &p;
     return nullptr;
 }
 
-int lugarDe(const Papeis* papeis, Papel papel) {
-    if (papeis == nullptr) return -1;
-    const auto lugar = std::ranges::find(*papeis, papel);
-    return lugar != papeis->end() ? static_cast<int>(lugar - papeis->begin()) : -1;
+int placeOf(const Roles* roles, Role role) {
+    if (roles == nullptr) return -1;
+    const auto place = std::ranges::find(*roles, role);
+    return place != roles->end() ? static_cast<int>(place - roles->begin()) : -1;
 }
 
-Dados dadosDe(Classe classe, int pontos, std::span<const double> valores) {
-    Dados dados;
-    const Papeis* papeis = papeisDe(classe, pontos, static_cast<int>(valores.size()));
-    if (papeis == nullptr) return dados;
-    for (std::size_t i = 0; i < valores.size(); ++i) dados[(*papeis)[i]] = valores[i];
-    dados[Zero] = 0.0;
-    const Descricao& d = descricao(classe);
-    dados.variante = papeis == &d.umPonto[1] || papeis == &d.doisPontos[1] ? 1 : 0;
-    return dados;
+RoleValues roleValuesOf(Kind kind, int points, std::span<const double> values) {
+    RoleValues roleValues;
+    const Roles* roles = rolesOf(kind, points, static_cast<int>(values.size()));
+    if (roles == nullptr) return roleValues;
+    for (std::size_t i = 0; i < values.size(); ++i) roleValues[(*roles)[i]] = values[i];
+    roleValues[Zero] = 0.0;
+    const Description& d = description(kind);
+    roleValues.variant = roles == &d.onePoint[1] || roles == &d.twoPoints[1] ? 1 : 0;
+    return roleValues;
 }
 
-int potencia(Papel papel) {
-    switch (papel) {
+int power(Role role) {
+    switch (role) {
         case Ang1:
         case Ang2:
-        case Especie:
-        case Tipo:
+        case Species:
+        case Type:
         case Giro:
         case Rot1:
         case Rot2:
         case Zero:
-        case Fim:
+        case End:
             return 0;
         case M:
         case A:

@@ -10,8 +10,8 @@
 namespace zp::secao {
 
 /// Numbers are filed with every piece: never renumber, only append.
-enum class Classe : std::uint8_t {
-    Nenhuma = 0,
+enum class Kind : std::uint8_t {
+    None = 0,
     UDobrado = 1,
     ZDobrado = 2,
     Cartola = 3,
@@ -40,12 +40,12 @@ enum class Classe : std::uint8_t {
     Chapa = 26,
     kTotal,
 };
-inline constexpr int kClasses = static_cast<int>(Classe::kTotal);
+inline constexpr int kKinds = static_cast<int>(Kind::kTotal);
 
 /// What one constructor value is. The symbols are the trade's: h height, b width, t thickness, e
 /// distances of axes.
-enum class Papel : std::uint8_t {
-    Fim = 0,  ///< ends a list
+enum class Role : std::uint8_t {
+    End = 0,  ///< ends a list
     H,
     B1,  ///< width, upper flange
     B2,
@@ -68,8 +68,8 @@ enum class Papel : std::uint8_t {
     Tc,
     Tb,
     Tw,
-    Especie,
-    Tipo,
+    Species,
+    Type,
     Giro,  ///< turn about the piece's own axis
     L,
     M,  ///< kg/m
@@ -82,81 +82,81 @@ enum class Papel : std::uint8_t {
     Zero,  ///< carries nothing
     kTotal,
 };
-inline constexpr int kPapeis = static_cast<int>(Papel::kTotal);
-inline constexpr int kMaxValores = 14;
+inline constexpr int kRoles = static_cast<int>(Role::kTotal);
+inline constexpr int kMaxValues = 14;
 
 /// Values in the order of one constructor.
-using Papeis = std::array<Papel, kMaxValores>;
+using Roles = std::array<Role, kMaxValues>;
 
 /// Number of values of a list.
-constexpr int quantos(const Papeis& papeis) {
+constexpr int count(const Roles& roles) {
     int n = 0;
-    while (n < kMaxValores && papeis[static_cast<std::size_t>(n)] != Papel::Fim) ++n;
+    while (n < kMaxValues && roles[static_cast<std::size_t>(n)] != Role::End) ++n;
     return n;
 }
 
 /// Values by role; roles that a class lacks are 0.
-struct Dados {
-    std::array<double, kPapeis> v{};
-    double operator[](Papel p) const { return v[static_cast<std::size_t>(p)]; }
-    double& operator[](Papel p) { return v[static_cast<std::size_t>(p)]; }
+struct RoleValues {
+    std::array<double, kRoles> v{};
+    double operator[](Role p) const { return v[static_cast<std::size_t>(p)]; }
+    double& operator[](Role p) { return v[static_cast<std::size_t>(p)]; }
     /// Which form of constructor the values came from: 1 where a class has a second form.
-    int variante = 0;
+    int variant = 0;
 };
 
-struct Montagem;
+struct Assembly;
 /// Loops of the section about the member's axis, the turn about it not yet applied.
-using Montador = Montagem(const Dados&);
-/// Name or sizes as a draughtsman reads them; `subtipo` is the series of a welded I.
-using Texto = std::wstring(const Dados&, int subtipo);
+using Builder = Assembly(const RoleValues&);
+/// Name or sizes as a draughtsman reads them; `series` is the series of a welded I.
+using TextRule = std::wstring(const RoleValues&, int series);
 
 /// A text that is always the same, or one that depends on the values.
-struct Nome {
-    constexpr Nome(const wchar_t* fixo) : fixo(fixo) {}
-    constexpr Nome(Texto* regra) : regra(regra) {}
-    const wchar_t* fixo = nullptr;
-    Texto* regra = nullptr;
+struct Name {
+    constexpr Name(const wchar_t* fixed) : fixed(fixed) {}
+    constexpr Name(TextRule* rule) : rule(rule) {}
+    const wchar_t* fixed = nullptr;
+    TextRule* rule = nullptr;
 };
 
 /// What a size is called in one class, where it means something of its own.
-struct Rotulo {
-    Papel papel = Papel::Fim;
-    const wchar_t* texto = nullptr;
+struct Label {
+    Role role = Role::End;
+    const wchar_t* text = nullptr;
 };
 
-enum class Composicao : std::uint8_t {
-    Uma,
-    Duas,       ///< height and width are those of the whole
-    DuasEmCm2,  ///< the same; the area handed over is in cm2
+enum class Composition : std::uint8_t {
+    One,
+    Two,       ///< height and width are those of the whole
+    TwoInCm2,  ///< the same; the area handed over is in cm2
 };
 
 /// One section class: everything that other sources need to know of it. Only the labels may be
 /// left out.
-struct Descricao {
-    Classe classe;
-    const wchar_t* nome;  ///< of the run-time class
+struct Description {
+    Kind kind;
+    const wchar_t* name;  ///< of the run-time class
     /// Forms of the constructors; a class has at most two of each, an empty one does not exist.
-    std::array<Papeis, 2> umPonto;
-    std::array<Papeis, 2> doisPontos;
-    Composicao composicao;
-    Montador& monta;
-    Nome perfil;       ///< "Ue"
-    Texto& dimensoes;  ///< "200x75x20x2,65"
-    std::array<Rotulo, 3> rotulos{};
+    std::array<Roles, 2> onePoint;
+    std::array<Roles, 2> twoPoints;
+    Composition composition;
+    Builder& build;
+    Name perfil;          ///< "Ue"
+    TextRule& dimensoes;  ///< "200x75x20x2,65"
+    std::array<Label, 3> labels{};
 };
 
-const Descricao& descricao(Classe classe);
+const Description& description(Kind kind);
 
 /// The constructor of a class with one or two points and so many values; null when there is none.
-const Papeis* papeisDe(Classe classe, int pontos, int valores);
+const Roles* rolesOf(Kind kind, int points, int values);
 
-/// Place of a role in a constructor's values; -1 when it has none, or `papeis` is null.
-int lugarDe(const Papeis* papeis, Papel papel);
+/// Place of a role in a constructor's values; -1 when it has none, or `roles` is null.
+int placeOf(const Roles* roles, Role role);
 
-/// `valores` as handed to the constructor with so many points: mm, radians, kg/m.
-Dados dadosDe(Classe classe, int pontos, std::span<const double> valores);
+/// `values` as handed to the constructor with so many points: mm, radians, kg/m.
+RoleValues roleValuesOf(Kind kind, int points, std::span<const double> values);
 
 /// Power of the scale factor by which a uniform scaling multiplies a value of this role.
-int potencia(Papel papel);
+int power(Role role);
 
 }  // namespace zp::secao

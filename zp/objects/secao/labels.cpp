@@ -5,10 +5,10 @@
 namespace zp::secao {
 namespace {
 
-using enum Papel;
+using enum Role;
 
 // clang-format off
-constexpr Rotulo kRotulos[] = {
+constexpr Label kLabels[] = {
     {H,    L"Altura (h)"},
     {D,    L"Diâmetro externo (d)"},
     {Dint, L"Diâmetro interno (di)"},
@@ -36,11 +36,11 @@ constexpr Rotulo kRotulos[] = {
 
 }  // namespace
 
-const wchar_t* rotulo(Papel papel, Classe classe) {
-    for (const Rotulo& r : descricao(classe).rotulos)
-        if (r.papel == papel && r.texto != nullptr) return r.texto;
-    for (const Rotulo& r : kRotulos)
-        if (r.papel == papel) return r.texto;
+const wchar_t* label(Role role, Kind kind) {
+    for (const Label& r : description(kind).labels)
+        if (r.role == role && r.text != nullptr) return r.text;
+    for (const Label& r : kLabels)
+        if (r.role == role) return r.text;
     return L"";
 }
 

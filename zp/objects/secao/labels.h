@@ -7,6 +7,6 @@
 namespace zp::secao {
 
 /// The label of a value in a class; empty for a role that no user sees.
-const wchar_t* rotulo(Papel papel, Classe classe);
+const wchar_t* label(Role role, Kind kind);
 
 }  // namespace zp::secao

@@ -11,24 +11,24 @@
 namespace zp::secao {
 namespace {
 
-constexpr double kNada = -std::numeric_limits<double>::infinity();
+constexpr double kNothing = -std::numeric_limits<double>::infinity();
 
 /// Point of the view: w up in the drawing, p towards the viewer.
-struct PontoVista {
+struct VistaPoint {
     double w = 0.0;
     double p = 0.0;
 };
 
-struct Candidato {
+struct Candidate {
     double w;
     double p;
 };
 
-class Observador {
+class Viewer {
 public:
-    explicit Observador(int vista) : m_vista(vista) {}
+    explicit Viewer(int vista) : m_vista(vista) {}
 
-    PontoVista ve(Ponto q) const {
+    VistaPoint see(Point q) const {
         switch (m_vista) {
             case 1:
                 return {-q.x, q.y};
@@ -41,139 +41,139 @@ public:
         }
     }
     /// Angle of the section plane at which w is largest on a circle.
-    double anguloDoAlto() const { return m_vista <= 2 ? std::numbers::pi : 0.5 * std::numbers::pi; }
+    double angleOfTop() const { return m_vista <= 2 ? std::numbers::pi : 0.5 * std::numbers::pi; }
 
 private:
     int m_vista;
 };
 
-/// True when the direction `angulo` lies on the arc, its ends included within `folga` radians.
-bool contem(const Segmento& s, double angulo, double folga) {
-    constexpr double kVolta = 2.0 * std::numbers::pi;
-    const double sinal = s.varre > 0.0 ? 1.0 : -1.0;
-    double d = std::fmod(sinal * (angulo - s.inicio), kVolta);
-    if (d < -folga) d += kVolta;
-    if (d > kVolta - folga) d -= kVolta;
-    return d >= -folga && d <= std::abs(s.varre) + folga;
+/// True when the direction `angle` lies on the arc, its ends included within `tolerance` radians.
+bool contains(const Segment& s, double angle, double tolerance) {
+    constexpr double kFullTurn = 2.0 * std::numbers::pi;
+    const double sign = s.sweep > 0.0 ? 1.0 : -1.0;
+    double d = std::fmod(sign * (angle - s.start), kFullTurn);
+    if (d < -tolerance) d += kFullTurn;
+    if (d > kFullTurn - tolerance) d -= kFullTurn;
+    return d >= -tolerance && d <= std::abs(s.sweep) + tolerance;
 }
 
 /// Direction of travel at an end of a segment.
-double direcao(const Segmento& s, bool noFim) {
-    if (!s.arco()) return std::atan2(s.b.y - s.a.y, s.b.x - s.a.x);
-    const double raio = s.inicio + (noFim ? s.varre : 0.0);
-    return raio + (s.varre > 0.0 ? 0.5 : -0.5) * std::numbers::pi;
+double direction(const Segment& s, bool atEnd) {
+    if (!s.arc()) return std::atan2(s.b.y - s.a.y, s.b.x - s.a.x);
+    const double radius = s.start + (atEnd ? s.sweep : 0.0);
+    return radius + (s.sweep > 0.0 ? 0.5 : -0.5) * std::numbers::pi;
 }
 
-void candidatosDoContorno(const Contorno& c, const Observador& o, double caixa,
-                          std::vector<Candidato>& lista) {
-    const auto inclui = [&](PontoVista q) { lista.push_back({q.w, q.p}); };
-    const std::size_t n = c.segmentos.size();
+void outlineCandidates(const Outline& c, const Viewer& o, double bounds,
+                       std::vector<Candidate>& list) {
+    const auto include = [&](VistaPoint q) { list.push_back({q.w, q.p}); };
+    const std::size_t n = c.segments.size();
     for (std::size_t i = 0; i < n; ++i) {
-        const Segmento& s = c.segmentos[i];
-        const double giro = std::remainder(
-            direcao(c.segmentos[(i + 1) % n], false) - direcao(s, true), 2.0 * std::numbers::pi);
-        if (std::abs(giro) > 1e-3) inclui(o.ve(s.b));
-        if (!s.arco()) {
-            const PontoVista a = o.ve(s.a);
-            const PontoVista b = o.ve(s.b);
-            if (std::abs(a.w - b.w) <= 1e-9 * caixa) lista.push_back({a.w, std::max(a.p, b.p)});
+        const Segment& s = c.segments[i];
+        const double turn = std::remainder(
+            direction(c.segments[(i + 1) % n], false) - direction(s, true), 2.0 * std::numbers::pi);
+        if (std::abs(turn) > 1e-3) include(o.see(s.b));
+        if (!s.arc()) {
+            const VistaPoint a = o.see(s.a);
+            const VistaPoint b = o.see(s.b);
+            if (std::abs(a.w - b.w) <= 1e-9 * bounds) list.push_back({a.w, std::max(a.p, b.p)});
             continue;
         }
-        for (const double meia : {0.0, std::numbers::pi}) {
-            const double angulo = o.anguloDoAlto() + meia;
+        for (const double half : {0.0, std::numbers::pi}) {
+            const double angle = o.angleOfTop() + half;
             // At an end the neighbour decides: a face seen edge-on is an edge of its own. Only the
             // two halves of a circle have none.
-            if (!contem(s, angulo, c.circulo ? 1e-9 : -1e-9)) continue;
-            inclui(o.ve(
-                {s.centro.x + s.raio * std::cos(angulo), s.centro.y + s.raio * std::sin(angulo)}));
+            if (!contains(s, angle, c.circle ? 1e-9 : -1e-9)) continue;
+            include(o.see({s.centre.x + s.radius * std::cos(angle),
+                           s.centre.y + s.radius * std::sin(angle)}));
         }
     }
-    for (const CantoDePonta& ponta : c.pontas) {
-        const Segmento& s = c.segmentos[ponta.arco];
-        if (!contem(s, o.anguloDoAlto(), 1e-6) &&
-            !contem(s, o.anguloDoAlto() + std::numbers::pi, 1e-6))
-            inclui(o.ve(ponta.canto));
+    for (const ToeCorner& toe : c.toes) {
+        const Segment& s = c.segments[toe.arc];
+        if (!contains(s, o.angleOfTop(), 1e-6) &&
+            !contains(s, o.angleOfTop() + std::numbers::pi, 1e-6))
+            include(o.see(toe.corner));
     }
 }
 
 /// Largest p of steel on the line of sight at height w.
-double frente(const std::vector<Contorno>& contornos, const Observador& o, double w) {
-    double maior = kNada;
-    for (const Contorno& c : contornos)
-        for (const Segmento& s : c.segmentos) {
-            const PontoVista a = o.ve(s.a);
-            const PontoVista b = o.ve(s.b);
-            if (!s.arco()) {
+double frontmost(const std::vector<Outline>& outlines, const Viewer& o, double w) {
+    double largest = kNothing;
+    for (const Outline& c : outlines)
+        for (const Segment& s : c.segments) {
+            const VistaPoint a = o.see(s.a);
+            const VistaPoint b = o.see(s.b);
+            if (!s.arc()) {
                 if ((a.w - w) * (b.w - w) <= 0.0 && a.w != b.w)
-                    maior = std::max(maior, a.p + (b.p - a.p) * (w - a.w) / (b.w - a.w));
+                    largest = std::max(largest, a.p + (b.p - a.p) * (w - a.w) / (b.w - a.w));
                 continue;
             }
-            const PontoVista centro = o.ve(s.centro);
-            const double altura = w - centro.w;
-            if (std::abs(altura) > s.raio) continue;
-            const double meia = std::acos(altura / s.raio);
-            for (const double angulo : {o.anguloDoAlto() + meia, o.anguloDoAlto() - meia})
-                if (contem(s, angulo, 1e-12))
-                    maior = std::max(maior, o.ve({s.centro.x + s.raio * std::cos(angulo),
-                                                  s.centro.y + s.raio * std::sin(angulo)})
-                                                .p);
+            const VistaPoint centre = o.see(s.centre);
+            const double altura = w - centre.w;
+            if (std::abs(altura) > s.radius) continue;
+            const double half = std::acos(altura / s.radius);
+            for (const double angle : {o.angleOfTop() + half, o.angleOfTop() - half})
+                if (contains(s, angle, 1e-12))
+                    largest = std::max(largest, o.see({s.centre.x + s.radius * std::cos(angle),
+                                                       s.centre.y + s.radius * std::sin(angle)})
+                                                    .p);
         }
-    return maior;
+    return largest;
 }
 
-bool visivel(const std::vector<Contorno>& contornos, const Observador& o, const Candidato& c,
-             double caixa) {
-    const double e = 1e-7 * caixa;
-    const double abaixo = frente(contornos, o, c.w - e);
-    const double acima = frente(contornos, o, c.w + e);
-    if (abaixo == kNada || acima == kNada) return true;
-    const double folga = 1e-4 * caixa;
-    return std::abs(abaixo - acima) > folga || c.p >= std::max(abaixo, acima) - folga;
+bool visible(const std::vector<Outline>& outlines, const Viewer& o, const Candidate& c,
+             double bounds) {
+    const double e = 1e-7 * bounds;
+    const double below = frontmost(outlines, o, c.w - e);
+    const double above = frontmost(outlines, o, c.w + e);
+    if (below == kNothing || above == kNothing) return true;
+    const double tolerance = 1e-4 * bounds;
+    return std::abs(below - above) > tolerance || c.p >= std::max(below, above) - tolerance;
 }
 
-void juntaTrechos(Vista& v, double caixa) {
-    std::sort(v.trechos.begin(), v.trechos.end());
-    std::vector<std::pair<double, double>> juntos;
-    for (const auto& t : v.trechos) {
-        if (!juntos.empty() && t.first <= juntos.back().second + 1e-9 * caixa)
-            juntos.back().second = std::max(juntos.back().second, t.second);
+void joinStretches(Vista& v, double bounds) {
+    std::sort(v.stretches.begin(), v.stretches.end());
+    std::vector<std::pair<double, double>> joined;
+    for (const auto& t : v.stretches) {
+        if (!joined.empty() && t.first <= joined.back().second + 1e-9 * bounds)
+            joined.back().second = std::max(joined.back().second, t.second);
         else
-            juntos.push_back(t);
+            joined.push_back(t);
     }
-    v.trechos = std::move(juntos);
+    v.stretches = std::move(joined);
 }
 
 }  // namespace
 
-Vista vistaLongitudinal(const std::vector<Contorno>& contornos, int vista) {
+Vista vistaLongitudinal(const std::vector<Outline>& outlines, int vista) {
     Vista v;
-    const Observador o(vista);
-    Caixa caixa;
-    for (const Contorno& c : contornos) {
-        caixa.inclui(c.caixa);
-        if (c.furo || c.caixa.vazia()) continue;
-        const double w0 = o.ve({c.caixa.x0, c.caixa.y0}).w;
-        const double w1 = o.ve({c.caixa.x1, c.caixa.y1}).w;
-        v.trechos.push_back(std::minmax(w0, w1));
+    const Viewer o(vista);
+    Bounds bounds;
+    for (const Outline& c : outlines) {
+        bounds.include(c.bounds);
+        if (c.hole || c.bounds.empty()) continue;
+        const double w0 = o.see({c.bounds.x0, c.bounds.y0}).w;
+        const double w1 = o.see({c.bounds.x1, c.bounds.y1}).w;
+        v.stretches.push_back(std::minmax(w0, w1));
     }
-    if (v.trechos.empty()) return v;
-    const double lado = caixa.lado();
-    juntaTrechos(v, lado);
-    v.wMin = v.trechos.front().first;
-    v.wMax = v.trechos.back().second;
+    if (v.stretches.empty()) return v;
+    const double side = bounds.side();
+    joinStretches(v, side);
+    v.wMin = v.stretches.front().first;
+    v.wMax = v.stretches.back().second;
 
-    std::vector<Candidato> lista;
-    for (const Contorno& c : contornos) candidatosDoContorno(c, o, lado, lista);
-    std::sort(lista.begin(), lista.end(),
-              [](const Candidato& a, const Candidato& b) { return a.w < b.w; });
-    for (const Candidato& c : lista) {
-        const bool mesma = !v.niveis.empty() && c.w - v.niveis.back().w <= 1e-9 * lado;
-        if (!mesma) v.niveis.push_back({c.w, false});
-        if (!v.niveis.back().visivel) v.niveis.back().visivel = visivel(contornos, o, c, lado);
+    std::vector<Candidate> list;
+    for (const Outline& c : outlines) outlineCandidates(c, o, side, list);
+    std::sort(list.begin(), list.end(),
+              [](const Candidate& a, const Candidate& b) { return a.w < b.w; });
+    for (const Candidate& c : list) {
+        const bool same = !v.levels.empty() && c.w - v.levels.back().w <= 1e-9 * side;
+        if (!same) v.levels.push_back({c.w, false});
+        if (!v.levels.back().visible) v.levels.back().visible = visible(outlines, o, c, side);
     }
-    v.eixo = v.wMin < 0.0 && v.wMax > 0.0 &&
-             std::none_of(v.niveis.begin(), v.niveis.end(),
-                          [&](const Nivel& n) { return std::abs(n.w) <= 1e-6 * lado; });
+    v.axis = v.wMin < 0.0 && v.wMax > 0.0 &&
+             std::none_of(v.levels.begin(), v.levels.end(),
+                          [&](const Level& n) { return std::abs(n.w) <= 1e-6 * side; });
     return v;
 }
 

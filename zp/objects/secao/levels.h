@@ -10,22 +10,22 @@
 namespace zp::secao {
 
 /// One edge line of the view; w is the drawing's vertical, from the member's axis.
-struct Nivel {
+struct Level {
     double w = 0.0;
-    bool visivel = false;
+    bool visible = false;
 };
 
 struct Vista {
-    std::vector<Nivel> niveis;  ///< ascending in w
+    std::vector<Level> levels;  ///< ascending in w
     /// Stretches of w covered by steel, ascending: one end line each.
-    std::vector<std::pair<double, double>> trechos;
+    std::vector<std::pair<double, double>> stretches;
     double wMin = 0.0;
     double wMax = 0.0;
-    bool eixo = false;  ///< the axis is drawn
+    bool axis = false;  ///< the axis is drawn
 };
 
 /// View 1 from above, 2 below, 3 right, 4 left (of the section seen from the start). O(n^2) for the
 /// n <= 64 segments.
-Vista vistaLongitudinal(const std::vector<Contorno>& contornos, int vista);
+Vista vistaLongitudinal(const std::vector<Outline>& outlines, int vista);
 
 }  // namespace zp::secao

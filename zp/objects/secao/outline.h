@@ -8,106 +8,106 @@
 namespace zp::secao {
 
 /// Section plane: x to the right, y up, seen from the member's start; mm.
-struct Ponto {
+struct Point {
     double x = 0.0;
     double y = 0.0;
 };
 
-struct Caixa {
+struct Bounds {
     double x0 = 1e300;
     double y0 = 1e300;
     double x1 = -1e300;
     double y1 = -1e300;
 
-    bool vazia() const { return x0 > x1; }
+    bool empty() const { return x0 > x1; }
     /// mm.
-    double largura() const { return vazia() ? 0.0 : x1 - x0; }
+    double largura() const { return empty() ? 0.0 : x1 - x0; }
     /// mm.
-    double altura() const { return vazia() ? 0.0 : y1 - y0; }
+    double altura() const { return empty() ? 0.0 : y1 - y0; }
     /// The larger side: the measure of tolerances.
-    double lado() const;
+    double side() const;
     /// mm.
-    void inclui(double x, double y) {
+    void include(double x, double y) {
         x0 = std::min(x0, x);
         y0 = std::min(y0, y);
         x1 = std::max(x1, x);
         y1 = std::max(y1, y);
     }
-    void inclui(const Caixa& outra);
+    void include(const Bounds& other);
 };
 
 /// How a corner is rounded: the bend of a sheet, the concave fillet of a rolled shape, or the
 /// rounded inner edge at the end of a rolled leg.
-enum class Arredonda { Nenhum, Dobra, Raiz, Ponta };
+enum class Rounding { None, Bend, Root, Toe };
 
-struct Vertice {
+struct Vertex {
     double x = 0.0;
     double y = 0.0;
-    double raio = 0.0;
-    Arredonda tipo = Arredonda::Nenhum;
+    double radius = 0.0;
+    Rounding type = Rounding::None;
 };
 
 /// Corners in order: counter-clockwise for steel, clockwise for holes. A circle has no corners.
-struct Laco {
-    std::vector<Vertice> vertices;
-    bool furo = false;
-    double raioCirculo = 0.0;
-    Ponto centro;
+struct Loop {
+    std::vector<Vertex> vertices;
+    bool hole = false;
+    double circleRadius = 0.0;
+    Point centre;
 };
 
 /// Line (varre = 0) or arc from a to b; angles in radians, counter-clockwise positive.
-struct Segmento {
-    Ponto a;
-    Ponto b;
-    Ponto centro;
-    double raio = 0.0;
-    double inicio = 0.0;  ///< angle of a seen from the centre
-    double varre = 0.0;   ///< signed sweep
+struct Segment {
+    Point a;
+    Point b;
+    Point centre;
+    double radius = 0.0;
+    double start = 0.0;  ///< angle of a seen from the centre
+    double sweep = 0.0;  ///< signed sweep
 
-    bool arco() const { return varre != 0.0; }
+    bool arc() const { return sweep != 0.0; }
     /// mm, along the arc.
     double comprimento() const;
     /// tan(sweep / 4).
     double bulge() const;
     /// 0: where it begins, 1: where it ends.
-    Ponto ponto(double fracao) const;
+    Point point(double fraction) const;
 };
 
 /// Unrounded corner of a toe and the arc that rounds it.
-struct CantoDePonta {
-    Ponto canto;
-    std::size_t arco = 0;
+struct ToeCorner {
+    Point corner;
+    std::size_t arc = 0;
 };
 
-struct Contorno {
-    std::vector<Segmento> segmentos;
-    std::vector<CantoDePonta> pontas;
-    bool furo = false;
-    bool circulo = false;
-    Caixa caixa;
+struct Outline {
+    std::vector<Segment> segments;
+    std::vector<ToeCorner> toes;
+    bool hole = false;
+    bool circle = false;
+    Bounds bounds;
 };
 
 /// Multiplies all radii of the loop by the smallest ratio of a side to the two tangent lengths on
 /// it when that ratio is below 1. False when the loop cannot be drawn: a side without length, a
 /// corner folded back, wrong direction of travel, or sides that cross. O(n^2) for n corners, n
 /// <= 16.
-bool ajusta(Laco& laco);
+bool fitRadii(Loop& loop);
 
-/// Area of a loop that `ajusta` accepted, roundings included; negative for a hole.
-double area(const Laco& laco);
+/// Area of a loop that `fitRadii` accepted, roundings included; negative for a hole.
+double area(const Loop& loop);
 
-/// The lines and arcs of a loop that `ajusta` accepted.
-Contorno tracado(const Laco& laco);
+/// The lines and arcs of a loop that `fitRadii` accepted.
+Outline trace(const Loop& loop);
 
 /// Exact box of one segment, extremes of arcs included.
-Caixa caixaDe(const Segmento& segmento);
+Bounds boundsOf(const Segment& segment);
 
 // Motions of a loop. Mirroring reverses the order, so that the direction of travel stays.
 /// mm.
-void move(Laco& laco, double dx, double dy);
-void meiaVolta(Laco& laco);
-void espelha(Laco& laco);
+void move(Loop& loop, double dx, double dy);
+void halfTurn(Loop& loop);
+void mirror(Loop& loop);
 /// Radians about the origin, counter-clockwise.
-void gira(Laco& laco, double angulo);
+void rotate(Loop& loop, double angle);
 
 }  // namespace zp::secao

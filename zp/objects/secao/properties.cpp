@@ -7,7 +7,7 @@
 namespace zp::secao {
 namespace {
 
-struct Momentos {
+struct Moments {
     double a = 0.0;
     double sx = 0.0;
     double sy = 0.0;
@@ -16,7 +16,7 @@ struct Momentos {
     double ixy = 0.0;
 };
 
-void somaLinha(Momentos& m, Ponto p, Ponto q) {
+void addLine(Moments& m, Point p, Point q) {
     const double dx = q.x - p.x;
     const double dy = q.y - p.y;
     m.a += 0.5 * (p.x * q.y - p.y * q.x);
@@ -31,43 +31,43 @@ void somaLinha(Momentos& m, Ponto p, Ponto q) {
 }
 
 /// Integrals over the angle of an arc: `ccs` is that of cos^2 sin, and so on.
-struct Potencias {
-    explicit Potencias(const Segmento& arco);
+struct Powers {
+    explicit Powers(const Segment& arc);
     double c, s, cc, ss, cs, ccc, sss, ccs, cccc, ssss, cccs;
 };
 
 /// The ends of the arc say cosine and sine of its angles.
-Potencias::Potencias(const Segmento& arco) {
-    const double varre = arco.varre;
-    const double c0 = (arco.a.x - arco.centro.x) / arco.raio;
-    const double s0 = (arco.a.y - arco.centro.y) / arco.raio;
-    const double c1 = (arco.b.x - arco.centro.x) / arco.raio;
-    const double s1 = (arco.b.y - arco.centro.y) / arco.raio;
+Powers::Powers(const Segment& arc) {
+    const double sweep = arc.sweep;
+    const double c0 = (arc.a.x - arc.centre.x) / arc.radius;
+    const double s0 = (arc.a.y - arc.centre.y) / arc.radius;
+    const double c1 = (arc.b.x - arc.centre.x) / arc.radius;
+    const double s1 = (arc.b.y - arc.centre.y) / arc.radius;
     // Halves of the differences of sin 2t, and eighths of those of sin 4t.
-    const double duplo = s1 * c1 - s0 * c0;
-    const double quadruplo =
+    const double doubled = s1 * c1 - s0 * c0;
+    const double quadrupled =
         0.5 * (s1 * c1 * (c1 - s1) * (c1 + s1) - s0 * c0 * (c0 - s0) * (c0 + s0));
     c = s1 - s0;
     s = c0 - c1;
-    cc = 0.5 * (varre + duplo);
-    ss = 0.5 * (varre - duplo);
+    cc = 0.5 * (sweep + doubled);
+    ss = 0.5 * (sweep - doubled);
     cs = 0.5 * c * (s1 + s0);
     ccc = c - (s1 * s1 * s1 - s0 * s0 * s0) / 3.0;
     ccs = (c0 * c0 * c0 - c1 * c1 * c1) / 3.0;
     sss = s - ccs;
-    cccc = 0.375 * varre + 0.5 * duplo + 0.25 * quadruplo;
-    ssss = 0.375 * varre - 0.5 * duplo + 0.25 * quadruplo;
+    cccc = 0.375 * sweep + 0.5 * doubled + 0.25 * quadrupled;
+    ssss = 0.375 * sweep - 0.5 * doubled + 0.25 * quadrupled;
     cccs = 0.25 * (c0 * c0 * c0 * c0 - c1 * c1 * c1 * c1);
 }
 
 /// Exact: x and y of an arc are cosine and sine of its angle, so every integrand is a polynomial in
 /// them.
-void somaArco(Momentos& m, const Segmento& arco, Ponto origem) {
-    const Potencias p(arco);
-    const double x = arco.centro.x - origem.x;
-    const double y = arco.centro.y - origem.y;
-    const double r = arco.raio;
-    m.a += 0.5 * r * (x * p.c + y * p.s + r * arco.varre);
+void addArc(Moments& m, const Segment& arc, Point origin) {
+    const Powers p(arc);
+    const double x = arc.centre.x - origin.x;
+    const double y = arc.centre.y - origin.y;
+    const double r = arc.radius;
+    m.a += 0.5 * r * (x * p.c + y * p.s + r * arc.sweep);
     m.sx += 0.5 * r * (y * y * p.s + r * (2.0 * y * p.ss + r * p.sss));
     m.sy += 0.5 * r * (x * x * p.c + r * (2.0 * x * p.cc + r * p.ccc));
     m.ix +=
@@ -79,12 +79,12 @@ void somaArco(Momentos& m, const Segmento& arco, Ponto origem) {
               r * (2.0 * x * (y * p.cc + r * p.ccs) + r * (y * p.ccc + r * p.cccs)));
 }
 
-void principais(Propriedades& p) {
-    const double media = 0.5 * (p.ix + p.iy);
-    const double raio = std::hypot(0.5 * (p.ix - p.iy), p.ixy);
-    p.i1 = media + raio;
-    p.i2 = media - raio;
-    if (raio > 1e-12 * media) p.anguloPrincipal = 0.5 * std::atan2(-2.0 * p.ixy, p.ix - p.iy);
+void principalAxes(Properties& p) {
+    const double mean = 0.5 * (p.ix + p.iy);
+    const double radius = std::hypot(0.5 * (p.ix - p.iy), p.ixy);
+    p.i1 = mean + radius;
+    p.i2 = mean - radius;
+    if (radius > 1e-12 * mean) p.principalAngle = 0.5 * std::atan2(-2.0 * p.ixy, p.ix - p.iy);
     p.rx = std::sqrt(p.ix / p.area);
     p.ry = std::sqrt(p.iy / p.area);
     p.r1 = std::sqrt(p.i1 / p.area);
@@ -93,36 +93,37 @@ void principais(Propriedades& p) {
 
 }  // namespace
 
-Propriedades propriedades(const std::vector<Contorno>& contornos) {
-    Propriedades p;
-    Caixa caixa;
-    for (const Contorno& c : contornos) caixa.inclui(c.caixa);
-    if (caixa.vazia()) return p;
+Properties properties(const std::vector<Outline>& outlines) {
+    Properties p;
+    Bounds bounds;
+    for (const Outline& c : outlines) bounds.include(c.bounds);
+    if (bounds.empty()) return p;
     // Moments about the middle of the box lose no digits to a far origin.
-    const Ponto meio{0.5 * (caixa.x0 + caixa.x1), 0.5 * (caixa.y0 + caixa.y1)};
-    Momentos m;
-    for (const Contorno& c : contornos)
-        for (const Segmento& s : c.segmentos) {
+    const Point middle{0.5 * (bounds.x0 + bounds.x1), 0.5 * (bounds.y0 + bounds.y1)};
+    Moments m;
+    for (const Outline& c : outlines)
+        for (const Segment& s : c.segments) {
             p.perimetro += s.comprimento();
-            if (s.arco())
-                somaArco(m, s, meio);
+            if (s.arc())
+                addArc(m, s, middle);
             else
-                somaLinha(m, {s.a.x - meio.x, s.a.y - meio.y}, {s.b.x - meio.x, s.b.y - meio.y});
+                addLine(m, {s.a.x - middle.x, s.a.y - middle.y},
+                        {s.b.x - middle.x, s.b.y - middle.y});
         }
     if (!(m.a > 0.0)) return p;
     const double gx = m.sy / m.a;
     const double gy = m.sx / m.a;
     p.area = m.a;
-    p.xg = meio.x + gx;
-    p.yg = meio.y + gy;
+    p.xg = middle.x + gx;
+    p.yg = middle.y + gy;
     p.ix = m.ix - m.a * gy * gy;
     p.iy = m.iy - m.a * gx * gx;
     p.ixy = m.ixy - m.a * gx * gy;
-    p.wxSuperior = p.ix / (caixa.y1 - p.yg);
-    p.wxInferior = p.ix / (p.yg - caixa.y0);
-    p.wyEsquerdo = p.iy / (p.xg - caixa.x0);
-    p.wyDireito = p.iy / (caixa.x1 - p.xg);
-    principais(p);
+    p.wxUpper = p.ix / (bounds.y1 - p.yg);
+    p.wxLower = p.ix / (p.yg - bounds.y0);
+    p.wyLeft = p.iy / (p.xg - bounds.x0);
+    p.wyRight = p.iy / (bounds.x1 - p.xg);
+    principalAxes(p);
     return p;
 }
 

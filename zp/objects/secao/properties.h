@@ -10,7 +10,7 @@ namespace zp::secao {
 
 /// mm and its powers. Inertias are about the centroid, parallel to x and y. All zero for a section
 /// without area.
-struct Propriedades {
+struct Properties {
     double area = 0.0;
     double perimetro = 0.0;  ///< all loops, holes included
     double xg = 0.0;
@@ -20,17 +20,17 @@ struct Propriedades {
     double ixy = 0.0;
     double i1 = 0.0;  ///< largest principal inertia
     double i2 = 0.0;
-    double anguloPrincipal = 0.0;  ///< from x to the axis of i1, (-pi/2, pi/2]
-    double rx = 0.0;               ///< radii of gyration
+    double principalAngle = 0.0;  ///< from x to the axis of i1, (-pi/2, pi/2]
+    double rx = 0.0;              ///< radii of gyration
     double ry = 0.0;
     double r1 = 0.0;
     double r2 = 0.0;
-    double wxSuperior = 0.0;  ///< elastic moduli: inertia over the distance to the extreme fibre
-    double wxInferior = 0.0;
-    double wyEsquerdo = 0.0;
-    double wyDireito = 0.0;
+    double wxUpper = 0.0;  ///< elastic moduli: inertia over the distance to the extreme fibre
+    double wxLower = 0.0;
+    double wyLeft = 0.0;
+    double wyRight = 0.0;
 };
 
-Propriedades propriedades(const std::vector<Contorno>& contornos);
+Properties properties(const std::vector<Outline>& outlines);
 
 }  // namespace zp::secao

@@ -13,32 +13,32 @@
 namespace zp::secao {
 namespace {
 
-using enum Papel;
+using enum Role;
 
 /// kg per metre of one mm2 of steel.
-constexpr double kAcoKgMetro = 7850e-6;
+constexpr double kSteelKgMetro = 7850e-6;
 /// Sections kept for reuse; a catalogue has some hundred.
-constexpr std::size_t kCacheMaximo = 4096;
+constexpr std::size_t kMaxCache = 4096;
 
-void vira(std::vector<Laco>& lacos, double r) {
+void turnLoops(std::vector<Loop>& loops, double r) {
     if (r == 0.0 || !std::isfinite(r)) return;
-    for (Laco& laco : lacos) {
+    for (Loop& loop : loops) {
         if (std::abs(r - std::numbers::pi) < 1e-9)
-            meiaVolta(laco);
+            halfTurn(loop);
         else
-            gira(laco, r);
+            rotate(loop, r);
     }
 }
 
-double positivo(double v) { return std::isfinite(v) && v > 0.0 ? v : 0.0; }
+double positive(double v) { return std::isfinite(v) && v > 0.0 ? v : 0.0; }
 
-struct Chave {
-    std::array<std::uint64_t, kMaxValores + 1> v{};
-    bool operator==(const Chave&) const = default;
+struct Key {
+    std::array<std::uint64_t, kMaxValues + 1> v{};
+    bool operator==(const Key&) const = default;
 };
 
-struct Espalha {
-    std::size_t operator()(const Chave& c) const {
+struct Hash {
+    std::size_t operator()(const Key& c) const {
         std::uint64_t h = 0xcbf29ce484222325u;
         for (const std::uint64_t x : c.v) h = (h ^ x ^ (x >> 29)) * 0x9e3779b97f4a7c15u;
         return static_cast<std::size_t>(h ^ (h >> 32));
@@ -46,69 +46,68 @@ struct Espalha {
 };
 
 /// Class, form and the values that shape the section, bit by bit.
-Chave chaveDe(Classe classe, const Papeis& papeis, int pontos, std::span<const double> valores) {
-    Chave c;
-    c.v[0] = static_cast<std::uint64_t>(classe) | static_cast<std::uint64_t>(pontos) << 8 |
-             valores.size() << 16;
-    for (std::size_t i = 0; i < valores.size(); ++i)
-        if (papeis[i] != L && papeis[i] != Zero)
-            std::memcpy(&c.v[i + 1], &valores[i], sizeof(double));
+Key keyOf(Kind kind, const Roles& roles, int points, std::span<const double> values) {
+    Key c;
+    c.v[0] = static_cast<std::uint64_t>(kind) | static_cast<std::uint64_t>(points) << 8 |
+             values.size() << 16;
+    for (std::size_t i = 0; i < values.size(); ++i)
+        if (roles[i] != L && roles[i] != Zero) std::memcpy(&c.v[i + 1], &values[i], sizeof(double));
     return c;
 }
 
 }  // namespace
 
-Secao::Secao(Classe classe, const Dados& d) {
-    const Descricao& linha = descricao(classe);
-    Montagem m = linha.monta(d);
-    m_invalida = m.invalida;
-    m_torcao = m.torcao;
-    vira(m.lacos, d[Giro]);
-    for (const Laco& laco : m.lacos) {
-        m_contornos.push_back(tracado(laco));
-        m_caixa.inclui(m_contornos.back().caixa);
+Secao::Secao(Kind kind, const RoleValues& d) {
+    const Description& row = description(kind);
+    Assembly m = row.build(d);
+    m_invalid = m.invalid;
+    m_torsion = m.torsion;
+    turnLoops(m.loops, d[Giro]);
+    for (const Loop& loop : m.loops) {
+        m_outlines.push_back(trace(loop));
+        m_bounds.include(m_outlines.back().bounds);
     }
-    m_propriedades = secao::propriedades(m_contornos);
-    m_perimetroPintura = m.contornoExterno;
+    m_properties = secao::properties(m_outlines);
+    m_perimetroPintura = m.outerOutline;
     if (m_perimetroPintura == 0.0)
-        for (const Contorno& c : m_contornos)
-            if (!c.furo)
-                for (const Segmento& s : c.segmentos) m_perimetroPintura += s.comprimento();
+        for (const Outline& c : m_outlines)
+            if (!c.hole)
+                for (const Segment& s : c.segments) m_perimetroPintura += s.comprimento();
 
-    const bool redonda = classe == Classe::Tubo || classe == Classe::BarraRedonda;
-    const bool perfilI = classe == Classe::ISoldado || classe == Classe::ILaminadoUSA;
-    if (linha.composicao != Composicao::Uma) {
-        m_altura = m_caixa.altura();
-        m_largura = m_caixa.largura();
+    const bool redonda = kind == Kind::Tubo || kind == Kind::BarraRedonda;
+    const bool perfilI = kind == Kind::ISoldado || kind == Kind::ILaminadoUSA;
+    if (row.composition != Composition::One) {
+        m_altura = m_bounds.altura();
+        m_largura = m_bounds.largura();
     } else {
         m_altura = redonda ? d[D] : d[H];
         m_largura = redonda ? d[D] : std::max({d[B1], d[Bc], d[Bb]});
-        if (classe == Classe::BNLaminado) m_largura = d[H];
+        if (kind == Kind::BNLaminado) m_largura = d[H];
     }
     m_espessura = perfilI ? d[Tw] : d[T];
-    if (classe == Classe::BarraRedonda) m_espessura = d[D];
-    if (classe == Classe::Tubo) m_espessura = 0.5 * (d[D] - d[Dint]);
-    const double dada = positivo(d[A]) * (linha.composicao == Composicao::DuasEmCm2 ? 100.0 : 1.0);
-    m_area = dada > 0.0 ? dada : m_propriedades.area;
-    m_kgMetro = positivo(d[M]) > 0.0 ? d[M] : m_propriedades.area * kAcoKgMetro;
+    if (kind == Kind::BarraRedonda) m_espessura = d[D];
+    if (kind == Kind::Tubo) m_espessura = 0.5 * (d[D] - d[Dint]);
+    const double given = positive(d[A]) * (row.composition == Composition::TwoInCm2 ? 100.0 : 1.0);
+    m_area = given > 0.0 ? given : m_properties.area;
+    m_kgMetro = positive(d[M]) > 0.0 ? d[M] : m_properties.area * kSteelKgMetro;
 }
 
 const Vista& Secao::vista(int vista) const {
     std::unique_ptr<Vista>& v = m_vistas[static_cast<std::size_t>(std::clamp(vista, 1, 4) - 1)];
-    if (!v) v = std::make_unique<Vista>(vistaLongitudinal(m_contornos, std::clamp(vista, 1, 4)));
+    if (!v) v = std::make_unique<Vista>(vistaLongitudinal(m_outlines, std::clamp(vista, 1, 4)));
     return *v;
 }
 
-std::shared_ptr<const Secao> secaoDe(Classe classe, int pontos, std::span<const double> valores) {
-    static std::unordered_map<Chave, std::shared_ptr<const Secao>, Espalha> cache;
-    const Papeis* papeis = papeisDe(classe, pontos, static_cast<int>(valores.size()));
-    if (papeis == nullptr) return std::make_shared<Secao>(Classe::Nenhuma, Dados{});
-    const Chave chave = chaveDe(classe, *papeis, pontos, valores);
-    if (const auto achada = cache.find(chave); achada != cache.end()) return achada->second;
-    if (cache.size() >= kCacheMaximo) cache.clear();
-    auto nova = std::make_shared<const Secao>(classe, dadosDe(classe, pontos, valores));
-    cache.emplace(chave, nova);
-    return nova;
+std::shared_ptr<const Secao> secaoFrom(Kind kind, int points, std::span<const double> values) {
+    static std::unordered_map<Key, std::shared_ptr<const Secao>, Hash> cache;
+    const Roles* roles = rolesOf(kind, points, static_cast<int>(values.size()));
+    if (roles == nullptr) return std::make_shared<Secao>(Kind::None, RoleValues{});
+    const Key key = keyOf(kind, *roles, points, values);
+    if (const auto found = cache.find(key); found != cache.end()) return found->second;
+    if (cache.size() >= kMaxCache) cache.clear();
+    auto fresh = std::make_shared<const Secao>(kind, roleValuesOf(kind, points, values));
+    cache.emplace(key, fresh);
+    return fresh;
 }
 
 }  // namespace zp::secao

@@ -18,18 +18,18 @@ namespace zp::secao {
 /// Section plane with the piece's axis at the origin, turned by r; mm, kg/m.
 class Secao {
 public:
-    Secao(Classe classe, const Dados& dados);
+    Secao(Kind kind, const RoleValues& roleValues);
 
-    const std::vector<Contorno>& contornos() const { return m_contornos; }
+    const std::vector<Outline>& outlines() const { return m_outlines; }
     /// Exact box of the outline.
-    const Caixa& caixa() const { return m_caixa; }
-    const Propriedades& propriedades() const { return m_propriedades; }
+    const Bounds& bounds() const { return m_bounds; }
+    const Properties& properties() const { return m_properties; }
     /// What a brush reaches: loops without holes; closed boxes only from outside.
     double perimetroPintura() const { return m_perimetroPintura; }
     /// Torsion constant, mm4.
-    double torcao() const { return m_torcao; }
+    double torsion() const { return m_torsion; }
     /// True when the values gave no drawable outline and a box stands for it.
-    bool invalida() const { return m_invalida; }
+    bool invalid() const { return m_invalid; }
     /// Height and width of one piece, of the whole for built-up sections; thickness.
     double altura() const { return m_altura; }
     /// mm.
@@ -44,28 +44,28 @@ public:
     const Vista& vista(int vista) const;
 
 private:
-    std::vector<Contorno> m_contornos;
-    Caixa m_caixa;
-    Propriedades m_propriedades;
+    std::vector<Outline> m_outlines;
+    Bounds m_bounds;
+    Properties m_properties;
     double m_perimetroPintura = 0.0;
-    double m_torcao = 0.0;
+    double m_torsion = 0.0;
     double m_altura = 0.0;
     double m_largura = 0.0;
     double m_espessura = 0.0;
     double m_area = 0.0;
     double m_kgMetro = 0.0;
-    bool m_invalida = false;
+    bool m_invalid = false;
     mutable std::unique_ptr<Vista> m_vistas[4];
 };
 
-/// The section of these constructor values from the shared cache. `valores` in constructor order;
+/// The section of these constructor values from the shared cache. `values` in constructor order;
 /// values that do not shape the section (length, places that carry nothing) make no difference.
 /// Single thread, as the host's objects.
-std::shared_ptr<const Secao> secaoDe(Classe classe, int pontos, std::span<const double> valores);
+std::shared_ptr<const Secao> secaoFrom(Kind kind, int points, std::span<const double> values);
 
-/// Short name and sizes as a draughtsman reads them: "Ue", "200x75x20x2,65". `subtipo` is the
+/// Short name and sizes as a draughtsman reads them: "Ue", "200x75x20x2,65". `series` is the
 /// series of a welded I.
-std::wstring textoPerfil(Classe classe, const Dados& dados, int subtipo);
-std::wstring textoDimensoes(Classe classe, const Dados& dados, int subtipo);
+std::wstring perfilText(Kind kind, const RoleValues& roleValues, int series);
+std::wstring dimensoesText(Kind kind, const RoleValues& roleValues, int series);
 
 }  // namespace zp::secao

@@ -4,14 +4,15 @@
 
 #include "zp/objects/secao/kinds.h"
 
-namespace zp::secao::textos {
+namespace zp::secao::wording {
 
 /// Of no class.
-Texto nenhum;
+TextRule none;
 /// Names that depend on the values.
-Texto u, caixa, tuboRetangular, iDobrado, iSoldado, iLaminado;
+TextRule u, caixa, tuboRectangular, iDobrado, iSoldado, iLaminado;
 /// Sizes, named after what they show in its order; "aba" is the lip, shown where there is one.
-Texto hbt, hht, hbtComAba, hbtComLargura, hbtComVao, hhtComVao, hbtComVaos, hbtComAbaEVao,
-    diametroEParede, diametro, massaDeUma, massaDeDuasComVao, larguraEEspessura, soldado, laminado;
+TextRule hbt, hht, hbtWithAba, hbtWithLargura, hbtWithVao, hhtWithVao, hbtWithVaos,
+    hbtWithAbaAndVao, diametroAndParede, diametro, pesoOfOne, pesoOfTwoWithVao, larguraAndEspessura,
+    soldado, laminado;
 
-}  // namespace zp::secao::textos
+}  // namespace zp::secao::wording
