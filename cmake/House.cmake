@@ -123,6 +123,14 @@ function(house_aside name folder)
                                              INSTALL_RPATH $ORIGIN/../bin)
 endfunction()
 
+# The toolkit keeps its own folder here instead of leaving one in the temporary folder.
+set(HOUSE_RUNTIME ${CMAKE_BINARY_DIR}/runtime)
+file(MAKE_DIRECTORY ${HOUSE_RUNTIME})
+file(CHMOD ${HOUSE_RUNTIME} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+function(house_test_surroundings name)
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT_MODIFICATION XDG_RUNTIME_DIR=set:${HOUSE_RUNTIME})
+endfunction()
+
 # house_test(NAME SOURCES ... KNOWS ...): one GoogleTest program, one test of ctest.
 function(house_test name)
     cmake_parse_arguments(TEST "" "" "SOURCES;KNOWS" ${ARGN})
@@ -136,6 +144,7 @@ function(house_test name)
     target_compile_definitions(${name} PRIVATE HOUSE_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                                HOUSE_BINARY_DIR="${CMAKE_BINARY_DIR}")
     add_test(NAME ${name} COMMAND ${name})
+    house_test_surroundings(${name})
 endfunction()
 
 # The installation folder as users have it, ready beside the programs.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Programs that feed the command line: commands left waiting, refusals, undo steps, silence.
+#include <filesystem>
 #include <fstream>
 
 #include "adsdlg.h"
@@ -145,6 +146,7 @@ ads_hdlg openDialog() {
     EXPECT_EQ(ads_load_dialog(toWide(file).c_str(), &id), RTNORM);
     EXPECT_EQ(ads_new_dialog(L"d", id, nullptr, &dialog), RTNORM);
     (void)ads_unload_dialog(id);
+    std::filesystem::remove(file);
     return dialog;
 }
 

@@ -359,7 +359,10 @@ protected:
         });
         file = std::filesystem::temp_directory_path() / "zp_visitado_test.dxf";
     }
-    ~Revisited() override { std::filesystem::remove(file); }
+    ~Revisited() override {
+        for (const char* extension : {".dxf", ".bak"})
+            std::filesystem::remove(file.replace_extension(extension));
+    }
     std::string save() {
         EXPECT_TRUE(static_cast<bool>(editor->file().save(file)));
         return *prancheta::readFile(file);
