@@ -166,7 +166,7 @@ Assembly assembly::caixaDobrado(const RoleValues& d) {
     return m;
 }
 
-Assembly assembly::tuboRectangular(const RoleValues& d) {
+Assembly assembly::tuboRetangular(const RoleValues& d) {
     const double h = d[H];
     const double b = d[B1];
     const double t = d[T];

@@ -19,7 +19,7 @@ struct Assembly {
 
 /// How each class is put together; `none` has no outline.
 namespace assembly {
-Builder none, uDobradoSingle, z, cartolaSingle, cantoneira, caixaDobrado, tuboRectangular, redondo,
+Builder none, uDobradoSingle, z, cartolaSingle, cantoneira, caixaDobrado, tuboRetangular, redondo,
     bn, cantLaminada, caixaOfCantoneiras, uLaminadoSingle, tDobrada, uOfDobradas, xDobrado,
     tLaminada, uOfLaminadas, bnDouble, cruz, zOfLaminadas, uULaminado, doisULaminado, iDobrado,
     iSoldado, iLaminado;

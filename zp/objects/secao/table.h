@@ -41,7 +41,7 @@ inline constexpr std::array<Description, kKinds> kTable{{
     {Kind::Box, L"ZpBox",
      {Roles{H, B1, T, Ri, L, Zero, Zero}},
      {Roles{H, B1, T, Ri, Zero}},
-     One, assembly::tuboRectangular, wording::tuboRectangular, wording::hbt, {{{B1, L"Largura (b)"}}}},
+     One, assembly::tuboRetangular, wording::tuboRetangular, wording::hbt, {{{B1, L"Largura (b)"}}}},
     {Kind::Tubo, L"ZpTubo",
      {},
      {Roles{D, Dint}},

@@ -45,7 +45,7 @@ std::wstring none(const RoleValues&, int) { return {}; }
 
 std::wstring u(const RoleValues& d, int) { return hasAba(d) ? L"Ue" : L"U"; }
 std::wstring caixa(const RoleValues& d, int) { return hasAba(d) ? L"2Ue []" : L"2U []"; }
-std::wstring tuboRectangular(const RoleValues& d, int) { return d[H] == d[B1] ? L"TQ" : L"TR"; }
+std::wstring tuboRetangular(const RoleValues& d, int) { return d[H] == d[B1] ? L"TQ" : L"TR"; }
 
 std::wstring iDobrado(const RoleValues& d, int) {
     if (!hasAba(d)) return L"2U ][";

@@ -9,7 +9,7 @@ namespace zp::secao::wording {
 /// Of no class.
 TextRule none;
 /// Names that depend on the values.
-TextRule u, caixa, tuboRectangular, iDobrado, iSoldado, iLaminado;
+TextRule u, caixa, tuboRetangular, iDobrado, iSoldado, iLaminado;
 /// Sizes, named after what they show in its order; "aba" is the lip, shown where there is one.
 TextRule hbt, hht, hbtWithAba, hbtWithLargura, hbtWithVao, hhtWithVao, hbtWithVaos,
     hbtWithAbaAndVao, diametroAndParede, diametro, pesoOfOne, pesoOfTwoWithVao, larguraAndEspessura,
