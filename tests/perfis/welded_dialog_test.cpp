@@ -116,6 +116,12 @@ TEST_F(WeldedDialog, FavouritesReachTheFileOnlyWhenTheyAreInForceAtTheEnd) {
     host.play(add);
     draw(pisoldado);
     EXPECT_EQ(list("vi.lst"), before + "1\t2\t3\t4\n");
+    // Neither do a series' rows take the place of favourites that are missing.
+    std::filesystem::remove(folder() / "Perfis/Listas/vi.lst");
+    host.play({L"rb_vs=1", L"lista=0"});
+    draw(pisoldado);
+    EXPECT_FALSE(std::filesystem::exists(folder() / "Perfis/Listas/vi.lst") &&
+                 !list("vi.lst").empty());
     host.lose(L"vi_geracao");
     host.clearEvents();
     draw(pisoldado);
@@ -150,10 +156,12 @@ TEST_F(WeldedDialog, TheOtherOneAddsSixNumbersAndReplacesByFour) {
 }
 
 TEST_F(WeldedDialog, TheOtherOneAsksForFlangesWiderThanTheWeb) {
-    host.play({L"h=300", L"a=8", L"bb=8", L"bc=100", L"accept"});
-    draw(perfilpsa);
-    EXPECT_EQ(modes({L"addtolist", L"substolist"}), (Texts{L"1", L"1"}));
-    EXPECT_EQ(host.value(L"error"), L"Dados inválidos para gerar perfil.");
+    for (const auto& [lower, upper] : {std::pair{L"bb=8", L"bc=100"}, {L"bb=100", L"bc=8"}}) {
+        host.play({L"h=300", L"a=8", lower, upper, L"accept"});
+        draw(perfilpsa);
+        EXPECT_EQ(modes({L"addtolist", L"substolist"}), (Texts{L"1", L"1"}));
+        EXPECT_EQ(host.value(L"error"), L"Dados inválidos para gerar perfil.");
+    }
     host.play({L"h=300", L"a=8", L"bb=8.1", L"bc=100"});  // flange thicknesses are not asked for
     draw(perfilpsa);
     EXPECT_EQ(modes({L"addtolist", L"substolist"}), (Texts{L"0", L"0"}));
