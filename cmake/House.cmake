@@ -10,7 +10,7 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release)
 endif()
 
-# Level 2: the third costs a first build a sixth more and the benchmarks do not tell them apart.
+# Level 2, as distributions build: the third makes a first build longer.
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 # What is tested is optimised; the questions need not be.
