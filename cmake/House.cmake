@@ -74,7 +74,7 @@ function(house_add folder)
     endif()
 endfunction()
 
-# house_built_soon(NAME): what only a person's next word waits for takes a third less to compile.
+# house_built_soon(NAME): what only a person's next word waits for takes less to compile.
 function(house_built_soon name)
     target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
 endfunction()

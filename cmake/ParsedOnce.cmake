@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Headers of others that most sources include are parsed once for all targets of a kind, which halves the time of a
-# first build. A source still includes what it uses: ./verificar reads the tree without this.
+# Headers of others that most sources include are parsed once for all targets of a kind: in a first build most
+# of a small source's time went there. A source still includes what it uses: ./verificar reads the tree without this.
 
 option(HOUSE_PARSED_ONCE "Headers of the standard library, GoogleTest and Qt are parsed once" ON)
 

@@ -179,6 +179,9 @@ TEST_F(MaterialList, FollowsTheDrawingAndUpdatesOnDemand) {
     press("atualizar");
     EXPECT_EQ(view->model()->columnCount(), 0);
     EXPECT_EQ(totals(), "Total: ");
+    press("tabela");
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(messages.size(), 1);
     EXPECT_EQ(panel->findChild<QPushButton*>("csv"), nullptr);
     acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &report);
 }

@@ -77,7 +77,7 @@ const protocol::ListSchema& listSchema() {
         std::ranges::transform(kFormatTable, shown.begin(), &Format::shown);
         return shown;
     }();
-    static const protocol::ListSchema schema{L"LISTAMATERIAL", L"Table", columns, formats};
+    static const protocol::ListSchema schema{kListCommand, kDrawWord, columns, formats};
     return schema;
 }
 

@@ -18,7 +18,7 @@ namespace zp::matlist {
 namespace {
 
 /// Words of the command's question. Behind those of the table come the file formats'.
-constexpr std::array kTable{L"Tabela", L"Table"};
+constexpr std::array kTable{L"Tabela", kDrawWord};
 constexpr std::array kNewList{L"Nova", L"New"};
 constexpr std::array kPurge{L"Limpar", L"Purge"};
 

@@ -4,6 +4,7 @@
 #include "rxregsvc.h"
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/follow.h"
+#include "zp/matlist/formats.h"
 #include "zp/matlist/lists.h"
 #include "zp/matlist/report.h"
 #include "zp/matlist/sheets.h"
@@ -24,7 +25,7 @@ void start(void* application) {
     zp::matlist::startFollowing();
     if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr)
         (void)stack->addCommand(
-            kGroup, L"LISTAMATERIAL", L"LISTAMATERIAL", ACRX_CMD_MODAL,
+            kGroup, zp::matlist::kListCommand, zp::matlist::kListCommand, ACRX_CMD_MODAL,
             zp::matlist::materialListCommand);  // refused only when it is there already
 }
 

@@ -30,6 +30,10 @@ bool writeCsv(const std::filesystem::path& destination, const std::vector<Linha>
 /// Workbook with numbers as numbers and a line of totals.
 extern const ListWriter kWriteXlsx;
 
+/// Global name of the command, and its word that draws the table.
+inline constexpr const wchar_t* kListCommand = L"LISTAMATERIAL";
+inline constexpr const wchar_t* kDrawWord = L"Table";
+
 inline constexpr std::size_t kFormats = 2;
 inline const std::array<Format, kFormats> kFormatTable{{
     {{L"Csv", L"CSV", L"csv"}, writeCsv},

@@ -324,6 +324,11 @@ void MaterialPanel::update() {
 }
 
 void MaterialPanel::drawTable() {
+    if (m_model->schema().command.isEmpty()) {
+        emit messageWanted(QStringLiteral(
+            "Nenhum módulo com lista de material está carregado; carregue-o com o comando ARX."));
+        return;
+    }
     const int list = chosenList();
     QString line = m_model->schema().command + QStringLiteral(" _") + m_model->schema().draw;
     if (list > 0) line += QStringLiteral("\n%1").arg(list);
