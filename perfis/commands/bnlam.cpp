@@ -10,9 +10,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr double kRoot2 = std::numbers::sqrt2;
 
 /// Distance from the reference point to the heel: a third of each leg from both backs.
@@ -26,15 +23,9 @@ double tipDistance(const Medidas& m) {
 }
 
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-tipDistance(m), -tipAltura(m)};
-     }},
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-tipDistance(m), tipAltura(m)};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-tipDistance(m), -tipAltura(m)); }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-tipDistance(m), tipAltura(m)); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {

@@ -50,51 +50,27 @@ using Extent = double (*)(const Medidas&);
 /// Both upper corners and the centre.
 template <Extent X, Extent Upper>
 inline constexpr Insertion kUpperCorners[] = {
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-X(m), -Upper(m)};
-     }},
-    {L"LEFT UPPER",
-     [](const Medidas& m) {
-         return Shift{X(m), -Upper(m)};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-X(m), -Upper(m)); }},
+    {L"LEFT UPPER", [](const Medidas& m) { return Shift(X(m), -Upper(m)); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 /// Two opposite corners and the centre.
 template <Extent X, Extent Upper, Extent Lower>
 inline constexpr Insertion kOppositeCorners[] = {
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-X(m), -Upper(m)};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{X(m), Lower(m)};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-X(m), -Upper(m)); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(X(m), Lower(m)); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 /// All corners and the centre.
 template <Extent X, Extent Y>
 inline constexpr Insertion kFourCorners[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-X(m), Y(m)};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{X(m), Y(m)};
-     }},
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-X(m), -Y(m)};
-     }},
-    {L"LEFT UPPER",
-     [](const Medidas& m) {
-         return Shift{X(m), -Y(m)};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-X(m), Y(m)); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(X(m), Y(m)); }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-X(m), -Y(m)); }},
+    {L"LEFT UPPER", [](const Medidas& m) { return Shift(X(m), -Y(m)); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 /// T of two angles: width, height, thickness, gap between the stems.

@@ -8,30 +8,15 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 /// One angle stands on the other's leg.
 double halfAltura(const Medidas& m) { return (m.h + m.t) / 2.0; }
 
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-m.b / 2.0, halfAltura(m)};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{m.b / 2.0, halfAltura(m)};
-     }},
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-m.b / 2.0, -halfAltura(m)};
-     }},
-    {L"LEFT UPPER",
-     [](const Medidas& m) {
-         return Shift{m.b / 2.0, -halfAltura(m)};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-m.b / 2.0, halfAltura(m)); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(m.b / 2.0, halfAltura(m)); }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-m.b / 2.0, -halfAltura(m)); }},
+    {L"LEFT UPPER", [](const Medidas& m) { return Shift(m.b / 2.0, -halfAltura(m)); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {

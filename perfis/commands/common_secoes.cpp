@@ -19,39 +19,18 @@ constexpr double kOneThird = 1.0 / 3.0;
 constexpr double kTwoThirds = 2.0 / 3.0;
 
 constexpr Insertion kUCorners[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-kTwoThirds * m.b, m.h / 2.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{kOneThird * m.b, m.h / 2.0};
-     }},
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-kTwoThirds * m.b, -m.h / 2.0};
-     }},
-    {L"LEFT UPPER",
-     [](const Medidas& m) {
-         return Shift{kOneThird * m.b, -m.h / 2.0};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-kTwoThirds * m.b, m.h / 2.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(kOneThird * m.b, m.h / 2.0); }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-kTwoThirds * m.b, -m.h / 2.0); }},
+    {L"LEFT UPPER", [](const Medidas& m) { return Shift(kOneThird * m.b, -m.h / 2.0); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 constexpr Insertion kRoundEdges[] = {
-    {L"DOWN",
-     [](const Medidas& m) {
-         return Shift{0.0, m.d / 2.0};
-     }},
-    {L"RIGHT",
-     [](const Medidas& m) {
-         return Shift{-m.d / 2.0, 0.0};
-     }},
-    {L"LEFT",
-     [](const Medidas& m) {
-         return Shift{m.d / 2.0, 0.0};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"DOWN", [](const Medidas& m) { return Shift(0.0, m.d / 2.0); }},
+    {L"RIGHT", [](const Medidas& m) { return Shift(-m.d / 2.0, 0.0); }},
+    {L"LEFT", [](const Medidas& m) { return Shift(m.d / 2.0, 0.0); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 }  // namespace

@@ -8,6 +8,10 @@
 
 namespace perfis {
 
+// A command's source says the values of its section by their roles alone.
+using zp::secao::Kind;
+using enum zp::secao::Role;
+
 /// A command: what it draws, and how a run of it is made where that is more than a plain one.
 struct PerfilCommand {
     const PerfilDescription& description;

@@ -12,19 +12,10 @@ namespace perfis {
 /// Shift from the lower edge or the centre of a box to its centre, in the order of "ins_list".
 template <double Medidas::*Largura>
 constexpr Insertion kBoxEdges[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-(m.*Largura) / 2.0, m.h / 2.0};
-     }},
-    {L"MID DOWN",
-     [](const Medidas& m) {
-         return Shift{0.0, m.h / 2.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{(m.*Largura) / 2.0, m.h / 2.0};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-(m.*Largura) / 2.0, m.h / 2.0); }},
+    {L"MID DOWN", [](const Medidas& m) { return Shift(0.0, m.h / 2.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift((m.*Largura) / 2.0, m.h / 2.0); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 /// Without the blank at the end that the other commands have.

@@ -11,9 +11,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr double kRoot2 = std::numbers::sqrt2;
 
 /// From the reference point to the rounded tips, sideways, up and down.
@@ -39,7 +36,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesRolled,
     .insertions = kOppositeCorners<tipX, tipY, tipY>,
     .wrong = wrongVao,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpBNDuplaLaminada, Kind::BNDuplaLaminada>,
     .values = kValues,
     .readBack = readEqualLegs,

@@ -10,21 +10,12 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr double kPi = std::numbers::pi;
 
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-2.0 * m.b / 3.0, -m.h / 3.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{m.b / 3.0, 2.0 * m.h / 3.0};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-2.0 * m.b / 3.0, -m.h / 3.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(m.b / 3.0, 2.0 * m.h / 3.0); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 /// Views 1 and 4 are drawn as the opposite face of a piece turned by half a circle.

@@ -8,19 +8,10 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-2.0 * m.b / 3.0, -m.h / 3.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{m.b / 3.0, 2.0 * m.h / 3.0};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-2.0 * m.b / 3.0, -m.h / 3.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(m.b / 3.0, 2.0 * m.h / 3.0); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {

@@ -9,9 +9,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
@@ -25,7 +22,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesHbta,
     .insertions = kUpperCorners<halfAcrossVao, thirdOfAltura>,
     .wrong = wrongVao,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpCantTDobrada, Kind::CantTDobrada>,
     .values = kValues,
     .cotaSecao = cotaTee,

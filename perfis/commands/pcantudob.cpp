@@ -9,9 +9,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
@@ -25,7 +22,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesHbta,
     .insertions = kUpperCorners<halfOutsideLargura, thirdOfAltura>,
     .wrong = wrongLargura,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpCantUDobrada, Kind::CantUDobrada>,
     .values = kValues,
     .cotaSecao = cotaTrough,

@@ -8,9 +8,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},
     {T, &Medidas::t},  {Ey, [](const Medidas& m) { return 2.0 * m.h / 3.0; }},
@@ -28,7 +25,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesRolled,
     .insertions = kUpperCorners<halfOutsideLargura, thirdOfAltura>,
     .wrong = wrongLargura,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpCantULaminada, Kind::CantULaminada>,
     .values = kValues,
     .cotaSecao = cotaTrough,

@@ -12,9 +12,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr double kRoot2 = std::numbers::sqrt2;
 
 /// The heels lie a little inside the gap: the bends themselves keep its width.
@@ -37,7 +34,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesHbta,
     .insertions = kOppositeCorners<tipX, upperTip, lowerTip>,
     .wrong = wrongVao,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpXDobrado, Kind::XDobrado>,
     .values = kValues,
     .cotaSecao = [](PecaCotas& d, const Medidas& m) { cotaHeels(d, m, heelX(m), m.b); },

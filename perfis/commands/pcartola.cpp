@@ -8,29 +8,14 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 /// Half the width over the lips, which are measured from the inner face of the sides.
 double halfLargura(const Medidas& m) { return m.b / 2.0 - m.t + m.a; }
 
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-halfLargura(m), m.h / 2.0};
-     }},
-    {L"MID DOWN",
-     [](const Medidas& m) {
-         return Shift{0.0, m.h / 2.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{halfLargura(m), m.h / 2.0};
-     }},
-    {L"MID UPPER",
-     [](const Medidas& m) {
-         return Shift{0.0, -m.h / 2.0};
-     }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-halfLargura(m), m.h / 2.0); }},
+    {L"MID DOWN", [](const Medidas& m) { return Shift(0.0, m.h / 2.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(halfLargura(m), m.h / 2.0); }},
+    {L"MID UPPER", [](const Medidas& m) { return Shift(0.0, -m.h / 2.0); }},
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {

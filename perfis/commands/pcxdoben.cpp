@@ -13,23 +13,11 @@ using zp::secao::RoleValues;
 using enum zp::secao::Role;
 
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-m.b, m.h / 2.0};
-     }},
-    {L"MID DOWN",
-     [](const Medidas& m) {
-         return Shift{0.0, m.h / 2.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{m.b, m.h / 2.0};
-     }},
-    {L"MID LEFT",
-     [](const Medidas& m) {
-         return Shift{m.b, 0.0};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-m.b, m.h / 2.0); }},
+    {L"MID DOWN", [](const Medidas& m) { return Shift(0.0, m.h / 2.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(m.b, m.h / 2.0); }},
+    {L"MID LEFT", [](const Medidas& m) { return Shift(m.b, 0.0); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {

@@ -9,9 +9,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
 };
@@ -25,7 +22,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesHbta,
     .insertions = kFourCorners<halfOutsideLargura, halfAltura>,
     .wrong = wrongLargura,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpCaixaDobrado, Kind::CaixaDobrado>,
     .values = kValues,
     .cotaSecao = cotaFacing,

@@ -9,9 +9,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},
     {B1, &Medidas::b},
@@ -43,7 +40,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesRolled,
     .insertions = kFourCorners<halfAcrossVao, halfAltura>,
     .wrong = wrongVao,
-    .barraShift = nullptr,
     .pecas = kPecaClass<Zp2ULaminado, Kind::DoisULaminado>,
     .values = kValues,
     .cotaSecao = cotaSecao,

@@ -70,7 +70,7 @@ struct PerfilDescription {
     /// The first number with which the section cannot be drawn; null when it can.
     Medida (*wrong)(const Medidas&);
     /// Alignment of longitudinal views; null where the piece is moved to a face point instead.
-    Shift (*barraShift)(const Medidas&, const BarraPlace&);
+    Shift (*barraShift)(const Medidas&, const BarraPlace&) = nullptr;
     /// What is drawn, from the dialog's numbers; figures of the views dialog that are not drawn as
     /// they are named.
     PecaClass pecas;

@@ -9,9 +9,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr MedidaTile kTiles[] = {{L"d", &Medidas::d, L"0"}};
 
 constexpr RoleValue kValues[] = {

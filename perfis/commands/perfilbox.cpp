@@ -8,27 +8,12 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-m.b / 2.0, m.h / 2.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{m.b / 2.0, m.h / 2.0};
-     }},
-    {L"RIGHT UPPER",
-     [](const Medidas& m) {
-         return Shift{-m.b / 2.0, -m.h / 2.0};
-     }},
-    {L"LEFT UPPER",
-     [](const Medidas& m) {
-         return Shift{m.b / 2.0, -m.h / 2.0};
-     }},
-    {L"CENTER", [](const Medidas&) { return Shift{}; }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-m.b / 2.0, m.h / 2.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(m.b / 2.0, m.h / 2.0); }},
+    {L"RIGHT UPPER", [](const Medidas& m) { return Shift(-m.b / 2.0, -m.h / 2.0); }},
+    {L"LEFT UPPER", [](const Medidas& m) { return Shift(m.b / 2.0, -m.h / 2.0); }},
+    {L"CENTER", [](const Medidas&) { return Shift(); }},
 };
 
 constexpr RoleValue kValues[] = {

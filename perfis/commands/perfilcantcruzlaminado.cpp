@@ -8,9 +8,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 double legAndHalfAv(const Medidas& m) { return m.h + m.av / 2.0; }
 
 constexpr RoleValue kValues[] = {
@@ -40,7 +37,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesRolledAv,
     .insertions = kOppositeCorners<halfAcrossVao, legAndHalfAv, legAndHalfAv>,
     .wrong = wrongVaoOrAv,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpCantCruzLaminada, Kind::CantCruzLaminada>,
     .values = kValues,
     .cotaSecao = cotaSecao,

@@ -8,9 +8,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 /// The upper angle stands av above the lower one.
 double halfShiftedAltura(const Medidas& m) { return (m.h + m.av) / 2.0; }
 
@@ -36,7 +33,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesRolledAv,
     .insertions = kUpperCorners<halfAcrossVao, halfShiftedAltura>,
     .wrong = wrongVaoOrAv,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpCantZLaminada, Kind::CantZLaminada>,
     .values = kValues,
     .cotaSecao = cotaSecao,

@@ -38,7 +38,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesWithAba,
     .insertions = kFourCorners<halfAcrossVao, halfAlturaWithAbas>,
     .wrong = wrongVaoOrAba,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpIDobrado, Kind::IDobrado>,
     .values = kValues,
     .draws = [](const RoleValues& v) { return v[Aba] != 0.0 && v[Species] == kCartolas; },

@@ -91,7 +91,6 @@ const PerfilDescription kPsa = {
     // The width is that of the upper flange, at the lower edge too.
     .insertions = kBoxEdges<&Medidas::bc>,
     .wrong = wrong,
-    .barraShift = nullptr,
     .pecas = kPecas,
     .values = kValues,
     .draws = [](const RoleValues& v) { return v.variant == 1; },

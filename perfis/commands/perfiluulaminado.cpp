@@ -9,9 +9,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},
     {B1, &Medidas::b},
@@ -35,7 +32,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesRolled,
     .insertions = kFourCorners<halfOutsideLargura, halfAltura>,
     .wrong = wrongLargura,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpUULaminado, Kind::UULaminado>,
     .values = kValues,
     .cotaSecao = cotaFacing,

@@ -9,9 +9,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h}, {B1, &Medidas::b}, {B2, &Medidas::b},
     {T, &Medidas::t}, {Ri, &Medidas::t}, {Vao, &Medidas::a},
@@ -31,7 +28,6 @@ const PerfilDescription kDescription = {
     .tiles = kTilesHbta,
     .insertions = kFourCorners<halfAcrossVao, halfAltura>,
     .wrong = wrongVao,
-    .barraShift = nullptr,
     .pecas = kPecaClass<ZpIDobrado, Kind::IDobrado>,
     .values = kValues,
     .cotaSecao = cotaSecao,

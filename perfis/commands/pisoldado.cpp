@@ -13,9 +13,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr MedidaTile kTiles[] = {
     {L"h", &Medidas::h, L"0"},
     {L"b", &Medidas::b, L"0"},

@@ -13,18 +13,9 @@ using zp::secao::RoleValues;
 using enum zp::secao::Role;
 
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-2.0 * m.b / 3.0, m.h / 2.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{m.b / 3.0, m.h / 2.0};
-     }},
-    {L"MID LEFT",
-     [](const Medidas& m) {
-         return Shift{m.b / 3.0, 0.0};
-     }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-2.0 * m.b / 3.0, m.h / 2.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(m.b / 3.0, m.h / 2.0); }},
+    {L"MID LEFT", [](const Medidas& m) { return Shift(m.b / 3.0, 0.0); }},
 };
 
 constexpr RoleValue kValues[] = {

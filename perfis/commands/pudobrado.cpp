@@ -8,9 +8,6 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr RoleValue kValues[] = {
     {H, &Medidas::h},  {B1, &Medidas::b},   {B2, &Medidas::b},   {T, &Medidas::t},
     {Ri, &Medidas::t}, {Ang1, kRightAngle}, {Ang2, kRightAngle},

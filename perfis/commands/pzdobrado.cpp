@@ -8,18 +8,9 @@
 namespace perfis {
 namespace {
 
-using zp::secao::Kind;
-using enum zp::secao::Role;
-
 constexpr Insertion kInsertions[] = {
-    {L"RIGHT DOWN",
-     [](const Medidas& m) {
-         return Shift{-(m.b - m.t / 2.0), m.h / 2.0};
-     }},
-    {L"LEFT DOWN",
-     [](const Medidas& m) {
-         return Shift{m.b - m.t / 2.0, m.h / 2.0};
-     }},
+    {L"RIGHT DOWN", [](const Medidas& m) { return Shift(-(m.b - m.t / 2.0), m.h / 2.0); }},
+    {L"LEFT DOWN", [](const Medidas& m) { return Shift(m.b - m.t / 2.0, m.h / 2.0); }},
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {

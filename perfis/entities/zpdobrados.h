@@ -4,13 +4,6 @@
 
 #include "perfis/entities/zpobject.h"
 
-/// Reads and changes one constructor value.
-#ifndef ZP_VALUE
-#define ZP_VALUE(NAME)                           \
-    Acad::ErrorStatus NAME(double& value) const; \
-    Acad::ErrorStatus set##NAME(double value);
-#endif
-
 /// Cold-formed U: height h, flange b1 (upper) and b2 (lower), thickness t, inner bend radius ri,
 /// flange angles a1 and a2, turn r about the axis, lip (0 none, negative outwards).
 class ZpUDobrado : public ZpObject {

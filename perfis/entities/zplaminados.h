@@ -4,12 +4,13 @@
 
 #include "perfis/entities/zpobject.h"
 
-/// Reads and changes one constructor value.
-#ifndef ZP_VALUE
-#define ZP_VALUE(NAME)                           \
-    Acad::ErrorStatus NAME(double& value) const; \
-    Acad::ErrorStatus set##NAME(double value);
-#endif
+/// Linear mass in kg/m, area in mm2 unless the class says cm2, radius and thickness in mm: read
+/// and changed.
+#define ZP_ROLLED_VALUES \
+    ZP_VALUE(KgMetro)    \
+    ZP_VALUE(Area)       \
+    ZP_VALUE(RaioDobra)  \
+    ZP_VALUE(Espessura)
 
 /// Rolled equal angle turned by 45 degrees, heel at the left, at x = 2e. m = kg/m, A = area in mm2.
 class ZpBNLaminado : public ZpObject {
@@ -21,10 +22,7 @@ public:
     ZpBNLaminado(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
                  double t, double e, double radius, double reserved1, double m, double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
 };
 
 /// Rolled angle; ex from the back of the vertical leg, ey above its lower end to the axis.
@@ -39,10 +37,7 @@ public:
                    double b, double t, double ex, double ey, double radius, double reserved1,
                    double m, double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
     ZP_VALUE(EixoX)
     ZP_VALUE(EixoY)
 };
@@ -58,10 +53,7 @@ public:
     ZpCantLaminadaCaixa(const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista, double h,
                         double b, double t, double radius, double reserved1, double m, double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
 };
 
 /// Rolled U; ex from the back of the web to the axis, r turn about it.
@@ -76,10 +68,7 @@ public:
                 double b1, double t, double b2, double tf1, double tf2, double ex, double radius,
                 double reserved1, double A, double m);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
     ZP_VALUE(EixoX)
     /// Half the fall of the inner face of a flange from web to toe: (b - t) / 12.
     static double calcDeslocF(double b, double t);
@@ -97,10 +86,7 @@ public:
                       double b, double t, double ex, double ey, double radius, double vao,
                       double reserved1, double m, double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
     ZP_VALUE(EixoX)
     ZP_VALUE(EixoY)
 };
@@ -117,10 +103,7 @@ public:
                     double b, double t, double ex, double ey, double radius, double w,
                     double reserved1, double m, double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
     ZP_VALUE(EixoX)
     ZP_VALUE(EixoY)
 };
@@ -137,10 +120,7 @@ public:
                       double t, double e, double radius, double vao, double reserved1, double m,
                       double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
 };
 
 /// Star of two rolled angles; gaps across (vao) and in height (vaoV). The area handed over is in
@@ -156,10 +136,7 @@ public:
                        double b, double t, double radius, double vao, double vaoV, double reserved1,
                        double m, double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
 };
 
 /// Two rolled angles in Z; gap across (vao), shift in height (vaoV). The area handed over is in
@@ -175,10 +152,7 @@ public:
                     double b, double t, double radius, double vao, double vaoV, double reserved1,
                     double m, double A);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
 };
 
 /// Two rolled U, toes facing, over the outside width w. A and m are those of both.
@@ -193,10 +167,7 @@ public:
                  double b1, double t, double b2, double tf1, double tf2, double w, double radius,
                  double reserved1, double A, double m);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
 };
 
 /// Two rolled U, back to back. A and m are those of both.
@@ -211,8 +182,5 @@ public:
                  double b1, double t, double b2, double tf1, double tf2, double ex, double radius,
                  double vao, double reserved1, double A, double m);
 
-    ZP_VALUE(KgMetro)
-    ZP_VALUE(Area)
-    ZP_VALUE(RaioDobra)
-    ZP_VALUE(Espessura)
+    ZP_ROLLED_VALUES
 };

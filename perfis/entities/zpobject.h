@@ -17,6 +17,11 @@ struct Access;
 /// Buffer that getPerfil and getDimensoes fill, characters with the terminator.
 inline constexpr int kZpTextMax = 128;
 
+/// Declares that a class reads and changes one value that it was constructed with.
+#define ZP_VALUE(NAME)                           \
+    Acad::ErrorStatus NAME(double& value) const; \
+    Acad::ErrorStatus set##NAME(double value);
+
 /// A piece of a drawn member. It lies in the plane of its start point parallel to XY: the axis runs
 /// from the start along the direction AngleVista, and the picture is that of one view. Lengths in
 /// drawing units (mm), angles in radians, masses in kg, areas of sections in mm2.

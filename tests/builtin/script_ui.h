@@ -19,11 +19,14 @@
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/register.h"
+#include "tests/reading.h"
 
 namespace builtin {
 
 using prancheta::InputRequest;
 using prancheta::RawInput;
+using tests::expectPoint;
+using tests::Read;
 
 class ScriptUi : public prancheta::UserInterface {
 public:
@@ -106,21 +109,6 @@ protected:
     ScriptUi ui;
     std::unique_ptr<prancheta::Editor> editor;
 };
-
-/// The entity opened for reading; fails the test when it is of another class.
-template <class T>
-class Read : public AcDbObjectPointer<T> {
-public:
-    explicit Read(AcDbObjectId id) : AcDbObjectPointer<T>(id, AcDb::kForRead) {
-        EXPECT_EQ(this->openStatus(), Acad::eOk);
-    }
-};
-
-inline void expectPoint(const AcGePoint3d& p, double x, double y, double z = 0.0) {
-    EXPECT_NEAR(p.x, x, 1e-9);
-    EXPECT_NEAR(p.y, y, 1e-9);
-    EXPECT_NEAR(p.z, z, 1e-9);
-}
 
 inline void expectLine(AcDbObjectId id, double x1, double y1, double x2, double y2) {
     const Read<AcDbLine> line(id);

@@ -19,10 +19,12 @@
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/select.h"
 #include "prancheta/entities/register.h"
+#include "tests/reading.h"
 
 namespace editortest {
 
 using namespace prancheta;
+using tests::expectPoint;
 
 inline RawInput typed(std::wstring text) {
     RawInput input;
@@ -186,11 +188,5 @@ protected:
     std::vector<Event> events;
     std::unique_ptr<Editor> editor;
 };
-
-inline void expectPoint(const AcGePoint3d& p, double x, double y, double z = 0.0) {
-    EXPECT_NEAR(p.x, x, 1e-9);
-    EXPECT_NEAR(p.y, y, 1e-9);
-    EXPECT_NEAR(p.z, z, 1e-9);
-}
 
 }  // namespace editortest

@@ -22,12 +22,15 @@
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/entities/register.h"
+#include "tests/reading.h"
 
 namespace zp_tests {
 
 inline constexpr double kPi = std::numbers::pi;
 
 using prancheta::RawInput;
+using tests::expectPoint;
+using tests::Read;
 
 /// Answers from a list; keeps what was said and asked.
 class Typist : public prancheta::UserInterface {
@@ -67,21 +70,6 @@ public:
     std::wstring printed;
     std::vector<std::wstring> questions;
 };
-
-/// The entity opened for reading; fails the test when it is of another class.
-template <class T>
-class Read : public AcDbObjectPointer<T> {
-public:
-    explicit Read(AcDbObjectId id) : AcDbObjectPointer<T>(id, AcDb::kForRead) {
-        EXPECT_EQ(this->openStatus(), Acad::eOk);
-    }
-};
-
-inline void expectPoint(const AcGePoint3d& p, double x, double y, double z = 0.0) {
-    EXPECT_NEAR(p.x, x, 1e-9);
-    EXPECT_NEAR(p.y, y, 1e-9);
-    EXPECT_NEAR(p.z, z, 1e-9);
-}
 
 class Drawing : public testing::Test {
 protected:
