@@ -29,14 +29,10 @@ constexpr Insertion kInsertions[] = {
 };
 
 Shift barraShift(const Medidas& m, const BarraPlace& place) {
-    switch (place.vista) {
-        case 1:
-            return shiftByReach({-tipDistance(m), heelDistance(m)}, place);
-        case 2:
-            return shiftByReach({-heelDistance(m), tipDistance(m)}, place);
-        default:
-            return shiftByReach({-tipAltura(m), tipAltura(m)}, place);
-    }
+    const bool above = place.vista == ZpObject::kVistaSuperior;
+    return shiftByReach(
+        above ? Reach{-tipDistance(m), heelDistance(m)} : Reach{-tipAltura(m), tipAltura(m)},
+        place);
 }
 
 constexpr RoleValue kValues[] = {

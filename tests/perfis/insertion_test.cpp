@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "perfis/commands/common_secoes.h"
-
 namespace perfis {
 namespace {
 
@@ -19,18 +17,6 @@ Medidas u(double h, double b) {
     medidas.h = h;
     medidas.b = b;
     return medidas;
-}
-
-TEST(USecao, CornersAndCentreStandOnThePickedPoint) {
-    const Medidas m = u(150, 60);  // the box reaches from -20 to 40 and from -75 to 75
-    const double expected[5][2] = {{-40, 75}, {20, 75}, {-40, -75}, {20, -75}, {0, 0}};
-    const wchar_t* const names[5] = {L"RIGHT DOWN", L"LEFT DOWN", L"RIGHT UPPER", L"LEFT UPPER",
-                                     L"CENTER"};
-    ASSERT_EQ(kUInsertions.size(), 5u);
-    for (std::size_t i = 0; i < 5; ++i) {
-        EXPECT_STREQ(kUInsertions[i].name, names[i]);
-        expectShift(kUInsertions[i].shift(m), expected[i][0], expected[i][1]);
-    }
 }
 
 TEST(UBarra, SideViewsCountHalfTheHeightInWholeMillimetres) {
