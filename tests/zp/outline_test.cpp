@@ -227,6 +227,20 @@ TEST(Secao, EqualOnesAreOne) {
     EXPECT_NE(shortOne.secao().get(), u(200, 75, 2.65).secao().get());
 }
 
+TEST(Secao, KeepsEachVista) {
+    const auto secao = cartola(50, 100, 20, 2).secao();  // no two sides of a hat look alike
+    for (const int vista : {4, 1, 3, 2}) {
+        const auto words = [](const zp::secao::Vista& v) {
+            std::string all;
+            for (const zp::secao::Level& l : v.levels)
+                all += std::to_string(l.w) + (l.visible ? "V " : "H ");
+            return all;
+        };
+        EXPECT_EQ(words(secao->vista(vista)),
+                  words(zp::secao::vistaLongitudinal(secao->outlines(), vista)));
+    }
+}
+
 TEST(Secao, Texts) {
     struct Linha {
         Sample sample;
@@ -264,6 +278,7 @@ TEST(Secao, Texts) {
          L"300x150x9,5x200x12,5x6,3"},
         {iLaminado(200, 100, 8.5, 5.6, 0, 22.4), 0, L"IPE", L"200x22,4"},
         {iLaminado(200, 195, 8.5, 5.6, 1, 46.1), 0, L"W", L"200x46,1"},
+        {iLaminado(152.4, 84.6, 9.2, 5.84, 2, 18.5), 0, L"I", L"152,4x18,5"},
     };
     for (const Linha& l : kRows) {
         const auto d = zp::secao::roleValuesOf(l.sample.kind, l.sample.points(), l.sample.values);

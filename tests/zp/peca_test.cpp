@@ -328,6 +328,16 @@ TEST(Functions, FormatInString) {
     EXPECT_NEAR(sex2rad(180), kPi, 1e-15);
 }
 
+TEST_F(Peca, AScaleOfNothingIsOne) {
+    resbuf value{};
+    value.restype = RTREAL;
+    for (const auto& [dimscale, scale] : {std::pair{0.0, 1.0}, {25.0, 25.0}}) {
+        value.resval.rreal = dimscale;
+        ASSERT_EQ(acedSetVar(L"DIMSCALE", &value), RTNORM);
+        EXPECT_EQ(GetScale(), scale);
+    }
+}
+
 TEST_F(Peca, LayersOfTheUser) {
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "zp_camadas";
     std::filesystem::create_directories(folder / "perfis");
