@@ -19,6 +19,7 @@ public:
     /// Drawing units, radians, kg, m2: as the name is documented.
     virtual void number(const ACHAR* name, double value) = 0;
     virtual void integer(const ACHAR* name, long long value) = 0;
+    /// Null: there is none.
     virtual void text(const ACHAR* name, const ACHAR* value) = 0;
     /// World coordinates.
     virtual void point(const ACHAR* name, const AcGePoint3d& value) = 0;

@@ -97,49 +97,32 @@ ChangedCotas compare(const PecaCotas& before, const PecaCotas& after, const AcGe
     return changed;
 }
 
-/// Rows of plates that were in the material list: the plate that stands for each.
-std::vector<AcDbObjectId> listedChapas(const PecaValues& peca) {
-    std::vector<AcDbObjectId> listed;
-    for (const ChapaValues& chapa : peca.chapas)
-        if (zp::matlist::listedQuantidade(chapa.id) > 0) listed.push_back(chapa.id);
-    return listed;
+/// Rows of the material list that the plates stand in, each once.
+std::vector<AcDbObjectId> rowsOfChapas(const PecaValues& peca) {
+    std::vector<AcDbObjectId> rows;
+    for (const ChapaValues& chapa : peca.chapas) {
+        const AcDbObjectId row = zp::matlist::recordOf(chapa.id);
+        if (!row.isNull() && std::ranges::find(rows, row) == rows.end()) rows.push_back(row);
+    }
+    return rows;
 }
 
-/// The rows of a piece that is in the list.
+/// The rows of a piece that is in the list; `rows` are those of its plates before the change.
 void updateList(const VistasChoice& vistas, const PecaValues& peca,
-                const std::vector<AcDbObjectId>& listed, LaidChapas& laid) {
+                const std::vector<AcDbObjectId>& rows, LaidChapas& laid) {
     // A section is not entered, but one that is there stays.
     const bool allowed = !vistas.secaoOnly || peca.vista == ZpObject::kVistaSecao;
-    const bool stays = vistas.materialList && allowed;
-    const int pecas = pecaCount(vistas);
-    if (stays)
-        (void)zp::matlist::changeListed(peca.id, peca.id, pecas);
-    else
-        zp::matlist::removeListed(peca.id);
-    for (std::size_t i = 0; i < std::max(listed.size(), laid.rows.size()); ++i) {
-        const bool wasListed = i < listed.size();
-        if (!stays || i >= laid.rows.size()) {
-            if (wasListed) zp::matlist::removeListed(listed[i]);
-        } else if (wasListed) {
-            (void)zp::matlist::changeListed(listed[i], laid.rows[i].chapa,
-                                            laid.rows[i].count * pecas);
-        } else {
-            (void)MatListChapas(peca.id, pecas, laid.rows[i]);
-            (void)zp::matlist::tieMarca(laid.rows[i].marca, laid.rows[i].chapa);
-        }
+    if (!vistas.materialList || !allowed) {
+        zp::matlist::leaveRow(peca.id);
+        for (const AcDbObjectId& chapa : laid.ids) zp::matlist::leaveRow(chapa);
+        return;
     }
-}
-
-/// A piece that was in no list enters it. A mark looks for its piece among the new ones, to which
-/// this one and its plates need not belong.
-void enterInList(const VistasChoice& vistas, const PecaValues& peca, const AcGePoint3d& start,
-                 LaidChapas& laid) {
-    Companions companions;
-    enterInMaterialList(vistas, start, peca.id, laid, companions);
-    // A mark that was not drawn needs no piece.
-    (void)zp::matlist::tieMarca(companions.marcas[0], peca.id);
+    (void)zp::matlist::enterRow(peca.id, zp::matlist::recordOf(peca.id), vistas.pecas);
     for (std::size_t i = 0; i < laid.rows.size(); ++i)
-        (void)zp::matlist::tieMarca(companions.marcas[i + 1], laid.rows[i].chapa);
+        if (i < rows.size())
+            (void)zp::matlist::enterChapas(laid.rows[i].chapa, rows[i]);
+        else
+            (void)MatListChapas(peca.id, pecaCount(vistas), laid.rows[i]);
 }
 
 void reportUnchanged(Acad::ErrorStatus status) {
@@ -152,7 +135,7 @@ void reportUnchanged(Acad::ErrorStatus status) {
 
 int rebuildPeca(const PerfilDescription& description, const RunState& state, const PecaValues& peca,
                 const ChapaLaying& layChapas, double shownPitch) {
-    const std::vector<AcDbObjectId> listed = listedChapas(peca);
+    const std::vector<AcDbObjectId> rows = rowsOfChapas(peca);
     Edit edit(peca.id);
     if (edit.status() != Acad::eOk) {
         reportUnchanged(edit.status());
@@ -181,16 +164,17 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state, con
     if (wanted && again) (void)cotaPeca(description, state, edit.peca(), laid);
     edit.finish();
 
-    if (peca.listed > 0)
-        updateList(state.vistas, peca, listed, laid);
+    Companions companions;
+    if (peca.listed)
+        updateList(state.vistas, peca, rows, laid);
     else
-        enterInList(state.vistas, peca, start, laid);
+        enterInMaterialList(state.vistas, start, peca.id, laid, companions);
     return RTNORM;
 }
 
 void layChapasAgain(const PerfilDescription& description, const RunState& state,
                     const PecaValues& peca, const ChapaLaying& layChapas) {
-    const std::vector<AcDbObjectId> listed = listedChapas(peca);
+    const std::vector<AcDbObjectId> rows = rowsOfChapas(peca);
     Edit edit(peca.id);
     if (edit.status() != Acad::eOk) return;
     const AcGePoint3d start = startOf(edit.peca());
@@ -207,7 +191,7 @@ void layChapasAgain(const PerfilDescription& description, const RunState& state,
         (void)edit.remake(edit.peca(), cotas.moved);  // of its own class
     }
     edit.finish();
-    if (peca.listed > 0) updateList(state.vistas, peca, listed, laid);
+    if (peca.listed) updateList(state.vistas, peca, rows, laid);
 }
 
 }  // namespace perfis

@@ -54,7 +54,8 @@ PecaValues valuesOf(const ZpObject& peca) {
         p.series = series;
     }
     p.hasCotas = !zp::edit::cotasOf(peca).empty();
-    p.listed = zp::matlist::listedQuantidade(p.id);
+    p.listed = zp::matlist::isListed(p.id);
+    p.count = zp::matlist::countOf(p.id);
     p.chapas = chapasOf(peca);
     return p;
 }

@@ -33,7 +33,8 @@ struct PecaValues {
     int tipoBarra = 0;
     int series = 0;         ///< of a welded I, ZpISoldado::SubType
     bool hasCotas = false;  ///< has dimensions tied to it
-    int listed = 0;         ///< pieces in the material list; 0: not in it
+    bool listed = false;    ///< in the material list
+    int count = 1;          ///< members that it counts for there; 0: a further view of one
     std::vector<ChapaValues> chapas;
 };
 

@@ -119,8 +119,8 @@ void PerfilRun::takePeca(const PecaValues& peca) {
     VistasChoice& vistas = m_state.vistas;
     vistas.secaoOnly = peca.vista == ZpObject::kVistaSecao;
     vistas.comprimento = peca.comprimento;
-    vistas.materialList = peca.listed > 0;
-    vistas.pecas = peca.listed;
+    vistas.materialList = peca.listed;
+    vistas.pecas = peca.listed ? peca.count : 0;
     if (!vistas.secaoOnly) vistas.vista = figureOf(m_description, peca.vista, peca.giro);
 }
 

@@ -52,10 +52,11 @@ private:
     bool m_open = false;
 };
 
-/// Ties the row to its mark and adds it.
-bool addRow(Linha& row, AcDbObjectId marca) {
+/// Ties the row to its mark and its piece, which is closed, and adds it.
+bool addRow(Linha& row, AcDbObjectId marca, AcDbObjectId peca) {
     AcDbSoftPointerId id(marca);
     row.AddObjId(id);
+    row.AddPeca(peca);
     return ZpArxAddToLista(row) != 0;
 }
 
@@ -76,27 +77,30 @@ RowTexts textsOfBarraData(AcDbObjectId perfilId) {
     return {static_cast<const wchar_t*>(perfil), static_cast<const wchar_t*>(dimensoes)};
 }
 
-/// Mark and row of the profile. `textY` receives the height of the mark's text.
-bool addPerfil(const ZpObject& perfil, const RowTexts& rowTexts, AcDbObjectId& marcaPerfil,
-               double& textY) {
+/// Mark and row of the profile, which is closed then. `textY` receives the height of the mark's
+/// text.
+bool addPerfil(AcDbObjectPointer<ZpObject>& perfil, const RowTexts& rowTexts,
+               AcDbObjectId& marcaPerfil, double& textY) {
     wchar_t marca[kZpMarcaMax] = {};
     if (ZpArxGetNextMarca(marca) == 0) return false;
     AcGePoint3d faces[4];
-    perfil.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
+    perfil->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     const double offset = kNearLine * GetScale();
     textY = faces[0].y + offset;
     ZpArxAddMarca(faces[0], AcGePoint3d(faces[0].x - offset, textY, 0.0), marca, marcaPerfil);
     Linha row(marca, 1, rowTexts.perfil.c_str(), rowTexts.dimensoes.c_str(), kSteel,
-              perfil.getComprimentoReal(), perfil.getPeso(), perfil.getPeso(),
-              perfil.getAreaPintura(), L"");
-    return addRow(row, marcaPerfil);
+              perfil->getComprimentoReal(), perfil->getPeso(), perfil->getPeso(),
+              perfil->getAreaPintura(), L"");
+    const AcDbObjectId peca = perfil->objectId();
+    (void)perfil.close();
+    return addRow(row, marcaPerfil, peca);
 }
 
 bool addChapas(ChapaRow& chapas, double textY) {
     if (chapas.count <= 0) return true;
     wchar_t marca[kZpMarcaMax] = {};
     if (ZpArxGetNextMarca(marca) == 0) return false;
-    const AcDbObjectPointer<ZpChapa> chapa(chapas.chapa, AcDb::kForRead);
+    AcDbObjectPointer<ZpChapa> chapa(chapas.chapa, AcDb::kForRead);
     if (chapa.openStatus() != Acad::eOk) return false;
     AcGePoint3d faces[4];
     chapa->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
@@ -111,7 +115,8 @@ bool addChapas(ChapaRow& chapas, double textY) {
     Linha row(marca, chapas.count, L"Chapa", dimensoes.c_str(), kSteel, chapa->getComprimentoReal(),
               chapa->getPeso(), chapa->getPeso() * chapas.count,
               chapas.count * chapa->getAreaPintura(), L"Travejamento");
-    return addRow(row, chapas.marca);
+    (void)chapa.close();
+    return addRow(row, chapas.marca, chapas.chapa);
 }
 
 enum class TextsFrom { kPeca, kBarraData };
@@ -127,8 +132,7 @@ int handOver(const AcGePoint3d& point, int type, AcDbObjectId perfilId, TextsFro
     const RowTexts rowTexts =
         source == TextsFrom::kPeca ? textsOfPeca(*perfil.object()) : textsOfBarraData(perfilId);
     double textY = 0.0;
-    if (!addPerfil(*perfil.object(), rowTexts, marcaPerfil, textY)) return RTCAN;
-    (void)perfil.close();
+    if (!addPerfil(perfil, rowTexts, marcaPerfil, textY)) return RTCAN;
     for (ChapaRow* const row : chapas)
         if (!addChapas(*row, textY)) return RTCAN;
     return RTNORM;

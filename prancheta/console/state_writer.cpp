@@ -14,7 +14,9 @@ Json handleJson(const AcDbObjectId& id) {
     return id.handle().getIntoAsciiBuffer(text) ? Json(toUtf8(text)) : Json(nullptr);
 }
 
-void JsonVisitor::text(const ACHAR* name, const ACHAR* value) { put(name, toUtf8(value)); }
+void JsonVisitor::text(const ACHAR* name, const ACHAR* value) {
+    put(name, value != nullptr ? Json(toUtf8(value)) : Json());
+}
 
 Json& JsonVisitor::put(const ACHAR* name, Json value) {
     Json& container = *m_stack.back();

@@ -11,8 +11,9 @@ namespace zp_tests {
 
 class MaterialListTest : public Drawing {
 protected:
-    /// As a drawing command enters one piece: `type` pieces, plates when there are any.
-    int enter(int type, int chapas = 0) {
+    /// As a drawing command enters one piece: `type` pieces, plates when there are any. A row
+    /// without a drawn piece is what it was told to be.
+    int enter(int type, int chapas = 0, AcDbObjectId peca = {}) {
         CCountMarca counter;
         int list = 0;
         int state = 0;
@@ -32,6 +33,7 @@ protected:
                                     1.5 * chapas, 0.05 * chapas, L"Travejamento");
             AcDbSoftPointerId linked(marcaId);
             row.AddObjId(linked);
+            if (i == 0) row.AddPeca(peca);
             if (ZpArxAddToLista(row) == 0) return 0;
         }
         ZpArxCloseLista();

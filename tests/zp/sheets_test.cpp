@@ -80,6 +80,7 @@ protected:
         Linha row(marca, 1, descricao, L"", L"ACO", 0, 0, 0, 0, nullptr);
         AcDbSoftPointerId linked(id);
         row.AddObjId(linked);
+        row.AddPeca(peca);
         EXPECT_EQ(ZpArxAddToLista(row), 1);
         ZpArxCloseLista();
         return id;

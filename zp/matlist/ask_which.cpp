@@ -27,7 +27,7 @@ std::optional<MaterialList> askWhich(const std::vector<MaterialList>& all) {
                             [=](const MaterialList& l) { return l.number == number; });
     };
     const auto last = numbered(g_last) != all.end() ? numbered(g_last) : all.end() - 1;
-    const std::wstring message = L"\nLista de material <" + std::to_wstring(last->number) + L">: ";
+    const std::wstring message = L"\nLista <" + std::to_wstring(last->number) + L">: ";
     for (;;) {
         acedInitGet(RSG_NOZERO | RSG_NONEG, nullptr);
         int number = 0;

@@ -6,11 +6,14 @@
 
 #include "acedads.h"
 #include "dbapserv.h"
+#include "perfis/entities/zpchapa.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "texts/number.h"
 #include "zp/matlist/ask_which.h"
+#include "zp/matlist/book.h"
+#include "zp/matlist/follow.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/matlist/zpmatlist.h"
-#include "zp/objects/watch.h"
 
 namespace {
 
@@ -24,6 +27,11 @@ struct OpenedList {
     CCountMarca* counter = nullptr;
 };
 OpenedList g_opened;
+
+bool isChapa(AcDbObjectId peca) {
+    const AcRxClass* kind = peca.objectClass();
+    return kind != nullptr && kind->isDerivedFrom(ZpChapa::desc());
+}
 
 const wchar_t* orEmpty(const wchar_t* text) { return text != nullptr ? text : L""; }
 
@@ -51,6 +59,10 @@ Linha::~Linha() = default;
 
 void Linha::AddObjId(AcDbSoftPointerId& id) {
     if (!id.isNull()) ids.push_back(id);
+}
+
+void Linha::AddPeca(const AcDbObjectId& peca) {
+    if (!peca.isNull()) pecas.push_back(peca);
 }
 
 int ZpArxConnectLista(int& list, AcDbObjectId& listId, int& state, wchar_t* group, CCountMarca&,
@@ -93,18 +105,20 @@ int ZpArxOpenLista(int, AcDbObjectId& listId, int, wchar_t*, int type, CCountMar
 int ZpArxGetNextMarca(wchar_t* marca) {
     if (marca == nullptr || g_opened.counter == nullptr) return 0;
     std::vector<int>& given = g_opened.counter->given;
-    const int lowestFree = zp::matlist::lowestFreeMarca(g_opened.list, given);
-    given.push_back(lowestFree);
-    std::swprintf(marca, kZpMarcaMax, L"P%d", lowestFree);
+    const std::wstring free =
+        zp::matlist::Book::of(*g_opened.list.database()).freeMarca(L"", given);
+    given.push_back(texts::toInt(free.c_str() + 1));
+    std::swprintf(marca, kZpMarcaMax, L"%ls", free.c_str());
     return 1;
 }
 
 void ZpArxAddMarca(AcGePoint3d tip, AcGePoint3d text, wchar_t* marca, AcDbObjectId& marcaId) {
     marcaId.setNull();
     if (marca == nullptr) return;
-    const AcDbObjectId peca =
-        zp::watch::pecaOfMarca(acdbHostApplicationServices()->workingDatabase(), tip);
-    auto entity = std::make_unique<ZpMarca>(tip, text, marca, kMarcaAltura * GetScale(), peca);
+    AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr) return;
+    const zp::matlist::Book::OwnWork own(zp::matlist::Book::of(*drawing));
+    auto entity = std::make_unique<ZpMarca>(tip, text, marca, kMarcaAltura * GetScale());
     (void)entity->setLayer(
         ZpLayerToUsr(L"MARCA"));  // a name that cannot be a layer leaves the current one
     if (append(entity.get(), marcaId) == RTNORM)
@@ -115,11 +129,23 @@ void ZpArxAddMarca(AcGePoint3d tip, AcGePoint3d text, wchar_t* marca, AcDbObject
 
 int ZpArxAddToLista(Linha& row) {
     if (g_opened.counter == nullptr) return 0;
+    // What the caller hands over is told by the caller.
+    const zp::matlist::Book::OwnWork own(zp::matlist::Book::of(*g_opened.list.database()));
     Linha all = row;
     all.quantidade *= g_opened.type;
     all.pesoTotal *= g_opened.type;
     all.areaPintura *= g_opened.type;
-    return zp::matlist::add(g_opened.list, all) ? 1 : 0;
+    all.tied = !row.pecas.empty();
+    const AcDbObjectId record = zp::matlist::add(g_opened.list, all);
+    if (record.isNull()) return 0;
+    for (const AcDbSoftPointerId& marca : row.ids)
+        if (!row.pecas.empty()) (void)zp::matlist::tieMarca(marca, row.pecas.front());
+    for (const AcDbObjectId& peca : row.pecas)
+        if (isChapa(peca))
+            (void)zp::matlist::enterChapas(peca, record);
+        else
+            (void)zp::matlist::enterRow(peca, record, g_opened.type);
+    return 1;
 }
 
 void ZpArxCloseLista() { g_opened = {}; }

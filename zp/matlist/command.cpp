@@ -10,7 +10,6 @@
 #include "texts/letters.h"
 #include "texts/path.h"
 #include "zp/matlist/ask_which.h"
-#include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/table.h"
 
@@ -182,7 +181,6 @@ void materialListCommand() {
     }
     const std::optional<MaterialList> list = choose(*drawing);
     if (!list) return;
-    describeAgain(list->id);
     if (action == kPurge[0]) {
         purge(*list);
         return;

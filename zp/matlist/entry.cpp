@@ -3,9 +3,9 @@
 #include "accmd.h"
 #include "rxregsvc.h"
 #include "zp/matlist/ask_which.h"
+#include "zp/matlist/book.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
-#include "zp/matlist/lists.h"
 #include "zp/matlist/report.h"
 #include "zp/matlist/sheets.h"
 #include "zp/matlist/table.h"
@@ -34,8 +34,6 @@ void stop() {
     zp::matlist::stopFollowing();
     zp::matlist::uninstallSheets();
     zp::matlist::uninstallReport();
-    zp::matlist::forget();
-    zp::matlist::forgetRows();
     deleteAcRxClass(ZpMarca::desc());
 }
 
@@ -43,9 +41,10 @@ void stop() {
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     if (msg == AcRx::kInitAppMsg) start(pkt);
+    AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+    if (msg == AcRx::kLoadDwgMsg) zp::matlist::followFrom(drawing);
     if (msg == AcRx::kUnloadDwgMsg) {
-        zp::matlist::forget();
-        zp::matlist::forgetRows();
+        zp::matlist::Book::forget(drawing);
         zp::matlist::forgetLast();
     }
     if (msg == AcRx::kUnloadAppMsg) stop();

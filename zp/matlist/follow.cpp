@@ -1,219 +1,554 @@
 // SPDX-License-Identifier: MIT
-// Rows by piece, and rows that follow a changed piece.
+// At the end of each command: rows, marks and tables after their pieces.
 #include "zp/matlist/follow.h"
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <optional>
+#include <set>
 #include <string>
-#include <unordered_map>
-#include <utility>
 
-#include "dbapserv.h"
+#include "aced.h"
+#include "acedads.h"
 #include "texts/number.h"
-#include "zp/matlist/lists.h"
+#include "zp/matlist/book.h"
+#include "zp/matlist/table.h"
 #include "zp/matlist/zpmarca.h"
-#include "zp/objects/edit.h"
+#include "zp/objects/member.h"
 
 namespace zp::matlist {
 namespace {
 
-/// How near the tip of a mark is to a corner to stand on it, mm.
-constexpr double kAtTip = 1e-6;
-/// How near two values are to be one, over their size.
-constexpr double kSameValue = 1e-9;
+/// How near two heights are to be one, mm.
+constexpr double kSameHeight = 1e-6;
+/// Lines about single rows that one command prints; what is beyond is counted.
+constexpr std::size_t kMostLines = 12;
 
-/// Rows of one list by mark and by piece. Rows behind the last one known are read when asked for; a
-/// last one that is gone, or another number of entries than those read, means that rows were taken
-/// out or came back: all are read again.
-struct Index {
-    AcDbObjectId list;
-    RowRecord last;
-    std::size_t entries = 0;  ///< of the list when it was read
-    std::unordered_map<Adesk::LongPtr, AcDbObjectId> records;
+std::wstring marcaOf(AcDbObjectId record) {
+    const Book::Row* const row =
+        record.isNull() ? nullptr : Book::of(*record.database()).row(record);
+    return row != nullptr ? row->marca : std::wstring();
+}
+
+/// "U 200x75x3, 2162 mm".
+std::wstring wordsFor(const Linha& row) {
+    return row.descricao + L" " + row.dimensoes + L", " + texts::withComma(row.comprimento, 1) +
+           L" mm";
+}
+
+bool sameRow(const Linha& a, const Linha& b) {
+    return a.quantidade == b.quantidade && a.descricao == b.descricao &&
+           a.dimensoes == b.dimensoes && a.material == b.material &&
+           a.comprimento == b.comprimento && a.pesoUnitario == b.pesoUnitario &&
+           a.pesoTotal == b.pesoTotal && a.areaPintura == b.areaPintura;
+}
+
+/// What one command did to the lists of one drawing, followed.
+class Followed {
+public:
+    Followed(AcDbDatabase& drawing, Book& book, Book::Changes changes)
+        : m_drawing(drawing), m_book(book), m_changes(std::move(changes)) {
+        for (const AcDbObjectId& id : m_changes.objects) {
+            const AcRxClass* kind = id.objectClass();
+            if (kind == nullptr) continue;
+            (kind->isDerivedFrom(ZpMarca::desc()) ? m_marcas : m_pecas).insert(id);
+        }
+    }
+
+    void run() {
+        adoptStrangers();
+        partRows();
+        goneWithTheirPecas();
+        carryMarcas();
+        writeRows();
+        say();
+        drawTables();
+    }
+
+private:
+    void adoptStrangers();
+    void partRows();
+    void part(AcDbObjectId peca, AcDbObjectId from);
+    AcDbObjectId equalRow(const ZpObject& peca);
+    void goneWithTheirPecas();
+    void moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone);
+    void carryMarcas();
+    AcGeVector3d carry(AcDbObjectId marca, const ZpObject& peca, const AcDbObjectId& barMarca);
+    void writeRows();
+    void say();
+    void drawTables();
+    std::set<AcDbObjectId, Older> touched() const;
+
+    AcDbDatabase& m_drawing;
+    Book& m_book;
+    Book::Changes m_changes;
+    Ids m_pecas;
+    Ids m_marcas;
+    std::set<AcDbObjectId, Older> m_said;  ///< rows that a line of its own told of
+    std::vector<std::wstring> m_lines;
+    /// How far the text of a bar's mark went, by mark.
+    std::map<AcDbObjectId, AcGeVector3d, Older> m_steps;
 };
-std::vector<Index> g_indices;
 
-void enter(Index& index, const RowRecord& read) {
-    index.last = read;
-    const AcDbObjectId record = read.id;
-    const std::optional<Linha> row = rowAt(record);
-    if (!row) return;
-    for (const AcDbSoftPointerId& id : row->ids) {
-        index.records[id.asOldId()] = record;
-        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-        if (marca.object() != nullptr && !marca->peca().isNull())
-            index.records[marca->peca().asOldId()] = record;
-    }
+/// Marks that were erased with their piece, by piece; they come back with it.
+std::map<AcDbObjectId, std::vector<AcDbObjectId>>& erasedMarcas() {
+    static std::map<AcDbObjectId, std::vector<AcDbObjectId>> all;
+    return all;
 }
 
-void update(Index& index) {
-    const std::size_t before = std::exchange(index.entries, entryCount(index.list));
-    const RowRecord last = index.last;
-    const bool holds = !last.id.isNull() && !last.id.isErased() &&
-                       recordNumbered(index.list, last.number) == last.id;
-    std::size_t newOnes = 0;
-    for (int number = last.number + 1; holds; ++number, ++newOnes) {
-        const AcDbObjectId id = recordNumbered(index.list, number);
-        if (id.isNull()) break;
-        enter(index, {number, id});
-    }
-    if (holds && before + newOnes == index.entries) return;
-    index.records.clear();
-    index.last = {};
-    for (const RowRecord& read : records(index.list)) enter(index, read);
-}
-
-/// The mark of a row that stands for the piece, or that is the id itself; null when the row tells
-/// of something else by now.
-AcDbObjectId marcaIn(AcDbObjectId record, AcDbObjectId marcaOrPeca) {
-    const std::optional<Linha> row = record.isErased() ? std::nullopt : rowAt(record);
-    if (!row) return {};
-    for (const AcDbSoftPointerId& id : row->ids) {
-        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-        if (marca.object() == nullptr) continue;
-        if (id == marcaOrPeca || marca->peca() == marcaOrPeca) return id;
+AcDbObjectId Followed::equalRow(const ZpObject& peca) {
+    for (const AcDbObjectId& id : m_book.likely(peca)) {
+        if (id == peca.objectId()) continue;
+        const AcDbObjectPointer<ZpObject> other(id, AcDb::kForRead);
+        if (other.object() != nullptr && member::same(peca, *other.object()))
+            return m_book.rowOf(id);
     }
     return {};
 }
 
-struct Found {
-    AcDbObjectId record;
-    AcDbObjectId marca;
-};
-
-Found findInIndex(AcDbObjectId id) {
-    for (const Index& index : g_indices) {
-        const auto found = index.records.find(id.asOldId());
-        if (found == index.records.end()) continue;
-        const AcDbObjectId marca = marcaIn(found->second, id);
-        if (!marca.isNull()) return {found->second, marca};
+/// Pieces that came from another drawing, where they were listed.
+void Followed::adoptStrangers() {
+    for (const AcDbObjectId& id : m_pecas) {
+        AcDbObjectId row;
+        int count = 1;
+        {
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.object() == nullptr) continue;
+            const Member& m = member::of(*peca.object());
+            if (!m.listed || m_book.row(m.row) != nullptr) continue;
+            count = m.count;
+            row = equalRow(*peca.object());
+        }
+        if (row.isNull()) row = rowOfItsOwn(id, {});
+        if (row.isNull() || !enterRow(id, row, count) || !m_said.insert(row).second) continue;
+        if (const std::optional<Linha> now = rowAt(row))
+            m_lines.push_back(now->marca + L": " +
+                              (m_changes.fresh.contains(row) || m_book.row(row)->quantidade == count
+                                   ? L"marca nova ("
+                                   : L"peça igual (") +
+                              wordsFor(*now) + L").");
     }
-    return {};
 }
 
-Index& indexOf(AcDbObjectId list) {
-    for (Index& index : g_indices)
-        if (index.list == list) return index;
-    return g_indices.emplace_back(Index{list, {}, 0, {}});
-}
-
-Found locate(AcDbObjectId id) {
-    if (id.isNull() || id.database() == nullptr) return {};
-    if (const Found found = findInIndex(id); !found.record.isNull()) return found;
-    for (const MaterialList& list : materialLists(*id.database())) update(indexOf(list.id));
-    return findInIndex(id);
-}
-
-/// Whole mm, as when the plate entered the list.
-std::wstring millimetres(double value) { return std::to_wstring(texts::realToInt(value)); }
-
-/// What the list says of a piece.
-void describe(const ZpObject& peca, Linha& row) {
-    if (peca.isKindOf(ZpChapa::desc())) {
-        row.dimensoes = millimetres(peca.getLargura()) + L"x" + millimetres(peca.getEspessura());
-    } else {
-        wchar_t text[kZpTextMax] = {};
-        (void)peca.getPerfil(text);  // the buffer is there
-        row.descricao = text;
-        (void)peca.getDimensoes(text);
-        row.dimensoes = text;
+/// A row stands for one member: pieces that became another one leave it.
+void Followed::partRows() {
+    std::map<AcDbObjectId, std::vector<AcDbObjectId>, Older> byRow;
+    for (const AcDbObjectId& id : m_pecas)
+        if (const AcDbObjectId row = m_book.rowOf(id); !row.isNull() && !id.isErased())
+            byRow[row].push_back(id);
+    for (const auto& [row, changed] : byRow) {
+        const Ids& all = m_book.row(row)->pecas;
+        if (all.size() < 2) continue;
+        // One that was not touched says what the row is, else the oldest.
+        const auto clean =
+            std::ranges::find_if(all, [&](AcDbObjectId id) { return !m_pecas.contains(id); });
+        const AcDbObjectId reference = clean != all.end() ? *clean : *all.begin();
+        std::vector<AcDbObjectId> others;
+        {
+            const AcDbObjectPointer<ZpObject> model(reference, AcDb::kForRead);
+            if (model.object() == nullptr) continue;
+            for (const AcDbObjectId& id : changed) {
+                if (id == reference) continue;
+                const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+                if (peca.object() != nullptr && !member::same(*model.object(), *peca.object()))
+                    others.push_back(id);
+            }
+        }
+        for (const AcDbObjectId& id : others) part(id, row);
     }
-    row.comprimento = peca.getComprimentoReal();
-    row.pesoUnitario = peca.getPeso();
-    row.pesoTotal = row.pesoUnitario * row.quantidade;
-    row.areaPintura = peca.getAreaPintura() * row.quantidade;
 }
 
-void carryMarca(AcDbObjectId id, const edit::Faces& before, const edit::Faces& after) {
-    const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-    if (marca.object() == nullptr) return;
-    for (int corner = 0; corner < 4; ++corner) {
-        if (marca->tip().distanceTo(before.f[corner]) > kAtTip) continue;
-        const AcGeVector3d step = after.f[corner] - before.f[corner];
-        if (step.length() > 0.0 && marca->upgradeOpen() == Acad::eOk)
-            (void)marca->transformBy(AcGeMatrix3d::translation(step));  // a motion is taken
+void Followed::part(AcDbObjectId id, AcDbObjectId from) {
+    AcDbObjectId row;
+    {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        row = equalRow(*peca.object());
+    }
+    const bool fresh = row.isNull() || row == from;
+    if (fresh) row = rowOfItsOwn(id, from);
+    m_said.insert(from);
+    if (row.isNull() || !enterRow(id, row, countOf(id)) || !m_said.insert(row).second) return;
+    if (const std::optional<Linha> now = rowAt(row))
+        m_lines.push_back(now->marca + (fresh ? L": marca nova (" : L": peça igual (") +
+                          wordsFor(*now) + L"; era " + marcaOf(from) + L").");
+}
+
+/// Marks go with an erased piece and come back with it; that of a row of plates stays while one of
+/// them stands.
+void Followed::goneWithTheirPecas() {
+    for (const AcDbObjectId& id : m_pecas) {
+        auto& gone = erasedMarcas();
+        if (!id.isErased()) {
+            if (const auto back = gone.find(id); back != gone.end()) {
+                for (const AcDbObjectId& marca : back->second) {
+                    const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite, true);
+                    if (opened.object() != nullptr && opened->isErased())
+                        (void)opened->erase(Adesk::kFalse);  // open for write and erased
+                }
+                gone.erase(back);
+            }
+            continue;
+        }
+        for (const AcDbObjectId& marca : m_book.marcasOf(id)) {
+            moveToNextChapa(marca, id);
+            if (m_book.marca(marca)->peca != id) continue;
+            const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+            if (opened.object() != nullptr && opened->erase() == Acad::eOk)
+                gone[id].push_back(marca);
+        }
+    }
+}
+
+void Followed::moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone) {
+    AcDbObjectId bar;
+    {
+        const AcDbObjectPointer<ZpChapa> chapa(gone, AcDb::kForRead, true);
+        if (chapa.object() == nullptr) return;
+        bar = edit::ownerOf(*chapa.object());
+    }
+    const AcDbObjectPointer<ZpObject> owner(bar, AcDb::kForRead);
+    if (owner.object() == nullptr) return;
+    const AcDbObjectId row = m_book.rowOf(gone);
+    for (const AcDbObjectId& next : edit::chapasOf(*owner.object())) {
+        if (next == gone || m_book.rowOf(next) != row) continue;
+        const AcDbObjectPointer<ZpObject> chapa(next, AcDb::kForRead);
+        if (chapa.object() == nullptr || !tieMarca(marca, next)) continue;
+        const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+        if (opened.object() == nullptr) return;
+        const AcGeVector3d step =
+            Book::placeOf(m_book.marca(marca)->tip, *chapa.object()) - opened->tip();
+        opened->moveBy(step, step);
         return;
     }
 }
 
-bool differs(double a, double b) { return std::abs(a - b) > kSameValue * std::abs(b); }
+/// Tips on the same place of their pieces, texts at the same offset. What the user moved himself
+/// stays where he put it.
+void Followed::carryMarcas() {
+    for (const AcDbObjectId& id : m_marcas) m_book.learnTip(id);
+    // Bars before plates, whose marks stand as high as those of their bars.
+    for (const bool chapas : {false, true})
+        for (const AcDbObjectId& id : m_pecas) {
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.object() == nullptr || peca->isKindOf(ZpChapa::desc()) != chapas) continue;
+            const std::vector<AcDbObjectId> ofBar =
+                chapas ? m_book.marcasOf(edit::ownerOf(*peca.object()))
+                       : std::vector<AcDbObjectId>();
+            for (const AcDbObjectId& marca : m_book.marcasOf(id))
+                if (!m_marcas.contains(marca))
+                    m_steps[marca] = carry(marca, *peca.object(),
+                                           ofBar.empty() ? AcDbObjectId() : ofBar.front());
+        }
+}
 
-class Follower : public edit::Listener {
-public:
-    void edited(AcDbObjectId id, const edit::Faces& before) override {
-        const Found found = locate(id);
-        if (found.record.isNull()) return;
-        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-        std::optional<Linha> row = rowAt(found.record);
-        if (peca.object() == nullptr || !row) return;
-        describe(*peca.object(), *row);
-        (void)rewrite(found.record, *row);  // what cannot be written stays as it was
-        carryMarca(found.marca, before, edit::facesOf(*peca.object()));
+/// How far the text went.
+AcGeVector3d Followed::carry(AcDbObjectId id, const ZpObject& peca, const AcDbObjectId& barMarca) {
+    const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+    if (marca.object() == nullptr) return {};
+    const AcGePoint3d tip = Book::placeOf(m_book.marca(id)->tip, peca);
+    AcGeVector3d step = tip - marca->tip();
+    AcGeVector3d textStep = step;
+    if (const auto bar = m_steps.find(barMarca); bar != m_steps.end()) {
+        const AcDbObjectPointer<ZpMarca> other(barMarca, AcDb::kForRead);
+        const AcGeVector3d up = Access::of(peca).frame().y;
+        const AcGePoint3d before = other->textAt() - bar->second;
+        if (std::abs((marca->textAt() - before).dotProduct(up)) <= kSameHeight)
+            textStep += up * (bar->second.dotProduct(up) - step.dotProduct(up));
     }
+    if (step.length() == 0.0 && textStep.length() == 0.0) return {};
+    if (marca->upgradeOpen() != Acad::eOk) return {};
+    marca->moveBy(step, textStep);
+    return textStep;
+}
+
+std::set<AcDbObjectId, Older> Followed::touched() const {
+    std::set<AcDbObjectId, Older> rows = m_changes.fresh;
+    for (const auto& [row, before] : m_changes.before) rows.insert(row);
+    for (const AcDbObjectId& id : m_pecas)
+        if (const AcDbObjectId row = m_book.rowOf(id); !row.isNull()) rows.insert(row);
+    return rows;
+}
+
+void Followed::writeRows() {
+    const Book::Changes ours = m_book.takeChanges();
+    m_changes.before.insert(ours.before.begin(), ours.before.end());
+    m_changes.fresh.insert(ours.fresh.begin(), ours.fresh.end());
+    for (const AcDbObjectId& record : touched()) {
+        const std::optional<Linha> stored = storedRow(record);
+        const std::optional<Linha> now = rowAt(record);
+        if (!stored || !now || !stored->tied || sameRow(*stored, *now)) continue;
+        (void)rewrite(record, *now);  // what cannot be written stays as it was
+        m_changes.rows = true;
+    }
+}
+
+void Followed::say() {
+    for (const auto& [record, before] : m_changes.before) {
+        const Book::Row* const row = m_book.row(record);
+        if (row == nullptr || !row->alive || row->quantidade == before ||
+            m_changes.fresh.contains(record) || m_said.contains(record))
+            continue;
+        m_lines.push_back(row->marca + L": " + std::to_wstring(row->quantidade) +
+                          (row->quantidade == 1 ? L" peça (era " : L" peças (era ") +
+                          std::to_wstring(before) + L").");
+    }
+    const std::size_t shown = m_lines.size() <= kMostLines ? m_lines.size() : kMostLines - 1;
+    for (std::size_t i = 0; i < shown; ++i) acutPrintf(L"\n%ls\n", m_lines[i].c_str());
+    if (shown < m_lines.size())
+        acutPrintf(L"\nMais %d linhas da lista mudaram.\n",
+                   static_cast<int>(m_lines.size() - shown));
+}
+
+void Followed::drawTables() {
+    if (!m_changes.rows) return;
+    resbuf automatic{};
+    if (acedGetVar(L"LISTAAUTO", &automatic) == RTNORM && automatic.restype == RTSHORT &&
+        automatic.resval.rint == 0)
+        return;
+    std::set<AcDbObjectId> lists;
+    for (const AcDbObjectId& record : touched())
+        if (const Book::Row* const row = m_book.row(record)) lists.insert(row->list);
+    for (const MaterialList& list : materialLists(m_drawing))
+        if (lists.contains(list.id) && hasTable(list.header)) (void)drawTable(list);
+}
+
+/// Pieces of a row of before pieces knew theirs: what the mark points at, plates with their equals.
+std::vector<AcDbObjectId> pecasOfOldRow(const Linha& row) {
+    for (const AcDbSoftPointerId& id : row.ids) {
+        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+        const AcDbObjectId first = marca.object() != nullptr ? marca->peca() : AcDbObjectId();
+        const AcDbObjectPointer<ZpObject> peca(first, AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        std::vector<AcDbObjectId> all{first};
+        const AcDbObjectPointer<ZpObject> bar(edit::ownerOf(*peca.object()), AcDb::kForRead);
+        if (bar.object() == nullptr) return all;
+        for (const AcDbObjectId& next : edit::chapasOf(*bar.object())) {
+            const AcDbObjectPointer<ZpObject> chapa(next, AcDb::kForRead);
+            if (next != first && chapa.object() != nullptr &&
+                member::same(*peca.object(), *chapa.object()))
+                all.push_back(next);
+        }
+        return all;
+    }
+    return {};
+}
+
+bool pecaErased(const Linha& row) {
+    return std::ranges::any_of(row.ids, [](const AcDbSoftPointerId& id) {
+        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+        return marca.object() != nullptr && marca->pecaErased();
+    });
+}
+
+/// What the row says stays: plates count one each where that is what it says, else its first piece
+/// for all.
+void tieOldRow(AcDbObjectId record, Linha row) {
+    const std::vector<AcDbObjectId> pecas = pecasOfOldRow(row);
+    if (pecas.empty() && !pecaErased(row)) return;
+    row.tied = true;
+    if (!rewrite(record, row) || pecas.empty()) return;
+    int times = 1;
+    {
+        const AcDbObjectPointer<ZpObject> first(pecas.front(), AcDb::kForRead);
+        const AcDbObjectId bar = edit::ownerOf(*first.object());
+        if (!bar.isNull()) times = std::max(1, countOf(bar));
+    }
+    const auto standing = static_cast<long long>(pecas.size()) * times;
+    const bool eachOne = standing == row.quantidade;
+    for (const AcDbObjectId& id : pecas)
+        (void)enterRow(id, record, eachOne ? 1 : id == pecas.front() ? row.quantidade / times : 0);
+}
+
+/// Pieces beyond the first with a mark do not count; how many there are.
+int tieOldRows(AcDbDatabase& drawing, Book& book) {
+    std::map<std::wstring, AcDbObjectId> byText;
+    for (const MaterialList& list : materialLists(drawing))
+        for (const AcDbObjectId& record : book.records(list.id)) {
+            const std::optional<Linha> row = storedRow(record);
+            if (!row || row->tied) continue;
+            tieOldRow(record, *row);
+            byText.try_emplace(row->marca, record);
+        }
+    if (byText.empty()) return 0;
+    int without = 0;
+    for (const AcDbObjectId& id : book.marcas()) {
+        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+        if (marca.object() == nullptr) continue;
+        const auto row = byText.find(marca->marca());
+        const AcDbObjectId peca = marca->peca();
+        if (row == byText.end() || peca.isNull() || peca.isErased() || isListed(peca)) continue;
+        if (enterRow(peca, row->second, 0)) ++without;
+    }
+    return without;
+}
+
+void follow(AcDbDatabase& drawing) {
+    Book& book = Book::of(drawing);
+    if (book.ownWork()) return;
+    Book::Changes changes = book.takeChanges();
+    if (changes.objects.empty()) return;
+    const Book::OwnWork own(book);
+    Followed(drawing, book, std::move(changes)).run();
+}
+
+/// Hears of commands; outside of them lists follow at each change.
+class Keeper : public AcEditorReactor {
+public:
+    Keeper() {
+        if (AcEditor* editor = acedEditor; editor != nullptr) editor->addReactor(this);
+    }
+    ~Keeper() override {
+        if (AcEditor* editor = acedEditor; editor != nullptr) editor->removeReactor(this);
+    }
+    void commandWillStart(const ACHAR*) override { ++m_commands; }
+    void commandEnded(const ACHAR*) override { end(); }
+    void commandCancelled(const ACHAR*) override { end(); }
+    void commandFailed(const ACHAR*) override { end(); }
+    bool inCommand() const { return m_commands > 0; }
+
+private:
+    void end() {
+        m_commands = std::max(0, m_commands - 1);
+        AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+        if (m_commands == 0 && drawing != nullptr) follow(*drawing);
+    }
+    int m_commands = 0;
 };
 
-Follower g_follower;  // kept by pointer in the entity library
+// The host calls reactors by pointer, without a context of the module's own.
+std::unique_ptr<Keeper> g_keeper;
 
 }  // namespace
 
-void startFollowing() { edit::addListener(&g_follower); }
+void startFollowing() {
+    g_keeper = std::make_unique<Keeper>();
+    Book::setListener([](AcDbDatabase& drawing) {
+        if (!g_keeper->inCommand()) follow(drawing);
+    });
+    member::setMarcaReader(marcaOf);
+}
 
-void stopFollowing() { edit::removeListener(&g_follower); }
+void stopFollowing() {
+    Book::setListener(nullptr);
+    g_keeper.reset();
+    member::setMarcaReader(nullptr);
+    Book::forgetAll();
+    erasedMarcas().clear();
+}
 
-AcDbObjectId recordOf(AcDbObjectId marcaOrPeca) { return locate(marcaOrPeca).record; }
+void followFrom(AcDbDatabase* drawing) {
+    if (drawing == nullptr) return;
+    Book& book = Book::of(*drawing);
+    const Book::OwnWork own(book);
+    if (const int without = tieOldRows(*drawing, book); without > 0)
+        acutPrintf(L"\n%d peças têm a marca de outra e não contam na lista; use MARCAS Contar.\n",
+                   without);
+    (void)book.takeChanges();
+}
 
-void describeAgain(AcDbObjectId list) {
-    for (const RowRecord& record : records(list)) {
-        std::optional<Linha> row = rowAt(record.id);
-        if (!row) continue;
-        AcDbObjectId id;
-        for (const AcDbSoftPointerId& marcaId : row->ids) {
-            const AcDbObjectPointer<ZpMarca> marca(marcaId, AcDb::kForRead);
-            if (marca.object() != nullptr && id.isNull()) id = marca->peca();
-        }
-        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-        if (peca.object() == nullptr) continue;
-        Linha fresh = *row;
-        describe(*peca.object(), fresh);
-        const bool other = differs(fresh.comprimento, row->comprimento) ||
-                           differs(fresh.pesoUnitario, row->pesoUnitario);
-        if (other) (void)rewrite(record.id, fresh);
+AcDbObjectId recordOf(AcDbObjectId id) {
+    if (id.isNull() || id.database() == nullptr) return {};
+    Book& book = Book::of(*id.database());
+    const Book::Marca* const marca = book.marca(id);
+    if (marca == nullptr) return book.rowOf(id);
+    const AcDbObjectId row = book.rowOf(marca->peca);
+    return row.isNull() ? book.rowNaming(id) : row;
+}
+
+bool isListed(AcDbObjectId peca) { return !recordOf(peca).isNull(); }
+
+int countOf(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+    return peca.object() != nullptr ? member::of(*peca.object()).count : 0;
+}
+
+bool enterRow(AcDbObjectId id, AcDbObjectId record, int count) {
+    {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
+        if (peca.object() == nullptr) return false;
+        member::tie(*peca.object(), record, count);
     }
+    const std::wstring text = marcaOf(record);
+    for (const AcDbObjectId& marca : Book::of(*id.database()).marcasOf(id)) {
+        const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+        if (opened.object() != nullptr && opened->marca() != text) opened->setMarca(text);
+    }
+    return true;
 }
 
-void forgetRows() { g_indices.clear(); }
-
-int listedQuantidade(AcDbObjectId peca) {
-    const std::optional<Linha> row = rowAt(locate(peca).record);
-    return row ? row->quantidade : 0;
+bool enterChapas(AcDbObjectId id, AcDbObjectId record) {
+    std::vector<AcDbObjectId> alike{id};
+    {
+        const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+        if (chapa.object() == nullptr) return false;
+        const AcDbObjectPointer<ZpObject> bar(edit::ownerOf(*chapa.object()), AcDb::kForRead);
+        if (bar.object() != nullptr)
+            for (const AcDbObjectId& next : edit::chapasOf(*bar.object())) {
+                const AcDbObjectPointer<ZpObject> other(next, AcDb::kForRead);
+                if (next != id && other.object() != nullptr && other->vista() == chapa->vista())
+                    alike.push_back(next);
+            }
+    }
+    return std::ranges::all_of(alike, [&](AcDbObjectId next) { return enterRow(next, record, 1); });
 }
 
-bool changeListed(AcDbObjectId before, AcDbObjectId peca, int quantidade) {
-    const Found found = locate(before);
-    std::optional<Linha> row = rowAt(found.record);
-    const AcDbObjectPointer<ZpObject> opened(peca, AcDb::kForRead);
-    if (!row || opened.object() == nullptr) return false;
-    if (before != peca && !tieMarca(found.marca, peca)) return false;
-    row->quantidade = quantidade;
-    describe(*opened.object(), *row);
-    return rewrite(found.record, *row);
+void leaveRow(AcDbObjectId id) {
+    for (const AcDbObjectId& marca : Book::of(*id.database()).marcasOf(id)) {
+        const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+        if (opened.object() != nullptr) (void)opened->erase();  // open for write and alive
+    }
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
+    if (peca.object() != nullptr) member::tie(*peca.object(), {}, 1);
+}
+
+AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from) {
+    AcDbDatabase& drawing = *peca.database();
+    Book& book = Book::of(drawing);
+    AcDbObjectId list;
+    Linha fresh(L"", 0, L"", L"", L"ACO", 0, 0, 0, 0, L"");
+    if (const std::optional<Linha> model = storedRow(from)) {
+        fresh = *model;
+        fresh.ids.clear();
+        list = book.row(from)->list;
+    } else if (const std::vector<MaterialList> all = materialLists(drawing); !all.empty()) {
+        list = all.front().id;
+    } else if (const std::optional<MaterialList> made = newList(drawing, L"Perfil")) {
+        list = made->id;
+    }
+    fresh.marca = book.freeMarca(marcaOf(from));
+    fresh.tied = true;
+    return add(list, fresh);
 }
 
 bool tieMarca(AcDbObjectId marca, AcDbObjectId peca) {
     if (marca.isNull() || peca.isNull()) return false;
     const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
     if (opened.object() == nullptr) return false;
-    if (opened->peca() == peca) return true;
-    opened->setPeca(peca);
-    for (Index& index : g_indices)
-        if (const auto row = index.records.find(marca.asOldId()); row != index.records.end())
-            index.records[peca.asOldId()] = row->second;
+    if (opened->peca() != peca) opened->setPeca(peca);
     return true;
 }
 
-void removeListed(AcDbObjectId peca) {
-    const AcDbObjectPointer<ZpMarca> marca(locate(peca).marca, AcDb::kForWrite);
-    if (marca.object() != nullptr) (void)marca->erase();  // open for write and alive
+bool renameRow(AcDbObjectId record, const std::wstring& text) {
+    std::optional<Linha> row = storedRow(record);
+    if (!row) return false;
+    row->marca = text;
+    if (!rewrite(record, *row)) return false;
+    Book& book = Book::of(*record.database());
+    const Book::Row* const now = book.row(record);
+    std::vector<AcDbObjectId> marcas(row->ids.begin(), row->ids.end());
+    if (now != nullptr)
+        for (const AcDbObjectId& peca : now->pecas)
+            for (const AcDbObjectId& marca : book.marcasOf(peca)) marcas.push_back(marca);
+    bool all = true;
+    for (const AcDbObjectId& id : marcas) {
+        const AcDbObjectPointer<ZpMarca> opened(id, AcDb::kForWrite);
+        if (opened.object() != nullptr)
+            opened->setMarca(text);
+        else
+            all = all && id.isErased();
+    }
+    return all;
 }
 
 }  // namespace zp::matlist

@@ -1,34 +1,41 @@
 // SPDX-License-Identifier: MIT
-// Rows and marks of the material list that follow their pieces.
+// Rows, marks and tables that follow the drawn pieces at the end of each command.
 #pragma once
 
-#include "dbid.h"
+#include "dbapserv.h"
 
 namespace zp::matlist {
 
-/// From now on the row and the mark of a piece that is edited follow it: texts, length, masses,
-/// areas, and the mark's tip where it stands on a corner of the picture.
+/// From now on lists follow their pieces: a copy counts in its row, a piece that became another
+/// member gets a row of its own or joins that of its equals, marks go with their pieces.
 void startFollowing();
 void stopFollowing();
+/// A drawing that came into an editor: lists of before pieces knew their rows are tied to them,
+/// with a line that says what does not count.
+void followFrom(AcDbDatabase* drawing);
 
-/// Record of the row that a mark, or the mark of a piece, belongs to; null when there is none.
-/// While rows are only added none is read twice.
+/// Record of the row that a mark's piece, or a piece, belongs to; null when there is none.
 AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
-/// Describes all rows of a list again by their pieces, which may have been stretched or scaled
-/// since their rows were written. What cannot be written stays as it was.
-void describeAgain(AcDbObjectId list);
-/// To be called when a drawing goes away: its ids may come back as those of another one.
-void forgetRows();
+/// True when the piece belongs to a row.
+bool isListed(AcDbObjectId peca);
+/// How many members the drawn piece counts for; 0 for a further view of one.
+int countOf(AcDbObjectId peca);
 
-/// Number of pieces in the row of a piece; 0 when it is in no list.
-int listedQuantidade(AcDbObjectId peca);
-/// The row and the mark of `before` stand for `peca` from now on, so many times. False when there
-/// is none.
-bool changeListed(AcDbObjectId before, AcDbObjectId peca, int quantidade);
-/// The mark stands for the piece from now on. False, and nothing changed, when either is null or
-/// the mark cannot be changed.
+/// The piece belongs to the row from now on and counts so often, its drawn marks say the row's.
+/// False when it cannot be changed.
+bool enterRow(AcDbObjectId peca, AcDbObjectId record, int count);
+/// The same for all plates of one bar that are seen like this one; each counts as often as the bar.
+bool enterChapas(AcDbObjectId chapa, AcDbObjectId record);
+/// Takes the piece out of its list; its marks are erased.
+void leaveRow(AcDbObjectId peca);
+/// A row for this piece alone: like the one with record `from`, under the next free mark with the
+/// same letters. Null when it cannot be written.
+AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from);
+
+/// A mark stands for the piece from now on. False, and nothing changed, when either is null or the
+/// mark cannot be changed.
 bool tieMarca(AcDbObjectId marca, AcDbObjectId peca);
-/// Erases the mark of a piece, which takes its row out of the count.
-void removeListed(AcDbObjectId peca);
+/// Row and drawn marks have this text from now on. False when something cannot be changed.
+bool renameRow(AcDbObjectId record, const std::wstring& marca);
 
 }  // namespace zp::matlist

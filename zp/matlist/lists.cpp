@@ -5,14 +5,13 @@
 #include <algorithm>
 #include <cwchar>
 #include <memory>
-#include <set>
 
 #include "acutads.h"
 #include "dbxrecrd.h"
 #include "texts/number.h"
 #include "zp/buffer_chain.h"
+#include "zp/matlist/book.h"
 #include "zp/matlist/columns.h"
-#include "zp/matlist/zpmarca.h"
 
 namespace zp::matlist {
 namespace {
@@ -21,12 +20,14 @@ constexpr const ACHAR* kRoot = L"ZP_LISTAS_MATERIAL";
 constexpr const ACHAR* kHeader = L"CABECALHO";
 constexpr const wchar_t* kListPrefix = L"LISTA";
 constexpr const wchar_t* kRowPrefix = L"L";
-constexpr short kVersion = 1;
+/// Of a row: 2 says whether it has pieces of its own.
+constexpr int kRowVersion = 2;
+constexpr int kHeaderVersion = 1;
 
 /// Builds a list group by group.
 class Writer {
 public:
-    Writer() { put(int{kVersion}); }
+    explicit Writer(int version) { put(version); }
     void put(const std::wstring& t) { tie(acutBuildList(AcDb::kDxfText, t.c_str(), RTNONE)); }
     void put(int v) { tie(acutBuildList(AcDb::kDxfInt32, v, RTNONE)); }
     void put(double v) { tie(acutBuildList(AcDb::kDxfReal, v, RTNONE)); }
@@ -57,15 +58,15 @@ private:
 /// Reads in the same order; after the first thing that does not fit everything is empty.
 class Reader {
 public:
-    explicit Reader(const AcDbXrecord& record) {
+    Reader(const AcDbXrecord& record, int newest) {
         resbuf* list = nullptr;
         (void)record.rbChain(&list);  // an empty record gives no list
         m_start.reset(list);
         m_item = list;
-        int version = 0;
-        readNext(version);
-        if (version != kVersion) m_item = nullptr;
+        readNext(m_version);
+        if (m_version < 1 || m_version > newest) m_item = nullptr;
     }
+    int version() const { return m_version; }
     bool finished() const { return m_item == nullptr; }
     void readNext(std::wstring& t) {
         const resbuf* r = next(AcDb::kDxfText);
@@ -105,6 +106,7 @@ private:
     }
     BufferChain m_start;
     const resbuf* m_item = nullptr;
+    int m_version = 0;
 };
 
 /// Sub-dictionary of this name, made when it is missing.
@@ -162,6 +164,9 @@ Linha readRow(Reader& l) {
     Linha row(L"", 0, L"", L"", L"", 0.0, 0.0, 0.0, 0.0, L"");
     for (const Column& c : kColumnTable)
         std::visit([&](auto field) { l.readNext(row.*field); }, c.field);
+    int tied = 0;
+    if (l.version() > 1) l.readNext(tied);
+    row.tied = tied != 0;
     // What was erased before the drawing was saved is null now, and still counts as erased.
     while (!l.finished()) row.ids.push_back(AcDbSoftPointerId(l.id()));
     return row;
@@ -169,69 +174,11 @@ Linha readRow(Reader& l) {
 
 void putRow(Writer& e, const Linha& l) {
     for (const Column& c : kColumnTable) std::visit([&](auto field) { e.put(l.*field); }, c.field);
+    e.put(l.tied ? 1 : 0);
     for (const AcDbSoftPointerId& id : l.ids) e.put(id);
 }
 
-/// Marks of the list asked last. They hold as long as its last row is still the last and what was
-/// taken out stays out, which undo changes; adding a row keeps them up, so that n rows cost O(n).
-struct Cache {
-    AcDbObjectId list;
-    AcDbObjectId last;
-    int next = 1;  ///< number of the next row
-    std::set<int> marcas;
-    int lowestFree = 1;                                    ///< lowest mark not in use
-    std::vector<std::pair<AcDbObjectId, bool>> witnesses;  ///< taken out, erased then
-
-    void use(int marca) {
-        marcas.insert(marca);
-        while (marcas.contains(lowestFree)) ++lowestFree;
-    }
-};
-Cache g_cache;
-/// One row of each time that rows were taken out: undo brings all of them back.
-std::vector<AcDbObjectId> g_removed;
-
-int marcaNumber(const std::wstring& marca) { return numberOf(marca, L"P"); }
-
 std::wstring rowName(int number) { return kRowPrefix + std::to_wstring(number); }
-
-bool holds(const Cache& g, AcDbObjectId list) {
-    if (g.list != list || g.last.isNull() || g.last.isErased()) return false;
-    if (std::any_of(g.witnesses.begin(), g.witnesses.end(),
-                    [](const auto& t) { return t.first.isErased() != t.second; }))
-        return false;
-    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
-    AcDbObjectId id;
-    return d.object() != nullptr && d->getAt(rowName(g.next - 1).c_str(), id) == Acad::eOk &&
-           id == g.last && !d->has(rowName(g.next).c_str());
-}
-
-Cache& cached(AcDbObjectId list) {
-    Cache& g = g_cache;
-    if (holds(g, list)) return g;
-    g = {};
-    g.list = list;
-    for (const Entry& e : entries(list, kRowPrefix)) {
-        g.last = e.id;
-        g.next = e.number + 1;
-        const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForRead);
-        if (record.object() == nullptr) continue;
-        Reader reader(*record.object());
-        std::wstring marca;
-        reader.readNext(marca);
-        if (const int n = marcaNumber(marca); n > 0) g.use(n);
-    }
-    for (const AcDbObjectId& id : g_removed) g.witnesses.push_back({id, id.isErased()});
-    return g;
-}
-
-void countRow(Cache& g, const std::wstring& marca) {
-    const AcDbObjectPointer<AcDbDictionary> d(g.list, AcDb::kForRead);
-    if (d.object() == nullptr) return;
-    (void)d->getAt(rowName(g.next).c_str(), g.last);  // written a moment ago
-    ++g.next;
-    if (const int n = marcaNumber(marca); n > 0) g.use(n);
-}
 
 }  // namespace
 
@@ -266,7 +213,7 @@ std::optional<Header> readHeader(AcDbObjectId list) {
     if (d.object() == nullptr || d->getAt(kHeader, id) != Acad::eOk) return {};
     const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead);
     if (record.object() == nullptr) return {};
-    Reader reader(*record.object());
+    Reader reader(*record.object(), kHeaderVersion);
     if (reader.finished()) return {};
     Header c;
     reader.readNext(c.group);
@@ -278,7 +225,7 @@ std::optional<Header> readHeader(AcDbObjectId list) {
 }
 
 bool writeHeader(AcDbObjectId list, const Header& header) {
-    Writer e;
+    Writer e(kHeaderVersion);
     e.put(header.group);
     e.put(header.point);
     for (const AcDbSoftPointerId& id : header.table) e.put(id);
@@ -290,122 +237,40 @@ bool hasTable(const Header& header) {
                        [](const AcDbSoftPointerId& id) { return !id.isErased(); });
 }
 
-bool hasNoRows(AcDbObjectId list) { return cached(list).last.isNull(); }
-
-std::vector<Linha> rows(AcDbObjectId list) {
-    std::vector<Linha> all;
-    for (const Entry& e : entries(list, kRowPrefix)) {
-        const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForRead);
-        if (record.object() == nullptr) continue;
-        Reader reader(*record.object());
-        if (!reader.finished()) all.push_back(readRow(reader));
-    }
-    return all;
-}
-
-bool add(AcDbObjectId list, const Linha& l) {
-    Cache& g = cached(list);
-    Writer e;
-    putRow(e, l);
-    if (!write(list, rowName(g.next).c_str(), e)) return false;
-    countRow(g, l.marca);
-    return true;
-}
-
-std::vector<RowRecord> records(AcDbObjectId list) {
+std::vector<RowRecord> storedRecords(AcDbObjectId list) {
     std::vector<RowRecord> all;
     for (const Entry& e : entries(list, kRowPrefix)) all.push_back({e.number, e.id});
     return all;
 }
 
-std::size_t entryCount(AcDbObjectId list) {
-    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
-    return d.object() != nullptr ? d->numEntries() : 0;
-}
-
-AcDbObjectId recordNumbered(AcDbObjectId list, int number) {
-    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
-    AcDbObjectId id;
-    if (d.object() == nullptr || d->getAt(rowName(number).c_str(), id) != Acad::eOk) return {};
-    return id;
-}
-
-std::optional<Linha> rowAt(AcDbObjectId record) {
+std::optional<Linha> storedRow(AcDbObjectId record) {
     const AcDbObjectPointer<AcDbXrecord> opened(record, AcDb::kForRead);
     if (opened.object() == nullptr) return {};
-    Reader reader(*opened.object());
+    Reader reader(*opened.object(), kRowVersion);
     if (reader.finished()) return {};
     return readRow(reader);
+}
+
+AcDbObjectId add(AcDbObjectId list, const Linha& row) {
+    if (list.isNull()) return {};
+    Book& book = Book::of(*list.database());
+    const int number = book.nextNumber(list);
+    Writer e(kRowVersion);
+    putRow(e, row);
+    if (!write(list, rowName(number).c_str(), e)) return {};
+    AcDbObjectId record;
+    const AcDbObjectPointer<AcDbDictionary> d(list, AcDb::kForRead);
+    if (d.object() != nullptr) (void)d->getAt(rowName(number).c_str(), record);  // just written
+    book.enter(list, number, record);
+    return record;
 }
 
 bool rewrite(AcDbObjectId record, const Linha& row) {
     const AcDbObjectPointer<AcDbXrecord> opened(record, AcDb::kForWrite);
     if (opened.object() == nullptr) return false;
-    Writer e;
+    Writer e(kRowVersion);
     putRow(e, row);
-    // The mark may be another one now.
-    g_cache = {};
     return opened->setFromRbChain(*e.start()) == Acad::eOk;
-}
-
-void forget() {
-    g_cache = {};
-    g_removed.clear();
-}
-
-int lowestFreeMarca(AcDbObjectId list, const std::vector<int>& given) {
-    const Cache& g = cached(list);
-    int lowestFree = g.lowestFree;
-    while (g.marcas.contains(lowestFree) ||
-           std::find(given.begin(), given.end(), lowestFree) != given.end())
-        ++lowestFree;
-    return lowestFree;
-}
-
-State stateOf(const Linha& row) {
-    if (row.ids.empty()) return State::Alive;
-    State state = State::MarcaErased;
-    for (const AcDbSoftPointerId& id : row.ids) {
-        if (id.isNull() || id.isErased()) continue;
-        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-        if (marca.object() == nullptr || !marca->pecaErased()) return State::Alive;
-        state = State::PecaErased;
-    }
-    return state;
-}
-
-bool erased(const Linha& row) { return stateOf(row) != State::Alive; }
-
-int removeErased(AcDbObjectId list) {
-    int removed = 0;
-    for (const Entry& e : entries(list, kRowPrefix)) {
-        std::vector<AcDbSoftPointerId> marcas;
-        {
-            const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForRead);
-            if (record.object() == nullptr) continue;
-            Reader reader(*record.object());
-            if (reader.finished()) continue;
-            const Linha row = readRow(reader);
-            if (!erased(row)) continue;
-            marcas = row.ids;
-        }
-        const AcDbObjectPointer<AcDbXrecord> record(e.id, AcDb::kForWrite);
-        if (record.object() == nullptr || record->erase() != Acad::eOk) continue;
-        if (++removed == 1) g_removed.push_back(e.id);
-        for (const AcDbSoftPointerId& id : marcas) {
-            const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForWrite);
-            if (marca.object() != nullptr) (void)marca->erase();  // open for write and alive
-        }
-    }
-    if (removed > 0) g_cache = {};
-    return removed;
-}
-
-std::wstring observacaoOf(const Linha& row) {
-    const State state = stateOf(row);
-    if (state == State::Alive) return row.observacao;
-    const std::wstring notice = state == State::PecaErased ? L"peça apagada" : L"apagada";
-    return row.observacao.empty() ? notice : row.observacao + L" (" + notice + L")";
 }
 
 }  // namespace zp::matlist

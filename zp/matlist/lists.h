@@ -40,36 +40,26 @@ bool writeHeader(AcDbObjectId list, const Header& header);
 /// True when something of its drawn table is left.
 bool hasTable(const Header& header);
 
-/// Rows in the order in which they were added.
-std::vector<Linha> rows(AcDbObjectId list);
-bool hasNoRows(AcDbObjectId list);
-bool add(AcDbObjectId list, const Linha& row);
 /// A row's record and its number, which grows from row to row.
 struct RowRecord {
     int number = 0;
     AcDbObjectId id;
 };
-std::vector<RowRecord> records(AcDbObjectId list);
-/// Rows and whatever else the list's dictionary holds; no row is read for it.
-std::size_t entryCount(AcDbObjectId list);
-/// The record with this number; null when there is none.
-AcDbObjectId recordNumbered(AcDbObjectId list, int number);
-std::optional<Linha> rowAt(AcDbObjectId record);
+/// What stands in the drawing, in the order of the numbers.
+std::vector<RowRecord> storedRecords(AcDbObjectId list);
+std::optional<Linha> storedRow(AcDbObjectId record);
+/// A new row at the end of the list: its record, null when it cannot be written.
+AcDbObjectId add(AcDbObjectId list, const Linha& row);
 bool rewrite(AcDbObjectId record, const Linha& row);
-/// To be called when a drawing goes away: its ids may come back as those of another one.
-void forget();
 
-/// Lowest n for which no row has the mark "P<n>" and which is not among `given`.
-int lowestFreeMarca(AcDbObjectId list, const std::vector<int>& given);
+/// A row as its drawn pieces make it at this moment; what the drawing holds of it where it has
+/// none.
+std::optional<Linha> rowAt(AcDbObjectId record);
+/// All rows of a list, in the order in which they were added.
+std::vector<Linha> rows(AcDbObjectId list);
+bool hasNoRows(AcDbObjectId list);
 
-/// What became of what a row stands for.
-enum class State {
-    Alive,
-    MarcaErased,  ///< all that it is tied to is erased
-    PecaErased,   ///< a mark is left, but not its piece
-};
-State stateOf(const Linha& row);
-/// True for a row that no longer counts.
+/// True for a row that no longer counts: what it stands for was erased.
 bool erased(const Linha& row);
 /// Takes the rows that no longer count out of the list, and the marks that they leave; how many.
 int removeErased(AcDbObjectId list);

@@ -43,6 +43,12 @@ private:
         else
             v.number(column.key, value);
     }
+    static void handles(const ACHAR* name, const std::vector<AcDbObjectId>& ids,
+                        PropertyVisitor& v) {
+        v.beginList(name);
+        for (const AcDbObjectId& id : ids) v.object(nullptr, id);
+        v.endList();
+    }
     static void row(const MaterialList& list, const Linha& l, PropertyVisitor& v) {
         v.beginGroup(nullptr);
         for (const Column& c : kColumnTable) tell(cellOf(l, c), c.shown, v);
@@ -53,13 +59,8 @@ private:
         for (const AcDbSoftPointerId& id : l.ids)
             if (!id.isNull()) v.object(nullptr, id);
         v.endList();
-        v.beginList(L"pecas");
-        for (const AcDbSoftPointerId& id : l.ids) {
-            const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-            if (marca.object() != nullptr && !marca->peca().isNull())
-                v.object(nullptr, marca->peca());
-        }
-        v.endList();
+        handles(L"pecas", l.pecas, v);
+        handles(L"vistas", l.vistas, v);
         v.endGroup();
     }
 };

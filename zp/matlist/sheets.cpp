@@ -11,6 +11,7 @@
 #include "protocol/edit.h"
 #include "texts/letters.h"
 #include "texts/number.h"
+#include "zp/matlist/book.h"
 #include "zp/matlist/columns.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/lists.h"
@@ -48,26 +49,15 @@ void showRow(const Linha& l, PropertySheet& s) {
     }
 }
 
-/// Another row of the same list has this mark.
-bool marcaTaken(AcDbDatabase& drawing, AcDbObjectId record, const std::wstring& marca) {
-    for (const MaterialList& list : materialLists(drawing)) {
-        const std::vector<RowRecord> all = records(list.id);
-        if (std::ranges::find(all, record, &RowRecord::id) == all.end()) continue;
-        return std::ranges::any_of(all, [&](const RowRecord& r) {
-            const std::optional<Linha> row = r.id == record ? std::nullopt : rowAt(r.id);
-            return row && row->marca == marca && !erased(*row);
-        });
-    }
-    return false;
-}
-
 std::wstring changeMarca(AcDbObjectId id, AcDbObjectId record, const std::wstring& given) {
     const std::wstring marca = texts::trimmed(given);
     if (marca.empty()) return L"A marca não pode ficar vazia.";
     if (marca.size() >= kZpMarcaMax)
         return L"A marca pode ter até " + std::to_wstring(kZpMarcaMax - 1) + L" caracteres.";
-    if (!record.isNull() && marcaTaken(*id.database(), record, marca))
-        return L"A marca " + marca + L" já está na lista de material.";
+    if (!record.isNull()) {
+        if (!Book::of(*id.database()).rowWithMarca(marca, record).isNull())
+            return L"A marca " + marca + L" já está na lista de material.";
+    }
     {
         const AcDbObjectPointer<ZpMarca> opened(id, AcDb::kForWrite);
         if (opened.openStatus() == Acad::eOnLockedLayer)
@@ -75,22 +65,33 @@ std::wstring changeMarca(AcDbObjectId id, AcDbObjectId record, const std::wstrin
         if (opened.object() == nullptr) return L"A marca não pode ser alterada agora.";
         opened->setMarca(marca);
     }
-    std::optional<Linha> row = rowAt(record);
-    if (!row) return {};
-    row->marca = marca;
-    return rewrite(record, *row) ? L"" : L"A linha da lista não pôde ser gravada.";
+    return record.isNull() || renameRow(record, marca)
+               ? L""
+               : L"A linha da lista ou outra marca dela não pôde ser gravada.";
 }
 
-std::wstring changeQuantidade(Linha& row, const std::wstring& text) {
+/// The count of the one piece that a row has, or the number of a row that has none.
+std::wstring changeCount(AcDbObjectId record, Linha& row, int count) {
+    if (!row.tied) {
+        // Paint areas of a row without pieces cannot be divided.
+        const double each = row.quantidade > 0 ? row.areaPintura / row.quantidade : row.areaPintura;
+        row.quantidade = count;
+        row.pesoTotal = row.pesoUnitario * count;
+        row.areaPintura = each * count;
+        return rewrite(record, row) ? L"" : L"A linha da lista não pôde ser gravada.";
+    }
+    if (row.pecas.size() != 1)
+        return L"A quantidade é a soma das peças desenhadas; mude a de cada uma com MARCAS Contar.";
+    return enterRow(row.pecas.front(), record, count)
+               ? L""
+               : L"A peça não pode ser alterada agora; veja se a camada dela está bloqueada.";
+}
+
+std::wstring changeQuantidade(AcDbObjectId record, Linha& row, const std::wstring& text) {
     const double v = texts::exactReal(text).value_or(0.0);
     if (v != std::floor(v) || v < 1.0 || v > kMostPecas)
         return L"A quantidade deve ser um número inteiro a partir de 1.";
-    // Paint areas of a row without pieces cannot be divided.
-    const double perPeca = row.quantidade > 0 ? row.areaPintura / row.quantidade : row.areaPintura;
-    row.quantidade = static_cast<int>(v);
-    row.pesoTotal = row.pesoUnitario * row.quantidade;
-    row.areaPintura = perPeca * row.quantidade;
-    return {};
+    return changeCount(record, row, static_cast<int>(v));
 }
 
 std::wstring changeRow(AcDbObjectId record, const std::wstring& key, const std::wstring& value) {
@@ -99,10 +100,9 @@ std::wstring changeRow(AcDbObjectId record, const std::wstring& key, const std::
     const auto column = std::ranges::find_if(
         kColumnTable, [&](const Column& c) { return c.editable && key == c.shown.key; });
     if (column == kColumnTable.end()) return L"Este valor não pode ser editado.";
-    if (const auto* text = std::get_if<std::wstring Linha::*>(&column->field))
-        (*row).*(*text) = texts::trimmed(value);
-    else if (std::wstring reason = changeQuantidade(*row, value); !reason.empty())
-        return reason;
+    const auto* text = std::get_if<std::wstring Linha::*>(&column->field);
+    if (text == nullptr) return changeQuantidade(record, *row, value);
+    (*row).*(*text) = texts::trimmed(value);
     return rewrite(record, *row) ? L"" : L"A linha da lista não pôde ser gravada.";
 }
 

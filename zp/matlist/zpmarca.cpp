@@ -71,6 +71,13 @@ void ZpMarca::setMarca(std::wstring marca) {
     recordGraphicsModified();
 }
 
+void ZpMarca::moveBy(const AcGeVector3d& tipStep, const AcGeVector3d& textStep) {
+    assertWriteEnabled();
+    m_tip += tipStep;
+    m_textAt += textStep;
+    recordGraphicsModified();
+}
+
 void ZpMarca::setPeca(const AcDbObjectId& peca) {
     assertWriteEnabled();
     m_peca = AcDbSoftPointerId(peca);

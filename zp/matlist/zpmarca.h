@@ -33,6 +33,8 @@ public:
     /// True when the mark had a piece that is erased or gone.
     bool pecaErased() const;
     void setMarca(std::wstring marca);
+    /// Moves tip and text by vectors in world coordinates.
+    void moveBy(const AcGeVector3d& tipStep, const AcGeVector3d& textStep);
     /// From now on the mark stands for this piece.
     void setPeca(const AcDbObjectId& peca);
 

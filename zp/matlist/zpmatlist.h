@@ -30,8 +30,11 @@ public:
           double areaPintura, const wchar_t* observacao);
     ~Linha();
 
-    /// Ties the row to a drawing entity.
+    /// Ties the row to a drawing entity, its mark as a rule.
     void AddObjId(AcDbSoftPointerId& id);
+    /// The row stands for this drawn piece, too, and follows it from then on. A profile counts as
+    /// often as the list was opened for, a plate as often as its profile.
+    void AddPeca(const AcDbObjectId& peca);
 
     std::wstring marca;
     int quantidade;
@@ -44,6 +47,9 @@ public:
     double areaPintura;
     std::wstring observacao;
     std::vector<AcDbSoftPointerId> ids;
+    std::vector<AcDbObjectId> pecas;   ///< drawn pieces that count
+    std::vector<AcDbObjectId> vistas;  ///< further views, which do not
+    bool tied = false;                 ///< has pieces, or had some that were erased
 };
 
 /// Finds the list of the group in the working drawing, or makes one; with several asks which.
@@ -64,6 +70,7 @@ int ZpArxGetNextMarca(wchar_t* marca);
 /// `marcaId` is null when it could not be drawn.
 void ZpArxAddMarca(AcGePoint3d tip, AcGePoint3d text, wchar_t* marca, AcDbObjectId& marcaId);
 
+/// The row's pieces are closed; they belong to it afterwards, and its marks point at the first one.
 /// 0 without an open list or when it cannot be written.
 int ZpArxAddToLista(Linha& row);
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 // A piece's record. Order: version, class, form, points, view, values, bar type, subtype, mirror
-// flag, length, angle, start, changed values, links.
+// flag, length, angle, start, changed values, links; from version 2 on what it is in the job.
 #include "zp/objects/filing.h"
 
 #include <algorithm>
 #include <cmath>
 
+#include "acutmem.h"
 #include "zp/objects/editable_medidas.h"
 
 namespace zp {
@@ -49,6 +50,36 @@ bool readLinks(Reader& reader, Peca& p) {
         if (!l.id.isNull()) p.add(l);
     }
     return true;
+}
+
+/// More members than any job has.
+constexpr double kMostMembers = 1e9;
+
+template <class Writer>
+void writeMember(Writer& e, const Member& m) {
+    e.integer(m.listed ? 1 : 0);
+    e.id(m.row);
+    e.real(m.count);
+    e.text(m.grade);
+    e.integer(m.lacing.n);
+    if (m.lacing.n == 0) return;
+    e.real(m.lacing.A);
+    e.real(m.lacing.C);
+    e.integer(m.lacing.planes);
+}
+
+template <class Reader>
+bool readMember(Reader& reader, Member& m) {
+    int listed = 0;
+    double count = 0.0;
+    if (!reader.integer(listed) || !reader.id(m.row) || !reader.real(count) ||
+        !reader.text(m.grade) || !reader.integer(m.lacing.n))
+        return false;
+    if (!(count >= 0.0 && count <= kMostMembers) || m.lacing.n < 0) return false;
+    m.listed = listed != 0;
+    m.count = static_cast<int>(count);
+    if (m.lacing.n == 0) return true;
+    return reader.real(m.lacing.A) && reader.real(m.lacing.C) && reader.integer(m.lacing.planes);
 }
 
 template <class Reader>
@@ -99,6 +130,14 @@ bool DwgReader::integer(int& v) {
     return true;
 }
 
+bool DwgReader::text(std::wstring& t) {
+    ACHAR* read = nullptr;
+    if (m_filer.readString(&read) != Acad::eOk) return false;
+    t = read != nullptr ? read : L"";
+    acutDelString(read);
+    return true;
+}
+
 bool DxfReader::item(int code, resbuf& value) {
     value = {};
     if (m_filer.readItem(&value) != Acad::eOk) return false;
@@ -137,9 +176,17 @@ bool DxfReader::id(AcDbSoftPointerId& i) {
     return true;
 }
 
+bool DxfReader::text(std::wstring& t) {
+    resbuf r;
+    if (!item(AcDb::kDxfText, r)) return false;
+    t = r.resval.rstring != nullptr ? r.resval.rstring : L"";
+    acutDelString(r.resval.rstring);
+    return true;
+}
+
 template <class Writer>
 void writePeca(Writer& e, const Peca& p) {
-    e.integer(kPecaVersion);
+    e.integer(p.member ? kPecaVersion : 1);
     e.integer(static_cast<int>(p.kind));
     e.integer(p.form);
     for (std::size_t i = 0; i < p.form; ++i) e.point(p.points[i]);
@@ -170,6 +217,7 @@ void writePeca(Writer& e, const Peca& p) {
         }
         if (l.role == Link::Role::Follows) e.real(l.angle);
     }
+    if (p.member) writeMember(e, *p.member);
 }
 
 template <class Reader>
@@ -208,6 +256,8 @@ ReadResult readPeca(Reader& reader, Peca& peca, int& version) {
     if (!std::isfinite(p.comprimento) || p.comprimento < 0.0 || !std::isfinite(p.angle))
         return ReadResult::Bad;
     if (!readChanged(reader, p) || !readLinks(reader, p)) return ReadResult::Bad;
+    if (version > 1) p.member = std::make_unique<Member>();
+    if (p.member && !readMember(reader, *p.member)) return ReadResult::Bad;
     peca = std::move(p);
     return ReadResult::Good;
 }

@@ -6,8 +6,9 @@
 
 namespace zp {
 
-/// Written first; a reader refuses what is newer.
-inline constexpr Adesk::Int16 kPecaVersion = 1;
+/// Written first; a reader refuses what is newer. A piece of which nothing is known in the job has
+/// version 1.
+inline constexpr Adesk::Int16 kPecaVersion = 2;
 
 class DwgWriter {
 public:
@@ -16,6 +17,7 @@ public:
     void real(double v) { m_filer.writeDouble(v); }
     void point(const AcGePoint3d& p) { m_filer.writePoint3d(p); }
     void id(const AcDbSoftPointerId& i) { m_filer.writeSoftPointerId(i); }
+    void text(const std::wstring& t) { m_filer.writeString(t.c_str()); }
 
 private:
     AcDbDwgFiler& m_filer;
@@ -28,12 +30,13 @@ public:
     bool real(double& v) { return m_filer.readDouble(&v) == Acad::eOk; }
     bool point(AcGePoint3d& p) { return m_filer.readPoint3d(&p) == Acad::eOk; }
     bool id(AcDbSoftPointerId& i) { return m_filer.readSoftPointerId(&i) == Acad::eOk; }
+    bool text(std::wstring& t);
 
 private:
     AcDbDwgFiler& m_filer;
 };
 
-/// 70 whole numbers, 40 reals, 10 points, 330 references.
+/// 70 whole numbers, 40 reals, 10 points, 330 references, 1 texts.
 class DxfWriter {
 public:
     explicit DxfWriter(AcDbDxfFiler& filer) : m_filer(filer) {}
@@ -41,6 +44,7 @@ public:
     void real(double v) { m_filer.writeDouble(AcDb::kDxfReal, v); }
     void point(const AcGePoint3d& p) { m_filer.writePoint3d(AcDb::kDxfXCoord, p); }
     void id(const AcDbSoftPointerId& i) { m_filer.writeObjectId(AcDb::kDxfSoftPointerId, i); }
+    void text(const std::wstring& t) { m_filer.writeString(AcDb::kDxfText, t.c_str()); }
 
 private:
     AcDbDxfFiler& m_filer;
@@ -53,6 +57,7 @@ public:
     bool real(double& v);
     bool point(AcGePoint3d& p);
     bool id(AcDbSoftPointerId& i);
+    bool text(std::wstring& t);
 
 private:
     bool item(int code, resbuf& value);

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -90,6 +91,26 @@ struct Link {
     double angle = 0.0;     ///< of a piece: relative to this one
 };
 
+/// How a built-up piece was laced: height A and width C of its plates in mm, parts n between them,
+/// planes as its command numbers them. n = 0: it was not, or nobody knows.
+struct Lacing {
+    double A = 0.0;
+    double C = 0.0;
+    int n = 0;
+    int planes = 0;
+    bool operator==(const Lacing&) const = default;
+};
+
+/// What a drawn piece stands for in the job. Copies of the piece keep it.
+struct Member {
+    AcDbSoftPointerId row;  ///< record in a material list; null in another drawing than the list's
+    bool listed = false;    ///< belongs to a row, be it one of another drawing
+    int count = 1;          ///< members that this drawing counts for; 0: a further view of one
+    std::wstring grade;     ///< of its steel; empty: the drawing's
+    Lacing lacing;
+    bool operator==(const Member&) const = default;
+};
+
 struct Peca {
     secao::Kind kind = secao::Kind::None;
     std::uint8_t form = 1;  ///< points of the constructor
@@ -106,6 +127,7 @@ struct Peca {
     std::array<double, secao::kMaxValues> given{};   ///< as handed to the constructor
     std::array<double, secao::kMaxValues> actual{};  ///< after scaling and changes
     std::unique_ptr<std::vector<Link>> links;
+    std::unique_ptr<Member> member;  ///< null: nothing of it is known
     mutable std::shared_ptr<const secao::Secao> cachedSecao;
 
     /// In the order of the constructor; mm, radians, kg/m.

@@ -5,7 +5,7 @@
 #include "perfis/entities/zpvigas.h"
 #include "protocol/attach.h"
 #include "protocol/report.h"
-#include "zp/objects/peca.h"
+#include "zp/objects/member.h"
 
 namespace zp::report {
 namespace {
@@ -66,6 +66,9 @@ public:
         v.number(L"area_pintura", peca->getAreaPintura());
         v.number(L"peso", peca->getPeso());
         texts(*peca, v);
+        const std::wstring marca = member::marcaOf(*peca);
+        v.text(L"marca", marca.empty() ? nullptr : marca.c_str());
+        v.integer(L"conta", member::of(*peca).count);
         linked(p, L"cotas", true, v);
         linked(p, L"ligados", false, v);
     }

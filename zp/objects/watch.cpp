@@ -7,10 +7,8 @@
 #include "zp/objects/watch.h"
 
 #include <algorithm>
-#include <array>
 #include <cwchar>
 #include <cwctype>
-#include <deque>
 #include <memory>
 #include <ranges>
 #include <unordered_map>
@@ -44,12 +42,6 @@ bool matters(const AcDbObject* o) {
     return o->isKindOf(ZpObject::desc()) || o->isKindOf(AcDbDimension::desc());
 }
 
-/// Bars, and plates, kept to find the one that a mark points to: more than the plates of one
-/// member.
-constexpr std::size_t kLatest = 1000;
-/// How near to a corner the tip of a mark is on it, mm.
-constexpr double kAtTip = 1e-6;
-
 bool explode(const ACHAR* command) {
     constexpr const wchar_t kName[] = L"EXPLODE";
     const wchar_t* n = kName;
@@ -69,11 +61,6 @@ public:
 
     void objectAppended(const AcDbDatabase*, const AcDbObject* o) override {
         if (m_applying || o->isUndoing() || !matters(o)) return;
-        if (const auto* peca = ZpObject::cast(o)) {
-            Latest& ofType = m_latest[Access::of(*peca).chapa() ? 1 : 0];
-            ofType.push_front(o->objectId());
-            if (ofType.size() > kLatest) ofType.pop_back();
-        }
         m_newOnes.put(o->objectId());
         m_toClose.insert(o->objectId().asOldId());
     }
@@ -83,8 +70,6 @@ public:
 
     void apply(bool explodes);
     void startReading() { m_reading = true; }
-    /// The newest among the last bars, or plates, with this corner of the picture there.
-    AcDbObjectId lastWith(bool chapa, int corner, const AcGePoint3d& tip) const;
     /// Other programs erase and copy without minding links.
     void checkAll();
 
@@ -102,8 +87,6 @@ private:
     AcDbDatabase* m_drawing;
     bool m_applying = false;
     bool m_reading = false;
-    using Latest = std::deque<AcDbObjectId>;  // newest first
-    std::array<Latest, 2> m_latest;           // bars, plates
     IdQueue m_newOnes;
     IdQueue m_changed;
     IdQueue m_erasedOnes;
@@ -184,17 +167,6 @@ void Drawing::apply(bool explodes) {
     follow();
     m_changed = std::exchange(m_heldOnes, {});
     m_applying = false;
-}
-
-AcDbObjectId Drawing::lastWith(bool chapa, int corner, const AcGePoint3d& tip) const {
-    for (const AcDbObjectId& id : m_latest[chapa ? 1 : 0]) {
-        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-        if (peca.object() == nullptr) continue;
-        AcGePoint3d f[4];
-        peca->GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
-        if (f[corner].distanceTo(tip) <= kAtTip) return id;
-    }
-    return {};
 }
 
 /// Whether all links of the entity are known on their other side, as far as that can be read.
@@ -432,15 +404,6 @@ void check(AcDbDatabase* drawing) {
         d->checkAll();
         d->apply(false);
     }
-}
-
-AcDbObjectId pecaOfMarca(AcDbDatabase* drawing, const AcGePoint3d& tip) {
-    for (const auto& d : g_state.drawings) {
-        if (drawing == nullptr || d->drawing() != drawing) continue;
-        for (const auto& [chapa, corner] : {std::pair{false, 0}, {true, 2}, {false, 2}, {true, 0}})
-            if (const AcDbObjectId id = d->lastWith(chapa, corner, tip); !id.isNull()) return id;
-    }
-    return {};
 }
 
 void leave(AcDbDatabase* drawing) {

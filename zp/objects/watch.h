@@ -23,9 +23,4 @@ void observeReading(AcDbDatabase* drawing);
 /// to a piece that was moved in the file follows it.
 void check(AcDbDatabase* drawing);
 
-/// The piece, among the last that entered a watched drawing, that has a corner of its picture at
-/// `tip`, where a mark points to: a bar by its first corner or a plate by its third one; failing
-/// that, either by either. The newest when there are several; null when there is none.
-AcDbObjectId pecaOfMarca(AcDbDatabase* drawing, const AcGePoint3d& tip);
-
 }  // namespace zp::watch

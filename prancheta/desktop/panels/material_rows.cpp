@@ -28,7 +28,7 @@ public:
         put(name, static_cast<double>(value));
     }
     void text(const ACHAR* name, const ACHAR* value) override {
-        if (!inRow()) return;
+        if (!inRow() || value == nullptr) return;
         if (is(name, L"grupo")) rows.back().group = qt(value);
         if (const int column = columnOf(name); column >= 0)
             rows.back().texts[static_cast<std::size_t>(column)] = qt(value);

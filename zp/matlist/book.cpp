@@ -1,0 +1,468 @@
+// SPDX-License-Identifier: MIT
+// Pieces, rows and marks of a drawing, kept up by what the drawing reports.
+#include "zp/matlist/book.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "dbxrecrd.h"
+#include "zp/matlist/zpmarca.h"
+#include "zp/objects/member.h"
+
+namespace zp::matlist {
+namespace {
+
+/// How near the tip of a mark is to a corner to stand on it, mm.
+constexpr double kAtTip = 1e-6;
+/// Blocks inside one another, more than anybody nests.
+constexpr int kMaxDepth = 128;
+
+std::vector<std::unique_ptr<Book>>& books() {
+    static std::vector<std::unique_ptr<Book>> all;
+    return all;
+}
+
+void (*g_listener)(AcDbDatabase&) = nullptr;
+
+Key keyOf(AcDbObjectId id) { return id.asOldId(); }
+
+template <class Visit>
+void eachEntity(AcDbDatabase& drawing, Visit visit) {
+    AcDbBlockTable* table = nullptr;
+    if (drawing.getSymbolTable(table, AcDb::kForRead) != Acad::eOk) return;
+    AcDbSymbolTableIterator* blocks = nullptr;
+    const Acad::ErrorStatus es = table->newIterator(blocks);
+    (void)table->close();
+    if (es != Acad::eOk) return;
+    const std::unique_ptr<AcDbSymbolTableIterator> blocksOwner(blocks);
+    for (; !blocks->done(); blocks->step()) {
+        AcDbObjectId id;
+        if (blocks->getRecordId(id) != Acad::eOk) continue;
+        const AcDbObjectPointer<AcDbBlockTableRecord> block(id, AcDb::kForRead);
+        AcDbBlockTableRecordIterator* entities = nullptr;
+        if (block.object() == nullptr || block->newIterator(entities) != Acad::eOk) continue;
+        const std::unique_ptr<AcDbBlockTableRecordIterator> entitiesOwner(entities);
+        for (; !entities->done(); entities->step())
+            if (entities->getEntityId(id) == Acad::eOk) visit(id);
+    }
+}
+
+bool isLayout(AcDbObjectId block) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
+    return record.object() == nullptr || record->isLayout();
+}
+
+bool isModelSpace(AcDbObjectId block) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
+    const ACHAR* name = nullptr;
+    return record.object() != nullptr && record->getName(name) == Acad::eOk &&
+           std::wstring_view(name) == ACDB_MODEL_SPACE;
+}
+
+/// Letters of a mark that ends in a number; the number is 0 when it does not.
+struct Parts {
+    std::wstring letters;
+    int number = 0;
+};
+
+Parts partsOf(const std::wstring& marca) {
+    const std::size_t digits = marca.find_last_not_of(L"0123456789") + 1;
+    const bool numbered = digits > 0 && digits < marca.size() && marca.size() - digits <= 9;
+    return {marca.substr(0, digits), numbered ? std::stoi(marca.substr(digits)) : 0};
+}
+
+}  // namespace
+
+Book& Book::of(AcDbDatabase& drawing) {
+    std::erase_if(books(), [](const auto& book) { return book->m_drawing == nullptr; });
+    for (const auto& book : books())
+        if (book->m_drawing == &drawing) return *book;
+    books().push_back(std::make_unique<Book>(drawing));
+    books().back()->readAll();
+    return *books().back();
+}
+
+void Book::forget(AcDbDatabase* drawing) {
+    std::erase_if(books(), [&](const auto& book) {
+        return book->m_drawing == drawing || book->m_drawing == nullptr;
+    });
+}
+
+void Book::forgetAll() { books().clear(); }
+
+Book::Book(AcDbDatabase& drawing) : m_drawing(&drawing) { drawing.addReactor(this); }
+
+Book::~Book() {
+    if (m_drawing != nullptr) m_drawing->removeReactor(this);
+}
+
+void Book::changed(const AcDbObject* o) {
+    const bool follows = o->isKindOf(ZpObject::desc()) || o->isKindOf(ZpMarca::desc());
+    const bool ofList =
+        o->isKindOf(AcDbXrecord::desc()) &&
+        (m_rows.contains(keyOf(o->objectId())) || m_lists.contains(keyOf(o->ownerId())));
+    if (!follows && !ofList && !o->isKindOf(AcDbBlockReference::desc())) return;
+    markDirty(o->objectId());
+    if (!follows || ownWork() || o->isUndoing()) return;
+    if (m_isByUser.insert(keyOf(o->objectId())).second) m_byUser.push_back(o->objectId());
+    if (g_listener != nullptr) g_listener(*m_drawing);
+}
+
+void Book::setListener(void (*listener)(AcDbDatabase&)) { g_listener = listener; }
+
+void Book::markDirty(AcDbObjectId id) {
+    if (m_isDirty.insert(keyOf(id)).second) m_dirty.push_back(id);
+}
+
+void Book::readAll() {
+    for (const MaterialList& list : materialLists(*m_drawing)) {
+        m_lists[keyOf(list.id)];
+        for (const RowRecord& record : storedRecords(list.id))
+            enter(list.id, record.number, record.id);
+    }
+    eachEntity(*m_drawing, [&](AcDbObjectId id) {
+        const AcRxClass* kind = id.objectClass();
+        if (kind != nullptr &&
+            (kind->isDerivedFrom(ZpObject::desc()) || kind->isDerivedFrom(ZpMarca::desc()) ||
+             kind->isDerivedFrom(AcDbBlockReference::desc())))
+            markDirty(id);
+    });
+    refresh();
+    m_before.clear();
+    m_fresh.clear();
+    m_rowsChanged = false;
+}
+
+void Book::refresh() {
+    // What is read may make other things dirty: the plates of a bar.
+    std::vector<AcDbObjectId> later;
+    while (!m_dirty.empty()) {
+        const std::vector<AcDbObjectId> dirty = std::exchange(m_dirty, {});
+        m_isDirty.clear();
+        for (const AcDbObjectId& id : dirty)
+            if (!read(id)) later.push_back(id);
+    }
+    for (const AcDbObjectId& id : later) markDirty(id);
+    countInsertions();
+}
+
+bool Book::read(AcDbObjectId id) {
+    const AcRxClass* kind = id.objectClass();
+    if (m_rows.contains(keyOf(id)) || (kind != nullptr && kind->isDerivedFrom(AcDbXrecord::desc())))
+        return readRow(id);
+    if (kind == nullptr) return true;
+    if (kind->isDerivedFrom(ZpObject::desc())) return readPeca(id);
+    if (kind->isDerivedFrom(ZpMarca::desc())) return readMarca(id);
+    return readInsertion(id);
+}
+
+void Book::takeOut(Peca& peca) {
+    if (peca.row.isNull()) return;
+    Row& row = m_rows[keyOf(peca.row)];
+    m_before.try_emplace(peca.row, row.quantidade);
+    m_rowsChanged = true;
+    row.quantidade -= std::exchange(peca.counted, 0);
+    row.pecas.erase(peca.id);
+    if (const auto alike = m_alike.find(peca.hash); alike != m_alike.end()) {
+        alike->second.erase(peca.id);
+        if (alike->second.empty()) m_alike.erase(alike);
+    }
+}
+
+void Book::putIn(Peca& peca) {
+    if (peca.row.isNull() || !peca.alive) return;
+    Row& row = m_rows[keyOf(peca.row)];
+    m_before.try_emplace(peca.row, row.quantidade);
+    m_rowsChanged = true;
+    const auto in = m_pecasIn.find(keyOf(peca.block));
+    peca.counted = in == m_pecasIn.end() ? peca.own : peca.own * insertionsOf(peca.block);
+    row.quantidade += peca.counted;
+    row.pecas.insert(peca.id);
+    m_alike[peca.hash].insert(peca.id);
+}
+
+bool Book::readPeca(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead, true);
+    if (peca.openStatus() == Acad::eWasOpenForWrite) return false;
+    const bool alive = peca.object() != nullptr && !peca->isErased();
+    if (alive)
+        for (const AcDbObjectId& chapa : edit::chapasOf(*peca.object()))
+            if (m_pecas.contains(keyOf(chapa))) markDirty(chapa);
+    const auto known = m_pecas.find(keyOf(id));
+    const AcDbObjectId row =
+        peca.object() != nullptr ? AcDbObjectId(member::of(*peca.object()).row) : AcDbObjectId();
+    if (known == m_pecas.end() && (row.isNull() || !alive)) return true;
+    Peca& p = m_pecas[keyOf(id)];
+    p.id = id;
+    takeOut(p);
+    p.row = m_rows.contains(keyOf(row)) ? row : AcDbObjectId();
+    p.alive = alive;
+    p.own = 0;
+    if (!alive) return true;
+    p.hash = member::hashOf(*peca.object());
+    p.own = member::of(*peca.object()).count;
+    if (const AcDbObjectId bar = edit::ownerOf(*peca.object()); !bar.isNull()) {
+        const AcDbObjectPointer<ZpObject> owner(bar, AcDb::kForRead);
+        if (owner.openStatus() == Acad::eWasOpenForWrite) markDirty(bar);
+        if (owner.object() != nullptr) p.own *= member::of(*owner.object()).count;
+    }
+    if (p.block != peca->ownerId()) {
+        p.block = peca->ownerId();
+        if (!isLayout(p.block)) m_pecasIn[keyOf(p.block)].push_back(id);
+    }
+    putIn(p);
+    return true;
+}
+
+bool Book::readMarca(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead, true);
+    if (marca.openStatus() == Acad::eWasOpenForWrite) return false;
+    Marca& m = m_marcas[keyOf(id)];
+    const bool known = !m.peca.isNull();
+    const AcDbObjectId peca = marca.object() != nullptr ? marca->peca() : AcDbObjectId();
+    m.alive = marca.object() != nullptr && !marca->isErased();
+    if (m.peca != peca) {
+        if (known) std::erase(m_marcasOf[keyOf(m.peca)], id);
+        if (!peca.isNull()) m_marcasOf[keyOf(peca)].push_back(id);
+        m.peca = peca;
+    }
+    // Where the user put it is learnt when what he did is followed.
+    if (!m_isByUser.contains(keyOf(id)) || !known) learnTip(id);
+    return true;
+}
+
+void Book::learnTip(AcDbObjectId id) {
+    const auto known = m_marcas.find(keyOf(id));
+    if (known == m_marcas.end()) return;
+    const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+    const AcDbObjectPointer<ZpObject> peca(known->second.peca, AcDb::kForRead);
+    if (marca.object() == nullptr || peca.object() == nullptr) return;
+    const edit::Faces faces = edit::facesOf(*peca.object());
+    Tip tip;
+    for (int corner = 3; corner >= 0; --corner)
+        if (marca->tip().distanceTo(faces.f[corner]) <= kAtTip) tip.corner = corner;
+    tip.offset =
+        AcGePoint3d::kOrigin + Access::of(*peca.object()).pictureFrame().toLocal(marca->tip());
+    known->second.tip = tip;
+}
+
+AcGePoint3d Book::placeOf(const Tip& tip, const ZpObject& peca) {
+    if (tip.corner >= 0) return edit::facesOf(peca).f[tip.corner];
+    return Access::of(peca).pictureFrame().toWorld(tip.offset.x, tip.offset.y, tip.offset.z);
+}
+
+void Book::enter(AcDbObjectId list, int number, AcDbObjectId record) {
+    Row& row = m_rows[keyOf(record)];
+    row.list = list;
+    row.number = number;
+    m_lists[keyOf(list)][number] = record;
+    m_fresh.insert(record);
+    markDirty(record);
+}
+
+bool Book::readRow(AcDbObjectId id) {
+    const auto known = m_rows.find(keyOf(id));
+    if (known == m_rows.end()) {
+        // One that this session did not write: undo of another module, perhaps.
+        const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead, true);
+        if (record.object() == nullptr || !m_lists.contains(keyOf(record->ownerId()))) return true;
+        for (const RowRecord& r : storedRecords(record->ownerId()))
+            if (r.id == id) enter(record->ownerId(), r.number, id);
+        return true;
+    }
+    Row& row = known->second;
+    const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead);
+    if (record.openStatus() == Acad::eWasOpenForWrite) return false;
+    m_rowsChanged = true;
+    if (row.alive) takeText(id, row);
+    const std::optional<Linha> stored = storedRow(id);
+    row.alive = stored.has_value();
+    row.marca = stored ? stored->marca : std::wstring();
+    if (!row.alive) return true;
+    giveText(id, row);
+    for (const AcDbSoftPointerId& marca : stored->ids)
+        if (!marca.isNull()) m_naming[keyOf(marca)] = id;
+    return true;
+}
+
+void Book::giveText(AcDbObjectId record, const Row& row) {
+    m_texts[row.marca].push_back(record);
+    const Parts parts = partsOf(row.marca);
+    int& lowest = m_lowestFree.try_emplace(parts.letters, 1).first->second;
+    while (m_texts.contains(parts.letters + std::to_wstring(lowest))) ++lowest;
+}
+
+void Book::takeText(AcDbObjectId record, const Row& row) {
+    const auto found = m_texts.find(row.marca);
+    if (found == m_texts.end()) return;
+    std::erase(found->second, record);
+    if (!found->second.empty()) return;
+    m_texts.erase(found);
+    const Parts parts = partsOf(row.marca);
+    int& lowest = m_lowestFree.try_emplace(parts.letters, 1).first->second;
+    if (parts.number > 0) lowest = std::min(lowest, parts.number);
+}
+
+bool Book::readInsertion(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForRead, true);
+    if (reference.openStatus() == Acad::eWasOpenForWrite) return false;
+    if (reference.object() == nullptr) return true;
+    Insertion fresh{reference->blockTableRecord(), reference->ownerId(), !reference->isErased()};
+    Insertion& known = m_insertions[keyOf(id)];
+    const bool same =
+        known.block == fresh.block && known.inside == fresh.inside && known.alive == fresh.alive;
+    known = fresh;
+    m_insertionsChanged = m_insertionsChanged || !same;
+    return true;
+}
+
+long long Book::insertionsOf(AcDbObjectId block, int depth) {
+    if (depth > kMaxDepth) return 0;
+    const auto found = m_times.find(keyOf(block));
+    return found != m_times.end() ? found->second : 0;
+}
+
+/// Insertions of every block in model space, blocks inside others multiplied.
+void Book::countInsertions() {
+    if (!m_insertionsChanged || m_pecasIn.empty()) return;
+    m_insertionsChanged = false;
+    std::unordered_map<Key, std::vector<AcDbObjectId>> insides;  // by block: what holds it
+    for (const auto& [key, insertion] : m_insertions)
+        if (insertion.alive) insides[keyOf(insertion.block)].push_back(insertion.inside);
+    m_times.clear();
+    const auto times = [&](auto& self, AcDbObjectId block, int depth) -> long long {
+        if (depth > kMaxDepth) return 0;
+        if (const auto known = m_times.find(keyOf(block)); known != m_times.end())
+            return known->second;
+        long long sum = isModelSpace(block) ? 1 : 0;
+        for (const AcDbObjectId& inside : insides[keyOf(block)])
+            sum += self(self, inside, depth + 1);
+        return m_times[keyOf(block)] = sum;
+    };
+    for (const auto& [block, ids] : m_pecasIn) {
+        AcDbObjectId id;
+        (void)times(times, id.setFromOldId(block), 0);
+        for (const AcDbObjectId& peca : ids) {
+            Peca& p = m_pecas[keyOf(peca)];
+            if (keyOf(p.block) != block) continue;
+            takeOut(p);
+            putIn(p);
+        }
+    }
+}
+
+const Book::Row* Book::row(AcDbObjectId record) {
+    refresh();
+    const auto found = m_rows.find(keyOf(record));
+    return found != m_rows.end() ? &found->second : nullptr;
+}
+
+std::vector<AcDbObjectId> Book::records(AcDbObjectId list) {
+    refresh();
+    std::vector<AcDbObjectId> alive;
+    for (const auto& [number, record] : m_lists[keyOf(list)])
+        if (m_rows[keyOf(record)].alive) alive.push_back(record);
+    return alive;
+}
+
+int Book::nextNumber(AcDbObjectId list) {
+    refresh();
+    const auto& numbers = m_lists[keyOf(list)];
+    return numbers.empty() ? 1 : numbers.rbegin()->first + 1;
+}
+
+std::wstring Book::freeMarca(const std::wstring& like, const std::vector<int>& given) {
+    refresh();
+    const Parts parts = partsOf(like);
+    const std::wstring letters = parts.number > 0 ? parts.letters : L"P";
+    const auto known = m_lowestFree.find(letters);
+    int n = known != m_lowestFree.end() ? known->second : 1;
+    while (m_texts.contains(letters + std::to_wstring(n)) ||
+           std::ranges::find(given, n) != given.end())
+        ++n;
+    return letters + std::to_wstring(n);
+}
+
+AcDbObjectId Book::rowWithMarca(const std::wstring& marca, AcDbObjectId besides) {
+    refresh();
+    const auto found = m_texts.find(marca);
+    if (found == m_texts.end()) return {};
+    for (const AcDbObjectId& record : found->second)
+        if (record != besides) return record;
+    return {};
+}
+
+long long Book::counts(AcDbObjectId peca) {
+    refresh();
+    const auto found = m_pecas.find(keyOf(peca));
+    return found != m_pecas.end() && found->second.alive ? found->second.counted : 0;
+}
+
+AcDbObjectId Book::rowOf(AcDbObjectId peca) {
+    refresh();
+    const auto found = m_pecas.find(keyOf(peca));
+    return found != m_pecas.end() ? found->second.row : AcDbObjectId();
+}
+
+AcDbObjectId Book::rowNaming(AcDbObjectId marca) {
+    refresh();
+    const auto found = m_naming.find(keyOf(marca));
+    return found != m_naming.end() && m_rows[keyOf(found->second)].alive ? found->second
+                                                                         : AcDbObjectId();
+}
+
+std::vector<AcDbObjectId> Book::marcasOf(AcDbObjectId peca) {
+    refresh();
+    std::vector<AcDbObjectId> alive;
+    if (const auto found = m_marcasOf.find(keyOf(peca)); found != m_marcasOf.end())
+        std::ranges::copy_if(found->second, std::back_inserter(alive),
+                             [&](AcDbObjectId id) { return m_marcas[keyOf(id)].alive; });
+    std::ranges::sort(alive, Older());
+    return alive;
+}
+
+std::vector<AcDbObjectId> Book::likely(const ZpObject& peca) {
+    refresh();
+    std::vector<AcDbObjectId> found;
+    for (const int step : {0, -1, 1})
+        if (const auto alike = m_alike.find(member::hashOf(peca, step)); alike != m_alike.end())
+            found.insert(found.end(), alike->second.begin(), alike->second.end());
+    std::ranges::sort(found, Older());
+    return found;
+}
+
+std::vector<AcDbObjectId> Book::marcas() {
+    refresh();
+    std::vector<AcDbObjectId> alive;
+    for (const auto& [key, marca] : m_marcas) {
+        AcDbObjectId id;
+        if (marca.alive) alive.push_back(id.setFromOldId(key));
+    }
+    std::ranges::sort(alive, Older());
+    return alive;
+}
+
+const Book::Marca* Book::marca(AcDbObjectId id) {
+    refresh();
+    const auto found = m_marcas.find(keyOf(id));
+    return found != m_marcas.end() ? &found->second : nullptr;
+}
+
+Book::Changes Book::takeChanges() {
+    refresh();
+    // What is still open for writing has not ended its change.
+    std::vector<AcDbObjectId> later;
+    std::vector<AcDbObjectId> ended;
+    for (const AcDbObjectId& id : m_byUser)
+        (m_isDirty.contains(keyOf(id)) ? later : ended).push_back(id);
+    m_isByUser.clear();
+    for (const AcDbObjectId& id : later) m_isByUser.insert(keyOf(id));
+    m_byUser = std::move(later);
+    return {std::move(ended), std::exchange(m_before, {}), std::exchange(m_fresh, {}),
+            std::exchange(m_rowsChanged, false)};
+}
+
+}  // namespace zp::matlist

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// Pieces as members of the job.
+#include "zp/objects/member.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+
+namespace zp::member {
+namespace {
+
+/// Members whose lengths differ by less are bought as one, mm.
+constexpr double kSameComprimento = 0.5;
+/// Sizes nearer than this are one, mm.
+constexpr double kSameMedida = 1e-6;
+
+MarcaReader g_marcaReader = nullptr;
+
+/// Values that describe the member and not how it is drawn.
+bool describes(secao::Role role) {
+    using enum secao::Role;
+    return role != L && role != Giro;
+}
+
+/// A plate is told by the three sizes of its body, in whichever view; a profile by its values.
+std::array<double, 3> chapaMedidas(const Peca& p) {
+    return {p.actual[0], p.actual[1], p.comprimento};
+}
+
+bool near(double a, double b, double tolerance) { return std::abs(a - b) <= tolerance; }
+
+bool sameValues(const Peca& a, const Peca& b) {
+    const secao::RoleValues va = a.roles();
+    const secao::RoleValues vb = b.roles();
+    for (std::size_t i = 0; i < va.v.size(); ++i)
+        if (describes(static_cast<secao::Role>(i)) &&
+            !near(va.v[i], vb.v[i], kSameMedida * std::max(1.0, std::abs(va.v[i]))))
+            return false;
+    return true;
+}
+
+}  // namespace
+
+const Member& of(const ZpObject& peca) {
+    static const Member kNothing;
+    const Peca& p = Access::of(peca);
+    return p.member ? *p.member : kNothing;
+}
+
+void set(ZpObject& peca, const Member& member) {
+    if (of(peca) == member) return;
+    peca.assertWriteEnabled();
+    Access::of(peca).member = std::make_unique<Member>(member);
+}
+
+void tie(ZpObject& peca, AcDbObjectId row, int count) {
+    Member member = of(peca);
+    member.row = AcDbSoftPointerId(row);
+    member.listed = !row.isNull();
+    member.count = count;
+    set(peca, member);
+}
+
+bool same(const ZpObject& a, const ZpObject& b) {
+    const Peca& p = Access::of(a);
+    const Peca& q = Access::of(b);
+    if (p.kind != q.kind || p.tipoBarra != q.tipoBarra || p.series != q.series) return false;
+    const Member& m = of(a);
+    const Member& n = of(b);
+    if (m.grade != n.grade || m.lacing != n.lacing) return false;
+    if (p.chapa()) {
+        const auto x = chapaMedidas(p);
+        const auto y = chapaMedidas(q);
+        return p.vista != q.vista ||
+               std::ranges::equal(x, y, [](double u, double v) { return near(u, v, kSameMedida); });
+    }
+    if (!sameValues(p, q)) return false;
+    return p.inSecao() != q.inSecao() || near(p.comprimento, q.comprimento, kSameComprimento);
+}
+
+std::size_t hashOf(const ZpObject& peca, int step) {
+    const Peca& p = Access::of(peca);
+    std::size_t hash = std::hash<std::wstring>()(of(peca).grade);
+    const auto mix = [&](auto value) {
+        hash = hash * 1099511628211U ^ std::hash<decltype(value)>()(value);
+    };
+    mix(static_cast<int>(p.kind));
+    mix(static_cast<int>(p.tipoBarra));
+    mix(p.inSecao() && !p.chapa());
+    if (p.chapa()) return hash;
+    if (!p.inSecao()) mix(std::llround(p.comprimento / kSameComprimento) + step);
+    const secao::RoleValues values = p.roles();
+    for (std::size_t i = 0; i < values.v.size(); ++i)
+        if (describes(static_cast<secao::Role>(i))) mix(std::llround(values.v[i] * 1e3));
+    return hash;
+}
+
+void setMarcaReader(MarcaReader reader) { g_marcaReader = reader; }
+
+std::wstring marcaOf(const ZpObject& peca) {
+    const Member& m = of(peca);
+    return g_marcaReader == nullptr || m.row.isNull() ? std::wstring() : g_marcaReader(m.row);
+}
+
+}  // namespace zp::member
