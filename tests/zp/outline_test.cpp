@@ -5,8 +5,10 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <set>
 
 #include "tests/zp/secao_samples.h"
+#include "zp/objects/secao/single.h"
 
 namespace {
 
@@ -285,6 +287,71 @@ TEST(Secao, Texts) {
         EXPECT_EQ(zp::secao::perfilText(l.sample.kind, d, l.series), l.perfil);
         EXPECT_EQ(zp::secao::dimensoesText(l.sample.kind, d, l.series), l.dimensoes);
     }
+}
+
+/// Every built-up class against the single shape that it is made of: the same texts, half the area.
+TEST(Secao, BuiltUpOnesAreTwoSingleShapes) {
+    constexpr double kArea = 2 * 12.2 * 127.1848;
+    const auto rolled = [](Kind kind, std::vector<double> vaos) {
+        std::vector<double> v{50, 30, 5, 5};  // H, B1, T, Ri
+        v.insert(v.end(), vaos.begin(), vaos.end());
+        v.insert(v.end(), {0, 0, kFar, 0, 0});
+        return Sample{"", kind, v};
+    };
+    const std::pair<Sample, Sample> kRows[] = {
+        {{"", Kind::CaixaDobrado, {200, 75, 2.65, 2.65, 170, kFar, 0, 0, 0}}, u(200, 75, 2.65)},
+        {{"", Kind::CaixaDobrado, {200, 75, 3, 3, 0, kFar, 0, 0, 20}}, u(200, 75, 3, 20)},
+        {{"", Kind::IDobrado, {200, 75, 75, 2.65, 2.65, 8, kFar, 0, 0, 0}}, u(200, 75, 2.65)},
+        {{"", Kind::IDobrado, {200, 75, 75, 3, 3, 0, kFar, 20, 0, 0}}, u(200, 75, 3, 20)},
+        {{"", Kind::IDobrado, {100, 50, 50, 2, 2, 8, kFar, 20, 1, 0}}, cartola(50, 100, 20, 2)},
+        {{"", Kind::CantTDobrada, {50, 30, 3, 3, 8, kFar, 0, 0, 0}}, lDobrada(50, 30, 3)},
+        {{"", Kind::CantUDobrada, {50, 30, 3, 3, 80, kFar, 0, 0, 0}}, lDobrada(50, 30, 3)},
+        {{"", Kind::XDobrado, {50, 50, 3, 3, 8, kFar, 0, 0, 0, 0}}, lDobrada(50, 50, 3)},
+        {rolled(Kind::CantLaminadaCaixa, {}), lLaminada(50, 30, 5)},
+        {{"", Kind::CantTEELaminada, {50, 30, 5, 9, 17, 5, 8, 0, 0, kFar, 0, 0}},
+         lLaminada(50, 30, 5)},
+        {{"", Kind::CantULaminada, {50, 30, 5, 9, 17, 5, 80, 0, 0, kFar, 0, 0}},
+         lLaminada(50, 30, 5)},
+        {{"", Kind::BNDuplaLaminada, {50, 5, 12, 5, 8, 0, 0, kFar, 0, 0}}, bn(50, 5)},
+        {rolled(Kind::CantCruzLaminada, {8, 8}), lLaminada(50, 30, 5)},
+        {rolled(Kind::CantZLaminada, {8, 0}), lLaminada(50, 30, 5)},
+        {{"",
+          Kind::UULaminado,
+          {152.4, 48.77, 5.08, 48.77, 5.08, 5.08, 120, 5.08, 0, 0, kFar, kArea, 24.4}},
+         uLaminado(152.4, 48.77, 5.08, 12.2)},
+        {{"",
+          Kind::DoisULaminado,
+          {152.4, 48.77, 5.08, 48.77, 5.08, 5.08, 16, 5.08, 8, 0, 0, kFar, kArea, 24.4}},
+         uLaminado(152.4, 48.77, 5.08, 12.2)},
+    };
+    const auto texts = [](const Sample& s) {
+        const auto d = zp::secao::roleValuesOf(s.kind, s.points(), s.values);
+        return std::pair(zp::secao::perfilText(s.kind, d, 0),
+                         zp::secao::dimensoesText(s.kind, d, 0));
+    };
+    std::set<Kind> built;
+    for (const auto& [whole, single] : kRows) {
+        built.insert(whole.kind);
+        const auto [perfil, dimensoes] = texts(whole);
+        const zp::secao::Single one = zp::secao::singleOf(perfil, dimensoes);
+        EXPECT_EQ(one.count, 2) << testing::PrintToString(perfil);
+        EXPECT_EQ(std::pair(one.perfil, one.dimensoes), texts(single));
+        const double area = single.secao()->properties().area;
+        EXPECT_NEAR(whole.secao()->properties().area, 2 * area, 1e-3 * area)
+            << testing::PrintToString(perfil + dimensoes);
+        EXPECT_NEAR(tira(whole.kind, *whole.secao()), tira(single.kind, *single.secao()), 1e-9);
+        EXPECT_EQ(zp::secao::singleOf(one.perfil, one.dimensoes).count, 1);
+    }
+    for (int k = 1; k < zp::secao::kKinds; ++k) {
+        const Kind kind = static_cast<Kind>(k);
+        EXPECT_EQ(zp::secao::description(kind).composition != zp::secao::Composition::One,
+                  built.contains(kind))
+            << k;
+    }
+    // 200 - 12 + 2 (75 - 6) + pi 4.5 along the middle; rolled shapes and tubes come from no strip.
+    EXPECT_NEAR(tira(Kind::UDobrado, *u(200, 75, 3).secao()), 340.137, 1e-3);
+    EXPECT_EQ(tira(Kind::Box, *caixa(100, 60, 4).secao()), 0);
+    EXPECT_EQ(tira(Kind::CantLaminada, *lLaminada(50, 50, 5).secao()), 0);
 }
 
 }  // namespace

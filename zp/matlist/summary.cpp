@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Rows of a material list by what is bought for them.
+#include "zp/matlist/summary.h"
+
+#include <map>
+#include <utility>
+
+#include "zp/matlist/lists.h"
+#include "zp/matlist/zpmarca.h"
+#include "zp/objects/edit.h"
+#include "zp/objects/secao/single.h"
+
+namespace zp::matlist {
+namespace {
+
+/// Of the drawn piece that a row stands for; 0 when it is bent from no strip or cannot be asked.
+double stripOf(const Linha& row) {
+    for (const AcDbSoftPointerId& id : row.ids) {
+        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+        if (marca.object() == nullptr) continue;
+        const AcDbObjectPointer<ZpObject> peca(marca->peca(), AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        const secao::Kind kind = edit::kindOf(*peca.object());
+        return secao::tira(kind, secao::Secao(kind, edit::valuesOf(*peca.object())));
+    }
+    return 0.0;
+}
+
+}  // namespace
+
+std::vector<Product> productsOf(const std::vector<Linha>& rows) {
+    std::vector<Product> products;
+    std::map<std::pair<std::wstring, std::wstring>, std::size_t> places;
+    for (const Linha& row : rows) {
+        if (erased(row)) continue;
+        const secao::Single single = secao::singleOf(row.descricao, row.dimensoes);
+        const std::wstring designation =
+            single.perfil + (single.dimensoes.empty() ? L"" : L" ") + single.dimensoes;
+        const auto [place, fresh] =
+            places.try_emplace({designation, row.material}, products.size());
+        if (fresh) products.push_back({designation, row.material, row.descricao != kPlate, {}});
+        products[place->second].shares.push_back({&row, row.quantidade * single.count});
+    }
+    return products;
+}
+
+std::vector<SummaryLine> summaryOf(const std::vector<Linha>& rows) {
+    std::vector<SummaryLine> lines;
+    for (const Product& product : productsOf(rows)) {
+        SummaryLine line{.designation = product.designation, .material = product.material};
+        line.bar = product.bar;
+        for (const Share& share : product.shares) {
+            line.pieces += share.pieces;
+            line.metres += share.pieces * share.row->comprimento / 1000.0;
+            line.kg += share.row->pesoTotal;
+            line.m2 += share.row->areaPintura;
+            if (line.bar && line.strip == 0.0) line.strip = stripOf(*share.row);
+        }
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+}  // namespace zp::matlist

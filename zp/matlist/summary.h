@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// What the rows of a material list come to, by what is bought: each built-up member as its single
+// shapes.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "zp/matlist/zpmatlist.h"
+
+namespace zp::matlist {
+
+/// In the description of a plate's row.
+inline constexpr const wchar_t* kPlate = L"Chapa";
+
+/// A row and how many single shapes its members come to.
+struct Share {
+    const Linha* row = nullptr;
+    int pieces = 0;
+};
+/// Rows of one designation and material.
+struct Product {
+    std::wstring designation;  ///< of the single shape
+    std::wstring material;
+    bool bar = true;  ///< not a plate
+    std::vector<Share> shares;
+};
+/// Rows that count, by product, in the order of the list. They point into `rows`.
+std::vector<Product> productsOf(const std::vector<Linha>& rows);
+
+struct SummaryLine {
+    std::wstring designation;
+    std::wstring material;
+    int pieces = 0;
+    double metres = 0.0;
+    double kg = 0.0;
+    double m2 = 0.0;     ///< to be painted
+    double strip = 0.0;  ///< width of the strip it is bent from, mm; 0: none
+    bool bar = true;     ///< not a plate
+};
+/// One line a product, in the order of the list.
+std::vector<SummaryLine> summaryOf(const std::vector<Linha>& rows);
+
+}  // namespace zp::matlist

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// Single shapes of built-up sections, strips of bent ones.
+#include "zp/objects/secao/single.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace zp::secao {
+namespace {
+
+struct BuiltUp {
+    const wchar_t* perfil;
+    const wchar_t* single;
+    /// The height of the whole is the width of the single one.
+    bool lying = false;
+};
+
+/// Each of two equal shapes.
+constexpr std::array kBuiltUps{
+    BuiltUp{L"2U ][", L"U"},   BuiltUp{L"2U []", L"U"},         BuiltUp{L"2Ue ][", L"Ue"},
+    BuiltUp{L"2Ue []", L"Ue"}, BuiltUp{L"2L []", L"L"},         BuiltUp{L"2L T", L"L"},
+    BuiltUp{L"2L U", L"L"},    BuiltUp{L"2L X", L"L"},          BuiltUp{L"2L +", L"L"},
+    BuiltUp{L"2L Z", L"L"},    BuiltUp{L"2Cr ][", L"Cr", true},
+};
+
+/// "200x75x3" with its first two sizes changed.
+std::wstring turned(const std::wstring& sizes) {
+    const std::size_t first = sizes.find(L'x');
+    if (first == std::wstring::npos) return sizes;
+    const std::size_t second = std::min(sizes.find(L'x', first + 1), sizes.size());
+    return sizes.substr(first + 1, second - first - 1) + L'x' + sizes.substr(0, first) +
+           sizes.substr(second);
+}
+
+/// Strips in a section; 0 for a class that is not bent.
+int strips(Kind kind) {
+    switch (kind) {
+        case Kind::UDobrado:
+        case Kind::ZDobrado:
+        case Kind::Cartola:
+        case Kind::CantoneiraDobrada:
+            return 1;
+        case Kind::CaixaDobrado:
+        case Kind::CantTDobrada:
+        case Kind::CantUDobrada:
+        case Kind::XDobrado:
+        case Kind::IDobrado:
+            return 2;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+Single singleOf(const std::wstring& perfil, const std::wstring& dimensoes) {
+    const auto* const built = std::ranges::find(kBuiltUps, perfil, &BuiltUp::perfil);
+    if (built == kBuiltUps.end()) return {1, perfil, dimensoes};
+    const std::wstring sizes = dimensoes.substr(0, dimensoes.find(L' '));
+    return {2, built->single, built->lying ? turned(sizes) : sizes};
+}
+
+double tira(Kind kind, const Secao& secao) {
+    const int n = strips(kind);
+    // Of constant thickness: the mid-line is as long as area over thickness, bends included.
+    return n > 0 && secao.espessura() > 0.0 && !secao.invalid()
+               ? secao.properties().area / (n * secao.espessura())
+               : 0.0;
+}
+
+}  // namespace zp::secao
