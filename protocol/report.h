@@ -49,6 +49,7 @@ struct ListColumn {
     int decimals;        ///< -1: a text
     int width;           ///< characters that usual values take
     bool summed;         ///< a total is told
+    bool usual = true;   ///< shown to a user who asked for no columns
 };
 
 /// A file that the list's command writes when it is answered `_word` and the file's name.
@@ -72,6 +73,9 @@ public:
     /// Of the list kListKey that it describes; good as long as the module is loaded.
     virtual const ListSchema& schema() const = 0;
     virtual void describe(AcDbDatabase& database, PropertyVisitor& visitor) const = 0;
+    /// The same list as it is printed: its rows in the order of their marks, numbers rounded, so
+    /// that what a front end shows and sums is what table and files say.
+    virtual void describePrinted(AcDbDatabase& database, PropertyVisitor& visitor) const = 0;
 };
 inline constexpr const ACHAR* kListKey = L"lista_material";
 inline constexpr const ACHAR* kDrawingReportKey = L"ZP_DRAWING_REPORT";

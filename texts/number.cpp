@@ -137,6 +137,32 @@ std::wstring fixed(double value, int decimals) {
     return {text.data(), end};
 }
 
+std::wstring rounded(double value, int decimals) {
+    std::array<char, 400> buffer;
+    if (!std::isfinite(value)) value = 0.0;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
+                                   std::chars_format::fixed)
+                         .ptr;
+    std::wstring text(buffer.data(), end);
+    std::size_t point = text.find(L'.');
+    if (point == std::wstring::npos) {
+        point = text.size();
+        text += L'.';
+    }
+    const std::size_t kept = point + 1 + static_cast<std::size_t>(decimals);
+    const bool up = text.size() > kept && text[kept] >= L'5';
+    text.resize(decimals > 0 ? kept : point, L'0');
+    bool carry = up;
+    for (std::size_t i = text.size(); carry && i-- > 0;) {
+        if (text[i] == L'.') continue;
+        carry = text[i] == L'9';
+        text[i] = carry ? L'0' : static_cast<wchar_t>(text[i] + 1);
+    }
+    if (carry) text.insert(0, L"1");
+    const bool zero = text.find_first_not_of(L"0.") == std::wstring::npos;
+    return value < 0.0 && !zero ? L'-' + text : text;
+}
+
 std::wstring withoutZeros(std::wstring fixed) {
     if (fixed.find(L'.') == std::wstring::npos) return fixed;
     fixed.erase(fixed.find_last_not_of(L'0') + 1);

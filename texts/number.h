@@ -28,7 +28,12 @@ int realToInt(double value);
 /// Just so many decimals (up to 80), decimal point.
 std::wstring fixed(double value, int decimals);
 
-/// The same text without the zeros that end its decimals, and without a point that then ends it.
+/// Just so many decimals, decimal point, rounded as a reader of the number does: half away from
+/// zero, and half is what the shortest decimal text of the value says (2.355 gives "2.36"). No
+/// minus zero; what is not finite gives zero.
+std::wstring rounded(double value, int decimals);
+
+/// A fixed text without the zeros that end its decimals, and without a point that then ends it.
 std::wstring withoutZeros(std::wstring fixed);
 
 /// At most so many decimals, no trailing zeros, no minus zero. What is not finite gives "0".

@@ -52,12 +52,17 @@ private:
     bool m_open = false;
 };
 
-/// Ties the row to its mark and its piece, which is closed, and adds it.
-bool addRow(Linha& row, AcDbObjectId marca, AcDbObjectId peca) {
+/// Ties the row to its mark and its piece, which is closed, and adds it; the mark of a row that is
+/// refused goes.
+bool addRow(Linha& row, AcDbObjectId& marca, AcDbObjectId peca) {
     AcDbSoftPointerId id(marca);
     row.AddObjId(id);
     row.AddPeca(peca);
-    return ZpArxAddToLista(row) != 0;
+    if (ZpArxAddToLista(row) != 0) return true;
+    const AcDbObjectPointer<AcDbEntity> drawn(marca, AcDb::kForWrite);
+    if (drawn.object() != nullptr) (void)drawn->erase();  // open for write and alive
+    marca.setNull();
+    return false;
 }
 
 RowTexts textsOfPeca(const ZpObject& perfil) {

@@ -41,7 +41,10 @@ public:
         static const protocol::ListSchema schema{L"LISTAMATERIAL", L"Table", columns, formats};
         return schema;
     }
-    void describe(AcDbDatabase&, protocol::PropertyVisitor& v) const override {
+    void describe(AcDbDatabase&, protocol::PropertyVisitor&) const override {
+        ADD_FAILURE() << "the panel shows what is printed";
+    }
+    void describePrinted(AcDbDatabase&, protocol::PropertyVisitor& v) const override {
         v.integer(L"lista", 77);
         v.beginList(L"outra");
         v.beginGroup(nullptr);

@@ -102,6 +102,21 @@ TEST(NumberTexts, HaveTheDecimalsAskedForAndNoZerosBehindThem) {
     for (const double zero : {0.0, -0.001, kNoNumber, kInfinite}) EXPECT_EQ(withComma(zero), L"0");
 }
 
+TEST(NumberTexts, AreRoundedAsTheyRead) {
+    const struct {
+        double value;
+        int decimals;
+        const wchar_t* text;
+    } kCases[] = {
+        {2.355, 2, L"2.36"},     {-2.355, 2, L"-2.36"},   {2.3549999, 2, L"2.35"},
+        {0.0299085, 2, L"0.03"}, {48.06, 2, L"48.06"},    {15.0, 2, L"15.00"},
+        {1234.25, 1, L"1234.3"}, {9.995, 2, L"10.00"},    {99.5, 0, L"100"},
+        {0.4, 0, L"0"},          {-0.004, 2, L"0.00"},    {1e21, 1, L"1000000000000000000000.0"},
+        {kInfinite, 2, L"0.00"}, {kNoNumber, 2, L"0.00"}, {5e-324, 2, L"0.00"},
+    };
+    for (const auto& c : kCases) EXPECT_EQ(rounded(c.value, c.decimals), c.text) << c.value;
+}
+
 TEST(Letters, AreThoseOfTheCodePage) {
     EXPECT_EQ(lower(L"VIGA A\u00C7O \u00D7 \u00DE\u00DF"), L"viga a\u00E7o \u00D7 \u00FE\u00DF");
     EXPECT_TRUE(equalIgnoringCase(L"A\u00C7O.lst", L"a\u00E7o.LST"));

@@ -4,6 +4,7 @@
 
 #include "tests/zp/drawing.h"
 #include "zp/matlist/follow.h"
+#include "zp/matlist/listing.h"
 #include "zp/matlist/table.h"
 #include "zp/matlist/zpmarca.h"
 
@@ -52,6 +53,8 @@ protected:
         for (const Linha& l : rows()) m.push_back(l.marca);
         return m;
     }
+    zp::matlist::Listing listing() { return zp::matlist::listingOf(materialLists().at(0)); }
+    double totalMass() { return zp::matlist::totalOf(listing(), 7); }
     int last = 0;
     wchar_t group[7] = L"Perfil";
 };

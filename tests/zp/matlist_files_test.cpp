@@ -10,20 +10,25 @@
 namespace {
 
 using namespace zp_tests;
+using zp::matlist::Choice;
+
+/// A row of so many pieces of an unit mass.
+Linha pieces(const wchar_t* marca, int n, double mass, double length = 500.0) {
+    return {marca, n, L"U", L"200x75x3", L"ACO", length, mass, n * mass, n * mass / 100, L""};
+}
 
 TEST_F(MaterialListTest, CsvForABrazilianSpreadsheet) {
     std::vector<Linha> l;
     l.emplace_back(L"P1", 2, L"Ue", L"200x75x20x2,65", L"ACO", 1234.5, 7.75, 15.5, 0.75,
                    L"com \"aba\"; furada");
     l.emplace_back(L"-5", 1, L"=1+1", L"\t2", L"@A1", -5.0, -1.0, 1.0, 1.0, L"+\"x\"");
-    const std::wstring text = zp::matlist::csvText(l);
-    EXPECT_NE(text.find(L"MARCA;QUANT.;DESCRIÇÃO;"), std::wstring::npos);
-    EXPECT_NE(text.find(L"\r\nP1;2;Ue;200x75x20x2,65;ACO;1234,5;7,75;15,5;0,75;\"com \"\"aba\"\"; "
-                        L"furada\"\r\n"),
-              std::wstring::npos);
     // A spreadsheet would run the texts; numbers stay numbers.
-    EXPECT_NE(text.find(L"\r\n'-5;1;'=1+1;'\t2;'@A1;-5;-1;1;1;\"'+\"\"x\"\"\"\r\n"),
-              std::wstring::npos);
+    EXPECT_EQ(zp::matlist::csvText(zp::matlist::listingOf(zp::matlist::usualColumns(), l)),
+              L"MARCA;QUANT.;DESCRIÇÃO;DIMENSÕES;MATERIAL;COMPR. (mm);PESO UNIT. (kg);"
+              L"PESO TOTAL (kg);PINTURA (m2);OBSERVAÇÃO\r\n"
+              L"'-5;1;'=1+1;'\t2;'@A1;-5,0;-1,00;-1,00;1,00;\"'+\"\"x\"\"\"\r\n"
+              L"P1;2;Ue;200x75x20x2,65;ACO;1234,5;7,75;15,50;0,75;\"com \"\"aba\"\"; furada\"\r\n"
+              L"TOTAL;;;;;;;14,50;1,75;\r\n");
     enter(1);
     const std::filesystem::path file =
         std::filesystem::temp_directory_path() / u8"zp_pe\u00E7as.csv";
@@ -34,10 +39,35 @@ TEST_F(MaterialListTest, CsvForABrazilianSpreadsheet) {
     std::ifstream read(file, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(read), {}};
     EXPECT_TRUE(bytes.starts_with("\xEF\xBB\xBFMARCA;"));
-    EXPECT_NE(bytes.find("P1;1;U;200x75x3;ACO;500;4;4;0,34;"), std::string::npos);
+    EXPECT_NE(bytes.find("P1;1;U;200x75x3;ACO;500;4,00;4,00;0,34;"), std::string::npos);
     std::filesystem::remove(file);
     type({L"LISTAMATERIAL", L"csv", L"/nao/existe/lista.csv"});
     EXPECT_TRUE(said(L"Não foi possível gravar"));
+}
+
+TEST_F(MaterialListTest, NumbersAreThoseThatThePrintedOnesGive) {
+    // Marks in the order in which people count; masses whose third decimal is lost or decides.
+    const std::vector<Linha> l{pieces(L"V2", 3, 0.1),   pieces(L"P10", 1, 2.355),
+                               pieces(L"v1E", 1, 15.0), pieces(L"P2", 4, 48.0625, 6000.04),
+                               pieces(L"V1", 1, 16.02), pieces(L"P1", 1000, 0.0299085),
+                               pieces(L"2", 2, 0.004)};
+    std::wstring text;
+    const Choice choice =
+        zp::matlist::chooseColumns(L"marca,quantidade,comprimento,peso_unitario,peso_total");
+    for (const auto& line : zp::matlist::linesOf(zp::matlist::listingOf(choice.columns, l))) {
+        for (const std::wstring& field : line) text += field + L' ';
+        text += L'\n';
+    }
+    EXPECT_EQ(text,
+              L"MARCA QUANT. COMPR. (mm) PESO UNIT. (kg) PESO TOTAL (kg) \n"
+              L"2 2 500 0,00 0,00 \n"
+              L"P1 1000 500 0,03 30,00 \n"
+              L"P2 4 6000 48,06 192,24 \n"
+              L"P10 1 500 2,36 2,36 \n"
+              L"V1 1 500 16,02 16,02 \n"
+              L"v1E 1 500 15,00 15,00 \n"
+              L"V2 3 500 0,10 0,30 \n"
+              L"TOTAL    255,92 \n");
 }
 
 TEST_F(MaterialListTest, AnExistingFileIsReplacedOnlyAfterYes) {
@@ -93,10 +123,11 @@ std::string partOf(const std::filesystem::path& book, const std::string& part) {
     return bytes;
 }
 
-TEST_F(MaterialListTest, XlsxWithNumbersAndTotals) {
+TEST_F(MaterialListTest, XlsxWithNumbersFormulasAndASummary) {
     if (std::system("python3 -c 'import zipfile'") != 0) GTEST_SKIP() << "no python3";
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "zp_lista.xlsx";
     std::filesystem::remove(file);
+    u(0, 0, 500);
     enter(2, 4);
     enter(1);
     type({L"_erase"});
@@ -105,33 +136,71 @@ TEST_F(MaterialListTest, XlsxWithNumbersAndTotals) {
           std::filesystem::path(file).replace_extension().wstring().c_str()});
     EXPECT_TRUE(said(L"Lista gravada em"));
     EXPECT_TRUE(said(L"fora dos totais: 1. A opção Limpar as retira.\n"));
-    const std::string worksheet = partOf(file, "xl/worksheets/sheet1.xml");
+    const std::string list = partOf(file, "xl/worksheets/sheet1.xml");
+    const std::string summary = partOf(file, "xl/worksheets/sheet2.xml");
     const std::string wording = partOf(file, "xl/sharedStrings.xml");
-    // The value of a number cell; text cells have a type.
-    const auto value = [&](const std::string& cell) {
-        const std::size_t from = worksheet.find("<c r=\"" + cell + "\"");
-        const std::size_t v = worksheet.find("<v>", from);
-        if (from == std::string::npos ||
-            worksheet.substr(from, v - from).find("t=\"s\"") != std::string::npos)
-            return std::nan("");
-        return std::stod(worksheet.substr(v + 3));
+    // What stands in a cell: its number, before it the formula; of a text nothing.
+    const auto cell = [&](const std::string& worksheet, const std::string& name) {
+        const std::size_t from = worksheet.find("<c r=\"" + name + "\"");
+        const std::string all = worksheet.substr(from, worksheet.find("</c>", from) - from);
+        const auto inside = [&](const std::string& tag) {
+            const std::size_t begin = all.find('<' + tag + '>');
+            if (begin == std::string::npos) return std::string();
+            const std::size_t text = begin + tag.size() + 2;
+            return all.substr(text, all.find("</" + tag + '>') - text);
+        };
+        if (from == std::string::npos || all.find("t=\"s\"") != std::string::npos)
+            return std::string();
+        const std::string formula = inside("f");
+        return (formula.empty() ? "" : formula + " = ") + inside("v");
     };
-    EXPECT_DOUBLE_EQ(value("B2"), 2);
-    EXPECT_DOUBLE_EQ(value("F2"), 500);
-    EXPECT_DOUBLE_EQ(value("H2"), 8);
-    EXPECT_NEAR(value("I3"), 0.4, 1e-12);
-    EXPECT_TRUE(std::isnan(value("A2")));
-    EXPECT_DOUBLE_EQ(value("H5"), 20);  // 8 + 12; the erased row stays out
-    EXPECT_NEAR(value("I5"), 0.68 + 0.4, 1e-12);
-    for (const char* text : {"DESCRIÇÃO", "Travejamento", "apagada", "TOTAL"})
+    const std::string rows = "'Lista de material'!$";
+    const auto sumifs = [&](const std::string& column, const std::string& line) {
+        const auto range = [&](const std::string& c) { return rows + c + "$2:$" + c + "$4"; };
+        return "SUMIFS(" + range(column) + ',' + range("K") + ",\"=\"&amp;$A" + line + ',' +
+               range("E") + ",\"=\"&amp;$B" + line + ") = ";
+    };
+    const struct {
+        const std::string& sheet;
+        const char* cell;
+        std::string value;
+    } kCells[] = {
+        {list, "A2", ""},
+        {list, "B2", "2"},
+        {list, "F2", "500"},
+        {list, "H2", "B2*G2 = 8"},
+        {list, "I3", "0.4"},
+        {list, "B4", "0"},  // erased
+        {list, "H4", "B4*G4 = 0"},
+        {list, "H5", "SUM($H$2:$H$4) = 20"},  // 8 + 8 plates of 1.5
+        {list, "I5", "SUM($I$2:$I$4) = 1.08"},
+        {list, "L3", "B3*1 = 8"},
+        {list, "M2", "L2*F2/1000 = 1"},
+        {summary, "C2", sumifs("L", "2") + "2"},
+        {summary, "D3", sumifs("M", "3") + "0.96"},  // 8 of 120 mm
+        {summary, "E2", sumifs("H", "2") + "8"},
+        {summary, "F3", sumifs("I", "3") + "0.4"},
+        {summary, "D4", "SUM($D$2:$D$3) = 1.96"},
+        {summary, "E4", "SUM($E$2:$E$3) = 20"},
+    };
+    for (const auto& c : kCells) EXPECT_EQ(cell(c.sheet, c.cell), c.value) << c.cell;
+    for (const char* text : {"DESCRIÇÃO", "Travejamento", "apagada", "TOTAL", "U 200x75x3"})
         EXPECT_NE(wording.find(text), std::string::npos) << text;
-    EXPECT_NE(worksheet.find("<cols>"), std::string::npos);
+    for (const std::string& sheet : {list, summary})
+        for (const char* text :
+             {"<cols>", "state=\"frozen\"", "paperSize=\"9\"",
+              "orientation=\"landscape\" fitToHeight=\"0\"", "<pageSetUpPr fitToPage"})
+            EXPECT_NE(sheet.find(text), std::string::npos) << text;
+    EXPECT_NE(list.find("<col min=\"11\" max=\"11\" width=\"12.7109375\" hidden=\"1\""),
+              std::string::npos);
+    EXPECT_NE(partOf(file, "xl/workbook.xml").find("'Lista de material'!$1:$1</definedName>"),
+              std::string::npos);
     std::filesystem::remove(file);
     type({L"LISTAMATERIAL", L"xlsx", L"/nao/existe/lista.xlsx"});
     EXPECT_TRUE(said(L"Não foi possível gravar /nao/existe/lista.xlsx"));
     // A folder of that name cannot be replaced.
     std::filesystem::create_directory(file);
-    EXPECT_FALSE(zp::matlist::kWriteXlsx(file, rows()));
+    EXPECT_FALSE(zp::matlist::kWriteXlsx(file, listing()));
     std::filesystem::remove(file);
 }
 

@@ -3,7 +3,6 @@
 #include "tests/zp/matlist.h"
 #include "protocol/report.h"
 #include "rxdict.h"
-#include "zp/matlist/columns.h"
 
 namespace {
 
@@ -124,12 +123,12 @@ TEST_F(MaterialListTest, AnErasedPecaIsShownAndComesBack) {
     eraseLinked({peca});
     EXPECT_EQ(zp::matlist::observacaoOf(rows()[0]), L"peça apagada");
     EXPECT_EQ(rows()[0].observacao, L"");
-    EXPECT_EQ(zp::matlist::totalsOf(rows())[7], 0.0);
+    EXPECT_EQ(totalMass(), 0.0);
     for (const wchar_t* around : {L"_u", L"_oops"}) {
         if (!peca.isErased()) eraseLinked({peca, marca});
         type({around});
         EXPECT_EQ(zp::matlist::observacaoOf(rows()[0]), L"");
-        EXPECT_NEAR(zp::matlist::totalsOf(rows())[7], 3 * 0.5 * 1020.4115e-6 * 7850, 1e-4);
+        EXPECT_NEAR(totalMass(), 3 * 4.01, 1e-9);  // 0,5 m of 1020.4115 mm2
         EXPECT_EQ(Read<ZpMarca>(marca)->peca(), peca);
     }
     // Copied together, the copy of the mark stands for the copy of the piece.
@@ -234,37 +233,107 @@ TEST_F(MaterialListTest, StretchedAndScaledPecasCountAsTheyStand) {
     EXPECT_EQ(rows()[0].dimensoes, L"400x150x6");
 }
 
-TEST_F(MaterialListTest, TheTableIsUpdatedInItsPlace) {
+TEST_F(MaterialListTest, TheTableIsUpdatedWhereItStands) {
     enter(1);
     type({L"LISTAMATERIAL", L"", L"1000,2000"});
-    const std::size_t one = entities().size();
-    const auto wording = [&] {
-        std::vector<std::wstring> t;
-        for (const AcDbObjectId& id : entities()) {
+    const auto tally = [&](const wchar_t* wanted) {
+        return std::ranges::count_if(entities(), [&](const AcDbObjectId& id) {
             const AcDbObjectPointer<AcDbText> text(id, AcDb::kForRead);
-            if (text.object() != nullptr) t.push_back(text->textStringConst());
-        }
-        return t;
+            return text.object() != nullptr && text->textStringConst() == std::wstring(wanted);
+        });
     };
-    const auto has = [&](const wchar_t* index) {
-        const auto t = wording();
-        return std::count(t.begin(), t.end(), std::wstring(index));
+    const auto parts = [&] {
+        const auto drawn = materialLists()[0].header.table;
+        return std::vector<AcDbObjectId>(drawn.begin(), drawn.end());
     };
-    EXPECT_EQ(has(L"200x75x3"), 1);
+    const auto pickParts = [&](const wchar_t* command, std::vector<AcDbObjectId> picked) {
+        type({command});
+        pick(0, 0, std::move(picked));
+        type({L""});
+    };
+    const auto expectCorner = [&](double x, double y) {
+        const Read<AcDbLine> top(parts().front());
+        expectPoint(top->startPoint(), x, y);
+        expectPoint(materialLists()[0].header.point, x, y);
+    };
+    EXPECT_EQ(tally(L"200x75x3"), 1);
+    EXPECT_EQ(tally(L"LISTA DE MATERIAL"), 1);
+    expectCorner(1000, 2000);
     enter(2);
     type({L"LISTAMATERIAL", L""});  // stands already: nothing is asked
-    EXPECT_EQ(has(L"200x75x3"), 2);
-    EXPECT_EQ(has(L"MARCA"), 1);
-    EXPECT_EQ(has(L"TOTAL"), 1);
-    EXPECT_EQ(has(L"12"), 1);  // 4 + 8 kg
-    EXPECT_GT(entities().size(), one);
+    EXPECT_EQ(tally(L"200x75x3"), 2);
+    EXPECT_EQ(tally(L"MARCA"), 1);
+    EXPECT_EQ(tally(L"TOTAL"), 1);
+    EXPECT_EQ(tally(L"12,00"), 1);  // 4 + 8 kg
+    expectCorner(1000, 2000);
+    // The copy is none of the list's; the table that was moved stays there, whatever is left of it.
+    pickParts(L"_copy", parts());
+    type({L"0,0", L"0,5000", L""});
+    pickParts(L"_move", parts());
+    type({L"0,0", L"500,-300"});
+    pickParts(L"_erase", {parts().front()});
+    type({L"LISTAMATERIAL", L"nova", L"LISTAMATERIAL", L"", L"1"});
+    expectCorner(1500, 1700);
+    EXPECT_EQ(tally(L"LISTA DE MATERIAL"), 1);  // the copy
+    EXPECT_EQ(tally(L"LISTA DE MATERIAL 1"), 1);
     // A row whose mark was erased says so and no longer counts.
-    const AcDbObjectId marca = rows()[0].ids[0];
-    type({L"_erase"});
-    pick(0, 0, {marca});
-    type({L"", L"LISTAMATERIAL", L""});
-    EXPECT_EQ(has(L"apagada"), 1);
-    EXPECT_EQ(has(L"8"), 2);  // its own row and the total
+    pickParts(L"_erase", {rows()[0].ids[0]});
+    type({L"LISTAMATERIAL", L"", L"1"});
+    EXPECT_EQ(tally(L"apagada"), 1);
+    EXPECT_EQ(tally(L"8,00"), 3);  // the copy's, the row's and the total
+    // A table that cannot be erased is not drawn a second time on itself.
+    const auto before = entities().size();
+    type({L"-LAYER", L"_lock", L"*", L"", L"LISTAMATERIAL", L"", L"1"});
+    EXPECT_TRUE(said(L"A tabela não pôde ser desenhada"));
+    EXPECT_EQ(entities().size(), before);
+}
+
+TEST_F(MaterialListTest, ColumnsAreChosenAndStayWithTheDrawing) {
+    const std::filesystem::path file =
+        std::filesystem::temp_directory_path() / "zp_colunas_test.dxf";
+    const auto heading = [&] {
+        std::wstring text;
+        for (const std::wstring& h : zp::matlist::linesOf(listing()).front()) text += h + L'|';
+        return text;
+    };
+    enter(1);
+    const std::wstring usual = heading();
+    EXPECT_EQ(usual.find(L"DESIGNAÇÃO"), std::wstring::npos);
+    type({L"LISTAMATERIAL", L"cOlunas", L"marca, cor,tom", L"marca,Marca", L"peso_total", L"",
+          L"LISTAMATERIAL", L"_Columns", L" Marca,DESIGNACAO, peso_total "});
+    EXPECT_TRUE(
+        said(L"\nColunas: marca, quantidade, descricao, dimensoes, material, comprimento, "
+             L"peso_unitario, peso_total, area_pintura, observacao\n"));
+    EXPECT_TRUE(said(L"Colunas desconhecidas: cor, tom. As chaves são marca, quantidade, "));
+    EXPECT_TRUE(said(L"A coluna Marca está repetida"));
+    EXPECT_TRUE(said(L"A primeira coluna recebe a palavra TOTAL e não pode ser peso_total"));
+    ASSERT_TRUE(static_cast<bool>(editor->file().save(file)));
+    ASSERT_TRUE(static_cast<bool>(editor->file().open(file)));
+    std::filesystem::remove(file);
+    EXPECT_EQ(heading(), L"MARCA|DESIGNAÇÃO|PESO TOTAL (kg)|");
+    EXPECT_EQ(zp::matlist::linesOf(listing())[1],
+              (std::vector<std::wstring>{L"P1", L"U 200x75x3", L"4,00"}));
+    type({L"LISTAMATERIAL", L"o", L""});
+    EXPECT_TRUE(said(L"\nColunas: marca, designacao, peso_total\n"));
+    EXPECT_EQ(heading(), usual);
+    // Of keys that another version wrote those that are known are shown.
+    zp::matlist::Header header = materialLists()[0].header;
+    for (const auto& [keys, shown] : {std::pair{L"cor,material", std::wstring(L"MATERIAL|")},
+                                      {L"cor", usual},
+                                      {L"cor,peso_total", usual}}) {
+        header.columns = keys;
+        EXPECT_TRUE(zp::matlist::writeHeader(materialLists()[0].id, header));
+        EXPECT_EQ(heading(), shown) << testing::PrintToString(std::wstring(keys));
+    }
+}
+
+TEST_F(MaterialListTest, WhatDoesNotFitARowIsRefused) {
+    enter(std::numeric_limits<int>::max());
+    EXPECT_EQ(enter(std::numeric_limits<int>::max(), 2), 0);
+    EXPECT_TRUE(said(L"P3: 4294967294 peças não cabem na lista de material"));
+    ASSERT_EQ(rows().size(), 2u);
+    EXPECT_EQ(rows()[1].quantidade, std::numeric_limits<int>::max());
+    EXPECT_DOUBLE_EQ(totalMass(), 2 * 4.0 * std::numeric_limits<int>::max());
 }
 
 TEST_F(MaterialListTest, AMarcaMovesWithItsTextUpright) {
@@ -316,7 +385,7 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
     EXPECT_EQ(visit.keys,
               L"lista_material { marca quantidade descricao dimensoes material comprimento "
               L"peso_unitario peso_total "
-              L"area_pintura observacao lista grupo apagada ids # pecas vistas } ");
+              L"area_pintura observacao designacao lista grupo apagada ids # pecas vistas } ");
 }
 
 }  // namespace

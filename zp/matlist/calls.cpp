@@ -2,6 +2,7 @@
 // The calls by which drawing commands enter pieces in the material list.
 #include <algorithm>
 #include <cwchar>
+#include <limits>
 #include <memory>
 
 #include "acedads.h"
@@ -129,10 +130,18 @@ void ZpArxAddMarca(AcGePoint3d tip, AcGePoint3d text, wchar_t* marca, AcDbObject
 
 int ZpArxAddToLista(Linha& row) {
     if (g_opened.counter == nullptr) return 0;
+    const long long quantidade = static_cast<long long>(row.quantidade) * g_opened.type;
+    if (quantidade < 0 || quantidade > std::numeric_limits<int>::max()) {
+        acutPrintf(
+            L"\n%ls: %lld peças não cabem na lista de material (até %d); a linha não entrou. "
+            L"Diminua o número de peças.\n",
+            row.marca.c_str(), quantidade, std::numeric_limits<int>::max());
+        return 0;
+    }
     // What the caller hands over is told by the caller.
     const zp::matlist::Book::OwnWork own(zp::matlist::Book::of(*g_opened.list.database()));
     Linha all = row;
-    all.quantidade *= g_opened.type;
+    all.quantidade = static_cast<int>(quantidade);
     all.pesoTotal *= g_opened.type;
     all.areaPintura *= g_opened.type;
     all.tied = !row.pecas.empty();

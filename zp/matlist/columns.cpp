@@ -4,56 +4,52 @@
 
 #include <algorithm>
 
-#include "texts/number.h"
+#include "texts/letters.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/lists.h"
 
 namespace zp::matlist {
 
-// Key, title, name, unit, decimals, width, summed; field, editable.
+// Key, title, name, unit, decimals, width, summed, usual; field, editable, decimals' kind.
 const std::array<Column, kColumns> kColumnTable{{
     {{L"marca", L"Marca", L"Marca", L"", -1, 9, false}, &Linha::marca, false},
     {{L"quantidade", L"Quant.", L"Quantidade", L"", 0, 9, false}, &Linha::quantidade, true},
     {{L"descricao", L"Descrição", L"Descrição", L"", -1, 16, false}, &Linha::descricao, false},
     {{L"dimensoes", L"Dimensões", L"Dimensões", L"", -1, 24, false}, &Linha::dimensoes, false},
     {{L"material", L"Material", L"Material", L"", -1, 12, false}, &Linha::material, true},
-    {{L"comprimento", L"Compr.", L"Comprimento", L"mm", 1, 13, false}, &Linha::comprimento, false},
+    {{L"comprimento", L"Compr.", L"Comprimento", L"mm", 1, 13, false},
+     &Linha::comprimento,
+     false,
+     Decimals::Needed},
     {{L"peso_unitario", L"Peso unit.", L"Peso unitário", L"kg", 2, 16, false},
      &Linha::pesoUnitario,
      false},
     {{L"peso_total", L"Peso total", L"Peso total", L"kg", 2, 17, true}, &Linha::pesoTotal, false},
-    {{L"area_pintura", L"Pintura", L"Área de pintura", L"m²", 3, 14, true},
+    {{L"area_pintura", L"Pintura", L"Área de pintura", L"m²", 2, 14, true},
      &Linha::areaPintura,
      false},
     {{L"observacao", L"Observação", L"Observação", L"", -1, 36, false}, &Linha::observacao, true},
+    {{L"designacao", L"Designação", L"Designação", L"", -1, 30, false, false},
+     &designationOf,
+     false},
 }};
+
+std::wstring designationOf(const Linha& row) {
+    return texts::trimmed(row.descricao + L' ' + row.dimensoes);
+}
 
 Cell cellOf(const Linha& row, const Column& column) {
     if (column.field == Field(&Linha::observacao)) return observacaoOf(row);
     return std::visit(
         [&](auto field) -> Cell {
-            if constexpr (std::is_same_v<decltype(field), std::wstring Linha::*>)
+            if constexpr (!std::is_member_pointer_v<decltype(field)>)
+                return field(row);
+            else if constexpr (std::is_same_v<decltype(field), std::wstring Linha::*>)
                 return row.*field;
             else
                 return static_cast<double>(row.*field);
         },
         column.field);
-}
-
-std::array<double, kColumns> totalsOf(const std::vector<Linha>& rows) {
-    std::array<double, kColumns> totals{};
-    for (const Linha& l : rows) {
-        if (erased(l)) continue;
-        for (std::size_t i = 0; i < kColumns; ++i)
-            if (kColumnTable[i].shown.summed)
-                totals[i] += std::get<double>(cellOf(l, kColumnTable[i]));
-    }
-    return totals;
-}
-
-std::wstring wordsOf(const Cell& cell, const Column& column) {
-    if (const auto* text = std::get_if<std::wstring>(&cell)) return *text;
-    return texts::withComma(std::get<double>(cell), column.shown.decimals);
 }
 
 std::wstring headingOf(const Column& column) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The columns of a material list: the one place that tells what a row has, in which order, and how
-// it is shown. Record, table, files, report and property sheet follow it.
+// it is shown. Record, table, files, report, property sheet and the user's choice follow it.
 #pragma once
 
 #include <array>
@@ -12,30 +12,34 @@
 
 namespace zp::matlist {
 
-using Field = std::variant<std::wstring Linha::*, int Linha::*, double Linha::*>;
+/// A member is kept in the row's record; what a function tells follows from the others.
+using Field = std::variant<std::wstring Linha::*, int Linha::*, double Linha::*,
+                           std::wstring (*)(const Linha&)>;
+
+enum class Decimals {
+    Fixed,
+    Needed,  ///< as many, in all rows alike, as the row that needs most
+};
 
 struct Column {
     protocol::ListColumn shown;
     Field field;
     bool editable;  ///< by the user, in the mark's property sheet
+    Decimals decimals = Decimals::Fixed;
 };
 
-inline constexpr std::size_t kColumns = 10;
+inline constexpr std::size_t kColumns = 11;
 extern const std::array<Column, kColumns> kColumnTable;
+
+/// Name of what the row's members are: text and sizes.
+std::wstring designationOf(const Linha& row);
 
 /// A value as a reader gets it: text or number.
 using Cell = std::variant<std::wstring, double>;
 /// The remark of a row also says what was erased.
 Cell cellOf(const Linha& row, const Column& column);
-/// Sums over the rows that count, in the columns that are summed; 0 elsewhere.
-std::array<double, kColumns> totalsOf(const std::vector<Linha>& rows);
-/// A cell in words: decimal comma, the column's decimals.
-std::wstring wordsOf(const Cell& cell, const Column& column);
 /// "PESO UNIT. (kg)", without characters that old drawing fonts lack.
 std::wstring headingOf(const Column& column);
-
-/// In the first column of the line of totals.
-inline constexpr const wchar_t* kTotal = L"TOTAL";
 
 /// Columns and formats as a host reads them.
 const protocol::ListSchema& listSchema();

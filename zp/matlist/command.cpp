@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// LISTAMATERIAL: table, spreadsheet files, new list, rows of erased pieces.
+// LISTAMATERIAL: table, spreadsheet files, new list, rows of erased pieces, columns.
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -20,6 +20,7 @@ namespace {
 constexpr std::array kTable{L"Tabela", kDrawWord};
 constexpr std::array kNewList{L"Nova", L"New"};
 constexpr std::array kPurge{L"Limpar", L"Purge"};
+constexpr std::array kChooseColumns{L"cOlunas", L"cOlumns"};
 
 /// What the command is to do, by the word in the user's language; empty: nothing.
 std::wstring askAction() {
@@ -30,8 +31,7 @@ std::wstring askAction() {
     };
     put(kTable[0], kTable[1]);
     for (const Format& f : kFormatTable) put(f.shown.word, f.shown.word);
-    put(kNewList[0], kNewList[1]);
-    put(kPurge[0], kPurge[1]);
+    for (const auto& words : {kNewList, kPurge, kChooseColumns}) put(words[0], words[1]);
     std::wstring options = local;
     std::ranges::replace(options, L' ', L'/');
     acedInitGet(0, (local + L" _" + global).c_str());
@@ -41,7 +41,7 @@ std::wstring askAction() {
     if (status == RTNONE) return kTable[0];
     if (status != RTNORM) return {};
     const std::wstring_view choice = word;
-    for (const auto& words : {kTable, kNewList, kPurge})
+    for (const auto& words : {kTable, kNewList, kPurge, kChooseColumns})
         if (choice == words[1]) return words[0];
     return word;
 }
@@ -59,6 +59,11 @@ std::optional<MaterialList> choose(AcDbDatabase& drawing) {
     return askWhich(all);
 }
 
+void draw(const MaterialList& list) {
+    if (!drawTable(list))
+        acutPrintf(L"\nA tabela não pôde ser desenhada; veja se a camada dela está bloqueada.\n");
+}
+
 void table(MaterialList list) {
     // A table that stands keeps its place; a new one is asked for, the offered point being where
     // the list began.
@@ -72,7 +77,7 @@ void table(MaterialList list) {
             if (!writeHeader(list.id, list.header)) return;
         }
     }
-    if (!drawTable(list)) acutPrintf(L"\nA tabela não pôde ser desenhada.\n");
+    draw(list);
 }
 
 enum class Answer { Yes, No, GiveUp };
@@ -131,7 +136,7 @@ void exportTo(const MaterialList& list, const Format& format) {
         askDestination((L"\nArquivo " + std::wstring(format.shown.name) + L": ").c_str(),
                        (L"." + std::wstring(format.shown.extension)).c_str());
     if (!destination) return;
-    if (format.write(*destination, rows(list.id)))
+    if (format.write(*destination, listingOf(list)))
         acutPrintf(L"\nLista gravada em %ls.\n", texts::shown(*destination).c_str());
     else
         acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
@@ -164,7 +169,37 @@ void purge(const MaterialList& list) {
     const std::wstring question = L"\nRetirar da lista (linhas: " + std::to_wstring(n) + L")";
     if (confirm(question, Answer::Yes) != Answer::Yes) return;
     acutPrintf(L"\nLinhas retiradas: %d.\n", removeErased(list.id));
-    if (hasTable(list.header)) (void)drawTable(list);
+    if (hasTable(list.header)) draw(list);
+}
+
+/// Columns as typed, asked again until they can be shown; empty keys are the usual ones, nothing
+/// that the user declined.
+std::optional<std::wstring> askColumns() {
+    for (;;) {
+        ACHAR keys[133] = L"";
+        const int status =
+            acedGetString(1, L"\nColunas (chaves separadas por vírgula) ou <padrão>: ", keys);
+        if (status == RTCAN) return {};
+        if (status != RTNORM || texts::trimmed(keys).empty()) return std::wstring();
+        // A longer answer is cut there.
+        const Choice choice = std::wstring_view(keys).size() < std::size(keys) - 1
+                                  ? chooseColumns(keys)
+                                  : Choice{{}, L"A resposta passa de 131 caracteres."};
+        if (choice.fault.empty()) return keysOf(choice.columns);
+        acutPrintf(L"\n%ls\n", choice.fault.c_str());
+    }
+}
+
+void changeColumns(MaterialList list) {
+    acutPrintf(L"\nColunas: %ls\n", keysOf(columnsOf(list.header)).c_str());
+    const std::optional<std::wstring> keys = askColumns();
+    if (!keys) return;
+    list.header.columns = *keys == keysOf(usualColumns()) ? L"" : *keys;
+    if (!writeHeader(list.id, list.header)) {
+        acutPrintf(L"\nAs colunas não puderam ser gravadas.\n");
+        return;
+    }
+    if (hasTable(list.header)) draw(list);
 }
 
 }  // namespace
@@ -183,6 +218,10 @@ void materialListCommand() {
     if (!list) return;
     if (action == kPurge[0]) {
         purge(*list);
+        return;
+    }
+    if (action == kChooseColumns[0]) {
+        changeColumns(*list);
         return;
     }
     const auto format =

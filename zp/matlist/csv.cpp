@@ -2,7 +2,6 @@
 // Text file of a material list.
 #include "files/replacement.h"
 #include "texts/encoding.h"
-#include "zp/matlist/columns.h"
 #include "zp/matlist/formats.h"
 
 namespace zp::matlist {
@@ -22,32 +21,24 @@ std::wstring csvField(const std::wstring& field) {
     return quoted + L'"';
 }
 
-/// `textOf` gives a column's text.
-template <class TextOf>
-void appendLine(std::wstring& text, TextOf textOf) {
-    for (const Column& c : kColumnTable) {
-        if (&c != kColumnTable.data()) text += L';';
-        text += csvField(textOf(c));
-    }
-    text += L"\r\n";
-}
-
 }  // namespace
 
-std::wstring csvText(const std::vector<Linha>& rows) {
+std::wstring csvText(const Listing& listing) {
     std::wstring text;
-    appendLine(text, headingOf);
-    for (const Linha& l : rows)
-        appendLine(text, [&](const Column& c) {
-            const std::wstring words = wordsOf(cellOf(l, c), c);
-            return c.shown.decimals < 0 ? withoutFormula(words) : words;
-        });
+    for (const std::vector<std::wstring>& line : linesOf(listing)) {
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            const bool number = listing.columns[i]->shown.decimals >= 0;
+            if (i > 0) text += L';';
+            text += csvField(number ? line[i] : withoutFormula(line[i]));
+        }
+        text += L"\r\n";
+    }
     return text;
 }
 
-bool writeCsv(const std::filesystem::path& destination, const std::vector<Linha>& rows) {
+bool writeCsv(const std::filesystem::path& destination, const Listing& listing) {
     return files::replace(destination,
-                          std::string(texts::kUtf8Mark) + texts::encodeUtf8(csvText(rows))) == 0;
+                          std::string(texts::kUtf8Mark) + texts::encodeUtf8(csvText(listing))) == 0;
 }
 
 }  // namespace zp::matlist

@@ -5,29 +5,28 @@
 #include <array>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "protocol/report.h"
-#include "zp/matlist/zpmatlist.h"
+#include "zp/matlist/listing.h"
 
 namespace zp::matlist {
 
-/// Writes rows and totals. A failure leaves the file that was there.
-using ListWriter = bool (*)(const std::filesystem::path& destination,
-                            const std::vector<Linha>& rows);
+/// Writes headings, rows and totals. A failure leaves the file that was there.
+using ListWriter = bool (*)(const std::filesystem::path& destination, const Listing& listing);
 
 struct Format {
     protocol::ListFormat shown;
     ListWriter write;  ///< null where the program was built without it
 };
 
-/// Semicolon between fields, decimal comma, CR LF, a heading line first. Fields with a semicolon, a
-/// quote or a line end are quoted. Before a text that a spreadsheet would run as a formula (its
-/// first character is one of = + - @, a tab or a return) stands an apostrophe.
-std::wstring csvText(const std::vector<Linha>& rows);
+/// Semicolon between fields, decimal comma, CR LF, a heading line first, the totals last. Fields
+/// with a semicolon, a quote or a line end are quoted. Before a text that a spreadsheet would run
+/// as a formula (its first character is one of = + - @, a tab or a return) stands an apostrophe.
+std::wstring csvText(const Listing& listing);
 /// That text in UTF-8 with a mark.
-bool writeCsv(const std::filesystem::path& destination, const std::vector<Linha>& rows);
-/// Workbook with numbers as numbers and a line of totals.
+bool writeCsv(const std::filesystem::path& destination, const Listing& listing);
+/// Workbook with numbers as numbers and totals as formulas; a second sheet sums the rows by what is
+/// bought for them.
 extern const ListWriter kWriteXlsx;
 
 /// Global name of the command, and its word that draws the table.

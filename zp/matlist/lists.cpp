@@ -68,6 +68,8 @@ public:
     }
     int version() const { return m_version; }
     bool finished() const { return m_item == nullptr; }
+    /// The next group has this code.
+    bool at(int code) const { return m_item != nullptr && m_item->restype == code; }
     void readNext(std::wstring& t) {
         const resbuf* r = next(AcDb::kDxfText);
         t = r != nullptr && r->resval.rstring != nullptr ? r->resval.rstring : L"";
@@ -160,10 +162,20 @@ std::vector<Entry> entries(AcDbObjectId dictionary, const wchar_t* prefix) {
     return found;
 }
 
+/// Calls back with each member of a row that its record keeps, in the record's order.
+template <class Act>
+void eachKeptField(Act act) {
+    for (const Column& c : kColumnTable)
+        std::visit(
+            [&](auto field) {
+                if constexpr (std::is_member_pointer_v<decltype(field)>) act(field);
+            },
+            c.field);
+}
+
 Linha readRow(Reader& l) {
     Linha row(L"", 0, L"", L"", L"", 0.0, 0.0, 0.0, 0.0, L"");
-    for (const Column& c : kColumnTable)
-        std::visit([&](auto field) { l.readNext(row.*field); }, c.field);
+    eachKeptField([&](auto field) { l.readNext(row.*field); });
     int tied = 0;
     if (l.version() > 1) l.readNext(tied);
     row.tied = tied != 0;
@@ -173,7 +185,7 @@ Linha readRow(Reader& l) {
 }
 
 void putRow(Writer& e, const Linha& l) {
-    for (const Column& c : kColumnTable) std::visit([&](auto field) { e.put(l.*field); }, c.field);
+    eachKeptField([&](auto field) { e.put(l.*field); });
     e.put(l.tied ? 1 : 0);
     for (const AcDbSoftPointerId& id : l.ids) e.put(id);
 }
@@ -218,9 +230,10 @@ std::optional<Header> readHeader(AcDbObjectId list) {
     Header c;
     reader.readNext(c.group);
     reader.readNext(c.point);
-    while (!reader.finished())
+    while (reader.at(AcDb::kDxfSoftPointerId))
         if (const AcDbObjectId part = reader.id(); !part.isNull())
             c.table.push_back(AcDbSoftPointerId(part));
+    if (reader.at(AcDb::kDxfText)) reader.readNext(c.columns);
     return c;
 }
 
@@ -229,6 +242,8 @@ bool writeHeader(AcDbObjectId list, const Header& header) {
     e.put(header.group);
     e.put(header.point);
     for (const AcDbSoftPointerId& id : header.table) e.put(id);
+    // Behind the ids, where versions that know nothing of it stop reading.
+    if (!header.columns.empty()) e.put(header.columns);
     return write(list, kHeader, e);
 }
 

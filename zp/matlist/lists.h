@@ -22,6 +22,7 @@ struct Header {
     std::wstring group;
     AcGePoint3d point;                     ///< upper left corner of the table
     std::vector<AcDbSoftPointerId> table;  ///< entities of the drawn table
+    std::wstring columns;  ///< keys of the chosen columns, commas between; empty: the usual ones
 };
 
 struct MaterialList {

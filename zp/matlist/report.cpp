@@ -2,10 +2,11 @@
 // Report of marks and of the material list.
 #include "zp/matlist/report.h"
 
+#include <algorithm>
+
 #include "protocol/attach.h"
 #include "protocol/report.h"
-#include "zp/matlist/columns.h"
-#include "zp/matlist/lists.h"
+#include "zp/matlist/listing.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace zp::matlist {
@@ -28,13 +29,24 @@ class ListsReport : public protocol::DrawingReport {
 public:
     const protocol::ListSchema& schema() const override { return listSchema(); }
     void describe(AcDbDatabase& database, PropertyVisitor& v) const override {
-        v.beginList(protocol::kListKey);
-        for (const MaterialList& list : materialLists(database))
-            for (const Linha& l : rows(list.id)) row(list, l, v);
-        v.endList();
+        each(database, v, [](std::vector<Linha> all) {
+            std::ranges::transform(all, all.begin(), counted);
+            return all;
+        });
+    }
+    void describePrinted(AcDbDatabase& database, PropertyVisitor& v) const override {
+        each(database, v, printedRows);
     }
 
 private:
+    /// `as` gives a list's rows as they are told.
+    template <class As>
+    static void each(AcDbDatabase& database, PropertyVisitor& v, As as) {
+        v.beginList(protocol::kListKey);
+        for (const MaterialList& list : materialLists(database))
+            for (const Linha& l : as(rows(list.id))) row(list, l, v);
+        v.endList();
+    }
     static void tell(const Cell& cell, const protocol::ListColumn& column, PropertyVisitor& v) {
         if (const auto* text = std::get_if<std::wstring>(&cell))
             v.text(column.key, text->c_str());

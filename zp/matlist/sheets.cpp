@@ -12,9 +12,8 @@
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/matlist/book.h"
-#include "zp/matlist/columns.h"
 #include "zp/matlist/follow.h"
-#include "zp/matlist/lists.h"
+#include "zp/matlist/listing.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace zp::matlist {
@@ -37,7 +36,8 @@ std::wstring words(const Cell& cell, const protocol::ListColumn& column) {
                                 : number(value, column.decimals + 1, column.unit);
 }
 
-void showRow(const Linha& l, PropertySheet& s) {
+void showRow(const Linha& kept, PropertySheet& s) {
+    const Linha l = counted(kept);
     s.group(L"Lista de material");
     for (const Column& c : kColumnTable) {
         if (c.field == Field(&Linha::marca)) continue;
@@ -90,7 +90,8 @@ std::wstring changeCount(AcDbObjectId record, Linha& row, int count) {
 std::wstring changeQuantidade(AcDbObjectId record, Linha& row, const std::wstring& text) {
     const double v = texts::exactReal(text).value_or(0.0);
     if (v != std::floor(v) || v < 1.0 || v > kMostPecas)
-        return L"A quantidade deve ser um número inteiro a partir de 1.";
+        return L"A quantidade deve ser um número inteiro de 1 a " + std::to_wstring(kMostPecas) +
+               L".";
     return changeCount(record, row, static_cast<int>(v));
 }
 

@@ -3,46 +3,67 @@
 #include "zp/matlist/table.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 #include "adscodes.h"
 #include "dbents.h"
+#include "dbsymtb.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "zp/matlist/columns.h"
+#include "zp/matlist/listing.h"
 
 namespace zp::matlist {
 namespace {
 
-using Line = std::array<std::wstring, kColumns>;
+/// What stands of the table drawn before.
+struct Standing {
+    AcDbObjectId space;                 ///< null: nothing
+    std::optional<AcGePoint3d> corner;  ///< upper left one of its frame; nothing without a line
+    bool locked = false;
+};
 
-/// One text a column.
-template <class TextOf>
-Line lineOf(TextOf textOf) {
-    Line line;
-    std::ranges::transform(kColumnTable, line.begin(), textOf);
-    return line;
+void include(std::optional<AcGePoint3d>& corner, const AcGePoint3d& p) {
+    if (!corner) corner = p;
+    corner->x = std::min(corner->x, p.x);
+    corner->y = std::max(corner->y, p.y);
+}
+
+/// The frame tells where the user moved the table: its lines, and nothing else, reach its corner.
+Standing standingOf(const Header& header) {
+    Standing standing;
+    for (const AcDbSoftPointerId& id : header.table) {
+        if (id.isErased()) continue;
+        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForWrite);
+        if (part.openStatus() == Acad::eOnLockedLayer) standing.locked = true;
+        if (part.object() == nullptr) continue;
+        standing.space = part->blockId();
+        const auto* line = AcDbLine::cast(part.object());
+        if (line == nullptr) continue;
+        include(standing.corner, line->startPoint());
+        include(standing.corner, line->endPoint());
+    }
+    return standing;
 }
 
 void eraseTable(const Header& header) {
     for (const AcDbSoftPointerId& id : header.table) {
-        AcDbEntity* part = nullptr;
-        if (acdbOpenAcDbEntity(part, id, AcDb::kForWrite) != Acad::eOk) continue;
-        (void)part->erase();  // open for write and alive
-        (void)part->close();
+        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForWrite);
+        if (part.object() != nullptr) (void)part->erase();  // open for write and alive
     }
 }
 
-/// Puts lines and texts on one layer into the drawing and keeps their ids.
+enum class Align { Left = 0, Middle = 1, Right = 2 };
+
+/// Puts lines and texts on one layer into a space, the current one when it is null, and keeps their
+/// ids.
 class Draughtsman {
 public:
-    explicit Draughtsman(const wchar_t* layer) : m_layer(layer) {}
+    Draughtsman(AcDbObjectId space, const wchar_t* layer) : m_space(space), m_layer(layer) {}
     void line(const AcGePoint3d& a, const AcGePoint3d& b) { put(std::make_unique<AcDbLine>(a, b)); }
-    void text(const AcGePoint3d& where, const std::wstring& t, double altura, bool toTheRight) {
+    void text(const AcGePoint3d& where, const std::wstring& t, double altura, Align align) {
         if (t.empty()) return;
         auto entity = std::make_unique<AcDbText>(where, t.c_str(), AcDbObjectId::kNull, altura);
-        if (toTheRight) {
-            (void)entity->setHorizontalMode(2);
+        if (align != Align::Left) {
+            (void)entity->setHorizontalMode(static_cast<int>(align));
             (void)entity->setAlignmentPoint(where);
         }
         put(std::move(entity));
@@ -50,29 +71,62 @@ public:
     std::vector<AcDbSoftPointerId> ids() const { return m_ids; }
 
 private:
+    bool enter(AcDbEntity* entity, AcDbObjectId& id) const {
+        if (m_space.isNull()) return append(entity, id) == RTNORM;
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(m_space, AcDb::kForWrite);
+        return space.object() != nullptr && space->appendAcDbEntity(id, entity) == Acad::eOk;
+    }
     void put(std::unique_ptr<AcDbEntity> entity) {
         (void)entity->setLayer(m_layer);  // a layer that cannot be leaves the current one
         AcDbObjectId id;
-        if (append(entity.get(), id) != RTNORM) return;
+        if (!enter(entity.get(), id)) return;
         (void)entity.release()->close();
         m_ids.push_back(AcDbSoftPointerId(id));
     }
+    AcDbObjectId m_space;
     const wchar_t* m_layer;
     std::vector<AcDbSoftPointerId> m_ids;
 };
 
-std::vector<Line> linesOf(const std::vector<Linha>& rows) {
-    std::vector<Line> lines{lineOf(headingOf)};
-    for (const Linha& l : rows)
-        lines.push_back(lineOf([&](const Column& c) { return wordsOf(cellOf(l, c), c); }));
-    const std::array<double, kColumns> totals = totalsOf(rows);
-    lines.push_back(lineOf([&](const Column& c) {
-        const auto i = static_cast<std::size_t>(&c - kColumnTable.data());
-        return c.shown.summed ? wordsOf(totals[i], c)
-               : i == 0       ? std::wstring(kTotal)
-                              : std::wstring();
-    }));
-    return lines;
+double widthOf(std::size_t characters, double h) {
+    return h * (0.9 * static_cast<double>(characters) + 1.6);
+}
+
+/// Left and right edges of the columns; the last one is wide enough for the title above all.
+std::vector<double> edgesOf(const Listing& listing,
+                            const std::vector<std::vector<std::wstring>>& lines, double x,
+                            double h) {
+    std::vector<double> edges{x};
+    for (std::size_t i = 0; i < listing.columns.size(); ++i) {
+        std::size_t largest = 0;
+        for (const auto& line : lines) largest = std::max(largest, line[i].size());
+        edges.push_back(edges.back() + widthOf(largest, h));
+    }
+    edges.back() = std::max(edges.back(), x + widthOf(listing.title.size(), h));
+    return edges;
+}
+
+/// Title, headings, rows and totals below the corner; `h` is the height of the texts.
+void draw(Draughtsman& d, const Listing& listing, const AcGePoint3d& corner, double h) {
+    const auto lines = linesOf(listing);
+    const std::vector<double> x = edgesOf(listing, lines, corner.x, h);
+    const double z = corner.z;
+    // The title is line 0.
+    const auto y = [&](std::size_t n) { return corner.y - 2.0 * h * static_cast<double>(n); };
+    const std::size_t last = lines.size() + 1;
+    for (std::size_t n = 0; n <= last; ++n) d.line({x.front(), y(n), z}, {x.back(), y(n), z});
+    for (const double edge : x) {
+        const bool frame = edge == x.front() || edge == x.back();
+        d.line({edge, y(frame ? 0 : 1), z}, {edge, y(last), z});
+    }
+    d.text({0.5 * (x.front() + x.back()), y(1) + 0.5 * h, z}, listing.title, h, Align::Middle);
+    for (std::size_t n = 0; n < lines.size(); ++n)
+        for (std::size_t i = 0; i < listing.columns.size(); ++i) {
+            const bool right = listing.columns[i]->shown.decimals >= 0 && n > 0;
+            const double where = right ? x[i + 1] - 0.8 * h : x[i] + 0.8 * h;
+            d.text({where, y(n + 2) + 0.5 * h, z}, lines[n][i], h,
+                   right ? Align::Right : Align::Left);
+        }
 }
 
 }  // namespace
@@ -80,31 +134,12 @@ std::vector<Line> linesOf(const std::vector<Linha>& rows) {
 bool drawTable(const MaterialList& list) {
     std::optional<Header> header = readHeader(list.id);
     if (!header) return false;
-    const std::vector<Line> cells = linesOf(rows(list.id));
-
-    const double h = 2.5 * GetScale();
-    std::array<double, kColumns + 1> x{};
-    x[0] = header->point.x;
-    for (std::size_t i = 0; i < kColumns; ++i) {
-        std::size_t largest = 0;
-        for (const Line& c : cells) largest = std::max(largest, c[i].size());
-        // cppcheck-suppress containerOutOfBounds ; x has one more than kColumns
-        x[i + 1] = x[i] + h * (0.9 * static_cast<double>(largest) + 1.6);
-    }
+    const Standing standing = standingOf(*header);
+    if (standing.locked) return false;
+    if (standing.corner) header->point = *standing.corner;
     eraseTable(*header);
-    Draughtsman d(ZpLayerToUsr(L"LISTA"));
-    const double step = 2.0 * h;
-    const double z = header->point.z;
-    const auto y = [&](std::size_t n) { return header->point.y - step * static_cast<double>(n); };
-    for (std::size_t n = 0; n <= cells.size(); ++n)
-        d.line({x.front(), y(n), z}, {x.back(), y(n), z});
-    for (const double column : x) d.line({column, y(0), z}, {column, y(cells.size()), z});
-    for (std::size_t n = 0; n < cells.size(); ++n)
-        for (std::size_t i = 0; i < kColumns; ++i) {
-            const bool right = kColumnTable[i].shown.decimals >= 0 && n > 0;
-            const double where = right ? x[i + 1] - 0.8 * h : x[i] + 0.8 * h;
-            d.text({where, y(n + 1) + 0.5 * h, z}, cells[n][i], h, right);
-        }
+    Draughtsman d(standing.space, ZpLayerToUsr(L"LISTA"));
+    draw(d, listingOf({list.number, list.id, *header}), header->point, 2.5 * GetScale());
     header->table = d.ids();
     return writeHeader(list.id, *header);
 }

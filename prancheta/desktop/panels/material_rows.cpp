@@ -102,6 +102,7 @@ MaterialSchema materialSchema() {
     const protocol::ListSchema& told = report->schema();
     MaterialSchema schema{qt(told.command), qt(told.draw), {}, {}};
     for (const protocol::ListColumn& c : told.columns) {
+        if (!c.usual) continue;
         const QString unit = qt(c.unit);
         const QString title =
             unit.isEmpty() ? qt(c.title) : QStringLiteral("%1 (%2)").arg(qt(c.title), unit);
@@ -116,7 +117,7 @@ std::vector<MaterialRow> materialRows(AcDbDatabase& database, const MaterialSche
     const protocol::DrawingReport* const report = drawingReport();
     if (report == nullptr) return {};
     Reader reader(schema.columns);
-    report->describe(database, reader);
+    report->describePrinted(database, reader);
     return std::move(reader.rows);
 }
 

@@ -6,6 +6,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/layers.h"
 #include "prancheta/entities/listing.h"
+#include "protocol/order.h"
 
 namespace prancheta::desktop {
 
@@ -38,41 +39,8 @@ QString colorText(int color) {
     return qt(commands::colorName(color));
 }
 
-namespace {
-
-bool digitAt(const QString& text, qsizetype i) {
-    return i < text.size() && text[i] >= u'0' && text[i] <= u'9';
-}
-
-/// The digits from `i` on without leading zeros; `i` moves behind them.
-QStringView takeNumber(const QString& text, qsizetype& i) {
-    while (digitAt(text, i) && text[i] == u'0') ++i;
-    const qsizetype begin = i;
-    while (digitAt(text, i)) ++i;
-    return QStringView(text).sliced(begin, i - begin);
-}
-
-int sign(qsizetype difference) { return difference < 0 ? -1 : difference > 0 ? 1 : 0; }
-
-}  // namespace
-
 int naturalCompare(const QString& a, const QString& b) {
-    qsizetype i = 0;
-    qsizetype j = 0;
-    while (i < a.size() && j < b.size()) {
-        if (digitAt(a, i) && digitAt(b, j)) {
-            const QStringView left = takeNumber(a, i);
-            const QStringView right = takeNumber(b, j);
-            const qsizetype longer = left.size() - right.size();
-            if (const int order = longer != 0 ? sign(longer) : sign(left.compare(right)))
-                return order;
-            continue;
-        }
-        const wchar_t left = foldCase(static_cast<wchar_t>(a[i++].unicode()));
-        const wchar_t right = foldCase(static_cast<wchar_t>(b[j++].unicode()));
-        if (left != right) return left < right ? -1 : 1;
-    }
-    return sign((a.size() - i) - (b.size() - j));
+    return protocol::naturalCompare(foldCase(a.toStdWString()), foldCase(b.toStdWString()));
 }
 
 }  // namespace prancheta::desktop

@@ -26,8 +26,8 @@ QString weightText(int weight);
 /// "vermelho", "30", "PorCamada", "PorBloco" of a colour index.
 QString colorText(int color);
 
-/// Before, equal, after: -1, 0, 1. Letters without regard to case, runs of digits by their number:
-/// "P2" before "p10". The same on every machine, whatever its locale.
+/// The order of protocol/order.h, letters without regard to case. The same on every machine,
+/// whatever its locale.
 int naturalCompare(const QString& a, const QString& b);
 
 inline constexpr const wchar_t* kByLayer = L"PorCamada";
