@@ -60,8 +60,7 @@ std::optional<MaterialList> choose(AcDbDatabase& drawing) {
 }
 
 void draw(const MaterialList& list) {
-    if (!drawTable(list))
-        acutPrintf(L"\nA tabela não pôde ser desenhada; veja se a camada dela está bloqueada.\n");
+    if (!drawTable(list)) acutPrintf(L"\nA tabela não pôde ser desenhada.\n");
 }
 
 void table(MaterialList list) {

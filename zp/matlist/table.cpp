@@ -18,7 +18,6 @@ namespace {
 struct Standing {
     AcDbObjectId space;                 ///< null: nothing
     std::optional<AcGePoint3d> corner;  ///< upper left one of its frame; nothing without a line
-    bool locked = false;
 };
 
 void include(std::optional<AcGePoint3d>& corner, const AcGePoint3d& p) {
@@ -31,9 +30,7 @@ void include(std::optional<AcGePoint3d>& corner, const AcGePoint3d& p) {
 Standing standingOf(const Header& header) {
     Standing standing;
     for (const AcDbSoftPointerId& id : header.table) {
-        if (id.isErased()) continue;
-        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForWrite);
-        if (part.openStatus() == Acad::eOnLockedLayer) standing.locked = true;
+        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForRead);
         if (part.object() == nullptr) continue;
         standing.space = part->blockId();
         const auto* line = AcDbLine::cast(part.object());
@@ -135,7 +132,6 @@ bool drawTable(const MaterialList& list) {
     std::optional<Header> header = readHeader(list.id);
     if (!header) return false;
     const Standing standing = standingOf(*header);
-    if (standing.locked) return false;
     if (standing.corner) header->point = *standing.corner;
     eraseTable(*header);
     Draughtsman d(standing.space, ZpLayerToUsr(L"LISTA"));

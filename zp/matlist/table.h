@@ -10,9 +10,8 @@
 namespace zp::matlist {
 
 /// Draws the table in place of the one drawn before, where and in which space that stands by now;
-/// without one in the current space with its upper left corner at the list's point. False, and
-/// nothing changed, when the list cannot be read or a layer of what stands is locked; false also
-/// when the list cannot be written.
+/// without one in the current space with its upper left corner at the list's point. False when the
+/// list cannot be read or written.
 bool drawTable(const MaterialList& list);
 
 /// The command LISTAMATERIAL.
