@@ -3,6 +3,7 @@
 #include "tests/zp/matlist.h"
 #include "protocol/report.h"
 #include "rxdict.h"
+#include "texts/number.h"
 
 namespace {
 
@@ -362,9 +363,16 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
     class Visitor : public protocol::PropertyVisitor {
     public:
         std::wstring keys;
-        void number(const ACHAR* n, double) override { say(n); }
+        std::wstring rows;  ///< marks and masses
+        void number(const ACHAR* n, double v) override {
+            say(n);
+            if (std::wstring_view(n) == L"peso_total") rows += texts::withPoint(v, 6) + L' ';
+        }
         void integer(const ACHAR* n, long long) override { say(n); }
-        void text(const ACHAR* n, const ACHAR*) override { say(n); }
+        void text(const ACHAR* n, const ACHAR* t) override {
+            say(n);
+            if (std::wstring_view(n) == L"marca") rows += t + std::wstring(L" ");
+        }
         void point(const ACHAR* n, const AcGePoint3d&) override { say(n); }
         void object(const ACHAR*, const AcDbObjectId&) override { keys += L"# "; }
         void beginList(const ACHAR* n) override { say(n); }
@@ -372,7 +380,7 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
         void beginGroup(const ACHAR*) override { keys += L"{ "; }
         void endGroup() override { keys += L"} "; }
         void say(const ACHAR* n) { keys += std::wstring(n) + L" "; }
-    } visit;
+    } visit, full, printed;
     enter(1);
     auto* r =
         static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
@@ -382,6 +390,22 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
               L"lista_material { marca quantidade descricao dimensoes material comprimento "
               L"peso_unitario peso_total "
               L"area_pintura observacao designacao lista grupo apagada ids # pecas vistas } ");
+    // In full and in the list's order, or as it is printed.
+    Linha row = rows()[0];
+    row.marca = L"P10";
+    row.quantidade = 2;
+    row.pesoUnitario = 2.355;
+    row.pesoTotal = 4.71;
+    EXPECT_TRUE(zp::matlist::rewrite(zp::matlist::storedRecords(materialLists()[0].id)[0].id, row));
+    enter(1);
+    enter(1);
+    type({L"_erase"});
+    pick(0, 0, {rows()[1].ids[0]});
+    type({L""});
+    r->describe(editor->database(), full);
+    r->describePrinted(editor->database(), printed);
+    EXPECT_EQ(full.rows, L"P10 4.71 P1 0 P2 4 ");
+    EXPECT_EQ(printed.rows, L"P1 0 P2 4 P10 4.72 ");
 }
 
 }  // namespace
