@@ -4,6 +4,7 @@
 #include "protocol/report.h"
 #include "rxdict.h"
 #include "texts/number.h"
+#include "zp/matlist/summary.h"
 
 namespace {
 
@@ -294,6 +295,7 @@ TEST_F(MaterialListTest, ColumnsAreChosenAndStayWithTheDrawing) {
         return text;
     };
     enter(1);
+    type({L"LISTAMATERIAL", L"", L"0,0"});
     const std::wstring usual = heading();
     EXPECT_EQ(usual.find(L"DESIGNAÇÃO"), std::wstring::npos);
     type({L"LISTAMATERIAL", L"cOlunas", L"marca, cor,tom", L"marca,Marca", L"peso_total", L"",
@@ -308,6 +310,7 @@ TEST_F(MaterialListTest, ColumnsAreChosenAndStayWithTheDrawing) {
     ASSERT_TRUE(static_cast<bool>(editor->file().open(file)));
     std::filesystem::remove(file);
     EXPECT_EQ(heading(), L"MARCA|DESIGNAÇÃO|PESO TOTAL (kg)|");
+    EXPECT_EQ(materialLists()[0].header.table.size(), 5u + 4u + 1u + 3u + 3u + 2u);
     EXPECT_EQ(zp::matlist::linesOf(listing())[1],
               (std::vector<std::wstring>{L"P1", L"U 200x75x3", L"4,00"}));
     type({L"LISTAMATERIAL", L"o", L""});
@@ -331,6 +334,10 @@ TEST_F(MaterialListTest, WhatDoesNotFitARowIsRefused) {
     ASSERT_EQ(rows().size(), 2u);
     EXPECT_EQ(rows()[1].quantidade, std::numeric_limits<int>::max());
     EXPECT_DOUBLE_EQ(totalMass(), 2 * 4.0 * std::numeric_limits<int>::max());
+    // Two single shapes each.
+    const Linha pairs(L"P1", std::numeric_limits<int>::max(), L"2U ][", L"200x75x3 a=8", L"ACO", 1,
+                      1, 1, 1, L"");
+    EXPECT_EQ(zp::matlist::summaryOf({pairs}).at(0).pieces, 4294967294);
 }
 
 TEST_F(MaterialListTest, AMarcaMovesWithItsTextUpright) {

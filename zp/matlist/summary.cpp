@@ -39,7 +39,8 @@ std::vector<Product> productsOf(const std::vector<Linha>& rows) {
         const auto [place, fresh] =
             places.try_emplace({designation, row.material}, products.size());
         if (fresh) products.push_back({designation, row.material, row.descricao != kPlate, {}});
-        products[place->second].shares.push_back({&row, row.quantidade * single.count});
+        products[place->second].shares.push_back(
+            {&row, static_cast<long long>(row.quantidade) * single.count});
     }
     return products;
 }
@@ -51,7 +52,7 @@ std::vector<SummaryLine> summaryOf(const std::vector<Linha>& rows) {
         line.bar = product.bar;
         for (const Share& share : product.shares) {
             line.pieces += share.pieces;
-            line.metres += share.pieces * share.row->comprimento / 1000.0;
+            line.metres += static_cast<double>(share.pieces) * share.row->comprimento / 1000.0;
             line.kg += share.row->pesoTotal;
             line.m2 += share.row->areaPintura;
             if (line.bar && line.strip == 0.0) line.strip = stripOf(*share.row);

@@ -16,7 +16,7 @@ inline constexpr const wchar_t* kPlate = L"Chapa";
 /// A row and how many single shapes its members come to.
 struct Share {
     const Linha* row = nullptr;
-    int pieces = 0;
+    long long pieces = 0;
 };
 /// Rows of one designation and material.
 struct Product {
@@ -31,7 +31,7 @@ std::vector<Product> productsOf(const std::vector<Linha>& rows);
 struct SummaryLine {
     std::wstring designation;
     std::wstring material;
-    int pieces = 0;
+    long long pieces = 0;
     double metres = 0.0;
     double kg = 0.0;
     double m2 = 0.0;     ///< to be painted

@@ -124,11 +124,12 @@ public:
         const auto n = static_cast<std::size_t>(s.row - m_listing.rows.data()) + 1;
         const int singles = secao::singleOf(s.row->descricao, s.row->dimensoes).count;
         text(n, designation(), product);
+        const auto pieceCount = static_cast<double>(s.pieces);
         formula(n, pieces(), cell(n, place(&Linha::quantidade)) + '*' + std::to_string(singles),
-                s.pieces, 0);
+                pieceCount, 0);
         formula(n, metres(),
                 cell(n, pieces()) + '*' + cell(n, place(&Linha::comprimento)) + "/1000",
-                s.pieces * s.row->comprimento / 1000.0, 3);
+                pieceCount * s.row->comprimento / 1000.0, 3);
     }
 
     const std::vector<Linha>& rows() const { return m_listing.rows; }
@@ -184,7 +185,8 @@ void writeSummary(Worksheet& sheet, const ListSheet& list) {
         std::size_t summed;  ///< column of the list
         double (*value)(const SummaryLine&);
     } kSums[] = {
-        {L"PEÇAS", 9, 0, list.pieces(), [](const SummaryLine& l) -> double { return l.pieces; }},
+        {L"PEÇAS", 9, 0, list.pieces(),
+         [](const SummaryLine& l) { return static_cast<double>(l.pieces); }},
         {L"METROS", 12, 2, list.metres(), [](const SummaryLine& l) { return l.metres; }},
         {headingOf(columnWith(&Linha::pesoTotal)), 17, 2, list.place(&Linha::pesoTotal),
          [](const SummaryLine& l) { return l.kg; }},
