@@ -39,4 +39,16 @@ std::optional<MaterialList> askWhich(const std::vector<MaterialList>& all) {
     }
 }
 
+std::optional<MaterialList> chooseList(AcDbDatabase& drawing) {
+    const std::vector<MaterialList> all = materialLists(drawing);
+    if (all.empty()) {
+        acutPrintf(L"\nO desenho não tem lista de material.\n");
+        return {};
+    }
+    if (all.size() > 1)
+        for (const MaterialList& l : all)
+            acutPrintf(L"\n%d: %ls", l.number, l.header.group.c_str());
+    return askWhich(all);
+}
+
 }  // namespace zp::matlist

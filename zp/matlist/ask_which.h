@@ -12,6 +12,8 @@ namespace zp::matlist {
 /// The only one of `all`, or the one that the user names; offered is the one taken last. Nothing
 /// when there is none or the user declined.
 std::optional<MaterialList> askWhich(const std::vector<MaterialList>& all);
+/// The same of a drawing's lists, which are shown when there are several; told when there is none.
+std::optional<MaterialList> chooseList(AcDbDatabase& drawing);
 /// To be called when a drawing goes away: another one's lists have the same numbers.
 void forgetLast();
 

@@ -10,6 +10,7 @@
 #include "texts/letters.h"
 #include "texts/path.h"
 #include "zp/matlist/ask_which.h"
+#include "zp/matlist/asking.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/table.h"
 
@@ -24,39 +25,12 @@ constexpr std::array kChooseColumns{L"cOlunas", L"cOlumns"};
 
 /// What the command is to do, by the word in the user's language; empty: nothing.
 std::wstring askAction() {
-    std::wstring local, global;
-    const auto put = [&](const wchar_t* ours, const wchar_t* theirs) {
-        local += (local.empty() ? L"" : L" ") + std::wstring(ours);
-        global += (global.empty() ? L"" : L" ") + std::wstring(theirs);
-    };
-    put(kTable[0], kTable[1]);
-    for (const Format& f : kFormatTable) put(f.shown.word, f.shown.word);
-    for (const auto& words : {kNewList, kPurge, kChooseColumns}) put(words[0], words[1]);
-    std::wstring options = local;
-    std::ranges::replace(options, L' ', L'/');
-    acedInitGet(0, (local + L" _" + global).c_str());
-    ACHAR word[133] = L"";
-    const int status = acedGetKword(
-        (L"\nLista de material [" + options + L"] <" + kTable[0] + L">: ").c_str(), word);
-    if (status == RTNONE) return kTable[0];
-    if (status != RTNORM) return {};
-    const std::wstring_view choice = word;
-    for (const auto& words : {kTable, kNewList, kPurge, kChooseColumns})
-        if (choice == words[1]) return words[0];
-    return word;
-}
-
-/// The list to work on; nothing when there is none or the user declined.
-std::optional<MaterialList> choose(AcDbDatabase& drawing) {
-    const std::vector<MaterialList> all = materialLists(drawing);
-    if (all.empty()) {
-        acutPrintf(L"\nO desenho não tem lista de material.\n");
-        return {};
-    }
-    if (all.size() > 1)
-        for (const MaterialList& l : all)
-            acutPrintf(L"\n%d: %ls", l.number, l.header.group.c_str());
-    return askWhich(all);
+    std::vector<Option> options{{kTable[0], kTable[1]}};
+    for (const Format& f : kFormatTable) options.push_back({f.shown.word, f.shown.word});
+    for (const auto& words : {kNewList, kPurge, kChooseColumns})
+        options.push_back({words[0], words[1]});
+    const std::optional<std::size_t> chosen = askOption(L"\nLista de material", options, 0);
+    return chosen ? options[*chosen].local : std::wstring();
 }
 
 void draw(const MaterialList& list) {
@@ -77,21 +51,6 @@ void table(MaterialList list) {
         }
     }
     draw(list);
-}
-
-enum class Answer { Yes, No, GiveUp };
-
-/// [Sim/Não]; Enter takes what is offered.
-Answer confirm(const std::wstring& question, Answer offered) {
-    acedInitGet(0, L"Sim Não _Yes No");
-    ACHAR word[133] = L"";
-    const std::wstring defaultAnswer = offered == Answer::Yes ? L"Sim" : L"Não";
-    const int status =
-        acedGetKword((question + L" [Sim/Não] <" + defaultAnswer + L">: ").c_str(), word);
-    if (status == RTNONE) return offered;
-    if (status != RTNORM) return Answer::GiveUp;
-    const std::wstring choice = word;
-    return choice == L"Yes" || choice == L"Sim" ? Answer::Yes : Answer::No;
 }
 
 bool hasExtension(const std::filesystem::path& file, const wchar_t* extension) {
@@ -213,7 +172,7 @@ void materialListCommand() {
             acutPrintf(L"\nLista de material %d criada.\n", list->number);
         return;
     }
-    const std::optional<MaterialList> list = choose(*drawing);
+    const std::optional<MaterialList> list = chooseList(*drawing);
     if (!list) return;
     if (action == kPurge[0]) {
         purge(*list);

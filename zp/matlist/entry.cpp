@@ -6,6 +6,7 @@
 #include "zp/matlist/book.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
+#include "zp/matlist/marcas_command.h"
 #include "zp/matlist/report.h"
 #include "zp/matlist/sheets.h"
 #include "zp/matlist/table.h"
@@ -15,6 +16,15 @@ namespace {
 
 constexpr const ACHAR* kGroup = L"ZPMATLIST";
 
+struct Command {
+    const ACHAR* name;  ///< global and local
+    void (*run)();
+};
+constexpr Command kCommands[] = {
+    {zp::matlist::kListCommand, zp::matlist::materialListCommand},
+    {L"MARCAS", zp::matlist::marcasCommand},
+};
+
 void start(void* application) {
     acrxUnlockApplication(application);
     acrxRegisterAppMDIAware(application);
@@ -23,10 +33,11 @@ void start(void* application) {
     zp::matlist::installReport();
     zp::matlist::installSheets();
     zp::matlist::startFollowing();
-    if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr)
-        (void)stack->addCommand(
-            kGroup, zp::matlist::kListCommand, zp::matlist::kListCommand, ACRX_CMD_MODAL,
-            zp::matlist::materialListCommand);  // refused only when it is there already
+    AcEdCommandStack* const stack = acedRegCmds;
+    if (stack == nullptr) return;
+    for (const Command& command : kCommands)
+        (void)stack->addCommand(kGroup, command.name, command.name, ACRX_CMD_MODAL,
+                                command.run);  // refused only when it is there already
 }
 
 void stop() {

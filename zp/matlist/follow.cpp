@@ -65,6 +65,10 @@ public:
         say();
         drawTables();
     }
+    void settle() {
+        writeRows();
+        drawTables();
+    }
 
 private:
     void adoptStrangers();
@@ -445,6 +449,12 @@ void followFrom(AcDbDatabase* drawing) {
         acutPrintf(L"\n%d peças têm a marca de outra e não contam na lista; use MARCAS Contar.\n",
                    without);
     (void)book.takeChanges();
+}
+
+void settle(AcDbDatabase& drawing) {
+    Book& book = Book::of(drawing);
+    const Book::OwnWork own(book);
+    Followed(drawing, book, book.takeChanges()).settle();
 }
 
 AcDbObjectId recordOf(AcDbObjectId id) {

@@ -14,6 +14,10 @@ void stopFollowing();
 /// with a line that says what does not count.
 void followFrom(AcDbDatabase* drawing);
 
+/// After a command that changed rows itself, as Book::OwnWork: records and tables say what the
+/// pieces make of them.
+void settle(AcDbDatabase& drawing);
+
 /// Record of the row that a mark's piece, or a piece, belongs to; null when there is none.
 AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
 /// True when the piece belongs to a row.

@@ -49,6 +49,12 @@ std::optional<Linha> rowAt(AcDbObjectId record) {
     if (now == nullptr) return row;
     for (const AcDbObjectId& peca : now->pecas)
         (book.counts(peca) > 0 ? row->pecas : row->vistas).push_back(peca);
+    if (!now->pecas.empty()) {
+        row->ids.clear();
+        for (const AcDbObjectId& peca : now->pecas)
+            for (const AcDbObjectId& marca : book.marcasOf(peca))
+                row->ids.push_back(AcDbSoftPointerId(marca));
+    }
     constexpr long long kMost = std::numeric_limits<int>::max();
     row->quantidade = static_cast<int>(std::min(now->quantidade, kMost));
     const AcDbObjectPointer<ZpObject> peca(speaker(*row), AcDb::kForRead);

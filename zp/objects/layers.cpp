@@ -68,18 +68,21 @@ std::map<std::wstring, std::wstring> readLayers(const std::filesystem::path& fil
     return layers;
 }
 
-std::filesystem::path layerFile() {
+std::filesystem::path installationFolder() {
 #ifdef _WIN32
     const wchar_t* const folder = _wgetenv(L"ZPFORJA2010");
-    if (folder == nullptr || *folder == L'\0') return {};
-    const std::filesystem::path path = folder;
+    return folder != nullptr ? folder : L"";
 #else
     const char* const folder = std::getenv("ZPFORJA2010");
-    if (folder == nullptr || *folder == '\0') return {};
-    std::string path = folder;
+    std::string path = folder != nullptr ? folder : "";
     std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
 #endif
-    return fileIn(path);
+}
+
+std::filesystem::path layerFile() {
+    const std::filesystem::path folder = installationFolder();
+    return folder.empty() ? folder : fileIn(folder);
 }
 
 int layerColour(const std::wstring& standardName) {

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// Questions at the command line.
+#include "zp/matlist/asking.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "acedads.h"
+#include "dbmain.h"
+
+namespace zp::matlist {
+
+std::optional<std::size_t> askOption(const std::wstring& question, std::span<const Option> options,
+                                     std::size_t offered) {
+    std::wstring local, global;
+    for (const Option& option : options) {
+        local += (local.empty() ? L"" : L" ") + std::wstring(option.local);
+        global += (global.empty() ? L"" : L" ") + std::wstring(option.global);
+    }
+    acedInitGet(0, (local + L" _" + global).c_str());
+    std::ranges::replace(local, L' ', L'/');
+    ACHAR word[133] = L"";
+    const int status = acedGetKword(
+        (question + L" [" + local + L"] <" + options[offered].local + L">: ").c_str(), word);
+    if (status == RTNONE) return offered;
+    if (status != RTNORM) return {};
+    const std::wstring_view choice = word;
+    const auto chosen = std::ranges::find_if(
+        options, [&](const Option& o) { return choice == o.local || choice == o.global; });
+    if (chosen == options.end()) return {};
+    return static_cast<std::size_t>(chosen - options.begin());
+}
+
+Answer confirm(const std::wstring& question, Answer offered) {
+    constexpr Option kAnswers[] = {{L"Sim", L"Yes"}, {L"Não", L"No"}};
+    const std::optional<std::size_t> chosen =
+        askOption(question, kAnswers, offered == Answer::Yes ? 0 : 1);
+    if (!chosen) return Answer::GiveUp;
+    return *chosen == 0 ? Answer::Yes : Answer::No;
+}
+
+std::optional<int> askCount(const std::wstring& question, int least, int offered) {
+    acedInitGet(RSG_NONEG | (least > 0 ? RSG_NOZERO : 0), nullptr);
+    int number = offered;
+    const int status =
+        acedGetInt((question + L" <" + std::to_wstring(offered) + L">: ").c_str(), &number);
+    if (status == RTNONE) return offered;
+    if (status != RTNORM) return {};
+    return number;
+}
+
+std::optional<std::vector<AcDbObjectId>> askSelection() {
+    ads_name set;
+    const int status = acedSSGet(nullptr, nullptr, nullptr, nullptr, set);
+    if (status == RTCAN) return {};
+    std::vector<AcDbObjectId> ids;
+    if (status != RTNORM) return ids;
+    Adesk::Int32 count = 0;
+    (void)acedSSLength(set, &count);
+    for (Adesk::Int32 i = 0; i < count; ++i) {
+        ads_name name;
+        AcDbObjectId id;
+        if (acedSSName(set, i, name) == RTNORM && acdbGetObjectId(id, name) == Acad::eOk)
+            ids.push_back(id);
+    }
+    (void)acedSSFree(set);
+    return ids;
+}
+
+AcDbObjectId askObject(const wchar_t* question) {
+    ads_name name;
+    ads_point point;
+    AcDbObjectId id;
+    if (acedEntSel(question, name, point) == RTNORM) (void)acdbGetObjectId(id, name);
+    return id;
+}
+
+}  // namespace zp::matlist

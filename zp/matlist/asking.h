@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// Questions of the commands at the command line.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "dbid.h"
+
+namespace zp::matlist {
+
+/// A word of a question, in the user's language and behind an underscore; its capital letter is
+/// enough.
+struct Option {
+    const wchar_t* local;
+    const wchar_t* global;
+};
+/// Asks "question [A/B] <offered>: "; the place of the chosen one, nothing when the user gave up.
+std::optional<std::size_t> askOption(const std::wstring& question, std::span<const Option> options,
+                                     std::size_t offered);
+
+enum class Answer { Yes, No, GiveUp };
+/// [Sim/Não]; Enter takes what is offered.
+Answer confirm(const std::wstring& question, Answer offered);
+
+/// A whole number from `least` on; Enter takes what is offered. Nothing when the user gave up.
+std::optional<int> askCount(const std::wstring& question, int least, int offered);
+
+/// Objects that the user selects; empty when he selects none, nothing when he gave up.
+std::optional<std::vector<AcDbObjectId>> askSelection();
+/// One object; null when none was hit or the user gave up.
+AcDbObjectId askObject(const wchar_t* question);
+
+}  // namespace zp::matlist
