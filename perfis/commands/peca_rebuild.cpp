@@ -172,6 +172,16 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state, con
     return RTNORM;
 }
 
+std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription& description,
+                                                        const RunState& state,
+                                                        const PecaValues& peca) {
+    const AcDbObjectPointer<ZpObject> standing(peca.id, AcDb::kForRead);
+    if (standing.openStatus() != Acad::eOk) return std::vector<AcDbObjectId>();
+    const AcGePoint3d start = startOf(*standing.object());
+    const std::unique_ptr<ZpObject> model = makeModel(description, state, peca, start);
+    return zp::edit::alikeOf(*standing.object(), *model);
+}
+
 void layChapasAgain(const PerfilDescription& description, const RunState& state,
                     const PecaValues& peca, const ChapaLaying& layChapas) {
     const std::vector<AcDbObjectId> rows = rowsOfChapas(peca);

@@ -2,6 +2,9 @@
 // Gives a piece that stands in the drawing the values of a dialog.
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "perfis/commands/peca_values.h"
 #include "perfis/commands/perfil_description.h"
 #include "perfis/commands/run_state.h"
@@ -15,6 +18,12 @@ namespace perfis {
 /// nothing changed, when the piece cannot be changed, which is said on the command line.
 int rebuildPeca(const PerfilDescription& description, const RunState& state, const PecaValues& peca,
                 const ChapaLaying& layChapas, double shownPitch);
+
+/// Other drawings of the member that are to change with the piece, as the user is asked; nothing when
+/// he gives up.
+std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription& description,
+                                                        const RunState& state,
+                                                        const PecaValues& peca);
 
 /// Lays the plates of a piece again, and moves the dimension of their pitch along.
 void layChapasAgain(const PerfilDescription& description, const RunState& state,

@@ -74,19 +74,40 @@ void PerfilRun::open(ads_hdlg dialog) {
 
 void PerfilRun::closed(int status) {
     if (status == kDialogAccepted) {
-        const ChapaLaying chapas = chapaLaying();
         if (editing()) {
-            m_editResult =
-                rebuildPeca(m_description, m_state, *m_edited, chapas, shownPitch(*m_edited));
+            rebuild();
             return;
         }
         // A refused point ends the command as normally as a drawn piece.
+        const ChapaLaying chapas = chapaLaying();
         (void)generatePerfil(m_description, m_state, chapas);
     } else if (status == kDialogReopen) {
         // A views dialog that cannot be opened has said so; the choice stays.
         (void)editVistas(m_description.slides, m_state.vistas, m_description.figures);
         // A piece that stands is not placed by its points.
         if (editing()) m_state.vistas.pickAndGo = false;
+    }
+}
+
+/// The edited piece and, when the user wants it, the other drawings of its member, each as it is
+/// seen.
+void PerfilRun::rebuild() {
+    const std::optional<std::vector<AcDbObjectId>> others =
+        pecasToRebuild(m_description, m_state, *m_edited);
+    if (!others) return;
+    const ChapaLaying chapas = chapaLaying();
+    m_editResult = rebuildPeca(m_description, m_state, *m_edited, chapas, shownPitch(*m_edited));
+    for (const AcDbObjectId& id : *others) {
+        PecaValues other;
+        {
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.openStatus() != Acad::eOk) continue;
+            other = valuesOf(*peca.object());
+        }
+        takeVista(other);
+        sharedCotaFlag() = other.hasCotas ? 1 : 0;
+        const ChapaLaying its = chapaLaying();
+        (void)rebuildPeca(m_description, m_state, other, its, shownPitch(other));
     }
 }
 
@@ -116,9 +137,14 @@ void PerfilRun::takePeca(const PecaValues& peca) {
     m_state.tipoBarra = peca.tipoBarra;
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
         m_state.texts[i] = FormatInString(m_state.medidas.*m_description.tiles[i].value);
+    m_state.vistas.comprimento = peca.comprimento;
+    takeVista(peca);
+}
+
+/// How the piece is seen and counted.
+void PerfilRun::takeVista(const PecaValues& peca) {
     VistasChoice& vistas = m_state.vistas;
     vistas.secaoOnly = peca.vista == ZpObject::kVistaSecao;
-    vistas.comprimento = peca.comprimento;
     vistas.materialList = peca.listed;
     vistas.pecas = peca.listed ? peca.count : 0;
     if (!vistas.secaoOnly) vistas.vista = figureOf(m_description, peca.vista, peca.giro);

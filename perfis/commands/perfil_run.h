@@ -88,6 +88,8 @@ private:
     static constexpr CLIENTFUNC callback = dialogCallback<PerfilRun, Method>;
 
     bool runDialog();
+    void rebuild();
+    void takeVista(const PecaValues& peca);
     void wire(ads_hdlg dialog);
     void showInsertionNames(ads_hdlg dialog);
     void refillList(ads_hdlg dialog);

@@ -11,6 +11,7 @@
 
 #include "aced.h"
 #include "acedads.h"
+#include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/matlist/book.h"
 #include "zp/matlist/table.h"
@@ -420,8 +421,41 @@ private:
     int m_commands = 0;
 };
 
+/// Asks whether an edit is meant for all drawings of a member or for one that leaves them.
+class Asker : public edit::Listener {
+public:
+    void edited(AcDbObjectId, const edit::Faces&) override {}
+    std::optional<std::vector<AcDbObjectId>> alike(const ZpObject& peca,
+                                                   const ZpObject& model) override {
+        const AcDbObjectId record = recordOf(peca.objectId());
+        if (record.isNull() || member::sameSizes(peca, model)) return std::vector<AcDbObjectId>();
+        const Ids& all = Book::of(*record.database()).row(record)->pecas;
+        std::vector<AcDbObjectId> others;
+        std::ranges::copy_if(all, std::back_inserter(others),
+                             [&](AcDbObjectId id) { return id != peca.objectId(); });
+        if (others.empty()) return others;
+        const std::wstring question =
+            L"\n" + marcaOf(record) + L" tem mais " + std::to_wstring(others.size()) +
+            (others.size() == 1 ? L" peça" : L" peças") + L". Mudar [Todas/Só esta] <Todas>: ";
+        for (;;) {
+            // The second word has a blank, so the answer is read as it was typed.
+            acedInitGet(RSG_OTHER, L"Todas _All");
+            ACHAR answer[133] = L"";
+            const int status = acedGetKword(question.c_str(), answer);
+            if (status == RTNONE) return others;
+            if (status != RTNORM) return {};
+            const std::wstring word = texts::lower(texts::trimmed(answer));
+            if (word == L"all" || word == L"todas") return others;
+            for (const std::wstring_view whole : {L"só esta", L"so esta", L"_this"})
+                if (whole.starts_with(word)) return std::vector<AcDbObjectId>();
+            acutPrintf(L"\nResponda Todas ou Só esta.\n");
+        }
+    }
+};
+
 // The host calls reactors by pointer, without a context of the module's own.
 std::unique_ptr<Keeper> g_keeper;
+Asker g_asker;  // kept by pointer in the entity library
 
 }  // namespace
 
@@ -430,12 +464,14 @@ void startFollowing() {
     Book::setListener([](AcDbDatabase& drawing) {
         if (!g_keeper->inCommand()) follow(drawing);
     });
+    edit::addListener(&g_asker);
     member::setMarcaReader(marcaOf);
 }
 
 void stopFollowing() {
     Book::setListener(nullptr);
     g_keeper.reset();
+    edit::removeListener(&g_asker);
     member::setMarcaReader(nullptr);
     Book::forgetAll();
     erasedMarcas().clear();

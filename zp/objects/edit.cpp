@@ -227,6 +227,16 @@ std::wstring refusalOf(const ZpObject& peca, const ZpObject& model) {
     return {};
 }
 
+std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpObject& model) {
+    std::vector<AcDbObjectId> all;
+    for (Listener* listener : listeners()) {
+        const auto some = listener->alike(peca, model);
+        if (!some) return {};
+        all.insert(all.end(), some->begin(), some->end());
+    }
+    return all;
+}
+
 void addListener(Listener* listener) { listeners().push_back(listener); }
 
 void removeListener(Listener* listener) { std::erase(listeners(), listener); }

@@ -2,6 +2,7 @@
 // Changing the values of a piece that stands in a drawing, with all that is tied to it.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -105,7 +106,16 @@ public:
         (void)peca, (void)model;
         return {};
     }
+    /// Others that become what `model` makes of `peca`, open for read, as the user is asked; nothing
+    /// when he gives up, and then nothing is to change.
+    virtual std::optional<std::vector<AcDbObjectId>> alike(const ZpObject& peca,
+                                                           const ZpObject& model) {
+        (void)peca, (void)model;
+        return std::vector<AcDbObjectId>();
+    }
 };
+/// What the listeners together say.
+std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpObject& model);
 /// What the first listener that refuses says; empty when none does.
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model);
 /// The listener belongs to the caller, who takes it away before it goes.

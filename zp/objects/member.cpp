@@ -62,21 +62,23 @@ void tie(ZpObject& peca, AcDbObjectId row, int count) {
     set(peca, member);
 }
 
-bool same(const ZpObject& a, const ZpObject& b) {
+bool sameSizes(const ZpObject& a, const ZpObject& b) {
     const Peca& p = Access::of(a);
     const Peca& q = Access::of(b);
     if (p.kind != q.kind || p.tipoBarra != q.tipoBarra || p.series != q.series) return false;
-    const Member& m = of(a);
-    const Member& n = of(b);
-    if (m.grade != n.grade || m.lacing != n.lacing) return false;
     if (p.chapa()) {
         const auto x = chapaMedidas(p);
         const auto y = chapaMedidas(q);
-        return p.vista != q.vista ||
-               std::ranges::equal(x, y, [](double u, double v) { return near(u, v, kSameMedida); });
+        return std::ranges::equal(x, y, [](double u, double v) { return near(u, v, kSameMedida); });
     }
     if (!sameValues(p, q)) return false;
     return p.inSecao() != q.inSecao() || near(p.comprimento, q.comprimento, kSameComprimento);
+}
+
+bool same(const ZpObject& a, const ZpObject& b) {
+    const Member& m = of(a);
+    const Member& n = of(b);
+    return m.grade == n.grade && m.lacing == n.lacing && sameSizes(a, b);
 }
 
 std::size_t hashOf(const ZpObject& peca, int step) {

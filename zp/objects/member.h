@@ -18,6 +18,8 @@ void set(ZpObject& peca, const Member& member);
 /// list.
 void tie(ZpObject& peca, AcDbObjectId row, int count);
 
+/// Class, sizes, role and length within half a millimetre, which a section does not tell.
+bool sameSizes(const ZpObject& a, const ZpObject& b);
 /// Two pieces that are the same member: class, sizes, length within half a millimetre (not between
 /// a section and another view), role, steel, lacing. What the numbers of their views are, and on
 /// which side they are mirrored, does not matter.

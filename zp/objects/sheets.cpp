@@ -192,8 +192,20 @@ public:
     }
 
 private:
+    /// The piece and, when the user wants it, those that are the same member.
     static std::wstring changeValue(AcDbObjectId id, const std::wstring& key,
                                     const std::wstring& text) {
+        std::optional<std::vector<AcDbObjectId>> others;
+        std::wstring reason = changeOne(id, key, text, &others);
+        for (std::size_t i = 0; others && i < others->size() && reason.empty(); ++i)
+            reason = changeOne((*others)[i], key, text, nullptr);
+        return reason;
+    }
+
+    /// `others` receives what is to change with it; null: nobody is asked.
+    static std::wstring changeOne(AcDbObjectId id, const std::wstring& key,
+                                  const std::wstring& text,
+                                  std::optional<std::vector<AcDbObjectId>>* others) {
         std::unique_ptr<ZpObject> model;
         {
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
@@ -206,6 +218,7 @@ private:
             std::wstring reason = apply(Access::of(*model), key, text);
             if (reason.empty()) reason = edit::refusalOf(*peca.object(), *model);
             if (!reason.empty()) return reason;
+            if (others != nullptr && !(*others = edit::alikeOf(*peca.object(), *model))) return {};
         }
         edit::Edit edit(id);
         if (edit.status() == Acad::eOnLockedLayer)
