@@ -461,7 +461,7 @@ Book::Changes Book::takeChanges() {
     for (const AcDbObjectId& id : later) m_isByUser.insert(keyOf(id));
     m_byUser = std::move(later);
     return {std::move(ended), std::exchange(m_before, {}), std::exchange(m_fresh, {}),
-            std::exchange(m_rowsChanged, false)};
+            std::exchange(m_returned, {}), std::exchange(m_rowsChanged, false)};
 }
 
 }  // namespace zp::matlist

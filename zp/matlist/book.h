@@ -100,6 +100,7 @@ public:
         std::vector<AcDbObjectId> objects;  ///< pieces and marks, erased ones too
         std::map<AcDbObjectId, long long, Older> before;
         Ids fresh;          ///< rows that were added
+        Ids returned;       ///< among the objects: those that were erased before
         bool rows = false;  ///< a row was touched
     };
     Changes takeChanges();
@@ -132,7 +133,8 @@ public:
     void objectUnAppended(const AcDbDatabase*, const AcDbObject* o) override { changed(o); }
     void objectReAppended(const AcDbDatabase*, const AcDbObject* o) override { changed(o); }
     void objectModified(const AcDbDatabase*, const AcDbObject* o) override { changed(o); }
-    void objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean) override {
+    void objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) override {
+        if (!erased && !o->isUndoing() && !ownWork()) m_returned.insert(o->objectId());
         changed(o);
     }
     void goodbye(const AcDbDatabase*) override { m_drawing = nullptr; }
@@ -194,6 +196,7 @@ private:
     std::unordered_set<Key> m_isByUser;
     std::map<AcDbObjectId, long long, Older> m_before;
     Ids m_fresh;
+    Ids m_returned;
     bool m_rowsChanged = false;
 };
 

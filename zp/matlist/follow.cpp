@@ -62,6 +62,7 @@ public:
         partRows();
         goneWithTheirPecas();
         carryMarcas();
+        nameMarcas();
         writeRows();
         say();
         drawTables();
@@ -80,6 +81,7 @@ private:
     void moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone);
     void carryMarcas();
     AcGeVector3d carry(AcDbObjectId marca, const ZpObject& peca, const AcDbObjectId& barMarca);
+    void nameMarcas();
     void writeRows();
     void say();
     void drawTables();
@@ -90,7 +92,8 @@ private:
     Book::Changes m_changes;
     Ids m_pecas;
     Ids m_marcas;
-    std::set<AcDbObjectId, Older> m_said;  ///< rows that a line of its own told of
+    std::map<AcDbObjectId, AcDbObjectId, Older> m_leaving;  ///< pieces and their rows
+    std::set<AcDbObjectId, Older> m_said;                   ///< rows that a line of its own told of
     std::vector<std::wstring> m_lines;
     /// How far the text of a bar's mark went, by mark.
     std::map<AcDbObjectId, AcGeVector3d, Older> m_steps;
@@ -104,15 +107,18 @@ std::map<AcDbObjectId, std::vector<AcDbObjectId>>& erasedMarcas() {
 
 AcDbObjectId Followed::equalRow(const ZpObject& peca) {
     for (const AcDbObjectId& id : m_book.likely(peca)) {
-        if (id == peca.objectId()) continue;
+        // One that is about to leave its row says nothing of it.
+        if (id == peca.objectId() || m_leaving.contains(id)) continue;
+        const Book::Row* const row = m_book.row(m_book.rowOf(id));
         const AcDbObjectPointer<ZpObject> other(id, AcDb::kForRead);
-        if (other.object() != nullptr && member::same(peca, *other.object()))
+        if (row != nullptr && row->alive && other.object() != nullptr &&
+            member::same(peca, *other.object()))
             return m_book.rowOf(id);
     }
     return {};
 }
 
-/// Pieces that came from another drawing, where they were listed.
+/// Pieces that came from another drawing, where they were listed, or back when their row was gone.
 void Followed::adoptStrangers() {
     for (const AcDbObjectId& id : m_pecas) {
         AcDbObjectId row;
@@ -121,7 +127,8 @@ void Followed::adoptStrangers() {
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
             if (peca.object() == nullptr) continue;
             const Member& m = member::of(*peca.object());
-            if (!m.listed || m_book.row(m.row) != nullptr) continue;
+            const Book::Row* const known = m_book.row(m.row);
+            if (!m.listed || (known != nullptr && known->alive)) continue;
             count = m.count;
             row = equalRow(*peca.object());
         }
@@ -149,18 +156,19 @@ void Followed::partRows() {
         const auto clean =
             std::ranges::find_if(all, [&](AcDbObjectId id) { return !m_pecas.contains(id); });
         const AcDbObjectId reference = clean != all.end() ? *clean : *all.begin();
-        std::vector<AcDbObjectId> others;
-        {
-            const AcDbObjectPointer<ZpObject> model(reference, AcDb::kForRead);
-            if (model.object() == nullptr) continue;
-            for (const AcDbObjectId& id : changed) {
-                if (id == reference) continue;
-                const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-                if (peca.object() != nullptr && !member::same(*model.object(), *peca.object()))
-                    others.push_back(id);
-            }
+        const AcDbObjectPointer<ZpObject> model(reference, AcDb::kForRead);
+        if (model.object() == nullptr) continue;
+        for (const AcDbObjectId& id : changed) {
+            if (id == reference) continue;
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.object() != nullptr && !member::same(*model.object(), *peca.object()))
+                m_leaving.emplace(id, row);
         }
-        for (const AcDbObjectId& id : others) part(id, row);
+    }
+    while (!m_leaving.empty()) {
+        const auto [id, row] = *m_leaving.begin();
+        part(id, row);
+        m_leaving.erase(id);
     }
 }
 
@@ -185,16 +193,17 @@ void Followed::goneWithTheirPecas() {
     for (const AcDbObjectId& id : m_pecas) {
         auto& gone = erasedMarcas();
         if (!id.isErased()) {
-            if (const auto back = gone.find(id); back != gone.end()) {
-                for (const AcDbObjectId& marca : back->second) {
-                    const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite, true);
-                    if (opened.object() != nullptr && opened->isErased())
-                        (void)opened->erase(Adesk::kFalse);  // open for write and erased
-                }
-                gone.erase(back);
+            const auto back = m_changes.returned.contains(id) ? gone.find(id) : gone.end();
+            if (back == gone.end()) continue;
+            for (const AcDbObjectId& marca : back->second) {
+                const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite, true);
+                if (opened.object() != nullptr && opened->isErased())
+                    (void)opened->erase(Adesk::kFalse);  // open for write and erased
             }
+            gone.erase(back);
             continue;
         }
+        gone.erase(id);
         for (const AcDbObjectId& marca : m_book.marcasOf(id)) {
             moveToNextChapa(marca, id);
             if (m_book.marca(marca)->peca != id) continue;
@@ -265,6 +274,20 @@ AcGeVector3d Followed::carry(AcDbObjectId id, const ZpObject& peca, const AcDbOb
     if (marca->upgradeOpen() != Acad::eOk) return {};
     marca->moveBy(step, textStep);
     return textStep;
+}
+
+/// What came back, or was copied, says the mark that its row has by now.
+void Followed::nameMarcas() {
+    Ids marcas = m_marcas;
+    for (const AcDbObjectId& id : m_pecas)
+        for (const AcDbObjectId& marca : m_book.marcasOf(id)) marcas.insert(marca);
+    for (const AcDbObjectId& id : marcas) {
+        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
+        const std::wstring text =
+            marca.object() != nullptr ? marcaOf(m_book.rowOf(marca->peca())) : std::wstring();
+        if (!text.empty() && text != marca->marca() && marca->upgradeOpen() == Acad::eOk)
+            marca->setMarca(text);
+    }
 }
 
 std::set<AcDbObjectId, Older> Followed::touched() const {

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+// Two hundred commands in a row, drawn by lot: list, marks and pieces stay one story, and undo and
+// redo tell it backwards and forwards.
+#include <random>
+#include <sstream>
+
+#include "prancheta/base/text.h"
+#include "prancheta/editor/edit_group.h"
+#include "tests/zp/matlist.h"
+#include "zp/matlist/book.h"
+#include "zp/objects/edit.h"
+#include "zp/objects/member.h"
+
+namespace {
+
+using namespace zp_tests;
+
+class Walk : public MaterialListTest, public testing::WithParamInterface<unsigned> {
+protected:
+    int draw(int n) { return std::uniform_int_distribution<int>(0, n - 1)(m_chance); }
+
+    std::vector<AcDbObjectId> pecas() const {
+        std::vector<AcDbObjectId> found;
+        for (const AcDbObjectId& id : entities())
+            if (id.objectClass()->isDerivedFrom(ZpObject::desc())) found.push_back(id);
+        return found;
+    }
+    /// Some of the drawing, marks among it.
+    std::vector<AcDbObjectId> some() {
+        std::vector<AcDbObjectId> picked;
+        for (const AcDbObjectId& id : entities())
+            if (draw(3) == 0) picked.push_back(id);
+        return picked;
+    }
+
+    /// All that a user sees of pieces, marks and rows.
+    std::string story() {
+        std::ostringstream text;
+        for (const AcDbObjectId& id : entities()) {
+            if (id.objectClass()->isDerivedFrom(ZpObject::desc())) {
+                const Read<ZpObject> p(id);
+                const zp::Member& m = zp::member::of(*p.object());
+                text << "peca " << id.handle().value() << ' ' << p->getComprimentoReal() << ' '
+                     << p->getAltura() << ' ' << m.listed << ' ' << m.count << '\n';
+            } else if (id.objectClass()->isDerivedFrom(ZpMarca::desc())) {
+                const Read<ZpMarca> m(id);
+                text << "marca " << id.handle().value() << ' ' << m->tip().x << ' ' << m->tip().y
+                     << ' ' << m->textAt().x << ' ' << prancheta::toUtf8(m->marca()) << '\n';
+            }
+        }
+        for (const Linha& l : rows())
+            text << prancheta::toUtf8(l.marca) << ' ' << l.quantidade << ' '
+                 << prancheta::toUtf8(l.dimensoes) << ' ' << l.comprimento << ' ' << l.pesoTotal
+                 << ' ' << zp::matlist::erased(l) << '\n';
+        return text.str();
+    }
+
+    /// What has to hold after every command, counted from the pieces themselves.
+    void check() {
+        std::map<AcDbObjectId, int> quantidades;
+        std::map<AcDbObjectId, AcDbObjectId> firsts;
+        for (const AcDbObjectId& id : pecas()) {
+            const Read<ZpObject> p(id);
+            const zp::Member& m = zp::member::of(*p.object());
+            if (!m.listed) continue;
+            quantidades[m.row] += m.count;
+            const auto [first, fresh] = firsts.try_emplace(m.row, id);
+            if (fresh) continue;
+            const Read<ZpObject> other(first->second);
+            EXPECT_TRUE(zp::member::sameSizes(*other.object(), *p.object()))
+                << id.handle().value() << " is not the member of its row";
+        }
+        std::set<std::wstring> texts;
+        std::map<AcDbObjectId, std::wstring> marcaOf;
+        for (const zp::matlist::MaterialList& list : materialLists())
+            for (const zp::matlist::RowRecord& record : zp::matlist::storedRecords(list.id)) {
+                const Linha stored = *zp::matlist::storedRow(record.id);
+                EXPECT_TRUE(texts.insert(stored.marca).second) << "twice: " << stored.marca.size();
+                EXPECT_EQ(stored.quantidade, quantidades[record.id]);
+                EXPECT_EQ(zp::matlist::rowAt(record.id)->quantidade, quantidades[record.id]);
+                EXPECT_EQ(zp::matlist::erased(*zp::matlist::rowAt(record.id)),
+                          !firsts.contains(record.id));
+                marcaOf[record.id] = stored.marca;
+                if (firsts.contains(record.id)) {
+                    const Read<ZpObject> p(firsts[record.id]);
+                    EXPECT_NEAR(stored.comprimento, p->getComprimentoReal(), 0.5);
+                    EXPECT_NEAR(stored.pesoTotal, p->getPeso() * stored.quantidade, 0.1);
+                }
+                quantidades.erase(record.id);
+            }
+        for (const auto& [row, quantidade] : quantidades)
+            EXPECT_EQ(quantidade, 0) << "pieces in a row that is not there";
+        for (const AcDbObjectId& id : entities()) {
+            if (!id.objectClass()->isDerivedFrom(ZpMarca::desc())) continue;
+            const Read<ZpMarca> marca(id);
+            if (marca->peca().isNull()) continue;
+            const Read<ZpObject> p(marca->peca());
+            ASSERT_NE(p.object(), nullptr) << "a mark without its piece";
+            const zp::Member& m = zp::member::of(*p.object());
+            if (!m.listed) continue;
+            EXPECT_EQ(marca->marca(), marcaOf[m.row]);
+        }
+    }
+
+    /// True when the command leaves a step of undo.
+    bool step() {
+        const std::vector<AcDbObjectId> all = pecas();
+        const auto each = [&](std::initializer_list<const wchar_t*> before,
+                              std::initializer_list<const wchar_t*> after) {
+            const std::vector<AcDbObjectId> picked = some();
+            if (picked.empty()) return false;
+            type(before);
+            pick(0, 0, picked);
+            type(after);
+            return true;
+        };
+        const int kind = draw(12);
+        m_told = "kind " + std::to_string(kind);
+        switch (kind) {
+            case 0:
+            case 1: {
+                const prancheta::EditGroup group(*editor, L"PERFIL");
+                enter(1 + draw(3), 0, u(1000.0 * draw(9), 700.0 * draw(9), 500 + 100 * draw(4)));
+                return true;
+            }
+            case 2:
+                return each({L"_copy"}, {L"", L"0,0", L"0,7000", L""});
+            case 3:
+                return each({L"_copy"}, {L"", L"0,0", L"_a", L"3", L"0,900", L""});
+            case 4:
+                return each({L"_mirror"}, {L"", L"0,0", L"0,10", draw(2) == 0 ? L"_y" : L"_n"});
+            case 5:
+                return each({L"_erase"}, {L""});
+            case 6:
+                type({L"_oops"});
+                return true;
+            case 7:
+                return each({L"_move"}, {L"", L"0,0", L"130,70"});
+            case 8:
+                return each({L"_rotate"}, {L"", L"0,0", L"30"});
+            case 9:
+                return each({L"_scale"}, {L"", L"0,0", draw(2) == 0 ? L"2" : L"0.5"});
+            case 10:
+                if (all.empty()) return false;
+                {
+                    const prancheta::EditGroup group(*editor, L"ESTICA");
+                    change(all[static_cast<std::size_t>(draw(static_cast<int>(all.size())))],
+                           [&](ZpObject& p) { (void)p.AlteraComprimento(500 + 50 * draw(9)); });
+                }
+                return true;
+            default:
+                type({L"MARCAS", L"", L""});
+                return true;
+        }
+    }
+
+    std::string m_told;  ///< the last step
+
+private:
+    std::mt19937 m_chance{GetParam()};
+};
+
+TEST_P(Walk, ListMarksAndPiecesAgree) {
+    const std::filesystem::path file =
+        std::filesystem::temp_directory_path() / ("zp_walk_" + std::to_string(GetParam()) + ".dxf");
+    for (int i = 0; i < 200 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        const std::string before = story();
+        const bool undoable = step();
+        SCOPED_TRACE(m_told);
+        check();
+        const std::string after = story();
+        if (undoable && after != before && i % 3 == 0) {
+            type({L"_u"});
+            EXPECT_EQ(story(), before);
+            check();
+            type({L"_redo"});
+            EXPECT_EQ(story(), after);
+            check();
+        }
+        if (i % 40 == 39) {
+            ASSERT_TRUE(static_cast<bool>(editor->file().save(file)));
+            ASSERT_TRUE(static_cast<bool>(editor->file().open(file)));
+            std::filesystem::remove(file);
+            EXPECT_EQ(story(), after);
+            check();
+        }
+        // What has grown too far starts anew.
+        if (entities().size() > 300) {
+            type({L"_erase", L"_all", L"", L"LISTAMATERIAL", L"_Purge", L""});
+            check();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, Walk, testing::Range(1u, 5u));
+
+}  // namespace
