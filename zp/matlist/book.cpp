@@ -140,7 +140,8 @@ void Book::refresh() {
     std::vector<AcDbObjectId> later;
     while (!m_dirty.empty()) {
         const std::vector<AcDbObjectId> dirty = std::exchange(m_dirty, {});
-        m_isDirty.clear();
+        // To clear a set that was large once costs its size each time.
+        m_isDirty = std::unordered_set<Key>();
         for (const AcDbObjectId& id : dirty)
             if (!read(id)) later.push_back(id);
     }
@@ -287,12 +288,7 @@ bool Book::readRow(AcDbObjectId id) {
     return true;
 }
 
-void Book::giveText(AcDbObjectId record, const Row& row) {
-    m_texts[row.marca].push_back(record);
-    const Parts parts = partsOf(row.marca);
-    int& lowest = m_lowestFree.try_emplace(parts.letters, 1).first->second;
-    while (m_texts.contains(parts.letters + std::to_wstring(lowest))) ++lowest;
-}
+void Book::giveText(AcDbObjectId record, const Row& row) { m_texts[row.marca].push_back(record); }
 
 void Book::takeText(AcDbObjectId record, const Row& row) {
     const auto found = m_texts.find(row.marca);
@@ -301,8 +297,9 @@ void Book::takeText(AcDbObjectId record, const Row& row) {
     if (!found->second.empty()) return;
     m_texts.erase(found);
     const Parts parts = partsOf(row.marca);
-    int& lowest = m_lowestFree.try_emplace(parts.letters, 1).first->second;
-    if (parts.number > 0) lowest = std::min(lowest, parts.number);
+    const auto lowest = m_lowestFree.find(parts.letters);
+    if (parts.number > 0 && lowest != m_lowestFree.end())
+        lowest->second = std::min(lowest->second, parts.number);
 }
 
 bool Book::readInsertion(AcDbObjectId id) {
@@ -377,8 +374,10 @@ std::wstring Book::freeMarca(const std::wstring& like, const std::vector<int>& g
     refresh();
     const Parts parts = partsOf(like);
     const std::wstring letters = parts.number > 0 ? parts.letters : L"P";
-    const auto known = m_lowestFree.find(letters);
-    int n = known != m_lowestFree.end() ? known->second : 1;
+    // Below it all are taken; it goes on from where it was found.
+    int& lowest = m_lowestFree.try_emplace(letters, 1).first->second;
+    while (m_texts.contains(letters + std::to_wstring(lowest))) ++lowest;
+    int n = lowest;
     while (m_texts.contains(letters + std::to_wstring(n)) ||
            std::ranges::find(given, n) != given.end())
         ++n;
@@ -457,7 +456,7 @@ Book::Changes Book::takeChanges() {
     std::vector<AcDbObjectId> ended;
     for (const AcDbObjectId& id : m_byUser)
         (m_isDirty.contains(keyOf(id)) ? later : ended).push_back(id);
-    m_isByUser.clear();
+    m_isByUser = std::unordered_set<Key>();
     for (const AcDbObjectId& id : later) m_isByUser.insert(keyOf(id));
     m_byUser = std::move(later);
     return {std::move(ended), std::exchange(m_before, {}), std::exchange(m_fresh, {}),

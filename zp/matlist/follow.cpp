@@ -388,6 +388,16 @@ void tieOldRow(AcDbObjectId record, Linha row) {
         (void)enterRow(id, record, eachOne ? 1 : id == pecas.front() ? row.quantidade / times : 0);
 }
 
+std::wstring textOf(AcDbObjectId marca) {
+    const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForRead);
+    return opened.object() != nullptr ? opened->marca() : std::wstring();
+}
+
+AcDbObjectId barOf(AcDbObjectId chapa) {
+    const AcDbObjectPointer<ZpObject> opened(chapa, AcDb::kForRead);
+    return opened.object() != nullptr ? edit::ownerOf(*opened.object()) : AcDbObjectId();
+}
+
 /// Pieces beyond the first with a mark do not count; how many there are.
 int tieOldRows(AcDbDatabase& drawing, Book& book) {
     std::map<std::wstring, AcDbObjectId> byText;
@@ -400,14 +410,18 @@ int tieOldRows(AcDbDatabase& drawing, Book& book) {
         }
     if (byText.empty()) return 0;
     int without = 0;
-    for (const AcDbObjectId& id : book.marcas()) {
-        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-        if (marca.object() == nullptr) continue;
-        const auto row = byText.find(marca->marca());
-        const AcDbObjectId peca = marca->peca();
-        if (row == byText.end() || peca.isNull() || peca.isErased() || isListed(peca)) continue;
-        if (enterRow(peca, row->second, 0)) ++without;
-    }
+    // Bars before their plates, which count as often as they do.
+    for (const bool chapas : {false, true})
+        for (const AcDbObjectId& id : book.marcas()) {
+            const AcDbObjectId peca = book.marca(id)->peca;
+            const auto row = byText.find(textOf(id));
+            if (row == byText.end() || peca.isErased() || isListed(peca)) continue;
+            if (peca.objectClass()->isDerivedFrom(ZpChapa::desc()) != chapas) continue;
+            const bool counts = chapas && countOf(barOf(peca)) == 0
+                                    ? enterChapas(peca, row->second)
+                                    : enterRow(peca, row->second, 0);
+            without += counts ? 1 : 0;
+        }
     return without;
 }
 

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// Cost of a material list: entering all pieces of a drawing, its rows, numbering it anew, one edit
+// among them. The pieces have a hundred sections and a thousand lengths.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <memory>
+#include <numbers>
+
+#include "perfis/entities/zpentidades.h"
+#include "perfis/entities/zpfuncoes.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/edit_group.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/modules.h"
+#include "prancheta/entities/register.h"
+#include "zp/matlist/book.h"
+#include "zp/matlist/follow.h"
+#include "zp/matlist/group.h"
+
+namespace {
+
+constexpr double kRight = std::numbers::pi / 2;
+
+/// Nobody answers and nobody reads.
+class Silent : public prancheta::UserInterface {
+public:
+    void print(std::wstring_view) override {}
+    void alert(std::wstring_view) override {}
+    prancheta::RawInput ask(const prancheta::InputRequest&) override { return {}; }
+    void runDialog(prancheta::dcl::Dialog&) override {}
+    void complain(std::wstring_view, prancheta::Complaint) override {}
+};
+
+/// A drawing with n pieces, not listed.
+struct Job {
+    explicit Job(int n) {
+        prancheta::registerEntityClasses();
+        editor = std::make_unique<prancheta::Editor>(ui, prancheta::builtInCommands());
+        for (const char* name : {"ZpObjects18.arx", "ZP__MaterialList18.arx"})
+            if (!editor->modules().load(std::filesystem::path(HOUSE_BINARY_DIR) / "bin" / name))
+                std::abort();
+        const prancheta::EditGroup group(*editor, L"DESENHA");
+        for (int i = 0; i < n; ++i) {
+            auto* const piece =
+                new ZpUDobrado(AcGePoint3d(i % 317 * 7000.0, i / 317 * 400.0, 0),
+                               ZpObject::kVistaDireita, 100 + i % 100, 75, 75, 2.65, 2.65, kRight,
+                               kRight, 500 + i / 100 % 1000 * 5, 0, 0, 20);
+            piece->setDatabaseDefaults();
+            AcDbObjectId id;
+            (void)append(piece, id);
+            (void)piece->close();
+            pecas.push_back(id);
+        }
+    }
+    void list() {
+        const prancheta::EditGroup group(*editor, L"MARCAS");
+        const auto made = zp::matlist::newList(editor->database(), L"Perfil");
+        (void)zp::matlist::groupPecas(*made, pecas);
+        zp::matlist::settle(editor->database());
+        id = made->id;
+    }
+
+    Silent ui;
+    std::unique_ptr<prancheta::Editor> editor;
+    std::vector<AcDbObjectId> pecas;
+    AcDbObjectId id;
+};
+
+void group(benchmark::State& state) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto job = std::make_unique<Job>(static_cast<int>(state.range(0)));
+        state.ResumeTiming();
+        job->list();
+        state.PauseTiming();
+        job.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/// One drawing with its list, kept for what only reads or comes back.
+Job& listed(int n) {
+    static std::unique_ptr<Job> job;
+    if (!job || job->pecas.size() != static_cast<std::size_t>(n)) {
+        job.reset();
+        job = std::make_unique<Job>(n);
+        job->list();
+    }
+    return *job;
+}
+
+void rows(benchmark::State& state) {
+    Job& job = listed(static_cast<int>(state.range(0)));
+    for (auto _ : state) benchmark::DoNotOptimize(zp::matlist::rows(job.id).size());
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void renumber(benchmark::State& state) {
+    Job& job = listed(static_cast<int>(state.range(0)));
+    zp::matlist::Numbering numbering;
+    for (auto _ : state) {
+        // The other order each time, so that marks do change.
+        numbering.order = numbering.order == zp::matlist::Order::Place
+                              ? zp::matlist::Order::Comprimento
+                              : zp::matlist::Order::Place;
+        const prancheta::EditGroup step(*job.editor, L"MARCAS");
+        for (const zp::matlist::MaterialList& list :
+             zp::matlist::materialLists(job.editor->database()))
+            benchmark::DoNotOptimize(zp::matlist::renumber(list, numbering));
+        zp::matlist::settle(job.editor->database());
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/// A piece among the others becomes longer and shorter, with a list or without one.
+void edit(benchmark::State& state, Job& job) {
+    double comprimento = 7000;
+    for (auto _ : state) {
+        const prancheta::EditGroup step(*job.editor, L"ESTICA");
+        const AcDbObjectPointer<ZpObject> piece(job.pecas[job.pecas.size() / 2], AcDb::kForWrite);
+        comprimento = comprimento == 7000 ? 7001 : 7000;
+        (void)piece->AlteraComprimento(comprimento);
+    }
+}
+void editListed(benchmark::State& state) { edit(state, listed(static_cast<int>(state.range(0)))); }
+void editUnlisted(benchmark::State& state) {
+    static Job job(100000);
+    edit(state, job);
+}
+
+BENCHMARK(group)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(rows)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(renumber)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(2);
+BENCHMARK(editListed)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(editUnlisted)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
