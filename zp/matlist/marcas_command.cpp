@@ -67,6 +67,7 @@ void group(AcDbDatabase& drawing) {
     const std::optional<MaterialList> list = listToFill(drawing);
     if (!list) return;
     const Grouping g = groupPecas(*list, *bars);
+    settle(drawing);
     std::wstring line;
     if (g.unmarked > 0) line = counted(g.unmarked, L" peça sem marca; ", L" peças sem marca; ");
     acutPrintf(L"\n%ls%ls %d.\n", line.c_str(),
@@ -90,6 +91,7 @@ void number(AcDbDatabase& drawing) {
     if (twins == Answer::GiveUp) return;
     numbering.twins = twins == Answer::Yes;
     const int changed = renumber(*list, numbering);
+    settle(drawing);
     acutPrintf(L"\n%ls.\n", counted(changed, L" marca mudou", L" marcas mudaram").c_str());
 }
 
@@ -156,7 +158,7 @@ void locate(AcDbDatabase& drawing) {
         return;
     }
     const Linha row = *rowAt(record);
-    acutPrintf(L"\n%ls: %ls, %d no total, %d desenhadas.\n", row.marca.c_str(),
+    acutPrintf(L"\n%ls: %ls, quantidade %d, peças desenhadas: %d.\n", row.marca.c_str(),
                designationOf(row).c_str(), row.quantidade,
                static_cast<int>(row.pecas.size() + row.vistas.size()));
     const std::optional<AcDbExtents> place = placeOf(row);
@@ -219,7 +221,6 @@ void marcasCommand() {
     const std::optional<std::size_t> chosen = askOption(L"\nMarcas", words, 0);
     if (!chosen) return;
     kChoices[*chosen].run(*drawing);
-    settle(*drawing);
 }
 
 }  // namespace zp::matlist
