@@ -214,6 +214,51 @@ TEST_F(MaterialListTest, ARowThatComesBackIsFound) {
     EXPECT_EQ(rows()[1].quantidade, 1);
 }
 
+TEST_F(MaterialListTest, APecaInABlockCountsOnceForEveryInsertion) {
+    const auto block = [&](const wchar_t* name) {
+        AcDbBlockTable* table = nullptr;
+        EXPECT_EQ(editor->database().getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+        auto* record = new AcDbBlockTableRecord;
+        record->setName(name);
+        AcDbObjectId id;
+        EXPECT_EQ(table->add(id, record), Acad::eOk);
+        record->close();
+        table->close();
+        return id;
+    };
+    const auto into = [&](AcDbObjectId space, AcDbEntity* entity) {
+        AcDbObjectId id;
+        const AcDbObjectPointer<AcDbBlockTableRecord> record(space, AcDb::kForWrite);
+        EXPECT_EQ(record->appendAcDbEntity(id, entity), Acad::eOk);
+        entity->close();
+        return id;
+    };
+    const AcDbObjectId inner = block(L"TESOURA");
+    const AcDbObjectId outer = block(L"PORTICO");
+    const AcDbObjectId peca =
+        into(inner, new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaDireita, 200, 75, 75, 3, 3,
+                                   0.5 * kPi, 0.5 * kPi, 500, 0, 0, 0));
+    enter(2, 0, peca);
+    EXPECT_EQ(rows()[0].quantidade, 0);
+    into(outer, new AcDbBlockReference(AcGePoint3d(), inner));
+    EXPECT_EQ(rows()[0].quantidade, 0) << "inserted in a block that stands nowhere";
+    const AcDbObjectId first = put(new AcDbBlockReference(AcGePoint3d(), outer));
+    EXPECT_EQ(rows()[0].quantidade, 2);
+    into(outer, new AcDbBlockReference(AcGePoint3d(100, 0, 0), inner));
+    put(new AcDbBlockReference(AcGePoint3d(9000, 0, 0), outer));
+    EXPECT_EQ(rows()[0].quantidade, 8);  // two insertions of two insertions of two members
+    put(new AcDbBlockReference(AcGePoint3d(0, 9000, 0), inner));
+    EXPECT_EQ(rows()[0].quantidade, 10);
+    type({L"_erase"});
+    pick(0, 0, {first});
+    type({L""});
+    EXPECT_EQ(rows()[0].quantidade, 6);
+    EXPECT_TRUE(said(L"P1: 6 peças (era 10)."));
+    type({L"_u"});
+    EXPECT_EQ(rows()[0].quantidade, 10);
+    EXPECT_EQ(rows()[0].pecas.size(), 1u);
+}
+
 TEST_F(MaterialListTest, StretchedAndScaledPecasCountAsTheyStand) {
     const AcDbObjectId peca = u(0, 0, 500);
     enter(2, 0, peca);

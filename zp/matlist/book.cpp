@@ -103,9 +103,11 @@ void Book::changed(const AcDbObject* o) {
     const bool ofList =
         o->isKindOf(AcDbXrecord::desc()) &&
         (m_rows.contains(keyOf(o->objectId())) || m_lists.contains(keyOf(o->ownerId())));
-    if (!follows && !ofList && !o->isKindOf(AcDbBlockReference::desc())) return;
+    const bool inserts = o->isKindOf(AcDbBlockReference::desc());
+    if (!follows && !ofList && !inserts) return;
     markDirty(o->objectId());
-    if (!follows || ownWork() || o->isUndoing()) return;
+    const bool counts = follows || (inserts && !m_pecasIn.empty());
+    if (!counts || ownWork() || o->isUndoing()) return;
     if (m_isByUser.insert(keyOf(o->objectId())).second) m_byUser.push_back(o->objectId());
     if (g_listener != nullptr) g_listener(*m_drawing);
 }

@@ -53,7 +53,8 @@ public:
         for (const AcDbObjectId& id : m_changes.objects) {
             const AcRxClass* kind = id.objectClass();
             if (kind == nullptr) continue;
-            (kind->isDerivedFrom(ZpMarca::desc()) ? m_marcas : m_pecas).insert(id);
+            if (kind->isDerivedFrom(ZpMarca::desc())) m_marcas.insert(id);
+            if (kind->isDerivedFrom(ZpObject::desc())) m_pecas.insert(id);
         }
     }
 
