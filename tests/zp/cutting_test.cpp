@@ -189,14 +189,17 @@ TEST(CuttingPlan, NoOtherPlanOfAFewPiecesIsBetter) {
 
 TEST(CuttingPlan, TwoThousandMembersOfAHundredLengths) {
     Random between(7);
-    Problem p{{}, {6000}, {}, 3, 0};
-    for (int i = 0; i < 100; ++i)
-        p.pieces.push_back({L"P" + std::to_wstring(i), 300 + between(0, 45000) / 10.0, 20});
-    for (const bool two : {false, true}) {
-        if (two) {
-            p.stock.push_back(12000);
-            p.leftOvers = {{2350, 4}, {700, 11}};
-        }
+    const auto pieces = [&](int lengths, int each) {
+        std::vector<Piece> all;
+        for (int i = 0; i < lengths; ++i)
+            all.push_back({L"P" + std::to_wstring(i), 300 + between(0, 45000) / 10.0, each});
+        return all;
+    };
+    const Problem kProblems[] = {
+        {pieces(100, 20), {6000}, {}, 3, 0},
+        {pieces(30, 4), {6000, 12000}, {{2350, 4}, {700, 11}}, 3, 5},
+    };
+    for (const Problem& p : kProblems) {
         const Plan plan = solve(p);
         expectSound(p, plan);
         EXPECT_LE(plan.bought, plan.leastBought + 6000) << "one bar at most above the bound";

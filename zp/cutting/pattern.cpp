@@ -100,11 +100,14 @@ public:
         for (std::size_t i = 0; i < items.size(); ++i)
             if (values[i] >= 0.0 && items[i].demand > 0)
                 m_order.push_back({i, items[i].width, items[i].demand, values[i],
-                                   values[i] / static_cast<double>(items[i].width), 0});
+                                   values[i] / static_cast<double>(items[i].width), 0, 0.0});
         std::ranges::stable_sort(m_order, std::greater<>(), &Candidate::density);
         Ticks narrowest = std::numeric_limits<Ticks>::max();
-        for (auto c = m_order.rbegin(); c != m_order.rend(); ++c)
+        double dearest = 0.0;
+        for (auto c = m_order.rbegin(); c != m_order.rend(); ++c) {
             c->narrowest = narrowest = std::min(narrowest, c->width);
+            c->dearest = dearest = std::max(dearest, c->value);
+        }
         m_taken.assign(m_order.size(), 0);
         m_best = m_taken;
     }
@@ -131,6 +134,7 @@ private:
         double value;
         double density;
         Ticks narrowest;  ///< of this one and all behind it
+        double dearest;   ///< value, of the same
 
         int most(Ticks room) const {
             return static_cast<int>(std::min<Ticks>(demand, room / width));
@@ -154,30 +158,31 @@ private:
         }
         return value;
     }
-    void descend(std::size_t k, Ticks room, double value) {
+    /// No filling of this room by the candidates from k on is worth more.
+    double atMost(std::size_t k, Ticks room) const {
+        const Candidate& c = m_order[k];
+        return std::min(static_cast<double>(room) * c.density,
+                        static_cast<double>(room / c.narrowest) * c.dearest);
+    }
+    void descend(std::size_t first, Ticks room, double value) {
         if (value > m_value) {
             m_value = value;
             m_best = m_taken;
         }
-        while (k < m_order.size() && m_order[k].width > room && m_order[k].narrowest <= room) ++k;
-        if (k == m_order.size() || m_order[k].narrowest > room) return;
-        if (--m_nodes < 0) {
-            m_cutShort = true;
-            return;
-        }
-        const Candidate& c = m_order[k];
-        const double next = k + 1 < m_order.size() ? m_order[k + 1].density : 0.0;
-        for (int n = c.most(room); n >= 0 && !m_cutShort; --n) {
-            const Ticks rest = room - n * c.width;
-            const double with = value + n * c.value;
+        for (std::size_t k = first; k < m_order.size() && m_order[k].narrowest <= room; ++k) {
+            if (--m_nodes < 0) {
+                m_cutShort = true;
+                return;
+            }
+            const Candidate& c = m_order[k];
             // The fewer are taken the less the rest can bring.
-            if (with + static_cast<double>(rest) * next <= m_value * (1.0 + kSame)) break;
-            m_taken[k] = n;
-            descend(k + 1, rest, with);
+            if (value + atMost(k, room) <= m_value * (1.0 + kSame)) return;
+            for (m_taken[k] = c.most(room); m_taken[k] > 0; --m_taken[k]) {
+                descend(k + 1, room - m_taken[k] * c.width, value + m_taken[k] * c.value);
+                if (m_cutShort) return;
+            }
         }
-        m_taken[k] = 0;
     }
-
     void gather(std::size_t k, Ticks room, double value) {
         if (m_cutShort) return;
         if (--m_nodes < 0 || m_found->size() > m_most) {
@@ -191,11 +196,10 @@ private:
             return;
         }
         const Candidate& c = m_order[k];
-        const double next = k + 1 < m_order.size() ? m_order[k + 1].density : 0.0;
         for (int n = c.most(room); n >= 0; --n) {
             const Ticks rest = room - n * c.width;
             const double with = value + n * c.value;
-            if (with + static_cast<double>(rest) * next < m_least) break;
+            if (with + (k + 1 < m_order.size() ? atMost(k + 1, rest) : 0.0) < m_least) continue;
             m_taken[k] = n;
             gather(k + 1, rest, with);
         }

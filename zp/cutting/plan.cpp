@@ -57,6 +57,7 @@ public:
         if (!m_pieces.empty()) layOut();
         useLeftOvers();
         shrink();
+        join();
         return finished();
     }
 
@@ -142,12 +143,49 @@ private:
         std::erase_if(m_bars, [](const Filled& bar) { return bar.cuts.empty(); });
     }
 
+    /// Shortest bar that gives these cuts.
+    Ticks need(const Filled& bar) const {
+        Ticks need = m_trims - m_cut;
+        for (const Ticks cut : bar.cuts) need += cut + m_cut;
+        return need;
+    }
     /// The shortest stock for each bought bar.
     void shrink() {
-        for (Filled& bar : m_bars) {
-            Ticks need = m_trims - m_cut;
-            for (const Ticks cut : bar.cuts) need += cut + m_cut;
-            if (!bar.leftOver) bar.length = *m_stock.lower_bound(need);
+        for (Filled& bar : m_bars)
+            if (!bar.leftOver) bar.length = *m_stock.lower_bound(need(bar));
+    }
+    /// One bar for two where it costs no more: the emptiest with the fullest that it bears.
+    void join() {
+        for (const Ticks whole : m_stock)
+            for (const Ticks first : m_stock)
+                for (const Ticks second : m_stock)
+                    if (first <= second && second < whole && first + second >= whole)
+                        joinInto(whole, first, second);
+        std::erase_if(m_bars, [](const Filled& bar) { return bar.cuts.empty(); });
+    }
+    void joinInto(Ticks whole, Ticks first, Ticks second) {
+        const auto bought = [&](Ticks length) {
+            std::vector<Filled*> bars;
+            for (Filled& bar : m_bars)
+                if (!bar.leftOver && bar.length == length && !bar.cuts.empty())
+                    bars.push_back(&bar);
+            std::ranges::stable_sort(bars, std::less<>(), [&](Filled* bar) { return need(*bar); });
+            return bars;
+        };
+        const std::vector<Filled*> emptiest = bought(first);
+        std::vector<Filled*> fullest = bought(second);
+        for (Filled* const bar : emptiest) {
+            if (bar->cuts.empty() || bar->length != first) continue;
+            while (!fullest.empty() &&
+                   (fullest.back() == bar || fullest.back()->cuts.empty() ||
+                    fullest.back()->length != second ||
+                    need(*bar) + need(*fullest.back()) - m_trims + m_cut > whole))
+                fullest.pop_back();
+            if (fullest.empty()) return;
+            Filled& other = *fullest.back();
+            other.cuts.insert(other.cuts.end(), bar->cuts.begin(), bar->cuts.end());
+            other.length = whole;
+            bar->cuts.clear();
         }
     }
 

@@ -18,9 +18,9 @@ namespace zp::cutting {
 namespace {
 
 // Work is counted in nodes, not in seconds: equal tasks have equal answers.
-constexpr std::int64_t kNodesOfAFilling = 200'000;
-constexpr std::int64_t kNodesOfAll = 40'000'000;
-constexpr int kNodesOfBranching = 300;
+constexpr std::int64_t kNodesOfAFilling = 500'000;
+constexpr std::int64_t kNodesOfAll = 100'000'000;
+constexpr double kWorkOfBranching = 1e7;  ///< nodes times items times patterns
 /// Patterns up to which all that can matter are taken in.
 constexpr std::size_t kMostPatterns = 3000;
 /// By which a pattern must pay to be taken in, over the cost of the longest bar.
@@ -55,6 +55,7 @@ public:
     void generate(bool whole) {
         while (m_nodes > 0) {
             m_lp.primal();
+            m_nodes -= static_cast<std::int64_t>(m_task.items.size() * m_patterns.size() / 100);
             if (!addPaying(whole)) return;
         }
         m_lp.primal();
@@ -108,7 +109,10 @@ public:
         model.addHeuristic(&dive);
         model.setCutoff(costOf(m_bestScore) - 0.99 * leastStep());
         model.setDblParam(CbcModel::CbcCutoffIncrement, std::min(1e-5, 0.001 * leastStep()));
-        model.setMaximumNodes(kNodesOfBranching);
+        model.setMaximumNodes(static_cast<int>(
+            std::clamp(kWorkOfBranching / static_cast<double>(m_task.items.size()) /
+                           static_cast<double>(m_patterns.size()),
+                       5.0, 5000.0)));
         model.branchAndBound();
         // Nothing more to look at: what was found, or was there before, is the best.
         m_proved = all && (model.isProvenOptimal() || model.isProvenInfeasible());
@@ -251,21 +255,17 @@ private:
     }
 
     /// Lays a pattern out up to so many times, as far as something is wanted of it; what is too
-    /// much in it is left out. False when it was of no use.
+    /// much in it gives room to others. False when it was of no use.
     bool use(std::size_t p, int times, std::vector<int>& rest, std::vector<int>& left,
              Layout& layout) const {
         const Pattern& pattern = m_patterns[p];
         int& limit = left[pattern.source];
         bool used = false;
         for (times = std::min(times, limit); times > 0;) {
-            Use u{{pattern.source, {}}, times};
-            for (const auto& [item, count] : pattern.counts) {
-                const int n = std::min(count, rest[item]);
-                if (n == 0) continue;
-                u.pattern.counts.emplace_back(item, n);
-                u.times = std::min(u.times, rest[item] / n);
-            }
+            Use u{{pattern.source, wanted(pattern, rest)}, times};
             if (u.pattern.counts.empty()) break;
+            for (const auto& [item, n] : u.pattern.counts)
+                u.times = std::min(u.times, rest[item] / n);
             for (const auto& [item, n] : u.pattern.counts) rest[item] -= n * u.times;
             if (limit != kUnlimited) limit -= u.times;
             times -= u.times;
@@ -273,6 +273,26 @@ private:
             used = true;
         }
         return used;
+    }
+    Counts wanted(const Pattern& pattern, const std::vector<int>& rest) const {
+        std::vector<int> taken(rest.size(), 0);
+        Ticks room = m_task.sources[pattern.source].room;
+        const auto put = [&](std::size_t item, Ticks most) {
+            const auto n = static_cast<int>(std::min<Ticks>(most, rest[item] - taken[item]));
+            taken[item] += n;
+            room -= n * m_task.items[item].width;
+        };
+        bool trimmed = false;
+        for (const auto& [item, n] : pattern.counts) {
+            put(item, n);
+            trimmed = trimmed || taken[item] < n;
+        }
+        if (trimmed && std::ranges::any_of(taken, [](int n) { return n > 0; }))
+            for (std::size_t i = 0; i < rest.size(); ++i) put(i, room / m_task.items[i].width);
+        Counts counts;
+        for (std::size_t i = 0; i < rest.size(); ++i)
+            if (taken[i] > 0) counts.emplace_back(i, taken[i]);
+        return counts;
     }
     void take(Layout layout) {
         const Score score = scoreOf(m_task, layout);
