@@ -12,6 +12,7 @@
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/formats.h"
+#include "zp/matlist/plan_files.h"
 #include "zp/matlist/table.h"
 
 namespace zp::matlist {
@@ -94,8 +95,10 @@ void exportTo(const MaterialList& list, const Format& format) {
         askDestination((L"\nArquivo " + std::wstring(format.shown.name) + L": ").c_str(),
                        (L"." + std::wstring(format.shown.extension)).c_str());
     if (!destination) return;
-    if (format.write(*destination, listingOf(list)))
-        acutPrintf(L"\nLista gravada em %ls.\n", texts::shown(*destination).c_str());
+    const bool plan = namesPlan(*destination);
+    if (plan ? writePlan(*destination, rows(list.id)) : format.write(*destination, listingOf(list)))
+        acutPrintf(L"\n%ls em %ls.\n", plan ? L"Plano de corte gravado" : L"Lista gravada",
+                   texts::shown(*destination).c_str());
     else
         acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
                    texts::shown(*destination).c_str());

@@ -23,22 +23,32 @@ std::wstring csvField(const std::wstring& field) {
 
 }  // namespace
 
-std::wstring csvText(const Listing& listing) {
+std::wstring csvOf(const std::vector<std::vector<std::wstring>>& lines,
+                   const std::vector<bool>& numbers) {
     std::wstring text;
-    for (const std::vector<std::wstring>& line : linesOf(listing)) {
+    for (const std::vector<std::wstring>& line : lines) {
         for (std::size_t i = 0; i < line.size(); ++i) {
-            const bool number = listing.columns[i]->shown.decimals >= 0;
             if (i > 0) text += L';';
-            text += csvField(number ? line[i] : withoutFormula(line[i]));
+            text += csvField(numbers[i] ? line[i] : withoutFormula(line[i]));
         }
         text += L"\r\n";
     }
     return text;
 }
 
+std::wstring csvText(const Listing& listing) {
+    std::vector<bool> numbers;
+    for (const Column* column : listing.columns) numbers.push_back(column->shown.decimals >= 0);
+    return csvOf(linesOf(listing), numbers);
+}
+
+bool writeText(const std::filesystem::path& destination, const std::wstring& text) {
+    return files::replace(destination, std::string(texts::kUtf8Mark) + texts::encodeUtf8(text)) ==
+           0;
+}
+
 bool writeCsv(const std::filesystem::path& destination, const Listing& listing) {
-    return files::replace(destination,
-                          std::string(texts::kUtf8Mark) + texts::encodeUtf8(csvText(listing))) == 0;
+    return writeText(destination, csvText(listing));
 }
 
 }  // namespace zp::matlist

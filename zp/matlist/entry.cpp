@@ -7,7 +7,9 @@
 #include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/marcas_command.h"
+#include "zp/matlist/plan_files.h"
 #include "zp/matlist/report.h"
+#include "zp/matlist/resumo.h"
 #include "zp/matlist/sheets.h"
 #include "zp/matlist/table.h"
 #include "zp/matlist/zpmarca.h"
@@ -23,6 +25,8 @@ struct Command {
 constexpr Command kCommands[] = {
     {zp::matlist::kListCommand, zp::matlist::materialListCommand},
     {L"MARCAS", zp::matlist::marcasCommand},
+    {zp::matlist::kPlanCommand, zp::matlist::cuttingPlanCommand},
+    {zp::matlist::kSummaryCommand, zp::matlist::summaryCommand},
 };
 
 void start(void* application) {

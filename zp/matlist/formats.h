@@ -19,11 +19,15 @@ struct Format {
     ListWriter write;  ///< null where the program was built without it
 };
 
-/// Semicolon between fields, decimal comma, CR LF, a heading line first, the totals last. Fields
-/// with a semicolon, a quote or a line end are quoted. Before a text that a spreadsheet would run
-/// as a formula (its first character is one of = + - @, a tab or a return) stands an apostrophe.
+/// Semicolon between fields, CR LF. Fields with a semicolon, a quote or a line end are quoted.
+/// Before a text that a spreadsheet would run as a formula (its first character is one of = + - @,
+/// a tab or a return) stands an apostrophe, in the columns that are not of `numbers`.
+std::wstring csvOf(const std::vector<std::vector<std::wstring>>& lines,
+                   const std::vector<bool>& numbers);
+/// Headings first, totals last, decimal comma.
 std::wstring csvText(const Listing& listing);
-/// That text in UTF-8 with a mark.
+/// In UTF-8 with a mark.
+bool writeText(const std::filesystem::path& destination, const std::wstring& text);
 bool writeCsv(const std::filesystem::path& destination, const Listing& listing);
 /// Workbook with numbers as numbers and totals as formulas; a second sheet sums the rows by what is
 /// bought for them.

@@ -6,23 +6,21 @@
 #include <utility>
 
 #include "zp/matlist/lists.h"
-#include "zp/matlist/zpmarca.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/secao/single.h"
 
 namespace zp::matlist {
 namespace {
 
-/// Of the drawn piece that a row stands for; 0 when it is bent from no strip or cannot be asked.
+/// Of a drawn piece of the row; 0 when it is bent from no strip or none is drawn.
 double stripOf(const Linha& row) {
-    for (const AcDbSoftPointerId& id : row.ids) {
-        const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
-        if (marca.object() == nullptr) continue;
-        const AcDbObjectPointer<ZpObject> peca(marca->peca(), AcDb::kForRead);
-        if (peca.object() == nullptr) continue;
-        const secao::Kind kind = edit::kindOf(*peca.object());
-        return secao::tira(kind, secao::Secao(kind, edit::valuesOf(*peca.object())));
-    }
+    for (const auto* drawn : {&row.pecas, &row.vistas})
+        for (const AcDbObjectId& id : *drawn) {
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.object() == nullptr) continue;
+            const secao::Kind kind = edit::kindOf(*peca.object());
+            return secao::tira(kind, secao::Secao(kind, edit::valuesOf(*peca.object())));
+        }
     return 0.0;
 }
 

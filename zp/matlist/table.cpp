@@ -3,12 +3,10 @@
 #include "zp/matlist/table.h"
 
 #include <algorithm>
-#include <memory>
 
-#include "adscodes.h"
 #include "dbents.h"
-#include "dbsymtb.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "zp/matlist/draughtsman.h"
 #include "zp/matlist/listing.h"
 
 namespace zp::matlist {
@@ -46,47 +44,6 @@ void eraseTable(const Header& header) {
         const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForWrite);
         if (part.object() != nullptr) (void)part->erase();  // open for write and alive
     }
-}
-
-enum class Align { Left = 0, Middle = 1, Right = 2 };
-
-/// Puts lines and texts on one layer into a space, the current one when it is null, and keeps their
-/// ids.
-class Draughtsman {
-public:
-    Draughtsman(AcDbObjectId space, const wchar_t* layer) : m_space(space), m_layer(layer) {}
-    void line(const AcGePoint3d& a, const AcGePoint3d& b) { put(std::make_unique<AcDbLine>(a, b)); }
-    void text(const AcGePoint3d& where, const std::wstring& t, double altura, Align align) {
-        if (t.empty()) return;
-        auto entity = std::make_unique<AcDbText>(where, t.c_str(), AcDbObjectId::kNull, altura);
-        if (align != Align::Left) {
-            (void)entity->setHorizontalMode(static_cast<int>(align));
-            (void)entity->setAlignmentPoint(where);
-        }
-        put(std::move(entity));
-    }
-    std::vector<AcDbSoftPointerId> ids() const { return m_ids; }
-
-private:
-    bool enter(AcDbEntity* entity, AcDbObjectId& id) const {
-        if (m_space.isNull()) return append(entity, id) == RTNORM;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(m_space, AcDb::kForWrite);
-        return space.object() != nullptr && space->appendAcDbEntity(id, entity) == Acad::eOk;
-    }
-    void put(std::unique_ptr<AcDbEntity> entity) {
-        (void)entity->setLayer(m_layer);  // a layer that cannot be leaves the current one
-        AcDbObjectId id;
-        if (!enter(entity.get(), id)) return;
-        (void)entity.release()->close();
-        m_ids.push_back(AcDbSoftPointerId(id));
-    }
-    AcDbObjectId m_space;
-    const wchar_t* m_layer;
-    std::vector<AcDbSoftPointerId> m_ids;
-};
-
-double widthOf(std::size_t characters, double h) {
-    return h * (0.9 * static_cast<double>(characters) + 1.6);
 }
 
 /// Left and right edges of the columns; the last one is wide enough for the title above all.

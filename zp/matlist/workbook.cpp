@@ -9,6 +9,7 @@
 #include "files/replacement.h"
 #include "texts/encoding.h"
 #include "zp/matlist/formats.h"
+#include "zp/matlist/plan_files.h"
 #include "zp/matlist/summary.h"
 #include "zp/objects/secao/single.h"
 
@@ -228,25 +229,51 @@ void writeSummary(Worksheet& sheet, const ListSheet& list) {
     }
 }
 
-bool writeBook(const std::filesystem::path& path, const Listing& listing) {
-    lxw_workbook* book = workbook_new(path.string().c_str());
+/// `fill` makes the book's sheets. A failure leaves the file that was there.
+template <class Fill>
+bool replaced(const std::filesystem::path& destination, Fill fill) {
+    // The library writes by name, and complains on the terminal of what it cannot open.
+    files::Replacement file(destination);
+    if (file.open() != 0) return false;
+    lxw_workbook* book = workbook_new(file.place().string().c_str());
     if (book == nullptr) return false;
-    ListSheet list(book, listing);
-    for (const Product& product : productsOf(list.rows()))
-        for (const Share& share : product.shares) list.share(share, product.designation);
-    Worksheet summary(book, "Resumo");
-    writeSummary(summary, list);
-    return workbook_close(book) == LXW_NO_ERROR && list.good() && summary.good();
+    const bool good = fill(book);
+    return workbook_close(book) == LXW_NO_ERROR && good && file.commit() == 0;
 }
 
 bool writeXlsx(const std::filesystem::path& destination, const Listing& listing) {
-    // The library writes by name, and complains on the terminal of what it cannot open.
-    files::Replacement file(destination);
-    return file.open() == 0 && writeBook(file.place(), listing) && file.commit() == 0;
+    return replaced(destination, [&](lxw_workbook* book) {
+        ListSheet list(book, listing);
+        for (const Product& product : productsOf(list.rows()))
+            for (const Share& share : product.shares) list.share(share, product.designation);
+        Worksheet summary(book, "Resumo");
+        writeSummary(summary, list);
+        return list.good() && summary.good();
+    });
+}
+
+/// A plan's table as it is.
+bool writePlanXlsx(const std::filesystem::path& destination, const PlanTable& table) {
+    return replaced(destination, [&](lxw_workbook* book) {
+        Worksheet sheet(book, "Plano de corte");
+        for (std::size_t i = 0; i < table.columns.size(); ++i) {
+            sheet.width(i, table.columns[i].width);
+            sheet.text(0, i, table.columns[i].heading, Worksheet::Weight::Bold);
+        }
+        for (std::size_t n = 0; n < table.rows.size(); ++n)
+            for (std::size_t i = 0; i < table.columns.size(); ++i)
+                if (const auto* words = std::get_if<std::wstring>(&table.rows[n][i]))
+                    sheet.text(n + 1, i, *words);
+                else
+                    sheet.number(n + 1, i, std::get<double>(table.rows[n][i]),
+                                 table.columns[i].decimals);
+        return sheet.good();
+    });
 }
 
 }  // namespace
 
 const ListWriter kWriteXlsx = writeXlsx;
+const PlanWriter kWritePlanXlsx = writePlanXlsx;
 
 }  // namespace zp::matlist

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Lines and texts into the drawing.
+#include "zp/matlist/draughtsman.h"
+
+#include "adscodes.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "perfis/entities/zpfuncoes.h"
+
+namespace zp::matlist {
+
+void Draughtsman::line(const AcGePoint3d& a, const AcGePoint3d& b) {
+    put(std::make_unique<AcDbLine>(a, b));
+}
+
+void Draughtsman::text(const AcGePoint3d& where, const std::wstring& t, double altura, Align align,
+                       double angle) {
+    if (t.empty()) return;
+    auto entity = std::make_unique<AcDbText>(where, t.c_str(), AcDbObjectId::kNull, altura, angle);
+    if (align != Align::Left) {
+        (void)entity->setHorizontalMode(static_cast<int>(align));
+        (void)entity->setAlignmentPoint(where);
+    }
+    put(std::move(entity));
+}
+
+bool Draughtsman::enter(AcDbEntity* entity, AcDbObjectId& id) const {
+    if (m_space.isNull()) return append(entity, id) == RTNORM;
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(m_space, AcDb::kForWrite);
+    return space.object() != nullptr && space->appendAcDbEntity(id, entity) == Acad::eOk;
+}
+
+void Draughtsman::put(std::unique_ptr<AcDbEntity> entity) {
+    (void)entity->setLayer(m_layer.c_str());  // a layer that cannot be leaves the current one
+    AcDbObjectId id;
+    if (!enter(entity.get(), id)) return;
+    (void)entity.release()->close();
+    m_ids.push_back(AcDbSoftPointerId(id));
+}
+
+double widthOf(std::size_t characters, double h) {
+    return h * (0.9 * static_cast<double>(characters) + 1.6);
+}
+
+}  // namespace zp::matlist

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// Cutting plans as tables, and their text files.
+#include "zp/matlist/plan_files.h"
+
+#include "texts/letters.h"
+#include "texts/number.h"
+#include "texts/path.h"
+#include "zp/matlist/formats.h"
+
+namespace zp::matlist {
+namespace {
+
+/// 2 x 2 m of the first, nothing of what is not there.
+Cell orNothing(double value) { return value > 0.0 ? Cell(value) : Cell(std::wstring()); }
+
+void addPlan(PlanTable& table, const ProductPlan& product, const CutSettings& settings) {
+    const auto add = [&](const wchar_t* origin, double length, double count, std::wstring cuts,
+                         Cell rest, Cell utilisation) {
+        table.rows.push_back({product.designation, product.material, origin, orNothing(length),
+                              count, std::move(cuts), std::move(rest), std::move(utilisation)});
+    };
+    const cutting::Plan& plan = product.plan;
+    for (const cutting::Bar& bar : plan.bars) {
+        double used = 0.0;
+        for (const cutting::Cut& cut : bar.cuts) used += cut.length;
+        add(bar.leftOver ? L"retalho" : L"barra", bar.length, bar.count, cutsInWords(bar),
+            restOf(bar, settings), 100.0 * used / bar.length);
+    }
+    for (const cutting::Piece& piece : plan.tooLong)
+        add(L"não cabe", 0.0, piece.quantity, texts::withComma(piece.length) + L" " + piece.marca,
+            std::wstring(), std::wstring());
+    add(L"total", 0.0, plan.boughtBars(), L"mínimo teórico " + leastInWords(plan), std::wstring(),
+        orNothing(100.0 * plan.utilisation()));
+}
+
+}  // namespace
+
+std::wstring cutsInWords(const cutting::Bar& bar) {
+    std::wstring words;
+    for (std::size_t i = 0; i < bar.cuts.size();) {
+        std::size_t n = 1;
+        while (i + n < bar.cuts.size() && bar.cuts[i + n] == bar.cuts[i]) ++n;
+        if (!words.empty()) words += L" + ";
+        if (n > 1) words += std::to_wstring(n) + L" x ";
+        words += texts::withComma(bar.cuts[i].length) + L" " + bar.cuts[i].marca;
+        i += n;
+    }
+    return words;
+}
+
+PlanTable tableOf(const std::vector<ProductPlan>& plans, const CutSettings& settings) {
+    PlanTable table{{{L"PERFIL", -1, 26},
+                     {L"MATERIAL", -1, 12},
+                     {L"ORIGEM", -1, 10},
+                     {L"BARRA (mm)", 2, 12},
+                     {L"QUANT.", 0, 9},
+                     {L"CORTES (mm)", -1, 60},
+                     {L"SOBRA (mm)", 2, 12},
+                     {L"APROV. (%)", 1, 12}},
+                    {}};
+    for (const ProductPlan& product : plans) addPlan(table, product, settings);
+    return table;
+}
+
+std::vector<std::vector<std::wstring>> linesOf(const PlanTable& table) {
+    std::vector<std::vector<std::wstring>> lines(1);
+    for (const PlanColumn& column : table.columns) lines[0].emplace_back(column.heading);
+    for (const std::vector<Cell>& row : table.rows) {
+        std::vector<std::wstring>& line = lines.emplace_back();
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const auto* text = std::get_if<std::wstring>(&row[i]);
+            line.push_back(text != nullptr ? *text
+                                           : texts::withComma(std::get<double>(row[i]),
+                                                              table.columns[i].decimals));
+        }
+    }
+    return lines;
+}
+
+bool namesPlan(const std::filesystem::path& destination) {
+    constexpr std::wstring_view kEnd = L"-plano";
+    const std::wstring stem = texts::lower(texts::shown(destination.stem()));
+    return stem.size() >= kEnd.size() && stem.ends_with(kEnd);
+}
+
+bool writePlan(const std::filesystem::path& destination, const std::vector<Linha>& rows) {
+    const CutSettings& settings = lastCutSettings();
+    const PlanTable table = tableOf(plansOf(rows, settings, readLeftOvers()), settings);
+    if (texts::equalIgnoringCase(texts::shown(destination.extension()), L".xlsx"))
+        return kWritePlanXlsx(destination, table);
+    std::vector<bool> numbers;
+    for (const PlanColumn& column : table.columns) numbers.push_back(column.decimals >= 0);
+    return writeText(destination, csvOf(linesOf(table), numbers));
+}
+
+}  // namespace zp::matlist

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// RESUMO: totals by product, packages by mass.
+#include "zp/matlist/resumo.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+
+#include "acedads.h"
+#include "dbapserv.h"
+#include "texts/number.h"
+#include "zp/cutting/pattern.h"
+#include "zp/matlist/ask_which.h"
+#include "zp/matlist/cutting_plan.h"
+#include "zp/matlist/summary.h"
+#include "zp/matlist/typed.h"
+
+namespace zp::matlist {
+namespace {
+
+constexpr std::size_t kTexts = 2;  ///< columns on the left; the others are numbers
+using Line = std::array<std::wstring, 9>;
+
+/// Bought bars of one length for each product, and what fits none.
+struct BarsOfLength {
+    std::vector<ProductPlan> plans;
+    CutSettings settings;
+
+    BarsOfLength(const std::vector<Linha>& rows, double length) : settings{{length}} {
+        plans = plansOf(rows, settings, {});
+    }
+    std::wstring of(std::size_t product) const {
+        const ProductPlan& plan = plans[product];
+        if (plan.tooMany) return L"-";
+        return std::to_wstring(plan.plan.boughtBars()) + (plan.plan.tooLong.empty() ? L"" : L"*");
+    }
+};
+
+std::vector<std::wstring> aligned(const std::vector<Line>& lines) {
+    std::array<std::size_t, std::tuple_size_v<Line>> widths{};
+    for (const Line& line : lines)
+        for (std::size_t i = 0; i < line.size(); ++i)
+            widths[i] = std::max(widths[i], line[i].size());
+    std::vector<std::wstring> texts;
+    for (const Line& line : lines) {
+        std::wstring text;
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            const std::wstring blanks(widths[i] - line[i].size(), L' ');
+            text += (i == 0 ? L"" : L"  ") + (i < kTexts ? line[i] + blanks : blanks + line[i]);
+        }
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+/// What a row delivers: so many members of one mass, in whole millionths of a kg.
+struct Load {
+    const Linha* row;
+    cutting::Ticks mass;
+};
+
+cutting::Ticks millionths(double kg) { return std::llround(std::clamp(kg, 0.0, 1e9) * 1e6); }
+
+std::wstring inKg(cutting::Ticks mass) {
+    return texts::withComma(static_cast<double>(mass) / 1e6, 1) + L" kg";
+}
+
+}  // namespace
+
+std::vector<std::wstring> summaryLines(const std::vector<Linha>& rows) {
+    const BarsOfLength six(rows, 6000.0);
+    const BarsOfLength twelve(rows, 12000.0);
+    std::vector<Line> lines{{L"PERFIL", L"MATERIAL", L"PEÇAS", L"METROS", L"PESO (kg)",
+                             L"PINTURA (m2)", L"BARRAS 6 m", L"BARRAS 12 m", L"TIRA (mm)"}};
+    double kg = 0.0;
+    double m2 = 0.0;
+    std::size_t bars = 0;
+    for (const SummaryLine& s : summaryOf(rows)) {
+        kg += s.kg;
+        m2 += s.m2;
+        lines.push_back({s.designation, s.material, std::to_wstring(s.pieces),
+                         texts::withComma(s.metres), texts::withComma(s.kg), texts::withComma(s.m2),
+                         s.bar ? six.of(bars) : L"-", s.bar ? twelve.of(bars) : L"-",
+                         s.strip > 0.0 ? texts::withComma(s.strip, 1) : L"-"});
+        bars += s.bar ? 1 : 0;
+    }
+    lines.push_back({L"TOTAL", {}, {}, {}, texts::withComma(kg), texts::withComma(m2), {}, {}, {}});
+    std::vector<std::wstring> texts = aligned(lines);
+    for (const BarsOfLength* length : {&six, &twelve})
+        for (const ProductPlan& plan : length->plans)
+            for (const std::wstring& line : tooLongLines(plan, length->settings))
+                texts.push_back(L"* " + line);
+    return texts;
+}
+
+std::vector<std::wstring> packageLines(const std::vector<Linha>& rows, double kg) {
+    const cutting::Ticks most = millionths(kg);
+    std::vector<Load> loads;
+    for (const Linha& row : rows)
+        if (!erased(row) && row.quantidade > 0)
+            loads.push_back({&row, std::max<cutting::Ticks>(1, millionths(row.pesoUnitario))});
+    std::ranges::stable_sort(loads, std::greater<>(), &Load::mass);
+    std::vector<std::wstring> lines;
+    long long package = 0;
+    const auto add = [&](long long times, const std::wstring& members, cutting::Ticks mass) {
+        const std::wstring first = std::to_wstring(package + 1);
+        package += times;
+        lines.push_back((times == 1 ? L"Pacote " + first
+                                    : L"Pacotes " + first + L" a " + std::to_wstring(package)) +
+                        L": " + members + L"; " + inKg(mass) + (times == 1 ? L"" : L" cada"));
+    };
+    const auto light = std::ranges::find_if(loads, [&](const Load& l) { return l.mass <= most; });
+    for (auto load = loads.begin(); load != light; ++load)
+        add(load->row->quantidade, L"1 " + load->row->marca + L" (mais pesada que o pacote)",
+            load->mass);
+    loads.erase(loads.begin(), light);
+    if (loads.empty()) return lines;
+    cutting::Task task;
+    task.sources.push_back({most, most, cutting::kUnlimited});
+    for (const Load& load : loads) task.items.push_back({load.mass, load.row->quantidade});
+    for (const cutting::Use& use : cutting::firstFit(task)) {
+        std::wstring members;
+        cutting::Ticks mass = 0;
+        for (const auto& [item, n] : use.pattern.counts) {
+            members += (members.empty() ? L"" : L" + ") + std::to_wstring(n) + L" " +
+                       loads[item].row->marca;
+            mass += n * loads[item].mass;
+        }
+        add(use.times, members, mass);
+    }
+    return lines;
+}
+
+void summaryCommand() {
+    AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr) return;
+    const std::optional<MaterialList> list = chooseList(*drawing);
+    if (!list) return;
+    const std::vector<Linha> all = rows(list->id);
+    for (const std::wstring& line : summaryLines(all)) acutPrintf(L"\n%ls", line.c_str());
+    acutPrintf(L"\n");
+    constexpr double kHeaviest = 1e6;
+    for (;;) {
+        const auto typed = askTyped(L"Peso por pacote em kg <sem romaneio>: ");
+        if (!typed || typed->empty()) return;
+        const double kg = texts::exactReal(*typed).value_or(0.0);
+        if (kg > 0.0 && kg <= kHeaviest) {
+            for (const std::wstring& line : packageLines(all, kg))
+                acutPrintf(L"\n%ls", line.c_str());
+            acutPrintf(L"\n");
+            return;
+        }
+        acutPrintf(L"\nInforme um peso maior que zero, até 1000000 kg.\n");
+    }
+}
+
+}  // namespace zp::matlist
