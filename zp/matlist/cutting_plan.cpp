@@ -7,6 +7,7 @@
 #include <map>
 
 #include "texts/number.h"
+#include "zp/matlist/listing.h"
 #include "zp/matlist/summary.h"
 
 namespace zp::matlist {
@@ -33,7 +34,7 @@ std::map<double, int> boughtByLength(const cutting::Plan& plan) {
     return bars;
 }
 
-std::wstring counted(int n, const wchar_t* one, const wchar_t* more) {
+std::wstring howMany(int n, const wchar_t* one, const wchar_t* more) {
     return std::to_wstring(n) + L" " + (n == 1 ? one : more);
 }
 
@@ -44,7 +45,7 @@ std::wstring gapInWords(const cutting::Plan& plan) {
     const std::map<double, int> bars = boughtByLength(plan);
     if (bars.size() == 1)
         return L" (não provado: talvez até " +
-               counted(static_cast<int>(gap / bars.begin()->first + 1e-9), L"barra", L"barras") +
+               howMany(static_cast<int>(gap / bars.begin()->first + 1e-9), L"barra", L"barras") +
                L" a menos)";
     return L" (não provado: talvez até " + texts::withComma(gap) + L" mm a menos)";
 }
@@ -90,11 +91,11 @@ std::vector<ProductPlan> plansOf(const std::vector<Linha>& rows, const CutSettin
 std::wstring barsInWords(const cutting::Plan& plan) {
     std::vector<std::wstring> parts;
     for (const auto& [length, n] : boughtByLength(plan))
-        parts.push_back((parts.empty() ? counted(n, L"barra", L"barras") : std::to_wstring(n)) +
+        parts.push_back((parts.empty() ? howMany(n, L"barra", L"barras") : std::to_wstring(n)) +
                         L" de " + texts::withComma(length));
     int leftOvers = 0;
     for (const cutting::Bar& bar : plan.bars) leftOvers += bar.leftOver ? bar.count : 0;
-    if (leftOvers > 0) parts.push_back(counted(leftOvers, L"retalho", L"retalhos"));
+    if (leftOvers > 0) parts.push_back(howMany(leftOvers, L"retalho", L"retalhos"));
     if (parts.empty()) return L"nenhuma barra";
     std::wstring words;
     for (std::size_t i = 0; i < parts.size(); ++i)
@@ -116,8 +117,8 @@ std::wstring lineOf(const ProductPlan& product) {
                L" peças; reparta a lista para ter o plano.";
     if (plan.bars.empty()) return product.name + L": nenhuma barra.";
     return product.name + L": " + barsInWords(plan) + L", aproveitamento " +
-           texts::withComma(100.0 * plan.utilisation(), 1) + L" %, mínimo teórico " +
-           leastInWords(plan) + gapInWords(plan) + L".";
+           wordsOf(100.0 * plan.utilisation(), 1) + L" %, mínimo teórico " + leastInWords(plan) +
+           gapInWords(plan) + L".";
 }
 
 std::vector<std::wstring> tooLongLines(const ProductPlan& product, const CutSettings& settings) {
@@ -125,7 +126,7 @@ std::vector<std::wstring> tooLongLines(const ProductPlan& product, const CutSett
     std::vector<std::wstring> lines;
     for (const cutting::Piece& piece : product.plan.tooLong)
         lines.push_back(product.name + L": " + piece.marca + L" (" +
-                        counted(piece.quantity, L"peça", L"peças") + L" de " +
+                        howMany(piece.quantity, L"peça", L"peças") + L" de " +
                         texts::withComma(piece.length) +
                         L" mm) não cabe em barra nenhuma: a maior dá " + texts::withComma(longest) +
                         L" mm. Preveja uma emenda ou informe uma barra maior.");

@@ -34,12 +34,6 @@ int decimalsOf(const Column& column, const std::vector<Linha>& rows) {
     return needed;
 }
 
-std::wstring wordsOf(double value, int decimals) {
-    std::wstring text = texts::rounded(value, decimals);
-    std::ranges::replace(text, L'.', L',');
-    return text;
-}
-
 /// The word of the totals stands in the first column.
 bool canLead(const Column& column) { return !column.shown.summed; }
 
@@ -66,6 +60,12 @@ std::wstring allKeys() {
 }
 
 }  // namespace
+
+std::wstring wordsOf(double value, int decimals) {
+    std::wstring text = texts::rounded(value, decimals);
+    std::ranges::replace(text, L'.', L',');
+    return text;
+}
 
 Columns usualColumns() {
     Columns usual;

@@ -17,6 +17,8 @@ using Columns = std::vector<const Column*>;
 Columns usualColumns();
 /// The columns that a header's record names; the usual ones when it names none that can be shown.
 Columns columnsOf(const Header& header);
+/// Just so many decimals, decimal comma.
+std::wstring wordsOf(double value, int decimals);
 /// Columns by their keys with commas between. With a `fault`, told to the user, there are none.
 struct Choice {
     Columns columns;

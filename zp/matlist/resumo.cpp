@@ -13,6 +13,7 @@
 #include "zp/cutting/pattern.h"
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/cutting_plan.h"
+#include "zp/matlist/listing.h"
 #include "zp/matlist/summary.h"
 #include "zp/matlist/typed.h"
 
@@ -30,9 +31,12 @@ struct BarsOfLength {
     BarsOfLength(const std::vector<Linha>& rows, double length) : settings{{length}} {
         plans = plansOf(rows, settings, {});
     }
-    std::wstring of(std::size_t product) const {
-        const ProductPlan& plan = plans[product];
-        if (plan.tooMany) return L"-";
+    std::wstring of(const SummaryLine& line) const {
+        const auto found = std::ranges::find_if(plans, [&](const ProductPlan& p) {
+            return p.designation == line.designation && p.material == line.material;
+        });
+        if (found == plans.end() || found->tooMany) return L"-";
+        const ProductPlan& plan = *found;
         return std::to_wstring(plan.plan.boughtBars()) + (plan.plan.tooLong.empty() ? L"" : L"*");
     }
 };
@@ -63,7 +67,7 @@ struct Load {
 cutting::Ticks millionths(double kg) { return std::llround(std::clamp(kg, 0.0, 1e9) * 1e6); }
 
 std::wstring inKg(cutting::Ticks mass) {
-    return texts::withComma(static_cast<double>(mass) / 1e6, 1) + L" kg";
+    return wordsOf(static_cast<double>(mass) / 1e6, 1) + L" kg";
 }
 
 }  // namespace
@@ -75,17 +79,14 @@ std::vector<std::wstring> summaryLines(const std::vector<Linha>& rows) {
                              L"PINTURA (m2)", L"BARRAS 6 m", L"BARRAS 12 m", L"TIRA (mm)"}};
     double kg = 0.0;
     double m2 = 0.0;
-    std::size_t bars = 0;
-    for (const SummaryLine& s : summaryOf(rows)) {
+    for (const SummaryLine& s : summaryOf(printedRows(rows))) {
         kg += s.kg;
         m2 += s.m2;
-        lines.push_back({s.designation, s.material, std::to_wstring(s.pieces),
-                         texts::withComma(s.metres), texts::withComma(s.kg), texts::withComma(s.m2),
-                         s.bar ? six.of(bars) : L"-", s.bar ? twelve.of(bars) : L"-",
-                         s.strip > 0.0 ? texts::withComma(s.strip, 1) : L"-"});
-        bars += s.bar ? 1 : 0;
+        lines.push_back({s.designation, s.material, std::to_wstring(s.pieces), wordsOf(s.metres, 2),
+                         wordsOf(s.kg, 2), wordsOf(s.m2, 2), six.of(s), twelve.of(s),
+                         s.strip > 0.0 ? wordsOf(s.strip, 1) : L"-"});
     }
-    lines.push_back({L"TOTAL", {}, {}, {}, texts::withComma(kg), texts::withComma(m2), {}, {}, {}});
+    lines.push_back({kTotal, {}, {}, {}, wordsOf(kg, 2), wordsOf(m2, 2), {}, {}, {}});
     std::vector<std::wstring> texts = aligned(lines);
     for (const BarsOfLength* length : {&six, &twelve})
         for (const ProductPlan& plan : length->plans)

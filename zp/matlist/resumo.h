@@ -10,7 +10,8 @@
 namespace zp::matlist {
 
 /// Headings, a line for each product, totals, then what fits no bar; columns stand below each other
-/// in a font of equal widths. Bars of 6 and of 12 m are those of a cutting plan with cuts of 3 mm.
+/// in a font of equal widths. Sums are those of the printed numbers. Bars of 6 and of 12 m are
+/// those of a cutting plan with cuts of 3 mm.
 std::vector<std::wstring> summaryLines(const std::vector<Linha>& rows);
 
 /// Packages of at most so many kg, by first fit, the heaviest member first; a line for those that
