@@ -62,11 +62,6 @@ public:
     }
 
 private:
-    bool fits(const Filled& bar, Ticks length) const {
-        Ticks sum = length;
-        for (const Ticks cut : bar.cuts) sum += cut + m_cut;
-        return sum <= bar.length - m_trims;
-    }
     Ticks longestStock() const { return m_stock.empty() ? 0 : *m_stock.rbegin(); }
 
     /// Pieces that no bought bar holds go into the shortest left-over that does, the longest first;
@@ -116,33 +111,32 @@ private:
     }
 
     /// What fits into a left-over that is still whole, or in its rest, does not stay in a bought
-    /// bar; the emptiest bars give first.
+    /// bar: the longest first, of the emptiest bar that has it.
     void useLeftOvers() {
         std::size_t cuts = 0;
         for (const Filled& bar : m_bars) cuts += bar.cuts.size();
         for (const auto& [length, quantity] : m_leftOvers)
             m_bars.insert(m_bars.end(), std::min(cuts, static_cast<std::size_t>(quantity)),
                           {length, true, {}});
-        std::vector<std::size_t> bought;
-        std::vector<std::size_t> old;
-        for (std::size_t b = 0; b < m_bars.size(); ++b)
-            (m_bars[b].leftOver ? old : bought).push_back(b);
-        const auto filled = [&](std::size_t b) {
-            Ticks sum = 0;
-            for (const Ticks cut : m_bars[b].cuts) sum += cut;
-            return sum;
-        };
-        std::ranges::stable_sort(bought, std::less<>(), filled);
-        for (const std::size_t to : old)
-            for (const std::size_t from : bought)
-                std::erase_if(m_bars[from].cuts, [&](Ticks cut) {
-                    const bool moves = fits(m_bars[to], cut);
-                    if (moves) m_bars[to].cuts.push_back(cut);
-                    return moves;
-                });
+        std::vector<Filled*> bought;
+        for (Filled& bar : m_bars)
+            if (!bar.leftOver) bought.push_back(&bar);
+        std::ranges::stable_sort(bought, std::less<>(), [&](Filled* bar) { return need(*bar); });
+        std::map<Ticks, std::deque<Filled*>, std::greater<>> givers;
+        for (Filled* const bar : bought)
+            for (const Ticks cut : bar->cuts) givers[cut].push_back(bar);
+        for (Filled& bar : m_bars)
+            while (bar.leftOver) {
+                const auto giver = givers.lower_bound(bar.length - need(bar) - m_cut);
+                if (giver == givers.end()) break;
+                std::vector<Ticks>& from = giver->second.front()->cuts;
+                from.erase(std::ranges::find(from, giver->first));
+                bar.cuts.push_back(giver->first);
+                giver->second.pop_front();
+                if (giver->second.empty()) givers.erase(giver);
+            }
         std::erase_if(m_bars, [](const Filled& bar) { return bar.cuts.empty(); });
     }
-
     /// Shortest bar that gives these cuts.
     Ticks need(const Filled& bar) const {
         Ticks need = m_trims - m_cut;

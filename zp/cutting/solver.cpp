@@ -21,6 +21,8 @@ namespace {
 constexpr std::int64_t kNodesOfAFilling = 500'000;
 constexpr std::int64_t kNodesOfAll = 100'000'000;
 constexpr double kWorkOfBranching = 1e7;  ///< nodes times items times patterns
+/// Lengths beyond which first fit is good enough: the master would take minutes.
+constexpr std::size_t kMostItems = 3000;
 /// Patterns up to which all that can matter are taken in.
 constexpr std::size_t kMostPatterns = 3000;
 /// By which a pattern must pay to be taken in, over the cost of the longest bar.
@@ -55,7 +57,7 @@ public:
     void generate(bool whole) {
         while (m_nodes > 0) {
             m_lp.primal();
-            m_nodes -= static_cast<std::int64_t>(m_task.items.size() * m_patterns.size() / 100);
+            m_nodes -= static_cast<std::int64_t>(m_task.items.size() * m_patterns.size() / 20);
             if (!addPaying(whole)) return;
         }
         m_lp.primal();
@@ -322,6 +324,7 @@ private:
 }  // namespace
 
 Improved improved(const Task& task, const Layout& start) {
+    if (task.items.size() > kMostItems) return {start, leastByVolume(task)};
     Master master(task, start);
     if (!master.finished()) {
         master.generate(true);
