@@ -31,4 +31,14 @@ std::wstring trimmed(std::wstring_view text) {
     return std::wstring(text.substr(from, text.find_last_not_of(kBlanks) - from + 1));
 }
 
+std::vector<std::wstring> trimmedParts(std::wstring_view text, wchar_t separator) {
+    std::vector<std::wstring> parts;
+    for (std::size_t from = 0; from <= text.size();) {
+        const std::size_t end = std::min(text.find(separator, from), text.size());
+        parts.push_back(trimmed(text.substr(from, end - from)));
+        from = end + 1;
+    }
+    return parts;
+}
+
 }  // namespace texts

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace texts {
 
@@ -14,5 +15,7 @@ bool equalIgnoringCase(std::wstring_view a, std::wstring_view b);
 
 /// Without spaces, tabs and line ends around it.
 std::wstring trimmed(std::wstring_view text);
+/// What stands before, between and behind the separators, trimmed.
+std::vector<std::wstring> trimmedParts(std::wstring_view text, wchar_t separator);
 
 }  // namespace texts

@@ -124,6 +124,7 @@ TEST(Letters, AreThoseOfTheCodePage) {
     EXPECT_FALSE(equalIgnoringCase(L"viga", L"vigas"));
     EXPECT_EQ(trimmed(L" \tviga  mestra\r\n"), L"viga  mestra");
     EXPECT_EQ(trimmed(L" \t"), L"");
+    EXPECT_EQ(trimmedParts(L" a b;; c", L';'), (std::vector<std::wstring>{L"a b", L"", L"c"}));
 }
 
 TEST(DecodeText, IsUtf8ElseTheCodePage) {

@@ -2,6 +2,7 @@
 // The user's file of left-overs.
 #include "zp/matlist/left_overs.h"
 
+#include "acutads.h"
 #include "files/replacement.h"
 #include "texts/encoding.h"
 #include "texts/letters.h"
@@ -14,17 +15,6 @@ namespace {
 
 constexpr double kLongest = 1e6;  ///< mm
 constexpr double kMost = 1e6;     ///< alike
-
-/// Cut at every tab, without blanks around.
-std::vector<std::wstring> fieldsOf(std::wstring_view row) {
-    std::vector<std::wstring> fields;
-    for (std::size_t from = 0; from <= row.size();) {
-        const std::size_t end = std::min(row.find(L'\t', from), row.size());
-        fields.push_back(texts::trimmed(row.substr(from, end - from)));
-        from = end + 1;
-    }
-    return fields;
-}
 
 /// Enters a row; what is wrong with it otherwise.
 std::wstring enter(const std::vector<std::wstring>& fields, LeftOvers& all) {
@@ -58,7 +48,7 @@ LeftOvers leftOversIn(std::wstring_view text) {
         ++number;
         const std::wstring shown = texts::trimmed(row);
         if (shown.empty() || shown[0] == L';') continue;
-        if (const std::wstring fault = enter(fieldsOf(row), all); !fault.empty())
+        if (const std::wstring fault = enter(texts::trimmedParts(row, L'\t'), all); !fault.empty())
             all.faults.push_back(L"retalhos.lst, linha " + std::to_wstring(number) + L": " + fault +
                                  L". A linha ficou de fora; corrija o arquivo.");
     }
@@ -70,7 +60,9 @@ LeftOvers readLeftOvers() {
     for (const char* const part : {"Perfis", "Listas", "retalhos.lst"})
         file = texts::entryOf(file, part);
     const std::optional<std::string> bytes = files::readRegular(file);
-    return bytes ? leftOversIn(texts::decodeText(*bytes)) : LeftOvers{};
+    LeftOvers all = bytes ? leftOversIn(texts::decodeText(*bytes)) : LeftOvers{};
+    for (const std::wstring& fault : all.faults) acutPrintf(L"\n%ls", fault.c_str());
+    return all;
 }
 
 }  // namespace zp::matlist

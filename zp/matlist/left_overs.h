@@ -23,7 +23,8 @@ std::wstring keyOf(std::wstring_view designation);
 /// are passed over.
 LeftOvers leftOversIn(std::wstring_view text);
 
-/// Of Perfis/Listas/retalhos.lst below the installation folder; none without the file.
+/// Of Perfis/Listas/retalhos.lst below the installation folder; none without the file. Tells the
+/// user the faults.
 LeftOvers readLeftOvers();
 
 }  // namespace zp::matlist

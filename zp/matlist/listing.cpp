@@ -43,16 +43,6 @@ const Column* columnOf(std::wstring_view key) {
     return found != kColumnTable.end() ? &*found : nullptr;
 }
 
-std::vector<std::wstring> splitKeys(std::wstring_view keys) {
-    std::vector<std::wstring> all;
-    for (std::size_t from = 0; from <= keys.size();) {
-        const std::size_t comma = std::min(keys.find(L',', from), keys.size());
-        all.push_back(texts::trimmed(keys.substr(from, comma - from)));
-        from = comma + 1;
-    }
-    return all;
-}
-
 std::wstring allKeys() {
     Columns all;
     for (const Column& c : kColumnTable) all.push_back(&c);
@@ -76,7 +66,7 @@ Columns usualColumns() {
 
 Columns columnsOf(const Header& header) {
     Columns known;
-    for (const std::wstring& key : splitKeys(header.columns))
+    for (const std::wstring& key : texts::trimmedParts(header.columns, L','))
         if (const Column* const column = columnOf(key)) known.push_back(column);
     return known.empty() || !canLead(*known.front()) ? usualColumns() : known;
 }
@@ -84,7 +74,7 @@ Columns columnsOf(const Header& header) {
 Choice chooseColumns(std::wstring_view keys) {
     Choice choice;
     std::wstring unknown;
-    for (const std::wstring& key : splitKeys(keys)) {
+    for (const std::wstring& key : texts::trimmedParts(keys, L',')) {
         const Column* const column = columnOf(key);
         if (column == nullptr)
             unknown += (unknown.empty() ? L"" : L", ") + (key.empty() ? L"(vazia)" : key);

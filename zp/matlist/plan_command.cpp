@@ -33,12 +33,10 @@ std::wstring inWords(const std::vector<double>& lengths) {
 std::optional<std::vector<double>> lengthsOf(const std::wstring& typed) {
     const wchar_t between = typed.find(L';') != std::wstring::npos ? L';' : L',';
     std::vector<double> lengths;
-    for (std::size_t from = 0; from <= typed.size();) {
-        const std::size_t end = std::min(typed.find(between, from), typed.size());
-        const double length = texts::exactReal(typed.substr(from, end - from)).value_or(0.0);
+    for (const std::wstring& part : texts::trimmedParts(typed, between)) {
+        const double length = texts::exactReal(part).value_or(0.0);
         if (!(length >= kShortest && length <= kLongest)) return {};
         lengths.push_back(length);
-        from = end + 1;
     }
     std::ranges::sort(lengths);
     lengths.erase(std::unique(lengths.begin(), lengths.end()), lengths.end());
@@ -95,9 +93,7 @@ void cuttingPlanCommand() {
     const std::optional<CutSettings> settings = askSettings(lastCutSettings());
     if (!settings) return;
     lastCutSettings() = *settings;
-    const LeftOvers leftOvers = readLeftOvers();
-    for (const std::wstring& fault : leftOvers.faults) acutPrintf(L"\n%ls", fault.c_str());
-    const std::vector<ProductPlan> plans = plansOf(rows(list->id), *settings, leftOvers);
+    const std::vector<ProductPlan> plans = plansOf(rows(list->id), *settings, readLeftOvers());
     if (plans.empty()) {
         acutPrintf(L"\nA lista não tem barras para cortar.\n");
         return;

@@ -10,7 +10,7 @@
 namespace zp::matlist {
 namespace {
 
-/// 2 x 2 m of the first, nothing of what is not there.
+/// What is not there is not shown as 0.
 Cell orNothing(double value) { return value > 0.0 ? Cell(value) : Cell(std::wstring()); }
 
 void addPlan(PlanTable& table, const ProductPlan& product, const CutSettings& settings) {
@@ -19,6 +19,10 @@ void addPlan(PlanTable& table, const ProductPlan& product, const CutSettings& se
         table.rows.push_back({product.designation, product.material, origin, orNothing(length),
                               count, std::move(cuts), std::move(rest), std::move(utilisation)});
     };
+    if (product.tooMany) {
+        add(L"sem plano", 0.0, 0.0, lineOf(product), std::wstring(), std::wstring());
+        return;
+    }
     const cutting::Plan& plan = product.plan;
     for (const cutting::Bar& bar : plan.bars) {
         double used = 0.0;

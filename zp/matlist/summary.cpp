@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "zp/matlist/columns.h"
 #include "zp/matlist/lists.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/secao/single.h"
@@ -33,7 +34,7 @@ std::vector<Product> productsOf(const std::vector<Linha>& rows) {
         if (erased(row)) continue;
         const secao::Single single = secao::singleOf(row.descricao, row.dimensoes);
         const std::wstring designation =
-            single.perfil + (single.dimensoes.empty() ? L"" : L" ") + single.dimensoes;
+            single.count == 1 ? designationOf(row) : single.perfil + L" " + single.dimensoes;
         const auto [place, fresh] =
             places.try_emplace({designation, row.material}, products.size());
         if (fresh) products.push_back({designation, row.material, row.descricao != kPlate, {}});
