@@ -28,6 +28,14 @@ Answer confirm(const std::wstring& question, Answer offered);
 /// A whole number from `least` on; Enter takes what is offered. Nothing when the user gave up.
 std::optional<int> askCount(const std::wstring& question, int least, int offered);
 
+/// Without blanks around, empty for Enter; nothing when the user declined. An answer that is too
+/// long to come whole is asked for again.
+std::optional<std::wstring> askTyped(const std::wstring& question);
+
+/// A number within limits; Enter takes `offered`, which is shown. Nothing when the user declined.
+std::optional<double> askNumber(const std::wstring& question, double offered, double least,
+                                double most, const wchar_t* unit);
+
 /// Objects that the user selects; empty when he selects none, nothing when he gave up.
 std::optional<std::vector<AcDbObjectId>> askSelection();
 /// One object; null when none was hit or the user gave up.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // PLANOCORTE: what is asked, told and drawn.
 #include <algorithm>
-#include <iterator>
 #include <optional>
 
 #include "acedads.h"
@@ -10,8 +9,8 @@
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/matlist/ask_which.h"
+#include "zp/matlist/asking.h"
 #include "zp/matlist/plan_files.h"
-#include "zp/matlist/typed.h"
 
 namespace zp::matlist {
 namespace {

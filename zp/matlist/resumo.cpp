@@ -12,10 +12,10 @@
 #include "texts/number.h"
 #include "zp/cutting/pattern.h"
 #include "zp/matlist/ask_which.h"
+#include "zp/matlist/asking.h"
 #include "zp/matlist/cutting_plan.h"
 #include "zp/matlist/listing.h"
 #include "zp/matlist/summary.h"
-#include "zp/matlist/typed.h"
 
 namespace zp::matlist {
 namespace {
