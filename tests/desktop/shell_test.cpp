@@ -291,7 +291,7 @@ TEST_F(Window, MenusKnowEveryProfileCommandAndNoOther) {
         ASSERT_NE(found, nullptr) << command.toStdString();
         if (found->group != prancheta::kBuiltInGroup) profiles.insert(found->global);
     }
-    EXPECT_EQ(profiles.size(), 31u);  // thirty profiles and the material list
+    EXPECT_EQ(profiles.size(), 33u);  // thirty profiles, the material list, its plan and summary
     for (const auto& bar : menus->toolbars) {
         for (const QString& entry : bar.entries) {
             if (entry.isEmpty()) continue;
