@@ -9,6 +9,9 @@ set(house_parts prancheta prancheta-console zpforja zpgbarra zptrelica zpobjects
 if(TARGET prancheta-window)
     list(APPEND house_parts prancheta-plot prancheta-window)
 endif()
+if(TARGET zpsolver)
+    list(APPEND house_parts zpsolver)
+endif()
 install(TARGETS ${house_parts} RUNTIME DESTINATION ${house_home}
         LIBRARY DESTINATION ${house_home} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 

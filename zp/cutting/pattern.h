@@ -84,7 +84,8 @@ struct Improved {
     Layout layout;
     Ticks leastBought = 0;  ///< no layout buys less
 };
-/// A layout at least as good as `start`, with all that the task asks for.
+/// A layout at least as good as `start`, with all that the task asks for; by column generation
+/// where the solver's library is there and the lengths are not too many, else `start` itself.
 Improved improved(const Task& task, const Layout& start);
 
 /// Least bought length as the sum of widths tells it, rounded up to what stock lengths can give.

@@ -60,8 +60,8 @@ struct Plan {
 };
 
 /// Buys the least length, and among equal ones the fewest bars; of both the least that is found in
-/// a limited work, which the bound and `proved` tell for the length. Left-overs cost nothing and are
-/// used before bars are bought: what fits into one of them does not stay in a bought bar. Equal
+/// a limited work, which the bound and `proved` tell for the length. Left-overs cost nothing and
+/// are used before bars are bought: what fits into one of them does not stay in a bought bar. Equal
 /// problems have equal plans. Some seconds for a hundred different lengths.
 Plan solve(const Problem& problem);
 

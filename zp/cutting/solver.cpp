@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Cutting stock by column generation (Gilmore and Gomory, Operations Research 9, 1961, and 11,
-// 1963): a linear master problem over patterns, new patterns by a knapsack with the master's
-// prices, then whole numbers by rounding and by branch and bound over the patterns found. Chosen
-// since the linear bound is nearly always within one bar of the best plan.
+// The solver's library. Cutting stock by column generation (Gilmore and Gomory, Operations Research
+// 9, 1961, and 11, 1963): a linear master problem over patterns, new patterns by a knapsack with
+// the master's prices, then whole numbers by rounding and by branch and bound over the patterns
+// found. Chosen since the linear bound is nearly always within one bar of the best plan.
 #include <CbcHeuristic.hpp>
 #include <CbcHeuristicDiveCoefficient.hpp>
 #include <CbcModel.hpp>
@@ -21,8 +21,6 @@ namespace {
 constexpr std::int64_t kNodesOfAFilling = 500'000;
 constexpr std::int64_t kNodesOfAll = 100'000'000;
 constexpr double kWorkOfBranching = 1e7;  ///< nodes times items times patterns
-/// Lengths beyond which first fit is good enough: the master would take minutes.
-constexpr std::size_t kMostItems = 3000;
 /// Patterns up to which all that can matter are taken in.
 constexpr std::size_t kMostPatterns = 3000;
 /// By which a pattern must pay to be taken in, over the cost of the longest bar.
@@ -323,15 +321,15 @@ private:
 
 }  // namespace
 
-Improved improved(const Task& task, const Layout& start) {
-    if (task.items.size() > kMostItems) return {start, leastByVolume(task)};
-    Master master(task, start);
+}  // namespace zp::cutting
+
+extern "C" void zpCuttingImproved(const zp::cutting::Task& task, const zp::cutting::Layout& start,
+                                  zp::cutting::Improved& answer) {
+    zp::cutting::Master master(task, start);
     if (!master.finished()) {
         master.generate(true);
         if (!master.finished()) master.roundDown();
         if (!master.finished()) master.branch();
     }
-    return {master.best(), master.least()};
+    answer = {master.best(), master.least()};
 }
-
-}  // namespace zp::cutting
