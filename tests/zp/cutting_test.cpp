@@ -188,21 +188,35 @@ TEST(CuttingPlan, NoOtherPlanOfAFewPiecesIsBetter) {
 }
 
 TEST(CuttingPlan, TwoThousandMembersOfAHundredLengths) {
-    Random between(7);
-    const auto pieces = [&](int lengths, int each) {
+    const auto pieces = [](unsigned seed, int lengths, int each, int shortest, int spread) {
+        Random between(seed);
         std::vector<Piece> all;
         for (int i = 0; i < lengths; ++i)
-            all.push_back({L"P" + std::to_wstring(i), 300 + between(0, 45000) / 10.0, each});
+            all.push_back(
+                {L"P" + std::to_wstring(i), shortest + between(0, 10 * spread) / 10.0, each});
         return all;
     };
     const Problem kProblems[] = {
-        {pieces(100, 20), {6000}, {}, 3, 0},
-        {pieces(30, 4), {6000, 12000}, {{2350, 4}, {700, 11}}, 3, 5},
+        {pieces(7, 100, 20, 300, 4500), {6000}, {}, 3, 0},
+        {pieces(7, 30, 4, 300, 4500), {6000, 12000}, {{2350, 4}, {700, 11}}, 3, 5},
+        {pieces(14, 30, 6, 1200, 1800), {6000, 12000}, {}, 3, 0},
     };
     for (const Problem& p : kProblems) {
         const Plan plan = solve(p);
         expectSound(p, plan);
         EXPECT_LE(plan.bought, plan.leastBought + 6000) << "one bar at most above the bound";
+        // Of the bars of 6000 no two would do with one of 12000.
+        std::vector<double> filled;
+        for (const Bar& bar : plan.bars) {
+            double sum = 2 * p.trim - p.sawCut;
+            for (const Cut& cut : bar.cuts) sum += cut.length + p.sawCut;
+            if (!bar.leftOver && bar.length == 6000)
+                filled.insert(filled.end(), static_cast<std::size_t>(bar.count), sum);
+        }
+        std::ranges::sort(filled);
+        if (p.stock.size() > 1 && filled.size() > 1) {
+            EXPECT_GT(filled[0] + filled[1] - 2 * p.trim + p.sawCut, 12000);
+        }
         const Plan again = solve(p);
         ASSERT_EQ(again.bars.size(), plan.bars.size());
         for (std::size_t i = 0; i < plan.bars.size(); ++i)

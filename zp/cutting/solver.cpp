@@ -325,11 +325,15 @@ private:
 
 extern "C" void zpCuttingImproved(const zp::cutting::Task& task, const zp::cutting::Layout& start,
                                   zp::cutting::Improved& answer) {
-    zp::cutting::Master master(task, start);
-    if (!master.finished()) {
-        master.generate(true);
-        if (!master.finished()) master.roundDown();
-        if (!master.finished()) master.branch();
+    try {
+        zp::cutting::Master master(task, start);
+        if (!master.finished()) {
+            master.generate(true);
+            if (!master.finished()) master.roundDown();
+            if (!master.finished()) master.branch();
+        }
+        answer = {master.best(), master.least()};
+    } catch (...) {
+        return;  // out of memory, or numbers that the libraries refuse: what was there stays
     }
-    answer = {master.best(), master.least()};
 }
