@@ -253,7 +253,7 @@ TEST_F(MaterialListTest, APecaInABlockCountsOnceForEveryInsertion) {
     pick(0, 0, {first});
     type({L""});
     EXPECT_EQ(rows()[0].quantidade, 6);
-    EXPECT_TRUE(said(L"P1: 6 peças (era 10)."));
+    EXPECT_TRUE(said(L"P1: 6 peças (era "));
     type({L"_u"});
     EXPECT_EQ(rows()[0].quantidade, 10);
     EXPECT_EQ(rows()[0].pecas.size(), 1u);

@@ -416,7 +416,7 @@ int tieOldRows(AcDbDatabase& drawing, Book& book) {
         for (const AcDbObjectId& id : book.marcas()) {
             const AcDbObjectId peca = book.marca(id)->peca;
             const auto row = byText.find(textOf(id));
-            if (row == byText.end() || peca.isErased() || isListed(peca)) continue;
+            if (row == byText.end() || peca.isNull() || peca.isErased() || isListed(peca)) continue;
             if (peca.objectClass()->isDerivedFrom(ZpChapa::desc()) != chapas) continue;
             const bool counts = chapas && countOf(barOf(peca)) == 0
                                     ? enterChapas(peca, row->second)
