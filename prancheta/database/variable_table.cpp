@@ -93,6 +93,7 @@ std::vector<VariableInfo> variableTable() {
         point(L"LASTPOINT"),
         drawingPoint(L"LIMMAX", {420.0, 297.0, 0.0}),
         drawingPoint(L"LIMMIN", {}),
+        integer(L"LISTAAUTO", 1, 0, 1),
         real(L"LTSCALE", 1.0, kPositive),
         drawingInteger(L"LUNITS", 2, 1, 5),
         drawingInteger(L"LUPREC", 4, 0, 8),

@@ -466,7 +466,11 @@ public:
     std::optional<std::vector<AcDbObjectId>> alike(const ZpObject& peca,
                                                    const ZpObject& model) override {
         const AcDbObjectId record = recordOf(peca.objectId());
-        if (record.isNull() || member::sameSizes(peca, model)) return std::vector<AcDbObjectId>();
+        // What a command makes knows nothing of the job.
+        const bool otherGrade = Access::of(model).member != nullptr &&
+                                member::of(model).grade != member::of(peca).grade;
+        if (record.isNull() || (member::sameSizes(peca, model) && !otherGrade))
+            return std::vector<AcDbObjectId>();
         const Ids& all = Book::of(*record.database()).row(record)->pecas;
         std::vector<AcDbObjectId> others;
         std::ranges::copy_if(all, std::back_inserter(others),
@@ -603,6 +607,20 @@ AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from) {
     fresh.marca = book.freeMarca(marcaOf(from));
     fresh.tied = true;
     return add(list, fresh);
+}
+
+bool changeGrade(AcDbObjectId record, const std::wstring& grade) {
+    bool all = true;
+    const Ids pecas = Book::of(*record.database()).row(record)->pecas;
+    for (const AcDbObjectId& id : pecas) {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
+        all = all && peca.object() != nullptr;
+        if (peca.object() == nullptr) continue;
+        Member member = member::of(*peca.object());
+        member.grade = grade;
+        member::set(*peca.object(), member);
+    }
+    return all;
 }
 
 bool tieMarca(AcDbObjectId marca, AcDbObjectId peca) {

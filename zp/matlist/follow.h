@@ -36,6 +36,9 @@ void leaveRow(AcDbObjectId peca);
 /// same letters. Null when it cannot be written.
 AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from);
 
+/// The row's pieces are of this steel. False when one of them cannot be changed.
+bool changeGrade(AcDbObjectId record, const std::wstring& grade);
+
 /// A mark stands for the piece from now on. False, and nothing changed, when either is null or the
 /// mark cannot be changed.
 bool tieMarca(AcDbObjectId marca, AcDbObjectId peca);

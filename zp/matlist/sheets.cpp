@@ -103,6 +103,11 @@ std::wstring changeRow(AcDbObjectId record, const std::wstring& key, const std::
     if (column == kColumnTable.end()) return L"Este valor não pode ser editado.";
     const auto* text = std::get_if<std::wstring Linha::*>(&column->field);
     if (text == nullptr) return changeQuantidade(record, *row, value);
+    if (row->tied && *text == &Linha::material)
+        return changeGrade(record, texts::trimmed(value))
+                   ? L""
+                   : L"Nem todas as peças da linha puderam mudar de aço; veja se alguma está em "
+                     L"camada bloqueada.";
     (*row).*(*text) = texts::trimmed(value);
     return rewrite(record, *row) ? L"" : L"A linha da lista não pôde ser gravada.";
 }

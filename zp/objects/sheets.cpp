@@ -9,9 +9,11 @@
 #include "perfis/entities/zpvigas.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
+#include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/editable_medidas.h"
+#include "zp/objects/member.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/secao/labels.h"
 
@@ -23,6 +25,9 @@ using texts::withPoint;
 
 constexpr const ACHAR* kComprimento = L"comprimento";
 constexpr const ACHAR* kTipoBarra = L"tipo_barra";
+constexpr const ACHAR* kGrade = L"aco";
+/// Longest name of a steel, characters.
+constexpr std::size_t kMostGrade = 40;
 
 struct BarraRole {
     int type;
@@ -71,6 +76,7 @@ void perfilGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
         }
         s.choose(kTipoBarra, L"Tipo de barra", current, static_cast<int>(std::size(kTypes)), names);
     }
+    s.edit(kGrade, L"Aço", member::of(peca).grade.c_str(), nullptr);
     s.show(L"vista", L"Vista", kVistas[std::min<std::size_t>(p.vista, 4)]);
 }
 
@@ -125,6 +131,7 @@ std::unique_ptr<ZpObject> copyOf(const ZpObject& peca) {
     std::unique_ptr<ZpObject> copy(ZpObject::cast(peca.isA()->create()));
     if (!copy) return nullptr;
     edit::copyValues(Access::of(peca), Access::of(*copy));
+    member::set(*copy, member::of(peca));
     return copy;
 }
 
@@ -145,8 +152,20 @@ std::wstring changeType(Peca& p, const std::wstring& text) {
     return {};
 }
 
-/// The reason why not; empty when `p` has the value.
-std::wstring apply(Peca& p, const std::wstring& key, const std::wstring& text) {
+/// Empty: as the drawing's list says.
+std::wstring changeGrade(ZpObject& peca, const std::wstring& text) {
+    Member member = member::of(peca);
+    member.grade = texts::trimmed(text);
+    if (member.grade.size() > kMostGrade)
+        return L"O nome do aço pode ter até " + std::to_wstring(kMostGrade) + L" caracteres.";
+    member::set(peca, member);
+    return {};
+}
+
+/// The reason why not; empty when the piece has the value.
+std::wstring apply(ZpObject& peca, const std::wstring& key, const std::wstring& text) {
+    if (key == kGrade) return changeGrade(peca, text);
+    Peca& p = Access::of(peca);
     if (key == kTipoBarra && !p.chapa()) return changeType(p, text);
     const Medida* const medida = medidaFor(key);
     if (medida == nullptr && key != kComprimento) return L"Este valor não pode ser editado.";
@@ -215,7 +234,7 @@ private:
             if (alreadyShows(*peca.object(), key, text)) return {};
             model = copyOf(*peca.object());
             if (!model) return L"A peça não pode ser copiada.";
-            std::wstring reason = apply(Access::of(*model), key, text);
+            std::wstring reason = apply(*model, key, text);
             if (reason.empty()) reason = edit::refusalOf(*peca.object(), *model);
             if (!reason.empty()) return reason;
             if (others != nullptr && !(*others = edit::alikeOf(*peca.object(), *model))) return {};
@@ -224,6 +243,7 @@ private:
         if (edit.status() == Acad::eOnLockedLayer)
             return L"A camada da peça está bloqueada; desbloqueie-a para editar.";
         if (edit.status() != Acad::eOk) return L"A peça não pode ser alterada agora.";
+        member::set(edit.peca(), member::of(*model));
         (void)edit.remake(*model);  // a copy is of the same class
         edit.finish();
         return {};
