@@ -151,9 +151,11 @@ const PerfilCommand* commandOf(const PecaValues& peca) {
 void installPecaEditor() {
     protocol::attach(ZpObject::desc(), protocol::kEntityEditorClass, g_editor);
     zp::edit::addListener(&g_chapaKeeper);
+    zp::edit::setVistaMaker(drawVistaOf);
 }
 
 void removePecaEditor() {
+    zp::edit::setVistaMaker(nullptr);
     zp::edit::removeListener(&g_chapaKeeper);
     protocol::detach(ZpObject::desc(), protocol::kEntityEditorClass);
     protocol::retire(protocol::kEntityEditorClass);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "perfis/commands/handlers.h"
+#include "zp/objects/edit.h"
 
 namespace perfis {
 
@@ -13,5 +14,10 @@ const PerfilCommand* commandOf(const PecaValues& peca);
 /// otherwise by their rule; takes both away again.
 void installPecaEditor();
 void removePecaEditor();
+
+/// Another view of a drawn piece, as its command makes it; nothing when no command draws such a
+/// piece.
+zp::edit::DrawnVista drawVistaOf(AcDbObjectId peca, ZpObject::ZpVistas vista,
+                                 const AcGePoint3d& start, bool cotas);
 
 }  // namespace perfis

@@ -117,7 +117,10 @@ void updateList(const VistasChoice& vistas, const PecaValues& peca,
         for (const AcDbObjectId& chapa : laid.ids) zp::matlist::leaveRow(chapa);
         return;
     }
-    (void)zp::matlist::enterRow(peca.id, zp::matlist::recordOf(peca.id), vistas.pecas);
+    // The dialog asks for one at least; a further view that was left at that stays one.
+    const bool stillVista = peca.count == 0 && vistas.pecas == 1;
+    (void)zp::matlist::enterRow(peca.id, zp::matlist::recordOf(peca.id),
+                                stillVista ? 0 : vistas.pecas);
     for (std::size_t i = 0; i < laid.rows.size(); ++i)
         if (i < rows.size())
             (void)zp::matlist::enterChapas(laid.rows[i].chapa, rows[i]);

@@ -19,8 +19,8 @@ namespace perfis {
 int rebuildPeca(const PerfilDescription& description, const RunState& state, const PecaValues& peca,
                 const ChapaLaying& layChapas, double shownPitch);
 
-/// Other drawings of the member that are to change with the piece, as the user is asked; nothing when
-/// he gives up.
+/// Other drawings of the member that are to change with the piece, as the user is asked; nothing
+/// when he gives up.
 std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription& description,
                                                         const RunState& state,
                                                         const PecaValues& peca);

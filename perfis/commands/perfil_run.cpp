@@ -146,7 +146,7 @@ void PerfilRun::takeVista(const PecaValues& peca) {
     VistasChoice& vistas = m_state.vistas;
     vistas.secaoOnly = peca.vista == ZpObject::kVistaSecao;
     vistas.materialList = peca.listed;
-    vistas.pecas = peca.listed ? peca.count : 0;
+    vistas.pecas = peca.listed ? std::max(1, peca.count) : 0;
     if (!vistas.secaoOnly) vistas.vista = figureOf(m_description, peca.vista, peca.giro);
 }
 

@@ -13,6 +13,7 @@
 #include "perfis/dialogs/dialog_loop.h"
 #include "perfis/dialogs/tiles.h"
 #include "perfis/output/chapas.h"
+#include "zp/objects/edit.h"
 
 namespace perfis {
 
@@ -31,6 +32,9 @@ public:
     /// in its place. RTNORM; RTCAN, and nothing changed, when the dialog was left; RTERROR when it
     /// could not be opened or the piece could not be changed.
     int edit(const PecaValues& peca);
+    /// Draws another view of a piece that this command makes, along X from `start`.
+    zp::edit::DrawnVista drawVista(const PecaValues& peca, ZpObject::ZpVistas vista,
+                                   const AcGePoint3d& start, bool cotas);
     /// Lays the plates of a laced piece again as its values now ask.
     void layAgain(const PecaValues& peca);
     /// True when its plates could be laid again.

@@ -12,6 +12,7 @@
 #include "zp/matlist/resumo.h"
 #include "zp/matlist/sheets.h"
 #include "zp/matlist/table.h"
+#include "zp/matlist/vistas_command.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace {
@@ -25,6 +26,7 @@ struct Command {
 constexpr Command kCommands[] = {
     {zp::matlist::kListCommand, zp::matlist::materialListCommand},
     {L"MARCAS", zp::matlist::marcasCommand},
+    {L"VISTAS", zp::matlist::vistasCommand},
     {zp::matlist::kPlanCommand, zp::matlist::cuttingPlanCommand},
     {zp::matlist::kSummaryCommand, zp::matlist::summaryCommand},
 };

@@ -45,6 +45,14 @@ bool sameRow(const Linha& a, const Linha& b) {
            a.pesoTotal == b.pesoTotal && a.areaPintura == b.areaPintura;
 }
 
+/// Seen along its bar a plate does not show all of its sizes.
+bool chapaInSecao(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+    if (chapa.object() == nullptr) return false;
+    const AcDbObjectPointer<ZpObject> bar(edit::ownerOf(*chapa.object()), AcDb::kForRead);
+    return bar.object() != nullptr && bar->vista() == ZpObject::kVistaSecao;
+}
+
 /// What one command did to the lists of one drawing, followed.
 class Followed {
 public:
@@ -154,13 +162,13 @@ void Followed::partRows() {
         const Ids& all = m_book.row(row)->pecas;
         if (all.size() < 2) continue;
         // One that was not touched says what the row is, else the oldest.
-        const auto clean =
-            std::ranges::find_if(all, [&](AcDbObjectId id) { return !m_pecas.contains(id); });
+        const auto clean = std::ranges::find_if(
+            all, [&](AcDbObjectId id) { return !m_pecas.contains(id) && !chapaInSecao(id); });
         const AcDbObjectId reference = clean != all.end() ? *clean : *all.begin();
         const AcDbObjectPointer<ZpObject> model(reference, AcDb::kForRead);
         if (model.object() == nullptr) continue;
         for (const AcDbObjectId& id : changed) {
-            if (id == reference) continue;
+            if (id == reference || chapaInSecao(id)) continue;
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
             if (peca.object() != nullptr && !member::same(*model.object(), *peca.object()))
                 m_leaving.emplace(id, row);

@@ -17,6 +17,8 @@ constexpr double kSamePoint = 1e-6;
 /// How near two values are to be one, over their size.
 constexpr double kSameValue = 1e-9;
 
+VistaMaker g_vistaMaker = nullptr;
+
 std::vector<Listener*>& listeners() {
     static std::vector<Listener*> all;
     return all;
@@ -236,6 +238,10 @@ std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpO
     }
     return all;
 }
+
+void setVistaMaker(VistaMaker maker) { g_vistaMaker = maker; }
+
+VistaMaker vistaMaker() { return g_vistaMaker; }
 
 void addListener(Listener* listener) { listeners().push_back(listener); }
 

@@ -118,6 +118,19 @@ public:
 std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpObject& model);
 /// What the first listener that refuses says; empty when none does.
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model);
+/// Another view of a piece: the piece, its plates and dimensions; ids are null where none was made.
+struct DrawnVista {
+    AcDbObjectId peca;
+    std::vector<AcDbObjectId> chapas;
+    std::vector<AcDbObjectId> cotas;
+};
+/// Draws a piece as it is seen from elsewhere, along X from `start`, dimensioned when `cotas` is set.
+using VistaMaker = DrawnVista (*)(AcDbObjectId peca, ZpObject::ZpVistas vista,
+                                  const AcGePoint3d& start, bool cotas);
+/// The module that draws pieces puts it here; null: nobody draws.
+void setVistaMaker(VistaMaker maker);
+VistaMaker vistaMaker();
+
 /// The listener belongs to the caller, who takes it away before it goes.
 void addListener(Listener* listener);
 void removeListener(Listener* listener);
