@@ -106,8 +106,8 @@ public:
         (void)peca, (void)model;
         return {};
     }
-    /// Others that become what `model` makes of `peca`, open for read, as the user is asked; nothing
-    /// when he gives up, and then nothing is to change.
+    /// Others that become what `model` makes of `peca`, open for read, as the user is asked;
+    /// nothing when he gives up, and then nothing is to change.
     virtual std::optional<std::vector<AcDbObjectId>> alike(const ZpObject& peca,
                                                            const ZpObject& model) {
         (void)peca, (void)model;
@@ -124,7 +124,8 @@ struct DrawnVista {
     std::vector<AcDbObjectId> chapas;
     std::vector<AcDbObjectId> cotas;
 };
-/// Draws a piece as it is seen from elsewhere, along X from `start`, dimensioned when `cotas` is set.
+/// Draws a piece as it is seen from elsewhere, along X from `start`, dimensioned when `cotas` is
+/// set.
 using VistaMaker = DrawnVista (*)(AcDbObjectId peca, ZpObject::ZpVistas vista,
                                   const AcGePoint3d& start, bool cotas);
 /// The module that draws pieces puts it here; null: nobody draws.
