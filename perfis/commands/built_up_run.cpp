@@ -9,6 +9,7 @@
 #include "perfis/dialogs/tiles.h"
 #include "perfis/dialogs/travejamento.h"
 #include "texts/number.h"
+#include "zp/objects/member.h"
 
 namespace perfis {
 namespace {
@@ -37,7 +38,7 @@ protected:
     ChapaLaying chapaLaying() override;
     bool travejamentoSuits() override { return isTravejada() && chapaFits(); }
     void takePeca(const PecaValues& peca) override;
-    double shownPitch(const PecaValues& peca) const override { return chapaPitch(peca); }
+    bool laysAgain() const override { return m_asked; }
     bool reopensAfter(int status) const override {
         return status == kDialogReopen || status == kDialogReopenAtOnce;
     }
@@ -55,6 +56,7 @@ private:
     double m_C = 0.0;  ///< plate width along the member
     double m_L1 = 0.0;
     std::optional<PecaTravejamento> m_kept;  ///< of a piece that stands, until it is edited
+    bool m_asked = false;                    ///< the user left the lacing dialog with OK
     TravejamentoPlanes m_planes = TravejamentoPlanes::kBoth;
 };
 
@@ -95,11 +97,15 @@ void BuiltUpRun::onTravejamento(const ads_callback_packet& packet) {
     params.A = userAltura ? m_A : medidas.a;
     params.C = m_C;
     // The stored spacing is made to fit the length even when the dialog is then left by Cancel.
-    CalcPartes(params, vistas.comprimento, m_L1);
+    if (m_kept)
+        params.n = m_kept->chapas.n;
+    else
+        CalcPartes(params, vistas.comprimento, m_L1);
     if (EditTravejamento(params, limits) == 0) return;
     m_A = userAltura ? params.A : medidas.a;
     m_C = params.C;
     m_kept.reset();
+    m_asked = true;
     (void)CalcEspacamento(params, vistas.comprimento, m_L1);
 }
 
@@ -126,6 +132,9 @@ std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
     keepSpacing();
     if (lacksComprimento()) return kLacksComprimento;
     if (!isTravejada()) {
+        const double comprimento = state().vistas.comprimento;
+        if (m_kept && !state().vistas.secaoOnly && comprimento < m_kept->comprimento)
+            return Fault{tooManyParts(*m_kept, comprimento), kTravejamentoTile};
         const bool noRoom = description().wrong(state().medidas) == &Medidas::a;
         return Fault{kInvalidTravejamento, noRoom ? L"a" : kTravejamentoTile};
     }
@@ -136,15 +145,14 @@ std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
 }
 
 LaidChapas BuiltUpRun::layChapas(ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply) {
-    return m_rule.layChapas({peca,
-                             point,
-                             chosenVista(state().vistas),
-                             state().medidas,
-                             m_C,
-                             m_A,
-                             {state().vistas.comprimento, m_L1},
-                             m_planes,
-                             supply});
+    const ChapaSpacing spacing{state().vistas.comprimento, m_L1};
+    const int planes = m_rule.choosesPlanes ? static_cast<int>(m_planes) : 0;
+    zp::member::lace(peca, lacingFor(m_A, m_C, spacing, planes));
+    ZpObject::ZpVistas vista = chosenVista(state().vistas);
+    if (m_rule.sides == SidesDrawn::kAboveAndRight)
+        vista = static_cast<ZpObject::ZpVistas>(drawnSide(vista));
+    return m_rule.layChapas(
+        {peca, point, vista, state().medidas, m_C, m_A, spacing, m_planes, supply});
 }
 
 void BuiltUpRun::takePeca(const PecaValues& peca) {
@@ -160,7 +168,8 @@ void BuiltUpRun::takePeca(const PecaValues& peca) {
 }
 
 ChapaLaying BuiltUpRun::chapaLaying() {
-    if (m_rule.sides == SidesDrawn::kAboveAndRight)
+    // A piece that is seen from below or from the left, as a further view, stays so.
+    if (m_rule.sides == SidesDrawn::kAboveAndRight && state().vistas.vista != takenVista())
         state().vistas.vista = drawnSide(state().vistas.vista);
     if (m_A <= 0.0) return nullptr;
     return [this](ZpObject& peca, const AcGePoint3d& point, ChapaSupply& supply) {

@@ -9,7 +9,9 @@
 #include "perfis/commands/peca_values.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
+#include "zp/objects/each_entity.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/member.h"
 
 namespace perfis {
 namespace {
@@ -67,27 +69,37 @@ private:
     }
 };
 
-/// What a member with these limit points measures along its axis.
-double comprimentoBetween(const ZpObject& peca, const zp::edit::Faces& limits) {
-    AcGePoint3d start;
-    AcGePoint3d end;
-    (void)peca.StartPoint(start);
-    (void)peca.EndPoint(end);
-    const AcGeVector3d axis = (end - start).normal();
-    double least = 0.0;
-    double most = 0.0;
-    for (const AcGePoint3d& point : limits.f) {
-        const double along = (point - start).dotProduct(axis);
-        least = std::min(least, along);
-        most = std::max(most, along);
-    }
-    return most - least;
-}
-
 /// True when the command of such a piece would lay its plates.
 bool chapasHold(const PecaValues& peca) {
     const PerfilCommand* const command = commandOf(peca);
     return command != nullptr && newRun(*command)->chapasHold(peca);
+}
+
+bool isTravejada(const ZpObject& peca) {
+    return zp::member::of(peca).lacing.n > 0 || !zp::edit::chapasOf(peca).empty();
+}
+
+/// Why a piece with locked plates may not change like this; empty when it may.
+std::wstring lockedFault(const PecaValues& before, const PecaValues& after) {
+    if (!hasLockedChapa(before)) return {};
+    const PerfilCommand& command = *commandOf(after);
+    const bool same = sameChapas(newRun(command)->ruled(before), newRun(command)->ruled(after));
+    return same ? L"" : kLockedChapas;
+}
+
+/// The lacing that a piece of another time has, read from its plates.
+zp::Lacing readLacing(AcDbObjectId id) {
+    PecaValues values;
+    {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        if (peca.object() == nullptr || zp::member::of(*peca.object()).lacing.n > 0 ||
+            zp::edit::chapasOf(*peca.object()).empty())
+            return {};
+        values = valuesOf(*peca.object());
+    }
+    const PerfilCommand* const command = commandOf(values);
+    if (command == nullptr) return {};
+    return zp::member::of(*newRun(*command)->ruled(values).peca).lacing;
 }
 
 /// Members whose values are changed one by one keep the rule of their plates.
@@ -99,8 +111,9 @@ public:
         try {
             PecaValues values = valuesOf(peca);
             if (!chapasHold(values)) return {};
+            const PecaValues before = values;
             takeChanges(changed, values);
-            if (chapasHold(values)) return {};
+            if (chapasHold(values)) return lockedFault(before, values);
         } catch (const std::exception&) {
             reportNoMemory();
             return {};
@@ -108,21 +121,23 @@ public:
         return L"As chapas de travejamento não cabem com este valor; mude antes o travejamento "
                L"(EDITAPERFIL).";
     }
-    void edited(AcDbObjectId id, const zp::edit::Faces& before) override {
+    void edited(AcDbObjectId id, const zp::edit::Former& before) override {
         if (g_layingChapas) return;
         PecaValues values;
         {
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-            if (peca.openStatus() != Acad::eOk || zp::edit::chapasOf(*peca.object()).empty())
-                return;
+            if (peca.openStatus() != Acad::eOk || !isTravejada(*peca.object())) return;
             values = valuesOf(*peca.object());
-            values.comprimentoTravejado = comprimentoBetween(*peca.object(), before);
+            values.comprimentoTravejado = before.comprimento;
         }
         const PerfilCommand* const command = commandOf(values);
         if (command == nullptr) return;
+        PecaValues was = values;
+        was.values = before.values;
+        was.comprimento = before.comprimento;
         const LayingChapas laying;
         try {
-            newRun(*command)->layAgain(values);
+            newRun(*command)->layAgain(was, values);
         } catch (const std::exception&) {
             reportNoMemory();
         }
@@ -146,6 +161,21 @@ const PerfilCommand* commandOf(const PecaValues& peca) {
             return &row.command;
     }
     return general;
+}
+
+void keepTravejamentos(AcDbDatabase& drawing) {
+    zp::eachEntity(drawing, [](AcDbObjectId id) {
+        const AcRxClass* const kind = id.objectClass();
+        if (kind == nullptr || !kind->isDerivedFrom(ZpObject::desc()) ||
+            kind->isDerivedFrom(ZpChapa::desc()))
+            return;
+        const zp::Lacing lacing = readLacing(id);
+        if (lacing.n == 0) return;
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
+        if (peca.object() == nullptr) return;
+        zp::member::lace(*peca.object(), lacing);
+        zp::edit::learnChapas(*peca.object());
+    });
 }
 
 void installPecaEditor() {

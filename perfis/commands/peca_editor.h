@@ -10,6 +10,9 @@ namespace perfis {
 /// The command whose dialog makes pieces with these values; null when there is none.
 const PerfilCommand* commandOf(const PecaValues& peca);
 
+/// Pieces of a drawing from before they knew their lacing read it from their plates.
+void keepTravejamentos(AcDbDatabase& drawing);
+
 /// Attaches the editor to the class of all pieces and keeps the plates of members that are changed
 /// otherwise by their rule; takes both away again.
 void installPecaEditor();

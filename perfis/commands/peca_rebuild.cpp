@@ -3,19 +3,21 @@
 #include "perfis/commands/peca_rebuild.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "acutads.h"
 #include "adscodes.h"
 #include "perfis/commands/perfil_generator.h"
-#include "perfis/commands/travejamento_values.h"
 #include "perfis/output/shared_cota.h"
 #include "zp/matlist/follow.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/member.h"
 
 namespace perfis {
 namespace {
 
 using zp::edit::Edit;
+using zp::secao::Role;
 
 /// Takes the member's plates one by one before it makes new ones, so that marks, links and handles
 /// stay.
@@ -39,40 +41,103 @@ private:
     std::size_t m_next = 0;
 };
 
-/// Counts and measures without drawing.
-class NoChapas : public ChapaSupply {
+/// Keeps the plates out of the drawing.
+class KeptChapas : public ChapaSupply {
 public:
-    AcDbObjectId place(ZpObject&, std::unique_ptr<ZpChapa>) override { return {}; }
+    explicit KeptChapas(std::vector<std::unique_ptr<ZpChapa>>& chapas) : m_chapas(chapas) {}
+    AcDbObjectId place(ZpObject&, std::unique_ptr<ZpChapa> chapa) override {
+        m_chapas.push_back(std::move(chapa));
+        return {};
+    }
+
+private:
+    std::vector<std::unique_ptr<ZpChapa>>& m_chapas;
 };
 
-AcGePoint3d startOf(const ZpObject& peca) {
-    AcGePoint3d start;
-    (void)peca.StartPoint(start);
-    return start;
+/// Plates nearer to one another than this stand in one place, mm.
+constexpr double kSamePlace = 1e-4;
+
+bool near(double a, double b) { return std::abs(a - b) <= kSamePlace; }
+
+/// The picture of a plate of a rule, from the start of its piece.
+zp::secao::Bounds pictureOf(const ZpChapa& chapa, const AcGePoint3d& start) {
+    zp::secao::Bounds bounds;
+    for (const AcGePoint3d& corner : zp::edit::facesOf(chapa).f)
+        bounds.include(corner.x - start.x, corner.y - start.y);
+    return bounds;
+}
+
+bool samePlace(const zp::secao::Bounds& a, const zp::secao::Bounds& b) {
+    return near(a.x0, b.x0) && near(a.y0, b.y0) && near(a.x1, b.x1) && near(a.y1, b.y1);
+}
+
+/// Plates of the piece that do not stand where the rule puts one.
+std::size_t movedChapas(const PecaValues& peca, const RuledPeca& rule) {
+    std::vector<zp::secao::Bounds> places;
+    for (const auto& chapa : rule.chapas) places.push_back(pictureOf(*chapa, peca.start));
+    std::ranges::sort(places, {}, &zp::secao::Bounds::x0);
+    return static_cast<std::size_t>(
+        std::ranges::count_if(peca.chapas, [&](const ChapaValues& chapa) {
+            auto place = std::ranges::lower_bound(places, chapa.picture.x0 - kSamePlace, {},
+                                                  &zp::secao::Bounds::x0);
+            while (place != places.end() && place->x0 <= chapa.picture.x0 + kSamePlace &&
+                   !samePlace(*place, chapa.picture))
+                ++place;
+            return place == places.end() || !samePlace(*place, chapa.picture);
+        }));
+}
+
+/// "1 que tinha sido movida e 2 apagadas voltam ao lugar da regra", behind what is laid.
+void sayLaid(const PecaEdit& edit, std::size_t laid) {
+    const std::size_t ruled = edit.before.chapas.size();
+    const std::size_t standing = edit.peca.chapas.size();
+    if (ruled == 0 || laid == 0) return;
+    std::wstring text =
+        L"\nTravejamento refeito: " + std::to_wstring(laid) + (laid == 1 ? L" chapa" : L" chapas");
+    const std::size_t moved = movedChapas(edit.peca, edit.before);
+    const std::size_t erased = ruled > standing ? ruled - standing : 0;
+    if (standing > 0) {
+        if (moved + erased == 0) return;
+        text += L"; ";
+        if (moved > 0)
+            text += std::to_wstring(moved) +
+                    (moved == 1 ? L" que tinha sido movida" : L" que tinham sido movidas");
+        if (moved > 0 && erased > 0) text += L" e ";
+        if (erased > 0)
+            text += std::to_wstring(erased) + (erased == 1 ? L" apagada" : L" apagadas");
+        text += moved + erased == 1 ? L" volta" : L" voltam";
+        text += L" ao lugar da regra";
+    }
+    (void)acutPrintf(L"%ls.\n", text.c_str());
+}
+
+bool laysAgain(const PecaEdit& edit, const RuledPeca& after) {
+    return edit.laysAgain || edit.peca.chapas.empty() || !sameChapas(edit.before, after);
 }
 
 /// The piece as the command makes it, at its start and along X.
 std::unique_ptr<ZpObject> makeModel(const PerfilDescription& description, const RunState& state,
-                                    const PecaValues& peca, AcGePoint3d start) {
+                                    const PecaValues& peca) {
+    AcGePoint3d start = peca.start;
     const PecaRequest request = requestFor(state, chosenVista(state.vistas));
     const AcGePoint3d end = start + AcGeVector3d::kXAxis * state.vistas.comprimento;
     const bool between = peca.twoPoints && !state.vistas.secaoOnly;
     std::unique_ptr<ZpObject> model = between ? makeBetween(description, start, end, request)
                                               : makeAtPoint(description, start, request);
+    // A figure of the dialog may show the body turned; one that was not chosen anew turns nothing.
+    const bool sameVista =
+        request.vista == peca.vista ||
+        (!state.vistas.secaoOnly &&
+         state.vistas.vista == figureOf(description, peca.vista, peca.giro));
+    zp::secao::RoleValues values = zp::edit::valuesOf(*model);
+    if (sameVista && !between && (model->vista() != peca.vista || values[Role::Giro] != peca.giro)) {
+        values[Role::Giro] = peca.giro;
+        values[Role::L] = model->getComprimentoReal();
+        model = description.pecas.atPoint(start, peca.vista, values);
+    }
     (void)model->settipoBarra(static_cast<ZpObject::TipoBarra>(state.tipoBarra));
     if (description.finish != nullptr) description.finish(*model, request);
     return model;
-}
-
-/// What the command remembers of the piece as it was.
-RunState stateBefore(const PerfilDescription& description, const RunState& state,
-                     const PecaValues& peca) {
-    RunState before = state;
-    before.medidas = medidasOf(description, peca.values);
-    before.vistas.secaoOnly = peca.vista == ZpObject::kVistaSecao;
-    before.vistas.vista = peca.vista;
-    before.vistas.comprimento = peca.comprimento;
-    return before;
 }
 
 zp::edit::Cota inPeca(const CotaLine& line, const AcGePoint3d& start) {
@@ -107,9 +172,29 @@ std::vector<AcDbObjectId> rowsOfChapas(const PecaValues& peca) {
     return rows;
 }
 
+/// Plates that were left as they are, by the rows that the list would have of them.
+LaidChapas standing(const PecaValues& peca) {
+    LaidChapas chapas;
+    std::vector<ZpObject::ZpVistas> vistas;
+    for (const ChapaValues& chapa : peca.chapas) {
+        chapas.ids.push_back(chapa.id);
+        const auto row = std::ranges::find(vistas, chapa.vista) - vistas.begin();
+        if (row == std::ssize(vistas)) {
+            vistas.push_back(chapa.vista);
+            chapas.rows.push_back({chapa.id, 0, {}});
+        }
+        ChapaRow& listed = chapas.rows[static_cast<std::size_t>(row)];
+        if (++listed.count == 2) listed.chapa = chapa.id;  // as if they were laid
+    }
+    return chapas;
+}
+
+/// What is done with the plates of a piece.
+enum class Chapas { Stay, LaidAgain };
+
 /// The rows of a piece that is in the list; `rows` are those of its plates before the change.
 void updateList(const VistasChoice& vistas, const PecaValues& peca,
-                const std::vector<AcDbObjectId>& rows, LaidChapas& laid) {
+                const std::vector<AcDbObjectId>& rows, Chapas what, LaidChapas& laid) {
     // A section is not entered, but one that is there stays.
     const bool allowed = !vistas.secaoOnly || peca.vista == ZpObject::kVistaSecao;
     if (!vistas.materialList || !allowed) {
@@ -121,6 +206,7 @@ void updateList(const VistasChoice& vistas, const PecaValues& peca,
     const bool stillVista = peca.count == 0 && vistas.pecas == 1;
     (void)zp::matlist::enterRow(peca.id, zp::matlist::recordOf(peca.id),
                                 stillVista ? 0 : vistas.pecas);
+    if (what == Chapas::Stay) return;
     for (std::size_t i = 0; i < laid.rows.size(); ++i)
         if (i < rows.size())
             (void)zp::matlist::enterChapas(laid.rows[i].chapa, rows[i]);
@@ -134,44 +220,78 @@ void reportUnchanged(Acad::ErrorStatus status) {
                          : L"\nA peça não pode ser alterada agora.\n");
 }
 
+/// The plates that stand are used first, those that are too many go.
+LaidChapas layAll(Edit& edit, const PecaEdit& asked, const AcGePoint3d& start) {
+    LaidChapas laid;
+    ReusedChapas supply(edit);
+    if (asked.layChapas) laid = asked.layChapas(edit.peca(), start, supply);
+    supply.eraseRest();
+    return laid;
+}
+
 }  // namespace
 
-int rebuildPeca(const PerfilDescription& description, const RunState& state, const PecaValues& peca,
-                const ChapaLaying& layChapas, double shownPitch) {
+RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
+                    const PecaValues& peca, const ChapaLaying& layChapas) {
+    RuledPeca rule{state, makeModel(description, state, peca), {}, 0.0};
+    KeptChapas supply(rule.chapas);
+    if (layChapas) rule.pitch = layChapas(*rule.peca, peca.start, supply).pitch;
+    return rule;
+}
+
+bool sameChapas(const RuledPeca& a, const RuledPeca& b) {
+    return std::ranges::equal(a.chapas, b.chapas, [](const auto& x, const auto& y) {
+        return x->vista() == y->vista() && near(x->getLargura(), y->getLargura()) &&
+               near(x->getEspessura(), y->getEspessura()) &&
+               near(x->getComprimentoReal(), y->getComprimentoReal()) &&
+               samePlace(pictureOf(*x, AcGePoint3d::kOrigin), pictureOf(*y, AcGePoint3d::kOrigin));
+    });
+}
+
+bool hasLockedChapa(const PecaValues& peca) {
+    return std::ranges::any_of(
+        peca.chapas, [](const ChapaValues& chapa) { return zp::edit::onLockedLayer(chapa.id); });
+}
+
+int rebuildPeca(const PerfilDescription& description, const RunState& state,
+                const PecaEdit& asked) {
+    const PecaValues& peca = asked.peca;
     const std::vector<AcDbObjectId> rows = rowsOfChapas(peca);
+    const RuledPeca after = ruledPeca(description, state, peca, asked.layChapas);
+    const Chapas what = laysAgain(asked, after) ? Chapas::LaidAgain : Chapas::Stay;
+    if (what == Chapas::LaidAgain && hasLockedChapa(peca)) {
+        (void)acutPrintf(L"\n%ls\n", kLockedChapas);
+        return RTERROR;
+    }
     Edit edit(peca.id);
     if (edit.status() != Acad::eOk) {
         reportUnchanged(edit.status());
         return RTERROR;
     }
-    const AcGePoint3d start = startOf(edit.peca());
-    const RunState before = stateBefore(description, state, peca);
-    const std::unique_ptr<ZpObject> model = makeModel(description, state, peca, start);
     // Another row of a catalogue is another section; else values that no tile shows stay.
-    if (state.medidas.m == before.medidas.m)
-        zp::edit::keepOwnValues(edit.peca(), *makeModel(description, before, peca, start), *model);
-    NoChapas none;
-    const double pitch = layChapas ? layChapas(*model, start, none).pitch : 0.0;
-    const ChangedCotas cotas = compare(layOutCotas(description, before, edit.peca(), shownPitch),
-                                       layOutCotas(description, state, *model, pitch), start);
+    if (state.medidas.m == asked.before.state.medidas.m)
+        zp::edit::keepOwnValues(edit.peca(), *asked.before.peca, *after.peca);
+    const ChangedCotas cotas =
+        compare(layOutCotas(description, asked.before.state, edit.peca(), asked.before.pitch),
+                layOutCotas(description, state, *after.peca, after.pitch), peca.start);
     const bool wanted = sharedCotaFlag() != 0;
-    const bool again = !peca.hasCotas || cotas.otherOnes || model->vista() != peca.vista;
+    const bool again = !peca.hasCotas || cotas.otherOnes || after.peca->vista() != peca.vista;
     if (!wanted || again)
         for (const AcDbObjectId& id : zp::edit::cotasOf(edit.peca())) edit.eraseLinked(id);
 
-    (void)edit.remake(*model, cotas.moved);  // the command makes pieces of one class
-    LaidChapas laid;
-    ReusedChapas supply(edit);
-    if (layChapas) laid = layChapas(edit.peca(), start, supply);
-    supply.eraseRest();
+    (void)edit.remake(*after.peca, cotas.moved);  // the command makes pieces of one class
+    LaidChapas laid = what == Chapas::Stay ? standing(peca) : layAll(edit, asked, peca.start);
+    laid.pitch = after.pitch;
+    if (what == Chapas::LaidAgain) sayLaid(asked, laid.ids.size());
+    zp::member::lace(edit.peca(), zp::member::of(*after.peca).lacing);
     if (wanted && again) (void)cotaPeca(description, state, edit.peca(), laid);
     edit.finish();
 
     Companions companions;
     if (peca.listed)
-        updateList(state.vistas, peca, rows, laid);
+        updateList(state.vistas, peca, rows, what, laid);
     else
-        enterInMaterialList(state.vistas, start, peca.id, laid, companions);
+        enterInMaterialList(state.vistas, peca.start, peca.id, laid, companions);
     return RTNORM;
 }
 
@@ -180,31 +300,32 @@ std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription&
                                                         const PecaValues& peca) {
     const AcDbObjectPointer<ZpObject> standing(peca.id, AcDb::kForRead);
     if (standing.openStatus() != Acad::eOk) return std::vector<AcDbObjectId>();
-    const AcGePoint3d start = startOf(*standing.object());
-    const std::unique_ptr<ZpObject> model = makeModel(description, state, peca, start);
+    const std::unique_ptr<ZpObject> model = makeModel(description, state, peca);
     return zp::edit::alikeOf(*standing.object(), *model);
 }
 
 void layChapasAgain(const PerfilDescription& description, const RunState& state,
-                    const PecaValues& peca, const ChapaLaying& layChapas) {
+                    const PecaEdit& asked) {
+    const PecaValues& peca = asked.peca;
     const std::vector<AcDbObjectId> rows = rowsOfChapas(peca);
+    const RuledPeca after = ruledPeca(description, state, peca, asked.layChapas);
+    const bool lays = !peca.chapas.empty() && laysAgain(asked, after);
+    if (!lays && zp::member::of(*after.peca).lacing == peca.lacing) return;
     Edit edit(peca.id);
     if (edit.status() != Acad::eOk) return;
-    const AcGePoint3d start = startOf(edit.peca());
-    const double pitchBefore = chapaPitch(peca);
-    LaidChapas laid;
-    ReusedChapas supply(edit);
-    if (layChapas) laid = layChapas(edit.peca(), start, supply);
-    supply.eraseRest();
+    zp::member::lace(edit.peca(), zp::member::of(*after.peca).lacing);
+    if (!lays) return;
+    LaidChapas laid = layAll(edit, asked, peca.start);
+    sayLaid(asked, laid.ids.size());
     // The piece itself is as it is to be; the dimension of the pitch goes with the plates.
     if (laid.pitch > 0.0) {
         const ChangedCotas cotas =
-            compare(layOutCotas(description, state, edit.peca(), pitchBefore),
-                    layOutCotas(description, state, edit.peca(), laid.pitch), start);
+            compare(layOutCotas(description, state, edit.peca(), asked.before.pitch),
+                    layOutCotas(description, state, edit.peca(), laid.pitch), peca.start);
         (void)edit.remake(edit.peca(), cotas.moved);  // of its own class
     }
     edit.finish();
-    if (peca.listed) updateList(state.vistas, peca, rows, laid);
+    if (peca.listed) updateList(state.vistas, peca, rows, Chapas::LaidAgain, laid);
 }
 
 }  // namespace perfis

@@ -12,12 +12,38 @@
 
 namespace perfis {
 
+/// A piece as its command's rule makes it, at its start and along X, in no drawing.
+struct RuledPeca {
+    RunState state;                  ///< of the command that makes it
+    std::unique_ptr<ZpObject> peca;  ///< knows its lacing
+    std::vector<std::unique_ptr<ZpChapa>> chapas;
+    double pitch = 0.0;  ///< of its plates, as its dimensions show it
+};
+RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
+                    const PecaValues& peca, const ChapaLaying& layChapas);
+
+/// True when both have the same plates in the same places.
+bool sameChapas(const RuledPeca& a, const RuledPeca& b);
+/// True when one of the piece's plates lies on a locked layer.
+bool hasLockedChapa(const PecaValues& peca);
+
+inline constexpr const wchar_t* kLockedChapas =
+    L"As chapas de travejamento estão em camada bloqueada; desbloqueie-a para editar a peça.";
+
+/// One change of a piece that stands.
+struct PecaEdit {
+    const PecaValues& peca;
+    const RuledPeca& before;       ///< by the values that it had
+    const ChapaLaying& layChapas;  ///< by those that it gets; null for no plates
+    bool laysAgain;                ///< even where the plates would be the same
+};
+
 /// Rebuilds the piece in its place: same entity, start, direction and layer. Its plates are laid
-/// again, its dimensions follow, its rows of the material list tell of the new values. `shownPitch`
-/// is the pitch of its plates as its dimensions have it, 0 when they do not. RTNORM; RTERROR, and
-/// nothing changed, when the piece cannot be changed, which is said on the command line.
-int rebuildPeca(const PerfilDescription& description, const RunState& state, const PecaValues& peca,
-                const ChapaLaying& layChapas, double shownPitch);
+/// again when the rule asks for other ones or none stands, else they stay as the user left them;
+/// its dimensions follow, its rows of the material list tell of the new values. RTNORM; RTERROR,
+/// and nothing changed, when the piece or a plate that would change cannot be changed, which is
+/// said on the command line.
+int rebuildPeca(const PerfilDescription& description, const RunState& state, const PecaEdit& edit);
 
 /// Other drawings of the member that are to change with the piece, as the user is asked; nothing
 /// when he gives up.
@@ -25,8 +51,9 @@ std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription&
                                                         const RunState& state,
                                                         const PecaValues& peca);
 
-/// Lays the plates of a piece again, and moves the dimension of their pitch along.
+/// Of a piece that has its values already: lays its plates again when the rule asks for other
+/// ones, and moves the dimension of their pitch along.
 void layChapasAgain(const PerfilDescription& description, const RunState& state,
-                    const PecaValues& peca, const ChapaLaying& layChapas);
+                    const PecaEdit& edit);
 
 }  // namespace perfis

@@ -6,11 +6,21 @@
 #include "perfis/entities/zpvigas.h"
 #include "zp/matlist/follow.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/member.h"
 
 namespace perfis {
 namespace {
 
 using zp::secao::Role;
+
+zp::secao::Bounds pictureIn(const AcGeMatrix3d& frame, const ZpObject& peca) {
+    zp::secao::Bounds bounds;
+    for (AcGePoint3d corner : zp::edit::facesOf(peca).f) {
+        corner.transformBy(frame);
+        bounds.include(corner.x, corner.y);
+    }
+    return bounds;
+}
 
 std::vector<ChapaValues> chapasOf(const ZpObject& peca) {
     AcGeMatrix3d toPeca;
@@ -24,7 +34,8 @@ std::vector<ChapaValues> chapasOf(const ZpObject& peca) {
         (void)chapa->StartPoint(start);
         start.transformBy(toPeca);
         chapas.push_back({id, start.x, start.y, chapa->vista(), chapa->getLargura(),
-                          chapa->getEspessura(), chapa->getComprimentoReal()});
+                          chapa->getEspessura(), chapa->getComprimentoReal(),
+                          pictureIn(toPeca, *chapa.object())});
     }
     return chapas;
 }
@@ -56,6 +67,8 @@ PecaValues valuesOf(const ZpObject& peca) {
     p.hasCotas = !zp::edit::cotasOf(peca).empty();
     p.listed = zp::matlist::isListed(p.id);
     p.count = zp::matlist::countOf(p.id);
+    (void)peca.StartPoint(p.start);
+    p.lacing = zp::member::of(peca).lacing;
     p.chapas = chapasOf(peca);
     return p;
 }

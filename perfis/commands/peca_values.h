@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "perfis/entities/zpobject.h"
+#include "zp/objects/peca.h"
 #include "zp/objects/secao/kinds.h"
 
 namespace perfis {
@@ -18,6 +19,7 @@ struct ChapaValues {
     double d1 = 0.0;
     double d2 = 0.0;
     double d3 = 0.0;
+    zp::secao::Bounds picture;
 };
 
 struct PecaValues {
@@ -35,6 +37,8 @@ struct PecaValues {
     bool hasCotas = false;  ///< has dimensions tied to it
     bool listed = false;    ///< in the material list
     int count = 1;          ///< members that it counts for there; 0: a further view of one
+    AcGePoint3d start;      ///< world coordinates
+    zp::Lacing lacing;      ///< as it knows it
     std::vector<ChapaValues> chapas;
 };
 

@@ -8,7 +8,7 @@
 #include "acutads.h"
 #include "adscodes.h"
 #include "perfis/commands/handlers.h"
-#include "perfis/commands/peca_rebuild.h"
+#include "perfis/commands/peca_editor.h"
 #include "perfis/commands/perfil_generator.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
@@ -96,7 +96,8 @@ void PerfilRun::rebuild() {
         pecasToRebuild(m_description, m_state, *m_edited);
     if (!others) return;
     const ChapaLaying chapas = chapaLaying();
-    m_editResult = rebuildPeca(m_description, m_state, *m_edited, chapas, shownPitch(*m_edited));
+    m_editResult =
+        rebuildPeca(m_description, m_state, {*m_edited, m_before, chapas, laysAgain()});
     for (const AcDbObjectId& id : *others) {
         PecaValues other;
         {
@@ -104,15 +105,19 @@ void PerfilRun::rebuild() {
             if (peca.openStatus() != Acad::eOk) continue;
             other = valuesOf(*peca.object());
         }
+        const PerfilCommand* const command = commandOf(other);
+        if (command == nullptr) continue;
+        // Read by a run of its own: this one holds the values that the user accepted.
+        const RuledPeca before = newRun(*command)->ruled(other);
         takeVista(other);
         sharedCotaFlag() = other.hasCotas ? 1 : 0;
         const ChapaLaying its = chapaLaying();
-        (void)rebuildPeca(m_description, m_state, other, its, shownPitch(other));
+        (void)rebuildPeca(m_description, m_state, {other, before, its, laysAgain()});
     }
 }
 
 int PerfilRun::edit(const PecaValues& peca) {
-    takePeca(peca);
+    m_before = ruled(peca);
     m_edited = &peca;
     m_editResult = RTCAN;
     sharedCotaFlag() = peca.hasCotas ? 1 : 0;
@@ -122,9 +127,18 @@ int PerfilRun::edit(const PecaValues& peca) {
     return shown ? m_editResult : RTERROR;
 }
 
-void PerfilRun::layAgain(const PecaValues& peca) {
+RuledPeca PerfilRun::ruled(const PecaValues& peca) {
     takePeca(peca);
-    layChapasAgain(m_description, m_state, peca, chapaLaying());
+    const ChapaLaying chapas = travejamentoSuits() ? chapaLaying() : nullptr;
+    return ruledPeca(m_description, m_state, peca, chapas);
+}
+
+void PerfilRun::layAgain(const PecaValues& before, const PecaValues& peca) {
+    const RuledPeca was = ruled(before);
+    takePeca(peca);
+    if (!travejamentoSuits()) return;
+    const ChapaLaying chapas = chapaLaying();
+    layChapasAgain(m_description, m_state, {peca, was, chapas, false});
 }
 
 bool PerfilRun::chapasHold(const PecaValues& peca) {
@@ -148,6 +162,7 @@ void PerfilRun::takeVista(const PecaValues& peca) {
     vistas.materialList = peca.listed;
     vistas.pecas = peca.listed ? std::max(1, peca.count) : 0;
     if (!vistas.secaoOnly) vistas.vista = figureOf(m_description, peca.vista, peca.giro);
+    m_takenVista = vistas.vista;
 }
 
 void PerfilRun::setSecaoModes(ads_hdlg dialog) {

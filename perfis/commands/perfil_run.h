@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "perfis/commands/peca_values.h"
+#include "perfis/commands/peca_rebuild.h"
 #include "perfis/commands/perfil_description.h"
 #include "perfis/commands/run_state.h"
 #include "perfis/dialogs/dialog_loop.h"
@@ -35,8 +35,12 @@ public:
     /// Draws another view of a piece that this command makes, along X from `start`.
     zp::edit::DrawnVista drawVista(const PecaValues& peca, ZpObject::ZpVistas vista,
                                    const AcGePoint3d& start, bool cotas);
-    /// Lays the plates of a laced piece again as its values now ask.
-    void layAgain(const PecaValues& peca);
+    /// What the command's rule makes of the values of a piece. Without plates where they would not
+    /// hold.
+    RuledPeca ruled(const PecaValues& peca);
+    /// Lays the plates of a laced piece again when its values, which were `before`, now ask for
+    /// other ones.
+    void layAgain(const PecaValues& before, const PecaValues& peca);
     /// True when its plates could be laid again.
     bool chapasHold(const PecaValues& peca);
 
@@ -73,9 +77,11 @@ protected:
     virtual void takePeca(const PecaValues& peca);
     /// Last word before the drawing is made; what lays the plates, null for a piece without any.
     virtual ChapaLaying chapaLaying() { return nullptr; }
-    /// Pitch of a piece's plates when this command dimensions it, else 0.
-    virtual double shownPitch(const PecaValues&) const { return 0.0; }
+    /// The user asked for the plates to be laid, whether or not they come to be others.
+    virtual bool laysAgain() const { return false; }
     bool editing() const { return m_edited != nullptr; }
+    /// Figure of the piece that was taken last; 0: none was.
+    int takenVista() const { return m_takenVista; }
     /// True when the paths of all list files of the command fit their buffers.
     virtual bool listsFit(std::wstring_view folder) const;
     /// Writes the catalogue back at a normal end, where the command keeps its edits.
@@ -116,7 +122,9 @@ private:
     std::unique_ptr<Catalogue> m_catalogue;
     RunState m_state;
     const PecaValues* m_edited = nullptr;
+    RuledPeca m_before;  ///< of the edited piece
     int m_editResult = 0;
+    int m_takenVista = 0;
 };
 
 /// Says on the command line that a command was given up for lack of memory.

@@ -10,6 +10,7 @@
 #include "perfis/output/chapas.h"
 #include "texts/number.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/member.h"
 
 namespace perfis {
 namespace {
@@ -35,6 +36,7 @@ protected:
     bool travejamentoSuits() override;
     ChapaLaying chapaLaying() override;
     void takePeca(const PecaValues& peca) override;
+    bool laysAgain() const override { return m_asked; }
 
 private:
     bool isBarra() { return !state().vistas.secaoOnly && state().vistas.comprimento > 0.0; }
@@ -47,6 +49,8 @@ private:
     TravejamentoParams m_chapas;  ///< A = 0: no lacing
     double m_spacing = 0.0;
     std::optional<PecaTravejamento> m_kept;  ///< of a piece that stands, until it is edited
+    TravejamentoParams m_shown;              ///< of that piece, for whoever edits it
+    bool m_asked = false;                    ///< the user touched the toggle
 };
 
 TravejamentoLimites TravejamentoRun::limits() {
@@ -62,8 +66,8 @@ TravejamentoLimites TravejamentoRun::limits() {
 /// False when the dialog was left without lacing.
 bool TravejamentoRun::openTravejamento() {
     const VistasChoice& vistas = state().vistas;
-    TravejamentoParams params;
-    CalcPartes(params, vistas.comprimento, m_spacing);
+    TravejamentoParams params = m_shown;
+    if (params.A == 0.0) CalcPartes(params, vistas.comprimento, m_spacing);
     if (EditTravejamento(params, limits()) == 0 || params.A == 0.0) return false;
     m_chapas = params;
     m_kept.reset();
@@ -75,6 +79,7 @@ void TravejamentoRun::onToggle(const ads_callback_packet& packet) {
     m_chapas = {};
     m_spacing = 0.0;
     m_kept.reset();
+    m_asked = true;
     readMedidas(packet.dialog);
     if (texts::toInt(packet.value) == 0 || openTravejamento()) return;
     m_spacing = 0.0;
@@ -91,8 +96,10 @@ LaidChapas TravejamentoRun::layChapas(ZpObject& peca, const AcGePoint3d& point,
     const bool turned = zp::edit::valuesOf(peca)[zp::secao::Role::Giro] != 0.0;
     const double line = m_travejamento.edgeRow(medidas);
     const ChapaRule rule = onEdge ? onEdgeSwapped(turned ? -line : line) : flat(m_chapas.A / 2.0);
+    const ChapaSpacing spacing{state().vistas.comprimento, m_spacing};
+    zp::member::lace(peca, lacingFor(m_chapas.A, m_chapas.C, spacing, 0));
     LaidChapas chapas;
-    chapas.ids = maker.row(point, {state().vistas.comprimento, m_spacing}, rule);
+    chapas.ids = maker.row(point, spacing, rule);
     chapas.rows.push_back({chapas.ids[1], static_cast<int>(chapas.ids.size()), {}});
     return chapas;
 }
@@ -100,12 +107,14 @@ LaidChapas TravejamentoRun::layChapas(ZpObject& peca, const AcGePoint3d& point,
 void TravejamentoRun::takePeca(const PecaValues& peca) {
     PerfilRun::takePeca(peca);
     m_kept = travejamentoOf(peca);
-    m_chapas = m_kept->chapas;
+    m_chapas = m_shown = m_kept->chapas;
 }
 
 std::optional<Fault> TravejamentoRun::acceptFault(ads_hdlg dialog) {
     std::optional<Fault> fault = PerfilRun::acceptFault(dialog);
     if (fault || travejamentoSuits()) return fault;
+    if (m_kept && state().vistas.comprimento < m_kept->comprimento)
+        return Fault{tooManyParts(*m_kept, state().vistas.comprimento), kToggle};
     return Fault{kInvalidTravejamento, kToggle};
 }
 

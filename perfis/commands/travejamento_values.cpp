@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Lacing from plates.
+// Lacing, kept or from plates.
 #include "perfis/commands/travejamento_values.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+
+#include "perfis/entities/zpfuncoes.h"
 
 namespace perfis {
 namespace {
@@ -36,23 +39,47 @@ PecaTravejamento inSecao(const PecaValues& peca) {
     return travejamento;
 }
 
-/// Places of plates on the line of the first one. A plate may stand on another one: where the
-/// spacing and the width add up, the last one between the ends meets the far end.
-int firstRow(const PecaValues& peca) {
-    const ChapaValues& first = peca.chapas.front();
-    std::vector<double> places;
-    for (const ChapaValues& chapa : peca.chapas)
-        if (isFlat(chapa) == isFlat(first) && std::abs(chapa.y - first.y) <= kSameRow)
-            places.push_back(chapa.x);
+/// A plate may stand on another one: where the spacing and the width add up, the last one between
+/// the ends meets the far end.
+int differentPlaces(std::vector<double> places) {
     std::ranges::sort(places);
     const auto same = [](double a, double b) { return b - a <= kSameRow; };
     const auto repeated = std::ranges::unique(places, same);
     return static_cast<int>(places.size() - repeated.size());
 }
 
+/// Places of plates on the line of the first one.
+int firstRow(const PecaValues& peca) {
+    const ChapaValues& first = peca.chapas.front();
+    std::vector<double> places;
+    for (const ChapaValues& chapa : peca.chapas)
+        if (isFlat(chapa) == isFlat(first) && std::abs(chapa.y - first.y) <= kSameRow)
+            places.push_back(chapa.x);
+    return differentPlaces(std::move(places));
+}
+
+/// From the left edge of the first plate to that of the next one; 0 without a second one.
+double chapaPitch(const PecaValues& peca) {
+    double pitch = 0.0;
+    for (const ChapaValues& chapa : peca.chapas)
+        if (chapa.x > kSameRow && (pitch == 0.0 || chapa.x < pitch)) pitch = chapa.x;
+    return pitch;
+}
+
+PecaTravejamento asKept(const PecaValues& peca) {
+    const zp::Lacing& lacing = peca.lacing;
+    const bool chosen = lacing.planes >= static_cast<int>(TravejamentoPlanes::kHorizontal) &&
+                        lacing.planes <= static_cast<int>(TravejamentoPlanes::kBoth);
+    return {{lacing.A, lacing.C, lacing.n},
+            chosen ? static_cast<TravejamentoPlanes>(lacing.planes) : TravejamentoPlanes::kBoth,
+            lacing.L1,
+            peca.comprimentoTravejado};
+}
+
 }  // namespace
 
 PecaTravejamento travejamentoOf(const PecaValues& peca) {
+    if (peca.lacing.n > 0) return asKept(peca);
     if (peca.chapas.empty()) return {};
     if (peca.vista == ZpObject::kVistaSecao) return inSecao(peca);
     const ChapaValues& first = peca.chapas.front();
@@ -78,11 +105,18 @@ double spacingFor(const PecaTravejamento& travejamento, double comprimento) {
     return spacing;
 }
 
-double chapaPitch(const PecaValues& peca) {
-    double pitch = 0.0;
-    for (const ChapaValues& chapa : peca.chapas)
-        if (chapa.x > kSameRow && (pitch == 0.0 || chapa.x < pitch)) pitch = chapa.x;
-    return pitch;
+zp::Lacing lacingFor(double A, double C, const ChapaSpacing& spacing, int planes) {
+    if (!(C > 0.0) || !(spacing.L1 > 0.0) || !rowHolds(spacing, C)) return {A, C, 1, planes, 0.0};
+    const int n = std::max(1, differentPlaces(chapaStations(spacing, C)) - 1);
+    double even = 0.0;
+    (void)CalcEspacamento({A, C, n}, spacing.comp, even);
+    const bool own = std::abs(spacing.L1 - even) > kSameRow;
+    return {A, C, n, planes, own ? spacing.L1 : 0.0};
+}
+
+std::wstring tooManyParts(const PecaTravejamento& travejamento, double comprimento) {
+    return L"Erro no Travejamento: " + std::to_wstring(travejamento.chapas.n) +
+           L" partes não cabem em " + FormatInString(comprimento) + L" mm; diminua-as em Travejar.";
 }
 
 }  // namespace perfis

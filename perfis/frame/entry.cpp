@@ -2,6 +2,7 @@
 // Entry point of ZpPerfis18.arx: registers the command group at load and removes it at unload.
 #include "accmd.h"
 #include "acutads.h"
+#include "dbapserv.h"
 #include "perfis/commands/command_table.h"
 #include "perfis/commands/peca_editor.h"
 #include "rxdefs.h"
@@ -33,6 +34,9 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
         (void)acrxRegisterAppMDIAware(pkt);
         registerCommands();
         perfis::installPecaEditor();
+    } else if (msg == AcRx::kLoadDwgMsg) {
+        AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+        if (drawing != nullptr) perfis::keepTravejamentos(*drawing);
     } else if (msg == AcRx::kUnloadAppMsg) {
         perfis::removePecaEditor();
         AcEdCommandStack* const stack = commandStack();

@@ -10,6 +10,7 @@
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
 #include "zp/matlist/zpmarca.h"
+#include "zp/objects/each_entity.h"
 #include "zp/objects/member.h"
 
 namespace zp::matlist {

@@ -6,8 +6,10 @@
 #include <cmath>
 #include <utility>
 
+#include "dbsymtb.h"
 #include "zp/objects/links.h"
 #include "zp/objects/picture_map.h"
+#include "zp/objects/watch.h"
 
 namespace zp::edit {
 namespace {
@@ -24,7 +26,7 @@ std::vector<Listener*>& listeners() {
     return all;
 }
 
-void notify(AcDbObjectId peca, const Faces& before) {
+void notify(AcDbObjectId peca, const Former& before) {
     // A listener may take itself away.
     const std::vector<Listener*> all = listeners();
     for (Listener* listener : all) listener->edited(peca, before);
@@ -65,10 +67,18 @@ LearntPoint learntAt(const Peca& p, const AcGePoint3d& point) {
     return a;
 }
 
-/// What a link of `before` says once the piece is `after`.
+bool isChapa(AcDbObjectId id) {
+    const AcRxClass* const kind = id.objectClass();
+    return kind != nullptr && kind->isDerivedFrom(ZpChapa::desc());
+}
+
+Former formerOf(const ZpObject& peca) { return {valuesOf(peca), peca.getComprimentoReal()}; }
+
+/// What a link of `before` says once the piece is `after`. Plates stand where a rule or the user
+/// put them.
 void carry(const Peca& before, const Peca& after, const PictureMap& pictureMap,
            std::span<const ChangedCota> foreseenOnes, Link& l) {
-    if (l.role == Link::Role::Owner) return;
+    if (l.role == Link::Role::Owner || isChapa(l.id)) return;
     const ChangedCota* foreseen =
         l.role == Link::Role::Cota && l.count >= 3 ? foreseenFor(before, l, foreseenOnes) : nullptr;
     const bool lineOfRule =
@@ -105,16 +115,30 @@ std::vector<AcDbObjectId> cotasOf(const ZpObject& peca) { return linkedOf(peca, 
 
 std::vector<AcDbObjectId> chapasOf(const ZpObject& peca) {
     std::vector<AcDbObjectId> ids = linkedOf(peca, Link::Role::Follows);
-    std::erase_if(ids, [](AcDbObjectId id) {
-        const AcRxClass* kind = id.objectClass();
-        return kind == nullptr || !kind->isDerivedFrom(ZpChapa::desc());
-    });
+    std::erase_if(ids, [](AcDbObjectId id) { return !isChapa(id); });
     return ids;
+}
+
+void learnChapas(ZpObject& peca) {
+    for (const AcDbObjectId& id : chapasOf(peca)) {
+        const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+        if (chapa.object() != nullptr) learn(peca, *chapa.object());
+    }
 }
 
 AcDbObjectId ownerOf(const ZpObject& peca) {
     const std::vector<AcDbObjectId> owners = linkedOf(peca, Link::Role::Owner);
     return owners.empty() ? AcDbObjectId() : owners.front();
+}
+
+bool onLockedLayer(const AcDbEntity& entity) {
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId(), AcDb::kForRead);
+    return layer.object() != nullptr && layer->isLocked();
+}
+
+bool onLockedLayer(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+    return entity.object() != nullptr && onLockedLayer(*entity.object());
 }
 
 void keepOwnValues(const ZpObject& peca, const ZpObject& rule, ZpObject& fresh) {
@@ -145,12 +169,12 @@ Edit::Edit(AcDbObjectId peca)
         m_peca = nullptr;
         return;
     }
-    m_faces = facesOf(*m_peca);
+    m_before = formerOf(*m_peca);
     for (const AcDbObjectId& id : chapasOf(*m_peca)) {
         const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
         if (chapa.object() == nullptr) continue;
         m_chapas.push_back(id);
-        m_facesOfChapas.push_back(facesOf(*chapa.object()));
+        m_chapasBefore.push_back(formerOf(*chapa.object()));
     }
     m_peca->assertWriteEnabled();
     Peca& p = Access::of(*m_peca);
@@ -203,6 +227,10 @@ bool Edit::remakeChapa(AcDbObjectId id, const ZpChapa& model) {
 }
 
 void Edit::eraseLinked(AcDbObjectId linked) {
+    if (onLockedLayer(linked)) {
+        watch::stays(linked);
+        return;
+    }
     AcDbEntity* entity = nullptr;
     if (acdbOpenAcDbEntity(entity, linked, AcDb::kForWrite) != Acad::eOk) return;
     (void)entity->erase();  // open for write and alive
@@ -215,12 +243,14 @@ void Edit::finish() {
     close();
     {
         const AcDbObjectPointer<ZpObject> peca(m_id, AcDb::kForRead);
-        // What cannot be opened now follows at the end of the command.
-        if (peca.object() != nullptr) putLinked(*peca.object(), [](AcDbObjectId) {});
+        // What cannot be opened now follows at the end of the command, where the user is told of
+        // what does not.
+        if (peca.object() != nullptr)
+            putLinked(*peca.object(), {[](AcDbObjectId) {}, [](AcDbObjectId) { return true; }});
     }
-    notify(m_id, m_faces);
+    notify(m_id, m_before);
     for (std::size_t i = 0; i < m_chapas.size(); ++i)
-        if (!m_chapas[i].isErased()) notify(m_chapas[i], m_facesOfChapas[i]);
+        if (!m_chapas[i].isErased()) notify(m_chapas[i], m_chapasBefore[i]);
 }
 
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model) {

@@ -27,8 +27,14 @@ bool fromTwoPoints(const ZpObject& peca);
 /// What is tied to a piece and still in the drawing, in the order in which it was tied.
 std::vector<AcDbObjectId> cotasOf(const ZpObject& peca);
 std::vector<AcDbObjectId> chapasOf(const ZpObject& peca);
+/// The piece, open for write, keeps anew where its plates stand and how large they are.
+void learnChapas(ZpObject& peca);
 /// The piece that this one follows; null when it follows none.
 AcDbObjectId ownerOf(const ZpObject& peca);
+
+/// What nobody may change: false, too, when the layer cannot be read.
+bool onLockedLayer(const AcDbEntity& entity);
+bool onLockedLayer(AcDbObjectId entity);
 
 /// `fresh` takes the values of `peca` that are not those of `rule`, which is how a rule makes such
 /// a piece: the user's own ones. Not length, turn, type, mass and area. All three are of one class.
@@ -39,6 +45,12 @@ struct Faces {
     AcGePoint3d f[4];
 };
 Faces facesOf(const ZpObject& peca);
+
+/// Values and length of a piece before it was changed.
+struct Former {
+    secao::RoleValues values;
+    double comprimento = 0.0;
+};
 
 /// Points of a dimension in the frame of its piece: what it measures and a point on its line.
 struct Cota {
@@ -70,12 +82,12 @@ public:
 
     /// The piece takes values, view, length, role and series of `model`, which is of its class and
     /// in no drawing. Dimensions that fit an entry of `cotas` go where that says, the others with
-    /// the edges of the picture that they measure. eNotThatKindOfClass, and no change, for another
-    /// class.
+    /// the edges of the picture that they measure; plates stay, those at the end at the end.
+    /// eNotThatKindOfClass, and no change, for another class.
     Acad::ErrorStatus remake(const ZpObject& model, std::span<const ChangedCota> cotas = {});
     /// A plate of chapas() takes values and place of `model`. False when it cannot be opened.
     bool remakeChapa(AcDbObjectId chapa, const ZpChapa& model);
-    /// Erases something tied to the piece.
+    /// Erases something tied to the piece; not what lies on a locked layer, which the user is told.
     void eraseLinked(AcDbObjectId linked);
 
     /// Puts the piece back into its direction, closes it, puts what is tied to it in its place and
@@ -90,17 +102,16 @@ private:
     Acad::ErrorStatus m_status;
     double m_angle = 0.0;
     bool m_mirrored = false;
-    Faces m_faces;
+    Former m_before;
     std::vector<AcDbObjectId> m_chapas;
-    std::vector<Faces> m_facesOfChapas;
+    std::vector<Former> m_chapasBefore;
 };
 
-/// Hears of pieces whose values were changed, plates included. `before` are the limit points that
-/// the piece had.
+/// Hears of pieces whose values were changed, plates included. `before` is what the piece was.
 class Listener {
 public:
     virtual ~Listener() = default;
-    virtual void edited(AcDbObjectId peca, const Faces& before) = 0;
+    virtual void edited(AcDbObjectId peca, const Former& before) = 0;
     /// Why `peca`, open for read, may not become `model`, for the user; empty when it may.
     virtual std::wstring refusal(const ZpObject& peca, const ZpObject& model) {
         (void)peca, (void)model;

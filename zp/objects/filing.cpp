@@ -13,6 +13,8 @@ namespace zp {
 namespace {
 
 constexpr int kMaxLinks = 10000;
+/// mm, far beyond any piece; what is larger overflows in areas and masses.
+constexpr double kLargestMedida = 1e9;
 
 // Flags of a link in one number: kind, points in use, mirrored, which points belong to the end.
 int flagsOf(const Link& l) {
@@ -66,6 +68,16 @@ void writeMember(Writer& e, const Member& m) {
     e.real(m.lacing.A);
     e.real(m.lacing.C);
     e.integer(m.lacing.planes);
+    e.real(m.lacing.L1);
+}
+
+template <class Reader>
+bool readLacing(Reader& reader, Lacing& lacing) {
+    if (!reader.real(lacing.A) || !reader.real(lacing.C) || !reader.integer(lacing.planes) ||
+        !reader.real(lacing.L1))
+        return false;
+    return std::ranges::all_of(std::array{lacing.A, lacing.C, lacing.L1},
+                               [](double v) { return v >= 0.0 && v <= kLargestMedida; });
 }
 
 template <class Reader>
@@ -78,8 +90,7 @@ bool readMember(Reader& reader, Member& m) {
     if (!(count >= 0.0 && count <= kMostMembers) || m.lacing.n < 0) return false;
     m.listed = listed != 0;
     m.count = static_cast<int>(count);
-    if (m.lacing.n == 0) return true;
-    return reader.real(m.lacing.A) && reader.real(m.lacing.C) && reader.integer(m.lacing.planes);
+    return m.lacing.n == 0 || readLacing(reader, m.lacing);
 }
 
 template <class Reader>
@@ -96,9 +107,6 @@ bool readChanged(Reader& reader, Peca& p) {
     }
     return true;
 }
-
-/// mm, far beyond any piece; what is larger overflows in areas and masses.
-constexpr double kLargestMedida = 1e9;
 
 bool possibleValue(double v, secao::Role role) {
     using enum secao::Role;

@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cwchar>
+#include <utility>
 
 #include "acutads.h"
 #include "dbdim.h"
 #include "zp/buffer_chain.h"
 #include "zp/objects/barra_data.h"
+#include "zp/objects/edit.h"
 
 namespace zp {
 namespace {
@@ -55,8 +57,16 @@ void learnCota(const Peca& p, const AcDbAlignedDimension& cota, Link& l) {
 
 void learnPeca(const Peca& p, const ZpObject& object, Link& l) {
     const Peca& other = Access::of(object);
-    l.points[0] = learnt(p, other.start, atEnd(p, rightEdge(p, object)));
+    const LearntPoint start = learnt(p, other.start, atEnd(p, rightEdge(p, object)));
+    l.points[0] = start;
     l.count = 1;
+    if (other.chapa()) {
+        AcGePoint3d f[4];
+        object.GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
+        const AcGeVector3d corner = p.frame().toLocal(f[2]) - p.frame().toLocal(other.start);
+        l.points[1] = {start.offset + corner, start.atEnd};
+        l.count = 2;
+    }
     const double relative = other.angle - p.angle;
     l.angle = angleOf(direction(p.mirrored ? -relative : relative));
     l.mirrored = other.mirrored != p.mirrored;
@@ -76,15 +86,21 @@ bool near(const AcGePoint3d& a, const AcGePoint3d& b) {
 
 enum class Put { There, Moved, Held };
 
+/// Moved when the entity is ready for it.
+Put openToPut(AcDbEntity& entity, const Following& following) {
+    if (edit::onLockedLayer(entity) && following.stays(entity.objectId())) return Put::There;
+    return entity.upgradeOpen() == Acad::eOk ? Put::Moved : Put::Held;
+}
+
 /// Opens for write only what really moves, so that nothing unchanged enters the undo step.
-Put putCota(const Peca& p, const Link& l, AcDbAlignedDimension& cota) {
+Put putCota(const Peca& p, const Link& l, AcDbAlignedDimension& cota, const Following& following) {
     const AcGePoint3d target[4] = {place(p, l.points[0]), place(p, l.points[1]),
                                    place(p, l.points[2]), place(p, l.points[3])};
     const bool withText = l.count == 4 && !cota.isUsingDefaultTextPosition();
     if (near(target[0], cota.xLine1Point()) && near(target[1], cota.xLine2Point()) &&
         near(target[2], cota.dimLinePoint()) && (!withText || near(target[3], cota.textPosition())))
         return Put::There;
-    if (cota.upgradeOpen() != Acad::eOk) return Put::Held;
+    if (const Put how = openToPut(cota, following); how != Put::Moved) return how;
     (void)cota.setXLine1Point(target[0]);  // open for write: cannot fail
     (void)cota.setXLine2Point(target[1]);
     (void)cota.setDimLinePoint(target[2]);
@@ -92,16 +108,31 @@ Put putCota(const Peca& p, const Link& l, AcDbAlignedDimension& cota) {
     return Put::Moved;
 }
 
-Put putPeca(const Peca& p, const Link& l, ZpObject& object) {
+/// How many times as large a plate is to be as it is; 1 where nobody knows.
+double growth(const Link& l, const ZpObject& object) {
+    if (l.count < 2 || !Access::of(object).chapa()) return 1.0;
+    AcGePoint3d f[4];
+    object.GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
+    const double size = f[2].distanceTo(Access::of(object).start);
+    const AcGeVector3d corner =
+        std::as_const(l.points)[1].offset - std::as_const(l.points)[0].offset;
+    const double k = size > 0.0 ? corner.length() / size : 0.0;
+    return k > 0.0 && std::abs(k - 1.0) > 1e-9 ? k : 1.0;
+}
+
+Put putPeca(const Peca& p, const Link& l, ZpObject& object, const Following& following) {
     Peca& other = Access::of(object);
     const AcGePoint3d start = place(p, l.points[0]);
     const double angle = angleOf(direction(p.angle + (p.mirrored ? -l.angle : l.angle)));
     const bool mirrored = p.mirrored != l.mirrored;
     const AcGeVector3d deviation = direction(angle) - direction(other.angle);
-    if (near(start, other.start) && deviation.length() <= 1e-12 && mirrored == other.mirrored)
+    const double k = growth(l, object);
+    if (near(start, other.start) && deviation.length() <= 1e-12 && mirrored == other.mirrored &&
+        k == 1.0)
         return Put::There;
-    if (object.upgradeOpen() != Acad::eOk) return Put::Held;
+    if (const Put how = openToPut(object, following); how != Put::Moved) return how;
     object.assertWriteEnabled();
+    if (k != 1.0) other.scale(k);
     other.start = start;
     other.angle = angle;
     other.mirrored = mirrored;
@@ -109,10 +140,10 @@ Put putPeca(const Peca& p, const Link& l, ZpObject& object) {
     return Put::Moved;
 }
 
-Put putEntity(const Peca& p, const Link& l, AcDbEntity& entity) {
-    if (auto* object = ZpObject::cast(&entity)) return putPeca(p, l, *object);
+Put putEntity(const Peca& p, const Link& l, AcDbEntity& entity, const Following& following) {
+    if (auto* object = ZpObject::cast(&entity)) return putPeca(p, l, *object, following);
     auto* cota = AcDbAlignedDimension::cast(&entity);
-    return cota != nullptr ? putCota(p, l, *cota) : Put::There;
+    return cota != nullptr ? putCota(p, l, *cota, following) : Put::There;
 }
 
 AcDbObjectId idFromText(AcDbDatabase* drawing, const ACHAR* text) {
@@ -212,7 +243,7 @@ void learn(ZpObject& peca, const AcDbEntity& entity) {
     learnIn(p, entity, *p.link(entity.objectId()));
 }
 
-void putLinked(const ZpObject& peca, const std::function<void(AcDbObjectId)>& held, int depth) {
+void putLinked(const ZpObject& peca, const Following& following, int depth) {
     if (depth > kMaxDepth) return;
     const Peca& p = Access::of(peca);
     for (const Link& l : p.linked()) {
@@ -220,17 +251,18 @@ void putLinked(const ZpObject& peca, const std::function<void(AcDbObjectId)>& he
         AcDbEntity* other = nullptr;
         const Acad::ErrorStatus es = acdbOpenAcDbEntity(other, l.id, AcDb::kForRead);
         if (es != Acad::eOk) {
-            if (es == Acad::eWasOpenForWrite || es == Acad::eAtMaxReaders) held(peca.objectId());
+            if (es == Acad::eWasOpenForWrite || es == Acad::eAtMaxReaders)
+                following.held(peca.objectId());
             continue;
         }
         // A copy that another program made names what is tied to its original.
         const std::vector<AcDbObjectId> owners = ownersOf(*other);
         const bool itsOwn =
             std::find(owners.begin(), owners.end(), peca.objectId()) != owners.end();
-        const Put how = itsOwn ? putEntity(p, l, *other) : Put::There;
-        if (how == Put::Held) held(peca.objectId());
+        const Put how = itsOwn ? putEntity(p, l, *other, following) : Put::There;
+        if (how == Put::Held) following.held(peca.objectId());
         const auto* object = ZpObject::cast(other);
-        if (object != nullptr && how == Put::Moved) putLinked(*object, held, depth + 1);
+        if (object != nullptr && how == Put::Moved) putLinked(*object, following, depth + 1);
         (void)other->close();
     }
 }

@@ -26,9 +26,16 @@ void addOwner(AcDbEntity& entity, AcDbObjectId owner);
 /// Keeps where the entity stands now. The piece is open for write.
 void learn(ZpObject& peca, const AcDbEntity& entity);
 
-/// Puts all that is tied to the piece where its links say, and what is tied to that. Calls `held`
-/// for what could not be opened. The piece is readable.
-void putLinked(const ZpObject& peca, const std::function<void(AcDbObjectId)>& held, int depth = 0);
+/// What happens to that which does not simply follow.
+struct Following {
+    /// Told of a piece of whose links one could not be opened now.
+    std::function<void(AcDbObjectId)> held;
+    /// Asked whether something on a locked layer stays where it is.
+    std::function<bool(AcDbObjectId)> stays;
+};
+/// Puts all that is tied to the piece where its links say, plates in the size that they say, and
+/// what is tied to that. The piece is readable.
+void putLinked(const ZpObject& peca, const Following& following, int depth = 0);
 
 /// Followers that stand beyond the end of a piece.
 int chapasBeyondBarra(const ZpObject& peca);

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <functional>
 
+#include "zp/objects/edit.h"
+
 namespace zp::member {
 namespace {
 
@@ -40,6 +42,21 @@ bool sameValues(const Peca& a, const Peca& b) {
     return true;
 }
 
+/// Plates that nobody laid by a rule.
+bool lacingUnknown(const ZpObject& peca) {
+    return of(peca).lacing.n == 0 && !edit::chapasOf(peca).empty();
+}
+
+bool sameLacing(const ZpObject& a, const ZpObject& b) {
+    const Lacing& x = of(a).lacing;
+    const Lacing& y = of(b).lacing;
+    const auto equal = [](double u, double v) { return near(u, v, kSameMedida); };
+    if (x.n == y.n && x.planes == y.planes && equal(x.A, y.A) && equal(x.C, y.C) &&
+        near(x.L1, y.L1, kSameComprimento))
+        return true;
+    return lacingUnknown(a) || lacingUnknown(b);
+}
+
 }  // namespace
 
 const Member& of(const ZpObject& peca) {
@@ -52,6 +69,12 @@ void set(ZpObject& peca, const Member& member) {
     if (of(peca) == member) return;
     peca.assertWriteEnabled();
     Access::of(peca).member = std::make_unique<Member>(member);
+}
+
+void lace(ZpObject& peca, const Lacing& lacing) {
+    Member member = of(peca);
+    member.lacing = lacing;
+    set(peca, member);
 }
 
 void tie(ZpObject& peca, AcDbObjectId row, int count) {
@@ -76,9 +99,8 @@ bool sameSizes(const ZpObject& a, const ZpObject& b) {
 }
 
 bool same(const ZpObject& a, const ZpObject& b) {
-    const Member& m = of(a);
-    const Member& n = of(b);
-    return m.grade == n.grade && m.lacing == n.lacing && sameSizes(a, b);
+    if (of(a).grade != of(b).grade || !sameSizes(a, b)) return false;
+    return Access::of(a).inSecao() != Access::of(b).inSecao() || sameLacing(a, b);
 }
 
 std::size_t hashOf(const ZpObject& peca, int step) {

@@ -13,6 +13,8 @@ namespace zp::member {
 const Member& of(const ZpObject& peca);
 /// Nothing happens when it is known already. The piece is open for write.
 void set(ZpObject& peca, const Member& member);
+/// The same of its lacing alone.
+void lace(ZpObject& peca, const Lacing& lacing);
 
 /// The piece belongs to the row with this record and counts so often. Null takes it out of any
 /// list.
@@ -20,9 +22,9 @@ void tie(ZpObject& peca, AcDbObjectId row, int count);
 
 /// Class, sizes, role and length within half a millimetre, which a section does not tell.
 bool sameSizes(const ZpObject& a, const ZpObject& b);
-/// Two pieces that are the same member: class, sizes, length within half a millimetre (not between
-/// a section and another view), role, steel, lacing. What the numbers of their views are, and on
-/// which side they are mirrored, does not matter.
+/// Two pieces that are the same member: class, sizes, role, steel, and, not between a section and
+/// another view, length within half a millimetre and lacing, where it is known. What the numbers of
+/// their views are, and on which side they are mirrored, does not matter.
 bool same(const ZpObject& a, const ZpObject& b);
 /// Pieces that are the same, seen from the same or as bars, have one of a piece's hashes with steps
 /// -1, 0 and 1: lengths are counted in steps of half a millimetre.

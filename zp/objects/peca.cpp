@@ -103,6 +103,20 @@ Frame Peca::pictureFrame() const {
     return frameWith(start, angle + (mirrored ? -giro : giro), mirrored);
 }
 
+void Peca::scale(double k) {
+    const secao::Roles* const roles = order();
+    for (std::size_t i = 0; roles != nullptr && i < count; ++i)
+        actual[i] *= std::pow(k, secao::power((*roles)[i]));
+    comprimento *= k;
+    cachedSecao.reset();
+    barraStale = true;
+    if (member)
+        for (double* const size : {&member->lacing.A, &member->lacing.C, &member->lacing.L1})
+            *size *= k;
+    if (!links) return;
+    for (Link& l : *links) l.points.scale(k);
+}
+
 AcGePoint3d Peca::end() const { return inSecao() ? start : start + direction(angle) * comprimento; }
 
 secao::Bounds Peca::picture() const {

@@ -85,19 +85,21 @@ struct Link {
     [[no_unique_address]] LearntPoints points;
     Role role = Role::Cota;
     /// Points in use: the dimension's (two measured, one on the line, the text's when it was placed
-    /// by hand) or the piece's start.
+    /// by hand) or the piece's start, for a plate also a corner, which tells its size.
     std::uint8_t count = 0;
     bool mirrored = false;  ///< of a piece: mirrored relative to this one
     double angle = 0.0;     ///< of a piece: relative to this one
 };
 
 /// How a built-up piece was laced: height A and width C of its plates in mm, parts n between them,
-/// planes as its command numbers them. n = 0: it was not, or nobody knows.
+/// planes as its command numbers them (0 where it gives no choice). n = 0: it was not, or nobody
+/// knows; in a section, which does not show how its plates are spread, C may be 0.
 struct Lacing {
     double A = 0.0;
     double C = 0.0;
     int n = 0;
     int planes = 0;
+    double L1 = 0.0;  ///< spacing that was made for another length, mm; 0: (length - C) / n
     bool operator==(const Lacing&) const = default;
 };
 
@@ -149,6 +151,8 @@ struct Peca {
     Frame frame() const;
     /// World coordinates.
     AcGePoint3d end() const;
+    /// Sizes, lacing and what is learnt of others, k times as large. The start stays.
+    void scale(double k);
     /// Frame of the picture: that of the piece, for a plate with its own turn.
     Frame pictureFrame() const;
     /// Box of the picture in that frame.

@@ -2,8 +2,8 @@
 // One rule at the end of each command: tied entities follow a piece that changed; a tied entity
 // that changed alone has its place learnt again; an erased piece takes its dimensions and plates
 // along and brings them back when it comes back; copies, and what came from a file, keep only links
-// that are answered. Outside a command the rule runs after each change, except while a drawing is
-// read.
+// that are answered. What lies on a locked layer stays, and the user is told. Outside a command the
+// rule runs after each change, except while a drawing is read.
 #include "zp/objects/watch.h"
 
 #include <algorithm>
@@ -11,14 +11,18 @@
 #include <cwctype>
 #include <memory>
 #include <ranges>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "aced.h"
+#include "acutads.h"
 #include "dbdim.h"
 #include "dbsymtb.h"
+#include "zp/objects/edit.h"
 #include "zp/objects/links.h"
+#include "zp/objects/member.h"
 
 namespace zp::watch {
 namespace {
@@ -69,6 +73,7 @@ public:
     void goodbye(const AcDbDatabase*) override { m_drawing = nullptr; }
 
     void apply(bool explodes);
+    void stays(AcDbObjectId id) { m_stayed.put(id); }
     void startReading() { m_reading = true; }
     /// Other programs erase and copy without minding links.
     void checkAll();
@@ -81,6 +86,8 @@ private:
     void bringBack(AcDbObjectId id, IdQueue& owners);
     void reattach(AcDbObjectId id, IdQueue& owners);
     void putOrHold(AcDbObjectId peca);
+    void put(const ZpObject& peca);
+    void say();
     void follow();
     void learnAgain(AcDbObjectId id, const IdQueue& changed);
 
@@ -92,6 +99,11 @@ private:
     IdQueue m_erasedOnes;
     IdQueue m_returnedOnes;
     IdQueue m_heldOnes;
+    /// Entities of the command before: what is still being placed goes with its piece even where
+    /// its layer is locked.
+    IdQueue m_justMade;
+    IdQueue m_stayed;   ///< on locked layers
+    IdQueue m_unlaced;  ///< copies of laced pieces that have no plates
     /// What a piece knew of something tied to it that was erased alone, and where among its links.
     struct Undone {
         AcDbObjectId owner;
@@ -166,6 +178,8 @@ void Drawing::apply(bool explodes) {
     for (const AcDbObjectId& owner : owners.order()) putOrHold(owner);
     follow();
     m_changed = std::exchange(m_heldOnes, {});
+    m_justMade = newOnes;
+    say();
     m_applying = false;
 }
 
@@ -252,6 +266,8 @@ void Drawing::checkPeca(ZpObject& peca, const IdQueue& newOnes) {
     if (dead.empty()) return;
     peca.assertWriteEnabled();
     for (const AcDbObjectId& id : dead) Access::of(peca).untie(id);
+    if (member::of(peca).lacing.n > 0 && edit::chapasOf(peca).empty())
+        m_unlaced.put(peca.objectId());
 }
 
 /// What an erased entity takes along, or what forgets it.
@@ -280,7 +296,11 @@ void Drawing::carry(AcDbObjectId id, bool explodes) {
         AcDbEntity* entity = nullptr;
         if (acdbOpenAcDbEntity(entity, other.id, AcDb::kForWrite) != Acad::eOk) continue;
         if (const auto* peca = ZpObject::cast(entity)) other.erases = Access::of(*peca).chapa();
-        const bool vanishes = other.erases && !explodes;
+        bool vanishes = other.erases && !explodes;
+        if (vanishes && edit::onLockedLayer(*entity)) {
+            vanishes = false;
+            stays(other.id);
+        }
         if (vanishes)
             (void)entity->erase();  // open for write and alive
         else
@@ -343,8 +363,51 @@ void Drawing::reattach(AcDbObjectId id, IdQueue& owners) {
 
 void Drawing::putOrHold(AcDbObjectId id) {
     const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-    if (peca.object() != nullptr)
-        putLinked(*peca, [this](AcDbObjectId held) { m_heldOnes.put(held); });
+    if (peca.object() != nullptr) put(*peca.object());
+}
+
+void Drawing::put(const ZpObject& peca) {
+    putLinked(peca, {[this](AcDbObjectId held) { m_heldOnes.put(held); },
+                     [this](AcDbObjectId locked) {
+                         if (m_justMade.has(locked)) return false;
+                         stays(locked);
+                         return true;
+                     }});
+}
+
+bool isKind(AcDbObjectId id, const AcRxClass* kind) {
+    return id.objectClass() != nullptr && id.objectClass()->isDerivedFrom(kind);
+}
+
+/// "3 cotas", behind what is there already.
+void addCounted(std::wstring& text, std::size_t count, const wchar_t* one, const wchar_t* many) {
+    if (count == 0) return;
+    if (!text.empty()) text += L" e ";
+    text += std::to_wstring(count) + L" " + (count == 1 ? one : many);
+}
+
+void Drawing::say() {
+    const IdQueue stayed = std::exchange(m_stayed, {});
+    const auto count = [&](AcRxClass* kind) {
+        return static_cast<std::size_t>(std::ranges::count_if(
+            stayed.order(), [&](AcDbObjectId id) { return isKind(id, kind); }));
+    };
+    const std::size_t chapas = count(ZpChapa::desc());
+    const std::size_t cotas = count(AcDbDimension::desc());
+    std::wstring text;
+    addCounted(text, chapas, L"chapa", L"chapas");
+    addCounted(text, cotas, L"cota", L"cotas");
+    addCounted(text, stayed.order().size() - chapas - cotas, L"peça", L"peças");
+    const bool one = stayed.order().size() == 1;
+    if (!text.empty())
+        acutPrintf(L"\n%ls %ls, em camada bloqueada; desbloqueie a camada para alterar.\n",
+                   text.c_str(), one ? L"fica como está" : L"ficam como estão");
+    const std::size_t unlaced = std::exchange(m_unlaced, {}).order().size();
+    if (unlaced == 1)
+        acutPrintf(L"\nPeça copiada sem as chapas de travejamento; EDITAPERFIL as refaz.\n");
+    else if (unlaced > 1)
+        acutPrintf(L"\n%d peças copiadas sem as chapas de travejamento; EDITAPERFIL as refaz.\n",
+                   static_cast<int>(unlaced));
 }
 
 void Drawing::follow() {
@@ -352,8 +415,7 @@ void Drawing::follow() {
     for (const AcDbObjectId& id : changed.order()) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (entity.openStatus() == Acad::eWasOpenForWrite) m_heldOnes.put(id);
-        if (const auto* peca = ZpObject::cast(entity.object()))
-            putLinked(*peca, [this](AcDbObjectId held) { m_heldOnes.put(held); });
+        if (const auto* peca = ZpObject::cast(entity.object())) put(*peca);
     }
     for (const AcDbObjectId& id : changed.order()) learnAgain(id, changed);
 }
@@ -381,6 +443,11 @@ void start() {
 void stop() {
     g_state.drawings.clear();
     g_state.commands.reset();
+}
+
+void stays(AcDbObjectId linked) {
+    for (const auto& d : g_state.drawings)
+        if (d->drawing() != nullptr && d->drawing() == linked.database()) d->stays(linked);
 }
 
 void observe(AcDbDatabase* drawing) {

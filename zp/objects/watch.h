@@ -10,6 +10,10 @@ namespace zp::watch {
 void start();
 void stop();
 
+/// Something tied to a piece does not follow or go with it, because its layer is locked: the user
+/// is told of all that do not, once, at the end of the command.
+void stays(AcDbObjectId linked);
+
 /// Starts and stops watching a drawing; watching twice is watching once. A drawing that goes away
 /// is forgotten by itself.
 void observe(AcDbDatabase* drawing);

@@ -35,16 +35,6 @@ Similarity similarity(const AcGeMatrix3d& m) {
     return {std::abs(k - 1.0) <= kTolerance ? 1.0 : k, e[0][0] * e[1][1] - e[0][1] * e[1][0] < 0.0};
 }
 
-void scale(Peca& p, double k) {
-    const zp::secao::Roles* roles = p.order();
-    for (std::size_t i = 0; roles != nullptr && i < p.count; ++i)
-        p.actual[i] *= std::pow(k, zp::secao::power((*roles)[i]));
-    p.comprimento *= k;
-    p.cachedSecao.reset();
-    if (!p.links) return;
-    for (zp::Link& l : *p.links) l.points.scale(k);
-}
-
 /// Stretch of the axis of `p` inside a convex quadrangle given by opposite pairs of corners; empty
 /// when from > to.
 struct Stretch {
@@ -120,10 +110,7 @@ Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
     p.start.transformBy(m);
     p.angle = zp::angleOf(zp::direction(p.angle).transformBy(m));
     if (s.mirrors) p.mirrored = !p.mirrored;
-    if (s.scale != 1.0) {
-        scale(p, s.scale);
-        p.barraStale = true;
-    }
+    if (s.scale != 1.0) p.scale(s.scale);
     xDataTransformBy(m);
     recordGraphicsModified();
     return Acad::eOk;
