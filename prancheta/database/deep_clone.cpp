@@ -2,7 +2,7 @@
 // Deep clone. Originals are written to memory, which also tells what they own; when all copies have
 // their place in the drawing, they read what was written with every reference inside the set turned
 // to the copy's. Cost: O(objects).
-#include <unordered_map>
+#include "prancheta/database/deep_clone.h"
 
 #include "prancheta/database/memory_filer.h"
 #include "prancheta/database/object_access.h"
@@ -10,6 +10,12 @@
 using namespace prancheta;
 
 namespace {
+
+/// The object itself where it has no copy.
+AcDbObjectId copyOf(const Copies& copies, AcDbObjectId id) {
+    const auto found = copies.find(id);
+    return found != copies.end() ? found->second : id;
+}
 
 struct Clone {
     AcDbObjectId original;
@@ -85,10 +91,7 @@ private:
             Clone& clone = *m_clones[i];
             const AcDbObjectId copy = m_copies[clone.original];
             AcDbObject& object = *static_cast<AcDbStub*>(copy)->object;
-            clone.filer.translate = [this](AcDbObjectId id) {
-                const auto found = m_copies.find(id);
-                return found != m_copies.end() ? found->second : id;
-            };
+            clone.filer.translate = [this](AcDbObjectId id) { return copyOf(m_copies, id); };
             clone.filer.rewind();
             const Acad::ErrorStatus es = object.dwgInFields(&clone.filer);
             if (es != Acad::eOk) worst = es;
@@ -111,10 +114,25 @@ private:
     AcDbDatabase& m_database;
     std::vector<std::unique_ptr<Clone>> m_clones;  // the entities asked for, then what they own
     std::size_t m_entities = 0;
-    std::unordered_map<AcDbStub*, AcDbObjectId> m_copies;
+    Copies m_copies;
 };
 
 }  // namespace
+
+void prancheta::translateReferences(const Copies& copies) {
+    for (const auto& [original, copy] : copies) {
+        const AcDbObjectPointer<AcDbObject> object(copy, AcDb::kForWrite);
+        if (object.openStatus() != Acad::eOk) continue;
+        MemoryFiler filer(AcDb::kDeepCloneFiler);
+        bool refers = false;
+        filer.referenceWritten = [&](AcDbObjectId id) { refers = refers || copies.contains(id); };
+        (void)object->dwgOutFields(&filer);
+        if (!refers) continue;
+        filer.translate = [&](AcDbObjectId id) { return copyOf(copies, id); };
+        filer.rewind();
+        (void)object->dwgInFields(&filer);  // what it wrote itself
+    }
+}
 
 Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& ids, AcDbObjectId owner,
                                                  AcDbObjectIdArray& copies) {

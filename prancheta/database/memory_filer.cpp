@@ -47,6 +47,7 @@ Acad::ErrorStatus MemoryFiler::readString(ACHAR** text) {
 }
 
 Acad::ErrorStatus MemoryFiler::writeId(const AcDbObjectId& id) {
+    if (referenceWritten) referenceWritten(id);
     const Adesk::LongPtr word = id.asOldId();
     return writeBytes(&word, sizeof word);
 }

@@ -27,6 +27,8 @@ public:
     bool atEnd() const { return m_source.empty(); }
     /// Applied to every reference that is read.
     std::function<AcDbObjectId(AcDbObjectId)> translate;
+    /// Called for every reference that is written.
+    std::function<void(AcDbObjectId)> referenceWritten;
     /// Called for every object that the writer owns.
     std::function<void(AcDbObjectId)> ownedWritten;
 

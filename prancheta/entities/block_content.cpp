@@ -100,6 +100,38 @@ void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& 
     }
 }
 
+std::vector<ExplodedPart> explodedParts(const AcDbBlockReference& reference) {
+    const AcGeMatrix3d m = reference.blockTransform();
+    const AcDbObjectId block = reference.blockTableRecord();
+    const BlockInheritance inheritance(traitsOf(reference), block.database());
+    std::vector<ExplodedPart> parts;
+    forEachInBlock(block, [&](AcDbEntity& entity) {
+        AcDbVoidPtrArray pieces;
+        AcDbEntity* copy = nullptr;
+        const bool copied = entity.getTransformedCopy(m, copy) == Acad::eOk && copy != nullptr;
+        if (copied) {
+            pieces.append(copy);
+        } else {
+            // What cannot be stretched becomes the chords that it is drawn with.
+            delete copy;
+            Picture picture = pictureOf(entity);
+            picture.transform(m);
+            appendEntities(picture, pieces);
+        }
+        for (void* piece : pieces) {
+            auto* made = static_cast<AcDbEntity*>(piece);
+            const PictureTraits traits = inheritance.resolved(traitsOf(*made));
+            if (!traits.layer.isNull()) (void)made->setLayer(traits.layer);
+            if (!traits.linetype.isNull()) (void)made->setLinetype(traits.linetype);
+            (void)made->setColorIndex(traits.color);
+            (void)made->setLineWeight(traits.lineWeight);
+            parts.push_back(
+                {std::unique_ptr<AcDbEntity>(made), copied ? entity.objectId() : AcDbObjectId()});
+        }
+    });
+    return parts;
+}
+
 Picture blockPicture(AcDbObjectId block, const PictureTraits& reference,
                      const AcGeMatrix3d& moved) {
     Picture content;

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
+#include "dbents.h"
 #include "dbsymtb.h"
 #include "prancheta/graphics/picture.h"
 
@@ -31,6 +33,14 @@ AcGePoint3d blockOrigin(AcDbObjectId block);
 
 /// Calls `visit` for each visible entity, open for read. Nothing when the block cannot be opened.
 void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit);
+
+/// A part of an exploded reference, in no drawing.
+struct ExplodedPart {
+    std::unique_ptr<AcDbEntity> entity;
+    AcDbObjectId original;  ///< entity of the block that it is a copy of; null: drawn in its place
+};
+/// What a reference shows, as entities of their own in its place; empty when it shows nothing.
+std::vector<ExplodedPart> explodedParts(const AcDbBlockReference& reference);
 
 /// While it lives, notes whose content blockPicture() is asked for, nested blocks included; null
 /// stands for blocks that are missing. Scopes may nest: the innermost one notes.

@@ -146,33 +146,10 @@ Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& m) {
 
 Acad::ErrorStatus AcDbBlockReference::subExplode(AcDbVoidPtrArray& set) const {
     assertReadEnabled();
-    const int before = set.length();
-    const AcGeMatrix3d m = blockTransform();
-    const BlockInheritance inheritance(traitsOf(*this), m_block.database());
-    forEachInBlock(m_block, [&](AcDbEntity& entity) {
-        AcDbVoidPtrArray pieces;
-        AcDbEntity* copy = nullptr;
-        if (entity.getTransformedCopy(m, copy) == Acad::eOk && copy != nullptr) {
-            pieces.append(copy);
-        } else {
-            // What cannot be stretched becomes the chords that it is drawn with.
-            delete copy;
-            Picture picture = pictureOf(entity);
-            picture.transform(m);
-            appendEntities(picture, pieces);
-        }
-        for (void* piece : pieces) {
-            auto* made = static_cast<AcDbEntity*>(piece);
-            const PictureTraits traits = inheritance.resolved(traitsOf(*made));
-            if (!traits.layer.isNull()) (void)made->setLayer(traits.layer);
-            if (!traits.linetype.isNull()) (void)made->setLinetype(traits.linetype);
-            (void)made->setColorIndex(traits.color);
-            (void)made->setLineWeight(traits.lineWeight);
-            set.append(made);
-        }
-    });
+    std::vector<ExplodedPart> parts = explodedParts(*this);
+    for (ExplodedPart& part : parts) set.append(part.entity.release());
     // A reference that leaves nothing behind would only be lost.
-    return set.length() > before ? Acad::eOk : Acad::eCannotExplodeEntity;
+    return parts.empty() ? Acad::eCannotExplodeEntity : Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockReference::subGetOsnapPoints(

@@ -52,6 +52,22 @@ private:
     fs::path m_folder;
 };
 
+/// What a scenario draws, each piece turned by 37 degrees and `then` done with it; without the
+/// scenario's own edits.
+std::string turnedPecas(const std::string& scenario, const std::string& then) {
+    std::ifstream in(fs::path(HOUSE_SOURCE_DIR) / "tests/scenarios" / scenario / "roteiro.txt");
+    std::string script;
+    std::string former;
+    bool editing = false;
+    for (std::string line; std::getline(in, line); former = line) {
+        editing = editing || line == "EDITAPERFIL";
+        const bool turns = line == "0" && former.find(',') != std::string::npos;
+        if (!editing) script += turns ? "37\n" + then : line + "\n";
+        editing = editing && line != "accept";
+    }
+    return script;
+}
+
 /// First place where two states differ by more than rounding; empty when they are equal.
 std::string difference(const Json& a, const Json& b, const std::string& where = {}) {
     if (a.is_number() && b.is_number()) {
@@ -96,4 +112,16 @@ TEST_F(Returns, EveryStepBackGivesTheStateOfThatStep) {
     EXPECT_EQ(difference(stateAfter(member + reopened + kMove + kTurn), turned), "");
     EXPECT_EQ(difference(stateAfter(member + reopened + kMove + kTurn + "_u\n_u\n"), made), "");
     EXPECT_EQ(difference(stateAfter(member + kMove + reopened + again + kTurn), turned), "");
+}
+
+TEST_F(Returns, AnEditWithoutAChangeChangesNothing) {
+    const std::string reopened = "_saveas\na.dxf\n_open\na.dxf\n";
+    const std::string edit = "EDITAPERFIL\nL\naccept\n";
+    for (const std::string scenario : {"edita-todos", "compostos-secoes"}) {
+        const Json drawn = stateAfter(turnedPecas(scenario, reopened));
+        ASSERT_GT(drawn["entidades"].size(), 20U);
+        const Json edited = stateAfter(turnedPecas(scenario, reopened + edit));
+        EXPECT_EQ(difference(edited, drawn), "") << scenario;
+        EXPECT_TRUE(edited == drawn) << scenario;
+    }
 }

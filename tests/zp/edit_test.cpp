@@ -9,6 +9,7 @@
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/member.h"
 
 namespace {
 
@@ -31,9 +32,36 @@ protected:
         ui.keys.assign(keys.begin(), keys.end());
         type({command, L"0,0", L"0"});
         EXPECT_TRUE(ui.keys.empty()) << testing::PrintToString(ui.printed);
+        return pecas().back();
+    }
+    /// Pieces that are no plates, the last made at the end.
+    std::vector<AcDbObjectId> pecas() {
+        std::vector<AcDbObjectId> found;
         for (const AcDbObjectId& id : entities())
-            if (id.objectClass()->isDerivedFrom(ZpObject::desc())) return id;
-        return {};
+            if (id.objectClass()->isDerivedFrom(ZpObject::desc()) &&
+                !id.objectClass()->isDerivedFrom(ZpChapa::desc()))
+                found.push_back(id);
+        return found;
+    }
+    void reopen() {
+        const std::filesystem::path file =
+            std::filesystem::temp_directory_path() / "zp_edicao_test.dxf";
+        ASSERT_TRUE(static_cast<bool>(editor->file().save(file)));
+        ASSERT_TRUE(static_cast<bool>(editor->file().open(file)));
+        std::filesystem::remove(file);
+    }
+    void command(const wchar_t* name, AcDbObjectId picked,
+                 std::initializer_list<const wchar_t*> rest) {
+        type({name});
+        pick(0, 0, {picked});
+        type({L""});
+        type(rest);
+    }
+    std::vector<AcDbObjectId> chapasOf(AcDbObjectId id) {
+        return zp::edit::chapasOf(*Read<ZpObject>(id).object());
+    }
+    zp::Lacing lacing(AcDbObjectId id) {
+        return zp::member::of(*Read<ZpObject>(id).object()).lacing;
     }
     void edit(AcDbObjectId id, Keys keys) {
         ui.keys.assign(keys.begin(), keys.end());
@@ -203,11 +231,7 @@ TEST_F(EditByDialog, LeavesTheListAndGetsChapas) {
 TEST_F(EditByDialog, MarcasOfAnOpenedDrawingHaveTheirPecas) {
     draw(L"cantdteel", {"lista=12", "a=10", "vista0=0", "OutraVista", "l=1000", "accept",
                         "travejar", "altura=60", "largura=10", "n_partes=4", "accept", "accept"});
-    const std::filesystem::path file =
-        std::filesystem::temp_directory_path() / "zp_edicao_test.dxf";
-    ASSERT_TRUE(static_cast<bool>(editor->file().save(file)));
-    ASSERT_TRUE(static_cast<bool>(editor->file().open(file)));
-    std::filesystem::remove(file);
+    reopen();
     const AcDbObjectId peca = entities().front();
     edit(peca, {"OutraVista", "gerar_matlist=1", "num_pecas=1", "accept", "accept"});
     ASSERT_EQ(rows().size(), 2u);
@@ -215,6 +239,125 @@ TEST_F(EditByDialog, MarcasOfAnOpenedDrawingHaveTheirPecas) {
     const AcDbObjectId chapaId = Read<ZpMarca>(rows()[1].ids[0])->peca();
     ASSERT_FALSE(chapaId.isNull());
     EXPECT_TRUE(chapaId.objectClass()->isDerivedFrom(ZpChapa::desc()));
+}
+
+TEST_F(EditByDialog, EachCommandKeepsItsTravejamento) {
+    struct Case {
+        const wchar_t* command;
+        Keys medidas;
+        Keys travejar;
+        double A;
+        int planes = 0;
+    };
+    const Keys seen = {"vista0=0", "OutraVista", "l=1000", "accept"};
+    const Keys spread = {"largura=10", "n_partes=4", "accept", "accept"};
+    const Keys toggle = {"travejar=1", "altura=30"};
+    const Keys filled = {"travejar"};
+    const Keys high = {"travejar", "altura=40"};
+    const Keys wide = {"travejar", "altura=100"};
+    const Case cases[] = {
+        {L"perfilc", {"h=60", "b=50", "t=4", "a=15"}, toggle, 30},
+        {L"perfilcaixa", {"h=60", "b=50", "t=4", "a=15"}, toggle, 30},
+        {L"pcantoneira", {"h=60", "b=50", "t=4"}, toggle, 30},
+        {L"pcdtee", {"h=60", "b=50", "t=4", "a=8"}, high, 40},
+        {L"pcantoneiradu", {"h=60", "b=50", "t=4", "a=150"}, wide, 100},
+        {L"perfildvv", {"h=60", "b=50", "t=4", "a=8"}, filled, 8},
+        {L"cantdteel", {"lista=12", "a=8"}, high, 40},
+        {L"cantdul", {"lista=12", "a=150"}, wide, 100},
+        {L"cantdvvl", {"lista=12", "a=8"}, filled, 8},
+        {L"perfilcantcruzlaminado", {"lista=12", "a=8", "av=9", "plano=1"}, high, 40, 2},
+        {L"perfilcantzlaminado", {"lista=12", "a=8", "av=9"}, high, 40},
+        {L"perfiluulaminado", {"lista=3", "a=170"}, wide, 100},
+        {L"perfil2ulam", {"lista=3", "a=8"}, filled, 8},
+        {L"perfilduc", {"h=200", "b=75", "t=3", "a=170"}, wide, 100},
+        {L"perfil2u", {"h=200", "b=75", "t=3", "a=8"}, filled, 8},
+        {L"perfil2uenr", {"h=200", "b=75", "t=3", "a=8", "e=20"}, high, 40},
+        {L"perfilicartola", {"h=100", "b=50", "t=2", "a=8", "e=20"}, filled, 8},
+    };
+    for (const Case& c : cases) {
+        for (const Keys& keys : {c.medidas, seen, c.travejar, spread})
+            ui.keys.insert(ui.keys.end(), keys.begin(), keys.end());
+        type({c.command, L"0,0", L"0"});
+    }
+    reopen();
+    const std::vector<AcDbObjectId> drawn = pecas();
+    ASSERT_EQ(drawn.size(), std::size(cases));
+    for (std::size_t i = 0; i < drawn.size(); ++i) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(cases[i].command)));
+        const zp::Lacing expected{cases[i].A, 10, 4, cases[i].planes, 0};
+        EXPECT_EQ(lacing(drawn[i]), expected);
+        // Alone it has no plates; its dialog lays them.
+        ui.printed.clear();
+        command(L"_mirror", drawn[i], {L"0,500", L"100,500", L"_n"});
+        EXPECT_TRUE(said(L"Peça copiada sem as chapas de travejamento"));
+        const AcDbObjectId copy = pecas().back();
+        ASSERT_TRUE(chapasOf(copy).empty());
+        edit(copy, {"accept"});
+        EXPECT_EQ(chapasOf(copy).size(), chapasOf(drawn[i]).size());
+        EXPECT_EQ(lacing(copy), expected);
+        EXPECT_TRUE(zp::member::same(*Read<ZpObject>(copy), *Read<ZpObject>(drawn[i])));
+    }
+}
+
+TEST_F(EditByDialog, ChapasStayAsTheUserLeftThemUntilTheyAreLaidAgain) {
+    // Five spaces of (2000 - 50) / 5 = 390.
+    const AcDbObjectId peca =
+        draw(L"cantdteel",
+             {"lista=12", "a=10", "vista0=0", "OutraVista", "l=2000", "accept", "dimensionar=1",
+              "travejar", "altura=60", "largura=50", "n_partes=5", "accept", "accept"});
+    command(L"_move", chapasOf(peca)[2], {L"0,0", L"25,0"});
+    command(L"_erase", chapasOf(peca)[3], {});
+    const std::vector<double> left = {0, 415, 1170, 1560, 1950};
+    const AcDbObjectId pitch = zp::edit::cotasOf(*Read<ZpObject>(peca).object()).back();
+    const auto expectLeft = [&](double y) {
+        EXPECT_EQ(chapas(), left);
+        expectCota(pitch, 0, -25.4, 390, -25.4, 0, y);
+    };
+    const double line = Read<AcDbAlignedDimension>(pitch)->dimLinePoint().y;
+    edit(peca, {"ButtonTipoBarra", "bt_pilar", "accept", "accept"});
+    expectLeft(line);
+    EXPECT_EQ(setValue(peca, L"tipo_barra", L"1"), L"");
+    expectLeft(line);
+
+    type({L"-layer", L"_lo", L"vista-chapa", L""});
+    edit(peca, {"OutraVista", "l=2400", "accept", "accept"});
+    EXPECT_TRUE(said(L"As chapas de travejamento estão em camada bloqueada"));
+    EXPECT_NE(setValue(peca, L"comprimento", L"2400"), L"");
+    edit(peca, {"ButtonTipoBarra", "bt_mt", "accept", "accept"});
+    expectLeft(line);
+    EXPECT_EQ(Read<ZpObject>(peca)->getComprimentoReal(), 2000);
+    type({L"-layer", L"_u", L"vista-chapa", L""});
+
+    edit(peca, {"travejar", "n_partes=4", "accept", "accept"});
+    EXPECT_TRUE(
+        said(L"Travejamento refeito: 5 chapas; 1 que tinha sido movida e 1 apagada voltam "
+             L"ao lugar da regra."));
+    EXPECT_EQ(chapas(), (std::vector<double>{0, 487.5, 975, 1462.5, 1950}));
+    EXPECT_EQ(lacing(peca), (zp::Lacing{60, 50, 4, 0, 0}));
+    // OK in the dialog of the lacing lays it again, too.
+    command(L"_erase", chapasOf(peca)[2], {});
+    edit(peca, {"travejar", "accept", "accept"});
+    EXPECT_TRUE(said(L"5 chapas; 1 apagada volta ao lugar da regra."));
+    type({L"_u", L"_u"});
+    EXPECT_EQ(chapas().size(), 5u);
+}
+
+TEST_F(EditByDialog, APecaOfBeforeReadsItsTravejamentoOnce) {
+    // Two angles 60x50x4 in T, 8 apart; four spaces of (1000 - 10) / 4 = 247.5.
+    const AcDbObjectId made = put(new ZpCantTDobrada(AcGePoint3d(0, 0, 0), ZpObject::kVistaDireita,
+                                                     60, 50, 4, 4, 8, 1000, 0, 0, 0));
+    for (const double x : {0.0, 990.0, 247.5, 495.0, 742.5}) {
+        const AcDbObjectId id = put(
+            new ZpChapa(AcGePoint3d(x, 22, 0), ZpObject::kVistaSecao, 10, 4, 40, 0, -0.5 * kPi));
+        change(made, [&](ZpObject& p) { EXPECT_EQ(p.LinkPos(id), Acad::eOk); });
+    }
+    EXPECT_EQ(lacing(made), zp::Lacing());
+    reopen();
+    const AcDbObjectId peca = pecas().front();
+    EXPECT_EQ(lacing(peca), (zp::Lacing{40, 10, 4, 0, 0}));
+    command(L"_erase", chapasOf(peca)[2], {});
+    edit(peca, {"OutraVista", "l=1250", "accept", "accept"});
+    EXPECT_EQ(chapas(), (std::vector<double>{0, 310, 620, 930, 1240}));
 }
 
 }  // namespace

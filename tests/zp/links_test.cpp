@@ -2,6 +2,7 @@
 // What is tied to a piece goes with it: once per command, back with undo, gone with the piece.
 #include "dbdim.h"
 #include "tests/zp/drawing.h"
+#include "zp/matlist/zpmarca.h"
 
 namespace {
 
@@ -37,6 +38,12 @@ protected:
         expectNear(start(first), x, y + 60);
         expectNear(start(middle), x + 200, y + 60);
         expectNear(start(last), x + 400, y + 60);
+    }
+    /// What LIST says of everything.
+    std::wstring state() {
+        ui.printed.clear();
+        for (const AcDbObjectId& id : entities()) Read<AcDbEntity>(id)->list();
+        return ui.printed;
     }
     AcDbObjectId peca, comprimento, altura, first, middle, last;
     std::wstring handle(AcDbObjectId id) {
@@ -117,9 +124,77 @@ TEST_F(Links, ComprimentoTakesTheEndAlong) {
 }
 
 TEST_F(Links, ScalingTakesTheOffsetsAlong) {
+    const std::vector<AcDbObjectId> all = {peca, comprimento, altura, first, middle, last};
+    command(L"_scale", all, {L"0,0", L"2"});
+    const std::wstring together = state();
+    type({L"_u"});
     command(L"_scale", {peca}, {L"0,0", L"2"});
     expectCota(comprimento, 0, -200, 1000, -200, 0, -220);
     expectNear(start(last), 800, 120);
+    expectNear(face(last, 3), 1000, -120);
+    EXPECT_EQ(Read<ZpObject>(last)->getEspessura(), 16);
+    EXPECT_EQ(state(), together);
+    // A plate that was scaled alone keeps its own size.
+    command(L"_scale", {middle}, {L"400,120", L"0.5"});
+    command(L"_scale", {peca}, {L"0,0", L"0.5"});
+    EXPECT_EQ(Read<ZpObject>(middle)->getLargura(), 50);
+    EXPECT_EQ(Read<ZpObject>(last)->getLargura(), 100);
+}
+
+TEST_F(Links, WhatLiesOnALockedLayerStays) {
+    type({L"-layer", L"_m", L"PRESA", L""});
+    for (const AcDbObjectId& id : {comprimento, last}) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        (void)entity->setLayer(L"PRESA");
+    }
+    type({L"-layer", L"_lo", L"PRESA", L""});
+    command(L"_move", {peca}, {L"0,0", L"10,0"});
+    EXPECT_TRUE(said(L"1 chapa e 1 cota ficam como estão, em camada bloqueada"));
+    expectCota(comprimento, 0, -100, 500, -100, 0, -110);
+    expectNear(start(last), 400, 60);
+    expectNear(start(first), 10, 60);
+    command(L"_erase", {peca}, {});
+    EXPECT_EQ(countOf<ZpObject>(), 1u);
+    EXPECT_EQ(countOf<AcDbDimension>(), 1u);
+    type({L"_oops", L"-layer", L"_u", L"PRESA", L""});
+    command(L"_move", {peca}, {L"0,0", L"10,0"});
+    expectAllAt(20, 0);
+}
+
+TEST_F(Links, AnExplodedBlockIsTiedAsItWasInTheBlock) {
+    const AcDbObjectId marca =
+        put(new ZpMarca(face(peca, 0), AcGePoint3d(-40, 140, 0), L"P1", 2.5, peca));
+    AcDbDatabase& drawing = editor->database();
+    AcDbObjectId block;
+    {
+        auto* record = new AcDbBlockTableRecord;
+        (void)record->setName(L"TRAVEJADA");
+        const AcDbObjectPointer<AcDbBlockTable> table(drawing.blockTableId(), AcDb::kForWrite);
+        ASSERT_EQ(table->add(block, record), Acad::eOk);
+        (void)record->close();
+    }
+    AcDbObjectIdArray originals;
+    for (const AcDbObjectId& id : {middle, marca, comprimento, peca, altura, first, last})
+        originals.append(id);
+    AcDbObjectIdArray inBlock;
+    ASSERT_EQ(drawing.deepCloneObjects(originals, block, inBlock), Acad::eOk);
+    command(L"_erase", {peca, marca}, {});
+    // Twice as large, and mirrored.
+    auto* reference = new AcDbBlockReference(AcGePoint3d(1000, 0, 0), block);
+    (void)reference->setScaleFactors({-2, 2, 2});
+    command(L"_explode", {put(reference)}, {});
+    const std::vector<AcDbObjectId> parts = entities();
+    ASSERT_EQ(parts.size(), 7u);
+    middle = parts[0], comprimento = parts[2], peca = parts[3], last = parts[6];
+    EXPECT_EQ(Read<ZpMarca>(parts[1])->peca(), peca);
+    command(L"_move", {peca}, {L"0,0", L"0,5"});
+    expectNear(start(middle), 600, 125);
+    expectCota(comprimento, 1000, -195, 0, -195, 1000, -215);
+    expectNear(Read<ZpMarca>(parts[1])->tip(), 1000, 205);
+    command(L"_scale", {peca}, {L"1000,5", L"0.5"});
+    EXPECT_EQ(Read<ZpObject>(last)->getLargura(), 100);
+    command(L"_erase", {peca}, {});
+    EXPECT_TRUE(entities().empty());
 }
 
 TEST_F(Links, ErasingTakesCotasAndChapasAlong) {
@@ -142,11 +217,6 @@ TEST_F(Links, OopsBringsBackAsItWas) {
         EXPECT_EQ(p.LinkPos(second), Acad::eOk);
     });
     change(second, [&](ZpObject& p) { EXPECT_EQ(p.LinkDim(between), Acad::eOk); });
-    const auto state = [&] {
-        ui.printed.clear();
-        for (const AcDbObjectId& id : entities()) Read<AcDbEntity>(id)->list();
-        return ui.printed;
-    };
     const std::wstring before = state();
     const std::vector<AcDbObjectId> samples[] = {
         {peca},        {middle},       {altura},       {middle, last, comprimento},

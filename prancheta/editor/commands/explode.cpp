@@ -1,25 +1,31 @@
 // SPDX-License-Identifier: MIT
 // EXPLODE: replaces compound objects by their parts, one level.
 #include "dbsymtb.h"
+#include "prancheta/database/deep_clone.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/entities/block_content.h"
 
 namespace prancheta::commands {
 
 namespace {
 
-using Parts = std::vector<std::unique_ptr<AcDbEntity>>;
+using Parts = std::vector<ExplodedPart>;
 
 Parts partsOf(const AcDbEntity& entity) {
+    if (const auto* const reference = AcDbBlockReference::cast(&entity))
+        return explodedParts(*reference);
     AcDbVoidPtrArray set;
     const Acad::ErrorStatus status = entity.explode(set);
     Parts parts;
-    for (void* part : set) parts.emplace_back(static_cast<AcDbEntity*>(part));
+    for (void* part : set)
+        parts.push_back({std::unique_ptr<AcDbEntity>(static_cast<AcDbEntity*>(part)), {}});
     if (status != Acad::eOk) parts.clear();
     return parts;
 }
 
-/// Puts the parts where the entity stood; false leaves the drawing as it was.
+/// Puts the parts where the entity stood, tied to one another as they were in a block; false leaves
+/// the drawing as it was.
 bool explodeOne(const CommandContext& context, AcDbObjectId id) {
     AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
     if (entity.openStatus() != Acad::eOk) return false;
@@ -28,7 +34,8 @@ bool explodeOne(const CommandContext& context, AcDbObjectId id) {
     AcDbObjectPointer<AcDbBlockTableRecord> owner(entity->blockId(), AcDb::kForWrite);
     if (owner.openStatus() != Acad::eOk) return false;
     Ids added;
-    for (std::unique_ptr<AcDbEntity>& part : parts) {
+    Copies copies;
+    for (auto& [part, original] : parts) {
         if (part->layerId().isNull()) (void)part->setPropertiesFrom(entity.object());
         AcDbObjectId partId;
         if (owner->appendAcDbEntity(partId, part.get()) != Acad::eOk) {
@@ -37,7 +44,9 @@ bool explodeOne(const CommandContext& context, AcDbObjectId id) {
         }
         (void)part.release()->close();
         added.push_back(partId);
+        if (!original.isNull()) copies[original] = partId;
     }
+    translateReferences(copies);
     return entity->erase() == Acad::eOk;
 }
 
