@@ -207,11 +207,14 @@ void updateList(const VistasChoice& vistas, const PecaValues& peca,
     (void)zp::matlist::enterRow(peca.id, zp::matlist::recordOf(peca.id),
                                 stillVista ? 0 : vistas.pecas);
     if (what == Chapas::Stay) return;
-    for (std::size_t i = 0; i < laid.rows.size(); ++i)
-        if (i < rows.size())
-            (void)zp::matlist::enterChapas(laid.rows[i].chapa, rows[i]);
-        else
+    for (std::size_t i = 0; i < laid.rows.size(); ++i) {
+        const AcDbObjectId chapa = laid.rows[i].chapa;
+        const AcDbObjectId row = i < rows.size() ? rows[i] : zp::matlist::rowOfSiblings(chapa);
+        if (row.isNull())
             (void)MatListChapas(peca.id, pecaCount(vistas), laid.rows[i]);
+        else
+            (void)zp::matlist::enterChapas(chapa, row);
+    }
 }
 
 void reportUnchanged(Acad::ErrorStatus status) {

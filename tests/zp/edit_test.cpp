@@ -299,6 +299,18 @@ TEST_F(EditByDialog, EachCommandKeepsItsTravejamento) {
     }
 }
 
+TEST_F(EditByDialog, ChapasOfACopyStandInTheRowOfItsOriginals) {
+    const AcDbObjectId peca =
+        draw(L"cantdteel", {"lista=12", "a=10", "vista0=0", "OutraVista", "l=1000",
+                            "gerar_matlist=1", "num_pecas=2", "accept", "travejar", "altura=60",
+                            "largura=10", "n_partes=4", "accept", "accept"});
+    command(L"_copy", peca, {L"0,0", L"0,500", L""});
+    edit(pecas().back(), {"accept"});
+    ASSERT_EQ(rows().size(), 2u);
+    EXPECT_EQ(rows()[0].quantidade, 4);
+    EXPECT_EQ(rows()[1].quantidade, 20);
+}
+
 TEST_F(EditByDialog, ChapasStayAsTheUserLeftThemUntilTheyAreLaidAgain) {
     // Five spaces of (2000 - 50) / 5 = 390.
     const AcDbObjectId peca =
@@ -358,6 +370,11 @@ TEST_F(EditByDialog, APecaOfBeforeReadsItsTravejamentoOnce) {
     command(L"_erase", chapasOf(peca)[2], {});
     edit(peca, {"OutraVista", "l=1250", "accept", "accept"});
     EXPECT_EQ(chapas(), (std::vector<double>{0, 310, 620, 930, 1240}));
+    command(L"_scale", peca, {L"0,0", L"2"});
+    EXPECT_EQ(lacing(peca), (zp::Lacing{80, 20, 4, 0, 0}));
+    edit(peca, {"accept"});
+    EXPECT_EQ(chapas(), (std::vector<double>{0, 620, 1240, 1860, 2480}));
+    EXPECT_EQ(Read<ZpObject>(chapasOf(peca)[1])->getLargura(), 20);
 }
 
 }  // namespace

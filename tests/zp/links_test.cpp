@@ -183,6 +183,7 @@ TEST_F(Links, AnExplodedBlockIsTiedAsItWasInTheBlock) {
     auto* reference = new AcDbBlockReference(AcGePoint3d(1000, 0, 0), block);
     (void)reference->setScaleFactors({-2, 2, 2});
     command(L"_explode", {put(reference)}, {});
+    type({L"_u", L"_redo"});
     const std::vector<AcDbObjectId> parts = entities();
     ASSERT_EQ(parts.size(), 7u);
     middle = parts[0], comprimento = parts[2], peca = parts[3], last = parts[6];

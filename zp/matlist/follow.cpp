@@ -589,6 +589,22 @@ bool enterChapas(AcDbObjectId id, AcDbObjectId record) {
     return std::ranges::all_of(alike, [&](AcDbObjectId next) { return enterRow(next, record, 1); });
 }
 
+AcDbObjectId rowOfSiblings(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+    if (chapa.object() == nullptr) return {};
+    Book& book = Book::of(*id.database());
+    const AcDbObjectId bar = edit::ownerOf(*chapa.object());
+    const AcDbObjectId barRow = book.rowOf(bar);
+    for (const AcDbObjectId& next : book.likely(*chapa.object())) {
+        const AcDbObjectPointer<ZpObject> other(next, AcDb::kForRead);
+        if (other.object() == nullptr || !member::same(*chapa.object(), *other.object())) continue;
+        const AcDbObjectId owner = edit::ownerOf(*other.object());
+        if (owner != bar && !barRow.isNull() && book.rowOf(owner) == barRow)
+            return book.rowOf(next);
+    }
+    return {};
+}
+
 void leaveRow(AcDbObjectId id) {
     for (const AcDbObjectId& marca : Book::of(*id.database()).marcasOf(id)) {
         const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);

@@ -30,6 +30,8 @@ int countOf(AcDbObjectId peca);
 bool enterRow(AcDbObjectId peca, AcDbObjectId record, int count);
 /// The same for all plates of one bar that are seen like this one; each counts as often as the bar.
 bool enterChapas(AcDbObjectId chapa, AcDbObjectId record);
+/// Row of equal plates of another bar in the same row as this plate's; null when there is none.
+AcDbObjectId rowOfSiblings(AcDbObjectId chapa);
 /// Takes the piece out of its list; its marks are erased.
 void leaveRow(AcDbObjectId peca);
 /// A row for this piece alone: like the one with record `from`, under the next free mark with the
