@@ -125,12 +125,12 @@ std::unique_ptr<ZpObject> makeModel(const PerfilDescription& description, const 
     std::unique_ptr<ZpObject> model = between ? makeBetween(description, start, end, request)
                                               : makeAtPoint(description, start, request);
     // A figure of the dialog may show the body turned; one that was not chosen anew turns nothing.
-    const bool sameVista =
-        request.vista == peca.vista ||
-        (!state.vistas.secaoOnly &&
-         state.vistas.vista == figureOf(description, peca.vista, peca.giro));
+    const bool sameVista = request.vista == peca.vista ||
+                           (!state.vistas.secaoOnly &&
+                            state.vistas.vista == figureOf(description, peca.vista, peca.giro));
     zp::secao::RoleValues values = zp::edit::valuesOf(*model);
-    if (sameVista && !between && (model->vista() != peca.vista || values[Role::Giro] != peca.giro)) {
+    if (sameVista && !between &&
+        (model->vista() != peca.vista || values[Role::Giro] != peca.giro)) {
         values[Role::Giro] = peca.giro;
         values[Role::L] = model->getComprimentoReal();
         model = description.pecas.atPoint(start, peca.vista, values);

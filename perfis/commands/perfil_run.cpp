@@ -96,8 +96,7 @@ void PerfilRun::rebuild() {
         pecasToRebuild(m_description, m_state, *m_edited);
     if (!others) return;
     const ChapaLaying chapas = chapaLaying();
-    m_editResult =
-        rebuildPeca(m_description, m_state, {*m_edited, m_before, chapas, laysAgain()});
+    m_editResult = rebuildPeca(m_description, m_state, {*m_edited, m_before, chapas, laysAgain()});
     for (const AcDbObjectId& id : *others) {
         PecaValues other;
         {

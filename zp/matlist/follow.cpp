@@ -470,7 +470,7 @@ private:
 /// Asks whether an edit is meant for all drawings of a member or for one that leaves them.
 class Asker : public edit::Listener {
 public:
-    void edited(AcDbObjectId, const edit::Faces&) override {}
+    void edited(AcDbObjectId, const edit::Former&) override {}
     std::optional<std::vector<AcDbObjectId>> alike(const ZpObject& peca,
                                                    const ZpObject& model) override {
         const AcDbObjectId record = recordOf(peca.objectId());
