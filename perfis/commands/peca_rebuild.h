@@ -5,27 +5,9 @@
 #include <optional>
 #include <vector>
 
-#include "perfis/commands/peca_values.h"
-#include "perfis/commands/perfil_description.h"
-#include "perfis/commands/run_state.h"
-#include "perfis/output/chapas.h"
+#include "perfis/commands/ruled_peca.h"
 
 namespace perfis {
-
-/// A piece as its command's rule makes it, at its start and along X, in no drawing.
-struct RuledPeca {
-    RunState state;                  ///< of the command that makes it
-    std::unique_ptr<ZpObject> peca;  ///< knows its lacing
-    std::vector<std::unique_ptr<ZpChapa>> chapas;
-    double pitch = 0.0;  ///< of its plates, as its dimensions show it
-};
-RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
-                    const PecaValues& peca, const ChapaLaying& layChapas);
-
-/// True when both have the same plates in the same places.
-bool sameChapas(const RuledPeca& a, const RuledPeca& b);
-/// True when one of the piece's plates lies on a locked layer.
-bool hasLockedChapa(const PecaValues& peca);
 
 inline constexpr const wchar_t* kLockedChapas =
     L"As chapas de travejamento estão em camada bloqueada; desbloqueie-a para editar a peça.";
