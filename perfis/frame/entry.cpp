@@ -3,6 +3,7 @@
 #include "accmd.h"
 #include "acutads.h"
 #include "dbapserv.h"
+#include "perfis/commands/catalogue_check.h"
 #include "perfis/commands/command_table.h"
 #include "perfis/commands/peca_editor.h"
 #include "rxdefs.h"
@@ -34,10 +35,12 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
         (void)acrxRegisterAppMDIAware(pkt);
         registerCommands();
         perfis::installPecaEditor();
+        perfis::installCatalogueCheck();
     } else if (msg == AcRx::kLoadDwgMsg) {
         AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
         if (drawing != nullptr) perfis::keepTravejamentos(*drawing);
     } else if (msg == AcRx::kUnloadAppMsg) {
+        perfis::removeCatalogueCheck();
         perfis::removePecaEditor();
         AcEdCommandStack* const stack = commandStack();
         if (stack != nullptr) (void)stack->removeGroup(perfis::kCommandGroup);

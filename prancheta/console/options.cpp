@@ -120,6 +120,9 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--estado", options.state, "estado final do desenho")->type_name("ARQUIVO.json");
     app.add_option("--verifica", options.verify, "examina um arquivo DXF com rigor e termina")
         ->type_name("ARQUIVO.dxf");
+    app.add_option("--confere", options.check,
+                   "confere peças, lista e cotas de um desenho e termina")
+        ->type_name("ARQUIVO.dxf");
     for (std::size_t i = 0; i < options.plots.size(); ++i)
         app.add_option(kPlotOptions[i][0], options.plots[i],
                        "plota a extensão do desenho, ajustada a uma folha A4")
@@ -159,7 +162,8 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     }
     options.defaultModules = !noModules;
     options.otherModules = !defaultOnly;
-    options.transcript = !quiet;
+    options.transcript = !quiet && options.check.empty();
+    if (!options.check.empty()) options.drawing = options.check;
     findOutputs(options);
     if (const std::string refusal = refusalOf(app, options); !refusal.empty()) {
         std::cerr << "prancheta-console: " << harmless(refusal)

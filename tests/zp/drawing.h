@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <deque>
 #include <functional>
 #include <map>
@@ -164,6 +165,31 @@ protected:
         for (const AcDbObjectId& id : entities())
             n += id.objectClass()->isDerivedFrom(T::desc()) ? 1u : 0u;
         return n;
+    }
+};
+
+/// The same with the drawing commands and their dialogs.
+class DrawingWithCommands : public Drawing {
+protected:
+    DrawingWithCommands() {
+        const std::filesystem::path folder = HOUSE_BINARY_DIR;
+        ::setenv("ZPFORJA2010", (folder / "instalacao").c_str(), 1);
+        EXPECT_TRUE(static_cast<bool>(editor->modules().load(folder / "bin/ZpPerfis18.arx")));
+        prancheta::dcl::setDialogRunner(
+            [this](prancheta::dcl::Dialog& dialog) { ui.runDialog(dialog); });
+    }
+    ~DrawingWithCommands() override { prancheta::dcl::setDialogRunner({}); }
+    using Keys = std::initializer_list<const char*>;
+    /// Draws a piece along X: the first one that is new.
+    AcDbObjectId draw(const wchar_t* command, Keys keys, const wchar_t* point = L"0,0") {
+        const std::size_t before = entities().size();
+        ui.keys.assign(keys.begin(), keys.end());
+        type({command, point, L"0"});
+        EXPECT_TRUE(ui.keys.empty()) << testing::PrintToString(ui.printed);
+        const std::vector<AcDbObjectId> all = entities();
+        for (std::size_t i = before; i < all.size(); ++i)
+            if (all[i].objectClass()->isDerivedFrom(ZpObject::desc())) return all[i];
+        return {};
     }
 };
 

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Pieces edited by the dialogs of their commands: what stays, what is laid again, what is listed.
-#include <cstdlib>
-
-#include "prancheta/dcl/dialog.h"
-#include "protocol/attach.h"
 #include "protocol/edit.h"
+#include "protocol/attach.h"
 #include "tests/zp/drawing.h"
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
@@ -16,24 +13,8 @@ namespace {
 using namespace zp_tests;
 using zp::secao::Role;
 
-class EditByDialog : public Drawing {
+class EditByDialog : public DrawingWithCommands {
 protected:
-    EditByDialog() {
-        const std::filesystem::path folder = HOUSE_BINARY_DIR;
-        ::setenv("ZPFORJA2010", (folder / "instalacao").c_str(), 1);
-        EXPECT_TRUE(static_cast<bool>(editor->modules().load(folder / "bin/ZpPerfis18.arx")));
-        prancheta::dcl::setDialogRunner(
-            [this](prancheta::dcl::Dialog& dialog) { ui.runDialog(dialog); });
-    }
-    ~EditByDialog() override { prancheta::dcl::setDialogRunner({}); }
-    using Keys = std::initializer_list<const char*>;
-    /// Draws a piece at the origin, along X.
-    AcDbObjectId draw(const wchar_t* command, Keys keys) {
-        ui.keys.assign(keys.begin(), keys.end());
-        type({command, L"0,0", L"0"});
-        EXPECT_TRUE(ui.keys.empty()) << testing::PrintToString(ui.printed);
-        return pecas().back();
-    }
     /// Pieces that are no plates, the last made at the end.
     std::vector<AcDbObjectId> pecas() {
         std::vector<AcDbObjectId> found;

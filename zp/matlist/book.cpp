@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "dbents.h"
-#include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "zp/matlist/each_entity.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/each_entity.h"
 #include "zp/objects/member.h"
@@ -280,12 +280,16 @@ bool Book::readRow(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead);
     if (record.openStatus() == Acad::eWasOpenForWrite) return false;
     m_rowsChanged = true;
-    if (row.alive) takeText(id, row);
     const std::optional<Linha> stored = storedRow(id);
-    row.alive = stored.has_value();
-    row.marca = stored ? stored->marca : std::wstring();
+    const std::wstring marca = stored ? stored->marca : std::wstring();
+    // A mark that stays is not free in between: finding the lowest free one again is a long way.
+    if (row.alive != stored.has_value() || row.marca != marca) {
+        if (row.alive) takeText(id, row);
+        row.alive = stored.has_value();
+        row.marca = marca;
+        if (row.alive) giveText(id, row);
+    }
     if (!row.alive) return true;
-    giveText(id, row);
     for (const AcDbSoftPointerId& marca : stored->ids)
         if (!marca.isNull()) m_naming[keyOf(marca)] = id;
     return true;

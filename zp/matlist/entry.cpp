@@ -4,6 +4,7 @@
 #include "rxregsvc.h"
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/book.h"
+#include "zp/matlist/check.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/marcas_command.h"
@@ -26,6 +27,7 @@ struct Command {
 constexpr Command kCommands[] = {
     {zp::matlist::kListCommand, zp::matlist::materialListCommand},
     {L"MARCAS", zp::matlist::marcasCommand},
+    {zp::matlist::kCheckCommand, zp::matlist::checkCommand},
     {L"VISTAS", zp::matlist::vistasCommand},
     {zp::matlist::kPlanCommand, zp::matlist::cuttingPlanCommand},
     {zp::matlist::kSummaryCommand, zp::matlist::summaryCommand},
@@ -38,6 +40,7 @@ void start(void* application) {
     acrxBuildClassHierarchy();
     zp::matlist::installReport();
     zp::matlist::installSheets();
+    zp::matlist::installCheck();
     zp::matlist::startFollowing();
     AcEdCommandStack* const stack = acedRegCmds;
     if (stack == nullptr) return;
@@ -49,6 +52,7 @@ void start(void* application) {
 void stop() {
     if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr) (void)stack->removeGroup(kGroup);
     zp::matlist::stopFollowing();
+    zp::matlist::uninstallCheck();
     zp::matlist::uninstallSheets();
     zp::matlist::uninstallReport();
     deleteAcRxClass(ZpMarca::desc());

@@ -3,6 +3,7 @@
 #include "zp/matlist/table.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "dbents.h"
 #include "perfis/entities/zpfuncoes.h"
@@ -95,6 +96,21 @@ bool drawTable(const MaterialList& list) {
     draw(d, listingOf({list.number, list.id, *header}), header->point, 2.5 * GetScale());
     header->table = d.ids();
     return writeHeader(list.id, *header);
+}
+
+bool tableIsStale(const MaterialList& list) {
+    std::vector<std::wstring> shown;
+    for (const AcDbSoftPointerId& id : list.header.table) {
+        const AcDbObjectPointer<AcDbText> text(id, AcDb::kForRead);
+        if (text.object() != nullptr) shown.emplace_back(text->textStringConst());
+    }
+    // In the order in which they are drawn.
+    const Listing listing = listingOf(list);
+    std::vector<std::wstring> wanted{listing.title};
+    for (const auto& line : linesOf(listing))
+        std::ranges::copy_if(line, std::back_inserter(wanted),
+                             [](const std::wstring& cell) { return !cell.empty(); });
+    return shown != wanted;
 }
 
 }  // namespace zp::matlist

@@ -14,6 +14,9 @@ namespace zp::matlist {
 /// list cannot be read or written.
 bool drawTable(const MaterialList& list);
 
+/// True when the drawn table does not say what drawTable would write into it now.
+bool tableIsStale(const MaterialList& list);
+
 /// The command LISTAMATERIAL.
 void materialListCommand();
 

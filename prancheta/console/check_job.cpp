@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// Prints the findings of a module.
+#include "prancheta/console/check_job.h"
+
+#include <iostream>
+
+#include "prancheta/base/text.h"
+#include "prancheta/console/options.h"
+#include "protocol/check.h"
+#include "rxdict.h"
+
+namespace prancheta::console {
+namespace {
+
+class Printer : public protocol::FindingVisitor {
+public:
+    void finding(const protocol::Finding& finding) override {
+        tally.count(finding);
+        std::cout << harmless(toUtf8(protocol::lineOf(finding))) << "\n";
+    }
+    protocol::Tally tally;
+};
+
+}  // namespace
+
+int checkJob(AcDbDatabase& drawing) {
+    const auto* const check = static_cast<const protocol::DrawingCheck*>(
+        acrxSysRegistry()->at(protocol::kDrawingCheckKey));
+    if (check == nullptr) {
+        std::cerr << "prancheta-console: nenhum módulo carregado sabe conferir um desenho; não use "
+                     "--sem-modulos com --confere\n";
+        return kFileError;
+    }
+    Printer printer;
+    check->check(drawing, printer);
+    std::cout << toUtf8(printer.tally.summary()) << std::endl;
+    return printer.tally.faults() > 0 ? kScriptError : kDone;
+}
+
+}  // namespace prancheta::console

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: MIT
+// Checks of the job: a sound sheet without findings, and the same with each fault planted once.
+#include "zp/matlist/check.h"
+#include "tests/zp/matlist.h"
+#include "zp/matlist/book.h"
+#include "zp/objects/edit.h"
+#include "zp/objects/member.h"
+
+namespace {
+
+using namespace zp_tests;
+using zp::matlist::Fault;
+using Kinds = std::vector<Fault>;
+
+class Checked : public DrawingWithCommands {
+protected:
+    /// A listed U 200x75x3 seen from the right, dimensioned.
+    AcDbObjectId drawU(const char* comprimento, const wchar_t* point) {
+        return draw(L"perfilu",
+                    {"h=200", "b=75", "t=3.00", "vista0=0", "OutraVista", "fig1", comprimento,
+                     "gerar_matlist=1", "num_pecas=1", "accept", "dimensionar=1", "accept"},
+                    point);
+    }
+    /// A listed laced 2U ][ 200x75x3.
+    AcDbObjectId draw2U(const char* figure, const char* comprimento, const wchar_t* point) {
+        return draw(L"perfil2u",
+                    {"h=200", "b=75", "t=3.00", "a=8", "vista0=0", "OutraVista", figure,
+                     comprimento, "gerar_matlist=1", "num_pecas=1", "accept", "dimensionar=1",
+                     "travejar", "largura=50", "n_partes=4", "accept", "accept"},
+                    point);
+    }
+    template <class T>
+    std::vector<AcDbObjectId> all() const {
+        std::vector<AcDbObjectId> found;
+        for (const AcDbObjectId& id : entities())
+            if (id.objectClass()->isDerivedFrom(T::desc())) found.push_back(id);
+        return found;
+    }
+    template <class T, class F>
+    void open(AcDbObjectId id, F f) {
+        const AcDbObjectPointer<T> opened(id, AcDb::kForWrite);
+        ASSERT_EQ(opened.openStatus(), Acad::eOk);
+        f(*opened.object());
+    }
+    /// MOVE and COPY of one object.
+    void take(const wchar_t* command, AcDbObjectId id, const wchar_t* to) {
+        type({command});
+        pick(0, 0, {id});
+        type({L"", L"0,0", to});
+        if (std::wstring_view(command) == L"_copy") type({L""});
+    }
+};
+
+/// U at the origin, 2U above it, their dimensions, plates and marks P1, P2 and P3, and the table.
+class Planted : public Checked {
+public:
+    Planted() {
+        barra = drawU("l=1000", L"0,0");
+        composta = draw2U("fig1", "l=1200", L"0,1000");
+        type({L"LISTAMATERIAL", L"", L"0,-500"});
+    }
+    AcDbObjectId barra;
+    AcDbObjectId composta;
+
+    std::vector<AcDbObjectId> records() {
+        const auto lists = zp::matlist::materialLists(editor->database());
+        return zp::matlist::Book::of(editor->database()).records(lists.front().id);
+    }
+    AcGePoint3d start() {
+        AcGePoint3d p;
+        (void)Read<ZpObject>(barra)->StartPoint(p);
+        return p;
+    }
+    AcDbObjectId aCota() { return zp::edit::cotasOf(*Read<ZpObject>(barra).object()).front(); }
+    AcDbObjectId aChapa() { return zp::edit::chapasOf(*Read<ZpObject>(composta).object()).front(); }
+    void write(const std::function<void(Linha&)>& change) {
+        auto row = zp::matlist::storedRow(records().front());
+        ASSERT_TRUE(row);
+        change(*row);
+        EXPECT_TRUE(zp::matlist::rewrite(records().front(), *row));
+    }
+
+    struct Case {
+        const char* name;
+        void (*plant)(Planted&);
+        Kinds kinds;
+    };
+    static const std::vector<Case>& cases();
+};
+
+const std::vector<Planted::Case>& Planted::cases() {
+    using enum Fault;
+    static const std::vector<Case> all = {
+        {"nothing", [](Planted&) {}, {}},
+        {"the piece of a row erased",
+         [](Planted& t) {
+             t.type({L"_erase"});
+             t.pick(0, 0, {t.barra});
+             t.type({L""});
+         },
+         {RowWithoutPeca}},
+        {"a row of another size",
+         [](Planted& t) { t.write([](Linha& row) { row.dimensoes = L"200x75x2"; }); },
+         {RowSaysOther}},
+        {"a row of another number",
+         [](Planted& t) { t.write([](Linha& row) { row.quantidade = 7; }); },
+         {RowSaysOther}},
+        {"a piece that is not what its row is",
+         [](Planted& t) {
+             const AcDbObjectId other = t.u(0, 5000, 640);
+             // Not as a change of the user's, which the lists would follow.
+             const zp::matlist::Book::OwnWork own(zp::matlist::Book::of(t.editor->database()));
+             t.open<ZpObject>(
+                 other, [&](ZpObject& peca) { zp::member::tie(peca, t.records().front(), 0); });
+         },
+         {RowSaysOther}},
+        {"a mark drawn with another text",
+         [](Planted& t) {
+             t.open<ZpMarca>(t.all<ZpMarca>().front(), [](ZpMarca& m) { m.setMarca(L"P9"); });
+         },
+         {RowSaysOther}},
+        {"the same piece listed again",
+         [](Planted& t) { t.drawU("l=1000.3", L"0,5000"); },
+         {EqualWithTwoMarcas}},
+        {"another piece under the same mark, not in the table",
+         [](Planted& t) {
+             t.drawU("l=700", L"0,5000");
+             EXPECT_TRUE(zp::matlist::renameRow(t.records().back(), L"P1"));
+         },
+         {OneMarcaForTwo, TableStale}},
+        {"a mark moved away",
+         [](Planted& t) { t.take(L"_move", t.all<ZpMarca>().front(), L"0,9000"); },
+         {MarcaOnNothing}},
+        {"a mark moved along its piece",
+         [](Planted& t) { t.take(L"_move", t.all<ZpMarca>().front(), L"300,-50"); },
+         {}},
+        {"a mark without a piece",
+         [](Planted& t) {
+             t.put(new ZpMarca({0, 0, 0}, {9, 9, 0}, L"P8", 2.5));
+         },
+         {MarcaOnNothing}},
+        {"a piece in no list", [](Planted& t) { t.u(0, 5000, 700); }, {PecaWithoutMarca}},
+        {"a section in no list", [](Planted& t) { t.u(0, 5000, 700, ZpObject::kVistaSecao); }, {}},
+        {"a listed piece copied alone",
+         [](Planted& t) { t.take(L"_copy", t.barra, L"0,5000"); },
+         {PecaWithoutMarca}},
+        {"a dimension that measures between edges",
+         [](Planted& t) {
+             t.open<AcDbAlignedDimension>(t.aCota(), [&](AcDbAlignedDimension& cota) {
+                 (void)cota.setXLine1Point(t.start() + AcGeVector3d(333, 40, 0));
+             });
+         },
+         {CotaOfNothing}},
+        {"a dimension of one point", [](Planted& t) { t.cota(5, 5, 5, 5, 9, 9); }, {CotaOfNothing}},
+        {"a plate beyond the end",
+         [](Planted& t) { t.take(L"_move", t.aChapa(), L"-20,0"); },
+         {ChapaOutside}},
+        {"a plate beside its member",
+         [](Planted& t) { t.take(L"_move", t.aChapa(), L"300,400"); },
+         {ChapaOutside}},
+        {"a plate drawn twice",
+         [](Planted& t) { t.take(L"_copy", t.aChapa(), L"0.4,-0.4"); },
+         {ChapasCoincide}},
+        {"a view that shows one plane",
+         [](Planted& t) { t.draw2U("fig2", "l=1400", L"0,5000"); },
+         {OnePlaneOfTwo}},
+        {"a bar over the other's end",
+         [](Planted& t) { t.u(t.start().x + 1100, t.start().y, 102.5, ZpObject::kVistaSuperior); },
+         {PecaWithoutMarca}},
+        {"a bar beyond the other's end",
+         [](Planted& t) { t.u(t.start().x + 998, t.start().y, 500); },
+         {PecaWithoutMarca, BarsOverlap}},
+        {"a bar from the other side",
+         [](Planted& t) {
+             const AcGePoint3d p = t.start();
+             t.put(new ZpUDobrado(p + AcGeVector3d(1500, 0, 0), p + AcGeVector3d(998, 0, 0),
+                                  ZpObject::kVistaDireita, 200, 75, 75, 3, 3, 0.5 * kPi, 0.5 * kPi,
+                                  0, 0));
+         },
+         {PecaWithoutMarca, BarsOverlap}},
+        {"a bar that touches the other's end",
+         [](Planted& t) { t.u(t.start().x + 999.5, t.start().y, 500); },
+         {PecaWithoutMarca}},
+        {"two bars in a block",
+         [](Planted& t) {
+             AcDbBlockTable* table = nullptr;
+             ASSERT_EQ(t.editor->database().getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+             auto* const block = new AcDbBlockTableRecord;
+             (void)block->setName(L"ELEMENTO");
+             AcDbObjectId id;
+             EXPECT_EQ(table->add(id, block), Acad::eOk);
+             (void)table->close();
+             for (const double x : {0.0, 500.0}) {
+                 auto* const peca =
+                     new ZpUDobrado(t.start() + AcGeVector3d(x, 0, 0), ZpObject::kVistaDireita, 200,
+                                    75, 75, 3, 3, 0.5 * kPi, 0.5 * kPi, 600, 0, 0, 0);
+                 EXPECT_EQ(block->appendAcDbEntity(id, peca), Acad::eOk);
+                 (void)peca->close();
+             }
+             (void)block->close();
+         },
+         {PecaWithoutMarca, PecaWithoutMarca, BarsOverlap}},
+        {"a table written over",
+         [](Planted& t) {
+             t.open<AcDbText>(t.all<AcDbText>().back(),
+                              [](AcDbText& text) { (void)text.setTextString(L"1"); });
+         },
+         {TableStale}},
+        {"a size that no catalogue has",
+         [](Planted& t) {
+             t.put(new ZpUDobrado(AcGePoint3d(0, 5000, 0), ZpObject::kVistaSecao, 200, 75, 75, 3.1,
+                                  3.1, 0.5 * kPi, 0.5 * kPi, 1000, 0, 0, 0));
+         },
+         {SizeUnknown}},
+    };
+    return all;
+}
+
+class PlantedCase : public Planted, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(PlantedCase, IsFoundAndNothingElse) {
+    const Case& c = cases()[GetParam()];
+    SCOPED_TRACE(c.name);
+    c.plant(*this);
+    Kinds kinds;
+    std::wstring texts;
+    for (const zp::matlist::Finding& f : zp::matlist::check(editor->database())) {
+        kinds.push_back(f.kind);
+        texts += f.text + L"\n";
+        EXPECT_EQ(f.severity == protocol::Severity::Hint, f.kind == Fault::SizeUnknown);
+    }
+    EXPECT_EQ(kinds, c.kinds) << testing::PrintToString(texts);
+}
+
+INSTANTIATE_TEST_SUITE_P(, PlantedCase, testing::Range<std::size_t>(0, Planted::cases().size()));
+
+TEST_F(Checked, TextsOfCotas) {
+    struct Case {
+        const wchar_t* text;
+        bool wrong;
+    };
+    const AcDbObjectId id = cota(0, 0, 1000, 0, 0, 50);
+    for (const Case& c : {Case{L"", false},
+                          {L"<>", false},
+                          {L"<> (999)", false},
+                          {L"L=1000 mm", false},
+                          {L"2x 1000", false},
+                          {L"1.000", false},
+                          {L"1000,001", false},
+                          {L"VER NOTA", false},
+                          {L"\\A1;1000", false},
+                          {L"\\H2.5;VER NOTA", false},
+                          {L"%%c%%010", false},
+                          {L"999", true},
+                          {L"1.001", true},
+                          {L"1000,01", true},
+                          {L"\\A1000;999", true},
+                          {L"%%c100", true}}) {
+        open<AcDbDimension>(id, [&](AcDbDimension& d) { (void)d.setDimensionText(c.text); });
+        EXPECT_EQ(zp::matlist::check(editor->database()).size(), c.wrong ? 1U : 0U)
+            << testing::PrintToString(std::wstring(c.text));
+    }
+}
+
+TEST_F(Checked, TheLinesSayWhereAndWhatToDo) {
+    type({L"CONFERIR"});
+    EXPECT_TRUE(said(L"\nNenhuma falha encontrada.\n"));
+    // Without a list nobody has to mark anything.
+    const AcDbObjectId bar = u(0, 0, 500);
+    type({L"_CONFERIR"});
+    ACHAR handle[17];
+    bar.handle().getIntoAsciiBuffer(handle);
+    EXPECT_TRUE(said(L"\naviso: [" + std::wstring(handle) +
+                     L"] (sem marca): a peça U 200x75x3, 500 mm não tem marca. Marque-a com MARCAS "
+                     L"Agrupar.\nNenhuma falha encontrada; 1 aviso.\n"));
+    draw2U("fig2", "l=1400", L"0,5000");
+    ui.printed.clear();
+    type({L"CONFERIR"});
+    EXPECT_TRUE(said(L"] P2: a vista mostra um plano de chapas; a peça tem dois. "));
+    EXPECT_TRUE(said(L"\n2 falhas.\n"));  // the bar, too: there is a list now
+}
+
+}  // namespace

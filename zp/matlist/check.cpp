@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// A check: what stands in the drawing, its parts one after the other, tables and sizes.
+#include "zp/matlist/check.h"
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+
+#include "dbdim.h"
+#include "texts/number.h"
+#include "zp/matlist/check_survey.h"
+#include "zp/matlist/each_entity.h"
+#include "zp/matlist/listing.h"
+#include "zp/matlist/table.h"
+
+namespace zp::matlist {
+namespace {
+
+CataloguesMaker g_catalogues = nullptr;
+
+void checkTables(Survey& survey) {
+    for (const MaterialList& list : survey.lists) {
+        if (!hasTable(list.header) || !tableIsStale(list)) continue;
+        const auto part = std::ranges::find_if(
+            list.header.table, [](const AcDbSoftPointerId& id) { return !id.isErased(); });
+        survey.fault(
+            Fault::TableStale, {*part}, {}, list.header.point,
+            L"a tabela da lista " + std::to_wstring(list.number) + L" não diz o que a lista diz.",
+            L"Atualize-a com LISTAMATERIAL Tabela.");
+    }
+}
+
+/// Each size once for every row that has it, or once for all pieces in no list.
+void checkSizes(Survey& survey) {
+    const std::unique_ptr<Catalogues> catalogues =
+        g_catalogues != nullptr ? g_catalogues() : nullptr;
+    if (catalogues == nullptr) return;
+    std::set<std::pair<std::wstring, std::wstring>> told;
+    for (const AcDbObjectId& id : survey.pecas) {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        const std::optional<std::wstring> nearest = catalogues->nearestTo(*peca.object());
+        if (!nearest) continue;
+        const std::wstring words = sizeOf(*peca.object());
+        const std::wstring marca = survey.marcaOf(id);
+        if (told.emplace(marca, words).second)
+            survey.fault(Fault::SizeUnknown, {id}, marca, middleOf(*peca.object()),
+                         L"a medida " + words + L" não está em nenhum catálogo; a mais próxima é " +
+                             *nearest + L".",
+                         L"Confira a medida.", protocol::Severity::Hint);
+    }
+}
+
+}  // namespace
+
+Survey::Survey(AcDbDatabase& ofDrawing)
+    : drawing(ofDrawing), book(Book::of(ofDrawing)), lists(materialLists(ofDrawing)) {
+    eachEntity(drawing, [&](AcDbObjectId id) {
+        const AcRxClass* kind = id.objectClass();
+        if (kind == nullptr) return;
+        if (kind->isDerivedFrom(ZpObject::desc())) pecas.push_back(id);
+        if (kind->isDerivedFrom(ZpChapa::desc())) chapas.push_back(id);
+        if (kind->isDerivedFrom(AcDbAlignedDimension::desc())) cotas.push_back(id);
+    });
+}
+
+std::wstring Survey::marcaOf(AcDbObjectId peca) const {
+    const AcDbObjectId record = book.rowOf(peca);
+    return record.isNull() ? std::wstring() : book.row(record)->marca;
+}
+
+std::wstring sizeOf(const ZpObject& peca) {
+    ACHAR perfil[kZpTextMax] = {};
+    ACHAR dimensoes[kZpTextMax] = {};
+    (void)peca.getPerfil(perfil);  // the buffers are there
+    (void)peca.getDimensoes(dimensoes);
+    return std::wstring(perfil) + L" " + dimensoes;
+}
+
+std::wstring wordsOf(const ZpObject& peca) {
+    return sizeOf(peca) + L", " + texts::withComma(peca.getComprimentoReal(), 1) + L" mm";
+}
+
+std::wstring wordsOf(const Linha& row) {
+    return designationOf(row) + L", " + texts::withComma(row.comprimento, 1) + L" mm";
+}
+
+secao::Bounds boxIn(const Frame& frame, const ZpObject& peca) {
+    secao::Bounds box;
+    for (const AcGePoint3d& point : edit::facesOf(peca).f) {
+        const AcGeVector3d local = frame.toLocal(point);
+        box.include(local.x, local.y);
+    }
+    return box;
+}
+
+AcGePoint3d middleOf(const ZpObject& peca) {
+    const edit::Faces faces = edit::facesOf(peca);
+    return faces.f[1] + (faces.f[2] - faces.f[1]) * 0.5;
+}
+
+std::vector<Finding> check(AcDbDatabase& drawing) {
+    Survey survey(drawing);
+    checkRows(survey);
+    checkPecasWithoutMarca(survey);
+    checkCotas(survey);
+    checkChapas(survey);
+    checkAxes(survey);
+    checkTables(survey);
+    checkSizes(survey);
+    std::ranges::stable_sort(survey.found, [](const Finding& a, const Finding& b) {
+        if (a.severity != b.severity) return a.severity < b.severity;
+        if (a.kind != b.kind) return a.kind < b.kind;
+        if (a.marca != b.marca) return marcaBefore(a.marca, b.marca);
+        return Older()(a.objects.front(), b.objects.front());
+    });
+    return std::move(survey.found);
+}
+
+void setCatalogues(CataloguesMaker maker) { g_catalogues = maker; }
+
+}  // namespace zp::matlist
