@@ -342,7 +342,7 @@ TEST_F(Console, AnOutputInPlaceOfTheTranscript) {
 TEST_F(Console, ADrawingComesThroughAPipe) {
     ASSERT_EQ(run("-o a.dxf", "_circle\n0,0\n5\n").code, 0);
     ASSERT_EQ(::mkfifo((folder / "cano").c_str(), 0600), 0);
-    for (const char* arguments : {"cano -o b.dxf", "--verifica cano"}) {
+    for (const char* arguments : {"cano -o b.dxf", "--verifica cano", "--confere cano"}) {
         const std::string feed = "cd '" + folder.string() + "' && cat a.dxf >cano &";
         ASSERT_EQ(std::system(feed.c_str()), 0);
         // It has no file to go back to: QSAVE asks for one.
@@ -351,6 +351,27 @@ TEST_F(Console, ADrawingComesThroughAPipe) {
     }
     for (const char* name : {"b.dxf", "c.dxf"}) EXPECT_TRUE(has(text(name), "CIRCLE")) << name;
     EXPECT_TRUE(fs::is_fifo(folder / "cano"));
+}
+
+TEST_F(Console, ChecksTheJobOfADrawing) {
+    // Two U over each other by 200 mm; without a list they need no marks.
+    const std::string pieces =
+        "perfilu\nh=200\nb=75\nt=3.00\nvista0=0\nOutraVista\nl=1000\naccept\naccept\n0,0\n0\n"
+        "_copy\n_last\n\n0,0\n800,0\n\n";
+    ASSERT_EQ(run("-o a.dxf", pieces).code, 0);
+    const Outcome faulty = run("--confere a.dxf");
+    EXPECT_EQ(faulty.code, 1) << faulty.err;
+    EXPECT_TRUE(has(faulty.out, "sobrepõem ao longo do eixo por 200 mm.")) << faulty.out;
+    EXPECT_TRUE(has(faulty.out, "\n1 falha, 2 avisos.\n")) << faulty.out;
+    EXPECT_EQ(faulty.out.find("Aguarde"), std::string::npos) << "the findings alone";
+    EXPECT_EQ(run("a.dxf -o b.dxf", "_erase\n_last\n\n").code, 0);
+    const Outcome sound = run("--confere b.dxf");
+    EXPECT_EQ(sound.code, 0) << sound.out;
+    EXPECT_TRUE(has(sound.out, "\nNenhuma falha encontrada; 1 aviso.\n")) << sound.out;
+    EXPECT_EQ(run("--confere nenhum.dxf").code, 3);
+    const Outcome alone = run("--sem-modulos --confere a.dxf");
+    EXPECT_EQ(alone.code, 3);
+    EXPECT_TRUE(has(alone.err, "--sem-modulos")) << alone.err;
 }
 
 TEST_F(Console, AScriptOfOthersLoadsNoStrangeModule) {
