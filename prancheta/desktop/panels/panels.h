@@ -34,6 +34,7 @@ signals:
 std::unique_ptr<Panel> makeLayersPanel();
 std::unique_ptr<Panel> makePropertiesPanel();
 std::unique_ptr<Panel> makeMaterialPanel();
+std::unique_ptr<Panel> makeCheckPanel();
 
 /// "3 peças  124,50 kg  5,20 m²" of the selection; empty when nothing counts.
 QString selectionTotals(Editor& editor);

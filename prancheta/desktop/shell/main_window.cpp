@@ -48,6 +48,7 @@ constexpr PanelRow kPanels[] = {
     {"camadas", "Camadas", makeLayersPanel, Qt::RightDockWidgetArea},
     {"propriedades", "Propriedades", makePropertiesPanel, Qt::RightDockWidgetArea},
     {"material", "Lista de material", makeMaterialPanel, Qt::RightDockWidgetArea},
+    {"conferencia", "Conferência", makeCheckPanel, Qt::RightDockWidgetArea},
 };
 
 /// The one of the tabs that is in front at first.
