@@ -8,7 +8,6 @@
 
 #include "dbents.h"
 #include "dbxrecrd.h"
-#include "zp/matlist/each_entity.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/each_entity.h"
 #include "zp/objects/member.h"
@@ -55,26 +54,6 @@ Parts partsOf(const std::wstring& marca) {
 }
 
 }  // namespace
-
-void eachEntity(AcDbDatabase& drawing, const std::function<void(AcDbObjectId)>& visit) {
-    AcDbBlockTable* table = nullptr;
-    if (drawing.getSymbolTable(table, AcDb::kForRead) != Acad::eOk) return;
-    AcDbSymbolTableIterator* blocks = nullptr;
-    const Acad::ErrorStatus es = table->newIterator(blocks);
-    (void)table->close();
-    if (es != Acad::eOk) return;
-    const std::unique_ptr<AcDbSymbolTableIterator> blocksOwner(blocks);
-    for (; !blocks->done(); blocks->step()) {
-        AcDbObjectId id;
-        if (blocks->getRecordId(id) != Acad::eOk) continue;
-        const AcDbObjectPointer<AcDbBlockTableRecord> block(id, AcDb::kForRead);
-        AcDbBlockTableRecordIterator* entities = nullptr;
-        if (block.object() == nullptr || block->newIterator(entities) != Acad::eOk) continue;
-        const std::unique_ptr<AcDbBlockTableRecordIterator> entitiesOwner(entities);
-        for (; !entities->done(); entities->step())
-            if (entities->getEntityId(id) == Acad::eOk) visit(id);
-    }
-}
 
 Book& Book::of(AcDbDatabase& drawing) {
     std::erase_if(books(), [](const auto& book) { return book->m_drawing == nullptr; });

@@ -5,7 +5,6 @@
 // however long the lists are.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -28,9 +27,6 @@ struct Older {
     }
 };
 using Ids = std::set<AcDbObjectId, Older>;
-
-/// Calls back with every entity of the drawing, those inside blocks, too.
-void eachEntity(AcDbDatabase& drawing, const std::function<void(AcDbObjectId)>& visit);
 
 class Book : public AcDbDatabaseReactor {
 public:

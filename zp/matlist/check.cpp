@@ -9,9 +9,9 @@
 #include "dbdim.h"
 #include "texts/number.h"
 #include "zp/matlist/check_survey.h"
-#include "zp/matlist/each_entity.h"
 #include "zp/matlist/listing.h"
 #include "zp/matlist/table.h"
+#include "zp/objects/each_entity.h"
 
 namespace zp::matlist {
 namespace {

@@ -18,6 +18,7 @@
 #include "zp/matlist/listing.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/matlist/zpmatlist.h"
+#include "zp/objects/each_entity.h"
 #include "zp/objects/layers.h"
 #include "zp/objects/member.h"
 

@@ -10,6 +10,7 @@
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/book.h"
+#include "zp/matlist/check.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/group.h"
 #include "zp/matlist/listing.h"
@@ -214,6 +215,7 @@ void marcasCommand() {
     constexpr Choice kChoices[] = {{{L"Agrupar", L"Group"}, group},
                                    {{L"Renumerar", L"Renumber"}, number},
                                    {{L"Contar", L"Count"}, count},
+                                   {{L"cOnferir", L"chEck"}, [](AcDbDatabase&) { checkCommand(); }},
                                    {{L"Localizar", L"Locate"}, locate},
                                    {{L"Vista", L"View"}, addView}};
     std::vector<Option> words;
