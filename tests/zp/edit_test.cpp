@@ -335,6 +335,27 @@ TEST_F(EditByDialog, ChapasStayAsTheUserLeftThemUntilTheyAreLaidAgain) {
     EXPECT_EQ(chapas().size(), 5u);
 }
 
+TEST_F(EditByDialog, ChapasDoNotGoWithEdgesThatTheyDoNotDependOn) {
+    const AcDbObjectId peca =
+        draw(L"pcdtee",
+             {"h=60", "b=50", "t=4", "a=8", "vista0=0", "OutraVista", "fig2", "l=1000", "accept",
+              "travejar", "altura=90", "largura=10", "n_partes=4", "accept", "accept"});
+    EXPECT_EQ(setValue(peca, L"b1", L"70"), L"");
+    for (const AcDbObjectId& id : chapasOf(peca)) EXPECT_EQ(face(id, 0).y, 45);  // half of 90
+}
+
+TEST_F(EditByDialog, NewCotasOnALockedLayerTurnWithTheirPeca) {
+    type({L"-layer", L"_m", L"COTA", L"_lo", L"COTA", L""});
+    ui.keys = {"h=200",  "b=75",   "t=3",           "vista0=0", "OutraVista",
+               "l=1000", "accept", "dimensionar=1", "accept"};
+    type({L"perfilu", L"0,0", L"90"});
+    const auto cotas = zp::edit::cotasOf(*Read<ZpObject>(pecas().back()).object());
+    ASSERT_EQ(cotas.size(), 2u);
+    const Read<AcDbAlignedDimension> comprimento(cotas[0]);
+    expectNear(comprimento->xLine2Point(), comprimento->xLine1Point().x, 1000);
+    EXPECT_FALSE(said(L"camada bloqueada; desbloqueie"));
+}
+
 TEST_F(EditByDialog, APecaOfBeforeReadsItsTravejamentoOnce) {
     // Two angles 60x50x4 in T, 8 apart; four spaces of (1000 - 10) / 4 = 247.5.
     const AcDbObjectId made = put(new ZpCantTDobrada(AcGePoint3d(0, 0, 0), ZpObject::kVistaDireita,

@@ -3,6 +3,7 @@
 #include "dbdim.h"
 #include "tests/zp/drawing.h"
 #include "zp/matlist/zpmarca.h"
+#include "zp/objects/member.h"
 
 namespace {
 
@@ -164,6 +165,7 @@ TEST_F(Links, WhatLiesOnALockedLayerStays) {
 TEST_F(Links, AnExplodedBlockIsTiedAsItWasInTheBlock) {
     const AcDbObjectId marca =
         put(new ZpMarca(face(peca, 0), AcGePoint3d(-40, 140, 0), L"P1", 2.5, peca));
+    change(peca, [](ZpObject& p) { zp::member::tie(p, {}, 3); });
     AcDbDatabase& drawing = editor->database();
     AcDbObjectId block;
     {
@@ -188,6 +190,7 @@ TEST_F(Links, AnExplodedBlockIsTiedAsItWasInTheBlock) {
     ASSERT_EQ(parts.size(), 7u);
     middle = parts[0], comprimento = parts[2], peca = parts[3], last = parts[6];
     EXPECT_EQ(Read<ZpMarca>(parts[1])->peca(), peca);
+    EXPECT_EQ(zp::member::of(*Read<ZpObject>(peca)).count, 3);
     command(L"_move", {peca}, {L"0,0", L"0,5"});
     expectNear(start(middle), 600, 125);
     expectCota(comprimento, 1000, -195, 0, -195, 1000, -215);

@@ -402,7 +402,9 @@ void Drawing::say() {
     if (!text.empty())
         acutPrintf(L"\n%ls %ls, em camada bloqueada; desbloqueie a camada para alterar.\n",
                    text.c_str(), one ? L"fica como está" : L"ficam como estão");
-    const std::size_t unlaced = std::exchange(m_unlaced, {}).order().size();
+    const IdQueue copies = std::exchange(m_unlaced, {});
+    const auto unlaced =
+        std::ranges::count_if(copies.order(), [](AcDbObjectId id) { return !id.isErased(); });
     if (unlaced == 1)
         acutPrintf(L"\nPeça copiada sem as chapas de travejamento; EDITAPERFIL as refaz.\n");
     else if (unlaced > 1)
