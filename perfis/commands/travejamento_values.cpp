@@ -115,8 +115,12 @@ zp::Lacing lacingFor(double A, double C, const ChapaSpacing& spacing, int planes
 }
 
 std::wstring tooManyParts(const PecaTravejamento& travejamento, double comprimento) {
-    return L"Erro no Travejamento: " + std::to_wstring(travejamento.chapas.n) +
-           L" partes não cabem em " + FormatInString(comprimento) + L" mm; diminua-as em Travejar.";
+    const int n = travejamento.chapas.n;
+    const std::wstring where = L" em " + std::wstring(FormatInString(comprimento)) + L" mm; ";
+    return L"Erro no Travejamento: " +
+           (n == 1
+                ? L"1 parte não cabe" + where + L"diminua a largura das chapas em Travejar."
+                : std::to_wstring(n) + L" partes não cabem" + where + L"diminua-as em Travejar.");
 }
 
 }  // namespace perfis

@@ -45,6 +45,12 @@ double rightEdge(const Peca& p, const ZpObject& other) {
     return largest;
 }
 
+/// How far the picture of a plate goes from its start: in one attitude the measure of its size.
+double reach(const Peca& chapa) {
+    const secao::Bounds c = chapa.picture();
+    return std::hypot(c.x1, c.y1);
+}
+
 void learnCota(const Peca& p, const AcDbAlignedDimension& cota, Link& l) {
     l.points[0] = learnt(p, cota.xLine1Point(), false);
     l.points[1] = learnt(p, cota.xLine2Point(), false);
@@ -61,10 +67,7 @@ void learnPeca(const Peca& p, const ZpObject& object, Link& l) {
     l.points[0] = start;
     l.count = 1;
     if (other.chapa()) {
-        AcGePoint3d f[4];
-        object.GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
-        const AcGeVector3d corner = p.frame().toLocal(f[2]) - p.frame().toLocal(other.start);
-        l.points[1] = {start.offset + corner, start.atEnd};
+        l.points[1] = {start.offset + AcGeVector3d(reach(other), 0.0, 0.0), start.atEnd};
         l.count = 2;
     }
     const double relative = other.angle - p.angle;
@@ -111,13 +114,11 @@ Put putCota(const Peca& p, const Link& l, AcDbAlignedDimension& cota, const Foll
 /// How many times as large a plate is to be as it is; 1 where nobody knows.
 double growth(const Link& l, const ZpObject& object) {
     if (l.count < 2 || !Access::of(object).chapa()) return 1.0;
-    AcGePoint3d f[4];
-    object.GetLimitPointsOfFaces(f[0], f[1], f[2], f[3]);
-    const double size = f[2].distanceTo(Access::of(object).start);
-    const AcGeVector3d corner =
+    const double is = reach(Access::of(object));
+    const AcGeVector3d learnt =
         std::as_const(l.points)[1].offset - std::as_const(l.points)[0].offset;
-    const double k = size > 0.0 ? corner.length() / size : 0.0;
-    return k > 0.0 && std::abs(k - 1.0) > 1e-9 ? k : 1.0;
+    const double k = is > 0.0 ? learnt.length() / is : 0.0;
+    return k > 0.0 && std::isfinite(k) && std::abs(k - 1.0) > 1e-9 ? k : 1.0;
 }
 
 Put putPeca(const Peca& p, const Link& l, ZpObject& object, const Following& following) {

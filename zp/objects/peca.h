@@ -85,7 +85,7 @@ struct Link {
     [[no_unique_address]] LearntPoints points;
     Role role = Role::Cota;
     /// Points in use: the dimension's (two measured, one on the line, the text's when it was placed
-    /// by hand) or the piece's start, for a plate also a corner, which tells its size.
+    /// by hand) or the piece's start, for a plate also one as far from it as the plate is large.
     std::uint8_t count = 0;
     bool mirrored = false;  ///< of a piece: mirrored relative to this one
     double angle = 0.0;     ///< of a piece: relative to this one

@@ -166,7 +166,7 @@ void Drawing::apply(bool explodes) {
     if (m_applying) return;
     m_applying = true;
     m_reading = false;
-    const IdQueue newOnes = std::exchange(m_newOnes, {});
+    IdQueue newOnes = std::exchange(m_newOnes, {});
     m_toClose.clear();
     for (const AcDbObjectId& id : newOnes.order()) check(id, newOnes);
     const IdQueue erasedOnes = std::exchange(m_erasedOnes, {});
@@ -178,7 +178,7 @@ void Drawing::apply(bool explodes) {
     for (const AcDbObjectId& owner : owners.order()) putOrHold(owner);
     follow();
     m_changed = std::exchange(m_heldOnes, {});
-    m_justMade = newOnes;
+    m_justMade = std::move(newOnes);
     say();
     m_applying = false;
 }
