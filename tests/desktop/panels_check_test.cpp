@@ -57,6 +57,7 @@ TEST_F(CheckPanel, ListsFindingsAndGoesToThem) {
     // 0 to 1000 by 0 to 2000, with a quarter of the larger side about it.
     click(view, view->model()->index(0, 2));
     EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(find<QLabel>("texto")->text().toStdString(), "a peça sobra. Apague-a.");
     QTest::keyClick(view, Qt::Key_Return);
     EXPECT_EQ(commands, QStringList{"'_ZOOM _Window\n-500.000,-500.000\n1500.000,2500.000"});
     EXPECT_EQ(editor->selection().ids(), (std::vector<AcDbObjectId>{lines[1], lines[0]}));

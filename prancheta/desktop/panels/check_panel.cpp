@@ -111,6 +111,7 @@ protected:
 
 private:
     void check();
+    void showText();
     void showPlace();
 
     Editor* m_editor = nullptr;
@@ -118,11 +119,15 @@ private:
     bool m_checked = false;
     FindingModel* m_model;
     QTableView* m_view;
+    QLabel* m_text;  ///< of the current finding, whole
     QLabel* m_summary;
 };
 
 CheckPanel::CheckPanel()
-    : m_model(new FindingModel(this)), m_view(new QTableView), m_summary(new QLabel) {
+    : m_model(new FindingModel(this)),
+      m_view(new QTableView),
+      m_text(new QLabel),
+      m_summary(new QLabel) {
     m_view->setModel(m_model);
     m_view->setObjectName(QStringLiteral("achados"));
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -138,6 +143,9 @@ CheckPanel::CheckPanel()
     m_view->horizontalHeader()->setStretchLastSection(true);
     m_view->horizontalHeader()->resizeSection(FindingModel::Severity, kSeverityWidth);
     m_view->horizontalHeader()->resizeSection(FindingModel::Mark, kMarkWidth);
+    m_text->setObjectName(QStringLiteral("texto"));
+    m_text->setWordWrap(true);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_summary->setObjectName(QStringLiteral("resumo"));
     m_summary->setWordWrap(true);
 
@@ -151,8 +159,12 @@ CheckPanel::CheckPanel()
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(4);
     layout->addWidget(m_view);
+    layout->addWidget(m_text);
     layout->addLayout(bottom);
     connect(run, &QPushButton::clicked, this, &CheckPanel::check);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &CheckPanel::showText);
+    connect(m_model, &QAbstractItemModel::modelReset, m_text, &QLabel::clear);
     connect(m_view, &QTableView::doubleClicked, this, &CheckPanel::showPlace);
 }
 
@@ -191,6 +203,13 @@ void CheckPanel::keyPressEvent(QKeyEvent* event) {
         showPlace();
     else
         Panel::keyPressEvent(event);
+}
+
+void CheckPanel::showText() {
+    const QModelIndex current = m_view->currentIndex();
+    if (!current.isValid()) return m_text->clear();
+    const Row& row = m_model->row(current.row());
+    m_text->setText(row.text + u' ' + row.remedy);
 }
 
 /// Selects what the finding is about, and zooms there. What stands in a block cannot be selected.
