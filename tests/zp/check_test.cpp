@@ -140,6 +140,19 @@ const std::vector<Planted::Case>& Planted::cases() {
          },
          {MarcaOnNothing}},
         {"a piece in no list", [](Planted& t) { t.u(0, 5000, 700); }, {PecaWithoutMarca}},
+        {"a piece in no list with another's mark",
+         [](Planted& t) {
+             t.put(new ZpMarca({0, 5000, 0}, {9, 5009, 0}, L"P1", 2.5, t.u(0, 5000, 700)));
+         },
+         {OneMarcaForTwo}},
+        {"a plate in no list", [](Planted& t) { t.chapa(0, 5000, 50, 100); }, {PecaWithoutMarca}},
+        {"plates whose mark was erased",
+         [](Planted& t) {
+             t.type({L"_erase"});
+             t.pick(0, 0, {t.all<ZpMarca>().back()});
+             t.type({L""});
+         },
+         {PecaWithoutMarca}},
         {"a section in no list", [](Planted& t) { t.u(0, 5000, 700, ZpObject::kVistaSecao); }, {}},
         {"a listed piece copied alone",
          [](Planted& t) { t.take(L"_copy", t.barra, L"0,5000"); },
@@ -260,6 +273,52 @@ TEST_F(Checked, TextsOfCotas) {
         EXPECT_EQ(zp::matlist::check(editor->database()).size(), c.wrong ? 1U : 0U)
             << testing::PrintToString(std::wstring(c.text));
     }
+}
+
+TEST_F(Checked, SizesAndTheNearestOfTheCatalogues) {
+    const AcGePoint3d at;
+    const auto kSecao = ZpObject::kVistaSecao;
+    const double right = 0.5 * kPi;
+    const auto u = [&](double t) {
+        return new ZpUDobrado(at, kSecao, 200, 75, 75, t, t, right, right, 1000, 0, 0, 0);
+    };
+    struct Case {
+        ZpObject* peca;
+        const wchar_t* nearest;  ///< null: it is in a catalogue
+    };
+    for (const Case& c :
+         {Case{u(3), nullptr},
+          {u(3.1), L"U 200x75x3."},
+          // The distance of two pieces is nobody's size.
+          {new ZpIDobrado(at, kSecao, 200, 75, 75, 3, 3, 31, 1000, 0, 0, 0), nullptr},
+          {new ZpIDobrado(at, kSecao, 200, 75, 75, 3.3, 3.3, 31, 1000, 0, 0, 0),
+           L"2U ][ 200x75x3,35 a=31."},
+          {new ZpTubo(at, at + AcGeVector3d(100, 0, 0), kSecao, 60.3, 52.3), nullptr},
+          {new ZpTubo(at, at + AcGeVector3d(100, 0, 0), kSecao, 60, 52), L"TC 60,3x4."},
+          // A size of a series counts also where it was typed; its row says 15 kg/m.
+          {new ZpISoldado(at, kSecao, 150, 100, 100, 4.75, 6.3, 1000, 0, 0, 0), nullptr},
+          {new ZpISoldado(at, kSecao, 150, 100, 100, 4.75, 6.5, 1000, 0, 0, 0), L"VS 150x15."},
+          // A web typed over that of IPE 200.
+          {new ZpILaminadoUSA(at, kSecao, 200, 100, 7.5, 8.5, ZpILaminadoUSA::ISolType(0), 0, 0,
+                              1000, 0, 22.4),
+           L"IPE 200x22,4 (200x100x8,5x5,6)."}}) {
+        const AcDbObjectId id = put(c.peca);
+        const std::vector<zp::matlist::Finding> found = zp::matlist::check(editor->database());
+        const std::wstring text = found.empty() ? std::wstring() : found.front().text;
+        SCOPED_TRACE(testing::PrintToString(text));
+        EXPECT_EQ(found.size(), c.nearest != nullptr ? 1U : 0U);
+        EXPECT_TRUE(c.nearest == nullptr ||
+                    text.ends_with(L"; a mais próxima é " + std::wstring(c.nearest)));
+        change(id, [](ZpObject& peca) { EXPECT_EQ(peca.erase(), Acad::eOk); });
+    }
+}
+
+TEST_F(Planted, ARowThatIsWrongFollowsAnEdit) {
+    write([](Linha& row) { row.dimensoes = L"200x75x2"; });
+    ui.keys = {"accept"};
+    type({L"EDITAPERFIL"});
+    pick(0, 0, {barra});
+    EXPECT_TRUE(zp::matlist::check(editor->database()).empty());
 }
 
 TEST_F(Checked, TheLinesSayWhereAndWhatToDo) {
