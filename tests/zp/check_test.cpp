@@ -122,6 +122,12 @@ const std::vector<Planted::Case>& Planted::cases() {
         {"the same piece listed again",
          [](Planted& t) { t.drawU("l=1000.3", L"0,5000"); },
          {EqualWithTwoMarcas}},
+        {"the same piece as a twin, not in the table",
+         [](Planted& t) {
+             t.drawU("l=1000", L"0,5000");
+             EXPECT_TRUE(zp::matlist::renameRow(t.records().back(), L"P1E"));
+         },
+         {TableStale}},
         {"another piece under the same mark, not in the table",
          [](Planted& t) {
              t.drawU("l=700", L"0,5000");

@@ -119,6 +119,11 @@ std::size_t keyOf(const ZpObject& peca, int step) {
     return key;
 }
 
+/// "V1" and "V1E": mirrored pieces that were given marks of their own.
+bool areTwins(const std::wstring& a, const std::wstring& b) {
+    return a + L"E" == b || b + L"E" == a;
+}
+
 /// Members against each other, by hash: those that differ from all before are few in one bucket.
 class Members {
 public:
@@ -131,7 +136,7 @@ public:
         for (const int step : {0, -1, 1})
             for (const Named& other : m_members[keyOf(*peca.object(), step)])
                 if (isEqual(other, *peca.object())) {
-                    if (other.marca != named.marca)
+                    if (other.marca != named.marca && !areTwins(other.marca, named.marca))
                         m_survey.fault(Fault::EqualWithTwoMarcas, {named.peca, other.peca},
                                        named.marca, middleOf(*peca.object()),
                                        L"peça igual à " + other.marca + L" (" +
