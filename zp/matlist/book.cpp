@@ -78,11 +78,11 @@ Book::~Book() {
     if (m_drawing != nullptr) m_drawing->removeReactor(this);
 }
 
-void Book::changed(const AcDbObject* o) {
+void Book::changed(const AcDbObject* o, bool appears) {
     const bool follows = o->isKindOf(ZpObject::desc()) || o->isKindOf(ZpMarca::desc());
     const bool ofList =
-        o->isKindOf(AcDbXrecord::desc()) &&
-        (m_rows.contains(keyOf(o->objectId())) || m_lists.contains(keyOf(o->ownerId())));
+        o->isKindOf(AcDbXrecord::desc()) && (m_rows.contains(keyOf(o->objectId())) ||
+                                             (appears && m_lists.contains(keyOf(o->ownerId()))));
     const bool inserts = o->isKindOf(AcDbBlockReference::desc());
     if (!follows && !ofList && !inserts) return;
     markDirty(o->objectId());
@@ -114,7 +114,7 @@ void Book::readAll() {
     refresh();
     m_before.clear();
     m_fresh.clear();
-    m_rowsChanged = false;
+    m_changedLists.clear();
 }
 
 void Book::refresh() {
@@ -145,7 +145,6 @@ void Book::takeOut(Peca& peca) {
     if (peca.row.isNull()) return;
     Row& row = m_rows[keyOf(peca.row)];
     m_before.try_emplace(peca.row, row.quantidade);
-    m_rowsChanged = true;
     row.quantidade -= std::exchange(peca.counted, 0);
     row.pecas.erase(peca.id);
     if (const auto alike = m_alike.find(peca.hash); alike != m_alike.end()) {
@@ -158,7 +157,6 @@ void Book::putIn(Peca& peca) {
     if (peca.row.isNull() || !peca.alive) return;
     Row& row = m_rows[keyOf(peca.row)];
     m_before.try_emplace(peca.row, row.quantidade);
-    m_rowsChanged = true;
     const auto in = m_pecasIn.find(keyOf(peca.block));
     peca.counted = in == m_pecasIn.end() ? peca.own : peca.own * insertionsOf(peca.block);
     row.quantidade += peca.counted;
@@ -258,7 +256,7 @@ bool Book::readRow(AcDbObjectId id) {
     Row& row = known->second;
     const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead);
     if (record.openStatus() == Acad::eWasOpenForWrite) return false;
-    m_rowsChanged = true;
+    m_changedLists.insert(row.list);
     const std::optional<Linha> stored = storedRow(id);
     const std::wstring marca = stored ? stored->marca : std::wstring();
     // A mark that stays is not free in between: finding the lowest free one again is a long way.
@@ -446,7 +444,7 @@ Book::Changes Book::takeChanges() {
     for (const AcDbObjectId& id : later) m_isByUser.insert(keyOf(id));
     m_byUser = std::move(later);
     return {std::move(ended), std::exchange(m_before, {}), std::exchange(m_fresh, {}),
-            std::exchange(m_returned, {}), std::exchange(m_rowsChanged, false)};
+            std::exchange(m_returned, {}), std::exchange(m_changedLists, {})};
 }
 
 }  // namespace zp::matlist

@@ -95,9 +95,9 @@ public:
     struct Changes {
         std::vector<AcDbObjectId> objects;  ///< pieces and marks, erased ones too
         std::map<AcDbObjectId, long long, Older> before;
-        Ids fresh;          ///< rows that were added
-        Ids returned;       ///< among the objects: those that were erased before
-        bool rows = false;  ///< a row was touched
+        Ids fresh;     ///< rows that were added
+        Ids returned;  ///< among the objects: those that were erased before
+        Ids lists;     ///< of which a record was written
     };
     Changes takeChanges();
     /// Called when the user changed something, which may still be open for writing; null: nobody
@@ -125,9 +125,9 @@ public:
     Book(const Book&) = delete;
     Book& operator=(const Book&) = delete;
 
-    void objectAppended(const AcDbDatabase*, const AcDbObject* o) override { changed(o); }
+    void objectAppended(const AcDbDatabase*, const AcDbObject* o) override { changed(o, true); }
     void objectUnAppended(const AcDbDatabase*, const AcDbObject* o) override { changed(o); }
-    void objectReAppended(const AcDbDatabase*, const AcDbObject* o) override { changed(o); }
+    void objectReAppended(const AcDbDatabase*, const AcDbObject* o) override { changed(o, true); }
     void objectModified(const AcDbDatabase*, const AcDbObject* o) override { changed(o); }
     void objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) override {
         if (!erased && !o->isUndoing() && !ownWork()) m_returned.insert(o->objectId());
@@ -146,7 +146,8 @@ private:
         long long counted = 0;  ///< what its row's quantity holds of it
     };
 
-    void changed(const AcDbObject* o);
+    /// `appears`: it is new, or back.
+    void changed(const AcDbObject* o, bool appears = false);
     void readAll();
     /// Reads what changed. What is open for writing at the moment stays as it was and is read
     /// later.
@@ -193,7 +194,7 @@ private:
     std::map<AcDbObjectId, long long, Older> m_before;
     Ids m_fresh;
     Ids m_returned;
-    bool m_rowsChanged = false;
+    Ids m_changedLists;
 };
 
 }  // namespace zp::matlist

@@ -311,12 +311,12 @@ void Followed::writeRows() {
     const Book::Changes ours = m_book.takeChanges();
     m_changes.before.insert(ours.before.begin(), ours.before.end());
     m_changes.fresh.insert(ours.fresh.begin(), ours.fresh.end());
+    m_changes.lists.insert(ours.lists.begin(), ours.lists.end());
     for (const AcDbObjectId& record : touched()) {
         const std::optional<Linha> stored = storedRow(record);
         const std::optional<Linha> now = rowAt(record);
         if (!stored || !now || !stored->tied || sameRow(*stored, *now)) continue;
         (void)rewrite(record, *now);  // what cannot be written stays as it was
-        m_changes.rows = true;
     }
 }
 
@@ -338,14 +338,13 @@ void Followed::say() {
 }
 
 void Followed::drawTables() {
-    if (!m_changes.rows) return;
+    // What was written here and what the command itself wrote.
+    Ids lists = m_changes.lists;
+    lists.merge(m_book.takeChanges().lists);
     resbuf automatic{};
-    if (acedGetVar(L"LISTAAUTO", &automatic) == RTNORM && automatic.restype == RTSHORT &&
-        automatic.resval.rint == 0)
+    if (lists.empty() || (acedGetVar(L"LISTAAUTO", &automatic) == RTNORM &&
+                          automatic.restype == RTSHORT && automatic.resval.rint == 0))
         return;
-    std::set<AcDbObjectId> lists;
-    for (const AcDbObjectId& record : touched())
-        if (const Book::Row* const row = m_book.row(record)) lists.insert(row->list);
     for (const MaterialList& list : materialLists(m_drawing))
         if (lists.contains(list.id) && hasTable(list.header)) (void)drawTable(list);
 }
