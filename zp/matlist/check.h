@@ -13,6 +13,8 @@
 
 namespace zp::matlist {
 
+class Book;
+
 enum class Fault {
     RowWithoutPeca,
     RowSaysOther,  ///< than its pieces, or than a mark drawn at them
@@ -62,6 +64,10 @@ void setCatalogues(CataloguesMaker maker);
 /// The command CONFERIR.
 inline constexpr const ACHAR* kCheckCommand = L"CONFERIR";
 void checkCommand();
+
+/// True for a bar with plates in two planes that is seen on one of them, and whose plates count for
+/// one. The bar is readable.
+bool showsOnePlane(Book& book, const ZpObject& barra);
 /// Answers a host that asks for the findings; takes the answer away.
 void installCheck();
 void uninstallCheck();

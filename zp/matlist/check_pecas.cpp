@@ -112,24 +112,8 @@ bool hasTwoPlanes(secao::Kind kind) {
     return kind == IDobrado || kind == CaixaDobrado || kind == DoisULaminado || kind == UULaminado;
 }
 
-/// One plane that stands for two is right where its plates count for both.
 void checkPlanes(Survey& survey, const Travejada& t) {
-    const Peca& p = Access::of(t.barra);
-    if (t.chapas.empty() || p.inSecao() || !hasTwoPlanes(p.kind) || member::of(t.barra).count == 0)
-        return;
-    long long counted = 0;
-    double lowest = 1e300;
-    double highest = -1e300;
-    for (const AcDbObjectId& id : t.chapas) {
-        const AcDbObjectPointer<ZpObject> chapa(id, AcDb::kForRead);
-        if (chapa.object() == nullptr || survey.book.rowOf(id).isNull()) return;
-        counted += member::of(*chapa.object()).count;
-        const double y = p.frame().toLocal(Access::of(*chapa.object()).start).y;
-        lowest = std::min(lowest, y);
-        highest = std::max(highest, y);
-    }
-    if (highest - lowest > kSameChapa || counted >= 2 * static_cast<long long>(t.chapas.size()))
-        return;
+    if (!showsOnePlane(survey.book, t.barra)) return;
     survey.fault(Fault::OnePlaneOfTwo, {t.chapas.front(), t.barra.objectId()},
                  survey.marcaOf(t.chapas.front()), middleOf(t.barra),
                  L"a vista mostra um plano de chapas; a peça tem dois.",
@@ -220,6 +204,26 @@ void checkLine(Survey& survey, std::vector<Axis>& line) {
 }
 
 }  // namespace
+
+bool showsOnePlane(Book& book, const ZpObject& barra) {
+    const Peca& p = Access::of(barra);
+    const std::vector<AcDbObjectId> chapas = edit::chapasOf(barra);
+    if (chapas.empty() || p.inSecao() || !hasTwoPlanes(p.kind) || member::of(barra).count == 0)
+        return false;
+    long long counted = 0;
+    double lowest = 1e300;
+    double highest = -1e300;
+    for (const AcDbObjectId& id : chapas) {
+        const AcDbObjectPointer<ZpObject> chapa(id, AcDb::kForRead);
+        if (chapa.object() == nullptr || book.rowOf(id).isNull()) return false;
+        counted += member::of(*chapa.object()).count;
+        const double y = p.frame().toLocal(Access::of(*chapa.object()).start).y;
+        lowest = std::min(lowest, y);
+        highest = std::max(highest, y);
+    }
+    // One plane that stands for two is right where its plates count for both.
+    return highest - lowest <= kSameChapa && counted < 2 * static_cast<long long>(chapas.size());
+}
 
 void checkPecasWithoutMarca(Survey& survey) {
     for (const AcDbObjectId& id : survey.pecas) {

@@ -108,6 +108,29 @@ bool isFurtherView(Book& book, AcDbObjectId id) {
     });
 }
 
+/// The plates that a view shows of one plane stand for those of both. False when the user gave up.
+bool countPlanes(Book& book, AcDbObjectId bar) {
+    std::vector<AcDbObjectId> chapas;
+    {
+        const Peca peca(bar, AcDb::kForRead);
+        if (peca.object() == nullptr || !showsOnePlane(book, *peca.object())) return true;
+        chapas = edit::chapasOf(*peca.object());
+    }
+    const AcDbObjectId row = book.rowOf(chapas.front());
+    const int one = static_cast<int>(chapas.size()) * countOf(bar);
+    acutPrintf(L"\n%ls: a vista mostra um plano de chapas; a peça tem dois.\n",
+               book.row(row)->marca.c_str());
+    const std::optional<int> answer =
+        askCount(L"\nQuantidade de " + book.row(row)->marca, 0, 2 * one);
+    if (!answer) return false;
+    if (*answer % one != 0) {
+        acutPrintf(L"\nA quantidade deve ser um múltiplo de %d, as chapas desenhadas.\n", one);
+        return true;
+    }
+    for (const AcDbObjectId& chapa : chapas) (void)enterRow(chapa, row, *answer / one);
+    return true;
+}
+
 void count(AcDbDatabase& drawing) {
     const std::optional<std::vector<AcDbObjectId>> bars = askBars(drawing);
     if (!bars) return;
@@ -127,6 +150,7 @@ void count(AcDbDatabase& drawing) {
                 L"\n%ls: a peça não pode ser alterada agora; veja se a camada dela está "
                 L"bloqueada.\n",
                 book.row(row)->marca.c_str());
+        if (!countPlanes(book, id)) return;
     }
     if (asked == 0) acutPrintf(L"\nNenhuma das peças está na lista; use antes MARCAS Agrupar.\n");
 }
