@@ -20,6 +20,8 @@ void settle(AcDbDatabase& drawing);
 
 /// Record of the row that a mark's piece, or a piece, belongs to; null when there is none.
 AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
+/// Mark of the row with this record; empty when there is none.
+std::wstring marcaOf(AcDbObjectId record);
 /// True when the piece belongs to a row.
 bool isListed(AcDbObjectId peca);
 /// How many members the drawn piece counts for; 0 for a further view of one.

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+// Pieces enter rows and leave them.
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "zp/matlist/book.h"
+#include "zp/matlist/follow.h"
+#include "zp/matlist/zpmarca.h"
+#include "zp/objects/member.h"
+
+namespace zp::matlist {
+
+std::wstring marcaOf(AcDbObjectId record) {
+    const Book::Row* const row =
+        record.isNull() ? nullptr : Book::of(*record.database()).row(record);
+    return row != nullptr ? row->marca : std::wstring();
+}
+
+AcDbObjectId recordOf(AcDbObjectId id) {
+    if (id.isNull() || id.database() == nullptr) return {};
+    Book& book = Book::of(*id.database());
+    const Book::Marca* const marca = book.marca(id);
+    if (marca == nullptr) return book.rowOf(id);
+    const AcDbObjectId row = book.rowOf(marca->peca);
+    return row.isNull() ? book.rowNaming(id) : row;
+}
+
+bool isListed(AcDbObjectId peca) { return !recordOf(peca).isNull(); }
+
+int countOf(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+    return peca.object() != nullptr ? member::of(*peca.object()).count : 0;
+}
+
+bool enterRow(AcDbObjectId id, AcDbObjectId record, int count) {
+    {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
+        if (peca.object() == nullptr) return false;
+        member::tie(*peca.object(), record, count);
+    }
+    const std::wstring text = marcaOf(record);
+    for (const AcDbObjectId& marca : Book::of(*id.database()).marcasOf(id)) {
+        const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+        if (opened.object() != nullptr && opened->marca() != text) opened->setMarca(text);
+    }
+    return true;
+}
+
+bool enterChapas(AcDbObjectId id, AcDbObjectId record) {
+    std::vector<AcDbObjectId> alike{id};
+    {
+        const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+        if (chapa.object() == nullptr) return false;
+        const AcDbObjectPointer<ZpObject> bar(edit::ownerOf(*chapa.object()), AcDb::kForRead);
+        if (bar.object() != nullptr)
+            for (const AcDbObjectId& next : edit::chapasOf(*bar.object())) {
+                const AcDbObjectPointer<ZpObject> other(next, AcDb::kForRead);
+                if (next != id && other.object() != nullptr && other->vista() == chapa->vista())
+                    alike.push_back(next);
+            }
+    }
+    return std::ranges::all_of(alike, [&](AcDbObjectId next) { return enterRow(next, record, 1); });
+}
+
+AcDbObjectId rowOfSiblings(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+    if (chapa.object() == nullptr) return {};
+    Book& book = Book::of(*id.database());
+    const AcDbObjectId bar = edit::ownerOf(*chapa.object());
+    const AcDbObjectId barRow = book.rowOf(bar);
+    for (const AcDbObjectId& next : book.likely(*chapa.object())) {
+        const AcDbObjectPointer<ZpObject> other(next, AcDb::kForRead);
+        if (other.object() == nullptr || !member::same(*chapa.object(), *other.object())) continue;
+        const AcDbObjectId owner = edit::ownerOf(*other.object());
+        if (owner != bar && !barRow.isNull() && book.rowOf(owner) == barRow)
+            return book.rowOf(next);
+    }
+    return {};
+}
+
+void leaveRow(AcDbObjectId id) {
+    for (const AcDbObjectId& marca : Book::of(*id.database()).marcasOf(id)) {
+        const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+        if (opened.object() != nullptr) (void)opened->erase();  // open for write and alive
+    }
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
+    if (peca.object() != nullptr) member::tie(*peca.object(), {}, 1);
+}
+
+AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from) {
+    AcDbDatabase& drawing = *peca.database();
+    Book& book = Book::of(drawing);
+    AcDbObjectId list;
+    Linha fresh(L"", 0, L"", L"", L"ACO", 0, 0, 0, 0, L"");
+    if (const std::optional<Linha> model = storedRow(from)) {
+        fresh = *model;
+        fresh.ids.clear();
+        list = book.row(from)->list;
+    } else if (const std::vector<MaterialList> all = materialLists(drawing); !all.empty()) {
+        list = all.front().id;
+    } else if (const std::optional<MaterialList> made = newList(drawing, L"Perfil")) {
+        list = made->id;
+    }
+    fresh.marca = book.freeMarca(marcaOf(from));
+    fresh.tied = true;
+    return add(list, fresh);
+}
+
+bool changeGrade(AcDbObjectId record, const std::wstring& grade) {
+    bool all = true;
+    const Ids pecas = Book::of(*record.database()).row(record)->pecas;
+    for (const AcDbObjectId& id : pecas) {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
+        all = all && peca.object() != nullptr;
+        if (peca.object() == nullptr) continue;
+        Member member = member::of(*peca.object());
+        member.grade = grade;
+        member::set(*peca.object(), member);
+    }
+    return all;
+}
+
+bool tieMarca(AcDbObjectId marca, AcDbObjectId peca) {
+    if (marca.isNull() || peca.isNull()) return false;
+    const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+    if (opened.object() == nullptr) return false;
+    if (opened->peca() != peca) opened->setPeca(peca);
+    return true;
+}
+
+bool renameRow(AcDbObjectId record, const std::wstring& text) {
+    std::optional<Linha> row = storedRow(record);
+    if (!row) return false;
+    row->marca = text;
+    if (!rewrite(record, *row)) return false;
+    Book& book = Book::of(*record.database());
+    const Book::Row* const now = book.row(record);
+    std::vector<AcDbObjectId> marcas(row->ids.begin(), row->ids.end());
+    if (now != nullptr)
+        for (const AcDbObjectId& peca : now->pecas)
+            for (const AcDbObjectId& marca : book.marcasOf(peca)) marcas.push_back(marca);
+    bool all = true;
+    for (const AcDbObjectId& id : marcas) {
+        const AcDbObjectPointer<ZpMarca> opened(id, AcDb::kForWrite);
+        if (opened.object() != nullptr)
+            opened->setMarca(text);
+        else
+            all = all && id.isErased();
+    }
+    return all;
+}
+
+}  // namespace zp::matlist
