@@ -70,13 +70,14 @@ std::vector<std::vector<std::wstring>> linesOf(const PlanTable& table) {
     std::vector<std::vector<std::wstring>> lines(1);
     for (const PlanColumn& column : table.columns) lines[0].emplace_back(column.heading);
     for (const std::vector<Cell>& row : table.rows) {
-        std::vector<std::wstring>& line = lines.emplace_back();
+        std::vector<std::wstring> line;
         for (std::size_t i = 0; i < row.size(); ++i) {
             const auto* text = std::get_if<std::wstring>(&row[i]);
             line.push_back(text != nullptr ? *text
                                            : texts::withComma(std::get<double>(row[i]),
                                                               table.columns[i].decimals));
         }
+        lines.push_back(std::move(line));
     }
     return lines;
 }
