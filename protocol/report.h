@@ -42,14 +42,15 @@ inline constexpr const ACHAR* kEntityReportClass = L"ZpEntityReport";
 
 /// A column of a drawing's list.
 struct ListColumn {
-    const ACHAR* key;    ///< under which the report tells a row's value
-    const ACHAR* title;  ///< short, as a table has it
-    const ACHAR* name;   ///< in full
-    const ACHAR* unit;   ///< empty: none
-    int decimals;        ///< -1: a text
-    int width;           ///< characters that usual values take
-    bool summed;         ///< a total is told
-    bool usual = true;   ///< shown to a user who asked for no columns
+    const ACHAR* key;       ///< under which the report tells a row's value
+    const ACHAR* title;     ///< short, as a table has it
+    const ACHAR* name;      ///< in full
+    const ACHAR* unit;      ///< empty: none
+    int decimals;           ///< -1: a text
+    int width;              ///< characters that usual values take
+    bool summed;            ///< a total is told
+    bool usual = true;      ///< shown to a user who asked for no columns
+    bool editable = false;  ///< taken by DrawingReport::set
 };
 
 /// A file that the list's command writes when it is answered `_word` and the file's name.
@@ -65,6 +66,8 @@ struct ListSchema {
     const ACHAR* draw;     ///< word, behind an underscore, that draws it as a table
     std::span<const ListColumn> columns;
     std::span<const ListFormat> formats;
+    /// Keys of the columns that a front end shows at first, the most wanted before the others.
+    std::span<const ACHAR* const> shown;
 };
 
 /// Object of the system registry under kDrawingReportKey: what a module knows of a whole drawing.
@@ -76,8 +79,14 @@ public:
     /// The same list as it is printed: its rows in the order of their marks, numbers rounded, so
     /// that what a front end shows and sums is what table and files say.
     virtual void describePrinted(AcDbDatabase& database, PropertyVisitor& visitor) const = 0;
+    /// Changes the value of an editable column in the row that is told under kRowKey; what is tied
+    /// to it follows. The host has an undo group open. False, with a Portuguese reason in `message`
+    /// (freed with acutDelString), when the value is refused; nothing changed then.
+    virtual bool set(AcDbObjectId row, const ACHAR* key, const ACHAR* value,
+                     ACHAR*& message) const = 0;
 };
 inline constexpr const ACHAR* kListKey = L"lista_material";
+inline constexpr const ACHAR* kRowKey = L"linha";
 inline constexpr const ACHAR* kDrawingReportKey = L"ZP_DRAWING_REPORT";
 
 }  // namespace protocol

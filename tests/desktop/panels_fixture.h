@@ -53,9 +53,10 @@ protected:
         QTest::keyClick(edit, Qt::Key_Return);
         settle();
     }
-    /// The toolkit takes an entry, and deletes its editor, from the event loop.
+    /// The toolkit takes an entry, and deletes its editor, from the event loop; what a panel makes
+    /// of the entry may come in the next round.
     static void settle() {
-        QCoreApplication::processEvents();
+        for (int round = 0; round < 2; ++round) QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     void undo() {

@@ -10,28 +10,23 @@
 
 namespace zp::matlist {
 
-// Key, title, name, unit, decimals, width, summed, usual; field, editable, decimals' kind.
+// Key, title, name, unit, decimals, width, summed, usual, editable; field, decimals' kind.
 const std::array<Column, kColumns> kColumnTable{{
-    {{L"marca", L"Marca", L"Marca", L"", -1, 9, false}, &Linha::marca, false},
-    {{L"quantidade", L"Quant.", L"Quantidade", L"", 0, 9, false}, &Linha::quantidade, true},
-    {{L"descricao", L"Descrição", L"Descrição", L"", -1, 16, false}, &Linha::descricao, false},
-    {{L"dimensoes", L"Dimensões", L"Dimensões", L"", -1, 24, false}, &Linha::dimensoes, false},
-    {{L"material", L"Material", L"Material", L"", -1, 12, false}, &Linha::material, true},
+    {{L"marca", L"Marca", L"Marca", L"", -1, 9, false}, &Linha::marca},
+    {{L"quantidade", L"Quant.", L"Quantidade", L"", 0, 9, false, true, true}, &Linha::quantidade},
+    {{L"descricao", L"Descrição", L"Descrição", L"", -1, 16, false}, &Linha::descricao},
+    {{L"dimensoes", L"Dimensões", L"Dimensões", L"", -1, 24, false}, &Linha::dimensoes},
+    {{L"material", L"Material", L"Material", L"", -1, 12, false, true, true}, &Linha::material},
     {{L"comprimento", L"Compr.", L"Comprimento", L"mm", 1, 13, false},
      &Linha::comprimento,
-     false,
      Decimals::Needed},
     {{L"peso_unitario", L"Peso unit.", L"Peso unitário", L"kg", 2, 16, false},
-     &Linha::pesoUnitario,
-     false},
-    {{L"peso_total", L"Peso total", L"Peso total", L"kg", 2, 17, true}, &Linha::pesoTotal, false},
-    {{L"area_pintura", L"Pintura", L"Área de pintura", L"m²", 2, 14, true},
-     &Linha::areaPintura,
-     false},
-    {{L"observacao", L"Observação", L"Observação", L"", -1, 36, false}, &Linha::observacao, true},
-    {{L"designacao", L"Designação", L"Designação", L"", -1, 30, false, false},
-     &designationOf,
-     false},
+     &Linha::pesoUnitario},
+    {{L"peso_total", L"Peso total", L"Peso total", L"kg", 2, 17, true}, &Linha::pesoTotal},
+    {{L"area_pintura", L"Pintura", L"Área de pintura", L"m²", 2, 14, true}, &Linha::areaPintura},
+    {{L"observacao", L"Observação", L"Observação", L"", -1, 36, false, true, true},
+     &Linha::observacao},
+    {{L"designacao", L"Designação", L"Designação", L"", -1, 30, false, false}, &designationOf},
 }};
 
 std::wstring designationOf(const Linha& row) {
@@ -73,7 +68,10 @@ const protocol::ListSchema& listSchema() {
         std::ranges::transform(kFormatTable, shown.begin(), &Format::shown);
         return shown;
     }();
-    static const protocol::ListSchema schema{kListCommand, kDrawWord, columns, formats};
+    static constexpr std::array kShown{L"quantidade",  L"marca",      L"designacao",
+                                       L"comprimento", L"peso_total", L"area_pintura",
+                                       L"observacao",  L"material",   L"peso_unitario"};
+    static const protocol::ListSchema schema{kListCommand, kDrawWord, columns, formats, kShown};
     return schema;
 }
 

@@ -24,7 +24,6 @@ enum class Decimals {
 struct Column {
     protocol::ListColumn shown;
     Field field;
-    bool editable;  ///< by the user, in the mark's property sheet
     Decimals decimals = Decimals::Fixed;
 };
 

@@ -15,7 +15,7 @@ void stopFollowing();
 void followFrom(AcDbDatabase* drawing);
 
 /// After a command that changed rows itself, as Book::OwnWork: records and tables say what the
-/// pieces make of them.
+/// pieces make of them, tables also what was written to the row `record`.
 void settle(AcDbDatabase& drawing);
 
 /// Record of the row that a mark's piece, or a piece, belongs to; null when there is none.

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 
+#include "acutmem.h"
 #include "protocol/attach.h"
 #include "protocol/report.h"
 #include "zp/matlist/listing.h"
+#include "zp/matlist/sheets.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace zp::matlist {
@@ -36,6 +38,12 @@ public:
     }
     void describePrinted(AcDbDatabase& database, PropertyVisitor& v) const override {
         each(database, v, printedRows);
+    }
+    bool set(AcDbObjectId row, const ACHAR* key, const ACHAR* value,
+             ACHAR*& message) const override {
+        const std::wstring reason = changeRow(row, key, value);
+        if (!reason.empty()) (void)acutNewString(reason.c_str(), message);
+        return reason.empty();
     }
 
 private:
@@ -67,6 +75,7 @@ private:
         v.integer(L"lista", list.number);
         v.text(L"grupo", list.header.group.c_str());
         v.integer(L"apagada", erased(l) ? 1 : 0);
+        v.object(protocol::kRowKey, l.record);
         v.beginList(L"ids");
         for (const AcDbSoftPointerId& id : l.ids)
             if (!id.isNull()) v.object(nullptr, id);

@@ -43,6 +43,7 @@ AcDbObjectId speaker(const Linha& row) {
 
 std::optional<Linha> rowAt(AcDbObjectId record) {
     std::optional<Linha> row = storedRow(record);
+    if (row) row->record = record;
     if (!row || !row->tied) return row;
     Book& book = Book::of(*record.database());
     const Book::Row* const now = book.row(record);

@@ -42,7 +42,7 @@ void showRow(const Linha& kept, PropertySheet& s) {
     for (const Column& c : kColumnTable) {
         if (c.field == Field(&Linha::marca)) continue;
         const Cell cell = c.field == Field(&Linha::observacao) ? Cell(l.observacao) : cellOf(l, c);
-        if (c.editable)
+        if (c.shown.editable)
             s.edit(c.shown.key, c.shown.name, words(cell, c.shown).c_str(), nullptr);
         else
             s.show(c.shown.key, c.shown.name, words(cell, c.shown).c_str());
@@ -95,11 +95,13 @@ std::wstring changeQuantidade(AcDbObjectId record, Linha& row, const std::wstrin
     return changeCount(record, row, static_cast<int>(v));
 }
 
+}  // namespace
+
 std::wstring changeRow(AcDbObjectId record, const std::wstring& key, const std::wstring& value) {
     std::optional<Linha> row = rowAt(record);
-    if (!row) return L"A marca não tem linha na lista de material.";
+    if (!row) return L"Não há linha na lista de material.";
     const auto column = std::ranges::find_if(
-        kColumnTable, [&](const Column& c) { return c.editable && key == c.shown.key; });
+        kColumnTable, [&](const Column& c) { return c.shown.editable && key == c.shown.key; });
     if (column == kColumnTable.end()) return L"Este valor não pode ser editado.";
     const auto* text = std::get_if<std::wstring Linha::*>(&column->field);
     if (text == nullptr) return changeQuantidade(record, *row, value);
@@ -109,8 +111,12 @@ std::wstring changeRow(AcDbObjectId record, const std::wstring& key, const std::
                    : L"Nem todas as peças da linha puderam mudar de aço; veja se alguma está em "
                      L"camada bloqueada.";
     (*row).*(*text) = texts::trimmed(value);
-    return rewrite(record, *row) ? L"" : L"A linha da lista não pôde ser gravada.";
+    if (!rewrite(record, *row)) return L"A linha da lista não pôde ser gravada.";
+    settle(*record.database());
+    return L"";
 }
+
+namespace {
 
 class Sheets : public protocol::EntityProperties {
 public:

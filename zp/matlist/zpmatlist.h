@@ -46,6 +46,7 @@ public:
     double pesoTotal;
     double areaPintura;
     std::wstring observacao;
+    AcDbObjectId record;  ///< in the drawing; null before it is added
     std::vector<AcDbSoftPointerId> ids;
     std::vector<AcDbObjectId> pecas;   ///< drawn pieces that count
     std::vector<AcDbObjectId> vistas;  ///< further views, which do not

@@ -52,12 +52,18 @@ protected:
     }
 };
 
-/// A click into a cell that acts like a button keeps a selection of several rows.
+/// A click into a cell that acts like a button keeps a selection of several rows; Enter edits in
+/// place, as F2 does.
 class LayerView : public QTableView {
 public:
     using QTableView::QTableView;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!enter || !edit(currentIndex(), EditKeyPressed, event))
+            QTableView::keyPressEvent(event);
+    }
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override {
         const bool mouse = event != nullptr && (event->type() == QEvent::MouseButtonPress ||

@@ -29,6 +29,7 @@ QVariant MaterialModel::data(const QModelIndex& index, int role) const {
     const bool number = m_schema.columns[column].decimals >= 0;
     switch (role) {
         case Qt::DisplayRole:
+        case Qt::EditRole:
             return material.texts[column];
         case Qt::TextAlignmentRole:
             return static_cast<int>((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
@@ -58,10 +59,25 @@ QVariant MaterialModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+bool MaterialModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !index.isValid() || value == data(index, role)) return false;
+    if (onEdit) onEdit(index.row(), index.column(), value.toString());
+    return true;
+}
+
+/// What an erased piece's row says is half the module's.
+Qt::ItemFlags MaterialModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    const bool editable = index.isValid() && !row(index.row()).erased &&
+                          m_schema.columns[static_cast<std::size_t>(index.column())].editable;
+    return editable ? flags | Qt::ItemIsEditable : flags;
+}
+
 QVariant MaterialModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     const MaterialSchema::Column& column = m_schema.columns[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole) return column.title;
+    if (role == Qt::DisplayRole) return column.heading;
+    if (role == Qt::ToolTipRole) return column.title;
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>((column.decimals >= 0 ? Qt::AlignRight : Qt::AlignLeft) |
                                 Qt::AlignVCenter);

@@ -4,6 +4,8 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
+
 #include "prancheta/desktop/panels/material_rows.h"
 
 namespace prancheta::desktop {
@@ -20,6 +22,9 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
+    /// Called with what was typed in place, row and column.
+    std::function<void(int, int, const QString&)> onEdit;
+
     void setRows(std::vector<MaterialRow> rows, MaterialSchema schema);
     const MaterialSchema& schema() const { return m_schema; }
     const std::vector<MaterialRow>& rows() const { return m_rows; }
@@ -28,6 +33,8 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:

@@ -2,24 +2,28 @@
 // Panel of the material lists: rows, totals, the way into drawing and spreadsheet.
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QSortFilterProxyModel>
+#include <QStyle>
 #include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <map>
+#include <set>
+#include <unordered_map>
 #include <unordered_set>
 
+#include "prancheta/desktop/panels/list_file.h"
 #include "prancheta/desktop/panels/material_model.h"
 #include "prancheta/desktop/panels/panels.h"
 #include "prancheta/desktop/panels/text.h"
@@ -28,10 +32,13 @@
 namespace prancheta::desktop {
 namespace {
 
-/// Longest file name that the command takes.
-constexpr qsizetype kLongestName = 131;
-/// Pixels of a usual character.
-constexpr int kCharacterWidth = 8;
+/// Of a text, in a column that nobody widened.
+constexpr qsizetype kMostCharacters = 14;
+
+/// What a row stands for in the drawing: its pieces, or what it is tied to in their place.
+const std::vector<AcDbObjectId>& drawnFor(const MaterialRow& row) {
+    return row.pieces.empty() ? row.ids : row.pieces;
+}
 
 /// The rows of one list, or of all, that the search finds; "P2" before "P10".
 class MaterialOrder : public QSortFilterProxyModel {
@@ -73,16 +80,23 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     template <class Act>
     QPushButton* button(const QString& name, const QString& text, const QString& hint, Act act);
     void load();
+    void show(std::vector<MaterialRow> rows, MaterialSchema schema);
     void showSchema();
+    void widenColumns();
     void loadLists();
     void showTotals();
     void selectPieces();
+    void markRows();
+    void edit(int row, int column, const QString& text);
+    std::vector<std::size_t> shownColumns() const;
+    void chooseColumns(const QPoint& where);
     void copy();
     void drawTable();
     void update();
@@ -94,6 +108,10 @@ private:
 
     Editor* m_editor = nullptr;
     Watch m_watch{Watch::Selection::Ignored};
+    Watch m_selection{Watch::Selection::Counts};
+    std::unordered_map<Adesk::LongPtr, int> m_rowOf;  ///< by piece or mark
+    std::map<std::wstring, bool> m_chosenColumns;     ///< shown or not, as the user wants
+    std::set<std::wstring> m_setByUser;               ///< columns with a width of his
     /// Rows that come anew, or that are looked for, are no choice of pieces.
     bool m_selecting = false;
     std::map<int, QString> m_lists;  ///< number and group
@@ -119,7 +137,7 @@ MaterialPanel::MaterialPanel()
     m_view->setObjectName(QStringLiteral("lista_material"));
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     m_view->setShowGrid(false);
     m_view->setAlternatingRowColors(true);
     m_view->setWordWrap(false);
@@ -129,6 +147,8 @@ MaterialPanel::MaterialPanel()
     QHeaderView* head = m_view->horizontalHeader();
     head->setHighlightSections(false);
     head->setStretchLastSection(true);
+    head->setSectionsMovable(true);
+    head->setContextMenuPolicy(Qt::CustomContextMenu);
     // As listed until a title is clicked.
     head->setSortIndicator(-1, Qt::AscendingOrder);
     m_view->setSortingEnabled(true);
@@ -177,6 +197,15 @@ MaterialPanel::MaterialPanel()
     });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MaterialPanel::selectPieces);
+    connect(head, &QHeaderView::customContextMenuRequested, this, &MaterialPanel::chooseColumns);
+    connect(head, &QHeaderView::sectionResized, this, [this](int column) {
+        if (QGuiApplication::mouseButtons() != Qt::NoButton)
+            m_setByUser.insert(m_model->schema().columns[static_cast<std::size_t>(column)].key);
+    });
+    m_model->onEdit = [this](int row, int column, const QString& text) { edit(row, column, text); };
+    connect(m_view, &QTableView::activated, this, [this](const QModelIndex& index) {
+        if (index.flags().testFlag(Qt::ItemIsEditable)) m_view->edit(index);
+    });
     // A row that is chosen already, after Esc in the drawing.
     connect(m_view, &QTableView::clicked, this, &MaterialPanel::selectPieces);
     loadLists();
@@ -194,39 +223,99 @@ QPushButton* MaterialPanel::button(const QString& name, const QString& text, con
 
 void MaterialPanel::setEditor(Editor* editor) {
     m_editor = editor;
+    // What is shown belongs to a drawing that may have gone.
+    show({}, materialSchema());
     m_watch.forget();
+    m_selection.forget();
     refresh();
 }
 
 void MaterialPanel::refresh() {
-    if (m_editor != nullptr && !m_watch.news(*m_editor)) return;
-    load();
+    // Long lists are read when somebody sees them.
+    if (m_editor == nullptr || !isVisible()) return;
+    if (m_watch.news(*m_editor)) load();
+    if (m_selection.news(*m_editor)) markRows();
 }
 
+void MaterialPanel::showEvent(QShowEvent* event) {
+    Panel::showEvent(event);
+    if (m_editor != nullptr && !m_editor->runner().active()) refresh();
+}
+
+/// Reads the list again; the cell that the keyboard is in stays the same, and so does what is seen.
 void MaterialPanel::load() {
-    const QScopedValueRollback guard(m_selecting, true);
+    const QModelIndex at = m_order->mapToSource(m_view->currentIndex());
+    const AcDbObjectId current = at.isValid() ? m_model->row(at.row()).record : AcDbObjectId();
+    const int top = m_view->verticalScrollBar()->value();
     MaterialSchema schema = materialSchema();
+    std::vector<MaterialRow> rows = materialRows(m_editor->database(), schema);
+    show(std::move(rows), std::move(schema));
+    m_view->doItemsLayout();
+    m_view->verticalScrollBar()->setValue(top);
+    const auto same = std::find_if(
+        m_model->rows().begin(), m_model->rows().end(),
+        [&](const MaterialRow& row) { return !current.isNull() && row.record == current; });
+    if (same == m_model->rows().end()) return;
+    const auto row = static_cast<int>(same - m_model->rows().begin());
+    m_view->selectionModel()->setCurrentIndex(
+        m_order->mapFromSource(m_model->index(row, at.column())), QItemSelectionModel::NoUpdate);
+}
+
+void MaterialPanel::show(std::vector<MaterialRow> rows, MaterialSchema schema) {
+    const QScopedValueRollback guard(m_selecting, true);
     const bool other = schema != m_model->schema();
-    std::vector<MaterialRow> rows;
-    if (m_editor != nullptr) rows = materialRows(m_editor->database(), schema);
     m_model->setRows(std::move(rows), std::move(schema));
+    // Rows come without their marks again.
+    m_selection.forget();
+    m_rowOf.clear();
+    for (std::size_t i = 0; i < m_model->rows().size(); ++i)
+        for (const auto* ids : {&m_model->rows()[i].pieces, &m_model->rows()[i].ids})
+            for (const AcDbObjectId& id : *ids)
+                m_rowOf.try_emplace(id.asOldId(), static_cast<int>(i));
     if (other) showSchema();
+    widenColumns();
     loadLists();
     showTotals();
 }
 
-/// Widths of the columns, and a button for each file format.
+/// The columns that are wanted, and a button for each file format.
 void MaterialPanel::showSchema() {
     const MaterialSchema& schema = m_model->schema();
-    for (std::size_t i = 0; i < schema.columns.size(); ++i)
-        m_view->horizontalHeader()->resizeSection(static_cast<int>(i),
-                                                  kCharacterWidth * schema.columns[i].width);
+    QHeaderView* const head = m_view->horizontalHeader();
+    for (std::size_t i = 0; i < schema.columns.size(); ++i) {
+        const auto chosen = m_chosenColumns.find(schema.columns[i].key);
+        const bool shown =
+            chosen != m_chosenColumns.end() ? chosen->second : schema.columns[i].shown;
+        head->setSectionHidden(static_cast<int>(i), !shown);
+        if (shown) head->resizeSection(static_cast<int>(i), head->minimumSectionSize());
+    }
     qDeleteAll(m_files->findChildren<QPushButton*>());
     for (const MaterialSchema::Format& format : schema.formats)
         m_files->layout()->addWidget(
             button(format.extension, format.name + u'…',
                    QStringLiteral("Grava a lista num arquivo ") + format.name,
                    [this, format] { write(format); }));
+}
+
+/// As wide as title and longest text, but no text takes the place of the others. Columns never get
+/// narrower of themselves, and those that the user set stay so.
+void MaterialPanel::widenColumns() {
+    const QFontMetrics metrics = m_view->fontMetrics();
+    QHeaderView* const head = m_view->horizontalHeader();
+    const int margin =
+        2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_view) + 2);
+    for (std::size_t i = 0; i < m_model->schema().columns.size(); ++i) {
+        const MaterialSchema::Column& column = m_model->schema().columns[i];
+        if (m_setByUser.contains(column.key)) continue;
+        QString longest;
+        for (const MaterialRow& row : m_model->rows())
+            if (row.texts[i].size() > longest.size()) longest = row.texts[i];
+        longest.truncate(kMostCharacters);
+        const int wanted = margin + std::max(metrics.horizontalAdvance(longest),
+                                             metrics.horizontalAdvance(column.heading));
+        if (wanted > head->sectionSize(static_cast<int>(i)))
+            head->resizeSection(static_cast<int>(i), wanted);
+    }
 }
 
 void MaterialPanel::loadLists() {
@@ -287,11 +376,83 @@ void MaterialPanel::selectPieces() {
     std::vector<AcDbObjectId> ids;
     std::unordered_set<Adesk::LongPtr> taken;
     for (const QModelIndex& index : m_view->selectionModel()->selectedRows())
-        for (const AcDbObjectId id : m_model->row(m_order->mapToSource(index).row()).ids)
+        for (const AcDbObjectId id : drawnFor(m_model->row(m_order->mapToSource(index).row())))
             if (!id.isErased() && taken.insert(id.asOldId()).second) ids.push_back(id);
     if (m_editor->selection().ids() == ids) return;
     m_editor->selection().select(std::move(ids));
+    // The rows stay as they were chosen, those without pieces, too.
+    (void)m_selection.news(*m_editor);
     emit changed();
+}
+
+/// The rows of what is selected in the drawing, and the first of them in sight.
+void MaterialPanel::markRows() {
+    const QScopedValueRollback guard(m_selecting, true);
+    std::set<int> marked;
+    for (const AcDbObjectId id : m_editor->selection().ids()) {
+        const auto row = m_rowOf.find(id.asOldId());
+        if (row == m_rowOf.end()) continue;
+        const QModelIndex index = m_order->mapFromSource(m_model->index(row->second, 0));
+        if (index.isValid()) marked.insert(index.row());
+    }
+    // Neighbours are one range: a selection costs by its ranges.
+    QItemSelection rows;
+    for (const int row : marked)
+        if (!rows.isEmpty() && rows.last().bottom() == row - 1)
+            rows.last() = {rows.last().topLeft(), m_order->index(row, 0)};
+        else
+            rows.append({m_order->index(row, 0), m_order->index(row, 0)});
+    m_view->selectionModel()->select(
+        rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (marked.empty()) return;
+    m_view->doItemsLayout();  // new rows, or a new order, are laid out later
+    m_view->scrollTo(m_order->index(*marked.begin(), std::max(0, m_view->currentIndex().column())));
+}
+
+/// Once the cell's editor is closed, since the rows are read again.
+void MaterialPanel::edit(int row, int column, const QString& text) {
+    const MaterialSchema::Column what = m_model->schema().columns[static_cast<std::size_t>(column)];
+    const auto change = [this, text, what, given = m_model->row(row)] {
+        if (m_editor == nullptr) return;
+        if (const Result<void> done = changeMaterial(*m_editor, given, what, text); !done) {
+            emit messageWanted(what.title + QStringLiteral(": ") +
+                               QString::fromStdString(done.error().message()));
+            return;
+        }
+        update();
+        emit changed();
+    };
+    QMetaObject::invokeMethod(this, change, Qt::QueuedConnection);
+}
+
+/// Columns as they are shown, from left to right.
+std::vector<std::size_t> MaterialPanel::shownColumns() const {
+    const QHeaderView* const head = m_view->horizontalHeader();
+    std::vector<std::size_t> shown;
+    for (int i = 0; i < head->count(); ++i)
+        if (const int column = head->logicalIndex(i); !head->isSectionHidden(column))
+            shown.push_back(static_cast<std::size_t>(column));
+    return shown;
+}
+
+void MaterialPanel::chooseColumns(const QPoint& where) {
+    QHeaderView* const head = m_view->horizontalHeader();
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (int i = 0; i < m_model->columnCount(); ++i) {
+        const MaterialSchema::Column& column =
+            m_model->schema().columns[static_cast<std::size_t>(i)];
+        QAction* const entry = menu->addAction(column.title);
+        entry->setCheckable(true);
+        entry->setChecked(!head->isSectionHidden(i));
+        // Without any there would be no title to click.
+        entry->setEnabled(!entry->isChecked() || shownColumns().size() > 1);
+        connect(entry, &QAction::toggled, this, [this, head, i, key = column.key](bool shown) {
+            m_chosenColumns[key] = shown;
+            head->setSectionHidden(i, !shown);
+        });
+    }
+    menu->popup(head->mapToGlobal(where));
 }
 
 /// Titles and rows with tabs between, for a spreadsheet; all rows when none is selected.
@@ -301,12 +462,14 @@ void MaterialPanel::copy() {
     std::vector<int> rows;
     for (const QModelIndex& index : chosen) rows.push_back(m_order->mapToSource(index).row());
     if (rows.empty()) rows = visibleRows();
+    const std::vector<std::size_t> columns = shownColumns();
     QStringList titles;
-    for (const MaterialSchema::Column& column : m_model->schema().columns) titles << column.title;
+    for (const std::size_t i : columns) titles << m_model->schema().columns[i].title;
     QString text = titles.join(u'\t') + u'\n';
     for (const int row : rows) {
         QStringList cells;
-        for (QString cell : m_model->row(row).texts) cells << cell.replace(u'\t', u' ');
+        for (const std::size_t i : columns)
+            cells << QString(m_model->row(row).texts[i]).replace(u'\t', u' ');
         text += cells.join(u'\t') + u'\n';
     }
     QGuiApplication::clipboard()->setText(text);
@@ -342,28 +505,8 @@ void MaterialPanel::write(const MaterialSchema::Format& format) {
             QStringLiteral("O desenho tem várias listas; escolha no painel a que se grava."));
         return;
     }
-    QString name = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Gravar lista de material"),
-        QStringLiteral("lista.") + format.extension,
-        QStringLiteral("Planilha %1 (*.%2)").arg(format.name, format.extension));
-    if (name.isEmpty()) return;
-    // Only a name that the window showed was confirmed there.
-    bool confirmed = QFileInfo::exists(name);
-    if (!name.endsWith(u'.' + format.extension, Qt::CaseInsensitive)) {
-        name += u'.' + format.extension;
-        confirmed = false;
-    }
-    if (name.size() > kLongestName) {
-        emit messageWanted(
-            QStringLiteral("O caminho passa de 131 caracteres; escolha uma pasta mais curta: ") +
-            name);
-        return;
-    }
-    QString line = m_model->schema().command + QStringLiteral(" _") + format.word;
-    if (list > 0) line += QStringLiteral("\n%1").arg(list);
-    line += u'\n' + name;
-    if (confirmed) line += QStringLiteral("\n_Yes");
-    emit commandWanted(line);
+    writeListFile(*this, m_model->schema(), format,
+                  {QStringLiteral("Gravar lista de material"), QStringLiteral("lista"), {}, list});
 }
 
 }  // namespace

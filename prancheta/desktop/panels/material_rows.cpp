@@ -2,10 +2,11 @@
 // The material lists of a drawing, as a module reports them.
 #include "prancheta/desktop/panels/material_rows.h"
 
+#include <algorithm>
 #include <string_view>
-#include <utility>
 
 #include "prancheta/desktop/panels/text.h"
+#include "prancheta/editor/edit_group.h"
 #include "protocol/report.h"
 #include "rxdict.h"
 
@@ -34,16 +35,17 @@ public:
             rows.back().texts[static_cast<std::size_t>(column)] = qt(value);
     }
     void point(const ACHAR*, const AcGePoint3d&) override {}
-    void object(const ACHAR*, const AcDbObjectId& value) override {
+    void object(const ACHAR* name, const AcDbObjectId& value) override {
+        if (inRow() && is(name, protocol::kRowKey)) rows.back().record = value;
         if (m_depth != kIds || value.isNull()) return;
         if (m_inIds) rows.back().ids.push_back(value);
-        if (m_inPieces) m_pieces.push_back(value);
+        if (m_inPieces) rows.back().pieces.push_back(value);
     }
     void beginList(const ACHAR* name) override {
         if (m_depth == kOutside) m_inList = is(name, protocol::kListKey);
         if (m_depth == kRow) {
-            m_inIds = is(name, L"ids");
-            m_inPieces = m_inList && is(name, L"pecas");
+            m_inIds = m_inList && is(name, L"ids");
+            m_inPieces = m_inList && (is(name, L"pecas") || is(name, L"vistas"));
         }
         ++m_depth;
     }
@@ -54,11 +56,7 @@ public:
         row.texts.resize(m_columns.size());
         row.numbers.resize(m_columns.size());
     }
-    /// A row whose pieces are known stands for them, not for what is tied to it in their place.
-    void endGroup() override {
-        if (inRow() && !m_pieces.empty()) rows.back().ids = std::exchange(m_pieces, {});
-        --m_depth;
-    }
+    void endGroup() override { --m_depth; }
 
 private:
     enum Depth { kOutside, kList, kRow, kIds };
@@ -86,12 +84,21 @@ private:
     bool m_inList = false;
     bool m_inIds = false;
     bool m_inPieces = false;
-    std::vector<AcDbObjectId> m_pieces;  ///< of the row that is being read
 };
 
 const protocol::DrawingReport* drawingReport() {
     return static_cast<const protocol::DrawingReport*>(
         acrxSysRegistry()->at(protocol::kDrawingReportKey));
+}
+
+MaterialSchema::Column columnFor(const protocol::ListColumn& told) {
+    const QString unit = qt(told.unit);
+    const QString title =
+        unit.isEmpty() ? qt(told.title) : QStringLiteral("%1 (%2)").arg(qt(told.title), unit);
+    // A total is known by its unit.
+    const QString heading = told.summed && !unit.isEmpty() ? unit : qt(told.title);
+    return {told.key,   title,       heading,       unit, told.decimals,
+            told.width, told.summed, told.editable, false};
 }
 
 }  // namespace
@@ -101,12 +108,14 @@ MaterialSchema materialSchema() {
     if (report == nullptr) return {};
     const protocol::ListSchema& told = report->schema();
     MaterialSchema schema{qt(told.command), qt(told.draw), {}, {}};
-    for (const protocol::ListColumn& c : told.columns) {
-        if (!c.usual) continue;
-        const QString unit = qt(c.unit);
-        const QString title =
-            unit.isEmpty() ? qt(c.title) : QStringLiteral("%1 (%2)").arg(qt(c.title), unit);
-        schema.columns.push_back({c.key, title, unit, c.decimals, c.width, c.summed});
+    for (const protocol::ListColumn& c : told.columns) schema.columns.push_back(columnFor(c));
+    auto next = schema.columns.begin();
+    for (const wstring_view key : told.shown) {
+        const auto found = std::find_if(next, schema.columns.end(),
+                                        [&](const auto& column) { return column.key == key; });
+        if (found == schema.columns.end()) continue;
+        found->shown = true;
+        std::rotate(next++, found, found + 1);
     }
     for (const protocol::ListFormat& f : told.formats)
         schema.formats.push_back({qt(f.word), qt(f.name), qt(f.extension)});
@@ -119,6 +128,22 @@ std::vector<MaterialRow> materialRows(AcDbDatabase& database, const MaterialSche
     Reader reader(schema.columns);
     report->describePrinted(database, reader);
     return std::move(reader.rows);
+}
+
+Result<void> changeMaterial(Editor& editor, const MaterialRow& row,
+                            const MaterialSchema::Column& column, const QString& text) {
+    const protocol::DrawingReport* const report = drawingReport();
+    if (report == nullptr) return Error{"O módulo da lista não está mais carregado."};
+    if (!EditGroup::possible(editor))
+        return Error{"Há um comando em execução; termine-o (Esc) antes de alterar a lista."};
+    EditGroup group(editor, report->schema().command);
+    ACHAR* message = nullptr;
+    const bool taken =
+        report->set(row.record, column.key.c_str(), text.toStdWString().c_str(), message);
+    const QString why = takenText(message);
+    if (taken) return {};
+    group.fail();
+    return Error{why.toStdString()};
 }
 
 }  // namespace prancheta::desktop

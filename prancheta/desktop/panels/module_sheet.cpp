@@ -2,8 +2,7 @@
 // What a module tells of its entities through protocol::EntityProperties.
 #include "prancheta/desktop/panels/module_sheet.h"
 
-#include "acutmem.h"
-#include "prancheta/base/text.h"
+#include "prancheta/desktop/panels/text.h"
 #include "protocol/attach.h"
 
 namespace prancheta::desktop {
@@ -65,9 +64,8 @@ Result<void> setModuleProperty(const protocol::EntityProperties& properties, AcD
                                const std::wstring& key, const std::wstring& input) {
     ACHAR* message = nullptr;
     if (properties.set(entity, key.c_str(), input.c_str(), message)) return {};
-    const std::string why = message != nullptr ? toUtf8(message) : "O valor não foi aceito.";
-    if (message != nullptr) acutDelString(message);
-    return Error{why};
+    const QString why = takenText(message);
+    return Error{why.isEmpty() ? "O valor não foi aceito." : why.toStdString()};
 }
 
 }  // namespace prancheta::desktop

@@ -16,6 +16,13 @@ std::wstring recordName(AcDbObjectId id) {
     return record.object() != nullptr && record->getName(name) == Acad::eOk ? name : L"";
 }
 
+QString takenText(ACHAR* text) {
+    if (text == nullptr) return {};
+    const QString taken = qt(text);
+    acutDelString(text);
+    return taken;
+}
+
 QString commaText(double value, int decimals) {
     return qt(fixedText(value, decimals)).replace(u'.', u',');
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "acutmem.h"
 #include "dbid.h"
 
 namespace prancheta::desktop {
@@ -17,6 +18,9 @@ inline QString qt(std::wstring_view text) {
 
 /// Name of a layer, linetype, style or block; empty for a null id.
 std::wstring recordName(AcDbObjectId id);
+
+/// A text that a module made, which is freed; empty for none.
+QString takenText(ACHAR* text);
 
 /// Fixed decimals, decimal comma, as in the material list.
 QString commaText(double value, int decimals);

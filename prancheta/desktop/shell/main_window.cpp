@@ -2,6 +2,7 @@
 // The main window: its parts and how they talk.
 #include "prancheta/desktop/shell/main_window.h"
 
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QClipboard>
@@ -33,7 +34,7 @@ constexpr QSize kUsualSize(1280, 800);
 /// What the system puts around a window, at least.
 constexpr QSize kFrame(8, 40);
 constexpr int kCommandLineHeight = 130;
-constexpr int kPanelWidth = 320;
+constexpr int kPanelWidth = 380;
 /// The widest panel does not decide for all that stand behind the same tabs.
 constexpr int kLeastPanelWidth = 200;
 
@@ -62,6 +63,13 @@ bool takesText(const QWidget* widget) {
     if (const auto* edit = qobject_cast<const QTextEdit*>(widget)) return !edit->isReadOnly();
     const auto* combo = qobject_cast<const QComboBox*>(widget);
     return combo != nullptr && combo->isEditable();
+}
+
+/// True for a table that the keyboard is in, at a cell that can be edited in place.
+bool editsInPlace(const QWidget* widget) {
+    const auto* const view = qobject_cast<const QAbstractItemView*>(widget);
+    return view != nullptr && view->editTriggers().testFlag(QAbstractItemView::EditKeyPressed) &&
+           view->currentIndex().flags().testFlag(Qt::ItemIsEditable);
 }
 
 }  // namespace
@@ -250,8 +258,13 @@ void MainWindow::dropEvent(QDropEvent* event) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
     const auto* const widget = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::ShortcutOverride && editsInPlace(widget) &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_F2) {
+        event->accept();  // not the window of texts, then
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
     // A field passes Enter on to what stands around it: still a key typed in the field.
     const bool elsewhere = widget == nullptr || widget->window() != this || !isActiveWindow() ||
                            takesText(QApplication::focusWidget()) || takesText(widget) ||
@@ -263,7 +276,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     // Del is about what has the keyboard: rows of a panel, or what is selected in the drawing.
     const bool typed = plain && !key->text().isEmpty() && key->key() != Qt::Key_Tab &&
                        key->key() != Qt::Key_Delete;
-    if (!typed) return QMainWindow::eventFilter(watched, event);
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (!typed || (enter && m_ui->idle() && editsInPlace(widget)))
+        return QMainWindow::eventFilter(watched, event);
     m_commandLine->takeKey(key);
     return true;
 }
