@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Material list: cutting plans, left-overs, delivery list; what is drawn and written of them.
+#include "acutmem.h"
+#include "protocol/plan.h"
+#include "rxdict.h"
 #include "tests/zp/matlist.h"
+#include "texts/number.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/plan_files.h"
 #include "zp/matlist/resumo.h"
@@ -131,6 +135,85 @@ TEST_F(MaterialListTest, ThePlanIsDrawnAndWritten) {
     pick(0, 0, {rows()[0].ids[0]});
     type({L"", L"PLANOCORTE", L"", L"", L""});
     EXPECT_TRUE(said(L"A lista não tem barras para cortar.\n"));
+}
+
+/// What a host is told, a line for each.
+class PlanReader : public protocol::PlanVisitor {
+public:
+    void list(int number, const ACHAR* group) override {
+        say(L"lista " + std::to_wstring(number) + L' ' + group);
+    }
+    void answers(const Answers& a) override {
+        say(std::wstring(a.stock) + L'|' + a.sawCut + L'|' + a.trim);
+    }
+    void begin(int list) override { say(L"plano " + std::to_wstring(list)); }
+    void product(const ACHAR* line) override { say(line); }
+    void note(const ACHAR* line) override { say(line); }
+    void bar(const Bar& b) override {
+        say(std::to_wstring(b.count) + L" x " + texts::withPoint(b.length, 1) +
+            (b.leftOver ? L" retalho " : L" ") + b.cuts + L", " + texts::withPoint(b.rest, 1) +
+            L", " + texts::withPoint(100.0 * b.utilisation, 1));
+    }
+    void cut(const ACHAR* marca, double at, double length) override {
+        say(marca + (L' ' + texts::withPoint(at, 1)) + L' ' + texts::withPoint(length, 1));
+    }
+    void end() override { say(L"fim"); }
+    void say(const std::wstring& line) { lines.push_back(line); }
+    Texts lines;
+};
+
+TEST_F(MaterialListTest, APlanIsShownByTheHost) {
+    const auto* const plans =
+        static_cast<protocol::CuttingPlan*>(acrxSysRegistry()->at(protocol::kCuttingPlanKey));
+    ASSERT_NE(plans, nullptr);
+    const auto use = [&](const wchar_t* stock, const wchar_t* sawCut, const wchar_t* trim) {
+        ACHAR* message = nullptr;
+        const bool taken = plans->use({stock, sawCut, trim}, message);
+        EXPECT_EQ(taken, message == nullptr);
+        const std::wstring reason = message != nullptr ? message : L"";
+        acutDelString(message);
+        return reason;
+    };
+    ACHAR* none = nullptr;
+    PlanReader told;
+    EXPECT_FALSE(plans->plan(editor->database(), 1, told, none)) << "there is no list";
+    EXPECT_EQ(std::wstring(none), L"A lista não tem barras para cortar.");
+    acutDelString(none);
+    enter(3);  // U 200x75x3 of 500
+    const std::size_t before = plans->stamp(editor->database(), 1);
+    EXPECT_EQ(use(L"1100;2000,5", L"3", L"5,5"), L"");
+    // 1100 - 11 holds 500, a cut and 500, and 86 - 3 are left behind the last one's cut.
+    EXPECT_EQ(use(L"1100", L"3", L""), L"");
+    for (const auto& [stock, sawCut, trim, why] :
+         std::vector<std::array<const wchar_t*, 4>>{{L"50", L"3", L"0", L"de 100 a 100000"},
+                                                    {L"1000", L"x", L"0", L"Largura do corte"},
+                                                    {L"1000", L"3", L"499,5", L"de 0 a 499 mm"}})
+        EXPECT_NE(use(stock, sawCut, trim).find(why), std::wstring::npos) << why;
+    EXPECT_TRUE(plans->plan(editor->database(), 1, told, none));
+    const Texts plan{L"1100|3|5,5",
+                     L"plano 1",
+                     L"U 200x75x3: 2 barras de 1100, aproveitamento 68,2 %, mínimo teórico 2.",
+                     L"1 x 1100 2 x 500 P1, 83, 90.9",
+                     L"P1 5.5 500",
+                     L"P1 508.5 500",
+                     L"1 x 1100 500 P1, 586, 45.5",
+                     L"P1 5.5 500",
+                     L"fim"};
+    EXPECT_EQ(told.lines, plan);
+    told.lines.clear();
+    plans->describe(editor->database(), told);
+    EXPECT_EQ(told.lines, (Texts{L"lista 1 Perfil", plan[0]})) << "and the refused are not kept";
+    // The command shows the same before its last question; then nothing changed.
+    told.lines.clear();
+    acrxSysRegistry()->atPut(protocol::kPlanViewerKey, &told);
+    type({L"PLANOCORTE", L"", L"", L""});
+    EXPECT_EQ(told.lines, plan);
+    acrxSysRegistry()->remove(protocol::kPlanViewerKey);
+    type({L""});
+    EXPECT_EQ(plans->stamp(editor->database(), 1), before);
+    enter(1);
+    EXPECT_NE(plans->stamp(editor->database(), 1), before);
+    use(L"6000,12000", L"3", L"0");
 }
 
 }  // namespace

@@ -74,9 +74,13 @@ std::optional<double> askNumber(const std::wstring& question, double offered, do
         if (typed->empty()) return offered;
         const std::optional<double> number = texts::exactReal(*typed);
         if (number && *number >= least && *number <= most) return number;
-        acutPrintf(L"\nInforme um número de %ls a %ls %ls.\n", texts::withComma(least).c_str(),
-                   texts::withComma(most).c_str(), unit);
+        acutPrintf(L"\n%ls\n", limitsInWords(least, most, unit).c_str());
     }
+}
+
+std::wstring limitsInWords(double least, double most, const wchar_t* unit) {
+    return L"Informe um número de " + texts::withComma(least) + L" a " + texts::withComma(most) +
+           L" " + unit + L".";
 }
 
 std::optional<std::vector<AcDbObjectId>> askSelection() {

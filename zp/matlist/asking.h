@@ -36,6 +36,9 @@ std::optional<std::wstring> askTyped(const std::wstring& question);
 std::optional<double> askNumber(const std::wstring& question, double offered, double least,
                                 double most, const wchar_t* unit);
 
+/// What to type for such a number.
+std::wstring limitsInWords(double least, double most, const wchar_t* unit);
+
 /// Objects that the user selects; empty when he selects none, nothing when he gave up.
 std::optional<std::vector<AcDbObjectId>> askSelection();
 /// One object; null when none was hit or the user gave up.

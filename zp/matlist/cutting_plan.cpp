@@ -139,4 +139,10 @@ double restOf(const cutting::Bar& bar, const CutSettings& settings) {
     return std::max(0.0, rest);
 }
 
+double utilisationOf(const cutting::Bar& bar) {
+    double used = 0.0;
+    for (const cutting::Cut& cut : bar.cuts) used += cut.length;
+    return used / bar.length;
+}
+
 }  // namespace zp::matlist

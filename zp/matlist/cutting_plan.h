@@ -47,5 +47,7 @@ std::wstring leastInWords(const cutting::Plan& plan);
 
 /// What of a bar can be used again: without trims, pieces and the cuts behind them; mm.
 double restOf(const cutting::Bar& bar, const CutSettings& settings);
+/// Length of its pieces over its own; 0 to 1.
+double utilisationOf(const cutting::Bar& bar);
 
 }  // namespace zp::matlist

@@ -9,6 +9,7 @@
 #include "zp/matlist/formats.h"
 #include "zp/matlist/marcas_command.h"
 #include "zp/matlist/plan_files.h"
+#include "zp/matlist/plan_view.h"
 #include "zp/matlist/report.h"
 #include "zp/matlist/resumo.h"
 #include "zp/matlist/sheets.h"
@@ -39,6 +40,7 @@ void start(void* application) {
     ZpMarca::rxInit();
     acrxBuildClassHierarchy();
     zp::matlist::installReport();
+    zp::matlist::installPlans();
     zp::matlist::installSheets();
     zp::matlist::installCheck();
     zp::matlist::startFollowing();
@@ -54,6 +56,7 @@ void stop() {
     zp::matlist::stopFollowing();
     zp::matlist::uninstallCheck();
     zp::matlist::uninstallSheets();
+    zp::matlist::uninstallPlans();
     zp::matlist::uninstallReport();
     deleteAcRxClass(ZpMarca::desc());
 }

@@ -2,6 +2,7 @@
 // Cutting plans as tables, and their text files.
 #include "zp/matlist/plan_files.h"
 
+#include "protocol/plan.h"
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "texts/path.h"
@@ -25,10 +26,8 @@ void addPlan(PlanTable& table, const ProductPlan& product, const CutSettings& se
     }
     const cutting::Plan& plan = product.plan;
     for (const cutting::Bar& bar : plan.bars) {
-        double used = 0.0;
-        for (const cutting::Cut& cut : bar.cuts) used += cut.length;
         add(bar.leftOver ? L"retalho" : L"barra", bar.length, bar.count, cutsInWords(bar),
-            restOf(bar, settings), 100.0 * used / bar.length);
+            restOf(bar, settings), 100.0 * utilisationOf(bar));
     }
     for (const cutting::Piece& piece : plan.tooLong)
         add(L"não cabe", 0.0, piece.quantity, texts::withComma(piece.length) + L" " + piece.marca,
@@ -83,7 +82,7 @@ std::vector<std::vector<std::wstring>> linesOf(const PlanTable& table) {
 }
 
 bool namesPlan(const std::filesystem::path& destination) {
-    constexpr std::wstring_view kEnd = L"-plano";
+    constexpr std::wstring_view kEnd = protocol::kPlanFileEnd;
     const std::wstring stem = texts::lower(texts::shown(destination.stem()));
     return stem.size() >= kEnd.size() && stem.ends_with(kEnd);
 }

@@ -47,5 +47,7 @@ void drawPlan(const std::vector<ProductPlan>& plans, const CutSettings& settings
 /// The command PLANOCORTE.
 void cuttingPlanCommand();
 inline constexpr const wchar_t* kPlanCommand = L"PLANOCORTE";
+/// What there is to say when a list has no plan.
+inline constexpr const wchar_t* kNothingToCut = L"A lista não tem barras para cortar.";
 
 }  // namespace zp::matlist

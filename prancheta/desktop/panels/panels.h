@@ -27,6 +27,8 @@ signals:
     /// To be run as if typed at "Comando:": a command, a blank, then what it asks for, one answer a
     /// line.
     void commandWanted(const QString& line);
+    /// A command has something to show in the panel.
+    void wanted();
     /// Text for the command line's log.
     void messageWanted(const QString& text);
 };
@@ -35,6 +37,7 @@ std::unique_ptr<Panel> makeLayersPanel();
 std::unique_ptr<Panel> makePropertiesPanel();
 std::unique_ptr<Panel> makeMaterialPanel();
 std::unique_ptr<Panel> makeCheckPanel();
+std::unique_ptr<Panel> makePlanPanel();
 
 /// "3 peças  124,50 kg  5,20 m²" of the selection; empty when nothing counts.
 QString selectionTotals(Editor& editor);

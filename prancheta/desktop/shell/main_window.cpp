@@ -43,13 +43,15 @@ struct PanelRow {
     const char* title;
     std::unique_ptr<Panel> (*make)();
     Qt::DockWidgetArea area;
+    bool shown = true;  ///< before anybody asks for it
 };
 
 constexpr PanelRow kPanels[] = {
     {"camadas", "Camadas", makeLayersPanel, Qt::RightDockWidgetArea},
     {"propriedades", "Propriedades", makePropertiesPanel, Qt::RightDockWidgetArea},
     {"material", "Lista de material", makeMaterialPanel, Qt::RightDockWidgetArea},
-    {"conferencia", "Conferência", makeCheckPanel, Qt::RightDockWidgetArea},
+    {"conferencia", "Conferência", makeCheckPanel, Qt::RightDockWidgetArea, false},
+    {"plano", "Plano de corte", makePlanPanel, Qt::RightDockWidgetArea, false},
 };
 
 /// The one of the tabs that is in front at first.
@@ -153,12 +155,14 @@ void MainWindow::makePanels() {
         addDockWidget(row.area, dock);
         if (former != nullptr) tabifyDockWidget(former, dock);
         former = dock;
+        dock->setVisible(row.shown);
         m_panels.push_back(panel);
         m_windowActions.insert(row.name, [this, &row] { showPanel(row.name); });
         connect(panel, &Panel::changed, this, [this] {
             m_canvas->refresh();
             showAll();
         });
+        connect(panel, &Panel::wanted, this, [this, &row] { showPanel(row.name); });
         connect(panel, &Panel::commandWanted, m_ui, &WindowUi::runCommand);
         connect(panel, &Panel::messageWanted, m_commandLine,
                 [this](const QString& text) { m_commandLine->print(text + "\n"); });
