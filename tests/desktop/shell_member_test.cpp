@@ -2,13 +2,16 @@
 // A laced member from the first click to the reopened file: the window against the console.
 #include <QCheckBox>
 #include <QDialog>
+#include <QDockWidget>
 #include <QLineEdit>
 #include <QProcess>
+#include <QTableView>
 #include <QTreeView>
 
 #include <fstream>
 #include <iterator>
 
+#include "prancheta/desktop/panels/plan_bars.h"
 #include "tests/desktop/dialogs_hands.h"
 #include "tests/desktop/shell_story.h"
 
@@ -279,6 +282,75 @@ TEST_F(Member, IsTheSameByHandAndByScript) {
     const std::string plotted = drawingIn(contents(folder() / "janela.svg"));
     EXPECT_NE(plotted.find("<path"), plotted.npos);
     EXPECT_EQ(plotted, drawingIn(contents(folder() / "console.svg")));
+}
+
+/// A U 200x75x3 of 1990 that counts seven times.
+constexpr const char* kListed = R"(perfilu
+h=200
+b=75
+t=3.00
+vista0=0
+OutraVista
+l=1990
+gerar_matlist=1
+num_pecas=7
+accept
+accept
+0,0
+0
+)";
+
+TEST_F(Member, ItsRowIsEditedAndItsBarsAreSeenInTheWindow) {
+    std::ofstream(folder() / "lista.txt") << kListed;
+    console({"-r", "lista.txt", "-o", "lista.dxf"});
+    ApplicationOptions options = withModules(folder());
+    options.drawing = folder() / "lista.dxf";
+    Story story(options);
+    QTableView* view = nullptr;
+    const auto count = [&] { return view->model()->index(0, 0).data().toString().toStdString(); };
+    const auto type = [&](Qt::Key key, const char* value) {
+        QTest::keyClick(view, key);
+        auto* const cell = view->viewport()->findChild<QLineEdit*>();
+        ASSERT_NE(cell, nullptr) << "the key went elsewhere";
+        cell->setText(value);
+        QTest::keyClick(cell, Qt::Key_Return);
+    };
+    story.then([&] {
+        view = story.window().findChild<QTableView*>("lista_material");
+        story.window().findChild<QDockWidget*>("material")->raise();
+        QApplication::setActiveWindow(&story.window());
+        EXPECT_EQ(count(), "7");
+    });
+    story.click(900, 100).then([&] {
+        EXPECT_EQ(view->selectionModel()->selectedRows().size(), 1) << "of the picked piece";
+        view->setFocus();
+        view->selectionModel()->setCurrentIndex(view->model()->index(0, 0),
+                                                QItemSelectionModel::NoUpdate);
+        type(Qt::Key_F2, "4");
+    });
+    story.when([&] { return count() == "4"; }, [&] { type(Qt::Key_Return, "6"); });
+    const auto asksPoint = [&] {
+        const auto* const request = story.window().ui().request();
+        return request != nullptr && request->kind == prancheta::InputKind::Point;
+    };
+    const auto* const plan = story.window().findChild<QDockWidget*>("plano");
+    EXPECT_TRUE(plan->isHidden()) << "nobody asked for it";
+    story.when([&] { return count() == "6"; }, [&] { story.press("PLANOCORTE\n6000\n3\n0\n"); });
+    std::size_t before = 0;
+    story.when(asksPoint, [&] {
+        EXPECT_TRUE(plan->isVisible());
+        const auto& products = plan->findChild<prancheta::desktop::PlanBars*>()->products();
+        ASSERT_EQ(products.size(), 1u);
+        EXPECT_EQ(products[0].line.toStdString(),
+                  "U 200x75x3: 2 barras de 6000, aproveitamento 99,5 %, mínimo teórico 2.");
+        ASSERT_EQ(products[0].bars.size(), 1u);
+        EXPECT_EQ(products[0].bars[0].cuts.size(), 3u);
+        before = story.entities();
+        QTest::mouseClick(plan->findChild<QPushButton*>("desenhar"), Qt::LeftButton);
+    });
+    story.when(asksPoint, [&] { story.press("0,-500 "); });
+    story.when([&] { return story.idle() && story.entities() > before; }, [] {});
+    EXPECT_TRUE(story.run());
 }
 
 }  // namespace

@@ -202,7 +202,7 @@ TEST_F(Window, CopiesTheMaterialTableAndLinesOfTheLog) {
         view->setFocus();
         QApplication::clipboard()->setText("antes");
         QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Marca\t"));
+        EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Quant.\tMarca\t"));
         story.window().commandLine().print("\num\ndois\n");
         story.window().commandLine().findChild<QPlainTextEdit*>()->selectAll();
         EXPECT_TRUE(story.window().commandLine().selectedText().endsWith("um\ndois\n"));
