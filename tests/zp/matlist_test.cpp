@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Material list: rows, marks, undo, file, table.
 #include "tests/zp/matlist.h"
-#include "acutmem.h"
 #include "protocol/report.h"
 #include "rxdict.h"
 #include "texts/number.h"
@@ -459,45 +458,6 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
     r->describePrinted(editor->database(), printed);
     EXPECT_EQ(full.rows, L"P10 4.71 P1 0 P2 4 ");
     EXPECT_EQ(printed.rows, L"P1 0 P2 4 P10 4.72 ");
-}
-
-TEST_F(MaterialListTest, RowsAreEditedWithoutTheirMarks) {
-    const auto* const report =
-        static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
-    const AcDbObjectId peca = u(0, 0, 500);
-    enter(2, 0, peca);
-    type({L"LISTAMATERIAL", L"", L"0,-1000"});
-    const auto set = [&](AcDbObjectId row, const wchar_t* key, const wchar_t* value) {
-        ACHAR* message = nullptr;
-        const bool taken = report->set(row, key, value, message);
-        EXPECT_EQ(taken, message == nullptr);
-        const std::wstring reason = message != nullptr ? message : L"";
-        acutDelString(message);
-        return reason;
-    };
-    const AcDbObjectId row = rows()[0].record;
-    const auto inTable = [&](const wchar_t* words) {
-        return std::ranges::any_of(entities(), [&](AcDbObjectId id) {
-            const AcDbObjectPointer<AcDbText> text(id, AcDb::kForRead);
-            return text.object() != nullptr && std::wstring_view(text->textStringConst()) == words;
-        });
-    };
-    EXPECT_EQ(set(row, L"observacao", L" galvanizar "), L"");
-    EXPECT_EQ(rows()[0].observacao, L"galvanizar");
-    EXPECT_TRUE(inTable(L"galvanizar")) << "the table follows";
-    EXPECT_EQ(set(row, L"quantidade", L"5"), L"");
-    EXPECT_EQ(rows()[0].quantidade, 5);
-    // Refused: what follows from others, no number, no row, a sum over several pieces.
-    EXPECT_NE(set(row, L"peso_total", L"3"), L"");
-    EXPECT_NE(set(row, L"quantidade", L"0"), L"");
-    EXPECT_NE(set(peca, L"observacao", L"x"), L"");
-    EXPECT_NE(set({}, L"observacao", L"x"), L"");
-    type({L"_copy"});
-    pick(0, 0, {peca});
-    type({L"", L"0,0", L"0,800", L""});
-    ASSERT_EQ(rows()[0].quantidade, 10);
-    EXPECT_NE(set(row, L"quantidade", L"7").find(L"MARCAS Contar"), std::wstring::npos);
-    EXPECT_EQ(rows()[0].quantidade, 10);
 }
 
 }  // namespace

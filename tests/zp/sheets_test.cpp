@@ -3,6 +3,8 @@
 #include "acutmem.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
+#include "protocol/report.h"
+#include "rxdict.h"
 #include "tests/zp/drawing.h"
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
@@ -250,6 +252,45 @@ TEST_F(Sheets, MarcaAndRowOfTheList) {
     EXPECT_EQ(sheet(p1).values.at(L"quantidade"), L"2");
     // The lowest free mark is that which was given up.
     EXPECT_EQ(Read<ZpMarca>(list(u(0, 2000, 500), L"U"))->marca(), L"P2");
+}
+
+TEST_F(Sheets, RowsAreEditedWithoutTheirMarks) {
+    const auto* const report =
+        static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
+    const AcDbObjectId peca = u(0, 0, 500);
+    list(peca, L"U");
+    type({L"LISTAMATERIAL", L"", L"0,-1000"});
+    const auto set = [&](AcDbObjectId row, const wchar_t* key, const wchar_t* value) {
+        ACHAR* message = nullptr;
+        const bool taken = report->set(row, key, value, message);
+        EXPECT_EQ(taken, message == nullptr);
+        const std::wstring reason = message != nullptr ? message : L"";
+        acutDelString(message);
+        return reason;
+    };
+    const AcDbObjectId row = rows()[0].record;
+    const auto inTable = [&](const wchar_t* words) {
+        return std::ranges::any_of(entities(), [&](AcDbObjectId id) {
+            const AcDbObjectPointer<AcDbText> text(id, AcDb::kForRead);
+            return text.object() != nullptr && std::wstring_view(text->textStringConst()) == words;
+        });
+    };
+    EXPECT_EQ(set(row, L"observacao", L" galvanizar "), L"");
+    EXPECT_EQ(rows()[0].observacao, L"galvanizar");
+    EXPECT_TRUE(inTable(L"galvanizar")) << "the table follows";
+    EXPECT_EQ(set(row, L"quantidade", L"5"), L"");
+    EXPECT_EQ(rows()[0].quantidade, 5);
+    // Refused: what follows from others, no number, no row, a sum over several pieces.
+    EXPECT_NE(set(row, L"peso_total", L"3"), L"");
+    EXPECT_NE(set(row, L"quantidade", L"0"), L"");
+    EXPECT_NE(set(peca, L"observacao", L"x"), L"");
+    EXPECT_NE(set({}, L"observacao", L"x"), L"");
+    type({L"_copy"});
+    pick(0, 0, {peca});
+    type({L"", L"0,0", L"0,800", L""});
+    ASSERT_EQ(rows()[0].quantidade, 10);
+    EXPECT_NE(set(row, L"quantidade", L"7").find(L"MARCAS Contar"), std::wstring::npos);
+    EXPECT_EQ(rows()[0].quantidade, 10);
 }
 
 TEST_F(Sheets, SecoesAndMarcasDoNotCount) {

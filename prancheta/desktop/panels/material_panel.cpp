@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSortFilterProxyModel>
 #include <QStyle>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -25,6 +24,7 @@
 
 #include "prancheta/desktop/panels/list_file.h"
 #include "prancheta/desktop/panels/material_model.h"
+#include "prancheta/desktop/panels/material_order.h"
 #include "prancheta/desktop/panels/panels.h"
 #include "prancheta/desktop/panels/text.h"
 #include "prancheta/desktop/panels/watch.h"
@@ -39,38 +39,6 @@ constexpr qsizetype kMostCharacters = 14;
 const std::vector<AcDbObjectId>& drawnFor(const MaterialRow& row) {
     return row.pieces.empty() ? row.ids : row.pieces;
 }
-
-/// The rows of one list, or of all, that the search finds; "P2" before "P10".
-class MaterialOrder : public QSortFilterProxyModel {
-public:
-    explicit MaterialOrder(QObject* parent) : QSortFilterProxyModel(parent) {
-        setSortRole(MaterialModel::kSortRole);
-        setFilterRole(MaterialModel::kSearchRole);
-        setFilterCaseSensitivity(Qt::CaseInsensitive);
-    }
-    /// 0: all.
-    void setList(int list) {
-        m_list = list;
-        invalidateFilter();
-    }
-
-protected:
-    bool lessThan(const QModelIndex& a, const QModelIndex& b) const override {
-        const QVariant left = a.data(sortRole());
-        const QVariant right = b.data(sortRole());
-        if (left.typeId() == QMetaType::QString)
-            return naturalCompare(left.toString(), right.toString()) < 0;
-        return left.toDouble() < right.toDouble();
-    }
-    bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
-        const QModelIndex index = sourceModel()->index(row, 0, parent);
-        return (m_list == 0 || index.data(MaterialModel::kListRole).toInt() == m_list) &&
-               QSortFilterProxyModel::filterAcceptsRow(row, parent);
-    }
-
-private:
-    int m_list = 0;
-};
 
 class MaterialPanel : public Panel {
 public:
