@@ -6,6 +6,7 @@
 #include <QToolTip>
 
 #include "acutmem.h"
+#include "prancheta/desktop/panels/list_file.h"
 #include "prancheta/desktop/panels/plan_bars.h"
 #include "protocol/plan.h"
 #include "protocol/report.h"
@@ -171,6 +172,21 @@ TEST_F(PlanPanelTest, GoesOnInTheCommand) {
     EXPECT_EQ(commands.back(), "PLANO 4\n8000\n5\n10");
     panel->setEditor(nullptr);
     EXPECT_TRUE(bars->products().empty());
+}
+
+TEST(ListFiles, NamesGetTheirEndAndExtension) {
+    const struct {
+        const char* chosen;
+        const char* end;
+        const char* name;
+    } cases[] = {{"a/obra", "", "a/obra.csv"},
+                 {"a/Obra.CSV", "", "a/Obra.CSV"},
+                 {"obra.v2", "-plano", "obra.v2-plano.csv"},
+                 {"obra.CSV", "-plano", "obra-plano.CSV"},
+                 {"Obra-PLANO.csv", "-plano", "Obra-PLANO.csv"},
+                 {"obra-plano", "-plano", "obra-plano.csv"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(prancheta::desktop::listFileName(c.chosen, c.end, "csv").toStdString(), c.name);
 }
 
 }  // namespace

@@ -13,6 +13,16 @@ constexpr qsizetype kLongestName = 131;
 
 }  // namespace
 
+QString listFileName(const QString& chosen, const QString& end, const QString& extension) {
+    QString stem = chosen;
+    QString dot = u'.' + extension;
+    if (chosen.endsWith(dot, Qt::CaseInsensitive)) {
+        dot = chosen.right(dot.size());
+        stem.chop(dot.size());
+    }
+    return stem.endsWith(end, Qt::CaseInsensitive) ? stem + dot : stem + end + dot;
+}
+
 void writeListFile(Panel& panel, const MaterialSchema& schema, const MaterialSchema::Format& format,
                    const ListFile& file) {
     const QString dot = u'.' + format.extension;
@@ -20,10 +30,7 @@ void writeListFile(Panel& panel, const MaterialSchema& schema, const MaterialSch
         QFileDialog::getSaveFileName(&panel, file.title, file.name + dot,
                                      QStringLiteral("Planilha %1 (*%2)").arg(format.name, dot));
     if (chosen.isEmpty()) return;
-    QString name = chosen;
-    if (name.endsWith(dot, Qt::CaseInsensitive)) name.chop(dot.size());
-    if (!name.endsWith(file.end, Qt::CaseInsensitive)) name += file.end;
-    name += name.size() + dot.size() == chosen.size() ? chosen.right(dot.size()) : dot;
+    const QString name = listFileName(chosen, file.end, format.extension);
     if (name.size() > kLongestName) {
         emit panel.messageWanted(
             QStringLiteral("O caminho passa de 131 caracteres; escolha uma pasta mais curta: ") +
