@@ -205,10 +205,11 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state,
 
 std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription& description,
                                                         const RunState& state,
-                                                        const PecaValues& peca) {
+                                                        const PecaValues& peca,
+                                                        const ChapaLaying& layChapas) {
     const AcDbObjectPointer<ZpObject> standing(peca.id, AcDb::kForRead);
     if (standing.openStatus() != Acad::eOk) return std::vector<AcDbObjectId>();
-    const RuledPeca model = ruledPeca(description, state, peca, nullptr);
+    const RuledPeca model = ruledPeca(description, state, peca, layChapas);
     return zp::edit::alikeOf(*standing.object(), *model.peca);
 }
 

@@ -31,7 +31,8 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state, con
 /// when he gives up.
 std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription& description,
                                                         const RunState& state,
-                                                        const PecaValues& peca);
+                                                        const PecaValues& peca,
+                                                        const ChapaLaying& layChapas);
 
 /// Of a piece that has its values already: lays its plates again when the rule asks for other
 /// ones, and moves the dimension of their pitch along.

@@ -92,10 +92,10 @@ void PerfilRun::closed(int status) {
 /// The edited piece and, when the user wants it, the other drawings of its member, each as it is
 /// seen.
 void PerfilRun::rebuild() {
-    const std::optional<std::vector<AcDbObjectId>> others =
-        pecasToRebuild(m_description, m_state, *m_edited);
-    if (!others) return;
     const ChapaLaying chapas = chapaLaying();
+    const std::optional<std::vector<AcDbObjectId>> others =
+        pecasToRebuild(m_description, m_state, *m_edited, chapas);
+    if (!others) return;
     m_editResult = rebuildPeca(m_description, m_state, {*m_edited, m_before, chapas, laysAgain()});
     for (const AcDbObjectId& id : *others) {
         PecaValues other;

@@ -94,6 +94,7 @@ bool hasLockedChapa(const PecaValues& peca) {
 
 std::size_t movedChapas(const PecaValues& peca, const RuledPeca& rule) {
     std::vector<zp::secao::Bounds> places;
+    places.reserve(rule.chapas.size());
     for (const auto& chapa : rule.chapas) places.push_back(pictureOf(*chapa, peca.start));
     std::ranges::sort(places, {}, &zp::secao::Bounds::x0);
     return static_cast<std::size_t>(

@@ -52,8 +52,8 @@ void shrink(const Task& task, std::vector<Open>& bars) {
 
 /// First fit with bought bars up to `longest`; empty when an item fits none of them.
 Layout laidOut(const Task& task, Ticks longest) {
-    std::vector<int> left;
-    for (const Source& source : task.sources) left.push_back(source.limit);
+    std::vector<int> left(task.sources.size());
+    std::ranges::transform(task.sources, left.begin(), &Source::limit);
     std::vector<Open> bars;
     for (std::size_t i = 0; i < task.items.size(); ++i) {
         const Ticks width = task.items[i].width;
@@ -161,8 +161,9 @@ private:
     /// No filling of this room by the candidates from k on is worth more.
     double atMost(std::size_t k, Ticks room) const {
         const Candidate& c = m_order[k];
+        const Ticks most = room / c.narrowest;  // whole ones
         return std::min(static_cast<double>(room) * c.density,
-                        static_cast<double>(room / c.narrowest) * c.dearest);
+                        static_cast<double>(most) * c.dearest);
     }
     void descend(std::size_t first, Ticks room, double value) {
         if (value > m_value) {

@@ -17,6 +17,20 @@
 namespace zp::cutting {
 namespace {
 
+/// Pieces wanted of each item.
+std::vector<int> demands(const Task& task) {
+    std::vector<int> all(task.items.size());
+    std::ranges::transform(task.items, all.begin(), &Item::demand);
+    return all;
+}
+
+/// Bars that there are of each source.
+std::vector<int> limits(const Task& task) {
+    std::vector<int> all(task.sources.size());
+    std::ranges::transform(task.sources, all.begin(), &Source::limit);
+    return all;
+}
+
 // Work is counted in nodes, not in seconds: equal tasks have equal answers.
 constexpr std::int64_t kNodesOfAFilling = 500'000;
 constexpr std::int64_t kNodesOfAll = 100'000'000;
@@ -63,10 +77,8 @@ public:
     /// Takes the whole part of the linear answer, generates again for what is left, and so on.
     void roundDown() {
         Layout layout;
-        std::vector<int> rest;
-        std::vector<int> left;
-        for (const Item& item : m_task.items) rest.push_back(item.demand);
-        for (const Source& source : m_task.sources) left.push_back(source.limit);
+        std::vector<int> rest = demands(m_task);
+        std::vector<int> left = limits(m_task);
         while (std::ranges::any_of(rest, [](int n) { return n > 0; })) {
             const std::size_t before = layout.size();
             const std::vector<double> x(m_lp.primalColumnSolution(),
@@ -92,10 +104,8 @@ public:
         const bool all = addAll();
         OsiClpSolverInterface solver;
         solver.messageHandler()->setLogLevel(0);
-        std::vector<int> rest;
-        std::vector<int> left;
-        for (const Item& item : m_task.items) rest.push_back(item.demand);
-        for (const Source& source : m_task.sources) left.push_back(source.limit);
+        std::vector<int> rest = demands(m_task);
+        std::vector<int> left = limits(m_task);
         demand(rest, left);
         solver.loadProblem(*m_lp.matrix(), m_lp.getColLower(), m_lp.getColUpper(),
                            m_lp.getObjCoefficients(), m_lp.getRowLower(), m_lp.getRowUpper());
@@ -158,10 +168,8 @@ private:
         m_lp.setDualTolerance(1e-9);
         const int items = static_cast<int>(m_task.items.size());
         m_lp.resize(items + static_cast<int>(m_task.sources.size()), 0);
-        std::vector<int> rest;
-        std::vector<int> left;
-        for (const Item& item : m_task.items) rest.push_back(item.demand);
-        for (const Source& source : m_task.sources) left.push_back(source.limit);
+        std::vector<int> rest = demands(m_task);
+        std::vector<int> left = limits(m_task);
         demand(rest, left);
         for (const Use& u : start) add(u.pattern);
         for (std::size_t s = 0; s < m_task.sources.size(); ++s)

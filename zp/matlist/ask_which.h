@@ -14,6 +14,8 @@ namespace zp::matlist {
 std::optional<MaterialList> askWhich(const std::vector<MaterialList>& all);
 /// The same of a drawing's lists, which are shown when there are several; told when there is none.
 std::optional<MaterialList> chooseList(AcDbDatabase& drawing);
+/// The list that is offered next.
+void offerNext(int number);
 /// To be called when a drawing goes away: another one's lists have the same numbers.
 void forgetLast();
 

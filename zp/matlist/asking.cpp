@@ -3,6 +3,7 @@
 #include "zp/matlist/asking.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <string_view>
 
@@ -12,6 +13,12 @@
 #include "texts/number.h"
 
 namespace zp::matlist {
+namespace {
+
+/// More members than any job has.
+constexpr int kMostCount = 1000000000;
+
+}  // namespace
 
 std::optional<std::size_t> askOption(const std::wstring& question, std::span<const Option> options,
                                      std::size_t offered) {
@@ -43,13 +50,17 @@ Answer confirm(const std::wstring& question, Answer offered) {
 }
 
 std::optional<int> askCount(const std::wstring& question, int least, int offered) {
-    acedInitGet(RSG_NONEG | (least > 0 ? RSG_NOZERO : 0), nullptr);
-    int number = offered;
-    const int status =
-        acedGetInt((question + L" <" + std::to_wstring(offered) + L">: ").c_str(), &number);
-    if (status == RTNONE) return offered;
-    if (status != RTNORM) return {};
-    return number;
+    for (;;) {
+        // A whole number of the host ends at 32767.
+        acedInitGet(RSG_NONEG | (least > 0 ? RSG_NOZERO : 0), nullptr);
+        double number = offered;
+        const int status =
+            acedGetReal((question + L" <" + std::to_wstring(offered) + L">: ").c_str(), &number);
+        if (status == RTNONE) return offered;
+        if (status != RTNORM) return {};
+        if (number == std::floor(number) && number <= kMostCount) return static_cast<int>(number);
+        acutPrintf(L"\nInforme um número inteiro até %d.\n", kMostCount);
+    }
 }
 
 std::optional<std::wstring> askTyped(const std::wstring& question) {

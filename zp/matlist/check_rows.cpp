@@ -8,6 +8,7 @@
 #include "texts/number.h"
 #include "zp/matlist/check_survey.h"
 #include "zp/matlist/columns.h"
+#include "zp/matlist/follow.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/member.h"
 
@@ -51,6 +52,10 @@ AcDbObjectId checkRow(Survey& survey, const MaterialList& list, AcDbObjectId rec
                          : L"Desenhe a peça, ou apague a marca e use LISTAMATERIAL Limpar.");
         return {};
     }
+    if (now->pecas.empty())
+        survey.fault(Fault::RowWithoutPeca, {now->vistas.front()}, now->marca, list.header.point,
+                     L"a linha " + wordsOf(*now) + L" só tem vistas que não contam.",
+                     L"Diga quanto conta uma delas com MARCAS Contar.");
     const AcDbObjectId first = now->pecas.empty() ? now->vistas.front() : now->pecas.front();
     const AcDbObjectPointer<ZpObject> model(first, AcDb::kForRead);
     if (model.object() == nullptr) return {};
@@ -62,7 +67,9 @@ AcDbObjectId checkRow(Survey& survey, const MaterialList& list, AcDbObjectId rec
     for (const auto* const pecas : {&now->pecas, &now->vistas})
         for (const AcDbObjectId& id : *pecas) {
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-            if (peca.object() == nullptr || member::same(*model.object(), *peca.object())) continue;
+            if (peca.object() == nullptr || member::same(*model.object(), *peca.object()) ||
+                chapaInSecao(id))
+                continue;
             survey.fault(
                 Fault::RowSaysOther, {id}, now->marca, middleOf(*peca.object()),
                 L"a linha diz " + wordsOf(*now) + L"; a peça é " + wordsOf(*peca.object()) + L".",

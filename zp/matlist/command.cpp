@@ -171,8 +171,10 @@ void materialListCommand() {
     const std::wstring action = askAction();
     if (action.empty()) return;
     if (action == kNewList[0]) {
-        if (const auto list = newList(*drawing, L"Perfil"))
+        if (const auto list = newList(*drawing, L"Perfil")) {
+            offerNext(list->number);
             acutPrintf(L"\nLista de material %d criada.\n", list->number);
+        }
         return;
     }
     const std::optional<MaterialList> list = chooseList(*drawing);

@@ -124,6 +124,7 @@ std::wstring lineOf(const ProductPlan& product) {
 std::vector<std::wstring> tooLongLines(const ProductPlan& product, const CutSettings& settings) {
     const double longest = *std::ranges::max_element(settings.stock) - 2.0 * settings.trim;
     std::vector<std::wstring> lines;
+    lines.reserve(product.plan.tooLong.size());
     for (const cutting::Piece& piece : product.plan.tooLong)
         lines.push_back(product.name + L": " + piece.marca + L" (" +
                         howMany(piece.quantity, L"peça", L"peças") + L" de " +

@@ -39,14 +39,6 @@ bool sameRow(const Linha& a, const Linha& b) {
            a.pesoTotal == b.pesoTotal && a.areaPintura == b.areaPintura;
 }
 
-/// Seen along its bar a plate does not show all of its sizes.
-bool chapaInSecao(AcDbObjectId id) {
-    const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
-    if (chapa.object() == nullptr) return false;
-    const AcDbObjectPointer<ZpObject> bar(edit::ownerOf(*chapa.object()), AcDb::kForRead);
-    return bar.object() != nullptr && bar->vista() == ZpObject::kVistaSecao;
-}
-
 /// What one command did to the lists of one drawing, followed.
 class Followed {
 public:
@@ -61,10 +53,11 @@ public:
     }
 
     void run() {
-        adoptStrangers();
-        partRows();
+        // Before any mark is written to: where its tip stood is forgotten then.
         goneWithTheirPecas();
         carryMarcas();
+        adoptStrangers();
+        partRows();
         nameMarcas();
         writeRows();
         say();
@@ -318,7 +311,7 @@ void Followed::say() {
     for (const auto& [record, before] : m_changes.before) {
         const Book::Row* const row = m_book.row(record);
         if (row == nullptr || !row->alive || row->quantidade == before ||
-            m_changes.fresh.contains(record) || m_said.contains(record))
+            m_changes.fresh.contains(record) || (m_said.contains(record) && row->quantidade > 0))
             continue;
         m_lines.push_back(row->marca + L": " + std::to_wstring(row->quantidade) +
                           (row->quantidade == 1 ? L" peça (era " : L" peças (era ") +
@@ -384,9 +377,12 @@ public:
                                                    const ZpObject& model) override {
         const AcDbObjectId record = recordOf(peca.objectId());
         // What a command makes knows nothing of the job.
-        const bool otherGrade = Access::of(model).member != nullptr &&
+        const bool known = Access::of(model).member != nullptr;
+        const bool otherGrade = known && !member::of(model).grade.empty() &&
                                 member::of(model).grade != member::of(peca).grade;
-        if (record.isNull() || (member::sameSizes(peca, model) && !otherGrade))
+        const bool otherLacing = known && !Access::of(peca).inSecao() &&
+                                 !(member::of(model).lacing == member::of(peca).lacing);
+        if (record.isNull() || (member::sameSizes(peca, model) && !otherGrade && !otherLacing))
             return std::vector<AcDbObjectId>();
         const Ids& all = Book::of(*record.database()).row(record)->pecas;
         std::vector<AcDbObjectId> others;

@@ -24,6 +24,8 @@ AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
 std::wstring marcaOf(AcDbObjectId record);
 /// True when the piece belongs to a row.
 bool isListed(AcDbObjectId peca);
+/// Seen along its bar a plate does not show all of its sizes.
+bool chapaInSecao(AcDbObjectId chapa);
 /// How many members the drawn piece counts for; 0 for a further view of one.
 int countOf(AcDbObjectId peca);
 
@@ -36,6 +38,8 @@ bool enterChapas(AcDbObjectId chapa, AcDbObjectId record);
 AcDbObjectId rowOfSiblings(AcDbObjectId chapa);
 /// Takes the piece out of its list; its marks are erased.
 void leaveRow(AcDbObjectId peca);
+/// A row that the program itself emptied goes; one whose pieces were erased stays.
+void dropEmptied(AcDbObjectId record);
 /// A row for this piece alone: like the one with record `from`, under the next free mark with the
 /// same letters. Null when it cannot be written.
 AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from);

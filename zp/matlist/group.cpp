@@ -102,6 +102,23 @@ bool hasMarca(Book& book, const std::vector<AcDbObjectId>& pecas) {
     return std::ranges::any_of(pecas, [&](AcDbObjectId id) { return !book.marcasOf(id).empty(); });
 }
 
+/// The bar of a plate; null when it has none.
+AcDbObjectId barOf(AcDbObjectId chapa) {
+    const Peca peca(chapa, AcDb::kForRead);
+    return peca.object() != nullptr ? edit::ownerOf(*peca.object()) : AcDbObjectId();
+}
+
+/// One for the plates of each bar that counts, where a drawing command puts it: at the far end.
+void drawMarcasOfChapas(Book& book, const std::vector<AcDbObjectId>& chapas,
+                        const std::wstring& text) {
+    std::map<AcDbObjectId, std::vector<AcDbObjectId>, Older> byBar;
+    for (const AcDbObjectId& id : chapas) byBar[barOf(id)].push_back(id);
+    for (const auto& [bar, its] : byBar) {
+        if (hasMarca(book, its) || (!bar.isNull() && countOf(bar) == 0)) continue;
+        drawMarca(its.size() > 1 ? its[1] : its[0], text);
+    }
+}
+
 /// The row of a group: the lowest mark that one of them has, else a new one.
 AcDbObjectId rowFor(Book& book, const MaterialList& list, const std::vector<AcDbObjectId>& group) {
     AcDbObjectId best;
@@ -140,16 +157,13 @@ void group(Book& book, const MaterialList& list, const std::vector<AcDbObjectId>
         const std::wstring text = book.row(row)->marca;
         if (!isChapa(equal.front())) {
             for (const AcDbObjectId& id : equal)
-                if (book.marcasOf(id).empty()) drawMarca(id, text);
-        } else if (!hasMarca(book, equal)) {
-            drawMarca(equal.size() > 1 ? equal[1] : equal[0], text);
+                if (book.marcasOf(id).empty() && countOf(id) > 0) drawMarca(id, text);
+        } else {
+            drawMarcasOfChapas(book, equal, text);
         }
     }
-    for (const AcDbObjectId& row : before) {
-        if (after.contains(row) || !book.row(row)->pecas.empty()) continue;
-        const AcDbObjectPointer<AcDbObject> record(row, AcDb::kForWrite);
-        if (record.object() != nullptr) (void)record->erase();  // its pieces stand in another one
-    }
+    for (const AcDbObjectId& row : before)
+        if (!after.contains(row)) dropEmptied(row);
     result.before += static_cast<int>(before.size());
     result.after += static_cast<int>(after.size());
 }

@@ -113,7 +113,7 @@ Linha counted(Linha row) {
 
 std::vector<Linha> printedRows(std::vector<Linha> rows) {
     for (Linha& row : rows) {
-        row = counted(std::move(row));
+        row = counted(row);
         roundNumbers(row);
         row.pesoTotal = row.pesoUnitario * row.quantidade;
         roundNumbers(row);  // the product as it reads: 3 times 0.1 is 0.3

@@ -223,7 +223,15 @@ void addView(AcDbDatabase& drawing) {
             L"travejamento diferem.\n");
         return;
     }
-    if (enterRow(view, row, 0))
+    if (countOf(counts) == 0) {
+        acutPrintf(
+            L"\nA primeira é ela mesma uma vista que não conta; selecione a peça que conta.\n");
+        return;
+    }
+    const AcDbObjectId former = book.rowOf(view);
+    const bool entered = enterRow(view, row, 0);
+    if (entered && !former.isNull() && former != row) dropEmptied(former);
+    if (entered)
         acutPrintf(L"\n%ls: vista da mesma peça, não conta.\n", book.row(row)->marca.c_str());
 }
 

@@ -26,6 +26,13 @@ AcDbObjectId recordOf(AcDbObjectId id) {
     return row.isNull() ? book.rowNaming(id) : row;
 }
 
+bool chapaInSecao(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+    if (chapa.object() == nullptr) return false;
+    const AcDbObjectPointer<ZpObject> bar(edit::ownerOf(*chapa.object()), AcDb::kForRead);
+    return bar.object() != nullptr && bar->vista() == ZpObject::kVistaSecao;
+}
+
 bool isListed(AcDbObjectId peca) { return !recordOf(peca).isNull(); }
 
 int countOf(AcDbObjectId id) {
@@ -86,6 +93,13 @@ void leaveRow(AcDbObjectId id) {
     }
     const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForWrite);
     if (peca.object() != nullptr) member::tie(*peca.object(), {}, 1);
+}
+
+void dropEmptied(AcDbObjectId id) {
+    const Book::Row* const row = Book::of(*id.database()).row(id);
+    if (row == nullptr || !row->pecas.empty()) return;
+    const AcDbObjectPointer<AcDbObject> record(id, AcDb::kForWrite);
+    if (record.object() != nullptr) (void)record->erase();  // open for write and alive
 }
 
 AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from) {

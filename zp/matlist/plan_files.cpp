@@ -93,6 +93,7 @@ bool writePlan(const std::filesystem::path& destination, const std::vector<Linha
     if (texts::equalIgnoringCase(texts::shown(destination.extension()), L".xlsx"))
         return kWritePlanXlsx(destination, table);
     std::vector<bool> numbers;
+    numbers.reserve(table.columns.size());
     for (const PlanColumn& column : table.columns) numbers.push_back(column.decimals >= 0);
     return writeText(destination, csvOf(linesOf(table), numbers));
 }

@@ -95,7 +95,10 @@ int removeErased(AcDbObjectId list) {
         ++removed;
         for (const AcDbSoftPointerId& id : row->ids) {
             const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForWrite);
-            if (marca.object() != nullptr) (void)marca->erase();  // open for write and alive
+            const AcDbObjectId peca = marca.object() != nullptr ? marca->peca() : AcDbObjectId();
+            // A mark whose piece stands belongs to the row that the piece has by now.
+            if (marca.object() != nullptr && (peca.isNull() || peca.isErased()))
+                (void)marca->erase();  // open for write and alive
         }
     }
     return removed;

@@ -123,17 +123,28 @@ AcDbObjectId draw(AcDbObjectId base, Vista vista, double distance, bool cotas) {
 void enter(AcDbDatabase& drawing, AcDbObjectId base, AcDbObjectId view) {
     Book& book = Book::of(drawing);
     const AcDbObjectId row = book.rowOf(base);
-    if (row.isNull() || !enterRow(view, row, 0)) return;
+    if (row.isNull()) {
+        // When the member is listed later its views do not count either.
+        const Peca peca(view, AcDb::kForWrite);
+        if (peca.object() != nullptr) member::tie(*peca.object(), {}, 0);
+        return;
+    }
+    if (!enterRow(view, row, 0)) return;
     const auto chapasOf = [](AcDbObjectId id) {
         const Peca peca(id, AcDb::kForRead);
         return peca.object() != nullptr ? edit::chapasOf(*peca.object())
                                         : std::vector<AcDbObjectId>();
     };
-    AcDbObjectId rowOfChapas;
+    // Plane after plane, as they are laid in every view.
+    std::vector<AcDbObjectId> rows;
     for (const AcDbObjectId& chapa : chapasOf(base))
-        if (rowOfChapas.isNull()) rowOfChapas = book.rowOf(chapa);
-    if (rowOfChapas.isNull()) return;
-    for (const AcDbObjectId& chapa : chapasOf(view)) (void)enterRow(chapa, rowOfChapas, 1);
+        if (const AcDbObjectId its = book.rowOf(chapa);
+            !its.isNull() && std::ranges::find(rows, its) == rows.end())
+            rows.push_back(its);
+    if (rows.empty()) return;
+    const std::vector<AcDbObjectId> chapas = chapasOf(view);
+    for (std::size_t i = 0; i < chapas.size(); ++i)
+        (void)enterRow(chapas[i], rows[i * rows.size() / chapas.size()], 1);
 }
 
 }  // namespace
@@ -178,7 +189,9 @@ void vistasCommand() {
         enter(*drawing, base, view);
     }
     if (!isListed(base))
-        acutPrintf(L"\nA peça não está na lista de material: as vistas não ficam ligadas a ela.\n");
+        acutPrintf(
+            L"\nA peça não está na lista de material: as vistas só ficam ligadas a ela depois de "
+            L"MARCAS Agrupar.\n");
 }
 
 }  // namespace zp::matlist

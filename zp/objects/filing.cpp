@@ -55,7 +55,7 @@ bool readLinks(Reader& reader, Peca& p) {
 }
 
 /// More members than any job has.
-constexpr double kMostMembers = 1e9;
+constexpr double kMostMembers = 2147483647.0;
 
 template <class Writer>
 void writeMember(Writer& e, const Member& m) {

@@ -237,7 +237,8 @@ private:
             std::wstring reason = apply(*model, key, text);
             if (reason.empty()) reason = edit::refusalOf(*peca.object(), *model);
             if (!reason.empty()) return reason;
-            if (others != nullptr && !(*others = edit::alikeOf(*peca.object(), *model))) return {};
+            if (others != nullptr) *others = edit::alikeOf(*peca.object(), *model);
+            if (others != nullptr && !*others) return {};
         }
         edit::Edit edit(id);
         if (edit.status() == Acad::eOnLockedLayer)
