@@ -87,7 +87,9 @@ public:
     std::wstring everything;
     void number(const ACHAR* n, double v) override { say(n, std::to_wstring(v)); }
     void integer(const ACHAR* n, long long v) override { say(n, std::to_wstring(v)); }
-    void text(const ACHAR* n, const ACHAR* v) override { say(n, v == nullptr ? L"-" : std::wstring(L"'") + v + L"'"); }
+    void text(const ACHAR* n, const ACHAR* v) override {
+        say(n, v == nullptr ? L"-" : std::wstring(L"'") + v + L"'");
+    }
     void point(const ACHAR* n, const AcGePoint3d& p) override {
         say(n, L"(" + std::to_wstring(p.x) + L" " + std::to_wstring(p.y) + L" " +
                    std::to_wstring(p.z) + L")");

@@ -193,7 +193,14 @@ void locate(AcDbDatabase& drawing) {
     const AcGePoint3d to = place->maxPoint() + margin;
     const ads_point a = {from.x, from.y, 0.0};
     const ads_point b = {to.x, to.y, 0.0};
+    // What the zoom asks and answers is nothing that the user has to read.
+    resbuf echo{};
+    const bool known = acedGetVar(L"CMDECHO", &echo) == RTNORM;
+    resbuf silent{};
+    silent.restype = RTSHORT;
+    (void)acedSetVar(L"CMDECHO", &silent);
     (void)acedCommand(RTSTR, L"_.ZOOM", RTSTR, L"_W", RT3DPOINT, a, RT3DPOINT, b, RTNONE);
+    if (known) (void)acedSetVar(L"CMDECHO", &echo);
 }
 
 void addView(AcDbDatabase& drawing) {
