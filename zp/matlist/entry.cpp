@@ -70,6 +70,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
     if (msg == AcRx::kUnloadDwgMsg) {
         zp::matlist::Book::forget(drawing);
         zp::matlist::forgetLast();
+        zp::matlist::forgetErased();
     }
     if (msg == AcRx::kUnloadAppMsg) stop();
     return AcRx::kRetOK;

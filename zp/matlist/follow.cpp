@@ -72,7 +72,7 @@ private:
     void adoptStrangers();
     void partRows();
     void part(AcDbObjectId peca, AcDbObjectId from);
-    AcDbObjectId equalRow(const ZpObject& peca);
+    AcDbObjectId equalRow(const ZpObject& peca, AcDbObjectId from);
     void goneWithTheirPecas();
     void moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone);
     void carryMarcas();
@@ -101,14 +101,17 @@ std::map<AcDbObjectId, std::vector<AcDbObjectId>>& erasedMarcas() {
     return all;
 }
 
-AcDbObjectId Followed::equalRow(const ZpObject& peca) {
+/// The row of equal pieces, in the list of the row `from` where there is one: steel does not change
+/// its list in silence.
+AcDbObjectId Followed::equalRow(const ZpObject& peca, AcDbObjectId from) {
+    const Book::Row* const former = m_book.row(from);
     for (const AcDbObjectId& id : m_book.likely(peca)) {
         // One that is about to leave its row says nothing of it.
         if (id == peca.objectId() || m_leaving.contains(id)) continue;
         const Book::Row* const row = m_book.row(m_book.rowOf(id));
         const AcDbObjectPointer<ZpObject> other(id, AcDb::kForRead);
-        if (row != nullptr && row->alive && other.object() != nullptr &&
-            member::same(peca, *other.object()))
+        if (row != nullptr && row->alive && (former == nullptr || former->list == row->list) &&
+            other.object() != nullptr && member::same(peca, *other.object()))
             return m_book.rowOf(id);
     }
     return {};
@@ -126,7 +129,7 @@ void Followed::adoptStrangers() {
             const Book::Row* const known = m_book.row(m.row);
             if (!m.listed || (known != nullptr && known->alive)) continue;
             count = m.count;
-            row = equalRow(*peca.object());
+            row = equalRow(*peca.object(), {});
         }
         if (row.isNull()) row = rowOfItsOwn(id, {});
         if (row.isNull() || !enterRow(id, row, count) || !m_said.insert(row).second) continue;
@@ -172,7 +175,7 @@ void Followed::part(AcDbObjectId id, AcDbObjectId from) {
     AcDbObjectId row;
     {
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-        row = equalRow(*peca.object());
+        row = equalRow(*peca.object(), from);
     }
     const bool fresh = row.isNull() || row == from;
     if (fresh) row = rowOfItsOwn(id, from);
@@ -413,6 +416,8 @@ std::unique_ptr<Keeper> g_keeper;
 Asker g_asker;  // kept by pointer in the entity library
 
 }  // namespace
+
+void forgetErased() { erasedMarcas().clear(); }
 
 void startFollowing() {
     g_keeper = std::make_unique<Keeper>();

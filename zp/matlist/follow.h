@@ -10,6 +10,8 @@ namespace zp::matlist {
 /// member gets a row of its own or joins that of its equals, marks go with their pieces.
 void startFollowing();
 void stopFollowing();
+/// To be called when a drawing goes away: its ids may come back as those of another one.
+void forgetErased();
 /// A drawing that came into an editor: lists of before pieces knew their rows are tied to them,
 /// with a line that says what does not count.
 void followFrom(AcDbDatabase* drawing);
