@@ -18,7 +18,7 @@ std::wstring recordName(AcDbObjectId id) {
 
 QString takenText(ACHAR* text) {
     if (text == nullptr) return {};
-    const QString taken = qt(text);
+    QString taken = qt(text);
     acutDelString(text);
     return taken;
 }
