@@ -29,11 +29,6 @@ struct OpenedList {
 };
 OpenedList g_opened;
 
-bool isChapa(AcDbObjectId peca) {
-    const AcRxClass* kind = peca.objectClass();
-    return kind != nullptr && kind->isDerivedFrom(ZpChapa::desc());
-}
-
 const wchar_t* orEmpty(const wchar_t* text) { return text != nullptr ? text : L""; }
 
 }  // namespace
@@ -150,7 +145,7 @@ int ZpArxAddToLista(Linha& row) {
     for (const AcDbSoftPointerId& marca : row.ids)
         if (!row.pecas.empty()) (void)zp::matlist::tieMarca(marca, row.pecas.front());
     for (const AcDbObjectId& peca : row.pecas)
-        if (isChapa(peca))
+        if (zp::matlist::isChapa(peca))
             (void)zp::matlist::enterChapas(peca, record);
         else
             (void)zp::matlist::enterRow(peca, record, g_opened.type);

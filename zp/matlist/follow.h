@@ -26,6 +26,9 @@ AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
 std::wstring marcaOf(AcDbObjectId record);
 /// True when the piece belongs to a row.
 bool isListed(AcDbObjectId peca);
+bool isChapa(AcDbObjectId peca);
+/// The bar of a plate; null when it has none.
+AcDbObjectId barOf(AcDbObjectId chapa);
 /// Seen along its bar a plate does not show all of its sizes.
 bool chapaInSecao(AcDbObjectId chapa);
 /// How many members the drawn piece counts for; 0 for a further view of one.

@@ -33,11 +33,6 @@ constexpr double kSamePlace = 1e-6;
 
 using Peca = AcDbObjectPointer<ZpObject>;
 
-bool isChapa(AcDbObjectId id) {
-    const AcRxClass* kind = id.objectClass();
-    return kind != nullptr && kind->isDerivedFrom(ZpChapa::desc());
-}
-
 std::vector<AcDbObjectId> chapasOf(AcDbObjectId bar) {
     const Peca peca(bar, AcDb::kForRead);
     return peca.object() != nullptr ? edit::chapasOf(*peca.object()) : std::vector<AcDbObjectId>();
@@ -100,12 +95,6 @@ void drawMarca(AcDbObjectId id, const std::wstring& text) {
 
 bool hasMarca(Book& book, const std::vector<AcDbObjectId>& pecas) {
     return std::ranges::any_of(pecas, [&](AcDbObjectId id) { return !book.marcasOf(id).empty(); });
-}
-
-/// The bar of a plate; null when it has none.
-AcDbObjectId barOf(AcDbObjectId chapa) {
-    const Peca peca(chapa, AcDb::kForRead);
-    return peca.object() != nullptr ? edit::ownerOf(*peca.object()) : AcDbObjectId();
 }
 
 /// One for the plates of each bar that counts, where a drawing command puts it: at the far end.

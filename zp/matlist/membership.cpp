@@ -26,6 +26,16 @@ AcDbObjectId recordOf(AcDbObjectId id) {
     return row.isNull() ? book.rowNaming(id) : row;
 }
 
+bool isChapa(AcDbObjectId id) {
+    const AcRxClass* kind = id.objectClass();
+    return kind != nullptr && kind->isDerivedFrom(ZpChapa::desc());
+}
+
+AcDbObjectId barOf(AcDbObjectId chapa) {
+    const AcDbObjectPointer<ZpObject> opened(chapa, AcDb::kForRead);
+    return opened.object() != nullptr ? edit::ownerOf(*opened.object()) : AcDbObjectId();
+}
+
 bool chapaInSecao(AcDbObjectId id) {
     const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
     if (chapa.object() == nullptr) return false;

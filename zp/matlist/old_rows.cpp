@@ -66,11 +66,6 @@ std::wstring textOf(AcDbObjectId marca) {
     return opened.object() != nullptr ? opened->marca() : std::wstring();
 }
 
-AcDbObjectId barOf(AcDbObjectId chapa) {
-    const AcDbObjectPointer<ZpObject> opened(chapa, AcDb::kForRead);
-    return opened.object() != nullptr ? edit::ownerOf(*opened.object()) : AcDbObjectId();
-}
-
 /// Pieces beyond the first with a mark do not count; how many there are.
 int tieOldRows(AcDbDatabase& drawing, Book& book) {
     std::map<std::wstring, AcDbObjectId> byText;
