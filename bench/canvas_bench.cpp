@@ -12,6 +12,7 @@
 #include <numbers>
 #include <vector>
 
+#include "bench/silent.h"
 #include "perfis/entities/zpentidades.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/desktop/canvas/canvas.h"
@@ -29,14 +30,9 @@ using Clock = std::chrono::steady_clock;
 constexpr int kColumns = 400;
 constexpr double kRight = std::numbers::pi / 2;
 
-/// Nobody answers; the canvas follows.
-class Silent : public prancheta::UserInterface {
+/// The canvas follows.
+class Watched : public Silent {
 public:
-    void print(std::wstring_view) override {}
-    void alert(std::wstring_view) override {}
-    prancheta::RawInput ask(const prancheta::InputRequest&) override { return {}; }
-    void runDialog(prancheta::dcl::Dialog&) override {}
-    void complain(std::wstring_view, prancheta::Complaint) override {}
     void refresh() override {
         if (canvas != nullptr) canvas->refresh();
     }
@@ -160,7 +156,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const int pieces = argc > 1 ? std::atoi(argv[1]) : 100000;
     prancheta::registerEntityClasses();
-    Silent ui;
+    Watched ui;
     prancheta::Editor editor(ui, prancheta::builtInCommands());
     if (!editor.modules().load(HOUSE_BINARY_DIR "/bin/ZpObjects18.arx")) return 1;
     editor.database().core().undo().begin(L"bench");

@@ -7,6 +7,7 @@
 #include <memory>
 #include <numbers>
 
+#include "bench/silent.h"
 #include "perfis/entities/zpentidades.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "prancheta/database/database_core.h"
@@ -22,16 +23,6 @@
 namespace {
 
 constexpr double kRight = std::numbers::pi / 2;
-
-/// Nobody answers and nobody reads.
-class Silent : public prancheta::UserInterface {
-public:
-    void print(std::wstring_view) override {}
-    void alert(std::wstring_view) override {}
-    prancheta::RawInput ask(const prancheta::InputRequest&) override { return {}; }
-    void runDialog(prancheta::dcl::Dialog&) override {}
-    void complain(std::wstring_view, prancheta::Complaint) override {}
-};
 
 /// A drawing with n pieces, not listed.
 struct Job {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <numbers>
 
+#include "bench/silent.h"
 #include "dbdim.h"
 #include "perfis/entities/zpentidades.h"
 #include "prancheta/database/database_core.h"
@@ -24,16 +25,6 @@
 namespace {
 
 constexpr double kRight = std::numbers::pi / 2;
-
-/// Nobody answers and nobody reads.
-class Silent : public prancheta::UserInterface {
-public:
-    void print(std::wstring_view) override {}
-    void alert(std::wstring_view) override {}
-    prancheta::RawInput ask(const prancheta::InputRequest&) override { return {}; }
-    void runDialog(prancheta::dcl::Dialog&) override {}
-    void complain(std::wstring_view, prancheta::Complaint) override {}
-};
 
 /// A host with the entity library loaded; one for the whole program.
 prancheta::Editor& host() {
