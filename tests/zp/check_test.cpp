@@ -72,7 +72,10 @@ public:
         return p;
     }
     AcDbObjectId aCota() { return zp::edit::cotasOf(*Read<ZpObject>(barra).object()).front(); }
-    AcDbObjectId aChapa() { return zp::edit::chapasOf(*Read<ZpObject>(composta).object()).front(); }
+    std::vector<AcDbObjectId> chapas() {
+        return zp::edit::chapasOf(*Read<ZpObject>(composta).object());
+    }
+    AcDbObjectId aChapa() { return chapas().front(); }
     void write(const std::function<void(Linha&)>& change) {
         auto row = zp::matlist::storedRow(records().front());
         ASSERT_TRUE(row);
@@ -177,6 +180,16 @@ const std::vector<Planted::Case>& Planted::cases() {
         {"a plate beside its member",
          [](Planted& t) { t.take(L"_move", t.aChapa(), L"300,400"); },
          {ChapaOutside}},
+        {"a plate erased that a dimension measures to",
+         [](Planted& t) {
+             const double x = zp::edit::facesOf(*Read<ZpObject>(t.chapas()[2]).object()).f[0].x;
+             t.type({L"_erase"});
+             for (const AcDbObjectId& id : t.chapas())
+                 if (zp::edit::facesOf(*Read<ZpObject>(id).object()).f[0].x == x)
+                     t.pick(0, 0, {id});
+             t.type({L""});
+         },
+         {CotaOfNothing}},
         {"a plate drawn twice",
          [](Planted& t) { t.take(L"_copy", t.aChapa(), L"0.4,-0.4"); },
          {ChapasCoincide}},

@@ -304,7 +304,7 @@ TEST_F(EditByDialog, ChapasStayAsTheUserLeftThemUntilTheyAreLaidAgain) {
     const AcDbObjectId pitch = zp::edit::cotasOf(*Read<ZpObject>(peca).object()).back();
     const auto expectLeft = [&](double y) {
         EXPECT_EQ(chapas(), left);
-        expectCota(pitch, 0, -25.4, 390, -25.4, 0, y);
+        expectCota(pitch, 0, -25.4, 415, -25.4, 0, y);  // goes along with the plate
     };
     const double line = Read<AcDbAlignedDimension>(pitch)->dimLinePoint().y;
     edit(peca, {"ButtonTipoBarra", "bt_pilar", "accept", "accept"});

@@ -85,15 +85,6 @@ std::wstring wordsOf(const Linha& row) {
     return designationOf(row) + L", " + texts::withComma(row.comprimento, 1) + L" mm";
 }
 
-secao::Bounds boxIn(const Frame& frame, const ZpObject& peca) {
-    secao::Bounds box;
-    for (const AcGePoint3d& point : edit::facesOf(peca).f) {
-        const AcGeVector3d local = frame.toLocal(point);
-        box.include(local.x, local.y);
-    }
-    return box;
-}
-
 AcGePoint3d middleOf(const ZpObject& peca) {
     const edit::Faces faces = edit::facesOf(peca);
     return faces.f[1] + (faces.f[2] - faces.f[1]) * 0.5;

@@ -94,7 +94,7 @@ struct Edges {
 Edges edgesOf(const ZpObject& peca) {
     const Peca& p = Access::of(peca);
     Edges edges;
-    const secao::Bounds box = p.chapa() ? boxIn(p.frame(), peca) : p.picture();
+    const secao::Bounds box = p.chapa() ? edit::boxIn(p.frame(), peca) : p.picture();
     edges.add(box);
     edges.add(0.5 * (box.x0 + box.x1), 0.5 * (box.y0 + box.y1));
     edges.add(0.0, 0.0);
@@ -108,14 +108,21 @@ Edges edgesOf(const ZpObject& peca) {
             edges.y.push_back(level.w);
     for (const AcDbObjectId& id : edit::chapasOf(peca)) {
         const AcDbObjectPointer<ZpObject> chapa(id, AcDb::kForRead);
-        if (chapa.object() != nullptr) edges.add(boxIn(p.frame(), *chapa.object()));
+        if (chapa.object() != nullptr) edges.add(edit::boxIn(p.frame(), *chapa.object()));
     }
     return edges;
 }
 
-/// On an edge, or where two of them would meet.
-bool standsOn(const ZpObject& peca, const Edges& edges, const AcGePoint3d& point) {
-    const AcGeVector3d local = Access::of(peca).frame().toLocal(point);
+/// Sine below which what is measured is at right angles to an axis.
+constexpr double kParallel = 1e-6;
+
+/// On an edge, or where two of them would meet. Edges across the direction that is measured count.
+bool standsOn(const ZpObject& peca, const Edges& edges, const AcGePoint3d& point,
+              const AcGeVector3d& measured) {
+    const Frame frame = Access::of(peca).frame();
+    const AcGeVector3d local = frame.toLocal(point);
+    const double alongX = std::abs(measured.dotProduct(frame.x));
+    const double alongY = std::abs(measured.dotProduct(frame.y));
     const auto meets = [](const std::vector<double>& all, double c) {
         return std::ranges::any_of(all,
                                    [&](double e) { return std::abs(e - c) <= kSameCheckedPlace; });
@@ -125,12 +132,14 @@ bool standsOn(const ZpObject& peca, const Edges& edges, const AcGePoint3d& point
         return c >= low - kSameCheckedPlace && c <= high + kSameCheckedPlace;
     };
     return within(edges.x, local.x) && within(edges.y, local.y) &&
-           (meets(edges.x, local.x) || meets(edges.y, local.y));
+           ((alongX > kParallel && meets(edges.x, local.x)) ||
+            (alongY > kParallel && meets(edges.y, local.y)));
 }
 
 /// True when one of its points stands on none of the pieces that it belongs to.
 bool measuresNothing(const AcDbAlignedDimension& cota, const std::vector<AcDbObjectId>& owners) {
     if (cota.measurement() <= kSameCheckedPlace) return true;
+    const AcGeVector3d measured = (cota.xLine2Point() - cota.xLine1Point()).normal();
     bool first = false;
     bool second = false;
     bool known = false;
@@ -139,8 +148,8 @@ bool measuresNothing(const AcDbAlignedDimension& cota, const std::vector<AcDbObj
         if (peca.object() == nullptr) continue;
         known = true;
         const Edges edges = edgesOf(*peca.object());
-        first = first || standsOn(*peca.object(), edges, cota.xLine1Point());
-        second = second || standsOn(*peca.object(), edges, cota.xLine2Point());
+        first = first || standsOn(*peca.object(), edges, cota.xLine1Point(), measured);
+        second = second || standsOn(*peca.object(), edges, cota.xLine2Point(), measured);
     }
     return known && !(first && second);
 }

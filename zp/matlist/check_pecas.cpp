@@ -93,7 +93,7 @@ void checkMarcaOfBarra(Survey& survey, const ZpObject& barra) {
 void checkInside(Survey& survey, const ZpObject& barra, const ZpObject& chapa) {
     const Peca& p = Access::of(barra);
     const secao::Bounds whole = p.picture();
-    const secao::Bounds box = boxIn(p.frame(), chapa);
+    const secao::Bounds box = edit::boxIn(p.frame(), chapa);
     const double slack = kSameCheckedPlace + 1e-6 * p.comprimento;
     const bool beside = box.x0 > whole.x1 + slack || box.x1 < whole.x0 - slack ||
                         box.y0 > whole.y1 + slack || box.y1 < whole.y0 - slack;

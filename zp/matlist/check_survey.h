@@ -37,8 +37,6 @@ std::wstring wordsOf(const ZpObject& peca);
 std::wstring wordsOf(const Linha& row);
 /// Middle of its picture, world coordinates.
 AcGePoint3d middleOf(const ZpObject& peca);
-/// Box of a piece's picture in a frame.
-secao::Bounds boxIn(const Frame& frame, const ZpObject& peca);
 
 void checkRows(Survey& survey);
 void checkPecasWithoutMarca(Survey& survey);

@@ -157,6 +157,15 @@ void keepOwnValues(const ZpObject& peca, const ZpObject& rule, ZpObject& fresh) 
     p.cachedSecao.reset();
 }
 
+secao::Bounds boxIn(const Frame& frame, const ZpObject& peca) {
+    secao::Bounds box;
+    for (const AcGePoint3d& point : facesOf(peca).f) {
+        const AcGeVector3d local = frame.toLocal(point);
+        box.include(local.x, local.y);
+    }
+    return box;
+}
+
 Faces facesOf(const ZpObject& peca) {
     Faces faces;
     peca.GetLimitPointsOfFaces(faces.f[0], faces.f[1], faces.f[2], faces.f[3]);

@@ -9,10 +9,12 @@
 
 #include "perfis/entities/zpchapa.h"
 #include "zp/objects/secao/kinds.h"
+#include "zp/objects/secao/outline.h"
 
 namespace zp {
+struct Frame;
 struct Peca;
-}
+}  // namespace zp
 
 namespace zp::edit {
 
@@ -45,6 +47,8 @@ struct Faces {
     AcGePoint3d f[4];
 };
 Faces facesOf(const ZpObject& peca);
+/// Box of its picture in another piece's frame, mm.
+secao::Bounds boxIn(const Frame& frame, const ZpObject& peca);
 
 /// Values and length of a piece before it was changed.
 struct Former {

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // One rule at the end of each command: tied entities follow a piece that changed; a tied entity
-// that changed alone has its place learnt again; an erased piece takes its dimensions and plates
-// along and brings them back when it comes back; copies, and what came from a file, keep only links
-// that are answered. What lies on a locked layer stays, and the user is told. Outside a command the
-// rule runs after each change, except while a drawing is read.
+// that changed alone has its place learnt again, a plate's with the dimensions that measured to it;
+// an erased piece takes its dimensions and plates along and brings them back when it comes back;
+// copies, and what came from a file, keep only links that are answered. What lies on a locked layer
+// stays, and the user is told. Outside a command the rule runs after each change, except while a
+// drawing is read.
 #include "zp/objects/watch.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@
 #include "zp/objects/edit.h"
 #include "zp/objects/links.h"
 #include "zp/objects/member.h"
+#include "zp/objects/moved_chapas.h"
 
 namespace zp::watch {
 namespace {
@@ -89,7 +91,7 @@ private:
     void put(const ZpObject& peca);
     void say();
     void follow();
-    void learnAgain(AcDbObjectId id, const IdQueue& changed);
+    void learnAgain(AcDbObjectId id, const IdQueue& changed, MovedChapas& movedChapas);
 
     AcDbDatabase* m_drawing;
     bool m_applying = false;
@@ -419,19 +421,23 @@ void Drawing::follow() {
         if (entity.openStatus() == Acad::eWasOpenForWrite) m_heldOnes.put(id);
         if (const auto* peca = ZpObject::cast(entity.object())) put(*peca);
     }
-    for (const AcDbObjectId& id : changed.order()) learnAgain(id, changed);
+    MovedChapas movedChapas;
+    for (const AcDbObjectId& id : changed.order()) learnAgain(id, changed, movedChapas);
+    for (const AcDbObjectId& barra : movedChapas.takeCotasAlong()) putOrHold(barra);
 }
 
-void Drawing::learnAgain(AcDbObjectId id, const IdQueue& changed) {
+void Drawing::learnAgain(AcDbObjectId id, const IdQueue& changed, MovedChapas& movedChapas) {
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
     if (entity.object() == nullptr) return;
     for (const AcDbObjectId& owner : ownersOf(*entity.object())) {
         if (changed.has(owner)) continue;
         const AcDbObjectPointer<ZpObject> peca(owner, AcDb::kForWrite);
-        if (peca.object() != nullptr)
+        if (peca.object() != nullptr) {
+            if (const auto* chapa = ZpObject::cast(entity.object()))
+                movedChapas.note(*peca.object(), *chapa);
             learn(*peca.object(), *entity.object());
-        else if (peca.openStatus() == Acad::eWasOpenForWrite ||
-                 peca.openStatus() == Acad::eWasOpenForRead)
+        } else if (peca.openStatus() == Acad::eWasOpenForWrite ||
+                   peca.openStatus() == Acad::eWasOpenForRead)
             m_heldOnes.put(id);
     }
 }
