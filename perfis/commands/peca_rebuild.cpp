@@ -137,10 +137,10 @@ void updateList(const VistasChoice& vistas, const PecaValues& peca,
     for (std::size_t i = 0; i < laid.rows.size(); ++i) {
         const AcDbObjectId chapa = laid.rows[i].chapa;
         const AcDbObjectId row = i < rows.size() ? rows[i] : zp::matlist::rowOfSiblings(chapa);
-        if (row.isNull())
-            (void)MatListChapas(peca.id, pecaCount(vistas), laid.rows[i]);
-        else
+        if (!row.isNull())
             (void)zp::matlist::enterChapas(chapa, row);
+        else if (MatListChapas(peca.id, pecaCount(vistas), laid.rows[i]) == RTNORM)
+            zp::matlist::takeOldRow(chapa);
     }
 }
 

@@ -340,6 +340,44 @@ TEST_F(Planted, ARowThatIsWrongFollowsAnEdit) {
     EXPECT_TRUE(zp::matlist::check(editor->database()).empty());
 }
 
+TEST_F(Planted, ChapasThatComeBackHaveTheirRowAndTheirMarca) {
+    const AcDbObjectId marca = all<ZpMarca>().back();
+    const AcDbObjectId pointedAt = Read<ZpMarca>(marca)->peca();
+    const AcGePoint3d tip = Read<ZpMarca>(marca)->tip();
+    const std::wstring text = Read<ZpMarca>(marca)->marca();
+    const auto erase = [&](const std::vector<AcDbObjectId>& picked) {
+        type({L"_erase"});
+        pick(0, 0, picked);
+        type({L""});
+    };
+    erase({pointedAt});
+    EXPECT_NE(Read<ZpMarca>(marca)->peca(), pointedAt);
+    type({L"_oops"});
+    EXPECT_EQ(Read<ZpMarca>(marca)->peca(), pointedAt);
+    EXPECT_TRUE(Read<ZpMarca>(marca)->tip().isEqualTo(tip));
+
+    erase(chapas());
+    ui.keys = {"travejar", "accept", "accept"};
+    type({L"EDITAPERFIL"});
+    pick(0, 0, {composta});
+    EXPECT_EQ(zp::matlist::marcaOf(zp::matlist::recordOf(chapas().front())), text);
+    EXPECT_EQ(records().size(), 3u);
+    EXPECT_TRUE(zp::matlist::check(editor->database()).empty());
+}
+
+TEST_F(Planted, GroupingKeepsTwinsApart) {
+    type({L"_mirror"});
+    pick(0, 0, {barra});
+    type({L"", L"0,-400", L"10,-400", L"", L"MARCAS", L"R", L"1", L"", L"Sim"});
+    const AcDbObjectId mirrored = all<ZpUDobrado>().back();
+    const std::wstring marca = zp::matlist::marcaOf(zp::matlist::recordOf(barra));
+    const auto twin = [&] { return zp::matlist::marcaOf(zp::matlist::recordOf(mirrored)); };
+    ASSERT_EQ(twin(), marca + L"E");
+    type({L"MARCAS", L"A", L""});
+    EXPECT_EQ(twin(), marca + L"E");
+    EXPECT_EQ(zp::matlist::marcaOf(zp::matlist::recordOf(barra)), marca);
+}
+
 TEST_F(Checked, TheLinesSayWhereAndWhatToDo) {
     type({L"CONFERIR"});
     EXPECT_TRUE(said(L"\nNenhuma falha encontrada.\n"));

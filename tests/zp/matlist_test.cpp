@@ -317,6 +317,17 @@ TEST_F(MaterialListTest, TheTableIsUpdatedWhereItStands) {
     type({L"0,0", L"0,5000", L""});
     pickParts(L"_move", parts());
     type({L"0,0", L"500,-300"});
+    pickParts(L"_rotate", parts());
+    type({L"1500,1700", L"90"});
+    type({L"LISTAMATERIAL", L""});
+    expectCorner(1500, 1700);
+    expectPoint(
+        AcGePoint3d() +
+            (Read<AcDbLine>(parts().front())->endPoint() - AcGePoint3d(1500, 1700, 0)).normal(),
+        0, 1);
+    EXPECT_NEAR(Read<AcDbText>(parts().back())->rotation(), zp_tests::kPi / 2, 1e-9);
+    pickParts(L"_rotate", parts());
+    type({L"1500,1700", L"-90"});
     pickParts(L"_erase", {parts().front()});
     type({L"LISTAMATERIAL", L"nova", L"LISTAMATERIAL", L"", L"1"});
     expectCorner(1500, 1700);

@@ -9,6 +9,10 @@
 
 namespace zp::matlist {
 
+void Draughtsman::turn(const AcGePoint3d& about, double angle) {
+    m_turn = AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis, about);
+}
+
 void Draughtsman::line(const AcGePoint3d& a, const AcGePoint3d& b) {
     put(std::make_unique<AcDbLine>(a, b));
 }
@@ -31,6 +35,8 @@ bool Draughtsman::enter(AcDbEntity* entity, AcDbObjectId& id) const {
 }
 
 void Draughtsman::put(std::unique_ptr<AcDbEntity> entity) {
+    if (m_turn != AcGeMatrix3d::kIdentity)
+        (void)entity->transformBy(m_turn);    // a turn, which lines and texts take
     (void)entity->setLayer(m_layer.c_str());  // a layer that cannot be leaves the current one
     AcDbObjectId id;
     if (!enter(entity.get(), id)) return;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "dbidar.h"
+#include "gemat3d.h"
 #include "gepnt3d.h"
 
 class AcDbEntity;
@@ -20,6 +21,8 @@ enum class Align { Left = 0, Middle = 1, Right = 2 };
 class Draughtsman {
 public:
     Draughtsman(AcDbObjectId space, const wchar_t* layer) : m_space(space), m_layer(layer) {}
+    /// What follows is turned about the point, radians.
+    void turn(const AcGePoint3d& about, double angle);
     void line(const AcGePoint3d& a, const AcGePoint3d& b);
     /// `angle` in radians, about `where`.
     void text(const AcGePoint3d& where, const std::wstring& t, double altura, Align align,
@@ -32,6 +35,7 @@ private:
 
     AcDbObjectId m_space;
     std::wstring m_layer;
+    AcGeMatrix3d m_turn;
     std::vector<AcDbSoftPointerId> m_ids;
 };
 

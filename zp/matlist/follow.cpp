@@ -74,7 +74,8 @@ private:
     void part(AcDbObjectId peca, AcDbObjectId from);
     AcDbObjectId equalRow(const ZpObject& peca, AcDbObjectId from);
     void goneWithTheirPecas();
-    void moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone);
+    bool moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone);
+    bool standOn(AcDbObjectId marca, AcDbObjectId peca);
     void carryMarcas();
     AcGeVector3d carry(AcDbObjectId marca, const ZpObject& peca, const AcDbObjectId& barMarca);
     void nameMarcas();
@@ -95,7 +96,8 @@ private:
     std::map<AcDbObjectId, AcGeVector3d, Older> m_steps;
 };
 
-/// Marks that were erased with their piece, by piece; they come back with it.
+/// Marks that were erased with their piece or went to the next plate, by piece; they come back with
+/// it.
 std::map<AcDbObjectId, std::vector<AcDbObjectId>>& erasedMarcas() {
     static std::map<AcDbObjectId, std::vector<AcDbObjectId>> all;
     return all;
@@ -195,8 +197,13 @@ void Followed::goneWithTheirPecas() {
             const auto back = m_changes.returned.contains(id) ? gone.find(id) : gone.end();
             if (back == gone.end()) continue;
             for (const AcDbObjectId& marca : back->second) {
+                if (!marca.isErased()) {
+                    if (m_book.rowOf(m_book.marca(marca)->peca) == m_book.rowOf(id))
+                        standOn(marca, id);
+                    continue;
+                }
                 const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite, true);
-                if (opened.object() != nullptr && opened->isErased())
+                if (opened.object() != nullptr)
                     (void)opened->erase(Adesk::kFalse);  // open for write and erased
             }
             gone.erase(back);
@@ -204,8 +211,10 @@ void Followed::goneWithTheirPecas() {
         }
         gone.erase(id);
         for (const AcDbObjectId& marca : m_book.marcasOf(id)) {
-            moveToNextChapa(marca, id);
-            if (m_book.marca(marca)->peca != id) continue;
+            if (moveToNextChapa(marca, id)) {
+                gone[id].push_back(marca);
+                continue;
+            }
             const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
             if (opened.object() != nullptr && opened->erase() == Acad::eOk)
                 gone[id].push_back(marca);
@@ -213,27 +222,31 @@ void Followed::goneWithTheirPecas() {
     }
 }
 
-void Followed::moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone) {
+bool Followed::moveToNextChapa(AcDbObjectId marca, AcDbObjectId gone) {
     AcDbObjectId bar;
     {
         const AcDbObjectPointer<ZpChapa> chapa(gone, AcDb::kForRead, true);
-        if (chapa.object() == nullptr) return;
+        if (chapa.object() == nullptr) return false;
         bar = edit::ownerOf(*chapa.object());
     }
     const AcDbObjectPointer<ZpObject> owner(bar, AcDb::kForRead);
-    if (owner.object() == nullptr) return;
+    if (owner.object() == nullptr) return false;
     const AcDbObjectId row = m_book.rowOf(gone);
-    for (const AcDbObjectId& next : edit::chapasOf(*owner.object())) {
-        if (next == gone || m_book.rowOf(next) != row) continue;
-        const AcDbObjectPointer<ZpObject> chapa(next, AcDb::kForRead);
-        if (chapa.object() == nullptr || !tieMarca(marca, next)) continue;
-        const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
-        if (opened.object() == nullptr) return;
-        const AcGeVector3d step =
-            Book::placeOf(m_book.marca(marca)->tip, *chapa.object()) - opened->tip();
-        opened->moveBy(step, step);
-        return;
-    }
+    return std::ranges::any_of(edit::chapasOf(*owner.object()), [&](AcDbObjectId next) {
+        return next != gone && m_book.rowOf(next) == row && standOn(marca, next);
+    });
+}
+
+/// The mark stands for this piece from now on, on the same place of it.
+bool Followed::standOn(AcDbObjectId marca, AcDbObjectId id) {
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+    if (peca.object() == nullptr || !tieMarca(marca, id)) return false;
+    const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
+    if (opened.object() == nullptr) return false;
+    const AcGeVector3d step =
+        Book::placeOf(m_book.marca(marca)->tip, *peca.object()) - opened->tip();
+    opened->moveBy(step, step);
+    return true;
 }
 
 /// Tips on the same place of their pieces, texts at the same offset. What the user moved himself

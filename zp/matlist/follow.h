@@ -41,6 +41,10 @@ bool enterRow(AcDbObjectId peca, AcDbObjectId record, int count);
 bool enterChapas(AcDbObjectId chapa, AcDbObjectId record);
 /// Row of equal plates of another bar in the same row as this plate's; null when there is none.
 AcDbObjectId rowOfSiblings(AcDbObjectId chapa);
+/// Plates that were laid again after all had been erased, and have a row of their own since, stand
+/// in that of their list whose pieces are gone and which says the same, where there is one.
+/// O(rows).
+void takeOldRow(AcDbObjectId chapa);
 /// Takes the piece out of its list; its marks are erased.
 void leaveRow(AcDbObjectId peca);
 /// A row that the program itself emptied goes; one whose pieces were erased stays.

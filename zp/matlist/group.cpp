@@ -30,6 +30,8 @@ constexpr double kTextOffset = 10.0;
 constexpr double kTextHeight = 2.5;
 /// Places nearer than this stand in one column, mm.
 constexpr double kSamePlace = 1e-6;
+/// What the mark of mirrored pieces has behind that of the others.
+constexpr const wchar_t* kTwin = L"E";
 
 using Peca = AcDbObjectPointer<ZpObject>;
 
@@ -127,11 +129,41 @@ AcDbObjectId rowFor(Book& book, const MaterialList& list, const std::vector<AcDb
     return add(list.id, fresh);
 }
 
+bool isMirrored(AcDbObjectId id) {
+    const Peca peca(id, AcDb::kForRead);
+    return peca.object() != nullptr && Access::of(*peca.object()).mirrored;
+}
+
+/// Mirrored ones stay apart where they were numbered as twins.
+std::vector<std::vector<AcDbObjectId>> withoutTwins(Book& book, std::vector<AcDbObjectId> equal) {
+    std::set<std::wstring> marcas;
+    for (const AcDbObjectId& id : equal)
+        if (const Book::Row* row = book.row(book.rowOf(id)); row != nullptr)
+            marcas.insert(row->marca);
+    const bool twins = std::ranges::any_of(
+        marcas, [&](const std::wstring& marca) { return marcas.contains(marca + kTwin); });
+    if (!twins) return {std::move(equal)};
+    const auto mirrored =
+        std::ranges::stable_partition(equal, [](AcDbObjectId id) { return !isMirrored(id); });
+    std::vector<AcDbObjectId> twin(mirrored.begin(), mirrored.end());
+    equal.erase(mirrored.begin(), equal.end());
+    return {std::move(equal), std::move(twin)};
+}
+
+std::vector<std::vector<AcDbObjectId>> membersAmong(Book& book,
+                                                    const std::vector<AcDbObjectId>& pecas) {
+    std::vector<std::vector<AcDbObjectId>> members;
+    for (std::vector<AcDbObjectId>& equal : equalOnes(pecas))
+        for (std::vector<AcDbObjectId>& part : withoutTwins(book, std::move(equal)))
+            if (!part.empty()) members.push_back(std::move(part));
+    return members;
+}
+
 void group(Book& book, const MaterialList& list, const std::vector<AcDbObjectId>& pecas,
            Grouping& result) {
     std::set<AcDbObjectId> before;
     std::set<AcDbObjectId> after;
-    for (const std::vector<AcDbObjectId>& equal : equalOnes(pecas)) {
+    for (const std::vector<AcDbObjectId>& equal : membersAmong(book, pecas)) {
         const AcDbObjectId row = rowFor(book, list, equal);
         if (row.isNull()) continue;
         after.insert(row);
@@ -202,11 +234,6 @@ std::wstring lettersFor(const Linha& row, const std::map<std::wstring, std::wstr
     return L"P";
 }
 
-bool isMirrored(AcDbObjectId id) {
-    const Peca peca(id, AcDb::kForRead);
-    return peca.object() != nullptr && Access::of(*peca.object()).mirrored;
-}
-
 struct Numbered {
     AcDbObjectId record;
     Linha row;
@@ -226,7 +253,7 @@ void partTwins(Book& book, std::vector<Numbered>& rows) {
         const AcDbObjectId twin = rowOfItsOwn(mirrored.front(), rows[i].record);
         if (twin.isNull()) continue;
         for (const AcDbObjectId& id : mirrored) (void)enterRow(id, twin, countOf(id));
-        const std::wstring marca = rows[i].marca + L"E";
+        const std::wstring marca = rows[i].marca + kTwin;
         rows.push_back({twin, *rowAt(twin), {}, marca});
     }
 }

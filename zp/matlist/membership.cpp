@@ -96,6 +96,23 @@ AcDbObjectId rowOfSiblings(AcDbObjectId id) {
     return {};
 }
 
+void takeOldRow(AcDbObjectId chapa) {
+    Book& book = Book::of(*chapa.database());
+    const AcDbObjectId fresh = book.rowOf(chapa);
+    const std::optional<Linha> now = fresh.isNull() ? std::nullopt : storedRow(fresh);
+    if (!now) return;
+    for (const AcDbObjectId& record : book.records(book.row(fresh)->list)) {
+        const Book::Row* const row = book.row(record);
+        if (record == fresh || !row->alive || !row->pecas.empty()) continue;
+        const std::optional<Linha> old = storedRow(record);
+        if (!old || !old->tied || old->descricao != now->descricao ||
+            old->dimensoes != now->dimensoes || old->comprimento != now->comprimento)
+            continue;
+        if (enterChapas(chapa, record)) dropEmptied(fresh);
+        return;
+    }
+}
+
 void leaveRow(AcDbObjectId id) {
     for (const AcDbObjectId& marca : Book::of(*id.database()).marcasOf(id)) {
         const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);

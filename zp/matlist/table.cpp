@@ -3,6 +3,7 @@
 #include "zp/matlist/table.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 #include "dbents.h"
@@ -17,6 +18,7 @@ namespace {
 struct Standing {
     AcDbObjectId space;                 ///< null: nothing
     std::optional<AcGePoint3d> corner;  ///< upper left one of its frame; nothing without a line
+    double angle = 0.0;                 ///< of its rows, where the user turned it
 };
 
 void include(std::optional<AcGePoint3d>& corner, const AcGePoint3d& p) {
@@ -26,8 +28,13 @@ void include(std::optional<AcGePoint3d>& corner, const AcGePoint3d& p) {
 }
 
 /// The frame tells where the user moved the table: its lines, and nothing else, reach its corner.
+/// The first of them is the upper edge, from left to right; without it, or turned round by a
+/// mirror, the table is read as if it stood upright.
 Standing standingOf(const Header& header) {
     Standing standing;
+    std::optional<AcGePoint3d> first;
+    AcGeVector3d along;
+    AcGeVector3d across;
     for (const AcDbSoftPointerId& id : header.table) {
         const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForRead);
         if (part.object() == nullptr) continue;
@@ -36,6 +43,17 @@ Standing standingOf(const Header& header) {
         if (line == nullptr) continue;
         include(standing.corner, line->startPoint());
         include(standing.corner, line->endPoint());
+        if (id == header.table.front()) {
+            first = line->startPoint();
+            along = line->endPoint() - *first;
+        }
+        // The left edge is the first line that is not parallel to the upper one, downwards.
+        const AcGeVector3d direction = line->endPoint() - line->startPoint();
+        if (first && across.length() == 0.0 && !along.isParallelTo(direction)) across = direction;
+    }
+    if (first && along.x * across.y - along.y * across.x < 0.0) {
+        standing.corner = first;
+        standing.angle = std::atan2(along.y, along.x);
     }
     return standing;
 }
@@ -93,6 +111,7 @@ bool drawTable(const MaterialList& list) {
     if (standing.corner) header->point = *standing.corner;
     eraseTable(*header);
     Draughtsman d(standing.space, ZpLayerToUsr(L"LISTA"));
+    d.turn(header->point, standing.angle);
     draw(d, listingOf({list.number, list.id, *header}), header->point, 2.5 * GetScale());
     header->table = d.ids();
     return writeHeader(list.id, *header);
