@@ -5,6 +5,7 @@
 #include "rxdict.h"
 #include "texts/number.h"
 #include "zp/matlist/summary.h"
+#include "zp/objects/member.h"
 
 namespace {
 
@@ -163,6 +164,30 @@ TEST_F(MaterialListTest, AnErasedPecaIsNotForgottenBySaving) {
         EXPECT_EQ(zp::matlist::observacaoOf(rows()[0]), L"peça apagada");
     }
     EXPECT_EQ(countOf<ZpMarca>(), 0u);  // it went with its piece
+}
+
+TEST_F(MaterialListTest, PecasWithoutASteelHaveTheDrawings) {
+    const AcDbObjectId its = u(0, 0, 500);
+    const AcDbObjectId other = u(0, 300, 500);
+    enter(1, 0, its);
+    enter(1, 0, other);
+    EXPECT_TRUE(zp::matlist::changeGrade(zp::matlist::recordOf(its), L"A36"));
+    const auto materials = [&] {
+        std::vector<std::wstring> all;
+        for (const Linha& row : rows()) all.push_back(row.material);
+        return all;
+    };
+    using Materials = std::vector<std::wstring>;
+    EXPECT_EQ(materials(), (Materials{L"A36", L"ACO"}));
+    EXPECT_FALSE(zp::member::same(*Read<ZpObject>(its).object(), *Read<ZpObject>(other).object()));
+    type({L"ACO", L"A36"});
+    EXPECT_EQ(materials(), (Materials{L"A36", L"A36"}));
+    EXPECT_TRUE(said(L"1 linha da lista mudou de material."));
+    EXPECT_TRUE(zp::member::same(*Read<ZpObject>(its).object(), *Read<ZpObject>(other).object()));
+    type({L"ACO", L"ZAR 230"});
+    EXPECT_EQ(materials(), (Materials{L"A36", L"ZAR 230"}));
+    type({L"_u", L"ACO", L"."});
+    EXPECT_EQ(materials(), (Materials{L"A36", L"ACO"}));
 }
 
 TEST_F(MaterialListTest, PurgingRemovesOnlyTheErasedOnes) {

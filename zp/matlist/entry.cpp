@@ -13,6 +13,7 @@
 #include "zp/matlist/report.h"
 #include "zp/matlist/resumo.h"
 #include "zp/matlist/sheets.h"
+#include "zp/matlist/steel_command.h"
 #include "zp/matlist/table.h"
 #include "zp/matlist/vistas_command.h"
 #include "zp/matlist/zpmarca.h"
@@ -32,6 +33,7 @@ constexpr Command kCommands[] = {
     {L"VISTAS", zp::matlist::vistasCommand},
     {zp::matlist::kPlanCommand, zp::matlist::cuttingPlanCommand},
     {zp::matlist::kSummaryCommand, zp::matlist::summaryCommand},
+    {L"ACO", zp::matlist::steelCommand},
 };
 
 void start(void* application) {

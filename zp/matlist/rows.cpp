@@ -7,7 +7,7 @@
 #include "zp/matlist/book.h"
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
-#include "zp/objects/member.h"
+#include "zp/objects/steel.h"
 
 namespace zp::matlist {
 namespace {
@@ -30,7 +30,7 @@ void describe(const ZpObject& peca, Linha& row) {
     row.pesoUnitario = peca.getPeso();
     row.pesoTotal = row.pesoUnitario * row.quantidade;
     row.areaPintura = peca.getAreaPintura() * row.quantidade;
-    if (const std::wstring& grade = member::of(peca).grade; !grade.empty()) row.material = grade;
+    if (std::wstring steel = steelOf(peca); !steel.empty()) row.material = std::move(steel);
 }
 
 /// A drawing that shows the member whole speaks for it: one that counts rather than a further view.

@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "zp/objects/edit.h"
+#include "zp/objects/steel.h"
 
 namespace zp::member {
 namespace {
@@ -99,13 +100,13 @@ bool sameSizes(const ZpObject& a, const ZpObject& b) {
 }
 
 bool same(const ZpObject& a, const ZpObject& b) {
-    if (of(a).grade != of(b).grade || !sameSizes(a, b)) return false;
+    if (!sameSizes(a, b) || steelOf(a) != steelOf(b)) return false;
     return Access::of(a).inSecao() != Access::of(b).inSecao() || sameLacing(a, b);
 }
 
 std::size_t hashOf(const ZpObject& peca, int step) {
     const Peca& p = Access::of(peca);
-    std::size_t hash = std::hash<std::wstring>()(of(peca).grade);
+    std::size_t hash = 14695981039346656037U;  // steels follow the drawing's, so they are not in it
     const auto mix = [&](auto value) {
         hash = hash * 1099511628211U ^ std::hash<decltype(value)>()(value);
     };

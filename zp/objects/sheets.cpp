@@ -16,6 +16,7 @@
 #include "zp/objects/member.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/secao/labels.h"
+#include "zp/objects/steel.h"
 
 namespace zp::sheets {
 namespace {
@@ -27,7 +28,6 @@ constexpr const ACHAR* kComprimento = L"comprimento";
 constexpr const ACHAR* kTipoBarra = L"tipo_barra";
 constexpr const ACHAR* kGrade = L"aco";
 /// Longest name of a steel, characters.
-constexpr std::size_t kMostGrade = 40;
 
 struct BarraRole {
     int type;
