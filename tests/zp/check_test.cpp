@@ -76,6 +76,26 @@ public:
         return zp::edit::chapasOf(*Read<ZpObject>(composta).object());
     }
     AcDbObjectId aChapa() { return chapas().front(); }
+    /// One with bars of 600, at these x from the first bar's start.
+    AcDbObjectId block(const std::vector<double>& xs) {
+        AcDbBlockTable* table = nullptr;
+        EXPECT_EQ(editor->database().getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+        auto* const block = new AcDbBlockTableRecord;
+        (void)block->setName(L"ELEMENTO");
+        AcDbObjectId id;
+        EXPECT_EQ(table->add(id, block), Acad::eOk);
+        (void)table->close();
+        for (const double x : xs) {
+            auto* const peca =
+                new ZpUDobrado(start() + AcGeVector3d(x, 0, 0), ZpObject::kVistaDireita, 200, 75,
+                               75, 3, 3, 0.5 * kPi, 0.5 * kPi, 600, 0, 0, 0);
+            AcDbObjectId added;
+            EXPECT_EQ(block->appendAcDbEntity(added, peca), Acad::eOk);
+            (void)peca->close();
+        }
+        (void)block->close();
+        return id;
+    }
     void write(const std::function<void(Linha&)>& change) {
         auto row = zp::matlist::storedRow(records().front());
         ASSERT_TRUE(row);
@@ -215,21 +235,7 @@ const std::vector<Planted::Case>& Planted::cases() {
          {PecaWithoutMarca}},
         {"two bars in a block",
          [](Planted& t) {
-             AcDbBlockTable* table = nullptr;
-             ASSERT_EQ(t.editor->database().getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
-             auto* const block = new AcDbBlockTableRecord;
-             (void)block->setName(L"ELEMENTO");
-             AcDbObjectId id;
-             EXPECT_EQ(table->add(id, block), Acad::eOk);
-             (void)table->close();
-             for (const double x : {0.0, 500.0}) {
-                 auto* const peca =
-                     new ZpUDobrado(t.start() + AcGeVector3d(x, 0, 0), ZpObject::kVistaDireita, 200,
-                                    75, 75, 3, 3, 0.5 * kPi, 0.5 * kPi, 600, 0, 0, 0);
-                 EXPECT_EQ(block->appendAcDbEntity(id, peca), Acad::eOk);
-                 (void)peca->close();
-             }
-             (void)block->close();
+             (void)t.block({0, 500});
          },
          {PecaWithoutMarca, PecaWithoutMarca, BarsOverlap}},
         {"a table written over",
@@ -238,6 +244,27 @@ const std::vector<Planted::Case>& Planted::cases() {
                               [](AcDbText& text) { (void)text.setTextString(L"1"); });
          },
          {TableStale}},
+        {"a block with a listed bar, twice as large",
+         [](Planted& t) {
+             auto* const insertion = new AcDbBlockReference({0, 5000, 0}, t.block({0}));
+             (void)insertion->setScaleFactors({2, 2, 2});
+             t.put(insertion);
+             t.type({L"MARCAS", L"A", L""});
+         },
+         {BlockScaled}},
+        {"a cutting plan of another list",
+         [](Planted& t) {
+             t.type({L"PLANOCORTE", L"", L"", L"", L"0,-2000"});
+             t.drawU("l=700", L"0,5000");
+         },
+         {TableStale}},
+        {"a cutting plan of the list, whose marks changed",
+         [](Planted& t) {
+             t.type({L"PLANOCORTE", L"", L"", L"", L"0,-2000"});
+             EXPECT_TRUE(zp::matlist::renameRow(t.records().front(), L"V7"));
+             zp::matlist::settle(t.editor->database());
+         },
+         {}},
         {"a size that no catalogue has",
          [](Planted& t) {
              t.put(new ZpUDobrado(AcGePoint3d(0, 5000, 0), ZpObject::kVistaSecao, 200, 75, 75, 3.1,

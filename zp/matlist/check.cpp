@@ -7,28 +7,16 @@
 #include <tuple>
 
 #include "dbdim.h"
+#include "dbents.h"
 #include "texts/number.h"
 #include "zp/matlist/check_survey.h"
 #include "zp/matlist/listing.h"
-#include "zp/matlist/table.h"
 #include "zp/objects/each_entity.h"
 
 namespace zp::matlist {
 namespace {
 
 CataloguesMaker g_catalogues = nullptr;
-
-void checkTables(Survey& survey) {
-    for (const MaterialList& list : survey.lists) {
-        if (!hasTable(list.header) || !tableIsStale(list)) continue;
-        const auto part = std::ranges::find_if(
-            list.header.table, [](const AcDbSoftPointerId& id) { return !id.isErased(); });
-        survey.fault(
-            Fault::TableStale, {*part}, {}, list.header.point,
-            L"a tabela da lista " + std::to_wstring(list.number) + L" não diz o que a lista diz.",
-            L"Atualize-a com LISTAMATERIAL Tabela.");
-    }
-}
 
 /// Each size once for every row that has it, or once for all pieces in no list.
 void checkSizes(Survey& survey) {
@@ -61,6 +49,8 @@ Survey::Survey(AcDbDatabase& ofDrawing)
         if (kind->isDerivedFrom(ZpObject::desc())) pecas.push_back(id);
         if (kind->isDerivedFrom(ZpChapa::desc())) chapas.push_back(id);
         if (kind->isDerivedFrom(AcDbAlignedDimension::desc())) cotas.push_back(id);
+        if (kind->isDerivedFrom(AcDbLine::desc())) lines.push_back(id);
+        if (kind->isDerivedFrom(AcDbBlockReference::desc())) insertions.push_back(id);
     });
 }
 
@@ -97,7 +87,7 @@ std::vector<Finding> check(AcDbDatabase& drawing) {
     checkCotas(survey);
     checkChapas(survey);
     checkAxes(survey);
-    checkTables(survey);
+    checkSheet(survey);
     checkSizes(survey);
     std::ranges::stable_sort(survey.found, [](const Finding& a, const Finding& b) {
         if (a.severity != b.severity) return a.severity < b.severity;

@@ -28,7 +28,8 @@ enum class Fault {
     ChapasCoincide,
     OnePlaneOfTwo,
     BarsOverlap,
-    TableStale,
+    TableStale,   ///< or a cutting plan
+    BlockScaled,  ///< with listed pieces in it
     SizeUnknown,
 };
 

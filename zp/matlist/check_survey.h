@@ -17,6 +17,8 @@ struct Survey {
     std::vector<AcDbObjectId> pecas;   ///< all that stand, plates too, in whichever block
     std::vector<AcDbObjectId> chapas;  ///< the plates among them
     std::vector<AcDbObjectId> cotas;
+    std::vector<AcDbObjectId> lines;
+    std::vector<AcDbObjectId> insertions;
     std::vector<Finding> found;
 
     /// Mark of the row that the piece belongs to; empty when it is in no list.
@@ -43,5 +45,6 @@ void checkPecasWithoutMarca(Survey& survey);
 void checkCotas(Survey& survey);
 void checkChapas(Survey& survey);
 void checkAxes(Survey& survey);
+void checkSheet(Survey& survey);
 
 }  // namespace zp::matlist

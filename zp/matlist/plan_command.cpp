@@ -63,7 +63,8 @@ void cuttingPlanCommand() {
     const std::optional<CutSettings> settings = askSettings(lastCutSettings());
     if (!settings) return;
     lastCutSettings() = *settings;
-    const std::vector<ProductPlan> plans = plansOf(rows(list->id), *settings, readLeftOvers());
+    const std::vector<Linha> all = rows(list->id);
+    const std::vector<ProductPlan> plans = plansOf(all, *settings, readLeftOvers());
     if (plans.empty()) {
         acutPrintf(L"\n%ls\n", kNothingToCut);
         return;
@@ -72,7 +73,7 @@ void cuttingPlanCommand() {
     showPlan(list->number, plans, *settings);
     AcGePoint3d corner;
     if (getWCSpoint(corner, L"\nPonto da tabela ou <só listar>: ") == RTNORM)
-        drawPlan(plans, *settings, corner);
+        drawPlan(plans, *settings, corner, planStampOf(list->number, all));
 }
 
 }  // namespace zp::matlist

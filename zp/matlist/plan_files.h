@@ -8,6 +8,7 @@
 
 #include "zp/matlist/columns.h"
 #include "zp/matlist/cutting_plan.h"
+#include "zp/matlist/plan_stamp.h"
 
 namespace zp::matlist {
 
@@ -40,9 +41,9 @@ using PlanWriter = bool (*)(const std::filesystem::path& destination, const Plan
 extern const PlanWriter kWritePlanXlsx;
 
 /// The table and below it each bar with its cuts, from the upper left corner on in the current
-/// space.
+/// space; the table's first line keeps the stamp.
 void drawPlan(const std::vector<ProductPlan>& plans, const CutSettings& settings,
-              const AcGePoint3d& corner);
+              const AcGePoint3d& corner, const PlanStamp& stamp);
 
 /// The command PLANOCORTE.
 void cuttingPlanCommand();

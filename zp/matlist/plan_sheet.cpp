@@ -34,7 +34,8 @@ std::vector<std::wstring> broken(const std::wstring& text) {
 }
 
 /// The table at the corner; its lower right end.
-AcGePoint3d drawTable(const PlanTable& table, const AcGePoint3d& corner, double h) {
+AcGePoint3d drawTable(const PlanTable& table, const AcGePoint3d& corner, double h,
+                      const PlanStamp& planStamp) {
     Draughtsman d(AcDbObjectId::kNull, ZpLayerToUsr(L"LISTA"));
     const Lines lines = linesOf(table);
     std::vector<double> x{corner.x};
@@ -62,6 +63,7 @@ AcGePoint3d drawTable(const PlanTable& table, const AcGePoint3d& corner, double 
         rule();
     }
     for (const double edge : x) d.line({edge, corner.y, corner.z}, {edge, y, corner.z});
+    if (!d.ids().empty()) stamp(d.ids().front(), planStamp);
     return {x.back(), y, corner.z};
 }
 
@@ -150,9 +152,9 @@ private:
 }  // namespace
 
 void drawPlan(const std::vector<ProductPlan>& plans, const CutSettings& settings,
-              const AcGePoint3d& corner) {
+              const AcGePoint3d& corner, const PlanStamp& stamp) {
     const double h = 2.5 * GetScale();
-    const AcGePoint3d end = drawTable(tableOf(plans, settings), corner, h);
+    const AcGePoint3d end = drawTable(tableOf(plans, settings), corner, h, stamp);
     double longest = 1.0;
     std::size_t label = 0;
     for (const ProductPlan& product : plans)
