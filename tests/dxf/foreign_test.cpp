@@ -184,7 +184,9 @@ TEST(Foreign, TablesClassesObjectsAndSectionsStay) {
         "D|330 C|100 "
         "AcDbDictionary|281 1|3 Grupo|350 E|0 GROUP|5 E|102 {ACAD_REACTORS|330 D|102 }|330 D|100 "
         "AcDbGroup|300 nota|70 0|71 "
-        "1|340 A1|0 DICTIONARY|5 F|330 C|100 AcDbDictionary|280 1|281 1|0 ENDSEC|0 SECTION|2 "
+        "1|340 A1|0 DICTIONARY|5 F|330 C|100 AcDbDictionary|280 1|281 1|3 Cinza|360 F1|0 "
+        "MATERIAL|5 "
+        "F1|330 F|100 AcDbMaterial|1 Cinza|0 ENDSEC|0 SECTION|2 "
         "MINHASECAO|0 COISA|1 valor|0 ENDSEC";
     const std::string line =
         "0 LINE|5 A1|102 {ACAD_REACTORS|330 E|102 }|330 1F|100 AcDbEntity|8 0|100 AcDbLine|10 "
@@ -201,6 +203,8 @@ TEST(Foreign, TablesClassesObjectsAndSectionsStay) {
          {"ACAD_GROUP", "ACAD_MATERIAL", "ACAD_LAYOUT", "ACAD_PLOTSTYLENAME", "ACAD_MLINESTYLE"})
         EXPECT_EQ(std::count(root.begin(), root.end(), Group{3, key}), 1) << key;
     EXPECT_EQ(std::count(all.begin(), all.end(), Group{3, "Grupo"}), 1);
+    EXPECT_EQ(valueOf(record(all, "DICTIONARY", 5, "F"), 360), "F1");  // owned, as 280 says
+    EXPECT_EQ(valueOf(record(all, "DICTIONARY", 5, "D"), 350), "E");
     const Groups kept = record(all, "LINE", 5, "A1");
     ASSERT_GT(kept.size(), 4U);
     EXPECT_EQ(Groups(kept.begin() + 2, kept.begin() + 5), groups("102 {ACAD_REACTORS|330 E|102 }"));
