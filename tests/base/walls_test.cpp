@@ -37,6 +37,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"zp/gbarra", {"zp/forja"}},
     {"zp/trelica", {"zp", "zp/gbarra"}},
     {"zp/cutting", {}},
+    {"zp/tables", {"files", "texts"}},
     {"zp/objects/secao", {"texts"}},
     {"zp/objects", {"zp", "zp/gbarra", "zp/objects/secao", "perfis/entities", "protocol", "texts"}},
     {"zp/matlist",
