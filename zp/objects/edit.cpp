@@ -9,6 +9,7 @@
 #include "dbsymtb.h"
 #include "zp/objects/links.h"
 #include "zp/objects/picture_map.h"
+#include "zp/objects/published.h"
 #include "zp/objects/watch.h"
 
 namespace zp::edit {
@@ -101,6 +102,7 @@ void copyValues(const Peca& from, Peca& target) {
     target.comprimento = from.comprimento;
     target.given = from.given;
     target.actual = from.actual;
+    target.commercial = from.commercial;
     target.cachedSecao.reset();
     target.barraStale = true;
 }
@@ -151,8 +153,9 @@ void keepOwnValues(const ZpObject& peca, const ZpObject& rule, ZpObject& fresh) 
         const secao::Role role = (*roles)[i];
         const bool external = role == L || role == Giro || role == Type || role == M || role == A;
         const double tolerance = kSameValue * std::abs(would[role]);
-        if (!external && std::abs(has[role] - would[role]) > tolerance)
-            p.given[i] = p.actual[i] = has[role];
+        if (external || !(std::abs(has[role] - would[role]) > tolerance)) continue;
+        p.given[i] = p.actual[i] = has[role];
+        published::follow(p, role);
     }
     p.cachedSecao.reset();
 }

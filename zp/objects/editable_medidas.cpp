@@ -7,6 +7,7 @@
 #include <numbers>
 
 #include "zp/objects/peca.h"
+#include "zp/objects/published.h"
 
 namespace zp::sheets {
 namespace {
@@ -115,6 +116,7 @@ std::wstring change(Peca& p, const Medida& medida, double fresh) {
         dropCatalogue(p);
     }
     p.cachedSecao.reset();
+    published::follow(p, medida.role);
     if (!p.chapa() && p.secao().invalid())
         return L"Com este valor as medidas não formam uma seção; confira espessuras, abas e raios.";
     p.given = p.actual;

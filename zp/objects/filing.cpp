@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A piece's record. Order: version, class, form, points, view, values, bar type, subtype, mirror
-// flag, length, angle, start, changed values, links; from version 2 on what it is in the job.
+// flag, length, angle, start, changed values, links; from version 2 on what it is in the job, which
+// version 3 may lack; from version 3 on what it keeps of its table.
 #include "zp/objects/filing.h"
 
 #include <algorithm>
@@ -91,6 +92,41 @@ bool readMember(Reader& reader, Member& m) {
     m.listed = listed != 0;
     m.count = static_cast<int>(count);
     return m.lacing.n == 0 || readLacing(reader, m.lacing);
+}
+
+/// Longest name that a table's row has, with room.
+constexpr std::size_t kMostName = 120;
+
+template <class Writer>
+void writeCommercial(Writer& e, const Commercial& c) {
+    e.text(c.name);
+    for (const double v : {c.kgMetro, c.printed.root, c.printed.toe, c.printed.area}) e.real(v);
+    e.integer(c.printed.otherMass ? 1 : 0);
+}
+
+template <class Reader>
+bool readCommercial(Reader& reader, Commercial& c) {
+    if (!reader.text(c.name) || c.name.size() > kMostName) return false;
+    for (double* const v : {&c.kgMetro, &c.printed.root, &c.printed.toe, &c.printed.area})
+        if (!reader.real(*v) || !(std::abs(*v) <= kLargestMedida)) return false;
+    int otherMass = 0;
+    if (!reader.integer(otherMass) || c.kgMetro < 0.0 || c.printed.area < 0.0) return false;
+    c.printed.otherMass = otherMass != 0;
+    return true;
+}
+
+/// What follows the links, in the order of the versions.
+template <class Reader>
+bool readSince(Reader& reader, int version, Peca& p) {
+    int known = version > 1 ? 1 : 0;
+    if (version > 2 && !reader.integer(known)) return false;
+    if (known != 0) p.member = std::make_unique<Member>();
+    if (p.member && !readMember(reader, *p.member)) return false;
+    if (version < 3) return true;
+    auto commercial = std::make_shared<Commercial>();
+    if (!readCommercial(reader, *commercial)) return false;
+    p.commercial = std::move(commercial);
+    return true;
 }
 
 template <class Reader>
@@ -194,7 +230,7 @@ bool DxfReader::text(std::wstring& t) {
 
 template <class Writer>
 void writePeca(Writer& e, const Peca& p) {
-    e.integer(p.member ? kPecaVersion : 1);
+    e.integer(p.commercial ? kPecaVersion : p.member ? 2 : 1);
     e.integer(static_cast<int>(p.kind));
     e.integer(p.form);
     for (std::size_t i = 0; i < p.form; ++i) e.point(p.points[i]);
@@ -225,7 +261,9 @@ void writePeca(Writer& e, const Peca& p) {
         }
         if (l.role == Link::Role::Follows) e.real(l.angle);
     }
+    if (p.commercial) e.integer(p.member ? 1 : 0);
     if (p.member) writeMember(e, *p.member);
+    if (p.commercial) writeCommercial(e, *p.commercial);
 }
 
 template <class Reader>
@@ -264,8 +302,7 @@ ReadResult readPeca(Reader& reader, Peca& peca, int& version) {
     if (!std::isfinite(p.comprimento) || p.comprimento < 0.0 || !std::isfinite(p.angle))
         return ReadResult::Bad;
     if (!readChanged(reader, p) || !readLinks(reader, p)) return ReadResult::Bad;
-    if (version > 1) p.member = std::make_unique<Member>();
-    if (p.member && !readMember(reader, *p.member)) return ReadResult::Bad;
+    if (!readSince(reader, version, p)) return ReadResult::Bad;
     peca = std::move(p);
     return ReadResult::Good;
 }

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "zp/objects/secao/single.h"
+
 namespace zp {
 namespace {
 
@@ -91,9 +93,54 @@ AcGeVector3d Frame::toLocal(const AcGePoint3d& p) const {
     return {v.dotProduct(x), v.dotProduct(y), v.z};
 }
 
+secao::RoleValues Peca::roles() const {
+    secao::RoleValues d = secao::roleValuesOf(kind, form, values());
+    if (commercial) d.printed = commercial->printed;
+    return d;
+}
+
 const secao::Secao& Peca::secao() const {
-    if (!cachedSecao) cachedSecao = secao::secaoFrom(kind, form, values());
+    if (!cachedSecao)
+        cachedSecao = secao::secaoFrom(kind, form, values(),
+                                       commercial ? commercial->printed : secao::Printed());
     return *cachedSecao;
+}
+
+double Peca::kgMetro() const {
+    if (!commercial || !(commercial->kgMetro > 0.0)) return secao().kgMetro();
+    const bool one = secao::description(kind).composition == secao::Composition::One;
+    return (one ? 1.0 : 2.0) * commercial->kgMetro;
+}
+
+MassSource Peca::massSource() const {
+    if (commercial && commercial->kgMetro > 0.0) return MassSource::Tabela;
+    const bool handedOver = roles()[secao::Role::M] > 0.0;
+    const bool own = !commercial || !commercial->printed.otherMass;
+    return handedOver && own ? MassSource::Tabela : MassSource::Geometria;
+}
+
+double Peca::massDifference() const {
+    const double outline = secao().kgMetroOfOutline();
+    return massSource() == MassSource::Geometria || !(outline > 0.0) ? 0.0
+                                                                     : kgMetro() / outline - 1.0;
+}
+
+std::wstring Peca::perfil() const {
+    // What the tables call an HP is one, whatever its sizes.
+    if (kind == secao::Kind::ILaminadoUSA && !name().empty())
+        return name().substr(0, name().find(L' '));
+    return secao::perfilText(kind, roles(), series);
+}
+
+std::wstring Peca::dimensoes() const { return secao::dimensoesText(kind, roles(), series); }
+
+std::wstring Peca::designacao() const {
+    return secao::designacaoText(perfil(), dimensoes(), name());
+}
+
+const std::wstring& Peca::name() const {
+    static const std::wstring kNone;
+    return commercial ? commercial->name : kNone;
 }
 
 Frame Peca::frame() const { return frameWith(start, angle, mirrored); }

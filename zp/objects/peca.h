@@ -113,6 +113,21 @@ struct Member {
     bool operator==(const Member&) const = default;
 };
 
+/// What the trade calls the size that a piece was drawn with, and what its table printed then, of
+/// one single shape. Copies keep it, so that a drawing says the same on every machine.
+struct Commercial {
+    std::wstring name;     ///< "W 150 x 13,0"; empty: the size has none
+    double kgMetro = 0.0;  ///< kg/m; 0: the table prints none
+    secao::Printed printed;
+    bool operator==(const Commercial&) const = default;
+};
+
+/// Where a piece's mass comes from.
+enum class MassSource {
+    Tabela,     ///< printed for the size, in a table or in the catalogue that it was picked from
+    Geometria,  ///< area of the outline
+};
+
 struct Peca {
     secao::Kind kind = secao::Kind::None;
     std::uint8_t form = 1;  ///< points of the constructor
@@ -130,6 +145,8 @@ struct Peca {
     std::array<double, secao::kMaxValues> actual{};  ///< after scaling and changes
     std::unique_ptr<std::vector<Link>> links;
     std::unique_ptr<Member> member;  ///< null: nothing of it is known
+    /// Null: of no table. Changed through published.h.
+    std::shared_ptr<const Commercial> commercial;
     mutable std::shared_ptr<const secao::Secao> cachedSecao;
 
     /// In the order of the constructor; mm, radians, kg/m.
@@ -144,8 +161,23 @@ struct Peca {
         return i < 0 ? nullptr : &actual[static_cast<std::size_t>(i)];
     }
     const double* value(secao::Role role) const { return const_cast<Peca*>(this)->value(role); }
-    secao::RoleValues roles() const { return secao::roleValuesOf(kind, form, values()); }
+    secao::RoleValues roles() const;
     const secao::Secao& secao() const;
+    /// Mass of the whole section, kg/m: the table's, else the catalogue's, else the outline's. Not
+    /// of plates, no more than what follows.
+    double kgMetro() const;
+    MassSource massSource() const;
+    /// By how much that mass is above the outline's, over it; 0 when it is the outline's.
+    double massDifference() const;
+    /// "W", "2L T"; sizes as numbers, "148x13".
+    std::wstring perfil() const;
+    std::wstring dimensoes() const;
+    /// Name of the size in the trade, "W 150 x 13,0"; perfil and sizes where it has none. Of a
+    /// built-up section its form, the single shape's name without its letter and the distances:
+    /// "2L T 2\" x 1/4\" a=10".
+    std::wstring designacao() const;
+    /// Name of the single shape; empty where it has none.
+    const std::wstring& name() const;
     bool chapa() const { return kind == secao::Kind::Chapa; }
     bool inSecao() const { return vista == 0; }
     Frame frame() const;

@@ -10,6 +10,7 @@
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
+#include "zp/objects/published.h"
 
 using zp::Link;
 using zp::Peca;
@@ -59,6 +60,7 @@ ZpObject::ZpObject(int kind, const AcGePoint3d& point, ZpVistas vista,
     fillIn(p, vista, values);
     p.points[0] = p.start = point;
     p.comprimento = validComprimento(p.roles()[p.chapa() ? Role::D3 : Role::L]);
+    zp::published::take(p);
 }
 
 ZpObject::ZpObject(int kind, const AcGePoint3d& start, const AcGePoint3d& end, ZpVistas vista,
@@ -73,6 +75,7 @@ ZpObject::ZpObject(int kind, const AcGePoint3d& start, const AcGePoint3d& end, Z
     const AcGeVector3d axis(end.x - start.x, end.y - start.y, 0.0);
     p.comprimento = validComprimento(axis.length());
     if (p.comprimento > 0.0) p.angle = zp::angleOf(axis);
+    zp::published::take(p);
 }
 
 ZpObject::~ZpObject() = default;
@@ -182,13 +185,13 @@ double ZpObject::getPeso() const {
     assertReadEnabled();
     const Peca& p = *m_peca;
     if (p.chapa()) return p.actual[0] * p.actual[1] * p.comprimento * kSteel;
-    return p.secao().kgMetro() * p.comprimento * 1e-3;
+    return p.kgMetro() * p.comprimento * 1e-3;
 }
 
 double ZpObject::getLinearWeight() const {
     assertReadEnabled();
     const Peca& p = *m_peca;
-    return p.chapa() ? p.actual[0] * p.actual[1] * kSteel * 1e3 : p.secao().kgMetro();
+    return p.chapa() ? p.actual[0] * p.actual[1] * kSteel * 1e3 : p.kgMetro();
 }
 
 double ZpObject::getComprimento() const { return getComprimentoReal(); }
@@ -200,12 +203,12 @@ double ZpObject::getComprimentoReal() const {
 
 Acad::ErrorStatus ZpObject::getPerfil(ACHAR* text) const {
     assertReadEnabled();
-    return copyText(zp::secao::perfilText(m_peca->kind, m_peca->roles(), m_peca->series), text);
+    return copyText(m_peca->perfil(), text);
 }
 
 Acad::ErrorStatus ZpObject::getDimensoes(ACHAR* text) const {
     assertReadEnabled();
-    return copyText(zp::secao::dimensoesText(m_peca->kind, m_peca->roles(), m_peca->series), text);
+    return copyText(m_peca->dimensoes(), text);
 }
 
 Acad::ErrorStatus ZpObject::readValue(int role, double& value) const {
@@ -223,6 +226,7 @@ Acad::ErrorStatus ZpObject::writeValue(int role, double value) {
     assertWriteEnabled();
     *stored = value;
     m_peca->cachedSecao.reset();
+    zp::published::follow(*m_peca, static_cast<Role>(role));
     m_peca->barraStale = true;
     recordGraphicsModified();
     return Acad::eOk;

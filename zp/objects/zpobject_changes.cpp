@@ -5,6 +5,7 @@
 
 #include "perfis/entities/zpobject.h"
 #include "zp/objects/peca.h"
+#include "zp/objects/published.h"
 #include "zp/objects/watch.h"
 
 using zp::Peca;
@@ -110,7 +111,12 @@ Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
     p.start.transformBy(m);
     p.angle = zp::angleOf(zp::direction(p.angle).transformBy(m));
     if (s.mirrors) p.mirrored = !p.mirrored;
-    if (s.scale != 1.0) p.scale(s.scale);
+    if (s.scale != 1.0) {
+        const bool otherMass = p.roles().printed.otherMass;
+        p.scale(s.scale);
+        zp::published::take(p);
+        if (otherMass) zp::published::disownMass(*this);
+    }
     xDataTransformBy(m);
     recordGraphicsModified();
     return Acad::eOk;

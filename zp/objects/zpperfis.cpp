@@ -7,6 +7,7 @@
 
 #include "perfis/entities/zpentidades.h"
 #include "zp/objects/peca.h"
+#include "zp/objects/published.h"
 #include "zp/objects/secao/blocks.h"
 #include "zp/objects/secao/table.h"
 #include "zp/objects/zp_classes.h"
@@ -251,6 +252,7 @@ Acad::ErrorStatus ZpISoldado::setSubType(SubType type) {
     zp::Peca& p = zp::Access::of(*this);
     p.series = static_cast<std::uint8_t>(type);
     p.barraStale = true;
+    zp::published::take(p);
     return Acad::eOk;
 }
 

@@ -15,6 +15,8 @@ namespace {
 using enum Role;
 constexpr double kPi = std::numbers::pi;
 constexpr double kRoot2 = std::numbers::sqrt2;
+/// Area of the fillet in a right corner over r^2.
+constexpr double kRightFillet = 1.0 - 0.25 * kPi;
 /// cot(phi/2) - (pi - phi)/2 for phi = pi/2 + atan(1/6): area of the fillet in a tapered corner
 /// over r^2.
 const double kTaperFillet = [] {
@@ -79,8 +81,31 @@ double lTorsion(const RoleValues& d) {
     return openTorsion({{finite(d[H]) + finite(b) - finite(d[T]), finite(d[T])}});
 }
 
+struct Radii {
+    double root = 0.0;
+    double toe = 0.0;
+};
+
+/// As the table prints them; where it prints only the area, toes of half the root that make up for
+/// what the legs lack. Many a table has the area of the bare legs: those are drawn sharp.
+Radii lRadii(const RoleValues& d) {
+    const double t = finite(d[T]);
+    Radii radii{d[Ri], 0.0};
+    if (d.printed.root >= 0.0) {
+        radii.root = d.printed.root;
+    } else if (d.printed.area > 0.0) {
+        const double b = d[B1] != 0.0 ? d[B1] : d[H];
+        const double rest = d.printed.area - t * (finite(d[H]) + finite(b) - t);
+        radii.root = rest > 0.0 ? std::min(std::sqrt(2.0 * rest / kRightFillet), 2.0 * t) : 0.0;
+    }
+    radii.toe = d.printed.toe >= 0.0 ? d.printed.toe : 0.5 * std::max(0.0, finite(radii.root));
+    radii.toe = std::min(radii.toe, t);
+    return radii;
+}
+
 Block lLaminado(const RoleValues& d) {
-    return cantoneiraLaminada(d[H], d[B1] != 0.0 ? d[B1] : d[H], d[T], d[Ri]);
+    const Radii radii = lRadii(d);
+    return cantoneiraLaminada(d[H], d[B1] != 0.0 ? d[B1] : d[H], d[T], radii.root, radii.toe);
 }
 
 /// Rolled angle with the heel lower left, legs b to the right and h up: the mirror image in y of
@@ -100,17 +125,28 @@ struct OneU {
 
 OneU oneU(const RoleValues& d, int n) {
     const double b2 = d[B2] != 0.0 ? d[B2] : d[B1];
-    const double area = finite(d[A]) / n;
+    const bool tabled = d.printed.root >= 0.0;
+    const double root = tabled ? d.printed.root : d[Ri];
+    // Fillets and toes of the table are no part of the flanges' mean thickness.
+    const double toe = tabled && d.printed.toe < 0.0 ? 0.5 * root : d.printed.toe;
+    const double rounded = tabled ? 2.0 * kTaperFillet * (root * root - toe * toe) : 0.0;
+    const double area = (d.printed.area > 0.0 ? d.printed.area : finite(d[A]) / n) - rounded;
     const double tfUpper = meanFlange(area, d[H], d[B1], b2, d[T], d[Tf1]);
     const double tfLower = meanFlange(area, d[H], d[B1], b2, d[T], d[Tf2]);
     const double t = finite(d[T]);
     const double j = openTorsion({{finite(d[H]) - 0.5 * (tfUpper + tfLower), t},
                                   {finite(d[B1]) - 0.5 * t, tfUpper},
                                   {finite(b2) - 0.5 * t, tfLower}});
-    return {uLaminado({d[H], d[B1], b2, d[T], tfUpper, tfLower, d[Ri]}), j};
+    return {uLaminado({d[H], d[B1], b2, d[T], tfUpper, tfLower, root, toe}), j};
 }
 
-double rolledRoot(double rest, double divisor, double room) {
+double rolledRoot(const RoleValues& d, double divisor) {
+    const double b = finite(d[B1]);
+    const double web = finite(d[H]) - 2.0 * finite(d[Tf1]);
+    const double room = std::max(0.0, 0.5 * std::min(b - finite(d[Tw]), web));
+    if (d.printed.root >= 0.0) return std::min(d.printed.root, room);
+    const double area = d.printed.area > 0.0 ? d.printed.area : finite(d[A]);
+    const double rest = area - 2.0 * b * finite(d[Tf1]) - web * finite(d[Tw]);
     return rest > 0.0 ? std::min(std::sqrt(rest / divisor), room) : 0.0;
 }
 
@@ -217,7 +253,7 @@ Assembly assembly::cantLaminada(const RoleValues& d) {
 Assembly assembly::caixaOfCantoneiras(const RoleValues& d) {
     Block l = lStanding(d);
     const double t = finite(d[T]);
-    const double q = l.invalid ? 0.0 : std::min({0.5 * std::max(0.0, finite(d[Ri])), t});
+    const double q = l.invalid ? 0.0 : lRadii(d).toe;
     const double outer = 2.0 * (finite(d[H]) + finite(d[B1]) + t + 0.5 * kPi * q);
     move(l.loop, -0.5 * finite(d[B1]), -0.5 * (finite(d[H]) + t));
     Assembly m = withHalfTurn(l, lTorsion(d));
@@ -321,12 +357,11 @@ Assembly assembly::iLaminado(const RoleValues& d) {
     const double b = finite(d[B1]);
     const double tw = finite(d[Tw]);
     const double tf = finite(d[Tf1]);
-    const double rest = finite(d[A]) - 2.0 * b * tf - (h - 2.0 * tf) * tw;
-    const double room = std::max(0.0, 0.5 * std::min(b - tw, h - 2.0 * tf));
     const double j = openTorsion({{h - tf, tw}, {b, tf}, {b, tf}});
     if (d[Type] == 2.0)
-        return one(perfilITapered(h, b, tf, tw, rolledRoot(rest, 3.0 * kTaperFillet, room)), j);
-    return one(perfilI({h, b, b, tf, tf, tw, rolledRoot(rest, 4.0 - kPi, room)}), j);
+        return one(perfilITapered(h, b, tf, tw, rolledRoot(d, 3.0 * kTaperFillet), d.printed.toe),
+                   j);
+    return one(perfilI({h, b, b, tf, tf, tw, rolledRoot(d, 4.0 * kRightFillet)}), j);
 }
 
 }  // namespace zp::secao

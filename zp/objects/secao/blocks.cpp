@@ -15,6 +15,11 @@ using enum Rounding;
 /// Sizes come from users and files: whatever is no size counts as 0.
 double medida(double v) { return std::isfinite(v) && v > 0.0 ? std::min(v, 1e9) : 0.0; }
 
+/// Of a tapered flange so thick at its toe; `toe` is negative where nobody says.
+double toeRadius(double toe, double root, double espessura) {
+    return toe >= 0.0 ? medida(toe) : std::min(0.5 * root, 0.5 * espessura);
+}
+
 Loop rectangleBetween(double x0, double y0, double x1, double y1) {
     return {{{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}}, false, 0.0, {}};
 }
@@ -149,13 +154,13 @@ Block cantoneiraDobrada(double h, double b, double t, double ri, double angle) {
     return orBox(std::move(v), thin(t, {h, b}), rectangleBetween(0.0, -h, b, 0.0));
 }
 
-Block cantoneiraLaminada(double h, double b, double t, double radius) {
+Block cantoneiraLaminada(double h, double b, double t, double root, double toe) {
     h = medida(h);
     b = medida(b);
     t = medida(t);
-    radius = medida(radius);
-    const double q = std::min(0.5 * radius, t);
-    return orBox({{0, 0}, {0, -h}, {t, -h, q, Toe}, {t, -t, radius, Root}, {b, -t, q, Toe}, {b, 0}},
+    root = medida(root);
+    const double q = std::min(medida(toe), t);
+    return orBox({{0, 0}, {0, -h}, {t, -h, q, Toe}, {t, -t, root, Root}, {b, -t, q, Toe}, {b, 0}},
                  thin(t, {h, b}), rectangleBetween(0.0, -h, b, 0.0));
 }
 
@@ -245,8 +250,8 @@ Block uLaminado(const MedidasUR& given) {
     };
     const double di = fall(m.bLower, m.tfLower);
     const double ds = fall(m.bUpper, m.tfUpper);
-    const double qi = std::min(0.5 * m.radius, 0.5 * (m.tfLower - di));
-    const double qs = std::min(0.5 * m.radius, 0.5 * (m.tfUpper - ds));
+    const double qi = toeRadius(m.toe, m.radius, m.tfLower - di);
+    const double qs = toeRadius(m.toe, m.radius, m.tfUpper - ds);
     return orBox({{0, -H},
                   {m.bLower, -H},
                   {m.bLower, -H + m.tfLower - di, qi, Toe},
@@ -278,7 +283,7 @@ Block perfilI(const MedidasI& given) {
     return orBox(std::move(v), good, rectangleBetween(-B, -H, B, H));
 }
 
-Block perfilITapered(double h, double b, double tf, double tw, double radius) {
+Block perfilITapered(double h, double b, double tf, double tw, double radius, double toe) {
     h = medida(h);
     b = medida(b);
     tf = medida(tf);
@@ -288,7 +293,7 @@ Block perfilITapered(double h, double b, double tf, double tw, double radius) {
     const double B = 0.5 * b;
     const double w = 0.5 * tw;
     const double d = std::min((b - tw) / 24.0, 2.0 * tf / 3.0);
-    const double q = std::min(0.5 * radius, 0.5 * (tf - d));
+    const double q = toeRadius(toe, radius, tf - d);
     std::vector<Vertex> v{{B, -H},
                           {B, -H + tf - d, q, Toe},
                           {w, -H + tf + d, radius, Root},

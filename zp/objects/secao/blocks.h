@@ -34,8 +34,8 @@ double outerOutline(const Block& block);
 /// Cold-formed angle: heel at the origin (upper left), leg b to the right, leg h down.
 Block cantoneiraDobrada(double h, double b, double t, double ri, double angle);
 
-/// Rolled angle in the same attitude; raio = root radius, the toes have half of it.
-Block cantoneiraLaminada(double h, double b, double t, double radius);
+/// Rolled angle in the same attitude with the radii of root and toes.
+Block cantoneiraLaminada(double h, double b, double t, double root, double toe);
 
 /// Cold-formed Z, centre at the origin, upper flange to the left; aba = lip.
 Block zDobrado(double h, double b, double aba, double t, double ri, double angUpper,
@@ -54,6 +54,7 @@ struct MedidasUR {
     double tfUpper = 0.0;
     double tfLower = 0.0;
     double radius = 0.0;
+    double toe = -1.0;  ///< negative: half the root radius, at most half the toe's thickness
 };
 Block uLaminado(const MedidasUR& m);
 
@@ -69,8 +70,8 @@ struct MedidasI {
 };
 Block perfilI(const MedidasI& m);
 
-/// I with flanges tapered 1:6, tf at mid overhang.
-Block perfilITapered(double h, double b, double tf, double tw, double radius);
+/// I with flanges tapered 1:6, tf at mid overhang; toe as in MedidasUR.
+Block perfilITapered(double h, double b, double tf, double tw, double radius, double toe);
 
 /// Rectangle centred at the origin with corners of one radius; a hole runs clockwise.
 Block rectangle(double largura, double altura, double radius, bool hole);

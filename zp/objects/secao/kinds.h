@@ -95,6 +95,16 @@ constexpr int count(const Roles& roles) {
     return n;
 }
 
+/// What is known of one shape of a section beyond the values of its constructor.
+struct Printed {
+    double root = -1.0;  ///< radius of its fillets, mm; negative: no table says
+    double toe = -1.0;   ///< radius of its toes, mm
+    double area = 0.0;   ///< mm2; 0: no table says
+    /// Mass and area that the constructor got belong to another size.
+    bool otherMass = false;
+    bool operator==(const Printed&) const = default;
+};
+
 /// Values by role; roles that a class lacks are 0.
 struct RoleValues {
     std::array<double, kRoles> v{};
@@ -102,6 +112,7 @@ struct RoleValues {
     double& operator[](Role p) { return v[static_cast<std::size_t>(p)]; }
     /// Which form of constructor the values came from: 1 where a class has a second form.
     int variant = 0;
+    Printed printed;
 };
 
 struct Assembly;

@@ -33,7 +33,7 @@ void turnLoops(std::vector<Loop>& loops, double r) {
 double positive(double v) { return std::isfinite(v) && v > 0.0 ? v : 0.0; }
 
 struct Key {
-    std::array<std::uint64_t, kMaxValues + 1> v{};
+    std::array<std::uint64_t, kMaxValues + 4> v{};
     bool operator==(const Key&) const = default;
 };
 
@@ -46,10 +46,13 @@ struct Hash {
 };
 
 /// Class, form and the values that shape the section, bit by bit.
-Key keyOf(Kind kind, const Roles& roles, int points, std::span<const double> values) {
+Key keyOf(Kind kind, const Roles& roles, int points, std::span<const double> values,
+          const Printed& printed) {
     Key c;
     c.v[0] = static_cast<std::uint64_t>(kind) | static_cast<std::uint64_t>(points) << 8 |
-             values.size() << 16;
+             values.size() << 16 | static_cast<std::uint64_t>(printed.otherMass ? 1 : 0) << 32;
+    const double more[] = {printed.root, printed.toe, printed.area};
+    std::memcpy(&c.v[kMaxValues + 1], more, sizeof more);
     for (std::size_t i = 0; i < values.size(); ++i)
         if (roles[i] != L && roles[i] != Zero) std::memcpy(&c.v[i + 1], &values[i], sizeof(double));
     return c;
@@ -57,8 +60,10 @@ Key keyOf(Kind kind, const Roles& roles, int points, std::span<const double> val
 
 }  // namespace
 
-Secao::Secao(Kind kind, const RoleValues& d) {
+Secao::Secao(Kind kind, const RoleValues& given) {
     const Description& row = description(kind);
+    RoleValues d = given;
+    if (d.printed.otherMass) d[A] = d[M] = 0.0;
     Assembly m = row.build(d);
     m_invalid = m.invalid;
     m_torsion = m.torsion;
@@ -87,10 +92,13 @@ Secao::Secao(Kind kind, const RoleValues& d) {
     m_espessura = perfilI ? d[Tw] : d[T];
     if (kind == Kind::BarraRedonda) m_espessura = d[D];
     if (kind == Kind::Tubo) m_espessura = 0.5 * (d[D] - d[Dint]);
-    const double given = positive(d[A]) * (row.composition == Composition::TwoInCm2 ? 100.0 : 1.0);
-    m_area = given > 0.0 ? given : m_properties.area;
-    m_kgMetro = positive(d[M]) > 0.0 ? d[M] : m_properties.area * kSteelKgMetro;
+    const double area =
+        positive(given[A]) * (row.composition == Composition::TwoInCm2 ? 100.0 : 1.0);
+    m_area = area > 0.0 ? area : m_properties.area;
+    m_kgMetro = positive(d[M]) > 0.0 ? d[M] : kgMetroOfOutline();
 }
+
+double Secao::kgMetroOfOutline() const { return m_properties.area * kSteelKgMetro; }
 
 const Vista& Secao::vista(int vista) const {
     std::unique_ptr<Vista>& v = m_vistas[static_cast<std::size_t>(std::clamp(vista, 1, 4) - 1)];
@@ -98,14 +106,17 @@ const Vista& Secao::vista(int vista) const {
     return *v;
 }
 
-std::shared_ptr<const Secao> secaoFrom(Kind kind, int points, std::span<const double> values) {
+std::shared_ptr<const Secao> secaoFrom(Kind kind, int points, std::span<const double> values,
+                                       const Printed& printed) {
     static std::unordered_map<Key, std::shared_ptr<const Secao>, Hash> cache;
     const Roles* roles = rolesOf(kind, points, static_cast<int>(values.size()));
     if (roles == nullptr) return std::make_shared<Secao>(Kind::None, RoleValues{});
-    const Key key = keyOf(kind, *roles, points, values);
+    const Key key = keyOf(kind, *roles, points, values, printed);
     if (const auto found = cache.find(key); found != cache.end()) return found->second;
     if (cache.size() >= kMaxCache) cache.clear();
-    auto fresh = std::make_shared<const Secao>(kind, roleValuesOf(kind, points, values));
+    RoleValues d = roleValuesOf(kind, points, values);
+    d.printed = printed;
+    auto fresh = std::make_shared<const Secao>(kind, d);
     cache.emplace(key, fresh);
     return fresh;
 }

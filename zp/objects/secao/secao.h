@@ -18,7 +18,7 @@ namespace zp::secao {
 /// Section plane with the piece's axis at the origin, turned by r; mm, kg/m.
 class Secao {
 public:
-    Secao(Kind kind, const RoleValues& roleValues);
+    Secao(Kind kind, const RoleValues& given);
 
     const std::vector<Outline>& outlines() const { return m_outlines; }
     /// Exact box of the outline.
@@ -38,8 +38,10 @@ public:
     double espessura() const { return m_espessura; }
     /// Area handed over in mm2, that of the outline when none was.
     double area() const { return m_area; }
-    /// Mass handed over, area of the outline times 7850 kg/m3 when none was.
+    /// Mass handed over for this size, area of the outline times 7850 kg/m3 when none was.
     double kgMetro() const { return m_kgMetro; }
+    /// The latter always.
+    double kgMetroOfOutline() const;
     /// Views 1 to 4; computed when first asked for.
     const Vista& vista(int vista) const;
 
@@ -61,7 +63,8 @@ private:
 /// The section of these constructor values from the shared cache. `values` in constructor order;
 /// values that do not shape the section (length, places that carry nothing) make no difference.
 /// Single thread, as the host's objects.
-std::shared_ptr<const Secao> secaoFrom(Kind kind, int points, std::span<const double> values);
+std::shared_ptr<const Secao> secaoFrom(Kind kind, int points, std::span<const double> values,
+                                       const Printed& printed = {});
 
 /// Short name and sizes as a draughtsman reads them: "Ue", "200x75x20x2,65". `series` is the
 /// series of a welded I.

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "texts/letters.h"
+
 namespace zp::secao {
 namespace {
 
@@ -60,6 +62,15 @@ Single singleOf(const std::wstring& perfil, const std::wstring& dimensoes) {
     if (built == kBuiltUps.end()) return {1, perfil, dimensoes};
     const std::wstring sizes = dimensoes.substr(0, dimensoes.find(L' '));
     return {2, built->single, built->lying ? turned(sizes) : sizes};
+}
+
+std::wstring designacaoText(const std::wstring& perfil, const std::wstring& dimensoes,
+                            const std::wstring& name) {
+    if (name.empty()) return texts::trimmed(perfil + L' ' + dimensoes);
+    if (singleOf(perfil, dimensoes).count == 1) return name;
+    const std::size_t sizes = std::min(name.find(L' '), name.size());
+    const std::size_t gaps = std::min(dimensoes.find(L' '), dimensoes.size());
+    return perfil + name.substr(sizes) + dimensoes.substr(gaps);
 }
 
 double tira(Kind kind, const Secao& secao) {

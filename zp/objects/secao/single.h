@@ -19,6 +19,12 @@ struct Single {
 /// whole and are left off. Texts of no built-up class are their own single.
 Single singleOf(const std::wstring& perfil, const std::wstring& dimensoes);
 
+/// Name of a section in the trade, from its texts and the name of its single shape: that name, of a
+/// built-up section its form, the name without its letter and the gaps. An empty name gives the
+/// texts.
+std::wstring designacaoText(const std::wstring& perfil, const std::wstring& dimensoes,
+                            const std::wstring& name);
+
 /// Width of the strip that one single shape is bent from: its developed mid-line, mm. 0 for what is
 /// not bent from strip; tubes are bought as tubes.
 double tira(Kind kind, const Secao& secao);

@@ -31,8 +31,11 @@ std::wstring dobradoWithAba(const RoleValues& d) {
                      : joinedByX({d[H], d[B1], d[T]});
 }
 
+/// A mass that names the size.
+bool named(const RoleValues& d) { return d[M] > 0.0 && !d.printed.otherMass; }
+
 std::wstring withPeso(const RoleValues& d, double pecas) {
-    return d[M] > 0.0 ? joinedByX({d[H], d[M] / pecas}) : joinedByX({d[H], d[B1], d[T]});
+    return named(d) ? joinedByX({d[H], d[M] / pecas}) : joinedByX({d[H], d[B1], d[T]});
 }
 
 std::wstring vao(const RoleValues& d) { return L" a=" + texts::withComma(d[Vao]); }
@@ -89,12 +92,12 @@ std::wstring larguraAndEspessura(const RoleValues& d, int) { return joinedByX({d
 
 std::wstring soldado(const RoleValues& d, int series) {
     if (d.variant == 1) return joinedByX({d[H], d[Bc], d[Tc], d[Bb], d[Tb], d[Tw]});
-    return series >= 1 && series <= 3 && d[M] > 0.0 ? joinedByX({d[H], d[M]})
-                                                    : joinedByX({d[H], d[Bc], d[Tc], d[Tw]});
+    return series >= 1 && series <= 3 && named(d) ? joinedByX({d[H], d[M]})
+                                                  : joinedByX({d[H], d[Bc], d[Tc], d[Tw]});
 }
 
 std::wstring laminado(const RoleValues& d, int) {
-    return d[M] > 0.0 ? joinedByX({d[H], d[M]}) : joinedByX({d[H], d[B1], d[Tf1], d[Tw]});
+    return named(d) ? joinedByX({d[H], d[M]}) : joinedByX({d[H], d[B1], d[Tf1], d[Tw]});
 }
 
 }  // namespace wording

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// What a piece takes of the published tables, and when.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "zp/objects/peca.h"
+#include "zp/tables/published.h"
+
+namespace zp::published {
+
+/// The size of one single shape of a section as the tables have it; nothing where no table has
+/// such shapes: radii or flanges of one's own, monosymmetric I, the user's welded I, plates.
+std::optional<tables::Size> sizeOf(const Peca& p);
+
+/// What the tables of the installation say of the size today; null when they do not have it.
+std::shared_ptr<const Commercial> ofToday(const Peca& p);
+
+/// The piece keeps that. Called where it is made and where its sizes change; a piece that is read
+/// from a drawing keeps what it was drawn with.
+void take(Peca& p);
+/// The same after one of its values was changed: a mass of the user's own counts, not the table's.
+void follow(Peca& p, secao::Role changed);
+
+/// What the piece keeps becomes this. It is open for write, or in no drawing.
+void keep(ZpObject& peca, std::shared_ptr<const Commercial> commercial);
+/// Mass and area that its constructor got belong to another size: they weigh and shape nothing.
+void disownMass(ZpObject& peca);
+
+}  // namespace zp::published

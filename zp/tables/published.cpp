@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+// Tables of published sizes: which columns tell a size, and the search among them.
+#include "zp/tables/published.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <map>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "texts/letters.h"
+#include "texts/path.h"
+
+namespace zp::tables {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Numbers nearer than this are one, mm.
+constexpr double kSame = 0.01 + 1e-9;
+/// Longest name that pieces keep.
+constexpr std::size_t kMostName = 60;
+constexpr std::wstring_view kOwn = L"_usuario";
+
+struct Kind {
+    const wchar_t* file;
+    std::array<const wchar_t*, 4> columns;  ///< null where the size has no more
+    bool eitherWay = false;                 ///< h and b may change places
+};
+
+// In the order of Family.
+constexpr std::array kKinds{
+    Kind{L"w_hp", {L"h", L"b", L"tw", L"tf"}},
+    Kind{L"ipe", {L"h", L"b", L"tw", L"tf"}},
+    Kind{L"i", {L"h", L"b", L"tw", L"tf"}},
+    Kind{L"u", {L"h", L"b", L"tw"}},
+    Kind{L"l", {L"h", L"b", L"t"}, true},
+    Kind{L"soldado_vs", {L"h", L"b", L"tw", L"tf"}},
+    Kind{L"soldado_cvs", {L"h", L"b", L"tw", L"tf"}},
+    Kind{L"soldado_cs", {L"h", L"b", L"tw", L"tf"}},
+    Kind{L"tubo_retangular", {L"h", L"b", L"t"}, true},
+    Kind{L"tubo_redondo", {L"d", L"t"}},
+    Kind{L"barra_redonda", {L"d"}},
+    Kind{L"u_dobrado", {L"h", L"b", L"t"}},
+    Kind{L"u_enrijecido", {L"h", L"b", L"a", L"t"}},
+    Kind{L"z_dobrado", {L"h", L"b", L"a", L"t"}},
+    Kind{L"cartola", {L"h", L"b", L"a", L"t"}},
+    Kind{L"cantoneira_dobrada", {L"h", L"b", L"t"}, true},
+};
+static_assert(kKinds.size() == static_cast<std::size_t>(Family::kTotal));
+
+const Kind& kindOf(Family family) { return kKinds[static_cast<std::size_t>(family)]; }
+
+void order(Family family, std::array<double, 4>& v) {
+    if (kindOf(family).eitherWay && v[0] < v[1]) std::swap(v[0], v[1]);
+}
+
+/// What stands in the family's columns; refused, and nothing, when one is missing.
+std::optional<std::array<double, 4>> sizesOf(TableFile& table, const Row& row, Family family,
+                                             const std::array<int, 4>& columns) {
+    std::array<double, 4> v{};
+    for (std::size_t i = 0; i < v.size() && kindOf(family).columns[i] != nullptr; ++i) {
+        const std::wstring name = kindOf(family).columns[i];
+        if (table.text(row, columns[i]).empty()) {
+            table.refuse(row, L"falta " + name + L"; escreva a medida em mm");
+            return {};
+        }
+        const std::optional<double> value = table.number(row, columns[i]);
+        if (!value) return {};
+        if (!(*value > 0.0)) {
+            table.refuse(row, name + L" deve ser maior que zero");
+            return {};
+        }
+        v[i] = *value;
+    }
+    order(family, v);
+    return v;
+}
+
+enum class Least { Zero, AboveZero };
+
+/// Nothing for a number that a row may not have; -1 where it prints none.
+std::optional<double> printed(TableFile& table, const Row& row, const wchar_t* column,
+                              Least least) {
+    const int place = table.column(column);
+    if (table.text(row, place).empty()) return -1.0;
+    const std::optional<double> value = table.number(row, place);
+    if (!value) return {};
+    if (*value > 0.0 || (least == Least::Zero && *value == 0.0)) return value;
+    table.refuse(row, std::wstring(column) + L" deve ser maior que zero, ou vazio");
+    return {};
+}
+
+std::optional<Published> publishedIn(TableFile& table, const Row& row) {
+    Published p;
+    p.name = table.text(row, table.column(L"designacao"));
+    if (p.name.empty() || p.name.size() > kMostName) {
+        table.refuse(row,
+                     L"designacao deve ter de 1 a " + std::to_wstring(kMostName) + L" caracteres");
+        return {};
+    }
+    const auto kg = printed(table, row, L"kg_m", Least::AboveZero);
+    const auto area = printed(table, row, L"A", Least::AboveZero);
+    const auto root = printed(table, row, L"r", Least::Zero);
+    const auto toe = printed(table, row, L"r_ponta", Least::Zero);
+    if (!kg || !area || !root || !toe) return {};
+    p.kgMetro = *kg;
+    p.area = *area < 0.0 ? *area : *area * 100.0;
+    p.root = *root;
+    p.toe = *toe;
+    return p;
+}
+
+/// Users' tables first; in the order of their names, so that machines agree.
+struct Found {
+    fs::path path;
+    std::wstring stem;
+    bool own = false;
+};
+
+std::vector<Found> tablesIn(const fs::path& folder) {
+    std::vector<Found> found;
+    std::error_code error;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        const fs::path& path = it->path();
+        if (texts::lower(texts::shown(path.extension())) != L".csv") continue;
+        std::wstring stem = texts::lower(texts::shown(path.stem()));
+        const bool own = stem.ends_with(kOwn);
+        if (own) stem.resize(stem.size() - kOwn.size());
+        found.push_back({path, std::move(stem), own});
+    }
+    std::ranges::sort(found, [](const Found& a, const Found& b) {
+        return a.own != b.own ? a.own : a.stem < b.stem;
+    });
+    return found;
+}
+
+/// The family of a table; of a user's one also when more follows: "w_hp_obra".
+std::optional<Family> familyOf(const Found& table) {
+    std::optional<Family> best;
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < kKinds.size(); ++i) {
+        const std::wstring_view file = kKinds[i].file;
+        const bool more = table.own && table.stem.starts_with(std::wstring(file) + L"_");
+        if ((table.stem != file && !more) || file.size() < longest) continue;
+        best = static_cast<Family>(i);
+        longest = file.size();
+    }
+    return best;
+}
+
+}  // namespace
+
+PublishedTables::PublishedTables(const fs::path& folder) {
+    const std::vector<Found> tables = tablesIn(folder);
+    for (const Found& table : tables) {
+        if (const std::optional<Family> family = familyOf(table)) {
+            read(table.path, *family);
+            continue;
+        }
+        const bool known = std::ranges::any_of(tables, [&](const Found& other) {
+            return !other.own && table.stem.starts_with(other.stem);
+        });
+        if (table.own && !known)
+            m_faults.push_back({table.path, 0,
+                                L"não é o nome de uma tabela; use o de uma delas e \"_usuario\", "
+                                L"como w_hp_usuario.csv"});
+    }
+    // Of one size the row that was read first stays first.
+    for (auto& entries : m_entries)
+        std::ranges::stable_sort(entries, {}, [](const Entry& e) { return e.v[0]; });
+}
+
+void PublishedTables::read(const fs::path& file, Family family) {
+    TableFile table = TableFile::read(file);
+    std::array<int, 4> columns{-1, -1, -1, -1};
+    std::wstring missing = table.column(L"designacao") < 0 ? L"designacao" : L"";
+    for (std::size_t i = 0; i < columns.size() && kindOf(family).columns[i] != nullptr; ++i) {
+        columns[i] = table.column(kindOf(family).columns[i]);
+        if (columns[i] < 0) missing = kindOf(family).columns[i];
+    }
+    if (!table.opened()) {
+        m_faults.push_back({file, 0, L"não pode ser lida; confira as permissões"});
+        return;
+    }
+    if (table.faults().empty() && !missing.empty()) {
+        m_faults.push_back({file, 0, L"falta a coluna " + missing + L"; nada dela foi lido"});
+        return;
+    }
+    std::map<std::array<double, 4>, int> lines;
+    for (const Row& row : table.rows()) {
+        const auto v = sizesOf(table, row, family, columns);
+        if (!v) continue;
+        std::optional<Published> published = publishedIn(table, row);
+        if (!published) continue;
+        const auto [first, fresh] = lines.emplace(*v, row.line);
+        if (fresh)
+            m_entries[static_cast<std::size_t>(family)].push_back({*v, std::move(*published)});
+        else
+            table.refuse(row, L"a medida já está na linha " + std::to_wstring(first->second) +
+                                  L", que vale; tire uma delas");
+    }
+    m_faults.insert(m_faults.end(), table.faults().begin(), table.faults().end());
+}
+
+const Published* PublishedTables::find(Size size) const {
+    if (size.family >= Family::kTotal) return nullptr;
+    order(size.family, size.v);
+    const std::vector<Entry>& entries = m_entries[static_cast<std::size_t>(size.family)];
+    const Published* best = nullptr;
+    double nearest = kSame;
+    auto entry = std::ranges::lower_bound(entries, size.v[0] - kSame, {},
+                                          [](const Entry& e) { return e.v[0]; });
+    for (; entry != entries.end() && entry->v[0] <= size.v[0] + kSame; ++entry) {
+        double away = 0.0;
+        for (std::size_t i = 0; i < size.v.size(); ++i)
+            away = std::max(away, std::abs(entry->v[i] - size.v[i]));
+        if (!(away < nearest)) continue;
+        nearest = away;
+        best = &entry->row;
+    }
+    return best;
+}
+
+fs::path tablesFolder(const fs::path& installation) {
+    return texts::entryOf(texts::entryOf(installation, "Perfis"), "Tabelas");
+}
+
+std::shared_ptr<const PublishedTables> publishedOf(const fs::path& installation) {
+    using Clock = std::chrono::steady_clock;
+    /// Name and time of every file there.
+    using Stamp = std::map<fs::path, fs::file_time_type>;
+    struct Kept {
+        fs::path installation;
+        Clock::time_point looked;
+        Stamp stamp;
+        std::shared_ptr<const PublishedTables> tables;
+    };
+    static Kept kept;
+    const bool same = kept.tables && kept.installation.native() == installation.native();
+    const Clock::time_point now = Clock::now();
+    if (same && now - kept.looked < std::chrono::seconds(1)) return kept.tables;
+    const fs::path folder = tablesFolder(installation);
+    Stamp stamp;
+    std::error_code error;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        std::error_code unread;
+        stamp[it->path()] = it->last_write_time(unread);
+    }
+    if (!same || stamp != kept.stamp) kept.tables = std::make_shared<const PublishedTables>(folder);
+    kept.installation = installation;
+    kept.looked = now;
+    kept.stamp = std::move(stamp);
+    return kept.tables;
+}
+
+}  // namespace zp::tables
