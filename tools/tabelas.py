@@ -160,13 +160,31 @@ def bar_source(row):
         "tabela do fabricante", "Gerdau, Barras e Perfis, 03/2019", True)
 
 
+def american(rows):
+    """U and I of the American standard are rolled with one rule of radii a series: the fillet is the web of its lightest
+    size and 0.10 inch, the toe 0.6 of that web. The makers' models follow other rules; their sections miss the
+    printed Iy by up to 5 %."""
+    series = {}
+    for row in rows:
+        # One depth may have two series, told by their flanges.
+        depth = row["designacao"].split(" x")[0]
+        row["series"] = (depth, round(float(row["tf"])) if row["designacao"].startswith("I") else 0)
+        web = float(row["tw"])
+        series[row["series"]] = min(series.get(row["series"], web), web)
+    for row in rows:
+        web = series[row["series"]]
+        row |= {"r": number(round(web + 2.54, 2)), "r_ponta": number(round(0.6 * web, 2)), "inclinacao": number(9.46)}
+    return rows
+
+
 # Table, title, its rows.
 TABLES = [
     ("w_hp", "Perfis W e HP laminados", lambda: joined(published("w_hp"))),
-    ("i", "Perfis I laminados, padrão americano", lambda: by_inches(joined(
-        published("i_gerdau"), published("i_aisc")))),
+    ("i", "Perfis I laminados, padrão americano", lambda: by_inches(american(joined(
+        published("i_gerdau"), published("i_aisc"))))),
     ("ipe", "Perfis IPE laminados", lambda: joined(published("ipe"))),
-    ("u", "Perfis U laminados", lambda: by_inches(joined(published("u_gerdau"), published("u_aisc")))),
+    ("u", "Perfis U laminados", lambda: by_inches(american(joined(
+        published("u_gerdau"), published("u_aisc"))))),
     ("l", "Cantoneiras laminadas de abas iguais",
      lambda: by_inches(joined(published("l_gerdau"), published("l_arcelormittal")))),
     ("t", "Perfis T laminados", lambda: joined(published("t"))),

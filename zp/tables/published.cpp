@@ -23,6 +23,10 @@ constexpr double kSame = 0.01 + 1e-9;
 /// Longest name that pieces keep.
 constexpr std::size_t kMostName = 60;
 constexpr std::wstring_view kOwn = L"_usuario";
+/// kg/m of one mm2 of steel.
+constexpr double kSteel = 7850e-6;
+/// An area that weighs by more above its row's mass is a misprint: it would be drawn as fillets.
+constexpr double kMostAbove = 0.01;
 
 struct Kind {
     const wchar_t* file;
@@ -107,7 +111,8 @@ std::optional<Published> publishedIn(TableFile& table, const Row& row) {
     const auto toe = printed(table, row, L"r_ponta", Least::Zero);
     if (!kg || !area || !root || !toe) return {};
     p.kgMetro = *kg;
-    p.area = *area < 0.0 ? *area : *area * 100.0;
+    const bool misprint = *kg > 0.0 && *area * 100.0 * kSteel > (1.0 + kMostAbove) * *kg;
+    p.area = *area < 0.0 || misprint ? -1.0 : *area * 100.0;
     p.root = *root;
     p.toe = *toe;
     return p;

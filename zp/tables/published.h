@@ -50,7 +50,7 @@ struct Size {
 struct Published {
     std::wstring name;      ///< "W 150 x 13,0"
     double kgMetro = -1.0;  ///< kg/m
-    double area = -1.0;     ///< mm2
+    double area = -1.0;     ///< mm2; none that weighs 1 % above the mass
     double root = -1.0;     ///< radius of the fillets, mm
     double toe = -1.0;      ///< radius of the toes, mm
 };
