@@ -3,6 +3,7 @@
 #include "zp/matlist/check.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 #include <tuple>
 
@@ -12,9 +13,13 @@
 #include "zp/matlist/check_survey.h"
 #include "zp/matlist/listing.h"
 #include "zp/objects/each_entity.h"
+#include "zp/objects/published.h"
 
 namespace zp::matlist {
 namespace {
+
+/// Masses nearer than this are one, kg/m: tables print three decimals at most.
+constexpr double kSameMass = 0.0005;
 
 CataloguesMaker g_catalogues = nullptr;
 
@@ -39,6 +44,40 @@ void checkSizes(Survey& survey) {
     }
 }
 
+/// What the table has by now, in words; empty when the piece keeps just that. A piece of before
+/// tables were kept is asked for its mass alone.
+std::wstring changedInTable(const Peca& p) {
+    const std::shared_ptr<const Commercial> today = published::ofToday(p);
+    if (!today) return {};
+    const bool one = secao::description(p.kind).composition == secao::Composition::One;
+    const double kg = (one ? 1.0 : 2.0) * today->kgMetro;
+    if (kg > 0.0 && std::abs(kg - p.kgMetro()) > kSameMass)
+        return texts::withComma(kg, 3) + L" kg/m e a peça " + texts::withComma(p.kgMetro(), 3);
+    if (!p.commercial) return {};
+    if (today->name != p.name()) return L"outro nome, " + today->name;
+    const secao::Printed& was = p.commercial->printed;
+    const secao::Printed& is = today->printed;
+    return was.root != is.root || was.toe != is.toe || was.area != is.area ? L"outros raios" : L"";
+}
+
+/// As the sizes, each once.
+void checkPublished(Survey& survey) {
+    std::set<std::pair<std::wstring, std::wstring>> told;
+    for (const AcDbObjectId& id : survey.pecas) {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        const std::wstring change = changedInTable(Access::of(*peca.object()));
+        if (change.empty()) continue;
+        const std::wstring words = sizeOf(*peca.object());
+        const std::wstring marca = survey.marcaOf(id);
+        if (told.emplace(marca, words).second)
+            survey.fault(Fault::TableSaysOther, {id}, marca, middleOf(*peca.object()),
+                         L"a tabela de " + words + L" tem " + change + L".",
+                         L"Para tomar o que a tabela tem, abra a peça com EDITAPERFIL e aceite.",
+                         protocol::Severity::Hint);
+    }
+}
+
 }  // namespace
 
 Survey::Survey(AcDbDatabase& ofDrawing)
@@ -59,13 +98,7 @@ std::wstring Survey::marcaOf(AcDbObjectId peca) const {
     return record.isNull() ? std::wstring() : book.row(record)->marca;
 }
 
-std::wstring sizeOf(const ZpObject& peca) {
-    ACHAR perfil[kZpTextMax] = {};
-    ACHAR dimensoes[kZpTextMax] = {};
-    (void)peca.getPerfil(perfil);  // the buffers are there
-    (void)peca.getDimensoes(dimensoes);
-    return std::wstring(perfil) + L" " + dimensoes;
-}
+std::wstring sizeOf(const ZpObject& peca) { return Access::of(peca).designacao(); }
 
 std::wstring wordsOf(const ZpObject& peca) {
     return sizeOf(peca) + L", " + texts::withComma(peca.getComprimentoReal(), 1) + L" mm";
@@ -89,6 +122,7 @@ std::vector<Finding> check(AcDbDatabase& drawing) {
     checkAxes(survey);
     checkSheet(survey);
     checkSizes(survey);
+    checkPublished(survey);
     std::ranges::stable_sort(survey.found, [](const Finding& a, const Finding& b) {
         if (a.severity != b.severity) return a.severity < b.severity;
         if (a.kind != b.kind) return a.kind < b.kind;

@@ -31,6 +31,7 @@ enum class Fault {
     TableStale,   ///< or a cutting plan
     BlockScaled,  ///< with listed pieces in it
     SizeUnknown,
+    TableSaysOther,  ///< of a size than a piece keeps
 };
 
 /// As protocol::Finding, kept.
@@ -47,7 +48,7 @@ struct Finding {
 /// All findings: faults before hints, then by kind, mark and age. Nothing is changed. O(n log n).
 std::vector<Finding> check(AcDbDatabase& drawing);
 
-/// "U 200x75x3".
+/// "U 200x75x3", by the name that the size has in the trade where the piece knows it.
 std::wstring sizeOf(const ZpObject& peca);
 
 /// The catalogues of sizes, read for one check.

@@ -7,6 +7,7 @@
 #include "texts/letters.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/lists.h"
+#include "zp/objects/secao/single.h"
 
 namespace zp::matlist {
 
@@ -27,11 +28,15 @@ const std::array<Column, kColumns> kColumnTable{{
     {{L"observacao", L"Observação", L"Observação", L"", -1, 36, false, true, true},
      &Linha::observacao},
     {{L"designacao", L"Designação", L"Designação", L"", -1, 30, false, false}, &designationOf},
+    {{L"origem_peso", L"Origem do peso", L"Origem do peso", L"", -1, 26, false, false},
+     &massOriginOf},
 }};
 
 std::wstring designationOf(const Linha& row) {
-    return texts::trimmed(row.descricao + L' ' + row.dimensoes);
+    return secao::designacaoText(row.descricao, row.dimensoes, row.nome);
 }
+
+std::wstring massOriginOf(const Linha& row) { return row.origemPeso; }
 
 Cell cellOf(const Linha& row, const Column& column) {
     if (column.field == Field(&Linha::observacao)) return observacaoOf(row);

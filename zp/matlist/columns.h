@@ -27,11 +27,13 @@ struct Column {
     Decimals decimals = Decimals::Fixed;
 };
 
-inline constexpr std::size_t kColumns = 11;
+inline constexpr std::size_t kColumns = 12;
 extern const std::array<Column, kColumns> kColumnTable;
 
-/// Name of what the row's members are: text and sizes.
+/// Name of what the row's members are, as the trade has it; text and sizes where it has none.
 std::wstring designationOf(const Linha& row);
+/// "tabela (geometria -0,8 %)".
+std::wstring massOriginOf(const Linha& row);
 
 /// A value as a reader gets it: text or number.
 using Cell = std::variant<std::wstring, double>;

@@ -125,8 +125,8 @@ void purge(const MaterialList& list) {
     }
     for (const Linha& l : rows(list.id))
         if (erased(l))
-            acutPrintf(L"\n%ls: %ls %ls, %ls", l.marca.c_str(), l.descricao.c_str(),
-                       l.dimensoes.c_str(), observacaoOf(l).c_str());
+            acutPrintf(L"\n%ls: %ls, %ls", l.marca.c_str(), designationOf(l).c_str(),
+                       observacaoOf(l).c_str());
     const std::wstring question = L"\nRetirar da lista (linhas: " + std::to_wstring(n) + L")";
     if (confirm(question, Answer::Yes) != Answer::Yes) return;
     acutPrintf(L"\nLinhas retiradas: %d.\n", removeErased(list.id));

@@ -70,6 +70,12 @@ std::vector<ProductPlan> plansOf(const std::vector<Linha>& rows, const CutSettin
         problem.sawCut = settings.sawCut;
         problem.trim = settings.trim;
         std::vector<cutting::LeftOver>& own = leftOvers.byKey[keyOf(product.designation)];
+        // The file may have some by their sizes still.
+        if (const std::wstring sizes = keyOf(product.sizes); sizes != keyOf(product.designation)) {
+            std::vector<cutting::LeftOver>& older = leftOvers.byKey[sizes];
+            own.insert(own.end(), older.begin(), older.end());
+            older.clear();
+        }
         problem.leftOvers = own;
         ProductPlan plan{product.designation, product.material, product.designation, {}, false};
         if (materials[product.designation] > 1) plan.name += L" (" + product.material + L")";

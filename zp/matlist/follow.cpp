@@ -14,6 +14,7 @@
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/matlist/book.h"
+#include "zp/matlist/columns.h"
 #include "zp/matlist/table.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/member.h"
@@ -28,8 +29,7 @@ constexpr std::size_t kMostLines = 12;
 
 /// "U 200x75x3, 2162 mm".
 std::wstring wordsFor(const Linha& row) {
-    return row.descricao + L" " + row.dimensoes + L", " + texts::withComma(row.comprimento, 1) +
-           L" mm";
+    return designationOf(row) + L", " + texts::withComma(row.comprimento, 1) + L" mm";
 }
 
 bool sameRow(const Linha& a, const Linha& b) {

@@ -7,6 +7,7 @@
 #include "zp/matlist/book.h"
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
+#include "zp/objects/published.h"
 #include "zp/objects/steel.h"
 
 namespace zp::matlist {
@@ -25,6 +26,9 @@ void describe(const ZpObject& peca, Linha& row) {
         row.descricao = text;
         (void)peca.getDimensoes(text);
         row.dimensoes = text;
+        const Peca& p = Access::of(peca);
+        row.nome = p.name();
+        row.origemPeso = published::massWords(p);
     }
     row.comprimento = peca.getComprimentoReal();
     row.pesoUnitario = peca.getPeso();

@@ -13,6 +13,12 @@
 namespace zp::matlist {
 namespace {
 
+/// Text and sizes of the row's single shape.
+std::wstring sizesOf(const Linha& row) {
+    const secao::Single single = secao::singleOf(row.descricao, row.dimensoes);
+    return secao::designacaoText(single.perfil, single.dimensoes, {});
+}
+
 /// Of a drawn piece of the row; 0 when it is bent from no strip or none is drawn.
 double stripOf(const Linha& row) {
     for (const auto* drawn : {&row.pecas, &row.vistas})
@@ -28,18 +34,25 @@ double stripOf(const Linha& row) {
 }  // namespace
 
 std::vector<Product> productsOf(const std::vector<Linha>& rows) {
+    // Rows of before their size had a name belong to those that have it.
+    std::map<std::wstring, std::wstring> names;
+    for (const Linha& row : rows)
+        if (!row.nome.empty()) names.try_emplace(sizesOf(row), row.nome);
     std::vector<Product> products;
     std::map<std::pair<std::wstring, std::wstring>, std::size_t> places;
     for (const Linha& row : rows) {
         if (erased(row)) continue;
-        const secao::Single single = secao::singleOf(row.descricao, row.dimensoes);
-        const std::wstring designation =
-            single.count == 1 ? designationOf(row) : single.perfil + L" " + single.dimensoes;
+        const std::wstring sizes = sizesOf(row);
+        const auto named = names.find(sizes);
+        const std::wstring& older = named != names.end() ? named->second : sizes;
+        const std::wstring& designation = row.nome.empty() ? older : row.nome;
         const auto [place, fresh] =
             places.try_emplace({designation, row.material}, products.size());
-        if (fresh) products.push_back({designation, row.material, row.descricao != kPlate, {}});
+        if (fresh)
+            products.push_back({designation, sizes, row.material, row.descricao != kPlate, {}});
+        const int singles = secao::singleOf(row.descricao, row.dimensoes).count;
         products[place->second].shares.push_back(
-            {&row, static_cast<long long>(row.quantidade) * single.count});
+            {&row, static_cast<long long>(row.quantidade) * singles});
     }
     return products;
 }

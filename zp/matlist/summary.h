@@ -21,6 +21,7 @@ struct Share {
 /// Rows of one designation and material.
 struct Product {
     std::wstring designation;  ///< of the single shape
+    std::wstring sizes;        ///< the same by its text and sizes
     std::wstring material;
     bool bar = true;  ///< not a plate
     std::vector<Share> shares;

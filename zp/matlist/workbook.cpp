@@ -101,20 +101,18 @@ const Column& columnWith(const Field& field) {
     return *std::ranges::find(kColumnTable, field, &Column::field);
 }
 
-/// The listing's columns, then hidden ones: those that formulas need and the user did not choose,
-/// and of each row what it is bought as.
+/// The listing's columns and where the masses come from, then hidden ones: those that formulas need
+/// and the user did not choose, and of each row what it is bought as.
 class ListSheet : public Worksheet {
 public:
     ListSheet(lxw_workbook* book, const Listing& listing)
-        : Worksheet(book, kListName), m_listing(listing), m_shown(listing.columns.size()) {
+        : Worksheet(book, kListName), m_listing(listing) {
+        add(&massOriginOf);
+        m_shown = m_listing.columns.size();
         for (const Field& field :
              {Field(&Linha::quantidade), Field(&Linha::material), Field(&Linha::comprimento),
               Field(&Linha::pesoUnitario), Field(&Linha::pesoTotal), Field(&Linha::areaPintura)})
-            if (const Column& c = columnWith(field);
-                std::ranges::find(m_listing.columns, &c) == m_listing.columns.end()) {
-                m_listing.columns.push_back(&c);
-                m_listing.decimals.push_back(c.shown.decimals);
-            }
+            add(field);
         for (std::size_t i = 0; i < m_listing.columns.size(); ++i) column(i);
         text(rowCount() + 1, 0, kTotal, Weight::Bold);
         for (std::size_t i = designation(); i <= metres(); ++i) width(i, 12, true);
@@ -146,6 +144,12 @@ public:
     }
 
 private:
+    void add(const Field& field) {
+        const Column& c = columnWith(field);
+        if (std::ranges::find(m_listing.columns, &c) != m_listing.columns.end()) return;
+        m_listing.columns.push_back(&c);
+        m_listing.decimals.push_back(c.shown.decimals);
+    }
     std::size_t rowCount() const { return m_listing.rows.size(); }
     void column(std::size_t i) {
         const Column& c = *m_listing.columns[i];
@@ -168,7 +172,7 @@ private:
     }
 
     Listing m_listing;
-    std::size_t m_shown;
+    std::size_t m_shown = 0;
 };
 
 /// Criterion of a cell's text as it is, whatever it begins with; `text` is what stands there.

@@ -119,12 +119,6 @@ MassSource Peca::massSource() const {
     return handedOver && own ? MassSource::Tabela : MassSource::Geometria;
 }
 
-double Peca::massDifference() const {
-    const double outline = secao().kgMetroOfOutline();
-    return massSource() == MassSource::Geometria || !(outline > 0.0) ? 0.0
-                                                                     : kgMetro() / outline - 1.0;
-}
-
 std::wstring Peca::perfil() const {
     // What the tables call an HP is one, whatever its sizes.
     if (kind == secao::Kind::ILaminadoUSA && !name().empty())

@@ -167,8 +167,6 @@ struct Peca {
     /// of plates, no more than what follows.
     double kgMetro() const;
     MassSource massSource() const;
-    /// By how much that mass is above the outline's, over it; 0 when it is the outline's.
-    double massDifference() const;
     /// "W", "2L T"; sizes as numbers, "148x13".
     std::wstring perfil() const;
     std::wstring dimensoes() const;

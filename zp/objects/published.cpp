@@ -8,6 +8,7 @@
 #include <numbers>
 #include <utility>
 
+#include "texts/number.h"
 #include "zp/objects/layers.h"
 #include "zp/objects/secao/assembly.h"
 
@@ -138,6 +139,13 @@ std::shared_ptr<const Commercial> ofToday(const Peca& p) {
     commercial->kgMetro = std::max(0.0, row->kgMetro);
     commercial->printed = {row->root, row->toe, std::max(0.0, row->area)};
     return commercial;
+}
+
+std::wstring massWords(const Peca& p) {
+    if (p.massSource() == MassSource::Geometria) return L"geometria";
+    const double percent = 100.0 * (p.secao().kgMetroOfOutline() / p.kgMetro() - 1.0);
+    const std::wstring words = texts::withComma(percent, 1);
+    return L"tabela (geometria " + (percent > 0.0 && words != L"0" ? L"+" + words : words) + L" %)";
 }
 
 void take(Peca& p) {

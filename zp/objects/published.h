@@ -17,6 +17,10 @@ std::optional<tables::Size> sizeOf(const Peca& p);
 /// What the tables of the installation say of the size today; null when they do not have it.
 std::shared_ptr<const Commercial> ofToday(const Peca& p);
 
+/// Where the mass comes from and how far the outline's is from it, for the user:
+/// "tabela (geometria -0,8 %)", "geometria".
+std::wstring massWords(const Peca& p);
+
 /// The piece keeps that. Called where it is made and where its sizes change; a piece that is read
 /// from a drawing keeps what it was drawn with.
 void take(Peca& p);

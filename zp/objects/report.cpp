@@ -38,6 +38,7 @@ void texts(const ZpObject& peca, PropertyVisitor& v) {
     v.text(L"perfil", text);
     (void)peca.getDimensoes(text);
     v.text(L"dimensoes", text);
+    v.text(L"designacao", Access::of(peca).designacao().c_str());
 }
 
 class PecasReport : public protocol::EntityReport {

@@ -15,6 +15,7 @@
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/member.h"
 #include "zp/objects/peca.h"
+#include "zp/objects/published.h"
 #include "zp/objects/secao/labels.h"
 #include "zp/objects/steel.h"
 
@@ -64,6 +65,7 @@ void perfilGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     ACHAR dimensoes[kZpTextMax];
     (void)peca.getPerfil(perfil);  // the buffers are there
     (void)peca.getDimensoes(dimensoes);
+    show(s, L"designacao", L"Designação", p.designacao());
     s.show(L"perfil", L"Perfil", perfil);
     s.show(L"dimensoes", L"Dimensões", dimensoes);
     s.show(L"classe", L"Classe", secao::description(p.kind).name);
@@ -111,6 +113,7 @@ void secaoGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     show(s, L"kg_m", L"Peso por metro", withUnit(peca.getLinearWeight(), 3, L"kg/m"));
     show(s, L"area_pintura", L"Área de pintura", withUnit(peca.getAreaPintura(), 4, L"m²"));
     if (p.chapa()) return;
+    show(s, L"fonte_massa", L"Origem do peso", published::massWords(p));
     const secao::Properties& r = p.secao().properties();
     show(s, L"area", L"Área (A)", withUnit(peca.getArea() * 1e-2, 3, L"cm²"));
     show(s, L"ix", L"Momento de inércia (Ix)", withUnit(r.ix * 1e-4, 2, L"cm⁴"));

@@ -8,6 +8,7 @@
 #include "texts/number.h"
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
+#include "zp/objects/published.h"
 
 using texts::withComma;
 using zp::Link;
@@ -55,11 +56,8 @@ void ZpObject::subList() const {
     assertReadEnabled();
     AcDbEntity::subList();
     const Peca& p = *m_peca;
-    ACHAR perfil[kZpTextMax];
-    ACHAR dimensoes[kZpTextMax];
-    (void)getPerfil(perfil);  // the buffers are there
-    (void)getDimensoes(dimensoes);
-    line(L"perfil", std::wstring(perfil) + L" " + dimensoes);
+    line(L"designação", p.designacao());
+    line(L"perfil", p.perfil() + L" " + p.dimensoes());
     line(L"início", point(p.start));
     line(L"comprimento", withComma(p.comprimento, 4) + L" mm");
     line(L"ângulo", withComma(p.angle * 180.0 / std::numbers::pi, 4) + L" graus" +
@@ -68,6 +66,7 @@ void ZpObject::subList() const {
     line(L"função", p.tipoBarra < std::size(kRoleNames) ? kRoleNames[p.tipoBarra] : kRoleNames[0]);
     line(L"peso", withComma(getPeso(), 3) + L" kg (" + withComma(getLinearWeight(), 3) + L" kg/m)");
     line(L"área de pintura", withComma(getAreaPintura(), 4) + L" m2");
+    if (!p.chapa()) line(L"origem do peso", zp::published::massWords(p));
     if (!p.chapa()) listSecao(p);
     line(L"cotas", handles(p, true));
     line(L"peças ligadas", handles(p, false));
