@@ -56,9 +56,8 @@ inline std::wstring lineOf(const Finding& finding) {
 /// How many there were, and the line below all of them.
 class Tally {
 public:
-    void count(const Finding& finding) {
-        ++(finding.severity == Severity::Fault ? m_faults : m_hints);
-    }
+    void count(const Finding& finding) { count(finding.severity); }
+    void count(Severity severity) { ++(severity == Severity::Fault ? m_faults : m_hints); }
     std::size_t faults() const { return m_faults; }
     std::wstring summary() const {
         const auto counted = [](std::size_t n, const wchar_t* one, const wchar_t* many) {

@@ -15,6 +15,8 @@ double valueOf(const RoleValue& value, const Medidas& medidas) {
     return value.rule != nullptr ? value.rule(medidas) : value.constant;
 }
 
+}  // namespace
+
 RoleValues valuesFor(const PerfilDescription& description, const PecaRequest& request,
                      double giro) {
     RoleValues values;
@@ -25,8 +27,6 @@ RoleValues valuesFor(const PerfilDescription& description, const PecaRequest& re
     if (description.complete != nullptr) description.complete(values, request);
     return values;
 }
-
-}  // namespace
 
 std::unique_ptr<ZpObject> makeAtPoint(const PerfilDescription& description,
                                       const AcGePoint3d& point, const PecaRequest& request) {

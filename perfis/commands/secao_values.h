@@ -69,6 +69,9 @@ inline constexpr PecaClass kPecaClass{
                                  end, vista);
     }};
 
+/// Values of the section class by role, as the constructors get them; `giro` in radians.
+zp::secao::RoleValues valuesFor(const PerfilDescription& description, const PecaRequest& request,
+                                double giro = 0.0);
 /// A new piece, in no drawing.
 std::unique_ptr<ZpObject> makeAtPoint(const PerfilDescription& description,
                                       const AcGePoint3d& point, const PecaRequest& request);

@@ -4,6 +4,7 @@
 #include "acutads.h"
 #include "dbapserv.h"
 #include "perfis/commands/catalogue_check.h"
+#include "perfis/commands/catalogue_command.h"
 #include "perfis/commands/command_table.h"
 #include "perfis/commands/peca_editor.h"
 #include "rxdefs.h"
@@ -24,6 +25,10 @@ void registerCommands() {
         (void)stack->addCommand(perfis::kCommandGroup, row.globalName, row.localName,
                                 ACRX_CMD_TRANSPARENT, row.handler);
     }
+    if (AcEdCommandStack* const stack = commandStack())
+        (void)stack->addCommand(perfis::kCommandGroup, perfis::kCatalogueCommand,
+                                perfis::kCatalogueCommand, ACRX_CMD_MODAL,
+                                perfis::catalogueCommand);
 }
 
 }  // namespace
@@ -36,10 +41,12 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
         registerCommands();
         perfis::installPecaEditor();
         perfis::installCatalogueCheck();
+        perfis::installCatalogueExaminer();
     } else if (msg == AcRx::kLoadDwgMsg) {
         AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
         if (drawing != nullptr) perfis::keepTravejamentos(*drawing);
     } else if (msg == AcRx::kUnloadAppMsg) {
+        perfis::removeCatalogueExaminer();
         perfis::removeCatalogueCheck();
         perfis::removePecaEditor();
         AcEdCommandStack* const stack = commandStack();

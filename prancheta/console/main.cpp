@@ -7,6 +7,7 @@
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
+#include "prancheta/console/catalogue_job.h"
 #include "prancheta/console/check_job.h"
 #include "prancheta/console/console_ui.h"
 #include "prancheta/console/event_log.h"
@@ -119,6 +120,9 @@ int run(const Options& options) {
     ConsoleUi ui(*script, options.transcript ? Transcript::Shown : Transcript::None);
     Host host(ui, hostOptions(options, outcome));
     const bool prepared = prepare(host, options, outcome);
+    if (!options.catalogues.empty())
+        return prepared ? std::max(outcome.code(false), checkCatalogues(options.catalogues))
+                        : outcome.code(false);
     if (!options.check.empty())
         return prepared ? std::max(outcome.code(false), checkJob(host.editor().database()))
                         : outcome.code(false);

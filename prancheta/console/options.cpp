@@ -123,6 +123,9 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--confere", options.check,
                    "confere peças, lista e cotas de um desenho e termina")
         ->type_name("ARQUIVO.dxf");
+    app.add_option("--catalogos", options.catalogues,
+                   "confere as listas e tabelas de bitolas de uma pasta de instalação e termina")
+        ->type_name("PASTA");
     for (std::size_t i = 0; i < options.plots.size(); ++i)
         app.add_option(kPlotOptions[i][0], options.plots[i],
                        "plota a extensão do desenho, ajustada a uma folha A4")
@@ -162,7 +165,7 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     }
     options.defaultModules = !noModules;
     options.otherModules = !defaultOnly;
-    options.transcript = !quiet && options.check.empty();
+    options.transcript = !quiet && options.check.empty() && options.catalogues.empty();
     if (!options.check.empty()) options.drawing = options.check;
     findOutputs(options);
     if (const std::string refusal = refusalOf(app, options); !refusal.empty()) {

@@ -19,8 +19,9 @@ struct Options {
     std::string installation;
     /// Files to plot to, in the order of PlotFormat; empty: none.
     std::array<std::string, 3> plots;
-    std::string verify;  ///< DXF file to be examined instead of running a script
-    std::string check;   ///< drawing whose job is to be checked instead
+    std::string verify;      ///< DXF file to be examined instead of running a script
+    std::string check;       ///< drawing whose job is to be checked instead
+    std::string catalogues;  ///< folder of catalogues to be examined instead
     std::vector<std::string> modules;
     bool defaultModules = true;
     bool otherModules = true;  ///< a script may load others than those

@@ -30,7 +30,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"perfis/output", {"perfis/entities", "zp/matlist", "zp/trelica", "texts"}},
     {"perfis/commands",
      {"perfis/entities", "perfis/catalogues", "perfis/dialogs", "perfis/output", "zp/objects",
-      "zp/objects/secao", "zp/matlist", "protocol", "texts"}},
+      "zp/objects/secao", "zp/tables", "zp/matlist", "protocol", "texts"}},
     {"perfis/frame", {"perfis/commands"}},
     {"zp", {}},
     {"zp/forja", {"texts"}},

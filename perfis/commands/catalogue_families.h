@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// Which list holds sizes of which family, and how a size is written in lists and side tables.
+#pragma once
+
+#include <span>
+
+#include "perfis/commands/handlers.h"
+
+namespace perfis {
+
+/// A number of the dialog and the column of the side tables that has it.
+struct SizeColumn {
+    const wchar_t* name;
+    Medida medida;
+};
+
+/// How the values that a table prints follow from each other.
+enum class Symmetry {
+    kBoth,   ///< W = 2 I / h, about both axes
+    kUpper,  ///< about x alone, as a U: y from xg
+    kNone,   ///< an angle: both from xg
+    kRound,
+    kTube,  ///< as kBoth; nobody prints the radii of its corners
+    kTee,   ///< about y alone: x from yg
+};
+
+/// A side table and the sections of its rows.
+struct Family {
+    const wchar_t* table;  ///< file name without its ending
+    Symmetry symmetry;
+    std::span<const SizeColumn> sizes;
+    const PerfilCommand* command;  ///< that draws them; null: none does
+    int source = 0;                ///< of the command
+    /// mm2, where no command draws them.
+    double (*area)(const Medidas&) = nullptr;
+};
+
+std::span<const Family> families();
+
+/// A list of sizes.
+struct SizeList {
+    const wchar_t* file;
+    const wchar_t* table;  ///< of its family; null: sizes that every user chooses
+    const PerfilCommand& command;
+    int source = 0;
+    const wchar_t* shown = nullptr;  ///< list with the same sizes line by line
+    bool peso = false;               ///< the last column is the linear mass
+    int firstColumn = 0;             ///< of the numbers
+    /// Where the family's sizes stand in the dialog; empty: as the family has them.
+    std::span<const SizeColumn> sizes{};
+    bool blankRows = false;  ///< an empty line is a row
+};
+
+std::span<const SizeList> sizeLists();
+
+}  // namespace perfis
