@@ -17,9 +17,9 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 DADOS = ROOT / "dados"
 
-COLUMNS = ("designacao h b a tw tf t d r r_ponta inclinacao kg_m A Ix Wx rx Zx Iy Wy ry Zy It Cw xg yg rz "
+COLUMNS = ("designacao h b aba tw tf t d r r_ponta inclinacao kg_m A Ix Wx rx Zx Iy Wy ry Zy It Cw xg yg rz "
            "norma fonte duvida").split()
-SIZES = "h b a tw tf t d".split()
+SIZES = "h b aba tw tf t d".split()
 
 HEAD = """\
 # {title}
@@ -136,7 +136,7 @@ def inches(designation):
 
 
 def bent(table, name, lip, printed):
-    sizes = {"h": "h", "b": "b", "t": "t"} | ({"a": "a"} if lip else {})
+    sizes = {"h": "h", "b": "b", "t": "t"} | ({"aba": "a"} if lip else {})
     columns = ("h", "b", "a", "t") if lip else ("h", "b", "t")
     return list(own(table, sizes, lambda row: f"{name} {trade(*(row[c] for c in columns))}",
                     lambda row: (NBR_6355, NBR_6355, printed)))

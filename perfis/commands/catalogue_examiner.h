@@ -34,20 +34,22 @@ std::optional<CatalogueFolders> cataloguesIn(const std::filesystem::path& folder
 
 /// Sizes in the order of their family's columns, in hundredths of a mm.
 using SizeKey = std::vector<long>;
-SizeKey sizeKeyOf(std::span<const SizeColumn> sizes, const Medidas& medidas);
+/// `sizes`: where they stand in the dialog.
+SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const Medidas& medidas);
 
 /// A size of a family: the order in which its tables have it, and what they print.
 struct TabledSize {
     int place = 0;
+    bool own = false;  ///< a user's row, which goes before that of the same size
     std::wstring designacao;
     std::optional<double> peso;  ///< kg/m
 };
 /// By family, in the order of families(); tables that are not there have no sizes.
 using SideTables = std::vector<std::map<SizeKey, TabledSize>>;
 
-/// The side tables of a folder, the user's own rows behind those of their family. What is wrong
-/// with them goes to `findings`: rows that cannot be read or drawn, values that contradict each
-/// other or the outline, sizes that stand twice. What a row's own remark explains is a hint.
+/// The side tables of a folder, with the user's own (l_usuario.csv, l_obra_usuario.csv). What is
+/// wrong with them goes to `findings`: rows that cannot be read or drawn, values that contradict
+/// each other or the outline, sizes that stand twice. What a row's own remark explains is a hint.
 SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings& findings);
 
 /// What is wrong with the lists of a folder: columns, outline, mass, pairs, doubles, order, and

@@ -7,12 +7,12 @@ namespace {
 
 constexpr SizeColumn kHbt[] = {{L"h", &Medidas::h}, {L"b", &Medidas::b}, {L"t", &Medidas::t}};
 constexpr SizeColumn kHbta[] = {
-    {L"h", &Medidas::h}, {L"b", &Medidas::b}, {L"t", &Medidas::t}, {L"a", &Medidas::a}};
+    {L"h", &Medidas::h}, {L"b", &Medidas::b}, {L"t", &Medidas::t}, {L"aba", &Medidas::a}};
 constexpr SizeColumn kHbte[] = {
-    {L"h", &Medidas::h}, {L"b", &Medidas::b}, {L"t", &Medidas::t}, {L"a", &Medidas::e}};
+    {L"h", &Medidas::h}, {L"b", &Medidas::b}, {L"t", &Medidas::t}, {L"aba", &Medidas::e}};
 /// A hat that lies on its side.
 constexpr SizeColumn kBhte[] = {
-    {L"h", &Medidas::b}, {L"b", &Medidas::h}, {L"t", &Medidas::t}, {L"a", &Medidas::e}};
+    {L"h", &Medidas::b}, {L"b", &Medidas::h}, {L"t", &Medidas::t}, {L"aba", &Medidas::e}};
 constexpr SizeColumn kU[] = {{L"h", &Medidas::h}, {L"b", &Medidas::b}, {L"tw", &Medidas::t}};
 constexpr SizeColumn kI[] = {
     {L"h", &Medidas::h}, {L"b", &Medidas::b}, {L"tf", &Medidas::t}, {L"tw", &Medidas::a}};
@@ -26,24 +26,24 @@ constexpr Family kFamilies[] = {
     {L"ipe", Symmetry::kBoth, kI, &pilaminado, 1},
     {L"i", Symmetry::kBoth, kI, &pilaminado, 2},
     {L"u", Symmetry::kUpper, kU, &perfilulaminado},
-    {L"l", Symmetry::kNone, kHbt, &pcantlam},
-    {L"t", Symmetry::kTee, kHbt, nullptr, 0,
+    {L"l", Symmetry::kNone, kHbt, &pcantlam, 0, true},
+    {L"t", Symmetry::kTee, kHbt, nullptr, 0, false,
      [](const Medidas& m) { return m.t * (m.h + m.b - m.t); }},
     {L"soldado_vs", Symmetry::kBoth, kI, &pisoldado, 1},
     {L"soldado_cvs", Symmetry::kBoth, kI, &pisoldado, 2},
     {L"soldado_cs", Symmetry::kBoth, kI, &pisoldado, 3},
-    {L"tubo_retangular", Symmetry::kTube, kHbt, &perfilbox},
+    {L"tubo_retangular", Symmetry::kTube, kHbt, &perfilbox, 0, true},
     {L"tubo_redondo", Symmetry::kRound, kTubo, &perfiltubo},
     {L"barra_redonda", Symmetry::kRound, kBarra, &perfilbarraredonda},
-    {L"barra_quadrada", Symmetry::kBoth, kSquare, nullptr, 0,
+    {L"barra_quadrada", Symmetry::kBoth, kSquare, nullptr, 0, false,
      [](const Medidas& m) { return m.b * m.b; }},
-    {L"barra_chata", Symmetry::kBoth, kFlat, nullptr, 0,
+    {L"barra_chata", Symmetry::kBoth, kFlat, nullptr, 0, false,
      [](const Medidas& m) { return m.b * m.t; }},
     {L"u_dobrado", Symmetry::kUpper, kHbt, &pudobrado},
     {L"u_enrijecido", Symmetry::kUpper, kHbta, &pudoben},
     {L"z_dobrado", Symmetry::kNone, kHbta, &pzdobrado},
     {L"cartola", Symmetry::kNone, kHbta, &pcartola},
-    {L"cantoneira_dobrada", Symmetry::kNone, kHbt, &pcantdob},
+    {L"cantoneira_dobrada", Symmetry::kNone, kHbt, &pcantdob, 0, true},
 };
 
 const SizeList kLists[] = {

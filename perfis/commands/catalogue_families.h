@@ -31,6 +31,7 @@ struct Family {
     std::span<const SizeColumn> sizes;
     const PerfilCommand* command;  ///< that draws them; null: none does
     int source = 0;                ///< of the command
+    bool eitherWay = false;        ///< h and b may change places
     /// mm2, where no command draws them.
     double (*area)(const Medidas&) = nullptr;
 };

@@ -75,7 +75,8 @@ public:
         : m_list(list), m_folder(folder), m_findings(findings) {
         for (std::size_t i = 0; i < families().size(); ++i)
             if (list.table != nullptr && families()[i].table == std::wstring_view(list.table)) {
-                m_sizes = list.sizes.empty() ? families()[i].sizes : list.sizes;
+                m_family = &families()[i];
+                m_sizes = list.sizes.empty() ? m_family->sizes : list.sizes;
                 m_table = &tables[i];
             }
     }
@@ -173,7 +174,7 @@ private:
 
     const TabledSize* tabled(const ListRow& row) const {
         if (m_table == nullptr) return nullptr;
-        const auto found = m_table->find(sizeKeyOf(m_sizes, row.medidas));
+        const auto found = m_table->find(sizeKeyOf(*m_family, m_sizes, row.medidas));
         return found == m_table->end() ? nullptr : &found->second;
     }
 
@@ -264,6 +265,7 @@ private:
     const SizeList& m_list;
     const std::filesystem::path& m_folder;
     CatalogueFindings& m_findings;
+    const Family* m_family = nullptr;
     std::span<const SizeColumn> m_sizes;
     const std::map<SizeKey, TabledSize>* m_table = nullptr;
     std::vector<ListRow> m_rows;
@@ -271,10 +273,11 @@ private:
 
 }  // namespace
 
-SizeKey sizeKeyOf(std::span<const SizeColumn> sizes, const Medidas& medidas) {
+SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const Medidas& medidas) {
     SizeKey key;
     for (const SizeColumn& size : sizes)
         key.push_back(std::lround(std::clamp(100.0 * medidas.*size.medida, -1e9, 1e9)));
+    if (family.eitherWay && key[0] < key[1]) std::swap(key[0], key[1]);
     return key;
 }
 

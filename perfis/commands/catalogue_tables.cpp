@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "perfis/commands/catalogue_examiner.h"
+#include "texts/letters.h"
 #include "texts/number.h"
 #include "texts/path.h"
 #include "zp/objects/secao/secao.h"
@@ -16,6 +17,8 @@ namespace {
 
 using protocol::Severity;
 using zp::tables::TableFile;
+
+constexpr std::wstring_view kOwn = L"_usuario";
 
 /// What a source prints beside the size.
 enum Printed { kPeso, kArea, kIx, kWx, kRx, kIy, kWy, kRy, kIt, kCw, kXg, kYg, kRoot, kToe, kAll };
@@ -70,21 +73,28 @@ std::wstring shown(double number) {
     return texts::withComma(number, std::clamp(3 - digits, 0, 4));
 }
 
+void tellFaults(const TableFile& table, CatalogueFindings& findings) {
+    for (const zp::tables::Fault& fault : table.faults())
+        findings.push_back({Severity::Fault,
+                            texts::shown(table.path().filename()),
+                            fault.line,
+                            {},
+                            fault.reason + L".",
+                            L"Corrija a linha."});
+}
+
 class FamilyExaminer {
 public:
     FamilyExaminer(const Family& family, std::map<SizeKey, TabledSize>& sizes,
                    CatalogueFindings& findings)
         : m_family(family), m_sizes(sizes), m_findings(findings) {}
 
-    void examine(TableFile table) {
-        if (!table.opened()) return;
-        m_file = texts::shown(table.path().filename());
+    void examine(const std::filesystem::path& path, bool own) {
+        TableFile table = TableFile::read(path);
+        m_own = own;
+        m_file = texts::shown(path.filename());
         for (const zp::tables::Row& row : table.rows()) examineRow(table, row);
-        for (const zp::tables::Fault& fault : table.faults()) {
-            m_line = fault.line;
-            m_name.clear();
-            add(fault.reason, L"Corrija a linha.");
-        }
+        tellFaults(table, m_findings);
     }
 
 private:
@@ -105,18 +115,29 @@ private:
             m_values[i].reset();
             if (number) m_values[i] = valueOf(table.text(row, column), *number);
         }
-        const auto [first, fresh] = m_sizes.try_emplace(
-            sizeKeyOf(m_family.sizes, m_medidas),
-            TabledSize{static_cast<int>(m_sizes.size()), m_name,
-                       m_values[kPeso] ? std::optional(m_values[kPeso]->number) : std::nullopt});
-        if (!fresh)
-            add(L"A bitola já está na tabela, como " + first->second.designacao + L".",
-                L"Apague uma das duas linhas.");
+        keepSize();
         if (!m_doubt.empty())
             add(L"Linha em dúvida: " + m_doubt + L".", L"Confira-a com o fornecedor.",
                 Severity::Hint);
         compareEachOther();
         compareWithOutline();
+    }
+
+    /// Of one size the user's row counts.
+    void keepSize() {
+        const auto [first, fresh] =
+            m_sizes.try_emplace(sizeKeyOf(m_family, m_family.sizes, m_medidas));
+        TabledSize& size = first->second;
+        if (!fresh && size.own == m_own) {
+            add(L"A bitola já está na tabela, como " + size.designacao + L".",
+                L"Apague uma das duas linhas.");
+            return;
+        }
+        if (fresh) size.place = static_cast<int>(m_sizes.size());
+        size.own = m_own;
+        size.designacao = m_name;
+        size.peso.reset();
+        if (m_values[kPeso]) size.peso = has(kPeso);
     }
 
     bool readSizes(TableFile& table, const zp::tables::Row& row) {
@@ -140,7 +161,10 @@ private:
 
     /// The row's own remark names the value: that is said once.
     bool explained(Printed which) const {
-        return m_doubt.find(m_values[which]->text) != std::wstring::npos;
+        const auto told = [&](const std::wstring& number) {
+            return m_doubt.find(number + L" impresso") != std::wstring::npos;
+        };
+        return told(m_values[which]->text) || told(shown(m_values[which]->number));
     }
 
     /// `computed` is 0 where it does not follow from anything.
@@ -222,6 +246,8 @@ private:
         PecaRequest request{.medidas = m_medidas, .comprimento = 1.0, .source = m_family.source};
         request.medidas.m = has(kPeso);
         zp::secao::RoleValues values = valuesFor(description, request);
+        values.printed = {m_values[kRoot] ? has(kRoot) : -1.0, m_values[kToe] ? has(kToe) : -1.0,
+                          100.0 * has(kArea)};
         if (corner >= 0.0) values[zp::secao::Role::Ri] = corner;
         return {description.pecas.kind, values};
     }
@@ -256,12 +282,14 @@ private:
     void within(Printed which, double least, double most) {
         if (!m_values[which]) return;
         const double nearest = std::clamp(has(which), least, most);
-        compare(which, nearest, has(which) > most ? kNominalPeso : kOutlineOff, L"o contorno");
+        const double off = has(which) > most ? kNominalPeso : kOutlineOff;
+        compare(which, nearest, which == kIt ? kTorsionOff : off, L"o contorno");
     }
 
     const Family& m_family;
     std::map<SizeKey, TabledSize>& m_sizes;
     CatalogueFindings& m_findings;
+    bool m_own = false;
     std::wstring m_file;
     int m_line = 0;
     std::wstring m_name;
@@ -270,16 +298,40 @@ private:
     std::array<std::optional<Value>, kAll> m_values;
 };
 
+/// Of a user's table also when more stands between: "w_hp_obra_usuario".
+std::optional<std::size_t> familyOf(std::wstring_view stem) {
+    std::optional<std::size_t> found;
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < families().size(); ++i) {
+        const std::wstring table = families()[i].table;
+        const bool own = stem.ends_with(kOwn) && stem.starts_with(table + L"_");
+        if ((stem != table && !own) || table.size() < longest) continue;
+        found = i;
+        longest = table.size();
+    }
+    return found;
+}
+
 }  // namespace
 
 SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings& findings) {
     SideTables tables(families().size());
-    for (std::size_t i = 0; i < tables.size(); ++i) {
-        FamilyExaminer examiner(families()[i], tables[i], findings);
-        const std::wstring name = families()[i].table;
-        for (const wchar_t* const ending : {L".csv", L"_usuario.csv"})
-            examiner.examine(TableFile::read(texts::entryOf(folder, texts::pathOf(name + ending))));
-    }
+    std::vector<std::filesystem::path> files;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        if (texts::lower(texts::shown(entry->path().extension())) == L".csv")
+            files.push_back(entry->path());
+    std::ranges::sort(files);
+    for (const bool own : {false, true})
+        for (const std::filesystem::path& file : files) {
+            const std::wstring stem = texts::lower(texts::shown(file.stem()));
+            if (stem.ends_with(kOwn) != own) continue;
+            if (const std::optional<std::size_t> family = familyOf(stem))
+                FamilyExaminer(families()[*family], tables[*family], findings).examine(file, own);
+            else
+                tellFaults(TableFile::read(file), findings);
+        }
     return tables;
 }
 

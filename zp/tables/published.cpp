@@ -48,9 +48,9 @@ constexpr std::array kKinds{
     Kind{L"tubo_redondo", {L"d", L"t"}},
     Kind{L"barra_redonda", {L"d"}},
     Kind{L"u_dobrado", {L"h", L"b", L"t"}},
-    Kind{L"u_enrijecido", {L"h", L"b", L"a", L"t"}},
-    Kind{L"z_dobrado", {L"h", L"b", L"a", L"t"}},
-    Kind{L"cartola", {L"h", L"b", L"a", L"t"}},
+    Kind{L"u_enrijecido", {L"h", L"b", L"aba", L"t"}},
+    Kind{L"z_dobrado", {L"h", L"b", L"aba", L"t"}},
+    Kind{L"cartola", {L"h", L"b", L"aba", L"t"}},
     Kind{L"cantoneira_dobrada", {L"h", L"b", L"t"}, true},
 };
 static_assert(kKinds.size() == static_cast<std::size_t>(Family::kTotal));

@@ -39,7 +39,7 @@ enum class Family : std::uint8_t {
 /// Height and width of angles and rectangular tubes may stand in either order.
 ///
 ///     W Ipe I Vs Cvs Cs  h b tw tf      L TuboRetangular UDobrado CantoneiraDobrada  h b t
-///     U                  h b tw         UEnrijecido ZDobrado Cartola                 h b a t
+///     U                  h b tw         UEnrijecido ZDobrado Cartola                 h b aba t
 ///     TuboRedondo        d t            BarraRedonda                                 d
 struct Size {
     Family family = Family::kTotal;
