@@ -312,6 +312,14 @@ std::optional<std::size_t> familyOf(std::wstring_view stem) {
     return found;
 }
 
+/// Tables that are of no family have their users' rows, too.
+bool besidesOneOf(const std::vector<std::filesystem::path>& files, std::wstring_view own) {
+    return std::ranges::any_of(files, [&](const std::filesystem::path& file) {
+        const std::wstring stem = texts::lower(texts::shown(file.stem()));
+        return stem != own && own.starts_with(stem + L"_");
+    });
+}
+
 }  // namespace
 
 SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings& findings) {
@@ -329,6 +337,13 @@ SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings&
             if (stem.ends_with(kOwn) != own) continue;
             if (const std::optional<std::size_t> family = familyOf(stem))
                 FamilyExaminer(families()[*family], tables[*family], findings).examine(file, own);
+            else if (own && !besidesOneOf(files, stem))
+                findings.push_back({Severity::Fault,
+                                    texts::shown(file.filename()),
+                                    0,
+                                    {},
+                                    L"Ninguém lê uma tabela com este nome.",
+                                    L"Chame-a como a da família, por exemplo w_hp_usuario.csv."});
             else
                 tellFaults(TableFile::read(file), findings);
         }

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 /// Written last, so that a copy that was broken off is made again.
 constexpr const char* kStamp = "versao";
 /// What users do not edit; everything else is theirs once it is there.
-constexpr const char* kOurs[] = {".dcl", ".slb", ".sld", ".json", ".md"};
+constexpr const char* kOurs[] = {".dcl", ".slb", ".sld", ".json", ".md", ".csv"};
 /// Where the system keeps what programs write for one user.
 #ifdef _WIN32
 constexpr const char* kDataVariable = "LOCALAPPDATA";
