@@ -2,6 +2,21 @@
 
 // ---- Peças de um só controle --------------------------------------------------------------------
 
+// A lista mostra, enquanto se digita, o que atende à busca; Enter toma a primeira linha.
+busca : edit_box {
+    key = "busca";
+    label = "Bus&ca";
+    edit_limit = 79;
+    reports_typing = true;
+}
+
+// Os títulos ficam sobre as colunas da lista: as mesmas paradas de tabulação.
+titulo_das_colunas : text {
+    width = 34;
+    tabs = "8 15 22";
+    fixed_width_font = true;
+}
+
 catalogo : list_box {
     key = "lista";
     width = 34;
@@ -34,13 +49,18 @@ botoes_do_catalogo : row {
     : button { key = "deltolist"; label = "&Remover"; is_enabled = false; }
 }
 
-// Figura da seção, que ocupa o que sobra da coluna; escolha da vista, ponto de inserção, cotas e função da barra.
+figura : image {
+    width = 26;
+    aspect_ratio = 1.33;
+    color = graphics_background;
+}
+
+// Figura da seção e, ao lado, a seção digitada em escala, que ocupam o que sobra da coluna; escolha da vista, ponto de
+// inserção, cotas e função da barra.
 vista_e_insercao : column {
-    : image {
-        key = "showall";
-        width = 32;
-        aspect_ratio = 1.33;
-        color = graphics_background;
+    : row {
+        : figura { key = "showall"; }
+        : figura { key = "escala"; }
     }
     : boxed_column {
         label = "Vista";
@@ -60,8 +80,9 @@ vista_e_insercao : column {
     }
 }
 
-// Mensagem de erro e saída.
+// Aviso que não impede, mensagem de erro e saída.
 rodape : column {
+    : text { key = "aviso"; width = 50; }
     : text { key = "error"; width = 50; }
     ok_cancel;
 }
@@ -73,7 +94,9 @@ pu_geracao : dialog {
     label = "Perfil U dobrado";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -92,7 +115,9 @@ pl_geracao : dialog {
     label = "Cantoneira dobrada";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -113,7 +138,9 @@ pur_geracao : dialog {
     label = "Perfil U enrijecido";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -133,7 +160,9 @@ pz_geracao : dialog {
     label = "Perfil Z dobrado";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -153,7 +182,9 @@ pc_geracao : dialog {
     label = "Perfil cartola";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -174,7 +205,9 @@ pcaixa_geracao : dialog {
     label = "Caixa de dois perfis U enrijecidos";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -195,7 +228,9 @@ pbox_geracao : dialog {
     label = "Tubo retangular";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -214,7 +249,9 @@ ptb_geracao : dialog {
     label = "Tubo redondo";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: d  di (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "d\tdi (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -232,7 +269,9 @@ pbr_geracao : dialog {
     label = "Barra redonda";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: d (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "d (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -249,7 +288,9 @@ bnlam_geracao : dialog {
     label = "Cantoneira laminada de abas iguais";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -267,7 +308,9 @@ pllam_geracao : dialog {
     label = "Cantoneira laminada";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -285,7 +328,9 @@ pulam_geracao : dialog {
     label = "Perfil U laminado";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -311,12 +356,6 @@ dimensoes_do_I : boxed_column {
     alma_tw;
 }
 
-// Os títulos das colunas ficam sobre a lista; o programa os troca com a fonte das bitolas.
-titulo_das_colunas : text {
-    width = 38;
-    fixed_width_font = true;
-}
-
 // vigai
 vi_geracao : dialog {
     label = "Viga I soldada";
@@ -329,8 +368,9 @@ vi_geracao : dialog {
                 : radio_button { key = "rb_cvs"; label = "CVS"; }
                 : radio_button { key = "rb_cs"; label = "CS"; }
             }
-            : titulo_das_colunas { key = "vitxt"; label = "  H        B          tf        tw"; }
-            : catalogo { tabs = "9 20 30"; width = 38; }
+            busca;
+            : titulo_das_colunas { key = "vitxt"; label = "  H        B          tf        tw"; width = 38; }
+            : catalogo { tabs = "11 22 32"; width = 38; }
             botoes_do_catalogo;
             dimensoes_do_I;
         }
@@ -344,7 +384,9 @@ psa_geracao : dialog {
     label = "Perfil I soldado assimétrico";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: H  bb  tb  bc  tc  tw (mm)"; tabs = "7 14 21 28 35"; width = 42; }
+            busca;
+            : titulo_das_colunas { label = "H\tbb\ttb\tbc\ttc\ttw (mm)"; tabs = "7 14 21 28 35"; width = 42; }
+            : catalogo { tabs = "7 14 21 28 35"; width = 42; }
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -371,9 +413,10 @@ vi_lam_geracao : dialog {
                 label = "Bitolas";
                 : radio_button { key = "rd_acominas"; label = "Açomi&nas"; }
                 : radio_button { key = "rd_europe"; label = "Europeus"; }
-                : radio_button { key = "rd_usa"; label = "Ameri&canos"; }
+                : radio_button { key = "rd_usa"; label = "Americanos"; }
             }
-            : titulo_das_colunas { key = "list_title"; }
+            busca;
+            : titulo_das_colunas { key = "list_title"; tabs = "12 20"; }
             : catalogo { tabs = "12 20"; }
             botoes_do_catalogo;
             dimensoes_do_I;
@@ -399,7 +442,9 @@ p2la_lam_geracao : dialog {
     label = "Duas cantoneiras laminadas em T";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -419,7 +464,9 @@ plf_lam_geracao : dialog {
     label = "Duas cantoneiras laminadas em U";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -439,7 +486,9 @@ p2la_geracao : dialog {
     label = "Duas cantoneiras dobradas em T";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -460,7 +509,9 @@ plf_geracao : dialog {
     label = "Duas cantoneiras dobradas em U";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -481,7 +532,9 @@ plv_geracao : dialog {
     label = "Duas cantoneiras dobradas em X";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -502,7 +555,9 @@ plv_lam_geracao : dialog {
     label = "Duas cantoneiras laminadas em X";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -522,7 +577,9 @@ p2ua_geracao : dialog {
     label = "Dois perfis U dobrados em I";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -543,7 +600,9 @@ p2uenr_geracao : dialog {
     label = "Dois perfis U enrijecidos em I";
     : row {
         : column {
-            : catalogo_com_aba { label = "&Catálogo: h  b  t  a  e (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta\te (mm)"; tabs = "8 15 22 27"; }
+            catalogo_com_aba;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -565,7 +624,9 @@ p2ulam_geracao : dialog {
     label = "Dois perfis U laminados em I";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -585,7 +646,9 @@ pcclam_geracao : dialog {
     label = "Duas cantoneiras laminadas em cruz";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -607,7 +670,9 @@ pczlam_geracao : dialog {
     label = "Duas cantoneiras laminadas em Z";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;
@@ -628,7 +693,9 @@ p2uf_geracao : dialog {
     label = "Caixa de dois perfis U dobrados";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t  a (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta (mm)"; }
+            catalogo;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -649,7 +716,9 @@ i2c_geracao : dialog {
     label = "Dois perfis cartola em I";
     : row {
         : column {
-            : catalogo_com_aba { label = "&Catálogo: h  b  t  a  e (mm)"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt\ta\te (mm)"; tabs = "8 15 22 27"; }
+            catalogo_com_aba;
             botoes_do_catalogo;
             : boxed_column {
                 label = "Dimensões";
@@ -671,7 +740,9 @@ puulam_geracao : dialog {
     label = "Caixa de dois perfis U laminados";
     : row {
         : column {
-            : catalogo { label = "&Catálogo: h  b  t (mm)  kg/m"; }
+            busca;
+            : titulo_das_colunas { label = "h\tb\tt (mm)\tkg/m"; }
+            catalogo;
             : boxed_column {
                 label = "Dimensões";
                 altura_h;

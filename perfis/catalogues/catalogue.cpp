@@ -45,7 +45,6 @@ protected:
     virtual void appendRow(const std::wstring& row) = 0;
     virtual void replaceRow(int index, const std::wstring& row) = 0;
     virtual void removeRow(int index) = 0;
-    virtual Rows rows() const = 0;
     /// An empty catalogue of the same kind.
     virtual std::unique_ptr<SharedCatalogue> another() const = 0;
 

@@ -28,6 +28,7 @@ public:
     virtual void append(const std::wstring& row) = 0;
     virtual void replace(int index, const std::wstring& row) = 0;
     virtual void remove(int index) = 0;
+    virtual std::vector<std::wstring> rows() const = 0;
     /// Shows all rows in a list tile.
     virtual void fill(ads_hdlg dialog, const wchar_t* key) const = 0;
 };

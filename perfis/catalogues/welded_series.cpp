@@ -26,6 +26,11 @@ const WeldedSource& weldedSource(int source) {
     return kSources.at(static_cast<std::size_t>(source));
 }
 
+std::vector<std::wstring> weldedRows(std::wstring_view path) {
+    ZpStrList list;
+    return list.read(path) == 0 ? std::vector<std::wstring>() : list.texts();
+}
+
 std::vector<std::wstring> weldedValues(std::wstring_view path, int index) {
     ZpStrList list;
     std::wstring row;

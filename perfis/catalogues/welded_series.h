@@ -23,6 +23,8 @@ inline constexpr int kWeldedSourceCount = 4;
 /// 0 favourites, 1 VS, 2 CVS, 3 CS.
 const WeldedSource& weldedSource(int source);
 
+/// Lines of a value file; none when it is missing.
+std::vector<std::wstring> weldedRows(std::wstring_view path);
 /// Fields of line `index` of a value file: H, B, tf, tw in mm and kg/m, as texts. None when the
 /// file or the line is missing.
 std::vector<std::wstring> weldedValues(std::wstring_view path, int index);

@@ -3,26 +3,19 @@
 #include "perfis/commands/catalogue_check.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 #include <map>
 
-#include "perfis/catalogues/rolled_sources.h"
-#include "perfis/catalogues/welded_series.h"
-#include "perfis/commands/handlers.h"
+#include "perfis/commands/listed_sizes.h"
 #include "perfis/commands/peca_editor.h"
 #include "perfis/commands/peca_values.h"
-#include "perfis/dialogs/installation.h"
 #include "texts/number.h"
 #include "zp/matlist/check.h"
 #include "zp/objects/edit.h"
 
 namespace perfis {
 namespace {
-
-/// Sizes nearer than this are one, mm: lists have two decimals, inches a third.
-constexpr double kSameSize = 0.006;
 
 /// A size of a catalogue: the dialog's numbers of its row, and the list that it stands in.
 struct Size {
@@ -37,70 +30,10 @@ struct SizeList {
     std::vector<Size> sizes;
 };
 
-/// A number that the piece keeps and that is no distance.
-bool tells(const PerfilDescription& description, Medida medida) {
-    const auto value = std::ranges::find(description.values, medida, &RoleValue::medida);
-    if (value == description.values.end()) return description.readBack != nullptr;
-    return value->role != Vao && value->role != VaoV;
-}
-
-/// Numbers of a row in the order of the tiles, the linear mass behind them.
-Medidas medidasOfRow(const PerfilDescription& description, const std::vector<std::wstring>& fields,
-                     bool withPeso) {
-    Medidas medidas;
-    std::size_t column = 0;
-    const auto next = [&] {
-        return column < fields.size() ? texts::toReal(fields[column++]) : 0.0;
-    };
-    for (const MedidaTile& tile : description.tiles)
-        if (tile.rowUse == RowUse::kFills) medidas.*tile.value = next();
-    if (withPeso) medidas.m = next();
-    return medidas;
-}
-
-void readList(const PerfilDescription& description, const wchar_t* file, bool withPeso, int source,
-              SizeList& list) {
-    const auto path = listPath(installationFolder().value_or(L""), file);
-    if (!path) return;
-    const std::unique_ptr<Catalogue> catalogue = description.makeCatalogue();
-    catalogue->read(*path);
-    std::wstring row;
-    for (int i = 0; i < catalogue->count(); ++i)
-        if (catalogue->rowAt(i, row) && !row.empty())
-            list.sizes.push_back({medidasOfRow(description, splitRow(row), withPeso), source});
-}
-
-void readRolled(SizeList& list) {
-    for (int i = 0; i < kRolledSourceCount; ++i) {
-        const auto path = listPath(installationFolder().value_or(L""), rolledSource(i).data);
-        ZpStringList lines;
-        if (!path || !readRolledLines(*path, lines)) continue;
-        for (int line = 0; line < lines.length(); ++line) {
-            const RolledSize size = rolledSize(rolledSource(i), lines.at(line));
-            Medidas m;
-            m.h = texts::toReal(size.H);
-            m.b = texts::toReal(size.B);
-            m.t = texts::toReal(size.tf);
-            m.a = texts::toReal(size.tw);
-            m.m = texts::toReal(size.mass);
-            if (m.h > 0.0) list.sizes.push_back({m, i});
-        }
-    }
-}
-
 SizeList readSizes(const PerfilCommand& command) {
-    const PerfilDescription& description = command.description;
-    SizeList list;
-    for (const MedidaTile& tile : description.tiles)
-        if (tile.rowUse == RowUse::kFills && tells(description, tile.value))
-            list.told.push_back(tile.value);
-    if (&command == &pilaminado)
-        readRolled(list);
-    else if (&command == &pisoldado)
-        for (int i = 0; i < kWeldedSourceCount; ++i)
-            readList(description, weldedSource(i).values, true, i, list);
-    else
-        readList(description, description.list, description.pesoColumn, 0, list);
+    SizeList list{tellingMedidas(command.description), {}};
+    for (const ListedSize& size : listedSizes(command))
+        list.sizes.push_back({medidasOf(command.description, size.text), size.source});
     return list;
 }
 
@@ -113,13 +46,6 @@ double distance(const SizeList& list, const Medidas& a, const Medidas& b) {
             sum += difference / std::max(std::abs(a.*medida), std::abs(b.*medida));
     }
     return sum;
-}
-
-std::wstring wordsFor(const PerfilDescription& description, const Size& size) {
-    const PecaRequest request{.medidas = size.medidas, .comprimento = 1.0, .source = size.source};
-    const std::unique_ptr<ZpObject> peca = makeAtPoint(description, AcGePoint3d::kOrigin, request);
-    if (description.finish != nullptr) description.finish(*peca, request);
-    return zp::matlist::sizeOf(*peca);
 }
 
 class ListCatalogues : public zp::matlist::Catalogues {
@@ -168,7 +94,7 @@ private:
         for (const MedidaTile& tile : description.tiles)
             if (std::ranges::find(list.told, tile.value) == list.told.end())
                 named.medidas.*tile.value = medidas.*tile.value;
-        const std::wstring found = wordsFor(description, named);
+        const std::wstring found = sizeName(description, named.medidas, named.source);
         return found != words ? found : found + numbersOf(list, *nearest);
     }
     /// " (h x b x ...)", for sizes that have one name and differ all the same.

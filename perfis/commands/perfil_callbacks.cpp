@@ -22,6 +22,7 @@ void PerfilRun::wire(ads_hdlg dialog) {
     static constexpr TileAction kActions[] = {
         {L"accept", callback<&PerfilRun::onAccept>},
         {L"lista", callback<&PerfilRun::onList>},
+        {L"busca", callback<&PerfilRun::onSearch>},
         {L"vista0", callback<&PerfilRun::onSecaoOnly>},
         {L"dimensionar", callback<&PerfilRun::onCotas>},
         {L"visualizar", callback<&PerfilRun::onShowInsertion>},
@@ -35,21 +36,34 @@ void PerfilRun::wire(ads_hdlg dialog) {
     };
     wireTile(dialog, {L"ButtonTipoBarra", onTipoBarra}, &m_state.tipoBarra);
     for (const MedidaTile& tile : m_description.tiles)
-        if (tile.hasAction) wireTile(dialog, {tile.key, callback<&PerfilRun::onMedida>}, this);
+        wireTile(dialog,
+                 {tile.key, tile.hasAction ? callback<&PerfilRun::onMedida>
+                                           : callback<&PerfilRun::onQuietMedida>},
+                 this);
     for (const TileAction& action : kActions) wireTile(dialog, action, this);
     if (!editable()) return;
     for (const TileAction& action : kEditActions) wireTile(dialog, action, this);
 }
 
+void PerfilRun::onMedida(const ads_callback_packet& packet) {
+    refresh(packet.dialog);
+    followTyped(packet.dialog);
+}
+
 void PerfilRun::onList(const ads_callback_packet& packet) {
-    const int index = texts::toInt(packet.value);
-    if (*packet.value != L'\0' && index >= 0) pickRow(packet.dialog, index);
+    if (*packet.value == L'\0') return;
+    const int row = m_search.rowAt(texts::toInt(packet.value));
+    if (row < 0) return;
+    m_marked = row;
+    showNearest(packet.dialog, {});
+    pickRow(packet.dialog, row);
+    followTyped(packet.dialog);
 }
 
 void PerfilRun::pickRow(ads_hdlg dialog, int index) {
     std::wstring row;
     if (!m_catalogue->rowAt(index, row)) return;
-    m_state.selectedRow = index;
+    rememberRow(index);
     takeRow(dialog, row);
     if (!editable()) return;
     refresh(dialog);
@@ -57,7 +71,17 @@ void PerfilRun::pickRow(ads_hdlg dialog, int index) {
     enableTile(dialog, L"deltolist", true);
 }
 
-void PerfilRun::refillList(ads_hdlg dialog) { m_catalogue->fill(dialog, L"lista"); }
+void PerfilRun::rememberRow(int index) {
+    m_state.selectedRow = index;
+    m_state.rowPicked = true;
+}
+
+/// The rows are others now.
+void PerfilRun::refillList(ads_hdlg dialog) {
+    stopSearch(dialog);
+    fillList(dialog);
+    m_marked = m_typedRow = kNoRow;
+}
 
 void PerfilRun::onAdd(const ads_callback_packet& packet) {
     refresh(packet.dialog);
@@ -65,11 +89,13 @@ void PerfilRun::onAdd(const ads_callback_packet& packet) {
     const std::wstring row = m_description.buildRow(packet.dialog);
     if (!m_catalogue->contains(row)) m_catalogue->append(row);
     refillList(packet.dialog);
-    setTile(packet.dialog, L"lista", m_state.selectedRow);
+    markRow(packet.dialog, m_state.selectedRow);
+    showTyped(packet.dialog);
 }
 
 void PerfilRun::onReplace(const ads_callback_packet& packet) {
     if (m_catalogue->count() == 0) return;
+    takeMarkedRow();
     refresh(packet.dialog);
     showPreview(packet.dialog);
     const auto build = m_description.buildReplacement != nullptr ? m_description.buildReplacement
@@ -78,21 +104,25 @@ void PerfilRun::onReplace(const ads_callback_packet& packet) {
     if (hasSelectedRow() && !m_catalogue->contains(row))
         m_catalogue->replace(m_state.selectedRow, row);
     refillList(packet.dialog);
-    setTile(packet.dialog, L"lista", m_state.selectedRow);
+    markRow(packet.dialog, m_state.selectedRow);
+    showTyped(packet.dialog);
 }
 
 void PerfilRun::onRemove(const ads_callback_packet& packet) {
+    takeMarkedRow();
     if (!hasSelectedRow()) return;
     refresh(packet.dialog);
     showPreview(packet.dialog);
     m_catalogue->remove(m_state.selectedRow);
     refillList(packet.dialog);
     if (hasSelectedRow()) {
-        setTile(packet.dialog, L"lista", m_state.selectedRow);
+        markRow(packet.dialog, m_state.selectedRow);
     } else {
         m_state.selectedRow = 0;
+        m_state.rowPicked = false;
         enableTile(packet.dialog, L"deltolist", false);
     }
+    showTyped(packet.dialog);
 }
 
 void PerfilRun::onSecaoOnly(const ads_callback_packet& packet) {
@@ -101,6 +131,7 @@ void PerfilRun::onSecaoOnly(const ads_callback_packet& packet) {
     setSecaoModes(packet.dialog);
     enableTile(packet.dialog, L"dimensionar", vistas.secaoOnly || !vistas.pickAndGo);
     refresh(packet.dialog);
+    showTyped(packet.dialog);
 }
 
 void PerfilRun::onShowInsertion(const ads_callback_packet& packet) {
@@ -117,6 +148,7 @@ void PerfilRun::onInsertion(const ads_callback_packet& packet) {
     m_state.insertion = m_state.slide - kFirstInsertionSlide;
     if (m_state.showInsertion) showPreview(packet.dialog);
     refresh(packet.dialog);
+    showTyped(packet.dialog);
 }
 
 void PerfilRun::onCotas(const ads_callback_packet& packet) {

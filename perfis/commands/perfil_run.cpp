@@ -4,10 +4,12 @@
 #include "perfis/commands/perfil_run.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "acutads.h"
 #include "adscodes.h"
 #include "perfis/commands/handlers.h"
+#include "perfis/commands/listed_sizes.h"
 #include "perfis/commands/peca_editor.h"
 #include "perfis/commands/perfil_generator.h"
 #include "perfis/dialogs/installation.h"
@@ -23,9 +25,23 @@ PerfilRun::PerfilRun(const PerfilDescription& description)
       m_catalogue(description.makeCatalogue()),
       m_state(resetState(description)) {}
 
+PerfilRun::~PerfilRun() = default;
+
 void PerfilRun::execute() {
     sharedCotaFlag() = 0;
     (void)runDialog();
+}
+
+void PerfilRun::executeAt(int source, int row) {
+    m_state.source = source;
+    m_firstRow = row;
+    execute();
+}
+
+std::vector<ListRow> PerfilRun::rowsOf(int source) {
+    m_state.source = source;
+    loadList();
+    return rows();
 }
 
 /// False when the dialog could not be opened.
@@ -56,6 +72,11 @@ void PerfilRun::keepEdits(const std::wstring& path) {
 }
 
 void PerfilRun::open(ads_hdlg dialog) {
+    m_search.reset();
+    m_query.clear();
+    m_warning.clear();
+    m_saysNearest = false;
+    m_marked = kNoRow;
     wire(dialog);
     wireOwnTiles(dialog);
     showMedidas(dialog);
@@ -70,6 +91,12 @@ void PerfilRun::open(ads_hdlg dialog) {
     showList(dialog);
     showInsertionNames(dialog);
     setTile(dialog, L"ins_list", m_state.insertion);
+    if (m_firstRow) {
+        const int row = *std::exchange(m_firstRow, {});
+        markRow(dialog, row);
+        pickRow(dialog, row);
+    }
+    followTyped(dialog);
 }
 
 void PerfilRun::closed(int status) {
@@ -181,9 +208,30 @@ void PerfilRun::showMedidas(ads_hdlg dialog) {
         setTile(dialog, m_description.tiles[i].key, m_state.texts[i]);
 }
 
-void PerfilRun::showList(ads_hdlg dialog) {
-    if (m_catalogue->count() > 0) m_catalogue->fill(dialog, L"lista");
+void PerfilRun::loadList() {
+    if (m_description.list == nullptr) return;
+    if (const auto path = listPath(installationFolder().value_or(L""), m_description.list))
+        m_catalogue->read(*path);
 }
+
+std::vector<ListRow> PerfilRun::rows() {
+    const auto columns = static_cast<std::size_t>(std::ranges::count(
+                             m_description.tiles, RowUse::kFills, &MedidaTile::rowUse)) +
+                         (m_description.pesoColumn ? 1 : 0);
+    std::vector<ListRow> all;
+    for (std::wstring& row : m_catalogue->rows()) {
+        std::vector<std::wstring> fields = splitRow(row);
+        fields.resize(std::min(fields.size(), columns));
+        all.push_back({std::move(row), std::move(fields)});
+    }
+    return all;
+}
+
+void PerfilRun::showList(ads_hdlg dialog) {
+    if (m_catalogue->count() > 0) fillList(dialog);
+}
+
+void PerfilRun::fillList(ads_hdlg dialog) { m_catalogue->fill(dialog, L"lista"); }
 
 void PerfilRun::showInsertionNames(ads_hdlg dialog) {
     std::vector<const wchar_t*> names;

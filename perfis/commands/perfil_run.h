@@ -9,6 +9,7 @@
 
 #include "perfis/commands/peca_rebuild.h"
 #include "perfis/commands/perfil_description.h"
+#include "perfis/commands/row_search.h"
 #include "perfis/commands/run_state.h"
 #include "perfis/dialogs/dialog_loop.h"
 #include "perfis/dialogs/tiles.h"
@@ -22,12 +23,21 @@ inline constexpr const wchar_t* kInvalidSecao = L"Dados inválidos para gerar pe
 /// Mended in the dialog of the views.
 inline const Fault kLacksComprimento{L"Comprimento inválido para vista.", L"OutraVista"};
 
+struct ListedSize;
+
 class PerfilRun : public ReopeningDialog {
 public:
     explicit PerfilRun(const PerfilDescription& description);
+    ~PerfilRun() override;
 
     /// The whole command, from the installation folder to the catalogue's way back to its file.
     void execute();
+    /// The same, with a row of a list taken as if the user had picked it.
+    void executeAt(int source, int row);
+    /// Number of lists from which the user chooses one.
+    virtual int sourceCount() const { return 1; }
+    /// All rows of a list, read from its files.
+    std::vector<ListRow> rowsOf(int source);
     /// Opens the dialog with the values of a piece that this command makes, and rebuilds the piece
     /// in its place. RTNORM; RTCAN, and nothing changed, when the dialog was left; RTERROR when it
     /// could not be opened or the piece could not be changed.
@@ -59,12 +69,24 @@ protected:
     virtual void showOwnTiles(ads_hdlg) {}
     /// Reads the dimensions and enables the buttons that depend on them; run after every change.
     virtual void refresh(ads_hdlg dialog);
+    /// Reads the list in force. What cannot be read leaves the rows as they are.
+    virtual void loadList();
+    /// Its rows as they are in memory.
+    virtual std::vector<ListRow> rows();
     /// Fills "lista" at an opening.
     virtual void showList(ads_hdlg dialog);
+    /// All rows of the list in force in "lista".
+    virtual void fillList(ads_hdlg dialog);
+    /// Another list is in force: nothing is searched for, nothing picked.
+    void listChanged(ads_hdlg dialog);
     /// Values of the dimension tiles at an opening: as they were left.
     virtual void showMedidas(ads_hdlg dialog);
     /// The user picked this row of "lista", counted from 0.
     virtual void pickRow(ads_hdlg dialog, int index);
+    /// Selects a row of the whole list in "lista"; none for one that is not shown.
+    void markRow(ads_hdlg dialog, int row);
+    /// This row was picked.
+    void rememberRow(int index);
     /// Takes the row that was picked into the tiles.
     virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
     /// Why the dialog may not be accepted; nothing when it may.
@@ -92,6 +114,8 @@ protected:
     bool editable() const { return m_description.edits != CatalogueEdits::kNone; }
     void readMedidas(ads_hdlg dialog);
     void showPreview(ads_hdlg dialog);
+    /// Shows the row of the typed size and draws the section to scale; after every change.
+    void followTyped(ads_hdlg dialog);
 
 private:
     template <void (PerfilRun::*Method)(const ads_callback_packet&)>
@@ -102,11 +126,20 @@ private:
     void takeVista(const PecaValues& peca);
     void wire(ads_hdlg dialog);
     void showInsertionNames(ads_hdlg dialog);
+    void showTyped(ads_hdlg dialog);
+    bool isKnown(const Medidas& typed);
+    void takeMarkedRow();
+    void stopSearch(ads_hdlg dialog);
+    void showFound(ads_hdlg dialog, const std::wstring& query);
+    void showNearest(ads_hdlg dialog, const std::wstring& difference);
     void refillList(ads_hdlg dialog);
     bool hasSelectedRow() const { return m_state.selectedRow < m_catalogue->count(); }
     void setSecaoModes(ads_hdlg dialog);
 
-    void onMedida(const ads_callback_packet& packet) { refresh(packet.dialog); }
+    void onMedida(const ads_callback_packet& packet);
+    /// Of a tile that the buttons do not follow.
+    void onQuietMedida(const ads_callback_packet& packet) { followTyped(packet.dialog); }
+    void onSearch(const ads_callback_packet& packet);
     void onList(const ads_callback_packet& packet);
     void onAdd(const ads_callback_packet& packet);
     void onReplace(const ads_callback_packet& packet);
@@ -125,6 +158,17 @@ private:
     RuledPeca m_before;  ///< of the edited piece
     int m_editResult = 0;
     int m_takenVista = 0;
+
+    RowSearch m_search;
+    std::wstring m_query;
+    bool m_saysNearest = false;
+    std::wstring m_warning;
+    int m_marked = kNoRow;          ///< row selected in "lista", of the whole list
+    int m_typedRow = kNoRow;        ///< row of the size that is typed
+    std::optional<int> m_firstRow;  ///< to be taken at the first opening
+    /// Sizes of all lists of a command that has several; read when first asked for.
+    std::optional<std::vector<ListedSize>> m_allSizes;
+    static constexpr int kNoRow = -1;
 };
 
 /// Says on the command line that a command was given up for lack of memory.

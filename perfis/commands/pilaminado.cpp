@@ -83,10 +83,15 @@ class RolledRun : public PerfilRun {
 public:
     RolledRun() : PerfilRun(kPerfilIL) {}
 
+    int sourceCount() const override { return kRolledSourceCount; }
+
 protected:
     void wireOwnTiles(ads_hdlg dialog) override;
     void showOwnTiles(ads_hdlg dialog) override;
+    void loadList() override { (void)loadFiles(); }
+    std::vector<ListRow> rows() override;
     void showList(ads_hdlg dialog) override;
+    void fillList(ads_hdlg dialog) override { (void)perfis::fillList(dialog, L"lista", m_sizes); }
     void pickRow(ads_hdlg dialog, int index) override;
     bool loadsOnce() const override { return true; }
     void takePeca(const PecaValues& peca) override;
@@ -97,11 +102,16 @@ private:
     void onSource(const ads_callback_packet& packet) {
         if (Source == state().source) return;
         state().source = Source;
+        listChanged(packet.dialog);
         showList(packet.dialog);
+        followTyped(packet.dialog);
     }
     const RolledSource& source() { return rolledSource(state().source); }
     int& selected() { return m_selected.at(static_cast<std::size_t>(state().source)); }
 
+    /// How far they could be read: what is missing leaves everything behind it as it was.
+    enum class Loaded { kNothing, kSizes, kAll };
+    Loaded loadFiles();
     int rowLike(const Medidas& medidas);
 
     /// The row is found once the list is there.
@@ -109,7 +119,8 @@ private:
     /// A size that is in no list.
     static constexpr int kNoRow = -1;
     std::array<int, kRolledSourceCount> m_selected{};
-    ZpStringList m_data;  ///< of the source in force
+    ZpStringList m_sizes;  ///< of the source in force, as they are shown
+    ZpStringList m_data;   ///< their numbers
 };
 
 void RolledRun::wireOwnTiles(ads_hdlg dialog) {
@@ -156,18 +167,35 @@ int RolledRun::rowLike(const Medidas& m) {
     return kNoRow;
 }
 
-/// A file that is missing leaves everything behind it as it was.
-void RolledRun::showList(ads_hdlg dialog) {
+RolledRun::Loaded RolledRun::loadFiles() {
     const std::wstring folder = installationFolder().value_or(L"");
     const auto sizesPath = listPath(folder, source().sizes);
-    ZpStringList sizes;
-    if (!sizesPath || !readRolledLines(*sizesPath, sizes)) return;
-    (void)fillList(dialog, L"lista", sizes);
+    if (!sizesPath || !readRolledLines(*sizesPath, m_sizes)) return Loaded::kNothing;
     const auto dataPath = listPath(folder, source().data);
-    if (!dataPath || !readRolledLines(*dataPath, m_data)) return;
+    return dataPath && readRolledLines(*dataPath, m_data) ? Loaded::kAll : Loaded::kSizes;
+}
+
+std::vector<ListRow> RolledRun::rows() {
+    std::vector<ListRow> all;
+    for (int row = 0; row < m_sizes.length(); ++row) {
+        ListRow listed{m_sizes.at(row).str(), {}};
+        if (row < m_data.length()) {
+            const RolledSize size = rolledSize(source(), m_data.at(row));
+            listed.fields = {size.H, size.B, size.tf, size.tw, size.mass};
+        }
+        all.push_back(std::move(listed));
+    }
+    return all;
+}
+
+void RolledRun::showList(ads_hdlg dialog) {
+    const Loaded loaded = loadFiles();
+    if (loaded == Loaded::kNothing) return;
+    fillList(dialog);
+    if (loaded == Loaded::kSizes) return;
     if (selected() == kLikePeca) selected() = rowLike(state().medidas);
     if (selected() >= 0) {
-        setTile(dialog, L"lista", selected());
+        markRow(dialog, selected());
         pickRow(dialog, selected());
     }
     setTile(dialog, L"vilam_dlg", source().title);
@@ -175,7 +203,7 @@ void RolledRun::showList(ads_hdlg dialog) {
 }
 
 void RolledRun::pickRow(ads_hdlg dialog, int index) {
-    state().selectedRow = index;
+    rememberRow(index);
     selected() = index;
     if (index >= m_data.length()) {
         (void)acdbFail(kInconsistent);

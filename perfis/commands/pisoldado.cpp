@@ -55,10 +55,14 @@ class WeldedRun : public PerfilRun {
 public:
     WeldedRun() : PerfilRun(kVigaI) {}
 
+    int sourceCount() const override { return kWeldedSourceCount; }
+
 protected:
     void wireOwnTiles(ads_hdlg dialog) override;
     void showOwnTiles(ads_hdlg dialog) override;
     void refresh(ads_hdlg dialog) override;
+    void loadList() override;
+    std::vector<ListRow> rows() override;
     void showList(ads_hdlg dialog) override;
     void pickRow(ads_hdlg dialog, int index) override;
     /// The sizes of a series come from its list alone.
@@ -81,6 +85,8 @@ private:
     bool showsFavourites() { return state().source == kFavourites; }
     void changeSource(ads_hdlg dialog, int source);
     void takeValues(ads_hdlg dialog, const std::vector<std::wstring>& fields);
+
+    std::vector<std::wstring> m_values;  ///< lines of the series' value file
 };
 
 void WeldedRun::wireOwnTiles(ads_hdlg dialog) {
@@ -113,12 +119,29 @@ void WeldedRun::refresh(ads_hdlg dialog) {
 }
 
 /// Also drops favourites that are not in the file yet.
-void WeldedRun::showList(ads_hdlg dialog) {
-    catalogue().clear();
+void WeldedRun::loadList() {
+    const WeldedSource& source = weldedSource(state().source);
     const std::wstring folder = installationFolder().value_or(L"");
-    if (const auto path = listPath(folder, weldedSource(state().source).shown))
-        catalogue().read(*path);
-    catalogue().fill(dialog, L"lista");
+    catalogue().clear();
+    if (const auto path = listPath(folder, source.shown)) catalogue().read(*path);
+    const auto values = listPath(folder, source.values);
+    m_values = values && !showsFavourites() ? weldedRows(*values) : std::vector<std::wstring>();
+}
+
+std::vector<ListRow> WeldedRun::rows() {
+    if (showsFavourites()) return PerfilRun::rows();
+    std::vector<ListRow> all;
+    for (std::wstring& shown : catalogue().rows()) {
+        const std::size_t line = all.size();
+        all.push_back({std::move(shown), line < m_values.size() ? splitRow(m_values[line])
+                                                                : std::vector<std::wstring>()});
+    }
+    return all;
+}
+
+void WeldedRun::showList(ads_hdlg dialog) {
+    loadList();
+    fillList(dialog);
 }
 
 void WeldedRun::changeSource(ads_hdlg dialog, int source) {
@@ -130,8 +153,10 @@ void WeldedRun::changeSource(ads_hdlg dialog, int source) {
     } else {
         for (const MedidaTile& tile : kTiles) setTile(dialog, tile.key, std::wstring());
     }
+    listChanged(dialog);
     showList(dialog);
     refresh(dialog);
+    followTyped(dialog);
 }
 
 void WeldedRun::pickRow(ads_hdlg dialog, int index) {
@@ -139,7 +164,7 @@ void WeldedRun::pickRow(ads_hdlg dialog, int index) {
         PerfilRun::pickRow(dialog, index);
         return;
     }
-    state().selectedRow = index;
+    rememberRow(index);
     const std::wstring folder = installationFolder().value_or(L"");
     const auto path = listPath(folder, weldedSource(state().source).values);
     takeValues(dialog, path ? weldedValues(*path, index) : std::vector<std::wstring>());

@@ -23,7 +23,8 @@ struct RunState {
     int slide = kFirstInsertionSlide;
     int tipoBarra = 0;
     int selectedRow = 0;
-    int source = 0;  ///< catalogue in force, where a command has several
+    bool rowPicked = false;  ///< the selected row was picked in the list in force
+    int source = 0;          ///< catalogue in force, where a command has several
 };
 
 /// The state with which a run of this command starts.

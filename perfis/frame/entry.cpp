@@ -7,6 +7,7 @@
 #include "perfis/commands/catalogue_command.h"
 #include "perfis/commands/command_table.h"
 #include "perfis/commands/peca_editor.h"
+#include "perfis/commands/size_command.h"
 #include "rxdefs.h"
 #include "rxregsvc.h"
 
@@ -17,6 +18,17 @@ AcEdCommandStack* commandStack() {
     return AcEdCommandStack::cast(acrxSysRegistry()->at(ACRX_REGISTERED_COMMANDS));
 }
 
+/// What serves the thirty drawing commands, whose group holds nothing else.
+constexpr const ACHAR* kOtherGroup = L"ZPPERFIS_CATALOGOS";
+struct OtherCommand {
+    const ACHAR* name;  ///< global and local
+    void (*handler)();
+};
+constexpr OtherCommand kOtherCommands[] = {
+    {perfis::kCatalogueCommand, perfis::catalogueCommand},
+    {perfis::kSizeCommand, perfis::drawBySize},
+};
+
 /// A name that another module has taken is left out; the rest is registered all the same.
 void registerCommands() {
     for (const perfis::CommandRow& row : perfis::commandTable()) {
@@ -25,10 +37,9 @@ void registerCommands() {
         (void)stack->addCommand(perfis::kCommandGroup, row.globalName, row.localName,
                                 ACRX_CMD_TRANSPARENT, row.handler);
     }
-    if (AcEdCommandStack* const stack = commandStack())
-        (void)stack->addCommand(perfis::kCommandGroup, perfis::kCatalogueCommand,
-                                perfis::kCatalogueCommand, ACRX_CMD_MODAL,
-                                perfis::catalogueCommand);
+    for (const OtherCommand& row : kOtherCommands)
+        if (AcEdCommandStack* const stack = commandStack())
+            (void)stack->addCommand(kOtherGroup, row.name, row.name, ACRX_CMD_MODAL, row.handler);
 }
 
 }  // namespace
@@ -50,7 +61,9 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
         perfis::removeCatalogueCheck();
         perfis::removePecaEditor();
         AcEdCommandStack* const stack = commandStack();
-        if (stack != nullptr) (void)stack->removeGroup(perfis::kCommandGroup);
+        if (stack == nullptr) return AcRx::kRetOK;
+        (void)stack->removeGroup(perfis::kCommandGroup);
+        (void)stack->removeGroup(kOtherGroup);
     }
     return AcRx::kRetOK;
 }

@@ -53,6 +53,7 @@ constexpr std::array kRules{
     Rule{"mnemonic", Form::Character},
     Rule{"multiple_select", Form::Flag},
     Rule{"password_char", Form::Character},
+    Rule{"reports_typing", Form::Flag},  // our own: an edit box, reason 3 at every letter
     Rule{"small_increment", Form::Whole, 0, 65535},
     Rule{"tab_truncate", Form::Flag},
     Rule{"tabs", Form::Stops},

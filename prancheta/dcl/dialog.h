@@ -149,8 +149,8 @@ public:
     /// Button, image button, radio button, `accept` and `cancel`; x and y in pixels of an image
     /// button.
     virtual Result<void> press(std::string_view key, long x = 0, long y = 0) = 0;
-    /// Edit box: types without leaving the field. Reason 2 follows when something else is touched,
-    /// before the callback of that.
+    /// Edit box: types without leaving the field; with reports_typing that is reason 3. Reason 2
+    /// follows when something else is touched, before the callback of that.
     virtual Result<void> edit(std::string_view key, std::string_view text) = 0;
     /// Leaves the field of the last edit() (the Tab key).
     virtual void leave() = 0;

@@ -80,6 +80,7 @@ private:
     Result<void> typeList(Tile& list, std::string_view text);
     Result<void> typeSlider(Tile& slider, std::string_view text, Reason reason);
     Result<void> typeRadio(Tile& tile, std::string_view text);
+    Result<void> typeEdit(Tile& box, std::string_view text);
     Result<void> typeToggle(Tile& toggle, std::string_view text);
     void chooseRadio(Tile& button);
     void pressButton(Tile& button);

@@ -95,11 +95,17 @@ Result<void> OpenDialog::edit(std::string_view key, std::string_view text) {
     Result<Tile*> tile = touch(key);
     if (!tile) return tile.error();
     if (*tile == nullptr) return {};
-    if ((*tile)->kind != TileKind::EditBox) return wrongKind(**tile, ": não se digita nele");
+    if (Result<void> typed = typeEdit(**tile, text); !typed) return typed;
+    if (flagAttribute(**tile, "reports_typing")) fire(**tile, Reason::Drag);
+    return {};
+}
+
+Result<void> OpenDialog::typeEdit(Tile& box, std::string_view text) {
+    if (box.kind != TileKind::EditBox) return wrongKind(box, ": não se digita nele");
     std::wstring wide = toWide(text);
-    if (Result<void> fits = fitsEditBox(**tile, wide); !fits) return fits;
-    (*tile)->value = std::move(wide);
-    m_editing = *tile;
+    if (Result<void> fits = fitsEditBox(box, wide); !fits) return fits;
+    box.value = std::move(wide);
+    m_editing = &box;
     return {};
 }
 
@@ -111,7 +117,7 @@ Result<void> OpenDialog::type(std::string_view key, std::string_view text) {
     if (isRadioCluster(tile.kind)) return typeRadio(tile, text);
     switch (tile.kind) {
         case TileKind::EditBox: {
-            if (Result<void> typed = edit(key, text); !typed) return typed;
+            if (Result<void> typed = typeEdit(tile, text); !typed) return typed;
             leave();
             return {};
         }

@@ -60,8 +60,21 @@ bool CommandRunner::start(std::wstring_view typed) {
 }
 
 void CommandRunner::startOrRepeat(std::wstring_view typed) {
-    const std::wstring line(trim(typed).empty() ? m_lastCommand : typed);
-    if (!line.empty()) (void)startNamed(line, Origin::User);
+    std::wstring line(trim(typed).empty() ? m_lastCommand : std::wstring(trim(typed)));
+    if (line.empty()) return;
+    // A keyboard's blank ends the name: what a whole line has behind it are the first answers.
+    const std::size_t blank = line.find(L' ');
+    if (blank != line.npos && isName(line.substr(0, blank))) {
+        m_editor.typing().add(line.substr(blank + 1) + L"\n");
+        line.resize(blank);
+    }
+    (void)startNamed(line, Origin::User);
+}
+
+bool CommandRunner::isName(std::wstring_view typed) const {
+    const CommandLookup found = lookUp(m_editor.commands(), m_editor.aliases(),
+                                       m_editor.database().core().variables(), TypedName(typed));
+    return found.command != nullptr || !found.variable.empty();
 }
 
 bool CommandRunner::startNamed(std::wstring_view typed, Origin origin) {

@@ -33,7 +33,8 @@ public:
     /// built-in command may be left waiting; serveWaiting() goes on with it. False, and the user is
     /// told, when nothing has that name or while a module's command runs.
     bool start(std::wstring_view typed);
-    /// The same of an answer of the main loop: nothing typed repeats the last command.
+    /// The same of an answer of the main loop: nothing typed repeats the last command; what stands
+    /// behind the name answers its first questions.
     void startOrRepeat(std::wstring_view typed);
     /// One question to the user for the command that waits; false when none does.
     bool serveWaiting();
@@ -92,6 +93,7 @@ public:
 private:
     enum class Origin { User, Program, Transparent };
 
+    bool isName(std::wstring_view typed) const;
     bool startNamed(std::wstring_view typed, Origin origin);
     bool startFound(const CommandLookup& found, std::wstring_view typed, Origin origin);
     RunningCommand& push(std::wstring name, std::wstring group, int flags, Origin origin);

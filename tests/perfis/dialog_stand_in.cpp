@@ -39,7 +39,9 @@ struct StandInAccess {
         packet.dialog = host().dialog();
         packet.tile = reinterpret_cast<ads_htile>(key.data());
         packet.client_data = tile.data;
-        packet.reason = CBR_SELECT;
+        const bool enter = value.ends_with(L'\n');
+        if (enter) value.pop_back();
+        packet.reason = enter || key != L"busca" ? CBR_SELECT : CBR_LOST_FOCUS;
         packet.value = value.data();
         if (tile.callback != nullptr) tile.callback(&packet);
     }
@@ -63,6 +65,11 @@ struct StandInAccess {
     static std::wstring& listKey() { return host().m_listKey; }
     static std::wstring& listRows() { return host().m_listRows; }
     static std::wstring& imageKey() { return host().m_imageKey; }
+    static void startImage(const wchar_t* key) {
+        host().m_imageKey = key;
+        host().m_vectors.clear();
+    }
+    static void vector(const DialogStandIn::Vector& line) { host().m_vectors.push_back(line); }
     static bool knows(const wchar_t* key) { return !host().m_unknown.contains(key); }
     static DialogStandIn::Tile& tile(const wchar_t* key) { return host().m_tiles[key]; }
     static bool nextDistance(double& distance) {
@@ -140,13 +147,16 @@ int ads_dimensions_tile(ads_hdlg, const ACHAR*, short* cx, short* cy) {
     *cy = 74;
     return RTNORM;
 }
-int ads_start_image(ads_hdlg, const ACHAR* key) { return Access::imageKey() = key, RTNORM; }
+int ads_start_image(ads_hdlg, const ACHAR* key) { return Access::startImage(key), RTNORM; }
 int ads_fill_image(short, short, short, short, short) { return RTNORM; }
 int ads_slide_image(short, short, short, short, const ACHAR* slide) {
     const std::wstring path = slide;
     const std::wstring name = path.substr(path.find_last_of(L'\\') + 1);
     Access::record(L"imagem " + Access::imageKey() + L": " + name);
     return RTNORM;
+}
+int ads_vector_image(short x1, short y1, short x2, short y2, short color) {
+    return Access::vector({{x1, y1, x2, y2}, color}), RTNORM;
 }
 int ads_end_image(void) { return RTNORM; }
 

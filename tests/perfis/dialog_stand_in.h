@@ -2,6 +2,7 @@
 // A host's dialogs for tests: remembers tiles, records what is done to them, plays a user.
 #pragma once
 
+#include <array>
 #include <deque>
 #include <map>
 #include <set>
@@ -22,7 +23,8 @@ public:
     ads_hdlg dialog();
 
     /// What the user does at the next opening that has no actions yet: "key=value" gives a tile its
-    /// value and fires its callback, "key" alone fires it. A dialog whose actions are used up is
+    /// value and fires its callback, "key" alone fires it. A field for searching is left, unless
+    /// its text ends with a line feed, the Enter key. A dialog whose actions are used up is
     /// cancelled.
     void play(std::vector<std::wstring> actions) { m_plays.push_back(std::move(actions)); }
     /// From now on the host knows no tile of this key.
@@ -45,6 +47,13 @@ public:
     /// How often a dialog file was loaded.
     int loads() const { return m_loads; }
 
+    struct Vector {
+        std::array<short, 4> ends;  ///< x1, y1, x2, y2
+        short color;
+    };
+    /// Of the image painted last.
+    const std::vector<Vector>& vectors() const { return m_vectors; }
+
     struct Tile {
         std::wstring value;
         int mode = 0;
@@ -63,6 +72,7 @@ private:
     std::wstring m_listKey;
     std::wstring m_listRows;
     std::wstring m_imageKey;
+    std::vector<Vector> m_vectors;
     int m_done = -100;
     int m_loads = 0;
 };

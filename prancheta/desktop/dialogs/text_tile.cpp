@@ -21,14 +21,13 @@ QColor warningColor(const QPalette& palette) {
 
 }  // namespace
 
-TextTile::TextTile(const dcl::Tile& tile, QWidget* parent)
-    : QWidget(parent),
-      m_tile(tile),
-      m_isMessage(tile.key == "error"),
-      m_isOverColumns(dcl::flagAttribute(tile, "fixed_width_font")) {
-    QFont shown = m_isOverColumns ? fixedFont(font()) : font();
+TextTile::TextTile(const dcl::Tile& tile, const dcl::Metrics& dialog, QWidget* parent)
+    : QWidget(parent), m_tile(tile), m_isMessage(tile.key == "error") {
+    const bool fixed = dcl::flagAttribute(tile, "fixed_width_font");
+    QFont shown = fixed ? fixedFont(font()) : font();
     if (dcl::flagAttribute(tile, "is_bold")) shown.setBold(true);
     setFont(shown);
+    if (fixed) m_columns.emplace(tile, dialog, shown);
     showTile();
 }
 
@@ -44,13 +43,15 @@ void TextTile::showTile() {
 
 void TextTile::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    // A title of columns stands over the cells, not over the frame of the list.
-    const QRect room = m_isOverColumns ? rect().adjusted(kRowMargin, 0, 0, 0) : rect();
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     painter.setPen(m_isMessage ? warningColor(palette())
                                : palette().color(group, QPalette::WindowText));
-    const QString shown = fontMetrics().elidedText(m_text, Qt::ElideRight, room.width());
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+    // A title of columns stands over the cells, not over the frame of the list.
+    if (m_columns)
+        return m_columns->paint(painter, rect().adjusted(kRowMargin, 0, 0, 0),
+                                m_text.toStdWString());
+    const QString shown = fontMetrics().elidedText(m_text, Qt::ElideRight, width());
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
 }  // namespace prancheta::desktop

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: MIT
-// A text tile: one line that a program may change, cut with an ellipsis where it is too long.
+// A text tile: one line that a program may change, cut with an ellipsis where it is too long; with
+// a fixed font it is laid out as the row of a list, with its own tab stops.
 #pragma once
 
 #include <QWidget>
 
+#include <optional>
+
 #include "prancheta/dcl/dialog.h"
+#include "prancheta/desktop/dialogs/row_model.h"
 
 namespace prancheta::desktop {
 
 class TextTile : public QWidget {
     Q_OBJECT
 public:
-    TextTile(const dcl::Tile& tile, QWidget* parent);
+    /// `dialog`: metrics by which the dialog was laid out.
+    TextTile(const dcl::Tile& tile, const dcl::Metrics& dialog, QWidget* parent);
 
     void showTile();
     QString text() const { return m_text; }
@@ -22,8 +27,8 @@ protected:
 private:
     const dcl::Tile& m_tile;
     QString m_text;
-    bool m_isMessage;  ///< the line where programs say what is wrong
-    bool m_isOverColumns;
+    bool m_isMessage;                     ///< the line where programs say what is wrong
+    std::optional<RowPainter> m_columns;  ///< of a title that stands over those of a list
 };
 
 }  // namespace prancheta::desktop

@@ -172,7 +172,7 @@ TileView makeSlider(TileHost& host, Tile& tile, const Box& box) {
 }
 
 TileView makeText(TileHost& host, Tile& tile, const Box& box) {
-    auto* text = new TextTile(tile, &host.face());
+    auto* text = new TextTile(tile, host.dialog().metrics(), &host.face());
     text->setGeometry(toRect(box.frame));
     return {text, nullptr, [text] { text->showTile(); }};
 }
