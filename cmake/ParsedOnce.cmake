@@ -4,6 +4,12 @@
 
 option(HOUSE_PARSED_ONCE "Headers of the standard library, GoogleTest and Qt are parsed once" ON)
 
+# For the same reason a first build compiles some sources as one; whoever changes them wants them one by one.
+option(HOUSE_BATCHES "Sources of the host and of the companions are compiled several at a time" OFF)
+set(HOUSE_BATCH 6)
+# Their sources say the same things of different commands, under the same names.
+set(HOUSE_ONE_BY_ONE perfis_commands perfis_catalogues perfis_dialogs zpsecao)
+
 set(HOUSE_STANDARD_HEADERS <algorithm> <array> <charconv> <chrono> <cmath> <coroutine> <cstdint> <cwchar> <deque>
                            <filesystem> <functional> <limits> <map> <memory> <numbers> <optional> <span> <sstream>
                            <string> <string_view> <unordered_map> <unordered_set> <variant> <vector>)
@@ -48,6 +54,11 @@ function(house_parse_once_below folder)
             endif()
         elseif(folder MATCHES "/prancheta/desktop/")
             set(headers house_qt)
+        endif()
+        if(HOUSE_BATCHES AND NOT target IN_LIST HOUSE_ONE_BY_ONE AND NOT "GTest::gtest_main" IN_LIST known)
+            set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${HOUSE_BATCH})
+            # Types without a name outside their source are seen in an included file then.
+            target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
         endif()
         target_precompile_headers(${target} REUSE_FROM ${headers})
         # A program's code would be made otherwise than the headers' code is.

@@ -8,7 +8,7 @@ namespace prancheta {
 namespace {
 
 // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface's own value for none
-const iconv_t kNone = reinterpret_cast<iconv_t>(-1);
+const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1);
 
 }  // namespace
 
@@ -19,7 +19,7 @@ SystemPage::~SystemPage() {
     if (known()) iconv_close(m_page);
 }
 
-bool SystemPage::known() const { return m_page != kNone; }
+bool SystemPage::known() const { return m_page != kNoConverter; }
 
 std::optional<char32_t> SystemPage::decode(std::string_view bytes) const {
     std::string input(bytes);

@@ -58,17 +58,6 @@ bool livesInStyle(std::wstring_view name) {
            name == kStyleText;
 }
 
-AcDbObjectId lookup(AcDbObjectId tableId, const std::wstring& name) {
-    const AcDbStub* stub = tableId;
-    return ObjectAccess::lookup(static_cast<const AcDbSymbolTable&>(*stub->object), name);
-}
-
-std::wstring nameOf(AcDbObjectId record) {
-    const AcDbStub* stub = record;
-    if (stub == nullptr) return {};
-    return ObjectAccess::name(static_cast<const AcDbSymbolTableRecord&>(*stub->object));
-}
-
 /// Canonical form of a colour's name; empty when it is none.
 std::wstring colorName(const std::wstring& text) {
     if (equalNoCase(text, L"BYLAYER") || equalNoCase(text, L"PORCAMADA")) return L"BYLAYER";
@@ -102,7 +91,7 @@ Result<void> DatabaseCore::checkVariable(const VariableInfo& info,
                                          const VariableValue& value) const {
     const auto* text = std::get_if<std::wstring>(&value);
     if (const NamedVariable* named = findEntry(kNamed, info.name)) {
-        const AcDbObjectId id = lookup(m_tables[named->table], *text);
+        const AcDbObjectId id = ObjectAccess::lookup(m_tables[named->table], *text);
         if (id.isNull()) return refusal(info, named->unknown + ("\"" + toUtf8(*text) + "\"."));
         if (named->which != kLayer) return {};
         const AcDbStub* stub = id;
@@ -113,7 +102,7 @@ Result<void> DatabaseCore::checkVariable(const VariableInfo& info,
     if (info.name == L"CECOLOR" && colorName(*text).empty())
         return refusal(info, "use BYLAYER, BYBLOCK ou um número de 1 a 255.");
     if (!livesInStyle(info.name)) return {};
-    if (info.name == kStyleText && lookup(m_tables[kTextStyles], *text).isNull())
+    if (info.name == kStyleText && ObjectAccess::lookup(m_tables[kTextStyles], *text).isNull())
         return refusal(info, "não existe o estilo de texto \"" + toUtf8(*text) + "\".");
     const AcDbStub* style = m_current[kDimStyle];
     if (style != nullptr && (style->writer || style->readers > 0))
@@ -123,9 +112,10 @@ Result<void> DatabaseCore::checkVariable(const VariableInfo& info,
 
 void DatabaseCore::variableChanged(VariableInfo& info) {
     if (const NamedVariable* named = findEntry(kNamed, info.name)) {
-        const AcDbObjectId id = lookup(m_tables[named->table], std::get<std::wstring>(info.value));
+        const AcDbObjectId id =
+            ObjectAccess::lookup(m_tables[named->table], std::get<std::wstring>(info.value));
         if (!id.isNull()) m_current[named->which] = id;
-        info.value = nameOf(m_current[named->which]);
+        info.value = ObjectAccess::recordName(m_current[named->which]);
         const AcDbStub* stub = m_current[named->which];
         if (named->which != kDimStyle || stub == nullptr) return;
         showDimStyle();
@@ -149,7 +139,8 @@ void DatabaseCore::variableChanged(VariableInfo& info) {
     if (const StyleInteger* entry = findEntry(kStyleIntegers, info.name))
         values.*entry->member = std::get<short>(info.value);
     if (info.name == kStyleText)
-        (void)style->setDimtxsty(lookup(m_tables[kTextStyles], std::get<std::wstring>(info.value)));
+        (void)style->setDimtxsty(
+            ObjectAccess::lookup(m_tables[kTextStyles], std::get<std::wstring>(info.value)));
     else
         (void)style->setValues(values);
     style->close();
@@ -157,7 +148,7 @@ void DatabaseCore::variableChanged(VariableInfo& info) {
 
 void DatabaseCore::showCurrent() {
     for (const NamedVariable& named : kNamed)
-        m_variables.mirror(named.name, nameOf(m_current[named.which]));
+        m_variables.mirror(named.name, ObjectAccess::recordName(m_current[named.which]));
     showDimStyle();
 }
 
@@ -169,7 +160,7 @@ void DatabaseCore::showDimStyle() {
         m_variables.mirror(entry.name, style.values().*entry.member);
     for (const StyleInteger& entry : kStyleIntegers)
         m_variables.mirror(entry.name, static_cast<short>(style.values().*entry.member));
-    m_variables.mirror(kStyleText, nameOf(style.dimtxsty()));
+    m_variables.mirror(kStyleText, ObjectAccess::recordName(style.dimtxsty()));
 }
 
 void DatabaseCore::recordChanged(const AcDbObject& record) {

@@ -14,16 +14,6 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
 
 namespace {
 
-AcDbObjectId lookup(AcDbObjectId tableId, const wchar_t* name) {
-    const AcDbStub* stub = tableId;
-    return ObjectAccess::lookup(static_cast<const AcDbSymbolTable&>(*stub->object), name);
-}
-
-const std::wstring& nameOf(AcDbObjectId record) {
-    return ObjectAccess::name(
-        static_cast<const AcDbSymbolTableRecord&>(*static_cast<AcDbStub*>(record)->object));
-}
-
 Acad::ErrorStatus checkRecord(const AcDbDatabase& database, AcDbObjectId id, AcRxClass* wanted) {
     if (id.isNull()) return Acad::eNullObjectId;
     if (id.database() != &database) return Acad::eWrongDatabase;
@@ -84,12 +74,16 @@ AcDbObjectId AcDbDatabase::regAppTableId() const {
     return m_core->m_tables[DatabaseCore::kRegApps];
 }
 AcDbObjectId AcDbDatabase::namedObjectsDictionaryId() const { return m_core->m_rootDictionary; }
-AcDbObjectId AcDbDatabase::layerZero() const { return lookup(layerTableId(), L"0"); }
+AcDbObjectId AcDbDatabase::layerZero() const { return ObjectAccess::lookup(layerTableId(), L"0"); }
 AcDbObjectId AcDbDatabase::continuousLinetype() const {
-    return lookup(linetypeTableId(), L"Continuous");
+    return ObjectAccess::lookup(linetypeTableId(), L"Continuous");
 }
-AcDbObjectId AcDbDatabase::byLayerLinetype() const { return lookup(linetypeTableId(), L"ByLayer"); }
-AcDbObjectId AcDbDatabase::byBlockLinetype() const { return lookup(linetypeTableId(), L"ByBlock"); }
+AcDbObjectId AcDbDatabase::byLayerLinetype() const {
+    return ObjectAccess::lookup(linetypeTableId(), L"ByLayer");
+}
+AcDbObjectId AcDbDatabase::byBlockLinetype() const {
+    return ObjectAccess::lookup(linetypeTableId(), L"ByBlock");
+}
 // The sheet is not drawn on: new entities go to the model.
 AcDbObjectId AcDbDatabase::currentSpaceId() const { return m_core->modelSpaceId(); }
 
@@ -105,22 +99,22 @@ Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId id) {
     if (es != Acad::eOk) return es;
     if (static_cast<AcDbLayerTableRecord*>(static_cast<AcDbStub*>(id)->object)->isFrozen())
         return Acad::eInvalidLayer;
-    m_core->variables().force(L"CLAYER", nameOf(id));
+    m_core->variables().force(L"CLAYER", ObjectAccess::recordName(id));
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId id) {
     const Acad::ErrorStatus es = checkRecord(*this, id, AcDbLinetypeTableRecord::desc());
-    if (es == Acad::eOk) m_core->variables().force(L"CELTYPE", nameOf(id));
+    if (es == Acad::eOk) m_core->variables().force(L"CELTYPE", ObjectAccess::recordName(id));
     return es;
 }
 Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId id) {
     const Acad::ErrorStatus es = checkRecord(*this, id, AcDbTextStyleTableRecord::desc());
-    if (es == Acad::eOk) m_core->variables().force(L"TEXTSTYLE", nameOf(id));
+    if (es == Acad::eOk) m_core->variables().force(L"TEXTSTYLE", ObjectAccess::recordName(id));
     return es;
 }
 Acad::ErrorStatus AcDbDatabase::setDimstyle(AcDbObjectId id) {
     const Acad::ErrorStatus es = checkRecord(*this, id, AcDbDimStyleTableRecord::desc());
-    if (es == Acad::eOk) m_core->variables().force(L"DIMSTYLE", nameOf(id));
+    if (es == Acad::eOk) m_core->variables().force(L"DIMSTYLE", ObjectAccess::recordName(id));
     return es;
 }
 

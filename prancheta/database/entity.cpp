@@ -19,14 +19,8 @@ AcDbDatabase* databaseFor(const AcDbEntity& entity) {
     return own != nullptr ? own : acdbHostApplicationServices()->workingDatabase();
 }
 
-AcDbObjectId lookup(AcDbObjectId tableId, const ACHAR* name) {
-    const AcDbStub* stub = tableId;
-    if (stub == nullptr || stub->object == nullptr || name == nullptr) return {};
-    return ObjectAccess::lookup(static_cast<const AcDbSymbolTable&>(*stub->object), name);
-}
-
 /// Copy of a record's name for the caller; `otherwise` for a null id.
-ACHAR* nameOf(AcDbObjectId id, const ACHAR* otherwise) {
+ACHAR* copyOfName(AcDbObjectId id, const ACHAR* otherwise) {
     ACHAR* copy = nullptr;
     if (const AcDbStub* stub = id; stub != nullptr && stub->object != nullptr)
         (void)static_cast<const AcDbSymbolTableRecord*>(stub->object)->getName(copy);
@@ -57,13 +51,14 @@ Acad::ErrorStatus assign(AcDbEntity& entity, Value& member, Value value) {
 
 }  // namespace
 
-ACHAR* AcDbEntity::layer() const { return nameOf(layerId(), L"0"); }
+ACHAR* AcDbEntity::layer() const { return copyOfName(layerId(), L"0"); }
 AcDbObjectId AcDbEntity::layerId() const { return AcDbObjectId(m_layer); }
 
 Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name, Adesk::Boolean doSubents, bool hidden) {
     const AcDbDatabase* where = databaseFor(*this);
     if (where == nullptr) return Acad::eNoDatabase;
-    const AcDbObjectId id = lookup(where->layerTableId(), name);
+    const AcDbObjectId id =
+        ObjectAccess::lookup(where->layerTableId(), name != nullptr ? name : L"");
     return id.isNull() ? Acad::eKeyNotFound : setLayer(id, doSubents, hidden);
 }
 Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId id, Adesk::Boolean, bool) {
@@ -79,7 +74,7 @@ Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index, Adesk::Boolean)
     return es;
 }
 
-ACHAR* AcDbEntity::linetype() const { return nameOf(linetypeId(), L"ByLayer"); }
+ACHAR* AcDbEntity::linetype() const { return copyOfName(linetypeId(), L"ByLayer"); }
 AcDbObjectId AcDbEntity::linetypeId() const {
     if (m_linetype != nullptr) return AcDbObjectId(m_linetype);
     const AcDbDatabase* where = databaseFor(*this);
@@ -88,7 +83,8 @@ AcDbObjectId AcDbEntity::linetypeId() const {
 Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name, Adesk::Boolean doSubents) {
     const AcDbDatabase* where = databaseFor(*this);
     if (where == nullptr) return Acad::eNoDatabase;
-    const AcDbObjectId id = lookup(where->linetypeTableId(), name);
+    const AcDbObjectId id =
+        ObjectAccess::lookup(where->linetypeTableId(), name != nullptr ? name : L"");
     return id.isNull() ? Acad::eKeyNotFound : setLinetype(id, doSubents);
 }
 Acad::ErrorStatus AcDbEntity::setLinetype(AcDbObjectId id, Adesk::Boolean) {

@@ -51,6 +51,18 @@ struct ObjectAccess {
     /// Last record of this name; erased ones only when asked for.
     static AcDbObjectId lookup(const AcDbSymbolTable& t, std::wstring_view name,
                                bool erased = false);
+    /// The living one; null when there is none, or no such table.
+    static AcDbObjectId lookup(AcDbObjectId table, std::wstring_view name) {
+        const AcDbStub* const stub = table;
+        if (stub == nullptr || stub->object == nullptr) return {};
+        return lookup(static_cast<const AcDbSymbolTable&>(*stub->object), name);
+    }
+    /// Empty for null.
+    static std::wstring recordName(AcDbObjectId record) {
+        const AcDbStub* const stub = record;
+        if (stub == nullptr || stub->object == nullptr) return {};
+        return name(static_cast<const AcDbSymbolTableRecord&>(*stub->object));
+    }
     /// Makes the record resident in the table (handle 0: the next free one) and leaves it open for
     /// write. False when name or handle is taken; the caller still owns the record then. Announced.
     static bool addRecord(AcDbSymbolTable& t, AcDbSymbolTableRecord* record,

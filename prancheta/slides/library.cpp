@@ -14,7 +14,7 @@ namespace prancheta::slides {
 namespace fs = std::filesystem;
 namespace {
 
-constexpr std::string_view kId("AutoCAD Slide Library 1.0\r\n\x1a\0\0\0\0", 32);
+constexpr std::string_view kLibraryId("AutoCAD Slide Library 1.0\r\n\x1a\0\0\0\0", 32);
 constexpr std::size_t kEntry = 36;
 constexpr std::size_t kName = 32;
 
@@ -81,11 +81,11 @@ const LoadedFile* loadedFile(const std::wstring& written, bool isLibrary, std::u
 }  // namespace
 
 Result<std::vector<LibraryEntry>> readLibrary(std::string_view bytes) {
-    if (bytes.substr(0, kId.size()) != kId)
+    if (bytes.substr(0, kLibraryId.size()) != kLibraryId)
         return libraryError("não é uma biblioteca de slides (cabeçalho inválido)");
     std::vector<LibraryEntry> entries;
     std::vector<std::size_t> offsets;
-    for (std::size_t at = kId.size();; at += kEntry) {
+    for (std::size_t at = kLibraryId.size();; at += kEntry) {
         if (at + kEntry > bytes.size())
             return libraryError("biblioteca de slides truncada: o diretório não termina");
         if (bytes[at] == '\0') break;
@@ -111,8 +111,8 @@ Result<std::vector<LibraryEntry>> readLibrary(std::string_view bytes) {
 }
 
 Result<std::string> writeLibrary(const std::vector<LibraryEntry>& entries) {
-    std::string out(kId);
-    std::size_t offset = kId.size() + (entries.size() + 1) * kEntry;
+    std::string out(kLibraryId);
+    std::size_t offset = kLibraryId.size() + (entries.size() + 1) * kEntry;
     for (const LibraryEntry& entry : entries) {
         if (entry.name.empty() || entry.name.size() >= kName)
             return libraryError("nome de slide inválido: \"" + entry.name +

@@ -12,7 +12,7 @@
 namespace prancheta::slides {
 namespace {
 
-constexpr std::string_view kId("AutoCAD Slide\r\n\x1a\0", 17);
+constexpr std::string_view kSlideId("AutoCAD Slide\r\n\x1a\0", 17);
 constexpr std::size_t kHeader = 31;
 constexpr std::size_t kOldHeader = 34;
 constexpr std::size_t kMaxVertices = 10;
@@ -57,7 +57,8 @@ private:
     }
 
     bool header() {
-        if (m_bytes.size() < kHeader || m_bytes.substr(0, kId.size()) != kId) return false;
+        if (m_bytes.size() < kHeader || m_bytes.substr(0, kSlideId.size()) != kSlideId)
+            return false;
         const unsigned level = byte(18);
         if (level == 2) {
             m_bigEndian = word16(29) == 0x3412;

@@ -75,7 +75,7 @@ constexpr int kFlags[] = {70};
 constexpr int kLayer[] = {70, 62};
 constexpr int kLinetype[] = {70, 3, 72, 73, 40};
 constexpr int kStyle[] = {70, 40, 41, 50, 71, 42, 3, 4};
-constexpr TableRule kRules[] = {
+constexpr TableRule kTableRules[] = {
     {"LAYER", "AcDbLayerTableRecord", kLayer, examineLayer},
     {"LTYPE", "AcDbLinetypeTableRecord", kLinetype, examineLinetype},
     {"STYLE", "AcDbTextStyleTableRecord", kStyle, examineStyle},
@@ -113,7 +113,7 @@ void examineTableRecord(Examiner& examiner, const dxf::Record& record) {
     // A style without a name stands for a shape file.
     const std::string_view name = valueOf(record, 2);
     if (record.type != "STYLE" || !trim(name).empty()) examineName(examiner, record, name);
-    for (const TableRule& known : kRules) {
+    for (const TableRule& known : kTableRules) {
         if (known.type != record.type) continue;
         if (modern) examineMarkers(examiner, record, known.marker);
         for (const int code : known.required)

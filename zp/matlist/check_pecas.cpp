@@ -24,9 +24,9 @@ constexpr double kSameChapa = 1.0;
 constexpr double kSameDirection = 1e-6;
 
 /// A place in a grid, with what else tells things apart.
-using Cell = std::array<long long, 6>;
-struct CellHash {
-    std::size_t operator()(const Cell& cell) const {
+using GridCell = std::array<long long, 6>;
+struct GridCellHash {
+    std::size_t operator()(const GridCell& cell) const {
         std::size_t hash = 0;
         for (const long long v : cell) hash = hash * 1099511628211U ^ std::hash<long long>()(v);
         return hash;
@@ -34,10 +34,10 @@ struct CellHash {
 };
 /// Calls back with a cell and its eight neighbours in the first two places.
 template <class Visit>
-void eachNear(Cell cell, Visit visit) {
+void eachNear(GridCell cell, Visit visit) {
     for (int i = -1; i <= 1; ++i)
         for (int k = -1; k <= 1; ++k) {
-            Cell other = cell;
+            GridCell other = cell;
             other[0] += i;
             other[1] += k;
             visit(other);
@@ -122,20 +122,20 @@ void checkPlanes(Survey& survey, const Travejada& t) {
 
 /// Plates at one place, told of all but the oldest. Cells as large as the tolerance.
 void checkCoinciding(Survey& survey) {
-    std::unordered_map<Cell, std::vector<AcDbObjectId>, CellHash> cells;
+    std::unordered_map<GridCell, std::vector<AcDbObjectId>, GridCellHash> cells;
     for (const AcDbObjectId& id : survey.chapas) {
         const AcDbObjectPointer<ZpObject> chapa(id, AcDb::kForRead);
         if (chapa.object() == nullptr) continue;
         const Peca& p = Access::of(*chapa.object());
         const AcGePoint3d place = middleOf(*chapa.object());
-        const Cell cell{std::llround(place.x / kSameChapa),
-                        std::llround(place.y / kSameChapa),
-                        block(*chapa.object()),
-                        p.vista,
-                        std::llround(p.angle / kSameDirection),
-                        std::llround(place.z / kSameChapa)};
+        const GridCell cell{std::llround(place.x / kSameChapa),
+                            std::llround(place.y / kSameChapa),
+                            block(*chapa.object()),
+                            p.vista,
+                            std::llround(p.angle / kSameDirection),
+                            std::llround(place.z / kSameChapa)};
         AcDbObjectId other;
-        eachNear(cell, [&](const Cell& near) {
+        eachNear(cell, [&](const GridCell& near) {
             const auto there = cells.find(near);
             if (there == cells.end() || !other.isNull()) return;
             for (const AcDbObjectId& candidate : there->second) {
@@ -256,7 +256,7 @@ void checkChapas(Survey& survey) {
 
 /// Bars by their lines: those whose cells touch are one line. O(n log n).
 void checkAxes(Survey& survey) {
-    std::unordered_map<Cell, std::size_t, CellHash> lineOf;
+    std::unordered_map<GridCell, std::size_t, GridCellHash> lineOf;
     std::vector<std::vector<Axis>> lines;
     for (const AcDbObjectId& id : survey.pecas) {
         const AcDbObjectPointer<ZpObject> barra(id, AcDb::kForRead);
@@ -264,14 +264,14 @@ void checkAxes(Survey& survey) {
             Access::of(*barra.object()).inSecao())
             continue;
         const Axis axis = axisOf(*barra.object());
-        const Cell cell{std::llround(axis.angle / kSameDirection),
-                        std::llround(axis.offset / kTouching),
-                        block(*barra.object()),
-                        std::llround(Access::of(*barra.object()).start.z / kTouching),
-                        0,
-                        0};
+        const GridCell cell{std::llround(axis.angle / kSameDirection),
+                            std::llround(axis.offset / kTouching),
+                            block(*barra.object()),
+                            std::llround(Access::of(*barra.object()).start.z / kTouching),
+                            0,
+                            0};
         std::size_t line = lines.size();
-        eachNear(cell, [&](const Cell& near) {
+        eachNear(cell, [&](const GridCell& near) {
             if (const auto known = lineOf.find(near); known != lineOf.end()) line = known->second;
         });
         if (line == lines.size()) lines.emplace_back();

@@ -156,7 +156,7 @@ void count(AcDbDatabase& drawing) {
 }
 
 /// Box around what shows the member.
-std::optional<AcDbExtents> placeOf(const Linha& row) {
+std::optional<AcDbExtents> extentsOf(const Linha& row) {
     AcDbExtents all;
     for (const std::vector<AcDbObjectId>* ids : {&row.pecas, &row.vistas})
         for (const AcDbObjectId& id : *ids) {
@@ -186,7 +186,7 @@ void locate(AcDbDatabase& drawing) {
     acutPrintf(L"\n%ls: %ls, quantidade %d, peças desenhadas: %d.\n", row.marca.c_str(),
                designationOf(row).c_str(), row.quantidade,
                static_cast<int>(row.pecas.size() + row.vistas.size()));
-    const std::optional<AcDbExtents> place = placeOf(row);
+    const std::optional<AcDbExtents> place = extentsOf(row);
     if (!place) return;
     const AcGeVector3d margin = (place->maxPoint() - place->minPoint()) * 0.25;
     const AcGePoint3d from = place->minPoint() - margin;

@@ -29,13 +29,13 @@ constexpr std::array kFromTop{ZpObject::kVistaInferior, ZpObject::kVistaDireita,
 constexpr double kUsualDistance = 50.0;
 constexpr double kMostDistance = 1e6;  ///< mm
 
-struct Choice {
+struct VistaChoice {
     Option words;
     std::vector<Vista> vistas;
 };
 
-const std::array<Choice, 6>& choices() {
-    static const std::array<Choice, 6> all{
+const std::array<VistaChoice, 6>& choices() {
+    static const std::array<VistaChoice, 6> all{
         {{{L"sUperior", L"Top"}, {ZpObject::kVistaSuperior}},
          {{L"Inferior", L"Bottom"}, {ZpObject::kVistaInferior}},
          {{L"Direita", L"Right"}, {ZpObject::kVistaDireita}},
@@ -171,7 +171,7 @@ void vistasCommand() {
         return;
     }
     std::vector<Option> words;
-    for (const Choice& choice : choices()) words.push_back(choice.words);
+    for (const VistaChoice& choice : choices()) words.push_back(choice.words);
     const std::optional<std::size_t> chosen = askOption(L"\nVista", words, words.size() - 1);
     if (!chosen) return;
     const std::optional<double> distance = askNumber(

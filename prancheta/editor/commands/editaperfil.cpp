@@ -3,9 +3,9 @@
 #include "protocol/attach.h"
 #include "protocol/edit.h"
 
-#include "dbsymtb.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/picking.h"
 
 namespace prancheta::commands {
 
@@ -13,11 +13,6 @@ namespace {
 
 const protocol::EntityEditor* editorOf(const AcDbEntity& entity) {
     return protocol::extensionOf<protocol::EntityEditor>(entity, protocol::kEntityEditorClass);
-}
-
-bool onLockedLayer(const AcDbEntity& entity) {
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId(), AcDb::kForRead);
-    return layer.openStatus() == Acad::eOk && layer->isLocked();
 }
 
 /// The editor of the entity; null, and the reason in `whyNot`, when it has none.
@@ -36,7 +31,7 @@ const protocol::EntityEditor* findEditor(AcDbObjectId id, std::wstring& whyNot) 
         whyNot = reason;
         return nullptr;
     }
-    if (onLockedLayer(*entity.object())) {
+    if (onLockedLayer(id)) {
         whyNot = L"A camada do perfil está bloqueada; desbloqueie-a para editar.";
         return nullptr;
     }
