@@ -109,6 +109,17 @@ void sectionPropertiesUncached(benchmark::State& state) {
 }
 BENCHMARK(sectionPropertiesUncached);
 
+void wholeSheetOfASection(benchmark::State& state) {
+    using namespace zp::secao;
+    std::vector<double> values = {200, 75, 75, 2.65, 2.65, kRight, kRight, 1000, 0, 0, 20};
+    for (auto _ : state) {
+        values[0] += 1e-6;
+        const Secao secao(Kind::UDobrado, roleValuesOf(Kind::UDobrado, 1, values));
+        benchmark::DoNotOptimize(secao.sheet().cw);
+    }
+}
+BENCHMARK(wholeSheetOfASection);
+
 void sectionFromTheCache(benchmark::State& state) {
     using namespace zp::secao;
     const std::vector<double> values = {200, 75, 75, 2.65, 2.65, kRight, kRight, 1000, 0, 0, 20};

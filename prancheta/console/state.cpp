@@ -100,7 +100,7 @@ Json entityJson(const AcDbEntity& entity) {
 /// Modules tell the rows' lists too, for front ends that show them; the state has the columns and
 /// what a row is tied to.
 void keepRowFields(Json& rows, const protocol::ListSchema& schema) {
-    std::set<std::string> fields{"ids", "pecas", "vistas"};
+    std::set<std::string> fields{"ids", "pecas", "vistas", "tira"};
     for (const protocol::ListColumn& column : schema.columns) fields.insert(toUtf8(column.key));
     for (Json& row : rows) {
         Json kept = Json::object();

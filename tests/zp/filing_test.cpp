@@ -444,8 +444,23 @@ TEST_F(Filing, TheReportHasEverythingInOrder) {
         p.settipoBarra(ZpObject::kPilar);
         p.AlteraComprimento(2000);
     });
+    std::wstring all = report(id);
+    // The name of the size is that of the tables, if there are any.
+    const std::size_t name = all.find(L"designacao=");
+    const std::size_t from = all.find(L"secao={ ");
+    ASSERT_TRUE(name < from && from != std::wstring::npos);
+    const std::wstring section = all.substr(from, all.find(L"} ", from) + 2 - from);
+    all.erase(name, from + section.size() - name);
+    // In mm: Zx = 300 x 9.5 x 290.5 + 8 x 281^2 / 4, It = (2 x 300 x 9.5^3 + 290.5 x 8^3) / 3.
+    EXPECT_TRUE(
+        section.starts_with(L"secao={ kg_m=62.400000 fonte_massa='tabela' A=7948.000000 "
+                            L"m2_m=1.784000 xg=150.000000 yg=150.000000 Ix="));
+    for (const wchar_t* const part :
+         {L" Zx=985847.000000 ", L" It=221053.666667 ", L" x0=0.000000 ",
+          L" esbeltez=[ [ 150.000000 9.500000 ] ", L" [ 281.000000 8.000000 ] ", L" tira=- } "})
+        EXPECT_NE(section.find(part), std::wstring::npos);
     EXPECT_EQ(
-        report(id),
+        all,
         L"tipo_barra=6 subtipo=3 construtor={ forma=1 pontos=[ (1.000000 2.000000 0.000000) ] "
         L"vista=3 "
         L"valores=[ 300.000000 300.000000 300.000000 8.000000 9.500000 1000.000000 0.000000 "

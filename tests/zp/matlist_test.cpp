@@ -476,7 +476,8 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
     EXPECT_EQ(visit.keys,
               L"lista_material { marca quantidade descricao dimensoes material comprimento "
               L"peso_unitario peso_total "
-              L"area_pintura observacao designacao lista grupo apagada # ids # pecas vistas } ");
+              L"area_pintura observacao designacao origem_peso lista grupo apagada # ids # pecas "
+              L"vistas tira } ");
     // In full and in the list's order, or as it is printed.
     Linha row = rows()[0];
     row.marca = L"P10";

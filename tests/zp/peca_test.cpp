@@ -288,7 +288,7 @@ TEST_F(Peca, ListSaysWhatItIs) {
     peca->list();
     EXPECT_TRUE(said(L"U 200x75x3"));
     EXPECT_TRUE(said(L"vista superior"));
-    EXPECT_TRUE(said(L"1020,41"));
+    EXPECT_TRUE(said(L"10,204 cm²"));
     const AcDbObjectId skewed = put(new ZpUDobrado(AcGePoint3d(), ZpObject::kVistaSecao, 40, 30, 30,
                                                    2, 2, 0, 0, 1000, 0, 0, 25));
     Read<ZpObject>(skewed)->list();

@@ -107,18 +107,6 @@ TEST(Properties, ModuliAndRadiiOfARectangle) {
     EXPECT_NEAR(p.principalAngle, 0.0, 1e-12);
 }
 
-TEST(Properties, Torsion) {
-    // Flat U without bends to speak of: mid-line 97 + 2 * 48.5 = 194, J = 194 * 27 / 3; the bends
-    // take little away.
-    EXPECT_NEAR(u(100, 50, 3).secao()->torsion(), 194.0 * 9.0, 0.05 * 194.0 * 9.0);
-    // Bredt: tube of mid radius 28.65, wall 3: 2 pi r^3 t.
-    EXPECT_NEAR(tubo(60.3, 3).secao()->torsion(), 2 * std::numbers::pi * std::pow(28.65, 3) * 3,
-                1e-6);
-    // Two equal pieces twist as two.
-    const Sample doubled{"", Kind::IDobrado, {100, 50, 50, 3, 3, 0, kFar, 0, 0, 0}};
-    EXPECT_NEAR(doubled.secao()->torsion(), 2 * u(100, 50, 3).secao()->torsion(), 1e-9);
-}
-
 TEST(Properties, PaintOnlyOnTheOutside) {
     EXPECT_NEAR(tubo(60.3, 3).secao()->perimetroPintura(), std::numbers::pi * 60.3, 1e-9);
     // Two plain U toe to toe: outer rectangle 150 x 200 with four corners of R = 6.

@@ -131,18 +131,26 @@ TEST(Published, EveryRowIsFoundAndItsSectionIsAsPrinted) {
             // The American database rounds to three digits, its flanges to 0.001 inch.
             const bool american = text(L"fonte").starts_with(L"AISC");
             const double tolerance = american ? 0.025 : shape.tolerance;
-            const auto near = [&](const wchar_t* column, double is, double least = 0.0) {
+            const auto within = [&](const wchar_t* column, double is, double share,
+                                    double least = 0.0) {
                 const double printed = number(column).value_or(0.0);
                 if (printed == 0.0) return;
-                EXPECT_NEAR(is, printed,
-                            std::max(least, tolerance * printed + rounding(text(column))))
+                EXPECT_NEAR(is, printed, std::max(least, share * printed + rounding(text(column))))
                     << texts::encodeUtf8(column);
+            };
+            const auto near = [&](const wchar_t* column, double is, double least = 0.0) {
+                within(column, is, tolerance, least);
             };
             const auto& p = secao->properties();
             const bool inches = shape.family == Family::L && name.ends_with(L'"');
             near(L"A", p.area * 1e-2);
             near(L"Ix", p.ix * 1e-4, inches ? roundingOfInches(p.ix * 1e-4) : 0.0);
             near(L"Iy", p.iy * 1e-4);
+            const auto& sheet = secao->sheet();
+            near(L"Zx", sheet.zx * 1e-3);
+            near(L"Zy", sheet.zy * 1e-3);
+            within(L"It", *sheet.it * 1e-4, 0.05);
+            within(L"Cw", *sheet.cw * 1e-6, std::max(tolerance, 0.02));
         }
     }
 }

@@ -106,8 +106,7 @@ double areaOfU(double h, double b, double t) {
 TEST_F(Sheets, ShowsMedidasAndProperties) {
     const AcDbObjectId peca = u(0, 0, 500);
     ReadSheet f = sheet(peca);
-    EXPECT_EQ(f.groups,
-              (std::vector<std::wstring>{L"Perfil", L"Geometria", L"Propriedades da seção"}));
+    EXPECT_EQ(f.groups, (std::vector<std::wstring>{L"Perfil", L"Geometria", L"Seção"}));
     EXPECT_EQ(f.values[L"perfil"], L"U");
     EXPECT_EQ(f.values[L"classe"], L"ZpUDobrado");
     EXPECT_EQ(f.values[L"tipo_barra"], L"Barra simples");
@@ -117,10 +116,14 @@ TEST_F(Sheets, ShowsMedidasAndProperties) {
     EXPECT_EQ(f.values[L"ang1"], L"90");
     EXPECT_EQ(f.editable.count(L"classe") + f.editable.count(L"massa"), 0u);
     // 1020.4115 mm2; x 7850 kg/m3.
-    EXPECT_EQ(f.values[L"area"], L"10.204 cm²");
+    EXPECT_EQ(f.values[L"A"], L"10.204 cm²");
     EXPECT_EQ(f.values[L"kg_m"], L"8.01 kg/m");
     EXPECT_EQ(f.values[L"massa"], L"4.005 kg");
-    EXPECT_EQ(f.values[L"yg"], L"0 mm");
+    // From the faces of the section and from the insertion point, a third of the flange inside.
+    EXPECT_EQ(f.values[L"xg"], L"17.39 mm");
+    EXPECT_EQ(f.values[L"xo"], L"-7.61 mm");
+    EXPECT_EQ(f.values[L"Wx_sup"], L"60.77 cm³");
+    EXPECT_EQ(f.values[L"tira"], L"340.14 mm");
 }
 
 TEST_F(Sheets, ANewAlturaTakesCotasMarcaAndRow) {

@@ -9,6 +9,7 @@
 #include "texts/number.h"
 #include "texts/path.h"
 #include "zp/objects/layers.h"
+#include "zp/objects/secao/single.h"
 
 namespace zp::matlist {
 namespace {
@@ -31,12 +32,7 @@ std::wstring enter(const std::vector<std::wstring>& fields, LeftOvers& all) {
 
 }  // namespace
 
-std::wstring keyOf(std::wstring_view designation) {
-    std::wstring key;
-    for (const wchar_t c : texts::lower(designation))
-        if (c != L' ') key += c == L'.' ? L',' : c;
-    return key;
-}
+std::wstring keyOf(std::wstring_view designation) { return secao::designationKey(designation); }
 
 LeftOvers leftOversIn(std::wstring_view text) {
     LeftOvers all;

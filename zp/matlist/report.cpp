@@ -9,6 +9,7 @@
 #include "protocol/report.h"
 #include "zp/matlist/listing.h"
 #include "zp/matlist/sheets.h"
+#include "zp/matlist/summary.h"
 #include "zp/matlist/zpmarca.h"
 
 namespace zp::matlist {
@@ -82,6 +83,10 @@ private:
         v.endList();
         handles(L"pecas", l.pecas, v);
         handles(L"vistas", l.vistas, v);
+        if (const std::optional<double> strip = stripOf(l))
+            v.number(L"tira", *strip);
+        else
+            v.text(L"tira", nullptr);
         v.endGroup();
     }
 };

@@ -16,6 +16,7 @@
 #include "zp/matlist/cutting_plan.h"
 #include "zp/matlist/listing.h"
 #include "zp/matlist/summary.h"
+#include "zp/objects/strip_rules.h"
 
 namespace zp::matlist {
 namespace {
@@ -139,6 +140,7 @@ void summaryCommand() {
     const std::optional<MaterialList> list = chooseList(*drawing);
     if (!list) return;
     const std::vector<Linha> all = rows(list->id);
+    for (const std::wstring& fault : stripFaults()) acutPrintf(L"\n%ls", fault.c_str());
     for (const std::wstring& line : summaryLines(all)) acutPrintf(L"\n%ls", line.c_str());
     acutPrintf(L"\n");
     constexpr double kHeaviest = 1e6;

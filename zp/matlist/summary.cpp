@@ -7,8 +7,8 @@
 
 #include "zp/matlist/columns.h"
 #include "zp/matlist/lists.h"
-#include "zp/objects/edit.h"
 #include "zp/objects/secao/single.h"
+#include "zp/objects/strip_rules.h"
 
 namespace zp::matlist {
 namespace {
@@ -19,19 +19,18 @@ std::wstring sizesOf(const Linha& row) {
     return secao::designacaoText(single.perfil, single.dimensoes, {});
 }
 
-/// Of a drawn piece of the row; 0 when it is bent from no strip or none is drawn.
-double stripOf(const Linha& row) {
+}  // namespace
+
+std::optional<double> stripOf(const Linha& row) {
     for (const auto* drawn : {&row.pecas, &row.vistas})
         for (const AcDbObjectId& id : *drawn) {
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
             if (peca.object() == nullptr) continue;
-            const secao::Kind kind = edit::kindOf(*peca.object());
-            return secao::tira(kind, secao::Secao(kind, edit::valuesOf(*peca.object())));
+            const std::optional<secao::Strip> strip = zp::stripOf(*peca.object());
+            return strip ? std::optional(strip->width) : std::nullopt;
         }
-    return 0.0;
+    return {};
 }
-
-}  // namespace
 
 std::vector<Product> productsOf(const std::vector<Linha>& rows) {
     // Rows of before their size had a name belong to those that have it.
@@ -67,7 +66,7 @@ std::vector<SummaryLine> summaryOf(const std::vector<Linha>& rows) {
             line.metres += static_cast<double>(share.pieces) * share.row->comprimento / 1000.0;
             line.kg += share.row->pesoTotal;
             line.m2 += share.row->areaPintura;
-            if (line.bar && line.strip == 0.0) line.strip = stripOf(*share.row);
+            if (line.bar && line.strip == 0.0) line.strip = stripOf(*share.row).value_or(0.0);
         }
         lines.push_back(std::move(line));
     }

@@ -3,6 +3,7 @@
 // shapes.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,10 @@ struct Product {
 };
 /// Rows that count, by product, in the order of the list. They point into `rows`.
 std::vector<Product> productsOf(const std::vector<Linha>& rows);
+
+/// Width of the strip that the row's single shape is bent from, mm; nothing when it is bent from
+/// none, or no piece of the row is drawn.
+std::optional<double> stripOf(const Linha& row);
 
 struct SummaryLine {
     std::wstring designation;

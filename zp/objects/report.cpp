@@ -6,6 +6,7 @@
 #include "protocol/attach.h"
 #include "protocol/report.h"
 #include "zp/objects/member.h"
+#include "zp/objects/strip_rules.h"
 
 namespace zp::report {
 namespace {
@@ -41,6 +42,35 @@ void texts(const ZpObject& peca, PropertyVisitor& v) {
     v.text(L"designacao", Access::of(peca).designacao().c_str());
 }
 
+void optional(PropertyVisitor& v, const ACHAR* name, std::optional<double> value) {
+    if (value)
+        v.number(name, *value);
+    else
+        v.text(name, nullptr);
+}
+
+/// mm and its powers, degrees.
+void section(const ZpObject& peca, const Peca& p, PropertyVisitor& v) {
+    if (p.chapa()) return;
+    const secao::Sheet& sheet = p.secao().sheet();
+    v.beginGroup(L"secao");
+    v.number(L"kg_m", peca.getLinearWeight());
+    v.text(L"fonte_massa", p.massSource() == MassSource::Tabela ? L"tabela" : L"geometria");
+    for (const secao::SheetRow& row : secao::sheetRows())
+        if (!row.fromOrigin) optional(v, row.key, row.of(sheet));
+    v.beginList(L"esbeltez");
+    for (const secao::Element& e : sheet.elements) {
+        v.beginList(nullptr);
+        v.number(nullptr, e.b);
+        v.number(nullptr, e.t);
+        v.endList();
+    }
+    v.endList();
+    const std::optional<secao::Strip> strip = stripOf(peca);
+    optional(v, L"tira", strip ? std::optional(strip->width) : std::nullopt);
+    v.endGroup();
+}
+
 class PecasReport : public protocol::EntityReport {
 public:
     void describe(const AcDbEntity& entity, PropertyVisitor& v) const override {
@@ -67,6 +97,7 @@ public:
         v.number(L"area_pintura", peca->getAreaPintura());
         v.number(L"peso", peca->getPeso());
         texts(*peca, v);
+        section(*peca, p, v);
         const std::wstring marca = member::marcaOf(*peca);
         v.text(L"marca", marca.empty() ? nullptr : marca.c_str());
         v.integer(L"conta", member::of(*peca).count);

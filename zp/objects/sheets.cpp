@@ -15,8 +15,8 @@
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/member.h"
 #include "zp/objects/peca.h"
-#include "zp/objects/published.h"
 #include "zp/objects/secao/labels.h"
+#include "zp/objects/secao_rows.h"
 #include "zp/objects/steel.h"
 
 namespace zp::sheets {
@@ -108,25 +108,13 @@ void geometryGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
 }
 
 void secaoGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
-    s.group(L"Propriedades da seção");
+    s.group(L"Seção");
     show(s, L"massa", L"Peso", withUnit(peca.getPeso(), 3, L"kg"));
-    show(s, L"kg_m", L"Peso por metro", withUnit(peca.getLinearWeight(), 3, L"kg/m"));
     show(s, L"area_pintura", L"Área de pintura", withUnit(peca.getAreaPintura(), 4, L"m²"));
-    if (p.chapa()) return;
-    show(s, L"fonte_massa", L"Origem do peso", published::massWords(p));
-    const secao::Properties& r = p.secao().properties();
-    show(s, L"area", L"Área (A)", withUnit(peca.getArea() * 1e-2, 3, L"cm²"));
-    show(s, L"ix", L"Momento de inércia (Ix)", withUnit(r.ix * 1e-4, 2, L"cm⁴"));
-    show(s, L"iy", L"Momento de inércia (Iy)", withUnit(r.iy * 1e-4, 2, L"cm⁴"));
-    show(s, L"rx", L"Raio de giração (rx)", withUnit(r.rx * 0.1, 3, L"cm"));
-    show(s, L"ry", L"Raio de giração (ry)", withUnit(r.ry * 0.1, 3, L"cm"));
-    // The smaller modulus decides.
-    show(s, L"wx", L"Módulo resistente (Wx)",
-         withUnit(std::min(r.wxUpper, r.wxLower) * 1e-3, 2, L"cm³"));
-    show(s, L"wy", L"Módulo resistente (Wy)",
-         withUnit(std::min(r.wyLeft, r.wyRight) * 1e-3, 2, L"cm³"));
-    show(s, L"xg", L"Centroide (xg)", withUnit(r.xg, 2, L"mm"));
-    show(s, L"yg", L"Centroide (yg)", withUnit(r.yg, 2, L"mm"));
+    if (p.chapa())
+        show(s, L"kg_m", L"Peso por metro", withUnit(peca.getLinearWeight(), 3, L"kg/m"));
+    for (const SecaoRow& row : secaoRows(peca, withPoint)) show(s, row.key, row.label, row.value);
+    if (!p.chapa() && p.secao().invalid()) show(s, L"invalida", L"Valores", kInvalidSecao);
 }
 
 /// The same piece, in no drawing and tied to nothing.

@@ -8,7 +8,7 @@
 #include "texts/number.h"
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
-#include "zp/objects/published.h"
+#include "zp/objects/secao_rows.h"
 
 using texts::withComma;
 using zp::Link;
@@ -41,13 +41,11 @@ std::wstring handles(const Peca& p, bool cotas) {
     return text.empty() ? L"nenhuma" : text;
 }
 
-void listSecao(const Peca& p) {
-    const zp::secao::Properties& s = p.secao().properties();
-    line(L"área (A)", withComma(s.area, 2) + L" mm2");
-    line(L"Ix, Iy", withComma(s.ix, 0) + L"; " + withComma(s.iy, 0) + L" mm4");
-    line(L"xg, yg", withComma(s.xg, 3) + L"; " + withComma(s.yg, 3) + L" mm");
-    line(L"It", withComma(p.secao().torsion(), 0) + L" mm4");
-    if (p.secao().invalid()) line(L"valores", L"seção inválida: desenhada pela caixa");
+/// The mass stands above.
+void listSecao(const ZpObject& peca, const Peca& p) {
+    for (const zp::SecaoRow& row : zp::secaoRows(peca, withComma))
+        if (row.key != std::wstring_view(L"kg_m")) line(row.label, row.value);
+    if (p.secao().invalid()) line(L"valores", zp::kInvalidSecao);
 }
 
 }  // namespace
@@ -66,8 +64,7 @@ void ZpObject::subList() const {
     line(L"função", p.tipoBarra < std::size(kRoleNames) ? kRoleNames[p.tipoBarra] : kRoleNames[0]);
     line(L"peso", withComma(getPeso(), 3) + L" kg (" + withComma(getLinearWeight(), 3) + L" kg/m)");
     line(L"área de pintura", withComma(getAreaPintura(), 4) + L" m2");
-    if (!p.chapa()) line(L"origem do peso", zp::published::massWords(p));
-    if (!p.chapa()) listSecao(p);
+    if (!p.chapa()) listSecao(*this, p);
     line(L"cotas", handles(p, true));
     line(L"peças ligadas", handles(p, false));
     if (const int outside = zp::chapasBeyondBarra(*this); outside > 0)

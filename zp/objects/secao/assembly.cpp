@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <numbers>
 
 #include "zp/objects/secao/blocks.h"
+#include "zp/objects/secao/torsion.h"
 
 namespace zp::secao {
 namespace {
@@ -23,24 +23,6 @@ const double kTaperFillet = [] {
     const double phi = 0.5 * kPi + std::atan(1.0 / 6.0);
     return 1.0 / std::tan(0.5 * phi) - 0.5 * (kPi - phi);
 }();
-
-struct Strip {
-    double comprimento;
-    double espessura;
-};
-
-/// Torsion constant of open thin strips: sum of l t^3 / 3.
-double openTorsion(std::initializer_list<Strip> strips) {
-    double sum = 0.0;
-    for (const Strip& f : strips)
-        sum += std::max(0.0, f.comprimento) * f.espessura * f.espessura * f.espessura / 3.0;
-    return sum;
-}
-
-/// Strip of constant thickness: its mid-line is as long as area over thickness.
-double stripTorsion(const Loop& loop, double t) {
-    return t > 0.0 ? openTorsion({{area(loop) / t, t}}) : 0.0;
-}
 
 Assembly one(Block block, double torsion) {
     return {{std::move(block.loop)}, block.invalid, torsion, 0.0};
@@ -76,11 +58,6 @@ double totalLargura(double w, double b) { return std::max(finite(w), 2.0 * finit
 
 Loop circle(double d, bool hole) { return {{}, hole, 0.5 * d, {}}; }
 
-double lTorsion(const RoleValues& d) {
-    const double b = d[B1] != 0.0 ? d[B1] : d[H];
-    return openTorsion({{finite(d[H]) + finite(b) - finite(d[T]), finite(d[T])}});
-}
-
 struct Radii {
     double root = 0.0;
     double toe = 0.0;
@@ -103,6 +80,11 @@ Radii lRadii(const RoleValues& d) {
     return radii;
 }
 
+double lTorsion(const RoleValues& d) {
+    const double b = d[B1] != 0.0 ? d[B1] : d[H];
+    return torsionOfL(finite(d[H]), finite(b), finite(d[T]), std::max(0.0, finite(lRadii(d).root)));
+}
+
 Block lLaminado(const RoleValues& d) {
     const Radii radii = lRadii(d);
     return cantoneiraLaminada(d[H], d[B1] != 0.0 ? d[B1] : d[H], d[T], radii.root, radii.toe);
@@ -121,6 +103,7 @@ Block lStanding(const RoleValues& d) {
 struct OneU {
     Block block;
     double torsion;
+    double tf;  ///< at mid overhang
 };
 
 OneU oneU(const RoleValues& d, int n) {
@@ -133,11 +116,12 @@ OneU oneU(const RoleValues& d, int n) {
     const double area = (d.printed.area > 0.0 ? d.printed.area : finite(d[A]) / n) - rounded;
     const double tfUpper = meanFlange(area, d[H], d[B1], b2, d[T], d[Tf1]);
     const double tfLower = meanFlange(area, d[H], d[B1], b2, d[T], d[Tf2]);
+    const double b = 0.5 * (finite(d[B1]) + finite(b2));
+    const double tf = 0.5 * (tfUpper + tfLower);
     const double t = finite(d[T]);
-    const double j = openTorsion({{finite(d[H]) - 0.5 * (tfUpper + tfLower), t},
-                                  {finite(d[B1]) - 0.5 * t, tfUpper},
-                                  {finite(b2) - 0.5 * t, tfLower}});
-    return {uLaminado({d[H], d[B1], b2, d[T], tfUpper, tfLower, root, toe}), j};
+    const double j = torsionOfU({finite(d[H]), b, tf, t, std::max(0.0, finite(root)),
+                                 std::min(halfFlangeFall(b, t), 2.0 * tf / 3.0)});
+    return {uLaminado({d[H], d[B1], b2, d[T], tfUpper, tfLower, root, toe}), j, tf};
 }
 
 double rolledRoot(const RoleValues& d, double divisor) {
@@ -168,37 +152,43 @@ Assembly assembly::none(const RoleValues&) { return {}; }
 Assembly assembly::uDobradoSingle(const RoleValues& d) {
     Block u = uDobrado(medidasU(d, d[Aba]));
     move(u.loop, -finite(d[B1]) / 3.0, 0.0);
-    const double j = stripTorsion(u.loop, d[T]);
+    const double j = torsionOfStrip(area(u.loop), d[T]);
     return one(std::move(u), j);
 }
 
 Assembly assembly::z(const RoleValues& d) {
     Block b = zDobrado(d[H], d[B1], d[Aba], d[T], d[Ri], d[Ang1], d[Ang2]);
-    const double j = stripTorsion(b.loop, d[T]);
+    const double j = torsionOfStrip(area(b.loop), d[T]);
     return one(std::move(b), j);
 }
 
 Assembly assembly::cartolaSingle(const RoleValues& d) {
     Block b = cartola(d[H], d[B1], d[T], d[Ri], d[Aba]);
-    const double j = stripTorsion(b.loop, d[T]);
+    const double j = torsionOfStrip(area(b.loop), d[T]);
     return one(std::move(b), j);
 }
 
 Assembly assembly::cantoneira(const RoleValues& d) {
     Block b = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], d[Ang1]);
     move(b.loop, -finite(d[B1]) / 3.0, finite(d[H]) / 3.0);
-    const double j = stripTorsion(b.loop, d[T]);
+    const double j = torsionOfStrip(area(b.loop), d[T]);
     return one(std::move(b), j);
 }
 
 Assembly assembly::caixaDobrado(const RoleValues& d) {
     Block u = uDobrado(medidasU(d, std::max(0.0, finite(d[Aba]))));
     const double w = totalLargura(d[Vao], d[B1]);
-    const double j = stripTorsion(u.loop, d[T]);
-    const double outer = w > 2.0 * finite(d[B1]) ? 0.0 : 2.0 * outerOutline(u);
+    const double j = torsionOfStrip(area(u.loop), d[T]);
+    const bool closed = w <= 2.0 * finite(d[B1]);
+    const double outer = closed ? 2.0 * outerOutline(u) : 0.0;
     move(u.loop, -0.5 * w, 0.0);
     Assembly m = withHalfTurn(u, j);
     m.outerOutline = outer;
+    if (closed) {
+        const double t = finite(d[T]);
+        m.torsion =
+            torsionOfCell({w - t, finite(d[H]) - t, t, t, std::max(0.0, finite(d[Ri])) + 0.5 * t});
+    }
     return m;
 }
 
@@ -213,11 +203,8 @@ Assembly assembly::tuboRetangular(const RoleValues& d) {
     if (!hollow) return m;
     Block hole = rectangle(b - 2.0 * t, h - 2.0 * t, ri, true);
     m.loops.push_back(std::move(hole.loop));
-    // Bredt on the mid-line, whose corners have the mean of both radii.
     const double radius = 0.5 * (m.loops[0].vertices[0].radius + m.loops[1].vertices[0].radius);
-    const double area = (b - t) * (h - t) - (4.0 - kPi) * radius * radius;
-    const double around = 2.0 * (b + h - 2.0 * t) - (8.0 - 2.0 * kPi) * radius;
-    m.torsion = 4.0 * area * area * t / around;
+    m.torsion = torsionOfCell({b - t, h - t, t, t, radius});
     return m;
 }
 
@@ -227,13 +214,9 @@ Assembly assembly::redondo(const RoleValues& d) {
     if (!(outside > 0.0)) return {{rectangle(0.0, 0.0, 0.0, false).loop}, true, 0.0, 0.0};
     Assembly m{{circle(outside, false)}, inside >= outside, 0.0, 0.0};
     const bool hollow = inside > 0.0 && inside < outside;
-    if (!hollow) {
-        m.torsion = kPi * outside * outside * outside * outside / 32.0;
-        return m;
-    }
-    m.loops.push_back(circle(inside, true));
-    const double radius = 0.25 * (outside + inside);
-    m.torsion = 2.0 * kPi * radius * radius * radius * 0.5 * (outside - inside);
+    if (hollow) m.loops.push_back(circle(inside, true));
+    const auto polar = [](double diameter) { return kPi * std::pow(diameter, 4) / 32.0; };
+    m.torsion = polar(outside) - (hollow ? polar(inside) : 0.0);
     return m;
 }
 
@@ -258,6 +241,7 @@ Assembly assembly::caixaOfCantoneiras(const RoleValues& d) {
     move(l.loop, -0.5 * finite(d[B1]), -0.5 * (finite(d[H]) + t));
     Assembly m = withHalfTurn(l, lTorsion(d));
     m.outerOutline = outer;
+    m.torsion = torsionOfCell({finite(d[B1]) - t, finite(d[H]), t, t});
     return m;
 }
 
@@ -269,21 +253,21 @@ Assembly assembly::uLaminadoSingle(const RoleValues& d) {
 
 Assembly assembly::tDobrada(const RoleValues& d) {
     Block l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
-    const double j = stripTorsion(l.loop, d[T]);
+    const double j = torsionOfStrip(area(l.loop), d[T]);
     move(l.loop, 0.5 * finite(d[Vao]), finite(d[H]) / 3.0);
     return withMirror(l, j);
 }
 
 Assembly assembly::uOfDobradas(const RoleValues& d) {
     Block l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
-    const double j = stripTorsion(l.loop, d[T]);
+    const double j = torsionOfStrip(area(l.loop), d[T]);
     move(l.loop, -0.5 * totalLargura(d[Vao], d[B1]), finite(d[H]) / 3.0);
     return withMirror(l, j);
 }
 
 Assembly assembly::xDobrado(const RoleValues& d) {
     Block l = cantoneiraDobrada(d[H], d[B1], d[T], d[Ri], 0.5 * kPi);
-    const double j = stripTorsion(l.loop, d[T]);
+    const double j = torsionOfStrip(area(l.loop), d[T]);
     // The bend, not the unrounded heel, touches the gap.
     const double radius = l.loop.vertices[0].radius;
     rotate(l.loop, 0.25 * kPi);
@@ -325,8 +309,12 @@ Assembly assembly::zOfLaminadas(const RoleValues& d) {
 
 Assembly assembly::uULaminado(const RoleValues& d) {
     OneU u = oneU(d, 2);
-    move(u.block.loop, -0.5 * totalLargura(d[Vao], d[B1]), 0.0);
-    return withHalfTurn(u.block, u.torsion);
+    const double w = totalLargura(d[Vao], d[B1]);
+    move(u.block.loop, -0.5 * w, 0.0);
+    Assembly m = withHalfTurn(u.block, u.torsion);
+    const double t = finite(d[T]);
+    if (w <= 2.0 * finite(d[B1])) m.torsion = torsionOfCell({w - t, finite(d[H]) - u.tf, t, u.tf});
+    return m;
 }
 
 Assembly assembly::doisULaminado(const RoleValues& d) {
@@ -338,7 +326,7 @@ Assembly assembly::doisULaminado(const RoleValues& d) {
 Assembly assembly::iDobrado(const RoleValues& d) {
     const double aba = std::abs(finite(d[Aba]));
     Block u = uDobrado(medidasU(d, d[Species] == 1.0 ? -aba : aba));
-    const double j = stripTorsion(u.loop, d[T]);
+    const double j = torsionOfStrip(area(u.loop), d[T]);
     move(u.loop, 0.5 * finite(d[Vao]), 0.0);
     return withHalfTurn(u, j);
 }
@@ -346,10 +334,8 @@ Assembly assembly::iDobrado(const RoleValues& d) {
 Assembly assembly::iSoldado(const RoleValues& d) {
     const double tb = d.variant == 1 ? d[Tb] : d[Tc];
     Block b = perfilI({d[H], d[Bc], d[Bb], d[Tc], tb, d[Tw], 0.0});
-    return one(std::move(b),
-               openTorsion({{finite(d[H]) - 0.5 * (finite(d[Tc]) + finite(tb)), finite(d[Tw])},
-                            {finite(d[Bc]), finite(d[Tc])},
-                            {finite(d[Bb]), finite(tb)}}));
+    return one(std::move(b), torsionOfPlates(finite(d[H]), finite(d[Bc]), finite(d[Tc]),
+                                             finite(d[Bb]), finite(tb), finite(d[Tw])));
 }
 
 Assembly assembly::iLaminado(const RoleValues& d) {
@@ -357,11 +343,14 @@ Assembly assembly::iLaminado(const RoleValues& d) {
     const double b = finite(d[B1]);
     const double tw = finite(d[Tw]);
     const double tf = finite(d[Tf1]);
-    const double j = openTorsion({{h - tf, tw}, {b, tf}, {b, tf}});
-    if (d[Type] == 2.0)
-        return one(perfilITapered(h, b, tf, tw, rolledRoot(d, 3.0 * kTaperFillet), d.printed.toe),
-                   j);
-    return one(perfilI({h, b, b, tf, tf, tw, rolledRoot(d, 4.0 * kRightFillet)}), j);
+    if (d[Type] == 2.0) {
+        const double r = rolledRoot(d, 3.0 * kTaperFillet);
+        const double fall = std::min((b - tw) / 24.0, 2.0 * tf / 3.0);
+        return one(perfilITapered(h, b, tf, tw, r, d.printed.toe),
+                   torsionOfI({h, b, tf, tw, r, fall}));
+    }
+    const double r = rolledRoot(d, 4.0 * kRightFillet);
+    return one(perfilI({h, b, b, tf, tf, tw, r}), torsionOfI({h, b, tf, tw, r}));
 }
 
 }  // namespace zp::secao

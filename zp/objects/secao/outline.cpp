@@ -214,6 +214,13 @@ double area(const Loop& loop) {
     return sum;
 }
 
+double straight(const Loop& loop, std::size_t i) {
+    const std::vector<Vertex>& v = loop.vertices;
+    const std::vector<Corner> corner = corners(v);
+    const std::size_t j = (i + 1) % v.size();
+    return corner[i].sideAfter - tangent(corner[i], v[i].radius) - tangent(corner[j], v[j].radius);
+}
+
 Outline trace(const Loop& loop) {
     if (loop.circleRadius > 0.0) return circle(loop);
     Outline c;

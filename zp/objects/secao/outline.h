@@ -99,6 +99,9 @@ double area(const Loop& loop);
 /// The lines and arcs of a loop that `fitRadii` accepted.
 Outline trace(const Loop& loop);
 
+/// Straight part of the side from a corner to the next one, between their roundings, mm.
+double straight(const Loop& loop, std::size_t corner);
+
 /// Exact box of one segment, extremes of arcs included.
 Bounds boundsOf(const Segment& segment);
 

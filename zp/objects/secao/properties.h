@@ -33,4 +33,12 @@ struct Properties {
 
 Properties properties(const std::vector<Outline>& outlines);
 
+/// Plastic moduli about the lines parallel to x and to y that halve the area, mm3; exact over lines
+/// and arcs. `p` are the properties of the same outlines. Zero for a section without area.
+struct PlasticModuli {
+    double zx = 0.0;
+    double zy = 0.0;
+};
+PlasticModuli plasticModuli(const std::vector<Outline>& outlines, const Properties& p);
+
 }  // namespace zp::secao

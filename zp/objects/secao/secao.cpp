@@ -72,6 +72,7 @@ Secao::Secao(Kind kind, const RoleValues& given) {
         m_outlines.push_back(trace(loop));
         m_bounds.include(m_outlines.back().bounds);
     }
+    m_loops = std::move(m.loops);
     m_properties = secao::properties(m_outlines);
     m_perimetroPintura = m.outerOutline;
     if (m_perimetroPintura == 0.0)
@@ -96,6 +97,14 @@ Secao::Secao(Kind kind, const RoleValues& given) {
         positive(given[A]) * (row.composition == Composition::TwoInCm2 ? 100.0 : 1.0);
     m_area = area > 0.0 ? area : m_properties.area;
     m_kgMetro = positive(d[M]) > 0.0 ? d[M] : kgMetroOfOutline();
+}
+
+const Sheet& Secao::sheet() const {
+    if (!m_sheet)
+        m_sheet = std::make_unique<Sheet>(
+            sheetOf({m_loops, m_outlines, m_bounds, m_properties, m_perimetroPintura, m_torsion,
+                     m_espessura, m_invalid}));
+    return *m_sheet;
 }
 
 double Secao::kgMetroOfOutline() const { return m_properties.area * kSteelKgMetro; }

@@ -12,6 +12,7 @@
 #include "zp/objects/secao/levels.h"
 #include "zp/objects/secao/outline.h"
 #include "zp/objects/secao/properties.h"
+#include "zp/objects/secao/sheet.h"
 
 namespace zp::secao {
 
@@ -26,8 +27,8 @@ public:
     const Properties& properties() const { return m_properties; }
     /// What a brush reaches: loops without holes; closed boxes only from outside.
     double perimetroPintura() const { return m_perimetroPintura; }
-    /// Torsion constant, mm4.
-    double torsion() const { return m_torsion; }
+    /// Computed when first asked for.
+    const Sheet& sheet() const;
     /// True when the values gave no drawable outline and a box stands for it.
     bool invalid() const { return m_invalid; }
     /// Height and width of one piece, of the whole for built-up sections; thickness.
@@ -46,6 +47,7 @@ public:
     const Vista& vista(int vista) const;
 
 private:
+    std::vector<Loop> m_loops;
     std::vector<Outline> m_outlines;
     Bounds m_bounds;
     Properties m_properties;
@@ -58,6 +60,7 @@ private:
     double m_kgMetro = 0.0;
     bool m_invalid = false;
     mutable std::unique_ptr<Vista> m_vistas[4];
+    mutable std::unique_ptr<Sheet> m_sheet;
 };
 
 /// The section of these constructor values from the shared cache. `values` in constructor order;

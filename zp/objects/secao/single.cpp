@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Single shapes of built-up sections, strips of bent ones.
+// Single shapes of built-up sections.
 #include "zp/objects/secao/single.h"
 
 #include <algorithm>
 #include <array>
-#include <utility>
 #include <vector>
 
 #include "texts/letters.h"
@@ -36,25 +35,6 @@ std::wstring turned(const std::wstring& sizes) {
            sizes.substr(second);
 }
 
-/// Strips in a section; 0 for a class that is not bent.
-int strips(Kind kind) {
-    switch (kind) {
-        case Kind::UDobrado:
-        case Kind::ZDobrado:
-        case Kind::Cartola:
-        case Kind::CantoneiraDobrada:
-            return 1;
-        case Kind::CaixaDobrado:
-        case Kind::CantTDobrada:
-        case Kind::CantUDobrada:
-        case Kind::XDobrado:
-        case Kind::IDobrado:
-            return 2;
-        default:
-            return 0;
-    }
-}
-
 }  // namespace
 
 Single singleOf(const std::wstring& perfil, const std::wstring& dimensoes) {
@@ -73,12 +53,11 @@ std::wstring designacaoText(const std::wstring& perfil, const std::wstring& dime
     return perfil + name.substr(sizes) + dimensoes.substr(gaps);
 }
 
-double tira(Kind kind, const Secao& secao) {
-    const int n = strips(kind);
-    // Of constant thickness: the mid-line is as long as area over thickness, bends included.
-    return n > 0 && secao.espessura() > 0.0 && !secao.invalid()
-               ? secao.properties().area / (n * secao.espessura())
-               : 0.0;
+std::wstring designationKey(std::wstring_view designation) {
+    std::wstring key;
+    for (const wchar_t c : texts::lower(designation))
+        if (c != L' ') key += c == L'.' ? L',' : c;
+    return key;
 }
 
 }  // namespace zp::secao

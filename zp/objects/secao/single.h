@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-// What a section is bought as: the single shapes of a built-up one, the strip of a bent one.
+// What a section is bought as: the single shapes of a built-up one.
 #pragma once
 
 #include <string>
-
-#include "zp/objects/secao/secao.h"
+#include <string_view>
 
 namespace zp::secao {
 
@@ -25,8 +24,7 @@ Single singleOf(const std::wstring& perfil, const std::wstring& dimensoes);
 std::wstring designacaoText(const std::wstring& perfil, const std::wstring& dimensoes,
                             const std::wstring& name);
 
-/// Width of the strip that one single shape is bent from: its developed mid-line, mm. 0 for what is
-/// not bent from strip; tubes are bought as tubes.
-double tira(Kind kind, const Secao& secao);
+/// "Ue 200x75x20x2,65" however it is typed: no blanks, small letters, decimal commas.
+std::wstring designationKey(std::wstring_view designation);
 
 }  // namespace zp::secao
