@@ -1,15 +1,26 @@
 // SPDX-License-Identifier: MIT
-// Which of a drawing's material lists.
+// Which of a drawing's material lists, which piece.
 #include "zp/matlist/ask_which.h"
 
 #include <algorithm>
 
 #include "acedads.h"
+#include "zp/matlist/asking.h"
+#include "zp/matlist/book.h"
 
 namespace zp::matlist {
 namespace {
 
 int g_last = 0;
+
+AcDbObjectId barAt(AcDbDatabase& drawing, AcDbObjectId id) {
+    if (const Book::Marca* const marca = Book::of(drawing).marca(id)) id = marca->peca;
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+    if (peca.object() == nullptr) return {};
+    const AcDbObjectId bar = edit::ownerOf(*peca.object());
+    if (!bar.isNull()) return bar;
+    return peca->isKindOf(ZpChapa::desc()) ? AcDbObjectId() : id;
+}
 
 }  // namespace
 
@@ -51,6 +62,12 @@ std::optional<MaterialList> chooseList(AcDbDatabase& drawing) {
         for (const MaterialList& l : all)
             acutPrintf(L"\n%d: %ls", l.number, l.header.group.c_str());
     return askWhich(all);
+}
+
+AcDbObjectId askBar(AcDbDatabase& drawing) {
+    const AcDbObjectId bar = barAt(drawing, askObject(L"\nSelecione a peça: "));
+    if (bar.isNull()) acutPrintf(L"\nNenhum perfil foi selecionado.\n");
+    return bar;
 }
 
 }  // namespace zp::matlist

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which of a drawing's material lists.
+// Which of a drawing's material lists, which piece.
 #pragma once
 
 #include <optional>
@@ -18,5 +18,9 @@ std::optional<MaterialList> chooseList(AcDbDatabase& drawing);
 void offerNext(int number);
 /// To be called when a drawing goes away: another one's lists have the same numbers.
 void forgetLast();
+
+/// The bar that the user picks, by itself, by one of its plates or by its mark. Null, and told,
+/// when he picks none.
+AcDbObjectId askBar(AcDbDatabase& drawing);
 
 }  // namespace zp::matlist

@@ -11,12 +11,17 @@
 #include "dbmain.h"
 #include "texts/letters.h"
 #include "texts/number.h"
+#include "texts/path.h"
 
 namespace zp::matlist {
 namespace {
 
 /// More members than any job has.
 constexpr int kMostCount = 1000000000;
+
+bool hasExtension(const std::filesystem::path& file, const wchar_t* extension) {
+    return texts::equalIgnoringCase(texts::shown(file.extension()), extension);
+}
 
 }  // namespace
 
@@ -92,6 +97,31 @@ std::optional<double> askNumber(const std::wstring& question, double offered, do
 std::wstring limitsInWords(double least, double most, const wchar_t* unit) {
     return L"Informe um número de " + texts::withComma(least) + L" a " + texts::withComma(most) +
            L" " + unit + L".";
+}
+
+std::optional<std::filesystem::path> askDestination(const wchar_t* question,
+                                                    const wchar_t* extension) {
+    for (;;) {
+        ACHAR name[133] = L"";
+        if (acedGetString(1, question, name) != RTNORM || *name == L'\0') return {};
+        const std::wstring path = name;
+        // A longer answer is cut there, and would name another file.
+        if (path.size() >= std::size(name) - 1) {
+            acutPrintf(
+                L"\nO caminho passa de 131 caracteres; nada foi gravado. Informe um mais curto.\n");
+            return {};
+        }
+        std::filesystem::path destination = texts::pathOf(path);
+        if (!hasExtension(destination, extension)) destination += extension;
+        std::error_code error;  // what cannot be asked cannot be written either, and that is told
+        const std::filesystem::path whole = std::filesystem::absolute(destination, error);
+        if (!error) destination = whole;
+        if (!std::filesystem::is_regular_file(destination, error)) return destination;
+        const Answer replaces = confirm(
+            L"\n" + texts::shown(destination) + L" já existe. Deseja substituí-lo?", Answer::No);
+        if (replaces == Answer::Yes) return destination;
+        if (replaces == Answer::GiveUp) return {};
+    }
 }
 
 std::optional<std::vector<AcDbObjectId>> askSelection() {

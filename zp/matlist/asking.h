@@ -2,6 +2,7 @@
 // Questions of the commands at the command line.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -38,6 +39,11 @@ std::optional<double> askNumber(const std::wstring& question, double offered, do
 
 /// What to type for such a number.
 std::wstring limitsInWords(double least, double most, const wchar_t* unit);
+
+/// File to write, its whole path with the extension; asks before one that exists is replaced.
+/// Nothing when the user declined or the name cannot have come whole.
+std::optional<std::filesystem::path> askDestination(const wchar_t* question,
+                                                    const wchar_t* extension);
 
 /// Objects that the user selects; empty when he selects none, nothing when he gave up.
 std::optional<std::vector<AcDbObjectId>> askSelection();

@@ -54,37 +54,6 @@ void table(MaterialList list) {
     draw(list);
 }
 
-bool hasExtension(const std::filesystem::path& file, const wchar_t* extension) {
-    return texts::equalIgnoringCase(texts::shown(file.extension()), extension);
-}
-
-/// File to write, its whole path; asks before one that exists is replaced. Nothing when the user
-/// declined or the name cannot have come whole.
-std::optional<std::filesystem::path> askDestination(const wchar_t* question,
-                                                    const wchar_t* extension) {
-    for (;;) {
-        ACHAR name[133] = L"";
-        if (acedGetString(1, question, name) != RTNORM || *name == L'\0') return {};
-        const std::wstring path = name;
-        // A longer answer is cut there, and would name another file.
-        if (path.size() >= std::size(name) - 1) {
-            acutPrintf(
-                L"\nO caminho passa de 131 caracteres; nada foi gravado. Informe um mais curto.\n");
-            return {};
-        }
-        std::filesystem::path destination = texts::pathOf(path);
-        if (!hasExtension(destination, extension)) destination += extension;
-        std::error_code error;  // what cannot be asked cannot be written either, and that is told
-        const std::filesystem::path whole = std::filesystem::absolute(destination, error);
-        if (!error) destination = whole;
-        if (!std::filesystem::is_regular_file(destination, error)) return destination;
-        const Answer replaces = confirm(
-            L"\n" + texts::shown(destination) + L" já existe. Deseja substituí-lo?", Answer::No);
-        if (replaces == Answer::Yes) return destination;
-        if (replaces == Answer::GiveUp) return {};
-    }
-}
-
 void exportTo(const MaterialList& list, const Format& format) {
     if (format.write == nullptr) {
         acutPrintf(L"\nEsta versão do programa não grava planilhas %ls; use a opção CSV.\n",

@@ -4,6 +4,7 @@
 
 #include "adscodes.h"
 #include "dbents.h"
+#include "dbpl.h"
 #include "dbsymtb.h"
 #include "perfis/entities/zpfuncoes.h"
 
@@ -26,6 +27,29 @@ void Draughtsman::text(const AcGePoint3d& where, const std::wstring& t, double a
         (void)entity->setAlignmentPoint(where);
     }
     put(std::move(entity));
+}
+
+void Draughtsman::outline(const secao::Outline& outline, const AcGePoint3d& at, double factor) {
+    const auto place = [&](const secao::Point& p) {
+        return AcGePoint3d(at.x + factor * p.x, at.y + factor * p.y, at.z);
+    };
+    if (outline.circle) {
+        circle(place(outline.segments.front().centre), factor * outline.segments.front().radius);
+        return;
+    }
+    auto polyline = std::make_unique<AcDbPolyline>();
+    for (const secao::Segment& s : outline.segments) {
+        const AcGePoint3d p = place(s.a);
+        (void)polyline->addVertexAt(polyline->numVerts(), {p.x, p.y},
+                                    s.bulge());  // behind the last
+    }
+    (void)polyline->setClosed(true);
+    (void)polyline->setElevation(at.z);
+    put(std::move(polyline));
+}
+
+void Draughtsman::circle(const AcGePoint3d& centre, double radius) {
+    put(std::make_unique<AcDbCircle>(centre, AcGeVector3d::kZAxis, radius));
 }
 
 bool Draughtsman::enter(AcDbEntity* entity, AcDbObjectId& id) const {

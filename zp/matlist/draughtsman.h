@@ -9,6 +9,7 @@
 #include "dbidar.h"
 #include "gemat3d.h"
 #include "gepnt3d.h"
+#include "zp/objects/secao/outline.h"
 
 class AcDbEntity;
 
@@ -27,6 +28,9 @@ public:
     /// `angle` in radians, about `where`.
     void text(const AcGePoint3d& where, const std::wstring& t, double altura, Align align,
               double angle = 0.0);
+    /// Lines and arcs of a section, `factor` times as large, its origin at `at`.
+    void outline(const secao::Outline& outline, const AcGePoint3d& at, double factor);
+    void circle(const AcGePoint3d& centre, double radius);
     const std::vector<AcDbSoftPointerId>& ids() const { return m_ids; }
 
 private:

@@ -12,6 +12,7 @@
 #include "zp/matlist/plan_view.h"
 #include "zp/matlist/report.h"
 #include "zp/matlist/resumo.h"
+#include "zp/matlist/secao_command.h"
 #include "zp/matlist/sheets.h"
 #include "zp/matlist/steel_command.h"
 #include "zp/matlist/table.h"
@@ -34,6 +35,8 @@ constexpr Command kCommands[] = {
     {zp::matlist::kPlanCommand, zp::matlist::cuttingPlanCommand},
     {zp::matlist::kSummaryCommand, zp::matlist::summaryCommand},
     {L"ACO", zp::matlist::steelCommand},
+    {L"TABELASECAO", zp::matlist::secaoTableCommand},
+    {L"DESENVOLVIMENTO", zp::matlist::blankCommand},
 };
 
 void start(void* application) {

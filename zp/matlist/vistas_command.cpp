@@ -10,6 +10,7 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/book.h"
 #include "zp/matlist/follow.h"
@@ -45,17 +46,6 @@ const std::array<VistaChoice, 6>& choices() {
           {ZpObject::kVistaInferior, ZpObject::kVistaDireita, ZpObject::kVistaSuperior,
            ZpObject::kVistaEsquerda, ZpObject::kVistaSecao}}}};
     return all;
-}
-
-/// The bar that was picked, by itself, by one of its plates or by its mark; null: none.
-AcDbObjectId askBar(AcDbDatabase& drawing) {
-    AcDbObjectId id = askObject(L"\nSelecione a peça: ");
-    if (const Book::Marca* const marca = Book::of(drawing).marca(id)) id = marca->peca;
-    const Peca peca(id, AcDb::kForRead);
-    if (peca.object() == nullptr) return {};
-    const AcDbObjectId bar = edit::ownerOf(*peca.object());
-    if (!bar.isNull()) return bar;
-    return peca->isKindOf(ZpChapa::desc()) ? AcDbObjectId() : id;
 }
 
 /// Lower and upper edge of a longitudinal view, from the axis.
@@ -157,10 +147,7 @@ void vistasCommand() {
         return;
     }
     const AcDbObjectId base = askBar(*drawing);
-    if (base.isNull()) {
-        acutPrintf(L"\nNenhum perfil foi selecionado.\n");
-        return;
-    }
+    if (base.isNull()) return;
     Vista drawn = ZpObject::kVistaSecao;
     {
         const Peca peca(base, AcDb::kForRead);

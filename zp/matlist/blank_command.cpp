@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+// DESENVOLVIMENTO: one list of lines and texts, drawn or written as a file.
+#include <cmath>
+#include <numbers>
+
+#include "acedads.h"
+#include "dbapserv.h"
+#include "files/replacement.h"
+#include "perfis/entities/zpfuncoes.h"
+#include "texts/encoding.h"
+#include "texts/number.h"
+#include "texts/path.h"
+#include "zp/matlist/ask_which.h"
+#include "zp/matlist/asking.h"
+#include "zp/matlist/draughtsman.h"
+#include "zp/matlist/secao_command.h"
+#include "zp/objects/member.h"
+#include "zp/objects/peca.h"
+#include "zp/objects/secao/single.h"
+#include "zp/objects/strip_rules.h"
+
+namespace zp::matlist {
+namespace {
+
+/// Nothing but what is cut.
+constexpr const wchar_t* kContour = L"DESENVOLVIMENTO";
+constexpr const wchar_t* kBends = L"DOBRA";
+
+struct Blank {
+    secao::Strip strip;
+    double length = 0.0;
+    std::wstring title;
+};
+
+/// Nothing, and told, where there is no strip or no length.
+std::optional<Blank> blankOf(AcDbObjectId id) {
+    const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+    if (peca.object() == nullptr) return {};
+    const std::optional<secao::Strip> strip = zp::stripOf(*peca.object());
+    if (!strip) {
+        acutPrintf(L"\nEsta peça não é dobrada de uma tira; selecione um perfil dobrado.\n");
+        return {};
+    }
+    const double length = peca->getComprimentoReal();
+    if (!(length > 0.0)) {
+        acutPrintf(L"\nEsta peça não tem comprimento; selecione uma vista longitudinal.\n");
+        return {};
+    }
+    const zp::Peca& p = Access::of(*peca.object());
+    const secao::Single single = secao::singleOf(p.perfil(), p.dimensoes());
+    std::wstring title = member::marcaOf(*peca.object());
+    if (!title.empty()) title += L": ";
+    title += single.perfil + L' ' + single.dimensoes + L", chapa " +
+             texts::withComma(strip->espessura) + L" x " + texts::withComma(strip->width, 1) +
+             L" x " + texts::withComma(length, 1);
+    if (single.count > 1) title += L" (" + std::to_wstring(single.count) + L" por peça)";
+    return Blank{*strip, length, title};
+}
+
+/// "dobra 90° para cima, ri 3".
+std::wstring wordsOf(const secao::Strip::Bend& bend) {
+    return L"dobra " + texts::withComma(std::abs(bend.angle) * 180.0 / std::numbers::pi, 1) +
+           (bend.angle > 0.0 ? L"° para cima, ri " : L"° para baixo, ri ") +
+           texts::withComma(bend.radius);
+}
+
+/// Hands every line and text, its layer before it, to `pen`: the lower left corner at the origin,
+/// the length along x, texts `h` high.
+template <class Pen>
+void draw(const Blank& blank, double h, Pen&& pen) {
+    const double l = blank.length;
+    const double w = blank.strip.width;
+    pen.line(kContour, 0.0, 0.0, l, 0.0);
+    pen.line(kContour, l, 0.0, l, w);
+    pen.line(kContour, l, w, 0.0, w);
+    pen.line(kContour, 0.0, w, 0.0, 0.0);
+    pen.text(kBends, 0.0, w + h, h, blank.title);
+    for (const secao::Strip::Bend& bend : blank.strip.bends) {
+        pen.line(kBends, 0.0, bend.at, l, bend.at);
+        pen.text(kBends, l + h, bend.at - 0.5 * h, h,
+                 texts::withComma(bend.at, 1) + L": " + wordsOf(bend));
+    }
+}
+
+class DrawingPen {
+public:
+    explicit DrawingPen(const AcGePoint3d& at) : m_at(at) {}
+    void line(const wchar_t* layer, double x0, double y0, double x1, double y1) {
+        on(layer).line(place(x0, y0), place(x1, y1));
+    }
+    void text(const wchar_t* layer, double x, double y, double h, const std::wstring& t) {
+        on(layer).text(place(x, y), t, h, Align::Left);
+    }
+
+private:
+    AcGePoint3d place(double x, double y) const { return {m_at.x + x, m_at.y + y, m_at.z}; }
+    static Draughtsman on(const wchar_t* layer) {
+        return {AcDbObjectId::kNull, ZpLayerToUsr(layer)};
+    }
+    AcGePoint3d m_at;
+};
+
+/// Groups of a DXF file of the oldest version that every machine reads: lines and texts alone, in
+/// mm.
+class FilePen {
+public:
+    FilePen() {
+        m_bytes =
+            "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLTYPE\n70\n1\n0\nLTYPE\n2\nCONTINUOUS\n70\n0\n3\n"
+            "\n"
+            "72\n65\n73\n0\n40\n0\n0\nENDTAB\n0\nTABLE\n2\nLAYER\n70\n2\n";
+        layer(kContour, "7");
+        layer(kBends, "1");
+        m_bytes += "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n";
+    }
+    void line(const wchar_t* layer, double x0, double y0, double x1, double y1) {
+        entity("LINE", layer);
+        point(10, x0, y0);
+        point(11, x1, y1);
+    }
+    void text(const wchar_t* layer, double x, double y, double h, const std::wstring& t) {
+        entity("TEXT", layer);
+        point(10, x, y);
+        number(40, h);
+        std::string plain;
+        for (const wchar_t c : t)
+            plain += c < 128 ? std::string(1, static_cast<char>(c)) : escaped(c);
+        group(1, plain);
+    }
+    std::string done() && { return std::move(m_bytes) + "0\nENDSEC\n0\nEOF\n"; }
+
+private:
+    /// As every reader of these files knows a character, whatever its code page.
+    static std::string escaped(wchar_t c) {
+        constexpr std::string_view kDigits = "0123456789ABCDEF";
+        std::string text = "\\U+";
+        for (int shift = 12; shift >= 0; shift -= 4)
+            text += kDigits[static_cast<std::size_t>(c) >> shift & 15U];
+        return text;
+    }
+    void group(int code, const std::string& value) {
+        m_bytes += std::to_string(code) + '\n' + value + '\n';
+    }
+    void number(int code, double v) { group(code, texts::encodeUtf8(texts::withPoint(v, 6))); }
+    void point(int code, double x, double y) {
+        number(code, x);
+        number(code + 10, y);
+        number(code + 20, 0.0);
+    }
+    void layer(const wchar_t* name, const char* colour) {
+        group(0, "LAYER");
+        group(2, texts::encodeUtf8(name));
+        m_bytes += "70\n0\n62\n";
+        m_bytes += colour;
+        m_bytes += "\n6\nCONTINUOUS\n";
+    }
+    void entity(const char* type, const wchar_t* layer) {
+        group(0, type);
+        group(8, texts::encodeUtf8(layer));
+    }
+    std::string m_bytes;
+};
+
+void write(const Blank& blank, const std::filesystem::path& file) {
+    FilePen pen;
+    draw(blank, 0.05 * blank.strip.width, pen);
+    if (files::replace(file, std::move(pen).done()) == 0)
+        acutPrintf(L"\nDesenvolvimento gravado em %ls.\n", texts::shown(file).c_str());
+    else
+        acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
+                   texts::shown(file).c_str());
+}
+
+}  // namespace
+
+void blankCommand() {
+    AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr) return;
+    const AcDbObjectId bar = askBar(*drawing);
+    if (bar.isNull()) return;
+    for (const std::wstring& fault : zp::stripFaults()) acutPrintf(L"\n%ls", fault.c_str());
+    const std::optional<Blank> blank = blankOf(bar);
+    if (!blank) return;
+    acutPrintf(L"\n%ls\n", blank->title.c_str());
+    AcGePoint3d corner;
+    const int status =
+        getWCSpoint(corner, L"\nCanto inferior esquerdo da chapa ou <só o arquivo>: ");
+    if (status == RTNORM)
+        draw(*blank, 2.5 * GetScale(), DrawingPen(corner));
+    else if (status != RTNONE)
+        return;
+    if (const auto file = askDestination(L"\nArquivo DXF da chapa <nenhum>: ", L".dxf"))
+        write(*blank, *file);
+}
+
+}  // namespace zp::matlist
