@@ -92,6 +92,7 @@ rodape : column {
 // perfilu
 pu_geracao : dialog {
     label = "Perfil U dobrado";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -113,6 +114,7 @@ pu_geracao : dialog {
 // pcantoneira
 pl_geracao : dialog {
     label = "Cantoneira dobrada";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -136,6 +138,7 @@ pl_geracao : dialog {
 // perfilur
 pur_geracao : dialog {
     label = "Perfil U enrijecido";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -158,6 +161,7 @@ pur_geracao : dialog {
 // perfilz
 pz_geracao : dialog {
     label = "Perfil Z dobrado";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -180,6 +184,7 @@ pz_geracao : dialog {
 // perfilc
 pc_geracao : dialog {
     label = "Perfil cartola";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -203,6 +208,7 @@ pc_geracao : dialog {
 // perfilcaixa
 pcaixa_geracao : dialog {
     label = "Caixa de dois perfis U enrijecidos";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -226,6 +232,7 @@ pcaixa_geracao : dialog {
 // perfilbox
 pbox_geracao : dialog {
     label = "Tubo retangular";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -247,6 +254,7 @@ pbox_geracao : dialog {
 // perfiltubo
 ptb_geracao : dialog {
     label = "Tubo redondo";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -267,6 +275,7 @@ ptb_geracao : dialog {
 // perfilbarraredonda
 pbr_geracao : dialog {
     label = "Barra redonda";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -286,6 +295,7 @@ pbr_geracao : dialog {
 // bnlaminado
 bnlam_geracao : dialog {
     label = "Cantoneira laminada de abas iguais";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -306,6 +316,7 @@ bnlam_geracao : dialog {
 // perfilcl e cantoneiracaixalaminada
 pllam_geracao : dialog {
     label = "Cantoneira laminada";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -326,6 +337,7 @@ pllam_geracao : dialog {
 // PERFILULAMINADO
 pulam_geracao : dialog {
     label = "Perfil U laminado";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -382,6 +394,7 @@ vi_geracao : dialog {
 // perfilpsa
 psa_geracao : dialog {
     label = "Perfil I soldado assimétrico";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -440,6 +453,7 @@ botao_travejar : button { key = "travejar"; label = "Trave&jar..."; fixed_width 
 // cantdteel
 p2la_lam_geracao : dialog {
     label = "Duas cantoneiras laminadas em T";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -462,6 +476,7 @@ p2la_lam_geracao : dialog {
 // cantdul
 plf_lam_geracao : dialog {
     label = "Duas cantoneiras laminadas em U";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -484,6 +499,7 @@ plf_lam_geracao : dialog {
 // pcdtee
 p2la_geracao : dialog {
     label = "Duas cantoneiras dobradas em T";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -507,6 +523,7 @@ p2la_geracao : dialog {
 // pcantoneiradu
 plf_geracao : dialog {
     label = "Duas cantoneiras dobradas em U";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -530,6 +547,7 @@ plf_geracao : dialog {
 // perfildvv
 plv_geracao : dialog {
     label = "Duas cantoneiras dobradas em X";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -553,6 +571,7 @@ plv_geracao : dialog {
 // cantdvvl
 plv_lam_geracao : dialog {
     label = "Duas cantoneiras laminadas em X";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -575,6 +594,7 @@ plv_lam_geracao : dialog {
 // perfil2u
 p2ua_geracao : dialog {
     label = "Dois perfis U dobrados em I";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -598,6 +618,7 @@ p2ua_geracao : dialog {
 // perfil2uenr
 p2uenr_geracao : dialog {
     label = "Dois perfis U enrijecidos em I";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -622,6 +643,7 @@ p2uenr_geracao : dialog {
 // perfil2ulam
 p2ulam_geracao : dialog {
     label = "Dois perfis U laminados em I";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -644,6 +666,7 @@ p2ulam_geracao : dialog {
 // perfilcantcruzlaminado
 pcclam_geracao : dialog {
     label = "Duas cantoneiras laminadas em cruz";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -668,6 +691,7 @@ pcclam_geracao : dialog {
 // perfilcantzlaminado
 pczlam_geracao : dialog {
     label = "Duas cantoneiras laminadas em Z";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -691,6 +715,7 @@ pczlam_geracao : dialog {
 // perfilduc
 p2uf_geracao : dialog {
     label = "Caixa de dois perfis U dobrados";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -714,6 +739,7 @@ p2uf_geracao : dialog {
 // perfilicartola
 i2c_geracao : dialog {
     label = "Dois perfis cartola em I";
+    initial_focus = "lista";
     : row {
         : column {
             busca;
@@ -738,6 +764,7 @@ i2c_geracao : dialog {
 // perfiluulaminado
 puulam_geracao : dialog {
     label = "Caixa de dois perfis U laminados";
+    initial_focus = "lista";
     : row {
         : column {
             busca;

@@ -64,9 +64,13 @@ std::optional<std::size_t> AllSizes::ask() const {
                                   : L"\nNúmero na relação ou outra bitola <desistir>: ");
         if (typed.empty()) return {};
         const std::optional<double> number = texts::exactReal(typed);
-        for (std::size_t i = 0; number && i < shown.size(); ++i)
+        if (shown.empty() || !number) {
+            if (const auto taken = take(typed, shown)) return taken;
+            continue;
+        }
+        for (std::size_t i = 0; i < shown.size(); ++i)
             if (*number == static_cast<double>(i + 1)) return shown[i];
-        if (const auto taken = take(typed, shown)) return taken;
+        (void)acutPrintf(L"\nA relação vai de 1 a %d.\n", static_cast<int>(shown.size()));
     }
 }
 

@@ -59,7 +59,7 @@ int ads_dimensions_tile(ads_hdlg dialog, const ACHAR* key, short* cx, short* cy)
 int ads_start_image(ads_hdlg dialog, const ACHAR* key) {
     const TileAddress at = tileAt(dialog, key);
     if (!at || !isImage(at.tile->kind) || session().image.tile != nullptr) return RTERROR;
-    session().image = {at.dialog, at.tile, {}, {}, false};
+    session().image = {at.dialog, at.tile, {}, {}};
     return RTNORM;
 }
 

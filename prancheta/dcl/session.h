@@ -36,7 +36,7 @@ struct ImageInProgress {
     Tile* tile = nullptr;
     std::optional<short> color;
     std::optional<std::wstring> slide;
-    bool found = false;
+    bool found = true;  ///< the slide; true where there is none
 };
 
 /// The interface is a set of C functions, so there is one for the process; used from the main

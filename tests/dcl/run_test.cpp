@@ -128,6 +128,23 @@ TEST_F(DclRun, EditBoxIsLeftBeforeTheOtherCallback) {
     EXPECT_EQ(calls(), (Lines{"h:2:12", "accept:1:", "h:2:34", "fazer:1:"}));
 }
 
+TEST_F(DclRun, AFieldThatReportsTypingFiresAtEveryLetter) {
+    const ads_hdlg dialog = openText(
+        "d : dialog { : edit_box { key = \"busca\"; reports_typing = true; } ok_cancel; }");
+    actions(dialog, {L"busca"});
+    run(dialog, [](Dialog& d) {
+        EXPECT_EQ(whyNot(d.edit("busca", "2")), "feito");
+        EXPECT_EQ(whyNot(d.edit("busca", "20")), "feito");
+        EXPECT_EQ(whyNot(d.enter("busca")), "feito");
+        EXPECT_FALSE(d.finished());
+        EXPECT_EQ(whyNot(d.type("busca", "3")), "feito");  // a whole answer is one change
+        EXPECT_EQ(whyNot(d.edit("busca", "x")), "feito");
+        EXPECT_EQ(whyNot(d.press("accept")), "feito");
+    });
+    EXPECT_EQ(calls(), (Lines{"busca:3:2", "busca:3:20", "busca:1:20", "busca:2:3", "busca:3:x",
+                              "busca:2:x"}));
+}
+
 TEST_F(DclRun, PersonsActionsFireWithTheNewValue) {
     actions(form, {L"lista", L"h", L"b", L"vista", L"sl", L"tipo", L"r1", L"botao", L"varias"});
     const int status = run(form, [](Dialog& d) {
@@ -400,8 +417,8 @@ TEST_F(DclRun, ImagesKeepTheirPaints) {
     EXPECT_EQ(ads_slide_image(0, 0, cx, cy, L"C:\\nao(existe)\\Slides\\pu(secao)"), RTERROR);
     ads_end_image();
     EXPECT_EQ(paints(dialog), 4U) << "nothing covered the tile a second time";
-    EXPECT_EQ(events.lines, (Lines{"imagem chave=fig slide=null cor=-15 achado=false",
-                                   "imagem chave=fig slide=null cor=3 achado=false",
+    EXPECT_EQ(events.lines, (Lines{"imagem chave=fig slide=null cor=-15 achado=true",
+                                   "imagem chave=fig slide=null cor=3 achado=true",
                                    "imagem chave=fig slide=pu(secao) cor=null achado=false",
                                    "fecha nome=d status=0"}));
     const ads_hdlg again =

@@ -60,6 +60,100 @@ TEST_F(PerfilDialog, DeletingTheLastRowGoesBackToTheFirst) {
     EXPECT_EQ(list("pu.lst"), "");
 }
 
+TEST_F(PerfilDialog, TheSearchShowsWhatFitsAndPicksItInTheWholeList) {
+    putList("pu.lst", "50\t25\t2\n75\t40\t2\n75\t40\t3.35\n90\t40\t2\n");
+    host.play({L"busca=75x3,3"});
+    draw(pudobrado);
+    EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 75\t40\t3.35");
+    EXPECT_FALSE(host.has(L"valor error: "));
+    host.play({L"busca=75x40", L"lista=1", L"b=41", L"substolist"});
+    draw(pudobrado);
+    EXPECT_EQ(list("pu.lst"), "50\t25\t2\n75\t40\t2\n75\t41\t3.35\n90\t40\t2\n");
+    EXPECT_EQ(host.value(L"busca"), L"");
+    EXPECT_EQ(host.value(L"lista"), L"2");
+    EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 50\t25\t2|75\t40\t2|75\t41\t3.35|90\t40\t2");
+    host.play({L"busca=90\n", L"deltolist"});  // Enter takes the first row
+    draw(pudobrado);
+    EXPECT_EQ(list("pu.lst"), "50\t25\t2\n75\t40\t2\n75\t41\t3.35\n");
+    host.play({L"busca=76x40x2", L"lista=0", L"vista0=0", L"OutraVista"});
+    host.play({L"pickngo=1", L"accept"});
+    host.play({});
+    draw(pudobrado);
+    EXPECT_TRUE(host.has(L"valor error: Não há; o mais próximo tem 75 em vez de 76."));
+    EXPECT_TRUE(host.has(L"lista lista: 75\t40\t2|50\t25\t2|75\t41\t3.35"));
+    EXPECT_EQ(host.value(L"lista"), L"1");  // in the whole list of the dialog that opened again
+    EXPECT_EQ(host.value(L"error"), L"");
+    host.play({L"busca=zz", L"busca="});
+    draw(pudobrado);
+    EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 50\t25\t2|75\t40\t2|75\t41\t3.35");
+}
+
+TEST_F(PerfilDialog, TheRowOfTheTypedSizeIsTheOneThatTheButtonsWorkOn) {
+    putList("pu.lst", "50\t25\t2\n75\t40\t2\n75\t40\t3.35\n");
+    const struct {
+        Texts actions;
+        std::wstring row;
+        std::string after;
+    } cases[] = {
+        {{L"h=75,0", L"b=40", L"t=3,35"}, L"2", "50\t25\t2\n75\t40\t2\n75\t40\t3.35\n"},
+        // On the way to another size a row is passed; the one that was picked is replaced.
+        {{L"lista=2", L"t=2", L"t=4", L"substolist"}, L"2", "50\t25\t2\n75\t40\t2\n75\t40\t4\n"},
+        {{L"lista=2", L"t=2", L"deltolist"}, L"1", "50\t25\t2\n75\t40\t4\n"},
+    };
+    for (const auto& c : cases) {
+        host.play(c.actions);
+        draw(pudobrado);
+        EXPECT_EQ(host.value(L"lista"), c.row);
+        EXPECT_EQ(list("pu.lst"), c.after);
+    }
+}
+
+TEST_F(PerfilDialog, TheSectionIsShownToScaleWithWhatIsOddAboutIt) {
+    putList("pur.lst", "100\t50\t2\t17\n");
+    host.play({L"h=100", L"b=50", L"t=2", L"a=17"});
+    draw(pudoben);
+    EXPECT_EQ(host.value(L"aviso"), L"");
+    // A tile of 100 by 75 pixels, six of them free at each side: 63 for 100 mm. The red cross
+    // stands below the lower right corner's tip at 2/3 of the width from the axis.
+    std::array<int, 4> box{999, 999, 0, 0};
+    for (const DialogStandIn::Vector& line : host.vectors()) {
+        if (line.color == 1) continue;
+        for (const std::size_t end : {0U, 2U}) {
+            box[0] = std::min<int>(box[0], line.ends[end]);
+            box[2] = std::max<int>(box[2], line.ends[end]);
+            box[1] = std::min<int>(box[1], line.ends[end + 1]);
+            box[3] = std::max<int>(box[3], line.ends[end + 1]);
+        }
+    }
+    EXPECT_NEAR(box[3] - box[1], 62, 1);
+    EXPECT_NEAR(box[2] - box[0], 31, 1);
+    const DialogStandIn::Vector cross = host.vectors().back();
+    EXPECT_NEAR((cross.ends[0] + cross.ends[2]) / 2.0, box[2], 1);
+    EXPECT_NEAR((cross.ends[1] + cross.ends[3]) / 2.0, box[3], 1);
+    const struct {
+        const PerfilCommand& command;
+        Texts typed;
+        std::wstring warning;
+    } cases[] = {
+        {pudoben,
+         {L"h=100", L"b=50", L"t=2", L"a=3"},
+         L"Aviso: aba de 3 menor que a dobra, de 4; medida que não está no catálogo."},
+        {pudoben, {L"h=100", L"b=50", L"t=2", L"a=0"}, L""},
+        {perfilbox,
+         {L"h=50", L"b=20", L"t=11"},
+         L"Aviso: espessura t acima de b/2; com estas medidas o contorno da seção não fecha."},
+        {perfiltubo, {L"d=50", L"di=30"}, L"Aviso: parede di acima de d/2: o tubo fica maciço."},
+        {pilaminado, {L"h=300", L"b=20", L"t=11", L"a=11"}, L"Aviso: alma tw acima de B/2."},
+    };
+    for (const auto& c : cases) {
+        DialogStandIn fresh;
+        fresh.play(c.typed);
+        draw(c.command);
+        EXPECT_EQ(fresh.value(L"aviso"), c.warning);
+        EXPECT_EQ(fresh.vectors().empty(), c.warning.empty());
+    }
+}
+
 TEST_F(PerfilDialog, AcceptSaysWhatIsWrong) {
     const std::wstring secao = L"Dados inválidos para gerar perfil.";
     const struct {

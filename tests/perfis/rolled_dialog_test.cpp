@@ -61,6 +61,20 @@ TEST_F(RolledDialog, EverySourceRemembersItsOwnSize) {
     EXPECT_EQ(values(), (Texts{L"", L"", L"", L""}));
 }
 
+TEST_F(RolledDialog, ARowThatWasFoundKeepsItsData) {
+    run({L"busca=w c", L"lista=0"});
+    EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: W C");
+    EXPECT_EQ(values(), (Texts{L"300", L"150", L"7", L"5"}));
+    run({L"busca=200x110", L"lista=0", L"rd_europe=1", L"busca=200\n", L"rd_acominas=1"});
+    EXPECT_EQ(host.value(L"busca"), L"");
+    EXPECT_EQ(host.value(L"lista"), L"1");
+    EXPECT_EQ(values(), (Texts{L"200", L"110", L"6", L"4.5"}));
+    EXPECT_TRUE(host.has(L"valor h: 200"));
+    EXPECT_TRUE(host.has(L"valor b: 100"));  // of the European one
+    run({L"h=300", L"b=150", L"t=7", L"a=5"});
+    EXPECT_EQ(host.value(L"lista"), L"3");
+}
+
 TEST_F(RolledDialog, TheRememberedSizeComesBackAfterTheViews) {
     host.play({L"rd_europe=1", L"lista=1", L"h=999", L"vista0=0", L"OutraVista"});
     host.play({L"l=10", L"accept"});

@@ -73,10 +73,10 @@ TEST(SizeSearch, SaysTheThreeNearestWhereNothingFits) {
         Rows rows;
         const wchar_t* difference;
     } cases[] = {
-        // 76 alone differs; with 3.35 two numbers do.
-        {L"U 200x76x3", {0, 2, 3}, L"Não há; o mais próximo tem 75 em vez de 76."},
+        // 76 alone differs; with 3.35 two numbers do, but a word that is no more comes later.
+        {L"U 200x76x3", {0, 2, 1}, L"Não há; o mais próximo tem 75 em vez de 76."},
         // 3.1 is nearer to 3 than to 3.35.
-        {L"U 200x75x3,1", {0, 2, 3}, L"Não há; o mais próximo tem 3 em vez de 3,1."},
+        {L"U 200x75x3,1", {0, 2, 1}, L"Não há; o mais próximo tem 3 em vez de 3,1."},
         {L"W 201x47", {5, 6}, L"Não há; o mais próximo tem 200 em vez de 201, 46,1 em vez de 47."},
         {L"IPE 200x22.4x8x9", {8, 7}, nullptr},
         {L"zz", {0, 1, 2}, L"Não há \"zz\"."},
