@@ -95,6 +95,7 @@ TEST_F(Opening, AnInstalledFolderIsCopiedForTheUserAndKeptUpToDate) {
     const fs::path shipped = folder / "usr" / "share" / "prancheta" / "instalacao";
     const fs::path programs = folder / "usr" / "lib" / "prancheta";
     put(shipped / "Perfis" / "perfis.dcl", "dialogo 1");
+    put(shipped / "Perfis" / "Tabelas" / "u.csv", "tabela 1");
     put(shipped / "Perfis" / "Slides" / "FLECHA.sld", "figura 1");
     put(shipped / "Perfis" / "Listas" / "pu.lst", "lista 1");
     setenv("XDG_DATA_HOME", (folder / "dados").c_str(), 1);
@@ -108,10 +109,14 @@ TEST_F(Opening, AnInstalledFolderIsCopiedForTheUserAndKeptUpToDate) {
     ASSERT_TRUE(prancheta::usableInstallation(programs));
     EXPECT_EQ(contentOf(*own / "Perfis" / "Listas" / "pu.lst"), "lista do usuário");
     put(shipped / "Perfis" / "perfis.dcl", "dialogo novo");
+    put(shipped / "Perfis" / "Tabelas" / "u.csv", "tabela nova");
+    put(*own / "Perfis" / "Tabelas" / "u_usuario.csv", "bitolas da casa");
     put(shipped / "Perfis" / "Slides" / "FLECHA.sld", "figura nova");
     put(shipped / "Perfis" / "Listas" / "pl.lst", "lista nova");
     ASSERT_TRUE(prancheta::usableInstallation(programs));
     EXPECT_EQ(contentOf(*own / "Perfis" / "perfis.dcl"), "dialogo novo");
+    EXPECT_EQ(contentOf(*own / "Perfis" / "Tabelas" / "u.csv"), "tabela nova");
+    EXPECT_EQ(contentOf(*own / "Perfis" / "Tabelas" / "u_usuario.csv"), "bitolas da casa");
     EXPECT_EQ(contentOf(*own / "Perfis" / "Slides" / "FLECHA.sld"), "figura nova");
     EXPECT_EQ(contentOf(*own / "Perfis" / "Listas" / "pl.lst"), "lista nova");
     EXPECT_EQ(contentOf(*own / "Perfis" / "Listas" / "pu.lst"), "lista do usuário");

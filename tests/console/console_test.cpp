@@ -374,6 +374,26 @@ TEST_F(Console, ChecksTheJobOfADrawing) {
     EXPECT_TRUE(has(alone.err, "--sem-modulos")) << alone.err;
 }
 
+TEST_F(Console, ExaminesCatalogues) {
+    const Outcome sound = run("", "catalogos\n");
+    EXPECT_EQ(sound.code, 0) << sound.err;
+    EXPECT_TRUE(has(sound.out, "\nNenhuma falha encontrada; ")) << sound.out;
+    fs::create_directory(folder / "bitolas");
+    put("bitolas/pu.lst", "50\t25\t2.00\n");
+    EXPECT_EQ(run("--catalogos bitolas").code, 0) << "held against the installation's tables";
+    put("bitolas/pu.lst", "50\t25\n");
+    const Outcome faulty = run("--catalogos bitolas");
+    EXPECT_EQ(faulty.code, 1) << faulty.err;
+    EXPECT_TRUE(has(faulty.out, "\npu.lst, linha 1 (50 25): A linha tem 2 colunas")) << faulty.out;
+    EXPECT_TRUE(has(faulty.out, "\n1 falha, ")) << faulty.out;
+    EXPECT_EQ(faulty.out.find("Aguarde"), std::string::npos) << "the findings alone";
+    for (const char* other : {"nenhuma", "bitolas/pu.lst", ".", "bitolas --sem-modulos"}) {
+        const Outcome refused = run(std::string("--catalogos ") + other);
+        EXPECT_EQ(refused.code, 3) << other;
+        EXPECT_FALSE(refused.err.empty()) << other;
+    }
+}
+
 TEST_F(Console, AScriptOfOthersLoadsNoStrangeModule) {
     put("a.scr", "_arx _l " + (folder / "estranho.arx").string() + "\n");
     fs::copy_file(kProgram.parent_path() / "sonda_base.arx", folder / "estranho.arx");
