@@ -3,14 +3,18 @@
 #include "perfis/commands/peca_rebuild.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "acutads.h"
 #include "adscodes.h"
 #include "perfis/commands/perfil_generator.h"
 #include "perfis/output/shared_cota.h"
+#include "texts/number.h"
+#include "zp/matlist/check.h"
 #include "zp/matlist/follow.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/member.h"
+#include "zp/objects/published.h"
 
 namespace perfis {
 namespace {
@@ -159,6 +163,20 @@ LaidChapas layAll(Edit& edit, const PecaEdit& asked, const AcGePoint3d& start) {
     return laid;
 }
 
+/// A member that keeps its sizes takes what the table of its size has by now.
+void sayMass(const ZpObject& peca, const ZpObject& after) {
+    constexpr double kSameMass = 0.0005;
+    const double was = peca.getLinearWeight();
+    const double is = after.getLinearWeight();
+    if (std::abs(is - was) <= kSameMass ||
+        !zp::edit::sameShape(zp::edit::valuesOf(peca), zp::edit::valuesOf(after)))
+        return;
+    (void)acutPrintf(L"\n%ls: %ls kg/m, pela %ls; pesava %ls.\n",
+                     zp::matlist::sizeOf(after).c_str(), texts::withComma(is, 3).c_str(),
+                     zp::published::massWords(zp::Access::of(after)).c_str(),
+                     texts::withComma(was, 3).c_str());
+}
+
 }  // namespace
 
 int rebuildPeca(const PerfilDescription& description, const RunState& state,
@@ -187,6 +205,7 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state,
     if (!wanted || again)
         for (const AcDbObjectId& id : zp::edit::cotasOf(edit.peca())) edit.eraseLinked(id);
 
+    sayMass(edit.peca(), *after.peca);
     (void)edit.remake(*after.peca, cotas.moved);  // the command makes pieces of one class
     LaidChapas laid = what == Chapas::Stay ? standing(peca) : layAll(edit, asked, peca.start);
     laid.pitch = after.pitch;

@@ -69,6 +69,7 @@ PecaValues valuesOf(const ZpObject& peca) {
     p.count = zp::matlist::countOf(p.id);
     (void)peca.StartPoint(p.start);
     p.lacing = zp::member::of(peca).lacing;
+    p.commercial = zp::Access::of(peca).commercial;
     p.chapas = chapasOf(peca);
     return p;
 }

@@ -2,6 +2,7 @@
 // A drawn piece read back as the command that draws such pieces knows it.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "perfis/entities/zpobject.h"
@@ -39,7 +40,11 @@ struct PecaValues {
     int count = 1;          ///< members that it counts for there; 0: a further view of one
     AcGePoint3d start;      ///< world coordinates
     zp::Lacing lacing;      ///< as it knows it
+    std::shared_ptr<const zp::Commercial> commercial;  ///< what it keeps of its table
     std::vector<ChapaValues> chapas;
+
+    /// Its mass is that of another size.
+    bool otherMass() const { return commercial && commercial->printed.otherMass; }
 };
 
 /// Values and length of `changed`, which has the class of the piece.

@@ -65,6 +65,7 @@ void PerfilRun::pickRow(ads_hdlg dialog, int index) {
     if (!m_catalogue->rowAt(index, row)) return;
     rememberRow(index);
     takeRow(dialog, row);
+    notePicked(dialog);
     if (!editable()) return;
     refresh(dialog);
     showPreview(dialog);

@@ -41,6 +41,7 @@ struct PecaRequest {
     Medidas medidas;
     double comprimento = 0.0;  ///< mm
     int source = 0;            ///< catalogue that the size comes from, where a command has several
+    Medidas picked{};          ///< numbers of the size that the mass belongs to
 };
 
 /// Prompt for the point of a new piece.

@@ -154,7 +154,7 @@ std::vector<AcDbObjectId> cotaPeca(const PerfilDescription& description, const R
 }
 
 PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas vista) {
-    return {vista, state.medidas, state.vistas.comprimento, state.source};
+    return {vista, state.medidas, state.vistas.comprimento, state.source, state.picked};
 }
 
 void enterInMaterialList(const VistasChoice& vistas, const AcGePoint3d& picked, AcDbObjectId peca,

@@ -174,6 +174,7 @@ bool PerfilRun::chapasHold(const PecaValues& peca) {
 
 void PerfilRun::takePeca(const PecaValues& peca) {
     m_state.medidas = medidasOf(m_description, peca.values);
+    m_state.picked = peca.otherMass() ? Medidas() : m_state.medidas;
     m_state.tipoBarra = peca.tipoBarra;
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
         m_state.texts[i] = FormatInString(m_state.medidas.*m_description.tiles[i].value);
@@ -243,6 +244,11 @@ void PerfilRun::showInsertionNames(ads_hdlg dialog) {
 void PerfilRun::readMedidas(ads_hdlg dialog) {
     for (const MedidaTile& tile : m_description.tiles)
         m_state.medidas.*tile.value = tileReal(dialog, tile.key);
+}
+
+void PerfilRun::notePicked(ads_hdlg dialog) {
+    readMedidas(dialog);
+    m_state.picked = m_state.medidas;
 }
 
 void PerfilRun::refresh(ads_hdlg dialog) {

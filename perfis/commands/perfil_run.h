@@ -113,6 +113,8 @@ protected:
     bool lacksComprimento() const;
     bool editable() const { return m_description.edits != CatalogueEdits::kNone; }
     void readMedidas(ads_hdlg dialog);
+    /// A row stands in the tiles: the mass is that of these numbers.
+    void notePicked(ads_hdlg dialog);
     void showPreview(ads_hdlg dialog);
     /// Shows the row of the typed size and draws the section to scale; after every change.
     void followTyped(ads_hdlg dialog);

@@ -6,6 +6,7 @@
 #include "perfis/output/open_peca.h"
 #include "perfis/output/shared_cota.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/published.h"
 
 namespace perfis {
 
@@ -23,6 +24,8 @@ zp::edit::DrawnVista PerfilRun::drawVista(const PecaValues& peca, ZpObject::ZpVi
     prepare(*made, m_state.tipoBarra);
     if (m_description.finish != nullptr)
         m_description.finish(*made, requestFor(m_state, chosenVista(m_state.vistas)));
+    // It is the same member whatever the tables say by now.
+    zp::published::keep(*made, peca.commercial);
     OpenPeca drawn(std::move(made));
     zp::edit::DrawnVista result;
     if (drawn.resident()) {

@@ -216,6 +216,7 @@ void RolledRun::pickRow(ads_hdlg dialog, int index) {
     setTile(dialog, L"t", size.tf);
     setTile(dialog, L"a", size.tw);
     state().medidas.m = texts::toReal(size.mass);
+    notePicked(dialog);
 }
 
 }  // namespace

@@ -168,6 +168,7 @@ void WeldedRun::pickRow(ads_hdlg dialog, int index) {
     const std::wstring folder = installationFolder().value_or(L"");
     const auto path = listPath(folder, weldedSource(state().source).values);
     takeValues(dialog, path ? weldedValues(*path, index) : std::vector<std::wstring>());
+    notePicked(dialog);
     refresh(dialog);
     showPreview(dialog);
 }

@@ -7,6 +7,7 @@
 
 #include "perfis/commands/perfil_generator.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/published.h"
 
 namespace perfis {
 namespace {
@@ -61,7 +62,9 @@ std::unique_ptr<ZpObject> makeModel(const PerfilDescription& description, const 
         (model->vista() != peca.vista || values[Role::Giro] != peca.giro)) {
         values[Role::Giro] = peca.giro;
         values[Role::L] = model->getComprimentoReal();
+        const auto commercial = zp::Access::of(*model).commercial;
         model = description.pecas.atPoint(start, peca.vista, values);
+        zp::published::keep(*model, commercial);
     }
     (void)model->settipoBarra(static_cast<ZpObject::TipoBarra>(state.tipoBarra));
     if (description.finish != nullptr) description.finish(*model, request);

@@ -17,6 +17,7 @@ namespace perfis {
 struct RunState {
     std::vector<std::wstring> texts;  ///< of the dimension tiles, saved before a visit to the views
     Medidas medidas;
+    Medidas picked;  ///< numbers of the row, or of the edited piece, that the mass belongs to
     VistasChoice vistas;
     bool showInsertion = false;  ///< the preview marks the insertion point
     int insertion = 0;           ///< index in "ins_list"

@@ -3,6 +3,8 @@
 #include "perfis/commands/secao_values.h"
 
 #include "perfis/commands/perfil_description.h"
+#include "zp/objects/edit.h"
+#include "zp/objects/published.h"
 
 namespace perfis {
 namespace {
@@ -28,19 +30,38 @@ RoleValues valuesFor(const PerfilDescription& description, const PecaRequest& re
     return values;
 }
 
+namespace {
+
+/// The mass belongs to a row that has other sizes: it weighs nothing.
+std::unique_ptr<ZpObject> withOwnMass(const PerfilDescription& description,
+                                      const PecaRequest& request, std::unique_ptr<ZpObject> peca) {
+    if (request.medidas.m == 0.0) return peca;
+    PecaRequest row = request;
+    row.medidas = request.picked;
+    if (!zp::edit::sameShape(valuesFor(description, request, 0.0),
+                             valuesFor(description, row, 0.0)))
+        zp::published::disownMass(*peca);
+    return peca;
+}
+
+}  // namespace
+
 std::unique_ptr<ZpObject> makeAtPoint(const PerfilDescription& description,
                                       const AcGePoint3d& point, const PecaRequest& request) {
     const auto figure = static_cast<std::size_t>(request.vista);
     const Face face =
         figure < description.faces.size() ? description.faces[figure] : Face{request.vista, 0.0};
-    return description.pecas.atPoint(point, face.vista, valuesFor(description, request, face.giro));
+    return withOwnMass(
+        description, request,
+        description.pecas.atPoint(point, face.vista, valuesFor(description, request, face.giro)));
 }
 
 std::unique_ptr<ZpObject> makeBetween(const PerfilDescription& description,
                                       const AcGePoint3d& start, const AcGePoint3d& end,
                                       const PecaRequest& request) {
-    return description.pecas.between(start, end, request.vista,
-                                     valuesFor(description, request, 0.0));
+    return withOwnMass(
+        description, request,
+        description.pecas.between(start, end, request.vista, valuesFor(description, request, 0.0)));
 }
 
 Medidas medidasOf(const PerfilDescription& description, const RoleValues& values) {

@@ -75,6 +75,8 @@ public:
 class Drawing : public testing::Test {
 protected:
     Drawing() {
+        ::setenv("ZPFORJA2010", (std::filesystem::path(HOUSE_BINARY_DIR) / "instalacao").c_str(),
+                 1);
         prancheta::registerEntityClasses();
         editor = std::make_unique<prancheta::Editor>(ui, prancheta::builtInCommands());
         for (const char* name : {"ZpObjects18.arx", "ZP__MaterialList18.arx", "trelica18.arx"}) {
@@ -173,7 +175,6 @@ class DrawingWithCommands : public Drawing {
 protected:
     DrawingWithCommands() {
         const std::filesystem::path folder = HOUSE_BINARY_DIR;
-        ::setenv("ZPFORJA2010", (folder / "instalacao").c_str(), 1);
         EXPECT_TRUE(static_cast<bool>(editor->modules().load(folder / "bin/ZpPerfis18.arx")));
         prancheta::dcl::setDialogRunner(
             [this](prancheta::dcl::Dialog& dialog) { ui.runDialog(dialog); });

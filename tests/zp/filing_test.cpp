@@ -6,6 +6,7 @@
 #include "protocol/attach.h"
 #include "protocol/report.h"
 #include "tests/zp/drawing.h"
+#include "zp/objects/published.h"
 #include "zp/trelica/zptrelica.h"
 
 namespace {
@@ -211,9 +212,9 @@ TEST_F(Filing, ACutOrDamagedRecordIsRefused) {
         EXPECT_EQ(other.getComprimentoReal(), 0.0);
     }
     // Another class, an unknown view, a number of values that no constructor has, a negative count
-    // of links.
+    // of links; behind them the job, name and numbers of the table.
     for (const auto& [group, value] :
-         {std::pair<std::size_t, int>{2, 1}, {6, 9}, {7, 5}, {groups.groups.size() - 1, -1}}) {
+         {std::pair<std::size_t, int>{2, 1}, {6, 9}, {7, 5}, {groups.groups.size() - 8, -1}}) {
         Groups bad;
         bad.groups = groups.groups;
         ASSERT_EQ(bad.groups[group].code, 70);
@@ -221,6 +222,32 @@ TEST_F(Filing, ACutOrDamagedRecordIsRefused) {
         bad.reread(bad.groups.size());
         ZpTubo other;
         EXPECT_EQ(other.dxfInFields(&bad), Acad::eInvalidInput) << group;
+    }
+}
+
+/// On a machine with other tables, or none, and in a drawing of before pieces kept theirs.
+TEST_F(Filing, WhatTheTablePrintedIsKept) {
+    const auto i = [] {
+        return std::make_unique<ZpILaminadoUSA>(AcGePoint3d(), ZpObject::kVistaSecao, 150, 100, 4.3,
+                                                4.9, ZpILaminadoUSA::kAcoMinas, 0, 0, 1000,
+                                                13 * 127.1848, 13);
+    };
+    auto kept = i();
+    zp::published::keep(*kept, std::make_shared<zp::Commercial>(zp::Commercial{
+                                   L"W 150 x 13,7", 13.7, {8.0, 2.0, 1700.0, true}}));
+    const std::wstring before = report(*kept);
+    for (const bool older : {false, true}) {
+        Groups groups;
+        ASSERT_EQ((older ? i() : std::move(kept))->dxfOutFields(&groups), Acad::eOk);
+        EXPECT_EQ(groups.groups[1].integer, older ? 1 : 3);
+        groups.reread(groups.groups.size());
+        ZpILaminadoUSA read;
+        ASSERT_EQ(read.dxfInFields(&groups), Acad::eOk);
+        EXPECT_TRUE(groups.atEOF());
+        EXPECT_EQ(report(read) == before, !older);
+        EXPECT_NEAR(read.getLinearWeight(), older ? 13.0 : 13.7, 1e-12);
+        EXPECT_EQ(zp::Access::of(read).designacao(), older ? L"W 150x13" : L"W 150 x 13,7");
+        EXPECT_EQ(zp::Access::of(read).roles().printed.root, older ? -1.0 : 8.0);
     }
 }
 
@@ -252,8 +279,8 @@ TEST_F(Filing, ANewerVersionIsRefusedWithAReason) {
     ZpBarraRedonda barra(AcGePoint3d(), ZpObject::kVistaSecao, 25.4, 1000, 0);
     Groups groups;
     barra.dxfOutFields(&groups);
-    ASSERT_EQ(groups.groups[1].integer, 1);
-    groups.groups[1].integer = 3;
+    ASSERT_EQ(groups.groups[1].integer, 3);
+    groups.groups[1].integer = 4;
     groups.reread(groups.groups.size());
     ZpBarraRedonda other;
     EXPECT_EQ(other.dxfInFields(&groups), Acad::eNotImplementedYet);
@@ -472,7 +499,7 @@ TEST_F(Filing, TheReportHasEverythingInOrder) {
         L"(2001.000000 -148.000000 0.000000) ] altura=300.000000 largura=300.000000 "
         L"espessura=8.000000 "
         L"area=7948.000000 perimetro=1784.000000 area_pintura=3.568000 peso=124.800000 perfil='CS' "
-        L"dimensoes='300x62,4' marca=- conta=1 cotas=[ ] ligados=[ ] ");
+        L"dimensoes='300x62,4' designacao='CS 300x62' marca=- conta=1 cotas=[ ] ligados=[ ] ");
     const AcDbObjectId rolled =
         put(new ZpILaminadoUSA(AcGePoint3d(), ZpObject::kVistaSecao, 200, 100, 5.6, 8.5,
                                ZpILaminadoUSA::kAmericano, 0, 0, 1000, 0, 0));

@@ -156,7 +156,7 @@ TEST_F(MaterialListTest, XlsxWithNumbersFormulasAndASummary) {
     const std::string rows = "'Lista de material'!$";
     const auto sumifs = [&](const std::string& column, const std::string& line) {
         const auto range = [&](const std::string& c) { return rows + c + "$2:$" + c + "$4"; };
-        return "SUMIFS(" + range(column) + ',' + range("K") + ",\"=\"&amp;$A" + line + ',' +
+        return "SUMIFS(" + range(column) + ',' + range("L") + ",\"=\"&amp;$A" + line + ',' +
                range("E") + ",\"=\"&amp;$B" + line + ") = ";
     };
     const struct {
@@ -173,17 +173,18 @@ TEST_F(MaterialListTest, XlsxWithNumbersFormulasAndASummary) {
         {list, "H4", "B4*G4 = 0"},
         {list, "H5", "SUM($H$2:$H$4) = 20"},  // 8 + 8 plates of 1.5
         {list, "I5", "SUM($I$2:$I$4) = 1.08"},
-        {list, "L3", "B3*1 = 8"},
-        {list, "M2", "L2*F2/1000 = 1"},
-        {summary, "C2", sumifs("L", "2") + "2"},
-        {summary, "D3", sumifs("M", "3") + "0.96"},  // 8 of 120 mm
+        {list, "M3", "B3*1 = 8"},
+        {list, "N2", "M2*F2/1000 = 1"},
+        {summary, "C2", sumifs("M", "2") + "2"},
+        {summary, "D3", sumifs("N", "3") + "0.96"},  // 8 of 120 mm
         {summary, "E2", sumifs("H", "2") + "8"},
         {summary, "F3", sumifs("I", "3") + "0.4"},
         {summary, "D4", "SUM($D$2:$D$3) = 1.96"},
         {summary, "E4", "SUM($E$2:$E$3) = 20"},
     };
     for (const auto& c : kCells) EXPECT_EQ(cell(c.sheet, c.cell), c.value) << c.cell;
-    for (const char* text : {"DESCRIÇÃO", "Travejamento", "apagada", "TOTAL", "U 200x75x3"})
+    for (const char* text :
+         {"DESCRIÇÃO", "Travejamento", "apagada", "TOTAL", "U 200x75x3", "ORIGEM DO PESO"})
         EXPECT_NE(wording.find(text), std::string::npos) << text;
     for (const std::string& sheet : {list, summary})
         for (const char* text :
@@ -191,7 +192,7 @@ TEST_F(MaterialListTest, XlsxWithNumbersFormulasAndASummary) {
               "<pageSetup paperSize=\"9\" fitToHeight=\"0\" orientation=\"landscape\"/>",
               "<pageSetUpPr fitToPage"})
             EXPECT_NE(sheet.find(text), std::string::npos) << text;
-    EXPECT_NE(list.find("<col min=\"11\" max=\"11\" width=\"12.7109375\" hidden=\"1\""),
+    EXPECT_NE(list.find("<col min=\"12\" max=\"12\" width=\"12.7109375\" hidden=\"1\""),
               std::string::npos);
     EXPECT_NE(partOf(file, "xl/workbook.xml").find("'Lista de material'!$1:$1</definedName>"),
               std::string::npos);

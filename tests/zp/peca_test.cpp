@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "tests/zp/drawing.h"
-#include "zp/objects/peca.h"
+#include "zp/objects/published.h"
 
 namespace {
 
@@ -135,7 +135,13 @@ TEST_F(Peca, ScalingMultipliesSizes) {
         EXPECT_NEAR(p.getComprimentoReal(), 2000, 1e-9);
         EXPECT_NEAR(p.getAltura(), 101.6, 1e-9);
         EXPECT_NEAR(p.getArea(), 4 * area, 1e-9);
-        EXPECT_NEAR(p.getPeso(), 8 * peso, 1e-9);
+        // Twice L 2" x 1/4" is L 4" x 1/2", 19,03 kg/m in its table.
+        EXPECT_NEAR(peso, 4.74, 1e-9);
+        EXPECT_NEAR(p.getPeso(), 2 * 19.03, 1e-9);
+        // 45,72 x 5,715 is no size: the mass handed over, as much smaller.
+        EXPECT_EQ(p.transformBy(AcGeMatrix3d::scaling(0.45)), Acad::eOk);
+        EXPECT_NEAR(p.getPeso(), std::pow(0.9, 3) * 4.74, 1e-9);
+        EXPECT_EQ(p.transformBy(AcGeMatrix3d::scaling(1.0 / 0.45)), Acad::eOk);
     });
     expectNear(face(id, 1), 20, -4 * 50.8 / 3);
     change(id, [](ZpObject& p) {
@@ -308,6 +314,65 @@ TEST_F(Peca, ValuesOfRolledOnes) {
     EXPECT_NEAR(ZpULaminado::calcDeslocF(48.77, 5.08), 3.6408333333, 1e-9);
 }
 
+/// Masses and names as the tables print them.
+TEST_F(Peca, TheTableNamesAndWeighsASize) {
+    const AcGePoint3d at;
+    const auto kSecao = ZpObject::kVistaSecao;
+    const auto i = [&](double h, double b, double tw, double tf, int type, double m) {
+        return std::make_unique<ZpILaminadoUSA>(
+            at, kSecao, h, b, tw, tf, ZpILaminadoUSA::ISolType(type), 0, 0, 1000, 127.1848 * m, m);
+    };
+    const auto ul = [&](double t, double m) {
+        return std::make_unique<ZpULaminado>(at, kSecao, 152.4, 48.77, t, 48.77, t, t, 48.77 / 3, t,
+                                             0, 0, 1000, m * 127.1848, m);
+    };
+    const auto vs = [&](ZpISoldado::SubType series, double m) {
+        auto p = std::make_unique<ZpISoldado>(at, kSecao, 150, 100, 100, 4.75, 6.3, 1000, 0, 0, m);
+        (void)p->setSubType(series);
+        return p;
+    };
+    // Its mass is that of a row which was picked before.
+    auto typed = i(150, 100, 4.3, 4.9, 1, 13);
+    zp::published::disownMass(*typed);
+    struct Case {
+        std::unique_ptr<ZpObject> peca;
+        const wchar_t* perfil;
+        const wchar_t* designacao;
+        double kgMetro;
+        const wchar_t* origin;  ///< how the words begin
+    };
+    std::vector<Case> cases;
+    const auto add = [&](auto peca, auto perfil, auto designacao, double kg, auto origin) {
+        cases.push_back({std::move(peca), perfil, designacao, kg, origin});
+    };
+    add(i(148, 100, 4.3, 4.9, 1, 13), L"W", L"W 150 x 13,0", 13.0, L"tabela (geometria ");
+    add(i(204, 207, 11.3, 11.3, 1, 53), L"HP", L"HP 200 x 53,0", 53.0, L"tabela");
+    add(i(200, 100, 5.6, 8.5, 0, 22.4), L"IPE", L"IPE 200", 22.4, L"tabela (geometria -");
+    add(i(152.4, 84.63, 5.89, 9.12, 2, 0), L"I", L"I 6\" x 18,6", 18.6, L"tabela");
+    add(i(150, 100, 4.3, 4.9, 1, 13), L"W", L"W 150x13", 13.0, L"tabela");
+    // 2 x 100 x 4.9 + 140.2 x 4.3 mm2
+    add(std::move(typed), L"W", L"W 150x100x4,9x4,3", 12.425451, L"geometria");
+    add(ul(5.08, 15.62), L"U", L"U 6\" x 12,2", 12.2, L"tabela");
+    add(vs(ZpISoldado::kVS, 15), L"VS", L"VS 150x15", 15.0, L"tabela");
+    // The user's own plates: 2 x 100 x 6.3 + 137.4 x 4.75 mm2.
+    add(vs(ZpISoldado::kFavoritos, 0), L"PS", L"PS 150x100x6,3x4,75", 15.014303, L"geometria");
+    add(std::make_unique<ZpCantTEELaminada>(at, kSecao, 50.8, 50.8, 6.35, 0, 2 * 50.8 / 3, 6.35, 10,
+                                            0, 0, 1000, 9.48, 12.06),
+        L"2L T", L"2L T 2\" x 1/4\" a=10", 2 * 4.74, L"tabela");
+    add(std::make_unique<ZpBarraRedonda>(at, kSecao, 12.7, 1000, 0), L"BR", L"BR 1/2\"", 0.994,
+        L"tabela");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(c.designacao)));
+        const zp::Peca& p = zp::Access::of(*c.peca);
+        EXPECT_EQ(p.perfil(), c.perfil);
+        EXPECT_EQ(p.designacao(), c.designacao);
+        EXPECT_NEAR(c.peca->getLinearWeight(), c.kgMetro, 1e-6);
+        EXPECT_TRUE(zp::published::massWords(p).starts_with(c.origin));
+    }
+    // What the constructor got stays what it is.
+    EXPECT_NEAR(cases[6].peca->getArea(), 15.62 * 127.1848, 1e-9);
+}
+
 TEST_F(Peca, AnObjectIsSmall) {
     // A drawing of 100,000 pieces counts every byte; links are apart and only where there are any.
     EXPECT_LE(sizeof(ZpUDobrado) + sizeof(zp::Peca), 480u);
@@ -368,7 +433,6 @@ TEST_F(Peca, LayersOfTheUser) {
     EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"Cotas \u2013 A\u00E7o");
     std::filesystem::remove_all(folder);
     EXPECT_STREQ(ZpLayerToUsr(L"PERFIL"), L"PERFIL");
-    unsetenv("ZPFORJA2010");
 }
 
 }  // namespace

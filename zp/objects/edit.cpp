@@ -3,6 +3,7 @@
 #include "zp/objects/edit.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -167,6 +168,16 @@ secao::Bounds boxIn(const Frame& frame, const ZpObject& peca) {
         box.include(local.x, local.y);
     }
     return box;
+}
+
+bool sameShape(const secao::RoleValues& a, const secao::RoleValues& b) {
+    using enum secao::Role;
+    constexpr std::array kOthers{L, Giro, M, A, Vao, VaoV};
+    for (std::size_t i = 0; i < a.v.size(); ++i)
+        if (std::abs(a.v[i] - b.v[i]) > kSamePoint &&
+            std::ranges::find(kOthers, static_cast<secao::Role>(i)) == kOthers.end())
+            return false;
+    return true;
 }
 
 Faces facesOf(const ZpObject& peca) {

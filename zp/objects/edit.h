@@ -42,6 +42,10 @@ bool onLockedLayer(AcDbObjectId entity);
 /// a piece: the user's own ones. Not length, turn, type, mass and area. All three are of one class.
 void keepOwnValues(const ZpObject& peca, const ZpObject& rule, ZpObject& fresh);
 
+/// Values of one class that make the same section of single shapes: neither length, turn, mass and
+/// area nor the distance of two shapes tell it.
+bool sameShape(const secao::RoleValues& a, const secao::RoleValues& b);
+
 /// The four limit points of a piece, in world coordinates.
 struct Faces {
     AcGePoint3d f[4];

@@ -9,6 +9,7 @@
 
 #include "acutmem.h"
 #include "zp/objects/editable_medidas.h"
+#include "zp/objects/published.h"
 
 namespace zp {
 namespace {
@@ -123,9 +124,9 @@ bool readSince(Reader& reader, int version, Peca& p) {
     if (known != 0) p.member = std::make_unique<Member>();
     if (p.member && !readMember(reader, *p.member)) return false;
     if (version < 3) return true;
-    auto commercial = std::make_shared<Commercial>();
-    if (!readCommercial(reader, *commercial)) return false;
-    p.commercial = std::move(commercial);
+    Commercial commercial;
+    if (!readCommercial(reader, commercial)) return false;
+    p.commercial = published::shared(std::move(commercial));
     return true;
 }
 

@@ -6,8 +6,12 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <string>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
+#include "acutads.h"
 #include "texts/number.h"
 #include "zp/objects/layers.h"
 #include "zp/objects/secao/assembly.h"
@@ -81,6 +85,26 @@ std::optional<Size> weldedI(const RoleValues& d, int series) {
     return Size{kSeries[series - 1], {d[H], d[Bc], d[Tw], d[Tc]}};
 }
 
+/// Once for every state of the tables.
+void tellFaults(const tables::PublishedTables& tables) {
+    constexpr std::size_t kMostLines = 5;
+    static std::vector<tables::Fault> told;
+    if (tables.faults() == told) return;
+    told = tables.faults();
+    for (std::size_t i = 0; i < std::min(told.size(), kMostLines); ++i)
+        acutPrintf(L"\n%ls. A linha ficou de fora.", tables::told(told[i]).c_str());
+    if (told.size() > kMostLines)
+        acutPrintf(L"\nLinhas de tabelas fora, ao todo: %d.", static_cast<int>(told.size()));
+    if (!told.empty()) acutPrintf(L"\n");
+}
+
+/// The same, with a mass that is another size's; `kept` may be null.
+std::shared_ptr<const Commercial> disowned(const Commercial* kept) {
+    Commercial own = kept != nullptr ? *kept : Commercial();
+    own.printed.otherMass = true;
+    return shared(std::move(own));
+}
+
 }  // namespace
 
 std::optional<Size> sizeOf(const Peca& p) {
@@ -132,13 +156,22 @@ std::shared_ptr<const Commercial> ofToday(const Peca& p) {
     const std::filesystem::path installation = installationFolder();
     if (installation.empty()) return nullptr;
     const auto tables = tables::publishedOf(installation);
+    tellFaults(*tables);
     const tables::Published* const row = tables->find(*size);
     if (row == nullptr) return nullptr;
-    auto commercial = std::make_shared<Commercial>();
-    commercial->name = row->name;
-    commercial->kgMetro = std::max(0.0, row->kgMetro);
-    commercial->printed = {row->root, row->toe, std::max(0.0, row->area)};
-    return commercial;
+    return shared(
+        {row->name, std::max(0.0, row->kgMetro), {row->root, row->toe, std::max(0.0, row->area)}});
+}
+
+std::shared_ptr<const Commercial> shared(Commercial commercial) {
+    /// Names of sizes that a session meets; tables have some thousand.
+    constexpr std::size_t kMostNames = 8192;
+    static std::unordered_map<std::wstring, std::shared_ptr<const Commercial>> byName;
+    if (byName.size() >= kMostNames) byName.clear();
+    std::shared_ptr<const Commercial>& known = byName[commercial.name];
+    if (!known || *known != commercial)
+        known = std::make_shared<const Commercial>(std::move(commercial));
+    return known;
 }
 
 std::wstring massWords(const Peca& p) {
@@ -149,7 +182,9 @@ std::wstring massWords(const Peca& p) {
 }
 
 void take(Peca& p) {
+    const bool otherMass = p.roles().printed.otherMass;
     p.commercial = ofToday(p);
+    if (otherMass) p.commercial = disowned(p.commercial.get());
     p.cachedSecao.reset();
 }
 
@@ -160,7 +195,8 @@ void follow(Peca& p, secao::Role changed) {
     if (!p.commercial || (changed != M && changed != A)) return;
     Commercial own = *p.commercial;
     own.kgMetro = 0.0;
-    p.commercial = std::make_shared<const Commercial>(std::move(own));
+    own.printed.otherMass = false;
+    p.commercial = shared(std::move(own));
 }
 
 void keep(ZpObject& peca, std::shared_ptr<const Commercial> commercial) {
@@ -171,11 +207,6 @@ void keep(ZpObject& peca, std::shared_ptr<const Commercial> commercial) {
     p.barraStale = true;
 }
 
-void disownMass(ZpObject& peca) {
-    const Peca& p = Access::of(peca);
-    Commercial own = p.commercial ? *p.commercial : Commercial();
-    own.printed.otherMass = true;
-    keep(peca, std::make_shared<const Commercial>(std::move(own)));
-}
+void disownMass(ZpObject& peca) { keep(peca, disowned(Access::of(peca).commercial.get())); }
 
 }  // namespace zp::published

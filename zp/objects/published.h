@@ -17,12 +17,15 @@ std::optional<tables::Size> sizeOf(const Peca& p);
 /// What the tables of the installation say of the size today; null when they do not have it.
 std::shared_ptr<const Commercial> ofToday(const Peca& p);
 
+/// The same, one object for all pieces that keep it.
+std::shared_ptr<const Commercial> shared(Commercial commercial);
+
 /// Where the mass comes from and how far the outline's is from it, for the user:
 /// "tabela (geometria -0,8 %)", "geometria".
 std::wstring massWords(const Peca& p);
 
 /// The piece keeps that. Called where it is made and where its sizes change; a piece that is read
-/// from a drawing keeps what it was drawn with.
+/// from a drawing keeps what it was drawn with. A mass that is another size's stays one.
 void take(Peca& p);
 /// The same after one of its values was changed: a mass of the user's own counts, not the table's.
 void follow(Peca& p, secao::Role changed);

@@ -112,10 +112,8 @@ Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
     p.angle = zp::angleOf(zp::direction(p.angle).transformBy(m));
     if (s.mirrors) p.mirrored = !p.mirrored;
     if (s.scale != 1.0) {
-        const bool otherMass = p.roles().printed.otherMass;
         p.scale(s.scale);
         zp::published::take(p);
-        if (otherMass) zp::published::disownMass(*this);
     }
     xDataTransformBy(m);
     recordGraphicsModified();
