@@ -68,16 +68,24 @@ std::map<std::wstring, std::wstring> readLayers(const std::filesystem::path& fil
     return layers;
 }
 
-std::filesystem::path installationFolder() {
+const std::filesystem::path& installationFolder() {
+    static std::filesystem::path::string_type text;
+    static std::filesystem::path path;
 #ifdef _WIN32
-    const wchar_t* const folder = _wgetenv(L"ZPFORJA2010");
-    return folder != nullptr ? folder : L"";
+    const wchar_t* const found = _wgetenv(L"ZPFORJA2010");
 #else
-    const char* const folder = std::getenv("ZPFORJA2010");
-    std::string path = folder != nullptr ? folder : "";
-    std::replace(path.begin(), path.end(), '\\', '/');
-    return path;
+    const char* const found = std::getenv("ZPFORJA2010");
 #endif
+    const std::filesystem::path::value_type nothing{};
+    const auto* const folder = found != nullptr ? found : &nothing;
+    if (text == folder) return path;
+    text = folder;
+    std::filesystem::path::string_type shown = text;
+#ifndef _WIN32
+    std::replace(shown.begin(), shown.end(), '\\', '/');
+#endif
+    path = std::move(shown);
+    return path;
 }
 
 std::filesystem::path layerFile() {

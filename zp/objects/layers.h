@@ -13,8 +13,9 @@ namespace zp {
 /// code page when the bytes are no UTF-8. Empty when the file cannot be read.
 std::map<std::wstring, std::wstring> readLayers(const std::filesystem::path& file);
 
-/// The folder that ZPFORJA2010 names; empty without the variable.
-std::filesystem::path installationFolder();
+/// The folder that ZPFORJA2010 names; empty without the variable. Every piece asks: the path is
+/// made anew only when the variable has changed.
+const std::filesystem::path& installationFolder();
 
 /// The file below the folder that ZPFORJA2010 names, found without regard to case; empty without
 /// the variable.

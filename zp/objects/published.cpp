@@ -92,10 +92,10 @@ void tellFaults(const tables::PublishedTables& tables) {
     if (tables.faults() == told) return;
     told = tables.faults();
     for (std::size_t i = 0; i < std::min(told.size(), kMostLines); ++i)
-        acutPrintf(L"\n%ls. A linha ficou de fora.", tables::told(told[i]).c_str());
+        acutPrintf(L"\n%ls.", tables::told(told[i]).c_str());
     if (told.size() > kMostLines)
-        acutPrintf(L"\nLinhas de tabelas fora, ao todo: %d.", static_cast<int>(told.size()));
-    if (!told.empty()) acutPrintf(L"\n");
+        acutPrintf(L"\nHá %d linhas assim ao todo.", static_cast<int>(told.size()));
+    if (!told.empty()) acutPrintf(L"\nO que há de errado numa tabela não vale.\n");
 }
 
 /// The same, with a mass that is another size's; `kept` may be null.
@@ -153,7 +153,7 @@ std::optional<Size> sizeOf(const Peca& p) {
 std::shared_ptr<const Commercial> ofToday(const Peca& p) {
     const std::optional<Size> size = sizeOf(p);
     if (!size) return nullptr;
-    const std::filesystem::path installation = installationFolder();
+    const std::filesystem::path& installation = installationFolder();
     if (installation.empty()) return nullptr;
     const auto tables = tables::publishedOf(installation);
     tellFaults(*tables);

@@ -201,11 +201,13 @@ void PublishedTables::read(const fs::path& file, Family family) {
         std::optional<Published> published = publishedIn(table, row);
         if (!published) continue;
         const auto [first, fresh] = lines.emplace(*v, row.line);
-        if (fresh)
-            m_entries[static_cast<std::size_t>(family)].push_back({*v, std::move(*published)});
-        else
+        if (fresh) {
+            m_entries[static_cast<std::size_t>(family)].push_back({*v, m_rows.size()});
+            m_rows.push_back(std::move(*published));
+        } else {
             table.refuse(row, L"a medida já está na linha " + std::to_wstring(first->second) +
                                   L", que vale; tire uma delas");
+        }
     }
     m_faults.insert(m_faults.end(), table.faults().begin(), table.faults().end());
 }
@@ -220,11 +222,11 @@ const Published* PublishedTables::find(Size size) const {
                                           [](const Entry& e) { return e.v[0]; });
     for (; entry != entries.end() && entry->v[0] <= size.v[0] + kSame; ++entry) {
         double away = 0.0;
-        for (std::size_t i = 0; i < size.v.size(); ++i)
+        for (std::size_t i = size.v.size(); i-- > 0 && away < nearest;)
             away = std::max(away, std::abs(entry->v[i] - size.v[i]));
         if (!(away < nearest)) continue;
         nearest = away;
-        best = &entry->row;
+        best = &m_rows[entry->row];
     }
     return best;
 }

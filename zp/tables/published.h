@@ -63,19 +63,21 @@ public:
     explicit PublishedTables(const std::filesystem::path& folder);
 
     /// The row whose numbers are all within 0.01 mm, the nearest of several; null when there is
-    /// none. O(log n).
+    /// none. O(log n + rows of one height).
     const Published* find(Size size) const;
     /// Rows and files that cannot be used.
     const std::vector<Fault>& faults() const { return m_faults; }
 
 private:
+    /// The numbers of a size lie close together, because a search passes over all of one height.
     struct Entry {
         std::array<double, 4> v{};
-        Published row;
+        std::size_t row = 0;
     };
     void read(const std::filesystem::path& file, Family family);
 
     std::array<std::vector<Entry>, static_cast<std::size_t>(Family::kTotal)> m_entries;
+    std::vector<Published> m_rows;
     std::vector<Fault> m_faults;
 };
 
