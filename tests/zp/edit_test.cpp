@@ -7,6 +7,7 @@
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/member.h"
+#include "zp/objects/published.h"
 
 namespace {
 
@@ -83,6 +84,39 @@ protected:
         return zp::matlist::rows(zp::matlist::materialLists(editor->database()).front().id);
     }
 };
+
+TEST_F(EditByDialog, WhatAPieceKeepsOfItsTable) {
+    auto* const made =
+        new ZpULaminado(AcGePoint3d(), ZpObject::kVistaDireita, 152.4, 48.77, 5.08, 48.77, 5.08,
+                        5.08, 48.77 / 3, 5.08, 0, 0, 1000, 12.2 * 127.1848, 12.2);
+    // As a table had it that is 12,2 today.
+    zp::published::keep(*made, std::make_shared<zp::Commercial>(
+                                   zp::Commercial{L"U 6\" x 12,2", 12.9, {7.0, 3.0, 1550.0}}));
+    const AcDbObjectId id = put(made);
+    const auto kgMetro = [&](AcDbObjectId of) { return Read<ZpObject>(of)->getLinearWeight(); };
+    EXPECT_EQ(setValue(id, L"comprimento", L"2000"), L"");
+    command(L"_copy", id, {L"0,0", L"0,1000", L""});
+    EXPECT_DOUBLE_EQ(kgMetro(id), 12.9);
+    EXPECT_DOUBLE_EQ(kgMetro(pecas().back()), 12.9);
+    edit(id, {"accept"});
+    EXPECT_DOUBLE_EQ(kgMetro(id), 12.2);
+    EXPECT_TRUE(said(L"U 6\" x 12,2: 12,2 kg/m, pela tabela (geometria -0,3 %); pesava 12,9."));
+    // A web typed over the row's: its mass is handed over still and weighs nothing.
+    edit(id, {"t=6", "accept"});
+    const auto& p = zp::Access::of(*Read<ZpObject>(id).object());
+    EXPECT_EQ(value(id, Role::M), 12.2);
+    EXPECT_EQ(p.designacao(), L"U 152,4x48,77x6");
+    EXPECT_EQ(kgMetro(id), p.secao().properties().area * 7850e-6);
+    EXPECT_EQ(zp::published::massWords(p), L"geometria");
+    edit(id, {"t=6.5", "lista=6", "accept"});
+    EXPECT_DOUBLE_EQ(kgMetro(id), 12.2);
+    // The user's own mass counts more than the table's.
+    EXPECT_EQ(setValue(id, L"m", L"12.6"), L"");
+    EXPECT_DOUBLE_EQ(kgMetro(id), 12.6);
+    EXPECT_EQ(p.designacao(), L"U 6\" x 12,2");
+    EXPECT_EQ(setValue(id, L"comprimento", L"1500"), L"");
+    EXPECT_DOUBLE_EQ(kgMetro(id), 12.6);
+}
 
 TEST_F(EditByDialog, ValuesWithoutATileStay) {
     const AcGePoint3d origin;
