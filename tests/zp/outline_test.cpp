@@ -198,6 +198,9 @@ TEST(Outline, RubbishGivesNoNaN) {
                 EXPECT_TRUE(std::isfinite(secao->bounds().x0) && std::isfinite(secao->bounds().y1))
                     << c << ' ' << i << ' ' << bad;
                 EXPECT_TRUE(std::isfinite(secao->perimetroPintura()));
+                for (const zp::secao::SheetRow& row : zp::secao::sheetRows())
+                    EXPECT_TRUE(std::isfinite(row.of(secao->sheet()).value_or(0.0)))
+                        << c << ' ' << i << ' ' << bad << ' ' << row.key;
                 for (int vista = 1; vista <= 4; ++vista)
                     EXPECT_FALSE(std::isnan(secao->vista(vista).wMax));
             }

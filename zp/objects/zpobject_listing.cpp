@@ -5,6 +5,7 @@
 
 #include "acutads.h"
 #include "perfis/entities/zpobject.h"
+#include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
@@ -23,7 +24,7 @@ constexpr const wchar_t* kRoleNames[] = {
     L"viga",  L"pilar",    L"barra",    L"barra",          L"terça"};
 
 void line(const std::wstring& name, const std::wstring& value) {
-    acutPrintf(L"\n%20ls: %ls", name.c_str(), value.c_str());
+    acutPrintf(L"\n%37ls: %ls", name.c_str(), value.c_str());
 }
 
 std::wstring point(const AcGePoint3d& p) {
@@ -44,7 +45,8 @@ std::wstring handles(const Peca& p, bool cotas) {
 /// The mass stands above.
 void listSecao(const ZpObject& peca, const Peca& p) {
     for (const zp::SecaoRow& row : zp::secaoRows(peca, withComma))
-        if (row.key != std::wstring_view(L"kg_m")) line(row.label, row.value);
+        if (row.key != std::wstring_view(L"kg_m"))
+            line(texts::lower(std::wstring(row.label, 1)) + (row.label + 1), row.value);
     if (p.secao().invalid()) line(L"valores", zp::kInvalidSecao);
 }
 
