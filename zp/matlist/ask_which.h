@@ -22,5 +22,8 @@ void forgetLast();
 /// The bar that the user picks, by itself, by one of its plates or by its mark. Null, and told,
 /// when he picks none.
 AcDbObjectId askBar(AcDbDatabase& drawing);
+/// Told by commands that need the length of the piece, of a section.
+inline constexpr const wchar_t* kNoLength =
+    L"Uma seção não tem comprimento; selecione uma vista longitudinal da peça.";
 
 }  // namespace zp::matlist

@@ -41,20 +41,19 @@ std::optional<Blank> blankOf(AcDbObjectId id) {
         acutPrintf(L"\nEsta peça não é dobrada de uma tira; selecione um perfil dobrado.\n");
         return {};
     }
-    const double length = peca->getComprimentoReal();
-    if (!(length > 0.0)) {
-        acutPrintf(L"\nEsta peça não tem comprimento; selecione uma vista longitudinal.\n");
+    const zp::Peca& p = Access::of(*peca.object());
+    if (p.inSecao() || !(p.comprimento > 0.0)) {
+        acutPrintf(L"\n%ls\n", kNoLength);
         return {};
     }
-    const zp::Peca& p = Access::of(*peca.object());
     const secao::Single single = secao::singleOf(p.perfil(), p.dimensoes());
     std::wstring title = member::marcaOf(*peca.object());
     if (!title.empty()) title += L": ";
     title += single.perfil + L' ' + single.dimensoes + L", chapa " +
              texts::withComma(strip->espessura) + L" x " + texts::withComma(strip->width, 1) +
-             L" x " + texts::withComma(length, 1);
+             L" x " + texts::withComma(p.comprimento, 1);
     if (single.count > 1) title += L" (" + std::to_wstring(single.count) + L" por peça)";
-    return Blank{*strip, length, title};
+    return Blank{*strip, p.comprimento, title};
 }
 
 /// "dobra 90° para cima, ri 3".

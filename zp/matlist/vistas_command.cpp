@@ -154,7 +154,7 @@ void vistasCommand() {
         drawn = peca->vista();
     }
     if (drawn == ZpObject::kVistaSecao) {
-        acutPrintf(L"\nUma seção não tem comprimento; selecione uma vista longitudinal da peça.\n");
+        acutPrintf(L"\n%ls\n", kNoLength);
         return;
     }
     std::vector<Option> words;

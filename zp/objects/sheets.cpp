@@ -113,6 +113,8 @@ void secaoGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     show(s, L"area_pintura", L"Área de pintura", withUnit(peca.getAreaPintura(), 4, L"m²"));
     if (p.chapa())
         show(s, L"kg_m", L"Peso por metro", withUnit(peca.getLinearWeight(), 3, L"kg/m"));
+    else if (peca.getArea() != p.secao().properties().area)
+        show(s, L"area", L"Área do catálogo", withUnit(peca.getArea() * 1e-2, 3, L"cm²"));
     for (const SecaoRow& row : secaoRows(peca, withPoint)) show(s, row.key, row.label, row.value);
     if (!p.chapa() && p.secao().invalid()) show(s, L"invalida", L"Valores", kInvalidSecao);
 }

@@ -11,7 +11,9 @@
 namespace zp::secao {
 namespace {
 
+Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
 Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
+Point times(Point p, double k) { return {p.x * k, p.y * k}; }
 double cross(Point a, Point b) { return a.x * b.y - a.y * b.x; }
 double length(Point v) { return std::hypot(v.x, v.y); }
 Point at(const Vertex& v) { return {v.x, v.y}; }
@@ -69,16 +71,13 @@ std::vector<Wall> bentChain(const Chain& chain) {
     std::vector<Segment> lines = trace(middleLine).segments;
     // The loop was closed from the last node to the first one.
     const Point last = chain.node(chain.nodes() - 1);
-    if (length(lines.back().a - last) <= 1e-9 * t) lines.pop_back();
+    if (!lines.empty() && length(lines.back().a - last) <= 1e-9 * t) lines.pop_back();
     std::vector<Wall> walls;
     for (const Segment& line : lines)
         walls.push_back({line, t, t, static_cast<int>(walls.size()) - 1,
                          line.arc() ? Element{} : Element{line.comprimento(), t}});
     return walls;
 }
-
-Point times(Point p, double k) { return {p.x * k, p.y * k}; }
-Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
 
 /// Walls at half their mean thickness from the outer faces, which meet at right angles.
 std::vector<Wall> rolledChain(const Loop& loop, const Chain& chain) {
