@@ -66,6 +66,19 @@ Value valueOf(const std::wstring& text, double number) {
     return value;
 }
 
+/// Angles in inches are printed from values of two digits in inches.
+void widenForInches(std::array<std::optional<Value>, kAll>& values) {
+    constexpr double kInch = 2.54;
+    constexpr std::pair<Printed, int> kPowers[] = {{kArea, 2}, {kWx, 3}, {kIx, 4}};
+    for (const auto& [which, power] : kPowers) {
+        if (!values[which]) continue;
+        const double unit = std::pow(kInch, power);
+        const double number = values[which]->number;
+        const double digit = which == kArea || number < unit ? 0.01 : 0.1;
+        values[which]->half = std::max(values[which]->half, 0.5 * digit * unit / number);
+    }
+}
+
 /// Four digits, decimal comma.
 std::wstring shown(double number) {
     const double size = std::abs(number);
@@ -115,6 +128,8 @@ private:
             m_values[i].reset();
             if (number) m_values[i] = valueOf(table.text(row, column), *number);
         }
+        if (m_family.symmetry == Symmetry::kNone && m_name.find(L'"') != std::wstring::npos)
+            widenForInches(m_values);
         keepSize();
         if (!m_doubt.empty())
             add(L"Linha em dúvida: " + m_doubt + L".", L"Confira-a com o fornecedor.",

@@ -77,7 +77,7 @@ const Shape kShapes[] = {
     {"tubo_retangular", Family::TuboRetangular, {L"h", L"b", L"t"}, nullptr},
     {"tubo_redondo", Family::TuboRedondo, {L"d", L"t"}, nullptr},
     {"barra_redonda", Family::BarraRedonda, {L"d"}, nullptr},
-    {"u_enrijecido", Family::UEnrijecido, {L"h", L"b", L"a", L"t"}, nullptr},
+    {"u_enrijecido", Family::UEnrijecido, {L"h", L"b", L"aba", L"t"}, nullptr},
 };
 
 /// Rows that are not in doubt by their own numbers and that no outline of their sizes meets.
