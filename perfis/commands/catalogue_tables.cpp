@@ -253,14 +253,7 @@ private:
             compare(kPeso, 1e-2 * kPesoOfArea * p.area, 2.0 * kOutlineOff, L"o contorno");
         compare(kIx, 1e-4 * p.ix, kOutlineOff, L"o contorno");
         compare(kIy, 1e-4 * p.iy, kOutlineOff, L"o contorno");
-        compare(kIt, 1e-4 * torsionOf(secao), kTorsionOff, L"o contorno");
-    }
-
-    /// mm4; 0 where fillets, which the sum of the walls has not, would decide.
-    double torsionOf(const zp::secao::Secao& secao) const {
-        return m_values[kRoot] || m_family.symmetry == Symmetry::kNone
-                   ? 0.0
-                   : secao.sheet().it.value_or(0.0);
+        compare(kIt, 1e-4 * secao.sheet().it.value_or(0.0), kTorsionOff, L"o contorno");
     }
 
     zp::secao::Secao drawn(double corner = -1.0) const {
