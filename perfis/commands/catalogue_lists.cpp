@@ -25,6 +25,7 @@ struct ListRow {
     int line = 0;
     std::wstring text;
     Medidas medidas;
+    bool repeated = false;
 };
 
 std::vector<std::wstring> linesOf(std::wstring_view text) {
@@ -37,9 +38,12 @@ std::vector<std::wstring> linesOf(std::wstring_view text) {
     return lines;
 }
 
+/// Tabs and what no line shows as blanks; the beginning of what is long.
 std::wstring onOneLine(std::wstring text) {
-    std::ranges::replace(text, L'\t', L' ');
-    return text;
+    constexpr std::size_t kMost = 60;
+    std::ranges::replace_if(
+        text, [](wchar_t c) { return c < L' '; }, L' ');
+    return text.size() > kMost ? text.substr(0, kMost) + L"..." : text;
 }
 
 /// Places of the texts outside the longest run in ascending order. O(n log n), by patience
@@ -83,7 +87,12 @@ public:
 
     void examine() {
         const std::optional<std::vector<std::wstring>> lines = linesIn(m_list.file);
-        if (!lines) return;
+        if (!lines) {
+            if (m_list.shown != nullptr && linesIn(m_list.shown))
+                add(0, {}, std::wstring(L"Falta a lista com as medidas de ") + m_list.shown + L".",
+                    L"Copie-a de uma instalação inteira.");
+            return;
+        }
         for (std::size_t i = 0; i < lines->size(); ++i)
             readRow(static_cast<int>(i) + 1, (*lines)[i]);
         for (const ListRow& row : m_rows) {
@@ -121,11 +130,13 @@ private:
                 add(line, {}, L"A linha está em branco e conta como bitola.", L"Apague-a.");
             return;
         }
-        if (text.size() > kLongestRow && !m_list.blankRows)
-            add(line, text.substr(0, 20) + L"...",
+        if (text.size() > kLongestRow && !m_list.blankRows) {
+            add(line, text,
                 L"A linha tem " + std::to_wstring(text.size()) +
                     L" caracteres e vira mais de uma bitola.",
                 L"Deixe-a com até 118.");
+            return;
+        }
         std::vector<Medida> columns;
         for (const MedidaTile& tile : description().tiles)
             if (tile.rowUse == RowUse::kFills) columns.push_back(tile.value);
@@ -134,14 +145,14 @@ private:
         const std::size_t count =
             fields.size() -
             std::min<std::size_t>(fields.size(), static_cast<std::size_t>(m_list.firstColumn));
-        ListRow row{line, text, {}};
+        ListRow row{line, text, {}, false};
         for (std::size_t i = 0; i < std::min(count, columns.size()); ++i) {
             const std::wstring& field = fields[i + static_cast<std::size_t>(m_list.firstColumn)];
             const std::optional<double> number = texts::exactReal(field);
             if (!number) {
                 add(line, text,
                     L"A coluna " + std::to_wstring(i + 1 + m_list.firstColumn) +
-                        L" não é um número: \"" + field + L"\".",
+                        L" não é um número: \"" + onOneLine(field) + L"\".",
                     L"Escreva a medida em mm, com as colunas separadas por tabulações.");
                 return;
             }
@@ -203,12 +214,13 @@ private:
 
     void findDoubles() {
         std::map<std::vector<double>, int> seen;
-        for (const ListRow& row : m_rows) {
+        for (ListRow& row : m_rows) {
             std::vector<double> numbers;
             for (const MedidaTile& tile : description().tiles)
                 numbers.push_back(std::round(100.0 * row.medidas.*tile.value));
             const auto [first, fresh] = seen.try_emplace(numbers, row.line);
-            if (!fresh)
+            row.repeated = !fresh;
+            if (row.repeated)
                 add(row.line, row.text,
                     L"A bitola já está na linha " + std::to_wstring(first->second) + L".",
                     L"Apague uma das duas.");
@@ -219,6 +231,7 @@ private:
         std::vector<int> places;
         std::vector<const ListRow*> known;
         for (const ListRow& row : m_rows) {
+            if (row.repeated) continue;
             if (const TabledSize* const size = tabled(row)) {
                 places.push_back(size->place);
                 known.push_back(&row);

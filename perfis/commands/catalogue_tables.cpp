@@ -21,7 +21,27 @@ using zp::tables::TableFile;
 constexpr std::wstring_view kOwn = L"_usuario";
 
 /// What a source prints beside the size.
-enum Printed { kPeso, kArea, kIx, kWx, kRx, kIy, kWy, kRy, kIt, kCw, kXg, kYg, kRoot, kToe, kAll };
+enum Printed {
+    kPeso,
+    kArea,
+    kIx,
+    kWx,
+    kRx,
+    kIy,
+    kWy,
+    kRy,
+    kIt,
+    kCw,
+    kXg,
+    kYg,
+    kRoot,
+    kToe,
+    kSlope,
+    kZx,
+    kZy,
+    kRz,
+    kAll
+};
 struct PrintedColumn {
     const wchar_t* name;
     const wchar_t* unit;
@@ -39,7 +59,11 @@ constexpr std::array<PrintedColumn, kAll> kColumns = {{{L"kg_m", L"kg/m"},
                                                        {L"xg", L"cm"},
                                                        {L"yg", L"cm"},
                                                        {L"r", L"mm"},
-                                                       {L"r_ponta", L"mm"}}};
+                                                       {L"r_ponta", L"mm"},
+                                                       {L"inclinacao", L"graus"},
+                                                       {L"Zx", L"cm3"},
+                                                       {L"Zy", L"cm3"},
+                                                       {L"rz", L"cm"}}};
 
 /// Ratios by which values may differ, half a unit of the last printed digit on top of each.
 constexpr double kOutlineOff = 0.01;

@@ -145,6 +145,7 @@ TEST_F(PlantedFaults, AreToldWithTheirLine) {
         {"Listas/BitolasAcoMinas.lst", "W 200 x 46.1\n", L"BitolasAcoMinas.lst: ", L"1 bitolas"},
         {"Listas/BitolasAcoMinas.lst", "W 250 x 89.0\nW 200 x 46.1\n",
          L"BitolasAcoMinas.lst, linha 1 ", L"46,1 kg/m"},
+        {"Listas/vi_cs.lst", "CS150x25    150   25.4\n", L"cs.lst: ", L"Falta a lista"},
         // One public table prints an Iy that its own Wy and ry gainsay.
         {"Tabelas/w_hp.csv", kW + kW46 + std::string(kW89).replace(kW89.find("4841"), 4, "4641"),
          L"w_hp.csv, linha 3 (W 250 x 89,0): ry ", L"6,52 cm, a raiz de Iy/A dá 6,383 (2,1 %)"},
