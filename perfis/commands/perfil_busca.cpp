@@ -11,8 +11,7 @@
 
 namespace perfis {
 
-// --- Search
-// ---------------------------------------------------------------------------------------
+// --- Search --------------------------------------------------------------------------------
 
 void PerfilRun::onSearch(const ads_callback_packet& packet) {
     const std::wstring query = texts::trimmed(packet.value);
@@ -64,8 +63,7 @@ void PerfilRun::listChanged(ads_hdlg dialog) {
     m_marked = m_typedRow = kNoRow;
 }
 
-// --- What is typed
-// --------------------------------------------------------------------------------
+// --- What is typed -------------------------------------------------------------------------
 
 void PerfilRun::markRow(ads_hdlg dialog, int row) {
     const int shown = m_search.shownAs(row);
@@ -91,6 +89,8 @@ void PerfilRun::followTyped(ads_hdlg dialog) {
                           isTyped(all[static_cast<std::size_t>(picked)]);
         const auto row = same ? all.begin() + picked : std::ranges::find_if(all, isTyped);
         if (row != all.end()) m_typedRow = static_cast<int>(row - all.begin());
+        // The buttons work on no row that cannot be seen.
+        if (m_search.shownAs(m_typedRow) < 0) m_typedRow = kNoRow;
     }
     const int marked = m_typedRow != kNoRow ? m_typedRow : picked;
     if (marked != m_marked) markRow(dialog, marked);

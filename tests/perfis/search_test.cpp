@@ -25,6 +25,8 @@ SizeSearch catalogue() {
     search.add({L"50.8\t50.8\t6.35\t4.74", L"L 50,8x50,8x6,35"});            // 9
     search.add({L"38.1\t38.1\t3.18\t1.83", L"L 38,1x38,1x3,18"});            // 10
     search.add({L"CS250x52    250   51.8"});                                 // 11
+    search.add({L"76.2\t8.48", L"I 3\" x 8,48"});                            // 12
+    search.add({L"304.8\t47.30", L"I 12\" x 47,3"});                         // 13
     return search;
 }
 
@@ -53,6 +55,7 @@ TEST(SizeSearch, FindsWhatFitsTheBestFirst) {
         {L"2 pol l", {9}, 1},
         {L"l 50,8", {9}, 1},
         {L"CS 250x52", {11}, 1},
+        {L"I 3", {12, 13}, 1},    // 3" itself, then 304.8
         {L"ue 20x75x3", {3}, 1},  // begins 200
         {L"U 200x7x3,3", {1}, 1},
         {L"W 20x4,1", {5}, 1},   // 46.1 without the 6
@@ -63,7 +66,7 @@ TEST(SizeSearch, FindsWhatFitsTheBestFirst) {
         EXPECT_EQ(found.rows, c.rows) << prancheta::toUtf8(c.query);
         EXPECT_EQ(found.best, c.best) << prancheta::toUtf8(c.query);
     }
-    EXPECT_EQ(search.find(L"  x ").rows.size(), 12u);
+    EXPECT_EQ(search.find(L"  x ").rows.size(), 14u);
 }
 
 TEST(SizeSearch, SaysTheThreeNearestWhereNothingFits) {
