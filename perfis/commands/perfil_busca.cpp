@@ -98,8 +98,10 @@ void PerfilRun::followTyped(ads_hdlg dialog) {
 }
 
 void PerfilRun::showTyped(ads_hdlg dialog) {
-    const PecaRequest request{
-        .medidas = m_state.medidas, .comprimento = 1.0, .source = m_state.source};
+    const PecaRequest request{.medidas = m_state.medidas,
+                              .comprimento = 1.0,
+                              .source = m_state.source,
+                              .picked = m_state.picked};
     const auto insertion = static_cast<std::size_t>(m_state.insertion);
     const bool placed =
         m_state.vistas.secaoOnly && !editing() && insertion < m_description.insertions.size();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -41,7 +42,8 @@ struct PecaRequest {
     Medidas medidas;
     double comprimento = 0.0;  ///< mm
     int source = 0;            ///< catalogue that the size comes from, where a command has several
-    Medidas picked{};          ///< numbers of the size that the mass belongs to
+    /// Numbers of the size that the mass belongs to; nothing: to these ones.
+    std::optional<Medidas> picked{};
 };
 
 /// Prompt for the point of a new piece.

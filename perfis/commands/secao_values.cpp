@@ -35,9 +35,9 @@ namespace {
 /// The mass belongs to a row that has other sizes: it weighs nothing.
 std::unique_ptr<ZpObject> withOwnMass(const PerfilDescription& description,
                                       const PecaRequest& request, std::unique_ptr<ZpObject> peca) {
-    if (request.medidas.m == 0.0) return peca;
+    if (request.medidas.m == 0.0 || !request.picked) return peca;
     PecaRequest row = request;
-    row.medidas = request.picked;
+    row.medidas = *request.picked;
     if (!zp::edit::sameShape(valuesFor(description, request, 0.0),
                              valuesFor(description, row, 0.0)))
         zp::published::disownMass(*peca);
