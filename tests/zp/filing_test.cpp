@@ -472,11 +472,11 @@ TEST_F(Filing, TheReportHasEverythingInOrder) {
         p.AlteraComprimento(2000);
     });
     std::wstring all = report(id);
-    // The name of the size is that of the tables, if there are any.
     const std::size_t name = all.find(L"designacao=");
     const std::size_t from = all.find(L"secao={ ");
     ASSERT_TRUE(name < from && from != std::wstring::npos);
     const std::wstring section = all.substr(from, all.find(L"} ", from) + 2 - from);
+    EXPECT_EQ(all.substr(name, from - name), L"designacao='CS 300x62' ");
     all.erase(name, from + section.size() - name);
     // In mm: Zx = 300 x 9.5 x 290.5 + 8 x 281^2 / 4, It = (2 x 300 x 9.5^3 + 290.5 x 8^3) / 3.
     EXPECT_TRUE(
@@ -499,7 +499,7 @@ TEST_F(Filing, TheReportHasEverythingInOrder) {
         L"(2001.000000 -148.000000 0.000000) ] altura=300.000000 largura=300.000000 "
         L"espessura=8.000000 "
         L"area=7948.000000 perimetro=1784.000000 area_pintura=3.568000 peso=124.800000 perfil='CS' "
-        L"dimensoes='300x62,4' designacao='CS 300x62' marca=- conta=1 cotas=[ ] ligados=[ ] ");
+        L"dimensoes='300x62,4' marca=- conta=1 cotas=[ ] ligados=[ ] ");
     const AcDbObjectId rolled =
         put(new ZpILaminadoUSA(AcGePoint3d(), ZpObject::kVistaSecao, 200, 100, 5.6, 8.5,
                                ZpILaminadoUSA::kAmericano, 0, 0, 1000, 0, 0));
