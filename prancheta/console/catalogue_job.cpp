@@ -13,7 +13,7 @@
 namespace prancheta::console {
 namespace {
 
-class Printer : public protocol::CatalogueVisitor {
+class CataloguePrinter : public protocol::CatalogueVisitor {
 public:
     void finding(const protocol::CatalogueFinding& finding) override {
         tally.count(finding.severity);
@@ -32,7 +32,7 @@ int checkCatalogues(const std::string& folder) {
                      "--sem-modulos com --catalogos\n";
         return kFileError;
     }
-    Printer printer;
+    CataloguePrinter printer;
     if (const ACHAR* const why = check->check(toWide(folder).c_str(), printer)) {
         std::cerr << "prancheta-console: " << harmless(folder) << ": " << toUtf8(why) << "\n";
         return kFileError;
