@@ -9,6 +9,7 @@
 #include "perfis/commands/command_table.h"
 #include "perfis/commands/listed_sizes.h"
 #include "perfis/dialogs/installation.h"
+#include "protocol/answers.h"
 #include "texts/letters.h"
 #include "texts/number.h"
 
@@ -70,7 +71,7 @@ std::optional<std::size_t> AllSizes::ask() const {
         }
         for (std::size_t i = 0; i < shown.size(); ++i)
             if (*number == static_cast<double>(i + 1)) return shown[i];
-        (void)acutPrintf(L"\nA relação vai de 1 a %d.\n", static_cast<int>(shown.size()));
+        protocol::refuse(L"A relação vai de 1 a " + std::to_wstring(shown.size()) + L".");
     }
 }
 

@@ -11,6 +11,7 @@
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/editor/scene.h"
+#include "protocol/answers.h"
 #include "rxdict.h"
 
 namespace prancheta {
@@ -18,6 +19,19 @@ namespace {
 
 /// The one that the C-style interface talks to.
 Editor* g_current = nullptr;
+
+/// What modules refuse goes where the host's own refusals go.
+class FromModules : public protocol::Objections {
+public:
+    void refused(const ACHAR* text) override { tell(text, Complaint::Refused); }
+    void failed(const ACHAR* text) override { tell(text, Complaint::Failed); }
+
+private:
+    static void tell(const ACHAR* text, Complaint kind) {
+        if (g_current != nullptr) g_current->complain(text, kind);
+    }
+};
+FromModules g_fromModules;  // entered in the registry by pointer
 
 }  // namespace
 
@@ -36,6 +50,7 @@ Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns)
     m_commands = std::make_unique<CommandStack>(builtIns);
     m_modules = std::make_unique<ModuleTable>(*this);
     acrxSysRegistry()->atPut(ACRX_REGISTERED_COMMANDS, m_commands.get());
+    acrxSysRegistry()->atPut(protocol::kObjectionsKey, &g_fromModules);
     adoptDatabase(std::make_unique<AcDbDatabase>(), {});
     tellOpened();
 }
@@ -48,6 +63,7 @@ Editor::~Editor() {
     adoptDatabase(std::make_unique<AcDbDatabase>(), {});
     m_modules->unloadAll();
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    acrxSysRegistry()->remove(protocol::kObjectionsKey);
     acrxSysRegistry()->remove(ACRX_REGISTERED_COMMANDS);
     if (g_current == this) g_current = nullptr;
 }

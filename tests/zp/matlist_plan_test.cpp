@@ -99,6 +99,7 @@ TEST(DeliveryList, PackagesByFirstFit) {
 }
 
 TEST_F(MaterialListTest, ThePlanIsDrawnAndWritten) {
+    ui.mayComplain = true;
     type({L"PLANOCORTE"});
     EXPECT_TRUE(said(L"O desenho não tem lista de material.\n"));
     enter(3);  // U 200x75x3 of 500

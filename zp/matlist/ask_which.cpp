@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "acedads.h"
+#include "protocol/answers.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/book.h"
 
@@ -48,7 +49,7 @@ std::optional<MaterialList> askWhich(const std::vector<MaterialList>& all) {
         if (status == RTNONE) return take(*last);
         if (status != RTNORM) return {};
         if (const auto found = numbered(number); found != all.end()) return take(*found);
-        acutPrintf(L"\nNão há lista de material com este número.\n");
+        protocol::refuse(L"Não há lista de material com este número.");
     }
 }
 

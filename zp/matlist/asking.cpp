@@ -9,6 +9,7 @@
 
 #include "acedads.h"
 #include "dbmain.h"
+#include "protocol/answers.h"
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "texts/path.h"
@@ -64,7 +65,7 @@ std::optional<int> askCount(const std::wstring& question, int least, int offered
         if (status == RTNONE) return offered;
         if (status != RTNORM) return {};
         if (number == std::floor(number) && number <= kMostCount) return static_cast<int>(number);
-        acutPrintf(L"\nInforme um número inteiro até %d.\n", kMostCount);
+        protocol::refuse(L"Informe um número inteiro até " + std::to_wstring(kMostCount) + L".");
     }
 }
 
@@ -77,7 +78,7 @@ std::optional<std::wstring> askTyped(const std::wstring& question) {
         const std::wstring answer = typed;
         // A longer answer is cut there.
         if (answer.size() < std::size(typed) - 1) return texts::trimmed(answer);
-        acutPrintf(L"\nA resposta passa de 131 caracteres.\n");
+        protocol::refuse(L"A resposta passa de 131 caracteres.");
     }
 }
 
@@ -90,7 +91,7 @@ std::optional<double> askNumber(const std::wstring& question, double offered, do
         if (typed->empty()) return offered;
         const std::optional<double> number = texts::exactReal(*typed);
         if (number && *number >= least && *number <= most) return number;
-        acutPrintf(L"\n%ls\n", limitsInWords(least, most, unit).c_str());
+        protocol::refuse(limitsInWords(least, most, unit));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "dbapserv.h"
 #include "files/replacement.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "protocol/answers.h"
 #include "texts/encoding.h"
 #include "texts/number.h"
 #include "texts/path.h"
@@ -166,8 +167,8 @@ void write(const Blank& blank, const std::filesystem::path& file) {
     if (files::replace(file, std::move(pen).done()) == 0)
         acutPrintf(L"\nDesenvolvimento gravado em %ls.\n", texts::shown(file).c_str());
     else
-        acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
-                   texts::shown(file).c_str());
+        protocol::fail(L"Não foi possível gravar " + texts::shown(file) +
+                       L"; verifique a pasta e a permissão.");
 }
 
 }  // namespace

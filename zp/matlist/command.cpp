@@ -7,6 +7,7 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "protocol/answers.h"
 #include "texts/letters.h"
 #include "texts/path.h"
 #include "zp/matlist/ask_which.h"
@@ -35,7 +36,7 @@ std::wstring askAction() {
 }
 
 void draw(const MaterialList& list) {
-    if (!drawTable(list)) acutPrintf(L"\nA tabela não pôde ser desenhada.\n");
+    if (!drawTable(list)) protocol::fail(L"A tabela não pôde ser desenhada.");
 }
 
 void table(MaterialList list) {
@@ -56,8 +57,8 @@ void table(MaterialList list) {
 
 void exportTo(const MaterialList& list, const Format& format) {
     if (format.write == nullptr) {
-        acutPrintf(L"\nEsta versão do programa não grava planilhas %ls; use a opção CSV.\n",
-                   format.shown.name);
+        protocol::fail(L"Esta versão do programa não grava planilhas " +
+                       std::wstring(format.shown.name) + L"; use a opção CSV.");
         return;
     }
     const std::optional<std::filesystem::path> destination =
@@ -69,8 +70,8 @@ void exportTo(const MaterialList& list, const Format& format) {
         acutPrintf(L"\n%ls em %ls.\n", plan ? L"Plano de corte gravado" : L"Lista gravada",
                    texts::shown(*destination).c_str());
     else
-        acutPrintf(L"\nNão foi possível gravar %ls; verifique a pasta e a permissão.\n",
-                   texts::shown(*destination).c_str());
+        protocol::fail(L"Não foi possível gravar " + texts::shown(*destination) +
+                       L"; verifique a pasta e a permissão.");
 }
 
 int erasedCount(const MaterialList& list) {
@@ -116,7 +117,7 @@ std::optional<std::wstring> askColumns() {
                                   ? chooseColumns(keys)
                                   : Choice{{}, L"A resposta passa de 131 caracteres."};
         if (choice.fault.empty()) return keysOf(choice.columns);
-        acutPrintf(L"\n%ls\n", choice.fault.c_str());
+        protocol::refuse(choice.fault);
     }
 }
 
@@ -126,7 +127,7 @@ void changeColumns(MaterialList list) {
     if (!keys) return;
     list.header.columns = *keys == keysOf(usualColumns()) ? L"" : *keys;
     if (!writeHeader(list.id, list.header)) {
-        acutPrintf(L"\nAs colunas não puderam ser gravadas.\n");
+        protocol::fail(L"As colunas não puderam ser gravadas.");
         return;
     }
     if (hasTable(list.header)) draw(list);

@@ -11,6 +11,7 @@
 
 #include "aced.h"
 #include "acedads.h"
+#include "protocol/answers.h"
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/matlist/book.h"
@@ -419,7 +420,7 @@ public:
             if (word == L"all" || word == L"todas") return others;
             for (const std::wstring_view whole : {L"só esta", L"so esta", L"_this"})
                 if (whole.starts_with(word)) return std::vector<AcDbObjectId>();
-            acutPrintf(L"\nResponda Todas ou Só esta.\n");
+            protocol::refuse(L"Responda Todas ou Só esta.");
         }
     }
 };

@@ -6,6 +6,7 @@
 
 #include "acedads.h"
 #include "dbapserv.h"
+#include "protocol/answers.h"
 #include "texts/letters.h"
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
@@ -124,7 +125,8 @@ bool countPlanes(Book& book, AcDbObjectId bar) {
         askCount(L"\nQuantidade de " + book.row(row)->marca, 0, 2 * one);
     if (!answer) return false;
     if (*answer % one != 0) {
-        acutPrintf(L"\nA quantidade deve ser um múltiplo de %d, as chapas desenhadas.\n", one);
+        protocol::refuse(L"A quantidade deve ser um múltiplo de " + std::to_wstring(one) +
+                         L", as chapas desenhadas.");
         return true;
     }
     for (const AcDbObjectId& chapa : chapas) (void)enterRow(chapa, row, *answer / one);

@@ -6,6 +6,7 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "protocol/answers.h"
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/plan_answers.h"
@@ -25,7 +26,7 @@ bool askStock(CutSettings& settings) {
             settings.stock = std::move(*lengths.value);
             return true;
         }
-        acutPrintf(L"\n%ls\n", lengths.fault.c_str());
+        protocol::refuse(lengths.fault);
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include "acedads.h"
 #include "dbapserv.h"
+#include "protocol/answers.h"
 #include "texts/number.h"
 #include "zp/cutting/pattern.h"
 #include "zp/matlist/ask_which.h"
@@ -154,7 +155,7 @@ void summaryCommand() {
             acutPrintf(L"\n");
             return;
         }
-        acutPrintf(L"\nInforme um peso maior que zero, até 1000000 kg.\n");
+        protocol::refuse(L"Informe um peso maior que zero, até 1000000 kg.");
     }
 }
 

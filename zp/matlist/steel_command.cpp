@@ -4,6 +4,7 @@
 
 #include "acedads.h"
 #include "dbapserv.h"
+#include "protocol/answers.h"
 #include "texts/letters.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/book.h"
@@ -50,12 +51,12 @@ void steelCommand() {
         if (!name || name->empty()) return;
         if (*name == L".") name->clear();
         if (name->size() > kMostGrade) {
-            acutPrintf(L"\nO nome do aço pode ter até %d caracteres.\n",
-                       static_cast<int>(kMostGrade));
+            protocol::refuse(L"O nome do aço pode ter até " + std::to_wstring(kMostGrade) +
+                             L" caracteres.");
             continue;
         }
         if (!setDrawingSteel(*drawing, *name)) {
-            acutPrintf(L"\nO aço do desenho não pode ser guardado agora.\n");
+            protocol::fail(L"O aço do desenho não pode ser guardado agora.");
             return;
         }
         const int changed = rewriteRows(*drawing, *name);

@@ -10,6 +10,7 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "perfis/entities/zpfuncoes.h"
+#include "protocol/answers.h"
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/book.h"
@@ -143,7 +144,7 @@ void vistasCommand() {
     AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
     if (drawing == nullptr) return;
     if (edit::vistaMaker() == nullptr) {
-        acutPrintf(L"\nO módulo dos perfis não está carregado; carregue-o com o comando ARX.\n");
+        protocol::fail(L"O módulo dos perfis não está carregado; carregue-o com o comando ARX.");
         return;
     }
     const AcDbObjectId base = askBar(*drawing);
@@ -170,7 +171,7 @@ void vistasCommand() {
         if (vista == drawn) continue;
         const AcDbObjectId view = draw(base, vista, *distance, cotas == Answer::Yes);
         if (view.isNull()) {
-            acutPrintf(L"\nA vista não pôde ser desenhada.\n");
+            protocol::fail(L"A vista não pôde ser desenhada.");
             return;
         }
         enter(*drawing, base, view);

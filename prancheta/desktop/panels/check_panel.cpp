@@ -25,7 +25,7 @@ namespace {
 constexpr int kSeverityWidth = 28;
 constexpr int kMarkWidth = 64;
 /// Room about what is shown, over its size; the least side of what is shown, drawing units.
-constexpr double kMargin = 0.25;
+constexpr double kRoomAround = 0.25;
 constexpr double kLeastSide = 100.0;
 
 /// A finding in words of our own: the module that told it may go.
@@ -236,7 +236,7 @@ void CheckPanel::showPlace() {
     m_editor->selection().select(std::move(ids));
     emit changed();
     const AcGeVector3d size = box.maxPoint() - box.minPoint();
-    const double room = kMargin * std::max({size.x, size.y, kLeastSide});
+    const double room = kRoomAround * std::max({size.x, size.y, kLeastSide});
     const auto corner = [](double x, double y) {
         return QStringLiteral("%1,%2").arg(x, 0, 'f', 3).arg(y, 0, 'f', 3);
     };
