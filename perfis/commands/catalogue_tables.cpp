@@ -287,7 +287,10 @@ private:
         zp::secao::RoleValues values = valuesFor(description, request);
         values.printed = {m_values[kRoot] ? has(kRoot) : -1.0, m_values[kToe] ? has(kToe) : -1.0,
                           100.0 * has(kArea)};
-        if (corner >= 0.0) values[zp::secao::Role::Ri] = corner;
+        if (corner >= 0.0) {
+            values[zp::secao::Role::Ri] = corner;
+            values.printed.root = -1.0;
+        }
         return {description.pecas.kind, values};
     }
 

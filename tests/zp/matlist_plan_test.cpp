@@ -98,6 +98,31 @@ TEST(DeliveryList, PackagesByFirstFit) {
                L"Pacote 6: 1 P2; 60,0 kg"}));
 }
 
+TEST_F(MaterialListTest, ShapesOfOneNameAreBoughtApart) {
+    // 28 kg/m to the next kg, both; and a rolled and a bent U 100x50x6.
+    const auto vs = [&](double bc, double tc) {
+        const AcDbObjectId id =
+            put(new ZpISoldado({}, ZpObject::kVistaDireita, 300, bc, bc, 4.75, tc, 2900, 0, 0, 28));
+        change(id, [](ZpObject& p) { static_cast<ZpISoldado&>(p).setSubType(ZpISoldado::kVS); });
+        return id;
+    };
+    enter(1, 0, vs(120, 9.5));
+    enter(1, 0, vs(140, 8));
+    enter(1, 0, vs(120, 9.5));
+    enter(1, 0,
+          put(new ZpULaminado({}, ZpObject::kVistaDireita, 100, 50, 6, 50, 6, 6, 1, 6, 0, 0, 2900,
+                              0, 0)));
+    enter(1, 0,
+          put(new ZpUDobrado({}, ZpObject::kVistaDireita, 100, 50, 50, 6, 6, 0.5 * kPi, 0.5 * kPi,
+                             2900, 0, 0, 0)));
+    const std::vector<Linha> all = rows();
+    Texts names;
+    for (const auto& plan : plansOf(all, {{6000}, 3, 0}, {})) names.push_back(plan.name);
+    EXPECT_EQ(names,
+              (Texts{L"VS 300x28 (soldado 300x120x4,75x9,5)", L"VS 300x28 (soldado 300x140x4,75x8)",
+                     L"U 100x50x6 (laminado 100x50x6)", L"U 100x50x6 (dobrado 100x50x6)"}));
+}
+
 TEST_F(MaterialListTest, ThePlanIsDrawnAndWritten) {
     ui.mayComplain = true;
     type({L"PLANOCORTE"});

@@ -138,9 +138,11 @@ TEST_F(Peca, ScalingMultipliesSizes) {
         // Twice L 2" x 1/4" is L 4" x 1/2", 19,03 kg/m in its table.
         EXPECT_NEAR(peso, 4.74, 1e-9);
         EXPECT_NEAR(p.getPeso(), 2 * 19.03, 1e-9);
-        // 45,72 x 5,715 is no size: the mass handed over, as much smaller.
+        // 45,72 x 5,715 is no size, so the mass handed over is not its: legs, root of t, toes of t/2.
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::scaling(0.45)), Acad::eOk);
-        EXPECT_NEAR(p.getPeso(), std::pow(0.9, 3) * 4.74, 1e-9);
+        const double t = 5.715;
+        const double bare = t * (2 * 45.72 - t) + (1 - kPi / 4) * (t * t - 2 * 0.25 * t * t);
+        EXPECT_NEAR(p.getPeso(), bare * 7850e-9 * 900, 1e-9);
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::scaling(1.0 / 0.45)), Acad::eOk);
     });
     expectNear(face(id, 1), 20, -4 * 50.8 / 3);

@@ -20,6 +20,7 @@ std::wstring millimetres(double value) { return std::to_wstring(texts::realToInt
 void describe(const ZpObject& peca, Linha& row) {
     if (peca.isKindOf(ZpChapa::desc())) {
         row.dimensoes = millimetres(peca.getLargura()) + L"x" + millimetres(peca.getEspessura());
+        row.nome = Access::of(peca).designacao();
     } else {
         wchar_t text[kZpTextMax] = {};
         (void)peca.getPerfil(text);  // the buffer is there

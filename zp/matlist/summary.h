@@ -19,10 +19,11 @@ struct Share {
     const Linha* row = nullptr;
     long long pieces = 0;
 };
-/// Rows of one designation and material.
+/// Rows of one designation, material and shape.
 struct Product {
-    std::wstring designation;  ///< of the single shape
-    std::wstring sizes;        ///< the same by its text and sizes
+    std::wstring
+        designation;     ///< of the single shape; with its sizes where two shapes share a name
+    std::wstring sizes;  ///< the same by its text and sizes
     std::wstring material;
     bool bar = true;  ///< not a plate
     std::vector<Share> shares;

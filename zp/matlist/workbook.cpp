@@ -8,6 +8,7 @@
 
 #include "files/replacement.h"
 #include "texts/encoding.h"
+#include "texts/number.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/plan_files.h"
 #include "zp/matlist/summary.h"
@@ -43,7 +44,9 @@ public:
         note(worksheet_write_string(m_worksheet, static_cast<lxw_row_t>(row), at(column),
                                     texts::encodeUtf8(t).c_str(), format(-1, weight)));
     }
-    void number(std::size_t row, std::size_t column, double v, int decimals) {
+    /// Kept as it is shown: without what binary fractions leave behind it.
+    void number(std::size_t row, std::size_t column, double value, int decimals) {
+        const double v = decimals < 0 ? value : texts::toReal(texts::rounded(value, decimals));
         note(worksheet_write_number(m_worksheet, static_cast<lxw_row_t>(row), at(column), v,
                                     format(decimals, Weight::Common)));
     }

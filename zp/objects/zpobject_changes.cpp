@@ -114,6 +114,10 @@ Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
     if (s.scale != 1.0) {
         p.scale(s.scale);
         zp::published::take(p);
+        // The mass of a catalogue is that of its size.
+        const double* const mass = p.value(zp::secao::Role::M);
+        if (mass != nullptr && *mass > 0.0 && !(p.commercial && p.commercial->kgMetro > 0.0))
+            zp::published::disownMass(*this);
     }
     xDataTransformBy(m);
     recordGraphicsModified();

@@ -196,7 +196,7 @@ Assembly assembly::tuboRetangular(const RoleValues& d) {
     const double h = d[H];
     const double b = d[B1];
     const double t = d[T];
-    const double ri = std::max(0.0, finite(d[Ri]));
+    const double ri = d.printed.root >= 0.0 ? d.printed.root : std::max(0.0, finite(d[Ri]));
     const bool hollow = t > 0.0 && 2.0 * t < std::min(h, b);
     Block outside = rectangle(b, h, hollow ? ri + t : 0.0, false);
     Assembly m{{outside.loop}, outside.invalid || !hollow, 0.0, 0.0};

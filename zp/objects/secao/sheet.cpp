@@ -37,13 +37,17 @@ bool isMirror(const Loop& a, const Loop& b, double x, double tol) {
                       });
 }
 
-/// Two U whose webs touch: the walls of the second are those of the first, half a turn on.
-std::optional<double> backToBack(const std::vector<Wall>& walls, Point g, double tol) {
+/// Two U whose webs touch: the walls of the second are those of the first, half a turn on. The two
+/// webs are one wall in the axis, as handbooks take them.
+std::optional<double> backToBack(std::vector<Wall> walls, Point g, double tol) {
     if (walls.size() % 2 == 0) return {};
     const Wall& web = walls[walls.size() / 2];
     const Point middle = web.line.point(0.5);
     if (web.line.arc() || std::hypot(middle.x - g.x, middle.y - g.y) > 0.5 * web.tBegin + tol)
         return {};
+    for (Wall& wall : walls)
+        for (Point* const p : {&wall.line.a, &wall.line.b, &wall.line.centre})
+            *p = {p->x + g.x - middle.x, p->y + g.y - middle.y};
     return 2.0 * sectorialMoment(walls, g);
 }
 
