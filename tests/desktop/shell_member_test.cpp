@@ -300,6 +300,31 @@ accept
 0
 )";
 
+TEST_F(Member, AnEditInThePanelMayAsk) {
+    std::ofstream(folder() / "lista.txt") << kListed << "_COPY\n500,0\n\n0,0\n0,1000\n\n";
+    console({"-r", "lista.txt", "-o", "lista.dxf"});
+    ApplicationOptions options = withModules(folder());
+    options.drawing = folder() / "lista.dxf";
+    Story story(options);
+    Hands hands(story);
+    hands.whenIdle([&] { story.press("_zoom _e\n"); });
+    hands.whenIdle([&] { hands.click(500.0, 0.0); });
+    hands.whenIdle([&] { hands.setProperty("Comprimento (L)", "1250,5"); });
+    hands.whenAsked(prancheta::InputKind::Keyword, [&] {
+        ASSERT_EQ(QApplication::focusWidget(), &story.edit());
+        QTest::keyClicks(&story.edit(), "Todas");
+        QTest::keyClick(&story.edit(), Qt::Key_Return);
+    });
+    // The command line goes on as if nothing had come between.
+    hands.whenIdle([&] { QTest::keyClicks(QApplication::focusWidget(), "_qsave "); });
+    hands.whenIdle([&] { EXPECT_FALSE(story.window().isWindowModified()); });
+    ASSERT_TRUE(story.run());
+    const std::string state = stateOf("lista.dxf");
+    const std::size_t first = state.find("\"comprimento\": 1250.5");
+    ASSERT_NE(first, state.npos);
+    EXPECT_NE(state.find("\"comprimento\": 1250.5", first + 1), state.npos);
+}
+
 TEST_F(Member, ItsRowIsEditedAndItsBarsAreSeenInTheWindow) {
     std::ofstream(folder() / "lista.txt") << kListed;
     console({"-r", "lista.txt", "-o", "lista.dxf"});

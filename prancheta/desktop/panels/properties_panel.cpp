@@ -2,6 +2,7 @@
 // Panel of the properties of what is selected.
 #include <QHeaderView>
 #include <QLabel>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -89,8 +90,9 @@ PropertiesPanel::PropertiesPanel()
 
     auto* delegate = new PropertyDelegate(this);
     delegate->rowAt = [this](const QModelIndex& index) { return rowAt(index); };
+    // The cell is closed first: what is changed may ask something.
     delegate->onCommit = [this](const PropertyRow& row, const std::wstring& input) {
-        commit(row, input);
+        QTimer::singleShot(0, this, [this, row, input] { commit(row, input); });
     };
     m_tree->setItemDelegate(delegate);
     connect(m_tree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item, int column) {

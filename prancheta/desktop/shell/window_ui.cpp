@@ -159,7 +159,17 @@ RawInput WindowUi::ask(const InputRequest& request) {
     m_sinceShown.restart();
     m_sinceLooked.restart();
     RawInput input = m_input ? *std::exchange(m_input, {}) : RawInput();
+    // Asked from inside an edit in a panel, while "Comando:" waits: that goes on waiting, once the
+    // edit is done.
+    if (outerRequest != nullptr)
+        QMetaObject::invokeMethod(this, &WindowUi::waitAgain, Qt::QueuedConnection);
     return input;
+}
+
+void WindowUi::waitAgain() {
+    if (!idle() || m_input) return;
+    emit asked(*m_request);
+    emit waiting();
 }
 
 /// Ends the waiting.

@@ -91,6 +91,7 @@ private:
     std::optional<RawInput> withoutWaiting(const InputRequest& request);
     RawInput lookAgain() const;
     void showChanges();
+    void waitAgain();
     void release(const RawInput& input);
     void endWaiting();
 
