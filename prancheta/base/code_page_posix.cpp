@@ -7,8 +7,9 @@
 namespace prancheta {
 namespace {
 
+/// What iconv gives for a page that the system does not know.
 // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface's own value for none
-const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1);
+void* const kNoConverter = reinterpret_cast<void*>(-1);
 
 }  // namespace
 

@@ -72,7 +72,7 @@ void checkPublished(Survey& survey) {
         const std::wstring marca = survey.marcaOf(id);
         if (told.emplace(marca, words).second)
             survey.fault(Fault::TableSaysOther, {id}, marca, middleOf(*peca.object()),
-                         L"a tabela de " + words + L" tem " + change + L".",
+                         L"a tabela de " + words + std::wstring(L" tem ").append(change) + L".",
                          L"Para tomar o que a tabela tem, abra a peça com EDITAPERFIL e aceite.",
                          protocol::Severity::Hint);
     }

@@ -287,7 +287,7 @@ Grouping groupPecas(const MaterialList& list, const std::vector<AcDbObjectId>& p
 }
 
 std::map<std::wstring, std::wstring> readLetters() {
-    const std::filesystem::path installation = installationFolder();
+    const std::filesystem::path& installation = installationFolder();
     std::map<std::wstring, std::wstring> letters;
     if (!installation.empty())
         letters = readLayers(texts::entryOf(texts::entryOf(installation, "Perfis"), "marcas.ini"));

@@ -12,7 +12,6 @@
 namespace zp::sheets {
 namespace {
 
-using secao::Kind;
 using secao::Role;
 using enum Role;
 

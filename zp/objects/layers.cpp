@@ -89,7 +89,7 @@ const std::filesystem::path& installationFolder() {
 }
 
 std::filesystem::path layerFile() {
-    const std::filesystem::path folder = installationFolder();
+    const std::filesystem::path& folder = installationFolder();
     return folder.empty() ? folder : fileIn(folder);
 }
 

@@ -59,8 +59,8 @@ constexpr SheetRow kSheetRows[] = {
     {L"m2_m", L"Pintura por metro", L"m²/m", 1.0, 4, own<&Sheet::m2Metro>},
     {L"xg", L"Centroide à face esquerda (xg)", L"mm", 1.0, 2, own<&Sheet::xg>},
     {L"yg", L"Centroide à face inferior (yg)", L"mm", 1.0, 2, own<&Sheet::yg>},
-    {L"xo", L"Centroide ao ponto de inserção, em x", L"mm", 1.0, 2, of<&Properties::xg>, true},
-    {L"yo", L"Centroide ao ponto de inserção, em y", L"mm", 1.0, 2, of<&Properties::yg>, true},
+    {L"xo", L"Centroide em x, do ponto de inserção", L"mm", 1.0, 2, of<&Properties::xg>, true},
+    {L"yo", L"Centroide em y, do ponto de inserção", L"mm", 1.0, 2, of<&Properties::yg>, true},
     {L"Ix", L"Momento de inércia (Ix)", L"cm⁴", 1e-4, 2, of<&Properties::ix>},
     {L"Iy", L"Momento de inércia (Iy)", L"cm⁴", 1e-4, 2, of<&Properties::iy>},
     {L"Ixy", L"Produto de inércia (Ixy)", L"cm⁴", 1e-4, 2, of<&Properties::ixy>},
@@ -78,8 +78,8 @@ constexpr SheetRow kSheetRows[] = {
     {L"r0", L"Raio de giração polar (r0)", L"cm", 0.1, 3, own<&Sheet::r0>},
     {L"It", L"Momento de inércia à torção (It)", L"cm⁴", 1e-4, 4, own<&Sheet::it>},
     {L"Cw", L"Constante de empenamento (Cw)", L"cm⁶", 1e-6, 2, own<&Sheet::cw>},
-    {L"x0", L"Centro de torção, do centroide (x0)", L"mm", 1.0, 2, own<&Sheet::x0>},
-    {L"y0", L"Centro de torção, do centroide (y0)", L"mm", 1.0, 2, own<&Sheet::y0>},
+    {L"x0", L"Centro de torção x0, do centroide", L"mm", 1.0, 2, own<&Sheet::x0>},
+    {L"y0", L"Centro de torção y0, do centroide", L"mm", 1.0, 2, own<&Sheet::y0>},
 };
 // clang-format on
 

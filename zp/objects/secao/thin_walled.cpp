@@ -73,6 +73,7 @@ std::vector<Wall> bentChain(const Chain& chain) {
     const Point last = chain.node(chain.nodes() - 1);
     if (!lines.empty() && length(lines.back().a - last) <= 1e-9 * t) lines.pop_back();
     std::vector<Wall> walls;
+    walls.reserve(lines.size());
     for (const Segment& line : lines)
         walls.push_back({line, t, t, static_cast<int>(walls.size()) - 1,
                          line.arc() ? Element{} : Element{line.comprimento(), t}});
