@@ -82,6 +82,9 @@ protected:
                                         const AcGePoint3d& pick, const AcGePoint3d& last,
                                         const AcGeMatrix3d& view, AcGePoint3dArray& points,
                                         AcDbIntArray& geomIds) const override;
+    /// What it measures, the ends of its line, and the text where the user put it.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
 
 private:
     AcGePoint3d m_xLine1;

@@ -34,6 +34,11 @@ class AcDbLine : public AcDbEntity {
     Acad::ErrorStatus setStartPoint(const AcGePoint3d& p);
     Acad::ErrorStatus setEndPoint(const AcGePoint3d& p);
 
+protected:
+    /// The two ends.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
+
 private:
     AcGePoint3d m_start;
     AcGePoint3d m_end;
@@ -63,6 +68,11 @@ class AcDbCircle : public AcDbEntity {
     Acad::ErrorStatus setCenter(const AcGePoint3d& p);
     Acad::ErrorStatus setRadius(double radius);
 
+protected:
+    /// The centre.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
+
 private:
     AcGePoint3d m_center;
     AcGeVector3d m_normal = AcGeVector3d::kZAxis;
@@ -86,6 +96,14 @@ class AcDbArc : public AcDbEntity {
     Acad::ErrorStatus setRadius(double radius);
     Acad::ErrorStatus setStartAngle(double angle);
     Acad::ErrorStatus setEndAngle(double angle);
+
+protected:
+    /// The two ends; the arc keeps its height above its chord. eInvalidInput, and no change, where
+    /// they would meet.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subMoveStretchPointsAt(const AcDbIntArray& indices,
+                                             const AcGeVector3d& offset) override;
 
 private:
     AcGePoint3d m_center;
@@ -125,6 +143,11 @@ class AcDbText : public AcDbEntity {
     Acad::ErrorStatus setTextStyle(AcDbObjectId id);
     Acad::ErrorStatus setHorizontalMode(int mode);
     Acad::ErrorStatus setVerticalMode(int mode);
+
+protected:
+    /// The point by which the text stands, or the two between which it is set.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
 
 private:
     /// Puts `position` where the alignment point and the justification ask for.

@@ -152,6 +152,11 @@ public:
     Acad::ErrorStatus getGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
                                     AcDbIntArray& geomIds) const;
     Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset);
+    /// The points that a frame takes hold of when entities are stretched, appended: those whose
+    /// places are the entity's shape, or the one by which it stands. The grips unless overridden.
+    Acad::ErrorStatus getStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                       AcDbIntArray& geomIds) const;
+    Acad::ErrorStatus moveStretchPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset);
     void list() const;
     Adesk::Boolean worldDraw(AcGiWorldDraw* draw);
     void viewportDraw(AcGiViewportDraw* draw);
@@ -185,6 +190,11 @@ protected:
                                                AcDbIntArray& geomIds) const;
     virtual Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices,
                                                   const AcGeVector3d& offset);
+    virtual Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points,
+                                                  AcDbIntArray& osnapModes,
+                                                  AcDbIntArray& geomIds) const;
+    virtual Acad::ErrorStatus subMoveStretchPointsAt(const AcDbIntArray& indices,
+                                                     const AcGeVector3d& offset);
     /// For classes whose transformBy does not call the base.
     void xDataTransformBy(const AcGeMatrix3d& m);
 

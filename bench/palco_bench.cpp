@@ -8,6 +8,7 @@
 #include <memory>
 #include <numbers>
 
+#include "bench/silent.h"
 #include "dbdim.h"
 #include "dbsymtb.h"
 #include "perfis/entities/zpentidades.h"
@@ -32,16 +33,6 @@ constexpr double kStepX = 2000.0;
 constexpr double kStepY = 500.0;
 
 AcGePoint3d placeOf(int piece) { return {kStepX * (piece % kRow), kStepY * (piece / kRow), 0.0}; }
-
-/// Nobody answers and nobody reads.
-class Silent : public prancheta::UserInterface {
-public:
-    void print(std::wstring_view) override {}
-    void alert(std::wstring_view) override {}
-    prancheta::RawInput ask(const prancheta::InputRequest&) override { return {}; }
-    void runDialog(prancheta::dcl::Dialog&) override {}
-    void complain(std::wstring_view, prancheta::Complaint) override {}
-};
 
 AcDbObjectId append(AcDbEntity* entity) {
     AcDbObjectId id;
@@ -69,12 +60,16 @@ void makePiece(int piece) {
     addDimension(f[2], f[3], f[2] + AcGeVector3d(10, 0, 0));
 }
 
+Silent& front() {
+    static Silent ui;
+    return ui;
+}
+
 /// A host with the entity library and a drawing of kPieces pieces; one for the whole program.
 prancheta::Editor& host() {
-    static Silent ui;
     static const auto editor = [] {
         prancheta::registerEntityClasses();
-        auto made = std::make_unique<prancheta::Editor>(ui, prancheta::builtInCommands());
+        auto made = std::make_unique<prancheta::Editor>(front(), prancheta::builtInCommands());
         if (!made->modules().load(HOUSE_BINARY_DIR "/bin/ZpObjects18.arx")) std::abort();
         made->database().core().undo().begin(L"bench");
         for (int piece = 0; piece < kPieces; ++piece) makePiece(piece);
@@ -187,6 +182,37 @@ void updateAfterMove(benchmark::State& state) {
     }
 }
 BENCHMARK(updateAfterMove)->Unit(benchmark::kMicrosecond);
+
+/// The right ends of 10,000 lines or pieces, one above the other left of all else, go to and fro:
+/// from the name of the command to its end.
+void stretch(benchmark::State& state) {
+    constexpr int kStretched = 10000;
+    const double left = state.range(0) == 0 ? -1e6 : -2e6;
+    host().database().core().undo().begin(L"bench");
+    for (int i = 0; i < kStretched; ++i) {
+        const AcGePoint3d at(left, 500.0 * i, 0.0);
+        if (state.range(0) == 0)
+            (void)append(new AcDbLine(at, at + AcGeVector3d(1000, 0, 0)));
+        else
+            (void)append(new ZpUDobrado(at, ZpObject::ZpVistas(3), 200, 75, 75, 2.65, 2.65, kRight,
+                                        kRight, 1000, 0, 0, 20));
+    }
+    host().database().core().undo().end();
+    (void)host().display().size();
+    double by = 10.0;
+    for (auto _ : state) {
+        front().typed = {L"_stretch",
+                         L"_c",
+                         std::to_wstring(left + 900) + L",-1000",
+                         std::to_wstring(left + 1500) + L",6000000",
+                         L"",
+                         L"0,0",
+                         std::to_wstring(by) + L",0"};
+        while (!front().typed.empty()) host().step();
+        by = -by;
+    }
+}
+BENCHMARK(stretch)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(10);
 
 }  // namespace
 

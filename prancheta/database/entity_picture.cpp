@@ -140,6 +140,25 @@ Acad::ErrorStatus AcDbEntity::subMoveGripPointsAt(const AcDbIntArray&, const AcG
     return Acad::eNotApplicable;
 }
 
+Acad::ErrorStatus AcDbEntity::getStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                               AcDbIntArray& geomIds) const {
+    return subGetStretchPoints(points, osnapModes, geomIds);
+}
+Acad::ErrorStatus AcDbEntity::subGetStretchPoints(AcGePoint3dArray& points,
+                                                  AcDbIntArray& osnapModes,
+                                                  AcDbIntArray& geomIds) const {
+    return subGetGripPoints(points, osnapModes, geomIds);
+}
+Acad::ErrorStatus AcDbEntity::moveStretchPointsAt(const AcDbIntArray& indices,
+                                                  const AcGeVector3d& offset) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    return indices.isEmpty() ? Acad::eOk : subMoveStretchPointsAt(indices, offset);
+}
+Acad::ErrorStatus AcDbEntity::subMoveStretchPointsAt(const AcDbIntArray& indices,
+                                                     const AcGeVector3d& offset) {
+    return subMoveGripPointsAt(indices, offset);
+}
+
 Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& m) {
     return isWriteEnabled() ? subTransformBy(m) : Acad::eNotOpenForWrite;
 }

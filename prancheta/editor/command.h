@@ -25,7 +25,8 @@ struct InputValue {
     double number = 0.0;  ///< distance, angle in radians, real or integer
     std::wstring text;
     std::vector<AcDbObjectId> entities;
-    bool removes = false;  ///< for a selection: the entities are to be taken out
+    std::vector<AcGePoint3d> crossing;  ///< for a selection: as in RawInput
+    bool removes = false;               ///< for a selection: the entities are to be taken out
 };
 
 /// A command that is running: the question it waits for, and where to go on with the answer. One

@@ -3,6 +3,7 @@
 #include "prancheta/editor/picking.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "prancheta/database/database_core.h"
@@ -72,16 +73,36 @@ std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint
 
 namespace {
 
-bool contains(const std::vector<AcGePoint3d>& polygon, const AcGePoint3d& p) {
+/// Seen from above.
+bool onSegment(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& p) {
+    constexpr double kNear = 1e-9;
+    const AcGeVector3d along(b.x - a.x, b.y - a.y, 0.0);
+    const AcGeVector3d to(p.x - a.x, p.y - a.y, 0.0);
+    const double square = along.dotProduct(along);
+    const double part = square > 0.0 ? std::clamp(to.dotProduct(along) / square, 0.0, 1.0) : 0.0;
+    const double size = std::max({1.0, std::abs(p.x), std::abs(p.y)});
+    return (to - along * part).length() <= kNear * size;
+}
+
+}  // namespace
+
+std::vector<AcGePoint3d> cornersBetween(const AcGePoint3d& a, const AcGePoint3d& b) {
+    return {a, {b.x, a.y, a.z}, b, {a.x, b.y, a.z}};
+}
+
+bool isInside(const std::vector<AcGePoint3d>& polygon, const AcGePoint3d& p) {
     bool inside = false;
     for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
         const AcGePoint3d& a = polygon[i];
         const AcGePoint3d& b = polygon[j];
+        if (onSegment(a, b, p)) return true;
         if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x)
             inside = !inside;
     }
     return inside;
 }
+
+namespace {
 
 /// Some point of a picture: where its first primitive begins.
 std::optional<AcGePoint3d> somePoint(const Picture& picture) {
@@ -139,11 +160,11 @@ std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor,
     const Picture border = lineThrough(polygon, true);
     return select(editor, boxOf(border.extents()), [&](const DisplayList::Item& item) {
         if (!touches(border, windowOf(item.box)))
-            return contains(polygon, {item.box.left, item.box.bottom, 0.0});
+            return isInside(polygon, {item.box.left, item.box.bottom, 0.0});
         const Picture& picture = editor.display().picture(item.id);
         if (crosses(picture, border)) return crossing;
         const std::optional<AcGePoint3d> point = somePoint(picture);
-        return point && contains(polygon, *point);
+        return point && isInside(polygon, *point);
     });
 }
 

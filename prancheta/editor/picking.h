@@ -35,6 +35,10 @@ std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor,
                                             const std::vector<AcGePoint3d>& polygon, bool crossing);
 std::vector<AcDbObjectId> entitiesOnFence(const Editor& editor,
                                           const std::vector<AcGePoint3d>& fence);
+/// Corners of the rectangle between two opposite ones, all the way round.
+std::vector<AcGePoint3d> cornersBetween(const AcGePoint3d& a, const AcGePoint3d& b);
+/// Whether a point, seen from above, lies in a polygon or on its border. O(corners).
+bool isInside(const std::vector<AcGePoint3d>& polygon, const AcGePoint3d& p);
 /// Everything of the current space that is neither frozen nor locked, in drawing order.
 std::vector<AcDbObjectId> allEntities(const Editor& editor);
 /// Last created entity that is displayed.

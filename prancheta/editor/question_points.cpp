@@ -26,6 +26,7 @@ Reading Question::givePick(const RawInput& input, InputFrame& frame) {
     reading.value.status = RTNORM;
     reading.value.point = input.point;
     reading.value.entities = input.entities;
+    reading.value.crossing = input.crossing;
     reading.value.removes = input.removes;
     return reading;
 }

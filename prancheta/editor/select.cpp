@@ -3,6 +3,7 @@
 #include "prancheta/editor/select.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "adscodes.h"
@@ -41,6 +42,12 @@ struct StepCount {
     std::size_t locked = 0;
 };
 
+struct Found {
+    int status = RTNORM;
+    Ids ids;
+    std::vector<AcGePoint3d> crossing;  ///< corners of the frame that crosses them, world
+};
+
 /// Whether a step joins what was selected before it or takes its place.
 enum class Adding { More, Instead };
 
@@ -48,7 +55,8 @@ enum class Adding { More, Instead };
 /// and its way back cost what it changes, but for one that removes: O(all).
 class Picked {
 public:
-    StepCount add(const Ids& ids, bool dropLocked, Adding adding = Adding::More) {
+    StepCount add(const Found& found, bool dropLocked, Adding adding = Adding::More) {
+        const Ids& ids = found.ids;
         LayerStates layers;
         const auto there = [](const AcDbObjectId& id) { return id.isValid() && !id.isErased(); };
         const auto barred = [&](const AcDbObjectId& id) {
@@ -57,12 +65,12 @@ public:
         const bool some = std::any_of(ids.begin(), ids.end(), [&](const AcDbObjectId& id) {
             return there(id) && !barred(id);
         });
-        Step step{m_ids.size(), {}};
+        Step step{m_ids.size(), {}, found.crossing};
         if (adding == Adding::Instead && some) {
-            for (const AcDbObjectId& id : m_ids) step.removed.push_back({0, id});
+            for (const AcDbObjectId& id : m_ids) step.removed.push_back({0, id, m_crossed.at(id)});
             step.before = 0;
             m_ids.clear();
-            m_set.clear();
+            m_crossed.clear();
         }
         m_steps.push_back(std::move(step));
         StepCount count;
@@ -71,7 +79,7 @@ public:
             ++count.found;
             if (barred(id)) {
                 ++count.locked;
-            } else if (m_set.insert(id).second) {
+            } else if (m_crossed.emplace(id, !found.crossing.empty()).second) {
                 m_ids.push_back(id);
             } else {
                 ++count.known;
@@ -87,8 +95,8 @@ public:
         Ids kept;
         for (const AcDbObjectId& id : m_ids) {
             if (gone.contains(id)) {
-                step.removed.push_back({kept.size(), id});
-                m_set.erase(id);
+                step.removed.push_back({kept.size(), id, m_crossed.at(id)});
+                m_crossed.erase(id);
             } else {
                 kept.push_back(id);
             }
@@ -102,14 +110,24 @@ public:
         if (m_steps.empty()) return false;
         const Step step = std::move(m_steps.back());
         m_steps.pop_back();
-        for (; m_ids.size() > step.before; m_ids.pop_back()) m_set.erase(m_ids.back());
+        for (; m_ids.size() > step.before; m_ids.pop_back()) m_crossed.erase(m_ids.back());
         if (!step.removed.empty()) putBack(step.removed);
         return true;
     }
     const Ids& ids() const { return m_ids; }
     bool holdsSome(const Ids& ids) const {
         return std::any_of(ids.begin(), ids.end(),
-                           [&](const AcDbObjectId& id) { return m_set.contains(id); });
+                           [&](const AcDbObjectId& id) { return m_crossed.contains(id); });
+    }
+    Selection selection() const {
+        Selection all;
+        all.status = m_ids.empty() ? RTNONE : RTNORM;
+        all.ids = m_ids;
+        for (const AcDbObjectId& id : m_ids)
+            if (m_crossed.at(id)) all.crossed.push_back(id);
+        for (const Step& step : m_steps)
+            if (!step.crossing.empty()) all.crossing = step.crossing;
+        return all;
     }
     bool first() const { return m_steps.size() <= 1; }
 
@@ -117,10 +135,12 @@ private:
     struct Removed {
         std::size_t place;  // among those that stayed
         AcDbObjectId id;
+        bool crossed;
     };
     struct Step {
         std::size_t before = 0;  // so many of the first stay when it is taken back
         std::vector<Removed> removed;
+        std::vector<AcGePoint3d> crossing;
     };
 
     void putBack(const std::vector<Removed>& removed) {
@@ -129,7 +149,7 @@ private:
         for (std::size_t i = 0; i <= m_ids.size(); ++i) {
             for (; next != removed.end() && next->place == i; ++next) {
                 all.push_back(next->id);
-                m_set.insert(next->id);
+                m_crossed.emplace(next->id, next->crossed);
             }
             if (i < m_ids.size()) all.push_back(m_ids[i]);
         }
@@ -137,7 +157,7 @@ private:
     }
 
     Ids m_ids;
-    std::unordered_set<AcDbObjectId, IdHash> m_set;
+    std::unordered_map<AcDbObjectId, bool, IdHash> m_crossed;  // whether a crossing frame found it
     std::vector<Step> m_steps;
 };
 
@@ -170,11 +190,6 @@ InputRequest pointRequest(std::wstring prompt, InputKind kind = InputKind::Point
     return request;
 }
 
-struct Found {
-    int status = RTNORM;
-    Ids ids;
-};
-
 enum class Frame { Window, Crossing, ByDirection };
 
 /// Entities of a frame from `first` (asked when it is missing) to a corner.
@@ -195,6 +210,7 @@ Task<Found> askFrame(CommandContext context, Frame frame, std::optional<AcGePoin
     const AcGeMatrix3d toUser = context.editor().ucs().inverse();
     const bool leftwards = (toUser * opposite.point).x < (toUser * *first).x;
     const bool crossing = frame == Frame::Crossing || (frame == Frame::ByDirection && leftwards);
+    if (crossing) found.crossing = cornersBetween(*first, opposite.point);
     found.ids = crossing ? entitiesCrossing(context.editor(), *first, opposite.point)
                          : entitiesInWindow(context.editor(), *first, opposite.point);
     co_return found;
@@ -227,6 +243,7 @@ Task<Found> askPolygon(CommandContext context, std::wstring_view word) {
     if (found.status == RTCAN) co_return found;
     found.ids = fence ? entitiesOnFence(context.editor(), points)
                       : entitiesInPolygon(context.editor(), points, word == L"CPolygon");
+    if (word == L"CPolygon") found.crossing = points;
     co_return found;
 }
 
@@ -302,7 +319,11 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
     bool single = options.single;
     Ids before;
     if (options.usePickfirst) before = context.editor().selection().take();
-    if (!before.empty()) tell(context, picked.add(before, options.dropLocked), picked, false);
+    if (!before.empty()) {
+        Found known;
+        known.ids = before;
+        tell(context, picked.add(known, options.dropLocked), picked, false);
+    }
     bool done = !picked.ids().empty();
     while (!done) {
         InputRequest request;
@@ -327,11 +348,13 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
             found = co_await askByWord(context, value.text);
         } else if (value.status == RTNORM && !value.entities.empty()) {
             found.ids = value.entities;
+            found.crossing = value.crossing;
         } else if (value.status == RTNORM) {
             found = co_await askAtPoint(context, value.point);
         } else {
             found.status = RTCAN;
         }
+        if (found.ids.empty()) found.crossing.clear();
         if (found.status != RTNORM) {
             selection.status = RTCAN;
             co_return selection;
@@ -341,12 +364,11 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
         const bool out = removing || (value.removes && !shiftAdds);
         tell(context,
              out ? picked.remove(found.ids)
-                 : picked.add(found.ids, options.dropLocked, addingOf(context, value, found)),
+                 : picked.add(found, options.dropLocked, addingOf(context, value, found)),
              picked, out);
         done = single && !picked.ids().empty();
     }
-    selection.ids = picked.ids();
-    selection.status = selection.ids.empty() ? RTNONE : RTNORM;
+    selection = picked.selection();
     if (selection.status == RTNORM) context.editor().selection().setPrevious(selection.ids);
     co_return selection;
 }

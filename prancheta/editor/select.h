@@ -23,6 +23,10 @@ struct SelectOptions {
 struct Selection {
     int status = 0;
     std::vector<AcDbObjectId> ids;
+    /// Those of them that crossing frames found, and nothing else before.
+    std::vector<AcDbObjectId> crossed;
+    /// Corners of the last one of those frames, world coordinates; empty without one.
+    std::vector<AcGePoint3d> crossing;
 };
 
 /// Repeats until Enter; every object once, in the order of selection. The result becomes the

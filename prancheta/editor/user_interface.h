@@ -109,7 +109,9 @@ struct RawInput {
     int snapModes = 0;  ///< for Snap: they replace the running ones for the point that is asked for
     AcGePoint3d point;  ///< world coordinates, snapped, for Pick and Move
     std::vector<AcDbObjectId>
-        entities;          ///< for Pick: what lies under the pointer, or inside a window
+        entities;  ///< for Pick: what lies under the pointer, or inside a window
+    /// For Pick: corners of the crossing frame that found the entities, world; empty without one.
+    std::vector<AcGePoint3d> crossing;
     bool removes = false;  ///< for Pick: takes the entities out of a selection (Shift)
     /// Where the pointer stands while text is typed: gives direct distance entry its direction.
     /// World.

@@ -134,6 +134,14 @@ Acad::ErrorStatus AcDbAlignedDimension::subGetGripPoints(AcGePoint3dArray& point
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbAlignedDimension::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                            AcDbIntArray&) const {
+    const AlignedLayout layout(*this);
+    for (const AcGePoint3d& p : {m_xLine1, m_xLine2, layout.first, layout.second}) points.append(p);
+    if (!isUsingDefaultTextPosition()) points.append(textPosition());
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbAlignedDimension::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                             const AcGeVector3d& offset) {
     assertWriteEnabled();

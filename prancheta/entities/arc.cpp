@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Arc.
+#include <cmath>
 #include <utility>
 
 #include "dbents.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
+#include "prancheta/geometry/bulge.h"
 
 using namespace prancheta;
 
@@ -141,5 +143,34 @@ Acad::ErrorStatus AcDbArc::subMoveGripPointsAt(const AcDbIntArray& indices,
         if (index == 2) m_endAngle = angleInPlane(arm, m_normal);
         if (index == 3) m_radius = arm.length();
     }
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbArc::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                               AcDbIntArray&) const {
+    for (const double angle : {m_startAngle, m_endAngle})
+        points.append(m_center + directionInPlane(angle, m_normal) * m_radius);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbArc::subMoveStretchPointsAt(const AcDbIntArray& indices,
+                                                  const AcGeVector3d& offset) {
+    if (indices.contains(0) && indices.contains(1))
+        return subTransformBy(AcGeMatrix3d::translation(offset));
+    AcGePoint3dArray ends;
+    AcDbIntArray unused;
+    (void)subGetStretchPoints(ends, unused, unused);
+    const double chord = ends[0].distanceTo(ends[1]);
+    const AcGeVector3d inPlane = offset - m_normal * offset.dotProduct(m_normal);
+    (indices.contains(0) ? ends[0] : ends[1]) += inPlane;
+    const double bulge = bulgeOfSweep(sweepOf(*this)) * chord / ends[0].distanceTo(ends[1]);
+    BulgeArc arc;
+    if (!std::isfinite(bulge) || !arcOfBulge(ends[0], ends[1], bulge, m_normal, arc))
+        return Acad::eInvalidInput;
+    assertWriteEnabled();
+    m_center = arc.center;
+    m_radius = arc.radius;
+    m_startAngle = angleInPlane(ends[0] - m_center, m_normal);
+    m_endAngle = angleInPlane(ends[1] - m_center, m_normal);
     return Acad::eOk;
 }

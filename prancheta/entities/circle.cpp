@@ -75,6 +75,12 @@ Acad::ErrorStatus AcDbCircle::subGetGripPoints(AcGePoint3dArray& points, AcDbInt
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbCircle::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                  AcDbIntArray&) const {
+    points.append(m_center);
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbCircle::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                   const AcGeVector3d& offset) {
     assertWriteEnabled();

@@ -2,10 +2,14 @@
 // An entity of an opened file whose type has no class here.
 #include "prancheta/entities/foreign_entity.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "prancheta/base/text.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/foreign_types.h"
 #include "prancheta/entities/listing.h"
+#include "prancheta/entities/tag_list.h"
 
 namespace prancheta {
 
@@ -24,6 +28,10 @@ Acad::ErrorStatus readBytes(AcDbDwgFiler* filer, std::string& text) {
     if (es != Acad::eOk) return es;
     text.resize(size);
     return size == 0 ? Acad::eOk : filer->readBytes(text.data(), size);
+}
+
+bool isOneOf(std::string_view name, std::initializer_list<std::string_view> names) {
+    return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 }  // namespace
@@ -75,6 +83,20 @@ Acad::ErrorStatus ForeignEntity::dwgInFields(AcDbDwgFiler* filer) {
 Adesk::Boolean ForeignEntity::subWorldDraw(AcGiWorldDraw* draw) {
     drawForeign(*this, *draw);
     return Adesk::kTrue;
+}
+
+Acad::ErrorStatus ForeignEntity::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                     AcDbIntArray&) const {
+    const bool inWorld = isOneOf(m_typeName, {"MTEXT", "ELLIPSE", "TOLERANCE"});
+    if (!inWorld && m_typeName != "INSERT") return Acad::eNotApplicable;
+    const AcGePoint3d at = findPoint(m_tags, 10);
+    points.append(inWorld ? at : planeToWorld(planeNormal(m_tags)) * at);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus ForeignEntity::subMoveStretchPointsAt(const AcDbIntArray&,
+                                                        const AcGeVector3d& offset) {
+    return subTransformBy(AcGeMatrix3d::translation(offset));
 }
 
 Acad::ErrorStatus ForeignEntity::subTransformBy(const AcGeMatrix3d& m) {

@@ -37,6 +37,11 @@ protected:
     /// eNotApplicable, and no change, for types whose groups are not known and for unequal scales.
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;
     void subList() const override;
+    /// The one point by which texts, references and ellipses stand; eNotApplicable for others.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subMoveStretchPointsAt(const AcDbIntArray& indices,
+                                             const AcGeVector3d& offset) override;
 
 private:
     std::string m_typeName;

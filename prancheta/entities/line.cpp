@@ -74,6 +74,13 @@ Acad::ErrorStatus AcDbLine::subGetGripPoints(AcGePoint3dArray& points, AcDbIntAr
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbLine::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                AcDbIntArray&) const {
+    points.append(m_start);
+    points.append(m_end);
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbLine::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                 const AcGeVector3d& offset) {
     assertWriteEnabled();

@@ -208,3 +208,11 @@ Acad::ErrorStatus AcDbText::subMoveGripPointsAt(const AcDbIntArray& indices,
     if (both || indices.contains(1)) m_alignment += offset;
     return Acad::eOk;
 }
+
+Acad::ErrorStatus AcDbText::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                AcDbIntArray&) const {
+    const bool aligned = m_horizontal != 0 || m_vertical != 0;
+    if (!aligned || standsBetweenPoints(*this)) points.append(m_position);
+    if (aligned) points.append(m_alignment);
+    return Acad::eOk;
+}

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
-// MOVE, COPY, SCALE, MIRROR, ERASE, OOPS, EXPLODE.
+// MOVE, COPY, ARRAY, SCALE, STRETCH, MIRROR, ERASE, OOPS, EXPLODE.
+#include <sstream>
+
+#include "prancheta/display/box.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/geometry/angles.h"
+#include "prancheta/graphics/picture.h"
 #include "tests/builtin/script_ui.h"
 
 namespace builtin {
@@ -54,8 +59,9 @@ TEST_F(Modify, WhatCannotBeTransformedIsNotCopied) {
         {L"_mirror", L"_all", L"", L"0,0", L"0,5", L"_n"},
         {L"_rotate", L"_all", L"", L"0,0", L"_c", L"30"},
         {L"_scale", L"_all", L"", L"0,0", L"_c", L"3"},
+        {L"_array", L"_all", L"", L"_r", L"2", L"3", L"9", L"30"},
     };
-    const std::size_t copies[] = {4, 4, 1, 1, 1};
+    const std::size_t copies[] = {4, 4, 1, 1, 1, 5};
     for (std::size_t i = 0; i < std::size(commands); ++i) {
         ui.output.clear();
         type(commands[i]);
@@ -117,6 +123,204 @@ TEST_F(Modify, CopyKeepsLayerAndColour) {
     type({L"_line", L"0,0", L"5,0", L"", L"_-layer", L"_s", L"0", L""});
     type({L"_copy", L"_l", L"", L"0,0", L"0,5", L""});
     EXPECT_EQ(layerOf(last()), L"Eixos");
+}
+
+/// Shape and place of everything, in drawing order.
+std::string shapes(const std::vector<AcDbObjectId>& ids) {
+    std::ostringstream text;
+    text.precision(5);
+    const auto put = [&](std::initializer_list<double> numbers) {
+        for (const double n : numbers) text << (std::abs(n) < 1e-9 ? 0.0 : n) << ' ';
+    };
+    for (const AcDbObjectId& id : ids) {
+        const Read<AcDbEntity> entity(id);
+        if (const auto* line = AcDbLine::cast(entity.object())) {
+            const AcGePoint3d a = line->startPoint(), b = line->endPoint();
+            put({a.x, a.y, b.x, b.y});
+        } else if (const auto* arc = AcDbArc::cast(entity.object())) {
+            put({arc->center().x, arc->center().y, arc->radius()});
+        } else if (const auto* circle = AcDbCircle::cast(entity.object())) {
+            put({circle->center().x, circle->center().y, circle->radius()});
+        } else if (const auto* line = AcDbText::cast(entity.object())) {
+            put({line->position().x, line->position().y});
+        } else if (const auto* cota = AcDbAlignedDimension::cast(entity.object())) {
+            put({cota->measurement(), cota->dimLinePoint().y});
+            text << (cota->isUsingDefaultTextPosition() ? "" : "moved ");
+        } else if (const auto* polyline = AcDbPolyline::cast(entity.object())) {
+            AcGePoint3d p;
+            double bulge = 0;
+            for (unsigned i = 0; i < polyline->numVerts(); ++i) {
+                EXPECT_EQ(polyline->getPointAt(i, p), Acad::eOk);
+                EXPECT_EQ(polyline->getBulgeAt(i, bulge), Acad::eOk);
+                put({p.x, p.y, bulge});
+            }
+        }
+        text << "| ";
+    }
+    return text.str();
+}
+
+TEST_F(Modify, ArrayInRowsAndAboutACentre) {
+    struct Case {
+        std::initializer_list<const wchar_t*> answers;
+        const char* copies;
+    };
+    // Of the line from 10,0 to 20,0.
+    const Case cases[] = {
+        {{L"", L"2", L"3", L"-5", L"30"},
+         "40 0 50 0 | 70 0 80 0 | 10 -5 20 -5 | 40 -5 50 -5 | 70 -5 80 -5 | "},
+        // Where there is one row nobody asks how far apart.
+        {{L"_r", L"", L"2", L"100"}, "110 0 120 0 | "},
+        {{L"r", L"3", L"1", L"7"}, "10 7 20 7 | 10 14 20 14 | "},
+        {{L"r", L"1", L""}, ""},
+        {{L"_polar", L"0,0", L"4", L"", L""}, "0 10 0 20 | -10 0 -20 0 | 0 -10 0 -20 | "},
+        {{L"p", L"0,0", L"3", L"180", L"s"}, "0 10 0 20 | -10 0 -20 0 | "},
+        // The middle, 15 from the centre, goes down a quarter of a turn; the line stays level.
+        {{L"p", L"0,0", L"2", L"-90", L"n"}, "-5 -15 5 -15 | "},
+        // More than a turn, and fewer than two, are asked again.
+        {{L"p", L"0,0", L"1", L"2", L"400", L"180", L""}, "-10 0 -20 0 | "},
+        {{L"r", L"20000", L"20000"}, ""},
+    };
+    const std::string original = shapes(entities());
+    for (const Case& each : cases) {
+        type({L"matriz", L"_l", L""});
+        type(each.answers);
+        EXPECT_FALSE(editor->runner().active()) << each.copies;
+        EXPECT_EQ(shapes(entities()), original + each.copies);
+        if (*each.copies != '\0') type({L"_u"});
+        EXPECT_EQ(shapes(entities()), original);
+    }
+    EXPECT_TRUE(said(L"nada foi copiado."));
+    EXPECT_TRUE(said(L"A matriz faria mais de 1.000.000 de cópias."));
+    EXPECT_EQ(ui.complaints.size(), 3u);
+    // Rows and columns run along the axes of the user's system: here turned by a quarter.
+    editor->setUcs(AcGeMatrix3d::rotation(prancheta::kPi / 2, AcGeVector3d::kZAxis, {}));
+    type({L"_array", L"_l", L"", L"", L"1", L"2", L"100"});
+    expectLine(last(), 10, 100, 20, 100);
+}
+
+TEST_F(Modify, ArrayAlongAPath) {
+    struct Case {
+        std::initializer_list<const wchar_t*> path;
+        std::initializer_list<const wchar_t*> answers;
+        const char* copies;
+    };
+    // Of the line from 10,0 to 20,0, by the path drawn first.
+    const Case cases[] = {
+        {{L"_line", L"0,9", L"300,9", L""},
+         {L"_d", L"4"},
+         "110 0 120 0 | 210 0 220 0 | 310 0 320 0 | "},
+        // From the end that is nearer to the objects; the last whole step ends at 240.
+        {{L"_line", L"300,9", L"0,9", L""}, {L"m", L"120"}, "130 0 140 0 | 250 0 260 0 | "},
+        {{L"_line", L"0,9", L"300,9", L""}, {L"m", L"301", L"300"}, "310 0 320 0 | "},
+        // About the centre of a circle they turn with it: a closed path has no copy at its end.
+        {{L"_circle", L"0,0", L"50"}, {L"", L"4"}, "0 10 0 20 | -10 0 -20 0 | 0 -10 0 -20 | "},
+        {{L"_arc", L"5,0", L"5<45", L"0,5"}, {L"d", L"2"}, "0 10 0 20 | "},
+        // Along 10 to the right and half a circle upwards, to 10,20: from there it runs backwards.
+        {{L"_pline", L"0,0", L"10,0", L"_a", L"10,20", L""}, {L"d", L"2"}, "0 20 -10 20 | "},
+    };
+    for (const Case& each : cases) {
+        type({L"_erase", L"_all", L""});
+        type(each.path);
+        type({L"_line", L"10,0", L"20,0", L""});
+        const std::string before = shapes(entities());
+        type({L"_array", L"_l", L"", L"c"});
+        pick(20, 0, {last()});
+        type({L"^C", L"_array", L"_l", L"", L"_path"});
+        pick(0, 0, {entities()[0]});
+        type(each.answers);
+        EXPECT_FALSE(editor->runner().active());
+        EXPECT_EQ(shapes(entities()), before + each.copies);
+    }
+    type({L"_point", L"0,0", L"_array", L"_l", L"", L"c"});
+    pick(0, 0, {last()});
+    EXPECT_TRUE(said(L"Nenhum caminho aí"));
+}
+
+TEST_F(Modify, StretchByTheLastCrossingFrame) {
+    // How the line from 10,0 to 20,0 is selected, and how it stands after a displacement of 5,3.
+    struct Case {
+        std::initializer_list<const wchar_t*> selecting;
+        const char* after;
+    };
+    const Case cases[] = {
+        {{L"_c", L"15,-5", L"25,5"}, "10 0 25 3 | "},
+        {{L"25,5", L"15,-5"}, "10 0 25 3 | "},
+        {{L"_cp", L"18,-5", L"25,0", L"18,5", L""}, "10 0 25 3 | "},
+        // A vertex on the frame is inside.
+        {{L"_c", L"5,-5", L"10,5"}, "15 3 20 0 | "},
+        {{L"_c", L"5,-5", L"25,5"}, "15 3 25 3 | "},
+        {{L"_c", L"5,-5", L"12,5", L"_c", L"18,-5", L"25,5"}, "10 0 25 3 | "},
+        {{L"_c", L"5,-5", L"12,5", L"_c", L"18,-5", L"25,5", L"_u"}, "15 3 20 0 | "},
+        // A frame that finds nothing does not count.
+        {{L"_c", L"5,-5", L"12,5", L"_c", L"118,-5", L"125,5"}, "15 3 20 0 | "},
+        // Picked otherwise, all moves.
+        {{L"_w", L"5,-5", L"25,5"}, "15 3 25 3 | "},
+        {{L"_l", L"_c", L"18,-5", L"25,5"}, "15 3 25 3 | "},
+        {{L"_c", L"18,-5", L"25,5", L"_r", L"_l", L"_a", L"_l"}, "15 3 25 3 | "},
+    };
+    const std::string before = shapes(entities());
+    for (const Case& each : cases) {
+        type({L"esticar"});
+        type(each.selecting);
+        type({L"", L"100,100", L"@5,3"});
+        EXPECT_EQ(shapes(entities()), each.after);
+        type({L"_u"});
+        EXPECT_EQ(shapes(entities()), before) << "one step of undo";
+    }
+    EXPECT_TRUE(asked(L"Selecione objetos por uma janela de cruzamento:"));
+    type({L"_stretch", L"_c", L"14,-1", L"16,1", L""});
+    EXPECT_FALSE(editor->runner().active());
+    EXPECT_TRUE(said(L"Nenhum vértice está dentro da janela"));
+    type({L"_stretch", L"_c", L"15,-5", L"25,5", L"", L"_d", L"1,1"});
+    expectLine(last(), 10, 0, 21, 1);
+    type({L"_-layer", L"_lo", L"0", L"", L"_stretch", L"_c", L"15,-5", L"25,5", L""});
+    EXPECT_TRUE(said(L"camada bloqueada"));
+    expectLine(last(), 10, 0, 21, 1);
+}
+
+TEST_F(Modify, WhatStretchDoesToEachKind) {
+    // Drawn first; then what is in the frame from 50,-100 to 200,100 moves by 30,0.
+    struct Case {
+        std::initializer_list<const wchar_t*> drawing;
+        const char* after;
+    };
+    const Case cases[] = {
+        {{L"_pline", L"0,0", L"100,0", L"_a", L"100,20", L"_l", L"0,20", L"_c"},
+         "0 0 0 130 0 1 130 20 0 0 20 0 | "},
+        // Half a circle of radius 60 about 40,0 is 60 high; its chord grows from 120 to 150, so
+        // that the radius is (75^2 + 60^2) / (2 x 60) and the centre that much below the top.
+        {{L"_arc", L"100,0", L"40,60", L"-20,0"}, "55 -16.875 76.875 | "},
+        {{L"_circle", L"100,0", L"60"}, "130 0 60 | "},
+        {{L"_circle", L"40,0", L"60"}, "40 0 60 | "},
+        {{L"_text", L"60,0", L"20", L"0", L"abc", L""}, "90 0 | "},
+        {{L"_text", L"40,0", L"20", L"0", L"abcdef", L""}, "40 0 | "},
+        // Measures anew; the line stays at its height and the text in its middle.
+        {{L"_dimaligned", L"0,0", L"100,0", L"0,-20"}, "130 -20 | "},
+        {{L"_dimaligned", L"60,0", L"100,0", L"60,-20"}, "40 -20 | "},
+    };
+    for (const Case& each : cases) {
+        type({L"_erase", L"_all", L""});
+        type(each.drawing);
+        type({L"_line", L"45,90", L"60,90", L"", L"_stretch", L"_c", L"50,-100", L"200,100", L"",
+              L"0,0", L"30,0"});
+        EXPECT_EQ(shapes(entities()), std::string(each.after) + "45 90 90 90 | ");
+    }
+}
+
+TEST_F(Modify, StretchShowsWhatItWillDo) {
+    type({L"_line", L"100,0", L"200,0", L"", L"_stretch", L"_c", L"15,-5", L"130,5", L"", L"0,0",
+          L"?"});  // no point: it is asked again
+    ASSERT_TRUE(ui.last.preview && ui.last.moving);
+    prancheta::Picture shown;
+    ui.last.preview(AcGePoint3d(0, 40, 0), shown);
+    const prancheta::Box2d box = prancheta::boxOf(shown.extents());
+    // Both lines follow with the end that is in the frame.
+    EXPECT_EQ(shown.size(), 2u);
+    EXPECT_NEAR(box.top, 40, 1e-9);
+    EXPECT_NEAR(box.bottom, 0, 1e-9);
+    type({L"^C"});
+    expectLine(last(), 100, 0, 200, 0);
 }
 
 TEST_F(Modify, Scale) {

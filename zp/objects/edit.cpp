@@ -9,6 +9,7 @@
 
 #include "dbsymtb.h"
 #include "zp/objects/links.h"
+#include "zp/objects/member.h"
 #include "zp/objects/picture_map.h"
 #include "zp/objects/published.h"
 #include "zp/objects/watch.h"
@@ -26,12 +27,6 @@ VistaMaker g_vistaMaker = nullptr;
 std::vector<Listener*>& listeners() {
     static std::vector<Listener*> all;
     return all;
-}
-
-void notify(AcDbObjectId peca, const Former& before) {
-    // A listener may take itself away.
-    const std::vector<Listener*> all = listeners();
-    for (Listener* listener : all) listener->edited(peca, before);
 }
 
 std::vector<AcDbObjectId> linkedOf(const ZpObject& peca, Link::Role role) {
@@ -74,8 +69,6 @@ bool isChapa(AcDbObjectId id) {
     return kind != nullptr && kind->isDerivedFrom(ZpChapa::desc());
 }
 
-Former formerOf(const ZpObject& peca) { return {valuesOf(peca), peca.getComprimentoReal()}; }
-
 /// What a link of `before` says once the piece is `after`. Plates stand where a rule or the user
 /// put them.
 void carry(const Peca& before, const Peca& after, const PictureMap& pictureMap,
@@ -107,6 +100,16 @@ void copyValues(const Peca& from, Peca& target) {
     target.cachedSecao.reset();
     target.barraStale = true;
 }
+
+std::unique_ptr<ZpObject> copyOf(const ZpObject& peca) {
+    std::unique_ptr<ZpObject> copy(ZpObject::cast(peca.isA()->create()));
+    if (!copy) return nullptr;
+    copyValues(Access::of(peca), Access::of(*copy));
+    member::set(*copy, member::of(peca));
+    return copy;
+}
+
+Former formerOf(const ZpObject& peca) { return {valuesOf(peca), peca.getComprimentoReal()}; }
 
 secao::Kind kindOf(const ZpObject& peca) { return Access::of(peca).kind; }
 
@@ -274,6 +277,12 @@ void Edit::finish() {
     notify(m_id, m_before);
     for (std::size_t i = 0; i < m_chapas.size(); ++i)
         if (!m_chapas[i].isErased()) notify(m_chapas[i], m_chapasBefore[i]);
+}
+
+void notify(AcDbObjectId peca, const Former& before) {
+    // A listener may take itself away.
+    const std::vector<Listener*> all = listeners();
+    for (Listener* listener : all) listener->edited(peca, before);
 }
 
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model) {

@@ -2,6 +2,7 @@
 // Changing the values of a piece that stands in a drawing, with all that is tied to it.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -20,6 +21,9 @@ namespace zp::edit {
 
 /// All that a constructor gives: values, view, length, role. What was derived of them is made anew.
 void copyValues(const Peca& from, Peca& target);
+
+/// The same piece, in no drawing and tied to nothing; null when it cannot be made.
+std::unique_ptr<ZpObject> copyOf(const ZpObject& peca);
 
 secao::Kind kindOf(const ZpObject& peca);
 /// Constructor values as they are now, by role.
@@ -59,6 +63,7 @@ struct Former {
     secao::RoleValues values;
     double comprimento = 0.0;
 };
+Former formerOf(const ZpObject& peca);
 
 /// Points of a dimension in the frame of its piece: what it measures and a point on its line.
 struct Cota {
@@ -133,6 +138,8 @@ public:
         return std::vector<AcDbObjectId>();
     }
 };
+/// Tells all of them.
+void notify(AcDbObjectId peca, const Former& before);
 /// What the listeners together say.
 std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpObject& model);
 /// What the first listener that refuses says; empty when none does.

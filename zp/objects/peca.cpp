@@ -144,6 +144,13 @@ Frame Peca::pictureFrame() const {
     return frameWith(start, angle + (mirrored ? -giro : giro), mirrored);
 }
 
+void Peca::setComprimento(double fresh) {
+    comprimento = fresh;
+    if (const int i = place(secao::Role::L); i >= 0)
+        given[static_cast<std::size_t>(i)] = actual[static_cast<std::size_t>(i)] = fresh;
+    barraStale = true;
+}
+
 void Peca::scale(double k) {
     const secao::Roles* const roles = order();
     for (std::size_t i = 0; roles != nullptr && i < count; ++i)

@@ -181,6 +181,8 @@ struct Peca {
     Frame frame() const;
     /// World coordinates.
     AcGePoint3d end() const;
+    /// The end moves along the axis; a constructor's length follows.
+    void setComprimento(double fresh);
     /// Sizes, lacing and what is learnt of others, k times as large. The start stays.
     void scale(double k);
     /// Frame of the picture: that of the piece, for a plate with its own turn.

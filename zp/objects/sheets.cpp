@@ -119,20 +119,9 @@ void secaoGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     if (!p.chapa() && p.secao().invalid()) show(s, L"invalida", L"Valores", kInvalidSecao);
 }
 
-/// The same piece, in no drawing and tied to nothing.
-std::unique_ptr<ZpObject> copyOf(const ZpObject& peca) {
-    std::unique_ptr<ZpObject> copy(ZpObject::cast(peca.isA()->create()));
-    if (!copy) return nullptr;
-    edit::copyValues(Access::of(peca), Access::of(*copy));
-    member::set(*copy, member::of(peca));
-    return copy;
-}
-
 std::wstring changeComprimento(Peca& p, double fresh) {
     if (!(fresh > 0.0)) return L"O comprimento deve ser maior que zero.";
-    p.comprimento = fresh;
-    if (const int i = p.place(secao::Role::L); i >= 0)
-        p.given[static_cast<std::size_t>(i)] = p.actual[static_cast<std::size_t>(i)] = fresh;
+    p.setComprimento(fresh);
     return {};
 }
 
@@ -225,7 +214,7 @@ private:
             if (followsBarra(*peca.object()))
                 return L"A chapa segue a barra que ela trava; edite a barra.";
             if (alreadyShows(*peca.object(), key, text)) return {};
-            model = copyOf(*peca.object());
+            model = edit::copyOf(*peca.object());
             if (!model) return L"A peça não pode ser copiada.";
             std::wstring reason = apply(*model, key, text);
             if (reason.empty()) reason = edit::refusalOf(*peca.object(), *model);

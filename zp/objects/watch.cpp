@@ -12,6 +12,7 @@
 #include <cwctype>
 #include <memory>
 #include <ranges>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -75,7 +76,14 @@ public:
     void goodbye(const AcDbDatabase*) override { m_drawing = nullptr; }
 
     void apply(bool explodes);
+    /// As `apply`, and the listeners hear of what was stretched.
+    void settle(bool explodes);
     void stays(AcDbObjectId id) { m_stayed.put(id); }
+    void stretched(AcDbObjectId id, const edit::Former& f) { m_stretched.emplace_back(id, f); }
+    void refused(AcDbObjectId id, const std::wstring& reason) {
+        m_changed.put(id);
+        if (!reason.empty()) m_reasons.insert(reason);
+    }
     void startReading() { m_reading = true; }
     /// Other programs erase and copy without minding links.
     void checkAll();
@@ -104,8 +112,10 @@ private:
     /// Entities of the command before: what is still being placed goes with its piece even where
     /// its layer is locked.
     IdQueue m_justMade;
-    IdQueue m_stayed;   ///< on locked layers
-    IdQueue m_unlaced;  ///< copies of laced pieces that have no plates
+    IdQueue m_stayed;  ///< on locked layers
+    std::vector<std::pair<AcDbObjectId, edit::Former>> m_stretched;
+    std::set<std::wstring> m_reasons;  ///< why pieces could not be stretched
+    IdQueue m_unlaced;                 ///< copies of laced pieces that have no plates
     /// What a piece knew of something tied to it that was erased alone, and where among its links.
     struct Undone {
         AcDbObjectId owner;
@@ -145,7 +155,7 @@ State g_state;
 
 void CommandWatch::end(const ACHAR* name) {
     for (const auto& d : g_state.drawings)
-        if (d->drawing() != nullptr) d->apply(explode(name));
+        if (d->drawing() != nullptr) d->settle(explode(name));
     m_commands = std::max(0, m_commands - 1);
 }
 
@@ -155,13 +165,22 @@ void Drawing::objectModified(const AcDbDatabase*, const AcDbObject* o) {
     if (m_applying || o->isUndoing() || !matters(o)) return;
     m_changed.put(o->objectId());
     if (m_toClose.erase(o->objectId().asOldId()) > 0) return;
-    if (!inCommand() && !m_reading) apply(false);
+    if (!inCommand() && !m_reading) settle(false);
 }
 
 void Drawing::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Boolean erased) {
     if (m_applying || o->isUndoing() || !matters(o)) return;
     (erased ? m_erasedOnes : m_returnedOnes).put(o->objectId());
-    if (!inCommand() && !m_reading) apply(false);
+    if (!inCommand() && !m_reading) settle(false);
+}
+
+void Drawing::settle(bool explodes) {
+    apply(explodes);
+    if (m_applying || m_stretched.empty()) return;
+    const auto stretched = std::exchange(m_stretched, {});
+    for (const auto& [id, before] : stretched)
+        if (!id.isErased()) edit::notify(id, before);
+    apply(false);
 }
 
 void Drawing::apply(bool explodes) {
@@ -404,6 +423,8 @@ void Drawing::say() {
     if (!text.empty())
         acutPrintf(L"\n%ls %ls, em camada bloqueada; desbloqueie a camada para alterar.\n",
                    text.c_str(), one ? L"fica como está" : L"ficam como estão");
+    for (const std::wstring& reason : std::exchange(m_reasons, {}))
+        acutPrintf(L"\n%ls\n", reason.c_str());
     const IdQueue copies = std::exchange(m_unlaced, {});
     const auto unlaced =
         std::ranges::count_if(copies.order(), [](AcDbObjectId id) { return !id.isErased(); });
@@ -453,9 +474,27 @@ void stop() {
     g_state.commands.reset();
 }
 
-void stays(AcDbObjectId linked) {
+namespace {
+
+/// Null for a drawing that is not watched.
+Drawing* watchOf(AcDbObjectId id) {
     for (const auto& d : g_state.drawings)
-        if (d->drawing() != nullptr && d->drawing() == linked.database()) d->stays(linked);
+        if (d->drawing() != nullptr && d->drawing() == id.database()) return d.get();
+    return nullptr;
+}
+
+}  // namespace
+
+void stays(AcDbObjectId linked) {
+    if (Drawing* const d = watchOf(linked)) d->stays(linked);
+}
+
+void stretched(AcDbObjectId peca, const edit::Former& before) {
+    if (Drawing* const d = watchOf(peca)) d->stretched(peca, before);
+}
+
+void refused(AcDbObjectId peca, const std::wstring& reason) {
+    if (Drawing* const d = watchOf(peca)) d->refused(peca, reason);
 }
 
 void observe(AcDbDatabase* drawing) {

@@ -2,7 +2,13 @@
 // Watches drawings and commands, so that what is tied to a piece goes with it once per command.
 #pragma once
 
+#include <string>
+
 #include "dbapserv.h"
+
+namespace zp::edit {
+struct Former;
+}
 
 namespace zp::watch {
 
@@ -13,6 +19,13 @@ void stop();
 /// Something tied to a piece does not follow or go with it, because its layer is locked: the user
 /// is told of all that do not, once, at the end of the command.
 void stays(AcDbObjectId linked);
+
+/// The one end of a piece is about to be moved; `before` is what it was. At the end of the command
+/// those that listen to edits hear of it.
+void stretched(AcDbObjectId peca, const edit::Former& before);
+/// An end of a piece may not be moved: what is tied to it stays with it, and at the end of the
+/// command the user is told why, unless `reason` is empty.
+void refused(AcDbObjectId peca, const std::wstring& reason);
 
 /// Starts and stops watching a drawing; watching twice is watching once. A drawing that goes away
 /// is forgotten by itself.

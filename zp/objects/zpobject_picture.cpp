@@ -6,8 +6,10 @@
 #include "dbents.h"
 #include "dbpl.h"
 #include "perfis/entities/zpobject.h"
+#include "zp/objects/edit.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
+#include "zp/objects/watch.h"
 
 using zp::Linetype;
 using zp::Stroke;
@@ -188,18 +190,48 @@ Acad::ErrorStatus ZpObject::subMoveGripPointsAt(const AcDbIntArray& indices,
     if (indices.isEmpty()) return Acad::eOk;
     const bool stretches = !m_peca->inSecao() && !m_peca->chapa();
     const bool start = indices.contains(0);
-    const bool end = indices.contains(1);
-    if (!stretches || indices.contains(2) || start == end)
+    if (!stretches || indices.contains(2) || start == indices.contains(1))
         return transformBy(AcGeMatrix3d::translation(offset));
+    return moveOneEnd(start, offset);
+}
+
+Acad::ErrorStatus ZpObject::moveOneEnd(bool start, const AcGeVector3d& offset) {
     const AcGePoint3d s = start ? m_peca->start + offset : m_peca->start;
-    const AcGePoint3d e = end ? m_peca->end() + offset : m_peca->end();
+    const AcGePoint3d e = start ? m_peca->end() : m_peca->end() + offset;
     const AcGeVector3d axis(e.x - s.x, e.y - s.y, 0.0);
     if (!(axis.length() > 1e-9)) return Acad::eInvalidInput;
     assertWriteEnabled();
     m_peca->start = s;
-    m_peca->comprimento = axis.length();
+    m_peca->setComprimento(axis.length());
     m_peca->angle = zp::angleOf(axis);
-    m_peca->barraStale = true;
     recordGraphicsModified();
     return Acad::eOk;
+}
+
+Acad::ErrorStatus ZpObject::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                AcDbIntArray&) const {
+    assertReadEnabled();
+    points.append(m_peca->start);
+    if (!m_peca->inSecao() && !m_peca->chapa()) points.append(m_peca->end());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus ZpObject::subMoveStretchPointsAt(const AcDbIntArray& indices,
+                                                   const AcGeVector3d& offset) {
+    const bool start = indices.contains(0);
+    if (m_peca->inSecao() || m_peca->chapa() || start == indices.contains(1))
+        return transformBy(AcGeMatrix3d::translation(offset));
+    if (database() == nullptr) return moveOneEnd(start, offset);
+    const std::unique_ptr<ZpObject> model = zp::edit::copyOf(*this);
+    if (!model) return Acad::eOutOfMemory;
+    zp::Access::of(*model).start = m_peca->start;
+    zp::Access::of(*model).angle = m_peca->angle;
+    const Acad::ErrorStatus es = model->moveOneEnd(start, offset);
+    const std::wstring reason = es == Acad::eOk ? zp::edit::refusalOf(*this, *model) : L"";
+    if (es != Acad::eOk || !reason.empty()) {
+        zp::watch::refused(objectId(), reason);
+        return Acad::eInvalidInput;
+    }
+    zp::watch::stretched(objectId(), zp::edit::formerOf(*this));
+    return moveOneEnd(start, offset);
 }

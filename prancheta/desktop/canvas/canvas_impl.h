@@ -68,7 +68,8 @@ struct Canvas::Impl {
     const Grip* gripAt(const QPointF& at) const;
     /// World coordinates.
     void answer(RawInput::Kind kind, const AcGePoint3d& point,
-                std::vector<AcDbObjectId> entities = {}, bool removes = false);
+                std::vector<AcDbObjectId> entities = {}, bool removes = false,
+                std::vector<AcGePoint3d> crossing = {});
     void sendMove();
 
     Canvas& canvas;

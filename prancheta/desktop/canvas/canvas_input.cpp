@@ -58,12 +58,14 @@ bool Canvas::escape() {
 }
 
 void Canvas::Impl::answer(RawInput::Kind kind, const AcGePoint3d& point,
-                          std::vector<AcDbObjectId> entities, bool removes) {
+                          std::vector<AcDbObjectId> entities, bool removes,
+                          std::vector<AcGePoint3d> crossing) {
     RawInput input;
     input.kind = kind;
     input.point = point;
     input.entities = std::move(entities);
     input.removes = removes;
+    input.crossing = std::move(crossing);
     input.pointer = aim.point();
     emit canvas.answered(input);
 }
@@ -145,11 +147,14 @@ void Canvas::Impl::finishFrame(const QPointF& at, bool shift) {
     const AcGePoint3d second = viewport.toWorld(at);
     frame.reset();
     canvas.update();
-    const std::vector<AcDbObjectId> ids = second.x < first.x
-                                              ? entitiesCrossing(*editor, first, second)
-                                              : entitiesInWindow(*editor, first, second);
+    const bool crossing = second.x < first.x;
+    const std::vector<AcDbObjectId> ids = crossing ? entitiesCrossing(*editor, first, second)
+                                                   : entitiesInWindow(*editor, first, second);
     // An answer without entities would be read as a point.
-    if (!ids.empty()) select(ids, second, shift);
+    if (ids.empty()) return;
+    if (crossing && !atCommand())
+        return answer(RawInput::Kind::Pick, second, ids, shift, cornersBetween(first, second));
+    select(ids, second, shift);
 }
 
 void Canvas::Impl::select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift) {

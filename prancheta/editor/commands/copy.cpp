@@ -6,20 +6,6 @@
 
 namespace prancheta::commands {
 
-Task<InputValue> askDisplacement(CommandContext context, Ids ids) {
-    Memory& kept = memory(context);
-    InputValue answer = co_await context.ask(
-        Prompt(InputKind::Point, L"\nEspecifique o deslocamento <" +
-                                     pointText(AcGePoint3d::kOrigin + kept.displacement) + L">: ")
-            .from(AcGePoint3d::kOrigin)
-            .moving(ids));
-    if (answer.status == RTCAN) co_return answer;
-    if (answer.status == RTNORM) kept.displacement = answer.point.asVector();
-    answer.status = RTNORM;
-    answer.point = AcGePoint3d::kOrigin + kept.displacement;
-    co_return answer;
-}
-
 namespace {
 
 constexpr Word kBaseWords[] = {{L"Deslocamento", L"Displacement"}, {L"mOdo", L"mOde"}};
@@ -58,15 +44,7 @@ Task<InputValue> copyInRow(CommandContext context, AcGePoint3d base, Ids& ids) {
         context.editor().complain(L"Requer um inteiro entre 2 e 32767.", Complaint::Refused);
         co_return count;
     }
-    // A slip with everything selected must not fill the memory.
-    constexpr double kMostCopies = 1e6;
-    if ((count.number - 1) * static_cast<double>(ids.size()) > kMostCopies) {
-        context.editor().complain(
-            L"A matriz faria mais de 1.000.000 de cópias. Peça menos itens "
-            L"ou selecione menos objetos.",
-            Complaint::Refused);
-        co_return count;
-    }
+    if (!mayCopy(context, count.number - 1, ids)) co_return count;
     InputValue second = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique o segundo ponto ou [Ajustar]: ")
             .from(base)
@@ -155,7 +133,7 @@ CommandTask copy(CommandContext context) {
             const InputValue last = co_await copyToPoints(context, base.point, chosen.ids);
             co_return endOf(last.status);
         }
-        const InputValue vector = co_await askDisplacement(context, chosen.ids);
+        const InputValue vector = co_await askDisplacement(context, moves(chosen.ids));
         if (vector.status == RTCAN) co_return CommandEnd::Cancelled;
         (void)copyBy(context, chosen.ids, vector.point.asVector());
         co_return CommandEnd::Done;

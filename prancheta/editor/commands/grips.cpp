@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "prancheta/database/entity_picture.h"
 #include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -84,37 +83,26 @@ void dropLocked(const CommandContext& context, Ids& ids) {
                              L"estavam em uma camada bloqueada."));
 }
 
-void showStretched(const std::vector<Pulled>& pulled, const AcGeVector3d& by, Picture& out) {
-    for (const Pulled& each : pulled) {
-        const AcDbObjectPointer<AcDbEntity> original(each.entity, AcDb::kForRead);
-        AcDbEntity* raw = nullptr;
-        if (original.openStatus() != Acad::eOk ||
-            original->getTransformedCopy(AcGeMatrix3d::kIdentity, raw) != Acad::eOk)
-            continue;
-        const std::unique_ptr<AcDbEntity> copy(raw);
-        if (copy->moveGripPointsAt(each.indices, by) == Acad::eOk)
-            recordPicture(*copy, out, kAcGiStandardDisplay, true);
-    }
+Ids entitiesOf(const std::vector<Pulled>& pulled) {
+    Ids ids;
+    for (const Pulled& each : pulled) ids.push_back(each.entity);
+    return ids;
+}
+
+/// The copies of `pulled`, or they themselves, in the same order.
+Change pulling(const std::vector<Pulled>& pulled, const AcGeVector3d& by) {
+    return [pulled, by](AcDbEntity& entity, std::size_t place) {
+        return entity.moveGripPointsAt(pulled[place].indices, by);
+    };
 }
 
 /// Returns those that refused, after saying how many.
 Ids stretch(const CommandContext& context, const std::vector<Pulled>& pulled, const Ids& targets,
             const AcGeVector3d& by) {
     Ids refused;
-    for (std::size_t i = 0; i < targets.size(); ++i) {
-        AcDbEntity* entity = nullptr;
-        if (acdbOpenAcDbEntity(entity, targets[i], AcDb::kForWrite) != Acad::eOk) {
-            refused.push_back(targets[i]);
-        } else if (entity->moveGripPointsAt(pulled[i].indices, by) != Acad::eOk) {
-            refused.push_back(targets[i]);
-            (void)entity->cancel();  // the refusal is what is reported
-        } else {
-            (void)entity->close();
-        }
-    }
-    if (!refused.empty())
-        say(context, counted(refused.size(), L"objeto não pôde ser esticado.",
-                             L"objetos não puderam ser esticados."));
+    for (const std::size_t place : changeEach(targets, pulling(pulled, by)))
+        refused.push_back(targets[place]);
+    tellNotStretched(context, refused.size());
     return refused;
 }
 
@@ -133,19 +121,13 @@ Prompt question(const Mode& mode, const AcGePoint3d& base, const std::vector<Pul
     prompt.from(base).words(kWords).bits(mode.bits);
     if (mode.matrix == nullptr)
         prompt.preview([pulled, base](const AcGePoint3d& to, Picture& out) {
-            showStretched(pulled, to - base, out);
+            showEach(entitiesOf(pulled), pulling(pulled, to - base), out);
         });
     else
         prompt.changing(selection, [&mode, base](const AcGePoint3d& to) {
             return mode.matrix(base, answerAt(base, mode, to));
         });
     return prompt;
-}
-
-Ids entitiesOf(const std::vector<Pulled>& pulled) {
-    Ids ids;
-    for (const Pulled& each : pulled) ids.push_back(each.entity);
-    return ids;
 }
 
 /// Copies that were made, empty when the entities themselves were changed. What cannot be copied so

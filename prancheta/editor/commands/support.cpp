@@ -2,6 +2,7 @@
 // What built-in commands share: questions, selections, transformations, new entities.
 #include "prancheta/editor/commands/support.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "dbsymtb.h"
@@ -115,16 +116,13 @@ void say(const CommandContext& context, std::wstring text) {
     context.print(text);
 }
 
-namespace {
-
-/// Returns the places of those that refused.
-std::vector<std::size_t> transformEach(const Ids& ids, const AcGeMatrix3d& matrix) {
+std::vector<std::size_t> changeEach(const Ids& ids, const Change& change) {
     std::vector<std::size_t> refused;
     for (std::size_t i = 0; i < ids.size(); ++i) {
         AcDbEntity* entity = nullptr;
         if (acdbOpenAcDbEntity(entity, ids[i], AcDb::kForWrite) != Acad::eOk) {
             refused.push_back(i);
-        } else if (entity->transformBy(matrix) != Acad::eOk) {
+        } else if (change(*entity, i) != Acad::eOk) {
             refused.push_back(i);
             (void)entity->cancel();  // the refusal is what is reported
         } else {
@@ -132,6 +130,32 @@ std::vector<std::size_t> transformEach(const Ids& ids, const AcGeMatrix3d& matri
         }
     }
     return refused;
+}
+
+void showEach(const Ids& ids, const Change& change, Picture& out) {
+    constexpr std::size_t kMostShown = 500;
+    for (std::size_t i = 0; i < std::min(ids.size(), kMostShown); ++i) {
+        const AcDbObjectPointer<AcDbEntity> original(ids[i], AcDb::kForRead);
+        AcDbEntity* raw = nullptr;
+        if (original.openStatus() != Acad::eOk ||
+            original->getTransformedCopy(AcGeMatrix3d::kIdentity, raw) != Acad::eOk)
+            continue;
+        const std::unique_ptr<AcDbEntity> copy(raw);
+        if (change(*copy, i) == Acad::eOk) recordPicture(*copy, out, kAcGiStandardDisplay, true);
+    }
+}
+
+void tellNotStretched(const CommandContext& context, std::size_t count) {
+    if (count > 0)
+        say(context, counted(count, L"objeto não pôde ser esticado.",
+                             L"objetos não puderam ser esticados."));
+}
+
+namespace {
+
+std::vector<std::size_t> transformEach(const Ids& ids, const AcGeMatrix3d& matrix) {
+    return changeEach(ids,
+                      [&](AcDbEntity& entity, std::size_t) { return entity.transformBy(matrix); });
 }
 
 void takeOut(Ids& ids, const std::vector<std::size_t>& places) {
@@ -160,6 +184,16 @@ Ids copyAll(const CommandContext& context, Ids& ids, const AcGeMatrix3d& matrix)
     say(context, counted(refused.size(), L"objeto não pôde ser transformado e não foi copiado.",
                          L"objetos não puderam ser transformados e não foram copiados."));
     return copies;
+}
+
+bool mayCopy(const CommandContext& context, double times, const Ids& ids) {
+    constexpr double kMostCopies = 1e6;
+    if (times * static_cast<double>(ids.size()) <= kMostCopies) return true;
+    context.editor().complain(
+        L"A matriz faria mais de 1.000.000 de cópias. Peça menos itens "
+        L"ou selecione menos objetos.",
+        Complaint::Refused);
+    return false;
 }
 
 void transformOrCopy(const CommandContext& context, Ids ids, const AcGeMatrix3d& matrix,

@@ -76,11 +76,25 @@ inline bool isWord(const InputValue& answer, std::wstring_view global) {
     return answer.status == RTKWORD && answer.text == global;
 }
 
+/// What is done to one of many entities, the `place`-th.
+using Change = std::function<Acad::ErrorStatus(AcDbEntity& entity, std::size_t place)>;
+/// Changes each in turn. The places of those that cannot be opened or refuse; these stay as they
+/// were.
+std::vector<std::size_t> changeEach(const Ids& ids, const Change& change);
+/// What that would show of the first few hundred: more would hold up the pointer.
+void showEach(const Ids& ids, const Change& change, Picture& out);
+
+/// "2 objetos não puderam ser esticados."; nothing for 0.
+void tellNotStretched(const CommandContext& context, std::size_t count);
+
 /// Transforms every entity; says on the command line how many could not be.
 void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix);
 /// Transformed copies. What cannot be transformed is not copied: it goes out of `ids`, so that it
 /// is told once however often the rest is copied.
 Ids copyAll(const CommandContext& context, Ids& ids, const AcGeMatrix3d& matrix);
+/// False, after saying so, when `times` copies of each would be more than a slip with everything
+/// selected may cost.
+bool mayCopy(const CommandContext& context, double times, const Ids& ids);
 /// One of the two.
 enum class Originals { Change, Stay };
 void transformOrCopy(const CommandContext& context, Ids ids, const AcGeMatrix3d& matrix,

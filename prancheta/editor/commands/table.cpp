@@ -35,6 +35,8 @@ constexpr BuiltInCommand kTable[] = {
     {L"ROTATE",      L"ROTACIONAR",   kPickset, commands::rotate},
     {L"SCALE",       L"ESCALA",       kPickset, commands::scale},
     {L"MIRROR",      L"ESPELHAR",     kPickset, commands::mirror},
+    {L"ARRAY",       L"MATRIZ",       kPickset, commands::array},
+    {L"STRETCH",     L"ESTICAR",      kPickset, commands::stretch},
     {L"ERASE",       L"APAGAR",       kPickset, commands::erase},
     {L"EDITAPERFIL", L"EDITAPERFIL",  kPickset, commands::editaperfil},
     {L"OOPS",        L"OOPS",         kModal,   commands::oops},

@@ -15,6 +15,7 @@ std::span<const BuiltInCommand> builtInCommands();
 namespace commands {
 
 CommandTask arc(CommandContext context);
+CommandTask array(CommandContext context);
 CommandTask arx(CommandContext context);
 CommandTask circle(CommandContext context);
 CommandTask copy(CommandContext context);
@@ -55,6 +56,7 @@ CommandTask saveas(CommandContext context);
 CommandTask scale(CommandContext context);
 CommandTask script(CommandContext context);
 CommandTask setvar(CommandContext context);
+CommandTask stretch(CommandContext context);
 CommandTask text(CommandContext context);
 CommandTask u(CommandContext context);
 CommandTask undo(CommandContext context);
