@@ -102,7 +102,7 @@ Acad::ErrorStatus AcDbDictionary::dwgInFields(AcDbDwgFiler* filer) {
         std::wstring key = readText(*filer);
         AcDbSoftOwnershipId id;
         filer->readSoftOwnershipId(&id);
-        ObjectAccess::addEntry(*this, std::move(key), id);
+        if (!id.isNull()) ObjectAccess::addEntry(*this, std::move(key), id);
     }
     return filer->filerStatus();
 }

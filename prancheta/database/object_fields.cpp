@@ -27,18 +27,29 @@ std::string handleText(AcDbObjectId id) {
     return toUtf8(buffer);
 }
 
-/// Handles among extended data go out as references, so that a clone's follow its copies.
+/// Handles that the drawing knows go out as references, so that a clone's follow its copies: among
+/// extended data, and in another drawing among all groups, where one that did not come along goes.
+bool isHandle(const AcDbDwgFiler& filer, int code) {
+    if (code == 1005) return true;
+    const bool refers =
+        (code >= 320 && code < 370) || (code >= 390 && code < 400) || code == 480 || code == 481;
+    return refers && filer.filerType() == AcDb::kWblockCloneFiler;
+}
+
 template <class Tags>
 void writeTags(AcDbDwgFiler& filer, const Tags& tags, const AcDbDatabase* database) {
     filer.writeUInt32(static_cast<Adesk::UInt32>(tags.size()));
     for (const auto& tag : tags) {
         filer.writeInt32(tag.code);
         AcDbObjectId id;
-        if (tag.code == 1005) {
+        if (isHandle(filer, tag.code)) {
             id = idOfHandle(database, tag.value);
-            filer.writeSoftPointerId(id);
+            filer.writeBool(!id.isNull());
         }
-        if (id.isNull()) writeNarrow(filer, tag.value);
+        if (id.isNull())
+            writeNarrow(filer, tag.value);
+        else
+            filer.writeSoftPointerId(id);
     }
 }
 
@@ -51,10 +62,18 @@ RawTags readTags(AcDbDwgFiler& filer) {
         Adesk::Int32 code = 0;
         filer.readInt32(&code);
         tag.code = code;
+        bool known = false;
         AcDbSoftPointerId id;
-        if (code == 1005) filer.readSoftPointerId(&id);
-        tag.value = id.isNull() ? readNarrow(filer) : handleText(id);
-        tags.push_back(std::move(tag));
+        const bool handle = isHandle(filer, code);
+        if (handle) filer.readBool(&known);
+        if (known)
+            filer.readSoftPointerId(&id);
+        else
+            tag.value = readNarrow(filer);
+        const bool lost =
+            handle && id.isNull() && (known || filer.filerType() == AcDb::kWblockCloneFiler);
+        if (known || lost) tag.value = lost ? "0" : handleText(id);
+        if (!lost || code == 1005) tags.push_back(std::move(tag));
     }
     return tags;
 }
@@ -74,7 +93,10 @@ Acad::ErrorStatus AcDbObject::dwgOutFields(AcDbDwgFiler* filer) const {
     }
     filer->writeUInt8(parts);
     if (parts & kXdata) writeTags(*filer, m_extra->xdata, database());
-    if (parts & kForeign) writeTags(*filer, m_extra->foreign, nullptr);
+    if (parts & kForeign) {
+        const bool crosses = filer->filerType() == AcDb::kWblockCloneFiler;
+        writeTags(*filer, m_extra->foreign, crosses ? database() : nullptr);
+    }
     if (parts & kReactors) {
         filer->writeUInt32(static_cast<Adesk::UInt32>(m_extra->reactors.size()));
         for (AcDbObjectId id : m_extra->reactors) filer->writeSoftPointerId(id);
@@ -103,7 +125,7 @@ Acad::ErrorStatus AcDbObject::dwgInFields(AcDbDwgFiler* filer) {
         for (; count > 0 && filer->filerStatus() == Acad::eOk; --count) {
             AcDbSoftPointerId id;
             filer->readSoftPointerId(&id);
-            extra.reactors.push_back(id);
+            if (!id.isNull()) extra.reactors.push_back(id);
         }
     }
     if (parts & kExtensionDictionary) {

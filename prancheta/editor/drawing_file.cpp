@@ -20,15 +20,15 @@ void nameDrawing(SystemVariables& variables, const std::filesystem::path& file) 
     variables.force(L"DWGPREFIX", folder.empty() ? folder : folder + kSeparator);
 }
 
-/// Reading makes a working database of its own, which may come to nothing.
-Result<std::unique_ptr<AcDbDatabase>> load(Editor& editor, const std::filesystem::path& path,
-                                           dxf::LoadReport* findings) {
+}  // namespace
+
+// Reading makes a working database of its own, which may come to nothing.
+Result<std::unique_ptr<AcDbDatabase>> readDrawing(Editor& editor, const std::filesystem::path& path,
+                                                  dxf::LoadReport* findings) {
     Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(path, findings);
     acdbHostApplicationServices()->setWorkingDatabase(&editor.database());
     return loaded;
 }
-
-}  // namespace
 
 void printFindings(Editor& editor, const dxf::LoadReport& report) {
     for (const dxf::Finding& finding : report.findings) {
@@ -62,7 +62,7 @@ Result<void> DrawingFile::makeNew() {
 
 Result<void> DrawingFile::open(const std::filesystem::path& path, dxf::LoadReport* findings) {
     const std::optional<FileStamp> stamp = fileStampOf(path);
-    Result<std::unique_ptr<AcDbDatabase>> loaded = load(m_editor, path, findings);
+    Result<std::unique_ptr<AcDbDatabase>> loaded = readDrawing(m_editor, path, findings);
     if (!loaded) return loaded.error();
     // What came through a pipe has no file to be saved to.
     std::error_code ignored;
@@ -76,7 +76,7 @@ Result<void> DrawingFile::open(const std::filesystem::path& path, dxf::LoadRepor
 Result<void> DrawingFile::recover(const std::filesystem::path& copy,
                                   const std::filesystem::path& name,
                                   const std::optional<FileStamp>& stamp) {
-    Result<std::unique_ptr<AcDbDatabase>> loaded = load(m_editor, copy, nullptr);
+    Result<std::unique_ptr<AcDbDatabase>> loaded = readDrawing(m_editor, copy, nullptr);
     if (!loaded) return loaded.error();
     Result<void> replaced = m_editor.replaceDrawing(std::move(*loaded), name);
     if (!replaced) return replaced;

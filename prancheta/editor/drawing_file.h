@@ -53,6 +53,10 @@ private:
     std::uint64_t m_revision = 0;                 ///< of the undo log, when it was read or saved
 };
 
+/// Reads a file into a drawing that is not the editor's, and stays beside it.
+Result<std::unique_ptr<AcDbDatabase>> readDrawing(Editor& editor, const std::filesystem::path& path,
+                                                  dxf::LoadReport* findings);
+
 /// Writes to the command line what was repaired while a drawing was read.
 void printFindings(Editor& editor, const dxf::LoadReport& report);
 

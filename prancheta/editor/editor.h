@@ -14,6 +14,7 @@
 #include "prancheta/base/result.h"
 #include "prancheta/database/sysvars.h"
 #include "prancheta/editor/aliases.h"
+#include "prancheta/editor/clipboard.h"
 #include "prancheta/editor/command_runner.h"
 #include "prancheta/editor/current_selection.h"
 #include "prancheta/editor/drawing_file.h"
@@ -52,6 +53,7 @@ public:
     CurrentSelection& selection() { return m_selection; }
     const CurrentSelection& selection() const { return m_selection; }
     LastErased& lastErased() { return m_lastErased; }
+    Clipboard& clipboard() { return m_clipboard; }
     DrawingFile& file() { return m_file; }
     const DrawingFile& file() const { return m_file; }
     Typing& typing() { return m_typing; }
@@ -121,6 +123,7 @@ private:
     Typing m_typing;
     CurrentSelection m_selection;
     LastErased m_lastErased;
+    Clipboard m_clipboard;
     DrawingFile m_file;
     ProgramInterface m_programs;
     CommandRunner m_runner;

@@ -185,7 +185,11 @@ std::wstring ModuleTable::useOf(const Module& module) const {
                         [&](const std::wstring& name) { return key(name) == key(module.name); });
         if (needs) return L"o módulo " + other->name + L" depende dele; descarregue-o antes.";
     }
+    const AcDbDatabase* const copied = m_editor.clipboard().drawing().get();
     for (const AcRxClass* c : module.classes) {
+        if (copied != nullptr && copied->core().hasObjectsOf(c))
+            return L"a área de transferência tem objetos do tipo " + std::wstring(c->name()) +
+                   L", que o módulo define. Copie outra coisa antes.";
         if (!m_editor.database().core().hasObjectsOf(c)) continue;
         return L"o desenho (ou o que ainda pode ser desfeito) tem objetos do tipo " +
                std::wstring(c->name()) + L", que o módulo define. Salve e feche o desenho antes.";

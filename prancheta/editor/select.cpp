@@ -29,6 +29,18 @@ const Keywords& selectionWords() {
     return kWords;
 }
 
+Keywords wordsOf(const SelectOptions& options) {
+    if (options.words.begin() == options.words.end()) return selectionWords();
+    std::vector<Keyword> all(options.words.begin(), options.words.end());
+    all.insert(all.end(), selectionWords().begin(), selectionWords().end());
+    return all;
+}
+
+bool isAmong(const std::wstring& word, const Keywords& words) {
+    return std::any_of(words.begin(), words.end(),
+                       [&](const Keyword& known) { return known.global == word; });
+}
+
 struct IdHash {
     std::size_t operator()(const AcDbObjectId& id) const {
         return std::hash<Adesk::LongPtr>()(id.asOldId());
@@ -329,12 +341,16 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
         InputRequest request;
         request.kind = InputKind::Selection;
         request.prompt = removing ? L"\nRemova objetos: " : options.prompt;
-        request.keywords = selectionWords();
+        request.keywords = wordsOf(options);
         request.selection = picked.ids();
         request.blanksAllowed = true;
         const InputValue value = co_await context.ask(std::move(request));
         if (value.status == RTNONE) break;
         Found found;
+        if (value.status == RTKWORD && isAmong(value.text, options.words)) {
+            selection.word = value.text;
+            continue;
+        }
         if (value.status == RTKWORD) {
             if (changesMode(value.text, removing, single)) continue;
             if (value.text == L"Undo") {

@@ -16,6 +16,7 @@ struct SelectOptions {
     std::wstring prompt = L"\nSelecione objetos: ";
     bool usePickfirst = true;  ///< what was selected before the command is taken without asking
     bool dropLocked = true;    ///< objects on locked layers are reported and left out
+    Keywords words;            ///< further options, which go before the usual ones
     bool single = false;       ///< ends after the first step that found something
 };
 
@@ -27,6 +28,7 @@ struct Selection {
     std::vector<AcDbObjectId> crossed;
     /// Corners of the last one of those frames, world coordinates; empty without one.
     std::vector<AcGePoint3d> crossing;
+    std::wstring word;  ///< global word of the further option that was said last
 };
 
 /// Repeats until Enter; every object once, in the order of selection. The result becomes the

@@ -18,6 +18,7 @@
 
 namespace prancheta {
 
+class Clipboard;
 class Picture;
 
 namespace dcl {
@@ -173,6 +174,11 @@ public:
     /// Lets so much time pass while windows stay alive; false when the user pressed Esc meanwhile.
     /// 0 only looks whether he did. A front end without windows does not wait.
     virtual bool pass(std::chrono::milliseconds) { return true; }
+    /// The user copied: who has other programs beside it offers them what the clipboard holds.
+    virtual void offerCopied(const Clipboard&) {}
+    /// The user pastes: what another program, or another window, offers since then goes into the
+    /// clipboard. Nothing changes when nobody does, or when it cannot be read.
+    virtual void takeOffered(Clipboard&) {}
     /// Something visible changed; called after each command and each step of a drag.
     virtual void refresh() {}
 };

@@ -172,17 +172,22 @@ void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatri
                              L"objetos não puderam ser transformados."));
 }
 
-Ids copyAll(const CommandContext& context, Ids& ids, const AcGeMatrix3d& matrix) {
-    Ids copies = cloneAll(context, ids);
-    const std::vector<std::size_t> refused = transformEach(copies, matrix);
-    if (refused.empty()) return copies;
+std::vector<std::size_t> transformCopies(const CommandContext& context, Ids& copies,
+                                         const AcGeMatrix3d& matrix) {
+    std::vector<std::size_t> refused = transformEach(copies, matrix);
+    if (refused.empty()) return refused;
     Ids wrong;
     for (const std::size_t place : refused) wrong.push_back(copies[place]);
     (void)eraseAll(context, wrong);
-    takeOut(ids, refused);  // copies stand in the order of their originals
     takeOut(copies, refused);
     say(context, counted(refused.size(), L"objeto não pôde ser transformado e não foi copiado.",
                          L"objetos não puderam ser transformados e não foram copiados."));
+    return refused;
+}
+
+Ids copyAll(const CommandContext& context, Ids& ids, const AcGeMatrix3d& matrix) {
+    Ids copies = cloneAll(context, ids);
+    takeOut(ids, transformCopies(context, copies, matrix));  // copies stand as their originals
     return copies;
 }
 

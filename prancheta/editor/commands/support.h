@@ -95,6 +95,10 @@ Ids copyAll(const CommandContext& context, Ids& ids, const AcGeMatrix3d& matrix)
 /// False, after saying so, when `times` copies of each would be more than a slip with everything
 /// selected may cost.
 bool mayCopy(const CommandContext& context, double times, const Ids& ids);
+/// Transforms copies that were just made; those that refuse are erased and told, and go out of
+/// `copies`. Returns their places.
+std::vector<std::size_t> transformCopies(const CommandContext& context, Ids& copies,
+                                         const AcGeMatrix3d& matrix);
 /// One of the two.
 enum class Originals { Change, Stay };
 void transformOrCopy(const CommandContext& context, Ids ids, const AcGeMatrix3d& matrix,
