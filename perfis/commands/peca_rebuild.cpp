@@ -44,13 +44,13 @@ private:
 };
 
 /// "1 que tinha sido movida e 2 apagadas voltam ao lugar da regra", behind what is laid.
-void sayLaid(const PecaEdit& edit, std::size_t laid) {
+void sayLaid(const PecaEdit& edit, const RuledPeca& after, std::size_t laid) {
     const std::size_t ruled = edit.before.chapas.size();
     const std::size_t standing = edit.peca.chapas.size();
     if (ruled == 0 || laid == 0) return;
     std::wstring text =
         L"\nTravejamento refeito: " + std::to_wstring(laid) + (laid == 1 ? L" chapa" : L" chapas");
-    const std::size_t moved = movedChapas(edit.peca, edit.before);
+    const std::size_t moved = movedChapas(edit.peca, edit.before, after);
     const std::size_t erased = ruled > standing ? ruled - standing : 0;
     if (standing > 0) {
         if (moved + erased == 0) return;
@@ -209,7 +209,7 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state,
     (void)edit.remake(*after.peca, cotas.moved);  // the command makes pieces of one class
     LaidChapas laid = what == Chapas::Stay ? standing(peca) : layAll(edit, asked, peca.start);
     laid.pitch = after.pitch;
-    if (what == Chapas::LaidAgain) sayLaid(asked, laid.ids.size());
+    if (what == Chapas::LaidAgain) sayLaid(asked, after, laid.ids.size());
     zp::member::lace(edit.peca(), zp::member::of(*after.peca).lacing);
     if (wanted && again) (void)cotaPeca(description, state, edit.peca(), laid);
     edit.finish();
@@ -244,7 +244,7 @@ void layChapasAgain(const PerfilDescription& description, const RunState& state,
     zp::member::lace(edit.peca(), zp::member::of(*after.peca).lacing);
     if (!lays) return;
     LaidChapas laid = layAll(edit, asked, peca.start);
-    sayLaid(asked, laid.ids.size());
+    sayLaid(asked, after, laid.ids.size());
     // The piece itself is as it is to be; the dimension of the pitch goes with the plates.
     if (laid.pitch > 0.0) {
         const ChangedCotas cotas =

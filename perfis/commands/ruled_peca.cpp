@@ -95,10 +95,10 @@ bool hasLockedChapa(const PecaValues& peca) {
         peca.chapas, [](const ChapaValues& chapa) { return zp::edit::onLockedLayer(chapa.id); });
 }
 
-std::size_t movedChapas(const PecaValues& peca, const RuledPeca& rule) {
+std::size_t movedChapas(const PecaValues& peca, const RuledPeca& before, const RuledPeca& after) {
     std::vector<zp::secao::Bounds> places;
-    places.reserve(rule.chapas.size());
-    for (const auto& chapa : rule.chapas) places.push_back(pictureOf(*chapa, peca.start));
+    for (const RuledPeca* const rule : {&before, &after})
+        for (const auto& chapa : rule->chapas) places.push_back(pictureOf(*chapa, peca.start));
     std::ranges::sort(places, {}, &zp::secao::Bounds::x0);
     return static_cast<std::size_t>(
         std::ranges::count_if(peca.chapas, [&](const ChapaValues& chapa) {
