@@ -70,6 +70,20 @@ TEST_F(Pointing, aSelectionPromptTakesClicksFramesAndTheRightButtonAsEnter) {
     EXPECT_TRUE(c.isErased());
 }
 
+TEST_F(Pointing, whatACrossingFrameHoldsIsStretchedAndWhatAWindowHoldsMoves) {
+    const AcDbObjectId crossed = line(100, 100, 300, 100);
+    const AcDbObjectId whole = line(400, 400, 450, 400);
+    type(L"_STRETCH");
+    drag(390, 380, 460, 420);  // to the right
+    drag(350, 150, 250, 50);   // to the left: the end at 300
+    click(10, 10, Qt::NoModifier, Qt::RightButton);
+    type(L"0,0");
+    type(L"50,0");
+    run();
+    expectLine(crossed, 100, 100, 350, 100);
+    expectLine(whole, 450, 400, 500, 400);
+}
+
 TEST_F(Pointing, snapsGiveExactPointsAndTabGoesOn) {
     line(100.25, 100.125, 300.5, 250.75);
     type(L"OSMODE");
