@@ -4,10 +4,28 @@
 
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/deep_clone.h"
+#include "prancheta/dxf/document.h"
 
 namespace prancheta {
 
-Clipboard::Ids Clipboard::take(const Ids& ids, const AcGePoint3d& base, std::size_t& left) {
+namespace {
+
+/// Lower left corner of their box.
+AcGePoint3d cornerOf(const Clipboard::Ids& ids) {
+    AcDbExtents all;
+    for (const AcDbObjectId& id : ids) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        AcDbExtents own;
+        if (entity.openStatus() == Acad::eOk && entity->getGeomExtents(own) == Acad::eOk)
+            all.addExt(own);
+    }
+    if (all.isEmpty()) return AcGePoint3d::kOrigin;
+    return {all.minPoint().x, all.minPoint().y, 0.0};
+}
+
+}  // namespace
+
+Clipboard::Ids Clipboard::take(const Ids& ids, std::optional<AcGePoint3d> base, std::size_t& left) {
     auto drawing = std::make_shared<AcDbDatabase>();
     drawing->core().undo().setRecording(false);
     AcDbObjectIdArray originals;
@@ -22,9 +40,16 @@ Clipboard::Ids Clipboard::take(const Ids& ids, const AcGePoint3d& base, std::siz
     return taken;
 }
 
-void Clipboard::take(std::shared_ptr<AcDbDatabase> drawing, const AcGePoint3d& base) {
+void Clipboard::take(std::shared_ptr<AcDbDatabase> drawing, std::optional<AcGePoint3d> base) {
     m_drawing = std::move(drawing);
-    m_base = base;
+    m_base = base ? *base : cornerOf(ids());
+}
+
+Result<void> Clipboard::write(const std::filesystem::path& file) const {
+    if (!m_drawing) return Error{"A área de transferência está vazia."};
+    dxf::SaveOptions options;
+    options.version = dxf::Version::R2000;
+    return dxf::save(*m_drawing, file, options);
 }
 
 Clipboard::Ids Clipboard::ids() const { return m_drawing ? m_drawing->core().modelSpace() : Ids(); }

@@ -2,10 +2,13 @@
 // What was copied, to be pasted into any drawing.
 #pragma once
 
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "dbapserv.h"
+#include "prancheta/base/result.h"
 
 namespace prancheta {
 
@@ -16,12 +19,15 @@ class Clipboard {
 public:
     using Ids = std::vector<AcDbObjectId>;
 
-    /// Copies these in place of what was there, when at least one can be copied. Returns the
+    /// Copies these in place of what was there, when at least one can be copied. No base: the lower
+    /// left corner of their box. Returns the
     /// originals of the copies; `left` grows by the entities that stay behind, in blocks too.
     /// O(entities).
-    Ids take(const Ids& ids, const AcGePoint3d& base, std::size_t& left);
+    Ids take(const Ids& ids, std::optional<AcGePoint3d> base, std::size_t& left);
     /// The same from a drawing that was read; all of its model space.
-    void take(std::shared_ptr<AcDbDatabase> drawing, const AcGePoint3d& base);
+    void take(std::shared_ptr<AcDbDatabase> drawing, std::optional<AcGePoint3d> base);
+    /// Writes them as DXF of release 2000, for other programs.
+    Result<void> write(const std::filesystem::path& file) const;
 
     /// Null when nothing was copied yet.
     const std::shared_ptr<AcDbDatabase>& drawing() const { return m_drawing; }

@@ -61,6 +61,7 @@ Editor::~Editor() {
     // No object of a module's class may outlive the module; an empty drawing stands in till the
     // end.
     adoptDatabase(std::make_unique<AcDbDatabase>(), {});
+    m_clipboard = {};
     m_modules->unloadAll();
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     acrxSysRegistry()->remove(protocol::kObjectionsKey);

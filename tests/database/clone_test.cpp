@@ -3,6 +3,7 @@
 #include "dbdict.h"
 #include "dbxrecrd.h"
 #include "fixture.h"
+#include "prancheta/database/deep_clone.h"
 #include "prancheta/database/memory_filer.h"
 
 namespace {
@@ -129,6 +130,128 @@ TEST_F(CloneTest, HandlesInDataReactorsAndDictionariesFollow) {
     EXPECT_EQ(linked, copies[1]);
     // The original's are its own still.
     EXPECT_NE(AcDbObjectPointer<Piece>(a, AcDb::kForRead)->extensionDictionary(), own);
+}
+
+/// A second drawing, into which this one's pieces go.
+class CrossTest : public CloneTest {
+protected:
+    AcDbObjectIdArray cross(std::initializer_list<AcDbObjectId> ids) {
+        AcDbObjectIdArray set;
+        for (AcDbObjectId id : ids) set.append(id);
+        AcDbObjectIdArray copies;
+        std::size_t left = 0;
+        EXPECT_EQ(prancheta::cloneAcross(set, other.currentSpaceId(), copies, left), Acad::eOk);
+        EXPECT_EQ(left, 0u);
+        return copies;
+    }
+    static void tie(AcDbObjectId id, AcDbObjectId to) {
+        AcDbObjectPointer<Piece>(id, AcDb::kForWrite)->setPartner(to);
+    }
+    AcDbObjectId block(AcDbDatabase& in, const wchar_t* name, double size) {
+        const AcDbObjectPointer<AcDbBlockTable> table(in.blockTableId(), AcDb::kForWrite);
+        auto* record = new AcDbBlockTableRecord;
+        AcDbObjectId id;
+        EXPECT_EQ(record->setName(name), Acad::eOk);
+        EXPECT_EQ(table->add(id, record), Acad::eOk);
+        auto* piece = new Piece(size);
+        EXPECT_EQ(record->appendAcDbEntity(piece), Acad::eOk);
+        piece->close();
+        record->close();
+        return id;
+    }
+    /// Of the first piece in a block.
+    static double contentOf(AcDbObjectId record) {
+        const AcDbObjectPointer<AcDbBlockTableRecord> opened(record, AcDb::kForRead);
+        return sizeOf(ObjectAccess::entities(*opened).at(0));
+    }
+    AcDbDatabase other;
+};
+
+TEST_F(CrossTest, LinksInsideStayAndWhatIsElsewhereIsForgotten) {
+    const AcDbObjectId outside = append(database, new Piece(9));
+    core().ensureRegApp(L"ZP");
+    {
+        AcDbObjectPointer<Piece> piece(a, AcDb::kForWrite);
+        ACHAR inside[17];
+        ACHAR gone[17];
+        b.handle().getIntoAsciiBuffer(inside);
+        outside.handle().getIntoAsciiBuffer(gone);
+        const prancheta::ListOwner data(
+            acutBuildList(1001, L"ZP", 1005, inside, 1005, gone, 1000, L"fim", RTNONE));
+        ASSERT_EQ(piece->setXData(data.get()), Acad::eOk);
+        ASSERT_EQ(piece->addPersistentReactor(b), Acad::eOk);
+        ASSERT_EQ(piece->addPersistentReactor(outside), Acad::eOk);
+    }
+    tie(b, outside);
+    Witness witness(other);
+    other.core().undo().begin(L"COLAR");
+    const AcDbObjectIdArray copies = cross({b, a});
+    other.core().undo().end();
+    ASSERT_EQ(copies.length(), 2);
+    EXPECT_EQ(witness.taken(), "+++") << "the application and both pieces, complete";
+    EXPECT_EQ(partnerOf(copies[1]), copies[0]);
+    EXPECT_TRUE(partnerOf(copies[0]).isNull());
+    {
+        const AcDbObjectPointer<Piece> copy(copies[1], AcDb::kForRead);
+        EXPECT_EQ(copy->database(), &other);
+        EXPECT_EQ(ObjectAccess::extra(*copy)->reactors, std::vector{AcDbObjectId(copies[0])});
+        const prancheta::ListOwner data(copy->xData(L"ZP"));
+        ACHAR handle[17];
+        copies[0].handle().getIntoAsciiBuffer(handle);
+        EXPECT_STREQ(data->rbnext->resval.rstring, handle);
+        EXPECT_STREQ(data->rbnext->rbnext->resval.rstring, L"0");
+        EXPECT_STREQ(data->rbnext->rbnext->rbnext->resval.rstring, L"fim");
+    }
+    other.core().undo().undo();
+    EXPECT_TRUE(other.core().modelSpace().empty());
+    EXPECT_TRUE(ObjectAccess::lookup(other.regAppTableId(), L"ZP").isNull());
+    other.core().undo().redo();
+    EXPECT_EQ(partnerOf(copies[1]), copies[0]);
+    EXPECT_EQ(core().modelSpace().size(), 3u) << "the source is as it was";
+}
+
+TEST_F(CrossTest, RecordsComeAlongAndTheTargetsStay) {
+    const auto layerOf = [](AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        return entity->layerId();
+    };
+    for (AcDbDatabase* const each : {&database, &other})
+        each->core().ensureLayer(L"EIXOS", each == &other ? 1 : 5);
+    const AcDbObjectId vigas = core().ensureLayer(L"Vigas", 3);
+    AcDbObjectPointer<AcDbLayerTableRecord>(vigas, AcDb::kForWrite)
+        ->setLinetypeObjectId(core().ensureLinetype(L"HIDDEN"));
+    AcDbObjectPointer<Piece>(a, AcDb::kForWrite)->setLayer(L"Vigas");
+    AcDbObjectPointer<Piece>(b, AcDb::kForWrite)->setLayer(L"eixos");
+    const AcDbObjectIdArray copies = cross({a, b});
+    const AcDbObjectPointer<AcDbLayerTableRecord> made(layerOf(copies[0]), AcDb::kForRead);
+    ASSERT_EQ(made->database(), &other);
+    EXPECT_EQ(made->colorIndex(), 3);
+    EXPECT_EQ(made->linetypeObjectId().database(), &other);
+    EXPECT_EQ(ObjectAccess::recordName(made->linetypeObjectId()), L"HIDDEN");
+    EXPECT_EQ(ObjectAccess::lookup(other.layerTableId(), L"VIGAS"), layerOf(copies[0]));
+    const AcDbObjectPointer<AcDbLayerTableRecord> own(layerOf(copies[1]), AcDb::kForRead);
+    EXPECT_EQ(own->colorIndex(), 1);
+}
+
+TEST_F(CrossTest, BlocksBringWhatTheyHold) {
+    const AcDbObjectId named = block(database, L"Base", 7);
+    const AcDbObjectId unnamed = block(database, L"*U3", 8);
+    const AcDbObjectId theirs = block(other, L"*U3", 70);
+    tie(a, named);
+    tie(b, unnamed);
+    const AcDbObjectIdArray first = cross({a, b});
+    EXPECT_EQ(contentOf(partnerOf(first[0])), 7);
+    EXPECT_EQ(contentOf(partnerOf(first[1])), 8);
+    // One without a name is another one each time; the target's are where they were.
+    const AcDbObjectIdArray second = cross({a, b});
+    EXPECT_EQ(partnerOf(second[0]), partnerOf(first[0]));
+    EXPECT_NE(partnerOf(second[1]), partnerOf(first[1]));
+    EXPECT_EQ(contentOf(partnerOf(second[1])), 8);
+    EXPECT_EQ(ObjectAccess::lookup(other.blockTableId(), L"*U3"), theirs);
+    for (const AcDbObjectId copy : {first[1], second[1]}) {
+        const AcDbObjectId own = partnerOf(copy);
+        EXPECT_EQ(ObjectAccess::lookup(other.blockTableId(), ObjectAccess::recordName(own)), own);
+    }
 }
 
 TEST_F(CloneTest, WhatCannotBeClonedChangesNothing) {

@@ -5,7 +5,9 @@
 #include <sstream>
 
 #include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/editor/edit_group.h"
+#include "prancheta/entities/block_content.h"
 #include "tests/zp/matlist.h"
 #include "zp/matlist/book.h"
 #include "zp/objects/edit.h"
@@ -15,6 +17,8 @@ namespace {
 
 using namespace zp_tests;
 
+constexpr const wchar_t* kBlocks[] = {L"B1", L"B2"};
+
 class Walk : public MaterialListTest, public testing::WithParamInterface<unsigned> {
 protected:
     int draw(int n) { return std::uniform_int_distribution<int>(0, n - 1)(m_chance); }
@@ -23,6 +27,26 @@ protected:
         std::vector<AcDbObjectId> found;
         for (const AcDbObjectId& id : entities())
             if (id.objectClass()->isDerivedFrom(ZpObject::desc())) found.push_back(id);
+        return found;
+    }
+    AcDbObjectId block(const wchar_t* name) const {
+        return prancheta::ObjectAccess::lookup(editor->database().blockTableId(), name);
+    }
+    /// Pieces of the drawing and of its blocks, with how often each is shown.
+    std::vector<std::pair<AcDbObjectId, int>> shown() const {
+        std::vector<std::pair<AcDbObjectId, int>> found;
+        for (const AcDbObjectId& id : pecas()) found.emplace_back(id, 1);
+        for (const wchar_t* const name : kBlocks) {
+            const AcDbObjectId record = block(name);
+            if (record.isNull()) continue;
+            int times = 0;
+            for (const AcDbObjectId& id : entities())
+                if (id.objectClass() == AcDbBlockReference::desc())
+                    times += Read<AcDbBlockReference>(id)->blockTableRecord() == record ? 1 : 0;
+            prancheta::forEachInBlock(record, [&](AcDbEntity& entity) {
+                if (entity.isKindOf(ZpObject::desc())) found.emplace_back(entity.objectId(), times);
+            });
+        }
         return found;
     }
     /// Some of the drawing, marks among it.
@@ -59,11 +83,11 @@ protected:
     void check() {
         std::map<AcDbObjectId, int> quantidades;
         std::map<AcDbObjectId, AcDbObjectId> firsts;
-        for (const AcDbObjectId& id : pecas()) {
+        for (const auto& [id, times] : shown()) {
             const Read<ZpObject> p(id);
             const zp::Member& m = zp::member::of(*p.object());
             if (!m.listed) continue;
-            quantidades[m.row] += m.count;
+            quantidades[m.row] += m.count * times;
             const auto [first, fresh] = firsts.try_emplace(m.row, id);
             if (fresh) continue;
             const Read<ZpObject> other(first->second);
@@ -114,7 +138,7 @@ protected:
             type(after);
             return true;
         };
-        const int kind = draw(15);
+        const int kind = draw(16);
         m_told = "kind " + std::to_string(kind);
         switch (kind) {
             case 0:
@@ -149,21 +173,29 @@ protected:
                 }
                 return true;
             case 11:
-                return each({L"_array"}, {L"", L"_r", L"2", L"2", L"900", L"-6000"});
-            case 12:
-                return each({L"_array"},
-                            {L"", L"_polar", L"0,0", L"3", L"200", draw(2) == 0 ? L"_y" : L"_n"});
-            case 13: {
-                const double x = 1000.0 * draw(9) + 300.0;
-                const std::wstring from = std::to_wstring(x) + L",-9000";
-                const std::wstring to = std::to_wstring(x + 100.0 * (1 + draw(20))) + L",9000";
-                type({L"_stretch", L"_c", from.c_str(), to.c_str(), L""});
-                if (editor->runner().active()) type({L"0,0", draw(2) == 0 ? L"70,0" : L"-40,30"});
-                return true;
-            }
-            default:
                 type({L"MARCAS", L"", L""});
                 return true;
+            case 12:
+                if (!each({L"_copyclip"}, {L""})) return false;
+                type({L"_pasteclip", L"900,8000"});
+                return true;
+            case 13:
+                return each({L"_cutclip"}, {L""});
+            case 14:
+                type({L"_pasteclip", L"0,9000"});
+                return true;
+            default: {
+                const wchar_t* const name = kBlocks[draw(2)];
+                if (!block(name).isNull()) {
+                    type({L"_insert", name, L"4000,0", L"", L"", L"30"});
+                    return true;
+                }
+                if (all.empty()) return false;
+                type({L"_block", name, L"0,0"});
+                pick(0, 0, {all.front(), all.back()});
+                type({draw(2) == 0 ? L"_re" : L"_co", L""});
+                return true;
+            }
         }
     }
 

@@ -134,13 +134,19 @@ void Followed::adoptStrangers() {
             count = m.count;
             row = equalRow(*peca.object(), {});
         }
-        if (row.isNull()) row = rowOfItsOwn(id, {});
-        if (row.isNull() || !enterRow(id, row, count) || !m_said.insert(row).second) continue;
+        const bool fresh = row.isNull();
+        if (fresh) row = rowOfItsOwn(id, {});
+        if (row.isNull() || !enterRow(id, row, count)) continue;
+        // What was cut and is pasted comes back under its mark.
+        const AcDbObjectId old = fresh ? oldRowLike(row) : AcDbObjectId();
+        if (!old.isNull() && enterRow(id, old, count)) {
+            dropEmptied(row);
+            row = old;
+        }
+        if (!m_said.insert(row).second) continue;
         if (const std::optional<Linha> now = rowAt(row))
-            m_lines.push_back(now->marca + L": " +
-                              (m_changes.fresh.contains(row) || m_book.row(row)->quantidade == count
-                                   ? L"marca nova ("
-                                   : L"peça igual (") +
+            m_lines.push_back(now->marca +
+                              (fresh && row != old ? L": marca nova (" : L": peça igual (") +
                               wordsFor(*now) + L").");
     }
 }

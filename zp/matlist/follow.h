@@ -41,6 +41,9 @@ bool enterRow(AcDbObjectId peca, AcDbObjectId record, int count);
 bool enterChapas(AcDbObjectId chapa, AcDbObjectId record);
 /// Row of equal plates of another bar in the same row as this plate's; null when there is none.
 AcDbObjectId rowOfSiblings(AcDbObjectId chapa);
+/// A row of the same list whose pieces are gone and which says the same; null when there is none.
+/// O(rows).
+AcDbObjectId oldRowLike(AcDbObjectId fresh);
 /// Plates that were laid again after all had been erased, and have a row of their own since, stand
 /// in that of their list whose pieces are gone and which says the same, where there is one.
 /// O(rows).

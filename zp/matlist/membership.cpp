@@ -96,21 +96,28 @@ AcDbObjectId rowOfSiblings(AcDbObjectId id) {
     return {};
 }
 
-void takeOldRow(AcDbObjectId chapa) {
-    Book& book = Book::of(*chapa.database());
-    const AcDbObjectId fresh = book.rowOf(chapa);
-    const std::optional<Linha> now = fresh.isNull() ? std::nullopt : storedRow(fresh);
-    if (!now) return;
+AcDbObjectId oldRowLike(AcDbObjectId fresh) {
+    if (fresh.isNull()) return {};
+    Book& book = Book::of(*fresh.database());
+    const std::optional<Linha> now = rowAt(fresh);
+    if (!now) return {};
     for (const AcDbObjectId& record : book.records(book.row(fresh)->list)) {
         const Book::Row* const row = book.row(record);
         if (record == fresh || !row->alive || !row->pecas.empty()) continue;
         const std::optional<Linha> old = storedRow(record);
         if (!old || !old->tied || old->descricao != now->descricao ||
-            old->dimensoes != now->dimensoes || old->comprimento != now->comprimento)
+            old->dimensoes != now->dimensoes || old->material != now->material ||
+            old->comprimento != now->comprimento)
             continue;
-        if (enterChapas(chapa, record)) dropEmptied(fresh);
-        return;
+        return record;
     }
+    return {};
+}
+
+void takeOldRow(AcDbObjectId chapa) {
+    const AcDbObjectId fresh = Book::of(*chapa.database()).rowOf(chapa);
+    const AcDbObjectId old = oldRowLike(fresh);
+    if (!old.isNull() && enterChapas(chapa, old)) dropEmptied(fresh);
 }
 
 void leaveRow(AcDbObjectId id) {

@@ -10,6 +10,7 @@
 #include <QToolBar>
 
 #include "prancheta/base/text.h"
+#include "prancheta/desktop/shell/copied_data.h"
 #include "prancheta/desktop/shell/icons.h"
 #include "prancheta/desktop/shell/main_window.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
@@ -45,7 +46,17 @@ void MainWindow::registerActions() {
     m_windowActions.insert({
         {"desfazer", [this] { undo(); }},
         {"selecionar-tudo", [this] { selectAll(); }},
-        {"copiar-texto", [this] { copyText(); }},
+        {"copiar",
+         [this] {
+             if (!textIsMeant() || !copyText()) m_ui->runCommand("_COPYCLIP");
+         }},
+        {"colar",
+         [this] {
+             const QString text = QApplication::clipboard()->text();
+             if (drawingIsOffered() || text.isEmpty()) return m_ui->runCommand("_PASTECLIP");
+             m_commandLine->edit().pasteText(text);
+         }},
+        {"copiar-texto", [this] { (void)copyText(); }},
         {"colar-texto",
          [this] { m_commandLine->edit().pasteText(QApplication::clipboard()->text()); }},
         {"texto", [this] { showLog(); }},
@@ -105,11 +116,18 @@ void MainWindow::showTool(Tool tool) {
     }
 }
 
-void MainWindow::copyText() {
+/// Text that is selected on the command line, unless objects were selected since.
+bool MainWindow::textIsMeant() const {
+    return m_commandLine->edit().hasSelectedText() || m_editor->selection().empty();
+}
+
+/// False when none is selected.
+bool MainWindow::copyText() {
     const AnswerEdit& edit = m_commandLine->edit();
     const QString chosen =
         edit.hasSelectedText() ? edit.selectedText() : m_commandLine->selectedText();
     if (!chosen.isEmpty()) QApplication::clipboard()->setText(chosen);
+    return !chosen.isEmpty();
 }
 
 /// What waits is given up first, as a command of the menus does it.

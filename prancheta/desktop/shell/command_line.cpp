@@ -11,6 +11,8 @@
 #include <QTextCursor>
 #include <QVBoxLayout>
 
+#include "prancheta/desktop/shell/copied_data.h"
+
 namespace prancheta::desktop {
 namespace {
 
@@ -124,8 +126,11 @@ bool AnswerEdit::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* const key = static_cast<QKeyEvent*>(event);
         const bool nothingTyped = text().isEmpty() && key->matches(QKeySequence::SelectAll);
-        const bool nothingChosen = !hasSelectedText() && key->matches(QKeySequence::Copy);
-        if (nothingTyped || nothingChosen || key->matches(QKeySequence::Undo) ||
+        const bool nothingChosen = !hasSelectedText() && (key->matches(QKeySequence::Copy) ||
+                                                          key->matches(QKeySequence::Cut));
+        const bool objects =
+            text().isEmpty() && key->matches(QKeySequence::Paste) && drawingIsOffered();
+        if (nothingTyped || nothingChosen || objects || key->matches(QKeySequence::Undo) ||
             key->matches(QKeySequence::Redo)) {
             event->ignore();
             return true;

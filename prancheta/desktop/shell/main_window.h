@@ -74,7 +74,8 @@ private:
     void undo();
     void selectAll();
     void editEntity(AcDbObjectId entity);
-    void copyText();
+    bool textIsMeant() const;
+    bool copyText();
     void openFile(const QString& file);
     void openWanted();
     void showTool(Tool tool);

@@ -2,14 +2,17 @@
 // Questions, answers and messages of the window.
 #include "prancheta/desktop/shell/window_ui.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/dialogs/run_dialog.h"
+#include "prancheta/desktop/shell/copied_data.h"
 #include "prancheta/desktop/shell/drawing_files.h"
 
 namespace prancheta::desktop {
@@ -71,6 +74,15 @@ bool WindowUi::showTool(Tool tool) {
     showChanges();
     emit toolWanted(tool);
     return true;
+}
+
+void WindowUi::offerCopied(const Clipboard& clipboard) {
+    QGuiApplication::clipboard()->setMimeData(new CopiedData(clipboard));  // which owns it
+}
+
+void WindowUi::takeOffered(Clipboard& clipboard) {
+    const Result<void> taken = takeOfferedDrawing(*m_editor, clipboard);
+    if (!taken) complain(toWide(taken.error().message()), Complaint::Failed);
 }
 
 void WindowUi::refresh() {

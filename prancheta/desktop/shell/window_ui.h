@@ -44,6 +44,8 @@ public:
     bool mayLoad(const std::filesystem::path& module) override;
     bool showTool(Tool tool) override;
     bool pass(std::chrono::milliseconds time) override;
+    void offerCopied(const Clipboard& clipboard) override;
+    void takeOffered(Clipboard& clipboard) override;
     void refresh() override;
 
     /// The question that waits; null while a program works or a dialog stands open.

@@ -15,21 +15,9 @@ namespace {
 /// What is shown of a large paste while it follows the pointer.
 constexpr std::size_t kMostShown = 2000;
 
-/// Lower left corner of what is selected.
-AcGePoint3d cornerOf(const Ids& ids) {
-    AcDbExtents all;
-    for (const AcDbObjectId id : ids) {
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        AcDbExtents own;
-        if (entity.openStatus() == Acad::eOk && entity->getGeomExtents(own) == Acad::eOk)
-            all.addExt(own);
-    }
-    if (all.isEmpty()) return AcGePoint3d::kOrigin;
-    return {all.minPoint().x, all.minPoint().y, 0.0};
-}
-
 /// Returns the originals of what was copied.
-Ids toClipboard(const CommandContext& context, const Ids& ids, const AcGePoint3d& base) {
+Ids toClipboard(const CommandContext& context, const Ids& ids,
+                std::optional<AcGePoint3d> base = {}) {
     Editor& editor = context.editor();
     std::size_t left = 0;
     Ids taken = editor.clipboard().take(ids, base, left);
@@ -54,14 +42,13 @@ std::shared_ptr<const Picture> pictureOfAll(const Ids& ids, const AcGePoint3d& b
 
 CommandTask copyclip(CommandContext context) {
     const Selection chosen = co_await selectToRead(context);
-    if (chosen.status == RTNORM) (void)toClipboard(context, chosen.ids, cornerOf(chosen.ids));
+    if (chosen.status == RTNORM) (void)toClipboard(context, chosen.ids);
     co_return endOf(chosen.status);
 }
 
 CommandTask cutclip(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
-    if (chosen.status == RTNORM)
-        (void)eraseAll(context, toClipboard(context, chosen.ids, cornerOf(chosen.ids)));
+    if (chosen.status == RTNORM) (void)eraseAll(context, toClipboard(context, chosen.ids));
     co_return endOf(chosen.status);
 }
 
