@@ -210,6 +210,47 @@ TEST_F(Window, CopiesTheMaterialTableAndLinesOfTheLog) {
     EXPECT_TRUE(story.run());
 }
 
+TEST_F(Window, CopiedObjectsGoThroughTheSystemsClipboard) {
+    Story story;
+    const auto control = [&](Qt::Key key) {
+        QTest::keyClick(&story.edit(), key, Qt::ControlModifier);
+    };
+    story.type("c 50,50 25 ");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] {
+                   story.window().activateWindow();
+                   story.edit().setFocus();
+                   story.editor().selection().select({story.entity(0)});
+                   control(Qt::Key_C);
+               });
+    story.when([&] { return story.idle() && !story.editor().clipboard().ids().empty(); },
+               [&] {
+                   const QMimeData* const data = QApplication::clipboard()->mimeData();
+                   EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+                   EXPECT_TRUE(data->text().isEmpty());
+                   const QByteArray dxf = data->data("image/vnd.dxf");
+                   EXPECT_TRUE(dxf.contains("AC1015"));
+                   // As another window would offer it, whose clipboard this one does not know.
+                   auto* const offered = new QMimeData;
+                   offered->setData("image/vnd.dxf", dxf);
+                   QApplication::clipboard()->setMimeData(offered);
+                   story.editor().clipboard() = {};
+                   control(Qt::Key_V);
+               });
+    story.when([&] { return !story.idle() && story.window().ui().request() != nullptr; },
+               [&] { story.press("0,0 "); });
+    story.when([&] { return story.idle() && story.entities() == 2; },
+               [&] {
+                   // The lower left corner of the circle's box is the base.
+                   AcDbExtents box;
+                   const AcDbObjectPointer<AcDbEntity> pasted(story.entity(1), AcDb::kForRead);
+                   EXPECT_EQ(pasted->getGeomExtents(box), Acad::eOk);
+                   EXPECT_NEAR(box.minPoint().x, 0, 1e-9);
+                   EXPECT_NEAR(box.maxPoint().y, 50, 1e-9);
+               });
+    EXPECT_TRUE(story.run());
+}
+
 TEST_F(Window, DialogsTakeTheGroundOfTheDrawingArea) {
     for (const bool dark : {false, true}) {
         prancheta::desktop::WindowOptions options;

@@ -182,6 +182,7 @@ protected:
             case 13:
                 return each({L"_cutclip"}, {L""});
             case 14:
+                if (editor->clipboard().ids().empty()) return false;
                 type({L"_pasteclip", L"0,9000"});
                 return true;
             default: {

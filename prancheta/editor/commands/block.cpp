@@ -62,9 +62,9 @@ CommandTask block(CommandContext context) {
     }
     const AcDbObjectId made = emptyBlock(context, name.text, base.point);
     if (made.isNull() || !fill(context, made, chosen.ids)) co_return CommandEnd::Failed;
-    if (chosen.word != L"REtain") (void)eraseAll(context, chosen.ids);
     if (chosen.word.empty() || chosen.word == L"COnvert")
         (void)addEntity(context, std::make_unique<AcDbBlockReference>(base.point, made));
+    if (chosen.word != L"REtain") eraseForOops(context, chosen.ids);
     co_return CommandEnd::Done;
 }
 

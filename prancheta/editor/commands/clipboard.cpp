@@ -48,7 +48,7 @@ CommandTask copyclip(CommandContext context) {
 
 CommandTask cutclip(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
-    if (chosen.status == RTNORM) (void)eraseAll(context, toClipboard(context, chosen.ids));
+    if (chosen.status == RTNORM) eraseForOops(context, toClipboard(context, chosen.ids));
     co_return endOf(chosen.status);
 }
 
@@ -71,13 +71,13 @@ CommandTask pasteclip(CommandContext context) {
         say(context, L"A área de transferência não tem objetos. Copie alguns com COPIAREC antes.");
         co_return CommandEnd::Done;
     }
-    const InputValue at =
-        co_await context.ask(Prompt(InputKind::Point, L"\nPonto de inserção: ")
-                                 .required()
-                                 .preview([shown = pictureOfAll(ids, copied.base())](
-                                              const AcGePoint3d& to, Picture& out) {
-                                     out.append(*shown, AcGeMatrix3d::translation(to.asVector()));
-                                 }));
+    // Not inside the co_await: g++ 12 would destroy the function object twice.
+    Prompt prompt(InputKind::Point, L"\nPonto de inserção: ");
+    prompt.required().preview(
+        [shown = pictureOfAll(ids, copied.base())](const AcGePoint3d& to, Picture& out) {
+            out.append(*shown, AcGeMatrix3d::translation(to.asVector()));
+        });
+    const InputValue at = co_await context.ask(prompt);
     if (at.status != RTNORM) co_return CommandEnd::Cancelled;
     std::size_t left = 0;
     Ids made = cloneFrom(context, ids, context.database().currentSpaceId(), left);

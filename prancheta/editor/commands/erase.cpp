@@ -7,12 +7,16 @@
 
 namespace prancheta::commands {
 
+void eraseForOops(const CommandContext& context, const Ids& ids) {
+    Ids erased = eraseAll(context, ids);
+    const std::uint64_t now = context.database().core().undo().revision();
+    context.editor().lastErased().erased(std::move(erased), now);
+}
+
 CommandTask erase(CommandContext context) {
     const Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    Ids erased = eraseAll(context, chosen.ids);
-    const std::uint64_t now = context.database().core().undo().revision();
-    context.editor().lastErased().erased(std::move(erased), now);
+    eraseForOops(context, chosen.ids);
     co_return CommandEnd::Done;
 }
 

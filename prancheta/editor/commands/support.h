@@ -108,6 +108,8 @@ void transformOrCopy(const CommandContext& context, Ids ids, const AcGeMatrix3d&
 Ids cloneAll(const CommandContext& context, const Ids& ids);
 /// Erases; returns those that were erased.
 Ids eraseAll(const CommandContext& context, const Ids& ids);
+/// The same as the last thing that a command does: OOPS brings them back.
+void eraseForOops(const CommandContext& context, const Ids& ids);
 
 /// Appends to the current space with the current layer, colour and linetype. Null, after saying so,
 /// when that fails; the entity is deleted then.
