@@ -2,6 +2,7 @@
 // The clipboard, BLOCK and INSERT.
 #include <filesystem>
 
+#include "prancheta/display/display_list.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "tests/builtin/script_ui.h"
 
