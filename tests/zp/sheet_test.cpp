@@ -253,7 +253,13 @@ TEST(Strips, MidLineFactorKAndTheShopsOwn) {
     EXPECT_NEAR(stripOf(sheet, L"U 200x75x3", rules)->width, 326 + kPi * 4.2, 1e-9);
     EXPECT_NEAR(stripOf(u(200, 75, 6).secao()->sheet(), L"", rules)->width,
                 200 - 24 + 2 * 63 + kPi * 9, 1e-9);
-    rules.widths[designationKey(L"U 200 x 75 x 3.0")] = 1.0;
+    // 15 % off the mid-line of 340.14 mm: 391.16.
+    rules.widths[designationKey(L"u 200 X 75 x 3")] = 391.2;
+    const auto refused = stripOf(sheet, L"U 200x75x3", rules);
+    EXPECT_EQ(refused->refused, 391.2);
+    EXPECT_FALSE(refused->own);
+    EXPECT_NEAR(refused->width, 326 + kPi * 4.2, 1e-9);
+    EXPECT_NEAR(refused->midLine, 326 + kPi * 4.5, 1e-9);
     rules.widths[designationKey(L"u 200 X 75 x 3")] = 338.0;
     const auto own = stripOf(sheet, L"U 200x75x3", rules);
     EXPECT_EQ(own->width, 338.0);

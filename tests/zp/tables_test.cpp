@@ -80,4 +80,26 @@ TEST_F(Tables, ABadRowIsToldAndCostsNoOther) {
     EXPECT_EQ(TableFile::read(file("torta.csv", "\"a;b\n1;2\n")).faults().size(), 1U);
     EXPECT_FALSE(TableFile::read(m_folder / "nenhuma.csv").opened());
     EXPECT_FALSE(TableFile::read(m_folder).opened());
+
+    const struct {
+        std::string bytes;
+        std::wstring_view reason;
+        std::size_t rows = 0;
+    } kCases[] = {
+        {std::string("\xFF\xFE"
+                     "d\0;\0h\0\n\0",
+                     10),
+         L"UTF-16"},
+        {std::string("d\0;\0h\0\n\0", 8), L"UTF-16"},
+        {"designacao\th\nU\t3\n", L"ponto e vírgula"},
+        {"designacao,h\nU,3\n", L"ponto e vírgula"},
+        {"designacao;h\nU\x1B[31m;3\nU 4;4\n", L"caracteres de controle", 1},
+        {"designacao;h;H\nU;3;4\n", L"a coluna H está duas vezes", 1},
+    };
+    for (const auto& bad : kCases) {
+        const TableFile read = TableFile::read(file("ruim.csv", bad.bytes));
+        ASSERT_EQ(read.faults().size(), 1U) << bad.bytes;
+        EXPECT_NE(read.faults()[0].reason.find(bad.reason), std::wstring::npos) << bad.bytes;
+        EXPECT_EQ(read.rows().size(), bad.rows) << bad.bytes;
+    }
 }

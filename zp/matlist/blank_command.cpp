@@ -178,8 +178,8 @@ void blankCommand() {
     if (drawing == nullptr) return;
     const AcDbObjectId bar = askBar(*drawing);
     if (bar.isNull()) return;
+    const std::optional<Blank> blank = blankOf(bar);  // may find a width that does not hold
     for (const std::wstring& fault : zp::stripFaults()) acutPrintf(L"\n%ls", fault.c_str());
-    const std::optional<Blank> blank = blankOf(bar);
     if (!blank) return;
     acutPrintf(L"\n%ls\n", blank->title.c_str());
     AcGePoint3d corner;

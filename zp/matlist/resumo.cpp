@@ -141,8 +141,9 @@ void summaryCommand() {
     const std::optional<MaterialList> list = chooseList(*drawing);
     if (!list) return;
     const std::vector<Linha> all = rows(list->id);
+    const std::vector<std::wstring> lines = summaryLines(all);  // may find widths that do not hold
     for (const std::wstring& fault : stripFaults()) acutPrintf(L"\n%ls", fault.c_str());
-    for (const std::wstring& line : summaryLines(all)) acutPrintf(L"\n%ls", line.c_str());
+    for (const std::wstring& line : lines) acutPrintf(L"\n%ls", line.c_str());
     acutPrintf(L"\n");
     constexpr double kHeaviest = 1e6;
     for (;;) {

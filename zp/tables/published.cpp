@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "texts/letters.h"
+#include "texts/number.h"
 #include "texts/path.h"
 
 namespace zp::tables {
@@ -27,6 +28,8 @@ constexpr std::wstring_view kOwn = L"_usuario";
 constexpr double kSteel = 7850e-6;
 /// An area that weighs by more above its row's mass is a misprint: it would be drawn as fillets.
 constexpr double kMostAbove = 0.01;
+/// kg/m; no rolled or bent shape weighs half of it.
+constexpr double kMostPeso = 5000.0;
 
 struct Kind {
     const wchar_t* file;
@@ -61,43 +64,57 @@ void order(Family family, std::array<double, 4>& v) {
     if (kindOf(family).eitherWay && v[0] < v[1]) std::swap(v[0], v[1]);
 }
 
-/// What stands in the family's columns; refused, and nothing, when one is missing.
-std::optional<std::array<double, 4>> sizesOf(TableFile& table, const Row& row, Family family,
-                                             const std::array<int, 4>& columns) {
+/// The names of a table's columns that every row needs, the designation first.
+std::vector<const wchar_t*> neededColumns(Family family) {
+    std::vector<const wchar_t*> names{L"designacao"};
+    for (const wchar_t* const name : kindOf(family).columns)
+        if (name != nullptr) names.push_back(name);
+    return names;
+}
+
+/// What stands in the columns of the size; refused, and nothing, when one is missing.
+std::optional<std::array<double, 4>> sizesOf(TableFile& table, const Row& row,
+                                             std::span<const wchar_t* const> names) {
     std::array<double, 4> v{};
-    for (std::size_t i = 0; i < v.size() && kindOf(family).columns[i] != nullptr; ++i) {
-        const std::wstring name = kindOf(family).columns[i];
-        if (table.text(row, columns[i]).empty()) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::wstring name = names[i];
+        const int place = table.column(name);
+        if (table.text(row, place).empty()) {
             table.refuse(row, L"falta " + name + L"; escreva a medida em mm");
             return {};
         }
-        const std::optional<double> value = table.number(row, columns[i]);
+        const std::optional<double> value = table.number(row, place);
         if (!value) return {};
         if (!(*value > 0.0)) {
-            table.refuse(row, name + L" deve ser maior que zero");
+            table.refuse(row, name + L" deve ser maior que zero; escreva a medida em mm");
             return {};
         }
         v[i] = *value;
     }
-    order(family, v);
     return v;
 }
 
 enum class Least { Zero, AboveZero };
 
 /// Nothing for a number that a row may not have; -1 where it prints none.
-std::optional<double> printed(TableFile& table, const Row& row, const wchar_t* column,
-                              Least least) {
+std::optional<double> printed(TableFile& table, const Row& row, const wchar_t* column, Least least,
+                              double most) {
     const int place = table.column(column);
     if (table.text(row, place).empty()) return -1.0;
     const std::optional<double> value = table.number(row, place);
     if (!value) return {};
-    if (*value > 0.0 || (least == Least::Zero && *value == 0.0)) return value;
-    table.refuse(row, std::wstring(column) + L" deve ser maior que zero, ou vazio");
+    if (*value < 0.0 || (least == Least::AboveZero && *value == 0.0)) {
+        table.refuse(row, std::wstring(column) + L" deve ser maior que zero, ou vazio");
+        return {};
+    }
+    if (*value <= most) return value;
+    table.refuse(row, std::wstring(column) + L" passa de " + texts::withComma(most) +
+                          L", mais do que cabe nesta medida; corrija ou deixe vazio");
     return {};
 }
 
-std::optional<Published> publishedIn(TableFile& table, const Row& row) {
+std::optional<Published> publishedIn(TableFile& table, const Row& row,
+                                     const std::array<double, 4>& v, bool hasWidth) {
     Published p;
     p.name = table.text(row, table.column(L"designacao"));
     if (p.name.empty() || p.name.size() > kMostName) {
@@ -105,10 +122,13 @@ std::optional<Published> publishedIn(TableFile& table, const Row& row) {
                      L"designacao deve ter de 1 a " + std::to_wstring(kMostName) + L" caracteres");
         return {};
     }
-    const auto kg = printed(table, row, L"kg_m", Least::AboveZero);
-    const auto area = printed(table, row, L"A", Least::AboveZero);
-    const auto root = printed(table, row, L"r", Least::Zero);
-    const auto toe = printed(table, row, L"r_ponta", Least::Zero);
+    // No shape fills the square of its largest number; a larger fillet would leave no flat.
+    const double square = 0.01 * std::pow(*std::ranges::max_element(v), 2);
+    const double fillet = 0.5 * (hasWidth ? std::min(v[0], v[1]) : v[0]);
+    const auto kg = printed(table, row, L"kg_m", Least::AboveZero, kMostPeso);
+    const auto area = printed(table, row, L"A", Least::AboveZero, square);
+    const auto root = printed(table, row, L"r", Least::Zero, fillet);
+    const auto toe = printed(table, row, L"r_ponta", Least::Zero, fillet);
     if (!kg || !area || !root || !toe) return {};
     p.kgMetro = *kg;
     const bool misprint = *kg > 0.0 && *area * 100.0 * kSteel > (1.0 + kMostAbove) * *kg;
@@ -158,6 +178,16 @@ std::optional<Family> familyOf(const Found& table) {
 
 }  // namespace
 
+std::optional<SizedRow> sizedRow(TableFile& table, const Row& row,
+                                 std::span<const wchar_t* const> columns) {
+    const auto v = sizesOf(table, row, columns);
+    if (!v) return {};
+    const bool hasWidth = columns.size() > 1 && columns[1] == std::wstring_view(L"b");
+    std::optional<Published> published = publishedIn(table, row, *v, hasWidth);
+    if (!published) return {};
+    return SizedRow{*v, std::move(*published)};
+}
+
 PublishedTables::PublishedTables(const fs::path& folder) {
     const std::vector<Found> tables = tablesIn(folder);
     for (const Found& table : tables) {
@@ -180,35 +210,22 @@ PublishedTables::PublishedTables(const fs::path& folder) {
 
 void PublishedTables::read(const fs::path& file, Family family) {
     TableFile table = TableFile::read(file);
-    std::array<int, 4> columns{-1, -1, -1, -1};
-    std::wstring missing = table.column(L"designacao") < 0 ? L"designacao" : L"";
-    for (std::size_t i = 0; i < columns.size() && kindOf(family).columns[i] != nullptr; ++i) {
-        columns[i] = table.column(kindOf(family).columns[i]);
-        if (columns[i] < 0) missing = kindOf(family).columns[i];
-    }
-    if (!table.opened()) {
-        m_faults.push_back({file, 0, L"não pode ser lida; confira as permissões"});
-        return;
-    }
-    if (table.faults().empty() && !missing.empty()) {
-        m_faults.push_back({file, 0, L"falta a coluna " + missing + L"; nada dela foi lido"});
-        return;
-    }
+    const std::vector<const wchar_t*> needed = neededColumns(family);
     std::map<std::array<double, 4>, int> lines;
-    for (const Row& row : table.rows()) {
-        const auto v = sizesOf(table, row, family, columns);
-        if (!v) continue;
-        std::optional<Published> published = publishedIn(table, row);
-        if (!published) continue;
-        const auto [first, fresh] = lines.emplace(*v, row.line);
-        if (fresh) {
-            m_entries[static_cast<std::size_t>(family)].push_back({*v, m_rows.size()});
-            m_rows.push_back(std::move(*published));
-        } else {
-            table.refuse(row, L"a medida já está na linha " + std::to_wstring(first->second) +
-                                  L", que vale; tire uma delas");
+    if (table.columns(needed))
+        for (const Row& row : table.rows()) {
+            std::optional<SizedRow> sized = sizedRow(table, row, std::span(needed).subspan(1));
+            if (!sized) continue;
+            order(family, sized->v);
+            const auto [first, fresh] = lines.emplace(sized->v, row.line);
+            if (fresh) {
+                m_entries[static_cast<std::size_t>(family)].push_back({sized->v, m_rows.size()});
+                m_rows.push_back(std::move(sized->published));
+            } else {
+                table.refuse(row, L"a medida já está na linha " + std::to_wstring(first->second) +
+                                      L", que vale; tire uma delas");
+            }
         }
-    }
     m_faults.insert(m_faults.end(), table.faults().begin(), table.faults().end());
 }
 

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -54,6 +56,17 @@ struct Published {
     double root = -1.0;     ///< radius of the fillets, mm
     double toe = -1.0;      ///< radius of the toes, mm
 };
+
+/// A row that can be used.
+struct SizedRow {
+    std::array<double, 4> v{};  ///< mm, in the order of the columns asked for
+    Published published;
+};
+/// The row's size, of at most four columns, and what it prints. Nothing, and told in the table's
+/// faults, when a size is missing, the name is none, or mass, area or a radius is what no rolled or
+/// bent shape of that size has.
+std::optional<SizedRow> sizedRow(TableFile& table, const Row& row,
+                                 std::span<const wchar_t* const> columns);
 
 /// All tables of one folder, the users' own rows ("w_hp_usuario.csv") before those of the same size
 /// that come with the program.

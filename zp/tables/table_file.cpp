@@ -3,6 +3,8 @@
 #include "zp/tables/table_file.h"
 
 #include <algorithm>
+#include <set>
+#include <system_error>
 #include <utility>
 
 #include "files/replacement.h"
@@ -60,14 +62,35 @@ std::optional<std::vector<std::wstring>> fieldsOf(std::wstring_view rest) {
     }
 }
 
+/// Tabs as well: what stands around a field is gone here.
+bool hasControls(const std::wstring& field) {
+    return std::ranges::any_of(field,
+                               [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); });
+}
+
+bool isUtf16(std::string_view bytes) {
+    return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
+           bytes.find('\0') != std::string_view::npos;
+}
+
 }  // namespace
 
 TableFile TableFile::read(const std::filesystem::path& path) {
     TableFile table;
     table.m_path = path;
     const std::optional<std::string> bytes = files::readRegular(path);
-    if (!bytes) return table;
+    if (!bytes) {
+        std::error_code error;
+        if (std::filesystem::exists(std::filesystem::symlink_status(path, error)))
+            table.m_faults.push_back(
+                {path, 0, L"não é um arquivo que se possa ler; confira o nome e as permissões"});
+        return table;
+    }
     table.m_opened = true;
+    if (isUtf16(*bytes)) {
+        table.m_faults.push_back({path, 0, L"está em UTF-16; grave-a como texto em UTF-8"});
+        return table;
+    }
     const std::wstring text = texts::decodeText(*bytes);
     int line = 0;
     for (std::size_t start = 0; start < text.size(); ++line) {
@@ -88,8 +111,12 @@ void TableFile::addLine(int line, std::wstring_view text) {
     Row row{line, fields ? std::move(*fields) : std::vector<std::wstring>()};
     if (!fields) {
         refuse(row, L"aspas não fecham no campo; dobre as de dentro e feche-o com aspas e \";\"");
+    } else if (std::ranges::any_of(row.fields, hasControls)) {
+        refuse(row, row.fields.size() == 1 && m_header.empty()
+                        ? L"as colunas não estão separadas por ponto e vírgula; troque o separador"
+                        : L"tem caracteres de controle; apague-os");
     } else if (m_header.empty()) {
-        m_header = std::move(row.fields);
+        readHeader(std::move(row));
     } else if (row.fields.size() > m_header.size()) {
         refuse(row, L"mais campos do que colunas (" + std::to_wstring(row.fields.size()) + L" em " +
                         std::to_wstring(m_header.size()) + L"); tire o que sobra");
@@ -98,10 +125,36 @@ void TableFile::addLine(int line, std::wstring_view text) {
     }
 }
 
+void TableFile::readHeader(Row row) {
+    if (row.fields.size() == 1 && row.fields[0].find(L',') != std::wstring::npos) {
+        refuse(row, L"as colunas não estão separadas por ponto e vírgula; troque o separador");
+        return;
+    }
+    std::set<std::wstring> names;
+    for (const std::wstring& name : row.fields)
+        if (!name.empty() && !names.insert(texts::lower(name)).second)
+            refuse(row, L"a coluna " + name + L" está duas vezes e vale a primeira; tire a outra");
+    m_header = std::move(row.fields);
+}
+
 int TableFile::column(std::wstring_view name) const {
     const auto found = std::ranges::find_if(
         m_header, [&](const std::wstring& h) { return texts::equalIgnoringCase(h, name); });
     return found == m_header.end() ? -1 : static_cast<int>(found - m_header.begin());
+}
+
+std::optional<std::vector<int>> TableFile::columns(std::span<const wchar_t* const> names) {
+    if (m_header.empty()) return {};
+    std::vector<int> places;
+    for (const wchar_t* const name : names) {
+        places.push_back(column(name));
+        if (places.back() >= 0) continue;
+        m_faults.push_back(
+            {m_path, 0,
+             std::wstring(L"falta a coluna ") + name + L" e nada foi lido; acrescente-a"});
+        return {};
+    }
+    return places;
 }
 
 std::wstring TableFile::text(const Row& row, int column) const {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,10 +30,12 @@ struct Row {
 /// mark is the inch's.
 class TableFile {
 public:
-    /// A row that cannot be used is left out and told in faults(); the others are read.
+    /// A row that cannot be used is left out and told in faults(); the others are read. So is told
+    /// what is there and no file, another encoding, another separator (no row is read then) and a
+    /// column that is named twice (the first one holds).
     static TableFile read(const std::filesystem::path& path);
 
-    /// False: there is no such file, or none that can be read. That is no fault by itself.
+    /// False: there is no such file, which is no fault by itself, or none that can be read.
     bool opened() const { return m_opened; }
     const std::filesystem::path& path() const { return m_path; }
     /// Of a name, whatever its case; -1 when the table has no such column.
@@ -43,12 +46,15 @@ public:
     /// Decimal point or comma. Nothing for an empty field, and for one that is no number, which is
     /// told in faults(): ask once.
     std::optional<double> number(const Row& row, int column);
+    /// Their places; nothing, and told, when one is missing.
+    std::optional<std::vector<int>> columns(std::span<const wchar_t* const> names);
     /// Another fault of a row, found by who knows what its columns mean.
     void refuse(const Row& row, std::wstring reason);
     const std::vector<Fault>& faults() const { return m_faults; }
 
 private:
     void addLine(int line, std::wstring_view text);
+    void readHeader(Row row);
 
     std::filesystem::path m_path;
     bool m_opened = false;

@@ -17,7 +17,8 @@ struct StripRules {
     /// thickness that it holds for, mm. Thicker sheets, and all where there is none: 0.5, the
     /// mid-line.
     std::map<double, double> factorK;
-    /// The shop's own widths, mm, by designationKey of the single shape.
+    /// The shop's own widths, mm, by designationKey of the single shape. One that is more than 15 %
+    /// off the mid-line is a slip of the pen and does not hold.
     std::map<std::wstring, double> widths;
 };
 
@@ -31,7 +32,9 @@ struct Strip {
     };
     std::vector<Bend> bends;
     double espessura = 0.0;
-    bool own = false;  ///< the width is the shop's; bends are spread as developed
+    bool own = false;               ///< the width is the shop's; bends are spread as developed
+    std::optional<double> refused;  ///< the shop's width that does not hold, mm
+    double midLine = 0.0;           ///< developed width of the mid-line, mm
 };
 
 /// Of one single shape; nothing where it is bent from no strip (tubes are bought as tubes).
