@@ -16,6 +16,7 @@ namespace perfis {
 namespace {
 
 namespace fs = std::filesystem;
+using protocol::Severity;
 
 bool isFolder(const fs::path& path) {
     std::error_code error;
@@ -40,10 +41,7 @@ public:
             if (!folders)
                 return L"a pasta não é a de instalação (com Perfis/Listas) nem a das listas (com "
                        L"arquivos .lst)";
-            CatalogueFindings findings;
-            const SideTables tables = examineTables(folders->tables, findings);
-            examineLists(folders->lists, tables, findings);
-            for (const CatalogueFinding& f : findings)
+            for (const CatalogueFinding& f : examineCatalogues(*folders))
                 visitor.finding({f.severity, f.file.c_str(), f.line, f.row.c_str(), f.text.c_str(),
                                  f.remedy.c_str()});
             return nullptr;
@@ -80,6 +78,23 @@ std::optional<CatalogueFolders> cataloguesIn(const fs::path& folder) {
     if (const auto installed = installationFolder(); !isFolder(tables) && installed)
         tables = texts::pathOf(*installed) / "Perfis" / "Tabelas";
     return CatalogueFolders{folder, tables};
+}
+
+CatalogueFindings examineCatalogues(const CatalogueFolders& folders) {
+    CatalogueFindings findings;
+    SideTables tables = examineTables(folders.tables, findings);
+    if (!isFolder(folders.tables)) {
+        findings.push_back({Severity::Fault,
+                            texts::shown(folders.tables.filename()),
+                            0,
+                            {},
+                            L"Falta a pasta das tabelas; as listas não foram comparadas com elas.",
+                            L"Copie-a de uma instalação inteira."});
+        for (SideTable& table : tables) table.there = true;  // said once
+    }
+    examineStrips(folders.tables, tables, findings);
+    examineLists(folders.lists, tables, findings);
+    return findings;
 }
 
 void catalogueCommand() {

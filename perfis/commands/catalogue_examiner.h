@@ -10,6 +10,7 @@
 
 #include "perfis/commands/catalogue_families.h"
 #include "protocol/check.h"
+#include "zp/tables/table_file.h"
 
 namespace perfis {
 
@@ -37,24 +38,44 @@ using SizeKey = std::vector<long>;
 /// `sizes`: where they stand in the dialog.
 SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const Medidas& medidas);
 
-/// A size of a family: the order in which its tables have it, and what they print.
-struct TabledSize {
-    int place = 0;
-    bool own = false;  ///< a user's row, which goes before that of the same size
+/// What a row of a side table prints.
+struct TabledRow {
     std::wstring designacao;
     std::optional<double> peso;  ///< kg/m
 };
-/// By family, in the order of families(); tables that are not there have no sizes.
-using SideTables = std::vector<std::map<SizeKey, TabledSize>>;
+/// A size of a family, from rows that its reader takes.
+struct TabledSize {
+    int place = 0;  ///< in the order of its tables
+    std::optional<TabledRow> delivered;
+    std::optional<TabledRow> own;  ///< the user's, which goes before
+};
+struct SideTable {
+    bool there = false;  ///< the table that is delivered, whatever it holds
+    std::map<SizeKey, TabledSize> sizes;
+};
+/// By family, in the order of families().
+using SideTables = std::vector<SideTable>;
+
+/// What the reader of a table says, as a finding.
+CatalogueFinding findingOf(const zp::tables::Fault& fault);
 
 /// The side tables of a folder, with the user's own (l_usuario.csv, l_obra_usuario.csv). What is
 /// wrong with them goes to `findings`: rows that cannot be read or drawn, values that contradict
 /// each other or the outline, sizes that stand twice. What a row's own remark explains is a hint.
 SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings& findings);
 
-/// What is wrong with the lists of a folder: columns, outline, mass, pairs, doubles, order, and
-/// sizes that no table has. A list that is not there says nothing. O(n log n).
+/// The shop's widths of strips and factors K of the same folder: rows that cannot be read or do not
+/// hold; a width whose name no table has is a hint.
+void examineStrips(const std::filesystem::path& folder, const SideTables& tables,
+                   CatalogueFindings& findings);
+
+/// What is wrong with the lists of a folder: columns, outline, mass, pairs, doubles, order, sizes
+/// that no table has, tables that are not there. A list that is not there is a hint; so is what
+/// differs from a user's own row. O(n log n).
 void examineLists(const std::filesystem::path& folder, const SideTables& tables,
                   CatalogueFindings& findings);
+
+/// All of it, in this order.
+CatalogueFindings examineCatalogues(const CatalogueFolders& folders);
 
 }  // namespace perfis

@@ -56,7 +56,11 @@ const SizeList kLists[] = {
     {.file = L"pu_lam.lst", .table = L"u", .command = perfilulaminado, .peso = true},
     {L"pbr.lst", L"barra_redonda", perfilbarraredonda},
     {L"ptb.lst", L"tubo_redondo", perfiltubo},
-    {.file = L"pbox.lst", .table = L"tubo_retangular", .command = perfilbox, .blankRows = true},
+    {.file = L"pbox.lst",
+     .table = L"tubo_retangular",
+     .command = perfilbox,
+     .blankRows = true,
+     .oneMore = true},
     {L"pua.lst", L"u_dobrado", pidobrado},
     {L"puf.lst", L"u_dobrado", pcxdobrado},
     {.file = L"puaenr.lst", .table = L"u_enrijecido", .command = pienrdobrado, .sizes = kHbte},
@@ -75,7 +79,8 @@ const SizeList kLists[] = {
      .source = 0,
      .shown = L"BitolasAcoMinas.lst",
      .peso = true,
-     .blankRows = true},
+     .blankRows = true,
+     .shows = Shown::kName},
     {.file = L"ipe.lst",
      .table = L"ipe",
      .command = pilaminado,
@@ -90,7 +95,8 @@ const SizeList kLists[] = {
      .source = 2,
      .shown = L"vi_usa.lst",
      .peso = true,
-     .blankRows = true},
+     .blankRows = true,
+     .shows = Shown::kColumns},
 };
 
 }  // namespace

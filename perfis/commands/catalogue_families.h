@@ -38,6 +38,13 @@ struct Family {
 
 std::span<const Family> families();
 
+/// What the lines of a shown list have of the sizes.
+enum class Shown {
+    kName,            ///< "W 150 x 13.0"
+    kNameAndColumns,  ///< "CS150x25    150   25.4": height and mass behind the name
+    kColumns,
+};
+
 /// A list of sizes.
 struct SizeList {
     const wchar_t* file;
@@ -50,6 +57,8 @@ struct SizeList {
     /// Where the family's sizes stand in the dialog; empty: as the family has them.
     std::span<const SizeColumn> sizes{};
     bool blankRows = false;  ///< an empty line is a row
+    bool oneMore = false;    ///< rows may have a column that nobody reads
+    Shown shows = Shown::kNameAndColumns;
 };
 
 std::span<const SizeList> sizeLists();

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cwctype>
+#include <set>
+#include <system_error>
 
 #include "perfis/catalogues/list_text.h"
 #include "perfis/commands/catalogue_examiner.h"
@@ -14,16 +16,23 @@
 namespace perfis {
 namespace {
 
+using protocol::Severity;
+
 /// Characters of a line that make one row.
 constexpr std::size_t kLongestRow = 118;
+/// No size and no mass is larger, mm and kg/m.
+constexpr double kMostNumber = 1e6;
 /// kg/m of printed masses that are the same.
 constexpr double kSamePeso = 0.006;
+/// Half of the last digit that a shown list has, and a little.
+constexpr double kSameShown = 0.051;
 /// Of a mass that no table has, from that of the bare outline: fillets and toes are not in it.
 constexpr double kPesoOff = 0.08;
 
 struct ListRow {
     int line = 0;
     std::wstring text;
+    std::wstring name;  ///< in front of the numbers, where the list has one
     Medidas medidas;
     bool repeated = false;
 };
@@ -44,6 +53,33 @@ std::wstring onOneLine(std::wstring text) {
     std::ranges::replace_if(
         text, [](wchar_t c) { return c < L' '; }, L' ');
     return text.size() > kMost ? text.substr(0, kMost) + L"..." : text;
+}
+
+/// Small words, numbers and signs, however they are set apart: "CS150x25" and "CS 150 x 25,0" are
+/// one name.
+std::vector<std::wstring> tokensOf(std::wstring_view text) {
+    const auto digit = [](wchar_t c) { return c >= L'0' && c <= L'9'; };
+    const std::wstring small = texts::lower(text);
+    std::vector<std::wstring> tokens;
+    for (std::size_t i = 0; i < small.size();) {
+        std::size_t end = i + 1;
+        if (digit(small[i])) {
+            while (end < small.size() &&
+                   (digit(small[end]) || ((small[end] == L',' || small[end] == L'.') &&
+                                          end + 1 < small.size() && digit(small[end + 1]))))
+                ++end;
+            const std::wstring number = small.substr(i, end - i);
+            const std::optional<double> value = texts::exactReal(number);
+            tokens.push_back(value ? texts::withComma(*value, 4) : number);
+        } else if (small[i] > L' ') {
+            while (end < small.size() && std::iswalpha(static_cast<wint_t>(small[i])) &&
+                   std::iswalpha(static_cast<wint_t>(small[end])))
+                ++end;
+            tokens.push_back(small.substr(i, end - i));
+        }
+        i = end;
+    }
+    return tokens;
 }
 
 /// Places of the texts outside the longest run in ascending order. O(n log n), by patience
@@ -84,15 +120,24 @@ public:
                 m_table = &tables[i];
             }
     }
+    /// That a list of this family stands here without its table.
+    const Family* untabled() const {
+        return m_read && m_table && !m_table->there ? m_family : nullptr;
+    }
 
     void examine() {
         const std::optional<std::vector<std::wstring>> lines = linesIn(m_list.file);
         if (!lines) {
-            if (m_list.shown != nullptr && linesIn(m_list.shown))
-                add(0, {}, std::wstring(L"Falta a lista com as medidas de ") + m_list.shown + L".",
-                    L"Copie-a de uma instalação inteira.");
+            if (isThere(m_list.file)) return;
+            const bool paired = m_list.shown != nullptr && isThere(m_list.shown);
+            add(0, {},
+                paired ? std::wstring(L"Falta a lista com as medidas de ") + m_list.shown + L"."
+                       : L"A lista não está na pasta.",
+                L"Copie-a de uma instalação inteira.", nullptr,
+                paired ? Severity::Fault : Severity::Hint);
             return;
         }
+        m_read = true;
         for (std::size_t i = 0; i < lines->size(); ++i)
             readRow(static_cast<int>(i) + 1, (*lines)[i]);
         for (const ListRow& row : m_rows) {
@@ -100,7 +145,7 @@ public:
             examineOutline(row);
         }
         findDoubles();
-        if (m_table != nullptr && !m_table->empty()) compareWithTable();
+        if (m_table != nullptr && !m_table->sizes.empty()) compareWithTable();
         if (m_list.shown != nullptr) examinePair();
     }
 
@@ -108,15 +153,27 @@ private:
     const PerfilDescription& description() const { return m_list.command.description; }
 
     void add(int line, const std::wstring& row, std::wstring text, std::wstring remedy,
-             const wchar_t* file = nullptr) {
-        m_findings.push_back({protocol::Severity::Fault, file != nullptr ? file : m_list.file, line,
-                              onOneLine(row), std::move(text), std::move(remedy)});
+             const wchar_t* file = nullptr, Severity severity = Severity::Fault) {
+        m_findings.push_back({severity, file != nullptr ? file : m_list.file, line, onOneLine(row),
+                              std::move(text), std::move(remedy)});
+    }
+
+    std::filesystem::path pathOf(const wchar_t* file) const {
+        return texts::entryOf(m_folder, texts::pathOf(file));
+    }
+    bool isThere(const wchar_t* file) const {
+        std::error_code error;
+        return std::filesystem::exists(std::filesystem::symlink_status(pathOf(file), error));
     }
 
     std::optional<std::vector<std::wstring>> linesIn(const wchar_t* file) {
-        const std::filesystem::path path = texts::entryOf(m_folder, texts::pathOf(file));
-        const std::shared_ptr<const ListText> list = readListText(path.wstring());
-        if (!list) return {};
+        const std::shared_ptr<const ListText> list = readListText(pathOf(file).wstring());
+        if (!list) {
+            if (isThere(file))
+                add(0, {}, L"Não é um arquivo que se possa ler.",
+                    L"Confira o nome e as permissões.", file);
+            return {};
+        }
         if (list->format.damaged)
             add(0, {}, L"O arquivo tem caracteres nulos, fins de linha soltos ou foi cortado.",
                 L"Grave-o de novo como texto em UTF-8.", file);
@@ -145,14 +202,15 @@ private:
         const std::size_t count =
             fields.size() -
             std::min<std::size_t>(fields.size(), static_cast<std::size_t>(m_list.firstColumn));
-        ListRow row{line, text, {}, false};
+        ListRow row{line, text, m_list.firstColumn > 0 ? fields[0] : std::wstring(), {}, false};
         for (std::size_t i = 0; i < std::min(count, columns.size()); ++i) {
             const std::wstring& field = fields[i + static_cast<std::size_t>(m_list.firstColumn)];
             const std::optional<double> number = texts::exactReal(field);
-            if (!number) {
+            if (!number || std::abs(*number) > kMostNumber) {
                 add(line, text,
                     L"A coluna " + std::to_wstring(i + 1 + m_list.firstColumn) +
-                        L" não é um número: \"" + onOneLine(field) + L"\".",
+                        (number ? L" é grande demais: \"" : L" não é um número: \"") +
+                        onOneLine(field) + L"\".",
                     L"Escreva a medida em mm, com as colunas separadas por tabulações.");
                 return;
             }
@@ -160,17 +218,16 @@ private:
         }
         const bool lacks =
             count < columns.size() && (m_list.peso || description().wrong(row.medidas) != nullptr);
-        if (lacks || count > columns.size() + (mayHaveMore() ? 1 : 0)) {
+        if (lacks || count > columns.size() + (m_list.oneMore ? 1 : 0)) {
             add(line, text,
-                L"A linha tem " + std::to_wstring(fields.size()) + L" colunas, e a lista pede " +
+                L"A linha tem " + std::to_wstring(fields.size()) +
+                    (fields.size() == 1 ? L" coluna" : L" colunas") + L", e a lista pede " +
                     std::to_wstring(columns.size() + m_list.firstColumn) + L".",
                 L"Separe as colunas por uma tabulação só e complete ou apague o que não cabe.");
             return;
         }
         m_rows.push_back(row);
     }
-    /// The rows that these commands build may carry a lip that nobody reads.
-    bool mayHaveMore() const { return description().edits == CatalogueEdits::kWrittenBack; }
 
     void examineOutline(const ListRow& row) {
         const PecaRequest request{
@@ -185,23 +242,40 @@ private:
 
     const TabledSize* tabled(const ListRow& row) const {
         if (m_table == nullptr) return nullptr;
-        const auto found = m_table->find(sizeKeyOf(*m_family, m_sizes, row.medidas));
-        return found == m_table->end() ? nullptr : &found->second;
+        const auto found = m_table->sizes.find(sizeKeyOf(*m_family, m_sizes, row.medidas));
+        return found == m_table->sizes.end() ? nullptr : &found->second;
     }
 
+    static std::optional<double> pesoOf(const std::optional<TabledRow>& row) {
+        return row ? row->peso : std::nullopt;
+    }
+    /// Against the row that is delivered. A user's own one goes before it in drawings: what differs
+    /// from that alone is a hint.
     void examinePeso(const ListRow& row) {
         if (!m_list.peso) return;
         const double peso = row.medidas.m;
         const TabledSize* const size = tabled(row);
-        const double other = size != nullptr && size->peso ? *size->peso : pesoOfOutline(row);
-        const bool printed = size != nullptr && size->peso;
-        if (std::abs(peso - other) <= (printed ? kSamePeso : kPesoOff * other) || other <= 0.0)
-            return;
+        const auto delivered = size != nullptr ? pesoOf(size->delivered) : std::nullopt;
+        const auto own = size != nullptr ? pesoOf(size->own) : std::nullopt;
+        const auto same = [&](double other) { return std::abs(peso - other) <= kSamePeso; };
+        if (own && same(*own)) return;
+        if (delivered && !same(*delivered))
+            tellPeso(row, L"a tabela imprime ", *delivered, Severity::Fault);
+        else if (own)
+            tellPeso(row, L"a tabela da casa diz ", *own, Severity::Hint);
+        else if (const double outline = delivered ? 0.0 : pesoOfOutline(row);
+                 std::abs(peso - outline) > kPesoOff * outline && outline > 0.0)
+            tellPeso(row, L"o contorno dá ", outline, Severity::Fault);
+    }
+    void tellPeso(const ListRow& row, const wchar_t* from, double other, Severity severity) {
+        const double peso = row.medidas.m;
         add(row.line, row.text,
-            L"A massa é de " + texts::withComma(peso) + L" kg/m; " +
-                (printed ? L"a tabela imprime " : L"o contorno dá ") + texts::withComma(other) +
-                L" (" + texts::withComma(100.0 * (peso / other - 1.0), 1) + L" %).",
-            L"Corrija a massa ou as medidas.");
+            L"A massa é de " + texts::withComma(peso) + L" kg/m; " + from +
+                texts::withComma(other) + L" (" +
+                texts::withComma(100.0 * (peso / other - 1.0), 1) + L" %).",
+            severity == Severity::Fault ? L"Corrija a massa ou as medidas."
+                                        : L"Nos desenhos vale a da casa.",
+            nullptr, severity);
     }
     /// Of the outline as it is when nobody hands a mass over. That of a rolled U, whose flanges
     /// follow from the mass, fits when it could be drawn with that mass.
@@ -250,29 +324,77 @@ private:
                 L"Mude a linha de lugar.");
     }
 
-    /// Each line shown ends with the mass of the line at the same place.
+    /// Height and mass, where the line shows them, stand behind its name; a name that no table
+    /// has ends with the mass. `name` null: whatever name.
+    bool shows(const std::wstring& text, const ListRow& row, const std::wstring* name) const {
+        std::vector<std::wstring> tokens = tokensOf(text);
+        std::vector<double> numbers;
+        if (m_list.shows != Shown::kName || name == nullptr) numbers.push_back(row.medidas.m);
+        if (m_list.shows != Shown::kName) numbers.push_back(row.medidas.h);
+        for (const double number : numbers) {
+            const auto shown = tokens.empty() ? std::nullopt : texts::exactReal(tokens.back());
+            if (!shown || !(std::abs(*shown - number) < kSameShown)) return false;
+            tokens.pop_back();
+        }
+        if (m_list.shows == Shown::kColumns) return tokens.empty();
+        return name == nullptr || tokens == tokensOf(*name);
+    }
+
+    /// What a shown line should say: the delivered row's name, else the user's.
+    std::wstring wanted(const ListRow& row, const std::vector<const TabledRow*>& rows) const {
+        std::wstring text;
+        if (m_list.shows != Shown::kColumns && !rows.empty()) text = rows[0]->designacao + L", ";
+        if (m_list.shows != Shown::kName) text += L"h " + texts::withComma(row.medidas.h) + L", ";
+        return text + texts::withComma(row.medidas.m) + L" kg/m";
+    }
+
+    /// Each line shown says the name, height and mass of the line at the same place. A name that
+    /// only differs from the user's own row is a hint; true when the line fits.
+    bool examineShown(int line, const std::wstring& text, const ListRow& row) {
+        std::vector<const TabledRow*> rows;
+        const TabledSize* const size = tabled(row);
+        if (size != nullptr && size->delivered) rows.push_back(&*size->delivered);
+        if (size != nullptr && size->own) rows.push_back(&*size->own);
+        const auto fits = [&](const std::wstring& shown, const auto& test) {
+            return std::ranges::any_of(
+                rows, [&](const TabledRow* r) { return test(shown, &r->designacao); });
+        };
+        const auto sameName = [](const std::wstring& shown, const std::wstring* name) {
+            return tokensOf(shown) == tokensOf(*name);
+        };
+        const bool hint = size != nullptr && size->own.has_value();
+        if (!row.name.empty() && !rows.empty() && !fits(row.name, sameName))
+            add(row.line, row.text,
+                L"O nome da linha não é o da tabela, " + rows[0]->designacao + L".",
+                L"Corrija o nome ou as medidas.", nullptr, hint ? Severity::Hint : Severity::Fault);
+        const auto sameLine = [&](const std::wstring& shown, const std::wstring* name) {
+            return shows(shown, row, name);
+        };
+        const bool numbersFit = shows(text, row, nullptr);
+        if (rows.empty() ? numbersFit : fits(text, sameLine)) return true;
+        add(line, text,
+            L"A linha não mostra a bitola de " + std::wstring(m_list.file) + L" no mesmo lugar: " +
+                wanted(row, rows) + L".",
+            L"Corrija a linha, ou ponha as duas listas na mesma ordem.", m_list.shown,
+            hint && numbersFit ? Severity::Hint : Severity::Fault);
+        return false;
+    }
+
     void examinePair() {
         const std::optional<std::vector<std::wstring>> lines = linesIn(m_list.shown);
+        if (!lines && isThere(m_list.shown)) return;
         std::vector<std::pair<int, std::wstring>> shown;
         for (std::size_t i = 0; lines && i < lines->size(); ++i)
             if (!(*lines)[i].empty()) shown.emplace_back(static_cast<int>(i) + 1, (*lines)[i]);
-        if (shown.size() != m_rows.size())
+        const bool paired = shown.size() == m_rows.size();
+        if (!paired)
             add(0, {},
                 L"A lista mostrada tem " + std::to_wstring(shown.size()) + L" bitolas, e " +
                     m_list.file + L" tem " + std::to_wstring(m_rows.size()) + L" que servem.",
                 L"A linha N de uma é a linha N da outra: complete a que falta.", m_list.shown);
-        for (std::size_t i = 0; i < std::min(shown.size(), m_rows.size()); ++i) {
-            const auto& [line, text] = shown[i];
-            const std::size_t last = text.find_last_of(L" \t");
-            const std::optional<double> peso =
-                texts::exactReal(last == std::wstring::npos ? text : text.substr(last + 1));
-            if (peso && std::abs(*peso - m_rows[i].medidas.m) < 0.051) continue;
-            add(line, text,
-                L"A linha não mostra a massa da bitola de " + std::wstring(m_list.file) +
-                    L" no mesmo lugar, " + texts::withComma(m_rows[i].medidas.m) + L" kg/m.",
-                L"Ponha as duas listas na mesma ordem.", m_list.shown);
-            return;  // a line too many shifts all that follow
-        }
+        for (std::size_t i = 0; i < std::min(shown.size(), m_rows.size()); ++i)
+            if (!examineShown(shown[i].first, shown[i].second, m_rows[i]) && !paired)
+                return;  // a line too many shifts all that follow
     }
 
     const SizeList& m_list;
@@ -280,7 +402,8 @@ private:
     CatalogueFindings& m_findings;
     const Family* m_family = nullptr;
     std::span<const SizeColumn> m_sizes;
-    const std::map<SizeKey, TabledSize>* m_table = nullptr;
+    const SideTable* m_table = nullptr;
+    bool m_read = false;
     std::vector<ListRow> m_rows;
 };
 
@@ -296,9 +419,19 @@ SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const
 
 void examineLists(const std::filesystem::path& folder, const SideTables& tables,
                   CatalogueFindings& findings) {
+    std::set<const Family*> untabled;
     for (const SizeList& list : sizeLists()) {
         const std::size_t first = findings.size();
-        ListExaminer(list, folder, tables, findings).examine();
+        ListExaminer examiner(list, folder, tables, findings);
+        examiner.examine();
+        const Family* const family = examiner.untabled();
+        if (family != nullptr && untabled.insert(family).second)
+            findings.push_back({Severity::Fault,
+                                std::wstring(family->table) + L".csv",
+                                0,
+                                {},
+                                std::wstring(L"Falta a tabela das bitolas de ") + list.file + L".",
+                                L"Copie-a de uma instalação inteira."});
         std::ranges::stable_sort(
             findings.begin() + static_cast<std::ptrdiff_t>(first), findings.end(), {},
             [](const CatalogueFinding& finding) { return std::pair(finding.file, finding.line); });

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cwctype>
 #include <numbers>
 
 #include "perfis/commands/catalogue_examiner.h"
@@ -10,7 +11,8 @@
 #include "texts/number.h"
 #include "texts/path.h"
 #include "zp/objects/secao/secao.h"
-#include "zp/tables/table_file.h"
+#include "zp/objects/strip_rules.h"
+#include "zp/tables/published.h"
 
 namespace perfis {
 namespace {
@@ -69,6 +71,8 @@ constexpr std::array<PrintedColumn, kAll> kColumns = {{{L"kg_m", L"kg/m"},
 constexpr double kOutlineOff = 0.01;
 constexpr double kTorsionOff = 0.05;
 constexpr double kEachOtherOff = 0.015;
+/// No value of a section is larger in its unit.
+constexpr double kMostPrinted = 1e12;
 /// kg/m of steel of 1 cm2.
 constexpr double kPesoOfArea = 0.785;
 /// By so much a maker's nominal mass of a tube may be above that of sharp corners.
@@ -111,26 +115,25 @@ std::wstring shown(double number) {
 }
 
 void tellFaults(const TableFile& table, CatalogueFindings& findings) {
-    for (const zp::tables::Fault& fault : table.faults())
-        findings.push_back({Severity::Fault,
-                            texts::shown(table.path().filename()),
-                            fault.line,
-                            {},
-                            fault.reason + L".",
-                            L"Corrija a linha."});
+    for (const zp::tables::Fault& fault : table.faults()) findings.push_back(findingOf(fault));
 }
 
 class FamilyExaminer {
 public:
-    FamilyExaminer(const Family& family, std::map<SizeKey, TabledSize>& sizes,
-                   CatalogueFindings& findings)
-        : m_family(family), m_sizes(sizes), m_findings(findings) {}
+    FamilyExaminer(const Family& family, SideTable& sizes, CatalogueFindings& findings)
+        : m_family(family), m_table(sizes), m_findings(findings) {
+        for (const SizeColumn& size : family.sizes) m_columns.push_back(size.name);
+    }
 
     void examine(const std::filesystem::path& path, bool own) {
         TableFile table = TableFile::read(path);
         m_own = own;
+        m_table.there = m_table.there || !own;
         m_file = texts::shown(path.filename());
-        for (const zp::tables::Row& row : table.rows()) examineRow(table, row);
+        std::vector<const wchar_t*> needed{L"designacao"};
+        needed.insert(needed.end(), m_columns.begin(), m_columns.end());
+        if (table.columns(needed))
+            for (const zp::tables::Row& row : table.rows()) examineRow(table, row);
         tellFaults(table, m_findings);
     }
 
@@ -144,13 +147,20 @@ private:
         m_line = row.line;
         m_name = table.text(row, table.column(L"designacao"));
         m_doubt = table.text(row, table.column(L"duvida"));
+        const auto sized = zp::tables::sizedRow(table, row, m_columns);
+        if (!sized) return;  // told by the table
         m_medidas = {};
-        if (!readSizes(table, row)) return;
+        for (std::size_t i = 0; i < m_family.sizes.size(); ++i)
+            m_medidas.*m_family.sizes[i].medida = sized->v[i];
         for (int i = 0; i < kAll; ++i) {
             const int column = table.column(kColumns[i].name);
             const std::optional<double> number = table.number(row, column);
             m_values[i].reset();
-            if (number) m_values[i] = valueOf(table.text(row, column), *number);
+            if (number && std::abs(*number) > kMostPrinted)
+                table.refuse(row, std::wstring(kColumns[i].name) +
+                                      L" é grande demais; corrija ou deixe vazio");
+            else if (number)
+                m_values[i] = valueOf(table.text(row, column), *number);
         }
         if (m_family.symmetry == Symmetry::kNone && m_name.find(L'"') != std::wstring::npos)
             widenForInches(m_values);
@@ -162,37 +172,18 @@ private:
         compareWithOutline();
     }
 
-    /// Of one size the user's row counts.
     void keepSize() {
         const auto [first, fresh] =
-            m_sizes.try_emplace(sizeKeyOf(m_family, m_family.sizes, m_medidas));
+            m_table.sizes.try_emplace(sizeKeyOf(m_family, m_family.sizes, m_medidas));
         TabledSize& size = first->second;
-        if (!fresh && size.own == m_own) {
-            add(L"A bitola já está na tabela, como " + size.designacao + L".",
+        if (fresh) size.place = static_cast<int>(m_table.sizes.size());
+        std::optional<TabledRow>& row = m_own ? size.own : size.delivered;
+        if (row) {
+            add(L"A bitola já está na tabela, como " + row->designacao + L".",
                 L"Apague uma das duas linhas.");
             return;
         }
-        if (fresh) size.place = static_cast<int>(m_sizes.size());
-        size.own = m_own;
-        size.designacao = m_name;
-        size.peso.reset();
-        if (m_values[kPeso]) size.peso = has(kPeso);
-    }
-
-    bool readSizes(TableFile& table, const zp::tables::Row& row) {
-        for (const SizeColumn& size : m_family.sizes) {
-            const int column = table.column(size.name);
-            const std::optional<double> number = table.number(row, column);
-            // What is no number is told by the table itself.
-            if (!number && !table.text(row, column).empty()) return false;
-            if (!number || *number <= 0.0) {
-                add(std::wstring(L"Falta a medida ") + size.name + L".",
-                    L"Escreva-a em mm na coluna de mesmo nome.");
-                return false;
-            }
-            m_medidas.*size.medida = *number;
-        }
-        return true;
+        row = {m_name, m_values[kPeso] ? std::optional(has(kPeso)) : std::nullopt};
     }
 
     double has(Printed which) const { return m_values[which] ? m_values[which]->number : 0.0; }
@@ -329,8 +320,9 @@ private:
     }
 
     const Family& m_family;
-    std::map<SizeKey, TabledSize>& m_sizes;
+    SideTable& m_table;
     CatalogueFindings& m_findings;
+    std::vector<const wchar_t*> m_columns;  ///< of the size
     bool m_own = false;
     std::wstring m_file;
     int m_line = 0;
@@ -354,15 +346,23 @@ std::optional<std::size_t> familyOf(std::wstring_view stem) {
     return found;
 }
 
-/// Tables that are of no family have their users' rows, too.
-bool besidesOneOf(const std::vector<std::filesystem::path>& files, std::wstring_view own) {
-    return std::ranges::any_of(files, [&](const std::filesystem::path& file) {
-        const std::wstring stem = texts::lower(texts::shown(file.stem()));
-        return stem != own && own.starts_with(stem + L"_");
-    });
-}
-
 }  // namespace
+
+CatalogueFinding findingOf(const zp::tables::Fault& fault) {
+    // The reason ends with what to do, where there is more than one thing to do.
+    const std::size_t end = fault.reason.rfind(L"; ");
+    std::wstring remedy = L"Corrija a linha.";
+    if (end != std::wstring::npos) {
+        remedy = fault.reason.substr(end + 2) + L".";
+        remedy.front() = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(remedy.front())));
+    }
+    return {Severity::Fault,
+            texts::shown(fault.file.filename()),
+            fault.line,
+            {},
+            fault.reason.substr(0, end) + L".",
+            std::move(remedy)};
+}
 
 SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings& findings) {
     SideTables tables(families().size());
@@ -379,7 +379,9 @@ SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings&
             if (stem.ends_with(kOwn) != own) continue;
             if (const std::optional<std::size_t> family = familyOf(stem))
                 FamilyExaminer(families()[*family], tables[*family], findings).examine(file, own);
-            else if (own && !besidesOneOf(files, stem))
+            else if (zp::isStripFile(file))
+                continue;
+            else if (own)
                 findings.push_back({Severity::Fault,
                                     texts::shown(file.filename()),
                                     0,
