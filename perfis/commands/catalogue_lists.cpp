@@ -141,6 +141,7 @@ public:
         for (std::size_t i = 0; i < lines->size(); ++i)
             readRow(static_cast<int>(i) + 1, (*lines)[i]);
         for (const ListRow& row : m_rows) {
+            examineName(row);
             examinePeso(row);
             examineOutline(row);
         }
@@ -244,6 +245,20 @@ private:
         if (m_table == nullptr) return nullptr;
         const auto found = m_table->sizes.find(sizeKeyOf(*m_family, m_sizes, row.medidas));
         return found == m_table->sizes.end() ? nullptr : &found->second;
+    }
+
+    /// What stands in front of the numbers.
+    void examineName(const ListRow& row) {
+        const TabledSize* const size = tabled(row);
+        if (row.name.empty() || size == nullptr) return;
+        const auto named = [&](const std::optional<TabledRow>& other) {
+            return other && tokensOf(other->designacao) == tokensOf(row.name);
+        };
+        if (named(size->delivered) || named(size->own)) return;
+        const TabledRow& first = size->delivered ? *size->delivered : *size->own;
+        add(row.line, row.text, L"O nome da linha não é o da tabela, " + first.designacao + L".",
+            L"Corrija o nome ou as medidas.", nullptr,
+            size->own ? Severity::Hint : Severity::Fault);
     }
 
     static std::optional<double> pesoOf(const std::optional<TabledRow>& row) {
@@ -355,23 +370,12 @@ private:
         const TabledSize* const size = tabled(row);
         if (size != nullptr && size->delivered) rows.push_back(&*size->delivered);
         if (size != nullptr && size->own) rows.push_back(&*size->own);
-        const auto fits = [&](const std::wstring& shown, const auto& test) {
-            return std::ranges::any_of(
-                rows, [&](const TabledRow* r) { return test(shown, &r->designacao); });
-        };
-        const auto sameName = [](const std::wstring& shown, const std::wstring* name) {
-            return tokensOf(shown) == tokensOf(*name);
-        };
         const bool hint = size != nullptr && size->own.has_value();
-        if (!row.name.empty() && !rows.empty() && !fits(row.name, sameName))
-            add(row.line, row.text,
-                L"O nome da linha não é o da tabela, " + rows[0]->designacao + L".",
-                L"Corrija o nome ou as medidas.", nullptr, hint ? Severity::Hint : Severity::Fault);
-        const auto sameLine = [&](const std::wstring& shown, const std::wstring* name) {
-            return shows(shown, row, name);
-        };
         const bool numbersFit = shows(text, row, nullptr);
-        if (rows.empty() ? numbersFit : fits(text, sameLine)) return true;
+        if (rows.empty() ? numbersFit : std::ranges::any_of(rows, [&](const TabledRow* tabledRow) {
+                return shows(text, row, &tabledRow->designacao);
+            }))
+            return true;
         add(line, text,
             L"A linha não mostra a bitola de " + std::wstring(m_list.file) + L" no mesmo lugar: " +
                 wanted(row, rows) + L".",
