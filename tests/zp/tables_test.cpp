@@ -93,6 +93,7 @@ TEST_F(Tables, ABadRowIsToldAndCostsNoOther) {
         {std::string("d\0;\0h\0\n\0", 8), L"UTF-16"},
         {"designacao\th\nU\t3\n", L"ponto e vírgula"},
         {"designacao,h\nU,3\n", L"ponto e vírgula"},
+        {std::string("designacao;h\nU\0;3\nU 4;4\n", 24), L"caracteres de controle", 1},
         {"designacao;h\nU\x1B[31m;3\nU 4;4\n", L"caracteres de controle", 1},
         {"designacao;h;H\nU;3;4\n", L"a coluna H está duas vezes", 1},
     };

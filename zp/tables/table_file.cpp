@@ -68,9 +68,10 @@ bool hasControls(const std::wstring& field) {
                                [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); });
 }
 
+/// Also without its mark: the first character of a table is ASCII.
 bool isUtf16(std::string_view bytes) {
     return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
-           bytes.find('\0') != std::string_view::npos;
+           bytes.substr(0, 2).find('\0') != std::string_view::npos;
 }
 
 }  // namespace
