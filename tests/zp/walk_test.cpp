@@ -138,7 +138,7 @@ protected:
             type(after);
             return true;
         };
-        const int kind = draw(16);
+        const int kind = draw(19);
         m_told = "kind " + std::to_string(kind);
         switch (kind) {
             case 0:
@@ -185,6 +185,19 @@ protected:
                 if (editor->clipboard().ids().empty()) return false;
                 type({L"_pasteclip", L"0,9000"});
                 return true;
+            case 15:
+                return each({L"_array"}, {L"", L"_r", L"2", L"2", L"900", L"-6000"});
+            case 16:
+                return each({L"_array"},
+                            {L"", L"_polar", L"0,0", L"3", L"200", draw(2) == 0 ? L"_y" : L"_n"});
+            case 17: {
+                const double x = 1000.0 * draw(9) + 300.0;
+                const std::wstring from = std::to_wstring(x) + L",-9000";
+                const std::wstring to = std::to_wstring(x + 100.0 * (1 + draw(20))) + L",9000";
+                type({L"_stretch", L"_c", from.c_str(), to.c_str(), L""});
+                if (editor->runner().active()) type({L"0,0", draw(2) == 0 ? L"70,0" : L"-40,30"});
+                return true;
+            }
             default: {
                 const wchar_t* const name = kBlocks[draw(2)];
                 if (!block(name).isNull()) {
