@@ -52,10 +52,14 @@ struct StandInAccess {
             host().m_plays.pop_front();
         }
         host().m_done = -100;
+        ++host().m_open;
         for (const std::wstring& action : actions) {
             fire(action);
             if (host().m_done != -100) break;
         }
+        // Whoever wired the tiles is gone when the outermost dialog has closed.
+        if (--host().m_open == 0)
+            for (auto& [key, tile] : host().m_tiles) tile.callback = nullptr;
         const int status = host().m_done == -100 ? 0 : host().m_done;
         host().m_done = -100;
         return status;

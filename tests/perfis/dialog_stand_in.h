@@ -74,5 +74,6 @@ private:
     std::wstring m_imageKey;
     std::vector<Vector> m_vectors;
     int m_done = -100;
+    int m_open = 0;  ///< dialogs, one in the other
     int m_loads = 0;
 };
