@@ -1,249 +1,234 @@
 // SPDX-License-Identifier: MIT
-// Search by words and numbers. A query and a row have a handful of numbers each, so pairing them by
-// trying all costs next to nothing.
+// Search by words and numbers.
 #include "perfis/catalogues/search.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <optional>
 #include <tuple>
 
-#include "texts/number.h"
+#include "perfis/catalogues/number_fit.h"
 
 namespace perfis {
 namespace {
 
-using Unit = SizeNumber::Unit;
+constexpr int kNoWordFit = -1;
+constexpr std::size_t kNearest = 3;
 
-constexpr double kInch = 25.4;
-/// Sizes nearer than this are one, mm: lists have two decimals; those of inches are rounded to one.
-constexpr double kSameMm = 0.006;
-constexpr double kSameInches = 0.06;
+bool isPair(std::wstring_view word) { return word.starts_with(L'2'); }
 
-constexpr int kNoFit = -1;
-
-/// mm; the second reading of a number that may be inches.
-struct Readings {
-    double mm;
-    double other;
-};
-Readings readingsOf(const SizeNumber& n) {
-    if (n.unit == Unit::kInches) return {n.value * kInch, n.value * kInch};
-    return {n.value, n.unit == Unit::kEither ? n.value * kInch : n.value};
+/// "u" also finds the "2u" of a pair.
+int pairFit(std::wstring_view typed, std::wstring_view has) {
+    return isPair(has) && has.substr(1).starts_with(typed) ? 2 : kNoWordFit;
 }
 
-/// By how much they differ in the reading that makes it least, over the larger; 0: the same.
-double relativeDifference(const SizeNumber& typed, const SizeNumber& has) {
-    const bool rounded = typed.unit != Unit::kMm || has.unit != Unit::kMm;
-    const Readings a = readingsOf(typed);
-    const Readings b = readingsOf(has);
-    double least = std::numeric_limits<double>::max();
-    for (const double x : {a.mm, a.other}) {
-        for (const double y : {b.mm, b.other}) {
-            const double difference = std::abs(x - y);
-            if (difference <= (rounded ? kSameInches : kSameMm)) return 0.0;
-            least = std::min(least, difference / std::max(std::abs(x), std::abs(y)));
-        }
+int better(int a, int b) { return a == kNoWordFit || (b != kNoWordFit && b < a) ? b : a; }
+
+/// What fits a part of the query comes only near; `why` is told first.
+void keepNearest(SizeSearch::Found& found, std::wstring why) {
+    found.rows.resize(std::min(found.rows.size(), kNearest));
+    found.best = 0;
+    found.difference = found.difference.empty() ? std::move(why) : why + L' ' + found.difference;
+}
+
+std::wstring quoted(const std::wstring& text) { return L'"' + text + L'"'; }
+
+/// As the trade writes the form of a built-up, an ASCII letter or signs.
+std::wstring inCapitals(std::wstring form) {
+    for (wchar_t& c : form)
+        if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
+    return form;
+}
+
+/// Takes a size that was typed more than once out of the numbers but for the first time, and
+/// returns it; else an empty text.
+std::wstring takeRepeated(SizeNumbers& numbers) {
+    for (std::size_t count = 2; 2 * count <= numbers.size(); ++count) {
+        if (numbers.size() % count != 0) continue;
+        const bool repeats = std::equal(
+            numbers.begin() + static_cast<std::ptrdiff_t>(count), numbers.end(), numbers.begin(),
+            [](const SizeNumber& a, const SizeNumber& b) { return isSame(a, b); });
+        if (!repeats) continue;
+        numbers.resize(count);
+        std::wstring size;
+        for (const SizeNumber& n : numbers) size += (size.empty() ? L"" : L"x") + n.typed;
+        return size;
     }
-    return least;
-}
-
-bool lacksOneDigit(std::wstring_view typed, std::wstring_view has) {
-    if (typed.size() + 1 != has.size()) return false;
-    const auto differs = std::ranges::mismatch(typed, has);
-    return std::equal(differs.in1, typed.end(), differs.in2 + 1);
-}
-
-/// The better the smaller: the same number, the beginning of one, one with a digit more.
-int numberFit(const SizeNumber& typed, const SizeNumber& has, bool repair) {
-    if (relativeDifference(typed, has) == 0.0) return 0;
-    // The sign of inches may be left out: "I 3" is the I 3", not the one of 304.8 mm.
-    if (typed.unit == Unit::kMm && typed.value == has.value) return 0;
-    if (typed.unit == Unit::kInches || typed.digits.empty() || has.digits.empty()) return kNoFit;
-    if (has.digits.starts_with(typed.digits)) return 1;
-    return repair && lacksOneDigit(typed.digits, has.digits) ? 2 : kNoFit;
-}
-
-/// Whole words before beginnings; "u" also finds the "2u" of a pair.
-int wordFit(std::wstring_view typed, std::wstring_view has) {
-    if (typed == has) return 0;
-    if (has.starts_with(typed)) return 1;
-    return has.starts_with(L'2') && has.substr(1).starts_with(typed) ? 2 : kNoFit;
-}
-
-int wordsFit(const std::vector<std::wstring>& typed, const std::vector<std::wstring>& has) {
-    int sum = 0;
-    for (const std::wstring& word : typed) {
-        int best = kNoFit;
-        for (const std::wstring& other : has) {
-            const int fit = wordFit(word, other);
-            if (fit != kNoFit && (best == kNoFit || fit < best)) best = fit;
-        }
-        if (best == kNoFit) return kNoFit;
-        sum += best;
-    }
-    return sum;
-}
-
-using Numbers = std::vector<SizeNumber>;
-
-/// Pairs of numbers, as many as can be: those of the lowest key first, each number once. `keyOf`
-/// says nothing of a pair that cannot be.
-template <class KeyOf>
-auto bestPairs(const Numbers& typed, const Numbers& has, const KeyOf& keyOf) {
-    struct Pair {
-        typename decltype(keyOf(0, 0))::value_type key;
-        std::size_t typed;
-        std::size_t has;
-    };
-    std::vector<Pair> all;
-    for (std::size_t i = 0; i < typed.size(); ++i)
-        for (std::size_t j = 0; j < has.size(); ++j)
-            if (const auto key = keyOf(i, j)) all.push_back({*key, i, j});
-    std::ranges::stable_sort(all, {}, &Pair::key);
-    std::vector<bool> typedTaken(typed.size());
-    std::vector<bool> hasTaken(has.size());
-    std::erase_if(all, [&](const Pair& pair) {
-        if (typedTaken[pair.typed] || hasTaken[pair.has]) return true;
-        typedTaken[pair.typed] = hasTaken[pair.has] = true;
-        return false;
-    });
-    return all;
-}
-
-/// {sum of fits, sum of places apart}; nothing when a typed number fits none.
-std::optional<std::array<int, 2>> numbersFit(const Numbers& typed, const Numbers& has,
-                                             bool repair) {
-    if (typed.size() > has.size()) return {};
-    // What says more chooses first: of "1" and "15" only the latter needs the 15.
-    using Key = std::tuple<int, std::ptrdiff_t, int>;
-    const auto pairs = bestPairs(typed, has, [&](std::size_t i, std::size_t j) {
-        const int fit = numberFit(typed[i], has[j], repair);
-        const int apart = static_cast<int>(i > j ? i - j : j - i);
-        return fit == kNoFit ? std::optional<Key>() : Key(fit, -std::ssize(typed[i].digits), apart);
-    });
-    if (pairs.size() < typed.size()) return {};
-    std::array<int, 2> sums{};
-    for (const auto& pair : pairs) {
-        sums[0] += std::get<0>(pair.key);
-        sums[1] += std::get<2>(pair.key);
-    }
-    return sums;
-}
-
-/// What a row has instead of what was typed.
-struct Distance {
-    int numbers = 0;  ///< that differ
-    double sum = 0.0;
-    std::wstring words;
-    auto key() const { return std::pair(numbers, sum); }
-
-    void add(double away, const std::wstring& has, const SizeNumber& typed) {
-        ++numbers;
-        sum += away;
-        words += (words.empty() ? L"" : L", ") + has + L" em vez de " + typed.typed;
-    }
-};
-
-Distance distanceOf(const Numbers& typed, const Numbers& has) {
-    Distance distance;
-    std::vector<bool> paired(typed.size());
-    const auto pairs = bestPairs(typed, has, [&](std::size_t i, std::size_t j) {
-        return std::optional(relativeDifference(typed[i], has[j]));
-    });
-    for (const auto& pair : pairs) {
-        paired[pair.typed] = true;
-        if (pair.key > 0.0)
-            distance.add(pair.key, texts::withComma(readingsOf(has[pair.has]).mm),
-                         typed[pair.typed]);
-    }
-    for (std::size_t i = 0; i < typed.size(); ++i)
-        if (!paired[i]) distance.add(1.0, L"nada", typed[i]);
-    return distance;
-}
-
-std::wstring differenceInWords(const Distance& distance, const std::vector<std::wstring>& typed,
-                               const std::vector<std::wstring>& has) {
-    std::wstring text;
-    if (distance.numbers > 0) text = L"Não há; o mais próximo tem " + distance.words;
-    std::wstring strange;
-    for (const std::wstring& word : typed)
-        if (wordsFit({word}, has) == kNoFit)
-            strange += (strange.empty() ? L"\"" : L", \"") + word + L"\"";
-    if (!strange.empty()) text += (text.empty() ? L"Não há " : L"; não há ") + strange;
-    return text + L'.';
+    return {};
 }
 
 }  // namespace
 
-void SizeSearch::add(const std::vector<std::wstring>& writings) {
+bool asksNothing(std::wstring_view query) {
+    const SizeText typed = readSize(query);
+    return typed.numbers.empty() && std::ranges::all_of(typed.words, saysNothing);
+}
+
+void SizeSearch::add(const std::vector<std::wstring>& writings, double mass) {
     Row row;
+    row.mass = mass;
     for (const std::wstring& writing : writings) {
         SizeText size = readSize(writing);
-        row.words.insert(row.words.end(), size.words.begin(), size.words.end());
+        const auto pair = std::ranges::find_if(size.words, isPair);
+        const auto forms = pair == size.words.end() ? pair : pair + 1;
+        row.words.insert(row.words.end(), size.words.begin(), forms);
+        row.forms.insert(row.forms.end(), forms, size.words.end());
         if (!size.numbers.empty()) row.sizes.push_back(std::move(size.numbers));
     }
+    m_words.insert(row.words.begin(), row.words.end());
+    m_forms.insert(row.forms.begin(), row.forms.end());
+    m_onlyPairs = m_onlyPairs && std::ranges::all_of(row.words, isPair);
     m_rows.push_back(std::move(row));
 }
 
-/// `fit` gives the score of a row, nothing for one that does not fit.
-template <class Fit>
-SizeSearch::Found SizeSearch::ranked(const Fit& fit) const {
-    std::vector<std::pair<Score, std::size_t>> fits;
-    for (std::size_t i = 0; i < m_rows.size(); ++i)
-        if (const std::optional<Score> score = fit(m_rows[i])) fits.emplace_back(*score, i);
-    std::ranges::stable_sort(fits, {}, &std::pair<Score, std::size_t>::first);
-    Found found;
-    for (const auto& [score, row] : fits) {
-        found.rows.push_back(row);
-        if (score == fits.front().first) ++found.best;
+SizeSearch::Query SizeSearch::queryFrom(const SizeText& typed, Forms forms) const {
+    Query query{{}, typed.numbers, false};
+    query.forms =
+        forms == Forms::kAlways || m_onlyPairs || std::ranges::any_of(typed.words, isPair);
+    const bool general = std::ranges::any_of(typed.words, isGeneral);
+    const bool special = !std::ranges::all_of(typed.words, isGeneral);
+    for (const std::wstring& word : typed.words) {
+        if (special && isGeneral(word)) continue;
+        const bool form = m_forms.contains(word) && !m_words.contains(word);
+        // A "viga I" may be of any series.
+        const std::wstring meant = general && word == L"i" ? L"viga" : word;
+        query.words.push_back({word, profilesCalled(meant, typed.numbers.size()), form});
     }
-    return found;
+    return query;
+}
+
+/// Whole words before beginnings.
+int SizeSearch::wordFit(const Sought& sought, bool forms, const Row& row) {
+    int best = kNoWordFit;
+    for (const std::wstring& has : row.words) {
+        if (has == sought.word) return 0;
+        if (sought.whole) continue;
+        best = better(best, has.starts_with(sought.word) ? 1 : pairFit(sought.word, has));
+    }
+    if (forms && std::ranges::find(row.forms, sought.word) != row.forms.end()) return 0;
+    for (const auto& [name, rank] : sought.profiles) {
+        const auto isIt = [&name = name](const std::wstring& has) { return has == name; };
+        if (name == kAnyName || std::ranges::any_of(row.words, isIt) ||
+            std::ranges::any_of(row.forms, isIt))
+            best = better(best, rank);
+        for (const std::wstring& has : row.words) best = better(best, pairFit(name, has));
+    }
+    return best;
+}
+
+int SizeSearch::wordsFit(const Query& query, const Row& row) {
+    int sum = 0;
+    for (const Sought& sought : query.words) {
+        const int fit = wordFit(sought, query.forms, row);
+        if (fit == kNoWordFit) return kNoWordFit;
+        sum += fit;
+    }
+    return sum;
+}
+
+std::optional<SizeSearch::Score> SizeSearch::score(const Query& query, const Row& row,
+                                                   bool repair) {
+    const int words = wordsFit(query, row);
+    if (words == kNoWordFit) return {};
+    if (query.numbers.empty()) return Score{words, 0, 0};
+    std::optional<Score> best;
+    for (const SizeNumbers& size : row.sizes) {
+        const auto sums = numbersFit(query.numbers, size, repair);
+        if (!sums) continue;
+        const Score score{words, (*sums)[0], (*sums)[1]};
+        if (!best || score < *best) best = score;
+    }
+    return best;
+}
+
+bool SizeSearch::isKnown(const std::wstring& word, Forms forms) const {
+    const Query query = queryFrom({{word}, {}}, forms);
+    return std::ranges::any_of(m_rows,
+                               [&](const Row& row) { return wordsFit(query, row) != kNoWordFit; });
 }
 
 SizeSearch::Found SizeSearch::find(std::wstring_view query) const {
-    const SizeText typed = readSize(query);
-    for (const bool repair : {false, true}) {
-        Found found = ranked([&](const Row& row) -> std::optional<Score> {
-            const int words = wordsFit(typed.words, row.words);
-            if (words == kNoFit) return {};
-            if (typed.numbers.empty()) return Score{words, 0, 0};
-            std::optional<Score> best;
-            for (const Numbers& size : row.sizes) {
-                const auto sums = numbersFit(typed.numbers, size, repair);
-                if (!sums) continue;
-                const Score score{words, (*sums)[0], (*sums)[1]};
-                if (!best || score < *best) best = score;
-            }
-            return best;
-        });
-        if (found.best > 0) return found;
-    }
-    return nearest(typed);
+    if (m_rows.empty()) return {{}, 0, L"O catálogo está vazio."};
+    return find(asksNothing(query) ? SizeText() : readSize(query), Forms::kBesidePairs);
 }
 
-SizeSearch::Found SizeSearch::nearest(const SizeText& query) const {
-    constexpr std::size_t kNearest = 3;
+SizeSearch::Found SizeSearch::find(SizeText typed, Forms forms) const {
+    const Query query = queryFrom(typed, forms);
+    Found found = fitting(query);
+    if (found.best > 0) return found;
+    std::vector<std::wstring> strange;
+    std::vector<std::wstring> formsAlone;
+    for (const Sought& sought : query.words) {
+        if (!isKnown(sought.word, Forms::kAlways))
+            strange.push_back(quoted(sought.word));
+        else if (!query.forms && !isKnown(sought.word, Forms::kBesidePairs))
+            formsAlone.push_back(quoted(inCapitals(sought.word)));
+    }
+    if (!strange.empty())
+        std::erase_if(typed.words, [&](const std::wstring& word) {
+            return std::ranges::find(strange, quoted(word)) != strange.end();
+        });
+    if (const std::wstring again = takeRepeated(typed.numbers); !again.empty())
+        strange.push_back(quoted(again));
+    if (!strange.empty()) return without(joined(strange), std::move(typed), forms);
+    if (formsAlone.empty()) return nearest(query);
+    found = find(std::move(typed), Forms::kAlways);
+    keepNearest(found, L"Nenhum comando desenha " + joined(formsAlone) + L" sozinho.");
+    return found;
+}
+
+/// What is left says what comes near, when it is a size.
+SizeSearch::Found SizeSearch::without(std::wstring words, SizeText rest, Forms forms) const {
+    Found found;
+    if (!rest.numbers.empty()) found = find(std::move(rest), forms);
+    keepNearest(found, L"Não sei o que é " + std::move(words) + L'.');
+    return found;
+}
+
+/// Rows in the order of their scores.
+SizeSearch::Found SizeSearch::fitting(const Query& query) const {
+    for (const bool repair : {false, true}) {
+        std::vector<std::pair<Score, std::size_t>> fits;
+        for (std::size_t i = 0; i < m_rows.size(); ++i)
+            if (const auto its = score(query, m_rows[i], repair)) fits.emplace_back(*its, i);
+        std::ranges::stable_sort(fits, {}, &std::pair<Score, std::size_t>::first);
+        Found found;
+        for (const auto& [its, row] : fits) {
+            found.rows.push_back(row);
+            if (its == fits.front().first) ++found.best;
+        }
+        if (found.best > 0) return found;
+    }
+    return {};
+}
+
+SizeSearch::Found SizeSearch::nearest(const Query& query) const {
     struct Near {
         int words;
-        Distance distance;
+        SizeDistance distance;
         std::size_t row;
+        const SizeNumbers* size;
     };
+    static const SizeNumbers kNone;
     std::vector<Near> all;
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        const int words = wordsFit(query.words, m_rows[i].words);
-        Near near{words == kNoFit ? std::numeric_limits<int>::max() : words,
-                  distanceOf(query.numbers, {}), i};
-        for (const Numbers& size : m_rows[i].sizes) {
-            Distance distance = distanceOf(query.numbers, size);
-            if (distance.key() < near.distance.key()) near.distance = std::move(distance);
+        const Row& row = m_rows[i];
+        const int words = wordsFit(query, row);
+        if (words == kNoWordFit) continue;
+        Near near{words, distanceOf(query.numbers, kNone, 0.0), i, &kNone};
+        for (const SizeNumbers& size : row.sizes) {
+            SizeDistance distance = distanceOf(query.numbers, size, row.mass);
+            if (distance.key() >= near.distance.key()) continue;
+            near.distance = std::move(distance);
+            near.size = &size;
         }
         all.push_back(std::move(near));
     }
     Found found;
     if (all.empty()) {
-        found.difference = L"O catálogo está vazio.";
+        std::wstring words;
+        for (const Sought& sought : query.words)
+            words += (words.empty() ? L"" : L" e ") + quoted(sought.word);
+        found.difference = L"Nenhuma bitola é " + words + L" ao mesmo tempo.";
         return found;
     }
     const std::size_t count = std::min(kNearest, all.size());
@@ -251,8 +236,8 @@ SizeSearch::Found SizeSearch::nearest(const SizeText& query) const {
         all, all.begin() + static_cast<std::ptrdiff_t>(count), {},
         [](const Near& n) { return std::tuple(n.words, n.distance.key(), n.row); });
     for (std::size_t i = 0; i < count; ++i) found.rows.push_back(all[i].row);
-    found.difference =
-        differenceInWords(all.front().distance, query.words, m_rows[all.front().row].words);
+    const Near& first = all.front();
+    found.difference = differenceInWords(first.distance, query.numbers, *first.size);
     return found;
 }
 

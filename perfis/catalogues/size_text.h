@@ -19,7 +19,9 @@ struct SizeNumber {
 };
 
 /// "W 200 x 46,1": words in small letters and numbers, both in their order. An x between numbers,
-/// units and what stands before an equals sign are no words; the 2 of "2L" belongs to its word.
+/// units and what stands before an equals sign are no words; the 2 of "2L" belongs to its word. The
+/// forms of built-ups are words, x and + where they stand behind a "2L"; so is every sign that
+/// nobody writes in a size.
 struct SizeText {
     std::vector<std::wstring> words;
     std::vector<SizeNumber> numbers;

@@ -18,6 +18,15 @@ bool tells(const PerfilDescription& description, Medida medida) {
     return value->role != zp::secao::Role::Vao && value->role != zp::secao::Role::VaoV;
 }
 
+/// A box is also asked for by its outside; its width stands in the list where users choose it.
+std::wstring outsideOfCaixa(const PerfilDescription& description, const Medidas& medidas) {
+    const auto total =
+        std::ranges::find(description.values, zp::secao::Role::Vao, &RoleValue::role);
+    const double listed = total == description.values.end() ? 0.0 : medidas.*total->medida;
+    return texts::withComma(medidas.h) + L'x' +
+           texts::withComma(std::max(2.0 * medidas.b, listed)) + L'x' + texts::withComma(medidas.t);
+}
+
 }  // namespace
 
 Medidas medidasOf(const PerfilDescription& description, const ListRow& row) {
@@ -64,8 +73,14 @@ std::vector<std::wstring> writingsOf(const PerfilDescription& description, const
     const Medidas medidas = medidasOf(description, row);
     // The name comes last: the numbers of the list are those of the tiles.
     writings.push_back(numbers);
-    if (description.wrong(medidas) == nullptr)
-        writings.push_back(sizeName(description, medidas, source));
+    if (description.wrong(medidas) != nullptr) return writings;
+    const std::wstring name = sizeName(description, medidas, source);
+    writings.push_back(name);
+    // Mills mark the wide ones of the series with an H; narrow ones have flanges below 0.67 h.
+    constexpr double kWide = 0.7;
+    if (name.starts_with(L"W ") && medidas.b >= kWide * medidas.h) writings.push_back(L"H");
+    if (name.starts_with(L"2U") && name.find(L"[]") != std::wstring::npos)
+        writings.push_back(outsideOfCaixa(description, medidas));
     return writings;
 }
 

@@ -10,7 +10,8 @@ std::wstring RowSearch::search(const std::wstring& query, const PerfilDescriptio
                                const std::vector<ListRow>& rows, int source) {
     if (!m_index) {
         m_index.emplace();
-        for (const ListRow& row : rows) m_index->add(writingsOf(description, row, source));
+        for (const ListRow& row : rows)
+            m_index->add(writingsOf(description, row, source), medidasOf(description, row).m);
     }
     SizeSearch::Found found = m_index->find(query);
     m_shown = std::move(found.rows);

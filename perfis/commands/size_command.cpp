@@ -24,7 +24,9 @@ public:
     AllSizes() {
         for (const CommandRow& row : commandTable())
             for (ListedSize& size : listedSizes(row.command)) {
-                m_search.add(writingsOf(row.command.description, size.text, size.source));
+                const PerfilDescription& description = row.command.description;
+                m_search.add(writingsOf(description, size.text, size.source),
+                             medidasOf(description, size.text).m);
                 m_sizes.push_back({&row, std::move(size)});
             }
     }
@@ -65,6 +67,10 @@ std::optional<std::size_t> AllSizes::ask() const {
                                   : L"\nNúmero na relação ou outra bitola <desistir>: ");
         if (typed.empty()) return {};
         const std::optional<double> number = texts::exactReal(typed);
+        if (asksNothing(typed)) {
+            protocol::refuse(L"Falta a bitola: digite, por exemplo, U 200x75x3.");
+            continue;
+        }
         if (shown.empty() || !number) {
             if (const auto taken = take(typed, shown)) return taken;
             continue;

@@ -79,7 +79,7 @@ TEST_F(PerfilDialog, TheSearchShowsWhatFitsAndPicksItInTheWholeList) {
     host.play({L"pickngo=1", L"accept"});
     host.play({});
     draw(pudobrado);
-    EXPECT_TRUE(host.has(L"valor error: Não há; o mais próximo tem 75 em vez de 76."));
+    EXPECT_TRUE(host.has(L"valor error: A bitola não existe; a mais próxima tem 75 em vez de 76."));
     EXPECT_TRUE(host.has(L"lista lista: 75\t40\t2|50\t25\t2|75\t41\t3.35"));
     EXPECT_EQ(host.value(L"lista"), L"1");  // in the whole list of the dialog that opened again
     EXPECT_EQ(host.value(L"error"), L"");
