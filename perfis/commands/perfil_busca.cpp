@@ -55,6 +55,19 @@ void PerfilRun::stopSearch(ads_hdlg dialog) {
     if (!m_query.empty()) setTile(dialog, L"busca", std::wstring());
     m_query.clear();
     showNearest(dialog, {});
+    setHidden(dialog, false);
+}
+
+void PerfilRun::setHidden(ads_hdlg dialog, bool hidden) {
+    if (hidden == m_hidden || !editable()) return;
+    m_hidden = hidden;
+    refresh(dialog);
+    enableRemove(dialog, m_removable);
+}
+
+void PerfilRun::enableRemove(ads_hdlg dialog, bool removable) {
+    m_removable = removable;
+    enableTile(dialog, L"deltolist", removable && !m_hidden);
 }
 
 void PerfilRun::listChanged(ads_hdlg dialog) {
@@ -94,6 +107,8 @@ void PerfilRun::followTyped(ads_hdlg dialog) {
     }
     const int marked = m_typedRow != kNoRow ? m_typedRow : picked;
     if (marked != m_marked) markRow(dialog, marked);
+    setHidden(dialog,
+              m_search.shownAs(m_typedRow != kNoRow ? m_typedRow : m_state.selectedRow) < 0);
     showTyped(dialog);
 }
 

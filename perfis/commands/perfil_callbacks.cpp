@@ -69,7 +69,7 @@ void PerfilRun::pickRow(ads_hdlg dialog, int index) {
     if (!editable()) return;
     refresh(dialog);
     showPreview(dialog);
-    enableTile(dialog, L"deltolist", true);
+    enableRemove(dialog, true);
 }
 
 void PerfilRun::rememberRow(int index) {
@@ -121,7 +121,7 @@ void PerfilRun::onRemove(const ads_callback_packet& packet) {
     } else {
         m_state.selectedRow = 0;
         m_state.rowPicked = false;
-        enableTile(packet.dialog, L"deltolist", false);
+        enableRemove(packet.dialog, false);
     }
     showTyped(packet.dialog);
 }

@@ -76,6 +76,7 @@ void PerfilRun::open(ads_hdlg dialog) {
     m_query.clear();
     m_warning.clear();
     m_saysNearest = false;
+    m_hidden = m_removable = false;
     m_marked = kNoRow;
     wire(dialog);
     wireOwnTiles(dialog);
@@ -256,7 +257,7 @@ void PerfilRun::refresh(ads_hdlg dialog) {
     if (!editable()) return;
     const bool valid = m_description.wrong(m_state.medidas) == nullptr;
     enableTile(dialog, L"addtolist", valid);
-    enableTile(dialog, L"substolist", valid);
+    enableTile(dialog, L"substolist", valid && !m_hidden);
 }
 
 bool PerfilRun::lacksComprimento() const {

@@ -111,6 +111,8 @@ protected:
 
     /// A view without a length, unless its pieces get theirs from their points.
     bool lacksComprimento() const;
+    /// Whether a row may be removed; the button works on none that the search hides.
+    void enableRemove(ads_hdlg dialog, bool removable);
     bool editable() const { return m_description.edits != CatalogueEdits::kNone; }
     void readMedidas(ads_hdlg dialog);
     /// A row stands in the tiles: the mass is that of these numbers.
@@ -135,6 +137,7 @@ private:
     void showFound(ads_hdlg dialog, const std::wstring& query);
     void showNearest(ads_hdlg dialog, const std::wstring& difference);
     void refillList(ads_hdlg dialog);
+    void setHidden(ads_hdlg dialog, bool hidden);
     bool hasSelectedRow() const { return m_state.selectedRow < m_catalogue->count(); }
     void setSecaoModes(ads_hdlg dialog);
 
@@ -164,6 +167,8 @@ private:
     RowSearch m_search;
     std::wstring m_query;
     bool m_saysNearest = false;
+    bool m_hidden = false;     ///< the search hides the row that the buttons would work on
+    bool m_removable = false;  ///< without regard to the search
     std::wstring m_warning;
     int m_marked = kNoRow;          ///< row selected in "lista", of the whole list
     int m_typedRow = kNoRow;        ///< row of the size that is typed

@@ -114,8 +114,9 @@ void WeldedRun::refresh(ads_hdlg dialog) {
         return;
     }
     readMedidas(dialog);
-    for (const wchar_t* const button : {L"addtolist", L"substolist", L"deltolist"})
+    for (const wchar_t* const button : {L"addtolist", L"substolist"})
         enableTile(dialog, button, false);
+    enableRemove(dialog, false);
 }
 
 /// Also drops favourites that are not in the file yet.

@@ -88,6 +88,29 @@ TEST_F(PerfilDialog, TheSearchShowsWhatFitsAndPicksItInTheWholeList) {
     EXPECT_EQ(host.eventsOf(L"lista").back(), L"lista: 50\t25\t2|75\t40\t2|75\t41\t3.35");
 }
 
+TEST_F(PerfilDialog, TheButtonsWorkOnNoRowThatTheSearchHides) {
+    putList("pu.lst", "50\t25\t2\n75\t40\t2\n75\t40\t3.35\n");
+    const struct {
+        Texts actions;
+        int substituir, remover;  // 0: may be pressed
+    } cases[] = {
+        {{L"lista=0", L"busca=75"}, 1, 1},
+        {{L"lista=0", L"busca=75", L"vista0=1"}, 1, 1},
+        {{L"lista=0", L"busca=75", L"lista=0"}, 0, 0},
+        {{L"lista=0", L"busca=75", L"h=75", L"b=40", L"t=2"}, 0, 0},
+        {{L"lista=0", L"busca=75", L"busca="}, 0, 0},
+        {{L"lista=0", L"busca=75", L"h=99", L"addtolist"}, 0, 0},
+        {{L"h=1", L"b=1", L"t=1", L"busca=75"}, 1, 1},
+        {{L"h=1", L"b=1", L"t=1", L"busca=75", L"busca="}, 0, 1},  // nothing was picked
+    };
+    for (const auto& c : cases) {
+        host.play(c.actions);
+        draw(pudobrado);
+        EXPECT_EQ(host.mode(L"substolist"), c.substituir) << c.actions.back();
+        EXPECT_EQ(host.mode(L"deltolist"), c.remover) << c.actions.back();
+    }
+}
+
 TEST_F(PerfilDialog, TheRowOfTheTypedSizeIsTheOneThatTheButtonsWorkOn) {
     putList("pu.lst", "50\t25\t2\n75\t40\t2\n75\t40\t3.35\n");
     const struct {
