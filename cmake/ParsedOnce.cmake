@@ -7,8 +7,8 @@ option(HOUSE_PARSED_ONCE "Headers of the standard library, GoogleTest and Qt are
 # For the same reason a first build compiles some sources as one; whoever changes them wants them one by one.
 option(HOUSE_BATCHES "Sources of the host and of the companions are compiled several at a time" OFF)
 set(HOUSE_BATCH 6)
-# Their sources say the same things of different commands under the same names, or a test links only some of them.
-set(HOUSE_ONE_BY_ONE perfis_commands perfis_catalogues perfis_dialogs zpsecao editor)
+# Their sources say the same things of different commands, under the same names.
+set(HOUSE_ONE_BY_ONE perfis_commands perfis_catalogues perfis_dialogs zpsecao)
 
 set(HOUSE_STANDARD_HEADERS <algorithm> <array> <charconv> <chrono> <cmath> <coroutine> <cstdint> <cwchar> <deque>
                            <filesystem> <functional> <limits> <map> <memory> <numbers> <optional> <span> <sstream>
