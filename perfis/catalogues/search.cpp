@@ -68,6 +68,10 @@ void SizeSearch::add(const std::vector<std::wstring>& writings, double mass) {
     row.mass = mass;
     for (const std::wstring& writing : writings) {
         SizeText size = readSize(writing);
+        if (!size.words.empty() && isCaixa(size.words.front())) {
+            row.outside = std::move(size.numbers);
+            continue;
+        }
         const auto pair = std::ranges::find_if(size.words, isPair);
         const auto forms = pair == size.words.end() ? pair : pair + 1;
         row.words.insert(row.words.end(), size.words.begin(), forms);
@@ -81,7 +85,9 @@ void SizeSearch::add(const std::vector<std::wstring>& writings, double mass) {
 }
 
 SizeSearch::Query SizeSearch::queryFrom(const SizeText& typed, Forms forms) const {
-    Query query{{}, typed.numbers, false};
+    Query query;
+    query.numbers = typed.numbers;
+    query.outside = std::ranges::any_of(typed.words, isCaixa);
     query.forms =
         forms == Forms::kAlways || m_onlyPairs || std::ranges::any_of(typed.words, isPair);
     const bool general = std::ranges::any_of(typed.words, isGeneral);
@@ -125,14 +131,21 @@ int SizeSearch::wordsFit(const Query& query, const Row& row) {
     return sum;
 }
 
+std::vector<const SizeNumbers*> SizeSearch::sizesFor(const Query& query, const Row& row) {
+    std::vector<const SizeNumbers*> sizes;
+    for (const SizeNumbers& size : row.sizes) sizes.push_back(&size);
+    if (query.outside && row.outside) sizes.push_back(&*row.outside);
+    return sizes;
+}
+
 std::optional<SizeSearch::Score> SizeSearch::score(const Query& query, const Row& row,
                                                    bool repair) {
     const int words = wordsFit(query, row);
     if (words == kNoWordFit) return {};
     if (query.numbers.empty()) return Score{words, 0, 0};
     std::optional<Score> best;
-    for (const SizeNumbers& size : row.sizes) {
-        const auto sums = numbersFit(query.numbers, size, repair);
+    for (const SizeNumbers* const size : sizesFor(query, row)) {
+        const auto sums = numbersFit(query.numbers, *size, repair);
         if (!sums) continue;
         const Score score{words, (*sums)[0], (*sums)[1]};
         if (!best || score < *best) best = score;
@@ -215,11 +228,11 @@ SizeSearch::Found SizeSearch::nearest(const Query& query) const {
         const int words = wordsFit(query, row);
         if (words == kNoWordFit) continue;
         Near near{words, distanceOf(query.numbers, kNone, 0.0), i, &kNone};
-        for (const SizeNumbers& size : row.sizes) {
-            SizeDistance distance = distanceOf(query.numbers, size, row.mass);
+        for (const SizeNumbers* const size : sizesFor(query, row)) {
+            SizeDistance distance = distanceOf(query.numbers, *size, row.mass);
             if (distance.key() >= near.distance.key()) continue;
             near.distance = std::move(distance);
-            near.size = &size;
+            near.size = size;
         }
         all.push_back(std::move(near));
     }

@@ -21,7 +21,8 @@ bool asksNothing(std::wstring_view query);
 /// The rows of one catalogue or of several.
 class SizeSearch {
 public:
-    /// The next row, in all the ways in which it may be written; its linear mass, 0 for none.
+    /// The next row, in all the ways in which it may be written, "caixa 200x150x3" for the outside
+    /// of a box; its linear mass, 0 for none.
     void add(const std::vector<std::wstring>& writings, double mass = 0.0);
 
     struct Found {
@@ -42,8 +43,9 @@ public:
 private:
     struct Row {
         std::vector<std::wstring> words;
-        std::vector<std::wstring> forms;             ///< what stands behind the name of a pair
-        std::vector<std::vector<SizeNumber>> sizes;  ///< one for each writing that has numbers
+        std::vector<std::wstring> forms;                 ///< what stands behind the name of a pair
+        std::vector<std::vector<SizeNumber>> sizes;      ///< one for each writing that has numbers
+        std::optional<std::vector<SizeNumber>> outside;  ///< of a box, told by "caixa" before it
         double mass = 0.0;
     };
     /// A word of the query, with what the trade means by it.
@@ -55,7 +57,8 @@ private:
     struct Query {
         std::vector<Sought> words;
         std::vector<SizeNumber> numbers;
-        bool forms = false;  ///< forms of built-ups count
+        bool forms = false;    ///< forms of built-ups count
+        bool outside = false;  ///< numbers may be those of a box's outside
     };
     enum class Forms { kBesidePairs, kAlways };
     using Score = std::array<int, 3>;  ///< of words, numbers, their order; the lower the better
@@ -63,6 +66,7 @@ private:
     Query queryFrom(const SizeText& typed, Forms forms) const;
     static int wordFit(const Sought& sought, bool forms, const Row& row);
     static int wordsFit(const Query& query, const Row& row);
+    static std::vector<const std::vector<SizeNumber>*> sizesFor(const Query& query, const Row& row);
     static std::optional<Score> score(const Query& query, const Row& row, bool repair);
     bool isKnown(const std::wstring& word, Forms forms) const;
 

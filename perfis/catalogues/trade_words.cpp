@@ -18,6 +18,7 @@ struct TradeWord {
 constexpr std::wstring_view kNamesOfViga = L"w hp i ipe vs cvs cs ps psm";
 constexpr std::wstring_view kTuboWord = L"tubo";
 constexpr std::wstring_view kVigaWord = L"viga";
+constexpr std::wstring_view kCaixaWord = L"caixa";
 constexpr std::wstring_view kPerfilWord = L"perfil";
 
 constexpr TradeWord kTradeWords[] = {
@@ -33,7 +34,7 @@ constexpr TradeWord kTradeWords[] = {
     {L"di\u00E2metro", L"br", L"tc"},
     {L"enrijecid", L"ue"},
     {L"cartola", L"cr"},
-    {L"caixa", L"tq tr", L"[]"},
+    {kCaixaWord, L"tq tr", L"[]"},
     {L"cantoneira", L"l"},
     {kVigaWord, kNamesOfViga},
     {kPerfilWord, kNamesOfViga, kAnyName},
@@ -65,6 +66,7 @@ std::vector<NamedProfile> profilesCalled(std::wstring_view word, std::size_t num
 }
 
 bool isGeneral(std::wstring_view word) { return isCalled(word, kVigaWord) || saysNothing(word); }
+bool isCaixa(std::wstring_view word) { return isCalled(word, kCaixaWord); }
 bool saysNothing(std::wstring_view word) { return isCalled(word, kPerfilWord); }
 
 }  // namespace perfis

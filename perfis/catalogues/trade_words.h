@@ -24,6 +24,7 @@ std::vector<NamedProfile> profilesCalled(std::wstring_view word, std::size_t num
 
 /// True for "viga" and "perfil", which say nothing beside another word.
 bool isGeneral(std::wstring_view word);
+bool isCaixa(std::wstring_view word);
 /// True for "perfil", which says nothing alone either.
 bool saysNothing(std::wstring_view word);
 

@@ -23,7 +23,7 @@ std::wstring outsideOfCaixa(const PerfilDescription& description, const Medidas&
     const auto total =
         std::ranges::find(description.values, zp::secao::Role::Vao, &RoleValue::role);
     const double listed = total == description.values.end() ? 0.0 : medidas.*total->medida;
-    return texts::withComma(medidas.h) + L'x' +
+    return L"caixa " + texts::withComma(medidas.h) + L'x' +
            texts::withComma(std::max(2.0 * medidas.b, listed)) + L'x' + texts::withComma(medidas.t);
 }
 

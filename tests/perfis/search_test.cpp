@@ -36,7 +36,7 @@ SizeSearch catalogue() {
     search.add({L"12.7", L"BR 1/2\""});                                         // 20
     search.add({L"50\t100\t2.00\t20", L"Cr 50x100x20x2"});                      // 21
     search.add({L"100\t50\t2.00\t20", L"Cr 100x50x20x2"});                      // 22
-    search.add({L"100\t50\t3.00", L"2U [] 100x50x3", L"100 100 3"});            // 23
+    search.add({L"100\t50\t3.00", L"2U [] 100x50x3", L"caixa 100x100x3"});      // 23
     search.add({L"W 150 x 22.5", L"152\t152\t6.60\t5.80\t22.50", L"H"}, 22.5);  // 24
     search.add({L"63.5\t63.5\t6.35", L"L 2 1/2\" x 1/4\""});                    // 25
     return search;
@@ -106,6 +106,7 @@ TEST(SizeSearch, KnowsTheWordsOfTheTrade) {
         {L"metalon 60x40", 18, 1},
         {L"caixa 50x50x3", 19, 1},
         {L"caixa 100x100x3", 23, 1},
+        {L"2u [] 100x100x3", 99, 0},  // the outside is not the size
         {L"barra 1/2", 20, 1},
         {L"barra redonda \u00BD", 20, 1},
         {L"ferro redondo 12,7", 20, 1},
