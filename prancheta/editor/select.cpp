@@ -384,7 +384,9 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
              picked, out);
         done = single && !picked.ids().empty();
     }
+    std::wstring word = std::move(selection.word);
     selection = picked.selection();
+    selection.word = std::move(word);
     if (selection.status == RTNORM) context.editor().selection().setPrevious(selection.ids);
     co_return selection;
 }
