@@ -138,7 +138,8 @@ TEST_F(Peca, ScalingMultipliesSizes) {
         // Twice L 2" x 1/4" is L 4" x 1/2", 19,03 kg/m in its table.
         EXPECT_NEAR(peso, 4.74, 1e-9);
         EXPECT_NEAR(p.getPeso(), 2 * 19.03, 1e-9);
-        // 45,72 x 5,715 is no size, so the mass handed over is not its: legs, root of t, toes of t/2.
+        // 45,72 x 5,715 is no size, so the mass handed over is not its: legs, root of t, toes of
+        // t/2.
         EXPECT_EQ(p.transformBy(AcGeMatrix3d::scaling(0.45)), Acad::eOk);
         const double t = 5.715;
         const double bare = t * (2 * 45.72 - t) + (1 - kPi / 4) * (t * t - 2 * 0.25 * t * t);
