@@ -135,26 +135,25 @@ bool isMirrored(AcDbObjectId id) {
 }
 
 /// Mirrored ones stay apart where they were numbered as twins.
-std::vector<std::vector<AcDbObjectId>> withoutTwins(Book& book, std::vector<AcDbObjectId> equal) {
+std::vector<std::vector<AcDbObjectId>> withoutTwins(Book& book,
+                                                    const std::vector<AcDbObjectId>& equal) {
     std::set<std::wstring> marcas;
     for (const AcDbObjectId& id : equal)
         if (const Book::Row* row = book.row(book.rowOf(id)); row != nullptr)
             marcas.insert(row->marca);
     const bool twins = std::ranges::any_of(
         marcas, [&](const std::wstring& marca) { return marcas.contains(marca + kTwin); });
-    if (!twins) return {std::move(equal)};
-    const auto mirrored =
-        std::ranges::stable_partition(equal, [](AcDbObjectId id) { return !isMirrored(id); });
-    std::vector<AcDbObjectId> twin(mirrored.begin(), mirrored.end());
-    equal.erase(mirrored.begin(), equal.end());
-    return {std::move(equal), std::move(twin)};
+    if (!twins) return {equal};
+    std::vector<std::vector<AcDbObjectId>> parts(2);
+    for (const AcDbObjectId& id : equal) parts[isMirrored(id) ? 1 : 0].push_back(id);
+    return parts;
 }
 
 std::vector<std::vector<AcDbObjectId>> membersAmong(Book& book,
                                                     const std::vector<AcDbObjectId>& pecas) {
     std::vector<std::vector<AcDbObjectId>> members;
-    for (std::vector<AcDbObjectId>& equal : equalOnes(pecas))
-        for (std::vector<AcDbObjectId>& part : withoutTwins(book, std::move(equal)))
+    for (const std::vector<AcDbObjectId>& equal : equalOnes(pecas))
+        for (std::vector<AcDbObjectId>& part : withoutTwins(book, equal))
             if (!part.empty()) members.push_back(std::move(part));
     return members;
 }
