@@ -105,10 +105,6 @@ private:
 class FilePen {
 public:
     FilePen() {
-        m_bytes =
-            "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLTYPE\n70\n1\n0\nLTYPE\n2\nCONTINUOUS\n70\n0\n3\n"
-            "\n"
-            "72\n65\n73\n0\n40\n0\n0\nENDTAB\n0\nTABLE\n2\nLAYER\n70\n2\n";
         layer(kContour, "7");
         layer(kBends, "1");
         m_bytes += "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n";
@@ -158,7 +154,9 @@ private:
         group(0, type);
         group(8, texts::encodeUtf8(layer));
     }
-    std::string m_bytes;
+    std::string m_bytes =
+        "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLTYPE\n70\n1\n0\nLTYPE\n2\nCONTINUOUS\n70\n0\n3\n\n"
+        "72\n65\n73\n0\n40\n0\n0\nENDTAB\n0\nTABLE\n2\nLAYER\n70\n2\n";
 };
 
 void write(const Blank& blank, const std::filesystem::path& file) {
