@@ -133,6 +133,7 @@ int SizeSearch::wordsFit(const Query& query, const Row& row) {
 
 std::vector<const SizeNumbers*> SizeSearch::sizesFor(const Query& query, const Row& row) {
     std::vector<const SizeNumbers*> sizes;
+    sizes.reserve(row.sizes.size() + 1);
     for (const SizeNumbers& size : row.sizes) sizes.push_back(&size);
     if (query.outside && row.outside) sizes.push_back(&*row.outside);
     return sizes;

@@ -53,7 +53,7 @@ struct SizeList {
     int source = 0;
     const wchar_t* shown = nullptr;  ///< list with the same sizes line by line
     bool peso = false;               ///< the last column is the linear mass
-    int firstColumn = 0;             ///< of the numbers
+    std::size_t firstColumn = 0;     ///< of the numbers
     /// Where the family's sizes stand in the dialog; empty: as the family has them.
     std::span<const SizeColumn> sizes{};
     bool blankRows = false;  ///< an empty line is a row

@@ -201,11 +201,10 @@ private:
         if (m_list.peso) columns.push_back(&Medidas::m);
         const std::vector<std::wstring> fields = splitRow(text);
         const std::size_t count =
-            fields.size() -
-            std::min<std::size_t>(fields.size(), static_cast<std::size_t>(m_list.firstColumn));
+            fields.size() - std::min<std::size_t>(fields.size(), m_list.firstColumn);
         ListRow row{line, text, m_list.firstColumn > 0 ? fields[0] : std::wstring(), {}, false};
         for (std::size_t i = 0; i < std::min(count, columns.size()); ++i) {
-            const std::wstring& field = fields[i + static_cast<std::size_t>(m_list.firstColumn)];
+            const std::wstring& field = fields[i + m_list.firstColumn];
             const std::optional<double> number = texts::exactReal(field);
             if (!number || std::abs(*number) > kMostNumber) {
                 add(line, text,

@@ -152,7 +152,7 @@ private:
         m_medidas = {};
         for (std::size_t i = 0; i < m_family.sizes.size(); ++i)
             m_medidas.*m_family.sizes[i].medida = sized->v[i];
-        for (int i = 0; i < kAll; ++i) {
+        for (std::size_t i = 0; i < m_values.size(); ++i) {
             const int column = table.column(kColumns[i].name);
             const std::optional<double> number = table.number(row, column);
             m_values[i].reset();

@@ -152,7 +152,7 @@ std::optional<secao::Strip> stripOf(const ZpObject& peca) {
     const secao::Single single = secao::singleOf(p.perfil(), p.dimensoes());
     const std::wstring name = single.perfil + L' ' + single.dimensoes;
     Kept& shop = kept();
-    const auto strip = secao::stripOf(p.secao().sheet(), name, shop.files.rules);
+    auto strip = secao::stripOf(p.secao().sheet(), name, shop.files.rules);
     if (!strip || !strip->refused) return strip;
     const std::wstring key = secao::designationKey(name);
     if (shop.refused.insert(key).second)
