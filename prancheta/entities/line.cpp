@@ -62,8 +62,8 @@ void AcDbLine::subList() const {
     listPoint(L"até o ponto,", m_end);
     listNumber(L"Comprimento =", delta.length());
     listAngle(L"Ângulo no plano XY =", angleInPlane(delta, AcGeVector3d::kZAxis));
-    listText(L"Delta", L"X = " + fixedText(delta.x, 4) + L", Y = " + fixedText(delta.y, 4) +
-                           L", Z = " + fixedText(delta.z, 4));
+    listText(L"Delta", L"X = " + commaText(delta.x, 4) + L", Y = " + commaText(delta.y, 4) +
+                           L", Z = " + commaText(delta.z, 4));
 }
 
 Acad::ErrorStatus AcDbLine::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,

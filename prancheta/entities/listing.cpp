@@ -2,6 +2,7 @@
 // Lines of the LIST command.
 #include "prancheta/entities/listing.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -16,6 +17,11 @@ constexpr int kDecimals = 4;
 
 }  // namespace
 
+std::wstring withComma(std::wstring text) {
+    std::replace(text.begin(), text.end(), L'.', L',');
+    return text;
+}
+
 std::wstring fixedText(double value, int decimals) {
     char digits[400];  // room for the largest double written out
     const auto [end, error] =
@@ -27,6 +33,8 @@ std::wstring fixedText(double value, int decimals) {
     return text;
 }
 
+std::wstring commaText(double value, int decimals) { return withComma(fixedText(value, decimals)); }
+
 void listText(std::wstring_view label, std::wstring_view text) {
     std::wstring line = L"\n                  ";
     line.append(label).append(L" ").append(text);
@@ -34,12 +42,12 @@ void listText(std::wstring_view label, std::wstring_view text) {
 }
 
 void listPoint(std::wstring_view label, const AcGePoint3d& p) {
-    listText(label, L"X=" + fixedText(p.x, kDecimals) + L"  Y=" + fixedText(p.y, kDecimals) +
-                        L"  Z=" + fixedText(p.z, kDecimals));
+    listText(label, L"X=" + commaText(p.x, kDecimals) + L"  Y=" + commaText(p.y, kDecimals) +
+                        L"  Z=" + commaText(p.z, kDecimals));
 }
 
 void listNumber(std::wstring_view label, double value) {
-    listText(label, fixedText(value, kDecimals));
+    listText(label, commaText(value, kDecimals));
 }
 
 void listAngle(std::wstring_view label, double radians) {

@@ -11,10 +11,14 @@ namespace prancheta {
 
 /// Number with a fixed count of decimals and decimal point, free of locale; "-0.00" becomes "0.00".
 std::wstring fixedText(double value, int decimals);
+/// A number's text with a decimal comma, as whatever is told to the user has it.
+std::wstring withComma(std::wstring text);
+/// Both.
+std::wstring commaText(double value, int decimals);
 
-/// "<label> X=1.0000  Y=2.0000  Z=0.0000", on a line of its own.
+/// "<label> X=1,0000  Y=2,0000  Z=0,0000", on a line of its own.
 void listPoint(std::wstring_view label, const AcGePoint3d& p);
-/// "<label> 1.0000".
+/// "<label> 1,0000".
 void listNumber(std::wstring_view label, double value);
 /// Radians, shown as whole degrees.
 void listAngle(std::wstring_view label, double radians);

@@ -93,14 +93,14 @@ TEST_F(Session, Distance) {
     // 3-4-5: the direction is atan(4/3) = 53.13 degrees, shown without decimals.
     type({L"_dist", L"10,10", L"13,14"});
     EXPECT_TRUE(
-        said(L"Distância = 5.0000,  Ângulo no plano XY = 53,  Ângulo a partir do plano XY = 0"));
-    EXPECT_TRUE(said(L"Delta X = 3.0000,  Delta Y = 4.0000,  Delta Z = 0.0000"));
+        said(L"Distância = 5,0000,  Ângulo no plano XY = 53,  Ângulo a partir do plano XY = 0"));
+    EXPECT_TRUE(said(L"Delta X = 3,0000,  Delta Y = 4,0000,  Delta Z = 0,0000"));
 }
 
 TEST_F(Session, ListTellsLayerAndGeometry) {
     type({L"_-layer", L"_m", L"Perfis", L"", L"_line", L"0,0", L"25,0", L"", L"lista", L"_l", L""});
     EXPECT_TRUE(said(L"Perfis"));
-    EXPECT_TRUE(said(L"25.0000"));
+    EXPECT_TRUE(said(L"25,0000"));
 }
 
 TEST_F(Session, HelpNamesTheCommands) {

@@ -128,8 +128,8 @@ TEST_F(PolylineTest, ListGivesAreaAndPerimeter) {
     fillPlate(plate);
     plate.list();
     const std::wstring text = takePrinted();
-    // 40 x 20 without the corner left of the arc: 800 - (25 - 25 pi / 4) = 794.6350; perimeter
-    // 40 + 15 + 5 pi / 2 + 35 + 20 = 117.8540.
-    EXPECT_NE(text.find(L"área 794.6350"), std::wstring::npos);
-    EXPECT_NE(text.find(L"perímetro 117.8540"), std::wstring::npos);
+    // 40 x 20 without the corner left of the arc: 800 - (25 - 25 pi / 4) = 794,6350; perimeter
+    // 40 + 15 + 5 pi / 2 + 35 + 20 = 117,8540.
+    EXPECT_NE(text.find(L"área 794,6350"), std::wstring::npos);
+    EXPECT_NE(text.find(L"perímetro 117,8540"), std::wstring::npos);
 }

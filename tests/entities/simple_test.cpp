@@ -133,9 +133,9 @@ TEST_F(SimpleTest, ListTellsTheGeometryInPortuguese) {
     AcDbLine line({0, 0, 0}, {30, 40, 0});
     line.list();
     const std::wstring text = takePrinted();
-    EXPECT_NE(text.find(L"a partir do ponto, X=0.0000  Y=0.0000  Z=0.0000"), std::wstring::npos);
-    EXPECT_NE(text.find(L"até o ponto, X=30.0000  Y=40.0000"), std::wstring::npos);
-    EXPECT_NE(text.find(L"Comprimento = 50.0000"), std::wstring::npos);
+    EXPECT_NE(text.find(L"a partir do ponto, X=0,0000  Y=0,0000  Z=0,0000"), std::wstring::npos);
+    EXPECT_NE(text.find(L"até o ponto, X=30,0000  Y=40,0000"), std::wstring::npos);
+    EXPECT_NE(text.find(L"Comprimento = 50,0000"), std::wstring::npos);
     EXPECT_NE(text.find(L"Ângulo no plano XY = 53"), std::wstring::npos);
 }
 

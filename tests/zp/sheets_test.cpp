@@ -116,14 +116,14 @@ TEST_F(Sheets, ShowsMedidasAndProperties) {
     EXPECT_EQ(f.values[L"ang1"], L"90");
     EXPECT_EQ(f.editable.count(L"classe") + f.editable.count(L"massa"), 0u);
     // 1020.4115 mm2; x 7850 kg/m3.
-    EXPECT_EQ(f.values[L"A"], L"10.204 cm²");
-    EXPECT_EQ(f.values[L"kg_m"], L"8.01 kg/m");
-    EXPECT_EQ(f.values[L"massa"], L"4.005 kg");
+    EXPECT_EQ(f.values[L"A"], L"10,204 cm²");
+    EXPECT_EQ(f.values[L"kg_m"], L"8,01 kg/m");
+    EXPECT_EQ(f.values[L"massa"], L"4,005 kg");
     // From the faces of the section and from the insertion point, a third of the flange inside.
-    EXPECT_EQ(f.values[L"xg"], L"17.39 mm");
-    EXPECT_EQ(f.values[L"xo"], L"-7.61 mm");
-    EXPECT_EQ(f.values[L"Wx_sup"], L"60.77 cm³");
-    EXPECT_EQ(f.values[L"tira"], L"340.14 mm");
+    EXPECT_EQ(f.values[L"xg"], L"17,39 mm");
+    EXPECT_EQ(f.values[L"xo"], L"-7,61 mm");
+    EXPECT_EQ(f.values[L"Wx_sup"], L"60,77 cm³");
+    EXPECT_EQ(f.values[L"tira"], L"340,14 mm");
 }
 
 TEST_F(Sheets, ANewAlturaTakesCotasMarcaAndRow) {
@@ -209,7 +209,7 @@ TEST_F(Sheets, PecasFurtherApartStayThoseOfTheCatalogue) {
                              5.08, 5.08, 16.26, 5.08, 8, 0, 0, 1000, 3103.3, 24.4));
     EXPECT_EQ(setValue(pairId, L"vao", L"10"), L"");
     EXPECT_DOUBLE_EQ(Read<ZpObject>(pairId)->getLinearWeight(), 24.4);
-    EXPECT_EQ(sheet(pairId).values.at(L"area"), L"31.033 cm²");
+    EXPECT_EQ(sheet(pairId).values.at(L"area"), L"31,033 cm²");
     EXPECT_NEAR(face(pairId, 2).x - face(pairId, 0).x, 2 * 48.77 + 10, 1e-9);
 }
 

@@ -25,14 +25,14 @@ constexpr const ACHAR* kMarca = L"marca";
 constexpr int kMostPecas = 1000000;
 
 std::wstring number(double v, int decimals, const wchar_t* unit) {
-    return texts::withPoint(v, decimals) + L" " + unit;
+    return texts::withComma(v, decimals) + L" " + unit;
 }
 
 /// One decimal more than the list has.
 std::wstring words(const Cell& cell, const protocol::ListColumn& column) {
     if (const auto* text = std::get_if<std::wstring>(&cell)) return *text;
     const double value = std::get<double>(cell);
-    return column.decimals == 0 ? texts::withPoint(value, 0)
+    return column.decimals == 0 ? texts::withComma(value, 0)
                                 : number(value, column.decimals + 1, column.unit);
 }
 

@@ -23,7 +23,7 @@ namespace zp::sheets {
 namespace {
 
 using protocol::PropertySheet;
-using texts::withPoint;
+using texts::withComma;
 
 constexpr const ACHAR* kComprimento = L"comprimento";
 constexpr const ACHAR* kTipoBarra = L"tipo_barra";
@@ -52,7 +52,7 @@ constexpr const ACHAR* kVistas[] = {L"Seção", L"Superior", L"Inferior", L"Dire
 constexpr int kDecimals = 4;
 
 std::wstring withUnit(double v, int decimals, const wchar_t* unit) {
-    return withPoint(v, decimals) + L" " + unit;
+    return withComma(v, decimals) + L" " + unit;
 }
 
 void show(PropertySheet& s, const ACHAR* key, const ACHAR* label, const std::wstring& value) {
@@ -94,7 +94,7 @@ void geometryGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     if (fixed)
         show(s, kComprimento, label, withUnit(p.comprimento, kDecimals, L"mm"));
     else
-        s.edit(kComprimento, label, withPoint(p.comprimento, kDecimals).c_str(), L"mm");
+        s.edit(kComprimento, label, withComma(p.comprimento, kDecimals).c_str(), L"mm");
     for (const Medida& medida : medidas()) {
         const double* const stored = p.value(medida.role);
         if (stored == nullptr) continue;
@@ -103,7 +103,7 @@ void geometryGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
         if (fixed)
             show(s, medida.key, name, withUnit(v, kDecimals, medida.unit));
         else
-            s.edit(medida.key, name, withPoint(v, kDecimals).c_str(), medida.unit);
+            s.edit(medida.key, name, withComma(v, kDecimals).c_str(), medida.unit);
     }
 }
 
@@ -115,7 +115,7 @@ void secaoGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
         show(s, L"kg_m", L"Peso por metro", withUnit(peca.getLinearWeight(), 3, L"kg/m"));
     else if (peca.getArea() != p.secao().properties().area)
         show(s, L"area", L"Área do catálogo", withUnit(peca.getArea() * 1e-2, 3, L"cm²"));
-    for (const SecaoRow& row : secaoRows(peca, withPoint)) show(s, row.key, row.label, row.value);
+    for (const SecaoRow& row : secaoRows(peca, withComma)) show(s, row.key, row.label, row.value);
     if (!p.chapa() && p.secao().invalid()) show(s, L"invalida", L"Valores", kInvalidSecao);
 }
 
@@ -161,11 +161,11 @@ bool alreadyShows(const ZpObject& peca, const std::wstring& key, const std::wstr
     const Peca& p = Access::of(peca);
     const std::optional<double> v = texts::exactReal(text);
     if (!v) return false;
-    if (key == kComprimento) return withPoint(p.comprimento, kDecimals) == withPoint(*v, kDecimals);
+    if (key == kComprimento) return withComma(p.comprimento, kDecimals) == withComma(*v, kDecimals);
     const Medida* const medida = medidaFor(key);
     const double* const stored = medida != nullptr ? p.value(medida->role) : nullptr;
     return stored != nullptr &&
-           withPoint(*stored * medida->factor, kDecimals) == withPoint(*v, kDecimals);
+           withComma(*stored * medida->factor, kDecimals) == withComma(*v, kDecimals);
 }
 
 class Sheets : public protocol::EntityProperties {

@@ -15,7 +15,8 @@ namespace {
 
 QString lengthText(double value) {
     ACHAR text[512];
-    return acdbRToS(value, -1, -1, text) == RTNORM ? QString::fromWCharArray(text) : QString();
+    if (acdbRToS(value, -1, -1, text) != RTNORM) return {};
+    return QString::fromWCharArray(text).replace(u'.', u',');
 }
 
 QString directionText(double angle) {

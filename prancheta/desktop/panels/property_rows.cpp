@@ -28,11 +28,11 @@ constexpr const wchar_t* kGeometry = L"Geometria";
 
 // --- Values as shown and typed ------------------------------------------------------------------
 
-/// "45" and "12.3457": no more decimals than say something.
+/// "45" and "12,3457": no more decimals than say something.
 std::wstring shortText(double value) {
-    std::wstring text = fixedText(value, 4);
+    std::wstring text = prancheta::commaText(value, 4);
     text.erase(text.find_last_not_of(L'0') + 1);
-    if (text.ends_with(L'.')) text.pop_back();
+    if (text.ends_with(L',')) text.pop_back();
     return text == L"-0" ? L"0" : text;
 }
 
@@ -43,21 +43,21 @@ void fill(PropertyRow& row, const Field& field, const FieldValue& value) {
     switch (field.kind) {
         case FieldKind::Length:
         case FieldKind::Positive:
-            row.value = commands::lengthText(value.number);
-            row.input = numberTextWide(value.number);
+            row.value = commands::toldLength(value.number);
+            row.input = withComma(numberTextWide(value.number));
             return;
         case FieldKind::Angle:
             row.value = shortText(degrees(value.number));
-            row.input = numberTextWide(degrees(value.number));
+            row.input = withComma(numberTextWide(degrees(value.number)));
             row.unit = L"°";
             return;
         case FieldKind::Number:
             row.value = shortText(value.number);
-            row.input = numberTextWide(value.number);
+            row.input = withComma(numberTextWide(value.number));
             return;
         case FieldKind::Area:
-            row.value = fixedText(value.number, 2);
-            row.input = numberTextWide(value.number);
+            row.value = prancheta::commaText(value.number, 2);
+            row.input = withComma(numberTextWide(value.number));
             row.unit = L"mm²";
             return;
         case FieldKind::YesNo:

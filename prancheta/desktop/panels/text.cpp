@@ -24,7 +24,7 @@ QString takenText(ACHAR* text) {
 }
 
 QString commaText(double value, int decimals) {
-    return qt(fixedText(value, decimals)).replace(u'.', u',');
+    return qt(prancheta::commaText(value, decimals));
 }
 
 QString weightText(int weight) {
@@ -36,7 +36,7 @@ QString weightText(int weight) {
         case AcDb::kLnWtByLwDefault:
             return QStringLiteral("Padrão");
         default:
-            return qt(fixedText(weight / 100.0, 2)) + QStringLiteral(" mm");
+            return commaText(weight / 100.0, 2) + QStringLiteral(" mm");
     }
 }
 

@@ -185,7 +185,7 @@ Task<InputValue> askSteps(CommandContext context, double length, bool closed) {
         step.point.x = closed ? std::ceil(parts - 1e-9) : std::floor(parts + 1e-9) + 1.0;
         if (step.point.x >= 2.0) co_return step;
         context.editor().complain(
-            L"O caminho tem " + lengthText(length) + L": a distância não cabe nele.",
+            L"O caminho tem " + toldLength(length) + L": a distância não cabe nele.",
             Complaint::Refused);
     }
 }

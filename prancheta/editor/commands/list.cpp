@@ -34,11 +34,11 @@ CommandTask dist(CommandContext context) {
     const AcGeVector3d delta = toUser * (second.point - first.point);
     const double inPlane = std::hypot(delta.x, delta.y);
     const double direction = inPlane > 0.0 ? positiveAngle(std::atan2(delta.y, delta.x)) : 0.0;
-    say(context, L"Distância = " + lengthText(delta.length()) + L",  Ângulo no plano XY = " +
+    say(context, L"Distância = " + toldLength(delta.length()) + L",  Ângulo no plano XY = " +
                      directionText(direction) + L",  Ângulo a partir do plano XY = " +
                      turnText(context, std::atan2(delta.z, inPlane)));
-    say(context, L"Delta X = " + lengthText(delta.x) + L",  Delta Y = " + lengthText(delta.y) +
-                     L",  Delta Z = " + lengthText(delta.z));
+    say(context, L"Delta X = " + toldLength(delta.x) + L",  Delta Y = " + toldLength(delta.y) +
+                     L",  Delta Z = " + toldLength(delta.z));
     context.editor().variables().force(L"DISTANCE", delta.length());
     co_return CommandEnd::Done;
 }

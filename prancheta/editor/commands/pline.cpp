@@ -124,7 +124,7 @@ CommandTask pline(CommandContext context) {
     InputValue answer = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique o ponto inicial: ").required());
     if (answer.status != RTNORM) co_return endOf(answer.status);
-    say(context, L"A largura de linha atual é " + lengthText(kept.plineStartWidth));
+    say(context, L"A largura de linha atual é " + toldLength(kept.plineStartWidth));
 
     PlineDraft draft(context, answer.point);
     Mode mode = Mode::Line;

@@ -120,6 +120,8 @@ void keepLastAngle(const CommandContext& context, double direction);
 
 /// As LUNITS and LUPREC ask; drawing units.
 std::wstring lengthText(double value);
+/// The same with a decimal comma: for what is told, where lengthText() gives what could be typed.
+std::wstring toldLength(double value);
 /// As AUNITS, AUPREC, ANGBASE and ANGDIR ask: of a direction that counts from +X, and of a turn
 /// from one direction to another; radians.
 std::wstring directionText(double angle);

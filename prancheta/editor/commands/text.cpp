@@ -112,7 +112,7 @@ CommandTask text(CommandContext context) {
     Memory& kept = memory(context);
     const Style style = currentStyle(context);
     say(context, L"Estilo atual do texto:  \"" + style.name + L"\"  Altura do texto:  " +
-                     lengthText(style.height > 0.0 ? style.height : kept.textHeight));
+                     toldLength(style.height > 0.0 ? style.height : kept.textHeight));
 
     Placing placing = co_await askPlace(context);
     if (placing.status != RTNORM) co_return endOf(placing.status);

@@ -4,6 +4,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/entities/listing.h"
 
 namespace prancheta::commands {
 
@@ -11,6 +12,8 @@ std::wstring lengthText(double value) {
     ACHAR text[512];
     return acdbRToS(value, -1, -1, text) == RTNORM ? text : numberTextWide(value);
 }
+
+std::wstring toldLength(double value) { return withComma(lengthText(value)); }
 
 std::wstring directionText(double angle) {
     ACHAR text[512];
