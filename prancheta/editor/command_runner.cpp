@@ -42,6 +42,12 @@ CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases,
         found.variable = typed.name;
     else
         found.command = stack.findWithoutAccents(typed);
+    if (found.command != nullptr || !typed.name.starts_with(L'-')) return found;
+    // The form without a dialog of a built-in command that has only one form.
+    TypedName plain = typed;
+    plain.name.erase(0, 1);
+    const CommandLookup only = lookUp(stack, aliases, variables, plain);
+    if (only.command != nullptr && only.command->builtIn != nullptr) found = only;
     return found;
 }
 

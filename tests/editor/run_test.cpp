@@ -28,7 +28,16 @@ TEST_F(RunTest, namesAliasesAndUnknownWords) {
     EXPECT_EQ(textOf(events.front(), "grupo"), "PRANCHETA");
     type({L"olhar", L""});  // a command counts before an alias of its name
     EXPECT_NE(ui.output.find(L"Olhando"), std::wstring::npos);
+    // The form without a dialog, of what has one form only.
+    type({L"_-TURN", L"^C"});
+    type({L"-girar", L"^C"});
+    type({L"-g", L"^C"});
     EXPECT_TRUE(ui.complaints.empty());
+    registerCommand(L"desenha", drawOne);
+    type({L"-desenha"});  // a module says itself what its commands are called
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    EXPECT_EQ(entityCount(), 0u);
+    ui.complaints.clear();
     type({L"_girar", L"bobagem x", L".g"});  // the point means no alias
     ASSERT_EQ(ui.complaints.size(), 3u);
     EXPECT_EQ(ui.complaints[1], L"Comando desconhecido \"BOBAGEM X\". Pressione F1 para ajuda.");
