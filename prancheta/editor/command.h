@@ -21,8 +21,9 @@ class Editor;
 /// (nothing there).
 struct InputValue {
     int status = 0;
-    AcGePoint3d point;    ///< world coordinates
-    double number = 0.0;  ///< distance, angle in radians, real or integer
+    AcGePoint3d point;     ///< world coordinates
+    double number = 0.0;   ///< distance, angle in radians, real or integer
+    bool byPoint = false;  ///< a distance or an angle is that of `point`
     std::wstring text;
     std::vector<AcDbObjectId> entities;
     std::vector<AcGePoint3d> crossing;  ///< for a selection: as in RawInput

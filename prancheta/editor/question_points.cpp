@@ -188,6 +188,7 @@ Reading Question::acceptPoint(const AcGePoint3d& world, const InputFrame& frame)
     if (m_request.flags & RSG_2D) reach.z = 0.0;
     Reading result = checkNumber(distance ? reach.length() : angleOf(*base, world, frame));
     result.value.point = world;
+    result.value.byPoint = true;
     return result;
 }
 

@@ -24,6 +24,16 @@ struct Memory {
     double textRotation = 0.0;
     double plineStartWidth = 0.0;
     double plineEndWidth = 0.0;
+    double polygonSides = 4.0;
+    bool polygonAround = false;  ///< circumscribed
+    double chamferFirst = 0.0;   ///< of RECTANG
+    double chamferSecond = 0.0;
+    double rectangleRadius = 0.0;
+    double rectangleLineWidth = 0.0;
+    double rectangleTurn = 0.0;
+    double rectangleArea = 100.0;
+    double rectangleLength = 10.0;
+    double rectangleWidth = 10.0;
     bool copyOnce = false;
     AcGeVector3d displacement;
     PlotSettings plot;             ///< the area is asked for anew

@@ -45,6 +45,11 @@ Prompt& Prompt::absolute() {
     return *this;
 }
 
+Prompt& Prompt::anywhere() {
+    m_request.orthoAllowed = false;
+    return *this;
+}
+
 Prompt& Prompt::wholeLine() {
     m_request.blanksAllowed = true;
     return *this;
@@ -99,6 +104,18 @@ Task<InputValue> askTwoPoints(CommandContext context, std::wstring first, std::w
         co_await context.ask(Prompt(InputKind::Point, second).from(start.point).required());
     end.number = start.point.distanceTo(end.point);
     co_return end;
+}
+
+Task<InputValue> askKept(CommandContext context, InputKind kind, std::wstring question, int bits,
+                         double& kept) {
+    const std::wstring offered = kind == InputKind::Integer ? std::to_wstring(std::lround(kept))
+                                 : kind == InputKind::Angle ? turnText(context, kept)
+                                                            : lengthText(kept);
+    InputValue answer =
+        co_await context.ask(Prompt(kind, L"\n" + question + L" <" + offered + L">: ").bits(bits));
+    if (answer.status == RTNORM) kept = answer.number;
+    if (answer.status == RTNONE) answer.status = RTNORM;
+    co_return answer;
 }
 
 Task<InputValue> askYesNo(CommandContext context, std::wstring question, Choice byDefault) {

@@ -35,6 +35,8 @@ public:
     Prompt& bits(int flags);
     /// An angle counts from +X whatever ANGBASE says.
     Prompt& absolute();
+    /// ORTHO does not hold the pointer.
+    Prompt& anywhere();
     /// Blanks belong to the answer.
     Prompt& wholeLine();
     /// These entities follow the pointer: moved from the base, or turned about it.
@@ -60,6 +62,11 @@ Task<Selection> selectToRead(CommandContext context);
 /// Two points, the first one asked with `first`; `number` is their distance, `point` the second one
 /// and `status` RTCAN when one was refused.
 Task<InputValue> askTwoPoints(CommandContext context, std::wstring first, std::wstring second);
+
+/// A number that is remembered: offered behind the question, and changed by any answer but Enter.
+/// `status` RTCAN after Esc, else RTNORM.
+Task<InputValue> askKept(CommandContext context, InputKind kind, std::wstring question, int bits,
+                         double& kept);
 
 /// [Sim/Não]; `number` is 1 for yes. Enter takes the default.
 enum class Choice { No, Yes };

@@ -24,6 +24,8 @@ constexpr BuiltInCommand kTable[] = {
     // global        local            flags     function
     {L"LINE",        L"LINHA",        kModal,   commands::line},
     {L"PLINE",       L"POLILINHA",    kModal,   commands::pline},
+    {L"RECTANG",     L"RETANG",       kModal,   commands::rectang},
+    {L"POLYGON",     L"POLIGONO",     kModal,   commands::polygon},
     {L"CIRCLE",      L"CÍRCULO",      kModal,   commands::circle},
     {L"ARC",         L"ARCO",         kModal,   commands::arc},
     {L"POINT",       L"PONTO",        kModal,   commands::point},
