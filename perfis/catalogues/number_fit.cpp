@@ -106,6 +106,17 @@ bool isOtherMass(std::size_t typed, std::size_t typedCount, std::size_t has, con
 
 bool isSame(const SizeNumber& a, const SizeNumber& b) { return relativeDifference(a, b) == 0.0; }
 
+bool saysTheSame(const SizeNumbers& typed, const SizeNumbers& has) {
+    /// The 38 of a W 310 x 38,7 is meant; the 3 of a 3,75 is another thickness.
+    constexpr double kDecimals = 0.02;
+    return typed.size() <= has.size() &&
+           std::equal(typed.begin(), typed.end(), has.begin(),
+                      [](const SizeNumber& a, const SizeNumber& b) {
+                          return numberFit(a, b, false) == 0 ||
+                                 relativeDifference(a, b) <= kDecimals;
+                      });
+}
+
 std::optional<std::array<int, 2>> numbersFit(const SizeNumbers& typed, const SizeNumbers& has,
                                              bool repair) {
     if (typed.size() > has.size()) return {};

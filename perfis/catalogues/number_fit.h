@@ -18,6 +18,9 @@ using SizeNumbers = std::vector<SizeNumber>;
 /// In any unit in which both may be read; sizes are one within the rounding of the lists.
 bool isSame(const SizeNumber& a, const SizeNumber& b);
 
+/// Each number that was typed is the row's at its place, or that without its last decimals.
+bool saysTheSame(const SizeNumbers& typed, const SizeNumbers& has);
+
 /// {sum of fits, sum of places apart}, the better the smaller; nothing when a typed number fits
 /// none. A number fits that is the same or begins so; with `repair` also with one digit more.
 std::optional<std::array<int, 2>> numbersFit(const SizeNumbers& typed, const SizeNumbers& has,

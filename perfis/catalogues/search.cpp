@@ -72,6 +72,10 @@ void SizeSearch::add(const std::vector<std::wstring>& writings, double mass) {
             row.outside = std::move(size.numbers);
             continue;
         }
+        if (size.words.size() == 1 && isMaking(size.words.front())) {
+            row.forms.push_back(std::move(size.words.front()));
+            continue;
+        }
         const auto pair = std::ranges::find_if(size.words, isPair);
         const auto forms = pair == size.words.end() ? pair : pair + 1;
         row.words.insert(row.words.end(), size.words.begin(), forms);
@@ -210,7 +214,11 @@ SizeSearch::Found SizeSearch::fitting(const Query& query) const {
             found.rows.push_back(row);
             if (its == fits.front().first) ++found.best;
         }
-        if (found.best > 0) return found;
+        if (found.best == 0) continue;
+        const std::vector<const SizeNumbers*> sizes = sizesFor(query, m_rows[found.rows.front()]);
+        found.meant = std::ranges::any_of(
+            sizes, [&](const SizeNumbers* size) { return saysTheSame(query.numbers, *size); });
+        return found;
     }
     return {};
 }

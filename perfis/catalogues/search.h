@@ -32,6 +32,9 @@ public:
         std::vector<std::size_t> rows;
         std::size_t best = 0;     ///< so many of them fit as well as the first; 0: nothing fits
         std::wstring difference;  ///< why nothing fits, for the user
+        /// What was typed is what the first row says, number for number and in its order, but for
+        /// the last decimals: nobody would mean another one.
+        bool meant = false;
     };
     /// Rows with all words and numbers of the query, in any order. A number fits when it begins
     /// like that of the row; where no row fits so, one digit may be missing anywhere. A word may

@@ -20,6 +20,10 @@ constexpr std::wstring_view kTuboWord = L"tubo";
 constexpr std::wstring_view kVigaWord = L"viga";
 constexpr std::wstring_view kCaixaWord = L"caixa";
 constexpr std::wstring_view kPerfilWord = L"perfil";
+/// How a shape is made; the beginning that all endings share.
+constexpr std::wstring_view kDobrado = L"dobrad";
+constexpr std::wstring_view kLaminado = L"laminad";
+constexpr std::wstring_view kSoldado = L"soldad";
 
 constexpr TradeWord kTradeWords[] = {
     {kTuboWord, L"tc", L"tr tq"},
@@ -33,7 +37,18 @@ constexpr TradeWord kTradeWords[] = {
     {L"diametro", L"br", L"tc"},
     {L"di\u00E2metro", L"br", L"tc"},
     {L"enrijecid", L"ue"},
+    {L"uenr", L"ue"},
     {L"cartola", L"cr"},
+    {L"\u00F4mega", L"cr"},
+    {L"omega", L"cr"},
+    {L"ter\u00E7a", L"ue z", L"u"},
+    {L"terca", L"ue z", L"u"},
+    {L"dupl", L"2u 2ue 2l 2cr"},
+    {L"duas", L"2l 2u 2ue 2cr"},
+    {L"dois", L"2u 2ue 2l 2cr"},
+    {L"dobrad", kDobrado},
+    {L"laminad", kLaminado},
+    {L"soldad", kSoldado},
     {kCaixaWord, L"tq tr", L"[]"},
     {L"cantoneira", L"l"},
     {kVigaWord, kNamesOfViga},
@@ -63,6 +78,17 @@ std::vector<NamedProfile> profilesCalled(std::wstring_view word, std::size_t num
     for (std::wstring& name : texts::trimmedParts(then, L' '))
         if (!name.empty()) profiles.push_back({std::move(name), 1});
     return profiles;
+}
+
+std::wstring_view makingIn(std::wstring_view text) {
+    const std::wstring small = texts::lower(text);
+    for (const std::wstring_view making : {kDobrado, kLaminado, kSoldado})
+        if (small.find(making) != std::wstring::npos) return making;
+    return {};
+}
+
+bool isMaking(std::wstring_view word) {
+    return word == kDobrado || word == kLaminado || word == kSoldado;
 }
 
 bool isGeneral(std::wstring_view word) { return isCalled(word, kVigaWord) || saysNothing(word); }

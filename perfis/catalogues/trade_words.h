@@ -22,6 +22,11 @@ struct NamedProfile {
 /// three mean a rectangular one first. Its first three letters are enough. None for other words.
 std::vector<NamedProfile> profilesCalled(std::wstring_view word, std::size_t numbers);
 
+/// "dobrad", "laminad" or "soldad" where a text says how a shape is made; else empty. A writing of
+/// that word alone tells it of a row.
+std::wstring_view makingIn(std::wstring_view text);
+bool isMaking(std::wstring_view word);
+
 /// True for "viga" and "perfil", which say nothing beside another word.
 bool isGeneral(std::wstring_view word);
 bool isCaixa(std::wstring_view word);

@@ -20,8 +20,6 @@ namespace {
 using protocol::Severity;
 using zp::tables::TableFile;
 
-constexpr std::wstring_view kOwn = L"_usuario";
-
 /// What a source prints beside the size.
 enum Printed {
     kPeso,
@@ -135,6 +133,9 @@ public:
         if (table.columns(needed))
             for (const zp::tables::Row& row : table.rows()) examineRow(table, row);
         tellFaults(table, m_findings);
+        if (!own && table.faults().empty() && table.rows().empty())
+            add(L"A tabela não tem nenhuma bitola: nada se confere com ela.",
+                L"Ponha no lugar a que vem com o programa.");
     }
 
 private:
@@ -333,13 +334,13 @@ private:
 };
 
 /// Of a user's table also when more stands between: "w_hp_obra_usuario".
-std::optional<std::size_t> familyOf(std::wstring_view stem) {
+std::optional<std::size_t> familyOf(const zp::tables::TableName& name) {
     std::optional<std::size_t> found;
     std::size_t longest = 0;
     for (std::size_t i = 0; i < families().size(); ++i) {
         const std::wstring table = families()[i].table;
-        const bool own = stem.ends_with(kOwn) && stem.starts_with(table + L"_");
-        if ((stem != table && !own) || table.size() < longest) continue;
+        const bool more = name.own && name.stem.starts_with(table + L"_");
+        if ((name.stem != table && !more) || table.size() < longest) continue;
         found = i;
         longest = table.size();
     }
@@ -366,30 +367,24 @@ CatalogueFinding findingOf(const zp::tables::Fault& fault) {
 
 SideTables examineTables(const std::filesystem::path& folder, CatalogueFindings& findings) {
     SideTables tables(families().size());
-    std::vector<std::filesystem::path> files;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error))
-        if (texts::lower(texts::shown(entry->path().extension())) == L".csv")
-            files.push_back(entry->path());
-    std::ranges::sort(files);
+    const std::vector<zp::tables::TableName> found = zp::tables::tablesIn(folder);
     for (const bool own : {false, true})
-        for (const std::filesystem::path& file : files) {
-            const std::wstring stem = texts::lower(texts::shown(file.stem()));
-            if (stem.ends_with(kOwn) != own) continue;
-            if (const std::optional<std::size_t> family = familyOf(stem))
-                FamilyExaminer(families()[*family], tables[*family], findings).examine(file, own);
-            else if (zp::isStripFile(file))
+        for (const zp::tables::TableName& name : found) {
+            if (name.own != own) continue;
+            if (const std::optional<std::size_t> family = familyOf(name))
+                FamilyExaminer(families()[*family], tables[*family], findings)
+                    .examine(name.path, own);
+            else if (zp::isStripFile(name.path))
                 continue;
             else if (own)
                 findings.push_back({Severity::Fault,
-                                    texts::shown(file.filename()),
+                                    texts::shown(name.path.filename()),
                                     0,
                                     {},
                                     L"Ninguém lê uma tabela com este nome.",
                                     L"Chame-a como a da família, por exemplo w_hp_usuario.csv."});
             else
-                tellFaults(TableFile::read(file), findings);
+                tellFaults(TableFile::read(name.path), findings);
         }
     return tables;
 }

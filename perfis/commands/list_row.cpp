@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "perfis/catalogues/trade_words.h"
 #include "texts/number.h"
 #include "zp/matlist/check.h"
+#include "zp/objects/secao/secao.h"
 
 namespace perfis {
 namespace {
@@ -76,6 +78,9 @@ std::vector<std::wstring> writingsOf(const PerfilDescription& description, const
     if (description.wrong(medidas) != nullptr) return writings;
     const std::wstring name = sizeName(description, medidas, source);
     writings.push_back(name);
+    if (const auto making = makingIn(zp::secao::description(description.pecas.kind).name);
+        !making.empty())
+        writings.emplace_back(making);
     // Mills mark the wide ones of the series with an H; narrow ones have flanges below 0.67 h.
     constexpr double kWide = 0.7;
     if (name.starts_with(L"W ") && medidas.b >= kWide * medidas.h) writings.push_back(L"H");

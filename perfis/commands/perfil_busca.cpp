@@ -8,6 +8,7 @@
 #include "perfis/commands/listed_sizes.h"
 #include "perfis/commands/perfil_run.h"
 #include "texts/letters.h"
+#include "texts/number.h"
 
 namespace perfis {
 
@@ -112,6 +113,18 @@ void PerfilRun::followTyped(ads_hdlg dialog) {
     showTyped(dialog);
 }
 
+/// Of a text that goes on after its number the number counts: "3,3,5" draws 3 mm.
+std::wstring PerfilRun::readInPart(ads_hdlg dialog) const {
+    std::wstring parts;
+    for (const MedidaTile& tile : m_description.tiles) {
+        const std::wstring text = texts::trimmed(tileText(dialog, tile.key));
+        if (text.empty() || texts::exactReal(text)) continue;
+        parts += (parts.empty() ? L"\"" : L"; \"") + text + L"\" lido como " +
+                 texts::withComma(m_state.medidas.*tile.value);
+    }
+    return parts;
+}
+
 void PerfilRun::showTyped(ads_hdlg dialog) {
     const PecaRequest request{.medidas = m_state.medidas,
                               .comprimento = 1.0,
@@ -123,7 +136,9 @@ void PerfilRun::showTyped(ads_hdlg dialog) {
     showEscala(dialog, m_description, request,
                placed ? std::optional(m_description.insertions[insertion].shift(m_state.medidas))
                       : std::nullopt);
-    std::wstring warning = warningsOf(m_description, request);
+    std::wstring warning = readInPart(dialog);
+    if (const std::wstring others = warningsOf(m_description, request); !others.empty())
+        warning += (warning.empty() ? L"" : L"; ") + others;
     if (m_description.wrong(m_state.medidas) == nullptr && !isKnown(m_state.medidas))
         warning +=
             (warning.empty() ? L"" : L"; ") + std::wstring(L"medida que não está no catálogo");

@@ -131,6 +131,7 @@ private:
     void wire(ads_hdlg dialog);
     void showInsertionNames(ads_hdlg dialog);
     void showTyped(ads_hdlg dialog);
+    std::wstring readInPart(ads_hdlg dialog) const;
     bool isKnown(const Medidas& typed);
     void takeMarkedRow();
     void stopSearch(ads_hdlg dialog);

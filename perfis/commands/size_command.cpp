@@ -2,6 +2,7 @@
 // One search over the lists of all commands.
 #include "perfis/commands/size_command.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "acedads.h"
@@ -43,6 +44,7 @@ private:
     std::optional<std::size_t> take(const std::wstring& typed,
                                     std::vector<std::size_t>& shown) const;
     void show(const std::vector<std::size_t>& candidates) const;
+    std::wstring nameOf(std::size_t index) const;
 
     struct Entry {
         const CommandRow* row;
@@ -84,14 +86,19 @@ std::optional<std::size_t> AllSizes::ask() const {
 std::optional<std::size_t> AllSizes::take(const std::wstring& typed,
                                           std::vector<std::size_t>& shown) const {
     SizeSearch::Found found = m_search.find(typed);
-    if (found.best == 1) return found.rows.front();
-    if (found.best == 0) {
+    if (found.best == 1) {
+        const std::size_t only = found.rows.front();
+        if (!found.meant)
+            (void)acutPrintf(L"\nSó uma bitola se parece com \"%ls\": %ls.\n", typed.c_str(),
+                             nameOf(only).c_str());
+        return only;
+    }
+    if (found.best == 0)
         (void)acutPrintf(L"\n%ls\n", found.difference.c_str());
-    } else {
+    else
         (void)acutPrintf(L"\n%d bitolas atendem a \"%ls\":\n", static_cast<int>(found.best),
                          typed.c_str());
-        found.rows.resize(found.best);
-    }
+    if (found.best > 0) found.rows.resize(found.best);
     const std::size_t all = found.rows.size();
     shown = std::move(found.rows);
     shown.resize(std::min(all, kMostShown));
@@ -102,16 +109,37 @@ std::optional<std::size_t> AllSizes::take(const std::wstring& typed,
     return {};
 }
 
+std::wstring AllSizes::nameOf(std::size_t index) const {
+    const auto& [row, size] = m_sizes[index];
+    const PerfilDescription& description = row->command.description;
+    const Medidas medidas = medidasOf(description, size.text);
+    return description.wrong(medidas) == nullptr ? sizeName(description, medidas, size.source)
+                                                 : size.text.shown;
+}
+
+/// ", 300x120x4,75x9,5": the numbers of the dialog.
+std::wstring numbersOf(const PerfilDescription& description, const ListedSize& size) {
+    const Medidas medidas = medidasOf(description, size.text);
+    std::wstring text;
+    for (const MedidaTile& tile : description.tiles)
+        if (tile.rowUse == RowUse::kFills)
+            text += (text.empty() ? L", " : L"x") + texts::withComma(medidas.*tile.value);
+    return text;
+}
+
 void AllSizes::show(const std::vector<std::size_t>& candidates) const {
-    int number = 0;
-    for (const std::size_t index : candidates) {
-        const auto& [row, size] = m_sizes[index];
-        const PerfilDescription& description = row->command.description;
-        const Medidas medidas = medidasOf(description, size.text);
-        const std::wstring name = description.wrong(medidas) == nullptr
-                                      ? sizeName(description, medidas, size.source)
-                                      : size.text.shown;
-        (void)acutPrintf(L"  %d: %ls (%ls)\n", ++number, name.c_str(), row->localName);
+    std::vector<std::wstring> lines;
+    lines.reserve(candidates.size());
+    for (const std::size_t index : candidates)
+        lines.push_back(nameOf(index) + L" (" + m_sizes[index].row->localName + L")");
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        const auto& [row, size] = m_sizes[candidates[i]];
+        // Some series have two sizes of one name.
+        const std::wstring sizes = std::ranges::count(lines, lines[i]) > 1
+                                       ? numbersOf(row->command.description, size)
+                                       : L"";
+        (void)acutPrintf(L"  %d: %ls%ls\n", static_cast<int>(i + 1), lines[i].c_str(),
+                         sizes.c_str());
     }
 }
 

@@ -143,6 +143,7 @@ TEST_F(PlantedFaults, AreToldWithTheirLine) {
         std::wstring_view says;
     } kCases[] = {
         {"Listas/pu.lst", "50\t25\n", L"pu.lst, linha 1 (50 25): ", L"2 colunas"},
+        {"Tabelas/u_dobrado.csv", "designacao;h;b;t\n", L"u_dobrado.csv: ", L"nenhuma bitola"},
         {"Listas/pu.lst", "50\n", L"pu.lst, linha 1 (50): ", L"1 coluna,"},
         {"Listas/pu.lst", "50\t25\t2\t10\n", L"pu.lst, linha 1 ", L"4 colunas"},
         {"Listas/pu.lst", "1e300\t25\t2\n", L"pu.lst, linha 1 ", L"coluna 1 é grande demais"},
@@ -217,7 +218,7 @@ TEST_F(PlantedFaults, AreToldWithTheirLine) {
         // Flats 44, 88, 44 and two bends of mean radius 4.5: 176 + 4.5 pi = 190.1 mm.
         {"Tabelas/tiras_usuario.csv", "designacao;tira\nu 100 X 50 x 3;19\n",
          L"tiras_usuario.csv, linha 2: ", L"mais de 15 % da linha média, 190,1 mm"},
-        {"Tabelas/tiras_usuario.csv", "designacao;tira\nU 100x50x3;190\nU 100 x 50 x 3;191\n",
+        {"Tabelas/tiras_usuario.csv", "designacao;tira\nU 100x50x3;190\nU 100 x 50 x 3,00;191\n",
          L"tiras_usuario.csv, linha 3: ", L"já está na linha 2, que vale. Tire uma delas."},
         {"Tabelas/tiras_usuario.csv", "designacao;tira\nU 101x50x3;190\n",
          L"aviso: tiras_usuario.csv, linha 2 (U 101x50x3): ", L"não foi conferida"},

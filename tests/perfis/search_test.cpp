@@ -38,7 +38,7 @@ SizeSearch catalogue() {
     search.add({L"100\t50\t2.00\t20", L"Cr 100x50x20x2"});                      // 22
     search.add({L"100\t50\t3.00", L"2U [] 100x50x3", L"caixa 100x100x3"});      // 23
     search.add({L"W 150 x 22.5", L"152\t152\t6.60\t5.80\t22.50", L"H"}, 22.5);  // 24
-    search.add({L"63.5\t63.5\t6.35", L"L 2 1/2\" x 1/4\""});                    // 25
+    search.add({L"63.5\t63.5\t6.35", L"L 2 1/2\" x 1/4\"", L"laminad"});        // 25
     return search;
 }
 
@@ -79,6 +79,14 @@ TEST(SizeSearch, FindsWhatFitsTheBestFirst) {
         EXPECT_EQ(found.best, c.best) << prancheta::toUtf8(c.query);
     }
     EXPECT_EQ(search.find(L"  x ").rows.size(), 26u);
+    // One row is all that is left, but it is another size than what was typed.
+    for (const auto& [query, meant] : {std::pair(L"W 200x46", true),
+                                       {L"ipe 500", true},
+                                       {L"W 205 166", true},
+                                       {L"W 46,1", false},
+                                       {L"ue 20x75x3", false},
+                                       {L"U 200x7x3,3", false}})
+        EXPECT_EQ(search.find(query).meant, meant) << prancheta::toUtf8(query);
 }
 
 TEST(SizeSearch, KnowsTheWordsOfTheTrade) {
@@ -121,6 +129,9 @@ TEST(SizeSearch, KnowsTheWordsOfTheTrade) {
         {L"l 2\u00BD", 25, 1},
         {L"l 2 \u00BD x \u00BC", 25, 1},
         {L"viga 200x46", 5, 1},
+        {L"cantoneira laminada 63,5", 25, 1},
+        {L"cantoneira dobrada 63,5", 99, 0},
+        {L"dupla cantoneira 2\" x 1/4\"", 14, 1},
         {L"viga I 12", 13, 1},
         {L"viga I 200x46,1", 5, 1},
         {L"viga U 6\"", 16, 1},

@@ -150,8 +150,11 @@ std::optional<secao::Strip> stripOf(const ZpObject& peca) {
     const Peca& p = Access::of(peca);
     if (p.chapa()) return {};
     const secao::Single single = secao::singleOf(p.perfil(), p.dimensoes());
-    const std::wstring name = single.perfil + L' ' + single.dimensoes;
     Kept& shop = kept();
+    std::wstring name = single.perfil + L' ' + single.dimensoes;
+    // The shop may call a size as its own table does.
+    if (p.commercial && shop.files.rules.widths.contains(secao::designationKey(p.commercial->name)))
+        name = p.commercial->name;
     auto strip = secao::stripOf(p.secao().sheet(), name, shop.files.rules);
     if (!strip || !strip->refused) return strip;
     const std::wstring key = secao::designationKey(name);

@@ -138,32 +138,8 @@ std::optional<Published> publishedIn(TableFile& table, const Row& row,
     return p;
 }
 
-/// Users' tables first; in the order of their names, so that machines agree.
-struct Found {
-    fs::path path;
-    std::wstring stem;
-    bool own = false;
-};
-
-std::vector<Found> tablesIn(const fs::path& folder) {
-    std::vector<Found> found;
-    std::error_code error;
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-        const fs::path& path = it->path();
-        if (texts::lower(texts::shown(path.extension())) != L".csv") continue;
-        std::wstring stem = texts::lower(texts::shown(path.stem()));
-        const bool own = stem.ends_with(kOwn);
-        if (own) stem.resize(stem.size() - kOwn.size());
-        found.push_back({path, std::move(stem), own});
-    }
-    std::ranges::sort(found, [](const Found& a, const Found& b) {
-        return a.own != b.own ? a.own : a.stem < b.stem;
-    });
-    return found;
-}
-
 /// The family of a table; of a user's one also when more follows: "w_hp_obra".
-std::optional<Family> familyOf(const Found& table) {
+std::optional<Family> familyOf(const TableName& table) {
     std::optional<Family> best;
     std::size_t longest = 0;
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
@@ -178,6 +154,23 @@ std::optional<Family> familyOf(const Found& table) {
 
 }  // namespace
 
+std::vector<TableName> tablesIn(const fs::path& folder) {
+    std::vector<TableName> found;
+    std::error_code error;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        const fs::path& path = it->path();
+        if (texts::lower(texts::shown(path.extension())) != L".csv") continue;
+        std::wstring stem = texts::lower(texts::shown(path.stem()));
+        const bool own = stem.ends_with(kOwn);
+        if (own) stem.resize(stem.size() - kOwn.size());
+        found.push_back({path, std::move(stem), own});
+    }
+    std::ranges::sort(found, [](const TableName& a, const TableName& b) {
+        return a.own != b.own ? a.own : a.stem < b.stem;
+    });
+    return found;
+}
+
 std::optional<SizedRow> sizedRow(TableFile& table, const Row& row,
                                  std::span<const wchar_t* const> columns) {
     const auto v = sizesOf(table, row, columns);
@@ -189,13 +182,13 @@ std::optional<SizedRow> sizedRow(TableFile& table, const Row& row,
 }
 
 PublishedTables::PublishedTables(const fs::path& folder) {
-    const std::vector<Found> tables = tablesIn(folder);
-    for (const Found& table : tables) {
+    const std::vector<TableName> tables = tablesIn(folder);
+    for (const TableName& table : tables) {
         if (const std::optional<Family> family = familyOf(table)) {
             read(table.path, *family);
             continue;
         }
-        const bool known = std::ranges::any_of(tables, [&](const Found& other) {
+        const bool known = std::ranges::any_of(tables, [&](const TableName& other) {
             return !other.own && table.stem.starts_with(other.stem);
         });
         if (table.own && !known)

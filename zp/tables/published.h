@@ -94,6 +94,17 @@ private:
     std::vector<Fault> m_faults;
 };
 
+/// A table that stands in a folder; `stem` is its name in small letters, without the "_usuario" of
+/// a user's own.
+struct TableName {
+    std::filesystem::path path;
+    std::wstring stem;
+    bool own = false;
+};
+/// The users' own first, each kind in the order of the names, so that machines agree: of two rows
+/// of a size the first one read counts.
+std::vector<TableName> tablesIn(const std::filesystem::path& folder);
+
 /// Where an installation keeps its tables.
 std::filesystem::path tablesFolder(const std::filesystem::path& installation);
 

@@ -55,8 +55,21 @@ std::wstring designacaoText(const std::wstring& perfil, const std::wstring& dime
 
 std::wstring designationKey(std::wstring_view designation) {
     std::wstring key;
-    for (const wchar_t c : texts::lower(designation))
-        if (c != L' ') key += c == L'.' ? L',' : c;
+    bool decimals = false;
+    // "3,00" is the 3 of the lists.
+    const auto endNumber = [&] {
+        while (decimals && key.ends_with(L'0')) key.pop_back();
+        if (decimals && key.ends_with(L',')) key.pop_back();
+        decimals = false;
+    };
+    for (const wchar_t c : texts::lower(designation)) {
+        if (c == L' ') continue;
+        const bool sign = c == L'.' || c == L',';
+        if (sign || c < L'0' || c > L'9') endNumber();
+        key += sign ? L',' : c;
+        decimals = decimals || sign;
+    }
+    endNumber();
     return key;
 }
 
