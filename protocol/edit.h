@@ -36,6 +36,11 @@ public:
     /// when the value is refused; nothing changed then.
     virtual bool set(AcDbObjectId entity, const ACHAR* key, const ACHAR* value,
                      ACHAR*& message) const = 0;
+    /// The same for this entity alone, whatever else shows the same thing: nobody is asked.
+    virtual bool setAlone(AcDbObjectId entity, const ACHAR* key, const ACHAR* value,
+                          ACHAR*& message) const {
+        return set(entity, key, value, message);
+    }
     /// Figures for running totals: number of pieces, mass in kg, paint area in m2; zeros for an
     /// entity that does not count.
     struct Totals {
@@ -45,6 +50,9 @@ public:
     };
     virtual Totals totals(const AcDbEntity& entity) const = 0;
 };
+/// Key of the row that says what the entity is for, whatever its sizes: one of choices that are the
+/// same for all entities that have the row.
+inline constexpr const ACHAR* kRoleKey = L"tipo_barra";
 inline constexpr const ACHAR* kEntityPropertiesClass = L"ZpEntityProperties";
 
 /// Protocol extension under kEntityEditorClass: the dialog that made an entity.

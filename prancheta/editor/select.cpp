@@ -349,7 +349,9 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
         Found found;
         if (value.status == RTKWORD && isAmong(value.text, options.words)) {
             selection.word = value.text;
-            continue;
+            if (!options.single) continue;
+            selection.status = RTKWORD;
+            co_return selection;
         }
         if (value.status == RTKWORD) {
             if (changesMode(value.text, removing, single)) continue;

@@ -17,10 +17,12 @@ struct SelectOptions {
     bool usePickfirst = true;  ///< what was selected before the command is taken without asking
     bool dropLocked = true;    ///< objects on locked layers are reported and left out
     Keywords words;            ///< further options, which go before the usual ones
-    bool single = false;       ///< ends after the first step that found something
+    /// Ends after the first step that found something, or with one of `words`: RTKWORD then.
+    bool single = false;
 };
 
-/// `status`: RTNORM with at least one object, RTNONE when nothing was selected, RTCAN after Esc.
+/// `status`: RTNORM with at least one object, RTNONE when nothing was selected, RTCAN after Esc;
+/// RTKWORD as in the options.
 struct Selection {
     int status = 0;
     std::vector<AcDbObjectId> ids;

@@ -445,5 +445,54 @@ TEST_F(Modify, WhatCannotBeExplodedIsTold) {
     EXPECT_TRUE(said(L"1 objeto não pôde ser explodido."));
 }
 
+TEST_F(Modify, PropertiesOfAnotherObject) {
+    type({L"_-layer", L"_m", L"cotas", L""});
+    type({L"_text", L"0,0", L"5", L"0", L"um", L""});
+    type({L"_dimaligned", L"0,0", L"8,0", L"4,5", L"_dimaligned", L"0,0", L"9,0", L"4,9"});
+    type({L"_setvar", L"CLAYER", L"0", L"_text", L"0,50", L"2", L"0", L"dois", L""});
+    const std::vector<AcDbObjectId> all = entities();  // line, text, two dimensions, text
+    ASSERT_EQ(all.size(), 5u);
+    {
+        const AcDbObjectPointer<AcDbText> text(all[1], AcDb::kForWrite);
+        (void)text->setColorIndex(3);
+        (void)text->setLinetypeScale(2.5);
+        (void)text->setOblique(0.25);
+        const AcDbObjectPointer<AcDbDimension> dimension(all[2], AcDb::kForWrite);
+        (void)dimension->setDimscale(7.0);
+    }
+    // A picked origin, Esc where its object is asked for, and a point with nothing there.
+    type({L"copiarprop", L"500,500"});
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    type({L"^C", L"_matchprop"});
+    pick(0, 0, {all[1]});
+    type({L"_l", L""});
+    {
+        const Read<AcDbText> text(all[4]);
+        EXPECT_EQ(layerOf(all[4]), L"cotas");
+        EXPECT_EQ(text->colorIndex(), 3);
+        EXPECT_EQ(text->linetypeScale(), 2.5);
+        EXPECT_EQ(text->height(), 5.0);
+        EXPECT_EQ(text->oblique(), 0.25);
+        EXPECT_STREQ(text->textStringConst(), L"dois");
+    }
+    type({L"_u"});
+    EXPECT_EQ(layerOf(all[4]), L"0");
+    EXPECT_EQ(Read<AcDbText>(all[4])->height(), 2.0);
+    // What is selected before is the origin; without colour, and then with it again.
+    editor->selection().select({all[1]});
+    type({L"_ma", L"_s", L"_c", L""});
+    pick(10, 0, {all[0]});
+    type({L""});
+    EXPECT_EQ(layerOf(all[0]), L"cotas");
+    EXPECT_EQ(Read<AcDbLine>(all[0])->colorIndex(), 256);
+    EXPECT_TRUE(said(L"Propriedades copiadas: camada, tipo de linha, escala"));
+    // Several selected before are what is to be like the one that is picked.
+    editor->selection().select({all[0], all[3]});
+    type({L"_matchprop"});
+    pick(0, 0, {all[2]});
+    EXPECT_FALSE(editor->runner().active());
+    EXPECT_EQ(Read<AcDbDimension>(all[3])->ownDimscale(), 7.0);
+}
+
 }  // namespace
 }  // namespace builtin

@@ -26,7 +26,7 @@ using protocol::PropertySheet;
 using texts::withComma;
 
 constexpr const ACHAR* kComprimento = L"comprimento";
-constexpr const ACHAR* kTipoBarra = L"tipo_barra";
+constexpr const ACHAR* kTipoBarra = protocol::kRoleKey;
 constexpr const ACHAR* kGrade = L"aco";
 /// Longest name of a steel, characters.
 
@@ -181,9 +181,12 @@ public:
 
     bool set(AcDbObjectId entity, const ACHAR* key, const ACHAR* value,
              ACHAR*& message) const override {
-        const std::wstring reason = changeValue(entity, key, value);
-        if (!reason.empty()) (void)acutNewString(reason.c_str(), message);
-        return reason.empty();
+        return told(changeValue(entity, key, value), message);
+    }
+
+    bool setAlone(AcDbObjectId entity, const ACHAR* key, const ACHAR* value,
+                  ACHAR*& message) const override {
+        return told(changeOne(entity, key, value, nullptr), message);
     }
 
     Totals totals(const AcDbEntity& entity) const override {
@@ -193,6 +196,11 @@ public:
     }
 
 private:
+    static bool told(const std::wstring& reason, ACHAR*& message) {
+        if (!reason.empty()) (void)acutNewString(reason.c_str(), message);
+        return reason.empty();
+    }
+
     /// The piece and, when the user wants it, those that are the same member.
     static std::wstring changeValue(AcDbObjectId id, const std::wstring& key,
                                     const std::wstring& text) {

@@ -34,6 +34,7 @@ struct Memory {
     double rectangleArea = 100.0;
     double rectangleLength = 10.0;
     double rectangleWidth = 10.0;
+    unsigned int matched = ~0u;  ///< bits of what COPIARPROP copies
     bool copyOnce = false;
     AcGeVector3d displacement;
     PlotSettings plot;             ///< the area is asked for anew

@@ -39,6 +39,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"MIRROR",      L"ESPELHAR",     kPickset, commands::mirror},
     {L"ARRAY",       L"MATRIZ",       kPickset, commands::array},
     {L"STRETCH",     L"ESTICAR",      kPickset, commands::stretch},
+    {L"MATCHPROP",   L"COPIARPROP",   kPickset, commands::matchprop},
     {L"ERASE",       L"APAGAR",       kPickset, commands::erase},
     {L"EDITAPERFIL", L"EDITAPERFIL",  kPickset, commands::editaperfil},
     {L"OOPS",        L"OOPS",         kModal,   commands::oops},

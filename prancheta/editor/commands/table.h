@@ -36,6 +36,7 @@ CommandTask layer(CommandContext context);
 CommandTask layerInWindow(CommandContext context);
 CommandTask line(CommandContext context);
 CommandTask list(CommandContext context);
+CommandTask matchprop(CommandContext context);
 CommandTask mirror(CommandContext context);
 CommandTask move(CommandContext context);
 CommandTask mredo(CommandContext context);
