@@ -167,6 +167,22 @@ struct AcDbDimStyleValues {
     Adesk::Int16 dimdec = 2;
     Adesk::Int16 dimzin = 8;
     Adesk::Int16 dimdsep = L',';
+    double dimlfac = 1.0;       ///< measured lengths are multiplied by it
+    double dimrnd = 0.0;        ///< and rounded to it; 0 rounds by the decimals alone
+    double dimtsz = 0.0;        ///< oblique strokes of this size instead of arrows
+    Adesk::Int16 dimtix = 0;    ///< 1: the text stays between the extension lines
+    Adesk::Int16 dimadec = -1;  ///< decimals of degrees; -1: as dimdec
+    Adesk::Int16 dimse1 = 0;    ///< 1: without the first extension line
+    Adesk::Int16 dimse2 = 0;
+    Adesk::Int16 dimsah = 0;  ///< 1: dimblk1 and dimblk2 instead of dimblk
+    Adesk::Int16 dimclrd = 0;
+    Adesk::Int16 dimclre = 0;
+    Adesk::Int16 dimclrt = 0;
+    std::wstring dimpost;  ///< text about "<>", the measured value; without "<>" it follows it
+    /// Blocks drawn for arrows; null is the filled arrow.
+    AcDbObjectId dimblk;
+    AcDbObjectId dimblk1;
+    AcDbObjectId dimblk2;
 };
 
 class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {

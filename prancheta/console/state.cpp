@@ -62,10 +62,12 @@ Json layersJson(AcDbDatabase& database) {
     return out;
 }
 
-void describeDimension(const AcDbAlignedDimension& dimension, Json& out) {
-    out["p1"] = pointJson(dimension.xLine1Point());
-    out["p2"] = pointJson(dimension.xLine2Point());
-    out["linha"] = pointJson(dimension.dimLinePoint());
+void describeDimension(const AcDbDimension& dimension, Json& out) {
+    const std::span<const AcGePoint3d> points = dimension.definitionPoints();
+    const std::size_t measured = dimension.measuredPoints();
+    out["p1"] = pointJson(points[0]);
+    out["p2"] = pointJson(points[1]);
+    if (points.size() > measured) out["linha"] = pointJson(points[measured]);
     out["texto"] = toUtf8(dimension.shownText());
     out["medida"] = dimension.measurement();
 }
@@ -88,8 +90,8 @@ Json entityJson(const AcDbEntity& entity) {
     } else {
         out["limites"] = nullptr;
     }
-    if (entity.isKindOf(AcDbAlignedDimension::desc()))
-        describeDimension(static_cast<const AcDbAlignedDimension&>(entity), out);
+    if (entity.isKindOf(AcDbDimension::desc()))
+        describeDimension(static_cast<const AcDbDimension&>(entity), out);
     if (const auto* const report = reportOf(entity)) {
         JsonVisitor visitor(out);
         report->describe(entity, visitor);

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "prancheta/base/text.h"
+#include "prancheta/database/dim_variables.h"
 #include "prancheta/database/object_access.h"
 
 namespace prancheta {
@@ -24,26 +25,6 @@ const NamedVariable kNamed[] = {
      "não existe o estilo de cota "},
 };
 
-struct StyleReal {
-    const wchar_t* name;
-    double AcDbDimStyleValues::*member;
-};
-const StyleReal kStyleReals[] = {
-    {L"DIMASZ", &AcDbDimStyleValues::dimasz}, {L"DIMEXO", &AcDbDimStyleValues::dimexo},
-    {L"DIMDLI", &AcDbDimStyleValues::dimdli}, {L"DIMEXE", &AcDbDimStyleValues::dimexe},
-    {L"DIMTXT", &AcDbDimStyleValues::dimtxt}, {L"DIMGAP", &AcDbDimStyleValues::dimgap},
-};
-
-struct StyleInteger {
-    const wchar_t* name;
-    Adesk::Int16 AcDbDimStyleValues::*member;
-};
-const StyleInteger kStyleIntegers[] = {
-    {L"DIMTAD", &AcDbDimStyleValues::dimtad}, {L"DIMTIH", &AcDbDimStyleValues::dimtih},
-    {L"DIMTOH", &AcDbDimStyleValues::dimtoh}, {L"DIMDEC", &AcDbDimStyleValues::dimdec},
-    {L"DIMZIN", &AcDbDimStyleValues::dimzin}, {L"DIMDSEP", &AcDbDimStyleValues::dimdsep},
-};
-
 constexpr const wchar_t* kStyleText = L"DIMTXSTY";
 
 template <class Entry, std::size_t n>
@@ -53,9 +34,15 @@ const Entry* findEntry(const Entry (&table)[n], std::wstring_view name) {
     return nullptr;
 }
 
+/// DIMSCALE is the drawing's too, and arrow blocks are no variables here.
+const DimVariable* styleVariable(std::wstring_view name) {
+    const DimVariable* const found = dimVariable(name);
+    const bool other = found == nullptr || found->block != nullptr || name == L"DIMSCALE";
+    return other ? nullptr : found;
+}
+
 bool livesInStyle(std::wstring_view name) {
-    return findEntry(kStyleReals, name) != nullptr || findEntry(kStyleIntegers, name) != nullptr ||
-           name == kStyleText;
+    return styleVariable(name) != nullptr || name == kStyleText;
 }
 
 /// Canonical form of a colour's name; empty when it is none.
@@ -134,10 +121,12 @@ void DatabaseCore::variableChanged(VariableInfo& info) {
     if (acdbOpenObject(style, m_current[kDimStyle], AcDb::kForWrite) != Acad::eOk)
         return showDimStyle();
     AcDbDimStyleValues values = style->values();
-    if (const StyleReal* entry = findEntry(kStyleReals, info.name))
-        values.*entry->member = std::get<double>(info.value);
-    if (const StyleInteger* entry = findEntry(kStyleIntegers, info.name))
-        values.*entry->member = std::get<short>(info.value);
+    if (const DimVariable* const variable = styleVariable(info.name)) {
+        if (variable->real != nullptr) values.*variable->real = std::get<double>(info.value);
+        if (variable->integer != nullptr) values.*variable->integer = std::get<short>(info.value);
+        if (variable->text != nullptr)
+            values.*variable->text = std::get<std::wstring>(info.value);
+    }
     if (info.name == kStyleText)
         (void)style->setDimtxsty(
             ObjectAccess::lookup(m_tables[kTextStyles], std::get<std::wstring>(info.value)));
@@ -156,10 +145,14 @@ void DatabaseCore::showDimStyle() {
     const AcDbStub* stub = m_current[kDimStyle];
     if (stub == nullptr) return;
     const auto& style = static_cast<const AcDbDimStyleTableRecord&>(*stub->object);
-    for (const StyleReal& entry : kStyleReals)
-        m_variables.mirror(entry.name, style.values().*entry.member);
-    for (const StyleInteger& entry : kStyleIntegers)
-        m_variables.mirror(entry.name, static_cast<short>(style.values().*entry.member));
+    const AcDbDimStyleValues& values = style.values();
+    for (const DimVariable& variable : dimVariables()) {
+        if (styleVariable(variable.name) == nullptr) continue;
+        if (variable.real != nullptr) m_variables.mirror(variable.name, values.*variable.real);
+        if (variable.integer != nullptr)
+            m_variables.mirror(variable.name, static_cast<short>(values.*variable.integer));
+        if (variable.text != nullptr) m_variables.mirror(variable.name, values.*variable.text);
+    }
     m_variables.mirror(kStyleText, ObjectAccess::recordName(style.dimtxsty()));
 }
 

@@ -2,6 +2,7 @@
 // Layers, linetypes, text styles, dimension styles, registered applications.
 #include <cmath>
 
+#include "prancheta/database/dim_variables.h"
 #include "prancheta/database/memory_filer.h"
 #include "prancheta/database/object_access.h"
 
@@ -162,14 +163,26 @@ Acad::ErrorStatus AcDbDimStyleTableRecord::setDimtxsty(AcDbObjectId id) {
 }
 Acad::ErrorStatus AcDbDimStyleTableRecord::dwgOutFields(AcDbDwgFiler* filer) const {
     AcDbSymbolTableRecord::dwgOutFields(filer);
-    filer->writeBytes(&m_values, sizeof m_values);
+    for (const DimVariable& variable : dimVariables()) {
+        if (variable.real != nullptr) filer->writeDouble(m_values.*variable.real);
+        if (variable.integer != nullptr) filer->writeInt16(m_values.*variable.integer);
+        if (variable.text != nullptr) filer->writeString((m_values.*variable.text).c_str());
+        if (variable.block != nullptr) filer->writeHardPointerId(m_values.*variable.block);
+    }
     filer->writeHardPointerId(m_textStyle);
     return filer->filerStatus();
 }
 Acad::ErrorStatus AcDbDimStyleTableRecord::dwgInFields(AcDbDwgFiler* filer) {
     AcDbSymbolTableRecord::dwgInFields(filer);
-    filer->readBytes(&m_values, sizeof m_values);
     AcDbHardPointerId style;
+    for (const DimVariable& variable : dimVariables()) {
+        if (variable.real != nullptr) filer->readDouble(&(m_values.*variable.real));
+        if (variable.integer != nullptr) filer->readInt16(&(m_values.*variable.integer));
+        if (variable.text != nullptr) m_values.*variable.text = readText(*filer);
+        if (variable.block == nullptr) continue;
+        filer->readHardPointerId(&style);
+        m_values.*variable.block = style;
+    }
     filer->readHardPointerId(&style);
     m_textStyle = style;
     if (database() != nullptr) database()->core().recordChanged(*this);

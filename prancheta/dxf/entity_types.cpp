@@ -250,7 +250,8 @@ void takeInsert(const AcDbEntity& entity, Values& v) {
 }  // namespace
 
 std::span<const EntityType> entityTypes() {
-    static const EntityType kTypes[] = {
+    static const std::vector<EntityType> kTypes = [] {
+        std::vector<EntityType> types = {
         {"LINE", &AcDbLine::desc, kLine, always, makeLine, takeLine},
         {"POINT", &AcDbPoint::desc, kPoint, always, makePoint, takePoint},
         {"CIRCLE", &AcDbCircle::desc, kCircle, always, makeCircle, takeCircle},
@@ -259,8 +260,10 @@ std::span<const EntityType> entityTypes() {
         {"TEXT", &AcDbText::desc, kText, suitsText, makeText, takeText},
         {"SOLID", &AcDbSolid::desc, kSolid, flatOnly, makeSolid, takeSolid},
         {"INSERT", &AcDbBlockReference::desc, kInsert, suitsInsert, makeInsert, takeInsert},
-        alignedDimensionType(),
-    };
+        };
+        for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
+        return types;
+    }();
     return kTypes;
 }
 

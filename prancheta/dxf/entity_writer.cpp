@@ -198,8 +198,9 @@ void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& 
         putDimscale(data, scale);
         m_out.raw(data);
     }
-    const AcGePoint3d through = static_cast<const AcDbAlignedDimension&>(original).dimLinePoint();
-    const AcGePoint3d filed = static_cast<const AcDbAlignedDimension&>(asFiled).dimLinePoint();
+    // Of other kinds the last point is the same in both.
+    const AcGePoint3d through = static_cast<const AcDbDimension&>(original).definitionPoints().back();
+    const AcGePoint3d filed = static_cast<const AcDbDimension&>(asFiled).definitionPoints().back();
     if (through.x == filed.x && through.y == filed.y && through.z == filed.z) return;
     m_out.text(1001, kPieceApplication);
     m_out.point(1011, through);

@@ -175,6 +175,7 @@ public:
                     return;
                 return m_out.integer(code, m_values.integers[field.slot]);
             case Meaning::Text:
+                if (field.optional && m_values.texts[field.slot].empty()) return;
                 return m_out.meaning(code, m_values.texts[field.slot]);
             case Meaning::TextStyle:
             case Meaning::DimStyle:
@@ -184,6 +185,7 @@ public:
             case Meaning::Linetype:
                 return writeName(field, kContinuous);
             case Meaning::StyleHandle:
+                if (field.optional && m_values.ids[field.slot].isNull()) return;
                 if (!m_values.ids[field.slot].isErased())
                     m_out.handle(code, m_values.ids[field.slot].handle().value());
                 return;

@@ -73,12 +73,12 @@ struct FieldVertex {
 
 /// Values of one object between its class and the file; reused, so that reading allocates little.
 struct Values {
-    static constexpr std::size_t kSlots = 10;
-    AcGePoint3d points[4];
+    static constexpr std::size_t kSlots = 16;
+    AcGePoint3d points[6];
     double reals[kSlots] = {};
     long long integers[kSlots] = {};
     std::wstring texts[2];
-    AcDbObjectId ids[2];
+    AcDbObjectId ids[4];
     AcGeVector3d normal = AcGeVector3d::kZAxis;
     std::vector<FieldVertex> vertices;
     std::vector<double> dashes;

@@ -16,6 +16,9 @@ constexpr HeaderVariable kVariables[] = {
     {"$DIMASZ", 40, true},  {"$DIMEXO", 40, true}, {"$DIMDLI", 40, true}, {"$DIMEXE", 40, true},
     {"$DIMTXT", 40, true},  {"$DIMGAP", 40, true}, {"$DIMTIH", 70, true}, {"$DIMTOH", 70, true},
     {"$DIMTAD", 70, true},  {"$DIMZIN", 70, true}, {"$DIMDEC", 70, true}, {"$DIMDSEP", 70, true},
+    {"$DIMLFAC", 40, true}, {"$DIMRND", 40, true}, {"$DIMTSZ", 40, true}, {"$DIMTIX", 70, true},
+    {"$DIMADEC", 70, true}, {"$DIMSE1", 70, true}, {"$DIMSE2", 70, true}, {"$DIMSAH", 70, true},
+    {"$DIMCLRD", 70, true}, {"$DIMCLRE", 70, true}, {"$DIMCLRT", 70, true}, {"$DIMPOST", 1, true},
     {"$DIMTXSTY", 7, true}, {"$DIMSTYLE", 2},      {"$LUNITS", 70},       {"$LUPREC", 70},
     {"$AUNITS", 70},        {"$AUPREC", 70},       {"$ANGBASE", 50},      {"$ANGDIR", 70},
 };

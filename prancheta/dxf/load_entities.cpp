@@ -36,8 +36,7 @@ bool Loader::readEntities() {
 bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId owner) {
     if (!splitEntity(record, m_head, m_fault)) return false;
     if (m_head.paper && owner == m_core.modelSpaceId()) owner = m_core.paperSpaceId();
-    const EntityType* const type = entityTypeNamed(record.type);
-    if (type == nullptr || hasParts(record.type, m_head.body))
+    if (entityTypeNamed(record.type) == nullptr || hasParts(record.type, m_head.body))
         return readForeign(reader, record, owner);
     if (record.type == "INSERT" && !m_head.xdata.empty()) {
         std::string_view pictureBlock;
@@ -49,10 +48,12 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
             return append(std::move(piece), owner);
         }
     }
-    const bool isRead = readFields(type->fields, m_head.body, *this, m_values, m_rest, m_fault);
+    const EntityType* const type = suitedType(record.type);
     if (m_fault) return false;
-    if (!isRead || !type->suits(m_values, m_rest)) return readForeign(reader, record, owner);
+    if (type == nullptr) return readForeign(reader, record, owner);
     std::unique_ptr<AcDbEntity> entity = type->make(m_values);
+    if (entity->isKindOf(AcDbDimension::desc()) && !isDrawnAsFiled(m_values.ids[0], m_head.xdata))
+        return readForeign(reader, record, owner);
     if (!keepExtra(*entity, m_rest)) return false;
     if (auto* const dimension = AcDbDimension::cast(entity.get())) {
         // The picture is drawn anew; its block is read only when something else uses it.
@@ -60,13 +61,25 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
         if (ObjectAccess::extra(*dimension) != nullptr) {
             RawTags xdata = ObjectAccess::extra(*dimension)->xdata;
             (void)dimension->setDimscale(takeDimscale(xdata));
-            if (auto* const aligned = AcDbAlignedDimension::cast(dimension))
-                takeThroughPoint(xdata, *aligned);
+            if (auto* const linear = dynamic_cast<PranchetaLinearDimension*>(dimension))
+                takeThroughPoint(xdata, *linear);
             ObjectAccess::makeExtra(*dimension).xdata = xdata;
             ObjectAccess::dropEmptyExtra(*dimension);
         }
     }
     return append(std::move(entity), owner);
+}
+
+/// The type of this name that the groups suit, its values read; null for none, or with a fault.
+const EntityType* Loader::suitedType(std::string_view name) {
+    for (const EntityType& type : entityTypes()) {
+        if (name != type.name) continue;
+        if (readFields(type.fields, m_head.body, *this, m_values, m_rest, m_fault) &&
+            type.suits(m_values, m_rest))
+            return &type;
+        if (m_fault) return nullptr;
+    }
+    return nullptr;
 }
 
 bool Loader::readForeign(TagReader& reader, const Record& record, AcDbObjectId owner) {

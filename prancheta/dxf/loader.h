@@ -76,6 +76,7 @@ private:
 
     // Entities.
     bool readEntity(TagReader& reader, const Record& record, AcDbObjectId owner);
+    const EntityType* suitedType(std::string_view name);
     bool readForeign(TagReader& reader, const Record& record, AcDbObjectId owner);
     bool readParts(TagReader& reader, RawTags& tags, Adesk::UInt64 owner);
     /// An INSERT that is a parametric piece; null when it is none or stays an ordinary one.

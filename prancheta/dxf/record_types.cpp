@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "prancheta/database/dim_variables.h"
 #include "prancheta/database/object_access.h"
 
 namespace prancheta::dxf {
@@ -122,45 +123,57 @@ const Field kDimStyle[] = {marker("AcDbDimStyleTableRecord"),
                            {44, Real, 4, false, 1.25},
                            {140, Real, 5, false, 2.5},
                            {147, Real, 6, false, 0.625},
+                           optionalField(45, Real, 7, 0.0),
+                           optionalField(142, Real, 8, 0.0),
+                           optionalField(144, Real, 9, 1.0),
                            {73, Integer, 0},
                            {74, Integer, 1},
-                           {77, Integer, 2},
-                           {78, Integer, 3},
-                           {271, Integer, 4, false, 2},
+                           optionalField(75, Integer, 2, 0),
+                           optionalField(76, Integer, 3, 0),
+                           {77, Integer, 4},
+                           {78, Integer, 5},
+                           optionalField(173, Integer, 6, 0),
+                           optionalField(174, Integer, 7, 0),
+                           optionalField(176, Integer, 8, 0),
+                           optionalField(177, Integer, 9, 0),
+                           optionalField(178, Integer, 10, 0),
+                           optionalField(179, Integer, 11, 0),
+                           {271, Integer, 12, false, 2},
                            defaultField(277, 2),
-                           {278, Integer, 5, false, 46},
-                           {340, StyleHandle, 0}};
+                           {278, Integer, 13, false, 46},
+                           optionalField(3, Text, 1, 0.0),
+                           {340, StyleHandle, 0},
+                           optionalField(342, StyleHandle, 1, 0.0),
+                           optionalField(343, StyleHandle, 2, 0.0),
+                           optionalField(344, StyleHandle, 3, 0.0)};
+
+/// The values of a style between the record and the groups that name them; `pass` gets both.
+template <class Values_, class Style, class Pass>
+void eachDimVariable(Values_& v, Style& style, Pass pass) {
+    for (const Field& field : kDimStyle) {
+        const DimVariable* const variable = dimVariable(field.code);
+        if (variable == nullptr || field.meaning == Meaning::Marker) continue;
+        if (variable->real != nullptr) pass(v.reals[field.slot], style.*variable->real);
+        if (variable->integer != nullptr) pass(v.integers[field.slot], style.*variable->integer);
+        if (variable->text != nullptr) pass(v.texts[field.slot], style.*variable->text);
+        if (variable->block != nullptr) pass(v.ids[field.slot], style.*variable->block);
+    }
+}
 
 std::unique_ptr<AcDbSymbolTableRecord> makeDimStyle(const Values& v) {
     auto record = std::make_unique<AcDbDimStyleTableRecord>();
-    const auto integer = [&](std::size_t i) { return static_cast<Adesk::Int16>(v.integers[i]); };
     AcDbDimStyleValues values;
-    values.dimscale = v.reals[0];
-    values.dimasz = v.reals[1];
-    values.dimexo = v.reals[2];
-    values.dimdli = v.reals[3];
-    values.dimexe = v.reals[4];
-    values.dimtxt = v.reals[5];
-    values.dimgap = v.reals[6];
-    values.dimtih = integer(0);
-    values.dimtoh = integer(1);
-    values.dimtad = integer(2);
-    values.dimzin = integer(3);
-    values.dimdec = integer(4);
-    values.dimdsep = integer(5);
+    eachDimVariable(v, values, [](const auto& filed, auto& member) {
+        member = static_cast<std::remove_reference_t<decltype(member)>>(filed);
+    });
     (void)record->setValues(values);
     (void)record->setDimtxsty(v.ids[0]);
     return record;
 }
 void takeDimStyle(const AcDbSymbolTableRecord& any, Values& v) {
     const auto& record = static_cast<const AcDbDimStyleTableRecord&>(any);
-    const AcDbDimStyleValues& values = record.values();
-    const double reals[] = {values.dimscale, values.dimasz, values.dimexo, values.dimdli,
-                            values.dimexe,   values.dimtxt, values.dimgap};
-    const Adesk::Int16 integers[] = {values.dimtih, values.dimtoh, values.dimtad,
-                                     values.dimzin, values.dimdec, values.dimdsep};
-    std::copy(std::begin(reals), std::end(reals), v.reals);
-    std::copy(std::begin(integers), std::end(integers), v.integers);
+    eachDimVariable(v, record.values(),
+                    [](auto& filed, const auto& member) { filed = member; });
     v.ids[0] = record.dimtxsty();
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Saving: what the file will hold, and its sections.
 #include "prancheta/base/text.h"
+#include "prancheta/database/entity_picture.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/saver.h"
+#include "prancheta/entities/dimension_layout.h"
 #include "prancheta/entities/register.h"
 
 namespace prancheta::dxf {
@@ -14,6 +16,17 @@ namespace {
 // Entities of the block of a dimension, and three for the block itself: an upper bound, because the
 // pictures are recorded when the seed is written already.
 constexpr Adesk::UInt64 kHandlesOfDimension = 24;
+
+/// The same with arrows that are blocks: those are counted.
+Adesk::UInt64 handlesOf(const AcDbDimension& dimension) {
+    const AcDbDimStyleValues style = styleValues(dimension);
+    if (style.dimblk.isNull() && style.dimblk1.isNull() && style.dimblk2.isNull())
+        return kHandlesOfDimension;
+    Picture picture;
+    if (const std::unique_ptr<AcDbDimension> filed = asFiled(dimension))
+        recordPicture(*filed, picture);
+    return kHandlesOfDimension + PictureWriter::count(picture);
+}
 
 AcDbSymbolTable& tableAt(AcDbObjectId id) {
     return static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
@@ -115,13 +128,11 @@ void Saver::planPictures() {
                 m_pieces.add(entity);
                 continue;
             }
-            if (entity.isA() == AcDbAlignedDimension::desc()) {
-                const auto& dimension = static_cast<const AcDbAlignedDimension&>(entity);
+            if (entity.isKindOf(AcDbDimension::desc())) {
+                const auto& dimension = static_cast<const AcDbDimension&>(entity);
                 m_dimensions.push_back(&dimension);
                 if (!inModel) continue;
-                for (const AcGePoint3d& p : {dimension.xLine1Point(), dimension.xLine2Point(),
-                                             filedThroughPoint(dimension)})
-                    m_extents.addPoint(p);
+                for (const AcGePoint3d& p : filedPoints(dimension)) m_extents.addPoint(p);
                 continue;
             }
             AcDbExtents extents;
@@ -230,8 +241,11 @@ Result<void> Saver::run() {
         for (const AcDbObjectId id : ObjectAccess::entities(recordAt(moved.source)))
             if (!id.isErased()) pieceEntities += recordCount(entityAt(id));
     }
+    Adesk::UInt64 dimensionHandles = 0;
+    for (const AcDbDimension* const dimension : m_dimensions)
+        dimensionHandles += handlesOf(*dimension);
     m_seed = std::max(m_core.nextHandle(), m_handles.peek() + pieceEntities +
-                                               kHandlesOfDimension * m_dimensions.size() +
+                                               dimensionHandles +
                                                2 * m_pieces.uses().size() + 1);
     writeHeader();
     writeClasses();

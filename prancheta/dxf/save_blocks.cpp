@@ -124,14 +124,18 @@ void Saver::endPictureBlock(const PictureBlock& block) {
     m_out.marker("AcDbBlockEnd");
 }
 
-void Saver::writeDimensionBlock(const AcDbAlignedDimension& dimension, const PictureBlock& block) {
-    const std::unique_ptr<AcDbAlignedDimension> filed = asFiled(dimension);
+void Saver::writeDimensionBlock(const AcDbDimension& dimension, const PictureBlock& block) {
+    const std::unique_ptr<AcDbDimension> filed = asFiled(dimension);
+    if (!filed) {
+        m_error = Error{"uma cota não pôde ser gravada", "", 0, 0};
+        return;
+    }
     Picture picture;
     recordPicture(*filed, picture);
     makeByBlock(picture, dimension);
     beginPictureBlock(block);
     m_pictures.write(picture, block.record, m_handles, textStyleOf(*filed));
-    for (const AcGePoint3d& p : {filed->xLine1Point(), filed->xLine2Point(), filed->dimLinePoint()})
+    for (const AcGePoint3d& p : filed->definitionPoints())
         m_pictures.writePoint(p, "Defpoints", block.record, m_handles.next());
     endPictureBlock(block);
 }
@@ -144,9 +148,10 @@ void Saver::writeEntities(const AcDbBlockTableRecord& record, bool paper) {
         auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
         if (isPiece(entity)) {
             writePiece(entity, place);
-        } else if (entity.isA() == AcDbAlignedDimension::desc()) {
-            const auto& dimension = static_cast<const AcDbAlignedDimension&>(entity);
-            const std::unique_ptr<AcDbAlignedDimension> filed = asFiled(dimension);
+        } else if (entity.isKindOf(AcDbDimension::desc())) {
+            const auto& dimension = static_cast<const AcDbDimension&>(entity);
+            const std::unique_ptr<AcDbDimension> filed = asFiled(dimension);
+            if (!filed) return;  // the error is kept already
             m_entities.writeDimension(dimension, *filed, m_dimensionBlocks[m_nextDimension++].name,
                                       place);
         } else if (by != nullptr) {
@@ -167,7 +172,7 @@ void Saver::writeMovedBlock(const MovedDimensions::NewBlock& moved, const Pictur
         static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(moved.source)->object);
     for (const AcDbObjectId id : ObjectAccess::entities(source)) {
         const auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
-        if (id.isErased() || isPiece(entity) || entity.isA() == AcDbAlignedDimension::desc())
+        if (id.isErased() || isPiece(entity) || entity.isKindOf(AcDbDimension::desc()))
             continue;
         writeMoved(entity, moved.dimension->sinceDrawn(),
                    {block.record, false, m_handles.next(), true});

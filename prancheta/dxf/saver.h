@@ -78,7 +78,7 @@ private:
     void writeBlockPart(const char* part, const Block& block, Adesk::UInt64 handle);
     void beginPictureBlock(const PictureBlock& block);
     void endPictureBlock(const PictureBlock& block);
-    void writeDimensionBlock(const AcDbAlignedDimension& dimension, const PictureBlock& block);
+    void writeDimensionBlock(const AcDbDimension& dimension, const PictureBlock& block);
     void writeEntities(const AcDbBlockTableRecord& record, bool paper);
     void writeMovedBlock(const MovedDimensions::NewBlock& moved, const PictureBlock& block);
     void writeMoved(const AcDbEntity& entity, const AcGeMatrix3d& by, const Place& place);
@@ -110,7 +110,7 @@ private:
     std::vector<Block> m_blocks;  ///< in table order, model and paper space among them
     PiecePlan m_pieces;
     std::size_t m_nextPiece = 0;
-    std::vector<const AcDbAlignedDimension*> m_dimensions;
+    std::vector<const AcDbDimension*> m_dimensions;
     MovedDimensions m_moved;
     std::vector<PictureBlock> m_dimensionBlocks;  ///< of those, then the new ones of moved ones
     std::size_t m_nextDimension = 0;

@@ -10,6 +10,7 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/dcl/dialog.h"
 #include "prancheta/editor/command_stack.h"
+#include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/running.h"
@@ -201,6 +202,7 @@ void CommandRunner::end(RunningCommand& command, CommandEnd how) {
         &AcEditorReactor::commandEnded, &AcEditorReactor::commandCancelled,
         &AcEditorReactor::commandFailed};
     m_editor.programs().reactors().tell(kMessages[static_cast<int>(how)], command.name.c_str());
+    m_editor.dimensionTies().settle();
     closeUndo(command, how);
     if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW))
         m_editor.selection().clear();

@@ -4,6 +4,7 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
+#include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/modules.h"
@@ -41,6 +42,7 @@ void Editor::tellClosing() {
 void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
     const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
+    m_dimensionTies = std::make_unique<DimensionTies>(*m_database);
     m_display = std::make_unique<DisplayList>(*m_database);
     m_appearances = std::make_unique<AppearanceTable>(*m_database);
     DatabaseCore& core = m_database->core();

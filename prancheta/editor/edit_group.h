@@ -7,6 +7,7 @@
 
 #include "aced.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta {
@@ -27,6 +28,7 @@ public:
     }
     ~EditGroup() {
         tell(m_failed ? &AcEditorReactor::commandFailed : &AcEditorReactor::commandEnded);
+        m_editor.dimensionTies().settle();
         if (m_failed) m_undo.rollbackOpenGroup();
         m_undo.end();
     }

@@ -27,6 +27,7 @@ namespace prancheta {
 
 class AppearanceTable;
 class CommandStack;
+class DimensionTies;
 class DisplayList;
 class ModuleTable;
 
@@ -66,6 +67,7 @@ public:
     /// What the drawing shows, and how; made anew with every drawing.
     DisplayList& display() const { return *m_display; }
     AppearanceTable& appearances() const { return *m_appearances; }
+    DimensionTies& dimensionTies() const { return *m_dimensionTies; }
     /// What the built-in commands remember between runs; made by them, gone with the editor.
     std::shared_ptr<void>& commandMemory() { return m_commandMemory; }
 
@@ -116,6 +118,7 @@ private:
     std::unique_ptr<AcDbDatabase> m_database;
     std::unique_ptr<DisplayList> m_display;
     std::unique_ptr<AppearanceTable> m_appearances;
+    std::unique_ptr<DimensionTies> m_dimensionTies;
     std::unique_ptr<CommandStack> m_commands;
     std::unique_ptr<ModuleTable> m_modules;
     Aliases m_aliases;

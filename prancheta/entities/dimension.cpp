@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
-// What all dimensions have: style, text, scale.
+// What all dimensions have: style, text, scale, and the points by which they stand.
 #include "dbdim.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/dimension_layout.h"
+#include "prancheta/entities/listing.h"
+#include "prancheta/entities/picture_entities.h"
+#include "prancheta/graphics/picture_recorder.h"
 
 using namespace prancheta;
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDimension, AcDbEntity)
+
+// --- Values --------------------------------------------------------------------------------------
 
 Acad::ErrorStatus AcDbDimension::setDimensionStyle(AcDbObjectId id) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
@@ -24,7 +29,10 @@ Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text) {
 }
 
 AcGePoint3d AcDbDimension::textPosition() const {
-    return isUsingDefaultTextPosition() ? defaultTextPosition() : own()->textPosition;
+    if (!isUsingDefaultTextPosition()) return own()->textPosition;
+    DimensionLayout layout(*this);
+    layOut(layout);
+    return layout.textMiddle;
 }
 
 Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& p) {
@@ -42,6 +50,13 @@ Acad::ErrorStatus AcDbDimension::useDefaultTextPosition() {
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbDimension::setTextRotation(double angle) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    assertWriteEnabled();
+    if (own() != nullptr || angle != 0.0) makeOwn().textRotation = angle;
+    return Acad::eOk;
+}
+
 double AcDbDimension::dimscale() const { return styleValues(*this).dimscale; }
 
 Acad::ErrorStatus AcDbDimension::setDimscale(double scale) {
@@ -53,30 +68,138 @@ Acad::ErrorStatus AcDbDimension::setDimscale(double scale) {
 }
 
 std::wstring AcDbDimension::shownText() const {
-    constexpr std::wstring_view kMeasured = L"<>";
-    std::wstring measured = measureText(measurement(), styleValues(*this));
+    const std::wstring measured = measuredText(*this);
     const std::wstring text = dimensionTextConst();
-    if (text.empty()) return measured;
-    std::wstring shown;
-    std::size_t from = 0;
-    for (std::size_t at; (at = text.find(kMeasured, from)) != std::wstring::npos;
-         from = at + kMeasured.size())
-        shown.append(text, from, at - from).append(measured);
-    return shown.append(text, from);
+    return text.empty() ? measured : withMeasure(text, measured);
 }
+
+// --- Points --------------------------------------------------------------------------------------
+
+std::span<AcGePoint3d> AcDbDimension::points() {
+    const std::span<const AcGePoint3d> all = definitionPoints();
+    return {const_cast<AcGePoint3d*>(all.data()), all.size()};  // this object's own, not const here
+}
+
+Acad::ErrorStatus AcDbDimension::setDefinitionPoint(std::size_t index, const AcGePoint3d& p) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    if (index >= points().size()) return Acad::eInvalidIndex;
+    assertWriteEnabled();
+    points()[index] = p;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::subTransformBy(const AcGeMatrix3d& m) {
+    if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
+    assertWriteEnabled();
+    for (AcGePoint3d& p : points()) p.transformBy(m);
+    if (own() != nullptr) {
+        Own& mine = makeOwn();
+        mine.textPosition.transformBy(m);
+        if (m.det() < 0.0) mine.oblique = 0.0 - mine.oblique;
+        if (mine.textRotation != 0.0) {
+            AcGeVector3d reading = m * directionInPlane(mine.textRotation, AcGeVector3d::kZAxis);
+            // Readable in a mirror, too.
+            if (m.det() < 0.0 && (reading.x < -1e-9 || (reading.x < 1e-9 && reading.y < 0.0)))
+                reading = -reading;
+            mine.textRotation = angleInPlane(reading, AcGeVector3d::kZAxis);
+        }
+    }
+    xDataTransformBy(m);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                  AcDbIntArray&) const {
+    for (const AcGePoint3d& p : definitionPoints()) points.append(p);
+    points.append(textPosition());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::subMoveGripPointsAt(const AcDbIntArray& indices,
+                                                     const AcGeVector3d& offset) {
+    assertWriteEnabled();
+    const std::span<AcGePoint3d> all = points();
+    const AcGePoint3d text = textPosition();
+    const int count = static_cast<int>(all.size());
+    for (int i = 0; i < count; ++i)
+        if (indices.contains(i)) all[static_cast<std::size_t>(i)] += offset;
+    if (indices.contains(count)) return moveText(text + offset);
+    if (!isUsingDefaultTextPosition() && indices.length() >= count)
+        makeOwn().textPosition += offset;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& modes,
+                                                     AcDbIntArray& ids) const {
+    AcGePoint3dArray grips;
+    (void)subGetGripPoints(grips, modes, ids);  // answers always
+    const int count = grips.length() - (isUsingDefaultTextPosition() ? 1 : 0);
+    for (int i = 0; i < count; ++i) points.append(grips[i]);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::subGetOsnapPoints(
+    AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick, const AcGePoint3d& last,
+    const AcGeMatrix3d& view, AcGePoint3dArray& points, AcDbIntArray& geomIds) const {
+    if (mode != AcDb::kOsModeNode)
+        return AcDbEntity::subGetOsnapPoints(mode, marker, pick, last, view, points, geomIds);
+    DimensionLayout layout(*this);
+    layOut(layout);
+    const std::span<const AcGePoint3d> all = definitionPoints();
+    for (std::size_t i = 0; i < measuredPoints(); ++i) points.append(all[i]);
+    for (const AcGePoint3d& p : {layout.filedPoint, textPosition()}) points.append(p);
+    return Acad::eOk;
+}
+
+// --- Picture -------------------------------------------------------------------------------------
+
+Adesk::Boolean AcDbDimension::subWorldDraw(AcGiWorldDraw* draw) {
+    drawDimension(*this, *draw);
+    return Adesk::kTrue;
+}
+
+Acad::ErrorStatus AcDbDimension::subExplode(AcDbVoidPtrArray& set) const {
+    assertReadEnabled();
+    Picture picture;
+    PictureRecorder recorder(picture);
+    recorder.begin(traitsOf(*this));
+    drawDimension(*this, recorder);
+    appendEntities(picture, set);
+    return Acad::eOk;
+}
+
+void AcDbDimension::subList() const {
+    assertReadEnabled();
+    AcDbEntity::subList();
+    const std::span<const AcGePoint3d> all = definitionPoints();
+    for (std::size_t i = 0; i < all.size(); ++i)
+        listPoint(i < measuredPoints() ? L"ponto " + std::to_wstring(i + 1) + L"," :
+                                         std::wstring(L"linha de cota por,"),
+                  all[i]);
+    listPoint(L"posição do texto,", textPosition());
+    if (isAngular())
+        listAngle(L"medida", measurement());
+    else
+        listNumber(L"medida", measurement());
+    listText(L"texto", shownText());
+    listNumber(L"escala da cota", dimscale());
+}
+
+// --- Filing --------------------------------------------------------------------------------------
 
 Acad::ErrorStatus AcDbDimension::dwgOutFields(AcDbDwgFiler* filer) const {
     const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk) return es;
     filer->writeInt16(kFieldsVersion);
+    for (const AcGePoint3d& p : definitionPoints()) filer->writePoint3d(p);
     filer->writeBool(own() != nullptr);
     if (own() == nullptr) return filer->filerStatus();
     filer->writeHardPointerId(own()->style);
     filer->writeString(own()->text.c_str());
     filer->writePoint3d(own()->textPosition);
     filer->writeBool(own()->userTextPosition);
-    filer->writeDouble(own()->dimscale);
-    filer->writeDouble(own()->oblique);
+    for (const double value : {own()->dimscale, own()->oblique, own()->textRotation})
+        filer->writeDouble(value);
     return filer->filerStatus();
 }
 
@@ -84,6 +207,7 @@ Acad::ErrorStatus AcDbDimension::dwgInFields(AcDbDwgFiler* filer) {
     Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es == Acad::eOk) es = readVersion(filer);
     if (es != Acad::eOk) return es;
+    for (AcGePoint3d& p : points()) filer->readPoint3d(&p);
     bool said = false;
     filer->readBool(&said);
     m_own.reset();
@@ -96,7 +220,7 @@ Acad::ErrorStatus AcDbDimension::dwgInFields(AcDbDwgFiler* filer) {
     if (es != Acad::eOk) return es;
     filer->readPoint3d(&read.textPosition);
     filer->readBool(&read.userTextPosition);
-    filer->readDouble(&read.dimscale);
-    filer->readDouble(&read.oblique);
+    for (double* const value : {&read.dimscale, &read.oblique, &read.textRotation})
+        filer->readDouble(value);
     return filer->filerStatus();
 }

@@ -1,94 +1,107 @@
 // SPDX-License-Identifier: MIT
-// Draws aligned dimensions.
-#include <algorithm>
+// Draws dimensions.
 #include <cmath>
 
+#include "prancheta/entities/block_content.h"
+#include "prancheta/entities/common.h"
 #include "prancheta/entities/dimension_layout.h"
-#include "prancheta/graphics/text_metrics.h"
+#include "prancheta/entities/picture_entities.h"
+#include "prancheta/graphics/picture_recorder.h"
 
 namespace prancheta {
 
 namespace {
 
-void line(const AcGePoint3d& a, const AcGePoint3d& b, AcGiGeometry& to) {
-    if ((b - a).isZeroLength()) return;
-    const AcGePoint3d points[2] = {a, b};
-    to.polyline(2, points);
-}
+using Kind = DimensionPart::Kind;
 
-/// From a little off the measured point to a little beyond the dimension line.
-void extensionLine(const AcGePoint3d& origin, const AcGePoint3d& foot, const AlignedLayout& layout,
-                   const DimensionSizes& sizes, AcGiGeometry& to) {
-    const double length = (foot - origin).dotProduct(layout.slant) + sizes.extensionBeyond;
-    if (length <= sizes.extensionOffset) return;
-    line(origin + layout.slant * sizes.extensionOffset, origin + layout.slant * length, to);
-}
+/// A colour of the style; by block it is the dimension's own.
+class ColorScope {
+public:
+    ColorScope(AcGiWorldDraw& draw, const AcDbDimension& dimension, Adesk::Int16 color)
+        : m_traits(draw.subEntityTraits()), m_own(dimension.colorIndex()) {
+        m_traits.setColor(color != 0 ? static_cast<Adesk::UInt16>(color) : m_own);
+    }
+    ~ColorScope() { m_traits.setColor(m_own); }
+    ColorScope(const ColorScope&) = delete;
+    ColorScope& operator=(const ColorScope&) = delete;
+
+private:
+    AcGiSubEntityTraits& m_traits;
+    Adesk::UInt16 m_own;
+};
 
 /// Closed filled arrow, its tip at `tip`, three times as long as wide; `towards` is a unit vector.
-void arrow(const AcGePoint3d& tip, const AcGeVector3d& towards, double size, AcGiGeometry& to) {
+void filledArrow(const AcGePoint3d& tip, const AcGeVector3d& towards, double size,
+                 AcGiGeometry& to) {
     const AcGePoint3d tail = tip - towards * size;
     const AcGeVector3d half = AcGeVector3d::kZAxis.crossProduct(towards) * (size / 6.0);
     const AcGePoint3d corners[3] = {tip, tail + half, tail - half};
     to.polygon(3, corners);
 }
 
-/// Part of the dimension line from the arrows' tails, with a gap where the text stands on it.
-void dimensionLine(const AcGePoint3d& a, const AcGePoint3d& b, double opening, AcGiGeometry& to) {
-    const AcGeVector3d span = b - a;
-    const double length = span.length();
-    if (opening <= 0.0) return line(a, b, to);
-    if (opening >= length) return;
-    const AcGeVector3d piece = span * ((length - opening) / 2.0 / length);
-    line(a, a + piece, to);
-    line(b - piece, b, to);
+/// Arrow blocks are drawn at size 1, their tip at the origin and pointing along x.
+void arrow(const DimensionPart& part, const DimensionLayout& layout, const AcDbDimension& dimension,
+           AcGiWorldDraw& draw) {
+    const AcDbDimStyleValues& style = layout.style;
+    const AcGeVector3d towards = part.a - part.b;
+    const double size = layout.sizes.arrow;
+    if (style.dimtsz > 0.0) {
+        const AcGeVector3d stroke =
+            (AcGeVector3d::kXAxis + AcGeVector3d::kYAxis) * size;
+        AcGeVector3d turned = stroke;
+        turned.rotateBy(angleInPlane(towards, AcGeVector3d::kZAxis), AcGeVector3d::kZAxis);
+        const AcGePoint3d ends[2] = {part.a - turned, part.a + turned};
+        draw.geometry().polyline(2, ends);
+        return;
+    }
+    const AcDbObjectId block = style.dimsah == 0 ? style.dimblk
+                               : part.end == 0   ? style.dimblk1
+                                                 : style.dimblk2;
+    if (block.isNull() || block.isErased())
+        return filledArrow(part.a, towards, size, draw.geometry());
+    AcGeMatrix3d place;
+    const AcGeVector3d along = towards * size;
+    place.setCoordSystem(part.a, along, AcGeVector3d::kZAxis.crossProduct(along),
+                         AcGeVector3d::kZAxis * size);
+    PictureTraits traits = traitsOf(dimension);
+    if (style.dimclrd != 0) traits.color = static_cast<Adesk::UInt16>(style.dimclrd);
+    Picture picture = blockPicture(block, traits);
+    picture.transform(place);
+    replay(picture, draw);
 }
 
-/// Length that a box about the middle of the line covers of it; the box lies along `reading`.
-double openingFor(const AcGeVector3d& along, const AcGeVector3d& reading, double width,
-                  double height) {
-    const double cosine = std::abs(along.dotProduct(reading));
-    const double sine = std::sqrt(std::max(0.0, 1.0 - cosine * cosine));
-    return cosine * height > sine * width ? width / cosine : height / sine;
+void part(const DimensionPart& each, AcGiGeometry& to) {
+    if (each.kind == Kind::Arc) {
+        to.circularArc(each.a, each.a.distanceTo(each.b), AcGeVector3d::kZAxis, each.b - each.a,
+                       each.sweep);
+        return;
+    }
+    const AcGePoint3d points[2] = {each.a, each.b};
+    to.polyline(2, points);
 }
 
 }  // namespace
 
-void drawAligned(const AcDbAlignedDimension& dimension, AcGiGeometry& to) {
-    const AcDbDimStyleValues style = styleValues(dimension);
-    const DimensionSizes sizes(style);
-    const AlignedLayout layout(dimension);
-    extensionLine(dimension.xLine1Point(), layout.first, layout, sizes, to);
-    extensionLine(dimension.xLine2Point(), layout.second, layout, sizes, to);
-
-    const std::wstring text = dimension.shownText();
-    const TextRoom room(dimension, style, layout);
-    const double textLength = room.length;
-    const AcGeVector3d reading = style.dimtih != 0 ? AcGeVector3d::kXAxis : layout.reading;
-    const AcGeVector3d up = AcGeVector3d::kZAxis.crossProduct(reading);
-    const bool onLine = dimension.isUsingDefaultTextPosition() && textOnLine(style, layout);
-    const double opening = onLine ? openingFor(layout.along, reading, textLength + 2.0 * sizes.gap,
-                                               sizes.textHeight + 2.0 * sizes.gap)
-                                  : 0.0;
-    const double length = (layout.second - layout.first).length();
-    const bool textBeyond = dimension.isUsingDefaultTextPosition() && !room.between;
-    const bool inside = length >= 2.0 * (sizes.arrow + sizes.gap) && !textBeyond;
-    const AcGeVector3d arm = layout.along * sizes.arrow;
-    const AcGeVector3d outwards = inside ? layout.along : -layout.along;
-    arrow(layout.first, -outwards, sizes.arrow, to);
-    arrow(layout.second, outwards, sizes.arrow, to);
-    if (inside) {
-        dimensionLine(layout.first + arm, layout.second - arm, opening, to);
-    } else {
-        // Arrows that do not fit stand outside, each with a tail of its own length.
-        dimensionLine(layout.first, layout.second, opening, to);
-        line(layout.first - arm, layout.first - arm * 2.0, to);
-        const AcGeVector3d tail = textBeyond ? layout.along * room.end : arm * 2.0;
-        line(layout.second + arm, layout.second + tail, to);
+void drawDimension(const AcDbDimension& dimension, AcGiWorldDraw& draw) {
+    DimensionLayout layout(dimension);
+    dimension.layOut(layout);
+    for (const DimensionPart& each : layout.parts) {
+        const bool extension = each.kind == Kind::Extension;
+        const ColorScope color(draw, dimension,
+                               extension ? layout.style.dimclre : layout.style.dimclrd);
+        if (each.kind == Kind::Arrow)
+            arrow(each, layout, dimension, draw);
+        else
+            part(each, draw.geometry());
     }
-
-    const AcGePoint3d start =
-        dimension.textPosition() - reading * (textLength / 2.0) - up * (sizes.textHeight / 2.0);
-    to.text(start, AcGeVector3d::kZAxis, reading, sizes.textHeight, 1.0, 0.0, text.c_str());
+    const ColorScope color(draw, dimension, layout.style.dimclrt);
+    const double height = layout.sizes.textHeight;
+    const AcGeVector3d up = AcGeVector3d::kZAxis.crossProduct(layout.reading);
+    const AcGePoint3d middle =
+        layout.userPosition ? dimension.textPosition() : layout.textMiddle;
+    draw.geometry().text(middle - layout.reading * (layout.textLength / 2.0) - up * (height / 2.0),
+                         AcGeVector3d::kZAxis, layout.reading, height, 1.0, 0.0,
+                         layout.text.c_str());
 }
 
 }  // namespace prancheta

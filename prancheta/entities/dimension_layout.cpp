@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
-// How a dimension stands.
+// How a dimension stands: what all kinds share.
 #include "prancheta/entities/dimension_layout.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
+#include "prancheta/base/text.h"
+#include "prancheta/database/dim_variables.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/graphics/text_metrics.h"
@@ -26,10 +30,44 @@ AcDbObjectId styleOf(const AcDbDimension& dimension) {
 
 double positiveOr(double value, double otherwise) { return value > 0.0 ? value : otherwise; }
 
-/// Turned by half a turn when it would read upside down.
-AcGeVector3d readable(const AcGeVector3d& along) {
-    const bool reads = along.x > 1e-9 || (along.x > -1e-9 && along.y > 0.0);
-    return reads ? along : -along;
+void setVariable(AcDbDimStyleValues& values, const DimVariable& variable, const RawTagView& tag,
+                 const AcDbDatabase* database) {
+    double number = 0.0;
+    if (variable.real != nullptr && parseNumber(trim(tag.value), number)) values.*variable.real = number;
+    if (variable.integer != nullptr && parseNumber(trim(tag.value), number))
+        values.*variable.integer = static_cast<Adesk::Int16>(std::clamp(number, -32768.0, 32767.0));
+    if (variable.text != nullptr) values.*variable.text = toWide(tag.value);
+    if (variable.block == nullptr || database == nullptr) return;
+    const std::string_view text = trim(tag.value);
+    Adesk::UInt64 handle = 0;
+    (void)std::from_chars(text.data(), text.data() + text.size(), handle, 16);  // else 0: no block
+    values.*variable.block = AcDbObjectId(database->core().find(handle));
+}
+
+/// Pairs of a code and a value between braces behind "DSTYLE", of application ACAD.
+void readOverrides(const AcDbDimension& dimension, AcDbDimStyleValues& values) {
+    const ObjectExtra* const extra = ObjectAccess::extra(dimension);
+    if (extra == nullptr) return;
+    enum { Outside, InAcad, Named, Inside } where = Outside;
+    const DimVariable* variable = nullptr;
+    bool isCode = true;
+    for (const RawTagView& tag : extra->xdata) {
+        if (tag.code == 1001) {
+            where = tag.value == "ACAD" ? InAcad : Outside;
+        } else if (where == InAcad && tag.code == 1000 && tag.value == "DSTYLE") {
+            where = Named;
+        } else if (tag.code == 1002) {
+            where = where == Named && tag.value == "{" ? Inside : where == Outside ? Outside : InAcad;
+            isCode = true;
+        } else if (where == Inside) {
+            double code = 0.0;
+            if (isCode)
+                variable = parseNumber(trim(tag.value), code) ? dimVariable(static_cast<int>(code)) : nullptr;
+            else if (variable != nullptr)
+                setVariable(values, *variable, tag, styleOf(dimension).database());
+            isCode = !isCode;
+        }
+    }
 }
 
 }  // namespace
@@ -38,62 +76,94 @@ AcDbDimStyleValues styleValues(const AcDbDimension& dimension) {
     AcDbDimStyleValues values;
     const AcDbObjectPointer<AcDbDimStyleTableRecord> style(styleOf(dimension), AcDb::kForRead);
     if (style.openStatus() == Acad::eOk) values = style->values();
+    readOverrides(dimension, values);
     values.dimscale = positiveOr(dimension.ownDimscale(), positiveOr(values.dimscale, 1.0));
     return values;
 }
 
 DimensionSizes::DimensionSizes(const AcDbDimStyleValues& style)
-    : arrow(style.dimasz * style.dimscale),
+    : arrow((style.dimtsz > 0.0 ? style.dimtsz : style.dimasz) * style.dimscale),
       extensionOffset(style.dimexo * style.dimscale),
       extensionBeyond(style.dimexe * style.dimscale),
       textHeight(style.dimtxt * style.dimscale),
       gap(std::abs(style.dimgap) * style.dimscale) {}
 
-AlignedLayout::AlignedLayout(const AcDbAlignedDimension& dimension) {
-    const AcGePoint3d from = dimension.xLine1Point();
-    const AcGePoint3d to = dimension.xLine2Point();
-    along = AcGeVector3d(to.x - from.x, to.y - from.y, 0.0);
-    along = along.isZeroLength() ? AcGeVector3d::kXAxis : along.normal();
-    across = AcGeVector3d::kZAxis.crossProduct(along);
-    double distance = (dimension.dimLinePoint() - from).dotProduct(across);
-    if (distance < 0.0) {
-        across = -across;
-        distance = -distance;
+DimensionLayout::DimensionLayout(const AcDbDimension& dimension)
+    : style(styleValues(dimension)),
+      sizes(style),
+      text(dimension.shownText()),
+      textLength(textWidth(text, sizes.textHeight, 1.0)),
+      userPosition(!dimension.isUsingDefaultTextPosition()),
+      userRotation(dimension.textRotation()) {}
+
+void DimensionLayout::line(const AcGePoint3d& a, const AcGePoint3d& b, DimensionPart::Kind kind) {
+    if (!(b - a).isZeroLength()) parts.push_back({kind, a, b});
+}
+
+void DimensionLayout::arrow(const AcGePoint3d& tip, const AcGeVector3d& towards, int end) {
+    parts.push_back({DimensionPart::Kind::Arrow, tip, tip - towards, 0.0, end});
+}
+
+void DimensionLayout::openLine(const AcGePoint3d& a, const AcGePoint3d& b, double opening) {
+    const AcGeVector3d span = b - a;
+    const double length = span.length();
+    if (opening <= 0.0) return line(a, b);
+    if (opening >= length) return;
+    const AcGeVector3d piece = span * ((length - opening) / 2.0 / length);
+    line(a, a + piece);
+    line(b - piece, b);
+}
+
+void DimensionLayout::read(const AcGeVector3d& along, bool level) {
+    const bool reads = along.x > 1e-9 || (along.x > -1e-9 && along.y > 0.0);
+    reading = level ? AcGeVector3d::kXAxis : reads ? along : -along;
+    if (userRotation != 0.0) reading = directionInPlane(userRotation, AcGeVector3d::kZAxis);
+}
+
+void DimensionLayout::putText(const AcGePoint3d& onLine, bool over) {
+    const AcGeVector3d up = AcGeVector3d::kZAxis.crossProduct(reading);
+    textMiddle = over ? onLine + up * (sizes.gap + sizes.textHeight / 2.0) : onLine;
+}
+
+bool DimensionLayout::textOnLine() const { return style.dimtad == 0; }
+
+double DimensionLayout::opening(const AcGeVector3d& along) const {
+    const double width = textLength + 2.0 * sizes.gap;
+    const double height = sizes.textHeight + 2.0 * sizes.gap;
+    const double cosine = std::abs(along.dotProduct(reading));
+    const double sine = std::sqrt(std::max(0.0, 1.0 - cosine * cosine));
+    return cosine * height > sine * width ? width / cosine : height / sine;
+}
+
+std::wstring withMeasure(std::wstring_view text, std::wstring_view measure) {
+    constexpr std::wstring_view kMeasured = L"<>";
+    std::wstring shown;
+    std::size_t from = 0;
+    for (std::size_t at; (at = text.find(kMeasured, from)) != std::wstring::npos;
+         from = at + kMeasured.size())
+        shown.append(text, from, at - from).append(measure);
+    return shown.append(text, from);
+}
+
+std::wstring measuredText(const AcDbDimension& dimension) {
+    AcDbDimStyleValues style = styleValues(dimension);
+    if (dimension.isAngular()) {
+        if (style.dimadec >= 0) style.dimdec = style.dimadec;
+        style.dimrnd = 0.0;
+        return measureText(dimension.measurement() * 180.0 / kPi, style) + L"°";
     }
-    slant = across;
-    if (dimension.oblique() != 0.0) {
-        slant = along;
-        slant.rotateBy(dimension.oblique(), AcGeVector3d::kZAxis);
-        if (slant.dotProduct(across) < 0.0) slant = -slant;
-        // Extension lines along the dimension line would never reach it.
-        if (slant.dotProduct(across) < 1e-6) slant = across;
-    }
-    const double reach = distance / slant.dotProduct(across);
-    first = from + slant * reach;
-    second = to + slant * reach;
-    reading = readable(along);
-}
-
-bool textOnLine(const AcDbDimStyleValues& style, const AlignedLayout& layout) {
-    const bool level = layout.reading.isEqualTo(AcGeVector3d::kXAxis);
-    return style.dimtad == 0 || (style.dimtih != 0 && !level);
-}
-
-TextRoom::TextRoom(const AcDbAlignedDimension& dimension, const AcDbDimStyleValues& style,
-                   const AlignedLayout& layout) {
-    const DimensionSizes sizes(style);
-    length = textWidth(dimension.shownText(), sizes.textHeight, 1.0);
-    const double room = (layout.second - layout.first).length();
-    between = room <= 1e-9 || length + 2.0 * sizes.gap <= room || textOnLine(style, layout);
-    beyond = sizes.arrow + sizes.gap + length / 2.0;
-    end = beyond + length / 2.0 + sizes.gap;
-}
-
-AcGePoint3d definitionPoint10(const AcDbAlignedDimension& dimension) {
-    return AlignedLayout(dimension).second;
+    const double factor = style.dimlfac != 0.0 ? std::abs(style.dimlfac) : 1.0;
+    const std::wstring measure = measureText(dimension.measurement() * factor, style);
+    const std::size_t place = style.dimpost.find(L"<>");
+    // A prefix of the style goes before the usual one's place.
+    const bool prefixed = place != std::wstring::npos && place > 0;
+    const std::wstring whole = (prefixed ? L"" : dimension.usualPrefix()) + measure;
+    return place == std::wstring::npos ? whole + style.dimpost
+                                       : withMeasure(style.dimpost, whole);
 }
 
 std::wstring measureText(double value, const AcDbDimStyleValues& style) {
+    if (style.dimrnd > 0.0) value = std::floor(value / style.dimrnd + 0.5 + 1e-9) * style.dimrnd;
     // Halves go up, also when turning the piece has left them a hair below.
     std::wstring text = fixedText(value + 1e-9, std::clamp<int>(style.dimdec, 0, 8));
     const std::size_t point = text.find(L'.');

@@ -24,6 +24,11 @@ void registerEntityClasses() {
     AcDbPolyline::rxInit();
     AcDbDimension::rxInit();
     AcDbAlignedDimension::rxInit();
+    AcDbRotatedDimension::rxInit();
+    AcDbRadialDimension::rxInit();
+    AcDbDiametricDimension::rxInit();
+    AcDb2LineAngularDimension::rxInit();
+    AcDb3PointAngularDimension::rxInit();
     ForeignEntity::rxInit();
     acrxBuildClassHierarchy();
     pictureExploder = appendEntities;

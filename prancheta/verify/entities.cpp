@@ -2,6 +2,7 @@
 // Entities: markers and groups by a table, names that they use, and what counts must agree with.
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <optional>
 #include <span>
 
@@ -71,15 +72,17 @@ void examineInsert(Examiner& examiner, const dxf::Record& record) {
         if (real(record, code) == 0.0) examiner.error("escala zero num bloco");
 }
 
-/// Length that an aligned dimension measures, from its two origins.
-std::optional<double> alignedLength(const dxf::Record& record) {
+/// Length that an aligned (1) or a rotated (0) dimension measures, from its two origins.
+std::optional<double> linearLength(const dxf::Record& record, long long kind) {
     const auto x1 = real(record, 13);
     const auto y1 = real(record, 23);
     const auto x2 = real(record, 14);
     const auto y2 = real(record, 24);
     if (!x1 || !y1 || !x2 || !y2) return {};
     const double z = real(record, 34).value_or(0.0) - real(record, 33).value_or(0.0);
-    return std::hypot(*x2 - *x1, *y2 - *y1, z);
+    if (kind == 1) return std::hypot(*x2 - *x1, *y2 - *y1, z);
+    const double angle = real(record, 50).value_or(0.0) * std::numbers::pi / 180.0;
+    return std::abs((*x2 - *x1) * std::cos(angle) + (*y2 - *y1) * std::sin(angle));
 }
 
 void examineDimension(Examiner& examiner, const dxf::Record& record) {
@@ -95,9 +98,9 @@ void examineDimension(Examiner& examiner, const dxf::Record& record) {
     if (style.data() == nullptr || !examiner.census().knows(Census::kDimStyles, style))
         examiner.error("o estilo de cota " + shown(style) + " não existe");
     const auto said = real(record, 42);
-    const auto length = alignedLength(record);
-    const bool aligned = (integer(record, 70) & 15) == 1;
-    if (aligned && said && length && std::abs(*said - *length) > 1e-6 * std::max(1.0, *length))
+    const long long kind = integer(record, 70) & 15;
+    const auto length = linearLength(record, kind);
+    if (kind <= 1 && said && length && std::abs(*said - *length) > 1e-6 * std::max(1.0, *length))
         examiner.error("a medida (grupo 42) não é a distância entre os pontos");
 }
 

@@ -30,7 +30,10 @@ constexpr BuiltInCommand kTable[] = {
     {L"ARC",         L"ARCO",         kModal,   commands::arc},
     {L"POINT",       L"PONTO",        kModal,   commands::point},
     {L"TEXT",        L"TEXTO",        kModal,   commands::text},
+    {L"DIMLINEAR",   L"COTALINEAR",   kModal,   commands::dimlinear},
     {L"DIMALIGNED",  L"COTAALINHADA", kModal,   commands::dimaligned},
+    {L"DIMCONTINUE", L"COTASERIE",    kModal,   commands::dimcontinue},
+    {L"DIMBASELINE", L"COTALINBASE",  kModal,   commands::dimbaseline},
 
     {L"MOVE",        L"MOVER",        kPickset, commands::move},
     {L"COPY",        L"COPIAR",       kPickset, commands::copy},

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// What the commands share that draw dimensions.
+#include "prancheta/editor/commands/dimensions.h"
+
+#include <cmath>
+#include <utility>
+
+#include "prancheta/base/text.h"
+#include "prancheta/display/display_list.h"
+#include "prancheta/editor/dimension_ties.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/entities/dimension_layout.h"
+
+namespace prancheta::commands {
+
+namespace {
+
+Ends endsOf(const Edge& edge, const AcGePoint3d& pick) {
+    if (!edge.isCircle()) return {edge.a, edge.b};
+    // An object that was named instead of picked may have its centre where the pick would be.
+    AcGeVector3d towards = pick - edge.center;
+    towards.z = 0.0;
+    const AcGeVector3d radius =
+        (towards.isZeroLength() ? AcGeVector3d::kXAxis : towards.normal()) * edge.radius;
+    return {edge.center - radius, edge.center + radius};
+}
+
+/// "n x p", numbers with comma or point; nothing for any other text.
+std::optional<std::pair<int, double>> equalSteps(std::wstring_view text) {
+    const std::size_t cross = text.find_first_of(L"xX×*");
+    if (cross == std::wstring_view::npos) return {};
+    std::wstring step(trim(text.substr(cross + 1)));
+    for (wchar_t& c : step)
+        if (c == L',') c = L'.';
+    double count = 0.0;
+    double length = 0.0;
+    if (!parseNumber(trim(text.substr(0, cross)), count) || !parseNumber(std::wstring_view(step), length))
+        return {};
+    if (count < 1.0 || count > 1e6 || count != std::floor(count) || length <= 0.0) return {};
+    return std::pair(static_cast<int>(count), length);
+}
+
+/// The text as it is kept; says so when equal steps are not what is measured.
+std::wstring withSteps(const CommandContext& context, const std::wstring& text,
+                       const AcDbDimension& trial) {
+    const auto steps = equalSteps(text);
+    if (!steps || trial.isAngular()) return text;
+    const AcDbDimStyleValues style = styleValues(trial);
+    const std::wstring sum = measureText(steps->first * steps->second, style);
+    const std::wstring measured =
+        measureText(trial.measurement() * std::abs(style.dimlfac), style);
+    if (sum == measured) return text + L" = <>";
+    say(context, text + L" = " + sum + L", mas a medida é " + measured +
+                     L": o texto fica como foi digitado.");
+    return text;
+}
+
+}  // namespace
+
+std::optional<Edge> edgeAt(const CommandContext& context, AcDbObjectId id,
+                           const AcGePoint3d& pick) {
+    std::optional<Edge> nearest;
+    double least = 0.0;
+    for (const PrimitiveView primitive : context.editor().display().picture(id))
+        forEachEdge(primitive, [&](const Edge& edge) {
+            const double distance = planeDistance(nearestOn(edge, pick), pick);
+            if (nearest && distance >= least) return;
+            nearest = edge;
+            least = distance;
+        });
+    return nearest;
+}
+
+Task<PickedEdge> askEdge(CommandContext context, std::wstring question,
+                         std::function<bool(const Edge&)> takes, std::wstring refusal) {
+    PickedEdge picked;
+    for (;;) {
+        const InputValue answer = co_await context.ask(Prompt(InputKind::Entity, question));
+        picked.status = answer.status;
+        if (answer.status == RTCAN || answer.status == RTNONE) co_return picked;
+        if (answer.status == RTNORM && !answer.entities.empty()) {
+            picked.id = answer.entities.front();
+            picked.pick = answer.point;
+            const std::optional<Edge> edge = edgeAt(context, picked.id, answer.point);
+            if (edge && takes(*edge)) {
+                picked.edge = *edge;
+                co_return picked;
+            }
+        }
+        context.editor().complain(refusal, Complaint::Refused);
+    }
+}
+
+Task<Measured> askEnds(CommandContext context, std::wstring first, std::wstring second) {
+    Measured measured;
+    const InputValue one = co_await context.ask(Prompt(InputKind::Point, first));
+    measured.status = one.status;
+    if (one.status == RTNONE) {
+        const PickedEdge picked =
+            co_await askEdge(context, L"\nSelecione o objeto a cotar: ",
+                             [](const Edge&) { return true; },
+                             L"O objeto selecionado não pode ser cotado.");
+        measured.status = picked.status;
+        if (picked.status == RTNORM) measured.ends = endsOf(picked.edge, picked.pick);
+        co_return measured;
+    }
+    if (one.status != RTNORM) co_return measured;
+    const InputValue other =
+        co_await context.ask(Prompt(InputKind::Point, second).from(one.point).required());
+    measured.status = other.status;
+    measured.ends = {one.point, other.point};
+    co_return measured;
+}
+
+std::unique_ptr<AcDbEntity> dressed(const CommandContext& context,
+                                    std::unique_ptr<AcDbDimension> dimension,
+                                    const DimensionWords& words) {
+    if (dimension->dimensionStyle().isNull())
+        (void)dimension->setDimensionStyle(context.database().dimstyle());  // not resident
+    (void)dimension->setDimensionText(words.text.c_str());
+    (void)dimension->setTextRotation(words.rotation);
+    const double scale = context.database().dimscale();
+    if (dimension->dimscale() != scale) (void)dimension->setDimscale(scale);
+    return dimension;
+}
+
+Task<int> askWords(CommandContext context, const InputValue& option, const AcDbDimension& trial,
+                   DimensionWords& words) {
+    if (isWord(option, L"Angle")) {
+        const InputValue angle = co_await context.ask(
+            Prompt(InputKind::Angle, L"\nÂngulo do texto: ").required().from(trial.textPosition()));
+        if (angle.status == RTNORM) words.rotation = angle.number;
+        co_return angle.status == RTCAN ? RTCAN : RTNORM;
+    }
+    const InputValue typed = co_await context.ask(
+        Prompt(InputKind::Text, L"\nDigite o texto da cota <" + measuredText(trial) + L">: ")
+            .wholeLine());
+    if (typed.status == RTCAN) co_return RTCAN;
+    words.text = typed.status == RTNORM ? withSteps(context, typed.text, trial) : L"";
+    co_return RTNORM;
+}
+
+AcDbObjectId addDimension(const CommandContext& context, std::unique_ptr<AcDbEntity> dimension) {
+    const AcDbObjectId id = addEntity(context, std::move(dimension));
+    if (id.isNull()) return id;
+    tieDimension(context.editor(), id);
+    const AcDbObjectPointer<AcDbDimension> added(id, AcDb::kForRead);
+    if (added.openStatus() == Acad::eOk) say(context, L"Texto da cota = " + added->shownText());
+    return id;
+}
+
+std::optional<LinearModel> linearModel(AcDbObjectId id, const AcGePoint3d* near) {
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+    if (entity.openStatus() != Acad::eOk) return {};
+    const auto* const linear = dynamic_cast<const PranchetaLinearDimension*>(entity.object());
+    if (linear == nullptr) return {};
+    LinearModel model;
+    model.id = id;
+    model.first = linear->xLine1Point();
+    model.second = linear->xLine2Point();
+    model.line = linear->dimLinePoint();
+    const AcGeVector3d along = linear->measuredAlong();
+    model.rotation = std::atan2(along.y, along.x);
+    model.style = linear->dimensionStyle();
+    const AcDbDimStyleValues style = styleValues(*linear);
+    model.scale = style.dimscale;
+    model.spacing = style.dimdli * style.dimscale;
+    if (near != nullptr &&
+        std::abs((*near - model.first).dotProduct(along)) <
+            std::abs((*near - model.second).dotProduct(along)))
+        std::swap(model.first, model.second);
+    return model;
+}
+
+}  // namespace prancheta::commands
