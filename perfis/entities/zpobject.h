@@ -136,20 +136,21 @@ protected:
                                         AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
+    /// One end gives the piece another length and direction. The listeners of an edit may refuse,
+    /// and hear of it at the end of the command; eInvalidInput then, and no change.
     Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices,
                                           const AcGeVector3d& offset) override;
     /// The two ends of the axis; of a section and a plate the start point.
     Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
                                           AcDbIntArray& geomIds) const override;
-    /// One end gives the piece another length and direction. The listeners of an edit may refuse,
-    /// and hear of it at the end of the command; eInvalidInput then, and no change.
+    /// As a grip.
     Acad::ErrorStatus subMoveStretchPointsAt(const AcDbIntArray& indices,
                                              const AcGeVector3d& offset) override;
     Acad::ErrorStatus subClose() override;
 
 private:
     friend struct zp::Access;
-    /// The start or the end of the axis. eInvalidInput, and no change, where nothing would remain.
+    /// The start or the end of the axis. eInvalidInput, and no change, where that is refused.
     Acad::ErrorStatus moveOneEnd(bool start, const AcGeVector3d& offset);
     std::unique_ptr<zp::Peca> m_peca;
 };

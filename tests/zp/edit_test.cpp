@@ -3,6 +3,7 @@
 #include "protocol/edit.h"
 #include "protocol/attach.h"
 #include "tests/zp/drawing.h"
+#include "tests/zp/lengths.h"
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/edit.h"
@@ -324,6 +325,54 @@ TEST_F(EditByDialog, ChapasOfACopyStandInTheRowOfItsOriginals) {
     ASSERT_EQ(rows().size(), 2u);
     EXPECT_EQ(rows()[0].quantidade, 4);
     EXPECT_EQ(rows()[1].quantidade, 20);
+}
+
+TEST_F(EditByDialog, EndsGoWhereAHostPutsThem) {
+    const AcDbObjectId peca =
+        draw(L"cantdteel", {"lista=12", "a=10", "vista0=0", "OutraVista", "l=1000",
+                            "gerar_matlist=1", "num_pecas=1", "accept", "travejar", "altura=60",
+                            "largura=10", "n_partes=4", "accept", "accept"});
+    const auto axis = [](AcDbObjectId id) {
+        AcGePoint3d start;
+        AcGePoint3d end;
+        const Read<ZpObject> p(id);
+        EXPECT_EQ(lengthOf(*p.object())->axis(*p.object(), start, end), nullptr);
+        return std::pair(start.x, end.x);
+    };
+    // 100 further at the start, 90 at the end: four steps of (1190 - 10) / 4.
+    EXPECT_EQ(setEnds(*editor, peca, -100, 1090), L"");
+    EXPECT_EQ(axis(peca), std::pair(-100.0, 1090.0));
+    const std::vector<double> whole = {-100, 195, 490, 785, 1080};
+    EXPECT_EQ(chapas(), whole);
+    // Five plates of 10 do not fit into 45; of a piece of 45 nothing else would change either.
+    EXPECT_NE(setEnds(*editor, peca, 0, 45).find(L"As chapas de travejamento não cabem"),
+              std::wstring::npos);
+    EXPECT_NE(setEnds(*editor, peca, 500, 500), L"");
+    AcDbObjectId rest;
+    EXPECT_NE(takeOut(*editor, peca, 45, 600, rest), L"");
+    EXPECT_NE(takeOut(*editor, peca, 600, 1190, rest), L"");
+    EXPECT_EQ(axis(peca), std::pair(-100.0, 1090.0));
+    EXPECT_EQ(chapas(), whole);
+    ASSERT_EQ(rows().size(), 2u);
+    EXPECT_EQ(rows()[0].comprimento, 1190);
+    // The part at the start keeps handle, mark and row; steps (490 - 10) / 4 and (690 - 10) / 4.
+    EXPECT_EQ(takeOut(*editor, peca, 490, 500, rest), L"");
+    EXPECT_EQ(axis(peca), std::pair(-100.0, 390.0));
+    EXPECT_EQ(axis(rest), std::pair(400.0, 1090.0));
+    const std::vector<double> parted = {-100, 20, 140, 260, 380, 400, 570, 740, 910, 1080};
+    EXPECT_EQ(chapas(), parted);
+    EXPECT_TRUE(said(L"P3: marca nova (2L T 1 1/2\" x 1/4\" a=10, 690 mm; era P1)."))
+        << testing::PrintToString(ui.printed);
+    ASSERT_EQ(rows().size(), 3u);
+    EXPECT_EQ(rows()[0].comprimento, 490);
+    EXPECT_EQ(rows()[1].quantidade, 10);
+    EXPECT_EQ(rows()[2].comprimento, 690);
+    type({L"_u"});
+    EXPECT_EQ(chapas(), whole);
+    EXPECT_EQ(rows().size(), 2u);
+    for (const AcDbObjectId& none : {u(0, 3000, 0, ZpObject::kVistaSecao), chapa(0, 4000, 50, 60)})
+        EXPECT_NE(setEnds(*editor, none, 0, 10).find(L"não tem comprimento a aparar"),
+                  std::wstring::npos);
 }
 
 TEST_F(EditByDialog, ChapasStayAsTheUserLeftThemUntilTheyAreLaidAgain) {

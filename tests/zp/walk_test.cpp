@@ -8,6 +8,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/editor/edit_group.h"
 #include "prancheta/entities/block_content.h"
+#include "tests/zp/lengths.h"
 #include "tests/zp/matlist.h"
 #include "zp/matlist/book.h"
 #include "zp/objects/edit.h"
@@ -138,7 +139,7 @@ protected:
             type(after);
             return true;
         };
-        const int kind = draw(19);
+        const int kind = draw(21);
         m_told = "kind " + std::to_string(kind);
         switch (kind) {
             case 0:
@@ -196,6 +197,19 @@ protected:
                 const std::wstring to = std::to_wstring(x + 100.0 * (1 + draw(20))) + L",9000";
                 type({L"_stretch", L"_c", from.c_str(), to.c_str(), L""});
                 if (editor->runner().active()) type({L"0,0", draw(2) == 0 ? L"70,0" : L"-40,30"});
+                return true;
+            }
+            case 18:
+            case 19: {
+                if (all.empty()) return false;
+                const AcDbObjectId id =
+                    all[static_cast<std::size_t>(draw(static_cast<int>(all.size())))];
+                const double L = Read<ZpObject>(id)->getComprimentoReal();
+                AcDbObjectId rest;
+                const std::wstring reason =
+                    kind == 18 ? setEnds(*editor, id, 50.0 * (draw(5) - 2), L - 30.0 * draw(4))
+                               : takeOut(*editor, id, 0.25 * L, 0.5 * L, rest);
+                EXPECT_EQ(reason, L"");
                 return true;
             }
             default: {

@@ -2,6 +2,7 @@
 // Entry of ZpObjects18.arx.
 #include "dbapserv.h"
 #include "rxregsvc.h"
+#include "zp/objects/lengths.h"
 #include "zp/objects/report.h"
 #include "zp/objects/sheets.h"
 #include "zp/objects/watch.h"
@@ -16,6 +17,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
             zp::registerClasses();
             zp::report::install();
             zp::sheets::install();
+            zp::lengths::install();
             zp::watch::start();
             break;
         case AcRx::kLoadDwgMsg:
@@ -27,6 +29,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
             break;
         case AcRx::kUnloadAppMsg:
             zp::watch::stop();
+            zp::lengths::uninstall();
             zp::sheets::uninstall();
             zp::report::uninstall();
             zp::unregisterClasses();

@@ -12,7 +12,6 @@
 #include <cwctype>
 #include <memory>
 #include <ranges>
-#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -22,7 +21,7 @@
 #include "acutads.h"
 #include "dbdim.h"
 #include "dbsymtb.h"
-#include "zp/objects/edit.h"
+#include "zp/objects/ends.h"
 #include "zp/objects/links.h"
 #include "zp/objects/member.h"
 #include "zp/objects/moved_chapas.h"
@@ -76,13 +75,13 @@ public:
     void goodbye(const AcDbDatabase*) override { m_drawing = nullptr; }
 
     void apply(bool explodes);
-    /// As `apply`, and the listeners hear of what was stretched.
+    /// As `apply`, and the listeners hear of moved ends.
     void settle(bool explodes);
     void stays(AcDbObjectId id) { m_stayed.put(id); }
-    void stretched(AcDbObjectId id, const edit::Former& f) { m_stretched.emplace_back(id, f); }
+    void movesEnd(AcDbObjectId id, const edit::Former& before) { m_moved.note(id, before); }
     void refused(AcDbObjectId id, const std::wstring& reason) {
         m_changed.put(id);
-        if (!reason.empty()) m_reasons.insert(reason);
+        m_moved.refuse(reason);
     }
     void startReading() { m_reading = true; }
     /// Other programs erase and copy without minding links.
@@ -113,9 +112,8 @@ private:
     /// its layer is locked.
     IdQueue m_justMade;
     IdQueue m_stayed;  ///< on locked layers
-    std::vector<std::pair<AcDbObjectId, edit::Former>> m_stretched;
-    std::set<std::wstring> m_reasons;  ///< why pieces could not be stretched
-    IdQueue m_unlaced;                 ///< copies of laced pieces that have no plates
+    ends::Moved m_moved;
+    IdQueue m_unlaced;  ///< copies of laced pieces that have no plates
     /// What a piece knew of something tied to it that was erased alone, and where among its links.
     struct Undone {
         AcDbObjectId owner;
@@ -176,10 +174,8 @@ void Drawing::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Bool
 
 void Drawing::settle(bool explodes) {
     apply(explodes);
-    if (m_applying || m_stretched.empty()) return;
-    const auto stretched = std::exchange(m_stretched, {});
-    for (const auto& [id, before] : stretched)
-        if (!id.isErased()) edit::notify(id, before);
+    if (m_applying || m_moved.empty()) return;
+    m_moved.notify();
     apply(false);
 }
 
@@ -423,8 +419,7 @@ void Drawing::say() {
     if (!text.empty())
         acutPrintf(L"\n%ls %ls, em camada bloqueada; desbloqueie a camada para alterar.\n",
                    text.c_str(), one ? L"fica como está" : L"ficam como estão");
-    for (const std::wstring& reason : std::exchange(m_reasons, {}))
-        acutPrintf(L"\n%ls\n", reason.c_str());
+    m_moved.say();
     const IdQueue copies = std::exchange(m_unlaced, {});
     const auto unlaced =
         std::ranges::count_if(copies.order(), [](AcDbObjectId id) { return !id.isErased(); });
@@ -489,8 +484,8 @@ void stays(AcDbObjectId linked) {
     if (Drawing* const d = watchOf(linked)) d->stays(linked);
 }
 
-void stretched(AcDbObjectId peca, const edit::Former& before) {
-    if (Drawing* const d = watchOf(peca)) d->stretched(peca, before);
+void movesEnd(AcDbObjectId peca, const edit::Former& before) {
+    if (Drawing* const d = watchOf(peca)) d->movesEnd(peca, before);
 }
 
 void refused(AcDbObjectId peca, const std::wstring& reason) {

@@ -20,11 +20,11 @@ void stop();
 /// is told of all that do not, once, at the end of the command.
 void stays(AcDbObjectId linked);
 
-/// The one end of a piece is about to be moved; `before` is what it was. At the end of the command
-/// those that listen to edits hear of it.
-void stretched(AcDbObjectId peca, const edit::Former& before);
+/// An end of a piece is about to be moved; `before` is what the piece was. At the end of the
+/// command those that listen to edits hear of it.
+void movesEnd(AcDbObjectId peca, const edit::Former& before);
 /// An end of a piece may not be moved: what is tied to it stays with it, and at the end of the
-/// command the user is told why, unless `reason` is empty.
+/// command the user is told why.
 void refused(AcDbObjectId peca, const std::wstring& reason);
 
 /// Starts and stops watching a drawing; watching twice is watching once. A drawing that goes away

@@ -6,7 +6,7 @@
 #include "dbents.h"
 #include "dbpl.h"
 #include "perfis/entities/zpobject.h"
-#include "zp/objects/edit.h"
+#include "zp/objects/ends.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
 #include "zp/objects/watch.h"
@@ -196,15 +196,15 @@ Acad::ErrorStatus ZpObject::subMoveGripPointsAt(const AcDbIntArray& indices,
 }
 
 Acad::ErrorStatus ZpObject::moveOneEnd(bool start, const AcGeVector3d& offset) {
-    const AcGePoint3d s = start ? m_peca->start + offset : m_peca->start;
-    const AcGePoint3d e = start ? m_peca->end() : m_peca->end() + offset;
-    const AcGeVector3d axis(e.x - s.x, e.y - s.y, 0.0);
-    if (!(axis.length() > 1e-9)) return Acad::eInvalidInput;
-    assertWriteEnabled();
-    m_peca->start = s;
-    m_peca->setComprimento(axis.length());
-    m_peca->angle = zp::angleOf(axis);
-    recordGraphicsModified();
+    zp::ends::Ends fresh = zp::ends::endsOf(*m_peca);
+    (start ? fresh.start : fresh.end) += offset;
+    if (database() == nullptr)  // what is dragged
+        return zp::ends::put(*m_peca, fresh) ? Acad::eOk : Acad::eInvalidInput;
+    if (const std::wstring reason = zp::ends::refusal(*this, fresh); !reason.empty()) {
+        zp::watch::refused(objectId(), reason);
+        return Acad::eInvalidInput;
+    }
+    zp::ends::move(*this, fresh);
     return Acad::eOk;
 }
 
@@ -221,17 +221,5 @@ Acad::ErrorStatus ZpObject::subMoveStretchPointsAt(const AcDbIntArray& indices,
     const bool start = indices.contains(0);
     if (m_peca->inSecao() || m_peca->chapa() || start == indices.contains(1))
         return transformBy(AcGeMatrix3d::translation(offset));
-    if (database() == nullptr) return moveOneEnd(start, offset);
-    const std::unique_ptr<ZpObject> model = zp::edit::copyOf(*this);
-    if (!model) return Acad::eOutOfMemory;
-    zp::Access::of(*model).start = m_peca->start;
-    zp::Access::of(*model).angle = m_peca->angle;
-    const Acad::ErrorStatus es = model->moveOneEnd(start, offset);
-    const std::wstring reason = es == Acad::eOk ? zp::edit::refusalOf(*this, *model) : L"";
-    if (es != Acad::eOk || !reason.empty()) {
-        zp::watch::refused(objectId(), reason);
-        return Acad::eInvalidInput;
-    }
-    zp::watch::stretched(objectId(), zp::edit::formerOf(*this));
     return moveOneEnd(start, offset);
 }

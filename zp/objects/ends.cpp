@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// Moved ends of pieces: what may be, what follows.
+#include "zp/objects/ends.h"
+
+#include <cmath>
+#include <memory>
+
+#include "acutads.h"
+#include "zp/objects/watch.h"
+
+namespace zp::ends {
+namespace {
+
+/// A shorter piece is none, mm.
+constexpr double kShortest = 1e-6;
+
+}  // namespace
+
+Ends endsOf(const Peca& p) { return {p.start, p.end()}; }
+
+Ends between(const Peca& p, double from, double to) {
+    const AcGeVector3d x = direction(p.angle);
+    return {p.start + x * from, p.start + x * to};
+}
+
+const ACHAR* whyNone(const Peca& p) {
+    if (p.chapa()) return L"Uma chapa não tem comprimento a aparar; mude as medidas dela.";
+    return p.inSecao() ? L"Uma seção não tem comprimento a aparar." : nullptr;
+}
+
+bool put(Peca& p, const Ends& fresh) {
+    const AcGeVector3d axis(fresh.end.x - fresh.start.x, fresh.end.y - fresh.start.y, 0.0);
+    if (!(axis.length() > kShortest) || !std::isfinite(axis.length())) return false;
+    // A change of length alone leaves the direction as it is, to the last digit.
+    const AcGeVector3d x = direction(p.angle);
+    const bool turned = axis.crossProduct(x).length() > 1e-12 * axis.length();
+    if (turned || axis.dotProduct(x) < 0.0) p.angle = angleOf(axis);
+    p.start = fresh.start;
+    p.setComprimento(axis.length());
+    return true;
+}
+
+std::wstring refusal(const ZpObject& peca, const Ends& fresh) {
+    const Peca& p = Access::of(peca);
+    if (const ACHAR* const reason = whyNone(p)) return reason;
+    const std::unique_ptr<ZpObject> model = edit::copyOf(peca);
+    if (!model) return L"A peça não pode ser copiada.";
+    Peca& changed = Access::of(*model);
+    changed.start = p.start;
+    changed.angle = p.angle;
+    if (!put(changed, fresh)) return L"Não sobraria nada da peça.";
+    return edit::refusalOf(peca, *model);
+}
+
+void move(ZpObject& peca, const Ends& fresh) {
+    peca.assertWriteEnabled();
+    watch::movesEnd(peca.objectId(), edit::formerOf(peca));
+    (void)put(Access::of(peca), fresh);  // as was asked
+    peca.recordGraphicsModified();
+}
+
+void Moved::note(AcDbObjectId peca, const edit::Former& before) {
+    if (m_noted.insert(peca.asOldId()).second) m_pecas.emplace_back(peca, before);
+}
+
+void Moved::refuse(const std::wstring& reason) {
+    if (!reason.empty()) m_reasons.insert(reason);
+}
+
+void Moved::notify() {
+    m_noted.clear();
+    for (const auto& [id, before] : std::exchange(m_pecas, {}))
+        if (!id.isErased()) edit::notify(id, before);
+}
+
+void Moved::say() {
+    for (const std::wstring& reason : std::exchange(m_reasons, {}))
+        acutPrintf(L"\n%ls\n", reason.c_str());
+}
+
+}  // namespace zp::ends
