@@ -2,9 +2,15 @@
 // Simple entities. Points are in world coordinates, angles in radians, sizes in drawing units.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "dbapserv.h"
+
+namespace prancheta {
+/// What stands behind a reference in its file: attributes, and what ends them.
+struct InsertParts;
+}  // namespace prancheta
 
 /// The overrides that every simple entity has.
 #define PRANCHETA_ENTITY_MEMBERS(CLASS)                                                            \
@@ -164,6 +170,78 @@ private:
     Adesk::Int16 m_vertical = 0;
 };
 
+/// What a definition of an attribute and the attribute itself have in common.
+class AcDbAttributeText : public AcDbText {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbAttributeText);
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+
+    /// Name by which the attribute is known in its block, never empty once it is set.
+    const ACHAR* tagConst() const { return m_tag.c_str(); }
+    /// eInvalidInput for an empty tag and for one with blanks.
+    Acad::ErrorStatus setTag(const ACHAR* tag);
+    bool isInvisible() const { return (m_modes & kInvisible) != 0; }
+    bool isConstant() const { return (m_modes & kConstant) != 0; }
+    bool isVerifiable() const { return (m_modes & kVerifiable) != 0; }
+    bool isPreset() const { return (m_modes & kPreset) != 0; }
+    /// DXF 70.
+    enum Mode { kInvisible = 1, kConstant = 2, kVerifiable = 4, kPreset = 8 };
+    int modes() const { return m_modes; }
+    /// eInvalidInput for bits that are no mode.
+    Acad::ErrorStatus setModes(int modes);
+
+protected:
+    AcDbAttributeText() = default;
+    AcDbAttributeText(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag,
+                      AcDbObjectId style);
+    void subList() const override;
+
+private:
+    std::wstring m_tag;
+    Adesk::Int16 m_modes = 0;
+};
+
+/// What a block asks for when it is inserted. The text is the value offered, or of a constant one
+/// the value; by itself, outside an insertion, it shows its tag.
+class AcDbAttributeDefinition : public AcDbAttributeText {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbAttributeDefinition);
+    AcDbAttributeDefinition() = default;
+    AcDbAttributeDefinition(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag,
+                            const ACHAR* prompt, AcDbObjectId style = AcDbObjectId::kNull);
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+
+    /// Empty: the tag is asked for.
+    const ACHAR* promptConst() const { return m_prompt.c_str(); }
+    Acad::ErrorStatus setPrompt(const ACHAR* prompt);
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
+    void subList() const override;
+
+private:
+    std::wstring m_prompt;
+};
+
+/// A value of an insertion: a text that belongs to its reference.
+class AcDbAttribute : public AcDbAttributeText {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbAttribute);
+    AcDbAttribute() = default;
+    AcDbAttribute(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag,
+                  AcDbObjectId style = AcDbObjectId::kNull);
+
+    /// Place, looks, tag and text of the definition as an insertion with this transformation
+    /// shows them. eInvalidInput for a definition without a tag.
+    Acad::ErrorStatus setAttributeFromBlock(const AcDbAttributeDefinition* definition,
+                                            const AcGeMatrix3d& blockTransform);
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
+};
+
 /// Filled triangle or quadrangle; the third and fourth corners are in bow-tie order.
 class AcDbSolid : public AcDbEntity {
     PRANCHETA_ENTITY_MEMBERS(AcDbSolid)
@@ -179,11 +257,13 @@ private:
     AcGePoint3d m_points[4];
 };
 
+/// An insertion of a block. Its attributes belong to it and are no objects of the drawing: they
+/// are moved, copied, erased and undone with it.
 class AcDbBlockReference : public AcDbEntity {
     PRANCHETA_ENTITY_MEMBERS(AcDbBlockReference)
-    AcDbBlockReference() = default;
-    AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord)
-        : m_position(position), m_block(blockTableRecord) {}
+    AcDbBlockReference();
+    AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord);
+    ~AcDbBlockReference() override;
 
     AcDbObjectId blockTableRecord() const { return m_block; }
     AcGePoint3d position() const { return m_position; }
@@ -191,6 +271,7 @@ class AcDbBlockReference : public AcDbEntity {
     AcGeVector3d scaleFactors() const { return m_scale; }
     AcGeVector3d normal() const { return m_normal; }
     Acad::ErrorStatus setBlockTableRecord(AcDbObjectId id);
+    /// The attributes follow this and what comes next.
     Acad::ErrorStatus setPosition(const AcGePoint3d& p);
     Acad::ErrorStatus setRotation(double angle);
     /// eInvalidInput for a factor of 0.
@@ -199,7 +280,17 @@ class AcDbBlockReference : public AcDbEntity {
     /// From the block's coordinates to the world's.
     AcGeMatrix3d blockTransform() const;
 
+    /// Takes the attribute over: it stands behind those that are there.
+    Acad::ErrorStatus appendAttribute(AcDbAttribute* attribute);
+    /// The host's door to attributes and what came with them; null when there are none.
+    const prancheta::InsertParts* parts() const { return m_parts.get(); }
+    /// To be changed; made when there are none. The reference is open for write or not resident.
+    prancheta::InsertParts& partsForChange();
+
 protected:
+    /// The point by which the reference stands; its attributes follow.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
     Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
                                         const AcGePoint3d& pick, const AcGePoint3d& last,
@@ -212,4 +303,36 @@ private:
     AcGeVector3d m_scale{1.0, 1.0, 1.0};
     AcGeVector3d m_normal = AcGeVector3d::kZAxis;
     double m_rotation = 0.0;
+    std::unique_ptr<prancheta::InsertParts> m_parts;
+
+    /// The attributes follow the reference, which stood there with this transformation.
+    void takePartsAlong(const AcGeMatrix3d& former);
+};
+
+/// A rectangular array of insertions in one: the columns stand along the x axis of the turned
+/// block, the rows along its y axis.
+class AcDbMInsertBlock : public AcDbBlockReference {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbMInsertBlock);
+    AcDbMInsertBlock() = default;
+    /// At least one column and one row; steps in drawing units, not scaled with the block.
+    AcDbMInsertBlock(const AcGePoint3d& position, AcDbObjectId blockTableRecord, int columns,
+                     int rows, double columnSpacing, double rowSpacing);
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+
+    int columns() const { return m_columns; }
+    int rows() const { return m_rows; }
+    double columnSpacing() const { return m_columnSpacing; }
+    double rowSpacing() const { return m_rowSpacing; }
+
+protected:
+    Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& m) override;
+    void subList() const override;
+
+private:
+    Adesk::Int32 m_columns = 1;
+    Adesk::Int32 m_rows = 1;
+    double m_columnSpacing = 0.0;
+    double m_rowSpacing = 0.0;
 };

@@ -11,6 +11,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/console/state_writer.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/entities/insert_parts.h"
 #include "protocol/attach.h"
 
 namespace prancheta::console {
@@ -72,6 +73,22 @@ void describeDimension(const AcDbDimension& dimension, Json& out) {
     out["medida"] = dimension.measurement();
 }
 
+void describeInsertion(const AcDbBlockReference& insertion, Json& out) {
+    const AcGeVector3d scale = insertion.scaleFactors();
+    out["bloco"] = recordName(insertion.blockTableRecord());
+    out["posicao"] = pointJson(insertion.position());
+    out["escala"] = Json::array({scale.x, scale.y, scale.z});
+    out["rotacao"] = insertion.rotation();
+    Json attributes = Json::object();
+    for (const AcDbAttribute* const attribute : attributesOf(insertion))
+        attributes[toUtf8(attribute->tagConst())] = toUtf8(attribute->textStringConst());
+    out["atributos"] = std::move(attributes);
+    const auto* const array = AcDbMInsertBlock::cast(&insertion);
+    if (array == nullptr) return;
+    out["colunas"] = array->columns();
+    out["linhas"] = array->rows();
+}
+
 const protocol::EntityReport* reportOf(const AcDbEntity& entity) {
     return protocol::extensionOf<protocol::EntityReport>(entity, protocol::kEntityReportClass);
 }
@@ -92,6 +109,8 @@ Json entityJson(const AcDbEntity& entity) {
     }
     if (entity.isKindOf(AcDbDimension::desc()))
         describeDimension(static_cast<const AcDbDimension&>(entity), out);
+    if (const auto* const insertion = AcDbBlockReference::cast(&entity))
+        describeInsertion(*insertion, out);
     if (const auto* const report = reportOf(entity)) {
         JsonVisitor visitor(out);
         report->describe(entity, visitor);

@@ -171,18 +171,20 @@ bool suitsText(const Values& v, const Tags& rest) {
         v.integers[0] >= 0 && v.integers[0] <= 5 && v.integers[1] >= 0 && v.integers[1] <= 3;
     return isFlat(v) && only(rest, 71, 0) && modes && v.reals[0] > 0.0 && v.reals[2] > 0.0;
 }
+void fillText(AcDbText& text, const Values& v) {
+    (void)text.setHeight(v.reals[0]);
+    (void)text.setRotation(v.reals[1]);
+    (void)text.setWidthFactor(v.reals[2]);
+    (void)text.setOblique(v.reals[3]);
+    (void)text.setHorizontalMode(static_cast<int>(v.integers[0]));
+    (void)text.setVerticalMode(static_cast<int>(v.integers[1]));
+    if (v.integers[0] != 0 || v.integers[1] != 0) (void)text.setAlignmentPoint(v.points[1]);
+    // Readers compute the left end anew; the file's own is kept so that it is written back.
+    (void)text.setPosition(v.points[0]);
+}
 std::unique_ptr<AcDbEntity> makeText(const Values& v) {
-    auto text = std::make_unique<AcDbText>(v.points[0], v.texts[0].c_str(), v.ids[0], v.reals[0],
-                                           v.reals[1]);
-    (void)text->setWidthFactor(v.reals[2]);
-    (void)text->setOblique(v.reals[3]);
-    (void)text->setHorizontalMode(static_cast<int>(v.integers[0]));
-    (void)text->setVerticalMode(static_cast<int>(v.integers[1]));
-    if (v.integers[0] != 0 || v.integers[1] != 0) {
-        (void)text->setAlignmentPoint(v.points[1]);
-        // Readers compute the left end anew; the file's own is kept so that it is written back.
-        (void)text->setPosition(v.points[0]);
-    }
+    auto text = std::make_unique<AcDbText>(v.points[0], v.texts[0].c_str(), v.ids[0]);
+    fillText(*text, v);
     return text;
 }
 void takeText(const AcDbEntity& entity, Values& v) {
@@ -197,6 +199,73 @@ void takeText(const AcDbEntity& entity, Values& v) {
     v.reals[3] = text.oblique();
     v.integers[0] = text.horizontalMode();
     v.integers[1] = text.verticalMode();
+}
+
+// --- ATTDEF, ATTRIB ------------------------------------------------------------------------------
+
+/// A definition has its prompt beside what both have.
+constexpr Field kDefinition[] = {marker("AcDbText"),
+                                 {10, PlanePoint, 0},
+                                 {40, Real, 0},
+                                 {1, Text, 0},
+                                 optionalField(50, Degrees, 1, 0.0),
+                                 optionalField(41, Real, 2, 1.0),
+                                 optionalField(51, Degrees, 3, 0.0),
+                                 optionalField(7, TextStyle, 0, 0.0),
+                                 optionalField(72, Integer, 0, 0.0),
+                                 {11, AlignedPoint, 1},
+                                 {210, Normal},
+                                 marker("AcDbAttributeDefinition"),
+                                 {3, Text, 2},
+                                 {2, Text, 1},
+                                 {70, Integer, 2},
+                                 optionalField(73, Integer, 3, 0.0),
+                                 optionalField(74, Integer, 1, 0.0)};
+constexpr Field kAttribute[] = {marker("AcDbText"),
+                                {10, PlanePoint, 0},
+                                {40, Real, 0},
+                                {1, Text, 0},
+                                optionalField(50, Degrees, 1, 0.0),
+                                optionalField(41, Real, 2, 1.0),
+                                optionalField(51, Degrees, 3, 0.0),
+                                optionalField(7, TextStyle, 0, 0.0),
+                                optionalField(72, Integer, 0, 0.0),
+                                {11, AlignedPoint, 1},
+                                {210, Normal},
+                                marker("AcDbAttribute"),
+                                {2, Text, 1},
+                                {70, Integer, 2},
+                                optionalField(73, Integer, 3, 0.0),
+                                optionalField(74, Integer, 1, 0.0)};
+
+constexpr int kModes = AcDbAttributeText::kInvisible | AcDbAttributeText::kConstant |
+                       AcDbAttributeText::kVerifiable | AcDbAttributeText::kPreset;
+
+/// What stands behind group 101 are several lines in one; 73 is a field's length, which no one
+/// uses.
+bool suitsAttribute(const Values& v, const Tags& rest) {
+    return suitsText(v, rest) && !has(rest, 101) && (v.integers[2] & ~kModes) == 0 &&
+           v.integers[3] == 0 && AcDbAttribute().setTag(v.texts[1].c_str()) == Acad::eOk;
+}
+template <class Attribute>
+std::unique_ptr<AcDbEntity> makeAttribute(const Values& v) {
+    auto attribute = std::make_unique<Attribute>();
+    (void)attribute->setTextString(v.texts[0].c_str());
+    (void)attribute->setTextStyle(v.ids[0]);
+    fillText(*attribute, v);
+    (void)attribute->setTag(v.texts[1].c_str());
+    (void)attribute->setModes(static_cast<int>(v.integers[2]));
+    if (auto* const definition = AcDbAttributeDefinition::cast(attribute.get()))
+        (void)definition->setPrompt(v.texts[2].c_str());
+    return attribute;
+}
+void takeAttribute(const AcDbEntity& entity, Values& v) {
+    takeText(entity, v);
+    const auto& attribute = static_cast<const AcDbAttributeText&>(entity);
+    v.texts[1] = attribute.tagConst();
+    v.integers[2] = attribute.modes();
+    if (const auto* const definition = AcDbAttributeDefinition::cast(&entity))
+        v.texts[2] = definition->promptConst();
 }
 
 // --- SOLID ---------------------------------------------------------------------------------------
@@ -214,22 +283,38 @@ void takeSolid(const AcDbEntity& entity, Values& v) {
 
 // --- INSERT --------------------------------------------------------------------------------------
 
+constexpr int kMostInsertions = 10000;
+
 constexpr Field kInsert[] = {marker("AcDbBlockReference"),
+                             optionalField(66, Integer, 0, 0.0),
                              {2, Block, 0},
                              {10, PlanePoint, 0},
                              optionalField(41, Real, 0, 1.0),
                              optionalField(42, Real, 1, 1.0),
                              optionalField(43, Real, 2, 1.0),
                              optionalField(50, Degrees, 3, 0.0),
+                             optionalField(70, Integer, 1, 1.0),
+                             optionalField(71, Integer, 2, 1.0),
+                             optionalField(44, Real, 4, 0.0),
+                             optionalField(45, Real, 5, 0.0),
                              {210, Normal}};
 
-bool suitsInsert(const Values& v, const Tags& rest) {
+bool suitsInsert(const Values& v, const Tags&) {
     const bool scaled = v.reals[0] != 0.0 && v.reals[1] != 0.0 && v.reals[2] != 0.0;
-    return scaled && !v.ids[0].isNull() && only(rest, 66, 0) && only(rest, 70, 1) &&
-           only(rest, 71, 1);
+    const auto inRange = [](long long n) { return n >= 1 && n <= kMostInsertions; };
+    return scaled && !v.ids[0].isNull() && inRange(v.integers[1]) && inRange(v.integers[2]) &&
+           inRange(v.integers[1] * v.integers[2]);
 }
 std::unique_ptr<AcDbEntity> makeInsert(const Values& v) {
-    auto insert = std::make_unique<AcDbBlockReference>(v.points[0], v.ids[0]);
+    const bool isOne =
+        v.integers[1] == 1 && v.integers[2] == 1 && v.reals[4] == 0.0 && v.reals[5] == 0.0;
+    std::unique_ptr<AcDbBlockReference> insert;
+    if (isOne)
+        insert = std::make_unique<AcDbBlockReference>(v.points[0], v.ids[0]);
+    else
+        insert = std::make_unique<AcDbMInsertBlock>(
+            v.points[0], v.ids[0], static_cast<int>(v.integers[1]), static_cast<int>(v.integers[2]),
+            v.reals[4], v.reals[5]);
     (void)insert->setScaleFactors({v.reals[0], v.reals[1], v.reals[2]});
     (void)insert->setRotation(v.reals[3]);
     if (!isFlat(v)) (void)insert->setNormal(v.normal);
@@ -245,6 +330,13 @@ void takeInsert(const AcDbEntity& entity, Values& v) {
     v.reals[2] = scale.z;
     v.reals[3] = insert.rotation();
     v.normal = insert.normal();
+    v.integers[0] = insert.parts() != nullptr ? 1 : 0;
+    const auto* const array = AcDbMInsertBlock::cast(&insert);
+    if (array == nullptr) return;
+    v.integers[1] = array->columns();
+    v.integers[2] = array->rows();
+    v.reals[4] = array->columnSpacing();
+    v.reals[5] = array->rowSpacing();
 }
 
 }  // namespace
@@ -252,14 +344,21 @@ void takeInsert(const AcDbEntity& entity, Values& v) {
 std::span<const EntityType> entityTypes() {
     static const std::vector<EntityType> kTypes = [] {
         std::vector<EntityType> types = {
-        {"LINE", &AcDbLine::desc, kLine, always, makeLine, takeLine},
-        {"POINT", &AcDbPoint::desc, kPoint, always, makePoint, takePoint},
-        {"CIRCLE", &AcDbCircle::desc, kCircle, always, makeCircle, takeCircle},
-        {"ARC", &AcDbArc::desc, kArc, always, makeArc, takeArc},
-        {"LWPOLYLINE", &AcDbPolyline::desc, kPolyline, suitsPolyline, makePolyline, takePolyline},
-        {"TEXT", &AcDbText::desc, kText, suitsText, makeText, takeText},
-        {"SOLID", &AcDbSolid::desc, kSolid, flatOnly, makeSolid, takeSolid},
-        {"INSERT", &AcDbBlockReference::desc, kInsert, suitsInsert, makeInsert, takeInsert},
+            {"LINE", &AcDbLine::desc, kLine, always, makeLine, takeLine},
+            {"POINT", &AcDbPoint::desc, kPoint, always, makePoint, takePoint},
+            {"CIRCLE", &AcDbCircle::desc, kCircle, always, makeCircle, takeCircle},
+            {"ARC", &AcDbArc::desc, kArc, always, makeArc, takeArc},
+            {"LWPOLYLINE", &AcDbPolyline::desc, kPolyline, suitsPolyline, makePolyline,
+             takePolyline},
+            {"TEXT", &AcDbText::desc, kText, suitsText, makeText, takeText},
+            {"SOLID", &AcDbSolid::desc, kSolid, flatOnly, makeSolid, takeSolid},
+            {"ATTDEF", &AcDbAttributeDefinition::desc, kDefinition, suitsAttribute,
+             makeAttribute<AcDbAttributeDefinition>, takeAttribute},
+            {"ATTRIB", &AcDbAttribute::desc, kAttribute, suitsAttribute,
+             makeAttribute<AcDbAttribute>, takeAttribute},
+            {"INSERT", &AcDbBlockReference::desc, kInsert, suitsInsert, makeInsert, takeInsert},
+            // Read as the row above, which makes both.
+            {"INSERT", &AcDbMInsertBlock::desc, kInsert, suitsInsert, makeInsert, takeInsert},
         };
         for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
         return types;

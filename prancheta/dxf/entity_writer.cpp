@@ -159,6 +159,29 @@ void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
     head(type.name, entity, place);
     writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
     xdata(entity);
+    const auto* const reference = AcDbBlockReference::cast(&entity);
+    if (reference != nullptr && reference->parts() != nullptr)
+        writeParts(*reference->parts(), entity, place);
+}
+
+void EntityWriter::writeParts(const InsertParts& parts, const AcDbEntity& reference,
+                              const Place& place) {
+    Place each = place;
+    each.owner = handleOf(reference, place);
+    const auto handleFor = [&](Adesk::UInt64 handle) {
+        if (place.newParts) return m_handles.next();
+        return handle != 0 ? m_handles.ofPart(handle) : m_handles.ofNewPart();
+    };
+    for (const InsertPart& part : parts.list) {
+        each.handle = handleFor(part.handle);
+        write(*part.entity, each);
+    }
+    if (!parts.end.empty()) return this->parts(parts.end, 0, each.owner, place.newParts);
+    m_out.text(0, "SEQEND");
+    m_out.handle(5, handleFor(0));
+    m_out.handle(330, each.owner);
+    m_out.marker("AcDbEntity");
+    common(reference, place, 256);
 }
 
 void EntityWriter::writeForeign(const ForeignEntity& entity, const RawTags& tags,

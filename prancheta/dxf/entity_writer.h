@@ -5,6 +5,7 @@
 #include "prancheta/dxf/entity_types.h"
 #include "prancheta/dxf/handle_source.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/insert_parts.h"
 
 namespace prancheta::dxf {
 
@@ -44,6 +45,8 @@ public:
 
 private:
     void common(const AcDbEntity& entity, const Place& place, int color);
+    /// The attributes of a reference, and what ends them.
+    void writeParts(const InsertParts& parts, const AcDbEntity& reference, const Place& place);
     void writeForeign(const ForeignEntity& entity, const RawTags& tags, const Place& place);
     /// Groups [first, last) of a record of this type, without what the release does not know.
     void raw(std::string_view type, const RawTags& tags, std::size_t first, std::size_t last);

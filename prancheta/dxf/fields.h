@@ -77,7 +77,7 @@ struct Values {
     AcGePoint3d points[6];
     double reals[kSlots] = {};
     long long integers[kSlots] = {};
-    std::wstring texts[2];
+    std::wstring texts[3];
     AcDbObjectId ids[4];
     AcGeVector3d normal = AcGeVector3d::kZAxis;
     std::vector<FieldVertex> vertices;

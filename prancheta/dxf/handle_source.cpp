@@ -19,7 +19,7 @@ void HandleSource::collect(DatabaseCore& core) {
             largest = std::max(largest, stubs[i].handle);
     forEachKeptHandle(core, [&](Adesk::UInt64 handle) {
         largest = std::max(largest, handle);
-        const bool isNew = m_kept.insert(handle).second;
+        const bool isNew = handle != 0 && m_kept.insert(handle).second;
         if (!isNew || isTaken(handle)) ++again;
     });
     m_nextPart = largest + 1;

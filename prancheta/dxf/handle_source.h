@@ -21,6 +21,8 @@ public:
     /// Handle of a part that is kept group by group: its own the first time, unless an object has
     /// it, then a new one. 0 stays 0. To be asked once for each part.
     Adesk::UInt64 ofPart(Adesk::UInt64 handle);
+    /// Handle of a part that has none yet; collect() counted it.
+    Adesk::UInt64 ofNewPart() { return m_nextPart++; }
     /// Handle with which a reference to the object is written: 0 when the file will not have it.
     Adesk::UInt64 of(AcDbObjectId id) const;
 

@@ -5,6 +5,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/tag.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/insert_parts.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -56,6 +57,11 @@ void forEachKeptPart(DatabaseCore& core, const std::function<void(Adesk::UInt64)
         if (stub.object == nullptr || stub.erased) continue;
         if (const auto* entity = ForeignEntity::cast(stub.object)) {
             visitRecords(entity->tags(), 0, visit);
+        } else if (const auto* reference = AcDbBlockReference::cast(stub.object)) {
+            const InsertParts* const parts = reference->parts();
+            if (parts == nullptr) continue;
+            for (const InsertPart& part : parts->list) visit(part.handle);
+            visit(ownHandle(parts->end));  // 0 where it has none yet
         } else if (stub.object->isA() == AcDbBlockTableRecord::desc()) {
             if (const ObjectExtra* extra = ObjectAccess::extra(*stub.object))
                 visitRecords(extra->foreign, 0, visit);

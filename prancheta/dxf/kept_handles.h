@@ -12,8 +12,8 @@ namespace prancheta::dxf {
 /// References are not visited. O(kept groups).
 void forEachKeptRecord(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit);
 
-/// The same for parts of objects: ends of blocks, vertices of old polylines, attributes. O(kept
-/// groups + entities).
+/// The same for parts of objects: ends of blocks, vertices of old polylines, attributes; 0 for an
+/// attribute that has none yet. O(kept groups + entities).
 void forEachKeptPart(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit);
 
 /// Both.

@@ -227,7 +227,9 @@ bool Loader::complete() {
     linkReactors();
     if (!keepObjects()) return false;
     std::vector<Adesk::UInt64> parts;
-    forEachKeptPart(m_core, [&](Adesk::UInt64 handle) { parts.push_back(handle); });
+    forEachKeptPart(m_core, [&](Adesk::UInt64 handle) {
+        if (handle != 0) parts.push_back(handle);
+    });
     for (const Adesk::UInt64 handle : parts) m_core.reserveHandle(handle);
     forEachKeptRecord(m_core, [&](Adesk::UInt64 handle) { m_core.reserveHandle(handle); });
     // To a record that is kept group by group an object gives way; a part gets another handle when

@@ -9,6 +9,7 @@
 #include "prancheta/dxf/piece_plan.h"
 #include "prancheta/dxf/upgrade.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/insert_parts.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -21,6 +22,19 @@ bool hasParts(std::string_view type, const Tags& body) {
         long long value = 0;
         return tag.code == 66 && parseInteger(tag.value, value) && value != 0;
     });
+}
+
+/// An attribute is no object of the drawing: what its head says of others stays text.
+void keepLinks(const RecordHead& head, AcDbEntity& attribute) {
+    RawTags links;
+    const auto keep = [&links](const char* group, int code, Adesk::UInt64 handle) {
+        links.insert(links.end(), {{102, group}, {code, handleText(handle)}, {102, "}"}});
+    };
+    if (head.dictionary != 0) keep("{ACAD_XDICTIONARY", 360, head.dictionary);
+    for (const Adesk::UInt64 reactor : head.reactors) keep("{ACAD_REACTORS", 330, reactor);
+    if (links.empty()) return;
+    RawTags& kept = ObjectAccess::makeExtra(attribute).foreign;
+    kept.insert(kept.begin(), links.begin(), links.end());
 }
 
 bool isByLayer(std::string_view linetype) { return equalNoCase(toWide(linetype), L"ByLayer"); }
@@ -36,9 +50,10 @@ bool Loader::readEntities() {
 bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId owner) {
     if (!splitEntity(record, m_head, m_fault)) return false;
     if (m_head.paper && owner == m_core.modelSpaceId()) owner = m_core.paperSpaceId();
-    if (entityTypeNamed(record.type) == nullptr || hasParts(record.type, m_head.body))
-        return readForeign(reader, record, owner);
-    if (record.type == "INSERT" && !m_head.xdata.empty()) {
+    m_parts.clear();
+    if (hasParts(record.type, m_head.body) && !readParts(reader)) return false;
+    if (entityTypeNamed(record.type) == nullptr) return readForeign(record, owner);
+    if (record.type == "INSERT" && m_parts.empty() && !m_head.xdata.empty()) {
         std::string_view pictureBlock;
         std::unique_ptr<AcDbEntity> piece = readPiece(pictureBlock);
         if (m_fault) return false;
@@ -50,10 +65,10 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
     }
     const EntityType* const type = suitedType(record.type);
     if (m_fault) return false;
-    if (type == nullptr) return readForeign(reader, record, owner);
+    if (type == nullptr) return readForeign(record, owner);
     std::unique_ptr<AcDbEntity> entity = type->make(m_values);
     if (entity->isKindOf(AcDbDimension::desc()) && !isDrawnAsFiled(m_values.ids[0], m_head.xdata))
-        return readForeign(reader, record, owner);
+        return readForeign(record, owner);
     if (!keepExtra(*entity, m_rest)) return false;
     if (auto* const dimension = AcDbDimension::cast(entity.get())) {
         // The picture is drawn anew; its block is read only when something else uses it.
@@ -67,6 +82,7 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
             ObjectAccess::dropEmptyExtra(*dimension);
         }
     }
+    if (!m_parts.empty() && !takeParts(static_cast<AcDbBlockReference&>(*entity))) return false;
     return append(std::move(entity), owner);
 }
 
@@ -82,35 +98,82 @@ const EntityType* Loader::suitedType(std::string_view name) {
     return nullptr;
 }
 
-bool Loader::readForeign(TagReader& reader, const Record& record, AcDbObjectId owner) {
+bool Loader::readForeign(const Record& record, AcDbObjectId owner) {
     auto entity = std::make_unique<ForeignEntity>();
     RawTags tags;
     if (!appendRaw(tags, m_head.body, charset(), m_fault)) return false;
     if (!tags.empty() && tags.front().code != 100) addSubclassMarkers(record.type, tags);
     if (!keepExtra(*entity, {})) return false;
-    if (hasParts(record.type, m_head.body)) {
+    if (!m_parts.empty()) {
         // Its parts name it as their owner, so it needs a handle at once.
         m_head.handle = claim(m_head.handle, record.at);
         if (m_head.handle == 0) m_head.handle = freshHandle();
-        if (!readParts(reader, tags, m_head.handle)) return false;
+        if (!keepParts(tags, m_head.handle)) return false;
     }
     wantBlocksOf(record.type, tags);
     (void)entity->setContent(decode(record.type, charset()), std::move(tags));
     return append(std::move(entity), owner);
 }
 
-bool Loader::readParts(TagReader& reader, RawTags& tags, Adesk::UInt64 owner) {
+bool Loader::readParts(TagReader& reader) {
     for (;;) {
-        if (!nextIn(reader, m_part, "ENTITIES", "SEQEND") && m_fault) return false;
-        const bool isPart =
-            m_part.type == "VERTEX" || m_part.type == "ATTRIB" || m_part.type == "SEQEND";
-        if (!isPart) return bad(m_part.at, "esperado SEQEND depois dos vértices ou atributos");
-        RawTags part{{0, std::string(m_part.type)}};
-        if (!appendRaw(part, m_part.tags, charset(), m_fault)) return false;
-        completePart(part, owner, [this] { return freshHandle(); });
-        tags.insert(tags.end(), part.begin(), part.end());
-        if (m_part.type == "SEQEND") return true;
+        Record part;
+        if (!nextIn(reader, part, "ENTITIES", "SEQEND") && m_fault) return false;
+        const bool isPart = part.type == "VERTEX" || part.type == "ATTRIB" || part.type == "SEQEND";
+        if (!isPart) return bad(part.at, "esperado SEQEND depois dos vértices ou atributos");
+        m_parts.push_back(std::move(part));
+        if (m_parts.back().type == "SEQEND") return true;
     }
+}
+
+bool Loader::keepParts(RawTags& tags, Adesk::UInt64 owner) {
+    for (const Record& record : m_parts) {
+        RawTags part{{0, std::string(record.type)}};
+        if (!appendRaw(part, record.tags, charset(), m_fault)) return false;
+        completePart(part, owner, [this] { return freshHandle(); });
+        tags.insert(tags.end(), std::make_move_iterator(part.begin()),
+                    std::make_move_iterator(part.end()));
+    }
+    return true;
+}
+
+bool Loader::takeParts(AcDbBlockReference& reference) {
+    const RecordHead head = std::exchange(m_head, {});
+    InsertParts& parts = reference.partsForChange();
+    const Record end = std::move(m_parts.back());
+    m_parts.pop_back();
+    for (const Record& record : m_parts) {
+        std::unique_ptr<AcDbEntity> part = readPart(record);
+        if (part == nullptr) return false;
+        parts.list.push_back({std::move(part), m_head.handle});
+    }
+    m_head = head;
+    m_parts.assign(1, end);
+    return keepParts(parts.end, m_head.handle);
+}
+
+/// Null at a fault only: what the class does not hold is kept group by group.
+std::unique_ptr<AcDbEntity> Loader::readPart(const Record& record) {
+    if (!splitEntity(record, m_head, m_fault)) return nullptr;
+    const EntityType* const type = entityTypeNamed(record.type);
+    std::unique_ptr<AcDbEntity> entity;
+    if (type != nullptr &&
+        readFields(type->fields, m_head.body, *this, m_values, m_rest, m_fault) &&
+        type->suits(m_values, m_rest)) {
+        entity = type->make(m_values);
+    } else {
+        RawTags tags;
+        if (m_fault || !appendRaw(tags, m_head.body, charset(), m_fault)) return nullptr;
+        if (!tags.empty() && tags.front().code != 100) addSubclassMarkers(record.type, tags);
+        auto foreign = std::make_unique<ForeignEntity>();
+        (void)foreign->setContent(decode(record.type, charset()), std::move(tags));
+        entity = std::move(foreign);
+        m_rest.clear();
+    }
+    if (!keepExtra(*entity, m_rest)) return nullptr;
+    keepLinks(m_head, *entity);
+    applyHead(*entity);
+    return entity;
 }
 
 /// Names of blocks in groups that nobody here understands: anonymous blocks are read for them.

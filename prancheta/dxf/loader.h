@@ -14,6 +14,8 @@
 #include "prancheta/dxf/piece_record.h"
 #include "prancheta/dxf/record_types.h"
 
+class AcDbBlockReference;
+
 namespace prancheta::dxf {
 
 /// A block of the file. Anonymous ones, which may only hold the picture of a piece or a dimension,
@@ -77,8 +79,13 @@ private:
     // Entities.
     bool readEntity(TagReader& reader, const Record& record, AcDbObjectId owner);
     const EntityType* suitedType(std::string_view name);
-    bool readForeign(TagReader& reader, const Record& record, AcDbObjectId owner);
-    bool readParts(TagReader& reader, RawTags& tags, Adesk::UInt64 owner);
+    bool readForeign(const Record& record, AcDbObjectId owner);
+    /// The records that belong to the one read last, up to SEQEND.
+    bool readParts(TagReader& reader);
+    bool keepParts(RawTags& tags, Adesk::UInt64 owner);
+    /// The parts as what belongs to a reference.
+    bool takeParts(AcDbBlockReference& reference);
+    std::unique_ptr<AcDbEntity> readPart(const Record& record);
     /// An INSERT that is a parametric piece; null when it is none or stays an ordinary one.
     std::unique_ptr<AcDbEntity> readPiece(std::string_view& pictureBlock);
     std::string fillPiece(AcDbEntity& entity, const PieceRecord& record);
@@ -149,7 +156,7 @@ private:
     RecordHead m_head;
     Values m_values;
     Tags m_rest;
-    Record m_part;
+    std::vector<Record> m_parts;
     PieceRecord m_piece;
     std::string m_version;
     std::unique_ptr<const CodePage> m_page;  ///< of the texts, when it is none of the usual ones

@@ -9,6 +9,7 @@
 #include "dbents.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/entities/block_content.h"
+#include "prancheta/entities/insert_parts.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -68,6 +69,9 @@ int MovedDimensions::newBlockOf(const AcDbEntity& entity) const {
 }
 
 std::size_t recordCount(const AcDbEntity& entity) {
+    const auto* const reference = AcDbBlockReference::cast(&entity);
+    if (reference != nullptr && reference->parts() != nullptr)
+        return 2 + reference->parts()->list.size();
     const auto* const foreign = ForeignEntity::cast(&entity);
     if (foreign == nullptr) return 1;
     const auto begins = [](const RawTag& tag) { return tag.code == 0; };

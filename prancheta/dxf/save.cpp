@@ -8,6 +8,7 @@
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/saver.h"
 #include "prancheta/entities/dimension_layout.h"
+#include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/register.h"
 
 namespace prancheta::dxf {
@@ -202,13 +203,19 @@ void Saver::planApplications() {
     };
     need(L"ACAD");
     if (!m_pieces.uses().empty() || !m_dimensions.empty()) need(toWide(kPieceApplication));
+    const auto look = [&](const AcDbObject& object) {
+        const ObjectExtra* const extra = ObjectAccess::extra(object);
+        if (extra == nullptr) return;
+        for (const RawTagView& tag : extra->xdata)
+            if (tag.code == 1001) need(toWide(tag.value));
+    };
     const StubPool& stubs = ObjectAccess::stubs(m_core);
     for (std::size_t i = 0; i < stubs.size(); ++i) {
         if (stubs[i].object == nullptr || stubs[i].erased) continue;
-        const ObjectExtra* const extra = ObjectAccess::extra(*stubs[i].object);
-        if (extra == nullptr) continue;
-        for (const RawTagView& tag : extra->xdata)
-            if (tag.code == 1001) need(toWide(tag.value));
+        look(*stubs[i].object);
+        const auto* const reference = AcDbBlockReference::cast(stubs[i].object);
+        if (reference == nullptr || reference->parts() == nullptr) continue;
+        for (const InsertPart& part : reference->parts()->list) look(*part.entity);
     }
 }
 

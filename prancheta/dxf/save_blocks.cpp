@@ -21,6 +21,14 @@ bool isHeadGroup(int code) {
 }
 
 constexpr int kAnonymous = 1;
+constexpr int kHasDefinitions = 2;
+
+bool asksForAttributes(const AcDbBlockTableRecord& record) {
+    const std::vector<AcDbObjectId>& ids = ObjectAccess::entities(record);
+    return std::any_of(ids.begin(), ids.end(), [](const AcDbObjectId& id) {
+        return id.objectClass() == AcDbAttributeDefinition::desc() && !id.isErased();
+    });
+}
 
 /// The style of the dimension's text; null when its own style says none.
 AcDbObjectId textStyleOf(const AcDbDimension& dimension) {
@@ -90,9 +98,10 @@ void Saver::writeBlockPart(const char* part, const Block& block, Adesk::UInt64 h
         const std::string name = encodeText(ObjectAccess::name(*block.record));
         m_out.marker("AcDbBlockBegin");
         m_out.text(2, name);
-        if (!has(70)) m_out.integer(70, block.record->isAnonymous() ? kAnonymous : 0);
+        long long flags = block.record->isAnonymous() ? kAnonymous : 0;
         for (const RawTag& tag : kept)
-            if (tag.code == 70) m_out.raw(tag.code, tag.value);
+            if (tag.code == 70) (void)parseInteger(tag.value, flags);  // was read
+        m_out.integer(70, flags | (asksForAttributes(*block.record) ? kHasDefinitions : 0));
         m_out.point(10, block.record->origin());
         m_out.text(3, name);
         if (!has(1)) m_out.text(1, "");

@@ -10,6 +10,7 @@
 #include "prancheta/base/nesting.h"
 #include "prancheta/base/text.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
 #include "prancheta/entities/tag_list.h"
 
@@ -35,6 +36,19 @@ Picture mirroredPicture(AcDbEntity& entity, const AcGeMatrix3d& by) {
     if (entity.getTransformedCopy(by, made) != Acad::eOk) return {};
     const std::unique_ptr<AcDbEntity> copy(made);
     return pictureOf(*copy);
+}
+
+/// What an insertion shows of an entity of its block: of a definition of an attribute its value
+/// when it is constant, and nothing when it is asked for.
+Picture shownIn(AcDbEntity& entity, const AcGeMatrix3d& moved) {
+    const bool mirrored = moved.det() < 0.0;
+    const auto show = [&](AcDbEntity& each) {
+        return mirrored ? mirroredPicture(each, moved) : pictureOf(each);
+    };
+    const auto* const definition = AcDbAttributeDefinition::cast(&entity);
+    if (definition == nullptr) return show(entity);
+    if (!definition->isConstant() || definition->isInvisible()) return {};
+    return show(*textLike(*definition, definition->textStringConst()));
 }
 
 class DrawingScope {
@@ -100,11 +114,12 @@ void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& 
     }
 }
 
-std::vector<ExplodedPart> explodedParts(const AcDbBlockReference& reference) {
-    const AcGeMatrix3d m = reference.blockTransform();
+namespace {
+
+void appendExploded(const AcDbBlockReference& reference, const AcGeMatrix3d& m,
+                    std::vector<ExplodedPart>& parts) {
     const AcDbObjectId block = reference.blockTableRecord();
     const BlockInheritance inheritance(traitsOf(reference), block.database());
-    std::vector<ExplodedPart> parts;
     forEachInBlock(block, [&](AcDbEntity& entity) {
         AcDbVoidPtrArray pieces;
         AcDbEntity* copy = nullptr;
@@ -129,6 +144,13 @@ std::vector<ExplodedPart> explodedParts(const AcDbBlockReference& reference) {
                 {std::unique_ptr<AcDbEntity>(made), copied ? entity.objectId() : AcDbObjectId()});
         }
     });
+}
+
+}  // namespace
+
+std::vector<ExplodedPart> explodedParts(const AcDbBlockReference& reference) {
+    std::vector<ExplodedPart> parts;
+    for (const AcGeMatrix3d& place : placesOf(reference)) appendExploded(reference, place, parts);
     return parts;
 }
 
@@ -145,7 +167,7 @@ Picture blockPicture(AcDbObjectId block, const PictureTraits& reference,
     const bool mirrored = moved.det() < 0.0;
     forEachInBlock(block, [&](AcDbEntity& entity) {
         if (content.size() >= kMostPrimitives) return;
-        content.append(mirrored ? mirroredPicture(entity, moved) : pictureOf(entity));
+        content.append(shownIn(entity, moved));
     });
     if (!mirrored && moved != AcGeMatrix3d::kIdentity) content.transform(moved);
     const BlockInheritance inheritance(reference, block.database());

@@ -7,6 +7,7 @@
 #include "dbsymtb.h"
 #include "prancheta/entities/block_content.h"
 #include "prancheta/entities/common.h"
+#include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/entities/picture_entities.h"
 #include "prancheta/graphics/picture_recorder.h"
@@ -17,10 +18,19 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity, 0, 0, 0, INSERT, "Pranch
 
 namespace {
 
+/// Of all insertions of an array: files ask for anything.
+constexpr std::size_t kMostPrimitives = 500000;
+
 double signOf(double v) { return v < 0.0 ? -1.0 : 1.0; }
 
 bool perpendicular(const AcGeVector3d& a, const AcGeVector3d& b) {
     return std::abs(a.dotProduct(b)) <= 1e-8 * a.length() * b.length();
+}
+
+/// The point by which a text was placed.
+AcGePoint3d gripOf(const AcDbText& text) {
+    const bool justified = text.horizontalMode() != 0 || text.verticalMode() != 0;
+    return justified ? text.alignmentPoint() : text.position();
 }
 
 /// Frame of a reference without its place: what rotation, factors and normal can say.
@@ -51,6 +61,31 @@ bool frameOf(const AcGeMatrix3d& m, const AcGeVector3d& formerScale, Frame& fram
 
 }  // namespace
 
+AcDbBlockReference::AcDbBlockReference() = default;
+AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord)
+    : m_position(position), m_block(blockTableRecord) {}
+AcDbBlockReference::~AcDbBlockReference() = default;
+
+InsertParts& AcDbBlockReference::partsForChange() {
+    assertWriteEnabled();
+    if (m_parts == nullptr) m_parts = std::make_unique<InsertParts>();
+    return *m_parts;
+}
+
+Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    if (attribute == nullptr) return Acad::eNullEntityPointer;
+    partsForChange().list.push_back({std::unique_ptr<AcDbEntity>(attribute), 0});
+    return Acad::eOk;
+}
+
+void AcDbBlockReference::takePartsAlong(const AcGeMatrix3d& former) {
+    if (m_parts == nullptr) return;
+    const AcGeMatrix3d by = blockTransform() * former.inverse();
+    // What cannot be stretched stays where it was.
+    for (InsertPart& part : m_parts->list) (void)part.entity->transformBy(by);
+}
+
 Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId id) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (id.isNull()) return Acad::eNullObjectId;
@@ -62,14 +97,18 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId id) {
 Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& p) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
+    const AcGeMatrix3d former = blockTransform();
     m_position = p;
+    takePartsAlong(former);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
+    const AcGeMatrix3d former = blockTransform();
     m_rotation = angle;
+    takePartsAlong(former);
     return Acad::eOk;
 }
 
@@ -77,7 +116,9 @@ Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeVector3d& scale)
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (scale.x == 0.0 || scale.y == 0.0 || scale.z == 0.0) return Acad::eInvalidInput;
     assertWriteEnabled();
+    const AcGeMatrix3d former = blockTransform();
     m_scale = scale;
+    takePartsAlong(former);
     return Acad::eOk;
 }
 
@@ -85,7 +126,9 @@ Acad::ErrorStatus AcDbBlockReference::setNormal(const AcGeVector3d& normal) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (normal.isZeroLength()) return Acad::eInvalidInput;
     assertWriteEnabled();
+    const AcGeMatrix3d former = blockTransform();
     m_normal = normal.normal();
+    takePartsAlong(former);
     return Acad::eOk;
 }
 
@@ -107,7 +150,7 @@ Acad::ErrorStatus AcDbBlockReference::dwgOutFields(AcDbDwgFiler* filer) const {
     filer->writeVector3d(m_scale);
     filer->writeVector3d(m_normal);
     filer->writeDouble(m_rotation);
-    return filer->filerStatus();
+    return writeParts(*filer, m_parts.get());
 }
 
 Acad::ErrorStatus AcDbBlockReference::dwgInFields(AcDbDwgFiler* filer) {
@@ -121,21 +164,32 @@ Acad::ErrorStatus AcDbBlockReference::dwgInFields(AcDbDwgFiler* filer) {
     filer->readVector3d(&m_scale);
     filer->readVector3d(&m_normal);
     filer->readDouble(&m_rotation);
-    return filer->filerStatus();
+    return readParts(*filer, m_parts);
 }
 
 Adesk::Boolean AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw) {
     const Picture content = blockPicture(m_block, traitsOf(*this));
-    draw->geometry().pushModelTransform(blockTransform());
-    replay(content, *draw);
-    draw->geometry().popModelTransform();
+    std::size_t drawn = 0;
+    for (const AcGeMatrix3d& place : placesOf(*this)) {
+        if (drawn > kMostPrimitives) break;
+        drawn += content.size();
+        draw->geometry().pushModelTransform(place);
+        replay(content, *draw);
+        draw->geometry().popModelTransform();
+    }
+    if (m_parts != nullptr)
+        replay(partsPicture(*m_parts, traitsOf(*this), m_block.database()), *draw);
     return Adesk::kTrue;
 }
 
 Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& m) {
     Frame frame;
     if (!frameOf(m * blockTransform(), m_scale, frame)) return Acad::eCannotScaleNonUniformly;
+    InsertParts moved;
+    if (m_parts != nullptr)
+        if (const Acad::ErrorStatus es = movedParts(*m_parts, m, moved); es != Acad::eOk) return es;
     assertWriteEnabled();
+    if (m_parts != nullptr) *m_parts = std::move(moved);
     m_position.transformBy(m);
     m_scale = frame.scale;
     m_normal = frame.normal;
@@ -171,17 +225,33 @@ void AcDbBlockReference::subList() const {
     listNumber(L"fator de escala Y:", m_scale.y);
     listNumber(L"fator de escala Z:", m_scale.z);
     listAngle(L"ângulo de rotação:", m_rotation);
+    for (const AcDbAttribute* const attribute : attributesOf(*this))
+        listText(L"atributo " + std::wstring(attribute->tagConst()) + L":",
+                 attribute->textStringConst());
 }
 
 Acad::ErrorStatus AcDbBlockReference::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,
                                                        AcDbIntArray&) const {
     points.append(m_position);
+    for (const AcDbAttribute* const attribute : attributesOf(*this))
+        points.append(gripOf(*attribute));
     return Acad::eOk;
 }
 
+/// With the reference its attributes move; by itself each moves alone.
 Acad::ErrorStatus AcDbBlockReference::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                           const AcGeVector3d& offset) {
     assertWriteEnabled();
-    if (!indices.isEmpty()) m_position += offset;
+    const AcGeMatrix3d by = AcGeMatrix3d::translation(offset);
+    if (indices.contains(0)) return setPosition(m_position + offset);
+    const std::vector<AcDbAttribute*> attributes = attributesForChange(*this);
+    for (std::size_t i = 0; i < attributes.size(); ++i)
+        if (indices.contains(static_cast<int>(i) + 1)) (void)attributes[i]->transformBy(by);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray&,
+                                                          AcDbIntArray&) const {
+    points.append(m_position);
     return Acad::eOk;
 }

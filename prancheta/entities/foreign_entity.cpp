@@ -37,10 +37,15 @@ bool isOneOf(std::string_view name, std::initializer_list<std::string_view> name
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
+/// An attribute is in no drawing itself, but its layer is.
+AcDbDatabase* drawingOf(const ForeignEntity& entity) {
+    return entity.database() != nullptr ? entity.database() : entity.layerId().database();
+}
+
 /// Records that the groups name, the shown block first (null: none). Between drawings they go out
 /// as references, so that they come along.
 std::vector<AcDbObjectId> namedRecords(const ForeignEntity& entity) {
-    const AcDbDatabase& database = *entity.database();
+    const AcDbDatabase& database = *drawingOf(entity);
     std::vector<AcDbObjectId> found{blockShownBy(entity)};
     const bool dimensioned = isDimension(entity.typeName()) || entity.typeName() == "LEADER" ||
                              entity.typeName() == "TOLERANCE";
@@ -76,7 +81,7 @@ bool writeReferences(const ForeignEntity& entity, AcDbDwgFiler& filer) {
     for (const RawTag& tag : entity.tags()) {
         const Adesk::UInt64 handle = referenceOf(tag);
         if (handle == 0) continue;
-        const AcDbObjectId id(entity.database()->core().find(handle));
+        const AcDbObjectId id(drawingOf(entity)->core().find(handle));
         if (!id.isResident() && tag.code >= 340) return false;
         filer.writeSoftPointerId(id);
     }
@@ -128,7 +133,8 @@ Acad::ErrorStatus ForeignEntity::dwgOutFields(AcDbDwgFiler* filer) const {
     }
     if (isDimension(m_typeName))
         filer->writeBytes(&m_sinceDrawn, static_cast<Adesk::UInt32>(sizeof m_sinceDrawn));
-    if (filer->filerType() == AcDb::kWblockCloneFiler && !writeReferences(*this, *filer))
+    if (filer->filerType() == AcDb::kWblockCloneFiler && drawingOf(*this) != nullptr &&
+        !writeReferences(*this, *filer))
         return Acad::eNotApplicable;
     return filer->filerStatus();
 }

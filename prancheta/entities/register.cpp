@@ -20,7 +20,11 @@ void registerEntityClasses() {
     AcDbArc::rxInit();
     AcDbText::rxInit();
     AcDbSolid::rxInit();
+    AcDbAttributeText::rxInit();
+    AcDbAttributeDefinition::rxInit();
+    AcDbAttribute::rxInit();
     AcDbBlockReference::rxInit();
+    AcDbMInsertBlock::rxInit();
     AcDbPolyline::rxInit();
     AcDbDimension::rxInit();
     AcDbAlignedDimension::rxInit();

@@ -78,7 +78,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
       "prancheta/desktop/panels", "protocol"}},
     {"prancheta/console",
      {"prancheta/base", "prancheta/database", "prancheta/dcl", "prancheta/editor",
-      "prancheta/verify", "protocol"}},
+      "prancheta/entities", "prancheta/verify", "protocol"}},
 };
 
 /// The doors by which the front ends know the editor.

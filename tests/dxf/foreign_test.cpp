@@ -3,6 +3,7 @@
 #include "dbdim.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/insert_parts.h"
 #include "support.h"
 
 using namespace dxftest;
@@ -65,12 +66,54 @@ TEST(Foreign, ReferenceWithAttributesKeepsThem) {
         "AcDbAttribute|2 NOME|70 0|0 SEQEND|5 C3|330 C1|100 AcDbEntity|8 0";
     const Groups all = passed(fileWith(insert + "|0 POINT|8 0|10 0|20 0", "AC1015", blocks));
     EXPECT_EQ(record(all, "ATTRIB"),
-              groups("0 ATTRIB|5 C2|330 C1|100 AcDbEntity|8 0|100 AcDbText|10 5|20 6|30 0|40 2.5|1 "
-                     "valor|100 AcDbAttribute|2 NOME|70 0"));
+              groups("0 ATTRIB|5 C2|330 C1|100 AcDbEntity|8 0|100 AcDbText|10 5.0|20 6.0|30 0.0|40 "
+                     "2.5|1 valor|100 AcDbAttribute|2 NOME|70 0"));
     EXPECT_EQ(valueOf(record(all, "SEQEND"), 5), "C3");
     EXPECT_EQ(valueOf(record(all, "INSERT"), 66), "1");
     EXPECT_EQ(countOf(all, "LINE"), 1U) << "the block is there";
     EXPECT_EQ(countOf(all, "POINT"), 1U);
+}
+
+TEST(Foreign, AttributesAreLiveAndWhatTheyDoNotHoldStays) {
+    const std::string head =
+        "|330 C1|100 AcDbEntity|8 Textos|100 AcDbText|10 5.0|20 6.0|30 0.0|40 2.5|1 ";
+    const std::string several = "|70 0|280 1|101 Embedded Object|70 1|10 1|20 2|30 0|1 a\\Pb";
+    const std::string insert =
+        "0 INSERT|5 C1|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|66 1|2 CARIMBO|10 5|20 "
+        "6|30 0|70 2|71 3|44 100|45 50|0 ATTRIB|5 C2" +
+        head +
+        "valor|72 1|11 9.0|21 6.0|31 0.0|100 AcDbAttribute|280 0|2 NOME|70 8|280 1|1001 "
+        "ACAD|1000 x|0 ATTRIB|5 C4" +
+        head + "a|100 AcDbAttribute|2 NOTA" + several + "|0 SEQEND|5 C3|330 C1|100 AcDbEntity|8 0";
+    const std::string blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 CARIMBO|70 0|10 0|20 0|30 0|3 CARIMBO|1 |0 ATTDEF|5 "
+        "A1|100 AcDbEntity|8 0|100 AcDbText|10 0|20 0|30 0|40 2.5|1 x|100 "
+        "AcDbAttributeDefinition|3 Nome da obra|2 NOME|70 4|0 ENDBLK|8 0|0 ENDSEC";
+    const auto database = loadText(fileWith(insert, "AC1015", blocks));
+    ASSERT_NE(database, nullptr);
+    const AcDbObjectPointer<AcDbMInsertBlock> array(modelSpace(*database).at(0)->objectId(),
+                                                    AcDb::kForWrite);
+    ASSERT_NE(array.object(), nullptr);
+    EXPECT_EQ(array->columns() * array->rows(), 6);
+    ASSERT_EQ(attributesOf(*array.object()).size(), 1U) << "several lines are no such attribute";
+    EXPECT_TRUE(attributesOf(*array.object())[0]->isPreset());
+    (void)attributesForChange(*array.object())[0]->setTextString(L"outro");
+    (void)array->transformBy(AcGeMatrix3d::translation({10, 0, 0}));
+    const Groups all = groupsOf(saved(*database));
+    const Groups first = record(all, "ATTRIB", 2, "NOME");
+    EXPECT_EQ(valueOf(first, 1), "outro");
+    EXPECT_EQ(valueOf(first, 11), "19.0");
+    EXPECT_EQ(valueOf(first, 5), "C2");
+    EXPECT_EQ(valueOf(first, 8), "Textos");
+    EXPECT_EQ(valueOf(first, 1000), "x");
+    EXPECT_EQ(std::count(first.begin(), first.end(), Group{280, "1"}), 1);
+    const Groups second = record(all, "ATTRIB", 2, "NOTA");
+    EXPECT_EQ(std::stod(valueOf(second, 10)), 15.0);
+    EXPECT_EQ(valueOf(second, 101), "Embedded Object");
+    EXPECT_EQ(second.back(), (Group{1, "a\\Pb"}));
+    EXPECT_EQ(valueOf(record(all, "INSERT"), 45), "50.0");
+    EXPECT_EQ(valueOf(record(all, "ATTDEF"), 3), "Nome da obra");
+    EXPECT_EQ(valueOf(record(all, "BLOCK", 2, "CARIMBO"), 70), "2");
 }
 
 TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Block references: placing, properties by block, mirrors, exploding, cycles.
 #include "fixture.h"
+#include "prancheta/entities/insert_parts.h"
 #include "prancheta/geometry/angles.h"
 
 using namespace prancheta;
@@ -113,6 +114,71 @@ TEST_F(BlockReferenceTest, ExplodedPiecesStandWhereTheyWereDrawn) {
     const AcDbExtents box = pictureOf(*stretched.as<AcDbPolyline>(1)).extents();
     EXPECT_TRUE(near(box.minPoint(), {7 + 9 - 6, 7 + 3 - 2, 0}));
     EXPECT_TRUE(near(box.maxPoint(), {7 + 9 + 6, 7 + 3 + 2, 0}));
+}
+
+TEST_F(BlockReferenceTest, AttributesGoWithTheirReference) {
+    auto* asked = new AcDbAttributeDefinition({10, 5, 0}, L"A1", L"FOLHA", L"Folha");
+    (void)asked->setHeight(4);
+    auto* fixed = new AcDbAttributeDefinition({0, 20, 0}, L"Aço SA", L"FIRMA", L"");
+    (void)fixed->setModes(AcDbAttributeText::kConstant);
+    auto* hidden = new AcDbAttributeDefinition({0, 30, 0}, L"7", L"CODIGO", L"");
+    (void)hidden->setModes(AcDbAttributeText::kInvisible);
+    EXPECT_EQ(asked->setTag(L"com branco"), Acad::eInvalidInput);
+    EXPECT_STREQ(pictureOf(*asked)[0].text(), L"FOLHA");
+    const AcDbObjectId id = block(L"CARIMBO", {asked, fixed, hidden});
+    AcDbBlockReference reference({100, 50, 0}, id);
+    (void)reference.setRotation(kPi / 2);
+    (void)reference.setScaleFactors({2, 2, 2});
+    appendOffered(reference);
+    ASSERT_EQ(attributesOf(reference).size(), 2u) << "none for what is constant";
+    const auto texts = [&] {
+        std::wstring all;
+        for (const PrimitiveView p : pictureOf(reference)) all += std::wstring(p.text()) + L"|";
+        return all;
+    };
+    EXPECT_EQ(texts(), L"Aço SA|A1|");
+    EXPECT_TRUE(near(attributesOf(reference)[0]->position(), {90, 70, 0}));
+    EXPECT_EQ(attributesOf(reference)[0]->height(), 8.0);
+    expectRoundTrip(reference);
+
+    (void)reference.setPosition({0, 0, 0});
+    EXPECT_TRUE(near(attributesOf(reference)[0]->position(), {-10, 20, 0}));
+    (void)reference.transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0}));
+    const AcDbExtents box = pictureOf(*attributesForChange(reference)[0]).extents();
+    EXPECT_TRUE(box.minPoint().x > 9.9 && box.maxPoint().x < 18.1 && box.minPoint().y > 19.9);
+    (void)attributesForChange(reference)[0]->setTextString(L"A2");
+    EXPECT_STREQ(attributesOf(*copyOf(reference))[0]->textStringConst(), L"A2");
+    AcGePoint3dArray grips;
+    AcDbIntArray unused;
+    (void)reference.getGripPoints(grips, unused, unused);
+    ASSERT_EQ(grips.length(), 3);
+    AcDbIntArray second;
+    second.append(1);
+    (void)reference.moveGripPointsAt(second, {5, 0, 0});
+    EXPECT_TRUE(near(reference.position(), {0, 0, 0}));
+    EXPECT_TRUE(near(attributesOf(reference)[0]->position(), grips[1] + AcGeVector3d(5, 0, 0)));
+
+    const Pieces pieces(reference);
+    ASSERT_EQ(pieces.count(), 3);
+    EXPECT_STREQ(pieces.as<AcDbAttributeDefinition>(0)->textStringConst(), L"A1");
+}
+
+TEST_F(BlockReferenceTest, ArraysStandInTheTurnedFrameAndKeepTheirSteps) {
+    const AcDbObjectId id = block(L"FURO", {new AcDbCircle({0, 0, 0}, kZ, 2)});
+    AcDbMInsertBlock array({50, 20, 0}, id, 3, 2, 10, -5);
+    (void)array.setRotation(kPi / 2);
+    EXPECT_EQ(pictureOf(*copyOf(array)).size(), 6u);
+    EXPECT_TRUE(near(pictureOf(array)[2].center(), {50, 40, 0}));
+    EXPECT_TRUE(near(pictureOf(array)[3].center(), {55, 20, 0}));
+    expectRoundTrip(array);
+    // Twice as large and seen in a mirror: the columns still go up, the rows the other way.
+    AcGeMatrix3d m;
+    (void)array.transformBy(m.setCoordSystem({100, 0, 0}, {-2, 0, 0}, {0, 2, 0}, {0, 0, 2}));
+    EXPECT_TRUE(near(pictureOf(array)[2].center(), {0, 80, 0}));
+    EXPECT_TRUE(near(pictureOf(array)[3].center(), {-10, 40, 0}));
+    const Pieces pieces(array);
+    ASSERT_EQ(pieces.count(), 6);
+    EXPECT_TRUE(near(pieces.as<AcDbCircle>(5)->center(), {-10, 80, 0}));
 }
 
 TEST_F(BlockReferenceTest, MissingHiddenAndCyclicContentsAreLeftOut) {

@@ -273,13 +273,15 @@ TEST_F(MaterialListTest, APecaInABlockCountsOnceForEveryInsertion) {
     EXPECT_EQ(rows()[0].quantidade, 8);  // two insertions of two insertions of two members
     put(new AcDbBlockReference(AcGePoint3d(0, 9000, 0), inner));
     EXPECT_EQ(rows()[0].quantidade, 10);
+    put(new AcDbMInsertBlock(AcGePoint3d(), inner, 3, 2, 6000, 4000));
+    EXPECT_EQ(rows()[0].quantidade, 22);  // an array of six insertions of two members
     type({L"_erase"});
     pick(0, 0, {first});
     type({L""});
-    EXPECT_EQ(rows()[0].quantidade, 6);
-    EXPECT_TRUE(said(L"P1: 6 peças (era "));
+    EXPECT_EQ(rows()[0].quantidade, 18);
+    EXPECT_TRUE(said(L"P1: 18 peças (era "));
     type({L"_u"});
-    EXPECT_EQ(rows()[0].quantidade, 10);
+    EXPECT_EQ(rows()[0].quantidade, 22);
     EXPECT_EQ(rows()[0].pecas.size(), 1u);
 }
 

@@ -291,9 +291,10 @@ bool Book::readInsertion(AcDbObjectId id) {
     if (reference.openStatus() == Acad::eWasOpenForWrite) return false;
     if (reference.object() == nullptr) return true;
     Insertion fresh{reference->blockTableRecord(), reference->ownerId(), !reference->isErased()};
+    if (const auto* const array = AcDbMInsertBlock::cast(reference.object()))
+        fresh.times = static_cast<long long>(array->columns()) * array->rows();
     Insertion& known = m_insertions[keyOf(id)];
-    const bool same =
-        known.block == fresh.block && known.inside == fresh.inside && known.alive == fresh.alive;
+    const bool same = known == fresh;
     known = fresh;
     m_insertionsChanged = m_insertionsChanged || !same;
     return true;
@@ -309,17 +310,17 @@ long long Book::insertionsOf(AcDbObjectId block, int depth) {
 void Book::countInsertions() {
     if (!m_insertionsChanged || m_pecasIn.empty()) return;
     m_insertionsChanged = false;
-    std::unordered_map<Key, std::vector<AcDbObjectId>> insides;  // by block: what holds it
+    std::unordered_map<Key, std::vector<const Insertion*>> insides;  // by block
     for (const auto& [key, insertion] : m_insertions)
-        if (insertion.alive) insides[keyOf(insertion.block)].push_back(insertion.inside);
+        if (insertion.alive) insides[keyOf(insertion.block)].push_back(&insertion);
     m_times.clear();
     const auto times = [&](auto& self, AcDbObjectId block, int depth) -> long long {
         if (depth > kMaxDepth) return 0;
         if (const auto known = m_times.find(keyOf(block)); known != m_times.end())
             return known->second;
         long long sum = isModelSpace(block) ? 1 : 0;
-        for (const AcDbObjectId& inside : insides[keyOf(block)])
-            sum += self(self, inside, depth + 1);
+        for (const Insertion* const each : insides[keyOf(block)])
+            sum += each->times * self(self, each->inside, depth + 1);
         return m_times[keyOf(block)] = sum;
     };
     for (const auto& [block, ids] : m_pecasIn) {

@@ -181,6 +181,8 @@ private:
         AcDbObjectId block;
         AcDbObjectId inside;
         bool alive = false;
+        long long times = 1;  ///< more in an array
+        bool operator==(const Insertion&) const = default;
     };
     std::unordered_map<Key, Insertion> m_insertions;
     std::unordered_map<Key, std::vector<AcDbObjectId>> m_pecasIn;  ///< by block, not a layout

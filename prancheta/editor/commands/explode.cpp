@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // EXPLODE: replaces compound objects by their parts, one level.
+#include <utility>
+
 #include "dbsymtb.h"
 #include "prancheta/database/deep_clone.h"
 #include "prancheta/editor/commands/support.h"
@@ -34,7 +36,7 @@ bool explodeOne(const CommandContext& context, AcDbObjectId id) {
     AcDbObjectPointer<AcDbBlockTableRecord> owner(entity->blockId(), AcDb::kForWrite);
     if (owner.openStatus() != Acad::eOk) return false;
     Ids added;
-    Copies copies;
+    Copies copies;  // of one insertion: an array has several
     for (auto& [part, original] : parts) {
         if (part->layerId().isNull()) (void)part->setPropertiesFrom(entity.object());
         AcDbObjectId partId;
@@ -44,7 +46,9 @@ bool explodeOne(const CommandContext& context, AcDbObjectId id) {
         }
         (void)part.release()->close();
         added.push_back(partId);
-        if (!original.isNull()) copies[original] = partId;
+        if (original.isNull()) continue;
+        if (copies.contains(original)) translateReferences(std::exchange(copies, {}));
+        copies[original] = partId;
     }
     translateReferences(copies);
     return entity->erase() == Acad::eOk;
