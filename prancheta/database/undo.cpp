@@ -187,20 +187,22 @@ void UndoLog::endScriptGroup() {
     m_scriptStart.reset();
 }
 
+/// Puts the records of a later group behind those of this one.
+void UndoLog::append(Group& whole, Group& later) {
+    for (Record& record : later.records)
+        record.variable += static_cast<std::uint32_t>(whole.variables.size());
+    std::move(later.records.begin(), later.records.end(), std::back_inserter(whole.records));
+    std::move(later.variables.begin(), later.variables.end(), std::back_inserter(whole.variables));
+    whole.after = later.after;
+}
+
 /// The groups from this one on become one.
 void UndoLog::merge(std::size_t start) {
     flushOpenGroup();
     if (m_done.size() < start + 2) return;
     Group& whole = m_done[start];
     whole.name = L"GRUPO";
-    for (std::size_t i = start + 1; i < m_done.size(); ++i) {
-        auto& [name, records, variables, before, after] = m_done[i];
-        for (Record& record : records)
-            record.variable += static_cast<std::uint32_t>(whole.variables.size());
-        std::move(records.begin(), records.end(), std::back_inserter(whole.records));
-        std::move(variables.begin(), variables.end(), std::back_inserter(whole.variables));
-        whole.after = m_done[i].after;
-    }
+    for (std::size_t i = start + 1; i < m_done.size(); ++i) append(whole, m_done[i]);
     m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(start) + 1, m_done.end());
     m_undone.clear();
     forgetStale();
@@ -389,6 +391,33 @@ void UndoLog::exchange(Group& group, bool backwards) {
         exchangeRecord(group, group.records[backwards ? count - 1 - i : i], backwards);
     notify(group, backwards);
     m_undoing = false;
+}
+
+// --- Steps ---------------------------------------------------------------------------------------
+
+UndoSteps::UndoSteps(UndoLog& log) : m_log(log), m_before(log.m_done.size()) {
+    m_log.flushOpenGroup();
+    m_first = m_log.m_done.size();
+}
+
+bool UndoSteps::undo() {
+    m_log.flushOpenGroup();
+    if (m_log.m_done.size() <= m_first || !m_log.undo()) return false;
+    m_log.m_undone.pop_back();
+    return true;
+}
+
+UndoSteps::~UndoSteps() {
+    m_log.flushOpenGroup();
+    if (m_log.m_open == nullptr || m_log.m_done.size() <= m_before) return;
+    UndoLog::Group whole = std::move(m_log.m_done[m_before]);
+    for (std::size_t i = m_before + 1; i < m_log.m_done.size(); ++i)
+        UndoLog::append(whole, m_log.m_done[i]);
+    m_log.m_done.erase(m_log.m_done.begin() + static_cast<std::ptrdiff_t>(m_before),
+                       m_log.m_done.end());
+    whole.name = m_log.m_open->name;
+    *m_log.m_open = std::move(whole);
+    m_log.startGroup();
 }
 
 }  // namespace prancheta

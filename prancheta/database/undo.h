@@ -78,6 +78,7 @@ public:
     bool undoing() const { return m_undoing; }
 
 private:
+    friend class UndoSteps;
     struct Record;
     struct Group;
     struct SavedVariable {
@@ -97,6 +98,7 @@ private:
     void notify(const Group& group, bool backwards);
     void flushOpenGroup();
     void closeGroup(Group group);
+    static void append(Group& whole, Group& later);
     void merge(std::size_t start);
     void forgetStale();
     bool takeLast(const AcDbStub* stub, int kind, Record& taken);
@@ -118,6 +120,26 @@ private:
     bool m_undoing = false;
     std::uint64_t m_revision = 0;
     std::uint64_t m_lastRevision = 0;
+};
+
+/// What the open group does while this lives is kept in steps, which can be taken back one by one;
+/// at the end they are one again, part of the open group. The group has to live longer.
+class UndoSteps {
+public:
+    explicit UndoSteps(UndoLog& log);
+    ~UndoSteps();
+    UndoSteps(const UndoSteps&) = delete;
+    UndoSteps& operator=(const UndoSteps&) = delete;
+
+    /// Here one step ends; a step in which nothing happened is none.
+    void next() { m_log.flushOpenGroup(); }
+    /// Takes the last step back for good; false when there is none.
+    bool undo();
+
+private:
+    UndoLog& m_log;
+    std::size_t m_before;  // groups that were there; with what the open one did before the steps
+    std::size_t m_first;
 };
 
 }  // namespace prancheta
