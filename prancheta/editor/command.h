@@ -27,7 +27,8 @@ struct InputValue {
     std::wstring text;
     std::vector<AcDbObjectId> entities;
     std::vector<AcGePoint3d> crossing;  ///< for a selection: as in RawInput
-    bool removes = false;               ///< for a selection: the entities are to be taken out
+    /// Shift was held: for a selection the entities are to be taken out.
+    bool removes = false;
 };
 
 /// A command that is running: the question it waits for, and where to go on with the answer. One

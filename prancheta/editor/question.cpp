@@ -136,8 +136,12 @@ Reading Question::giveText(std::wstring_view text, InputFrame& frame) {
     return reading;
 }
 
-std::optional<Reading> Question::giveObject(std::wstring_view text, const InputFrame& frame) const {
+std::optional<Reading> Question::giveObject(std::wstring_view text, const InputFrame& frame) {
     if (m_request.kind != InputKind::Selection && m_request.kind != InputKind::Entity) return {};
+    if (equalNoCase(text, L"shift")) {
+        m_shift = true;
+        return Reading{};
+    }
     AcDbObjectId id;
     if (const Adesk::UInt64 handle = readHandent(text); handle != 0 && frame.byHandle) {
         id = frame.byHandle(handle);
@@ -189,6 +193,7 @@ Reading Question::acceptEntity(AcDbObjectId id, const AcGePoint3d& world) const 
     InputValue value;
     value.status = RTNORM;
     value.point = world;
+    value.removes = m_shift;
     if (!id.isNull()) {
         value.entities.push_back(id);
     } else if (m_request.kind == InputKind::Entity) {

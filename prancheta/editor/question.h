@@ -78,7 +78,7 @@ private:
     Reading acceptPoint(const AcGePoint3d& world, const InputFrame& frame);
     Reading acceptEntity(AcDbObjectId id, const AcGePoint3d& world) const;
     std::optional<Reading> giveNumber(std::wstring_view text, const InputFrame& frame) const;
-    std::optional<Reading> giveObject(std::wstring_view text, const InputFrame& frame) const;
+    std::optional<Reading> giveObject(std::wstring_view text, const InputFrame& frame);
     Reading checkNumber(double number) const;
     Reading refuse() const;
     /// No first point yet and no step inside: words and numbers are answers.
@@ -96,6 +96,7 @@ private:
     std::vector<Modifier> m_modifiers;
     std::optional<AcGePoint3d> m_first;   // of two points, world
     std::optional<double> m_lockedAngle;  // radians, user system
+    bool m_shift = false;                 // was said to be held for the next pick
 };
 
 }  // namespace prancheta

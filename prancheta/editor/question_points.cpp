@@ -18,6 +18,7 @@ Reading Question::givePick(const RawInput& input, InputFrame& frame) {
         return givePoint(onLockedDirection(input.point, frame), frame);
     }
     if (m_request.kind == InputKind::Entity) {
+        m_shift = m_shift || input.removes;
         if (!input.entities.empty()) return acceptEntity(input.entities.front(), input.point);
         return acceptPoint(input.point, frame);
     }
@@ -27,7 +28,7 @@ Reading Question::givePick(const RawInput& input, InputFrame& frame) {
     reading.value.point = input.point;
     reading.value.entities = input.entities;
     reading.value.crossing = input.crossing;
-    reading.value.removes = input.removes;
+    reading.value.removes = input.removes || m_shift;
     return reading;
 }
 
@@ -174,6 +175,7 @@ Reading Question::acceptPoint(const AcGePoint3d& world, const InputFrame& frame)
     Reading reading;
     reading.value.status = RTNORM;
     reading.value.point = world;
+    reading.value.removes = m_shift;
     if (!distance && m_request.kind != InputKind::Angle) {
         reading.kind = Reading::Kind::Answered;
         return reading;

@@ -116,7 +116,7 @@ void Canvas::Impl::press(const QPointF& at, Qt::KeyboardModifiers keys) {
     if (request->kind == InputKind::Entity) {
         const AcDbObjectId hit = entityAt(*editor, world);
         return answer(RawInput::Kind::Pick, world,
-                      hit.isNull() ? std::vector<AcDbObjectId>() : std::vector{hit});
+                      hit.isNull() ? std::vector<AcDbObjectId>() : std::vector{hit}, shift);
     }
     if (selects()) selectAt(at, shift);
 }

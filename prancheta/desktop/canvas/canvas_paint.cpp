@@ -52,6 +52,8 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
         else if (request->base)
             drawBand(painter, palette(), screen(*request->base), to);
         ghost.paint(painter, *editor, *request, aim.point(), viewport, drawing.look);
+    } else if (request != nullptr && request->kind == InputKind::Entity && mouse) {
+        ghost.paint(painter, *editor, *request, viewport.toWorld(*mouse), viewport, drawing.look);
     }
     if (frame && mouse) {
         const QPointF first = screen(frame->first);
