@@ -4,21 +4,18 @@
 
 #include <algorithm>
 
-#include "prancheta/curves/box_tree.h"
-
 namespace prancheta {
 
 namespace {
 
-/// Segment `i` of a with `j` of b.
-void appendPair(const Curve& a, std::size_t i, const Curve& b, std::size_t j,
-                std::vector<Meeting>& out) {
-    const std::size_t first = out.size();
-    appendMeetings(a.segments()[i], b.segments()[j], out);
-    for (std::size_t k = first; k < out.size(); ++k) {
-        out[k].first += static_cast<double>(i);
-        out[k].second += static_cast<double>(j);
-    }
+/// Of a straight segment, whose box meets this one: whether its line has corners on both sides.
+bool passesBox(const Segment& s, const Box2d& box) {
+    const auto side = [&](double x, double y) { return cross(s.u, Vec2{x, y} - s.origin); };
+    const double sides[] = {side(box.left, box.bottom), side(box.right, box.bottom),
+                            side(box.right, box.top), side(box.left, box.top)};
+    const auto [low, high] = std::minmax_element(std::begin(sides), std::end(sides));
+    const double slack = 1e-9 * (std::abs(*low) + std::abs(*high));
+    return *low <= slack && *high >= -slack;
 }
 
 /// The end of a closed curve is its start.
@@ -60,18 +57,39 @@ void tidy(const Curve& a, const Curve& b, std::vector<Meeting>& all) {
 
 }  // namespace
 
+CurveIndex::CurveIndex(const Curve& curve) : m_curve(curve), m_tree(boxesOf(curve)) {}
+
+bool CurveIndex::mayMeet(const Box2d& box) const {
+    bool found = false;
+    m_tree.visit(box, [&](std::size_t i) {
+        const Segment& s = m_curve.segments()[i];
+        found = found || s.isRound() || passesBox(s, box);
+    });
+    return found;
+}
+
+void CurveIndex::appendMeetingsWith(const Segment& segment, std::vector<Meeting>& out) const {
+    m_tree.visit(segment.box().grown(m_curve.tolerance()), [&](std::size_t i) {
+        const std::size_t before = out.size();
+        appendMeetings(m_curve.segments()[i], segment, out);
+        for (std::size_t k = before; k < out.size(); ++k) out[k].first += static_cast<double>(i);
+    });
+}
+
 std::vector<Meeting> meetingsOf(const Curve& a, const Curve& b) {
     std::vector<Meeting> all;
-    const double margin = a.tolerance() + b.tolerance();
-    if (!a.box().grown(margin).meets(b.box())) return all;
-    const bool swapped = a.segments().size() > b.segments().size();
-    const Curve& few = swapped ? b : a;
-    const Curve& many = swapped ? a : b;
-    const BoxTree tree(boxesOf(many));
-    for (std::size_t i = 0; i < few.segments().size(); ++i)
-        tree.visit(few.segments()[i].box().grown(margin), [&](std::size_t j) {
-            swapped ? appendPair(a, j, b, i, all) : appendPair(a, i, b, j, all);
-        });
+    if (!a.box().grown(a.tolerance() + b.tolerance()).meets(b.box())) return all;
+    const bool swapped = a.segments().size() < b.segments().size();
+    const Curve& few = swapped ? a : b;
+    const CurveIndex many(swapped ? b : a);
+    for (std::size_t i = 0; i < few.segments().size(); ++i) {
+        const std::size_t before = all.size();
+        many.appendMeetingsWith(few.segments()[i], all);
+        for (std::size_t k = before; k < all.size(); ++k) {
+            all[k].second += static_cast<double>(i);
+            if (swapped) std::swap(all[k].first, all[k].second);
+        }
+    }
     tidy(a, b, all);
     return all;
 }
@@ -79,15 +97,19 @@ std::vector<Meeting> meetingsOf(const Curve& a, const Curve& b) {
 std::vector<Meeting> meetingsWithin(const Curve& curve) {
     std::vector<Meeting> all;
     const BoxTree tree(boxesOf(curve));
-    const std::size_t n = curve.segments().size();
-    const double margin = curve.tolerance();
-    for (std::size_t i = 0; i < n; ++i)
-        tree.visit(curve.segments()[i].box().grown(margin), [&](std::size_t j) {
-            if (j > i) appendPair(curve, i, curve, j, all);
+    const double near = 4.0 * curve.tolerance();
+    for (std::size_t i = 0; i < curve.segments().size(); ++i)
+        tree.visit(curve.segments()[i].box().grown(near), [&](std::size_t j) {
+            if (j <= i) return;
+            const std::size_t before = all.size();
+            appendMeetings(curve.segments()[i], curve.segments()[j], all);
+            for (std::size_t k = before; k < all.size(); ++k) {
+                all[k].first += static_cast<double>(i);
+                all[k].second += static_cast<double>(j);
+            }
         });
     std::erase_if(all, [&](const Meeting& m) {
         const double along = std::abs(curve.lengthAt(m.second) - curve.lengthAt(m.first));
-        const double near = 4.0 * margin;
         return along <= near || (curve.closed() && along >= curve.length() - near);
     });
     tidy(curve, curve, all);
