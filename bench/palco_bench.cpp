@@ -183,6 +183,34 @@ void updateAfterMove(benchmark::State& state) {
 }
 BENCHMARK(updateAfterMove)->Unit(benchmark::kMicrosecond);
 
+/// From the name of the command to its end, all pieces being edges: a line through one row of them
+/// or across the whole drawing is cut in its middle (0, 1), or goes on to the nearest (2). Then
+/// undone.
+void trim(benchmark::State& state) {
+    look(1000);
+    const bool across = state.range(0) == 1;
+    const bool extends = state.range(0) == 2;
+    const double right = extends ? -5000.0 : kStepX * kRow;
+    const AcGePoint3d from(-9000.0, 50.0, 0.0);
+    const AcGePoint3d to(right, across ? kStepY * kPieces / kRow : 50.0, 0.0);
+    const AcDbObjectId line = append(new AcDbLine(from, to));
+    const AcGePoint3d pick = extends ? to : from + (to - from) * 0.5;
+    const std::wstring at = std::to_wstring(pick.x) + L"," + std::to_wstring(pick.y);
+    (void)host().display().size();
+    for (auto _ : state) {
+        front().typed = {extends ? L"_extend" : L"_trim", L"", at, L""};
+        while (!front().typed.empty()) (void)host().step();
+        state.PauseTiming();
+        front().typed = {L"_u"};
+        while (!front().typed.empty()) (void)host().step();
+        (void)host().display().size();
+        state.ResumeTiming();
+    }
+    const AcDbObjectPointer<AcDbEntity> gone(line, AcDb::kForWrite);
+    (void)gone->erase();
+}
+BENCHMARK(trim)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
 /// The right ends of 10,000 lines or pieces, one above the other left of all else, go to and fro:
 /// from the name of the command to its end.
 void stretch(benchmark::State& state) {

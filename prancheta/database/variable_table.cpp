@@ -21,6 +21,9 @@ VariableInfo drawingInteger(const wchar_t* name, short value, double minimum, do
 VariableInfo real(const wchar_t* name, double value, double minimum = -kAny) {
     return {name, value, VariableHome::Drawing, VariableAccess::ReadWrite, minimum, kAny};
 }
+VariableInfo length(const wchar_t* name) {
+    return {name, 0.0, VariableHome::Session, VariableAccess::ReadWrite, 0.0, kAny};
+}
 VariableInfo drawingText(const wchar_t* name, const wchar_t* value) {
     return {name, std::wstring(value), VariableHome::Drawing, VariableAccess::ReadWrite, -kAny,
             kAny};
@@ -58,6 +61,8 @@ std::vector<VariableInfo> variableTable() {
         readOnly(L"CMDACTIVE", short{0}),
         integer(L"CMDECHO", 1, 0, 1),
         readOnly(L"CMDNAMES", std::wstring()),
+        length(L"CHAMFERA"),
+        length(L"CHAMFERB"),
         integer(L"CURSORSIZE", 100, 1, 100),
         drawingInteger(L"DIMADEC", -1, -1, 8),
         real(L"DIMASZ", 2.5, 0.0),
@@ -90,11 +95,13 @@ std::vector<VariableInfo> variableTable() {
         integer(L"DRAGMODE", 2, 0, 2),
         readOnly(L"DWGNAME", std::wstring(L"Desenho1.dxf")),
         readOnly(L"DWGPREFIX", std::wstring()),
+        integer(L"EDGEMODE", 0, 0, 1),
         integer(L"ERRNO", 0, 0, 32767),
         integer(L"EXPERT", 0, 0, 5),
         readOnly(L"EXTMAX", AcGePoint3d(-1e20, -1e20, -1e20), VariableHome::Drawing),
         readOnly(L"EXTMIN", AcGePoint3d(1e20, 1e20, 1e20), VariableHome::Drawing),
         integer(L"FILEDIA", 1, 0, 1),
+        length(L"FILLETRAD"),
         drawingInteger(L"FILLMODE", 1, 0, 1),
         integer(L"GRIDMODE", 0, 0, 1),
         point(L"GRIDUNIT", {10.0, 10.0, 0.0}, 0.0),
@@ -111,6 +118,8 @@ std::vector<VariableInfo> variableTable() {
         drawingInteger(L"LUPREC", 4, 0, 8),
         integer(L"LWDISPLAY", 0, 0, 1),
         drawingInteger(L"MEASUREMENT", 1, 0, 1),
+        {L"OFFSETDIST", -1.0},
+        integer(L"OFFSETGAPTYPE", 0, 0, 0),
         integer(L"ORTHOMODE", 0, 0, 1),
         integer(L"OSMODE", 4133, 0, 32767),
         integer(L"OSNAPCOORD", 2, 0, 2),
@@ -127,6 +136,7 @@ std::vector<VariableInfo> variableTable() {
         drawingText(L"TEXTSTYLE", L"Standard"),
         integer(L"TILEMODE", 1, 0, 1),
         integer(L"UCSICON", 3, 0, 3),
+        integer(L"TRIMMODE", 1, 0, 1),
         {L"TRUSTEDPATHS", std::wstring()},
         readOnly(L"VIEWCTR", AcGePoint3d()),
         readOnly(L"VIEWSIZE", 297.0),
