@@ -12,6 +12,7 @@
 #include "texts/number.h"
 #include "zp/matlist/check.h"
 #include "zp/matlist/follow.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/member.h"
 #include "zp/objects/published.h"
@@ -184,6 +185,10 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state,
     const PecaValues& peca = asked.peca;
     const std::vector<AcDbObjectId> rows = rowsOfChapas(peca);
     const RuledPeca after = ruledPeca(description, state, peca, asked.layChapas);
+    if (const std::wstring fault = zp::cortes::fault(zp::Access::of(*after.peca)); !fault.empty()) {
+        (void)acutPrintf(L"\n%ls\n", fault.c_str());
+        return RTERROR;
+    }
     const Chapas what = laysAgain(asked, after) ? Chapas::LaidAgain : Chapas::Stay;
     if (what == Chapas::LaidAgain && hasLockedChapa(peca)) {
         (void)acutPrintf(L"\n%ls\n", kLockedChapas);

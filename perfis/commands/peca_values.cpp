@@ -44,7 +44,9 @@ std::vector<ChapaValues> chapasOf(const ZpObject& peca) {
 
 void takeChanges(const ZpObject& changed, PecaValues& peca) {
     peca.values = zp::edit::valuesOf(changed);
-    peca.comprimento = changed.getComprimentoReal();
+    const zp::Peca& p = zp::Access::of(changed);
+    peca.comprimento = p.comprimento;
+    peca.cortes = p.cortes;
 }
 
 PecaValues valuesOf(const ZpObject& peca) {

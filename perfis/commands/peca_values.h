@@ -30,7 +30,8 @@ struct PecaValues {
     ZpObject::ZpVistas vista = ZpObject::kVistaSecao;
     double giro = 0.0;         ///< about its own axis, radians
     bool twoPoints = false;    ///< made between two points
-    double comprimento = 0.0;  ///< mm
+    double comprimento = 0.0;  ///< of the axis, mm
+    std::array<zp::Corte, 2> cortes;
     /// For which its plates were laid, mm. Those at the end follow it when the length changes.
     double comprimentoTravejado = 0.0;
     int tipoBarra = 0;
@@ -47,7 +48,7 @@ struct PecaValues {
     bool otherMass() const { return commercial && commercial->printed.otherMass; }
 };
 
-/// Values and length of `changed`, which has the class of the piece.
+/// Values, length and cuts of `changed`, which has the class of the piece.
 void takeChanges(const ZpObject& changed, PecaValues& peca);
 
 /// The piece is open for read.

@@ -26,6 +26,7 @@ zp::edit::DrawnVista PerfilRun::drawVista(const PecaValues& peca, ZpObject::ZpVi
         m_description.finish(*made, requestFor(m_state, chosenVista(m_state.vistas)));
     // It is the same member whatever the tables say by now.
     zp::published::keep(*made, peca.commercial);
+    zp::Access::of(*made).cortes = peca.cortes;
     OpenPeca drawn(std::move(made));
     zp::edit::DrawnVista result;
     if (drawn.resident()) {

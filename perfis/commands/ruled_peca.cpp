@@ -68,6 +68,7 @@ std::unique_ptr<ZpObject> makeModel(const PerfilDescription& description, const 
     }
     (void)model->settipoBarra(static_cast<ZpObject::TipoBarra>(state.tipoBarra));
     if (description.finish != nullptr) description.finish(*model, request);
+    zp::Access::of(*model).cortes = peca.cortes;
     return model;
 }
 

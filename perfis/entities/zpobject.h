@@ -61,19 +61,20 @@ public:
     /// The same with another piece (a plate as a rule), which follows this one.
     Acad::ErrorStatus LinkPos(const AcDbObjectId& peca);
 
-    /// Corners of the picture's box in the piece's own frame, moved and turned with it: upper left,
-    /// lower left, upper right, lower right.
+    /// Corners of the picture's box, oblique ends included, in the piece's own frame, moved and
+    /// turned with it: upper left, lower left, upper right, lower right.
     virtual void GetLimitPointsOfFaces(AcGePoint3d& f0, AcGePoint3d& f1, AcGePoint3d& f2,
                                        AcGePoint3d& f3) const;
     Acad::ErrorStatus StartPoint(AcGePoint3d& point) const;
-    /// Start plus the length along the axis; the start itself in the section view.
+    /// Where the axis ends; the start itself in the section view.
     Acad::ErrorStatus EndPoint(AcGePoint3d& point) const;
     /// Direction of the axis; in the section view the angle by which the section was turned. [0, 2
     /// pi).
     Acad::ErrorStatus AngleVista(double& angle) const;
     ZpVistas vista() const;
-    /// The end moves along the axis, what is linked to the end follows. eInvalidInput, and no
-    /// change, for a length that is not positive and finite.
+    /// The end moves along the axis until getComprimentoReal() is this, what is linked to the end
+    /// follows. eInvalidInput, and no change, for a length that is not positive and finite, or in
+    /// which the cuts of the ends would meet.
     virtual Acad::ErrorStatus AlteraComprimento(double comprimento);
 
     /// Shortens the piece where its axis enters the picture of another one: the end that lies
@@ -100,6 +101,8 @@ public:
     /// kg/m.
     virtual double getLinearWeight() const;
     virtual double getComprimento() const;
+    /// The longest fibre, which is that of the axis where both ends are square. Mass and painted
+    /// surface are those of this length.
     virtual double getComprimentoReal() const;
     /// Short name of the section ("Ue") and its sizes ("200x75x20x2,65"); the buffer holds
     /// kZpTextMax.

@@ -6,6 +6,7 @@
 #include "protocol/attach.h"
 #include "protocol/report.h"
 #include "tests/zp/drawing.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/published.h"
 #include "zp/trelica/zptrelica.h"
 
@@ -130,6 +131,9 @@ protected:
         std::vector<std::unique_ptr<ZpObject>> all;
         const auto put = [&](ZpObject* o) { all.emplace_back(o); };
         put(new ZpUDobrado(p, v, 200, 75, 75, 2.65, 2.65, r, r, 900, kPi, 0, 20));
+        put(new ZpUDobrado(p, v, 200, 75, 75, 2.65, 2.65, r, r, 900, 0, 0, 0));
+        zp::Peca& cut = zp::Access::of(*all.back());
+        cut.cortes = {zp::cortes::withAngle(cut, 0, 0.4), zp::cortes::withAngle(cut, 1, -0.3)};
         put(new ZpUDobrado(p, q, v, 200, 75, 75, 2.65, 2.65, r, r, 0, 20));
         put(new ZpZDobrado(p, v, 150, 60, 20, 2, 2, r, r, 900, 0, 0, 0, 0));
         put(new ZpCartola(p, q, v, 50, 100, 2, 2, 20, 0));
@@ -280,7 +284,7 @@ TEST_F(Filing, ANewerVersionIsRefusedWithAReason) {
     Groups groups;
     barra.dxfOutFields(&groups);
     ASSERT_EQ(groups.groups[1].integer, 3);
-    groups.groups[1].integer = 4;
+    groups.groups[1].integer = 5;
     groups.reread(groups.groups.size());
     ZpBarraRedonda other;
     EXPECT_EQ(other.dxfInFields(&groups), Acad::eNotImplementedYet);
@@ -498,7 +502,8 @@ TEST_F(Filing, TheReportHasEverythingInOrder) {
         L"152.000000 0.000000) "
         L"(2001.000000 -148.000000 0.000000) ] altura=300.000000 largura=300.000000 "
         L"espessura=8.000000 "
-        L"area=7948.000000 perimetro=1784.000000 area_pintura=3.568000 peso=124.800000 perfil='CS' "
+        L"area=7948.000000 perimetro=1784.000000 area_pintura=3.568000 peso=124.800000 "
+        L"peso_liquido=124.800000 corte_inicio=0.000000 corte_fim=0.000000 perfil='CS' "
         L"dimensoes='300x62,4' marca=- conta=1 cotas=[ ] ligados=[ ] ");
     const AcDbObjectId rolled =
         put(new ZpILaminadoUSA(AcGePoint3d(), ZpObject::kVistaSecao, 200, 100, 5.6, 8.5,

@@ -52,9 +52,9 @@ std::optional<Blank> blankOf(AcDbObjectId id) {
     if (!title.empty()) title += L": ";
     title += single.perfil + L' ' + single.dimensoes + L", chapa " +
              texts::withComma(strip->espessura) + L" x " + texts::withComma(strip->width, 1) +
-             L" x " + texts::withComma(p.comprimento, 1);
+             L" x " + texts::withComma(peca->getComprimentoReal(), 1);
     if (single.count > 1) title += L" (" + std::to_wstring(single.count) + L" por peça)";
-    return Blank{*strip, p.comprimento, title};
+    return Blank{*strip, peca->getComprimentoReal(), title};
 }
 
 /// "dobra 90° para cima, ri 3".

@@ -79,7 +79,7 @@ AcGePoint3d placeOf(const zp::Peca& p, Vista to, double distance) {
     const auto from = static_cast<Vista>(p.vista);
     if (to != ZpObject::kVistaSecao) return {0.0, climb(p, from, to, distance), 0.0};
     // Seen from its start a member shows its section beyond its end.
-    return {p.comprimento + distance - p.secao().bounds().x0, 0.0, 0.0};
+    return {p.picture().x1 + distance - p.secao().bounds().x0, 0.0, 0.0};
 }
 
 /// From X at the origin into the frame of the drawn view.

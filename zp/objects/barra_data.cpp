@@ -59,7 +59,7 @@ void writeBarra(ZpObject& peca) {
     const BufferChain fresh(acutBuildList(
         AcDb::kDxfRegAppName, kZpGBarraApp, AcDb::kDxfXdInteger16, static_cast<int>(p.tipoBarra),
         AcDb::kDxfXdAsciiString, perfil, AcDb::kDxfXdAsciiString, dimensoes, AcDb::kDxfXdReal,
-        p.comprimento, AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
+        peca.getComprimentoReal(), AcDb::kDxfXdReal, peca.getPeso(), RTNONE));
     const BufferChain old(peca.xData(kZpGBarraApp));
     if (!fresh || same(old.get(), fresh.get())) return;
     (void)peca.setXData(

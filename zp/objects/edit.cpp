@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "dbsymtb.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/links.h"
 #include "zp/objects/member.h"
 #include "zp/objects/picture_map.h"
@@ -58,8 +59,7 @@ const ChangedCota* foreseenFor(const Peca& p, const Link& l,
 
 LearntPoint learntAt(const Peca& p, const AcGePoint3d& point) {
     LearntPoint a{point.asVector(), false};
-    a.atEnd = !p.inSecao() && p.comprimento > 0.0 &&
-              std::abs(a.offset.x - p.comprimento) <= kSamePoint * p.comprimento;
+    a.atEnd = cortes::onEnd(p, a.offset);
     if (a.atEnd) a.offset.x -= p.comprimento;
     return a;
 }
@@ -67,6 +67,37 @@ LearntPoint learntAt(const Peca& p, const AcGePoint3d& point) {
 bool isChapa(AcDbObjectId id) {
     const AcRxClass* const kind = id.objectClass();
     return kind != nullptr && kind->isDerivedFrom(ZpChapa::desc());
+}
+
+/// A point at an end of the piece when the end gets another cut: what is where the picture ends, or
+/// beyond, goes with that, what is on the edge of the end stays on it.
+void carryEnd(const Peca& before, const Peca& after, const LearntPoint& was, LearntPoint& is) {
+    const std::size_t end = was.atEnd ? cortes::kEnd : cortes::kStart;
+    const double sign = was.atEnd ? 1.0 : -1.0;
+    const double out = sign * was.offset.x;
+    const double last = cortes::furthest(before, end);
+    if (out >= last - kSamePoint)
+        is.offset.x = sign * (out - last + cortes::furthest(after, end));
+    else if (std::abs(out - cortes::edgeAt(before, end, was.offset.y)) <= kSamePoint)
+        is.offset.x = sign * cortes::edgeAt(after, end, is.offset.y);
+}
+
+/// Dimensions over the whole piece or of an end go with the cuts of its ends; others do where they
+/// stood on a cut.
+void carryEnds(const Peca& before, const Peca& after, const Link& was, Link& l) {
+    if (before.inSecao() || after.inSecao() || before.cortes == after.cortes || l.count < 2) return;
+    const auto atEnd = [&](std::size_t i) {
+        const LearntPoint point = was.points[i];
+        return point.atEnd || point.offset.x <= kSamePoint;
+    };
+    const bool overall = atEnd(0) && atEnd(1);
+    for (std::size_t i = 0; i < l.count; ++i) {
+        LearntPoint point = l.points[i];
+        const std::size_t end = point.atEnd ? cortes::kEnd : cortes::kStart;
+        if (overall || before.cortes[end] != Corte())
+            carryEnd(before, after, std::as_const(was.points)[i], point);
+        l.points[i] = point;
+    }
 }
 
 /// What a link of `before` says once the piece is `after`. Plates stand where a rule or the user
@@ -78,7 +109,9 @@ void carry(const Peca& before, const Peca& after, const PictureMap& pictureMap,
         l.role == Link::Role::Cota && l.count >= 3 ? foreseenFor(before, l, foreseenOnes) : nullptr;
     const bool lineOfRule =
         foreseen != nullptr && same(whole(before, l.points[2]), foreseen->before.line);
+    const Link was = l;
     for (std::size_t i = 0; i < l.count; ++i) l.points[i] = pictureMap.carry(l.points[i]);
+    if (l.role == Link::Role::Cota) carryEnds(before, after, was, l);
     if (foreseen == nullptr) return;
     l.points[0] = learntAt(after, foreseen->after.from);
     l.points[1] = learntAt(after, foreseen->after.to);
@@ -94,6 +127,7 @@ void copyValues(const Peca& from, Peca& target) {
     target.tipoBarra = from.tipoBarra;
     target.series = from.series;
     target.comprimento = from.comprimento;
+    target.cortes = from.cortes;
     target.given = from.given;
     target.actual = from.actual;
     target.commercial = from.commercial;
@@ -104,12 +138,17 @@ void copyValues(const Peca& from, Peca& target) {
 std::unique_ptr<ZpObject> copyOf(const ZpObject& peca) {
     std::unique_ptr<ZpObject> copy(ZpObject::cast(peca.isA()->create()));
     if (!copy) return nullptr;
-    copyValues(Access::of(peca), Access::of(*copy));
+    const Peca& p = Access::of(peca);
+    Peca& same = Access::of(*copy);
+    copyValues(p, same);
+    same.start = p.start;
+    same.angle = p.angle;
+    same.mirrored = p.mirrored;
     member::set(*copy, member::of(peca));
     return copy;
 }
 
-Former formerOf(const ZpObject& peca) { return {valuesOf(peca), peca.getComprimentoReal()}; }
+Former formerOf(const ZpObject& peca) { return {valuesOf(peca), Access::of(peca).comprimento}; }
 
 secao::Kind kindOf(const ZpObject& peca) { return Access::of(peca).kind; }
 
@@ -181,6 +220,12 @@ bool sameShape(const secao::RoleValues& a, const secao::RoleValues& b) {
             std::ranges::find(kOthers, static_cast<secao::Role>(i)) == kOthers.end())
             return false;
     return true;
+}
+
+void carryCotas(Peca& p, const Peca& after) {
+    if (!p.links) return;
+    for (Link& l : *p.links)
+        if (l.role == Link::Role::Cota) carryEnds(p, after, Link(l), l);
 }
 
 Faces facesOf(const ZpObject& peca) {
@@ -286,6 +331,7 @@ void notify(AcDbObjectId peca, const Former& before) {
 }
 
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model) {
+    if (std::wstring reason = cortes::fault(Access::of(model)); !reason.empty()) return reason;
     for (Listener* listener : listeners())
         if (std::wstring reason = listener->refusal(peca, model); !reason.empty()) return reason;
     return {};

@@ -22,7 +22,7 @@ namespace zp::edit {
 /// All that a constructor gives: values, view, length, role. What was derived of them is made anew.
 void copyValues(const Peca& from, Peca& target);
 
-/// The same piece, in no drawing and tied to nothing; null when it cannot be made.
+/// The same piece in its place, but in no drawing and tied to nothing; null when it cannot be made.
 std::unique_ptr<ZpObject> copyOf(const ZpObject& peca);
 
 secao::Kind kindOf(const ZpObject& peca);
@@ -50,6 +50,10 @@ void keepOwnValues(const ZpObject& peca, const ZpObject& rule, ZpObject& fresh);
 /// area nor the distance of two shapes tell it.
 bool sameShape(const secao::RoleValues& a, const secao::RoleValues& b);
 
+/// The dimensions tied to a piece go along with the cuts that its ends get: it becomes `after`,
+/// which has its sizes and view.
+void carryCotas(Peca& peca, const Peca& after);
+
 /// The four limit points of a piece, in world coordinates.
 struct Faces {
     AcGePoint3d f[4];
@@ -58,7 +62,7 @@ Faces facesOf(const ZpObject& peca);
 /// Box of its picture in another piece's frame, mm.
 secao::Bounds boxIn(const Frame& frame, const ZpObject& peca);
 
-/// Values and length of a piece before it was changed.
+/// Values and length of the axis of a piece before it was changed.
 struct Former {
     secao::RoleValues values;
     double comprimento = 0.0;
@@ -142,7 +146,8 @@ public:
 void notify(AcDbObjectId peca, const Former& before);
 /// What the listeners together say.
 std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpObject& model);
-/// What the first listener that refuses says; empty when none does.
+/// Why `peca`, open for read, may not become `model`: its ends, or what the first listener that
+/// refuses says; empty when it may.
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model);
 /// Another view of a piece: the piece, its plates and dimensions; ids are null where none was made.
 struct DrawnVista {

@@ -16,11 +16,11 @@ constexpr double kShortest = 1e-6;
 
 }  // namespace
 
-Ends endsOf(const Peca& p) { return {p.start, p.end()}; }
+Ends endsOf(const Peca& p) { return {p.start, p.end(), p.cortes}; }
 
 Ends between(const Peca& p, double from, double to) {
     const AcGeVector3d x = direction(p.angle);
-    return {p.start + x * from, p.start + x * to};
+    return {p.start + x * from, p.start + x * to, p.cortes};
 }
 
 const ACHAR* whyNone(const Peca& p) {
@@ -36,6 +36,7 @@ bool put(Peca& p, const Ends& fresh) {
     const bool turned = axis.crossProduct(x).length() > 1e-12 * axis.length();
     if (turned || axis.dotProduct(x) < 0.0) p.angle = angleOf(axis);
     p.start = fresh.start;
+    p.cortes = fresh.cortes;
     p.setComprimento(axis.length());
     return true;
 }
@@ -45,17 +46,20 @@ std::wstring refusal(const ZpObject& peca, const Ends& fresh) {
     if (const ACHAR* const reason = whyNone(p)) return reason;
     const std::unique_ptr<ZpObject> model = edit::copyOf(peca);
     if (!model) return L"A peça não pode ser copiada.";
-    Peca& changed = Access::of(*model);
-    changed.start = p.start;
-    changed.angle = p.angle;
-    if (!put(changed, fresh)) return L"Não sobraria nada da peça.";
+    if (!put(Access::of(*model), fresh)) return L"Não sobraria nada da peça.";
     return edit::refusalOf(peca, *model);
 }
 
 void move(ZpObject& peca, const Ends& fresh) {
     peca.assertWriteEnabled();
     watch::movesEnd(peca.objectId(), edit::formerOf(peca));
-    (void)put(Access::of(peca), fresh);  // as was asked
+    Peca& p = Access::of(peca);
+    if (fresh.cortes != p.cortes)
+        if (const std::unique_ptr<ZpObject> model = edit::copyOf(peca)) {
+            Access::of(*model).cortes = fresh.cortes;
+            edit::carryCotas(p, Access::of(*model));
+        }
+    (void)put(p, fresh);  // as was asked
     peca.recordGraphicsModified();
 }
 

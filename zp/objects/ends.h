@@ -13,13 +13,14 @@
 
 namespace zp::ends {
 
-/// World coordinates, in the plane of the piece.
+/// World coordinates, in the plane of the piece, and how it is cut there.
 struct Ends {
     AcGePoint3d start;
     AcGePoint3d end;
+    std::array<Corte, 2> cortes;
 };
 Ends endsOf(const Peca& peca);
-/// Points of the axis at these distances from the start.
+/// Points of the axis at these distances from the start; cut as the ends are.
 Ends between(const Peca& peca, double from, double to);
 
 /// Why a piece that is a section or a plate has no ends; null for one that has.

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 // A piece's record. Order: version, class, form, points, view, values, bar type, subtype, mirror
 // flag, length, angle, start, changed values, links; from version 2 on what it is in the job, which
-// version 3 may lack; from version 3 on what it keeps of its table.
+// version 3 may lack; from version 3 on what it keeps of its table, which version 4 may lack; from
+// version 4 on the cuts of its ends.
 #include "zp/objects/filing.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "acutmem.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/published.h"
 
@@ -116,6 +119,15 @@ bool readCommercial(Reader& reader, Commercial& c) {
     return true;
 }
 
+template <class Reader>
+bool readCortes(Reader& reader, Peca& p) {
+    const double steepest = 1.000001 * std::tan(cortes::kSteepest);
+    for (Corte& corte : p.cortes)
+        for (double* const v : {&corte.x, &corte.y})
+            if (!reader.real(*v) || !(std::abs(*v) <= steepest * std::numbers::sqrt2)) return false;
+    return true;
+}
+
 /// What follows the links, in the order of the versions.
 template <class Reader>
 bool readSince(Reader& reader, int version, Peca& p) {
@@ -124,10 +136,11 @@ bool readSince(Reader& reader, int version, Peca& p) {
     if (known != 0) p.member = std::make_unique<Member>();
     if (p.member && !readMember(reader, *p.member)) return false;
     if (version < 3) return true;
+    if (version > 3 && !reader.integer(known)) return false;
     Commercial commercial;
-    if (!readCommercial(reader, commercial)) return false;
-    p.commercial = published::shared(std::move(commercial));
-    return true;
+    if ((version == 3 || known != 0) && !readCommercial(reader, commercial)) return false;
+    if (version == 3 || known != 0) p.commercial = published::shared(std::move(commercial));
+    return version < 4 || readCortes(reader, p);
 }
 
 template <class Reader>
@@ -161,7 +174,7 @@ bool possibleMedidas(const Peca& p) {
     for (std::size_t i = 0; i < p.count; ++i)
         if (!possibleValue(p.given[i], roles[i]) || !possibleValue(p.actual[i], roles[i]))
             return false;
-    return p.comprimento <= kLargestMedida;
+    return p.comprimento <= kLargestMedida && cortes::fault(p).empty();
 }
 
 bool fits(int v, int maximum) { return v >= 0 && v <= maximum; }
@@ -231,7 +244,8 @@ bool DxfReader::text(std::wstring& t) {
 
 template <class Writer>
 void writePeca(Writer& e, const Peca& p) {
-    e.integer(p.commercial ? kPecaVersion : p.member ? 2 : 1);
+    const int version = cortes::oblique(p) ? kPecaVersion : p.commercial ? 3 : p.member ? 2 : 1;
+    e.integer(version);
     e.integer(static_cast<int>(p.kind));
     e.integer(p.form);
     for (std::size_t i = 0; i < p.form; ++i) e.point(p.points[i]);
@@ -262,9 +276,13 @@ void writePeca(Writer& e, const Peca& p) {
         }
         if (l.role == Link::Role::Follows) e.real(l.angle);
     }
-    if (p.commercial) e.integer(p.member ? 1 : 0);
+    if (version > 2) e.integer(p.member ? 1 : 0);
     if (p.member) writeMember(e, *p.member);
+    if (version > 3) e.integer(p.commercial ? 1 : 0);
     if (p.commercial) writeCommercial(e, *p.commercial);
+    if (version < 4) return;
+    for (const Corte& corte : p.cortes)
+        for (const double v : {corte.x, corte.y}) e.real(v);
 }
 
 template <class Reader>

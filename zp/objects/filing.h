@@ -6,9 +6,9 @@
 
 namespace zp {
 
-/// Written first; a reader refuses what is newer. A piece that keeps nothing of a table has version
-/// 2, one of which nothing is known in the job either version 1.
-inline constexpr Adesk::Int16 kPecaVersion = 3;
+/// Written first; a reader refuses what is newer. A piece with square ends has version 3, one that
+/// keeps nothing of a table either 2, one of which nothing is known in the job either 1.
+inline constexpr Adesk::Int16 kPecaVersion = 4;
 
 class DwgWriter {
 public:

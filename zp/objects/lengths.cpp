@@ -5,6 +5,7 @@
 #include "acutmem.h"
 #include "protocol/attach.h"
 #include "protocol/length.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/ends.h"
 
 namespace zp::lengths {
@@ -67,6 +68,7 @@ std::wstring takeOut(AcDbObjectId id, double from, double to, AcDbObjectId& rest
             return L"Não sobraria nada de um lado do corte.";
         first = ends::between(p, 0.0, from);
         second = ends::between(p, to, p.comprimento);
+        first.cortes[cortes::kEnd] = second.cortes[cortes::kStart] = {};
         for (const ends::Ends& part : {first, second})
             if (std::wstring reason = ends::refusal(opened.peca(), part); !reason.empty())
                 return reason;

@@ -11,6 +11,7 @@
 #include "dbdim.h"
 #include "zp/buffer_chain.h"
 #include "zp/objects/barra_data.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
 
 namespace zp {
@@ -19,15 +20,12 @@ namespace {
 /// Chains of followers longer than this are a ring.
 constexpr int kMaxDepth = 8;
 
-bool atEnd(const Peca& p, double x) {
-    return !p.inSecao() && !p.chapa() && p.comprimento > 0.0 &&
-           std::abs(x - p.comprimento) <= 1e-6 * p.comprimento;
-}
+bool atEnd(const Peca& p, double x) { return cortes::onEnd(p, {x, 0.0, 0.0}); }
 
 LearntPoint learnt(const Peca& p, const AcGePoint3d& point, bool toEnd) {
     LearntPoint a;
     a.offset = p.frame().toLocal(point);
-    a.atEnd = toEnd || atEnd(p, a.offset.x);
+    a.atEnd = toEnd || cortes::onEnd(p, a.offset);
     if (a.atEnd) a.offset.x -= p.comprimento;
     return a;
 }
@@ -54,10 +52,13 @@ double reach(const Peca& chapa) {
 void learnCota(const Peca& p, const AcDbAlignedDimension& cota, Link& l) {
     l.points[0] = learnt(p, cota.xLine1Point(), false);
     l.points[1] = learnt(p, cota.xLine2Point(), false);
-    l.points[2] = learnt(p, cota.dimLinePoint(), false);
+    const LearntPoint from = l.points[0];
+    const LearntPoint to = l.points[1];
+    const bool ofEnd = from.atEnd && to.atEnd;
+    l.points[2] = learnt(p, cota.dimLinePoint(), ofEnd);
     l.count = 3;
     if (cota.isUsingDefaultTextPosition()) return;
-    l.points[3] = learnt(p, cota.textPosition(), false);
+    l.points[3] = learnt(p, cota.textPosition(), ofEnd);
     l.count = 4;
 }
 

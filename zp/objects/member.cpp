@@ -7,6 +7,7 @@
 #include <cmath>
 #include <functional>
 
+#include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/steel.h"
 
@@ -41,6 +42,10 @@ bool sameValues(const Peca& a, const Peca& b) {
             !near(va.v[i], vb.v[i], kSameMedida * std::max(1.0, std::abs(va.v[i]))))
             return false;
     return true;
+}
+
+bool sameLength(const Peca& a, const Peca& b) {
+    return near(cortes::longest(a), cortes::longest(b), kSameComprimento);
 }
 
 /// Plates that nobody laid by a rule.
@@ -96,7 +101,8 @@ bool sameSizes(const ZpObject& a, const ZpObject& b) {
         return std::ranges::equal(x, y, [](double u, double v) { return near(u, v, kSameMedida); });
     }
     if (!sameValues(p, q)) return false;
-    return p.inSecao() != q.inSecao() || near(p.comprimento, q.comprimento, kSameComprimento);
+    if (p.inSecao() || q.inSecao()) return p.inSecao() != q.inSecao() || sameLength(p, q);
+    return sameLength(p, q) && cortes::same(p, q);
 }
 
 bool same(const ZpObject& a, const ZpObject& b) {
@@ -114,7 +120,7 @@ std::size_t hashOf(const ZpObject& peca, int step) {
     mix(static_cast<int>(p.tipoBarra));
     mix(p.inSecao() && !p.chapa());
     if (p.chapa()) return hash;
-    if (!p.inSecao()) mix(std::llround(p.comprimento / kSameComprimento) + step);
+    if (!p.inSecao()) mix(std::llround(cortes::longest(p) / kSameComprimento) + step);
     const secao::RoleValues values = p.roles();
     for (std::size_t i = 0; i < values.v.size(); ++i)
         if (describes(static_cast<secao::Role>(i))) mix(std::llround(values.v[i] * 1e3));

@@ -20,7 +20,8 @@ void lace(ZpObject& peca, const Lacing& lacing);
 /// list.
 void tie(ZpObject& peca, AcDbObjectId row, int count);
 
-/// Class, sizes, role and length within half a millimetre, which a section does not tell.
+/// Class, sizes, role, length within half a millimetre and cuts of the ends, which a section does
+/// not tell.
 bool sameSizes(const ZpObject& a, const ZpObject& b);
 /// Two pieces that are the same member: class, sizes, role, steel, and, not between a section and
 /// another view, length within half a millimetre and lacing, where it is known. What the numbers of

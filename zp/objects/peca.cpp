@@ -6,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "zp/objects/cortes.h"
 #include "zp/objects/secao/single.h"
 
 namespace zp {
@@ -171,7 +172,8 @@ secao::Bounds Peca::picture() const {
     if (chapa()) return chapaPicture(*this);
     if (inSecao()) return secao().bounds();
     const secao::Vista& v = secao().vista(vista);
-    return {0.0, v.wMin, comprimento, v.wMax};
+    return {-cortes::furthest(*this, cortes::kStart), v.wMin,
+            comprimento + cortes::furthest(*this, cortes::kEnd), v.wMax};
 }
 
 // Nearly all pieces have a handful of links: until then no room is kept for more.

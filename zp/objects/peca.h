@@ -122,6 +122,14 @@ struct Commercial {
     bool operator==(const Commercial&) const = default;
 };
 
+/// Plane that ends a piece where its axis ends: how much further out the piece reaches per mm of
+/// the section, before the section's own turn. Zero: square. cortes.h says it in the piece's view.
+struct Corte {
+    double x = 0.0;
+    double y = 0.0;
+    bool operator==(const Corte&) const = default;
+};
+
 /// Where a piece's mass comes from.
 enum class MassSource {
     Tabela,     ///< printed for the size, in a table or in the catalogue that it was picked from
@@ -138,7 +146,8 @@ struct Peca {
     bool mirrored = false;
     bool barraStale = false;  ///< bar data in the drawing are to be written again
     double angle = 0.0;
-    double comprimento = 0.0;
+    double comprimento = 0.0;     ///< of the axis, mm
+    std::array<Corte, 2> cortes;  ///< at the start, at the end
     AcGePoint3d start;
     std::array<AcGePoint3d, 2> points;               ///< as handed to the constructor
     std::array<double, secao::kMaxValues> given{};   ///< as handed to the constructor
@@ -187,7 +196,7 @@ struct Peca {
     void scale(double k);
     /// Frame of the picture: that of the piece, for a plate with its own turn.
     Frame pictureFrame() const;
-    /// Box of the picture in that frame.
+    /// Box of the picture in that frame, oblique ends included.
     secao::Bounds picture() const;
 
     void add(const Link& l);

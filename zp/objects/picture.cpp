@@ -3,6 +3,7 @@
 #include "zp/objects/picture.h"
 
 #include "dbsymtb.h"
+#include "zp/objects/cortes.h"
 
 namespace zp {
 namespace {
@@ -35,22 +36,78 @@ Stroke rectangle(const secao::Bounds& c, const Frame& q) {
             Linetype::Own};
 }
 
-std::vector<Stroke> longitudinal(const Peca& p, const Frame& q) {
-    std::vector<Stroke> strokes;
-    const secao::Vista& v = p.secao().vista(p.vista);
-    const double L = p.comprimento;
-    for (const bool visible : {true, false}) {
-        for (const secao::Level& n : v.levels)
-            if (n.visible == visible)
-                strokes.push_back(
-                    linetype(q, 0.0, n.w, L, n.w, visible ? Linetype::Own : Linetype::Hidden));
-        if (!visible) break;
-        for (const double x : {0.0, L})
-            for (const auto& [w0, w1] : v.stretches) strokes.push_back(linetype(q, x, w0, x, w1));
+/// Strokes of a longitudinal view: x of an end is a linear function over the section.
+class Longitudinal {
+public:
+    Longitudinal(const Peca& p, const Frame& q)
+        : m_p(p),
+          m_q(q),
+          m_v(p.secao().vista(p.vista)),
+          m_slopes{cortes::slopeOf(p, cortes::kStart), cortes::slopeOf(p, cortes::kEnd)} {}
+
+    std::vector<Stroke> draw() {
+        edges(true);
+        for (const std::size_t end : {cortes::kStart, cortes::kEnd}) drawEnd(end);
+        edges(false);
+        for (const std::size_t end : {cortes::kStart, cortes::kEnd})
+            if (m_slopes[end].p > 0.0) drawFace(end, Linetype::Hidden);
+        if (m_v.axis) line({0.0, 0.0}, {m_p.comprimento, 0.0}, Linetype::Axis);
+        return std::move(m_strokes);
     }
-    if (v.axis) strokes.push_back(linetype(q, 0.0, 0.0, L, 0.0, Linetype::Axis));
-    return strokes;
-}
+
+private:
+    secao::Point at(std::size_t end, const secao::VistaPoint& q) const {
+        const double reach = m_slopes[end].w * q.w + m_slopes[end].p * q.p;
+        return {end == cortes::kStart ? -reach : m_p.comprimento + reach, q.w};
+    }
+    void line(const secao::Point& a, const secao::Point& b, Linetype type) {
+        m_strokes.push_back(linetype(m_q, a.x, a.y, b.x, b.y, type));
+    }
+    void edges(bool visible) {
+        for (const secao::Level& n : m_v.levels)
+            if (n.visible == visible)
+                line(at(cortes::kStart, {n.w, n.p}), at(cortes::kEnd, {n.w, n.p}),
+                     visible ? Linetype::Own : Linetype::Hidden);
+    }
+    /// The cut face where it looks at the viewer, else the front edges that hide it.
+    void drawEnd(std::size_t end) {
+        if (m_slopes[end].p < 0.0) return drawFace(end, Linetype::Own);
+        const auto part = [&](const secao::VistaPoint& a, const secao::VistaPoint& b) {
+            line(at(end, a), at(end, b), Linetype::Own);
+        };
+        if (m_slopes[end].p == 0.0) {
+            for (const auto& [w0, w1] : m_v.stretches) part({w0}, {w1});
+            return;
+        }
+        for (std::size_t i = 1; i < m_v.levels.size(); ++i) {
+            const auto front = secao::frontBetween(m_p.secao().outlines(), m_p.vista,
+                                                   m_v.levels[i - 1].w, m_v.levels[i].w);
+            for (std::size_t k = 0; k + 1 < front.size(); k += 2) part(front[k], front[k + 1]);
+        }
+    }
+    /// Foreshortened; roundings in straight parts.
+    void drawFace(std::size_t end, Linetype type) {
+        constexpr int kParts = 6;
+        for (const secao::Outline& c : m_p.secao().outlines()) {
+            Stroke face;
+            face.linetype = type;
+            for (const secao::Segment& s : c.segments)
+                for (int i = 0; i < (s.arc() ? kParts : 1); ++i) {
+                    const secao::Point p =
+                        at(end, secao::see(m_p.vista, s.point(static_cast<double>(i) / kParts)));
+                    face.points.push_back(m_q.toWorld(p.x, p.y));
+                    face.bulges.push_back(0.0);
+                }
+            m_strokes.push_back(std::move(face));
+        }
+    }
+
+    const Peca& m_p;
+    const Frame& m_q;
+    const secao::Vista& m_v;
+    std::array<cortes::Slope, 2> m_slopes;
+    std::vector<Stroke> m_strokes;
+};
 
 struct Pattern {
     const ACHAR* name;
@@ -74,7 +131,7 @@ void load(AcDbLinetypeTable& table, const Pattern& pattern) {
 std::vector<Stroke> pictureOf(const Peca& peca) {
     const Frame q = peca.pictureFrame();
     if (peca.chapa()) return {rectangle(peca.picture(), q)};
-    if (!peca.inSecao()) return longitudinal(peca, q);
+    if (!peca.inSecao()) return Longitudinal(peca, q).draw();
     std::vector<Stroke> strokes;
     for (const secao::Outline& c : peca.secao().outlines())
         strokes.push_back(outline(c, q, peca.mirrored));

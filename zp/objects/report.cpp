@@ -5,6 +5,7 @@
 #include "perfis/entities/zpvigas.h"
 #include "protocol/attach.h"
 #include "protocol/report.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/member.h"
 #include "zp/objects/strip_rules.h"
 
@@ -71,6 +72,12 @@ void section(const ZpObject& peca, const Peca& p, PropertyVisitor& v) {
     v.endGroup();
 }
 
+void ends(const Peca& p, PropertyVisitor& v) {
+    v.number(L"peso_liquido", cortes::netMass(p));
+    v.number(L"corte_inicio", cortes::degreesOf(p, cortes::kStart));
+    v.number(L"corte_fim", cortes::degreesOf(p, cortes::kEnd));
+}
+
 class PecasReport : public protocol::EntityReport {
 public:
     void describe(const AcDbEntity& entity, PropertyVisitor& v) const override {
@@ -96,6 +103,7 @@ public:
         v.number(L"perimetro", peca->getPerimetro());
         v.number(L"area_pintura", peca->getAreaPintura());
         v.number(L"peso", peca->getPeso());
+        if (!p.chapa()) ends(p, v);
         texts(*peca, v);
         section(*peca, p, v);
         const std::wstring marca = member::marcaOf(*peca);

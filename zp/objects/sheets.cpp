@@ -3,6 +3,7 @@
 #include "zp/objects/sheets.h"
 
 #include <cmath>
+#include <numbers>
 #include <optional>
 
 #include "acutmem.h"
@@ -11,6 +12,7 @@
 #include "protocol/edit.h"
 #include "texts/letters.h"
 #include "texts/number.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/member.h"
@@ -87,6 +89,33 @@ bool followsBarra(const ZpObject& peca) {
     return Access::of(peca).chapa() && !edit::ownerOf(peca).isNull();
 }
 
+struct CorteRow {
+    const ACHAR* key;
+    const ACHAR* label;
+    std::size_t end;
+};
+
+constexpr CorteRow kCortes[] = {
+    {L"corte_inicio", L"Corte no início", cortes::kStart},
+    {L"corte_fim", L"Corte no fim", cortes::kEnd},
+};
+
+const CorteRow* corteFor(const std::wstring& key) {
+    const auto* const found =
+        std::ranges::find_if(kCortes, [&](const CorteRow& row) { return key == row.key; });
+    return found != std::end(kCortes) ? found : nullptr;
+}
+
+void cortesRows(const Peca& p, PropertySheet& s) {
+    if (p.chapa() || p.inSecao()) return;
+    for (const CorteRow& row : kCortes)
+        s.edit(row.key, row.label, withComma(cortes::degreesOf(p, row.end), kDecimals).c_str(),
+               L"°");
+    if (cortes::oblique(p))
+        show(s, L"comprimento_eixo", L"Comprimento no eixo",
+             withUnit(p.comprimento, kDecimals, L"mm"));
+}
+
 void geometryGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     s.group(L"Geometria");
     const bool fixed = followsBarra(peca);
@@ -94,7 +123,8 @@ void geometryGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     if (fixed)
         show(s, kComprimento, label, withUnit(p.comprimento, kDecimals, L"mm"));
     else
-        s.edit(kComprimento, label, withComma(p.comprimento, kDecimals).c_str(), L"mm");
+        s.edit(kComprimento, label, withComma(cortes::longest(p), kDecimals).c_str(), L"mm");
+    cortesRows(p, s);
     for (const Medida& medida : medidas()) {
         const double* const stored = p.value(medida.role);
         if (stored == nullptr) continue;
@@ -110,6 +140,8 @@ void geometryGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
 void secaoGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
     s.group(L"Seção");
     show(s, L"massa", L"Peso", withUnit(peca.getPeso(), 3, L"kg"));
+    if (cortes::oblique(p))
+        show(s, L"peso_liquido", L"Peso líquido", withUnit(cortes::netMass(p), 3, L"kg"));
     show(s, L"area_pintura", L"Área de pintura", withUnit(peca.getAreaPintura(), 4, L"m²"));
     if (p.chapa())
         show(s, L"kg_m", L"Peso por metro", withUnit(peca.getLinearWeight(), 3, L"kg/m"));
@@ -121,7 +153,19 @@ void secaoGroup(const ZpObject& peca, const Peca& p, PropertySheet& s) {
 
 std::wstring changeComprimento(Peca& p, double fresh) {
     if (!(fresh > 0.0)) return L"O comprimento deve ser maior que zero.";
-    p.setComprimento(fresh);
+    const double axis = fresh - (cortes::longest(p) - p.comprimento);
+    if (!(axis > 0.0))
+        return L"Com os cortes das pontas o comprimento deve ser maior que " +
+               texts::withComma(fresh - axis, 1) + L" mm.";
+    p.setComprimento(axis);
+    return {};
+}
+
+std::wstring changeCorte(Peca& p, std::size_t end, double degrees) {
+    const double angle = degrees * std::numbers::pi / 180.0;
+    if (!(std::abs(angle) <= cortes::kSteepest))
+        return L"O corte vai de -85 a 85 graus, contados do esquadro.";
+    p.cortes[end] = cortes::withAngle(p, end, angle);
     return {};
 }
 
@@ -150,9 +194,12 @@ std::wstring apply(ZpObject& peca, const std::wstring& key, const std::wstring& 
     Peca& p = Access::of(peca);
     if (key == kTipoBarra && !p.chapa()) return changeType(p, text);
     const Medida* const medida = medidaFor(key);
-    if (medida == nullptr && key != kComprimento) return L"Este valor não pode ser editado.";
+    const CorteRow* const corte = p.chapa() || p.inSecao() ? nullptr : corteFor(key);
+    if (medida == nullptr && corte == nullptr && key != kComprimento)
+        return L"Este valor não pode ser editado.";
     const std::optional<double> v = texts::exactReal(text);
     if (!v) return L"“" + text + L"” não é um número.";
+    if (corte != nullptr) return changeCorte(p, corte->end, *v);
     return medida != nullptr ? change(p, *medida, *v / medida->factor) : changeComprimento(p, *v);
 }
 
@@ -161,11 +208,14 @@ bool alreadyShows(const ZpObject& peca, const std::wstring& key, const std::wstr
     const Peca& p = Access::of(peca);
     const std::optional<double> v = texts::exactReal(text);
     if (!v) return false;
-    if (key == kComprimento) return withComma(p.comprimento, kDecimals) == withComma(*v, kDecimals);
+    const auto shows = [&](double shown) {
+        return withComma(shown, kDecimals) == withComma(*v, kDecimals);
+    };
+    if (key == kComprimento) return shows(cortes::longest(p));
+    if (const CorteRow* const corte = corteFor(key)) return shows(cortes::degreesOf(p, corte->end));
     const Medida* const medida = medidaFor(key);
     const double* const stored = medida != nullptr ? p.value(medida->role) : nullptr;
-    return stored != nullptr &&
-           withComma(*stored * medida->factor, kDecimals) == withComma(*v, kDecimals);
+    return stored != nullptr && shows(*stored * medida->factor);
 }
 
 class Sheets : public protocol::EntityProperties {
@@ -207,8 +257,27 @@ private:
         std::optional<std::vector<AcDbObjectId>> others;
         std::wstring reason = changeOne(id, key, text, &others);
         for (std::size_t i = 0; others && i < others->size() && reason.empty(); ++i)
-            reason = changeOne((*others)[i], key, text, nullptr);
+            reason = corteFor(key) != nullptr ? takeCortes((*others)[i], id)
+                                              : changeOne((*others)[i], key, text, nullptr);
         return reason;
+    }
+
+    /// What a cut is in one view another one shows from elsewhere.
+    static std::wstring takeCortes(AcDbObjectId id, AcDbObjectId from) {
+        std::unique_ptr<ZpObject> model;
+        {
+            const AcDbObjectPointer<ZpObject> changed(from, AcDb::kForRead);
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (changed.object() == nullptr || peca.object() == nullptr)
+                return L"A peça não pode ser aberta.";
+            if (Access::of(*peca.object()).inSecao()) return {};
+            model = edit::copyOf(*peca.object());
+            if (!model) return L"A peça não pode ser copiada.";
+            Access::of(*model).cortes = Access::of(*changed.object()).cortes;
+            std::wstring reason = edit::refusalOf(*peca.object(), *model);
+            if (!reason.empty()) return reason;
+        }
+        return become(id, *model);
     }
 
     /// `others` receives what is to change with it; null: nobody is asked.
@@ -230,12 +299,16 @@ private:
             if (others != nullptr) *others = edit::alikeOf(*peca.object(), *model);
             if (others != nullptr && !*others) return {};
         }
+        return become(id, *model);
+    }
+
+    static std::wstring become(AcDbObjectId id, const ZpObject& model) {
         edit::Edit edit(id);
         if (edit.status() == Acad::eOnLockedLayer)
             return L"A camada da peça está bloqueada; desbloqueie-a para editar.";
         if (edit.status() != Acad::eOk) return L"A peça não pode ser alterada agora.";
-        member::set(edit.peca(), member::of(*model));
-        (void)edit.remake(*model);  // a copy is of the same class
+        member::set(edit.peca(), member::of(model));
+        (void)edit.remake(model);  // a copy is of the same class
         edit.finish();
         return {};
     }

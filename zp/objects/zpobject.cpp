@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cwchar>
+#include <utility>
 
 #include "zp/objects/barra_data.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
@@ -139,8 +141,13 @@ ZpObject::ZpVistas ZpObject::vista() const {
 
 Acad::ErrorStatus ZpObject::AlteraComprimento(double comprimento) {
     if (!std::isfinite(comprimento) || comprimento <= 0.0) return Acad::eInvalidInput;
+    const double axis = comprimento - (zp::cortes::longest(*m_peca) - m_peca->comprimento);
+    const double before = std::exchange(m_peca->comprimento, axis);
+    const bool possible = axis > 0.0 && zp::cortes::fault(*m_peca).empty();
+    m_peca->comprimento = before;
+    if (!possible) return Acad::eInvalidInput;
     assertWriteEnabled();
-    m_peca->comprimento = comprimento;
+    m_peca->comprimento = axis;
     m_peca->barraStale = true;
     recordGraphicsModified();
     return Acad::eOk;
@@ -175,7 +182,7 @@ double ZpObject::getPerimetro() const {
 double ZpObject::getAreaPintura() const {
     assertReadEnabled();
     const Peca& p = *m_peca;
-    if (!p.chapa()) return p.secao().perimetroPintura() * p.comprimento * 1e-6;
+    if (!p.chapa()) return p.secao().perimetroPintura() * zp::cortes::longest(p) * 1e-6;
     const double d1 = p.actual[0];
     const double d2 = p.actual[1];
     return 2.0 * (d1 * d2 + d1 * p.comprimento + d2 * p.comprimento) * 1e-6;
@@ -185,7 +192,7 @@ double ZpObject::getPeso() const {
     assertReadEnabled();
     const Peca& p = *m_peca;
     if (p.chapa()) return p.actual[0] * p.actual[1] * p.comprimento * kSteel;
-    return p.kgMetro() * p.comprimento * 1e-3;
+    return p.kgMetro() * zp::cortes::longest(p) * 1e-3;
 }
 
 double ZpObject::getLinearWeight() const {
@@ -198,7 +205,7 @@ double ZpObject::getComprimento() const { return getComprimentoReal(); }
 
 double ZpObject::getComprimentoReal() const {
     assertReadEnabled();
-    return m_peca->comprimento;
+    return zp::cortes::longest(*m_peca);
 }
 
 Acad::ErrorStatus ZpObject::getPerfil(ACHAR* text) const {

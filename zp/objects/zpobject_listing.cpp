@@ -2,11 +2,13 @@
 // What LIST prints of a piece.
 #include <numbers>
 #include <string>
+#include <utility>
 
 #include "acutads.h"
 #include "perfis/entities/zpobject.h"
 #include "texts/letters.h"
 #include "texts/number.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/secao_rows.h"
@@ -50,6 +52,16 @@ void listSecao(const ZpObject& peca, const Peca& p) {
     if (p.secao().invalid()) line(L"valores", zp::kInvalidSecao);
 }
 
+/// Nothing where both ends are square.
+void listCortes(const Peca& p) {
+    if (!zp::cortes::oblique(p)) return;
+    line(L"comprimento no eixo", withComma(p.comprimento, 4) + L" mm");
+    for (const auto& [name, end] : {std::pair(L"corte no início", zp::cortes::kStart),
+                                    std::pair(L"corte no fim", zp::cortes::kEnd)})
+        line(name, withComma(zp::cortes::degreesOf(p, end), 4) + L" graus");
+    line(L"peso líquido", withComma(zp::cortes::netMass(p), 3) + L" kg");
+}
+
 }  // namespace
 
 void ZpObject::subList() const {
@@ -59,7 +71,8 @@ void ZpObject::subList() const {
     line(L"designação", p.designacao());
     line(L"perfil", p.perfil() + L" " + p.dimensoes());
     line(L"início", point(p.start));
-    line(L"comprimento", withComma(p.comprimento, 4) + L" mm");
+    line(L"comprimento", withComma(getComprimentoReal(), 4) + L" mm");
+    listCortes(p);
     line(L"ângulo", withComma(p.angle * 180.0 / std::numbers::pi, 4) + L" graus" +
                         (p.mirrored ? L", espelhada" : L""));
     line(L"vista", kVistas[p.vista]);

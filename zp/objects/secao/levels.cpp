@@ -13,12 +13,6 @@ namespace {
 
 constexpr double kNothing = -std::numeric_limits<double>::infinity();
 
-/// Point of the view: w up in the drawing, p towards the viewer.
-struct VistaPoint {
-    double w = 0.0;
-    double p = 0.0;
-};
-
 struct Candidate {
     double w;
     double p;
@@ -28,18 +22,7 @@ class Viewer {
 public:
     explicit Viewer(int vista) : m_vista(vista) {}
 
-    VistaPoint see(Point q) const {
-        switch (m_vista) {
-            case 1:
-                return {-q.x, q.y};
-            case 2:
-                return {-q.x, -q.y};
-            case 3:
-                return {q.y, q.x};
-            default:
-                return {q.y, -q.x};
-        }
-    }
+    VistaPoint see(Point q) const { return secao::see(m_vista, q); }
     /// Angle of the section plane at which w is largest on a circle.
     double angleOfTop() const { return m_vista <= 2 ? std::numbers::pi : 0.5 * std::numbers::pi; }
 
@@ -145,6 +128,41 @@ void joinStretches(Vista& v, double bounds) {
 
 }  // namespace
 
+VistaPoint see(int vista, const Point& q) {
+    switch (vista) {
+        case 1:
+            return {-q.x, q.y};
+        case 2:
+            return {-q.x, -q.y};
+        case 3:
+            return {q.y, q.x};
+        default:
+            return {q.y, -q.x};
+    }
+}
+
+std::vector<VistaPoint> frontBetween(const std::vector<Outline>& outlines, int vista, double from,
+                                     double to) {
+    constexpr int kParts = 8;  // of a rounding
+    const Viewer o(vista);
+    const double inset = 1e-7 * (to - from);
+    const auto at = [&](double part) {
+        const double w = from + (to - from) * part;
+        return VistaPoint{w, frontmost(outlines, o, std::clamp(w, from + inset, to - inset))};
+    };
+    const VistaPoint a = at(0.0);
+    const VistaPoint middle = at(0.5);
+    const VistaPoint b = at(1.0);
+    if (a.p == kNothing || middle.p == kNothing || b.p == kNothing) return {};
+    if (std::abs(0.5 * (a.p + b.p) - middle.p) <= 1e-6 * (to - from)) return {a, b};
+    std::vector<VistaPoint> parts;
+    for (int i = 0; i < kParts; ++i) {
+        parts.push_back(at(static_cast<double>(i) / kParts));
+        parts.push_back(at(static_cast<double>(i + 1) / kParts));
+    }
+    return parts;
+}
+
 Vista vistaLongitudinal(const std::vector<Outline>& outlines, int vista) {
     Vista v;
     const Viewer o(vista);
@@ -168,7 +186,8 @@ Vista vistaLongitudinal(const std::vector<Outline>& outlines, int vista) {
               [](const Candidate& a, const Candidate& b) { return a.w < b.w; });
     for (const Candidate& c : list) {
         const bool same = !v.levels.empty() && c.w - v.levels.back().w <= 1e-9 * side;
-        if (!same) v.levels.push_back({c.w, false});
+        if (!same) v.levels.push_back({c.w, false, c.p});
+        v.levels.back().p = std::max(v.levels.back().p, c.p);
         if (!v.levels.back().visible) v.levels.back().visible = visible(outlines, o, c, side);
     }
     v.axis = v.wMin < 0.0 && v.wMax > 0.0 &&

@@ -9,10 +9,19 @@
 
 namespace zp::secao {
 
+/// Point of a view from the member's axis: w up in the drawing, p towards the viewer.
+struct VistaPoint {
+    double w = 0.0;
+    double p = 0.0;
+};
+/// A point of the section as a view shows it. The same for a vector.
+VistaPoint see(int vista, const Point& point);
+
 /// One edge line of the view; w is the drawing's vertical, from the member's axis.
 struct Level {
     double w = 0.0;
     bool visible = false;
+    double p = 0.0;  ///< of the edge at this height that is nearest to the viewer
 };
 
 struct Vista {
@@ -27,5 +36,10 @@ struct Vista {
 /// View 1 from above, 2 below, 3 right, 4 left (of the section seen from the start). O(n^2) for the
 /// n <= 64 segments.
 Vista vistaLongitudinal(const std::vector<Outline>& outlines, int vista);
+
+/// What is nearest to the viewer between two heights, in straight parts, as long as it is steel:
+/// ends of parts, two by two. `from` < `to` are heights of neighbouring edges.
+std::vector<VistaPoint> frontBetween(const std::vector<Outline>& outlines, int vista, double from,
+                                     double to);
 
 }  // namespace zp::secao

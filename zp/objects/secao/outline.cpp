@@ -173,6 +173,23 @@ Bounds boundsOf(const Segment& s) {
     return bounds;
 }
 
+double furthest(const std::vector<Outline>& outlines, const Point& direction) {
+    const double angle = std::atan2(direction.y, direction.x);
+    const auto along = [&](const Point& p) { return direction.x * p.x + direction.y * p.y; };
+    double most = -1e300;
+    for (const Outline& c : outlines)
+        for (const Segment& s : c.segments) {
+            most = std::max({most, along(s.a), along(s.b)});
+            const double sign = s.sweep < 0.0 ? -1.0 : 1.0;
+            double turn = std::fmod(sign * (angle - s.start), 2.0 * kPi);
+            if (turn < 0.0) turn += 2.0 * kPi;
+            if (s.arc() && turn < std::abs(s.sweep))
+                most = std::max(most,
+                                along(s.centre) + s.radius * std::hypot(direction.x, direction.y));
+        }
+    return most > -1e300 ? most : 0.0;
+}
+
 bool fitRadii(Loop& loop) {
     std::vector<Vertex>& v = loop.vertices;
     if (v.size() < 3) return false;

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+// Oblique ends: lengths, masses and pictures by hand, what changes them, what follows.
+#include "zp/objects/cortes.h"
+#include "protocol/edit.h"
+#include "tests/zp/lengths.h"
+#include "zp/objects/member.h"
+
+namespace {
+
+using namespace zp_tests;
+using zp::Access;
+
+constexpr double kDegree = kPi / 180.0;
+/// U 200x75x3, 1020.4115 mm2: flats and bends at mid thickness, by 7850 kg/m3.
+const double kKgMm = 3.0 * (188.0 + 2.0 * 69.0 + 4.5 * kPi) * 7850e-9;
+/// Centroid of a bend of 3 to 6 from its centre, over 2 / pi: 2 (6^3 - 3^3) / (3 (6^2 - 3^2)).
+constexpr double kBend = 14.0 / 3.0;
+/// From its axis, a third of the flange inside the back, to the centroid: the back's middle line,
+/// 69 x 39 twice beside it, the bends' centres 4.5 beside it; less 23.5.
+const double kXg =
+    (2.0 * 69.0 * 39.0 + 4.5 * kPi * (4.5 - kBend * 2.0 / kPi)) / (188.0 + 138.0 + 4.5 * kPi) -
+    23.5;
+
+class Cortes : public DrawingWithCommands {
+protected:
+    /// Sets a value of the property sheet; the reason why not.
+    std::wstring setValue(AcDbObjectId id, const wchar_t* key, double value) {
+        const protocol::EntityProperties* sheets = nullptr;
+        {
+            const Read<ZpObject> opened(id);
+            sheets = protocol::extensionOf<protocol::EntityProperties>(
+                *opened.object(), protocol::kEntityPropertiesClass);
+        }
+        ACHAR* message = nullptr;
+        const bool taken = sheets->set(id, key, std::to_wstring(value).c_str(), message);
+        const std::wstring reason = message != nullptr ? message : L"";
+        acutDelString(message);
+        EXPECT_EQ(taken, reason.empty());
+        return reason;
+    }
+    double degrees(AcDbObjectId id, std::size_t end) {
+        return zp::cortes::degreesOf(Access::of(*Read<ZpObject>(id).object()), end);
+    }
+    double net(AcDbObjectId id) {
+        return zp::cortes::netMass(Access::of(*Read<ZpObject>(id).object()));
+    }
+    double longest(AcDbObjectId id) { return Read<ZpObject>(id)->getComprimentoReal(); }
+    /// The ends of all lines that the picture has, in the frame of the piece; the axis is none.
+    std::vector<AcGeVector3d> points(AcDbObjectId id) {
+        const Read<ZpObject> peca(id);
+        AcDbVoidPtrArray parts;
+        EXPECT_EQ(peca->explode(parts), Acad::eOk);
+        std::vector<AcGeVector3d> found;
+        for (int i = 0; i < parts.length(); ++i) {
+            const std::unique_ptr<AcDbEntity> part(static_cast<AcDbEntity*>(parts[i]));
+            if (const auto* line = AcDbLine::cast(part.get());
+                line != nullptr && line->colorIndex() != 1)
+                for (const AcGePoint3d& p : {line->startPoint(), line->endPoint()})
+                    found.push_back(Access::of(*peca.object()).frame().toLocal(p));
+        }
+        return found;
+    }
+    AcDbExtents extents(AcDbObjectId id) {
+        AcDbExtents e;
+        EXPECT_EQ(Read<ZpObject>(id)->getGeomExtents(e), Acad::eOk);
+        return e;
+    }
+    struct At {
+        double x, y;
+        AcDbObjectId id;
+    };
+    /// CORTARPECA with picks and then lines; a module's command takes all of them at once.
+    void cut(std::initializer_list<At> picks, std::initializer_list<const wchar_t*> lines) {
+        RawInput input;
+        input.kind = RawInput::Kind::Text;
+        input.text = L"CORTARPECA";
+        ui.answers.push_back(input);
+        for (const At& at : picks) {
+            RawInput pick;
+            pick.kind = RawInput::Kind::Pick;
+            pick.point = AcGePoint3d(at.x, at.y, 0);
+            pick.entities = {at.id};
+            ui.answers.push_back(std::move(pick));
+        }
+        for (const wchar_t* const line : lines) {
+            input.text = line;
+            ui.answers.push_back(input);
+        }
+        while (!ui.answers.empty()) editor->step();
+    }
+};
+
+TEST_F(Cortes, LongestFibreAndNetMassByHand) {
+    const double t30 = std::tan(30 * kDegree);
+    const double t45 = 1.0;
+    struct Case {
+        ZpObject::ZpVistas vista;
+        double start, end;  // degrees
+        double longest;     // beyond the axis of 1000
+        double mean;
+    };
+    // Seen from the right the section reaches 100 up and down, its centroid on the axis; from above
+    // the back stands 25 above the axis, the flanges end 50 below it.
+    const Case cases[] = {
+        {ZpObject::kVistaDireita, 0, 30, 100 * t30, 0},
+        {ZpObject::kVistaDireita, -30, 30, 0, 0},
+        {ZpObject::kVistaEsquerda, 30, 45, 100 * (t30 + t45), 0},
+        {ZpObject::kVistaSuperior, 0, 45, 25 * t45, -kXg * t45},
+        {ZpObject::kVistaInferior, -45, -30, 50 * (t30 + t45), kXg * (t30 + t45)},
+        {ZpObject::kVistaDireita, 0.009, -0.009, 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.vista << ' ' << c.start << ' ' << c.end);
+        const AcDbObjectId id = u(0, 0, 1000, c.vista);
+        EXPECT_EQ(setValue(id, L"corte_inicio", c.start), L"");
+        EXPECT_EQ(setValue(id, L"corte_fim", c.end), L"");
+        EXPECT_NEAR(longest(id), 1000 + c.longest, 1e-6);
+        EXPECT_NEAR(Read<ZpObject>(id)->getPeso(), kKgMm * (1000 + c.longest), 1e-6);
+        EXPECT_NEAR(net(id), kKgMm * (1000 + c.mean), 1e-6);
+        // Every line ends in one of the two planes.
+        const double from = std::abs(c.start) < 0.01 ? 0.0 : std::tan(c.start * kDegree);
+        const double to = std::abs(c.end) < 0.01 ? 0.0 : std::tan(c.end * kDegree);
+        for (const AcGeVector3d& p : points(id))
+            EXPECT_LT(std::min(std::abs(p.x + from * p.y), std::abs(p.x - 1000 - to * p.y)), 1e-6);
+        EXPECT_EQ(setValue(id, L"comprimento", 2000), L"");
+        EXPECT_NEAR(longest(id), 2000, 1e-6);
+    }
+}
+
+TEST_F(Cortes, AnotherViewShowsTheSamePlane) {
+    // Cut at 30 degrees in height: from above the end face is seen foreshortened between 1000
+    // - 57.7 and 1000 + 57.7, where it looks up; else the upper flange hides it.
+    const double reach = 100 * std::tan(30 * kDegree);
+    for (const double angle : {30.0, -30.0}) {
+        const AcDbObjectId side = u(0, 0, 1000);
+        const AcDbObjectId above = u(0, 500, 1000, ZpObject::kVistaSuperior);
+        EXPECT_EQ(setValue(side, L"corte_fim", angle), L"");
+        change(above, [&](ZpObject& p) {
+            p.assertWriteEnabled();
+            Access::of(p).cortes = Access::of(*Read<ZpObject>(side).object()).cortes;
+        });
+        EXPECT_NEAR(extents(above).maxPoint().x, 1000 + reach, 1e-6);
+        EXPECT_NEAR(longest(above), longest(side), 1e-6);
+        EXPECT_NEAR(net(above), net(side), 1e-9);
+        EXPECT_NEAR(degrees(above, 1), 0, 1e-9);
+        EXPECT_TRUE(zp::member::same(*Read<ZpObject>(above), *Read<ZpObject>(side)));
+        // The front edge at the end: the upper flange's from its bend (w = 19) to its tip.
+        double front = 0.0;
+        for (const AcGeVector3d& p : points(above))
+            if (std::abs(p.x - (1000 + std::copysign(reach, angle))) < 1e-6)
+                front = std::min(front, p.y);
+        EXPECT_NEAR(front, -50, 1e-4);
+    }
+}
+
+TEST_F(Cortes, MovedMirroredStretchedCopied) {
+    const AcDbObjectId id = u(0, 0, 1000);
+    EXPECT_EQ(setValue(id, L"corte_fim", 30), L"");
+    const double reach = 100 * std::tan(30 * kDegree);
+    type({L"_mirror"});
+    pick(0, 0, {id});
+    type({L"", L"0,-500", L"100,-500", L"_n"});
+    const AcDbObjectId twin = entities().back();
+    EXPECT_NEAR(degrees(twin, 1), -30, 1e-9);
+    EXPECT_NEAR(face(twin, 3).x, 1000 + reach, 1e-6);
+    EXPECT_TRUE(zp::member::same(*Read<ZpObject>(twin), *Read<ZpObject>(id)));
+    // In a mirrored piece the user's angle is the mirrored one, too.
+    EXPECT_EQ(setValue(twin, L"corte_inicio", 15), L"");
+    EXPECT_NEAR(degrees(twin, 0), 15, 1e-9);
+    EXPECT_FALSE(zp::member::same(*Read<ZpObject>(twin), *Read<ZpObject>(id)));
+    type({L"_u"});
+    EXPECT_EQ(degrees(twin, 0), 0);
+    change(id, [](ZpObject& p) {
+        p.transformBy(AcGeMatrix3d::scaling(2.0, AcGePoint3d::kOrigin));
+        p.transformBy(AcGeMatrix3d::rotation(0.7, AcGeVector3d::kZAxis, AcGePoint3d::kOrigin));
+    });
+    EXPECT_NEAR(degrees(id, 1), 30, 1e-9);
+    EXPECT_NEAR(longest(id), 2 * (1000 + reach), 1e-6);
+    // A longer piece keeps its ends; of a parted one the new ends are square.
+    EXPECT_EQ(setEnds(*editor, twin, -500, 1000), L"");
+    EXPECT_NEAR(longest(twin), 1500 + reach, 1e-6);
+    AcDbObjectId rest;
+    EXPECT_EQ(takeOut(*editor, twin, 700, 800, rest), L"");
+    EXPECT_EQ(longest(twin), 700);
+    EXPECT_NEAR(longest(rest), 700 + reach, 1e-6);
+    EXPECT_NEAR(degrees(rest, 1), -30, 1e-9);
+}
+
+TEST_F(Cortes, CotasAndDialogsKeepTheEnds) {
+    const AcDbObjectId id = u(0, 0, 1000);
+    const AcDbObjectId whole = cota(0, -100, 1000, -100, 0, -150);
+    const AcDbObjectId height = cota(1000, 100, 1000, -100, 1040, 100);
+    const AcDbObjectId part = cota(0, -100, 300, -100, 0, -120);
+    change(id, [&](ZpObject& p) {
+        for (const AcDbObjectId& c : {whole, height, part}) EXPECT_EQ(p.LinkDim(c), Acad::eOk);
+    });
+    EXPECT_EQ(setValue(id, L"corte_fim", 45), L"");
+    EXPECT_EQ(setValue(id, L"corte_inicio", -45), L"");
+    // The picture ends 100 beyond both ends of the axis.
+    expectCota(whole, -100, -100, 1100, -100, -100, -150);
+    expectCota(height, 1100, 100, 1100, -100, 1140, 100);
+    expectCota(part, 0, -100, 300, -100, 0, -120);
+    EXPECT_EQ(setEnds(*editor, id, 0, 1500), L"");
+    expectCota(whole, -100, -100, 1600, -100, -100, -150);
+    ui.keys.assign({"h=300", "accept"});
+    type({L"EDITAPERFIL"});
+    pick(0, 0, {id});
+    EXPECT_NEAR(degrees(id, 1), 45, 1e-9);
+    EXPECT_NEAR(degrees(id, 0), -45, 1e-9);
+    EXPECT_EQ(Read<ZpObject>(id)->getAltura(), 300);
+    EXPECT_NEAR(face(id, 3).x, 1650, 1e-6);
+    EXPECT_EQ(setValue(id, L"corte_fim", 0), L"");
+    EXPECT_NEAR(face(id, 3).x, 1500, 1e-6);
+}
+
+TEST_F(Cortes, WhatCannotBeCutIsRefused) {
+    const AcDbObjectId id = u(0, 0, 150);
+    for (const double bad : {86.0, -90.0, 1e9})
+        EXPECT_NE(setValue(id, L"corte_fim", bad).find(L"de -85 a 85 graus"), std::wstring::npos);
+    EXPECT_EQ(setValue(id, L"corte_inicio", 45), L"");
+    // Both planes lose 100 of the lower edge: 200 of 150.
+    EXPECT_NE(setValue(id, L"corte_fim", 45).find(L"mais de 200 mm"), std::wstring::npos);
+    EXPECT_NE(setEnds(*editor, id, 0, 90).find(L"mais de 100 mm"), std::wstring::npos);
+    EXPECT_NE(setValue(id, L"comprimento", 190).find(L"mais de 100 mm"), std::wstring::npos);
+    EXPECT_NE(setValue(id, L"h", 400).find(L"mais de 200 mm"), std::wstring::npos);
+    EXPECT_NEAR(longest(id), 250, 1e-9);
+    EXPECT_NE(setValue(u(0, 900, 0, ZpObject::kVistaSecao), L"corte_fim", 10), L"");
+}
+
+}  // namespace

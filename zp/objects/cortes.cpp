@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+// A cut is a linear function over the section: lengths are its extremes, volumes its mean.
+#include "zp/objects/cortes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "texts/number.h"
+
+namespace zp::cortes {
+namespace {
+
+constexpr double kDegree = std::numbers::pi / 180.0;
+/// Less is square, and no difference; radians.
+constexpr double kLeastAngle = 0.01 * kDegree;
+/// What has to be left of the shortest fibre, mm.
+constexpr double kShortestFibre = 1e-6;
+
+bool cuttable(const Peca& p) { return !p.inSecao() && !p.chapa(); }
+
+double giroOf(const Peca& p) {
+    const double giro = p.roles()[secao::Role::Giro];
+    return std::isfinite(giro) ? giro : 0.0;
+}
+
+secao::Point turned(double x, double y, double angle) {
+    const double c = std::cos(angle);
+    const double s = std::sin(angle);
+    return {c * x - s * y, s * x + c * y};
+}
+
+/// Growth of the reach in the section as it is turned.
+secao::Point inSection(const Peca& p, const Corte& corte) {
+    if (!cuttable(p) || corte == Corte()) return {};
+    return turned(corte.x, corte.y, giroOf(p));
+}
+
+/// Of both ends together: what every fibre is longer than the axis.
+secao::Point both(const Peca& p) {
+    const secao::Point a = inSection(p, p.cortes[kStart]);
+    const secao::Point b = inSection(p, p.cortes[kEnd]);
+    return {a.x + b.x, a.y + b.y};
+}
+
+double most(const Peca& p, const secao::Point& growth) {
+    return growth.x == 0.0 && growth.y == 0.0 ? 0.0 : secao::furthest(p.secao().outlines(), growth);
+}
+
+}  // namespace
+
+Slope slopeOf(const Peca& p, std::size_t end) {
+    const secao::Point growth = inSection(p, p.cortes[end]);
+    const secao::VistaPoint seen = secao::see(p.vista, growth);
+    const auto withoutDust = [](double v) { return std::abs(v) < 1e-12 ? 0.0 : v; };
+    return {withoutDust(seen.w), withoutDust(seen.p)};
+}
+
+double angleOf(const Peca& p, std::size_t end) {
+    const double angle = std::atan(slopeOf(p, end).w);
+    return p.mirrored && angle != 0.0 ? -angle : angle;
+}
+
+double degreesOf(const Peca& p, std::size_t end) { return angleOf(p, end) / kDegree; }
+
+Corte withAngle(const Peca& p, std::size_t end, double angle) {
+    const double w = std::abs(angle) < kLeastAngle ? 0.0 : std::tan(p.mirrored ? -angle : angle);
+    const double depth = slopeOf(p, end).p;
+    const secao::VistaPoint x = secao::see(p.vista, {1.0, 0.0});
+    const secao::VistaPoint y = secao::see(p.vista, {0.0, 1.0});
+    const secao::Point body = turned(w * x.w + depth * x.p, w * y.w + depth * y.p, -giroOf(p));
+    return {body.x, body.y};
+}
+
+bool oblique(const Peca& p) { return cuttable(p) && p.cortes != std::array<Corte, 2>(); }
+
+double edgeAt(const Peca& p, std::size_t end, double w) {
+    const Slope slope = slopeOf(p, end);
+    if (slope.square()) return 0.0;
+    double reach = slope.w * w;
+    if (slope.p != 0.0) {
+        const secao::Bounds& box = p.secao().bounds();
+        const double a = secao::see(p.vista, {box.x0, box.y0}).p;
+        const double b = secao::see(p.vista, {box.x1, box.y1}).p;
+        reach += std::max(slope.p * a, slope.p * b);
+    }
+    return reach;
+}
+
+double furthest(const Peca& p, std::size_t end) { return most(p, inSection(p, p.cortes[end])); }
+
+bool onEnd(const Peca& p, const AcGeVector3d& point) {
+    if (!cuttable(p) || !(p.comprimento > 0.0)) return false;
+    const double beyond = point.x - p.comprimento;
+    const auto at = [&](double x) { return std::abs(beyond - x) <= 1e-6 * p.comprimento; };
+    return at(0.0) ||
+           (p.cortes[kEnd] != Corte() && (at(furthest(p, kEnd)) || at(edgeAt(p, kEnd, point.y))));
+}
+
+double longest(const Peca& p) { return p.comprimento + most(p, both(p)); }
+
+double mean(const Peca& p) {
+    const secao::Point growth = both(p);
+    if (growth.x == 0.0 && growth.y == 0.0) return p.comprimento;
+    const secao::Properties& s = p.secao().properties();
+    return p.comprimento + growth.x * s.xg + growth.y * s.yg;
+}
+
+double netMass(const Peca& p) { return p.kgMetro() * mean(p) * 1e-3; }
+
+std::wstring fault(const Peca& p) {
+    const secao::Point growth = both(p);
+    const double least = most(p, {-growth.x, -growth.y});
+    if (p.comprimento - least > kShortestFibre || (growth.x == 0.0 && growth.y == 0.0)) return {};
+    return L"Os cortes das duas pontas se encontram: com estes ângulos a peça precisa de mais de " +
+           texts::withComma(least, 1) + L" mm no eixo. Diminua um dos ângulos ou alongue a peça.";
+}
+
+bool same(const Peca& a, const Peca& b) {
+    return std::ranges::equal(a.cortes, b.cortes, [](const Corte& u, const Corte& v) {
+        return std::abs(std::atan(u.x) - std::atan(v.x)) <= kLeastAngle &&
+               std::abs(std::atan(u.y) - std::atan(v.y)) <= kLeastAngle;
+    });
+}
+
+}  // namespace zp::cortes

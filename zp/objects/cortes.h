@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+// Oblique ends of a piece: planes that cut it off where its axis starts and ends.
+#pragma once
+
+#include "zp/objects/peca.h"
+
+namespace zp::cortes {
+
+/// Places in Peca::cortes.
+inline constexpr std::size_t kStart = 0;
+inline constexpr std::size_t kEnd = 1;
+
+/// How much further out the piece reaches per mm of its view: upwards in it, and towards who looks.
+/// Zero in a section and for a plate.
+struct Slope {
+    double w = 0.0;
+    double p = 0.0;
+    bool square() const { return w == 0.0 && p == 0.0; }
+};
+Slope slopeOf(const Peca& peca, std::size_t end);
+
+/// Largest angle of a cut from square, radians.
+inline constexpr double kSteepest = 85.0 * 3.14159265358979323846 / 180.0;
+/// Angle of an end from square in the plane of the piece's view, radians; positive where the edge
+/// at the left of who goes from the start to the end is the longer one.
+double angleOf(const Peca& peca, std::size_t end);
+/// The same in degrees, as users see it.
+double degreesOf(const Peca& peca, std::size_t end);
+/// The cut of an end that has this angle; across the view it is what it is. Square under 0.01
+/// degrees. The piece is no section and no plate.
+Corte withAngle(const Peca& peca, std::size_t end, double angle);
+
+/// False where both ends are square, and in a section and for a plate.
+bool oblique(const Peca& peca);
+
+/// Where the edge of an end is at height w of the view, from the end of the axis outwards, mm:
+/// that which reaches furthest of what the view shows behind one another.
+double edgeAt(const Peca& peca, std::size_t end, double w);
+/// The furthest that an end reaches from the end of the axis outwards, mm; negative where all of
+/// the section lies on the shorter side.
+double furthest(const Peca& peca, std::size_t end);
+/// True for a point of the piece's frame where it ends, along its axis: at the end of the axis,
+/// where the picture ends, or on the edge of the end.
+bool onEnd(const Peca& peca, const AcGeVector3d& point);
+/// Longest fibre: what is bought of the piece, mm. The length of what has no oblique end.
+double longest(const Peca& peca);
+/// Volume over the section's area, mm: exact, since planes are linear over it.
+double mean(const Peca& peca);
+
+/// Mass of what is left after the cuts, kg.
+double netMass(const Peca& peca);
+
+/// Why the piece cannot have such ends, for the user; empty when it can.
+std::wstring fault(const Peca& peca);
+/// Cuts of one body, whatever the views are.
+bool same(const Peca& a, const Peca& b);
+
+}  // namespace zp::cortes
