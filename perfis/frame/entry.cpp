@@ -6,6 +6,7 @@
 #include "perfis/commands/catalogue_check.h"
 #include "perfis/commands/catalogue_command.h"
 #include "perfis/commands/command_table.h"
+#include "perfis/commands/cut_command.h"
 #include "perfis/commands/peca_editor.h"
 #include "perfis/commands/size_command.h"
 #include "rxdefs.h"
@@ -23,10 +24,12 @@ constexpr const ACHAR* kOtherGroup = L"ZPPERFIS_CATALOGOS";
 struct OtherCommand {
     const ACHAR* name;  ///< global and local
     void (*handler)();
+    Adesk::Int32 flags = ACRX_CMD_MODAL;
 };
 constexpr OtherCommand kOtherCommands[] = {
     {perfis::kCatalogueCommand, perfis::catalogueCommand},
     {perfis::kSizeCommand, perfis::drawBySize},
+    {perfis::kCutCommand, perfis::cutPeca, ACRX_CMD_USEPICKSET},
 };
 
 /// A name that another module has taken is left out; the rest is registered all the same.
@@ -39,7 +42,7 @@ void registerCommands() {
     }
     for (const OtherCommand& row : kOtherCommands)
         if (AcEdCommandStack* const stack = commandStack())
-            (void)stack->addCommand(kOtherGroup, row.name, row.name, ACRX_CMD_MODAL, row.handler);
+            (void)stack->addCommand(kOtherGroup, row.name, row.name, row.flags, row.handler);
 }
 
 }  // namespace

@@ -15,14 +15,18 @@ resbuf coordinateSystem(short code) {
     return system;
 }
 
-}  // namespace
-
-AcGePoint3d worldToUser(const AcGePoint3d& point) {
-    const resbuf world = coordinateSystem(0);
-    const resbuf user = coordinateSystem(1);
+AcGePoint3d between(const AcGePoint3d& point, short fromCode, short toCode) {
+    const resbuf from = coordinateSystem(fromCode);
+    const resbuf to = coordinateSystem(toCode);
     AcGePoint3d result = point;
-    (void)acedTrans(asDblArray(point), &world, &user, 0, asDblArray(result));
+    (void)acedTrans(asDblArray(point), &from, &to, 0, asDblArray(result));
     return result;
 }
+
+}  // namespace
+
+AcGePoint3d worldToUser(const AcGePoint3d& point) { return between(point, 0, 1); }
+
+AcGePoint3d userToWorld(const AcGePoint3d& point) { return between(point, 1, 0); }
 
 }  // namespace perfis

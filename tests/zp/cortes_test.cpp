@@ -227,4 +227,55 @@ TEST_F(Cortes, WhatCannotBeCutIsRefused) {
     EXPECT_NE(setValue(u(0, 900, 0, ZpObject::kVistaSecao), L"corte_fim", 10), L"");
 }
 
+TEST_F(Cortes, APieceIsCutByAnEdge) {
+    const AcDbObjectId line =
+        put(new AcDbLine(AcGePoint3d(900, -200, 0), AcGePoint3d(1000, -100, 0)));
+    auto* bent = new AcDbPolyline;
+    bent->addVertexAt(0, {-100, 400});
+    bent->addVertexAt(1, {100, -400}, 1.0);
+    bent->addVertexAt(2, {100, -900});
+    const AcDbObjectId polyline = put(bent);
+    const AcDbObjectId other = u(0, 50, 700);
+    const AcDbObjectId id = u(0, 0, 1500);
+    const auto axis = [&] {
+        const Read<ZpObject> p(id);
+        AcGePoint3d start, end;
+        p->StartPoint(start);
+        p->EndPoint(end);
+        return std::pair(start.x, end.x);
+    };
+    // The line goes on to 1100 on the axis, at 45 degrees; 10 square from it are 14.142 less.
+    cut({{1400, 0, id}, {950, -150, line}}, {L"10"});
+    EXPECT_NEAR(axis().second, 1100 - 10 * std::sqrt(2.0), 1e-9);
+    EXPECT_NEAR(degrees(id, 1), 45, 1e-9);
+    EXPECT_TRUE(said(L"Corte a 45 graus do esquadro")) << testing::PrintToString(ui.printed);
+    // The straight segment, of slope -1 : 4, meets the axis at its start: that end is nearer. Its
+    // lower edge is the shorter one.
+    editor->selection().select({id});
+    cut({{0, 0, polyline}}, {L""});
+    EXPECT_NEAR(axis().first, 0, 1e-9);
+    EXPECT_NEAR(degrees(id, 0), std::atan(0.25) / kDegree, 1e-9);
+    EXPECT_NEAR(degrees(id, 1), 45, 1e-9);
+    // What is no piece, the piece itself, a parallel line and an arc are asked again. The other
+    // piece's end crosses the axis at 700, square.
+    ui.mayComplain = true;
+    const auto before = std::pair(axis(), longest(id));
+    const AcDbObjectId parallel = put(new AcDbLine(AcGePoint3d(0, 90, 0), AcGePoint3d(900, 90, 0)));
+    cut({{0, 0, line},
+         {900, 0, id},
+         {0, 0, id},
+         {0, 0, parallel},
+         {350, -650, polyline},
+         {350, 50, other}},
+        {L"-1", L"0"});
+    for (const wchar_t* const text :
+         {L"Selecione uma peça em vista longitudinal.", L"Uma peça não corta a si mesma",
+          L"não encontra esta aresta", L"Informe um número de 0 a"})
+        EXPECT_TRUE(said(text)) << testing::PrintToString(std::wstring(text));
+    EXPECT_NEAR(axis().second, 700, 1e-9);
+    EXPECT_EQ(degrees(id, 1), 0);
+    type({L"_u"});
+    EXPECT_EQ(std::pair(axis(), longest(id)), before);
+}
+
 }  // namespace
