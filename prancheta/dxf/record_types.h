@@ -30,6 +30,6 @@ const RecordType* recordTypeNamed(std::string_view name);
 
 /// Handles that a record has when nothing else says them: plot style of layers, layout of block
 /// records.
-constexpr int kDefaultHandleSlot = 9;
+constexpr int kDefaultHandleSlot = Values::kSlots - 1;
 
 }  // namespace prancheta::dxf

@@ -81,6 +81,27 @@ AcDbDimStyleValues styleValues(const AcDbDimension& dimension) {
     return values;
 }
 
+void forgetOverrides(AcDbDimension& dimension) {
+    const ObjectExtra* const extra = ObjectAccess::extra(dimension);
+    if (extra == nullptr) return;
+    RawTags kept;
+    bool inside = false;
+    for (const RawTagView& tag : extra->xdata) {
+        const bool begins = tag.code == 1000 && tag.value == "DSTYLE";
+        if (begins) inside = true;
+        if (!inside) kept.push_back({tag.code, std::string(tag.value)});
+        if (tag.code == 1002 && tag.value == "}") inside = false;
+    }
+    dimension.assertWriteEnabled();
+    // An application that says nothing is none.
+    std::erase_if(kept, [&](const RawTag& tag) {
+        const std::size_t next = static_cast<std::size_t>(&tag - kept.data()) + 1;
+        return tag.code == 1001 && (next == kept.size() || kept[next].code == 1001);
+    });
+    ObjectAccess::makeExtra(dimension).xdata = kept;
+    ObjectAccess::dropEmptyExtra(dimension);
+}
+
 DimensionSizes::DimensionSizes(const AcDbDimStyleValues& style)
     : arrow((style.dimtsz > 0.0 ? style.dimtsz : style.dimasz) * style.dimscale),
       extensionOffset(style.dimexo * style.dimscale),

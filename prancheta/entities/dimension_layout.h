@@ -15,6 +15,9 @@ namespace prancheta {
 /// own scale; `dimscale` is never 0.
 AcDbDimStyleValues styleValues(const AcDbDimension& dimension);
 
+/// Takes what the dimension, open for write, says against its style out of its extended data.
+void forgetOverrides(AcDbDimension& dimension);
+
 /// Sizes of a style in drawing units, already multiplied by its scale.
 struct DimensionSizes {
     explicit DimensionSizes(const AcDbDimStyleValues& style);

@@ -11,28 +11,13 @@ CommandTask dimaligned(CommandContext context) {
         L"\nEspecifique a origem da segunda linha de extensão: ");
     if (measured.status != RTNORM) co_return endOf(measured.status);
     const Ends ends = measured.ends;
-    DimensionWords words;
-    const auto at = [context, ends](const DimensionWords& said, const AcGePoint3d& line) {
-        return dressed(context,
-                       std::make_unique<AcDbAlignedDimension>(ends.first, ends.second, line), said);
+    Placing placing;
+    placing.question = L"\nEspecifique a localização da linha de cota ou [textoM/Texto/Ângulo]: ";
+    placing.from = placing.trial = ends.second;
+    placing.make = [ends](const AcGePoint3d& line) {
+        return std::make_unique<AcDbAlignedDimension>(ends.first, ends.second, line);
     };
-    for (;;) {
-        Prompt place(InputKind::Point,
-                     L"\nEspecifique a localização da linha de cota ou [textoM/Texto/Ângulo]: ");
-        place.from(ends.second).words(kTextWords).required();
-        place.showing(context, [at, words](const AcGePoint3d& line) { return at(words, line); });
-        const InputValue answer = co_await context.ask(place);
-        if (answer.status == RTKWORD) {
-            const auto trial = at({}, ends.second);
-            if (co_await askWords(context, answer, static_cast<const AcDbDimension&>(*trial),
-                                  words) == RTCAN)
-                co_return CommandEnd::Cancelled;
-            continue;
-        }
-        if (answer.status != RTNORM) co_return endOf(answer.status);
-        if (addDimension(context, at(words, answer.point)).isNull()) co_return CommandEnd::Failed;
-        co_return CommandEnd::Done;
-    }
+    co_return co_await placeDimension(context, std::move(placing));
 }
 
 }  // namespace prancheta::commands

@@ -47,11 +47,10 @@ LinearModel next(const LinearModel& model, Kind kind, const AcGePoint3d& to) {
 std::unique_ptr<AcDbEntity> drawn(const CommandContext& context, const LinearModel& made) {
     auto dimension = std::make_unique<AcDbRotatedDimension>(made.rotation, made.first, made.second,
                                                             made.line, nullptr, made.style);
-    auto entity = dressed(context, std::move(dimension));
-    auto& linear = static_cast<AcDbDimension&>(*entity);
+    auto linear = dressed(context, std::move(dimension));
     // A chain looks as the dimension from which it goes on.
-    if (linear.dimscale() != made.scale) (void)linear.setDimscale(made.scale);
-    return entity;
+    if (linear->dimscale() != made.scale) (void)linear->setDimscale(made.scale);
+    return linear;
 }
 
 /// RTNORM with a model, RTNONE for Enter, RTCAN.

@@ -2,6 +2,7 @@
 // What the commands share that draw dimensions.
 #include "prancheta/editor/commands/dimensions.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -72,7 +73,7 @@ std::optional<Edge> edgeAt(const CommandContext& context, AcDbObjectId id,
 }
 
 Task<PickedEdge> askEdge(CommandContext context, std::wstring question,
-                         std::function<bool(const Edge&)> takes, std::wstring refusal) {
+                         bool (*takes)(const Edge&), std::wstring refusal) {
     PickedEdge picked;
     for (;;) {
         const InputValue answer = co_await context.ask(Prompt(InputKind::Entity, question));
@@ -98,7 +99,7 @@ Task<Measured> askEnds(CommandContext context, std::wstring first, std::wstring 
     if (one.status == RTNONE) {
         const PickedEdge picked =
             co_await askEdge(context, L"\nSelecione o objeto a cotar: ",
-                             [](const Edge&) { return true; },
+                             anyEdge,
                              L"O objeto selecionado não pode ser cotado.");
         measured.status = picked.status;
         if (picked.status == RTNORM) measured.ends = endsOf(picked.edge, picked.pick);
@@ -112,9 +113,9 @@ Task<Measured> askEnds(CommandContext context, std::wstring first, std::wstring 
     co_return measured;
 }
 
-std::unique_ptr<AcDbEntity> dressed(const CommandContext& context,
-                                    std::unique_ptr<AcDbDimension> dimension,
-                                    const DimensionWords& words) {
+std::unique_ptr<AcDbDimension> dressed(const CommandContext& context,
+                                       std::unique_ptr<AcDbDimension> dimension,
+                                       const DimensionWords& words) {
     if (dimension->dimensionStyle().isNull())
         (void)dimension->setDimensionStyle(context.database().dimstyle());  // not resident
     (void)dimension->setDimensionText(words.text.c_str());
@@ -124,7 +125,11 @@ std::unique_ptr<AcDbEntity> dressed(const CommandContext& context,
     return dimension;
 }
 
-Task<int> askWords(CommandContext context, const InputValue& option, const AcDbDimension& trial,
+namespace {
+
+/// Asks for the text after [textoM] or [Texto], for its angle after [Ângulo]; `trial` is the
+/// dimension as it would be. RTCAN after Esc.
+Task<int> askWords(CommandContext context, InputValue option, const AcDbDimension& trial,
                    DimensionWords& words) {
     if (isWord(option, L"Angle")) {
         const InputValue angle = co_await context.ask(
@@ -138,6 +143,39 @@ Task<int> askWords(CommandContext context, const InputValue& option, const AcDbD
     if (typed.status == RTCAN) co_return RTCAN;
     words.text = typed.status == RTNORM ? withSteps(context, typed.text, trial) : L"";
     co_return RTNORM;
+}
+
+constexpr Word kTextWords[] = {
+    {L"textoM", L"Mtext"}, {L"Texto", L"Text"}, {L"Ângulo", L"Angle"}};
+
+}  // namespace
+
+CommandTask placeDimension(CommandContext context, Placing placing) {
+    DimensionWords words;
+    for (;;) {
+        Prompt place(InputKind::Point, placing.question);
+        place.words(kTextWords).words(placing.more).required();
+        if (placing.from) place.from(*placing.from);
+        place.showing(context, [context, make = placing.make, words](const AcGePoint3d& at) {
+            return dressed(context, make(at), words);
+        });
+        const InputValue answer = co_await context.ask(place);
+        if (answer.status == RTKWORD) {
+            const bool other = std::ranges::any_of(
+                placing.more, [&](const Word& word) { return isWord(answer, word.global); });
+            const auto trial = dressed(context, placing.make(placing.trial));
+            const int status =
+                other ? co_await placing.takeMore(answer)
+                      : co_await askWords(context, answer,
+                                          *trial, words);
+            if (status == RTCAN) co_return CommandEnd::Cancelled;
+            continue;
+        }
+        if (answer.status != RTNORM) co_return endOf(answer.status);
+        const AcDbObjectId id =
+            addDimension(context, dressed(context, placing.make(answer.point), words));
+        co_return id.isNull() ? CommandEnd::Failed : CommandEnd::Done;
+    }
 }
 
 AcDbObjectId addDimension(const CommandContext& context, std::unique_ptr<AcDbEntity> dimension) {

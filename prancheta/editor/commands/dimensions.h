@@ -37,7 +37,8 @@ struct PickedEdge {
     Edge edge;
 };
 Task<PickedEdge> askEdge(CommandContext context, std::wstring question,
-                         std::function<bool(const Edge&)> takes, std::wstring refusal);
+                         bool (*takes)(const Edge&), std::wstring refusal);
+inline bool anyEdge(const Edge&) { return true; }
 
 /// What the user says about the text of a dimension before it is placed.
 struct DimensionWords {
@@ -46,22 +47,24 @@ struct DimensionWords {
 };
 
 /// Current style, scale of the drawing, text as it was asked for.
-std::unique_ptr<AcDbEntity> dressed(const CommandContext& context,
-                                    std::unique_ptr<AcDbDimension> dimension,
-                                    const DimensionWords& words = {});
-
-/// Asks for the text after [textoM] or [Texto], for its angle after [Ângulo]; `trial` is the
-/// dimension as it would be. "5 x 300" becomes "5 x 300 = <>" when that is what is measured.
-/// RTCAN after Esc.
-Task<int> askWords(CommandContext context, const InputValue& option, const AcDbDimension& trial,
-                   DimensionWords& words);
+std::unique_ptr<AcDbDimension> dressed(const CommandContext& context,
+                                       std::unique_ptr<AcDbDimension> dimension,
+                                       const DimensionWords& words = {});
 
 /// Appends it, tied to what its points lie on, and tells its text. Null when that failed.
 AcDbObjectId addDimension(const CommandContext& context, std::unique_ptr<AcDbEntity> dimension);
 
-/// Options of a question for a dimension's place.
-inline constexpr Word kTextWords[] = {{L"textoM", L"Mtext"}, {L"Texto", L"Text"},
-                                      {L"Ângulo", L"Angle"}};
+/// The last question of a command that draws a dimension.
+struct Placing {
+    std::wstring question;
+    std::optional<AcGePoint3d> from;  ///< of the rubber band
+    std::function<std::unique_ptr<AcDbDimension>(const AcGePoint3d&)> make;
+    AcGePoint3d trial;  ///< a place for the dimension whose text is offered
+    std::span<const Word> more = {};  ///< options beside those of the text
+    std::function<Task<int>(InputValue)> takeMore = {};  ///< RTNORM or RTCAN
+};
+/// Shows the dimension at the pointer, takes the options, and draws it where the point is given.
+CommandTask placeDimension(CommandContext context, Placing placing);
 
 /// A dimension that others go on from.
 struct LinearModel {

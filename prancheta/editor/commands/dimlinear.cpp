@@ -11,9 +11,8 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"textoM", L"Mtext"},           {L"Texto", L"Text"},
-                           {L"Ângulo", L"Angle"},           {L"Horizontal", L"Horizontal"},
-                           {L"Vertical", L"Vertical"},      {L"Rotacionado", L"Rotated"}};
+constexpr Word kWords[] = {
+    {L"Horizontal", L"Horizontal"}, {L"Vertical", L"Vertical"}, {L"Rotacionado", L"Rotated"}};
 
 enum class Axis { Horizontal, Vertical };
 
@@ -38,7 +37,6 @@ struct Draft {
     double userX = 0.0;  ///< direction of the user's x, radians in the world
     Axis axis = Axis::Horizontal;
     std::optional<double> fixed;  ///< rotation that was said
-    DimensionWords words;
 
     double rotationAt(const AcGePoint3d& pointer) {
         if (fixed) return *fixed;
@@ -47,28 +45,16 @@ struct Draft {
     }
 };
 
-std::unique_ptr<AcDbEntity> dimensionAt(const CommandContext& context, Draft& draft,
-                                        const AcGePoint3d& line) {
-    return dressed(context,
-                   std::make_unique<AcDbRotatedDimension>(draft.rotationAt(line), draft.ends.first,
-                                                          draft.ends.second, line),
-                   draft.words);
-}
-
 Task<int> takeOption(CommandContext context, InputValue option, std::shared_ptr<Draft> draft) {
     if (isWord(option, L"Horizontal")) {
         draft->fixed = draft->userX;
     } else if (isWord(option, L"Vertical")) {
         draft->fixed = draft->userX + kPi / 2.0;
-    } else if (isWord(option, L"Rotated")) {
+    } else {
         const InputValue angle = co_await context.ask(
             Prompt(InputKind::Angle, L"\nÂngulo da linha de cota <0>: ").from(draft->ends.first));
         if (angle.status == RTCAN) co_return RTCAN;
         draft->fixed = angle.status == RTNORM ? angle.number : draft->userX;
-    } else {
-        const AcDbRotatedDimension trial(draft->rotationAt(draft->ends.second), draft->ends.first,
-                                         draft->ends.second, draft->ends.second);
-        co_return co_await askWords(context, option, trial, draft->words);
     }
     co_return RTNORM;
 }
@@ -85,25 +71,19 @@ CommandTask dimlinear(CommandContext context) {
     draft->toUser = context.editor().ucs().inverse();
     const AcGeVector3d x = context.editor().ucs() * AcGeVector3d::kXAxis;
     draft->userX = std::atan2(x.y, x.x);
-    for (;;) {
-        Prompt place(InputKind::Point,
-                     L"\nPosição da linha de cota ou "
-                     L"[textoM/Texto/Ângulo/Horizontal/Vertical/Rotacionado]: ");
-        place.from(draft->ends.second).words(kWords).required();
-        place.showing(context, [context, draft](const AcGePoint3d& line) {
-            return dimensionAt(context, *draft, line);
-        });
-        const InputValue answer = co_await context.ask(place);
-        if (answer.status == RTKWORD) {
-            if (co_await takeOption(context, answer, draft) == RTCAN)
-                co_return CommandEnd::Cancelled;
-            continue;
-        }
-        if (answer.status != RTNORM) co_return endOf(answer.status);
-        if (addDimension(context, dimensionAt(context, *draft, answer.point)).isNull())
-            co_return CommandEnd::Failed;
-        co_return CommandEnd::Done;
-    }
+    Placing placing;
+    placing.question =
+        L"\nPosição da linha de cota ou [textoM/Texto/Ângulo/Horizontal/Vertical/Rotacionado]: ";
+    placing.from = placing.trial = draft->ends.second;
+    placing.make = [draft](const AcGePoint3d& line) {
+        return std::make_unique<AcDbRotatedDimension>(draft->rotationAt(line), draft->ends.first,
+                                                      draft->ends.second, line);
+    };
+    placing.more = kWords;
+    placing.takeMore = [context, draft](InputValue option) {
+        return takeOption(context, option, draft);
+    };
+    co_return co_await placeDimension(context, std::move(placing));
 }
 
 }  // namespace prancheta::commands

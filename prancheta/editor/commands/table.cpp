@@ -34,6 +34,12 @@ constexpr BuiltInCommand kTable[] = {
     {L"DIMALIGNED",  L"COTAALINHADA", kModal,   commands::dimaligned},
     {L"DIMCONTINUE", L"COTASERIE",    kModal,   commands::dimcontinue},
     {L"DIMBASELINE", L"COTALINBASE",  kModal,   commands::dimbaseline},
+    {L"DIMRADIUS",   L"COTARAIO",     kModal,   commands::dimradius},
+    {L"DIMDIAMETER", L"COTADIAM",     kModal,   commands::dimdiameter},
+    {L"DIMANGULAR",  L"COTAANG",      kModal,   commands::dimangular},
+    {L"DIMEDIT",     L"EDITARCOTA",   kPickset, commands::dimedit},
+    {L"DIMTEDIT",    L"EDITARTEXTOCOTA", kModal, commands::dimtedit},
+    {L"DIMSTYLE",    L"ESTILOCOTA",   kPickset, commands::dimstyle},
 
     {L"MOVE",        L"MOVER",        kPickset, commands::move},
     {L"COPY",        L"COPIAR",       kPickset, commands::copy},
