@@ -47,10 +47,12 @@ VariableInfo point(const wchar_t* name, const AcGePoint3d& value = {}, double mi
 std::vector<VariableInfo> variableTable() {
     std::vector<VariableInfo> all = {
         readOnly(L"ACADVER", std::wstring(L"18.0s")),
+        integer(L"AFLAGS", 0, 0, 15),
         real(L"ANGBASE", 0.0),
         drawingInteger(L"ANGDIR", 0, 0, 1),
         integer(L"APERTURE", 10, 1, 50),
         readOnly(L"AREA", 0.0),
+        integer(L"ATTDIA", 0, 0, 1),
         integer(L"ATTREQ", 1, 0, 1),
         drawingInteger(L"AUNITS", 0, 0, 4),
         drawingInteger(L"AUPREC", 0, 0, 8),

@@ -31,7 +31,7 @@ Reading answeredNumber(double number) {
 
 Question::Question(InputRequest request) : m_request(std::move(request)), m_current(m_request) {
     if (m_request.flags & RSG_NONULL) m_request.nullAllowed = false;
-    m_current.nullAllowed = m_request.nullAllowed;
+    showCurrent();
 }
 
 bool Question::takesPoints() const {

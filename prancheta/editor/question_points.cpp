@@ -95,6 +95,9 @@ bool Question::startModifier(std::wstring_view text) {
 /// The request as it stands after the present step: its prompt and its rubber band.
 void Question::showCurrent() {
     m_current = m_request;
+    // Where two points give a distance there is nothing to show before the first one.
+    const bool measured = m_request.kind == InputKind::Distance && !m_request.base;
+    if (measured && !m_first) m_current.preview = nullptr;
     if (m_modifiers.empty() && !m_first) return;
     // What the pointer gives now is not yet the answer that these show.
     m_current.moving = m_current.rotating = false;
@@ -104,6 +107,11 @@ void Question::showCurrent() {
         m_current.prompt = L"\nEspecifique o segundo ponto: ";
         m_current.base = m_first;
         m_current.keywords = {};
+        if (measured && m_request.preview)
+            m_current.preview = [show = m_request.preview, from = *m_first](
+                                    const AcGePoint3d& pointer, Picture& out) {
+                show(AcGePoint3d::kOrigin + (pointer - from), out);
+            };
         return;
     }
     const Modifier& top = m_modifiers.back();

@@ -96,7 +96,8 @@ struct InputRequest {
     bool moving = false;            ///< point prompt whose preview moves `selection` from `base`
     SharedIds selection;
     /// Appends what the answer `pointer` would draw (world, after snap and ortho), for a front end
-    /// that shows it while it waits. Good as long as the question waits; changes nothing.
+    /// that shows it while it waits. Good as long as the question waits; changes nothing. Of a
+    /// distance without `base` the pointer is told from the first of the two points that give it.
     std::function<void(const AcGePoint3d& pointer, Picture& out)> preview;
     /// What that answer would do to `selection`, for more than `moving` and `rotating` can say.
     std::function<AcGeMatrix3d(const AcGePoint3d& pointer)> transforming;

@@ -4,6 +4,7 @@
 
 #include "prancheta/display/display_list.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/insert_parts.h"
 #include "tests/builtin/script_ui.h"
 
 namespace builtin {
@@ -24,6 +25,14 @@ protected:
         AcDbExtents box;
         EXPECT_EQ(Read<AcDbEntity>(id)->getGeomExtents(box), Acad::eOk);
         return box;
+    }
+    static std::wstring values(AcDbObjectId id) {
+        const Read<AcDbBlockReference> reference(id);
+        std::wstring all;
+        if (reference.object() == nullptr) return all;
+        for (const AcDbAttribute* const each : prancheta::attributesOf(*reference.object()))
+            all += each->tagConst() + std::wstring(L"=") + each->textStringConst() + L" ";
+        return all;
     }
     void newDrawing() { type({L"_new", L"_y"}); }
 };
@@ -140,6 +149,74 @@ TEST_F(Blocks, RedefinitionShowsInAllInsertions) {
     EXPECT_EQ(editor->display().extents().right, 1005);
     type({L"_u"});
     expectPoint(boxOf(insertion).maxPoint(), 1040, 20);
+}
+
+TEST_F(Blocks, InsertionsAskForTheirAttributes) {
+    type(
+        {L"defatrib", L"", L"de obra", L"obra", L"Nome da obra:", L"Galpão", L"10,20", L"5", L"0"});
+    EXPECT_TRUE(said(L"A etiqueta não pode ter espaços"));
+    type({L"_attdef", L"v", L"", L"FOLHA", L"", L"1", L"j", L"d", L"40,10", L"5", L"0"});
+    type({L"_attdef", L"v", L"c", L"", L"FIRMA", L"Aço SA", L"10,0", L"5", L"0"});
+    ASSERT_EQ(count(), 4u);
+    type({L"_attdef", L"c", L"^C", L"_block", L"CARIMBO", L"10,20", L"_all", L""});
+    EXPECT_EQ(values(last()), L"OBRA=Galpão FOLHA=1 ");
+    type({L"_insert", L"CARIMBO", L"100,0", L"2", L"", L"90", L"Ponte", L"2", L"3"});
+    EXPECT_TRUE(asked(L"\nNome da obra <Galpão>: "));
+    EXPECT_TRUE(asked(L"\nFOLHA <2>: ")) << "what is to be verified is asked for twice";
+    const AcDbObjectId insertion = last();
+    EXPECT_EQ(values(insertion), L"OBRA=Ponte FOLHA=3 ");
+    {
+        const Read<AcDbBlockReference> reference(insertion);
+        const AcDbAttribute* const right = prancheta::attributesOf(*reference.object())[1];
+        // 30 to the right of the base and 10 below it, twice as large, turned.
+        expectPoint(right->alignmentPoint(), 120, 60);
+        EXPECT_EQ(right->height(), 10.0);
+    }
+    type({L"_insert", L"CARIMBO", L"0,500", L"", L"", L"", L".", L"^C"});
+    EXPECT_EQ(count(), 2u) << "nothing is left of what was given up";
+    type({L"_attedit"});
+    pick(0, 0, {insertion});
+    type({L".", L""});
+    EXPECT_EQ(values(insertion), L"OBRA= FOLHA=3 ");
+    type({L"_u"});
+    EXPECT_EQ(values(insertion), L"OBRA=Ponte FOLHA=3 ");
+    type({L"attreq", L"0", L"_insert", L"CARIMBO", L"300,0", L"", L"", L"", L"_copy"});
+    pick(0, 0, {insertion});
+    type({L"", L"0,0", L"0,10", L""});
+    EXPECT_EQ(values(last()), L"OBRA=Ponte FOLHA=3 ");
+
+    type({L"_line", L"0,0", L"1,0", L"", L"_block", L"CARIMBO", L"_y", L"0,0", L"_l", L"_retain",
+          L""});
+    EXPECT_TRUE(said(L"4 inserções seguem a nova definição"));
+    EXPECT_EQ(values(insertion), L"OBRA=Ponte FOLHA=3 ");
+    type({L"_u", L"_explode"});
+    pick(0, 0, {insertion});
+    type({L""});
+    EXPECT_EQ(last().objectClass(), AcDbAttributeDefinition::desc());
+}
+
+TEST_F(Blocks, PartsOfADrawingGoToAFile) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "bloco_wblock.dxf";
+    std::filesystem::remove(file);
+    const std::wstring name = prancheta::toWide(file.string());
+    const std::wstring from = L"NOVO=" + name;
+    type({L"ltscale", L"7", L"_block", L"A", L"10,20", L"_all", L"", L"wbloco", name.c_str(),
+          L"falta", L"A"});
+    EXPECT_TRUE(said(L"Não há bloco de nome \"falta\""));
+    EXPECT_TRUE(said(L"1 objeto gravado em "));
+    type({L"_insert", from.c_str(), L"100,0", L"", L"", L""});
+    expectPoint(shown(30, 0), 130, 0);
+    // Objects, by a point of theirs; an existing file is replaced only when that is said.
+    type({L"_circle", L"500,500", L"5", L"_wblock", name.c_str(), L"_n", name.c_str(), L"_y", L"",
+          L"500,500", L"_l", L"_delete", L""});
+    EXPECT_EQ(count(), 2u);
+    type({L"_oops", L"_open", L"_y", name.c_str()});
+    ASSERT_EQ(count(), 1u);
+    expectPoint(Read<AcDbCircle>(last())->center(), 0, 0);
+    EXPECT_EQ(editor->database().ltscale(), 7.0);
+    type({L"_wblock", name.c_str(), L"^C"});
+    EXPECT_TRUE(said(L"Este é o arquivo do próprio desenho"));
+    std::filesystem::remove(file);
 }
 
 TEST_F(Blocks, NoBlockHoldsItself) {

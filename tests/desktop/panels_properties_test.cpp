@@ -8,6 +8,7 @@
 
 #include "acutmem.h"
 #include "prancheta/editor/edit_group.h"
+#include "prancheta/entities/insert_parts.h"
 #include "protocol/edit.h"
 #include "rxdict.h"
 #include "tests/desktop/panels_fixture.h"
@@ -240,6 +241,21 @@ private:
     Bolts m_bolts;
     AcRxClass* m_class = nullptr;
 };
+
+TEST_F(Properties, AttributesOfAnInsertion) {
+    type({L"_attdef", L"", L"FOLHA", L"", L"1", L"0,0", L"5", L"0", L"_block", L"C", L"0,0",
+          L"_all", L""});
+    openPanel();
+    select({last()});
+    EXPECT_EQ(value("Nome do bloco"), "C");
+    EXPECT_EQ(value("FOLHA"), "1");
+    enter("FOLHA", "A2");
+    enter("Posição X", "30");
+    const Read<AcDbBlockReference> insertion(last());
+    const AcDbAttribute* const attribute = prancheta::attributesOf(*insertion.object())[0];
+    EXPECT_STREQ(attribute->textStringConst(), L"A2");
+    EXPECT_EQ(attribute->position().x, 30.0);
+}
 
 TEST_F(ModuleProperties, RowsOfAModule) {
     const AcDbObjectId a = bolt(0, 0, 16);

@@ -122,6 +122,7 @@ AcDbObjectId Followed::equalRow(const ZpObject& peca, AcDbObjectId from) {
 
 /// Pieces that came from another drawing, where they were listed, or back when their row was gone.
 void Followed::adoptStrangers() {
+    OldRows oldRows;
     for (const AcDbObjectId& id : m_pecas) {
         AcDbObjectId row;
         int count = 1;
@@ -138,7 +139,7 @@ void Followed::adoptStrangers() {
         if (fresh) row = rowOfItsOwn(id, {});
         if (row.isNull() || !enterRow(id, row, count)) continue;
         // What was cut and is pasted comes back under its mark.
-        const AcDbObjectId old = fresh ? oldRowLike(row) : AcDbObjectId();
+        const AcDbObjectId old = fresh ? oldRows.like(row) : AcDbObjectId();
         if (!old.isNull() && enterRow(id, old, count)) {
             dropEmptied(row);
             row = old;

@@ -2,6 +2,12 @@
 // Rows, marks and tables that follow the drawn pieces at the end of each command.
 #pragma once
 
+#include <map>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
 #include "dbapserv.h"
 
 namespace zp::matlist {
@@ -41,9 +47,19 @@ bool enterRow(AcDbObjectId peca, AcDbObjectId record, int count);
 bool enterChapas(AcDbObjectId chapa, AcDbObjectId record);
 /// Row of equal plates of another bar in the same row as this plate's; null when there is none.
 AcDbObjectId rowOfSiblings(AcDbObjectId chapa);
-/// A row of the same list whose pieces are gone and which says the same; null when there is none.
-/// O(rows).
-AcDbObjectId oldRowLike(AcDbObjectId fresh);
+/// The rows whose pieces are gone, by what they say. They are read once, when the first one is
+/// asked for: for one piece of work that leaves no others behind.
+class OldRows {
+public:
+    /// One of the same list that says the same; null when there is none. O(rows) the first time.
+    AcDbObjectId like(AcDbObjectId fresh);
+
+private:
+    /// List, descricao, dimensoes, material, comprimento.
+    using Words = std::tuple<AcDbObjectId, std::wstring, std::wstring, std::wstring, double>;
+    std::set<AcDbObjectId> m_lists;  ///< read
+    std::map<Words, std::vector<AcDbObjectId>> m_records;
+};
 /// Plates that were laid again after all had been erased, and have a row of their own since, stand
 /// in that of their list whose pieces are gone and which says the same, where there is one.
 /// O(rows).

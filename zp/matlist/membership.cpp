@@ -96,27 +96,32 @@ AcDbObjectId rowOfSiblings(AcDbObjectId id) {
     return {};
 }
 
-AcDbObjectId oldRowLike(AcDbObjectId fresh) {
+AcDbObjectId OldRows::like(AcDbObjectId fresh) {
     if (fresh.isNull()) return {};
     Book& book = Book::of(*fresh.database());
     const std::optional<Linha> now = rowAt(fresh);
     if (!now) return {};
-    for (const AcDbObjectId& record : book.records(book.row(fresh)->list)) {
+    const AcDbObjectId list = book.row(fresh)->list;
+    const auto wordsOf = [&list](const Linha& row) {
+        return Words(list, row.descricao, row.dimensoes, row.material, row.comprimento);
+    };
+    if (m_lists.insert(list).second)
+        for (const AcDbObjectId& record : book.records(list)) {
+            const Book::Row* const row = book.row(record);
+            if (!row->alive || !row->pecas.empty()) continue;
+            const std::optional<Linha> old = storedRow(record);
+            if (old && old->tied) m_records[wordsOf(*old)].push_back(record);
+        }
+    for (const AcDbObjectId& record : m_records[wordsOf(*now)]) {
         const Book::Row* const row = book.row(record);
-        if (record == fresh || !row->alive || !row->pecas.empty()) continue;
-        const std::optional<Linha> old = storedRow(record);
-        if (!old || !old->tied || old->descricao != now->descricao ||
-            old->dimensoes != now->dimensoes || old->material != now->material ||
-            old->comprimento != now->comprimento)
-            continue;
-        return record;
+        if (record != fresh && row->alive && row->pecas.empty()) return record;
     }
     return {};
 }
 
 void takeOldRow(AcDbObjectId chapa) {
     const AcDbObjectId fresh = Book::of(*chapa.database()).rowOf(chapa);
-    const AcDbObjectId old = oldRowLike(fresh);
+    const AcDbObjectId old = OldRows().like(fresh);
     if (!old.isNull() && enterChapas(chapa, old)) dropEmptied(fresh);
 }
 

@@ -228,6 +228,55 @@ constexpr Field kText[] = {
     {L"posicao_z", L"Posição Z", FieldKind::Length, textPoint<2>, setTextPoint<2>},
 };
 
+// --- Definition of an attribute -----------------------------------------------------------------
+
+using Definition = AcDbAttributeDefinition;
+
+FieldValue tagOf(const AcDbEntity& e) { return text(static_cast<const Definition&>(e).tagConst()); }
+Acad::ErrorStatus setTag(AcDbEntity& e, const FieldValue& v) {
+    return static_cast<Definition&>(e).setTag(v.text.c_str());
+}
+FieldValue promptOf(const AcDbEntity& e) {
+    return text(static_cast<const Definition&>(e).promptConst());
+}
+Acad::ErrorStatus setPrompt(AcDbEntity& e, const FieldValue& v) {
+    return static_cast<Definition&>(e).setPrompt(v.text.c_str());
+}
+Acad::ErrorStatus setOffered(AcDbEntity& e, const FieldValue& v) {
+    return asText(e).setTextString(v.text.c_str());
+}
+template <int Mode>
+FieldValue hasMode(const AcDbEntity& e) {
+    return number((static_cast<const Definition&>(e).modes() & Mode) != 0 ? 1.0 : 0.0);
+}
+template <int Mode>
+Acad::ErrorStatus setMode(AcDbEntity& e, const FieldValue& v) {
+    auto& definition = static_cast<Definition&>(e);
+    const int others = definition.modes() & ~Mode;
+    return definition.setModes(v.number != 0.0 ? others | Mode : others);
+}
+template <int Mode>
+constexpr Field mode(const wchar_t* key, const wchar_t* label) {
+    return {key, label, FieldKind::YesNo, hasMode<Mode>, setMode<Mode>};
+}
+
+constexpr Field kDefinition[] = {
+    {L"etiqueta", L"Etiqueta", FieldKind::Text, tagOf, setTag},
+    {L"pergunta", L"Pergunta", FieldKind::Text, promptOf, setPrompt},
+    {L"padrao", L"Valor padrão", FieldKind::Text, contents, setOffered},
+    mode<Definition::kInvisible>(L"invisivel", L"Invisível"),
+    mode<Definition::kConstant>(L"constante", L"Constante"),
+    mode<Definition::kVerifiable>(L"verificar", L"Verificar"),
+    mode<Definition::kPreset>(L"predefinido", L"Predefinido"),
+    {L"estilo", L"Estilo", FieldKind::TextStyle, textStyle, setTextStyle},
+    member<AcDbText, &AcDbText::height, &AcDbText::setHeight>(L"altura", L"Altura",
+                                                              FieldKind::Positive),
+    member<AcDbText, &AcDbText::rotation, &AcDbText::setRotation>(L"rotacao", L"Rotação",
+                                                                  FieldKind::Angle),
+    {L"posicao_x", L"Posição X", FieldKind::Length, textPoint<0>, setTextPoint<0>},
+    {L"posicao_y", L"Posição Y", FieldKind::Length, textPoint<1>, setTextPoint<1>},
+};
+
 // --- Dimension ----------------------------------------------------------------------------------
 
 AcDbAlignedDimension& asDimension(AcDbEntity& e) { return static_cast<AcDbAlignedDimension&>(e); }
@@ -360,6 +409,7 @@ const ClassFields kClasses[] = {
     {AcDbPoint::desc, L"Ponto", kPoint},
     {AcDbCircle::desc, L"Círculo", kCircle},
     {AcDbArc::desc, L"Arco", kArc},
+    {AcDbAttributeDefinition::desc, L"Definição de atributo", kDefinition},
     {AcDbText::desc, L"Texto", kText},
     {AcDbAlignedDimension::desc, L"Cota alinhada", kDimension},
     {AcDbPolyline::desc, L"Polilinha", kPolyline},

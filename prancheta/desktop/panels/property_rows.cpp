@@ -12,6 +12,7 @@
 #include "prancheta/desktop/panels/text.h"
 #include "prancheta/editor/commands/layers.h"
 #include "prancheta/editor/edit_group.h"
+#include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/geometry/angles.h"
 
@@ -25,6 +26,9 @@ constexpr std::size_t kDetailed = 3000;
 
 constexpr const wchar_t* kGeneral = L"Geral";
 constexpr const wchar_t* kGeometry = L"Geometria";
+constexpr const wchar_t* kAttributes = L"Atributos";
+/// Keys of attributes begin with it; the tag follows.
+constexpr wchar_t kAttributeKey = L'@';
 
 // --- Values as shown and typed ------------------------------------------------------------------
 
@@ -274,7 +278,29 @@ std::vector<PropertyRow> rowsOf(const AcDbEntity& entity, bool detailed) {
         row.group = kGeometry;
         fill(row, field, field.get(entity));
     }
+    if (const auto* const insertion = AcDbBlockReference::cast(&entity))
+        addAttributeRows(*insertion, rows);
     return rows;
+}
+
+/// The attributes of an insertion, each under its tag.
+void addAttributeRows(const AcDbBlockReference& insertion, std::vector<PropertyRow>& rows) {
+    for (const AcDbAttribute* const attribute : attributesOf(insertion)) {
+        PropertyRow& row = rows.emplace_back();
+        row.kind = Kind::Text;
+        row.key = kAttributeKey + std::wstring(attribute->tagConst());
+        row.label = attribute->tagConst();
+        row.group = kAttributes;
+        row.value = row.input = attribute->textStringConst();
+    }
+}
+
+Result<void> setAttribute(AcDbEntity& entity, const std::wstring& tag, const std::wstring& input) {
+    if (auto* const insertion = AcDbBlockReference::cast(&entity))
+        for (AcDbAttribute* const attribute : attributesForChange(*insertion))
+            if (tag == attribute->tagConst())
+                return answer(attribute->setTextString(input.c_str()), "O valor não foi aceito.");
+    return Error{"O objeto não tem este atributo."};
 }
 
 /// Leaves in `rows` what `others` has, too, and marks what differs.
@@ -321,6 +347,7 @@ Result<void> setOne(const CommandContext& context, AcDbObjectId id, const std::w
     }
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
     if (entity.object() == nullptr) return Error{"O objeto está em uso e não pôde ser alterado."};
+    if (key.front() == kAttributeKey) return setAttribute(*entity.object(), key.substr(1), input);
     for (const Common& common : kCommon)
         if (key == common.key && common.set != nullptr)
             return common.set(context, *entity.object(), input);

@@ -57,13 +57,40 @@ Task<InputValue> askLines(CommandContext context, std::wstring name) {
     co_return count;
 }
 
-/// `number` is 0 for a single line: nobody is asked.
-Task<InputValue> askSpacing(CommandContext context, std::wstring question, double lines) {
-    InputValue none;
-    none.status = RTNORM;
-    if (lines < 2.0) co_return none;
-    co_return co_await context.ask(
-        Prompt(InputKind::Distance, question).required().bits(RSG_NOZERO));
+struct Grid {
+    int rows = 1;
+    int columns = 1;
+    double up = 0.0;
+    double across = 0.0;
+};
+
+/// The original, the first of the first row, has none.
+Matrices inGrid(const Grid& grid, const AcGeMatrix3d& ucs) {
+    Matrices matrices;
+    for (int row = 0; row < grid.rows; ++row)
+        for (int column = row == 0 ? 1 : 0; column < grid.columns; ++column)
+            matrices.push_back(AcGeMatrix3d::translation(
+                ucs * AcGeVector3d(grid.across * column, grid.up * row, 0.0)));
+    return matrices;
+}
+
+/// Nobody is asked for a single line; `grid`, with one line as long as its distance is not known,
+/// gets `lines` and the distance. RTCAN after Esc.
+Task<int> askSpacing(CommandContext context, Ids ids, std::wstring question, Grid* grid,
+                     int Grid::*count, double Grid::*step, int lines) {
+    if (lines < 2) co_return RTNORM;
+    Prompt prompt(InputKind::Distance, question);
+    prompt.required().bits(RSG_NOZERO);
+    grid->*count = lines;
+    const auto placesAt = [grid = *grid, step, ucs = context.editor().ucs()](const auto& to) {
+        Grid shown = grid;
+        shown.*step = (to - AcGePoint3d::kOrigin).length();
+        return inGrid(shown, ucs);
+    };
+    showsCopies(prompt, context, ids, placesAt);
+    const InputValue answer = co_await context.ask(prompt);
+    grid->*step = answer.number;
+    co_return answer.status;
 }
 
 Task<Places> rectangular(CommandContext context, Ids ids) {
@@ -76,17 +103,16 @@ Task<Places> rectangular(CommandContext context, Ids ids) {
         co_return Places(RTNONE);
     }
     if (!mayCopy(context, rows.number * columns.number - 1.0, ids)) co_return Places(RTNONE);
-    const InputValue up = co_await askSpacing(context, L"\nDistância entre linhas: ", rows.number);
-    if (up.status != RTNORM) co_return Places(RTCAN);
-    const InputValue across =
-        co_await askSpacing(context, L"\nDistância entre colunas: ", columns.number);
-    if (across.status != RTNORM) co_return Places(RTCAN);
+    Grid grid;
+    const int up = co_await askSpacing(context, ids, L"\nDistância entre linhas: ", &grid,
+                                       &Grid::rows, &Grid::up, static_cast<int>(rows.number));
+    if (up != RTNORM) co_return Places(RTCAN);
+    const int across =
+        co_await askSpacing(context, ids, L"\nDistância entre colunas: ", &grid, &Grid::columns,
+                            &Grid::across, static_cast<int>(columns.number));
+    if (across != RTNORM) co_return Places(RTCAN);
     Places places(RTNORM);
-    const AcGeMatrix3d ucs = context.editor().ucs();
-    for (int row = 0; row < static_cast<int>(rows.number); ++row)
-        for (int column = row == 0 ? 1 : 0; column < static_cast<int>(columns.number); ++column)
-            places.matrices.push_back(AcGeMatrix3d::translation(
-                ucs * AcGeVector3d(across.number * column, up.number * row, 0.0)));
+    places.matrices = inGrid(grid, context.editor().ucs());
     co_return places;
 }
 
@@ -166,8 +192,31 @@ Task<std::optional<Path>> askPath(CommandContext context) {
     }
 }
 
+/// Items at equal steps; the first one is the original.
+Matrices onPath(const Path& path, double step, int items) {
+    Matrices matrices;
+    const Path::Place first = path.at(0.0);
+    for (int i = 1; i < items; ++i) {
+        const Path::Place next = path.at(step * i);
+        const double turn =
+            std::atan2(next.along.y, next.along.x) - std::atan2(first.along.y, first.along.x);
+        matrices.push_back(AcGeMatrix3d::translation(next.place - first.place) *
+                           AcGeMatrix3d::rotation(turn, AcGeVector3d::kZAxis, first.place));
+    }
+    return matrices;
+}
+
+/// As many as the path has room for.
+double itemsAt(const Path& path, double step) {
+    const double parts = path.length() / step;
+    return path.closed() ? std::ceil(parts - 1e-9) : std::floor(parts + 1e-9) + 1.0;
+}
+
 /// Distance from item to item, `number`, and how many there are, `point.x`.
-Task<InputValue> askSteps(CommandContext context, double length, bool closed) {
+Task<InputValue> askSteps(CommandContext context, const Path* path, Ids ids) {
+    constexpr double kMostShown = 500.0;
+    const double length = path->length();
+    const bool closed = path->closed();
     const InputValue how = co_await context.ask(
         Prompt(InputKind::Keyword, L"\n[Dividir/Medir] <Dividir>: ").words(kPathWords));
     if (how.status == RTCAN) co_return how;
@@ -177,12 +226,18 @@ Task<InputValue> askSteps(CommandContext context, double length, bool closed) {
         items.number = length / (closed ? items.number : items.number - 1.0);
         co_return items;
     }
+    Prompt prompt(InputKind::Distance, L"\nDistância: ");
+    prompt.required().bits(RSG_NOZERO | RSG_NONEG);
+    const auto placesAt = [path = *path, length](const AcGePoint3d& to) {
+        const double step = (to - AcGePoint3d::kOrigin).length();
+        if (step <= length / kMostShown) return Matrices();
+        return onPath(path, step, static_cast<int>(itemsAt(path, step)));
+    };
+    showsCopies(prompt, context, ids, placesAt);
     for (;;) {
-        InputValue step = co_await context.ask(
-            Prompt(InputKind::Distance, L"\nDistância: ").required().bits(RSG_NOZERO | RSG_NONEG));
+        InputValue step = co_await context.ask(prompt);
         if (step.status != RTNORM) co_return step;
-        const double parts = length / step.number;
-        step.point.x = closed ? std::ceil(parts - 1e-9) : std::floor(parts + 1e-9) + 1.0;
+        step.point.x = itemsAt(*path, step.number);
         if (step.point.x >= 2.0) co_return step;
         context.editor().complain(
             L"O caminho tem " + toldLength(length) + L": a distância não cabe nele.",
@@ -197,18 +252,11 @@ Task<Places> alongPath(CommandContext context, Ids ids) {
     if (!path) co_return Places(RTCAN);
     const AcGePoint3d middle = centreOf(context.editor(), ids);
     if (path->end().distanceTo(middle) < path->start().distanceTo(middle)) path->reverse();
-    const InputValue step = co_await askSteps(context, path->length(), path->closed());
+    const InputValue step = co_await askSteps(context, &*path, ids);
     if (step.status != RTNORM) co_return Places(RTCAN);
     if (!mayCopy(context, step.point.x - 1.0, ids)) co_return Places(RTNONE);
     Places places(RTNORM);
-    const Path::Place first = path->at(0.0);
-    for (int i = 1; i < static_cast<int>(step.point.x); ++i) {
-        const Path::Place next = path->at(step.number * i);
-        const double turn =
-            std::atan2(next.along.y, next.along.x) - std::atan2(first.along.y, first.along.x);
-        places.matrices.push_back(AcGeMatrix3d::translation(next.place - first.place) *
-                                  AcGeMatrix3d::rotation(turn, AcGeVector3d::kZAxis, first.place));
-    }
+    places.matrices = onPath(*path, step.number, static_cast<int>(step.point.x));
     co_return places;
 }
 

@@ -4,6 +4,7 @@
 #include "prancheta/editor/commands/blocks.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/entities/insert_parts.h"
 
 namespace prancheta::commands {
 
@@ -62,8 +63,12 @@ CommandTask block(CommandContext context) {
     }
     const AcDbObjectId made = emptyBlock(context, name.text, base.point);
     if (made.isNull() || !fill(context, made, chosen.ids)) co_return CommandEnd::Failed;
-    if (chosen.word.empty() || chosen.word == L"COnvert")
-        (void)addEntity(context, std::make_unique<AcDbBlockReference>(base.point, made));
+    if (!former.isNull()) sayFollowing(context, made);
+    if (chosen.word.empty() || chosen.word == L"COnvert") {
+        auto insertion = std::make_unique<AcDbBlockReference>(base.point, made);
+        appendOffered(*insertion);
+        (void)addEntity(context, std::move(insertion));
+    }
     if (chosen.word != L"REtain") eraseForOops(context, chosen.ids);
     co_return CommandEnd::Done;
 }

@@ -15,9 +15,6 @@
 
 namespace prancheta::commands {
 
-namespace {
-
-/// Living entities of a block, invisible ones too.
 Ids contentOf(AcDbObjectId block) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
     if (record.openStatus() != Acad::eOk) return {};
@@ -26,7 +23,23 @@ Ids contentOf(AcDbObjectId block) {
     return ids;
 }
 
-}  // namespace
+void sayFollowing(const CommandContext& context, AcDbObjectId block) {
+    const AcDbObjectPointer<AcDbBlockTable> table(context.database().blockTableId(),
+                                                  AcDb::kForRead);
+    if (table.openStatus() != Acad::eOk) return;
+    std::size_t count = 0;
+    for (const AcDbObjectId& owner : ObjectAccess::records(*table.object())) {
+        if (owner.isErased()) continue;
+        for (const AcDbObjectId& id : contentOf(owner)) {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            if (entity.openStatus() == Acad::eOk && blockShownBy(*entity.object()) == block)
+                ++count;
+        }
+    }
+    if (count > 0)
+        say(context, counted(count, L"inserção segue a nova definição; os seus atributos ficam.",
+                             L"inserções seguem a nova definição; os seus atributos ficam."));
+}
 
 Ids cloneFrom(const CommandContext& context, const Ids& ids, AcDbObjectId owner,
               std::size_t& left) {

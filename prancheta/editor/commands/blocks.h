@@ -15,6 +15,10 @@ void sayLeft(const CommandContext& context, std::size_t left);
 
 /// Block of this name; null when there is none.
 AcDbObjectId blockNamed(const CommandContext& context, std::wstring_view name);
+/// Living entities of a block, invisible ones too.
+Ids contentOf(AcDbObjectId block);
+/// After a redefinition: says how many insertions follow; nothing for none. O(entities).
+void sayFollowing(const CommandContext& context, AcDbObjectId block);
 /// True when one of the entities shows the block, in whatever depth. O(entities in the blocks).
 bool showsBlock(const Ids& ids, AcDbObjectId block);
 /// "?": the drawing's blocks that have a name, in its order.

@@ -13,6 +13,9 @@ namespace prancheta::commands {
 /// Path as typed: quotation marks around it are dropped, `\` separates folders.
 std::filesystem::path typedPath(std::wstring_view text);
 
+/// With .dxf behind it where that is missing.
+std::filesystem::path withExtension(std::filesystem::path path);
+
 /// True when the user works by hand and wants windows for files (FILEDIA).
 bool usesWindows(const CommandContext& context);
 /// The file that the user chose in a window, empty when he chose none; nothing when the command has

@@ -5,12 +5,12 @@
 #include "dbents.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/editor/commands/attributes.h"
 #include "prancheta/editor/commands/blocks.h"
 #include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
-#include "prancheta/entities/block_content.h"
-#include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/tag_list.h"
 
 namespace prancheta::commands {
@@ -81,22 +81,12 @@ Task<Wanted> askBlock(CommandContext context) {
             if (again.status == RTCAN) wanted.block.setNull();
             if (again.status == RTCAN || again.number == 0.0) co_return wanted;
         }
+        const bool redefined = !wanted.block.isNull();
         wanted.block = blockFromFile(context, name, answer.text.substr(equals + 1));
         if (wanted.block.isNull()) wanted.end = CommandEnd::Failed;
+        if (redefined && !wanted.block.isNull()) sayFollowing(context, wanted.block);
         co_return wanted;
     }
-}
-
-/// Attributes are only kept, as their file had them.
-void sayAttributes(const CommandContext& context, AcDbObjectId block) {
-    std::size_t count = 0;
-    forEachInBlock(block, [&](AcDbEntity& entity) {
-        const auto* const foreign = ForeignEntity::cast(&entity);
-        if (foreign != nullptr && foreign->typeName() == "ATTDEF") ++count;
-    });
-    if (count > 0)
-        say(context, counted(count, L"atributo do bloco não é perguntado; a inserção fica sem ele.",
-                             L"atributos do bloco não são perguntados; a inserção fica sem eles."));
 }
 
 using Insertion = std::unique_ptr<AcDbBlockReference>;
@@ -107,6 +97,7 @@ Insertion insertionOf(AcDbObjectId block, const AcGePoint3d& at, double x, doubl
     // Factors of zero were refused when they were asked for.
     (void)made->setScaleFactors({x, y, std::abs(x)});
     (void)made->setRotation(rotation);
+    appendOffered(*made);
     return made;
 }
 
@@ -123,12 +114,18 @@ CommandTask insert(CommandContext context) {
                                      return insertionOf(block, pointer, 1.0, 1.0, 0.0);
                                  }));
     if (at.status != RTNORM) co_return CommandEnd::Cancelled;
-    const InputValue x =
-        co_await context.ask(Prompt(InputKind::Real, L"\nEscala X <1>: ").bits(RSG_NOZERO));
+    const auto shownHere = [block, from = at.point](double scale) {
+        return [=](const AcGePoint3d&) { return insertionOf(block, from, scale, scale, 0.0); };
+    };
+    const InputValue x = co_await context.ask(Prompt(InputKind::Real, L"\nEscala X <1>: ")
+                                                  .bits(RSG_NOZERO)
+                                                  .showing(context, shownHere(1.0)));
     if (x.status == RTCAN) co_return CommandEnd::Cancelled;
     const double scaleX = x.status == RTNORM ? x.number : 1.0;
-    const InputValue y = co_await context.ask(
-        Prompt(InputKind::Real, L"\nEscala Y <" + lengthText(scaleX) + L">: ").bits(RSG_NOZERO));
+    const InputValue y =
+        co_await context.ask(Prompt(InputKind::Real, L"\nEscala Y <" + lengthText(scaleX) + L">: ")
+                                 .bits(RSG_NOZERO)
+                                 .showing(context, shownHere(scaleX)));
     if (y.status == RTCAN) co_return CommandEnd::Cancelled;
     const double scaleY = y.status == RTNORM ? y.number : scaleX;
     const InputValue rotation = co_await context.ask(
@@ -141,10 +138,9 @@ CommandTask insert(CommandContext context) {
             }));
     if (rotation.status == RTCAN) co_return CommandEnd::Cancelled;
     const double turned = rotation.status == RTNORM ? rotation.number : 0.0;
-    if (addEntity(context, insertionOf(block, at.point, scaleX, scaleY, turned)).isNull())
-        co_return CommandEnd::Failed;
-    sayAttributes(context, block);
-    co_return CommandEnd::Done;
+    Insertion made = insertionOf(block, at.point, scaleX, scaleY, turned);
+    if (co_await askNewAttributes(context, made.get()) == RTCAN) co_return CommandEnd::Cancelled;
+    co_return addEntity(context, std::move(made)).isNull() ? CommandEnd::Failed : CommandEnd::Done;
 }
 
 }  // namespace prancheta::commands

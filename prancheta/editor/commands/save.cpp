@@ -16,11 +16,6 @@ constexpr Word kChangedWords[] = {
     {L"Sobrescrever", L"Overwrite"}, {L"Outro", L"Another"}, {L"Cancelar", L"Cancel"}};
 constexpr Word kVersionWords[] = {{L"2000", L"2000"}, {L"2018", L"2018"}};
 
-std::filesystem::path withExtension(std::filesystem::path path) {
-    if (!equalNoCase(toWide(path.extension().string()), L".dxf")) path += ".dxf";
-    return path;
-}
-
 bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
     std::error_code error;
     return std::filesystem::equivalent(a, b, error) && !error;
@@ -110,6 +105,11 @@ std::filesystem::path typedPath(std::wstring_view text) {
     if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"')
         text = text.substr(1, text.size() - 2);
     return resolvePath(text);
+}
+
+std::filesystem::path withExtension(std::filesystem::path path) {
+    if (!equalNoCase(toWide(path.extension().string()), L".dxf")) path += ".dxf";
+    return path;
 }
 
 bool usesWindows(const CommandContext& context) {

@@ -17,6 +17,8 @@ namespace commands {
 CommandTask arc(CommandContext context);
 CommandTask array(CommandContext context);
 CommandTask arx(CommandContext context);
+CommandTask attdef(CommandContext context);
+CommandTask attedit(CommandContext context);
 CommandTask block(CommandContext context);
 CommandTask breakObject(CommandContext context);
 CommandTask chamfer(CommandContext context);
@@ -86,6 +88,7 @@ CommandTask text(CommandContext context);
 CommandTask trimObjects(CommandContext context);
 CommandTask u(CommandContext context);
 CommandTask undo(CommandContext context);
+CommandTask wblock(CommandContext context);
 CommandTask zoom(CommandContext context);
 
 }  // namespace commands

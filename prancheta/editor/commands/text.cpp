@@ -2,6 +2,7 @@
 // TEXT: lines of text, one below the other.
 #include "dbents.h"
 #include "dbsymtb.h"
+#include "prancheta/editor/commands/justification.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -11,28 +12,6 @@ namespace prancheta::commands {
 
 namespace {
 
-struct Justification {
-    Word word;
-    const wchar_t* prompt;
-    int horizontal;
-    int vertical;
-};
-
-constexpr Justification kJustifications[] = {
-    {{L"Esquerda", L"Left"}, L"\nEspecifique o ponto inicial do texto: ", 0, 0},
-    {{L"Centro", L"Center"}, L"\nEspecifique o ponto central do texto: ", 1, 0},
-    {{L"Direita", L"Right"}, L"\nEspecifique a extremidade direita da linha base do texto: ", 2, 0},
-    {{L"Meio", L"Middle"}, L"\nEspecifique o ponto do meio do texto: ", 4, 0},
-    {{L"SE", L"TL"}, L"\nEspecifique o ponto superior esquerdo do texto: ", 0, 3},
-    {{L"SC", L"TC"}, L"\nEspecifique o ponto superior central do texto: ", 1, 3},
-    {{L"SD", L"TR"}, L"\nEspecifique o ponto superior direito do texto: ", 2, 3},
-    {{L"ME", L"ML"}, L"\nEspecifique o ponto médio esquerdo do texto: ", 0, 2},
-    {{L"MC", L"MC"}, L"\nEspecifique o ponto médio central do texto: ", 1, 2},
-    {{L"MD", L"MR"}, L"\nEspecifique o ponto médio direito do texto: ", 2, 2},
-    {{L"IE", L"BL"}, L"\nEspecifique o ponto inferior esquerdo do texto: ", 0, 1},
-    {{L"IC", L"BC"}, L"\nEspecifique o ponto inferior central do texto: ", 1, 1},
-    {{L"ID", L"BR"}, L"\nEspecifique o ponto inferior direito do texto: ", 2, 1},
-};
 /// From one line to the next one, in heights.
 constexpr double kLineSpacing = 5.0 / 3.0;
 constexpr Word kJustify[] = {{L"Justificar", L"Justify"}};
@@ -58,7 +37,7 @@ Style currentStyle(const CommandContext& context) {
 struct Placing {
     int status = RTCAN;
     AcGePoint3d point;
-    const Justification* justification = &kJustifications[0];
+    const Justification* justification = &justifications().front();
 };
 
 Task<Placing> askPlace(CommandContext context) {
@@ -67,19 +46,8 @@ Task<Placing> askPlace(CommandContext context) {
         Prompt(InputKind::Point, L"\nEspecifique o ponto inicial do texto ou [Justificar]: ")
             .words(kJustify)
             .required());
-    if (answer.status == RTKWORD) {
-        Prompt prompt(
-            InputKind::Keyword,
-            L"\nDigite uma opção [Esquerda/Centro/Direita/Meio/SE/SC/SD/ME/MC/MD/IE/IC/ID]: ");
-        for (const Justification& each : kJustifications) prompt.words({&each.word, 1});
-        const InputValue option = co_await context.ask(prompt.required());
-        placing.status = option.status;
-        if (option.status != RTKWORD) co_return placing;
-        for (const Justification& each : kJustifications)
-            if (option.text == each.word.global) placing.justification = &each;
-        answer = co_await context.ask(
-            Prompt(InputKind::Point, placing.justification->prompt).required());
-    }
+    if (answer.status == RTKWORD)
+        answer = co_await askJustifiedPoint(context, &placing.justification);
     placing.status = answer.status;
     placing.point = answer.point;
     co_return placing;
@@ -92,11 +60,7 @@ std::unique_ptr<AcDbText> makeText(const Placing& placing, const std::wstring& w
                                            kept.textRotation);
     // None of these can refuse: the values come from the table and from the style.
     (void)text->setWidthFactor(style.widthFactor);
-    const Justification& justification = *placing.justification;
-    if (justification.horizontal == 0 && justification.vertical == 0) return text;
-    (void)text->setHorizontalMode(justification.horizontal);
-    (void)text->setVerticalMode(justification.vertical);
-    (void)text->setAlignmentPoint(placing.point);
+    placeText(*text, placing.point, *placing.justification);
     return text;
 }
 
