@@ -23,6 +23,7 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
 
 namespace fs = std::filesystem;
@@ -89,6 +90,11 @@ protected:
             fs::copy(source / "instalacao", folder / "instalacao",
                      fs::copy_options::recursive | fs::copy_options::overwrite_existing);
         expected = Json::parse(fileText(source / "esperado.json"));
+        const std::set<std::string> known = {"codigo",   "remover",     "argumentos", "eventos",
+                                             "ausentes", "contagem",    "estado",     "arquivos",
+                                             "erro",     "arquivos_hex"};
+        for (const auto& [field, value] : expected.items())
+            EXPECT_TRUE(known.contains(field)) << field << " is compared with nothing";
         for (const Json& name : expected.value("remover", Json::array()))
             fs::remove_all(folder / name.get<std::string>());
     }
