@@ -140,6 +140,9 @@ public:
     Acad::ErrorStatus setTextSize(double size);
     double xScale() const { return m_xScale; }
     Acad::ErrorStatus setXScale(double scale);
+    /// From upright, radians; less than 85 degrees.
+    double obliquingAngle() const { return m_oblique; }
+    Acad::ErrorStatus setObliquingAngle(double angle);
     std::wstring fileName() const { return m_fileName; }
     Acad::ErrorStatus setFileName(const ACHAR* name);
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
@@ -149,6 +152,7 @@ private:
     friend struct prancheta::ObjectAccess;
     double m_textSize = 0.0;
     double m_xScale = 1.0;
+    double m_oblique = 0.0;
     std::wstring m_fileName = L"txt";
 };
 

@@ -45,6 +45,10 @@ bool livesInStyle(std::wstring_view name) {
     return styleVariable(name) != nullptr || name == kStyleText;
 }
 
+constexpr const wchar_t* kScale = L"DIMSCALE";
+constexpr const wchar_t* kTextSize = L"TEXTSIZE";
+constexpr double kUsualText = 2.5;  ///< on paper, mm
+
 /// Canonical form of a colour's name; empty when it is none.
 std::wstring colorName(const std::wstring& text) {
     if (equalNoCase(text, L"BYLAYER") || equalNoCase(text, L"PORCAMADA")) return L"BYLAYER";
@@ -67,6 +71,7 @@ void DatabaseCore::linkVariables() {
                                      return checkVariable(info, value);
                                  },
                                  [this](const VariableInfo& info) {
+                                     if (info.name == kScale) m_textFollows = textFollows();
                                      if (info.access == VariableAccess::ReadWrite &&
                                          !livesInStyle(info.name))
                                          m_undo.recordVariable(info.name);
@@ -97,7 +102,18 @@ Result<void> DatabaseCore::checkVariable(const VariableInfo& info,
     return {};
 }
 
+/// True while the height offered for texts is the usual one at the drawing's scale.
+bool DatabaseCore::textFollows() const {
+    const double usual = kUsualText * m_variables.real(kScale);
+    return std::abs(m_variables.real(kTextSize) - usual) <= 1e-9 * usual;
+}
+
 void DatabaseCore::variableChanged(VariableInfo& info) {
+    if (info.name == kScale && m_textFollows && !m_undo.undoing()) {
+        const double scale = std::get<double>(info.value);
+        if (scale > 0.0) m_variables.force(kTextSize, kUsualText * scale);
+        return;
+    }
     if (const NamedVariable* named = findEntry(kNamed, info.name)) {
         const AcDbObjectId id =
             ObjectAccess::lookup(m_tables[named->table], std::get<std::wstring>(info.value));

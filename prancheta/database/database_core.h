@@ -111,6 +111,7 @@ private:
     void linkVariables();
     Result<void> checkVariable(const VariableInfo& info, const VariableValue& value) const;
     void variableChanged(VariableInfo& info);
+    bool textFollows() const;
     void showCurrent();
     void showDimStyle();
 
@@ -123,6 +124,7 @@ private:
     AcDbObjectId m_modelSpace;
     AcDbObjectId m_paperSpace;
     AcDbObjectId m_current[4];
+    bool m_textFollows = true;  ///< TEXTSIZE goes with the DIMSCALE that is being set
     std::vector<AcDbDatabaseReactor*> m_reactors;
     ForeignContent m_foreign;
     SystemVariables m_variables;

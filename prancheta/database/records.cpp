@@ -5,6 +5,7 @@
 #include "prancheta/database/dim_variables.h"
 #include "prancheta/database/memory_filer.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/geometry/angles.h"
 
 using namespace prancheta;
 
@@ -129,6 +130,11 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setXScale(double scale) {
     if (!(scale > 0.0) || !std::isfinite(scale)) return Acad::eInvalidInput;
     return assign(*this, m_xScale, scale);
 }
+Acad::ErrorStatus AcDbTextStyleTableRecord::setObliquingAngle(double angle) {
+    constexpr double kMost = 85.0 * kPi / 180.0;
+    if (!(std::abs(angle) < kMost)) return Acad::eInvalidInput;
+    return assign(*this, m_oblique, angle);
+}
 Acad::ErrorStatus AcDbTextStyleTableRecord::setFileName(const ACHAR* name) {
     return assign(*this, m_fileName, std::wstring(name != nullptr ? name : L""));
 }
@@ -136,6 +142,7 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::dwgOutFields(AcDbDwgFiler* filer) co
     AcDbSymbolTableRecord::dwgOutFields(filer);
     filer->writeDouble(m_textSize);
     filer->writeDouble(m_xScale);
+    filer->writeDouble(m_oblique);
     writeText(*filer, m_fileName);
     return filer->filerStatus();
 }
@@ -143,6 +150,7 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::dwgInFields(AcDbDwgFiler* filer) {
     AcDbSymbolTableRecord::dwgInFields(filer);
     filer->readDouble(&m_textSize);
     filer->readDouble(&m_xScale);
+    filer->readDouble(&m_oblique);
     m_fileName = readText(*filer);
     return filer->filerStatus();
 }

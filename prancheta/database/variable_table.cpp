@@ -135,6 +135,7 @@ std::vector<VariableInfo> variableTable() {
         {L"SNAPANG", 0.0},
         integer(L"SNAPMODE", 0, 0, 1),
         point(L"SNAPUNIT", {10.0, 10.0, 0.0}, 0.0),
+        real(L"TEXTSIZE", 2.5, kPositive),
         drawingText(L"TEXTSTYLE", L"Standard"),
         integer(L"TILEMODE", 1, 0, 1),
         integer(L"UCSICON", 3, 0, 3),

@@ -7,6 +7,8 @@
 #include "dbents.h"
 #include "dbpl.h"
 #include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/leader_type.h"
+#include "prancheta/dxf/mtext_type.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::dxf {
@@ -360,6 +362,8 @@ std::span<const EntityType> entityTypes() {
             // Read as the row above, which makes both.
             {"INSERT", &AcDbMInsertBlock::desc, kInsert, suitsInsert, makeInsert, takeInsert},
         };
+        types.push_back(mtextType());
+        types.push_back(leaderType());
         for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
         return types;
     }();

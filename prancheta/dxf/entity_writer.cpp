@@ -2,6 +2,7 @@
 // Writes entities.
 #include "prancheta/dxf/entity_writer.h"
 
+#include "dblead.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/piece_record.h"
@@ -107,6 +108,14 @@ void EntityWriter::xdata(const AcDbEntity& entity) {
     if (const ObjectExtra* const extra = ObjectAccess::extra(entity)) m_out.raw(extra->xdata);
 }
 
+void EntityWriter::scaledXdata(const AcDbEntity& entity, double dimscale) {
+    if (dimscale == 0.0) return xdata(entity);
+    const ObjectExtra* const extra = ObjectAccess::extra(entity);
+    RawTags data = extra != nullptr ? RawTags(extra->xdata) : RawTags();
+    putDimscale(data, dimscale);
+    m_out.raw(data);
+}
+
 void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner,
                          bool renamed) {
     bool head = false;  // before the first marker
@@ -158,7 +167,8 @@ void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
     type.take(entity, m_values);
     head(type.name, entity, place);
     writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
-    xdata(entity);
+    const auto* const leader = AcDbLeader::cast(&entity);
+    scaledXdata(entity, leader != nullptr ? leader->ownDimscale() : 0.0);
     const auto* const reference = AcDbBlockReference::cast(&entity);
     if (reference != nullptr && reference->parts() != nullptr)
         writeParts(*reference->parts(), entity, place);
@@ -212,15 +222,7 @@ void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& 
     m_values.texts[1].assign(block.begin(), block.end());
     head(type.name, original, place);
     writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
-    const double scale = static_cast<const AcDbDimension&>(asFiled).ownDimscale();
-    if (scale == 0.0) {
-        xdata(original);
-    } else {
-        const ObjectExtra* const extra = ObjectAccess::extra(original);
-        RawTags data = extra != nullptr ? RawTags(extra->xdata) : RawTags();
-        putDimscale(data, scale);
-        m_out.raw(data);
-    }
+    scaledXdata(original, static_cast<const AcDbDimension&>(asFiled).ownDimscale());
     // Of other kinds the last point is the same in both.
     const AcGePoint3d through = static_cast<const AcDbDimension&>(original).definitionPoints().back();
     const AcGePoint3d filed = static_cast<const AcDbDimension&>(asFiled).definitionPoints().back();

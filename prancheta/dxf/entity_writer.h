@@ -39,6 +39,8 @@ public:
     /// Groups of applications that stand before the owner; returns the first group behind them.
     std::size_t applicationGroups(const RawTags& foreign);
     void xdata(const AcDbEntity& entity);
+    /// With the own scale of what follows a dimension style; 0 for none.
+    void scaledXdata(const AcDbEntity& entity, double dimscale);
     /// Records that are kept group by group, from group `first` on, with their owner. One that is
     /// there a second time, in a copy of what it belongs to, gets a handle of its own.
     void parts(const RawTags& tags, std::size_t first, Adesk::UInt64 owner, bool renamed = false);

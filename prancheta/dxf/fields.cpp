@@ -13,7 +13,7 @@ namespace {
 constexpr bool isPoint(Meaning meaning) {
     return meaning == Meaning::Point || meaning == Meaning::PlanePoint ||
            meaning == Meaning::AlignedPoint || meaning == Meaning::Normal ||
-           meaning == Meaning::Vertices;
+           meaning == Meaning::Vertices || meaning == Meaning::Places;
 }
 
 /// Field of a code; for the second and third number of a point, `axis` 1 and 2.
@@ -48,13 +48,14 @@ std::string_view bare(std::string_view name) {
 }
 
 void setVertex(Values& values, Meaning meaning, int axis, double number) {
-    if (meaning == Meaning::Vertices && axis == 0) {
-        values.vertices.push_back({number, 0.0, 0.0, 0.0, 0.0});
+    if ((meaning == Meaning::Vertices || meaning == Meaning::Places) && axis == 0) {
+        values.vertices.push_back({.x = number});
         return;
     }
     if (values.vertices.empty()) return;
     FieldVertex& v = values.vertices.back();
-    if (meaning == Meaning::Vertices && axis == 1) v.y = number;
+    if ((meaning == Meaning::Vertices || meaning == Meaning::Places) && axis == 1) v.y = number;
+    if (meaning == Meaning::Places && axis == 2) v.z = number;
     if (meaning == Meaning::VertexStart) v.startWidth = number;
     if (meaning == Meaning::VertexEnd) v.endWidth = number;
     if (meaning == Meaning::VertexBulge) v.bulge = number;
@@ -90,6 +91,12 @@ void setOther(Values& values, const Field& field, const Tag& tag, LoadNames& nam
         case Meaning::Text:
             values.texts[field.slot] = names.text(tag.value);
             break;
+        case Meaning::TextPart:
+            values.textParts += tag.value;
+            break;
+        case Meaning::LongText:
+            values.texts[field.slot] = names.text(values.textParts.append(tag.value));
+            break;
         case Meaning::TextStyle:
             values.ids[field.slot] = names.find(LoadNames::kTextStyle, bare(tag.value));
             break;
@@ -103,6 +110,7 @@ void setOther(Values& values, const Field& field, const Tag& tag, LoadNames& nam
             values.ids[field.slot] = names.find(LoadNames::kLinetype, bare(tag.value));
             break;
         case Meaning::StyleHandle:
+        case Meaning::Reference:
             values.ids[field.slot] = names.byHandle(tag.value);
             break;
         default:
@@ -135,6 +143,19 @@ void convertPlanePoints(std::span<const Field> fields, Values& values) {
     for (const Field& field : fields)
         if (field.meaning == Meaning::PlanePoint || field.meaning == Meaning::AlignedPoint)
             values.points[field.slot].transformBy(toWorld);
+}
+
+/// The groups from 101 on.
+bool readNested(const Field& field, std::span<const Tag> nested, Values& values,
+                std::optional<Fault>& fault) {
+    std::string why;
+    for (const Tag& tag : nested) {
+        const bool good = tag.code == 71 ? parseInteger(tag.value, values.integers[field.slot])
+                                         : checkValue(tag, why);
+        if (!good) fault = Fault{complaintAbout(tag), tag.value.data()};
+        if (!good || tag.code == 71) return good;
+    }
+    return true;
 }
 
 class FieldWriter {
@@ -177,6 +198,8 @@ public:
             case Meaning::Text:
                 if (field.optional && m_values.texts[field.slot].empty()) return;
                 return m_out.meaning(code, m_values.texts[field.slot]);
+            case Meaning::LongText:
+                return writeLongText(code, m_values.texts[field.slot]);
             case Meaning::TextStyle:
             case Meaning::DimStyle:
                 return writeName(field, kStandard);
@@ -189,8 +212,15 @@ public:
                 if (!m_values.ids[field.slot].isErased())
                     m_out.handle(code, m_values.ids[field.slot].handle().value());
                 return;
+            case Meaning::Reference:
+                if (!m_values.ids[field.slot].isNull() && !m_values.ids[field.slot].isErased())
+                    m_out.handle(code, m_values.ids[field.slot].handle().value());
+                return;
             case Meaning::Vertices:
                 return writeVertices();
+            case Meaning::Places:
+                for (const FieldVertex& v : m_values.vertices) m_out.point(code, {v.x, v.y, v.z});
+                return;
             case Meaning::Dashes:
                 for (const double dash : m_values.dashes) {
                     m_out.real(49, dash);
@@ -228,6 +258,28 @@ private:
             m_out.real(field.code, field.standard);
         else if (field.meaning == Meaning::Default)
             m_out.integer(field.code, static_cast<long long>(field.standard));
+    }
+
+    /// In parts of 250 characters, of which the last has the code itself. No escaped character is
+    /// parted.
+    void writeLongText(int code, const std::wstring& text) {
+        constexpr std::size_t kMost = 250;
+        constexpr std::size_t kEscaped = 7;  // \U+XXXX
+        std::size_t from = 0;
+        std::size_t length = 0;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const bool plain = text[i] >= 0x20 && text[i] < 0x7f && text[i] != L'^';
+            const std::size_t room = plain ? 1 : kEscaped;
+            // The halves of a character, and a backslash with its letter, stay together.
+            const bool parted = i > 0 && (text[i - 1] == L'\\' || (text[i] & 0xFC00) == 0xDC00);
+            if (length + room > kMost - kEscaped && !parted) {
+                m_out.meaning(3, std::wstring_view(text).substr(from, i - from));
+                from = i;
+                length = 0;
+            }
+            length += room;
+        }
+        m_out.meaning(code, std::wstring_view(text).substr(from));
     }
 
     AcGePoint3d inPlane(const AcGePoint3d& p) const { return m_tilted ? m_toPlane * p : p; }
@@ -304,6 +356,7 @@ double degreesOf(double radians) {
 void Values::reset(std::span<const Field> fields) {
     for (AcGePoint3d& p : points) p = AcGePoint3d::kOrigin;
     for (std::wstring& text : texts) text.clear();
+    textParts.clear();
     for (AcDbObjectId& id : ids) id.setNull();
     for (double& real : reals) real = 0.0;
     for (long long& integer : integers) integer = 0;
@@ -334,6 +387,10 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
         int axis = 0;
         std::string why;
         const Field* field = fieldOf(fields, tag.code, axis);
+        if (field != nullptr && field->meaning == Meaning::Nested) {
+            if (!readNested(*field, {&tag, body.data() + body.size()}, values, fault)) return false;
+            break;
+        }
         if (field != nullptr && isDefault(field->meaning)) field = nullptr;
         const bool good =
             field != nullptr ? readValue(values, *field, axis, tag, names) : checkValue(tag, why);

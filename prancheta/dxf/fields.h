@@ -24,13 +24,17 @@ enum class Meaning : std::uint8_t {
     Degrees,  ///< radians in Values
     Integer,
     Text,
+    LongText,   ///< a text whose first parts stand before it, see TextPart
+    TextPart,   ///< 3, repeated: written by the LongText behind it
     TextStyle,  ///< names of records, ids in Values
     DimStyle,
     Block,
     Linetype,
     StyleHandle,  ///< the same by handle
+    Reference,    ///< an entity by handle, left out when there is none
     Normal,       ///< 210; left out when it is the z axis
     Vertices,     ///< 10 and 20, repeated, with what follows
+    Places,       ///< 10, 20 and 30 of the world, repeated
     VertexStart,
     VertexEnd,
     VertexBulge,
@@ -38,6 +42,7 @@ enum class Meaning : std::uint8_t {
     Default,  ///< whole number or real that the class does not hold: kept, or written as standard
     DefaultText,    ///< the same for a text, `name` is the standard
     DefaultHandle,  ///< the same for a handle, integers say which, a negative one writes none
+    Nested,   ///< 101: what comes behind is an object inside this one, of which the integer is 71
     Ignored,  ///< follows from the rest: read over, and written by the type's own code or not at
               ///< all
 };
@@ -66,6 +71,7 @@ constexpr Field optionalField(int code, Meaning meaning, int slot, double standa
 struct FieldVertex {
     double x = 0.0;
     double y = 0.0;
+    double z = 0.0;
     double bulge = 0.0;
     double startWidth = 0.0;
     double endWidth = 0.0;
@@ -78,6 +84,7 @@ struct Values {
     double reals[kSlots] = {};
     long long integers[kSlots] = {};
     std::wstring texts[3];
+    std::string textParts;  ///< as they stand in the file
     AcDbObjectId ids[4];
     AcGeVector3d normal = AcGeVector3d::kZAxis;
     std::vector<FieldVertex> vertices;

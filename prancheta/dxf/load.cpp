@@ -225,6 +225,7 @@ bool Loader::complete() {
     if (!readWantedBlocks()) return false;
     if (!takeExtensionDictionaries()) return false;
     linkReactors();
+    linkLeaders();
     if (!keepObjects()) return false;
     std::vector<Adesk::UInt64> parts;
     forEachKeptPart(m_core, [&](Adesk::UInt64 handle) {

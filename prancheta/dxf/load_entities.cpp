@@ -2,6 +2,7 @@
 // Section ENTITIES, and entities in blocks.
 #include <algorithm>
 
+#include "dblead.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
@@ -70,6 +71,15 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
     if (entity->isKindOf(AcDbDimension::desc()) && !isDrawnAsFiled(m_values.ids[0], m_head.xdata))
         return readForeign(record, owner);
     if (!keepExtra(*entity, m_rest)) return false;
+    if (auto* const leader = AcDbLeader::cast(entity.get())) {
+        if (ObjectAccess::extra(*leader) != nullptr) {
+            RawTags xdata = ObjectAccess::extra(*leader)->xdata;
+            (void)leader->setDimscale(takeDimscale(xdata));
+            ObjectAccess::makeExtra(*leader).xdata = xdata;
+            ObjectAccess::dropEmptyExtra(*leader);
+        }
+        m_leaders.push_back(leader);
+    }
     if (auto* const dimension = AcDbDimension::cast(entity.get())) {
         // The picture is drawn anew; its block is read only when something else uses it.
         if (!m_values.texts[1].empty()) block(m_values.texts[1]).ofPicture = true;

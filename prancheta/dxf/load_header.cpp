@@ -94,6 +94,9 @@ void Loader::applyVariables() {
     // The current dimension style brings values that the file's own go over.
     std::stable_partition(m_variables.begin(), m_variables.end(),
                           [](const auto& variable) { return variable.first == "$DIMSTYLE"; });
+    // The height of texts would follow the scale that comes behind it.
+    std::stable_partition(m_variables.begin(), m_variables.end(),
+                          [](const auto& variable) { return variable.first != "$TEXTSIZE"; });
     for (const auto& [name, tags] : m_variables) {
         const HeaderVariable* const known = headerVariable(name);
         if (known == nullptr || known->inDimStyle || tags.empty()) continue;

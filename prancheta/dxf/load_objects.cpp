@@ -3,6 +3,8 @@
 // else is kept as it stands.
 #include <algorithm>
 
+#include "dblead.h"
+#include "dbmtext.h"
 #include "prancheta/base/nesting.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
@@ -332,6 +334,17 @@ bool Loader::takeExtensionDictionaries() {
         if (!id.isNull()) ObjectAccess::makeExtra(owner).extensionDictionary = id;
     }
     return true;
+}
+
+/// The notes of leaders know them, whatever the file's writer told of that.
+void Loader::linkLeaders() {
+    for (const AcDbLeader* const leader : m_leaders) {
+        const AcDbObjectPointer<AcDbMText> note(leader->annotationObjId(), AcDb::kForRead);
+        if (note.openStatus() != Acad::eOk) continue;
+        std::vector<AcDbObjectId>& known = ObjectAccess::makeExtra(*note.object()).reactors;
+        if (std::find(known.begin(), known.end(), leader->objectId()) == known.end())
+            known.push_back(leader->objectId());
+    }
 }
 
 /// References to objects that do not exist are left out.

@@ -15,6 +15,7 @@
 #include "prancheta/dxf/record_types.h"
 
 class AcDbBlockReference;
+class AcDbLeader;
 
 namespace prancheta::dxf {
 
@@ -114,6 +115,7 @@ private:
     bool takeExtensionDictionaries();
     bool holdsFieldsOnly(ObjectSpan& span);
     void linkReactors();
+    void linkLeaders();
     /// Text of an object that stands further on in the file; empty when there is none.
     std::string_view objectAhead(Adesk::UInt64 handle);
     bool readPieceFields();
@@ -170,6 +172,7 @@ private:
     std::vector<FileBlock*> m_wanted;                      ///< passed over, but used
     std::vector<std::pair<std::string, Tags>> m_variables;
     std::vector<LaterReactors> m_later;
+    std::vector<const AcDbLeader*> m_leaders;
     std::vector<LaterArrow> m_arrows;
     std::vector<LaterMove> m_moved;
     std::unordered_set<AcDbStub*> m_automatic;  ///< objects whose handle the file did not give

@@ -82,7 +82,7 @@ const Field kTextStyle[] = {marker("AcDbTextStyleTableRecord"),
                             defaultField(70, 0),
                             {40, Real, 0},
                             {41, Real, 1, false, 1.0},
-                            defaultField(50, 0),
+                            {50, Degrees, 2},
                             defaultField(71, 0),
                             defaultField(42, 2.5),
                             {3, Text, 1},
@@ -92,6 +92,7 @@ std::unique_ptr<AcDbSymbolTableRecord> makeTextStyle(const Values& v) {
     auto record = std::make_unique<AcDbTextStyleTableRecord>();
     (void)record->setTextSize(v.reals[0]);
     (void)record->setXScale(v.reals[1]);
+    (void)record->setObliquingAngle(v.reals[2]);
     (void)record->setFileName(v.texts[1].c_str());
     return record;
 }
@@ -99,6 +100,7 @@ void takeTextStyle(const AcDbSymbolTableRecord& any, Values& v) {
     const auto& record = static_cast<const AcDbTextStyleTableRecord&>(any);
     v.reals[0] = record.textSize();
     v.reals[1] = record.xScale();
+    v.reals[2] = record.obliquingAngle();
     v.texts[1] = record.fileName();
 }
 

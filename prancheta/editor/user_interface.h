@@ -78,6 +78,17 @@ private:
     std::shared_ptr<const std::vector<AcDbObjectId>> m_ids;
 };
 
+/// Text that a front end may let the user edit where it stands, instead of asking for it line by
+/// line. World coordinates, drawing units.
+struct TextFrame {
+    AcGePoint3d corner;  ///< top left
+    AcGeVector3d along = AcGeVector3d::kXAxis;
+    double height = 2.5;  ///< of the letters
+    double width = 0.0;   ///< at which lines break; 0 breaks none
+    bool lines = false;   ///< more than one line may be typed
+    std::wstring text;    ///< as it is before
+};
+
 /// A question. Points are in world coordinates.
 struct InputRequest {
     InputKind kind = InputKind::Text;
@@ -101,6 +112,8 @@ struct InputRequest {
     std::function<void(const AcGePoint3d& pointer, Picture& out)> preview;
     /// What that answer would do to `selection`, for more than `moving` and `rotating` can say.
     std::function<AcGeMatrix3d(const AcGePoint3d& pointer)> transforming;
+    /// For a text: the answer of who edits it in place is all its lines, each with its line end.
+    std::shared_ptr<const TextFrame> inPlace;
 };
 
 /// What the user did, not yet interpreted.

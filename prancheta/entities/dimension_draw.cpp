@@ -2,6 +2,7 @@
 // Draws dimensions.
 #include <cmath>
 
+#include "prancheta/entities/arrow_head.h"
 #include "prancheta/entities/block_content.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/dimension_layout.h"
@@ -30,15 +31,6 @@ private:
     Adesk::UInt16 m_own;
 };
 
-/// Closed filled arrow, its tip at `tip`, three times as long as wide; `towards` is a unit vector.
-void filledArrow(const AcGePoint3d& tip, const AcGeVector3d& towards, double size,
-                 AcGiGeometry& to) {
-    const AcGePoint3d tail = tip - towards * size;
-    const AcGeVector3d half = AcGeVector3d::kZAxis.crossProduct(towards) * (size / 6.0);
-    const AcGePoint3d corners[3] = {tip, tail + half, tail - half};
-    to.polygon(3, corners);
-}
-
 /// Arrow blocks are drawn at size 1, their tip at the origin and pointing along x.
 void arrow(const DimensionPart& part, const DimensionLayout& layout, const AcDbDimension& dimension,
            AcGiWorldDraw& draw) {
@@ -58,7 +50,7 @@ void arrow(const DimensionPart& part, const DimensionLayout& layout, const AcDbD
                                : part.end == 0   ? style.dimblk1
                                                  : style.dimblk2;
     if (block.isNull() || block.isErased())
-        return filledArrow(part.a, towards, size, draw.geometry());
+        return drawArrowHead(part.a, towards, size, AcGeVector3d::kZAxis, draw.geometry());
     AcGeMatrix3d place;
     const AcGeVector3d along = towards * size;
     place.setCoordSystem(part.a, along, AcGeVector3d::kZAxis.crossProduct(along),

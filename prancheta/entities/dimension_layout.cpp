@@ -21,13 +21,6 @@ namespace {
 constexpr int kSuppressLeadingZero = 4;
 constexpr int kSuppressTrailingZeros = 8;
 
-AcDbObjectId styleOf(const AcDbDimension& dimension) {
-    if (!dimension.dimensionStyle().isNull()) return dimension.dimensionStyle();
-    const AcDbDatabase* database = dimension.database();
-    if (database == nullptr) database = acdbHostApplicationServices()->workingDatabase();
-    return database != nullptr ? database->dimstyle() : AcDbObjectId::kNull;
-}
-
 double positiveOr(double value, double otherwise) { return value > 0.0 ? value : otherwise; }
 
 void setVariable(AcDbDimStyleValues& values, const DimVariable& variable, const RawTagView& tag,
@@ -45,8 +38,9 @@ void setVariable(AcDbDimStyleValues& values, const DimVariable& variable, const 
 }
 
 /// Pairs of a code and a value between braces behind "DSTYLE", of application ACAD.
-void readOverrides(const AcDbDimension& dimension, AcDbDimStyleValues& values) {
-    const ObjectExtra* const extra = ObjectAccess::extra(dimension);
+void readOverrides(const AcDbEntity& entity, const AcDbDatabase* database,
+                   AcDbDimStyleValues& values) {
+    const ObjectExtra* const extra = ObjectAccess::extra(entity);
     if (extra == nullptr) return;
     enum { Outside, InAcad, Named, Inside } where = Outside;
     const DimVariable* variable = nullptr;
@@ -64,7 +58,7 @@ void readOverrides(const AcDbDimension& dimension, AcDbDimStyleValues& values) {
             if (isCode)
                 variable = parseNumber(trim(tag.value), code) ? dimVariable(static_cast<int>(code)) : nullptr;
             else if (variable != nullptr)
-                setVariable(values, *variable, tag, styleOf(dimension).database());
+                setVariable(values, *variable, tag, database);
             isCode = !isCode;
         }
     }
@@ -73,11 +67,18 @@ void readOverrides(const AcDbDimension& dimension, AcDbDimStyleValues& values) {
 }  // namespace
 
 AcDbDimStyleValues styleValues(const AcDbDimension& dimension) {
+    return styleValues(dimension, dimension.dimensionStyle(), dimension.ownDimscale());
+}
+
+AcDbDimStyleValues styleValues(const AcDbEntity& entity, AcDbObjectId style, double ownScale) {
+    const AcDbDatabase* database = entity.database();
+    if (database == nullptr) database = acdbHostApplicationServices()->workingDatabase();
+    if (style.isNull() && database != nullptr) style = database->dimstyle();
     AcDbDimStyleValues values;
-    const AcDbObjectPointer<AcDbDimStyleTableRecord> style(styleOf(dimension), AcDb::kForRead);
-    if (style.openStatus() == Acad::eOk) values = style->values();
-    readOverrides(dimension, values);
-    values.dimscale = positiveOr(dimension.ownDimscale(), positiveOr(values.dimscale, 1.0));
+    const AcDbObjectPointer<AcDbDimStyleTableRecord> record(style, AcDb::kForRead);
+    if (record.openStatus() == Acad::eOk) values = record->values();
+    readOverrides(entity, style.database(), values);
+    values.dimscale = positiveOr(ownScale, positiveOr(values.dimscale, 1.0));
     return values;
 }
 

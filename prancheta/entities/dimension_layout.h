@@ -14,6 +14,8 @@ namespace prancheta {
 /// without a database) with what the dimension says for itself in its extended data and with its
 /// own scale; `dimscale` is never 0.
 AcDbDimStyleValues styleValues(const AcDbDimension& dimension);
+/// The same for what else follows a dimension style; `ownScale` 0 takes the style's.
+AcDbDimStyleValues styleValues(const AcDbEntity& entity, AcDbObjectId style, double ownScale);
 
 /// Takes what the dimension, open for write, says against its style out of its extended data.
 void forgetOverrides(AcDbDimension& dimension);

@@ -54,19 +54,6 @@ void drawFace(const RawTags& tags, AcGiGeometry& to) {
     }
 }
 
-void drawLeader(const RawTags& tags, AcGiGeometry& to) {
-    const Points points = findPoints(tags, 10);
-    polyline(points, to);
-    if (points.size() < 2 || findWhole(tags, 71, 1) == 0) return;
-    const AcGeVector3d along = (points[1] - points[0]).normal();
-    if (along.isZeroLength()) return;
-    const double size = AcDbDimStyleValues().dimasz;
-    const AcGeVector3d half = AcGeVector3d::kZAxis.crossProduct(along) * (size / 6.0);
-    const AcGePoint3d tail = points[0] + along * size;
-    const AcGePoint3d arrow[3] = {points[0], tail + half, tail - half};
-    to.polygon(3, arrow);
-}
-
 void drawTrace(const RawTags& tags, AcGiGeometry& to) {
     const AcGePoint3d outline[4] = {findPoint(tags, 10), findPoint(tags, 11), findPoint(tags, 13),
                                     findPoint(tags, 12)};
@@ -132,9 +119,8 @@ struct TypeDrawing {
 };
 
 constexpr TypeDrawing kTypes[] = {
-    {"MTEXT", drawMtext},          {"ELLIPSE", drawEllipse},
-    {"SPLINE", drawSpline},        {"HATCH", drawHatch},
-    {"3DFACE", drawFace},          {"LEADER", drawLeader},
+    {"ELLIPSE", drawEllipse},      {"SPLINE", drawSpline},
+    {"HATCH", drawHatch},          {"3DFACE", drawFace},
     {"POLYLINE", drawOldPolyline}, {"ATTRIB", drawAttribute},
     {"TRACE", inPlane<drawTrace>}, {"SOLID", inPlane<drawTrace>},
     {"TEXT", drawPlainText},       {"LWPOLYLINE", inPlane<drawLightPolyline>},
@@ -145,6 +131,7 @@ constexpr TypeDrawing kTypes[] = {
 void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     if (isDimension(entity.typeName())) return drawDimensionBlock(entity, draw);
     if (entity.typeName() == "INSERT") return drawInsert(entity, draw);
+    if (entity.typeName() == "MTEXT") return drawMtext(entity, draw);
     for (const TypeDrawing& type : kTypes)
         if (type.name == entity.typeName()) return type.draw(entity.tags(), draw.geometry());
 }

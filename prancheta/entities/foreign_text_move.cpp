@@ -145,8 +145,11 @@ void turnLeaderText(RawTags& inside, const RawTags& before, const Motion& world)
     if (!reading.headDown || at == inside.size()) return;
     // It hangs from its place.
     const AcGeVector3d up = mappedNormal(world.matrix, normal).crossProduct(reading.along);
-    const double height = paragraphHeight(findText(before, 304), findNumber(before, 41, 0.0),
-                                          findNumber(before, 43, 0.0), findNumber(before, 45, 1.0));
+    ParagraphStyle style;
+    style.height = findNumber(before, 41, 0.0);
+    style.width = findNumber(before, 43, 0.0);
+    style.spacing = findNumber(before, 45, 1.0);
+    const double height = setParagraphs(findText(before, 304), style).height;
     setPointAt(inside, at, pointAt(inside, at) + up * height * world.scale);
 }
 

@@ -7,24 +7,22 @@
 #include "dbents.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/foreign_motion.h"
+#include "prancheta/entities/paragraphs.h"
 
 namespace prancheta {
 
 /// Draws what it can; nothing for unknown types.
 void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw);
 
-void drawMtext(const RawTags& tags, AcGiGeometry& to);
+/// Paragraphs in columns are shown in one.
+void drawMtext(const ForeignEntity& entity, AcGiWorldDraw& draw);
 void drawHatch(const RawTags& tags, AcGiGeometry& to);
 /// Text of one line, in the plane of its normal. The group of the vertical justification is 73 for
 /// texts, 74 for attributes.
 void drawText(const RawTags& tags, int verticalCode, AcGiGeometry& to);
 void readText(AcDbText& text, const RawTags& tags, int verticalCode);
-/// Text of paragraphs without its formatting, one element each.
-std::vector<std::wstring> plainParagraphs(const std::wstring& text);
 /// Direction in which paragraphs run, unit length.
 AcGeVector3d paragraphDirection(const RawTags& tags);
-/// From the top of the first line to the foot of the last one; width 0 breaks no line.
-double paragraphHeight(const std::wstring& text, double height, double width, double spacing);
 /// References with attributes or arrays.
 void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw);
 /// Dimensions without a class here come with a block that shows them in the drawing's coordinates,

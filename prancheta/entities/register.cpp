@@ -3,11 +3,14 @@
 #include "prancheta/entities/register.h"
 
 #include "dbdim.h"
+#include "dblead.h"
+#include "dbmtext.h"
 #include "dbpl.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/register.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/weld_symbol.h"
 
 namespace prancheta {
 
@@ -19,6 +22,8 @@ void registerEntityClasses() {
     AcDbCircle::rxInit();
     AcDbArc::rxInit();
     AcDbText::rxInit();
+    AcDbMText::rxInit();
+    AcDbLeader::rxInit();
     AcDbSolid::rxInit();
     AcDbAttributeText::rxInit();
     AcDbAttributeDefinition::rxInit();
@@ -33,6 +38,7 @@ void registerEntityClasses() {
     AcDbDiametricDimension::rxInit();
     AcDb2LineAngularDimension::rxInit();
     AcDb3PointAngularDimension::rxInit();
+    WeldSymbol::rxInit();
     ForeignEntity::rxInit();
     acrxBuildClassHierarchy();
     pictureExploder = appendEntities;

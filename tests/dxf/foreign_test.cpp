@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 // What this program does not understand comes back as it was.
 #include "dbdim.h"
+#include "dblead.h"
+#include "dbmtext.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
+#include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/weld_symbol.h"
+#include "prancheta/geometry/angles.h"
 #include "support.h"
 
 using namespace dxftest;
@@ -11,11 +16,12 @@ using namespace prancheta;
 
 namespace {
 
+/// Paragraphs in two columns, which stay as they are.
 const char* const kMText =
     "0 MTEXT|5 B1|330 1F|100 AcDbEntity|8 0|62 3|100 AcDbMText|10 1.00|20 2|30 0.0|40 2.5|41 0|71 "
     "1|72 1|3 "
-    "\\A1;primeira parte |1 segunda\\Plinha|7 Standard|11 1.0|21 0.0|31 0.0|1001 ACAD|1000 "
-    "MTEXTBEGIN";
+    "\\A1;primeira parte |1 segunda\\Plinha|7 Standard|11 1.0|21 0.0|31 0.0|101 Embedded "
+    "Object|70 1|10 1.0|20 0.0|30 0.0|11 1.0|21 2.0|31 0.0|71 2|72 2|1001 ACAD|1000 MTEXTBEGIN";
 
 Groups without(const Groups& all, int code) {
     Groups out;
@@ -31,11 +37,8 @@ TEST(Foreign, EntityOfUnknownTypeIsKeptTagForTag) {
         "0 QUADRO_NOVO|5 B2|330 1F|100 AcDbEntity|8 Camada nova|100 AcDbQuadro|90 12|310 0AFF|40 "
         "0.10|340 "
         "B1|100 AcDbQuadroFilho|1  com brancos |11 1|21 2|31 3";
-    const std::string leader =
-        "0 LEADER|5 B3|330 1F|100 AcDbEntity|8 0|100 AcDbLeader|3 Standard|71 1|72 0|76 2|10 "
-        "0|20 0|30 0|10 5|20 5|30 0";
-    const Groups all = passed(fileWith(std::string(kMText) + "|" + unknown + "|" + leader));
-    for (const std::string& text : {std::string(kMText), unknown, leader}) {
+    const Groups all = passed(fileWith(std::string(kMText) + "|" + unknown));
+    for (const std::string& text : {std::string(kMText), unknown}) {
         const Groups in = groups(text);
         EXPECT_EQ(without(record(all, in[0].value), 330), without(in, 330));
     }
@@ -52,6 +55,90 @@ TEST(Foreign, MovedEntityKeepsWhatItIsAbout) {
     const Groups back = record(groupsOf(saved(*database)), "MTEXT");
     EXPECT_EQ(std::stod(valueOf(back, 10)), 11.0);
     EXPECT_EQ(valueOf(back, 1), "segunda\\Plinha");
+}
+
+TEST(Foreign, ParagraphsKeepTheirFormattingThroughMovesAndEdits) {
+    // The background is nothing that the class holds; the parts of the text come in any length.
+    const std::string one =
+        "0 MTEXT|5 B1|330 1F|100 AcDbEntity|8 0|100 AcDbMText|10 1|20 2|30 0|40 2.5|41 60|71 5|72 "
+        "5|3 {\\fArial;Chapa} \\H1.5x;\\S+0,1^ |1 -0,2;\\P%%c 50|7 Standard|50 90|73 2|44 "
+        "1.2|90 1|63 3|45 1.5|101 Embedded Object|71 0|42 10";
+    const auto database = loadText(fileWith(one));
+    ASSERT_NE(database, nullptr);
+    const AcDbObjectId id = database->core().modelSpace().at(0);
+    const std::wstring said = L"{\\fArial;Chapa} \\H1.5x;\\S+0,1^-0,2;\\P%%c 50";
+    {
+        const AcDbObjectPointer<AcDbMText> text(id, AcDb::kForWrite);
+        ASSERT_EQ(text.openStatus(), Acad::eOk);
+        EXPECT_EQ(text->contentsConst(), said);
+        EXPECT_NEAR(text->rotation(), prancheta::kPi / 2, 1e-12);
+        ASSERT_EQ(text->transformBy(AcGeMatrix3d::scaling(2)), Acad::eOk);
+        // Long enough for three parts, none of which ends inside a code or an escaped letter.
+        std::wstring longer = said;
+        for (int i = 0; i < 100; ++i) longer += L" \\P^\u00e7\u2192";
+        (void)text->setContents(longer.c_str());
+    }
+    const std::string file = saved(*database);
+    const Groups back = record(groupsOf(file), "MTEXT");
+    EXPECT_EQ(std::stod(valueOf(back, 40)), 5.0);
+    EXPECT_EQ(std::stod(valueOf(back, 41)), 120.0);
+    EXPECT_EQ(valueOf(back, 71) + valueOf(back, 72) + valueOf(back, 73), "552");
+    EXPECT_EQ(valueOf(back, 90) + valueOf(back, 63), "13");
+    for (const Group& group : back) {
+        EXPECT_LE(group.value.size(), 250U);
+        EXPECT_NE(group.code, 101);
+    }
+    const auto again = loadText(file);
+    const AcDbObjectPointer<AcDbMText> text(again->core().modelSpace().at(0), AcDb::kForRead);
+    ASSERT_EQ(text.openStatus(), Acad::eOk);
+    EXPECT_EQ(std::wstring(text->contentsConst()).size(), said.size() + 600);
+    EXPECT_EQ(std::wstring(text->contentsConst()).substr(0, said.size()), said);
+}
+
+TEST(Foreign, LeaderIsTiedToTheNoteThatItNames) {
+    // The writer told the note nothing of it; its own scale is 2, its arrow 2.5 of that.
+    const auto database = loadText(fileWith(
+        "0 LEADER|5 B3|330 1F|100 AcDbEntity|8 0|100 AcDbLeader|3 Standard|71 1|72 0|73 0|74 1|75 "
+        "1|40 3.5|41 8|76 2|10 0|20 0|30 0|10 50|20 50|30 0|340 B4|211 1|221 0|231 0|213 -6|223 "
+        "0|233 0|1001 ACAD|1000 DSTYLE|1002 {|1070 40|1040 2.0|1002 }|0 MTEXT|5 B4|330 1F|100 "
+        "AcDbEntity|8 0|100 AcDbMText|10 56|20 50|30 0|40 5|41 0|71 4|72 1|1 Furo|7 Standard"));
+    ASSERT_NE(database, nullptr);
+    {
+        const AcDbObjectPointer<AcDbMText> note(database->core().modelSpace().at(1),
+                                                AcDb::kForWrite);
+        ASSERT_EQ(note->transformBy(AcGeMatrix3d::translation({4, -10, 0})), Acad::eOk);
+    }
+    const Groups all = groupsOf(saved(*database));
+    const Groups back = record(all, "LEADER");
+    EXPECT_EQ(valueOf(back, 76) + valueOf(back, 73) + valueOf(back, 75), "201");
+    EXPECT_EQ(valueOf(back, 340), "B4");
+    EXPECT_EQ(valueOf(back, 1040), "2.0");
+    EXPECT_EQ(valueOf(back, 40), "3.5") << "what the class does not hold stays";
+    const auto again = loadText(saved(*database));
+    const auto* leader = AcDbLeader::cast(modelSpace(*again).at(0));
+    ASSERT_NE(leader, nullptr);
+    EXPECT_TRUE(leader->lastVertex().isEqualTo({54, 40, 0}));
+    EXPECT_TRUE(leader->vertexAt(0).isEqualTo({0, 0, 0}));
+    AcDbExtents box;
+    ASSERT_EQ(modelSpace(*again).at(0)->getGeomExtents(box), Acad::eOk);
+    EXPECT_NEAR(box.maxPoint().x, 54 + 5, 1e-9) << "the hook line";
+}
+
+TEST(Foreign, WeldIsAliveHereAndABlockElsewhere) {
+    const auto database = loadText(fileWith("0 POINT|8 0|10 0|20 0"));
+    auto* const weld = new WeldSymbol({10, 20, 0}, {40, 60, 0}, 10);
+    ASSERT_EQ(weld->setDescription(L"filete 6 60-150 ambos campo cauda E70XX"), Acad::eOk);
+    append(*database, weld);
+    const Picture drawn = prancheta::pictureOf(*modelSpace(*database).at(1));
+    const std::string file = saved(*database);
+    EXPECT_EQ(countOf(groupsOf(file), "INSERT"), 1U);
+    const auto again = loadText(file);
+    ASSERT_NE(again, nullptr);
+    auto* const back = WeldSymbol::cast(modelSpace(*again).at(1));
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->description(), L"filete 6 60-150 ambos campo cauda E70XX");
+    EXPECT_TRUE(prancheta::pictureOf(*back) == drawn);
+    EXPECT_TRUE(saved(*again) == file);
 }
 
 TEST(Foreign, ReferenceWithAttributesKeepsThem) {
@@ -170,7 +257,7 @@ TEST(Foreign, MovedDimensionsShowTheirPictureWhereTheyAre) {
     transform(id, AcGeMatrix3d::translation({10, 0, 0}));
     Groups all = groupsOf(saved(*database));
     EXPECT_EQ(valueOf(record(all, "DIMENSION"), 2), "*D7");
-    EXPECT_EQ(shown(all, record(all, "DIMENSION")), "13.0,0.0 12,5 ");
+    EXPECT_EQ(shown(all, record(all, "DIMENSION")), "13.0,0.0 12.0,5.0 ");
     EXPECT_EQ(valueOf(record(all, "CIRCLE"), 5), "D3");
     EXPECT_EQ(countOf(all, "BLOCK"), 3U);
 
@@ -186,8 +273,8 @@ TEST(Foreign, MovedDimensionsShowTheirPictureWhereTheyAre) {
     all = groupsOf(text);
     const Groups mirrored = record(all, "DIMENSION", 13, "-10");
     ASSERT_FALSE(mirrored.empty());
-    EXPECT_EQ(shown(all, record(all, "DIMENSION", 5, "D9")), "3.0,0.0 2,5 ");
-    EXPECT_EQ(shown(all, mirrored), "-13.0,0.0 -12,5 ");
+    EXPECT_EQ(shown(all, record(all, "DIMENSION", 5, "D9")), "3.0,0.0 2.0,5.0 ");
+    EXPECT_EQ(shown(all, mirrored), "-13.0,0.0 -12.0,5.0 ");
     const auto back = loadText(text);
     ASSERT_NE(back, nullptr);
     EXPECT_TRUE(saved(*back) == text);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Texts: justification, mirrors.
+// Texts and paragraphs: justification, codes, mirrors.
+#include "dblead.h"
+#include "dbmtext.h"
 #include "fixture.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/text_metrics.h"
@@ -68,4 +70,128 @@ TEST_F(TextTest, CopiesAndInvalidValues) {
     EXPECT_TRUE(copy->textStyle() == database.textstyle());
     AcDbText standard({0, 0, 0}, L"x");
     EXPECT_EQ(standard.height(), 2.5);
+}
+
+namespace {
+
+std::unique_ptr<AcDbMText> paragraphs(const wchar_t* contents, double width = 0.0,
+                                      int attachment = 1) {
+    auto text = std::make_unique<AcDbMText>();
+    (void)text->setLocation({100, 50, 0});
+    (void)text->setTextHeight(3);
+    (void)text->setWidth(width);
+    (void)text->setAttachment(static_cast<AcDbMText::AttachmentPoint>(attachment));
+    (void)text->setContents(contents);
+    return text;
+}
+
+}  // namespace
+
+TEST_F(TextTest, CodesOfParagraphsAreDrawnAndNeverShown) {
+    struct Letters {
+        const wchar_t* text;
+        double below;  ///< baseline under the top, in heights of 3
+        double height;
+    };
+    struct Case {
+        const wchar_t* contents;
+        std::vector<Letters> letters;
+        std::size_t strokes;
+    };
+    // Lines are 5/3 of a height apart: baselines at 1 and at 2.667 heights.
+    const Case cases[] = {
+        {L"Viga \\\\ \\{1\\}", {{L"Viga \\ {1}", 1, 1}}, 0},
+        {L"a\\Pb", {{L"a", 1, 1}, {L"b", 8.0 / 3, 1}}, 0},
+        {L"{\\LA\\l}\\~B", {{L"%%uA%%u", 1, 1}, {L" B", 1, 1}}, 0},
+        {L"\\KA", {{L"A", 1, 1}}, 1},
+        {L"%%c 50 %%p1", {{L"%%c 50 %%p1", 1, 1}}, 0},
+        {L"A\\H2x;B", {{L"A", 2, 1}, {L"B", 2, 2}}, 0},
+        {L"A\\H1.5;B", {{L"A", 1, 1}, {L"B", 1, 0.5}}, 0},
+        // A fraction of half letters about the middle of the line: parts of 0.5, a gap of 0.25.
+        {L"X{\\H0.5x;\\A1;\\S1/2;}", {{L"X", 1.125, 1}, {L"1", 0.5, 0.5}, {L"2", 1.25, 0.5}}, 1},
+        {L"X{\\H0.5x;\\A1;\\S1^2;}", {{L"X", 1.125, 1}, {L"1", 0.5, 0.5}, {L"2", 1.25, 0.5}}, 0},
+        {L"\\Ssem barra;", {{L"sem barra", 1, 1}}, 0},
+        {L"\\fArial|b0|i0;\\W0.8;\\T1.2;\\A1;\\pxqc;A", {{L"A", 1, 1}}, 0},
+        {L"{{sem fim", {{L"sem fim", 1, 1}}, 0},
+        {L"fim}\\", {{L"fim\\", 1, 1}}, 0},
+        {L"\\H", {}, 0},
+    };
+    for (const Case& each : cases) {
+        const auto text = paragraphs(each.contents);
+        const Picture picture = pictureOf(*text);
+        const std::string which = std::to_string(&each - cases);
+        ASSERT_EQ(picture.size(), each.letters.size() + each.strokes) << which;
+        for (std::size_t i = 0; i < each.letters.size(); ++i) {
+            EXPECT_STREQ(picture[i].text(), each.letters[i].text) << which;
+            EXPECT_NEAR(picture[i].position().y, 50 - 3 * each.letters[i].below, 1e-9) << which;
+            EXPECT_NEAR(picture[i].height(), 3 * each.letters[i].height, 1e-9) << which;
+        }
+    }
+    const Picture styled = pictureOf(*paragraphs(L"\\fArial|b1|i1;\\C1;\\Q10;A\\C256;B"));
+    ASSERT_EQ(styled.size(), 4u) << "bold letters are struck twice";
+    EXPECT_EQ(styled[0].traits().color, 1);
+    EXPECT_EQ(styled[3].traits().color, 256);
+    EXPECT_NEAR(styled[0].oblique(), 25 * kPi / 180, 1e-12);
+    const Pieces pieces(*paragraphs(L"\\fArial|b1;A\\PB"));
+    ASSERT_EQ(pieces.count(), 2);
+    EXPECT_STREQ(pieces.as<AcDbText>(1)->textStringConst(), L"B");
+}
+
+TEST_F(TextTest, ParagraphsBreakAndStandAsAttached) {
+    // Letters of "um dois tres" are 0.9 (m 1.1), its blanks 0.5 of a height of 3.
+    const double words[] = {3 * (0.9 + 1.1), 3 * (3 * 0.9 + 0.5), 3 * (0.5 + 0.9 + 0.9 + 0.9)};
+    const double width = words[0] + 1.5 + words[1];
+    for (int attachment = 1; attachment <= 9; ++attachment) {
+        const int column = (attachment - 1) % 3;
+        const int row = (attachment - 1) / 3;
+        const auto text = paragraphs(L"um dois tres", width, attachment);
+        const Picture picture = pictureOf(*text);
+        ASSERT_EQ(picture.size(), 2u);
+        EXPECT_STREQ(picture[0].text(), L"um dois");
+        EXPECT_NEAR(text->actualWidth(), width, 1e-9);
+        EXPECT_NEAR(text->actualHeight(), 8, 1e-9);
+        EXPECT_TRUE(near(picture[0].position(), {100 - width * column / 2, 47 + 4.0 * row, 0}));
+        const double free = width - words[2];
+        EXPECT_NEAR(picture[1].position().x, picture[0].position().x + free * column / 2, 1e-9);
+        expectRoundTrip(*text);
+    }
+    // Mirrored left to right the frame stands on the other side and is read as before.
+    const auto text = paragraphs(L"A\\PB", 40);
+    EXPECT_EQ(text->transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0})), Acad::eOk);
+    EXPECT_TRUE(near(text->location(), {-100, 50, 0}));
+    EXPECT_EQ(text->attachment(), AcDbMText::kTopRight);
+    EXPECT_TRUE(text->direction().isEqualTo({1, 0, 0}));
+    EXPECT_TRUE(pictureOf(*copyOf(*text)) == pictureOf(*text));
+    // The grip of the far edge, which is the left one now, makes it wider.
+    AcDbIntArray second;
+    second.append(1);
+    EXPECT_EQ(text->moveGripPointsAt(second, {-5, 3, 0}), Acad::eOk);
+    EXPECT_NEAR(text->width(), 45, 1e-9);
+    EXPECT_EQ(text->setTextHeight(0), Acad::eInvalidInput);
+    EXPECT_EQ(text->setLineSpacingFactor(9), Acad::eOutOfRange);
+}
+
+TEST_F(TextTest, LeadersAreDrawnToTheirArrowAndHook) {
+    AcDbLeader leader;
+    for (const AcGePoint3d& p : {AcGePoint3d(0, 0, 0), {30, 40, 0}, {60, 40, 0}})
+        (void)leader.appendVertex(p);
+    (void)leader.setDimscale(2);
+    (void)leader.setHook(AcDbLeader::Hook::Along);
+    const Picture straight = pictureOf(leader);
+    ASSERT_EQ(straight.size(), 2u);
+    // The arrow of 2 x 2.5 lies on the first leg: its tail's middle at (3, 4).
+    const auto arrow = straight[0].points();
+    EXPECT_TRUE(near(arrow[0], {0, 0, 0}));
+    EXPECT_TRUE(near(arrow[1] + (arrow[2] - arrow[1]) * 0.5, {3, 4, 0}));
+    EXPECT_TRUE(near(straight[1].points().back(), {65, 40, 0}));
+    expectRoundTrip(leader);
+    // A curve goes through its points and ends where they do.
+    (void)leader.setSplined(true);
+    (void)leader.setHook(AcDbLeader::Hook::None);
+    const Picture curved = pictureOf(leader);
+    const auto path = curved[1].points();
+    EXPECT_TRUE(near(path[16], {30, 40, 0}));
+    EXPECT_TRUE(near(path.back(), {60, 40, 0}));
+    EXPECT_TRUE(pictureOf(*copyOf(leader)) == curved);
+    EXPECT_EQ(leader.setVertexAt(3, {}), Acad::eInvalidIndex);
 }

@@ -20,8 +20,9 @@ struct Memory {
     double referenceLength = 1.0;
     double newLength = 1.0;
     double circleRadius = 0.0;  ///< 0: none yet
-    double textHeight = 2.5;
     double textRotation = 0.0;
+    double cloudArc = 0.0;  ///< 0: none yet
+    AcDbObjectId lastText;  ///< last one of TEXT; null before
     double plineStartWidth = 0.0;
     double plineEndWidth = 0.0;
     double polygonSides = 4.0;

@@ -84,6 +84,11 @@ Prompt& Prompt::showing(const CommandContext& context,
     });
 }
 
+Prompt& Prompt::inPlace(const TextFrame& frame) {
+    m_request.inPlace = std::make_shared<const TextFrame>(frame);
+    return *this;
+}
+
 Prompt& Prompt::preview(std::function<void(const AcGePoint3d&, Picture&)> draw) {
     m_request.preview = std::move(draw);
     return *this;

@@ -47,6 +47,8 @@ public:
     /// The entity that the pointer's place would give is shown; null for none.
     Prompt& showing(const CommandContext& context,
                     std::function<std::unique_ptr<AcDbEntity>(const AcGePoint3d&)> make);
+    /// A text that may be edited where it stands.
+    Prompt& inPlace(const TextFrame& frame);
     /// The pointer comes in world coordinates.
     Prompt& preview(std::function<void(const AcGePoint3d&, Picture&)> draw);
     operator InputRequest() const { return m_request; }

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// FIND: finds words in texts, paragraphs, dimensions and attributes, and replaces them.
+#include <algorithm>
+
+#include "prancheta/base/text.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/commands/texts.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/picking.h"
+#include "prancheta/editor/scene.h"
+#include "prancheta/entities/paragraphs.h"
+
+namespace prancheta::commands {
+
+namespace {
+
+/// What is looked for; `instead` is not there when nothing is replaced.
+struct Search {
+    std::wstring wanted;
+    std::optional<std::wstring> instead;
+};
+
+/// The text with every place replaced, or nothing when there is none; `places` counts them. Codes
+/// of paragraphs are no letters: they are neither found nor changed.
+std::optional<std::wstring> replaced(const Words& words, const Search& search,
+                                     std::size_t& places) {
+    const std::wstring& text = words.text;
+    std::vector<std::size_t> at;
+    std::wstring shown = text;
+    if (words.paragraphs) {
+        at = letterPlaces(text);
+        shown.clear();
+        // A letter that needs its backslash is not found.
+        for (const std::size_t i : at) shown += i > 0 && text[i - 1] == L'\\' ? L'\0' : text[i];
+    }
+    const std::wstring folded = foldCase(shown);
+    const std::wstring wanted = foldCase(search.wanted);
+    const auto placeOf = [&](std::size_t i) { return words.paragraphs ? at[i] : i; };
+    std::wstring result;
+    std::size_t copied = 0;
+    std::size_t found = folded.find(wanted);
+    if (found == std::wstring::npos) return std::nullopt;
+    for (; found != std::wstring::npos; found = folded.find(wanted, found + wanted.size())) {
+        ++places;
+        result.append(text, copied, placeOf(found) - copied);
+        const std::wstring instead = search.instead.value_or(L"");
+        result += words.paragraphs ? withoutCodes(instead) : instead;
+        // Codes between the letters stay.
+        copied = placeOf(found) + 1;
+        for (std::size_t i = found + 1; i < found + wanted.size(); ++i) {
+            result.append(text, copied, placeOf(i) - copied);
+            copied = placeOf(i) + 1;
+        }
+    }
+    return result.append(text, copied);
+}
+
+struct Count {
+    std::size_t places = 0;
+    std::size_t locked = 0;
+    Ids objects;
+};
+
+Count searchAll(const Ids& ids, const Search& search) {
+    Count count;
+    for (const AcDbObjectId& id : ids) {
+        std::optional<std::wstring> changed;
+        std::size_t places = 0;
+        {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            if (entity.openStatus() != Acad::eOk) continue;
+            if (const std::optional<Words> words = wordsOf(*entity))
+                changed = replaced(*words, search, places);
+        }
+        if (!changed) continue;
+        if (search.instead) {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+            if (onLockedLayer(id) || entity.openStatus() != Acad::eOk ||
+                setWords(*entity, *changed) != Acad::eOk) {
+                ++count.locked;
+                continue;
+            }
+        }
+        count.places += places;
+        count.objects.push_back(id);
+    }
+    return count;
+}
+
+Task<InputValue> askText(CommandContext context, std::wstring question) {
+    co_return co_await context.ask(Prompt(InputKind::Text, question).wholeLine());
+}
+
+}  // namespace
+
+CommandTask find(CommandContext context) {
+    Ids ids = context.editor().selection().take();
+    if (ids.empty()) ids = entitiesOfSpace(context.editor());
+    const InputValue wanted = co_await askText(context, L"\nTexto a localizar: ");
+    if (wanted.status != RTNORM || wanted.text.empty()) co_return endOf(wanted.status);
+    const InputValue instead =
+        co_await askText(context, L"\nSubstituir por (\"\" apaga) <só localizar>: ");
+    if (instead.status == RTCAN) co_return CommandEnd::Cancelled;
+    Search search;
+    search.wanted = wanted.text;
+    if (instead.status == RTNORM && !instead.text.empty())
+        search.instead = instead.text == L"\"\"" ? std::wstring() : instead.text;
+    const Count count = searchAll(ids, search);
+    if (count.locked > 0)
+        say(context, counted(count.locked, L"objeto não pôde", L"objetos não puderam") +
+                         L" ser alterado por estar em camada bloqueada ou em uso.");
+    if (count.objects.empty() && count.locked == 0)
+        say(context, L"\"" + search.wanted + L"\" não foi encontrado.");
+    if (count.objects.empty()) co_return CommandEnd::Done;
+    const std::wstring where =
+        L" em " + counted(count.objects.size(), L"objeto", L"objetos") + L".";
+    if (search.instead) {
+        say(context,
+            counted(count.places, L"ocorrência substituída", L"ocorrências substituídas") + where);
+        co_return CommandEnd::Done;
+    }
+    say(context, counted(count.places, L"ocorrência", L"ocorrências") + where);
+    for (const AcDbObjectId& id : count.objects) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (const std::optional<Words> words = wordsOf(*entity)) {
+            const std::vector<std::wstring> lines = plainParagraphs(words->text);
+            say(context, L"  " + (words->paragraphs ? lines.front() : words->text));
+        }
+    }
+    // What was found is selected: grips show where it stands.
+    context.editor().selection().select(count.objects);
+    co_return CommandEnd::Done;
+}
+
+}  // namespace prancheta::commands

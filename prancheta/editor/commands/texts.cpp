@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+// What the commands that write and change texts share.
+#include "prancheta/editor/commands/texts.h"
+
+#include <cmath>
+
+#include "dbdim.h"
+#include "dbmtext.h"
+#include "dbsymtb.h"
+#include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/entities/weld_symbol.h"
+#include "prancheta/geometry/angles.h"
+
+namespace prancheta::commands {
+
+TextStyle textStyleOf(AcDbObjectId id) {
+    TextStyle style;
+    style.id = id;
+    style.name = L"Standard";
+    const AcDbObjectPointer<AcDbTextStyleTableRecord> record(id, AcDb::kForRead);
+    if (record.openStatus() != Acad::eOk) return style;
+    style.name = ObjectAccess::recordName(id);
+    style.height = record->textSize();
+    style.widthFactor = record->xScale();
+    style.oblique = record->obliquingAngle();
+    return style;
+}
+
+TextStyle currentTextStyle(const CommandContext& context) {
+    return textStyleOf(context.database().textstyle());
+}
+
+AcDbObjectId textStyleNamed(const CommandContext& context, const std::wstring& name) {
+    return ObjectAccess::lookup(context.database().textStyleTableId(), name);
+}
+
+Task<AcDbObjectId> askTextStyle(CommandContext context, AcDbObjectId byDefault) {
+    for (;;) {
+        const InputValue name = co_await context.ask(
+            Prompt(InputKind::Text,
+                   L"\nNome do estilo <" + ObjectAccess::recordName(byDefault) + L">: ")
+                .wholeLine());
+        if (name.status == RTCAN) co_return AcDbObjectId::kNull;
+        const std::wstring wanted(trim(std::wstring_view(name.text)));
+        if (name.status == RTNONE || wanted.empty()) co_return byDefault;
+        const AcDbObjectId id = textStyleNamed(context, wanted);
+        if (!id.isNull()) co_return id;
+        context.editor().complain(
+            L"O desenho não tem o estilo de texto \"" + wanted + L"\": ESTILO o cria.",
+            Complaint::Refused);
+    }
+}
+
+double offeredTextHeight(const CommandContext& context) {
+    return context.editor().variables().real(L"TEXTSIZE");
+}
+
+void keepTextHeight(const CommandContext& context, double height) {
+    (void)context.editor().variables().set(L"TEXTSIZE", height);  // it is positive
+}
+
+std::optional<std::vector<std::wstring>> linesInPlace(const std::wstring& answer) {
+    if (answer.empty() || answer.back() != L'\n') return std::nullopt;
+    std::vector<std::wstring> lines;
+    for (std::size_t from = 0; from < answer.size();) {
+        const std::size_t end = answer.find(L'\n', from);
+        lines.push_back(answer.substr(from, end - from));
+        from = end + 1;
+    }
+    while (!lines.empty() && lines.back().empty()) lines.pop_back();
+    return lines;
+}
+
+Task<TypedLines> askTextLines(CommandContext context, std::wstring prompt, const TextFrame* frame) {
+    TypedLines typed(RTNORM);
+    for (;;) {
+        Prompt line(InputKind::Text, typed.lines.empty() ? prompt : L"\nDigite o texto: ");
+        line.wholeLine();
+        if (typed.lines.empty()) line.inPlace(*frame);
+        const InputValue answer = co_await context.ask(line);
+        if (const auto all = linesInPlace(answer.text)) {
+            typed.lines = *all;
+            co_return typed;
+        }
+        typed.status = answer.status;
+        if (answer.status != RTNORM || answer.text.empty()) co_return typed;
+        typed.lines.push_back(answer.text);
+    }
+}
+
+std::wstring joinParagraphs(const std::vector<std::wstring>& lines) {
+    std::wstring contents;
+    for (const std::wstring& line : lines) {
+        if (&line != &lines.front()) contents += L"\\P";
+        contents += line;
+    }
+    return contents;
+}
+
+std::optional<Words> wordsOf(const AcDbEntity& entity) {
+    Words words;
+    if (const auto* const text = AcDbText::cast(&entity)) {
+        words.text = text->textStringConst();
+        words.frame.along = {std::cos(text->rotation()), std::sin(text->rotation()), 0.0};
+        words.frame.height = text->height();
+        words.frame.corner = text->position() +
+                             AcGeVector3d::kZAxis.crossProduct(words.frame.along) * text->height();
+    } else if (const auto* const paragraphs = AcDbMText::cast(&entity)) {
+        words.text = paragraphs->contentsConst();
+        words.paragraphs = words.frame.lines = true;
+        const int place = paragraphs->attachment() - 1;
+        const double width =
+            paragraphs->width() > 0.0 ? paragraphs->width() : paragraphs->actualWidth();
+        words.frame.along = paragraphs->direction();
+        words.frame.height = paragraphs->textHeight();
+        words.frame.width = paragraphs->width();
+        words.frame.corner = paragraphs->location() -
+                             paragraphs->direction() * (width * (place % 3) / 2.0) +
+                             paragraphs->normal().crossProduct(paragraphs->direction()) *
+                                 (paragraphs->actualHeight() * (place / 3) / 2.0);
+    } else if (const auto* const dimension = AcDbDimension::cast(&entity)) {
+        words.text = dimension->dimensionTextConst();
+        if (words.text.empty()) words.text = L"<>";
+        words.frame.corner = dimension->textPosition();
+        words.frame.height = 2.5 * dimension->dimscale();
+    } else if (const auto* const weld = WeldSymbol::cast(&entity)) {
+        words.text = weld->description();
+        words.frame.corner = weld->elbow();
+        words.frame.height = 2.5 * weld->scale();
+    } else {
+        return std::nullopt;
+    }
+    words.frame.text = words.text;
+    return words;
+}
+
+Acad::ErrorStatus setWords(AcDbEntity& entity, const std::wstring& text) {
+    if (auto* const line = AcDbText::cast(&entity)) return line->setTextString(text.c_str());
+    if (auto* const paragraphs = AcDbMText::cast(&entity))
+        return paragraphs->setContents(text.c_str());
+    if (auto* const dimension = AcDbDimension::cast(&entity))
+        return dimension->setDimensionText(text == L"<>" ? L"" : text.c_str());
+    if (auto* const weld = WeldSymbol::cast(&entity)) return weld->setDescription(text);
+    return Acad::eNotApplicable;
+}
+
+}  // namespace prancheta::commands
