@@ -89,6 +89,7 @@ void Canvas::resizeEvent(QResizeEvent*) {
 void Canvas::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     m_impl->paint(painter);
+    if (m_impl->textEditor != nullptr) m_impl->textEditor->place(m_impl->viewport);
 }
 
 void Canvas::timerEvent(QTimerEvent* event) {

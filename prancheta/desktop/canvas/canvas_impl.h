@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QPointer>
 
 #include <optional>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "prancheta/desktop/canvas/marks.h"
 #include "prancheta/desktop/canvas/sheet.h"
 #include "prancheta/desktop/canvas/sources.h"
+#include "prancheta/desktop/canvas/text_editor.h"
 #include "prancheta/desktop/canvas/viewport.h"
 
 namespace prancheta::desktop {
@@ -48,6 +50,10 @@ struct Canvas::Impl {
     void pan(const QPointF& by, Step step);
     void zoomExtents();
     void show(const View& view, Step step);
+
+    // --- Text edited in place --------------------------------------------------------------------
+    /// Null ends it.
+    void editText(const std::shared_ptr<const TextFrame>& frame);
 
     // --- Input -----------------------------------------------------------------------------------
     bool atCommand() const { return request != nullptr && request->kind == InputKind::Command; }
@@ -94,6 +100,7 @@ struct Canvas::Impl {
     std::vector<AcDbObjectId> knownPickfirst;
     std::optional<OpenFrame> frame;
     std::optional<QPointF> panFrom;
+    QPointer<TextEditor> textEditor;
     Step panStep = Step::First;
     QBasicTimer wheelRest;  ///< runs while turns of the wheel belong together
 

@@ -22,12 +22,38 @@ constexpr double kNotchAngle = 120.0;
 
 // --- The request --------------------------------------------------------------------------------
 
+void Canvas::Impl::editText(const std::shared_ptr<const TextFrame>& frame) {
+    if (textEditor != nullptr) {
+        textEditor->disconnect(&canvas);
+        textEditor->deleteLater();  // it may be what called
+        textEditor.clear();
+    }
+    if (frame == nullptr) return;
+    textEditor = new TextEditor(frame, &canvas);
+    const auto answerWith = [this](RawInput::Kind kind, const QString& lines) {
+        canvas.setFocus();
+        RawInput input;
+        input.kind = kind;
+        input.text = lines.toStdWString();
+        emit canvas.answered(input);
+    };
+    QObject::connect(
+        textEditor.data(), &TextEditor::finished, &canvas,
+        [answerWith](const QString& lines) { answerWith(RawInput::Kind::Text, lines); });
+    QObject::connect(textEditor.data(), &TextEditor::givenUp, &canvas,
+                     [answerWith] { answerWith(RawInput::Kind::Cancel, {}); });
+    textEditor->place(viewport);
+    textEditor->show();
+    textEditor->setFocus();
+}
+
 void Canvas::setRequest(const InputRequest* request) {
     Impl& d = *m_impl;
     d.request = request;
     d.frame.reset();
     d.hover = AcDbObjectId::kNull;
     update();
+    d.editText(request != nullptr && d.editor != nullptr ? request->inPlace : nullptr);
     if (request == nullptr || d.editor == nullptr) {
         d.ghost.clear();
         return;

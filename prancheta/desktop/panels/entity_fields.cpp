@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "dbdim.h"
+#include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
 #include "prancheta/base/text.h"
@@ -277,6 +278,42 @@ constexpr Field kDefinition[] = {
     {L"posicao_y", L"Posição Y", FieldKind::Length, textPoint<1>, setTextPoint<1>},
 };
 
+// --- Paragraphs ---------------------------------------------------------------------------------
+
+AcDbMText& asMText(AcDbEntity& e) { return static_cast<AcDbMText&>(e); }
+const AcDbMText& asMText(const AcDbEntity& e) { return static_cast<const AcDbMText&>(e); }
+
+FieldValue paragraphs(const AcDbEntity& e) { return text(asMText(e).contentsConst()); }
+Acad::ErrorStatus setParagraphs(AcDbEntity& e, const FieldValue& v) {
+    if (trim(std::wstring_view(v.text)).empty()) return Acad::eInvalidInput;
+    return asMText(e).setContents(v.text.c_str());
+}
+FieldValue paragraphStyle(const AcDbEntity& e) {
+    const AcDbObjectId own = asMText(e).textStyle();
+    return text(
+        recordName(own.isNull() && e.database() != nullptr ? e.database()->textstyle() : own));
+}
+Acad::ErrorStatus setParagraphStyle(AcDbEntity& e, const FieldValue& v) {
+    return asMText(e).setTextStyle(styleNamed<AcDbTextStyleTable>(e, v.text));
+}
+
+constexpr Field kMText[] = {
+    {L"conteudo", L"Conteúdo", FieldKind::Text, paragraphs, setParagraphs},
+    {L"estilo", L"Estilo", FieldKind::TextStyle, paragraphStyle, setParagraphStyle},
+    member<AcDbMText, &AcDbMText::textHeight, &AcDbMText::setTextHeight>(L"altura", L"Altura",
+                                                                         FieldKind::Positive),
+    member<AcDbMText, &AcDbMText::width, &AcDbMText::setWidth>(L"largura", L"Largura",
+                                                               FieldKind::Length),
+    member<AcDbMText, &AcDbMText::rotation, &AcDbMText::setRotation>(L"rotacao", L"Rotação",
+                                                                     FieldKind::Angle),
+    member<AcDbMText, &AcDbMText::lineSpacingFactor, &AcDbMText::setLineSpacingFactor>(
+        L"espacamento", L"Espaçamento de linha", FieldKind::Number),
+    coordinate<AcDbMText, &AcDbMText::location, &AcDbMText::setLocation, 0>(L"posicao_x",
+                                                                            L"Posição X"),
+    coordinate<AcDbMText, &AcDbMText::location, &AcDbMText::setLocation, 1>(L"posicao_y",
+                                                                            L"Posição Y"),
+};
+
 // --- Dimension ----------------------------------------------------------------------------------
 
 AcDbAlignedDimension& asDimension(AcDbEntity& e) { return static_cast<AcDbAlignedDimension&>(e); }
@@ -411,6 +448,7 @@ const ClassFields kClasses[] = {
     {AcDbArc::desc, L"Arco", kArc},
     {AcDbAttributeDefinition::desc, L"Definição de atributo", kDefinition},
     {AcDbText::desc, L"Texto", kText},
+    {AcDbMText::desc, L"Texto de parágrafos", kMText},
     {AcDbAlignedDimension::desc, L"Cota alinhada", kDimension},
     {AcDbPolyline::desc, L"Polilinha", kPolyline},
     {AcDbBlockReference::desc, L"Referência de bloco", kInsert},

@@ -180,7 +180,8 @@ void MainWindow::connectUi() {
         m_canvas->setRequest(m_ui->request());
         if (m_ui->idle()) showAll();
         // A question that an edit in a panel brings is answered where it stands.
-        if (!m_ui->idle() && !m_canvas->hasFocus()) m_commandLine->edit().setFocus();
+        const bool inCanvas = m_canvas->hasFocus() || m_ui->request()->inPlace != nullptr;
+        if (!m_ui->idle() && !inCanvas) m_commandLine->edit().setFocus();
         m_commandLine->edit().resume();
         if (!m_fileWanted.isEmpty()) QTimer::singleShot(0, this, &MainWindow::openWanted);
     });

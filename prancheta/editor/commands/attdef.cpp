@@ -6,6 +6,7 @@
 #include "prancheta/editor/commands/justification.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/commands/texts.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
@@ -82,17 +83,15 @@ Task<int> askPlace(CommandContext context, AcDbAttributeDefinition* definition) 
             .required());
     if (at.status == RTKWORD) at = co_await askJustifiedPoint(context, &justification);
     if (at.status != RTNORM) co_return RTCAN;
-    const AcDbObjectPointer<AcDbTextStyleTableRecord> style(context.database().textstyle(),
-                                                            AcDb::kForRead);
-    const double fixed = style.openStatus() == Acad::eOk ? style->textSize() : 0.0;
-    double height = fixed > 0.0 ? fixed : kept.textHeight;
-    if (fixed <= 0.0) {
+    const TextStyle style = currentTextStyle(context);
+    double height = style.height > 0.0 ? style.height : offeredTextHeight(context);
+    if (style.height <= 0.0) {
         const InputValue given = co_await context.ask(
             Prompt(InputKind::Distance, L"\nEspecifique a altura <" + lengthText(height) + L">: ")
                 .from(at.point)
                 .bits(RSG_NOZERO | RSG_NONEG));
         if (given.status == RTCAN) co_return RTCAN;
-        if (given.status == RTNORM) height = kept.textHeight = given.number;
+        if (given.status == RTNORM) keepTextHeight(context, height = given.number);
     }
     const InputValue turned = co_await context.ask(
         Prompt(InputKind::Angle, L"\nEspecifique o ângulo de rotação do texto <" +
@@ -101,10 +100,11 @@ Task<int> askPlace(CommandContext context, AcDbAttributeDefinition* definition) 
             .absolute());
     if (turned.status == RTCAN) co_return RTCAN;
     if (turned.status == RTNORM) kept.textRotation = turned.number;
-    (void)definition->setTextStyle(context.database().textstyle());
+    (void)definition->setTextStyle(style.id);
     (void)definition->setHeight(height);  // above 0
     (void)definition->setRotation(kept.textRotation);
-    if (style.openStatus() == Acad::eOk) (void)definition->setWidthFactor(style->xScale());
+    (void)definition->setWidthFactor(style.widthFactor);
+    (void)definition->setOblique(style.oblique);
     placeText(*definition, at.point, *justification);
     co_return RTNORM;
 }
