@@ -7,6 +7,7 @@
 #include "dbents.h"
 #include "dbpl.h"
 #include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/hatch_type.h"
 #include "prancheta/dxf/leader_type.h"
 #include "prancheta/dxf/mtext_type.h"
 #include "prancheta/geometry/angles.h"
@@ -365,6 +366,7 @@ std::span<const EntityType> entityTypes() {
         types.push_back(mtextType());
         types.push_back(leaderType());
         for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
+        types.push_back(hatchType());
         return types;
     }();
     return kTypes;

@@ -18,6 +18,7 @@ struct EntityType {
     /// True when the class holds all that the values and the remaining groups say; a type that does
     /// not suit is kept group by group instead.
     bool (*suits)(const Values& values, const Tags& rest);
+    /// Null when only the making shows that the type does not suit.
     std::unique_ptr<AcDbEntity> (*make)(const Values& values);
     void (*take)(const AcDbEntity& entity, Values& values);
 };

@@ -159,10 +159,11 @@ void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 o
 }
 
 void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
-    const RawTags& foreign = foreignOf(entity);
     if (const auto* const kept = ForeignEntity::cast(&entity))
         return writeForeign(*kept, kept->tags(), place);
     const EntityType& type = *entityTypeOf(entity);
+    RawTags foreign = foreignOf(entity);
+    dropUnknownGroups(m_version, type.name, foreign);
     m_values.reset(type.fields);
     type.take(entity, m_values);
     head(type.name, entity, place);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "prancheta/dxf/entity_head.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::dxf {
@@ -20,7 +21,9 @@ constexpr bool isPoint(Meaning meaning) {
 const Field* fieldOf(std::span<const Field> fields, int code, int& axis) {
     axis = 0;
     for (const Field& field : fields)
-        if (field.code == code && field.meaning != Meaning::Marker) return &field;
+        if (field.code == code && field.meaning != Meaning::Marker &&
+            field.meaning != Meaning::Ordered)
+            return &field;
     for (axis = 1; axis <= 2; ++axis)
         for (const Field& field : fields)
             if (isPoint(field.meaning) && field.code == code - 10 * axis) return &field;
@@ -30,6 +33,12 @@ const Field* fieldOf(std::span<const Field> fields, int code, int& axis) {
 constexpr bool isDefault(Meaning meaning) {
     return meaning == Meaning::Default || meaning == Meaning::DefaultText ||
            meaning == Meaning::DefaultHandle;
+}
+
+const Field* orderedOf(std::span<const Field> fields) {
+    for (const Field& field : fields)
+        if (field.meaning == Meaning::Ordered) return &field;
+    return nullptr;
 }
 
 const Field* markerOf(std::span<const Field> fields, std::string_view name) {
@@ -227,6 +236,9 @@ public:
                     m_out.integer(74, 0);
                 }
                 return;
+            case Meaning::Ordered:
+                for (const RawTag& tag : m_values.ordered) writeOrdered(tag);
+                return;
             case Meaning::Default:
             case Meaning::DefaultText:
             case Meaning::DefaultHandle:
@@ -241,6 +253,14 @@ private:
         return m_kept != nullptr &&
                std::any_of(m_kept->begin(), m_kept->end(),
                            [code](const RawTag& tag) { return tag.code == code; });
+    }
+
+    void writeOrdered(const RawTag& tag) {
+        double number = 0.0;
+        if (kindOf(tag.code) == ValueKind::Real && parseReal(tag.value, number))
+            m_out.real(tag.code, number);
+        else
+            m_out.raw(tag.code, tag.value);
     }
 
     void writeDefault(const Field& field) {
@@ -334,25 +354,6 @@ void writeKept(std::span<const Field> fields, const char* name, const RawTags& k
 
 }  // namespace
 
-double radiansOf(double degrees) { return degrees * (kPi / 180.0); }
-
-double degreesOf(double radians) {
-    const double plain = radians * (180.0 / kPi);
-    for (const double unit : {1e6, 1e10, 1e12}) {
-        const double rounded = std::nearbyint(plain * unit) / unit;
-        if (radiansOf(rounded) == radians) return rounded;
-    }
-    double low = plain;
-    double high = plain;
-    for (int i = 0; i < 3; ++i) {
-        if (radiansOf(low) == radians) return low;
-        if (radiansOf(high) == radians) return high;
-        low = std::nextafter(low, -1e300);
-        high = std::nextafter(high, 1e300);
-    }
-    return plain;
-}
-
 void Values::reset(std::span<const Field> fields) {
     for (AcGePoint3d& p : points) p = AcGePoint3d::kOrigin;
     for (std::wstring& text : texts) text.clear();
@@ -363,6 +364,8 @@ void Values::reset(std::span<const Field> fields) {
     normal = AcGeVector3d::kZAxis;
     vertices.clear();
     dashes.clear();
+    ordered.clear();
+    references.clear();
     for (const Field& field : fields) {
         if (field.meaning == Meaning::Real || field.meaning == Meaning::Degrees)
             reals[field.slot] = field.standard;
@@ -377,11 +380,18 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
     rest.clear();
     Tag segment{100, fields.empty() || fields[0].name == nullptr ? "" : fields[0].name};
     bool segmentKept = false;
+    const Field* ordered = orderedOf(fields);
     for (const Tag& tag : body) {
         if (tag.code == 100) {
             if (markerOf(fields, bare(tag.value)) == nullptr) return false;
             if (bare(tag.value) != segment.value) segmentKept = false;
             segment = {100, bare(tag.value)};
+            continue;
+        }
+        if (ordered != nullptr && tag.code == ordered->code) ordered = nullptr;
+        if (ordered != nullptr) {
+            if (!appendRaw(values.ordered, {tag}, names.charset(), fault)) return false;
+            if (tag.code == 330) values.references.push_back(names.byHandle(tag.value));
             continue;
         }
         int axis = 0;

@@ -12,6 +12,7 @@
 #include "prancheta/dxf/save_names.h"
 #include "prancheta/dxf/tag.h"
 #include "prancheta/dxf/tag_writer.h"
+#include "prancheta/geometry/degrees.h"
 
 namespace prancheta::dxf {
 
@@ -38,6 +39,8 @@ enum class Meaning : std::uint8_t {
     VertexStart,
     VertexEnd,
     VertexBulge,
+    Ordered,  ///< all groups of the type up to the first one of this code, as they stand: what they
+              ///< mean depends on where they are
     Dashes,   ///< 49, repeated, each followed by 74 0
     Default,  ///< whole number or real that the class does not hold: kept, or written as standard
     DefaultText,    ///< the same for a text, `name` is the standard
@@ -89,6 +92,8 @@ struct Values {
     AcGeVector3d normal = AcGeVector3d::kZAxis;
     std::vector<FieldVertex> vertices;
     std::vector<double> dashes;
+    RawTags ordered;
+    std::vector<AcDbObjectId> references;  ///< objects of the groups 330 among `ordered`
 
     /// Standard values of all fields, everything else empty.
     void reset(std::span<const Field> fields);
@@ -104,11 +109,5 @@ bool readFields(std::span<const Field> fields, const Tags& body, LoadNames& name
 /// which are what readFields() left in `rest`.
 void writeFields(std::span<const Field> fields, const Values& values, SaveNames& names,
                  TagWriter& out, const RawTags* kept, std::size_t first);
-
-/// Degrees that read back to exactly these radians, where there are such; otherwise what is read
-/// back gives the same degrees again.
-double degreesOf(double radians);
-/// Of any size.
-double radiansOf(double degrees);
 
 }  // namespace prancheta::dxf

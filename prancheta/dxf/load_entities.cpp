@@ -68,6 +68,7 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
     if (m_fault) return false;
     if (type == nullptr) return readForeign(record, owner);
     std::unique_ptr<AcDbEntity> entity = type->make(m_values);
+    if (entity == nullptr) return readForeign(record, owner);
     if (entity->isKindOf(AcDbDimension::desc()) && !isDrawnAsFiled(m_values.ids[0], m_head.xdata))
         return readForeign(record, owner);
     if (!keepExtra(*entity, m_rest)) return false;

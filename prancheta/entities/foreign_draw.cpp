@@ -9,6 +9,7 @@
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/ellipse.h"
 #include "prancheta/entities/foreign_types.h"
+#include "prancheta/entities/hatch_tags.h"
 #include "prancheta/entities/picture_entities.h"
 #include "prancheta/entities/tag_list.h"
 #include "prancheta/entities/text_layout.h"
@@ -119,12 +120,24 @@ struct TypeDrawing {
 };
 
 constexpr TypeDrawing kTypes[] = {
-    {"ELLIPSE", drawEllipse},      {"SPLINE", drawSpline},
-    {"HATCH", drawHatch},          {"3DFACE", drawFace},
-    {"POLYLINE", drawOldPolyline}, {"ATTRIB", drawAttribute},
-    {"TRACE", inPlane<drawTrace>}, {"SOLID", inPlane<drawTrace>},
-    {"TEXT", drawPlainText},       {"LWPOLYLINE", inPlane<drawLightPolyline>},
+    {"ELLIPSE", drawEllipse},
+    {"SPLINE", drawSpline},
+    {"3DFACE", drawFace},
+    {"POLYLINE", drawOldPolyline},
+    {"ATTRIB", drawAttribute},
+    {"TRACE", inPlane<drawTrace>},
+    {"SOLID", inPlane<drawTrace>},
+    {"TEXT", drawPlainText},
+    {"LWPOLYLINE", inPlane<drawLightPolyline>},
 };
+
+/// As far as its groups can be read.
+void drawHatch(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    AcDbHatch hatch;
+    (void)readHatch(entity.tags(), {}, hatch);
+    (void)hatch.setPropertiesFrom(&entity);
+    (void)hatch.worldDraw(&draw);
+}
 
 }  // namespace
 
@@ -132,6 +145,8 @@ void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     if (isDimension(entity.typeName())) return drawDimensionBlock(entity, draw);
     if (entity.typeName() == "INSERT") return drawInsert(entity, draw);
     if (entity.typeName() == "MTEXT") return drawMtext(entity, draw);
+    if (entity.typeName() == "HATCH" || entity.typeName() == "MPOLYGON")
+        return drawHatch(entity, draw);
     for (const TypeDrawing& type : kTypes)
         if (type.name == entity.typeName()) return type.draw(entity.tags(), draw.geometry());
 }

@@ -401,12 +401,6 @@ bool transformForeign(const std::string& typeName, RawTags& tags, const AcGeMatr
         movePolyline(tags, world);
         return true;
     }
-    if (typeName == "HATCH") {
-        const AcGeVector3d normal = planeNormal(tags);
-        moveHatch(tags, motionInPlane(world, normal));
-        if (!world.onlyMoves) moveNormal(tags, mappedNormal(m, normal), true);
-        return true;
-    }
     std::vector<RawTags> records = recordsOf(tags);
     for (RawTags& record : records) {
         const bool own = record[0].code != 0;

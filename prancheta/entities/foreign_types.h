@@ -16,7 +16,6 @@ void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw);
 
 /// Paragraphs in columns are shown in one.
 void drawMtext(const ForeignEntity& entity, AcGiWorldDraw& draw);
-void drawHatch(const RawTags& tags, AcGiGeometry& to);
 /// Text of one line, in the plane of its normal. The group of the vertical justification is 73 for
 /// texts, 74 for attributes.
 void drawText(const RawTags& tags, int verticalCode, AcGiGeometry& to);
@@ -32,7 +31,6 @@ void drawDimensionBlock(const ForeignEntity& entity, AcGiWorldDraw& draw);
 /// Moves, turns, scales and mirrors the groups of a type; texts stay readable. False, and no
 /// change, for an unknown type and for anything but a similarity.
 bool transformForeign(const std::string& typeName, RawTags& tags, const AcGeMatrix3d& m);
-void moveHatch(RawTags& tags, const Motion& inPlane);
 /// What a text has to do beyond moving its places: `before` is the entity as it was.
 void turnText(RawTags& tags, const RawTags& before, int verticalCode, const Motion& plane);
 void turnParagraphs(RawTags& tags, const RawTags& before, const Motion& world, const Motion&);

@@ -6,11 +6,10 @@
 #include <cmath>
 #include <memory>
 
-#include "dbpl.h"
+#include "dbhatch.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/entities/common.h"
-#include "prancheta/entities/foreign_entity.h"
 
 namespace prancheta {
 
@@ -75,34 +74,11 @@ void appendPline(const PrimitiveView& p, AcDbVoidPtrArray& out) {
 
 /// Solid hatch with one straight-sided path.
 std::unique_ptr<AcDbEntity> hatch(Points points) {
-    RawTags tags;
-    const auto text = [&](int code, std::string value) {
-        tags.push_back({code, std::move(value)});
-    };
-    const auto whole = [&](int code, std::size_t value) { text(code, std::to_string(value)); };
-    text(100, "AcDbHatch");
-    for (const int code : {10, 20}) whole(code, 0);
-    text(30, numberText(points[0].z));
-    for (const int code : {210, 220}) whole(code, 0);
-    whole(230, 1);
-    text(2, "SOLID");
-    whole(70, 1);
-    whole(71, 0);
-    whole(91, 1);
-    whole(92, 3);
-    whole(72, 0);
-    whole(73, 1);
-    whole(93, points.size());
-    for (const AcGePoint3d& p : points) {
-        text(10, numberText(p.x));
-        text(20, numberText(p.y));
-    }
-    whole(97, 0);
-    whole(75, 0);
-    whole(76, 1);
-    whole(98, 0);
-    auto entity = std::make_unique<ForeignEntity>();
-    (void)entity->setContent("HATCH", std::move(tags));
+    HatchLoop loop;
+    for (const AcGePoint3d& p : points) loop.vertices.push_back({p.x, p.y, 0.0});
+    auto entity = std::make_unique<AcDbHatch>();
+    (void)entity->setElevation(points[0].z);
+    (void)entity->setLoops({std::move(loop)});
     return entity;
 }
 

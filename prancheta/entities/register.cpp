@@ -5,6 +5,7 @@
 #include "dbdim.h"
 #include "dblead.h"
 #include "dbmtext.h"
+#include "dbhatch.h"
 #include "dbpl.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/register.h"
@@ -31,6 +32,7 @@ void registerEntityClasses() {
     AcDbBlockReference::rxInit();
     AcDbMInsertBlock::rxInit();
     AcDbPolyline::rxInit();
+    AcDbHatch::rxInit();
     AcDbDimension::rxInit();
     AcDbAlignedDimension::rxInit();
     AcDbRotatedDimension::rxInit();

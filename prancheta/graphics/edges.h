@@ -9,6 +9,9 @@
 
 namespace prancheta {
 
+/// Marks what fills an area: nobody snaps to its lines or takes them for a boundary.
+constexpr Adesk::GsMarker kFillMarker = -2;
+
 /// Straight segment, or arc in a plane of constant z (`sweep` not 0, signed, from `startAngle`).
 struct Edge {
     AcGePoint3d a;

@@ -14,7 +14,9 @@ namespace {
 
 using Points = std::vector<AcGePoint3d>;
 
-bool isCurve(const PrimitiveView& p) { return p.kind() != PrimitiveKind::Text; }
+bool isCurve(const PrimitiveView& p) {
+    return p.kind() != PrimitiveKind::Text && p.traits().marker != kFillMarker;
+}
 
 void appendEnds(const Edge& edge, Points& out) {
     if (edge.isCircle()) return;
@@ -65,6 +67,7 @@ std::optional<Edge> nearestEdge(const Picture& picture, const AcGePoint3d& pick)
     std::optional<Edge> best;
     double least = std::numeric_limits<double>::infinity();
     for (const PrimitiveView p : picture) {
+        if (!isCurve(p)) continue;
         forEachEdge(p, [&](const Edge& edge) {
             const double distance = planeDistance(nearestOn(edge, pick), pick);
             if (distance >= least) return;
@@ -176,10 +179,12 @@ Extent extentOf(const Edge& edge) {
 
 std::vector<Edge> edgesNear(const Picture& picture, const AcGePoint3d& near, double reach) {
     std::vector<Edge> edges;
-    for (const PrimitiveView p : picture)
+    for (const PrimitiveView p : picture) {
+        if (!isCurve(p)) continue;
         forEachEdge(p, [&](const Edge& edge) {
             if (planeDistance(nearestOn(edge, near), near) <= reach) edges.push_back(edge);
         });
+    }
     return edges;
 }
 

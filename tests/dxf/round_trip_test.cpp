@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Drawings loaded, saved and loaded again.
 #include "dbdim.h"
+#include "dbhatch.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
@@ -53,6 +54,9 @@ TEST(Entities, EachTypeComesBackGroupByGroup) {
         "0 SOLID|" + head +
             "100 AcDbTrace|10 0.0|20 0.0|30 0.0|11 1.0|21 0.0|31 0.0|12 0.0|22 1.0|32 "
             "0.0|13 1.0|23 1.0|33 0.0",
+        "0 HATCH|" + head +
+            "100 AcDbHatch|10 0.0|20 0.0|30 0.0|210 0.0|220 0.0|230 1.0|2 SOLID|70 1|71 0|91 1|92 "
+            "3|72 1|73 1|93 2|10 -5.0|20 0.0|42 1.0|10 5.0|20 0.0|42 1.0|97 0|75 0|76 1|98 0",
         "0 LINE|5 A1|330 1F|100 AcDbEntity|8 Perfis|6 Continuous|62 1|48 0.5|370 25|60 1|100 "
         "AcDbLine|10 "
         "0.0|20 0.0|30 0.0|11 1.0|21 0.0|31 0.0",
@@ -103,6 +107,29 @@ TEST(Entities, AnglesInDegreesStandStill) {
     ASSERT_EQ(entities.size(), angles.size());
     for (std::size_t i = 0; i < angles.size(); ++i)
         EXPECT_DOUBLE_EQ(static_cast<AcDbArc*>(entities[i])->startAngle(), angles[i]);
+}
+
+TEST(Entities, HatchesFollowTheObjectsOfTheirBoundary) {
+    const std::string head = "|330 1F|100 AcDbEntity|8 0|";
+    const std::string hatch =
+        "0 HATCH|5 B2" + head +
+        "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|71 1|91 1|92 1|93 1|72 2|10 "
+        "0|20 0|40 5|50 0|51 360|73 1|97 1|330 B3|75 0|76 1|52 0|41 1|77 0|78 1|53 45|43 0|44 0|45 "
+        "-2.2|46 2.2|79 0|98 1|10 0|20 0|0 CIRCLE|5 B3|102 {ACAD_REACTORS|330 B2|102 }" +
+        head + "100 AcDbCircle|10 0|20 0|30 0|40 5";
+    // The circle comes after the hatch that names it.
+    const auto database = loadText(fileWith(hatch));
+    ASSERT_NE(database, nullptr);
+    const auto all = modelSpace(*database);
+    ASSERT_EQ(all.size(), 2u);
+    const auto* const made = AcDbHatch::cast(all[0]);
+    ASSERT_NE(made, nullptr);
+    EXPECT_EQ(made->loops()[0].sources, std::vector{all[1]->objectId()});
+    const Groups after = record(groupsOf(saved(*database)), "HATCH");
+    const auto reference = std::ranges::find(after, Group{97, "1"});
+    ASSERT_NE(reference, after.end());
+    EXPECT_EQ(*std::next(reference), (Group{330, "B3"}));
+    EXPECT_EQ(valueOf(after, 45), "-2.2");
 }
 
 TEST(Dimensions, KeepPointsTextScaleAndStandStill) {

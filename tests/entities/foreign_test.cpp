@@ -67,20 +67,6 @@ void expectMovesAsDrawn(ForeignEntity& entity) {
     }
 }
 
-RawTags hatch(const char* solid) {
-    // Outer path: 10 x 10 square of edges whose right side is an arc bulging outwards; inner path:
-    // 2 x 2 square as a polyline.
-    return {{100, "AcDbHatch"}, {10, "0"},    {20, "0"},   {30, "0"},  {210, "0"},  {220, "0"},
-            {230, "1"},         {2, "SOLID"}, {70, solid}, {71, "0"},  {91, "2"},   {92, "1"},
-            {93, "4"},          {72, "1"},    {10, "0"},   {20, "0"},  {11, "10"},  {21, "0"},
-            {72, "2"},          {10, "10"},   {20, "5"},   {40, "5"},  {50, "270"}, {51, "450"},
-            {73, "1"},          {72, "1"},    {10, "10"},  {20, "10"}, {11, "0"},   {21, "10"},
-            {72, "1"},          {10, "0"},    {20, "10"},  {11, "0"},  {21, "0"},   {97, "0"},
-            {92, "2"},          {72, "0"},    {73, "1"},   {93, "4"},  {10, "4"},   {20, "4"},
-            {10, "6"},          {20, "4"},    {10, "6"},   {20, "6"},  {10, "4"},   {20, "6"},
-            {97, "0"},          {75, "0"},    {76, "1"},   {98, "1"},  {10, "1"},   {20, "1"}};
-}
-
 }  // namespace
 
 using ForeignTest = EntityTest;
@@ -148,32 +134,6 @@ TEST_F(ForeignTest, EllipsesAndSplines) {
         "SPLINE",
         {{71, "3"}, {40, "0"}, {10, "0"}, {20, "0"}, {30, "0"}, {10, "2"}, {20, "6"}, {30, "0"}});
     EXPECT_TRUE(near(boxOf(*broken).maxPoint(), {2, 6, 0}));
-}
-
-TEST_F(ForeignTest, HatchesAreFilledAroundTheirHoles) {
-    const auto solid = foreign("HATCH", hatch("1"));
-    const Picture picture = pictureOf(*solid);
-    ASSERT_EQ(picture.size(), 1u);
-    // Chords keep within a 500th of the radius 5.
-    EXPECT_TRUE(near(picture.extents().maxPoint(), {15, 10, 0}, 0.01));
-    EXPECT_EQ(distanceTo(picture, {2, 8, 0}), 0.0);
-    EXPECT_GT(distanceTo(picture, {5, 5.1, 0}), 0.5);
-    expectMovesAsDrawn(*solid);
-    const auto pattern = foreign("HATCH", hatch("0"));
-    EXPECT_EQ(pictureOf(*pattern).size(), 2u);
-    expectMovesAsDrawn(*pattern);
-}
-
-TEST_F(ForeignTest, ClockwiseEdgesOfHatchesGiveTheirAnglesClockwise) {
-    // Right half of a disc: clockwise from the top (90 = -270) over the right to the bottom.
-    const auto half =
-        foreign("HATCH",
-                {{30, "0"},  {70, "1"}, {91, "1"},   {92, "1"},   {93, "2"}, {72, "2"}, {10, "0"},
-                 {20, "0"},  {40, "5"}, {50, "270"}, {51, "450"}, {73, "0"}, {72, "1"}, {10, "0"},
-                 {20, "-5"}, {11, "0"}, {21, "5"},   {97, "0"},   {75, "0"}, {76, "1"}, {98, "0"}});
-    EXPECT_TRUE(near(boxOf(*half).minPoint(), {0, -5, 0}));
-    EXPECT_TRUE(near(boxOf(*half).maxPoint(), {5, 5, 0}, 0.01));
-    expectMovesAsDrawn(*half);
 }
 
 TEST_F(ForeignTest, OldPolylinesKeepTheirVerticesAndElevation) {
@@ -390,13 +350,6 @@ TEST_F(ForeignTest, GroupsGoWhereTheirMeaningSays) {
          "10 88|20 8|70 34|42 1.5|16 96|26 2|36 0|53 100"},
         {"DIMENSION", "10 4|20 6|70 38|42 4", "10 96|20 6|51 0|70 38|42 4",
          "10 88|20 8|51 270|70 38|42 8"},
-        {"HATCH",
-         "10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|91 0|75 0|76 1|52 0|41 1|77 0|78 1|53 "
-         "45|43 1|44 2|45 -2|46 2|79 0|98 1|10 3|20 4",
-         "10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|91 0|75 0|76 1|52 90|41 1|77 0|78 1|53 "
-         "135|43 99|44 2|45 2|46 2|79 0|98 1|10 97|20 4",
-         "10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|91 0|75 0|76 1|52 90|41 2|77 0|78 1|53 "
-         "135|43 96|44 2|45 -4|46 -4|79 0|98 1|10 92|20 6"},
         // The faces of a net have no places.
         {"POLYLINE", "70 64|0 VERTEX|70 192|10 1|20 2|30 3|0 VERTEX|70 128|10 0|20 0|30 0|71 1",
          "70 64|0 VERTEX|70 192|10 99|20 2|30 3|0 VERTEX|70 128|10 0|20 0|30 0|71 1",
@@ -432,12 +385,14 @@ TEST_F(ForeignTest, WhatCannotBeMovedStaysAsItWas) {
     EXPECT_TRUE(pictureOf(*unknown).empty());
     EXPECT_EQ(unknown->transformBy(AcGeMatrix3d::translation({1, 0, 0})), Acad::eNotApplicable);
     EXPECT_EQ(unknown->tags()[2].value, "1");
-    const auto solid = foreign("HATCH", hatch("1"));
-    const Picture before = pictureOf(*solid);
+    const auto face = foreign(
+        "3DFACE",
+        {{10, "0"}, {20, "0"}, {11, "2"}, {21, "0"}, {12, "2"}, {22, "1"}, {13, "0"}, {23, "1"}});
+    const Picture before = pictureOf(*face);
     AcGeMatrix3d stretched;
     stretched.entry[0][0] = 2.0;
-    EXPECT_EQ(solid->transformBy(stretched), Acad::eNotApplicable);
-    EXPECT_TRUE(pictureOf(*solid) == before);
+    EXPECT_EQ(face->transformBy(stretched), Acad::eNotApplicable);
+    EXPECT_TRUE(pictureOf(*face) == before);
     const auto copy = copyOf(*foreign("MTEXT", {{10, "1"}, {20, "2"}, {30, "0"}, {1, "Ø"}}));
     EXPECT_EQ(copy->typeName(), "MTEXT");
     ASSERT_EQ(copy->tags().size(), 4u);

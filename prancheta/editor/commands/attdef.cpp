@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // ATTDEF: what a block is to ask for when it is inserted.
 #include "dbents.h"
-#include "dbsymtb.h"
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/justification.h"
 #include "prancheta/editor/commands/memory.h"
