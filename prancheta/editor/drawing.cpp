@@ -7,6 +7,7 @@
 #include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
+#include "prancheta/editor/hatch_follower.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/editor/saved_view.h"
 
@@ -45,6 +46,7 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     m_dimensionTies = std::make_unique<DimensionTies>(*m_database);
     m_display = std::make_unique<DisplayList>(*m_database);
     m_appearances = std::make_unique<AppearanceTable>(*m_database);
+    m_hatches = std::make_unique<HatchFollower>(*m_database);
     DatabaseCore& core = m_database->core();
     if (former) keepSession(former->core().variables(), core.variables());
     core.onEntityAppended = [&core](const AcDbEntity& entity) {
@@ -61,6 +63,12 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
         {});
     m_typing.drawingReplaced();
     m_file.begin(std::move(fileName));
+}
+
+void Editor::followHatches(Step step) {
+    if (step == Step::Other) return m_hatches->forget();
+    const std::wstring told = m_hatches->follow(*m_display);
+    if (!told.empty()) print(told);
 }
 
 void Editor::tellOpened() {

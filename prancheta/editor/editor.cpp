@@ -10,6 +10,7 @@
 #include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/events.h"
+#include "prancheta/editor/hatch_follower.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/editor/scene.h"
 #include "protocol/answers.h"

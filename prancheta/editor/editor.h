@@ -29,6 +29,7 @@ class AppearanceTable;
 class CommandStack;
 class DimensionTies;
 class DisplayList;
+class HatchFollower;
 class ModuleTable;
 
 /// Group under which the built-in commands are registered.
@@ -77,6 +78,10 @@ public:
     /// none). Refused while a module's command runs.
     Result<void> replaceDrawing(std::unique_ptr<AcDbDatabase> database,
                                 std::filesystem::path fileName);
+    /// Hatches follow what a step of undo changed, inside it; not after a step that was no such
+    /// one.
+    enum class Step { Undoable, Other };
+    void followHatches(Step step);
     /// Called after the drawing was replaced.
     std::function<void()> onDrawingReplaced;
 
@@ -117,6 +122,7 @@ private:
     UserInterface& m_ui;
     std::unique_ptr<AcDbDatabase> m_database;
     std::unique_ptr<DisplayList> m_display;
+    std::unique_ptr<HatchFollower> m_hatches;
     std::unique_ptr<AppearanceTable> m_appearances;
     std::unique_ptr<DimensionTies> m_dimensionTies;
     std::unique_ptr<CommandStack> m_commands;

@@ -2,6 +2,7 @@
 // LINE, CIRCLE, ARC, POINT, TEXT, DIMALIGNED.
 #include <cmath>
 
+#include "dbhatch.h"
 #include "prancheta/geometry/angles.h"
 #include "tests/builtin/script_ui.h"
 
@@ -251,6 +252,72 @@ TEST_F(Draw, DimensionOfACircleThatWasNotPicked) {
     ASSERT_NE(dimension.object(), nullptr);
     EXPECT_DOUBLE_EQ(dimension->measurement(), 50);
     expectPoint(dimension->xLine2Point(), 25, 0);
+}
+
+double hatchedArea(AcDbObjectId id) {
+    double area = 0.0;
+    const Read<AcDbHatch> hatch(id);
+    if (hatch.object() != nullptr) (void)hatch->getArea(area);
+    return area;
+}
+
+TEST_F(Draw, HatchesFillWhatIsClosedAndFollowIt) {
+    // A box of 10 x 6 with a gap of 3.2; closed; with a hole.
+    type({L"line", L"0,0", L"10,0", L"10,6", L"0,6", L"0,3.2", L"", L"hachura", L"3,3", L""});
+    EXPECT_TRUE(said(L"O contorno não está fechado: a maior abertura, 3,2 mm, está em 0.0,1.6."));
+    EXPECT_EQ(count(), 4u);
+    type({L"line", L"0,3.2", L"0,0", L"", L"circle", L"5,3", L"1", L"_hatch", L"1,3", L""});
+    EXPECT_TRUE(said(L"Área = 56,86"));
+    const AcDbObjectId box = last();
+    const AcDbObjectId hole = entities()[5];
+    const auto scale = [&](AcDbObjectId id, const wchar_t* about) {
+        editor->selection().select({id});
+        type({L"scale", about, L"2"});
+    };
+    EXPECT_NEAR(hatchedArea(box), 60.0 - kPi, 1e-9);
+    // The hole twice as wide; the area of what touches nothing is that of the open.
+    scale(hole, L"5,3");
+    EXPECT_NEAR(hatchedArea(box), 60.0 - 4.0 * kPi, 1e-9);
+    type({L"u"});
+    EXPECT_NEAR(hatchedArea(box), 60.0 - kPi, 1e-9);
+    // Its copy with its boundary follows the copies; one without stands alone.
+    type({L"_copyclip", L"_all", L"", L"_pasteclip", L"100,0"});
+    scale(entities()[12], L"105,3");
+    EXPECT_NEAR(hatchedArea(last()), 60.0 - 4.0 * kPi, 1e-9);
+    EXPECT_NEAR(hatchedArea(box), 60.0 - kPi, 1e-9);
+    // Moved off its boundary, or left by it, it goes on alone.
+    type({L"move", L"_l", L"", L"0,0", L"0,50"});
+    EXPECT_TRUE(said(L"A hachura foi separada do contorno"));
+    editor->selection().select({hole});
+    type({L"erase"});
+    EXPECT_TRUE(said(L"Um objeto do contorno foi apagado"));
+    EXPECT_NEAR(hatchedArea(box), 60.0 - kPi, 1e-9);
+    EXPECT_FALSE(Read<AcDbHatch>(box)->associative());
+}
+
+TEST_F(Draw, HatchPropertiesSelectionAndUndo) {
+    type({L"circle", L"0,0",  L"10",       L"circle", L"0,0", L"5",    L"_hatch", L"p",
+          L"p",      L"nada", L"concrete", L"p",      L"e",   L"0.5",  L"p",      L"a",
+          L"30",     L"p",    L"s",        L"n",      L"s",   L"_all", L"",       L""});
+    EXPECT_TRUE(said(L"Não existe o padrão \"nada\"."));
+    EXPECT_NEAR(hatchedArea(last()), kPi * 75.0, 1e-9);
+    {
+        const Read<AcDbHatch> hatch(last());
+        EXPECT_EQ(hatch->patternName(), L"CONCRETO");
+        EXPECT_EQ(hatch->patternScale(), 0.5);
+        EXPECT_NEAR(hatch->patternAngle(), kPi / 6, 1e-12);
+        EXPECT_FALSE(hatch->associative());
+    }
+    // Too dense to be lines at all; undone; what was selected before is hatched at once.
+    type({L"_hatch", L"_p", L"_s", L"0.00001", L"7,0", L"_p", L"_s", L"1", L"7,0", L"_u", L""});
+    EXPECT_TRUE(said(L"O padrão é denso demais para esta área"));
+    EXPECT_EQ(count(), 3u);
+    type({L"_hatch", L"100,0", L""});
+    EXPECT_TRUE(said(L"Nenhum contorno fechado em volta deste ponto."));
+    editor->selection().select({entities()[1]});
+    type({L"_hatch"});
+    EXPECT_NEAR(hatchedArea(last()), kPi * 25.0, 1e-9);
+    EXPECT_FALSE(editor->runner().active());
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"CIRCLE",      L"CÍRCULO",      kModal,   commands::circle},
     {L"ARC",         L"ARCO",         kModal,   commands::arc},
     {L"POINT",       L"PONTO",        kModal,   commands::point},
+    {L"HATCH",       L"HACHURA",      kPickset, commands::hatch},
     {L"TEXT",        L"TEXTO",        kModal,   commands::text},
     {L"MTEXT",       L"TEXTOM",       kModal,   commands::mtext},
     {L"LEADER",      L"DIRETRIZ",     kModal,   commands::leader},

@@ -47,6 +47,7 @@ CommandTask extendObjects(CommandContext context);
 CommandTask fillet(CommandContext context);
 CommandTask find(CommandContext context);
 CommandTask grips(CommandContext context);
+CommandTask hatch(CommandContext context);
 CommandTask help(CommandContext context);
 CommandTask insert(CommandContext context);
 CommandTask join(CommandContext context);
