@@ -3,11 +3,14 @@
 #include "prancheta/editor/drawing_file.h"
 
 #include <limits>
+#include <map>
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
+#include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/foreign_shapes.h"
 
 namespace prancheta {
 namespace {
@@ -30,12 +33,34 @@ Result<std::unique_ptr<AcDbDatabase>> readDrawing(Editor& editor, const std::fil
     return loaded;
 }
 
+std::wstring notShown(const AcDbDatabase& database) {
+    std::map<std::string, std::size_t> types;
+    std::size_t count = 0;
+    for (const AcDbObjectId id : database.core().modelSpace()) {
+        const AcDbObjectPointer<ForeignEntity> entity(id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk || isShownForeign(entity->typeName())) continue;
+        ++types[entity->typeName()];
+        ++count;
+    }
+    if (count == 0) return {};
+    std::wstring line = std::to_wstring(count) + (count == 1 ? L" objeto não é mostrado: "
+                                                             : L" objetos não são mostrados: ");
+    const wchar_t* before = L"";
+    for (const auto& [type, times] : types) {
+        line += before + toWide(type) + L" " + std::to_wstring(times);
+        before = L", ";
+    }
+    return line + L".";
+}
+
 void printFindings(Editor& editor, const dxf::LoadReport& report) {
     for (const dxf::Finding& finding : report.findings) {
         const std::wstring where =
             finding.line > 0 ? L"Linha " + std::to_wstring(finding.line) + L": " : std::wstring();
         editor.print(where + toWide(finding.text) + L"\n");
     }
+    if (const std::wstring line = notShown(editor.database()); !line.empty())
+        editor.print(line + L"\n");
 }
 
 bool DrawingFile::changedOutside() const {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Draws foreign entities from their groups.
+#include <algorithm>
 #include <cmath>
 
 #include "dbents.h"
@@ -8,9 +9,11 @@
 #include "prancheta/entities/block_content.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/ellipse.h"
+#include "prancheta/entities/foreign_shapes.h"
 #include "prancheta/entities/foreign_types.h"
 #include "prancheta/entities/hatch_tags.h"
 #include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/polyline_width.h"
 #include "prancheta/entities/tag_list.h"
 #include "prancheta/entities/text_layout.h"
 #include "prancheta/graphics/picture_recorder.h"
@@ -40,7 +43,7 @@ void drawSpline(const RawTags& tags, AcGiGeometry& to) {
     const Points control = findPoints(tags, 10);
     appendSpline(findWhole(tags, 71, 3), findNumbers(tags, 40), control, findNumbers(tags, 41),
                  points);
-    if (points.empty()) points = findPoints(tags, 11);
+    if (points.empty() && findPoints(tags, 11).size() > 1) return drawFitPoints(tags, to);
     polyline(points.empty() ? control : points, to);
 }
 
@@ -81,14 +84,16 @@ void drawLightPolyline(const RawTags& tags, AcGiGeometry& to) {
 void drawPlainText(const RawTags& tags, AcGiGeometry& to) { drawText(tags, 73, to); }
 void drawAttribute(const RawTags& tags, AcGiGeometry& to) { drawText(tags, 74, to); }
 
-/// POLYLINE with its VERTEX records. Meshes are not drawn.
+/// POLYLINE with its VERTEX records.
 void drawOldPolyline(const RawTags& tags, AcGiGeometry& to) {
     constexpr int kClosed = 1;
     constexpr int k3d = 8;
     constexpr int kMeshes = 16 | 64;
     constexpr int kFrameOfSpline = 16;
     const int flags = findWhole(tags, 70, 0);
-    if ((flags & kMeshes) != 0) return;
+    if ((flags & kMeshes) != 0) return drawNet(tags, to);
+    const SegmentWidth usual{findNumber(tags, 40, 0.0), findNumber(tags, 41, 0.0)};
+    std::vector<SegmentWidth> widths;
     Points points;
     std::vector<double> bulges;
     for (const RawTags& record : recordsOf(tags)) {
@@ -97,12 +102,14 @@ void drawOldPolyline(const RawTags& tags, AcGiGeometry& to) {
         if (!vertex || (findWhole(record, 70, 0) & kFrameOfSpline) != 0) continue;
         points.push_back(findPoint(record, 10));
         bulges.push_back((flags & k3d) != 0 ? 0.0 : findNumber(record, 42, 0.0));
+        widths.push_back({findNumber(record, 40, usual.start), findNumber(record, 41, usual.end)});
     }
     if (points.empty()) return;
     const AcGeVector3d normal = (flags & k3d) != 0 ? AcGeVector3d::kZAxis : planeNormal(tags);
     to.pushModelTransform(planeToWorld(normal));
     to.pline(static_cast<Adesk::UInt32>(points.size()), points.data(), bulges.data(),
              (flags & kClosed) != 0);
+    if ((flags & k3d) == 0) drawWidths(points, bulges, widths, (flags & kClosed) != 0, to);
     to.popModelTransform();
 }
 
@@ -129,6 +136,12 @@ constexpr TypeDrawing kTypes[] = {
     {"SOLID", inPlane<drawTrace>},
     {"TEXT", drawPlainText},
     {"LWPOLYLINE", inPlane<drawLightPolyline>},
+    {"MESH", drawMesh},
+    {"MLINE", drawMline},
+    {"MULTILEADER", drawMultileader},
+    {"TOLERANCE", drawTolerance},
+    {"IMAGE", drawImageFrame},
+    {"WIPEOUT", drawImageFrame},
 };
 
 /// As far as its groups can be read.
@@ -140,6 +153,12 @@ void drawHatch(const ForeignEntity& entity, AcGiWorldDraw& draw) {
 }
 
 }  // namespace
+
+bool isShownForeign(std::string_view typeName) {
+    const bool special = isDimension(typeName) || typeName == "INSERT" || typeName == "HATCH" ||
+                         typeName == "MPOLYGON";
+    return special || std::ranges::find(kTypes, typeName, &TypeDrawing::name) != std::end(kTypes);
+}
 
 void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     if (isDimension(entity.typeName())) return drawDimensionBlock(entity, draw);

@@ -3,6 +3,7 @@
 #include "fixture.h"
 #include "prancheta/base/text.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/foreign_shapes.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/hit.h"
 #include "prancheta/graphics/text_metrics.h"
@@ -377,6 +378,89 @@ TEST_F(ForeignTest, GroupsGoWhereTheirMeaningSays) {
         ASSERT_EQ(turned->transformBy(turn), Acad::eOk);
         EXPECT_EQ(textOf(turned->tags()), each.turned) << each.type;
     }
+}
+
+TEST_F(ForeignTest, ShapesOfOtherProgramsAreShown) {
+    struct Case {
+        const char* type;
+        const char* groups;
+        AcGePoint3d low, high;
+        std::size_t primitives;
+    };
+    const Case cases[] = {
+        // Two elements, 1 to the left and 2 to the right of a bent line.
+        {"MLINE",
+         "70 1|71 1|72 2|73 2|10 0|20 0|30 0|11 0|21 0|31 0|12 1|22 0|32 0|13 0|23 1|33 0|74 2|41 "
+         "1|41 0|75 0|74 2|41 -2|41 0|75 0|11 9|21 0|31 0|12 1|22 0|32 0|13 0|23 1|33 0|74 2|41 "
+         "1|41 0|75 0|74 2|41 -2|41 0|75 0",
+         {0, -2, 0},
+         {9, 1, 0},
+         2},
+        // A leader of two points with its landing and the shelf of 3; the arrow is 1 long.
+        {"MULTILEADER",
+         "300 CONTEXT_DATA{|40 1|10 0|20 0|30 0|140 1|302 LEADER{|10 8|20 6|30 0|11 1|21 0|31 0|40 "
+         "3|304 LEADER_LINE{|10 0|20 0|30 0|305 }|303 }|301 }",
+         {0, 0, 0},
+         {11, 6, 0},
+         3},
+        // 40 x 20 pixels of 0.5: the frame; clipped to a triangle, counted downwards.
+        {"IMAGE",
+         "10 1|20 2|30 0|11 0.5|21 0|31 0|12 0|22 0.5|32 0|13 40|23 20",
+         {1, 2, 0},
+         {21, 12, 0},
+         1},
+        {"WIPEOUT",
+         "10 0|20 0|30 0|11 10|21 0|31 0|12 0|22 10|32 0|13 1|23 1|71 2|91 3|14 -0.5|24 -0.5|14 "
+         "0|24 -0.5|14 -0.5|24 0",
+         {0, 5, 0},
+         {5, 10, 0},
+         1},
+        // A square of two triangles: each with its three edges.
+        {"MESH",
+         "71 2|72 0|91 0|92 4|10 0|20 0|30 0|10 4|20 0|30 0|10 4|20 3|30 0|10 0|20 3|30 0|93 8|90 "
+         "3|90 0|90 1|90 2|90 3|90 0|90 2|90 3|94 0|95 0",
+         {0, 0, 0},
+         {4, 3, 0},
+         6},
+        // The same as faces, the diagonal hidden in both.
+        {"POLYLINE",
+         "70 64|71 4|72 2|0 VERTEX|70 192|10 0|20 0|30 0|0 VERTEX|70 192|10 4|20 0|30 0|0 "
+         "VERTEX|70 192|10 4|20 3|30 0|0 VERTEX|70 192|10 0|20 3|30 0|0 VERTEX|70 128|10 0|20 "
+         "0|30 0|71 1|72 2|73 -3|0 VERTEX|70 128|10 0|20 0|30 0|71 -1|72 3|73 4|0 SEQEND",
+         {0, 0, 0},
+         {4, 3, 0},
+         4},
+        // A net of 2 x 3.
+        {"POLYLINE",
+         "70 16|71 2|72 3|0 VERTEX|70 64|10 0|20 0|30 0|0 VERTEX|70 64|10 1|20 0|30 0|0 VERTEX|70 "
+         "64|10 2|20 0|30 0|0 VERTEX|70 64|10 0|20 5|30 0|0 VERTEX|70 64|10 1|20 5|30 0|0 "
+         "VERTEX|70 64|10 2|20 5|30 0|0 SEQEND",
+         {0, 0, 0},
+         {2, 5, 0},
+         5},
+        // A polyline 2 wide all along.
+        {"POLYLINE",
+         "70 0|40 2|41 2|0 VERTEX|70 0|10 0|20 0|30 0|0 VERTEX|70 0|10 9|20 0|30 0|0 SEQEND",
+         {0, -1, 0},
+         {9, 1, 0},
+         2},
+    };
+    for (const Case& c : cases) {
+        const auto entity = foreign(c.type, tagsOf(c.groups));
+        const Picture picture = pictureOf(*entity);
+        EXPECT_EQ(picture.size(), c.primitives) << c.groups;
+        EXPECT_TRUE(near(picture.extents().minPoint(), c.low)) << c.groups;
+        EXPECT_TRUE(near(picture.extents().maxPoint(), c.high)) << c.groups;
+    }
+    // Through four fit points of a circle, and never far from it: a smooth curve.
+    const Picture curve = pictureOf(*foreign(
+        "SPLINE", tagsOf("70 1|71 3|74 4|11 10|21 0|31 0|11 0|21 10|31 0|11 -10|21 0|31 0|11 0|21 "
+                         "-10|31 0")));
+    ASSERT_EQ(curve.size(), 1u);
+    EXPECT_GT(curve[0].points().size(), 40u);
+    for (const AcGePoint3d& p : curve[0].points()) EXPECT_NEAR(std::hypot(p.x, p.y), 10.0, 1.2);
+    EXPECT_FALSE(isShownForeign("OLE2FRAME"));
+    EXPECT_TRUE(isShownForeign("MPOLYGON") && isShownForeign("ARC_DIMENSION"));
 }
 
 TEST_F(ForeignTest, WhatCannotBeMovedStaysAsItWas) {

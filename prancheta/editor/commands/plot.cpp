@@ -184,6 +184,7 @@ CommandTask plot(CommandContext context) {
         context.editor().complain(toWide(plotted.error().message()));
         co_return CommandEnd::Failed;
     }
+    if (const std::wstring line = notShown(context.database()); !line.empty()) say(context, line);
     say(context, L"Plotado em " + toWide(file.string()));
     co_return CommandEnd::Done;
 }

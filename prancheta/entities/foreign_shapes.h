@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// Entities of other programs that have no class here, drawn from their groups.
+#pragma once
+
+#include <string_view>
+
+#include "acgi.h"
+#include "prancheta/database/database_core.h"
+
+namespace prancheta {
+
+/// Through its fit points, smoothly.
+void drawFitPoints(const RawTags& tags, AcGiGeometry& to);
+/// POLYLINE that is a net or a body of faces, with its VERTEX records: its edges.
+void drawNet(const RawTags& tags, AcGiGeometry& to);
+/// MESH: the edges of its faces, not refined.
+void drawMesh(const RawTags& tags, AcGiGeometry& to);
+/// The lines of its elements.
+void drawMline(const RawTags& tags, AcGiGeometry& to);
+/// Its leaders with their arrows, and its text.
+void drawMultileader(const RawTags& tags, AcGiGeometry& to);
+/// Its text in a frame.
+void drawTolerance(const RawTags& tags, AcGiGeometry& to);
+/// IMAGE, WIPEOUT and what else is a picture in a frame: the frame, clipped where it is.
+void drawImageFrame(const RawTags& tags, AcGiGeometry& to);
+
+/// Whether entities of this type that are kept group by group are drawn at all.
+bool isShownForeign(std::string_view typeName);
+
+}  // namespace prancheta
