@@ -34,7 +34,8 @@ public:
 protected:
     void wireOwnTiles(ads_hdlg dialog) override;
     void showOwnTiles(ads_hdlg dialog) override;
-    std::optional<Fault> acceptFault(ads_hdlg dialog) override;
+    std::optional<Fault> fault() override;
+    std::optional<Fault> lace(const PecaOrder& order) override;
     ChapaLaying chapaLaying() override;
     bool travejamentoSuits() override { return isTravejada() && chapaFits(); }
     void takePeca(const PecaValues& peca) override;
@@ -46,6 +47,7 @@ protected:
 private:
     void onTravejamento(const ads_callback_packet& packet);
     void onPlanes(const ads_callback_packet& packet);
+    TravejamentoLimites limits();
     void keepSpacing();
     bool isTravejada();
     bool chapaFits() { return m_A == 0.0 || m_A <= m_rule.maxAltura(state().medidas); }
@@ -80,19 +82,45 @@ void BuiltUpRun::onPlanes(const ads_callback_packet& packet) {
         m_planes = static_cast<TravejamentoPlanes>(choice);
 }
 
+TravejamentoLimites BuiltUpRun::limits() {
+    const Medidas& medidas = state().medidas;
+    const VistasChoice& vistas = state().vistas;
+    TravejamentoLimites limits;
+    limits.somenteAltura = vistas.secaoOnly ? 1 : 0;
+    limits.pickngo = vistas.pickAndGo ? 1 : 0;
+    limits.alturaEditavel = m_rule.chapaAltura == ChapaAltura::kUser ? 1 : 0;
+    limits.comp = vistas.comprimento;
+    limits.minA = m_rule.minAltura(medidas);
+    limits.maxA = m_rule.maxAltura(medidas);
+    return limits;
+}
+
+std::optional<Fault> BuiltUpRun::lace(const PecaOrder& order) {
+    const bool userAltura = m_rule.chapaAltura == ChapaAltura::kUser;
+    const double given = state().medidas.a;
+    const OrderedChapas& chapas = *order.chapas;
+    if (userAltura && !chapas.A) return Fault{L"Falta A, a altura das chapas.", L"altura"};
+    if (!userAltura && chapas.A && *chapas.A != given)
+        return Fault{L"A deve ser igual a " + texts::withPoint(given, 2), L"altura"};
+    const TravejamentoParams params{chapas.A.value_or(given), chapas.C, chapas.n};
+    if (std::optional<Fault> fault = travejamentoFault(params, limits())) return fault;
+    m_A = params.A;
+    m_C = params.C;
+    m_L1 = chapas.spacing;
+    if (m_L1 <= 0.0) (void)CalcEspacamento(params, state().vistas.comprimento, m_L1);
+    if (!order.plano) return {};
+    if (!m_rule.choosesPlanes || *order.plano < 0 || *order.plano > 2)
+        return Fault{L"Só as duas cantoneiras em cruz têm planos: 0, 1 ou 2.", L"plano"};
+    m_planes = static_cast<TravejamentoPlanes>(*order.plano + 1);
+    return {};
+}
+
 void BuiltUpRun::onTravejamento(const ads_callback_packet& packet) {
     readMedidas(packet.dialog);
     keepSpacing();
     const Medidas& medidas = state().medidas;
     const VistasChoice& vistas = state().vistas;
     const bool userAltura = m_rule.chapaAltura == ChapaAltura::kUser;
-    TravejamentoLimites limits;
-    limits.somenteAltura = vistas.secaoOnly ? 1 : 0;
-    limits.pickngo = vistas.pickAndGo ? 1 : 0;
-    limits.alturaEditavel = userAltura ? 1 : 0;
-    limits.comp = vistas.comprimento;
-    limits.minA = m_rule.minAltura(medidas);
-    limits.maxA = m_rule.maxAltura(medidas);
     TravejamentoParams params;
     params.A = userAltura ? m_A : medidas.a;
     params.C = m_C;
@@ -101,7 +129,7 @@ void BuiltUpRun::onTravejamento(const ads_callback_packet& packet) {
         params.n = m_kept->chapas.n;
     else
         CalcPartes(params, vistas.comprimento, m_L1);
-    if (EditTravejamento(params, limits) == 0) return;
+    if (EditTravejamento(params, limits()) == 0) return;
     m_A = userAltura ? params.A : medidas.a;
     m_C = params.C;
     m_kept.reset();
@@ -127,8 +155,7 @@ bool BuiltUpRun::isTravejada() {
     return test.secaoOnly || m_A <= 0.0 || rowHolds({state().vistas.comprimento, m_L1}, m_C);
 }
 
-std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
-    refresh(dialog);
+std::optional<Fault> BuiltUpRun::fault() {
     keepSpacing();
     if (lacksComprimento()) return kLacksComprimento;
     if (!isTravejada()) {
@@ -140,7 +167,6 @@ std::optional<Fault> BuiltUpRun::acceptFault(ads_hdlg dialog) {
     }
     if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSecao, tile};
     if (!chapaFits()) return Fault{kInvalidSecao, kTravejamentoTile};
-    readMedidas(dialog);
     return {};
 }
 

@@ -44,6 +44,8 @@ struct PecaRequest {
     int source = 0;            ///< catalogue that the size comes from, where a command has several
     /// Numbers of the size that the mass belongs to; nothing: to these ones.
     std::optional<Medidas> picked{};
+    /// How it is seen and turned where that is no figure of the views dialog.
+    std::optional<Face> face{};
 };
 
 /// Prompt for the point of a new piece.

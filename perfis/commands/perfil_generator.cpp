@@ -11,6 +11,9 @@
 #include "perfis/output/object_jig.h"
 #include "perfis/output/open_peca.h"
 #include "perfis/output/shared_cota.h"
+#include "zp/matlist/follow.h"
+#include "zp/objects/editable_medidas.h"
+#include "zp/objects/member.h"
 
 namespace perfis {
 namespace {
@@ -28,6 +31,14 @@ void finish(const PerfilDescription& description, const RunState& state, const P
             ZpObject& peca) {
     prepare(peca, state.tipoBarra);
     if (description.finish != nullptr) description.finish(peca, request);
+    // Values that were examined before.
+    for (const OwnMedida& own : state.own)
+        if (const zp::sheets::Medida* const medida = zp::sheets::medidaFor(own.key))
+            (void)zp::sheets::change(zp::Access::of(peca), *medida, own.value / medida->factor);
+    if (state.aco.empty()) return;
+    zp::Member member = zp::member::of(peca);
+    member.grade = state.aco;
+    zp::member::set(peca, member);
 }
 
 void turn(const PerfilDescription& description, const AcGePoint3d& base, AcDbObjectId peca,
@@ -46,33 +57,11 @@ void turn(const PerfilDescription& description, const AcGePoint3d& base, AcDbObj
 
 int placeOnePeca(const PerfilDescription& description, RunState& state,
                  const ChapaLaying& layChapas) {
-    AcGePoint3d point;
-    if (getWCSpoint(point, description.insertionPrompt) != RTNORM) return RTCAN;
-    const AcGePoint3d picked = point;
-    const ZpObject::ZpVistas vista = chosenVista(state.vistas);
-    const Shift shift = insertionShift(description, state);
-    point += AcGeVector3d(shift.x, shift.y, 0.0);
-    if (state.vistas.secaoOnly && !description.keepsComprimentoInSecao)
-        state.vistas.comprimento = kSecaoComprimento;
-
-    const PecaRequest request = requestFor(state, vista);
-    std::unique_ptr<ZpObject> made = makeAtPoint(description, point, request);
-    point = alignToFace(description, state, *made, point);
-    finish(description, state, request, *made);
-    OpenPeca peca(std::move(made));
-    if (!peca.resident()) return RTERROR;
-    LaidChapas chapas;
-    ChapaSupply supply;
-    if (layChapas) chapas = layChapas(*peca, point, supply);
-    Companions companions;
-    companions.others = chapas.ids;
-    companions.cotas = cotaPeca(description, state, *peca, chapas);
-    tieChapas(*peca, chapas.ids);
-    peca.close();
-
-    enterInMaterialList(state.vistas, description.listsAtOwnPoint ? point : picked, peca.id(),
-                        chapas, companions);
-    turn(description, picked, peca.id(), companions);
+    AcGePoint3d picked;
+    if (getWCSpoint(picked, description.insertionPrompt) != RTNORM) return RTCAN;
+    const std::optional<DrawnPeca> drawn = drawPeca(description, state, layChapas, picked);
+    if (!drawn) return RTERROR;
+    turn(description, picked, drawn->peca, drawn->companions);
     return RTNORM;
 }
 
@@ -83,6 +72,36 @@ int generatePerfil(const PerfilDescription& description, RunState& state,
     if (!state.vistas.pickAndGo) return placeOnePeca(description, state, layChapas);
     return description.pickAndGo == PickAndGo::kDragsEnd ? dragPecas(description, state)
                                                          : drawBetweenPoints(description, state);
+}
+
+NewPeca newPeca(const PerfilDescription& description, RunState& state, const AcGePoint3d& picked) {
+    const Shift shift = insertionShift(description, state);
+    const AcGePoint3d point = picked + AcGeVector3d(shift.x, shift.y, 0.0);
+    if (state.vistas.secaoOnly && !description.keepsComprimentoInSecao && !state.keepsComprimento)
+        state.vistas.comprimento = kSecaoComprimento;
+    const PecaRequest request = requestFor(state, chosenVista(state.vistas));
+    NewPeca made{makeAtPoint(description, point, request), point};
+    made.point = alignToFace(description, state, *made.peca, point);
+    finish(description, state, request, *made.peca);
+    return made;
+}
+
+std::optional<DrawnPeca> drawPeca(const PerfilDescription& description, RunState& state,
+                                  const ChapaLaying& layChapas, const AcGePoint3d& picked) {
+    NewPeca made = newPeca(description, state, picked);
+    OpenPeca peca(std::move(made.peca));
+    if (!peca.resident()) return {};
+    LaidChapas chapas;
+    ChapaSupply supply;
+    if (layChapas) chapas = layChapas(*peca, made.point, supply);
+    DrawnPeca drawn{peca.id(), {}};
+    drawn.companions.others = chapas.ids;
+    drawn.companions.cotas = cotaPeca(description, state, *peca, chapas);
+    tieChapas(*peca, chapas.ids);
+    peca.close();
+    enterInMaterialList(state.vistas, description.listsAtOwnPoint ? made.point : picked, drawn.peca,
+                        chapas, drawn.companions);
+    return drawn;
 }
 
 ZpObject::ZpVistas chosenVista(const VistasChoice& vistas) {
@@ -154,7 +173,7 @@ std::vector<AcDbObjectId> cotaPeca(const PerfilDescription& description, const R
 }
 
 PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas vista) {
-    return {vista, state.medidas, state.vistas.comprimento, state.source, state.picked};
+    return {vista, state.medidas, state.vistas.comprimento, state.source, state.picked, state.face};
 }
 
 void enterInMaterialList(const VistasChoice& vistas, const AcGePoint3d& picked, AcDbObjectId peca,
@@ -172,6 +191,7 @@ void enterInMaterialList(const VistasChoice& vistas, const AcGePoint3d& picked, 
         firstMarca = chapas.rows[0].marca;
         secondMarca = chapas.rows[1].marca;
     }
+    if (!vistas.marca.empty()) zp::matlist::takeMarca(peca, vistas.marca, vistas.pecas);
 }
 
 int pecaCount(const VistasChoice& vistas) { return std::max(1, vistas.pecas); }

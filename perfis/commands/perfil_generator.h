@@ -2,6 +2,9 @@
 // Makes the drawing of a command that draws one piece.
 #pragma once
 
+#include <memory>
+#include <optional>
+
 #include "perfis/commands/perfil_description.h"
 #include "perfis/commands/run_state.h"
 #include "perfis/output/chapas.h"
@@ -16,6 +19,24 @@ inline constexpr double kSecaoComprimento = 1000.0;
 /// when the insertion point is refused.
 int generatePerfil(const PerfilDescription& description, RunState& state,
                    const ChapaLaying& layChapas = nullptr);
+
+/// A piece as the command makes it for the picked point, along X and in no drawing, and its own
+/// point. The length of a section becomes that of the state.
+struct NewPeca {
+    std::unique_ptr<ZpObject> peca;
+    AcGePoint3d point;
+};
+NewPeca newPeca(const PerfilDescription& description, RunState& state, const AcGePoint3d& picked);
+
+/// What stands in the drawing for one piece, along X.
+struct DrawnPeca {
+    AcDbObjectId peca;
+    Companions companions;
+};
+/// Draws a piece with its plates, its dimensions and its rows of the material list; nothing when
+/// the drawing does not take it.
+std::optional<DrawnPeca> drawPeca(const PerfilDescription& description, RunState& state,
+                                  const ChapaLaying& layChapas, const AcGePoint3d& picked);
 
 /// View of the next piece: the section, or the figure of the views dialog.
 ZpObject::ZpVistas chosenVista(const VistasChoice& vistas);

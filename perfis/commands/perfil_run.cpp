@@ -154,6 +154,38 @@ int PerfilRun::edit(const PecaValues& peca) {
     return shown ? m_editResult : RTERROR;
 }
 
+std::optional<Fault> PerfilRun::lace(const PecaOrder&) {
+    return Fault{L"Este perfil não leva chapas de travejamento.", L"travejar"};
+}
+
+std::optional<Fault> PerfilRun::accept(const PecaOrder& order) {
+    m_state = order.state;
+    m_orderedCotas = order.cotas;
+    m_takenVista = m_state.vistas.vista;  // an opposite side that is asked for stays one
+    if (!m_state.vistas.secaoOnly)
+        if (const std::optional<Fault> fault = vistasFault(m_state.vistas)) return fault;
+    if (order.chapas)
+        if (const std::optional<Fault> fault = lace(order)) return fault;
+    return fault();
+}
+
+RuledPeca PerfilRun::accepted() { return ruledPeca(m_description, m_state, chapaLaying()); }
+
+void PerfilRun::drawAccepted() {
+    sharedCotaFlag() = m_orderedCotas ? 1 : 0;
+    const ChapaLaying chapas = chapaLaying();
+    (void)generatePerfil(m_description, m_state, chapas);
+    sharedCotaFlag() = 0;
+}
+
+std::optional<DrawnPeca> PerfilRun::drawAcceptedAt(const AcGePoint3d& picked) {
+    sharedCotaFlag() = m_orderedCotas ? 1 : 0;
+    const ChapaLaying chapas = chapaLaying();
+    std::optional<DrawnPeca> drawn = drawPeca(m_description, m_state, chapas, picked);
+    sharedCotaFlag() = 0;
+    return drawn;
+}
+
 RuledPeca PerfilRun::ruled(const PecaValues& peca) {
     takePeca(peca);
     const ChapaLaying chapas = travejamentoSuits() ? chapaLaying() : nullptr;
@@ -274,9 +306,12 @@ const wchar_t* PerfilRun::wrongTile() {
 
 std::optional<Fault> PerfilRun::acceptFault(ads_hdlg dialog) {
     refresh(dialog);
+    return fault();
+}
+
+std::optional<Fault> PerfilRun::fault() {
     if (lacksComprimento()) return kLacksComprimento;
     if (const wchar_t* const tile = wrongTile()) return Fault{kInvalidSecao, tile};
-    readMedidas(dialog);
     return {};
 }
 

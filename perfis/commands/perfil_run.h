@@ -7,8 +7,10 @@
 #include <optional>
 #include <string>
 
+#include "perfis/commands/peca_order.h"
 #include "perfis/commands/peca_rebuild.h"
 #include "perfis/commands/perfil_description.h"
+#include "perfis/commands/perfil_generator.h"
 #include "perfis/commands/row_search.h"
 #include "perfis/commands/run_state.h"
 #include "perfis/dialogs/dialog_loop.h"
@@ -34,6 +36,16 @@ public:
     void execute();
     /// The same, with a row of a list taken as if the user had picked it.
     void executeAt(int source, int row);
+    /// Takes what the dialogs would be filled in with; why they would not be left with OK, nothing
+    /// when what follows may be called.
+    std::optional<Fault> accept(const PecaOrder& order);
+    /// What an accepted order draws, in no drawing.
+    RuledPeca accepted();
+    /// Draws it as the command goes on after its dialog.
+    void drawAccepted();
+    /// The same at this point (world), without a question; nothing when the drawing does not take
+    /// it.
+    std::optional<DrawnPeca> drawAcceptedAt(const AcGePoint3d& picked);
     /// Number of lists from which the user chooses one.
     virtual int sourceCount() const { return 1; }
     /// All rows of a list, read from its files.
@@ -90,7 +102,11 @@ protected:
     /// Takes the row that was picked into the tiles.
     virtual void takeRow(ads_hdlg dialog, const std::wstring& row);
     /// Why the dialog may not be accepted; nothing when it may.
-    virtual std::optional<Fault> acceptFault(ads_hdlg dialog);
+    std::optional<Fault> acceptFault(ads_hdlg dialog);
+    /// The same of the values as they are in the state.
+    virtual std::optional<Fault> fault();
+    /// The plates of an order, as the lacing dialog takes them.
+    virtual std::optional<Fault> lace(const PecaOrder& order);
     /// Tile of the first number with which the section cannot be drawn; null when it can.
     virtual const wchar_t* wrongTile();
     /// True when the plates, if there are any, suit section and length as they are now.
@@ -164,6 +180,7 @@ private:
     RuledPeca m_before;  ///< of the edited piece
     int m_editResult = 0;
     int m_takenVista = 0;
+    bool m_orderedCotas = false;
 
     RowSearch m_search;
     std::wstring m_query;

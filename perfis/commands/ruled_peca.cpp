@@ -82,6 +82,16 @@ RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
     return rule;
 }
 
+RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
+                    const ChapaLaying& layChapas) {
+    RuledPeca rule{state, nullptr, {}, 0.0};
+    NewPeca made = newPeca(description, rule.state, AcGePoint3d::kOrigin);
+    rule.peca = std::move(made.peca);
+    KeptChapas supply(rule.chapas);
+    if (layChapas) rule.pitch = layChapas(*rule.peca, made.point, supply).pitch;
+    return rule;
+}
+
 bool sameChapas(const RuledPeca& a, const RuledPeca& b) {
     return std::ranges::equal(a.chapas, b.chapas, [](const auto& x, const auto& y) {
         return x->vista() == y->vista() && near(x->getLargura(), y->getLargura()) &&

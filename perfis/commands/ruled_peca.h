@@ -22,6 +22,10 @@ struct RuledPeca {
 RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
                     const PecaValues& peca, const ChapaLaying& layChapas);
 
+/// The same of a piece that is not drawn yet, as the command makes it at the origin.
+RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
+                    const ChapaLaying& layChapas);
+
 /// True when both have the same plates in the same places.
 bool sameChapas(const RuledPeca& a, const RuledPeca& b);
 /// True when one of the piece's plates lies on a locked layer.

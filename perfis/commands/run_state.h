@@ -2,6 +2,7 @@
 // What a command remembers while its dialog closes and opens again.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,12 @@
 #include "perfis/dialogs/vistas_dialog.h"
 
 namespace perfis {
+
+/// A value as the property sheet changes it: its key there, and the value that it shows.
+struct OwnMedida {
+    std::wstring key;
+    double value = 0.0;
+};
 
 /// A fresh one is the state at the start of a command. Whether to make dimensions is not here: that
 /// flag is shared by all commands.
@@ -26,6 +33,11 @@ struct RunState {
     int selectedRow = 0;
     bool rowPicked = false;  ///< the selected row was picked in the list in force
     int source = 0;          ///< catalogue in force, where a command has several
+    // What no dialog asks for.
+    std::optional<Face> face;       ///< as the piece is seen, where no figure shows it so
+    bool keepsComprimento = false;  ///< the section is a piece of the member's length
+    std::wstring aco;               ///< steel of the piece; empty: the drawing's
+    std::vector<OwnMedida> own;     ///< values other than the command's rule makes them
 };
 
 /// The state with which a run of this command starts.

@@ -49,8 +49,9 @@ std::unique_ptr<ZpObject> withOwnMass(const PerfilDescription& description,
 std::unique_ptr<ZpObject> makeAtPoint(const PerfilDescription& description,
                                       const AcGePoint3d& point, const PecaRequest& request) {
     const auto figure = static_cast<std::size_t>(request.vista);
-    const Face face =
+    const Face drawn =
         figure < description.faces.size() ? description.faces[figure] : Face{request.vista, 0.0};
+    const Face face = request.face.value_or(drawn);
     return withOwnMass(
         description, request,
         description.pecas.atPoint(point, face.vista, valuesFor(description, request, face.giro)));

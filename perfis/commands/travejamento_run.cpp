@@ -32,7 +32,8 @@ protected:
         PerfilRun::refresh(dialog);
         enableTile(dialog, kToggle, wrongTile() == nullptr && isBarra());
     }
-    std::optional<Fault> acceptFault(ads_hdlg dialog) override;
+    std::optional<Fault> fault() override;
+    std::optional<Fault> lace(const PecaOrder& order) override;
     bool travejamentoSuits() override;
     ChapaLaying chapaLaying() override;
     void takePeca(const PecaValues& peca) override;
@@ -110,8 +111,19 @@ void TravejamentoRun::takePeca(const PecaValues& peca) {
     m_chapas = m_shown = m_kept->chapas;
 }
 
-std::optional<Fault> TravejamentoRun::acceptFault(ads_hdlg dialog) {
-    std::optional<Fault> fault = PerfilRun::acceptFault(dialog);
+std::optional<Fault> TravejamentoRun::lace(const PecaOrder& order) {
+    const OrderedChapas& chapas = *order.chapas;
+    if (!isBarra()) return Fault{L"Só a peça vista de lado leva chapas.", kToggle};
+    if (order.plano) return Fault{L"Só as duas cantoneiras em cruz têm planos.", L"plano"};
+    m_chapas = {chapas.A.value_or(0.0), chapas.C, chapas.n};
+    if (m_chapas.A == 0.0) return Fault{L"Falta A, a altura das chapas.", L"altura"};
+    m_spacing = chapas.spacing;
+    if (m_spacing <= 0.0) (void)CalcEspacamento(m_chapas, state().vistas.comprimento, m_spacing);
+    return travejamentoFault(m_chapas, limits());
+}
+
+std::optional<Fault> TravejamentoRun::fault() {
+    std::optional<Fault> fault = PerfilRun::fault();
     if (fault || travejamentoSuits()) return fault;
     if (m_kept && state().vistas.comprimento < m_kept->comprimento)
         return Fault{tooManyParts(*m_kept, state().vistas.comprimento), kToggle};

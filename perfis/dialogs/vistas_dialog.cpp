@@ -193,20 +193,26 @@ void VistasDialog::onAccept(const ads_callback_packet& packet) {
     const std::wstring comprimento = tileText(dialog, L"l", 159);
     if (m_comprimentoEdited || comprimento != m_shownComprimento)
         m_working.comprimento = typedReal(comprimento);
-    const int pecas = texts::toInt(tileText(dialog, L"num_pecas"));
+    m_working.pecas = texts::toInt(tileText(dialog, L"num_pecas"));
     m_working.materialList = texts::toInt(tileText(dialog, L"gerar_matlist")) != 0;
     m_working.pickAndGo = texts::toInt(tileText(dialog, L"pickngo")) != 0;
-    const bool drawable = m_working.comprimento > 0.0 && m_working.comprimento <= kLongestBarra;
-    if (!drawable && !m_working.pickAndGo) {
-        showFault(dialog, {L"Erro: comprimento inválido.", L"l"});
-    } else if (pecas <= 0 && m_working.materialList && !m_working.pickAndGo) {
-        showFault(dialog, {L"Erro: número de peças inválido.", L"num_pecas"});
-    } else {
+    if (const std::optional<Fault> fault = vistasFault(m_working))
+        showFault(dialog, *fault);
+    else
         (void)ads_done_dialog(dialog, kDialogAccepted);
-    }
 }
 
 }  // namespace
+
+std::optional<Fault> vistasFault(const VistasChoice& choice) {
+    if (choice.pickAndGo) return {};
+    if (!(choice.comprimento > 0.0 && choice.comprimento <= kLongestBarra))
+        return Fault{L"Erro: comprimento inválido.", L"l"};
+    // A further view of the member of a mark counts none.
+    if (choice.pecas < (choice.marca.empty() ? 1 : 0) && choice.materialList)
+        return Fault{L"Erro: número de peças inválido.", L"num_pecas"};
+    return {};
+}
 
 int editVistas(const wchar_t* library, VistasChoice& choice, int figures) {
     VistasDialog dialog(library, choice, figures);

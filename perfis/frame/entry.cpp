@@ -9,6 +9,7 @@
 #include "perfis/commands/cut_command.h"
 #include "perfis/commands/peca_editor.h"
 #include "perfis/commands/size_command.h"
+#include "perfis/pecas/commands.h"
 #include "rxdefs.h"
 #include "rxregsvc.h"
 
@@ -30,6 +31,9 @@ constexpr OtherCommand kOtherCommands[] = {
     {perfis::kCatalogueCommand, perfis::catalogueCommand},
     {perfis::kSizeCommand, perfis::drawBySize},
     {perfis::kCutCommand, perfis::cutPeca, ACRX_CMD_USEPICKSET},
+    {perfis::kPecaCommand, perfis::pecaCommand},
+    {perfis::kPecaTextCommand, perfis::pecaTextCommand, ACRX_CMD_USEPICKSET},
+    {perfis::kPecasCommand, perfis::pecasCommand},
 };
 
 /// A name that another module has taken is left out; the rest is registered all the same.
@@ -56,10 +60,12 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
         perfis::installPecaEditor();
         perfis::installCatalogueCheck();
         perfis::installCatalogueExaminer();
+        perfis::installPieceTable();
     } else if (msg == AcRx::kLoadDwgMsg) {
         AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
         if (drawing != nullptr) perfis::keepTravejamentos(*drawing);
     } else if (msg == AcRx::kUnloadAppMsg) {
+        perfis::removePieceTable();
         perfis::removeCatalogueExaminer();
         perfis::removeCatalogueCheck();
         perfis::removePecaEditor();

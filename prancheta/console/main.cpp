@@ -12,6 +12,7 @@
 #include "prancheta/console/console_ui.h"
 #include "prancheta/console/event_log.h"
 #include "prancheta/console/options.h"
+#include "prancheta/console/pieces_job.h"
 #include "prancheta/console/script.h"
 #include "prancheta/console/state.h"
 #include "prancheta/console/verify_file.h"
@@ -128,7 +129,11 @@ int run(const Options& options) {
                         : outcome.code(false);
     if (prepared) {
         catchEndWishes();
-        host.editor().run();
+        const bool drawn =
+            options.pieces.empty() ||
+            outcome.check(drawPieces(host.editor(), options.pieces, options.somePieces),
+                          kFileError);
+        if (drawn && (options.pieces.empty() || !ui.failed())) host.editor().run();
         if (endWish() != 0) outcome.ended(endWish(), *script);
         // Whatever the script did, the drawing is not lost with it.
         if (!options.save.empty())

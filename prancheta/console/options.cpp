@@ -71,6 +71,7 @@ std::string clashOf(const Options& options) {
     add("--salvar", true, options.save);
     add("o desenho", false, options.drawing);
     add("--roteiro", false, options.script);
+    add("--pecas", false, options.pieces);
     add("--registro", true, options.log);
     add("--estado", true, options.state);
     for (std::size_t i = 0; i < options.plots.size(); ++i)
@@ -126,6 +127,10 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--catalogos", options.catalogues,
                    "confere as listas e tabelas de bitolas de uma pasta de instalação e termina")
         ->type_name("PASTA");
+    app.add_option("--pecas", options.pieces, "desenha as peças de uma tabela antes do roteiro")
+        ->type_name("ARQUIVO.csv");
+    app.add_flag("--parcial", options.somePieces,
+                 "com --pecas: deixa de fora as linhas com erro e desenha as outras");
     for (std::size_t i = 0; i < options.plots.size(); ++i)
         app.add_option(kPlotOptions[i][0], options.plots[i],
                        "plota a extensão do desenho, ajustada a uma folha A4")

@@ -19,9 +19,11 @@ struct Options {
     std::string installation;
     /// Files to plot to, in the order of PlotFormat; empty: none.
     std::array<std::string, 3> plots;
-    std::string verify;      ///< DXF file to be examined instead of running a script
-    std::string check;       ///< drawing whose job is to be checked instead
-    std::string catalogues;  ///< folder of catalogues to be examined instead
+    std::string verify;       ///< DXF file to be examined instead of running a script
+    std::string check;        ///< drawing whose job is to be checked instead
+    std::string catalogues;   ///< folder of catalogues to be examined instead
+    std::string pieces;       ///< table of pieces to be drawn before the script
+    bool somePieces = false;  ///< rows of it that are wrong are left out
     std::vector<std::string> modules;
     bool defaultModules = true;
     bool otherModules = true;  ///< a script may load others than those

@@ -26,6 +26,19 @@ void followFrom(AcDbDatabase* drawing);
 /// pieces make of them, tables also what was written to the row `record`.
 void settle(AcDbDatabase& drawing);
 
+/// Bars among what was selected, in their age; a plate or a mark stands for the bar that it belongs
+/// to.
+std::vector<AcDbObjectId> barsAmong(AcDbDatabase& drawing, const std::vector<AcDbObjectId>& ids);
+
+/// A row of a list that has this mark; null when there is none.
+AcDbObjectId rowOfMarca(AcDbDatabase& drawing, const std::wstring& marca);
+/// A drawn bar of the row; null when it has none.
+AcDbObjectId barIn(AcDbObjectId record);
+/// A bar that was just entered, with its plates, takes this mark: it joins the row that has it and
+/// counts so often there, its plates the rows of the plates of that row's bars; else its own row is
+/// renamed.
+void takeMarca(AcDbObjectId peca, const std::wstring& marca, int count);
+
 /// Record of the row that a mark's piece, or a piece, belongs to; null when there is none.
 AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
 /// Mark of the row with this record; empty when there is none.

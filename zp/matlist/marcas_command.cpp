@@ -27,23 +27,6 @@ std::wstring counted(int n, const wchar_t* one, const wchar_t* several) {
     return std::to_wstring(n) + (n == 1 ? one : several);
 }
 
-/// Bars among what was selected; a plate or a mark stands for the bar that it belongs to.
-std::vector<AcDbObjectId> barsAmong(AcDbDatabase& drawing, const std::vector<AcDbObjectId>& ids) {
-    Book& book = Book::of(drawing);
-    Ids bars;
-    for (AcDbObjectId id : ids) {
-        if (const Book::Marca* const marca = book.marca(id)) id = marca->peca;
-        const Peca peca(id, AcDb::kForRead);
-        if (peca.object() == nullptr) continue;
-        const AcDbObjectId bar = edit::ownerOf(*peca.object());
-        if (!bar.isNull())
-            bars.insert(bar);
-        else if (!peca->isKindOf(ZpChapa::desc()))
-            bars.insert(id);
-    }
-    return {bars.begin(), bars.end()};
-}
-
 /// What the user selects, or all with Enter; nothing when he gave up or there is none.
 std::optional<std::vector<AcDbObjectId>> askBars(AcDbDatabase& drawing) {
     const std::optional<std::vector<AcDbObjectId>> picked = askSelection();

@@ -174,6 +174,57 @@ bool changeGrade(AcDbObjectId record, const std::wstring& grade) {
     return all;
 }
 
+std::vector<AcDbObjectId> barsAmong(AcDbDatabase& drawing, const std::vector<AcDbObjectId>& ids) {
+    Book& book = Book::of(drawing);
+    Ids bars;
+    for (AcDbObjectId id : ids) {
+        if (const Book::Marca* const marca = book.marca(id)) id = marca->peca;
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        const AcDbObjectId bar = edit::ownerOf(*peca.object());
+        if (!bar.isNull())
+            bars.insert(bar);
+        else if (!peca->isKindOf(ZpChapa::desc()))
+            bars.insert(id);
+    }
+    return {bars.begin(), bars.end()};
+}
+
+AcDbObjectId rowOfMarca(AcDbDatabase& drawing, const std::wstring& marca) {
+    return Book::of(drawing).rowWithMarca(marca, {});
+}
+
+AcDbObjectId barIn(AcDbObjectId record) {
+    const Book::Row* const row =
+        record.isNull() ? nullptr : Book::of(*record.database()).row(record);
+    if (row == nullptr) return {};
+    const auto bar = std::ranges::find_if_not(row->pecas, isChapa);
+    return bar != row->pecas.end() ? *bar : AcDbObjectId();
+}
+
+void takeMarca(AcDbObjectId peca, const std::wstring& marca, int count) {
+    const AcDbObjectId fresh = recordOf(peca);
+    if (fresh.isNull()) return;
+    const AcDbObjectId row = Book::of(*peca.database()).rowWithMarca(marca, fresh);
+    if (row.isNull()) {
+        (void)renameRow(fresh, marca);
+        return;
+    }
+    if (!enterRow(peca, row, count)) return;
+    dropEmptied(fresh);
+    std::vector<AcDbObjectId> chapas;
+    {
+        const AcDbObjectPointer<ZpObject> opened(peca, AcDb::kForRead);
+        if (opened.object() != nullptr) chapas = edit::chapasOf(*opened.object());
+    }
+    for (const AcDbObjectId& chapa : chapas) {
+        const AcDbObjectId own = recordOf(chapa);
+        const AcDbObjectId theirs = own.isNull() ? AcDbObjectId() : rowOfSiblings(chapa);
+        if (theirs.isNull() || theirs == own || !enterChapas(chapa, theirs)) continue;
+        dropEmptied(own);
+    }
+}
+
 bool tieMarca(AcDbObjectId marca, AcDbObjectId peca) {
     if (marca.isNull() || peca.isNull()) return false;
     const AcDbObjectPointer<ZpMarca> opened(marca, AcDb::kForWrite);
