@@ -23,7 +23,7 @@ public:
     std::wstring settings(const CommandContext& context) const override {
         return std::wstring(L"Configuração atual: ") +
                (trimsSides(context) ? L"Aparar" : L"Não aparar") + L", distâncias = " +
-               lengthText(m_first) + L" e " + lengthText(m_second);
+               toldLength(m_first) + L" e " + toldLength(m_second);
     }
     std::wstring prompt() const override {
         return L"\nPrimeiro objeto ou "

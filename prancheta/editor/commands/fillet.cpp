@@ -51,7 +51,7 @@ public:
     std::wstring settings(const CommandContext& context) const override {
         return std::wstring(L"Configuração atual: ") +
                (trimsSides(context) ? L"Aparar" : L"Não aparar") + L", raio = " +
-               lengthText(m_radius);
+               toldLength(m_radius);
     }
     std::wstring prompt() const override {
         return L"\nPrimeiro objeto ou [Desfazer/Polilinha/Raio/Aparar/Múltiplo]: ";

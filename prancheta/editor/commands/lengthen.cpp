@@ -91,7 +91,7 @@ Task<int> dragEnd(CommandContext context, const CutTarget& target, CurveEnd end)
 
 void tellLength(const CommandContext& context, AcDbObjectId id) {
     if (const std::optional<CutTarget> target = cutTarget(context, id))
-        say(context, L"Comprimento atual: " + lengthText(target->curve.length()));
+        say(context, L"Comprimento atual: " + toldLength(target->curve.length()));
 }
 
 }  // namespace
