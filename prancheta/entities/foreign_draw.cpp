@@ -138,8 +138,6 @@ constexpr TypeDrawing kTypes[] = {
     {"LWPOLYLINE", inPlane<drawLightPolyline>},
     {"MESH", drawMesh},
     {"MLINE", drawMline},
-    {"MULTILEADER", drawMultileader},
-    {"TOLERANCE", drawTolerance},
     {"IMAGE", drawImageFrame},
     {"WIPEOUT", drawImageFrame},
 };
@@ -152,20 +150,32 @@ void drawHatch(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     (void)hatch.worldDraw(&draw);
 }
 
+void drawParagraphs(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    drawMtext(entity.tags(), entity, draw);
+}
+
+/// Drawn with more than the geometry of their groups.
+struct EntityDrawing {
+    std::string_view name;
+    void (*draw)(const ForeignEntity&, AcGiWorldDraw&);
+};
+constexpr EntityDrawing kEntities[] = {
+    {"INSERT", drawInsert},  {"MTEXT", drawParagraphs},        {"HATCH", drawHatch},
+    {"MPOLYGON", drawHatch}, {"MULTILEADER", drawMultileader}, {"TOLERANCE", drawTolerance},
+};
+
 }  // namespace
 
 bool isShownForeign(std::string_view typeName) {
-    const bool special = isDimension(typeName) || typeName == "INSERT" || typeName == "HATCH" ||
-                         typeName == "MPOLYGON";
-    return special || std::ranges::find(kTypes, typeName, &TypeDrawing::name) != std::end(kTypes);
+    const auto named = [typeName](const auto& type) { return type.name == typeName; };
+    return isDimension(typeName) || std::ranges::any_of(kEntities, named) ||
+           std::ranges::any_of(kTypes, named);
 }
 
 void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     if (isDimension(entity.typeName())) return drawDimensionBlock(entity, draw);
-    if (entity.typeName() == "INSERT") return drawInsert(entity, draw);
-    if (entity.typeName() == "MTEXT") return drawMtext(entity, draw);
-    if (entity.typeName() == "HATCH" || entity.typeName() == "MPOLYGON")
-        return drawHatch(entity, draw);
+    for (const EntityDrawing& type : kEntities)
+        if (type.name == entity.typeName()) return type.draw(entity, draw);
     for (const TypeDrawing& type : kTypes)
         if (type.name == entity.typeName()) return type.draw(entity.tags(), draw.geometry());
 }

@@ -16,8 +16,7 @@ AcGeVector3d paragraphDirection(const RawTags& tags) {
     return directionInPlane(findNumber(tags, 50, 0.0) * kPi / 180.0, AcGeVector3d::kZAxis);
 }
 
-void drawMtext(const ForeignEntity& entity, AcGiWorldDraw& draw) {
-    const RawTags& all = entity.tags();
+void drawMtext(const RawTags& all, const ForeignEntity& entity, AcGiWorldDraw& draw) {
     const RawTags tags(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(knownLength(all)));
     std::wstring contents;
     for (const RawTag& tag : tags)

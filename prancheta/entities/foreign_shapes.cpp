@@ -186,7 +186,9 @@ void drawMline(const RawTags& tags, AcGiGeometry& to) {
 }
 
 /// Parts stand one inside the other, each between its own pair of groups; see moveGroups().
-void drawMultileader(const RawTags& tags, AcGiGeometry& to) {
+void drawMultileader(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    const RawTags& tags = entity.tags();
+    AcGiGeometry& to = draw.geometry();
     enum Depth { kOutside, kContext, kLeader, kLine };
     int depth = kOutside;
     RawTags context;
@@ -228,10 +230,12 @@ void drawMultileader(const RawTags& tags, AcGiGeometry& to) {
     text.push_back({71, std::to_string(std::clamp(findWhole(context, 171, 1), 1, 3))});
     text.push_back({1, toUtf8(words)});
     addPoint(text, 11, findPoint(context, 13, {1, 0, 0}));
-    drawMtext(text, to);
+    drawMtext(text, entity, draw);
 }
 
-void drawTolerance(const RawTags& tags, AcGiGeometry& to) {
+void drawTolerance(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    const RawTags& tags = entity.tags();
+    AcGiGeometry& to = draw.geometry();
     const double height = AcDbDimStyleValues().dimtxt;
     std::wstring words = findText(tags, 1);
     for (std::size_t at; (at = words.find(L"%%v")) != std::wstring::npos;)
@@ -255,7 +259,7 @@ void drawTolerance(const RawTags& tags, AcGiGeometry& to) {
     text.push_back({71, "1"});
     text.push_back({1, toUtf8(words)});
     addPoint(text, 11, AcGePoint3d::kOrigin + along);
-    drawMtext(text, to);
+    drawMtext(text, entity, draw);
 }
 
 void drawImageFrame(const RawTags& tags, AcGiGeometry& to) {

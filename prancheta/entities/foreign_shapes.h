@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "acgi.h"
-#include "prancheta/database/database_core.h"
+#include "prancheta/entities/foreign_entity.h"
 
 namespace prancheta {
 
@@ -18,9 +18,9 @@ void drawMesh(const RawTags& tags, AcGiGeometry& to);
 /// The lines of its elements.
 void drawMline(const RawTags& tags, AcGiGeometry& to);
 /// Its leaders with their arrows, and its text.
-void drawMultileader(const RawTags& tags, AcGiGeometry& to);
+void drawMultileader(const ForeignEntity& entity, AcGiWorldDraw& draw);
 /// Its text in a frame.
-void drawTolerance(const RawTags& tags, AcGiGeometry& to);
+void drawTolerance(const ForeignEntity& entity, AcGiWorldDraw& draw);
 /// IMAGE, WIPEOUT and what else is a picture in a frame: the frame, clipped where it is.
 void drawImageFrame(const RawTags& tags, AcGiGeometry& to);
 

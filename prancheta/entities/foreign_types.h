@@ -14,8 +14,9 @@ namespace prancheta {
 /// Draws what it can; nothing for unknown types.
 void drawForeign(const ForeignEntity& entity, AcGiWorldDraw& draw);
 
-/// Paragraphs in columns are shown in one.
-void drawMtext(const ForeignEntity& entity, AcGiWorldDraw& draw);
+/// The groups of a MTEXT, with the properties of the entity. Paragraphs in columns are shown in
+/// one.
+void drawMtext(const RawTags& tags, const ForeignEntity& entity, AcGiWorldDraw& draw);
 /// Text of one line, in the plane of its normal. The group of the vertical justification is 73 for
 /// texts, 74 for attributes.
 void drawText(const RawTags& tags, int verticalCode, AcGiGeometry& to);
