@@ -249,6 +249,18 @@ void fillChoices(Editor& editor, PropertyRow& row) {
     }
 }
 
+/// The attributes of an insertion, each under its tag.
+void addAttributeRows(const AcDbBlockReference& insertion, std::vector<PropertyRow>& rows) {
+    for (const AcDbAttribute* const attribute : attributesOf(insertion)) {
+        PropertyRow& row = rows.emplace_back();
+        row.kind = Kind::Text;
+        row.key = kAttributeKey + std::wstring(attribute->tagConst());
+        row.label = attribute->tagConst();
+        row.group = kAttributes;
+        row.value = row.input = attribute->textStringConst();
+    }
+}
+
 std::vector<PropertyRow> rowsOf(const AcDbEntity& entity, bool detailed) {
     std::vector<PropertyRow> rows;
     for (const Common& common : kCommon) {
@@ -281,18 +293,6 @@ std::vector<PropertyRow> rowsOf(const AcDbEntity& entity, bool detailed) {
     if (const auto* const insertion = AcDbBlockReference::cast(&entity))
         addAttributeRows(*insertion, rows);
     return rows;
-}
-
-/// The attributes of an insertion, each under its tag.
-void addAttributeRows(const AcDbBlockReference& insertion, std::vector<PropertyRow>& rows) {
-    for (const AcDbAttribute* const attribute : attributesOf(insertion)) {
-        PropertyRow& row = rows.emplace_back();
-        row.kind = Kind::Text;
-        row.key = kAttributeKey + std::wstring(attribute->tagConst());
-        row.label = attribute->tagConst();
-        row.group = kAttributes;
-        row.value = row.input = attribute->textStringConst();
-    }
 }
 
 Result<void> setAttribute(AcDbEntity& entity, const std::wstring& tag, const std::wstring& input) {
