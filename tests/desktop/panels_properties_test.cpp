@@ -251,6 +251,8 @@ TEST_F(Properties, AttributesOfAnInsertion) {
     EXPECT_EQ(value("FOLHA"), "1");
     enter("FOLHA", "A2");
     enter("Posição X", "30");
+    enter("Nome do bloco", "*Model_Space");
+    EXPECT_EQ(value("Nome do bloco"), "C");
     const Read<AcDbBlockReference> insertion(last());
     const AcDbAttribute* const attribute = prancheta::attributesOf(*insertion.object())[0];
     EXPECT_STREQ(attribute->textStringConst(), L"A2");

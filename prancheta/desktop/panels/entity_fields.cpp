@@ -420,8 +420,16 @@ FieldValue blockName(const AcDbEntity& e) {
     return text(recordName(static_cast<const Insert&>(e).blockTableRecord()));
 }
 
+/// What is inserted from now on; the attributes stay.
+Acad::ErrorStatus setBlockName(AcDbEntity& e, const FieldValue& v) {
+    const AcDbObjectId block = styleNamed<AcDbBlockTable>(e, v.text);
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
+    if (record.openStatus() != Acad::eOk || record->isLayout()) return Acad::eInvalidInput;
+    return static_cast<Insert&>(e).setBlockTableRecord(block);
+}
+
 constexpr Field kInsert[] = {
-    {L"nome", L"Nome do bloco", FieldKind::Text, blockName, nullptr},
+    {L"nome", L"Nome do bloco", FieldKind::Text, blockName, setBlockName},
     coordinate<Insert, &Insert::position, &Insert::setPosition, 0>(L"posicao_x", L"Posição X"),
     coordinate<Insert, &Insert::position, &Insert::setPosition, 1>(L"posicao_y", L"Posição Y"),
     coordinate<Insert, &Insert::position, &Insert::setPosition, 2>(L"posicao_z", L"Posição Z"),
