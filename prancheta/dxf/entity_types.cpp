@@ -3,6 +3,7 @@
 #include "prancheta/dxf/entity_types.h"
 
 #include <algorithm>
+#include <array>
 
 #include "dbents.h"
 #include "dbpl.h"
@@ -155,19 +156,28 @@ void takePolyline(const AcDbEntity& entity, Values& v) {
 
 // --- TEXT ----------------------------------------------------------------------------------------
 
-constexpr Field kText[] = {marker("AcDbText"),
-                           {10, PlanePoint, 0},
-                           {40, Real, 0},
-                           {1, Text, 0},
-                           optionalField(50, Degrees, 1, 0.0),
-                           optionalField(41, Real, 2, 1.0),
-                           optionalField(51, Degrees, 3, 0.0),
-                           optionalField(7, TextStyle, 0, 0.0),
-                           optionalField(72, Integer, 0, 0.0),
-                           {11, AlignedPoint, 1},
-                           {210, Normal},
-                           marker("AcDbText"),
-                           optionalField(73, Integer, 1, 0.0)};
+/// What all texts of one line say; behind it each type has its own.
+constexpr Field kLineOfText[] = {marker("AcDbText"),
+                                 {10, PlanePoint, 0},
+                                 {40, Real, 0},
+                                 {1, Text, 0},
+                                 optionalField(50, Degrees, 1, 0.0),
+                                 optionalField(41, Real, 2, 1.0),
+                                 optionalField(51, Degrees, 3, 0.0),
+                                 optionalField(7, TextStyle, 0, 0.0),
+                                 optionalField(72, Integer, 0, 0.0),
+                                 {11, AlignedPoint, 1},
+                                 {210, Normal}};
+
+template <std::size_t N>
+constexpr auto lineOfText(const Field (&own)[N]) {
+    std::array<Field, std::size(kLineOfText) + N> fields{};
+    std::copy(std::begin(own), std::end(own),
+              std::copy(std::begin(kLineOfText), std::end(kLineOfText), fields.begin()));
+    return fields;
+}
+
+constexpr auto kText = lineOfText({marker("AcDbText"), optionalField(73, Integer, 1, 0.0)});
 
 bool suitsText(const Values& v, const Tags& rest) {
     const bool modes =
@@ -206,40 +216,17 @@ void takeText(const AcDbEntity& entity, Values& v) {
 
 // --- ATTDEF, ATTRIB ------------------------------------------------------------------------------
 
-/// A definition has its prompt beside what both have.
-constexpr Field kDefinition[] = {marker("AcDbText"),
-                                 {10, PlanePoint, 0},
-                                 {40, Real, 0},
-                                 {1, Text, 0},
-                                 optionalField(50, Degrees, 1, 0.0),
-                                 optionalField(41, Real, 2, 1.0),
-                                 optionalField(51, Degrees, 3, 0.0),
-                                 optionalField(7, TextStyle, 0, 0.0),
-                                 optionalField(72, Integer, 0, 0.0),
-                                 {11, AlignedPoint, 1},
-                                 {210, Normal},
-                                 marker("AcDbAttributeDefinition"),
-                                 {3, Text, 2},
-                                 {2, Text, 1},
-                                 {70, Integer, 2},
-                                 optionalField(73, Integer, 3, 0.0),
-                                 optionalField(74, Integer, 1, 0.0)};
-constexpr Field kAttribute[] = {marker("AcDbText"),
-                                {10, PlanePoint, 0},
-                                {40, Real, 0},
-                                {1, Text, 0},
-                                optionalField(50, Degrees, 1, 0.0),
-                                optionalField(41, Real, 2, 1.0),
-                                optionalField(51, Degrees, 3, 0.0),
-                                optionalField(7, TextStyle, 0, 0.0),
-                                optionalField(72, Integer, 0, 0.0),
-                                {11, AlignedPoint, 1},
-                                {210, Normal},
-                                marker("AcDbAttribute"),
-                                {2, Text, 1},
-                                {70, Integer, 2},
-                                optionalField(73, Integer, 3, 0.0),
-                                optionalField(74, Integer, 1, 0.0)};
+constexpr auto kDefinition = lineOfText({marker("AcDbAttributeDefinition"),
+                                         {3, Text, 2},
+                                         {2, Text, 1},
+                                         {70, Integer, 2},
+                                         optionalField(73, Integer, 3, 0.0),
+                                         optionalField(74, Integer, 1, 0.0)});
+constexpr auto kAttribute = lineOfText({marker("AcDbAttribute"),
+                                        {2, Text, 1},
+                                        {70, Integer, 2},
+                                        optionalField(73, Integer, 3, 0.0),
+                                        optionalField(74, Integer, 1, 0.0)});
 
 constexpr int kModes = AcDbAttributeText::kInvisible | AcDbAttributeText::kConstant |
                        AcDbAttributeText::kVerifiable | AcDbAttributeText::kPreset;
