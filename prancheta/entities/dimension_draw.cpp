@@ -38,8 +38,7 @@ void arrow(const DimensionPart& part, const DimensionLayout& layout, const AcDbD
     const AcGeVector3d towards = part.a - part.b;
     const double size = layout.sizes.arrow;
     if (style.dimtsz > 0.0) {
-        const AcGeVector3d stroke =
-            (AcGeVector3d::kXAxis + AcGeVector3d::kYAxis) * size;
+        const AcGeVector3d stroke = (AcGeVector3d::kXAxis + AcGeVector3d::kYAxis) * size;
         AcGeVector3d turned = stroke;
         turned.rotateBy(angleInPlane(towards, AcGeVector3d::kZAxis), AcGeVector3d::kZAxis);
         const AcGePoint3d ends[2] = {part.a - turned, part.a + turned};
@@ -89,8 +88,7 @@ void drawDimension(const AcDbDimension& dimension, AcGiWorldDraw& draw) {
     const ColorScope color(draw, dimension, layout.style.dimclrt);
     const double height = layout.sizes.textHeight;
     const AcGeVector3d up = AcGeVector3d::kZAxis.crossProduct(layout.reading);
-    const AcGePoint3d middle =
-        layout.userPosition ? dimension.textPosition() : layout.textMiddle;
+    const AcGePoint3d middle = layout.userPosition ? dimension.textPosition() : layout.textMiddle;
     draw.geometry().text(middle - layout.reading * (layout.textLength / 2.0) - up * (height / 2.0),
                          AcGeVector3d::kZAxis, layout.reading, height, 1.0, 0.0,
                          layout.text.c_str());

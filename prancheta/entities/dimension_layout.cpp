@@ -26,7 +26,8 @@ double positiveOr(double value, double otherwise) { return value > 0.0 ? value :
 void setVariable(AcDbDimStyleValues& values, const DimVariable& variable, const RawTagView& tag,
                  const AcDbDatabase* database) {
     double number = 0.0;
-    if (variable.real != nullptr && parseNumber(trim(tag.value), number)) values.*variable.real = number;
+    if (variable.real != nullptr && parseNumber(trim(tag.value), number))
+        values.*variable.real = number;
     if (variable.integer != nullptr && parseNumber(trim(tag.value), number))
         values.*variable.integer = static_cast<Adesk::Int16>(std::clamp(number, -32768.0, 32767.0));
     if (variable.text != nullptr) values.*variable.text = toWide(tag.value);
@@ -51,12 +52,15 @@ void readOverrides(const AcDbEntity& entity, const AcDbDatabase* database,
         } else if (where == InAcad && tag.code == 1000 && tag.value == "DSTYLE") {
             where = Named;
         } else if (tag.code == 1002) {
-            where = where == Named && tag.value == "{" ? Inside : where == Outside ? Outside : InAcad;
+            where = where == Named && tag.value == "{" ? Inside
+                    : where == Outside                 ? Outside
+                                                       : InAcad;
             isCode = true;
         } else if (where == Inside) {
             double code = 0.0;
             if (isCode)
-                variable = parseNumber(trim(tag.value), code) ? dimVariable(static_cast<int>(code)) : nullptr;
+                variable = parseNumber(trim(tag.value), code) ? dimVariable(static_cast<int>(code))
+                                                              : nullptr;
             else if (variable != nullptr)
                 setVariable(values, *variable, tag, database);
             isCode = !isCode;
@@ -180,8 +184,7 @@ std::wstring measuredText(const AcDbDimension& dimension) {
     // A prefix of the style goes before the usual one's place.
     const bool prefixed = place != std::wstring::npos && place > 0;
     const std::wstring whole = (prefixed ? L"" : dimension.usualPrefix()) + measure;
-    return place == std::wstring::npos ? whole + style.dimpost
-                                       : withMeasure(style.dimpost, whole);
+    return place == std::wstring::npos ? whole + style.dimpost : withMeasure(style.dimpost, whole);
 }
 
 std::wstring measureText(double value, const AcDbDimStyleValues& style) {

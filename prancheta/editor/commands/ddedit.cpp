@@ -20,39 +20,52 @@ Task<InputValue> askWords(CommandContext context, const Words* words) {
         answer.text = joinParagraphs(typed.lines);
         co_return answer;
     }
-    answer = co_await context.ask(Prompt(InputKind::Text, L"\nNovo texto <" + words->text + L">: ")
-                                      .wholeLine()
-                                      .inPlace(words->frame));
+    const std::wstring what = words->tag.empty() ? L"Novo texto" : words->tag;
+    answer =
+        co_await context.ask(Prompt(InputKind::Text, L"\n" + what + L" <" + words->text + L">: ")
+                                 .wholeLine()
+                                 .inPlace(words->frame));
     if (const auto lines = linesInPlace(answer.text))
         answer.text = lines->empty() ? L"" : lines->front();
     if (answer.status == RTNORM && answer.text.empty()) answer.status = RTNONE;
     co_return answer;
 }
 
-Task<int> editOne(CommandContext context, AcDbObjectId id) {
-    std::optional<Words> words;
-    {
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        if (entity.openStatus() == Acad::eOk) words = wordsOf(*entity);
-    }
-    if (!words || onLockedLayer(id)) {
-        context.editor().complain(
-            !words ? L"Nenhum texto aí: selecione um texto ou uma cota."
-                   : L"A camada do texto está bloqueada: desbloqueie-a para editar.",
-            Complaint::Refused);
-        co_return RTERROR;
-    }
-    const InputValue answer = co_await askWords(context, &*words);
-    if (answer.status != RTNORM) co_return answer.status;
+/// False, after saying why, when the object does not take the text.
+bool change(const CommandContext& context, AcDbObjectId id, std::size_t place,
+            const std::wstring& text) {
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-    if (entity.openStatus() == Acad::eOk && setWords(*entity, answer.text) == Acad::eOk)
-        co_return RTNORM;
+    if (entity.openStatus() == Acad::eOk && setWords(*entity, place, text) == Acad::eOk)
+        return true;
     std::wstring why = L"O texto não pôde ser alterado.";
     Weld unused;
     if (entity.openStatus() == Acad::eOk && entity->isKindOf(WeldSymbol::desc()))
-        (void)readWeld(answer.text, unused, why);
+        (void)readWeld(text, unused, why);
     context.editor().complain(why, Complaint::Refused);
-    co_return RTERROR;
+    return false;
+}
+
+/// RTCAN after Esc.
+Task<int> editOne(CommandContext context, AcDbObjectId id) {
+    std::vector<Words> all;
+    {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.openStatus() == Acad::eOk) all = wordsOf(*entity);
+    }
+    if (all.empty() || onLockedLayer(id)) {
+        context.editor().complain(
+            all.empty()
+                ? L"Nenhum texto aí: selecione um texto, uma cota ou um bloco com atributos."
+                : L"A camada do texto está bloqueada: desbloqueie-a para editar.",
+            Complaint::Refused);
+        co_return RTERROR;
+    }
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const InputValue answer = co_await askWords(context, &all[i]);
+        if (answer.status == RTCAN) co_return RTCAN;
+        if (answer.status == RTNORM && !change(context, id, i, answer.text)) co_return RTERROR;
+    }
+    co_return RTNORM;
 }
 
 }  // namespace

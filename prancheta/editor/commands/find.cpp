@@ -61,30 +61,49 @@ struct Count {
     Ids objects;
 };
 
+/// What one object says of it; replaces where that is asked for. False when it refuses.
+bool searchOne(AcDbObjectId id, const Search& search, std::size_t& places) {
+    std::vector<std::pair<std::size_t, std::wstring>> changes;
+    {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk) return true;
+        const std::vector<Words> all = wordsOf(*entity);
+        for (std::size_t i = 0; i < all.size(); ++i)
+            if (std::optional<std::wstring> changed = replaced(all[i], search, places))
+                changes.emplace_back(i, *std::move(changed));
+    }
+    if (changes.empty() || !search.instead) return true;
+    if (onLockedLayer(id)) return false;
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+    if (entity.openStatus() != Acad::eOk) return false;
+    for (const auto& [place, text] : changes)
+        if (setWords(*entity, place, text) != Acad::eOk) return false;
+    return true;
+}
+
 Count searchAll(const Ids& ids, const Search& search) {
     Count count;
     for (const AcDbObjectId& id : ids) {
-        std::optional<std::wstring> changed;
         std::size_t places = 0;
-        {
-            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-            if (entity.openStatus() != Acad::eOk) continue;
-            if (const std::optional<Words> words = wordsOf(*entity))
-                changed = replaced(*words, search, places);
+        if (!searchOne(id, search, places)) {
+            ++count.locked;
+        } else if (places > 0) {
+            count.places += places;
+            count.objects.push_back(id);
         }
-        if (!changed) continue;
-        if (search.instead) {
-            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-            if (onLockedLayer(id) || entity.openStatus() != Acad::eOk ||
-                setWords(*entity, *changed) != Acad::eOk) {
-                ++count.locked;
-                continue;
-            }
-        }
-        count.places += places;
-        count.objects.push_back(id);
     }
     return count;
+}
+
+/// A line for each text in which it is.
+void listFound(const CommandContext& context, AcDbObjectId id, const Search& search) {
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+    if (entity.openStatus() != Acad::eOk) return;
+    for (const Words& words : wordsOf(*entity)) {
+        std::size_t places = 0;
+        if (!replaced(words, search, places)) continue;
+        say(context, L"  " + (words.paragraphs ? plainParagraphs(words.text).front() : words.text));
+    }
 }
 
 Task<InputValue> askText(CommandContext context, std::wstring question) {
@@ -120,13 +139,7 @@ CommandTask find(CommandContext context) {
         co_return CommandEnd::Done;
     }
     say(context, counted(count.places, L"ocorrência", L"ocorrências") + where);
-    for (const AcDbObjectId& id : count.objects) {
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        if (const std::optional<Words> words = wordsOf(*entity)) {
-            const std::vector<std::wstring> lines = plainParagraphs(words->text);
-            say(context, L"  " + (words->paragraphs ? lines.front() : words->text));
-        }
-    }
+    for (const AcDbObjectId& id : count.objects) listFound(context, id, search);
     // What was found is selected: grips show where it stands.
     context.editor().selection().select(count.objects);
     co_return CommandEnd::Done;

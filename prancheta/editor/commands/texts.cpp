@@ -10,10 +10,17 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/weld_symbol.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
+
+namespace {
+
+constexpr double kPaperHeight = 2.5;  ///< of letters, mm
+
+}  // namespace
 
 TextStyle textStyleOf(AcDbObjectId id) {
     TextStyle style;
@@ -99,51 +106,77 @@ std::wstring joinParagraphs(const std::vector<std::wstring>& lines) {
     return contents;
 }
 
-std::optional<Words> wordsOf(const AcDbEntity& entity) {
+namespace {
+
+Words wordsOfText(const AcDbText& text) {
     Words words;
-    if (const auto* const text = AcDbText::cast(&entity)) {
-        words.text = text->textStringConst();
-        words.frame.along = {std::cos(text->rotation()), std::sin(text->rotation()), 0.0};
-        words.frame.height = text->height();
-        words.frame.corner = text->position() +
-                             AcGeVector3d::kZAxis.crossProduct(words.frame.along) * text->height();
-    } else if (const auto* const paragraphs = AcDbMText::cast(&entity)) {
-        words.text = paragraphs->contentsConst();
-        words.paragraphs = words.frame.lines = true;
-        const int place = paragraphs->attachment() - 1;
-        const double width =
-            paragraphs->width() > 0.0 ? paragraphs->width() : paragraphs->actualWidth();
-        words.frame.along = paragraphs->direction();
-        words.frame.height = paragraphs->textHeight();
-        words.frame.width = paragraphs->width();
-        words.frame.corner = paragraphs->location() -
-                             paragraphs->direction() * (width * (place % 3) / 2.0) +
-                             paragraphs->normal().crossProduct(paragraphs->direction()) *
-                                 (paragraphs->actualHeight() * (place / 3) / 2.0);
-    } else if (const auto* const dimension = AcDbDimension::cast(&entity)) {
-        words.text = dimension->dimensionTextConst();
-        if (words.text.empty()) words.text = L"<>";
-        words.frame.corner = dimension->textPosition();
-        words.frame.height = 2.5 * dimension->dimscale();
-    } else if (const auto* const weld = WeldSymbol::cast(&entity)) {
-        words.text = weld->description();
-        words.frame.corner = weld->elbow();
-        words.frame.height = 2.5 * weld->scale();
-    } else {
-        return std::nullopt;
-    }
-    words.frame.text = words.text;
+    words.text = text.textStringConst();
+    words.frame.along = {std::cos(text.rotation()), std::sin(text.rotation()), 0.0};
+    words.frame.height = text.height();
+    words.frame.corner =
+        text.position() + AcGeVector3d::kZAxis.crossProduct(words.frame.along) * text.height();
     return words;
 }
 
-Acad::ErrorStatus setWords(AcDbEntity& entity, const std::wstring& text) {
+Words wordsOfParagraphs(const AcDbMText& text) {
+    Words words;
+    words.text = text.contentsConst();
+    words.paragraphs = words.frame.lines = true;
+    const int place = text.attachment() - 1;
+    const double width = text.width() > 0.0 ? text.width() : text.actualWidth();
+    words.frame.along = text.direction();
+    words.frame.height = text.textHeight();
+    words.frame.width = text.width();
+    words.frame.corner =
+        text.location() - text.direction() * (width * (place % 3) / 2.0) +
+        text.normal().crossProduct(text.direction()) * (text.actualHeight() * (place / 3) / 2.0);
+    return words;
+}
+
+Words wordsAt(const AcGePoint3d& corner, double scale, std::wstring text) {
+    Words words;
+    words.text = std::move(text);
+    words.frame.corner = corner;
+    words.frame.height = kPaperHeight * scale;
+    return words;
+}
+
+}  // namespace
+
+std::vector<Words> wordsOf(const AcDbEntity& entity) {
+    std::vector<Words> all;
+    if (const auto* const text = AcDbText::cast(&entity)) {
+        all.push_back(wordsOfText(*text));
+    } else if (const auto* const paragraphs = AcDbMText::cast(&entity)) {
+        all.push_back(wordsOfParagraphs(*paragraphs));
+    } else if (const auto* const dimension = AcDbDimension::cast(&entity)) {
+        const std::wstring text = dimension->dimensionTextConst();
+        all.push_back(
+            wordsAt(dimension->textPosition(), dimension->dimscale(), text.empty() ? L"<>" : text));
+    } else if (const auto* const weld = WeldSymbol::cast(&entity)) {
+        all.push_back(wordsAt(weld->elbow(), weld->scale(), weld->description()));
+    } else if (const auto* const reference = AcDbBlockReference::cast(&entity)) {
+        for (const AcDbAttribute* const attribute : attributesOf(*reference)) {
+            all.push_back(wordsOfText(*attribute));
+            all.back().tag = attribute->tagConst();
+        }
+    }
+    for (Words& words : all) words.frame.text = words.text;
+    return all;
+}
+
+Acad::ErrorStatus setWords(AcDbEntity& entity, std::size_t place, const std::wstring& text) {
     if (auto* const line = AcDbText::cast(&entity)) return line->setTextString(text.c_str());
     if (auto* const paragraphs = AcDbMText::cast(&entity))
         return paragraphs->setContents(text.c_str());
     if (auto* const dimension = AcDbDimension::cast(&entity))
         return dimension->setDimensionText(text == L"<>" ? L"" : text.c_str());
     if (auto* const weld = WeldSymbol::cast(&entity)) return weld->setDescription(text);
-    return Acad::eNotApplicable;
+    auto* const reference = AcDbBlockReference::cast(&entity);
+    if (reference == nullptr) return Acad::eNotApplicable;
+    const std::vector<AcDbAttribute*> attributes = attributesForChange(*reference);
+    return place < attributes.size() ? attributes[place]->setTextString(text.c_str())
+                                     : Acad::eNotApplicable;
 }
 
 }  // namespace prancheta::commands

@@ -45,14 +45,18 @@ std::optional<std::vector<std::wstring>> linesInPlace(const std::wstring& answer
 /// As paragraphs of an MTEXT.
 std::wstring joinParagraphs(const std::vector<std::wstring>& lines);
 
-/// Text of an object that has one: TEXT, MTEXT with its codes, the user's text of a dimension.
+/// A text of an object: a TEXT's, an MTEXT's with its codes, the user's of a dimension, the line of
+/// a weld, the value of an attribute.
 struct Words {
     std::wstring text;
+    std::wstring tag;         ///< of an attribute
     bool paragraphs = false;  ///< codes stand in it
     TextFrame frame;
 };
-std::optional<Words> wordsOf(const AcDbEntity& entity);
-/// eNotApplicable for an object that has none.
-Acad::ErrorStatus setWords(AcDbEntity& entity, const std::wstring& text);
+/// In the object's order; none for one that has no text.
+std::vector<Words> wordsOf(const AcDbEntity& entity);
+/// Changes the text with this place among wordsOf(). eInvalidInput for a weld that is not
+/// understood, eNotApplicable for an object that has no such text.
+Acad::ErrorStatus setWords(AcDbEntity& entity, std::size_t place, const std::wstring& text);
 
 }  // namespace prancheta::commands
