@@ -32,7 +32,7 @@ secao::Point turned(double x, double y, double angle) {
 
 /// Growth of the reach in the section as it is turned.
 secao::Point inSection(const Peca& p, const Corte& corte) {
-    if (!cuttable(p) || corte == Corte()) return {};
+    if (p.chapa() || !(p.comprimento > 0.0) || corte == Corte()) return {};
     return turned(corte.x, corte.y, giroOf(p));
 }
 
@@ -50,6 +50,7 @@ double most(const Peca& p, const secao::Point& growth) {
 }  // namespace
 
 Slope slopeOf(const Peca& p, std::size_t end) {
+    if (p.inSecao()) return {};
     const secao::Point growth = inSection(p, p.cortes[end]);
     const secao::VistaPoint seen = secao::see(p.vista, growth);
     const auto withoutDust = [](double v) { return std::abs(v) < 1e-12 ? 0.0 : v; };
@@ -72,7 +73,7 @@ Corte withAngle(const Peca& p, std::size_t end, double angle) {
     return {body.x, body.y};
 }
 
-bool oblique(const Peca& p) { return cuttable(p) && p.cortes != std::array<Corte, 2>(); }
+bool oblique(const Peca& p) { return !p.chapa() && p.cortes != std::array<Corte, 2>(); }
 
 double edgeAt(const Peca& p, std::size_t end, double w) {
     const Slope slope = slopeOf(p, end);

@@ -30,7 +30,7 @@ double degreesOf(const Peca& peca, std::size_t end);
 /// degrees. The piece is no section and no plate.
 Corte withAngle(const Peca& peca, std::size_t end, double angle);
 
-/// False where both ends are square, and in a section and for a plate.
+/// False where both ends are square, and for a plate.
 bool oblique(const Peca& peca);
 
 /// Where the edge of an end is at height w of the view, from the end of the axis outwards, mm:
@@ -42,7 +42,8 @@ double furthest(const Peca& peca, std::size_t end);
 /// True for a point of the piece's frame where it ends, along its axis: at the end of the axis,
 /// where the picture ends, or on the edge of the end.
 bool onEnd(const Peca& peca, const AcGeVector3d& point);
-/// Longest fibre: what is bought of the piece, mm. The length of what has no oblique end.
+/// Longest fibre: what is bought of the piece, mm; a section says what its member does. The length
+/// of what has no oblique end.
 double longest(const Peca& peca);
 /// Volume over the section's area, mm: exact, since planes are linear over it.
 double mean(const Peca& peca);

@@ -270,7 +270,6 @@ private:
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
             if (changed.object() == nullptr || peca.object() == nullptr)
                 return L"A peça não pode ser aberta.";
-            if (Access::of(*peca.object()).inSecao()) return {};
             model = edit::copyOf(*peca.object());
             if (!model) return L"A peça não pode ser copiada.";
             Access::of(*model).cortes = Access::of(*changed.object()).cortes;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "perfis/entities/zpobject.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/published.h"
 #include "zp/objects/watch.h"
@@ -91,6 +92,10 @@ Acad::ErrorStatus cut(ZpObject& peca, const AcDbObjectId& other, Face face, bool
     const double from = cutsEnd ? 0.0 : (face == Face::Near ? t.to : t.from);
     const double to = cutsEnd ? (face == Face::Near ? t.from : t.to) : L;
     if (!(to - from > 1e-9 * L)) return Acad::eInvalidInput;
+    p.comprimento = to - from;
+    const bool possible = zp::cortes::fault(p).empty();
+    p.comprimento = L;
+    if (!possible) return Acad::eInvalidInput;
     peca.assertWriteEnabled();
     p.start += zp::direction(p.angle) * from;
     p.comprimento = to - from;

@@ -56,9 +56,10 @@ void listSecao(const ZpObject& peca, const Peca& p) {
 void listCortes(const Peca& p) {
     if (!zp::cortes::oblique(p)) return;
     line(L"comprimento no eixo", withComma(p.comprimento, 4) + L" mm");
-    for (const auto& [name, end] : {std::pair(L"corte no início", zp::cortes::kStart),
-                                    std::pair(L"corte no fim", zp::cortes::kEnd)})
-        line(name, withComma(zp::cortes::degreesOf(p, end), 4) + L" graus");
+    if (!p.inSecao())
+        for (const auto& [name, end] : {std::pair(L"corte no início", zp::cortes::kStart),
+                                        std::pair(L"corte no fim", zp::cortes::kEnd)})
+            line(name, withComma(zp::cortes::degreesOf(p, end), 4) + L" graus");
     line(L"peso líquido", withComma(zp::cortes::netMass(p), 3) + L" kg");
 }
 
