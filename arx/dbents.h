@@ -119,6 +119,104 @@ private:
     double m_endAngle = 0.0;
 };
 
+/// Whole or part of an ellipse: centre + major axis * cos t + minor axis * sin t, t from the start
+/// parameter to the end parameter, counter-clockwise about the normal. Equal parameters are a full
+/// turn.
+class AcDbEllipse : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(AcDbEllipse)
+    AcDbEllipse() = default;
+    /// The normal and the half axis are perpendicular to each other, neither is zero.
+    AcDbEllipse(const AcGePoint3d& center, const AcGeVector3d& unitNormal,
+                const AcGeVector3d& majorAxis, double radiusRatio, double startParam = 0.0,
+                double endParam = 6.28318530717958647692);
+
+    AcGePoint3d center() const { return m_center; }
+    AcGeVector3d normal() const { return m_normal; }
+    /// Half of the axis, drawing units.
+    AcGeVector3d majorAxis() const { return m_major; }
+    AcGeVector3d minorAxis() const { return m_normal.crossProduct(m_major) * m_ratio; }
+    /// Length of the minor axis over that of the major one.
+    double radiusRatio() const { return m_ratio; }
+    double startParam() const { return m_start; }
+    double endParam() const { return m_end; }
+    /// From 0, exclusive, to a full turn.
+    double sweep() const;
+    bool isClosed() const;
+    AcGePoint3d pointAt(double param) const;
+    Acad::ErrorStatus setCenter(const AcGePoint3d& p);
+    /// eInvalidInput for a ratio that is not above 0.
+    Acad::ErrorStatus setRadiusRatio(double ratio);
+    Acad::ErrorStatus setStartParam(double param);
+    Acad::ErrorStatus setEndParam(double param);
+
+protected:
+    /// The centre.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                        const AcGePoint3d& pick, const AcGePoint3d& last,
+                                        const AcGeMatrix3d& view, AcGePoint3dArray& points,
+                                        AcDbIntArray& geomIds) const override;
+
+private:
+    bool passes(double param) const;
+    AcGePoint3d m_center;
+    AcGeVector3d m_normal = AcGeVector3d::kZAxis;
+    AcGeVector3d m_major = AcGeVector3d::kXAxis;
+    double m_ratio = 1.0;
+    double m_start = 0.0;
+    double m_end = 0.0;
+};
+
+namespace prancheta {
+
+/// A line without an end on one side or both: has no extents, is drawn as far as it is seen.
+class EndlessLine : public AcDbEntity {
+    PRANCHETA_ENTITY_MEMBERS(EndlessLine)
+    AcGePoint3d basePoint() const { return m_base; }
+    /// Unit vector.
+    AcGeVector3d unitDir() const { return m_direction; }
+    Acad::ErrorStatus setBasePoint(const AcGePoint3d& p);
+    /// Of any length; eInvalidInput for none.
+    Acad::ErrorStatus setUnitDir(const AcGeVector3d& direction);
+
+protected:
+    EndlessLine() = default;
+    virtual bool goesBothWays() const = 0;
+    Acad::ErrorStatus subExplode(AcDbVoidPtrArray& set) const override;
+    /// The base.
+    Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& points, AcDbIntArray& osnapModes,
+                                          AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                        const AcGePoint3d& pick, const AcGePoint3d& last,
+                                        const AcGeMatrix3d& view, AcGePoint3dArray& points,
+                                        AcDbIntArray& geomIds) const override;
+
+private:
+    AcGePoint3d m_base;
+    AcGeVector3d m_direction = AcGeVector3d::kXAxis;
+};
+
+}  // namespace prancheta
+
+class AcDbXline : public prancheta::EndlessLine {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbXline);
+    AcDbXline() = default;
+
+protected:
+    bool goesBothWays() const override { return true; }
+};
+
+class AcDbRay : public prancheta::EndlessLine {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbRay);
+    AcDbRay() = default;
+
+protected:
+    bool goesBothWays() const override { return false; }
+};
+
 /// One line of text. `position` is the left end of the baseline; `alignmentPoint` counts when the
 /// justification is not left / baseline.
 class AcDbText : public AcDbEntity {

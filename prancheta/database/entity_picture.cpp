@@ -101,7 +101,7 @@ Acad::ErrorStatus AcDbEntity::subGetGeomExtents(AcDbExtents& extents) const {
     const Picture picture = pictureOf(*this);
     if (picture.empty()) return Acad::eDegenerateGeometry;
     extents = picture.extents();
-    return Acad::eOk;
+    return extents.isEmpty() ? Acad::eDegenerateGeometry : Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbEntity::getOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,

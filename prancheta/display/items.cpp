@@ -159,9 +159,11 @@ void DisplayItems::noteUse(AcDbStub* block, Number item) {
 void DisplayItems::refresh(Number number) {
     Item& item = m_items[number];
     const Box2d former = displayed(number) ? box(number) : Box2d();
+    const Box2d formerFinite = displayed(number) ? finiteBox(number) : Box2d();
     m_pictures.erase(number);
     item.visible = item.waiting = false;
     Box2d now;
+    Box2d finite;
     const AcDbObjectPointer<AcDbEntity> entity(item.id, AcDb::kForRead);
     if (entity.openStatus() == Acad::eOk && entity->ownerId() == m_space) {
         item.visible = entity->visibility() == AcDb::kVisible;
@@ -169,13 +171,17 @@ void DisplayItems::refresh(Number number) {
         const BlocksDrawn drawn;
         if (recordInto(m_scratch, *entity.object())) m_mixed.insert(number);
         for (AcDbStub* block : drawn.blocks) noteUse(block, number);
-        now = boxOf(m_scratch.extents());
+        now = boxOf(m_scratch.reach());
+        finite = boxOf(m_scratch.extents());
     } else if (entity.openStatus() == Acad::eWasOpenForWrite) {
         item.waiting = true;
         m_touched.push_back(item.id);
     }
     m_index.set(number, now);
-    if (!displayed(number)) now = Box2d();
+    m_finite.erase(number);
+    if (now.width() != finite.width() || now.height() != finite.height())
+        m_finite.emplace(number, finite);
+    if (!displayed(number)) now = finite = Box2d();
     if (former.empty() && now.empty()) return;
     m_changes.add(former);
     m_changes.add(now);
@@ -183,8 +189,8 @@ void DisplayItems::refresh(Number number) {
     if (!former.empty()) --m_size;
     if (!now.empty()) ++m_size;
     // The last item of a border takes the border with it.
-    if (!former.empty() && onBorder(former, m_extents)) m_counted = false;
-    m_extents.add(now);
+    if (!formerFinite.empty() && onBorder(formerFinite, m_extents)) m_counted = false;
+    m_extents.add(finite);
 }
 
 /// Without what blocks draw on hidden layers; what is on the entity's own layer shows or hides with
@@ -257,9 +263,8 @@ void DisplayItems::count() {
     m_size = 0;
     for (Number item = 0; item < m_items.size(); ++item) {
         if (!displayed(item)) continue;
-        const Box2d of = box(item);
-        m_extents.add(of);
-        if (!of.empty()) ++m_size;
+        m_extents.add(finiteBox(item));
+        if (!box(item).empty()) ++m_size;
     }
 }
 

@@ -32,6 +32,11 @@ public:
     AcDbObjectId id(Number item) const { return m_items[item].id; }
     AcDbObjectId layer(Number item) const { return m_layers[m_items[item].layer].id; }
     Box2d box(Number item) const { return m_index.box(item); }
+    /// Without lines that have no end.
+    Box2d finiteBox(Number item) const {
+        const auto at = m_finite.find(item);
+        return at == m_finite.end() ? box(item) : at->second;
+    }
     bool displayed(Number item) const {
         return m_items[item].visible && !m_layers[m_items[item].layer].hidden;
     }
@@ -98,6 +103,7 @@ private:
     std::vector<Item> m_items;
     IdTable m_numbers;
     SpatialIndex m_index;
+    std::unordered_map<Number, Box2d> m_finite;  ///< of items that have lines without an end
     PictureCache m_pictures;
     ChangeLog m_changes;
     std::vector<Layer> m_layers;

@@ -8,6 +8,8 @@
 #include "dbents.h"
 #include "dbpl.h"
 #include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/ellipse_type.h"
+#include "prancheta/dxf/endless_line_type.h"
 #include "prancheta/dxf/hatch_type.h"
 #include "prancheta/dxf/leader_type.h"
 #include "prancheta/dxf/mtext_type.h"
@@ -350,10 +352,10 @@ std::span<const EntityType> entityTypes() {
             // Read as the row above, which makes both.
             {"INSERT", &AcDbMInsertBlock::desc, kInsert, suitsInsert, makeInsert, takeInsert},
         };
-        types.push_back(mtextType());
-        types.push_back(leaderType());
+        for (const EntityType& type : {ellipseType(), xlineType(), rayType(), mtextType(),
+                                       leaderType(), hatchType()})
+            types.push_back(type);
         for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
-        types.push_back(hatchType());
         return types;
     }();
     return kTypes;

@@ -22,6 +22,10 @@ void registerEntityClasses() {
     AcDbPoint::rxInit();
     AcDbCircle::rxInit();
     AcDbArc::rxInit();
+    AcDbEllipse::rxInit();
+    EndlessLine::rxInit();
+    AcDbXline::rxInit();
+    AcDbRay::rxInit();
     AcDbText::rxInit();
     AcDbMText::rxInit();
     AcDbLeader::rxInit();

@@ -86,6 +86,10 @@ private:
     std::size_t m_index;
 };
 
+/// Selection marker of lines that go on beyond any drawing: they have no extents, and are drawn as
+/// far as they are seen.
+inline constexpr Adesk::GsMarker kEndlessMarker = -2;
+
 /// What an entity draws, in drawing order. All points stand in one vector, so copying costs a few
 /// allocations whatever the number of primitives.
 class Picture {
@@ -135,8 +139,10 @@ public:
     /// mirrored place but stay readable. Any other affine map turns curves into chords.
     void transform(const AcGeMatrix3d& m);
 
-    /// Smallest box; arcs exactly, texts by the estimate of textBox().
+    /// Smallest box; arcs exactly, texts by the estimate of textBox(). Endless lines do not count.
     AcDbExtents extents() const;
+    /// The same with them, as far as they are recorded: whatever is outside is not touched.
+    AcDbExtents reach() const;
 
     /// Same primitives in the same order, lengths within 1e-6, angles and bulges within 1e-9 (by
     /// rounding to these steps). Selection markers do not count.

@@ -65,6 +65,13 @@ void add(const PrimitiveView& p, AcDbExtents& box) {
 
 AcDbExtents Picture::extents() const {
     AcDbExtents box;
+    for (const PrimitiveView p : *this)
+        if (p.traits().marker != kEndlessMarker) add(p, box);
+    return box;
+}
+
+AcDbExtents Picture::reach() const {
+    AcDbExtents box;
     for (const PrimitiveView p : *this) add(p, box);
     return box;
 }

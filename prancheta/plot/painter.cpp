@@ -90,6 +90,33 @@ struct PicturePainter::Impl {
         for (const AcGePoint3d& p : points.subspan(1)) strokes.lineTo(map(p));
     }
 
+    /// What is seen of a line that has no end; dashes begin where they would from its own start, so
+    /// that parts painted one by one fit together.
+    void addEndless(const PrimitiveView& p) {
+        const QPointF a = exact(p.points()[0]);
+        const QPointF along = exact(p.points()[1]) - a;
+        double from = 0.0;
+        double to = 1.0;
+        const auto clip = [&](double start, double step, double low, double high) {
+            if (step == 0.0) {
+                if (start < low || start > high) to = -1.0;
+                return;
+            }
+            const double t = (low - start) / step;
+            const double u = (high - start) / step;
+            from = std::max(from, std::min(t, u));
+            to = std::min(to, std::max(t, u));
+        };
+        clip(a.x(), along.x(), visible.left(), visible.right());
+        clip(a.y(), along.y(), visible.top(), visible.bottom());
+        if (!(from < to)) return;
+        const double length = std::hypot(along.x(), along.y());
+        const double period = appearances.of(p.traits()).dashPeriod * scale / length;
+        if (period > 0.0) from = std::floor(from / period) * period;
+        strokes.moveTo(a + along * from);
+        strokes.lineTo(a + along * to);
+    }
+
     void addPline(const PrimitiveView& p) {
         const AcGeVector3d normal = p.normal();
         strokes.moveTo(map(p.points()[0]));
@@ -151,6 +178,8 @@ struct PicturePainter::Impl {
     void addPrimitive(const PrimitiveView& p) {
         switch (p.kind()) {
             case PrimitiveKind::Polyline:
+                if (p.traits().marker == kEndlessMarker && p.points().size() == 2)
+                    return addEndless(p);
                 return addPolyline(p.points());
             case PrimitiveKind::Polygon:
                 return addPolygon(p.points());

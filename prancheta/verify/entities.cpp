@@ -128,6 +128,8 @@ constexpr Marker kMText[] = {"AcDbMText"};
 constexpr Marker kTrace[] = {"AcDbTrace"};
 constexpr Marker kFace[] = {"AcDbFace"};
 constexpr Marker kEllipse[] = {"AcDbEllipse"};
+constexpr Marker kXline[] = {"AcDbXline"};
+constexpr Marker kRay[] = {"AcDbRay"};
 constexpr Marker kSpline[] = {"AcDbSpline"};
 constexpr Marker kHatch[] = {"AcDbHatch"};
 constexpr Marker kLeader[] = {"AcDbLeader"};
@@ -159,6 +161,8 @@ constexpr EntityRule kRules[] = {
     {"TRACE", kTrace, kCorners, {}},
     {"3DFACE", kFace, kCorners, {}},
     {"ELLIPSE", kEllipse, kAxis, kSize},
+    {"XLINE", kXline, kEnds, {}},
+    {"RAY", kRay, kEnds, {}},
     {"SPLINE", kSpline, {}, {}, examineSpline},
     {"HATCH", kHatch, {}, {}, examineHatch},
     {"LEADER", kLeader, {}, {}, examineLeader},

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Lines, points, circles, arcs, solids: transformations, copies, grips, LIST, undo.
+// Lines, points, circles, arcs, ellipses, construction lines, solids: transformations, copies,
+// grips, LIST, undo.
 #include "fixture.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/geometry/angles.h"
+#include "prancheta/graphics/curves.h"
 
 using namespace prancheta;
 
@@ -35,6 +37,10 @@ TEST_F(SimpleTest, SimilaritiesAndTheirInversesBringBackThePicture) {
                                static_cast<AcDbEntity*>(&circle), static_cast<AcDbEntity*>(&arc),
                                static_cast<AcDbEntity*>(&solid)})
         expectRoundTrip(*entity);
+    AcDbEllipse ellipse({5, 6, 0}, kZ, {8, 6, 0}, 0.3);
+    AcDbEllipse part({5, 6, 0}, kZ, {8, 6, 0}, 0.3, 0.5, 4.0);
+    expectRoundTrip(ellipse);
+    expectRoundTrip(part);
 }
 
 TEST_F(SimpleTest, UnequalScalesAreTakenOnlyByWhatCanShowThem) {
@@ -149,4 +155,61 @@ TEST_F(SimpleTest, BowTieOrderOfSolidsAndTriangles) {
     EXPECT_EQ(pictureOf(triangle)[0].points().size(), 3u);
     Pieces pieces(triangle);
     EXPECT_EQ(pieces.status, Acad::eCannotExplodeEntity);
+}
+
+TEST_F(SimpleTest, EllipsesAreDrawnAsTheyAre) {
+    // Half axes of 10 and 4, turned so that cos = 0.8 and sin = 0.6.
+    AcDbEllipse whole({100, 50, 0}, kZ, {8, 6, 0}, 0.4);
+    const double wide = std::hypot(10 * 0.8, 4 * 0.6);
+    const double high = std::hypot(10 * 0.6, 4 * 0.8);
+    const AcDbExtents box = pictureOf(whole).extents();
+    EXPECT_NEAR(box.maxPoint().x, 100 + wide, 1e-4);
+    EXPECT_NEAR(box.minPoint().y, 50 - high, 1e-4);
+    EXPECT_EQ(whole.transformBy(stretch(2, 1)), Acad::eCannotScaleNonUniformly);
+    // Every point that is drawn satisfies the equation of the ellipse.
+    AcDbEllipse part({0, 0, 0}, kZ, {10, 0, 0}, 0.4, 0, kPi / 2);
+    for (const PrimitiveView p : pictureOf(part)) {
+        std::vector<AcGePoint3d> points;
+        appendOutline(p, 1e-6, points);
+        EXPECT_TRUE(near(points.front(), {10, 0, 0}));
+        EXPECT_TRUE(near(points.back(), {0, 4, 0}));
+        for (const AcGePoint3d& q : points) EXPECT_NEAR(std::hypot(q.x / 10, q.y / 4), 1.0, 5e-6);
+    }
+    // Mirrored in x = 0 it runs from its former end to its former start.
+    EXPECT_EQ(part.transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0})), Acad::eOk);
+    EXPECT_TRUE(near(part.pointAt(part.startParam()), {0, 4, 0}));
+    EXPECT_TRUE(near(part.pointAt(part.endParam()), {-10, 0, 0}));
+    EXPECT_NEAR(part.sweep(), kPi / 2, 1e-12);
+    // Its minor axis dragged to 16 becomes the major one; the ends stay on its quadrants.
+    drag(part, 2, {0, part.minorAxis().y > 0 ? 12.0 : -12.0, 0});
+    EXPECT_NEAR(part.majorAxis().length(), 16, 1e-9);
+    EXPECT_NEAR(part.radiusRatio(), 10.0 / 16, 1e-12);
+    EXPECT_TRUE(near(part.pointAt(part.startParam()), {0, 16, 0}));
+    EXPECT_TRUE(near(part.pointAt(part.endParam()), {-10, 0, 0}));
+    AcGePoint3dArray quadrants;
+    AcDbIntArray ids;
+    EXPECT_EQ(part.getOsnapPoints(AcDb::kOsModeQuad, 0, {}, {}, {}, quadrants, ids), Acad::eOk);
+    EXPECT_EQ(quadrants.length(), 2);
+}
+
+TEST_F(SimpleTest, ConstructionLinesHaveNoExtents) {
+    AcDbRay ray;
+    EXPECT_EQ(ray.setBasePoint({1, 2, 0}), Acad::eOk);
+    EXPECT_EQ(ray.setUnitDir({0, 0, 0}), Acad::eInvalidInput);
+    EXPECT_EQ(ray.setUnitDir({30, 40, 0}), Acad::eOk);
+    AcDbExtents box;
+    EXPECT_EQ(ray.getGeomExtents(box), Acad::eDegenerateGeometry);
+    EXPECT_TRUE(pictureOf(ray).extents().isEmpty());
+    EXPECT_TRUE(near(pictureOf(ray).reach().minPoint(), {1, 2, 0}));
+    EXPECT_EQ(ray.transformBy(stretch(2, 1)), Acad::eOk);
+    EXPECT_TRUE(near(ray.basePoint(), {2, 2, 0}));
+    EXPECT_NEAR(ray.unitDir().y / ray.unitDir().x, 2.0 / 3, 1e-12);
+    const auto copy = copyOf(ray);
+    EXPECT_TRUE(pictureOf(*copy) == pictureOf(ray));
+    AcGePoint3dArray ends;
+    AcDbIntArray ids;
+    EXPECT_EQ(ray.getOsnapPoints(AcDb::kOsModeEnd, 0, {}, {}, {}, ends, ids), Acad::eOk);
+    ASSERT_EQ(ends.length(), 1);
+    EXPECT_TRUE(near(ends[0], {2, 2, 0}));
+    EXPECT_EQ(Pieces(ray).status, Acad::eCannotExplodeEntity);
 }

@@ -28,7 +28,7 @@ Picture boxesOf(DisplayList& display, const std::vector<AcDbObjectId>& ids) {
     Picture boxes;
     Box2d all;
     for (const AcDbObjectId& id : ids) {
-        const Box2d box = boxOf(display.picture(id).extents());
+        const Box2d box = boxOf(display.picture(id).reach());
         all.add(box);
         if (ids.size() <= kMostBoxes) addBox(boxes, box);
     }

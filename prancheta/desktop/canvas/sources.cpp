@@ -113,7 +113,7 @@ void DrawingSource::setSelection(const std::vector<AcDbObjectId>& ids, Sheet& sh
     m_selected = std::move(selected);
     if (changed.size() > kManyChanges) return sheet.spoilAll();
     for (const AcDbObjectId& id : changed)
-        sheet.spoil(boxOf(m_editor->display().picture(id).extents()));
+        sheet.spoil(boxOf(m_editor->display().picture(id).reach()));
 }
 
 void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
