@@ -38,8 +38,7 @@ CommandLookup lookUp(const CommandStack& stack, const Aliases& aliases,
         found.command = stack.find(TypedName(target));
         if (found.command != nullptr) return found;
     }
-    const VariableInfo* const variable = variables.find(typed.name);
-    if (variable != nullptr && isTypedByName(*variable))
+    if (variables.find(typed.name) != nullptr)
         found.variable = typed.name;
     else
         found.command = stack.findWithoutAccents(typed);

@@ -11,8 +11,6 @@
 
 namespace prancheta {
 
-/// False for a variable whose word is a command's: only SETVAR and programs get at it.
-bool isTypedByName(const VariableInfo& info);
 /// True for a variable that holds an angle: radians for programs, at the command line by AUNITS.
 bool isAngleVariable(std::wstring_view name);
 /// Value as it is shown at the command line, angles in the units of `angleUnits` (AUNITS).

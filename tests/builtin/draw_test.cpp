@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// LINE, CIRCLE, ARC, POINT, TEXT, DIMALIGNED.
+// LINE, CIRCLE, ELLIPSE, XLINE, RAY, ARC, POINT, TEXT, DIMALIGNED.
 #include <cmath>
 
 #include "dbhatch.h"
+#include "prancheta/display/display_list.h"
+#include "prancheta/editor/picking.h"
 #include "prancheta/geometry/angles.h"
 #include "tests/builtin/script_ui.h"
 
@@ -116,6 +118,108 @@ TEST_F(Draw, TangentCircleOfEqualPicksIsTheSameEverywhere) {
         EXPECT_NEAR(above.y, -away + 40, 1e-6) << away;
         type({L"_erase", L"_all", L""});
     }
+}
+
+TEST_F(Draw, Ellipse) {
+    struct Case {
+        std::initializer_list<const wchar_t*> lines;
+        AcGePoint3d centre, start, end;
+        AcGeVector3d major;
+        double ratio;
+    };
+    const double half = std::sqrt(0.5);
+    const Case cases[] = {
+        {{L"elipse", L"0,0", L"20,0", L"4"}, {10, 0, 0}, {20, 0, 0}, {20, 0, 0}, {10, 0, 0}, 0.4},
+        // The second axis is the longer one.
+        {{L"_ellipse", L"_c", L"5,5", L"@3,0", L"5,11"},
+         {5, 5, 0},
+         {5, 11, 0},
+         {5, 11, 0},
+         {0, 6, 0},
+         0.5},
+        // No length, then one; a circle seen from 60 degrees: its cosine is a half.
+        {{L"_el", L"_c", L"0,0", L"0,0", L"0,8", L"_r", L"90", L"60"},
+         {0, 0, 0},
+         {0, 8, 0},
+         {0, 8, 0},
+         {0, 8, 0},
+         0.5},
+        // Angles count from the first axis: 45 degrees on half axes of 2 and 2.
+        {{L"_ellipse", L"_a", L"_c", L"0,0", L"0,2", L"2", L"45", L"90"},
+         {0, 0, 0},
+         {-2 * half, 2 * half, 0},
+         {-2, 0, 0},
+         {0, 2, 0},
+         1.0},
+        // From where the first axis ends to where the longer second one does.
+        {{L"_ellipse", L"_a", L"-3,0", L"3,0", L"6", L"0", L"_i", L"90"},
+         {0, 0, 0},
+         {3, 0, 0},
+         {0, 6, 0},
+         {0, 6, 0},
+         0.5},
+    };
+    std::size_t made = 0;
+    for (const Case& each : cases) {
+        SCOPED_TRACE(made);
+        type(each.lines);
+        ASSERT_EQ(count(), ++made);
+        const Read<AcDbEllipse> ellipse(last());
+        ASSERT_NE(ellipse.object(), nullptr);
+        const auto at = [](const AcGePoint3d& p, const AcGePoint3d& wanted) {
+            expectPoint(p, wanted.x, wanted.y);
+        };
+        at(ellipse->center(), each.centre);
+        at(ellipse->pointAt(ellipse->startParam()), each.start);
+        at(ellipse->pointAt(ellipse->endParam()), each.end);
+        EXPECT_NEAR(std::abs(ellipse->majorAxis().dotProduct(each.major.normal())),
+                    each.major.length(), 1e-9);
+        EXPECT_NEAR(ellipse->radiusRatio(), each.ratio, 1e-9);
+    }
+    EXPECT_EQ(ui.complaints.size(), 2u);
+}
+
+TEST_F(Draw, ConstructionLines) {
+    struct Case {
+        std::initializer_list<const wchar_t*> lines;
+        double x, y, dx, dy;  ///< of the last line drawn
+    };
+    const double half = std::sqrt(0.5);
+    type({L"_line", L"10,0", L"20,10", L""});
+    const Case cases[] = {
+        {{L"xlinha", L"1,2", L"1,2", L"4,6", L"1,9", L""}, 1, 2, 0, 1},
+        {{L"_xline", L"_h", L"5,7", L""}, 5, 7, 1, 0},
+        {{L"_xl", L"_v", L"5,7", L"6,7", L""}, 6, 7, 0, 1},
+        {{L"_xline", L"_a", L"135", L"0,1", L""}, 0, 1, -half, half},
+        {{L"_xline", L"_b", L"0,0", L"5,0", L"0,3", L""}, 0, 0, half, half},
+        {{L"_xline", L"_b", L"0,0", L"5,0", L"-3,0", L""}, 0, 0, 0, 1},
+        {{L"semirreta", L"1,1", L"1,5", L""}, 1, 1, 0, 1},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(&each - cases);
+        type(each.lines);
+        const Read<prancheta::EndlessLine> line(last());
+        ASSERT_NE(line.object(), nullptr);
+        expectPoint(line->basePoint(), each.x, each.y);
+        EXPECT_NEAR(line->unitDir().x, each.dx, 1e-9);
+        EXPECT_NEAR(line->unitDir().y, each.dy, 1e-9);
+    }
+    EXPECT_EQ(ui.complaints.size(), 1u);
+    // Parallel to the line at 2 on the side of the point, and through a point.
+    type({L"_xline", L"_o", L"2"});
+    pick(15, 5, {entities()[0]});
+    type({L"0,50", L"", L"_xline", L"_o", L""});
+    pick(15, 5, {entities()[0]});
+    type({L"30,0", L""});
+    const Read<AcDbXline> through(last());
+    EXPECT_NEAR(through->basePoint().x - through->basePoint().y, 30, 1e-9);
+    const Read<AcDbXline> beside(entities()[count() - 2]);
+    EXPECT_NEAR(beside->basePoint().y - beside->basePoint().x, -10 + 2 / half, 1e-9);
+    // They are found anywhere, and what is shown by ZOOM is the line alone.
+    const prancheta::Box2d box = editor->display().extents();
+    EXPECT_EQ(box.right, 20);
+    EXPECT_EQ(box.top, 10);
+    EXPECT_EQ(prancheta::entityAt(*editor, {5e5, 7, 0}), entities()[3]);
 }
 
 TEST_F(Draw, LastAngleIsTheDirectionOfTheEnd) {

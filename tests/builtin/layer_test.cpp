@@ -131,5 +131,90 @@ TEST_F(Layer, EscapeKeepsWhatWasDone) {
     EXPECT_EQ(current(), L"Perfis");
 }
 
+TEST_F(Layer, PickedByWhatStandsOnThem) {
+    type({L"_-layer", L"_n", L"a,b,c", L""});
+    for (const wchar_t* name : {L"a", L"b", L"c"})
+        type({L"_setvar", L"CLAYER", name, L"_line", L"0,0", L"9,9", L""});
+    const auto state = [&] {
+        std::wstring text;
+        for (const AcDbObjectId& id : entities()) {
+            const Read<AcDbLine> line(id);
+            const Read<AcDbLayerTableRecord> layer(line->layerId());
+            text += layer->isOff()      ? L'-'
+                    : layer->isFrozen() ? L'*'
+                    : layer->isLocked() ? L'!'
+                                        : L'+';
+        }
+        return text;
+    };
+    const std::vector<AcDbObjectId> all = entities();
+    ASSERT_EQ(state(), L"+++");
+    editor->selection().select({all[0]});
+    type({L"isolacamada"});
+    EXPECT_EQ(state(), L"+--");
+    EXPECT_EQ(layerOf(all[0]), editor->variables().text(L"CLAYER"));
+    type({L"_layuniso"});
+    EXPECT_EQ(state(), L"+++");
+    type({L"_layuniso"});
+    EXPECT_TRUE(said(L"Nenhuma camada foi isolada"));
+    // The current layer, "a" now, stays.
+    editor->selection().select({all[0], all[1]});
+    type({L"_layoff"});
+    EXPECT_EQ(state(), L"+-+");
+    editor->selection().select({all[2], all[0]});
+    type({L"_layfrz"});
+    EXPECT_EQ(state(), L"+-*");
+    type({L"camadaanterior"});
+    EXPECT_EQ(state(), L"+-+");
+    editor->selection().select({all[2]});
+    type({L"_laylck"});
+    EXPECT_EQ(state(), L"+-!");
+    editor->selection().select({all[2]});
+    type({L"_laymcur"});
+    EXPECT_EQ(editor->variables().text(L"CLAYER"), L"c");
+    type({L"_u", L"_u", L"_u"});
+    EXPECT_EQ(state(), L"+-*");
+}
+
+TEST_F(Layer, SelectedByWhatTheyAre) {
+    type({L"_-layer", L"_n", L"Banzo 1,Banzo 10", L""});
+    type({L"_line", L"0,0", L"5,0", L"20,0", L"", L"_setvar", L"CLAYER", L"Banzo 1"});
+    type({L"_line", L"0,5", L"30,5", L"", L"_circle", L"0,0", L"1", L"_setvar", L"CLAYER",
+          L"Banzo 10", L"_text", L"0,0", L"2", L"0", L"a", L""});
+    const std::vector<AcDbObjectId> all = entities();  // 5, 15 and 30 long; circle; text
+    ASSERT_EQ(all.size(), 5u);
+    {
+        const AcDbObjectPointer<AcDbLine> red(all[1], AcDb::kForWrite);
+        (void)red->setColorIndex(1);
+    }
+    const struct {
+        const wchar_t* typed;
+        std::vector<AcDbObjectId> found;
+    } cases[] = {
+        {L"tipo=linha", {all[0], all[1], all[2]}},
+        {L"TIPO = circle", {all[3]}},
+        {L"comprimento > 5", {all[1], all[2], all[3]}},  // 2 pi is longer than 5
+        {L"tipo=linha comprimento<15", {all[0]}},
+        {L"camada=banzo 1  comprimento=30,0", {all[2]}},
+        {L"camada=banzo *", {all[2], all[3], all[4]}},
+        {L"camada>Banzo 2", {all[4]}},
+        {L"cor=vermelho", {all[1]}},
+        {L"cor=porcamada tipo=texto", {all[4]}},
+        {L"marca=P1", {}},
+    };
+    for (const auto& each : cases) {
+        editor->selection().clear();
+        type({L"selrap", each.typed});
+        EXPECT_EQ(editor->selection().ids(), each.found) << prancheta::toUtf8(each.typed);
+    }
+    // Among what is selected already; what makes no sense is asked again.
+    editor->selection().select({all[1], all[4]});
+    type({L"_qselect", L"comprido", L"tipo=", L"cor=roxo", L"comprimento>x", L"comprimento>1"});
+    EXPECT_EQ(editor->selection().ids(), std::vector<AcDbObjectId>{all[1]});
+    EXPECT_EQ(ui.complaints.size(), 4u);
+    type({L"_erase"});
+    EXPECT_EQ(count(), 4u);
+}
+
 }  // namespace
 }  // namespace builtin

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// MOVE, COPY, ARRAY, SCALE, STRETCH, MIRROR, ERASE, OOPS, EXPLODE.
+// MOVE, COPY, ARRAY, ALIGN, DIVIDE, MEASURE, MATCHPROP, SCALE, STRETCH, MIRROR, ERASE, OOPS,
+// EXPLODE.
 #include <sstream>
 
 #include "prancheta/display/box.h"
@@ -492,6 +493,56 @@ TEST_F(Modify, PropertiesOfAnotherObject) {
     pick(0, 0, {all[2]});
     EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(Read<AcDbDimension>(all[3])->ownDimscale(), 7.0);
+}
+
+TEST_F(Modify, AlignedByTwoPairsOfPoints) {
+    // From (10,0)-(20,0) to (1,1) in the direction of (1,9): turned by a right angle.
+    type({L"alinhar", L"_l", L"", L"10,0", L"1,1", L"20,0", L"1,1", L"1,9", L""});
+    EXPECT_EQ(ui.complaints.size(), 1u) << "the second pair has no direction";
+    expectLine(last(), 1, 1, 1, 11);
+    type({L"_u", L"_al", L"_l", L"", L"10,0", L"1,1", L"20,0", L"1,31", L"_y"});
+    expectLine(last(), 1, 1, 1, 31);
+    type({L"_u", L"_align", L"_l", L"", L"10,0", L"1,1", L""});
+    expectLine(last(), 1, 1, 11, 1);
+}
+
+TEST_F(Modify, PointsAlongCurves) {
+    const auto places = [&](std::size_t from) {
+        std::vector<AcGePoint3d> all;
+        for (std::size_t i = from; i < count(); ++i)
+            all.push_back(Read<AcDbPoint>(entities()[i])->position());
+        return all;
+    };
+    type({L"dividir", L"_l", L"1", L"4"});
+    EXPECT_EQ(ui.complaints.size(), 1u) << "one part is no division";
+    std::vector<AcGePoint3d> at = places(1);
+    ASSERT_EQ(at.size(), 3u);
+    expectPoint(at[0], 12.5, 0);
+    expectPoint(at[2], 17.5, 0);
+    type({L"_u", L"_me"});
+    pick(19, 0, {entities()[0]});
+    type({L"50", L"4"});
+    at = places(1);  // from the end that was picked
+    ASSERT_EQ(at.size(), 2u);
+    expectPoint(at[0], 16, 0);
+    expectPoint(at[1], 12, 0);
+    EXPECT_TRUE(said(L"O objeto tem 10,0000: o trecho não cabe nele."));
+    // A length that goes in whole leaves no point on the end; a circle has one where it begins.
+    type({L"_u", L"_measure", L"_l", L"5"});
+    ASSERT_EQ(places(1).size(), 1u);
+    type({L"_erase", L"_all", L"", L"_circle", L"0,0", L"5", L"_div", L"_l", L"4"});
+    at = places(1);
+    ASSERT_EQ(at.size(), 4u);
+    expectPoint(at[0], 5, 0);
+    expectPoint(at[3], 0, -5);
+    // Blocks stand along the curve.
+    type({L"_-block", L"seta", L"0,0", L"_l", L"", L"_divide"});
+    pick(5, 0, {entities()[0]});
+    type({L"_b", L"nada", L"SETA", L"", L"4"});
+    const Read<AcDbBlockReference> second(entities()[count() - 3]);
+    ASSERT_NE(second.object(), nullptr);
+    expectPoint(second->position(), 0, 5);
+    EXPECT_NEAR(second->rotation(), prancheta::kPi, 1e-9);
 }
 
 }  // namespace

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 // CIRCLE: by centre and radius or diameter, by three points, by the ends of a diameter, by two
 // tangents and the radius.
-#include <limits>
-
 #include "dbents.h"
-#include "prancheta/display/display_list.h"
 #include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/memory.h"
+#include "prancheta/editor/commands/picked_edge.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/commands/tangent_circle.h"
 #include "prancheta/editor/editor.h"
-#include "prancheta/graphics/edges.h"
-#include "prancheta/graphics/hit.h"
 
 namespace prancheta::commands {
 
@@ -94,19 +90,11 @@ struct Touched {
     TouchedCurve curve;
 };
 
-/// What was picked of an object: the edge nearest to the pick.
 std::optional<TouchedCurve> curveAt(const CommandContext& context, const InputValue& picked) {
-    std::optional<TouchedCurve> best;
-    double least = std::numeric_limits<double>::infinity();
-    for (const PrimitiveView p : context.editor().display().picture(picked.entities.front()))
-        forEachEdge(p, [&](const Edge& edge) {
-            const double distance = planeDistance(nearestOn(edge, picked.point), picked.point);
-            if (distance >= least) return;
-            least = distance;
-            best = edge.isArc() ? TouchedCurve{edge.center, {}, edge.radius, picked.point}
-                                : TouchedCurve{edge.a, edge.b - edge.a, 0.0, picked.point};
-        });
-    return best;
+    const std::optional<Edge> edge = pickedEdge(context, picked);
+    if (!edge) return {};
+    if (edge->isArc()) return TouchedCurve{edge->center, {}, edge->radius, picked.point};
+    return TouchedCurve{edge->a, edge->b - edge->a, 0.0, picked.point};
 }
 
 Task<Touched> askTouched(CommandContext context, std::wstring prompt) {

@@ -4,12 +4,21 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
+#include "dbid.h"
 #include "gevec3d.h"
 #include "prancheta/editor/command.h"
 #include "prancheta/editor/plotter.h"
 
 namespace prancheta::commands {
+
+struct LayerState {
+    AcDbObjectId layer;
+    bool off = false;
+    bool frozen = false;
+    bool locked = false;
+};
 
 /// Defaults that prompts offer. Lengths in drawing units, angles in radians.
 struct Memory {
@@ -35,7 +44,9 @@ struct Memory {
     double rectangleArea = 100.0;
     double rectangleLength = 10.0;
     double rectangleWidth = 10.0;
-    unsigned int matched = ~0u;  ///< bits of what COPIARPROP copies
+    unsigned int matched = ~0u;              ///< bits of what COPIARPROP copies
+    std::vector<LayerState> layersIsolated;  ///< as they were before LAYISO; empty: nothing to undo
+    std::vector<LayerState> layersBefore;    ///< as they were before layers were last picked
     bool copyOnce = false;
     AcGeVector3d displacement;
     PlotSettings plot;             ///< the area is asked for anew

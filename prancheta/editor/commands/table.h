@@ -14,7 +14,9 @@ std::span<const BuiltInCommand> builtInCommands();
 /// One function per command, in the source of its global name in lower case or of its family.
 namespace commands {
 
+CommandTask align(CommandContext context);
 CommandTask arc(CommandContext context);
+CommandTask area(CommandContext context);
 CommandTask array(CommandContext context);
 CommandTask arx(CommandContext context);
 CommandTask attdef(CommandContext context);
@@ -40,6 +42,8 @@ CommandTask dimradius(CommandContext context);
 CommandTask dimstyle(CommandContext context);
 CommandTask dimtedit(CommandContext context);
 CommandTask dist(CommandContext context);
+CommandTask ellipse(CommandContext context);
+CommandTask divide(CommandContext context);
 CommandTask editaperfil(CommandContext context);
 CommandTask erase(CommandContext context);
 CommandTask explode(CommandContext context);
@@ -55,9 +59,17 @@ CommandTask layer(CommandContext context);
 CommandTask layerInWindow(CommandContext context);
 CommandTask lengthen(CommandContext context);
 CommandTask leader(CommandContext context);
+CommandTask layerp(CommandContext context);
+CommandTask layfrz(CommandContext context);
+CommandTask layiso(CommandContext context);
+CommandTask laylck(CommandContext context);
+CommandTask laymcur(CommandContext context);
+CommandTask layoff(CommandContext context);
+CommandTask layuniso(CommandContext context);
 CommandTask line(CommandContext context);
 CommandTask list(CommandContext context);
 CommandTask matchprop(CommandContext context);
+CommandTask measure(CommandContext context);
 CommandTask mirror(CommandContext context);
 CommandTask move(CommandContext context);
 CommandTask mredo(CommandContext context);
@@ -75,8 +87,10 @@ CommandTask point(CommandContext context);
 CommandTask polygon(CommandContext context);
 CommandTask properties(CommandContext context);
 CommandTask qsave(CommandContext context);
+CommandTask qselect(CommandContext context);
 CommandTask quit(CommandContext context);
 CommandTask rectang(CommandContext context);
+CommandTask ray(CommandContext context);
 CommandTask redo(CommandContext context);
 CommandTask redraw(CommandContext context);
 CommandTask regen(CommandContext context);
@@ -97,6 +111,7 @@ CommandTask trimObjects(CommandContext context);
 CommandTask u(CommandContext context);
 CommandTask undo(CommandContext context);
 CommandTask wblock(CommandContext context);
+CommandTask xline(CommandContext context);
 CommandTask zoom(CommandContext context);
 
 }  // namespace commands
