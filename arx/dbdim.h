@@ -233,9 +233,7 @@ public:
     AcGePoint3d chordPoint() const override { return m_points[0]; }
     AcGePoint3d farChordPoint() const { return m_points[1]; }
     AcGePoint3d innerPoint() const override { return farChordPoint(); }
-    AcGePoint3d middle() const override {
-        return m_points[0] + (m_points[1] - m_points[0]) * 0.5;
-    }
+    AcGePoint3d middle() const override { return m_points[0] + (m_points[1] - m_points[0]) * 0.5; }
     const ACHAR* usualPrefix() const override { return L"Ø"; }
 
 protected:

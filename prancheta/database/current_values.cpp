@@ -140,8 +140,7 @@ void DatabaseCore::variableChanged(VariableInfo& info) {
     if (const DimVariable* const variable = styleVariable(info.name)) {
         if (variable->real != nullptr) values.*variable->real = std::get<double>(info.value);
         if (variable->integer != nullptr) values.*variable->integer = std::get<short>(info.value);
-        if (variable->text != nullptr)
-            values.*variable->text = std::get<std::wstring>(info.value);
+        if (variable->text != nullptr) values.*variable->text = std::get<std::wstring>(info.value);
     }
     if (info.name == kStyleText)
         (void)style->setDimtxsty(

@@ -45,13 +45,13 @@ constexpr auto dimensionFields(Fields... own) {
                                  own...});
 }
 
-constexpr auto kAlignedFields = dimensionFields(
-    marker("AcDbAlignedDimension"), Field{13, Point, kPoint13}, Field{14, Point, kPoint14},
-    optionalField(52, Degrees, kOblique, 0.0));
-constexpr auto kRotatedFields = dimensionFields(
-    marker("AcDbAlignedDimension"), Field{13, Point, kPoint13}, Field{14, Point, kPoint14},
-    optionalField(52, Degrees, kOblique, 0.0), Field{50, Degrees, kTurn},
-    marker("AcDbRotatedDimension"));
+constexpr auto kAlignedFields =
+    dimensionFields(marker("AcDbAlignedDimension"), Field{13, Point, kPoint13},
+                    Field{14, Point, kPoint14}, optionalField(52, Degrees, kOblique, 0.0));
+constexpr auto kRotatedFields =
+    dimensionFields(marker("AcDbAlignedDimension"), Field{13, Point, kPoint13},
+                    Field{14, Point, kPoint14}, optionalField(52, Degrees, kOblique, 0.0),
+                    Field{50, Degrees, kTurn}, marker("AcDbRotatedDimension"));
 constexpr auto kRadiusFields = dimensionFields(
     marker("AcDbRadialDimension"), Field{15, Point, kPoint15}, Field{40, Real, kLeader});
 constexpr auto kDiameterFields = dimensionFields(
@@ -59,9 +59,9 @@ constexpr auto kDiameterFields = dimensionFields(
 constexpr auto kTwoLineFields = dimensionFields(
     marker("AcDb2LineAngularDimension"), Field{13, Point, kPoint13}, Field{14, Point, kPoint14},
     Field{15, Point, kPoint15}, Field{16, Point, kPoint16});
-constexpr auto kThreePointFields = dimensionFields(
-    marker("AcDb3PointAngularDimension"), Field{13, Point, kPoint13}, Field{14, Point, kPoint14},
-    Field{15, Point, kPoint15});
+constexpr auto kThreePointFields =
+    dimensionFields(marker("AcDb3PointAngularDimension"), Field{13, Point, kPoint13},
+                    Field{14, Point, kPoint14}, Field{15, Point, kPoint15});
 
 /// Groups that say nothing when they have this value; any value where there is none.
 struct Harmless {
@@ -72,6 +72,9 @@ struct Harmless {
 constexpr Harmless kHarmless[] = {{12, true, 0},
                                   {22, true, 0},
                                   {32, true, 0},
+                                  {16, true, 0},
+                                  {26, true, 0},
+                                  {36, true, 0},
                                   {280, true, 0},
                                   {40, false, 0},
                                   {41, false, 1},
@@ -214,8 +217,8 @@ std::array<EntityType, 6> dimensionTypes() {
               make<kAligned>, take<kAligned>},
              {"DIMENSION", &AcDbRotatedDimension::desc, kRotatedFields, suits<kRotated>,
               make<kRotated>, take<kRotated>},
-             {"DIMENSION", &AcDbRadialDimension::desc, kRadiusFields, suits<kRadius>,
-              make<kRadius>, take<kRadius>},
+             {"DIMENSION", &AcDbRadialDimension::desc, kRadiusFields, suits<kRadius>, make<kRadius>,
+              take<kRadius>},
              {"DIMENSION", &AcDbDiametricDimension::desc, kDiameterFields, suits<kDiameter>,
               make<kDiameter>, take<kDiameter>},
              {"DIMENSION", &AcDb2LineAngularDimension::desc, kTwoLineFields, suits<kTwoLines>,

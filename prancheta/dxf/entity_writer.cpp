@@ -225,7 +225,8 @@ void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& 
     writeFields(type.fields, m_values, m_names, m_out, &foreign, firstMarker(foreign));
     scaledXdata(original, static_cast<const AcDbDimension&>(asFiled).ownDimscale());
     // Of other kinds the last point is the same in both.
-    const AcGePoint3d through = static_cast<const AcDbDimension&>(original).definitionPoints().back();
+    const AcGePoint3d through =
+        static_cast<const AcDbDimension&>(original).definitionPoints().back();
     const AcGePoint3d filed = static_cast<const AcDbDimension&>(asFiled).definitionPoints().back();
     if (through.x == filed.x && through.y == filed.y && through.z == filed.z) return;
     m_out.text(1001, kPieceApplication);

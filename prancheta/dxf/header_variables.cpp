@@ -10,17 +10,17 @@ namespace prancheta::dxf {
 namespace {
 
 constexpr HeaderVariable kVariables[] = {
-    {"$INSUNITS", 70},      {"$MEASUREMENT", 70},  {"$LIMMIN", 10},       {"$LIMMAX", 10},
-    {"$LTSCALE", 40},       {"$FILLMODE", 70},     {"$TEXTSTYLE", 7},     {"$CLAYER", 8},
-    {"$CELTYPE", 6},        {"$CECOLOR", 62},      {"$CELTSCALE", 40},    {"$DIMSCALE", 40},
-    {"$DIMASZ", 40, true},  {"$DIMEXO", 40, true}, {"$DIMDLI", 40, true}, {"$DIMEXE", 40, true},
-    {"$DIMTXT", 40, true},  {"$DIMGAP", 40, true}, {"$DIMTIH", 70, true}, {"$DIMTOH", 70, true},
-    {"$DIMTAD", 70, true},  {"$DIMZIN", 70, true}, {"$DIMDEC", 70, true}, {"$DIMDSEP", 70, true},
-    {"$DIMLFAC", 40, true}, {"$DIMRND", 40, true}, {"$DIMTSZ", 40, true}, {"$DIMTIX", 70, true},
-    {"$DIMADEC", 70, true}, {"$DIMSE1", 70, true}, {"$DIMSE2", 70, true}, {"$DIMSAH", 70, true},
+    {"$INSUNITS", 70},      {"$MEASUREMENT", 70},   {"$LIMMIN", 10},        {"$LIMMAX", 10},
+    {"$LTSCALE", 40},       {"$FILLMODE", 70},      {"$TEXTSTYLE", 7},      {"$CLAYER", 8},
+    {"$CELTYPE", 6},        {"$CECOLOR", 62},       {"$CELTSCALE", 40},     {"$DIMSCALE", 40},
+    {"$DIMASZ", 40, true},  {"$DIMEXO", 40, true},  {"$DIMDLI", 40, true},  {"$DIMEXE", 40, true},
+    {"$DIMTXT", 40, true},  {"$DIMGAP", 40, true},  {"$DIMTIH", 70, true},  {"$DIMTOH", 70, true},
+    {"$DIMTAD", 70, true},  {"$DIMZIN", 70, true},  {"$DIMDEC", 70, true},  {"$DIMDSEP", 70, true},
+    {"$DIMLFAC", 40, true}, {"$DIMRND", 40, true},  {"$DIMTSZ", 40, true},  {"$DIMTIX", 70, true},
+    {"$DIMADEC", 70, true}, {"$DIMSE1", 70, true},  {"$DIMSE2", 70, true},  {"$DIMSAH", 70, true},
     {"$DIMCLRD", 70, true}, {"$DIMCLRE", 70, true}, {"$DIMCLRT", 70, true}, {"$DIMPOST", 1, true},
-    {"$DIMTXSTY", 7, true}, {"$DIMSTYLE", 2},      {"$LUNITS", 70},       {"$LUPREC", 70},
-    {"$AUNITS", 70},        {"$AUPREC", 70},       {"$ANGBASE", 50},      {"$ANGDIR", 70},
+    {"$DIMTXSTY", 7, true}, {"$DIMSTYLE", 2},       {"$LUNITS", 70},        {"$LUPREC", 70},
+    {"$AUNITS", 70},        {"$AUPREC", 70},        {"$ANGBASE", 50},       {"$ANGDIR", 70},
     {"$TEXTSIZE", 40},
 };
 

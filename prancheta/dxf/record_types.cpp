@@ -174,8 +174,7 @@ std::unique_ptr<AcDbSymbolTableRecord> makeDimStyle(const Values& v) {
 }
 void takeDimStyle(const AcDbSymbolTableRecord& any, Values& v) {
     const auto& record = static_cast<const AcDbDimStyleTableRecord&>(any);
-    eachDimVariable(v, record.values(),
-                    [](auto& filed, const auto& member) { filed = member; });
+    eachDimVariable(v, record.values(), [](auto& filed, const auto& member) { filed = member; });
     v.ids[0] = record.dimtxsty();
 }
 

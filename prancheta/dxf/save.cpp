@@ -251,8 +251,7 @@ Result<void> Saver::run() {
     Adesk::UInt64 dimensionHandles = 0;
     for (const AcDbDimension* const dimension : m_dimensions)
         dimensionHandles += handlesOf(*dimension);
-    m_seed = std::max(m_core.nextHandle(), m_handles.peek() + pieceEntities +
-                                               dimensionHandles +
+    m_seed = std::max(m_core.nextHandle(), m_handles.peek() + pieceEntities + dimensionHandles +
                                                2 * m_pieces.uses().size() + 1);
     writeHeader();
     writeClasses();

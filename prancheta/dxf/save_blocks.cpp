@@ -181,8 +181,7 @@ void Saver::writeMovedBlock(const MovedDimensions::NewBlock& moved, const Pictur
         static_cast<const AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(moved.source)->object);
     for (const AcDbObjectId id : ObjectAccess::entities(source)) {
         const auto& entity = static_cast<AcDbEntity&>(*static_cast<AcDbStub*>(id)->object);
-        if (id.isErased() || isPiece(entity) || entity.isKindOf(AcDbDimension::desc()))
-            continue;
+        if (id.isErased() || isPiece(entity) || entity.isKindOf(AcDbDimension::desc())) continue;
         writeMoved(entity, moved.dimension->sinceDrawn(),
                    {block.record, false, m_handles.next(), true});
     }

@@ -26,8 +26,8 @@ struct PointKind {
     int number;
     AcDb::OsnapMode mode;
 };
-constexpr PointKind kPointKinds[] = {{1, AcDb::kOsModeEnd},  {2, AcDb::kOsModeMid},
-                                     {4, AcDb::kOsModeCen},  {8, AcDb::kOsModeNode},
+constexpr PointKind kPointKinds[] = {{1, AcDb::kOsModeEnd},   {2, AcDb::kOsModeMid},
+                                     {4, AcDb::kOsModeCen},   {8, AcDb::kOsModeNode},
                                      {16, AcDb::kOsModeQuad}, {64, AcDb::kOsModeIns}};
 constexpr int kRound = 0;
 
@@ -68,8 +68,8 @@ Ties tiesOf(const AcDbDimension& dimension) {
         const bool whole = known == 4 && numbers[0] >= 0 &&
                            static_cast<std::size_t>(numbers[0]) < dimension.measuredPoints();
         if (whole && !target.isNull())
-            ties.push_back({static_cast<std::size_t>(numbers[0]), target, numbers[1], numbers[2],
-                            numbers[3]});
+            ties.push_back(
+                {static_cast<std::size_t>(numbers[0]), target, numbers[1], numbers[2], numbers[3]});
         known = 0;
     }
     return ties;
@@ -125,8 +125,7 @@ std::vector<Edge> roundEdges(AcDbEntity& entity) {
 /// The point that a tie means; `now` is where it is, for a target with other points than before.
 std::optional<AcGePoint3d> placeOf(const Tie& tie, const AcDbEntity& target,
                                    const AcGePoint3d& now) {
-    const auto* const kind =
-        std::ranges::find(kPointKinds, tie.kind, &PointKind::number);
+    const auto* const kind = std::ranges::find(kPointKinds, tie.kind, &PointKind::number);
     if (kind == std::end(kPointKinds)) return {};
     const AcGePoint3dArray points = pointsOf(target, kind->mode);
     if (points.isEmpty()) return {};
@@ -244,7 +243,8 @@ void DimensionTies::note(const AcDbObject& object) {
 
 void DimensionTies::index(AcDbObjectId dimension) {
     const AcDbStub* const stub = dimension;
-    const auto* const object = stub->object != nullptr ? AcDbDimension::cast(stub->object) : nullptr;
+    const auto* const object =
+        stub->object != nullptr ? AcDbDimension::cast(stub->object) : nullptr;
     if (object == nullptr) return;
     for (const Tie& tie : tiesOf(*object)) {
         std::vector<AcDbObjectId>& all = m_byTarget[tie.target];
@@ -258,15 +258,17 @@ void DimensionTies::tie(AcDbObjectId id, DisplayList& display) {
     const auto* const round = dynamic_cast<PranchetaRadialDimension*>(dimension.object());
     Ties ties;
     for (std::size_t i = 0; i < dimension->measuredPoints(); ++i) {
-        const AcGePoint3d p = round != nullptr ? round->chordPoint() : dimension->definitionPoints()[i];
+        const AcGePoint3d p =
+            round != nullptr ? round->chordPoint() : dimension->definitionPoints()[i];
         const double reach = 1e-7 * std::max({1.0, std::abs(p.x), std::abs(p.y)});
         const auto items = display.find(Box2d{p.x, p.y, p.x, p.y}.grown(reach));
         std::optional<Tie> best;
         for (auto item = items.rbegin(); item != items.rend(); ++item) {
             const AcDbObjectPointer<AcDbEntity> entity(item->id, AcDb::kForRead);
-            if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbDimension::desc())) continue;
-            const std::optional<Tie> found =
-                round != nullptr ? roundTie(*round, *entity.object()) : tieAt(p, i, *entity.object());
+            if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbDimension::desc()))
+                continue;
+            const std::optional<Tie> found = round != nullptr ? roundTie(*round, *entity.object())
+                                                              : tieAt(p, i, *entity.object());
             if (found && (!best || found->kind < best->kind)) best = found;
         }
         if (best) ties.push_back(*best);

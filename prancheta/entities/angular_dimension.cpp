@@ -67,9 +67,7 @@ void PranchetaAngularDimension::layOut(DimensionLayout& out) const {
     const double end = a.start + a.sweep;
     const bool inside = a.sweep >= 2.0 * tail + 2.0 * sizes.gap / radius;
     const auto tip = [&](double angle) { return a.vertex + at(angle) * radius; };
-    const auto tangent = [&](double angle) {
-        return AcGeVector3d::kZAxis.crossProduct(at(angle));
-    };
+    const auto tangent = [&](double angle) { return AcGeVector3d::kZAxis.crossProduct(at(angle)); };
     const auto arc = [&](double from, double sweep) {
         if (sweep > 1e-12)
             out.parts.push_back({DimensionPart::Kind::Arc, a.vertex, tip(from), sweep});
@@ -91,10 +89,12 @@ void PranchetaAngularDimension::layOut(DimensionLayout& out) const {
 
 // --- Two lines -----------------------------------------------------------------------------------
 
-AcDb2LineAngularDimension::AcDb2LineAngularDimension(
-    const AcGePoint3d& xLine1Start, const AcGePoint3d& xLine1End, const AcGePoint3d& xLine2Start,
-    const AcGePoint3d& xLine2End, const AcGePoint3d& arcPoint, const ACHAR* text,
-    AcDbObjectId style)
+AcDb2LineAngularDimension::AcDb2LineAngularDimension(const AcGePoint3d& xLine1Start,
+                                                     const AcGePoint3d& xLine1End,
+                                                     const AcGePoint3d& xLine2Start,
+                                                     const AcGePoint3d& xLine2End,
+                                                     const AcGePoint3d& arcPoint, const ACHAR* text,
+                                                     AcDbObjectId style)
     : m_points{xLine1Start, xLine1End, xLine2Start, xLine2End, arcPoint} {
     if (text != nullptr) (void)setDimensionText(text);
     if (!style.isNull()) (void)setDimensionStyle(style);

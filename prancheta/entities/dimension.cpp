@@ -138,9 +138,11 @@ Acad::ErrorStatus AcDbDimension::subGetStretchPoints(AcGePoint3dArray& points, A
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDimension::subGetOsnapPoints(
-    AcDb::OsnapMode mode, Adesk::GsMarker marker, const AcGePoint3d& pick, const AcGePoint3d& last,
-    const AcGeMatrix3d& view, AcGePoint3dArray& points, AcDbIntArray& geomIds) const {
+Acad::ErrorStatus AcDbDimension::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsMarker marker,
+                                                   const AcGePoint3d& pick, const AcGePoint3d& last,
+                                                   const AcGeMatrix3d& view,
+                                                   AcGePoint3dArray& points,
+                                                   AcDbIntArray& geomIds) const {
     if (mode != AcDb::kOsModeNode)
         return AcDbEntity::subGetOsnapPoints(mode, marker, pick, last, view, points, geomIds);
     DimensionLayout layout(*this);
@@ -173,8 +175,8 @@ void AcDbDimension::subList() const {
     AcDbEntity::subList();
     const std::span<const AcGePoint3d> all = definitionPoints();
     for (std::size_t i = 0; i < all.size(); ++i)
-        listPoint(i < measuredPoints() ? L"ponto " + std::to_wstring(i + 1) + L"," :
-                                         std::wstring(L"linha de cota por,"),
+        listPoint(i < measuredPoints() ? L"ponto " + std::to_wstring(i + 1) + L","
+                                       : std::wstring(L"linha de cota por,"),
                   all[i]);
     listPoint(L"posição do texto,", textPosition());
     if (isAngular())

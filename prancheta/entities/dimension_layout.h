@@ -30,8 +30,8 @@ struct DimensionSizes {
 struct DimensionPart {
     enum class Kind { Extension, Line, Arc, Arrow };
     Kind kind;
-    /// Of lines the ends, of an arc the centre and its start, of an arrow its tip and where its tail
-    /// is, a unit away.
+    /// Of lines the ends, of an arc the centre and its start, of an arrow its tip and where its
+    /// tail is, a unit away.
     AcGePoint3d a;
     AcGePoint3d b;
     double sweep = 0.0;  ///< of an arc, counter-clockwise

@@ -15,10 +15,11 @@ namespace {
 
 /// Where the parts of a linear dimension go. `along` and `across` are unit vectors.
 struct Frame {
-    AcGeVector3d along;   ///< from the first to the second extension line
-    AcGeVector3d across;  ///< towards the dimension line; left of `along` when that is on the points
-    AcGeVector3d slant;   ///< direction of the extension lines, to the side of `across`
-    AcGePoint3d first;    ///< dimension line at the first extension line
+    AcGeVector3d along;  ///< from the first to the second extension line
+    AcGeVector3d
+        across;          ///< towards the dimension line; left of `along` when that is on the points
+    AcGeVector3d slant;  ///< direction of the extension lines, to the side of `across`
+    AcGePoint3d first;   ///< dimension line at the first extension line
     AcGePoint3d second;
 };
 
@@ -90,8 +91,8 @@ void PranchetaLinearDimension::layOut(DimensionLayout& out) const {
     const double length = (f.second - f.first).length();
     const bool level = out.style.dimtih != 0;
     out.read(f.along, level);
-    const bool onLine = out.textOnLine() ||
-                        (level && std::abs(f.along.dotProduct(AcGeVector3d::kYAxis)) > 1e-9);
+    const bool onLine =
+        out.textOnLine() || (level && std::abs(f.along.dotProduct(AcGeVector3d::kYAxis)) > 1e-9);
     const bool between = length <= 1e-9 || out.textLength + 2.0 * sizes.gap <= length || onLine ||
                          out.style.dimtix != 0;
     const double beyond = sizes.arrow + sizes.gap + out.textLength / 2.0;
@@ -135,8 +136,7 @@ Acad::ErrorStatus PranchetaLinearDimension::subMoveGripPointsAt(const AcDbIntArr
     if (indices.contains(1)) m_points[1] += offset;
     if (indices.contains(2) || indices.contains(3)) m_points[2] += offset;
     if (indices.contains(4)) return setTextPosition(text + offset);
-    if (!isUsingDefaultTextPosition() && indices.length() >= 4)
-        makeOwn().textPosition += offset;
+    if (!isUsingDefaultTextPosition() && indices.length() >= 4) makeOwn().textPosition += offset;
     return Acad::eOk;
 }
 

@@ -47,8 +47,9 @@ void layOutLine(const AcGePoint3d& inner, const AcGePoint3d& outer, double leade
     const bool level = out.style.dimtoh != 0;
     out.read(along, level);
     // The text goes on where the line ends, level ones behind a hook.
-    const AcGeVector3d onwards =
-        !level ? along : along.x < 0.0 ? -AcGeVector3d::kXAxis : AcGeVector3d::kXAxis;
+    const AcGeVector3d onwards = !level          ? along
+                                 : along.x < 0.0 ? -AcGeVector3d::kXAxis
+                                                 : AcGeVector3d::kXAxis;
     const AcGePoint3d hook = level ? end + onwards * sizes.arrow : end;
     const AcGePoint3d middle = hook + onwards * (sizes.gap + out.textLength / 2.0);
     out.putText(middle, !out.textOnLine());

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// LINE, CIRCLE, ELLIPSE, XLINE, RAY, ARC, POINT, TEXT, DIMALIGNED.
+// LINE, CIRCLE, ELLIPSE, XLINE, RAY, ARC, POINT, TEXT, hatches and dimensions.
+#include <array>
 #include <cmath>
 
 #include "dbhatch.h"
@@ -333,8 +334,153 @@ TEST_F(Draw, DimensionOfTwoPoints) {
     }
     EXPECT_EQ(layerOf(last()), L"Cotas");
     EXPECT_TRUE(said(L"Texto da cota = 50"));
-    type({L"dal", L"0,0", L"10,0", L"_t", L"4 x 2,5", L"0,9"});
-    EXPECT_STREQ(Read<AcDbDimension>(last())->dimensionTextConst(), L"4 x 2,5");
+    // Equal steps are told with their sum while that is what is measured.
+    struct Case {
+        const wchar_t* typed;
+        const wchar_t* shown;
+    };
+    for (const auto& [typed, shown] : std::initializer_list<Case>{
+             {L"4 x 2,5", L"4 x 2,5 = 10"}, {L"3 x 2,5", L"3 x 2,5"}, {L"<> mm", L"10 mm"}}) {
+        type({L"dal", L"0,0", L"10,0", L"_t", typed, L"0,9"});
+        EXPECT_EQ(Read<AcDbDimension>(last())->shownText(), shown);
+    }
+    EXPECT_TRUE(said(L"3 x 2,5 = 7,5, mas a medida é 10"));
+}
+
+TEST_F(Draw, LinearDimensionTakesItsAxisFromThePointer) {
+    // The box of the origins goes from 0,0 to 3000,400.
+    struct Case {
+        const wchar_t* place;
+        double measure;
+    };
+    for (const Case& c : std::initializer_list<Case>{{L"1500,-50", 3000},
+                                                     {L"1500,900", 3000},
+                                                     {L"-50,200", 400},
+                                                     {L"3300,10", 400},
+                                                     {L"3300,600", 400},
+                                                     {L"-100,-300", 3000},
+                                                     {L"1500,200", 3000}}) {
+        type({L"cotalinear", L"0,0", L"3000,400", c.place});
+        const Read<AcDbRotatedDimension> dimension(last());
+        ASSERT_NE(dimension.object(), nullptr);
+        EXPECT_NEAR(dimension->measurement(), c.measure, 1e-9) << prancheta::toUtf8(c.place);
+    }
+    type({L"_dimlinear", L"0,0", L"3000,400", L"v", L"1500,-50"});
+    EXPECT_NEAR(Read<AcDbDimension>(last())->measurement(), 400, 1e-9);
+    // 3000 cos 30 + 400 sin 30.
+    type({L"_dimlinear", L"0,0", L"3000,400", L"r", L"30", L"1500,-50"});
+    EXPECT_NEAR(Read<AcDbDimension>(last())->measurement(), 1500 * std::sqrt(3.0) + 200, 1e-9);
+    // Sizes of a drawing in scale 1:20; the spacing of baselines is 3.75 of them.
+    type({L"DIMSCALE", L"20", L"_dimlinear", L"0,0", L"1000,0", L"0,-500", L"_dimbaseline",
+          L"2000,0", L"3000,0", L"", L"", L"_dimcontinue", L"3700,9", L"", L""});
+    std::vector<std::pair<double, double>> chain;
+    for (const AcDbObjectId id : entities()) {
+        const Read<AcDbRotatedDimension> dimension(id);
+        chain.emplace_back(dimension->measurement(), dimension->dimLinePoint().y);
+    }
+    const std::vector<std::pair<double, double>> last4(chain.end() - 4, chain.end());
+    EXPECT_EQ(last4, (std::vector<std::pair<double, double>>{
+                         {1000, -500}, {2000, -575}, {3000, -650}, {700, -650}}));
+    EXPECT_DOUBLE_EQ(Read<AcDbDimension>(last())->dimscale(), 20);
+}
+
+TEST_F(Draw, DimensionsOfCirclesAndAngles) {
+    type({L"_circle", L"0,0", L"100", L"_line", L"0,0", L"1000,0", L"", L"_line", L"0,0",
+          L"500,500", L""});
+    const std::vector<AcDbObjectId> drawn = entities();
+    const auto shown = [&] { return Read<AcDbDimension>(last())->shownText(); };
+    for (const auto& [command, text] :
+         {std::pair(L"_dimradius", L"R100"), std::pair(L"_dimdiameter", L"Ø200")}) {
+        type({command});
+        pick(0, 100, {drawn[0]});
+        type({L"300,300"});
+        EXPECT_EQ(shown(), text);
+    }
+    // Of the four angles between two lines the one that the arc lies in.
+    for (const auto& [arc, text] : {std::pair(L"300,50", L"45°"), std::pair(L"0,300", L"135°")}) {
+        type({L"_dimangular"});
+        pick(800, 0, {drawn[1]});
+        pick(400, 400, {drawn[2]});
+        type({arc});
+        EXPECT_EQ(shown(), text);
+    }
+    type({L"_dimangular", L"", L"0,0", L"10,0", L"0,10", L"-5,-5"});
+    EXPECT_EQ(shown(), L"270°");
+    type({L"_dimangular"});
+    pick(800, 0, {drawn[1]});
+    pick(900, 0, {drawn[1]});
+    EXPECT_TRUE(said(L"As linhas são paralelas"));
+}
+
+TEST_F(Draw, DimensionsFollowWhatTheyMeasure) {
+    type({L"_line", L"0,0", L"1000,0", L"", L"_dimlinear", L"0,0", L"1000,0", L"500,-200",
+          L"_circle", L"0,500", L"100"});
+    const std::vector<AcDbObjectId> drawn = entities();
+    type({L"_dimradius"});
+    pick(100, 500, {drawn[2]});
+    type({L"300,500"});
+    const AcDbObjectId linear = drawn[1];
+    const AcDbObjectId radius = last();
+    const auto state = [&] {
+        const Read<AcDbRotatedDimension> dimension(linear);
+        std::array values{dimension->xLine1Point().y, dimension->measurement(),
+                          dimension->dimLinePoint().y, Read<AcDbDimension>(radius)->measurement()};
+        for (double& value : values) value = std::round(value * 1e6) / 1e6;
+        return values;
+    };
+    const auto on = [&](AcDbObjectId id, std::initializer_list<const wchar_t*> command,
+                        std::initializer_list<const wchar_t*> rest) {
+        type(command);
+        pick(0, 0, {id});
+        type(rest);
+    };
+    // Moved as a whole the line goes along; one step of undo takes both back.
+    on(drawn[0], {L"_move"}, {L"", L"0,0", L"0,70"});
+    EXPECT_EQ(state(), (std::array{70.0, 1000.0, -130.0, 100.0}));
+    type({L"_u"});
+    EXPECT_EQ(state(), (std::array{0.0, 1000.0, -200.0, 100.0}));
+    on(drawn[0], {L"_scale"}, {L"", L"0,0", L"2"});
+    on(drawn[2], {L"_scale"}, {L"", L"0,500", L"3"});
+    EXPECT_EQ(state(), (std::array{0.0, 2000.0, -200.0, 300.0}));
+    // Copied with its line it is tied to the copy, and alone to nothing.
+    type({L"_copy"});
+    pick(0, 0, {drawn[0], linear});
+    type({L"", L"0,0", L"0,900", L""});
+    const std::vector<AcDbObjectId> copied = entities();
+    on(copied[copied.size() - 2], {L"_move"}, {L"", L"0,0", L"0,5"});
+    expectPoint(Read<AcDbRotatedDimension>(last())->xLine1Point(), 0, 905);
+    on(linear, {L"_move"}, {L"", L"0,0", L"0,-40"});
+    on(drawn[0], {L"_move"}, {L"", L"0,0", L"0,33"});
+    EXPECT_EQ(state(), (std::array{-40.0, 2000.0, -240.0, 300.0}));
+    on(drawn[2], {L"_erase"}, {L""});
+    EXPECT_EQ(state()[3], 300.0) << "a dimension outlives what it measured";
+}
+
+TEST_F(Draw, StylesAndTextsOfDimensions) {
+    type({L"DIMTXT", L"5", L"_dimlinear", L"0,0", L"100,0", L"0,20", L"_dimstyle", L"s", L"Obra",
+          L"DIMLFAC", L"0.1", L"DIMPOST", L"<> cm", L"_dimlinear", L"0,0", L"100,0", L"0,40"});
+    const std::vector<AcDbObjectId> drawn = entities();
+    const auto shown = [&](std::size_t i) { return Read<AcDbDimension>(drawn[i])->shownText(); };
+    EXPECT_EQ(shown(0), L"100");
+    EXPECT_EQ(shown(1), L"10 cm");
+    type({L"_dimstyle", L"a"});
+    pick(0, 20, {drawn[0]});
+    type({L""});
+    EXPECT_EQ(shown(0), L"10 cm");
+    type({L"_dimstyle", L"r", L"standard"});
+    EXPECT_EQ(editor->variables().text(L"DIMPOST"), L"");
+    type({L"_dimtedit"});
+    pick(0, 40, {drawn[1]});
+    type({L"70,90"});
+    expectPoint(Read<AcDbDimension>(drawn[1])->textPosition(), 70, 90);
+    type({L"_dimedit", L"o", L"60"});
+    pick(0, 40, {drawn[1]});
+    type({L""});
+    EXPECT_NEAR(Read<AcDbRotatedDimension>(drawn[1])->oblique(), kPi / 3, 1e-12);
+    type({L"_dimedit", L""});
+    pick(0, 40, {drawn[1]});
+    type({L""});
+    EXPECT_TRUE(Read<AcDbDimension>(drawn[1])->isUsingDefaultTextPosition());
 }
 
 TEST_F(Draw, DimensionOfAnObject) {

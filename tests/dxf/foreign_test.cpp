@@ -211,13 +211,12 @@ TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {
         "D2|330 D0|100 AcDbEntity|8 "
         "0|100 AcDbBlockEnd|0 BLOCK|8 0|2 *U3|70 1|10 0|20 0|3 *U3|1 |0 POINT|8 0|10 4|20 4|0 "
         "ENDBLK|8 0|0 ENDSEC";
-    const std::string rotated =
+    const std::string ordinate =
         "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|2 *D7|10 0|20 5|30 0|11 2|21 "
-        "5|31 0|70 32|1 |71 "
-        "5|42 4.0|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 4|24 3|34 0|50 0|100 "
-        "AcDbRotatedDimension";
-    const Groups all = passed(fileWith(rotated, "AC1015", blocks));
-    EXPECT_EQ(without(record(all, "DIMENSION"), 330), without(groups(rotated), 330));
+        "5|31 0|70 38|1 |71 "
+        "5|42 4.0|3 Standard|100 AcDbOrdinateDimension|13 0|23 0|33 0|14 4|24 3|34 0";
+    const Groups all = passed(fileWith(ordinate, "AC1015", blocks));
+    EXPECT_EQ(without(record(all, "DIMENSION"), 330), without(groups(ordinate), 330));
     EXPECT_EQ(valueOf(record(all, "CIRCLE"), 40), "9.5");
     EXPECT_EQ(valueOf(record(all, "BLOCK", 2, "*D7"), 5), "D1");
     EXPECT_FALSE(record(all, "BLOCK", 2, "*U3").empty()) << "nothing here made it, so it stays";
@@ -231,8 +230,8 @@ TEST(Foreign, MovedDimensionsShowTheirPictureWhereTheyAre) {
         "2|71 5|1 4|0 ENDBLK|5 D2|330 D0|100 AcDbEntity|8 0|100 AcDbBlockEnd|0 ENDSEC";
     const auto database = loadText(fileWith(
         "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|2 *D7|10 0|20 5|30 0|11 2|21 "
-        "5|31 0|70 32|1 |71 5|42 4.0|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 4|24 "
-        "3|34 0|50 0|100 AcDbRotatedDimension",
+        "5|31 0|70 38|1 |71 5|42 4.0|3 Standard|100 AcDbOrdinateDimension|13 0|23 0|33 0|14 4|24 "
+        "3|34 0",
         "AC1015", blocks));
     ASSERT_NE(database, nullptr);
     const AcDbObjectId id = database->core().modelSpace().at(0);

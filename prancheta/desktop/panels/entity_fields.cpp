@@ -316,9 +316,9 @@ constexpr Field kMText[] = {
 
 // --- Dimension ----------------------------------------------------------------------------------
 
-AcDbAlignedDimension& asDimension(AcDbEntity& e) { return static_cast<AcDbAlignedDimension&>(e); }
-const AcDbAlignedDimension& asDimension(const AcDbEntity& e) {
-    return static_cast<const AcDbAlignedDimension&>(e);
+AcDbDimension& asDimension(AcDbEntity& e) { return static_cast<AcDbDimension&>(e); }
+const AcDbDimension& asDimension(const AcDbEntity& e) {
+    return static_cast<const AcDbDimension&>(e);
 }
 
 FieldValue dimensionText(const AcDbEntity& e) { return text(asDimension(e).dimensionTextConst()); }
@@ -335,17 +335,33 @@ Acad::ErrorStatus setDimensionStyle(AcDbEntity& e, const FieldValue& v) {
     return asDimension(e).setDimensionStyle(styleNamed<AcDbDimStyleTable>(e, v.text));
 }
 
-using Dim = AcDbAlignedDimension;
+using Dim = AcDbDimension;
+using Linear = PranchetaLinearDimension;
+constexpr Field kMeasure = shown<Dim, &Dim::measurement>(L"medida", L"Medida", FieldKind::Length);
+constexpr Field kAngle = shown<Dim, &Dim::measurement>(L"medida", L"Medida", FieldKind::Angle);
+constexpr Field kSubstitute = {L"texto", L"Texto substituto", FieldKind::Text, dimensionText,
+                               setDimensionText};
+constexpr Field kShown = {L"texto_mostrado", L"Texto mostrado", FieldKind::Text, dimensionShown,
+                          nullptr};
+constexpr Field kStyle = {L"estilo", L"Estilo de cota", FieldKind::DimStyle, dimensionStyle,
+                          setDimensionStyle};
+constexpr Field kScale =
+    member<Dim, &Dim::dimscale, &Dim::setDimscale>(L"escala", L"Escala geral", FieldKind::Positive);
+constexpr Field kTextTurn = member<Dim, &Dim::textRotation, &Dim::setTextRotation>(
+    L"rotacao_texto", L"Rotação do texto", FieldKind::Angle);
+constexpr Field kRoundDimension[] = {kMeasure, kSubstitute, kShown, kStyle, kScale, kTextTurn};
+constexpr Field kAngularDimension[] = {kAngle, kSubstitute, kShown, kStyle, kScale, kTextTurn};
 constexpr Field kDimension[] = {
-    shown<Dim, &Dim::measurement>(L"medida", L"Medida", FieldKind::Length),
-    {L"texto", L"Texto substituto", FieldKind::Text, dimensionText, setDimensionText},
-    {L"texto_mostrado", L"Texto mostrado", FieldKind::Text, dimensionShown, nullptr},
-    {L"estilo", L"Estilo de cota", FieldKind::DimStyle, dimensionStyle, setDimensionStyle},
-    member<Dim, &Dim::dimscale, &Dim::setDimscale>(L"escala", L"Escala geral", FieldKind::Positive),
-    coordinate<Dim, &Dim::xLine1Point, &Dim::setXLine1Point, 0>(L"ponto1_x", L"Ponto 1 X"),
-    coordinate<Dim, &Dim::xLine1Point, &Dim::setXLine1Point, 1>(L"ponto1_y", L"Ponto 1 Y"),
-    coordinate<Dim, &Dim::xLine2Point, &Dim::setXLine2Point, 0>(L"ponto2_x", L"Ponto 2 X"),
-    coordinate<Dim, &Dim::xLine2Point, &Dim::setXLine2Point, 1>(L"ponto2_y", L"Ponto 2 Y"),
+    kMeasure,
+    kSubstitute,
+    kShown,
+    kStyle,
+    kScale,
+    kTextTurn,
+    coordinate<Linear, &Linear::xLine1Point, &Linear::setXLine1Point, 0>(L"ponto1_x", L"Ponto 1 X"),
+    coordinate<Linear, &Linear::xLine1Point, &Linear::setXLine1Point, 1>(L"ponto1_y", L"Ponto 1 Y"),
+    coordinate<Linear, &Linear::xLine2Point, &Linear::setXLine2Point, 0>(L"ponto2_x", L"Ponto 2 X"),
+    coordinate<Linear, &Linear::xLine2Point, &Linear::setXLine2Point, 1>(L"ponto2_y", L"Ponto 2 Y"),
 };
 
 // --- Polyline -----------------------------------------------------------------------------------
@@ -458,6 +474,11 @@ const ClassFields kClasses[] = {
     {AcDbText::desc, L"Texto", kText},
     {AcDbMText::desc, L"Texto de parágrafos", kMText},
     {AcDbAlignedDimension::desc, L"Cota alinhada", kDimension},
+    {AcDbRotatedDimension::desc, L"Cota linear", kDimension},
+    {AcDbRadialDimension::desc, L"Cota de raio", kRoundDimension},
+    {AcDbDiametricDimension::desc, L"Cota de diâmetro", kRoundDimension},
+    {AcDb2LineAngularDimension::desc, L"Cota angular", kAngularDimension},
+    {AcDb3PointAngularDimension::desc, L"Cota angular", kAngularDimension},
     {AcDbPolyline::desc, L"Polilinha", kPolyline},
     {AcDbBlockReference::desc, L"Referência de bloco", kInsert},
     {AcDbSolid::desc, L"Sólido 2D", {}},

@@ -59,9 +59,9 @@ Task<Sides> askVertex(CommandContext context) {
 }
 
 Task<Sides> askSides(CommandContext context) {
-    const PickedEdge first = co_await askEdge(
-        context, L"\nSelecione o arco, o círculo, a linha ou <vértice>: ",
-        anyEdge, L"O objeto selecionado não pode ser cotado.");
+    const PickedEdge first =
+        co_await askEdge(context, L"\nSelecione o arco, o círculo, a linha ou <vértice>: ", anyEdge,
+                         L"O objeto selecionado não pode ser cotado.");
     if (first.status == RTNONE) co_return co_await askVertex(context);
     Sides sides;
     sides.status = first.status;
@@ -80,8 +80,7 @@ Task<Sides> askSides(CommandContext context) {
     }
     for (;;) {
         const PickedEdge second =
-            co_await askEdge(context, L"\nSelecione a segunda linha: ",
-                             isStraight,
+            co_await askEdge(context, L"\nSelecione a segunda linha: ", isStraight,
                              L"Selecione uma linha, um trecho reto ou uma aresta.");
         sides.status = second.status;
         if (second.status != RTNORM) co_return sides;

@@ -94,7 +94,8 @@ CommandTask chain(CommandContext context, Kind kind) {
             return drawn(context, next(*model, kind, to));
         });
         const InputValue answer = co_await context.ask(prompt);
-        if (answer.status == RTCAN) co_return steps.empty() ? CommandEnd::Cancelled : CommandEnd::Done;
+        if (answer.status == RTCAN)
+            co_return steps.empty() ? CommandEnd::Cancelled : CommandEnd::Done;
         if (isWord(answer, L"Undo")) {
             if (steps.empty()) {
                 say(context, L"Não há o que desfazer.");

@@ -32,14 +32,13 @@ CommandTask editAll(CommandContext context, Edit edit) {
     Ids dimensions;
     for (const AcDbObjectId id : chosen.ids)
         if (id.objectClass()->isDerivedFrom(AcDbDimension::desc())) dimensions.push_back(id);
-    const std::size_t refused =
-        changeEach(dimensions, [&](AcDbEntity& entity, std::size_t) {
-            return edit(static_cast<AcDbDimension&>(entity));
-        }).size();
+    const std::size_t refused = changeEach(dimensions, [&](AcDbEntity& entity, std::size_t) {
+                                    return edit(static_cast<AcDbDimension&>(entity));
+                                }).size();
     say(context, counted(dimensions.size() - refused, L"cota alterada.", L"cotas alteradas."));
     if (refused > 0)
-        say(context, counted(refused, L"cota não pôde ser alterada.",
-                             L"cotas não puderam ser alteradas."));
+        say(context,
+            counted(refused, L"cota não pôde ser alterada.", L"cotas não puderam ser alteradas."));
     co_return CommandEnd::Done;
 }
 
@@ -129,8 +128,7 @@ CommandTask dimtedit(CommandContext context) {
 
 CommandTask dimedit(CommandContext context) {
     const InputValue option = co_await context.ask(
-        Prompt(InputKind::Keyword,
-               L"\nEdição de cota [Mover/Voltar/Novo/Girar/Oblíquo] <Voltar>: ")
+        Prompt(InputKind::Keyword, L"\nEdição de cota [Mover/Voltar/Novo/Girar/Oblíquo] <Voltar>: ")
             .words(kWords));
     if (option.status == RTCAN) co_return CommandEnd::Cancelled;
     if (isWord(option, L"Move")) co_return co_await dimtedit(context);

@@ -35,7 +35,8 @@ std::optional<std::pair<int, double>> equalSteps(std::wstring_view text) {
         if (c == L',') c = L'.';
     double count = 0.0;
     double length = 0.0;
-    if (!parseNumber(trim(text.substr(0, cross)), count) || !parseNumber(std::wstring_view(step), length))
+    if (!parseNumber(trim(text.substr(0, cross)), count) ||
+        !parseNumber(std::wstring_view(step), length))
         return {};
     if (count < 1.0 || count > 1e6 || count != std::floor(count) || length <= 0.0) return {};
     return std::pair(static_cast<int>(count), length);
@@ -48,8 +49,7 @@ std::wstring withSteps(const CommandContext& context, const std::wstring& text,
     if (!steps || trial.isAngular()) return text;
     const AcDbDimStyleValues style = styleValues(trial);
     const std::wstring sum = measureText(steps->first * steps->second, style);
-    const std::wstring measured =
-        measureText(trial.measurement() * std::abs(style.dimlfac), style);
+    const std::wstring measured = measureText(trial.measurement() * std::abs(style.dimlfac), style);
     if (sum == measured) return text + L" = <>";
     say(context, text + L" = " + sum + L", mas a medida é " + measured +
                      L": o texto fica como foi digitado.");
@@ -72,8 +72,8 @@ std::optional<Edge> edgeAt(const CommandContext& context, AcDbObjectId id,
     return nearest;
 }
 
-Task<PickedEdge> askEdge(CommandContext context, std::wstring question,
-                         bool (*takes)(const Edge&), std::wstring refusal) {
+Task<PickedEdge> askEdge(CommandContext context, std::wstring question, bool (*takes)(const Edge&),
+                         std::wstring refusal) {
     PickedEdge picked;
     for (;;) {
         const InputValue answer = co_await context.ask(Prompt(InputKind::Entity, question));
@@ -98,8 +98,7 @@ Task<Measured> askEnds(CommandContext context, std::wstring first, std::wstring 
     measured.status = one.status;
     if (one.status == RTNONE) {
         const PickedEdge picked =
-            co_await askEdge(context, L"\nSelecione o objeto a cotar: ",
-                             anyEdge,
+            co_await askEdge(context, L"\nSelecione o objeto a cotar: ", anyEdge,
                              L"O objeto selecionado não pode ser cotado.");
         measured.status = picked.status;
         if (picked.status == RTNORM) measured.ends = endsOf(picked.edge, picked.pick);
@@ -145,8 +144,7 @@ Task<int> askWords(CommandContext context, InputValue option, const AcDbDimensio
     co_return RTNORM;
 }
 
-constexpr Word kTextWords[] = {
-    {L"textoM", L"Mtext"}, {L"Texto", L"Text"}, {L"Ângulo", L"Angle"}};
+constexpr Word kTextWords[] = {{L"textoM", L"Mtext"}, {L"Texto", L"Text"}, {L"Ângulo", L"Angle"}};
 
 }  // namespace
 
@@ -164,10 +162,8 @@ CommandTask placeDimension(CommandContext context, Placing placing) {
             const bool other = std::ranges::any_of(
                 placing.more, [&](const Word& word) { return isWord(answer, word.global); });
             const auto trial = dressed(context, placing.make(placing.trial));
-            const int status =
-                other ? co_await placing.takeMore(answer)
-                      : co_await askWords(context, answer,
-                                          *trial, words);
+            const int status = other ? co_await placing.takeMore(answer)
+                                     : co_await askWords(context, answer, *trial, words);
             if (status == RTCAN) co_return CommandEnd::Cancelled;
             continue;
         }
@@ -203,9 +199,8 @@ std::optional<LinearModel> linearModel(AcDbObjectId id, const AcGePoint3d* near)
     const AcDbDimStyleValues style = styleValues(*linear);
     model.scale = style.dimscale;
     model.spacing = style.dimdli * style.dimscale;
-    if (near != nullptr &&
-        std::abs((*near - model.first).dotProduct(along)) <
-            std::abs((*near - model.second).dotProduct(along)))
+    if (near != nullptr && std::abs((*near - model.first).dotProduct(along)) <
+                               std::abs((*near - model.second).dotProduct(along)))
         std::swap(model.first, model.second);
     return model;
 }

@@ -36,8 +36,8 @@ struct PickedEdge {
     AcGePoint3d pick;
     Edge edge;
 };
-Task<PickedEdge> askEdge(CommandContext context, std::wstring question,
-                         bool (*takes)(const Edge&), std::wstring refusal);
+Task<PickedEdge> askEdge(CommandContext context, std::wstring question, bool (*takes)(const Edge&),
+                         std::wstring refusal);
 inline bool anyEdge(const Edge&) { return true; }
 
 /// What the user says about the text of a dimension before it is placed.
@@ -59,7 +59,7 @@ struct Placing {
     std::wstring question;
     std::optional<AcGePoint3d> from;  ///< of the rubber band
     std::function<std::unique_ptr<AcDbDimension>(const AcGePoint3d&)> make;
-    AcGePoint3d trial;  ///< a place for the dimension whose text is offered
+    AcGePoint3d trial;                ///< a place for the dimension whose text is offered
     std::span<const Word> more = {};  ///< options beside those of the text
     std::function<Task<int>(InputValue)> takeMore = {};  ///< RTNORM or RTCAN
 };
@@ -71,7 +71,7 @@ struct LinearModel {
     AcDbObjectId id;
     AcGePoint3d first;
     AcGePoint3d second;
-    AcGePoint3d line;    ///< a point of the dimension line
+    AcGePoint3d line;  ///< a point of the dimension line
     double rotation = 0.0;
     AcDbObjectId style;
     double scale = 1.0;

@@ -21,14 +21,14 @@ std::unique_ptr<AcDbDimension> dimensionAt(const CommandContext& context, Kind k
         dimension = std::make_unique<AcDbDiametricDimension>(edge.center + radius,
                                                              edge.center - radius, 0.0);
     dimension = dressed(context, std::move(dimension));  // its sizes say how long the leader is
-    (void)dimension->moveText(text);  // not resident
+    (void)dimension->moveText(text);                     // not resident
     return dimension;
 }
 
 CommandTask round(CommandContext context, Kind kind) {
-    const PickedEdge picked = co_await askEdge(
-        context, L"\nSelecione o arco ou o círculo: ", isRound,
-        L"Selecione um arco, um círculo ou uma parte redonda de um objeto.");
+    const PickedEdge picked =
+        co_await askEdge(context, L"\nSelecione o arco ou o círculo: ", isRound,
+                         L"Selecione um arco, um círculo ou uma parte redonda de um objeto.");
     if (picked.status != RTNORM) co_return endOf(picked.status);
     const Edge edge = picked.edge;
     Placing placing;

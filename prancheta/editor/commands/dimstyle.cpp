@@ -15,9 +15,9 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Salvar", L"Save"},         {L"Restaurar", L"Restore"},
-                           {L"EStado", L"STatus"},       {L"Variáveis", L"Variables"},
-                           {L"Aplicar", L"Apply"},       {L"?", L"?"}};
+constexpr Word kWords[] = {{L"Salvar", L"Save"},   {L"Restaurar", L"Restore"},
+                           {L"EStado", L"STatus"}, {L"Variáveis", L"Variables"},
+                           {L"Aplicar", L"Apply"}, {L"?", L"?"}};
 
 AcDbObjectId styleNamed(const CommandContext& context, std::wstring_view name) {
     return ObjectAccess::lookup(context.database().dimStyleTableId(), name);
@@ -113,8 +113,8 @@ CommandTask saveStyle(CommandContext context) {
 /// A style by its name, or by Enter that of a picked dimension; null after Esc.
 Task<AcDbObjectId> askStyle(CommandContext context) {
     for (;;) {
-        const InputValue name = co_await askName(
-            context, L"\nNome do estilo de cota, [?] ou <selecionar uma cota>: ");
+        const InputValue name =
+            co_await askName(context, L"\nNome do estilo de cota, [?] ou <selecionar uma cota>: ");
         if (name.status == RTCAN) co_return AcDbObjectId();
         if (name.status == RTNORM) {
             const AcDbObjectId id = styleNamed(context, name.text);
