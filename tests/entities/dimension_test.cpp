@@ -214,6 +214,86 @@ TEST_F(DimensionTest, ObliqueExtensionLinesLeanAlongTheirAngle) {
     EXPECT_TRUE(near(definitionPoint10(dimension), {-100 - lean, 10, 0}));
 }
 
+TEST_F(DimensionTest, RotatedMeasuresInItsOwnDirection) {
+    AcDbRotatedDimension dimension(0.0, {0, 0, 0}, {300, 400, 0}, {50, -20, 0});
+    EXPECT_DOUBLE_EQ(dimension.measurement(), 300);
+    const auto lines = parts(pictureOf(dimension), PrimitiveKind::Polyline);
+    // Extension lines from both origins down to the line at y = -20 and 1.25 beyond.
+    EXPECT_TRUE(near(lines[0][0], {0, -0.625, 0}));
+    EXPECT_TRUE(near(lines[1][0], {300, 400 - 0.625, 0}));
+    EXPECT_TRUE(near(lines[1][1], {300, -21.25, 0}));
+    EXPECT_TRUE(near(dimension.textPosition(), {150, -20 + 0.625 + 1.25, 0}));
+    // Turned by a quarter it still measures what it did; mirrored in x = y it is horizontal again.
+    (void)dimension.transformBy(AcGeMatrix3d::rotation(kPi / 2, AcGeVector3d::kZAxis));
+    EXPECT_NEAR(dimension.measurement(), 300, 1e-9);
+    EXPECT_NEAR(std::abs(std::sin(dimension.rotation())), 1, 1e-12);
+    EXPECT_TRUE(near(definitionPoint10(dimension), {20, 300, 0}));
+    const AcGeVector3d across = AcGeVector3d(1, -1, 0).normal();
+    (void)dimension.transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, across));
+    EXPECT_NEAR(dimension.measurement(), 300, 1e-9);
+    EXPECT_TRUE(near(definitionPoint10(dimension), {300, 20, 0}));
+    // A line between the origins: each extension line goes its own way.
+    (void)dimension.setDimLinePoint({0, -100, 0});
+    const auto between = parts(pictureOf(dimension), PrimitiveKind::Polyline);
+    EXPECT_TRUE(near(between[0][1], {0, -101.25, 0}));
+    EXPECT_TRUE(near(between[1][1], {300, -98.75, 0}));
+}
+
+TEST_F(DimensionTest, RadiiDiametersAndAngles) {
+    AcDbRadialDimension radius({0, 0, 0}, {30, 40, 0}, 0.0);
+    EXPECT_EQ(radius.shownText(), L"R50");
+    // Inside: one arrow, its tip on the circle. Its text taken outside turns the line.
+    EXPECT_TRUE(near(parts(pictureOf(radius), PrimitiveKind::Polygon)[0][0], {30, 40, 0}));
+    EXPECT_EQ(radius.moveText({0, 100, 0}), Acad::eOk);
+    EXPECT_TRUE(near(radius.chordPoint(), {0, 50, 0}));
+    EXPECT_TRUE(near(radius.textPosition(), {-0.625 - 1.25, 100, 0}));
+    const auto arrow = parts(pictureOf(radius), PrimitiveKind::Polygon)[0];
+    EXPECT_TRUE(near(arrow[0], {0, 50, 0}));
+    EXPECT_DOUBLE_EQ(arrow[1].y, 52.5);
+    AcDbDiametricDimension diameter({50, 0, 0}, {-50, 0, 0}, 0.0);
+    EXPECT_EQ(diameter.shownText(), L"Ø100");
+    EXPECT_EQ(parts(pictureOf(diameter), PrimitiveKind::Polygon).size(), 2u);
+    (void)diameter.transformBy(AcGeMatrix3d::scaling(2));
+    EXPECT_EQ(diameter.shownText(), L"Ø200");
+    // Of the sides of a right angle, with the arc in each quarter; 0.3 of a turn at a vertex.
+    for (const double turn : {0.25, 0.75, 1.25, 1.75}) {
+        const AcGePoint3d arc(80 * std::cos(turn * kPi), 80 * std::sin(turn * kPi), 0);
+        AcDb2LineAngularDimension angle({10, 0, 0}, {100, 0, 0}, {0, 10, 0}, {0, 100, 0}, arc);
+        EXPECT_NEAR(angle.measurement(), kPi / 2, 1e-12);
+        EXPECT_EQ(angle.shownText(), L"90°");
+        const auto arrows = parts(pictureOf(angle), PrimitiveKind::Polygon);
+        ASSERT_EQ(arrows.size(), 2u);
+        for (const auto& tip : arrows) EXPECT_NEAR(std::hypot(tip[0].x, tip[0].y), 80, 1e-9);
+    }
+    AcDb3PointAngularDimension vertex({0, 0, 0}, {10, 0, 0},
+                                      {std::cos(0.6 * kPi), std::sin(0.6 * kPi), 0}, {5, 5, 0});
+    EXPECT_EQ(vertex.shownText(), L"108°");
+    AcDb2LineAngularDimension parallel({0, 0, 0}, {1, 0, 0}, {0, 5, 0}, {1, 5, 0}, {3, 3, 0});
+    EXPECT_EQ(parallel.measurement(), 0.0);
+    EXPECT_FALSE(pictureOf(parallel).empty()) << "its text is there to be taken away";
+}
+
+TEST_F(DimensionTest, StyleChangesWhatIsShown) {
+    AcDbRotatedDimension dimension(0.0, {0, 0, 0}, {104, 0, 0}, {0, 10, 0});
+    (void)changed(database, [](AcDbDimStyleValues& v) {
+        v.dimlfac = 0.1;
+        v.dimrnd = 0.5;
+        v.dimpost = L"aprox. <> cm";
+        v.dimtsz = 2;
+        v.dimse1 = 1;
+        v.dimclrt = 3;
+    });
+    // 10.4 to the nearest half.
+    EXPECT_EQ(dimension.shownText(), L"aprox. 10,5 cm");
+    const Picture picture = pictureOf(dimension);
+    EXPECT_TRUE(parts(picture, PrimitiveKind::Polygon).empty());
+    const auto lines = parts(picture, PrimitiveKind::Polyline);
+    ASSERT_EQ(lines.size(), 4u);  // one extension line, two strokes, the line
+    EXPECT_TRUE(near(lines[0][0], {104, 0.625, 0}));
+    EXPECT_TRUE(near(lines[2][1], {106, 12, 0}));
+    EXPECT_EQ(textOf(picture).traits().color, 3);
+}
+
 TEST_F(DimensionTest, TextOnTheLineOpensIt) {
     (void)changed(database, [](AcDbDimStyleValues& v) { v.dimtad = 0; });
     AcDbAlignedDimension dimension({0, 0, 0}, {100, 0, 0}, {0, 10, 0});
