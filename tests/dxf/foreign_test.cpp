@@ -287,6 +287,23 @@ TEST(Foreign, MovedDimensionsShowTheirPictureWhereTheyAre) {
     }
 }
 
+TEST(Foreign, DimensionsShowTheirOverridesOrKeepTheirPicture) {
+    // 144: measured lengths by two; 71: tolerances, which are not drawn here.
+    for (const auto& [code, alive] :
+         {std::pair("1070 144|1040 2.0", true), std::pair("1070 71|1070 1", false)}) {
+        const auto database = loadText(fileWith(
+            "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|2 *D7|10 4|20 5|30 0|11 "
+            "2|21 5|31 0|70 32|71 5|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 4|24 "
+            "3|34 0|50 0|100 AcDbRotatedDimension|1001 ACAD|1000 DSTYLE|1002 {|" +
+                std::string(code) + "|1002 }",
+            "AC1015"));
+        ASSERT_NE(database, nullptr);
+        const auto* const dimension = AcDbRotatedDimension::cast(modelSpace(*database).at(0));
+        ASSERT_EQ(dimension != nullptr, alive) << code;
+        EXPECT_EQ(alive ? dimension->shownText() : L"8", L"8");
+    }
+}
+
 TEST(Foreign, AlignedDimensionOfAnotherWriterIsAlive) {
     // Others write a version of the class, how lines of text are spaced, and the angle that only a
     // rotated dimension has.

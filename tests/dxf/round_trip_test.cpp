@@ -137,6 +137,52 @@ TEST(Entities, HatchesFollowTheObjectsOfTheirBoundary) {
     EXPECT_EQ(valueOf(after, 45), "-2.2");
 }
 
+TEST(Dimensions, OfAllKindsComeBackAlive) {
+    AcDbDatabase database;
+    // What group 42 says of each: 300 of a 3-4-5 triangle, 50, 100, a right angle, 3/4 of a turn.
+    const std::pair<AcDbDimension*, const char*> kinds[] = {
+        {new AcDbRotatedDimension(0.0, {0, 0, 0}, {300, 400, 0}, {7, -20, 0}), "300.0"},
+        {new AcDbRadialDimension({0, 0, 0}, {30, 40, 0}, 12.5), "50.0"},
+        {new AcDbDiametricDimension({50, 0, 0}, {-50, 0, 0}, 0.0), "100.0"},
+        {new AcDb2LineAngularDimension({10, 0, 0}, {90, 0, 0}, {0, 10, 0}, {0, 90, 0}, {-3, 40, 0}),
+         "1.5707963267948966"},
+        {new AcDb3PointAngularDimension({0, 0, 0}, {10, 0, 0}, {0, 10, 0}, {-4, -4, 0}),
+         "4.71238898038469"}};
+    for (const auto& [dimension, measure] : kinds) {
+        (void)dimension->setTextRotation(0.25);
+        (void)dimension->setTextPosition({5, 6, 0});
+        append(database, dimension);
+    }
+    AcDbObjectPointer<AcDbDimStyleTableRecord> style(database.dimstyle(), AcDb::kForWrite);
+    AcDbDimStyleValues values = style->values();
+    values.dimlfac = 2.0;
+    values.dimpost = L"<> mm";
+    values.dimadec = 1;
+    (void)style->setValues(values);
+    (void)style->close();
+    const std::string text = saved(database);
+    const auto back = loadText(text);
+    ASSERT_NE(back, nullptr);
+    EXPECT_TRUE(saved(*back) == text);
+    const Groups all = groupsOf(text);
+    EXPECT_EQ(countOf(all, "DIMENSION"), std::size(kinds));
+    for (std::size_t i = 0; i < std::size(kinds); ++i) {
+        const auto* const loaded = AcDbDimension::cast(modelSpace(*back)[i]);
+        ASSERT_NE(loaded, nullptr) << i;
+        const AcDbDimension& original = *kinds[i].first;
+        EXPECT_EQ(loaded->isA(), original.isA());
+        EXPECT_TRUE(std::ranges::equal(loaded->definitionPoints(), original.definitionPoints(),
+                                       [](auto a, auto b) { return a.isEqualTo(b); }))
+            << i;
+        EXPECT_EQ(loaded->textRotation(), 0.25);
+        EXPECT_EQ(loaded->shownText(), original.shownText());
+        EXPECT_FALSE(record(all, "DIMENSION", 42, kinds[i].second).empty()) << i;
+    }
+    const auto& radius = static_cast<const AcDbRadialDimension&>(*modelSpace(*back)[1]);
+    EXPECT_EQ(radius.leaderLength(), 12.5);
+    EXPECT_EQ(radius.shownText(), L"R100 mm");
+}
+
 TEST(Dimensions, KeepPointsTextScaleAndStandStill) {
     AcDbDatabase database(true, true);
     auto* dimension =
