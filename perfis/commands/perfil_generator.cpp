@@ -178,7 +178,13 @@ PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas vista) {
 
 void enterInMaterialList(const VistasChoice& vistas, const AcGePoint3d& picked, AcDbObjectId peca,
                          LaidChapas& chapas, Companions& companions) {
-    if (vistas.secaoOnly || !vistas.materialList) return;
+    if (!vistas.materialList) return;
+    if (vistas.pecas == 0 && !vistas.marca.empty()) {
+        zp::matlist::enterVista(
+            zp::matlist::barIn(zp::matlist::rowOfMarca(*peca.database(), vistas.marca)), peca);
+        return;
+    }
+    if (vistas.secaoOnly) return;
     const int pecas = pecaCount(vistas);
     auto& [marca, firstMarca, secondMarca] = companions.marcas;
     if (chapas.rows.empty()) {

@@ -143,14 +143,14 @@ private:
         const bool counted = m_line.find(L"n") != nullptr;
         vistas.materialList = m_line.lista || counted || marca != nullptr;
         if (!vistas.materialList) return {};
-        if (vistas.secaoOnly)
-            return L"A seção não entra na lista de material; diga o comprimento com L=.";
         vistas.pecas = 1;
         // None: a further view of a member, which its mark names.
         if (std::wstring fault = readWhole(m_line, L"n", std::numeric_limits<int>::min(),
                                            std::numeric_limits<int>::max(), vistas.pecas);
             !fault.empty())
             return fault;
+        if (vistas.secaoOnly && (vistas.pecas != 0 || marca == nullptr))
+            return L"A seção não entra na lista de material; diga o comprimento com L=.";
         if (marca == nullptr) return {};
         if (marca->size() >= kLongestMarca)
             return L"A marca pode ter até " + std::to_wstring(kLongestMarca - 1) + L" caracteres.";
@@ -203,10 +203,13 @@ private:
         return readWhole(m_line, L"plano", 0, 2, *m_order.plano);
     }
 
+    /// A mass other than that of the list is that of another list; 0: of the outline.
     std::wstring readOwn() {
+        if (std::wstring fault = readNumber(m_line, L"m", m_state.medidas.m); !fault.empty())
+            return fault;
         for (const auto& [key, text] : m_line.values) {
             // A line's own "a", "n" and "l" are none of them.
-            if (zp::sheets::medidaFor(key) == nullptr) continue;
+            if (zp::sheets::medidaFor(key) == nullptr || key == L"m") continue;
             double value = 0.0;
             if (std::wstring fault = readNumber(m_line, key.c_str(), value); !fault.empty())
                 return fault;
@@ -300,14 +303,15 @@ std::wstring marcaFault(const ReadyPeca& ready, AcDbDatabase& drawing) {
                    : L"n=0 é outra vista de uma peça, e a marca " + marca + L" ainda não existe.";
     const AcDbObjectPointer<ZpObject> other(zp::matlist::barIn(row), AcDb::kForRead);
     if (other.object() == nullptr)
-        return L"A marca " + marca + L" já existe na lista, sem peça; escolha outra.";
+        return L"marca=" + marca +
+               L" já está na lista, de chapas ou de uma peça apagada; escolha outra.";
     const RuledPeca model = ready.run->accepted();
     // It is not in the drawing yet, whose steel it takes.
     zp::Member member = zp::member::of(*model.peca);
     if (member.grade.empty()) member.grade = zp::drawingSteel(drawing);
     zp::member::set(*model.peca, member);
     if (zp::member::same(*model.peca, *other.object())) return {};
-    return L"A marca " + marca + L" já é de outra peça, " + zp::matlist::sizeOf(*other.object()) +
+    return L"marca=" + marca + L" já é de outra peça, " + zp::matlist::sizeOf(*other.object()) +
            L" com " + texts::withComma(other->getComprimentoReal(), 1) + L" mm; escolha outra.";
 }
 

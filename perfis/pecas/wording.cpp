@@ -156,17 +156,20 @@ private:
         if (!made || zp::edit::kindOf(*made) != m_values.kind) return {};
         const RoleValues would = zp::edit::valuesOf(*made);
         std::wstring text;
+        const double mass = medidasOf(m_command.description, m_values.values).m;
+        if (!near(mass, medidasOf(m_command.description, would).m)) add(text, L"m", number(mass));
         for (const zp::sheets::Medida& medida : zp::sheets::medidas())
-            if (zp::Access::of(peca).value(medida.role) != nullptr &&
+            if (medida.role != Role::M && zp::Access::of(peca).value(medida.role) != nullptr &&
                 !near(m_values.values[medida.role], would[medida.role]))
                 add(text, medida.key, number(m_values.values[medida.role] * medida.factor));
         return text;
     }
 
     std::wstring finished(std::wstring line, const ZpObject& peca) const {
-        if (m_values.listed && m_values.vista != ZpObject::kVistaSecao) {
+        if (m_values.listed && (m_values.vista != ZpObject::kVistaSecao || m_values.count == 0)) {
             if (m_values.count != 1) add(line, L"n", std::to_wstring(m_values.count));
-            add(line, L"marca", zp::member::marcaOf(peca));
+            if (const std::wstring marca = zp::member::marcaOf(peca); !marca.empty())
+                add(line, L"marca", marca);
         }
         if (m_values.hasCotas) line += L" cotas";
         return line;

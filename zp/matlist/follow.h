@@ -39,6 +39,10 @@ AcDbObjectId barIn(AcDbObjectId record);
 /// renamed.
 void takeMarca(AcDbObjectId peca, const std::wstring& marca, int count);
 
+/// Another view of a drawn bar: it belongs to its row and does not count, its plates to the rows of
+/// the other view's plates. Where the bar is in no list the view will not count either.
+void enterVista(AcDbObjectId base, AcDbObjectId view);
+
 /// Record of the row that a mark's piece, or a piece, belongs to; null when there is none.
 AcDbObjectId recordOf(AcDbObjectId marcaOrPeca);
 /// Mark of the row with this record; empty when there is none.

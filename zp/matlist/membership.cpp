@@ -202,6 +202,33 @@ AcDbObjectId barIn(AcDbObjectId record) {
     return bar != row->pecas.end() ? *bar : AcDbObjectId();
 }
 
+void enterVista(AcDbObjectId base, AcDbObjectId view) {
+    Book& book = Book::of(*base.database());
+    const AcDbObjectId row = book.rowOf(base);
+    if (row.isNull()) {
+        // When the member is listed later its views do not count either.
+        const AcDbObjectPointer<ZpObject> peca(view, AcDb::kForWrite);
+        if (peca.object() != nullptr) member::tie(*peca.object(), {}, 0);
+        return;
+    }
+    if (!enterRow(view, row, 0)) return;
+    const auto chapasOf = [](AcDbObjectId id) {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        return peca.object() != nullptr ? edit::chapasOf(*peca.object())
+                                        : std::vector<AcDbObjectId>();
+    };
+    // Plane after plane, as they are laid in every view.
+    std::vector<AcDbObjectId> rows;
+    for (const AcDbObjectId& chapa : chapasOf(base))
+        if (const AcDbObjectId its = book.rowOf(chapa);
+            !its.isNull() && std::ranges::find(rows, its) == rows.end())
+            rows.push_back(its);
+    if (rows.empty()) return;
+    const std::vector<AcDbObjectId> chapas = chapasOf(view);
+    for (std::size_t i = 0; i < chapas.size(); ++i)
+        (void)enterRow(chapas[i], rows[i * rows.size() / chapas.size()], 1);
+}
+
 void takeMarca(AcDbObjectId peca, const std::wstring& marca, int count) {
     const AcDbObjectId fresh = recordOf(peca);
     if (fresh.isNull()) return;

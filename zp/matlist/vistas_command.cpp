@@ -110,34 +110,6 @@ AcDbObjectId draw(AcDbObjectId base, Vista vista, double distance, bool cotas) {
     return drawn.peca;
 }
 
-/// Its plates stand in the rows of the other view's plates.
-void enter(AcDbDatabase& drawing, AcDbObjectId base, AcDbObjectId view) {
-    Book& book = Book::of(drawing);
-    const AcDbObjectId row = book.rowOf(base);
-    if (row.isNull()) {
-        // When the member is listed later its views do not count either.
-        const Peca peca(view, AcDb::kForWrite);
-        if (peca.object() != nullptr) member::tie(*peca.object(), {}, 0);
-        return;
-    }
-    if (!enterRow(view, row, 0)) return;
-    const auto chapasOf = [](AcDbObjectId id) {
-        const Peca peca(id, AcDb::kForRead);
-        return peca.object() != nullptr ? edit::chapasOf(*peca.object())
-                                        : std::vector<AcDbObjectId>();
-    };
-    // Plane after plane, as they are laid in every view.
-    std::vector<AcDbObjectId> rows;
-    for (const AcDbObjectId& chapa : chapasOf(base))
-        if (const AcDbObjectId its = book.rowOf(chapa);
-            !its.isNull() && std::ranges::find(rows, its) == rows.end())
-            rows.push_back(its);
-    if (rows.empty()) return;
-    const std::vector<AcDbObjectId> chapas = chapasOf(view);
-    for (std::size_t i = 0; i < chapas.size(); ++i)
-        (void)enterRow(chapas[i], rows[i * rows.size() / chapas.size()], 1);
-}
-
 }  // namespace
 
 void vistasCommand() {
@@ -174,7 +146,7 @@ void vistasCommand() {
             protocol::fail(L"A vista não pôde ser desenhada.");
             return;
         }
-        enter(*drawing, base, view);
+        enterVista(base, view);
     }
     if (!isListed(base))
         acutPrintf(
