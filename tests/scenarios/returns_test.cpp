@@ -32,6 +32,26 @@ protected:
     }
     ~Returns() override { fs::remove_all(m_folder); }
 
+    /// The profiles that a script draws, and the lines that PECATEXTO prints of them.
+    struct Told {
+        std::vector<std::string> lines;
+        std::vector<Json> pecas;
+    };
+    Told toldBy(const std::string& script) const {
+        Told told;
+        const Json state = stateAfter(script + "PECATEXTO\n_all\n\n");
+        for (const Json& entity : state["entidades"])
+            if (entity.contains("secao")) told.pecas.push_back(entity);
+        std::ifstream in(m_folder / "saida");
+        for (std::string line; std::getline(in, line);) {
+            if (line.starts_with("Selecione objetos:"))
+                told.lines.clear();
+            else if (!line.empty() && !line.starts_with("Comando:"))
+                told.lines.push_back(line);
+        }
+        return told;
+    }
+
     /// What is drawn and listed after a script.
     Json stateAfter(const std::string& script) const {
         for (const char* const drawing : {"a.dxf", "b.dxf"}) fs::remove(m_folder / drawing);
@@ -124,4 +144,49 @@ TEST_F(Returns, AnEditWithoutAChangeChangesNothing) {
         EXPECT_EQ(difference(edited, drawn), "") << scenario;
         EXPECT_TRUE(edited == drawn) << scenario;
     }
+}
+
+/// What a piece is, wherever it stands.
+static Json memberOf(const Json& peca) {
+    Json member{{"vista", peca["construtor"]["vista"]},
+                {"cotas", peca["cotas"].size()},
+                {"chapas", peca["ligados"].size()}};
+    for (const char* const field : {"classe", "camada", "tipo_barra", "comprimento", "designacao",
+                                    "secao", "peso", "area", "perimetro", "marca", "conta"})
+        member[field] = peca[field];
+    return member;
+}
+
+static std::string drawnByLines(const std::vector<std::string>& lines, const std::string& behind) {
+    std::string script;
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        script += "PECA\n" + lines[i] + behind + "\n" + std::to_string(1000 * i) + ",0\n30\n";
+    return script;
+}
+
+TEST_F(Returns, ATextGivesThePieceThatItWasPrintedOf) {
+    const auto compare = [&](const Told& drawn, const std::string& what) {
+        ASSERT_EQ(drawn.lines.size(), drawn.pecas.size()) << what;
+        const Told again = toldBy(drawnByLines(drawn.lines, ""));
+        ASSERT_EQ(again.lines, drawn.lines) << what;
+        for (std::size_t i = 0; i < drawn.pecas.size(); ++i)
+            EXPECT_EQ(difference(memberOf(drawn.pecas[i]), memberOf(again.pecas[i])), "")
+                << drawn.lines[i];
+    };
+    // The dialogs of all thirty commands, and the pieces that they draw seen from all sides.
+    const Told members = toldBy(turnedPecas("edita-todos", ""));
+    ASSERT_EQ(members.pecas.size(), 30U);
+    compare(members, "edita-todos");
+    for (const char* const vista : {" vista=1", " vista=2", " vista=4", " vista=2 giro=90"}) {
+        const Told seen = toldBy(drawnByLines(members.lines, vista));
+        for (const Json& peca : seen.pecas)
+            EXPECT_EQ(peca["construtor"]["vista"], vista[7] - '0') << peca["classe"];
+        compare(seen, vista);
+    }
+    compare(toldBy(turnedPecas("compostos-secoes", "")), "compostos-secoes");
+    // Dimensions, a role, steel, a value of its own, and further views that do not count.
+    compare(toldBy("peca 2L + 50x50x6 a=10 av=8 chapas=60,50,4 plano=1 L=3000 n=3 marca=V7 cotas\n"
+                   "0,0\n0\nVISTAS\n0,0\nTodas\n\n\n"
+                   "peca U 203x77x3,1 ri=6 L=2000,25 tipo=ter\u00e7a aco=\"A 36\"\n0,9000\n0\n"),
+            "palavras");
 }
