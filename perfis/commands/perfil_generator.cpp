@@ -35,6 +35,7 @@ void finish(const PerfilDescription& description, const RunState& state, const P
     for (const OwnMedida& own : state.own)
         if (const zp::sheets::Medida* const medida = zp::sheets::medidaFor(own.key))
             (void)zp::sheets::change(zp::Access::of(peca), *medida, own.value / medida->factor);
+    zp::Access::of(peca).cortes = state.cortes;
     if (state.aco.empty()) return;
     zp::Member member = zp::member::of(peca);
     member.grade = state.aco;

@@ -2,6 +2,7 @@
 // What a command remembers while its dialog closes and opens again.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "perfis/commands/perfil_description.h"
 #include "perfis/dialogs/secao_preview.h"
 #include "perfis/dialogs/vistas_dialog.h"
+#include "zp/objects/peca.h"
 
 namespace perfis {
 
@@ -34,10 +36,11 @@ struct RunState {
     bool rowPicked = false;  ///< the selected row was picked in the list in force
     int source = 0;          ///< catalogue in force, where a command has several
     // What no dialog asks for.
-    std::optional<Face> face;       ///< as the piece is seen, where no figure shows it so
-    bool keepsComprimento = false;  ///< the section is a piece of the member's length
-    std::wstring aco;               ///< steel of the piece; empty: the drawing's
-    std::vector<OwnMedida> own;     ///< values other than the command's rule makes them
+    std::optional<Face> face;           ///< as the piece is seen, where no figure shows it so
+    bool keepsComprimento = false;      ///< the section is a piece of the member's length
+    std::array<zp::Corte, 2> cortes{};  ///< of its ends
+    std::wstring aco;                   ///< steel of the piece; empty: the drawing's
+    std::vector<OwnMedida> own;         ///< values other than the command's rule makes them
 };
 
 /// The state with which a run of this command starts.

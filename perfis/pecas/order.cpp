@@ -14,6 +14,7 @@
 #include "texts/number.h"
 #include "zp/matlist/check.h"
 #include "zp/matlist/follow.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/member.h"
@@ -263,6 +264,33 @@ std::wstring ownFault(PerfilRun& run, PecaOrder& order) {
     return {};
 }
 
+/// Angles of the ends, in degrees from square as the property sheet has them. L is the length of
+/// the longest fibre, as the list has it: the axis is as much shorter or longer as the ends make
+/// it.
+std::wstring readCortes(const PecaLine& line, PerfilRun& run, PecaOrder& order) {
+    constexpr const wchar_t* kKeys[] = {L"corte_inicio", L"corte_fim"};
+    const auto said = [&](const wchar_t* key) { return line.find(key) != nullptr; };
+    if (std::ranges::none_of(kKeys, said)) return {};
+    if (order.state.vistas.secaoOnly) return L"corte_inicio= e corte_fim= precisam de L=.";
+    const RuledPeca model = run.accepted();
+    zp::Peca& p = zp::Access::of(*model.peca);
+    for (std::size_t end = 0; end < std::size(kKeys); ++end) {
+        double degrees = 0.0;
+        if (std::wstring fault = readNumber(line, kKeys[end], degrees); !fault.empty())
+            return fault;
+        const double angle = std::numbers::pi * (degrees / 180.0);
+        if (!(std::abs(angle) <= zp::cortes::kSteepest))
+            return shownKey(kKeys[end]) + *line.find(kKeys[end]) +
+                   L": o corte vai de -85 a 85 graus, contados do esquadro.";
+        order.state.cortes[end] = p.cortes[end] = zp::cortes::withAngle(p, end, angle);
+    }
+    double& comprimento = order.state.vistas.comprimento;
+    comprimento -= zp::cortes::longest(p) - p.comprimento;
+    if (!(comprimento > 0.0)) return L"L=" + *line.find(L"l") + L" é pouco para estes cortes.";
+    p.setComprimento(comprimento);
+    return zp::cortes::fault(p);
+}
+
 }  // namespace
 
 std::wstring makeReady(const PecaLine& line, Designations& designations, ReadyPeca& ready) {
@@ -288,6 +316,8 @@ std::wstring makeReady(const PecaLine& line, Designations& designations, ReadyPe
         if (std::wstring fault = ownFault(*ready.run, order); !fault.empty()) return fault;
         (void)ready.run->accept(order);  // as it did before
     }
+    if (std::wstring fault = readCortes(line, *ready.run, order); !fault.empty()) return fault;
+    if (const std::optional<Fault> fault = ready.run->accept(order)) return sentence(*fault);
     ready.marca = order.state.vistas.marca;
     ready.counts = order.state.vistas.pecas > 0;
     return {};

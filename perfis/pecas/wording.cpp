@@ -14,6 +14,7 @@
 #include "texts/number.h"
 #include "zp/matlist/check.h"
 #include "zp/matlist/follow.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/member.h"
@@ -50,7 +51,8 @@ public:
 
     std::wstring write(const ZpObject& peca) {
         writeVaos();
-        writeVista();
+        writeVista(peca);
+        writeCortes(peca);
         writeChapas();
         if (const std::wstring role = roleWord(m_values.tipoBarra); !role.empty())
             add(m_tail, L"tipo", role);
@@ -93,13 +95,14 @@ private:
                 if (medidas.*vao != 0.0) add(m_tail, key, number(medidas.*vao));
     }
 
-    void writeVista() {
+    void writeVista(const ZpObject& peca) {
         const bool secao = m_values.vista == ZpObject::kVistaSecao;
         const double drawn =
             m_command.description.keepsComprimentoInSecao ? 0.0 : kSecaoComprimento;
         // The parts of a lacing are those of a length.
         const bool usual = near(m_values.comprimento, drawn) && m_values.lacing.n <= 1;
-        if (!secao || !usual) add(m_tail, L"L", number(m_values.comprimento));
+        if (!secao || !usual)
+            add(m_tail, L"L", number(secao ? m_values.comprimento : peca.getComprimentoReal()));
         if (m_values.vista != ZpObject::kVistaDireita && (!secao || !usual))
             add(m_tail, L"vista", std::to_wstring(static_cast<int>(m_values.vista)));
         // The turn that the views dialog gives this view is not told.
@@ -111,6 +114,15 @@ private:
                                      : 0.0;
         if (!near(usualGiro, m_values.giro) || figure != static_cast<int>(m_values.vista))
             add(m_tail, L"giro", number(m_values.giro * 180.0 / std::numbers::pi));
+    }
+
+    void writeCortes(const ZpObject& peca) {
+        const zp::Peca& p = zp::Access::of(peca);
+        if (!zp::cortes::oblique(p)) return;
+        constexpr const wchar_t* kKeys[] = {L"corte_inicio", L"corte_fim"};
+        for (std::size_t end = 0; end < std::size(kKeys); ++end)
+            if (const double degrees = zp::cortes::degreesOf(p, end); degrees != 0.0)
+                add(m_tail, kKeys[end], number(degrees));
     }
 
     void writeChapas() {

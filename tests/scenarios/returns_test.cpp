@@ -8,7 +8,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
@@ -66,6 +68,44 @@ protected:
         return {{"entidades", state["entidades"]},
                 {"lista_material", state["lista_material"]},
                 {"camadas", state["camadas"]}};
+    }
+
+    /// The files of a text's examples written and its commands run, each in its order: what a
+    /// paragraph announces as "Arquivo `name`:" or "Comando:" stands indented below it.
+    int runExamples(const fs::path& document) const {
+        std::ifstream in(document);
+        std::ofstream file;
+        bool command = false;
+        int commands = 0;
+        for (std::string line; std::getline(in, line);) {
+            const bool indented = line.starts_with("    ");
+            if (indented && command) {
+                std::string words = line.substr(4);
+                const std::string name = "prancheta-console";
+                EXPECT_TRUE(words.starts_with(name)) << line;
+                const std::string program = (fs::path(HOUSE_BINARY_DIR) / "bin" / name).string();
+                words = "cd '" + m_folder.string() + "' && unset ZPFORJA2010 && '" + program +
+                        "' --instalacao instalacao" + words.substr(name.size()) + " >saida 2>&1";
+                std::ostringstream said;
+                EXPECT_EQ(std::system(words.c_str()), 0)
+                    << line << "\n"
+                    << (said << std::ifstream(m_folder / "saida").rdbuf()).str();
+                ++commands;
+            } else if (indented && file.is_open()) {
+                file << line.substr(4) << "\n";
+            } else if (!line.empty()) {
+                file.close();
+                command = line.ends_with("omando:");
+                const auto name = line.rfind("rquivo `");
+                if (name != line.npos && line.ends_with("`:"))
+                    file.open(m_folder / line.substr(name + 8, line.size() - name - 10));
+            }
+        }
+        return commands;
+    }
+    Json stateIn(const std::string& name) const {
+        std::ifstream in(m_folder / name);
+        return Json::parse(in);
     }
 
 private:
@@ -189,4 +229,14 @@ TEST_F(Returns, ATextGivesThePieceThatItWasPrintedOf) {
                    "0,0\n0\nVISTAS\n0,0\nTodas\n\n\n"
                    "peca U 203x77x3,1 ri=6 L=2000,25 tipo=ter\u00e7a aco=\"A 36\"\n0,9000\n0\n"),
             "palavras");
+}
+
+TEST_F(Returns, TheExamplesOfTheTextOnAutomationRun) {
+    EXPECT_EQ(runExamples(fs::path(HOUSE_SOURCE_DIR) / "docs/automacao.md"), 3);
+    const Json rows = stateIn("obra.json")["lista_material"];
+    std::map<std::string, int> pecas;
+    for (const Json& row : rows) pecas[row["marca"]] = row["quantidade"];
+    // Six plates at each of the eight D1: five parts between them.
+    EXPECT_EQ(pecas,
+              (std::map<std::string, int>{{"V1", 4}, {"D1", 8}, {"P1", 2}, {"P2", 48}, {"P3", 1}}));
 }
