@@ -180,25 +180,31 @@ PecaRequest requestFor(const RunState& state, ZpObject::ZpVistas vista) {
 void enterInMaterialList(const VistasChoice& vistas, const AcGePoint3d& picked, AcDbObjectId peca,
                          LaidChapas& chapas, Companions& companions) {
     if (!vistas.materialList) return;
-    if (vistas.pecas == 0 && !vistas.marca.empty()) {
-        zp::matlist::enterVista(
-            zp::matlist::barIn(zp::matlist::rowOfMarca(*peca.database(), vistas.marca)), peca);
+    const AcDbObjectId row = vistas.marca.empty()
+                                 ? AcDbObjectId()
+                                 : zp::matlist::rowOfMarca(*peca.database(), vistas.marca);
+    if (vistas.pecas == 0 && !row.isNull()) {
+        zp::matlist::enterVista(zp::matlist::barIn(row), peca);
         return;
     }
     if (vistas.secaoOnly) return;
     const int pecas = pecaCount(vistas);
+    // One that joins a row has one of its own before.
+    const std::wstring wanted = row.isNull() ? vistas.marca : std::wstring();
     auto& [marca, firstMarca, secondMarca] = companions.marcas;
     if (chapas.rows.empty()) {
-        (void)MatListPerfil(picked, pecas, peca, marca);
+        (void)MatListPerfil(picked, pecas, peca, marca, wanted);
     } else if (chapas.rows.size() == 1) {
-        const ChapaRow& row = chapas.rows[0];
-        (void)MatListPerfilChapa(picked, pecas, peca, marca, row.chapa, firstMarca, row.count);
+        const ChapaRow& first = chapas.rows[0];
+        (void)MatListPerfilChapa(picked, pecas, peca, marca, first.chapa, firstMarca, first.count,
+                                 wanted);
     } else {
-        (void)MatListPerfil2Chapas(picked, pecas, peca, marca, chapas.rows[0], chapas.rows[1]);
+        (void)MatListPerfil2Chapas(picked, pecas, peca, marca, chapas.rows[0], chapas.rows[1],
+                                   wanted);
         firstMarca = chapas.rows[0].marca;
         secondMarca = chapas.rows[1].marca;
     }
-    if (!vistas.marca.empty()) zp::matlist::takeMarca(peca, vistas.marca, vistas.pecas);
+    if (!row.isNull()) zp::matlist::joinRow(peca, row, pecas);
 }
 
 int pecaCount(const VistasChoice& vistas) { return std::max(1, vistas.pecas); }

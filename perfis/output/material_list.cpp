@@ -85,9 +85,10 @@ RowTexts textsOfBarraData(AcDbObjectId perfilId) {
 /// Mark and row of the profile, which is closed then. `textY` receives the height of the mark's
 /// text.
 bool addPerfil(AcDbObjectPointer<ZpObject>& perfil, const RowTexts& rowTexts,
-               AcDbObjectId& marcaPerfil, double& textY) {
+               const std::wstring& wanted, AcDbObjectId& marcaPerfil, double& textY) {
     wchar_t marca[kZpMarcaMax] = {};
-    if (ZpArxGetNextMarca(marca) == 0) return false;
+    if (wanted.empty() ? ZpArxGetNextMarca(marca) == 0 : wanted.size() >= kZpMarcaMax) return false;
+    wanted.copy(marca, kZpMarcaMax - 1);
     AcGePoint3d faces[4];
     perfil->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     const double offset = kNearLine * GetScale();
@@ -128,7 +129,8 @@ enum class TextsFrom { kPeca, kBarraData };
 
 /// Profile row, then the rows of the plates.
 int handOver(const AcGePoint3d& point, int type, AcDbObjectId perfilId, TextsFrom source,
-             AcDbObjectId& marcaPerfil, std::initializer_list<ChapaRow*> chapas) {
+             const std::wstring& marca, AcDbObjectId& marcaPerfil,
+             std::initializer_list<ChapaRow*> chapas) {
     marcaPerfil.setNull();
     AcDbObjectPointer<ZpObject> perfil(perfilId, AcDb::kForRead);
     if (perfil.openStatus() != Acad::eOk) return RTERROR;
@@ -137,7 +139,7 @@ int handOver(const AcGePoint3d& point, int type, AcDbObjectId perfilId, TextsFro
     const RowTexts rowTexts =
         source == TextsFrom::kPeca ? textsOfPeca(*perfil.object()) : textsOfBarraData(perfilId);
     double textY = 0.0;
-    if (!addPerfil(perfil, rowTexts, marcaPerfil, textY)) return RTCAN;
+    if (!addPerfil(perfil, rowTexts, marca, marcaPerfil, textY)) return RTCAN;
     for (ChapaRow* const row : chapas)
         if (!addChapas(*row, textY)) return RTCAN;
     return RTNORM;
@@ -145,22 +147,25 @@ int handOver(const AcGePoint3d& point, int type, AcDbObjectId perfilId, TextsFro
 
 }  // namespace
 
-int MatListPerfil(AcGePoint3d point, int type, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil) {
-    return handOver(point, type, perfilId, TextsFrom::kBarraData, marcaPerfil, {});
+int MatListPerfil(AcGePoint3d point, int type, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil,
+                  const std::wstring& marca) {
+    return handOver(point, type, perfilId, TextsFrom::kBarraData, marca, marcaPerfil, {});
 }
 
 int MatListPerfilChapa(AcGePoint3d point, int type, AcDbObjectId perfilId,
                        AcDbObjectId& marcaPerfil, AcDbObjectId chapaId, AcDbObjectId& marcaChapa,
-                       int nChapas) {
+                       int nChapas, const std::wstring& marca) {
     ChapaRow chapas{chapaId, nChapas, AcDbObjectId::kNull};
-    const int result = handOver(point, type, perfilId, TextsFrom::kPeca, marcaPerfil, {&chapas});
+    const int result =
+        handOver(point, type, perfilId, TextsFrom::kPeca, marca, marcaPerfil, {&chapas});
     marcaChapa = chapas.marca;
     return result;
 }
 
 int MatListPerfil2Chapas(AcGePoint3d point, int type, AcDbObjectId perfilId,
-                         AcDbObjectId& marcaPerfil, ChapaRow& first, ChapaRow& second) {
-    return handOver(point, type, perfilId, TextsFrom::kPeca, marcaPerfil, {&first, &second});
+                         AcDbObjectId& marcaPerfil, ChapaRow& first, ChapaRow& second,
+                         const std::wstring& marca) {
+    return handOver(point, type, perfilId, TextsFrom::kPeca, marca, marcaPerfil, {&first, &second});
 }
 
 int MatListChapas(AcDbObjectId perfilId, int type, ChapaRow& chapas) {

@@ -2,6 +2,8 @@
 // Enters drawn pieces in the drawing's material list.
 #pragma once
 
+#include <string>
+
 #include "dbid.h"
 #include "gepnt3d.h"
 
@@ -16,17 +18,20 @@ struct ChapaRow {
 
 /// Profile alone: mark and row. `point` is its insertion point (world), `type` the number of
 /// pieces, and `marcaPerfil` receives the mark, null when none was drawn. RTNORM; RTERROR when the
-/// profile cannot be opened; RTCAN when the list did not take it. Rows already added stay.
-int MatListPerfil(AcGePoint3d point, int type, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil);
+/// profile cannot be opened; RTCAN when the list did not take it. Rows already added stay. `marca`
+/// is a mark that no row has; empty: the next free one.
+int MatListPerfil(AcGePoint3d point, int type, AcDbObjectId perfilId, AcDbObjectId& marcaPerfil,
+                  const std::wstring& marca = {});
 
 /// Profile and its plates: two marks, two rows (one when `nChapas` is 0).
 int MatListPerfilChapa(AcGePoint3d point, int type, AcDbObjectId perfilId,
                        AcDbObjectId& marcaPerfil, AcDbObjectId chapaId, AcDbObjectId& marcaChapa,
-                       int nChapas);
+                       int nChapas, const std::wstring& marca = {});
 
 /// Profile and two kinds of plates: three marks, three rows.
 int MatListPerfil2Chapas(AcGePoint3d point, int type, AcDbObjectId perfilId,
-                         AcDbObjectId& marcaPerfil, ChapaRow& first, ChapaRow& second);
+                         AcDbObjectId& marcaPerfil, ChapaRow& first, ChapaRow& second,
+                         const std::wstring& marca = {});
 
 /// Plates that a profile got after it was entered: one mark, one row. RTNORM, RTERROR, RTCAN as
 /// MatListPerfil.

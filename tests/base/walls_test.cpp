@@ -33,7 +33,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
       "zp/objects/secao", "zp/tables", "zp/matlist", "protocol", "texts"}},
     {"perfis/pecas",
      {"perfis/entities", "perfis/catalogues", "perfis/dialogs", "perfis/commands", "zp/objects",
-      "zp/objects/secao", "zp/matlist", "protocol", "files", "texts"}},
+      "zp/matlist", "protocol", "files", "texts"}},
     {"perfis/frame", {"perfis/commands", "perfis/pecas"}},
     {"zp", {}},
     {"zp/forja", {"texts"}},

@@ -10,7 +10,6 @@
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
@@ -238,5 +237,5 @@ TEST_F(Returns, TheExamplesOfTheTextOnAutomationRun) {
     for (const Json& row : rows) pecas[row["marca"]] = row["quantidade"];
     // Six plates at each of the eight D1: five parts between them.
     EXPECT_EQ(pecas,
-              (std::map<std::string, int>{{"V1", 4}, {"D1", 8}, {"P1", 2}, {"P2", 48}, {"P3", 1}}));
+              (std::map<std::string, int>{{"V1", 4}, {"D1", 8}, {"P1", 48}, {"P2", 2}, {"P3", 1}}));
 }

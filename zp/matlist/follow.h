@@ -34,10 +34,9 @@ std::vector<AcDbObjectId> barsAmong(AcDbDatabase& drawing, const std::vector<AcD
 AcDbObjectId rowOfMarca(AcDbDatabase& drawing, const std::wstring& marca);
 /// A drawn bar of the row; null when it has none.
 AcDbObjectId barIn(AcDbObjectId record);
-/// A bar that was just entered, with its plates, takes this mark: it joins the row that has it and
-/// counts so often there, its plates the rows of the plates of that row's bars; else its own row is
-/// renamed.
-void takeMarca(AcDbObjectId peca, const std::wstring& marca, int count);
+/// A bar that was just entered joins another row, with its plates those of that row's bars, and
+/// counts so often there; its own rows go.
+void joinRow(AcDbObjectId peca, AcDbObjectId record, int count);
 
 /// Another view of a drawn bar: it belongs to its row and does not count, its plates to the rows of
 /// the other view's plates. Where the bar is in no list the view will not count either.

@@ -229,15 +229,9 @@ void enterVista(AcDbObjectId base, AcDbObjectId view) {
         (void)enterRow(chapas[i], rows[i * rows.size() / chapas.size()], 1);
 }
 
-void takeMarca(AcDbObjectId peca, const std::wstring& marca, int count) {
+void joinRow(AcDbObjectId peca, AcDbObjectId record, int count) {
     const AcDbObjectId fresh = recordOf(peca);
-    if (fresh.isNull()) return;
-    const AcDbObjectId row = Book::of(*peca.database()).rowWithMarca(marca, fresh);
-    if (row.isNull()) {
-        (void)renameRow(fresh, marca);
-        return;
-    }
-    if (!enterRow(peca, row, count)) return;
+    if (fresh.isNull() || !enterRow(peca, record, count)) return;
     dropEmptied(fresh);
     std::vector<AcDbObjectId> chapas;
     {
