@@ -57,7 +57,7 @@ TEST(PecaTableTest, TheWayOfWritingIsFoundOut) {
         {"a cell of two lines", "peca;L\n\"U\n1\";2\nU 3;x\n", "2: U\n1 l=2\n4 (L)\n"},
         {"faults by line and column",
          "peca;L;cotas;x;y\nU 1;abc;;;\nU 2;1;sim;3;\n;;;;\nU 4;1;;;;9\nlistas=1;2;;;\n",
-         "2 (L)\n3 (y)\n5 (x)\n6 (peca)\n"},
+         "2 (L)\n3 (y)\n5 ()\n6 (peca)\n"},
         {"columns that nobody knows", "peca;largura;L;L\nU 1;2;3;4\n", "1 (largura)\n1 (L)\n"},
         {"nothing", "", ""},
     };
