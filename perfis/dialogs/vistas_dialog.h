@@ -18,7 +18,7 @@ struct VistasChoice {
     bool materialList = false;
     int pecas = 0;           ///< in the material list
     bool pickAndGo = false;  ///< pieces are placed by start and end point
-    std::wstring marca;      ///< in the material list; empty: the next free one
+    std::wstring marca{};    ///< in the material list; empty: the next free one
 };
 
 /// Why the dialog may not be left with this choice; nothing when it may.

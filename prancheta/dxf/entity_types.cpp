@@ -352,8 +352,8 @@ std::span<const EntityType> entityTypes() {
             // Read as the row above, which makes both.
             {"INSERT", &AcDbMInsertBlock::desc, kInsert, suitsInsert, makeInsert, takeInsert},
         };
-        for (const EntityType& type : {ellipseType(), xlineType(), rayType(), mtextType(),
-                                       leaderType(), hatchType()})
+        for (const EntityType& type :
+             {ellipseType(), xlineType(), rayType(), mtextType(), leaderType(), hatchType()})
             types.push_back(type);
         for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
         return types;

@@ -6,10 +6,13 @@
 #include <cmath>
 #include <limits>
 
+#include "dbdim.h"
+#include "dbmtext.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/scene.h"
+#include "prancheta/entities/weld_symbol.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/hit.h"
 #include "prancheta/graphics/snaps.h"
@@ -189,5 +192,14 @@ std::vector<AcDbObjectId> allEntities(const Editor& editor) {
 }
 
 AcDbObjectId lastEntity(const Editor& editor) { return editor.display().last(); }
+
+bool hasTextToEdit(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+    if (entity.openStatus() != Acad::eOk) return false;
+    for (const AcRxClass* each :
+         {AcDbText::desc(), AcDbMText::desc(), AcDbDimension::desc(), WeldSymbol::desc()})
+        if (entity->isKindOf(each)) return true;
+    return false;
+}
 
 }  // namespace prancheta

@@ -70,4 +70,7 @@ std::optional<SnapHit> snapHit(const Editor& editor, const AcGePoint3d& world, i
 std::optional<AcGePoint3d> snapPoint(const Editor& editor, const AcGePoint3d& world, int modes,
                                      SnapReach reach, const std::optional<AcGePoint3d>& base = {});
 
+/// A text, a dimension, ...: EDITATEXTO edits it where it stands.
+bool hasTextToEdit(AcDbObjectId id);
+
 }  // namespace prancheta

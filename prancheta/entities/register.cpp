@@ -3,9 +3,9 @@
 #include "prancheta/entities/register.h"
 
 #include "dbdim.h"
+#include "dbhatch.h"
 #include "dblead.h"
 #include "dbmtext.h"
-#include "dbhatch.h"
 #include "dbpl.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/register.h"

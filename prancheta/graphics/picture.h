@@ -88,7 +88,7 @@ private:
 
 /// Selection marker of lines that go on beyond any drawing: they have no extents, and are drawn as
 /// far as they are seen.
-inline constexpr Adesk::GsMarker kEndlessMarker = -2;
+inline constexpr Adesk::GsMarker kEndlessMarker = -3;
 
 /// What an entity draws, in drawing order. All points stand in one vector, so copying costs a few
 /// allocations whatever the number of primitives.

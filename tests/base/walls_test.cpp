@@ -51,7 +51,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"prancheta/geometry", {}},
     {"prancheta/curves", {"prancheta/geometry"}},
     {"prancheta/graphics", {"prancheta/base", "prancheta/geometry"}},
-    {"prancheta/database", {"prancheta/base", "prancheta/graphics"}},
+    {"prancheta/database", {"prancheta/base", "prancheta/geometry", "prancheta/graphics"}},
     {"prancheta/entities",
      {"prancheta/base", "prancheta/geometry", "prancheta/curves", "prancheta/graphics",
       "prancheta/database"}},

@@ -85,10 +85,9 @@ protected:
                 const std::string program = (fs::path(HOUSE_BINARY_DIR) / "bin" / name).string();
                 words = "cd '" + m_folder.string() + "' && unset ZPFORJA2010 && '" + program +
                         "' --instalacao instalacao" + words.substr(name.size()) + " >saida 2>&1";
-                std::ostringstream said;
                 EXPECT_EQ(std::system(words.c_str()), 0)
                     << line << "\n"
-                    << (said << std::ifstream(m_folder / "saida").rdbuf()).str();
+                    << std::ifstream(m_folder / "saida").rdbuf();
                 ++commands;
             } else if (indented && file.is_open()) {
                 file << line.substr(4) << "\n";

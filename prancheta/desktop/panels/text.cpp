@@ -23,9 +23,7 @@ QString takenText(ACHAR* text) {
     return taken;
 }
 
-QString commaText(double value, int decimals) {
-    return qt(prancheta::commaText(value, decimals));
-}
+QString commaText(double value, int decimals) { return qt(prancheta::commaText(value, decimals)); }
 
 QString weightText(int weight) {
     switch (weight) {

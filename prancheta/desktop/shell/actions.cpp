@@ -9,8 +9,6 @@
 #include <QShortcut>
 #include <QToolBar>
 
-#include "dbdim.h"
-#include "dbmtext.h"
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/shell/copied_data.h"
 #include "prancheta/desktop/shell/icons.h"
@@ -19,7 +17,6 @@
 #include "prancheta/desktop/shell/status_bar.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/picking.h"
-#include "prancheta/entities/weld_symbol.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
 
@@ -41,16 +38,6 @@ bool hasDialog(AcDbObjectId id) {
     return entity.openStatus() == Acad::eOk &&
            protocol::extensionOf<protocol::EntityEditor>(*entity.object(),
                                                          protocol::kEntityEditorClass) != nullptr;
-}
-
-/// DDEDIT edits it where it stands.
-bool hasText(AcDbObjectId id) {
-    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-    if (entity.openStatus() != Acad::eOk) return false;
-    for (const AcRxClass* each :
-         {AcDbText::desc(), AcDbMText::desc(), AcDbDimension::desc(), WeldSymbol::desc()})
-        if (entity->isKindOf(each)) return true;
-    return false;
 }
 
 }  // namespace
@@ -106,7 +93,7 @@ void MainWindow::editEntity(AcDbObjectId entity) {
     m_canvas->refresh();
     showAll();
     if (hasDialog(entity)) return m_ui->runCommand("_EDITAPERFIL");
-    if (hasText(entity)) return m_ui->runCommand("_DDEDIT");
+    if (hasTextToEdit(entity)) return m_ui->runCommand("_DDEDIT");
     showPanel("propriedades");
 }
 

@@ -47,8 +47,7 @@ QAbstractItemModel* makeCommandNames(Editor& editor, QObject* parent) {
     }
     Names variables;
     for (const VariableInfo& variable : editor.variables().all())
-        if (!names.contains(variable.name))
-            variables.emplace(variable.name, L"variável");
+        if (!names.contains(variable.name)) variables.emplace(variable.name, L"variável");
     // A command is meant more often than a variable that begins alike.
     std::vector<std::pair<std::wstring, std::wstring>> rows(names.begin(), names.end());
     rows.insert(rows.end(), variables.begin(), variables.end());
