@@ -293,7 +293,7 @@ TEST_F(Window, MenusKnowEveryProfileCommandAndNoOther) {
     }
     // Thirty profiles and their search, the list's six, steel, sheet of the section, flat strip and
     // catalogues.
-    EXPECT_EQ(profiles.size(), 41u);
+    EXPECT_EQ(profiles.size(), 45u);
     for (const auto& bar : menus->toolbars) {
         for (const QString& entry : bar.entries) {
             if (entry.isEmpty()) continue;

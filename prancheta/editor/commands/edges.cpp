@@ -7,12 +7,23 @@
 #include <cmath>
 #include <limits>
 
+#include "dbdim.h"
+#include "dbhatch.h"
+#include "dblead.h"
+#include "dbmtext.h"
 #include "dbpl.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/plane_curve.h"
 
 namespace prancheta::commands {
+
+bool isAnnotation(const AcDbEntity& entity) {
+    for (const AcRxClass* kind : {AcDbDimension::desc(), AcDbText::desc(), AcDbMText::desc(),
+                                  AcDbLeader::desc(), AcDbHatch::desc()})
+        if (entity.isKindOf(kind)) return true;
+    return false;
+}
 
 namespace {
 
@@ -97,6 +108,7 @@ void forEachSegmentOf(const Editor& editor, AcDbObjectId id, const CurveIndex& i
                     for (const Segment& s : on->curve.segments()) sink(s);
             return;
         }
+        if (isAnnotation(*entity.object())) return;
     }
     const Box2d box = index.curve().box();
     for (const PrimitiveView& primitive : editor.display().picture(id))

@@ -18,8 +18,11 @@ namespace prancheta::commands {
 /// An edge of a picture, seen from above.
 Segment segmentOf(const Edge& edge);
 
-/// Lines, arcs, circles and polylines, and of everything else, blocks and pieces included, what its
-/// picture shows.
+/// Dimensions, texts, leaders, hatches: no edges, and nothing to be moved aside.
+bool isAnnotation(const AcDbEntity& entity);
+
+/// Lines, arcs, circles and polylines, and of everything else but annotations, blocks and pieces
+/// included, what its picture shows.
 class CuttingEdges {
 public:
     /// No ids: everything that is displayed in the current space.

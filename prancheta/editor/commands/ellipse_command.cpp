@@ -26,12 +26,15 @@ struct Axes {
     double second = 0.0;
 };
 
+/// Shorter axes, and such parts of the other one, are slips.
+constexpr double kLeast = 1e-9;
+
 using Made = std::unique_ptr<AcDbEntity>;
 
 /// Parameters count from the first axis. Null where an axis is missing.
 Made ellipseOf(const Axes& axes, double from = 0.0, double to = kTwoPi) {
     const double first = axes.first.length();
-    if (!(first > 1e-9) || !(axes.second > 1e-9)) return nullptr;
+    if (!(first > kLeast) || !(axes.second > kLeast)) return nullptr;
     if (axes.second <= first)
         return std::make_unique<AcDbEllipse>(axes.centre, AcGeVector3d::kZAxis, axes.first,
                                              axes.second / first, from, to);
@@ -122,7 +125,7 @@ Task<Axes> askFirst(CommandContext context, InputValue first, bool byCentre) {
                 .required());
         if (end.status != RTNORM) co_return axes;
         const AcGeVector3d along = end.point - first.point;
-        if (along.length() > 1e-9) {
+        if (along.length() > 2.0 * kLeast) {
             axes.centre = byCentre ? first.point : first.point + along / 2.0;
             axes.first = byCentre ? along : along / 2.0;
             axes.second = 0.0;
@@ -150,9 +153,14 @@ CommandTask ellipse(CommandContext context) {
     if (first.status == RTCAN) co_return CommandEnd::Cancelled;
     Axes axes = co_await askFirst(context, first, byCentre);
     if (axes.second < 0.0) co_return CommandEnd::Cancelled;
-    const InputValue second = co_await askSecond(context, axes);
-    if (second.status != RTNORM) co_return endOf(second.status);
-    axes.second = second.number;
+    while (!(axes.second > kLeast * std::max(1.0, axes.first.length()))) {
+        if (axes.second > 0.0)
+            context.editor().complain(L"O outro eixo é curto demais: informe outro.",
+                                      Complaint::Refused);
+        const InputValue second = co_await askSecond(context, axes);
+        if (second.status != RTNORM) co_return endOf(second.status);
+        axes.second = second.number;
+    }
     if (!arc) co_return add(context, ellipseOf(axes));
     const CommandEnd end = co_await addArc(context, axes);
     co_return end;

@@ -132,7 +132,7 @@ Task<int> askProperty(CommandContext context) {
     const SystemVariables& variables = context.editor().variables();
     const bool associative = variables.number(L"HPASSOC") != 0;
     say(context, L"Padrão = " + std::wstring(currentPattern(context).name) + L"  Escala = " +
-                     lengthText(variables.real(L"HPSCALE")) + L"  Ângulo = " +
+                     toldLength(variables.real(L"HPSCALE")) + L"  Ângulo = " +
                      turnText(context, variables.real(L"HPANG")) + L"  Associativa = " +
                      (associative ? L"Sim" : L"Não"));
     const InputValue which =

@@ -163,7 +163,7 @@ CommandTask mtext(CommandContext context) {
     const AcGeVector3d x = context.editor().ucs() * AcGeVector3d::kXAxis;
     sheet.rotation = positiveAngle(std::atan2(x.y, x.x));
     say(context, L"Estilo atual do texto:  \"" + sheet.style.name + L"\"  Altura do texto:  " +
-                     lengthText(sheet.height));
+                     toldLength(sheet.height));
     const InputValue first =
         co_await context.ask(Prompt(InputKind::Point, L"\nPrimeiro canto: ").required());
     if (first.status != RTNORM) co_return endOf(first.status);

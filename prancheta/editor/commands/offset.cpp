@@ -10,6 +10,7 @@
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/commands/cut.h"
+#include "prancheta/editor/commands/edges.h"
 #include "prancheta/editor/commands/outline.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
@@ -46,7 +47,7 @@ std::optional<Source> sourceOf(const CommandContext& context, AcDbObjectId id) {
     const std::optional<Curve> outline =
         outlineOf(context.editor().display().picture(id));  // an open entity would draw nothing
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-    if (entity.openStatus() != Acad::eOk) return {};
+    if (entity.openStatus() != Acad::eOk || isAnnotation(*entity.object())) return {};
     Source source;
     source.id = id;
     AcDbExtents box;

@@ -71,9 +71,9 @@ double lengthAround(const Points& corners) {
 /// False, after saying so, for more arcs than a cloud is good for.
 bool mayDraw(const CommandContext& context, double length, double chord) {
     if (length / chord <= kMostArcs) return true;
-    context.editor().complain(L"Os arcos de " + lengthText(chord) +
+    context.editor().complain(L"Os arcos de " + toldLength(chord) +
                                   L" são pequenos demais para um contorno de " +
-                                  lengthText(length) + L".",
+                                  toldLength(length) + L".",
                               Complaint::Refused);
     return false;
 }
