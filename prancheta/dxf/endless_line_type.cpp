@@ -15,17 +15,17 @@ constexpr Field kXline[] = {marker("AcDbXline"), {10, Point, 0}, {11, Point, 1}}
 constexpr Field kRay[] = {marker("AcDbRay"), {10, Point, 0}, {11, Point, 1}};
 
 /// Another length would not come back as it stood.
-bool suits(const Values& v, const Tags&) {
+bool suitsEndlessLine(const Values& v, const Tags&) {
     return std::abs(v.points[1].asVector().length() - 1.0) <= 1e-9;
 }
 template <class Line>
-std::unique_ptr<AcDbEntity> make(const Values& v) {
+std::unique_ptr<AcDbEntity> makeEndlessLine(const Values& v) {
     auto line = std::make_unique<Line>();
     (void)line->setBasePoint(v.points[0]);  // a new entity takes any value but a zero vector
     (void)line->setUnitDir(v.points[1].asVector());
     return line;
 }
-void take(const AcDbEntity& entity, Values& v) {
+void takeEndlessLine(const AcDbEntity& entity, Values& v) {
     const auto& line = static_cast<const EndlessLine&>(entity);
     v.points[0] = line.basePoint();
     v.points[1] = AcGePoint3d::kOrigin + line.unitDir();
@@ -33,7 +33,13 @@ void take(const AcDbEntity& entity, Values& v) {
 
 }  // namespace
 
-EntityType xlineType() { return {"XLINE", &AcDbXline::desc, kXline, suits, make<AcDbXline>, take}; }
-EntityType rayType() { return {"RAY", &AcDbRay::desc, kRay, suits, make<AcDbRay>, take}; }
+EntityType xlineType() {
+    return {"XLINE",          &AcDbXline::desc,           kXline,
+            suitsEndlessLine, makeEndlessLine<AcDbXline>, takeEndlessLine};
+}
+EntityType rayType() {
+    return {"RAY",          &AcDbRay::desc, kRay, suitsEndlessLine, makeEndlessLine<AcDbRay>,
+            takeEndlessLine};
+}
 
 }  // namespace prancheta::dxf

@@ -12,20 +12,22 @@ constexpr int kGradient = 450;
 
 constexpr Field kHatch[] = {marker("AcDbHatch"), {kGradient, Meaning::Ordered}};
 
-bool suits(const Values&, const Tags&) { return true; }
+bool suitsHatch(const Values&, const Tags&) { return true; }
 
-std::unique_ptr<AcDbEntity> make(const Values& v) {
+std::unique_ptr<AcDbEntity> makeHatch(const Values& v) {
     auto hatch = std::make_unique<AcDbHatch>();
     if (!readHatch(v.ordered, v.references, *hatch)) return nullptr;
     return hatch;
 }
 
-void take(const AcDbEntity& entity, Values& v) {
+void takeHatch(const AcDbEntity& entity, Values& v) {
     v.ordered = hatchTags(static_cast<const AcDbHatch&>(entity));
 }
 
 }  // namespace
 
-EntityType hatchType() { return {"HATCH", &AcDbHatch::desc, kHatch, suits, make, take}; }
+EntityType hatchType() {
+    return {"HATCH", &AcDbHatch::desc, kHatch, suitsHatch, makeHatch, takeHatch};
+}
 
 }  // namespace prancheta::dxf

@@ -28,12 +28,12 @@ constexpr Field kLeader[] = {marker("AcDbLeader"),
                              defaultField(232, 0.0),
                              {213, Point, 1}};
 
-bool suits(const Values& v, const Tags&) {
+bool suitsLeader(const Values& v, const Tags&) {
     return v.vertices.size() >= 2 && (v.integers[1] == 0 || v.integers[1] == 1) &&
            v.integers[2] >= 0 && v.integers[2] <= 3;
 }
 
-std::unique_ptr<AcDbEntity> make(const Values& v) {
+std::unique_ptr<AcDbEntity> makeLeader(const Values& v) {
     auto leader = std::make_unique<AcDbLeader>();
     for (const FieldVertex& p : v.vertices) (void)leader->appendVertex({p.x, p.y, p.z});
     (void)leader->setNormal(v.normal);
@@ -48,7 +48,7 @@ std::unique_ptr<AcDbEntity> make(const Values& v) {
     return leader;
 }
 
-void take(const AcDbEntity& entity, Values& v) {
+void takeLeader(const AcDbEntity& entity, Values& v) {
     const auto& leader = static_cast<const AcDbLeader&>(entity);
     v.vertices.clear();
     for (int i = 0; i < leader.numVertices(); ++i) {
@@ -71,6 +71,8 @@ void take(const AcDbEntity& entity, Values& v) {
 
 }  // namespace
 
-EntityType leaderType() { return {"LEADER", &AcDbLeader::desc, kLeader, suits, make, take}; }
+EntityType leaderType() {
+    return {"LEADER", &AcDbLeader::desc, kLeader, suitsLeader, makeLeader, takeLeader};
+}
 
 }  // namespace prancheta::dxf

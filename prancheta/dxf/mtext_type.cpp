@@ -29,7 +29,7 @@ constexpr Field kMText[] = {marker("AcDbMText"),
                             {210, Normal},
                             {101, Nested, 3}};
 
-bool suits(const Values& v, const Tags&) {
+bool suitsParagraphs(const Values& v, const Tags&) {
     const bool attached = v.integers[0] >= 1 && v.integers[0] <= 9;
     const bool spaced = v.integers[2] >= 1 && v.integers[2] <= 2;
     const bool inColumns = v.integers[3] != 0;
@@ -37,7 +37,7 @@ bool suits(const Values& v, const Tags&) {
            v.reals[3] >= 0.25 && v.reals[3] <= 4.0;
 }
 
-std::unique_ptr<AcDbEntity> make(const Values& v) {
+std::unique_ptr<AcDbEntity> makeParagraphs(const Values& v) {
     auto text = std::make_unique<AcDbMText>();
     (void)text->setLocation(v.points[0]);
     (void)text->setNormal(v.normal);
@@ -54,7 +54,7 @@ std::unique_ptr<AcDbEntity> make(const Values& v) {
     return text;
 }
 
-void take(const AcDbEntity& entity, Values& v) {
+void takeParagraphs(const AcDbEntity& entity, Values& v) {
     const auto& text = static_cast<const AcDbMText&>(entity);
     v.points[0] = text.location();
     v.points[1] = AcGePoint3d::kOrigin + text.direction();
@@ -72,6 +72,8 @@ void take(const AcDbEntity& entity, Values& v) {
 
 }  // namespace
 
-EntityType mtextType() { return {"MTEXT", &AcDbMText::desc, kMText, suits, make, take}; }
+EntityType mtextType() {
+    return {"MTEXT", &AcDbMText::desc, kMText, suitsParagraphs, makeParagraphs, takeParagraphs};
+}
 
 }  // namespace prancheta::dxf

@@ -40,7 +40,7 @@ struct Tie {
 };
 using Ties = std::vector<Tie>;
 
-bool same(const AcGePoint3d& a, const AcGePoint3d& b) {
+bool samePoint(const AcGePoint3d& a, const AcGePoint3d& b) {
     const double size = std::max({1.0, std::abs(a.x), std::abs(a.y)});
     return std::hypot(a.x - b.x, a.y - b.y) <= 1e-7 * size;
 }
@@ -141,7 +141,7 @@ std::optional<Tie> tieAt(const AcGePoint3d& p, std::size_t point, const AcDbEnti
     for (const PointKind& kind : kPointKinds) {
         const AcGePoint3dArray points = pointsOf(entity, kind.mode);
         for (int i = 0; i < points.length(); ++i)
-            if (same(points[i], p))
+            if (samePoint(points[i], p))
                 return Tie{point, entity.objectId(), kind.number, i, points.length()};
     }
     return {};
@@ -150,7 +150,7 @@ std::optional<Tie> tieAt(const AcGePoint3d& p, std::size_t point, const AcDbEnti
 std::optional<Tie> roundTie(const PranchetaRadialDimension& dimension, AcDbEntity& entity) {
     const std::vector<Edge> edges = roundEdges(entity);
     for (std::size_t i = 0; i < edges.size(); ++i)
-        if (same(edges[i].center, dimension.middle()) &&
+        if (samePoint(edges[i].center, dimension.middle()) &&
             std::abs(edges[i].radius - dimension.middle().distanceTo(dimension.chordPoint())) <=
                 1e-7 * std::max(1.0, edges[i].radius))
             return Tie{0, entity.objectId(), kRound, static_cast<int>(i),
@@ -184,7 +184,7 @@ AcGeMatrix3d motionOf(const AcDbDimension& dimension, const Points& after) {
     const AcGeVector3d by = after[0] - before[0];
     bool alike = true;
     for (std::size_t i = 1; i < dimension.measuredPoints(); ++i)
-        alike = alike && same(before[i] + by, after[i]);
+        alike = alike && samePoint(before[i] + by, after[i]);
     if (alike) return AcGeMatrix3d::translation(by);
     if (!dimension.isKindOf(AcDbAlignedDimension::desc())) return AcGeMatrix3d::kIdentity;
     const AcGeVector3d was = before[1] - before[0];
@@ -300,12 +300,12 @@ void DimensionTies::follow(AcDbObjectId id) {
             continue;
         }
         // Taken away from what stayed where it is.
-        const bool off = !std::ranges::equal(wanted, after, same);
+        const bool off = !std::ranges::equal(wanted, after, samePoint);
         if (off && itself && !m_changedOnes.contains(static_cast<AcDbStub*>(tie.target))) continue;
         if (off) after = wanted;
         kept.push_back(tie);
     }
-    const bool moved = !std::ranges::equal(before, after, same);
+    const bool moved = !std::ranges::equal(before, after, samePoint);
     if (!moved && kept.size() == ties.size()) return;
     if (dimension->upgradeOpen() != Acad::eOk) return;
     if (moved) put(*dimension.object(), after);

@@ -18,8 +18,6 @@ namespace prancheta {
 
 namespace {
 
-/// Blocks of one drawing may nest so that their copies multiply without end.
-constexpr std::size_t kMostPrimitives = 500000;
 constexpr std::size_t kMostBlocks = 100000;
 
 /// Blocks being drawn, outermost first: drawing recurses through the entities and has no other way

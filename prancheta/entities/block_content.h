@@ -12,6 +12,10 @@
 
 namespace prancheta {
 
+/// Blocks may nest, and arrays repeat, so that their copies multiply without end: no reference
+/// shows more.
+inline constexpr std::size_t kMostPrimitives = 500000;
+
 /// Properties that entities of a block take from the reference: on layer 0, by block.
 class BlockInheritance {
 public:

@@ -18,9 +18,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity, 0, 0, 0, INSERT, "Pranch
 
 namespace {
 
-/// Of all insertions of an array: files ask for anything.
-constexpr std::size_t kMostPrimitives = 500000;
-
 double signOf(double v) { return v < 0.0 ? -1.0 : 1.0; }
 
 bool perpendicular(const AcGeVector3d& a, const AcGeVector3d& b) {

@@ -18,7 +18,6 @@ namespace {
 
 /// Copies of an array and primitives in all of them: files ask for anything.
 constexpr int kMostCopies = 10000;
-constexpr std::size_t kMostPrimitives = 500000;
 
 /// From the block's coordinates to the first copy's place in the plane of the insertion.
 AcGeMatrix3d firstCopy(const RawTags& tags, AcDbObjectId block) {

@@ -11,7 +11,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {
+constexpr Word kArxWords[] = {
     {L"Carregar", L"Load"}, {L"Descarregar", L"Unload"}, {L"Listar", L"?"}, {L"?", L"?"}};
 
 /// Why the file may not be loaded; empty when it may.
@@ -40,7 +40,7 @@ void listModules(const CommandContext& context) {
 CommandTask arx(CommandContext context) {
     const InputValue option = co_await context.ask(
         Prompt(InputKind::Keyword, L"\nDigite uma opção [?/Carregar/Descarregar/Listar]: ")
-            .words(kWords));
+            .words(kArxWords));
     if (option.status != RTKWORD) co_return endOf(option.status);
     if (option.text == L"?") {
         listModules(context);

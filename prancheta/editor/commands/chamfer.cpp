@@ -13,9 +13,9 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Desfazer", L"Undo"},       {L"Polilinha", L"Polyline"},
-                           {L"DIstâncias", L"Distance"}, {L"âNgulo", L"Angle"},
-                           {L"Aparar", L"Trim"},         {L"Múltiplo", L"Multiple"}};
+constexpr Word kChamferWords[] = {{L"Desfazer", L"Undo"},       {L"Polilinha", L"Polyline"},
+                                  {L"DIstâncias", L"Distance"}, {L"âNgulo", L"Angle"},
+                                  {L"Aparar", L"Trim"},         {L"Múltiplo", L"Multiple"}};
 
 class Chamfer : public CornerMaker {
 public:
@@ -29,7 +29,7 @@ public:
         return L"\nPrimeiro objeto ou "
                L"[Desfazer/Polilinha/DIstâncias/âNgulo/Aparar/Múltiplo]: ";
     }
-    std::span<const Word> words() const override { return kWords; }
+    std::span<const Word> words() const override { return kChamferWords; }
     Task<int> take(CommandContext context, std::wstring word) override {
         if (word != L"Distance" && word != L"Angle") co_return RTNORM;
         const InputValue first = co_await askLength(context, L"Primeira distância", m_first);

@@ -14,7 +14,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWays[] = {{L"3P", L"3P"}, {L"2P", L"2P"}, {L"Ttr", L"Ttr"}};
+constexpr Word kCircleWays[] = {{L"3P", L"3P"}, {L"2P", L"2P"}, {L"Ttr", L"Ttr"}};
 constexpr Word kDiameter[] = {{L"Diâmetro", L"Diameter"}};
 
 CommandEnd addCircle(const CommandContext& context, const AcGePoint3d& center, double radius) {
@@ -143,7 +143,7 @@ CommandTask twoTangents(CommandContext context) {
 CommandTask circle(CommandContext context) {
     const InputValue center = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique o ponto central do círculo ou [3P/2P/Ttr]: ")
-            .words(kWays)
+            .words(kCircleWays)
             .required());
     if (isWord(center, L"3P")) {
         const CommandEnd end = co_await threePoints(context);

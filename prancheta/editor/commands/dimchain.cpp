@@ -12,7 +12,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Selecionar", L"Select"}, {L"Desfazer", L"Undo"}};
+constexpr Word kDimchainWords[] = {{L"Selecionar", L"Select"}, {L"Desfazer", L"Undo"}};
 
 enum class Kind { Series, Baseline };
 
@@ -89,7 +89,7 @@ CommandTask chain(CommandContext context, Kind kind) {
         Prompt prompt(InputKind::Point,
                       L"\nOrigem da segunda linha de extensão ou [Selecionar/Desfazer] "
                       L"<Selecionar>: ");
-        prompt.from(kind == Kind::Series ? model->second : model->first).words(kWords);
+        prompt.from(kind == Kind::Series ? model->second : model->first).words(kDimchainWords);
         prompt.showing(context, [context, kind, model](const AcGePoint3d& to) {
             return drawn(context, next(*model, kind, to));
         });

@@ -11,12 +11,12 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Mover", L"Move"},
-                           {L"Voltar", L"Home"},
-                           {L"Novo", L"New"},
-                           {L"Girar", L"Rotate"},
-                           {L"Oblíquo", L"Oblique"}};
-constexpr Word kPlaceWords[] = {{L"Voltar", L"Home"}, {L"Ângulo", L"Angle"}};
+constexpr Word kDimeditWords[] = {{L"Mover", L"Move"},
+                                  {L"Voltar", L"Home"},
+                                  {L"Novo", L"New"},
+                                  {L"Girar", L"Rotate"},
+                                  {L"Oblíquo", L"Oblique"}};
+constexpr Word kDimeditPlaceWords[] = {{L"Voltar", L"Home"}, {L"Ângulo", L"Angle"}};
 
 using Edit = std::function<Acad::ErrorStatus(AcDbDimension&)>;
 
@@ -113,7 +113,7 @@ CommandTask dimtedit(CommandContext context) {
     const AcDbObjectId id = picked.entities.front();
     const InputValue answer = co_await context.ask(
         Prompt(InputKind::Point, L"\nNova posição do texto da cota ou [Voltar/Ângulo]: ")
-            .words(kPlaceWords)
+            .words(kDimeditPlaceWords)
             .required()
             .preview(showsText(id)));
     if (isWord(answer, L"Home")) co_return editOne(context, id, home);
@@ -129,7 +129,7 @@ CommandTask dimtedit(CommandContext context) {
 CommandTask dimedit(CommandContext context) {
     const InputValue option = co_await context.ask(
         Prompt(InputKind::Keyword, L"\nEdição de cota [Mover/Voltar/Novo/Girar/Oblíquo] <Voltar>: ")
-            .words(kWords));
+            .words(kDimeditWords));
     if (option.status == RTCAN) co_return CommandEnd::Cancelled;
     if (isWord(option, L"Move")) co_return co_await dimtedit(context);
     if (isWord(option, L"New")) {

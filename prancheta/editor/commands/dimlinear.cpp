@@ -11,7 +11,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {
+constexpr Word kDimlinearWords[] = {
     {L"Horizontal", L"Horizontal"}, {L"Vertical", L"Vertical"}, {L"Rotacionado", L"Rotated"}};
 
 enum class Axis { Horizontal, Vertical };
@@ -79,7 +79,7 @@ CommandTask dimlinear(CommandContext context) {
         return std::make_unique<AcDbRotatedDimension>(draft->rotationAt(line), draft->ends.first,
                                                       draft->ends.second, line);
     };
-    placing.more = kWords;
+    placing.more = kDimlinearWords;
     placing.takeMore = [context, draft](InputValue option) {
         return takeOption(context, option, draft);
     };

@@ -15,9 +15,9 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Salvar", L"Save"},   {L"Restaurar", L"Restore"},
-                           {L"EStado", L"STatus"}, {L"Variáveis", L"Variables"},
-                           {L"Aplicar", L"Apply"}, {L"?", L"?"}};
+constexpr Word kDimstyleWords[] = {{L"Salvar", L"Save"},   {L"Restaurar", L"Restore"},
+                                   {L"EStado", L"STatus"}, {L"Variáveis", L"Variables"},
+                                   {L"Aplicar", L"Apply"}, {L"?", L"?"}};
 
 AcDbObjectId styleNamed(const CommandContext& context, std::wstring_view name) {
     return ObjectAccess::lookup(context.database().dimStyleTableId(), name);
@@ -183,7 +183,7 @@ CommandTask dimstyle(CommandContext context) {
         Prompt(InputKind::Keyword,
                L"\nOpção de estilo de cota [Salvar/Restaurar/EStado/Variáveis/Aplicar/?] "
                L"<Restaurar>: ")
-            .words(kWords));
+            .words(kDimstyleWords));
     if (option.status == RTCAN) co_return CommandEnd::Cancelled;
     if (isWord(option, L"Save")) co_return co_await saveStyle(context);
     if (isWord(option, L"Apply")) co_return co_await apply(context);

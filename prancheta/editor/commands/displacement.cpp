@@ -19,10 +19,10 @@ Task<InputValue> askDisplacement(CommandContext context, ShowsDisplacement shows
 }
 
 Task<InputValue> askBaseAndSecond(CommandContext context, ShowsDisplacement shows) {
-    static constexpr Word kWords[] = {{L"Deslocamento", L"Displacement"}};
+    static constexpr Word kDisplacementWords[] = {{L"Deslocamento", L"Displacement"}};
     const InputValue base = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique o ponto base ou [Deslocamento] <Deslocamento>: ")
-            .words(kWords));
+            .words(kDisplacementWords));
     if (base.status == RTCAN) co_return base;
     if (base.status != RTNORM) co_return co_await askDisplacement(context, shows);
     Prompt prompt(InputKind::Point,

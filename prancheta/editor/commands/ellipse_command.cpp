@@ -13,7 +13,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWays[] = {{L"Arco", L"Arc"}, {L"Centro", L"Center"}};
+constexpr Word kEllipseCommandWays[] = {{L"Arco", L"Arc"}, {L"Centro", L"Center"}};
 constexpr Word kCentre[] = {{L"Centro", L"Center"}};
 constexpr Word kRotation[] = {{L"Rotação", L"Rotation"}};
 constexpr Word kIncluded[] = {{L"Incluso", L"Included"}};
@@ -141,7 +141,7 @@ Task<Axes> askFirst(CommandContext context, InputValue first, bool byCentre) {
 CommandTask ellipse(CommandContext context) {
     InputValue first =
         co_await context.ask(Prompt(InputKind::Point, L"\nExtremidade do eixo ou [Arco/Centro]: ")
-                                 .words(kWays)
+                                 .words(kEllipseCommandWays)
                                  .required());
     const bool arc = isWord(first, L"Arc");
     if (arc)

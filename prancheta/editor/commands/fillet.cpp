@@ -13,11 +13,11 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Desfazer", L"Undo"},
-                           {L"Polilinha", L"Polyline"},
-                           {L"Raio", L"Radius"},
-                           {L"Aparar", L"Trim"},
-                           {L"Múltiplo", L"Multiple"}};
+constexpr Word kFilletWords[] = {{L"Desfazer", L"Undo"},
+                                 {L"Polilinha", L"Polyline"},
+                                 {L"Raio", L"Radius"},
+                                 {L"Aparar", L"Trim"},
+                                 {L"Múltiplo", L"Multiple"}};
 
 AcGePoint3d inPlan(const Vec2& p) { return {p.x, p.y, 0.0}; }
 
@@ -56,7 +56,7 @@ public:
     std::wstring prompt() const override {
         return L"\nPrimeiro objeto ou [Desfazer/Polilinha/Raio/Aparar/Múltiplo]: ";
     }
-    std::span<const Word> words() const override { return kWords; }
+    std::span<const Word> words() const override { return kFilletWords; }
     Task<int> take(CommandContext context, std::wstring word) override {
         if (word != L"Radius") co_return RTNORM;
         const InputValue answer = co_await context.ask(

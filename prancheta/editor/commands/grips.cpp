@@ -13,7 +13,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {
+constexpr Word kGripsWords[] = {
     {L"Base", L"Base"}, {L"Copiar", L"Copy"}, {L"Desfazer", L"Undo"}, {L"Sair", L"eXit"}};
 
 AcGeMatrix3d moved(const AcGePoint3d& base, const InputValue& to) {
@@ -118,7 +118,7 @@ InputValue answerAt(const AcGePoint3d& base, const Mode& mode, const AcGePoint3d
 Prompt question(const Mode& mode, const AcGePoint3d& base, const std::vector<Pulled>& pulled,
                 const Ids& selection) {
     Prompt prompt(mode.kind, std::wstring(mode.prompt) + L" ou [Base/Copiar/Desfazer/Sair]: ");
-    prompt.from(base).words(kWords).bits(mode.bits);
+    prompt.from(base).words(kGripsWords).bits(mode.bits);
     if (mode.matrix == nullptr)
         prompt.preview([pulled, base](const AcGePoint3d& to, Picture& out) {
             showEach(entitiesOf(pulled), pulling(pulled, to - base), out);

@@ -16,7 +16,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {
+constexpr Word kHatchWords[] = {
     {L"Propriedades", L"Properties"}, {L"Selecionar", L"Select"}, {L"Desfazer", L"Undo"}};
 constexpr Word kPropertyWords[] = {{L"Padrão", L"Pattern"},
                                    {L"Escala", L"Scale"},
@@ -182,7 +182,7 @@ CommandTask hatch(CommandContext context) {
     const auto edges = std::make_shared<Edges>();
     for (;;) {
         Prompt prompt(InputKind::Point, L"\nPonto interno ou [Propriedades/Selecionar/Desfazer]: ");
-        prompt.words(kWords);
+        prompt.words(kHatchWords);
         prompt.showing(context, [context, edges](const AcGePoint3d& at) -> Made {
             std::vector<HatchLoop> loops = edges->of(context.editor().display()).around(at);
             return loops.empty() ? nullptr : hatchOf(context, std::move(loops));

@@ -13,7 +13,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {
+constexpr Word kLeaderWords[] = {
     {L"Anotação", L"Annotation"}, {L"Desfazer", L"Undo"}, {L"Curva", L"Spline"}};
 /// A last segment steeper than this gets a hook line.
 constexpr double kSteep = 15.0 * 3.14159265358979323846 / 180.0;
@@ -77,7 +77,7 @@ Task<int> askPoints(CommandContext context, Draft* draft) {
                           : L"\nPróximo ponto: ");
         prompt.from(draft->points.back());
         if (may)
-            prompt.words(kWords);
+            prompt.words(kLeaderWords);
         else
             prompt.required();
         prompt.showing(context, [context, draft](const AcGePoint3d& at) {

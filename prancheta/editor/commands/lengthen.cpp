@@ -13,10 +13,10 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"DElta", L"DElta"},
-                           {L"Percentual", L"Percent"},
-                           {L"Total", L"Total"},
-                           {L"DInâmico", L"DYnamic"}};
+constexpr Word kLengthenWords[] = {{L"DElta", L"DElta"},
+                                   {L"Percentual", L"Percent"},
+                                   {L"Total", L"Total"},
+                                   {L"DInâmico", L"DYnamic"}};
 
 /// The end that is nearer along the curve.
 CurveEnd endNear(const Curve& curve, const Vec2& pick) {
@@ -103,7 +103,7 @@ CommandTask lengthen(CommandContext context) {
         const InputValue answer = co_await context.ask(
             Prompt(InputKind::Entity,
                    L"\nSelecione um objeto ou [DElta/Percentual/Total/DInâmico]: ")
-                .words(kWords));
+                .words(kLengthenWords));
         if (answer.status == RTNONE || answer.status == RTCAN) co_return endOf(answer.status);
         if (answer.status == RTKWORD)
             rule.kind = answer.text;

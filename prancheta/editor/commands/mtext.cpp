@@ -14,9 +14,9 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Altura", L"Height"},     {L"Justificar", L"Justify"},
-                           {L"Linha", L"Linespacing"}, {L"Rotação", L"Rotation"},
-                           {L"Estilo", L"Style"},      {L"larGura", L"Width"}};
+constexpr Word kMtextWords[] = {{L"Altura", L"Height"},     {L"Justificar", L"Justify"},
+                                {L"Linha", L"Linespacing"}, {L"Rotação", L"Rotation"},
+                                {L"Estilo", L"Style"},      {L"larGura", L"Width"}};
 /// In the order of attachments.
 constexpr Word kCorners[] = {{L"SE", L"TL"}, {L"SC", L"TC"}, {L"SD", L"TR"},
                              {L"ME", L"ML"}, {L"MC", L"MC"}, {L"MD", L"MR"},
@@ -145,7 +145,7 @@ Task<int> askFrame(CommandContext context, Sheet* sheet) {
                                         L"\nCanto oposto ou [Altura/Justificar/espaçamento de "
                                         L"Linha/Rotação/Estilo/larGura]: ")
                                      .from(sheet->first)
-                                     .words(kWords)
+                                     .words(kMtextWords)
                                      .required());
         if (answer.status == RTNORM) sheet->opposite = answer.point;
         if (answer.status != RTKWORD) co_return answer.status;

@@ -25,7 +25,7 @@ namespace {
 constexpr Word kSettings[] = {
     {L"Através", L"Through"}, {L"aPagar", L"Erase"}, {L"Camada", L"Layer"}};
 constexpr Word kObjectWords[] = {{L"Sair", L"Exit"}, {L"Desfazer", L"Undo"}};
-constexpr Word kSideWords[] = {
+constexpr Word kOffsetSideWords[] = {
     {L"Sair", L"Exit"}, {L"Múltiplo", L"Multiple"}, {L"Desfazer", L"Undo"}};
 
 struct Settings {
@@ -126,7 +126,7 @@ Prompt sidePrompt(const CommandContext& context, const Source& source, const Set
                       ? L"\nPonto no lado a deslocar ou [Sair/Múltiplo/Desfazer]: "
                       : L"\nPonto por onde passar ou [Sair/Múltiplo/Desfazer]: ");
     AcDbDatabase* const database = &context.database();
-    prompt.words(kSideWords)
+    prompt.words(kOffsetSideWords)
         .preview([source, settings, database](const AcGePoint3d& at, Picture& out) {
             for (const Curve& curve : beside(source, settings, seen(at)))
                 if (const auto entity = entityBeside(source, curve)) {

@@ -18,7 +18,7 @@ constexpr Word kStyleWords[] = {
     {L"Chanfro", L"Chamfer"}, {L"aRredondar", L"Fillet"}, {L"Largura", L"Width"}};
 constexpr Word kSizeWords[] = {
     {L"Área", L"Area"}, {L"Dimensões", L"Dimensions"}, {L"Rotação", L"Rotation"}};
-constexpr Word kSideWords[] = {{L"Comprimento", L"Length"}, {L"Largura", L"Width"}};
+constexpr Word kRectangSideWords[] = {{L"Comprimento", L"Length"}, {L"Largura", L"Width"}};
 constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
 
 /// What is cut off a corner: so much of the side that arrives there and of the one that leaves.
@@ -138,7 +138,7 @@ Task<InputValue> askByArea(CommandContext context) {
     if (answer.status != RTNORM) co_return answer;
     const InputValue by = co_await context.ask(
         Prompt(InputKind::Keyword, L"\nCalcular por [Comprimento/Largura] <Comprimento>: ")
-            .words(kSideWords));
+            .words(kRectangSideWords));
     if (by.status == RTCAN) co_return by;
     const bool byWidth = isWord(by, L"Width");
     double& known = byWidth ? kept.rectangleWidth : kept.rectangleLength;

@@ -14,7 +14,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"Arco", L"Arc"}, {L"Objeto", L"Object"}};
+constexpr Word kRevcloudWords[] = {{L"Arco", L"Arc"}, {L"Objeto", L"Object"}};
 constexpr double kUsualArc = 8.0;  ///< chord on paper, mm
 constexpr double kBulge = 0.5;     ///< tangent of a quarter of the arc's angle: 106 degrees
 constexpr double kMostArcs = 5000.0;
@@ -134,7 +134,7 @@ CommandTask revcloud(CommandContext context) {
     for (;;) {
         const InputValue answer = co_await context.ask(
             Prompt(InputKind::Point, L"\nPrimeiro ponto ou [comprimento do Arco/Objeto] <Objeto>: ")
-                .words(kWords));
+                .words(kRevcloudWords));
         if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
         if (answer.status == RTNORM) co_return co_await ofPoints(context, answer.point, kept);
         if (!isWord(answer, L"Arc")) co_return co_await ofObject(context, kept);

@@ -124,10 +124,11 @@ Task<InputValue> askKept(CommandContext context, InputKind kind, std::wstring qu
 }
 
 Task<InputValue> askYesNo(CommandContext context, std::wstring question, Choice byDefault) {
-    static constexpr Word kWords[] = {{L"Sim", L"Yes"}, {L"Não", L"No"}};
+    static constexpr Word kSupportWords[] = {{L"Sim", L"Yes"}, {L"Não", L"No"}};
     const wchar_t* shown = byDefault == Choice::Yes ? L"Sim" : L"Não";
-    InputValue answer = co_await context.ask(
-        Prompt(InputKind::Keyword, question + L" [Sim/Não] <" + shown + L">: ").words(kWords));
+    InputValue answer =
+        co_await context.ask(Prompt(InputKind::Keyword, question + L" [Sim/Não] <" + shown + L">: ")
+                                 .words(kSupportWords));
     const bool yes = answer.status == RTNONE ? byDefault == Choice::Yes : isWord(answer, L"Yes");
     answer.number = yes ? 1.0 : 0.0;
     co_return answer;

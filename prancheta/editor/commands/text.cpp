@@ -15,7 +15,7 @@ namespace {
 
 /// From one line to the next one, in heights.
 constexpr double kLineSpacing = 5.0 / 3.0;
-constexpr Word kPlaceWords[] = {{L"Justificar", L"Justify"}, {L"Estilo", L"Style"}};
+constexpr Word kTextPlaceWords[] = {{L"Justificar", L"Justify"}, {L"Estilo", L"Style"}};
 
 /// How the next line is written.
 struct Writing {
@@ -57,7 +57,7 @@ Task<Writing> askPlace(CommandContext context) {
         InputValue answer = co_await context.ask(
             Prompt(InputKind::Point,
                    L"\nEspecifique o ponto inicial do texto ou [Justificar/Estilo]: ")
-                .words(kPlaceWords));
+                .words(kTextPlaceWords));
         if (isWord(answer, L"Style")) {
             const AcDbObjectId style = co_await askTextStyle(context, writing.style.id);
             if (style.isNull()) co_return writing;

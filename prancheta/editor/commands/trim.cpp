@@ -17,9 +17,9 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {{L"corTe", L"cuTting"},       {L"Cerca", L"Fence"},
-                           {L"cruZamento", L"Crossing"}, {L"Aresta", L"Edge"},
-                           {L"aPagar", L"eRase"},        {L"Desfazer", L"Undo"}};
+constexpr Word kTrimWords[] = {{L"corTe", L"cuTting"},       {L"Cerca", L"Fence"},
+                               {L"cruZamento", L"Crossing"}, {L"Aresta", L"Edge"},
+                               {L"aPagar", L"eRase"},        {L"Desfazer", L"Undo"}};
 
 enum class Way { Trim, Extend };
 
@@ -235,10 +235,11 @@ CommandTask cutWhatIsPicked(CommandContext context, Way way) {
         Prompt prompt(InputKind::Entity,
                       L"\nSelecione o objeto a " + what +
                           L" ou [arestas de corTe/Cerca/cruZamento/Aresta/aPagar/Desfazer]: ");
-        prompt.words(kWords).preview(
-            [&editor = context.editor(), &edges, way](const AcGePoint3d& at, Picture& out) {
-                showCut(editor, edges, way, at, out);
-            });
+        prompt.words(kTrimWords)
+            .preview(
+                [&editor = context.editor(), &edges, way](const AcGePoint3d& at, Picture& out) {
+                    showCut(editor, edges, way, at, out);
+                });
         const InputValue answer = co_await context.ask(prompt);
         if (answer.status == RTNONE || answer.status == RTCAN) break;
         if (answer.status == RTKWORD) {

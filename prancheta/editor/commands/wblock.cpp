@@ -74,7 +74,7 @@ bool takeBlock(const CommandContext& context, const std::wstring& name, Content&
     return true;
 }
 
-Task<Content> askObjects(CommandContext context) {
+Task<Content> askObjectsToWrite(CommandContext context) {
     Content content;
     const InputValue base =
         co_await context.ask(Prompt(InputKind::Point, L"\nPonto base: ").required());
@@ -100,7 +100,7 @@ Task<Content> askContent(CommandContext context, std::wstring fileName) {
         Content content;
         if (answer.status == RTCAN) co_return content;
         if (answer.status != RTNORM || answer.text.empty()) {
-            content = co_await askObjects(context);
+            content = co_await askObjectsToWrite(context);
             co_return content;
         }
         content.end = CommandEnd::Done;

@@ -14,11 +14,11 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWays[] = {{L"Hor", L"Hor"},
-                          {L"Ver", L"Ver"},
-                          {L"Âng", L"Ang"},
-                          {L"Bissetriz", L"Bisect"},
-                          {L"Deslocamento", L"Offset"}};
+constexpr Word kXlineWays[] = {{L"Hor", L"Hor"},
+                               {L"Ver", L"Ver"},
+                               {L"Âng", L"Ang"},
+                               {L"Bissetriz", L"Bisect"},
+                               {L"Deslocamento", L"Offset"}};
 constexpr Word kReference[] = {{L"Referência", L"Reference"}};
 constexpr Word kThrough[] = {{L"Através", L"Through"}};
 
@@ -180,7 +180,7 @@ CommandTask drawOffsets(CommandContext context) {
 CommandTask xline(CommandContext context) {
     const InputValue first = co_await context.ask(
         Prompt(InputKind::Point, L"\nPonto ou [Hor/Ver/Âng/Bissetriz/Deslocamento]: ")
-            .words(kWays)
+            .words(kXlineWays)
             .required());
     CommandEnd end = endOf(first.status);
     if (isWord(first, L"Hor"))

@@ -13,7 +13,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {
+constexpr Word kZoomWords[] = {
     {L"Tudo", L"All"},         {L"Centro", L"Center"},     {L"Dinâmico", L"Dynamic"},
     {L"Estender", L"Extents"}, {L"Anterior", L"Previous"}, {L"ESCala", L"Scale"},
     {L"Janela", L"Window"},    {L"Objeto", L"Object"},
@@ -185,7 +185,7 @@ CommandTask zoom(CommandContext context) {
             Prompt(InputKind::Point,
                    L"\nEspecifique o canto da janela, digite um fator de escala (nX ou nXP), ou\n"
                    L"[Tudo/Centro/Dinâmico/Estender/Anterior/ESCala/Janela/Objeto] <tempo real>: ")
-                .words(kWords)
+                .words(kZoomWords)
                 .bits(RSG_OTHER));
         if (answer.status == RTNORM)
             answer = co_await askWindow(context, answer.point);
