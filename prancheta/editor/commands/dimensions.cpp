@@ -162,8 +162,11 @@ CommandTask placeDimension(CommandContext context, Placing placing) {
             const bool other = std::ranges::any_of(
                 placing.more, [&](const Word& word) { return isWord(answer, word.global); });
             const auto trial = dressed(context, placing.make(placing.trial));
-            const int status = other ? co_await placing.takeMore(answer)
-                                     : co_await askWords(context, answer, *trial, words);
+            int status = RTNORM;
+            if (other)
+                status = co_await placing.takeMore(answer);
+            else
+                status = co_await askWords(context, answer, *trial, words);
             if (status == RTCAN) co_return CommandEnd::Cancelled;
             continue;
         }
