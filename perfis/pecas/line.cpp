@@ -46,8 +46,7 @@ public:
     std::wstring read() {
         while (skipBlanks()) {
             const std::size_t equals = keyEnd();
-            const std::wstring fault =
-                equals != std::wstring_view::npos ? takeValue(equals) : takeWord();
+            std::wstring fault = equals != std::wstring_view::npos ? takeValue(equals) : takeWord();
             if (!fault.empty()) return fault;
         }
         if (m_small && m_length) {

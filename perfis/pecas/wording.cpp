@@ -62,15 +62,15 @@ public:
         const std::wstring name = withoutVaos(zp::matlist::sizeOf(peca));
         const std::wstring typed =
             typedName(m_command, sourceOf(peca), medidasOf(m_command.description, m_values.values));
-        const std::wstring cmd = L"cmd=" + localName();
-        for (const std::wstring& text : {name, typed, cmd + L' ' + name, cmd + L' ' + typed})
+        const std::wstring cmd = L"cmd=" + localName() + L' ';
+        for (const std::wstring& text : {name, typed, cmd + name, cmd + typed})
             if (isSame(text + m_tail, peca)) return finished(text + m_tail, peca);
-        for (const std::wstring& text : {typed, cmd + L' ' + typed}) {
+        for (const std::wstring& text : {typed, cmd + typed}) {
             const std::wstring line = text + m_tail;
             const std::wstring own = ownValues(line, peca);
             if (isSame(line + own, peca)) return finished(line + own, peca);
         }
-        return finished(cmd + L' ' + typed + m_tail, peca);
+        return finished(cmd + typed + m_tail, peca);
     }
 
 private:

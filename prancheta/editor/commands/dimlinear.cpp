@@ -81,7 +81,7 @@ CommandTask dimlinear(CommandContext context) {
     };
     placing.more = kDimlinearWords;
     placing.takeMore = [context, draft](InputValue option) {
-        return takeOption(context, option, draft);
+        return takeOption(context, std::move(option), draft);
     };
     co_return co_await placeDimension(context, std::move(placing));
 }

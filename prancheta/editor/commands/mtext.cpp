@@ -58,11 +58,12 @@ std::unique_ptr<AcDbMText> makeText(const Sheet& sheet, const std::wstring& cont
     auto text = std::make_unique<AcDbMText>();
     const AcGeVector3d along = alongOf(sheet);
     const int place = sheet.attachment - 1;
+    const int row = place / 3;
     double down = 0.0;
     const AcGePoint3d corner = cornerOf(sheet, down);
     // None of these can refuse: the questions did.
     (void)text->setLocation(corner + along * (widthOf(sheet) * (place % 3) / 2.0) -
-                            AcGeVector3d::kZAxis.crossProduct(along) * (down * (place / 3) / 2.0));
+                            AcGeVector3d::kZAxis.crossProduct(along) * (down * row / 2.0));
     (void)text->setDirection(along);
     (void)text->setTextStyle(sheet.style.id);
     (void)text->setTextHeight(sheet.height);

@@ -76,7 +76,7 @@ Ids cutAt(const CommandContext& context, CuttingEdges& edges, AcDbObjectId id, c
         refuse(context, L"O objeto não cruza uma aresta de corte.");
         return {};
     }
-    const Ids parts = takeOut(context, *target, range->from, range->to);
+    Ids parts = takeOut(context, *target, range->from, range->to);
     edges.follow(id, parts);
     return parts;
 }
