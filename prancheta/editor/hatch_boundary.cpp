@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dbdim.h"
 #include "prancheta/display/display_list.h"
-#include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/plane_curve.h"
 #include "prancheta/geometry/bulge.h"
 #include "prancheta/graphics/edges.h"
 
@@ -15,26 +14,9 @@ namespace prancheta {
 
 namespace {
 
-/// Of the entities that are kept group by group those that are curves or show a block.
-bool boundsAsForeign(const std::string& type) {
-    constexpr const char* kTypes[] = {"ELLIPSE", "SPLINE", "LWPOLYLINE", "POLYLINE",
-                                      "INSERT",  "LINE",   "ARC",        "CIRCLE"};
-    return std::ranges::find(kTypes, type) != std::end(kTypes);
-}
-
 bool bounds(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-    if (entity.openStatus() != Acad::eOk) return false;
-    if (const auto* const foreign = ForeignEntity::cast(entity.object()))
-        return boundsAsForeign(foreign->typeName());
-    return !entity->isKindOf(AcDbDimension::desc()) && !entity->isKindOf(AcDbHatch::desc()) &&
-           std::wstring_view(entity->isA()->name()) != L"AcDbLeader";
-}
-
-Segment segmentOf(const Edge& edge) {
-    if (edge.isArc())
-        return circular({edge.center.x, edge.center.y}, edge.radius, edge.startAngle, edge.sweep);
-    return straight({edge.a.x, edge.a.y}, {edge.b.x, edge.b.y});
+    return entity.openStatus() == Acad::eOk && hasEdges(*entity.object());
 }
 
 void appendEdges(DisplayList& display, const std::vector<AcDbObjectId>& owners,

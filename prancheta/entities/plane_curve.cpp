@@ -5,8 +5,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "dbdim.h"
+#include "dbhatch.h"
+#include "dblead.h"
+#include "dbmtext.h"
 #include "prancheta/entities/common.h"
+#include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/polyline_vertices.h"
+#include "prancheta/entities/weld_symbol.h"
 #include "prancheta/geometry/bulge.h"
 
 namespace prancheta {
@@ -171,6 +177,24 @@ std::unique_ptr<AcDbPolyline> polylineOf(const Curve& curve, double z,
     (void)polyline->setClosed(curve.closed());
     (void)polyline->setElevation(z);
     return polyline;
+}
+
+bool hasEdges(const AcDbEntity& entity) {
+    if (const auto* const foreign = ForeignEntity::cast(&entity)) {
+        constexpr std::string_view kTypes[] = {"ELLIPSE", "SPLINE", "LWPOLYLINE", "POLYLINE",
+                                               "INSERT",  "LINE",   "ARC",        "CIRCLE"};
+        return std::ranges::find(kTypes, foreign->typeName()) != std::end(kTypes);
+    }
+    for (const AcRxClass* annotation : {AcDbDimension::desc(), AcDbText::desc(), AcDbMText::desc(),
+                                        AcDbLeader::desc(), AcDbHatch::desc(), WeldSymbol::desc()})
+        if (entity.isKindOf(annotation)) return false;
+    return true;
+}
+
+Segment segmentOf(const Edge& edge) {
+    if (edge.isArc())
+        return circular({edge.center.x, edge.center.y}, edge.radius, edge.startAngle, edge.sweep);
+    return straight({edge.a.x, edge.a.y}, {edge.b.x, edge.b.y});
 }
 
 }  // namespace prancheta

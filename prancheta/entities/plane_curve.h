@@ -9,12 +9,20 @@
 #include "dbpl.h"
 #include "prancheta/curves/curve.h"
 #include "prancheta/entities/polyline_width.h"
+#include "prancheta/graphics/edges.h"
 
 namespace prancheta {
 
 /// Of a line, arc, circle or polyline; nothing of anything else, and of what is seen edge-on. The
 /// parameters go as the entity goes: a polyline's count its vertices.
 std::optional<Curve> planeCurve(const AcDbEntity& entity);
+
+/// Whether what it shows may cut, bound or be moved aside: curves, blocks and pieces, no
+/// annotations. Of foreign ones those that are curves or show a block.
+bool hasEdges(const AcDbEntity& entity);
+
+/// An edge of a picture, seen from above.
+Segment segmentOf(const Edge& edge);
 
 /// The entity becomes the part between two parameters, as Curve::part says; heights, bulges and
 /// widths go along. It must be open for write or in no drawing. eNotApplicable, and no change, for

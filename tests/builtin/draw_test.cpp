@@ -130,7 +130,12 @@ TEST_F(Draw, Ellipse) {
     };
     const double half = std::sqrt(0.5);
     const Case cases[] = {
-        {{L"elipse", L"0,0", L"20,0", L"4"}, {10, 0, 0}, {20, 0, 0}, {20, 0, 0}, {10, 0, 0}, 0.4},
+        {{L"elipse", L"0,0", L"20,0", L"1e-9", L"4"},
+         {10, 0, 0},
+         {20, 0, 0},
+         {20, 0, 0},
+         {10, 0, 0},
+         0.4},
         // The second axis is the longer one.
         {{L"_ellipse", L"_c", L"5,5", L"@3,0", L"5,11"},
          {5, 5, 0},
@@ -177,7 +182,7 @@ TEST_F(Draw, Ellipse) {
                     each.major.length(), 1e-9);
         EXPECT_NEAR(ellipse->radiusRatio(), each.ratio, 1e-9);
     }
-    EXPECT_EQ(ui.complaints.size(), 2u);
+    EXPECT_EQ(ui.complaints.size(), 3u);
 }
 
 TEST_F(Draw, ConstructionLines) {

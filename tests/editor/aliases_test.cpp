@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <set>
+
 #include "prancheta/base/file.h"
 
 using namespace prancheta;
@@ -29,6 +32,19 @@ TEST(Aliases, withoutItsFileAnInstallationHasTheShippedOnes) {
     EXPECT_EQ(aliases.find(L"ATALHO"), L"") << "a comment is no alias";
     EXPECT_FALSE(aliases.load("/nao/existe.txt"));
     EXPECT_EQ(aliases.find(L"RO"), L"ROTATE");
+}
+
+/// The later of two lines would count, and nobody would see it.
+TEST(Aliases, shippedOnesStandOnce) {
+    std::ifstream file(HOUSE_SOURCE_DIR "/instalacao/Prancheta/atalhos.txt");
+    ASSERT_TRUE(file.is_open());
+    std::set<std::string> seen;
+    for (std::string line; std::getline(file, line);) {
+        const std::size_t comma = line.find(',');
+        if (line.starts_with(';') || comma == std::string::npos) continue;
+        EXPECT_TRUE(seen.insert(line.substr(0, comma)).second) << line;
+    }
+    EXPECT_GT(seen.size(), 40u);
 }
 
 }  // namespace

@@ -30,7 +30,6 @@ using texts::withComma;
 constexpr const ACHAR* kComprimento = L"comprimento";
 constexpr const ACHAR* kTipoBarra = protocol::kRoleKey;
 constexpr const ACHAR* kGrade = L"aco";
-/// Longest name of a steel, characters.
 
 struct BarraRole {
     int type;

@@ -7,23 +7,12 @@
 #include <cmath>
 #include <limits>
 
-#include "dbdim.h"
-#include "dbhatch.h"
-#include "dblead.h"
-#include "dbmtext.h"
 #include "dbpl.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/plane_curve.h"
 
 namespace prancheta::commands {
-
-bool isAnnotation(const AcDbEntity& entity) {
-    for (const AcRxClass* kind : {AcDbDimension::desc(), AcDbText::desc(), AcDbMText::desc(),
-                                  AcDbLeader::desc(), AcDbHatch::desc()})
-        if (entity.isKindOf(kind)) return true;
-    return false;
-}
 
 namespace {
 
@@ -108,7 +97,7 @@ void forEachSegmentOf(const Editor& editor, AcDbObjectId id, const CurveIndex& i
                     for (const Segment& s : on->curve.segments()) sink(s);
             return;
         }
-        if (isAnnotation(*entity.object())) return;
+        if (!hasEdges(*entity.object())) return;
     }
     const Box2d box = index.curve().box();
     for (const PrimitiveView& primitive : editor.display().picture(id))
@@ -147,12 +136,6 @@ std::vector<Candidate> candidates(const Editor& editor, const CurveIndex& index,
 }
 
 }  // namespace
-
-Segment segmentOf(const Edge& edge) {
-    if (edge.isArc())
-        return circular({edge.center.x, edge.center.y}, edge.radius, edge.startAngle, edge.sweep);
-    return straight({edge.a.x, edge.a.y}, {edge.b.x, edge.b.y});
-}
 
 void CuttingEdges::choose(const Ids& chosen) {
     m_chosen.clear();

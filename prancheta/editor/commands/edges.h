@@ -15,13 +15,7 @@ class Editor;
 
 namespace prancheta::commands {
 
-/// An edge of a picture, seen from above.
-Segment segmentOf(const Edge& edge);
-
-/// Dimensions, texts, leaders, hatches: no edges, and nothing to be moved aside.
-bool isAnnotation(const AcDbEntity& entity);
-
-/// Lines, arcs, circles and polylines, and of everything else but annotations, blocks and pieces
+/// Lines, arcs, circles and polylines, and of everything else that has edges, blocks and pieces
 /// included, what its picture shows.
 class CuttingEdges {
 public:

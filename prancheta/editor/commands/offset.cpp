@@ -47,7 +47,7 @@ std::optional<Source> sourceOf(const CommandContext& context, AcDbObjectId id) {
     const std::optional<Curve> outline =
         outlineOf(context.editor().display().picture(id));  // an open entity would draw nothing
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-    if (entity.openStatus() != Acad::eOk || isAnnotation(*entity.object())) return {};
+    if (entity.openStatus() != Acad::eOk || !hasEdges(*entity.object())) return {};
     Source source;
     source.id = id;
     AcDbExtents box;

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "prancheta/curves/end_chains.h"
-#include "prancheta/editor/commands/edges.h"
+#include "prancheta/entities/plane_curve.h"
 
 namespace prancheta::commands {
 
