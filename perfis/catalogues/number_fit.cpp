@@ -104,6 +104,8 @@ bool isOtherMass(std::size_t typed, std::size_t typedCount, std::size_t has, con
 
 }  // namespace
 
+double inMm(const SizeNumber& n) { return n.unit == Unit::kMm ? n.value : n.value * kInch; }
+
 bool isSame(const SizeNumber& a, const SizeNumber& b) { return relativeDifference(a, b) == 0.0; }
 
 bool saysTheSame(const SizeNumbers& typed, const SizeNumbers& has) {

@@ -15,6 +15,9 @@ namespace perfis {
 
 using SizeNumbers = std::vector<SizeNumber>;
 
+/// mm; what may be inches beside a number that is, is.
+double inMm(const SizeNumber& n);
+
 /// In any unit in which both may be read; sizes are one within the rounding of the lists.
 bool isSame(const SizeNumber& a, const SizeNumber& b);
 

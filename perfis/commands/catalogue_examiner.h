@@ -33,11 +33,6 @@ struct CatalogueFolders {
 /// the tables of the program's own installation. Nothing for any other folder.
 std::optional<CatalogueFolders> cataloguesIn(const std::filesystem::path& folder);
 
-/// Sizes in the order of their family's columns, in hundredths of a mm.
-using SizeKey = std::vector<long>;
-/// `sizes`: where they stand in the dialog.
-SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const Medidas& medidas);
-
 /// What a row of a side table prints.
 struct TabledRow {
     std::wstring designacao;

@@ -2,6 +2,9 @@
 // The table of the families and that of the lists.
 #include "perfis/commands/catalogue_families.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace perfis {
 namespace {
 
@@ -103,5 +106,25 @@ const SizeList kLists[] = {
 
 std::span<const Family> families() { return kFamilies; }
 std::span<const SizeList> sizeLists() { return kLists; }
+
+SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const Medidas& medidas) {
+    SizeKey key;
+    for (const SizeColumn& size : sizes)
+        key.push_back(std::lround(std::clamp(100.0 * medidas.*size.medida, -1e9, 1e9)));
+    if (family.eitherWay && key[0] < key[1]) std::swap(key[0], key[1]);
+    return key;
+}
+
+std::optional<std::size_t> familyOf(const zp::tables::TableName& name) {
+    std::optional<std::size_t> found;
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < families().size(); ++i) {
+        const std::wstring_view table = families()[i].table;
+        if (!name.isOf(table) || table.size() < longest) continue;
+        found = i;
+        longest = table.size();
+    }
+    return found;
+}
 
 }  // namespace perfis

@@ -2,9 +2,12 @@
 // Which list holds sizes of which family, and how a size is written in lists and side tables.
 #pragma once
 
+#include <optional>
 #include <span>
+#include <vector>
 
 #include "perfis/commands/handlers.h"
+#include "zp/tables/published.h"
 
 namespace perfis {
 
@@ -37,6 +40,13 @@ struct Family {
 };
 
 std::span<const Family> families();
+/// The place in families() of the one that a table of this name belongs to.
+std::optional<std::size_t> familyOf(const zp::tables::TableName& name);
+
+/// Sizes in the order of their family's columns, in hundredths of a mm.
+using SizeKey = std::vector<long>;
+/// `sizes`: where they stand in the dialog.
+SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const Medidas& medidas);
 
 /// What the lines of a shown list have of the sizes.
 enum class Shown {

@@ -412,14 +412,6 @@ private:
 
 }  // namespace
 
-SizeKey sizeKeyOf(const Family& family, std::span<const SizeColumn> sizes, const Medidas& medidas) {
-    SizeKey key;
-    for (const SizeColumn& size : sizes)
-        key.push_back(std::lround(std::clamp(100.0 * medidas.*size.medida, -1e9, 1e9)));
-    if (family.eitherWay && key[0] < key[1]) std::swap(key[0], key[1]);
-    return key;
-}
-
 void examineLists(const std::filesystem::path& folder, const SideTables& tables,
                   CatalogueFindings& findings) {
     std::set<const Family*> untabled;

@@ -6,6 +6,7 @@
 #include <cwctype>
 #include <numbers>
 
+#include "perfis/catalogues/number_fit.h"
 #include "perfis/commands/catalogue_examiner.h"
 #include "texts/letters.h"
 #include "texts/number.h"
@@ -73,6 +74,8 @@ constexpr double kEachOtherOff = 0.015;
 constexpr double kMostPrinted = 1e12;
 /// kg/m of steel of 1 cm2.
 constexpr double kPesoOfArea = 0.785;
+/// By so much the height that a series is called by differs from the true one.
+constexpr double kNominalHeight = 0.16;
 /// By so much a maker's nominal mass of a tube may be above that of sharp corners.
 constexpr double kNominalPeso = 0.03;
 
@@ -95,12 +98,12 @@ Value valueOf(const std::wstring& text, double number) {
 /// Angles in inches are printed from values of two digits in inches.
 void widenForInches(std::array<std::optional<Value>, kAll>& values) {
     constexpr double kInch = 2.54;
-    constexpr std::pair<Printed, int> kPowers[] = {{kArea, 2}, {kWx, 3}, {kIx, 4}};
+    constexpr std::pair<Printed, int> kPowers[] = {{kRz, 1}, {kArea, 2}, {kWx, 3}, {kIx, 4}};
     for (const auto& [which, power] : kPowers) {
         if (!values[which]) continue;
         const double unit = std::pow(kInch, power);
         const double number = values[which]->number;
-        const double digit = which == kArea || number < unit ? 0.01 : 0.1;
+        const double digit = power < 3 || number < unit ? 0.01 : 0.1;
         values[which]->half = std::max(values[which]->half, 0.5 * digit * unit / number);
     }
 }
@@ -169,6 +172,7 @@ private:
         if (!m_doubt.empty())
             add(L"Linha em dúvida: " + m_doubt + L".", L"Confira-a com o fornecedor.",
                 Severity::Hint);
+        compareName();
         compareEachOther();
         compareWithOutline();
     }
@@ -208,6 +212,26 @@ private:
                 kColumns[which].unit + L", " + from + L" dá " + shown(computed) + L" (" +
                 texts::withComma(100.0 * (printed.number / computed - 1.0), 1) + L" %).",
             L"Corrija o valor, ou diga em duvida por que fica.");
+    }
+
+    /// Each number of the name is a size, the height that a series is called by, or the mass.
+    void compareName() {
+        const SizeNumbers numbers = readSize(m_name).numbers;
+        // I and U are called by height and mass.
+        const bool series = m_columns.back() == std::wstring_view(L"tw");
+        for (std::size_t i = 0; i < numbers.size(); ++i) {
+            const SizeNumber& said = numbers[i];
+            const auto isSize = [&](const SizeColumn& size) {
+                return isSame(said, {{}, {}, m_medidas.*size.medida, SizeNumber::Unit::kMm});
+            };
+            const bool nominal =
+                series && i == 0 && std::abs(inMm(said) / m_medidas.h - 1.0) <= kNominalHeight;
+            const bool mass = m_values[kPeso] && std::abs(said.value / has(kPeso) - 1.0) <=
+                                                     kEachOtherOff + 0.5 / has(kPeso);
+            if (nominal || mass || std::ranges::any_of(m_family.sizes, isSize)) continue;
+            add(L"O " + said.typed + L" da designação não é medida nem massa da linha.",
+                L"Corrija a designação ou a medida: a peça seria encomendada com este nome.");
+        }
     }
 
     void compareEachOther() {
@@ -269,7 +293,11 @@ private:
             compare(kPeso, 1e-2 * kPesoOfArea * p.area, 2.0 * kOutlineOff, L"o contorno");
         compare(kIx, 1e-4 * p.ix, kOutlineOff, L"o contorno");
         compare(kIy, 1e-4 * p.iy, kOutlineOff, L"o contorno");
-        compare(kIt, 1e-4 * secao.sheet().it.value_or(0.0), kTorsionOff, L"o contorno");
+        const zp::secao::Sheet& sheet = secao.sheet();
+        compare(kIt, 1e-4 * sheet.it.value_or(0.0), kTorsionOff, L"o contorno");
+        compare(kZx, 1e-3 * sheet.zx, kOutlineOff, L"o contorno");
+        compare(kZy, 1e-3 * sheet.zy, kOutlineOff, L"o contorno");
+        compare(kRz, 1e-1 * p.r2, kEachOtherOff, L"o contorno");
     }
 
     zp::secao::Secao drawn(double corner = -1.0) const {
@@ -297,6 +325,9 @@ private:
             return (wide * std::pow(high, 3) - (wide - 2.0 * t) * std::pow(high - 2.0 * t, 3)) /
                    12.0;
         };
+        const auto sharpPlastic = [t](double high, double wide) {
+            return (wide * high * high - (wide - 2.0 * t) * std::pow(high - 2.0 * t, 2)) / 4.0;
+        };
         const double sharp = 2.0 * t * (h + b - 2.0 * t);
         const double sharpTorsion = 2.0 * t * std::pow((h - t) * (b - t), 2) / (h + b - 2.0 * t);
         const zp::secao::Properties& p = round.properties();
@@ -312,6 +343,8 @@ private:
         within(kIx, 1e-4 * p.ix, 1e-4 * sharpInertia(h, b));
         within(kIy, 1e-4 * p.iy, 1e-4 * sharpInertia(b, h));
         within(kIt, 1e-4 * round.sheet().it.value_or(0.0), 1e-4 * sharpTorsion);
+        within(kZx, 1e-3 * round.sheet().zx, 1e-3 * sharpPlastic(h, b));
+        within(kZy, 1e-3 * round.sheet().zy, 1e-3 * sharpPlastic(b, h));
     }
     void within(Printed which, double least, double most) {
         if (!m_values[which]) return;
@@ -332,20 +365,6 @@ private:
     Medidas m_medidas;
     std::array<std::optional<Value>, kAll> m_values;
 };
-
-/// Of a user's table also when more stands between: "w_hp_obra_usuario".
-std::optional<std::size_t> familyOf(const zp::tables::TableName& name) {
-    std::optional<std::size_t> found;
-    std::size_t longest = 0;
-    for (std::size_t i = 0; i < families().size(); ++i) {
-        const std::wstring table = families()[i].table;
-        const bool more = name.own && name.stem.starts_with(table + L"_");
-        if ((name.stem != table && !more) || table.size() < longest) continue;
-        found = i;
-        longest = table.size();
-    }
-    return found;
-}
 
 }  // namespace
 

@@ -85,11 +85,6 @@ std::vector<std::wstring> knownNames() {
     return words;
 }
 
-constexpr double kInch = 25.4;
-double inMm(const SizeNumber& n) {
-    return n.unit == SizeNumber::Unit::kMm ? n.value : n.value * kInch;
-}
-
 /// A designation's parts.
 struct Parts {
     std::wstring word;

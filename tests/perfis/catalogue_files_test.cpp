@@ -189,6 +189,12 @@ TEST_F(PlantedFaults, AreToldWithTheirLine) {
         // Torsion of 2 x 100 x 10^3 / 3 + 184 x 6.3^3 / 3 mm4.
         {"Tabelas/soldado_cs.csv", "designacao;h;b;tw;tf;It\nCS x;200;100;6.3;10;9.2\n",
          L"soldado_cs.csv, linha 2 (CS x): It ", L"9,2 cm4, o contorno dá 8,2"},
+        // Plastic modulus of 100 x 10 x 190 + 6.3 x 180^2 / 4 mm3.
+        {"Tabelas/soldado_cs.csv", "designacao;h;b;tw;tf;Zx\nCS 200x1;200;100;6.3;10;226\n",
+         L"soldado_cs.csv, linha 2 (CS 200x1): Zx ", L"226 cm3, o contorno dá 241"},
+        {"Tabelas/u_dobrado.csv",
+         "designacao;h;b;t\nU 50x25x2;50;25;2\nU 100x50x3;100;50;2\nU 100x50x3;100;50;3\n",
+         L"u_dobrado.csv, linha 3 (U 100x50x3): ", L"O 3 da designação não é medida nem massa"},
         {"Tabelas/w_hp.csv", kW + kW46 + kW89 + kW46, L"w_hp.csv, linha 4 (W 200 x 46,1): ",
          L"já está na tabela"},
         {"Tabelas/w_hp.csv", kW + "W x;203;203;250;11\n" + kW46 + kW89,

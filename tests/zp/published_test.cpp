@@ -168,8 +168,8 @@ TEST(Published, ASizeIsMeantWithinAHundredth) {
           "designacao;h;b;t;kg_m;A;r\nL 2\" x 1/4\";50.8;50.8;6.35;4.74;6.06;\nL 3\" x "
           "2\";76.2;50.8;6.35;6.1;9;5\n"
           "sem t;50;50;;3\nzero;50;50;0;3\n;40;40;4;2\nleve;30;30;3;0\nL dois;50.8;50.8;6.35;5\n"
-          // Beyond 5000 kg/m, the square of 40 mm, half of the smaller side.
-          "L;40;30;3;5001\nL;40;30;3;2;16,1\nL;40;30;3;2;1;15,1\nL grossa;40;30;3;5000;16;15\n");
+          // Beyond the square of 40 mm and 3 % in kg/m, that square, half of the smaller side.
+          "L;40;30;3;12,95\nL;40;30;3;2;16,1\nL;40;30;3;2;1;15,1\nL grossa;40;30;3;12,93;16;15\n");
     write("l_obra_usuario.csv", "designacao;h;b;t;kg_m\nL da obra;60;60;5;4,6\n");
     write("w_hp_usuario.csv", "designacao;h;b;tw;kg_m\nW;1;1;1;1\n");
     write("nada_usuario.csv", "designacao;h\n");
@@ -200,7 +200,7 @@ TEST(Published, ASizeIsMeantWithinAHundredth) {
             L"l.csv, linha 6: designacao deve ter de 1 a 60 caracteres",
             L"l.csv, linha 7: kg_m deve ser maior que zero, ou vazio",
             L"l.csv, linha 8: a medida já está na linha 2, que vale; tire uma delas",
-            L"l.csv, linha 9: kg_m passa de 5000, mais do que cabe nesta medida; corrija ou "
+            L"l.csv, linha 9: kg_m passa de 12,94, mais do que cabe nesta medida; corrija ou "
             L"deixe vazio",
             L"l.csv, linha 10: A passa de 16, mais do que cabe nesta medida; corrija ou deixe "
             L"vazio",

@@ -28,8 +28,8 @@ constexpr std::wstring_view kOwn = L"_usuario";
 constexpr double kSteel = 7850e-6;
 /// An area that weighs by more above its row's mass is a misprint: it would be drawn as fillets.
 constexpr double kMostAbove = 0.01;
-/// kg/m; no rolled or bent shape weighs half of it.
-constexpr double kMostPeso = 5000.0;
+/// By so much a nominal mass is above that of the size.
+constexpr double kNominal = 0.03;
 
 struct Kind {
     const wchar_t* file;
@@ -125,7 +125,8 @@ std::optional<Published> publishedIn(TableFile& table, const Row& row,
     // No shape fills the square of its largest number; a larger fillet would leave no flat.
     const double square = 0.01 * std::pow(*std::ranges::max_element(v), 2);
     const double fillet = 0.5 * (hasWidth ? std::min(v[0], v[1]) : v[0]);
-    const auto kg = printed(table, row, L"kg_m", Least::AboveZero, kMostPeso);
+    const double solid = 100.0 * kSteel * square * (1.0 + kNominal);
+    const auto kg = printed(table, row, L"kg_m", Least::AboveZero, solid);
     const auto area = printed(table, row, L"A", Least::AboveZero, square);
     const auto root = printed(table, row, L"r", Least::Zero, fillet);
     const auto toe = printed(table, row, L"r_ponta", Least::Zero, fillet);
@@ -138,14 +139,12 @@ std::optional<Published> publishedIn(TableFile& table, const Row& row,
     return p;
 }
 
-/// The family of a table; of a user's one also when more follows: "w_hp_obra".
 std::optional<Family> familyOf(const TableName& table) {
     std::optional<Family> best;
     std::size_t longest = 0;
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
         const std::wstring_view file = kKinds[i].file;
-        const bool more = table.own && table.stem.starts_with(std::wstring(file) + L"_");
-        if ((table.stem != file && !more) || file.size() < longest) continue;
+        if (!table.isOf(file) || file.size() < longest) continue;
         best = static_cast<Family>(i);
         longest = file.size();
     }
@@ -153,6 +152,10 @@ std::optional<Family> familyOf(const TableName& table) {
 }
 
 }  // namespace
+
+bool TableName::isOf(std::wstring_view table) const {
+    return stem == table || (own && stem.starts_with(std::wstring(table) + L'_'));
+}
 
 std::vector<TableName> tablesIn(const fs::path& folder) {
     std::vector<TableName> found;

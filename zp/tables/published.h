@@ -100,6 +100,10 @@ struct TableName {
     std::filesystem::path path;
     std::wstring stem;
     bool own = false;
+
+    /// Of a user's one also when more follows: "w_hp_obra" is of "w_hp". Of several tables that fit
+    /// the one with the longest name is meant.
+    bool isOf(std::wstring_view table) const;
 };
 /// The users' own first, each kind in the order of the names, so that machines agree: of two rows
 /// of a size the first one read counts.
