@@ -3,10 +3,51 @@
 #include "perfis/commands/listed_sizes.h"
 
 #include <algorithm>
+#include <set>
 
+#include "perfis/commands/catalogue_families.h"
 #include "perfis/commands/command_table.h"
+#include "perfis/dialogs/installation.h"
+#include "texts/number.h"
 
 namespace perfis {
+namespace {
+
+ListRow rowOf(const PerfilDescription& description, const Medidas& medidas,
+              const zp::tables::Published& published) {
+    ListRow row{published.name, {}};
+    for (const MedidaTile& tile : description.tiles)
+        if (tile.rowUse == RowUse::kFills)
+            row.fields.push_back(texts::withPoint(medidas.*tile.value, 4));
+    row.fields.push_back(texts::withPoint(std::max(published.kgMetro, 0.0), 4));
+    return row;
+}
+
+/// What cannot be used of a table is told by CATALOGOS.
+void addOwnSizes(const Family& family, const std::filesystem::path& path,
+                 std::vector<ListedSize>& sizes) {
+    const PerfilDescription& description = family.command->description;
+    zp::tables::TableFile table = zp::tables::TableFile::read(path);
+    std::vector<const wchar_t*> columns;
+    for (const SizeColumn& size : family.sizes) columns.push_back(size.name);
+    if (!table.columns(columns)) return;
+    std::set<SizeKey> listed;
+    for (const ListedSize& size : sizes)
+        if (size.source == family.source)
+            listed.insert(sizeKeyOf(family, family.sizes, medidasOf(description, size.text)));
+    for (const zp::tables::Row& line : table.rows()) {
+        const auto sized = zp::tables::sizedRow(table, line, columns);
+        if (!sized) continue;
+        Medidas medidas;
+        for (std::size_t i = 0; i < family.sizes.size(); ++i)
+            medidas.*family.sizes[i].medida = sized->v[i];
+        if (listed.insert(sizeKeyOf(family, family.sizes, medidas)).second)
+            sizes.push_back({family.source, ListedSize::kInNoList,
+                             rowOf(description, medidas, sized->published)});
+    }
+}
+
+}  // namespace
 
 std::vector<ListedSize> listedSizes(const PerfilCommand& command) {
     std::vector<ListedSize> sizes;
@@ -17,6 +58,14 @@ std::vector<ListedSize> listedSizes(const PerfilCommand& command) {
             ListRow& text = rows[static_cast<std::size_t>(row)];
             if (!text.empty()) sizes.push_back({source, row, std::move(text)});
         }
+    }
+    // The welded series are drawn from their lists alone.
+    if (&command == &pisoldado) return sizes;
+    const std::wstring folder = installationFolder().value_or(L"");
+    for (const auto& table : zp::tables::tablesIn(zp::tables::tablesFolder(folder))) {
+        const std::optional<std::size_t> family = table.own ? familyOf(table) : std::nullopt;
+        if (family && families()[*family].command == &command)
+            addOwnSizes(families()[*family], table.path, sizes);
     }
     return sizes;
 }

@@ -32,9 +32,9 @@ void PerfilRun::execute() {
     (void)runDialog();
 }
 
-void PerfilRun::executeAt(int source, int row) {
-    m_state.source = source;
-    m_firstRow = row;
+void PerfilRun::executeAt(const ListedSize& size) {
+    m_state.source = size.source;
+    m_first = &size;
     execute();
 }
 
@@ -92,12 +92,20 @@ void PerfilRun::open(ads_hdlg dialog) {
     showList(dialog);
     showInsertionNames(dialog);
     setTile(dialog, L"ins_list", m_state.insertion);
-    if (m_firstRow) {
-        const int row = *std::exchange(m_firstRow, {});
-        markRow(dialog, row);
-        pickRow(dialog, row);
-    }
+    if (m_first != nullptr) takeFirst(dialog, *std::exchange(m_first, nullptr));
     followTyped(dialog);
+}
+
+void PerfilRun::takeFirst(ads_hdlg dialog, const ListedSize& size) {
+    const bool listed = size.row != ListedSize::kInNoList;
+    markRow(dialog, listed ? size.row : kNoRow);
+    if (listed) return pickRow(dialog, size.row);
+    m_state.rowPicked = false;
+    std::size_t column = 0;
+    for (const MedidaTile& tile : m_description.tiles)
+        if (tile.rowUse == RowUse::kFills) setTile(dialog, tile.key, size.text.fields[column++]);
+    refresh(dialog);
+    showPreview(dialog);
 }
 
 void PerfilRun::closed(int status) {

@@ -34,8 +34,9 @@ public:
 
     /// The whole command, from the installation folder to the catalogue's way back to its file.
     void execute();
-    /// The same, with a row of a list taken as if the user had picked it.
-    void executeAt(int source, int row);
+    /// The same, with a row of a list taken as if the user had picked it; what is in no list, as
+    /// if the user had typed it.
+    void executeAt(const ListedSize& size);
     /// Takes what the dialogs would be filled in with; why they would not be left with OK, nothing
     /// when what follows may be called.
     std::optional<Fault> accept(const PecaOrder& order);
@@ -94,6 +95,8 @@ protected:
     /// Values of the dimension tiles at an opening: as they were left.
     virtual void showMedidas(ads_hdlg dialog);
     /// The user picked this row of "lista", counted from 0.
+    /// The size that the command was asked for.
+    virtual void takeFirst(ads_hdlg dialog, const ListedSize& size);
     virtual void pickRow(ads_hdlg dialog, int index);
     /// Selects a row of the whole list in "lista"; none for one that is not shown.
     void markRow(ads_hdlg dialog, int row);
@@ -188,9 +191,9 @@ private:
     bool m_hidden = false;     ///< the search hides the row that the buttons would work on
     bool m_removable = false;  ///< without regard to the search
     std::wstring m_warning;
-    int m_marked = kNoRow;          ///< row selected in "lista", of the whole list
-    int m_typedRow = kNoRow;        ///< row of the size that is typed
-    std::optional<int> m_firstRow;  ///< to be taken at the first opening
+    int m_marked = kNoRow;                ///< row selected in "lista", of the whole list
+    int m_typedRow = kNoRow;              ///< row of the size that is typed
+    const ListedSize* m_first = nullptr;  ///< to be taken at the first opening
     /// Sizes of all lists of a command that has several; read when first asked for.
     std::optional<std::vector<ListedSize>> m_allSizes;
     static constexpr int kNoRow = -1;

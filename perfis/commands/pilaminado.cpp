@@ -6,6 +6,7 @@
 #include "perfis/commands/common_secoes.h"
 #include "perfis/commands/handlers.h"
 #include "perfis/commands/i_secoes.h"
+#include "perfis/commands/listed_sizes.h"
 #include "perfis/commands/perfil_run.h"
 #include "perfis/dialogs/installation.h"
 #include "perfis/dialogs/tiles.h"
@@ -95,6 +96,10 @@ protected:
     void pickRow(ads_hdlg dialog, int index) override;
     bool loadsOnce() const override { return true; }
     void takePeca(const PecaValues& peca) override;
+    void takeFirst(ads_hdlg dialog, const ListedSize& size) override {
+        selected() = size.row;
+        PerfilRun::takeFirst(dialog, size);
+    }
     bool listsFit(std::wstring_view folder) const override;
 
 private:
@@ -116,8 +121,7 @@ private:
 
     /// The row is found once the list is there.
     static constexpr int kLikePeca = -2;
-    /// A size that is in no list.
-    static constexpr int kNoRow = -1;
+    static constexpr int kNoRow = ListedSize::kInNoList;
     std::array<int, kRolledSourceCount> m_selected{};
     ZpStringList m_sizes;  ///< of the source in force, as they are shown
     ZpStringList m_data;   ///< their numbers

@@ -36,7 +36,7 @@ public:
     std::optional<std::size_t> ask() const;
     void draw(std::size_t index) const {
         const auto& [row, size] = m_sizes[index];
-        newRun(row->command)->executeAt(size.source, size.row);
+        newRun(row->command)->executeAt(size);
     }
 
 private:
