@@ -278,4 +278,60 @@ TEST_F(Cortes, APieceIsCutByAnEdge) {
     EXPECT_EQ(std::pair(axis(), longest(id)), before);
 }
 
+// The member from the right at y = 0, two pieces of it, each with its view from above 525 below.
+TEST_F(Cortes, FurtherViewsShowWhatTheMemberBecame) {
+    type({L"PECA U 200x75x3 L=6000 n=1 marca=V1 vista=3 lista", L"0,0", L"0", L"VISTAS", L"20,0",
+          L"sUperior", L"400", L"", L"_copy", L"20,0", L"20,-525", L"", L"0,0", L"0,-5000", L""});
+    std::vector<AcDbObjectId> bars;
+    for (const AcDbObjectId& id : entities())
+        if (id.objectClass()->isDerivedFrom(ZpObject::desc())) bars.push_back(id);
+    ASSERT_EQ(bars.size(), 4u);
+    const auto axes = [&] {
+        std::vector<std::pair<double, double>> all;
+        for (const AcDbObjectId& id : bars) {
+            AcGePoint3d start;
+            (void)Read<ZpObject>(id)->StartPoint(start);
+            all.emplace_back(start.x, longest(id));
+        }
+        return all;
+    };
+    const std::pair<double, double> whole{0.0, 6000.0};
+    const AcDbObjectId line =
+        put(new AcDbLine(AcGePoint3d(1000, -200, 0), AcGePoint3d(1000, 200, 0)));
+    // Whichever of the two is changed, the other one becomes the same; the copy is not asked.
+    struct Case {
+        std::size_t changed;
+        std::pair<double, double> becomes;
+    };
+    for (const Case& c : {Case{0, {1000, 5000}}, Case{1, {-500, 6500}}}) {
+        SCOPED_TRACE(c.changed);
+        ui.printed.clear();
+        if (c.changed == 0)
+            cut({{100, 0, bars[0]}, {1000, 100, line}}, {L"0"});
+        else
+            EXPECT_EQ(setEnds(*editor, bars[1], -500, 6000), L"");
+        EXPECT_EQ(axes(), (std::vector{c.becomes, c.becomes, whole, whole}));
+        EXPECT_TRUE(said(L"V1: 1 vista acompanha a mudança."))
+            << testing::PrintToString(ui.printed);
+        EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[1])), L"V2");
+        EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[3])), L"V1");
+        type({L"_u"});
+        EXPECT_EQ(axes(), std::vector(4, whole));
+    }
+    // What is locked stays, in its row, and is told; the piece that counts says what the row is.
+    type({L"_erase"});
+    pick(0, -5000, {bars[2], bars[3]});
+    type({L"", L"_layer", L"_n", L"trava", L"_lock", L"trava", L""});
+    {
+        const AcDbObjectPointer<ZpObject> view(bars[1], AcDb::kForWrite);
+        EXPECT_EQ(view->setLayer(L"trava"), Acad::eOk);
+    }
+    cut({{100, 0, bars[0]}, {1000, 100, line}}, {L"0"});
+    EXPECT_TRUE(said(L"V1: 1 vista não acompanha a mudança, em camada bloqueada"));
+    EXPECT_EQ(longest(bars[0]), 5000);
+    EXPECT_EQ(longest(bars[1]), 6000);
+    for (const std::size_t i : {0u, 1u})
+        EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[i])), L"V1");
+}
+
 }  // namespace

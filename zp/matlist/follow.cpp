@@ -16,6 +16,7 @@
 #include "texts/number.h"
 #include "zp/matlist/book.h"
 #include "zp/matlist/columns.h"
+#include "zp/matlist/shared_edits.h"
 #include "zp/matlist/table.h"
 #include "zp/matlist/zpmarca.h"
 #include "zp/objects/member.h"
@@ -72,6 +73,7 @@ public:
 private:
     void adoptStrangers();
     void partRows();
+    AcDbObjectId referenceOf(const Ids& pecas) const;
     void part(AcDbObjectId peca, AcDbObjectId from);
     AcDbObjectId equalRow(const ZpObject& peca, AcDbObjectId from);
     void goneWithTheirPecas();
@@ -152,6 +154,14 @@ void Followed::adoptStrangers() {
     }
 }
 
+AcDbObjectId Followed::referenceOf(const Ids& pecas) const {
+    const auto rank = [&](AcDbObjectId id) {
+        return (countOf(id) == 0 ? 4 : 0) + (chapaInSecao(id) ? 2 : 0) +
+               (m_pecas.contains(id) ? 1 : 0);
+    };
+    return *std::ranges::min_element(pecas, {}, rank);
+}
+
 /// A row stands for one member: pieces that became another one leave it.
 void Followed::partRows() {
     std::map<AcDbObjectId, std::vector<AcDbObjectId>, Older> byRow;
@@ -161,10 +171,9 @@ void Followed::partRows() {
     for (const auto& [row, changed] : byRow) {
         const Ids& all = m_book.row(row)->pecas;
         if (all.size() < 2) continue;
-        // One that was not touched says what the row is, else the oldest.
-        const auto clean = std::ranges::find_if(
-            all, [&](AcDbObjectId id) { return !m_pecas.contains(id) && !chapaInSecao(id); });
-        const AcDbObjectId reference = clean != all.end() ? *clean : *all.begin();
+        // What counts and was not touched says what the row is, else the oldest that counts: views
+        // on a locked layer may still show what was.
+        const AcDbObjectId reference = referenceOf(all);
         const AcDbObjectPointer<ZpObject> model(reference, AcDb::kForRead);
         if (model.object() == nullptr) continue;
         for (const AcDbObjectId& id : changed) {
@@ -393,48 +402,8 @@ private:
     int m_commands = 0;
 };
 
-/// Asks whether an edit is meant for all drawings of a member or for one that leaves them.
-class Asker : public edit::Listener {
-public:
-    void edited(AcDbObjectId, const edit::Former&) override {}
-    std::optional<std::vector<AcDbObjectId>> alike(const ZpObject& peca,
-                                                   const ZpObject& model) override {
-        const AcDbObjectId record = recordOf(peca.objectId());
-        // What a command makes knows nothing of the job.
-        const bool known = Access::of(model).member != nullptr;
-        const bool otherGrade = known && !member::of(model).grade.empty() &&
-                                member::of(model).grade != member::of(peca).grade;
-        const bool otherLacing = known && !Access::of(peca).inSecao() &&
-                                 !(member::of(model).lacing == member::of(peca).lacing);
-        if (record.isNull() || (member::sameSizes(peca, model) && !otherGrade && !otherLacing))
-            return std::vector<AcDbObjectId>();
-        const Ids& all = Book::of(*record.database()).row(record)->pecas;
-        std::vector<AcDbObjectId> others;
-        std::ranges::copy_if(all, std::back_inserter(others),
-                             [&](AcDbObjectId id) { return id != peca.objectId(); });
-        if (others.empty()) return others;
-        const std::wstring question =
-            L"\n" + marcaOf(record) + L" tem mais " + std::to_wstring(others.size()) +
-            (others.size() == 1 ? L" peça" : L" peças") + L". Mudar [Todas/Só esta] <Todas>: ";
-        for (;;) {
-            // The second word has a blank, so the answer is read as it was typed.
-            acedInitGet(RSG_OTHER, L"Todas _All");
-            ACHAR answer[133] = L"";
-            const int status = acedGetKword(question.c_str(), answer);
-            if (status == RTNONE) return others;
-            if (status != RTNORM) return {};
-            const std::wstring word = texts::lower(texts::trimmed(answer));
-            if (word == L"all" || word == L"todas") return others;
-            for (const std::wstring_view whole : {L"só esta", L"so esta", L"_this"})
-                if (whole.starts_with(word)) return std::vector<AcDbObjectId>();
-            protocol::refuse(L"Responda Todas ou Só esta.");
-        }
-    }
-};
-
 // The host calls reactors by pointer, without a context of the module's own.
 std::unique_ptr<Keeper> g_keeper;
-Asker g_asker;  // kept by pointer in the entity library
 
 }  // namespace
 
@@ -445,14 +414,14 @@ void startFollowing() {
     Book::setListener([](AcDbDatabase& drawing) {
         if (!g_keeper->inCommand()) follow(drawing);
     });
-    edit::addListener(&g_asker);
+    startSharing();
     member::setMarcaReader(marcaOf);
 }
 
 void stopFollowing() {
     Book::setListener(nullptr);
     g_keeper.reset();
-    edit::removeListener(&g_asker);
+    stopSharing();
     member::setMarcaReader(nullptr);
     Book::forgetAll();
     erasedMarcas().clear();

@@ -148,7 +148,10 @@ std::unique_ptr<ZpObject> copyOf(const ZpObject& peca) {
     return copy;
 }
 
-Former formerOf(const ZpObject& peca) { return {valuesOf(peca), Access::of(peca).comprimento}; }
+Former formerOf(const ZpObject& peca) {
+    const Peca& p = Access::of(peca);
+    return {valuesOf(peca), p.comprimento, p.start, p.angle};
+}
 
 secao::Kind kindOf(const ZpObject& peca) { return Access::of(peca).kind; }
 
@@ -328,6 +331,11 @@ void notify(AcDbObjectId peca, const Former& before) {
     // A listener may take itself away.
     const std::vector<Listener*> all = listeners();
     for (Listener* listener : all) listener->edited(peca, before);
+}
+
+void notifyEndsMoved(const std::vector<Change>& changes) {
+    const std::vector<Listener*> all = listeners();
+    for (Listener* listener : all) listener->endsMoved(changes);
 }
 
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model) {

@@ -62,10 +62,12 @@ Faces facesOf(const ZpObject& peca);
 /// Box of its picture in another piece's frame, mm.
 secao::Bounds boxIn(const Frame& frame, const ZpObject& peca);
 
-/// Values and length of the axis of a piece before it was changed.
+/// Values, length of the axis and place of a piece before it was changed.
 struct Former {
     secao::RoleValues values;
     double comprimento = 0.0;
+    AcGePoint3d start;
+    double angle = 0.0;
 };
 Former formerOf(const ZpObject& peca);
 
@@ -124,11 +126,21 @@ private:
     std::vector<Former> m_chapasBefore;
 };
 
+/// A piece that was changed, and what it was.
+struct Change {
+    AcDbObjectId peca;
+    Former before;
+};
+
 /// Hears of pieces whose values were changed, plates included. `before` is what the piece was.
 class Listener {
 public:
     virtual ~Listener() = default;
     virtual void edited(AcDbObjectId peca, const Former& before) = 0;
+    /// One command moved ends of these pieces in their drawing, without a question whom that is
+    /// meant for. Comes after edited() of each; ends that the listener moves itself are told in
+    /// another call.
+    virtual void endsMoved(const std::vector<Change>& changes) { (void)changes; }
     /// Why `peca`, open for read, may not become `model`, for the user; empty when it may.
     virtual std::wstring refusal(const ZpObject& peca, const ZpObject& model) {
         (void)peca, (void)model;
@@ -144,6 +156,7 @@ public:
 };
 /// Tells all of them.
 void notify(AcDbObjectId peca, const Former& before);
+void notifyEndsMoved(const std::vector<Change>& changes);
 /// What the listeners together say.
 std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpObject& model);
 /// Why `peca`, open for read, may not become `model`: its ends, or what the first listener that

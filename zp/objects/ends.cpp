@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <memory>
+#include <utility>
 
 #include "acutads.h"
 #include "zp/objects/watch.h"
@@ -13,6 +14,14 @@ namespace {
 
 /// A shorter piece is none, mm.
 constexpr double kShortest = 1e-6;
+
+/// How far the start went along the axis, mm; where only it went, by what the piece became shorter.
+double startMoved(const Peca& now, const edit::Former& before) {
+    const AcGeVector3d x = direction(before.angle);
+    if (now.end().distanceTo(before.start + x * before.comprimento) <= kShortest)
+        return before.comprimento - now.comprimento;
+    return (now.start - before.start).dotProduct(x);
+}
 
 }  // namespace
 
@@ -63,8 +72,29 @@ void move(ZpObject& peca, const Ends& fresh) {
     peca.recordGraphicsModified();
 }
 
+bool alike(const Peca& a, const Peca& b) {
+    return std::abs(a.comprimento - b.comprimento) <= kShortest && a.cortes == b.cortes;
+}
+
+std::wstring showLike(ZpObject& view, const Peca& peca, const edit::Former& before) {
+    const Peca& p = Access::of(view);
+    if (p.inSecao()) {
+        view.assertWriteEnabled();
+        watch::movesEnd(view.objectId(), edit::formerOf(view));
+        Access::of(view).setComprimento(peca.comprimento);
+        Access::of(view).cortes = peca.cortes;
+        return {};
+    }
+    const double from = startMoved(peca, before);
+    Ends fresh = between(p, from, from + peca.comprimento);
+    fresh.cortes = peca.cortes;
+    std::wstring reason = refusal(view, fresh);
+    if (reason.empty()) move(view, fresh);
+    return reason;
+}
+
 void Moved::note(AcDbObjectId peca, const edit::Former& before) {
-    if (m_noted.insert(peca.asOldId()).second) m_pecas.emplace_back(peca, before);
+    if (m_noted.insert(peca.asOldId()).second) m_changes.push_back({peca, before});
 }
 
 void Moved::refuse(const std::wstring& reason) {
@@ -73,8 +103,10 @@ void Moved::refuse(const std::wstring& reason) {
 
 void Moved::notify() {
     m_noted.clear();
-    for (const auto& [id, before] : std::exchange(m_pecas, {}))
-        if (!id.isErased()) edit::notify(id, before);
+    std::vector<edit::Change> changes = std::exchange(m_changes, {});
+    std::erase_if(changes, [](const edit::Change& c) { return c.peca.isErased(); });
+    for (const edit::Change& c : changes) edit::notify(c.peca, c.before);
+    edit::notifyEndsMoved(changes);
 }
 
 void Moved::say() {

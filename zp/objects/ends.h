@@ -5,7 +5,6 @@
 
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "zp/objects/edit.h"
@@ -33,6 +32,14 @@ std::wstring refusal(const ZpObject& peca, const Ends& fresh);
 /// those that listen to edits, follow at the end of the command.
 void move(ZpObject& peca, const Ends& fresh);
 
+/// True where both have axes of one length, cut alike.
+bool alike(const Peca& a, const Peca& b);
+/// Another view of a piece, resident and open for write, becomes as long as that one is by now and
+/// gets its cuts; in its view it starts as far along its axis from where it did as the piece does,
+/// which `before` was. A section stays where it stands. Why it may not, for the user, and no
+/// change; empty when it has.
+std::wstring showLike(ZpObject& view, const Peca& peca, const edit::Former& before);
+
 /// What one command did to ends in one drawing.
 class Moved {
 public:
@@ -44,10 +51,10 @@ public:
     void notify();
     /// Tells the user why ends stayed, each reason once, and forgets.
     void say();
-    bool empty() const { return m_pecas.empty(); }
+    bool empty() const { return m_changes.empty(); }
 
 private:
-    std::vector<std::pair<AcDbObjectId, edit::Former>> m_pecas;
+    std::vector<edit::Change> m_changes;
     std::set<Adesk::LongPtr> m_noted;
     std::set<std::wstring> m_reasons;
 };

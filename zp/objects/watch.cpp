@@ -174,9 +174,11 @@ void Drawing::objectErased(const AcDbDatabase*, const AcDbObject* o, Adesk::Bool
 
 void Drawing::settle(bool explodes) {
     apply(explodes);
-    if (m_applying || m_moved.empty()) return;
-    m_moved.notify();
-    apply(false);
+    // What listens may move other ends.
+    while (!m_applying && !m_moved.empty()) {
+        m_moved.notify();
+        apply(false);
+    }
 }
 
 void Drawing::apply(bool explodes) {

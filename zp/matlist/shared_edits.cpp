@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+// Edits of listed pieces: asking whom they are meant for, further views along with their member.
+#include "zp/matlist/shared_edits.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "acedads.h"
+#include "acutads.h"
+#include "protocol/answers.h"
+#include "texts/letters.h"
+#include "zp/matlist/book.h"
+#include "zp/matlist/follow.h"
+#include "zp/objects/ends.h"
+#include "zp/objects/member.h"
+
+namespace zp::matlist {
+namespace {
+
+using ReadPeca = AcDbObjectPointer<ZpObject>;
+
+/// A drawn bar of a row, with its axis.
+struct Drawn {
+    AcDbObjectId id;
+    AcGePoint3d start;
+    AcGePoint3d end;
+};
+
+double distanceTo(const Drawn& peca, const AcGePoint3d& point) {
+    const AcGeVector3d axis = peca.end - peca.start;
+    const double length2 = axis.dotProduct(axis);
+    const double t =
+        length2 > 0.0 ? std::clamp((point - peca.start).dotProduct(axis) / length2, 0.0, 1.0) : 0.0;
+    return point.distanceTo(peca.start + axis * t);
+}
+
+/// One row of which a command moved ends: each further view with the piece that it shows.
+class ViewsAlong {
+public:
+    ViewsAlong(AcDbObjectId row, const std::vector<edit::Change>& changes)
+        : m_row(row), m_changes(changes) {}
+    void run() {
+        std::vector<Drawn> views;
+        for (const AcDbObjectId& id : Book::of(*m_row.database()).row(m_row)->pecas) {
+            if (isChapa(id)) continue;
+            const ReadPeca peca(id, AcDb::kForRead);
+            if (peca.object() == nullptr) continue;
+            const Peca& p = Access::of(*peca.object());
+            const bool counts = member::of(*peca.object()).count > 0;
+            (counts ? m_counted : views).push_back({id, p.start, p.end()});
+        }
+        std::map<AcDbObjectId, std::vector<AcDbObjectId>, Older> shown;
+        for (const Drawn& view : views) shown[pieceOf(view)].push_back(view.id);
+        for (const auto& [peca, its] : shown) follow(peca, its);
+        say();
+    }
+
+private:
+    /// Null where no piece of the row counts.
+    AcDbObjectId pieceOf(const Drawn& view) const {
+        const AcGePoint3d middle = view.start + (view.end - view.start) * 0.5;
+        const auto distance = [&](const Drawn& peca) { return distanceTo(peca, middle); };
+        const auto nearest = std::ranges::min_element(m_counted, {}, distance);
+        return nearest != m_counted.end() ? nearest->id : AcDbObjectId();
+    }
+    const edit::Change* changeOf(AcDbObjectId id) const {
+        const auto found = std::ranges::find(m_changes, id, &edit::Change::peca);
+        return found != m_changes.end() ? &*found : nullptr;
+    }
+    /// The piece's own change goes before that of a view of it.
+    void follow(AcDbObjectId peca, std::vector<AcDbObjectId> drawn) {
+        if (!peca.isNull()) drawn.insert(drawn.begin(), peca);
+        const auto leader =
+            std::ranges::find_if(drawn, [&](AcDbObjectId id) { return changeOf(id) != nullptr; });
+        if (leader == drawn.end()) return;
+        for (const AcDbObjectId& id : drawn)
+            if (id != *leader) showLike(id, *changeOf(*leader));
+    }
+    void showLike(AcDbObjectId id, const edit::Change& change) {
+        const ReadPeca leader(change.peca, AcDb::kForRead);
+        if (leader.object() == nullptr) return;
+        const Peca& now = Access::of(*leader.object());
+        const ReadPeca view(id, AcDb::kForRead);
+        if (view.object() == nullptr || ends::alike(Access::of(*view.object()), now)) return;
+        if (edit::onLockedLayer(*view.object())) {
+            ++m_locked;
+            return;
+        }
+        const std::wstring reason = view->upgradeOpen() == Acad::eOk
+                                        ? ends::showLike(*view.object(), now, change.before)
+                                        : L"ela não pode ser alterada agora.";
+        if (reason.empty())
+            ++m_followed;
+        else
+            acutPrintf(L"\n%ls: uma vista não acompanha: %ls\n", marcaOf(m_row).c_str(),
+                       reason.c_str());
+    }
+    void say() const {
+        const auto views = [](int n) {
+            return std::to_wstring(n) + (n == 1 ? L" vista" : L" vistas");
+        };
+        const std::wstring marca = marcaOf(m_row);
+        if (m_followed > 0)
+            acutPrintf(L"\n%ls: %ls %ls a mudança.\n", marca.c_str(), views(m_followed).c_str(),
+                       m_followed == 1 ? L"acompanha" : L"acompanham");
+        if (m_locked > 0)
+            acutPrintf(
+                L"\n%ls: %ls não %ls a mudança, em camada bloqueada; desbloqueie a camada e "
+                L"use EDITAPERFIL.\n",
+                marca.c_str(), views(m_locked).c_str(),
+                m_locked == 1 ? L"acompanha" : L"acompanham");
+    }
+
+    AcDbObjectId m_row;
+    const std::vector<edit::Change>& m_changes;
+    std::vector<Drawn> m_counted;
+    int m_followed = 0;
+    int m_locked = 0;
+};
+
+/// Asks whether an edit is meant for all drawings of a member or for one that leaves them; takes
+/// views along where nobody is asked.
+class Sharing : public edit::Listener {
+public:
+    void edited(AcDbObjectId, const edit::Former&) override {}
+    void endsMoved(const std::vector<edit::Change>& changes) override {
+        std::map<AcDbObjectId, std::vector<edit::Change>, Older> byRow;
+        for (const edit::Change& change : changes)
+            if (const AcDbObjectId row = recordOf(change.peca); !row.isNull())
+                byRow[row].push_back(change);
+        for (const auto& [row, its] : byRow) ViewsAlong(row, its).run();
+    }
+    std::optional<std::vector<AcDbObjectId>> alike(const ZpObject& peca,
+                                                   const ZpObject& model) override {
+        const AcDbObjectId record = recordOf(peca.objectId());
+        // What a command makes knows nothing of the job.
+        const bool known = Access::of(model).member != nullptr;
+        const bool otherGrade = known && !member::of(model).grade.empty() &&
+                                member::of(model).grade != member::of(peca).grade;
+        const bool otherLacing = known && !Access::of(peca).inSecao() &&
+                                 !(member::of(model).lacing == member::of(peca).lacing);
+        if (record.isNull() || (member::sameSizes(peca, model) && !otherGrade && !otherLacing))
+            return std::vector<AcDbObjectId>();
+        const Ids& all = Book::of(*record.database()).row(record)->pecas;
+        std::vector<AcDbObjectId> others;
+        std::ranges::copy_if(all, std::back_inserter(others),
+                             [&](AcDbObjectId id) { return id != peca.objectId(); });
+        if (others.empty()) return others;
+        const std::wstring question =
+            L"\n" + marcaOf(record) + L" tem mais " + std::to_wstring(others.size()) +
+            (others.size() == 1 ? L" peça" : L" peças") + L". Mudar [Todas/Só esta] <Todas>: ";
+        for (;;) {
+            // The second word has a blank, so the answer is read as it was typed.
+            acedInitGet(RSG_OTHER, L"Todas _All");
+            ACHAR answer[133] = L"";
+            const int status = acedGetKword(question.c_str(), answer);
+            if (status == RTNONE) return others;
+            if (status != RTNORM) return {};
+            const std::wstring word = texts::lower(texts::trimmed(answer));
+            if (word == L"all" || word == L"todas") return others;
+            for (const std::wstring_view whole : {L"só esta", L"so esta", L"_this"})
+                if (whole.starts_with(word)) return std::vector<AcDbObjectId>();
+            protocol::refuse(L"Responda Todas ou Só esta.");
+        }
+    }
+};
+
+Sharing g_sharing;  // kept by pointer in the entity library
+
+}  // namespace
+
+void startSharing() { edit::addListener(&g_sharing); }
+
+void stopSharing() { edit::removeListener(&g_sharing); }
+
+}  // namespace zp::matlist
