@@ -12,6 +12,7 @@
 #include "perfis/output/open_peca.h"
 #include "perfis/output/shared_cota.h"
 #include "zp/matlist/follow.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/member.h"
 
@@ -157,7 +158,10 @@ PecaCotas layOutCotas(const PerfilDescription& description, const RunState& stat
     if (state.vistas.secaoOnly) {
         description.cotaSecao(cotas, state.medidas);
     } else if (state.vistas.vista >= 1 && state.vistas.vista <= 4) {
-        cotas.largura();
+        // What is bought: with oblique ends no edge of the picture's box is as long.
+        const auto fibre = zp::cortes::longestFibre(zp::Access::of(peca), faces[1].y - origin.y);
+        cotas.add(cotas.at(fibre.from, fibre.w), cotas.at(fibre.to, fibre.w),
+                  faces[1] + cotas.off(0.0, -kNearLine));
         cotas.altura();
         const AcGePoint3d chapa(origin.x, faces[1].y, origin.z);
         cotas.add(chapa, chapa + cotas.by(pitch, 0.0), chapa + cotas.off(0.0, -kFarLine));

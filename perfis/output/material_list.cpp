@@ -10,6 +10,7 @@
 #include "perfis/output/cotas.h"
 #include "texts/number.h"
 #include "zp/matlist/zpmatlist.h"
+#include "zp/objects/edit.h"
 #include "zp/trelica/zptrelica.h"
 
 namespace perfis {
@@ -89,11 +90,10 @@ bool addPerfil(AcDbObjectPointer<ZpObject>& perfil, const RowTexts& rowTexts,
     wchar_t marca[kZpMarcaMax] = {};
     if (wanted.empty() ? ZpArxGetNextMarca(marca) == 0 : wanted.size() >= kZpMarcaMax) return false;
     wanted.copy(marca, kZpMarcaMax - 1);
-    AcGePoint3d faces[4];
-    perfil->GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
+    const AcGePoint3d corner = zp::edit::cornersOf(*perfil.object()).f[0];
     const double offset = kNearLine * GetScale();
-    textY = faces[0].y + offset;
-    ZpArxAddMarca(faces[0], AcGePoint3d(faces[0].x - offset, textY, 0.0), marca, marcaPerfil);
+    textY = corner.y + offset;
+    ZpArxAddMarca(corner, AcGePoint3d(corner.x - offset, textY, 0.0), marca, marcaPerfil);
     Linha row(marca, 1, rowTexts.perfil.c_str(), rowTexts.dimensoes.c_str(), kSteel,
               perfil->getComprimentoReal(), perfil->getPeso(), perfil->getPeso(),
               perfil->getAreaPintura(), L"");

@@ -3,7 +3,9 @@
 #include "zp/matlist/check.h"
 #include "tests/zp/matlist.h"
 #include "zp/matlist/book.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/ends.h"
 #include "zp/objects/member.h"
 #include "zp/objects/published.h"
 
@@ -194,6 +196,17 @@ const std::vector<Planted::Case>& Planted::cases() {
              });
          },
          {CotaOfNothing}},
+        {"the length of a piece whose ends are cut alike",
+         [](Planted& t) {
+             t.open<ZpObject>(t.barra, [](ZpObject& peca) {
+                 zp::ends::Ends ends = zp::ends::endsOf(zp::Access::of(peca));
+                 for (const std::size_t end : {zp::cortes::kStart, zp::cortes::kEnd})
+                     ends.cortes[end] = zp::cortes::withAngle(zp::Access::of(peca), end,
+                                                              end == zp::cortes::kEnd ? 0.5 : -0.5);
+                 zp::ends::move(peca, ends);
+             });
+         },
+         {}},
         {"a dimension of one point", [](Planted& t) { t.cota(5, 5, 5, 5, 9, 9); }, {CotaOfNothing}},
         {"a plate beyond the end",
          [](Planted& t) { t.take(L"_move", t.aChapa(), L"-20,0"); },
@@ -315,27 +328,32 @@ TEST_F(Checked, TextsOfCotas) {
         const wchar_t* text;
         bool wrong;
     };
-    const AcDbObjectId id = cota(0, 0, 1000, 0, 0, 50);
-    for (const Case& c : {Case{L"", false},
-                          {L"<>", false},
-                          {L"<> (999)", false},
-                          {L"L=1000 mm", false},
-                          {L"2x 1000", false},
-                          {L"1.000", false},
-                          {L"1000,001", false},
-                          {L"VER NOTA", false},
-                          {L"\\A1;1000", false},
-                          {L"\\H2.5;VER NOTA", false},
-                          {L"%%c%%010", false},
-                          {L"999", true},
-                          {L"1.001", true},
-                          {L"1000,01", true},
-                          {L"\\A1000;999", true},
-                          {L"%%c100", true}}) {
-        open<AcDbDimension>(id, [&](AcDbDimension& d) { (void)d.setDimensionText(c.text); });
-        EXPECT_EQ(zp::matlist::check(editor->database()).size(), c.wrong ? 1U : 0U)
-            << testing::PrintToString(std::wstring(c.text));
-    }
+    // The rotated one measures 1000, too.
+    for (const AcDbObjectId& id :
+         {cota(0, 0, 1000, 0, 0, 50),
+          put(new AcDbRotatedDimension(0.0, AcGePoint3d(0, 900, 0), AcGePoint3d(1000, 1500, 0),
+                                       AcGePoint3d(0, 1600, 0)))})
+        for (const Case& c : {Case{L"", false},
+                              {L"<>", false},
+                              {L"<> (999)", false},
+                              {L"L=1000 mm", false},
+                              {L"2x 1000", false},
+                              {L"1.000", false},
+                              {L"1000,001", false},
+                              {L"VER NOTA", false},
+                              {L"\\A1;1000", false},
+                              {L"\\H2.5;VER NOTA", false},
+                              {L"%%c%%010", false},
+                              {L"999", true},
+                              {L"1.001", true},
+                              {L"1000,01", true},
+                              {L"\\A1000;999", true},
+                              {L"%%c100", true}}) {
+            open<AcDbDimension>(id, [&](AcDbDimension& d) { (void)d.setDimensionText(c.text); });
+            EXPECT_EQ(zp::matlist::check(editor->database()).size(), c.wrong ? 1U : 0U)
+                << testing::PrintToString(std::wstring(c.text));
+            open<AcDbDimension>(id, [&](AcDbDimension& d) { (void)d.setDimensionText(L""); });
+        }
 }
 
 TEST_F(Checked, SizesAndTheNearestOfTheCatalogues) {

@@ -194,14 +194,16 @@ TEST_F(Cortes, CotasAndDialogsKeepTheEnds) {
     change(id, [&](ZpObject& p) {
         for (const AcDbObjectId& c : {whole, height, part}) EXPECT_EQ(p.LinkDim(c), Acad::eOk);
     });
+    // What is bought: the upper edge, the one of the picture that is 100 longer than the axis.
     EXPECT_EQ(setValue(id, L"corte_fim", 45), L"");
-    EXPECT_EQ(setValue(id, L"corte_inicio", -45), L"");
-    // The picture ends 100 beyond both ends of the axis.
-    expectCota(whole, -100, -100, 1100, -100, -100, -150);
+    expectCota(whole, 0, 100, 1100, 100, 0, -150);
     expectCota(height, 1100, 100, 1100, -100, 1140, 100);
+    // Both ends parallel: all fibres are as long as the axis, and the line is next to the lower one.
+    EXPECT_EQ(setValue(id, L"corte_inicio", -45), L"");
+    expectCota(whole, -100, -100, 900, -100, 0, -150);
     expectCota(part, 0, -100, 300, -100, 0, -120);
     EXPECT_EQ(setEnds(*editor, id, 0, 1500), L"");
-    expectCota(whole, -100, -100, 1600, -100, -100, -150);
+    expectCota(whole, -100, -100, 1400, -100, 0, -150);
     ui.keys.assign({"h=300", "accept"});
     type({L"EDITAPERFIL"});
     pick(0, 0, {id});

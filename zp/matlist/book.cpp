@@ -220,7 +220,7 @@ void Book::learnTip(AcDbObjectId id) {
     const AcDbObjectPointer<ZpMarca> marca(id, AcDb::kForRead);
     const AcDbObjectPointer<ZpObject> peca(known->second.peca, AcDb::kForRead);
     if (marca.object() == nullptr || peca.object() == nullptr) return;
-    const edit::Faces faces = edit::facesOf(*peca.object());
+    const edit::Faces faces = edit::cornersOf(*peca.object());
     Tip tip;
     for (int corner = 3; corner >= 0; --corner)
         if (marca->tip().distanceTo(faces.f[corner]) <= kAtTip) tip.corner = corner;
@@ -230,7 +230,7 @@ void Book::learnTip(AcDbObjectId id) {
 }
 
 AcGePoint3d Book::placeOf(const Tip& tip, const ZpObject& peca) {
-    if (tip.corner >= 0) return edit::facesOf(peca).f[tip.corner];
+    if (tip.corner >= 0) return edit::cornersOf(peca).f[tip.corner];
     return Access::of(peca).pictureFrame().toWorld(tip.offset.x, tip.offset.y, tip.offset.z);
 }
 

@@ -87,7 +87,9 @@ Survey::Survey(AcDbDatabase& ofDrawing)
         if (kind == nullptr) return;
         if (kind->isDerivedFrom(ZpObject::desc())) pecas.push_back(id);
         if (kind->isDerivedFrom(ZpChapa::desc())) chapas.push_back(id);
-        if (kind->isDerivedFrom(AcDbAlignedDimension::desc())) cotas.push_back(id);
+        if (kind->isDerivedFrom(AcDbAlignedDimension::desc()) ||
+            kind->isDerivedFrom(AcDbRotatedDimension::desc()))
+            cotas.push_back(id);
         if (kind->isDerivedFrom(AcDbLine::desc())) lines.push_back(id);
         if (kind->isDerivedFrom(AcDbBlockReference::desc())) insertions.push_back(id);
     });

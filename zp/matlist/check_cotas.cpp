@@ -2,12 +2,14 @@
 // A check's part on dimensions: whether they measure a piece, and say what they measure.
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string_view>
 
 #include "dbdim.h"
 #include "dbsymtb.h"
 #include "texts/number.h"
 #include "zp/matlist/check_survey.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/links.h"
 
 namespace zp::matlist {
@@ -104,8 +106,12 @@ Edges edgesOf(const ZpObject& peca) {
             for (const secao::ToeCorner& toe : outline.toes) edges.add(toe.corner.x, toe.corner.y);
         }
     if (!p.chapa() && !p.inSecao())
-        for (const secao::Level& level : p.secao().vista(p.vista).levels)
+        for (const secao::Level& level : p.secao().vista(p.vista).levels) {
             edges.y.push_back(level.w);
+            if (!cortes::oblique(p)) continue;
+            const cortes::Fibre fibre = cortes::fibreAt(p, level.w);
+            edges.x.insert(edges.x.end(), {fibre.from, fibre.to});
+        }
     for (const AcDbObjectId& id : edit::chapasOf(peca)) {
         const AcDbObjectPointer<ZpObject> chapa(id, AcDb::kForRead);
         if (chapa.object() != nullptr) edges.add(edit::boxIn(p.frame(), *chapa.object()));
@@ -136,10 +142,29 @@ bool standsOn(const ZpObject& peca, const Edges& edges, const AcGePoint3d& point
             (alongY > kParallel && meets(edges.y, local.y)));
 }
 
+/// An aligned or rotated dimension.
+struct Linear {
+    AcGePoint3d from;
+    AcGePoint3d to;
+    AcGeVector3d along;  ///< unit vector
+};
+
+std::optional<Linear> linearOf(const AcDbDimension& cota) {
+    if (const auto* aligned = AcDbAlignedDimension::cast(&cota)) {
+        const AcGePoint3d from = aligned->xLine1Point();
+        const AcGePoint3d to = aligned->xLine2Point();
+        return Linear{from, to, (to - from).normal()};
+    }
+    const auto* rotated = AcDbRotatedDimension::cast(&cota);
+    if (rotated == nullptr) return {};
+    return Linear{rotated->xLine1Point(), rotated->xLine2Point(), direction(rotated->rotation())};
+}
+
 /// True when one of its points stands on none of the pieces that it belongs to.
-bool measuresNothing(const AcDbAlignedDimension& cota, const std::vector<AcDbObjectId>& owners) {
+bool measuresNothing(const AcDbDimension& cota, const std::vector<AcDbObjectId>& owners) {
     if (cota.measurement() <= kSameCheckedPlace) return true;
-    const AcGeVector3d measured = (cota.xLine2Point() - cota.xLine1Point()).normal();
+    const std::optional<Linear> linear = linearOf(cota);
+    if (!linear) return false;
     bool first = false;
     bool second = false;
     bool known = false;
@@ -148,8 +173,8 @@ bool measuresNothing(const AcDbAlignedDimension& cota, const std::vector<AcDbObj
         if (peca.object() == nullptr) continue;
         known = true;
         const Edges edges = edgesOf(*peca.object());
-        first = first || standsOn(*peca.object(), edges, cota.xLine1Point(), measured);
-        second = second || standsOn(*peca.object(), edges, cota.xLine2Point(), measured);
+        first = first || standsOn(*peca.object(), edges, linear->from, linear->along);
+        second = second || standsOn(*peca.object(), edges, linear->to, linear->along);
     }
     return known && !(first && second);
 }
@@ -169,7 +194,7 @@ bool saysOther(const AcDbDimension& cota, int decimals) {
 
 void checkCotas(Survey& survey) {
     for (const AcDbObjectId& id : survey.cotas) {
-        const AcDbObjectPointer<AcDbAlignedDimension> cota(id, AcDb::kForRead);
+        const AcDbObjectPointer<AcDbDimension> cota(id, AcDb::kForRead);
         if (cota.object() == nullptr) continue;
         const std::vector<AcDbObjectId> owners = ownersOf(*cota.object());
         const std::wstring marca = owners.empty() ? std::wstring() : survey.marcaOf(owners.front());

@@ -83,7 +83,7 @@ void drawMarca(AcDbObjectId id, const std::wstring& text) {
         const bool chapa = isChapa(id);
         const Frame frame = Access::of(*peca.object()).frame();
         const double offset = kTextOffset * GetScale();
-        tip = edit::facesOf(*peca.object()).f[chapa ? 2 : 0];
+        tip = edit::cornersOf(*peca.object()).f[chapa ? 2 : 0];
         at = tip + frame.x * (chapa ? offset : -offset) + frame.y * offset;
         block = peca->ownerId();
     }

@@ -16,6 +16,8 @@ constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kLeastAngle = 0.01 * kDegree;
 /// What has to be left of the shortest fibre, mm.
 constexpr double kShortestFibre = 1e-6;
+/// Reaches nearer than this are one, mm.
+constexpr double kSameReach = 1e-9;
 
 bool cuttable(const Peca& p) { return !p.inSecao() && !p.chapa(); }
 
@@ -44,7 +46,26 @@ secao::Point both(const Peca& p) {
 }
 
 double most(const Peca& p, const secao::Point& growth) {
-    return growth.x == 0.0 && growth.y == 0.0 ? 0.0 : secao::furthest(p.secao().outlines(), growth);
+    if (growth.x == 0.0 && growth.y == 0.0) return 0.0;
+    const secao::Point at = secao::furthest(p.secao().outlines(), growth);
+    return growth.x * at.x + growth.y * at.y;
+}
+
+/// Edge of the view that is nearest to height w.
+secao::VistaPoint edgeNear(const Peca& p, double w) {
+    const std::vector<secao::Level>& levels = p.secao().vista(p.vista).levels;
+    const auto nearest = std::ranges::min_element(
+        levels, {}, [w](const secao::Level& level) { return std::abs(level.w - w); });
+    return nearest != levels.end() ? secao::VistaPoint{nearest->w, nearest->p}
+                                   : secao::VistaPoint{w, 0.0};
+}
+
+Fibre fibreThrough(const Peca& p, const secao::VistaPoint& at) {
+    const auto reach = [&](std::size_t end) {
+        const Slope slope = slopeOf(p, end);
+        return slope.w * at.w + slope.p * at.p;
+    };
+    return {at.w, -reach(kStart), p.comprimento + reach(kEnd)};
 }
 
 }  // namespace
@@ -90,12 +111,35 @@ double edgeAt(const Peca& p, std::size_t end, double w) {
 
 double furthest(const Peca& p, std::size_t end) { return most(p, inSection(p, p.cortes[end])); }
 
+Fibre fibreAt(const Peca& p, double w) { return fibreThrough(p, edgeNear(p, w)); }
+
+Fibre longestFibre(const Peca& p, double w) {
+    const secao::Point growth = both(p);
+    if (std::hypot(growth.x, growth.y) <= 1e-12) return fibreAt(p, w);
+    const secao::Point most = secao::furthest(p.secao().outlines(), growth);
+    const Fibre exact = fibreThrough(p, secao::see(p.vista, most));
+    // Of a whole face the edge that is seen.
+    const Fibre seen = fibreAt(p, exact.w);
+    return seen.to - seen.from < exact.to - exact.from - kSameReach ? exact : seen;
+}
+
+std::array<secao::Point, 4> corners(const Peca& p) {
+    const secao::Bounds box = p.picture();
+    if (!cuttable(p) || !oblique(p))
+        return {{{box.x0, box.y1}, {box.x0, box.y0}, {box.x1, box.y1}, {box.x1, box.y0}}};
+    const Fibre upper = fibreAt(p, box.y1);
+    const Fibre lower = fibreAt(p, box.y0);
+    return {
+        {{upper.from, upper.w}, {lower.from, lower.w}, {upper.to, upper.w}, {lower.to, lower.w}}};
+}
+
 bool onEnd(const Peca& p, const AcGeVector3d& point) {
     if (!cuttable(p) || !(p.comprimento > 0.0)) return false;
     const double beyond = point.x - p.comprimento;
     const auto at = [&](double x) { return std::abs(beyond - x) <= 1e-6 * p.comprimento; };
     return at(0.0) ||
-           (p.cortes[kEnd] != Corte() && (at(furthest(p, kEnd)) || at(edgeAt(p, kEnd, point.y))));
+           (p.cortes[kEnd] != Corte() && (at(furthest(p, kEnd)) || at(edgeAt(p, kEnd, point.y)) ||
+                                          at(longestFibre(p, point.y).to - p.comprimento)));
 }
 
 double longest(const Peca& p) { return p.comprimento + most(p, both(p)); }

@@ -39,8 +39,22 @@ double edgeAt(const Peca& peca, std::size_t end, double w);
 /// The furthest that an end reaches from the end of the axis outwards, mm; negative where all of
 /// the section lies on the shorter side.
 double furthest(const Peca& peca, std::size_t end);
+/// A fibre of a longitudinal view: its height, and where along the axis it goes; mm, in the piece's
+/// frame.
+struct Fibre {
+    double w = 0.0;
+    double from = 0.0;
+    double to = 0.0;
+};
+/// That of the edge nearest to height w.
+Fibre fibreAt(const Peca& peca, double w);
+/// The longest one, which is bought; where all are as long, fibreAt.
+Fibre longestFibre(const Peca& peca, double w);
+/// Corners of the picture: upper and lower at the start, upper and lower at the end, in the piece's
+/// frame, on the edges that are seen. The box's, of what has no oblique end.
+std::array<secao::Point, 4> corners(const Peca& peca);
 /// True for a point of the piece's frame where it ends, along its axis: at the end of the axis,
-/// where the picture ends, or on the edge of the end.
+/// where the picture or the longest fibre ends, or on the edge of the end.
 bool onEnd(const Peca& peca, const AcGeVector3d& point);
 /// Longest fibre: what is bought of the piece, mm; a section says what its member does. The length
 /// of what has no oblique end.

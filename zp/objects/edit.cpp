@@ -82,19 +82,54 @@ void carryEnd(const Peca& before, const Peca& after, const LearntPoint& was, Lea
         is.offset.x = sign * cortes::edgeAt(after, end, is.offset.y);
 }
 
-/// Dimensions over the whole piece or of an end go with the cuts of its ends; others do where they
-/// stood on a cut.
+/// Where a point at an end of the piece is, along the axis.
+bool atStart(const Peca& p, const LearntPoint& point) {
+    if (point.atEnd) return false;
+    const double x = point.offset.x;
+    return x <= kSamePoint ||
+           std::abs(x + cortes::edgeAt(p, cortes::kStart, point.offset.y)) <= kSamePoint ||
+           std::abs(x - cortes::longestFibre(p, point.offset.y).from) <= kSamePoint;
+}
+
+/// True for a dimension from end to end that measures what is bought: the longest fibre, or the
+/// picture's length.
+bool measuresAll(const Peca& p, const Link& l) {
+    const LearntPoint from = l.points[0];
+    const LearntPoint to = l.points[1];
+    if (!atStart(p, from) || !to.atEnd || std::abs(from.offset.y - to.offset.y) > kSamePoint)
+        return false;
+    const double length = p.comprimento + to.offset.x - from.offset.x;
+    const double picture = p.picture().x1 - p.picture().x0;
+    return std::abs(length - cortes::longest(p)) <= kSamePoint ||
+           std::abs(length - picture) <= kSamePoint;
+}
+
+void measureAll(const Peca& after, Link& l) {
+    LearntPoint from = l.points[0];
+    LearntPoint to = l.points[1];
+    const secao::Bounds box = after.picture();
+    const bool above = 2.0 * std::as_const(l.points)[2].offset.y > box.y0 + box.y1;
+    const cortes::Fibre fibre = cortes::longestFibre(after, above ? box.y1 : box.y0);
+    from.offset = {fibre.from, fibre.w, from.offset.z};
+    to.offset = {fibre.to - after.comprimento, fibre.w, to.offset.z};
+    l.points[0] = from;
+    l.points[1] = to;
+}
+
+/// A dimension of all the piece goes with its longest fibre, one of an end with the cut of that;
+/// others do where they stood on a cut.
 void carryEnds(const Peca& before, const Peca& after, const Link& was, Link& l) {
     if (before.inSecao() || after.inSecao() || before.cortes == after.cortes || l.count < 2) return;
-    const auto atEnd = [&](std::size_t i) {
-        const LearntPoint point = was.points[i];
-        return point.atEnd || point.offset.x <= kSamePoint;
-    };
-    const bool overall = atEnd(0) && atEnd(1);
+    if (l.count >= 3 && measuresAll(before, was)) return measureAll(after, l);
+    const bool ofEnd = [&] {
+        const LearntPoint from = was.points[0];
+        const LearntPoint to = was.points[1];
+        return (from.atEnd || atStart(before, from)) && (to.atEnd || atStart(before, to));
+    }();
     for (std::size_t i = 0; i < l.count; ++i) {
         LearntPoint point = l.points[i];
         const std::size_t end = point.atEnd ? cortes::kEnd : cortes::kStart;
-        if (overall || before.cortes[end] != Corte())
+        if (ofEnd || before.cortes[end] != Corte())
             carryEnd(before, after, std::as_const(was.points)[i], point);
         l.points[i] = point;
     }
@@ -234,6 +269,16 @@ void carryCotas(Peca& p, const Peca& after) {
 Faces facesOf(const ZpObject& peca) {
     Faces faces;
     peca.GetLimitPointsOfFaces(faces.f[0], faces.f[1], faces.f[2], faces.f[3]);
+    return faces;
+}
+
+Faces cornersOf(const ZpObject& peca) {
+    const Peca& p = Access::of(peca);
+    Faces faces = facesOf(peca);
+    if (p.inSecao() || !cortes::oblique(p)) return faces;
+    const auto corners = cortes::corners(p);
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        faces.f[i] = p.frame().toWorld(corners[i].x, corners[i].y);
     return faces;
 }
 

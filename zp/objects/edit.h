@@ -59,6 +59,8 @@ struct Faces {
     AcGePoint3d f[4];
 };
 Faces facesOf(const ZpObject& peca);
+/// The same of the picture itself: with oblique ends its corners, not those of its box.
+Faces cornersOf(const ZpObject& peca);
 /// Box of its picture in another piece's frame, mm.
 secao::Bounds boxIn(const Frame& frame, const ZpObject& peca);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace zp::secao {
 namespace {
@@ -173,21 +174,25 @@ Bounds boundsOf(const Segment& s) {
     return bounds;
 }
 
-double furthest(const std::vector<Outline>& outlines, const Point& direction) {
+Point furthest(const std::vector<Outline>& outlines, const Point& direction) {
     const double angle = std::atan2(direction.y, direction.x);
     const auto along = [&](const Point& p) { return direction.x * p.x + direction.y * p.y; };
-    double most = -1e300;
+    std::optional<Point> most;
+    const auto take = [&](const Point& p) {
+        if (!most || along(p) > along(*most)) most = p;
+    };
     for (const Outline& c : outlines)
         for (const Segment& s : c.segments) {
-            most = std::max({most, along(s.a), along(s.b)});
+            take(s.a);
+            take(s.b);
             const double sign = s.sweep < 0.0 ? -1.0 : 1.0;
             double turn = std::fmod(sign * (angle - s.start), 2.0 * kPi);
             if (turn < 0.0) turn += 2.0 * kPi;
             if (s.arc() && turn < std::abs(s.sweep))
-                most = std::max(most,
-                                along(s.centre) + s.radius * std::hypot(direction.x, direction.y));
+                take({s.centre.x + s.radius * std::cos(angle),
+                      s.centre.y + s.radius * std::sin(angle)});
         }
-    return most > -1e300 ? most : 0.0;
+    return most.value_or(Point{});
 }
 
 bool fitRadii(Loop& loop) {

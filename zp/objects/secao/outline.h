@@ -105,8 +105,9 @@ double straight(const Loop& loop, std::size_t corner);
 /// Exact box of one segment, extremes of arcs included.
 Bounds boundsOf(const Segment& segment);
 
-/// The largest that direction.x * x + direction.y * y is on the outlines; 0 where there are none.
-double furthest(const std::vector<Outline>& outlines, const Point& direction);
+/// Where direction.x * x + direction.y * y is largest on the outlines; the origin where there are
+/// none.
+Point furthest(const std::vector<Outline>& outlines, const Point& direction);
 
 // Motions of a loop. Mirroring reverses the order, so that the direction of travel stays.
 /// mm.
