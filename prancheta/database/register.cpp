@@ -5,6 +5,7 @@
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "prancheta/database/draw_order.h"
 #include "rxdict.h"
 
 namespace prancheta {
@@ -21,6 +22,7 @@ void registerDatabaseClasses() {
         AcDbEntity::rxInit,
         AcDbDictionary::rxInit,
         AcDbXrecord::rxInit,
+        DrawOrderTable::rxInit,
         AcDbSymbolTable::rxInit,
         AcDbBlockTable::rxInit,
         AcDbLayerTable::rxInit,

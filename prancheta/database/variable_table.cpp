@@ -110,6 +110,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"HIGHLIGHT", 1, 0, 1),
         {L"HPANG", 0.0},
         integer(L"HPASSOC", 1, 0, 1),
+        integer(L"HPDRAWORDER", 3, 0, 4),
         {L"HPNAME", std::wstring(L"ANSI31")},
         {L"HPSCALE", 1.0, VariableHome::Session, VariableAccess::ReadWrite, kPositive, kAny},
         drawingInteger(L"INSUNITS", 4, 0, 24),

@@ -25,7 +25,7 @@ void DisplayList::query(const Box2d& area, const std::function<void(const Item&)
     const DisplayItems::Visiting visiting(items);
     items.index().visit(area, [&](DisplayItems::Number number) {
         if (items.displayed(number))
-            visit({items.id(number), items.box(number), number, items.layer(number)});
+            visit({items.id(number), items.box(number), items.order(number), items.layer(number)});
     });
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "dbsymtb.h"
+#include "prancheta/database/draw_order.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/display/visible_part.h"
@@ -62,7 +63,16 @@ void DisplayItems::noteRecord(const AcDbObject* object) {
     } else if (object->isKindOf(AcDbBlockTableRecord::desc()) && object->objectId() != m_space) {
         m_blocks.insert(object->objectId());
         m_blocks.insert(nullptr);  // its name may be the one that was missing
+    } else if (const auto* const order = DrawOrderTable::cast(object)) {
+        noteOrder(blockOf(*order));
     }
+}
+
+void DisplayItems::noteOrder(AcDbObjectId block) {
+    if (block == m_space)
+        m_orderChanged = true;
+    else
+        m_blocks.insert(block);
 }
 
 void DisplayItems::invalidate() { m_stale = true; }
@@ -76,14 +86,15 @@ void DisplayItems::update() {
         build();
     } else {
         if (m_layersChanged) updateLayers();
-        if (m_looksChanged) m_changes.addEverywhere();
+        if (m_looksChanged || m_orderChanged) m_changes.addEverywhere();
         if (!m_touched.empty()) {
             addNewItems();
             refreshWaiting();
         }
         for (AcDbStub* block : std::exchange(m_blocks, {})) refreshUsersOf(block);
+        if (m_orderChanged) updateOrder();
     }
-    m_layersChanged = m_looksChanged = false;
+    m_layersChanged = m_looksChanged = m_orderChanged = false;
     m_changes.commit();
 }
 
@@ -109,7 +120,19 @@ void DisplayItems::build() {
         addNewItems();
         for (Number item = 0; item < m_items.size(); ++item) refresh(item);
     }
+    updateOrder();
     m_changes.addEverywhere();
+}
+
+/// Those that come later are on top, and need no place.
+void DisplayItems::updateOrder() {
+    m_order.clear();
+    const AcDbBlockTableRecord* const space = blockOf(m_space);
+    if (space == nullptr || !hasDrawOrder(*space)) return;
+    addNewItems();
+    m_order.resize(m_items.size());
+    std::uint32_t next = 0;
+    for (const AcDbObjectId id : drawOrder(*space)) m_order[find(id)] = next++;
 }
 
 void DisplayItems::addNewItems() {

@@ -15,7 +15,7 @@
 namespace prancheta {
 
 /// An item's number is the entity's place in its space, which never changes: erased entities keep
-/// theirs, so undo finds it again, and greater numbers are drawn later.
+/// theirs, so undo finds it again.
 class DisplayItems : public AcDbDatabaseReactor {
 public:
     using Number = std::uint32_t;
@@ -32,6 +32,8 @@ public:
     AcDbObjectId id(Number item) const { return m_items[item].id; }
     AcDbObjectId layer(Number item) const { return m_layers[m_items[item].layer].id; }
     Box2d box(Number item) const { return m_index.box(item); }
+    /// Greater numbers are drawn later.
+    std::uint32_t order(Number item) const { return item < m_order.size() ? m_order[item] : item; }
     /// Without lines that have no end.
     Box2d finiteBox(Number item) const {
         const auto at = m_finite.find(item);
@@ -86,8 +88,10 @@ private:
 
     void note(const AcDbObject* object);
     void noteRecord(const AcDbObject* object);
+    void noteOrder(AcDbObjectId block);
     void build();
     void addNewItems();
+    void updateOrder();
     void refresh(Number item);
     bool recordInto(Picture& picture, AcDbEntity& entity);
     void refreshWaiting();
@@ -101,6 +105,7 @@ private:
     AcDbDatabase& m_database;
     AcDbObjectId m_space;
     std::vector<Item> m_items;
+    std::vector<std::uint32_t> m_order;  ///< empty: as they stand in the space
     IdTable m_numbers;
     SpatialIndex m_index;
     std::unordered_map<Number, Box2d> m_finite;  ///< of items that have lines without an end
@@ -122,6 +127,7 @@ private:
     bool m_stale = true;
     bool m_layersChanged = false;
     bool m_looksChanged = false;
+    bool m_orderChanged = false;
     std::vector<AcDbObjectId> m_touched;
     std::unordered_set<AcDbStub*> m_blocks;
 

@@ -208,6 +208,8 @@ bool Loader::takeChild(AcDbDictionary& dictionary, const std::wstring& key, Ades
         child->close();
     } else if (free && span->type == "XRECORD") {
         if (!takeXrecord(*span, dictionary, id)) return false;
+    } else if (free && span->type == "SORTENTSTABLE") {
+        if (!takeDrawOrder(*span, dictionary, id)) return false;
     }
     if (id.isNull() && span == nullptr) return true;  // names nothing that the file has
     if (id.isNull()) (void)m_database.getAcDbObjectId(id, true, AcDbHandle(handle));

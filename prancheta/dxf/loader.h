@@ -110,6 +110,7 @@ private:
     bool takeDictionary(ObjectSpan& span, AcDbDictionary& dictionary);
     bool takeChild(AcDbDictionary& dictionary, const std::wstring& key, Adesk::UInt64 handle);
     bool takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
+    bool takeDrawOrder(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
     void dropOldLayouts();
     std::unordered_map<Adesk::UInt64, Adesk::UInt64> ownersByName() const;
     bool takeExtensionDictionaries();

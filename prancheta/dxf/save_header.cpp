@@ -13,7 +13,8 @@ struct ClassRow {
 };
 constexpr ClassRow kClasses[] = {{"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
                                  {"ACDBPLACEHOLDER", "AcDbPlaceHolder"},
-                                 {"LAYOUT", "AcDbLayout"}};
+                                 {"LAYOUT", "AcDbLayout"},
+                                 {"SORTENTSTABLE", "AcDbSortentsTable"}};
 
 bool declares(const RawTags& classes, std::string_view dxfName) {
     for (const RawTag& tag : classes)

@@ -66,7 +66,9 @@ void Saver::writeObjects() {
         const AcDbStub& stub = stubs[i];
         if (stub.object == nullptr || stub.erased || &stub == root) continue;
         const AcRxClass* const which = stub.object->isA();
-        if (which == AcDbDictionary::desc() || which == AcDbXrecord::desc()) own.push_back(&stub);
+        if (which == AcDbDictionary::desc() || which == AcDbXrecord::desc() ||
+            which == DrawOrderTable::desc())
+            own.push_back(&stub);
     }
     std::sort(own.begin(), own.end(),
               [](const AcDbStub* a, const AcDbStub* b) { return a->handle < b->handle; });
@@ -75,6 +77,8 @@ void Saver::writeObjects() {
         if (m_handles.of(stub->object->ownerId()) == 0) continue;
         if (const auto* dictionary = AcDbDictionary::cast(stub->object))
             writeDictionary(*dictionary);
+        else if (const auto* order = DrawOrderTable::cast(stub->object))
+            writeDrawOrder(*order);
         else
             writeXrecord(static_cast<const AcDbXrecord&>(*stub->object));
     }

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "dbxrecrd.h"
+#include "prancheta/database/draw_order.h"
 #include "prancheta/dxf/document.h"
 #include "prancheta/dxf/entity_writer.h"
 #include "prancheta/dxf/moved_dimensions.h"
@@ -86,6 +87,7 @@ private:
     void writeObjects();
     void writeDictionary(const AcDbDictionary& dictionary);
     void writeXrecord(const AcDbXrecord& record);
+    void writeDrawOrder(const DrawOrderTable& table);
     void writeList(const resbuf* list);
     void writeStandardObjects();
     void writeLayout(const char* name, Adesk::UInt64 handle, bool paper);

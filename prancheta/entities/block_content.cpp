@@ -9,6 +9,7 @@
 #include "dbents.h"
 #include "prancheta/base/nesting.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/draw_order.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
@@ -100,12 +101,7 @@ AcGePoint3d blockOrigin(AcDbObjectId block) {
 void forEachInBlock(AcDbObjectId block, const std::function<void(AcDbEntity&)>& visit) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
     if (record.openStatus() != Acad::eOk) return;
-    AcDbBlockTableRecordIterator* made = nullptr;
-    if (record->newIterator(made) != Acad::eOk) return;
-    const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
-    for (; !iterator->done(); iterator->step()) {
-        AcDbObjectId id;
-        if (iterator->getEntityId(id) != Acad::eOk) continue;
+    for (const AcDbObjectId id : drawOrder(*record.object())) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (entity.openStatus() != Acad::eOk || entity->visibility() == AcDb::kInvisible) continue;
         visit(*entity.object());

@@ -3,7 +3,7 @@
 // EXPLODE.
 #include <sstream>
 
-#include "prancheta/display/box.h"
+#include "prancheta/display/display_list.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/picture.h"
@@ -543,6 +543,38 @@ TEST_F(Modify, PointsAlongCurves) {
     ASSERT_NE(second.object(), nullptr);
     expectPoint(second->position(), 0, 5);
     EXPECT_NEAR(second->rotation(), prancheta::kPi, 1e-9);
+}
+
+/// The letters of three lines, 10 apart, from back to front; undo gives back what was.
+TEST_F(Modify, OrderOfDrawingIsThatOfThePickAndOfTheFile) {
+    type({L"_erase", L"_all", L"", L"_line", L"0,0", L"9,0", L"", L"_line", L"0,0", L"0,9", L"",
+          L"_line", L"0,0", L"9,9", L""});
+    const std::vector<AcDbObjectId> lines = entities();
+    const auto order = [&] {
+        std::string names;
+        for (const prancheta::DisplayList::Item& item : editor->display().find({-1, -1, 9, 9}))
+            names += "abc"[std::find(lines.begin(), lines.end(), item.id) - lines.begin()];
+        return names;
+    };
+    ASSERT_EQ(order(), "abc");
+    type({L"ordem", L"9,9", L"", L""});
+    EXPECT_EQ(order(), "cab") << "Enter: behind all";
+    type({L"_dr", L"9,0", L"", L"_f"});
+    EXPECT_EQ(order(), "cba");
+    type({L"_draworder", L"9,9", L"0,9", L"", L"a", L"9,0", L""});
+    EXPECT_EQ(order(), "acb") << "they keep their order among themselves";
+    type({L"_draworder", L"0,9", L"", L"_u", L"9,9", L""});
+    EXPECT_EQ(order(), "abc");
+    type({L"_u", L"_draworder", L"9,0", L"", L"_under", L"9,0", L""});
+    EXPECT_EQ(order(), "acb");
+    EXPECT_TRUE(said(L"Os objetos de referência são os próprios"));
+    // A copy comes on top; what was under the pointer is what lies on top there.
+    type({L"_copy", L"0,9", L"", L"0,0", L"0,0", L""});
+    EXPECT_EQ(editor->display().find({-1, -1, 9, 9}).back().id, last());
+    type({L"_u", L"_u", L"_u"});
+    EXPECT_EQ(order(), "cab");
+    type({L"_u"});
+    EXPECT_EQ(order(), "abc");
 }
 
 }  // namespace

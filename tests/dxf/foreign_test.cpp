@@ -4,6 +4,7 @@
 #include "dblead.h"
 #include "dbmtext.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/draw_order.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
@@ -358,6 +359,44 @@ TEST(Foreign, TablesClassesObjectsAndSectionsStay) {
     const Groups kept = record(all, "LINE", 5, "A1");
     ASSERT_GT(kept.size(), 4U);
     EXPECT_EQ(Groups(kept.begin() + 2, kept.begin() + 5), groups("102 {ACAD_REACTORS|330 E|102 }"));
+}
+
+TEST(Foreign, OrderOfDrawingComesBackTagForTag) {
+    const char* others =
+        "0 SECTION|2 TABLES|0 TABLE|2 BLOCK_RECORD|5 1|330 0|100 AcDbSymbolTable|70 1|0 "
+        "BLOCK_RECORD|5 1F|102 {ACAD_XDICTIONARY|360 D0|102 }|330 1|100 AcDbSymbolTableRecord|100 "
+        "AcDbBlockTableRecord|2 *Model_Space|340 0|0 ENDTAB|0 ENDSEC|0 SECTION|2 OBJECTS|0 "
+        "DICTIONARY|5 C|330 0|100 AcDbDictionary|281 1|0 DICTIONARY|5 D0|330 1F|100 "
+        "AcDbDictionary|280 1|281 1|3 ACAD_SORTENTS|360 D1|0 SORTENTSTABLE|5 D1|102 "
+        "{ACAD_REACTORS|330 D0|102 }|330 D0|100 AcDbSortentsTable|330 1F|331 A1|5 A3|331 A3|5 "
+        "A1|0 ENDSEC";
+    std::string entities;
+    for (const char* const handle : {"A1", "A2", "A3"})
+        entities += std::string(entities.empty() ? "" : "|") + "0 POINT|5 " + handle +
+                    "|330 1F|100 AcDbEntity|8 0|100 AcDbPoint|10 1|20 2|30 0";
+    const auto database = loadText(fileWith(entities, "AC1015", others));
+    ASSERT_NE(database, nullptr);
+    const auto handles = [&] {
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(database->core().modelSpaceId(),
+                                                            AcDb::kForRead);
+        std::string all;
+        for (const AcDbObjectId id : drawOrder(*space.object()))
+            all += std::to_string(id.handle().value() - 0xA0);
+        return all;
+    };
+    EXPECT_EQ(handles(), "321");
+    Groups kept = groups(others);
+    kept.erase(kept.begin(), std::find(kept.begin(), kept.end(), Group{0, "SORTENTSTABLE"}));
+    kept.pop_back();
+    EXPECT_EQ(record(groupsOf(saved(*database)), "SORTENTSTABLE"), kept);
+    // What is erased goes out of the file.
+    const std::vector<AcDbObjectId> all = database->core().modelSpace();
+    ASSERT_EQ(moveInDrawOrder(database->core().modelSpaceId(), {all[1]}, DrawPlace::Back),
+              Acad::eOk);
+    EXPECT_EQ(handles(), "231");
+    ASSERT_EQ(AcDbObjectPointer<AcDbEntity>(all[2], AcDb::kForWrite)->erase(), Acad::eOk);
+    const Groups back = record(groupsOf(saved(*database)), "SORTENTSTABLE");
+    EXPECT_EQ(Groups(back.end() - 4, back.end()), groups("331 A2|5 A1|331 A1|5 A3"));
 }
 
 TEST(Foreign, ComplexLinetypeAndBlockExtrasStay) {

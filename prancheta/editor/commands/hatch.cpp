@@ -2,6 +2,7 @@
 // HATCH: hatches the area around a point, or the outlines of objects.
 #include <memory>
 
+#include "prancheta/database/draw_order.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -65,9 +66,25 @@ private:
     std::uint64_t m_revision = 0;
 };
 
+/// As HPDRAWORDER asks: usually behind what it fills, so that the boundary is seen whole.
+void putInOrder(const CommandContext& context, AcDbObjectId hatch, const Ids& boundary) {
+    constexpr DrawPlace kPlaces[] = {DrawPlace::Back, DrawPlace::Front, DrawPlace::Under,
+                                     DrawPlace::Above};
+    const int order = context.editor().variables().number(L"HPDRAWORDER");
+    if (order == 0) return;
+    (void)moveInDrawOrder(context.database().currentSpaceId(), {hatch}, kPlaces[order - 1],
+                          boundary);  // refused, it stays on top
+}
+
 /// Null, after saying why.
-AcDbObjectId add(const CommandContext& context, Made hatch) {
+AcDbObjectId add(const CommandContext& context, std::vector<HatchLoop> loops,
+                 std::vector<AcGePoint2d> seeds) {
     Editor& editor = context.editor();
+    Ids boundary;
+    for (const HatchLoop& loop : loops)
+        boundary.insert(boundary.end(), loop.sources.begin(), loop.sources.end());
+    Made hatch = hatchOf(context, std::move(loops));
+    (void)hatch->setSeeds(std::move(seeds));
     if (isTooDense(*hatch)) {
         editor.complain(
             L"O padrão é denso demais para esta área: aumente a escala "
@@ -79,6 +96,7 @@ AcDbObjectId add(const CommandContext& context, Made hatch) {
     (void)hatch->getArea(area);
     const AcDbObjectId id = addEntity(context, std::move(hatch));
     if (id.isNull()) return {};
+    putInOrder(context, id, boundary);
     const AcDbObjectPointer<AcDbHatch> added(id, AcDb::kForRead);
     if (added->associative()) tieToSources(*added.object());
     say(context, L"Área = " + commaText(area, 2));
@@ -163,7 +181,7 @@ Task<int> askProperty(CommandContext context) {
 AcDbObjectId hatchObjects(const CommandContext& context, const Ids& ids) {
     const HatchBoundary boundary(context.editor().display(), ids);
     std::vector<HatchLoop> loops = boundary.outlines();
-    if (!loops.empty()) return add(context, hatchOf(context, std::move(loops)));
+    if (!loops.empty()) return add(context, std::move(loops), {});
     context.editor().complain(L"Nenhum dos objetos selecionados fecha uma área.",
                               Complaint::Refused);
     return {};
@@ -212,9 +230,8 @@ CommandTask hatch(CommandContext context) {
                 tellOpen(context, boundary, answer.point);
                 continue;
             }
-            Made hatch = hatchOf(context, std::move(loops));
-            (void)hatch->setSeeds({{answer.point.x, answer.point.y}});
-            const AcDbObjectId id = add(context, std::move(hatch));
+            const AcDbObjectId id =
+                add(context, std::move(loops), {{answer.point.x, answer.point.y}});
             if (!id.isNull()) made.push_back(id);
         }
     }

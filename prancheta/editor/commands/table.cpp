@@ -69,6 +69,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"FILLET",      L"CONCORD",      kModal,   commands::fillet},
     {L"CHAMFER",     L"CHANFRO",      kModal,   commands::chamfer},
     {L"ERASE",       L"APAGAR",       kPickset, commands::erase},
+    {L"DRAWORDER",   L"ORDEM",        kPickset, commands::draworder},
     {L"EDITAPERFIL", L"EDITAPERFIL",  kPickset, commands::editaperfil},
     {L"DDEDIT",      L"EDITATEXTO",   kPickset, commands::ddedit},
     {L"FIND",        L"LOCALIZAR",    kPickset | ACRX_CMD_REDRAW, commands::find},

@@ -44,6 +44,7 @@ CommandTask dimtedit(CommandContext context);
 CommandTask dist(CommandContext context);
 CommandTask ellipse(CommandContext context);
 CommandTask divide(CommandContext context);
+CommandTask draworder(CommandContext context);
 CommandTask editaperfil(CommandContext context);
 CommandTask erase(CommandContext context);
 CommandTask explode(CommandContext context);
