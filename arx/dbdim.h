@@ -9,7 +9,8 @@
 
 namespace prancheta {
 struct DimensionLayout;
-}
+struct FiledDimension;
+}  // namespace prancheta
 
 class AcDbDimension : public AcDbEntity {
 public:
@@ -54,6 +55,13 @@ public:
     virtual const ACHAR* usualPrefix() const { return L""; }
     virtual bool isAngular() const { return false; }
 
+    /// As another program's file has it; null when it never was, or was changed since.
+    const prancheta::FiledDimension* filed() const;
+    /// Shows and keeps this until the dimension is changed. Not for one in a drawing's undo.
+    void keepFiled(std::shared_ptr<const prancheta::FiledDimension> filed) {
+        m_filed = std::move(filed);
+    }
+
 protected:
     /// What a dimension seldom says for itself.
     struct Own {
@@ -71,6 +79,12 @@ protected:
     Own& makeOwn() {
         if (!m_own) m_own = std::make_unique<Own>();
         return *m_own;
+    }
+
+    /// Before every change of what the picture shows.
+    void assertChange() {
+        assertWriteEnabled();
+        m_filed.reset();
     }
 
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* draw) override;
@@ -93,6 +107,7 @@ protected:
 private:
     std::span<AcGePoint3d> points();
     std::unique_ptr<Own> m_own;
+    std::shared_ptr<const prancheta::FiledDimension> m_filed;
 };
 
 /// What aligned and rotated dimensions share; not a class at run time.

@@ -2,7 +2,10 @@
 // Writes entities.
 #include "prancheta/dxf/entity_writer.h"
 
+#include <algorithm>
+
 #include "dblead.h"
+#include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/piece_record.h"
@@ -212,6 +215,29 @@ void EntityWriter::writeDimension(const ForeignEntity& dimension, const std::str
     for (RawTag& tag : tags)
         if (tag.code == 2) tag.value = block;
     writeForeign(dimension, tags, place);
+}
+
+void EntityWriter::writeFiled(const AcDbDimension& dimension, const FiledDimension& filed,
+                              const Place& place) {
+    const EntityType& type = *entityTypeOf(dimension);
+    RawTags tags = filed.tags;
+    // Records may have got other names.
+    for (RawTag& tag : tags) {
+        if (tag.code == 2) tag.value = toUtf8(ObjectAccess::recordName(filed.block));
+        if (tag.code == 3 && !dimension.dimensionStyle().isNull())
+            tag.value = m_names.of(dimension.dimensionStyle());
+    }
+    head(type.name, dimension, place);
+    raw(type.name, tags, 0, tags.size());
+    RawTags taken = filed.xdata;
+    const bool sameScale = takeDimscale(taken) == dimension.ownDimscale();
+    const ObjectExtra* const extra = ObjectAccess::extra(dimension);
+    const RawTags own = extra != nullptr ? RawTags(extra->xdata) : RawTags();
+    const bool same = std::ranges::equal(taken, own, [](const RawTag& a, const RawTag& b) {
+        return a.code == b.code && a.value == b.value;
+    });
+    if (sameScale && same) return m_out.raw(filed.xdata);
+    scaledXdata(dimension, dimension.ownDimscale());
 }
 
 void EntityWriter::writeDimension(const AcDbEntity& original, const AcDbEntity& asFiled,

@@ -4,6 +4,7 @@
 
 #include "prancheta/dxf/entity_types.h"
 #include "prancheta/dxf/handle_source.h"
+#include "prancheta/entities/filed_dimension.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 
@@ -27,6 +28,9 @@ public:
     /// A dimension that is kept group by group, with the name of the block of its picture.
     void writeDimension(const ForeignEntity& dimension, const std::string& block,
                         const Place& place);
+    /// A dimension that nobody changed since another program's file was read.
+    void writeFiled(const AcDbDimension& dimension, const FiledDimension& filed,
+                    const Place& place);
     /// The aligned dimension with the name of the block of its picture.
     void writeDimension(const AcDbEntity& original, const AcDbEntity& asFiled,
                         const std::string& block, const Place& place);

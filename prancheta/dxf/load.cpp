@@ -242,6 +242,7 @@ bool Loader::complete() {
     });
     m_core.assignMissingHandles();
     takeArrows();
+    keepFiledDimensions();
     applyVariables();
     for (const LaterMove& move : m_moved) {
         AcDbEntity* entity = nullptr;

@@ -179,6 +179,7 @@ bool Loader::keepBlockPart(FileBlock& found, const Record& part) {
 /// Reads the blocks that were passed over: those that something uses, and those that nothing at all
 /// uses; not those that only hold pictures of pieces and dimensions.
 bool Loader::readWantedBlocks() {
+    wantFiledBlocks();
     for (FileBlock* found : m_blockOrder)
         if (!found->ofPicture && found->id.isNull() && !found->content.empty())
             if (makeBlock(*found).isNull()) return false;
@@ -189,6 +190,7 @@ bool Loader::readWantedBlocks() {
         TagReader reader(found.content);
         Record begin;
         if (reader.next(begin) && !readBlock(reader, begin, found)) return false;
+        wantFiledBlocks();
     }
     for (const FileBlock* found : m_blockOrder) {
         if (found->id.isNull() || found->isRead) continue;

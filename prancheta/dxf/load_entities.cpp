@@ -81,18 +81,8 @@ bool Loader::readEntity(TagReader& reader, const Record& record, AcDbObjectId ow
         }
         m_leaders.push_back(leader);
     }
-    if (auto* const dimension = AcDbDimension::cast(entity.get())) {
-        // The picture is drawn anew; its block is read only when something else uses it.
-        if (!m_values.texts[1].empty()) block(m_values.texts[1]).ofPicture = true;
-        if (ObjectAccess::extra(*dimension) != nullptr) {
-            RawTags xdata = ObjectAccess::extra(*dimension)->xdata;
-            (void)dimension->setDimscale(takeDimscale(xdata));
-            if (auto* const linear = dynamic_cast<PranchetaLinearDimension*>(dimension))
-                takeThroughPoint(xdata, *linear);
-            ObjectAccess::makeExtra(*dimension).xdata = xdata;
-            ObjectAccess::dropEmptyExtra(*dimension);
-        }
-    }
+    if (auto* const dimension = AcDbDimension::cast(entity.get()))
+        if (!takeDimension(record.type, *dimension)) return false;
     if (!m_parts.empty() && !takeParts(static_cast<AcDbBlockReference&>(*entity))) return false;
     return append(std::move(entity), owner);
 }

@@ -13,6 +13,7 @@
 #include "prancheta/dxf/load_names.h"
 #include "prancheta/dxf/piece_record.h"
 #include "prancheta/dxf/record_types.h"
+#include "prancheta/entities/filed_dimension.h"
 
 class AcDbBlockReference;
 class AcDbLeader;
@@ -99,6 +100,10 @@ private:
     Adesk::UInt64 claim(Adesk::UInt64 handle, const char* at);
     bool keepExtra(AcDbObject& object, const Tags& rest, std::string_view withoutApplication = {});
     void wantBlocksOf(std::string_view type, const RawTags& tags);
+    /// A dimension as it was read just now: one of another program keeps its picture and groups.
+    bool takeDimension(std::string_view type, AcDbDimension& dimension);
+    void wantFiledBlocks();
+    void keepFiledDimensions();
 
     // Objects.
     struct ObjectSpan {
@@ -142,6 +147,12 @@ private:
         std::wstring block;
         int code;  ///< of its handle in newer files
     };
+    /// A dimension that keeps the picture of its file once the blocks are known.
+    struct LaterDimension {
+        AcDbDimension* dimension;
+        FileBlock* block;
+        std::shared_ptr<FiledDimension> filed;
+    };
     struct LaterMove {
         AcDbEntity* entity;
         AcGeMatrix3d matrix;
@@ -176,6 +187,8 @@ private:
     std::vector<const AcDbLeader*> m_leaders;
     std::vector<LaterArrow> m_arrows;
     std::vector<LaterMove> m_moved;
+    std::vector<LaterDimension> m_filed;
+    std::size_t m_filedWanted = 0;              ///< of those, how many blocks are asked for
     std::unordered_set<AcDbStub*> m_automatic;  ///< objects whose handle the file did not give
     std::unordered_map<Adesk::UInt64, ObjectSpan*> m_objectsByHandle;
     std::deque<ObjectSpan> m_objects;  ///< stays in place when a second section adds to it

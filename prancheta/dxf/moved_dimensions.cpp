@@ -6,6 +6,7 @@
 #include <functional>
 #include <unordered_set>
 
+#include "dbdim.h"
 #include "dbents.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/entities/block_content.h"
@@ -45,6 +46,7 @@ void MovedDimensions::plan(const std::vector<AcDbObjectId>& blocks) {
     forEachEntity(blocks, [&](const AcDbEntity& entity) {
         if (const auto* const reference = AcDbBlockReference::cast(&entity))
             taken.insert(reference->blockTableRecord());
+        if (entity.isKindOf(AcDbDimension::desc())) taken.insert(blockShownBy(entity));
         if (const auto* const foreign = ForeignEntity::cast(&entity))
             if (!wasMoved(*foreign)) taken.insert(blockShownBy(*foreign));
     });

@@ -131,7 +131,7 @@ void Saver::planPictures() {
             }
             if (entity.isKindOf(AcDbDimension::desc())) {
                 const auto& dimension = static_cast<const AcDbDimension&>(entity);
-                m_dimensions.push_back(&dimension);
+                if (dimension.filed() == nullptr) m_dimensions.push_back(&dimension);
                 if (!inModel) continue;
                 for (const AcGePoint3d& p : filedPoints(dimension)) m_extents.addPoint(p);
                 continue;

@@ -159,6 +159,10 @@ void Saver::writeEntities(const AcDbBlockTableRecord& record, bool paper) {
             writePiece(entity, place);
         } else if (entity.isKindOf(AcDbDimension::desc())) {
             const auto& dimension = static_cast<const AcDbDimension&>(entity);
+            if (const FiledDimension* const kept = dimension.filed()) {
+                m_entities.writeFiled(dimension, *kept, place);
+                continue;
+            }
             const std::unique_ptr<AcDbDimension> filed = asFiled(dimension);
             if (!filed) return;  // the error is kept already
             m_entities.writeDimension(dimension, *filed, m_dimensionBlocks[m_nextDimension++].name,

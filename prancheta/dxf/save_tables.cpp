@@ -4,6 +4,7 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/dxf/piece_record.h"
 #include "prancheta/dxf/releases.h"
 #include "prancheta/dxf/saver.h"
 
@@ -165,8 +166,9 @@ void Saver::writeTable(const RecordType& type) {
         for (const auto& [application, handle] : m_applications)
             writeMadeRecord(type, handle, application);
     if (name == "BLOCK_RECORD") {
-        for (const PictureBlock& block : m_pieces.blocks()) writeBlockRecord(block);
-        for (const PictureBlock& block : m_dimensionBlocks) writeBlockRecord(block);
+        for (const PictureBlock& block : m_pieces.blocks()) writeBlockRecord(block, false);
+        for (std::size_t i = 0; i < m_dimensionBlocks.size(); ++i)
+            writeBlockRecord(m_dimensionBlocks[i], i < m_dimensions.size());
     }
     m_out.text(0, "ENDTAB");
 }
@@ -237,15 +239,20 @@ void Saver::writeMadeRecord(const RecordType& type, Adesk::UInt64 handle,
     writeFields(type.fields, m_values, m_names, m_out, nullptr, 0);
 }
 
-void Saver::writeBlockRecord(const PictureBlock& block) {
+void Saver::writeBlockRecord(const PictureBlock& block, bool ofDimension) {
     beginRecord("BLOCK_RECORD", 5, block.record, m_database.blockTableId().handle().value());
     m_out.marker("AcDbBlockTableRecord");
     m_out.text(2, block.name);
     m_out.handle(340, 0);
-    if (m_version < "AC1021") return;
-    m_out.integer(70, 0);
-    m_out.integer(280, 1);
-    m_out.integer(281, 0);
+    if (m_version >= "AC1021") {
+        m_out.integer(70, 0);
+        m_out.integer(280, 1);
+        m_out.integer(281, 0);
+    }
+    if (!ofDimension) return;
+    // Drawn here, and so laid out anew when it is read.
+    m_out.text(1001, kPieceApplication);
+    m_out.integer(1070, 1);
 }
 
 }  // namespace prancheta::dxf

@@ -73,7 +73,7 @@ private:
     void writeDefaultVport();
     void writeKeptVports(const RawTags& tags);
     void writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name);
-    void writeBlockRecord(const PictureBlock& block);
+    void writeBlockRecord(const PictureBlock& block, bool ofDimension);
     void writeBlocks();
     void writeBlock(const Block& block);
     void writeBlockPart(const char* part, const Block& block, Adesk::UInt64 handle);

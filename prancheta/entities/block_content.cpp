@@ -10,6 +10,7 @@
 #include "prancheta/base/nesting.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/draw_order.h"
+#include "prancheta/entities/filed_dimension.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
@@ -81,6 +82,10 @@ PictureTraits BlockInheritance::resolved(PictureTraits traits) const {
 AcDbObjectId blockShownBy(const AcDbEntity& entity) {
     if (const auto* const reference = AcDbBlockReference::cast(&entity))
         return reference->blockTableRecord();
+    if (const auto* const dimension = AcDbDimension::cast(&entity)) {
+        const FiledDimension* const filed = dimension->filed();
+        return filed != nullptr ? filed->block : AcDbObjectId();
+    }
     const auto* const foreign = ForeignEntity::cast(&entity);
     AcDbObjectId block;
     if (foreign == nullptr || entity.database() == nullptr) return block;

@@ -3,8 +3,10 @@
 #include "dbdim.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/dimension_layout.h"
+#include "prancheta/entities/filed_dimension.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/tag_list.h"
 #include "prancheta/graphics/picture_recorder.h"
 
 using namespace prancheta;
@@ -15,14 +17,14 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDimension, AcDbEntity)
 
 Acad::ErrorStatus AcDbDimension::setDimensionStyle(AcDbObjectId id) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     if (own() != nullptr || !id.isNull()) makeOwn().style = id;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     const std::wstring_view wanted = text != nullptr ? text : L"";
     if (own() != nullptr || !wanted.empty()) makeOwn().text = wanted;
     return Acad::eOk;
@@ -30,6 +32,7 @@ Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text) {
 
 AcGePoint3d AcDbDimension::textPosition() const {
     if (!isUsingDefaultTextPosition()) return own()->textPosition;
+    if (const FiledDimension* const as = filed()) return as->textMiddle;
     DimensionLayout layout(*this);
     layOut(layout);
     return layout.textMiddle;
@@ -37,7 +40,7 @@ AcGePoint3d AcDbDimension::textPosition() const {
 
 Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& p) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     makeOwn().textPosition = p;
     makeOwn().userTextPosition = true;
     return Acad::eOk;
@@ -45,14 +48,14 @@ Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& p) {
 
 Acad::ErrorStatus AcDbDimension::useDefaultTextPosition() {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     if (own() != nullptr) makeOwn().userTextPosition = false;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDimension::setTextRotation(double angle) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     if (own() != nullptr || angle != 0.0) makeOwn().textRotation = angle;
     return Acad::eOk;
 }
@@ -62,7 +65,7 @@ double AcDbDimension::dimscale() const { return styleValues(*this).dimscale; }
 Acad::ErrorStatus AcDbDimension::setDimscale(double scale) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!(scale >= 0.0)) return Acad::eInvalidInput;
-    assertWriteEnabled();
+    assertChange();
     if (own() != nullptr || scale != 0.0) makeOwn().dimscale = scale;
     return Acad::eOk;
 }
@@ -71,6 +74,11 @@ std::wstring AcDbDimension::shownText() const {
     const std::wstring measured = measuredText(*this);
     const std::wstring text = dimensionTextConst();
     return text.empty() ? measured : withMeasure(text, measured);
+}
+
+const FiledDimension* AcDbDimension::filed() const {
+    const bool stands = m_filed && !m_filed->block.isErased() && m_filed->style == styleMark(*this);
+    return stands ? m_filed.get() : nullptr;
 }
 
 // --- Points --------------------------------------------------------------------------------------
@@ -83,14 +91,15 @@ std::span<AcGePoint3d> AcDbDimension::points() {
 Acad::ErrorStatus AcDbDimension::setDefinitionPoint(std::size_t index, const AcGePoint3d& p) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (index >= points().size()) return Acad::eInvalidIndex;
-    assertWriteEnabled();
+    assertChange();
     points()[index] = p;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDimension::subTransformBy(const AcGeMatrix3d& m) {
     if (!m.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
-    assertWriteEnabled();
+    if (m == AcGeMatrix3d::kIdentity) return Acad::eOk;
+    assertChange();
     for (AcGePoint3d& p : points()) p.transformBy(m);
     if (own() != nullptr) {
         Own& mine = makeOwn();
@@ -117,7 +126,7 @@ Acad::ErrorStatus AcDbDimension::subGetGripPoints(AcGePoint3dArray& points, AcDb
 
 Acad::ErrorStatus AcDbDimension::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                      const AcGeVector3d& offset) {
-    assertWriteEnabled();
+    assertChange();
     const std::span<AcGePoint3d> all = points();
     const AcGePoint3d text = textPosition();
     const int count = static_cast<int>(all.size());
@@ -195,15 +204,42 @@ Acad::ErrorStatus AcDbDimension::dwgOutFields(AcDbDwgFiler* filer) const {
     filer->writeInt16(kFieldsVersion);
     for (const AcGePoint3d& p : definitionPoints()) filer->writePoint3d(p);
     filer->writeBool(own() != nullptr);
-    if (own() == nullptr) return filer->filerStatus();
-    filer->writeHardPointerId(own()->style);
-    filer->writeString(own()->text.c_str());
-    filer->writePoint3d(own()->textPosition);
-    filer->writeBool(own()->userTextPosition);
-    for (const double value : {own()->dimscale, own()->oblique, own()->textRotation})
-        filer->writeDouble(value);
+    if (own() != nullptr) {
+        filer->writeHardPointerId(own()->style);
+        filer->writeString(own()->text.c_str());
+        filer->writePoint3d(own()->textPosition);
+        filer->writeBool(own()->userTextPosition);
+        for (const double value : {own()->dimscale, own()->oblique, own()->textRotation})
+            filer->writeDouble(value);
+    }
+    filer->writeBool(m_filed != nullptr);
+    if (m_filed == nullptr) return filer->filerStatus();
+    filer->writeHardPointerId(m_filed->block);
+    filer->writePoint3d(m_filed->textMiddle);
+    filer->writeBytes(&m_filed->style, sizeof m_filed->style);
+    writeTags(*filer, m_filed->tags);
+    writeTags(*filer, m_filed->xdata);
     return filer->filerStatus();
 }
+
+namespace {
+
+std::shared_ptr<const FiledDimension> readFiled(AcDbDwgFiler& filer) {
+    auto filed = std::make_shared<FiledDimension>();
+    AcDbHardPointerId block;
+    filer.readHardPointerId(&block);
+    filed->block = block;
+    filer.readPoint3d(&filed->textMiddle);
+    filer.readBytes(&filed->style, sizeof filed->style);
+    for (PackedTags* const groups : {&filed->tags, &filed->xdata}) {
+        RawTags read;
+        if (readTags(filer, read) != Acad::eOk) return nullptr;
+        *groups = read;
+    }
+    return filed->block.isNull() ? nullptr : filed;
+}
+
+}  // namespace
 
 Acad::ErrorStatus AcDbDimension::dwgInFields(AcDbDwgFiler* filer) {
     Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
@@ -213,16 +249,20 @@ Acad::ErrorStatus AcDbDimension::dwgInFields(AcDbDwgFiler* filer) {
     bool said = false;
     filer->readBool(&said);
     m_own.reset();
-    if (!said) return filer->filerStatus();
-    Own& read = makeOwn();
-    AcDbHardPointerId style;
-    filer->readHardPointerId(&style);
-    read.style = style;
-    es = readText(filer, read.text);
-    if (es != Acad::eOk) return es;
-    filer->readPoint3d(&read.textPosition);
-    filer->readBool(&read.userTextPosition);
-    for (double* const value : {&read.dimscale, &read.oblique, &read.textRotation})
-        filer->readDouble(value);
+    if (said) {
+        Own& read = makeOwn();
+        AcDbHardPointerId style;
+        filer->readHardPointerId(&style);
+        read.style = style;
+        es = readText(filer, read.text);
+        if (es != Acad::eOk) return es;
+        filer->readPoint3d(&read.textPosition);
+        filer->readBool(&read.userTextPosition);
+        for (double* const value : {&read.dimscale, &read.oblique, &read.textRotation})
+            filer->readDouble(value);
+    }
+    bool filed = false;
+    filer->readBool(&filed);
+    m_filed = filed ? readFiled(*filer) : nullptr;
     return filer->filerStatus();
 }

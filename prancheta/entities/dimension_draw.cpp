@@ -6,6 +6,7 @@
 #include "prancheta/entities/block_content.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/dimension_layout.h"
+#include "prancheta/entities/filed_dimension.h"
 #include "prancheta/entities/picture_entities.h"
 #include "prancheta/graphics/picture_recorder.h"
 
@@ -74,6 +75,8 @@ void part(const DimensionPart& each, AcGiGeometry& to) {
 }  // namespace
 
 void drawDimension(const AcDbDimension& dimension, AcGiWorldDraw& draw) {
+    if (const FiledDimension* const filed = dimension.filed())
+        return replay(blockPicture(filed->block, traitsOf(dimension)), draw);
     DimensionLayout layout(dimension);
     dimension.layOut(layout);
     for (const DimensionPart& each : layout.parts) {

@@ -86,6 +86,20 @@ AcDbDimStyleValues styleValues(const AcDbEntity& entity, AcDbObjectId style, dou
     return values;
 }
 
+std::size_t styleMark(const AcDbDimension& dimension) {
+    const AcDbDimStyleValues values = styleValues(dimension);
+    std::size_t mark = 0;
+    const auto mix = [&mark](std::size_t part) { mark = mark * 1000003u ^ part; };
+    for (const DimVariable& variable : dimVariables()) {
+        if (variable.real != nullptr) mix(std::hash<double>()(values.*variable.real));
+        if (variable.integer != nullptr) mix(static_cast<std::size_t>(values.*variable.integer));
+        if (variable.text != nullptr) mix(std::hash<std::wstring>()(values.*variable.text));
+        if (variable.block != nullptr)
+            mix(std::hash<std::wstring>()(ObjectAccess::recordName(values.*variable.block)));
+    }
+    return mark;
+}
+
 void forgetOverrides(AcDbDimension& dimension) {
     const ObjectExtra* const extra = ObjectAccess::extra(dimension);
     if (extra == nullptr) return;

@@ -20,19 +20,6 @@ ACRX_CONS_DEFINE_MEMBERS(ForeignEntity, AcDbEntity, 1)
 
 namespace {
 
-void writeBytes(AcDbDwgFiler* filer, const std::string& text) {
-    filer->writeUInt32(static_cast<Adesk::UInt32>(text.size()));
-    if (!text.empty()) filer->writeBytes(text.data(), static_cast<Adesk::UInt32>(text.size()));
-}
-
-Acad::ErrorStatus readBytes(AcDbDwgFiler* filer, std::string& text) {
-    Adesk::UInt32 size = 0;
-    const Acad::ErrorStatus es = filer->readUInt32(&size);
-    if (es != Acad::eOk) return es;
-    text.resize(size);
-    return size == 0 ? Acad::eOk : filer->readBytes(text.data(), size);
-}
-
 bool isOneOf(std::string_view name, std::initializer_list<std::string_view> names) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -125,12 +112,8 @@ Acad::ErrorStatus ForeignEntity::dwgOutFields(AcDbDwgFiler* filer) const {
     const Acad::ErrorStatus es = AcDbEntity::dwgOutFields(filer);
     if (es != Acad::eOk) return es;
     filer->writeInt16(kFieldsVersion);
-    writeBytes(filer, m_typeName);
-    filer->writeUInt32(static_cast<Adesk::UInt32>(m_tags.size()));
-    for (const RawTag& tag : m_tags) {
-        filer->writeInt32(tag.code);
-        writeBytes(filer, tag.value);
-    }
+    writeBytes(*filer, m_typeName);
+    writeTags(*filer, m_tags);
     if (isDimension(m_typeName))
         filer->writeBytes(&m_sinceDrawn, static_cast<Adesk::UInt32>(sizeof m_sinceDrawn));
     if (filer->filerType() == AcDb::kWblockCloneFiler && drawingOf(*this) != nullptr &&
@@ -142,18 +125,9 @@ Acad::ErrorStatus ForeignEntity::dwgOutFields(AcDbDwgFiler* filer) const {
 Acad::ErrorStatus ForeignEntity::dwgInFields(AcDbDwgFiler* filer) {
     Acad::ErrorStatus es = AcDbEntity::dwgInFields(filer);
     if (es == Acad::eOk) es = readVersion(filer);
-    if (es == Acad::eOk) es = readBytes(filer, m_typeName);
-    Adesk::UInt32 count = 0;
-    if (es == Acad::eOk) es = filer->readUInt32(&count);
+    if (es == Acad::eOk) es = readBytes(*filer, m_typeName);
+    if (es == Acad::eOk) es = readTags(*filer, m_tags);
     if (es != Acad::eOk) return es;
-    m_tags.resize(count);
-    for (RawTag& tag : m_tags) {
-        Adesk::Int32 code = 0;
-        filer->readInt32(&code);
-        tag.code = code;
-        es = readBytes(filer, tag.value);
-        if (es != Acad::eOk) return es;
-    }
     if (isDimension(m_typeName))
         filer->readBytes(&m_sinceDrawn, static_cast<Adesk::UInt32>(sizeof m_sinceDrawn));
     if (filer->filerType() == AcDb::kWblockCloneFiler) readReferences(*filer, m_tags);

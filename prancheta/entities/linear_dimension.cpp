@@ -75,7 +75,7 @@ PranchetaLinearDimension::PranchetaLinearDimension(const AcGePoint3d& xLine1,
 
 Acad::ErrorStatus PranchetaLinearDimension::setOblique(double angle) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     if (own() != nullptr || angle != 0.0) makeOwn().oblique = angle;
     return Acad::eOk;
 }
@@ -130,7 +130,7 @@ Acad::ErrorStatus PranchetaLinearDimension::subGetGripPoints(AcGePoint3dArray& p
 
 Acad::ErrorStatus PranchetaLinearDimension::subMoveGripPointsAt(const AcDbIntArray& indices,
                                                                 const AcGeVector3d& offset) {
-    assertWriteEnabled();
+    assertChange();
     const AcGePoint3d text = textPosition();
     if (indices.contains(0)) m_points[0] += offset;
     if (indices.contains(1)) m_points[1] += offset;
@@ -164,7 +164,7 @@ double AcDbRotatedDimension::measurement() const {
 
 Acad::ErrorStatus AcDbRotatedDimension::setRotation(double angle) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     m_rotation = angle;
     return Acad::eOk;
 }

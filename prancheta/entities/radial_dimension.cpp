@@ -79,7 +79,7 @@ PranchetaRadialDimension::PranchetaRadialDimension(const AcGePoint3d& a, const A
 
 Acad::ErrorStatus PranchetaRadialDimension::setLeaderLength(double length) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     m_leaderLength = length;
     return Acad::eOk;
 }
@@ -90,7 +90,7 @@ void PranchetaRadialDimension::layOut(DimensionLayout& out) const {
 
 Acad::ErrorStatus PranchetaRadialDimension::moveText(const AcGePoint3d& p) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
-    assertWriteEnabled();
+    assertChange();
     const AcGePoint3d centre = middle();
     const AcGeVector3d along = directionOf(centre, p);
     const double inner = centre.distanceTo(innerPoint());

@@ -101,4 +101,40 @@ void setFirst(RawTags& tags, int code, double value) {
     tags.push_back({code, numberText(value)});
 }
 
+void writeBytes(AcDbDwgFiler& filer, const std::string& text) {
+    filer.writeUInt32(static_cast<Adesk::UInt32>(text.size()));
+    if (!text.empty()) filer.writeBytes(text.data(), static_cast<Adesk::UInt32>(text.size()));
+}
+
+Acad::ErrorStatus readBytes(AcDbDwgFiler& filer, std::string& text) {
+    Adesk::UInt32 size = 0;
+    const Acad::ErrorStatus es = filer.readUInt32(&size);
+    if (es != Acad::eOk) return es;
+    text.resize(size);
+    return size == 0 ? Acad::eOk : filer.readBytes(text.data(), size);
+}
+
+void writeTags(AcDbDwgFiler& filer, const RawTags& tags) {
+    filer.writeUInt32(static_cast<Adesk::UInt32>(tags.size()));
+    for (const RawTag& tag : tags) {
+        filer.writeInt32(tag.code);
+        writeBytes(filer, tag.value);
+    }
+}
+
+Acad::ErrorStatus readTags(AcDbDwgFiler& filer, RawTags& tags) {
+    Adesk::UInt32 count = 0;
+    Acad::ErrorStatus es = filer.readUInt32(&count);
+    if (es != Acad::eOk) return es;
+    tags.resize(count);
+    for (RawTag& tag : tags) {
+        Adesk::Int32 code = 0;
+        filer.readInt32(&code);
+        tag.code = code;
+        es = readBytes(filer, tag.value);
+        if (es != Acad::eOk) return es;
+    }
+    return Acad::eOk;
+}
+
 }  // namespace prancheta

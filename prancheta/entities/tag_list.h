@@ -41,4 +41,10 @@ void setNumber(RawTag& tag, double value);
 /// First group of this code; at the end when there is none.
 void setFirst(RawTags& tags, int code, double value);
 
+/// Texts and groups in the fields of an object.
+void writeBytes(AcDbDwgFiler& filer, const std::string& text);
+Acad::ErrorStatus readBytes(AcDbDwgFiler& filer, std::string& text);
+void writeTags(AcDbDwgFiler& filer, const RawTags& tags);
+Acad::ErrorStatus readTags(AcDbDwgFiler& filer, RawTags& tags);
+
 }  // namespace prancheta

@@ -3,8 +3,10 @@
 #include "dbdim.h"
 #include "dblead.h"
 #include "dbmtext.h"
+#include "dbsymtb.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/draw_order.h"
+#include "prancheta/database/undo.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
@@ -290,6 +292,59 @@ TEST(Foreign, MovedDimensionsShowTheirPictureWhereTheyAre) {
         EXPECT_TRUE(before.minPoint().isEqualTo(after.minPoint())) << i;
         EXPECT_TRUE(before.maxPoint().isEqualTo(after.maxPoint())) << i;
     }
+}
+
+TEST(Foreign, DimensionsKeepWhatTheirProgramDrewUntilTheyAreChanged) {
+    const char* blocks =
+        "0 SECTION|2 BLOCKS|0 BLOCK|5 D1|330 D0|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 *D7|70 "
+        "1|10 0|20 0|30 0|3 *D7|1 |0 CIRCLE|5 D3|330 D0|100 AcDbEntity|8 0|100 AcDbCircle|10 3|20 "
+        "0|30 0|40 9.5|0 ENDBLK|5 D2|330 D0|100 AcDbEntity|8 0|100 AcDbBlockEnd|0 ENDSEC";
+    // The place of the text, the measure and the groups of defaults are the other program's own.
+    const std::string one =
+        "0 DIMENSION|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|280 0|2 *D7|10 4.0|20 5.0|30 "
+        "0.0|11 1.25|21 6.5|31 0.0|70 33|71 5|72 1|41 1.0|42 4.999|3 Standard|100 "
+        "AcDbAlignedDimension|12 0.0|22 0.0|32 0.0|13 0.0|23 0.0|33 0.0|14 4.0|24 0.0|34 0.0|1001 "
+        "ACAD|1000 DSTYLE|1002 {|1070 41|1040 3.0|1070 40|1040 2.0|1002 }";
+    std::string other = one;
+    other.replace(other.find("5 D9"), 4, "5 DA");
+    const auto database = loadText(fileWith(one + "|" + other, "AC1015", blocks));
+    ASSERT_NE(database, nullptr);
+    Groups all = groupsOf(saved(*database));
+    EXPECT_EQ(without(record(all, "DIMENSION"), 330), without(groups(one), 330));
+    EXPECT_EQ(without(record(all, "DIMENSION", 5, "DA"), 330), without(groups(other), 330));
+    EXPECT_EQ(countOf(all, "BLOCK"), 3U) << "both show one block";
+    EXPECT_EQ(dynamic_cast<AcDbDimension*>(modelSpace(*database)[0])->textPosition().y, 6.5);
+
+    const AcDbObjectId first = database->core().modelSpace().at(0);
+    const auto change = [&](auto how) {
+        database->core().undo().begin(L"MOVE");
+        const AcDbObjectPointer<AcDbAlignedDimension> open(first, AcDb::kForWrite);
+        ASSERT_EQ(how(*open.object()), Acad::eOk);
+    };
+    change([](auto& d) { return d.transformBy(AcGeMatrix3d::translation({10, 0, 0})); });
+    all = groupsOf(saved(*database));
+    const Groups moved = record(all, "DIMENSION", 5, "D9");
+    EXPECT_EQ(valueOf(moved, 42), "4.0") << "laid out by this program now";
+    EXPECT_NE(valueOf(moved, 2), "*D7");
+    EXPECT_EQ(without(record(all, "DIMENSION", 5, "DA"), 330), without(groups(other), 330));
+    const auto again = loadText(saved(*database));
+    ASSERT_NE(again, nullptr);
+    EXPECT_TRUE(saved(*again) == saved(*database));
+
+    database->core().undo().end();
+    ASSERT_TRUE(database->core().undo().undo());
+    all = groupsOf(saved(*database));
+    EXPECT_EQ(without(record(all, "DIMENSION"), 330), without(groups(one), 330));
+    // Another style, and both are drawn by it.
+    {
+        const AcDbObjectPointer<AcDbDimStyleTableRecord> style(database->dimstyle(),
+                                                               AcDb::kForWrite);
+        AcDbDimStyleValues values = style->values();
+        values.dimtxt *= 2.0;
+        ASSERT_EQ(style->setValues(values), Acad::eOk);
+    }
+    all = groupsOf(saved(*database));
+    EXPECT_EQ(countOf(all, "BLOCK"), 5U);
 }
 
 TEST(Foreign, DimensionsShowTheirOverridesOrKeepTheirPicture) {
