@@ -77,6 +77,7 @@ AcDbObjectId pickedBefore() {
 std::wstring whyNotCut(AcDbObjectId id) {
     const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
     if (peca.object() == nullptr) return L"Selecione uma peça em vista longitudinal.";
+    if (zp::edit::onLockedLayer(*peca.object())) return zp::edit::kLocked;
     const ACHAR* const reason = zp::ends::whyNone(Access::of(*peca.object()));
     return reason != nullptr ? reason : L"";
 }
@@ -258,8 +259,6 @@ std::optional<Met> askEdge(const Asked& asked) {
 
 void cut(const Asked& asked, const Met& met, double gap) {
     const AcDbObjectPointer<ZpObject> peca(asked.peca, AcDb::kForWrite);
-    if (peca.openStatus() == Acad::eOnLockedLayer)
-        return protocol::fail(L"A camada da peça está bloqueada; desbloqueie-a para alterar.");
     if (peca.object() == nullptr) return protocol::fail(L"A peça não pode ser alterada agora.");
     const Cut made = cutAt(Access::of(*peca.object()), met.end, met.crossing, gap);
     const std::wstring reason = zp::ends::refusal(*peca.object(), made.ends);

@@ -278,6 +278,12 @@ TEST_F(Cortes, APieceIsCutByAnEdge) {
     EXPECT_EQ(degrees(id, 1), 0);
     type({L"_u"});
     EXPECT_EQ(std::pair(axis(), longest(id)), before);
+    type({L"-layer", L"_lo", L"0", L""});
+    cut({{900, 0, id}}, {});
+    EXPECT_TRUE(said(L"A camada da peça está bloqueada; desbloqueie-a para alterar."));
+    EXPECT_EQ(setEnds(*editor, id, 0, 500),
+              L"A camada da peça está bloqueada; desbloqueie-a para alterar.");
+    EXPECT_EQ(std::pair(axis(), longest(id)), before);
 }
 
 // The member from the right at y = 0, two pieces of it, each with its view from above 525 below.

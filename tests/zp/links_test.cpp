@@ -160,6 +160,21 @@ TEST_F(Links, WhatLiesOnALockedLayerStays) {
     type({L"_oops", L"-layer", L"_u", L"PRESA", L""});
     command(L"_move", {peca}, {L"0,0", L"10,0"});
     expectAllAt(20, 0);
+    // Of a locked piece nothing goes alone; the line of a dimension may.
+    for (const AcDbObjectId& id : {comprimento, last, peca}) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        (void)entity->setLayer(id == peca ? L"PRESA" : L"0");
+    }
+    type({L"-layer", L"_lo", L"PRESA", L"", L"_stretch", L"_c", L"450,-200", L"600,200", L"",
+          L"0,0", L"100,0"});
+    EXPECT_TRUE(said(L"1 cota fica com a sua peça, que está em camada bloqueada"))
+        << testing::PrintToString(ui.printed);
+    expectAllAt(20, 0);
+    {
+        const AcDbObjectPointer<AcDbAlignedDimension> line(comprimento, AcDb::kForWrite);
+        EXPECT_EQ(line->setDimLinePoint({20, -150, 0}), Acad::eOk);
+    }
+    expectCota(comprimento, 20, -100, 520, -100, 20, -150);
 }
 
 TEST_F(Links, AnExplodedBlockIsTiedAsItWasInTheBlock) {

@@ -283,7 +283,9 @@ Faces cornersOf(const ZpObject& peca) {
 }
 
 Edit::Edit(AcDbObjectId peca)
-    : m_id(peca), m_status(acdbOpenObject(m_peca, peca, AcDb::kForWrite)) {
+    : m_id(peca),
+      m_status(onLockedLayer(peca) ? Acad::eOnLockedLayer
+                                   : acdbOpenObject(m_peca, peca, AcDb::kForWrite)) {
     if (m_status != Acad::eOk) {
         m_peca = nullptr;
         return;

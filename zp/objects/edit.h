@@ -38,6 +38,8 @@ void learnChapas(ZpObject& peca);
 /// The piece that this one follows; null when it follows none.
 AcDbObjectId ownerOf(const ZpObject& peca);
 
+inline constexpr const wchar_t* kLocked =
+    L"A camada da peça está bloqueada; desbloqueie-a para alterar.";
 /// What nobody may change: false, too, when the layer cannot be read.
 bool onLockedLayer(const AcDbEntity& entity);
 bool onLockedLayer(AcDbObjectId entity);
@@ -95,7 +97,8 @@ public:
     Edit(const Edit&) = delete;
     Edit& operator=(const Edit&) = delete;
 
-    /// Of opening the piece; nothing else may be called unless eOk.
+    /// Of opening the piece, eOnLockedLayer for what nobody may change; nothing else may be called
+    /// unless eOk.
     Acad::ErrorStatus status() const { return m_status; }
     ZpObject& peca() { return *m_peca; }
     /// Plates tied to the piece when the change began.

@@ -15,11 +15,10 @@ namespace {
 class Opened {
 public:
     explicit Opened(AcDbObjectId id) : m_peca(id, AcDb::kForWrite) {
-        const Acad::ErrorStatus status = m_peca.openStatus();
-        if (status == Acad::eOnLockedLayer)
-            reason = L"A camada da peça está bloqueada; desbloqueie-a para alterar.";
-        else if (status != Acad::eOk)
+        if (m_peca.openStatus() != Acad::eOk)
             reason = L"A peça não pode ser alterada agora.";
+        else if (edit::onLockedLayer(peca()))
+            reason = edit::kLocked;
     }
     ZpObject& peca() { return *m_peca.object(); }
 

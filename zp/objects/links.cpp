@@ -245,28 +245,48 @@ void learn(ZpObject& peca, const AcDbEntity& entity) {
     learnIn(p, entity, *p.link(entity.objectId()));
 }
 
+bool strayed(const ZpObject& peca, const AcDbEntity& entity) {
+    const Peca& p = Access::of(peca);
+    const auto l = std::ranges::find(p.linked(), entity.objectId(), &Link::id);
+    if (l == p.linked().end() || l->count == 0) return false;
+    if (const auto* object = ZpObject::cast(&entity))
+        return !near(place(p, l->points[0]), Access::of(*object).start);
+    const auto* cota = AcDbAlignedDimension::cast(&entity);
+    return cota != nullptr && !(near(place(p, l->points[0]), cota->xLine1Point()) &&
+                                near(place(p, l->points[1]), cota->xLine2Point()));
+}
+
+namespace {
+
+void putLink(const ZpObject& peca, const Link& l, const Following& following, int depth) {
+    if (l.role == Link::Role::Owner || l.count == 0) return;
+    AcDbEntity* other = nullptr;
+    const Acad::ErrorStatus es = acdbOpenAcDbEntity(other, l.id, AcDb::kForRead);
+    if (es != Acad::eOk) {
+        if (es == Acad::eWasOpenForWrite || es == Acad::eAtMaxReaders)
+            following.held(peca.objectId());
+        return;
+    }
+    // A copy that another program made names what is tied to its original.
+    const std::vector<AcDbObjectId> owners = ownersOf(*other);
+    const bool itsOwn = std::find(owners.begin(), owners.end(), peca.objectId()) != owners.end();
+    const Put how = itsOwn ? putEntity(Access::of(peca), l, *other, following) : Put::There;
+    if (how == Put::Held) following.held(peca.objectId());
+    const auto* object = ZpObject::cast(other);
+    if (object != nullptr && how == Put::Moved) putLinked(*object, following, depth + 1);
+    (void)other->close();
+}
+
+}  // namespace
+
 void putLinked(const ZpObject& peca, const Following& following, int depth) {
     if (depth > kMaxDepth) return;
-    const Peca& p = Access::of(peca);
-    for (const Link& l : p.linked()) {
-        if (l.role == Link::Role::Owner || l.count == 0) continue;
-        AcDbEntity* other = nullptr;
-        const Acad::ErrorStatus es = acdbOpenAcDbEntity(other, l.id, AcDb::kForRead);
-        if (es != Acad::eOk) {
-            if (es == Acad::eWasOpenForWrite || es == Acad::eAtMaxReaders)
-                following.held(peca.objectId());
-            continue;
-        }
-        // A copy that another program made names what is tied to its original.
-        const std::vector<AcDbObjectId> owners = ownersOf(*other);
-        const bool itsOwn =
-            std::find(owners.begin(), owners.end(), peca.objectId()) != owners.end();
-        const Put how = itsOwn ? putEntity(p, l, *other, following) : Put::There;
-        if (how == Put::Held) following.held(peca.objectId());
-        const auto* object = ZpObject::cast(other);
-        if (object != nullptr && how == Put::Moved) putLinked(*object, following, depth + 1);
-        (void)other->close();
-    }
+    for (const Link& l : Access::of(peca).linked()) putLink(peca, l, following, depth);
+}
+
+void putBack(const ZpObject& peca, AcDbObjectId linked, const Following& following) {
+    for (const Link& l : Access::of(peca).linked())
+        if (l.id == linked) putLink(peca, l, following, 0);
 }
 
 int chapasBeyondBarra(const ZpObject& peca) {

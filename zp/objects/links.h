@@ -37,6 +37,11 @@ struct Following {
 /// what is tied to that. The piece is readable.
 void putLinked(const ZpObject& peca, const Following& following, int depth = 0);
 
+/// What is tied to the piece does not measure, or stand, where its link says.
+bool strayed(const ZpObject& peca, const AcDbEntity& entity);
+/// As putLinked, for one that is tied to the piece.
+void putBack(const ZpObject& peca, AcDbObjectId linked, const Following& following);
+
 /// Followers that stand beyond the end of a piece.
 int chapasBeyondBarra(const ZpObject& peca);
 

@@ -98,7 +98,10 @@ private:
     void put(const ZpObject& peca);
     void say();
     void follow();
-    void learnAgain(AcDbObjectId id, const IdQueue& changed, MovedChapas& movedChapas);
+    using Strays = std::vector<std::pair<AcDbObjectId, AcDbObjectId>>;  ///< with their owners first
+    void learnAgain(AcDbObjectId id, const IdQueue& changed, MovedChapas& movedChapas,
+                    Strays& strays);
+    void putBack(const Strays& strays);
 
     AcDbDatabase* m_drawing;
     bool m_applying = false;
@@ -111,7 +114,8 @@ private:
     /// Entities of the command before: what is still being placed goes with its piece even where
     /// its layer is locked.
     IdQueue m_justMade;
-    IdQueue m_stayed;  ///< on locked layers
+    IdQueue m_stayed;      ///< on locked layers
+    IdQueue m_heldByPeca;  ///< tied to a piece on a locked layer
     ends::Moved m_moved;
     IdQueue m_unlaced;  ///< copies of laced pieces that have no plates
     /// What a piece knew of something tied to it that was erased alone, and where among its links.
@@ -405,22 +409,33 @@ void addCounted(std::wstring& text, std::size_t count, const wchar_t* one, const
     text += std::to_wstring(count) + L" " + (count == 1 ? one : many);
 }
 
-void Drawing::say() {
-    const IdQueue stayed = std::exchange(m_stayed, {});
+/// "2 chapas e 1 cota"; empty where there are none.
+std::wstring counted(const IdQueue& ids) {
     const auto count = [&](AcRxClass* kind) {
-        return static_cast<std::size_t>(std::ranges::count_if(
-            stayed.order(), [&](AcDbObjectId id) { return isKind(id, kind); }));
+        return static_cast<std::size_t>(
+            std::ranges::count_if(ids.order(), [&](AcDbObjectId id) { return isKind(id, kind); }));
     };
     const std::size_t chapas = count(ZpChapa::desc());
     const std::size_t cotas = count(AcDbDimension::desc());
     std::wstring text;
     addCounted(text, chapas, L"chapa", L"chapas");
     addCounted(text, cotas, L"cota", L"cotas");
-    addCounted(text, stayed.order().size() - chapas - cotas, L"peça", L"peças");
-    const bool one = stayed.order().size() == 1;
-    if (!text.empty())
-        acutPrintf(L"\n%ls %ls, em camada bloqueada; desbloqueie a camada para alterar.\n",
-                   text.c_str(), one ? L"fica como está" : L"ficam como estão");
+    addCounted(text, ids.order().size() - chapas - cotas, L"peça", L"peças");
+    return text;
+}
+
+/// `one` and `many` say what became of them, and why.
+void sayOf(const IdQueue& ids, const wchar_t* one, const wchar_t* many) {
+    if (!ids.empty())
+        acutPrintf(L"\n%ls %ls; desbloqueie a camada para alterar.\n", counted(ids).c_str(),
+                   ids.order().size() == 1 ? one : many);
+}
+
+void Drawing::say() {
+    sayOf(std::exchange(m_stayed, {}), L"fica como está, em camada bloqueada",
+          L"ficam como estão, em camada bloqueada");
+    sayOf(std::exchange(m_heldByPeca, {}), L"fica com a sua peça, que está em camada bloqueada",
+          L"ficam com as suas peças, que estão em camada bloqueada");
     m_moved.say();
     const IdQueue copies = std::exchange(m_unlaced, {});
     const auto unlaced =
@@ -440,15 +455,22 @@ void Drawing::follow() {
         if (const auto* peca = ZpObject::cast(entity.object())) put(*peca);
     }
     MovedChapas movedChapas;
-    for (const AcDbObjectId& id : changed.order()) learnAgain(id, changed, movedChapas);
+    Strays strays;
+    for (const AcDbObjectId& id : changed.order()) learnAgain(id, changed, movedChapas, strays);
+    putBack(strays);
     for (const AcDbObjectId& barra : movedChapas.takeCotasAlong()) putOrHold(barra);
 }
 
-void Drawing::learnAgain(AcDbObjectId id, const IdQueue& changed, MovedChapas& movedChapas) {
+void Drawing::learnAgain(AcDbObjectId id, const IdQueue& changed, MovedChapas& movedChapas,
+                         Strays& strays) {
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
     if (entity.object() == nullptr) return;
     for (const AcDbObjectId& owner : ownersOf(*entity.object())) {
         if (changed.has(owner)) continue;
+        if (edit::onLockedLayer(owner)) {
+            strays.emplace_back(owner, id);
+            continue;
+        }
         const AcDbObjectPointer<ZpObject> peca(owner, AcDb::kForWrite);
         if (peca.object() != nullptr) {
             if (const auto* chapa = ZpObject::cast(entity.object()))
@@ -457,6 +479,22 @@ void Drawing::learnAgain(AcDbObjectId id, const IdQueue& changed, MovedChapas& m
         } else if (peca.openStatus() == Acad::eWasOpenForWrite ||
                    peca.openStatus() == Acad::eWasOpenForRead)
             m_heldOnes.put(id);
+    }
+}
+
+/// What was moved away from a piece that nobody may change goes back to it.
+void Drawing::putBack(const Strays& strays) {
+    for (const auto& [owner, id] : strays) {
+        const AcDbObjectPointer<ZpObject> peca(owner, AcDb::kForRead);
+        if (peca.object() == nullptr) continue;
+        {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            if (entity.object() == nullptr || !strayed(*peca.object(), *entity.object())) continue;
+        }
+        zp::putBack(*peca.object(), id,
+                    {[this](AcDbObjectId held) { m_heldOnes.put(held); },
+                     [](AcDbObjectId) { return true; }});
+        m_heldByPeca.put(id);
     }
 }
 
