@@ -9,6 +9,7 @@
 #include "prancheta/entities/plane_curve.h"
 #include "prancheta/geometry/bulge.h"
 #include "prancheta/graphics/edges.h"
+#include "protocol/markers.h"
 
 namespace prancheta {
 
@@ -24,7 +25,9 @@ void appendEdges(DisplayList& display, const std::vector<AcDbObjectId>& owners,
     for (std::uint32_t i = 0; i < owners.size(); ++i)
         for (const PrimitiveView p : display.picture(owners[i])) {
             // Filled areas are arrows, bands and the like.
-            if (p.kind() == PrimitiveKind::Polygon || p.traits().marker == kFillMarker) continue;
+            if (p.kind() == PrimitiveKind::Polygon || p.traits().marker == kFillMarker ||
+                p.traits().marker == protocol::kCentreLineMarker)
+                continue;
             forEachEdge(p, [&](const Edge& edge) { out.push_back({segmentOf(edge), i}); });
         }
 }

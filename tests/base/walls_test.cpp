@@ -27,7 +27,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"perfis/entities", {}},
     {"perfis/catalogues", {"perfis/base", "zp/forja", "texts"}},
     {"perfis/dialogs", {"perfis/base", "perfis/entities", "zp/forja", "texts"}},
-    {"perfis/output", {"perfis/entities", "zp/matlist", "zp/trelica", "texts"}},
+    {"perfis/output", {"perfis/entities", "zp/matlist", "zp/objects", "zp/trelica", "texts"}},
     {"perfis/commands",
      {"perfis/entities", "perfis/catalogues", "perfis/dialogs", "perfis/output", "zp/objects",
       "zp/objects/secao", "zp/tables", "zp/matlist", "protocol", "texts"}},

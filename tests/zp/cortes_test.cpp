@@ -198,7 +198,8 @@ TEST_F(Cortes, CotasAndDialogsKeepTheEnds) {
     EXPECT_EQ(setValue(id, L"corte_fim", 45), L"");
     expectCota(whole, 0, 100, 1100, 100, 0, -150);
     expectCota(height, 1100, 100, 1100, -100, 1140, 100);
-    // Both ends parallel: all fibres are as long as the axis, and the line is next to the lower one.
+    // Both ends parallel: all fibres are as long as the axis, and the line is next to the lower
+    // one.
     EXPECT_EQ(setValue(id, L"corte_inicio", -45), L"");
     expectCota(whole, -100, -100, 900, -100, 0, -150);
     expectCota(part, 0, -100, 300, -100, 0, -120);
@@ -340,6 +341,41 @@ TEST_F(Cortes, FurtherViewsShowWhatTheMemberBecame) {
     EXPECT_EQ(longest(bars[1]), 6000);
     for (const std::size_t i : {0u, 1u})
         EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[i])), L"V1");
+}
+
+TEST_F(Cortes, ACornerOfPiecesIsSharpAndTheAxisIsNoEdge) {
+    const AcDbObjectId beam = u(0, 0, 1000);
+    const AcDbObjectId post =
+        put(new ZpUDobrado(AcGePoint3d(1200, 100, 0), AcGePoint3d(1200, 900, 0),
+                           ZpObject::kVistaDireita, 100, 50, 50, 3, 3, 0.5 * kPi, 0.5 * kPi, 0, 0));
+    const auto corner = [&](const wchar_t* radius) {
+        type({L"_fillet", L"_r", radius});
+        pick(900, 0, {beam});
+        pick(1200, 800, {post});
+    };
+    ui.mayComplain = true;
+    corner(L"50");
+    EXPECT_TRUE(said(L"não é arredondada nem chanfrada")) << testing::PrintToString(ui.printed);
+    EXPECT_EQ(entities().size(), 2u);
+    EXPECT_EQ(longest(beam), 1000);
+    RawInput escape;
+    escape.kind = RawInput::Kind::Cancel;
+    ui.answers.push_back(escape);
+    editor->step();
+    corner(L"0");
+    EXPECT_EQ(entities().size(), 2u);
+    EXPECT_NEAR(longest(beam), 1200, 1e-9);
+    EXPECT_NEAR(longest(post), 900, 1e-9);
+    // From the flange's inner side, 97 below the axis, to the one above it.
+    const AcDbObjectId line = put(new AcDbLine(AcGePoint3d(500, -50, 0), AcGePoint3d(500, 50, 0)));
+    type({L"_trim", L""});
+    pick(500, 20, {line});
+    type({L""});
+    EXPECT_EQ(Read<AcDbLine>(line)->endPoint(), AcGePoint3d(500, 50, 0));
+    type({L"_extend", L""});
+    pick(500, 40, {line});
+    type({L""});
+    expectNear(Read<AcDbLine>(line)->endPoint(), 500, 97);
 }
 
 }  // namespace

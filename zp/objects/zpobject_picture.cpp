@@ -6,6 +6,7 @@
 #include "dbents.h"
 #include "dbpl.h"
 #include "perfis/entities/zpobject.h"
+#include "protocol/markers.h"
 #include "zp/objects/ends.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
@@ -85,7 +86,10 @@ Adesk::Boolean ZpObject::subWorldDraw(AcGiWorldDraw* draw) {
             current = t.linetype;
             const AcDbObjectId type = zp::linetypeId(drawing, current);
             if (!type.isNull()) draw->subEntityTraits().setLineType(type);
-            if (current == Linetype::Axis) draw->subEntityTraits().setColor(zp::kAxisColour);
+            if (current == Linetype::Axis) {
+                draw->subEntityTraits().setColor(zp::kAxisColour);
+                draw->subEntityTraits().setSelectionMarker(protocol::kCentreLineMarker);
+            }
         }
         AcGiWorldGeometry& g = draw->geometry();
         const auto n = static_cast<Adesk::UInt32>(t.points.size());

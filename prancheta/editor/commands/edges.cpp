@@ -11,6 +11,7 @@
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/plane_curve.h"
+#include "protocol/markers.h"
 
 namespace prancheta::commands {
 
@@ -100,11 +101,13 @@ void forEachSegmentOf(const Editor& editor, AcDbObjectId id, const CurveIndex& i
         if (!hasEdges(*entity.object())) return;
     }
     const Box2d box = index.curve().box();
-    for (const PrimitiveView& primitive : editor.display().picture(id))
+    for (const PrimitiveView& primitive : editor.display().picture(id)) {
+        if (primitive.traits().marker == protocol::kCentreLineMarker) continue;
         forEachEdge(primitive, [&](const Edge& edge) {
             const Segment s = segmentOf(edge);
             if (box.meets(s.box())) sink(s);
         });
+    }
 }
 
 /// Only curves go on beyond their box.
