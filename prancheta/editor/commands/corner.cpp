@@ -93,13 +93,20 @@ bool makeOne(const CommandContext& context, const CornerMaker& maker, const Corn
             refuse(context, L"Uma polilinha fechada só tem canto entre seus próprios segmentos.");
             return false;
         }
+    const bool bars = first.target.bar || second.target.bar;
+    if (bars && !sharp && !maker.sharp()) {
+        refuse(context,
+               L"Uma peça vai até o canto, mas não é arredondada nem chanfrada: use 0, ou Shift "
+               L"ao escolher o segundo objeto.");
+        return false;
+    }
     if (!sharp && !maker.sharp()) return maker.make(context, first, second);
     const std::optional<Vec2> corner = meetingOf(first, second);
     const auto straight = [](const CornerSide& side) {
         return !side.target.curve.segments()[side.segment].isRound();
     };
     // Parallel lines are joined whatever the radius is.
-    if (!corner && !sharp && straight(first) && straight(second))
+    if (!corner && !sharp && !bars && straight(first) && straight(second))
         return maker.make(context, first, second);
     if (!corner) {
         refuse(context, L"Os objetos não se encontram: não há canto.");
