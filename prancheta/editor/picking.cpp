@@ -7,11 +7,13 @@
 #include <limits>
 
 #include "dbdim.h"
+#include "dbhatch.h"
 #include "dbmtext.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/scene.h"
+#include "prancheta/editor/wanted.h"
 #include "prancheta/entities/weld_symbol.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/hit.h"
@@ -50,12 +52,49 @@ Ids select(const Editor& editor, const Box2d& area, Fits&& fits) {
 
 }  // namespace
 
-AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world) {
+namespace {
+
+/// What is picked before others, least first; nothing outside of the pick box.
+enum class Rank { Line, Text, Area, None };
+
+Rank rankOf(AcDbObjectId id, const Nearness& near, double tolerance) {
+    const bool isHatch = id.objectClass() == AcDbHatch::desc();
+    if (near.line <= tolerance) return isHatch ? Rank::Area : Rank::Line;
+    if (near.text <= tolerance) return Rank::Text;
+    return near.area <= tolerance ? Rank::Area : Rank::None;
+}
+
+}  // namespace
+
+AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world, const Wanted& wanted) {
     const double tolerance = pickTolerance(editor);
+    const double same = tolerance * 1e-3;  // what lies on one place is equally near
     const std::vector<DisplayList::Item> near = editor.display().find(around(world, tolerance));
-    for (auto item = near.rbegin(); item != near.rend(); ++item)
-        if (distanceTo(editor.display().picture(item->id), world) <= tolerance) return item->id;
-    return AcDbObjectId::kNull;
+    AcDbObjectId best;
+    std::pair<bool, Rank> bestRank;
+    double least = 0.0;
+    for (auto item = near.rbegin(); item != near.rend(); ++item) {
+        const Nearness distance = nearness(editor.display().picture(item->id), world);
+        const std::pair rank(wanted && !wanted(item->id), rankOf(item->id, distance, tolerance));
+        if (rank.second == Rank::None) continue;
+        const bool nearer = rank.second == Rank::Line && distance.line < least - same;
+        if (!best.isNull() && (rank > bestRank || (rank == bestRank && !nearer))) continue;
+        best = item->id;
+        bestRank = rank;
+        least = distance.line;
+    }
+    return best;
+}
+
+AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world) {
+    return entityAt(editor, world, {});
+}
+
+AcDbObjectId wantedAt(const Editor& editor, AcDbObjectId picked, const AcGePoint3d& world,
+                      const Wanted& wanted) {
+    // One that was named instead of picked is meant.
+    if (wanted(picked) || entityAt(editor, world) != picked) return picked;
+    return entityAt(editor, world, wanted);
 }
 
 // What is all in the window is seen from its box.

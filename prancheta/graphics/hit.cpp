@@ -114,19 +114,27 @@ AcGePoint3d nearestOn(const Edge& edge, const AcGePoint3d& p) {
     return edge.a + along * std::clamp(t, 0.0, 1.0);
 }
 
-double distanceTo(const Picture& picture, const AcGePoint3d& p) {
-    double least = std::numeric_limits<double>::infinity();
+Nearness nearness(const Picture& picture, const AcGePoint3d& p) {
+    constexpr double kFar = std::numeric_limits<double>::infinity();
+    Nearness near{kFar, kFar, kFar};
     std::array<AcGePoint3d, 4> box;
     for (const PrimitiveView primitive : picture) {
         const auto area = areaOf(primitive, box);
-        if (!area.empty() && encloses(area, p)) return 0.0;
+        const bool isText = primitive.kind() == PrimitiveKind::Text;
+        if (!area.empty() && encloses(area, p)) (isText ? near.text : near.area) = 0.0;
+        double& least = isText ? near.text : near.line;
         if (primitive.kind() == PrimitiveKind::Polyline || primitive.kind() == PrimitiveKind::Pline)
             least = std::min(least, planeDistance(primitive.points()[0], p));
         forEachAreaEdge(primitive, area, [&](const Edge& edge) {
             least = std::min(least, planeDistance(nearestOn(edge, p), p));
         });
     }
-    return least;
+    return near;
+}
+
+double distanceTo(const Picture& picture, const AcGePoint3d& p) {
+    const Nearness near = nearness(picture, p);
+    return std::min({near.line, near.text, near.area});
 }
 
 bool isInside(const Picture& picture, const Window& window) {

@@ -18,8 +18,16 @@ struct Window {
     double left, bottom, right, top;
 };
 
-/// Distance from the nearest thing drawn; 0 inside filled areas and texts; infinite for an empty
-/// picture.
+/// Distances from the nearest line (borders of filled areas too), text and filled area; 0 inside of
+/// the latter two, infinite where the picture has none.
+struct Nearness {
+    double line;
+    double text;
+    double area;
+};
+Nearness nearness(const Picture& picture, const AcGePoint3d& p);
+
+/// The least of them; infinite for an empty picture.
 double distanceTo(const Picture& picture, const AcGePoint3d& p);
 
 /// All of it inside; false for an empty picture.

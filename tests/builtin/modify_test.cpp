@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "prancheta/display/display_list.h"
+#include "prancheta/editor/picking.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/picture.h"
@@ -543,6 +544,52 @@ TEST_F(Modify, PointsAlongCurves) {
     ASSERT_NE(second.object(), nullptr);
     expectPoint(second->position(), 0, 5);
     EXPECT_NEAR(second->rotation(), prancheta::kPi, 1e-9);
+}
+
+TEST_F(Modify, APickTakesTheNearestLineThenTextsThenFills) {
+    // A pick box reaches 1.5 about; the fills lie on top of what they fill.
+    type({L"_hpdraworder",
+          L"0",
+          L"_rectang",
+          L"0,20",
+          L"100,60",
+          L"_hatch",
+          L"_p",
+          L"_p",
+          L"solid",
+          L"50,40",
+          L"",
+          L"_text",
+          L"40,50",
+          L"5",
+          L"0",
+          L"VIGA",
+          L"",
+          L"_line",
+          L"0,81",
+          L"99,81",
+          L"",
+          L"_line",
+          L"0,80",
+          L"99,80",
+          L"",
+          L"_text",
+          L"40,80",
+          L"5",
+          L"0",
+          L"VIGA",
+          L""});
+    const std::vector<AcDbObjectId> all = entities();
+    ASSERT_EQ(all.size(), 7u);
+    const struct {
+        const char* what;
+        AcGePoint3d at;
+        std::size_t taken;
+    } picks[] = {{"boundary under its fill", {0, 40, 0}, 1}, {"fill", {50, 40, 0}, 2},
+                 {"text over a fill", {42, 52, 0}, 3},       {"nearer line", {20, 80.7, 0}, 4},
+                 {"line under a text", {42, 80, 0}, 5},      {"text", {42, 84, 0}, 6}};
+    for (const auto& pick : picks)
+        EXPECT_EQ(prancheta::entityAt(*editor, pick.at), all[pick.taken]) << pick.what;
 }
 
 /// The letters of three lines, 10 apart, from back to front; undo gives back what was.

@@ -10,6 +10,7 @@
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
+#include "prancheta/editor/wanted.h"
 #include "prancheta/entities/plane_curve.h"
 #include "protocol/attach.h"
 #include "protocol/length.h"
@@ -129,6 +130,12 @@ std::optional<CutTarget> cutTarget(const CommandContext& context, AcDbObjectId i
     std::optional<CutTarget> target = find(id, whyNot);
     if (!target) refuse(context, whyNot);
     return target;
+}
+
+bool canBeCut(AcDbObjectId id) { return cutTargetOrNone(id).has_value(); }
+
+AcDbObjectId pickedToCut(const CommandContext& context, const InputValue& picked) {
+    return wantedAt(context.editor(), picked.entities.front(), picked.point, canBeCut);
 }
 
 std::optional<CutTarget> cutTargetOrNone(AcDbObjectId id) {

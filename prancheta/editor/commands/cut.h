@@ -22,6 +22,11 @@ std::optional<CutTarget> cutTarget(const CommandContext& context, AcDbObjectId i
 /// The same without a word, for previews.
 std::optional<CutTarget> cutTargetOrNone(AcDbObjectId id);
 
+/// True when there is one.
+bool canBeCut(AcDbObjectId id);
+/// The object of a pick that found one; where it cannot be cut, one that can and lies there too.
+AcDbObjectId pickedToCut(const CommandContext& context, const InputValue& picked);
+
 /// Takes away what lies between two parameters, `from` < `to` (equal: parts it there); of a closed
 /// curve `to` may lie beyond its start. What remains, the object itself first; empty, after telling
 /// why, when the object refuses.

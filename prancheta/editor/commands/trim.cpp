@@ -12,6 +12,7 @@
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
+#include "prancheta/editor/wanted.h"
 
 namespace prancheta::commands {
 
@@ -83,7 +84,7 @@ Ids cutAt(const CommandContext& context, CuttingEdges& edges, AcDbObjectId id, c
 
 void showCut(const Editor& editor, const CuttingEdges& edges, Way way, const AcGePoint3d& at,
              Picture& out) {
-    const AcDbObjectId id = entityAt(editor, at);
+    const AcDbObjectId id = entityAt(editor, at, canBeCut);
     const std::optional<CutTarget> target = id.isNull() ? std::nullopt : cutTargetOrNone(id);
     if (!target) return;
     if (way == Way::Trim) {
@@ -247,7 +248,7 @@ CommandTask cutWhatIsPicked(CommandContext context, Way way) {
         } else if (answer.entities.empty()) {
             refuse(context, L"Nenhum objeto aí.");
         } else {
-            (void)cutAt(context, edges, answer.entities.front(), seen(answer.point),
+            (void)cutAt(context, edges, pickedToCut(context, answer), seen(answer.point),
                         answer.removes ? other(way) : way);
         }
         steps.next();
