@@ -48,29 +48,28 @@ public:
         return {m_first, secondFor(kPi - std::abs(turn)), 0.0};
     }
     bool sharp() const override { return !(m_first > 0.0 || (m_angle == 0.0 && m_second > 0.0)); }
-    bool make(const CommandContext& context, const CornerSide& first,
-              const CornerSide& second) const override {
+    std::optional<CornerPlan> plan(const CornerSide& first, const CornerSide& second,
+                                   const wchar_t*& whyNot) const override {
         if (first.picked().isRound() || second.picked().isRound()) {
-            refuse(context, L"O chanfro precisa de dois segmentos retos.");
-            return false;
+            whyNot = L"O chanfro precisa de dois segmentos retos.";
+            return {};
         }
         const std::optional<Vec2> corner = meetingOf(first, second);
         if (!corner) {
-            refuse(context, L"As linhas são paralelas: não há canto a chanfrar.");
-            return false;
+            whyNot = L"As linhas são paralelas: não há canto a chanfrar.";
+            return {};
         }
         const Vec2 one = towardsPick(first, *corner);
         const Vec2 other = towardsPick(second, *corner);
         const double between = std::atan2(std::abs(cross(one, other)), dot(one, other));
         const double aside = secondFor(between);
         if (!(aside >= 0.0) || !std::isfinite(aside)) {
-            refuse(context, L"Com esse ângulo o chanfro não alcança a segunda linha.");
-            return false;
+            whyNot = L"Com esse ângulo o chanfro não alcança a segunda linha.";
+            return {};
         }
         const Vec2 from = *corner + one * m_first;
         const Vec2 to = *corner + other * aside;
-        return trimBoth(context, first, from, second, to) &&
-               addBetween(context, first, second, Curve(straight(from, to)));
+        return CornerPlan{from, to, Curve(straight(from, to))};
     }
 
 private:

@@ -7,8 +7,10 @@
 
 #include "prancheta/curves/crossings.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/entity_picture.h"
 #include "prancheta/editor/commands/polyline_corners.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/wanted.h"
 #include "prancheta/entities/plane_curve.h"
 #include "prancheta/geometry/angles.h"
 
@@ -66,22 +68,67 @@ double heightOf(AcDbObjectId id) {
     return known ? box.minPoint().z : 0.0;
 }
 
+/// Nothing for what has no corner of that kind.
+std::optional<CornerSide> sideAt(CutTarget target, const Vec2& pick) {
+    const double at = target.curve.nearest(pick);
+    const std::size_t last = target.curve.segments().size() - 1;
+    const std::size_t segment = std::min(static_cast<std::size_t>(at), last);
+    const Segment& picked = target.curve.segments()[segment];
+    if (picked.isRound() && !picked.isCircular()) return {};
+    return CornerSide{std::move(target), pick, segment};
+}
+
 std::optional<CornerSide> sideOf(const CommandContext& context, const InputValue& picked) {
     if (picked.entities.empty()) {
         refuse(context, L"Nenhum objeto aí.");
         return {};
     }
-    std::optional<CutTarget> target = cutTarget(context, picked.entities.front());
+    std::optional<CutTarget> target = cutTarget(context, pickedToCut(context, picked));
     if (!target) return {};
-    const double at = target->curve.nearest(seen(picked.point));
-    const std::size_t last = target->curve.segments().size() - 1;
-    const std::size_t segment = std::min(static_cast<std::size_t>(at), last);
-    if (target->curve.segments()[segment].isRound() &&
-        !target->curve.segments()[segment].isCircular()) {
-        refuse(context, L"Um arco visto de lado não pode ser concordado.");
-        return {};
+    std::optional<CornerSide> side = sideAt(std::move(*target), seen(picked.point));
+    if (!side) refuse(context, L"Um arco visto de lado não pode ser concordado.");
+    return side;
+}
+
+/// What lies between the two sides: on their layer when it is one, else on the current one.
+bool addBetween(const CommandContext& context, const CornerSide& first, const CornerSide& second,
+                const Curve& curve) {
+    const AcDbObjectId id = addEntity(context, entityOf(curve, heightOf(first.target.id)));
+    if (id.isNull()) return false;
+    const AcDbObjectPointer<AcDbEntity> one(first.target.id, AcDb::kForRead);
+    const AcDbObjectPointer<AcDbEntity> other(second.target.id, AcDb::kForRead);
+    const AcDbObjectPointer<AcDbEntity> added(id, AcDb::kForWrite);
+    if (one.openStatus() == Acad::eOk && other.openStatus() == Acad::eOk &&
+        added.openStatus() == Acad::eOk && one->layerId() == other->layerId())
+        (void)added->setPropertiesFrom(one.object());
+    return true;
+}
+
+bool makePlanned(const CommandContext& context, const CornerMaker& maker, const CornerSide& first,
+                 const CornerSide& second) {
+    const wchar_t* whyNot = L"";
+    const std::optional<CornerPlan> plan = maker.plan(first, second, whyNot);
+    if (!plan) {
+        refuse(context, whyNot);
+        return false;
     }
-    return CornerSide{std::move(*target), seen(picked.point), segment};
+    const bool trimmed =
+        !trimsSides(context) ||
+        trimSides(context, first, plan->atFirst, second, plan->atSecond, meetingOf(first, second));
+    return trimmed && addBetween(context, first, second, plan->between);
+}
+
+/// What a second pick there would put between the two.
+void showPlanned(const CommandContext& context, const CornerMaker& maker, const CornerSide& first,
+                 const AcGePoint3d& at, Picture& out) {
+    const AcDbObjectId id = entityAt(context.editor(), at, canBeCut);
+    std::optional<CutTarget> target = id.isNull() ? std::nullopt : cutTargetOrNone(id);
+    if (!target || id == first.target.id || maker.sharp()) return;
+    const std::optional<CornerSide> second = sideAt(std::move(*target), seen(at));
+    const wchar_t* whyNot = L"";
+    const auto plan = second ? maker.plan(first, *second, whyNot) : std::nullopt;
+    const auto shown = plan ? entityOf(plan->between, heightOf(first.target.id)) : nullptr;
+    if (shown) recordPicture(*shown, out, kAcGiStandardDisplay, true);
 }
 
 bool makeOne(const CommandContext& context, const CornerMaker& maker, const CornerSide& first,
@@ -100,14 +147,14 @@ bool makeOne(const CommandContext& context, const CornerMaker& maker, const Corn
                L"ao escolher o segundo objeto.");
         return false;
     }
-    if (!sharp && !maker.sharp()) return maker.make(context, first, second);
+    if (!sharp && !maker.sharp()) return makePlanned(context, maker, first, second);
     const std::optional<Vec2> corner = meetingOf(first, second);
     const auto straight = [](const CornerSide& side) {
         return !side.target.curve.segments()[side.segment].isRound();
     };
     // Parallel lines are joined whatever the radius is.
     if (!corner && !sharp && !bars && straight(first) && straight(second))
-        return maker.make(context, first, second);
+        return makePlanned(context, maker, first, second);
     if (!corner) {
         refuse(context, L"Os objetos não se encontram: não há canto.");
         return false;
@@ -138,8 +185,11 @@ Task<int> askPolyline(CommandContext context, const CornerMaker& maker) {
 /// The other object for one that was picked; RTCAN ends the command.
 Task<int> askSecond(CommandContext context, const CornerMaker& maker, const CornerSide& first) {
     for (;;) {
-        const InputValue picked = co_await context.ask(
-            Prompt(InputKind::Entity, L"\nSegundo objeto (Shift: canto): ").required());
+        Prompt prompt(InputKind::Entity, L"\nSegundo objeto (Shift: canto): ");
+        prompt.required().preview([context, &maker, &first](const AcGePoint3d& at, Picture& out) {
+            showPlanned(context, maker, first, at, out);
+        });
+        const InputValue picked = co_await context.ask(prompt);
         if (picked.status == RTCAN) co_return RTCAN;
         const std::optional<CornerSide> second = sideOf(context, picked);
         if (second && makeOne(context, maker, first, *second, picked.removes)) co_return RTNORM;
@@ -168,12 +218,6 @@ std::optional<double> parameterOf(const CornerSide& side, const Vec2& p) {
     return static_cast<double>(side.segment) + t;
 }
 
-bool trimBoth(const CommandContext& context, const CornerSide& first, const Vec2& atFirst,
-              const CornerSide& second, const Vec2& atSecond) {
-    return !trimsSides(context) ||
-           trimSides(context, first, atFirst, second, atSecond, meetingOf(first, second));
-}
-
 std::optional<Vec2> meetingOf(const CornerSide& first, const CornerSide& second) {
     std::vector<Meeting> all;
     appendMeetings(withoutEnds(first.picked()), withoutEnds(second.picked()), all);
@@ -186,19 +230,6 @@ std::optional<Vec2> meetingOf(const CornerSide& first, const CornerSide& second)
         best = m.point;
     }
     return best;
-}
-
-bool addBetween(const CommandContext& context, const CornerSide& first, const CornerSide& second,
-                const Curve& curve) {
-    const AcDbObjectId id = addEntity(context, entityOf(curve, heightOf(first.target.id)));
-    if (id.isNull()) return false;
-    const AcDbObjectPointer<AcDbEntity> one(first.target.id, AcDb::kForRead);
-    const AcDbObjectPointer<AcDbEntity> other(second.target.id, AcDb::kForRead);
-    const AcDbObjectPointer<AcDbEntity> added(id, AcDb::kForWrite);
-    if (one.openStatus() == Acad::eOk && other.openStatus() == Acad::eOk &&
-        added.openStatus() == Acad::eOk && one->layerId() == other->layerId())
-        (void)added->setPropertiesFrom(one.object());
-    return true;
 }
 
 CommandTask makeCorners(CommandContext context, CornerMaker& maker) {

@@ -23,6 +23,13 @@ struct CornerCut {
     double sweep = 0.0;  ///< of the arc between, radians as the polyline turns; 0: straight
 };
 
+/// What comes between two objects: where their sides end, and the curve from one to the other.
+struct CornerPlan {
+    Vec2 atFirst;
+    Vec2 atSecond;
+    Curve between;
+};
+
 /// What makes the two different.
 class CornerMaker {
 public:
@@ -36,9 +43,9 @@ public:
     virtual CornerCut cut(double turn) const = 0;
     /// Nothing would be cut off: the corner stays sharp.
     virtual bool sharp() const = 0;
-    /// Between two objects; false, after telling why, when nothing was done.
-    virtual bool make(const CommandContext& context, const CornerSide& first,
-                      const CornerSide& second) const = 0;
+    /// Nothing, and the reason in `whyNot`, where there can be none.
+    virtual std::optional<CornerPlan> plan(const CornerSide& first, const CornerSide& second,
+                                           const wchar_t*& whyNot) const = 0;
 };
 
 CommandTask makeCorners(CommandContext context, CornerMaker& maker);
@@ -48,15 +55,7 @@ bool trimsSides(const CommandContext& context);
 /// Parameter on the whole curve of a place on the picked segment's line or circle; nothing when
 /// that lies beyond a segment inside a chain.
 std::optional<double> parameterOf(const CornerSide& side, const Vec2& p);
-/// Both sides keep what lies beyond these places, seen from their corner, if TRIMMODE asks for it;
-/// closed ones stay as they are. False, after telling why, when nothing would be left: all or
-/// nothing.
-bool trimBoth(const CommandContext& context, const CornerSide& first, const Vec2& atFirst,
-              const CornerSide& second, const Vec2& atSecond);
 /// Where the picked segments, without ends, meet nearest to the picks.
 std::optional<Vec2> meetingOf(const CornerSide& first, const CornerSide& second);
-/// Adds what lies between the two sides: on their layer when it is one, else on the current one.
-bool addBetween(const CommandContext& context, const CornerSide& first, const CornerSide& second,
-                const Curve& curve);
 
 }  // namespace prancheta::commands

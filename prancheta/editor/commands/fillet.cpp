@@ -73,29 +73,28 @@ public:
         return {off, off, turn};
     }
     bool sharp() const override { return !(m_radius > 0.0); }
-    bool make(const CommandContext& context, const CornerSide& first,
-              const CornerSide& second) const override {
+    std::optional<CornerPlan> plan(const CornerSide& first, const CornerSide& second,
+                                   const wchar_t*& whyNot) const override {
         const Segment& a = first.picked();
         const Segment& b = second.picked();
         if (!a.isRound() && !b.isRound() &&
             std::abs(cross(a.u, b.u)) <= 1e-9 * a.u.length() * b.u.length())
-            return makeHalfCircle(context, first, second);
+            return halfCircle(first, second, whyNot);
         const auto found = centerTouching(touched(first), touched(second), m_radius);
         if (!found) {
-            refuse(context, L"Nenhum arco desse raio toca os dois objetos.");
-            return false;
+            whyNot = L"Nenhum arco desse raio toca os dois objetos.";
+            return {};
         }
         const Vec2 center = seen(*found);
         const Vec2 atFirst = touchPoint(first, center, m_radius);
         const Vec2 atSecond = touchPoint(second, center, m_radius);
-        return trimBoth(context, first, atFirst, second, atSecond) &&
-               addBetween(context, first, second, arcBetween(center, atFirst, atSecond));
+        return CornerPlan{atFirst, atSecond, arcBetween(center, atFirst, atSecond)};
     }
 
 private:
     /// Parallel lines: from the first one's end that is nearer to the pick.
-    static bool makeHalfCircle(const CommandContext& context, const CornerSide& first,
-                               const CornerSide& second) {
+    static std::optional<CornerPlan> halfCircle(const CornerSide& first, const CornerSide& second,
+                                                const wchar_t*& whyNot) {
         const Segment& a = first.picked();
         const Segment& b = second.picked();
         const bool start = distance(a.at(0.0), first.pick) < distance(a.at(1.0), first.pick);
@@ -104,13 +103,11 @@ private:
         const Vec2 foot = b.origin + b.u * (dot(end - b.origin, b.u) / dot(b.u, b.u));
         const Vec2 arm = (end - foot) * 0.5;
         if (!(arm.length() > 1e-9 * a.u.length())) {
-            refuse(context, L"As linhas estão uma sobre a outra: não há arco entre elas.");
-            return false;
+            whyNot = L"As linhas estão uma sobre a outra: não há arco entre elas.";
+            return {};
         }
         const double sweep = cross(arm, out) > 0.0 ? kPi : -kPi;
-        return trimBoth(context, first, end, second, foot) &&
-               addBetween(context, first, second,
-                          Curve(Segment{foot + arm, arm, arm.left(), 0.0, sweep}));
+        return CornerPlan{end, foot, Curve(Segment{foot + arm, arm, arm.left(), 0.0, sweep})};
     }
 
     double m_radius;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // LENGTHEN: the end nearer to the pick goes on or back.
+#include <algorithm>
 #include <cmath>
 
 #include "prancheta/database/database_core.h"
@@ -7,6 +8,7 @@
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
+#include "prancheta/editor/wanted.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
@@ -24,9 +26,12 @@ CurveEnd endNear(const Curve& curve, const Vec2& pick) {
                                                                       : CurveEnd::End;
 }
 
-/// Made `length` long at one end; false when told why not.
-bool makeLong(const CommandContext& context, const CutTarget& target, CurveEnd end, double length) {
-    const Curve& curve = target.curve;
+using Range = std::pair<double, double>;
+
+/// Parameters between which the curve is `length` long, changed at one end; nothing, and the reason
+/// in `whyNot`, where it cannot be.
+std::optional<Range> rangeFor(const Curve& curve, CurveEnd end, double length,
+                              const wchar_t*& whyNot) {
     const double near = 4.0 * curve.tolerance();
     const Segment& last =
         end == CurveEnd::Start ? curve.segments().front() : curve.segments().back();
@@ -34,16 +39,33 @@ bool makeLong(const CommandContext& context, const CutTarget& target, CurveEnd e
     const double room = last.isRound()
                             ? last.lengthBetween(0.0, kTwoPi / std::abs(last.sweep) - 1.0)
                             : beyond + near;
-    if (!(length > near)) {
-        refuse(context, L"O objeto ficaria sem comprimento.");
-        return false;
-    }
-    if (beyond > room - near && last.isRound()) {
-        refuse(context, L"O arco daria a volta toda: peça menos comprimento.");
-        return false;
-    }
-    if (end == CurveEnd::End) return setEnds(context, target, 0.0, curve.parameterAt(length));
-    return setEnds(context, target, curve.parameterAt(curve.length() - length), curve.count());
+    whyNot = nullptr;
+    if (!(length > near))
+        whyNot = L"O objeto ficaria sem comprimento.";
+    else if (beyond > room - near && last.isRound())
+        whyNot = L"O arco daria a volta toda: peça menos comprimento.";
+    if (whyNot != nullptr) return {};
+    if (end == CurveEnd::End) return Range(0.0, curve.parameterAt(length));
+    return Range(curve.parameterAt(curve.length() - length), curve.count());
+}
+
+/// Made `length` long at one end; false when told why not.
+bool makeLong(const CommandContext& context, const CutTarget& target, CurveEnd end, double length) {
+    const wchar_t* whyNot = nullptr;
+    const std::optional<Range> range = rangeFor(target.curve, end, length, whyNot);
+    if (!range) refuse(context, whyNot);
+    return range && setEnds(context, target, range->first, range->second);
+}
+
+/// What comes or goes at that end.
+void showLength(const CutTarget& target, CurveEnd end, double length, Picture& out) {
+    const wchar_t* whyNot = nullptr;
+    const std::optional<Range> range = rangeFor(target.curve, end, length, whyNot);
+    if (!range) return;
+    const bool start = end == CurveEnd::Start;
+    const auto [from, to] =
+        std::minmax(start ? 0.0 : target.curve.count(), start ? range->first : range->second);
+    if (to > from) showPart(target, from, to, out);
 }
 
 /// How long the object becomes.
@@ -70,23 +92,38 @@ Task<InputValue> askRule(CommandContext context, std::wstring kind) {
                                        .bits(RSG_NOZERO | RSG_NONEG));
 }
 
-/// Where the picked end goes is shown by a point, which falls square on the object.
+/// How long it becomes when the picked end goes to a point, which falls square on the object.
+double lengthTo(const Curve& curve, CurveEnd end, const Vec2& to) {
+    const double t = curve.nearest(to);
+    const double length =
+        end == CurveEnd::End ? curve.lengthAt(t) : curve.length() - curve.lengthAt(t);
+    const std::optional<Extension> on = extensionOf(curve, end);
+    if (!on) return length;
+    const double further = on->curve.nearest(to);
+    const bool beyond =
+        further > 0.0 && distance(on->curve.at(further), to) <= distance(curve.at(t), to);
+    return beyond ? curve.length() + on->curve.lengthAt(further) : length;
+}
+
 Task<int> dragEnd(CommandContext context, const CutTarget& target, CurveEnd end) {
     Prompt prompt(InputKind::Point, L"\nNova ponta: ");
-    const InputValue to = co_await context.ask(prompt.required());
+    prompt.required().preview([&target, end](const AcGePoint3d& at, Picture& out) {
+        showLength(target, end, lengthTo(target.curve, end, seen(at)), out);
+    });
+    const InputValue to = co_await context.ask(prompt);
     if (to.status != RTNORM) co_return to.status;
-    const Curve& curve = target.curve;
-    const double t = curve.nearest(seen(to.point));
-    double length = end == CurveEnd::End ? curve.lengthAt(t) : curve.length() - curve.lengthAt(t);
-    const std::optional<Extension> on = extensionOf(curve, end);
-    if (on) {
-        const double further = on->curve.nearest(seen(to.point));
-        const double miss = distance(curve.at(t), seen(to.point));
-        if (further > 0.0 && distance(on->curve.at(further), seen(to.point)) <= miss)
-            length = curve.length() + on->curve.lengthAt(further);
-    }
-    (void)makeLong(context, target, end, length);
+    (void)makeLong(context, target, end, lengthTo(target.curve, end, seen(to.point)));
     co_return RTNORM;
+}
+
+/// What a pick there would do by the rule.
+void showPick(const CommandContext& context, const Rule& rule, const AcGePoint3d& at,
+              Picture& out) {
+    const AcDbObjectId id = entityAt(context.editor(), at, canBeCut);
+    const std::optional<CutTarget> target = id.isNull() ? std::nullopt : cutTargetOrNone(id);
+    if (!target || target->curve.closed() || rule.kind == L"DYnamic") return;
+    showLength(*target, endNear(target->curve, seen(at)), rule.lengthFor(target->curve.length()),
+               out);
 }
 
 void tellLength(const CommandContext& context, AcDbObjectId id) {
@@ -110,7 +147,7 @@ CommandTask lengthen(CommandContext context) {
         else if (answer.entities.empty())
             refuse(context, L"Nenhum objeto aí.");
         else
-            tellLength(context, answer.entities.front());
+            tellLength(context, pickedToCut(context, answer));
     }
     if (rule.kind != L"DYnamic") {
         const InputValue value = co_await askRule(context, rule.kind);
@@ -119,9 +156,11 @@ CommandTask lengthen(CommandContext context) {
     }
     UndoSteps steps(context.database().core().undo());
     for (;;) {
-        const InputValue answer = co_await context.ask(
-            Prompt(InputKind::Entity, L"\nSelecione o objeto a mudar ou [Desfazer]: ")
-                .words(kUndo));
+        Prompt prompt(InputKind::Entity, L"\nSelecione o objeto a mudar ou [Desfazer]: ");
+        prompt.words(kUndo).preview([context, &rule](const AcGePoint3d& at, Picture& out) {
+            showPick(context, rule, at, out);
+        });
+        const InputValue answer = co_await context.ask(prompt);
         if (answer.status == RTNONE || answer.status == RTCAN) break;
         if (answer.status == RTKWORD) {
             if (!steps.undo()) say(context, L"Nada a desfazer.");
@@ -131,7 +170,7 @@ CommandTask lengthen(CommandContext context) {
             refuse(context, L"Nenhum objeto aí.");
             continue;
         }
-        const std::optional<CutTarget> target = cutTarget(context, answer.entities.front());
+        const std::optional<CutTarget> target = cutTarget(context, pickedToCut(context, answer));
         if (!target) continue;
         if (target->curve.closed()) {
             refuse(context, L"Um objeto fechado não tem ponta a estender.");
