@@ -133,6 +133,11 @@ TEST_F(Cut, TrimGoesUpToTheNearestEdgesOnBothSidesOfThePick) {
          {L"_trim", L"", L"1,0", L""},
          {"L 0,0 9,0", "?"},
          L"O objeto não cruza uma aresta de corte."},
+        {"what cannot be cut lies over what can",
+         {L"_line", L"0,0", L"9,0", L"", L"_line", L"5,-3", L"5,3", L"", L"_dimaligned", L"0,0",
+          L"9,0", L"4,0"},
+         {L"_trim", L"", L"8,0", L""},
+         {"L 0,0 5,0", "L 5,-3 5,3", "?"}},
         {"an edge at its end is none",
          {L"_line", L"0,0", L"9,0", L"", L"_line", L"9,-1", L"9,1", L""},
          {L"_trim", L"", L"5,0", L""},
@@ -564,6 +569,56 @@ TEST_F(CutBars, TellTheModulesReasonsAndShowTheirOutline) {
     EXPECT_EQ(bars(), (Texts{"0,-100 200,-100", "5,100 200,100"}));
     typeAll({L"_offset", L"5", L"200,-95", L"100,-50", L""});
     EXPECT_EQ(described(last()), "PC -5,-115 205,-115 205,-85 -5,-85");
+}
+
+TEST_F(Cut, PolylinesAreEdited) {
+    const Lines corner = {L"_pline", L"0,0", L"10,0", L"10,10", L""};
+    const Lines arcs = {L"_pline", L"0,0", L"10,0", L"_a", L"10,10", L"_l", L"0,10", L""};
+    run({
+        {"closed", corner, {L"editpol", L"10,5", L"_c", L""}, {"PC 0,0 10,0 10,10"}},
+        {"closed and opened",
+         corner,
+         {L"_pedit", L"10,5", L"f", L"a", L"_w", L"2", L""},
+         {"P 0,0w2-2 10,0w2-2 10,10w2-2"}},
+        {"a line becomes one and takes what touches it",
+         {L"_line", L"0,0", L"10,0", L"10,10", L"", L"_line", L"50,0", L"60,0", L""},
+         {L"PE", L"5,0", L"", L"_j", L"_all", L"", L""},
+         {"L 50,0 60,0", "P 0,0 10,0 10,10"}},
+        {"a line stays one",
+         {L"_line", L"0,0", L"10,0", L""},
+         {L"_pedit", L"5,0", L"_n"},
+         {"L 0,0 10,0"}},
+        {"joined all the way round",
+         with(corner, {L"_line", L"10,10", L"0,0", L""}),
+         {L"_pedit", L"10,5", L"_j", L"_all", L"", L""},
+         {"PC 0,0 10,0 10,10"}},
+        {"nothing touches",
+         with(corner, {L"_line", L"50,0", L"60,0", L""}),
+         {L"_pedit", L"10,5", L"_j", L"_all", L"", L""},
+         {"P 0,0 10,0 10,10", "L 50,0 60,0"},
+         L"Nenhuma ponta toca a polilinha"},
+        {"arcs made straight", arcs, {L"_pedit", L"5,0", L"_d", L""}, {"P 0,0 10,0 10,10 0,10"}},
+        {"no curve is fitted",
+         corner,
+         {L"_pedit", L"10,5", L"_s", L""},
+         {"P 0,0 10,0 10,10"},
+         L"não são feitas aqui"},
+        {"vertices moved, put in, taken away",
+         corner,
+         {L"_pedit", L"10,5", L"_e", L"", L"_m", L"12,0", L"_i", L"20,5", L"_p", L"_p", L"_r",
+          L"_x", L""},
+         {"P 12,0 20,5 10,10"}},
+        {"two vertices stay",
+         {L"_pline", L"0,0", L"10,0", L""},
+         {L"_pedit", L"5,0", L"_e", L"_r", L"_x", L""},
+         {"P 0,0 10,0"},
+         L"ao menos dois vértices"},
+        {"straight from the first to the last; width of one segment; one step taken back",
+         arcs,
+         {L"_pedit", L"5,0", L"_e", L"_s", L"_p", L"_g", L"_w", L"1", L"3", L"_x", L"_c", L"_u",
+          L""},
+         {"P 0,0w1-3 0,10"}},
+    });
 }
 
 }  // namespace

@@ -4,66 +4,33 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dbpl.h"
 #include "prancheta/curves/crossings.h"
-#include "prancheta/curves/end_chains.h"
 #include "prancheta/editor/commands/cut.h"
+#include "prancheta/editor/commands/join_parts.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/plane_curve.h"
-#include "prancheta/entities/polyline_vertices.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
 
 namespace {
 
-struct Part {
-    AcDbObjectId id;
-    Curve curve;
-    double height = 0.0;
-    std::vector<SegmentWidth> widths;  ///< of a polyline, one a segment
-};
-
-/// Flat open curves; nothing of all else.
-std::optional<Part> partOf(AcDbObjectId id) {
-    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-    if (entity.openStatus() != Acad::eOk) return {};
-    std::optional<Curve> curve = planeCurve(*entity.object());
-    AcDbExtents box;
-    if (!curve || curve->closed() || entity->getGeomExtents(box) != Acad::eOk) return {};
-    for (const Segment& s : curve->segments())
-        if (s.isRound() && !s.isCircular()) return {};
-    if (box.maxPoint().z - box.minPoint().z > curve->tolerance()) return {};
-    Part part{id, std::move(*curve), box.minPoint().z, {}};
-    if (const auto* const polyline = AcDbPolyline::cast(entity.object()))
-        for (const PolylineVertex& v : verticesOf(*polyline))
-            part.widths.push_back({v.startWidth, v.endWidth});
-    part.widths.resize(part.curve.segments().size());
-    return part;
-}
-
-double nearOf(const std::vector<Part>& parts) {
-    double near = 0.0;
-    for (const Part& part : parts) near = std::max(near, 64.0 * part.curve.tolerance());
-    return near;
-}
-
-bool allSingle(const std::vector<Part>& parts, bool round) {
-    return std::all_of(parts.begin(), parts.end(), [&](const Part& part) {
+bool allSingle(const std::vector<JoinPart>& parts, bool round) {
+    return std::all_of(parts.begin(), parts.end(), [&](const JoinPart& part) {
         const auto& chain = part.curve.segments();
         return chain.size() == 1 && chain.front().isRound() == round;
     });
 }
 
 /// Range of parameters of the first one that all together take; nothing when they are not in line.
-std::optional<std::pair<double, double>> inLine(const std::vector<Part>& parts, double near) {
+std::optional<std::pair<double, double>> inLine(const std::vector<JoinPart>& parts, double near) {
     if (!allSingle(parts, false)) return {};
     const Segment& first = parts.front().curve.segments().front();
     const double size = first.u.length();
     double low = 0.0;
     double high = 1.0;
-    for (const Part& part : parts)
+    for (const JoinPart& part : parts)
         for (const Vec2& p : {part.curve.start(), part.curve.end()}) {
             if (std::abs(cross(first.u, p - first.origin)) > near * size) return {};
             const double t = dot(p - first.origin, first.u) / (size * size);
@@ -75,12 +42,12 @@ std::optional<std::pair<double, double>> inLine(const std::vector<Part>& parts, 
 
 /// Arcs of one circle: the first one goes on counter-clockwise to the last one's end. A whole turn
 /// is `high` - `low` = the turn over its sweep.
-std::optional<std::pair<double, double>> onCircle(const std::vector<Part>& parts, double near) {
+std::optional<std::pair<double, double>> onCircle(const std::vector<JoinPart>& parts, double near) {
     if (!allSingle(parts, true)) return {};
     const Segment& first = parts.front().curve.segments().front();
     const double turn = kTwoPi / std::abs(first.sweep);
     double high = 1.0;
-    for (const Part& part : parts) {
+    for (const JoinPart& part : parts) {
         const Segment& s = part.curve.segments().front();
         if (distance(s.origin, first.origin) > near || std::abs(s.radius() - first.radius()) > near)
             return {};
@@ -94,7 +61,7 @@ std::optional<std::pair<double, double>> onCircle(const std::vector<Part>& parts
 }
 
 /// The first one takes the place of all.
-bool growFirst(const CommandContext& context, const std::vector<Part>& parts, double low,
+bool growFirst(const CommandContext& context, const std::vector<JoinPart>& parts, double low,
                double high, bool whole) {
     Ids others;
     for (std::size_t i = 1; i < parts.size(); ++i) others.push_back(parts[i].id);
@@ -113,23 +80,16 @@ bool growFirst(const CommandContext& context, const std::vector<Part>& parts, do
     return true;
 }
 
-bool makePolyline(const CommandContext& context, const std::vector<Part>& parts,
+bool makePolyline(const CommandContext& context, const std::vector<JoinPart>& parts,
                   const std::vector<Curve>& curves, const EndChain& chain) {
-    std::vector<SegmentWidth> widths;
     std::size_t source = chain.links.front().curve;
     Ids gone;
     for (const EndChain::Link& link : chain.links) {
-        std::vector<SegmentWidth> own = parts[link.curve].widths;
-        if (link.reversed) {
-            std::reverse(own.begin(), own.end());
-            for (SegmentWidth& width : own) std::swap(width.start, width.end);
-        }
-        widths.insert(widths.end(), own.begin(), own.end());
         source = std::min(source, link.curve);
         gone.push_back(parts[link.curve].id);
     }
     const AcDbObjectId id =
-        addEntity(context, polylineOf(chain.curve(curves), parts[source].height, widths));
+        addEntity(context, joinedPolyline(parts, curves, chain, parts[source].height));
     if (id.isNull()) return false;
     {
         const AcDbObjectPointer<AcDbEntity> from(parts[source].id, AcDb::kForRead);
@@ -143,7 +103,7 @@ bool makePolyline(const CommandContext& context, const std::vector<Part>& parts,
 
 /// How many were joined into how many.
 std::pair<std::size_t, std::size_t> joinAll(const CommandContext& context,
-                                            const std::vector<Part>& parts) {
+                                            const std::vector<JoinPart>& parts) {
     const double near = nearOf(parts);
     if (const auto line = inLine(parts, near))
         return growFirst(context, parts, line->first, line->second, false)
@@ -156,7 +116,7 @@ std::pair<std::size_t, std::size_t> joinAll(const CommandContext& context,
                    : std::pair(std::size_t{0}, std::size_t{0});
     }
     std::vector<Curve> curves;
-    for (const Part& part : parts) curves.push_back(part.curve);
+    for (const JoinPart& part : parts) curves.push_back(part.curve);
     std::pair<std::size_t, std::size_t> count;
     for (const EndChain& chain : endChains(curves, near)) {
         if (chain.links.size() < 2 || !makePolyline(context, parts, curves, chain)) continue;
@@ -173,11 +133,11 @@ CommandTask join(CommandContext context) {
     options.prompt = L"\nSelecione os objetos a unir: ";
     const Selection chosen = co_await selectObjects(context, options);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    std::vector<Part> parts;
+    std::vector<JoinPart> parts;
     for (const AcDbObjectId& id : chosen.ids)
-        if (std::optional<Part> part = partOf(id)) parts.push_back(std::move(*part));
+        if (std::optional<JoinPart> part = joinPartOf(id)) parts.push_back(std::move(*part));
     if (!parts.empty())
-        std::erase_if(parts, [&, height = parts.front().height](const Part& part) {
+        std::erase_if(parts, [&, height = parts.front().height](const JoinPart& part) {
             return std::abs(part.height - height) > 1e-6;
         });
     if (parts.size() < 2) {

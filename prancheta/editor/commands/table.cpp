@@ -64,6 +64,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"EXTEND",      L"ESTENDER",     kPickset, commands::extendObjects},
     {L"BREAK",       L"QUEBRAR",      kModal,   commands::breakObject},
     {L"JOIN",        L"UNIR",         kPickset, commands::join},
+    {L"PEDIT",       L"EDITPOL",      kPickset, commands::pedit},
     {L"LENGTHEN",    L"COMPRIMENTO",  kModal,   commands::lengthen},
     {L"OFFSET",      L"DESLOCAR",     kModal,   commands::offsetCurve},
     {L"FILLET",      L"CONCORD",      kModal,   commands::fillet},

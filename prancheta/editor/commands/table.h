@@ -82,6 +82,7 @@ CommandTask open(CommandContext context);
 CommandTask pan(CommandContext context);
 CommandTask pasteclip(CommandContext context);
 CommandTask pline(CommandContext context);
+CommandTask pedit(CommandContext context);
 CommandTask plot(CommandContext context);
 CommandTask plotInWindow(CommandContext context);
 CommandTask point(CommandContext context);
