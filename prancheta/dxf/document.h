@@ -49,6 +49,11 @@ struct LoadReport {
 Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path,
                                            LoadReport* report = nullptr);
 
+/// Reads a damaged file as far as it goes: what makes no sense is left out and told, with its line,
+/// as a finding. An error for a file that cannot be read at all, and for a damaged binary one.
+Result<std::unique_ptr<AcDbDatabase>> recover(const std::filesystem::path& path,
+                                              LoadReport& report);
+
 /// Replaces the file atomically. The same drawing gives the same bytes.
 Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
                   const SaveOptions& options = {});

@@ -8,6 +8,7 @@
 #include "prancheta/dxf/binary.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/loader.h"
+#include "prancheta/dxf/mending.h"
 #include "prancheta/entities/register.h"
 
 namespace prancheta::dxf {
@@ -259,34 +260,82 @@ bool Loader::complete() {
     return true;
 }
 
+namespace {
+
+/// The text of a file, also of a binary one.
+struct FileText {
+    std::shared_ptr<const MappedFile> file;
+    std::string_view text;
+    BinaryText binary;
+    bool isBinaryFile = false;
+};
+
+Result<FileText> textOf(const std::filesystem::path& path) {
+    auto file = MappedFile::open(path);
+    if (!file) return file.error();
+    FileText read;
+    read.file = *file;
+    read.text = read.file->bytes();
+    read.isBinaryFile = isBinary(read.text);
+    if (!read.isBinaryFile) return read;
+    auto converted = textOfBinary(read.text);
+    if (!converted) {
+        Error error = converted.error();
+        error.file = path.string();
+        return error;
+    }
+    read.binary = std::move(*converted);
+    return read;
+}
+
+}  // namespace
+
 Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, LoadReport* report) {
     registerEntityClasses();
-    const auto file = MappedFile::open(path);
+    const Result<FileText> file = textOf(path);
     if (!file) return file.error();
-    std::string_view text = (*file)->bytes();
-    BinaryText binary;
-    const bool isBinaryFile = isBinary(text);
-    if (isBinaryFile) {
-        auto converted = textOfBinary(text);
-        if (!converted) {
-            Error error = converted.error();
-            error.file = path.string();
-            return error;
-        }
-        binary = std::move(*converted);
-        text = binary.text;
-    }
+    const std::string_view text = file->isBinaryFile ? file->binary.text : file->text;
     LoadReport unread;
     auto database = std::make_unique<AcDbDatabase>(false, true);
-    Loader loader(*database, text, isBinaryFile ? nullptr : file->get(),
+    Loader loader(*database, text, file->isBinaryFile ? nullptr : file->file.get(),
                   report != nullptr ? *report : unread);
     const bool whole = loader.run();
-    if ((*file)->changed())
+    if (file->file->changed())
         return Error{"outro programa mudou o arquivo enquanto ele era lido; abra-o outra vez",
                      path.string(), 0, 0};
     if (!whole)
-        return errorOf(*loader.fault(), text, isBinaryFile ? &binary.offsets : nullptr, path);
+        return errorOf(*loader.fault(), text, file->isBinaryFile ? &file->binary.offsets : nullptr,
+                       path);
     return database;
+}
+
+Result<std::unique_ptr<AcDbDatabase>> recover(const std::filesystem::path& path,
+                                              LoadReport& report) {
+    // What only the reading finds, once the rest is mended: damage, not another kind of file.
+    constexpr int kMostAttempts = 50;
+    registerEntityClasses();
+    const Result<FileText> file = textOf(path);
+    if (!file) return file.error();
+    Mended mended = mend(file->isBinaryFile ? file->binary.text : file->text);
+    if (mended.origins.empty())
+        return Error{"o arquivo não tem nada que possa ser lido como desenho", path.string(), 0, 0};
+    for (int attempt = 0;; ++attempt) {
+        LoadReport findings;
+        auto database = std::make_unique<AcDbDatabase>(false, true);
+        Loader loader(*database, mended.text, nullptr, findings);
+        if (loader.run()) {
+            for (Finding& finding : findings.findings)
+                finding.line = mended.formerLine(finding.line);
+            std::vector<Finding>& all = report.findings;
+            all.insert(all.end(), mended.losses.begin(), mended.losses.end());
+            all.insert(all.end(), findings.findings.begin(), findings.findings.end());
+            return database;
+        }
+        Error error = errorOf(*loader.fault(), mended.text, nullptr, path);
+        if (attempt < kMostAttempts && mended.leaveOut(error.line, error.text)) continue;
+        error.line = mended.formerLine(error.line);
+        return error;
+    }
 }
 
 }  // namespace prancheta::dxf

@@ -98,6 +98,19 @@ Result<void> DrawingFile::open(const std::filesystem::path& path, dxf::LoadRepor
     return replaced;
 }
 
+Result<void> DrawingFile::openDamaged(const std::filesystem::path& path, dxf::LoadReport& losses) {
+    const std::optional<FileStamp> stamp = fileStampOf(path);
+    Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::recover(path, losses);
+    acdbHostApplicationServices()->setWorkingDatabase(&m_editor.database());
+    if (!loaded) return loaded.error();
+    Result<void> replaced =
+        m_editor.replaceDrawing(std::move(*loaded), std::filesystem::absolute(path));
+    if (!replaced) return replaced;
+    m_stamp = stamp;
+    if (!losses.findings.empty()) m_revision = std::numeric_limits<std::uint64_t>::max();
+    return replaced;
+}
+
 Result<void> DrawingFile::recover(const std::filesystem::path& copy,
                                   const std::filesystem::path& name,
                                   const std::optional<FileStamp>& stamp) {

@@ -31,6 +31,9 @@ public:
     /// present drawing stays. `findings` receives what was repaired while reading.
     Result<void> makeNew();
     Result<void> open(const std::filesystem::path& path, dxf::LoadReport* findings = nullptr);
+    /// Opens a damaged file as far as it goes; the drawing differs from it then. `losses` receives
+    /// what was left out.
+    Result<void> openDamaged(const std::filesystem::path& path, dxf::LoadReport& losses);
     /// Opens a copy that was kept for the case of a crash: the drawing goes by `name` (empty: none)
     /// and differs from its file, which was this one when the copy's window had read or saved it.
     Result<void> recover(const std::filesystem::path& copy, const std::filesystem::path& name,

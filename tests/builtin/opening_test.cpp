@@ -128,5 +128,24 @@ TEST_F(Opening, AnInstalledFolderIsCopiedForTheUserAndKeptUpToDate) {
     EXPECT_EQ(*beside, folder / "build" / "instalacao");
 }
 
+TEST_F(Opening, DamagedFilesAreRefusedByOpenAndRecoveredByName) {
+    const std::string name = (folder / "quebrado.dxf").string();
+    put(name,
+        "  0\nSECTION\n  2\nENTITIES\n  0\nPOINT\n  8\n0\n 10\n1\n 20\n2\n  0\nPOINT\n  8\n0\n "
+        "10\nx\n  0\nPOINT\n  8\n0\n 10\n3\n");
+    const std::wstring typed = prancheta::toWide(name);
+    type({L"_line", L"0,0", L"1,1", L"", L"_open", L"_y", typed.c_str()});
+    EXPECT_TRUE(said(L"RECUPERAR abre o que puder ser lido."));
+    EXPECT_EQ(count(), 1u) << "the present drawing stays";
+    type({L"recuperar", L"_y", typed.c_str()});
+    EXPECT_EQ(count(), 1u) << "the first point is whole; nobody knows of the last";
+    EXPECT_TRUE(said(L"Linha 18: POINT: "));
+    EXPECT_TRUE(said(L"4 perdas ou reparos no arquivo."));
+    EXPECT_TRUE(editor->file().modified());
+    EXPECT_EQ(editor->file().name(), name);
+    type({L"_open", L"_y", (folder / "nenhum.dxf").wstring().c_str()});
+    EXPECT_FALSE(ui.complaints.back().find(L"RECUPERAR") != std::wstring::npos);
+}
+
 }  // namespace
 }  // namespace builtin

@@ -192,6 +192,98 @@ TEST(Damage, ObjectsGiveWayToTheHandlesOfWhatIsKept) {
     EXPECT_EQ(valueOf(record(all, "VIEW"), 5), "A1");
 }
 
+TEST(Damage, RecoveredIsAllThatIsWhole) {
+    // A layer, a block with a point, and in the drawing: an insertion, a polyline, a line.
+    const std::string good = fileWith(
+        "0 INSERT|5 A1|8 0|2 B|10 0|20 0|0 POLYLINE|5 A2|8 0|66 1|0 VERTEX|8 0|10 1|20 1|0 "
+        "VERTEX|8 0|10 2|20 1|0 SEQEND|0 LINE|5 A3|8 A|10 1.5|20 0|11 1|21 0",
+        "AC1015",
+        "0 SECTION|2 TABLES|0 TABLE|2 LAYER|0 LAYER|2 A|70 0|62 1|0 ENDTAB|0 ENDSEC|0 SECTION|2 "
+        "BLOCKS|0 BLOCK|2 B|70 0|10 0|20 0|0 POINT|8 0|10 1|20 1|0 ENDBLK|0 ENDSEC");
+    struct Case {
+        const char* what;
+        std::string from, to;    ///< the last `from` of the good file
+        std::string types;       ///< of model space
+        std::vector<int> lines;  ///< of what is told
+    };
+    // It has 116 lines; those told are counted in the changed file.
+    const std::string whole = "INSERT POLYLINE LINE ";
+    const Case cases[] = {
+        {"nothing", "", "", whole, {}},
+        {"no EOF", "0\nEOF\n", "", whole, {114}},
+        {"no end of a section", "0\nENDSEC\n0\nEOF", "0\nEOF", whole, {114}},
+        {"no end of a table", "0\nENDTAB\n", "", whole, {28}},
+        {"no end of a block", "0\nENDBLK\n", "", whole, {54}},
+        {"no beginning of a section", "0\nSECTION\n2\nENTITIES\n", "", whole, {58}},
+        {"a section without its name", "2\nENTITIES\n", "", whole, {58, 60}},
+        {"garbage between groups", "11\n1\n21", "@#$ lixo\n11\n1\n21", "INSERT POLYLINE ", {109}},
+        {"a line is missing", "10\n1.5\n", "10\n", "INSERT POLYLINE ", {107}},
+        {"a bad number", "1.5\n", "1,5\n", "INSERT POLYLINE ", {106}},
+        {"a bad handle", "A2\n", "XYZ\n", "INSERT LINE ", {76}},
+        {"a bad number in a vertex", "10\n2\n", "10\nx\n", whole, {94}},
+        {"no end of the vertices", "0\nSEQEND\n", "", whole, {98}},
+        {"no layer record", "0\nLAYER\n2\nA\n70\n0\n62\n1\n", "", whole, {0}},
+    };
+    for (const Case& c : cases) {
+        std::string text = good;
+        text.replace(text.rfind(c.from), c.from.size(), c.to);
+        const Folder folder;
+        write(folder / "a.dxf", text);
+        dxf::LoadReport report;
+        const auto loaded = dxf::recover(folder / "a.dxf", report);
+        ASSERT_TRUE(loaded.ok()) << c.what << ": " << loaded.error().message();
+        std::string types;
+        for (const AcDbEntity* const each : modelSpace(**loaded))
+            types += each->isA() == AcDbBlockReference::desc() ? "INSERT "
+                     : each->isA() == AcDbLine::desc()         ? "LINE "
+                                                               : "POLYLINE ";
+        EXPECT_EQ(types, c.types) << c.what;
+        std::vector<int> lines;
+        std::string told;
+        for (const dxf::Finding& finding : report.findings) {
+            lines.push_back(finding.line);
+            told += finding.text + "; ";
+        }
+        EXPECT_EQ(lines, c.lines) << c.what << ": " << told;
+        EXPECT_EQ(countOf(groupsOf(saved(**loaded)), "POINT"), 1U) << c.what;
+    }
+}
+
+TEST(Damage, RecoveryGoesAsFarAsAFileGoes) {
+    const BarModule module;
+    const std::string text = sample(dxf::Form::Ascii);
+    const Folder folder;
+    const auto recovered = [&](const std::string& bytes, dxf::LoadReport& report) {
+        write(folder / "a.dxf", bytes);
+        return dxf::recover(folder / "a.dxf", report);
+    };
+    dxf::LoadReport nothing;
+    const auto all = recovered(text, nothing);
+    ASSERT_TRUE(all.ok());
+    EXPECT_TRUE(nothing.findings.empty());
+    EXPECT_EQ(saved(**all), text) << "what is whole stays as it stands";
+    std::size_t before = 0;
+    for (std::size_t size = 101; size + 4 < text.size(); size += 997) {
+        dxf::LoadReport report;
+        const auto part = recovered(text.substr(0, size), report);
+        ASSERT_TRUE(part.ok()) << "cut at byte " << size << ": " << part.error().message();
+        EXPECT_FALSE(report.findings.empty()) << "cut at byte " << size;
+        const std::size_t count = modelSpace(**part).size();
+        EXPECT_GE(count, before) << "cut at byte " << size;
+        before = count;
+        ASSERT_TRUE(tryLoad(saved(**part)).ok()) << "cut at byte " << size;
+    }
+    // Two hundred thousand lines of garbage in the middle take no time to speak of.
+    std::string garbage;
+    for (int i = 0; i < 200000; ++i) garbage += i % 3 == 0 ? "0\n" : "lixo lixo\n";
+    std::string filled = text;
+    filled.insert(filled.find("0\nSECTION\n  2\nENTITIES") + 2, garbage);
+    dxf::LoadReport report;
+    EXPECT_TRUE(recovered(filled, report).ok());
+    dxf::LoadReport none;
+    EXPECT_FALSE(recovered("isto não é um desenho\n", none).ok());
+}
+
 TEST(Damage, WhatStandsBehindTheEndIsNoDamage) {
     const std::string good = fileWith("0 POINT|8 0|10 0|20 0");
     for (const char* rest : {"\x1A", "\x1A\r\n", "\n\n\n\n", " \n\n\n"}) {

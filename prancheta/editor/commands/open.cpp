@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// NEW, OPEN, QUIT: what leaves the present drawing.
+// NEW, OPEN, RECOVER, QUIT: what leaves the present drawing.
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/support.h"
@@ -26,10 +26,33 @@ Task<InputValue> mayLeave(CommandContext context) {
     co_return leave;
 }
 
-CommandEnd report(const CommandContext& context, const Result<void>& done) {
+CommandEnd report(const CommandContext& context, const Result<void>& done,
+                  std::wstring_view advice) {
     if (done) return CommandEnd::Done;
-    context.editor().complain(toWide(done.error().message()));
+    context.editor().complain(toWide(done.error().message()) + std::wstring(advice));
     return CommandEnd::Failed;
+}
+
+/// The file to open; without a path the command ends.
+struct OpenTarget {
+    OpenTarget(int s) : status(s) {}
+    int status;
+    std::filesystem::path path;
+};
+
+Task<OpenTarget> askTarget(CommandContext context, std::wstring question) {
+    const InputValue leave = co_await mayLeave(context);
+    if (leave.number == 0.0) co_return OpenTarget(leave.status);
+    OpenTarget target(RTCAN);
+    if (const std::optional<std::filesystem::path> chosen = chosenFile(context, {})) {
+        target.path = *chosen;
+        co_return target;
+    }
+    const InputValue name =
+        co_await context.ask(Prompt(InputKind::Text, question).wholeLine().required());
+    target.status = name.status;
+    if (name.status == RTNORM) target.path = typedPath(name.text);
+    co_return target;
 }
 
 }  // namespace
@@ -37,26 +60,34 @@ CommandEnd report(const CommandContext& context, const Result<void>& done) {
 CommandTask newDrawing(CommandContext context) {
     const InputValue leave = co_await mayLeave(context);
     if (leave.number == 0.0) co_return endOf(leave.status);
-    co_return report(context, context.editor().file().makeNew());
+    co_return report(context, context.editor().file().makeNew(), {});
 }
 
 CommandTask open(CommandContext context) {
-    const InputValue leave = co_await mayLeave(context);
-    if (leave.number == 0.0) co_return endOf(leave.status);
-    std::optional<std::filesystem::path> path = chosenFile(context, {});
-    if (!path) {
-        const InputValue name =
-            co_await context.ask(Prompt(InputKind::Text, L"\nDigite o nome do desenho a abrir: ")
-                                     .wholeLine()
-                                     .required());
-        if (name.status != RTNORM) co_return endOf(name.status);
-        path = typedPath(name.text);
-    }
-    if (path->empty()) co_return CommandEnd::Cancelled;
+    const OpenTarget target = co_await askTarget(context, L"\nDigite o nome do desenho a abrir: ");
+    if (target.path.empty()) co_return endOf(target.status);
     dxf::LoadReport findings;
-    const Result<void> opened = context.editor().file().open(*path, &findings);
+    const Result<void> opened = context.editor().file().open(target.path, &findings);
     if (opened) printFindings(context.editor(), findings);
-    co_return report(context, opened);
+    // Damage has a place; a file that is not there has none.
+    const bool damaged = !opened && opened.error().line > 0;
+    co_return report(context, opened, damaged ? L" RECUPERAR abre o que puder ser lido." : L"");
+}
+
+CommandTask recover(CommandContext context) {
+    const OpenTarget target =
+        co_await askTarget(context, L"\nDigite o nome do desenho a recuperar: ");
+    if (target.path.empty()) co_return endOf(target.status);
+    dxf::LoadReport losses;
+    const Result<void> opened = context.editor().file().openDamaged(target.path, losses);
+    if (opened) {
+        printFindings(context.editor(), losses);
+        say(context, losses.findings.empty()
+                         ? L"O arquivo está inteiro: nada foi perdido."
+                         : counted(losses.findings.size(), L"perda ou reparo no arquivo.",
+                                   L"perdas ou reparos no arquivo."));
+    }
+    co_return report(context, opened, {});
 }
 
 CommandTask quit(CommandContext context) {

@@ -118,6 +118,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"OPEN",        L"ABRIR",        kSession, commands::open},
     {L"QSAVE",       L"SALVAR",       kSession, commands::qsave},
     {L"SAVE",        L"GRAVAR",       kSession, commands::save},
+    {L"RECOVER",     L"RECUPERAR",    kSession, commands::recover},
     {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
     {L"PLOT",        L"PLOTAR",       ACRX_CMD_NO_UNDO_MARKER, commands::plotInWindow},
     {L"-PLOT",       L"-PLOTAR",      ACRX_CMD_NO_UNDO_MARKER, commands::plot},

@@ -93,6 +93,7 @@ CommandTask qselect(CommandContext context);
 CommandTask quit(CommandContext context);
 CommandTask rectang(CommandContext context);
 CommandTask ray(CommandContext context);
+CommandTask recover(CommandContext context);
 CommandTask redo(CommandContext context);
 CommandTask redraw(CommandContext context);
 CommandTask regen(CommandContext context);
