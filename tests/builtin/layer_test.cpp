@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // LAYER on the command line.
+#include "prancheta/database/object_access.h"
 #include "prancheta/editor/commands/support.h"
 #include "tests/builtin/script_ui.h"
 
@@ -214,6 +215,51 @@ TEST_F(Layer, SelectedByWhatTheyAre) {
     EXPECT_EQ(ui.complaints.size(), 4u);
     type({L"_erase"});
     EXPECT_EQ(count(), 4u);
+}
+
+/// What is needed: by an object, a block in a block, a style, a foreign group, the drawing.
+TEST_F(Layer, PurgeTakesWhatNothingNeeds) {
+    type({L"_-layer", L"_n",      L"Usada,Livre,DoBloco,Nomeada,Atual,Defpoints",
+          L"_lt",     L"center",  L"Usada",
+          L"_s",      L"DoBloco", L"",
+          L"_line",   L"0,0",     L"9,0",
+          L"",        L"_block",  L"DENTRO",
+          L"0,0",     L"_l",      L"",
+          L"_block",  L"FORA",    L"0,0",
+          L"_l",      L"",        L"_erase",
+          L"_all",    L"",        L"_-layer",
+          L"_s",      L"Usada",   L"",
+          L"_line",   L"0,0",     L"9,0",
+          L"",        L"_-layer", L"_s",
+          L"Atual",   L""});
+    editor->database().core().foreign().objects.push_back(
+        {{0, "COISA"}, {5, "FFFF"}, {100, "AcDbCoisa"}, {8, "Nomeada"}});
+    const auto block = [&](const wchar_t* name) {
+        AcDbBlockTable* table = nullptr;
+        (void)editor->database().getSymbolTable(table, AcDb::kForRead);
+        const bool has = table->has(name);
+        (void)table->close();
+        return has;
+    };
+    type({L"limpar", L"ca", L"", L"n"});
+    EXPECT_TRUE(said(L"Limpeza: 1 camada."));
+    EXPECT_TRUE(find(L"Livre").isNull());
+    type({L"_purge", L"_all", L"", L"_y", L"_n", L"_n"});
+    EXPECT_TRUE(asked(L"Limpar o bloco \"FORA\"? [Sim/Não] <Não>:"));
+    EXPECT_TRUE(block(L"FORA")) << "confirmed name by name";
+    EXPECT_TRUE(said(L"Nada foi limpo"));
+    type({L"_purge", L"_all", L"xyz*", L"_n"});
+    EXPECT_TRUE(block(L"FORA"));
+    type({L"pu", L"_all", L"*", L"_n"});
+    EXPECT_TRUE(said(L"2 blocos, 1 camada"));
+    EXPECT_FALSE(block(L"FORA") || block(L"DENTRO")) << "what only the first one held goes, too";
+    EXPECT_TRUE(find(L"DoBloco").isNull());
+    for (const wchar_t* name : {L"Usada", L"Nomeada", L"Atual", L"Defpoints", L"0"})
+        EXPECT_FALSE(find(name).isNull()) << name;
+    EXPECT_FALSE(
+        prancheta::ObjectAccess::lookup(editor->database().linetypeTableId(), L"CENTER").isNull());
+    type({L"_u"});
+    EXPECT_TRUE(block(L"FORA") && block(L"DENTRO") && !find(L"DoBloco").isNull());
 }
 
 }  // namespace

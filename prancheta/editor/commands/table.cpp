@@ -99,6 +99,7 @@ constexpr BuiltInCommand kTable[] = {
 
     {L"LAYER",       L"CAMADA",       kModal,   commands::layerInWindow},
     {L"-LAYER",      L"-CAMADA",      kModal,   commands::layer},
+    {L"PURGE",       L"LIMPAR",       kModal,   commands::purge},
     {L"STYLE",       L"ESTILO",       kModal,   commands::style},
     {L"QSELECT",     L"SELRAP",       kGrips,   commands::qselect},
     {L"LAYISO",      L"ISOLACAMADA",  kPickset, commands::layiso},

@@ -89,6 +89,7 @@ CommandTask point(CommandContext context);
 CommandTask polygon(CommandContext context);
 CommandTask properties(CommandContext context);
 CommandTask qsave(CommandContext context);
+CommandTask purge(CommandContext context);
 CommandTask qselect(CommandContext context);
 CommandTask quit(CommandContext context);
 CommandTask rectang(CommandContext context);
