@@ -66,7 +66,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"prancheta/editor",
      {"prancheta/base", "prancheta/geometry", "prancheta/curves", "prancheta/graphics",
       "prancheta/database", "prancheta/entities", "prancheta/dcl", "prancheta/dxf",
-      "prancheta/display", "protocol"}},
+      "prancheta/verify", "prancheta/display", "protocol"}},
     {"prancheta/plot",
      {"prancheta/base", "prancheta/geometry", "prancheta/graphics", "prancheta/display",
       "prancheta/editor"}},

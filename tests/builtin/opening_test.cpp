@@ -147,5 +147,28 @@ TEST_F(Opening, DamagedFilesAreRefusedByOpenAndRecoveredByName) {
     EXPECT_FALSE(ui.complaints.back().find(L"RECUPERAR") != std::wstring::npos);
 }
 
+TEST_F(Opening, AuditTellsWhatAFileOfTheDrawingWouldHaveWrong) {
+    type({L"_audit", L"_y"});
+    EXPECT_TRUE(said(L" 0 erros, 0 avisos."));
+    put(folder / "solto.dxf",
+        "  0\nSECTION\n  2\nENTITIES\n  0\nQUADRO\n  5\nB2\n100\nAcDbEntity\n  8\n0\n100\n"
+        "AcDbQuadro\n340\nABC\n  0\nENDSEC\n  0\nEOF\n");
+    ASSERT_TRUE(editor->file().open(folder / "solto.dxf"));
+    ui.output.clear();
+    type({L"auditar", L""});
+    EXPECT_TRUE(
+        said(L"Erro: QUADRO B2: o código 340 aponta para o objeto \"ABC\", que não existe"));
+    EXPECT_TRUE(said(L" 1 erro, 0 avisos."));
+    EXPECT_FALSE(editor->file().modified());
+    type({L"auditar", L"s"});
+    EXPECT_TRUE(said(L"QUADRO B2: a referência a \"ABC\", que não existe, foi anulada"));
+    EXPECT_TRUE(said(L"Restam: "));
+    ui.output.clear();
+    type({L"auditar", L""});
+    EXPECT_TRUE(said(L" 0 erros, 0 avisos."));
+    type({L"_u", L"auditar", L""});
+    EXPECT_TRUE(said(L" 1 erro, 0 avisos.")) << "one step of undo";
+}
+
 }  // namespace
 }  // namespace builtin

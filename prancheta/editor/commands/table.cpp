@@ -99,6 +99,7 @@ constexpr BuiltInCommand kTable[] = {
 
     {L"LAYER",       L"CAMADA",       kModal,   commands::layerInWindow},
     {L"-LAYER",      L"-CAMADA",      kModal,   commands::layer},
+    {L"AUDIT",       L"AUDITAR",      kModal,   commands::audit},
     {L"PURGE",       L"LIMPAR",       kModal,   commands::purge},
     {L"STYLE",       L"ESTILO",       kModal,   commands::style},
     {L"QSELECT",     L"SELRAP",       kGrips,   commands::qselect},
@@ -117,9 +118,9 @@ constexpr BuiltInCommand kTable[] = {
 
     {L"NEW",         L"NOVO",         kSession, commands::newDrawing},
     {L"OPEN",        L"ABRIR",        kSession, commands::open},
+    {L"RECOVER",     L"RECUPERAR",    kSession, commands::recover},
     {L"QSAVE",       L"SALVAR",       kSession, commands::qsave},
     {L"SAVE",        L"GRAVAR",       kSession, commands::save},
-    {L"RECOVER",     L"RECUPERAR",    kSession, commands::recover},
     {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
     {L"PLOT",        L"PLOTAR",       ACRX_CMD_NO_UNDO_MARKER, commands::plotInWindow},
     {L"-PLOT",       L"-PLOTAR",      ACRX_CMD_NO_UNDO_MARKER, commands::plot},
