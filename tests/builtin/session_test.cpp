@@ -118,6 +118,10 @@ TEST_F(Session, Area) {
     told({L"_area", L"_o", L"_l"}, L"Área = 157,08, comprimento = 31,42\n");
     told({L"_area", L"_a", L"0,0", L"10,0", L"10,10", L"0,10", L"", L"_s", L"_o", L"_l", L"", L""},
          L"Área total = -57,08\n");
+    // A hatch between circles of radius 10 and 5: 75 pi, and 30 pi around.
+    type({L"_erase", L"_all", L"", L"_circle", L"0,0", L"10", L"_circle", L"0,0", L"5", L"_hatch",
+          L"_s", L"_all", L"", L""});
+    told({L"_area", L"_o", L"_l"}, L"Área = 235,62, perímetro = 94,25\n");
     type({L"_line", L"0,0", L"5,0", L""});
     ui.complaints.clear();
     type({L"_area", L"_o", L"_l", L"^C"});

@@ -3,10 +3,12 @@
 #include <cmath>
 #include <optional>
 
+#include "dbhatch.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/entities/hatch_area.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/graphics/edges.h"
 #include "protocol/attach.h"
@@ -104,6 +106,15 @@ const wchar_t* measure(const CommandContext& context, AcDbObjectId id, Measured&
                        ? nullptr
                        : L"Esta vista da peça não delimita uma área: selecione a seção.";
         }
+    }
+    if (const AcDbObjectPointer<AcDbHatch> hatch(id, AcDb::kForRead);
+        hatch.openStatus() == Acad::eOk) {
+        if (hatch->getArea(measured.area) != Acad::eOk) return L"A hachura não delimita uma área.";
+        for (const HatchSegment& each : segmentsOf(filledOutlines(*hatch.object())))
+            measured.length += each.radius > 0.0
+                                   ? each.radius * std::abs(each.sweep)
+                                   : std::hypot(each.b.x - each.a.x, each.b.y - each.a.y);
+        return nullptr;
     }
     const std::optional<Measured> found = measureCurve(context.editor().display().picture(id));
     if (!found) return L"O objeto não delimita uma área.";
