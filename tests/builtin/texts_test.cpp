@@ -209,10 +209,11 @@ TEST_F(Texts, WeldsAreOneObjectOfWhatTheLineSays) {
 }
 
 TEST_F(Texts, CloudsBulgeOutwards) {
-    // A square of 40 in arcs of 10, either way round: 16 arcs; each rises a quarter of its chord.
+    // A square of 40 in arcs of 10, either way round, closed by Enter or at its first point: 16
+    // arcs; each rises a quarter of its chord.
     for (const bool backwards : {false, true}) {
         type({L"_revcloud", L"_a", L"10", L"0,0", backwards ? L"0,40" : L"40,0", L"40,40",
-              backwards ? L"40,0" : L"0,40", L""});
+              backwards ? L"40,0" : L"0,40", backwards ? L"0,0" : L""});
         const Read<AcDbPolyline> cloud(last());
         ASSERT_NE(cloud.object(), nullptr);
         EXPECT_EQ(cloud->numVerts(), 16u);

@@ -9,6 +9,7 @@
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/picking.h"
 
 namespace prancheta::commands {
 
@@ -99,6 +100,11 @@ Task<CommandEnd> ofObject(CommandContext context, double chord) {
     }
 }
 
+/// How near to its first point a cloud is closed: by hand within the pick box.
+double closingReach(const CommandContext& context) {
+    return context.editor().runner().interactive() ? pickTolerance(context.editor()) : 1e-6;
+}
+
 Task<CommandEnd> ofPoints(CommandContext context, AcGePoint3d first, double chord) {
     Points corners{first};
     for (;;) {
@@ -112,7 +118,10 @@ Task<CommandEnd> ofPoints(CommandContext context, AcGePoint3d first, double chor
         });
         const InputValue answer = co_await context.ask(prompt);
         if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
-        if (answer.status == RTNORM) {
+        const bool closes =
+            answer.status == RTNONE ||
+            (corners.size() > 2 && answer.point.distanceTo(first) <= closingReach(context));
+        if (!closes) {
             corners.push_back(answer.point);
         } else if (corners.size() < 3) {
             context.editor().complain(L"A nuvem precisa de três pontos ou mais.",
