@@ -100,7 +100,8 @@ TEST_F(Blocks, OptionsOfBlock) {
         {{L"bloco", L"A", L"10,20", L"_all", L""}, 1, AcDbBlockReference::desc()},
         {{L"bloco", L"A", L"10,20", L"converter", L"_all", L""}, 1, AcDbBlockReference::desc()},
         {{L"_-block", L"A", L"10,20", L"_all", L"reter", L""}, 1, AcDbLine::desc()},
-        {{L"_block", L"A", L"10,20", L"_de", L"_re", L"a", L"_all", L""}, 0, nullptr},
+        {{L"_block", L"A", L"10,20", L"_de", L"_r", L"a", L"_all", L""}, 0, nullptr},
+        {{L"_block", L"A", L"10,20", L"_r", L"_all", L""}, 1, AcDbLine::desc()},
         {{L"_block", L"A", L"10,20", L""}, 1, AcDbLine::desc()},
     };
     for (const Case& each : cases) {

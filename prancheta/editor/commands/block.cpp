@@ -47,7 +47,7 @@ CommandTask block(CommandContext context) {
     if (base.status != RTNORM) co_return CommandEnd::Cancelled;
     SelectOptions options;
     options.prompt = L"\nSelecione objetos ou [REter/Converter/Apagar] <Converter>: ";
-    options.words = {{L"REter", L"REtain"}, {L"Converter", L"COnvert"}, {L"Apagar", L"Delete"}};
+    options.words = {{L"REter", L"Retain"}, {L"Converter", L"COnvert"}, {L"Apagar", L"Delete"}};
     const Selection chosen = co_await selectObjects(context, options);
     if (chosen.status == RTCAN) co_return CommandEnd::Cancelled;
     if (chosen.status != RTNORM) {
@@ -69,7 +69,7 @@ CommandTask block(CommandContext context) {
         appendOffered(*insertion);
         (void)addEntity(context, std::move(insertion));
     }
-    if (chosen.word != L"REtain") eraseForOops(context, chosen.ids);
+    if (chosen.word != L"Retain") eraseForOops(context, chosen.ids);
     co_return CommandEnd::Done;
 }
 
