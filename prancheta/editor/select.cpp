@@ -177,6 +177,21 @@ std::wstring counted(std::size_t n, const wchar_t* one, const wchar_t* many) {
     return std::to_wstring(n) + (n == 1 ? one : many);
 }
 
+void tellLocked(const CommandContext& context, std::size_t count) {
+    if (count > 0)
+        context.print(counted(count, L" estava em uma camada bloqueada.\n",
+                              L" estavam em uma camada bloqueada.\n"));
+}
+
+/// What "Tudo" left out: in sight, but locked.
+std::size_t lockedInSpace(const Editor& editor) {
+    LayerStates layers;
+    const Ids all = entitiesOfSpace(editor);
+    return static_cast<std::size_t>(std::count_if(all.begin(), all.end(), [&](AcDbObjectId id) {
+        return layers.of(id).locked && !layers.of(id).frozen;
+    }));
+}
+
 void tell(const CommandContext& context, const StepCount& count, const Picked& picked,
           bool removed) {
     std::wstring text =
@@ -186,10 +201,7 @@ void tell(const CommandContext& context, const StepCount& count, const Picked& p
         text += counted(count.known, L" duplicado)", L" duplicados)").insert(0, L" (");
     if (!picked.first()) text += L", " + std::to_wstring(picked.ids().size()) + L" total";
     context.print(text + L"\n");
-    if (count.locked > 0) {
-        context.print(counted(count.locked, L" estava em uma camada bloqueada.\n",
-                              L" estavam em uma camada bloqueada.\n"));
-    }
+    tellLocked(context, count.locked);
 }
 
 InputRequest pointRequest(std::wstring prompt, InputKind kind = InputKind::Point) {
@@ -384,6 +396,8 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
              out ? picked.remove(found.ids)
                  : picked.add(found, options.dropLocked, addingOf(context, value, found)),
              picked, out);
+        if (value.status == RTKWORD && value.text == L"ALL" && options.dropLocked && !out)
+            tellLocked(context, lockedInSpace(context.editor()));
         done = single && !picked.ids().empty();
     }
     std::wstring word = std::move(selection.word);

@@ -142,7 +142,9 @@ TEST_F(SelectTest, tellsWhatItFound) {
     lockLayerOf(lines[1]);
     EXPECT_EQ(selected({L"100,25", L"_c", L"-10,10", L"250,20"}), "02");
     EXPECT_TRUE(said(L"1 encontrado\n1 estava em uma camada bloqueada.\n"));
+    ui.output.clear();
     EXPECT_EQ(selected({L"_all"}), "02");
+    EXPECT_TRUE(said(L"2 encontrados\n1 estava em uma camada bloqueada.\n"));
 }
 
 TEST_F(SelectTest, hiddenLayersAreNotHit) {
