@@ -161,8 +161,15 @@ std::optional<Reading> Question::giveNumber(std::wstring_view text, const InputF
         case InputKind::Integer: {
             const std::optional<long> value = readInteger(text);
             if (!value) return {};
-            if (*value < -32768 || *value > 32767)
-                return refused(L"Requer um inteiro entre -32768 e 32767.");
+            if (*value < -32768 || *value > 32767) {
+                const bool positive = (m_request.flags & RSG_NONEG) != 0;
+                const bool counts = (m_request.flags & RSG_NOZERO) != 0;
+                return refused(std::wstring(L"Requer um inteiro entre ") +
+                               (!positive ? L"-32768"
+                                : counts  ? L"1"
+                                          : L"0") +
+                               L" e 32767.");
+            }
             return checkNumber(static_cast<double>(*value));
         }
         case InputKind::Real:

@@ -3,6 +3,7 @@
 // EXPLODE.
 #include <sstream>
 
+#include "dbmtext.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/picking.h"
 #include "prancheta/entities/foreign_entity.h"
@@ -494,6 +495,11 @@ TEST_F(Modify, PropertiesOfAnotherObject) {
     pick(0, 0, {all[2]});
     EXPECT_FALSE(editor->runner().active());
     EXPECT_EQ(Read<AcDbDimension>(all[3])->ownDimscale(), 7.0);
+    // Paragraphs take the height of a line of text.
+    type({L"_mtext", L"0,90", L"50,80", L"tres", L"", L"_matchprop"});
+    pick(0, 0, {all[1]});
+    type({L"_l", L""});
+    EXPECT_EQ(Read<AcDbMText>(last())->textHeight(), 5.0);
 }
 
 TEST_F(Modify, AlignedByTwoPairsOfPoints) {
@@ -514,8 +520,9 @@ TEST_F(Modify, PointsAlongCurves) {
             all.push_back(Read<AcDbPoint>(entities()[i])->position());
         return all;
     };
-    type({L"dividir", L"_l", L"1", L"4"});
-    EXPECT_EQ(ui.complaints.size(), 1u) << "one part is no division";
+    type({L"dividir", L"_l", L"1", L"40000", L"4"});
+    ASSERT_EQ(ui.complaints.size(), 2u) << "one part is no division";
+    EXPECT_EQ(ui.complaints[1], L"Requer um inteiro entre 1 e 32767.");
     std::vector<AcGePoint3d> at = places(1);
     ASSERT_EQ(at.size(), 3u);
     expectPoint(at[0], 12.5, 0);
@@ -536,6 +543,14 @@ TEST_F(Modify, PointsAlongCurves) {
     ASSERT_EQ(at.size(), 4u);
     expectPoint(at[0], 5, 0);
     expectPoint(at[3], 0, -5);
+    // A quarter of an ellipse is as long as the next one.
+    type(
+        {L"_erase", L"_all", L"", L"_ellipse", L"_c", L"0,0", L"10,0", L"4", L"_div", L"_l", L"4"});
+    at = places(1);
+    ASSERT_EQ(at.size(), 4u);
+    expectPoint(at[1], 0, 4);
+    expectPoint(at[2], -10, 0);
+    type({L"_u", L"_u", L"_u"});
     // Blocks stand along the curve.
     type({L"_-block", L"seta", L"0,0", L"_l", L"", L"_divide"});
     pick(5, 0, {entities()[0]});

@@ -53,8 +53,9 @@ Task<std::optional<Path>> askPath(CommandContext context, std::wstring question)
                 path->reverse();
             if (path) co_return path;
         }
-        context.editor().complain(L"Selecione uma linha, um arco, um círculo ou uma polilinha.",
-                                  Complaint::Refused);
+        context.editor().complain(
+            L"Selecione uma linha, um arco, um círculo, uma elipse ou uma polilinha.",
+            Complaint::Refused);
     }
 }
 

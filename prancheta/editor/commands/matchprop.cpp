@@ -5,6 +5,7 @@
 #include "acutmem.h"
 #include "dbdim.h"
 #include "dbents.h"
+#include "dbmtext.h"
 #include "prancheta/database/value_list.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
@@ -75,6 +76,23 @@ void matchText(const AcDbText& from, AcDbText& to) {
     (void)to.setOblique(from.oblique());
 }
 
+/// Lines and paragraphs have style and height in common.
+void matchWording(const AcDbEntity& from, AcDbEntity& to) {
+    const auto* const text = AcDbText::cast(&from);
+    const auto* const paragraphs = AcDbMText::cast(&from);
+    if (text == nullptr && paragraphs == nullptr) return;
+    const AcDbObjectId style = text != nullptr ? text->textStyle() : paragraphs->textStyle();
+    const double height = text != nullptr ? text->height() : paragraphs->textHeight();
+    if (auto* const other = AcDbMText::cast(&to)) {
+        (void)other->setTextStyle(style);
+        (void)other->setTextHeight(height);
+    } else if (auto* const line = AcDbText::cast(&to)) {
+        if (text != nullptr) return matchText(*text, *line);
+        (void)line->setTextStyle(style);
+        (void)line->setHeight(height);
+    }
+}
+
 /// What a dimension says against its style stands in its extended data, but for the scale.
 void matchDimension(const AcDbDimension& from, AcDbDimension& to) {
     static constexpr const ACHAR* kApplication = L"ACAD";
@@ -100,9 +118,7 @@ Acad::ErrorStatus match(const AcDbEntity& from, AcDbEntity& to, unsigned int wha
     if (what & kLinetype) (void)to.setLinetype(from.linetypeId());
     if (what & kLinetypeScale) (void)to.setLinetypeScale(from.linetypeScale());
     if (what & kLineWeight) (void)to.setLineWeight(from.lineWeight());
-    const auto* const text = AcDbText::cast(&from);
-    auto* const otherText = AcDbText::cast(&to);
-    if ((what & kText) && text != nullptr && otherText != nullptr) matchText(*text, *otherText);
+    if (what & kText) matchWording(from, to);
     const auto* const dimension = AcDbDimension::cast(&from);
     auto* const otherDimension = AcDbDimension::cast(&to);
     if ((what & kDimension) && dimension != nullptr && otherDimension != nullptr)

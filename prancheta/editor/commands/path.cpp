@@ -26,9 +26,35 @@ AcGePoint3d onArc(const BulgeArc& arc, const AcGeVector3d& normal, double sweep)
 
 }  // namespace
 
+AcGePoint3d Path::EllipsePart::at(double part) const {
+    const SineCosine sc = sineCosine(start + sweep * part);
+    return center + major * sc.cosine + minor * sc.sine;
+}
+
+AcGeVector3d Path::EllipsePart::speed(double part) const {
+    const SineCosine sc = sineCosine(start + sweep * part);
+    return (minor * sc.cosine - major * sc.sine) * sweep;
+}
+
+/// In parts of half a degree; lengths by Simpson's rule, exact to some 1e-10 of them.
+void Path::add(const EllipsePart& whole) {
+    const int parts = std::max(1, static_cast<int>(std::ceil(whole.sweep / kTwoPi * 720.0)));
+    for (int i = 0; i < parts; ++i) {
+        Leg leg;
+        leg.ellipse = whole;
+        leg.ellipse->sweep = whole.sweep / parts;
+        leg.ellipse->start = whole.start + leg.ellipse->sweep * i;
+        add(leg);
+    }
+}
+
 void Path::add(Leg leg) {
-    const double length =
+    double length =
         leg.arc ? std::abs(leg.arc->sweep) * leg.arc->radius : leg.from.distanceTo(leg.to);
+    if (leg.ellipse)
+        length = (leg.ellipse->speed(0.0).length() + 4.0 * leg.ellipse->speed(0.5).length() +
+                  leg.ellipse->speed(1.0).length()) /
+                 6.0;
     if (!(length > 0.0) || !std::isfinite(length)) return;
     m_length += length;
     leg.end = m_length;
@@ -53,6 +79,9 @@ std::optional<Path> Path::of(AcDbObjectId curve) {
                   roundArc(arc->center(), arc->normal(), arc->radius(), arc->startAngle(),
                            sweep > 0.0 ? sweep : kTwoPi),
                   arc->normal()});
+    } else if (const auto* ellipse = AcDbEllipse::cast(entity.object())) {
+        path.add(EllipsePart{ellipse->center(), ellipse->majorAxis(), ellipse->minorAxis(),
+                             ellipse->startParam(), ellipse->sweep()});
     } else if (const auto* polyline = AcDbPolyline::cast(entity.object())) {
         const unsigned int count = polyline->numVerts();
         for (unsigned int i = 0; i + (polyline->isClosed() ? 0 : 1) < count; ++i) {
@@ -84,6 +113,9 @@ Path::Place Path::at(double distance) const {
         place.place = onArc(*leg.arc, leg.normal, leg.arc->sweep * part);
         place.along = leg.normal.crossProduct(place.place - leg.arc->center).normal() *
                       (leg.arc->sweep < 0.0 ? -1.0 : 1.0);
+    } else if (leg.ellipse) {
+        place.place = leg.ellipse->at(part);
+        place.along = leg.ellipse->speed(part).normal();
     } else {
         place.place = leg.from + (leg.to - leg.from) * part;
         place.along = (leg.to - leg.from).normal();

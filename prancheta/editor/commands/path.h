@@ -12,7 +12,7 @@ namespace prancheta::commands {
 
 class Path {
 public:
-    /// Of a line, arc, circle or polyline with some length; nothing of anything else.
+    /// Of a line, arc, circle, ellipse or polyline with some length; nothing of anything else.
     static std::optional<Path> of(AcDbObjectId curve);
 
     /// Drawing units.
@@ -32,14 +32,26 @@ public:
     Place at(double distance) const;
 
 private:
+    /// Short enough to go evenly: centre + cos t * major + sin t * minor.
+    struct EllipsePart {
+        AcGePoint3d center;
+        AcGeVector3d major;
+        AcGeVector3d minor;
+        double start;
+        double sweep;
+        AcGePoint3d at(double part) const;
+        AcGeVector3d speed(double part) const;
+    };
     struct Leg {
         AcGePoint3d from;
         AcGePoint3d to;
         std::optional<BulgeArc> arc;  ///< none: straight
         AcGeVector3d normal = AcGeVector3d::kZAxis;
+        std::optional<EllipsePart> ellipse{};
         double end = 0.0;  ///< from the start of the first one
     };
     void add(Leg leg);
+    void add(const EllipsePart& whole);
 
     std::vector<Leg> m_legs;
     double m_length = 0.0;
