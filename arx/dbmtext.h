@@ -31,6 +31,9 @@ class AcDbMText : public AcDbEntity {
     double rotation() const;
     /// At which lines break, drawing units; 0 breaks none.
     double width() const { return m_width; }
+    /// Height of the frame that was drawn for it, drawing units; 0 when none was. Lines that do not
+    /// fit go on below it.
+    double definedHeight() const { return m_definedHeight; }
     double textHeight() const { return m_height; }
     AttachmentPoint attachment() const { return static_cast<AttachmentPoint>(m_attachment); }
     /// DXF 72: 1 left to right, 3 top to bottom, 5 as the style has it; shown left to right.
@@ -52,6 +55,7 @@ class AcDbMText : public AcDbEntity {
     Acad::ErrorStatus setDirection(const AcGeVector3d& direction);
     Acad::ErrorStatus setRotation(double angle);
     Acad::ErrorStatus setWidth(double width);
+    Acad::ErrorStatus setDefinedHeight(double height);
     Acad::ErrorStatus setTextHeight(double height);
     Acad::ErrorStatus setAttachment(AttachmentPoint attachment);
     Acad::ErrorStatus setFlowDirection(int direction);
@@ -82,6 +86,7 @@ private:
     AcDbObjectId m_style;
     double m_height = 2.5;
     double m_width = 0.0;
+    double m_definedHeight = 0.0;
     double m_spacing = 1.0;
     Adesk::Int16 m_attachment = kTopLeft;
     Adesk::Int16 m_flow = 1;

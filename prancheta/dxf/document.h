@@ -54,8 +54,9 @@ Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path,
 Result<std::unique_ptr<AcDbDatabase>> recover(const std::filesystem::path& path,
                                               LoadReport& report);
 
-/// Replaces the file atomically. The same drawing gives the same bytes.
+/// Replaces the file atomically. The same drawing gives the same bytes. `lost` gets a line about
+/// what the release does not hold; empty when it holds all.
 Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
-                  const SaveOptions& options = {});
+                  const SaveOptions& options = {}, std::string* lost = nullptr);
 
 }  // namespace prancheta::dxf

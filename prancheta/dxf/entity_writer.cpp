@@ -42,8 +42,16 @@ std::size_t endOfSubclass(const RawTags& tags, std::size_t at) {
 
 void EntityWriter::raw(std::string_view type, const RawTags& tags, std::size_t first,
                        std::size_t last) {
+    countLosses(type, tags, first, last);
     for (std::size_t i = first; i < last; ++i)
         if (!isUnknownGroup(m_version, type, tags[i].code)) m_out.raw(tags[i].code, tags[i].value);
+}
+
+void EntityWriter::countLosses(std::string_view type, const RawTags& tags, std::size_t first,
+                               std::size_t last) {
+    for (std::size_t i = first; i < std::min(last, tags.size()); ++i)
+        if (const std::string_view what = lossOf(m_version, type, tags[i]); !what.empty())
+            ++m_losses[what];
 }
 
 void EntityWriter::links(const ObjectExtra* extra, Adesk::UInt64 dictionary) {
@@ -166,6 +174,7 @@ void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
         return writeForeign(*kept, kept->tags(), place);
     const EntityType& type = *entityTypeOf(entity);
     RawTags foreign = foreignOf(entity);
+    countLosses(type.name, foreign, firstMarker(foreign));
     dropUnknownGroups(m_version, type.name, foreign);
     m_values.reset(type.fields);
     type.take(entity, m_values);

@@ -2,6 +2,8 @@
 // Writes entities: head, groups of the type, extended data.
 #pragma once
 
+#include <map>
+
 #include "prancheta/dxf/entity_types.h"
 #include "prancheta/dxf/handle_source.h"
 #include "prancheta/entities/filed_dimension.h"
@@ -35,6 +37,12 @@ public:
     void writeDimension(const AcDbEntity& original, const AcDbEntity& asFiled,
                         const std::string& block, const Place& place);
 
+    /// What entities and layers lost, because the release does not hold it, and how many of them.
+    const std::map<std::string_view, std::size_t>& losses() const { return m_losses; }
+    /// Counts what these groups of a record lose.
+    void countLosses(std::string_view type, const RawTags& tags, std::size_t first = 0,
+                     std::size_t last = std::string::npos);
+
     /// Everything before the groups of the type. `dictionary` 0: the entity's own.
     void head(std::string_view type, const AcDbEntity& entity, const Place& place,
               Adesk::UInt64 dictionary = 0);
@@ -62,6 +70,7 @@ private:
     HandleSource& m_handles;
     std::string m_version;
     Values m_values;
+    std::map<std::string_view, std::size_t> m_losses;
 };
 
 }  // namespace prancheta::dxf

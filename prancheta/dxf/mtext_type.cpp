@@ -15,7 +15,7 @@ constexpr Field kMText[] = {marker("AcDbMText"),
                             {41, Real, 1},
                             {42, Ignored},
                             {43, Ignored},
-                            {46, Ignored},
+                            optionalField(46, Real, 4, 0.0),
                             {71, Integer, 0, false, 1.0},
                             {72, Integer, 1, false, 1.0},
                             {3, TextPart},
@@ -45,6 +45,7 @@ std::unique_ptr<AcDbEntity> makeParagraphs(const Values& v) {
         (void)text->setRotation(v.reals[2]);
     (void)text->setTextHeight(v.reals[0]);
     (void)text->setWidth(v.reals[1]);
+    (void)text->setDefinedHeight(v.reals[4]);
     (void)text->setAttachment(static_cast<AcDbMText::AttachmentPoint>(v.integers[0]));
     (void)text->setFlowDirection(static_cast<int>(v.integers[1]));
     (void)text->setLineSpacingStyle(static_cast<int>(v.integers[2]));
@@ -63,6 +64,7 @@ void takeParagraphs(const AcDbEntity& entity, Values& v) {
     v.reals[1] = text.width();
     v.reals[2] = 0.0;
     v.reals[3] = text.lineSpacingFactor();
+    v.reals[4] = text.definedHeight();
     v.integers[0] = text.attachment();
     v.integers[1] = text.flowDirection();
     v.integers[2] = text.lineSpacingStyle();

@@ -49,7 +49,36 @@ constexpr NewGroups kNew[] = {
     {"MTEXT", 420, 449, k2004},
 };
 
+/// One group tells of each loss; what has the usual value is none.
+struct Loss {
+    std::string_view type;
+    int code;
+    std::optional<long long> usual;
+    std::string_view since;
+    std::string_view what;
+};
+
+constexpr Loss kLosses[] = {
+    {kAnyEntity, 420, {}, k2004, "cor verdadeira"},
+    {"LAYER", 420, {}, k2004, "cor verdadeira"},
+    {kAnyEntity, 440, 0, k2004, "transparência"},
+    {"LAYER", 440, 0, k2004, "transparência"},
+    {"HATCH", 450, 0, k2004, "degradê"},
+    {"MTEXT", 90, 0, k2004, "fundo do texto"},
+};
+
 }  // namespace
+
+std::string_view lossOf(std::string_view acadVersion, std::string_view type, const RawTag& tag) {
+    if (acadVersion >= k2004) return {};
+    for (const Loss& loss : kLosses) {
+        long long value = 0;
+        if (loss.type == type && loss.code == tag.code &&
+            !(parseInteger(tag.value, value) && value == loss.usual))
+            return loss.what;
+    }
+    return {};
+}
 
 bool isUnknownGroup(std::string_view acadVersion, std::string_view type, int code) {
     return acadVersion < k2010 &&

@@ -19,6 +19,10 @@ bool isUnknownGroup(std::string_view acadVersion, std::string_view type, int cod
 /// Takes such groups out of a run of groups, extended data left alone.
 void dropUnknownGroups(std::string_view acadVersion, std::string_view type, RawTags& tags);
 
+/// What an entity of this type, or a layer, loses with a group that the release does not know, as
+/// users call it; empty for groups that are known, usual, or belong to one that is counted.
+std::string_view lossOf(std::string_view acadVersion, std::string_view type, const RawTag& tag);
+
 /// Index nearest to a true colour (420) among tags [first, last); nothing when there is none, or
 /// when the release knows true colours.
 std::optional<int> indexOfTrueColor(std::string_view acadVersion, const RawTags& tags,

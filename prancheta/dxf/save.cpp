@@ -277,8 +277,16 @@ Result<void> Saver::run() {
     return {};
 }
 
+std::string Saver::lost() const {
+    std::string line;
+    for (const auto& [what, times] : m_entities.losses())
+        line += (line.empty() ? "o formato R2000 não guarda, e o arquivo ficou sem: " : ", ") +
+                std::string(what) + " (" + std::to_string(times) + ")";
+    return line.empty() ? line : line + "; salve no formato 2018 para não perder nada";
+}
+
 Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
-                  const SaveOptions& options) {
+                  const SaveOptions& options, std::string* lost) {
     registerEntityClasses();
     AtomicFile file(path);
     file.keepFormer(options.former);
@@ -296,6 +304,7 @@ Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
         error.file = path.string();
         return error;
     }
+    if (lost != nullptr) *lost = saver.lost();
     return file.commit();
 }
 

@@ -208,6 +208,7 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
         if (type.name == std::string_view("LAYER"))
             if (const auto index = indexOfTrueColor(m_version, kept, 0, kept.size()))
                 m_values.integers[1] = m_values.integers[1] < 0 ? -*index : *index;
+        m_entities.countLosses(type.name, kept);
         dropUnknownGroups(m_version, type.name, kept);
         const bool hasUnits =
             std::any_of(kept.begin(), kept.end(), [](const RawTag& tag) { return tag.code == 70; });

@@ -41,6 +41,8 @@ public:
 
     /// Writes everything. An error when a piece cannot say what it is.
     Result<void> run();
+    /// What the release does not hold, as a line for the user; empty for nothing.
+    std::string lost() const;
 
 private:
     struct Block {

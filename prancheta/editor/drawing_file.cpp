@@ -124,7 +124,7 @@ Result<void> DrawingFile::recover(const std::filesystem::path& copy,
 }
 
 Result<void> DrawingFile::saveCopy(const std::filesystem::path& path,
-                                   const dxf::SaveOptions& options) {
+                                   const dxf::SaveOptions& options, std::string* lost) {
     if (path.empty()) return Error{"O desenho ainda não tem nome; informe onde salvar."};
     m_editor.modules().broadcast(AcRx::kSaveMsg);
     dxf::SaveOptions withView = options;
@@ -133,7 +133,7 @@ Result<void> DrawingFile::saveCopy(const std::filesystem::path& path,
     if (screen.chosen() && !withView.view)
         withView.view = {view.centre.x, view.centre.y, view.height,
                          screen.width() / screen.height()};
-    return dxf::save(m_editor.database(), path, withView);
+    return dxf::save(m_editor.database(), path, withView, lost);
 }
 
 Result<void> DrawingFile::save(const std::filesystem::path& path, const dxf::SaveOptions& options) {
@@ -146,8 +146,10 @@ Result<void> DrawingFile::save(const std::filesystem::path& path, const dxf::Sav
     DatabaseCore& core = m_editor.database().core();
     if (core.variables().number(L"ISAVEBAK") != 0)
         withFormer.former = std::filesystem::path(target).replace_extension(".bak");
-    Result<void> written = saveCopy(target, withFormer);
+    std::string lost;
+    Result<void> written = saveCopy(target, withFormer, &lost);
     if (!written) return written;
+    if (!lost.empty()) m_editor.print(L"\nAviso: " + toWide(lost) + L".\n");
     m_name = target;
     m_stamp = fileStampOf(target);
     m_version = withFormer.version;

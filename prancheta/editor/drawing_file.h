@@ -42,8 +42,10 @@ public:
     /// ISAVEBAK 1 a file that is replaced stays as NAME.bak. Whether another program changed the
     /// file is for the caller to ask.
     Result<void> save(const std::filesystem::path& path = {}, const dxf::SaveOptions& options = {});
-    /// A copy elsewhere: name and modified state stay.
-    Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {});
+    /// A copy elsewhere: name and modified state stay. `lost` as dxf::save() has it; save() prints
+    /// it.
+    Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {},
+                          std::string* lost = nullptr);
 
     /// Another drawing is in place, which was read from the file of this name (empty: from none).
     void begin(std::filesystem::path name);

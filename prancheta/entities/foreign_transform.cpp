@@ -103,14 +103,9 @@ void tellBehind(RawTags& tags, int point, int code, double value) {
     tags.insert(at + static_cast<std::ptrdiff_t>(length), told);
 }
 
-void alsoDimension(RawTags& tags, const RawTags& before, const Motion&, const Motion& plane) {
-    constexpr int kRotated = 0;
-    constexpr int kOrdinate = 6;
-    const int kind = findWhole(before, 70, 0) & 7;
-    const bool ofAngle = kind == 2 || kind == 5;
+/// Groups that all dimensions have.
+void moveMeasure(RawTags& tags, bool ofAngle, const Motion& plane) {
     const bool turned = plane.turn != 0.0 || plane.mirrored;
-    if (turned && kind == kRotated) tellBehind(tags, 14, 50, movedAngle(0.0, plane));
-    if (turned && kind == kOrdinate) tellBehind(tags, 10, 51, 0.0);
     for (RawTag& tag : tags) {
         const double value = tagNumber(tag);
         if (tag.code == 42 && !ofAngle) moveLength(tag, plane);
@@ -120,6 +115,43 @@ void alsoDimension(RawTags& tags, const RawTags& before, const Motion&, const Mo
         if (tag.code == 52 && plane.mirrored) setNumber(tag, 0.0 - value);
         // 0 says that the text stands as the style has it.
         if (tag.code == 53 && value != 0.0) setNumber(tag, movedReadingAngle(value, plane));
+    }
+}
+
+void alsoDimension(RawTags& tags, const RawTags& before, const Motion&, const Motion& plane) {
+    constexpr int kRotated = 0;
+    constexpr int kOrdinate = 6;
+    const int kind = findWhole(before, 70, 0) & 7;
+    const bool turned = plane.turn != 0.0 || plane.mirrored;
+    if (turned && kind == kRotated) tellBehind(tags, 14, 50, movedAngle(0.0, plane));
+    if (turned && kind == kOrdinate) tellBehind(tags, 10, 51, 0.0);
+    moveMeasure(tags, kind == 2 || kind == 5, plane);
+}
+
+/// Of arcs and of large radii: their group 70 has other kinds.
+void alsoLengthDimension(RawTags& tags, const RawTags&, const Motion&, const Motion& plane) {
+    moveMeasure(tags, false, plane);
+}
+
+/// A pair of groups that is no point by its codes, and a vector when it does not move along.
+void movePair(RawTags& tags, std::size_t i, const AcGeMatrix3d& by, bool place) {
+    if (i + 1 >= tags.size() || tags[i + 1].code != tags[i].code + 1) return;
+    const AcGePoint3d p(tagNumber(tags[i]), tagNumber(tags[i + 1]), 0.0);
+    const AcGePoint3d moved = place ? by * p : AcGePoint3d::kOrigin + by * p.asVector();
+    setNumber(tags[i], moved.x);
+    setNumber(tags[i + 1], moved.y);
+}
+
+/// The first point is the height of the plane; behind it come the corners, and the lines of the
+/// pattern each with a place and a step.
+void alsoArea(RawTags& tags, const RawTags&, const Motion&, const Motion& plane) {
+    bool corners = false;
+    for (std::size_t i = 0; i < tags.size(); ++i) {
+        if (tags[i].code == 10 && corners) movePoint(tags, i, plane);
+        if (tags[i].code == 10) corners = true;
+        if (tags[i].code == 11) moveVector(tags, i, plane, Length::Scaled);
+        if (tags[i].code == 43) movePair(tags, i, plane.matrix, true);
+        if (tags[i].code == 45) movePair(tags, i, plane.matrix, false);
     }
 }
 
@@ -211,11 +243,17 @@ const TypeGroups kTypes[] = {
     {.name = "ARC_DIMENSION",
      .points = {10, 13, 14, 15, 16, 17},
      .planePoints = {11, 12},
-     .also = alsoDimension},
+     .also = alsoLengthDimension},
     {.name = "LARGE_RADIAL_DIMENSION",
      .points = {10, 13, 14, 15},
      .planePoints = {11, 12},
-     .also = alsoDimension},
+     .also = alsoLengthDimension},
+    {.name = "MPOLYGON",
+     .lengths = {41, 49},
+     .elevations = {30},
+     .degrees = {52, 53},
+     .bulges = {42},
+     .also = alsoArea},
     {.name = "SEQEND"},
 };
 

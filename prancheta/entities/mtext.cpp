@@ -93,6 +93,14 @@ Acad::ErrorStatus AcDbMText::setWidth(double width) {
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbMText::setDefinedHeight(double height) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    if (!(height >= 0.0)) return Acad::eInvalidInput;
+    assertWriteEnabled();
+    m_definedHeight = height;
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbMText::setTextHeight(double height) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     if (!(height > 0.0)) return Acad::eInvalidInput;
@@ -156,7 +164,7 @@ Acad::ErrorStatus AcDbMText::dwgOutFields(AcDbDwgFiler* filer) const {
     filer->writeVector3d(m_direction);
     filer->writeString(m_contents.c_str());
     filer->writeHardPointerId(m_style);
-    for (const double v : {m_height, m_width, m_spacing}) filer->writeDouble(v);
+    for (const double v : {m_height, m_width, m_definedHeight, m_spacing}) filer->writeDouble(v);
     for (const Adesk::Int16 v : {m_attachment, m_flow, m_spacingStyle}) filer->writeInt16(v);
     return filer->filerStatus();
 }
@@ -173,7 +181,7 @@ Acad::ErrorStatus AcDbMText::dwgInFields(AcDbDwgFiler* filer) {
     AcDbHardPointerId style;
     filer->readHardPointerId(&style);
     m_style = style;
-    for (double* v : {&m_height, &m_width, &m_spacing}) filer->readDouble(v);
+    for (double* v : {&m_height, &m_width, &m_definedHeight, &m_spacing}) filer->readDouble(v);
     for (Adesk::Int16* v : {&m_attachment, &m_flow, &m_spacingStyle}) filer->readInt16(v);
     return filer->filerStatus();
 }
@@ -207,6 +215,7 @@ Acad::ErrorStatus AcDbMText::subTransformBy(const AcGeMatrix3d& m) {
     m_direction = (m * m_direction).normal();
     m_height *= m.scale();
     m_width *= m.scale();
+    m_definedHeight *= m.scale();
     xDataTransformBy(m);
     if (m.det() > 0.0) return Acad::eOk;
     // A mirror keeps the text readable in the mirrored place: either what was on top is at the

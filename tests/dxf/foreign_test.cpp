@@ -603,6 +603,14 @@ TEST(Foreign, WhatAReleaseDoesNotKnowStaysOutOfItsFiles) {
         if (c.index == nullptr) continue;
         EXPECT_EQ(valueOf(of(oldest), 62), c.index) << c.type;
     }
+    const Folder folder;
+    std::string lost;
+    ASSERT_TRUE(dxf::save(*database, folder / "a.dxf", {dxf::Version::R2018}, &lost).ok());
+    EXPECT_EQ(lost, "");
+    ASSERT_TRUE(dxf::save(*database, folder / "a.dxf", {dxf::Version::R2000}, &lost).ok());
+    EXPECT_EQ(lost,
+              "o formato R2000 não guarda, e o arquivo ficou sem: cor verdadeira (4), degradê (1), "
+              "transparência (1); salve no formato 2018 para não perder nada");
     const Groups style = record(oldest, "DIMSTYLE", 2, "COTA");
     EXPECT_EQ(valueOf(style, 284), "8") << "zeros of tolerances, as old as the style";
     EXPECT_EQ(valueOf(style, 371), "-2");
