@@ -13,6 +13,7 @@
 #include "prancheta/dxf/hatch_type.h"
 #include "prancheta/dxf/leader_type.h"
 #include "prancheta/dxf/mtext_type.h"
+#include "prancheta/dxf/spline_type.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::dxf {
@@ -352,8 +353,8 @@ std::span<const EntityType> entityTypes() {
             // Read as the row above, which makes both.
             {"INSERT", &AcDbMInsertBlock::desc, kInsert, suitsInsert, makeInsert, takeInsert},
         };
-        for (const EntityType& type :
-             {ellipseType(), xlineType(), rayType(), mtextType(), leaderType(), hatchType()})
+        for (const EntityType& type : {ellipseType(), xlineType(), rayType(), mtextType(),
+                                       leaderType(), hatchType(), splineType()})
             types.push_back(type);
         for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
         return types;

@@ -14,6 +14,7 @@
 #include "prancheta/entities/hatch_tags.h"
 #include "prancheta/entities/picture_entities.h"
 #include "prancheta/entities/polyline_width.h"
+#include "prancheta/entities/spline_curve.h"
 #include "prancheta/entities/tag_list.h"
 #include "prancheta/entities/text_layout.h"
 #include "prancheta/graphics/picture_recorder.h"
@@ -38,13 +39,10 @@ void drawEllipse(const RawTags& tags, AcGiGeometry& to) {
     polyline(points, to);
 }
 
+/// One that is no curve shows its control points.
 void drawSpline(const RawTags& tags, AcGiGeometry& to) {
-    Points points;
-    const Points control = findPoints(tags, 10);
-    appendSpline(findWhole(tags, 71, 3), findNumbers(tags, 40), control, findNumbers(tags, 41),
-                 points);
-    if (points.empty() && findPoints(tags, 11).size() > 1) return drawFitPoints(tags, to);
-    polyline(points.empty() ? control : points, to);
+    const SplineData data = splineOf(tags);
+    polyline(isCurve(data) ? splinePlaces(data, By::Chords) : data.control, to);
 }
 
 void drawFace(const RawTags& tags, AcGiGeometry& to) {

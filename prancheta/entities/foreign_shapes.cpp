@@ -80,46 +80,6 @@ void addPoint(RawTags& tags, int code, const AcGePoint3d& p) {
 
 }  // namespace
 
-/// Cubic pieces whose tangents come from the neighbours on both sides, weighted by the distance to
-/// them: local, and without loops where points lie unevenly.
-void drawFitPoints(const RawTags& tags, AcGiGeometry& to) {
-    constexpr int kChords = 16;
-    constexpr int kClosed = 1;
-    Points fit = findPoints(tags, 11);
-    fit.erase(std::unique(fit.begin(), fit.end()), fit.end());
-    const bool closed = (findWhole(tags, 70, 0) & kClosed) != 0 && fit.size() > 2;
-    if (closed && fit.front() == fit.back()) fit.pop_back();
-    const auto count = static_cast<int>(fit.size());
-    if (count < 3) return polyline(fit, to);
-    const auto at = [&](int i) {
-        return fit[static_cast<std::size_t>(closed ? (i + count) % count
-                                                   : std::clamp(i, 0, count - 1))];
-    };
-    const auto tangent = [&](int i) {
-        const AcGeVector3d before = at(i) - at(i - 1);
-        const AcGeVector3d behind = at(i + 1) - at(i);
-        const double p = before.length();
-        const double q = behind.length();
-        if (p == 0.0) return behind / q;
-        if (q == 0.0) return before / p;
-        return (before * (q / p) + behind * (p / q)) / (p + q);
-    };
-    Points curve{fit[0]};
-    for (int i = 0; i < (closed ? count : count - 1); ++i) {
-        const double length = at(i).distanceTo(at(i + 1));
-        const AcGeVector3d leaving = tangent(i) * length;
-        const AcGeVector3d arriving = tangent(i + 1) * length;
-        const AcGeVector3d chord = at(i + 1) - at(i);
-        for (int k = 1; k <= kChords; ++k) {
-            const double t = static_cast<double>(k) / kChords;
-            const double s = t * t;
-            curve.push_back(at(i) + chord * (s * (3.0 - 2.0 * t)) +
-                            leaving * (t * (1.0 - t) * (1.0 - t)) + arriving * (s * (t - 1.0)));
-        }
-    }
-    polyline(curve, to);
-}
-
 void drawNet(const RawTags& tags, AcGiGeometry& to) {
     constexpr int kFaces = 64;
     constexpr int kPlace = 64;

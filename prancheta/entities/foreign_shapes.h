@@ -9,8 +9,6 @@
 
 namespace prancheta {
 
-/// Through its fit points, smoothly.
-void drawFitPoints(const RawTags& tags, AcGiGeometry& to);
 /// POLYLINE that is a net or a body of faces, with its VERTEX records: its edges.
 void drawNet(const RawTags& tags, AcGiGeometry& to);
 /// MESH: the edges of its faces, not refined.

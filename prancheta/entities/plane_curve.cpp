@@ -105,6 +105,13 @@ std::optional<Curve> planeCurve(const AcDbEntity& entity) {
                           sweepOf(*arc));
     if (const auto* const circle = AcDbCircle::cast(&entity))
         return roundCurve(circle->center(), circle->normal(), circle->radius(), 0.0, kTwoPi);
+    if (const auto* const ellipse = AcDbEllipse::cast(&entity)) {
+        const Vec2 u = seen(ellipse->majorAxis());
+        const Vec2 v = seen(ellipse->minorAxis());
+        if (!(std::abs(cross(u, v)) > 1e-9 * u.length() * v.length())) return {};
+        return Curve(
+            Segment{seen(ellipse->center()), u, v, ellipse->startParam(), ellipse->sweep()});
+    }
     if (const auto* const polyline = AcDbPolyline::cast(&entity)) return polylineCurve(*polyline);
     return {};
 }
@@ -123,6 +130,12 @@ Acad::ErrorStatus keepCurvePart(AcDbEntity& entity, double from, double to) {
         Acad::ErrorStatus status = Acad::eOk;
         if (from != 0.0) status = arc->setStartAngle(start + sweep * from);
         return to == 1.0 || status != Acad::eOk ? status : arc->setEndAngle(start + sweep * to);
+    }
+    if (auto* const ellipse = AcDbEllipse::cast(&entity)) {
+        const double start = ellipse->startParam();
+        const double sweep = ellipse->sweep();
+        const Acad::ErrorStatus status = ellipse->setStartParam(start + sweep * from);
+        return status != Acad::eOk ? status : ellipse->setEndParam(start + sweep * to);
     }
     if (auto* const polyline = AcDbPolyline::cast(&entity))
         return keepPolylinePart(*polyline, from, to);

@@ -13,8 +13,8 @@
 
 namespace prancheta {
 
-/// Of a line, arc, circle or polyline; nothing of anything else, and of what is seen edge-on. The
-/// parameters go as the entity goes: a polyline's count its vertices.
+/// Of a line, arc, circle, ellipse or polyline; nothing of anything else, and of what is seen
+/// edge-on. The parameters go as the entity goes: a polyline's count its vertices.
 std::optional<Curve> planeCurve(const AcDbEntity& entity);
 
 /// Whether what it shows may cut, bound or be moved aside: curves, blocks and pieces, no

@@ -7,6 +7,7 @@
 #include "dblead.h"
 #include "dbmtext.h"
 #include "dbpl.h"
+#include "dbspline.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/register.h"
 #include "prancheta/entities/foreign_entity.h"
@@ -23,6 +24,7 @@ void registerEntityClasses() {
     AcDbCircle::rxInit();
     AcDbArc::rxInit();
     AcDbEllipse::rxInit();
+    AcDbSpline::rxInit();
     EndlessLine::rxInit();
     AcDbXline::rxInit();
     AcDbRay::rxInit();

@@ -37,6 +37,9 @@ std::string described(AcDbObjectId id) {
                degrees(arc->startAngle()) + "-" + degrees(arc->endAngle());
     if (const auto* circle = AcDbCircle::cast(entity.object()))
         return "C " + place(circle->center()) + " " + number(circle->radius());
+    if (const auto* const ellipse = AcDbEllipse::cast(entity.object()))
+        return "E " + place(ellipse->center()) + " " + degrees(ellipse->startParam()) + "-" +
+               degrees(ellipse->startParam() + ellipse->sweep());
     const auto* const polyline = AcDbPolyline::cast(entity.object());
     if (polyline == nullptr) return "?";
     std::string text = polyline->isClosed() ? "PC" : "P";
@@ -151,6 +154,11 @@ TEST_F(Cut, TrimGoesUpToTheNearestEdgesOnBothSidesOfThePick) {
          circle,
          {L"_trim", L"", L"0,-50", L""},
          {"L -90,30 90,30", "A 0,0 50 36.87-143.13"}},
+        {"an ellipse opens, an arc of one is cut",
+         {L"_ellipse", L"_c", L"0,0", L"50,0", L"25", L"_line", L"30,-90", L"30,90", L""},
+         {L"_trim", L"", L"50,0", L"-30,20", L""},
+         {"E 0,0 53.13-306.87", "L 30,-90 30,90"},
+         L"O objeto não cruza uma aresta de corte."},
         {"one touch opens no circle",
          {L"_circle", L"0,0", L"50", L"_line", L"-9,50", L"9,50", L""},
          {L"_trim", L"", L"50,0", L""},
@@ -348,6 +356,17 @@ TEST_F(Cut, OffsetKeepsCornersAndSaysWhatVanishes) {
          {L"_offset", L"_e", L"_y", L"10", L"100,0", L"0,0", L""},
          {"C 0,0 90"}},
     });
+}
+
+TEST_F(Cut, OffsetOfAnEllipseIsAPolylineOfArcs) {
+    // Half axes 50 and 25; 10 outside they are 60 and 35.
+    typeAll({L"_ellipse", L"_c", L"0,0", L"50,0", L"25", L"_offset", L"10", L"50,0", L"90,0", L""});
+    const AcDbObjectPointer<AcDbEntity> beside(entities().back(), AcDb::kForRead);
+    ASSERT_NE(AcDbPolyline::cast(beside.object()), nullptr);
+    AcDbExtents box;
+    ASSERT_EQ(beside->getGeomExtents(box), Acad::eOk);
+    EXPECT_NEAR(box.maxPoint().x, 60.0, 1e-3);
+    EXPECT_NEAR(box.minPoint().y, -35.0, 1e-3);
 }
 
 TEST_F(Cut, FilletAndChamfer) {

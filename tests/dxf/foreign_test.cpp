@@ -3,6 +3,7 @@
 #include "dbdim.h"
 #include "dblead.h"
 #include "dbmtext.h"
+#include "dbspline.h"
 #include "dbsymtb.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/draw_order.h"
@@ -345,6 +346,32 @@ TEST(Foreign, DimensionsKeepWhatTheirProgramDrewUntilTheyAreChanged) {
     }
     all = groupsOf(saved(*database));
     EXPECT_EQ(countOf(all, "BLOCK"), 5U);
+}
+
+TEST(Foreign, SplinesComeBackTagForTagAliveOrNot) {
+    const std::string head = "0 SPLINE|5 D9|330 1F|100 AcDbEntity|8 0|100 AcDbSpline|";
+    const std::string tail =
+        "71 2|72 6|73 3|74 0|42 1e-09|43 1e-10|40 0.0|40 0.0|40 0.0|40 1.0|40 1.0|40 1.0|";
+    const std::string points = "10 0.0|20 0.0|30 0.0|10 2.0|20 6.0|30 0.0|10 4.0|20 0.0|30 0.0";
+    const std::pair<std::string, bool> cases[] = {
+        {head + "210 0.0|220 0.0|230 1.0|70 1032|" + tail + points, true},
+        {head + "70 12|" + tail + "41 1.0|41 0.5|41 1.0|" + points, true},
+        {head + "70 8|71 3|72 0|73 0|74 2|44 1e-10|12 0.0|22 1.0|32 0.0|11 0.0|21 0.0|31 0.0|11 "
+                "5.0|21 1.0|31 0.0",
+         true},
+        // A group of its own, a weight of nothing, a count that lies.
+        {head + "70 8|" + tail + points + "|90 1", false},
+        {head + "70 12|" + tail + "41 1.0|41 0.0|41 1.0|" + points, false},
+        {head + "70 8|71 2|72 7|73 3|74 0|40 0.0|40 0.0|40 0.0|40 1.0|40 1.0|40 1.0|" + points,
+         false},
+    };
+    for (const auto& [spline, alive] : cases) {
+        const auto database = loadText(fileWith(spline));
+        ASSERT_NE(database, nullptr) << spline;
+        EXPECT_EQ(AcDbSpline::cast(modelSpace(*database)[0]) != nullptr, alive) << spline;
+        EXPECT_EQ(without(record(groupsOf(saved(*database)), "SPLINE"), 330),
+                  without(groups(spline), 330));
+    }
 }
 
 TEST(Foreign, DimensionsShowTheirOverridesOrKeepTheirPicture) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Lines, points, circles, arcs, ellipses, construction lines, solids: transformations, copies,
 // grips, LIST, undo.
+#include "dbspline.h"
 #include "fixture.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/geometry/angles.h"
@@ -190,6 +191,73 @@ TEST_F(SimpleTest, EllipsesAreDrawnAsTheyAre) {
     AcDbIntArray ids;
     EXPECT_EQ(part.getOsnapPoints(AcDb::kOsModeQuad, 0, {}, {}, {}, quadrants, ids), Acad::eOk);
     EXPECT_EQ(quadrants.length(), 2);
+}
+
+TEST_F(SimpleTest, SplinesAreTheCurvesTheyAre) {
+    // Nine points with weights of 1 and cos 45 are a circle: of radius 10 about (5, 5).
+    SplineData round;
+    round.flags = SplineData::kClosed | 4 | 8;
+    round.degree = 2;
+    const double around[][2] = {{1, 0},   {1, 1},  {0, 1},  {-1, 1}, {-1, 0},
+                                {-1, -1}, {0, -1}, {1, -1}, {1, 0}};
+    for (const auto& [x, y] : around) round.control.emplace_back(5 + 10 * x, 5 + 10 * y, 0);
+    for (int i = 0; i < 9; ++i) round.weights.push_back(i % 2 == 0 ? 1.0 : std::sqrt(0.5));
+    round.knots = {0, 0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 4};
+    AcDbSpline circle;
+    ASSERT_EQ(circle.setData(round), Acad::eOk);
+    EXPECT_TRUE(circle.isClosed());
+    EXPECT_NEAR(circle.length(), kTwoPi * 10, 1e-6);
+    const Picture picture = pictureOf(circle);
+    ASSERT_EQ(picture.size(), 1u);
+    std::vector<AcGePoint3d> points;
+    appendOutline(picture[0], 1e-7, points);
+    for (const AcGePoint3d& p : points) EXPECT_NEAR(std::hypot(p.x - 5, p.y - 5), 10, 1e-6);
+    expectRoundTrip(circle);
+
+    // The parabola y = 3 x - 0.75 x^2 from (0, 0) to (4, 0): 3 high, of this length.
+    SplineData bent;
+    bent.degree = 2;
+    bent.control = {{0, 0, 0}, {2, 6, 0}, {4, 0, 0}};
+    bent.knots = {0, 0, 0, 1, 1, 1};
+    AcDbSpline parabola;
+    ASSERT_EQ(parabola.setData(bent), Acad::eOk);
+    EXPECT_NEAR(pictureOf(parabola).extents().maxPoint().y, 3, 1e-4);
+    EXPECT_NEAR(parabola.length(), (3 * std::sqrt(10.0) + std::asinh(3.0)) / 1.5, 1e-4);
+    points.clear();
+    appendOutline(pictureOf(parabola)[0], 1e-7, points);
+    for (const AcGePoint3d& p : points) EXPECT_NEAR(p.y, 3 * p.x - 0.75 * p.x * p.x, 2e-4);
+    EXPECT_EQ(parabola.transformBy(stretch(2, 1)), Acad::eCannotScaleNonUniformly);
+    expectRoundTrip(parabola);
+    drag(parabola, 1, {0, 2, 0});
+    EXPECT_NEAR(pictureOf(parabola).extents().maxPoint().y, 4, 1e-4);
+    AcGePoint3dArray ends;
+    AcDbIntArray ids;
+    EXPECT_EQ(parabola.getOsnapPoints(AcDb::kOsModeEnd, 0, {}, {}, {}, ends, ids), Acad::eOk);
+    ASSERT_EQ(ends.length(), 2);
+    EXPECT_TRUE(near(ends[1], {4, 0, 0}));
+
+    // Through its fit points, leaving the first one straight up.
+    SplineData through;
+    through.fit = {{0, 0, 0}, {10, 0, 0}, {20, 5, 0}};
+    through.tangents[0] = {0, 1, 0};
+    AcDbSpline fitted;
+    ASSERT_EQ(fitted.setData(through), Acad::eOk);
+    points.clear();
+    appendOutline(pictureOf(fitted)[0], 1e-7, points);
+    EXPECT_GT(points[1].y, 100 * std::abs(points[1].x));
+    const auto missOf = [&](const AcGePoint3d& to) {
+        double miss = 1e9;
+        for (const AcGePoint3d& p : points) miss = std::min(miss, p.distanceTo(to));
+        return miss;
+    };
+    EXPECT_LT(missOf({10, 0, 0}), 1e-9);
+    expectRoundTrip(fitted);
+
+    bent.knots[3] = -1;
+    EXPECT_EQ(parabola.setData(bent), Acad::eInvalidInput);
+    bent.control.resize(1);
+    EXPECT_EQ(parabola.setData(bent), Acad::eInvalidInput);
+    EXPECT_EQ(parabola.setData({}), Acad::eInvalidInput);
 }
 
 TEST_F(SimpleTest, ConstructionLinesHaveNoExtents) {

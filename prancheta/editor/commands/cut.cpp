@@ -40,7 +40,7 @@ std::optional<CutTarget> find(AcDbObjectId id, std::wstring& whyNot) {
         return CutTarget{id, std::move(*curve), false};
     const protocol::EntityLength* const length = lengthOf(*entity.object());
     if (length == nullptr) {
-        whyNot = L"Só linhas, arcos, círculos, polilinhas e peças podem ser cortados.";
+        whyNot = L"Só linhas, arcos, círculos, elipses, polilinhas e peças podem ser cortados.";
         return {};
     }
     AcGePoint3d start;

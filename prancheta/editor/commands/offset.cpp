@@ -52,7 +52,9 @@ std::optional<Source> sourceOf(const CommandContext& context, AcDbObjectId id) {
     source.id = id;
     AcDbExtents box;
     if (entity->getGeomExtents(box) == Acad::eOk) source.height = box.minPoint().z;
-    const std::optional<Curve> curve = planeCurve(*entity.object());
+    std::optional<Curve> curve = planeCurve(*entity.object());
+    // Beside an ellipse lies what is drawn beside its arcs.
+    if (curve && !canOffset(*curve)) curve.reset();
     source.polyline = !curve;
     if (const auto* const polyline = AcDbPolyline::cast(entity.object())) {
         const std::vector<PolylineVertex> all = verticesOf(*polyline);

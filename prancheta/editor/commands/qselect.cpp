@@ -6,6 +6,7 @@
 
 #include "dbdim.h"
 #include "dbpl.h"
+#include "dbspline.h"
 #include "prancheta/base/text.h"
 #include "prancheta/base/wildcard.h"
 #include "prancheta/editor/commands/layers.h"
@@ -64,12 +65,12 @@ struct TypeWord {
     const wchar_t* word;
 };
 constexpr TypeWord kTypeWords[] = {
-    {&AcDbLine::desc, L"linha"},     {&AcDbPolyline::desc, L"polilinha"},
-    {&AcDbCircle::desc, L"círculo"}, {&AcDbArc::desc, L"arco"},
-    {&AcDbEllipse::desc, L"elipse"}, {&AcDbText::desc, L"texto"},
-    {&AcDbDimension::desc, L"cota"}, {&AcDbBlockReference::desc, L"bloco"},
-    {&AcDbPoint::desc, L"ponto"},    {&AcDbXline::desc, L"xlinha"},
-    {&AcDbRay::desc, L"semirreta"},
+    {&AcDbLine::desc, L"linha"},           {&AcDbPolyline::desc, L"polilinha"},
+    {&AcDbCircle::desc, L"círculo"},       {&AcDbArc::desc, L"arco"},
+    {&AcDbEllipse::desc, L"elipse"},       {&AcDbSpline::desc, L"spline"},
+    {&AcDbText::desc, L"texto"},           {&AcDbDimension::desc, L"cota"},
+    {&AcDbBlockReference::desc, L"bloco"}, {&AcDbPoint::desc, L"ponto"},
+    {&AcDbXline::desc, L"xlinha"},         {&AcDbRay::desc, L"semirreta"},
 };
 
 /// "W 200 x 46,1" and "w200x46.1" are one size.
