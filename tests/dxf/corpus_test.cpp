@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+// Every kind of entity in every release as another program writes it, opened and saved: what comes
+// back differs only in what is named here. Order within a record is not compared.
+#include <cmath>
+#include <cstdlib>
+#include <map>
+
+#include "prancheta/base/text.h"
+#include "prancheta/dxf/binary.h"
+#include "prancheta/dxf/tag.h"
+#include "support.h"
+
+using namespace dxftest;
+using namespace prancheta;
+
+namespace {
+
+constexpr const char* kPython = "/usr/bin/python3";
+
+enum class Of { All, R12 };
+
+/// A group that is not written back, or is written and was not there. "*" is any type or value.
+struct Accepted {
+    const char* type;
+    int code;
+    const char* value;
+    const char* why;
+    Of release = Of::All;
+    mutable std::size_t used = 0;
+};
+
+const Accepted kLost[] = {
+    {"ATTRIB", 11, "*", "a text at its left end has no second point"},
+    {"ATTRIB", 21, "*", "the same"},
+    {"ATTRIB", 31, "*", "the same"},
+    {"*", 330, "*", "the part of a polyline or reference names it as its owner, not the space"},
+    {"DICTIONARY", 350, "*", "what a dictionary owns is named by 360"},
+    {"DIMSTYLE", 142, "0", "the usual value"},
+    {"DIMSTYLE", 144, "1", "the usual value"},
+    {"DIMSTYLE", 173, "0", "the usual value"},
+    {"DIMSTYLE", 174, "0", "the usual value"},
+    {"DIMSTYLE", 176, "0", "the usual value"},
+    {"DIMSTYLE", 177, "0", "the usual value"},
+    {"DIMSTYLE", 178, "0", "the usual value"},
+    {"DIMSTYLE", 3, "", "the usual value"},
+    {"DIMSTYLE", 45, "0", "the usual value"},
+    {"DIMSTYLE", 75, "0", "the usual value"},
+    {"DIMSTYLE", 76, "0", "the usual value"},
+    {"DIMSTYLE", 90, "2", "the release does not know it"},
+    {"DIMSTYLE", 5, "*", "names of arrows become handles", Of::R12},
+    {"DIMSTYLE", 6, "", "the same", Of::R12},
+    {"DIMSTYLE", 7, "", "the same", Of::R12},
+    {"LTYPE", 40, "*", "the length is the sum of the dashes"},
+    {"TABLE", 70, "*", "records that were made for it"},
+    {"*", 6, "BYBLOCK", "a linetype's name as its record has it"},
+    {"MTEXT", 1, "*", "parts of other lengths, and a caret alone gets its blank"},
+    {"MTEXT", 3, "*", "the same"},
+    {"MTEXT", 50, "*", "the direction says it"},
+};
+
+const Accepted kAdded[] = {
+    {"*", 330, "*", "the owner"},
+    {"*", 100, "*", "markers of classes", Of::R12},
+    {"BLOCK", 67, "1", "that of the paper space"},
+    {"ENDBLK", 67, "1", "the same"},
+    {"DICTIONARY", 360, "*", "what a dictionary owns"},
+    {"DIMSTYLE", 340, "*", "the style of its text"},
+    {"DIMSTYLE", 342, "*", "names of arrows become handles", Of::R12},
+    {"DIMSTYLE", 271, "2", "decimals were told in another group", Of::R12},
+    {"DIMSTYLE", 277, "2", "the same", Of::R12},
+    {"DIMSTYLE", 278, "46", "the same", Of::R12},
+    {"LAYER", 370, "-3", "the usual value, which newer releases ask for", Of::R12},
+    {"LAYER", 390, "*", "the same", Of::R12},
+    {"LTYPE", 74, "0", "the same", Of::R12},
+    {"LTYPE", 40, "*", "the length is the sum of the dashes"},
+    {"LEADER", 40, "0", "the usual value"},
+    {"LEADER", 41, "0", "the usual value"},
+    {"LEADER", 71, "1", "the usual value"},
+    {"LEADER", 72, "0", "the usual value"},
+    {"LEADER", 74, "1", "the usual value"},
+    {"LEADER", 75, "0", "the usual value"},
+    {"LEADER", 211, "1", "the usual value"},
+    {"LEADER", 221, "0", "the usual value"},
+    {"LEADER", 231, "0", "the usual value"},
+    {"LEADER", 212, "0", "the usual value"},
+    {"LEADER", 222, "0", "the usual value"},
+    {"LEADER", 232, "0", "the usual value"},
+    {"LEADER", 213, "0", "the usual value"},
+    {"LEADER", 223, "0", "the usual value"},
+    {"LEADER", 233, "0", "the usual value"},
+    {"*", 6, "ByBlock", "a linetype's name as its record has it"},
+    {"MTEXT", 1, "*", "parts of other lengths, and a caret alone gets its blank"},
+    {"MTEXT", 3, "*", "the same"},
+    {"MTEXT", 7, "Standard", "the usual value"},
+    {"MTEXT", 11, "*", "the direction instead of the angle"},
+    {"MTEXT", 21, "*", "the same"},
+    {"MTEXT", 31, "*", "the same"},
+    {"MTEXT", 41, "0", "the usual value"},
+    {"MTEXT", 72, "1", "the usual value"},
+    {"TABLE", 70, "*", "records that were made for it"},
+    {"TABLE", 71, "*", "the number of styles"},
+};
+
+/// Types of records that are made; the code is not used.
+const Accepted kMade[] = {
+    {"LAYER", 0, "*", "an entity is on it"},
+    {"ACDBDICTIONARYWDFLT", 0, "*", "newer releases ask for it", Of::R12},
+    {"ACDBPLACEHOLDER", 0, "*", "the same", Of::R12},
+    {"BLOCK", 0, "*", "those of the spaces", Of::R12},
+    {"ENDBLK", 0, "*", "the same", Of::R12},
+    {"BLOCK_RECORD", 0, "*", "the same", Of::R12},
+    {"DICTIONARY", 0, "*", "newer releases ask for it", Of::R12},
+    {"LAYOUT", 0, "*", "the same", Of::R12},
+    {"MLINESTYLE", 0, "*", "the same", Of::R12},
+    {"TABLE", 0, "*", "tables get handles", Of::R12},
+};
+
+bool isAccepted(std::span<const Accepted> rows, std::string_view type, const Group& group,
+                bool r12) {
+    for (const Accepted& row : rows) {
+        const bool suits = (row.type == type || std::string_view(row.type) == "*") &&
+                           row.code == group.code &&
+                           (row.value == group.value || std::string_view(row.value) == "*");
+        if (!suits || (row.release == Of::R12 && !r12)) continue;
+        ++row.used;
+        return true;
+    }
+    return false;
+}
+
+/// Numbers however they are written.
+std::string normal(const Group& group) {
+    double real = 0.0;
+    long long whole = 0;
+    const std::string value(trim(std::string_view(group.value)));
+    const dxf::ValueKind kind = dxf::kindOf(group.code);
+    if (kind == dxf::ValueKind::Real && dxf::parseReal(value, real))
+        return numberText(std::round(real * 1e9) / 1e9 + 0.0);
+    return dxf::parseInteger(value, whole) && kind != dxf::ValueKind::Text ? std::to_string(whole)
+                                                                           : value;
+}
+
+using Key = std::pair<std::string, std::string>;  ///< type and handle
+using Counted = std::map<std::pair<int, std::string>, int>;
+
+/// Records that have a handle, each with how often it has a group.
+std::map<Key, Counted> recordsOf(const Groups& all) {
+    std::map<Key, Counted> records;
+    for (std::size_t i = 0; i < all.size();) {
+        const std::string type = all[i].value;
+        std::string handle;
+        Counted counted;
+        for (++i; i < all.size() && all[i].code != 0; ++i) {
+            if (all[i].code == (type == "DIMSTYLE" ? 105 : 5) && handle.empty())
+                handle = trim(std::string_view(all[i].value));
+            ++counted[{all[i].code, normal(all[i])}];
+        }
+        if (!handle.empty() && type != "SECTION" && type != "CLASS")
+            records[{type, handle}] = std::move(counted);
+    }
+    return records;
+}
+
+void expectSame(const std::string& file, const Groups& before, const Groups& after) {
+    const bool r12 = file.find("-R12-") != std::string::npos;
+    const auto were = recordsOf(before);
+    const auto are = recordsOf(after);
+    EXPECT_GT(were.size(), 15U) << file;
+    for (const auto& [key, groups] : were) {
+        const auto now = are.find(key);
+        if (now == are.end()) {
+            ADD_FAILURE() << file << ": " << key.first << " " << key.second << " não voltou";
+            continue;
+        }
+        Counted change = now->second;
+        for (const auto& [group, times] : groups) change[group] -= times;
+        for (const auto& [group, times] : change) {
+            const Group one{group.first, group.second};
+            if (times != 0 && !isAccepted(times < 0 ? std::span<const Accepted>(kLost)
+                                                    : std::span<const Accepted>(kAdded),
+                                          key.first, one, r12))
+                ADD_FAILURE() << file << ": " << key.first << " " << key.second
+                              << (times < 0 ? " perdeu " : " ganhou ") << one;
+        }
+    }
+    for (const auto& [key, groups] : are)
+        if (!were.contains(key) && !isAccepted(kMade, key.first, {0, ""}, r12))
+            ADD_FAILURE() << file << ": " << key.first << " " << key.second << " é novo";
+}
+
+}  // namespace
+
+TEST(Corpus, FilesOfAnotherProgramComeBackTagForTag) {
+    if (std::system((std::string(kPython) + " -c 'import ezdxf' 2>/dev/null").c_str()) != 0)
+        GTEST_SKIP() << "ezdxf não está instalado";
+    const Folder folder;
+    const std::string make = std::string(kPython) + " " + HOUSE_SOURCE_DIR "/tests/dxf/corpus.py " +
+                             (folder / "").string();
+    ASSERT_EQ(std::system(make.c_str()), 0);
+    std::size_t files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder / "")) {
+        const std::string name = entry.path().filename().string();
+        std::string bytes = read(entry.path());
+        if (dxf::isBinary(bytes)) {
+            auto text = dxf::textOfBinary(bytes);
+            ASSERT_TRUE(text.ok()) << name;
+            bytes = text->text;
+        }
+        const auto loaded = dxf::load(entry.path());
+        ASSERT_TRUE(loaded.ok()) << name << ": " << loaded.error().message();
+        expectSame(name, groupsOf(bytes), groupsOf(saved(**loaded)));
+        ++files;
+    }
+    EXPECT_GE(files, 100U);
+    for (const auto& rows : {std::span<const Accepted>(kLost), std::span<const Accepted>(kAdded),
+                             std::span<const Accepted>(kMade)})
+        for (const Accepted& row : rows)
+            EXPECT_GT(row.used, 0U) << row.type << " " << row.code << ": " << row.why;
+}
