@@ -52,12 +52,14 @@ Json layersJson(AcDbDatabase& database) {
         (void)iterator->getRecordId(id);  // done() was just tested
         const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForRead);
         if (layer.object() == nullptr) continue;
+        const int weight = layer->lineWeight();
         out.push_back({{"nome", recordName(id)},
                        {"cor", layer->colorIndex()},
                        {"tipo_linha", recordName(layer->linetypeObjectId())},
                        {"desligada", layer->isOff()},
                        {"congelada", layer->isFrozen()},
-                       {"bloqueada", layer->isLocked()}});
+                       {"bloqueada", layer->isLocked()},
+                       {"espessura", weight >= 0 ? Json(weight / 100.0) : Json()}});
     }
     (void)table->close();
     return out;

@@ -218,16 +218,19 @@ TEST_F(Peca, ExplodingGivesLinesWithTheirLinetypes) {
     AcDbVoidPtrArray parts;
     ASSERT_EQ(peca->explode(parts), Acad::eOk);
     std::map<std::wstring, int> types;
+    std::map<int, int> pens;
     for (void* p : parts) {
         const std::unique_ptr<AcDbEntity> e(static_cast<AcDbEntity*>(p));
         ASSERT_TRUE(e->isKindOf(AcDbLine::desc()));
         ACHAR* type = e->linetype();
         ++types[type];
         acutDelString(type);
+        ++pens[e->lineWeight()];
         if (e->colorIndex() == 1) {
             expectNear(static_cast<AcDbLine&>(*e).endPoint(), 500, 0);
         }
     }
+    EXPECT_EQ(pens, (std::map<int, int>{{AcDb::kLnWtByLayer, 4}, {18, 1}, {25, 1}}));
     EXPECT_EQ(parts.length(), 6);
     EXPECT_EQ(types[L"HIDDEN"], 1);
     EXPECT_EQ(types[L"CENTER"], 1);
@@ -250,6 +253,7 @@ TEST_F(Peca, AnExplodedSecaoKeepsItsArea) {
         const std::unique_ptr<AcDbPolyline> p(
             AcDbPolyline::cast(static_cast<AcDbEntity*>(parts[0])));
         ASSERT_NE(p, nullptr);
+        EXPECT_EQ(p->lineWeight(), AcDb::kLnWt070);  // what is cut
         double area = 0.0;
         for (unsigned i = 0; i < p->numVerts(); ++i) {
             AcGePoint3d a, b;
@@ -411,26 +415,28 @@ TEST_F(Peca, LayersOfTheUser) {
     std::filesystem::create_directories(folder / "perfis");
     std::FILE* file = std::fopen((folder / "perfis" / "Camadas.INI").c_str(), "wb");
     ASSERT_NE(file, nullptr);
-    std::fputs("; camadas\r\n[nomes]\r\nPERFIL = Aço leve\r\nVista-Chapa=Chapas\r\nsem igual\r\n",
-               file);
+    std::fputs(
+        "; camadas\r\n[nomes]\r\nPERFIL = Aço leve\r\nVista-Chapa=Chapas, 0,68\r\ncota = , "
+        "0.13\r\nsem igual\r\n",
+        file);
     std::fclose(file);
     setenv("ZPFORJA2010", folder.c_str(), 1);
     EXPECT_STREQ(ZpLayerToUsr(L"perfil"), L"Aço leve");
     EXPECT_STREQ(ZpLayerToUsr(L"vista-chapa"), L"Chapas");
     EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"COTA");
-    std::map<std::wstring, int> colours;
+    std::map<std::wstring, std::pair<int, int>> looks;  // colour, pen in 0.01 mm
     AcDbLayerTable* table = nullptr;
     ASSERT_EQ(editor->database().getLayerTable(table, AcDb::kForRead), Acad::eOk);
     for (const wchar_t* name : {L"Aço leve", L"Chapas", L"COTA"}) {
         AcDbLayerTableRecord* layer = nullptr;
         ASSERT_EQ(table->getAt(name, layer, AcDb::kForRead), Acad::eOk);
-        colours[name] = layer->colorIndex();
+        looks[name] = {layer->colorIndex(), layer->lineWeight()};
         layer->close();
     }
     table->close();
-    EXPECT_EQ(colours[L"Aço leve"], 7);
-    EXPECT_EQ(colours[L"Chapas"], 3);
-    EXPECT_EQ(colours[L"COTA"], 2);
+    EXPECT_EQ(looks[L"Aço leve"], std::pair(7, 50));
+    EXPECT_EQ(looks[L"Chapas"], std::pair(3, 70));  // the nearest to 0.68
+    EXPECT_EQ(looks[L"COTA"], std::pair(2, 13));
     // An old editor writes the code page, whose bytes from 80 to 9F are no letters of Latin-1.
     std::ofstream(folder / "perfis" / "Camadas.INI") << "cota=Cotas \x96 A\xE7o";
     EXPECT_STREQ(ZpLayerToUsr(L"COTA"), L"Cotas \u2013 A\u00E7o");

@@ -38,7 +38,7 @@ const std::map<std::wstring, std::wstring>& layers() {
     return read;
 }
 
-void createLayer(const std::wstring& name, int colour) {
+void createLayer(const std::wstring& name, int colour, AcDb::LineWeight lineWeight) {
     AcDbDatabase* drawing = workingDrawing();
     if (drawing == nullptr) return;
     {
@@ -51,6 +51,7 @@ void createLayer(const std::wstring& name, int colour) {
     if (layer->setName(name.c_str()) != Acad::eOk) return;
     (void)layer->setColorIndex(static_cast<Adesk::UInt16>(colour));  // one of the constants, 1..255
     (void)layer->setLinetypeObjectId(drawing->continuousLinetype());
+    (void)layer->setLineWeight(lineWeight);  // one that there is
     if (table->add(layer.get()) == Acad::eOk) (void)layer.release()->close();
 }
 
@@ -77,15 +78,17 @@ int append(AcDbEntity* entity, AcDbObjectId& id) {
     return space->appendAcDbEntity(id, entity) == Acad::eOk ? RTNORM : RTERROR;
 }
 
-wchar_t* ZpLayerToUsr(const wchar_t* name) {
+wchar_t* ZpLayerToUsr(const wchar_t* standardName) {
     // Nodes of a map stay where they are, so the texts handed out stay valid.
     static std::map<std::wstring, std::wstring> given;
-    const std::wstring standard = name != nullptr ? name : L"";
+    const std::wstring standard = standardName != nullptr ? standardName : L"";
     const auto& read = layers();
     const auto found = read.find(texts::lower(standard));
-    const std::wstring& userName = found != read.end() ? found->second : standard;
-    std::wstring& text = given.try_emplace(userName, userName).first->second;
-    createLayer(text, zp::layerColour(standard));
+    const zp::UserLayer user = found != read.end() ? zp::userLayer(found->second) : zp::UserLayer();
+    const std::wstring& name = user.name.empty() ? standard : user.name;
+    std::wstring& text = given.try_emplace(name, name).first->second;
+    createLayer(text, zp::layerColour(standard),
+                user.lineWeight.value_or(zp::layerLineWeight(standard)));
     return text.data();
 }
 

@@ -3,9 +3,10 @@
 #include "zp/objects/layers.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
+#include <cwchar>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -44,6 +45,31 @@ const std::filesystem::path& fileIn(const std::filesystem::path& installation) {
         found.when = when;
     }
     return found.file;
+}
+
+struct Standard {
+    const wchar_t* name;
+    int colour;
+    AcDb::LineWeight lineWeight;
+};
+constexpr Standard kStandards[] = {
+    {L"perfil", 7, AcDb::kLnWt050}, {L"vista-chapa", 3, AcDb::kLnWt035},
+    {L"cota", 2, AcDb::kLnWt018},   {L"marca", 1, AcDb::kLnWt025},
+    {L"lista", 7, AcDb::kLnWt025},  {L"planocorte", 7, AcDb::kLnWt025},
+};
+
+const Standard* standardFor(const std::wstring& name) {
+    const std::wstring wanted = texts::lower(name);
+    const auto* const found = std::ranges::find(kStandards, wanted, &Standard::name);
+    return found != std::end(kStandards) ? found : nullptr;
+}
+
+/// Pens that files know, hundredths of a mm.
+AcDb::LineWeight nearestLineWeight(double hundredths) {
+    constexpr short kWeights[] = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
+                                  53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
+    const auto away = [&](short weight) { return std::abs(weight - hundredths); };
+    return static_cast<AcDb::LineWeight>(*std::ranges::min_element(kWeights, {}, away));
 }
 
 }  // namespace
@@ -93,17 +119,27 @@ std::filesystem::path layerFile() {
     return folder.empty() ? folder : fileIn(folder);
 }
 
+UserLayer userLayer(std::wstring_view text) {
+    UserLayer layer;
+    const std::size_t comma = text.find(L',');
+    layer.name = texts::trimmed(text.substr(0, comma));
+    if (comma == text.npos) return layer;
+    std::wstring pen(text.substr(comma + 1));
+    std::ranges::replace(pen, L',', L'.');
+    wchar_t* end = nullptr;
+    const double weight = std::wcstod(pen.c_str(), &end);
+    if (end != pen.c_str() && weight >= 0.0) layer.lineWeight = nearestLineWeight(100.0 * weight);
+    return layer;
+}
+
 int layerColour(const std::wstring& standardName) {
-    struct Colour {
-        const wchar_t* name;
-        int colour;
-    };
-    constexpr std::array<Colour, 4> kColours{
-        {{L"perfil", 7}, {L"vista-chapa", 3}, {L"cota", 2}, {L"marca", 1}}};
-    const std::wstring name = texts::lower(standardName);
-    for (const Colour& c : kColours)
-        if (name == c.name) return c.colour;
-    return 7;
+    const Standard* const standard = standardFor(standardName);
+    return standard != nullptr ? standard->colour : 7;
+}
+
+AcDb::LineWeight layerLineWeight(const std::wstring& standardName) {
+    const Standard* const standard = standardFor(standardName);
+    return standard != nullptr ? standard->lineWeight : AcDb::kLnWtByLwDefault;
 }
 
 }  // namespace zp

@@ -4,7 +4,11 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
+#include <string_view>
+
+#include "acdb.h"
 
 namespace zp {
 
@@ -21,7 +25,16 @@ const std::filesystem::path& installationFolder();
 /// the variable.
 std::filesystem::path layerFile();
 
-/// Colour index of a standard layer that has to be made.
+/// What camadas.ini says of a layer: "NAME", "NAME, 0.35" or ", 0.35"; the pen in mm, the nearest
+/// that there is, on paper.
+struct UserLayer {
+    std::wstring name;  ///< empty: the standard one
+    std::optional<AcDb::LineWeight> lineWeight;
+};
+UserLayer userLayer(std::wstring_view text);
+
+/// Colour index of a standard layer that has to be made, and its pen where the user names none.
 int layerColour(const std::wstring& standardName);
+AcDb::LineWeight layerLineWeight(const std::wstring& standardName);
 
 }  // namespace zp

@@ -138,6 +138,12 @@ std::vector<Stroke> pictureOf(const Peca& peca) {
     return strokes;
 }
 
+AcDb::LineWeight lineWeightOf(const Peca& peca, Linetype linetype, AcDb::LineWeight own) {
+    if (linetype == Linetype::Hidden) return AcDb::kLnWt025;
+    if (linetype == Linetype::Axis) return AcDb::kLnWt018;
+    return peca.inSecao() && own == AcDb::kLnWtByLayer ? AcDb::kLnWt070 : own;
+}
+
 const ACHAR* linetypeName(Linetype linetype) {
     switch (linetype) {
         case Linetype::Hidden:

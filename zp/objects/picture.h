@@ -34,4 +34,8 @@ void loadLinetypes(AcDbDatabase& drawing);
 
 inline constexpr Adesk::UInt16 kAxisColour = 1;
 
+/// Pen of a stroke of a piece whose own one is `own`: what is cut is drawn heavily unless the user
+/// gave the piece a pen, hidden edges and axes lightly in any case; else the piece's own.
+AcDb::LineWeight lineWeightOf(const Peca& peca, Linetype linetype, AcDb::LineWeight own);
+
 }  // namespace zp

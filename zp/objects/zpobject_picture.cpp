@@ -81,9 +81,14 @@ Adesk::Boolean ZpObject::subWorldDraw(AcGiWorldDraw* draw) {
     AcDbDatabase* drawing =
         database() != nullptr ? database() : acdbHostApplicationServices()->workingDatabase();
     Linetype current = Linetype::Own;
+    const auto penFor = [&](Linetype linetype) {
+        draw->subEntityTraits().setLineWeight(zp::lineWeightOf(*m_peca, linetype, lineWeight()));
+    };
+    penFor(current);
     for (const Stroke& t : zp::pictureOf(*m_peca)) {
         if (t.linetype != current) {
             current = t.linetype;
+            penFor(current);
             const AcDbObjectId type = zp::linetypeId(drawing, current);
             if (!type.isNull()) draw->subEntityTraits().setLineType(type);
             if (current == Linetype::Axis) {
@@ -132,6 +137,7 @@ Acad::ErrorStatus ZpObject::subExplode(AcDbVoidPtrArray& set) const {
         (void)part->setPropertiesFrom(this);  // a new object takes any properties
         if (const AcDbObjectId type = zp::linetypeId(database(), t.linetype); !type.isNull())
             (void)part->setLinetype(type);
+        (void)part->setLineWeight(zp::lineWeightOf(*m_peca, t.linetype, lineWeight()));
         if (t.linetype == Linetype::Axis) (void)part->setColorIndex(zp::kAxisColour);
         set.append(part.release());
     }
