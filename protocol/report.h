@@ -84,6 +84,9 @@ public:
     /// (freed with acutDelString), when the value is refused; nothing changed then.
     virtual bool set(AcDbObjectId row, const ACHAR* key, const ACHAR* value,
                      ACHAR*& message) const = 0;
+    /// Draws the tables that stand in the drawing again, as it is now and at its scale; their
+    /// number. The host has an undo group open.
+    virtual int drawTablesAgain(AcDbDatabase& database) const = 0;
 };
 inline constexpr const ACHAR* kListKey = L"lista_material";
 inline constexpr const ACHAR* kRowKey = L"linha";

@@ -9,6 +9,7 @@
 #include "perfis/commands/peca_values.h"
 #include "protocol/attach.h"
 #include "protocol/edit.h"
+#include "protocol/scale.h"
 #include "zp/objects/each_entity.h"
 #include "zp/objects/edit.h"
 #include "zp/objects/member.h"
@@ -66,6 +67,29 @@ private:
             barra = zp::edit::ownerOf(*peca.object());
         }
         return !barra.isNull() && read(barra, values);
+    }
+};
+
+/// The automatic dimensions of a piece are laid out by the drawing's scale.
+class CotasScale : public protocol::ScaleFollower {
+public:
+    int layAgain(AcDbObjectId entity) const override {
+        PecaValues values;
+        {
+            const AcDbObjectPointer<ZpObject> peca(entity, AcDb::kForRead);
+            if (peca.openStatus() != Acad::eOk || zp::edit::cotasOf(*peca.object()).empty())
+                return 0;
+            values = valuesOf(*peca.object());
+        }
+        const PerfilCommand* const command = commandOf(values);
+        if (command == nullptr) return 0;
+        const LayingChapas laying;
+        try {
+            return newRun(*command)->layCotasAgain(values);
+        } catch (const std::exception&) {
+            reportNoMemory();
+            return 0;
+        }
     }
 };
 
@@ -146,6 +170,7 @@ public:
 
 // Kept by pointer in the class and in the entity library.
 PieceEditor g_editor;
+CotasScale g_scale;
 ChapaKeeper g_chapaKeeper;
 
 }  // namespace
@@ -180,6 +205,7 @@ void keepTravejamentos(AcDbDatabase& drawing) {
 
 void installPecaEditor() {
     protocol::attach(ZpObject::desc(), protocol::kEntityEditorClass, g_editor);
+    protocol::attach(ZpObject::desc(), protocol::kScaleFollowerClass, g_scale);
     zp::edit::addListener(&g_chapaKeeper);
     zp::edit::setVistaMaker(drawVistaOf);
 }
@@ -187,6 +213,7 @@ void installPecaEditor() {
 void removePecaEditor() {
     zp::edit::setVistaMaker(nullptr);
     zp::edit::removeListener(&g_chapaKeeper);
+    protocol::detach(ZpObject::desc(), protocol::kScaleFollowerClass);
     protocol::detach(ZpObject::desc(), protocol::kEntityEditorClass);
     protocol::retire(protocol::kEntityEditorClass);
 }

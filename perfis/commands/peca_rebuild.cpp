@@ -7,7 +7,9 @@
 
 #include "acutads.h"
 #include "adscodes.h"
+#include "dbdim.h"
 #include "perfis/commands/perfil_generator.h"
+#include "perfis/entities/zpfuncoes.h"
 #include "perfis/output/shared_cota.h"
 #include "texts/number.h"
 #include "zp/matlist/check.h"
@@ -90,6 +92,30 @@ ChangedCotas compare(const PecaCotas& before, const PecaCotas& after, const AcGe
         const CotaLine& is = after.lines()[i];
         changed.otherOnes = was.isEmpty() != is.isEmpty();
         if (!was.isEmpty()) changed.moved.push_back({inPeca(was, start), inPeca(is, start)});
+    }
+    return changed;
+}
+
+/// Scale for which the dimensions of a piece were made; the drawing's when none is left.
+double scaleOfCotas(const ZpObject& peca) {
+    for (const AcDbObjectId& id : zp::edit::cotasOf(peca)) {
+        const AcDbObjectPointer<AcDbDimension> cota(id, AcDb::kForRead);
+        if (cota.object() != nullptr && cota->dimscale() > 0.0) return cota->dimscale();
+    }
+    return GetScale();
+}
+
+/// They, their arrows and texts get the drawing's scale; what lies on a locked layer stays. The
+/// number of those that changed.
+int takeScale(const std::vector<AcDbObjectId>& cotas) {
+    const double scale = GetScale();
+    int changed = 0;
+    for (const AcDbObjectId& id : cotas) {
+        const AcDbObjectPointer<AcDbDimension> cota(id, AcDb::kForRead);
+        if (cota.object() == nullptr || cota->dimscale() == scale ||
+            zp::edit::onLockedLayer(*cota.object()) || cota->upgradeOpen() != Acad::eOk)
+            continue;
+        if (cota->setDimscale(scale) == Acad::eOk) ++changed;
     }
     return changed;
 }
@@ -203,8 +229,9 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state,
     if (state.medidas.m == asked.before.state.medidas.m)
         zp::edit::keepOwnValues(edit.peca(), *asked.before.peca, *after.peca);
     const ChangedCotas cotas =
-        compare(layOutCotas(description, asked.before.state, edit.peca(), asked.before.pitch),
-                layOutCotas(description, state, *after.peca, after.pitch), peca.start);
+        compare(layOutCotas(description, asked.before.state, edit.peca(), asked.before.pitch,
+                            scaleOfCotas(edit.peca())),
+                layOutCotas(description, state, *after.peca, after.pitch, GetScale()), peca.start);
     const bool wanted = sharedCotaFlag() != 0;
     const bool again = !peca.hasCotas || cotas.otherOnes || after.peca->vista() != peca.vista;
     if (!wanted || again)
@@ -217,6 +244,7 @@ int rebuildPeca(const PerfilDescription& description, const RunState& state,
     if (what == Chapas::LaidAgain) sayLaid(asked, after, laid.ids.size());
     zp::member::lace(edit.peca(), zp::member::of(*after.peca).lacing);
     if (wanted && again) (void)cotaPeca(description, state, edit.peca(), laid);
+    (void)takeScale(zp::edit::cotasOf(edit.peca()));
     edit.finish();
 
     Companions companions;
@@ -237,6 +265,25 @@ std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription&
     return zp::edit::alikeOf(*standing.object(), *model.peca);
 }
 
+int layCotasAgain(const PerfilDescription& description, const RuledPeca& ruled,
+                  const PecaValues& peca) {
+    Edit edit(peca.id);
+    if (edit.status() != Acad::eOk) return 0;
+    const std::vector<AcDbObjectId> cotas = zp::edit::cotasOf(edit.peca());
+    const double was = scaleOfCotas(edit.peca());
+    const double is = GetScale();
+    if (was == is ||
+        std::ranges::any_of(cotas, [](AcDbObjectId id) { return zp::edit::onLockedLayer(id); }))
+        return 0;
+    const auto laidOut = [&](double scale) {
+        return layOutCotas(description, ruled.state, edit.peca(), ruled.pitch, scale);
+    };
+    const ChangedCotas changed = compare(laidOut(was), laidOut(is), peca.start);
+    (void)edit.remake(edit.peca(), changed.moved);  // of its own class
+    edit.finish();
+    return takeScale(cotas);
+}
+
 void layChapasAgain(const PerfilDescription& description, const RunState& state,
                     const PecaEdit& asked) {
     const PecaValues& peca = asked.peca;
@@ -252,9 +299,10 @@ void layChapasAgain(const PerfilDescription& description, const RunState& state,
     sayLaid(asked, after, laid.ids.size());
     // The piece itself is as it is to be; the dimension of the pitch goes with the plates.
     if (laid.pitch > 0.0) {
+        const double scale = scaleOfCotas(edit.peca());
         const ChangedCotas cotas =
-            compare(layOutCotas(description, state, edit.peca(), asked.before.pitch),
-                    layOutCotas(description, state, edit.peca(), laid.pitch), peca.start);
+            compare(layOutCotas(description, state, edit.peca(), asked.before.pitch, scale),
+                    layOutCotas(description, state, edit.peca(), laid.pitch, scale), peca.start);
         (void)edit.remake(edit.peca(), cotas.moved);  // of its own class
     }
     edit.finish();

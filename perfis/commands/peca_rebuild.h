@@ -34,6 +34,12 @@ std::optional<std::vector<AcDbObjectId>> pecasToRebuild(const PerfilDescription&
                                                         const PecaValues& peca,
                                                         const ChapaLaying& layChapas);
 
+/// Lays the automatic dimensions of a piece, `ruled` by its values, again for the drawing's scale:
+/// lines that stand where the rule put them for another one go where it puts them now. The number
+/// of dimensions that changed; 0, and no change, when one is on a locked layer.
+int layCotasAgain(const PerfilDescription& description, const RuledPeca& ruled,
+                  const PecaValues& peca);
+
 /// Of a piece that has its values already: lays its plates again when the rule asks for other
 /// ones, and moves the dimension of their pitch along.
 void layChapasAgain(const PerfilDescription& description, const RunState& state,

@@ -149,12 +149,12 @@ int drawBetweenPoints(const PerfilDescription& description, const RunState& stat
 }
 
 PecaCotas layOutCotas(const PerfilDescription& description, const RunState& state,
-                      const ZpObject& peca, double pitch) {
+                      const ZpObject& peca, double pitch, double scale) {
     AcGePoint3d faces[4];
     peca.GetLimitPointsOfFaces(faces[0], faces[1], faces[2], faces[3]);
     AcGePoint3d origin;
     (void)peca.StartPoint(origin);
-    PecaCotas cotas(origin, faces);
+    PecaCotas cotas(origin, faces, scale);
     if (state.vistas.secaoOnly) {
         description.cotaSecao(cotas, state.medidas);
     } else if (state.vistas.vista >= 1 && state.vistas.vista <= 4) {
@@ -172,7 +172,8 @@ PecaCotas layOutCotas(const PerfilDescription& description, const RunState& stat
 std::vector<AcDbObjectId> cotaPeca(const PerfilDescription& description, const RunState& state,
                                    ZpObject& peca, const LaidChapas& chapas) {
     if (sharedCotaFlag() == 0) return {};
-    std::vector<AcDbObjectId> ids = layOutCotas(description, state, peca, chapas.pitch).make();
+    std::vector<AcDbObjectId> ids =
+        layOutCotas(description, state, peca, chapas.pitch, GetScale()).make();
     for (AcDbObjectId id : ids) (void)peca.LinkDim(id);
     return ids;
 }

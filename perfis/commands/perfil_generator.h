@@ -52,9 +52,9 @@ int dragPecas(const PerfilDescription& description, const RunState& state);
 int drawBetweenPoints(const PerfilDescription& description, const RunState& state);
 
 /// Lays out the automatic dimensions of a piece that stands along X; `pitch` is that of its plates,
-/// 0 without plates.
+/// 0 without plates, `scale` the drawing's or that of dimensions that stand.
 PecaCotas layOutCotas(const PerfilDescription& description, const RunState& state,
-                      const ZpObject& peca, double pitch);
+                      const ZpObject& peca, double pitch, double scale);
 
 /// Makes these dimensions when the shared flag asks for them, and ties them to the piece, which is
 /// open for write.

@@ -208,6 +208,10 @@ void PerfilRun::layAgain(const PecaValues& before, const PecaValues& peca) {
     layChapasAgain(m_description, m_state, {peca, was, chapas, false});
 }
 
+int PerfilRun::layCotasAgain(const PecaValues& peca) {
+    return perfis::layCotasAgain(m_description, ruled(peca), peca);
+}
+
 bool PerfilRun::chapasHold(const PecaValues& peca) {
     takePeca(peca);
     return travejamentoSuits();

@@ -64,6 +64,8 @@ public:
     /// Lays the plates of a laced piece again when its values, which were `before`, now ask for
     /// other ones.
     void layAgain(const PecaValues& before, const PecaValues& peca);
+    /// Lays its automatic dimensions again for the drawing's scale; the number of those changed.
+    int layCotasAgain(const PecaValues& peca);
     /// True when its plates could be laid again.
     bool chapasHold(const PecaValues& peca);
 

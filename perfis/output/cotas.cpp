@@ -12,8 +12,8 @@
 
 namespace perfis {
 
-PecaCotas::PecaCotas(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4])
-    : m_origin(origin), m_scale(GetScale()) {
+PecaCotas::PecaCotas(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4], double scale)
+    : m_origin(origin), m_scale(scale) {
     std::copy(std::begin(faces), std::end(faces), std::begin(m_faces));
 }
 

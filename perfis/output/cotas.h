@@ -24,8 +24,8 @@ struct CotaLine {
 class PecaCotas {
 public:
     /// `origin` is the piece's reference point, `faces` its four limit points: upper left, lower
-    /// left, upper right, lower right.
-    PecaCotas(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4]);
+    /// left, upper right, lower right. For the drawing's scale, or another one.
+    PecaCotas(const AcGePoint3d& origin, const AcGePoint3d (&faces)[4], double scale);
 
     /// From `from` to `to`, the line passing through `line`.
     void add(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint3d& line);
@@ -40,7 +40,7 @@ public:
     const AcGePoint3d& face(int index) const { return m_faces[index]; }
     /// Point of the picture relative to the reference point.
     AcGePoint3d at(double x, double y) const;
-    /// Drawing scale.
+    /// For which they are laid out.
     double scale() const { return m_scale; }
     /// Vector (x, y) in drawing units.
     static AcGeVector3d by(double x, double y) { return {x, y, 0.0}; }

@@ -48,6 +48,7 @@ bool livesInStyle(std::wstring_view name) {
 constexpr const wchar_t* kScale = L"DIMSCALE";
 constexpr const wchar_t* kTextSize = L"TEXTSIZE";
 constexpr double kUsualText = 2.5;  ///< on paper, mm
+constexpr const wchar_t* kPatternScale = L"HPSCALE";
 
 /// Canonical form of a colour's name; empty when it is none.
 std::wstring colorName(const std::wstring& text) {
@@ -111,7 +112,12 @@ bool DatabaseCore::textFollows() const {
 void DatabaseCore::variableChanged(VariableInfo& info) {
     if (info.name == kScale && m_textFollows && !m_undo.undoing()) {
         const double scale = std::get<double>(info.value);
-        if (scale > 0.0) m_variables.force(kTextSize, kUsualText * scale);
+        if (!(scale > 0.0)) return;
+        // Patterns look alike on paper until they get a scale of their own.
+        const double former = m_variables.real(kTextSize) / kUsualText;
+        if (std::abs(m_variables.real(kPatternScale) - former) <= 1e-9 * former)
+            m_variables.force(kPatternScale, scale);
+        m_variables.force(kTextSize, kUsualText * scale);
         return;
     }
     if (const NamedVariable* named = findEntry(kNamed, info.name)) {

@@ -112,7 +112,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"HPASSOC", 1, 0, 1),
         integer(L"HPDRAWORDER", 3, 0, 4),
         {L"HPNAME", std::wstring(L"ANSI31")},
-        {L"HPSCALE", 1.0, VariableHome::Session, VariableAccess::ReadWrite, kPositive, kAny},
+        real(L"HPSCALE", 1.0, kPositive),
         drawingInteger(L"INSUNITS", 4, 0, 24),
         integer(L"ISAVEBAK", 1, 0, 1),
         readOnly(L"LASTANGLE", 0.0),

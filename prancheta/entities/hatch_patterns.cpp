@@ -75,4 +75,16 @@ void setPattern(AcDbHatch& hatch, const HatchPattern& pattern, double scale, dou
     (void)hatch.setPattern(1, pattern.name, angle, scale, false, std::move(families));
 }
 
+void scalePattern(AcDbHatch& hatch, double factor) {
+    std::vector<HatchFamily> families = hatch.families();
+    for (HatchFamily& f : families) {
+        f.base = {f.base.x * factor, f.base.y * factor};
+        f.offset *= factor;
+        for (double& dash : f.dashes) dash *= factor;
+    }
+    (void)hatch.setPattern(hatch.patternType(), hatch.patternName(), hatch.patternAngle(),
+                           hatch.patternScale() * factor, hatch.patternDouble(),
+                           std::move(families));
+}
+
 }  // namespace prancheta

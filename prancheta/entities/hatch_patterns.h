@@ -22,5 +22,8 @@ const HatchPattern* hatchPattern(std::wstring_view name);
 
 /// Gives the hatch the pattern at a scale, turned about the origin.
 void setPattern(AcDbHatch& hatch, const HatchPattern& pattern, double scale, double angle);
+/// The hatch, open for write and no solid fill, keeps its pattern, `factor` times as large about
+/// the origin.
+void scalePattern(AcDbHatch& hatch, double factor);
 
 }  // namespace prancheta

@@ -131,6 +131,14 @@ Acad::ErrorStatus WeldSymbol::setDescription(const std::wstring& line) {
     return Acad::eOk;
 }
 
+Acad::ErrorStatus WeldSymbol::setScale(double scale) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    if (!(scale > 0.0)) return Acad::eInvalidInput;
+    assertWriteEnabled();
+    m_scale = scale;
+    return Acad::eOk;
+}
+
 Adesk::Boolean WeldSymbol::subWorldDraw(AcGiWorldDraw* draw) {
     AcGiGeometry& to = draw->geometry();
     const double unit = kLetter * m_scale;

@@ -26,6 +26,8 @@ class WeldSymbol : public AcDbEntity {
     const std::wstring& description() const { return m_line; }
     /// eInvalidInput, and no change, for a line that is not understood.
     Acad::ErrorStatus setDescription(const std::wstring& line);
+    /// eInvalidInput, and no change, unless it is above 0.
+    Acad::ErrorStatus setScale(double scale);
 
     Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const override;
     Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer) override;

@@ -2,6 +2,7 @@
 // MTEXT, DDEDIT, FIND, STYLE, LEADER, SOLDA, REVCLOUD, and the height offered for texts.
 #include <cmath>
 
+#include "dbhatch.h"
 #include "dblead.h"
 #include "dbmtext.h"
 #include "prancheta/entities/weld_symbol.h"
@@ -121,6 +122,43 @@ TEST_F(Texts, StylesAreMadeAndChanged) {
     EXPECT_TRUE(said(L"não serve"));
     EXPECT_EQ(Read<AcDbTextStyleTableRecord>(editor->database().textstyle())->textSize(), 0);
     EXPECT_LT(Read<AcDbTextStyleTableRecord>(editor->database().textstyle())->obliquingAngle(), 0);
+}
+
+TEST_F(Texts, AnotherScaleOfTheDrawing) {
+    type({L"_escaladesenho", L"10"});
+    EXPECT_FALSE(asked(L"Atualizar"));  // nothing stands
+    // Gaps of notes 0.625, hooks 2.5; the lines of ANSI31 stand 3.175 apart.
+    type({L"le",      L"0,0",    L"100,100", L"",       L"A",     L"",      L"_dimlinear",
+          L"0,0",     L"1000,0", L"0,-500",  L"solda",  L"0,0",   L"50,50", L"filete 6",
+          L"_circle", L"0,0",    L"500",     L"_hatch", L"0,450", L""});
+    const std::vector<AcDbObjectId> all = entities();
+    ASSERT_EQ(all.size(), 6u);
+    const auto expectScale = [&](double scale) {
+        const Read<AcDbMText> note(all[1]);
+        expectPoint(note->location(), 100 + 3.125 * scale, 100);
+        EXPECT_EQ(note->textHeight(), 2.5 * scale);
+        expectPoint(Read<AcDbLeader>(all[0])->lastVertex(), 100, 100);
+        EXPECT_EQ(Read<AcDbLeader>(all[0])->ownDimscale(), scale);
+        EXPECT_EQ(Read<AcDbDimension>(all[2])->dimscale(), scale);
+        EXPECT_EQ(Read<WeldSymbol>(all[3])->scale(), scale);
+        const Read<AcDbHatch> hatch(all[5]);
+        EXPECT_EQ(hatch->patternScale(), scale);
+        EXPECT_NEAR(hatch->families().at(0).offset.length(), 3.175 * scale, 1e-9);
+    };
+    expectScale(10);
+    type({L"escaladesenho", L"1:0", L"um", L"1:20", L""});
+    EXPECT_TRUE(asked(L"Escala do desenho 1: <10>: "));
+    EXPECT_EQ(ui.complaints.size(), 2u);
+    EXPECT_TRUE(said(L"1:20. 4 objetos a acompanham."));
+    expectScale(20);
+    EXPECT_EQ(editor->database().ltscale(), 8);
+    type({L"_u"});
+    expectScale(10);
+    EXPECT_EQ(editor->database().ltscale(), 4);
+    // Not updated: only what comes; 2:1 is half a unit for a millimetre.
+    type({L"_escaladesenho", L"2:1", L"_No", L"_text", L"0,0", L"", L"", L"B", L""});
+    expectScale(10);
+    EXPECT_EQ(Read<AcDbText>(last())->height(), 1.25);
 }
 
 TEST_F(Texts, LeaderAndItsNoteStayTogether) {

@@ -182,7 +182,7 @@ TEST(CommandTable, DimensionsOfTheSectionTellItsSizes) {
         const PerfilDescription& d = row.command.description;
         const Medidas m = sizes();
         const Box box = drawn(d, m, 0);
-        PecaCotas cotas(AcGePoint3d::kOrigin, box.faces);
+        PecaCotas cotas(AcGePoint3d::kOrigin, box.faces, 1.0);
         d.cotaSecao(cotas, m);
         const std::vector<double>& lengths = expected.at(row.localName);
         ASSERT_EQ(cotas.lines().size(), lengths.size());

@@ -18,9 +18,6 @@
 
 namespace {
 
-/// Text height of a mark at drawing scale 1.
-constexpr double kMarcaAltura = 2.5;
-
 /// The list that is open for adding. The calls have no object of their own to keep it in.
 struct OpenedList {
     AcDbObjectId list;

@@ -25,9 +25,8 @@
 namespace zp::matlist {
 namespace {
 
-/// Where the text of a mark stands from its tip, and its height, at drawing scale 1.
+/// Where the text of a mark stands from its tip, at drawing scale 1.
 constexpr double kTextOffset = 10.0;
-constexpr double kTextHeight = 2.5;
 /// Places nearer than this stand in one column, mm.
 constexpr double kSamePlace = 1e-6;
 /// What the mark of mirrored pieces has behind that of the others.
@@ -87,7 +86,7 @@ void drawMarca(AcDbObjectId id, const std::wstring& text) {
         at = tip + frame.x * (chapa ? offset : -offset) + frame.y * offset;
         block = peca->ownerId();
     }
-    auto entity = std::make_unique<ZpMarca>(tip, at, text, kTextHeight * GetScale(), id);
+    auto entity = std::make_unique<ZpMarca>(tip, at, text, kMarcaAltura * GetScale(), id);
     (void)entity->setLayer(
         ZpLayerToUsr(L"MARCA"));  // a name that cannot be a layer leaves the current one
     AcDbObjectPointer<AcDbBlockTableRecord> space(block, AcDb::kForWrite);

@@ -5,12 +5,16 @@
 #include <algorithm>
 
 #include "acutmem.h"
+#include "perfis/entities/zpfuncoes.h"
 #include "protocol/attach.h"
 #include "protocol/report.h"
+#include "protocol/scale.h"
 #include "zp/matlist/listing.h"
 #include "zp/matlist/sheets.h"
 #include "zp/matlist/summary.h"
+#include "zp/matlist/table.h"
 #include "zp/matlist/zpmarca.h"
+#include "zp/objects/edit.h"
 
 namespace zp::matlist {
 namespace {
@@ -25,6 +29,20 @@ public:
         v.point(L"ponta", marca->tip());
         v.point(L"texto_em", marca->textAt());
         v.text(L"marca", marca->marca().c_str());
+    }
+};
+
+/// Text and its distance from the tip are sizes on paper.
+class MarcasScale : public protocol::ScaleFollower {
+public:
+    int layAgain(AcDbObjectId entity) const override {
+        const double altura = kMarcaAltura * GetScale();
+        const AcDbObjectPointer<ZpMarca> marca(entity, AcDb::kForRead);
+        if (marca.object() == nullptr || marca->altura() == altura ||
+            edit::onLockedLayer(*marca.object()) || marca->upgradeOpen() != Acad::eOk)
+            return 0;
+        marca->resize(altura);
+        return 1;
     }
 };
 
@@ -45,6 +63,12 @@ public:
         const std::wstring reason = changeRow(row, key, value);
         if (!reason.empty()) (void)acutNewString(reason.c_str(), message);
         return reason.empty();
+    }
+    int drawTablesAgain(AcDbDatabase& database) const override {
+        int drawn = 0;
+        for (const MaterialList& list : materialLists(database))
+            if (hasTable(list.header) && drawTable(list)) ++drawn;
+        return drawn;
     }
 
 private:
@@ -93,17 +117,21 @@ private:
 
 // Kept by pointer in the class and in the registry.
 MarcasReport g_marcas;
+MarcasScale g_scale;
 ListsReport g_lists;
 
 }  // namespace
 
 void installReport() {
     protocol::attach(ZpMarca::desc(), protocol::kEntityReportClass, g_marcas);
+    protocol::attach(ZpMarca::desc(), protocol::kScaleFollowerClass, g_scale);
     acrxSysRegistry()->atPut(protocol::kDrawingReportKey, &g_lists);
 }
 
 void uninstallReport() {
     protocol::detach(ZpMarca::desc(), protocol::kEntityReportClass);
+    protocol::detach(ZpMarca::desc(), protocol::kScaleFollowerClass);
+    protocol::retire(protocol::kScaleFollowerClass);
     acrxSysRegistry()->remove(protocol::kDrawingReportKey);
 }
 

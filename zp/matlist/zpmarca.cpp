@@ -71,6 +71,13 @@ void ZpMarca::setMarca(std::wstring marca) {
     recordGraphicsModified();
 }
 
+void ZpMarca::resize(double altura) {
+    assertWriteEnabled();
+    m_textAt = m_tip + (m_textAt - m_tip) * (altura / m_altura);
+    m_altura = altura;
+    recordGraphicsModified();
+}
+
 void ZpMarca::moveBy(const AcGeVector3d& tipStep, const AcGeVector3d& textStep) {
     assertWriteEnabled();
     m_tip += tipStep;

@@ -6,6 +6,9 @@
 
 #include "dbmain.h"
 
+/// Text height of a mark at drawing scale 1.
+inline constexpr double kMarcaAltura = 2.5;
+
 /// Leader with an arrow at `tip`, text at `textAt` on the side that the leader comes from. World
 /// coordinates; the text stays horizontal and is never mirrored.
 class ZpMarca : public AcDbEntity {
@@ -27,12 +30,16 @@ public:
     /// World coordinates, lower left corner of the text.
     AcGePoint3d textAt() const { return m_textAt; }
     const std::wstring& marca() const { return m_marca; }
+    /// Of the text, drawing units.
+    double altura() const { return m_altura; }
     /// The piece that the mark stands for, erased or not; null when it has none, when it is no
     /// longer in the drawing, or when something else is in its place.
     AcDbObjectId peca() const;
     /// True when the mark had a piece that is erased or gone.
     bool pecaErased() const;
     void setMarca(std::wstring marca);
+    /// Text of this height, above 0, as many times as far from the tip as it grows.
+    void resize(double altura);
     /// Moves tip and text by vectors in world coordinates.
     void moveBy(const AcGeVector3d& tipStep, const AcGeVector3d& textStep);
     /// From now on the mark stands for this piece.

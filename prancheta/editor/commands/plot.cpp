@@ -10,6 +10,7 @@
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/paper_scale.h"
 
 namespace prancheta::commands {
 
@@ -31,25 +32,8 @@ std::filesystem::path proposedFile(const Editor& editor) {
     return file.replace_extension(".pdf");
 }
 
-/// `1:10`, `2:1` (paper to drawing) or a factor; nothing for what is no scale.
-std::optional<double> readScale(std::wstring_view text) {
-    text = trim(text);
-    const std::size_t colon = text.find_first_of(L":=");
-    double paper = 0.0;
-    double drawing = 1.0;
-    if (!parseNumber(trim(text.substr(0, colon)), paper)) return {};
-    if (colon != text.npos && !parseNumber(trim(text.substr(colon + 1)), drawing)) return {};
-    const double scale = paper / drawing;
-    if (!(scale > 0.0) || !std::isfinite(scale)) return {};
-    return scale;
-}
-
 std::wstring scaleText(const std::optional<double>& scale) {
-    if (!scale) return kScales[0].local;
-    // The inverse of an inverse is rarely the number that was typed: two digits beyond any scale.
-    const auto rounded = [](double value) { return std::round(value * 1e6) / 1e6; };
-    return *scale < 1.0 ? L"1:" + numberTextWide(rounded(1.0 / *scale))
-                        : numberTextWide(rounded(*scale)) + L":1";
+    return scale ? paperScaleText(1.0 / *scale) : kScales[0].local;
 }
 
 /// What the screen shows.
@@ -141,8 +125,8 @@ Step askScale(CommandContext context, std::optional<double>& scale) {
             scale.reset();
             co_return RTNORM;
         }
-        if (const auto typed = readScale(answer.text)) {
-            scale = typed;
+        if (const auto typed = readPaperScale(answer.text)) {
+            scale = typed->paper / typed->drawing;
             co_return RTNORM;
         }
         context.editor().complain(L"Requer uma escala como 1:10 ou um fator maior que zero.",

@@ -138,20 +138,21 @@ Task<CommandEnd> ofPoints(CommandContext context, AcGePoint3d first, double chor
 }  // namespace
 
 CommandTask revcloud(CommandContext context) {
-    double& kept = memory(context).cloudArc;
-    if (!(kept > 0.0)) kept = kUsualArc * std::max(context.database().dimscale(), 1e-9);
+    double& typed = memory(context).cloudArc;
     for (;;) {
+        const double arc =
+            typed > 0.0 ? typed : kUsualArc * std::max(context.database().dimscale(), 1e-9);
         const InputValue answer = co_await context.ask(
             Prompt(InputKind::Point, L"\nPrimeiro ponto ou [comprimento do Arco/Objeto] <Objeto>: ")
                 .words(kRevcloudWords));
         if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
-        if (answer.status == RTNORM) co_return co_await ofPoints(context, answer.point, kept);
-        if (!isWord(answer, L"Arc")) co_return co_await ofObject(context, kept);
-        const InputValue arc = co_await context.ask(
-            Prompt(InputKind::Distance, L"\nComprimento do arco <" + lengthText(kept) + L">: ")
+        if (answer.status == RTNORM) co_return co_await ofPoints(context, answer.point, arc);
+        if (!isWord(answer, L"Arc")) co_return co_await ofObject(context, arc);
+        const InputValue length = co_await context.ask(
+            Prompt(InputKind::Distance, L"\nComprimento do arco <" + lengthText(arc) + L">: ")
                 .bits(RSG_NOZERO | RSG_NONEG));
-        if (arc.status == RTCAN) co_return CommandEnd::Cancelled;
-        if (arc.status == RTNORM) kept = arc.number;
+        if (length.status == RTCAN) co_return CommandEnd::Cancelled;
+        if (length.status == RTNORM) typed = length.number;
     }
 }
 

@@ -50,6 +50,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"DIMEDIT",     L"EDITARCOTA",   kPickset, commands::dimedit},
     {L"DIMTEDIT",    L"EDITARTEXTOCOTA", kModal, commands::dimtedit},
     {L"DIMSTYLE",    L"ESTILOCOTA",   kPickset, commands::dimstyle},
+    {L"ESCALADESENHO", L"ESCALADESENHO", kModal, commands::escaladesenho},
 
     {L"MOVE",        L"MOVER",        kPickset, commands::move},
     {L"COPY",        L"COPIAR",       kPickset, commands::copy},

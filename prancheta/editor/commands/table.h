@@ -41,6 +41,7 @@ CommandTask dimedit(CommandContext context);
 CommandTask dimlinear(CommandContext context);
 CommandTask dimradius(CommandContext context);
 CommandTask dimstyle(CommandContext context);
+CommandTask escaladesenho(CommandContext context);
 CommandTask dimtedit(CommandContext context);
 CommandTask dist(CommandContext context);
 CommandTask ellipse(CommandContext context);
