@@ -76,7 +76,10 @@ bool prepare(Host& host, const Options& options, Outcome& outcome) {
         outcome.check(modules.load(pathFromUtf8(module)), kFileError);
     }
     if (!options.otherModules) modules.barOthers();
-    if (options.drawing.empty()) return true;
+    if (!options.model.empty())
+        (void)host.editor().variables().set(L"MODELO", toWide(options.model));  // a text
+    if (options.drawing.empty())
+        return options.model.empty() || outcome.check(host.editor().file().makeNew(), kFileError);
     dxf::LoadReport findings;
     const Result<void> opened = host.editor().file().open(pathFromUtf8(options.drawing), &findings);
     if (opened) printFindings(host.editor(), findings);

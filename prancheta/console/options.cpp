@@ -70,6 +70,7 @@ std::string clashOf(const Options& options) {
     };
     add("--salvar", true, options.save);
     add("o desenho", false, options.drawing);
+    add("--modelo", false, options.model);
     add("--roteiro", false, options.script);
     add("--pecas", false, options.pieces);
     add("--registro", true, options.log);
@@ -113,6 +114,8 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.footer(
         "Num ARQUIVO a gravar, - é a saída padrão; o diálogo com o roteiro não é mostrado então.");
     app.add_option("desenho", options.drawing, "desenho a abrir (DXF)")->type_name("ARQUIVO.dxf");
+    app.add_option("--modelo", options.model, "de onde começam o desenho vazio e os que NOVO cria")
+        ->type_name("ARQUIVO.dxf");
     app.add_option("-r,--roteiro", options.script, "roteiro; - lê a entrada padrão")
         ->type_name("ARQUIVO");
     app.add_option("-o,--salvar", options.save, "salva o desenho no fim")->type_name("ARQUIVO.dxf");

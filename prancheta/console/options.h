@@ -12,6 +12,7 @@ namespace prancheta::console {
 /// Files to be written, empty: none; what the user called `-` has the name of standardOutput().
 struct Options {
     std::string drawing;
+    std::string model;  ///< from which the empty drawing and those of NEW start
     std::string script = "-";
     std::string save;
     std::string log;

@@ -127,6 +127,7 @@ std::vector<VariableInfo> variableTable() {
         drawingInteger(L"MEASUREMENT", 1, 0, 1),
         {L"OFFSETDIST", -1.0},
         integer(L"OFFSETGAPTYPE", 0, 0, 0),
+        {L"MODELO", std::wstring()},
         integer(L"ORTHOMODE", 0, 0, 1),
         integer(L"OSMODE", 4133, 0, 32767),
         integer(L"OSNAPCOORD", 2, 0, 2),

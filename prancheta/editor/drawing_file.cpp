@@ -6,6 +6,7 @@
 #include <map>
 
 #include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
@@ -82,7 +83,13 @@ void DrawingFile::begin(std::filesystem::path name) {
 }
 
 Result<void> DrawingFile::makeNew() {
-    return m_editor.replaceDrawing(std::make_unique<AcDbDatabase>(), {});
+    const std::wstring model = m_editor.variables().text(L"MODELO");
+    if (model.empty()) return m_editor.replaceDrawing(std::make_unique<AcDbDatabase>(), {});
+    Result<std::unique_ptr<AcDbDatabase>> loaded =
+        readDrawing(m_editor, pathFromUtf8(toUtf8(model)), nullptr);
+    if (!loaded)
+        return Error{"o modelo de novos desenhos (variável MODELO): " + loaded.error().message()};
+    return m_editor.replaceDrawing(std::move(*loaded), {});
 }
 
 Result<void> DrawingFile::open(const std::filesystem::path& path, dxf::LoadReport* findings) {

@@ -199,6 +199,24 @@ TEST_F(Console, FilesThatCannotBeUsedAreThree) {
         << "a file that could not be read is left alone";
 }
 
+TEST_F(Console, NewDrawingsStartFromATemplate) {
+    const fs::path source = HOUSE_SOURCE_DIR;
+    const std::string make = "'" + (source / "tools/modelo.sh").string() + "' '" +
+                             kProgram.string() + "' '" + (folder / "feito.dxf").string() + "'";
+    ASSERT_EQ(std::system(make.c_str()), 0);
+    EXPECT_EQ(text("feito.dxf"), text(source / "instalacao/modelo.dxf"));
+    const std::string state = "--sem-modulos --estado e.json";
+    for (const char* script : {"", "_line\n0,0\n9,9\n\n_new\n_y\n"}) {
+        EXPECT_EQ(run("--modelo feito.dxf " + state, script).code, 0);
+        EXPECT_TRUE(has(text("e.json"), "\"DIMSCALE\": 20")) << script;
+        EXPECT_TRUE(has(text("e.json"), "\"entidades\": []")) << script;
+    }
+    EXPECT_EQ(run(state).code, 0);
+    EXPECT_TRUE(has(text("e.json"), "\"DIMSCALE\": 1"));
+    EXPECT_FALSE(has(text("e.json"), "\"DIMSCALE\": 20"));
+    EXPECT_EQ(run("--modelo nenhum.dxf").code, 3);
+}
+
 TEST_F(Console, WhatWasRepairedWhileReadingIsTold) {
     put("a.dxf",
         "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\nVigas\n 10\n0\n 20\n0\n 11\n5\n 21\n5\n"
