@@ -243,7 +243,8 @@ void editByDialog(Story& story, Hands& hands) {
 
 TEST_F(Member, IsTheSameByHandAndByScript) {
     std::ofstream(folder() / "roteiro.txt") << kScript;
-    console({"-r", "roteiro.txt"});
+    // As the window's new drawing.
+    console({"--modelo", "instalacao_do_console/modelo.dxf", "-r", "roteiro.txt"});
     const auto path = [this](const char* name) {
         return QString::fromStdString((folder() / name).string());
     };

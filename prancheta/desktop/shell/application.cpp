@@ -60,6 +60,15 @@ HostOptions hostOptions(const ApplicationOptions& options, MainWindow& window) {
     return out;
 }
 
+/// Of new drawings: the user's own, or that of the installation folder, if there is one.
+std::wstring templateFile(const WindowOptions& options) {
+    if (!options.templateFile.isEmpty()) return options.templateFile.toStdWString();
+    const std::filesystem::path usual = Host::installationFolder() / "modelo.dxf";
+    std::error_code error;
+    const bool there = !Host::installationFolder().empty() && std::filesystem::exists(usual, error);
+    return there ? toQString(usual).toStdWString() : std::wstring();
+}
+
 }  // namespace
 
 Application::Application(const ApplicationOptions& options)
@@ -78,9 +87,14 @@ Application::Application(const ApplicationOptions& options)
     m_window->setEditor(&m_host->editor());
     m_recovery->setEditor(&m_host->editor());
     const auto readOptions = [this] {
-        m_recovery->setMinutes(WindowOptions::load().recoveryMinutes);
+        const WindowOptions set = WindowOptions::load();
+        m_recovery->setMinutes(set.recoveryMinutes);
+        (void)m_host->editor().variables().set(L"MODELO", templateFile(set));  // a text
     };
     readOptions();
+    if (const Result<void> made = m_host->editor().file().makeNew(); !made)
+        m_window->commandLine().print(QString::fromStdString(made.error().message()) +
+                                      "\nO desenho começa vazio, na escala 1:1.\n");
     QObject::connect(m_window.get(), &MainWindow::optionsChanged, m_recovery.get(), readOptions);
     QObject::connect(m_window.get(), &MainWindow::documentReplaced, m_recovery.get(),
                      &Recovery::documentReplaced);

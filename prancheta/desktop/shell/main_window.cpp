@@ -190,6 +190,7 @@ void MainWindow::connectUi() {
         m_commandLine->edit().hold();
     });
     connect(m_canvas, &Canvas::pointerMoved, m_status, &StatusBar::showPointer);
+    connect(m_status, &StatusBar::scaleWanted, m_ui, &WindowUi::runCommand);
     connect(m_status, &StatusBar::changed, this, [this] { m_canvas->refresh(); });
 }
 

@@ -4,10 +4,14 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace prancheta::desktop {
@@ -16,6 +20,7 @@ namespace {
 constexpr auto kGround = "opcoes/fundo_escuro";
 constexpr auto kMinutes = "opcoes/recuperacao_minutos";
 constexpr auto kCrosshair = "opcoes/cursor_por_cento";
+constexpr auto kTemplate = "opcoes/modelo";
 
 }  // namespace
 
@@ -27,6 +32,7 @@ WindowOptions WindowOptions::load() {
     out.recoveryMinutes =
         std::clamp(settings.value(kMinutes, usual.recoveryMinutes).toInt(), 0, 600);
     out.crosshair = std::clamp(settings.value(kCrosshair, usual.crosshair).toInt(), 1, 100);
+    out.templateFile = settings.value(kTemplate).toString();
     return out;
 }
 
@@ -35,13 +41,15 @@ void WindowOptions::save() const {
     settings.setValue(kGround, darkGround);
     settings.setValue(kMinutes, recoveryMinutes);
     settings.setValue(kCrosshair, crosshair);
+    settings.setValue(kTemplate, templateFile);
 }
 
 OptionsDialog::OptionsDialog(const WindowOptions& options, QWidget* parent)
     : QDialog(parent),
       m_ground(new QComboBox(this)),
       m_minutes(new QSpinBox(this)),
-      m_crosshair(new QSpinBox(this)) {
+      m_crosshair(new QSpinBox(this)),
+      m_template(new QLineEdit(options.templateFile, this)) {
     setWindowTitle("Opções");
     m_ground->addItems({"Escuro", "Claro"});
     m_ground->setCurrentIndex(options.darkGround ? 0 : 1);
@@ -52,11 +60,24 @@ OptionsDialog::OptionsDialog(const WindowOptions& options, QWidget* parent)
     m_crosshair->setRange(1, 100);
     m_crosshair->setSuffix(" % da tela");
     m_crosshair->setValue(options.crosshair);
+    m_template->setObjectName("modelo");
+    m_template->setPlaceholderText("o da pasta de instalação");
+    auto* const choose = new QToolButton(this);
+    choose->setText("...");
+    connect(choose, &QToolButton::clicked, this, [this] {
+        const QString file = QFileDialog::getOpenFileName(
+            this, "Modelo de novos desenhos", m_template->text(), "Desenhos DXF (*.dxf)");
+        if (!file.isEmpty()) m_template->setText(file);
+    });
+    auto* const model = new QHBoxLayout;
+    model->addWidget(m_template);
+    model->addWidget(choose);
 
     auto* const form = new QFormLayout;
     form->addRow("&Fundo do desenho:", m_ground);
     form->addRow("Cópia de &recuperação a cada:", m_minutes);
     form->addRow("&Tamanho do cursor em cruz:", m_crosshair);
+    form->addRow("&Modelo de novos desenhos:", model);
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
@@ -72,6 +93,7 @@ WindowOptions OptionsDialog::options() const {
     out.darkGround = m_ground->currentIndex() == 0;
     out.recoveryMinutes = m_minutes->value();
     out.crosshair = m_crosshair->value();
+    out.templateFile = m_template->text().trimmed();
     return out;
 }
 

@@ -5,6 +5,7 @@
 #include <QDialog>
 
 class QComboBox;
+class QLineEdit;
 class QSpinBox;
 
 namespace prancheta::desktop {
@@ -13,6 +14,7 @@ struct WindowOptions {
     bool darkGround = true;
     int recoveryMinutes = 5;  ///< 0: no recovery copies
     int crosshair = 100;      ///< percent of the screen, CURSORSIZE
+    QString templateFile;     ///< of new drawings; empty: that of the installation folder
 
     static WindowOptions load();
     void save() const;
@@ -28,6 +30,7 @@ private:
     QComboBox* m_ground;
     QSpinBox* m_minutes;
     QSpinBox* m_crosshair;
+    QLineEdit* m_template;
 };
 
 }  // namespace prancheta::desktop

@@ -8,12 +8,16 @@
 #include <cmath>
 
 #include "prancheta/desktop/panels/panels.h"
+#include "prancheta/editor/paper_scale.h"
 #include "prancheta/editor/snap_modes.h"
 
 namespace prancheta::desktop {
 namespace {
 
 constexpr short kSnapsOff = 16384;
+
+/// Usual scales of a drawing, 1 to this.
+constexpr int kScales[] = {1, 2, 5, 10, 15, 20, 25, 30, 40, 50, 75, 100, 200, 500};
 
 }  // namespace
 
@@ -27,7 +31,10 @@ const StatusBar::Aid StatusBar::kAids[] = {
 };
 
 StatusBar::StatusBar(QWidget* parent)
-    : QStatusBar(parent), m_coordinates(new QLabel(this)), m_totals(new QLabel(this)) {
+    : QStatusBar(parent),
+      m_coordinates(new QLabel(this)),
+      m_totals(new QLabel(this)),
+      m_scale(new QToolButton(this)) {
     m_coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_coordinates->setMinimumWidth(m_coordinates->fontMetrics().horizontalAdvance('0') * 30);
     m_coordinates->setObjectName("coordenadas");
@@ -50,7 +57,15 @@ StatusBar::StatusBar(QWidget* parent)
         addWidget(button);
         m_buttons.push_back(button);
     }
+    m_scale->setObjectName("escala");
+    m_scale->setToolTip("Escala do desenho: cotas, marcas, textos, tabelas, hachuras");
+    m_scale->setAutoRaise(true);
+    m_scale->setFocusPolicy(Qt::NoFocus);
+    m_scale->setPopupMode(QToolButton::InstantPopup);
+    m_scale->setMenu(new QMenu(m_scale));
+    connect(m_scale->menu(), &QMenu::aboutToShow, this, &StatusBar::fillScaleMenu);
     addPermanentWidget(m_totals);
+    addPermanentWidget(m_scale);
     setSizeGripEnabled(false);
 }
 
@@ -96,8 +111,27 @@ void StatusBar::showSnapMenu(const QPoint& position) {
     menu.exec(position);
 }
 
+void StatusBar::fillScaleMenu() {
+    QMenu* const menu = m_scale->menu();
+    menu->clear();
+    const auto add = [this, menu](const QString& shown, const QString& command) {
+        QAction* const action = menu->addAction(shown);
+        connect(action, &QAction::triggered, this, [this, command] { emit scaleWanted(command); });
+        return action;
+    };
+    for (const int scale : kScales) {
+        const QString text = QString("1:%1").arg(scale);
+        QAction* const action = add(text, "_ESCALADESENHO " + text);
+        action->setCheckable(true);
+        action->setChecked(m_scale->text() == text);
+    }
+    menu->addSeparator();
+    add("&Outra...", "_ESCALADESENHO");
+}
+
 void StatusBar::refresh() {
     if (m_editor == nullptr) return;
+    m_scale->setText(QString::fromStdWString(paperScaleText(drawingScale(m_editor->database()))));
     const SystemVariables& variables = m_editor->variables();
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {
         const bool set = (variables.number(kAids[i].variable) & kAids[i].bit) != 0;

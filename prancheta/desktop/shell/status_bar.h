@@ -30,6 +30,8 @@ public:
 signals:
     /// A variable was changed.
     void changed();
+    /// The user asked for another scale of the drawing, which this command line gives it.
+    void scaleWanted(const QString& command);
 
 private:
     struct Aid {
@@ -43,10 +45,12 @@ private:
     void toggle(std::size_t index);
     void setVariable(const wchar_t* name, int value);
     void showSnapMenu(const QPoint& position);
+    void fillScaleMenu();
 
     Editor* m_editor = nullptr;
     QLabel* m_coordinates;
     QLabel* m_totals;
+    QToolButton* m_scale;
     std::vector<QToolButton*> m_buttons;
 };
 
