@@ -66,6 +66,7 @@ struct AppearanceTable::Impl : public AcDbDatabaseReactor {
     }
 
     struct Layer {
+        std::wstring name;
         int color = kWhite;
         AcDbObjectId linetype;
         double lineWeight = kDefaultLineWeight;
@@ -76,6 +77,8 @@ struct AppearanceTable::Impl : public AcDbDatabaseReactor {
         const AcDbObjectPointer<AcDbLayerTableRecord> record(
             id.isNull() ? database.layerZero() : id, AcDb::kForRead);
         if (record.openStatus() != Acad::eOk) return layer;
+        const ACHAR* name = nullptr;
+        if (record->getName(name) == Acad::eOk) layer.name = name;
         layer.color = record->colorIndex();
         layer.linetype = record->linetypeObjectId();
         if (record->lineWeight() >= 0)
@@ -89,6 +92,8 @@ struct AppearanceTable::Impl : public AcDbDatabaseReactor {
         // What stands outside blocks has no block to take its colour from: white.
         const int color = traits.color == 256 ? layer.color : traits.color;
         look.color = paletteColor(color);
+        look.colorIndex = color;
+        look.layer = layer.name;
         look.followsGround = color == kWhite || color == 0;
         if (traits.lineWeight >= 0)
             look.lineWeight = static_cast<int>(traits.lineWeight) / 100.0;

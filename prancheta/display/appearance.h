@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "dbapserv.h"
@@ -13,6 +14,8 @@ namespace prancheta {
 
 struct Appearance {
     Rgb color;
+    int colorIndex = 7;  ///< 1 to 255, from which the colour came; by block: 0
+    std::wstring layer;
     bool followsGround = false;  ///< colour 7: black on light ground, white on dark
     double lineWeight = 0.25;    ///< mm on paper
     /// Dash lengths in drawing units, pen down and up in turn (0 = dot), LTSCALE and the entity's

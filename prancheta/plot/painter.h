@@ -11,6 +11,8 @@
 
 namespace prancheta {
 
+class PenTable;
+
 /// Works in the painter's coordinates as they are at each call, here called the device's pixels.
 /// Pen, brush and font are left changed, the transform is not. Painter and table must outlive it;
 /// after AppearanceTable::invalidate() a new one is needed.
@@ -21,7 +23,8 @@ public:
         double devicePerMillimetre = 3.78;  ///< of line weights
         bool darkGround = false;            ///< colour 7 is white
         bool monochrome = false;
-        bool lineWeights = true;  ///< false: everything `leastLineWidth` wide
+        const PenTable* pens = nullptr;  ///< of paper; null: everything as it is; outlives the work
+        bool lineWeights = true;         ///< false: everything `leastLineWidth` wide
         /// Pixels; thinner lines are drawn so wide.
         double leastLineWidth = 1.0;
         /// The device is a file of numbers: arcs stay curves and points are put on whole pixels,

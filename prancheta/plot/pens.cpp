@@ -3,14 +3,41 @@
 #include "prancheta/plot/pens.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "prancheta/plot/pen_table.h"
 
 namespace prancheta {
 namespace {
 
+/// Luminance, of 1, that a line may have on white to be seen well.
+constexpr double kLightest = 0.3;
+
+/// As dark as it has to be on white, in its own hue.
+QColor darkened(const Rgb& color) {
+    const auto linear = [](std::uint8_t share) { return std::pow(share / 255.0, 2.2); };
+    const double luminance =
+        0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+    const double factor = luminance > kLightest ? std::pow(kLightest / luminance, 1.0 / 2.2) : 1.0;
+    const auto share = [factor](std::uint8_t full) {
+        return static_cast<int>(std::lround(full * factor));
+    };
+    return {share(color.red), share(color.green), share(color.blue)};
+}
+
 QColor colorOf(const Appearance& appearance, const PicturePainter::Settings& settings) {
     if (settings.monochrome || appearance.followsGround)
         return settings.darkGround ? Qt::white : Qt::black;
+    if (!settings.darkGround) return darkened(appearance.color);
     return {appearance.color.red, appearance.color.green, appearance.color.blue};
+}
+
+/// Mixed with the white of the paper.
+QColor screened(const QColor& ink, double screen) {
+    const auto mixed = [screen](int share) {
+        return static_cast<int>(std::lround(255.0 - screen * (255 - share)));
+    };
+    return {mixed(ink.red()), mixed(ink.green()), mixed(ink.blue())};
 }
 
 /// Lengths in pen widths, as QPen wants them. A dot becomes a dash as long as the pen is wide, at
@@ -47,18 +74,26 @@ std::size_t Pens::of(const Appearance& appearance) {
 }
 
 QPen Pens::make(const Appearance& appearance) const {
+    const PlotPen* const pen =
+        m_settings.pens != nullptr ? m_settings.pens->of(appearance) : nullptr;
+    QColor ink = colorOf(appearance, m_settings);
+    if (pen != nullptr && pen->ink && !m_settings.monochrome)
+        ink = QColor(pen->ink->red, pen->ink->green, pen->ink->blue);
+    if (pen != nullptr) ink = screened(ink, pen->screen);
+    const double millimetres =
+        pen != nullptr && pen->lineWeight ? *pen->lineWeight : appearance.lineWeight;
     const double weight =
-        m_settings.lineWeights ? appearance.lineWeight * m_settings.devicePerMillimetre : 0.0;
+        m_settings.lineWeights ? millimetres * m_settings.devicePerMillimetre : 0.0;
     const double width = std::max(weight, m_settings.leastLineWidth);
     // Flat ends keep dashes true to their length, and thin lines on the fast way of the screen.
     const double period = appearance.dashPeriod * m_scale;
     const bool dashed =
         !appearance.dashes.empty() && period > 0.0 && period >= m_settings.leastDashPeriod;
     const bool flat = dashed || width <= 1.0;
-    QPen pen(colorOf(appearance, m_settings), width, Qt::SolidLine,
-             flat ? Qt::FlatCap : Qt::RoundCap, flat ? Qt::BevelJoin : Qt::RoundJoin);
-    if (dashed) pen.setDashPattern(dashesOf(appearance.dashes, m_scale, width));
-    return pen;
+    QPen out(ink, width, Qt::SolidLine, flat ? Qt::FlatCap : Qt::RoundCap,
+             flat ? Qt::BevelJoin : Qt::RoundJoin);
+    if (dashed) out.setDashPattern(dashesOf(appearance.dashes, m_scale, width));
+    return out;
 }
 
 }  // namespace prancheta

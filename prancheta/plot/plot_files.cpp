@@ -17,6 +17,7 @@
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/plotter.h"
 #include "prancheta/plot/finish.h"
+#include "prancheta/plot/pen_table.h"
 #include "prancheta/plot/sheet.h"
 
 namespace prancheta {
@@ -168,6 +169,7 @@ public:
     Result<void> plot(Editor& editor, const PlotSettings& settings, PlotFormat format,
                       const std::filesystem::path& file) override {
         if (Result<void> checked = check(settings); !checked) return checked;
+        if (!usualPens()) return usualPens().error();
         // A file that cannot be written is told before the work is done.
         AtomicFile target(file);
         if (Result<void> opened = target.open(); !opened) return opened;

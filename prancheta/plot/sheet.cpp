@@ -12,6 +12,7 @@
 #include "prancheta/display/visible_part.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/plot/painter.h"
+#include "prancheta/plot/pen_table.h"
 
 namespace prancheta {
 namespace {
@@ -81,6 +82,7 @@ PicturePainter::Settings painterSettings(const SheetLayout& layout, const QRectF
                    QTransform::fromTranslate(target.left(), target.top());
     out.devicePerMillimetre = perMillimetre;
     out.monochrome = settings.monochrome;
+    if (const Result<PenTable>& pens = usualPens()) out.pens = &*pens;
     out.lineWeights = settings.lineWeights;
     out.vector = vector;
     out.leastLineWidth =

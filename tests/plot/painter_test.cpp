@@ -4,11 +4,19 @@
 
 #include "prancheta/graphics/text_metrics.h"
 #include "prancheta/plot/flatten.h"
+#include "prancheta/plot/pen_table.h"
+#include "prancheta/plot/pens.h"
 #include "prancheta/plot/sheet.h"
 #include "tests/plot/fixture.h"
 
 namespace plotting {
 namespace {
+
+using prancheta::Appearance;
+using prancheta::Pens;
+using prancheta::PenTable;
+using prancheta::PicturePainter;
+using prancheta::Rgb;
 
 class Ink : public Plotted {
 protected:
@@ -145,6 +153,53 @@ TEST(Flatten, HugeArcsCostWhatIsSeen) {
         }
     }
     EXPECT_GT(seen, 0);
+}
+
+TEST_F(Ink, PensOfPaper) {
+    const auto parsed = [](const char* text) { return PenTable::parse(text, "penas.txt"); };
+    const auto table =
+        parsed("; penas\ncor 1, objeto, 0.7, 100\r\ncor *,preto,objeto,50\ncamada 0, 3, 0, 100\n");
+    ASSERT_TRUE(table);
+    Appearance look;
+    look.layer = L"Vigas";
+    look.colorIndex = 1;
+    ASSERT_NE(table->of(look), nullptr);
+    EXPECT_FALSE(table->of(look)->ink);
+    EXPECT_EQ(table->of(look)->lineWeight, 0.7);
+    look.colorIndex = 2;
+    EXPECT_EQ(table->of(look)->ink, (Rgb{0, 0, 0}));
+    EXPECT_EQ(table->of(look)->screen, 0.5);
+    look.layer = L"0";
+    EXPECT_EQ(table->of(look)->ink, (Rgb{0, 255, 0}));
+    for (const auto& [text, line] : {std::pair{"cor 0, preto, 0.1, 100", 1},
+                                     {"\ncor 1, azul, 0.1, 100", 2},
+                                     {"camada A, preto, 0.1, 101", 1},
+                                     {"cor 1, preto, 6, 100", 1},
+                                     {"cor 1, preto", 1}}) {
+        const auto wrong = parsed(text);
+        ASSERT_FALSE(wrong) << text;
+        EXPECT_EQ(wrong.error().line, line) << text;
+    }
+    // Yellow on white is darkened, what is dark enough stays.
+    PicturePainter::Settings settings;
+    Pens bare(settings, 1.0);
+    Appearance yellow;
+    yellow.color = {255, 255, 0};
+    Appearance red = yellow;
+    red.color = {255, 0, 0};
+    const QColor seen = bare.at(bare.of(yellow)).color();
+    EXPECT_LT(seen.red(), 170);
+    EXPECT_EQ(seen.red(), seen.green());
+    EXPECT_EQ(bare.at(bare.of(red)).color(), QColor(255, 0, 0));
+    // Half of black is grey, in the width of the pen.
+    settings.pens = &*table;
+    settings.devicePerMillimetre = 10.0;
+    Pens pens(settings, 1.0);
+    yellow.layer = red.layer = L"Vigas";
+    yellow.colorIndex = 2;
+    red.colorIndex = 1;
+    EXPECT_EQ(pens.at(pens.of(yellow)).color(), QColor(128, 128, 128));
+    EXPECT_EQ(pens.at(pens.of(red)).widthF(), 7.0);
 }
 
 TEST_F(Ink, AreasAreFilledAndLaterOnesCoverEarlierOnes) {
