@@ -84,8 +84,7 @@ AcDbObjectId AcDbDatabase::byLayerLinetype() const {
 AcDbObjectId AcDbDatabase::byBlockLinetype() const {
     return ObjectAccess::lookup(linetypeTableId(), L"ByBlock");
 }
-// The sheet is not drawn on: new entities go to the model.
-AcDbObjectId AcDbDatabase::currentSpaceId() const { return m_core->modelSpaceId(); }
+AcDbObjectId AcDbDatabase::currentSpaceId() const { return m_core->currentSpaceId(); }
 
 AcDbObjectId AcDbDatabase::clayer() const { return m_core->current(DatabaseCore::kLayer); }
 AcDbObjectId AcDbDatabase::celtype() const { return m_core->current(DatabaseCore::kLinetype); }

@@ -93,6 +93,14 @@ void DatabaseCore::assignMissingHandles() {
         if (m_stubs[i].handle == 0) (void)changeHandle(AcDbObjectId(&m_stubs[i]), m_nextHandle);
 }
 
+AcDbObjectId DatabaseCore::paperSpaceId() const {
+    return ObjectAccess::lookup(m_tables[kBlocks], ACDB_PAPER_SPACE);
+}
+
+AcDbObjectId DatabaseCore::currentSpaceId() const {
+    return m_currentSpace.isNull() || m_currentSpace.isErased() ? m_modelSpace : m_currentSpace;
+}
+
 std::vector<AcDbObjectId> DatabaseCore::modelSpace() const {
     const AcDbStub* stub = m_modelSpace;
     const auto& all =

@@ -68,7 +68,11 @@ public:
     void announce(AcDbObject& object);
 
     AcDbObjectId modelSpaceId() const { return m_modelSpace; }
-    AcDbObjectId paperSpaceId() const { return m_paperSpace; }
+    /// The sheet whose block has the name that every drawing knows.
+    AcDbObjectId paperSpaceId() const;
+    /// New entities go there; the model again when its block goes.
+    AcDbObjectId currentSpaceId() const;
+    void setCurrentSpace(AcDbObjectId block) { m_currentSpace = block; }
 
     /// Current layer, linetype, text style, dimension style.
     enum Current { kLayer, kLinetype, kTextStyle, kDimStyle };
@@ -122,7 +126,7 @@ private:
     AcDbObjectId m_tables[6];
     AcDbObjectId m_rootDictionary;
     AcDbObjectId m_modelSpace;
-    AcDbObjectId m_paperSpace;
+    AcDbObjectId m_currentSpace;
     AcDbObjectId m_current[4];
     bool m_textFollows = true;  ///< TEXTSIZE goes with the DIMSCALE that is being set
     std::vector<AcDbDatabaseReactor*> m_reactors;

@@ -69,7 +69,7 @@ void DatabaseCore::build(bool buildDefaultDrawing) {
     m_rootDictionary = root->objectId();
     root->close();
     m_modelSpace = addRecord<AcDbBlockTableRecord>(m_tables[kBlocks], ACDB_MODEL_SPACE);
-    m_paperSpace = addRecord<AcDbBlockTableRecord>(m_tables[kBlocks], ACDB_PAPER_SPACE);
+    (void)addRecord<AcDbBlockTableRecord>(m_tables[kBlocks], ACDB_PAPER_SPACE);
     if (buildDefaultDrawing) {
         addRequiredRecords();
     } else {

@@ -3,6 +3,7 @@
 #include "acutads.h"
 #include "acutmem.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/layouts.h"
 #include "prancheta/database/object_access.h"
 
 using namespace prancheta;
@@ -21,8 +22,8 @@ std::wstring spaceOf(const AcDbEntity& entity) {
     const AcDbDatabase* database = entity.database();
     if (database == nullptr) return L"(fora do desenho)";
     if (entity.ownerId() == database->core().modelSpaceId()) return L"Espaço do modelo";
-    if (entity.ownerId() == database->core().paperSpaceId()) return L"Espaço do papel";
-    return L"Bloco";
+    const std::wstring layout = tabOf(*database, entity.ownerId()).name;
+    return layout.empty() ? L"Bloco" : L"Espaço do papel: " + layout;
 }
 
 std::wstring weightText(AcDb::LineWeight weight) {

@@ -3,6 +3,7 @@
 #include "prancheta/database/register.h"
 
 #include "dbdict.h"
+#include "dblayout.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
 #include "prancheta/database/draw_order.h"
@@ -23,6 +24,7 @@ void registerDatabaseClasses() {
         AcDbDictionary::rxInit,
         AcDbXrecord::rxInit,
         DrawOrderTable::rxInit,
+        AcDbLayout::rxInit,
         AcDbSymbolTable::rxInit,
         AcDbBlockTable::rxInit,
         AcDbLayerTable::rxInit,

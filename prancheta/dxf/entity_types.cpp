@@ -14,6 +14,7 @@
 #include "prancheta/dxf/leader_type.h"
 #include "prancheta/dxf/mtext_type.h"
 #include "prancheta/dxf/spline_type.h"
+#include "prancheta/dxf/viewport_type.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::dxf {
@@ -354,7 +355,7 @@ std::span<const EntityType> entityTypes() {
             {"INSERT", &AcDbMInsertBlock::desc, kInsert, suitsInsert, makeInsert, takeInsert},
         };
         for (const EntityType& type : {ellipseType(), xlineType(), rayType(), mtextType(),
-                                       leaderType(), hatchType(), splineType()})
+                                       leaderType(), hatchType(), splineType(), viewportType()})
             types.push_back(type);
         for (const EntityType& dimension : dimensionTypes()) types.push_back(dimension);
         return types;

@@ -122,6 +122,9 @@ void setOther(Values& values, const Field& field, const Tag& tag, LoadNames& nam
         case Meaning::Reference:
             values.ids[field.slot] = names.byHandle(tag.value);
             break;
+        case Meaning::References:
+            values.references.push_back(names.byHandle(tag.value));
+            break;
         default:
             break;
     }
@@ -224,6 +227,10 @@ public:
             case Meaning::Reference:
                 if (!m_values.ids[field.slot].isNull() && !m_values.ids[field.slot].isErased())
                     m_out.handle(code, m_values.ids[field.slot].handle().value());
+                return;
+            case Meaning::References:
+                for (const AcDbObjectId& id : m_values.references)
+                    if (!id.isNull() && !id.isErased()) m_out.handle(code, id.handle().value());
                 return;
             case Meaning::Vertices:
                 return writeVertices();

@@ -33,6 +33,7 @@ enum class Meaning : std::uint8_t {
     Linetype,
     StyleHandle,  ///< the same by handle
     Reference,    ///< an entity by handle, left out when there is none
+    References,   ///< the same, repeated
     Normal,       ///< 210; left out when it is the z axis
     Vertices,     ///< 10 and 20, repeated, with what follows
     Places,       ///< 10, 20 and 30 of the world, repeated
@@ -93,7 +94,7 @@ struct Values {
     std::vector<FieldVertex> vertices;
     std::vector<double> dashes;
     RawTags ordered;
-    std::vector<AcDbObjectId> references;  ///< objects of the groups 330 among `ordered`
+    std::vector<AcDbObjectId> references;  ///< also objects of the groups 330 among `ordered`
 
     /// Standard values of all fields, everything else empty.
     void reset(std::span<const Field> fields);

@@ -9,6 +9,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/value_list.h"
+#include "prancheta/dxf/layout_object.h"
 #include "prancheta/dxf/loader.h"
 #include "prancheta/dxf/piece_record.h"
 #include "prancheta/dxf/upgrade.h"
@@ -191,7 +192,9 @@ bool Loader::takeChild(AcDbDictionary& dictionary, const std::wstring& key, Ades
     const auto found = m_objectsByHandle.find(handle);
     ObjectSpan* const span = found != m_objectsByHandle.end() ? found->second : nullptr;
     const bool isRoot = dictionary.objectId() == m_database.namedObjectsDictionaryId();
-    const bool free = span != nullptr && !span->kept && !(isRoot && isFormatsOwn(key));
+    // Layouts of releases before them have nothing to belong to.
+    const bool layouts = equalNoCase(key, L"ACAD_LAYOUT") && m_version >= "AC1015";
+    const bool free = span != nullptr && !span->kept && !(isRoot && isFormatsOwn(key) && !layouts);
     AcDbObjectId id;
     // What lies deeper is kept as the file has it.
     if (free && span->type == "DICTIONARY" && m_dictionaryDepth < kDeepestNesting) {
@@ -210,6 +213,8 @@ bool Loader::takeChild(AcDbDictionary& dictionary, const std::wstring& key, Ades
         if (!takeXrecord(*span, dictionary, id)) return false;
     } else if (free && span->type == "SORTENTSTABLE") {
         if (!takeDrawOrder(*span, dictionary, id)) return false;
+    } else if (free && span->type == "LAYOUT") {
+        if (!takeLayout(*span, dictionary, id)) return false;
     }
     if (id.isNull() && span == nullptr) return true;  // names nothing that the file has
     if (id.isNull()) (void)m_database.getAcDbObjectId(id, true, AcDbHandle(handle));
@@ -243,6 +248,26 @@ bool Loader::takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& 
     if (!m_core.makeResident(*made, owner.objectId(), claim(span.handle, nullptr)))
         return bad(nullptr, "não foi possível criar um registro XRECORD");
     AcDbXrecord* const added = made.release();
+    id = added->objectId();
+    span.kept = true;
+    if (!m_head.reactors.empty() || m_head.dictionary != 0)
+        m_later.push_back({added, m_head.reactors, m_head.dictionary});
+    added->close();
+    return true;
+}
+
+/// A null id when the class does not suit it.
+bool Loader::takeLayout(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id) {
+    TagReader reader(span.text);
+    Record record;
+    (void)reader.next(record);
+    if (!splitRecord(record, 5, m_head, m_fault)) return false;
+    auto made = std::make_unique<AcDbLayout>();
+    if (!readLayout(m_head.body, *this, *made)) return true;
+    if (!keepExtra(*made, m_head.body)) return false;
+    if (!m_core.makeResident(*made, owner.objectId(), claim(span.handle, nullptr)))
+        return bad(nullptr, "não foi possível criar um layout");
+    AcDbLayout* const added = made.release();
     id = added->objectId();
     span.kept = true;
     if (!m_head.reactors.empty() || m_head.dictionary != 0)

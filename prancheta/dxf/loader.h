@@ -116,6 +116,7 @@ private:
     bool takeChild(AcDbDictionary& dictionary, const std::wstring& key, Adesk::UInt64 handle);
     bool takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
     bool takeDrawOrder(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
+    bool takeLayout(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
     void dropOldLayouts();
     std::unordered_map<Adesk::UInt64, Adesk::UInt64> ownersByName() const;
     bool takeExtensionDictionaries();

@@ -92,6 +92,7 @@ void Saver::plan() {
     // Drawing may bring linetypes and layers to the drawing.
     planPictures();
     m_handles.collect(m_core);
+    m_tabs = tabsOf(m_database);
     planStandard();
     planApplications();
     planBlocks();

@@ -5,31 +5,11 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/value_list.h"
+#include "prancheta/dxf/layout_object.h"
 #include "prancheta/dxf/saver.h"
 
 namespace prancheta::dxf {
 namespace {
-
-struct Group {
-    int code;
-    double value;
-};
-
-// Plot settings of a layout that was never set up: A4, millimetres, to fit.
-constexpr Group kPlotSettings[] = {{40, 7.5},   {41, 20.0}, {42, 7.5},  {43, 20.0}, {44, 210.0},
-                                   {45, 297.0}, {46, 0.0},  {47, 0.0},  {48, 0.0},  {49, 0.0},
-                                   {140, 0.0},  {141, 0.0}, {142, 1.0}, {143, 1.0}};
-constexpr Group kPlotFlags[] = {{72, 1}, {73, 0}, {74, 5}};
-constexpr Group kPlotEnd[] = {{75, 16}, {147, 1.0}, {148, 0.0}, {149, 0.0}};
-
-void writeGroups(TagWriter& out, std::span<const Group> groups) {
-    for (const Group& group : groups) {
-        if (kindOf(group.code) == ValueKind::Real)
-            out.real(group.code, group.value);
-        else
-            out.integer(group.code, static_cast<long long>(group.value));
-    }
-}
 
 void beginMade(TagWriter& out, const char* type, Adesk::UInt64 handle, Adesk::UInt64 owner,
                const char* marker) {
@@ -42,6 +22,12 @@ void beginMade(TagWriter& out, const char* type, Adesk::UInt64 handle, Adesk::UI
 void writeEntry(TagWriter& out, std::string_view key, int code, Adesk::UInt64 handle) {
     out.text(3, key);
     out.handle(code, handle);
+}
+
+/// A layout goes by the name that it has now.
+const std::wstring& nameOf(const std::wstring& key, const AcDbStub* stub) {
+    const AcDbLayout* const layout = AcDbLayout::cast(stub->object);
+    return layout != nullptr ? layout->layoutName() : key;
 }
 
 bool isHardOwner(const RawTags& kept, bool otherwise) {
@@ -67,7 +53,7 @@ void Saver::writeObjects() {
         if (stub.object == nullptr || stub.erased || &stub == root) continue;
         const AcRxClass* const which = stub.object->isA();
         if (which == AcDbDictionary::desc() || which == AcDbXrecord::desc() ||
-            which == DrawOrderTable::desc())
+            which == DrawOrderTable::desc() || which == AcDbLayout::desc())
             own.push_back(&stub);
     }
     std::sort(own.begin(), own.end(),
@@ -79,9 +65,12 @@ void Saver::writeObjects() {
             writeDictionary(*dictionary);
         else if (const auto* order = DrawOrderTable::cast(stub->object))
             writeDrawOrder(*order);
+        else if (const auto* layout = AcDbLayout::cast(stub->object))
+            writeLayout(*layout);
         else
             writeXrecord(static_cast<const AcDbXrecord&>(*stub->object));
     }
+    if (m_standard.layouts != 0) writeUsualLayouts();
     writePieceDictionaries();
     m_out.text(0, "ENDSEC");
 }
@@ -115,7 +104,7 @@ void Saver::writeDictionary(const AcDbDictionary& dictionary) {
         if (tag.code != 100) m_out.raw(tag.code, tag.value);
     for (const auto& [key, id] : ObjectAccess::entries(dictionary))
         if (const Adesk::UInt64 handle = m_handles.of(id); handle != 0)
-            writeEntry(m_out, encodeText(key), code, handle);
+            writeEntry(m_out, encodeText(nameOf(key, id)), code, handle);
     for (const LongPiece& piece : m_longPieces)
         if (piece.dictionary == dictionary.objectId().handle().value())
             writeEntry(m_out, kPieceApplication, code, piece.record);
@@ -198,13 +187,6 @@ void Saver::writeStandardObjects() {
         m_out.integer(281, 1);
     };
     if (s.groups != 0) dictionary(s.groups);
-    if (s.layouts != 0) {
-        dictionary(s.layouts);
-        writeEntry(m_out, "Model", 350, s.modelLayout);
-        writeEntry(m_out, "Layout1", 350, s.paperLayout);
-        writeLayout("Model", s.modelLayout, false);
-        writeLayout("Layout1", s.paperLayout, true);
-    }
     if (s.lineStyles != 0) {
         dictionary(s.lineStyles);
         writeEntry(m_out, "Standard", 350, s.lineStyle);
@@ -232,34 +214,38 @@ void Saver::writeStandardObjects() {
     }
 }
 
-void Saver::writeLayout(const char* name, Adesk::UInt64 handle, bool paper) {
-    constexpr int kModel = 1024;
-    constexpr int kPaperFlags = 688;
-    beginMade(m_out, "LAYOUT", handle, m_standard.layouts, "AcDbPlotSettings");
-    m_out.text(1, "");
-    m_out.text(2, "none_device");
-    m_out.text(4, "ISO_A4_(210.00_x_297.00_MM)");
-    m_out.text(6, "");
-    writeGroups(m_out, kPlotSettings);
-    m_out.integer(70, paper ? kPaperFlags : kPaperFlags | kModel);
-    writeGroups(m_out, kPlotFlags);
-    m_out.text(7, "");
-    writeGroups(m_out, kPlotEnd);
-    m_out.marker("AcDbLayout");
-    m_out.text(1, name);
-    m_out.integer(70, 1);
-    m_out.integer(71, paper ? 1 : 0);
-    m_out.point2d(10, 0.0, 0.0);
-    m_out.point2d(11, paper ? 297.0 : 420.0, paper ? 210.0 : 297.0);
-    m_out.point(12, AcGePoint3d::kOrigin);
-    m_out.point(14, {1e20, 1e20, 1e20});
-    m_out.point(15, {-1e20, -1e20, -1e20});
-    m_out.real(146, 0.0);
-    m_out.point(13, AcGePoint3d::kOrigin);
-    m_out.point(16, {1.0, 0.0, 0.0});
-    m_out.point(17, {0.0, 1.0, 0.0});
-    m_out.integer(76, 0);
-    m_out.handle(330, (paper ? m_core.paperSpaceId() : m_core.modelSpaceId()).handle().value());
+void Saver::writeLayout(const AcDbLayout& layout) {
+    static const RawTags kNone;
+    const ObjectExtra* const extra = ObjectAccess::extra(layout);
+    const RawTags& foreign = extra != nullptr ? extra->foreign : kNone;
+    m_out.text(0, "LAYOUT");
+    m_out.handle(5, layout.objectId().handle().value());
+    const std::size_t first = m_entities.applicationGroups(foreign);
+    m_entities.links(extra);
+    m_out.handle(330, m_handles.of(layout.ownerId()));
+    dxf::writeLayout(layout,
+                     RawTags(foreign.begin() + static_cast<std::ptrdiff_t>(first), foreign.end()),
+                     m_handles.of(layout.blockTableRecordId()), m_out);
+    if (extra != nullptr) m_out.raw(extra->xdata);
+}
+
+/// Of a drawing that has none yet; where they will stand when they are objects.
+void Saver::writeUsualLayouts() {
+    const StandardHandles& s = m_standard;
+    beginMade(m_out, "DICTIONARY", s.layouts,
+              m_database.namedObjectsDictionaryId().handle().value(), "AcDbDictionary");
+    m_out.integer(281, 1);
+    writeEntry(m_out, "Model", 350, s.modelLayout);
+    writeEntry(m_out, "Layout1", 350, s.paperLayout);
+    int order = 0;
+    for (const Tab& tab : m_tabs) {
+        AcDbLayout layout;
+        (void)layout.setLayoutName(tab.name.c_str());  // a new object takes any value
+        (void)layout.setTabOrder(order);
+        beginMade(m_out, "LAYOUT", order == 0 ? s.modelLayout : s.paperLayout, s.layouts, nullptr);
+        dxf::writeLayout(layout, {}, tab.block.handle().value(), m_out);
+        ++order;
+    }
 }
 
 /// Fields that are too long for extended data, each in an XRECORD of the piece's extension

@@ -173,6 +173,15 @@ void Saver::writeTable(const RecordType& type) {
     m_out.text(0, "ENDTAB");
 }
 
+/// 0 for a block that is no space.
+Adesk::UInt64 Saver::layoutHandle(AcDbObjectId block) const {
+    if (m_standard.layouts != 0 && block == m_core.modelSpaceId()) return m_standard.modelLayout;
+    if (m_standard.layouts != 0 && block == m_core.paperSpaceId()) return m_standard.paperLayout;
+    const auto tab = std::find_if(m_tabs.begin(), m_tabs.end(),
+                                  [block](const Tab& each) { return each.block == block; });
+    return tab != m_tabs.end() ? m_handles.of(tab->layout) : 0;
+}
+
 void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& record) {
     static const RawTags kNone;
     const ObjectExtra* const extra = ObjectAccess::extra(record);
@@ -197,10 +206,7 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
         handle = isBlock                     ? 0
                  : m_standard.plotStyle == 0 ? -1
                                              : static_cast<long long>(m_standard.plotStyle);
-        if (record.objectId() == m_core.modelSpaceId())
-            handle = static_cast<long long>(m_standard.modelLayout);
-        if (record.objectId() == m_core.paperSpaceId())
-            handle = static_cast<long long>(m_standard.paperLayout);
+        if (isBlock) handle = static_cast<long long>(layoutHandle(record.objectId()));
         // What stands behind a group 0 belongs to the block, not to its record.
         RawTags kept(foreign.begin(),
                      std::find_if(foreign.begin(), foreign.end(),

@@ -4,8 +4,10 @@
 
 #include <set>
 
+#include "dblayout.h"
 #include "dbxrecrd.h"
 #include "prancheta/database/draw_order.h"
+#include "prancheta/database/layouts.h"
 #include "prancheta/dxf/document.h"
 #include "prancheta/dxf/entity_writer.h"
 #include "prancheta/dxf/moved_dimensions.h"
@@ -68,6 +70,7 @@ private:
     void writeClasses();
     void writeTables();
     void writeTable(const RecordType& type);
+    Adesk::UInt64 layoutHandle(AcDbObjectId block) const;
     void writeRecord(const RecordType& type, const AcDbSymbolTableRecord& record);
     void beginTable(const char* name, Adesk::UInt64 handle, std::size_t count);
     void beginRecord(const char* type, int handleCode, Adesk::UInt64 handle, Adesk::UInt64 owner);
@@ -92,7 +95,8 @@ private:
     void writeDrawOrder(const DrawOrderTable& table);
     void writeList(const resbuf* list);
     void writeStandardObjects();
-    void writeLayout(const char* name, Adesk::UInt64 handle, bool paper);
+    void writeLayout(const AcDbLayout& layout);
+    void writeUsualLayouts();
     void writePieceDictionaries();
     void beginObject(const char* type, const AcDbObject& object);
     void section(const char* name);
@@ -109,6 +113,7 @@ private:
     PieceOutFiler m_filer;
     Values m_values;
 
+    std::vector<Tab> m_tabs;
     StandardHandles m_standard;
     std::vector<std::pair<std::wstring, Adesk::UInt64>> m_applications;  ///< without a record yet
     std::vector<Block> m_blocks;  ///< in table order, model and paper space among them

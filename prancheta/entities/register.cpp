@@ -8,6 +8,7 @@
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbspline.h"
+#include "dbviewport.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/register.h"
 #include "prancheta/entities/foreign_entity.h"
@@ -38,6 +39,7 @@ void registerEntityClasses() {
     AcDbBlockReference::rxInit();
     AcDbMInsertBlock::rxInit();
     AcDbPolyline::rxInit();
+    AcDbViewport::rxInit();
     AcDbHatch::rxInit();
     AcDbDimension::rxInit();
     AcDbAlignedDimension::rxInit();

@@ -8,6 +8,7 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/draw_order.h"
 #include "prancheta/database/undo.h"
+#include "prancheta/database/layouts.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
@@ -655,4 +656,54 @@ TEST(Foreign, EntitiesOfASecondLayoutStandOnPaper) {
     const Groups all = passed(fileWith("0 POINT|8 0|10 0|20 0", "AC1015", blocks));
     EXPECT_EQ(valueOf(record(all, "CIRCLE"), 67), "1");
     EXPECT_EQ(valueOf(record(all, "POINT"), 67), "(sem o grupo)");
+}
+
+TEST(Foreign, LayoutsComeBackTagForTagAndEditedOnesButForWhatWasEdited) {
+    AcDbDatabase made;
+    ASSERT_TRUE(addTab(made, L"Detalhes"));
+    std::string text = saved(made);
+    const auto replace = [&text](const std::string& from, const std::string& to) {
+        const std::size_t at = text.rfind(from);
+        ASSERT_NE(at, std::string::npos) << from;
+        text.replace(at, from.size(), to);
+    };
+    // Of the last layout: a printer, a turned sheet of 210 x 297 with margins, numbers as others
+    // write them, an order of groups that is not ours.
+    replace("none_device", "Plotadora ação");
+    replace("\n44\n297.0\n45\n210.0", "\n45\n297.00\n44\n210.000\n347\n0");
+    replace("\n40\n0.0\n41\n0.0\n42\n0.0\n43\n0.0", "\n40\n7.5\n41\n20\n42\n5.25\n43\n10.0");
+    replace("\n73\n0\n74", "\n73\n1\n74");
+    const auto back = loadText(text);
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(saved(*back), text);
+    const Tab tab = tabNamed(*back, L"DETALHES");
+    // Turned by a quarter the bottom's margin is on the left, the right one below.
+    EXPECT_EQ(sheetOf(tab), (Box2d{-20.0, -5.25, 277.0, 204.75}));
+
+    ASSERT_TRUE(renameTab(*back, tab, L"Cortes"));
+    replace("\n1\nDetalhes\n", "\n1\nCortes\n");
+    replace("\n3\nDetalhes\n", "\n3\nCortes\n");
+    EXPECT_EQ(saved(*back), text);
+}
+
+TEST(Foreign, TheSheetOfEveryDrawingIsHandedOnWhenItsTabGoes) {
+    AcDbDatabase drawing;
+    EXPECT_FALSE(eraseTab(drawing, tabsOf(drawing)[1])) << "the only one";
+    const Result<Tab> added = addTab(drawing, L"Folha2");
+    ASSERT_TRUE(added);
+    const AcDbObjectId first = drawing.core().paperSpaceId();
+    UndoLog& undo = drawing.core().undo();
+    undo.begin(L"LAYOUT");
+    ASSERT_TRUE(eraseTab(drawing, tabNamed(drawing, L"Layout1")));
+    undo.end();
+    EXPECT_EQ(drawing.core().paperSpaceId(), added->block);
+    ASSERT_EQ(tabsOf(drawing).size(), 2u);
+    EXPECT_EQ(loadText(saved(drawing))->core().paperSpaceId().handle().value(),
+              added->block.handle().value());
+    EXPECT_TRUE(undo.undo());
+    EXPECT_EQ(drawing.core().paperSpaceId(), first);
+    EXPECT_EQ(tabsOf(drawing).size(), 3u);
+    // A copy stands behind its original and has its own entities.
+    ASSERT_TRUE(copyTab(drawing, tabNamed(drawing, L"Layout1"), L"Outro"));
+    EXPECT_EQ(tabsOf(drawing)[2].name, L"Outro");
 }

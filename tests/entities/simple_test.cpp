@@ -2,6 +2,7 @@
 // Lines, points, circles, arcs, ellipses, construction lines, solids: transformations, copies,
 // grips, LIST, undo.
 #include "dbspline.h"
+#include "dbviewport.h"
 #include "fixture.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/geometry/angles.h"
@@ -280,4 +281,34 @@ TEST_F(SimpleTest, ConstructionLinesHaveNoExtents) {
     ASSERT_EQ(ends.length(), 1);
     EXPECT_TRUE(near(ends[0], {2, 2, 0}));
     EXPECT_EQ(Pieces(ray).status, Acad::eCannotExplodeEntity);
+}
+
+TEST_F(SimpleTest, ViewportsKeepTheirScaleAndWhatTheyShowInPlace) {
+    // 200 x 160 about (100, 80), 1:10 about the model's (500, 400).
+    AcDbViewport viewport;
+    (void)viewport.setCenterPoint({100, 80, 0});
+    (void)viewport.setWidth(200);
+    (void)viewport.setHeight(160);
+    (void)viewport.setViewCenter({500, 400});
+    EXPECT_EQ(viewport.setCustomScale(0.0), Acad::eInvalidInput);
+    EXPECT_EQ(viewport.setCustomScale(0.1), Acad::eOk);
+    EXPECT_TRUE(near(viewport.modelToSheet() * AcGePoint3d(600, 400, 0), {110, 80, 0}));
+    drag(viewport, 3, {50, 20, 0});  // the upper right corner
+    EXPECT_TRUE(near(viewport.centerPoint(), {125, 90, 0}));
+    EXPECT_DOUBLE_EQ(viewport.customScale(), 0.1);
+    EXPECT_TRUE(near(viewport.modelToSheet() * AcGePoint3d(600, 400, 0), {110, 80, 0}));
+    drag(viewport, 1, {900, 0, 0});  // beyond the other side: the frame stays
+    EXPECT_EQ(viewport.width(), 250.0);
+    // A quarter turn takes the picture along; another angle is no upright frame.
+    const AcGeMatrix3d turn = AcGeMatrix3d::rotation(kPi / 2, kZ);
+    const AcGePoint3d before = viewport.modelToSheet() * AcGePoint3d(600, 410, 0);
+    EXPECT_EQ(viewport.transformBy(turn), Acad::eOk);
+    EXPECT_TRUE(near(viewport.modelToSheet() * AcGePoint3d(600, 410, 0), turn * before));
+    EXPECT_EQ(viewport.width(), 180.0);
+    EXPECT_EQ(viewport.transformBy(AcGeMatrix3d::rotation(0.1, kZ)), Acad::eNotApplicable);
+    const auto copy = copyOf(viewport);
+    EXPECT_TRUE(pictureOf(*copy) == pictureOf(viewport));
+    EXPECT_TRUE(near(copy->modelToSheet() * AcGePoint3d(600, 410, 0), turn * before));
+    (void)viewport.setNumber(1);  // the sheet's own view
+    EXPECT_TRUE(pictureOf(viewport).empty());
 }
