@@ -138,6 +138,10 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
         app.add_option(kPlotOptions[i][0], options.plots[i],
                        "plota a extensão do desenho, ajustada a uma folha A4")
             ->type_name(kPlotOptions[i][1]);
+    app.add_option("--layout", options.layout,
+                   "com --pdf, --svg, --png: este layout em 1:1 no seu papel; todos: cada um que "
+                   "tem alguma coisa")
+        ->type_name("NOME");
     app.add_option("--instalacao", options.installation,
                    "pasta de instalação (no lugar de ZPFORJA2010)")
         ->type_name("PASTA");

@@ -17,6 +17,7 @@ struct Options {
     std::string save;
     std::string log;
     std::string state;
+    std::string layout;  ///< plotted instead of the model; "todos" for all that hold something
     std::string installation;
     /// Files to plot to, in the order of PlotFormat; empty: none.
     std::array<std::string, 3> plots;

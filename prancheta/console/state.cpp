@@ -10,8 +10,10 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
 #include "prancheta/console/state_writer.h"
-#include "prancheta/database/database_core.h"
+#include "prancheta/database/layouts.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/entities/insert_parts.h"
+#include "prancheta/entities/viewports.h"
 #include "protocol/attach.h"
 
 namespace prancheta::console {
@@ -198,9 +200,16 @@ Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
     out.member("variaveis", variablesJson(editor));
     out.member("camadas", layersJson(database));
     out.beginList("entidades");
-    for (const AcDbObjectId id : database.core().modelSpace()) {
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        if (entity.object() != nullptr) out.item(entityJson(*entity.object()));
+    for (const Tab& tab : tabsOf(database)) {
+        const AcDbStub* const stub = tab.block;
+        for (const AcDbObjectId id :
+             ObjectAccess::entities(static_cast<const AcDbBlockTableRecord&>(*stub->object))) {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            if (entity.object() == nullptr || isSheetsOwn(id)) continue;
+            Json json = entityJson(*entity.object());
+            json["espaco"] = toUtf8(tab.name);
+            out.item(json);
+        }
     }
     out.endList();
     Json told;

@@ -56,7 +56,9 @@ std::vector<double> inTurn(const AcDbLinetypeTableRecord& linetype, double scale
 
 /// A layer or linetype that changes is seen by the next look-up.
 struct AppearanceTable::Impl : public AcDbDatabaseReactor {
-    explicit Impl(AcDbDatabase& of) : database(of) { database.addReactor(this); }
+    Impl(AcDbDatabase& of, double dashes) : database(of), dashScale(dashes) {
+        database.addReactor(this);
+    }
     ~Impl() override { database.removeReactor(this); }
 
     void objectModified(const AcDbDatabase*, const AcDbObject* object) override {
@@ -104,19 +106,21 @@ struct AppearanceTable::Impl : public AcDbDatabaseReactor {
         const AcDbObjectPointer<AcDbLinetypeTableRecord> linetype(
             byLayer ? layer.linetype : traits.linetype, AcDb::kForRead);
         if (linetype.openStatus() == Acad::eOk)
-            look.dashes = inTurn(*linetype.object(), database.ltscale() * traits.linetypeScale);
+            look.dashes =
+                inTurn(*linetype.object(), database.ltscale() * traits.linetypeScale * dashScale);
         for (const double length : look.dashes) look.dashPeriod += length;
         if (!(look.dashPeriod > 0.0)) look.dashes.clear();
         return look;
     }
 
     AcDbDatabase& database;
+    double dashScale;
     std::unordered_map<PictureTraits, Appearance, TraitsHash> known;
     bool stale = false;
 };
 
-AppearanceTable::AppearanceTable(AcDbDatabase& database)
-    : m_impl(std::make_unique<Impl>(database)) {}
+AppearanceTable::AppearanceTable(AcDbDatabase& database, double dashScale)
+    : m_impl(std::make_unique<Impl>(database, dashScale)) {}
 AppearanceTable::~AppearanceTable() = default;
 
 const Appearance& AppearanceTable::of(const PictureTraits& traits) {
@@ -126,6 +130,12 @@ const Appearance& AppearanceTable::of(const PictureTraits& traits) {
     const auto at = m_impl->known.find(key);
     if (at != m_impl->known.end()) return at->second;
     return m_impl->known.emplace(key, m_impl->resolve(key)).first->second;
+}
+
+void AppearanceTable::setDashScale(double scale) {
+    if (scale == m_impl->dashScale) return;
+    m_impl->dashScale = scale;
+    invalidate();
 }
 
 void AppearanceTable::invalidate() {

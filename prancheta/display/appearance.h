@@ -28,11 +28,13 @@ struct Appearance {
 /// once, until invalidate().
 class AppearanceTable {
 public:
-    explicit AppearanceTable(AcDbDatabase& database);
+    /// Dashes are `dashScale` times as long as LTSCALE and entities ask.
+    explicit AppearanceTable(AcDbDatabase& database, double dashScale = 1.0);
     ~AppearanceTable();
     /// The reference is good until invalidate().
     const Appearance& of(const PictureTraits& traits);
     void invalidate();
+    void setDashScale(double scale);
 
 private:
     struct Impl;

@@ -9,7 +9,7 @@
 namespace prancheta {
 
 struct DisplayList::Impl {
-    explicit Impl(AcDbDatabase& database) : items(database) {}
+    Impl(AcDbDatabase& database, AcDbObjectId space) : items(database, space) {}
     DisplayItems& current() {
         items.update();
         return items;
@@ -17,7 +17,8 @@ struct DisplayList::Impl {
     DisplayItems items;
 };
 
-DisplayList::DisplayList(AcDbDatabase& database) : m_impl(std::make_unique<Impl>(database)) {}
+DisplayList::DisplayList(AcDbDatabase& database, AcDbObjectId space)
+    : m_impl(std::make_unique<Impl>(database, space)) {}
 DisplayList::~DisplayList() = default;
 
 void DisplayList::query(const Box2d& area, const std::function<void(const Item&)>& visit) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The entities of a drawing's current space as displayed, under a spatial index.
+// The entities of a drawing's space as displayed, under a spatial index.
 //
 // Design. One item an entity: its box, its layer, its place in drawing order. Boxes are kept for
 // all items in a grid of boxes (cost of a query: what it finds); pictures are recorded when
@@ -28,8 +28,8 @@ public:
         AcDbObjectId layer;
     };
 
-    /// Follows `database`, which must outlive the list.
-    explicit DisplayList(AcDbDatabase& database);
+    /// Follows a space of `database`, which must outlive the list; with none the current one.
+    explicit DisplayList(AcDbDatabase& database, AcDbObjectId space = {});
     ~DisplayList();
     DisplayList(const DisplayList&) = delete;
     DisplayList& operator=(const DisplayList&) = delete;

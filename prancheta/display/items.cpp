@@ -12,6 +12,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/display/visible_part.h"
 #include "prancheta/entities/block_content.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta {
 namespace {
@@ -30,8 +31,8 @@ bool onBorder(const Box2d& box, const Box2d& whole) {
 
 }  // namespace
 
-DisplayItems::DisplayItems(AcDbDatabase& database)
-    : m_database(database), m_pictures(kPictureBytes) {
+DisplayItems::DisplayItems(AcDbDatabase& database, AcDbObjectId space)
+    : m_database(database), m_wanted(space), m_pictures(kPictureBytes) {
     m_database.addReactor(this);
 }
 DisplayItems::~DisplayItems() { m_database.removeReactor(this); }
@@ -81,7 +82,7 @@ void DisplayItems::invalidate() { m_stale = true; }
 
 void DisplayItems::update() {
     if (m_visiting > 0) return;
-    if (m_space != m_database.currentSpaceId()) m_stale = true;
+    if (m_space != wantedSpace()) m_stale = true;
     if (m_stale) {
         build();
     } else {
@@ -99,7 +100,7 @@ void DisplayItems::update() {
 }
 
 void DisplayItems::build() {
-    m_space = m_database.currentSpaceId();
+    m_space = wantedSpace();
     m_items.clear();
     m_numbers.clear();
     m_index.clear();
@@ -189,7 +190,7 @@ void DisplayItems::refresh(Number number) {
     Box2d finite;
     const AcDbObjectPointer<AcDbEntity> entity(item.id, AcDb::kForRead);
     if (entity.openStatus() == Acad::eOk && entity->ownerId() == m_space) {
-        item.visible = entity->visibility() == AcDb::kVisible;
+        item.visible = entity->visibility() == AcDb::kVisible && !isSheetsOwn(item.id);
         item.layer = layerNumber(entity->layerId());
         const BlocksDrawn drawn;
         if (recordInto(m_scratch, *entity.object())) m_mixed.insert(number);

@@ -21,7 +21,7 @@ public:
     using Number = std::uint32_t;
     static constexpr Number kNone = IdTable::kNone;
 
-    explicit DisplayItems(AcDbDatabase& database);
+    DisplayItems(AcDbDatabase& database, AcDbObjectId space);
     ~DisplayItems() override;
 
     /// Brings everything up to date; nothing while a query is going on.
@@ -86,6 +86,9 @@ private:
         bool operator==(const Layer&) const = default;
     };
 
+    AcDbObjectId wantedSpace() const {
+        return m_wanted.isNull() ? m_database.currentSpaceId() : m_wanted;
+    }
     void note(const AcDbObject* object);
     void noteRecord(const AcDbObject* object);
     void noteOrder(AcDbObjectId block);
@@ -103,6 +106,7 @@ private:
     void count();
 
     AcDbDatabase& m_database;
+    AcDbObjectId m_wanted;  ///< null: the current one
     AcDbObjectId m_space;
     std::vector<Item> m_items;
     std::vector<std::uint32_t> m_order;  ///< empty: as they stand in the space

@@ -21,7 +21,7 @@ constexpr HeaderVariable kVariables[] = {
     {"$DIMCLRD", 70, true}, {"$DIMCLRE", 70, true}, {"$DIMCLRT", 70, true}, {"$DIMPOST", 1, true},
     {"$DIMTXSTY", 7, true}, {"$DIMSTYLE", 2},       {"$LUNITS", 70},        {"$LUPREC", 70},
     {"$AUNITS", 70},        {"$AUPREC", 70},        {"$ANGBASE", 50},       {"$ANGDIR", 70},
-    {"$TEXTSIZE", 40},
+    {"$TEXTSIZE", 40},      {"$PSLTSCALE", 70},
 };
 
 constexpr std::string_view kWritersOwn[] = {"$ACADVER", kCodePage, "$HANDSEED",

@@ -10,6 +10,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/entity_picture.h"
+#include "prancheta/database/layouts.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
@@ -216,9 +217,8 @@ bool onLockedLayer(const AcDbEntity& entity) {
 }  // namespace
 
 DimensionTies::DimensionTies(AcDbDatabase& database) : m_database(database) {
-    for (const AcDbObjectId space :
-         {database.core().modelSpaceId(), database.core().paperSpaceId()}) {
-        const AcDbObjectPointer<AcDbBlockTableRecord> record(space, AcDb::kForRead);
+    for (const Tab& tab : tabsOf(database)) {
+        const AcDbObjectPointer<AcDbBlockTableRecord> record(tab.block, AcDb::kForRead);
         if (record.openStatus() != Acad::eOk) continue;
         for (const AcDbObjectId id : ObjectAccess::entities(*record.object()))
             if (id.objectClass()->isDerivedFrom(AcDbDimension::desc())) index(id);

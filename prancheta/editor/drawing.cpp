@@ -35,6 +35,7 @@ void Editor::tellClosing() {
     m_selection.setPrevious({});
     m_lastErased = {};
     m_programs.selectionSets().clear();
+    m_spaces.reset();
     m_screen.start();
     m_ucs = AcGeMatrix3d();
 }
@@ -44,7 +45,7 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     m_dimensionTies = std::make_unique<DimensionTies>(*m_database);
-    m_display = std::make_unique<DisplayList>(*m_database);
+    m_displays.clear();
     m_appearances = std::make_unique<AppearanceTable>(*m_database);
     m_hatches = std::make_unique<HatchFollower>(*m_database);
     DatabaseCore& core = m_database->core();
@@ -56,18 +57,19 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     };
     core.onEntityErased = recordErased;
     core.variables().setHooks(
-        [this](const VariableInfo& info, const VariableValue&) -> Result<void> {
-            if (info.name != L"TRUSTEDPATHS" || !m_typing.inScript()) return {};
+        [this](const VariableInfo& info, const VariableValue& value) -> Result<void> {
+            if (info.name != L"TRUSTEDPATHS" || !m_typing.inScript())
+                return m_spaces.check(info, value);
             return Error{"Um script não pode mudar a variável TRUSTEDPATHS."};
         },
-        {});
+        [this](const VariableInfo& info) { m_spaces.variableChanged(info); });
     m_typing.drawingReplaced();
     m_file.begin(std::move(fileName));
 }
 
 void Editor::followHatches(Step step) {
     if (step == Step::Other) return m_hatches->forget();
-    const std::wstring told = m_hatches->follow(*m_display);
+    const std::wstring told = m_hatches->follow(display());
     if (!told.empty()) print(told);
 }
 

@@ -136,7 +136,7 @@ Result<void> DrawingFile::saveCopy(const std::filesystem::path& path,
     m_editor.modules().broadcast(AcRx::kSaveMsg);
     dxf::SaveOptions withView = options;
     const Screen& screen = m_editor.screen();
-    const View& view = screen.view();
+    const View view = m_editor.spaces().modelView();
     if (screen.chosen() && !withView.view)
         withView.view = {view.centre.x, view.centre.y, view.height,
                          screen.width() / screen.height()};

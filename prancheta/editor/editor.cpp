@@ -42,12 +42,14 @@ Editor* Editor::current() { return g_current; }
 Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns)
     : m_ui(ui),
       m_screen(ui),
+      m_spaces(*this),
       m_typing(*this),
       m_selection(*this),
       m_file(*this),
       m_programs(*this),
       m_runner(*this) {
     registerEditorClasses();
+    m_screen.onChanged = [this] { m_spaces.viewChanged(); };
     g_current = this;
     m_commands = std::make_unique<CommandStack>(builtIns);
     m_modules = std::make_unique<ModuleTable>(*this);
@@ -69,6 +71,12 @@ Editor::~Editor() {
     acrxSysRegistry()->remove(protocol::kObjectionsKey);
     acrxSysRegistry()->remove(ACRX_REGISTERED_COMMANDS);
     if (g_current == this) g_current = nullptr;
+}
+
+DisplayList& Editor::displayOf(AcDbObjectId space) const {
+    std::unique_ptr<DisplayList>& list = m_displays[space];
+    if (!list) list = std::make_unique<DisplayList>(*m_database, space);
+    return *list;
 }
 
 // --- Output -------------------------------------------------------------------------------------
@@ -109,6 +117,7 @@ bool Editor::step() {
     if (m_quit) return false;
     if (m_runner.serveWaiting()) return !m_quit;
     m_typing.betweenCommands();
+    m_spaces.settle();
     InputRequest request;
     request.kind = InputKind::Command;
     request.prompt = L"Comando: ";

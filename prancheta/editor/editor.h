@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "dbapserv.h"
 #include "gemat3d.h"
@@ -21,6 +22,7 @@
 #include "prancheta/editor/last_erased.h"
 #include "prancheta/editor/program_interface.h"
 #include "prancheta/editor/screen.h"
+#include "prancheta/editor/spaces.h"
 #include "prancheta/editor/typing.h"
 
 namespace prancheta {
@@ -52,6 +54,8 @@ public:
     UserInterface& ui() const { return m_ui; }
     Screen& screen() { return m_screen; }
     const Screen& screen() const { return m_screen; }
+    Spaces& spaces() { return m_spaces; }
+    const Spaces& spaces() const { return m_spaces; }
     CurrentSelection& selection() { return m_selection; }
     const CurrentSelection& selection() const { return m_selection; }
     LastErased& lastErased() { return m_lastErased; }
@@ -65,8 +69,10 @@ public:
     Aliases& aliases() { return m_aliases; }
     ProgramInterface& programs() { return m_programs; }
     ModuleTable& modules() const { return *m_modules; }
-    /// What the drawing shows, and how; made anew with every drawing.
-    DisplayList& display() const { return *m_display; }
+    /// What the current space shows, and how; made anew with every drawing.
+    DisplayList& display() const { return displayOf(m_database->currentSpaceId()); }
+    /// The same of any space; made when it is first asked for.
+    DisplayList& displayOf(AcDbObjectId space) const;
     AppearanceTable& appearances() const { return *m_appearances; }
     DimensionTies& dimensionTies() const { return *m_dimensionTies; }
     /// What the built-in commands remember between runs; made by them, gone with the editor.
@@ -91,6 +97,7 @@ public:
     /// From user to world coordinates.
     const AcGeMatrix3d& ucs() const { return m_ucs; }
     void setUcs(const AcGeMatrix3d& ucs) { m_ucs = ucs; }
+    AcGeMatrix3d& ucsForChange() { return m_ucs; }
     /// System variables with the editor's own (CMDACTIVE, VIEWSIZE, ...) brought up to date.
     SystemVariables& variables() const;
     /// One of them, null for an unknown name. EXTMIN and EXTMAX are measured here and nowhere else:
@@ -121,7 +128,7 @@ private:
 
     UserInterface& m_ui;
     std::unique_ptr<AcDbDatabase> m_database;
-    std::unique_ptr<DisplayList> m_display;
+    mutable std::unordered_map<AcDbStub*, std::unique_ptr<DisplayList>> m_displays;  ///< by space
     std::unique_ptr<HatchFollower> m_hatches;
     std::unique_ptr<AppearanceTable> m_appearances;
     std::unique_ptr<DimensionTies> m_dimensionTies;
@@ -129,6 +136,7 @@ private:
     std::unique_ptr<ModuleTable> m_modules;
     Aliases m_aliases;
     Screen m_screen;
+    Spaces m_spaces;
     Typing m_typing;
     CurrentSelection m_selection;
     LastErased m_lastErased;

@@ -6,6 +6,8 @@
 
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta {
 namespace {
@@ -64,6 +66,32 @@ std::optional<PlotFormat> plotFormatOf(const std::filesystem::path& file) {
     if (ending == L".svg") return PlotFormat::Svg;
     if (ending == L".png") return PlotFormat::Png;
     return {};
+}
+
+PlotSettings sheetPlot(const Tab& tab) {
+    PlotSettings out;
+    const Box2d sheet = sheetOf(tab);
+    out.space = tab.block;
+    out.paper = {tab.name, std::min(sheet.width(), sheet.height()),
+                 std::max(sheet.width(), sheet.height())};
+    out.area = sheet;
+    out.scale = 1.0;
+    out.margin = 0.0;
+    return out;
+}
+
+std::vector<Tab> drawnSheets(const AcDbDatabase& database) {
+    std::vector<Tab> tabs = tabsOf(database);
+    tabs.erase(tabs.begin());  // the model
+    std::erase_if(tabs, [](const Tab& tab) {
+        const AcDbStub* const stub = tab.block;
+        const auto& ids =
+            ObjectAccess::entities(static_cast<const AcDbBlockTableRecord&>(*stub->object));
+        return std::none_of(ids.begin(), ids.end(), [](const AcDbObjectId& id) {
+            return !id.isErased() && !isSheetsOwn(id);
+        });
+    });
+    return tabs;
 }
 
 }  // namespace prancheta

@@ -4,11 +4,13 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "prancheta/base/result.h"
+#include "prancheta/database/layouts.h"
 #include "prancheta/display/box.h"
 
 namespace prancheta {
@@ -30,6 +32,8 @@ const std::vector<Paper>& papers();
 const Paper* findPaper(std::wstring_view name);
 
 struct PlotSettings {
+    /// Block of the model or of a sheet; null: the current space.
+    AcDbObjectId space;
     enum class Orientation { Automatic, Portrait, Landscape };  ///< Automatic: as the area lies
     Paper paper{L"A4", 210.0, 297.0};
     Orientation orientation = Orientation::Automatic;
@@ -43,13 +47,22 @@ struct PlotSettings {
     int dotsPerInch = 300;  ///< PNG
 };
 
+/// A sheet at 1:1 on its own paper, nothing left free.
+PlotSettings sheetPlot(const Tab& tab);
+/// Sheets that hold something, in tab order.
+std::vector<Tab> drawnSheets(const AcDbDatabase& database);
+
 /// Implemented by the plot library, which alone knows a graphics toolkit.
 class Plotter {
 public:
     virtual ~Plotter() = default;
-    /// Replaces the file atomically.
-    virtual Result<void> plot(Editor& editor, const PlotSettings& settings, PlotFormat format,
-                              const std::filesystem::path& file) = 0;
+    /// Replaces the file atomically. Each page has its own settings; only PDF takes several.
+    virtual Result<void> plot(Editor& editor, std::span<const PlotSettings> pages,
+                              PlotFormat format, const std::filesystem::path& file) = 0;
+    Result<void> plot(Editor& editor, const PlotSettings& page, PlotFormat format,
+                      const std::filesystem::path& file) {
+        return plot(editor, std::span(&page, 1), format, file);
+    }
 };
 
 /// Name of the function of the plot library that gives the plotter: `Plotter* ()`, C linkage.

@@ -4,6 +4,7 @@
 
 #include "dbsymtb.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta {
 
@@ -30,7 +31,7 @@ std::vector<AcDbObjectId> entitiesOfSpace(const Editor& editor) {
     if (space->newIterator(iterator) != Acad::eOk) return ids;
     for (; !iterator->done(); iterator->step()) {
         AcDbObjectId id;
-        if (iterator->getEntityId(id) == Acad::eOk) ids.push_back(id);
+        if (iterator->getEntityId(id) == Acad::eOk && !isSheetsOwn(id)) ids.push_back(id);
     }
     delete iterator;
     return ids;

@@ -15,6 +15,7 @@ void Screen::show(const View& view, Change change) {
     if (m_former.size() > kFormerViews) m_former.erase(m_former.begin());
     m_view = view;
     m_chosen = true;
+    if (onChanged) onChanged();
     m_ui.refresh();
 }
 
@@ -23,8 +24,14 @@ bool Screen::back() {
     m_view = m_former.back();
     m_former.pop_back();
     m_chosen = true;
+    if (onChanged) onChanged();
     m_ui.refresh();
     return true;
+}
+
+void Screen::begin(const View& view) {
+    m_former.clear();
+    m_view = view;
 }
 
 void Screen::start(const View& view) {

@@ -2,6 +2,7 @@
 // The drawing area: its size, the view that it shows and those that it showed before.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "gepnt3d.h"
@@ -32,6 +33,10 @@ public:
     bool back();
     /// The first view of a drawing: nothing was shown before it, nobody chose it.
     void start(const View& view = {});
+    /// The first view of another place of the drawing: nothing was shown before it there.
+    void begin(const View& view);
+    /// Called when show() or back() gave another view, before it is shown.
+    std::function<void()> onChanged;
 
     /// Size in pixels, told by the front end; at least 1.
     void resize(double width, double height);

@@ -11,6 +11,7 @@
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
 #include "prancheta/editor/snap_modes.h"
+#include "prancheta/entities/viewports.h"
 #include "prancheta/graphics/edges.h"
 #include "prancheta/graphics/hit.h"
 #include "prancheta/graphics/snaps.h"
@@ -126,8 +127,9 @@ struct Aim {
 /// Collects the points of the entities under the aperture, each recorded once.
 class SnapSearch {
 public:
-    SnapSearch(DisplayList& display, const Aim& aim, int modes)
-        : m_display(display), m_aim(aim), m_modes(modes) {
+    SnapSearch(DisplayList& display, const Aim& aim, int modes,
+               const AcDbViewport* through = nullptr)
+        : m_display(display), m_aim(aim), m_modes(modes), m_through(through) {
         const Box2d area =
             Box2d{aim.pointer.x, aim.pointer.y, aim.pointer.x, aim.pointer.y}.grown(aim.aperture);
         for (const DisplayList::Item& item : topmost(area)) add(item.id);
@@ -149,6 +151,10 @@ public:
 private:
     std::vector<DisplayList::Item> topmost(const Box2d& area) {
         std::vector<DisplayList::Item> items = m_display.find(area);
+        if (m_through != nullptr)
+            std::erase_if(items, [this](const DisplayList::Item& item) {
+                return m_through->isLayerFrozenInViewport(item.layer);
+            });
         if (items.size() > kMostEntities) items.erase(items.begin(), items.end() - kMostEntities);
         return items;
     }
@@ -207,6 +213,7 @@ private:
     DisplayList& m_display;
     const Aim& m_aim;
     int m_modes;
+    const AcDbViewport* m_through;  ///< whose layers count; null: all do
     std::vector<Candidate> m_points;
     std::vector<Candidate> m_nearest;
     std::vector<NearEdge> m_edges;
@@ -236,6 +243,41 @@ void appendHits(const std::vector<Candidate>& points, double reach, double same,
     }
 }
 
+/// Points of one space, in the order in which they are offered.
+std::vector<SnapHit> hitsOf(SnapSearch& search, const Aim& aim) {
+    std::vector<SnapHit> hits;
+    sortHits(search.points());
+    sortHits(search.nearest());
+    const double same = aim.aperture * 1e-6;
+    appendHits(search.points(), aim.aperture, same, hits);
+    if (hits.empty()) appendHits(search.ofAimedEdges(), aim.reach, same, hits);
+    if (hits.empty()) appendHits(search.points(), aim.reach, same, hits);
+    appendHits(search.nearest(), aim.aperture, same, hits);
+    return hits;
+}
+
+/// Of the model that is seen through the viewport under the pointer.
+void appendHitsThrough(const Editor& editor, const Aim& onSheet, int modes,
+                       std::vector<SnapHit>& hits) {
+    const AcDbViewport* const viewport = viewportOf(editor.spaces().viewportAt(onSheet.pointer));
+    if (viewport == nullptr) return;
+    const AcGeMatrix3d toSheet = viewport->modelToSheet();
+    const AcGeMatrix3d toModel = toSheet.inverse();
+    Aim aim = onSheet;
+    aim.pointer = toModel * onSheet.pointer;
+    aim.from = toModel * onSheet.from;
+    aim.aperture /= viewport->customScale();
+    aim.reach /= viewport->customScale();
+    // Extensions would need what lies outside the frame.
+    SnapSearch search(editor.displayOf(editor.database().core().modelSpaceId()), aim,
+                      modes & ~kExtensionSnap, viewport);
+    for (SnapHit hit : hitsOf(search, aim)) {
+        hit.point = toSheet * hit.point;
+        hit.point.z = 0.0;
+        hits.push_back(hit);
+    }
+}
+
 Box2d shownBox(const Editor& editor) {
     const AcGePoint3d& centre = editor.screen().view().centre;
     const double x = editor.screen().pixelSize() * editor.screen().width() / 2;
@@ -258,13 +300,8 @@ std::vector<SnapHit> snapHits(const Editor& editor, const AcGePoint3d& world, in
         reach == SnapReach::Aperture ? aim.aperture : std::numeric_limits<double>::infinity();
     if (reach == SnapReach::Shown) aim.shown = shownBox(editor);
     SnapSearch search(editor.display(), aim, modes);
-    sortHits(search.points());
-    sortHits(search.nearest());
-    const double same = aim.aperture * 1e-6;
-    appendHits(search.points(), aim.aperture, same, hits);
-    if (hits.empty()) appendHits(search.ofAimedEdges(), aim.reach, same, hits);
-    if (hits.empty()) appendHits(search.points(), aim.reach, same, hits);
-    appendHits(search.nearest(), aim.aperture, same, hits);
+    hits = hitsOf(search, aim);
+    if (editor.spaces().drawsOnPaper()) appendHitsThrough(editor, aim, modes, hits);
     return hits;
 }
 

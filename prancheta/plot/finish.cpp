@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "prancheta/base/text.h"
+#include "prancheta/plot/through.h"
 
 namespace prancheta {
 namespace {
@@ -89,7 +90,7 @@ std::string xmlText(std::string_view utf8) {
 
 }  // namespace
 
-void finishPdf(std::string& pdf, double width, double height) {
+void finishPdf(std::string& pdf, const std::vector<QSizeF>& pages) {
     constexpr std::string_view kDate = "\n/CreationDate (";
     const std::size_t date = pdf.find(kDate);
     if (date != kNot) {
@@ -97,15 +98,73 @@ void finishPdf(std::string& pdf, double width, double height) {
         if (end != kNot) replaceInPdf(pdf, date, end - date, "");
     }
     constexpr std::string_view kPage = "\n/MediaBox [";
-    const std::size_t page = pdf.find(kPage);
-    if (page == kNot) return;
-    const std::size_t end = pdf.find(']', page);
-    if (end == kNot) return;
-    replaceInPdf(pdf, page + kPage.size(), end - page - kPage.size(),
-                 "0 0 " + pointsText(width) + " " + pointsText(height));
+    std::size_t page = 0;
+    for (const QSizeF& size : pages) {
+        page = pdf.find(kPage, page);
+        const std::size_t end = page != kNot ? pdf.find(']', page) : kNot;
+        if (end == kNot) return;
+        page += kPage.size();
+        replaceInPdf(pdf, page, end - page,
+                     "0 0 " + pointsText(size.width()) + " " + pointsText(size.height()));
+    }
 }
 
+namespace {
+
+std::string clipRegion(const std::string& name, const QRectF& clip) {
+    std::string region = "<clipPath id=\"" + name + "\"><rect";
+    const auto attribute = [&](const char* key, double value) {
+        region += std::string(" ") + key + "=\"" + numberText(value) + "\"";
+    };
+    attribute("x", clip.x());
+    attribute("y", clip.y());
+    attribute("width", clip.width());
+    attribute("height", clip.height());
+    return region + "/></clipPath>\n";
+}
+
+/// Numbers between commas and blanks.
+std::vector<double> numbersOf(std::string_view text) {
+    std::vector<double> numbers;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of(", "), text.size());
+        double number = 0.0;
+        if (parseNumber(text.substr(0, end), number)) numbers.push_back(number);
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return numbers;
+}
+
+/// The group that holds each mark becomes the beginning or the end of a clipped one. O(bytes).
+void clipFrames(std::string& svg) {
+    const std::string mark = "points=\"" + std::to_string(kFrameMark) + ",";
+    std::string out;
+    std::size_t done = 0;
+    int count = 0;
+    for (std::size_t at = svg.find(mark); at != kNot; at = svg.find(mark, done)) {
+        const std::size_t first = at + mark.size();
+        const std::vector<double> n =
+            numbersOf(std::string_view(svg).substr(first, svg.find('"', first) - first));
+        const std::size_t group = svg.rfind("<g ", at);
+        const std::size_t end = svg.find("</g>", at);
+        if (n.size() < 3 || group == kNot || end == kNot) return;
+        out.append(svg, done, group - done);
+        if (n[0] == 0.0 && n.size() == 5) {
+            const std::string name = "janela" + std::to_string(++count);
+            out += clipRegion(name, QRectF(n[1], n[2], n[3], n[4])) + "<g clip-path=\"url(#" +
+                   name + ")\">\n";
+        } else {
+            out += "</g>\n";
+        }
+        done = end + std::string_view("</g>").size();
+    }
+    svg = out.append(svg, done);
+}
+
+}  // namespace
+
 void finishSvg(std::string& svg, const QRectF& clip, std::string_view title) {
+    clipFrames(svg);
     constexpr std::string_view kDefinitions = "</defs>";
     constexpr std::string_view kEnd = "</svg>";
     const std::size_t definitions = svg.find(kDefinitions);
@@ -115,15 +174,7 @@ void finishSvg(std::string& svg, const QRectF& clip, std::string_view title) {
     const std::size_t itsTitle = std::min(svg.find("<title>"), description);
     svg.insert(end, "</g>\n");
     svg.insert(definitions + kDefinitions.size(), "\n<g clip-path=\"url(#folha)\">");
-    std::string region = "<clipPath id=\"folha\"><rect";
-    const auto attribute = [&](const char* name, double value) {
-        region += std::string(" ") + name + "=\"" + numberText(value) + "\"";
-    };
-    attribute("x", clip.x());
-    attribute("y", clip.y());
-    attribute("width", clip.width());
-    attribute("height", clip.height());
-    svg.insert(definitions, region + "/></clipPath>\n");
+    svg.insert(definitions, clipRegion("folha", clip));
     if (description < definitions)
         svg.replace(itsTitle, description - itsTitle, "<title>" + xmlText(title) + "</title>\n");
 }

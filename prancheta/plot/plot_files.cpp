@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "prancheta/base/file.h"
 #include "prancheta/editor/editor.h"
@@ -38,35 +39,43 @@ Error paintError() {
         "não foi possível desenhar a folha; tente uma folha menor ou menos pontos por polegada"};
 }
 
-Result<std::string> makePdf(Editor& editor, const PlotSettings& settings) {
-    const SheetLayout layout = layoutSheet(editor, settings);
+/// Where the sheet lies on a page of whole points, from whose top the writer counts; finishPdf()
+/// makes the page exact.
+QRectF placeOnPage(const QPdfWriter& writer, const SheetLayout& layout) {
+    const double whole = writer.pageLayout().fullRectPoints().height();
+    return {0.0, (whole - layout.height * kPointsPerMillimetre) / 72.0 * kVectorDots,
+            layout.width * kVectorPerMillimetre, layout.height * kVectorPerMillimetre};
+}
+
+Result<std::string> makePdf(Editor& editor, std::span<const PlotSettings> pages) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    const double height = layout.height * kPointsPerMillimetre;
+    std::vector<QSizeF> sizes;
     {
         QPdfWriter writer(&buffer);
         writer.setTitle(QString::fromStdString(titleOf(editor)));
         writer.setCreator(QStringLiteral("Prancheta"));
         writer.setResolution(kVectorDots);
-        const QPageSize size(QSizeF(layout.width, layout.height), QPageSize::Millimeter, {},
-                             QPageSize::ExactMatch);
-        writer.setPageLayout(QPageLayout(size, QPageLayout::Portrait, QMarginsF()));
         QPainter painter;
-        if (!painter.begin(&writer)) return paintError();
-        // The writer counts from the top of a page of whole points; finishPdf() makes it exact.
-        const double whole = writer.pageLayout().fullRectPoints().height();
-        const QRectF sheet(0.0, (whole - height) / 72.0 * kVectorDots,
-                           layout.width * kVectorPerMillimetre,
-                           layout.height * kVectorPerMillimetre);
-        paintSheet(painter, sheet, editor, settings);
+        for (const PlotSettings& settings : pages) {
+            const SheetLayout layout = layoutSheet(editor, settings);
+            const QSizeF size(layout.width, layout.height);
+            sizes.push_back(size * kPointsPerMillimetre);
+            const QPageSize page(size, QPageSize::Millimeter, {}, QPageSize::ExactMatch);
+            writer.setPageLayout(QPageLayout(page, QPageLayout::Portrait, QMarginsF()));
+            if (!(painter.isActive() ? writer.newPage() : painter.begin(&writer)))
+                return paintError();
+            paintSheet(painter, placeOnPage(writer, layout), editor, settings);
+        }
         if (!painter.end()) return paintError();
     }
     std::string bytes = buffer.data().toStdString();
-    finishPdf(bytes, layout.width * kPointsPerMillimetre, height);
+    finishPdf(bytes, sizes);
     return bytes;
 }
 
-Result<std::string> makeSvg(Editor& editor, const PlotSettings& settings) {
+Result<std::string> makeSvg(Editor& editor, std::span<const PlotSettings> pages) {
+    const PlotSettings& settings = pages.front();
     const SheetLayout layout = layoutSheet(editor, settings);
     const QRectF sheet(0.0, 0.0, layout.width * kVectorPerMillimetre,
                        layout.height * kVectorPerMillimetre);
@@ -92,7 +101,8 @@ Result<std::string> makeSvg(Editor& editor, const PlotSettings& settings) {
     return bytes;
 }
 
-Result<std::string> makePng(Editor& editor, const PlotSettings& settings) {
+Result<std::string> makePng(Editor& editor, std::span<const PlotSettings> pages) {
+    const PlotSettings& settings = pages.front();
     const SheetLayout layout = layoutSheet(editor, settings);
     const double perMillimetre = settings.dotsPerInch / kMillimetresPerInch;
     const QSizeF sheet(layout.width * perMillimetre, layout.height * perMillimetre);
@@ -114,8 +124,8 @@ Result<std::string> makePng(Editor& editor, const PlotSettings& settings) {
 }
 
 /// Row of a format in PlotFormat's order.
-constexpr Result<std::string> (*kMakers[])(Editor&, const PlotSettings&) = {makePdf, makeSvg,
-                                                                            makePng};
+constexpr Result<std::string> (*kMakers[])(Editor&, std::span<const PlotSettings>) = {
+    makePdf, makeSvg, makePng};
 
 Result<void> check(const PlotSettings& settings) {
     const double least = std::min(settings.paper.width, settings.paper.height);
@@ -166,15 +176,18 @@ private:
 
 class FilePlotter : public Plotter {
 public:
-    Result<void> plot(Editor& editor, const PlotSettings& settings, PlotFormat format,
+    using Plotter::plot;
+    Result<void> plot(Editor& editor, std::span<const PlotSettings> pages, PlotFormat format,
                       const std::filesystem::path& file) override {
-        if (Result<void> checked = check(settings); !checked) return checked;
+        for (const PlotSettings& page : pages)
+            if (Result<void> checked = check(page); !checked) return checked;
         if (!usualPens()) return usualPens().error();
+        if (pages.empty()) return Error{"não há folha a plotar"};
         // A file that cannot be written is told before the work is done.
         AtomicFile target(file);
         if (Result<void> opened = target.open(); !opened) return opened;
         if (Result<void> started = m_toolkit.start(); !started) return started;
-        const Result<std::string> bytes = kMakers[static_cast<int>(format)](editor, settings);
+        const Result<std::string> bytes = kMakers[static_cast<int>(format)](editor, pages);
         if (!bytes) return bytes.error();
         target.write(*bytes);
         return target.commit();

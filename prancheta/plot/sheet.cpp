@@ -7,12 +7,15 @@
 #include <unordered_map>
 
 #include "dbsymtb.h"
+#include "prancheta/database/database_core.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/display/visible_part.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/entities/viewports.h"
 #include "prancheta/plot/painter.h"
 #include "prancheta/plot/pen_table.h"
+#include "prancheta/plot/through.h"
 
 namespace prancheta {
 namespace {
@@ -91,10 +94,14 @@ PicturePainter::Settings painterSettings(const SheetLayout& layout, const QRectF
     return out;
 }
 
+DisplayList& displayOf(Editor& editor, const PlotSettings& settings) {
+    return settings.space.isNull() ? editor.display() : editor.displayOf(settings.space);
+}
+
 }  // namespace
 
 SheetLayout layoutSheet(Editor& editor, const PlotSettings& settings) {
-    Box2d area = settings.area ? *settings.area : editor.display().extents();
+    Box2d area = settings.area ? *settings.area : displayOf(editor, settings).extents();
     if (area.empty()) area = Box2d{0.0, 0.0, 0.0, 0.0};
     SheetLayout layout;
     layout.width = settings.paper.width;
@@ -133,11 +140,21 @@ void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
                             .mapRect(layout.clip)
                             .translated(target.topLeft()),
                         Qt::IntersectClip);
-    AppearanceTable appearances(editor.database());
+    const AcDbObjectId space =
+        settings.space.isNull() ? editor.database().currentSpaceId() : settings.space;
+    const bool onSheet = space != editor.database().core().modelSpaceId();
+    AppearanceTable appearances(editor.database(),
+                                onSheet ? dashScaleOnSheet(editor.database()) : 1.0);
     PicturePainter pictures(painter, appearances, how);
     PlottedLayers plotted;
-    DisplayList& display = editor.display();
+    const ThroughViewport through{
+        how, layout.shown, [&](AcDbObjectId layer) { return !plotted.has(layer); }, {}};
+    DisplayList& display = editor.displayOf(space);
     for (const DisplayList::Item& item : display.find(layout.shown)) {
+        if (const AcDbViewport* const viewport = viewportOf(item.id)) {
+            pictures.flush();
+            paintThrough(painter, editor, *viewport, through);
+        }
         if (!plotted.has(item.layer)) continue;
         const Picture& picture = display.picture(item.id);
         const std::vector<bool> missing = plotted.missing(picture);

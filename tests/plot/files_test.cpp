@@ -149,6 +149,37 @@ TEST_F(Files, FitFillsOneDirectionAndCentresTheOther) {
               {-weight, 138.5 - 2.5 - weight, 190 + weight, 138.5 + 2.5 + weight}, 0.11);
 }
 
+/// 100 mm of the model in two viewports of an A2 sheet, 1:10 and 1:5, and a line far beyond them.
+TEST_F(Files, SheetsArePlottedAtTheirSizeAndViewportsAtTheirScale) {
+    type({L"_line", L"0,0", L"100,0", L"", L"_layout", L"_s", L"Layout1", L"_layout", L"_paper",
+          L"A2", L""});
+    type({L"_mview", L"20,20", L"120,120", L"_mview", L"_s", L"1:10", L"_l", L""});
+    type({L"_mview", L"150,20", L"250,120", L"_mview", L"_s", L"1:5", L"_l", L""});
+    type({L"_layout", L"_s", L"Model", L"_line", L"-9000,-300", L"9000,-300", L""});
+    PlotSettings sheet = prancheta::sheetPlot(prancheta::drawnSheets(editor->database()).at(0));
+    // 594 x 420 mm; 100 units are 10.00 mm about the middle of the one, 20.00 mm of the other.
+    EXPECT_EQ(pageOf(plot(sheet, "folha.pdf")), "0 0 1683.7795 1190.5512");
+    sheet.dotsPerInch = kDots;
+    const QImage image = picture(sheet);
+    const double x = -10.0;  // of the sheet's own coordinates in those of the helpers
+    const double y = 287.0 - 420.0;
+    const double half = 0.125;
+    expectBox(inkWithin(image, {55 + x, 65 + y, 85 + x, 75 + y}),
+              {65 - half + x, 70 - half + y, 75 + half + x, 70 + half + y}, 0.11);
+    expectBox(inkWithin(image, {180 + x, 65 + y, 220 + x, 75 + y}),
+              {190 - half + x, 70 - half + y, 210 + half + x, 70 + half + y}, 0.11);
+    // 300 below, 30 mm and 60 mm: the second one's frame ends before.
+    expectBox(inkWithin(image, {1 + x, 35 + y, 594 + x, 45 + y}),
+              {20 - half + x, 35 + y, 250 + half + x, 45 + y}, 0.11);
+    EXPECT_FALSE(inkAt(image, 135 + x, 40 + y));
+    const std::string svg = bytes(plot(sheet, "folha.svg"));
+    EXPECT_NE(svg.find("clip-path=\"url(#janela2)\""), svg.npos);
+    EXPECT_EQ(svg.find("-123456"), svg.npos);
+    QXmlStreamReader xml(QByteArray::fromStdString(svg));
+    while (!xml.atEnd()) xml.readNext();
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+}
+
 TEST_F(Files, OneDrawingGivesOneFile) {
     type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa", L"", L"_circle",
           L"9,9", L"4"});

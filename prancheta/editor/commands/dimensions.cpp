@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/dimension_layout.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta::commands {
 
@@ -54,6 +56,25 @@ std::wstring withSteps(const CommandContext& context, const std::wstring& text,
     say(context, text + L" = " + sum + L", mas a medida é " + measured +
                      L": o texto fica como foi digitado.");
     return text;
+}
+
+/// On a sheet, what lies in a viewport is told in the units of the model.
+void measureThrough(const CommandContext& context, AcDbDimension& dimension) {
+    const Spaces& spaces = context.editor().spaces();
+    if (!spaces.drawsOnPaper() || dimension.isAngular()) return;
+    const auto points = dimension.definitionPoints();
+    const AcDbViewport* const viewport = viewportOf(spaces.viewportAt(points[0]));
+    if (viewport == nullptr) return;
+    // The frame itself is the sheet's.
+    constexpr double kOnFrame = 1e-6;
+    const Box2d inside = frameOf(*viewport).grown(-kOnFrame);
+    if (!inside.contains(points[0].x, points[0].y) || !inside.contains(points[1].x, points[1].y))
+        return;
+    const double factor = viewport->viewHeight() / viewport->height();
+    constexpr const char* kLengthFactor = "144";  // DIMLFAC
+    ObjectAccess::makeExtra(dimension).xdata =
+        RawTags{{1001, "ACAD"},        {1000, "DSTYLE"},           {1002, "{"},
+                {1070, kLengthFactor}, {1040, numberText(factor)}, {1002, "}"}};
 }
 
 }  // namespace
@@ -119,8 +140,9 @@ std::unique_ptr<AcDbDimension> dressed(const CommandContext& context,
         (void)dimension->setDimensionStyle(context.database().dimstyle());  // not resident
     (void)dimension->setDimensionText(words.text.c_str());
     (void)dimension->setTextRotation(words.rotation);
-    const double scale = context.database().dimscale();
+    const double scale = annotationScale(context);
     if (dimension->dimscale() != scale) (void)dimension->setDimscale(scale);
+    measureThrough(context, *dimension);
     return dimension;
 }
 

@@ -39,7 +39,7 @@ std::unique_ptr<AcDbLeader> makeLeader(const CommandContext& context, const Draf
     for (const AcGePoint3d& p : draft.points) (void)leader->appendVertex(p);
     (void)leader->setSplined(draft.splined);
     (void)leader->setDimensionStyle(context.database().dimstyle());
-    (void)leader->setDimscale(context.database().dimscale());
+    (void)leader->setDimscale(annotationScale(context));
     return leader;
 }
 

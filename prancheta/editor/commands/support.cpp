@@ -256,6 +256,10 @@ Ids eraseAll(const CommandContext& context, const Ids& ids) {
     return erased;
 }
 
+double annotationScale(const CommandContext& context) {
+    return context.editor().spaces().drawsOnPaper() ? 1.0 : context.database().dimscale();
+}
+
 void keepLastAngle(const CommandContext& context, double direction) {
     Editor& editor = context.editor();
     const SineCosine sc = sineCosine(direction);

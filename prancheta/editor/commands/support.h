@@ -124,6 +124,9 @@ void eraseForOops(const CommandContext& context, const Ids& ids);
 /// when that fails; the entity is deleted then.
 AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity);
 
+/// Drawing units of a millimetre on paper: DIMSCALE, and 1 on a sheet.
+double annotationScale(const CommandContext& context);
+
 /// LASTANGLE: how the line or arc drawn last runs at its end; radians from the world's X axis.
 void keepLastAngle(const CommandContext& context, double direction);
 

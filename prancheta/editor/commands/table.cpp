@@ -123,6 +123,12 @@ constexpr BuiltInCommand kTable[] = {
     {L"QSAVE",       L"SALVAR",       kSession, commands::qsave},
     {L"SAVE",        L"GRAVAR",       kSession, commands::save},
     {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
+    {L"LAYOUT",      L"LAYOUT",       kModal,   commands::layout},
+    {L"MVIEW",       L"MVIEW",        kModal,   commands::mview},
+    {L"VPLAYER",     L"VPLAYER",      kModal,   commands::vplayer},
+    {L"MSPACE",      L"MSPACE",       ACRX_CMD_NO_UNDO_MARKER, commands::mspace},
+    {L"PSPACE",      L"PSPACE",       ACRX_CMD_NO_UNDO_MARKER, commands::pspace},
+
     {L"PLOT",        L"PLOTAR",       ACRX_CMD_NO_UNDO_MARKER, commands::plotInWindow},
     {L"-PLOT",       L"-PLOTAR",      ACRX_CMD_NO_UNDO_MARKER, commands::plot},
     {L"ARX",         L"ARX",          kSession, commands::arx},

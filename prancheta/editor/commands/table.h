@@ -14,6 +14,11 @@ std::span<const BuiltInCommand> builtInCommands();
 /// One function per command, in the source of its global name in lower case or of its family.
 namespace commands {
 
+CommandTask layout(CommandContext context);
+CommandTask mspace(CommandContext context);
+CommandTask mview(CommandContext context);
+CommandTask pspace(CommandContext context);
+CommandTask vplayer(CommandContext context);
 CommandTask align(CommandContext context);
 CommandTask arc(CommandContext context);
 CommandTask area(CommandContext context);

@@ -60,12 +60,23 @@ Task<AcDbObjectId> askTextStyle(CommandContext context, AcDbObjectId byDefault) 
     }
 }
 
+namespace {
+
+/// TEXTSIZE follows the drawing's scale, which a sheet does not have.
+double onPaper(const CommandContext& context) {
+    const double scale = context.database().dimscale();
+    return scale > 0.0 ? annotationScale(context) / scale : 1.0;
+}
+
+}  // namespace
+
 double offeredTextHeight(const CommandContext& context) {
-    return context.editor().variables().real(L"TEXTSIZE");
+    return context.editor().variables().real(L"TEXTSIZE") * onPaper(context);
 }
 
 void keepTextHeight(const CommandContext& context, double height) {
-    (void)context.editor().variables().set(L"TEXTSIZE", height);  // it is positive
+    // It is positive.
+    (void)context.editor().variables().set(L"TEXTSIZE", height / onPaper(context));
 }
 
 std::optional<std::vector<std::wstring>> linesInPlace(const std::wstring& answer) {

@@ -8,6 +8,8 @@
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/place_view.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta::commands {
 
@@ -66,17 +68,17 @@ AcDbExtents drawingExtents(const CommandContext& context) {
 /// Height of the view that holds all of the box.
 double heightFor(const Editor& editor, const AcDbExtents& box) {
     const AcGeVector3d size = box.maxPoint() - box.minPoint();
-    return std::max(size.y, size.x * editor.screen().height() / editor.screen().width());
+    return std::max(size.y, size.x * placeProportion(editor));
 }
 
 void showBox(const CommandContext& context, const AcDbExtents& box, double margin) {
     Editor& editor = context.editor();
     const AcGeVector3d size = box.maxPoint() - box.minPoint();
     const double height = heightFor(editor, box);
-    View view = editor.screen().view();
+    View view = placeView(editor);
     view.centre = box.minPoint() + size / 2.0;
     if (height > 0.0) view.height = height * margin;
-    editor.screen().show(view);
+    showInPlace(editor, view);
 }
 
 void showExtents(const CommandContext& context) {
@@ -102,9 +104,13 @@ bool showFactor(const CommandContext& context, std::wstring_view text) {
     double factor = 0.0;
     if (!parseNumber(number, factor) || !(factor > 0.0) || !std::isfinite(factor)) return false;
     Editor& editor = context.editor();
-    View view = editor.screen().view();
-    view.height = (toView ? view.height : heightFor(editor, limits(context))) / factor;
-    editor.screen().show(view);
+    View view = placeView(editor);
+    const AcDbViewport* const frame = viewportOf(editor.spaces().viewport());
+    if (toPaper && frame != nullptr)
+        view.height = frame->height() / factor;
+    else
+        view.height = (toView ? view.height : heightFor(editor, limits(context))) / factor;
+    showInPlace(editor, view);
     return true;
 }
 
@@ -137,7 +143,7 @@ Task<InputValue> askCenter(CommandContext context) {
     InputValue center = co_await context.ask(
         Prompt(InputKind::Point, L"\nEspecifique o ponto central: ").required());
     if (center.status != RTNORM) co_return center;
-    View view = editor.screen().view();
+    View view = placeView(editor);
     view.centre = center.point;
     const std::wstring prompt =
         L"\nDigite o fator de ampliação ou a altura <" + lengthText(view.height) + L">: ";
@@ -145,7 +151,7 @@ Task<InputValue> askCenter(CommandContext context) {
         const InputValue height = co_await context.ask(Prompt(InputKind::Text, prompt));
         if (height.status == RTCAN) co_return height;
         if (height.status == RTNONE || trim(height.text).empty()) {
-            editor.screen().show(view);
+            showInPlace(editor, view);
             co_return center;
         }
         std::wstring typed = foldCase(trim(height.text));
@@ -154,7 +160,7 @@ Task<InputValue> askCenter(CommandContext context) {
         double value = 0.0;
         if (parseNumber(typed, value) && value > 0.0 && std::isfinite(value)) {
             view.height = factor ? view.height / value : value;
-            editor.screen().show(view);
+            showInPlace(editor, view);
             co_return center;
         }
         context.editor().complain(L"Requer um número maior que zero.", Complaint::Refused);

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+// LAYOUT: the sheets of the drawing, by name.
+#include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/editor/plotter.h"
+
+namespace prancheta::commands {
+
+namespace {
+
+constexpr Word kOptions[] = {{L"Nova", L"New"},
+                             {L"Copiar", L"Copy"},
+                             {L"Renomear", L"Rename"},
+                             {L"Apagar", L"Delete"},
+                             {L"Definir", L"Set"},
+                             {L"Papel", L"Paper"},
+                             {L"?", L"?"}};
+constexpr Word kOrientations[] = {{L"Paisagem", L"Landscape"}, {L"Retrato", L"Portrait"}};
+
+/// Says why something did not come about.
+CommandEnd refused(const CommandContext& context, const Error& error) {
+    context.editor().complain(toWide(error.text), Complaint::Refused);
+    return CommandEnd::Failed;
+}
+
+/// The tab that is shown, or the first sheet while that is the model.
+Tab usualTab(const CommandContext& context) {
+    const Spaces& spaces = context.editor().spaces();
+    const Tab shown = tabOf(context.database(), spaces.tab());
+    return spaces.onSheet() ? shown : tabsOf(context.database())[1];
+}
+
+/// A null block after Esc.
+Task<Tab> askTab(CommandContext context, std::wstring question, Tab usual) {
+    for (;;) {
+        const InputValue answer = co_await context.ask(
+            Prompt(InputKind::Text, question + L" <" + usual.name + L">: ").wholeLine());
+        if (answer.status == RTCAN) co_return Tab();
+        const std::wstring name(trim(answer.text));
+        const Tab found = name.empty() ? usual : tabNamed(context.database(), name);
+        if (!found.block.isNull()) co_return found;
+        context.editor().complain(L"Não há o layout " + name + L".", Complaint::Refused);
+    }
+}
+
+/// A name that no tab has; empty after Esc. No name is offered for an empty `usual`.
+Task<std::wstring> askName(CommandContext context, std::wstring question, std::wstring usual) {
+    if (!usual.empty()) question += L" <" + usual + L">";
+    for (;;) {
+        const InputValue answer =
+            co_await context.ask(Prompt(InputKind::Text, question + L": ").wholeLine());
+        if (answer.status == RTCAN) co_return std::wstring();
+        std::wstring name(trim(answer.text));
+        if (name.empty()) name = usual;
+        const std::wstring refusal = tabNameRefusal(context.database(), name);
+        if (refusal.empty()) co_return name;
+        context.editor().complain(refusal, Complaint::Refused);
+    }
+}
+
+CommandTask addNew(CommandContext context) {
+    const std::wstring name =
+        co_await askName(context, L"\nNome do novo layout", freeTabName(context.database()));
+    if (name.empty()) co_return CommandEnd::Cancelled;
+    const Result<Tab> made = addTab(context.database(), name);
+    if (!made) co_return refused(context, made.error());
+    say(context, L"Layout " + name + L" criado.");
+    co_return CommandEnd::Done;
+}
+
+CommandTask copyOne(CommandContext context) {
+    const Tab from = co_await askTab(context, L"\nLayout a copiar", usualTab(context));
+    if (from.block.isNull()) co_return CommandEnd::Cancelled;
+    if (from.block == context.database().core().modelSpaceId())
+        co_return refused(context, Error{"O modelo não pode ser copiado."});
+    const std::wstring name =
+        co_await askName(context, L"\nNome da cópia", freeTabName(context.database()));
+    if (name.empty()) co_return CommandEnd::Cancelled;
+    const Result<Tab> made = copyTab(context.database(), from, name);
+    if (!made) co_return refused(context, made.error());
+    say(context, L"Layout " + name + L" copiado de " + from.name + L".");
+    co_return CommandEnd::Done;
+}
+
+CommandTask renameOne(CommandContext context) {
+    const Tab tab = co_await askTab(context, L"\nLayout a renomear", usualTab(context));
+    if (tab.block.isNull()) co_return CommandEnd::Cancelled;
+    if (tab.block == context.database().core().modelSpaceId())
+        co_return refused(context, Error{"O modelo não muda de nome."});
+    const std::wstring name = co_await askName(context, L"\nNovo nome do layout", {});
+    if (name.empty()) co_return CommandEnd::Cancelled;
+    const Result<void> done = renameTab(context.database(), tab, name);
+    if (!done) co_return refused(context, done.error());
+    context.editor().spaces().tabsChanged();
+    co_return CommandEnd::Done;
+}
+
+CommandTask eraseOne(CommandContext context) {
+    const Tab tab = co_await askTab(context, L"\nLayout a apagar", usualTab(context));
+    if (tab.block.isNull()) co_return CommandEnd::Cancelled;
+    const bool shown = context.editor().spaces().tab() == tab.block;
+    if (const Result<void> done = eraseTab(context.database(), tab); !done)
+        co_return refused(context, done.error());
+    context.editor().spaces().settle();
+    say(context, L"Layout " + tab.name + L" apagado." + (shown ? L" O modelo é o atual." : L""));
+    co_return CommandEnd::Done;
+}
+
+CommandTask setCurrent(CommandContext context) {
+    const Tab tab = co_await askTab(context, L"\nLayout a tornar atual", usualTab(context));
+    if (tab.block.isNull()) co_return CommandEnd::Cancelled;
+    context.editor().spaces().show(tab);
+    co_return CommandEnd::Done;
+}
+
+Task<const Paper*> askPaper(CommandContext context) {
+    std::wstring names;
+    for (const Paper& each : papers()) names += (names.empty() ? L"" : L"/") + each.name;
+    for (;;) {
+        const InputValue answer = co_await context.ask(
+            Prompt(InputKind::Text, L"\nFolha [" + names + L"] <A4>: ").wholeLine());
+        if (answer.status == RTCAN) co_return nullptr;
+        const Paper* const found = findPaper(answer.status == RTNONE ? L"A4" : answer.text);
+        if (found != nullptr) co_return found;
+        context.editor().complain(L"Não há folha com esse nome.", Complaint::Refused);
+    }
+}
+
+/// Of the sheet that is shown.
+CommandTask setPaper(CommandContext context) {
+    if (!context.editor().spaces().onSheet())
+        co_return refused(context, Error{"O modelo não tem papel; escolha um layout com Definir."});
+    const Paper* const paper = co_await askPaper(context);
+    if (paper == nullptr) co_return CommandEnd::Cancelled;
+    const InputValue lies = co_await context.ask(
+        Prompt(InputKind::Keyword, L"\nOrientação [Paisagem/Retrato] <Paisagem>: ")
+            .words(kOrientations));
+    if (lies.status == RTCAN) co_return CommandEnd::Cancelled;
+    const bool upright = isWord(lies, L"Portrait");
+    const Result<void> done =
+        setSheet(context.database(), context.editor().spaces().tab(),
+                 upright ? paper->width : paper->height, upright ? paper->height : paper->width);
+    if (!done) co_return refused(context, done.error());
+    context.editor().ui().refresh();
+    co_return CommandEnd::Done;
+}
+
+CommandTask listAll(CommandContext context) {
+    for (const Tab& tab : tabsOf(context.database())) {
+        const bool model = tab.block == context.database().core().modelSpaceId();
+        const Box2d sheet = sheetOf(tab);
+        const bool shown = tab.block == context.editor().spaces().tab();
+        say(context, tab.name +
+                         (model ? L""
+                                : L"  " + toldLength(sheet.width()) + L" x " +
+                                      toldLength(sheet.height()) + L" mm") +
+                         (shown ? L"  (atual)" : L""));
+    }
+    co_return CommandEnd::Done;
+}
+
+struct Option {
+    const wchar_t* global;
+    CommandTask (*run)(CommandContext);
+};
+constexpr Option kRuns[] = {{L"New", addNew},      {L"Copy", copyOne},   {L"Rename", renameOne},
+                            {L"Delete", eraseOne}, {L"Set", setCurrent}, {L"Paper", setPaper},
+                            {L"?", listAll}};
+
+}  // namespace
+
+CommandTask layout(CommandContext context) {
+    const InputValue answer = co_await context.ask(
+        Prompt(InputKind::Keyword,
+               L"\nOpção de layout [Nova/Copiar/Renomear/Apagar/Definir/Papel/?] <Definir>: ")
+            .words(kOptions));
+    if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
+    CommandTask (*run)(CommandContext) = setCurrent;
+    for (const Option& option : kRuns)
+        if (isWord(answer, option.global)) run = option.run;
+    const CommandEnd end = co_await run(context);
+    co_return end;
+}
+
+}  // namespace prancheta::commands
