@@ -168,6 +168,12 @@ TEST_F(Opening, AuditTellsWhatAFileOfTheDrawingWouldHaveWrong) {
     EXPECT_TRUE(said(L" 0 erros, 0 avisos."));
     type({L"_u", L"auditar", L""});
     EXPECT_TRUE(said(L" 1 erro, 0 avisos.")) << "one step of undo";
+    // What is recovered is put right at once.
+    ui.output.clear();
+    type({L"_recover", (folder / "solto.dxf").wstring().c_str(), L"_audit", L""});
+    EXPECT_TRUE(said(L"a referência a \"ABC\", que não existe, foi anulada"));
+    EXPECT_TRUE(said(L"1 perda ou reparo no arquivo."));
+    EXPECT_TRUE(said(L" 0 erros, 0 avisos."));
 }
 
 }  // namespace

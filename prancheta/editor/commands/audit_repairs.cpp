@@ -57,10 +57,25 @@ std::vector<std::wstring> repair(RawTags& tags, const Handles& known) {
     return done;
 }
 
+/// A name that means nothing.
+void dropNullEntries(RawTags& dictionary) {
+    RawTags left;
+    for (RawTag& tag : dictionary) {
+        const bool entry = (tag.code == 350 || tag.code == 360) && tag.value == "0";
+        if (entry && !left.empty() && left.back().code == 3)
+            left.pop_back();
+        else
+            left.push_back(std::move(tag));
+    }
+    dictionary = std::move(left);
+}
+
 std::wstring nameOf(const AcDbObject& object) {
     const auto* const foreign = ForeignEntity::cast(&object);
-    const std::wstring type =
-        foreign != nullptr ? toWide(foreign->typeName()) : std::wstring(object.isA()->name());
+    const ACHAR* const known = object.isA()->dxfName();
+    const std::wstring type = foreign != nullptr ? toWide(foreign->typeName())
+                              : known != nullptr ? std::wstring(known)
+                                                 : std::wstring(object.isA()->name());
     return type + L" " + toWide(dxf::handleText(object.objectId().handle().value()));
 }
 
@@ -118,6 +133,21 @@ std::size_t repairKept(const CommandContext& context) {
         repair.apply(*object.object());
         for (const std::wstring& each : repair.done()) say(context, name + L": " + each);
         count += repair.done().size();
+    }
+    return count;
+}
+
+std::size_t repairForeign(const CommandContext& context) {
+    DatabaseCore& core = context.database().core();
+    const Handles known = handlesOf(core);
+    std::size_t count = 0;
+    for (RawTags& tags : core.foreign().objects) {
+        const std::vector<std::wstring> done = repair(tags, known);
+        const std::wstring name =
+            toWide(tags.front().value + " " + dxf::handleText(dxf::ownHandle(tags)));
+        for (const std::wstring& each : done) say(context, name + L": " + each);
+        count += done.size();
+        if (!done.empty() && tags.front().value == "DICTIONARY") dropNullEntries(tags);
     }
     return count;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // NEW, OPEN, RECOVER, QUIT: what leaves the present drawing.
 #include "prancheta/base/text.h"
+#include "prancheta/editor/commands/audit_repairs.h"
 #include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -82,10 +83,11 @@ CommandTask recover(CommandContext context) {
     const Result<void> opened = context.editor().file().openDamaged(target.path, losses);
     if (opened) {
         printFindings(context.editor(), losses);
-        say(context, losses.findings.empty()
-                         ? L"O arquivo está inteiro: nada foi perdido."
-                         : counted(losses.findings.size(), L"perda ou reparo no arquivo.",
-                                   L"perdas ou reparos no arquivo."));
+        const std::size_t count =
+            losses.findings.size() + repairKept(context) + repairForeign(context);
+        say(context, count == 0 ? L"O arquivo está inteiro: nada foi perdido."
+                                : counted(count, L"perda ou reparo no arquivo.",
+                                          L"perdas ou reparos no arquivo."));
     }
     co_return report(context, opened, {});
 }
