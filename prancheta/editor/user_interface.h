@@ -149,7 +149,7 @@ struct FileQuestion {
 enum class ChangedFile { Replace, SaveElsewhere, Keep };
 
 /// What a front end with windows may have instead of a command's questions.
-enum class Tool { Properties, Layers, Plot };
+enum class Tool { Properties, Layers, Plot, TextStyles, DimensionStyles };
 
 class UserInterface {
 public:

@@ -3,12 +3,14 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QDoubleSpinBox>
 #include <QDropEvent>
 #include <QLockFile>
 #include <QMenu>
 #include <QMimeData>
 #include <QSettings>
 #include <QTableView>
+#include <QToolButton>
 
 #include <fstream>
 
@@ -16,6 +18,7 @@
 #include "prancheta/desktop/dialogs/settings.h"
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
+#include "prancheta/desktop/shell/style_dialog.h"
 #include "rxregsvc.h"
 #include "tests/desktop/shell_story.h"
 
@@ -24,6 +27,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using prancheta::InputKind;
+using prancheta::desktop::StyleDialog;
 
 void drop(prancheta::desktop::MainWindow& window, const fs::path& file) {
     QMimeData data;
@@ -263,6 +267,57 @@ TEST_F(Window, DialogsTakeTheGroundOfTheDrawingArea) {
         EXPECT_TRUE(story.run());
     }
     QSettings().clear();
+}
+
+TEST_F(Window, TheScaleIsSetInTheStatusBarAndStylesInTheirDialogs) {
+    Story story(withModules(folder()));
+    const auto scale = [&] { return story.editor().variables().real(L"DIMSCALE"); };
+    auto* const button = story.window().findChild<QToolButton*>("escala");
+    ASSERT_NE(button, nullptr);
+    story.then([&] {
+        EXPECT_EQ(button->text(), "1:20");  // of the template
+        emit button->menu()->aboutToShow();
+        for (QAction* const action : button->menu()->actions())
+            if (action->text() == "1:50") action->trigger();
+    });
+    story.when([&] { return story.idle() && scale() == 50; },
+               [&] { EXPECT_EQ(button->text(), "1:50"); });
+    const auto dialog = [](const char* name) {
+        QWidget* const modal = QApplication::activeModalWidget();
+        const bool its = modal != nullptr && modal->objectName() == name;
+        return its ? qobject_cast<StyleDialog*>(modal) : nullptr;
+    };
+    story.type("estilocota\n");
+    story.when([&] { return dialog("estilocota") != nullptr; },
+               [&] {
+                   StyleDialog& styles = *dialog("estilocota");
+                   EXPECT_FALSE(styles.addStyle(L"standard"));
+                   EXPECT_TRUE(styles.addStyle(L"Fina"));
+                   QWidget* const sample = styles.findChild<QWidget*>("amostra");
+                   const QImage before = sample->grab().toImage();
+                   styles.findChild<QDoubleSpinBox*>("dimtxt")->setValue(5);
+                   EXPECT_NE(sample->grab().toImage(), before);
+                   styles.accept();
+               });
+    story.when([&] { return story.idle(); },
+               [&] {
+                   EXPECT_EQ(story.editor().variables().text(L"DIMSTYLE"), L"Fina");
+                   EXPECT_EQ(story.editor().variables().real(L"DIMTXT"), 5);
+                   EXPECT_EQ(scale(), 50);
+               });
+    story.type("u\nestilo\n");
+    story.when([&] { return dialog("estilo") != nullptr; },
+               [&] {
+                   EXPECT_EQ(story.editor().variables().text(L"DIMSTYLE"), L"Standard");
+                   EXPECT_EQ(story.editor().variables().real(L"DIMTXT"), 2.5);
+                   dialog("estilo")->findChild<QDoubleSpinBox*>("inclinacao")->setValue(15);
+                   dialog("estilo")->accept();
+               });
+    story.when([&] { return story.idle(); }, [] {});
+    ASSERT_TRUE(story.run());
+    const AcDbObjectPointer<AcDbTextStyleTableRecord> style(story.editor().database().textstyle(),
+                                                            AcDb::kForRead);
+    EXPECT_NEAR(style->obliquingAngle(), 0.2618, 1e-4);
 }
 
 TEST_F(Window, WarnsOfADrawingThatIsOpenElsewhere) {

@@ -15,6 +15,7 @@
 #include "prancheta/desktop/shell/main_window.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
 #include "prancheta/desktop/shell/status_bar.h"
+#include "prancheta/desktop/shell/style_dialog.h"
 #include "prancheta/editor/command_stack.h"
 #include "prancheta/editor/picking.h"
 #include "protocol/attach.h"
@@ -107,6 +108,10 @@ void MainWindow::showPanel(const QString& name) {
 void MainWindow::showTool(Tool tool) {
     if (tool == Tool::Properties) showPanel("propriedades");
     if (tool == Tool::Layers) showPanel("camadas");
+    if (tool == Tool::TextStyles)
+        StyleDialog(m_editor->database(), StyleDialog::Kind::Text, this).exec();
+    if (tool == Tool::DimensionStyles)
+        StyleDialog(m_editor->database(), StyleDialog::Kind::Dimension, this).exec();
     if (tool == Tool::Plot) {
         PlotDialog dialog(*m_editor, this);
         while (dialog.exec() == PlotDialog::kPickWindow) {

@@ -7,6 +7,7 @@
 #include "prancheta/database/dim_variables.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/editor/commands/dimensions.h"
+#include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/dimension_layout.h"
@@ -200,6 +201,13 @@ CommandTask dimstyle(CommandContext context) {
     if (id.isNull()) co_return CommandEnd::Cancelled;
     listVariables(context, id);
     co_return CommandEnd::Done;
+}
+
+CommandTask dimstyleInWindow(CommandContext context) {
+    if (usesWindows(context) && context.editor().ui().showTool(Tool::DimensionStyles))
+        co_return CommandEnd::Done;
+    const CommandEnd end = co_await dimstyle(context);
+    co_return end;
 }
 
 }  // namespace prancheta::commands

@@ -6,6 +6,7 @@
 #include "prancheta/base/symbol_name.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/names.h"
+#include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/commands/texts.h"
 #include "prancheta/editor/editor.h"
@@ -152,6 +153,13 @@ CommandTask style(CommandContext context) {
                      (isNew ? L"\" foi criado e é o estilo atual."
                             : L"\" foi alterado e é o estilo atual."));
     co_return CommandEnd::Done;
+}
+
+CommandTask styleInWindow(CommandContext context) {
+    if (usesWindows(context) && context.editor().ui().showTool(Tool::TextStyles))
+        co_return CommandEnd::Done;
+    const CommandEnd end = co_await style(context);
+    co_return end;
 }
 
 }  // namespace prancheta::commands
