@@ -6,6 +6,7 @@
 #include "perfis/output/open_peca.h"
 #include "perfis/output/shared_cota.h"
 #include "zp/objects/edit.h"
+#include "zp/objects/member.h"
 #include "zp/objects/published.h"
 
 namespace perfis {
@@ -44,15 +45,24 @@ zp::edit::DrawnVista PerfilRun::drawVista(const PecaValues& peca, ZpObject::ZpVi
 zp::edit::DrawnVista drawVistaOf(AcDbObjectId id, ZpObject::ZpVistas vista,
                                  const AcGePoint3d& start, bool cotas) {
     PecaValues values;
+    std::wstring steel;
     {
         const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
         if (peca.openStatus() != Acad::eOk) return {};
         values = valuesOf(*peca.object());
+        steel = zp::member::of(*peca.object()).grade;
     }
     const PerfilCommand* const command = commandOf(values);
     if (command == nullptr) return {};
     try {
-        return newRun(*command)->drawVista(values, vista, start, cotas);
+        const zp::edit::DrawnVista drawn = newRun(*command)->drawVista(values, vista, start, cotas);
+        const AcDbObjectPointer<ZpObject> view(drawn.peca, AcDb::kForWrite);
+        if (view.object() != nullptr && !steel.empty()) {
+            zp::Member member = zp::member::of(*view.object());
+            member.grade = steel;
+            zp::member::set(*view.object(), member);
+        }
+        return drawn;
     } catch (const std::exception&) {
         reportNoMemory();
         return {};
