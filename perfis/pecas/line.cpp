@@ -12,9 +12,15 @@
 namespace perfis {
 namespace {
 
-constexpr const wchar_t* kKeys[] = {L"l",    L"n",      L"marca", L"vista",        L"a",
-                                    L"av",   L"chapas", L"ins",   L"tipo",         L"cmd",
-                                    L"giro", L"aco",    L"plano", L"corte_inicio", L"corte_fim"};
+constexpr const wchar_t* kKeys[] = {L"l",         L"n",
+                                    L"marca",     L"vista",
+                                    L"a",         L"av",
+                                    L"chapas",    L"ins",
+                                    L"tipo",      L"cmd",
+                                    L"giro",      L"aco",
+                                    L"plano",     L"corte_inicio",
+                                    L"corte_fim", L"fundo_inicio",
+                                    L"fundo_fim"};
 constexpr const wchar_t* kFlags[] = {L"cotas", L"lista"};
 
 bool isBlank(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\u00A0'; }

@@ -268,22 +268,27 @@ std::wstring ownFault(PerfilRun& run, PecaOrder& order) {
 /// the longest fibre, as the list has it: the axis is as much shorter or longer as the ends make
 /// it.
 std::wstring readCortes(const PecaLine& line, PerfilRun& run, PecaOrder& order) {
-    constexpr const wchar_t* kKeys[] = {L"corte_inicio", L"corte_fim"};
+    constexpr std::size_t kAcross = 2;  // behind the angles in the view those across it
+    constexpr const wchar_t* kKeys[] = {L"corte_inicio", L"corte_fim", L"fundo_inicio",
+                                        L"fundo_fim"};
     const auto said = [&](const wchar_t* key) { return line.find(key) != nullptr; };
     if (std::ranges::none_of(kKeys, said)) return {};
     if (order.state.vistas.secaoOnly) return L"corte_inicio= e corte_fim= precisam de L=.";
     const RuledPeca model = run.accepted();
     zp::Peca& p = zp::Access::of(*model.peca);
-    for (std::size_t end = 0; end < std::size(kKeys); ++end) {
+    for (std::size_t i = 0; i < std::size(kKeys); ++i) {
         double degrees = 0.0;
-        if (std::wstring fault = readNumber(line, kKeys[end], degrees); !fault.empty())
-            return fault;
+        if (std::wstring fault = readNumber(line, kKeys[i], degrees); !fault.empty()) return fault;
         const double angle = std::numbers::pi * (degrees / 180.0);
         if (!(std::abs(angle) <= zp::cortes::kSteepest))
-            return shownKey(kKeys[end]) + *line.find(kKeys[end]) +
+            return shownKey(kKeys[i]) + *line.find(kKeys[i]) +
                    L": o corte vai de -85 a 85 graus, contados do esquadro.";
-        order.state.cortes[end] = p.cortes[end] = zp::cortes::withAngle(p, end, angle);
+        const std::size_t end = i % kAcross;
+        p.cortes[end] = i < kAcross ? zp::cortes::withAngle(p, end, angle)
+                                    : zp::cortes::withSlope(
+                                          p, {zp::cortes::slopeOf(p, end).w, std::tan(angle)});
     }
+    order.state.cortes = p.cortes;
     double& comprimento = order.state.vistas.comprimento;
     comprimento -= zp::cortes::longest(p) - p.comprimento;
     if (!(comprimento > 0.0)) return L"L=" + *line.find(L"l") + L" é pouco para estes cortes.";

@@ -18,9 +18,13 @@ constexpr const wchar_t* kUsualColumns[] = {L"peca",  L"L", L"n", L"marca",
 constexpr std::wstring_view kOwnColumns[] = {L"peca",   L"texto", L"x",    L"y",
                                              L"angulo", L"cotas", L"lista"};
 /// Cells that are numbers whatever the file writes them with.
-constexpr std::wstring_view kNumberColumns[] = {L"l",         L"n",      L"vista", L"x",
-                                                L"y",         L"angulo", L"giro",  L"corte_inicio",
-                                                L"corte_fim", L"a",      L"av"};
+constexpr std::wstring_view kNumberColumns[] = {L"l",         L"n",
+                                                L"vista",     L"x",
+                                                L"y",         L"angulo",
+                                                L"giro",      L"corte_inicio",
+                                                L"corte_fim", L"fundo_inicio",
+                                                L"fundo_fim", L"a",
+                                                L"av"};
 
 template <class List>
 bool holds(const List& list, std::wstring_view text) {

@@ -119,10 +119,13 @@ private:
     void writeCortes(const ZpObject& peca) {
         const zp::Peca& p = zp::Access::of(peca);
         if (!zp::cortes::oblique(p)) return;
-        constexpr const wchar_t* kKeys[] = {L"corte_inicio", L"corte_fim"};
-        for (std::size_t end = 0; end < std::size(kKeys); ++end)
-            if (const double degrees = zp::cortes::degreesOf(p, end); degrees != 0.0)
-                add(m_tail, kKeys[end], number(degrees));
+        const std::pair<const wchar_t*, double> words[] = {
+            {L"corte_inicio", zp::cortes::degreesOf(p, zp::cortes::kStart)},
+            {L"corte_fim", zp::cortes::degreesOf(p, zp::cortes::kEnd)},
+            {L"fundo_inicio", zp::cortes::depthDegreesOf(p, zp::cortes::kStart)},
+            {L"fundo_fim", zp::cortes::depthDegreesOf(p, zp::cortes::kEnd)}};
+        for (const auto& [key, degrees] : words)
+            if (degrees != 0.0) add(m_tail, key, number(degrees));
     }
 
     void writeChapas() {

@@ -193,6 +193,11 @@ static Json memberOf(const Json& peca) {
          {"classe", "camada", "tipo_barra", "comprimento", "designacao", "secao", "peso", "area",
           "perimetro", "marca", "conta", "corte_inicio", "corte_fim"})
         member[field] = peca[field];
+    // Cuts across the view show only in how long the picture is.
+    const auto between = [&](int axis) {
+        return peca["faces"][2][axis].get<double>() - peca["faces"][0][axis].get<double>();
+    };
+    member["figura"] = std::hypot(between(0), between(1));
     return member;
 }
 
@@ -226,8 +231,9 @@ TEST_F(Returns, ATextGivesThePieceThatItWasPrintedOf) {
     // Dimensions, a role, steel, a value of its own, and further views that do not count.
     compare(toldBy("peca 2L + 50x50x6 a=10 av=8 chapas=60,50,4 plano=1 L=3000 n=3 marca=V7 cotas\n"
                    "0,0\n0\nVISTAS\n0,0\nTodas\n\n\n"
-                   "peca U 203x77x3,1 ri=6 L=2000,25 corte_fim=-45 corte_inicio=30 tipo=ter\u00e7a "
-                   "aco=\"A 36\"\n0,9000\n0\n"),
+                   "peca U 203x77x3,1 ri=6 L=2000,25 corte_fim=-45 corte_inicio=30 marca=V9 "
+                   "tipo=ter\u00e7a "
+                   "aco=\"A 36\"\n0,9000\n0\nVISTAS\n500,9000\nsUperior\n\n\n"),
             "palavras");
 }
 

@@ -85,13 +85,21 @@ double angleOf(const Peca& p, std::size_t end) {
 
 double degreesOf(const Peca& p, std::size_t end) { return angleOf(p, end) / kDegree; }
 
-Corte withAngle(const Peca& p, std::size_t end, double angle) {
-    const double w = std::abs(angle) < kLeastAngle ? 0.0 : std::tan(p.mirrored ? -angle : angle);
-    const double depth = slopeOf(p, end).p;
+double depthDegreesOf(const Peca& p, std::size_t end) {
+    return std::atan(slopeOf(p, end).p) / kDegree;
+}
+
+Corte withSlope(const Peca& p, const Slope& slope) {
     const secao::VistaPoint x = secao::see(p.vista, {1.0, 0.0});
     const secao::VistaPoint y = secao::see(p.vista, {0.0, 1.0});
-    const secao::Point body = turned(w * x.w + depth * x.p, w * y.w + depth * y.p, -giroOf(p));
+    const secao::Point body =
+        turned(slope.w * x.w + slope.p * x.p, slope.w * y.w + slope.p * y.p, -giroOf(p));
     return {body.x, body.y};
+}
+
+Corte withAngle(const Peca& p, std::size_t end, double angle) {
+    const double w = std::abs(angle) < kLeastAngle ? 0.0 : std::tan(p.mirrored ? -angle : angle);
+    return withSlope(p, {w, slopeOf(p, end).p});
 }
 
 bool oblique(const Peca& p) { return !p.chapa() && p.cortes != std::array<Corte, 2>(); }

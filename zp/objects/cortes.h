@@ -26,6 +26,11 @@ inline constexpr double kSteepest = 85.0 * 3.14159265358979323846 / 180.0;
 double angleOf(const Peca& peca, std::size_t end);
 /// The same in degrees, as users see it.
 double degreesOf(const Peca& peca, std::size_t end);
+/// Angle of an end from square across the view, degrees; positive where the side towards who looks
+/// is the longer one.
+double depthDegreesOf(const Peca& peca, std::size_t end);
+/// The cut of an end that reaches out like this; the piece is no section and no plate.
+Corte withSlope(const Peca& peca, const Slope& slope);
 /// The cut of an end that has this angle; across the view it is what it is. Square under 0.01
 /// degrees. The piece is no section and no plate.
 Corte withAngle(const Peca& peca, std::size_t end, double angle);
