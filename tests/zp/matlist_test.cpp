@@ -124,6 +124,7 @@ TEST_F(MaterialListTest, AnErasedPecaIsShownAndComesBack) {
     };
     eraseLinked({peca});
     EXPECT_EQ(zp::matlist::observacaoOf(rows()[0]), L"peça apagada");
+    EXPECT_TRUE(rows()[0].ids.empty());
     EXPECT_EQ(rows()[0].observacao, L"");
     EXPECT_EQ(totalMass(), 0.0);
     for (const wchar_t* around : {L"_u", L"_oops"}) {
@@ -479,7 +480,7 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
     EXPECT_EQ(visit.keys,
               L"lista_material { marca quantidade descricao dimensoes material comprimento "
               L"peso_unitario peso_total "
-              L"area_pintura observacao designacao origem_peso lista grupo apagada # ids # pecas "
+              L"area_pintura observacao designacao origem_peso peso_liquido lista grupo apagada # ids # pecas "
               L"vistas tira } ");
     // In full and in the list's order, or as it is printed.
     Linha row = rows()[0];

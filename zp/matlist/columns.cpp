@@ -30,6 +30,7 @@ const std::array<Column, kColumns> kColumnTable{{
     {{L"designacao", L"Designação", L"Designação", L"", -1, 30, false, false}, &designationOf},
     {{L"origem_peso", L"Origem do peso", L"Origem do peso", L"", -1, 26, false, false},
      &massOriginOf},
+    {{L"peso_liquido", L"Peso líquido", L"Peso líquido", L"kg", 2, 17, true, false}, &netMassOf},
 }};
 
 std::wstring designationOf(const Linha& row) {
@@ -37,6 +38,8 @@ std::wstring designationOf(const Linha& row) {
 }
 
 std::wstring massOriginOf(const Linha& row) { return row.origemPeso; }
+
+double netMassOf(const Linha& row) { return row.pesoLiquido; }
 
 Cell cellOf(const Linha& row, const Column& column) {
     if (column.field == Field(&Linha::observacao)) return observacaoOf(row);

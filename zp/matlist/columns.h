@@ -14,7 +14,7 @@ namespace zp::matlist {
 
 /// A member is kept in the row's record; what a function tells follows from the others.
 using Field = std::variant<std::wstring Linha::*, int Linha::*, double Linha::*,
-                           std::wstring (*)(const Linha&)>;
+                           std::wstring (*)(const Linha&), double (*)(const Linha&)>;
 
 enum class Decimals {
     Fixed,
@@ -27,13 +27,15 @@ struct Column {
     Decimals decimals = Decimals::Fixed;
 };
 
-inline constexpr std::size_t kColumns = 12;
+inline constexpr std::size_t kColumns = 13;
 extern const std::array<Column, kColumns> kColumnTable;
 
 /// Name of what the row's members are, as the trade has it; text and sizes where it has none.
 std::wstring designationOf(const Linha& row);
 /// "tabela (geometria -0,8 %)".
 std::wstring massOriginOf(const Linha& row);
+/// Of all pieces of the row, after the cuts of their ends, kg.
+double netMassOf(const Linha& row);
 
 /// A value as a reader gets it: text or number.
 using Cell = std::variant<std::wstring, double>;

@@ -7,6 +7,7 @@
 #include "zp/matlist/book.h"
 #include "zp/matlist/lists.h"
 #include "zp/matlist/zpmarca.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/published.h"
 #include "zp/objects/steel.h"
 
@@ -18,22 +19,23 @@ std::wstring millimetres(double value) { return std::to_wstring(texts::realToInt
 
 /// What the list says of a piece.
 void describe(const ZpObject& peca, Linha& row) {
+    const Peca& p = Access::of(peca);
     if (peca.isKindOf(ZpChapa::desc())) {
         row.dimensoes = millimetres(peca.getLargura()) + L"x" + millimetres(peca.getEspessura());
-        row.nome = Access::of(peca).designacao();
+        row.nome = p.designacao();
     } else {
         wchar_t text[kZpTextMax] = {};
         (void)peca.getPerfil(text);  // the buffer is there
         row.descricao = text;
         (void)peca.getDimensoes(text);
         row.dimensoes = text;
-        const Peca& p = Access::of(peca);
         row.nome = p.name();
         row.origemPeso = published::massWords(p);
     }
     row.comprimento = peca.getComprimentoReal();
     row.pesoUnitario = peca.getPeso();
     row.pesoTotal = row.pesoUnitario * row.quantidade;
+    row.pesoLiquido = (p.chapa() ? row.pesoUnitario : cortes::netMass(p)) * row.quantidade;
     row.areaPintura = peca.getAreaPintura() * row.quantidade;
     if (std::wstring steel = steelOf(peca); !steel.empty()) row.material = std::move(steel);
 }
@@ -68,6 +70,7 @@ std::optional<Linha> rowAt(AcDbObjectId record) {
         describe(*peca.object(), *row);
     else if (now->pecas.empty())
         row->pesoTotal = row->areaPintura = 0.0;
+    std::erase_if(row->ids, [](const AcDbSoftPointerId& id) { return id.isErased(); });
     return row;
 }
 

@@ -46,9 +46,10 @@ public:
     double pesoTotal;
     double areaPintura;
     std::wstring observacao;
-    std::wstring nome;        ///< of the single shape in the trade; empty: none, or nothing drawn
-    std::wstring origemPeso;  ///< where the unit mass comes from; empty: a plate, or nothing drawn
-    AcDbObjectId record;      ///< in the drawing; null before it is added
+    std::wstring nome;         ///< of the single shape in the trade; empty: none, or nothing drawn
+    std::wstring origemPeso;   ///< where the unit mass comes from; empty: a plate, or nothing drawn
+    double pesoLiquido = 0.0;  ///< of all pieces, after the cuts of their ends; 0: nothing drawn
+    AcDbObjectId record;       ///< in the drawing; null before it is added
     std::vector<AcDbSoftPointerId> ids;
     std::vector<AcDbObjectId> pecas;   ///< drawn pieces that count
     std::vector<AcDbObjectId> vistas;  ///< further views, which do not
