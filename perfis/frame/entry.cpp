@@ -31,6 +31,7 @@ constexpr OtherCommand kOtherCommands[] = {
     {perfis::kCatalogueCommand, perfis::catalogueCommand},
     {perfis::kSizeCommand, perfis::drawBySize},
     {perfis::kCutCommand, perfis::cutPeca, ACRX_CMD_USEPICKSET},
+    {perfis::kCutCommandDash, perfis::cutPeca, ACRX_CMD_USEPICKSET},
     {perfis::kPecaCommand, perfis::pecaCommand},
     {perfis::kPecaTextCommand, perfis::pecaTextCommand, ACRX_CMD_USEPICKSET},
     {perfis::kPecasCommand, perfis::pecasCommand},
