@@ -42,8 +42,9 @@ double distanceTo(const Drawn& peca, const AcGePoint3d& point) {
 /// One row of which a command moved ends: each further view with the piece that it shows.
 class ViewsAlong {
 public:
-    ViewsAlong(AcDbObjectId row, const std::vector<edit::Change>& changes)
-        : m_row(row), m_changes(changes) {}
+    ViewsAlong(AcDbObjectId row, const std::vector<edit::Change>& changes) : m_row(row) {
+        for (const edit::Change& change : changes) m_changes.emplace(change.peca, &change);
+    }
     void run() {
         std::vector<Drawn> views;
         for (const AcDbObjectId& id : Book::of(*m_row.database()).row(m_row)->pecas) {
@@ -69,8 +70,8 @@ private:
         return nearest != m_counted.end() ? nearest->id : AcDbObjectId();
     }
     const edit::Change* changeOf(AcDbObjectId id) const {
-        const auto found = std::ranges::find(m_changes, id, &edit::Change::peca);
-        return found != m_changes.end() ? &*found : nullptr;
+        const auto found = m_changes.find(id);
+        return found != m_changes.end() ? found->second : nullptr;
     }
     /// The piece's own change goes before that of a view of it.
     void follow(AcDbObjectId peca, std::vector<AcDbObjectId> drawn) {
@@ -117,7 +118,7 @@ private:
     }
 
     AcDbObjectId m_row;
-    const std::vector<edit::Change>& m_changes;
+    std::map<AcDbObjectId, const edit::Change*, Older> m_changes;
     std::vector<Drawn> m_counted;
     int m_followed = 0;
     int m_locked = 0;
