@@ -51,7 +51,7 @@ namespace {
 
 using Ids = std::vector<AcDbObjectId>;
 
-const DrawOrderTable* tableOf(const AcDbBlockTableRecord& block) {
+const DrawOrderTable* orderTableOf(const AcDbBlockTableRecord& block) {
     const AcDbStub* const stub = block.extensionDictionary();
     const auto* const dictionary = stub != nullptr ? AcDbDictionary::cast(stub->object) : nullptr;
     AcDbObjectId id;
@@ -90,11 +90,11 @@ AcDbObjectId blockOf(const DrawOrderTable& table) {
                                                                   : AcDbObjectId();
 }
 
-bool hasDrawOrder(const AcDbBlockTableRecord& block) { return tableOf(block) != nullptr; }
+bool hasDrawOrder(const AcDbBlockTableRecord& block) { return orderTableOf(block) != nullptr; }
 
 Ids drawOrder(const AcDbBlockTableRecord& block) {
     Ids order = ObjectAccess::entities(block);
-    const DrawOrderTable* const table = tableOf(block);
+    const DrawOrderTable* const table = orderTableOf(block);
     if (table == nullptr) return order;
     DrawOrderTable::Places places = table->places();
     std::stable_sort(places.begin(), places.end(),

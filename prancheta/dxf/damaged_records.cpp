@@ -13,7 +13,7 @@ namespace {
 constexpr int kLargestCode = 1071;
 
 /// -1 for a line that is no group code.
-int codeOf(std::string_view line) {
+int groupCodeOf(std::string_view line) {
     line = trim(line);
     int code = 0;
     for (const char c : line) {
@@ -62,7 +62,7 @@ bool DamagedRecords::takeHold(Place from) {
     Line before;
     if (!read(before)) return false;
     for (Line line; read(line); before = line) {
-        if (codeOf(before.text) != 0 || !isType(line.text)) continue;
+        if (groupCodeOf(before.text) != 0 || !isType(line.text)) continue;
         m_at = before.begin;
         return true;
     }
@@ -77,7 +77,7 @@ bool DamagedRecords::next(DamagedRecord& record) {
         Line code;
         Line value;
         if (!read(code)) break;
-        const int number = codeOf(code.text);
+        const int number = groupCodeOf(code.text);
         const bool whole = number >= 0 && read(value);
         if (whole && number == 999) continue;
         const bool begins = whole && number == 0 && mayBeType(value.text);

@@ -29,16 +29,7 @@ bool Loader::takeDrawOrder(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId
     }
     auto made = std::make_unique<DrawOrderTable>();
     (void)made->setPlaces(std::move(places));
-    if (!keepExtra(*made, {})) return false;
-    if (!m_core.makeResident(*made, owner.objectId(), claim(span.handle, nullptr)))
-        return bad(nullptr, "não foi possível criar um registro SORTENTSTABLE");
-    DrawOrderTable* const added = made.release();
-    id = added->objectId();
-    span.kept = true;
-    if (!m_head.reactors.empty() || m_head.dictionary != 0)
-        m_later.push_back({added, m_head.reactors, m_head.dictionary});
-    added->close();
-    return true;
+    return keepExtra(*made, {}) && addObject(std::move(made), span, owner, id);
 }
 
 void Saver::writeDrawOrder(const DrawOrderTable& table) {

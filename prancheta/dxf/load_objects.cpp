@@ -244,10 +244,15 @@ bool Loader::takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& 
     }
     auto made = std::make_unique<AcDbXrecord>();
     ObjectAccess::setList(*made, list.release());
-    if (!keepExtra(*made, flags)) return false;
+    return keepExtra(*made, flags) && addObject(std::move(made), span, owner, id);
+}
+
+/// With the head that was read last.
+bool Loader::addObject(std::unique_ptr<AcDbObject> made, ObjectSpan& span, AcDbDictionary& owner,
+                       AcDbObjectId& id) {
     if (!m_core.makeResident(*made, owner.objectId(), claim(span.handle, nullptr)))
-        return bad(nullptr, "não foi possível criar um registro XRECORD");
-    AcDbXrecord* const added = made.release();
+        return bad(nullptr, "não foi possível criar um registro " + std::string(span.type));
+    AcDbObject* const added = made.release();
     id = added->objectId();
     span.kept = true;
     if (!m_head.reactors.empty() || m_head.dictionary != 0)

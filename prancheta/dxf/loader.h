@@ -117,6 +117,8 @@ private:
     bool takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
     bool takeDrawOrder(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
     bool takeLayout(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& id);
+    bool addObject(std::unique_ptr<AcDbObject> made, ObjectSpan& span, AcDbDictionary& owner,
+                   AcDbObjectId& id);
     void dropOldLayouts();
     std::unordered_map<Adesk::UInt64, Adesk::UInt64> ownersByName() const;
     bool takeExtensionDictionaries();

@@ -59,12 +59,13 @@ public:
 bool namesRecord(int code) {
     return code == 2 || code == 3 || (code >= 6 && code <= 8) || code == 1003;
 }
+
+}  // namespace
+
 bool isReference(int code) {
     return (code >= 320 && code < 370) || (code >= 390 && code < 400) || code == 480 ||
            code == 481 || code == 1005;
 }
-
-}  // namespace
 
 RecordUsers::RecordUsers(AcDbDatabase& database) : m_database(database) {
     const StubPool& stubs = ObjectAccess::stubs(database.core());

@@ -10,6 +10,9 @@
 
 namespace prancheta {
 
+/// Codes under which groups of files refer to other objects by their handles.
+bool isReference(int code);
+
 /// Looks at the whole drawing once. A record is needed by what refers to it: objects, other
 /// records, variables, and what the drawing keeps of foreign files, by handle or by name. What lies
 /// in a block counts as the block. O(objects + groups kept).

@@ -12,6 +12,7 @@
 #include "prancheta/dxf/tag.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/foreign_entity.h"
+#include "prancheta/entities/record_users.h"
 
 namespace prancheta::commands {
 
@@ -28,11 +29,6 @@ Handles handlesOf(DatabaseCore& core) {
             all.insert(stubs[i].handle);
     dxf::forEachKeptHandle(core, [&](Adesk::UInt64 handle) { all.insert(handle); });
     return all;
-}
-
-bool isReference(int code) {
-    return (code >= 320 && code < 370) || (code >= 390 && code < 400) || code == 480 ||
-           code == 1005;
 }
 
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t'; }
@@ -70,7 +66,7 @@ void dropNullEntries(RawTags& dictionary) {
     dictionary = std::move(left);
 }
 
-std::wstring nameOf(const AcDbObject& object) {
+std::wstring titleOf(const AcDbObject& object) {
     const auto* const foreign = ForeignEntity::cast(&object);
     const ACHAR* const known = object.isA()->dxfName();
     const std::wstring type = foreign != nullptr ? toWide(foreign->typeName())
@@ -129,7 +125,7 @@ std::size_t repairKept(const CommandContext& context) {
         if (repair.done().empty()) continue;
         const AcDbObjectPointer<AcDbObject> object(stubs[i].object->objectId(), AcDb::kForWrite);
         if (object.openStatus() != Acad::eOk) continue;
-        const std::wstring name = nameOf(*object.object());
+        const std::wstring name = titleOf(*object.object());
         repair.apply(*object.object());
         for (const std::wstring& each : repair.done()) say(context, name + L": " + each);
         count += repair.done().size();

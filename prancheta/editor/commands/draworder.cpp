@@ -11,10 +11,10 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kWords[] = {
+constexpr Word kOrderWords[] = {
     {L"Acima", L"Above"}, {L"aBaixo", L"Under"}, {L"Frente", L"Front"}, {L"Trás", L"Back"}};
 
-DrawPlace placeOf(const InputValue& answer) {
+DrawPlace drawPlaceOf(const InputValue& answer) {
     if (isWord(answer, L"Above")) return DrawPlace::Above;
     if (isWord(answer, L"Under")) return DrawPlace::Under;
     return isWord(answer, L"Front") ? DrawPlace::Front : DrawPlace::Back;
@@ -26,9 +26,10 @@ CommandTask draworder(CommandContext context) {
     const Selection chosen = co_await selectToRead(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
     const InputValue answer = co_await context.ask(
-        Prompt(InputKind::Keyword, L"\nOrdem [Acima/aBaixo/Frente/Trás] <Trás>: ").words(kWords));
+        Prompt(InputKind::Keyword, L"\nOrdem [Acima/aBaixo/Frente/Trás] <Trás>: ")
+            .words(kOrderWords));
     if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
-    const DrawPlace place = placeOf(answer);
+    const DrawPlace place = drawPlaceOf(answer);
     Ids others;
     if (place == DrawPlace::Above || place == DrawPlace::Under) {
         SelectOptions options;

@@ -26,12 +26,12 @@ CurveEnd endNear(const Curve& curve, const Vec2& pick) {
                                                                       : CurveEnd::End;
 }
 
-using Range = std::pair<double, double>;
+using ParameterRange = std::pair<double, double>;
 
 /// Parameters between which the curve is `length` long, changed at one end; nothing, and the reason
 /// in `whyNot`, where it cannot be.
-std::optional<Range> rangeFor(const Curve& curve, CurveEnd end, double length,
-                              const wchar_t*& whyNot) {
+std::optional<ParameterRange> rangeFor(const Curve& curve, CurveEnd end, double length,
+                                       const wchar_t*& whyNot) {
     const double near = 4.0 * curve.tolerance();
     const Segment& last =
         end == CurveEnd::Start ? curve.segments().front() : curve.segments().back();
@@ -45,14 +45,14 @@ std::optional<Range> rangeFor(const Curve& curve, CurveEnd end, double length,
     else if (beyond > room - near && last.isRound())
         whyNot = L"O arco daria a volta toda: peça menos comprimento.";
     if (whyNot != nullptr) return {};
-    if (end == CurveEnd::End) return Range(0.0, curve.parameterAt(length));
-    return Range(curve.parameterAt(curve.length() - length), curve.count());
+    if (end == CurveEnd::End) return ParameterRange(0.0, curve.parameterAt(length));
+    return ParameterRange(curve.parameterAt(curve.length() - length), curve.count());
 }
 
 /// Made `length` long at one end; false when told why not.
 bool makeLong(const CommandContext& context, const CutTarget& target, CurveEnd end, double length) {
     const wchar_t* whyNot = nullptr;
-    const std::optional<Range> range = rangeFor(target.curve, end, length, whyNot);
+    const std::optional<ParameterRange> range = rangeFor(target.curve, end, length, whyNot);
     if (!range) refuse(context, whyNot);
     return range && setEnds(context, target, range->first, range->second);
 }
@@ -60,7 +60,7 @@ bool makeLong(const CommandContext& context, const CutTarget& target, CurveEnd e
 /// What comes or goes at that end.
 void showLength(const CutTarget& target, CurveEnd end, double length, Picture& out) {
     const wchar_t* whyNot = nullptr;
-    const std::optional<Range> range = rangeFor(target.curve, end, length, whyNot);
+    const std::optional<ParameterRange> range = rangeFor(target.curve, end, length, whyNot);
     if (!range) return;
     const bool start = end == CurveEnd::Start;
     const auto [from, to] =

@@ -41,7 +41,7 @@ struct OpenTarget {
     std::filesystem::path path;
 };
 
-Task<OpenTarget> askTarget(CommandContext context, std::wstring question) {
+Task<OpenTarget> askDrawing(CommandContext context, std::wstring question) {
     const InputValue leave = co_await mayLeave(context);
     if (leave.number == 0.0) co_return OpenTarget(leave.status);
     OpenTarget target(RTCAN);
@@ -65,7 +65,7 @@ CommandTask newDrawing(CommandContext context) {
 }
 
 CommandTask open(CommandContext context) {
-    const OpenTarget target = co_await askTarget(context, L"\nDigite o nome do desenho a abrir: ");
+    const OpenTarget target = co_await askDrawing(context, L"\nDigite o nome do desenho a abrir: ");
     if (target.path.empty()) co_return endOf(target.status);
     dxf::LoadReport findings;
     const Result<void> opened = context.editor().file().open(target.path, &findings);
@@ -77,7 +77,7 @@ CommandTask open(CommandContext context) {
 
 CommandTask recover(CommandContext context) {
     const OpenTarget target =
-        co_await askTarget(context, L"\nDigite o nome do desenho a recuperar: ");
+        co_await askDrawing(context, L"\nDigite o nome do desenho a recuperar: ");
     if (target.path.empty()) co_return endOf(target.status);
     dxf::LoadReport losses;
     const Result<void> opened = context.editor().file().openDamaged(target.path, losses);

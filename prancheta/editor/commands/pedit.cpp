@@ -35,9 +35,9 @@ bool putVertices(const CommandContext& context, AcDbObjectId polyline,
 namespace {
 
 constexpr Word kJoin = {L"Unir", L"Join"};
-constexpr Word kWords[] = {{L"Largura", L"Width"}, {L"Editar", L"Edit"},       {L"aJustar", L"Fit"},
-                           {L"Spline", L"Spline"}, {L"Retificar", L"Decurve"}, {L"Gerar", L"Ltype"},
-                           {L"Desfazer", L"Undo"}};
+constexpr Word kPolylineWords[] = {
+    {L"Largura", L"Width"},     {L"Editar", L"Edit"}, {L"aJustar", L"Fit"},  {L"Spline", L"Spline"},
+    {L"Retificar", L"Decurve"}, {L"Gerar", L"Ltype"}, {L"Desfazer", L"Undo"}};
 
 bool isPolyline(AcDbObjectId id) { return id.objectClass() == AcDbPolyline::desc(); }
 bool mayBePolyline(AcDbObjectId id) { return isPolyline(id) || joinPartOf(id).has_value(); }
@@ -56,7 +56,7 @@ AcDbObjectId turnedInto(const CommandContext& context, const JoinPart& part) {
 }
 
 /// Null after Enter or Esc, or when the object is to stay what it is.
-Task<AcDbObjectId> askPolyline(CommandContext context) {
+Task<AcDbObjectId> askPolylineToEdit(CommandContext context) {
     for (;;) {
         const InputValue picked =
             co_await context.ask(Prompt(InputKind::Entity, L"\nSelecione a polilinha: "));
@@ -153,7 +153,7 @@ void turnLinetype(const CommandContext& context, AcDbObjectId id) {
                                          : L"O tipo de linha recomeça em cada vértice.");
 }
 
-Task<int> takeWord(CommandContext context, AcDbObjectId id, std::wstring word) {
+Task<int> takeOption(CommandContext context, AcDbObjectId id, std::wstring word) {
     if (word == L"Close" || word == L"Open") (void)setClosed(context, id, word == L"Close");
     if (word == L"Join") {
         SelectOptions options;
@@ -177,12 +177,12 @@ bool isClosed(AcDbObjectId id) {
     return polyline.openStatus() == Acad::eOk && polyline->isClosed();
 }
 
-Prompt optionPrompt(AcDbObjectId id) {
+Prompt polylinePrompt(AcDbObjectId id) {
     const Word close = isClosed(id) ? Word{L"Abrir", L"Open"} : Word{L"Fechar", L"Close"};
     Prompt prompt(InputKind::Keyword, std::wstring(L"\n[") + close.local +
                                           L"/Unir/Largura/Editar vértices/aJustar/Spline/Retificar/"
                                           L"Gerar tipo de linha/Desfazer]: ");
-    prompt.words({&close, 1}).words({&kJoin, 1}).words(kWords);
+    prompt.words({&close, 1}).words({&kJoin, 1}).words(kPolylineWords);
     return prompt;
 }
 
@@ -194,17 +194,17 @@ CommandTask pedit(CommandContext context) {
     if (before.size() == 1 && isPolyline(before.front()) && canBeCut(before.front()))
         id = before.front();
     else
-        id = co_await askPolyline(context);
+        id = co_await askPolylineToEdit(context);
     if (id.isNull()) co_return CommandEnd::Cancelled;
     UndoSteps steps(context.database().core().undo());
     for (;;) {
-        const InputValue option = co_await context.ask(optionPrompt(id));
+        const InputValue option = co_await context.ask(polylinePrompt(id));
         if (option.status != RTKWORD) break;  // Esc only ends it: what was changed stays
         if (option.text == L"Undo") {
             if (!steps.undo()) say(context, L"Nada a desfazer.");
             continue;
         }
-        if (co_await takeWord(context, id, option.text) == RTCAN) break;
+        if (co_await takeOption(context, id, option.text) == RTCAN) break;
         steps.next();
     }
     co_return CommandEnd::Done;

@@ -15,15 +15,15 @@ namespace {
 
 using Vertices = std::vector<PolylineVertex>;
 
-constexpr Word kWords[] = {{L"Próximo", L"Next"},   {L"Anterior", L"Previous"},
-                           {L"Inserir", L"Insert"}, {L"Mover", L"Move"},
-                           {L"aPagar", L"eRase"},   {L"Retificar", L"Straighten"},
-                           {L"Largura", L"Width"},  {L"Sair", L"eXit"}};
+constexpr Word kVertexWords[] = {{L"Próximo", L"Next"},   {L"Anterior", L"Previous"},
+                                 {L"Inserir", L"Insert"}, {L"Mover", L"Move"},
+                                 {L"aPagar", L"eRase"},   {L"Retificar", L"Straighten"},
+                                 {L"Largura", L"Width"},  {L"Sair", L"eXit"}};
 constexpr Word kEndWords[] = {
     {L"Próximo", L"Next"}, {L"Anterior", L"Previous"}, {L"Ir", L"Go"}, {L"Sair", L"eXit"}};
 
 /// From the polyline's plane to the world.
-AcGeMatrix3d placeOf(AcDbObjectId id) {
+AcGeMatrix3d planeOf(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbPolyline> polyline(id, AcDb::kForRead);
     if (polyline.openStatus() != Acad::eOk) return AcGeMatrix3d();
     return planeToWorld(polyline->normal()) *
@@ -133,7 +133,7 @@ Task<int> widen(CommandContext context, Marked* marked) {
 }
 
 /// RTNORM when the vertices are others now.
-Task<int> change(CommandContext context, Marked* marked, std::wstring word) {
+Task<int> changeVertex(CommandContext context, Marked* marked, std::wstring word) {
     if (word == L"eRase") co_return eraseVertex(context, *marked) ? RTNORM : RTNONE;
     if (word == L"Straighten") co_return co_await straighten(context, marked);
     if (word == L"Width") co_return co_await widen(context, marked);
@@ -143,7 +143,7 @@ Task<int> change(CommandContext context, Marked* marked, std::wstring word) {
 }  // namespace
 
 Task<int> editVertices(CommandContext context, AcDbObjectId polyline) {
-    Marked marked{polyline, verticesIn(polyline), placeOf(polyline)};
+    Marked marked{polyline, verticesIn(polyline), planeOf(polyline)};
     bool on = true;
     while (marked.vertices.size() >= 2) {
         const InputValue word = co_await context.ask(
@@ -152,7 +152,7 @@ Task<int> editVertices(CommandContext context, AcDbObjectId polyline) {
                              L" [Próximo/Anterior/Inserir/Mover/aPagar/Retificar/Largura/Sair] <" +
                              (on ? L"Próximo" : L"Anterior") + L">: ",
                          marked.shown(marked.at))
-                .words(kWords));
+                .words(kVertexWords));
         if (word.status == RTCAN) co_return RTCAN;
         if (isWord(word, L"eXit")) co_return RTNORM;
         if (word.status == RTNONE || isWord(word, L"Next") || isWord(word, L"Previous")) {
@@ -160,7 +160,7 @@ Task<int> editVertices(CommandContext context, AcDbObjectId polyline) {
             marked.at = marked.step(marked.at, on);
             continue;
         }
-        const int status = co_await change(context, &marked, word.text);
+        const int status = co_await changeVertex(context, &marked, word.text);
         if (status == RTCAN) co_return RTCAN;
         if (status == RTNORM && !putVertices(context, polyline, marked.vertices)) co_return RTNORM;
     }

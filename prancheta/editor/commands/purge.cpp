@@ -16,14 +16,14 @@ namespace prancheta::commands {
 
 namespace {
 
-struct Kind {
+struct RecordKind {
     Word word;
     AcDbObjectId (AcDbDatabase::*table)() const;
     const wchar_t* the;
     const wchar_t* one;
     const wchar_t* many;
 };
-constexpr Kind kKinds[] = {
+constexpr RecordKind kRecordKinds[] = {
     {{L"Blocos", L"Blocks"}, &AcDbDatabase::blockTableId, L"o bloco", L"bloco", L"blocos"},
     {{L"CAmadas", L"LAyers"}, &AcDbDatabase::layerTableId, L"a camada", L"camada", L"camadas"},
     {{L"Estilos", L"STyles"},
@@ -42,7 +42,7 @@ constexpr Kind kKinds[] = {
      L"estilo de cota",
      L"estilos de cota"},
 };
-constexpr Word kAll = {L"TUdo", L"All"};
+constexpr Word kAllKinds = {L"TUdo", L"All"};
 
 /// What the writers of dimensions count on without naming it.
 constexpr const wchar_t* kPointsLayer = L"Defpoints";
@@ -53,7 +53,7 @@ struct Purge {
     std::wstring names = L"*";
     bool confirms = true;
     std::unordered_set<AcDbStub*> kept;  ///< that the user wants, or that refused
-    std::size_t counts[std::size(kKinds)] = {};
+    std::size_t counts[std::size(kRecordKinds)] = {};
 };
 
 bool mayGo(const Purge& purge, AcDbObjectId id) {
@@ -64,9 +64,9 @@ bool mayGo(const Purge& purge, AcDbObjectId id) {
 }
 
 /// In the order of the tables; what becomes unused on the way comes with the next round.
-Ids unused(const CommandContext& context, const Purge& purge, const Kind& kind) {
+Ids unused(const CommandContext& context, const Purge& purge, const RecordKind& kind) {
     Ids found;
-    if (purge.which != kAll.global && purge.which != kind.word.global) return found;
+    if (purge.which != kAllKinds.global && purge.which != kind.word.global) return found;
     const AcDbObjectPointer<AcDbSymbolTable> table((context.database().*kind.table)(),
                                                    AcDb::kForRead);
     if (table.openStatus() != Acad::eOk) return found;
@@ -86,7 +86,8 @@ bool erase(Purge& purge, AcDbObjectId id) {
 }
 
 /// One round over a kind; how many went, or nothing after Esc.
-Task<std::optional<std::size_t>> purgeKind(CommandContext context, Purge* purge, const Kind* kind) {
+Task<std::optional<std::size_t>> purgeKind(CommandContext context, Purge* purge,
+                                           const RecordKind* kind) {
     std::size_t gone = 0;
     for (const AcDbObjectId id : unused(context, *purge, *kind)) {
         if (purge->confirms) {
@@ -106,18 +107,18 @@ Task<std::optional<std::size_t>> purgeKind(CommandContext context, Purge* purge,
 
 void tellCounts(const CommandContext& context, const Purge& purge) {
     std::wstring line;
-    for (std::size_t i = 0; i < std::size(kKinds); ++i)
+    for (std::size_t i = 0; i < std::size(kRecordKinds); ++i)
         if (purge.counts[i] > 0)
             line += (line.empty() ? L"" : L", ") +
-                    counted(purge.counts[i], kKinds[i].one, kKinds[i].many);
+                    counted(purge.counts[i], kRecordKinds[i].one, kRecordKinds[i].many);
     say(context, line.empty() ? L"Nada foi limpo: não há nada sem uso com esses nomes."
                               : L"Limpeza: " + line + L".");
 }
 
 Task<int> askWhat(CommandContext context, Purge* purge) {
     std::vector<Word> words;
-    for (const Kind& kind : kKinds) words.push_back(kind.word);
-    words.push_back(kAll);
+    for (const RecordKind& kind : kRecordKinds) words.push_back(kind.word);
+    words.push_back(kAllKinds);
     const InputValue which = co_await context.ask(
         Prompt(InputKind::Keyword,
                L"\nO que limpar [Blocos/CAmadas/Estilos/Tipos de linha/cOtas/TUdo]: ")
@@ -142,8 +143,9 @@ CommandTask purge(CommandContext context) {
     std::size_t gone = 1;
     while (gone > 0) {
         gone = 0;
-        for (std::size_t i = 0; i < std::size(kKinds); ++i) {
-            const std::optional<std::size_t> some = co_await purgeKind(context, &purge, &kKinds[i]);
+        for (std::size_t i = 0; i < std::size(kRecordKinds); ++i) {
+            const std::optional<std::size_t> some =
+                co_await purgeKind(context, &purge, &kRecordKinds[i]);
             if (!some) co_return CommandEnd::Cancelled;
             purge.counts[i] += *some;
             gone += *some;
