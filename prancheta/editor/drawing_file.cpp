@@ -8,6 +8,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/entities/foreign_entity.h"
@@ -37,11 +38,20 @@ Result<std::unique_ptr<AcDbDatabase>> readDrawing(Editor& editor, const std::fil
 std::wstring notShown(const AcDbDatabase& database) {
     std::map<std::string, std::size_t> types;
     std::size_t count = 0;
-    for (const AcDbObjectId id : database.core().modelSpace()) {
-        const AcDbObjectPointer<ForeignEntity> entity(id, AcDb::kForRead);
-        if (entity.openStatus() != Acad::eOk || isShownForeign(entity->typeName())) continue;
-        ++types[entity->typeName()];
-        ++count;
+    const AcDbStub* const table = database.blockTableId();
+    for (const AcDbObjectId block :
+         ObjectAccess::records(static_cast<const AcDbSymbolTable&>(*table->object))) {
+        const AcDbStub* const stub = block;
+        const auto& space = static_cast<const AcDbBlockTableRecord&>(*stub->object);
+        if (block.isErased() || !space.isLayout()) continue;
+        for (const AcDbObjectId id : ObjectAccess::entities(space)) {
+            const AcDbObjectPointer<ForeignEntity> entity(id, AcDb::kForRead);
+            if (entity.openStatus() != Acad::eOk || isShownForeign(entity->typeName())) continue;
+            // A frame through which another space is seen.
+            if (entity->typeName() == "VIEWPORT") continue;
+            ++types[entity->typeName()];
+            ++count;
+        }
     }
     if (count == 0) return {};
     std::wstring line = std::to_wstring(count) + (count == 1 ? L" objeto não é mostrado: "

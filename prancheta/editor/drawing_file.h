@@ -62,7 +62,7 @@ private:
 Result<std::unique_ptr<AcDbDatabase>> readDrawing(Editor& editor, const std::filesystem::path& path,
                                                   dxf::LoadReport* findings);
 
-/// "3 objetos não são mostrados: MESH 2, OLE2FRAME 1.", of the model space; empty for none. O(n).
+/// "3 objetos não são mostrados: MESH 2, OLE2FRAME 1.", of all spaces; empty for none. O(n).
 std::wstring notShown(const AcDbDatabase& database);
 /// Writes to the command line what was repaired while a drawing was read, and what is not shown.
 void printFindings(Editor& editor, const dxf::LoadReport& report);

@@ -467,6 +467,21 @@ TEST_F(ForeignTest, ShapesOfOtherProgramsAreShown) {
         EXPECT_TRUE(near(picture.extents().minPoint(), c.low)) << c.groups;
         EXPECT_TRUE(near(picture.extents().maxPoint(), c.high)) << c.groups;
     }
+    // Right-aligned at 20, backwards: from there to the right. Upside down: below its line.
+    const double wide = textWidth(L"ABC", 4, 1);
+    const std::pair<const char*, std::array<double, 4>> turned[] = {
+        {"10 0|20 5|40 4|1 ABC|72 2|11 20|21 5|71 2", {20, 5, 20 + wide, 9}},
+        {"10 20|20 5|40 4|1 ABC|71 2", {20 - wide, 5, 20, 9}},
+        {"10 20|20 5|40 4|1 ABC|71 4", {20, 1, 20 + wide, 5}},
+        {"10 20|20 5|40 4|1 ABC|71 6", {20 - wide, 1, 20, 5}},
+    };
+    for (const auto& [groups, box] : turned) {
+        const auto text = foreign("TEXT", tagsOf(groups));
+        EXPECT_TRUE(near(boxOf(*text).minPoint(), {box[0], box[1], 0})) << groups;
+        EXPECT_TRUE(near(boxOf(*text).maxPoint(), {box[2], box[3], 0})) << groups;
+        const AcGePoint3d middle((box[0] + box[2]) / 2, (box[1] + box[3]) / 2, 0);
+        EXPECT_TRUE(touches(pictureOf(*text), Window(middle, middle))) << groups;
+    }
     // Through four fit points of a circle, and never far from it: a smooth curve.
     const Picture curve = pictureOf(*foreign(
         "SPLINE", tagsOf("70 1|71 3|74 4|11 10|21 0|31 0|11 0|21 10|31 0|11 -10|21 0|31 0|11 0|21 "

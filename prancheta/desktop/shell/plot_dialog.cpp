@@ -19,6 +19,7 @@
 #include "adscodes.h"
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/shell/drawing_files.h"
+#include "prancheta/editor/drawing_file.h"
 #include "prancheta/plot/sheet.h"
 
 namespace prancheta::desktop {
@@ -137,6 +138,11 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
     form->addRow(m_monochrome);
     form->addRow(m_lineWeights);
     form->addRow(m_told);
+    if (const std::wstring line = notShown(editor.database()); !line.empty()) {
+        auto* const missing = new QLabel(QString::fromStdWString(line), this);
+        missing->setWordWrap(true);
+        form->addRow(missing);
+    }
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText("P&lotar...");
     buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
