@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// ZOOM and PAN.
+// ZOOM and PAN, on the model and through viewports of sheets.
+#include "prancheta/entities/viewports.h"
 #include "tests/builtin/script_ui.h"
 
 namespace builtin {
@@ -99,6 +100,51 @@ TEST_F(Views, InsideAnotherCommand) {
 TEST_F(Views, PanByDisplacement) {
     type({L"_zoom", L"_c", L"0,0", L"100", L"pan", L"3,4", L""});
     expectView(-3, -4, 100);
+}
+
+TEST_F(Views, CommandsOfSheetsSayWhyTheyDidNothing) {
+    for (const wchar_t* const command : {L"_mview", L"_mspace", L"_pspace", L"_vplayer"}) {
+        type({command});
+        ASSERT_FALSE(ui.complaints.empty());
+        EXPECT_NE(ui.complaints.back().find(L"trabalha num layout"), std::wstring::npos);
+        ui.complaints.clear();
+    }
+    type({L"_setvar", L"CTAB", L"Nenhum", L"_layout", L"_delete", L"Layout1"});
+    EXPECT_EQ(ui.complaints.size(), 2u) << "no such sheet, the only sheet";
+    ui.complaints.clear();
+    // A name that is taken, or that none can have, is asked for again.
+    type({L"_layout", L"_new", L"LAYOUT1", L"a/b", L"Cortes", L"_setvar", L"TILEMODE", L"0"});
+    EXPECT_EQ(ui.complaints.size(), 2u);
+    EXPECT_EQ(editor->variables().text(L"CTAB"), L"Layout1");
+    ui.complaints.clear();
+    type({L"_mspace", L"_mview", L"0,0", L"0,50", L"100,50", L"_mview", L"_off", L"_l", L"",
+          L"_mspace"});
+    EXPECT_EQ(ui.complaints.size(), 3u) << "no viewport, no width, none that is on";
+}
+
+/// A sheet of 297 x 210 whose frame of 100 x 50 shows the model's 0 to 1000.
+TEST_F(Views, ZoomThroughAViewportFillsItsFrameAndALockedOneKeepsItsScale) {
+    type({L"_line", L"0,0", L"1000,0", L"", L"_layout", L"_s", L"Layout1", L"_mview", L"10,20",
+          L"110,70", L"_mspace"});
+    const auto shown = [&] { return prancheta::viewportOf(editor->spaces().viewport()); };
+    ASSERT_NE(shown(), nullptr);
+    const prancheta::View sheet = editor->spaces().tabView();
+    type({L"_zoom", L"0.1xp"});
+    EXPECT_DOUBLE_EQ(shown()->customScale(), 0.1);
+    type({L"_zoom", L"_c", L"300,40", L"250"});
+    EXPECT_NEAR(shown()->customScale(), 50.0 / 250.0, 1e-12);
+    expectPoint(shown()->modelToSheet() * AcGePoint3d(300, 40, 0), 60, 45);
+    EXPECT_EQ(editor->spaces().tabView().height, sheet.height);
+    // What is drawn now is the model's.
+    type({L"_circle", L"300,40", L"10", L"_pspace", L"_mview", L"_lock", L"", L"_all", L"",
+          L"_mspace"});
+    EXPECT_EQ(editor->database().core().modelSpace().size(), 2u);
+    type({L"_zoom", L"2x"});
+    EXPECT_NEAR(shown()->customScale(), 0.2, 1e-12);
+    EXPECT_NEAR(editor->spaces().tabView().height, sheet.height / 2.0, 1e-9);
+    // Undo takes the frame away, and who draws through it stands on the sheet again.
+    type({L"_u", L"_u", L"_u", L"_regen"});
+    EXPECT_TRUE(editor->spaces().drawsOnPaper());
 }
 
 }  // namespace

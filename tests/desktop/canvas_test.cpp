@@ -271,6 +271,50 @@ TEST_F(Pointing, gripsTakenHoldOfGoWithTheirSelection) {
     expectLine(b, 100, 420, 300, 420);
 }
 
+TEST_F(Pointing, aDoubleClickGoesThroughAViewportAndOutOfIt) {
+    line(0, 0, 1000, 0);
+    editor->spaces().show(tabsOf(editor->database())[1]);
+    look(100, 75, 300);
+    // 100 x 50 mm about (100, 75), 1:10 about the model's (500, 0).
+    auto* const frame = new AcDbViewport;
+    (void)frame->setCenterPoint({100, 75, 0});
+    (void)frame->setWidth(100);
+    (void)frame->setHeight(50);
+    (void)frame->setViewCenter({500, 0});
+    (void)frame->setCustomScale(0.1);
+    const AcDbObjectId id = add(frame);
+    const auto doubleClick = [&](double x, double y) {
+        then([this, x, y] {
+            mouse(QEvent::MouseButtonDblClick, pixel(x, y), Qt::NoModifier, Qt::LeftButton);
+        });
+    };
+    QPoint middle;
+    then([&] { middle = pixel(100, 60); });
+    doubleClick(100, 60);
+    then([&] {
+        ASSERT_EQ(editor->spaces().viewport(), id);
+        // The frame stands where it stood: 15 mm below its middle are 150 of the model.
+        EXPECT_EQ(pixel(500, -150), middle);
+    });
+    type(L"_LINE");
+    click(500, -150);
+    click(600, -150);
+    type(L"");
+    wheel({400, 300}, 1);
+    then([&] {
+        // The wheel changes what the frame shows, not where it is.
+        EXPECT_GT(frame->customScale(), 0.1);
+        EXPECT_EQ(editor->spaces().tabView().height, 300.0);
+    });
+    doubleClick(5000, 0);
+    then([&] {
+        EXPECT_TRUE(editor->spaces().drawsOnPaper());
+        EXPECT_EQ(editor->screen().view().height, 300.0);
+    });
+    run();
+    EXPECT_EQ(entities().size(), 2u);  // of the model
+}
+
 TEST_F(Pointing, escapeGivesUpAFrameAndThenIsTheCommandLines) {
     line(100, 100, 150, 150);
     click(300, 300);

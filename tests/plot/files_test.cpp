@@ -155,6 +155,9 @@ TEST_F(Files, SheetsArePlottedAtTheirSizeAndViewportsAtTheirScale) {
           L"A2", L""});
     type({L"_mview", L"20,20", L"120,120", L"_mview", L"_s", L"1:10", L"_l", L""});
     type({L"_mview", L"150,20", L"250,120", L"_mview", L"_s", L"1:5", L"_l", L""});
+    const std::wstring file = (folder / "tela.pdf").wstring();
+    type({L"_plot", file.c_str(), L"", L""});  // at 1:1 on its own paper, in colours
+    EXPECT_EQ(pageOf(folder / "tela.pdf"), "0 0 1683.7795 1190.5512");
     type({L"_layout", L"_s", L"Model", L"_line", L"-9000,-300", L"9000,-300", L""});
     PlotSettings sheet = prancheta::sheetPlot(prancheta::drawnSheets(editor->database()).at(0));
     // 594 x 420 mm; 100 units are 10.00 mm about the middle of the one, 20.00 mm of the other.

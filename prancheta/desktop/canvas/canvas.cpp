@@ -10,6 +10,7 @@
 
 #include "prancheta/database/database_core.h"
 #include "prancheta/desktop/canvas/canvas_impl.h"
+#include "prancheta/plot/through.h"
 
 namespace prancheta::desktop {
 namespace {
@@ -118,7 +119,9 @@ void Canvas::Impl::follow() {
         shownLook = look;
         sheet.spoilAll();
     }
-    const QTransform toDevice = viewport.transform(ratio);
+    const bool onSheet = editor->spaces().onSheet();
+    editor->appearances().setDashScale(onSheet ? dashScaleOnSheet(editor->database()) : 1.0);
+    const QTransform toDevice = tabViewport().transform(ratio);
     const QSize size = (QSizeF(canvas.size()) * ratio).toSize();
     sheet.show(toDevice, size, look.palette->ground);
     followDrawing();
@@ -127,11 +130,23 @@ void Canvas::Impl::follow() {
     refine(kAtOnce);
 }
 
+Viewport Canvas::Impl::tabViewport() const {
+    return Viewport(editor->spaces().tabView(), canvas.size());
+}
+
 void Canvas::Impl::followDrawing() {
-    DisplayList& list = editor->display();
+    const Spaces& spaces = editor->spaces();
+    DisplayList& list = editor->displayOf(spaces.tab());
     const std::uint64_t revision = list.revision();
-    if (&list == shownList && revision == shownRevision) return;
-    if (&list != shownList || revision < shownRevision) {
+    // What changes in the model may be seen through any viewport.
+    const std::uint64_t model =
+        spaces.onSheet() ? editor->displayOf(editor->database().core().modelSpaceId()).revision()
+                         : 0;
+    const AcDbObjectId through = spaces.viewport();
+    const bool modelIsOther = model != std::exchange(shownModel, model) ||
+                              through != std::exchange(shownThrough, through);
+    if (&list == shownList && revision == shownRevision && !modelIsOther) return;
+    if (&list != shownList || revision < shownRevision || modelIsOther) {
         sheet.spoilAll();
     } else {
         for (const Box2d& box : list.changedSince(shownRevision)) sheet.spoil(box);

@@ -32,6 +32,8 @@ struct Canvas::Impl {
     // --- What is shown ---------------------------------------------------------------------------
     void follow();
     void followDrawing();
+    /// Of the tab, whatever is drawn through.
+    Viewport tabViewport() const;
     void followSelection();
     void refine(Clock::duration time);
     void paint(QPainter& painter);
@@ -67,6 +69,7 @@ struct Canvas::Impl {
     void release(const QPointF& at, Qt::KeyboardModifiers modifiers);
     void enter();
     void selectAt(const QPointF& at, bool shift);
+    bool goThrough(const QPointF& at, AcDbObjectId hit);
     void finishFrame(const QPointF& at, bool shift);
     /// `at` in world coordinates.
     void select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift);
@@ -89,6 +92,8 @@ struct Canvas::Impl {
     unsigned follows = 0;
     const DisplayList* shownList = nullptr;
     std::uint64_t shownRevision = 0;
+    std::uint64_t shownModel = 0;  ///< revision of what viewports show
+    AcDbObjectId shownThrough;
     QBasicTimer refining;
 
     std::optional<QPointF> mouse;  ///< nothing while it is outside

@@ -264,6 +264,23 @@ void Canvas::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
+/// Into a viewport, or out of the one that is drawn through; false where a double click stays.
+bool Canvas::Impl::goThrough(const QPointF& at, AcDbObjectId hit) {
+    Spaces& spaces = editor->spaces();
+    if (!spaces.onSheet()) return false;
+    const AcDbObjectId there = spaces.viewportAt(tabViewport().toWorld(at));
+    // What stands on the sheet itself is edited.
+    const bool onPaper = spaces.viewport().isNull() && !hit.isNull();
+    if (there == spaces.viewport() || onPaper) return false;
+    std::wstring why;
+    if (there.isNull())
+        spaces.leave();
+    else
+        why = spaces.enter(there);
+    if (!why.empty()) editor->print(why + L"\n");
+    return true;
+}
+
 void Canvas::mouseDoubleClickEvent(QMouseEvent* event) {
     Impl& d = *m_impl;
     if (d.editor == nullptr) return;
@@ -272,6 +289,7 @@ void Canvas::mouseDoubleClickEvent(QMouseEvent* event) {
     if (!d.atCommand()) return mousePressEvent(event);
     // The first click of the two has begun a frame where there is no entity.
     const AcDbObjectId hit = entityAt(*d.editor, d.viewport.toWorld(event->position()));
+    if (d.goThrough(event->position(), hit)) return;
     if (!hit.isNull())
         emit entityActivated(hit);
     else

@@ -8,6 +8,7 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/desktop/canvas/canvas_impl.h"
 #include "prancheta/editor/picking.h"
+#include "prancheta/entities/viewports.h"
 #include "prancheta/plot/painter.h"
 
 namespace prancheta::desktop {
@@ -35,6 +36,13 @@ QPointF unitOf(const AcGeVector3d& v) {
 void Canvas::Impl::paintOverlays(QPainter& painter) {
     const SystemVariables& variables = editor->database().core().variables();
     if (variables.number(L"UCSICON") != 0) paintAxes(painter);
+    if (const AcDbViewport* const through = viewportOf(editor->spaces().viewport())) {
+        const Box2d box = frameOf(*through);
+        painter.setPen(QPen(palette().highlight, 2.0));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(tabViewport().toScreen({box.left, box.top, 0.0}),
+                                tabViewport().toScreen({box.right, box.bottom, 0.0})));
+    }
     if (!hover.isNull() && mouse) {
         PicturePainter::Settings settings;
         settings.toDevice = viewport.transform();

@@ -7,7 +7,9 @@
 #include <cmath>
 
 #include "prancheta/display/appearance.h"
+#include "prancheta/entities/viewports.h"
 #include "prancheta/plot/painter.h"
+#include "prancheta/plot/through.h"
 
 namespace prancheta::desktop {
 namespace {
@@ -111,13 +113,27 @@ void DrawingSource::setSelection(const std::vector<AcDbObjectId>& ids, Sheet& sh
         if (!isSelected(id)) changed.push_back(id);
     m_selection = ids;
     m_selected = std::move(selected);
-    if (changed.size() > kManyChanges) return sheet.spoilAll();
+    // Through a viewport the boxes are the model's.
+    const bool through = !m_editor->spaces().viewport().isNull();
+    if (changed.size() > kManyChanges || (through && !changed.empty())) return sheet.spoilAll();
     for (const AcDbObjectId& id : changed)
         sheet.spoil(boxOf(m_editor->display().picture(id).reach()));
 }
 
+/// The paper's edge, with a shadow.
+void DrawingSource::paintSheetEdge(QImage& piece, const QTransform& toPiece) const {
+    const Tab tab = tabOf(m_editor->database(), m_editor->spaces().tab());
+    const QRectF edge = mapped(toPiece, sheetOf(tab));
+    Pixels pixels(piece);
+    const QRgb color = look.palette->cursor.rgb();
+    pixels.frame(edge, color);
+    pixels.frame(edge.translated(look.ratio * 2.0, look.ratio * 2.0),
+                 look.palette->gridMajor.rgb());
+}
+
 void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
     piece.fill(look.palette->ground);
+    if (m_editor != nullptr && m_editor->spaces().onSheet()) return paintSheetEdge(piece, toPiece);
     if (!look.grid) return;
     // The spacing, ten times, a hundred times that keeps the lines apart; every tenth one is
     // stronger.
@@ -145,8 +161,12 @@ void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
           });
 }
 
+DisplayList& DrawingSource::shownList() const {
+    return m_editor->displayOf(m_editor->spaces().tab());
+}
+
 SheetSource::Items DrawingSource::items(const Box2d& area) {
-    return m_editor != nullptr ? m_editor->display().find(area) : Items();
+    return m_editor != nullptr ? shownList().find(area) : Items();
 }
 
 QRgb DrawingSource::colorOf(AcDbObjectId layer) {
@@ -173,7 +193,17 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
     highlight.setAlpha(kHighlightAlpha);
     const QPen pen(highlight, kHighlightWidth * look.ratio, Qt::SolidLine, Qt::RoundCap,
                    Qt::RoundJoin);
-    DisplayList& display = m_editor->display();
+    DisplayList& display = shownList();
+    const QRectF shown = toPiece.inverted().mapRect(QRectF(piece.rect()));
+    const ThroughViewport through{
+        settings,
+        {shown.left(), shown.top(), shown.right(), shown.bottom()},
+        {},
+        [&](PicturePainter& model, const DisplayList::Item& item, const Picture& picture) {
+            if (!isSelected(item.id)) return;
+            model.flush();
+            model.paintPlain(picture, pen);
+        }};
     AcDbObjectId layer;
     QRgb color = 0;
     unsigned boxes = 0;
@@ -187,6 +217,8 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
             continue;
         }
         if (Clock::now() >= until) return false;
+        if (const AcDbViewport* const viewport = viewportOf(item.id))
+            paintThrough(painter, *m_editor, *viewport, through);
         pictures.paint(display.picture(item.id));
         if (isSelected(item.id)) pictures.paintPlain(display.picture(item.id), pen);
     }

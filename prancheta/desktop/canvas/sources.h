@@ -55,6 +55,8 @@ public:
 private:
     using Set = std::unordered_set<Adesk::LongPtr>;
 
+    DisplayList& shownList() const;
+    void paintSheetEdge(QImage& piece, const QTransform& toPiece) const;
     QRgb colorOf(AcDbObjectId layer);
     bool isSelected(AcDbObjectId id) const { return m_selected.contains(id.asOldId()); }
 

@@ -16,8 +16,10 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include "prancheta/desktop/shell/command_names.h"
+#include "prancheta/desktop/shell/layout_tabs.h"
 #include "prancheta/desktop/shell/status_bar.h"
 #include "prancheta/editor/picking.h"
 
@@ -108,7 +110,15 @@ MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
 void MainWindow::makeCanvas() {
     m_canvas = new Canvas(this);
     m_canvas->setObjectName("desenho");
-    setCentralWidget(m_canvas);
+    m_tabs = new LayoutTabs(this);
+    auto* const centre = new QWidget(this);
+    auto* const column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_canvas, 1);
+    column->addWidget(m_tabs);
+    setCentralWidget(centre);
+    connect(m_tabs, &LayoutTabs::commandWanted, m_ui, &WindowUi::runCommand);
     connect(m_canvas, &Canvas::answered, m_ui, &WindowUi::answer);
     connect(m_canvas, &Canvas::keyTyped, this,
             [this](QKeyEvent* event) { m_commandLine->takeKey(event); });
@@ -201,6 +211,7 @@ void MainWindow::setEditor(Editor* editor) {
     m_canvas->setEditor(editor);
     for (Panel* const panel : m_panels) panel->setEditor(editor);
     m_status->setEditor(editor);
+    m_tabs->setEditor(editor);
     if (editor == nullptr) return;
     editor->onDrawingReplaced = [this] {
         m_canvas->setEditor(m_editor);
@@ -229,13 +240,17 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 /// What may have changed at every step.
-void MainWindow::showChanges() { m_canvas->refresh(); }
+void MainWindow::showChanges() {
+    m_canvas->refresh();
+    m_tabs->refresh();
+}
 
 /// What is looked at between commands only.
 void MainWindow::showAll() {
     if (m_editor == nullptr) return;
     for (Panel* const panel : m_panels) panel->refresh();
     m_status->refresh();
+    m_tabs->refresh();
     setWindowTitle(m_files->title());
     setWindowFilePath(toQString(m_editor->file().name()));
     setWindowModified(m_editor->file().modified());

@@ -18,6 +18,7 @@
 namespace prancheta::desktop {
 
 class HelpWindow;
+class LayoutTabs;
 class StatusBar;
 
 class MainWindow : public QMainWindow {
@@ -96,6 +97,7 @@ private:
     int m_cancelsForFile = 0;
     std::filesystem::path m_installation;
     Canvas* m_canvas = nullptr;
+    LayoutTabs* m_tabs = nullptr;
     CommandLine* m_commandLine = nullptr;
     StatusBar* m_status = nullptr;
     DrawingFiles* m_files = nullptr;

@@ -142,8 +142,26 @@ Step askMonochrome(CommandContext context, bool& monochrome) {
     co_return RTNORM;
 }
 
+/// On a sheet, what is usually wanted; RTKWORD when something else is.
+Step askSheet(CommandContext context, PlotSettings& settings) {
+    const Spaces& spaces = context.editor().spaces();
+    if (!spaces.onSheet()) co_return RTKWORD;
+    const InputValue answer =
+        co_await askYesNo(context, L"\nPlotar o layout em 1:1 no seu papel?", Choice::Yes);
+    if (answer.status == RTCAN) co_return RTCAN;
+    if (answer.number == 0.0) co_return RTKWORD;
+    PlotSettings sheet = sheetPlot(tabOf(context.database(), spaces.tab()));
+    sheet.monochrome = settings.monochrome;
+    settings = sheet;
+    co_return RTNORM;
+}
+
 Step askAll(CommandContext context, std::filesystem::path& file, PlotSettings& settings) {
     int status = co_await askFile(context, file);
+    if (status == RTNORM) status = co_await askSheet(context, settings);
+    if (status == RTNORM) status = co_await askMonochrome(context, settings.monochrome);
+    if (status != RTKWORD) co_return status;
+    status = RTNORM;
     if (status == RTNORM) status = co_await askPaper(context, settings.paper);
     if (status == RTNORM) status = co_await askOrientation(context, settings.orientation);
     if (status == RTNORM) status = co_await askArea(context, settings.area);
@@ -159,7 +177,10 @@ CommandTask plot(CommandContext context) {
     PlotSettings settings = memory(context).plot;
     const int status = co_await askAll(context, file, settings);
     if (status == RTCAN) co_return CommandEnd::Cancelled;
-    memory(context).plot = settings;
+    if (settings.space.isNull())
+        memory(context).plot = settings;
+    else
+        memory(context).plot.monochrome = settings.monochrome;
     const Result<Plotter*> machine = plotter();
     const Result<void> plotted =
         machine ? (*machine)->plot(context.editor(), settings, *plotFormatOf(file), file)
@@ -174,7 +195,9 @@ CommandTask plot(CommandContext context) {
 }
 
 CommandTask plotInWindow(CommandContext context) {
-    if (usesWindows(context) && context.editor().ui().showTool(Tool::Plot))
+    // A sheet knows its paper and scale: there is nothing to choose in a window.
+    const bool onSheet = context.editor().spaces().onSheet();
+    if (!onSheet && usesWindows(context) && context.editor().ui().showTool(Tool::Plot))
         co_return CommandEnd::Done;
     const CommandEnd end = co_await plot(context);
     co_return end;
