@@ -109,7 +109,7 @@ TEST_F(Views, CommandsOfSheetsSayWhyTheyDidNothing) {
         EXPECT_NE(ui.complaints.back().find(L"trabalha num layout"), std::wstring::npos);
         ui.complaints.clear();
     }
-    type({L"_setvar", L"CTAB", L"Nenhum", L"_layout", L"_delete", L"Layout1"});
+    type({L"_setvar", L"CTAB", L"Nenhum", L"Model", L"_layout", L"_delete", L"Layout1"});
     EXPECT_EQ(ui.complaints.size(), 2u) << "no such sheet, the only sheet";
     ui.complaints.clear();
     // A name that is taken, or that none can have, is asked for again.
