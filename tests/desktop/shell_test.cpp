@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QLockFile>
+#include <QTabBar>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <fstream>
@@ -89,6 +90,29 @@ TEST_F(Window, KeysFromAnywhereReachTheCommandLine) {
         EXPECT_TRUE(story.window().findChild<QAbstractButton*>("ORTO")->isChecked());
     });
     EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, TabsShowTheSheetsOfTheDrawing) {
+    Story story;
+    const auto tabs = [&] { return story.window().findChild<QTabBar*>("layouts"); };
+    story.type("layout _n\nDetalhe um\n");
+    story.when([&] { return story.idle() && tabs()->count() == 3; },
+               [&] {
+                   EXPECT_EQ(tabs()->tabText(0), "Modelo");
+                   EXPECT_EQ(tabs()->tabText(2), "Detalhe um");
+                   QTest::mouseClick(tabs(), Qt::LeftButton, Qt::NoModifier,
+                                     tabs()->tabRect(2).center());
+               });
+    story.when([&] { return story.idle() && story.editor().spaces().onSheet(); },
+               [&] {
+                   EXPECT_EQ(tabs()->currentIndex(), 2);
+                   EXPECT_EQ(story.editor().variables().text(L"CTAB"), L"Detalhe um");
+               });
+    // Undo takes the sheet that is shown away: the model is shown again.
+    story.type("u\n");
+    story.when([&] { return story.idle() && tabs()->count() == 2; },
+               [&] { EXPECT_EQ(tabs()->currentIndex(), 0); });
+    ASSERT_TRUE(story.run());
 }
 
 TEST_F(Window, SavesAndOpensAgain) {
