@@ -52,6 +52,7 @@ public:
                                                  shown};
         return schema;
     }
+    int drawTablesAgain(AcDbDatabase&) const override { return 0; }
     void describe(AcDbDatabase&, protocol::PropertyVisitor&) const override {
         ADD_FAILURE() << "the panel shows what is printed";
     }
