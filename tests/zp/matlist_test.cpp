@@ -480,7 +480,8 @@ TEST_F(MaterialListTest, ReportOfTheDrawing) {
     EXPECT_EQ(visit.keys,
               L"lista_material { marca quantidade descricao dimensoes material comprimento "
               L"peso_unitario peso_total "
-              L"area_pintura observacao designacao origem_peso peso_liquido lista grupo apagada # ids # pecas "
+              L"area_pintura observacao designacao origem_peso peso_liquido lista grupo apagada # "
+              L"ids # pecas "
               L"vistas tira } ");
     // In full and in the list's order, or as it is printed.
     Linha row = rows()[0];
