@@ -307,30 +307,54 @@ TEST_F(Cortes, FurtherViewsShowWhatTheMemberBecame) {
     const std::pair<double, double> whole{0.0, 6000.0};
     const AcDbObjectId line =
         put(new AcDbLine(AcGePoint3d(1000, -200, 0), AcGePoint3d(1000, 200, 0)));
-    // Whichever of the two is changed, the other one becomes the same; the copy is not asked.
     struct Case {
         std::size_t changed;
         std::pair<double, double> becomes;
+        const wchar_t* beside;  ///< what is said while another piece of the row stays as it is
     };
-    for (const Case& c : {Case{0, {1000, 5000}}, Case{1, {-500, 6500}}}) {
-        SCOPED_TRACE(c.changed);
+    const auto change = [&](const Case& c) {
         ui.printed.clear();
         if (c.changed == 0)
             cut({{100, 0, bars[0]}, {1000, 100, line}}, {L"0"});
         else
             EXPECT_EQ(setEnds(*editor, bars[1], -500, 6000), L"");
-        EXPECT_EQ(axes(), (std::vector{c.becomes, c.becomes, whole, whole}));
-        EXPECT_TRUE(said(L"V1: 1 vista acompanha a mudança."))
-            << testing::PrintToString(ui.printed);
-        EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[1])), L"V2");
-        EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[3])), L"V1");
+    };
+    const Case cases[] = {
+        {0, {1000, 5000}, L"V1: 2 vistas continuam mostrando as peças que não mudaram"},
+        {1, {-500, 6500}, L"V1: só a vista mudou"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.changed);
+        change(c);
+        std::vector expected(4, whole);
+        expected[c.changed] = c.becomes;
+        EXPECT_EQ(axes(), expected);
+        EXPECT_TRUE(said(c.beside)) << testing::PrintToString(ui.printed);
+        EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[c.changed])), L"V2");
+        EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(bars[1 - c.changed])), L"V1");
         type({L"_u"});
         EXPECT_EQ(axes(), std::vector(4, whole));
     }
-    // What is locked stays, in its row, and is told; the piece that counts says what the row is.
+    AcDbObjectId rest;
+    EXPECT_EQ(takeOut(*editor, bars[1], 1000, 1200, rest),
+              L"Uma vista não se parte: parta a peça que ela mostra.");
+    // Of a single piece, whichever of the two is changed, the other one becomes the same.
     type({L"_erase"});
     pick(0, -5000, {bars[2], bars[3]});
-    type({L"", L"_layer", L"_n", L"trava", L"_lock", L"trava", L""});
+    type({L""});
+    bars.resize(2);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.changed);
+        change(c);
+        EXPECT_EQ(axes(), std::vector(2, c.becomes));
+        EXPECT_TRUE(said(L"V1: 1 vista acompanha a mudança."))
+            << testing::PrintToString(ui.printed);
+        for (const AcDbObjectId& id : bars)
+            EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(id)), L"V1");
+        type({L"_u"});
+        EXPECT_EQ(axes(), std::vector(2, whole));
+    }
+    // What is locked stays, in its row, and is told; the piece that counts says what the row is.
+    type({L"_layer", L"_n", L"trava", L"_lock", L"trava", L""});
     {
         const AcDbObjectPointer<ZpObject> view(bars[1], AcDb::kForWrite);
         EXPECT_EQ(view->setLayer(L"trava"), Acad::eOk);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 #include <map>
 #include <optional>
 #include <string>
@@ -24,63 +23,54 @@ namespace {
 
 using ReadPeca = AcDbObjectPointer<ZpObject>;
 
-/// A drawn bar of a row, with its axis.
-struct Drawn {
-    AcDbObjectId id;
-    AcGePoint3d start;
-    AcGePoint3d end;
-};
-
-double distanceTo(const Drawn& peca, const AcGePoint3d& point) {
-    const AcGeVector3d axis = peca.end - peca.start;
-    const double length2 = axis.dotProduct(axis);
-    const double t =
-        length2 > 0.0 ? std::clamp((point - peca.start).dotProduct(axis) / length2, 0.0, 1.0) : 0.0;
-    return point.distanceTo(peca.start + axis * t);
-}
-
-/// One row of which a command moved ends: each further view with the piece that it shows.
+/// One row of which a command moved ends. Its further views show the member that all its pieces
+/// are: they follow when none of these stays as it was, a piece that was broken the older part.
 class ViewsAlong {
 public:
     ViewsAlong(AcDbObjectId row, const std::vector<edit::Change>& changes) : m_row(row) {
         for (const edit::Change& change : changes) m_changes.emplace(change.peca, &change);
     }
     void run() {
-        std::vector<Drawn> views;
+        std::vector<AcDbObjectId> counted;
+        std::vector<AcDbObjectId> views;
         for (const AcDbObjectId& id : Book::of(*m_row.database()).row(m_row)->pecas) {
             if (isChapa(id)) continue;
             const ReadPeca peca(id, AcDb::kForRead);
             if (peca.object() == nullptr) continue;
-            const Peca& p = Access::of(*peca.object());
-            const bool counts = member::of(*peca.object()).count > 0;
-            (counts ? m_counted : views).push_back({id, p.start, p.end()});
+            (member::of(*peca.object()).count > 0 ? counted : views).push_back(id);
         }
-        std::map<AcDbObjectId, std::vector<AcDbObjectId>, Older> shown;
-        for (const Drawn& view : views) shown[pieceOf(view)].push_back(view.id);
-        for (const auto& [peca, its] : shown) follow(peca, its);
+        if (views.empty()) return;
+        std::ranges::sort(counted, Older());
+        const auto changed = [&](AcDbObjectId id) { return changeOf(id) != nullptr; };
+        const auto changes = std::ranges::count_if(counted, changed);
+        const auto& leaders = changes > 0 ? counted : views;
+        const auto leader = std::ranges::find_if(leaders, changed);
+        if (changes > 0 ? changes < std::ssize(counted) : counted.size() > 1) {
+            // A view that has followed is like its piece.
+            if (changes > 0 ||
+                std::ranges::none_of(counted, [&](AcDbObjectId id) { return alike(id, *leader); }))
+                sayApart(static_cast<int>(views.size()), changes > 0);
+            return;
+        }
+        follow(*leader, views);
+        if (changes == 0) follow(*leader, counted);
         say();
     }
 
 private:
-    /// Null where no piece of the row counts.
-    AcDbObjectId pieceOf(const Drawn& view) const {
-        const AcGePoint3d middle = view.start + (view.end - view.start) * 0.5;
-        const auto distance = [&](const Drawn& peca) { return distanceTo(peca, middle); };
-        const auto nearest = std::ranges::min_element(m_counted, {}, distance);
-        return nearest != m_counted.end() ? nearest->id : AcDbObjectId();
-    }
     const edit::Change* changeOf(AcDbObjectId id) const {
         const auto found = m_changes.find(id);
         return found != m_changes.end() ? found->second : nullptr;
     }
-    /// The piece's own change goes before that of a view of it.
-    void follow(AcDbObjectId peca, std::vector<AcDbObjectId> drawn) {
-        if (!peca.isNull()) drawn.insert(drawn.begin(), peca);
-        const auto leader =
-            std::ranges::find_if(drawn, [&](AcDbObjectId id) { return changeOf(id) != nullptr; });
-        if (leader == drawn.end()) return;
+    static bool alike(AcDbObjectId a, AcDbObjectId b) {
+        const ReadPeca first(a, AcDb::kForRead);
+        const ReadPeca second(b, AcDb::kForRead);
+        return first.object() != nullptr && second.object() != nullptr &&
+               ends::alike(Access::of(*first.object()), Access::of(*second.object()));
+    }
+    void follow(AcDbObjectId leader, const std::vector<AcDbObjectId>& drawn) {
         for (const AcDbObjectId& id : drawn)
-            if (id != *leader) showLike(id, *changeOf(*leader));
+            if (id != leader) showLike(id, *changeOf(leader));
     }
     void showLike(AcDbObjectId id, const edit::Change& change) {
         const ReadPeca leader(change.peca, AcDb::kForRead);
@@ -101,10 +91,25 @@ private:
             acutPrintf(L"\n%ls: uma vista não acompanha: %ls\n", marcaOf(m_row).c_str(),
                        reason.c_str());
     }
+    static std::wstring views(int n) {
+        return std::to_wstring(n) + (n == 1 ? L" vista" : L" vistas");
+    }
+    /// Other pieces of the row are as they were.
+    void sayApart(int count, bool piece) const {
+        const std::wstring marca = marcaOf(m_row);
+        if (piece)
+            acutPrintf(
+                L"\n%ls: %ls %ls as peças que não mudaram; a que mudou não tem vistas: "
+                L"desenhe-as com VISTAS.\n",
+                marca.c_str(), views(count).c_str(),
+                count == 1 ? L"continua mostrando" : L"continuam mostrando");
+        else
+            acutPrintf(
+                L"\n%ls: só a vista mudou, a linha tem várias peças. Mude-as com "
+                L"EDITAPERFIL.\n",
+                marca.c_str());
+    }
     void say() const {
-        const auto views = [](int n) {
-            return std::to_wstring(n) + (n == 1 ? L" vista" : L" vistas");
-        };
         const std::wstring marca = marcaOf(m_row);
         if (m_followed > 0)
             acutPrintf(L"\n%ls: %ls %ls a mudança.\n", marca.c_str(), views(m_followed).c_str(),
@@ -119,7 +124,6 @@ private:
 
     AcDbObjectId m_row;
     std::map<AcDbObjectId, const edit::Change*, Older> m_changes;
-    std::vector<Drawn> m_counted;
     int m_followed = 0;
     int m_locked = 0;
 };

@@ -7,6 +7,7 @@
 #include "protocol/length.h"
 #include "zp/objects/cortes.h"
 #include "zp/objects/ends.h"
+#include "zp/objects/member.h"
 
 namespace zp::lengths {
 namespace {
@@ -63,6 +64,9 @@ std::wstring takeOut(AcDbObjectId id, double from, double to, AcDbObjectId& rest
         if (!opened.reason.empty()) return opened.reason;
         const Peca& p = Access::of(opened.peca());
         if (const ACHAR* const reason = ends::whyNone(p)) return reason;
+        // The other part would be steel that nobody counts.
+        if (p.member != nullptr && member::of(opened.peca()).count == 0)
+            return L"Uma vista não se parte: parta a peça que ela mostra.";
         if (!(from > 0.0 && from <= to && to < p.comprimento))
             return L"Não sobraria nada de um lado do corte.";
         first = ends::between(p, 0.0, from);
