@@ -73,9 +73,7 @@ void DatabaseCore::linkVariables() {
                                  },
                                  [this](const VariableInfo& info) {
                                      if (info.name == kScale) m_textFollows = textFollows();
-                                     if (info.access == VariableAccess::ReadWrite &&
-                                         !livesInStyle(info.name))
-                                         m_undo.recordVariable(info.name);
+                                     if (!livesInStyle(info.name)) m_undo.recordVariable(info.name);
                                  },
                                  [this](VariableInfo& info) { variableChanged(info); }});
 }

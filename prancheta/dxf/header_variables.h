@@ -14,6 +14,7 @@ struct HeaderVariable {
     const char* name;  ///< with the dollar sign
     int code;          ///< of its first group
     bool inDimStyle = false;
+    bool hasHeight = false;  ///< a point of three coordinates
 };
 
 /// Kept from an opened file when its texts come back byte by byte.

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "prancheta/base/text.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/loader.h"
 
@@ -122,9 +123,19 @@ void Loader::applyVariables() {
             value = known->code == 62 ? colorText(static_cast<int>(numbers[0]))
                                       : std::wstring(trim(std::wstring_view(text(tags[0].value))));
         if (info->value == value) continue;
+        // No user sets these, files do.
+        if (info->access == VariableAccess::ReadOnly) {
+            m_core.variables().force(wide, value);
+            continue;
+        }
         if (const Result<void> done = m_core.variables().set(wide, value); !done)
             note("variável " + name + " ignorada: " + done.error().text, tags[0].value.data(), 0);
     }
+    if (!holdsPlaneSystem(m_core.variables()))
+        note(
+            "o SCP do arquivo ($UCSXDIR, $UCSYDIR) sai do plano do desenho: fica guardado, e "
+            "vale o SCP mundo",
+            nullptr, 0);
 }
 
 }  // namespace prancheta::dxf

@@ -63,7 +63,10 @@ void Saver::writeVariable(const HeaderVariable& variable) {
     } else if (const auto* real = std::get_if<double>(&info->value)) {
         m_out.real(variable.code, variable.code == 50 ? degreesOf(*real) : *real);
     } else if (const auto* point = std::get_if<AcGePoint3d>(&info->value)) {
-        m_out.point2d(variable.code, point->x, point->y);
+        if (variable.hasHeight)
+            m_out.point(variable.code, *point);
+        else
+            m_out.point2d(variable.code, point->x, point->y);
     } else if (variable.code == 62) {
         m_out.integer(62, colorIndex(std::get<std::wstring>(info->value)));
     } else {

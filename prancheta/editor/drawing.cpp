@@ -2,6 +2,7 @@
 // How one drawing takes the place of another.
 #include "dbdim.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/dimension_ties.h"
@@ -23,6 +24,10 @@ void keepSession(const SystemVariables& from, SystemVariables& to) {
     }
 }
 
+bool isOfUserSystem(const VariableInfo& info) {
+    return info.name == L"UCSORG" || info.name == L"UCSXDIR" || info.name == L"UCSYDIR";
+}
+
 }  // namespace
 
 /// Nothing may refer to the drawing's objects afterwards.
@@ -37,7 +42,7 @@ void Editor::tellClosing() {
     m_programs.selectionSets().clear();
     m_spaces.reset();
     m_screen.start();
-    m_ucs = AcGeMatrix3d();
+    m_formerUcs.clear();
 }
 
 /// Makes a database the working one; the former one goes, with the new one in its place already.
@@ -62,7 +67,11 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
                 return m_spaces.check(info, value);
             return Error{"Um script não pode mudar a variável TRUSTEDPATHS."};
         },
-        [this](const VariableInfo& info) { m_spaces.variableChanged(info); });
+        [this](const VariableInfo& info) {
+            m_spaces.variableChanged(info);
+            if (isOfUserSystem(info)) followUcs();
+        });
+    m_ucs = currentUserSystem(core);
     m_typing.drawingReplaced();
     m_file.begin(std::move(fileName));
 }

@@ -4,6 +4,7 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/dcl/dialog.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
@@ -104,6 +105,18 @@ AcGePoint3d Editor::lastPoint() const {
 
 void Editor::setLastPoint(const AcGePoint3d& world) {
     m_database->core().variables().force(L"LASTPOINT", m_ucs.inverse() * world);
+}
+
+void Editor::setUcs(const AcGeMatrix3d& ucs) {
+    const AcGePoint3d last = lastPoint();
+    keepUserSystem(m_database->core().variables(), ucs);
+    setLastPoint(last);
+}
+
+void Editor::followUcs() {
+    const AcGePoint3d last = lastPoint();
+    m_ucs = currentUserSystem(m_database->core());
+    setLastPoint(last);
 }
 
 // --- Main loop ----------------------------------------------------------------------------------

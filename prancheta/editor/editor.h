@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "dbapserv.h"
 #include "gemat3d.h"
@@ -94,10 +95,14 @@ public:
     /// World coordinates; kept in LASTPOINT in user coordinates.
     AcGePoint3d lastPoint() const;
     void setLastPoint(const AcGePoint3d& world);
-    /// From user to world coordinates.
+    /// From user to world coordinates; a plane frame, on paper the identity.
     const AcGeMatrix3d& ucs() const { return m_ucs; }
-    void setUcs(const AcGeMatrix3d& ucs) { m_ucs = ucs; }
-    AcGeMatrix3d& ucsForChange() { return m_ucs; }
+    /// Of the model, kept in the drawing; the last point stays where it is.
+    void setUcs(const AcGeMatrix3d& ucs);
+    /// The current space or its variables are others.
+    void followUcs();
+    /// What UCS set aside in this session, the latest last.
+    std::vector<AcGeMatrix3d>& formerUcs() { return m_formerUcs; }
     /// System variables with the editor's own (CMDACTIVE, VIEWSIZE, ...) brought up to date.
     SystemVariables& variables() const;
     /// One of them, null for an unknown name. EXTMIN and EXTMAX are measured here and nowhere else:
@@ -146,6 +151,7 @@ private:
     CommandRunner m_runner;
     std::shared_ptr<void> m_commandMemory;
     AcGeMatrix3d m_ucs;
+    std::vector<AcGeMatrix3d> m_formerUcs;
     bool m_quit = false;
 };
 

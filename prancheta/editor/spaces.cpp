@@ -76,6 +76,7 @@ AcDbObjectId Spaces::usualViewport() const {
 void Spaces::placeChanged() {
     DatabaseCore& core = m_editor.database().core();
     core.setCurrentSpace(drawsOnPaper() ? m_tab : core.modelSpaceId());
+    m_editor.followUcs();
     m_editor.selection().clear();
     m_editor.selection().setPrevious({});
     tellVariables();
@@ -96,11 +97,9 @@ void Spaces::show(const Tab& wanted) {
     if (!m_viewport.isNull()) leave();
     if (wanted.block == tab()) return;
     m_views[tab()] = m_editor.screen().view();
-    if (!onSheet()) m_modelUcs = std::exchange(m_editor.ucsForChange(), AcGeMatrix3d());
     m_tab = wanted.block;
     if (onSheet()) m_lastSheet = m_tab;
     m_lastViewport.setNull();
-    if (!onSheet()) m_editor.setUcs(m_modelUcs);
     const auto known = m_views.find(m_tab);
     View view;
     if (known != m_views.end()) {
@@ -133,7 +132,6 @@ std::wstring Spaces::enter(AcDbObjectId id) {
     m_sheetView = m_editor.screen().view();
     const View view = viewThrough(*viewport);
     m_viewport = m_lastViewport = id;
-    m_editor.setUcs(m_modelUcs);
     m_editor.screen().begin(view);
     placeChanged();
     return {};
@@ -141,7 +139,6 @@ std::wstring Spaces::enter(AcDbObjectId id) {
 
 void Spaces::leave() {
     if (m_viewport.isNull()) return;
-    m_modelUcs = std::exchange(m_editor.ucsForChange(), AcGeMatrix3d());
     m_viewport.setNull();
     m_editor.screen().begin(m_sheetView);
     placeChanged();
@@ -185,7 +182,6 @@ void Spaces::settle() {
     if (isGone(m_lastSheet)) m_lastSheet.setNull();
     if (!isGone(m_tab)) return;
     m_tab.setNull();
-    m_editor.setUcs(m_modelUcs);
     m_editor.screen().begin(m_views[m_editor.database().core().modelSpaceId()]);
     placeChanged();
 }
@@ -196,7 +192,6 @@ void Spaces::reset() {
     m_viewport.setNull();
     m_lastViewport.setNull();
     m_views.clear();
-    m_modelUcs = AcGeMatrix3d();
     m_editor.database().core().setCurrentSpace({});
     tellVariables();
 }

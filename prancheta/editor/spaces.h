@@ -73,8 +73,7 @@ private:
     AcDbObjectId m_lastSheet;
     AcDbObjectId m_viewport;
     AcDbObjectId m_lastViewport;
-    View m_sheetView;  ///< while a viewport is drawn through
-    AcGeMatrix3d m_modelUcs;
+    View m_sheetView;                             ///< while a viewport is drawn through
     std::unordered_map<AcDbStub*, View> m_views;  ///< of tabs that are not shown
     bool m_following = false;
 };

@@ -6,6 +6,7 @@
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/user_system.h"
 #include "support.h"
 
 using namespace dxftest;
@@ -304,18 +305,25 @@ TEST(Drawing, HeaderFollowsTheHostAndKeepsTheRest) {
     const std::string more =
         "9\n$LTSCALE\n40\n7.5\n9\n$LUNITS\n70\n4\n9\n$LUPREC\n70\n3\n9\n$ANGBASE\n50\n90.0\n9\n$"
         "CECOLOR\n62\n"
-        "3\n9\n$PDMODE\n70\n34\n9\n$INSBASE\n10\n1.0\n20\n2.0\n30\n0.0\n";
+        "3\n9\n$PDMODE\n70\n34\n9\n$INSBASE\n10\n1.0\n20\n2.0\n30\n0.0\n9\n$UCSNAME\n2\nBANZO\n9\n$"
+        "UCSORG\n10\n7.0\n20\n8.0\n"
+        "30\n0.0\n9\n$UCSXDIR\n10\n0.8\n20\n0.6\n30\n0.0\n9\n$UCSYDIR\n10\n-0.6\n20\n0.8\n30\n0."
+        "0\n";
     text.insert(text.find("0\nENDSEC"), more);
     const auto database = loadText(text);
     ASSERT_NE(database, nullptr);
     EXPECT_EQ(database->ltscale(), 7.5);
+    const AcGeMatrix3d system = userSystemOf(database->core().variables());
+    EXPECT_TRUE((system * AcGePoint3d(10, 0, 0)).isEqualTo({15, 14, 0}));
     EXPECT_EQ(database->cecolor(), 3);
     EXPECT_NEAR(database->core().variables().real(L"ANGBASE"), 1.5707963267948966, 1e-15);
     ASSERT_EQ(database->setLtscale(2.0), Acad::eOk);
     const std::string back = saved(*database);
     for (const char* part :
          {"$LTSCALE\n40\n2.0\n", "$LUNITS\n70\n4\n", "$LUPREC\n70\n3\n", "$ANGBASE\n50\n90.0\n",
-          "$CECOLOR\n62\n3\n", "$PDMODE\n70\n34\n", "$INSBASE\n10\n1.0\n20\n2.0\n30\n0.0\n"})
+          "$CECOLOR\n62\n3\n", "$PDMODE\n70\n34\n", "$INSBASE\n10\n1.0\n20\n2.0\n30\n0.0\n",
+          "$UCSNAME\n2\nBANZO\n", "$UCSORG\n10\n7.0\n20\n8.0\n30\n0.0\n",
+          "$UCSYDIR\n10\n-0.6\n20\n0.8\n30\n0.0\n"})
         EXPECT_NE(back.find(part), std::string::npos) << part;
 }
 
@@ -470,6 +478,18 @@ TEST(Drawing, NumbersOfTheHeaderOutOfRangeAreTold) {
     EXPECT_NE(report.findings[0].text.find("$LUPREC"), std::string::npos);
     EXPECT_NE(report.findings[1].text.find("$CECOLOR"), std::string::npos);
     EXPECT_NE(saved(*database).find("$INSUNITS\n70\n24\n"), std::string::npos) << "survey miles";
+}
+
+TEST(Drawing, AUserSystemOutOfThePlaneIsKeptAndTold) {
+    std::string text = fileWith("0 POINT|8 0|10 1|20 1|30 0");
+    text.insert(text.find("0\nENDSEC"), "9\n$UCSYDIR\n10\n0.0\n20\n0.0\n30\n1.0\n");
+    dxf::LoadReport report;
+    const auto database = loadText(text, &report);
+    ASSERT_NE(database, nullptr);
+    ASSERT_EQ(report.findings.size(), 1U);
+    EXPECT_NE(report.findings[0].text.find("sai do plano"), std::string::npos);
+    EXPECT_EQ(userSystemOf(database->core().variables()), AcGeMatrix3d::kIdentity);
+    EXPECT_NE(saved(*database).find("$UCSYDIR\n10\n0.0\n20\n0.0\n30\n1.0\n"), std::string::npos);
 }
 
 TEST(Drawing, WhatBelongsToSomethingErasedIsNotWritten) {
