@@ -7,12 +7,14 @@
 #include "dbjig.h"
 #include "dbsymtb.h"
 #include "geassign.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/dcl/dialog.h"
 #include "prancheta/editor/api/formatting.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/question.h"
 #include "prancheta/editor/typed_input.h"
+#include "prancheta/geometry/angles.h"
 
 using prancheta::Editor;
 using prancheta::InputFrame;
@@ -137,7 +139,9 @@ AcEdJig::DragStatus AcEdJig::Session::moved(const AcGePoint3d& point, const Inpu
     if (!request.base) return kNormal;
     value.number = request.base->distanceTo(point);
     if (request.kind == InputKind::Angle)
-        value.number = acutAngle(asDblArray(*request.base), asDblArray(point));
+        value.number =
+            prancheta::positiveAngle(acutAngle(asDblArray(*request.base), asDblArray(point)) -
+                                     prancheta::turnOf(Editor::current()->ucs()));
     return kNormal;
 }
 

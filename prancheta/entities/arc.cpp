@@ -109,8 +109,8 @@ void AcDbArc::subList() const {
     AcDbEntity::subList();
     listPoint(L"ponto central,", m_center);
     listNumber(L"raio", m_radius);
-    listAngle(L"ângulo inicial", m_startAngle);
-    listAngle(L"ângulo final", m_endAngle);
+    listDirection(L"ângulo inicial", m_startAngle);
+    listDirection(L"ângulo final", m_endAngle);
     listNumber(L"comprimento", m_radius * sweepOf(*this));
 }
 

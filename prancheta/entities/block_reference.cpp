@@ -221,7 +221,7 @@ void AcDbBlockReference::subList() const {
     listNumber(L"fator de escala X:", m_scale.x);
     listNumber(L"fator de escala Y:", m_scale.y);
     listNumber(L"fator de escala Z:", m_scale.z);
-    listAngle(L"ângulo de rotação:", m_rotation);
+    listDirection(L"ângulo de rotação:", m_rotation);
     for (const AcDbAttribute* const attribute : attributesOf(*this))
         listText(L"atributo " + std::wstring(attribute->tagConst()) + L":",
                  attribute->textStringConst());

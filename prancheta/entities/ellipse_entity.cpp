@@ -168,7 +168,7 @@ void AcDbEllipse::subList() const {
     assertReadEnabled();
     AcDbEntity::subList();
     listPoint(L"ponto central,", m_center);
-    listPoint(L"eixo maior,", AcGePoint3d::kOrigin + m_major);
+    listVector(L"eixo maior,", m_major);
     listNumber(L"semieixo maior", m_major.length());
     listNumber(L"semieixo menor", m_major.length() * m_ratio);
     if (isClosed()) {

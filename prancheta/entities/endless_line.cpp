@@ -85,7 +85,7 @@ void EndlessLine::subList() const {
     assertReadEnabled();
     AcDbEntity::subList();
     listPoint(goesBothWays() ? L"ponto base," : L"ponto inicial,", m_base);
-    listAngle(L"ângulo", angleInPlane(m_direction, AcGeVector3d::kZAxis));
+    listDirection(L"ângulo", angleInPlane(m_direction, AcGeVector3d::kZAxis));
 }
 
 /// The base, and a point that turns the line about it.

@@ -126,7 +126,7 @@ void AcDbHatch::subList() const {
     listText(L"padrão", m_patternName);
     if (!m_solid) {
         listNumber(L"escala", m_patternScale);
-        listAngle(L"ângulo", m_patternAngle);
+        listDirection(L"ângulo", m_patternAngle);
     }
     listText(L"associativa:", m_associative ? L"sim" : L"não");
     double area = 0.0;

@@ -61,7 +61,7 @@ void AcDbLine::subList() const {
     listPoint(L"a partir do ponto,", m_start);
     listPoint(L"até o ponto,", m_end);
     listNumber(L"Comprimento =", delta.length());
-    listAngle(L"Ângulo no plano XY =", angleInPlane(delta, AcGeVector3d::kZAxis));
+    listDirection(L"Ângulo no plano XY =", angleInPlane(delta, AcGeVector3d::kZAxis));
     listText(L"Delta", L"X = " + commaText(delta.x, 4) + L", Y = " + commaText(delta.y, 4) +
                            L", Z = " + commaText(delta.z, 4));
 }

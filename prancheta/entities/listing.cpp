@@ -7,6 +7,10 @@
 #include <cmath>
 
 #include "acutads.h"
+#include "dbapserv.h"
+#include "dbmain.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta {
@@ -14,6 +18,17 @@ namespace prancheta {
 namespace {
 
 constexpr int kDecimals = 4;
+
+/// Of the drawing that is worked on: what is listed is in it.
+AcGeMatrix3d userSystem() {
+    const AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+    return drawing != nullptr ? currentUserSystem(drawing->core()) : AcGeMatrix3d();
+}
+
+void listCoordinates(std::wstring_view label, const AcGeVector3d& v) {
+    listText(label, L"X=" + commaText(v.x, kDecimals) + L"  Y=" + commaText(v.y, kDecimals) +
+                        L"  Z=" + commaText(v.z, kDecimals));
+}
 
 }  // namespace
 
@@ -42,8 +57,11 @@ void listText(std::wstring_view label, std::wstring_view text) {
 }
 
 void listPoint(std::wstring_view label, const AcGePoint3d& p) {
-    listText(label, L"X=" + commaText(p.x, kDecimals) + L"  Y=" + commaText(p.y, kDecimals) +
-                        L"  Z=" + commaText(p.z, kDecimals));
+    listCoordinates(label, (userSystem().inverse() * p).asVector());
+}
+
+void listVector(std::wstring_view label, const AcGeVector3d& v) {
+    listCoordinates(label, userSystem().inverse() * v);
 }
 
 void listNumber(std::wstring_view label, double value) {
@@ -52,6 +70,11 @@ void listNumber(std::wstring_view label, double value) {
 
 void listAngle(std::wstring_view label, double radians) {
     listText(label, fixedText(radians * 180.0 / kPi, 0));
+}
+
+void listDirection(std::wstring_view label, double radians) {
+    const double turn = turnOf(userSystem());
+    listAngle(label, turn == 0.0 ? radians : positiveAngle(radians - turn));
 }
 
 }  // namespace prancheta

@@ -258,7 +258,7 @@ void AcDbMText::subList() const {
     for (const std::wstring& line : plainParagraphs(m_contents)) listText(L"texto", line);
     listNumber(L"altura", m_height);
     listNumber(L"largura", m_width);
-    listAngle(L"ângulo de rotação", rotation());
+    listDirection(L"ângulo de rotação", rotation());
     listNumber(L"espaçamento de linha", m_spacing);
 }
 

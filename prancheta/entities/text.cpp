@@ -188,7 +188,7 @@ void AcDbText::subList() const {
     listText(L"texto", m_text);
     listPoint(L"a partir do ponto,", m_position);
     listNumber(L"altura", m_height);
-    listAngle(L"ângulo de rotação", m_rotation);
+    listDirection(L"ângulo de rotação", m_rotation);
     listNumber(L"fator de largura", m_widthFactor);
 }
 

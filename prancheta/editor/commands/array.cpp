@@ -140,9 +140,10 @@ Matrices aboutCentre(const AcGePoint3d& centre, int items, double total) {
 Task<InputValue> askTotalAngle(CommandContext context, AcGePoint3d centre, int items, Ids ids) {
     Prompt prompt(InputKind::Angle, L"\nÂngulo total <360>: ");
     prompt.from(centre).bits(RSG_NOZERO);
-    showsCopies(prompt, context, ids, [centre, items](const AcGePoint3d& to) {
+    const double turn = userTurn(context);
+    showsCopies(prompt, context, ids, [centre, items, turn](const AcGePoint3d& to) {
         const AcGeVector3d arm = to - centre;
-        return aboutCentre(centre, items, positiveAngle(std::atan2(arm.y, arm.x)));
+        return aboutCentre(centre, items, positiveAngle(std::atan2(arm.y, arm.x) - turn));
     });
     for (;;) {
         InputValue total = co_await context.ask(prompt);

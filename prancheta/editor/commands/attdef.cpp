@@ -101,7 +101,7 @@ Task<int> askPlace(CommandContext context, AcDbAttributeDefinition* definition) 
     if (turned.status == RTNORM) kept.textRotation = turned.number;
     (void)definition->setTextStyle(style.id);
     (void)definition->setHeight(height);  // above 0
-    (void)definition->setRotation(kept.textRotation);
+    (void)definition->setRotation(kept.textRotation + userTurn(context));
     (void)definition->setWidthFactor(style.widthFactor);
     (void)definition->setOblique(style.oblique);
     placeText(*definition, at.point, *justification);

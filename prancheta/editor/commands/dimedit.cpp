@@ -63,10 +63,11 @@ CommandEnd editOne(const CommandContext& context, AcDbObjectId id, const Edit& e
     return refused ? CommandEnd::Failed : CommandEnd::Done;
 }
 
-/// Radians; Enter is 0.
+/// Radians, in the world; Enter and 0, which ask for what is usual, stay 0.
 Task<InputValue> askAngle(CommandContext context, std::wstring question) {
     InputValue angle = co_await context.ask(Prompt(InputKind::Angle, question));
     if (angle.status == RTNONE) angle.number = 0.0;
+    if (angle.number != 0.0) angle.number += userTurn(context);
     co_return angle;
 }
 

@@ -155,7 +155,7 @@ Task<int> askWords(CommandContext context, InputValue option, const AcDbDimensio
     if (isWord(option, L"Angle")) {
         const InputValue angle = co_await context.ask(
             Prompt(InputKind::Angle, L"\nÂngulo do texto: ").required().from(trial.textPosition()));
-        if (angle.status == RTNORM) words.rotation = angle.number;
+        if (angle.status == RTNORM) words.rotation = angle.number + userTurn(context);
         co_return angle.status == RTCAN ? RTCAN : RTNORM;
     }
     const InputValue typed = co_await context.ask(

@@ -54,7 +54,7 @@ Task<int> takeOption(CommandContext context, InputValue option, std::shared_ptr<
         const InputValue angle = co_await context.ask(
             Prompt(InputKind::Angle, L"\nÂngulo da linha de cota <0>: ").from(draft->ends.first));
         if (angle.status == RTCAN) co_return RTCAN;
-        draft->fixed = angle.status == RTNORM ? angle.number : draft->userX;
+        draft->fixed = draft->userX + (angle.status == RTNORM ? angle.number : 0.0);
     }
     co_return RTNORM;
 }
@@ -69,8 +69,7 @@ CommandTask dimlinear(CommandContext context) {
     const auto draft = std::make_shared<Draft>();
     draft->ends = measured.ends;
     draft->toUser = context.editor().ucs().inverse();
-    const AcGeVector3d x = context.editor().ucs() * AcGeVector3d::kXAxis;
-    draft->userX = std::atan2(x.y, x.x);
+    draft->userX = userTurn(context);
     Placing placing;
     placing.question =
         L"\nPosição da linha de cota ou [textoM/Texto/Ângulo/Horizontal/Vertical/Rotacionado]: ";

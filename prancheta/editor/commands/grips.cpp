@@ -107,16 +107,17 @@ Ids stretch(const CommandContext& context, const std::vector<Pulled>& pulled, co
 }
 
 /// What the pointer would answer to the mode's question.
-InputValue answerAt(const AcGePoint3d& base, const Mode& mode, const AcGePoint3d& pointer) {
+InputValue answerAt(const AcGePoint3d& base, const Mode& mode, const AcGePoint3d& pointer,
+                    double turn) {
     InputValue value;
     value.point = pointer;
-    value.number =
-        mode.kind == InputKind::Angle ? directionOf(base, pointer) : base.distanceTo(pointer);
+    value.number = mode.kind == InputKind::Angle ? directionOf(base, pointer) - turn
+                                                 : base.distanceTo(pointer);
     return value;
 }
 
-Prompt question(const Mode& mode, const AcGePoint3d& base, const std::vector<Pulled>& pulled,
-                const Ids& selection) {
+Prompt question(const CommandContext& context, const Mode& mode, const AcGePoint3d& base,
+                const std::vector<Pulled>& pulled, const Ids& selection) {
     Prompt prompt(mode.kind, std::wstring(mode.prompt) + L" ou [Base/Copiar/Desfazer/Sair]: ");
     prompt.from(base).words(kGripsWords).bits(mode.bits);
     if (mode.matrix == nullptr)
@@ -124,8 +125,8 @@ Prompt question(const Mode& mode, const AcGePoint3d& base, const std::vector<Pul
             showEach(entitiesOf(pulled), pulling(pulled, to - base), out);
         });
     else
-        prompt.changing(selection, [&mode, base](const AcGePoint3d& to) {
-            return mode.matrix(base, answerAt(base, mode, to));
+        prompt.changing(selection, [&mode, base, turn = userTurn(context)](const AcGePoint3d& to) {
+            return mode.matrix(base, answerAt(base, mode, to, turn));
         });
     return prompt;
 }
@@ -196,7 +197,7 @@ CommandTask grips(CommandContext context) {
     std::vector<Ids> made;
     for (;;) {
         editor.setLastPoint(base);
-        const Prompt prompt = question(kModes[mode], base, pulled, selection);
+        const Prompt prompt = question(context, kModes[mode], base, pulled, selection);
         const InputValue answer = co_await context.ask(prompt);
         if (answer.status == RTNONE) {
             mode = (mode + 1) % std::size(kModes);

@@ -35,7 +35,7 @@ Made hatchOf(const CommandContext& context, std::vector<HatchLoop> loops) {
     const SystemVariables& variables = context.editor().variables();
     auto hatch = std::make_unique<AcDbHatch>();
     setPattern(*hatch, currentPattern(context), variables.real(L"HPSCALE"),
-               variables.real(L"HPANG"));
+               variables.real(L"HPANG") + userTurn(context));
     const bool associative = variables.number(L"HPASSOC") != 0;
     if (!associative)
         for (HatchLoop& loop : loops) loop.sources.clear();

@@ -107,15 +107,16 @@ CommandTask insert(CommandContext context) {
     const Wanted wanted = co_await askBlock(context);
     if (wanted.block.isNull()) co_return wanted.end;
     const AcDbObjectId block = wanted.block;
+    const double turn = userTurn(context);
     const InputValue at =
         co_await context.ask(Prompt(InputKind::Point, L"\nPonto de inserção: ")
                                  .required()
-                                 .showing(context, [block](const AcGePoint3d& pointer) {
-                                     return insertionOf(block, pointer, 1.0, 1.0, 0.0);
+                                 .showing(context, [block, turn](const AcGePoint3d& pointer) {
+                                     return insertionOf(block, pointer, 1.0, 1.0, turn);
                                  }));
     if (at.status != RTNORM) co_return CommandEnd::Cancelled;
-    const auto shownHere = [block, from = at.point](double scale) {
-        return [=](const AcGePoint3d&) { return insertionOf(block, from, scale, scale, 0.0); };
+    const auto shownHere = [block, turn, from = at.point](double scale) {
+        return [=](const AcGePoint3d&) { return insertionOf(block, from, scale, scale, turn); };
     };
     const InputValue x = co_await context.ask(Prompt(InputKind::Real, L"\nEscala X <1>: ")
                                                   .bits(RSG_NOZERO)
@@ -137,7 +138,7 @@ CommandTask insert(CommandContext context) {
                 return insertionOf(block, from, scaleX, scaleY, std::atan2(to.y, to.x));
             }));
     if (rotation.status == RTCAN) co_return CommandEnd::Cancelled;
-    const double turned = rotation.status == RTNORM ? rotation.number : 0.0;
+    const double turned = turn + (rotation.status == RTNORM ? rotation.number : 0.0);
     Insertion made = insertionOf(block, at.point, scaleX, scaleY, turned);
     if (co_await askNewAttributes(context, made.get()) == RTCAN) co_return CommandEnd::Cancelled;
     co_return addEntity(context, std::move(made)).isNull() ? CommandEnd::Failed : CommandEnd::Done;

@@ -112,10 +112,14 @@ Task<int> askNumber(CommandContext context, const Sheet* sheet, InputKind kind,
 Task<int> askOption(CommandContext context, std::wstring option, Sheet* sheet) {
     if (option == L"Justify") co_return co_await askJustification(context, sheet);
     if (option == L"Linespacing") co_return co_await askSpacing(context, sheet);
-    if (option == L"Rotation")
-        co_return co_await askNumber(
+    if (option == L"Rotation") {
+        double rotation = sheet->rotation - userTurn(context);
+        const int status = co_await askNumber(
             context, sheet, InputKind::Angle,
-            L"\nÂngulo de rotação <" + directionText(sheet->rotation) + L">: ", &sheet->rotation);
+            L"\nÂngulo de rotação <" + directionText(rotation) + L">: ", &rotation);
+        sheet->rotation = rotation + userTurn(context);
+        co_return status;
+    }
     if (option == L"Width") {
         double width = 0.0;
         const int status =
@@ -161,8 +165,7 @@ CommandTask mtext(CommandContext context) {
     Sheet sheet;
     sheet.style = currentTextStyle(context);
     sheet.height = sheet.style.height > 0.0 ? sheet.style.height : offeredTextHeight(context);
-    const AcGeVector3d x = context.editor().ucs() * AcGeVector3d::kXAxis;
-    sheet.rotation = positiveAngle(std::atan2(x.y, x.x));
+    sheet.rotation = positiveAngle(userTurn(context));
     say(context, L"Estilo atual do texto:  \"" + sheet.style.name + L"\"  Altura do texto:  " +
                      toldLength(sheet.height));
     const InputValue first =

@@ -67,7 +67,8 @@ Task<InputValue> byDirection(CommandContext context, AcGePoint3d start) {
             .required());
     if (direction.status != RTNORM) co_return direction;
     const InputValue end = co_await context.ask(endPoint(start));
-    co_return arcTo(context, end, bulgeByDirection(start, end.point, direction.number));
+    co_return arcTo(context, end,
+                    bulgeByDirection(start, end.point, direction.number + userTurn(context)));
 }
 
 Task<InputValue> byRadius(CommandContext context, AcGePoint3d start) {

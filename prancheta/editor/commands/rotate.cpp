@@ -35,13 +35,14 @@ Task<InputValue> angleByReference(CommandContext context, AcGePoint3d base, Ids 
     if (reference.status == RTCAN) co_return reference;
     if (reference.status == RTNORM) kept.referenceAngle = reference.number;
 
+    const double turn = userTurn(context);
     InputValue wanted = co_await context.ask(
         Prompt(InputKind::Angle,
                L"\nEspecifique o novo ângulo ou [Pontos] <" + directionText(kept.newAngle) + L">: ")
             .from(base)
             .words(kNewAngleWords)
             .absolute()
-            .changing(ids, [base, old = kept.referenceAngle](const AcGePoint3d& to) {
+            .changing(ids, [base, old = kept.referenceAngle + turn](const AcGePoint3d& to) {
                 return AcGeMatrix3d::rotation(directionOf(base, to) - old, AcGeVector3d::kZAxis,
                                               base);
             }));
@@ -52,7 +53,7 @@ Task<InputValue> angleByReference(CommandContext context, AcGePoint3d base, Ids 
         wanted = co_await context.ask(Prompt(InputKind::Point, L"\nEspecifique o segundo ponto: ")
                                           .from(start.point)
                                           .required());
-        wanted.number = directionOf(start.point, wanted.point);
+        wanted.number = directionOf(start.point, wanted.point) - turn;
     }
     if (wanted.status == RTCAN) co_return wanted;
     if (wanted.status == RTNORM) kept.newAngle = wanted.number;

@@ -7,6 +7,7 @@
 
 #include "dbsymtb.h"
 #include "prancheta/database/entity_picture.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/geometry/angles.h"
 
@@ -260,11 +261,10 @@ double annotationScale(const CommandContext& context) {
     return context.editor().spaces().drawsOnPaper() ? 1.0 : context.database().dimscale();
 }
 
+double userTurn(const CommandContext& context) { return turnOf(context.editor().ucs()); }
+
 void keepLastAngle(const CommandContext& context, double direction) {
-    Editor& editor = context.editor();
-    const SineCosine sc = sineCosine(direction);
-    const AcGeVector3d v = editor.ucs().inverse() * AcGeVector3d(sc.cosine, sc.sine, 0.0);
-    editor.variables().force(L"LASTANGLE", positiveAngle(std::atan2(v.y, v.x)));
+    context.editor().variables().force(L"LASTANGLE", positiveAngle(direction - userTurn(context)));
 }
 
 AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity) {

@@ -127,6 +127,10 @@ AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity
 /// Drawing units of a millimetre on paper: DIMSCALE, and 1 on a sheet.
 double annotationScale(const CommandContext& context);
 
+/// How far the user's X axis is turned from the world's: what is added to a direction that the user
+/// said, to have it in the world. Radians.
+double userTurn(const CommandContext& context);
+
 /// LASTANGLE: how the line or arc drawn last runs at its end; radians from the world's X axis.
 void keepLastAngle(const CommandContext& context, double direction);
 

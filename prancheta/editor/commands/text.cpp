@@ -98,7 +98,7 @@ Task<int> askSize(CommandContext context, Writing* writing) {
             .from(writing->point)
             .absolute());
     if (rotation.status == RTNORM) kept.textRotation = rotation.number;
-    writing->rotation = kept.textRotation;
+    writing->rotation = kept.textRotation + userTurn(context);
     co_return rotation.status;
 }
 
