@@ -228,6 +228,99 @@ TEST_F(Draw, ConstructionLines) {
     EXPECT_EQ(prancheta::entityAt(*editor, {5e5, 7, 0}), entities()[3]);
 }
 
+TEST_F(Draw, UserSystems) {
+    struct Case {
+        std::initializer_list<const wchar_t*> lines;
+        double x, y, dx, dy;  ///< the origin, and where x runs
+        std::size_t refused;
+    };
+    // A slope of 3:4, so that x and y have 0.6 and 0.8.
+    const Case cases[] = {
+        {{L"scp", L"1000,500", L"5000,3500"}, 1000, 500, 0.8, 0.6, 0},
+        {{L"_ucs", L"7,8", L""}, 7, 8, 1, 0, 0},
+        {{L"_ucs", L"0,0", L"0,0", L"3,4"}, 0, 0, 0.6, 0.8, 1},
+        {{L"_ucs", L"3", L"0,0", L"0,5", L""}, 0, 0, 0, 1, 0},
+        // On one line; on the side where z would have to turn over.
+        {{L"_ucs", L"_3point", L"0,0", L"0,5", L"0,9", L"1,0", L"-1,9"}, 0, 0, 0, 1, 2},
+        {{L"_line", L"0,0", L"40,30", L"", L"_ucs", L"o", L"24,18"}, 40, 30, -0.8, -0.6, 0},
+        {{L"_pline", L"90,0", L"90,30", L"130,60", L"", L"_ucs", L"_ob", L"98,36"},
+         90,
+         30,
+         0.8,
+         0.6,
+         0},
+        {{L"_circle", L"-90,0", L"50", L"_ucs", L"_ob", L"-60,40"}, -90, 0, 0.6, 0.8, 0},
+        {{L"_dimaligned", L"0,-90", L"30,-50", L"0,-90", L"_ucs", L"_ob", L"24,-58"},
+         0,
+         -90,
+         0.6,
+         0.8,
+         0},
+        {{L"_ray", L"-90,-90", L"-86,-87", L"", L"_ucs", L"_ob", L"-82,-84"},
+         -90,
+         -90,
+         0.8,
+         0.6,
+         0},
+        // A point has no direction.
+        {{L"_point", L"60,-60", L"_ucs", L"_ob", L"60,-60", L"24,18"}, 40, 30, -0.8, -0.6, 1},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(&each - cases);
+        const std::size_t before = ui.complaints.size();
+        type(each.lines);
+        ASSERT_FALSE(editor->runner().active());
+        expectPoint(editor->ucs() * AcGePoint3d::kOrigin, each.x, each.y);
+        expectPoint(editor->ucs() * AcGePoint3d(1, 0, 0), each.x + each.dx, each.y + each.dy);
+        expectPoint(editor->ucs() * AcGePoint3d(0, 1, 0), each.x - each.dy, each.y + each.dx);
+        EXPECT_EQ(ui.complaints.size() - before, each.refused);
+        type({L"_ucs", L""});
+        EXPECT_EQ(editor->ucs(), AcGeMatrix3d::kIdentity);
+    }
+    // Back over what was, one by one; undone as any change; the last point stays where it is.
+    type({L"_ucs", L"7,8", L"", L"_ucs", L"1,1", L"", L"_ucs", L"a"});
+    expectPoint(editor->variables().point(L"UCSORG"), 7, 8);
+    type({L"_line", L"0,0", L"@2,0", L"", L"_u", L"_u", L"_u", L"_u"});
+    expectPoint(editor->variables().point(L"UCSORG"), 0, 0);
+    expectPoint(editor->lastPoint(), 9, 8);
+    type({L"_setvar", L"UCSORG"});
+    EXPECT_TRUE(said(L"somente leitura"));
+    // Paper has its own.
+    type({L"_ucs", L"7,8", L"", L"_tilemode", L"0"});
+    EXPECT_EQ(editor->ucs(), AcGeMatrix3d::kIdentity);
+    type({L"_ucs", L"_tilemode", L"1"});
+    EXPECT_TRUE(said(L"No papel vale o SCP do papel"));
+    expectPoint(editor->ucs() * AcGePoint3d::kOrigin, 7, 8);
+}
+
+TEST_F(Draw, WhatIsDrawnFollowsTheUserSystem) {
+    // From 100,0 x runs upwards and y to the left: u,v stands at 100-v, u.
+    type({L"_ucs", L"100,0", L"100,5", L"_line", L"10,0", L"@5<0", L""});
+    expectLine(last(), 100, 10, 100, 15);
+    type({L"_list", L"_l", L""});
+    EXPECT_TRUE(said(L"X=10,0000  Y=0,0000"));
+    EXPECT_TRUE(said(L"Ângulo no plano XY = 0"));
+    type({L"_xline", L"_h", L"5,7", L""});
+    expectPoint(AcGePoint3d::kOrigin + Read<AcDbXline>(last())->unitDir(), 0, 1);
+    type({L"_rectang", L"0,0", L"20,10"});
+    AcGePoint3d corner;
+    EXPECT_EQ(Read<AcDbPolyline>(last())->getPointAt(1, corner), Acad::eOk);
+    expectPoint(corner, 100, 20);
+    type({L"_hatch", L"5,5", L""});
+    EXPECT_NEAR(Read<AcDbHatch>(last())->patternAngle(), kPi / 2, 1e-12);
+    type({L"_text", L"10,0", L"5", L"30", L"A", L""});
+    EXPECT_NEAR(Read<AcDbText>(last())->rotation(), kPi / 2 + kPi / 6, 1e-12);
+    type({L"_-block", L"A", L"10,0", L"_l", L"", L"_insert", L"A", L"0,0", L"", L"", L""});
+    EXPECT_NEAR(Read<AcDbBlockReference>(last())->rotation(), kPi / 2, 1e-12);
+    type({L"_dimlinear", L"0,0", L"30,40", L"15,-10"});
+    EXPECT_NEAR(Read<AcDbDimension>(last())->measurement(), 30, 1e-9);
+    type({L"_dimlinear", L"0,0", L"30,40", L"_r", L"90", L"15,-10"});
+    EXPECT_NEAR(Read<AcDbDimension>(last())->measurement(), 40, 1e-9);
+    // Pointed at and typed, a turn is the same.
+    type({L"_line", L"0,0", L"9,0", L"", L"_rotate", L"_l", L"", L"0,0", L"0,5"});
+    expectLine(last(), 100, 0, 91, 0);
+}
+
 TEST_F(Draw, LastAngleIsTheDirectionOfTheEnd) {
     const auto lastAngle = [&] { return editor->variables().real(L"LASTANGLE"); };
     type({L"_line", L"0,0", L"5,0", L"5,5", L""});

@@ -99,6 +99,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"REDRAW",      L"REDESENHA",    kView,    commands::redraw},
     {L"REGEN",       L"REGEN",        ACRX_CMD_NO_UNDO_MARKER, commands::regen},
 
+    {L"UCS",         L"SCP",          kModal,   commands::ucs},
     {L"LAYER",       L"CAMADA",       kModal,   commands::layerInWindow},
     {L"-LAYER",      L"-CAMADA",      kModal,   commands::layer},
     {L"AUDIT",       L"AUDITAR",      kModal,   commands::audit},

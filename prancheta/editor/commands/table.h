@@ -122,6 +122,7 @@ CommandTask styleInWindow(CommandContext context);
 CommandTask text(CommandContext context);
 CommandTask trimObjects(CommandContext context);
 CommandTask u(CommandContext context);
+CommandTask ucs(CommandContext context);
 CommandTask undo(CommandContext context);
 CommandTask wblock(CommandContext context);
 CommandTask xline(CommandContext context);
