@@ -115,6 +115,7 @@ void Canvas::Impl::follow() {
     look.lineWeights = variables.number(L"LWDISPLAY") != 0;
     look.grid = variables.number(L"GRIDMODE") != 0;
     look.gridSpacing = gridSpacing(variables);
+    look.userToWorld = flat(editor->ucs());
     if (look != shownLook) {
         shownLook = look;
         sheet.spoilAll();

@@ -82,7 +82,10 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
         reach.setSize(reach.size() * percent / 100.0);
         reach.moveCenter(cursor);
     }
-    drawCursor(painter, palette(), cursor, reach,
+    AcGePoint3d origin;
+    AcGeVector3d x, y, z;
+    editor->ucs().getCoordSystem(origin, x, y, z);
+    drawCursor(painter, palette(), cursor, reach, unitOf(x),
                boxOnly       ? Cursor::Box
                : atCommand() ? Cursor::CrossWithBox
                              : Cursor::Cross,
@@ -126,7 +129,13 @@ void Canvas::Impl::paintAxes(QPainter& painter) const {
     AcGePoint3d origin;
     AcGeVector3d x, y, z;
     editor->ucs().getCoordSystem(origin, x, y, z);
-    drawAxes(painter, palette(), QPointF(26.0, canvas.height() - 26.0), unitOf(x), unitOf(y));
+    constexpr double kRoom = 26.0;
+    QPointF place(kRoom, canvas.height() - kRoom);
+    const QPointF there = screen(origin);
+    const bool inView =
+        QRectF(canvas.rect()).adjusted(kRoom, kRoom, -kRoom, -kRoom).contains(there);
+    if (inView && editor->ucs() != AcGeMatrix3d::kIdentity) place = there;
+    drawAxes(painter, palette(), place, unitOf(x), unitOf(y));
 }
 
 }  // namespace prancheta::desktop

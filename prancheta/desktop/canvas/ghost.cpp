@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "prancheta/database/entity_picture.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/plot/painter.h"
 
 namespace prancheta::desktop {
@@ -36,21 +37,17 @@ Picture boxesOf(DisplayList& display, const std::vector<AcDbObjectId>& ids) {
     return boxes;
 }
 
-QTransform flat(const AcGeMatrix3d& m) {
-    return {m.entry[0][0], m.entry[1][0], m.entry[0][1],
-            m.entry[1][1], m.entry[0][3], m.entry[1][3]};
-}
-
 bool changesSelection(const InputRequest& request) {
     return request.moving || request.rotating || request.transforming;
 }
 
-AcGeMatrix3d change(const InputRequest& request, const AcGePoint3d& pointer) {
+/// `turn`: of the user's X axis, from which turning angles are read.
+AcGeMatrix3d change(const InputRequest& request, const AcGePoint3d& pointer, double turn) {
     if (request.transforming) return request.transforming(pointer);
     if (!request.base) return AcGeMatrix3d::kIdentity;
     const AcGeVector3d reach = pointer - *request.base;
     if (request.moving) return AcGeMatrix3d::translation(reach);
-    return AcGeMatrix3d::rotation(std::atan2(reach.y, reach.x), AcGeVector3d::kZAxis,
+    return AcGeMatrix3d::rotation(std::atan2(reach.y, reach.x) - turn, AcGeVector3d::kZAxis,
                                   *request.base);
 }
 
@@ -79,7 +76,7 @@ void Ghost::paint(QPainter& painter, Editor& editor, const InputRequest& request
     settings.lineWeights = look.lineWeights;
     if (changesSelection(request) && !m_selection.empty()) {
         PicturePainter::Settings moved = settings;
-        moved.toDevice = flat(change(request, pointer)) * settings.toDevice;
+        moved.toDevice = flat(change(request, pointer, turnOf(editor.ucs()))) * settings.toDevice;
         PicturePainter(painter, editor.appearances(), moved).paint(m_selection);
     }
     Picture drawn;

@@ -80,17 +80,21 @@ constexpr Marker kMarkers[] = {
 }  // namespace
 
 void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, const QRectF& reach,
-                Cursor kind, double pickBox) {
+                const QPointF& x, Cursor kind, double pickBox) {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(palette.cursor, 0));
     painter.setBrush(Qt::NoBrush);
     const double gap = kind == Cursor::Cross ? 0.0 : pickBox;
     if (kind != Cursor::Cross) painter.drawRect(around(at, pickBox));
     if (kind == Cursor::Box) return;
-    painter.drawLine(QPointF(reach.left(), at.y()), QPointF(at.x() - gap, at.y()));
-    painter.drawLine(QPointF(at.x() + gap, at.y()), QPointF(reach.right(), at.y()));
-    painter.drawLine(QPointF(at.x(), reach.top()), QPointF(at.x(), at.y() - gap));
-    painter.drawLine(QPointF(at.x(), at.y() + gap), QPointF(at.x(), reach.bottom()));
+    painter.save();
+    painter.setClipRect(reach, Qt::IntersectClip);
+    const QPointF along(x.x(), -x.y());
+    const double beyond = reach.width() + reach.height();
+    for (const QPointF& arm :
+         {along, -along, QPointF(-along.y(), along.x()), QPointF(along.y(), -along.x())})
+        painter.drawLine(at + arm * gap, at + arm * beyond);
+    painter.restore();
 }
 
 void drawBand(QPainter& painter, const Palette& palette, const QPointF& from, const QPointF& to) {

@@ -11,9 +11,10 @@
 namespace prancheta::desktop {
 
 enum class Cursor { Cross, CrossWithBox, Box };
-/// The lines of the cross end at the edges of `reach`.
+/// The lines of the cross end at the edges of `reach`; one runs along `x`, a direction in the
+/// world's plane of length 1.
 void drawCursor(QPainter& painter, const Palette& palette, const QPointF& at, const QRectF& reach,
-                Cursor kind, double pickBox);
+                const QPointF& x, Cursor kind, double pickBox);
 void drawBand(QPainter& painter, const Palette& palette, const QPointF& from, const QPointF& to);
 
 enum class Frame { Plain, Window, Crossing };

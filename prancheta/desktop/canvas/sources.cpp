@@ -45,6 +45,24 @@ public:
         for (int y = std::max(y1, 0); y <= std::min(y2, m_height - 1); ++y)
             reinterpret_cast<QRgb*>(m_bits + m_stride * y)[x] = color;
     }
+    /// One pixel in each column or row, whichever it passes more of.
+    void line(const QPointF& a, const QPointF& b, QRgb color) {
+        const QPointF v = b - a;
+        const bool flat = std::abs(v.x()) >= std::abs(v.y());
+        const double from = flat ? a.x() : a.y();
+        const double to = flat ? b.x() : b.y();
+        const double side = flat ? a.y() : a.x();
+        const double slope = flat ? v.y() / v.x() : v.x() / v.y();
+        const int last =
+            static_cast<int>(std::min(std::max(from, to), flat ? m_width - 1.0 : m_height - 1.0));
+        for (int i = static_cast<int>(std::max(0.0, std::min(from, to))); i <= last; ++i) {
+            const int across = static_cast<int>(std::floor(side + (i - from) * slope));
+            if (flat)
+                row(i, i, across, color);
+            else
+                column(across, i, i, color);
+        }
+    }
     /// Outline of a box; a dot or a line when it is thin.
     void frame(const QRectF& box, QRgb color) {
         const int left = static_cast<int>(std::floor(box.left()));
@@ -141,7 +159,8 @@ void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
     const auto stepOf = [least](double spacing) {
         return spacing * std::pow(10.0, std::max(0.0, std::ceil(std::log10(least / spacing))));
     };
-    const QRectF world = toPiece.inverted().mapRect(QRectF(piece.rect()));
+    const QTransform userToPiece = look.userToWorld * toPiece;
+    const QRectF area = userToPiece.inverted().mapRect(QRectF(piece.rect()));
     Pixels pixels(piece);
     const auto lines = [&](double from, double to, double step, auto draw) {
         for (const bool major : {false, true}) {
@@ -150,15 +169,15 @@ void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
                 if ((std::fmod(k, kMajorEvery) == 0.0) == major) draw(k * step, color);
         }
     };
-    lines(world.left(), world.right(), stepOf(look.gridSpacing.width()), [&](double x, QRgb color) {
-        const double at = toPiece.m11() * x + toPiece.dx();
-        pixels.column(static_cast<int>(std::floor(at)), 0, piece.height() - 1, color);
+    const auto between = [&](const QPointF& a, const QPointF& b, QRgb color) {
+        pixels.line(userToPiece.map(a), userToPiece.map(b), color);
+    };
+    lines(area.left(), area.right(), stepOf(look.gridSpacing.width()), [&](double x, QRgb color) {
+        between({x, area.top()}, {x, area.bottom()}, color);
     });
-    lines(world.top(), world.bottom(), stepOf(look.gridSpacing.height()),
-          [&](double y, QRgb color) {
-              const double at = toPiece.m22() * y + toPiece.dy();
-              pixels.row(0, piece.width() - 1, static_cast<int>(std::floor(at)), color);
-          });
+    lines(area.top(), area.bottom(), stepOf(look.gridSpacing.height()), [&](double y, QRgb color) {
+        between({area.left(), y}, {area.right(), y}, color);
+    });
 }
 
 DisplayList& DrawingSource::shownList() const {

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QSizeF>
+#include <QTransform>
 
 #include <unordered_set>
 
@@ -35,6 +36,7 @@ struct Look {
     bool lineWeights = false;
     bool grid = false;
     QSizeF gridSpacing{10.0, 10.0};  ///< least one, drawing units
+    QTransform userToWorld;          ///< its lines run along the user's axes
     bool operator==(const Look&) const = default;
 };
 

@@ -10,6 +10,12 @@
 
 namespace prancheta::desktop {
 
+/// What a matrix does in the plane.
+inline QTransform flat(const AcGeMatrix3d& m) {
+    return {m.entry[0][0], m.entry[1][0], m.entry[0][1],
+            m.entry[1][1], m.entry[0][3], m.entry[1][3]};
+}
+
 /// Plan view of the world's XY plane. Screen points are logical pixels from the area's top left.
 class Viewport {
 public:
