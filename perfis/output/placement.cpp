@@ -2,6 +2,9 @@
 // Placement: rotate command, face points, two-point prompt.
 #include "perfis/output/placement.h"
 
+#include <cmath>
+#include <span>
+
 #include "acedads.h"
 #include "acutmem.h"
 #include "dbsymtb.h"
@@ -23,6 +26,20 @@ bool onWorkableLayer(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbLayerTableRecord> layer(layerId, AcDb::kForRead);
     if (layer.openStatus() != Acad::eOk) return false;
     return !layer->isFrozen() && !layer->isLocked() && !layer->isOff();
+}
+
+/// What was drawn along the world's X axis lies along the user's, from which the angle counts that
+/// is asked for next. Those that cannot be opened stay, as they do in the rotate command.
+void turnToUser(const AcGePoint3d& base, std::span<const AcDbObjectId> entities) {
+    const AcGeVector3d x = userToWorld(AcGePoint3d::kOrigin + AcGeVector3d::kXAxis) -
+                           userToWorld(AcGePoint3d::kOrigin);
+    if (x == AcGeVector3d::kXAxis) return;
+    const AcGeMatrix3d turn =
+        AcGeMatrix3d::rotation(std::atan2(x.y, x.x), AcGeVector3d::kZAxis, base);
+    for (const AcDbObjectId& id : entities) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        if (entity.openStatus() == Acad::eOk) (void)entity->transformBy(turn);
+    }
 }
 
 /// One acedCommand call for one entity; an identifier that names none is left out.
@@ -48,6 +65,10 @@ int rotateIntoPlace(const AcGePoint3d& base, AcDbObjectId peca, const Companions
     ads_name name = {};
     if (acdbGetAdsName(name, peca) != Acad::eOk) return 0;
     const AcGePoint3d userBase = worldToUser(base);
+    turnToUser(base, std::span(&peca, 1));
+    turnToUser(base, companions.others);
+    turnToUser(base, companions.cotas);
+    turnToUser(base, companions.marcas);
     (void)acedCommand(RTSTR, L"_.rotate", RTENAME, name, RTNONE);
     for (const AcDbObjectId& id : companions.others) sendEntity(id);
     for (const AcDbObjectId& id : companions.cotas) sendEntity(id);
@@ -62,6 +83,7 @@ int rotateSet(const AcGePoint3d& base, const std::vector<AcDbObjectId>& entities
     const TempVarOverride snaps(L"OSMODE", shortValue(0));
     const TempVarOverride echo(L"CMDECHO", shortValue(0));
     const AcGePoint3d userBase = worldToUser(base);
+    turnToUser(base, entities);
     (void)acedCommand(RTSTR, L"_.rotate", RTNONE);
     for (const AcDbObjectId& id : entities) sendEntity(id);
     sendBasePoint(userBase);

@@ -4,7 +4,9 @@
 #include <string>
 #include <utility>
 
+#include "acedads.h"
 #include "acutads.h"
+#include "geassign.h"
 #include "perfis/entities/zpobject.h"
 #include "texts/letters.h"
 #include "texts/number.h"
@@ -29,7 +31,12 @@ void line(const std::wstring& name, const std::wstring& value) {
     acutPrintf(L"\n%37ls: %ls", name.c_str(), value.c_str());
 }
 
-std::wstring point(const AcGePoint3d& p) {
+/// In the user's coordinates.
+std::wstring point(const AcGePoint3d& world) {
+    const resbuf from{nullptr, RTSHORT, {.rint = 0}};
+    const resbuf to{nullptr, RTSHORT, {.rint = 1}};
+    AcGePoint3d p = world;
+    (void)acedTrans(asDblArray(world), &from, &to, 0, asDblArray(p));  // refused, the world's
     return L"X=" + withComma(p.x, 4) + L"  Y=" + withComma(p.y, 4) + L"  Z=" + withComma(p.z, 4);
 }
 
