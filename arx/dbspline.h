@@ -45,6 +45,9 @@ class AcDbSpline : public AcDbEntity {
     AcGePoint3d endPoint() const { return m_curve.back(); }
     /// Of the curve, drawing units.
     double length() const;
+    /// Enclosed by a closed one that lies at one height, drawing units squared; else
+    /// eInvalidInput, and no change.
+    Acad::ErrorStatus getArea(double& area) const;
 
 protected:
     /// The control points; of a spline without, the fit points.
@@ -57,6 +60,8 @@ protected:
 
 private:
     void follow();
+    /// Half of the length away from both ends.
+    AcGePoint3d middle() const;
     prancheta::SplineData m_data;
     /// Places along the curve, from its start to its end, see splinePlaces().
     std::vector<AcGePoint3d> m_curve = std::vector<AcGePoint3d>(3);

@@ -25,6 +25,19 @@ double bulgeThrough(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3
     return turn > 0.0 ? -std::tan((kPi - turn) / 2.0) : std::tan((kPi + turn) / 2.0);
 }
 
+/// Half of the sweep of the arc from a to b through m, radians.
+double halfTurn(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3d& b) {
+    const AcGeVector3d u = a - m;
+    const AcGeVector3d v = b - m;
+    return kPi - std::atan2(u.crossProduct(v).length(), u.dotProduct(v));
+}
+
+double arcLength(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3d& b) {
+    const double half = halfTurn(a, m, b);
+    const double chord = a.distanceTo(b);
+    return half > 1e-6 ? chord * half / std::sin(half) : chord;
+}
+
 bool isLevel(const SplineData& data) {
     const std::vector<AcGePoint3d>& points = data.control.empty() ? data.fit : data.control;
     return std::ranges::all_of(points, [&](const AcGePoint3d& p) { return p.z == points[0].z; });
@@ -70,17 +83,54 @@ bool AcDbSpline::isClosed() const {
     return startPoint().distanceTo(endPoint()) <= kSame * std::max(1.0, length());
 }
 
-/// Of the arcs.
 double AcDbSpline::length() const {
     double sum = 0.0;
-    for (std::size_t i = 2; i < m_curve.size(); i += 2) {
-        const double chord = m_curve[i].distanceTo(m_curve[i - 2]);
-        const AcGeVector3d u = m_curve[i - 2] - m_curve[i - 1];
-        const AcGeVector3d v = m_curve[i] - m_curve[i - 1];
-        const double half = kPi - std::atan2(u.crossProduct(v).length(), u.dotProduct(v));
-        sum += half > 1e-6 ? chord * half / std::sin(half) : chord;
-    }
+    for (std::size_t i = 2; i < m_curve.size(); i += 2)
+        sum += arcLength(m_curve[i - 2], m_curve[i - 1], m_curve[i]);
     return sum;
+}
+
+Acad::ErrorStatus AcDbSpline::getArea(double& area) const {
+    if (!isClosed() || !isLevel(m_data)) return Acad::eInvalidInput;
+    // Told from the start, so that no digit is lost far from the origin.
+    const AcGePoint3d& o = m_curve.front();
+    double sum = 0.0;
+    for (std::size_t i = 2; i < m_curve.size(); i += 2) {
+        const AcGeVector3d a = m_curve[i - 2] - o;
+        const AcGeVector3d b = m_curve[i] - o;
+        sum += (a.x * b.y - b.x * a.y) / 2.0;
+        // Between the arc and its chord.
+        const double sweep =
+            4.0 * std::atan(bulgeThrough(m_curve[i - 2], m_curve[i - 1], m_curve[i]));
+        const double half = std::sin(sweep / 2.0);
+        if (std::abs(half) < 1e-9) continue;
+        const double radius = (b - a).length() / 2.0 / half;
+        sum += radius * radius * (sweep - std::sin(sweep)) / 2.0;
+    }
+    area = std::abs(sum);
+    return Acad::eOk;
+}
+
+AcGePoint3d AcDbSpline::middle() const {
+    double left = length() / 2.0;
+    std::size_t i = 2;
+    double piece = arcLength(m_curve[0], m_curve[1], m_curve[2]);
+    while (left > piece && i + 2 < m_curve.size()) {
+        left -= piece;
+        i += 2;
+        piece = arcLength(m_curve[i - 2], m_curve[i - 1], m_curve[i]);
+    }
+    const AcGePoint3d& a = m_curve[i - 2];
+    const AcGeVector3d u = m_curve[i] - a;
+    const AcGeVector3d v = m_curve[i - 1] - a;
+    const AcGeVector3d normal = v.crossProduct(u);
+    const double t = piece > 0.0 ? left / piece : 0.0;
+    const double half = halfTurn(a, m_curve[i - 1], m_curve[i]);
+    if (half <= 1e-6 || normal.isZeroLength()) return a + u * t;
+    // The chord to a place of the arc leaves the whole chord by half of what is left of the turn.
+    AcGeVector3d chord = u.normal() * (u.length() / std::sin(half) * std::sin(half * t));
+    chord.rotateBy(-half * (1.0 - t), normal.normal());
+    return a + chord;
 }
 
 Acad::ErrorStatus AcDbSpline::dwgOutFields(AcDbDwgFiler* filer) const {
@@ -166,6 +216,8 @@ void AcDbSpline::subList() const {
     listPoint(L"ponto inicial,", startPoint());
     listPoint(L"ponto final,", endPoint());
     listNumber(L"comprimento", length());
+    double area = 0.0;
+    if (getArea(area) == Acad::eOk) listNumber(L"área", area);
 }
 
 Acad::ErrorStatus AcDbSpline::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,
@@ -207,6 +259,8 @@ Acad::ErrorStatus AcDbSpline::subGetOsnapPoints(AcDb::OsnapMode mode, Adesk::GsM
             if (!isClosed()) points.append(endPoint());
             return Acad::eOk;
         case AcDb::kOsModeMid:
+            if (!isClosed()) points.append(middle());
+            return Acad::eOk;
         case AcDb::kOsModeCen:
         case AcDb::kOsModeQuad:
             return Acad::eOk;  // those of the arcs that it is drawn with are none of its own

@@ -208,6 +208,9 @@ TEST_F(SimpleTest, SplinesAreTheCurvesTheyAre) {
     ASSERT_EQ(circle.setData(round), Acad::eOk);
     EXPECT_TRUE(circle.isClosed());
     EXPECT_NEAR(circle.length(), kTwoPi * 10, 1e-6);
+    double area = 0.0;
+    EXPECT_EQ(circle.getArea(area), Acad::eOk);
+    EXPECT_NEAR(area, kPi * 100, 1e-5);
     const Picture picture = pictureOf(circle);
     ASSERT_EQ(picture.size(), 1u);
     std::vector<AcGePoint3d> points;
@@ -236,6 +239,12 @@ TEST_F(SimpleTest, SplinesAreTheCurvesTheyAre) {
     EXPECT_EQ(parabola.getOsnapPoints(AcDb::kOsModeEnd, 0, {}, {}, {}, ends, ids), Acad::eOk);
     ASSERT_EQ(ends.length(), 2);
     EXPECT_TRUE(near(ends[1], {4, 0, 0}));
+    EXPECT_EQ(parabola.getArea(area), Acad::eInvalidInput);
+    // Half way along the upper one of 4: in its own mirror.
+    AcGePoint3dArray middle;
+    EXPECT_EQ(parabola.getOsnapPoints(AcDb::kOsModeMid, 0, {}, {}, {}, middle, ids), Acad::eOk);
+    ASSERT_EQ(middle.length(), 1);
+    EXPECT_NEAR(middle[0].distanceTo({2, 4, 0}), 0, 1e-4);
 
     // Through its fit points, leaving the first one straight up.
     SplineData through;
