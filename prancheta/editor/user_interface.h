@@ -110,6 +110,8 @@ struct InputRequest {
     /// that shows it while it waits. Good as long as the question waits; changes nothing. Of a
     /// distance without `base` the pointer is told from the first of the two points that give it.
     std::function<void(const AcGePoint3d& pointer, Picture& out)> preview;
+    /// In the place of `preview` while Shift is held, where that gives another answer.
+    std::function<void(const AcGePoint3d& pointer, Picture& out)> shiftPreview;
     /// What that answer would do to `selection`, for more than `moving` and `rotating` can say.
     std::function<AcGeMatrix3d(const AcGePoint3d& pointer)> transforming;
     /// For a text: the answer of who edits it in place is all its lines, each with its line end.

@@ -640,5 +640,21 @@ TEST_F(Cut, PolylinesAreEdited) {
     });
 }
 
+TEST_F(Cut, ThePreviewShowsWhatAPickDoesAndWhatItDoesWithShift) {
+    type({L"_line", L"0,0", L"100,0", L"", L"_line", L"60,-10", L"60,10", L"", L"_line", L"150,-10",
+          L"150,10", L"", L"_trim", L""});
+    ASSERT_TRUE(ui.last.preview && ui.last.shiftPreview);
+    const auto shown = [](const auto& preview) {
+        prancheta::Picture out;
+        preview(AcGePoint3d(90, 0, 0), out);
+        return prancheta::boxOf(out.extents());
+    };
+    EXPECT_NEAR(shown(ui.last.preview).left, 60, 1e-9);
+    EXPECT_NEAR(shown(ui.last.preview).right, 100, 1e-9);
+    EXPECT_NEAR(shown(ui.last.shiftPreview).left, 100, 1e-9);
+    EXPECT_NEAR(shown(ui.last.shiftPreview).right, 150, 1e-9);
+    type({L"^C"});
+}
+
 }  // namespace
 }  // namespace builtin

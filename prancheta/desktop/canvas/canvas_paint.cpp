@@ -52,6 +52,7 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
         PicturePainter(painter, editor->appearances(), settings)
             .paintPlain(editor->display().picture(hover), QPen(color, 2.0));
     }
+    const bool shift = (modifiers & Qt::ShiftModifier) != 0;
     if (request != nullptr && asksForPoint(*request) && mouse) {
         const QPointF to = screen(aim.point());
         if (request->base && request->kind == InputKind::Corner)
@@ -59,9 +60,10 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
                       Frame::Plain);
         else if (request->base)
             drawBand(painter, palette(), screen(*request->base), to);
-        ghost.paint(painter, *editor, *request, aim.point(), viewport, drawing.look);
+        ghost.paint(painter, *editor, *request, aim.point(), shift, viewport, drawing.look);
     } else if (request != nullptr && request->kind == InputKind::Entity && mouse) {
-        ghost.paint(painter, *editor, *request, viewport.toWorld(*mouse), viewport, drawing.look);
+        ghost.paint(painter, *editor, *request, viewport.toWorld(*mouse), shift, viewport,
+                    drawing.look);
     }
     if (frame && mouse) {
         const QPointF first = screen(frame->first);

@@ -68,7 +68,8 @@ void Ghost::prepare(Editor& editor, const InputRequest& request) {
 }
 
 void Ghost::paint(QPainter& painter, Editor& editor, const InputRequest& request,
-                  const AcGePoint3d& pointer, const Viewport& viewport, const Look& look) {
+                  const AcGePoint3d& pointer, bool shift, const Viewport& viewport,
+                  const Look& look) {
     PicturePainter::Settings settings;
     settings.toDevice = viewport.transform();
     settings.devicePerMillimetre = look.pixelsPerMillimetre;
@@ -82,7 +83,8 @@ void Ghost::paint(QPainter& painter, Editor& editor, const InputRequest& request
     Picture drawn;
     if (request.dragged != nullptr)
         recordPicture(*request.dragged, drawn, kAcGiStandardDisplay, true);
-    if (request.preview) request.preview(pointer, drawn);
+    const auto& preview = shift && request.shiftPreview ? request.shiftPreview : request.preview;
+    if (preview) preview(pointer, drawn);
     if (!drawn.empty()) PicturePainter(painter, editor.appearances(), settings).paint(drawn);
 }
 

@@ -14,9 +14,9 @@ public:
     /// Looks at the entities that are to be moved or turned; once a request.
     void prepare(Editor& editor, const InputRequest& request);
     void clear();
-    /// `pointer` is world, after snap and ortho.
+    /// `pointer` is world, after snap and ortho; `shift` tells whether that key is held.
     void paint(QPainter& painter, Editor& editor, const InputRequest& request,
-               const AcGePoint3d& pointer, const Viewport& viewport, const Look& look);
+               const AcGePoint3d& pointer, bool shift, const Viewport& viewport, const Look& look);
 
 private:
     Picture m_selection;  ///< boxes when it would be too much

@@ -94,6 +94,10 @@ Prompt& Prompt::preview(std::function<void(const AcGePoint3d&, Picture&)> draw) 
     m_request.preview = std::move(draw);
     return *this;
 }
+Prompt& Prompt::shiftPreview(std::function<void(const AcGePoint3d&, Picture&)> draw) {
+    m_request.shiftPreview = std::move(draw);
+    return *this;
+}
 
 Task<Selection> selectForChange(CommandContext context) { return selectObjects(context, {}); }
 

@@ -51,6 +51,8 @@ public:
     Prompt& inPlace(const TextFrame& frame);
     /// The pointer comes in world coordinates.
     Prompt& preview(std::function<void(const AcGePoint3d&, Picture&)> draw);
+    /// Of the answer that Shift makes.
+    Prompt& shiftPreview(std::function<void(const AcGePoint3d&, Picture&)> draw);
     operator InputRequest() const { return m_request; }
 
 private:

@@ -225,6 +225,14 @@ Task<int> takeWord(CommandContext context, CuttingEdges& edges, UndoSteps& steps
     co_return co_await cutMany(context, edges, word == L"Fence", way);
 }
 
+/// Good as long as the edges.
+std::function<void(const AcGePoint3d&, Picture&)> previewOf(const CommandContext& context,
+                                                            const CuttingEdges& edges, Way way) {
+    return [&editor = context.editor(), &edges, way](const AcGePoint3d& at, Picture& out) {
+        showCut(editor, edges, way, at, out);
+    };
+}
+
 CommandTask cutWhatIsPicked(CommandContext context, Way way) {
     const Selection chosen = co_await askEdges(context, true);
     if (chosen.status == RTCAN) co_return CommandEnd::Cancelled;
@@ -237,10 +245,8 @@ CommandTask cutWhatIsPicked(CommandContext context, Way way) {
                       L"\nSelecione o objeto a " + what +
                           L" ou [arestas de corTe/Cerca/cruZamento/Aresta/aPagar/Desfazer]: ");
         prompt.words(kTrimWords)
-            .preview(
-                [&editor = context.editor(), &edges, way](const AcGePoint3d& at, Picture& out) {
-                    showCut(editor, edges, way, at, out);
-                });
+            .preview(previewOf(context, edges, way))
+            .shiftPreview(previewOf(context, edges, other(way)));
         const InputValue answer = co_await context.ask(prompt);
         if (answer.status == RTNONE || answer.status == RTCAN) break;
         if (answer.status == RTKWORD) {
