@@ -16,12 +16,27 @@ enum AcGiRegenType {
     kAcGiSaveWorldDrawForProxy = 6,
 };
 
+/// A colour by its shares of red, green and blue.
+class AcCmEntityColor {
+public:
+    AcCmEntityColor(Adesk::UInt8 red, Adesk::UInt8 green, Adesk::UInt8 blue)
+        : m_red(red), m_green(green), m_blue(blue) {}
+    Adesk::UInt8 red() const { return m_red; }
+    Adesk::UInt8 green() const { return m_green; }
+    Adesk::UInt8 blue() const { return m_blue; }
+
+private:
+    Adesk::UInt8 m_red, m_green, m_blue;
+};
+
 /// Properties of what is drawn next; reset to the entity's own before each subWorldDraw.
 class AcGiSubEntityTraits {
 public:
     virtual ~AcGiSubEntityTraits() = default;
     /// Colour index; 256 by layer, 0 by block.
     virtual void setColor(Adesk::UInt16 index) = 0;
+    /// Goes over the index until the next setColor().
+    virtual void setTrueColor(const AcCmEntityColor& color) = 0;
     virtual void setLayer(const AcDbObjectId& layer) = 0;
     virtual void setLineType(const AcDbObjectId& linetype) = 0;
     virtual void setLineTypeScale(double scale) = 0;

@@ -82,7 +82,7 @@ void forEachAreaEdge(const PrimitiveView& p, std::span<const AcGePoint3d> area, 
 
 /// Outline of an area; empty for other primitives. `box` keeps that of a text.
 std::span<const AcGePoint3d> areaOf(const PrimitiveView& p, std::array<AcGePoint3d, 4>& box) {
-    if (!isArea(p)) return {};
+    if (!isArea(p) || p.traits().marker == kCoverMarker) return {};
     if (p.kind() == PrimitiveKind::Polygon) return p.points();
     box = textBox(p);
     return box;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "prancheta/base/text.h"
+
 namespace prancheta {
 namespace {
 
@@ -41,6 +43,34 @@ Rgb paletteColor(int index) {
     const double hue = 15.0 * hues;
     return fromHsv(hue, index % 2 == 0 ? 1.0 : 0.5, kValues[index % 10 / 2]);
 }
+
+std::optional<Rgb> readRgb(std::wstring_view text) {
+    std::uint8_t shares[3];
+    for (int i = 0; i < 3; ++i) {
+        const std::size_t comma = i < 2 ? text.find(L',') : text.size();
+        double share = 0.0;
+        if (comma == std::wstring_view::npos || !parseNumber(trim(text.substr(0, comma)), share) ||
+            share < 0.0 || share > 255.0 || share != std::floor(share))
+            return {};
+        shares[i] = static_cast<std::uint8_t>(share);
+        text.remove_prefix(std::min(comma + 1, text.size()));
+    }
+    return Rgb{shares[0], shares[1], shares[2]};
+}
+
+std::wstring rgbText(Rgb color) {
+    return std::to_wstring(color.red) + L"," + std::to_wstring(color.green) + L"," +
+           std::to_wstring(color.blue);
+}
+
+Rgb rgbOf(long long number) {
+    const auto share = [number](int shift) {
+        return static_cast<std::uint8_t>(number >> shift & 0xFF);
+    };
+    return {share(16), share(8), share(0)};
+}
+
+long long numberOf(Rgb color) { return color.red << 16 | color.green << 8 | color.blue; }
 
 int nearestIndex(Rgb color) {
     const auto distance = [color](int index) {

@@ -160,7 +160,6 @@ void Picture::addText(const PictureTraits& traits, const AcGePoint3d& position,
     addVector(upward(normal, turned));
     addVector(direction.normal());
     addNumber(height);
-    // Below 0 the letters run from the start the other way, mirrored.
     addNumber(widthFactor != 0.0 ? widthFactor : 1.0);
     addNumber(oblique);
     m_text.append(text.substr(0, text.find(L'\0')));

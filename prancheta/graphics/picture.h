@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 
 #include "acgi.h"
 #include "dbmain.h"
+#include "prancheta/graphics/palette.h"
 
 namespace prancheta {
 
@@ -20,6 +22,7 @@ struct PictureTraits {
     double linetypeScale = 1.0;
     Adesk::GsMarker marker = -1;  ///< part of the entity for picking; does not count for equality
     Adesk::UInt16 color = 256;
+    std::optional<Rgb> trueColor;  ///< goes over the index, also where that is by block
     AcDb::LineWeight lineWeight = AcDb::kLnWtByLayer;
 
     bool operator==(const PictureTraits& other) const = default;
@@ -71,7 +74,7 @@ public:
     AcGeVector3d direction() const;
     /// Drawing units.
     double height() const;
-    /// 1: as the font has it.
+    /// 1: as the font has it. Below 0 the letters run from the position the other way, mirrored.
     double widthFactor() const;
     /// Radians from upright.
     double oblique() const;
@@ -89,6 +92,9 @@ private:
 /// Selection marker of lines that go on beyond any drawing: they have no extents, and are drawn as
 /// far as they are seen.
 inline constexpr Adesk::GsMarker kEndlessMarker = -3;
+/// Selection marker of filled areas that hide what was drawn before them: they have the colour of
+/// the ground, whatever theirs is, and are picked at their outline.
+inline constexpr Adesk::GsMarker kCoverMarker = -4;
 
 /// What an entity draws, in drawing order. All points stand in one vector, so copying costs a few
 /// allocations whatever the number of primitives.
@@ -136,7 +142,8 @@ public:
     void append(const Picture& other, const AcGeMatrix3d& m = AcGeMatrix3d::kIdentity);
 
     /// A similarity keeps the kinds of primitives: bulges flip under a mirror, texts take the
-    /// mirrored place but stay readable. Any other affine map turns curves into chords.
+    /// mirrored place but stay readable. Any other affine map turns curves into polylines of arcs,
+    /// which leave them by less than 1e-5 of their size.
     void transform(const AcGeMatrix3d& m);
 
     /// Smallest box; arcs exactly, texts by the estimate of textBox(). Endless lines do not count.

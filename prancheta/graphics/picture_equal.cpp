@@ -32,7 +32,7 @@ bool samePoint(const AcGePoint3d& a, const AcGePoint3d& b) {
 
 bool sameTraits(const PictureTraits& a, const PictureTraits& b) {
     return a.layer == b.layer && a.linetype == b.linetype && a.color == b.color &&
-           a.lineWeight == b.lineWeight &&
+           a.trueColor == b.trueColor && a.lineWeight == b.lineWeight &&
            rounded(a.linetypeScale, kAngleSteps) == rounded(b.linetypeScale, kAngleSteps);
 }
 
@@ -87,6 +87,7 @@ std::size_t Picture::hash() const {
         mixer.add(static_cast<std::uint64_t>(traits.layer.asOldId()));
         mixer.add(static_cast<std::uint64_t>(traits.linetype.asOldId()));
         mixer.add(traits.color * 0x10000ULL + static_cast<std::uint16_t>(traits.lineWeight));
+        mixer.add(static_cast<std::uint64_t>(traits.trueColor ? numberOf(*traits.trueColor) : -1));
         mixer.add(traits.linetypeScale, kAngleSteps);
         for (const AcGePoint3d& point : p.points()) mixer.add(point);
         const auto numbers = p.numbers();

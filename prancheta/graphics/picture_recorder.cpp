@@ -2,6 +2,7 @@
 // Draws into a picture.
 #include "prancheta/graphics/picture_recorder.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "prancheta/geometry/angles.h"
@@ -12,11 +13,51 @@ namespace prancheta {
 
 namespace {
 
-/// Chords of a full turn where a curve cannot stay one (unequal scales, filled circles).
-constexpr double kChordsOfTurn = 72.0;
+/// Where a curve cannot stay one (unequal scales): of a full turn.
+constexpr double kArcsOfTurn = 128.0;
 
-unsigned coarseCount(double sweep) {
-    return static_cast<unsigned>(std::ceil(std::abs(sweep) / kTwoPi * kChordsOfTurn));
+/// tan of a quarter of the sweep of the arc from `a` to `b` through `middle`, less than half a
+/// turn.
+double bulgeThrough(const AcGePoint3d& a, const AcGePoint3d& middle, const AcGePoint3d& b) {
+    const AcGeVector3d u = a - middle;
+    const AcGeVector3d v = b - middle;
+    if (u.isZeroLength() || v.isZeroLength()) return 0.0;
+    const double angle = std::atan2(u.crossProduct(v).length(), u.dotProduct(v));
+    return std::tan((kPi - angle) / 2.0);
+}
+
+/// Polyline with arcs.
+struct Outline {
+    std::vector<AcGePoint3d> points;
+    std::vector<double> bulges;
+
+    void add(const AcGePoint3d& p, double bulge) {
+        points.push_back(p);
+        bulges.push_back(bulge);
+    }
+};
+
+/// What becomes of an arc, but for its end, as arcs through three of its points each.
+void addDistorted(const BulgeArc& arc, const AcGeVector3d& normal, const AcGeMatrix3d& m,
+                  Outline& out) {
+    const AcGeVector3d x = arc.start * arc.radius;
+    const AcGeVector3d y = normal.crossProduct(x);
+    const auto at = [&](double angle) {
+        return m * (arc.center + x * std::cos(angle) + y * std::sin(angle));
+    };
+    const auto count = std::max(1, static_cast<int>(std::abs(arc.sweep) / kTwoPi * kArcsOfTurn));
+    const double step = arc.sweep / count;
+    AcGePoint3d from = at(0.0);
+    for (int i = 0; i < count; ++i) {
+        const AcGePoint3d to = at(step * (i + 1));
+        out.add(from, std::copysign(bulgeThrough(from, at(step * (i + 0.5)), to), arc.sweep));
+        from = to;
+    }
+}
+
+AcGeVector3d distortedNormal(const AcGeMatrix3d& m, const AcGeVector3d& normal) {
+    const AcGeVector3d x = arbitraryXAxis(normal);
+    return (m * x).crossProduct(m * normal.crossProduct(x)).normal();
 }
 
 }  // namespace
@@ -84,23 +125,26 @@ Adesk::Boolean PictureRecorder::Geometry::polygon(Adesk::UInt32 count, const AcG
     return Adesk::kFalse;
 }
 
-void PictureRecorder::Geometry::chords(const AcGePoint3d& center, double radius,
-                                       const AcGeVector3d& normal, const AcGeVector3d& start,
-                                       double sweep, bool filled) {
-    if (!std::isfinite(sweep)) return;
-    std::vector<AcGePoint3d> points;
-    appendArc(center, radius, normal.normal(), start.normal(), sweep, coarseCount(sweep), points);
-    if (filled)
-        m_out.addPolygon(m_traits.now, mapped(std::span(points).subspan(1)));
-    else
-        m_out.addPolyline(m_traits.now, mapped(points));
+void PictureRecorder::Geometry::ellipse(const BulgeArc& arc, const AcGeVector3d& normal,
+                                        bool closed) {
+    if (!std::isfinite(arc.sweep)) return;
+    const AcGeMatrix3d& m = level().matrix;
+    Outline outline;
+    addDistorted(arc, normal, m, outline);
+    if (!closed) {
+        AcGeVector3d last = arc.start;
+        last.rotateBy(arc.sweep, normal);
+        outline.add(m * (arc.center + last * arc.radius), 0.0);
+    }
+    m_out.addPline(m_traits.now, outline.points, outline.bulges, closed,
+                   distortedNormal(m, normal));
 }
 
 Adesk::Boolean PictureRecorder::Geometry::circle(const AcGePoint3d& center, double radius,
                                                  const AcGeVector3d& normal) {
     const Level& now = level();
     if (now.map == Map::Other)
-        chords(center, radius, normal, arbitraryXAxis(normal), kTwoPi, false);
+        ellipse({center, arbitraryXAxis(normal), radius, kTwoPi}, normal.normal(), true);
     else if (now.map == Map::None)
         m_out.addCircle(m_traits.now, center, radius, normal);
     else
@@ -116,7 +160,8 @@ Adesk::Boolean PictureRecorder::Geometry::circularArc(const AcGePoint3d& center,
     // Under a mirror the direction of the arc about the mapped normal turns round.
     const double mappedSweep = now.map == Map::Mirror ? -sweep : sweep;
     if (now.map == Map::Other)
-        chords(center, radius, normal, start, sweep, false);
+        ellipse({center, start.normal(), radius, std::clamp(sweep, -kTwoPi, kTwoPi)},
+                normal.normal(), false);
     else if (now.map == Map::None)
         m_out.addArc(m_traits.now, center, radius, normal, start, sweep);
     else
@@ -148,7 +193,12 @@ Adesk::Boolean PictureRecorder::Geometry::text(const AcGePoint3d& position,
     AcGeVector3d mappedNormal = unit.crossProduct(up);
     AcGePoint3d at = m * position;
     AcGeVector3d reading = unit;
-    if (mappedNormal.z < 0.0) {
+    if (mappedNormal.z < 0.0 && m_letters == Letters::Mirrored) {
+        mappedNormal = -mappedNormal;
+        reading = -unit;
+        width = -width;
+        oblique = -oblique;
+    } else if (mappedNormal.z < 0.0) {
         // Seen from behind: the same place, written so that it reads from below or from the right.
         const bool readable = unit.x > 1e-9 || (unit.x > -1e-9 && unit.y > 0.0);
         mappedNormal = -mappedNormal;
@@ -160,18 +210,19 @@ Adesk::Boolean PictureRecorder::Geometry::text(const AcGePoint3d& position,
     return Adesk::kFalse;
 }
 
-void PictureRecorder::Geometry::plineChords(std::span<const AcGePoint3d> points,
-                                            std::span<const double> bulges, bool closed) {
-    std::vector<AcGePoint3d> outline{points[0]};
+void PictureRecorder::Geometry::distorted(std::span<const AcGePoint3d> points,
+                                          std::span<const double> bulges, bool closed) {
+    const AcGeMatrix3d& m = level().matrix;
+    Outline outline;
     forEachSegment(
         points, bulges, closed, AcGeVector3d::kZAxis,
-        [&](const AcGePoint3d&, const AcGePoint3d& b) { outline.push_back(b); },
+        [&](const AcGePoint3d& a, const AcGePoint3d&) { outline.add(m * a, 0.0); },
         [&](const BulgeArc& arc, const AcGePoint3d&, const AcGePoint3d&) {
-            outline.pop_back();
-            appendArc(arc.center, arc.radius, AcGeVector3d::kZAxis, arc.start, arc.sweep,
-                      coarseCount(arc.sweep), outline);
+            addDistorted(arc, AcGeVector3d::kZAxis, m, outline);
         });
-    m_out.addPolyline(m_traits.now, mapped(outline));
+    if (!closed) outline.add(m * points.back(), 0.0);
+    m_out.addPline(m_traits.now, outline.points, outline.bulges, closed,
+                   distortedNormal(m, AcGeVector3d::kZAxis));
 }
 
 Adesk::Boolean PictureRecorder::Geometry::pline(Adesk::UInt32 count, const AcGePoint3d* points,
@@ -186,7 +237,7 @@ Adesk::Boolean PictureRecorder::Geometry::pline(Adesk::UInt32 count, const AcGeP
             if (!std::isfinite(bulge)) return Adesk::kFalse;
     }
     if (now.map == Map::Other) {
-        plineChords({points, count}, m_bulges, closed);
+        distorted({points, count}, m_bulges, closed);
         return Adesk::kFalse;
     }
     if (now.map == Map::Mirror)

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "prancheta/geometry/bulge.h"
 #include "prancheta/graphics/picture.h"
 
 namespace prancheta {
@@ -11,11 +12,16 @@ namespace prancheta {
 /// What entities draw through while they are recorded. Appends to a picture that outlives it.
 class PictureRecorder : public AcGiWorldDraw {
 public:
+    /// What a mirror does to the letters of texts: they take the mirrored place but stay readable,
+    /// or are seen in the mirror.
+    enum class Letters { Readable, Mirrored };
+
     explicit PictureRecorder(Picture& out, AcGiRegenType type = kAcGiStandardDisplay,
                              bool dragging = false);
 
     /// Start of an entity: traits become the entity's own, model transforms are forgotten.
     void begin(const PictureTraits& own);
+    void setLetters(Letters letters) { m_geometry.setLetters(letters); }
 
     AcGiRegenType regenType() const override { return m_type; }
     bool regenAbort() const override { return false; }
@@ -26,7 +32,13 @@ public:
 private:
     class Traits : public AcGiSubEntityTraits {
     public:
-        void setColor(Adesk::UInt16 index) override { now.color = index; }
+        void setColor(Adesk::UInt16 index) override {
+            now.color = index;
+            now.trueColor.reset();
+        }
+        void setTrueColor(const AcCmEntityColor& color) override {
+            now.trueColor = Rgb{color.red(), color.green(), color.blue()};
+        }
         void setLayer(const AcDbObjectId& layer) override { now.layer = layer; }
         void setLineType(const AcDbObjectId& linetype) override { now.linetype = linetype; }
         void setLineTypeScale(double scale) override { now.linetypeScale = scale; }
@@ -58,6 +70,7 @@ private:
         Adesk::Boolean popModelTransform() override;
 
         void forgetTransforms() { m_stack.clear(); }
+        void setLetters(Letters letters) { m_letters = letters; }
 
     private:
         /// What a matrix does to curves; Other turns them into chords.
@@ -69,16 +82,16 @@ private:
         };
         const Level& level() const;
         std::span<const AcGePoint3d> mapped(std::span<const AcGePoint3d> points);
-        void chords(const AcGePoint3d& center, double radius, const AcGeVector3d& normal,
-                    const AcGeVector3d& start, double sweep, bool filled);
-        void plineChords(std::span<const AcGePoint3d> points, std::span<const double> bulges,
-                         bool closed);
+        void ellipse(const BulgeArc& arc, const AcGeVector3d& normal, bool closed);
+        void distorted(std::span<const AcGePoint3d> points, std::span<const double> bulges,
+                       bool closed);
 
         Picture& m_out;
         Traits& m_traits;
         std::vector<Level> m_stack;
         std::vector<AcGePoint3d> m_scratch;
         std::vector<double> m_bulges;
+        Letters m_letters = Letters::Readable;
     };
 
     AcGiRegenType m_type;
@@ -87,7 +100,11 @@ private:
     mutable Geometry m_geometry;
 };
 
-/// Draws a recorded picture again, with its own traits.
+/// Index and true colour.
+void setColor(AcGiSubEntityTraits& to, const PictureTraits& traits);
+
+/// Draws a recorded picture again, with its own traits; at a place, letters go through its mirror.
 void replay(const Picture& picture, AcGiWorldDraw& draw);
+void replayAt(const Picture& picture, const AcGeMatrix3d& place, AcGiWorldDraw& draw);
 
 }  // namespace prancheta

@@ -9,7 +9,7 @@ namespace {
 
 void apply(const PictureTraits& traits, AcGiSubEntityTraits& to) {
     to.setLayer(traits.layer);
-    to.setColor(traits.color);
+    setColor(to, traits);
     to.setLineType(traits.linetype);
     to.setLineTypeScale(traits.linetypeScale);
     to.setLineWeight(traits.lineWeight);
@@ -34,6 +34,12 @@ void drawPline(const PrimitiveView& p, AcGiGeometry& to) {
 }
 
 }  // namespace
+
+void setColor(AcGiSubEntityTraits& to, const PictureTraits& traits) {
+    to.setColor(traits.color);
+    if (const auto& rgb = traits.trueColor)
+        to.setTrueColor(AcCmEntityColor(rgb->red, rgb->green, rgb->blue));
+}
 
 void replay(const Picture& picture, AcGiWorldDraw& draw) {
     AcGiSubEntityTraits& traits = draw.subEntityTraits();
@@ -65,6 +71,16 @@ void replay(const Picture& picture, AcGiWorldDraw& draw) {
                 break;
         }
     }
+}
+
+void replayAt(const Picture& picture, const AcGeMatrix3d& place, AcGiWorldDraw& draw) {
+    Picture placed;
+    PictureRecorder recorder(placed);
+    recorder.begin({});
+    recorder.setLetters(PictureRecorder::Letters::Mirrored);
+    recorder.geometry().pushModelTransform(place);
+    replay(picture, recorder);
+    replay(placed, draw);
 }
 
 }  // namespace prancheta

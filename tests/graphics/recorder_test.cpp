@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "prancheta/geometry/angles.h"
+#include "prancheta/graphics/curves.h"
 #include "prancheta/graphics/text_metrics.h"
 
 using namespace prancheta;
@@ -91,6 +92,33 @@ TEST(Recorder, MirroredTextsTakeTheMirroredPlaceAndStayReadable) {
     EXPECT_TRUE(upwards[0].position().isEqualTo({-8, 5, 0}));
 }
 
+TEST(Recorder, LettersOfAPlacedPictureGoThroughItsMirror) {
+    Picture picture;
+    picture.addText({}, {10, 5, 0}, kZ, kX, 2, 1, 0.2, L"ABC");
+    const double width = textWidth(L"ABC", 2, 1);
+    // In the mirror the letters run from -10 to the left; the top leans there, too. In a second
+    // mirror they are as they were.
+    struct Case {
+        AcGeMatrix3d place;
+        AcGePoint3d low, high;
+        double widthFactor;
+    };
+    const double lean = 2 * std::tan(0.2);
+    for (const Case& c :
+         {Case{kLeftRight, {-10 - width - lean, 5, 0}, {-10, 7, 0}, -1.0},
+          Case{kUpDown, {10, -7, 0}, {10 + width + lean, -5, 0}, -1.0},
+          Case{kLeftRight * kUpDown, {-10 - width - lean, -7, 0}, {-10, -5, 0}, 1.0}}) {
+        Picture placed;
+        PictureRecorder recorder(placed);
+        recorder.begin({});
+        replayAt(picture, c.place, recorder);
+        ASSERT_EQ(placed.size(), 1u);
+        EXPECT_TRUE(placed.extents().minPoint().isEqualTo(c.low));
+        EXPECT_TRUE(placed.extents().maxPoint().isEqualTo(c.high));
+        EXPECT_NEAR(placed[0].widthFactor(), c.widthFactor, 1e-12);
+    }
+}
+
 TEST(Recorder, NestedTransformsApplyInnermostFirstAndScaleSizes) {
     Picture picture;
     PictureRecorder recorder(picture);
@@ -111,7 +139,7 @@ TEST(Recorder, NestedTransformsApplyInnermostFirstAndScaleSizes) {
     EXPECT_TRUE(picture[2].center().isEqualTo({103, 0, 0}));
 }
 
-TEST(Recorder, UnequalScalesTurnCurvesIntoChordsOnTheEllipse) {
+TEST(Recorder, UnequalScalesTurnCurvesIntoArcsOnTheEllipse) {
     AcGeMatrix3d wide;
     wide.setCoordSystem({7, 0, 0}, {2, 0, 0}, {0, 1, 0}, kZ);
     Picture picture;
@@ -122,11 +150,21 @@ TEST(Recorder, UnequalScalesTurnCurvesIntoChordsOnTheEllipse) {
     picture.transform(wide);
     ASSERT_EQ(picture.size(), 2u);
     for (const PrimitiveView p : picture) {
-        EXPECT_EQ(p.kind(), PrimitiveKind::Polyline);
-        EXPECT_GT(p.points().size(), 30u);
+        ASSERT_EQ(p.kind(), PrimitiveKind::Pline);
+        EXPECT_TRUE(p.closed());
     }
     for (const AcGePoint3d& p : picture[0].points())
         EXPECT_NEAR(std::hypot((p.x - 7) / 20, p.y / 10), 1.0, 1e-12);
+    // Of a circle of 5000 drawn 1:25 that would be 2 um on paper. The half circle keeps its chord.
+    std::vector<AcGePoint3d> outline;
+    appendOutline(picture[0], 1e-7, outline);
+    ASSERT_GT(outline.size(), 1000u);
+    for (const AcGePoint3d& p : outline)
+        EXPECT_NEAR(std::hypot((p.x - 7) / 20, p.y / 10), 1.0, 1e-5);
+    EXPECT_TRUE(picture[1].points().back().isEqualTo({-13, 0, 0}));
+    EXPECT_NEAR(picture[1].bulges().back(), 0.0, 1e-12);
+    picture.transform(kLeftRight);
+    EXPECT_LT(picture[0].bulges()[0], 0.0);
 }
 
 TEST(Recorder, SolidPlacedUprightKeepsItsBulgesInItsPlane) {
