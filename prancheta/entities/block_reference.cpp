@@ -170,9 +170,7 @@ Adesk::Boolean AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw) {
     for (const AcGeMatrix3d& place : placesOf(*this)) {
         if (drawn > kMostPrimitives) break;
         drawn += content.size();
-        draw->geometry().pushModelTransform(place);
-        replay(content, *draw);
-        draw->geometry().popModelTransform();
+        replayAt(content, place, *draw);
     }
     if (m_parts != nullptr)
         replay(partsPicture(*m_parts, traitsOf(*this), m_block.database()), *draw);

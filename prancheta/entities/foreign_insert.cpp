@@ -57,9 +57,7 @@ void drawInsert(const ForeignEntity& entity, AcGiWorldDraw& draw) {
         const int row = i / columns;
         const AcGeVector3d step(findNumber(tags, 44, 0.0) * column, findNumber(tags, 45, 0.0) * row,
                                 0.0);
-        draw.geometry().pushModelTransform(inPlane * AcGeMatrix3d::translation(step) * copy);
-        replay(content, draw);
-        draw.geometry().popModelTransform();
+        replayAt(content, inPlane * AcGeMatrix3d::translation(step) * copy, draw);
         drawn += content.size();
     }
     for (const RawTags& record : records)
