@@ -156,6 +156,7 @@ std::vector<VariableInfo> variableTable() {
         readOnly(L"UCSYDIR", AcGePoint3d(0.0, 1.0, 0.0), VariableHome::Drawing),
         readOnly(L"VIEWCTR", AcGePoint3d()),
         readOnly(L"VIEWSIZE", 297.0),
+        drawingInteger(L"WIPEOUTFRAME", 1, 0, 1),
     };
     std::sort(all.begin(), all.end(),
               [](const VariableInfo& a, const VariableInfo& b) { return a.name < b.name; });

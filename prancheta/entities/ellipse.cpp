@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Chords of ellipses and splines.
+// Chords of splines.
 #include "prancheta/entities/ellipse.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "prancheta/geometry/angles.h"
-
 namespace prancheta {
 
 namespace {
 
-constexpr int kChordsOfTurn = 72;
 constexpr int kChordsOfSpan = 12;
 constexpr int kHighestDegree = 11;
 
@@ -26,17 +23,6 @@ Weighted between(const Weighted& a, const Weighted& b, double t) {
 }
 
 }  // namespace
-
-void appendEllipse(const AcGePoint3d& center, const AcGeVector3d& major, const AcGeVector3d& normal,
-                   double ratio, double from, double to, std::vector<AcGePoint3d>& out) {
-    const AcGeVector3d minor = normal.crossProduct(major) * ratio;
-    const double turns = std::min(std::abs(to - from) / kTwoPi, 1.0);
-    const int count = std::max(1, static_cast<int>(std::ceil(turns * kChordsOfTurn)));
-    for (int i = 0; i <= count; ++i) {
-        const auto [s, c] = sineCosine(std::lerp(from, to, static_cast<double>(i) / count));
-        out.push_back(center + major * c + minor * s);
-    }
-}
 
 void appendSpline(int degree, std::span<const double> knots, std::span<const AcGePoint3d> control,
                   std::span<const double> weights, std::vector<AcGePoint3d>& out) {

@@ -8,7 +8,6 @@
 #include "prancheta/base/text.h"
 #include "prancheta/entities/block_content.h"
 #include "prancheta/entities/common.h"
-#include "prancheta/entities/ellipse.h"
 #include "prancheta/entities/foreign_shapes.h"
 #include "prancheta/entities/foreign_types.h"
 #include "prancheta/entities/hatch_tags.h"
@@ -30,13 +29,18 @@ void polyline(const Points& points, AcGiGeometry& to) {
 }
 
 void drawEllipse(const RawTags& tags, AcGiGeometry& to) {
-    Points points;
     const double from = findNumber(tags, 41, 0.0);
     double end = findNumber(tags, 42, kTwoPi);
     while (end <= from && end < from + kTwoPi) end += kTwoPi;
-    appendEllipse(findPoint(tags, 10), findPoint(tags, 11).asVector(), planeNormal(tags),
-                  findNumber(tags, 40, 1.0), from, end, points);
-    polyline(points, to);
+    const AcGeVector3d major = findPoint(tags, 11).asVector();
+    const AcGeVector3d normal = planeNormal(tags);
+    const auto [s, c] = sineCosine(from);
+    AcGeMatrix3d place;
+    place.setCoordSystem(findPoint(tags, 10), major,
+                         normal.crossProduct(major) * findNumber(tags, 40, 1.0), normal);
+    to.pushModelTransform(place);
+    to.circularArc(AcGePoint3d::kOrigin, 1.0, AcGeVector3d::kZAxis, {c, s, 0.0}, end - from);
+    to.popModelTransform();
 }
 
 /// One that is no curve shows its control points.
@@ -137,7 +141,6 @@ constexpr TypeDrawing kTypes[] = {
     {"MESH", drawMesh},
     {"MLINE", drawMline},
     {"IMAGE", drawImageFrame},
-    {"WIPEOUT", drawImageFrame},
 };
 
 /// As far as its groups can be read.
@@ -158,8 +161,9 @@ struct EntityDrawing {
     void (*draw)(const ForeignEntity&, AcGiWorldDraw&);
 };
 constexpr EntityDrawing kEntities[] = {
-    {"INSERT", drawInsert},  {"MTEXT", drawParagraphs},        {"HATCH", drawHatch},
-    {"MPOLYGON", drawHatch}, {"MULTILEADER", drawMultileader}, {"TOLERANCE", drawTolerance},
+    {"INSERT", drawInsert},   {"MTEXT", drawParagraphs},        {"HATCH", drawHatch},
+    {"MPOLYGON", drawHatch},  {"MULTILEADER", drawMultileader}, {"TOLERANCE", drawTolerance},
+    {"WIPEOUT", drawWipeout},
 };
 
 }  // namespace

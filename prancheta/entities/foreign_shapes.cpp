@@ -7,9 +7,11 @@
 
 #include "dbsymtb.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/foreign_types.h"
 #include "prancheta/entities/tag_list.h"
+#include "prancheta/graphics/picture.h"
 #include "prancheta/graphics/text_metrics.h"
 
 namespace prancheta {
@@ -222,7 +224,10 @@ void drawTolerance(const ForeignEntity& entity, AcGiWorldDraw& draw) {
     drawMtext(text, entity, draw);
 }
 
-void drawImageFrame(const RawTags& tags, AcGiGeometry& to) {
+namespace {
+
+/// Corners, the first again at the end.
+Points frameOf(const RawTags& tags) {
     constexpr int kRectangle = 1;
     const AcGePoint3d corner = findPoint(tags, 10);
     const AcGeVector3d u = findPoint(tags, 11).asVector();
@@ -237,7 +242,24 @@ void drawImageFrame(const RawTags& tags, AcGiGeometry& to) {
     for (const AcGePoint3d& p : clip)
         frame.push_back(corner + u * (p.x + 0.5) + v * (size.y - p.y - 0.5));
     frame.push_back(frame.front());
-    polyline(frame, to);
+    return frame;
+}
+
+}  // namespace
+
+void drawImageFrame(const RawTags& tags, AcGiGeometry& to) { polyline(frameOf(tags), to); }
+
+void drawWipeout(const ForeignEntity& entity, AcGiWorldDraw& draw) {
+    constexpr int kShown = 1;
+    const Points frame = frameOf(entity.tags());
+    if ((findWhole(entity.tags(), 70, kShown) & kShown) != 0) {
+        draw.subEntityTraits().setSelectionMarker(kCoverMarker);
+        draw.geometry().polygon(static_cast<Adesk::UInt32>(frame.size() - 1), frame.data());
+        draw.subEntityTraits().setSelectionMarker(-1);
+    }
+    const AcDbDatabase* const database = entity.database();
+    if (database == nullptr || database->core().variables().number(L"WIPEOUTFRAME") != 0)
+        polyline(frame, draw.geometry());
 }
 
 }  // namespace prancheta

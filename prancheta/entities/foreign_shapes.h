@@ -19,8 +19,10 @@ void drawMline(const RawTags& tags, AcGiGeometry& to);
 void drawMultileader(const ForeignEntity& entity, AcGiWorldDraw& draw);
 /// Its text in a frame.
 void drawTolerance(const ForeignEntity& entity, AcGiWorldDraw& draw);
-/// IMAGE, WIPEOUT and what else is a picture in a frame: the frame, clipped where it is.
+/// IMAGE: the frame, clipped where it is.
 void drawImageFrame(const RawTags& tags, AcGiGeometry& to);
+/// WIPEOUT: an area that hides what lies under it, with a frame when WIPEOUTFRAME says so.
+void drawWipeout(const ForeignEntity& entity, AcGiWorldDraw& draw);
 
 /// Whether entities of this type that are kept group by group are drawn at all.
 bool isShownForeign(std::string_view typeName);

@@ -211,7 +211,8 @@ struct PicturePainter::Impl {
         if (look == kNone) findVisible();
         looks.clear();
         for (const PictureTraits& traits : picture.allTraits())
-            looks.push_back(pens.of(appearances.of(traits)));
+            looks.push_back(traits.marker == kCoverMarker ? pens.ofGround()
+                                                          : pens.of(appearances.of(traits)));
         for (const PrimitiveView primitive : picture) {
             const std::size_t wanted = looks[primitive.traitsIndex()];
             if (wanted != look || strokes.elementCount() > kLongPath) draw();
@@ -279,7 +280,8 @@ void PicturePainter::flush() { m_impl->draw(); }
 void PicturePainter::paintPlain(const Picture& picture, const QPen& pen) {
     flush();
     m_impl->findVisible();
-    for (const PrimitiveView primitive : picture) m_impl->addPrimitive(primitive);
+    for (const PrimitiveView primitive : picture)
+        if (primitive.traits().marker != kCoverMarker) m_impl->addPrimitive(primitive);
     m_impl->drawWith(pen);
 }
 

@@ -22,6 +22,7 @@ public:
         QTransform toDevice;  ///< from world to the device's pixels, y turned over; a similarity
         double devicePerMillimetre = 3.78;  ///< of line weights
         bool darkGround = false;            ///< colour 7 is white
+        QColor ground = Qt::white;          ///< of areas that hide what lies under them
         bool monochrome = false;
         const PenTable* pens = nullptr;  ///< of paper; null: everything as it is; outlives the work
         bool lineWeights = true;         ///< false: everything `leastLineWidth` wide

@@ -73,6 +73,14 @@ std::size_t Pens::of(const Appearance& appearance) {
     return entry->second;
 }
 
+std::size_t Pens::ofGround() {
+    if (!m_ground) {
+        m_ground = m_pens.size();
+        m_pens.emplace_back(m_settings.ground);
+    }
+    return *m_ground;
+}
+
 QPen Pens::make(const Appearance& appearance) const {
     const PlotPen* const pen =
         m_settings.pens != nullptr ? m_settings.pens->of(appearance) : nullptr;

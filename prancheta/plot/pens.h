@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPen>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -17,6 +18,8 @@ public:
 
     /// Number of the pen in at(); equal numbers for what looks alike.
     std::size_t of(const Appearance& appearance);
+    /// Of areas that hide what lies under them.
+    std::size_t ofGround();
     const QPen& at(std::size_t index) const { return m_pens[index]; }
 
 private:
@@ -26,6 +29,7 @@ private:
     double m_scale;
     std::unordered_map<const Appearance*, std::size_t> m_known;
     std::vector<QPen> m_pens;
+    std::optional<std::size_t> m_ground;
 };
 
 }  // namespace prancheta

@@ -429,7 +429,7 @@ TEST_F(ForeignTest, ShapesOfOtherProgramsAreShown) {
          "0|24 -0.5|14 -0.5|24 0",
          {0, 5, 0},
          {5, 10, 0},
-         1},
+         2},
         // A square of two triangles: each with its three edges.
         {"MESH",
          "71 2|72 0|91 0|92 4|10 0|20 0|30 0|10 4|20 0|30 0|10 4|20 3|30 0|10 0|20 3|30 0|93 8|90 "

@@ -15,7 +15,9 @@ namespace {
 using prancheta::Appearance;
 using prancheta::Pens;
 using prancheta::PenTable;
+using prancheta::Picture;
 using prancheta::PicturePainter;
+using prancheta::PictureTraits;
 using prancheta::Rgb;
 
 class Ink : public Plotted {
@@ -220,6 +222,33 @@ TEST_F(Ink, AreasAreFilledAndLaterOnesCoverEarlierOnes) {
     expectBox(inkWithin(image, {5, 20, 75, 60}), {20, 35, 60, 45}, 0.11);
     EXPECT_FALSE(dark(image, columnOf(40), rowOf(40)));
     EXPECT_TRUE(dark(image, columnOf(40), rowOf(43)));
+}
+
+TEST_F(Ink, CoversHideWhatIsDrawnBeforeThemInTheColourOfTheGround) {
+    Picture picture;
+    PictureTraits wide;
+    wide.lineWeight = AcDb::kLnWt200;
+    const auto line = [&](double y) {
+        const AcGePoint3d ends[] = {{0, y, 0}, {100, y, 0}};
+        picture.addPolyline(wide, ends);
+    };
+    line(50);
+    PictureTraits cover = wide;
+    cover.marker = prancheta::kCoverMarker;
+    const AcGePoint3d corners[] = {{20, 20, 0}, {60, 20, 0}, {60, 80, 0}, {20, 80, 0}};
+    picture.addPolygon(cover, corners);
+    line(30);
+    PicturePainter::Settings settings;
+    settings.ground = QColor(10, 20, 30);
+    settings.darkGround = true;
+    QImage image(100, 100, QImage::Format_RGB32);
+    image.fill(settings.ground);
+    QPainter painter(&image);
+    PicturePainter(painter, editor->appearances(), settings).paint(picture);
+    painter.end();
+    EXPECT_EQ(image.pixelColor(10, 50), Qt::white);
+    EXPECT_EQ(image.pixelColor(40, 50), settings.ground);
+    EXPECT_EQ(image.pixelColor(40, 30), Qt::white);
 }
 
 TEST_F(Ink, TextsFillTheWidthThatTheHouseReckonsWith) {

@@ -74,6 +74,7 @@ void Ghost::paint(QPainter& painter, Editor& editor, const InputRequest& request
     settings.toDevice = viewport.transform();
     settings.devicePerMillimetre = look.pixelsPerMillimetre;
     settings.darkGround = look.palette->dark;
+    settings.ground = look.palette->ground;
     settings.lineWeights = look.lineWeights;
     if (changesSelection(request) && !m_selection.empty()) {
         PicturePainter::Settings moved = settings;

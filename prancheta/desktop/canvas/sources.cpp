@@ -204,6 +204,7 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
     settings.toDevice = toPiece;
     settings.devicePerMillimetre = look.pixelsPerMillimetre * look.ratio;
     settings.darkGround = look.palette->dark;
+    settings.ground = look.palette->ground;
     settings.lineWeights = look.lineWeights;
     settings.leastTextHeight = 3.0 * look.ratio;
     settings.leastDashPeriod = 4.0;
