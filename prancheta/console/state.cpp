@@ -42,6 +42,12 @@ Json variablesJson(Editor& editor) {
     return out;
 }
 
+/// Only where there is one: the index nearest to it stands for those who know no other.
+void addTrueColor(const AcDbObject& object, Json& out) {
+    if (const auto color = ObjectAccess::trueColor(object))
+        out["cor_verdadeira"] = toUtf8(rgbText(*color));
+}
+
 Json layersJson(AcDbDatabase& database) {
     Json out = Json::array();
     AcDbLayerTable* table = nullptr;
@@ -62,6 +68,7 @@ Json layersJson(AcDbDatabase& database) {
                        {"congelada", layer->isFrozen()},
                        {"bloqueada", layer->isLocked()},
                        {"espessura", weight >= 0 ? Json(weight / 100.0) : Json()}});
+        addTrueColor(*layer.object(), out.back());
     }
     (void)table->close();
     return out;
@@ -102,6 +109,7 @@ Json entityJson(const AcDbEntity& entity) {
     out["handle"] = handleJson(entity.objectId());
     out["classe"] = toUtf8(entity.isA()->name());
     out["camada"] = recordName(entity.layerId());
+    addTrueColor(entity, out);
     AcDbExtents extents;
     if (entity.getGeomExtents(extents) == Acad::eOk && !extents.isEmpty()) {
         const AcGePoint3d lower = extents.minPoint();

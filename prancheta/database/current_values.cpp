@@ -6,6 +6,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/dim_variables.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/graphics/palette.h"
 
 namespace prancheta {
 namespace {
@@ -50,10 +51,19 @@ constexpr const wchar_t* kTextSize = L"TEXTSIZE";
 constexpr double kUsualText = 2.5;  ///< on paper, mm
 constexpr const wchar_t* kPatternScale = L"HPSCALE";
 
+constexpr std::wstring_view kRgb = L"RGB:";
+
+/// With RGB: before its shares, or without.
+std::optional<Rgb> trueColorNamed(std::wstring_view text) {
+    const bool named = equalNoCase(text.substr(0, kRgb.size()), kRgb);
+    return readRgb(named ? text.substr(kRgb.size()) : text);
+}
+
 /// Canonical form of a colour's name; empty when it is none.
 std::wstring colorName(const std::wstring& text) {
     if (equalNoCase(text, L"BYLAYER") || equalNoCase(text, L"PORCAMADA")) return L"BYLAYER";
     if (equalNoCase(text, L"BYBLOCK") || equalNoCase(text, L"PORBLOCO")) return L"BYBLOCK";
+    if (const auto color = trueColorNamed(text)) return std::wstring(kRgb) + rgbText(*color);
     double number = 0.0;
     if (!parseNumber(std::wstring_view(text), number)) return {};
     if (number < 1.0 || number > 255.0 || number != std::floor(number)) return {};
@@ -91,7 +101,7 @@ Result<void> DatabaseCore::checkVariable(const VariableInfo& info,
         return {};
     }
     if (info.name == L"CECOLOR" && colorName(*text).empty())
-        return refusal(info, "use BYLAYER, BYBLOCK ou um número de 1 a 255.");
+        return refusal(info, "use BYLAYER, BYBLOCK, um número de 1 a 255 ou vermelho,verde,azul.");
     if (!livesInStyle(info.name)) return {};
     if (info.name == kStyleText && ObjectAccess::lookup(m_tables[kTextStyles], *text).isNull())
         return refusal(info, "não existe o estilo de texto \"" + toUtf8(*text) + "\".");
@@ -99,6 +109,10 @@ Result<void> DatabaseCore::checkVariable(const VariableInfo& info,
     if (style != nullptr && (style->writer || style->readers > 0))
         return refusal(info, "o estilo de cota está em uso.");
     return {};
+}
+
+std::optional<Rgb> DatabaseCore::currentTrueColor() const {
+    return trueColorNamed(m_variables.text(L"CECOLOR"));
 }
 
 /// True while the height offered for texts is the usual one at the drawing's scale.

@@ -6,6 +6,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/register.h"
+#include "prancheta/graphics/palette.h"
 
 using namespace prancheta;
 
@@ -120,6 +121,8 @@ Acad::ErrorStatus AcDbDatabase::setDimstyle(AcDbObjectId id) {
 Adesk::UInt16 AcDbDatabase::cecolor() const {
     const std::wstring text = m_core->variables().text(L"CECOLOR");
     if (equalNoCase(text, L"BYLAYER")) return 256;
+    if (const auto color = m_core->currentTrueColor())
+        return static_cast<Adesk::UInt16>(nearestIndex(*color));
     double number = 0.0;
     return parseNumber(std::wstring_view(text), number) ? static_cast<Adesk::UInt16>(number) : 0;
 }

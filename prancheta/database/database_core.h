@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "prancheta/database/stub_pool.h"
 #include "prancheta/database/sysvars.h"
 #include "prancheta/database/undo.h"
+#include "prancheta/graphics/palette.h"
 
 namespace prancheta {
 
@@ -43,6 +45,8 @@ public:
 
     UndoLog& undo() { return m_undo; }
     SystemVariables& variables() { return m_variables; }
+    /// Of CECOLOR, which new entities take.
+    std::optional<Rgb> currentTrueColor() const;
     ForeignContent& foreign() { return m_foreign; }
 
     /// Makes an object resident: gives it a record, a handle (0 = next free one) and an owner. The

@@ -122,6 +122,8 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     m_linetypeScale = database->celtscale();
     m_color = database->cecolor();
     ObjectAccess::dropTrueColor(*this);
+    if (const auto color = database->core().currentTrueColor())
+        ObjectAccess::setTrueColor(*this, *color);
 }
 
 Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, Adesk::Boolean) {
@@ -137,6 +139,8 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, Adesk::
     m_lineWeight = other->m_lineWeight;
     m_visibility = other->m_visibility;
     ObjectAccess::dropTrueColor(*this);
+    if (const auto color = ObjectAccess::trueColor(*other))
+        ObjectAccess::setTrueColor(*this, *color);
     return Acad::eOk;
 }
 

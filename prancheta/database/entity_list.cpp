@@ -48,8 +48,11 @@ void AcDbEntity::subList() const {
         objectId().handle().getIntoAsciiBuffer(handle);
         acutPrintf(L"%lsIdentificador = %ls", kIndent, handle);
     }
-    if (m_color != 256) {
-        const std::wstring color = m_color == 0 ? L"PORBLOCO" : std::to_wstring(m_color);
+    const std::optional<Rgb> rgb = ObjectAccess::trueColor(*this);
+    if (rgb || m_color != 256) {
+        const std::wstring color = rgb            ? rgbText(*rgb)
+                                   : m_color == 0 ? L"PORBLOCO"
+                                                  : std::to_wstring(m_color);
         acutPrintf(L"%lsCor: %ls", kIndent, color.c_str());
     }
     const AcDbObjectId byLayer =

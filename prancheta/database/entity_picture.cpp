@@ -30,16 +30,6 @@ private:
     AcGiWorldDraw& m_world;
 };
 
-PictureTraits ownTraits(const AcDbEntity& entity) {
-    PictureTraits own;
-    own.layer = entity.layerId();
-    own.linetype = entity.linetypeId();
-    own.linetypeScale = entity.linetypeScale();
-    own.color = entity.colorIndex();
-    own.lineWeight = entity.lineWeight();
-    return own;
-}
-
 /// Drawing changes nothing in an entity, though its functions are not const.
 Picture pictureOf(const AcDbEntity& entity, AcGiRegenType type = kAcGiStandardDisplay) {
     Picture picture;
@@ -50,6 +40,22 @@ Picture pictureOf(const AcDbEntity& entity, AcGiRegenType type = kAcGiStandardDi
 thread_local const PictureAtHand* g_atHand = nullptr;
 
 }  // namespace
+
+PictureTraits traitsOf(const AcDbEntity& entity) {
+    PictureTraits own;
+    own.layer = entity.layerId();
+    own.linetype = entity.linetypeId();
+    own.linetypeScale = entity.linetypeScale();
+    own.color = entity.colorIndex();
+    own.trueColor = ObjectAccess::trueColor(entity);
+    own.lineWeight = entity.lineWeight();
+    return own;
+}
+
+void giveColor(AcDbEntity& entity, const PictureTraits& traits) {
+    if (entity.setColorIndex(traits.color) == Acad::eOk && traits.trueColor)
+        ObjectAccess::setTrueColor(entity, *traits.trueColor);
+}
 
 PictureAtHand::PictureAtHand(const AcDbEntity& entity, const Picture& picture)
     : m_entity(&entity), m_picture(&picture), m_outer(std::exchange(g_atHand, this)) {}
@@ -63,7 +69,7 @@ const Picture* PictureAtHand::of(const AcDbEntity& entity) {
 
 void recordPicture(AcDbEntity& entity, Picture& picture, AcGiRegenType type, bool dragging) {
     PictureRecorder recorder(picture, type, dragging);
-    recorder.begin(ownTraits(entity));
+    recorder.begin(traitsOf(entity));
     if (entity.worldDraw(&recorder)) return;
     PlanView view(recorder);
     entity.viewportDraw(&view);
@@ -78,7 +84,7 @@ Adesk::Boolean AcDbEntity::worldDraw(AcGiWorldDraw* draw) {
     traits.setLayer(layerId());
     traits.setLineType(linetypeId());
     traits.setLineTypeScale(m_linetypeScale);
-    traits.setColor(m_color);
+    setColor(traits, traitsOf(*this));
     traits.setLineWeight(lineWeight());
     return subWorldDraw(draw);
 }

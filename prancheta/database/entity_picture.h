@@ -9,6 +9,11 @@
 
 namespace prancheta {
 
+/// Traits that the entity's own properties give.
+PictureTraits traitsOf(const AcDbEntity& entity);
+/// The colour of the traits, by index or true.
+void giveColor(AcDbEntity& entity, const PictureTraits& traits);
+
 /// Appends what the entity draws in world coordinates, with its own properties where it sets none.
 void recordPicture(AcDbEntity& entity, Picture& picture, AcGiRegenType type = kAcGiStandardDisplay,
                    bool dragging = false);

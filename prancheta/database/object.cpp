@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Access to objects: reading, writing, erasing, and who is told of it.
+#include <algorithm>
+#include <cmath>
+
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 
@@ -142,19 +145,67 @@ void ObjectAccess::dropEmptyExtra(AcDbObject& o) {
         o.m_extra.reset();
 }
 
+namespace {
+
+/// Calls `visit` for each kept group in which an object's colour may stand: not for those of
+/// applications, and of entities only for those that all have, since others have colours of their
+/// own behind. Ends when `visit` returns true.
+template <class Tags, class Visit>
+void forCommonTags(const AcDbObject& o, Tags& kept, Visit visit) {
+    const bool isEntity = o.isKindOf(AcDbEntity::desc());
+    bool inGroup = false;
+    for (auto& tag : kept) {
+        if (isEntity && tag.code == 100) return;
+        if (tag.code == 102) inGroup = tag.value != "}";
+        if (!inGroup && visit(tag)) return;
+    }
+}
+
+constexpr int kTrueColor = 420;
+constexpr int kColorName = 430;
+constexpr int kDropped = -1;
+
+}  // namespace
+
 void ObjectAccess::dropTrueColor(AcDbObject& o) {
     if (o.m_extra == nullptr || o.m_extra->foreign.empty()) return;
     RawTags& kept = o.m_extra->foreign;
-    bool inGroup = false;  // of an application, with codes of its own
-    std::size_t left = 0;
-    for (std::size_t i = 0; i < kept.size(); ++i) {
-        if (kept[i].code == 102) inGroup = kept[i].value != "}";
-        if (!inGroup && (kept[i].code == 420 || kept[i].code == 430)) continue;
-        if (left != i) kept[left] = std::move(kept[i]);
-        ++left;
-    }
-    kept.resize(left);
+    forCommonTags(o, kept, [](RawTag& tag) {
+        if (tag.code == kTrueColor || tag.code == kColorName) tag.code = kDropped;
+        return false;
+    });
+    std::erase_if(kept, [](const RawTag& tag) { return tag.code == kDropped; });
     dropEmptyExtra(o);
+}
+
+std::optional<Rgb> ObjectAccess::trueColor(const AcDbObject& o) {
+    std::optional<Rgb> color;
+    if (o.m_extra == nullptr || o.m_extra->foreign.empty()) return color;
+    const RawTags& kept = o.m_extra->foreign;
+    forCommonTags(o, kept, [&color](const RawTag& tag) {
+        double number = 0.0;
+        if (tag.code != kTrueColor || !parseNumber(std::string_view(tag.value), number) ||
+            std::abs(number) > 4294967295.0)
+            return false;
+        color = rgbOf(static_cast<long long>(number));
+        return true;
+    });
+    return color;
+}
+
+void ObjectAccess::setTrueColor(AcDbObject& o, Rgb color) {
+    dropTrueColor(o);
+    RawTags& kept = makeExtra(o).foreign;
+    const RawTag tag{kTrueColor, std::to_string(numberOf(color))};
+    // Groups of applications stand first, and must go on doing so.
+    auto at =
+        std::find_if(kept.begin(), kept.end(), [](const RawTag& each) { return each.code == 100; });
+    if (!o.isKindOf(AcDbEntity::desc())) {
+        constexpr const char* kLayer = "AcDbLayerTableRecord";
+        at = std::find_if(at, kept.end(), [](const RawTag& each) { return each.value == kLayer; });
+        at = at == kept.end() ? kept.insert(at, {100, kLayer}) + 1 : at + 1;
+    }
+    kept.insert(at, tag);
 }
 
 bool ObjectAccess::isAlive(const AcDbObject& o) {

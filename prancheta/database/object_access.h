@@ -3,10 +3,13 @@
 // said.
 #pragma once
 
+#include <optional>
+
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/graphics/palette.h"
 
 namespace prancheta {
 
@@ -25,6 +28,10 @@ struct ObjectAccess {
     static void dropEmptyExtra(AcDbObject& o);
     /// Forgets the true colour that a file gave the object: it would go over a colour index.
     static void dropTrueColor(AcDbObject& o);
+    /// That of an entity or layer.
+    static std::optional<Rgb> trueColor(const AcDbObject& o);
+    /// Over the index, for an entity or layer without one.
+    static void setTrueColor(AcDbObject& o, Rgb color);
     /// False when the object or one of those that own it is erased: such objects are not written to
     /// files. An erased entity keeps its extension dictionary, for undo.
     static bool isAlive(const AcDbObject& o);

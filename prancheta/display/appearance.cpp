@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "dbsymtb.h"
+#include "prancheta/database/object_access.h"
 
 namespace prancheta {
 namespace {
@@ -22,6 +23,7 @@ struct TraitsHash {
         mix(std::hash<Adesk::LongPtr>()(traits.linetype.asOldId()));
         mix(std::hash<double>()(traits.linetypeScale));
         mix(traits.color);
+        mix(static_cast<std::size_t>(traits.trueColor ? numberOf(*traits.trueColor) : -1));
         mix(static_cast<std::size_t>(traits.lineWeight));
         return hash;
     }
@@ -70,6 +72,7 @@ struct AppearanceTable::Impl : public AcDbDatabaseReactor {
     struct Layer {
         std::wstring name;
         int color = kWhite;
+        std::optional<Rgb> trueColor;
         AcDbObjectId linetype;
         double lineWeight = kDefaultLineWeight;
     };
@@ -82,21 +85,32 @@ struct AppearanceTable::Impl : public AcDbDatabaseReactor {
         const ACHAR* name = nullptr;
         if (record->getName(name) == Acad::eOk) layer.name = name;
         layer.color = record->colorIndex();
+        layer.trueColor = ObjectAccess::trueColor(*record.object());
         layer.linetype = record->linetypeObjectId();
         if (record->lineWeight() >= 0)
             layer.lineWeight = static_cast<int>(record->lineWeight()) / 100.0;
         return layer;
     }
 
+    static void resolveColor(const PictureTraits& traits, const Layer& layer, Appearance& look) {
+        const bool byLayer = !traits.trueColor && traits.color == 256;
+        if (const std::optional<Rgb>& rgb = byLayer ? layer.trueColor : traits.trueColor) {
+            look.color = *rgb;
+            look.colorIndex = nearestIndex(*rgb);
+            return;
+        }
+        // What stands outside blocks has no block to take its colour from: white.
+        const int color = byLayer ? layer.color : traits.color;
+        look.color = paletteColor(color);
+        look.colorIndex = color;
+        look.followsGround = color == kWhite || color == 0;
+    }
+
     Appearance resolve(const PictureTraits& traits) const {
         Appearance look;
         const Layer layer = layerOf(traits.layer);
-        // What stands outside blocks has no block to take its colour from: white.
-        const int color = traits.color == 256 ? layer.color : traits.color;
-        look.color = paletteColor(color);
-        look.colorIndex = color;
         look.layer = layer.name;
-        look.followsGround = color == kWhite || color == 0;
+        resolveColor(traits, layer, look);
         if (traits.lineWeight >= 0)
             look.lineWeight = static_cast<int>(traits.lineWeight) / 100.0;
         else if (traits.lineWeight == AcDb::kLnWtByLayer)

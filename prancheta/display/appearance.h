@@ -14,7 +14,7 @@ namespace prancheta {
 
 struct Appearance {
     Rgb color;
-    int colorIndex = 7;  ///< 1 to 255, from which the colour came; by block: 0
+    int colorIndex = 7;  ///< 1 to 255, from which the colour came, or nearest to it; by block: 0
     std::wstring layer;
     bool followsGround = false;  ///< colour 7: black on light ground, white on dark
     double lineWeight = 0.25;    ///< mm on paper

@@ -247,7 +247,7 @@ std::uint32_t DisplayItems::layerNumber(AcDbObjectId id) {
     const auto [at, isNew] =
         m_layerNumbers.try_emplace(id, static_cast<std::uint32_t>(m_layers.size()));
     if (isNew) {
-        m_layers.push_back({id, {}, 7, 0, false});
+        m_layers.emplace_back().id = id;
         updateLayer(m_layers.back());
     }
     return at->second;
@@ -260,6 +260,7 @@ void DisplayItems::updateLayer(Layer& layer) {
     if (record == nullptr) return;
     layer.linetype = record->linetypeObjectId();
     layer.color = record->colorIndex();
+    layer.trueColor = ObjectAccess::trueColor(*record);
     layer.lineWeight = static_cast<int>(record->lineWeight());
     layer.hidden = !stub->erased && (record->isOff() || record->isFrozen());
 }

@@ -81,6 +81,7 @@ private:
         AcDbObjectId id;
         AcDbObjectId linetype;
         int color = 7;
+        std::optional<Rgb> trueColor;
         int lineWeight = 0;
         bool hidden = false;
         bool operator==(const Layer&) const = default;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "prancheta/base/text.h"
+#include "prancheta/graphics/palette.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -165,6 +166,8 @@ std::wstring colorText(int index) {
 int colorIndex(std::wstring_view text) {
     double number = 0.0;
     if (equalNoCase(text, L"BYBLOCK")) return 0;
+    if (text.starts_with(L"RGB:"))
+        if (const auto color = readRgb(text.substr(4))) return nearestIndex(*color);
     return parseNumber(text, number) ? static_cast<int>(number) : 256;
 }
 

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "prancheta/database/entity_picture.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/dxf/releases.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::dxf {
@@ -47,12 +49,16 @@ AcGePoint3d inPlane(const AcGePoint3d& p, const AcGeVector3d& normal) {
 
 void makeByBlock(Picture& picture, const AcDbEntity& entity) {
     const AcDbDatabase* const database = entity.database();
+    const PictureTraits own = traitsOf(entity);
     const std::vector<PictureTraits>& all = picture.allTraits();
     for (std::uint32_t i = 0; i < all.size(); ++i) {
         PictureTraits traits = all[i];
         if (traits.layer.isNull() || traits.layer == entity.layerId())
             traits.layer = database->layerZero();
-        if (traits.color == entity.colorIndex()) traits.color = 0;
+        if (traits.color == own.color && traits.trueColor == own.trueColor) {
+            traits.color = 0;
+            traits.trueColor.reset();
+        }
         const AcDbObjectId byLayer = database->byLayerLinetype();
         if (traits.linetype.isNull()) traits.linetype = byLayer;
         if (traits.linetype == entity.linetypeId() && traits.linetype != byLayer)
@@ -63,10 +69,12 @@ void makeByBlock(Picture& picture, const AcDbEntity& entity) {
     }
 }
 
-PictureWriter::PictureWriter(TagWriter& out, SaveNames& names, AcDbDatabase& database)
+PictureWriter::PictureWriter(TagWriter& out, SaveNames& names, AcDbDatabase& database,
+                             std::string_view acadVersion)
     : m_out(out),
       m_names(names),
       m_layerZero(database.layerZero()),
+      m_knowsTrueColor(!isUnknownGroup(acadVersion, kAnyEntity, 420)),
       m_byLayer(database.byLayerLinetype()) {}
 
 std::size_t PictureWriter::count(const Picture& picture) {
@@ -100,7 +108,12 @@ void PictureWriter::begin(const char* type, const PictureTraits& traits, Adesk::
         m_out.text(8, m_names.of(traits.layer, kLayerZero));
     if (traits.linetype != m_byLayer && !traits.linetype.isErased())
         m_out.text(6, m_names.of(traits.linetype));
-    if (traits.color != 256) m_out.integer(62, traits.color);
+    const auto nearest = [&] {
+        return static_cast<Adesk::UInt16>(nearestIndex(*traits.trueColor));
+    };
+    const Adesk::UInt16 color = traits.trueColor ? nearest() : traits.color;
+    if (color != 256) m_out.integer(62, color);
+    if (traits.trueColor && m_knowsTrueColor) m_out.integer(420, numberOf(*traits.trueColor));
     if (traits.linetypeScale != 1.0) m_out.real(48, traits.linetypeScale);
     if (traits.lineWeight != AcDb::kLnWtByLayer) m_out.integer(370, traits.lineWeight);
 }

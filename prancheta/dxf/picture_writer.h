@@ -15,7 +15,9 @@ void makeByBlock(Picture& picture, const AcDbEntity& entity);
 /// below what is drawn, so that a turned frame leaves no tails of digits.
 class PictureWriter {
 public:
-    PictureWriter(TagWriter& out, SaveNames& names, AcDbDatabase& database);
+    /// `acadVersion` as $ACADVER has it: older ones know no true colour.
+    PictureWriter(TagWriter& out, SaveNames& names, AcDbDatabase& database,
+                  std::string_view acadVersion);
 
     /// Number of entities that write() makes.
     static std::size_t count(const Picture& picture);
@@ -49,6 +51,7 @@ private:
     TagWriter& m_out;
     SaveNames& m_names;
     AcDbObjectId m_layerZero;
+    bool m_knowsTrueColor;
     AcDbObjectId m_byLayer;
     AcDbObjectId m_textStyle;  ///< of the picture at hand
 };

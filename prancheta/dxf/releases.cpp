@@ -104,10 +104,7 @@ std::optional<int> indexOfTrueColor(std::string_view acadVersion, const RawTags&
     for (std::size_t i = first; i < last; ++i) {
         long long color = 0;
         if (tags[i].code != 420 || !parseInteger(tags[i].value, color)) continue;
-        const auto share = [color](int shift) {
-            return static_cast<std::uint8_t>(color >> shift & 0xFF);
-        };
-        return nearestIndex({share(16), share(8), share(0)});
+        return nearestIndex(rgbOf(color));
     }
     return {};
 }

@@ -77,7 +77,7 @@ Saver::Saver(AcDbDatabase& database, TagWriter& out, std::string version,
       m_version(version),
       m_view(view),
       m_entities(out, m_names, m_handles, std::move(version)),
-      m_pictures(out, m_names, database) {
+      m_pictures(out, m_names, database, m_version) {
     m_filer.handleOf = [this](AcDbObjectId id) { return m_handles.of(id); };
 }
 

@@ -73,7 +73,10 @@ BlockInheritance::BlockInheritance(const PictureTraits& reference, const AcDbDat
 
 PictureTraits BlockInheritance::resolved(PictureTraits traits) const {
     if (traits.layer.isNull() || traits.layer == m_layerZero) traits.layer = m_reference.layer;
-    if (traits.color == 0) traits.color = m_reference.color;
+    if (!traits.trueColor && traits.color == 0) {
+        traits.color = m_reference.color;
+        traits.trueColor = m_reference.trueColor;
+    }
     if (!m_byBlock.isNull() && traits.linetype == m_byBlock) traits.linetype = m_reference.linetype;
     if (traits.lineWeight == AcDb::kLnWtByBlock) traits.lineWeight = m_reference.lineWeight;
     return traits;
@@ -137,7 +140,7 @@ void appendExploded(const AcDbBlockReference& reference, const AcGeMatrix3d& m,
             const PictureTraits traits = inheritance.resolved(traitsOf(*made));
             if (!traits.layer.isNull()) (void)made->setLayer(traits.layer);
             if (!traits.linetype.isNull()) (void)made->setLinetype(traits.linetype);
-            (void)made->setColorIndex(traits.color);
+            giveColor(*made, traits);
             (void)made->setLineWeight(traits.lineWeight);
             parts.push_back(
                 {std::unique_ptr<AcDbEntity>(made), copied ? entity.objectId() : AcDbObjectId()});

@@ -20,16 +20,19 @@ using Kind = DimensionPart::Kind;
 class ColorScope {
 public:
     ColorScope(AcGiWorldDraw& draw, const AcDbDimension& dimension, Adesk::Int16 color)
-        : m_traits(draw.subEntityTraits()), m_own(dimension.colorIndex()) {
-        m_traits.setColor(color != 0 ? static_cast<Adesk::UInt16>(color) : m_own);
+        : m_traits(draw.subEntityTraits()), m_own(traitsOf(dimension)) {
+        if (color != 0)
+            m_traits.setColor(static_cast<Adesk::UInt16>(color));
+        else
+            setColor(m_traits, m_own);
     }
-    ~ColorScope() { m_traits.setColor(m_own); }
+    ~ColorScope() { setColor(m_traits, m_own); }
     ColorScope(const ColorScope&) = delete;
     ColorScope& operator=(const ColorScope&) = delete;
 
 private:
     AcGiSubEntityTraits& m_traits;
-    Adesk::UInt16 m_own;
+    PictureTraits m_own;
 };
 
 /// Arrow blocks are drawn at size 1, their tip at the origin and pointing along x.
@@ -56,7 +59,10 @@ void arrow(const DimensionPart& part, const DimensionLayout& layout, const AcDbD
     place.setCoordSystem(part.a, along, AcGeVector3d::kZAxis.crossProduct(along),
                          AcGeVector3d::kZAxis * size);
     PictureTraits traits = traitsOf(dimension);
-    if (style.dimclrd != 0) traits.color = static_cast<Adesk::UInt16>(style.dimclrd);
+    if (style.dimclrd != 0) {
+        traits.color = static_cast<Adesk::UInt16>(style.dimclrd);
+        traits.trueColor.reset();
+    }
     Picture picture = blockPicture(block, traits);
     picture.transform(place);
     replay(picture, draw);

@@ -13,6 +13,7 @@
 #include "prancheta/entities/foreign_motion.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/entities/paragraphs.h"
+#include "prancheta/entities/picture_entities.h"
 
 using namespace prancheta;
 
@@ -203,7 +204,7 @@ Adesk::Boolean AcDbMText::subWorldDraw(AcGiWorldDraw* draw) {
     const int row = (m_attachment - 1) / 3;
     const AcGePoint3d corner =
         m_location - m_direction * (set.frame * column / 2.0) + up * (set.height * row / 2.0);
-    drawParagraphs(set, corner, m_direction, m_normal, colorIndex(), *draw);
+    drawParagraphs(set, corner, m_direction, m_normal, traitsOf(*this), *draw);
     return Adesk::kTrue;
 }
 

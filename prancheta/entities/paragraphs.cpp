@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "prancheta/entities/paragraph_codes.h"
+#include "prancheta/graphics/picture_recorder.h"
 #include "prancheta/graphics/text_metrics.h"
 
 namespace prancheta {
@@ -221,15 +222,18 @@ SetParagraphs setParagraphs(const std::wstring& contents, const ParagraphStyle& 
 }
 
 void drawParagraphs(const SetParagraphs& set, const AcGePoint3d& corner, const AcGeVector3d& along,
-                    const AcGeVector3d& normal, int color, AcGiWorldDraw& to) {
+                    const AcGeVector3d& normal, const PictureTraits& own, AcGiWorldDraw& to) {
     const AcGeVector3d up = normal.crossProduct(along);
     const auto at = [&](double x, double y) { return corner + along * x + up * y; };
     AcGiSubEntityTraits& traits = to.subEntityTraits();
-    int used = color;
+    std::optional<int> used;
     const auto use = [&](std::optional<int> wanted) {
-        if (wanted.value_or(color) == used) return;
-        used = wanted.value_or(color);
-        traits.setColor(static_cast<Adesk::UInt16>(used));
+        if (wanted == used) return;
+        used = wanted;
+        if (wanted)
+            traits.setColor(static_cast<Adesk::UInt16>(*wanted));
+        else
+            setColor(traits, own);
     };
     for (const SetLetters& each : set.letters) {
         use(each.color);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "acgi.h"
+#include "prancheta/graphics/picture.h"
 
 namespace prancheta {
 
@@ -45,10 +46,10 @@ struct SetParagraphs {
 };
 SetParagraphs setParagraphs(const std::wstring& contents, const ParagraphStyle& style);
 
-/// Draws them through `to` with the frame's top left corner at `corner`; `color` where no code says
-/// another one.
+/// Draws them through `to` with the frame's top left corner at `corner`; the colour of `own` where
+/// no code says another one.
 void drawParagraphs(const SetParagraphs& set, const AcGePoint3d& corner, const AcGeVector3d& along,
-                    const AcGeVector3d& normal, int color, AcGiWorldDraw& to);
+                    const AcGeVector3d& normal, const PictureTraits& own, AcGiWorldDraw& to);
 
 /// Without formatting, one element each; fractions as "a/b".
 std::vector<std::wstring> plainParagraphs(const std::wstring& contents);

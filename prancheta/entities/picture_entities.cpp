@@ -8,7 +8,6 @@
 
 #include "dbhatch.h"
 #include "prancheta/base/text.h"
-#include "prancheta/database/entity_picture.h"
 #include "prancheta/entities/common.h"
 
 namespace prancheta {
@@ -21,7 +20,7 @@ void finish(std::unique_ptr<AcDbEntity> entity, const PictureTraits& traits,
             AcDbVoidPtrArray& out) {
     if (!traits.layer.isNull()) (void)entity->setLayer(traits.layer);
     if (!traits.linetype.isNull()) (void)entity->setLinetype(traits.linetype);
-    (void)entity->setColorIndex(traits.color);
+    giveColor(*entity, traits);
     (void)entity->setLinetypeScale(traits.linetypeScale);
     (void)entity->setLineWeight(traits.lineWeight);
     out.append(entity.release());
@@ -106,16 +105,6 @@ std::unique_ptr<AcDbEntity> text(const PrimitiveView& p) {
 }
 
 }  // namespace
-
-PictureTraits traitsOf(const AcDbEntity& entity) {
-    PictureTraits traits;
-    traits.layer = entity.layerId();
-    traits.linetype = entity.linetypeId();
-    traits.linetypeScale = entity.linetypeScale();
-    traits.color = entity.colorIndex();
-    traits.lineWeight = entity.lineWeight();
-    return traits;
-}
 
 Picture pictureOf(AcDbEntity& entity) {
     Picture picture;

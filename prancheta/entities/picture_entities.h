@@ -3,12 +3,9 @@
 #pragma once
 
 #include "dbmain.h"
-#include "prancheta/graphics/picture.h"
+#include "prancheta/database/entity_picture.h"
 
 namespace prancheta {
-
-/// Traits that the entity's own properties give.
-PictureTraits traitsOf(const AcDbEntity& entity);
 
 /// What the entity draws in the world. The entity must be open for read or not resident.
 Picture pictureOf(AcDbEntity& entity);

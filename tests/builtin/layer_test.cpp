@@ -22,6 +22,10 @@ protected:
         const Read<AcDbLayerTableRecord> layer(find(name));
         return (layer.object()->*f)();
     }
+    bool trueColorOf(const wchar_t* name) {
+        return prancheta::ObjectAccess::trueColor(
+                   *Read<AcDbLayerTableRecord>(find(name)).object()) == prancheta::Rgb{0, 250, 2};
+    }
     std::wstring current() { return editor->variables().text(L"CLAYER"); }
 };
 
@@ -84,6 +88,13 @@ TEST_F(Layer, Properties) {
     EXPECT_EQ(of(L"0", &Record::colorIndex), 5);
     EXPECT_EQ(of(L"A", &Record::lineWeight), AcDb::kLnWt035);
     EXPECT_FALSE(of(L"B", &Record::isPlottable));
+    type({L"_-layer", L"_c", L"0,250,256", L"0,250,2", L"A", L"_c", L"1", L"B", L""});
+    EXPECT_EQ(of(L"A", &Record::colorIndex), 3);
+    EXPECT_TRUE(trueColorOf(L"A"));
+    EXPECT_FALSE(trueColorOf(L"B"));
+    type({L"_u"});
+    EXPECT_EQ(of(L"A", &Record::colorIndex), 1);
+    EXPECT_FALSE(trueColorOf(L"A"));
     const Read<AcDbLinetypeTableRecord> linetype(of(L"A", &Record::linetypeObjectId));
     const ACHAR* name = nullptr;
     ASSERT_EQ(linetype->getName(name), Acad::eOk);

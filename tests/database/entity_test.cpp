@@ -3,6 +3,7 @@
 #include "acutmem.h"
 #include "fixture.h"
 #include "prancheta/database/entity_picture.h"
+#include "prancheta/database/object_access.h"
 
 namespace {
 
@@ -45,6 +46,19 @@ TEST_F(EntityTest, NewEntitiesTakeCurrentProperties) {
     Piece other;
     EXPECT_EQ(other.setPropertiesFrom(&piece), Acad::eOk);
     EXPECT_EQ(other.layerId(), cotas);
+    // A true colour has the nearest index beside it, goes with the properties and gives way to an
+    // index.
+    core().variables().force(L"CECOLOR", std::wstring(L"250, 0,1"));
+    EXPECT_EQ(core().variables().text(L"CECOLOR"), L"RGB:250,0,1");
+    piece.setDatabaseDefaults();
+    EXPECT_EQ(other.setPropertiesFrom(&piece), Acad::eOk);
+    prancheta::Picture picture;
+    prancheta::recordPicture(other, picture);
+    EXPECT_EQ(other.colorIndex(), 1);
+    EXPECT_EQ(picture[0].traits().trueColor, (prancheta::Rgb{250, 0, 1}));
+    EXPECT_EQ(picture[1].traits().trueColor, std::nullopt);  // drawn in colour 1
+    EXPECT_EQ(other.setColorIndex(1), Acad::eOk);
+    EXPECT_EQ(prancheta::ObjectAccess::trueColor(other), std::nullopt);
     EXPECT_EQ(other.setColorIndex(257), Acad::eInvalidInput);
     EXPECT_EQ(other.setLinetypeScale(0), Acad::eInvalidInput);
     EXPECT_EQ(other.setLineWeight(static_cast<AcDb::LineWeight>(500)), Acad::eInvalidInput);

@@ -4,6 +4,7 @@
 
 #include "../entities/fixture.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/object_access.h"
 
 using namespace prancheta;
 
@@ -69,7 +70,20 @@ TEST_F(AppearanceTest, byLayerIsTheLayersAndFollowsIt) {
     }
     EXPECT_TRUE(table.of(traitsOn(id)).followsGround);
 
+    // A true colour of the layer, and one of an entity over it; pens go by what is nearest.
+    {
+        const AcDbObjectPointer<AcDbLayerTableRecord> record(id, AcDb::kForWrite);
+        (void)record->setColorIndex(3);
+        ObjectAccess::setTrueColor(*record.object(), {0, 250, 2});
+    }
+    EXPECT_TRUE(table.of(traitsOn(id)).color == (Rgb{0, 250, 2}));
+    EXPECT_EQ(table.of(traitsOn(id)).colorIndex, 3);
+    EXPECT_FALSE(table.of(traitsOn(id)).followsGround);
     PictureTraits own = traitsOn(id);
+    own.trueColor = Rgb{255, 255, 255};
+    EXPECT_TRUE(table.of(own).color == (Rgb{255, 255, 255}));
+    EXPECT_FALSE(table.of(own).followsGround);
+    own.trueColor.reset();
     own.color = 3;
     own.lineWeight = AcDb::kLnWt013;
     own.linetype = database.continuousLinetype();

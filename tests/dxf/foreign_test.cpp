@@ -8,6 +8,7 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/draw_order.h"
 #include "prancheta/database/layouts.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/database/undo.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
@@ -706,4 +707,47 @@ TEST(Foreign, TheSheetOfEveryDrawingIsHandedOnWhenItsTabGoes) {
     // A copy stands behind its original and has its own entities.
     ASSERT_TRUE(copyTab(drawing, tabNamed(drawing, L"Layout1"), L"Outro"));
     EXPECT_EQ(tabsOf(drawing)[2].name, L"Outro");
+}
+
+TEST(Foreign, TrueColoursGivenHereStandWhereFilesHaveThem) {
+    const char* layer =
+        "0 SECTION|2 TABLES|0 TABLE|2 LAYER|5 2|330 0|100 AcDbSymbolTable|70 1|0 LAYER|5 21|330 "
+        "2|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 Eixos|70 0|62 7|6 Continuous|0 "
+        "ENDTAB|0 ENDSEC";
+    // The paragraphs have a ground with a true colour of its own, and the line groups of another
+    // program before its colour.
+    const auto database = loadText(
+        fileWith("0 LINE|5 B1|102 {OUTRO|420 9|102 }|330 1F|100 AcDbEntity|8 0|62 5|420 255|430 "
+                 "RAL$1|440 33554559|100 AcDbLine|10 0|20 0|30 0|11 1|21 0|31 0|0 MTEXT|5 B2|330 "
+                 "1F|100 AcDbEntity|8 0|100 AcDbMText|10 0|20 0|30 0|40 2.5|41 0|71 1|72 1|1 "
+                 "texto|7 Standard|90 1|63 1|420 16711680|45 1.5",
+                 "AC1032", layer));
+    ASSERT_NE(database, nullptr);
+    const std::vector<AcDbEntity*> all = modelSpace(*database);
+    ASSERT_EQ(all.size(), 2u);
+    EXPECT_EQ(ObjectAccess::trueColor(*all[0]), (Rgb{0, 0, 255}));
+    EXPECT_EQ(ObjectAccess::trueColor(*all[1]), std::nullopt);
+    AcDbObjectId eixos = ObjectAccess::lookup(database->layerTableId(), L"Eixos");
+    PictureTraits traits;
+    traits.color = 3;
+    traits.trueColor = Rgb{0, 250, 2};
+    for (AcDbEntity* const entity : all) {
+        AcDbObjectPointer<AcDbEntity> open(entity->objectId(), AcDb::kForWrite);
+        giveColor(*open.object(), traits);
+    }
+    {
+        AcDbObjectPointer<AcDbLayerTableRecord> open(eixos, AcDb::kForWrite);
+        ObjectAccess::setTrueColor(*open.object(), *traits.trueColor);
+    }
+    const std::string text = saved(*database);
+    const Groups groups = groupsOf(text);
+    EXPECT_EQ(without(record(groups, "LINE"), 330),
+              dxftest::groups("0 LINE|5 B1|102 {OUTRO|420 9|102 }|100 AcDbEntity|8 0|62 "
+                              "3|440 33554559|420 64002|100 AcDbLine|10 0.0|20 0.0|30 0.0|11 "
+                              "1.0|21 0.0|31 0.0"));
+    const Groups paragraphs = record(groups, "MTEXT");
+    EXPECT_EQ(valueOf(paragraphs, 420), "64002");
+    EXPECT_EQ(std::count(paragraphs.begin(), paragraphs.end(), Group{420, "16711680"}), 1);
+    EXPECT_EQ(valueOf(record(groups, "LAYER", 2, "Eixos"), 420), "64002");
+    EXPECT_EQ(saved(*loadText(text)), text);
 }

@@ -9,6 +9,7 @@
 
 #include <cmath>
 
+#include "prancheta/desktop/panels/text.h"
 #include "prancheta/display/appearance.h"
 
 namespace prancheta::desktop {
@@ -141,7 +142,7 @@ QIcon drawn(Draw draw) {
 }  // namespace
 
 QColor swatchColor(int color) {
-    const Rgb rgb = paletteColor(color);
+    const Rgb rgb = color >= kTrueColors ? rgbOf(color) : paletteColor(color);
     return {rgb.red, rgb.green, rgb.blue};
 }
 
@@ -162,7 +163,7 @@ QIcon swatchIcon(int color, const QColor& frame) {
         const QRectF box(1.5, 2.5, 13, 11);
         p.setRenderHint(QPainter::Antialiasing, false);
         p.setPen(QPen(frame, 1));
-        if (color >= 1 && color <= 255) p.setBrush(swatchColor(color));
+        if (color >= kTrueColors || (color >= 1 && color <= 255)) p.setBrush(swatchColor(color));
         p.drawRect(box);
         if (color != 7) return;
         p.setRenderHint(QPainter::Antialiasing);

@@ -40,7 +40,7 @@ LayerRow readLayer(AcDbObjectId id, AcDbObjectId current) {
     if (layer.object() == nullptr) return row;
     row.name = qt(commands::layerName(*layer.object()));
     row.linetype = qt(recordName(layer->linetypeObjectId()));
-    row.color = layer->colorIndex();
+    row.color = colorNumber(*layer.object(), layer->colorIndex());
     row.weight = layer->lineWeight();
     row.off = layer->isOff();
     row.frozen = layer->isFrozen();

@@ -286,7 +286,8 @@ void LayersPanel::clicked(const QModelIndex& index) {
 }
 
 void LayersPanel::chooseColor(const LayerRow& row, const QPoint& where) {
-    auto* popup = new ColorPopup(row.color, ColorPopup::Logical::No, this);
+    auto* popup =
+        new ColorPopup(row.color < kTrueColors ? row.color : -1, ColorPopup::Logical::No, this);
     const Ids ids = targets(row.id);
     connect(popup, &ColorPopup::chosen, this, [this, ids](int color) {
         changeAll(ids, [color](const CommandContext&, AcDbLayerTableRecord& layer) {

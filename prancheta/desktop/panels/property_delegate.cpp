@@ -2,6 +2,7 @@
 // Editors of the values in the property table.
 #include "prancheta/desktop/panels/property_delegate.h"
 
+#include <QColorDialog>
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -15,6 +16,7 @@ namespace {
 constexpr int kRowHeight = 24;
 /// Item of the colour box that opens the whole palette.
 constexpr int kOther = -1;
+constexpr int kAnyTrue = -2;
 
 }  // namespace
 
@@ -45,6 +47,22 @@ QWidget* PropertyDelegate::choiceEditor(QWidget* parent, const PropertyRow& row)
     return box;
 }
 
+namespace {
+
+void chooseTrueColor(PropertyDelegate& delegate, QWidget* window, const PropertyRow& row,
+                     int current) {
+    auto* dialog = new QColorDialog(swatchColor(current), window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(dialog, &QColorDialog::colorSelected, &delegate,
+                     [&delegate, row](const QColor& color) {
+                         const int rgb = static_cast<int>(color.rgb() & 0xFFFFFF);
+                         delegate.onCommit(row, std::to_wstring(kTrueColors + rgb));
+                     });
+    dialog->open();
+}
+
+}  // namespace
+
 QWidget* PropertyDelegate::colorEditor(QWidget* parent, const PropertyRow& row) const {
     auto* box = new QComboBox(parent);
     const QColor ink = parent->palette().color(QPalette::Text);
@@ -53,16 +71,23 @@ QWidget* PropertyDelegate::colorEditor(QWidget* parent, const PropertyRow& row) 
     };
     for (const int color : {256, 0, 1, 2, 3, 4, 5, 6, 7}) add(color);
     const int current = row.varies ? 256 : qt(row.input).toInt();
-    if (current > 7 && current < 256) add(current);
+    if (current > 7 && current != 256) add(current);
     box->addItem(QStringLiteral("Outra cor…"), kOther);
+    box->addItem(QStringLiteral("Cor verdadeira…"), kAnyTrue);
     auto* self = const_cast<PropertyDelegate*>(this);
     connect(box, &QComboBox::activated, self, [self, box, copy = row, current] {
+        if (box->currentData().toInt() == kAnyTrue) {
+            QWidget* const window = box->window();
+            emit self->closeEditor(box, QAbstractItemDelegate::RevertModelCache);
+            return chooseTrueColor(*self, window, copy, current);
+        }
         if (box->currentData().toInt() != kOther) {
             emit self->commitData(box);
             emit self->closeEditor(box);
             return;
         }
-        auto* popup = new ColorPopup(current, ColorPopup::Logical::Yes, box->window());
+        auto* popup = new ColorPopup(current < kTrueColors ? current : -1, ColorPopup::Logical::Yes,
+                                     box->window());
         connect(popup, &ColorPopup::chosen, self,
                 [self, copy](int color) { self->onCommit(copy, std::to_wstring(color)); });
         const QPoint below = box->mapToGlobal(QPoint(0, box->height()));
@@ -93,8 +118,8 @@ void PropertyDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
         if (row->varies && !edit->isModified()) return;
         input = edit->text().toStdWString();
     } else if (const auto* box = qobject_cast<QComboBox*>(editor)) {
-        if (box->currentIndex() < 0 || box->currentData().toString() == QString::number(kOther))
-            return;
+        const int chosen = box->currentData().toInt();
+        if (box->currentIndex() < 0 || chosen == kOther || chosen == kAnyTrue) return;
         input = box->currentData().toString().toStdWString();
     }
     if (!row->varies && input == row->input) return;

@@ -7,6 +7,7 @@
 
 #include "dbsymtb.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/entity_picture.h"
 #include "prancheta/desktop/panels/entity_fields.h"
 #include "prancheta/desktop/panels/module_sheet.h"
 #include "prancheta/desktop/panels/text.h"
@@ -142,6 +143,13 @@ Result<void> setLayerRow(const CommandContext& context, AcDbEntity& e, const std
 Result<void> setColorRow(const CommandContext&, AcDbEntity& e, const std::wstring& input) {
     const Result<double> index = readNumber(input);
     if (!index) return index.error();
+    if (*index >= kTrueColors) {
+        PictureTraits traits;
+        traits.trueColor = rgbOf(static_cast<int>(*index));
+        traits.color = static_cast<Adesk::UInt16>(nearestIndex(*traits.trueColor));
+        giveColor(e, traits);
+        return {};
+    }
     if (*index < 0.0 || *index > 256.0 || *index != std::floor(*index))
         return Error{"Use uma cor de 1 a 255, PorCamada ou PorBloco."};
     return answer(e.setColorIndex(static_cast<Adesk::UInt16>(*index)), "A cor não foi aceita.");
@@ -190,8 +198,9 @@ const Common kCommon[] = {
      setLayerRow},
     {L"cor", L"Cor", Kind::Color,
      [](const AcDbEntity& e, PropertyRow& row) {
-         row.value = colorText(e.colorIndex()).toStdWString();
-         row.input = std::to_wstring(e.colorIndex());
+         const int color = colorNumber(e, e.colorIndex());
+         row.value = colorText(color).toStdWString();
+         row.input = std::to_wstring(color);
      },
      setColorRow},
     {L"tipo_linha", L"Tipo de linha", Kind::Choice,

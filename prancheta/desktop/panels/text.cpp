@@ -4,6 +4,7 @@
 
 #include "dbsymtb.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/editor/commands/layers.h"
 #include "prancheta/entities/listing.h"
 #include "protocol/order.h"
@@ -41,7 +42,13 @@ QString weightText(int weight) {
 QString colorText(int color) {
     if (color == 256) return qt(kByLayer);
     if (color == 0) return qt(kByBlock);
+    if (color >= kTrueColors) return qt(rgbText(rgbOf(color)));
     return qt(commands::colorName(color));
+}
+
+int colorNumber(const AcDbObject& object, int index) {
+    const std::optional<Rgb> color = ObjectAccess::trueColor(object);
+    return color ? kTrueColors + static_cast<int>(numberOf(*color)) : index;
 }
 
 int naturalCompare(const QString& a, const QString& b) {

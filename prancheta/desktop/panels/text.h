@@ -9,6 +9,7 @@
 
 #include "acutmem.h"
 #include "dbid.h"
+#include "dbmain.h"
 
 namespace prancheta::desktop {
 
@@ -29,6 +30,10 @@ QString commaText(double value, int decimals);
 QString weightText(int weight);
 /// "vermelho", "30", "PorCamada", "PorBloco" of a colour index.
 QString colorText(int color);
+/// Numbers from here on are true colours in panels, red in the highest of three bytes.
+inline constexpr int kTrueColors = 1 << 24;
+/// The true colour of an entity or layer, else `index`.
+int colorNumber(const AcDbObject& object, int index);
 
 /// The order of protocol/order.h, letters without regard to case. The same on every machine,
 /// whatever its locale.

@@ -10,6 +10,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/base/wildcard.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
@@ -204,7 +205,8 @@ void listLayers(const CommandContext& context, const std::wstring& patterns) {
         column(21);
         line += stateText(*layer.object()) + L" ";
         column(48);
-        line += colorText(layer->colorIndex()) + L" ";
+        const auto rgb = ObjectAccess::trueColor(*layer.object());
+        line += (rgb ? rgbText(*rgb) : colorText(layer->colorIndex())) + L" ";
         column(63);
         if (linetype.openStatus() == Acad::eOk) line += nameOf(*linetype.object());
         say(context, line);
@@ -289,10 +291,16 @@ std::vector<std::wstring> linetypeChoices(const CommandContext& context) {
 }
 
 bool colorUnderstood(const CommandContext&, const std::wstring& text) {
-    return readColor(text).has_value();
+    return readColor(text).has_value() || readRgb(text).has_value();
 }
 
 bool applyColor(const CommandContext&, AcDbLayerTableRecord& layer, const std::wstring& text) {
+    if (const auto rgb = readRgb(text)) {
+        if (layer.setColorIndex(static_cast<Adesk::UInt16>(nearestIndex(*rgb))) != Acad::eOk)
+            return false;
+        ObjectAccess::setTrueColor(layer, *rgb);
+        return true;
+    }
     const int color = readColor(text).value_or(0);
     return layer.setColorIndex(static_cast<Adesk::UInt16>(std::abs(color))) == Acad::eOk &&
            layer.setIsOff(color < 0) == Acad::eOk;

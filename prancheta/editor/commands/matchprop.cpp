@@ -6,6 +6,7 @@
 #include "dbdim.h"
 #include "dbents.h"
 #include "dbmtext.h"
+#include "prancheta/database/entity_picture.h"
 #include "prancheta/database/value_list.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
@@ -114,7 +115,7 @@ Acad::ErrorStatus match(const AcDbEntity& from, AcDbEntity& to, unsigned int wha
     Acad::ErrorStatus es = Acad::eOk;
     if (what & kLayer) es = to.setLayer(from.layerId());
     if (es != Acad::eOk) return es;
-    if (what & kColor) (void)to.setColorIndex(from.colorIndex());
+    if (what & kColor) giveColor(to, traitsOf(from));
     if (what & kLinetype) (void)to.setLinetype(from.linetypeId());
     if (what & kLinetypeScale) (void)to.setLinetypeScale(from.linetypeScale());
     if (what & kLineWeight) (void)to.setLineWeight(from.lineWeight());
