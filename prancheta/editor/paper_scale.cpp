@@ -32,6 +32,13 @@ std::optional<PaperScale> readPaperScale(std::wstring_view text) {
     return scale;
 }
 
+std::optional<double> readDrawingScale(std::wstring_view text) {
+    const bool ratio = text.find_first_of(L":=") != text.npos;
+    const auto scale = readPaperScale(ratio ? std::wstring(text) : L"1:" + std::wstring(text));
+    if (!scale) return {};
+    return scale->drawing / scale->paper;
+}
+
 std::wstring paperScaleText(double drawingPerPaper) {
     return drawingPerPaper > 1.0 ? L"1:" + roundedText(drawingPerPaper)
                                  : roundedText(1.0 / drawingPerPaper) + L":1";

@@ -59,6 +59,30 @@ Task<int> askAll(CommandContext context, AcDbBlockReference* insertion, int mask
 
 }  // namespace
 
+Task<int> askAttributes(CommandContext context, AcDbBlockReference* insertion) {
+    const int status = co_await askAll(context, insertion, AcDbAttributeText::kPreset, 0);
+    co_return status;
+}
+
+std::unique_ptr<AcDbBlockReference> draftOf(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForRead);
+    AcDbEntity* copy = nullptr;
+    if (insertion.openStatus() != Acad::eOk ||
+        insertion->getTransformedCopy(AcGeMatrix3d::kIdentity, copy) != Acad::eOk)
+        return nullptr;
+    return std::unique_ptr<AcDbBlockReference>(AcDbBlockReference::cast(copy));
+}
+
+bool takeValues(AcDbObjectId id, const AcDbBlockReference& draft) {
+    const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForWrite);
+    if (insertion.openStatus() != Acad::eOk) return false;
+    const std::vector<const AcDbAttribute*> given = attributesOf(draft);
+    const std::vector<AcDbAttribute*> attributes = attributesForChange(*insertion.object());
+    for (std::size_t i = 0; i < attributes.size(); ++i)
+        (void)attributes[i]->setTextString(given[i]->textStringConst());  // the reference is open
+    return true;
+}
+
 Task<int> askNewAttributes(CommandContext context, AcDbBlockReference* insertion) {
     const std::vector<const AcDbAttribute*> attributes = attributesOf(*insertion);
     if (attributes.empty() || context.editor().variables().number(L"ATTREQ") == 0) co_return RTNORM;
@@ -90,23 +114,10 @@ CommandTask attedit(CommandContext context) {
                                   Complaint::Refused);
         co_return CommandEnd::Failed;
     }
-    // The questions are about a copy: nothing is open, and Esc leaves all as it was.
-    std::unique_ptr<AcDbBlockReference> draft;
-    {
-        const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForRead);
-        AcDbEntity* copy = nullptr;
-        if (insertion->getTransformedCopy(AcGeMatrix3d::kIdentity, copy) != Acad::eOk)
-            co_return CommandEnd::Failed;
-        draft.reset(AcDbBlockReference::cast(copy));
-    }
+    const std::unique_ptr<AcDbBlockReference> draft = draftOf(id);
+    if (draft == nullptr) co_return CommandEnd::Failed;
     if (co_await askAll(context, draft.get(), 0, 0) == RTCAN) co_return CommandEnd::Cancelled;
-    const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForWrite);
-    if (insertion.openStatus() != Acad::eOk) co_return CommandEnd::Failed;
-    const std::vector<const AcDbAttribute*> given = attributesOf(*draft);
-    const std::vector<AcDbAttribute*> attributes = attributesForChange(*insertion.object());
-    for (std::size_t i = 0; i < attributes.size(); ++i)
-        (void)attributes[i]->setTextString(given[i]->textStringConst());  // the reference is open
-    co_return CommandEnd::Done;
+    co_return takeValues(id, *draft) ? CommandEnd::Done : CommandEnd::Failed;
 }
 
 }  // namespace prancheta::commands

@@ -12,4 +12,14 @@ namespace prancheta::commands {
 /// Esc.
 Task<int> askNewAttributes(CommandContext context, AcDbBlockReference* insertion);
 
+/// Asks for those that are not preset, whatever ATTREQ says: Enter keeps the value, a lone point
+/// empties it. RTCAN after Esc.
+Task<int> askAttributes(CommandContext context, AcDbBlockReference* insertion);
+
+/// A copy of an insertion to ask about, so that nothing is open meanwhile and Esc leaves all as it
+/// was; null when it cannot be read.
+std::unique_ptr<AcDbBlockReference> draftOf(AcDbObjectId insertion);
+/// Gives the insertion the values of its draft; false when it cannot be changed.
+bool takeValues(AcDbObjectId insertion, const AcDbBlockReference& draft);
+
 }  // namespace prancheta::commands

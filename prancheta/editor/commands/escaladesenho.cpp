@@ -114,9 +114,8 @@ Task<InputValue> askScale(CommandContext context, double present) {
         if (answer.status == RTCAN) co_return answer;
         answer.number = present;
         if (answer.status == RTNONE || answer.text.empty()) co_return answer;
-        const bool ratio = answer.text.find_first_of(L":=") != std::wstring::npos;
-        if (const auto scale = readPaperScale(ratio ? answer.text : L"1:" + answer.text)) {
-            answer.number = scale->drawing / scale->paper;
+        if (const auto scale = readDrawingScale(answer.text)) {
+            answer.number = *scale;
             co_return answer;
         }
         context.editor().complain(L"Requer uma escala como 20 ou 1:20.", Complaint::Refused);

@@ -2,7 +2,7 @@
 // LAYOUT: the sheets of the drawing, by name.
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
-#include "prancheta/editor/commands/support.h"
+#include "prancheta/editor/commands/tab_questions.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/plotter.h"
@@ -18,7 +18,6 @@ constexpr Word kOptions[] = {{L"Nova", L"New"},
                              {L"Definir", L"Set"},
                              {L"Papel", L"Paper"},
                              {L"?", L"?"}};
-constexpr Word kOrientations[] = {{L"Paisagem", L"Landscape"}, {L"Retrato", L"Portrait"}};
 
 /// Says why something did not come about.
 CommandEnd refused(const CommandContext& context, const Error& error) {
@@ -46,24 +45,9 @@ Task<Tab> askTab(CommandContext context, std::wstring question, Tab usual) {
     }
 }
 
-/// A name that no tab has; empty after Esc. No name is offered for an empty `usual`.
-Task<std::wstring> askName(CommandContext context, std::wstring question, std::wstring usual) {
-    if (!usual.empty()) question += L" <" + usual + L">";
-    for (;;) {
-        const InputValue answer =
-            co_await context.ask(Prompt(InputKind::Text, question + L": ").wholeLine());
-        if (answer.status == RTCAN) co_return std::wstring();
-        std::wstring name(trim(answer.text));
-        if (name.empty()) name = usual;
-        const std::wstring refusal = tabNameRefusal(context.database(), name);
-        if (refusal.empty()) co_return name;
-        context.editor().complain(refusal, Complaint::Refused);
-    }
-}
-
 CommandTask addNew(CommandContext context) {
     const std::wstring name =
-        co_await askName(context, L"\nNome do novo layout", freeTabName(context.database()));
+        co_await askTabName(context, L"\nNome do novo layout", freeTabName(context.database()));
     if (name.empty()) co_return CommandEnd::Cancelled;
     const Result<Tab> made = addTab(context.database(), name);
     if (!made) co_return refused(context, made.error());
@@ -77,7 +61,7 @@ CommandTask copyOne(CommandContext context) {
     if (from.block == context.database().core().modelSpaceId())
         co_return refused(context, Error{"O modelo não pode ser copiado."});
     const std::wstring name =
-        co_await askName(context, L"\nNome da cópia", freeTabName(context.database()));
+        co_await askTabName(context, L"\nNome da cópia", freeTabName(context.database()));
     if (name.empty()) co_return CommandEnd::Cancelled;
     const Result<Tab> made = copyTab(context.database(), from, name);
     if (!made) co_return refused(context, made.error());
@@ -90,7 +74,7 @@ CommandTask renameOne(CommandContext context) {
     if (tab.block.isNull()) co_return CommandEnd::Cancelled;
     if (tab.block == context.database().core().modelSpaceId())
         co_return refused(context, Error{"O modelo não muda de nome."});
-    const std::wstring name = co_await askName(context, L"\nNovo nome do layout", {});
+    const std::wstring name = co_await askTabName(context, L"\nNovo nome do layout", {});
     if (name.empty()) co_return CommandEnd::Cancelled;
     const Result<void> done = renameTab(context.database(), tab, name);
     if (!done) co_return refused(context, done.error());
@@ -135,9 +119,7 @@ CommandTask setPaper(CommandContext context) {
         co_return refused(context, Error{"O modelo não tem papel; escolha um layout com Definir."});
     const Paper* const paper = co_await askPaper(context);
     if (paper == nullptr) co_return CommandEnd::Cancelled;
-    const InputValue lies = co_await context.ask(
-        Prompt(InputKind::Keyword, L"\nOrientação [Paisagem/Retrato] <Paisagem>: ")
-            .words(kOrientations));
+    const InputValue lies = co_await askOrientation(context);
     if (lies.status == RTCAN) co_return CommandEnd::Cancelled;
     const bool upright = isWord(lies, L"Portrait");
     const Result<void> done =

@@ -3,6 +3,7 @@
 #include "prancheta/editor/commands/table.h"
 
 #include "accmd.h"
+#include "prancheta/editor/commands/sheet_command.h"
 
 namespace prancheta {
 
@@ -127,6 +128,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"SAVE",        L"GRAVAR",       kSession, commands::save},
     {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
     {L"LAYOUT",      L"LAYOUT",       kModal,   commands::layout},
+    {L"FOLHA",       L"FOLHA",        kModal,   commands::folha},
     {L"MVIEW",       L"MVIEW",        kModal,   commands::mview},
     {L"VPLAYER",     L"VPLAYER",      kModal,   commands::vplayer},
     {L"MSPACE",      L"MSPACE",       ACRX_CMD_NO_UNDO_MARKER, commands::mspace},
