@@ -153,13 +153,16 @@ AcDbObjectId lastTitle(const CommandContext& context) {
     return last;
 }
 
+struct SheetBlocks {
+    AcDbObjectId title;
+    AcDbObjectId row;  ///< of the revisions
+};
+
 /// Title block in the corner, head of the revisions beside or above it. What is left for the
-/// drawing; empty, after saying why, when a block cannot be had.
-Box2d drawTitle(const CommandContext& context, const NewSheet& sheet) {
+/// drawing.
+Box2d drawTitle(const CommandContext& context, const NewSheet& sheet, const SheetBlocks& blocks) {
     Box2d frame = sheet.frame();
-    const AcDbObjectId title = sheetBlock(context, sheet.format.titleBlock);
-    const AcDbObjectId row = title.isNull() ? title : sheetBlock(context, kRevisionFile);
-    if (row.isNull()) return {};
+    const auto& [title, row] = blocks;
     auto fields = fieldsAt(title, {frame.right, frame.bottom, 0.0});
     const Box2d covered = boxOf(*fields);
     const double rowWidth = boxOf(*fieldsAt(row, AcGePoint3d::kOrigin)).width();
@@ -191,16 +194,20 @@ void drawViewport(const CommandContext& context, const Box2d& frame, double scal
     tellWhetherFits(context, frame, scale);
 }
 
-/// After the questions: one way, so that a failure is undone as a whole.
+/// After the questions. What can fail comes before the tab is shown.
 CommandEnd draw(const CommandContext& context, const NewSheet& sheet) {
+    SheetBlocks blocks;
+    blocks.title = sheetBlock(context, sheet.format.titleBlock);
+    if (blocks.title.isNull()) return CommandEnd::Failed;
+    blocks.row = sheetBlock(context, kRevisionFile);
+    if (blocks.row.isNull()) return CommandEnd::Failed;
     const Result<Tab> tab = makeTab(context, sheet);
     if (!tab) {
         context.editor().complain(toWide(tab.error().message()));
         return CommandEnd::Failed;
     }
     context.editor().spaces().show(*tab);
-    const Box2d left = drawTitle(context, sheet);
-    if (left.empty()) return CommandEnd::Failed;
+    const Box2d left = drawTitle(context, sheet, blocks);
     drawFrame(context, sheet);
     drawViewport(context, left, sheet.scale);
     (void)refreshSheets(context);
