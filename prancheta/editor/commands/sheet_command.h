@@ -15,6 +15,5 @@ Task<InputValue> askSheetScale(CommandContext context, double present);
 void tellWhetherFits(const CommandContext& context, const Box2d& frame, double scale);
 
 CommandTask newSheet(CommandContext context);
-CommandTask folha(CommandContext context);
 
 }  // namespace prancheta::commands

@@ -3,7 +3,6 @@
 #include "prancheta/editor/commands/table.h"
 
 #include "accmd.h"
-#include "prancheta/editor/commands/sheet_command.h"
 
 namespace prancheta {
 

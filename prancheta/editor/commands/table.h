@@ -15,6 +15,7 @@ std::span<const BuiltInCommand> builtInCommands();
 namespace commands {
 
 CommandTask layout(CommandContext context);
+CommandTask folha(CommandContext context);
 CommandTask mspace(CommandContext context);
 CommandTask mview(CommandContext context);
 CommandTask pspace(CommandContext context);
