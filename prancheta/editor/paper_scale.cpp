@@ -10,6 +10,9 @@
 namespace prancheta {
 namespace {
 
+/// Of a drawing, units per mm of paper; beyond them texts vanish in the digits of a file.
+constexpr double kLeastScale = 1e-3;
+constexpr double kMostScale = 1e5;
 constexpr double kTextOnPaper = 2.5;  ///< mm
 /// Of the metric linetypes: hidden dashes come to 2.5 mm on paper, those of an axis to 12.7.
 constexpr double kLinetypeOnPaper = 0.4;
@@ -36,7 +39,9 @@ std::optional<double> readDrawingScale(std::wstring_view text) {
     const bool ratio = text.find_first_of(L":=") != text.npos;
     const auto scale = readPaperScale(ratio ? std::wstring(text) : L"1:" + std::wstring(text));
     if (!scale) return {};
-    return scale->drawing / scale->paper;
+    const double drawing = scale->drawing / scale->paper;
+    if (drawing < kLeastScale || drawing > kMostScale) return {};
+    return drawing;
 }
 
 std::wstring paperScaleText(double drawingPerPaper) {

@@ -6,6 +6,7 @@
 #include "acutmem.h"
 #include "dbsymtb.h"
 #include "prancheta/geometry/angles.h"
+#include "prancheta/graphics/picture.h"
 #include "protocol/attach.h"
 #include "protocol/length.h"
 #include "rxregsvc.h"
@@ -647,12 +648,12 @@ TEST_F(Cut, ThePreviewShowsWhatAPickDoesAndWhatItDoesWithShift) {
     const auto shown = [](const auto& preview) {
         prancheta::Picture out;
         preview(AcGePoint3d(90, 0, 0), out);
-        return prancheta::boxOf(out.extents());
+        return out.extents();
     };
-    EXPECT_NEAR(shown(ui.last.preview).left, 60, 1e-9);
-    EXPECT_NEAR(shown(ui.last.preview).right, 100, 1e-9);
-    EXPECT_NEAR(shown(ui.last.shiftPreview).left, 100, 1e-9);
-    EXPECT_NEAR(shown(ui.last.shiftPreview).right, 150, 1e-9);
+    EXPECT_NEAR(shown(ui.last.preview).minPoint().x, 60, 1e-9);
+    EXPECT_NEAR(shown(ui.last.preview).maxPoint().x, 100, 1e-9);
+    EXPECT_NEAR(shown(ui.last.shiftPreview).minPoint().x, 100, 1e-9);
+    EXPECT_NEAR(shown(ui.last.shiftPreview).maxPoint().x, 150, 1e-9);
     type({L"^C"});
 }
 

@@ -227,7 +227,7 @@ TEST_F(Ink, AreasAreFilledAndLaterOnesCoverEarlierOnes) {
 TEST_F(Ink, CoversHideWhatIsDrawnBeforeThemInTheColourOfTheGround) {
     Picture picture;
     PictureTraits wide;
-    wide.lineWeight = AcDb::kLnWt200;
+    wide.lineWeight = AcDb::kLnWt211;
     const auto line = [&](double y) {
         const AcGePoint3d ends[] = {{0, y, 0}, {100, y, 0}};
         picture.addPolyline(wide, ends);

@@ -104,7 +104,8 @@ protected:
     Json fields(const char* name) const { return expected.value(name, Json::object()); }
 
     int run() {
-        std::string command = "cd '" + folder.string() + "' && '" +
+        // 2023-11-14 22:13:20 UTC: the date that sheets are given.
+        std::string command = "cd '" + folder.string() + "' && SOURCE_DATE_EPOCH=1700000000 '" +
                               (kBuild / "bin/prancheta-console").string() +
                               "' --instalacao instalacao -r '" + (source / "roteiro.txt").string() +
                               "' --registro registro.jsonl --estado estado.json -o desenho.dxf";

@@ -64,6 +64,9 @@ const Standard* standardFor(const std::wstring& name) {
     return found != std::end(kStandards) ? found : nullptr;
 }
 
+/// mm; what is wider is a slip of the keys.
+constexpr double kWidestPen = 10.0;
+
 /// Pens that files know, hundredths of a mm.
 AcDb::LineWeight nearestLineWeight(double hundredths) {
     constexpr short kWeights[] = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
@@ -76,8 +79,9 @@ AcDb::LineWeight nearestLineWeight(double hundredths) {
 
 std::map<std::wstring, std::wstring> readLayers(const std::filesystem::path& file) {
     std::map<std::wstring, std::wstring> layers;
+    std::error_code error;
     std::ifstream stream(file, std::ios::binary);
-    if (!stream) return layers;
+    if (!stream || !std::filesystem::is_regular_file(file, error)) return layers;
     const std::wstring everything =
         texts::decodeText(std::string{std::istreambuf_iterator<char>(stream), {}});
     for (std::size_t from = 0; from < everything.size();) {
@@ -123,12 +127,15 @@ UserLayer userLayer(std::wstring_view text) {
     UserLayer layer;
     const std::size_t comma = text.find(L',');
     layer.name = texts::trimmed(text.substr(0, comma));
+    // No layer can have such a name: the standard one stays.
+    if (layer.name.find_first_of(L"<>/\\\":;?*|=`") != layer.name.npos) layer.name.clear();
     if (comma == text.npos) return layer;
     std::wstring pen(text.substr(comma + 1));
     std::ranges::replace(pen, L',', L'.');
     wchar_t* end = nullptr;
     const double weight = std::wcstod(pen.c_str(), &end);
-    if (end != pen.c_str() && weight >= 0.0) layer.lineWeight = nearestLineWeight(100.0 * weight);
+    if (end != pen.c_str() && weight >= 0.0 && weight <= kWidestPen)
+        layer.lineWeight = nearestLineWeight(100.0 * weight);
     return layer;
 }
 

@@ -118,7 +118,8 @@ Task<InputValue> askScale(CommandContext context, double present) {
             answer.number = *scale;
             co_return answer;
         }
-        context.editor().complain(L"Requer uma escala como 20 ou 1:20.", Complaint::Refused);
+        context.editor().complain(L"Requer uma escala como 20 ou 1:20, de 1000:1 a 1:100000.",
+                                  Complaint::Refused);
     }
 }
 
