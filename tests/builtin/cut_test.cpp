@@ -643,7 +643,7 @@ TEST_F(Cut, PolylinesAreEdited) {
 
 TEST_F(Cut, ThePreviewShowsWhatAPickDoesAndWhatItDoesWithShift) {
     type({L"_line", L"0,0", L"100,0", L"", L"_line", L"60,-10", L"60,10", L"", L"_line", L"150,-10",
-          L"150,10", L"", L"_trim", L""});
+          L"150,10", L"", L"_trim", L"", L"?"});  // no pick: it is asked again
     ASSERT_TRUE(ui.last.preview && ui.last.shiftPreview);
     const auto shown = [](const auto& preview) {
         prancheta::Picture out;

@@ -88,7 +88,7 @@ TEST_F(Layer, Properties) {
     EXPECT_EQ(of(L"0", &Record::colorIndex), 5);
     EXPECT_EQ(of(L"A", &Record::lineWeight), AcDb::kLnWt035);
     EXPECT_FALSE(of(L"B", &Record::isPlottable));
-    type({L"_-layer", L"_c", L"0,250,256", L"0,250,2", L"A", L"_c", L"1", L"B", L""});
+    type({L"_-layer", L"_c", L"0,250,256", L"_c", L"0,250,2", L"A", L"_c", L"1", L"B", L""});
     EXPECT_EQ(of(L"A", &Record::colorIndex), 3);
     EXPECT_TRUE(trueColorOf(L"A"));
     EXPECT_FALSE(trueColorOf(L"B"));

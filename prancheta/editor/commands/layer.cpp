@@ -150,7 +150,7 @@ struct Property {
 constexpr Property kProperties[] = {
     {{L"COR", L"Color"},
      L"\nDigite o nome ou o número da cor (1-255): ",
-     L"Cor inválida: use 1 a 255 ou o nome.",
+     L"Cor inválida: use 1 a 255, o nome ou vermelho,verde,azul, como 255,128,0.",
      colorUnderstood,
      applyColor},
     {{L"Tipolinha", L"Ltype"},
