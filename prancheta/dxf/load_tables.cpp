@@ -6,14 +6,11 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/loader.h"
+#include "prancheta/dxf/table_at.h"
 #include "prancheta/dxf/upgrade.h"
 
 namespace prancheta::dxf {
 namespace {
-
-AcDbSymbolTable& tableAt(AcDbObjectId id) {
-    return static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
-}
 
 /// Dashes with shapes or texts say more than lengths.
 bool isComplexLinetype(const Tags& body) {

@@ -7,6 +7,7 @@
 #include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/saver.h"
+#include "prancheta/dxf/table_at.h"
 #include "prancheta/entities/dimension_layout.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/register.h"
@@ -27,10 +28,6 @@ Adesk::UInt64 handlesOf(const AcDbDimension& dimension) {
     if (const std::unique_ptr<AcDbDimension> filed = asFiled(dimension))
         recordPicture(*filed, picture);
     return kHandlesOfDimension + PictureWriter::count(picture);
-}
-
-AcDbSymbolTable& tableAt(AcDbObjectId id) {
-    return static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
 }
 
 const AcDbBlockTableRecord& recordAt(AcDbObjectId id) {

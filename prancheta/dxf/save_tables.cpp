@@ -7,6 +7,7 @@
 #include "prancheta/dxf/piece_record.h"
 #include "prancheta/dxf/releases.h"
 #include "prancheta/dxf/saver.h"
+#include "prancheta/dxf/table_at.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -14,10 +15,6 @@ namespace {
 /// Order of the tables; what the host does not keep as objects stands among those that it does.
 constexpr const char* kOrder[] = {"VPORT", "LTYPE", "LAYER",    "STYLE",       "VIEW",
                                   "UCS",   "APPID", "DIMSTYLE", "BLOCK_RECORD"};
-
-const AcDbSymbolTable& tableAt(AcDbObjectId id) {
-    return static_cast<const AcDbSymbolTable&>(*static_cast<AcDbStub*>(id)->object);
-}
 
 }  // namespace
 

@@ -19,7 +19,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kOptions[] = {
+constexpr Word kFolhaOptions[] = {
     {L"Nova", L"New"}, {L"Escala", L"Scale"}, {L"Legenda", L"Title"}, {L"Atualizar", L"Update"}};
 
 /// The title block of the sheet that is shown; null after saying that there is none.
@@ -133,7 +133,8 @@ void tellWhetherFits(const CommandContext& context, const Box2d& frame, double s
 CommandTask folha(CommandContext context) {
     context.editor().spaces().leave();
     const InputValue answer = co_await context.ask(
-        Prompt(InputKind::Keyword, L"\n[Nova/Escala/Legenda/Atualizar] <Nova>: ").words(kOptions));
+        Prompt(InputKind::Keyword, L"\n[Nova/Escala/Legenda/Atualizar] <Nova>: ")
+            .words(kFolhaOptions));
     if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
     CommandTask (*run)(CommandContext) = newSheet;
     if (isWord(answer, L"Scale")) run = changeScale;

@@ -11,13 +11,13 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kOptions[] = {{L"Nova", L"New"},
-                             {L"Copiar", L"Copy"},
-                             {L"Renomear", L"Rename"},
-                             {L"Apagar", L"Delete"},
-                             {L"Definir", L"Set"},
-                             {L"Papel", L"Paper"},
-                             {L"?", L"?"}};
+constexpr Word kLayoutOptions[] = {{L"Nova", L"New"},
+                                   {L"Copiar", L"Copy"},
+                                   {L"Renomear", L"Rename"},
+                                   {L"Apagar", L"Delete"},
+                                   {L"Definir", L"Set"},
+                                   {L"Papel", L"Paper"},
+                                   {L"?", L"?"}};
 
 /// Says why something did not come about.
 CommandEnd refused(const CommandContext& context, const Error& error) {
@@ -93,7 +93,7 @@ CommandTask eraseOne(CommandContext context) {
     co_return CommandEnd::Done;
 }
 
-CommandTask setCurrent(CommandContext context) {
+CommandTask setCurrentLayout(CommandContext context) {
     const Tab tab = co_await askTab(context, L"\nLayout a tornar atual", usualTab(context));
     if (tab.block.isNull()) co_return CommandEnd::Cancelled;
     context.editor().spaces().show(tab);
@@ -144,13 +144,13 @@ CommandTask listAll(CommandContext context) {
     co_return CommandEnd::Done;
 }
 
-struct Option {
+struct LayoutOption {
     const wchar_t* global;
     CommandTask (*run)(CommandContext);
 };
-constexpr Option kRuns[] = {{L"New", addNew},      {L"Copy", copyOne},   {L"Rename", renameOne},
-                            {L"Delete", eraseOne}, {L"Set", setCurrent}, {L"Paper", setPaper},
-                            {L"?", listAll}};
+constexpr LayoutOption kRuns[] = {
+    {L"New", addNew},           {L"Copy", copyOne},   {L"Rename", renameOne}, {L"Delete", eraseOne},
+    {L"Set", setCurrentLayout}, {L"Paper", setPaper}, {L"?", listAll}};
 
 }  // namespace
 
@@ -158,10 +158,10 @@ CommandTask layout(CommandContext context) {
     const InputValue answer = co_await context.ask(
         Prompt(InputKind::Keyword,
                L"\nOpção de layout [Nova/Copiar/Renomear/Apagar/Definir/Papel/?] <Definir>: ")
-            .words(kOptions));
+            .words(kLayoutOptions));
     if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
-    CommandTask (*run)(CommandContext) = setCurrent;
-    for (const Option& option : kRuns)
+    CommandTask (*run)(CommandContext) = setCurrentLayout;
+    for (const LayoutOption& option : kRuns)
         if (isWord(answer, option.global)) run = option.run;
     const CommandEnd end = co_await run(context);
     co_return end;

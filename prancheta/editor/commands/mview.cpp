@@ -9,11 +9,11 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kOptions[] = {{L"Ligar", L"ON"},
-                             {L"Desligar", L"OFF"},
-                             {L"aJustar", L"Fit"},
-                             {L"Travar", L"Lock"},
-                             {L"Escala", L"Scale"}};
+constexpr Word kMviewOptions[] = {{L"Ligar", L"ON"},
+                                  {L"Desligar", L"OFF"},
+                                  {L"aJustar", L"Fit"},
+                                  {L"Travar", L"Lock"},
+                                  {L"Escala", L"Scale"}};
 constexpr Word kOnOff[] = {{L"Ligar", L"ON"}, {L"Desligar", L"OFF"}};
 
 CommandTask switchThem(CommandContext context, bool on) {
@@ -84,7 +84,7 @@ CommandTask mview(CommandContext context) {
     const InputValue answer = co_await context.ask(
         Prompt(InputKind::Point,
                L"\nCanto da janela ou [Ligar/Desligar/aJustar/Travar/Escala] <aJustar>: ")
-            .words(kOptions));
+            .words(kMviewOptions));
     if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
     CommandEnd end = CommandEnd::Done;
     if (answer.status == RTNORM)

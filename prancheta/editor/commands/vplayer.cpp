@@ -12,7 +12,8 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kOptions[] = {{L"?", L"?"}, {L"Congelar", L"Freeze"}, {L"Descongelar", L"Thaw"}};
+constexpr Word kVplayerOptions[] = {
+    {L"?", L"?"}, {L"Congelar", L"Freeze"}, {L"Descongelar", L"Thaw"}};
 constexpr Word kWhere[] = {{L"Todas", L"All"}, {L"Selecionar", L"Select"}, {L"Atual", L"Current"}};
 
 void listFrozen(const CommandContext& context) {
@@ -81,7 +82,7 @@ CommandTask vplayer(CommandContext context) {
     for (;;) {
         const InputValue answer = co_await context.ask(
             Prompt(InputKind::Keyword, L"\nOpção [?/Congelar/Descongelar] <sair>: ")
-                .words(kOptions));
+                .words(kVplayerOptions));
         if (answer.status != RTKWORD) co_return endOf(answer.status);
         if (isWord(answer, L"?")) {
             listFrozen(context);
