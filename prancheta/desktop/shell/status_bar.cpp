@@ -17,7 +17,7 @@ namespace {
 constexpr short kSnapsOff = 16384;
 
 /// Usual scales of a drawing, 1 to this.
-constexpr int kScales[] = {1, 2, 5, 10, 15, 20, 25, 30, 40, 50, 75, 100, 200, 500};
+constexpr int kDrawingScales[] = {1, 2, 5, 10, 15, 20, 25, 30, 40, 50, 75, 100, 200, 500};
 
 }  // namespace
 
@@ -119,7 +119,7 @@ void StatusBar::fillScaleMenu() {
         connect(action, &QAction::triggered, this, [this, command] { emit scaleWanted(command); });
         return action;
     };
-    for (const int scale : kScales) {
+    for (const int scale : kDrawingScales) {
         const QString text = QString("1:%1").arg(scale);
         QAction* const action = add(text, "_ESCALADESENHO " + text);
         action->setCheckable(true);
