@@ -17,8 +17,8 @@ struct PaperScale {
 };
 /// One number is `paper`; nothing for what is no scale.
 std::optional<PaperScale> readPaperScale(std::wstring_view text);
-/// `20` or `1:20`: drawing units per mm of paper, as people say the scale of a drawing; from 1000:1 to
-/// 1:100000.
+/// `20` or `1:20`: drawing units per mm of paper, as people say the scale of a drawing; from 1000:1
+/// to 1:100000.
 std::optional<double> readDrawingScale(std::wstring_view text);
 /// "1:20" or "2:1", of drawing units per mm of paper.
 std::wstring paperScaleText(double drawingPerPaper);

@@ -104,7 +104,8 @@ TEST_F(VariablesTest, ColoursAndScales) {
     EXPECT_EQ(variables().text(L"CECOLOR"), L"BYBLOCK");
     EXPECT_TRUE(set(L"CECOLOR", text(L"255")));
     EXPECT_EQ(database.cecolor(), 255);
-    for (const wchar_t* bad : {L"256", L"0", L"1.5", L"azulão", L"", L"1,2", L"1,2,256", L"1,2,3,4"})
+    for (const wchar_t* bad :
+         {L"256", L"0", L"1.5", L"azulão", L"", L"1,2", L"1,2,256", L"1,2,3,4"})
         EXPECT_FALSE(set(L"CECOLOR", text(bad))) << toUtf8(bad);
     EXPECT_EQ(database.setCecolor(3), Acad::eOk);
     EXPECT_EQ(variables().text(L"CECOLOR"), L"3");
