@@ -66,8 +66,9 @@ Task<bool> askFormat(CommandContext context, const std::vector<SheetFormat>* for
                 sheet->format = each;
                 co_return true;
             }
-        context.editor().complain(L"Não há o formato " + wanted + L". Há " + names + L".",
-                                  Complaint::Refused);
+        std::wstring refusal = L"Não há o formato " + wanted;
+        refusal += L". Há " + names + L".";
+        context.editor().complain(refusal, Complaint::Refused);
     }
 }
 
