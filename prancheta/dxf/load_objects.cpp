@@ -269,16 +269,7 @@ bool Loader::takeLayout(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& i
     if (!splitRecord(record, 5, m_head, m_fault)) return false;
     auto made = std::make_unique<AcDbLayout>();
     if (!readLayout(m_head.body, *this, *made)) return true;
-    if (!keepExtra(*made, m_head.body)) return false;
-    if (!m_core.makeResident(*made, owner.objectId(), claim(span.handle, nullptr)))
-        return bad(nullptr, "não foi possível criar um layout");
-    AcDbLayout* const added = made.release();
-    id = added->objectId();
-    span.kept = true;
-    if (!m_head.reactors.empty() || m_head.dictionary != 0)
-        m_later.push_back({added, m_head.reactors, m_head.dictionary});
-    added->close();
-    return true;
+    return keepExtra(*made, m_head.body) && addObject(std::move(made), span, owner, id);
 }
 
 std::string_view Loader::objectAhead(Adesk::UInt64 handle) {
