@@ -29,7 +29,7 @@ install(FILES docs/manual.md DESTINATION ${house_share}/Prancheta)
 install(FILES LICENSE DESTINATION share/doc/prancheta RENAME copyright)
 if(TARGET prancheta-window)
     install(FILES packaging/prancheta.desktop DESTINATION share/applications)
-    install(FILES packaging/prancheta-mime.xml DESTINATION share/mime/packages RENAME prancheta.xml)
+    install(FILES packaging/prancheta.metainfo.xml DESTINATION share/metainfo)
     install(FILES prancheta/desktop/shell/prancheta.svg DESTINATION share/icons/hicolor/scalable/apps)
 endif()
 
