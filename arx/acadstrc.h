@@ -28,6 +28,7 @@ enum ErrorStatus {
     eNotOpenForWrite = 45,
     eNotThatKindOfClass = 46,
     eMissingDxfField = 48,
+    eFilerError = 51,
     eBadDxfSequence = 52,
     eWasErased = 80,
     eWasOpenForRead = 82,

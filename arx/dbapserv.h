@@ -100,6 +100,11 @@ public:
     double ltscale() const;
     Acad::ErrorStatus setLtscale(double scale);
 
+    /// Reads a DXF file into a drawing that was made without the default one and is still empty.
+    /// eFilerError for a file that cannot be read, eBadDxfSequence for a damaged one; the drawing
+    /// is of no use then. The working database stays the one that it was.
+    Acad::ErrorStatus dxfIn(const ACHAR* dxfFilename, const ACHAR* logFilename = nullptr);
+
     /// eUnknownHandle does not exist here: eKeyNotFound when no object has this handle.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
                                       const AcDbHandle& handle);

@@ -36,6 +36,7 @@ const StatusName kNames[] = {
     STATUS(eNotOpenForWrite),
     STATUS(eNotThatKindOfClass),
     STATUS(eMissingDxfField),
+    STATUS(eFilerError),
     STATUS(eBadDxfSequence),
     STATUS(eWasErased),
     STATUS(eWasOpenForRead),

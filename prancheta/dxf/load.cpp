@@ -4,6 +4,7 @@
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/binary.h"
 #include "prancheta/dxf/kept_handles.h"
@@ -290,22 +291,35 @@ Result<FileText> textOf(const std::filesystem::path& path) {
 
 }  // namespace
 
+namespace {
+
+/// Reads into a drawing that has nothing yet.
+Result<void> loadInto(AcDbDatabase& database, const FileText& file,
+                      const std::filesystem::path& path, LoadReport& report) {
+    const std::string_view text = file.isBinaryFile ? file.binary.text : file.text;
+    Loader loader(database, text, file.isBinaryFile ? nullptr : file.file.get(), report);
+    const bool whole = loader.run();
+    if (file.file->changed())
+        return Error{"outro programa mudou o arquivo enquanto ele era lido; abra-o outra vez",
+                     path.string(), 0, 0};
+    if (!whole)
+        return errorOf(*loader.fault(), text, file.isBinaryFile ? &file.binary.offsets : nullptr,
+                       path);
+    return {};
+}
+
+}  // namespace
+
 Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, LoadReport* report) {
     registerEntityClasses();
     const Result<FileText> file = textOf(path);
     if (!file) return file.error();
-    const std::string_view text = file->isBinaryFile ? file->binary.text : file->text;
     LoadReport unread;
     auto database = std::make_unique<AcDbDatabase>(false, true);
-    Loader loader(*database, text, file->isBinaryFile ? nullptr : file->file.get(),
-                  report != nullptr ? *report : unread);
-    const bool whole = loader.run();
-    if (file->file->changed())
-        return Error{"outro programa mudou o arquivo enquanto ele era lido; abra-o outra vez",
-                     path.string(), 0, 0};
-    if (!whole)
-        return errorOf(*loader.fault(), text, file->isBinaryFile ? &file->binary.offsets : nullptr,
-                       path);
+    if (const Result<void> loaded =
+            loadInto(*database, *file, path, report != nullptr ? *report : unread);
+        !loaded)
+        return loaded.error();
     return database;
 }
 
@@ -339,3 +353,16 @@ Result<std::unique_ptr<AcDbDatabase>> recover(const std::filesystem::path& path,
 }
 
 }  // namespace prancheta::dxf
+
+Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* dxfFilename, const ACHAR*) {
+    using namespace prancheta;
+    if (dxfFilename == nullptr) return Acad::eInvalidInput;
+    AcDbDatabase* const working = acdbHostApplicationServices()->workingDatabase();
+    const std::filesystem::path path = pathFromUtf8(toUtf8(dxfFilename));
+    registerEntityClasses();
+    const Result<dxf::FileText> file = dxf::textOf(path);
+    dxf::LoadReport unread;
+    const bool whole = file && dxf::loadInto(*this, *file, path, unread);
+    acdbHostApplicationServices()->setWorkingDatabase(working);
+    return !file ? Acad::eFilerError : whole ? Acad::eOk : Acad::eBadDxfSequence;
+}
