@@ -12,12 +12,17 @@
 #include "prancheta/console/state_writer.h"
 #include "prancheta/database/layouts.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/editor/drawing_file.h"
+#include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/viewports.h"
 #include "protocol/attach.h"
 
 namespace prancheta::console {
 namespace {
+
+/// Grows when a field changes its meaning or goes; docs/estado.schema.json says what there is.
+constexpr int kStateVersion = 1;
 
 /// Name of a layer, linetype or style; empty for a null id.
 std::string recordName(AcDbObjectId id) {
@@ -123,6 +128,8 @@ Json entityJson(const AcDbEntity& entity) {
         describeDimension(static_cast<const AcDbDimension&>(entity), out);
     if (const auto* const insertion = AcDbBlockReference::cast(&entity))
         describeInsertion(*insertion, out);
+    if (const auto* const foreign = ForeignEntity::cast(&entity))
+        out["tipo_dxf"] = foreign->typeName();
     if (const auto* const report = reportOf(entity)) {
         JsonVisitor visitor(out);
         report->describe(entity, visitor);
@@ -205,6 +212,14 @@ Result<void> writeState(Editor& editor, const std::filesystem::path& path) {
     AtomicFile file(path);
     if (auto opened = file.open(); !opened) return opened;
     ObjectWriter out(file);
+    out.member("versao", kStateVersion);
+    const std::u8string name = editor.file().name().u8string();
+    out.member("arquivo", name.empty() ? Json() : Json(std::string(name.begin(), name.end())));
+    out.member("unidades", {{"comprimento", "mm"},
+                            {"angulo", "rad"},
+                            {"massa", "kg"},
+                            {"area", "mm2"},
+                            {"area_pintura", "m2"}});
     out.member("variaveis", variablesJson(editor));
     out.member("camadas", layersJson(database));
     out.beginList("entidades");

@@ -26,6 +26,8 @@
 #include <set>
 #include <sstream>
 
+#include "tests/scenarios/state_schema.h"
+
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
@@ -171,9 +173,10 @@ TEST_P(Scenario, Holds) {
         EXPECT_NE(errors.find(text.get<std::string>()), std::string::npos)
             << text << " em: " << errors;
     checkEvents();
-    if (expected.contains("estado")) {
+    if (fs::exists(folder / "estado.json")) {
         const Json state = Json::parse(fileText(folder / "estado.json"));
-        EXPECT_EQ(whyNot(expected["estado"], state, "estado"), "");
+        EXPECT_EQ(schemaFaults(state), "");
+        EXPECT_EQ(whyNot(fields("estado"), state, "estado"), "");
     }
     const Json arquivos = fields("arquivos");
     for (const auto& [name, text] : arquivos.items())
