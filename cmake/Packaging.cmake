@@ -33,6 +33,23 @@ if(TARGET prancheta-window)
     install(FILES prancheta/desktop/shell/prancheta.svg DESTINATION share/icons/hicolor/scalable/apps)
 endif()
 
+# The console's manual page has the options that the console itself shows.
+if(NOT CMAKE_CROSSCOMPILING)
+    add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/man/prancheta-console.1.gz
+        COMMAND packaging/manpage.sh $<TARGET_FILE:prancheta-console> packaging/prancheta-console.1
+                > ${CMAKE_BINARY_DIR}/man/prancheta-console.1
+        COMMAND gzip -9nf ${CMAKE_BINARY_DIR}/man/prancheta-console.1
+        COMMAND gzip -9nc packaging/prancheta.1 > ${CMAKE_BINARY_DIR}/man/prancheta.1.gz
+        WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}
+        DEPENDS prancheta-console packaging/manpage.sh packaging/prancheta-console.1 packaging/prancheta.1 VERBATIM)
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/man)
+    add_custom_target(manpages ALL DEPENDS ${CMAKE_BINARY_DIR}/man/prancheta-console.1.gz)
+    install(FILES ${CMAKE_BINARY_DIR}/man/prancheta-console.1.gz ${CMAKE_BINARY_DIR}/man/prancheta.1.gz
+            DESTINATION share/man/man1)
+    install(FILES packaging/prancheta-console.bash DESTINATION share/bash-completion/completions
+            RENAME prancheta-console)
+endif()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_SOURCE_DIR}/cmake/PackageNeeds.cmake)
 set(CPACK_PACKAGE_NAME prancheta)
