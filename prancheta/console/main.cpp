@@ -10,6 +10,7 @@
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/console/catalogue_job.h"
 #include "prancheta/console/check_job.h"
+#include "prancheta/console/compare_job.h"
 #include "prancheta/console/console_ui.h"
 #include "prancheta/console/event_log.h"
 #include "prancheta/console/options.h"
@@ -167,6 +168,11 @@ int run(const Options& options) {
     const bool prepared = prepare(host, options, outcome);
     if (!options.catalogues.empty())
         return prepared ? std::max(outcome.code(false), checkCatalogues(options.catalogues))
+                        : outcome.code(false);
+    if (!options.compare.empty())
+        return prepared ? std::max(outcome.code(false),
+                                   compareJob(host.editor(), options.compare.front(),
+                                              *formOf(options.form)))
                         : outcome.code(false);
     if (!options.check.empty())
         return prepared ? std::max(outcome.code(false), checkJob(host.editor().database()))

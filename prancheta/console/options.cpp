@@ -94,10 +94,18 @@ std::string refusalOf(const CLI::App& app, const Options& options) {
     for (const CLI::Option* const option : app.get_options())
         for (const std::string& value : option->results())
             if (value.empty()) return "o valor de " + option->get_name() + " está vazio";
+    if (!formOf(options.form)) return "o formato é texto, csv ou json, e não " + options.form;
     return clashOf(options);
 }
 
 }  // namespace
+
+std::optional<protocol::ComparisonForm> formOf(const std::string& name) {
+    using enum protocol::ComparisonForm;
+    for (const auto& [known, form] : {std::pair("texto", Text), {"csv", Csv}, {"json", Json}})
+        if (name == known) return form;
+    return {};
+}
 
 std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     Options options;
@@ -127,6 +135,12 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("--confere", options.check,
                    "confere peças, lista e cotas de um desenho e termina")
         ->type_name("ARQUIVO.dxf");
+    app.add_option("--compara", options.compare,
+                   "diz o que mudou, peça por peça, do primeiro desenho para o segundo e termina")
+        ->type_name("ANTES.dxf DEPOIS.dxf")
+        ->expected(2);
+    app.add_option("--formato", options.form, "com --compara: texto, csv ou json")
+        ->type_name("FORMATO");
     app.add_option("--catalogos", options.catalogues,
                    "confere as listas e tabelas de bitolas de uma pasta de instalação e termina")
         ->type_name("PASTA");
@@ -177,8 +191,10 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     }
     options.defaultModules = !noModules;
     options.otherModules = !defaultOnly;
-    options.transcript = !quiet && options.check.empty() && options.catalogues.empty();
+    options.transcript =
+        !quiet && options.check.empty() && options.catalogues.empty() && options.compare.empty();
     if (!options.check.empty()) options.drawing = options.check;
+    if (!options.compare.empty()) options.drawing = options.compare.back();
     findOutputs(options);
     if (const std::string refusal = refusalOf(app, options); !refusal.empty()) {
         std::cerr << "prancheta-console: " << harmless(refusal)

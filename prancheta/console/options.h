@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "protocol/comparison.h"
+
 namespace prancheta::console {
 
 /// Files to be written, empty: none; what the user called `-` has the name of standardOutput().
@@ -21,11 +23,13 @@ struct Options {
     std::string installation;
     /// Files to plot to, in the order of PlotFormat; empty: none.
     std::array<std::string, 3> plots;
-    std::string verify;       ///< DXF file to be examined instead of running a script
-    std::string check;        ///< drawing whose job is to be checked instead
-    std::string catalogues;   ///< folder of catalogues to be examined instead
-    std::string pieces;       ///< table of pieces to be drawn before the script
-    bool somePieces = false;  ///< rows of it that are wrong are left out
+    std::string verify;                ///< DXF file to be examined instead of running a script
+    std::string check;                 ///< drawing whose job is to be checked instead
+    std::vector<std::string> compare;  ///< earlier and later drawing, to be compared instead
+    std::string form = "texto";        ///< in which the comparison is told
+    std::string catalogues;            ///< folder of catalogues to be examined instead
+    std::string pieces;                ///< table of pieces to be drawn before the script
+    bool somePieces = false;           ///< rows of it that are wrong are left out
     std::vector<std::string> modules;
     bool defaultModules = true;
     bool otherModules = true;  ///< a script may load others than those
@@ -40,6 +44,9 @@ enum ExitCode : int {
     kFileError = 3,
     kEndedBySignal = 128,  ///< and the signal's number
 };
+
+/// What --formato names: texto, csv, json; nothing for another name.
+std::optional<protocol::ComparisonForm> formOf(const std::string& name);
 
 /// Reads the arguments. When the program is to end at once (help, version, wrong usage), the exit
 /// code is in `exitCode` and the answer is empty.

@@ -42,9 +42,9 @@ std::wstring csvText(const Listing& listing) {
     return csvOf(linesOf(listing), numbers);
 }
 
-bool writeText(const std::filesystem::path& destination, const std::wstring& text) {
-    return files::replace(destination, std::string(texts::kUtf8Mark) + texts::encodeUtf8(text)) ==
-           0;
+bool writeText(const std::filesystem::path& destination, const std::wstring& text, bool mark) {
+    const std::string bytes = texts::encodeUtf8(text);
+    return files::replace(destination, mark ? std::string(texts::kUtf8Mark) + bytes : bytes) == 0;
 }
 
 bool writeCsv(const std::filesystem::path& destination, const Listing& listing) {

@@ -2,6 +2,9 @@
 // Lines and texts into the drawing.
 #include "zp/matlist/draughtsman.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "adscodes.h"
 #include "dbents.h"
 #include "dbpl.h"
@@ -50,6 +53,28 @@ void Draughtsman::outline(const secao::Outline& outline, const AcGePoint3d& at, 
 
 void Draughtsman::circle(const AcGePoint3d& centre, double radius) {
     put(std::make_unique<AcDbCircle>(centre, AcGeVector3d::kZAxis, radius));
+}
+
+void Draughtsman::cloud(const AcGePoint3d& lower, const AcGePoint3d& upper, double arc) {
+    constexpr double kBulge = 0.4;
+    constexpr double kMostArcs = 200.0;  // a side
+    auto polyline = std::make_unique<AcDbPolyline>();
+    const AcGePoint2d corners[] = {
+        {lower.x, lower.y}, {upper.x, lower.y}, {upper.x, upper.y}, {lower.x, upper.y}};
+    for (std::size_t i = 0; i < 4; ++i) {
+        const AcGePoint2d& a = corners[i];
+        const AcGePoint2d& b = corners[(i + 1) % 4];
+        const double side = std::abs(b.x - a.x) + std::abs(b.y - a.y);
+        const auto arcs = static_cast<int>(std::clamp(std::round(side / arc), 1.0, kMostArcs));
+        for (int k = 0; k < arcs; ++k) {
+            const double t = static_cast<double>(k) / arcs;
+            (void)polyline->addVertexAt(polyline->numVerts(),
+                                        {a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)},
+                                        kBulge);  // behind the last
+        }
+    }
+    (void)polyline->setClosed(true);
+    put(std::move(polyline));
 }
 
 bool Draughtsman::enter(AcDbEntity* entity, AcDbObjectId& id) const {

@@ -31,6 +31,8 @@ public:
     /// Lines and arcs of a section, `factor` times as large, its origin at `at`.
     void outline(const secao::Outline& outline, const AcGePoint3d& at, double factor);
     void circle(const AcGePoint3d& centre, double radius);
+    /// Arcs that bulge outwards along a rectangle, each about so long.
+    void cloud(const AcGePoint3d& lower, const AcGePoint3d& upper, double arc);
     const std::vector<AcDbSoftPointerId>& ids() const { return m_ids; }
 
 private:

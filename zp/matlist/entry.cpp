@@ -5,6 +5,7 @@
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/book.h"
 #include "zp/matlist/check.h"
+#include "zp/matlist/compare.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/marcas_command.h"
@@ -31,6 +32,7 @@ constexpr Command kCommands[] = {
     {zp::matlist::kListCommand, zp::matlist::materialListCommand},
     {L"MARCAS", zp::matlist::marcasCommand},
     {zp::matlist::kCheckCommand, zp::matlist::checkCommand},
+    {zp::matlist::kCompareCommand, zp::matlist::compareCommand},
     {L"VISTAS", zp::matlist::vistasCommand},
     {zp::matlist::kPlanCommand, zp::matlist::cuttingPlanCommand},
     {zp::matlist::kSummaryCommand, zp::matlist::summaryCommand},
@@ -48,6 +50,7 @@ void start(void* application) {
     zp::matlist::installPlans();
     zp::matlist::installSheets();
     zp::matlist::installCheck();
+    zp::matlist::installComparison();
     zp::matlist::startFollowing();
     AcEdCommandStack* const stack = acedRegCmds;
     if (stack == nullptr) return;
@@ -59,6 +62,7 @@ void start(void* application) {
 void stop() {
     if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr) (void)stack->removeGroup(kGroup);
     zp::matlist::stopFollowing();
+    zp::matlist::uninstallComparison();
     zp::matlist::uninstallCheck();
     zp::matlist::uninstallSheets();
     zp::matlist::uninstallPlans();

@@ -26,8 +26,9 @@ std::wstring csvOf(const std::vector<std::vector<std::wstring>>& lines,
                    const std::vector<bool>& numbers);
 /// Headings first, totals last, decimal comma.
 std::wstring csvText(const Listing& listing);
-/// In UTF-8 with a mark.
-bool writeText(const std::filesystem::path& destination, const std::wstring& text);
+/// In UTF-8, with a mark for spreadsheets.
+bool writeText(const std::filesystem::path& destination, const std::wstring& text,
+               bool mark = true);
 bool writeCsv(const std::filesystem::path& destination, const Listing& listing);
 /// Workbook with numbers as numbers and totals as formulas; a second sheet sums the rows by what is
 /// bought for them.

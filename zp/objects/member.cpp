@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <iterator>
 
 #include "zp/objects/cortes.h"
 #include "zp/objects/edit.h"
@@ -20,6 +21,10 @@ constexpr double kSameComprimento = 0.5;
 constexpr double kSameMedida = 1e-6;
 
 MarcaReader g_marcaReader = nullptr;
+
+constexpr const wchar_t* kRoleNames[] = {
+    L"barra", L"montante", L"diagonal", L"banzo inferior", L"banzo superior",
+    L"viga",  L"pilar",    L"barra",    L"barra",          L"terça"};
 
 /// Values that describe the member and not how it is drawn.
 bool describes(secao::Role role) {
@@ -125,6 +130,11 @@ std::size_t hashOf(const ZpObject& peca, int step) {
     for (std::size_t i = 0; i < values.v.size(); ++i)
         if (describes(static_cast<secao::Role>(i))) mix(std::llround(values.v[i] * 1e3));
     return hash;
+}
+
+const wchar_t* roleName(const ZpObject& peca) {
+    const std::size_t role = Access::of(peca).tipoBarra;
+    return kRoleNames[role < std::size(kRoleNames) ? role : 0];
 }
 
 void setMarcaReader(MarcaReader reader) { g_marcaReader = reader; }

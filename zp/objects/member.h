@@ -31,6 +31,9 @@ bool same(const ZpObject& a, const ZpObject& b);
 /// -1, 0 and 1: lengths are counted in steps of half a millimetre.
 std::size_t hashOf(const ZpObject& peca, int step = 0);
 
+/// "banzo inferior"
+const wchar_t* roleName(const ZpObject& peca);
+
 /// Text of a row's mark, told by the module that keeps the lists; null takes it away.
 using MarcaReader = std::wstring (*)(AcDbObjectId row);
 void setMarcaReader(MarcaReader reader);

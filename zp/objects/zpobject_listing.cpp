@@ -11,6 +11,7 @@
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/objects/cortes.h"
+#include "zp/objects/member.h"
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/secao_rows.h"
@@ -23,9 +24,6 @@ namespace {
 
 constexpr const wchar_t* kVistas[] = {L"seção", L"vista superior", L"vista inferior",
                                       L"vista direita", L"vista esquerda"};
-constexpr const wchar_t* kRoleNames[] = {
-    L"barra", L"montante", L"diagonal", L"banzo inferior", L"banzo superior",
-    L"viga",  L"pilar",    L"barra",    L"barra",          L"terça"};
 
 void line(const std::wstring& name, const std::wstring& value) {
     acutPrintf(L"\n%37ls: %ls", name.c_str(), value.c_str());
@@ -84,7 +82,7 @@ void ZpObject::subList() const {
     line(L"ângulo", withComma(p.angle * 180.0 / std::numbers::pi, 4) + L" graus" +
                         (p.mirrored ? L", espelhada" : L""));
     line(L"vista", kVistas[p.vista]);
-    line(L"função", p.tipoBarra < std::size(kRoleNames) ? kRoleNames[p.tipoBarra] : kRoleNames[0]);
+    line(L"função", zp::member::roleName(*this));
     line(L"peso", withComma(getPeso(), 3) + L" kg (" + withComma(getLinearWeight(), 3) + L" kg/m)");
     line(L"área de pintura", withComma(getAreaPintura(), 4) + L" m2");
     if (!p.chapa()) listSecao(*this, p);

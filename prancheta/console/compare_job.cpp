@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// Prints what a module tells.
+#include "prancheta/console/compare_job.h"
+
+#include <iostream>
+
+#include "prancheta/base/text.h"
+#include "prancheta/base/utf8_path.h"
+#include "prancheta/console/options.h"
+#include "prancheta/editor/drawing_file.h"
+#include "prancheta/editor/editor.h"
+#include "rxdict.h"
+
+namespace prancheta::console {
+namespace {
+
+/// Line by line: what would steer a terminal is taken out of names, line ends stay.
+void printLines(const std::string& text) {
+    for (std::size_t from = 0; from < text.size();) {
+        const std::size_t end = std::min(text.find('\n', from), text.size());
+        std::string line = text.substr(from, end - from);
+        const bool spreadsheet = line.ends_with('\r');
+        if (spreadsheet) line.pop_back();
+        std::cout << harmless(line) << (spreadsheet ? "\r\n" : "\n");
+        from = end + 1;
+    }
+    std::cout.flush();
+}
+
+}  // namespace
+
+int compareJob(Editor& editor, const std::string& earlier, protocol::ComparisonForm form) {
+    const auto* const comparison = static_cast<const protocol::DrawingComparison*>(
+        acrxSysRegistry()->at(protocol::kDrawingComparisonKey));
+    if (comparison == nullptr) {
+        std::cerr << "prancheta-console: nenhum módulo carregado sabe comparar desenhos; não use "
+                     "--sem-modulos com --compara\n";
+        return kFileError;
+    }
+    const auto before = readDrawing(editor, pathFromUtf8(earlier), nullptr);
+    if (!before) {
+        std::cerr << "prancheta-console: " << harmless(before.error().message()) << std::endl;
+        return kFileError;
+    }
+    std::wstring told;
+    const bool differs = comparison->compare(**before, editor.database(), form, told);
+    printLines(toUtf8(told));
+    return differs ? kScriptError : kDone;
+}
+
+}  // namespace prancheta::console

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// What became of the job between two drawings of it: by member, whatever the handles are.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dbid.h"
+#include "gepnt3d.h"
+#include "protocol/comparison.h"
+
+class AcDbDatabase;
+
+namespace zp::matlist {
+
+/// A member as one drawing has it; a row without drawn pieces is one, too.
+struct Member {
+    AcDbObjectId peca;   ///< null: nothing of it is drawn
+    AcDbObjectId block;  ///< that it stands in
+    std::wstring marca;
+    long long count = 0;  ///< as the list counts; 1 a drawing for a piece in no list
+    bool listed = false;
+    bool chapa = false;  ///< goes with its bar: where it stands is nothing to tell
+    double kg = 0.0;     ///< of one
+    AcGePoint3d start;
+    AcGePoint3d end;
+    std::string kind;   ///< of section
+    std::string steel;  ///< all that makes it other steel: sizes, length, ends, grade, lacing
+    std::wstring name;  ///< "U 200x75x3, 2162 mm"
+};
+/// All that a drawing holds, further views left out; O(n).
+std::vector<Member> membersOf(AcDbDatabase& drawing);
+
+enum class Difference { New, Gone, Changed, Quantity, Moved };
+
+/// Members of one mark that all changed alike.
+struct MemberChange {
+    Difference kind = Difference::Changed;
+    std::wstring marca;  ///< that of the later drawing, where it is in both
+    std::wstring text;   ///< "L 5980 -> 6020"
+    long long count = 0;
+    double kg = 0.0;  ///< what the job became heavier by
+    std::vector<Member> before;
+    std::vector<Member> after;
+};
+
+/// By kind, then by mark. Members are matched by mark, place and what they are, so that a drawing
+/// whose handles another program gave anew compares as itself. O(n log n).
+std::vector<MemberChange> compareMembers(const std::vector<Member>& before,
+                                         const std::vector<Member>& after);
+
+/// "V3: L 5980 -> 6020, +1,9 kg"
+std::wstring lineOf(const MemberChange& change);
+/// "3 diferenças: 1 nova, 2 alteradas. Entram 12,3 kg, saem 4,5 kg, saldo +7,8 kg."
+std::wstring summaryOf(const std::vector<MemberChange>& changes);
+std::wstring toldAs(protocol::ComparisonForm form, const std::vector<MemberChange>& changes);
+
+/// Revision clouds around what changed and a table beside the drawing, on the layer of "REVISAO";
+/// those of the comparison before go. How many clouds there are, and table rows left out.
+struct Revision {
+    std::size_t clouds = 0;
+    std::size_t rowsLeftOut = 0;
+};
+Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
+                      const std::vector<MemberChange>& changes);
+/// How many entities of such went.
+std::size_t eraseRevision(AcDbDatabase& drawing);
+
+/// The command COMPARAR, and the answer to a host that asks.
+inline constexpr const ACHAR* kCompareCommand = L"COMPARAR";
+void compareCommand();
+void installComparison();
+void uninstallComparison();
+
+}  // namespace zp::matlist

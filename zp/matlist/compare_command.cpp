@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+// COMPARAR, and the comparison as hosts ask for it.
+#include <iterator>
+
+#include "acutads.h"
+#include "protocol/answers.h"
+#include "rxdict.h"
+#include "texts/letters.h"
+#include "texts/path.h"
+#include "zp/matlist/asking.h"
+#include "zp/matlist/book.h"
+#include "zp/matlist/compare.h"
+#include "zp/matlist/formats.h"
+
+namespace zp::matlist {
+namespace {
+
+using protocol::ComparisonForm;
+
+/// The drawing of a file, beside the one that is worked on.
+class OtherDrawing {
+public:
+    explicit OtherDrawing(const std::wstring& file) : m_drawing(false, true) {
+        m_status = m_drawing.dxfIn(file.c_str());
+    }
+    ~OtherDrawing() { Book::forget(&m_drawing); }
+    OtherDrawing(const OtherDrawing&) = delete;
+    OtherDrawing& operator=(const OtherDrawing&) = delete;
+
+    Acad::ErrorStatus status() const { return m_status; }
+    AcDbDatabase& drawing() { return m_drawing; }
+
+private:
+    AcDbDatabase m_drawing;
+    Acad::ErrorStatus m_status;
+};
+
+std::wstring withoutQuotes(std::wstring path) {
+    if (path.size() > 1 && path.front() == L'"' && path.back() == L'"')
+        path = path.substr(1, path.size() - 2);
+    return path;
+}
+
+/// The number of the word that was typed, with or without an underscore; nothing for another text.
+std::optional<std::size_t> wordIn(std::wstring typed, std::span<const wchar_t* const> words) {
+    if (typed.starts_with(L'_')) typed.erase(0, 1);
+    for (std::size_t i = 0; i < words.size(); ++i)
+        if (texts::equalIgnoringCase(typed, words[i])) return i;
+    return {};
+}
+
+void eraseClouds(AcDbDatabase& drawing) {
+    const std::size_t erased = eraseRevision(drawing);
+    acutPrintf(erased == 0 ? L"\nNão há revisão desenhada.\n"
+                           : L"\nA revisão saiu do desenho: %d objetos.\n",
+               static_cast<int>(erased));
+}
+
+void draw(AcDbDatabase& drawing, const std::wstring& file,
+          const std::vector<MemberChange>& changes) {
+    const Revision drawn = drawRevision(
+        drawing, L"ALTERAÇÕES DESDE " + texts::shown(texts::pathOf(file).filename()), changes);
+    if (changes.empty()) return;
+    acutPrintf(drawn.clouds == 1 ? L"%d nuvem de revisão.\n" : L"%d nuvens de revisão.\n",
+               static_cast<int>(drawn.clouds));
+    if (drawn.rowsLeftOut > 0)
+        acutPrintf(L"A tabela mostra as primeiras linhas; outras %d estão no CSV (opção Csv).\n",
+                   static_cast<int>(drawn.rowsLeftOut));
+}
+
+void write(const std::filesystem::path& destination, ComparisonForm form,
+           const std::vector<MemberChange>& changes) {
+    if (writeText(destination, toldAs(form, changes), form == ComparisonForm::Csv))
+        acutPrintf(L"\nComparação gravada em %ls\n", texts::shown(destination).c_str());
+    else
+        protocol::fail(texts::shown(destination) +
+                       L": o arquivo não pode ser gravado; confira a pasta.");
+}
+
+class Comparison : public protocol::DrawingComparison {
+public:
+    const ACHAR* command() const override { return kCompareCommand; }
+    bool compare(AcDbDatabase& before, AcDbDatabase& after, ComparisonForm form,
+                 std::wstring& told) const override {
+        const std::vector<MemberChange> changes =
+            compareMembers(membersOf(before), membersOf(after));
+        told = toldAs(form, changes);
+        Book::forget(&before);
+        return !changes.empty();
+    }
+};
+Comparison g_comparison;  // kept by pointer in the registry
+
+}  // namespace
+
+void compareCommand() {
+    AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
+    if (drawing == nullptr) return;
+    constexpr const wchar_t* kWords[] = {L"csv", L"json", L"limpar", L"clear"};
+    auto file = askTyped(L"Desenho anterior ou [Csv/Json/Limpar]: ");
+    if (!file || file->empty()) return;
+    ComparisonForm form = ComparisonForm::Text;
+    std::filesystem::path destination;
+    if (const std::optional<std::size_t> word = wordIn(*file, kWords)) {
+        if (*word > 1) {
+            eraseClouds(*drawing);
+            return;
+        }
+        form = *word == 0 ? ComparisonForm::Csv : ComparisonForm::Json;
+        const auto asked = askDestination(L"\nArquivo a gravar: ", *word == 0 ? L".csv" : L".json");
+        if (!asked) return;
+        destination = *asked;
+        file = askTyped(L"Desenho anterior: ");
+        if (!file || file->empty()) return;
+    }
+    *file = withoutQuotes(*file);
+    OtherDrawing before(*file);
+    if (before.status() != Acad::eOk) {
+        protocol::fail(*file + (before.status() == Acad::eFilerError
+                                    ? L": o arquivo não pode ser lido; confira o nome e a pasta."
+                                    : L": o desenho está danificado; abra-o com RECUPERAR e "
+                                      L"salve-o antes de comparar."));
+        return;
+    }
+    const std::vector<MemberChange> changes =
+        compareMembers(membersOf(before.drawing()), membersOf(*drawing));
+    if (!destination.empty()) {
+        write(destination, form, changes);
+        return;
+    }
+    acutPrintf(L"\n%ls", toldAs(form, changes).c_str());
+    draw(*drawing, *file, changes);
+}
+
+void installComparison() {
+    acrxSysRegistry()->atPut(protocol::kDrawingComparisonKey, &g_comparison);
+}
+void uninstallComparison() { acrxSysRegistry()->remove(protocol::kDrawingComparisonKey); }
+
+}  // namespace zp::matlist

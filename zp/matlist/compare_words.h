@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// What differs between two members, in words.
+#pragma once
+
+#include "zp/matlist/compare.h"
+
+namespace zp::matlist {
+
+/// "L 5980 -> 6020, aço A36 -> A572"; empty when they are the same but for their place.
+std::wstring differenceOf(const Member& before, const Member& after);
+/// "movida 1000; 0", "girada 30°".
+std::wstring movementOf(const Member& before, const Member& after);
+/// The name, and whether the member is in no list.
+std::wstring nameWithin(const Member& member);
+/// "+2"
+std::wstring signedWords(long long number);
+
+}  // namespace zp::matlist

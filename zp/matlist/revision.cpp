@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+// Revision clouds and their table.
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+#include "acutads.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "perfis/entities/zpfuncoes.h"
+#include "texts/number.h"
+#include "zp/buffer_chain.h"
+#include "zp/matlist/compare.h"
+#include "zp/matlist/draughtsman.h"
+#include "zp/objects/barra_data.h"
+#include "zp/objects/each_entity.h"
+#include "zp/objects/edit.h"
+#include "zp/objects/peca.h"
+
+namespace zp::matlist {
+namespace {
+
+constexpr const ACHAR* kApplication = L"ZP_REVISAO";
+/// mm on paper: a cloud's distance from what it is drawn around, one of its arcs, the table's
+/// texts and its distance from the drawing.
+constexpr double kAway = 4.0;
+constexpr double kArc = 7.0;
+constexpr double kAltura = 2.5;
+constexpr double kTableAway = 20.0;
+constexpr std::size_t kMostRows = 500;
+
+struct Box {
+    AcGePoint3d lower;
+    AcGePoint3d upper;
+};
+
+/// Drawn in the block, one of the layouts; nothing for what stands elsewhere.
+std::optional<Box> boxOf(const Member& member) {
+    const AcDbObjectPointer<AcDbEntity> entity(member.peca, AcDb::kForRead);
+    AcDbExtents extents;
+    if (member.chapa || entity.object() == nullptr || entity->getGeomExtents(extents) != Acad::eOk)
+        return {};
+    return Box{extents.minPoint(), extents.maxPoint()};
+}
+
+/// Of this drawing, where a member of whichever drawing stands; null for a block that is no layout.
+AcDbObjectId layoutOf(const AcDbDatabase& drawing, const Member& member) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(member.block, AcDb::kForRead);
+    const ACHAR* name = nullptr;
+    AcDbObjectId id;
+    if (block.object() == nullptr || !block->isLayout() || block->getName(name) != Acad::eOk)
+        return {};
+    const AcDbObjectPointer<AcDbBlockTable> table(drawing.blockTableId(), AcDb::kForRead);
+    return table.object() != nullptr && table->getAt(name, id) == Acad::eOk ? id : AcDbObjectId();
+}
+
+/// Boxes that no upright and no level line keeps apart become one.
+using Boxes = std::vector<Box>;
+void gather(Boxes::iterator from, Boxes::iterator to, bool upright, bool tried, Boxes& gathered) {
+    const auto low = [upright](const Box& b) { return upright ? b.lower.x : b.lower.y; };
+    const auto high = [upright](const Box& b) { return upright ? b.upper.x : b.upper.y; };
+    std::ranges::sort(from, to, {}, low);
+    auto start = from;
+    double reach = high(*from);
+    bool split = false;
+    for (auto box = from + 1; box != to; ++box) {
+        if (low(*box) > reach) {
+            gather(start, box, !upright, false, gathered);
+            start = box;
+            split = true;
+        }
+        reach = std::max(reach, high(*box));
+    }
+    if (split || (!tried && to - from > 1)) {
+        gather(start, to, !upright, !split, gathered);
+        return;
+    }
+    Box all = *from;
+    for (auto box = from; box != to; ++box) {
+        all.lower = {std::min(all.lower.x, box->lower.x), std::min(all.lower.y, box->lower.y),
+                     all.lower.z};
+        all.upper = {std::max(all.upper.x, box->upper.x), std::max(all.upper.y, box->upper.y),
+                     all.lower.z};
+    }
+    gathered.push_back(all);
+}
+
+void sign(const Draughtsman& drawn) {
+    for (const AcDbSoftPointerId& id : drawn.ids()) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        const BufferChain list(acutBuildList(AcDb::kDxfRegAppName, kApplication,
+                                             AcDb::kDxfXdAsciiString, kCompareCommand, RTNONE));
+        if (entity.object() != nullptr) (void)entity->setXData(list.get());  // registered, short
+    }
+}
+
+/// Where the drawing's model ends on the right and above.
+AcGePoint3d cornerOf(AcDbDatabase& drawing, AcDbObjectId model) {
+    AcDbExtents all;
+    eachEntity(drawing, [&](AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        AcDbExtents extents;
+        if (entity.object() != nullptr && entity->ownerId() == model &&
+            entity->getGeomExtents(extents) == Acad::eOk)
+            all.addExt(extents);
+    });
+    return all.isEmpty() ? AcGePoint3d() : AcGePoint3d(all.maxPoint().x, all.maxPoint().y, 0.0);
+}
+
+/// How many rows had no room.
+std::size_t drawTable(Draughtsman& d, AcGePoint3d corner, const std::wstring& title,
+                      const std::vector<MemberChange>& changes, double scale) {
+    const double h = kAltura * scale;
+    const std::size_t rows = std::min(changes.size(), kMostRows);
+    std::vector<std::wstring> lines{title};
+    for (std::size_t i = 0; i < rows; ++i) lines.push_back(lineOf(changes[i]));
+    lines.push_back(summaryOf(changes));
+    std::size_t widest = 0;
+    for (const std::wstring& line : lines) widest = std::max(widest, line.size());
+    const double width = widthOf(widest, h);
+    double y = corner.y;
+    d.line({corner.x, y, 0.0}, {corner.x + width, y, 0.0});
+    for (const std::wstring& line : lines) {
+        d.text({corner.x + 0.8 * h, y - 1.5 * h, 0.0}, line, h, Align::Left);
+        y -= 2.0 * h;
+        d.line({corner.x, y, 0.0}, {corner.x + width, y, 0.0});
+    }
+    for (const double x : {corner.x, corner.x + width}) d.line({x, corner.y, 0.0}, {x, y, 0.0});
+    return changes.size() - rows;
+}
+
+}  // namespace
+
+std::size_t eraseRevision(AcDbDatabase& drawing) {
+    std::vector<AcDbObjectId> signedOnes;
+    eachEntity(drawing, [&](AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.object() == nullptr || edit::onLockedLayer(*entity.object())) return;
+        const BufferChain list(entity->xData(kApplication));
+        if (list) signedOnes.push_back(id);
+    });
+    std::size_t erased = 0;
+    for (const AcDbObjectId& id : signedOnes) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        if (entity.object() != nullptr && entity->erase() == Acad::eOk) ++erased;
+    }
+    return erased;
+}
+
+Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
+                      const std::vector<MemberChange>& changes) {
+    Revision drawn;
+    (void)eraseRevision(drawing);
+    if (changes.empty() || !registerApplication(drawing, kApplication)) return drawn;
+    const double scale = GetScale();
+    const wchar_t* const layer = ZpLayerToUsr(L"REVISAO");
+    std::map<AcDbObjectId, Boxes> boxes;
+    const auto add = [&](const std::vector<Member>& members) {
+        for (const Member& member : members) {
+            const AcDbObjectId layout = layoutOf(drawing, member);
+            std::optional<Box> box = boxOf(member);
+            if (layout.isNull() || !box) continue;
+            const AcGeVector3d away(kAway * scale, kAway * scale, 0.0);
+            boxes[layout].push_back({box->lower - away, box->upper + away});
+        }
+    };
+    for (const MemberChange& change : changes) {
+        add(change.after);
+        // Where it stood is looked at when it stands there no more.
+        if (change.kind == Difference::Gone || change.kind == Difference::Quantity)
+            add(change.before);
+    }
+    AcDbObjectId model;
+    for (auto& [layout, all] : boxes) {
+        Boxes clouds;
+        gather(all.begin(), all.end(), true, false, clouds);
+        Draughtsman d(layout, layer);
+        for (const Box& cloud : clouds) d.cloud(cloud.lower, cloud.upper, kArc * scale);
+        sign(d);
+        drawn.clouds += clouds.size();
+    }
+    {
+        const AcDbObjectPointer<AcDbBlockTable> table(drawing.blockTableId(), AcDb::kForRead);
+        if (table.object() == nullptr || table->getAt(ACDB_MODEL_SPACE, model) != Acad::eOk)
+            return drawn;
+    }
+    AcGePoint3d corner = cornerOf(drawing, model);
+    corner.x += kTableAway * scale;
+    Draughtsman d(model, layer);
+    drawn.rowsLeftOut = drawTable(d, corner, title, changes, scale);
+    sign(d);
+    return drawn;
+}
+
+}  // namespace zp::matlist
