@@ -33,7 +33,9 @@ std::optional<CutTarget> find(AcDbObjectId id, std::wstring& whyNot) {
         return {};
     }
     if (onLockedLayer(id)) {
-        whyNot = L"O objeto está em uma camada bloqueada.";
+        whyNot = lengthOf(*entity.object()) != nullptr
+                     ? L"A peça está em uma camada bloqueada; desbloqueie-a para mudá-la."
+                     : L"O objeto está em uma camada bloqueada.";
         return {};
     }
     if (std::optional<Curve> curve = planeCurve(*entity.object()))

@@ -179,6 +179,10 @@ Task<int> cutMany(CommandContext context, CuttingEdges& edges, bool byFence, Way
     const Ids found = byFence ? entitiesOnFence(editor, points.all)
                               : entitiesCrossing(editor, points.all[0], points.all[2]);
     if (found.empty()) refuse(context, L"Nenhum objeto aí.");
+    const auto locked = static_cast<std::size_t>(std::ranges::count_if(found, onLockedLayer));
+    if (locked > 0)
+        say(context, counted(locked, L"objeto está em uma camada bloqueada.",
+                             L"objetos estão em uma camada bloqueada."));
     co_return cutAlong(context, edges, found, points.all, way) > 0 ? RTNORM : RTNONE;
 }
 
