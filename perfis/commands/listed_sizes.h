@@ -17,8 +17,8 @@ struct ListedSize {
     ListRow text;
 };
 
-/// Read from the files, lists first, then what only the user's own side tables have of a single
-/// piece; rows without a size are left out, files that cannot be read have none.
+/// Read from the files, lists first, then what only the user's own side tables have of the single
+/// shape; rows without a size are left out, files that cannot be read have none.
 std::vector<ListedSize> listedSizes(const PerfilCommand& command);
 /// The same for the command of a description.
 std::vector<ListedSize> listedSizes(const PerfilDescription& description);
