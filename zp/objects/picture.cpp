@@ -71,7 +71,10 @@ private:
     }
     /// The cut face where it looks at the viewer, else the front edges that hide it.
     void drawEnd(std::size_t end) {
-        if (m_slopes[end].p < 0.0) return drawFace(end, Linetype::Own);
+        if (m_slopes[end].p < 0.0) {
+            drawFace(end, Linetype::Own);
+            return drawBehind(end);
+        }
         const auto part = [&](const secao::VistaPoint& a, const secao::VistaPoint& b) {
             line(at(end, a), at(end, b), Linetype::Own);
         };
@@ -84,6 +87,12 @@ private:
                                                    m_v.levels[i - 1].w, m_v.levels[i].w);
             for (std::size_t k = 0; k + 1 < front.size(); k += 2) part(front[k], front[k + 1]);
         }
+    }
+    /// Edges further back that reach further out than what hides them.
+    void drawBehind(std::size_t end) {
+        for (const secao::Level& n : m_v.levels)
+            for (const auto& [from, to] : secao::seenBehind(m_p.secao().outlines(), m_p.vista, n.w))
+                line(at(end, {n.w, from}), at(end, {n.w, to}), Linetype::Own);
     }
     /// Foreshortened; roundings in straight parts.
     void drawFace(std::size_t end, Linetype type) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <numbers>
 
@@ -79,16 +80,16 @@ void outlineCandidates(const Outline& c, const Viewer& o, double bounds,
     }
 }
 
-/// Largest p of steel on the line of sight at height w.
-double frontmost(const std::vector<Outline>& outlines, const Viewer& o, double w) {
-    double largest = kNothing;
+/// Calls back with p of every outline on the line of sight at height w.
+template <class Visit>
+void eachCrossing(const std::vector<Outline>& outlines, const Viewer& o, double w, Visit visit) {
     for (const Outline& c : outlines)
         for (const Segment& s : c.segments) {
             const VistaPoint a = o.see(s.a);
             const VistaPoint b = o.see(s.b);
             if (!s.arc()) {
                 if ((a.w - w) * (b.w - w) <= 0.0 && a.w != b.w)
-                    largest = std::max(largest, a.p + (b.p - a.p) * (w - a.w) / (b.w - a.w));
+                    visit(a.p + (b.p - a.p) * (w - a.w) / (b.w - a.w));
                 continue;
             }
             const VistaPoint centre = o.see(s.centre);
@@ -97,20 +98,38 @@ double frontmost(const std::vector<Outline>& outlines, const Viewer& o, double w
             const double half = std::acos(altura / s.radius);
             for (const double angle : {o.angleOfTop() + half, o.angleOfTop() - half})
                 if (contains(s, angle, 1e-12))
-                    largest = std::max(largest, o.see({s.centre.x + s.radius * std::cos(angle),
-                                                       s.centre.y + s.radius * std::sin(angle)})
-                                                    .p);
+                    visit(o.see({s.centre.x + s.radius * std::cos(angle),
+                                 s.centre.y + s.radius * std::sin(angle)})
+                              .p);
         }
+}
+
+/// Largest p of steel on the line of sight at height w.
+double frontmost(const std::vector<Outline>& outlines, const Viewer& o, double w) {
+    double largest = kNothing;
+    eachCrossing(outlines, o, w, [&](double p) { largest = std::max(largest, p); });
     return largest;
 }
 
+/// All of them, the nearest first.
+std::vector<double> crossings(const std::vector<Outline>& outlines, const Viewer& o, double w) {
+    std::vector<double> all;
+    eachCrossing(outlines, o, w, [&](double p) { all.push_back(p); });
+    std::ranges::sort(all, std::greater());
+    return all;
+}
+
+/// How near two fronts, and how far beside an edge they are taken, over the size of the section.
+constexpr double kSameFront = 1e-4;
+constexpr double kBeside = 1e-7;
+
 bool visible(const std::vector<Outline>& outlines, const Viewer& o, const Candidate& c,
              double bounds) {
-    const double e = 1e-7 * bounds;
+    const double e = kBeside * bounds;
     const double below = frontmost(outlines, o, c.w - e);
     const double above = frontmost(outlines, o, c.w + e);
     if (below == kNothing || above == kNothing) return true;
-    const double tolerance = 1e-4 * bounds;
+    const double tolerance = kSameFront * bounds;
     return std::abs(below - above) > tolerance || c.p >= std::max(below, above) - tolerance;
 }
 
@@ -161,6 +180,34 @@ std::vector<VistaPoint> frontBetween(const std::vector<Outline>& outlines, int v
         parts.push_back(at(static_cast<double>(i + 1) / kParts));
     }
     return parts;
+}
+
+std::vector<std::pair<double, double>> seenBehind(const std::vector<Outline>& outlines, int vista,
+                                                  double w) {
+    const Viewer o(vista);
+    Bounds bounds;
+    for (const Outline& c : outlines) bounds.include(c.bounds);
+    const double side = bounds.side();
+    const std::vector<double> sides[] = {crossings(outlines, o, w - kBeside * side),
+                                         crossings(outlines, o, w + kBeside * side)};
+    std::vector<double> depths = sides[0];
+    depths.insert(depths.end(), sides[1].begin(), sides[1].end());
+    std::ranges::sort(depths, std::greater());
+    std::vector<std::pair<double, double>> seen;
+    for (std::size_t i = 1; i < depths.size(); ++i) {
+        const double middle = 0.5 * (depths[i - 1] + depths[i]);
+        double front[] = {kNothing, kNothing};
+        bool inSteel = false;
+        for (const std::size_t k : {0U, 1U}) {
+            const auto next = std::ranges::lower_bound(sides[k], middle, std::greater());
+            if (next != sides[k].end()) front[k] = *next;
+            inSteel = inSteel || (next - sides[k].begin()) % 2 != 0;
+        }
+        if (!inSteel && front[0] != front[1] &&
+            !(std::abs(front[0] - front[1]) <= kSameFront * side))
+            seen.emplace_back(depths[i - 1], depths[i]);
+    }
+    return seen;
 }
 
 Vista vistaLongitudinal(const std::vector<Outline>& outlines, int vista) {

@@ -42,4 +42,9 @@ Vista vistaLongitudinal(const std::vector<Outline>& outlines, int vista);
 std::vector<VistaPoint> frontBetween(const std::vector<Outline>& outlines, int vista, double from,
                                      double to);
 
+/// Depths p between which an edge at height w is seen once all that is nearer is cut away, the cut
+/// face itself apart: the nearer one first.
+std::vector<std::pair<double, double>> seenBehind(const std::vector<Outline>& outlines, int vista,
+                                                  double w);
+
 }  // namespace zp::secao
