@@ -23,7 +23,7 @@ namespace {
 
 using ReadPeca = AcDbObjectPointer<ZpObject>;
 
-/// One row of which a command moved ends. Its further views show the member that all its pieces
+/// One row of which a command changed pieces. Its further views show the member that all its pieces
 /// are: they follow when none of these stays as it was, a piece that was broken the older part.
 class ViewsAlong {
 public:
@@ -46,14 +46,21 @@ public:
         const auto& leaders = changes > 0 ? counted : views;
         const auto leader = std::ranges::find_if(leaders, changed);
         if (changes > 0 ? changes < std::ssize(counted) : counted.size() > 1) {
-            // A view that has followed is like its piece.
-            if (changes > 0 ||
-                std::ranges::none_of(counted, [&](AcDbObjectId id) { return alike(id, *leader); }))
+            // What was set to what it was is like the others, a view that has followed like its
+            // piece.
+            if (std::ranges::none_of(
+                    counted, [&](AcDbObjectId id) { return !changed(id) && alike(id, *leader); }))
                 sayApart(static_cast<int>(views.size()), changes > 0);
             return;
         }
-        follow(*leader, views);
-        if (changes == 0) follow(*leader, counted);
+        follow(*leader, views, m_locked);
+        int locked = 0;
+        if (changes == 0) follow(*leader, counted, locked);
+        if (locked > 0)
+            acutPrintf(
+                L"\n%ls: só a vista mudou: a peça está em camada bloqueada; desbloqueie a camada e "
+                L"use EDITAPERFIL.\n",
+                marcaOf(m_row).c_str());
         say();
     }
 
@@ -66,25 +73,21 @@ private:
         const ReadPeca first(a, AcDb::kForRead);
         const ReadPeca second(b, AcDb::kForRead);
         return first.object() != nullptr && second.object() != nullptr &&
-               ends::alike(Access::of(*first.object()), Access::of(*second.object()));
+               ends::alike(*first.object(), *second.object());
     }
-    void follow(AcDbObjectId leader, const std::vector<AcDbObjectId>& drawn) {
+    void follow(AcDbObjectId leader, const std::vector<AcDbObjectId>& drawn, int& locked) {
         for (const AcDbObjectId& id : drawn)
-            if (id != leader) showLike(id, *changeOf(leader));
+            if (id != leader) showLike(id, *changeOf(leader), locked);
     }
-    void showLike(AcDbObjectId id, const edit::Change& change) {
-        const ReadPeca leader(change.peca, AcDb::kForRead);
-        if (leader.object() == nullptr) return;
-        const Peca& now = Access::of(*leader.object());
-        const ReadPeca view(id, AcDb::kForRead);
-        if (view.object() == nullptr || ends::alike(Access::of(*view.object()), now)) return;
-        if (edit::onLockedLayer(*view.object())) {
-            ++m_locked;
+    void showLike(AcDbObjectId id, const edit::Change& change, int& locked) {
+        if (alike(id, change.peca)) return;
+        if (edit::onLockedLayer(id)) {
+            ++locked;
             return;
         }
-        const std::wstring reason = view->upgradeOpen() == Acad::eOk
-                                        ? ends::showLike(*view.object(), now, change.before)
-                                        : L"ela não pode ser alterada agora.";
+        const ReadPeca leader(change.peca, AcDb::kForRead);
+        if (leader.object() == nullptr) return;
+        const std::wstring reason = ends::showLike(id, *leader.object(), change.before);
         if (reason.empty())
             ++m_followed;
         else
@@ -133,7 +136,7 @@ private:
 class Sharing : public edit::Listener {
 public:
     void edited(AcDbObjectId, const edit::Former&) override {}
-    void endsMoved(const std::vector<edit::Change>& changes) override {
+    void changedAlone(const std::vector<edit::Change>& changes) override {
         std::map<AcDbObjectId, std::vector<edit::Change>, Older> byRow;
         for (const edit::Change& change : changes)
             if (const AcDbObjectId row = recordOf(change.peca); !row.isNull())

@@ -185,7 +185,7 @@ std::unique_ptr<ZpObject> copyOf(const ZpObject& peca) {
 
 Former formerOf(const ZpObject& peca) {
     const Peca& p = Access::of(peca);
-    return {valuesOf(peca), p.comprimento, p.start, p.angle};
+    return {valuesOf(peca), p.comprimento, p.start, p.angle, p.cortes};
 }
 
 secao::Kind kindOf(const ZpObject& peca) { return Access::of(peca).kind; }
@@ -380,9 +380,9 @@ void notify(AcDbObjectId peca, const Former& before) {
     for (Listener* listener : all) listener->edited(peca, before);
 }
 
-void notifyEndsMoved(const std::vector<Change>& changes) {
+void notifyChangedAlone(const std::vector<Change>& changes) {
     const std::vector<Listener*> all = listeners();
-    for (Listener* listener : all) listener->endsMoved(changes);
+    for (Listener* listener : all) listener->changedAlone(changes);
 }
 
 std::wstring refusalOf(const ZpObject& peca, const ZpObject& model) {

@@ -9,13 +9,7 @@
 #include <vector>
 
 #include "perfis/entities/zpchapa.h"
-#include "zp/objects/secao/kinds.h"
-#include "zp/objects/secao/outline.h"
-
-namespace zp {
-struct Frame;
-struct Peca;
-}  // namespace zp
+#include "zp/objects/peca.h"
 
 namespace zp::edit {
 
@@ -66,12 +60,13 @@ Faces cornersOf(const ZpObject& peca);
 /// Box of its picture in another piece's frame, mm.
 secao::Bounds boxIn(const Frame& frame, const ZpObject& peca);
 
-/// Values, length of the axis and place of a piece before it was changed.
+/// Values, length of the axis, place and cuts of a piece before it was changed.
 struct Former {
     secao::RoleValues values;
     double comprimento = 0.0;
     AcGePoint3d start;
     double angle = 0.0;
+    std::array<Corte, 2> cortes;
 };
 Former formerOf(const ZpObject& peca);
 
@@ -142,10 +137,10 @@ class Listener {
 public:
     virtual ~Listener() = default;
     virtual void edited(AcDbObjectId peca, const Former& before) = 0;
-    /// One command moved ends of these pieces in their drawing, without a question whom that is
-    /// meant for. Comes after edited() of each; ends that the listener moves itself are told in
-    /// another call.
-    virtual void endsMoved(const std::vector<Change>& changes) { (void)changes; }
+    /// One command changed these pieces in their drawing, without a question whom that is meant
+    /// for. Where ends moved it comes after edited() of each; what the listener changes itself is
+    /// told in another call.
+    virtual void changedAlone(const std::vector<Change>& changes) { (void)changes; }
     /// Why `peca`, open for read, may not become `model`, for the user; empty when it may.
     virtual std::wstring refusal(const ZpObject& peca, const ZpObject& model) {
         (void)peca, (void)model;
@@ -161,7 +156,7 @@ public:
 };
 /// Tells all of them.
 void notify(AcDbObjectId peca, const Former& before);
-void notifyEndsMoved(const std::vector<Change>& changes);
+void notifyChangedAlone(const std::vector<Change>& changes);
 /// What the listeners together say.
 std::optional<std::vector<AcDbObjectId>> alikeOf(const ZpObject& peca, const ZpObject& model);
 /// Why `peca`, open for read, may not become `model`: its ends, or what the first listener that

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "acutads.h"
+#include "zp/objects/member.h"
 #include "zp/objects/watch.h"
 
 namespace zp::ends {
@@ -72,29 +73,64 @@ void move(ZpObject& peca, const Ends& fresh) {
     peca.recordGraphicsModified();
 }
 
-bool alike(const Peca& a, const Peca& b) {
-    return std::abs(a.comprimento - b.comprimento) <= kShortest && a.cortes == b.cortes;
+bool alike(const ZpObject& a, const ZpObject& b) {
+    const Peca& p = Access::of(a);
+    const Peca& q = Access::of(b);
+    return std::abs(p.comprimento - q.comprimento) <= kShortest && p.cortes == q.cortes &&
+           member::sameSizes(a, b);
 }
 
-std::wstring showLike(ZpObject& view, const Peca& peca, const edit::Former& before) {
-    const Peca& p = Access::of(view);
-    if (p.inSecao()) {
-        view.assertWriteEnabled();
-        watch::movesEnd(view.objectId(), edit::formerOf(view));
-        Access::of(view).setComprimento(peca.comprimento);
-        Access::of(view).cortes = peca.cortes;
-        return {};
+namespace {
+
+/// The view as it is to be, in no drawing and where it stands.
+std::unique_ptr<ZpObject> shownLike(const ZpObject& view, const ZpObject& peca) {
+    std::unique_ptr<ZpObject> model = edit::copyOf(view);
+    if (!model) return nullptr;
+    const Peca& shown = Access::of(peca);
+    Peca& p = Access::of(*model);
+    const secao::Roles* const roles = p.order();
+    for (std::size_t i = 0; roles != nullptr && i < p.count; ++i) {
+        const secao::Role role = (*roles)[i];
+        const double* const value = role != secao::Role::Giro ? shown.value(role) : nullptr;
+        if (value != nullptr) p.given[i] = p.actual[i] = *value;
     }
-    const double from = startMoved(peca, before);
-    Ends fresh = between(p, from, from + peca.comprimento);
-    fresh.cortes = peca.cortes;
-    std::wstring reason = refusal(view, fresh);
-    if (reason.empty()) move(view, fresh);
-    return reason;
+    p.tipoBarra = shown.tipoBarra;
+    p.series = shown.series;
+    p.commercial = shown.commercial;
+    p.cachedSecao.reset();
+    p.cortes = shown.cortes;
+    p.setComprimento(shown.comprimento);
+    if (!p.inSecao()) member::lace(*model, member::of(peca).lacing);
+    return model;
 }
 
-void Moved::note(AcDbObjectId peca, const edit::Former& before) {
-    if (m_noted.insert(peca.asOldId()).second) m_changes.push_back({peca, before});
+}  // namespace
+
+std::wstring showLike(AcDbObjectId id, const ZpObject& peca, const edit::Former& before) {
+    std::unique_ptr<ZpObject> model;
+    {
+        const AcDbObjectPointer<ZpObject> view(id, AcDb::kForRead);
+        if (view.object() == nullptr) return L"ela não pode ser aberta.";
+        model = shownLike(*view.object(), peca);
+        if (!model) return L"ela não pode ser copiada.";
+        if (std::wstring reason = edit::refusalOf(*view.object(), *model); !reason.empty())
+            return reason;
+    }
+    const Peca& p = Access::of(*model);
+    edit::Edit edit(id);
+    if (edit.status() != Acad::eOk) return L"ela não pode ser alterada agora.";
+    (void)edit.remake(*model);  // a copy is of the same class
+    member::lace(edit.peca(), member::of(*model).lacing);
+    if (!p.inSecao())
+        Access::of(edit.peca()).start += direction(p.angle) * startMoved(Access::of(peca), before);
+    edit.finish();
+    return {};
+}
+
+void Moved::note(AcDbObjectId peca, const edit::Former& before, What what) {
+    if (!m_noted.insert(peca.asOldId()).second) return;
+    m_changes.push_back({peca, before});
+    if (what == What::Whole) m_whole.insert(peca.asOldId());
 }
 
 void Moved::refuse(const std::wstring& reason) {
@@ -103,10 +139,12 @@ void Moved::refuse(const std::wstring& reason) {
 
 void Moved::notify() {
     m_noted.clear();
+    const std::set<Adesk::LongPtr> whole = std::exchange(m_whole, {});
     std::vector<edit::Change> changes = std::exchange(m_changes, {});
     std::erase_if(changes, [](const edit::Change& c) { return c.peca.isErased(); });
-    for (const edit::Change& c : changes) edit::notify(c.peca, c.before);
-    edit::notifyEndsMoved(changes);
+    for (const edit::Change& c : changes)
+        if (!whole.contains(c.peca.asOldId())) edit::notify(c.peca, c.before);
+    edit::notifyChangedAlone(changes);
 }
 
 void Moved::say() {

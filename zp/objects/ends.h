@@ -32,19 +32,23 @@ std::wstring refusal(const ZpObject& peca, const Ends& fresh);
 /// those that listen to edits, follow at the end of the command.
 void move(ZpObject& peca, const Ends& fresh);
 
-/// True where both have axes of one length, cut alike.
-bool alike(const Peca& a, const Peca& b);
-/// Another view of a piece, resident and open for write, becomes as long as that one is by now and
-/// gets its cuts; in its view it starts as far along its axis from where it did as the piece does,
-/// which `before` was. A section stays where it stands. Why it may not, for the user, and no
-/// change; empty when it has.
-std::wstring showLike(ZpObject& view, const Peca& peca, const edit::Former& before);
+/// True where both have one size and role, and axes of one length, cut alike.
+bool alike(const ZpObject& a, const ZpObject& b);
+/// Another view of a piece, resident and closed, gets the size, role and lacing that the piece,
+/// readable, has by now, its length and its cuts; in its view it starts as far along its axis from
+/// where it did as the piece does, which `before` was. A section stays where it stands. Why it may
+/// not, for the user, and no change; empty when it has.
+std::wstring showLike(AcDbObjectId view, const ZpObject& peca, const edit::Former& before);
 
-/// What one command did to ends in one drawing.
+/// What one command did to pieces in one drawing.
 class Moved {
 public:
+    enum class What {
+        Ends,
+        Whole,  ///< with all that is tied to it, which is told already
+    };
     /// `before` is what the piece was; what it was first holds.
-    void note(AcDbObjectId peca, const edit::Former& before);
+    void note(AcDbObjectId peca, const edit::Former& before, What what);
     /// Nothing is said of an empty reason.
     void refuse(const std::wstring& reason);
     /// Tells those that listen to edits, and forgets.
@@ -55,6 +59,7 @@ public:
 
 private:
     std::vector<edit::Change> m_changes;
+    std::set<Adesk::LongPtr> m_whole;
     std::set<Adesk::LongPtr> m_noted;
     std::set<std::wstring> m_reasons;
 };

@@ -20,6 +20,7 @@
 #include "zp/objects/secao/labels.h"
 #include "zp/objects/secao_rows.h"
 #include "zp/objects/steel.h"
+#include "zp/objects/watch.h"
 
 namespace zp::sheets {
 namespace {
@@ -235,7 +236,11 @@ public:
 
     bool setAlone(AcDbObjectId entity, const ACHAR* key, const ACHAR* value,
                   ACHAR*& message) const override {
-        return told(changeOne(entity, key, value, nullptr), message);
+        const std::optional<edit::Former> before = formerAt(entity);
+        const std::wstring reason = changeOne(entity, key, value, nullptr);
+        // Nobody was asked: further views follow.
+        if (reason.empty() && before) watch::changes(entity, *before);
+        return told(reason, message);
     }
 
     Totals totals(const AcDbEntity& entity) const override {
@@ -245,6 +250,11 @@ public:
     }
 
 private:
+    static std::optional<edit::Former> formerAt(AcDbObjectId id) {
+        const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+        if (peca.object() == nullptr) return {};
+        return edit::formerOf(*peca.object());
+    }
     static bool told(const std::wstring& reason, ACHAR*& message) {
         if (!reason.empty()) (void)acutNewString(reason.c_str(), message);
         return reason.empty();

@@ -23,6 +23,12 @@ void stays(AcDbObjectId linked);
 /// An end of a piece is about to be moved; `before` is what the piece was. At the end of the
 /// command those that listen to edits hear of it.
 void movesEnd(AcDbObjectId peca, const edit::Former& before);
+/// A piece changed with all that is tied to it, which `before` was, without a question whom that is
+/// meant for: at the end of the command those that listen hear of that alone.
+void changes(AcDbObjectId peca, const edit::Former& before);
+/// A piece gets k times as large; `before` is its designation. Sizes of steel do not change in
+/// silence: at the end of the command the user is told.
+void scales(AcDbObjectId peca, const std::wstring& before);
 /// An end of a piece may not be moved: what is tied to it stays with it, and at the end of the
 /// command the user is told why.
 void refused(AcDbObjectId peca, const std::wstring& reason);

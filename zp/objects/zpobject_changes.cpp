@@ -5,6 +5,7 @@
 
 #include "perfis/entities/zpobject.h"
 #include "zp/objects/cortes.h"
+#include "zp/objects/edit.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/published.h"
 #include "zp/objects/watch.h"
@@ -70,6 +71,13 @@ Stretch stretchInside(const Peca& p, const AcGePoint3d (&f)[4]) {
     return t;
 }
 
+/// The user is told, and further views follow. A plate has the size that its bar's lacing says.
+void noteScaling(const ZpObject& peca) {
+    zp::watch::changes(peca.objectId(), zp::edit::formerOf(peca));
+    if (zp::edit::ownerOf(peca).isNull())
+        zp::watch::scales(peca.objectId(), zp::Access::of(peca).designacao());
+}
+
 enum class Face { Near, Far };
 
 Acad::ErrorStatus cut(ZpObject& peca, const AcDbObjectId& other, Face face, bool longitudinalOnly) {
@@ -112,6 +120,7 @@ Acad::ErrorStatus ZpObject::subTransformBy(const AcGeMatrix3d& m) {
     // A file in which another program moved the piece is not announced yet.
     zp::watch::observeReading(database());
     assertWriteEnabled();
+    if (s.scale != 1.0) noteScaling(*this);
     Peca& p = *m_peca;
     p.start.transformBy(m);
     p.angle = zp::angleOf(zp::direction(p.angle).transformBy(m));
