@@ -272,8 +272,12 @@ std::wstring readCortes(const PecaLine& line, PerfilRun& run, PecaOrder& order) 
     constexpr const wchar_t* kKeys[] = {L"corte_inicio", L"corte_fim", L"fundo_inicio",
                                         L"fundo_fim"};
     const auto said = [&](const wchar_t* key) { return line.find(key) != nullptr; };
-    if (std::ranges::none_of(kKeys, said)) return {};
-    if (order.state.vistas.secaoOnly) return L"corte_inicio= e corte_fim= precisam de L=.";
+    const auto first = std::ranges::find_if(kKeys, said);
+    if (first == std::end(kKeys)) return {};
+    if (order.state.vistas.secaoOnly)
+        return shownKey(*first) + *line.find(*first) +
+               (line.find(L"l") == nullptr ? L": a seção não tem pontas; diga o comprimento com L=."
+                                           : L": a seção não tem pontas; use vista= de 1 a 4.");
     const RuledPeca model = run.accepted();
     zp::Peca& p = zp::Access::of(*model.peca);
     for (std::size_t i = 0; i < std::size(kKeys); ++i) {
@@ -285,8 +289,7 @@ std::wstring readCortes(const PecaLine& line, PerfilRun& run, PecaOrder& order) 
                    L": o corte vai de -85 a 85 graus, contados do esquadro.";
         const std::size_t end = i % kAcross;
         p.cortes[end] = i < kAcross ? zp::cortes::withAngle(p, end, angle)
-                                    : zp::cortes::withSlope(
-                                          p, {zp::cortes::slopeOf(p, end).w, std::tan(angle)});
+                                    : zp::cortes::withDepthAngle(p, end, angle);
     }
     order.state.cortes = p.cortes;
     double& comprimento = order.state.vistas.comprimento;

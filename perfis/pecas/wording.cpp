@@ -101,8 +101,7 @@ private:
             m_command.description.keepsComprimentoInSecao ? 0.0 : kSecaoComprimento;
         // The parts of a lacing are those of a length.
         const bool usual = near(m_values.comprimento, drawn) && m_values.lacing.n <= 1;
-        if (!secao || !usual)
-            add(m_tail, L"L", number(secao ? m_values.comprimento : peca.getComprimentoReal()));
+        if (!secao || !usual) add(m_tail, L"L", number(peca.getComprimentoReal()));
         if (m_values.vista != ZpObject::kVistaDireita && (!secao || !usual))
             add(m_tail, L"vista", std::to_wstring(static_cast<int>(m_values.vista)));
         // The turn that the views dialog gives this view is not told.

@@ -503,7 +503,8 @@ TEST_F(Filing, TheReportHasEverythingInOrder) {
         L"(2001.000000 -148.000000 0.000000) ] altura=300.000000 largura=300.000000 "
         L"espessura=8.000000 "
         L"area=7948.000000 perimetro=1784.000000 area_pintura=3.568000 peso=124.800000 "
-        L"peso_liquido=124.800000 corte_inicio=0.000000 corte_fim=0.000000 perfil='CS' "
+        L"peso_liquido=124.800000 corte_inicio=0.000000 corte_fim=0.000000 "
+        L"fundo_inicio=0.000000 fundo_fim=0.000000 perfil='CS' "
         L"dimensoes='300x62,4' marca=- conta=1 cotas=[ ] ligados=[ ] ");
     const AcDbObjectId rolled =
         put(new ZpILaminadoUSA(AcGePoint3d(), ZpObject::kVistaSecao, 200, 100, 5.6, 8.5,

@@ -102,19 +102,27 @@ Corte withAngle(const Peca& p, std::size_t end, double angle) {
     return withSlope(p, {w, slopeOf(p, end).p});
 }
 
+Corte withDepthAngle(const Peca& p, std::size_t end, double angle) {
+    const double depth = std::abs(angle) < kLeastAngle ? 0.0 : std::tan(angle);
+    return withSlope(p, {slopeOf(p, end).w, depth});
+}
+
 bool oblique(const Peca& p) { return !p.chapa() && p.cortes != std::array<Corte, 2>(); }
 
-double edgeAt(const Peca& p, std::size_t end, double w) {
+Reach reachOver(const Peca& p, std::size_t end, const secao::VistaPoint& a,
+                const secao::VistaPoint& b) {
     const Slope slope = slopeOf(p, end);
-    if (slope.square()) return 0.0;
-    double reach = slope.w * w;
-    if (slope.p != 0.0) {
-        const secao::Bounds& box = p.secao().bounds();
-        const double a = secao::see(p.vista, {box.x0, box.y0}).p;
-        const double b = secao::see(p.vista, {box.x1, box.y1}).p;
-        reach += std::max(slope.p * a, slope.p * b);
-    }
-    return reach;
+    const auto [w0, w1] = std::minmax({slope.w * a.w, slope.w * b.w});
+    const auto [p0, p1] = std::minmax({slope.p * a.p, slope.p * b.p});
+    return {w0 + p0, w1 + p1};
+}
+
+double edgeAt(const Peca& p, std::size_t end, double w) {
+    if (slopeOf(p, end).square()) return 0.0;
+    const secao::Bounds& box = p.secao().bounds();
+    return reachOver(p, end, {w, secao::see(p.vista, {box.x0, box.y0}).p},
+                     {w, secao::see(p.vista, {box.x1, box.y1}).p})
+        .most;
 }
 
 double furthest(const Peca& p, std::size_t end) { return most(p, inSection(p, p.cortes[end])); }

@@ -34,10 +34,19 @@ Corte withSlope(const Peca& peca, const Slope& slope);
 /// The cut of an end that has this angle; across the view it is what it is. Square under 0.01
 /// degrees. The piece is no section and no plate.
 Corte withAngle(const Peca& peca, std::size_t end, double angle);
+/// The same of the angle across the view, as depthDegreesOf has it, radians.
+Corte withDepthAngle(const Peca& peca, std::size_t end, double angle);
 
 /// False where both ends are square, and for a plate.
 bool oblique(const Peca& peca);
 
+/// How far out an end reaches over a rectangle between two points of the view, mm.
+struct Reach {
+    double least = 0.0;
+    double most = 0.0;
+};
+Reach reachOver(const Peca& peca, std::size_t end, const secao::VistaPoint& a,
+                const secao::VistaPoint& b);
 /// Where the edge of an end is at height w of the view, from the end of the axis outwards, mm:
 /// that which reaches furthest of what the view shows behind one another.
 double edgeAt(const Peca& peca, std::size_t end, double w);

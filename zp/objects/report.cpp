@@ -76,6 +76,8 @@ void ends(const Peca& p, PropertyVisitor& v) {
     v.number(L"peso_liquido", cortes::netMass(p));
     v.number(L"corte_inicio", cortes::degreesOf(p, cortes::kStart));
     v.number(L"corte_fim", cortes::degreesOf(p, cortes::kEnd));
+    v.number(L"fundo_inicio", cortes::depthDegreesOf(p, cortes::kStart));
+    v.number(L"fundo_fim", cortes::depthDegreesOf(p, cortes::kEnd));
 }
 
 class PecasReport : public protocol::EntityReport {
