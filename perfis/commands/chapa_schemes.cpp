@@ -2,8 +2,6 @@
 // Plates of built-up members: on a face, at both flanges, through the axis.
 #include "perfis/commands/chapa_schemes.h"
 
-#include <iterator>
-
 namespace perfis {
 namespace {
 
@@ -24,11 +22,14 @@ double larguraInSecao(const BarraTravejada& barra) {
     return barra.C > 0.0 ? barra.C : kUnknownLargura;
 }
 
-/// Adds the plates; the one of slot 1, or the only one, stands for them in the material list.
-void add(LaidChapas& laid, const std::vector<AcDbObjectId>& chapas) {
-    const AcDbObjectId first = chapas.size() > 1 ? chapas[1] : chapas.front();
-    laid.rows.push_back({first, static_cast<int>(chapas.size()), {}});
-    laid.ids.insert(laid.ids.end(), chapas.begin(), chapas.end());
+/// A plate of the section that lies, or stands, across the axis at height y.
+zp::secao::Bounds lying(const BarraTravejada& barra, double y) {
+    const double t = barra.medidas.t;
+    return {-barra.A / 2.0, y - t / 2.0, barra.A / 2.0, y + t / 2.0};
+}
+zp::secao::Bounds standing(const BarraTravejada& barra) {
+    const double t = barra.medidas.t;
+    return {-t / 2.0, -barra.A / 2.0, t / 2.0, barra.A / 2.0};
 }
 
 /// With fewer than three plates the next one is at the far end.
@@ -58,12 +59,13 @@ std::vector<AcDbObjectId> rowOf(const BarraTravejada& barra, const ChapaRule& ru
 LaidChapas layOnFace(const BarraTravejada& barra, double face) {
     LaidChapas laid;
     if (isSecao(barra)) {
-        add(laid, lyingInSecao(barra, face));
+        laid.add(lyingInSecao(barra, face));
         return laid;
     }
     const bool onEdgeSeen = barra.vista == ZpObject::kVistaDireita;
-    add(laid, rowOf(barra, onEdgeSeen ? onEdgeSwapped(face + barra.medidas.t / 2.0)
-                                      : flat(barra.A / 2.0)));
+    const double y = face + barra.medidas.t / 2.0;
+    laid.add(rowOf(barra, onEdgeSeen ? onEdgeSwapped(y, {lying(barra, y)})
+                                     : flat(barra.A / 2.0, {lying(barra, y)})));
     laid.pitch = pitchOf(barra);
     return laid;
 }
@@ -79,33 +81,35 @@ LaidChapas layOnBothFlanges(const BarraTravejada& barra) {
             chapas.push_back(makerFor(barra).chapa(offset(barra, -barra.A / 2.0, y),
                                                    ZpObject::kVistaSecao, barra.A, t, 1.0,
                                                    kUpright));
-        add(laid, chapas);
+        laid.add(chapas);
         return laid;
     }
     if (barra.vista == ZpObject::kVistaDireita) {
-        chapas = rowOf(barra, onEdge(flange));
-        const std::vector<AcDbObjectId> lower = rowOf(barra, onEdge(-flange));
+        chapas = rowOf(barra, onEdge(flange, {lying(barra, flange)}));
+        const std::vector<AcDbObjectId> lower =
+            rowOf(barra, onEdge(-flange, {lying(barra, -flange)}));
         chapas.insert(chapas.end(), lower.begin(), lower.end());
     } else {
-        chapas = rowOf(barra, flat(barra.A / 2.0));
+        chapas = rowOf(barra, flat(barra.A / 2.0, {lying(barra, flange), lying(barra, -flange)}));
     }
-    add(laid, chapas);
+    laid.add(chapas);
     laid.pitch = pitchOf(barra);
     return laid;
 }
 
 LaidChapas layThroughAxis(const BarraTravejada& barra) {
-    const bool fromTheSide = barra.vista == ZpObject::kVistaDireita;
-    const ChapaRule edge = onEdgeSwapped(0.0);
-    const ChapaRule face = flat(barra.A / 2.0);
+    const auto row = [&](const zp::secao::Bounds& body, ZpObject::ZpVistas onEdgeFrom) {
+        return rowOf(barra, barra.vista == onEdgeFrom ? onEdgeSwapped(0.0, {body})
+                                                      : flat(barra.A / 2.0, {body}));
+    };
     LaidChapas laid;
     if (barra.planes != TravejamentoPlanes::kVertical) {
-        add(laid, isSecao(barra) ? lyingInSecao(barra, -barra.medidas.t / 2.0)
-                                 : rowOf(barra, fromTheSide ? edge : face));
+        laid.add(isSecao(barra) ? lyingInSecao(barra, -barra.medidas.t / 2.0)
+                                : row(lying(barra, 0.0), ZpObject::kVistaDireita));
     }
     if (barra.planes != TravejamentoPlanes::kHorizontal) {
-        add(laid,
-            isSecao(barra) ? standingInSecao(barra) : rowOf(barra, fromTheSide ? face : edge));
+        laid.add(isSecao(barra) ? standingInSecao(barra)
+                                : row(standing(barra), ZpObject::kVistaSuperior));
     }
     if (!isSecao(barra)) laid.pitch = pitchOf(barra);
     return laid;

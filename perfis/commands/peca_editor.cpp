@@ -159,6 +159,7 @@ public:
         PecaValues was = values;
         was.values = before.values;
         was.comprimento = before.comprimento;
+        was.cortes = before.cortes;
         const LayingChapas laying;
         try {
             newRun(*command)->layAgain(was, values);

@@ -187,6 +187,7 @@ LaidChapas layAll(Edit& edit, const PecaEdit& asked, const AcGePoint3d& start) {
     ReusedChapas supply(edit);
     if (asked.layChapas) laid = asked.layChapas(edit.peca(), start, supply);
     supply.eraseRest();
+    supply.tellLeftOut();
     return laid;
 }
 
@@ -289,7 +290,10 @@ void layChapasAgain(const PerfilDescription& description, const RunState& state,
     const PecaValues& peca = asked.peca;
     const std::vector<AcDbObjectId> rows = rowsOfChapas(peca);
     const RuledPeca after = ruledPeca(description, state, peca, asked.layChapas);
-    const bool lays = !peca.chapas.empty() && laysAgain(asked, after);
+    // Where none stands the user erased them, unless there was no room for any.
+    const bool mayLay =
+        !peca.chapas.empty() || (asked.before.chapas.empty() && !after.chapas.empty());
+    const bool lays = mayLay && laysAgain(asked, after);
     if (!lays && zp::member::of(*after.peca).lacing == peca.lacing) return;
     Edit edit(peca.id);
     if (edit.status() != Acad::eOk) return;

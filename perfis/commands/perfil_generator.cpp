@@ -96,6 +96,7 @@ std::optional<DrawnPeca> drawPeca(const PerfilDescription& description, RunState
     LaidChapas chapas;
     ChapaSupply supply;
     if (layChapas) chapas = layChapas(*peca, made.point, supply);
+    supply.tellLeftOut();
     DrawnPeca drawn{peca.id(), {}};
     drawn.companions.others = chapas.ids;
     drawn.companions.cotas = cotaPeca(description, state, *peca, chapas);

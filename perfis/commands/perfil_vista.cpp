@@ -34,6 +34,7 @@ zp::edit::DrawnVista PerfilRun::drawVista(const PecaValues& peca, ZpObject::ZpVi
         LaidChapas chapas;
         ChapaSupply supply;
         if (layChapas) chapas = layChapas(*drawn, start, supply);
+        supply.tellLeftOut();
         result = {drawn.id(), chapas.ids, cotaPeca(m_description, m_state, *drawn, chapas)};
         tieChapas(*drawn, chapas.ids);
         drawn.close();

@@ -95,13 +95,15 @@ LaidChapas TravejamentoRun::layChapas(ZpObject& peca, const AcGePoint3d& point,
     // the right, after half a turn.
     const bool onEdge = peca.vista() == ZpObject::kVistaDireita;
     const bool turned = zp::edit::valuesOf(peca)[zp::secao::Role::Giro] != 0.0;
-    const double line = m_travejamento.edgeRow(medidas);
-    const ChapaRule rule = onEdge ? onEdgeSwapped(turned ? -line : line) : flat(m_chapas.A / 2.0);
+    const double row = m_travejamento.edgeRow(medidas);
+    const double line = turned ? -row : row;
+    const double half = m_chapas.A / 2.0;
+    const zp::secao::Bounds body{-half, line - medidas.t / 2.0, half, line + medidas.t / 2.0};
+    const ChapaRule rule = onEdge ? onEdgeSwapped(line, {body}) : flat(half, {body});
     const ChapaSpacing spacing{state().vistas.comprimento, m_spacing};
     zp::member::lace(peca, lacingFor(m_chapas.A, m_chapas.C, spacing, 0));
     LaidChapas chapas;
-    chapas.ids = maker.row(point, spacing, rule);
-    chapas.rows.push_back({chapas.ids[1], static_cast<int>(chapas.ids.size()), {}});
+    chapas.add(maker.row(point, spacing, rule));
     return chapas;
 }
 

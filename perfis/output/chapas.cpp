@@ -6,10 +6,13 @@
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <utility>
 
+#include "acutads.h"
 #include "adscodes.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "texts/number.h"
+#include "zp/objects/cortes.h"
 
 namespace perfis {
 namespace {
@@ -27,9 +30,15 @@ int Arredonda(double x) {
     return x - whole < 0.5 ? whole : texts::realToInt(whole + 1.0);
 }
 
-ChapaRule onEdgeSwapped(double y) { return {ZpObject::kVistaSecao, y, kAlong, kSwapped}; }
-ChapaRule onEdge(double y) { return {ZpObject::kVistaSecao, y, kAlong, kAlong}; }
-ChapaRule flat(double y) { return {ZpObject::kVistaEsquerda, y, kAlong, kAlong}; }
+ChapaRule onEdgeSwapped(double y, std::vector<zp::secao::Bounds> bodies) {
+    return {ZpObject::kVistaSecao, y, kAlong, kSwapped, std::move(bodies)};
+}
+ChapaRule onEdge(double y, std::vector<zp::secao::Bounds> bodies) {
+    return {ZpObject::kVistaSecao, y, kAlong, kAlong, std::move(bodies)};
+}
+ChapaRule flat(double y, std::vector<zp::secao::Bounds> bodies) {
+    return {ZpObject::kVistaEsquerda, y, kAlong, kAlong, std::move(bodies)};
+}
 
 std::vector<double> chapaStations(const ChapaSpacing& spacing, double largura) {
     std::vector<double> stations{0.0, spacing.comp - largura};
@@ -45,6 +54,22 @@ bool rowHolds(const ChapaSpacing& spacing, double largura) {
     return std::ranges::all_of(chapaStations(spacing, largura), [&](double at) {
         return at + largura <= spacing.comp * (1.0 + kNegligible);
     });
+}
+
+void LaidChapas::add(const std::vector<AcDbObjectId>& chapas) {
+    if (chapas.empty()) return;
+    const AcDbObjectId listed = chapas.size() > 1 ? chapas[1] : chapas.front();
+    rows.push_back({listed, static_cast<int>(chapas.size()), {}});
+    ids.insert(ids.end(), chapas.begin(), chapas.end());
+}
+
+void ChapaSupply::tellLeftOut() const {
+    if (m_leftOut == 0) return;
+    (void)acutPrintf(
+        m_leftOut == 1
+            ? L"\n%d chapa além do corte da ponta não é desenhada nem listada.\n"
+            : L"\n%d chapas além dos cortes das pontas não são desenhadas nem listadas.\n",
+        m_leftOut);
 }
 
 AcDbObjectId ChapaSupply::place(ZpObject& barra, std::unique_ptr<ZpChapa> chapa) {
@@ -68,11 +93,29 @@ AcDbObjectId ChapaMaker::chapa(const AcGePoint3d& point, ZpObject::ZpVistas vist
     return chapa(point, vista, m_size.C, m_size.t, m_size.A, turn);
 }
 
+bool ChapaMaker::isBeyondEnd(const ChapaRule& rule, double x) const {
+    using namespace zp::cortes;
+    const zp::Peca& barra = zp::Access::of(m_barra);
+    if (!oblique(barra)) return false;
+    const auto beyond = [&](const zp::secao::Bounds& body) {
+        const zp::secao::VistaPoint a = zp::secao::see(barra.vista, {body.x0, body.y0});
+        const zp::secao::VistaPoint b = zp::secao::see(barra.vista, {body.x1, body.y1});
+        return x >= barra.comprimento + reachOver(barra, kEnd, a, b).most ||
+               x + m_size.C <= -reachOver(barra, kStart, a, b).most;
+    };
+    return std::ranges::all_of(rule.bodies, beyond);
+}
+
 std::vector<AcDbObjectId> ChapaMaker::row(const AcGePoint3d& point, const ChapaSpacing& spacing,
                                           const ChapaRule& rule) {
     std::vector<AcDbObjectId> slots;
+    std::size_t slot = 0;
     for (const double x : chapaStations(spacing, m_size.C)) {
-        const ChapaTurn& turn = slots.size() < 2 ? rule.ends : rule.between;
+        const ChapaTurn& turn = slot++ < 2 ? rule.ends : rule.between;
+        if (isBeyondEnd(rule, x)) {
+            m_supply.leaveOut();
+            continue;
+        }
         slots.push_back(
             chapa(AcGePoint3d(point.x + x, point.y + rule.y, point.z), rule.vista, turn));
     }

@@ -8,6 +8,7 @@
 
 #include "perfis/entities/zpchapa.h"
 #include "perfis/output/material_list.h"
+#include "zp/objects/secao/outline.h"
 
 namespace perfis {
 
@@ -33,14 +34,17 @@ struct ChapaRule {
     double y;                  ///< of the row, from the member's point
     ChapaTurn ends;
     ChapaTurn between;
+    /// What a plate takes up of its member's section as turned, mm; two where one is drawn for both
+    /// flanges.
+    std::vector<zp::secao::Bounds> bodies;
 };
 
 /// On edge, the intermediate plates with the angles of the end ones swapped.
-ChapaRule onEdgeSwapped(double y);
+ChapaRule onEdgeSwapped(double y, std::vector<zp::secao::Bounds> bodies);
 /// On edge, all alike.
-ChapaRule onEdge(double y);
+ChapaRule onEdge(double y, std::vector<zp::secao::Bounds> bodies);
 /// Seen flat.
-ChapaRule flat(double y);
+ChapaRule flat(double y, std::vector<zp::secao::Bounds> bodies);
 
 /// Where plates stand along a member: its length and the spacing of the plates, mm.
 struct ChapaSpacing {
@@ -63,6 +67,9 @@ struct LaidChapas {
     /// From the left edge of the first plate to that of the next one along the member, when the
     /// member's dimensions show it; else 0.
     double pitch = 0.0;
+
+    /// The plates of one row of the list: that of slot 1, or the only one, stands for them there.
+    void add(const std::vector<AcDbObjectId>& chapas);
 };
 
 /// Where plates come to stand: each new one is put in the drawing, closed and tied to its member,
@@ -71,6 +78,14 @@ class ChapaSupply {
 public:
     virtual ~ChapaSupply() = default;
     virtual AcDbObjectId place(ZpObject& barra, std::unique_ptr<ZpChapa> chapa);
+
+    /// A plate that would stand beyond an oblique end of its member is not placed.
+    void leaveOut() { ++m_leftOut; }
+    /// Tells the user how many were not.
+    void tellLeftOut() const;
+
+private:
+    int m_leftOut = 0;
 };
 
 /// Lays the lacing plates of a piece that stands along X and is open; `point` is the piece's own.
@@ -88,11 +103,14 @@ public:
     /// One plate of any values.
     AcDbObjectId chapa(AcGePoint3d point, ZpObject::ZpVistas vista, double d1, double d2, double d3,
                        const ChapaTurn& turn);
-    /// Both end plates, then those between them, from the member's point on. Slot 1 is the far end.
+    /// Both end plates, then those between them, from the member's point on; without those that lie
+    /// wholly beyond an oblique end. Slot 1 is the far end.
     std::vector<AcDbObjectId> row(const AcGePoint3d& point, const ChapaSpacing& spacing,
                                   const ChapaRule& rule);
 
 private:
+    bool isBeyondEnd(const ChapaRule& rule, double x) const;
+
     ZpObject& m_barra;
     ChapaSize m_size;
     ChapaSupply& m_supply;

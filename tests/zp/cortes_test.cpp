@@ -3,6 +3,8 @@
 #include "zp/objects/cortes.h"
 #include "protocol/edit.h"
 #include "tests/zp/lengths.h"
+#include "zp/matlist/lists.h"
+#include "zp/objects/edit.h"
 #include "zp/objects/member.h"
 
 namespace {
@@ -150,6 +152,49 @@ TEST_F(Cortes, AnotherViewShowsTheSamePlane) {
             if (std::abs(p.x - (1000 + std::copysign(reach, angle))) < 1e-6)
                 front = std::min(front, p.y);
         EXPECT_NEAR(front, -50, 1e-4);
+        // Where the upper flange is the shorter one the lower one's tip is seen beyond it, from its
+        // inner face on (97 below the upper one's) to that of the lower one.
+        const auto ends = [&](double height) {
+            const double x = 1000 + height * std::tan(angle * kDegree);
+            return std::ranges::count_if(points(above), [&](const AcGeVector3d& p) {
+                return std::abs(p.x - x) < 1e-6 && std::abs(p.y + 50) < 1e-6;
+            });
+        };
+        for (const double height : {-97.0, 97.0}) EXPECT_EQ(ends(height), angle < 0 ? 1 : 0);
+    }
+}
+
+// Two angles 50x50x5 in T: the plates, 50 wide, lie on the back, from 50 / 3 to 5 above it, 190
+// apart and from 950 to the end at 1000.
+TEST_F(Cortes, PlatesBeyondACutAreNeitherDrawnNorListed) {
+    type({L"PECA 2L T 50x50x5 L=1000 a=10 chapas=60,50,5 n=1", L"0,0", L"0"});
+    const AcDbObjectId bar = entities().front();
+    struct Case {
+        double degrees;  // of the end; the back is the shorter side
+        std::size_t chapas;
+        const wchar_t* left;
+        const wchar_t* check;
+    };
+    // At the back the cuts leave 1000 - 50 / 3 tan a: 905.5, 971.1 and 1000 - 190.5.
+    const Case cases[] = {{-80, 5, L"1 chapa além do corte da ponta não é desenhada", nullptr},
+                          {-60, 6, nullptr, L"a chapa passa do corte da ponta"},
+                          {-85, 5, L"1 chapa além do corte", L"a chapa passa do corte da ponta"},
+                          {0, 6, nullptr, nullptr}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.degrees);
+        ui.printed.clear();
+        EXPECT_EQ(setValue(bar, L"corte_fim", c.degrees), L"");
+        const std::vector<AcDbObjectId> chapas = zp::edit::chapasOf(*Read<ZpObject>(bar).object());
+        EXPECT_EQ(chapas.size(), c.chapas);
+        EXPECT_EQ(said(L"além do corte"), c.left != nullptr);
+        EXPECT_TRUE(c.left == nullptr || said(c.left)) << testing::PrintToString(ui.printed);
+        ui.printed.clear();
+        type({L"CONFERIR", L""});
+        EXPECT_EQ(said(L"passa do corte"), c.check != nullptr)
+            << testing::PrintToString(ui.printed);
+        const auto lists = zp::matlist::materialLists(editor->database());
+        ASSERT_EQ(lists.size(), 1u);
+        EXPECT_EQ(zp::matlist::rows(lists[0].id).back().quantidade, static_cast<int>(c.chapas));
     }
 }
 
@@ -350,6 +395,34 @@ TEST_F(Cortes, FurtherViewsShowWhatTheMemberBecame) {
             << testing::PrintToString(ui.printed);
         for (const AcDbObjectId& id : bars)
             EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(id)), L"V1");
+        type({L"_u"});
+        EXPECT_EQ(axes(), std::vector(2, whole));
+    }
+    // What gives it another size or role, too, whichever is picked; the user is told of steel that
+    // changed.
+    const AcDbObjectId beam = u(0, 3000, 1000);
+    EXPECT_EQ(setValue(beam, L"tipo_barra", 5), L"");
+    for (const std::size_t picked : {0u, 1u}) {
+        SCOPED_TRACE(picked);
+        ui.printed.clear();
+        type({L"_scale"});
+        pick(0, 0, {bars[picked]});
+        type({L"", picked == 0 ? L"0,0" : L"0,-525", L"2"});
+        EXPECT_TRUE(said(L"A escala muda o aço: U 200x75x3 passa a U 400x150x6 (1 peça)."))
+            << testing::PrintToString(ui.printed);
+        EXPECT_EQ(axes(), std::vector(2, std::pair(0.0, 12000.0)));
+        for (const AcDbObjectId& id : bars) EXPECT_EQ(Read<ZpObject>(id)->getAltura(), 400);
+        EXPECT_NEAR(extents(bars[1]).maxPoint().y - extents(bars[1]).minPoint().y, 150, 1e-6);
+        type({L"_u", L"_matchprop"});
+        pick(0, 3000, {beam});
+        pick(0, 0, {bars[picked]});
+        type({L""});
+        for (const AcDbObjectId& id : bars) {
+            ZpObject::TipoBarra role = ZpObject::kBarra;
+            (void)Read<ZpObject>(id)->tipoBarra(role);
+            EXPECT_EQ(role, ZpObject::kViga);
+            EXPECT_EQ(zp::member::marcaOf(*Read<ZpObject>(id)), L"V1");
+        }
         type({L"_u"});
         EXPECT_EQ(axes(), std::vector(2, whole));
     }

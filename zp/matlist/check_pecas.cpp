@@ -10,6 +10,7 @@
 #include "texts/number.h"
 #include "zp/matlist/check_survey.h"
 #include "zp/matlist/follow.h"
+#include "zp/objects/cortes.h"
 #include "zp/objects/member.h"
 
 namespace zp::matlist {
@@ -90,6 +91,26 @@ void checkMarcaOfBarra(Survey& survey, const ZpObject& barra) {
     if (marked) checkMarcasOfChapas(survey, {barra, edit::chapasOf(barra)});
 }
 
+/// A plate that an oblique end of its bar cuts; one that is seen flat may lie at any depth.
+void checkBeforeCut(Survey& survey, const ZpObject& barra, const ZpObject& chapa,
+                    const secao::Bounds& box, double slack) {
+    const Peca& p = Access::of(barra);
+    if (!cortes::oblique(p) || p.inSecao()) return;
+    const bool flat = chapa.vista() != ZpObject::kVistaSecao;
+    const double half = 0.5 * Access::of(chapa).comprimento;
+    const auto reach = [&](std::size_t end) {
+        return flat ? std::min(cortes::edgeAt(p, end, box.y0), cortes::edgeAt(p, end, box.y1))
+                    : cortes::reachOver(p, end, {box.y0, -half}, {box.y1, half}).least;
+    };
+    if (box.x0 >= -reach(cortes::kStart) - slack &&
+        box.x1 <= p.comprimento + reach(cortes::kEnd) + slack)
+        return;
+    survey.fault(Fault::ChapaOutside, {chapa.objectId(), barra.objectId()},
+                 survey.marcaOf(chapa.objectId()), middleOf(chapa),
+                 L"a chapa passa do corte da ponta da peça que ela trava.",
+                 L"Mova a chapa, ou mude o corte ou o travejamento.");
+}
+
 void checkInside(Survey& survey, const ZpObject& barra, const ZpObject& chapa) {
     const Peca& p = Access::of(barra);
     const secao::Bounds whole = p.picture();
@@ -98,7 +119,7 @@ void checkInside(Survey& survey, const ZpObject& barra, const ZpObject& chapa) {
     const bool beside = box.x0 > whole.x1 + slack || box.x1 < whole.x0 - slack ||
                         box.y0 > whole.y1 + slack || box.y1 < whole.y0 - slack;
     const bool beyond = !p.inSecao() && (box.x0 < -slack || box.x1 > p.comprimento + slack);
-    if (!beside && !beyond) return;
+    if (!beside && !beyond) return checkBeforeCut(survey, barra, chapa, box, slack);
     survey.fault(Fault::ChapaOutside, {chapa.objectId(), barra.objectId()},
                  survey.marcaOf(chapa.objectId()), middleOf(chapa),
                  beside ? L"a chapa não encosta na peça que ela trava."
