@@ -47,6 +47,23 @@ void EntityWriter::raw(std::string_view type, const RawTags& tags, std::size_t f
         if (!isUnknownGroup(m_version, type, tags[i].code)) m_out.raw(tags[i].code, tags[i].value);
 }
 
+RawTags EntityWriter::own(const RawTags& tags, Adesk::UInt64 owner) const {
+    constexpr int kFirstOwned = 360;
+    constexpr int kLastOwned = 369;
+    RawTags kept = tags;
+    std::erase_if(kept, [&](const RawTag& tag) {
+        std::uint64_t handle = 0;
+        return tag.code >= kFirstOwned && tag.code <= kLastOwned &&
+               parseHandle(tag.value, handle) && !m_handles.mayOwn(owner, handle);
+    });
+    // Nothing is left of an extension dictionary but the braces.
+    for (std::size_t i = 0; i + 1 < kept.size(); ++i)
+        if (kept[i].value == "{ACAD_XDICTIONARY" && kept[i + 1].value == "}")
+            kept.erase(kept.begin() + static_cast<std::ptrdiff_t>(i),
+                       kept.begin() + static_cast<std::ptrdiff_t>(i + 2));
+    return kept;
+}
+
 void EntityWriter::countLosses(std::string_view type, const RawTags& tags, std::size_t first,
                                std::size_t last) {
     for (std::size_t i = first; i < std::min(last, tags.size()); ++i)
@@ -171,9 +188,9 @@ void EntityWriter::parts(const RawTags& tags, std::size_t first, Adesk::UInt64 o
 
 void EntityWriter::write(const AcDbEntity& entity, const Place& place) {
     if (const auto* const kept = ForeignEntity::cast(&entity))
-        return writeForeign(*kept, kept->tags(), place);
+        return writeForeign(*kept, own(kept->tags(), handleOf(entity, place)), place);
     const EntityType& type = *entityTypeOf(entity);
-    RawTags foreign = foreignOf(entity);
+    RawTags foreign = own(foreignOf(entity), handleOf(entity, place));
     countLosses(type.name, foreign, firstMarker(foreign));
     dropUnknownGroups(m_version, type.name, foreign);
     m_values.reset(type.fields);

@@ -62,6 +62,8 @@ private:
     /// The attributes of a reference, and what ends them.
     void writeParts(const InsertParts& parts, const AcDbEntity& reference, const Place& place);
     void writeForeign(const ForeignEntity& entity, const RawTags& tags, const Place& place);
+    /// Without the objects that an entity of this handle names as its own and that are not.
+    RawTags own(const RawTags& tags, Adesk::UInt64 owner) const;
     /// Groups [first, last) of a record of this type, without what the release does not know.
     void raw(std::string_view type, const RawTags& tags, std::size_t first, std::size_t last);
 

@@ -2,6 +2,7 @@
 // Handles in a file that is being written.
 #pragma once
 
+#include <unordered_map>
 #include <unordered_set>
 
 #include "prancheta/database/database_core.h"
@@ -25,8 +26,15 @@ public:
     Adesk::UInt64 ofNewPart() { return m_nextPart++; }
     /// Handle with which a reference to the object is written: 0 when the file will not have it.
     Adesk::UInt64 of(AcDbObjectId id) const;
+    /// True for what is erased, and for a kept object that belongs to it: the file will not have
+    /// it.
+    bool isGone(Adesk::UInt64 handle) const;
+    /// Whether an entity may name the object as its own: not one that is gone, and of a kept one
+    /// only that which says so itself. A copy of an entity names what belongs to the original.
+    bool mayOwn(Adesk::UInt64 owner, Adesk::UInt64 object) const;
 
 private:
+    void collectOwners(DatabaseCore& core);
     bool isTaken(Adesk::UInt64 handle) const;
 
     const DatabaseCore* m_core = nullptr;
@@ -34,6 +42,8 @@ private:
     Adesk::UInt64 m_nextPart = 1;               ///< of as many as collect() found to be there twice
     std::unordered_set<Adesk::UInt64> m_parts;  ///< given to a part already
     std::unordered_set<Adesk::UInt64> m_kept;   ///< of objects that are kept group by group
+    std::unordered_map<Adesk::UInt64, Adesk::UInt64>
+        m_owners;  ///< of kept objects and parts of erased references
 };
 
 }  // namespace prancheta::dxf

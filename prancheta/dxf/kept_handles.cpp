@@ -42,6 +42,17 @@ Adesk::UInt64 ownHandle(const RawTags& record) {
     return found;
 }
 
+Adesk::UInt64 ownerHandle(const RawTags& record) {
+    bool inBraces = false;
+    for (const RawTag& tag : record) {
+        std::uint64_t handle = 0;
+        if (tag.code == 100) break;
+        if (tag.code == 102) inBraces = tag.value != "}";
+        if (tag.code == 330 && !inBraces && parseHandle(tag.value, handle)) return handle;
+    }
+    return 0;
+}
+
 void forEachKeptRecord(DatabaseCore& core, const std::function<void(Adesk::UInt64)>& visit) {
     ForeignContent& foreign = core.foreign();
     for (const auto& [name, tags] : foreign.tables) visitRecords(tags, 0, visit);

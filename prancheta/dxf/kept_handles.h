@@ -23,4 +23,8 @@ void forEachKeptHandle(DatabaseCore& core, const std::function<void(Adesk::UInt6
 /// none.
 Adesk::UInt64 ownHandle(const RawTags& record);
 
+/// Handle of what it says it belongs to: its group 330 before the first marker, outside of braces;
+/// 0 when it has none.
+Adesk::UInt64 ownerHandle(const RawTags& record);
+
 }  // namespace prancheta::dxf

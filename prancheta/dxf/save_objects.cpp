@@ -5,6 +5,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/value_list.h"
+#include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/layout_object.h"
 #include "prancheta/dxf/saver.h"
 
@@ -45,7 +46,8 @@ void Saver::writeObjects() {
     const AcDbStub* const root = m_database.namedObjectsDictionaryId();
     writeDictionary(static_cast<const AcDbDictionary&>(*root->object));
     writeStandardObjects();
-    for (const RawTags& object : m_core.foreign().objects) m_out.raw(object);
+    for (const RawTags& object : m_core.foreign().objects)
+        if (!m_handles.isGone(ownHandle(object))) writeKept(object);
     std::vector<const AcDbStub*> own;
     const StubPool& stubs = ObjectAccess::stubs(m_core);
     for (std::size_t i = 0; i < stubs.size(); ++i) {
@@ -73,6 +75,19 @@ void Saver::writeObjects() {
     if (m_standard.layouts != 0) writeUsualLayouts();
     writePieceDictionaries();
     m_out.text(0, "ENDSEC");
+}
+
+/// Without its reactors that the file will not have, and a group of entities without those.
+void Saver::writeKept(const RawTags& object) {
+    const bool isGroup = object.front().value == "GROUP";
+    bool inBraces = false;
+    for (const RawTag& tag : object) {
+        std::uint64_t handle = 0;
+        if (tag.code == 102) inBraces = tag.value != "}";
+        const bool mayGo = tag.code == 330 ? inBraces : tag.code == 340 && isGroup;
+        if (!mayGo || !parseHandle(tag.value, handle) || !m_handles.isGone(handle))
+            m_out.raw(tag.code, tag.value);
+    }
 }
 
 void Saver::beginObject(const char* type, const AcDbObject& object) {

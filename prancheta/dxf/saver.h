@@ -90,6 +90,7 @@ private:
     void writeMoved(const AcDbEntity& entity, const AcGeMatrix3d& by, const Place& place);
     void writePiece(AcDbEntity& piece, const Place& place);
     void writeObjects();
+    void writeKept(const RawTags& object);
     void writeDictionary(const AcDbDictionary& dictionary);
     void writeXrecord(const AcDbXrecord& record);
     void writeDrawOrder(const DrawOrderTable& table);

@@ -751,3 +751,61 @@ TEST(Foreign, TrueColoursGivenHereStandWhereFilesHaveThem) {
     EXPECT_EQ(valueOf(record(groups, "LAYER", 2, "Eixos"), 420), "64002");
     EXPECT_EQ(saved(*loadText(text)), text);
 }
+
+TEST(Foreign, WhatBelongsToErasedObjectsGoesWithThemAndComesBack) {
+    const std::string image =
+        "|330 1F|100 AcDbEntity|8 0|100 AcDbRasterImage|90 0|10 1|20 1|30 "
+        "0|11 1|21 0|31 0|12 0|22 1|32 0|13 4|23 3|340 A0|70 7|360 ";
+    const std::string reference =
+        "0 INSERT|5 B3|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|66 1|2 QUADRO|10 0|20 0|30 "
+        "0|0 ATTRIB|5 B4|102 {ACAD_XDICTIONARY|360 A5|102 }|330 B3|100 AcDbEntity|8 0|100 "
+        "AcDbText|10 0|20 0|30 0|40 2|1 x|100 AcDbAttribute|2 N|70 0|0 SEQEND|5 B5|330 B3|100 "
+        "AcDbEntity|8 0";
+    const std::string objects =
+        "0 SECTION|2 OBJECTS|0 DICTIONARY|5 C|330 0|100 AcDbDictionary|3 ACAD_GROUP|350 D|0 "
+        "DICTIONARY|5 D|330 C|100 AcDbDictionary|3 G|350 A6|0 IMAGEDEF|5 A0|102 "
+        "{ACAD_REACTORS|330 A1|330 A2|102 }|330 C|100 AcDbRasterImageDef|1 f.png|0 "
+        "IMAGEDEF_REACTOR|5 A1|330 B1|100 AcDbRasterImageDefReactor|90 2|330 B1|0 "
+        "IMAGEDEF_REACTOR|5 A2|330 B2|100 AcDbRasterImageDefReactor|90 2|330 B2|0 DICTIONARY|5 "
+        "A5|330 B4|100 AcDbDictionary|281 1|3 Q|360 A7|0 GROUP|5 A6|330 D|100 AcDbGroup|300 |70 "
+        "0|71 1|340 B1|340 B2|0 DICTIONARYVAR|5 A7|330 A5|100 DictionaryVariables|280 0|1 2|0 "
+        "ENDSEC";
+    const auto database = loadText(fileWith("0 IMAGE|5 B1" + image + "A1|0 IMAGE|5 B2" + image +
+                                                "A2|" + reference + "|0 POINT|5 B9|8 0|10 0|20 0",
+                                            "AC1015", objects));
+    ASSERT_NE(database, nullptr);
+    const std::string whole = saved(*database);
+    const std::vector<AcDbObjectId> all = database->core().modelSpace();
+    AcDbObjectIdArray first;
+    first.append(all[0]);
+    first.append(all[2]);
+    AcDbObjectIdArray copies;
+    UndoLog& undo = database->core().undo();
+    undo.begin(L"ERASE");
+    ASSERT_EQ(database->deepCloneObjects(first, database->core().modelSpaceId(), copies),
+              Acad::eOk);
+    for (const AcDbObjectId id : first)
+        ASSERT_EQ(AcDbObjectPointer<AcDbEntity>(id, AcDb::kForWrite)->erase(), Acad::eOk);
+    undo.end();
+    // The copies stand: the image has no reactor, the attribute takes over what the first one had.
+    Groups back = groupsOf(saved(*database));
+    EXPECT_TRUE(record(back, "IMAGEDEF_REACTOR", 5, "A1").empty());
+    EXPECT_EQ(record(back, "IMAGEDEF"),
+              groups("0 IMAGEDEF|5 A0|102 {ACAD_REACTORS|330 A2|102 }|330 C|100 "
+                     "AcDbRasterImageDef|1 f.png"));
+    EXPECT_EQ(valueOf(record(back, "IMAGE", 5, "B2"), 360), "A2");
+    EXPECT_EQ(valueOf(record(back, "IMAGE", 340, "A0"), 360), "A2");
+    EXPECT_EQ(std::count(back.begin(), back.end(), Group{360, "A1"}), 0);
+    const Groups group = record(back, "GROUP");
+    EXPECT_EQ(Groups(group.end() - 2, group.end()), groups("71 1|340 B2"));
+    EXPECT_EQ(valueOf(record(back, "ATTRIB"), 360), "A5");
+
+    undo.begin(L"ERASE");
+    ASSERT_EQ(AcDbObjectPointer<AcDbEntity>(copies[1], AcDb::kForWrite)->erase(), Acad::eOk);
+    undo.end();
+    back = groupsOf(saved(*database));
+    EXPECT_TRUE(record(back, "DICTIONARY", 5, "A5").empty());
+    EXPECT_EQ(countOf(back, "DICTIONARYVAR"), 0U);
+    EXPECT_TRUE(undo.undo() && undo.undo());
+    EXPECT_EQ(saved(*database), whole);
+}
