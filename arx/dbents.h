@@ -232,6 +232,12 @@ class AcDbText : public AcDbEntity {
     double rotation() const { return m_rotation; }
     double widthFactor() const { return m_widthFactor; }
     double oblique() const { return m_oblique; }
+    /// Of the plane in which the angle is told and the text lies; the points are the world's.
+    AcGeVector3d normal() const { return m_normal; }
+    /// The letters run backwards (DXF 71: 2) or stand upside down (4), about the point by which the
+    /// text stands.
+    bool isMirroredInX() const { return m_backwards; }
+    bool isMirroredInY() const { return m_upsideDown; }
     AcDbObjectId textStyle() const { return m_style; }
     /// DXF 72: 0 left, 1 centre, 2 right, 3 aligned, 4 middle, 5 fit.
     int horizontalMode() const { return m_horizontal; }
@@ -244,6 +250,10 @@ class AcDbText : public AcDbEntity {
     Acad::ErrorStatus setRotation(double angle);
     Acad::ErrorStatus setWidthFactor(double factor);
     Acad::ErrorStatus setOblique(double angle);
+    /// eInvalidInput for a zero vector.
+    Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
+    Acad::ErrorStatus mirrorInX(bool backwards);
+    Acad::ErrorStatus mirrorInY(bool upsideDown);
     Acad::ErrorStatus setTextStyle(AcDbObjectId id);
     Acad::ErrorStatus setHorizontalMode(int mode);
     Acad::ErrorStatus setVerticalMode(int mode);
@@ -264,8 +274,11 @@ private:
     double m_rotation = 0.0;
     double m_widthFactor = 1.0;
     double m_oblique = 0.0;
+    AcGeVector3d m_normal = AcGeVector3d::kZAxis;
     Adesk::Int16 m_horizontal = 0;
     Adesk::Int16 m_vertical = 0;
+    bool m_backwards = false;
+    bool m_upsideDown = false;
 };
 
 /// What a definition of an attribute and the attribute itself have in common.

@@ -29,14 +29,6 @@ bool has(const Tags& rest, int code) {
     return std::any_of(rest.begin(), rest.end(), [code](const Tag& t) { return t.code == code; });
 }
 
-/// True when each group of this code, if there is one, has this whole number.
-bool only(const Tags& rest, int code, long long number) {
-    return std::all_of(rest.begin(), rest.end(), [&](const Tag& t) {
-        long long value = 0;
-        return t.code != code || (parseInteger(t.value, value) && value == number);
-    });
-}
-
 bool always(const Values&, const Tags&) { return true; }
 /// Classes without a normal of their own.
 bool flatOnly(const Values& values, const Tags&) { return isFlat(values); }
@@ -169,6 +161,7 @@ constexpr Field kLineOfText[] = {marker("AcDbText"),
                                  optionalField(41, Real, 2, 1.0),
                                  optionalField(51, Degrees, 3, 0.0),
                                  optionalField(7, TextStyle, 0, 0.0),
+                                 optionalField(71, Integer, 4, 0.0),
                                  optionalField(72, Integer, 0, 0.0),
                                  {11, AlignedPoint, 1},
                                  {210, Normal}};
@@ -183,12 +176,20 @@ constexpr auto lineOfText(const Field (&own)[N]) {
 
 constexpr auto kText = lineOfText({marker("AcDbText"), optionalField(73, Integer, 1, 0.0)});
 
-bool suitsText(const Values& v, const Tags& rest) {
+// Bits of group 71.
+constexpr int kBackwards = 2;
+constexpr int kUpsideDown = 4;
+
+bool suitsText(const Values& v, const Tags&) {
     const bool modes =
         v.integers[0] >= 0 && v.integers[0] <= 5 && v.integers[1] >= 0 && v.integers[1] <= 3;
-    return isFlat(v) && only(rest, 71, 0) && modes && v.reals[0] > 0.0 && v.reals[2] > 0.0;
+    const bool letters = (v.integers[4] & ~(kBackwards | kUpsideDown)) == 0;
+    return letters && modes && v.reals[0] > 0.0 && v.reals[2] > 0.0;
 }
 void fillText(AcDbText& text, const Values& v) {
+    (void)text.setNormal(v.normal);
+    (void)text.mirrorInX((v.integers[4] & kBackwards) != 0);
+    (void)text.mirrorInY((v.integers[4] & kUpsideDown) != 0);
     (void)text.setHeight(v.reals[0]);
     (void)text.setRotation(v.reals[1]);
     (void)text.setWidthFactor(v.reals[2]);
@@ -214,8 +215,11 @@ void takeText(const AcDbEntity& entity, Values& v) {
     v.reals[1] = text.rotation();
     v.reals[2] = text.widthFactor();
     v.reals[3] = text.oblique();
+    v.normal = text.normal();
     v.integers[0] = text.horizontalMode();
     v.integers[1] = text.verticalMode();
+    v.integers[4] =
+        (text.isMirroredInX() ? kBackwards : 0) | (text.isMirroredInY() ? kUpsideDown : 0);
 }
 
 // --- ATTDEF, ATTRIB ------------------------------------------------------------------------------

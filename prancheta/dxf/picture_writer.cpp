@@ -253,10 +253,14 @@ void PictureWriter::text(const PrimitiveView& view) {
     m_out.meaning(1, view.text());
     const double angle = degrees(angleIn(view.direction(), view.normal()));
     if (angle != 0.0) m_out.real(50, angle);
-    if (view.widthFactor() != 1.0) real(41, view.widthFactor());
-    if (view.oblique() != 0.0) m_out.real(51, degrees(view.oblique()));
+    const bool backwards = view.widthFactor() < 0.0;
+    const double width = std::abs(view.widthFactor());
+    if (width != 1.0) real(41, width);
+    if (view.oblique() != 0.0)
+        m_out.real(51, degrees(backwards ? -view.oblique() : view.oblique()));
     static const std::string kStandard = "Standard";
     m_out.text(7, m_names.of(m_textStyle, kStandard));
+    if (backwards) m_out.integer(71, 2);
     normal(view.normal());
     m_out.marker("AcDbText");
 }

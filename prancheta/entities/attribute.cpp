@@ -128,6 +128,9 @@ void takeText(AcDbText& to, const AcDbText& from, const ACHAR* words) {
     (void)to.setRotation(from.rotation());
     (void)to.setWidthFactor(from.widthFactor());
     (void)to.setOblique(from.oblique());
+    (void)to.setNormal(from.normal());
+    (void)to.mirrorInX(from.isMirroredInX());
+    (void)to.mirrorInY(from.isMirroredInY());
     (void)to.setHorizontalMode(from.horizontalMode());
     (void)to.setVerticalMode(from.verticalMode());
     (void)to.setTextString(words);

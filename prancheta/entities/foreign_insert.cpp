@@ -11,7 +11,6 @@
 #include "prancheta/entities/tag_list.h"
 #include "prancheta/entities/text_layout.h"
 #include "prancheta/graphics/picture_recorder.h"
-#include "prancheta/graphics/text_metrics.h"
 
 namespace prancheta {
 
@@ -73,36 +72,11 @@ void readText(AcDbText& text, const RawTags& tags, int verticalCode) {
     (void)text.setWidthFactor(findNumber(tags, 41, 1.0));
     (void)text.setHorizontalMode(findWhole(tags, 72, 0));
     (void)text.setVerticalMode(findWhole(tags, verticalCode, 0));
+    (void)text.setOblique(findNumber(tags, 51, 0.0) * kPi / 180.0);
+    (void)text.mirrorInX((findWhole(tags, 71, 0) & 2) != 0);
+    (void)text.mirrorInY((findWhole(tags, 71, 0) & 4) != 0);
     (void)text.setAlignmentPoint(findPoint(tags, 11));
 }
-
-namespace {
-
-/// Letters backwards or upside down, about the point by which the text stands.
-void turnLetters(const AcDbText& text, int flags, TextPlace& place, double& oblique) {
-    constexpr int kBackwards = 2;
-    constexpr int kUpsideDown = 4;
-    const bool between = standsBetweenPoints(text);
-    const AcGeVector3d offset =
-        between ? AcGeVector3d(textWidth(text.textStringConst(), place.height, place.widthFactor),
-                               0.0, 0.0) *
-                      0.5
-                : alignmentOffset(text);
-    const AcGeVector3d along = place.direction;
-    if ((flags & kBackwards) != 0) {
-        place.start += along * (2.0 * offset.x);
-        place.widthFactor = -place.widthFactor;
-        oblique = -oblique;
-    }
-    if ((flags & kUpsideDown) != 0) {
-        place.start += AcGeVector3d::kZAxis.crossProduct(along) * (2.0 * offset.y);
-        place.direction = -along;
-        place.widthFactor = -place.widthFactor;
-        oblique = -oblique;
-    }
-}
-
-}  // namespace
 
 void drawText(const RawTags& all, int verticalCode, AcGiGeometry& to) {
     constexpr int kInvisible = 1;
@@ -110,12 +84,10 @@ void drawText(const RawTags& all, int verticalCode, AcGiGeometry& to) {
     if (verticalCode == 74 && (findWhole(tags, 70, 0) & kInvisible) != 0) return;
     AcDbText text;
     readText(text, tags, verticalCode);
-    double oblique = findNumber(tags, 51, 0.0) * kPi / 180.0;
-    TextPlace place = placeOf(text);
-    turnLetters(text, findWhole(tags, 71, 0), place, oblique);
+    const TextPlace place = shownPlaceOf(text);
     to.pushModelTransform(planeToWorld(planeNormal(tags)));
     to.text(place.start, AcGeVector3d::kZAxis, place.direction, place.height, place.widthFactor,
-            oblique, text.textStringConst());
+            place.oblique, text.textStringConst());
     to.popModelTransform();
 }
 

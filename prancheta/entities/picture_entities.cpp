@@ -96,11 +96,13 @@ std::unique_ptr<AcDbEntity> arc(const PrimitiveView& p) {
 }
 
 std::unique_ptr<AcDbEntity> text(const PrimitiveView& p) {
-    auto entity =
-        std::make_unique<AcDbText>(p.position(), p.text(), AcDbObjectId::kNull, p.height(),
-                                   angleInPlane(p.direction(), AcGeVector3d::kZAxis));
-    (void)entity->setWidthFactor(p.widthFactor());
-    (void)entity->setOblique(p.oblique());
+    auto entity = std::make_unique<AcDbText>(p.position(), p.text(), AcDbObjectId::kNull,
+                                             p.height(), angleInPlane(p.direction(), p.normal()));
+    const bool backwards = p.widthFactor() < 0.0;
+    (void)entity->setNormal(p.normal());
+    (void)entity->mirrorInX(backwards);
+    (void)entity->setWidthFactor(std::abs(p.widthFactor()));
+    (void)entity->setOblique(backwards ? -p.oblique() : p.oblique());
     return entity;
 }
 

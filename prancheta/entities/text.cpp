@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // One line of text.
-#include <cmath>
 #include <utility>
 
 #include "dbents.h"
 #include "prancheta/entities/common.h"
+#include "prancheta/entities/foreign_motion.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/entities/text_layout.h"
-#include "prancheta/graphics/text_metrics.h"
 
 using namespace prancheta;
 
@@ -82,6 +81,29 @@ Acad::ErrorStatus AcDbText::setOblique(double angle) {
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    if (normal.isZeroLength()) return Acad::eInvalidInput;
+    assertWriteEnabled();
+    m_normal = normal.normal();
+    justify();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbText::mirrorInX(bool backwards) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    assertWriteEnabled();
+    m_backwards = backwards;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbText::mirrorInY(bool upsideDown) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    assertWriteEnabled();
+    m_upsideDown = upsideDown;
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId id) {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     assertWriteEnabled();
@@ -118,6 +140,9 @@ Acad::ErrorStatus AcDbText::dwgOutFields(AcDbDwgFiler* filer) const {
     for (const double v : {m_height, m_rotation, m_widthFactor, m_oblique}) filer->writeDouble(v);
     filer->writeInt16(m_horizontal);
     filer->writeInt16(m_vertical);
+    filer->writeVector3d(m_normal);
+    filer->writeBool(m_backwards);
+    filer->writeBool(m_upsideDown);
     return filer->filerStatus();
 }
 
@@ -135,13 +160,16 @@ Acad::ErrorStatus AcDbText::dwgInFields(AcDbDwgFiler* filer) {
     for (double* v : {&m_height, &m_rotation, &m_widthFactor, &m_oblique}) filer->readDouble(v);
     filer->readInt16(&m_horizontal);
     filer->readInt16(&m_vertical);
+    filer->readVector3d(&m_normal);
+    filer->readBool(&m_backwards);
+    filer->readBool(&m_upsideDown);
     return filer->filerStatus();
 }
 
 Adesk::Boolean AcDbText::subWorldDraw(AcGiWorldDraw* draw) {
-    const TextPlace place = placeOf(*this);
-    draw->geometry().text(place.start, AcGeVector3d::kZAxis, place.direction, place.height,
-                          place.widthFactor, m_oblique, m_text.c_str());
+    const TextPlace place = shownPlaceOf(*this);
+    draw->geometry().text(place.start, m_normal, place.direction, place.height, place.widthFactor,
+                          place.oblique, m_text.c_str());
     return Adesk::kTrue;
 }
 
@@ -149,23 +177,23 @@ Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& m) {
     assertWriteEnabled();
     const TextPlace place = placeOf(*this);
     const AcGeVector3d offset = alignmentOffset(*this);
-    const double width = textWidth(m_text, place.height, place.widthFactor);
+    const AcGeVector3d middle = middleOf(*this);
     const AcGeVector3d along = m * place.direction;
-    const AcGeVector3d up = m * AcGeVector3d::kZAxis.crossProduct(place.direction);
-    const bool behind = along.crossProduct(up).z < 0.0;
-    const bool readable = along.x > 1e-9 || (along.x > -1e-9 && along.y > 0.0);
+    const AcGeVector3d up = m * m_normal.crossProduct(place.direction);
+    m_normal = mappedNormal(m, m_normal);
+    const bool behind = along.crossProduct(up).dotProduct(m_normal) < 0.0;
+    const bool readable = isReadable(planeToWorld(m_normal).inverse() * along);
     // A mirror keeps the text readable in the mirrored place: either its foot becomes its head, or
     // its right end its left one.
     AcGeVector3d shift;
-    if (behind) shift = readable ? up * place.height : along * width;
+    if (behind) shift = readable ? up * (2.0 * middle.y) : along * (2.0 * middle.x);
     const bool turned = behind && !readable;
 
     m_position.transformBy(m);
     m_alignment.transformBy(m);
     xDataTransformBy(m);
     if (m.isUniScaledOrtho()) m_height *= m.scale();
-    if (std::hypot(along.x, along.y) > 1e-9)
-        m_rotation = angleInPlane(turned ? -along : along, AcGeVector3d::kZAxis);
+    if (!along.isZeroLength()) m_rotation = angleInPlane(turned ? -along : along, m_normal);
     if (standsBetweenPoints(*this)) {
         if (turned) std::swap(m_position, m_alignment);
         if (behind && readable) {
@@ -175,8 +203,8 @@ Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& m) {
         return Acad::eOk;
     }
     m_position = m * place.start + shift;
-    const AcGeVector3d reading = directionInPlane(m_rotation, AcGeVector3d::kZAxis);
-    const AcGeVector3d rise = AcGeVector3d::kZAxis.crossProduct(reading);
+    const AcGeVector3d reading = directionInPlane(m_rotation, m_normal);
+    const AcGeVector3d rise = m_normal.crossProduct(reading);
     const double scale = m.isUniScaledOrtho() ? m.scale() : 1.0;
     m_alignment = m_position + (reading * offset.x + rise * offset.y) * scale;
     return Acad::eOk;
@@ -190,6 +218,8 @@ void AcDbText::subList() const {
     listNumber(L"altura", m_height);
     listDirection(L"ângulo de rotação", m_rotation);
     listNumber(L"fator de largura", m_widthFactor);
+    if (m_backwards) listText(L"letras", L"de trás para frente");
+    if (m_upsideDown) listText(L"letras", L"de cabeça para baixo");
 }
 
 Acad::ErrorStatus AcDbText::subGetGripPoints(AcGePoint3dArray& points, AcDbIntArray&,

@@ -213,6 +213,32 @@ TEST(Foreign, AttributesAreLiveAndWhatTheyDoNotHoldStays) {
     EXPECT_EQ(valueOf(record(all, "BLOCK", 2, "CARIMBO"), 70), "2");
 }
 
+TEST(Foreign, TextsSeenFromBehindAreTextsAndKeepHowTheyAreTurned) {
+    const std::string behind =
+        "0 TEXT|5 B1|100 AcDbEntity|8 0|100 AcDbText|10 -5.0|20 6.0|30 0.0|40 2.5|1 "
+        "um|210 0.0|220 0.0|230 -1.0|100 AcDbText";
+    const std::string backwards =
+        "0 TEXT|5 B2|100 AcDbEntity|8 0|100 AcDbText|10 5.0|20 6.0|30 0.0|40 2.5|1 dois|50 "
+        "30.0|71 6|72 2|11 9.0|21 6.0|31 0.0|100 AcDbText";
+    const auto database = loadText(fileWith(behind + "|" + backwards));
+    ASSERT_NE(database, nullptr);
+    Groups all = groupsOf(saved(*database));
+    for (const std::string& one : {behind, backwards}) {
+        const Groups in = groups(one);
+        EXPECT_EQ(without(record(all, "TEXT", 5, in[1].value), 330), in);
+    }
+    for (const AcDbObjectId id : database->core().modelSpace()) {
+        const AcDbObjectPointer<AcDbText> text(id, AcDb::kForWrite);
+        ASSERT_EQ(text.openStatus(), Acad::eOk);
+        EXPECT_EQ(text->setTextString(L"outro"), Acad::eOk);
+    }
+    EXPECT_EQ(AcDbText::cast(modelSpace(*database)[0])->position().x, 5.0);
+    all = groupsOf(saved(*database));
+    EXPECT_EQ(valueOf(record(all, "TEXT", 5, "B1"), 230), "-1.0");
+    EXPECT_EQ(valueOf(record(all, "TEXT", 5, "B2"), 71), "6");
+    EXPECT_EQ(valueOf(record(all, "TEXT", 5, "B2"), 1), "outro");
+}
+
 TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {
     const char* blocks =
         "0 SECTION|2 BLOCKS|0 BLOCK|5 D1|330 D0|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 *D7|70 "

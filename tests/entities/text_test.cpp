@@ -57,9 +57,44 @@ TEST_F(TextTest, TransformationsKeepTheBoxAndTheReading) {
     EXPECT_EQ(low.rotation(), 0.0);
 }
 
+TEST_F(TextTest, LettersStandInTheMovedBoxHoweverTheyAreTurned) {
+    const AcGeMatrix3d motions[] = {AcGeMatrix3d::mirroring({0, 0, 0}, {1, 0, 0}),
+                                    AcGeMatrix3d::mirroring({7, 0, 0}, {0, 1, 0}),
+                                    AcGeMatrix3d::rotation(kPi / 2, AcGeVector3d::kZAxis),
+                                    AcGeMatrix3d::rotation(kPi, AcGeVector3d::kXAxis),
+                                    AcGeMatrix3d::scaling(3)};
+    for (int way = 0; way < 2 * 4 * 4 * 5; ++way) {
+        AcDbText text({3, 4, 0}, L"U 100x50", AcDbObjectId::kNull, 5);
+        (void)text.setNormal({0, 0, way % 2 == 0 ? 1.0 : -1.0});
+        (void)text.mirrorInX((way / 2) % 2 == 1);
+        (void)text.mirrorInY((way / 4) % 2 == 1);
+        constexpr int kModes[] = {0, 2, 4, 5};
+        (void)text.setHorizontalMode(kModes[(way / 8) % 4]);
+        (void)text.setAlignmentPoint({63, 4, 0});
+        const AcGeMatrix3d& m = motions[(way / 32) % 5];
+        const AcDbExtents before = pictureOf(text).extents();
+        AcDbExtents expected;
+        expected.addPoint(m * before.minPoint());
+        expected.addPoint(m * before.maxPoint());
+        EXPECT_EQ(text.transformBy(m), Acad::eOk);
+        const AcDbExtents after = pictureOf(text).extents();
+        EXPECT_TRUE(near(after.minPoint(), expected.minPoint())) << way;
+        EXPECT_TRUE(near(after.maxPoint(), expected.maxPoint())) << way;
+        // Exploded, for one that an unequal scale has drawn, it stands there too.
+        AcDbVoidPtrArray parts;
+        appendEntities(pictureOf(text), parts);
+        ASSERT_EQ(parts.length(), 1);
+        const std::unique_ptr<AcDbEntity> part(static_cast<AcDbEntity*>(parts[0]));
+        EXPECT_TRUE(pictureOf(*part) == pictureOf(text)) << way;
+    }
+}
+
 TEST_F(TextTest, CopiesAndInvalidValues) {
     AcDbText text({3, 4, 0}, L"aço Ø 12,7", AcDbObjectId::kNull, 5, 0.3);
     (void)text.setOblique(0.2);
+    (void)text.setNormal({0, 0, -2});
+    (void)text.mirrorInX(true);
+    EXPECT_EQ(text.setNormal({0, 0, 0}), Acad::eInvalidInput);
     (void)text.setWidthFactor(0.8);
     (void)text.setTextStyle(database.textstyle());
     EXPECT_EQ(text.setHeight(0), Acad::eInvalidInput);

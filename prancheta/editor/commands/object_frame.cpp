@@ -9,6 +9,7 @@
 #include "dbmtext.h"
 #include "prancheta/editor/commands/dimensions.h"
 #include "prancheta/entities/plane_curve.h"
+#include "prancheta/entities/text_layout.h"
 #include "protocol/attach.h"
 #include "protocol/length.h"
 
@@ -50,7 +51,7 @@ std::optional<ObjectFrame> frameOfObject(AcDbObjectId id, const AcGePoint3d& pic
     if (const std::optional<Curve> curve = planeCurve(entity); curve && !curve->empty())
         return ofCurve(*curve, pick);
     if (const auto* text = dynamic_cast<const AcDbText*>(&entity))
-        return turned(text->position(), text->rotation());
+        return ObjectFrame{text->position(), placeOf(*text).direction};
     if (const auto* paragraph = dynamic_cast<const AcDbMText*>(&entity))
         return turned(paragraph->location(), paragraph->rotation());
     if (const auto* insertion = dynamic_cast<const AcDbBlockReference*>(&entity))

@@ -2,8 +2,6 @@
 // What the commands that write and change texts share.
 #include "prancheta/editor/commands/texts.h"
 
-#include <cmath>
-
 #include "dbdim.h"
 #include "dbmtext.h"
 #include "dbsymtb.h"
@@ -11,6 +9,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/insert_parts.h"
+#include "prancheta/entities/text_layout.h"
 #include "prancheta/entities/weld_symbol.h"
 #include "prancheta/geometry/angles.h"
 
@@ -122,10 +121,15 @@ namespace {
 Words wordsOfText(const AcDbText& text) {
     Words words;
     words.text = text.textStringConst();
-    words.frame.along = {std::cos(text.rotation()), std::sin(text.rotation()), 0.0};
+    const TextPlace place = placeOf(text);
+    const AcGeVector3d middle = middleOf(text);
+    const AcGeVector3d up = text.normal().crossProduct(place.direction);
+    // Of a text seen from behind the left end is where its last letter stands.
+    const double left = text.normal().z < 0.0 ? 1.0 : -1.0;
+    words.frame.along = place.direction * -left;
     words.frame.height = text.height();
-    words.frame.corner =
-        text.position() + AcGeVector3d::kZAxis.crossProduct(words.frame.along) * text.height();
+    words.frame.corner = place.start + place.direction * (middle.x * (1.0 + left)) +
+                         up * (middle.y + text.height() / 2.0);
     return words;
 }
 
