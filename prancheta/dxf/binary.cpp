@@ -20,25 +20,61 @@ public:
     explicit Converter(std::string_view bytes)
         : m_bytes(bytes), m_at(sizeof kSignature), m_wide(hasWideCodes(bytes)) {}
 
-    Result<BinaryText> run() {
-        while (m_at < m_bytes.size()) {
+    Result<BinaryText> run(Damage damage) {
+        while (m_at < m_bytes.size() && !m_ended) {
             const std::size_t start = m_at;
-            int code = 0;
-            if (!takeCode(code)) return error(start, "o arquivo termina no meio de um grupo");
-            if (code < 0 || code > 1071) return error(start, "código de grupo inválido");
+            const std::size_t written = m_out.text.size();
+            const char* const fault = takeGroup();
+            if (fault == nullptr) continue;
+            if (damage == Damage::IsAnError) return error(start, fault);
+            m_out.text.resize(written);
+            m_out.offsets.resize(m_groups);
             m_out.offsets.push_back(start);
-            m_out.text += std::to_string(code);
-            m_out.text.push_back('\n');
-            const std::size_t valueAt = m_out.text.size();
-            if (!takeValue(code)) return error(start, "o arquivo termina no meio de um grupo");
-            const std::string_view value = std::string_view(m_out.text).substr(valueAt);
-            if (code == 0 && value == "EOF") break;
-            m_out.text.push_back('\n');
+            m_out.text += "?\n?\n";
+            ++m_groups;
+            m_at = nextRecord(start + 1);
         }
         return std::move(m_out);
     }
 
 private:
+    /// Null, or what is wrong.
+    const char* takeGroup() {
+        const std::size_t start = m_at;
+        int code = 0;
+        if (!takeCode(code)) return "o arquivo termina no meio de um grupo";
+        if (code < 0 || code > 1071) return "código de grupo inválido";
+        m_out.offsets.push_back(start);
+        m_out.text += std::to_string(code);
+        m_out.text.push_back('\n');
+        const std::size_t valueAt = m_out.text.size();
+        if (!takeValue(code)) return "o arquivo termina no meio de um grupo";
+        const std::string_view value = std::string_view(m_out.text).substr(valueAt);
+        m_ended = code == 0 && value == "EOF";
+        if (!m_ended) m_out.text.push_back('\n');
+        ++m_groups;
+        return nullptr;
+    }
+
+    /// Where the next group 0 with what looks like a type begins, the end without one.
+    std::size_t nextRecord(std::size_t from) const {
+        const std::size_t codeSize = m_wide ? 2 : 1;
+        const auto isLetter = [](char c) {
+            return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+        };
+        constexpr std::size_t kShortestType = 3;
+        for (std::size_t at = m_bytes.find('\0', from); at != std::string_view::npos;
+             at = m_bytes.find('\0', at + 1)) {
+            std::size_t end = at + codeSize;
+            if (m_wide && end <= m_bytes.size() && m_bytes[at + 1] != '\0') continue;
+            while (end < m_bytes.size() && isLetter(m_bytes[end])) ++end;
+            if (end < m_bytes.size() && m_bytes[end] == '\0' &&
+                end - at >= codeSize + kShortestType)
+                return at;
+        }
+        return m_bytes.size();
+    }
+
     static bool hasWideCodes(std::string_view bytes) {
         return bytes.size() > sizeof kSignature + 1 && bytes[sizeof kSignature + 1] == '\0';
     }
@@ -133,6 +169,8 @@ private:
     std::string_view m_bytes;
     std::size_t m_at;
     bool m_wide;
+    bool m_ended = false;
+    std::size_t m_groups = 0;
     BinaryText m_out;
 };
 
@@ -146,6 +184,8 @@ bool isBinary(std::string_view bytes) {
     return bytes.substr(0, sizeof kSignature) == binarySignature();
 }
 
-Result<BinaryText> textOfBinary(std::string_view bytes) { return Converter(bytes).run(); }
+Result<BinaryText> textOfBinary(std::string_view bytes, Damage damage) {
+    return Converter(bytes).run(damage);
+}
 
 }  // namespace prancheta::dxf

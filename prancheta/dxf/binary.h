@@ -20,8 +20,14 @@ struct BinaryText {
     std::vector<std::size_t> offsets;
 };
 
+/// What a damaged file has instead of an end or of a group that makes sense.
+enum class Damage {
+    IsAnError,   ///< that names the byte
+    PassedOver,  ///< up to the next record; a pair of lines that are no group tells of it
+};
+
 /// Group codes of one byte (R12) or two are told by the first group. A truncated file or a group
-/// that makes no sense is an error that names the byte.
-Result<BinaryText> textOfBinary(std::string_view bytes);
+/// that makes no sense is an error that names the byte, unless damage is passed over.
+Result<BinaryText> textOfBinary(std::string_view bytes, Damage damage = Damage::IsAnError);
 
 }  // namespace prancheta::dxf

@@ -50,7 +50,7 @@ Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path,
                                            LoadReport* report = nullptr);
 
 /// Reads a damaged file as far as it goes: what makes no sense is left out and told, with its line,
-/// as a finding. An error for a file that cannot be read at all, and for a damaged binary one.
+/// as a finding, of a binary file with its byte. An error for a file that cannot be read at all.
 Result<std::unique_ptr<AcDbDatabase>> recover(const std::filesystem::path& path,
                                               LoadReport& report);
 

@@ -28,6 +28,7 @@ public:
     Splitter(const Record& record, RecordHead& head, std::optional<Fault>& fault)
         : m_tags(record.tags), m_head(head), m_fault(fault) {
         reset(head);
+        head.at = record.at;
         const auto at = std::find_if(m_tags.begin(), m_tags.end(),
                                      [](const Tag& tag) { return tag.code >= 1000; });
         m_end = static_cast<std::size_t>(at - m_tags.begin());

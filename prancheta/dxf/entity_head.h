@@ -12,6 +12,7 @@ namespace prancheta::dxf {
 
 /// Parts of one record; reused from record to record.
 struct RecordHead {
+    const char* at = nullptr;  ///< where the record begins
     Adesk::UInt64 handle = 0;
     Adesk::UInt64 owner = 0;
     Adesk::UInt64 dictionary = 0;

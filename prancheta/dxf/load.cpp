@@ -197,8 +197,12 @@ Adesk::UInt64 Loader::claim(Adesk::UInt64 handle, const char* at) {
         (void)m_core.changeHandle(AcDbObjectId(stub), m_core.nextHandle());
         return handle;
     }
-    note("identificador repetido no arquivo; o objeto recebeu outro", at, handle);
+    noteRepeated(at, handle);
     return 0;
+}
+
+void Loader::noteRepeated(const char* at, Adesk::UInt64 handle) {
+    note("identificador repetido no arquivo; o objeto recebeu outro", at, handle);
 }
 
 /// Records that every drawing has; what the file lacked gets a handle that gives way to the file's.
@@ -239,7 +243,8 @@ bool Loader::complete() {
     // it is written.
     for (const Adesk::UInt64 handle : parts) (void)claim(handle, nullptr);
     forEachKeptRecord(m_core, [&](Adesk::UInt64 handle) {
-        if (claim(handle, nullptr) == 0)
+        const auto object = m_objectsByHandle.find(handle);
+        if (claim(handle, object != m_objectsByHandle.end() ? object->second->at : nullptr) == 0)
             (void)m_core.changeHandle(AcDbObjectId(m_core.find(handle)), m_core.nextHandle());
     });
     m_core.assignMissingHandles();
@@ -271,7 +276,7 @@ struct FileText {
     bool isBinaryFile = false;
 };
 
-Result<FileText> textOf(const std::filesystem::path& path) {
+Result<FileText> textOf(const std::filesystem::path& path, Damage damage) {
     auto file = MappedFile::open(path);
     if (!file) return file.error();
     FileText read;
@@ -279,7 +284,7 @@ Result<FileText> textOf(const std::filesystem::path& path) {
     read.text = read.file->bytes();
     read.isBinaryFile = isBinary(read.text);
     if (!read.isBinaryFile) return read;
-    auto converted = textOfBinary(read.text);
+    auto converted = textOfBinary(read.text, damage);
     if (!converted) {
         Error error = converted.error();
         error.file = path.string();
@@ -312,7 +317,7 @@ Result<void> loadInto(AcDbDatabase& database, const FileText& file,
 
 Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, LoadReport* report) {
     registerEntityClasses();
-    const Result<FileText> file = textOf(path);
+    const Result<FileText> file = textOf(path, Damage::IsAnError);
     if (!file) return file.error();
     LoadReport unread;
     auto database = std::make_unique<AcDbDatabase>(false, true);
@@ -323,12 +328,26 @@ Result<std::unique_ptr<AcDbDatabase>> load(const std::filesystem::path& path, Lo
     return database;
 }
 
+namespace {
+
+/// A binary file has no lines.
+void tellByte(Finding& finding, const std::vector<std::size_t>& offsets) {
+    if (finding.line > 0 && !offsets.empty()) {
+        const std::size_t group = static_cast<std::size_t>(finding.line - 1) / 2;
+        finding.text +=
+            " (byte " + std::to_string(offsets[std::min(group, offsets.size() - 1)]) + ")";
+    }
+    finding.line = 0;
+}
+
+}  // namespace
+
 Result<std::unique_ptr<AcDbDatabase>> recover(const std::filesystem::path& path,
                                               LoadReport& report) {
     // What only the reading finds, once the rest is mended: damage, not another kind of file.
     constexpr int kMostAttempts = 50;
     registerEntityClasses();
-    const Result<FileText> file = textOf(path);
+    const Result<FileText> file = textOf(path, Damage::PassedOver);
     if (!file) return file.error();
     Mended mended = mend(file->isBinaryFile ? file->binary.text : file->text);
     if (mended.origins.empty())
@@ -341,8 +360,12 @@ Result<std::unique_ptr<AcDbDatabase>> recover(const std::filesystem::path& path,
             for (Finding& finding : findings.findings)
                 finding.line = mended.formerLine(finding.line);
             std::vector<Finding>& all = report.findings;
+            const std::size_t first = all.size();
             all.insert(all.end(), mended.losses.begin(), mended.losses.end());
             all.insert(all.end(), findings.findings.begin(), findings.findings.end());
+            if (file->isBinaryFile)
+                std::for_each(all.begin() + static_cast<std::ptrdiff_t>(first), all.end(),
+                              [&](Finding& finding) { tellByte(finding, file->binary.offsets); });
             return database;
         }
         Error error = errorOf(*loader.fault(), mended.text, nullptr, path);

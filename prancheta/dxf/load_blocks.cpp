@@ -93,7 +93,8 @@ AcDbObjectId Loader::makeBlock(FileBlock& found) {
         (void)keepExtra(*made, m_rest);
         if (addRecord(type, made)) found.id = ObjectAccess::lookup(table, name);
     } else {
-        if (m_head.handle != 0) (void)m_core.changeHandle(found.id, claim(m_head.handle, nullptr));
+        if (m_head.handle != 0)
+            (void)m_core.changeHandle(found.id, claim(m_head.handle, m_head.at));
         (void)keepExtra(recordAt(found.id), m_rest);
         if (!m_head.reactors.empty() || m_head.dictionary != 0)
             m_later.push_back({&recordAt(found.id), m_head.reactors, m_head.dictionary});

@@ -231,7 +231,7 @@ bool Loader::keepExtra(AcDbObject& object, const Tags& rest, std::string_view wi
 
 bool Loader::append(std::unique_ptr<AcDbEntity> entity, AcDbObjectId owner) {
     applyHead(*entity);
-    const Adesk::UInt64 handle = claim(m_head.handle, nullptr);
+    const Adesk::UInt64 handle = claim(m_head.handle, m_head.at);
     AcDbObjectId id;
     AcDbEntity* const added = entity.get();
     if (m_core.appendWithHandle(owner, added, handle, id) != Acad::eOk)

@@ -68,6 +68,7 @@ bool Loader::readObjects() {
     while (nextIn(m_reader, m_record, "OBJECTS", "ENDSEC")) {
         ObjectSpan span;
         span.type = m_record.type;
+        span.at = m_record.at;
         span.text = {start, static_cast<std::size_t>(m_reader.position() - start)};
         for (const Tag& tag : m_record.tags) {
             if (tag.code == 100) break;
@@ -80,13 +81,17 @@ bool Loader::readObjects() {
         start = m_reader.position();
     }
     if (m_fault) return false;
-    for (ObjectSpan& span : m_objects)
-        if (span.handle != 0) m_objectsByHandle.try_emplace(span.handle, &span);
+    for (ObjectSpan& span : m_objects) {
+        if (span.handle == 0 || span.repeated) continue;
+        if (m_objectsByHandle.try_emplace(span.handle, &span).first->second == &span) continue;
+        span.repeated = true;
+        noteRepeated(span.at, span.handle);
+    }
     if (m_objects.empty() || m_objects.front().type != "DICTIONARY") return true;
     ObjectSpan& root = m_objects.front();
     if (root.kept) return true;  // a second section of objects
     const AcDbObjectId id = m_database.namedObjectsDictionaryId();
-    if (root.handle != 0) (void)m_core.changeHandle(id, claim(root.handle, nullptr));
+    if (root.handle != 0) (void)m_core.changeHandle(id, claim(root.handle, root.at));
     return takeDictionary(root, static_cast<AcDbDictionary&>(*static_cast<AcDbStub*>(id)->object));
 }
 
@@ -142,6 +147,8 @@ bool Loader::keepObjects() {
         if (!reader.next(m_record)) continue;
         tags.push_back({0, decode(m_record.type, charset())});
         if (!appendRaw(tags, m_record.tags, charset(), m_fault)) return false;
+        const auto own = std::ranges::find(tags, 5, &RawTag::code);
+        if (span.repeated && own != tags.end()) own->value = handleText(freshHandle());
         if (isOld)
             completeObject(tags, owners[span.handle],
                            m_database.namedObjectsDictionaryId().handle().value());
@@ -199,7 +206,7 @@ bool Loader::takeChild(AcDbDictionary& dictionary, const std::wstring& key, Ades
     // What lies deeper is kept as the file has it.
     if (free && span->type == "DICTIONARY" && m_dictionaryDepth < kDeepestNesting) {
         auto* const child = new AcDbDictionary;
-        if (!m_core.makeResident(*child, dictionary.objectId(), claim(handle, nullptr))) {
+        if (!m_core.makeResident(*child, dictionary.objectId(), claim(handle, span->at))) {
             delete child;
             return bad(nullptr, "não foi possível criar um dicionário");
         }
@@ -250,7 +257,7 @@ bool Loader::takeXrecord(ObjectSpan& span, AcDbDictionary& owner, AcDbObjectId& 
 /// With the head that was read last.
 bool Loader::addObject(std::unique_ptr<AcDbObject> made, ObjectSpan& span, AcDbDictionary& owner,
                        AcDbObjectId& id) {
-    if (!m_core.makeResident(*made, owner.objectId(), claim(span.handle, nullptr)))
+    if (!m_core.makeResident(*made, owner.objectId(), claim(span.handle, span.at)))
         return bad(nullptr, "não foi possível criar um registro " + std::string(span.type));
     AcDbObject* const added = made.release();
     id = added->objectId();
@@ -341,7 +348,8 @@ bool Loader::takeExtensionDictionaries() {
         if (found != m_objectsByHandle.end() && !found->second->kept &&
             found->second->type == "DICTIONARY") {
             auto* const dictionary = new AcDbDictionary;
-            if (!m_core.makeResident(*dictionary, owner.objectId(), claim(handle, nullptr))) {
+            if (!m_core.makeResident(*dictionary, owner.objectId(),
+                                     claim(handle, found->second->at))) {
                 delete dictionary;
                 continue;
             }

@@ -109,8 +109,10 @@ private:
     struct ObjectSpan {
         std::string_view type;
         std::string_view text;
+        const char* at = nullptr;
         Adesk::UInt64 handle = 0;
-        bool kept = false;  ///< as an object
+        bool kept = false;      ///< as an object
+        bool repeated = false;  ///< another one before it has its handle
     };
     bool takeDictionary(ObjectSpan& span, AcDbDictionary& dictionary);
     bool takeChild(AcDbDictionary& dictionary, const std::wstring& key, Adesk::UInt64 handle);
@@ -131,6 +133,7 @@ private:
 
     AcDbObjectId resolve(Kind kind, const std::wstring& name) override;
     void note(std::string text, const char* at, Adesk::UInt64 handle);
+    void noteRepeated(const char* at, Adesk::UInt64 handle);
     /// Everything before `at` was read; views into it stay good.
     void doneUpTo(const char* at);
     bool bad(const char* at, std::string text);

@@ -6,10 +6,12 @@
 #include "prancheta/dxf/mending.h"
 
 #include <algorithm>
+#include <deque>
 #include <optional>
 
 #include "prancheta/base/text.h"
 #include "prancheta/dxf/damaged_records.h"
+#include "prancheta/dxf/entity_types.h"
 
 namespace prancheta::dxf {
 namespace {
@@ -28,6 +30,8 @@ bool isFrame(std::string_view type) {
     return isOneOf(
         type, {"SECTION", "ENDSEC", "TABLE", "ENDTAB", "BLOCK", "ENDBLK", "SEQEND", "DICTIONARY"});
 }
+
+constexpr std::string_view kCapitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
 class Mender {
 public:
@@ -75,6 +79,8 @@ private:
         }
         if (!m_record.broken.empty() && !isFrame(m_record.type)) return;
         const bool isHeader = m_record.type == "SECTION";
+        if (isHeader) nameVariables();
+        tellHalfPoints();
         std::string why;
         const auto isBad = [&](const DamagedGroup& group) {
             const bool isName = group.code == 5 && m_record.type == "DIMSTYLE";
@@ -89,6 +95,35 @@ private:
             }
             tell(m_record.type + ": " + why, m_record.groups[i].line);
             i = leaveOut(i, isHeader);
+        }
+    }
+
+    /// Variables that have lost the sign before their name.
+    void nameVariables() {
+        for (DamagedGroup& group : m_record.groups) {
+            const std::string_view name = trim(group.value);
+            if (group.code != 9 || name.starts_with('$')) continue;
+            const std::size_t letter = name.find_first_of(kCapitals);
+            if (letter == std::string_view::npos) continue;  // it has no value that anybody reads
+            m_names.push_back("$" + std::string(name.substr(letter)));
+            tell("HEADER: variável sem $ no nome; foi lida como " + m_names.back(), group.line);
+            group.value = m_names.back();
+            m_record.changed = true;
+        }
+    }
+
+    /// Points of which only x is there: y is read as 0.
+    void tellHalfPoints() {
+        const auto& groups = m_record.groups;
+        if (m_record.type != "LAYOUT" && entityTypeNamed(m_record.type) == nullptr) return;
+        for (std::size_t i = 0; i < groups.size(); ++i) {
+            const int code = groups[i].code;
+            if (code == 101) return;  // what comes behind belongs to another object
+            if (code < 10 || code > 18) continue;
+            if (i + 1 < groups.size() && groups[i + 1].code == code + 10) continue;
+            tell(m_record.type + ": falta a coordenada y (grupo " + std::to_string(code + 10) +
+                     ") de um ponto; vale 0",
+                 groups[i].line);
         }
     }
 
@@ -242,7 +277,7 @@ private:
         if (!m_record.broken.empty() && !isFrame(m_record.type)) return lose(m_record.broken);
         if (!m_record.broken.empty())
             tell(m_record.type + ": " + m_record.broken, m_record.brokenAt);
-        m_mended.origins.push_back({m_lines + 1, m_record.line, m_mended.text.size()});
+        m_mended.origins.push_back({m_lines + 2, m_record.line, m_mended.text.size()});
         if (!m_record.changed && m_record.broken.empty()) {
             put(m_record.text);
             if (m_record.text.back() != '\n') put("\n");
@@ -257,7 +292,8 @@ private:
     DamagedRecord m_record;
     Mended m_mended;
     int m_lines = 0;
-    std::string m_section;  ///< that is open; empty for none
+    std::deque<std::string> m_names;  ///< of variables, that the record read last points to
+    std::string m_section;            ///< that is open; empty for none
     std::string m_table;
     bool m_inBlock = false;
     bool m_parts = false;        ///< vertices or attributes follow, up to SEQEND

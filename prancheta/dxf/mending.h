@@ -10,11 +10,11 @@
 
 namespace prancheta::dxf {
 
-/// What a record begins with in the mended text, and where that stood in the damaged one.
+/// The type of a record in the mended text, and where that stood in the damaged one.
 struct MendedLine {
     int line;
     int former;
-    std::size_t at;  ///< byte of the mended text
+    std::size_t at;  ///< byte of the mended text where the record begins, with its group 0
 };
 
 struct Mended {

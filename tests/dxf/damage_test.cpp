@@ -284,6 +284,83 @@ TEST(Damage, RecoveryGoesAsFarAsAFileGoes) {
     EXPECT_FALSE(recovered("isto não é um desenho\n", none).ok());
 }
 
+TEST(Damage, RecoveryNamesWhatItReadsInAnotherWay) {
+    const std::string layout =
+        "|5 D3|330 D2|100 AcDbPlotSettings|1 |100 AcDbLayout|1 Folha|70 1|71 "
+        "1|10 1|11 420|21 297|330 0";
+    std::string text = fileWith(
+        "0 LINE|5 A1|8 0|10 1|11 5|21 5|0 CIRCLE|5 A1|8 0|10 1|20 1|40 2", "AC1015",
+        "0 SECTION|2 OBJECTS|0 DICTIONARY|5 C|330 0|100 AcDbDictionary|3 ACAD_LAYOUT|350 D2|0 "
+        "DICTIONARY|5 D2|330 C|100 AcDbDictionary|3 Folha|350 D3|0 LAYOUT" +
+            layout + "|0 MATERIAL|5 D4|330 C|0 MATERIAL|5 D4|330 C|0 ENDSEC");
+    text.replace(text.find("$ACADVER"), 8, "ACADVER");
+    const Folder folder;
+    write(folder / "a.dxf", text);
+    dxf::LoadReport report;
+    const auto loaded = dxf::recover(folder / "a.dxf", report);
+    ASSERT_TRUE(loaded.ok()) << loaded.error().message();
+    const auto lineOf = [&](const std::string& record, int further) {
+        const auto lines = std::count(
+            text.begin(), text.begin() + static_cast<std::ptrdiff_t>(text.find(record)), '\n');
+        return static_cast<int>(lines) + further;
+    };
+    const std::pair<const char*, int> expected[] = {
+        {"lida como $ACADVER", lineOf("ACADVER", 1)},
+        {"LINE: falta a coordenada y (grupo 20)", lineOf("\n10\n1\n11\n5", 3)},
+        {"LAYOUT: falta a coordenada y (grupo 20)", lineOf("\n10\n1\n11\n420", 3)},
+        {"identificador repetido", lineOf("CIRCLE", 1)},
+        {"identificador repetido", lineOf("MATERIAL", 1) + 6},
+    };
+    for (const auto& [told, line] : expected)
+        EXPECT_EQ(std::ranges::count_if(report.findings,
+                                        [&](const dxf::Finding& finding) {
+                                            return finding.line == line &&
+                                                   finding.text.find(told) != std::string::npos;
+                                        }),
+                  1)
+            << told << " " << line;
+    EXPECT_EQ(report.findings.size(), std::size(expected));
+    const Groups all = groupsOf(saved(**loaded));
+    EXPECT_EQ(countOf(all, "MATERIAL"), 2U);
+    std::set<std::string> handles;
+    for (std::size_t i = 1; i < all.size(); ++i) {
+        if (all[i].code != 5 || all[i - 1].code != 0) continue;
+        EXPECT_TRUE(handles.insert(all[i].value).second) << all[i].value;
+    }
+}
+
+TEST(Damage, RecoveryOfABinaryFileGoesOnAtTheNextRecord) {
+    AcDbDatabase database(true, true);
+    for (int i = 1; i <= 5; ++i) append(database, new AcDbCircle({1.0 * i, 0, 0}, {0, 0, 1}, i));
+    const std::string whole = saved(database, {dxf::Version::Keep, dxf::Form::Binary});
+    const std::size_t third =
+        whole.find("CIRCLE", whole.find("CIRCLE", whole.find("CIRCLE") + 1) + 1);
+    ASSERT_NE(third, std::string::npos);
+    const Folder folder;
+    const auto recovered = [&](const std::string& bytes, dxf::LoadReport& report) {
+        write(folder / "a.dxf", bytes);
+        return dxf::recover(folder / "a.dxf", report);
+    };
+    std::string damaged = whole;
+    damaged.replace(third + 8, 4, "\xFF\xFF\xFF\xFF");
+    EXPECT_NE(tryLoad(damaged).error().text.find("byte"), std::string::npos);
+    dxf::LoadReport report;
+    const auto four = recovered(damaged, report);
+    ASSERT_TRUE(four.ok()) << four.error().message();
+    EXPECT_EQ(modelSpace(**four).size(), 4U);
+    ASSERT_EQ(report.findings.size(), 1U);
+    EXPECT_NE(report.findings[0].text.find("CIRCLE"), std::string::npos);
+    EXPECT_NE(report.findings[0].text.find("(byte "), std::string::npos);
+    EXPECT_EQ(report.findings[0].line, 0);
+    dxf::LoadReport cut;
+    const auto two = recovered(whole.substr(0, third + 20), cut);
+    ASSERT_TRUE(two.ok()) << two.error().message();
+    EXPECT_EQ(modelSpace(**two).size(), 2U);
+    dxf::LoadReport none;
+    ASSERT_TRUE(recovered(whole, none).ok());
+    EXPECT_TRUE(none.findings.empty());
+}
+
 TEST(Damage, WhatStandsBehindTheEndIsNoDamage) {
     const std::string good = fileWith("0 POINT|8 0|10 0|20 0");
     for (const char* rest : {"\x1A", "\x1A\r\n", "\n\n\n\n", " \n\n\n"}) {

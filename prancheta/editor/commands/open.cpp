@@ -70,8 +70,9 @@ CommandTask open(CommandContext context) {
     dxf::LoadReport findings;
     const Result<void> opened = context.editor().file().open(target.path, &findings);
     if (opened) printFindings(context.editor(), findings);
-    // Damage has a place; a file that is not there has none.
-    const bool damaged = !opened && opened.error().line > 0;
+    // Damage has a place, a line or the byte of a binary file; a file that is not there has none.
+    const bool damaged = !opened && (opened.error().line > 0 ||
+                                     opened.error().text.find("(byte ") != std::string::npos);
     co_return report(context, opened, damaged ? L" RECUPERAR abre o que puder ser lido." : L"");
 }
 
