@@ -32,6 +32,10 @@ class AcDbViewport : public AcDbEntity {
     Adesk::Int16 number() const { return m_number; }
     const std::vector<AcDbObjectId>& frozenLayers() const { return m_frozen; }
     bool isLayerFrozenInViewport(AcDbObjectId layer) const;
+    /// The entity whose outline bounds what is seen, on the sheet beside the viewport; null for one
+    /// that is bounded by its frame. A copy without its own copy of the outline has none.
+    AcDbObjectId nonRectClipEntityId() const { return m_clip; }
+    bool isNonRectClipOn() const;
     /// As a file has them: group 68, and the bits of group 90.
     Adesk::Int16 status() const { return m_status; }
     Adesk::Int32 flags() const { return m_flags; }
@@ -52,6 +56,8 @@ class AcDbViewport : public AcDbEntity {
     Acad::ErrorStatus setUnlocked();
     Acad::ErrorStatus setNumber(Adesk::Int16 number);
     Acad::ErrorStatus setFrozenLayers(const std::vector<AcDbObjectId>& layers);
+    /// Null takes the outline away; else it is switched on.
+    Acad::ErrorStatus setNonRectClipEntityId(AcDbObjectId outline);
     Acad::ErrorStatus setFiledState(Adesk::Int16 status, Adesk::Int32 flags);
 
     /// From the model to the sheet.
@@ -77,6 +83,7 @@ private:
     double m_viewHeight = 100.0;
     double m_twist = 0.0;
     std::vector<AcDbObjectId> m_frozen;
+    AcDbObjectId m_clip;
     Adesk::Int32 m_flags = 32768 | 64 | 32;
     Adesk::Int16 m_status = 2;
     Adesk::Int16 m_number = 2;

@@ -102,7 +102,7 @@ private:
     }
 
     /// What is owned is found while its owner is written; owned objects that cannot be made stay
-    /// with the original.
+    /// with the original alone.
     void write(Clone& clone) {
         std::vector<AcDbObjectId> owned;
         std::vector<AcDbObjectId> referred;
@@ -116,7 +116,9 @@ private:
             ++m_left;
             return;
         }
-        for (AcDbObjectId id : owned) (void)take(id);
+        // An entity comes along only when it is asked for, too.
+        for (AcDbObjectId id : owned)
+            if (id.isResident() && AcDbEntity::cast(&objectAt(id)) == nullptr) (void)take(id);
         for (AcDbObjectId id : referred) takeRecord(id);
     }
 
@@ -186,6 +188,8 @@ private:
         clone.filer.translate = [this](AcDbObjectId id) {
             return m_crosses ? this->copy(id) : copyOf(m_copies, id);
         };
+        // What belongs to the original is not the copy's.
+        clone.filer.translateOwned = [this](AcDbObjectId id) { return this->copy(id); };
         clone.filer.rewind();
         auto* const record = AcDbSymbolTableRecord::cast(&object);
         if (record == nullptr) {

@@ -52,12 +52,23 @@ Acad::ErrorStatus MemoryFiler::writeId(const AcDbObjectId& id) {
     return writeBytes(&word, sizeof word);
 }
 
-AcDbObjectId MemoryFiler::readId() {
+AcDbObjectId MemoryFiler::readPlain() {
     Adesk::LongPtr word = 0;
     readBytes(&word, sizeof word);
     AcDbObjectId id;
     id.setFromOldId(word);
+    return id;
+}
+
+AcDbObjectId MemoryFiler::readId() {
+    const AcDbObjectId id = readPlain();
     return translate && !id.isNull() ? translate(id) : id;
+}
+
+AcDbObjectId MemoryFiler::readOwned() {
+    if (!translateOwned) return readId();
+    const AcDbObjectId id = readPlain();
+    return id.isNull() ? id : translateOwned(id);
 }
 
 Acad::ErrorStatus MemoryFiler::writeHardOwnershipId(const AcDbHardOwnershipId& id) {
@@ -65,7 +76,7 @@ Acad::ErrorStatus MemoryFiler::writeHardOwnershipId(const AcDbHardOwnershipId& i
     return writeId(id);
 }
 Acad::ErrorStatus MemoryFiler::readHardOwnershipId(AcDbHardOwnershipId* id) {
-    *id = readId();
+    *id = readOwned();
     return m_status;
 }
 Acad::ErrorStatus MemoryFiler::writeSoftOwnershipId(const AcDbSoftOwnershipId& id) {
@@ -73,7 +84,7 @@ Acad::ErrorStatus MemoryFiler::writeSoftOwnershipId(const AcDbSoftOwnershipId& i
     return writeId(id);
 }
 Acad::ErrorStatus MemoryFiler::readSoftOwnershipId(AcDbSoftOwnershipId* id) {
-    *id = readId();
+    *id = readOwned();
     return m_status;
 }
 Acad::ErrorStatus MemoryFiler::writeHardPointerId(const AcDbHardPointerId& id) {

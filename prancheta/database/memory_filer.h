@@ -27,6 +27,8 @@ public:
     bool atEnd() const { return m_source.empty(); }
     /// Applied to every reference that is read.
     std::function<AcDbObjectId(AcDbObjectId)> translate;
+    /// Applied instead to those that the object owns, where it is given.
+    std::function<AcDbObjectId(AcDbObjectId)> translateOwned;
     /// Called for every reference that is written.
     std::function<void(AcDbObjectId)> referenceWritten;
     /// Called for every object that the writer owns.
@@ -52,7 +54,9 @@ public:
 
 private:
     Acad::ErrorStatus writeId(const AcDbObjectId& id);
+    AcDbObjectId readPlain();
     AcDbObjectId readId();
+    AcDbObjectId readOwned();
 
     AcDb::FilerType m_type;
     std::vector<char> m_bytes;

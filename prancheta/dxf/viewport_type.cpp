@@ -35,6 +35,7 @@ constexpr Field kViewport[] = {marker("AcDbViewport"),
                                defaultField(72, 1000.0),
                                {331, References},
                                {90, Integer, 2, false, 32768.0},
+                               {340, Reference, 0},
                                {1, DefaultText, 0, false, 0.0, ""},
                                defaultField(281, 0.0),
                                defaultField(71, 1.0),
@@ -73,6 +74,7 @@ std::unique_ptr<AcDbEntity> makeViewport(const Values& v) {
     (void)viewport->setViewHeight(v.reals[4]);
     (void)viewport->setTwistAngle(v.reals[5]);
     (void)viewport->setNumber(static_cast<Adesk::Int16>(v.integers[1]));
+    if (!v.ids[0].isNull()) (void)viewport->setNonRectClipEntityId(v.ids[0]);
     (void)viewport->setFiledState(static_cast<Adesk::Int16>(v.integers[0]),
                                   static_cast<Adesk::Int32>(v.integers[2]));
     (void)viewport->setFrozenLayers(v.references);
@@ -93,6 +95,7 @@ void takeViewport(const AcDbEntity& entity, Values& v) {
     v.integers[0] = viewport.status();
     v.integers[1] = viewport.number();
     v.integers[2] = viewport.flags();
+    v.ids[0] = viewport.nonRectClipEntityId();
     v.references = viewport.frozenLayers();
 }
 

@@ -11,6 +11,7 @@
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/picking.h"
 #include "prancheta/editor/scene.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta {
 namespace {
@@ -403,6 +404,7 @@ Task<Selection> selectObjects(CommandContext context, SelectOptions options) {
     std::wstring word = std::move(selection.word);
     selection = picked.selection();
     selection.word = std::move(word);
+    if (!options.single) selection.ids = withClips(std::move(selection.ids));
     if (selection.status == RTNORM) context.editor().selection().setPrevious(selection.ids);
     co_return selection;
 }

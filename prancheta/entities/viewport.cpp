@@ -19,6 +19,7 @@ namespace {
 
 // Bits of group 90.
 constexpr Adesk::Int32 kLockedBit = 16384;
+constexpr Adesk::Int32 kClippedBit = 65536;
 constexpr Adesk::Int32 kOffBit = 131072;
 constexpr int kSheetsOwn = 1;
 constexpr double kQuarter = std::numbers::pi / 2.0;
@@ -54,6 +55,18 @@ std::optional<int> quarterTurns(const AcGeMatrix3d& m) {
 
 bool AcDbViewport::isOn() const { return m_status != 0 && (m_flags & kOffBit) == 0; }
 bool AcDbViewport::isLocked() const { return (m_flags & kLockedBit) != 0; }
+
+bool AcDbViewport::isNonRectClipOn() const {
+    return !m_clip.isNull() && !m_clip.isErased() && (m_flags & kClippedBit) != 0;
+}
+
+Acad::ErrorStatus AcDbViewport::setNonRectClipEntityId(AcDbObjectId outline) {
+    if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
+    assertWriteEnabled();
+    m_clip = outline;
+    m_flags = outline.isNull() ? m_flags & ~kClippedBit : m_flags | kClippedBit;
+    return Acad::eOk;
+}
 
 bool AcDbViewport::isLayerFrozenInViewport(AcDbObjectId layer) const {
     return std::find(m_frozen.begin(), m_frozen.end(), layer) != m_frozen.end();
@@ -120,6 +133,7 @@ Acad::ErrorStatus AcDbViewport::dwgOutFields(AcDbDwgFiler* filer) const {
     filer->writeInt32(m_flags);
     filer->writeInt16(m_status);
     filer->writeInt16(m_number);
+    filer->writeSoftOwnershipId(m_clip);
     filer->writeUInt32(static_cast<Adesk::UInt32>(m_frozen.size()));
     for (const AcDbObjectId& layer : m_frozen) filer->writeSoftPointerId(layer);
     return filer->filerStatus();
@@ -137,6 +151,10 @@ Acad::ErrorStatus AcDbViewport::dwgInFields(AcDbDwgFiler* filer) {
     filer->readInt32(&m_flags);
     filer->readInt16(&m_status);
     filer->readInt16(&m_number);
+    AcDbSoftOwnershipId clip;
+    filer->readSoftOwnershipId(&clip);
+    m_clip = clip;
+    if (m_clip.isNull()) m_flags &= ~kClippedBit;
     Adesk::UInt32 count = 0;
     filer->readUInt32(&count);
     m_frozen.clear();
@@ -200,6 +218,7 @@ void AcDbViewport::subList() const {
              scale < 1.0 ? L"1:" + commaText(1.0 / scale, 2) : commaText(scale, 2) + L":1");
     listText(L"Vista", std::wstring(isOn() ? L"ligada" : L"desligada") +
                            (isLocked() ? L", travada" : L", destravada"));
+    if (isNonRectClipOn()) listText(L"Recorte", L"pelo contorno de um objeto da folha");
     if (m_twist != 0.0) listAngle(L"Torção =", m_twist);
     for (const AcDbObjectId& layer : m_frozen) {
         const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForRead);

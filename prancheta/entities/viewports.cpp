@@ -2,7 +2,11 @@
 // Viewports as they stand.
 #include "prancheta/entities/viewports.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "prancheta/database/object_access.h"
+#include "prancheta/entities/plane_curve.h"
 
 namespace prancheta {
 
@@ -31,6 +35,34 @@ Box2d frameOf(const AcDbViewport& viewport) {
     const double x = viewport.width() / 2.0;
     const double y = viewport.height() / 2.0;
     return {middle.x - x, middle.y - y, middle.x + x, middle.y + y};
+}
+
+std::vector<Vec2> clipOutline(const AcDbViewport& viewport) {
+    constexpr double kStep = 0.05;  // radians of a round part
+    std::vector<Vec2> corners;
+    if (!viewport.isNonRectClipOn()) return corners;
+    const AcDbStub* const stub = viewport.nonRectClipEntityId();
+    const AcDbEntity* const outline = AcDbEntity::cast(stub->object);
+    const std::optional<Curve> curve =
+        outline != nullptr ? planeCurve(*outline) : std::optional<Curve>();
+    if (!curve || !curve->closed()) return corners;
+    for (const Segment& each : curve->segments()) {
+        const int steps = 1 + static_cast<int>(std::abs(each.sweep) / kStep);
+        for (int i = 0; i < steps; ++i) corners.push_back(each.at(double(i) / steps));
+    }
+    return corners;
+}
+
+std::vector<AcDbObjectId> withClips(std::vector<AcDbObjectId> ids) {
+    std::vector<AcDbObjectId> clips;
+    for (const AcDbObjectId& id : ids) {
+        const AcDbViewport* const viewport = viewportOf(id);
+        if (viewport != nullptr && viewport->isNonRectClipOn())
+            clips.push_back(viewport->nonRectClipEntityId());
+    }
+    for (const AcDbObjectId& clip : clips)
+        if (std::find(ids.begin(), ids.end(), clip) == ids.end()) ids.push_back(clip);
+    return ids;
 }
 
 }  // namespace prancheta

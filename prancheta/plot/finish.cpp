@@ -6,7 +6,9 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
+#include <span>
 #include <string_view>
+#include <utility>
 
 #include "prancheta/base/text.h"
 #include "prancheta/plot/through.h"
@@ -135,6 +137,16 @@ std::vector<double> numbersOf(std::string_view text) {
     return numbers;
 }
 
+/// What both regions have in common; the outline by its coordinates.
+std::string clipOutline(const std::string& name, const std::string& within,
+                        std::span<const double> outline) {
+    std::string region =
+        "<clipPath id=\"" + name + "\" clip-path=\"url(#" + within + ")\"><polygon points=\"";
+    for (const double number : outline) region += numberText(number) + " ";
+    region.back() = '"';
+    return region + "/></clipPath>\n";
+}
+
 /// The group that holds each mark becomes the beginning or the end of a clipped one. O(bytes).
 void clipFrames(std::string& svg) {
     const std::string mark = "points=\"" + std::to_string(kFrameMark) + ",";
@@ -149,10 +161,14 @@ void clipFrames(std::string& svg) {
         const std::size_t end = svg.find("</g>", at);
         if (n.size() < 3 || group == kNot || end == kNot) return;
         out.append(svg, done, group - done);
-        if (n[0] == 0.0 && n.size() == 5) {
-            const std::string name = "janela" + std::to_string(++count);
-            out += clipRegion(name, QRectF(n[1], n[2], n[3], n[4])) + "<g clip-path=\"url(#" +
-                   name + ")\">\n";
+        if (n[0] == 0.0 && n.size() >= 5) {
+            std::string name = "janela" + std::to_string(++count);
+            out += clipRegion(name, QRectF(n[1], n[2], n[3], n[4]));
+            if (n.size() > 5) {
+                const std::string frame = std::exchange(name, name + "contorno");
+                out += clipOutline(name, frame, std::span(n).subspan(5));
+            }
+            out += "<g clip-path=\"url(#" + name + ")\">\n";
         } else {
             out += "</g>\n";
         }

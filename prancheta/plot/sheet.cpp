@@ -154,6 +154,7 @@ void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
         if (const AcDbViewport* const viewport = viewportOf(item.id)) {
             pictures.flush();
             paintThrough(painter, editor, *viewport, through);
+            if (viewport->isNonRectClipOn()) continue;  // the outline stands for the frame
         }
         if (!plotted.has(item.layer)) continue;
         const Picture& picture = display.picture(item.id);

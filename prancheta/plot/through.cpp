@@ -26,18 +26,28 @@ Box2d boxOf(const QRectF& rect) {
 
 QRectF rectOf(const Box2d& box) { return {box.left, box.bottom, box.width(), box.height()}; }
 
+QPolygonF polygonOf(const std::vector<Vec2>& corners) {
+    QPolygonF polygon;
+    for (const Vec2& corner : corners) polygon << QPointF(corner.x, corner.y);
+    return polygon;
+}
+
 /// The toolkit's writer of SVG does not clip: the frame is marked for finishSvg().
 class Frame {
 public:
-    Frame(QPainter& painter, const QRectF& frame) : m_painter(painter) {
+    Frame(QPainter& painter, const QRectF& frame, const QPolygonF& outline) : m_painter(painter) {
         painter.save();
         const QPaintEngine* const engine = painter.paintEngine();
         m_marked = engine != nullptr && engine->type() == QPaintEngine::SVG;
         if (!m_marked) painter.setClipRect(frame, Qt::IntersectClip);
+        QPainterPath inside;
+        inside.addPolygon(outline);
+        if (!m_marked && !outline.isEmpty()) painter.setClipPath(inside, Qt::IntersectClip);
         const QRect whole = frame.toRect();
-        mark({{kFrameMark, 0},
-              {double(whole.x()), double(whole.y())},
-              {double(whole.width()), double(whole.height())}});
+        QPolygonF points{{kFrameMark, 0},
+                         {double(whole.x()), double(whole.y())},
+                         {double(whole.width()), double(whole.height())}};
+        mark(points << outline);
     }
     ~Frame() {
         mark({{kFrameMark, 1}, {0, 0}});
@@ -86,7 +96,8 @@ void paintThrough(QPainter& painter, Editor& editor, const AcDbViewport& viewpor
     if (seen.isEmpty()) return;
     PicturePainter::Settings settings = how.sheet;
     settings.toDevice = planOf(toSheet) * how.sheet.toDevice;
-    const Frame frame(painter, how.sheet.toDevice.mapRect(rectOf(frameOf(viewport))));
+    const Frame frame(painter, how.sheet.toDevice.mapRect(rectOf(frameOf(viewport))),
+                      how.sheet.toDevice.map(polygonOf(clipOutline(viewport))));
     const bool alike = editor.database().core().variables().number(L"PSLTSCALE") != 0;
     AppearanceTable appearances(
         editor.database(),

@@ -26,13 +26,14 @@ struct ThroughViewport {
     std::function<void(PicturePainter&, const DisplayList::Item&, const Picture&)> after;
 };
 
-/// Draws inside the frame and nothing outside it; not the frame itself. Nothing for a viewport that
-/// is off.
+/// Draws inside the frame, and the outline where it has one, and nothing outside; not the frame
+/// itself. Nothing for a viewport that is off.
 void paintThrough(QPainter& painter, Editor& editor, const AcDbViewport& viewport,
                   const ThroughViewport& how);
 
 /// Coordinates that nobody draws at begin a line in SVG files that stands for a frame: its second
-/// and third points are corner and size; with a second coordinate of 1 the end of a frame.
+/// and third points are corner and size, the others an outline; with a second coordinate of 1 the
+/// end of a frame.
 inline constexpr int kFrameMark = -123456;
 
 }  // namespace prancheta

@@ -13,6 +13,7 @@
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/viewports.h"
 #include "prancheta/entities/weld_symbol.h"
 #include "prancheta/geometry/angles.h"
 #include "support.h"
@@ -237,6 +238,38 @@ TEST(Foreign, TextsSeenFromBehindAreTextsAndKeepHowTheyAreTurned) {
     EXPECT_EQ(valueOf(record(all, "TEXT", 5, "B1"), 230), "-1.0");
     EXPECT_EQ(valueOf(record(all, "TEXT", 5, "B2"), 71), "6");
     EXPECT_EQ(valueOf(record(all, "TEXT", 5, "B2"), 1), "outro");
+}
+
+TEST(Foreign, OutlinesOfViewportsAreTheirOwnInCopies) {
+    const std::string outline =
+        "0 LWPOLYLINE|5 B1|100 AcDbEntity|67 1|8 0|100 AcDbPolyline|90 3|70 1|10 0|20 0|10 50|20 "
+        "0|10 0|20 40";
+    const std::string viewport =
+        "0 VIEWPORT|5 B2|100 AcDbEntity|67 1|8 0|100 AcDbViewport|10 25|20 20|30 0|40 50|41 40|68 "
+        "2|69 2|12 0|22 0|16 0|26 0|36 1|17 0|27 0|37 0|45 400|51 0|90 98400|340 B1";
+    const auto database = loadText(fileWith(outline + "|" + viewport));
+    ASSERT_NE(database, nullptr);
+    const AcDbObjectId space = database->core().paperSpaceId();
+    const std::vector<AcDbObjectId> first = viewportsOf(space);
+    ASSERT_EQ(first.size(), 1u);
+    const std::vector<Vec2> corners = clipOutline(*viewportOf(first[0]));
+    ASSERT_EQ(corners.size(), 3u);
+    EXPECT_EQ(corners[2].y, 40.0);
+    const std::vector<AcDbObjectId> both = withClips(first);
+    ASSERT_EQ(both.size(), 2u);
+    // Alone it has none; with its outline it has the outline's copy.
+    for (const std::size_t taken : {1u, 2u}) {
+        AcDbObjectIdArray ids;
+        AcDbObjectIdArray copies;
+        for (std::size_t i = 0; i < taken; ++i) ids.append(both[i]);
+        ASSERT_EQ(database->deepCloneObjects(ids, space, copies), Acad::eOk);
+        const AcDbViewport& copy = *viewportOf(copies[0]);
+        EXPECT_EQ(copy.isNonRectClipOn(), taken == 2);
+        EXPECT_EQ(copy.nonRectClipEntityId(), taken == 2 ? copies[1] : AcDbObjectId());
+    }
+    EXPECT_EQ(valueOf(record(groupsOf(saved(*database)), "VIEWPORT", 5, "B2"), 340), "B1");
+    ASSERT_EQ(AcDbObjectPointer<AcDbEntity>(both[1], AcDb::kForWrite)->erase(), Acad::eOk);
+    EXPECT_FALSE(viewportOf(first[0])->isNonRectClipOn());
 }
 
 TEST(Foreign, DimensionOfAnotherKindKeepsItsPicture) {

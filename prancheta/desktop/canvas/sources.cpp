@@ -237,9 +237,11 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
             continue;
         }
         if (Clock::now() >= until) return false;
-        if (const AcDbViewport* const viewport = viewportOf(item.id))
-            paintThrough(painter, *m_editor, *viewport, through);
-        pictures.paint(display.picture(item.id));
+        const AcDbViewport* const viewport = viewportOf(item.id);
+        if (viewport != nullptr) paintThrough(painter, *m_editor, *viewport, through);
+        // The outline stands for the frame.
+        if (viewport == nullptr || !viewport->isNonRectClipOn())
+            pictures.paint(display.picture(item.id));
         if (isSelected(item.id)) pictures.paintPlain(display.picture(item.id), pen);
     }
     return true;

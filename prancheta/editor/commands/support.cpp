@@ -9,6 +9,7 @@
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/user_system.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/entities/viewports.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
@@ -245,6 +246,12 @@ Ids cloneAll(const CommandContext& context, const Ids& ids) {
     if (database.deepCloneObjects(originals, database.currentSpaceId(), copies) != Acad::eOk) {
         say(context, L"Os objetos não puderam ser copiados.");
         return {};
+    }
+    for (int i = 0; i < copies.length(); ++i) {
+        const AcDbViewport* const original = viewportOf(originals[i]);
+        if (original != nullptr && original->isNonRectClipOn() &&
+            !viewportOf(copies[i])->isNonRectClipOn())
+            say(context, L"A cópia da janela ficou sem o contorno que a recorta.");
     }
     return Ids(copies.begin(), copies.end());
 }
