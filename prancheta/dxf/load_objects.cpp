@@ -168,6 +168,7 @@ bool Loader::takeDictionary(ObjectSpan& span, AcDbDictionary& dictionary) {
         m_later.push_back({&dictionary, m_head.reactors, m_head.dictionary});
     Tags rest;
     std::vector<std::pair<std::wstring, Adesk::UInt64>> entries;
+    int entryCode = 0;
     for (const Tag& tag : m_head.body) {
         Adesk::UInt64 handle = 0;
         if (tag.code == 3) {
@@ -175,12 +176,16 @@ bool Loader::takeDictionary(ObjectSpan& span, AcDbDictionary& dictionary) {
         } else if ((tag.code == 350 || tag.code == 360) && !entries.empty()) {
             if (!parseHandle(tag.value, handle))
                 return bad(tag.value.data(), "identificador inválido em um dicionário");
+            entryCode = tag.code;
             entries.back().second = handle;
         } else if (tag.code != 100 && tag.code != 330) {
             rest.push_back(tag);
         }
     }
     if (!keepExtra(dictionary, rest)) return false;
+    if (entryCode != 0)
+        ObjectAccess::makeExtra(dictionary)
+            .foreign.push_back({kEntryCode, std::to_string(entryCode)});
     const bool ofPiece = m_inPiece;
     m_inPiece = false;
     for (const auto& [key, handle] : entries) {

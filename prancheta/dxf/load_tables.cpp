@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Section TABLES.
 #include <algorithm>
+#include <cmath>
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
@@ -18,6 +19,14 @@ bool isComplexLinetype(const Tags& body) {
         long long value = 0;
         return tag.code == 74 && parseInteger(tag.value, value) && value != 0;
     });
+}
+
+/// A pattern that another program gives another length than that of its dashes; of newer files,
+/// which can be written as they stand.
+bool hasLengthOfItsOwn(const Tags& body, const Values& linetype) {
+    double sum = 0.0;
+    for (const double dash : linetype.dashes) sum += std::abs(dash);
+    return !body.empty() && body.front().code == 100 && std::abs(sum - linetype.reals[0]) > 1e-9;
 }
 
 }  // namespace
@@ -83,7 +92,7 @@ bool Loader::readTableRecord(const RecordType& type, const Record& record) {
     ObjectAccess::setName(*made, m_values.texts[0]);
     if (!keepExtra(*made, m_rest)) return false;
     if (type.fields[0].name == std::string_view("AcDbLinetypeTableRecord") &&
-        isComplexLinetype(m_head.body)) {
+        (isComplexLinetype(m_head.body) || hasLengthOfItsOwn(m_head.body, m_values))) {
         RawTags& kept = ObjectAccess::makeExtra(*made).foreign;
         kept.clear();
         if (!appendRaw(kept, m_head.extra, charset(), m_fault)) return false;

@@ -13,6 +13,8 @@ namespace prancheta::dxf {
 constexpr int kWholeRecord = -1;
 /// Note among the kept groups: bits of group 70 that the class does not hold.
 constexpr int kOtherFlags = -70;
+/// Code of the group by which the file's dictionary names its entries: 350 or 360.
+constexpr int kEntryCode = -350;
 
 /// What makes one kind of record. Texts 0 is its name.
 struct RecordType {

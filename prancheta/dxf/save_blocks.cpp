@@ -88,7 +88,7 @@ void Saver::writeBlockPart(const char* part, const Block& block, Adesk::UInt64 h
     m_out.handle(5, handle);
     m_out.handle(330, owner);
     m_out.marker("AcDbEntity");
-    if (paper && !has(67)) m_out.integer(67, 1);
+    if (paper && kept.empty()) m_out.integer(67, 1);
     for (const RawTag& tag : kept)
         if (isHeadGroup(tag.code)) m_out.raw(tag.code, tag.value);
     if (!has(8)) m_out.text(8, "0");

@@ -106,7 +106,9 @@ void Saver::writeDictionary(const AcDbDictionary& dictionary) {
     const bool isExtension = !isRoot && owner != nullptr && owner->object != nullptr &&
                              owner->object->isA() != AcDbDictionary::desc();
     const bool hard = isHardOwner(kept, isExtension);
-    const int code = hard ? 360 : 350;
+    int code = hard ? 360 : 350;
+    for (const RawTag& tag : kept)
+        if (tag.code == kEntryCode) code = tag.value == "360" ? 360 : 350;
     const auto keeps = [&](int group) {
         return std::any_of(kept.begin(), kept.end(),
                            [group](const RawTag& tag) { return tag.code == group; });
@@ -116,7 +118,7 @@ void Saver::writeDictionary(const AcDbDictionary& dictionary) {
     if (hard && !keeps(280)) m_out.integer(280, 1);
     if (!keeps(281)) m_out.integer(281, 1);
     for (const RawTag& tag : kept)
-        if (tag.code != 100) m_out.raw(tag.code, tag.value);
+        if (tag.code != 100 && tag.code != kEntryCode) m_out.raw(tag.code, tag.value);
     for (const auto& [key, id] : ObjectAccess::entries(dictionary))
         if (const Adesk::UInt64 handle = m_handles.of(id); handle != 0)
             writeEntry(m_out, encodeText(nameOf(key, id)), code, handle);

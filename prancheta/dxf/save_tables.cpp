@@ -191,7 +191,11 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
     m_out.handle(330, record.ownerId().handle().value());
     m_out.marker("AcDbSymbolTableRecord");
     if (own < foreign.size() && foreign[own].code == kWholeRecord) {
-        m_out.raw(foreign, own);
+        for (std::size_t i = own + 1; i < foreign.size(); ++i)
+            if (foreign[i].code == 2)
+                m_out.meaning(2, ObjectAccess::name(record));
+            else
+                m_out.raw(foreign[i].code, foreign[i].value);
     } else {
         m_values.reset(type.fields);
         m_values.texts[0] = ObjectAccess::name(record);
