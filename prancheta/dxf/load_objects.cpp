@@ -132,6 +132,15 @@ std::unordered_map<Adesk::UInt64, Adesk::UInt64> Loader::ownersByName() const {
     return owners;
 }
 
+/// Of the record read last; the object itself is kept.
+void Loader::takeWipeoutFrame() {
+    for (const Tag& tag : m_record.tags) {
+        long long shown = 0;
+        if (tag.code == 70 && parseInteger(tag.value, shown) && shown == 0)
+            (void)m_core.variables().set(L"WIPEOUTFRAME", VariableValue(short{0}));
+    }
+}
+
 /// Objects that nothing here understands, group by group.
 bool Loader::keepObjects() {
     std::unordered_map<Adesk::UInt64, Adesk::UInt64> owners;
@@ -149,6 +158,7 @@ bool Loader::keepObjects() {
         if (!appendRaw(tags, m_record.tags, charset(), m_fault)) return false;
         const auto own = std::ranges::find(tags, 5, &RawTag::code);
         if (span.repeated && own != tags.end()) own->value = handleText(freshHandle());
+        if (m_record.type == "WIPEOUTVARIABLES") takeWipeoutFrame();
         if (isOld)
             completeObject(tags, owners[span.handle],
                            m_database.namedObjectsDictionaryId().handle().value());

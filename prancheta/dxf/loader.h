@@ -122,6 +122,7 @@ private:
     bool addObject(std::unique_ptr<AcDbObject> made, ObjectSpan& span, AcDbDictionary& owner,
                    AcDbObjectId& id);
     void dropOldLayouts();
+    void takeWipeoutFrame();
     std::unordered_map<Adesk::UInt64, Adesk::UInt64> ownersByName() const;
     bool takeExtensionDictionaries();
     bool holdsFieldsOnly(ObjectSpan& span);

@@ -177,6 +177,8 @@ void Saver::planStandard() {
         m_standard.lineStyles = m_handles.next();
         m_standard.lineStyle = m_handles.next();
     }
+    if (m_core.variables().number(L"WIPEOUTFRAME") == 0 && !rootHas(L"ACAD_WIPEOUT_VARS"))
+        m_standard.wipeouts = m_handles.next();
     if (!rootHas(L"ACAD_PLOTSTYLENAME")) {
         m_standard.plotStyles = m_handles.next();
         m_standard.plotStyle = m_handles.next();

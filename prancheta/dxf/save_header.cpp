@@ -11,10 +11,12 @@ struct ClassRow {
     const char* dxfName;
     const char* className;
 };
+constexpr std::string_view kWipeouts = "WIPEOUTVARIABLES";
 constexpr ClassRow kClasses[] = {{"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
                                  {"ACDBPLACEHOLDER", "AcDbPlaceHolder"},
                                  {"LAYOUT", "AcDbLayout"},
-                                 {"SORTENTSTABLE", "AcDbSortentsTable"}};
+                                 {"SORTENTSTABLE", "AcDbSortentsTable"},
+                                 {"WIPEOUTVARIABLES", "AcDbWipeoutVariables"}};
 
 bool declares(const RawTags& classes, std::string_view dxfName) {
     for (const RawTag& tag : classes)
@@ -86,6 +88,7 @@ void Saver::writeClasses() {
     }
     for (const ClassRow& row : kClasses) {
         if (declares(kept, row.dxfName)) continue;
+        if (row.dxfName == kWipeouts && m_standard.wipeouts == 0) continue;
         m_out.text(0, "CLASS");
         m_out.text(1, row.dxfName);
         m_out.text(2, row.className);

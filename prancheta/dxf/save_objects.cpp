@@ -77,13 +77,21 @@ void Saver::writeObjects() {
     m_out.text(0, "ENDSEC");
 }
 
-/// Without its reactors that the file will not have, and a group of entities without those.
+/// Without its reactors that the file will not have, a group of entities without those, and the
+/// frames of wipeouts as they are shown now.
 void Saver::writeKept(const RawTags& object) {
     const bool isGroup = object.front().value == "GROUP";
+    const bool isFrame = object.front().value == "WIPEOUTVARIABLES";
+    const bool framed = m_core.variables().number(L"WIPEOUTFRAME") != 0;
     bool inBraces = false;
     for (const RawTag& tag : object) {
         std::uint64_t handle = 0;
         if (tag.code == 102) inBraces = tag.value != "}";
+        long long frame = 0;
+        if (isFrame && tag.code == 70 && parseInteger(tag.value, frame) && (frame != 0) != framed) {
+            m_out.integer(70, framed ? 1 : 0);
+            continue;
+        }
         const bool mayGo = tag.code == 330 ? inBraces : tag.code == 340 && isGroup;
         if (!mayGo || !parseHandle(tag.value, handle) || !m_handles.isGone(handle))
             m_out.raw(tag.code, tag.value);
@@ -130,7 +138,8 @@ void Saver::writeDictionary(const AcDbDictionary& dictionary) {
             {"ACAD_GROUP", m_standard.groups},
             {"ACAD_LAYOUT", m_standard.layouts},
             {"ACAD_MLINESTYLE", m_standard.lineStyles},
-            {"ACAD_PLOTSTYLENAME", m_standard.plotStyles}};
+            {"ACAD_PLOTSTYLENAME", m_standard.plotStyles},
+            {"ACAD_WIPEOUT_VARS", m_standard.wipeouts}};
         for (const auto& [key, handle] : made)
             if (handle != 0) writeEntry(m_out, key, code, handle);
     }
@@ -204,6 +213,10 @@ void Saver::writeStandardObjects() {
         m_out.integer(281, 1);
     };
     if (s.groups != 0) dictionary(s.groups);
+    if (s.wipeouts != 0) {
+        beginMade(m_out, "WIPEOUTVARIABLES", s.wipeouts, root, "AcDbWipeoutVariables");
+        m_out.integer(70, 0);
+    }
     if (s.lineStyles != 0) {
         dictionary(s.lineStyles);
         writeEntry(m_out, "Standard", 350, s.lineStyle);

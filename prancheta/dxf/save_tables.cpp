@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Section TABLES.
 #include <algorithm>
+#include <map>
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
@@ -61,7 +62,7 @@ void Saver::writeTables() {
 bool Saver::writeKeptTables(const char* name) {
     for (const auto& [kept, tags] : m_core.foreign().tables) {
         if (kept != name) continue;
-        if (m_view && kept == "VPORT")
+        if (kept == "VPORT")
             writeKeptVports(tags);
         else
             m_out.raw(tags);
@@ -70,8 +71,8 @@ bool Saver::writeKeptTables(const char* name) {
     return false;
 }
 
-/// The view goes into the record of the active viewport. One of several tiles, and one that does
-/// not look straight down on the plan, is left as it was.
+/// The view and the user's system go into the record of the active viewport. One of several tiles,
+/// and one that does not look straight down on the plan, is left as it was.
 void Saver::writeKeptVports(const RawTags& tags) {
     const auto isActive = [](const RawTag& tag) {
         return tag.code == 2 && equalNoCase(toWide(trim(std::string_view(tag.value))), L"*Active");
@@ -87,15 +88,22 @@ void Saver::writeKeptVports(const RawTags& tags) {
     const auto end =
         std::find_if(first, tags.end(), [](const RawTag& tag) { return tag.code == 0; });
     if (std::any_of(first, end, turned)) return m_out.raw(tags);
-    const std::pair<int, double> shown[] = {
-        {12, m_view->x}, {22, m_view->y},      {17, 0.0},
-        {27, 0.0},       {40, m_view->height}, {41, m_view->aspect}};
+    std::map<int, double> shown;
+    if (m_view)
+        shown = {{12, m_view->x}, {22, m_view->y},      {17, 0.0},
+                 {27, 0.0},       {40, m_view->height}, {41, m_view->aspect}};
+    constexpr std::pair<const wchar_t*, int> kSystem[] = {
+        {L"UCSORG", 110}, {L"UCSXDIR", 111}, {L"UCSYDIR", 112}};
+    for (const auto& [name, code] : kSystem) {
+        const AcGePoint3d p = m_core.variables().point(name);
+        shown.insert({{code, p.x}, {code + 10, p.y}, {code + 20, p.z}});
+    }
     for (auto tag = tags.begin(); tag != tags.end(); ++tag) {
-        const auto* const value =
-            std::find_if(std::begin(shown), std::end(shown),
-                         [&](const auto& pair) { return pair.first == tag->code; });
-        const bool ours = tag > first && tag < end && value != std::end(shown);
-        if (ours)
+        const auto value = tag > first && tag < end ? shown.find(tag->code) : shown.end();
+        double before = 0.0;
+        const bool changed =
+            value != shown.end() && (!parseReal(tag->value, before) || before != value->second);
+        if (changed)
             m_out.real(tag->code, value->second);
         else
             m_out.raw(tag->code, tag->value);

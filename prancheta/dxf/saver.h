@@ -32,6 +32,7 @@ struct StandardHandles {
     Adesk::UInt64 paperLayout = 0;
     Adesk::UInt64 lineStyles = 0;
     Adesk::UInt64 lineStyle = 0;
+    Adesk::UInt64 wipeouts = 0;  ///< how frames of wipeouts are shown
     Adesk::UInt64 plotStyles = 0;
     Adesk::UInt64 plotStyle = 0;  ///< of all layers, also one that the drawing brought; 0 none
 };

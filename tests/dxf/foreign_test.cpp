@@ -10,6 +10,7 @@
 #include "prancheta/database/layouts.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/undo.h"
+#include "prancheta/database/user_system.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/picture_entities.h"
@@ -867,4 +868,34 @@ TEST(Foreign, WhatBelongsToErasedObjectsGoesWithThemAndComesBack) {
     EXPECT_EQ(countOf(back, "DICTIONARYVAR"), 0U);
     EXPECT_TRUE(undo.undo() && undo.undo());
     EXPECT_EQ(saved(*database), whole);
+}
+
+TEST(Foreign, VariablesThatStandElsewhereThanInTheHeaderAreSaved) {
+    const auto wipeouts = [](const Groups& all) {
+        return valueOf(record(all, "WIPEOUTVARIABLES"), 70);
+    };
+    const char* vports =
+        "0 SECTION|2 TABLES|0 TABLE|2 VPORT|5 8|330 0|100 AcDbSymbolTable|70 1|0 VPORT|5 94|330 "
+        "8|100 AcDbSymbolTableRecord|100 AcDbViewportTableRecord|2 *Active|70 0|16 0|26 0|36 1|40 "
+        "100|41 1.5|110 0.00|120 0|130 0|111 1|121 0|131 0|112 0|122 1|132 0|0 ENDTAB|0 ENDSEC";
+    const auto database = loadText(fileWith("0 POINT|8 0|10 0|20 0", "AC1015", vports));
+    ASSERT_NE(database, nullptr);
+    Groups all = groupsOf(saved(*database));
+    EXPECT_EQ(countOf(all, "WIPEOUTVARIABLES"), 0U);
+    EXPECT_EQ(valueOf(record(all, "VPORT"), 110), "0.00");
+    SystemVariables& variables = database->core().variables();
+    ASSERT_TRUE(variables.set(L"WIPEOUTFRAME", VariableValue(short{0})).ok());
+    keepUserSystem(variables, AcGeMatrix3d::translation({7, 0, 0}) *
+                                  AcGeMatrix3d::rotation(kPi / 2, AcGeVector3d::kZAxis));
+    const std::string text = saved(*database);
+    all = groupsOf(text);
+    EXPECT_EQ(wipeouts(all), "0");
+    EXPECT_EQ(std::stod(valueOf(record(all, "VPORT"), 110)), 7.0);
+    EXPECT_NEAR(std::stod(valueOf(record(all, "VPORT"), 121)), 1.0, 1e-12);
+    const auto back = loadText(text);
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->core().variables().number(L"WIPEOUTFRAME"), 0);
+    EXPECT_EQ(saved(*back), text);
+    ASSERT_TRUE(back->core().variables().set(L"WIPEOUTFRAME", VariableValue(short{1})).ok());
+    EXPECT_EQ(wipeouts(groupsOf(saved(*back))), "1");
 }
