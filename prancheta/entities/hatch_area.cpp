@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "prancheta/entities/ellipse.h"
+#include "prancheta/entities/spline_curve.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/geometry/bulge.h"
 
@@ -49,12 +49,18 @@ HatchOutline chainOf(const HatchEdge& edge) {
             return chain;
         }
         case HatchEdge::kSpline: {
-            std::vector<AcGePoint3d> control;
-            for (const AcGePoint2d& p : edge.control) control.push_back(inSpace(p));
-            appendSpline(edge.degree, edge.knots, control, edge.weights, points);
-            if (points.empty())
-                for (const AcGePoint2d& p : edge.fit.empty() ? edge.control : edge.fit)
-                    points.push_back(inSpace(p));
+            SplineData spline;
+            spline.degree = edge.degree;
+            spline.knots = edge.knots;
+            if (edge.weights.size() == edge.control.size()) spline.weights = edge.weights;
+            for (const AcGePoint2d& p : edge.control) spline.control.push_back(inSpace(p));
+            for (const AcGePoint2d& p : edge.fit) spline.fit.push_back(inSpace(p));
+            for (std::size_t i = 0; edge.tangents.size() == 2 && i < 2; ++i)
+                spline.tangents[i] = inSpace(edge.tangents[i]).asVector();
+            if (isCurve(spline))
+                points = splinePlaces(spline, By::Chords);
+            else
+                points = spline.fit.empty() ? spline.control : spline.fit;
             break;
         }
     }

@@ -91,6 +91,14 @@ TEST_F(HatchTest, FillsAroundItsHolesAndKnowsItsArea) {
               "0|51 360|73 1|97 0|75 0|76 1|98 0");
     ASSERT_EQ(ellipse->getArea(area), Acad::eOk);
     EXPECT_NEAR(area, kPi * 4.0 * 2.0, 2e-3);
+    // A spline that is a parabola, 5 high over 10: two thirds of the rectangle about it.
+    const auto parabola =
+        hatch(kHead +
+              "2 SOLID|70 1|71 0|91 1|92 1|93 2|72 4|94 2|73 0|74 0|95 6|96 3|40 0|40 0|40 0|40 "
+              "1|40 1|40 1|10 0|20 0|10 5|20 10|10 10|20 0|72 1|10 10|20 0|11 0|21 0|97 0|75 0|76 "
+              "1|98 0");
+    ASSERT_EQ(parabola->getArea(area), Acad::eOk);
+    EXPECT_NEAR(area, 100.0 / 3.0, 2e-3);
 }
 
 TEST_F(HatchTest, StylesLeaveOutTheInnerLoops) {
