@@ -213,3 +213,45 @@ TEST(Corpus, FilesOfAnotherProgramComeBackTagForTag) {
         for (const Accepted& row : rows)
             EXPECT_GT(row.used, 0U) << row.type << " " << row.code << ": " << row.why;
 }
+
+TEST(Corpus, DrawingsOfOtherProgramsAreReadAndSavedWhole) {
+    struct Case {
+        const char* file;
+        std::map<std::string, int> types;  ///< counted in what the drawing was made from
+        AcGePoint3d high;                  ///< upper right corner
+    };
+    const Case cases[] = {
+        // A C of eight sides and a circle of 24.
+        {"perfil.dxf", {{"LINE", 32}}, {130, 200, 0}},
+        // A line, a triangle with a hole, a point, a label and a line in space.
+        {"linhas.dxf",
+         {{"LWPOLYLINE", 1}, {"HATCH", 1}, {"POINT", 1}, {"MTEXT", 1}, {"POLYLINE", 1}},
+         {100, 60, 7}},
+    };
+    for (const Case& c : cases) {
+        dxf::LoadReport report;
+        const auto loaded = dxf::load(
+            std::filesystem::path(HOUSE_SOURCE_DIR) / "tests/dxf/corpus" / c.file, &report);
+        ASSERT_TRUE(loaded.ok()) << c.file << ": " << loaded.error().message();
+        EXPECT_TRUE(report.findings.empty()) << c.file;
+        AcDbExtents box;
+        for (const AcDbEntity* const each : modelSpace(**loaded)) {
+            AcDbExtents own;
+            ASSERT_EQ(each->getGeomExtents(own), Acad::eOk) << c.file;
+            box.addExt(own);
+        }
+        EXPECT_NEAR(box.maxPoint().distanceTo(c.high), 0.0, 0.02) << c.file;
+        const std::string text = saved(**loaded);
+        std::map<std::string, int> types;
+        bool inside = false;
+        const Groups all = groupsOf(text);
+        for (const Group& group : all) {
+            if (group == Group{2, "ENTITIES"} || group == Group{0, "ENDSEC"})
+                inside = group.code == 2;
+            const bool part = group.value == "VERTEX" || group.value == "SEQEND";
+            if (inside && group.code == 0 && !part) ++types[group.value];
+        }
+        EXPECT_EQ(types, c.types) << c.file;
+        EXPECT_EQ(saved(*loadText(text)), text) << c.file;
+    }
+}
