@@ -5,6 +5,7 @@
 #include "prancheta/database/user_system.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
+#include "prancheta/editor/details.h"
 #include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/events.h"
@@ -53,6 +54,7 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     m_displays.clear();
     m_appearances = std::make_unique<AppearanceTable>(*m_database);
     m_hatches = std::make_unique<HatchFollower>(*m_database);
+    m_details = std::make_unique<DetailFollower>();
     DatabaseCore& core = m_database->core();
     if (former) keepSession(former->core().variables(), core.variables());
     core.onEntityAppended = [&core](const AcDbEntity& entity) {
@@ -76,9 +78,12 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     m_file.begin(std::move(fileName));
 }
 
-void Editor::followHatches(Step step) {
-    if (step == Step::Other) return m_hatches->forget();
-    const std::wstring told = m_hatches->follow(display());
+void Editor::followChanges(Step step) {
+    if (step == Step::Other) {
+        m_hatches->forget();
+        return m_details->forget(*this);
+    }
+    const std::wstring told = m_hatches->follow(display()) + m_details->follow(*this);
     if (!told.empty()) print(told);
 }
 
@@ -88,6 +93,7 @@ void Editor::tellOpened() {
     undo.setRecording(false);
     m_modules->broadcast(AcRx::kLoadDwgMsg);
     undo.setRecording(true);
+    m_details->forget(*this);
     m_programs.documentReactors().tell(&AcApDocManagerReactor::documentCreated,
                                        &m_programs.document());
 }

@@ -29,7 +29,7 @@ public:
     ~EditGroup() {
         tell(m_failed ? &AcEditorReactor::commandFailed : &AcEditorReactor::commandEnded);
         m_editor.dimensionTies().settle();
-        m_editor.followHatches(m_failed ? Editor::Step::Other : Editor::Step::Undoable);
+        m_editor.followChanges(m_failed ? Editor::Step::Other : Editor::Step::Undoable);
         if (m_failed) m_undo.rollbackOpenGroup();
         m_undo.end();
     }

@@ -9,6 +9,7 @@
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/command_stack.h"
+#include "prancheta/editor/details.h"
 #include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/events.h"
 #include "prancheta/editor/hatch_follower.h"

@@ -30,6 +30,7 @@ namespace prancheta {
 
 class AppearanceTable;
 class CommandStack;
+class DetailFollower;
 class DimensionTies;
 class DisplayList;
 class HatchFollower;
@@ -85,10 +86,10 @@ public:
     /// none). Refused while a module's command runs.
     Result<void> replaceDrawing(std::unique_ptr<AcDbDatabase> database,
                                 std::filesystem::path fileName);
-    /// Hatches follow what a step of undo changed, inside it; not after a step that was no such
-    /// one.
+    /// Hatches and details follow what a step of undo changed, inside it; not after a step that was
+    /// no such one.
     enum class Step { Undoable, Other };
-    void followHatches(Step step);
+    void followChanges(Step step);
     /// Called after the drawing was replaced.
     std::function<void()> onDrawingReplaced;
 
@@ -135,6 +136,7 @@ private:
     std::unique_ptr<AcDbDatabase> m_database;
     mutable std::unordered_map<AcDbStub*, std::unique_ptr<DisplayList>> m_displays;  ///< by space
     std::unique_ptr<HatchFollower> m_hatches;
+    std::unique_ptr<DetailFollower> m_details;
     std::unique_ptr<AppearanceTable> m_appearances;
     std::unique_ptr<DimensionTies> m_dimensionTies;
     std::unique_ptr<CommandStack> m_commands;

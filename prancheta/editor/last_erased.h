@@ -2,6 +2,7 @@
 // The set that OOPS brings back, through ERASE, OOPS and what undo takes back of them.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -17,6 +18,11 @@ public:
 
     /// An ERASE that ended at `revision` took these.
     void erased(Ids ids, std::uint64_t revision) { m_erased = {std::move(ids), revision}; }
+    /// With one of them these went, which come back with it.
+    void tookAlong(AcDbObjectId one, const Ids& ids) {
+        Ids& all = m_erased.ids;
+        if (std::ranges::find(all, one) != all.end()) all.insert(all.end(), ids.begin(), ids.end());
+    }
     /// Gives the set to an OOPS. Empty after its ERASE was taken back: what is erased of it now,
     /// undo has taken out.
     Ids take(std::uint64_t revision) {

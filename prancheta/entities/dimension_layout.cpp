@@ -121,6 +121,33 @@ void forgetOverrides(AcDbDimension& dimension) {
     ObjectAccess::dropEmptyExtra(dimension);
 }
 
+void setLengthFactor(AcDbDimension& dimension, double factor) {
+    constexpr const char* kCode = "144";
+    dimension.assertWriteEnabled();
+    RawTags before;
+    RawTags inside;  // pairs of a code and a value
+    RawTags behind;
+    enum { Before, Named, Inside, Behind } where = Before;
+    if (const ObjectExtra* const extra = ObjectAccess::extra(dimension))
+        for (const RawTagView& tag : extra->xdata) {
+            if (where == Before && tag.code == 1000 && tag.value == "DSTYLE") {
+                where = Named;
+            } else if (where == Named || (where == Inside && tag.code == 1002)) {
+                where = where == Named ? Inside : Behind;
+            } else {
+                RawTags& part = where == Inside ? inside : where == Before ? before : behind;
+                part.push_back({tag.code, std::string(tag.value)});
+            }
+        }
+    if (where == Before) before.push_back({1001, "ACAD"});
+    before.insert(before.end(), {{1000, "DSTYLE"}, {1002, "{"}});
+    for (std::size_t i = 0; i + 1 < inside.size(); i += 2)
+        if (trim(inside[i].value) != kCode) before.insert(before.end(), {inside[i], inside[i + 1]});
+    before.insert(before.end(), {{1070, kCode}, {1040, numberText(factor)}, {1002, "}"}});
+    before.insert(before.end(), behind.begin(), behind.end());
+    ObjectAccess::makeExtra(dimension).xdata = before;
+}
+
 DimensionSizes::DimensionSizes(const AcDbDimStyleValues& style)
     : arrow((style.dimtsz > 0.0 ? style.dimtsz : style.dimasz) * style.dimscale),
       extensionOffset(style.dimexo * style.dimscale),

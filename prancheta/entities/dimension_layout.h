@@ -19,6 +19,9 @@ AcDbDimStyleValues styleValues(const AcDbEntity& entity, AcDbObjectId style, dou
 
 /// Takes what the dimension, open for write, says against its style out of its extended data.
 void forgetOverrides(AcDbDimension& dimension);
+/// DIMLFAC of the dimension alone: what it measures is multiplied by it. Open for write, or in no
+/// drawing.
+void setLengthFactor(AcDbDimension& dimension, double factor);
 
 /// Sizes of a style in drawing units, already multiplied by its scale.
 struct DimensionSizes {

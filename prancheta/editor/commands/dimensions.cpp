@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "prancheta/base/text.h"
-#include "prancheta/database/object_access.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
@@ -70,11 +69,7 @@ void measureThrough(const CommandContext& context, AcDbDimension& dimension) {
     const Box2d inside = frameOf(*viewport).grown(-kOnFrame);
     if (!inside.contains(points[0].x, points[0].y) || !inside.contains(points[1].x, points[1].y))
         return;
-    const double factor = viewport->viewHeight() / viewport->height();
-    constexpr const char* kLengthFactor = "144";  // DIMLFAC
-    ObjectAccess::makeExtra(dimension).xdata =
-        RawTags{{1001, "ACAD"},        {1000, "DSTYLE"},           {1002, "{"},
-                {1070, kLengthFactor}, {1040, numberText(factor)}, {1002, "}"}};
+    setLengthFactor(dimension, viewport->viewHeight() / viewport->height());
 }
 
 }  // namespace

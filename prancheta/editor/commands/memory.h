@@ -47,6 +47,7 @@ struct Memory {
     unsigned int matched = ~0u;              ///< bits of what COPIARPROP copies
     std::vector<LayerState> layersIsolated;  ///< as they were before LAYISO; empty: nothing to undo
     std::vector<LayerState> layersBefore;    ///< as they were before layers were last picked
+    double detailScale = 5.0;                ///< drawing units per mm of paper
     bool copyOnce = false;
     AcGeVector3d displacement;
     PlotSettings plot;             ///< the area is asked for anew

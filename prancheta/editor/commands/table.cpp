@@ -128,6 +128,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"SAVEAS",      L"SALVARCOMO",   kSession, commands::saveas},
     {L"LAYOUT",      L"LAYOUT",       kModal,   commands::layout},
     {L"FOLHA",       L"FOLHA",        kModal,   commands::folha},
+    {L"DETALHE",     L"DETALHE",      kModal,   commands::detalhe},
     {L"MVIEW",       L"MVIEW",        kModal,   commands::mview},
     {L"VPLAYER",     L"VPLAYER",      kModal,   commands::vplayer},
     {L"MSPACE",      L"MSPACE",       ACRX_CMD_NO_UNDO_MARKER, commands::mspace},

@@ -38,6 +38,7 @@ CommandTask copyclip(CommandContext context);
 CommandTask cutclip(CommandContext context);
 CommandTask ddedit(CommandContext context);
 CommandTask delay(CommandContext context);
+CommandTask detalhe(CommandContext context);
 CommandTask dimaligned(CommandContext context);
 CommandTask dimangular(CommandContext context);
 CommandTask dimbaseline(CommandContext context);

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+// What a detail shows in the model.
+#include "prancheta/editor/detail_copy.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_set>
+
+#include "dbdim.h"
+#include "dblead.h"
+#include "dbmtext.h"
+#include "prancheta/curves/region.h"
+#include "prancheta/database/database_core.h"
+#include "prancheta/database/object_access.h"
+#include "prancheta/display/display_list.h"
+#include "prancheta/editor/editor.h"
+#include "prancheta/entities/dimension_layout.h"
+#include "prancheta/entities/picture_clip.h"
+#include "prancheta/entities/picture_entities.h"
+#include "prancheta/entities/weld_symbol.h"
+#include "protocol/attach.h"
+#include "protocol/length.h"
+#include "protocol/scale.h"
+
+namespace prancheta {
+
+namespace {
+
+struct Frame {
+    const Curve& border;
+    AcGeMatrix3d toCopy;
+    double factor;
+
+    bool has(const AcGePoint3d& p) const { return insideOddly({&border, 1}, {p.x, p.y}); }
+    bool hasAll(std::span<const AcGePoint3d> points) const {
+        return std::ranges::all_of(points, [&](const AcGePoint3d& p) { return has(p); });
+    }
+};
+
+AcGePoint3d middleOf(const Box2d& box) {
+    return {(box.left + box.right) / 2.0, (box.bottom + box.top) / 2.0, 0.0};
+}
+
+/// What is read, not built: it has the size that the drawing's scale gives it. A module's mark
+/// follows that scale and has no axis.
+bool isAnnotation(const AcDbEntity& entity) {
+    for (const AcRxClass* kind : {AcDbText::desc(), AcDbMText::desc(), WeldSymbol::desc()})
+        if (entity.isKindOf(kind)) return true;
+    return protocol::extensionOf<protocol::ScaleFollower>(entity, protocol::kScaleFollowerClass) !=
+               nullptr &&
+           protocol::extensionOf<protocol::EntityLength>(entity, protocol::kEntityLengthClass) ==
+               nullptr;
+}
+
+/// Texts stand by their insertion point, marks and symbols by their tip.
+AcGePoint3d anchorOf(const AcDbEntity& entity, const Picture& picture) {
+    AcGePoint3dArray grips;
+    AcDbIntArray modes;
+    AcDbIntArray ids;
+    if (entity.getGripPoints(grips, modes, ids) == Acad::eOk && !grips.isEmpty()) return grips[0];
+    return picture.extents().minPoint();
+}
+
+void take(const Picture& picture, NewEntities& out) {
+    AcDbVoidPtrArray made;
+    appendEntities(picture, made);
+    for (void* const each : made) out.emplace_back(static_cast<AcDbEntity*>(each));
+}
+
+std::unique_ptr<AcDbEntity> scaledCopy(const AcDbEntity& entity, const Frame& frame) {
+    AcDbEntity* copy = nullptr;
+    if (entity.getTransformedCopy(frame.toCopy, copy) != Acad::eOk) return nullptr;
+    return std::unique_ptr<AcDbEntity>(copy);
+}
+
+/// What only holds for the original: to what it is tied, and what modules know of it.
+void forgetTies(AcDbDimension& copy) {
+    RawTags kept;
+    bool style = false;
+    if (const ObjectExtra* const extra = ObjectAccess::extra(copy))
+        for (const RawTagView& tag : extra->xdata) {
+            if (tag.code == 1001) style = tag.value == "ACAD";
+            if (style) kept.push_back({tag.code, std::string(tag.value)});
+        }
+    ObjectExtra only;
+    only.xdata = kept;
+    ObjectAccess::makeExtra(copy) = std::move(only);
+}
+
+void addDimension(const AcDbDimension& dimension, const Frame& frame, NewEntities& out) {
+    if (!frame.hasAll(dimension.definitionPoints())) return;
+    std::unique_ptr<AcDbEntity> made = scaledCopy(dimension, frame);
+    if (made == nullptr) return;
+    auto& copy = static_cast<AcDbDimension&>(*made);
+    const AcDbDimStyleValues style = styleValues(dimension);
+    (void)copy.setDimscale(style.dimscale);  // not resident, and above 0
+    forgetTies(copy);
+    const double factor = style.dimlfac != 0.0 ? std::abs(style.dimlfac) : 1.0;
+    if (!copy.isAngular()) setLengthFactor(copy, factor / frame.factor);
+    out.push_back(std::move(made));
+}
+
+void addEntity(const AcDbEntity& entity, const Picture& picture, const Frame& frame,
+               NewEntities& out) {
+    if (const auto* const dimension = AcDbDimension::cast(&entity))
+        return addDimension(*dimension, frame, out);
+    if (const auto* const leader = AcDbLeader::cast(&entity)) {
+        for (int i = 0; i < leader->numVertices(); ++i)
+            if (!frame.has(leader->vertexAt(i))) return;
+        if (const std::unique_ptr<AcDbEntity> copy = scaledCopy(entity, frame))
+            take(pictureOf(*copy), out);
+        return;
+    }
+    Picture inside = insideOf(picture, frame.border);
+    if (!isAnnotation(entity)) {
+        inside.transform(frame.toCopy);
+    } else {
+        if (inside.size() != picture.size()) return;
+        const AcGePoint3d anchor = anchorOf(entity, picture);
+        inside.transform(AcGeMatrix3d::translation(frame.toCopy * anchor - anchor));
+    }
+    take(inside, out);
+}
+
+}  // namespace
+
+NewEntities detailCopy(Editor& editor, const Curve& border, double factor) {
+    AcDbDatabase& database = editor.database();
+    const AcGePoint3d middle = middleOf(border.box());
+    const Frame frame{border,
+                      AcGeMatrix3d::scaling(factor) * AcGeMatrix3d::translation(-middle.asVector()),
+                      factor};
+    std::unordered_set<AcDbStub*> ofDetails;
+    for (const Detail& detail : detailsOf(database))
+        for (const AcDbObjectId id : {detail.outline, detail.mark, detail.block})
+            ofDetails.insert(id);
+    NewEntities copies;
+    DisplayList& model = editor.displayOf(database.core().modelSpaceId());
+    for (const DisplayList::Item& item : model.find(border.box())) {
+        const AcDbObjectPointer<AcDbEntity> entity(item.id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk || ofDetails.contains(item.id)) continue;
+        const auto* const insertion = AcDbBlockReference::cast(entity.object());
+        if (insertion != nullptr && ofDetails.contains(insertion->blockTableRecord())) continue;
+        addEntity(*entity.object(), model.picture(item.id), frame, copies);
+    }
+    return copies;
+}
+
+}  // namespace prancheta
