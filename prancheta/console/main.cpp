@@ -104,8 +104,9 @@ Result<std::vector<PlotSettings>> wantedPages(const AcDbDatabase& database,
         return pages;
     }
     const Tab tab = tabNamed(database, toWide(layout));
-    if (tab.block.isNull() || tab.block == database.core().modelSpaceId())
-        return Error{"o desenho não tem o layout " + layout};
+    if (tab.block == database.core().modelSpaceId())
+        return Error{"o modelo não é um layout; sem --layout ele é plotado inteiro"};
+    if (tab.block.isNull()) return Error{"o desenho não tem o layout " + layout};
     pages.push_back(sheetPlot(tab));
     return pages;
 }

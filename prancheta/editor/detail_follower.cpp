@@ -30,14 +30,10 @@ bool stands(AcDbObjectId id) { return id.isResident() && !id.isErased(); }
 
 /// When the detail was inserted more than once, another insertion stands in for an erased one.
 void findHead(AcDbDatabase& database, Detail& detail) {
-    for (const AcDbObjectId id : database.core().modelSpace()) {
-        const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForRead);
-        if (insertion.openStatus() != Acad::eOk || insertion->blockTableRecord() != detail.block)
-            continue;
-        detail.head = id;
-        (void)keepDetail(database, detail);  // its record is there
-        return;
-    }
+    const AcDbObjectId other = insertionOf(database, detail.block);
+    if (other.isNull()) return;
+    detail.head = other;
+    (void)keepDetail(database, detail);  // its record is there
 }
 
 void eraseParts(Editor& editor, const Detail& detail) {

@@ -13,6 +13,8 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/value_list.h"
+#include "prancheta/display/display_list.h"
+#include "prancheta/editor/editor.h"
 #include "prancheta/editor/paper_scale.h"
 #include "prancheta/entities/plane_curve.h"
 
@@ -145,6 +147,46 @@ Detail detailShownBy(const AcDbDatabase& database, AcDbObjectId entity) {
             if (detail.*part.id == entity) return detail;
     }
     return {};
+}
+
+AcDbObjectId insertionOf(const AcDbDatabase& database, AcDbObjectId block, AcDbObjectId but) {
+    for (const AcDbObjectId id : database.core().modelSpace()) {
+        const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForRead);
+        if (id != but && insertion.openStatus() == Acad::eOk &&
+            insertion->blockTableRecord() == block)
+            return id;
+    }
+    return {};
+}
+
+void releaseDetail(AcDbDatabase& database, AcDbObjectId insertion) {
+    Detail detail = detailShownBy(database, insertion);
+    if (detail.head != insertion || detail.onSheet() ||
+        !insertionOf(database, detail.block, insertion).isNull())
+        return;
+    detail.state = Detail::State::Parts;
+    (void)keepDetail(database, detail);  // its record is there
+}
+
+double lengthFactorBetween(Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b) {
+    AcDbDatabase& database = editor.database();
+    for (const Detail& detail : detailsOf(database)) {
+        if (detail.onSheet() || !(detail.drawnFor > 0.0)) continue;
+        const double factor = detail.drawnFor / detail.scale;
+        const double x = detail.region.width() * factor / 2.0;
+        const double y = detail.region.height() * factor / 2.0;
+        const Box2d area = Box2d{-x, -y, x, y}.grown(1e-6 * std::max(x, y));
+        for (const DisplayList::Item& item : editor.display().find({a.x, a.y, a.x, a.y})) {
+            const AcDbObjectPointer<AcDbBlockReference> shown(item.id, AcDb::kForRead);
+            if (shown.openStatus() != Acad::eOk || shown->blockTableRecord() != detail.block)
+                continue;
+            const AcGeMatrix3d inside = shown->blockTransform().inverse();
+            const AcGePoint3d p = inside * a;
+            const AcGePoint3d q = inside * b;
+            if (area.contains(p.x, p.y) && area.contains(q.x, q.y)) return inside.scale() / factor;
+        }
+    }
+    return 0.0;
 }
 
 bool isLetterInUse(const AcDbDatabase& database, const std::wstring& letter) {

@@ -50,6 +50,14 @@ bool keepDetail(AcDbDatabase& database, const Detail& detail);
 /// Of an entity that belongs to one: its parts, and insertions of its block. A letter without a
 /// head for none.
 Detail detailShownBy(const AcDbDatabase& database, AcDbObjectId entity);
+/// The first insertion of a block in the model but this one; null for none. O(entities).
+AcDbObjectId insertionOf(const AcDbDatabase& database, AcDbObjectId block, AcDbObjectId but = {});
+/// The insertion becomes what its block holds: its detail, unless it stands elsewhere, too, follows
+/// no more, and keeps mark and letter. Before the insertion goes.
+void releaseDetail(AcDbDatabase& database, AcDbObjectId insertion);
+/// What lengths between two points are multiplied by to be those of the model: above 0 when both
+/// lie in one copy of a detail, else 0. O(details).
+double lengthFactorBetween(Editor& editor, const AcGePoint3d& a, const AcGePoint3d& b);
 /// A detail of this letter stands. Case does not matter.
 bool isLetterInUse(const AcDbDatabase& database, const std::wstring& letter);
 /// A, B, ... Z, AA, AB, ...: the first one that is free.

@@ -180,7 +180,12 @@ void Spaces::tabsChanged() {
 void Spaces::settle() {
     if (isGone(m_viewport)) leave();
     if (isGone(m_lastSheet)) m_lastSheet.setNull();
-    if (!isGone(m_tab)) return;
+    if (!isGone(m_tab)) {
+        // Undo gives a tab its former name.
+        const std::wstring name = tabOf(m_editor.database(), tab()).name;
+        if (m_editor.database().core().variables().text(L"CTAB") != name) tabsChanged();
+        return;
+    }
     m_tab.setNull();
     m_editor.screen().begin(m_views[m_editor.database().core().modelSpaceId()]);
     placeChanged();

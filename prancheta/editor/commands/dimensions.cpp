@@ -8,6 +8,7 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/display/display_list.h"
+#include "prancheta/editor/details.h"
 #include "prancheta/editor/dimension_ties.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/dimension_layout.h"
@@ -57,19 +58,27 @@ std::wstring withSteps(const CommandContext& context, const std::wstring& text,
     return text;
 }
 
-/// On a sheet, what lies in a viewport is told in the units of the model.
-void measureThrough(const CommandContext& context, AcDbDimension& dimension) {
+/// Units of the model for one where both points lie: in a viewport of a sheet, in the copy of a
+/// detail; 0 elsewhere.
+double modelLength(const CommandContext& context, const AcGePoint3d& a, const AcGePoint3d& b) {
     const Spaces& spaces = context.editor().spaces();
-    if (!spaces.drawsOnPaper() || dimension.isAngular()) return;
-    const auto points = dimension.definitionPoints();
-    const AcDbViewport* const viewport = viewportOf(spaces.viewportAt(points[0]));
-    if (viewport == nullptr) return;
+    if (!spaces.onSheet()) return lengthFactorBetween(context.editor(), a, b);
+    const AcDbViewport* const viewport =
+        spaces.drawsOnPaper() ? viewportOf(spaces.viewportAt(a)) : nullptr;
+    if (viewport == nullptr) return 0.0;
     // The frame itself is the sheet's.
     constexpr double kOnFrame = 1e-6;
     const Box2d inside = frameOf(*viewport).grown(-kOnFrame);
-    if (!inside.contains(points[0].x, points[0].y) || !inside.contains(points[1].x, points[1].y))
-        return;
-    setLengthFactor(dimension, viewport->viewHeight() / viewport->height());
+    if (!inside.contains(a.x, a.y) || !inside.contains(b.x, b.y)) return 0.0;
+    return 1.0 / viewport->customScale();
+}
+
+/// What is drawn at a scale of its own is told in the units of the model.
+void measureThrough(const CommandContext& context, AcDbDimension& dimension) {
+    if (dimension.isAngular()) return;
+    const auto points = dimension.definitionPoints();
+    const double factor = modelLength(context, points[0], points[1]);
+    if (factor > 0.0) setLengthFactor(dimension, factor);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "prancheta/database/deep_clone.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/details.h"
 #include "prancheta/entities/block_content.h"
 
 namespace prancheta::commands {
@@ -51,6 +52,7 @@ bool explodeOne(const CommandContext& context, AcDbObjectId id) {
         copies[original] = partId;
     }
     translateReferences(copies);
+    releaseDetail(context.database(), id);
     return entity->erase() == Acad::eOk;
 }
 

@@ -55,28 +55,52 @@ CommandTask addNew(CommandContext context) {
     co_return CommandEnd::Done;
 }
 
+/// A sheet and the name that it, or its copy, is to have.
+struct Named {
+    CommandEnd end = CommandEnd::Cancelled;
+    Tab tab;
+    std::wstring name;
+};
+
+struct NameQuestions {
+    const wchar_t* which;
+    const wchar_t* name;
+    const char* notTheModel;
+    bool offersFree;
+};
+
+/// `end` is Done when both are there; what was refused has been told.
+Task<Named> askNamed(CommandContext context, NameQuestions questions) {
+    Named named;
+    named.tab = co_await askTab(context, questions.which, usualTab(context));
+    if (named.tab.block.isNull()) co_return named;
+    if (named.tab.block == context.database().core().modelSpaceId()) {
+        named.end = refused(context, Error{questions.notTheModel});
+        co_return named;
+    }
+    std::wstring usual;
+    if (questions.offersFree) usual = freeTabName(context.database());
+    named.name = co_await askTabName(context, questions.name, usual);
+    if (!named.name.empty()) named.end = CommandEnd::Done;
+    co_return named;
+}
+
 CommandTask copyOne(CommandContext context) {
-    const Tab from = co_await askTab(context, L"\nLayout a copiar", usualTab(context));
-    if (from.block.isNull()) co_return CommandEnd::Cancelled;
-    if (from.block == context.database().core().modelSpaceId())
-        co_return refused(context, Error{"O modelo não pode ser copiado."});
-    const std::wstring name =
-        co_await askTabName(context, L"\nNome da cópia", freeTabName(context.database()));
-    if (name.empty()) co_return CommandEnd::Cancelled;
-    const Result<Tab> made = copyTab(context.database(), from, name);
+    const Named copy = co_await askNamed(context, {L"\nLayout a copiar", L"\nNome da cópia",
+                                                   "O modelo não pode ser copiado.", true});
+    if (copy.end != CommandEnd::Done) co_return copy.end;
+    const Result<Tab> made = copyTab(context.database(), copy.tab, copy.name);
     if (!made) co_return refused(context, made.error());
-    say(context, L"Layout " + name + L" copiado de " + from.name + L".");
+    say(context, L"Layout " + copy.name + L" copiado de " + copy.tab.name + L".");
     co_return CommandEnd::Done;
 }
 
 CommandTask renameOne(CommandContext context) {
-    const Tab tab = co_await askTab(context, L"\nLayout a renomear", usualTab(context));
-    if (tab.block.isNull()) co_return CommandEnd::Cancelled;
-    if (tab.block == context.database().core().modelSpaceId())
-        co_return refused(context, Error{"O modelo não muda de nome."});
-    const std::wstring name = co_await askTabName(context, L"\nNovo nome do layout", {});
-    if (name.empty()) co_return CommandEnd::Cancelled;
-    const Result<void> done = renameTab(context.database(), tab, name);
+    const Named asked = co_await askNamed(
+        context,
+        {L"\nLayout a renomear", L"\nNovo nome do layout", "O modelo não muda de nome.", false});
+    if (asked.end != CommandEnd::Done) co_return asked.end;
+    const Result<void> done = renameTab(context.database(), asked.tab, asked.name);
     if (!done) co_return refused(context, done.error());
     context.editor().spaces().tabsChanged();
     co_return CommandEnd::Done;

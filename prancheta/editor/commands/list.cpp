@@ -5,7 +5,10 @@
 #include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/details.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/paper_scale.h"
+#include "prancheta/entities/listing.h"
 #include "prancheta/geometry/angles.h"
 
 namespace prancheta::commands {
@@ -17,6 +20,9 @@ CommandTask list(CommandContext context) {
         AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (entity.openStatus() != Acad::eOk) continue;
         entity->list();
+        const Detail detail = detailShownBy(context.database(), id);
+        if (!detail.letter.empty())
+            listText(L"detalhe", detail.letter + L", escala " + paperScaleText(detail.scale));
         say(context, L"");
     }
     co_return CommandEnd::Done;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // MVIEW: viewports of a sheet.
+#include "prancheta/editor/commands/sheet_command.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/commands/viewports.h"
 #include "prancheta/editor/editor.h"
-#include "prancheta/editor/paper_scale.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta::commands {
 
@@ -40,20 +41,15 @@ CommandTask lockThem(CommandContext context) {
 
 /// Also of a locked viewport: what is locked is zooming.
 CommandTask scaleThem(CommandContext context) {
-    std::optional<double> scale;
-    while (!scale) {
-        const InputValue answer = co_await context.ask(
-            Prompt(InputKind::Text, L"\nEscala (1:10, 2:1 ou fator): ").required().wholeLine());
-        if (answer.status != RTNORM) co_return CommandEnd::Cancelled;
-        if (const auto typed = readPaperScale(answer.text)) scale = typed->paper / typed->drawing;
-        if (!scale)
-            context.editor().complain(L"Requer uma escala como 1:10 ou um fator maior que zero.",
-                                      Complaint::Refused);
-    }
+    const AcDbViewport* const usual = viewportOf(context.editor().spaces().usualViewport());
+    const InputValue scale = co_await askSheetScale(
+        context, usual != nullptr ? 1.0 / usual->customScale() : kUsualScale);
+    if (scale.status == RTCAN) co_return CommandEnd::Cancelled;
     const Selection chosen = co_await selectViewports(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    changeViewports(context, chosen.ids,
-                    [by = *scale](AcDbViewport& viewport) { (void)viewport.setCustomScale(by); });
+    changeViewports(context, chosen.ids, [by = 1.0 / scale.number](AcDbViewport& viewport) {
+        (void)viewport.setCustomScale(by);
+    });
     co_return CommandEnd::Done;
 }
 
