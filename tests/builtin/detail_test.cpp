@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// DETALHE: live copies of a region, and their windows on sheets.
+#include "prancheta/database/object_access.h"
+#include "prancheta/editor/details.h"
+#include "prancheta/entities/dimension_layout.h"
+#include "prancheta/entities/viewports.h"
+#include "script_ui.h"
+
+using namespace builtin;
+using prancheta::Detail;
+
+namespace {
+
+/// The drawing is 1:20, so at 1:5 a detail is four times as large.
+class Details : public Builtin {
+protected:
+    Details() {
+        type({L"escaladesenho", L"20", L"_line", L"-500,10", L"500,10", L"", L"_circle", L"0,0",
+              L"20"});
+    }
+    void draw(std::initializer_list<const wchar_t*> more = {L"5", L"", L"2000,0"}) {
+        type({L"detalhe", L"-100,-50", L"100,50"});
+        type(more);
+    }
+    std::vector<Detail> details() const { return prancheta::detailsOf(editor->database()); }
+    std::vector<AcDbObjectId> content(const Detail& detail) const {
+        const Read<AcDbBlockTableRecord> block(detail.block);
+        std::vector<AcDbObjectId> ids = prancheta::ObjectAccess::entities(*block.object());
+        std::erase_if(ids, [](AcDbObjectId id) { return id.isErased(); });
+        return ids;
+    }
+    template <class T>
+    std::vector<AcDbObjectId> content(const Detail& detail) const {
+        std::vector<AcDbObjectId> ids = content(detail);
+        std::erase_if(ids, [](AcDbObjectId id) { return id.objectClass() != T::desc(); });
+        return ids;
+    }
+    bool erased(const Detail& detail) const {
+        return detail.head.isErased() && detail.outline.isErased() && detail.mark.isErased();
+    }
+};
+
+TEST_F(Details, ShowTheRegionAtTheirScaleAndFollowIt) {
+    draw();
+    ASSERT_EQ(details().size(), 1u);
+    const Detail first = details()[0];
+    EXPECT_EQ(first.letter, L"A");
+    // The line ends at the border: 100 to each side, 10 above the middle, by four.
+    ASSERT_EQ(content<AcDbLine>(first).size(), 1u);
+    expectLine(content<AcDbLine>(first)[0], -400, 40, 400, 40);
+    ASSERT_EQ(content<AcDbCircle>(first).size(), 1u);
+    EXPECT_DOUBLE_EQ(Read<AcDbCircle>(content<AcDbCircle>(first)[0])->radius(), 80.0);
+    ASSERT_EQ(content<AcDbText>(first).size(), 1u);
+    const Read<AcDbText> label(content<AcDbText>(first)[0]);
+    EXPECT_STREQ(label->textStringConst(), L"DETALHE A - ESC. 1:5");
+    EXPECT_DOUBLE_EQ(label->height(), 3.5 * 20.0);
+
+    type({L"_move", L"_last", L"", L"0,0", L"1,0"});  // the detail itself: nothing in it changes
+    expectLine(content<AcDbLine>(details()[0])[0], -400, 40, 400, 40);
+    type({L"_change_nothing", L"^C", L"_move", L"-500,10", L"", L"0,0", L"0,10"});
+    expectLine(content<AcDbLine>(details()[0])[0], -400, 80, 400, 80);
+    type({L"u"});
+    expectLine(content<AcDbLine>(details()[0])[0], -400, 40, 400, 40);
+    // Far away: the copy is not made anew.
+    const AcDbObjectId kept = content<AcDbLine>(details()[0])[0];
+    type({L"_line", L"0,900", L"10,900", L""});
+    EXPECT_FALSE(kept.isErased());
+    // Another scale of the drawing, 1:10: twice as large, the label half.
+    type({L"escaladesenho", L"10", L"_n"});
+    expectLine(content<AcDbLine>(details()[0])[0], -200, 20, 200, 20);
+    EXPECT_DOUBLE_EQ(Read<AcDbText>(content<AcDbText>(details()[0])[0])->height(), 35.0);
+}
+
+TEST_F(Details, MeasureTheModel) {
+    type({L"_dimlinear", L"-20,0", L"20,0", L"0,-30"});
+    draw();
+    const std::vector<AcDbObjectId> copies = content<AcDbRotatedDimension>(details()[0]);
+    ASSERT_EQ(copies.size(), 1u);
+    const Read<AcDbRotatedDimension> copy(copies[0]);
+    EXPECT_DOUBLE_EQ(copy->measurement(), 160.0);
+    EXPECT_EQ(copy->shownText(), L"40");
+    EXPECT_DOUBLE_EQ(copy->dimscale(), 20.0);
+    // Drawn on the copy, and across its border.
+    type({L"_dimlinear", L"1600,40", L"2400,40", L"2000,100"});
+    EXPECT_EQ(Read<AcDbRotatedDimension>(last())->shownText(), L"200");
+    type({L"_dimlinear", L"1500,40", L"2400,40", L"2000,100"});
+    EXPECT_EQ(Read<AcDbRotatedDimension>(last())->shownText(), L"900");
+}
+
+TEST_F(Details, GoWithTheirMarkAndComeBack) {
+    draw();
+    const Detail first = details()[0];
+    type({L"_erase", L"2000,200", L""});
+    EXPECT_TRUE(erased(first));
+    EXPECT_EQ(prancheta::freeLetter(editor->database()), L"A");
+    type({L"oops"});
+    EXPECT_FALSE(first.head.isErased() || first.outline.isErased() || first.mark.isErased());
+    type({L"_copy", L"2000,200", L"", L"0,0", L"0,2000", L"", L"_erase", L"2000,200", L""});
+    EXPECT_TRUE(first.head.isErased());
+    EXPECT_FALSE(first.outline.isErased()) << "the other insertion shows it still";
+    type({L"u", L"u"});
+    // Without its outline it stays as it is.
+    type({L"_erase", L"-100,-50", L"", L"_move", L"-500,10", L"", L"0,0", L"0,10"});
+    EXPECT_TRUE(said(L"A marca do detalhe A foi apagada"));
+    expectLine(content<AcDbLine>(details()[0])[0], -400, 40, 400, 40);
+    type({L"u", L"u", L"_explode", L"2000,200", L""});
+    EXPECT_TRUE(first.head.isErased());
+    EXPECT_FALSE(first.outline.isErased());
+    EXPECT_EQ(prancheta::freeLetter(editor->database()), L"B");
+}
+
+TEST_F(Details, RefuseWhatCannotBe) {
+    type({L"detalhe", L"1000,1000", L"1100,1100"});
+    EXPECT_TRUE(said(L"Nada na região."));
+    type({L"-100,-50", L"-100,50"});
+    EXPECT_TRUE(said(L"A região precisa de largura e altura."));
+    type({L"-100,-50", L"100,50", L"0"});
+    EXPECT_TRUE(said(L"Requer uma escala"));
+    type({L"1:5", L"", L"2000,0"});
+    draw({L"5", L"a"});
+    EXPECT_TRUE(said(L"Já há o detalhe A."));
+    type({L"", L"4000,0"});
+    EXPECT_EQ(details().back().letter, L"B");
+    // A detail is not seen in another one.
+    type({L"detalhe", L"1500,-300", L"2500,300"});
+    EXPECT_EQ(ui.complaints.back(), L"Nada na região.");
+    type({L"^C"});
+    EXPECT_EQ(details().size(), 2u);
+}
+
+TEST_F(Details, AreWindowsOnSheets) {
+    type({L"_layout", L"_set", L"Layout1", L"_mview", L"0,0",     L"200,100", L"_mview",
+          L"_scale",  L"20",   L"_last",   L"",       L"_mspace", L"_zoom",   L"_c",
+          L"0,0",     L"2000", L"_zoom",   L"0.05xp", L"detalhe", L"_circle", L"0,0",
+          L"50",      L"1:2",  L"",        L"250,50"});
+    ASSERT_EQ(details().size(), 1u);
+    const Detail first = details()[0];
+    const AcDbViewport* const window = prancheta::viewportOf(first.head);
+    ASSERT_NE(window, nullptr);
+    EXPECT_NEAR(window->customScale(), 0.5, 1e-12);
+    EXPECT_NEAR(window->width(), 50.0, 1e-9);  // 100 of the model at 1:2
+    expectPoint(window->centerPoint(), 250, 50);
+    EXPECT_EQ(window->nonRectClipEntityId(), first.border);
+    EXPECT_DOUBLE_EQ(Read<AcDbCircle>(first.border)->radius(), 25.0);
+    const auto label = [&] { return std::wstring(Read<AcDbText>(first.label)->textStringConst()); };
+    EXPECT_EQ(label(), L"DETALHE A - ESC. 1:2");
+    type({L"_mview", L"_scale", L"1:4", L"275,50", L""});
+    EXPECT_EQ(label(), L"DETALHE A - ESC. 1:4");
+    EXPECT_NEAR(window->width(), 25.0, 1e-9);
+    EXPECT_DOUBLE_EQ(Read<AcDbCircle>(first.border)->radius(), 12.5);
+    type({L"_erase", L"262.5,50", L""});
+    EXPECT_TRUE(first.label.isErased() && first.outline.isErased() && first.border.isErased());
+}
+
+}  // namespace
