@@ -6,7 +6,7 @@ raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 # Debian packages needed to build; the last ones only make it faster, are asked of by tests that check the saved
 # drawings with another program, or make the Debian package.
 pacotes_essenciais=(g++ cmake ninja-build nlohmann-json3-dev libvalijson-dev libcli11-dev libgtest-dev libxlsxwriter-dev
-                    coinor-libcbc-dev qt6-base-dev qt6-svg-dev fonts-dejavu-core)
+                    coinor-libcbc-dev qt6-base-dev qt6-svg-dev libqpdf-dev fonts-dejavu-core)
 pacotes_uteis=(ccache python3-ezdxf poppler-utils qt6-translations-l10n file dpkg-dev)
 
 faltando() {

@@ -3,6 +3,7 @@
 #include "prancheta/editor/plotter.h"
 
 #include <algorithm>
+#include <ctime>
 
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
@@ -43,6 +44,15 @@ const Paper* findPaper(std::wstring_view name) {
     return found != papers().end() ? &*found : nullptr;
 }
 
+Result<void> Plotter::plot(Editor& editor, std::span<const PlotSettings> sheets, PlotFormat format,
+                           const std::filesystem::path& file) {
+    const Result<std::unique_ptr<PlotJob>> job = begin(format, file);
+    if (!job) return job.error();
+    for (const PlotSettings& sheet : sheets)
+        if (Result<void> added = (*job)->add(editor, sheet); !added) return added;
+    return (*job)->finish();
+}
+
 Result<Plotter*> plotter() {
     // The libraries of the host lie side by side.
     const auto here = reinterpret_cast<const void*>(&plotFormatOf);
@@ -66,6 +76,21 @@ std::optional<PlotFormat> plotFormatOf(const std::filesystem::path& file) {
     if (ending == L".svg") return PlotFormat::Svg;
     if (ending == L".png") return PlotFormat::Png;
     return {};
+}
+
+std::wstring sheetDate() {
+    std::tm day = {};
+    double epoch = 0.0;
+    constexpr double kLast = 253402300799.0;  // of the year 9999
+    if (parseNumber(environment("SOURCE_DATE_EPOCH"), epoch) && epoch >= 0.0 && epoch <= kLast) {
+        const auto moment = static_cast<std::time_t>(epoch);
+        day = *std::gmtime(&moment);
+    } else {
+        const std::time_t now = std::time(nullptr);
+        day = *std::localtime(&now);
+    }
+    wchar_t text[32];
+    return {text, std::wcsftime(text, std::size(text), L"%d/%m/%Y", &day)};
 }
 
 PlotSettings sheetPlot(const Tab& tab) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -44,24 +45,43 @@ struct PlotSettings {
     double margin = 10.0;  ///< mm on each side that is not drawn on
     bool monochrome = false;
     bool lineWeights = true;
+    bool layers = true;     ///< PDF and SVG: what lies on each can be shown and hidden by itself
+    bool footer = false;    ///< file, date and scale in the lower margin
     int dotsPerInch = 300;  ///< PNG
 };
 
+/// The day that sheets are dated with, dd/mm/aaaa: of SOURCE_DATE_EPOCH (in UTC) where that is set,
+/// so that a script makes the same bytes.
+std::wstring sheetDate();
 /// A sheet at 1:1 on its own paper, nothing left free.
 PlotSettings sheetPlot(const Tab& tab);
 /// Sheets that hold something, in tab order.
 std::vector<Tab> drawnSheets(const AcDbDatabase& database);
 
+/// One file that is being plotted; nothing of it is on disk before finish().
+class PlotJob {
+public:
+    virtual ~PlotJob() = default;
+    /// A sheet behind those that were added; only PDF takes several. They may be of several
+    /// drawings, one after the other in the same editor.
+    virtual Result<void> add(Editor& editor, const PlotSettings& sheet) = 0;
+    /// Replaces the file atomically.
+    virtual Result<void> finish() = 0;
+};
+
 /// Implemented by the plot library, which alone knows a graphics toolkit.
 class Plotter {
 public:
     virtual ~Plotter() = default;
-    /// Replaces the file atomically. Each page has its own settings; only PDF takes several.
-    virtual Result<void> plot(Editor& editor, std::span<const PlotSettings> pages,
-                              PlotFormat format, const std::filesystem::path& file) = 0;
-    Result<void> plot(Editor& editor, const PlotSettings& page, PlotFormat format,
+    /// An error when the file cannot be written.
+    virtual Result<std::unique_ptr<PlotJob>> begin(PlotFormat format,
+                                                   const std::filesystem::path& file) = 0;
+    /// All in one, of one drawing.
+    Result<void> plot(Editor& editor, std::span<const PlotSettings> sheets, PlotFormat format,
+                      const std::filesystem::path& file);
+    Result<void> plot(Editor& editor, const PlotSettings& sheet, PlotFormat format,
                       const std::filesystem::path& file) {
-        return plot(editor, std::span(&page, 1), format, file);
+        return plot(editor, std::span(&sheet, 1), format, file);
     }
 };
 

@@ -11,6 +11,7 @@
 #include "prancheta/graphics/text_metrics.h"
 #include "prancheta/plot/flatten.h"
 #include "prancheta/plot/lettering.h"
+#include "prancheta/plot/marks.h"
 #include "prancheta/plot/pens.h"
 
 namespace prancheta {
@@ -20,6 +21,13 @@ constexpr double kDeviation = 0.1;
 constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 /// Paths longer than this are drawn in pieces: strokers keep the whole of one in memory.
 constexpr int kLongPath = 20000;
+
+/// By what is drawn: its pen, and its layer where layers are told apart.
+struct Look {
+    std::size_t pen = kNone;
+    std::size_t layer = 0;
+    bool operator==(const Look&) const = default;
+};
 
 /// Distance of underlines below and overlines above the letters, over their height.
 constexpr double kUnder = 0.2;
@@ -42,12 +50,12 @@ struct PicturePainter::Impl {
     QRectF visible;
 
     /// What is gathered, all of it drawn by one pen: within one colour the order does not show.
-    std::size_t look = kNone;
+    Look look;
     QPainterPath strokes;
     QPainterPath triangles;
     std::vector<QPolygonF> polygons;
     std::vector<PlacedText> texts;
-    std::vector<std::size_t> looks;  ///< of the picture's traits
+    std::vector<Look> looks;  ///< of the picture's traits
 
     Impl(QPainter& p, AppearanceTable& table, const Settings& s)
         : painter(p),
@@ -208,22 +216,28 @@ struct PicturePainter::Impl {
     }
 
     void add(const Picture& picture) {
-        if (look == kNone) findVisible();
+        if (look.pen == kNone) findVisible();
         looks.clear();
-        for (const PictureTraits& traits : picture.allTraits())
-            looks.push_back(traits.marker == kCoverMarker ? pens.ofGround()
-                                                          : pens.of(appearances.of(traits)));
+        for (const PictureTraits& traits : picture.allTraits()) looks.push_back(lookOf(traits));
         for (const PrimitiveView primitive : picture) {
-            const std::size_t wanted = looks[primitive.traitsIndex()];
+            const Look wanted = looks[primitive.traitsIndex()];
             if (wanted != look || strokes.elementCount() > kLongPath) draw();
             look = wanted;
             addPrimitive(primitive);
         }
     }
 
+    Look lookOf(const PictureTraits& traits) {
+        const Appearance& appearance = appearances.of(traits);
+        return {traits.marker == kCoverMarker ? pens.ofGround() : pens.of(appearance),
+                settings.layers != nullptr ? settings.layers->numberOf(appearance.layer) : 0};
+    }
+
     void draw() {
-        if (look != kNone) drawWith(pens.at(look));
-        look = kNone;
+        if (look.pen == kNone) return;
+        if (settings.layers != nullptr) settings.layers->begin(painter, look.layer);
+        drawWith(pens.at(look.pen));
+        look = {};
     }
 
     /// Fills first: then strokes and texts share the pen.
@@ -275,7 +289,10 @@ void PicturePainter::paint(const Picture& picture) {
 
 void PicturePainter::add(const Picture& picture) { m_impl->add(picture); }
 
-void PicturePainter::flush() { m_impl->draw(); }
+void PicturePainter::flush() {
+    m_impl->draw();
+    if (m_impl->settings.layers != nullptr) m_impl->settings.layers->end(m_impl->painter);
+}
 
 void PicturePainter::paintPlain(const Picture& picture, const QPen& pen) {
     flush();

@@ -11,6 +11,7 @@
 
 namespace prancheta {
 
+class LayerMarks;
 class PenTable;
 
 /// Works in the painter's coordinates as they are at each call, here called the device's pixels.
@@ -24,6 +25,7 @@ public:
         bool darkGround = false;            ///< colour 7 is white
         QColor ground = Qt::white;          ///< of areas that hide what lies under them
         bool monochrome = false;
+        LayerMarks* layers = nullptr;    ///< of a file that has layers: told where each begins
         const PenTable* pens = nullptr;  ///< of paper; null: everything as it is; outlives the work
         bool lineWeights = true;         ///< false: everything `leastLineWidth` wide
         /// Pixels; thinner lines are drawn so wide.
@@ -45,7 +47,7 @@ public:
     /// Draws at once.
     void paint(const Picture& picture);
     /// The same, but what looks alike is gathered over many pictures until something looks
-    /// different; flush() draws the rest. Drawing order is kept.
+    /// different; flush() draws the rest and ends the layer. Drawing order is kept.
     void add(const Picture& picture);
     void flush();
     /// One colour and width for everything, for highlights, grips and previews.

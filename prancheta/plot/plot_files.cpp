@@ -5,82 +5,31 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QLibraryInfo>
-#include <QPageLayout>
-#include <QPdfWriter>
 #include <QSvgGenerator>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
+#include <optional>
 #include <string>
-#include <vector>
 
 #include "prancheta/base/file.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/plotter.h"
-#include "prancheta/plot/finish.h"
+#include "prancheta/plot/pdf_sheets.h"
 #include "prancheta/plot/pen_table.h"
 #include "prancheta/plot/sheet.h"
+#include "prancheta/plot/svg_file.h"
 
 namespace prancheta {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
-constexpr double kPointsPerMillimetre = 72.0 / kMillimetresPerInch;
-/// Files of numbers: 0.002 mm, to which points are rounded.
-constexpr int kVectorDots = 12700;
-constexpr double kVectorPerMillimetre = kVectorDots / kMillimetresPerInch;
-
-std::string titleOf(const Editor& editor) {
-    return editor.file().name().empty() ? "Desenho" : editor.file().name().stem().string();
-}
-
-Error paintError() {
-    return {
-        "não foi possível desenhar a folha; tente uma folha menor ou menos pontos por polegada"};
-}
-
-/// Where the sheet lies on a page of whole points, from whose top the writer counts; finishPdf()
-/// makes the page exact.
-QRectF placeOnPage(const QPdfWriter& writer, const SheetLayout& layout) {
-    const double whole = writer.pageLayout().fullRectPoints().height();
-    return {0.0, (whole - layout.height * kPointsPerMillimetre) / 72.0 * kVectorDots,
-            layout.width * kVectorPerMillimetre, layout.height * kVectorPerMillimetre};
-}
-
-Result<std::string> makePdf(Editor& editor, std::span<const PlotSettings> pages) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    std::vector<QSizeF> sizes;
-    {
-        QPdfWriter writer(&buffer);
-        writer.setTitle(QString::fromStdString(titleOf(editor)));
-        writer.setCreator(QStringLiteral("Prancheta"));
-        writer.setResolution(kVectorDots);
-        QPainter painter;
-        for (const PlotSettings& settings : pages) {
-            const SheetLayout layout = layoutSheet(editor, settings);
-            const QSizeF size(layout.width, layout.height);
-            sizes.push_back(size * kPointsPerMillimetre);
-            const QPageSize page(size, QPageSize::Millimeter, {}, QPageSize::ExactMatch);
-            writer.setPageLayout(QPageLayout(page, QPageLayout::Portrait, QMarginsF()));
-            if (!(painter.isActive() ? writer.newPage() : painter.begin(&writer)))
-                return paintError();
-            paintSheet(painter, placeOnPage(writer, layout), editor, settings);
-        }
-        if (!painter.end()) return paintError();
-    }
-    std::string bytes = buffer.data().toStdString();
-    finishPdf(bytes, sizes);
-    return bytes;
-}
-
-Result<std::string> makeSvg(Editor& editor, std::span<const PlotSettings> pages) {
-    const PlotSettings& settings = pages.front();
+Result<std::string> makeSvg(Editor& editor, const PlotSettings& settings) {
     const SheetLayout layout = layoutSheet(editor, settings);
     const QRectF sheet(0.0, 0.0, layout.width * kVectorPerMillimetre,
                        layout.height * kVectorPerMillimetre);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
+    LayerMarks layers;
     {
         QSvgGenerator writer;
         writer.setOutputDevice(&buffer);
@@ -90,19 +39,18 @@ Result<std::string> makeSvg(Editor& editor, std::span<const PlotSettings> pages)
         writer.setViewBox(sheet);
         QPainter painter;
         if (!painter.begin(&writer)) return paintError();
-        paintSheet(painter, sheet, editor, settings);
+        paintSheet(painter, sheet, editor, settings, settings.layers ? &layers : nullptr);
         if (!painter.end()) return paintError();
     }
     std::string bytes = buffer.data().toStdString();
     finishSvg(
         bytes,
         QTransform::fromScale(kVectorPerMillimetre, kVectorPerMillimetre).mapRect(layout.clip),
-        titleOf(editor));
+        titleOf(editor), layers.names());
     return bytes;
 }
 
-Result<std::string> makePng(Editor& editor, std::span<const PlotSettings> pages) {
-    const PlotSettings& settings = pages.front();
+Result<std::string> makePng(Editor& editor, const PlotSettings& settings) {
     const SheetLayout layout = layoutSheet(editor, settings);
     const double perMillimetre = settings.dotsPerInch / kMillimetresPerInch;
     const QSizeF sheet(layout.width * perMillimetre, layout.height * perMillimetre);
@@ -122,10 +70,6 @@ Result<std::string> makePng(Editor& editor, std::span<const PlotSettings> pages)
     if (!image.save(&buffer, "PNG")) return paintError();
     return buffer.data().toStdString();
 }
-
-/// Row of a format in PlotFormat's order.
-constexpr Result<std::string> (*kMakers[])(Editor&, std::span<const PlotSettings>) = {
-    makePdf, makeSvg, makePng};
 
 Result<void> check(const PlotSettings& settings) {
     const double least = std::min(settings.paper.width, settings.paper.height);
@@ -174,23 +118,55 @@ private:
     int m_count = 3;
 };
 
+class FileJob : public PlotJob {
+public:
+    FileJob(PlotFormat format, const std::filesystem::path& file)
+        : m_format(format), m_target(file) {}
+
+    Result<void> open() { return m_target.open(); }
+
+    Result<void> add(Editor& editor, const PlotSettings& settings) override {
+        if (Result<void> checked = check(settings); !checked) return checked;
+        if (m_format == PlotFormat::Pdf) {
+            if (!m_pdf) m_pdf.emplace(titleOf(editor));
+            return m_pdf->add(editor, settings);
+        }
+        if (!m_picture.empty()) return Error{"só um PDF tem várias folhas"};
+        Result<std::string> made =
+            m_format == PlotFormat::Svg ? makeSvg(editor, settings) : makePng(editor, settings);
+        if (!made) return made.error();
+        m_picture = std::move(*made);
+        return {};
+    }
+
+    Result<void> finish() override {
+        if (m_pdf) {
+            Result<std::string> made = m_pdf->finish();
+            if (!made) return made.error();
+            m_picture = std::move(*made);
+        }
+        if (m_picture.empty()) return Error{"não há folha a plotar"};
+        m_target.write(m_picture);
+        return m_target.commit();
+    }
+
+private:
+    PlotFormat m_format;
+    AtomicFile m_target;
+    std::optional<PdfSheets> m_pdf;
+    std::string m_picture;
+};
+
 class FilePlotter : public Plotter {
 public:
-    using Plotter::plot;
-    Result<void> plot(Editor& editor, std::span<const PlotSettings> pages, PlotFormat format,
-                      const std::filesystem::path& file) override {
-        for (const PlotSettings& page : pages)
-            if (Result<void> checked = check(page); !checked) return checked;
+    Result<std::unique_ptr<PlotJob>> begin(PlotFormat format,
+                                           const std::filesystem::path& file) override {
         if (!usualPens()) return usualPens().error();
-        if (pages.empty()) return Error{"não há folha a plotar"};
+        auto job = std::make_unique<FileJob>(format, file);
         // A file that cannot be written is told before the work is done.
-        AtomicFile target(file);
-        if (Result<void> opened = target.open(); !opened) return opened;
-        if (Result<void> started = m_toolkit.start(); !started) return started;
-        const Result<std::string> bytes = kMakers[static_cast<int>(format)](editor, pages);
-        if (!bytes) return bytes.error();
-        target.write(*bytes);
-        return target.commit();
+        if (Result<void> opened = job->open(); !opened) return opened.error();
+        if (Result<void> started = m_toolkit.start(); !started) return started.error();
+        return std::unique_ptr<PlotJob>(std::move(job));
     }
 
 private:

@@ -7,12 +7,15 @@
 #include <unordered_map>
 
 #include "dbsymtb.h"
+#include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/display/visible_part.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/paper_scale.h"
 #include "prancheta/entities/viewports.h"
+#include "prancheta/plot/lettering.h"
 #include "prancheta/plot/painter.h"
 #include "prancheta/plot/pen_table.h"
 #include "prancheta/plot/through.h"
@@ -94,6 +97,29 @@ PicturePainter::Settings painterSettings(const SheetLayout& layout, const QRectF
     return out;
 }
 
+constexpr double kFooterHeight = 2.0;  ///< mm, of capitals
+constexpr double kFooterEdge = 3.0;  ///< mm from the paper's lower edge, when the margin is narrow
+
+/// "chapas.dxf   22/11/2026   1:10", in the middle of the lower margin.
+void paintFooter(QPainter& painter, const QRectF& target, const Editor& editor,
+                 const SheetLayout& layout, double margin) {
+    const std::filesystem::path file = editor.file().name().filename();
+    const std::wstring text = (file.empty() ? L"Desenho" : toWide(file.string())) + L"   " +
+                              sheetDate() + L"   " + paperScaleText(1.0 / layout.scale);
+    const double perMillimetre = target.width() / layout.width;
+    const LetteringFont font;
+    const double size = kFooterHeight * perMillimetre / font.capHeight();
+    const double edge = std::max(margin / 2.0 - kFooterHeight / 2.0, kFooterEdge);
+    painter.save();
+    painter.translate(target.left() + std::max(margin, 2.0 * kFooterEdge) * perMillimetre,
+                      target.bottom() - edge * perMillimetre);
+    painter.scale(size, size);
+    painter.setFont(font.font());
+    painter.setPen(Qt::black);
+    painter.drawText(QPointF(), QString::fromStdWString(text));
+    painter.restore();
+}
+
 DisplayList& displayOf(Editor& editor, const PlotSettings& settings) {
     return settings.space.isNull() ? editor.display() : editor.displayOf(settings.space);
 }
@@ -130,10 +156,10 @@ SheetLayout layoutSheet(Editor& editor, const PlotSettings& settings) {
 }
 
 void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
-                const PlotSettings& settings) {
+                const PlotSettings& settings, LayerMarks* layers) {
     const SheetLayout layout = layoutSheet(editor, settings);
-    const PicturePainter::Settings how =
-        painterSettings(layout, target, settings, isVector(painter));
+    PicturePainter::Settings how = painterSettings(layout, target, settings, isVector(painter));
+    how.layers = layers;
     const double perMillimetre = how.devicePerMillimetre;
     painter.save();
     painter.setClipRect(QTransform::fromScale(perMillimetre, perMillimetre)
@@ -166,6 +192,7 @@ void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
     }
     pictures.flush();
     painter.restore();
+    if (settings.footer) paintFooter(painter, target, editor, layout, settings.margin);
 }
 
 }  // namespace prancheta

@@ -7,6 +7,7 @@
 #include <QTransform>
 
 #include "prancheta/editor/plotter.h"
+#include "prancheta/plot/marks.h"
 
 namespace prancheta {
 
@@ -26,8 +27,9 @@ SheetLayout layoutSheet(Editor& editor, const PlotSettings& settings);
 
 /// Draws the sheet's content, paper not included, so that the sheet fills `target`, which should
 /// have its proportions. PDF, SVG, PNG and preview are all made by this; only line ends and
-/// smoothing are the device's. The painter comes back as it was.
+/// smoothing are the device's. The painter comes back as it was. `layers` is told where what lies
+/// on each layer begins and ends.
 void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
-                const PlotSettings& settings);
+                const PlotSettings& settings, LayerMarks* layers = nullptr);
 
 }  // namespace prancheta

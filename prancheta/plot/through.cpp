@@ -8,6 +8,7 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/display/visible_part.h"
 #include "prancheta/entities/viewports.h"
+#include "prancheta/plot/marks.h"
 
 namespace prancheta {
 namespace {
@@ -39,30 +40,26 @@ public:
         painter.save();
         const QPaintEngine* const engine = painter.paintEngine();
         m_marked = engine != nullptr && engine->type() == QPaintEngine::SVG;
-        if (!m_marked) painter.setClipRect(frame, Qt::IntersectClip);
-        QPainterPath inside;
-        inside.addPolygon(outline);
-        if (!m_marked && !outline.isEmpty()) painter.setClipPath(inside, Qt::IntersectClip);
+        if (!m_marked) {
+            painter.setClipRect(frame, Qt::IntersectClip);
+            if (outline.isEmpty()) return;
+            QPainterPath inside;
+            inside.addPolygon(outline);
+            painter.setClipPath(inside, Qt::IntersectClip);
+            return;
+        }
         const QRect whole = frame.toRect();
-        QPolygonF points{{kFrameMark, 0},
-                         {double(whole.x()), double(whole.y())},
-                         {double(whole.width()), double(whole.height())}};
-        mark(points << outline);
+        drawMark(painter, Mark::FrameBegin, whole.topLeft(), QPointF(whole.width(), whole.height()),
+                 outline);
     }
     ~Frame() {
-        mark({{kFrameMark, 1}, {0, 0}});
+        if (m_marked) drawMark(m_painter, Mark::FrameEnd);
         m_painter.restore();
     }
     Frame(const Frame&) = delete;
     Frame& operator=(const Frame&) = delete;
 
 private:
-    /// A pen that nothing else has: the writer begins a new group before and behind it.
-    void mark(const QPolygonF& points) {
-        if (!m_marked) return;
-        m_painter.setPen(QPen(QColor(1, 2, 3), 7.0));
-        m_painter.drawPolyline(points);
-    }
     QPainter& m_painter;
     bool m_marked = false;
 };

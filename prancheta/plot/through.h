@@ -31,9 +31,4 @@ struct ThroughViewport {
 void paintThrough(QPainter& painter, Editor& editor, const AcDbViewport& viewport,
                   const ThroughViewport& how);
 
-/// Coordinates that nobody draws at begin a line in SVG files that stands for a frame: its second
-/// and third points are corner and size, the others an outline; with a second coordinate of 1 the
-/// end of a frame.
-inline constexpr int kFrameMark = -123456;
-
 }  // namespace prancheta

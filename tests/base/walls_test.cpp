@@ -101,6 +101,7 @@ const std::vector<std::pair<std::string, std::set<std::string>>> kLibraries = {
     {"Cbc", {"zp/cutting"}},
     {"Clp", {"zp/cutting"}},
     {"Osi", {"zp/cutting"}},
+    {"qpdf/", {"prancheta/plot"}},
     {"Q",
      {"prancheta/plot", "prancheta/desktop/canvas", "prancheta/desktop/dialogs",
       "prancheta/desktop/panels", "prancheta/desktop/shell"}},

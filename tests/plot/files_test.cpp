@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 // PDF, SVG and PNG files: sizes, places, texts, what is left out, what a failure leaves behind.
 #include <QXmlStreamReader>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFOutlineDocumentHelper.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFWriter.hh>
 
 #include "tests/plot/fixture.h"
 
@@ -13,8 +17,25 @@ class Files : public Plotted {
 protected:
     std::string pageOf(const fs::path& pdf) const {
         const std::string text = bytes(pdf);
-        const std::size_t at = text.find("/MediaBox [");
-        return at == text.npos ? "" : text.substr(at + 11, text.find(']', at) - at - 11);
+        const std::size_t at = text.find("/MediaBox [ ");
+        return at == text.npos ? "" : text.substr(at + 12, text.find(" ]", at) - at - 12);
+    }
+    /// The sheet of trueToSize() as readers show it with one layer switched off.
+    QImage without(const fs::path& pdf, const std::string& layer) {
+        QPDF file;
+        file.processFile(pdf.c_str());
+        QPDFObjectHandle content = file.getRoot().getKey("/OCProperties");
+        for (QPDFObjectHandle& group : content.getKey("/OCGs").aitems())
+            if (group.getKey("/Name").getUTF8Value() == layer)
+                content.getKey("/D").getKey("/OFF").appendItem(group);
+        QPDFWriter(file, (folder / "sem.pdf").c_str()).write();
+        const fs::path shown = folder / "sem";
+        (void)output("pdftoppm", "-r 254 -gray -singlefile '" + (folder / "sem.pdf").string() +
+                                     "' '" + shown.string() + "'");
+        return QImage(QString::fromStdString(shown.string() + ".pgm"));
+    }
+    void lineOn(const wchar_t* layer, const wchar_t* from, const wchar_t* to) {
+        type({L"_-layer", L"_m", layer, L"", L"_line", from, to, L""});
     }
 };
 
@@ -73,21 +94,91 @@ TEST_F(Files, PdfPlacesAreTrueToAHundredthOfAMillimetre) {
     }
 }
 
-TEST_F(Files, PdfTableOfObjectsIsRight) {
-    type({L"_line", L"0,0", L"100,20", L"", L"_text", L"0,0", L"5", L"0", L"Chapa", L""});
-    const std::string pdf = bytes(plot({}, "folha.pdf"));
-    const std::size_t start = pdf.rfind("startxref\n");
-    ASSERT_NE(start, pdf.npos);
-    const std::size_t table = std::stoul(pdf.substr(start + 10));
-    ASSERT_EQ(pdf.substr(table, 7), "xref\n0 ");
-    const std::size_t count = std::stoul(pdf.substr(table + 7));
-    const std::size_t first = pdf.find('\n', table + 5) + 1;
-    ASSERT_GT(count, 5U);
-    for (std::size_t i = 1; i < count; ++i) {
-        const std::size_t offset = std::stoul(pdf.substr(first + i * 20, 10));
-        const std::string head = std::to_string(i) + " 0 obj";
-        EXPECT_EQ(pdf.substr(offset, head.size()), head);
+TEST_F(Files, LayersAreSwitchedInPdfAndAreGroupsInSvg) {
+    lineOn(L"Corte", L"20,50", L"60,50");
+    lineOn(L"Eixos & furos", L"20,90", L"60,90");
+    lineOn(L"Corte", L"20,130", L"60,130");
+    type({L"_text", L"100,50", L"10", L"0", L"Chapa", L"", L"_-layer", L"_s", L"0", L""});
+    const fs::path pdf = plot(trueToSize(), "folha.pdf");
+    struct Case {
+        const char* off;
+        bool cut, axes;
+    };
+    for (const Case& each :
+         {Case{"", true, true}, Case{"Corte", false, true}, Case{"Eixos & furos", true, false}}) {
+        const QImage image = without(pdf, each.off);
+        if (image.isNull()) GTEST_SKIP() << "pdftoppm não está instalado";
+        EXPECT_EQ(inkAt(image, 40, 50), each.cut) << each.off;
+        EXPECT_EQ(inkAt(image, 40, 130), each.cut) << each.off;
+        EXPECT_EQ(!inkWithin(image, {100, 50, 130, 60}).empty(), each.cut) << each.off;
+        EXPECT_EQ(inkAt(image, 40, 90), each.axes) << each.off;
     }
+    PlotSettings plain = trueToSize();
+    plain.layers = false;
+    EXPECT_EQ(bytes(plot(plain, "simples.pdf")).find("/OCG"), std::string::npos);
+    const auto groupsOf = [&] {
+        QXmlStreamReader xml(QByteArray::fromStdString(bytes(plot(trueToSize(), "folha.svg"))));
+        std::string out;
+        while (!xml.atEnd())
+            if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"g" &&
+                xml.attributes().hasAttribute("inkscape:label"))
+                out += xml.attributes().value("inkscape:label").toString().toStdString() + ";";
+        EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+        return out;
+    };
+    EXPECT_EQ(groupsOf(), "Corte;Eixos & furos;");
+    // What is filled keeps its place between the others.
+    lineOn(L"Corte", L"70,50", L"70,90");
+    lineOn(L"Corte", L"70,90", L"90,90");
+    type({L"_-layer", L"_m", L"Hachura", L"", L"_rectang", L"150,50", L"170,70"});
+    type({L"_hatch", L"_p", L"_p", L"SOLID", L"160,60", L""});
+    lineOn(L"Corte", L"150,50", L"170,70");
+    EXPECT_EQ(groupsOf(), "Corte;Eixos & furos;Hachura;Corte;");
+}
+
+/// Two drawings, and a layout of one of them, as pages of one file.
+TEST_F(Files, SheetsOfSeveralDrawingsAreOneFileWithBookmarks) {
+    const auto job = (*prancheta::plotter())->begin(PlotFormat::Pdf, folder / "jogo.pdf");
+    ASSERT_TRUE(job.ok());
+    for (const char* name : {"um.dxf", "dois.dxf"}) {
+        ASSERT_TRUE(editor->file().makeNew().ok());
+        lineOn(L"Corte", L"20,50", L"60,50");
+        ASSERT_TRUE(editor->file().save(folder / name).ok());
+        ASSERT_TRUE((*job)->add(*editor, trueToSize()).ok());
+    }
+    ASSERT_TRUE((*job)
+                    ->add(*editor,
+                          prancheta::sheetPlot(prancheta::tabNamed(editor->database(), L"Layout1")))
+                    .ok());
+    ASSERT_TRUE((*job)->finish().ok());
+    QPDF file;
+    file.processFile((folder / "jogo.pdf").c_str());
+    EXPECT_EQ(QPDFPageDocumentHelper(file).getAllPages().size(), 3U);
+    std::string marks;
+    for (auto& mark : QPDFOutlineDocumentHelper(file).getTopLevelOutlines())
+        marks += mark.getTitle() + ";";
+    EXPECT_EQ(marks, "um - Modelo;dois - Modelo;dois - Layout1;");
+    EXPECT_EQ(file.getRoot().getKey("/OCProperties").getKey("/OCGs").getArrayNItems(), 1);
+}
+
+TEST_F(Files, TheFooterStandsInTheMargin) {
+    lineOn(L"0", L"0,0", L"10,10");
+    ASSERT_TRUE(editor->file().save(folder / "chapas.dxf").ok());
+    PlotSettings settings = trueToSize();
+    settings.footer = true;
+    settings.scale = 0.1;
+    ::setenv("SOURCE_DATE_EPOCH", "86400", 1);
+    const fs::path pdf = plot(settings, "folha.pdf");
+    const QImage image = picture(settings);
+    ::unsetenv("SOURCE_DATE_EPOCH");
+    // Capitals of 2 mm in the middle of a margin of 10.
+    const Box2d ink = inkWithin(image, {-9, -9, 150, -1});
+    EXPECT_NEAR(ink.left, 0.0, 0.5);
+    EXPECT_NEAR(ink.top, -4.0, 0.6);
+    const auto text = output("pdftotext", "'" + pdf.string() + "' -");
+    if (!text) GTEST_SKIP() << "pdftotext não está instalado";
+    for (const char* part : {"chapas.dxf", "02/01/1970", "1:10"})
+        EXPECT_NE(text->find(part), text->npos) << *text;
 }
 
 TEST_F(Files, TextsAreFound) {

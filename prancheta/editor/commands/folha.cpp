@@ -11,6 +11,7 @@
 #include "prancheta/editor/commands/viewports.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/paper_scale.h"
+#include "prancheta/editor/plotter.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/viewports.h"
 #include "protocol/report.h"

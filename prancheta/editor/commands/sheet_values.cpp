@@ -4,13 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ctime>
 
-#include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/sheets.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/paper_scale.h"
+#include "prancheta/editor/plotter.h"
 #include "prancheta/entities/viewports.h"
 #include "protocol/report.h"
 
@@ -59,21 +58,6 @@ std::wstring scaleText(AcDbObjectId sheet) {
 }
 
 }  // namespace
-
-std::wstring sheetDate() {
-    std::tm day = {};
-    double epoch = 0.0;
-    constexpr double kLast = 253402300799.0;  // of the year 9999
-    if (parseNumber(environment("SOURCE_DATE_EPOCH"), epoch) && epoch >= 0.0 && epoch <= kLast) {
-        const auto moment = static_cast<std::time_t>(epoch);
-        day = *std::gmtime(&moment);
-    } else {
-        const std::time_t now = std::time(nullptr);
-        day = *std::localtime(&now);
-    }
-    wchar_t text[32];
-    return {text, std::wcsftime(text, std::size(text), L"%d/%m/%Y", &day)};
-}
 
 std::vector<SheetValue> filledValues(const CommandContext& context, const Tab& sheet,
                                      SheetNumber number) {

@@ -21,9 +21,6 @@ struct SheetNumber {
     std::size_t count;
 };
 
-/// dd/mm/aaaa: of SOURCE_DATE_EPOCH (in UTC) where that is set, so that a script makes the same
-/// bytes.
-std::wstring sheetDate();
 /// Scale, number, weight of the material lists, file and date.
 std::vector<SheetValue> filledValues(const CommandContext& context, const Tab& sheet,
                                      SheetNumber number);
