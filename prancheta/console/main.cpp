@@ -15,15 +15,14 @@
 #include "prancheta/console/event_log.h"
 #include "prancheta/console/options.h"
 #include "prancheta/console/pieces_job.h"
+#include "prancheta/console/plot_job.h"
 #include "prancheta/console/script.h"
 #include "prancheta/console/state.h"
 #include "prancheta/console/verify_file.h"
-#include "prancheta/database/database_core.h"
 #include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/host.h"
 #include "prancheta/editor/installation.h"
 #include "prancheta/editor/modules.h"
-#include "prancheta/editor/plotter.h"
 
 namespace prancheta::console {
 namespace {
@@ -89,61 +88,6 @@ bool prepare(Host& host, const Options& options, Outcome& outcome) {
     return outcome.check(opened, kFileError);
 }
 
-/// What --layout asks for; without it the extents of the model, fitted to an A4 sheet.
-Result<std::vector<PlotSettings>> wantedPages(const AcDbDatabase& database,
-                                              const std::string& layout) {
-    std::vector<PlotSettings> pages;
-    if (layout.empty()) {
-        pages.emplace_back();
-        pages.front().space = database.core().modelSpaceId();
-        return pages;
-    }
-    if (layout == "todos") {
-        for (const Tab& tab : drawnSheets(database)) pages.push_back(sheetPlot(tab));
-        if (pages.empty()) return Error{"nenhum layout do desenho tem alguma coisa a plotar"};
-        return pages;
-    }
-    const Tab tab = tabNamed(database, toWide(layout));
-    if (tab.block == database.core().modelSpaceId())
-        return Error{"o modelo não é um layout; sem --layout ele é plotado inteiro"};
-    if (tab.block.isNull()) return Error{"o desenho não tem o layout " + layout};
-    pages.push_back(sheetPlot(tab));
-    return pages;
-}
-
-/// Of several pages each has its own file where the format has no pages: "folha-Layout2.svg".
-std::filesystem::path fileOfPage(std::filesystem::path file, const PlotSettings& page) {
-    const std::filesystem::path ending = file.extension();
-    file.replace_extension();
-    file += pathFromUtf8("-" + toUtf8(page.paper.name));
-    return file += ending;
-}
-
-/// The plot library is loaded only when it is needed.
-void plot(Host& host, const Options& options, Outcome& outcome) {
-    const bool wanted = std::any_of(options.plots.begin(), options.plots.end(),
-                                    [](const std::string& file) { return !file.empty(); });
-    if (!wanted) return;
-    const Result<Plotter*> machine = plotter();
-    const auto pages = wantedPages(host.editor().database(), options.layout);
-    if (!machine || !pages) {
-        outcome.check(machine ? pages.error() : machine.error(), kFileError);
-        return;
-    }
-    for (std::size_t i = 0; i < options.plots.size(); ++i) {
-        if (options.plots[i].empty()) continue;
-        const auto format = static_cast<PlotFormat>(i);
-        const std::filesystem::path file = pathFromUtf8(options.plots[i]);
-        if (format == PlotFormat::Pdf || pages->size() == 1) {
-            outcome.check((*machine)->plot(host.editor(), *pages, format, file), kFileError);
-            continue;
-        }
-        for (const PlotSettings& page : *pages)
-            outcome.check((*machine)->plot(host.editor(), page, format, fileOfPage(file, page)),
-                          kFileError);
-    }
-}
-
 Result<void> checkInstallation(const Options& options) {
     std::error_code ignored;
     const std::filesystem::path folder = resolvePath(options.installation);
@@ -178,6 +122,10 @@ int run(const Options& options) {
     if (!options.check.empty())
         return prepared ? std::max(outcome.code(false), checkJob(host.editor().database()))
                         : outcome.code(false);
+    if (!options.otherDrawings.empty()) {
+        if (prepared) outcome.check(plotDrawings(host.editor(), options), kFileError);
+        return outcome.code(false);
+    }
     if (prepared) {
         catchEndWishes();
         const bool drawn =
@@ -191,7 +139,8 @@ int run(const Options& options) {
             outcome.check(host.editor().file().saveCopy(pathFromUtf8(options.save)), kFileError);
         if (!options.state.empty())
             outcome.check(writeState(host.editor(), pathFromUtf8(options.state)), kFileError);
-        plot(host, options, outcome);
+        plotDrawing(host.editor(), options,
+                    [&](const Error& error) { outcome.check(Result<void>(error), kFileError); });
     }
     std::cout.flush();
     outcome.check(log.close(), kFileError);

@@ -70,6 +70,7 @@ std::string clashOf(const Options& options) {
     };
     add("--salvar", true, options.save);
     add("o desenho", false, options.drawing);
+    for (const std::string& drawing : options.otherDrawings) add("um desenho", false, drawing);
     add("--modelo", false, options.model);
     add("--roteiro", false, options.script);
     add("--pecas", false, options.pieces);
@@ -95,6 +96,13 @@ std::string refusalOf(const CLI::App& app, const Options& options) {
         for (const std::string& value : option->results())
             if (value.empty()) return "o valor de " + option->get_name() + " está vazio";
     if (!formOf(options.form)) return "o formato é texto, csv ou json, e não " + options.form;
+    // Several drawings are one PDF and nothing else.
+    const bool onlyPdf = !options.plots[0].empty() && options.plots[1].empty() &&
+                         options.plots[2].empty() && options.script == "-" &&
+                         options.save.empty() && options.state.empty() && options.pieces.empty() &&
+                         options.check.empty() && options.catalogues.empty();
+    if (!options.otherDrawings.empty() && !onlyPdf)
+        return "vários desenhos servem só a --pdf, que faz um arquivo de todos, sem roteiro";
     return clashOf(options);
 }
 
@@ -113,6 +121,7 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     bool noModules = false;
     bool defaultOnly = false;
     bool quiet = false;
+    bool noLayers = false;
     CLI::App app("Prancheta sem janela: executa um roteiro de comandos num desenho.",
                  "prancheta-console");
     translate(app);
@@ -121,7 +130,10 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_flag("-v,--versao,--version", version, "mostra a versão");
     app.footer(
         "Num ARQUIVO a gravar, - é a saída padrão; o diálogo com o roteiro não é mostrado então.");
-    app.add_option("desenho", options.drawing, "desenho a abrir (DXF)")->type_name("ARQUIVO.dxf");
+    std::vector<std::string> drawings;
+    app.add_option("desenho", drawings,
+                   "desenho a abrir (DXF); com --pdf, vários são plotados num só arquivo")
+        ->type_name("ARQUIVO.dxf");
     app.add_option("--modelo", options.model, "de onde começam o desenho vazio e os que NOVO cria")
         ->type_name("ARQUIVO.dxf");
     app.add_option("-r,--roteiro", options.script, "roteiro; - lê a entrada padrão")
@@ -156,6 +168,10 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
                    "com --pdf, --svg, --png: este layout em 1:1 no seu papel; todos: cada um que "
                    "tem alguma coisa")
         ->type_name("NOME");
+    app.add_flag("--sem-camadas", noLayers,
+                 "com --pdf, --svg: as camadas do desenho não são camadas do arquivo");
+    app.add_flag("--rodape", options.footer,
+                 "com --pdf, --svg, --png: arquivo, data e escala na margem de baixo");
     app.add_option("--instalacao", options.installation,
                    "pasta de instalação (no lugar de ZPFORJA2010)")
         ->type_name("PASTA");
@@ -189,6 +205,11 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
         std::cout << "prancheta-console " PRANCHETA_VERSION "\n";
         return std::nullopt;
     }
+    if (!drawings.empty()) {
+        options.drawing = drawings.front();
+        options.otherDrawings.assign(drawings.begin() + 1, drawings.end());
+    }
+    options.layers = !noLayers;
     options.defaultModules = !noModules;
     options.otherModules = !defaultOnly;
     options.transcript =

@@ -14,6 +14,8 @@ namespace prancheta::console {
 /// Files to be written, empty: none; what the user called `-` has the name of standardOutput().
 struct Options {
     std::string drawing;
+    /// Plotted behind it into one PDF, without any script.
+    std::vector<std::string> otherDrawings;
     std::string model;  ///< from which the empty drawing and those of NEW start
     std::string script = "-";
     std::string save;
@@ -21,6 +23,8 @@ struct Options {
     std::string state;
     std::string layout;  ///< plotted instead of the model; "todos" for all that hold something
     std::string installation;
+    bool layers = true;   ///< PDF and SVG have the drawing's
+    bool footer = false;  ///< file, date and scale on each sheet
     /// Files to plot to, in the order of PlotFormat; empty: none.
     std::array<std::string, 3> plots;
     std::string verify;                ///< DXF file to be examined instead of running a script

@@ -266,13 +266,24 @@ TEST_F(Console, PlotsWhatWasDrawn) {
     EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(text("a.pdf").substr(0, 5), "%PDF-");
-    EXPECT_TRUE(has(text("a.pdf"), "/MediaBox [0 0 841.8898 595.2756]")) << "A4, lying";
+    EXPECT_TRUE(has(text("a.pdf"), "/MediaBox [ 0 0 841.8898 595.2756 ]")) << "A4, lying";
     EXPECT_TRUE(has(text("a.svg"), "width=\"297mm\" height=\"210mm\""));
     EXPECT_EQ(text("a.png").substr(1, 3), "PNG");
     const Outcome missing = run("--pdf missing/a.pdf --png b.png", script);
     EXPECT_EQ(missing.code, 3);
     EXPECT_TRUE(has(missing.err, "missing/a.pdf")) << missing.err;
     EXPECT_EQ(text("b.png").substr(1, 3), "PNG") << "one failure does not keep the others";
+    for (const char* drawing : {"um.dxf", "dois.dxf"})
+        EXPECT_EQ(run("-o " + std::string(drawing), script).code, 0);
+    const Outcome several = run("um.dxf dois.dxf --pdf jogo.pdf");
+    EXPECT_EQ(several.code, 0) << several.err;
+    for (const char* mark : {"(um - Modelo)", "(dois - Modelo)"})
+        EXPECT_TRUE(has(text("jogo.pdf"), mark)) << mark;
+    const Outcome without = run("um.dxf dois.dxf --layout todos --pdf nada.pdf");
+    EXPECT_EQ(without.code, 3);
+    EXPECT_TRUE(has(without.err, "um.dxf")) << without.err;
+    EXPECT_FALSE(fs::exists(folder / "nada.pdf"));
+    EXPECT_EQ(run("um.dxf dois.dxf --pdf a.pdf -o c.dxf").code, 2);
 }
 
 TEST_F(Console, ScriptsOfAnySystem) {
