@@ -426,5 +426,33 @@ TEST_F(Files, CommandAsksForEverything) {
     EXPECT_NEAR(columns, 10.25 / 25.4 * 300.0, 1.5);
 }
 
+/// Stand-ins for the print system's programs, which note how they are called.
+TEST_F(Files, PrintersTakeThePdfAsItIs) {
+    const auto program = [&](const char* name, const std::string& script) {
+        std::ofstream(folder / name) << "#!/bin/sh\n" << script;
+        fs::permissions(folder / name, fs::perms::owner_all);
+    };
+    const std::string path = std::getenv("PATH");
+    ::setenv("PATH", folder.c_str(), 1);
+    type({L"_line", L"0,0", L"100,20", L"", L"plotar", L"?", L"^C"});
+    EXPECT_TRUE(said(L"Nenhuma impressora"));
+    const std::string at = "'" + folder.string() + "/";
+    program("lpstat", "echo Sala_2; echo Plotter");
+    program("lp", "/bin/echo \"$@\" >" + at + "chamada'; eval \"f=\\${$#}\"; /bin/cp \"$f\" " + at +
+                      "papel.pdf'; echo 'request id is Sala_2-7'");
+    type({L"plotar", L"sala_2", L"A3", L"_p", L"_e", L"_f", L"_n"});
+    EXPECT_TRUE(said(L"Enviado à impressora Sala_2: request id is Sala_2-7"));
+    EXPECT_EQ(pageOf(folder / "papel.pdf"), "0 0 841.8898 1190.5512");
+    const std::string call = bytes(folder / "chamada");
+    EXPECT_EQ(call.substr(0, call.rfind(' ')),
+              "-d Sala_2 -t Desenho -o media=A3 -o print-scaling=none");
+    EXPECT_FALSE(fs::exists(call.substr(call.rfind(' ') + 1, call.find('\n'))));
+    program("lp", "echo 'lp: sem papel' >&2; exit 1");
+    type({L"plotar", L"Plotter", L"", L"", L"", L"", L""});
+    ASSERT_FALSE(ui.complaints.empty());
+    EXPECT_NE(ui.complaints.back().find(L"sem papel"), std::wstring::npos);
+    ::setenv("PATH", path.c_str(), 1);
+}
+
 }  // namespace
 }  // namespace plotting

@@ -20,9 +20,17 @@
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/shell/drawing_files.h"
 #include "prancheta/editor/drawing_file.h"
+#include "prancheta/editor/paper_scale.h"
+#include "prancheta/editor/printers.h"
 #include "prancheta/plot/sheet.h"
 
 namespace prancheta::desktop {
+
+struct FormatRow {
+    PlotFormat format;
+    const char* ending;
+    const char* title;
+};
 
 /// The sheet on a table; drawn anew only when settings or size change.
 class SheetPreview : public QWidget {
@@ -76,12 +84,6 @@ namespace {
 
 constexpr double kScales[] = {1, 2, 2.5, 5, 7.5, 10, 12.5, 15, 20, 25, 50, 75, 100, 200, 500};
 
-struct FormatRow {
-    PlotFormat format;
-    const char* ending;
-    const char* title;
-};
-
 constexpr FormatRow kFormats[] = {
     {PlotFormat::Pdf, "pdf", "PDF"},
     {PlotFormat::Svg, "svg", "SVG"},
@@ -113,7 +115,10 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
       m_scale(new QComboBox(this)),
       m_format(new QComboBox(this)),
       m_monochrome(new QCheckBox("&Monocromático", this)),
-      m_lineWeights(new QCheckBox("&Espessuras de linha", this)),
+      m_lineWeights(new QCheckBox("Espessuras de &linha", this)),
+      m_layers(new QCheckBox("Camadas do P&DF", this)),
+      m_sheets(new QCheckBox("&Várias folhas: cada layout que tem alguma coisa, em 1:1", this)),
+      m_footer(new QCheckBox("&Rodapé com arquivo, data e escala", this)),
       m_told(new QLabel(this)),
       m_preview(new SheetPreview(editor)) {
     setWindowTitle("Plotar");
@@ -126,17 +131,22 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
     m_scale->setEditable(true);
     m_scale->setInsertPolicy(QComboBox::NoInsert);
     for (const FormatRow& row : kFormats) m_format->addItem(row.title);
+    for (const std::wstring& printer : printers())
+        m_format->addItem("Impressora " + QString::fromStdWString(printer),
+                          QString::fromStdWString(printer));
     m_lineWeights->setChecked(true);
+    m_layers->setChecked(true);
+    m_sheets->setEnabled(!drawnSheets(editor.database()).empty());
     m_told->setWordWrap(true);
 
     auto* const form = new QFormLayout;
     form->addRow("&Papel:", m_paper);
     form->addRow("&Orientação:", m_orientation);
-    form->addRow("Á&rea:", m_area);
+    form->addRow("Áre&a:", m_area);
     form->addRow("&Escala:", m_scale);
-    form->addRow("&Arquivo:", m_format);
+    form->addRow("Arq&uivo ou impressora:", m_format);
     form->addRow(m_monochrome);
-    form->addRow(m_lineWeights);
+    for (QCheckBox* const box : {m_lineWeights, m_layers, m_sheets, m_footer}) form->addRow(box);
     form->addRow(m_told);
     if (const std::wstring line = notShown(editor.database()); !line.empty()) {
         auto* const missing = new QLabel(QString::fromStdWString(line), this);
@@ -144,7 +154,7 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
         form->addRow(missing);
     }
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Ok)->setText("P&lotar...");
+    buttons->button(QDialogButtonBox::Ok)->setText("Plo&tar...");
     buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
     connect(buttons, &QDialogButtonBox::accepted, this, &PlotDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -163,7 +173,7 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
         if (area == kWindow) done(kPickWindow);
     });
     connect(m_scale, &QComboBox::currentTextChanged, this, [this] { showSettings(); });
-    for (QCheckBox* const box : {m_monochrome, m_lineWeights})
+    for (QCheckBox* const box : {m_monochrome, m_lineWeights, m_footer})
         connect(box, &QCheckBox::toggled, this, [this] { showSettings(); });
     showSettings();
 }
@@ -176,13 +186,12 @@ PlotSettings PlotDialog::settings() const {
     if (m_area->currentIndex() == kWindow) out.area = m_window;
     out.monochrome = m_monochrome->isChecked();
     out.lineWeights = m_lineWeights->isChecked();
-    // "1:25", "2:1" or a plain factor; anything else fits.
-    const QStringList parts = m_scale->currentText().split(':');
-    double paper = 0.0;
-    double drawing = 1.0;
-    const bool read = parseTypedNumber(parts[0].toStdWString(), paper) &&
-                      (parts.size() < 2 || parseTypedNumber(parts[1].toStdWString(), drawing));
-    if (read && paper > 0.0 && drawing > 0.0) out.scale = paper / drawing;
+    out.layers = m_layers->isChecked();
+    out.footer = m_footer->isChecked();
+    // Anything else fits.
+    const QString scaleText = m_scale->currentText().replace(',', '.');
+    if (const auto scale = readPaperScale(scaleText.toStdWString()))
+        out.scale = scale->paper / scale->drawing;
     return out;
 }
 
@@ -220,8 +229,27 @@ void PlotDialog::showSettings() {
     m_preview->show(wanted);
 }
 
-void PlotDialog::accept() {
-    const FormatRow& row = kFormats[static_cast<std::size_t>(m_format->currentIndex())];
+std::vector<PlotSettings> PlotDialog::sheets() const {
+    const PlotSettings wanted = settings();
+    if (!m_sheets->isChecked()) return {wanted};
+    std::vector<PlotSettings> out;
+    for (const Tab& tab : drawnSheets(m_editor.database())) {
+        PlotSettings& sheet = out.emplace_back(sheetPlot(tab));
+        sheet.monochrome = wanted.monochrome;
+        sheet.lineWeights = wanted.lineWeights;
+        sheet.layers = wanted.layers;
+        sheet.footer = wanted.footer;
+    }
+    return out;
+}
+
+Result<void> PlotDialog::plotTo(const FormatRow& row, const std::filesystem::path& file) {
+    const Result<Plotter*> writer = plotter();
+    if (!writer) return writer.error();
+    return (*writer)->plot(m_editor, sheets(), row.format, file);
+}
+
+std::filesystem::path PlotDialog::askFile(const FormatRow& row) {
     std::filesystem::path name = m_editor.file().name().filename();
     if (name.empty()) name = "Desenho1";
     name.replace_extension(row.ending);
@@ -231,11 +259,26 @@ void PlotDialog::accept() {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(ending);
     dialog.selectFile(toQString(name));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
-    const Result<Plotter*> writer = plotter();
-    Result<void> done = writer ? (*writer)->plot(m_editor, settings(), row.format,
-                                                 toPath(dialog.selectedFiles().constFirst()))
-                               : Result<void>(writer.error());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return toPath(dialog.selectedFiles().constFirst());
+}
+
+void PlotDialog::accept() {
+    const QString printer = m_format->currentData().toString();
+    Result<void> done;
+    if (!printer.isEmpty()) {
+        const Result<std::wstring> job = print(m_editor, sheets(), printer.toStdWString());
+        if (!job)
+            done = job.error();
+        else
+            m_editor.print(L"\nEnviado à impressora " + printer.toStdWString() + L": " + *job +
+                           L"\n");
+    } else {
+        const FormatRow& row = kFormats[static_cast<std::size_t>(m_format->currentIndex())];
+        const std::filesystem::path file = askFile(row);
+        if (file.empty()) return;
+        done = plotTo(row, file);
+    }
     if (done) return QDialog::accept();
     QMessageBox::warning(
         this, "Plotar",

@@ -14,6 +14,7 @@ class QLineEdit;
 namespace prancheta::desktop {
 
 class SheetPreview;
+struct FormatRow;
 
 class PlotDialog : public QDialog {
     Q_OBJECT
@@ -22,6 +23,8 @@ public:
     PlotDialog(Editor& editor, QWidget* parent);
 
     PlotSettings settings() const;
+    /// What is plotted: that, or the layouts.
+    std::vector<PlotSettings> sheets() const;
 
     /// Result of exec() when the user wants to point at what is plotted: to be called then, and
     /// exec() again.
@@ -29,11 +32,15 @@ public:
     void pickWindow();
 
 public slots:
-    /// Asks for the file and plots; closes when it is written, shows why not otherwise.
+    /// Asks for the file, or takes the chosen printer, and plots; closes when it is written, shows
+    /// why not otherwise.
     void accept() override;
 
 private:
     void showSettings();
+    /// Empty when the user chose none.
+    std::filesystem::path askFile(const FormatRow& row);
+    Result<void> plotTo(const FormatRow& row, const std::filesystem::path& file);
 
     Editor& m_editor;
     QComboBox* m_paper;
@@ -43,6 +50,9 @@ private:
     QComboBox* m_format;
     QCheckBox* m_monochrome;
     QCheckBox* m_lineWeights;
+    QCheckBox* m_layers;
+    QCheckBox* m_sheets;
+    QCheckBox* m_footer;
     QLabel* m_told;
     SheetPreview* m_preview;
     std::optional<Box2d> m_window;  ///< world; what the user pointed at

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-// PLOT: the drawing as PDF, SVG or PNG, asked for on the command line.
+// PLOT: the drawing as PDF, SVG or PNG, or on a printer, asked for on the command line.
 #include "prancheta/editor/plotter.h"
-
-#include <cmath>
 
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/files.h"
@@ -11,6 +9,7 @@
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/paper_scale.h"
+#include "prancheta/editor/printers.h"
 
 namespace prancheta::commands {
 
@@ -48,16 +47,42 @@ Box2d shownOn(const Editor& editor) {
 /// Answers of a step: RTNORM to go on, RTCAN.
 using Step = Task<int>;
 
-Step askFile(CommandContext context, std::filesystem::path& file) {
+/// What is plotted to: a file, or a printer.
+struct Target {
+    std::filesystem::path file;
+    std::wstring printer;  ///< empty: the file
+};
+
+void listPrinters(const CommandContext& context) {
+    const std::vector<std::wstring> names = printers();
+    for (const std::wstring& name : names) say(context, name);
+    if (names.empty()) say(context, kNoPrinter);
+}
+
+/// Names of printers have neither an ending nor a folder.
+std::wstring printerNamed(const std::wstring& text) {
+    if (text.find_first_of(L"./\\") != text.npos) return {};
+    for (const std::wstring& name : printers())
+        if (equalNoCase(name, text)) return name;
+    return {};
+}
+
+Step askTarget(CommandContext context, Target& target) {
     const std::filesystem::path proposed = proposedFile(context.editor());
-    const std::wstring prompt =
-        L"\nArquivo de plotagem (.pdf, .svg ou .png) <" + toWide(proposed.string()) + L">: ";
+    const std::wstring prompt = L"\nArquivo de plotagem (.pdf, .svg ou .png), ou impressora [?] <" +
+                                toWide(proposed.string()) + L">: ";
     for (;;) {
         const InputValue answer = co_await context.ask(Prompt(InputKind::Text, prompt).wholeLine());
         if (answer.status == RTCAN) co_return RTCAN;
-        file = answer.status == RTNONE ? proposed : typedPath(answer.text);
-        if (!file.has_extension()) file.replace_extension(".pdf");
-        if (plotFormatOf(file)) co_return RTNORM;
+        if (answer.text == L"?") {
+            listPrinters(context);
+            continue;
+        }
+        target.printer = printerNamed(answer.text);
+        if (!target.printer.empty()) co_return RTNORM;
+        target.file = answer.status == RTNONE ? proposed : typedPath(answer.text);
+        if (!target.file.has_extension()) target.file.replace_extension(".pdf");
+        if (plotFormatOf(target.file)) co_return RTNORM;
         context.editor().complain(L"O nome deve terminar em .pdf, .svg ou .png.",
                                   Complaint::Refused);
     }
@@ -156,8 +181,8 @@ Step askSheet(CommandContext context, PlotSettings& settings) {
     co_return RTNORM;
 }
 
-Step askAll(CommandContext context, std::filesystem::path& file, PlotSettings& settings) {
-    int status = co_await askFile(context, file);
+Step askAll(CommandContext context, Target& target, PlotSettings& settings) {
+    int status = co_await askTarget(context, target);
     if (status == RTNORM) status = co_await askSheet(context, settings);
     if (status == RTNORM) status = co_await askMonochrome(context, settings.monochrome);
     if (status != RTKWORD) co_return status;
@@ -170,27 +195,39 @@ Step askAll(CommandContext context, std::filesystem::path& file, PlotSettings& s
     co_return status;
 }
 
+/// What is said when it is done.
+Result<std::wstring> send(Editor& editor, const PlotSettings& settings, const Target& target) {
+    if (!target.printer.empty()) {
+        const Result<std::wstring> job = print(editor, std::span(&settings, 1), target.printer);
+        if (!job) return job;
+        return L"Enviado à impressora " + target.printer + (job->empty() ? L"" : L": " + *job);
+    }
+    const Result<Plotter*> machine = plotter();
+    if (!machine) return machine.error();
+    const Result<void> plotted =
+        (*machine)->plot(editor, settings, *plotFormatOf(target.file), target.file);
+    if (!plotted) return plotted.error();
+    return L"Plotado em " + toWide(target.file.string());
+}
+
 }  // namespace
 
 CommandTask plot(CommandContext context) {
-    std::filesystem::path file;
+    Target target;
     PlotSettings settings = memory(context).plot;
-    const int status = co_await askAll(context, file, settings);
+    const int status = co_await askAll(context, target, settings);
     if (status == RTCAN) co_return CommandEnd::Cancelled;
     if (settings.space.isNull())
         memory(context).plot = settings;
     else
         memory(context).plot.monochrome = settings.monochrome;
-    const Result<Plotter*> machine = plotter();
-    const Result<void> plotted =
-        machine ? (*machine)->plot(context.editor(), settings, *plotFormatOf(file), file)
-                : Result<void>(machine.error());
-    if (!plotted) {
-        context.editor().complain(toWide(plotted.error().message()));
+    const Result<std::wstring> sent = send(context.editor(), settings, target);
+    if (!sent) {
+        context.editor().complain(toWide(sent.error().message()));
         co_return CommandEnd::Failed;
     }
     if (const std::wstring line = notShown(context.database()); !line.empty()) say(context, line);
-    say(context, L"Plotado em " + toWide(file.string()));
+    say(context, *sent);
     co_return CommandEnd::Done;
 }
 
