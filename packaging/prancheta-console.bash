@@ -7,7 +7,7 @@ _prancheta_console() {
             mapfile -t COMPREPLY < <(compgen -d -- "$word")
             return ;;
         --formato)
-            mapfile -t COMPREPLY < <(compgen -W 'texto csv json' -- "$word")
+            mapfile -t COMPREPLY < <(compgen -W 'r12 2000 2018 modelo texto csv json' -- "$word")
             return ;;
         --layout)
             mapfile -t COMPREPLY < <(compgen -W 'todos' -- "$word")

@@ -88,6 +88,21 @@ bool prepare(Host& host, const Options& options, Outcome& outcome) {
     return outcome.check(opened, kFileError);
 }
 
+Result<void> saveDrawing(Editor& editor, const Options& options) {
+    const std::filesystem::path file = pathFromUtf8(options.save);
+    dxf::SaveOptions how;
+    if (options.format == "r12") how.version = dxf::Version::R12;
+    if (options.format == "2000") how.version = dxf::Version::R2000;
+    if (options.format == "2018") how.version = dxf::Version::R2018;
+    std::string lost;
+    const Result<void> saved = options.format == "modelo"
+                                   ? editor.file().saveModel(file, &lost)
+                                   : editor.file().saveCopy(file, how, &lost);
+    if (saved && !options.format.empty() && !lost.empty())
+        editor.print(L"\nAviso: " + toWide(lost) + L".\n");
+    return saved;
+}
+
 Result<void> checkInstallation(const Options& options) {
     std::error_code ignored;
     const std::filesystem::path folder = resolvePath(options.installation);
@@ -117,7 +132,7 @@ int run(const Options& options) {
     if (!options.compare.empty())
         return prepared ? std::max(outcome.code(false),
                                    compareJob(host.editor(), options.compare.front(),
-                                              *formOf(options.form)))
+                                              *formOf(options.format)))
                         : outcome.code(false);
     if (!options.check.empty())
         return prepared ? std::max(outcome.code(false), checkJob(host.editor().database()))
@@ -135,8 +150,7 @@ int run(const Options& options) {
         if (drawn && (options.pieces.empty() || !ui.failed())) host.editor().run();
         if (endWish() != 0) outcome.ended(endWish(), *script);
         // Whatever the script did, the drawing is not lost with it.
-        if (!options.save.empty())
-            outcome.check(host.editor().file().saveCopy(pathFromUtf8(options.save)), kFileError);
+        if (!options.save.empty()) outcome.check(saveDrawing(host.editor(), options), kFileError);
         if (!options.state.empty())
             outcome.check(writeState(host.editor(), pathFromUtf8(options.state)), kFileError);
         plotDrawing(host.editor(), options,

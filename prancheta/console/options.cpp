@@ -80,7 +80,10 @@ std::string clashOf(const Options& options) {
         add(kPlotOptions[i][0], true, options.plots[i]);
     for (std::size_t i = 0; i < files.size(); ++i)
         for (std::size_t k = i + 1; k < files.size(); ++k) {
-            const bool ownDrawing = files[i].option == "--salvar" && files[k].option == "o desenho";
+            // A copy that does not hold all of it must not replace it.
+            const bool whole = options.format != "r12" && options.format != "modelo";
+            const bool ownDrawing =
+                whole && files[i].option == "--salvar" && files[k].option == "o desenho";
             std::error_code error;
             if ((files[i].written || files[k].written) && !ownDrawing &&
                 (files[i].file == files[k].file ||
@@ -95,7 +98,12 @@ std::string refusalOf(const CLI::App& app, const Options& options) {
     for (const CLI::Option* const option : app.get_options())
         for (const std::string& value : option->results())
             if (value.empty()) return "o valor de " + option->get_name() + " está vazio";
-    if (!formOf(options.form)) return "o formato é texto, csv ou json, e não " + options.form;
+    const std::string_view format = options.format;
+    if (!options.compare.empty() && !formOf(options.format))
+        return "o formato de --compara é texto, csv ou json, e não " + options.format;
+    if (options.compare.empty() && !format.empty() && format != "r12" && format != "2000" &&
+        format != "2018" && format != "modelo")
+        return "o formato é r12, 2000, 2018 ou modelo; com --compara, texto, csv ou json";
     // Several drawings are one PDF and nothing else.
     const bool onlyPdf = !options.plots[0].empty() && options.plots[1].empty() &&
                          options.plots[2].empty() && options.script == "-" &&
@@ -110,6 +118,7 @@ std::string refusalOf(const CLI::App& app, const Options& options) {
 
 std::optional<protocol::ComparisonForm> formOf(const std::string& name) {
     using enum protocol::ComparisonForm;
+    if (name.empty()) return Text;
     for (const auto& [known, form] : {std::pair("texto", Text), {"csv", Csv}, {"json", Json}})
         if (name == known) return form;
     return {};
@@ -139,6 +148,11 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
     app.add_option("-r,--roteiro", options.script, "roteiro; - lê a entrada padrão")
         ->type_name("ARQUIVO");
     app.add_option("-o,--salvar", options.save, "salva o desenho no fim")->type_name("ARQUIVO.dxf");
+    app.add_option(
+           "--formato", options.format,
+           "com --salvar: r12 (o que se vê do modelo, para máquinas de corte), 2000, 2018 ou "
+           "modelo (sem os layouts); com --compara: texto, csv ou json")
+        ->type_name("FORMATO");
     app.add_option("--registro", options.log, "registro de eventos, um objeto JSON por linha")
         ->type_name("ARQUIVO.jsonl");
     app.add_option("--estado", options.state, "estado final do desenho")->type_name("ARQUIVO.json");
@@ -151,8 +165,6 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
                    "diz o que mudou, peça por peça, do primeiro desenho para o segundo e termina")
         ->type_name("ANTES.dxf DEPOIS.dxf")
         ->expected(2);
-    app.add_option("--formato", options.form, "com --compara: texto, csv ou json")
-        ->type_name("FORMATO");
     app.add_option("--catalogos", options.catalogues,
                    "confere as listas e tabelas de bitolas de uma pasta de instalação e termina")
         ->type_name("PASTA");

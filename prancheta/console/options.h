@@ -19,6 +19,8 @@ struct Options {
     std::string model;  ///< from which the empty drawing and those of NEW start
     std::string script = "-";
     std::string save;
+    std::string format;  ///< of that: "r12", "2000", "2018", "modelo"; empty: the drawing's own; of
+                         ///< a comparison what formOf() knows
     std::string log;
     std::string state;
     std::string layout;  ///< plotted instead of the model; "todos" for all that hold something
@@ -30,7 +32,6 @@ struct Options {
     std::string verify;                ///< DXF file to be examined instead of running a script
     std::string check;                 ///< drawing whose job is to be checked instead
     std::vector<std::string> compare;  ///< earlier and later drawing, to be compared instead
-    std::string form = "texto";        ///< in which the comparison is told
     std::string catalogues;            ///< folder of catalogues to be examined instead
     std::string pieces;                ///< table of pieces to be drawn before the script
     bool somePieces = false;           ///< rows of it that are wrong are left out
@@ -49,7 +50,8 @@ enum ExitCode : int {
     kEndedBySignal = 128,  ///< and the signal's number
 };
 
-/// What --formato names: texto, csv, json; nothing for another name.
+/// Of a comparison, what --formato names: texto, also when it names nothing, csv, json; nothing for
+/// another name.
 std::optional<protocol::ComparisonForm> formOf(const std::string& name);
 
 /// Reads the arguments. When the program is to end at once (help, version, wrong usage), the exit

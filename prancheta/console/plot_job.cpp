@@ -31,8 +31,7 @@ Result<std::vector<PlotSettings>> sheetsOf(const AcDbDatabase& database,
     const Tab tab = tabNamed(database, toWide(layout));
     if (tab.block == database.core().modelSpaceId())
         return Error{"o modelo não é um layout; sem --layout ele é plotado inteiro"};
-    if (tab.block.isNull())
-        return Error{"o desenho não tem o layout " + layout};
+    if (tab.block.isNull()) return Error{"o desenho não tem o layout " + layout};
     sheets.push_back(sheetPlot(tab));
     return sheets;
 }

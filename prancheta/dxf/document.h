@@ -13,7 +13,9 @@
 
 namespace prancheta::dxf {
 
-enum class Version { Keep, R2000, R2018 };
+/// R12: what the model shows, as lines, arcs, circles, polylines and texts, for machines and old
+/// programs; pieces, blocks and dimensions do not come back from it.
+enum class Version { Keep, R12, R2000, R2018 };
 enum class Form { Ascii, Binary };
 
 /// Plan view that the file is to open with.

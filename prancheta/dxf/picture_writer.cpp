@@ -45,6 +45,10 @@ AcGePoint3d inPlane(const AcGePoint3d& p, const AcGeVector3d& normal) {
     return isFlat(normal) ? p : planeToWorld(normal).inverse() * p;
 }
 
+double bulgeAt(std::span<const double> bulges, std::size_t i) {
+    return i < bulges.size() ? std::nearbyint(bulges[i] * 1e12) / 1e12 : 0.0;
+}
+
 }  // namespace
 
 void makeByBlock(Picture& picture, const AcDbEntity& entity) {
@@ -74,6 +78,7 @@ PictureWriter::PictureWriter(TagWriter& out, SaveNames& names, AcDbDatabase& dat
     : m_out(out),
       m_names(names),
       m_layerZero(database.layerZero()),
+      m_isR12(acadVersion <= kR12),
       m_knowsTrueColor(!isUnknownGroup(acadVersion, kAnyEntity, 420)),
       m_byLayer(database.byLayerLinetype()) {}
 
@@ -95,18 +100,28 @@ void PictureWriter::normal(const AcGeVector3d& n) {
     if (!isFlat(n)) m_out.point(210, {n.x, n.y, n.z});
 }
 
-void PictureWriter::begin(const char* type, const PictureTraits& traits, Adesk::UInt64 owner,
-                          Adesk::UInt64 handle) {
+void PictureWriter::marker(const char* name) {
+    if (!m_isR12) m_out.marker(name);
+}
+
+void PictureWriter::layer(const PictureTraits& traits) {
     static const std::string kLayerZero = "0";
-    m_out.text(0, type);
-    m_out.handle(5, handle);
-    m_out.handle(330, owner);
-    m_out.marker("AcDbEntity");
     if (traits.layer == m_layerZero)
         m_out.text(8, kLayerZero);
     else
         m_out.text(8, m_names.of(traits.layer, kLayerZero));
-    if (traits.linetype != m_byLayer && !traits.linetype.isErased())
+}
+
+void PictureWriter::begin(const char* type, const PictureTraits& traits, Adesk::UInt64 owner,
+                          Adesk::UInt64 handle) {
+    m_out.text(0, type);
+    if (!m_isR12) {
+        m_out.handle(5, handle);
+        m_out.handle(330, owner);
+    }
+    marker("AcDbEntity");
+    layer(traits);
+    if (!traits.linetype.isNull() && traits.linetype != m_byLayer && !traits.linetype.isErased())
         m_out.text(6, m_names.of(traits.linetype));
     const auto nearest = [&] {
         return static_cast<Adesk::UInt16>(nearestIndex(*traits.trueColor));
@@ -114,6 +129,7 @@ void PictureWriter::begin(const char* type, const PictureTraits& traits, Adesk::
     const Adesk::UInt16 color = traits.trueColor ? nearest() : traits.color;
     if (color != 256) m_out.integer(62, color);
     if (traits.trueColor && m_knowsTrueColor) m_out.integer(420, numberOf(*traits.trueColor));
+    if (m_isR12) return;
     if (traits.linetypeScale != 1.0) m_out.real(48, traits.linetypeScale);
     if (traits.lineWeight != AcDb::kLnWtByLayer) m_out.integer(370, traits.lineWeight);
 }
@@ -123,6 +139,7 @@ void PictureWriter::write(const Picture& picture, Adesk::UInt64 owner, HandleSou
     m_textStyle = textStyle;
     for (const PrimitiveView view : picture) {
         const PictureTraits& traits = view.traits();
+        if (m_isR12 && (traits.marker == kEndlessMarker || traits.marker == kCoverMarker)) continue;
         switch (view.kind()) {
             case PrimitiveKind::Polyline:
                 polyline(view, traits, owner, handles);
@@ -143,8 +160,8 @@ void PictureWriter::write(const Picture& picture, Adesk::UInt64 owner, HandleSou
                 text(view);
                 break;
             case PrimitiveKind::Pline:
-                begin("LWPOLYLINE", traits, owner, handles.next());
-                flatPolyline(view.points(), view.bulges(), view.closed(), view.normal());
+                flatPolyline(view.points(), view.bulges(), view.closed(), view.normal(), traits,
+                             owner, handles);
                 break;
         }
     }
@@ -155,15 +172,14 @@ void PictureWriter::polyline(const PrimitiveView& view, const PictureTraits& tra
     const std::span<const AcGePoint3d> points = view.points();
     if (points.size() == 1) {
         begin("POINT", traits, owner, handles.next());
-        m_out.marker("AcDbPoint");
+        marker("AcDbPoint");
         point(10, points[0]);
     } else if (points.size() == 2 || !isLevel(points)) {
         lines(points, traits, owner, handles);
     } else {
-        begin("LWPOLYLINE", traits, owner, handles.next());
         const bool closed = points.size() > 3 && (points.front() - points.back()).length() <= 1e-9;
         flatPolyline(closed ? points.first(points.size() - 1) : points, {}, closed,
-                     AcGeVector3d::kZAxis);
+                     AcGeVector3d::kZAxis, traits, owner, handles);
     }
 }
 
@@ -171,15 +187,35 @@ void PictureWriter::lines(std::span<const AcGePoint3d> points, const PictureTrai
                           Adesk::UInt64 owner, HandleSource& handles) {
     for (std::size_t i = 0; i + 1 < points.size(); ++i) {
         begin("LINE", traits, owner, handles.next());
-        m_out.marker("AcDbLine");
+        marker("AcDbLine");
         point(10, points[i]);
         point(11, points[i + 1]);
     }
 }
 
+void PictureWriter::oldPolyline(std::span<const AcGePoint3d> points, std::span<const double> bulges,
+                                bool closed, const AcGeVector3d& n, const PictureTraits& traits) {
+    begin("POLYLINE", traits, 0, 0);
+    m_out.integer(66, 1);
+    point(10, {0.0, 0.0, inPlane(points.front(), n).z});
+    m_out.integer(70, closed ? 1 : 0);
+    normal(n);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        m_out.text(0, "VERTEX");
+        layer(traits);
+        point(10, inPlane(points[i], n));
+        if (const double bulge = bulgeAt(bulges, i); bulge != 0.0) m_out.real(42, bulge);
+    }
+    m_out.text(0, "SEQEND");
+    layer(traits);
+}
+
 void PictureWriter::flatPolyline(std::span<const AcGePoint3d> points,
-                                 std::span<const double> bulges, bool closed,
-                                 const AcGeVector3d& n) {
+                                 std::span<const double> bulges, bool closed, const AcGeVector3d& n,
+                                 const PictureTraits& traits, Adesk::UInt64 owner,
+                                 HandleSource& handles) {
+    if (m_isR12) return oldPolyline(points, bulges, closed, n, traits);
+    begin("LWPOLYLINE", traits, owner, handles.next());
     m_out.marker("AcDbPolyline");
     m_out.integer(90, static_cast<long long>(points.size()));
     m_out.integer(70, closed ? 1 : 0);
@@ -189,14 +225,15 @@ void PictureWriter::flatPolyline(std::span<const AcGePoint3d> points,
         const AcGePoint3d p = inPlane(points[i], n);
         real(10, p.x);
         real(20, p.y);
-        const double bulge = i < bulges.size() ? std::nearbyint(bulges[i] * 1e12) / 1e12 : 0.0;
-        if (bulge != 0.0) m_out.real(42, bulge);
+        if (const double bulge = bulgeAt(bulges, i); bulge != 0.0) m_out.real(42, bulge);
     }
     normal(n);
 }
 
 void PictureWriter::filled(std::span<const AcGePoint3d> points, const PictureTraits& traits,
                            Adesk::UInt64 owner, HandleSource& handles) {
+    if (points.size() > 4 && m_isR12)
+        return oldPolyline(points, {}, true, AcGeVector3d::kZAxis, traits);
     if (points.size() > 4) {
         begin("HATCH", traits, owner, handles.next());
         return hatch(points);
@@ -204,7 +241,7 @@ void PictureWriter::filled(std::span<const AcGePoint3d> points, const PictureTra
     // The third and fourth corners change places; a triangle repeats its last one.
     const std::size_t last = points.size() - 1;
     begin("SOLID", traits, owner, handles.next());
-    m_out.marker("AcDbTrace");
+    marker("AcDbTrace");
     point(10, points[0]);
     point(11, points[std::min<std::size_t>(1, last)]);
     point(12, points[last]);
@@ -232,7 +269,7 @@ void PictureWriter::hatch(std::span<const AcGePoint3d> points) {
 }
 
 void PictureWriter::circle(const PrimitiveView& view) {
-    m_out.marker("AcDbCircle");
+    marker("AcDbCircle");
     point(10, inPlane(view.center(), view.normal()));
     real(40, view.radius());
     normal(view.normal());
@@ -241,13 +278,13 @@ void PictureWriter::circle(const PrimitiveView& view) {
 void PictureWriter::arc(const PrimitiveView& view) {
     circle(view);
     const double start = angleIn(view.start(), view.normal());
-    m_out.marker("AcDbArc");
+    marker("AcDbArc");
     m_out.real(50, degrees(start));
     m_out.real(51, degrees(start + view.sweep()));
 }
 
 void PictureWriter::text(const PrimitiveView& view) {
-    m_out.marker("AcDbText");
+    marker("AcDbText");
     point(10, inPlane(view.position(), view.normal()));
     real(40, view.height());
     m_out.meaning(1, view.text());
@@ -259,10 +296,10 @@ void PictureWriter::text(const PrimitiveView& view) {
     if (view.oblique() != 0.0)
         m_out.real(51, degrees(backwards ? -view.oblique() : view.oblique()));
     static const std::string kStandard = "Standard";
-    m_out.text(7, m_names.of(m_textStyle, kStandard));
+    m_out.text(7, m_isR12 ? "STANDARD" : m_names.of(m_textStyle, kStandard));
     if (backwards) m_out.integer(71, 2);
     normal(view.normal());
-    m_out.marker("AcDbText");
+    marker("AcDbText");
 }
 
 void PictureWriter::writePoint(const AcGePoint3d& p, const char* layer, Adesk::UInt64 owner,
@@ -273,7 +310,7 @@ void PictureWriter::writePoint(const AcGePoint3d& p, const char* layer, Adesk::U
     m_out.marker("AcDbEntity");
     m_out.text(8, layer);
     m_out.integer(62, 0);
-    m_out.marker("AcDbPoint");
+    marker("AcDbPoint");
     point(10, p);
 }
 

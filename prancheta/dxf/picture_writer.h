@@ -11,11 +11,12 @@ namespace prancheta::dxf {
 /// the block: layer 0 and by block; what the entity chose by itself stays.
 void makeByBlock(Picture& picture, const AcDbEntity& entity);
 
-/// Lines, polylines, circles, arcs, texts, solids and hatches. Coordinates are rounded to 1e-8, far
-/// below what is drawn, so that a turned frame leaves no tails of digits.
+/// Lines, polylines, circles, arcs, texts, solids and hatches, those that R12 knows for it: there
+/// large filled areas are their outlines, without handles and owners. Coordinates are rounded to
+/// 1e-8, far below what is drawn, so that a turned frame leaves no tails of digits.
 class PictureWriter {
 public:
-    /// `acadVersion` as $ACADVER has it: older ones know no true colour.
+    /// `acadVersion` as $ACADVER has it: older ones know no true colour, and less.
     PictureWriter(TagWriter& out, SaveNames& names, AcDbDatabase& database,
                   std::string_view acadVersion);
 
@@ -35,7 +36,13 @@ private:
     void polyline(const PrimitiveView& view, const PictureTraits& traits, Adesk::UInt64 owner,
                   HandleSource& handles);
     void flatPolyline(std::span<const AcGePoint3d> points, std::span<const double> bulges,
-                      bool closed, const AcGeVector3d& normal);
+                      bool closed, const AcGeVector3d& normal, const PictureTraits& traits,
+                      Adesk::UInt64 owner, HandleSource& handles);
+    /// The same as POLYLINE and VERTEX.
+    void oldPolyline(std::span<const AcGePoint3d> points, std::span<const double> bulges,
+                     bool closed, const AcGeVector3d& normal, const PictureTraits& traits);
+    void layer(const PictureTraits& traits);
+    void marker(const char* name);
     void lines(std::span<const AcGePoint3d> points, const PictureTraits& traits,
                Adesk::UInt64 owner, HandleSource& handles);
     void filled(std::span<const AcGePoint3d> points, const PictureTraits& traits,
@@ -51,6 +58,7 @@ private:
     TagWriter& m_out;
     SaveNames& m_names;
     AcDbObjectId m_layerZero;
+    bool m_isR12;
     bool m_knowsTrueColor;
     AcDbObjectId m_byLayer;
     AcDbObjectId m_textStyle;  ///< of the picture at hand

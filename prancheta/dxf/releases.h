@@ -9,6 +9,9 @@
 
 namespace prancheta::dxf {
 
+/// $ACADVER of the release without subclasses, handles and owners.
+inline constexpr std::string_view kR12 = "AC1009";
+
 /// For the groups that all entities have before those of their type.
 inline constexpr std::string_view kAnyEntity = "";
 

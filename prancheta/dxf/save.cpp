@@ -6,6 +6,8 @@
 #include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/kept_handles.h"
+#include "prancheta/dxf/releases.h"
+#include "prancheta/dxf/save_r12.h"
 #include "prancheta/dxf/saver.h"
 #include "prancheta/dxf/table_at.h"
 #include "prancheta/entities/dimension_layout.h"
@@ -291,6 +293,12 @@ Result<void> save(AcDbDatabase& database, const std::filesystem::path& path,
     AtomicFile file(path);
     file.keepFormer(options.former);
     if (auto opened = file.open(); !opened) return opened.error();
+    if (options.version == Version::R12) {
+        TagWriter out(file, Form::Ascii, charsetOf(kR12));
+        const std::string told = saveR12(database, out);
+        if (lost != nullptr) *lost = told;
+        return file.commit();
+    }
     const std::string version = versionOf(database.core().foreign().acadVersion, options.version);
     // A file of another code page stays one.
     std::unique_ptr<const CodePage> page;

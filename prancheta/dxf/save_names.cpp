@@ -2,6 +2,7 @@
 // Names of records as a file shows them.
 #include "prancheta/dxf/save_names.h"
 
+#include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/encoding.h"
 
@@ -14,8 +15,31 @@ const std::string& SaveNames::of(AcDbObjectId id) {
     const auto [at, isNew] = m_names.try_emplace(stub);
     if (isNew)
         if (const auto* record = AcDbSymbolTableRecord::cast(stub->object))
-            at->second = encodeText(ObjectAccess::name(*record));
+            at->second = encodeText(m_rules == Rules::R12 ? restricted(*record)
+                                                          : ObjectAccess::name(*record));
     return at->second;
+}
+
+std::wstring SaveNames::restricted(const AcDbSymbolTableRecord& record) {
+    constexpr std::size_t kLongest = 31;
+    const std::wstring original = ObjectAccess::name(record);
+    std::wstring capitals;
+    for (const wchar_t c : withoutAccents(original))
+        capitals += c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+    std::wstring name = capitals.substr(0, kLongest);
+    for (wchar_t& c : name) {
+        const bool known = (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') || c == L'$' ||
+                           c == L'_' || c == L'-';
+        if (!known) c = L'_';
+    }
+    const std::wstring wanted = name;
+    for (int number = 2; !m_taken.emplace(record.isA(), name).second; ++number) {
+        const std::wstring ending = L"_" + std::to_wstring(number);
+        name = wanted.substr(0, kLongest - ending.size()) + ending;
+    }
+    if (record.isKindOf(AcDbLayerTableRecord::desc()) && !equalNoCase(name, original))
+        m_changed.push_back(original + L": " + name);
+    return name;
 }
 
 const std::string& SaveNames::of(AcDbObjectId id, const std::string& otherwise) {

@@ -8,11 +8,13 @@
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/database/layouts.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/foreign_shapes.h"
+#include "prancheta/entities/viewports.h"
 
 namespace prancheta {
 namespace {
@@ -151,6 +153,31 @@ Result<void> DrawingFile::saveCopy(const std::filesystem::path& path,
         withView.view = {view.centre.x, view.centre.y, view.height,
                          screen.width() / screen.height()};
     return dxf::save(m_editor.database(), path, withView, lost);
+}
+
+// In a second drawing: this one stays as it is, with all that refers to the sheets.
+Result<void> DrawingFile::saveModel(const std::filesystem::path& path, std::string* lost) {
+    std::filesystem::path whole = path;
+    whole += ".inteiro";
+    const Result<void> copied = saveCopy(whole);
+    if (!copied) return copied;
+    const Result<std::unique_ptr<AcDbDatabase>> read = readDrawing(m_editor, whole, nullptr);
+    std::error_code ignored;
+    std::filesystem::remove(whole, ignored);
+    if (!read) return read.error();
+    AcDbDatabase& drawing = **read;
+    for (const Tab& tab : tabsOf(drawing)) {
+        if (tab.block == drawing.core().modelSpaceId()) continue;
+        const AcDbStub* const stub = tab.block;
+        const auto& sheet = static_cast<const AcDbBlockTableRecord&>(*stub->object);
+        for (const AcDbObjectId id : std::vector(ObjectAccess::entities(sheet))) {
+            if (id.isErased() || isSheetsOwn(id)) continue;
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+            if (entity.openStatus() == Acad::eOk) (void)entity->erase();  // it is there
+        }
+        (void)eraseTab(drawing, tab);  // the last one stays
+    }
+    return dxf::save(drawing, path, {}, lost);
 }
 
 Result<void> DrawingFile::save(const std::filesystem::path& path, const dxf::SaveOptions& options) {

@@ -46,6 +46,8 @@ public:
     /// it.
     Result<void> saveCopy(const std::filesystem::path& path, const dxf::SaveOptions& options = {},
                           std::string* lost = nullptr);
+    /// The same without what is on the sheets, of which an empty one is left.
+    Result<void> saveModel(const std::filesystem::path& path, std::string* lost = nullptr);
 
     /// Another drawing is in place, which was read from the file of this name (empty: from none).
     void begin(std::filesystem::path name);

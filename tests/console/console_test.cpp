@@ -286,6 +286,32 @@ TEST_F(Console, PlotsWhatWasDrawn) {
     EXPECT_EQ(run("um.dxf dois.dxf --pdf a.pdf -o c.dxf").code, 2);
 }
 
+/// The copies that do not hold all of a drawing, by the option and by the command.
+TEST_F(Console, CopiesForMachinesAndOfTheModelAlone) {
+    const std::string script =
+        "_-layer\n_m\nPeças de aço\n\nperfilu\nh=200\nb=75\nt=3\ndimensionar=1\naccept\n0,0\n0\n"
+        "_xline\n0,0\n10,10\n\n_layout\n_s\nLayout1\n_line\n7,7\n55,77\n\n_layout\n_s\nModel\n";
+    EXPECT_EQ(run("-o a.dxf", script).code, 0);
+    const Outcome copies = run("a.dxf --estado e.json",
+                               "_saveas\n_v\nr12\na.dxf\nmaquina.dxf\n_saveas\n_v\nm\n\n_qsave\n");
+    EXPECT_EQ(copies.code, 1) << "its own file is refused";
+    EXPECT_TRUE(has(copies.err, "dê outro nome")) << copies.err;
+    for (const char* part :
+         {"linhas sem fim (1)", "objetos dos layouts (1)", "Peças de aço: PECAS_DE_ACO"})
+        EXPECT_TRUE(has(copies.out, part)) << copies.out;
+    EXPECT_EQ(run("-o b.dxf --formato r12", script).code, 0);
+    EXPECT_EQ(text("b.dxf"), text("maquina.dxf"));
+    for (const char* part : {"\nINSERT\n", "\nLWPOLYLINE\n", "\nAcDb", "\n420\n"})
+        EXPECT_FALSE(has(text("b.dxf"), part)) << part;
+    EXPECT_TRUE(has(text("b.dxf"), "\nPOLYLINE\n"));
+    for (const char* file : {"a.dxf", "b.dxf", "a-modelo.dxf"})
+        EXPECT_EQ(run("--verifica " + std::string(file)).code, 0) << file;
+    EXPECT_EQ(run("a-modelo.dxf --estado e.json").code, 0);
+    EXPECT_TRUE(has(text("e.json"), "ZpUDobrado")) << "pieces stay pieces";
+    EXPECT_FALSE(has(text("e.json"), "Layout1"));
+    EXPECT_EQ(run("a.dxf -o a.dxf --formato r12").code, 2);
+}
+
 TEST_F(Console, ScriptsOfAnySystem) {
     put("s.txt", "\xEF\xBB\xBF; comment\r\n  _line  \r\n0,0\r\n3,4\r\n\r\n");
     const Outcome outcome = run("-r s.txt --estado e.json");

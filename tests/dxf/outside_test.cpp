@@ -95,6 +95,25 @@ TEST_F(Outside, NewDrawingHasNoFaultInAnyForm) {
                   "peca 1000.000,-500.000 1200.000,-500.000 1200.000,-600.000 1000.000,-600.000\n"
                   "cota *D1 9 50.000\n");
     }
+    // For machines: what is seen, without blocks; the bars closed, the half circle a bulge of 1.
+    write(folder / "r12.dxf", saved(database, {dxf::Version::R12}));
+    write(folder / "formas.py", R"(
+import sys, ezdxf
+doc = ezdxf.readfile(sys.argv[1])
+auditor = doc.audit()
+print(doc.dxfversion, 'erros', len(auditor.errors), 'reparos', len(auditor.fixes))
+space = doc.modelspace()
+print(sorted(set(e.dxftype() for e in space)))
+for p in space.query('POLYLINE'):
+    print(p.is_closed, ' '.join('%g,%g,%g' % (v.dxf.location.x, v.dxf.location.y, v.dxf.bulge) for v in p.vertices))
+)");
+    const std::string seen = ask(folder / "formas.py", folder / "r12.dxf");
+    EXPECT_EQ(seen,
+              "AC1009 erros 0 reparos 0\n"
+              "['ARC', 'CIRCLE', 'LINE', 'POINT', 'POLYLINE', 'SOLID', 'TEXT']\n"
+              "False 0,0,1 5,0,0\n"
+              "True 1000,500,0 1000,700,0 900,700,0 900,500,0\n"
+              "True 1000,-500,0 1200,-500,0 1200,-600,0 1000,-600,0\n");
 }
 
 TEST_F(Outside, OldFileIsCompleteAfterSaving) {
@@ -142,5 +161,14 @@ doc.saveas(sys.argv[1])
         const auto again = loadText(bytes);
         ASSERT_NE(again, nullptr);
         EXPECT_TRUE(saved(*again, {version}) == bytes);
+        const std::string flat = saved(**loaded, {dxf::Version::R12});
+        EXPECT_EQ(audit(flat), "erros 0 reparos 0\n");
+        const Groups seen = groupsOf(flat);
+        for (const char* type : {"HATCH", "ELLIPSE", "MTEXT", "INSERT", "DIMENSION", "ATTDEF"})
+            EXPECT_EQ(countOf(seen, type), 0U) << type;
+        for (const char* part :
+             {"\nlinha um\n", "\nlinha dois\n", "\nvalor\n", "\nFUROS\n70\n0\n62\n5\n"})
+            EXPECT_NE(flat.find(part), flat.npos) << part;
+        EXPECT_TRUE(saved(**loaded, {version}) == bytes) << "the drawing is not changed by it";
     }
 }

@@ -14,7 +14,16 @@ namespace {
 constexpr Word kNameWords[] = {{L"Versão", L"Version"}};
 constexpr Word kChangedWords[] = {
     {L"Sobrescrever", L"Overwrite"}, {L"Outro", L"Another"}, {L"Cancelar", L"Cancel"}};
-constexpr Word kVersionWords[] = {{L"2000", L"2000"}, {L"2018", L"2018"}};
+constexpr Word kVersionWords[] = {
+    {L"R12", L"R12"}, {L"2000", L"2000"}, {L"2018", L"2018"}, {L"Modelo", L"Model"}};
+
+/// What is saved: the drawing, or a copy that does not hold all of it, beside its own file.
+struct SaveKind {
+    dxf::SaveOptions options;
+    bool modelOnly = false;
+    bool isCopy() const { return modelOnly || options.version == dxf::Version::R12; }
+    const char* ending() const { return modelOnly ? "-modelo.dxf" : "-r12.dxf"; }
+};
 
 bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
     std::error_code error;
@@ -29,6 +38,22 @@ CommandEnd write(const CommandContext& context, const std::filesystem::path& pat
         return CommandEnd::Failed;
     }
     say(context, L"Desenho salvo em " + toWide(context.editor().file().name().string()));
+    return CommandEnd::Done;
+}
+
+CommandEnd writeCopy(const CommandContext& context, const std::filesystem::path& path,
+                     const SaveKind& kind) {
+    std::string lost;
+    DrawingFile& file = context.editor().file();
+    const Result<void> saved =
+        kind.modelOnly ? file.saveModel(path, &lost) : file.saveCopy(path, kind.options, &lost);
+    if (!saved) {
+        context.editor().complain(toWide(saved.error().message()));
+        return CommandEnd::Failed;
+    }
+    if (!lost.empty()) say(context, L"Aviso: " + toWide(lost) + L".");
+    say(context,
+        L"Cópia gravada em " + toWide(path.string()) + L"; o desenho fica no seu arquivo.");
     return CommandEnd::Done;
 }
 
@@ -60,13 +85,16 @@ Task<ChangedFile> askAboutChange(CommandContext context) {
 /// Name and version; asks before it would replace a file that is not the drawing's own.
 CommandTask saveUnderName(CommandContext context) {
     const std::filesystem::path present = context.editor().file().name();
-    const std::wstring shown = present.empty() ? L"Desenho1.dxf" : toWide(present.string());
-    dxf::SaveOptions options;
+    const std::filesystem::path named = present.empty() ? "Desenho1.dxf" : present;
+    SaveKind kind;
     if (const auto chosen = chosenFile(context, {FileQuestion::Purpose::Save, present})) {
         if (chosen->empty()) co_return CommandEnd::Cancelled;
-        co_return write(context, withExtension(*chosen), options);
+        co_return write(context, withExtension(*chosen), kind.options);
     }
     for (;;) {
+        std::filesystem::path proposed = named;
+        if (kind.isCopy()) proposed.replace_extension() += kind.ending();
+        const std::wstring shown = toWide(proposed.string());
         const InputValue answer = co_await context.ask(
             Prompt(InputKind::Text, L"\nSalvar desenho como ou [Versão] <" + shown + L">: ")
                 .words(kNameWords)
@@ -74,14 +102,25 @@ CommandTask saveUnderName(CommandContext context) {
         if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
         if (answer.status == RTKWORD) {
             const InputValue version = co_await context.ask(
-                Prompt(InputKind::Keyword, L"\nDigite o formato do arquivo [2000/2018] <2018>: ")
+                Prompt(InputKind::Keyword,
+                       L"\nDigite o formato do arquivo [R12/2000/2018/só o Modelo] <2018>: ")
                     .words(kVersionWords));
             if (version.status == RTCAN) co_return CommandEnd::Cancelled;
-            options.version = isWord(version, L"2000") ? dxf::Version::R2000 : dxf::Version::R2018;
+            kind = {};
+            kind.modelOnly = isWord(version, L"Model");
+            kind.options.version = isWord(version, L"R12")    ? dxf::Version::R12
+                                   : isWord(version, L"2000") ? dxf::Version::R2000
+                                                              : dxf::Version::R2018;
             continue;
         }
         const std::wstring name = answer.status == RTNORM ? answer.text : shown;
         const std::filesystem::path path = withExtension(typedPath(name));
+        if (kind.isCopy() && sameFile(path, present)) {
+            context.editor().complain(
+                L"Este é o arquivo do desenho, e a cópia não guarda tudo: dê outro nome.",
+                Complaint::Refused);
+            continue;
+        }
         std::error_code unreadable;  // then it cannot be replaced either, and saving says why
         if (std::filesystem::exists(path, unreadable) && !sameFile(path, present)) {
             const InputValue replace = co_await askYesNo(
@@ -94,7 +133,8 @@ CommandTask saveUnderName(CommandContext context) {
             if (what == ChangedFile::Keep) co_return CommandEnd::Cancelled;
             if (what == ChangedFile::SaveElsewhere) continue;
         }
-        co_return write(context, path, options);
+        co_return kind.isCopy() ? writeCopy(context, path, kind)
+                                : write(context, path, kind.options);
     }
 }
 
