@@ -35,6 +35,8 @@ const std::map<std::wstring, std::wstring>& layers() {
     file = current;
     when = data;
     read = zp::readLayers(current);
+    for (const std::wstring& fault : zp::layerFileFaults(current))
+        acutPrintf(L"\n%ls\n", fault.c_str());
     return read;
 }
 

@@ -76,27 +76,61 @@ AcDb::LineWeight nearestLineWeight(double hundredths) {
     return static_cast<AcDb::LineWeight>(*std::ranges::min_element(kWeights, {}, away));
 }
 
-}  // namespace
+constexpr const wchar_t* kNotInNames = L"<>/\\\":;?*|=`";
 
-std::map<std::wstring, std::wstring> readLayers(const std::filesystem::path& file) {
-    std::map<std::wstring, std::wstring> layers;
+/// Calls visit(row, its number) for rows that are neither empty nor comments.
+template <class Visit>
+void forEachRow(const std::filesystem::path& file, Visit visit) {
     std::error_code error;
     std::ifstream stream(file, std::ios::binary);
-    if (!stream || !std::filesystem::is_regular_file(file, error)) return layers;
+    if (!stream || !std::filesystem::is_regular_file(file, error)) return;
     const std::wstring everything =
         texts::decodeText(std::string{std::istreambuf_iterator<char>(stream), {}});
+    int number = 0;
     for (std::size_t from = 0; from < everything.size();) {
         const std::size_t end = std::min(everything.find(L'\n', from), everything.size());
         const std::wstring row = texts::trimmed(everything.substr(from, end - from));
         from = end + 1;
+        ++number;
+        if (!row.empty() && row[0] != L';' && row[0] != L'#') visit(row, number);
+    }
+}
+
+}  // namespace
+
+std::map<std::wstring, std::wstring> readLayers(const std::filesystem::path& file) {
+    std::map<std::wstring, std::wstring> layers;
+    forEachRow(file, [&](const std::wstring& row, int) {
         const std::size_t equals = row.find(L'=');
-        if (row.empty() || row[0] == L';' || row[0] == L'#' || equals == std::wstring::npos)
-            continue;
+        if (equals == std::wstring::npos) return;
         const std::wstring standard = texts::lower(texts::trimmed(row.substr(0, equals)));
         const std::wstring user = texts::trimmed(row.substr(equals + 1));
         if (!standard.empty() && !user.empty()) layers[standard] = user;
-    }
+    });
     return layers;
+}
+
+std::vector<std::wstring> layerFileFaults(const std::filesystem::path& file) {
+    std::vector<std::wstring> faults;
+    forEachRow(file, [&](const std::wstring& row, int number) {
+        if (row[0] == L'[') return;
+        const std::size_t equals = row.find(L'=');
+        const wchar_t* wrong = nullptr;
+        if (equals == std::wstring::npos || texts::trimmed(row.substr(0, equals)).empty()) {
+            wrong = L"requer CAMADA = NOME, ESPESSURA";
+        } else {
+            const std::wstring text = texts::trimmed(row.substr(equals + 1));
+            const std::wstring name = texts::trimmed(text.substr(0, text.find(L',')));
+            if (name.find_first_of(kNotInNames) != name.npos)
+                wrong = L"o nome tem um destes caracteres: < > / \\ \" : ; ? * | = `";
+            else if (text.find(L',') != text.npos && !userLayer(text).lineWeight)
+                wrong = L"a espessura vai de 0 a 10 mm";
+        }
+        if (wrong != nullptr)
+            faults.push_back(texts::shown(file) + L":" + std::to_wstring(number) + L": " + wrong +
+                             L"; vale o de costume");
+    });
+    return faults;
 }
 
 const std::filesystem::path& installationFolder() {
@@ -129,7 +163,7 @@ UserLayer userLayer(std::wstring_view text) {
     const std::size_t comma = text.find(L',');
     layer.name = texts::trimmed(text.substr(0, comma));
     // No layer can have such a name: the standard one stays.
-    if (layer.name.find_first_of(L"<>/\\\":;?*|=`") != layer.name.npos) layer.name.clear();
+    if (layer.name.find_first_of(kNotInNames) != layer.name.npos) layer.name.clear();
     if (comma == text.npos) return layer;
     std::wstring pen(text.substr(comma + 1));
     std::ranges::replace(pen, L',', L'.');
