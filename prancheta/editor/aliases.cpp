@@ -3,6 +3,7 @@
 #include "prancheta/editor/aliases.h"
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/settings_lines.h"
 #include "prancheta/base/text.h"
 #include "usual_aliases.h"
 
@@ -19,16 +20,11 @@ bool Aliases::load(const std::filesystem::path& file) {
 
 void Aliases::parse(std::string_view text) {
     m_commands.clear();
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
-        line = trim(line.substr(0, line.find(';')));
-        const std::size_t comma = line.find(',');
-        if (comma == line.npos) continue;
-        const std::wstring alias = foldCase(toWide(trim(line.substr(0, comma))));
-        std::string_view command = trim(line.substr(comma + 1));
+    for (const SettingsLine& row : settingsLines(text)) {
+        const std::size_t comma = row.text.find(',');
+        if (comma == row.text.npos) continue;
+        const std::wstring alias = foldCase(toWide(trim(row.text.substr(0, comma))));
+        std::string_view command = trim(row.text.substr(comma + 1));
         if (command.starts_with('*')) command.remove_prefix(1);
         if (!alias.empty() && !command.empty()) m_commands[alias] = toWide(trim(command));
     }

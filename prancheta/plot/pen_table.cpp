@@ -6,21 +6,12 @@
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/file_stamp.h"
+#include "prancheta/base/settings_lines.h"
 #include "prancheta/base/text.h"
 #include "prancheta/editor/host.h"
 
 namespace prancheta {
 namespace {
-
-std::vector<std::wstring_view> partsOf(std::wstring_view line) {
-    std::vector<std::wstring_view> parts;
-    for (std::size_t from = 0; from <= line.size();) {
-        const std::size_t end = std::min(line.find(L',', from), line.size());
-        parts.push_back(trim(line.substr(from, end - from)));
-        from = end + 1;
-    }
-    return parts;
-}
 
 bool isObjects(std::wstring_view word) { return equalNoCase(word, L"objeto"); }
 
@@ -39,7 +30,7 @@ bool readColor(std::wstring_view text, int& index) {
 }  // namespace
 
 Result<void> PenTable::take(std::wstring_view line) {
-    const std::vector<std::wstring_view> parts = partsOf(line);
+    const std::vector<std::wstring_view> parts = partsOf(line, L',');
     const std::size_t blank = parts[0].find(L' ');
     if (parts.size() != 4 || blank == parts[0].npos)
         return Error{"requer \"cor NÚMERO, PENA, ESPESSURA, RETÍCULA\" ou \"camada NOME, ...\""};
@@ -73,15 +64,9 @@ Result<void> PenTable::take(std::wstring_view line) {
 
 Result<PenTable> PenTable::parse(std::string_view text, const std::string& name) {
     PenTable table;
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-    for (int number = 1; !text.empty(); ++number) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::wstring line = toWide(trim(text.substr(0, std::min(end, text.find(';')))));
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.empty()) continue;
-        if (const Result<void> taken = table.take(line); !taken)
-            return Error{taken.error().text, name, number, 0};
-    }
+    for (const SettingsLine& line : settingsLines(text))
+        if (const Result<void> taken = table.take(toWide(line.text)); !taken)
+            return Error{taken.error().text, name, line.number, 0};
     return table;
 }
 

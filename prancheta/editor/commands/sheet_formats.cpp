@@ -3,6 +3,7 @@
 #include "prancheta/editor/commands/sheet_formats.h"
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/settings_lines.h"
 #include "prancheta/base/text.h"
 #include "prancheta/editor/host.h"
 #include "prancheta/editor/plotter.h"
@@ -13,16 +14,6 @@ namespace {
 
 constexpr std::size_t kParts = 7;
 constexpr double kThickest = 2.11;  ///< mm, of lines in drawings
-
-std::vector<std::wstring_view> partsOf(std::wstring_view line, wchar_t between) {
-    std::vector<std::wstring_view> parts;
-    for (std::size_t from = 0; from <= line.size();) {
-        const std::size_t end = std::min(line.find(between, from), line.size());
-        parts.push_back(trim(line.substr(from, end - from)));
-        from = end + 1;
-    }
-    return parts;
-}
 
 /// Distances inside a side of the sheet; false for anything else.
 bool readFolds(std::wstring_view text, double side, std::vector<double>& folds) {
@@ -75,15 +66,10 @@ Result<std::vector<SheetFormat>> sheetFormats() {
     const Result<std::string> read = readFile(file);
     if (!read) return read.error();
     std::vector<SheetFormat> formats;
-    std::string_view text = *read;
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-    for (int number = 1; !text.empty(); ++number) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::wstring line = toWide(trim(text.substr(0, std::min(end, text.find(';')))));
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.empty()) continue;
-        Result<SheetFormat> format = formatOf(line);
-        if (!format) return Error{format.error().text, file.string(), number, 0};
+    for (const SettingsLine& line : settingsLines(*read)) {
+        const std::wstring text = toWide(line.text);
+        Result<SheetFormat> format = formatOf(text);
+        if (!format) return Error{format.error().text, file.string(), line.number, 0};
         formats.push_back(std::move(*format));
     }
     if (formats.empty()) return Error{"o arquivo não tem nenhum formato de folha", file.string()};
