@@ -91,12 +91,20 @@ void checkMarcaOfBarra(Survey& survey, const ZpObject& barra) {
     if (marked) checkMarcasOfChapas(survey, {barra, edit::chapasOf(barra)});
 }
 
+/// Members whose plates lie at both flanges; a view on these shows one plane for both.
+bool hasTwoPlanes(secao::Kind kind) {
+    using enum secao::Kind;
+    return kind == IDobrado || kind == CaixaDobrado || kind == DoisULaminado || kind == UULaminado;
+}
+
 /// A plate that an oblique end of its bar cuts; one that is seen flat may lie at any depth.
 void checkBeforeCut(Survey& survey, const ZpObject& barra, const ZpObject& chapa,
                     const secao::Bounds& box, double slack) {
     const Peca& p = Access::of(barra);
-    if (!cortes::oblique(p) || p.inSecao()) return;
     const bool flat = chapa.vista() != ZpObject::kVistaSecao;
+    // From the left, too, those of both flanges are drawn flat: their heights are not shown.
+    const bool shown = !flat || p.vista != ZpObject::kVistaEsquerda || !hasTwoPlanes(p.kind);
+    if (!cortes::oblique(p) || p.inSecao() || !shown) return;
     const double half = 0.5 * Access::of(chapa).comprimento;
     const auto reach = [&](std::size_t end) {
         return flat ? std::min(cortes::edgeAt(p, end, box.y0), cortes::edgeAt(p, end, box.y1))
@@ -125,12 +133,6 @@ void checkInside(Survey& survey, const ZpObject& barra, const ZpObject& chapa) {
                  beside ? L"a chapa não encosta na peça que ela trava."
                         : L"a chapa passa do fim da peça que ela trava.",
                  L"Mova a chapa, ou refaça o travejamento com EDITAPERFIL.");
-}
-
-/// Members whose plates lie at both flanges; a view on these shows one plane for both.
-bool hasTwoPlanes(secao::Kind kind) {
-    using enum secao::Kind;
-    return kind == IDobrado || kind == CaixaDobrado || kind == DoisULaminado || kind == UULaminado;
 }
 
 void checkPlanes(Survey& survey, const Travejada& t) {
