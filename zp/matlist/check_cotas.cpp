@@ -109,8 +109,10 @@ Edges edgesOf(const ZpObject& peca) {
         for (const secao::Level& level : p.secao().vista(p.vista).levels) {
             edges.y.push_back(level.w);
             if (!cortes::oblique(p)) continue;
-            const cortes::Fibre fibre = cortes::fibreAt(p, level.w);
-            edges.x.insert(edges.x.end(), {fibre.from, fibre.to});
+            // What is bought may lie behind the edges that are seen.
+            for (const cortes::Fibre& fibre :
+                 {cortes::fibreAt(p, level.w), cortes::longestFibre(p, level.w)})
+                edges.x.insert(edges.x.end(), {fibre.from, fibre.to});
         }
     for (const AcDbObjectId& id : edit::chapasOf(peca)) {
         const AcDbObjectPointer<ZpObject> chapa(id, AcDb::kForRead);
