@@ -160,6 +160,7 @@ public:
         was.values = before.values;
         was.comprimento = before.comprimento;
         was.cortes = before.cortes;
+        was.lacing = before.lacing;
         const LayingChapas laying;
         try {
             newRun(*command)->layAgain(was, values);

@@ -256,6 +256,9 @@ TEST_F(Cortes, CotasAndDialogsKeepTheEnds) {
     EXPECT_NEAR(degrees(id, 1), 45, 1e-9);
     EXPECT_NEAR(degrees(id, 0), -45, 1e-9);
     EXPECT_EQ(Read<ZpObject>(id)->getAltura(), 300);
+    // The lower edge is 50 further down and, along it, further back.
+    expectCota(whole, -150, -150, 1350, -150, 0, -200);
+    expectCota(part, 0, -150, 300, -150, 0, -170);
     EXPECT_NEAR(face(id, 3).x, 1650, 1e-6);
     EXPECT_EQ(setValue(id, L"corte_fim", 0), L"");
     EXPECT_NEAR(face(id, 3).x, 1500, 1e-6);

@@ -116,10 +116,18 @@ void measureAll(const Peca& after, Link& l) {
     l.points[1] = to;
 }
 
+/// Cuts, or a section whose fibres they leave longer or shorter.
+bool endsDiffer(const Peca& before, const Peca& after) {
+    const auto differs = [&](std::size_t end) {
+        return std::abs(cortes::furthest(before, end) - cortes::furthest(after, end)) > kSamePoint;
+    };
+    return before.cortes != after.cortes || differs(cortes::kStart) || differs(cortes::kEnd);
+}
+
 /// A dimension of all the piece goes with its longest fibre, one of an end with the cut of that;
 /// others do where they stood on a cut.
 void carryEnds(const Peca& before, const Peca& after, const Link& was, Link& l) {
-    if (before.inSecao() || after.inSecao() || before.cortes == after.cortes || l.count < 2) return;
+    if (before.inSecao() || after.inSecao() || l.count < 2 || !endsDiffer(before, after)) return;
     if (l.count >= 3 && measuresAll(before, was)) return measureAll(after, l);
     const bool ofEnd = [&] {
         const LearntPoint from = was.points[0];
@@ -185,7 +193,7 @@ std::unique_ptr<ZpObject> copyOf(const ZpObject& peca) {
 
 Former formerOf(const ZpObject& peca) {
     const Peca& p = Access::of(peca);
-    return {valuesOf(peca), p.comprimento, p.start, p.angle, p.cortes};
+    return {valuesOf(peca), p.comprimento, p.start, p.angle, p.cortes, member::of(peca).lacing};
 }
 
 secao::Kind kindOf(const ZpObject& peca) { return Access::of(peca).kind; }

@@ -60,13 +60,14 @@ Faces cornersOf(const ZpObject& peca);
 /// Box of its picture in another piece's frame, mm.
 secao::Bounds boxIn(const Frame& frame, const ZpObject& peca);
 
-/// Values, length of the axis, place and cuts of a piece before it was changed.
+/// Values, length of the axis, place, cuts and lacing of a piece before it was changed.
 struct Former {
     secao::RoleValues values;
     double comprimento = 0.0;
     AcGePoint3d start;
     double angle = 0.0;
     std::array<Corte, 2> cortes;
+    Lacing lacing;
 };
 Former formerOf(const ZpObject& peca);
 
