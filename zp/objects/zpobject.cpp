@@ -9,10 +9,12 @@
 
 #include "zp/objects/barra_data.h"
 #include "zp/objects/cortes.h"
+#include "zp/objects/edit.h"
 #include "zp/objects/links.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/picture.h"
 #include "zp/objects/published.h"
+#include "zp/objects/watch.h"
 
 using zp::Link;
 using zp::Peca;
@@ -147,6 +149,7 @@ Acad::ErrorStatus ZpObject::AlteraComprimento(double comprimento) {
     m_peca->comprimento = before;
     if (!possible) return Acad::eInvalidInput;
     assertWriteEnabled();
+    zp::watch::changes(objectId(), zp::edit::formerOf(*this));
     m_peca->comprimento = axis;
     m_peca->barraStale = true;
     recordGraphicsModified();

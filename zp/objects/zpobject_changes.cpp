@@ -105,6 +105,7 @@ Acad::ErrorStatus cut(ZpObject& peca, const AcDbObjectId& other, Face face, bool
     p.comprimento = L;
     if (!possible) return Acad::eInvalidInput;
     peca.assertWriteEnabled();
+    zp::watch::changes(peca.objectId(), zp::edit::formerOf(peca));
     p.start += zp::direction(p.angle) * from;
     p.comprimento = to - from;
     p.barraStale = true;
