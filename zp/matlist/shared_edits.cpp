@@ -47,10 +47,13 @@ public:
         const auto leader = std::ranges::find_if(leaders, changed);
         if (changes > 0 ? changes < std::ssize(counted) : counted.size() > 1) {
             // What was set to what it was is like the others, a view that has followed like its
-            // piece.
-            if (std::ranges::none_of(
-                    counted, [&](AcDbObjectId id) { return !changed(id) && alike(id, *leader); }))
-                sayApart(static_cast<int>(views.size()), changes > 0);
+            // piece, and a piece that changed may have its views along.
+            const bool same = std::ranges::any_of(
+                counted, [&](AcDbObjectId id) { return !changed(id) && alike(id, *leader); });
+            const bool along = changes > 0 && std::ranges::any_of(views, [&](AcDbObjectId id) {
+                                   return changed(id) && alike(id, *leader);
+                               });
+            if (!same && !along) sayApart(static_cast<int>(views.size()), changes > 0);
             return;
         }
         follow(*leader, views, m_locked);
