@@ -8,7 +8,7 @@
 
 #include "perfis/entities/zpchapa.h"
 #include "perfis/output/material_list.h"
-#include "zp/objects/secao/outline.h"
+#include "zp/objects/peca.h"
 
 namespace perfis {
 
