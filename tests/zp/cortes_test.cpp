@@ -330,6 +330,10 @@ TEST_F(Cortes, APieceIsCutByAnEdge) {
     type({L"-layer", L"_lo", L"0", L""});
     cut({{900, 0, id}}, {});
     EXPECT_TRUE(said(L"A camada da peça está bloqueada; desbloqueie-a para alterar."));
+    type({L"_trim", L""});
+    pick(900, 0, {id});
+    type({L""});
+    EXPECT_TRUE(said(L"A peça está em uma camada bloqueada")) << testing::PrintToString(ui.printed);
     EXPECT_EQ(setEnds(*editor, id, 0, 500),
               L"A camada da peça está bloqueada; desbloqueie-a para alterar.");
     EXPECT_EQ(std::pair(axis(), longest(id)), before);

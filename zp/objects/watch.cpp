@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cwchar>
 #include <cwctype>
-#include <map>
 #include <memory>
 #include <ranges>
 #include <string>
@@ -26,6 +25,7 @@
 #include "zp/objects/links.h"
 #include "zp/objects/member.h"
 #include "zp/objects/moved_chapas.h"
+#include "zp/objects/scaled.h"
 
 namespace zp::watch {
 namespace {
@@ -83,7 +83,7 @@ public:
         if (!m_reading) m_moved.note(id, before, what);
     }
     void scales(AcDbObjectId id, const std::wstring& before) {
-        if (!m_reading) m_scaled.try_emplace(id.asOldId(), id, before);
+        if (!m_reading) m_scaled.note(id, before);
     }
     void refused(AcDbObjectId id, const std::wstring& reason) {
         m_changed.put(id);
@@ -123,8 +123,7 @@ private:
     IdQueue m_stayed;      ///< on locked layers
     IdQueue m_heldByPeca;  ///< tied to a piece on a locked layer
     ends::Moved m_moved;
-    /// Scaled pieces and what they were called.
-    std::map<Adesk::LongPtr, std::pair<AcDbObjectId, std::wstring>> m_scaled;
+    Scaled m_scaled;
     IdQueue m_unlaced;  ///< copies of laced pieces that have no plates
     /// What a piece knew of something tied to it that was erased alone, and where among its links.
     struct Undone {
@@ -439,27 +438,8 @@ void sayOf(const IdQueue& ids, const wchar_t* one, const wchar_t* many) {
                    ids.order().size() == 1 ? one : many);
 }
 
-/// "U 200x75x3 passa a U 400x150x6 (2 peças)", each pair once.
-void sayScaled(const std::map<Adesk::LongPtr, std::pair<AcDbObjectId, std::wstring>>& scaled) {
-    constexpr std::size_t kMostLines = 5;
-    std::map<std::wstring, int> lines;
-    for (const auto& [key, piece] : scaled) {
-        const AcDbObjectPointer<ZpObject> peca(piece.first, AcDb::kForRead);
-        if (peca.object() == nullptr) continue;
-        const std::wstring now = Access::of(*peca.object()).designacao();
-        if (now != piece.second) ++lines[piece.second + L" passa a " + now];
-    }
-    std::size_t said = 0;
-    for (const auto& [line, count] : lines)
-        if (++said <= kMostLines)
-            acutPrintf(L"\nA escala muda o aço: %ls (%d %ls).\n", line.c_str(), count,
-                       count == 1 ? L"peça" : L"peças");
-    if (lines.size() > kMostLines)
-        acutPrintf(L"\nMais %d bitolas mudaram.\n", static_cast<int>(lines.size() - kMostLines));
-}
-
 void Drawing::say() {
-    sayScaled(std::exchange(m_scaled, {}));
+    m_scaled.say();
     sayOf(std::exchange(m_stayed, {}), L"fica como está, em camada bloqueada",
           L"ficam como estão, em camada bloqueada");
     sayOf(std::exchange(m_heldByPeca, {}), L"fica com a sua peça, que está em camada bloqueada",
