@@ -3,6 +3,7 @@
 #include "prancheta/plot/through.h"
 
 #include <QPaintEngine>
+#include <QPainterPath>
 #include <algorithm>
 
 #include "prancheta/database/database_core.h"
