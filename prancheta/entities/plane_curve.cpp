@@ -12,6 +12,7 @@
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/polyline_vertices.h"
+#include "prancheta/entities/spline_part.h"
 #include "prancheta/entities/weld_symbol.h"
 #include "prancheta/geometry/bulge.h"
 
@@ -116,7 +117,17 @@ std::optional<Curve> planeCurve(const AcDbEntity& entity) {
     return {};
 }
 
+std::optional<Curve> partableCurve(const AcDbEntity& entity) {
+    const auto* const spline = AcDbSpline::cast(&entity);
+    return spline != nullptr ? chordsOf(spline->data()) : planeCurve(entity);
+}
+
 Acad::ErrorStatus keepCurvePart(AcDbEntity& entity, double from, double to) {
+    if (auto* const spline = AcDbSpline::cast(&entity)) {
+        const bool within = from >= 0.0 && from < to && to <= chordsOf(spline->data()).count();
+        return within ? spline->setData(splinePart(spline->data(), from, to))
+                      : Acad::eNotApplicable;
+    }
     if (auto* const line = AcDbLine::cast(&entity)) {
         const AcGePoint3d start = line->startPoint();
         const AcGeVector3d along = line->endPoint() - start;

@@ -17,6 +17,9 @@ namespace prancheta {
 /// edge-on. The parameters go as the entity goes: a polyline's count its vertices.
 std::optional<Curve> planeCurve(const AcDbEntity& entity);
 
+/// The same, and of a spline its chords: what can be parted, if not made to go on.
+std::optional<Curve> partableCurve(const AcDbEntity& entity);
+
 /// Whether what it shows may cut, bound or be moved aside: curves, blocks and pieces, no
 /// annotations. Of foreign ones those that are curves or show a block.
 bool hasEdges(const AcDbEntity& entity);
@@ -26,7 +29,7 @@ Segment segmentOf(const Edge& edge);
 
 /// The entity becomes the part between two parameters, as Curve::part says; heights, bulges and
 /// widths go along. It must be open for write or in no drawing. eNotApplicable, and no change, for
-/// a circle, which would have to be an arc, and for what is no curve.
+/// a circle, which would have to be an arc, for a spline beyond its ends, and for what is no curve.
 Acad::ErrorStatus keepCurvePart(AcDbEntity& entity, double from, double to);
 
 /// That part as an entity of its own with the same properties, in no drawing; null for what is no

@@ -68,7 +68,8 @@ double offArc(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3d& b,
 
 class Follower {
 public:
-    Follower(const SplineData& s, By by, Points& out) : m_spline(s), m_by(by), m_out(out) {
+    Follower(const SplineData& s, By by, Points& out, std::vector<double>* knots)
+        : m_spline(s), m_by(by), m_out(out), m_knots(knots) {
         // The same however it is turned.
         for (const AcGePoint3d& p : s.control)
             m_tolerance = std::max(m_tolerance, p.distanceTo(s.control[0]) * kDeviation);
@@ -81,7 +82,7 @@ public:
             if (!(k[span + 1] > k[span])) continue;
             m_span = span;
             const AcGePoint3d from = pointAt(m_spline, span, k[span]);
-            if (m_out.empty()) m_out.push_back(from);
+            if (m_out.empty()) add(from, k[span]);
             // A span with an S in it would look straight in its middle.
             const double middle = std::midpoint(k[span], k[span + 1]);
             const AcGePoint3d half = pointAt(m_spline, span, middle);
@@ -101,17 +102,23 @@ private:
                                ? std::max(offArc(a, m, b, first), offArc(a, m, b, second))
                                : std::max(offLine(a, m, first), offLine(m, b, second));
         if (off <= m_tolerance || depth >= kDeepest) {
-            m_out.push_back(m);
-            m_out.push_back(b);
+            add(m, middle);
+            add(b, high);
             return;
         }
         piece(low, middle, a, m, depth + 1);
         piece(middle, high, m, b, depth + 1);
     }
 
+    void add(const AcGePoint3d& p, double knot) {
+        m_out.push_back(p);
+        if (m_knots != nullptr) m_knots->push_back(knot);
+    }
+
     const SplineData m_spline;
     const By m_by;
     Points& m_out;
+    std::vector<double>* m_knots;
     std::size_t m_span = 0;
     double m_tolerance = 0.0;
 };
@@ -183,9 +190,16 @@ bool isCurve(const SplineData& s) {
              std::ranges::all_of(s.weights, [](double w) { return w > 0.0; })));
 }
 
-std::vector<AcGePoint3d> splinePlaces(const SplineData& data, By by) {
+SplineData controlledBy(const SplineData& data) {
+    if (!data.control.empty()) return data;
+    SplineData made = throughFit(data);
+    made.normal = data.normal;
+    return made;
+}
+
+std::vector<AcGePoint3d> splinePlaces(const SplineData& data, By by, std::vector<double>* knots) {
     Points places;
-    Follower(data.control.empty() ? throughFit(data) : data, by, places).run();
+    Follower(controlledBy(data), by, places, knots).run();
     return places;
 }
 

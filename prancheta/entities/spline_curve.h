@@ -19,7 +19,11 @@ bool isCurve(const SplineData& data);
 /// are their ends, for one at one height; or by chords.
 enum class By { Arcs, Chords };
 /// Places along the curve, an odd number, so that what is drawn leaves it by less than 1e-5 of its
-/// size. O(control points).
-std::vector<AcGePoint3d> splinePlaces(const SplineData& data, By by);
+/// size. O(control points). `knots` gets their knot values, of controlledBy().
+std::vector<AcGePoint3d> splinePlaces(const SplineData& data, By by,
+                                      std::vector<double>* knots = nullptr);
+
+/// The same curve, also of one that is told by fit points only.
+SplineData controlledBy(const SplineData& data);
 
 }  // namespace prancheta

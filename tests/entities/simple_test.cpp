@@ -5,6 +5,7 @@
 #include "dbviewport.h"
 #include "fixture.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/entities/spline_part.h"
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/curves.h"
 
@@ -245,6 +246,26 @@ TEST_F(SimpleTest, SplinesAreTheCurvesTheyAre) {
     EXPECT_EQ(parabola.getOsnapPoints(AcDb::kOsModeMid, 0, {}, {}, {}, middle, ids), Acad::eOk);
     ASSERT_EQ(middle.length(), 1);
     EXPECT_NEAR(middle[0].distanceTo({2, 4, 0}), 0, 1e-4);
+
+    // Their parts lie on them, with ends that were no control points.
+    const auto offCurve = [&](const SplineData& whole, const AcGePoint3d& p) {
+        return whole.weights.empty() ? p.y - (3 * p.x - 0.75 * p.x * p.x)
+                                     : std::hypot(p.x - 5, p.y - 5) - 10;
+    };
+    for (const SplineData& whole : {bent, round}) {
+        const Curve all = chordsOf(whole);
+        const double from = 0.25 * all.count() + 0.3;
+        const double to = 0.75 * all.count() + 0.3;
+        AcDbSpline part;
+        ASSERT_EQ(part.setData(splinePart(whole, from, to)), Acad::eOk);
+        EXPECT_NEAR(offCurve(whole, part.data().control.front()), 0.0, 1e-9);
+        EXPECT_NEAR(offCurve(whole, part.data().control.back()), 0.0, 1e-9);
+        EXPECT_NEAR(part.length(), all.lengthAt(to) - all.lengthAt(from), 1e-2);
+        points.clear();
+        appendOutline(pictureOf(part)[0], 1e-7, points);
+        for (const AcGePoint3d& p : points) EXPECT_NEAR(offCurve(whole, p), 0.0, 2e-4);
+        EXPECT_EQ(splinePart(whole, 0.0, all.count()).control.size(), whole.control.size());
+    }
 
     // Through its fit points, leaving the first one straight up.
     SplineData through;

@@ -49,7 +49,7 @@ CommandTask breakObject(CommandContext context) {
             refuse(context, L"Nenhum objeto aí.");
             continue;
         }
-        target = cutTarget(context, pickedToCut(context, picked));
+        target = cutTarget(context, pickedToCut(context, picked), Cuts::SplinesToo);
         first = picked.point;
     }
     InputValue second = co_await context.ask(

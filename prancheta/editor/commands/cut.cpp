@@ -26,7 +26,7 @@ const protocol::EntityLength* lengthOf(const AcDbEntity& entity) {
 }
 
 /// The target, or in `whyNot` why there is none.
-std::optional<CutTarget> find(AcDbObjectId id, std::wstring& whyNot) {
+std::optional<CutTarget> find(AcDbObjectId id, Cuts cuts, std::wstring& whyNot) {
     const Reader entity(id, AcDb::kForRead);
     if (entity.openStatus() != Acad::eOk) {
         whyNot = L"O objeto não pode ser aberto.";
@@ -38,11 +38,16 @@ std::optional<CutTarget> find(AcDbObjectId id, std::wstring& whyNot) {
                      : L"O objeto está em uma camada bloqueada.";
         return {};
     }
-    if (std::optional<Curve> curve = planeCurve(*entity.object()))
+    const auto curveOf = cuts == Cuts::SplinesToo ? partableCurve : planeCurve;
+    if (std::optional<Curve> curve = curveOf(*entity.object()))
         return CutTarget{id, std::move(*curve), false};
     const protocol::EntityLength* const length = lengthOf(*entity.object());
     if (length == nullptr) {
-        whyNot = L"Só linhas, arcos, círculos, elipses, polilinhas e peças podem ser cortados.";
+        whyNot =
+            cuts == Cuts::SplinesToo
+                ? L"Só linhas, arcos, círculos, elipses, polilinhas, splines e peças podem "
+                  L"ser cortados."
+                : L"Só linhas, arcos, círculos, elipses, polilinhas e peças podem ser cortados.";
         return {};
     }
     AcGePoint3d start;
@@ -127,22 +132,23 @@ void refuse(const CommandContext& context, std::wstring_view why) {
     context.editor().complain(why, Complaint::Refused);
 }
 
-std::optional<CutTarget> cutTarget(const CommandContext& context, AcDbObjectId id) {
+std::optional<CutTarget> cutTarget(const CommandContext& context, AcDbObjectId id, Cuts cuts) {
     std::wstring whyNot;
-    std::optional<CutTarget> target = find(id, whyNot);
+    std::optional<CutTarget> target = find(id, cuts, whyNot);
     if (!target) refuse(context, whyNot);
     return target;
 }
 
 bool canBeCut(AcDbObjectId id) { return cutTargetOrNone(id).has_value(); }
+bool canBeParted(AcDbObjectId id) { return cutTargetOrNone(id, Cuts::SplinesToo).has_value(); }
 
 AcDbObjectId pickedToCut(const CommandContext& context, const InputValue& picked) {
     return wantedAt(context.editor(), picked.entities.front(), picked.point, canBeCut);
 }
 
-std::optional<CutTarget> cutTargetOrNone(AcDbObjectId id) {
+std::optional<CutTarget> cutTargetOrNone(AcDbObjectId id, Cuts cuts) {
     std::wstring unsaid;
-    return find(id, unsaid);
+    return find(id, cuts, unsaid);
 }
 
 bool setEnds(const CommandContext& context, const CutTarget& target, double from, double to) {

@@ -16,14 +16,19 @@ struct CutTarget {
     Curve curve;
     bool bar = false;
 };
+/// Splines can be parted, and not made to go on.
+enum class Cuts { NoSplines, SplinesToo };
 /// Nothing, after telling why (a refused answer), when the object cannot be cut: of another kind,
 /// on a locked layer, or the module's own reason.
-std::optional<CutTarget> cutTarget(const CommandContext& context, AcDbObjectId id);
+std::optional<CutTarget> cutTarget(const CommandContext& context, AcDbObjectId id,
+                                   Cuts cuts = Cuts::NoSplines);
 /// The same without a word, for previews.
-std::optional<CutTarget> cutTargetOrNone(AcDbObjectId id);
+std::optional<CutTarget> cutTargetOrNone(AcDbObjectId id, Cuts cuts = Cuts::NoSplines);
 
 /// True when there is one.
 bool canBeCut(AcDbObjectId id);
+/// The same, splines too.
+bool canBeParted(AcDbObjectId id);
 /// The object of a pick that found one; where it cannot be cut, one that can and lies there too.
 AcDbObjectId pickedToCut(const CommandContext& context, const InputValue& picked);
 

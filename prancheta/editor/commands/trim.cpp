@@ -58,10 +58,12 @@ std::optional<Range> extendedAt(const Editor& editor, const CuttingEdges& edges,
     return start ? Range{t, curve.count()} : Range{0.0, t};
 }
 
+Cuts cutsOf(Way way) { return way == Way::Trim ? Cuts::SplinesToo : Cuts::NoSplines; }
+
 /// What remains of the object, or its new parts; empty when nothing was done and the reason told.
 Ids cutAt(const CommandContext& context, CuttingEdges& edges, AcDbObjectId id, const Vec2& pick,
           Way way) {
-    const std::optional<CutTarget> target = cutTarget(context, id);
+    const std::optional<CutTarget> target = cutTarget(context, id, cutsOf(way));
     if (!target) return {};
     if (way == Way::Extend) {
         if (target->curve.closed()) {
@@ -84,8 +86,9 @@ Ids cutAt(const CommandContext& context, CuttingEdges& edges, AcDbObjectId id, c
 
 void showCut(const Editor& editor, const CuttingEdges& edges, Way way, const AcGePoint3d& at,
              Picture& out) {
-    const AcDbObjectId id = entityAt(editor, at, canBeCut);
-    const std::optional<CutTarget> target = id.isNull() ? std::nullopt : cutTargetOrNone(id);
+    const AcDbObjectId id = entityAt(editor, at, canBeParted);
+    const std::optional<CutTarget> target =
+        id.isNull() ? std::nullopt : cutTargetOrNone(id, cutsOf(way));
     if (!target) return;
     if (way == Way::Trim) {
         if (const auto range = partAt(editor, edges, *target, seen(at)))
@@ -107,17 +110,21 @@ std::size_t cutAlong(const CommandContext& context, CuttingEdges& edges, const I
     const Curve fence(std::move(chain), false);
     std::size_t done = 0;
     for (const AcDbObjectId& id : found) {
-        const std::optional<CutTarget> target = cutTargetOrNone(id);
+        const std::optional<CutTarget> target = cutTargetOrNone(id, cutsOf(way));
         if (!target) continue;
+        // Chords of a part of a spline are others than those of the whole.
+        constexpr double kOfSplines = 4e-5;
+        const Box2d& box = target->curve.box();
+        const double slack = canBeCut(id) ? 64.0 * target->curve.tolerance()
+                                          : kOfSplines * (box.width() + box.height());
         std::vector<Vec2> picks;
         for (const Meeting& m : meetingsOf(target->curve, fence)) picks.push_back(m.point);
         if (picks.empty()) picks.push_back(target->curve.at(target->curve.nearest(fence.start())));
         Ids parts{id};
         for (const Vec2& pick : picks) {
             const auto holds = std::find_if(parts.begin(), parts.end(), [&](AcDbObjectId part) {
-                const auto now = cutTargetOrNone(part);
-                return now && distance(now->curve.at(now->curve.nearest(pick)), pick) <=
-                                  64.0 * target->curve.tolerance();
+                const auto now = cutTargetOrNone(part, cutsOf(way));
+                return now && distance(now->curve.at(now->curve.nearest(pick)), pick) <= slack;
             });
             if (holds == parts.end()) continue;
             const Ids left = cutAt(context, edges, *holds, pick, way);
