@@ -43,16 +43,28 @@ bool addCopy(const CommandContext& context, const AcGePoint3d& place, Detail& de
     return !detail.head.isNull();
 }
 
-/// A viewport of the region's size on paper, locked; the frame of a round one is not plotted, the
-/// circle that clips it is.
-bool addWindow(const CommandContext& context, const AcGePoint3d& place, Detail& detail) {
+/// The circle that clips a round window; it is plotted, and the frame is not.
+void clip(const CommandContext& context, Detail& detail) {
+    const AcDbViewport& window = *viewportOf(detail.head);
+    detail.border = add(context, context.editor().spaces().tab(),
+                        std::make_unique<AcDbCircle>(window.centerPoint(), AcGeVector3d::kZAxis,
+                                                     window.width() / 2.0));
+    changeViewports(context, {detail.head}, [&](AcDbViewport& viewport) {
+        (void)viewport.setNonRectClipEntityId(detail.border);  // open for write
+    });
+}
+
+/// A viewport of the region's size on paper, locked, and the label below it.
+bool addWindow(const CommandContext& context, const AcGePoint3d& place, bool round,
+               Detail& detail) {
     const Box2d& region = detail.region;
     const double x = region.width() / detail.scale / 2.0;
     const double y = region.height() / detail.scale / 2.0;
     const AcDbObjectId sheet = context.editor().spaces().tab();
     detail.head = addViewport(context, {place.x - x, place.y - y, place.x + x, place.y + y});
     if (detail.head.isNull()) return false;
-    const AcDbObjectId layer = context.database().core().ensureLayer(kDetailLayer);
+    const AcDbObjectId layer =
+        round ? unplottedLayer(context) : context.database().core().ensureLayer(kDetailLayer);
     changeViewports(context, {detail.head}, [&](AcDbViewport& viewport) {
         (void)viewport.setLayer(layer);  // open for write, sizes above 0
         (void)viewport.setViewCenter(
@@ -60,6 +72,7 @@ bool addWindow(const CommandContext& context, const AcGePoint3d& place, Detail& 
         (void)viewport.setCustomScale(1.0 / detail.scale);
         (void)viewport.setLocked();
     });
+    if (round) clip(context, detail);
     detail.frame = frameOf(*viewportOf(detail.head));
     const AcGePoint3d below(place.x, place.y - y - kDetailGap, 0.0);
     detail.label = add(
@@ -109,8 +122,8 @@ CommandEnd drawDetail(const CommandContext& context, DetailOrder order) {
                                    database.core().current(DatabaseCore::kTextStyle), height));
     const bool onSheet = context.editor().spaces().onSheet();
     if (onSheet) detail.drawnFor = unit;
-    const bool drawn =
-        onSheet ? addWindow(context, order.place, detail) : addCopy(context, order.place, detail);
+    const bool drawn = onSheet ? addWindow(context, order.place, round, detail)
+                               : addCopy(context, order.place, detail);
     if (!drawn || detail.outline.isNull() || !keepDetail(database, detail)) {
         say(context, L"O detalhe não pôde ser desenhado.");
         return CommandEnd::Failed;

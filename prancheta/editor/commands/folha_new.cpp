@@ -22,7 +22,6 @@ namespace prancheta::commands {
 namespace {
 
 constexpr const wchar_t* kUsualFormat = L"A1";
-constexpr const wchar_t* kViewportLayer = L"FOLHA_JANELA";
 constexpr const wchar_t* kFirstTab = L"Layout1";
 constexpr double kFoldMark = 5.0;   ///< mm, or the margin where that is smaller
 constexpr double kRevisions = 4.0;  ///< rows kept free where they stand above the title block
@@ -184,10 +183,7 @@ Box2d drawTitle(const CommandContext& context, const NewSheet& sheet, const Shee
 void drawViewport(const CommandContext& context, const Box2d& frame, double scale) {
     const AcDbObjectId id = addViewport(context, frame);
     if (id.isNull()) return;
-    const AcDbObjectId layer = context.database().core().ensureLayer(kViewportLayer);
-    if (const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
-        record.openStatus() == Acad::eOk)
-        (void)record->setIsPlottable(false);
+    const AcDbObjectId layer = unplottedLayer(context);
     changeViewports(context, {id}, [&](AcDbViewport& viewport) {
         (void)viewport.setLayer(layer);  // it is open for write, and the scale above 0
         (void)viewport.setCustomScale(1.0 / scale);

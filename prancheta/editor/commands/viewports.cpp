@@ -112,4 +112,12 @@ AcDbObjectId addViewport(const CommandContext& context, const Box2d& frame) {
     return addEntity(context, std::move(viewport));
 }
 
+AcDbObjectId unplottedLayer(const CommandContext& context) {
+    const AcDbObjectId layer = context.database().core().ensureLayer(L"FOLHA_JANELA");
+    if (const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
+        record.openStatus() == Acad::eOk)
+        (void)record->setIsPlottable(false);
+    return layer;
+}
+
 }  // namespace prancheta::commands

@@ -24,4 +24,7 @@ bool needsSheet(const CommandContext& context, const wchar_t* command);
 /// saying why not. The sheet gets its own view with the first.
 AcDbObjectId addViewport(const CommandContext& context, const Box2d& frame);
 
+/// The layer of viewports whose frames are not plotted.
+AcDbObjectId unplottedLayer(const CommandContext& context);
+
 }  // namespace prancheta::commands
