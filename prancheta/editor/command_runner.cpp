@@ -203,7 +203,9 @@ void CommandRunner::end(RunningCommand& command, CommandEnd how) {
     m_editor.programs().reactors().tell(kMessages[static_cast<int>(how)], command.name.c_str());
     m_editor.dimensionTies().settle();
     const bool counts = command.undoDatabase != nullptr && how != CommandEnd::Failed;
-    m_editor.followChanges(counts ? Editor::Step::Undoable : Editor::Step::Other);
+    // Inside another command a step goes on.
+    if (counts || !command.transparent)
+        m_editor.followChanges(counts ? Editor::Step::Undoable : Editor::Step::Other);
     closeUndo(command, how);
     if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW))
         m_editor.selection().clear();
