@@ -269,7 +269,10 @@ Ids eraseAll(const CommandContext& context, const Ids& ids) {
 }
 
 double annotationScale(const CommandContext& context) {
-    return context.editor().spaces().drawsOnPaper() ? 1.0 : context.database().dimscale();
+    const Spaces& spaces = context.editor().spaces();
+    if (spaces.drawsOnPaper()) return 1.0;
+    const AcDbViewport* const through = viewportOf(spaces.viewport());
+    return through != nullptr ? 1.0 / through->customScale() : context.database().dimscale();
 }
 
 double userTurn(const CommandContext& context) { return turnOf(context.editor().ucs()); }

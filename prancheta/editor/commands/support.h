@@ -126,7 +126,8 @@ void eraseForOops(const CommandContext& context, const Ids& ids);
 /// when that fails; the entity is deleted then.
 AcDbObjectId addEntity(const CommandContext& context, std::unique_ptr<AcDbEntity> entity);
 
-/// Drawing units of a millimetre on paper: DIMSCALE, and 1 on a sheet.
+/// Drawing units of a millimetre on paper: DIMSCALE, through a viewport as its scale has it, and 1
+/// on a sheet.
 double annotationScale(const CommandContext& context);
 
 /// How far the user's X axis is turned from the world's: what is added to a direction that the user
