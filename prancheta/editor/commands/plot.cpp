@@ -5,6 +5,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/memory.h"
+#include "prancheta/editor/commands/sheets.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/editor.h"
@@ -221,6 +222,7 @@ CommandTask plot(CommandContext context) {
         memory(context).plot = settings;
     else
         memory(context).plot.monochrome = settings.monochrome;
+    if (context.editor().spaces().onSheet()) refreshDate(context, context.editor().spaces().tab());
     const Result<std::wstring> sent = send(context.editor(), settings, target);
     if (!sent) {
         context.editor().complain(toWide(sent.error().message()));

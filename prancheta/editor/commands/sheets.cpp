@@ -12,6 +12,7 @@
 #include "prancheta/editor/commands/sheet_formats.h"
 #include "prancheta/editor/commands/sheet_values.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/plotter.h"
 #include "prancheta/entities/insert_parts.h"
 #include "prancheta/entities/viewports.h"
 
@@ -158,6 +159,17 @@ std::size_t refreshSheets(const CommandContext& context) {
         writeTexts(context, sheets[i].block);
     }
     return sheets.size();
+}
+
+void refreshDate(const CommandContext& context, AcDbObjectId space) {
+    {
+        const AcDbObjectPointer<AcDbBlockReference> title(titleOf(space), AcDb::kForWrite);
+        if (title.openStatus() != Acad::eOk) return;
+        const std::wstring former = fieldOf(*title.object(), L"DATA");
+        if (former.empty() || former == sheetDate()) return;
+        setField(*title.object(), L"DATA", sheetDate());
+    }
+    writeTexts(context, space);
 }
 
 }  // namespace prancheta::commands

@@ -37,5 +37,7 @@ void setField(AcDbBlockReference& title, std::wstring_view tag, const std::wstri
 /// Fills scale, number, weight, file and date of every sheet and writes all its texts anew; their
 /// number. O(sheets' entities).
 std::size_t refreshSheets(const CommandContext& context);
+/// Writes today into the date of a sheet that has a title block and another date.
+void refreshDate(const CommandContext& context, AcDbObjectId space);
 
 }  // namespace prancheta::commands

@@ -134,8 +134,8 @@ constexpr BuiltInCommand kTable[] = {
     {L"MSPACE",      L"MSPACE",       ACRX_CMD_NO_UNDO_MARKER, commands::mspace},
     {L"PSPACE",      L"PSPACE",       ACRX_CMD_NO_UNDO_MARKER, commands::pspace},
 
-    {L"PLOT",        L"PLOTAR",       ACRX_CMD_NO_UNDO_MARKER, commands::plotInWindow},
-    {L"-PLOT",       L"-PLOTAR",      ACRX_CMD_NO_UNDO_MARKER, commands::plot},
+    {L"PLOT",        L"PLOTAR",       kModal,   commands::plotInWindow},
+    {L"-PLOT",       L"-PLOTAR",      kModal,   commands::plot},
     {L"ARX",         L"ARX",          kSession, commands::arx},
     {L"HELP",        L"AJUDA",        kView,    commands::help},
     {L"SCRIPT",      L"SCRIPT",       kSession, commands::script},
