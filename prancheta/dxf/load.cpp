@@ -383,7 +383,7 @@ Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* dxfFilename, const ACHAR*) {
     AcDbDatabase* const working = acdbHostApplicationServices()->workingDatabase();
     const std::filesystem::path path = pathFromUtf8(toUtf8(dxfFilename));
     registerEntityClasses();
-    const Result<dxf::FileText> file = dxf::textOf(path);
+    const Result<dxf::FileText> file = dxf::textOf(path, dxf::Damage::IsAnError);
     dxf::LoadReport unread;
     const bool whole = file && dxf::loadInto(*this, *file, path, unread);
     acdbHostApplicationServices()->setWorkingDatabase(working);
