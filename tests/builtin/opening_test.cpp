@@ -140,7 +140,7 @@ TEST_F(Opening, DamagedFilesAreRefusedByOpenAndRecoveredByName) {
     type({L"recuperar", L"_y", typed.c_str()});
     EXPECT_EQ(count(), 1u) << "the first point is whole; nobody knows of the last";
     EXPECT_TRUE(said(L"Linha 18: POINT: "));
-    EXPECT_TRUE(said(L"4 perdas ou reparos no arquivo."));
+    EXPECT_TRUE(said(L"5 perdas ou reparos no arquivo."));
     EXPECT_TRUE(editor->file().modified());
     EXPECT_EQ(editor->file().name(), name);
     type({L"_open", L"_y", (folder / "nenhum.dxf").wstring().c_str()});

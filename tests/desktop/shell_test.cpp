@@ -317,7 +317,7 @@ TEST_F(Window, MenusKnowEveryProfileCommandAndNoOther) {
     }
     // Thirty profiles and their search, the list's six, steel, sheet of the section, flat strip and
     // catalogues.
-    EXPECT_EQ(profiles.size(), 45u);
+    EXPECT_EQ(profiles.size(), 46u);
     for (const auto& bar : menus->toolbars) {
         for (const QString& entry : bar.entries) {
             if (entry.isEmpty()) continue;
