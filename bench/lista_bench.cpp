@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Cost of a material list: entering all pieces of a drawing, its rows, numbering it anew, one edit
-// among them. The pieces have a hundred sections and a thousand lengths.
+// among them, comparing it with another drawing of it. The pieces have a hundred sections and a
+// thousand lengths.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -12,11 +13,13 @@
 #include "perfis/entities/zpfuncoes.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/edit_group.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/entities/register.h"
 #include "zp/matlist/book.h"
+#include "zp/matlist/compare.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/group.h"
 
@@ -137,6 +140,31 @@ void editUnlisted(benchmark::State& state) {
     edit(state, *g_unlisted);
 }
 
+/// The drawing against its own file, both in memory: Arg(1) moves every member by a millimetre.
+void compare(benchmark::State& state) {
+    Job& job = listed(static_cast<int>(state.range(0)));
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "lista_bench.dxf";
+    (void)job.editor->file().saveCopy(file);
+    AcDbDatabase before(false, true);
+    if (before.dxfIn(file.wstring().c_str()) != Acad::eOk) std::abort();
+    std::filesystem::remove(file);
+    for (auto _ : state) {
+        auto now = zp::matlist::membersOf(job.editor->database());
+        if (state.range(1) != 0)
+            for (zp::matlist::Member& m : now) m.start.x += 1.0, m.end.x += 1.0;
+        benchmark::DoNotOptimize(
+            zp::matlist::compareMembers(zp::matlist::membersOf(before), now).size());
+    }
+    zp::matlist::Book::forget(&before);
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+BENCHMARK(compare)
+    ->Args({10000, 0})
+    ->Args({10000, 1})
+    ->Args({100000, 0})
+    ->Args({100000, 1})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(group)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(groupAgain)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(rows)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <ranges>
 #include <tuple>
 #include <unordered_map>
@@ -28,42 +30,47 @@ constexpr double kSamePlace = 0.05;
 constexpr double kLengthStep = 0.01;
 constexpr double kSizeStep = 1e-4;
 constexpr double kPlaceStep = 1.0;
+constexpr double kAngleStep = 1e-3;
 
-void put(std::string& key, long long value) {
-    key.append(reinterpret_cast<const char*>(&value), sizeof value);
-}
-void put(std::string& key, double value, double step) { put(key, std::llround(value / step)); }
-void put(std::string& key, const std::wstring& text) {
-    put(key, static_cast<long long>(text.size()));
-    key.append(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t));
-}
+/// Of what members are looked up by: 64 bits, so that two of a job's members come out alike by
+/// chance once in a thousand million drawings.
+class Hash {
+public:
+    Hash& put(long long value) {
+        m_hash = (m_hash ^ static_cast<std::uint64_t>(value)) * 0x9E3779B97F4A7C15U;
+        m_hash ^= m_hash >> 29U;
+        m_hash *= 0xBF58476D1CE4E5B9U;
+        m_hash ^= m_hash >> 32U;
+        return *this;
+    }
+    Hash& put(double value, double step) { return put(std::llround(value / step)); }
+    Hash& put(std::wstring_view text) {
+        put(static_cast<long long>(text.size()));
+        for (const wchar_t c : text) put(static_cast<long long>(c));
+        return *this;
+    }
+    std::uint64_t value() const { return m_hash; }
 
-std::string steelKeyOf(const ZpObject& peca) {
+private:
+    std::uint64_t m_hash = 0x2545F4914F6CDD1DU;
+};
+
+std::uint64_t steelHashOf(const ZpObject& peca) {
     const Peca& p = Access::of(peca);
-    std::string key;
-    put(key, p.tipoBarra);
-    put(key, steelOf(peca));
-    put(key, peca.getComprimentoReal(), kLengthStep);
-    if (p.chapa()) {
-        put(key, p.actual[0], kSizeStep);
-        put(key, p.actual[1], kSizeStep);
-        return key;
-    }
-    put(key, p.kgMetro(), kSizeStep);
-    for (const Corte& corte : p.cortes) {
-        put(key, corte.x, kSizeStep);
-        put(key, corte.y, kSizeStep);
-    }
+    Hash hash;
+    hash.put(p.tipoBarra).put(steelOf(peca)).put(peca.getComprimentoReal(), kLengthStep);
+    if (p.chapa()) return hash.put(p.actual[0], kSizeStep).put(p.actual[1], kSizeStep).value();
+    hash.put(p.kgMetro(), kSizeStep);
+    for (const Corte& corte : p.cortes) hash.put(corte.x, kSizeStep).put(corte.y, kSizeStep);
     const Lacing& lacing = member::of(peca).lacing;
-    for (const double value : {lacing.A, lacing.C, lacing.L1}) put(key, value, kLengthStep);
-    put(key, lacing.n);
-    put(key, lacing.planes);
+    for (const double value : {lacing.A, lacing.C, lacing.L1}) hash.put(value, kLengthStep);
+    hash.put(lacing.n).put(lacing.planes);
     const secao::RoleValues values = p.roles();
     for (std::size_t i = 0; i < values.v.size(); ++i) {
         const auto role = static_cast<secao::Role>(i);
-        if (role != secao::Role::L && role != secao::Role::Giro) put(key, values.v[i], kSizeStep);
+        if (role != secao::Role::L && role != secao::Role::Giro) hash.put(values.v[i], kSizeStep);
     }
-    return key;
+    return hash.value();
 }
 
 Member memberOf(const ZpObject& peca) {
@@ -75,9 +82,8 @@ Member memberOf(const ZpObject& peca) {
     m.kg = peca.getPeso();
     m.start = p.start;
     m.end = p.end();
-    put(m.kind, static_cast<int>(p.kind));
-    m.steel = steelKeyOf(peca);
-    m.name = wordsOf(peca);
+    m.kind = Hash().put(static_cast<int>(p.kind)).value();
+    m.steel = steelHashOf(peca);
     return m;
 }
 
@@ -89,11 +95,9 @@ Member memberOf(const Linha& row) {
     m.listed = true;
     m.chapa = true;
     m.kg = row.pesoUnitario;
-    put(m.kind, row.descricao);
-    put(m.steel, row.dimensoes);
-    put(m.steel, row.material);
-    put(m.steel, row.comprimento, kLengthStep);
-    m.name = wordsOf(row);
+    m.kind = Hash().put(row.descricao).value();
+    m.steel = Hash().put(row.dimensoes).put(row.material).put(row.comprimento, kLengthStep).value();
+    m.row = wordsOf(row);
     return m;
 }
 
@@ -107,22 +111,30 @@ public:
           m_taken(before.size()) {}
 
     /// `key` tells what has to be alike, nothing where the member is not to be matched by it. In
-    /// the order of the drawings where several are.
+    /// the order of the drawings where several are. O(n log n).
     template <class Key>
     void match(Key key) {
-        std::unordered_map<std::string, std::vector<std::size_t>> waiting;
-        for (std::size_t i = m_before.size(); i-- > 0;)
+        Keyed before;
+        for (std::size_t i = 0; i < m_before.size(); ++i)
             if (!m_taken[i])
-                if (std::string k = key(m_before[i]); !k.empty())
-                    waiting[std::move(k)].push_back(i);
-        if (waiting.empty()) return;
-        for (std::size_t i = 0; i < m_after.size(); ++i) {
-            if (m_partner[i] != kNone) continue;
-            const auto found = waiting.find(key(m_after[i]));
-            if (found == waiting.end() || found->second.empty()) continue;
-            m_partner[i] = found->second.back();
-            m_taken[m_partner[i]] = true;
-            found->second.pop_back();
+                if (const std::optional<std::uint64_t> k = key(m_before[i]))
+                    before.emplace_back(*k, i);
+        if (before.empty()) return;
+        Keyed after;
+        for (std::size_t i = 0; i < m_after.size(); ++i)
+            if (m_partner[i] == kNone)
+                if (const std::optional<std::uint64_t> k = key(m_after[i]))
+                    after.emplace_back(*k, i);
+        std::ranges::sort(before);
+        std::ranges::sort(after);
+        for (auto b = before.begin(), a = after.begin(); b != before.end() && a != after.end();) {
+            if (b->first == a->first) {
+                m_partner[a->second] = b->second;
+                m_taken[b->second] = true;
+                ++a, ++b;
+            } else {
+                b->first < a->first ? ++b : ++a;
+            }
         }
     }
     const Member* partner(std::size_t after) const {
@@ -131,6 +143,7 @@ public:
     bool taken(std::size_t before) const { return m_taken[before]; }
 
 private:
+    using Keyed = std::vector<std::pair<std::uint64_t, std::size_t>>;
     static constexpr auto kNone = static_cast<std::size_t>(-1);
     const std::vector<Member>& m_before;
     const std::vector<Member>& m_after;
@@ -138,42 +151,44 @@ private:
     std::vector<bool> m_taken;
 };
 
-void put(std::string& key, const AcGePoint3d& p) {
-    for (const double value : {p.x, p.y, p.z}) put(key, value, kPlaceStep);
-}
+/// What a member may be known by, within its kind of section. Plates and rows go without a place.
+using Known = std::optional<std::uint64_t>;
 
-/// What a member may be known by. Plates and rows go without a place.
-std::string byMarca(const Member& m) {
-    std::string key = m.kind;
-    put(key, m.marca);
-    return m.marca.empty() ? std::string() : key;
+Known byMarca(const Member& m) {
+    if (m.marca.empty()) return {};
+    return Hash().put(static_cast<long long>(m.kind)).put(m.marca).value();
 }
-std::string bySteel(const Member& m) { return m.kind + m.steel; }
-std::string byHandle(const Member& m) {
-    std::string key = m.kind;
-    put(key, static_cast<long long>(m.peca.handle().value()));
-    return m.peca.isNull() ? std::string() : key;
+Known bySteel(const Member& m) {
+    return Hash().put(static_cast<long long>(m.kind)).put(static_cast<long long>(m.steel)).value();
+}
+Known byHandle(const Member& m) {
+    if (m.peca.isNull()) return {};
+    return Hash()
+        .put(static_cast<long long>(m.kind))
+        .put(static_cast<long long>(m.peca.handle().value()))
+        .value();
 }
 /// One end and the direction from there.
-std::string byEnd(const Member& m, const AcGePoint3d& end, const AcGePoint3d& other) {
-    std::string key = m.kind;
-    put(key, end);
+Known byEnd(const Member& m, const AcGePoint3d& end, const AcGePoint3d& other) {
+    if (m.chapa) return {};
     const AcGeVector3d along = other - end;
-    put(key, std::atan2(along.y, along.x), 1e-3);
-    return m.chapa ? std::string() : key;
+    Hash hash;
+    hash.put(static_cast<long long>(m.kind));
+    for (const double value : {end.x, end.y, end.z}) hash.put(value, kPlaceStep);
+    return hash.put(std::atan2(along.y, along.x), kAngleStep).value();
 }
-std::string byStart(const Member& m) { return byEnd(m, m.start, m.end); }
-std::string byFarEnd(const Member& m) { return byEnd(m, m.end, m.start); }
+Known byStart(const Member& m) { return byEnd(m, m.start, m.end); }
+Known byFarEnd(const Member& m) { return byEnd(m, m.end, m.start); }
 
 template <class... Keys>
 auto all(Keys... keys) {
-    return [=](const Member& m) {
-        std::string whole;
-        for (const std::string& part : {keys(m)...}) {
-            if (part.empty()) return std::string();
-            whole += part;
+    return [=](const Member& m) -> Known {
+        Hash hash;
+        for (const Known& part : {keys(m)...}) {
+            if (!part) return {};
+            hash.put(static_cast<long long>(*part));
         }
-        return whole;
+        return hash.value();
     };
 }
 
@@ -268,10 +283,8 @@ private:
         std::vector<Member> before;
         std::vector<Member> after;
     };
-    static std::string rowKeyOf(const Member& m) {
-        std::string key = bySteel(m);
-        put(key, m.marca);
-        return key;
+    static std::uint64_t rowKeyOf(const Member& m) {
+        return Hash().put(static_cast<long long>(*bySteel(m))).put(m.marca).value();
     }
     void addQuantity(Row& row) {
         if (row.more == 0) return;
@@ -300,7 +313,7 @@ private:
         if (after != nullptr) change.after.push_back(*after);
     }
 
-    std::unordered_map<std::string, Row> m_rows;
+    std::unordered_map<std::uint64_t, Row> m_rows;
     std::map<std::tuple<Difference, std::wstring, std::wstring>, std::size_t> m_places;
     std::vector<MemberChange> m_changes;
 };

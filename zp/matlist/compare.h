@@ -2,6 +2,7 @@
 // What became of the job between two drawings of it: by member, whatever the handles are.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,10 @@ struct Member {
     double kg = 0.0;     ///< of one
     AcGePoint3d start;
     AcGePoint3d end;
-    std::string kind;   ///< of section
-    std::string steel;  ///< all that makes it other steel: sizes, length, ends, grade, lacing
-    std::wstring name;  ///< "U 200x75x3, 2162 mm"
+    std::uint64_t kind = 0;  ///< of section
+    std::uint64_t steel =
+        0;             ///< of all that makes it other steel: sizes, length, ends, grade, lacing
+    std::wstring row;  ///< "U 200x75x3, 2162 mm", of a row without drawn pieces
 };
 /// All that a drawing holds, further views left out; O(n).
 std::vector<Member> membersOf(AcDbDatabase& drawing);

@@ -9,6 +9,7 @@
 
 #include "dbents.h"
 #include "texts/number.h"
+#include "zp/matlist/check_survey.h"
 #include "zp/matlist/formats.h"
 #include "zp/objects/cortes.h"
 #include "zp/objects/editable_medidas.h"
@@ -98,7 +99,7 @@ constexpr KindWords kKinds[] = {{L"nova", L" nova", L" novas"},
                                 {L"alterada", L" alterada", L" alteradas"},
                                 {L"quantidade", L" quantidade", L" quantidades"},
                                 {L"movida", L" movida", L" movidas"}};
-const KindWords& wordsOf(Difference kind) { return kKinds[static_cast<std::size_t>(kind)]; }
+const KindWords& kindWordsOf(Difference kind) { return kKinds[static_cast<std::size_t>(kind)]; }
 
 std::wstring handlesOf(const std::vector<Member>& members, const wchar_t* between) {
     std::wstring all;
@@ -126,7 +127,7 @@ std::wstring csvTextOf(const std::vector<MemberChange>& changes) {
     std::vector<std::vector<std::wstring>> lines{
         {L"ALTERACAO", L"MARCA", L"TEXTO", L"QUANT.", L"PESO (kg)", L"ANTES", L"DEPOIS"}};
     for (const MemberChange& c : changes)
-        lines.push_back({wordsOf(c.kind).key, c.marca, c.text, std::to_wstring(c.count),
+        lines.push_back({kindWordsOf(c.kind).key, c.marca, c.text, std::to_wstring(c.count),
                          texts::withComma(c.kg, 3), handlesOf(c.before, L" "),
                          handlesOf(c.after, L" ")});
     return csvOf(lines, {false, false, false, true, true, false, false});
@@ -155,7 +156,7 @@ std::wstring jsonOf(const std::vector<MemberChange>& changes) {
     for (const MemberChange& c : changes)
         json.append(&c == changes.data() ? L"\n" : L",\n")
             .append(L"  {\"alteracao\": ")
-            .append(jsonTextOf(wordsOf(c.kind).key))
+            .append(jsonTextOf(kindWordsOf(c.kind).key))
             .append(L", \"marca\": ")
             .append(jsonTextOf(c.marca))
             .append(L", \"texto\": ")
@@ -179,9 +180,16 @@ std::wstring jsonOf(const std::vector<MemberChange>& changes) {
         .append(L"}\n");
 }
 
+std::wstring nameOf(const Member& member) {
+    const AcDbObjectPointer<ZpObject> peca(member.peca, AcDb::kForRead);
+    return peca.object() != nullptr ? wordsOf(*peca.object()) : member.row;
+}
+
 }  // namespace
 
 std::wstring differenceOf(const Member& before, const Member& after) {
+    if (before.steel == after.steel && before.marca == after.marca && before.listed == after.listed)
+        return {};
     Words words;
     words.changed(L"marca", orUnnamed(before.marca), orUnnamed(after.marca));
     if (before.listed != after.listed)
@@ -192,7 +200,7 @@ std::wstring differenceOf(const Member& before, const Member& after) {
     if (was.object() != nullptr && is.object() != nullptr)
         addPecas(*was.object(), *is.object(), words);
     else
-        words.changed(L"", before.name, after.name);
+        words.changed(L"", nameOf(before), nameOf(after));
     return words.all();
 }
 
@@ -213,7 +221,7 @@ std::wstring movementOf(const Member& before, const Member& after) {
 }
 
 std::wstring nameWithin(const Member& member) {
-    return member.listed ? member.name : member.name + L" (fora da lista)";
+    return member.listed ? nameOf(member) : nameOf(member) + L" (fora da lista)";
 }
 
 std::wstring signedWords(long long number) {
@@ -226,7 +234,7 @@ std::wstring lineOf(const MemberChange& change) {
         line += L" (" + std::to_wstring(change.count) + L" peças)";
     line += L": ";
     if (change.kind == Difference::New || change.kind == Difference::Gone)
-        line += std::wstring(wordsOf(change.kind).key) + L", ";
+        line += std::wstring(kindWordsOf(change.kind).key) + L", ";
     line += change.text;
     return std::abs(change.kg) < kNothing ? line : line + L", " + kgWords(change.kg);
 }
@@ -238,7 +246,7 @@ std::wstring summaryOf(const std::vector<MemberChange>& changes) {
     const auto [in, out] = balanceOf(changes);
     Words kinds;
     for (const auto& [kind, n] : counts)
-        kinds.add(std::to_wstring(n) + (n == 1 ? wordsOf(kind).one : wordsOf(kind).many));
+        kinds.add(std::to_wstring(n) + (n == 1 ? kindWordsOf(kind).one : kindWordsOf(kind).many));
     return std::to_wstring(changes.size()) +
            (changes.size() == 1 ? L" diferença: " : L" diferenças: ") + kinds.all() + L". Entram " +
            texts::withComma(in, 1) + L" kg, saem " + texts::withComma(out, 1) + L" kg, saldo " +
