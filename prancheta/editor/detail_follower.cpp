@@ -185,7 +185,8 @@ std::wstring followOne(Editor& editor, Detail detail, const Boxes& changed) {
             return L"\nA marca do detalhe " + detail.letter +
                    L" foi apagada: o detalhe fica como está.\n";
     }
-    if (state == State::Live && viewportOf(detail.head) != nullptr) followOnSheet(editor, detail, border);
+    if (state == State::Live && viewportOf(detail.head) != nullptr)
+        followOnSheet(editor, detail, border);
     if (state == State::Live && !detail.onSheet()) followCopy(editor, detail, border, changed);
     return {};
 }
