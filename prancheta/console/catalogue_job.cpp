@@ -6,9 +6,9 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
+#include "prancheta/console/module_answer.h"
 #include "prancheta/console/options.h"
 #include "protocol/catalogues.h"
-#include "rxdict.h"
 
 namespace prancheta::console {
 namespace {
@@ -25,13 +25,9 @@ public:
 }  // namespace
 
 int checkCatalogues(const std::string& folder) {
-    const auto* const check = static_cast<const protocol::CatalogueCheck*>(
-        acrxSysRegistry()->at(protocol::kCatalogueCheckKey));
-    if (check == nullptr) {
-        std::cerr << "prancheta-console: nenhum módulo carregado sabe conferir catálogos; não use "
-                     "--sem-modulos com --catalogos\n";
-        return kFileError;
-    }
+    const auto* const check = moduleAnswer<protocol::CatalogueCheck>(
+        protocol::kCatalogueCheckKey, "conferir catálogos", "--catalogos");
+    if (check == nullptr) return kFileError;
     CataloguePrinter printer;
     if (const ACHAR* const why = check->check(toWide(folder).c_str(), printer)) {
         std::cerr << "prancheta-console: " << harmless(folder) << ": " << toUtf8(why) << "\n";

@@ -5,9 +5,9 @@
 #include <iostream>
 
 #include "prancheta/base/text.h"
+#include "prancheta/console/module_answer.h"
 #include "prancheta/console/options.h"
 #include "protocol/check.h"
-#include "rxdict.h"
 
 namespace prancheta::console {
 namespace {
@@ -24,13 +24,9 @@ public:
 }  // namespace
 
 int checkJob(AcDbDatabase& drawing) {
-    const auto* const check = static_cast<const protocol::DrawingCheck*>(
-        acrxSysRegistry()->at(protocol::kDrawingCheckKey));
-    if (check == nullptr) {
-        std::cerr << "prancheta-console: nenhum módulo carregado sabe conferir um desenho; não use "
-                     "--sem-modulos com --confere\n";
-        return kFileError;
-    }
+    const auto* const check = moduleAnswer<protocol::DrawingCheck>(
+        protocol::kDrawingCheckKey, "conferir um desenho", "--confere");
+    if (check == nullptr) return kFileError;
     Printer printer;
     check->check(drawing, printer);
     std::cout << toUtf8(printer.tally.summary()) << std::endl;

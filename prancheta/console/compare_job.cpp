@@ -6,10 +6,10 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
+#include "prancheta/console/module_answer.h"
 #include "prancheta/console/options.h"
 #include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/editor.h"
-#include "rxdict.h"
 
 namespace prancheta::console {
 namespace {
@@ -30,13 +30,9 @@ void printLines(const std::string& text) {
 }  // namespace
 
 int compareJob(Editor& editor, const std::string& earlier, protocol::ComparisonForm form) {
-    const auto* const comparison = static_cast<const protocol::DrawingComparison*>(
-        acrxSysRegistry()->at(protocol::kDrawingComparisonKey));
-    if (comparison == nullptr) {
-        std::cerr << "prancheta-console: nenhum módulo carregado sabe comparar desenhos; não use "
-                     "--sem-modulos com --compara\n";
-        return kFileError;
-    }
+    const auto* const comparison = moduleAnswer<protocol::DrawingComparison>(
+        protocol::kDrawingComparisonKey, "comparar desenhos", "--compara");
+    if (comparison == nullptr) return kFileError;
     const auto before = readDrawing(editor, pathFromUtf8(earlier), nullptr);
     if (!before) {
         std::cerr << "prancheta-console: " << harmless(before.error().message()) << std::endl;
