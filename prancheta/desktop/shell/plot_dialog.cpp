@@ -104,6 +104,16 @@ QString scaleText(double scale) {
     return scale >= 1 ? number + ":1" : "1:" + number;
 }
 
+/// The sheet that drawings of the trade are plotted on.
+constexpr const wchar_t* kUsualPaper = L"A1";
+
+/// Whether all of the drawing fits it at the drawing's own scale.
+bool fitsUsualPaper(Editor& editor) {
+    PlotSettings usual;
+    usual.paper = *findPaper(kUsualPaper);
+    return layoutSheet(editor, usual).scale * drawingScale(editor.database()) >= 1.0;
+}
+
 }  // namespace
 
 PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
@@ -122,8 +132,11 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
       m_told(new QLabel(this)),
       m_preview(new SheetPreview(editor)) {
     setWindowTitle("Plotar");
-    for (const Paper& paper : papers()) m_paper->addItem(QString::fromStdWString(paper.name));
-    m_paper->setCurrentText("A3");
+    const bool onUsual = fitsUsualPaper(editor);
+    for (const Paper& paper : papers())
+        m_paper->insertItem(onUsual && paper.name == kUsualPaper ? 0 : m_paper->count(),
+                            QString::fromStdWString(paper.name));
+    m_paper->setCurrentText(onUsual ? QString::fromWCharArray(kUsualPaper) : "A3");
     m_orientation->addItems({"Automática", "Retrato", "Paisagem"});
     m_area->addItems({"Extensão do desenho", "Tela", "Janela..."});
     m_scale->addItem("Ajustar à folha");
@@ -180,7 +193,7 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
 
 PlotSettings PlotDialog::settings() const {
     PlotSettings out;
-    out.paper = papers()[static_cast<std::size_t>(m_paper->currentIndex())];
+    out.paper = *findPaper(m_paper->currentText().toStdWString());  // one of the list
     out.orientation = static_cast<PlotSettings::Orientation>(m_orientation->currentIndex());
     if (m_area->currentIndex() == kScreen) out.area = screenOf(m_editor);
     if (m_area->currentIndex() == kWindow) out.area = m_window;
