@@ -8,6 +8,7 @@
 #include <span>
 
 #include "dbapserv.h"
+#include "dbidar.h"
 
 namespace protocol {
 
@@ -70,6 +71,16 @@ struct ListSchema {
     std::span<const ACHAR* const> shown;
 };
 
+/// Where the lists' tables go on a sheet, mm. They are read upwards from the lower right corner,
+/// the title lowest; what does not fit above it goes on in further blocks to the left.
+struct TablePlace {
+    AcDbObjectId space;
+    AcGePoint3d corner;  ///< lower right
+    double width;        ///< to the left of the corner
+    double height;       ///< above it
+    double text;         ///< height of the texts
+};
+
 /// Object of the system registry under kDrawingReportKey: what a module knows of a whole drawing.
 class DrawingReport : public AcRxObject {
 public:
@@ -87,6 +98,11 @@ public:
     /// Draws the tables that stand in the drawing again, as it is now and at its scale; their
     /// number. The host has an undo group open.
     virtual int drawTablesAgain(AcDbDatabase& database) const = 0;
+    /// Draws the tables of all lists that have rows anew; what it drew is the caller's, who erases
+    /// it before it asks again. False when they do not fit: nothing is drawn then. The host has an
+    /// undo group open.
+    virtual bool drawTables(AcDbDatabase& database, const TablePlace& place,
+                            AcDbObjectIdArray& drawn) const = 0;
 };
 inline constexpr const ACHAR* kListKey = L"lista_material";
 inline constexpr const ACHAR* kRowKey = L"linha";

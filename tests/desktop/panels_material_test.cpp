@@ -53,6 +53,9 @@ public:
         return schema;
     }
     int drawTablesAgain(AcDbDatabase&) const override { return 0; }
+    bool drawTables(AcDbDatabase&, const protocol::TablePlace&, AcDbObjectIdArray&) const override {
+        return true;
+    }
     void describe(AcDbDatabase&, protocol::PropertyVisitor&) const override {
         ADD_FAILURE() << "the panel shows what is printed";
     }

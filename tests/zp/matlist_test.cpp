@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Material list: rows, marks, undo, file, table.
 #include "tests/zp/matlist.h"
+
+#include <map>
+
 #include "protocol/report.h"
 #include "rxdict.h"
 #include "texts/number.h"
@@ -366,6 +369,33 @@ TEST_F(MaterialListTest, TheTableIsUpdatedWhereItStands) {
     type({L"LISTAMATERIAL", L"", L"1"});
     EXPECT_EQ(tally(L"apagada"), 1);
     EXPECT_EQ(tally(L"8,00"), 3);  // the copy's, the row's and the total
+}
+
+/// The column is as wide as the title, 0.9 x 17 + 1.6 = 16.9. Of the four lines that fit two are
+/// title and headings: five rows and the total take three blocks, 3 x 16.9 + 2 wide.
+TEST_F(MaterialListTest, OnASheetTheTableIsReadUpwardsAndGoesOnToTheLeft) {
+    for (int i = 0; i < 5; ++i) enter(1);
+    type({L"LISTAMATERIAL", L"_Columns", L"marca"});
+    const auto* r =
+        static_cast<protocol::DrawingReport*>(acrxSysRegistry()->at(protocol::kDrawingReportKey));
+    AcDbObjectIdArray drawn;
+    for (const auto& [width, height] : {std::pair{52.6, 8.1}, {60.0, 5.9}}) {
+        protocol::TablePlace place{{}, {100, 10, 0}, width, height, 1.0};
+        EXPECT_FALSE(r->drawTables(editor->database(), place, drawn)) << width;
+        EXPECT_EQ(drawn.length(), 0);
+    }
+    EXPECT_TRUE(r->drawTables(editor->database(), {{}, {100, 10, 0}, 52.8, 8.1, 1.0}, drawn));
+    std::map<std::wstring, AcGePoint3d> places;
+    for (const AcDbObjectId& id : drawn)
+        if (const AcDbObjectPointer<AcDbText> text(id, AcDb::kForRead); text.object() != nullptr)
+            places[text->textStringConst()] = text->position();
+    expectPoint(places[L"P1"], 83.9, 14.5);
+    expectPoint(places[L"P2"], 83.9, 16.5);
+    expectPoint(places[L"P3"], 66.0, 14.5);
+    expectPoint(places[L"P5"], 48.1, 14.5);
+    expectPoint(places[L"TOTAL"], 48.1, 16.5);
+    expectPoint(places[L"MARCA"], 48.1, 12.5);
+    EXPECT_FALSE(zp::matlist::hasTable(materialLists()[0].header)) << "it is the caller's";
 }
 
 TEST_F(MaterialListTest, ColumnsAreChosenAndStayWithTheDrawing) {

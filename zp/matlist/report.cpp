@@ -70,6 +70,10 @@ public:
             if (hasTable(list.header) && drawTable(list)) ++drawn;
         return drawn;
     }
+    bool drawTables(AcDbDatabase& database, const protocol::TablePlace& place,
+                    AcDbObjectIdArray& drawn) const override {
+        return drawTablesOn(database, place, drawn);
+    }
 
 private:
     /// `as` gives a list's rows as they are told.

@@ -14,6 +14,8 @@
 namespace zp::matlist {
 namespace {
 
+constexpr double kLine = 2.0;  ///< from line to line, in heights of the texts
+
 /// What stands of the table drawn before.
 struct Standing {
     AcDbObjectId space;                 ///< null: nothing
@@ -65,42 +67,72 @@ void eraseTable(const Header& header) {
     }
 }
 
-/// Left and right edges of the columns; the last one is wide enough for the title above all.
-std::vector<double> edgesOf(const Listing& listing,
-                            const std::vector<std::vector<std::wstring>>& lines, double x,
-                            double h) {
-    std::vector<double> edges{x};
+using Lines = std::vector<std::vector<std::wstring>>;
+
+/// Left and right edges of the columns from 0 on; the last one is wide enough for the title above
+/// all.
+std::vector<double> edgesOf(const Listing& listing, const Lines& lines, double h) {
+    std::vector<double> edges{0.0};
     for (std::size_t i = 0; i < listing.columns.size(); ++i) {
         std::size_t largest = 0;
         for (const auto& line : lines) largest = std::max(largest, line[i].size());
         edges.push_back(edges.back() + widthOf(largest, h));
     }
-    edges.back() = std::max(edges.back(), x + widthOf(listing.title.size(), h));
+    edges.back() = std::max(edges.back(), widthOf(listing.title.size(), h));
     return edges;
 }
 
-/// Title, headings, rows and totals below the corner; `h` is the height of the texts.
-void draw(Draughtsman& d, const Listing& listing, const AcGePoint3d& corner, double h) {
-    const auto lines = linesOf(listing);
-    const std::vector<double> x = edgesOf(listing, lines, corner.x, h);
-    const double z = corner.z;
+/// How the lines of a table follow each other.
+struct Grid {
+    AcGePoint3d corner;     ///< left one at the title's outer edge
+    std::vector<double> x;  ///< edgesOf()
+    double h;               ///< height of the texts
+    double step;            ///< to the next line: below 0 downwards
+};
+
+/// Title, headings and further lines from the corner on.
+void draw(Draughtsman& d, const Listing& listing, const Lines& lines, const Grid& grid) {
+    const double h = grid.h;
+    const double z = grid.corner.z;
     // The title is line 0.
-    const auto y = [&](std::size_t n) { return corner.y - 2.0 * h * static_cast<double>(n); };
+    const auto y = [&](std::size_t n) {
+        return grid.corner.y + grid.step * static_cast<double>(n);
+    };
+    const auto x = [&](std::size_t i) { return grid.corner.x + grid.x[i]; };
+    const auto baseline = [&](std::size_t n) { return std::min(y(n), y(n + 1)) + 0.5 * h; };
     const std::size_t last = lines.size() + 1;
-    for (std::size_t n = 0; n <= last; ++n) d.line({x.front(), y(n), z}, {x.back(), y(n), z});
-    for (const double edge : x) {
-        const bool frame = edge == x.front() || edge == x.back();
-        d.line({edge, y(frame ? 0 : 1), z}, {edge, y(last), z});
+    const std::size_t columns = listing.columns.size();
+    for (std::size_t n = 0; n <= last; ++n) d.line({x(0), y(n), z}, {x(columns), y(n), z});
+    for (std::size_t i = 0; i <= columns; ++i) {
+        const bool frame = i == 0 || i == columns;
+        d.line({x(i), y(frame ? 0 : 1), z}, {x(i), y(last), z});
     }
-    d.text({0.5 * (x.front() + x.back()), y(1) + 0.5 * h, z}, listing.title, h, Align::Middle);
+    d.text({0.5 * (x(0) + x(columns)), baseline(0), z}, listing.title, h, Align::Middle);
     for (std::size_t n = 0; n < lines.size(); ++n)
-        for (std::size_t i = 0; i < listing.columns.size(); ++i) {
+        for (std::size_t i = 0; i < columns; ++i) {
             const bool right = listing.columns[i]->shown.decimals >= 0 && n > 0;
-            const double where = right ? x[i + 1] - 0.8 * h : x[i] + 0.8 * h;
-            d.text({where, y(n + 2) + 0.5 * h, z}, lines[n][i], h,
-                   right ? Align::Right : Align::Left);
+            const double where = right ? x(i + 1) - 0.8 * h : x(i) + 0.8 * h;
+            d.text({where, baseline(n + 1), z}, lines[n][i], h, right ? Align::Right : Align::Left);
         }
 }
+
+/// A list as it stands on a sheet: blocks of so many lines, the headings in each.
+struct SheetTable {
+    Listing listing;
+    Lines lines;
+    std::vector<double> x;
+    std::size_t inBlock;  ///< without the headings
+
+    std::size_t blocks() const { return (lines.size() - 1 + inBlock - 1) / inBlock; }
+    Lines block(std::size_t n) const {
+        const auto at = [&](std::size_t i) {
+            return lines.begin() + static_cast<std::ptrdiff_t>(1 + std::min(i, lines.size() - 1));
+        };
+        Lines part{lines.front()};
+        part.insert(part.end(), at(n * inBlock), at((n + 1) * inBlock));
+        return part;
+    }
+};
 
 }  // namespace
 
@@ -112,9 +144,41 @@ bool drawTable(const MaterialList& list) {
     eraseTable(*header);
     Draughtsman d(standing.space, ZpLayerToUsr(L"LISTA"));
     d.turn(header->point, standing.angle);
-    draw(d, listingOf({list.number, list.id, *header}), header->point, 2.5 * GetScale());
+    const Listing listing = listingOf({list.number, list.id, *header});
+    const Lines lines = linesOf(listing);
+    const double h = 2.5 * GetScale();
+    draw(d, listing, lines, {header->point, edgesOf(listing, lines, h), h, -kLine * h});
     header->table = d.ids();
     return writeHeader(list.id, *header);
+}
+
+bool drawTablesOn(AcDbDatabase& drawing, const protocol::TablePlace& place,
+                  AcDbObjectIdArray& drawn) {
+    const double h = place.text;
+    // Title and headings take two of them.
+    const double fitting = std::floor(place.height / (kLine * h)) - 2.0;
+    std::vector<SheetTable> tables;
+    double width = -h;
+    for (const MaterialList& list : materialLists(drawing)) {
+        if (hasNoRows(list.id)) continue;
+        if (fitting < 1.0) return false;
+        SheetTable& table = tables.emplace_back(listingOf(list));
+        table.lines = linesOf(table.listing);
+        table.x = edgesOf(table.listing, table.lines, h);
+        table.inBlock = static_cast<std::size_t>(fitting);
+        width += static_cast<double>(table.blocks()) * (table.x.back() + h);
+    }
+    if (width > place.width) return false;
+    Draughtsman d(place.space, ZpLayerToUsr(L"LISTA"));
+    AcGePoint3d corner = place.corner;
+    for (const SheetTable& table : tables)
+        for (std::size_t n = 0; n < table.blocks(); ++n) {
+            corner.x -= table.x.back();
+            draw(d, table.listing, table.block(n), {corner, table.x, h, kLine * h});
+            corner.x -= h;
+        }
+    for (const AcDbSoftPointerId& id : d.ids()) drawn.append(id);
+    return true;
 }
 
 bool tableIsStale(const MaterialList& list) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "protocol/report.h"
 #include "zp/matlist/lists.h"
 
 namespace zp::matlist {
@@ -16,6 +17,10 @@ bool drawTable(const MaterialList& list);
 
 /// True when the drawn table does not say what drawTable would write into it now.
 bool tableIsStale(const MaterialList& list);
+
+/// As protocol::DrawingReport::drawTables().
+bool drawTablesOn(AcDbDatabase& drawing, const protocol::TablePlace& place,
+                  AcDbObjectIdArray& drawn);
 
 /// The command LISTAMATERIAL.
 void materialListCommand();

@@ -5,6 +5,7 @@
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/commands/attributes.h"
 #include "prancheta/editor/commands/sheet_command.h"
+#include "prancheta/editor/commands/sheet_list.h"
 #include "prancheta/editor/commands/sheet_values.h"
 #include "prancheta/editor/commands/sheets.h"
 #include "prancheta/editor/commands/table.h"
@@ -99,6 +100,7 @@ CommandTask updateAll(CommandContext context) {
             acrxSysRegistry()->at(protocol::kDrawingReportKey)))
         (void)report->drawTablesAgain(context.database());
     const std::size_t count = refreshSheets(context);
+    for (const Tab& sheet : titledSheets(context.database())) refreshList(context, sheet);
     if (count == 0)
         say(context, L"O desenho não tem folha com legenda; faça uma com FOLHA Nova.");
     else

@@ -10,6 +10,7 @@
 #include "prancheta/editor/commands/blocks.h"
 #include "prancheta/editor/commands/sheet_command.h"
 #include "prancheta/editor/commands/sheet_formats.h"
+#include "prancheta/editor/commands/sheet_list.h"
 #include "prancheta/editor/commands/sheets.h"
 #include "prancheta/editor/commands/tab_questions.h"
 #include "prancheta/editor/commands/viewports.h"
@@ -23,8 +24,7 @@ namespace {
 
 constexpr const wchar_t* kUsualFormat = L"A1";
 constexpr const wchar_t* kFirstTab = L"Layout1";
-constexpr double kFoldMark = 5.0;   ///< mm, or the margin where that is smaller
-constexpr double kRevisions = 4.0;  ///< rows kept free where they stand above the title block
+constexpr double kFoldMark = 5.0;  ///< mm, or the margin where that is smaller
 /// Filled in as on the last sheet: what a whole drawing has in common.
 constexpr const wchar_t* kCommon[] = {L"OBRA", L"CLIENTE", L"RESPONSAVEL", L"CREA"};
 
@@ -136,21 +136,10 @@ void drawFrame(const CommandContext& context, const NewSheet& sheet) {
     }
 }
 
-/// What a block covers when its insertion is placed so.
-Box2d boxOf(const AcDbBlockReference& insertion) {
-    AcDbExtents extents;
-    if (insertion.getGeomExtents(extents) != Acad::eOk) return {};
-    return {extents.minPoint().x, extents.minPoint().y, extents.maxPoint().x, extents.maxPoint().y};
-}
-
 /// Of the last sheet that has one; null for none.
 AcDbObjectId lastTitle(const CommandContext& context) {
-    std::vector<Tab> tabs = tabsOf(context.database());
-    tabs.erase(tabs.begin());  // the model
-    AcDbObjectId last;
-    for (const Tab& tab : tabs)
-        if (const AcDbObjectId title = titleOf(tab.block); !title.isNull()) last = title;
-    return last;
+    const std::vector<Tab> sheets = titledSheets(context.database());
+    return sheets.empty() ? AcDbObjectId() : titleOf(sheets.back().block);
 }
 
 struct SheetBlocks {
@@ -169,13 +158,13 @@ Box2d drawTitle(const CommandContext& context, const NewSheet& sheet, const Shee
     const bool beside = covered.left - frame.left >= rowWidth;
     auto head = fieldsAt(row, beside ? AcGePoint3d(covered.left, frame.bottom, 0.0)
                                      : AcGePoint3d(frame.right, covered.top, 0.0));
-    frame.bottom = covered.top + (beside ? 0.0 : kRevisions * boxOf(*head).height());
     const AcDbObjectPointer<AcDbBlockReference> last(lastTitle(context), AcDb::kForRead);
     if (last.openStatus() == Acad::eOk)
         for (const wchar_t* const tag : kCommon)
             setField(*fields, tag, fieldOf(*last.object(), tag));
     (void)addToSheet(context, std::move(fields));
     (void)addToSheet(context, std::move(head));
+    frame.bottom = topOfTitle(context.editor().spaces().tab());
     return frame;
 }
 
@@ -208,6 +197,7 @@ CommandEnd draw(const CommandContext& context, const NewSheet& sheet) {
     drawFrame(context, sheet);
     drawViewport(context, left, sheet.scale);
     (void)refreshSheets(context);
+    refreshList(context, *tab);
     context.editor().spaces().tabsChanged();
     say(context, L"Folha " + sheet.name + L": " + sheet.format.name + L", " +
                      paperScaleText(sheet.scale) + L".");

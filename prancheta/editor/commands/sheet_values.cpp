@@ -17,7 +17,7 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr const wchar_t* kTags[] = {L"ESCALA", L"FOLHA", L"PESO", L"ARQUIVO", L"DATA"};
+constexpr const wchar_t* kTags[] = {L"ESCALA", L"FOLHA", L"PESO", L"ARQUIVO", L"DATA", kListField};
 
 /// Sums the weights of the lists' rows.
 class Weights : public protocol::PropertyVisitor {

@@ -23,6 +23,7 @@ namespace {
 constexpr const wchar_t* kBlocks = L"FOLHA_";
 /// Application that marks the texts in the fields' places.
 constexpr const wchar_t* kMark = L"PRANCHETA_FOLHA";
+constexpr double kRevisions = 4.0;  ///< rows kept free where they stand above the title block
 
 std::wstring blockNameOf(const std::wstring& file) { return kBlocks + file; }
 
@@ -65,7 +66,8 @@ void writeTexts(const CommandContext& context, AcDbObjectId space) {
     for (const AcDbObjectId& id : insertions) {
         const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForRead);
         for (const AcDbAttribute* const field : attributesOf(*insertion.object()))
-            if (*field->textStringConst() != 0) addFieldText(*record.object(), *field, layer);
+            if (*field->textStringConst() != 0 && !equalNoCase(field->tagConst(), kListField))
+                addFieldText(*record.object(), *field, layer);
     }
 }
 
@@ -133,6 +135,26 @@ AcDbObjectId mainViewport(AcDbObjectId space) {
     return all.empty() ? AcDbObjectId() : all.front();
 }
 
+Box2d boxOf(const AcDbEntity& entity) {
+    AcDbExtents extents;
+    if (entity.getGeomExtents(extents) != Acad::eOk) return {};
+    return {extents.minPoint().x, extents.minPoint().y, extents.maxPoint().x, extents.maxPoint().y};
+}
+
+double topOfTitle(AcDbObjectId space) {
+    const AcDbObjectPointer<AcDbEntity> title(titleOf(space), AcDb::kForRead);
+    const Box2d covered = boxOf(*title.object());
+    double top = covered.top;
+    for (const AcDbObjectId& id : revisionsOf(space)) {
+        const AcDbObjectPointer<AcDbEntity> row(id, AcDb::kForRead);
+        const Box2d box = boxOf(*row.object());
+        // They stand on it or beside it.
+        if (0.5 * (box.left + box.right) < covered.left) continue;
+        top = std::max({top, covered.top + kRevisions * box.height(), box.top});
+    }
+    return top;
+}
+
 std::wstring fieldOf(const AcDbBlockReference& title, std::wstring_view tag) {
     for (const AcDbAttribute* const field : attributesOf(title))
         if (equalNoCase(field->tagConst(), tag)) return field->textStringConst();
@@ -144,10 +166,15 @@ void setField(AcDbBlockReference& title, std::wstring_view tag, const std::wstri
         if (equalNoCase(field->tagConst(), tag)) (void)field->setTextString(value.c_str());
 }
 
-std::size_t refreshSheets(const CommandContext& context) {
-    std::vector<Tab> sheets = tabsOf(context.database());
+std::vector<Tab> titledSheets(const AcDbDatabase& database) {
+    std::vector<Tab> sheets = tabsOf(database);
     sheets.erase(sheets.begin());  // the model
     std::erase_if(sheets, [](const Tab& tab) { return titleOf(tab.block).isNull(); });
+    return sheets;
+}
+
+std::size_t refreshSheets(const CommandContext& context) {
+    const std::vector<Tab> sheets = titledSheets(context.database());
     for (std::size_t i = 0; i < sheets.size(); ++i) {
         {
             const AcDbObjectPointer<AcDbBlockReference> title(titleOf(sheets[i].block),

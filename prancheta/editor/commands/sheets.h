@@ -6,6 +6,7 @@
 #include "dbents.h"
 #include "prancheta/database/layouts.h"
 #include "prancheta/editor/commands/support.h"
+#include "prancheta/geometry/box.h"
 
 namespace prancheta::commands {
 
@@ -13,6 +14,8 @@ namespace prancheta::commands {
 inline constexpr const wchar_t* kSheetLayer = L"FOLHA";
 /// File of the row of the table of revisions. What it offers makes the table's head.
 inline constexpr const wchar_t* kRevisionFile = L"revisao";
+/// Field whose place, in a title block that has it, is the lower right corner of the material list.
+inline constexpr const wchar_t* kListField = L"LISTA";
 
 /// The block of the drawing that this file of sheetFolder() makes; the file is read when there is
 /// none yet. Null, after saying why not.
@@ -29,11 +32,19 @@ Ids revisionsOf(AcDbObjectId space);
 /// The viewport whose scale is the sheet's; null when there is none.
 AcDbObjectId mainViewport(AcDbObjectId space);
 
+/// What an entity covers of its space.
+Box2d boxOf(const AcDbEntity& entity);
+/// Where the drawing may begin above the title block, and above room for revisions where these
+/// stand on it. The sheet has both.
+double topOfTitle(AcDbObjectId space);
+
 /// Value of a field; empty where there is none.
 std::wstring fieldOf(const AcDbBlockReference& title, std::wstring_view tag);
 /// Gives a field a value; nothing where there is none.
 void setField(AcDbBlockReference& title, std::wstring_view tag, const std::wstring& value);
 
+/// The sheets that have a title block, in tab order.
+std::vector<Tab> titledSheets(const AcDbDatabase& database);
 /// Fills scale, number, weight, file and date of every sheet and writes all its texts anew; their
 /// number. O(sheets' entities).
 std::size_t refreshSheets(const CommandContext& context);
