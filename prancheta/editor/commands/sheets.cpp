@@ -9,6 +9,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/value_list.h"
 #include "prancheta/editor/commands/blocks.h"
+#include "prancheta/editor/commands/sheet_cells.h"
 #include "prancheta/editor/commands/sheet_formats.h"
 #include "prancheta/editor/commands/sheet_values.h"
 #include "prancheta/editor/editor.h"
@@ -40,9 +41,11 @@ bool isFieldText(AcDbObjectId id) {
     return text.openStatus() == Acad::eOk && ListOwner(text->xData(kMark)) != nullptr;
 }
 
-/// A text in the place of a field.
-void addFieldText(AcDbBlockTableRecord& space, const AcDbAttribute& field, AcDbObjectId layer) {
+/// A text in the place of a field; false when it does not fit there.
+bool addFieldText(AcDbBlockTableRecord& space, const AcDbAttribute& field, const SheetCells& cells,
+                  AcDbObjectId layer) {
     std::unique_ptr<AcDbText> text = textLike(field, field.textStringConst());
+    const bool fits = cells.fit(*text);
     (void)text->setLayer(layer);  // neither can refuse: layer and application are there
     ListBuilder mark;
     mark.add(newTextItem(AcDb::kDxfRegAppName, kMark));
@@ -50,6 +53,7 @@ void addFieldText(AcDbBlockTableRecord& space, const AcDbAttribute& field, AcDbO
     (void)text->setXData(ListOwner(mark.release()).get());
     AcDbObjectId id;
     if (space.appendAcDbEntity(id, text.get()) == Acad::eOk) (void)text.release()->close();
+    return fits;
 }
 
 void writeTexts(const CommandContext& context, AcDbObjectId space) {
@@ -63,12 +67,18 @@ void writeTexts(const CommandContext& context, AcDbObjectId space) {
     (void)eraseAll(context, former);
     const AcDbObjectPointer<AcDbBlockTableRecord> record(space, AcDb::kForWrite);
     if (record.openStatus() != Acad::eOk) return;
+    std::wstring tooLong;
     for (const AcDbObjectId& id : insertions) {
         const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForRead);
+        const SheetCells cells(*insertion.object());
         for (const AcDbAttribute* const field : attributesOf(*insertion.object()))
-            if (*field->textStringConst() != 0 && !equalNoCase(field->tagConst(), kListField))
-                addFieldText(*record.object(), *field, layer);
+            if (*field->textStringConst() != 0 && !equalNoCase(field->tagConst(), kListField) &&
+                !addFieldText(*record.object(), *field, cells, layer))
+                tooLong += (tooLong.empty() ? L"" : L", ") + std::wstring(field->tagConst());
     }
+    if (!tooLong.empty())
+        say(context, L"Folha " + tabOf(context.database(), space).name +
+                         L": o valor não cabe no campo, mesmo estreitado: " + tooLong + L".");
 }
 
 }  // namespace
