@@ -19,6 +19,7 @@
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
 #include "prancheta/desktop/shell/style_dialog.h"
+#include "prancheta/entities/viewports.h"
 #include "rxregsvc.h"
 #include "tests/desktop/shell_story.h"
 
@@ -318,6 +319,49 @@ TEST_F(Window, TheScaleIsSetInTheStatusBarAndStylesInTheirDialogs) {
     const AcDbObjectPointer<AcDbTextStyleTableRecord> style(story.editor().database().textstyle(),
                                                             AcDb::kForRead);
     EXPECT_NEAR(style->obliquingAngle(), 0.2618, 1e-4);
+}
+
+TEST_F(Window, TheScaleOfAViewportStandsInTheStatusBar) {
+    Story story;
+    auto* const button = story.window().findChild<QToolButton*>("escala_janela");
+    ASSERT_NE(button, nullptr);
+    const auto viewport = [&] {
+        return prancheta::viewportOf(story.editor().spaces().viewports().front());
+    };
+    const auto choose = [button](const QString& text) {
+        emit button->menu()->aboutToShow();
+        for (QAction* const action : button->menu()->actions())
+            if (action->text().remove('&') == text) return action->trigger();
+        ADD_FAILURE() << text.toStdString();
+    };
+    double former = 0;
+    story.type("setvar\nctab\nLayout1\nmview\n10,10\n110,60\n");
+    story.when([&] { return story.idle() && story.editor().spaces().viewports().size() == 1; },
+               [&] {
+                   EXPECT_TRUE(button->isHidden());
+                   former = viewport()->customScale();
+                   story.editor().selection().select({story.editor().spaces().viewports().front()});
+                   emit story.canvas().selectionChanged();
+                   EXPECT_FALSE(button->isHidden());
+                   choose("1:10");
+                   EXPECT_NEAR(viewport()->customScale(), 0.1, 1e-12);
+                   EXPECT_EQ(button->text(), "Janela 1:10");
+                   choose("Bloqueada");
+                   EXPECT_EQ(button->text(), "Janela 1:10, bloqueada");
+                   choose("1:50");  // cannot be chosen
+                   EXPECT_NEAR(viewport()->customScale(), 0.1, 1e-12);
+               });
+    story.type("u\nmspace\n");  // drawn through, whatever is selected
+    story.when([&] { return story.idle() && !story.editor().spaces().viewport().isNull(); },
+               [&] {
+                   EXPECT_EQ(button->text(), "Janela 1:10");
+                   choose("1:2");
+                   EXPECT_NEAR(viewport()->customScale(), 0.5, 1e-12);
+               });
+    story.type("pspace\nu\nu\n");
+    story.when([&] { return story.idle() && viewport()->customScale() == former; },
+               [&] { EXPECT_TRUE(button->isHidden()); });
+    EXPECT_TRUE(story.run());
 }
 
 TEST_F(Window, WarnsOfADrawingThatIsOpenElsewhere) {

@@ -201,7 +201,10 @@ void MainWindow::connectUi() {
     });
     connect(m_canvas, &Canvas::pointerMoved, m_status, &StatusBar::showPointer);
     connect(m_status, &StatusBar::scaleWanted, m_ui, &WindowUi::runCommand);
-    connect(m_status, &StatusBar::changed, this, [this] { m_canvas->refresh(); });
+    connect(m_status, &StatusBar::changed, this, [this] {
+        m_canvas->refresh();
+        if (m_ui->idle()) showAll();
+    });
 }
 
 void MainWindow::setEditor(Editor* editor) {

@@ -34,6 +34,7 @@ StatusBar::StatusBar(QWidget* parent)
     : QStatusBar(parent),
       m_coordinates(new QLabel(this)),
       m_totals(new QLabel(this)),
+      m_viewport(new ViewportButton(this)),
       m_scale(new QToolButton(this)) {
     m_coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_coordinates->setMinimumWidth(m_coordinates->fontMetrics().horizontalAdvance('0') * 30);
@@ -64,13 +65,19 @@ StatusBar::StatusBar(QWidget* parent)
     m_scale->setPopupMode(QToolButton::InstantPopup);
     m_scale->setMenu(new QMenu(m_scale));
     connect(m_scale->menu(), &QMenu::aboutToShow, this, &StatusBar::fillScaleMenu);
+    connect(m_viewport, &ViewportButton::changed, this, [this] {
+        refresh();
+        emit changed();
+    });
     addPermanentWidget(m_totals);
+    addPermanentWidget(m_viewport);
     addPermanentWidget(m_scale);
     setSizeGripEnabled(false);
 }
 
 void StatusBar::setEditor(Editor* editor) {
     m_editor = editor;
+    m_viewport->setEditor(editor);
     refresh();
 }
 
@@ -138,6 +145,7 @@ void StatusBar::refresh() {
         m_buttons[i]->setChecked(set != kAids[i].inverted);
     }
     m_totals->setText(selectionTotals(*m_editor));
+    m_viewport->refresh();
 }
 
 void StatusBar::showPointer(const AcGePoint3d& world) {
@@ -150,6 +158,8 @@ void StatusBar::showPointer(const AcGePoint3d& world) {
         return text.toDouble() == 0.0 ? QString::number(0.0, 'f', decimals) : text;
     };
     m_coordinates->setText(number(p.x) + ", " + number(p.y));
+    // The wheel changes the scale of the viewport that is drawn through.
+    if (!m_editor->spaces().viewport().isNull()) m_viewport->refresh();
 }
 
 }  // namespace prancheta::desktop

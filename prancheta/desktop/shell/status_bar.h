@@ -9,7 +9,7 @@
 #include <functional>
 #include <vector>
 
-#include "prancheta/editor/editor.h"
+#include "prancheta/desktop/shell/viewport_button.h"
 
 namespace prancheta::desktop {
 
@@ -28,7 +28,7 @@ public:
     bool isOn(const QString& name) const;
 
 signals:
-    /// A variable was changed.
+    /// A variable or a viewport was changed.
     void changed();
     /// The user asked for another scale of the drawing, which this command line gives it.
     void scaleWanted(const QString& command);
@@ -50,6 +50,7 @@ private:
     Editor* m_editor = nullptr;
     QLabel* m_coordinates;
     QLabel* m_totals;
+    ViewportButton* m_viewport;
     QToolButton* m_scale;
     std::vector<QToolButton*> m_buttons;
 };
