@@ -7,7 +7,7 @@
 namespace protocol {
 
 /// A centre line: it is seen, picked and snapped to as the rest, but nothing is cut or bounded by
-/// it.
-inline constexpr Adesk::GsMarker kCentreLineMarker = -3;
+/// it. Hosts have smaller numbers below zero for what they draw themselves.
+inline constexpr Adesk::GsMarker kCentreLineMarker = -5;
 
 }  // namespace protocol

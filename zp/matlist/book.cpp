@@ -297,6 +297,7 @@ bool Book::readInsertion(AcDbObjectId id) {
     const bool same = known == fresh;
     known = fresh;
     m_insertionsChanged = m_insertionsChanged || !same;
+    m_insidesStale = m_insidesStale || !same;
     return true;
 }
 
@@ -306,26 +307,39 @@ long long Book::insertionsOf(AcDbObjectId block, int depth) {
     return found != m_times.end() ? found->second : 0;
 }
 
-/// Insertions of every block in model space, blocks inside others multiplied.
+long long Book::timesOf(AcDbObjectId block, int depth) {
+    if (depth > kMaxDepth) return 0;
+    if (const auto known = m_times.find(keyOf(block)); known != m_times.end()) return known->second;
+    long long sum = isModelSpace(block) ? 1 : 0;
+    if (const auto inside = m_insides.find(keyOf(block)); inside != m_insides.end())
+        for (const Insertion* const each : inside->second)
+            sum += each->times * timesOf(each->inside, depth + 1);
+    return m_times[keyOf(block)] = sum;
+}
+
+void Book::refreshInsides() {
+    if (!m_insidesStale) return;
+    m_insidesStale = false;
+    m_insides.clear();
+    m_times.clear();
+    for (const auto& [key, insertion] : m_insertions)
+        if (insertion.alive) m_insides[keyOf(insertion.block)].push_back(&insertion);
+}
+
+long long Book::insertions(AcDbObjectId block) {
+    refresh();
+    if (isLayout(block)) return 1;
+    refreshInsides();
+    return timesOf(block, 0);
+}
+
 void Book::countInsertions() {
     if (!m_insertionsChanged || m_pecasIn.empty()) return;
     m_insertionsChanged = false;
-    std::unordered_map<Key, std::vector<const Insertion*>> insides;  // by block
-    for (const auto& [key, insertion] : m_insertions)
-        if (insertion.alive) insides[keyOf(insertion.block)].push_back(&insertion);
-    m_times.clear();
-    const auto times = [&](auto& self, AcDbObjectId block, int depth) -> long long {
-        if (depth > kMaxDepth) return 0;
-        if (const auto known = m_times.find(keyOf(block)); known != m_times.end())
-            return known->second;
-        long long sum = isModelSpace(block) ? 1 : 0;
-        for (const Insertion* const each : insides[keyOf(block)])
-            sum += each->times * self(self, each->inside, depth + 1);
-        return m_times[keyOf(block)] = sum;
-    };
+    refreshInsides();
     for (const auto& [block, ids] : m_pecasIn) {
         AcDbObjectId id;
-        (void)times(times, id.setFromOldId(block), 0);
+        (void)timesOf(id.setFromOldId(block), 0);
         for (const AcDbObjectId& peca : ids) {
             Peca& p = m_pecas[keyOf(peca)];
             if (keyOf(p.block) != block) continue;

@@ -62,6 +62,8 @@ public:
     /// What a piece counts for: members, times the insertions of the block that it stands in; a
     /// plate as often as its bar. 0 when it is erased or unknown.
     long long counts(AcDbObjectId peca);
+    /// How often a block stands in the model, blocks inside others multiplied; 1 for a layout.
+    long long insertions(AcDbObjectId block);
     /// Record of its row; null when it is in no list of this drawing.
     AcDbObjectId rowOf(AcDbObjectId peca);
     /// Record of the row that names this mark; null when none does.
@@ -160,7 +162,10 @@ private:
     void markDirty(AcDbObjectId id);
     void takeOut(Peca& peca);
     void putIn(Peca& peca);
+    /// What listed pieces in blocks count.
     void countInsertions();
+    void refreshInsides();
+    long long timesOf(AcDbObjectId block, int depth);
     long long insertionsOf(AcDbObjectId block, int depth = 0);
     void takeText(AcDbObjectId record, const Row& row);
     void giveText(AcDbObjectId record, const Row& row);
@@ -185,9 +190,11 @@ private:
         bool operator==(const Insertion&) const = default;
     };
     std::unordered_map<Key, Insertion> m_insertions;
-    std::unordered_map<Key, std::vector<AcDbObjectId>> m_pecasIn;  ///< by block, not a layout
-    std::unordered_map<Key, long long> m_times;                    ///< insertions by block
+    std::unordered_map<Key, std::vector<AcDbObjectId>> m_pecasIn;      ///< by block, not a layout
+    std::unordered_map<Key, long long> m_times;                        ///< insertions by block
+    std::unordered_map<Key, std::vector<const Insertion*>> m_insides;  ///< living ones, by block
     bool m_insertionsChanged = true;
+    bool m_insidesStale = true;
 
     std::vector<AcDbObjectId> m_dirty;
     std::unordered_set<Key> m_isDirty;

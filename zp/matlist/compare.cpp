@@ -78,6 +78,7 @@ Member memberOf(const ZpObject& peca) {
     Member m;
     m.peca = peca.objectId();
     m.block = peca.ownerId();
+    m.mirrored = p.mirrored;
     m.chapa = p.chapa();
     m.kg = peca.getPeso();
     m.start = p.start;
@@ -151,13 +152,15 @@ private:
     std::vector<bool> m_taken;
 };
 
-/// What a member may be known by, within its kind of section. Plates and rows go without a place.
+/// What a member may be known by; but for its mark, within its kind of section. Plates and rows go
+/// without a place.
 using Known = std::optional<std::uint64_t>;
 
 Known byMarca(const Member& m) {
     if (m.marca.empty()) return {};
-    return Hash().put(static_cast<long long>(m.kind)).put(m.marca).value();
+    return Hash().put(m.marca).put(m.chapa ? 1LL : 0LL).value();
 }
+Known byKind(const Member& m) { return m.kind; }
 Known bySteel(const Member& m) {
     return Hash().put(static_cast<long long>(m.kind)).put(static_cast<long long>(m.steel)).value();
 }
@@ -193,25 +196,28 @@ auto all(Keys... keys) {
 }
 
 void matchAll(Matcher& matcher) {
-    // From what leaves no doubt to what is likely.
+    // What stands as it stood, whatever its mark is; then a mark says who a member is; then the
+    // place. The handle decides among several, where nobody gave them anew.
     matcher.match(all(byMarca, bySteel, byStart));
     matcher.match(all(bySteel, byStart));
     matcher.match(all(byMarca, byStart));
     matcher.match(all(byMarca, byFarEnd));
-    matcher.match(all(byHandle, byStart));
-    matcher.match(all(byHandle, byFarEnd));
     matcher.match(all(byHandle, byMarca, bySteel));
     matcher.match(all(byMarca, bySteel));
+    matcher.match(all(byHandle, byMarca));
+    matcher.match(all(byMarca, byKind));
+    matcher.match(byMarca);
     matcher.match(all(byHandle, bySteel));
+    matcher.match(all(byHandle, byStart));
+    matcher.match(all(byHandle, byFarEnd));
     matcher.match(byStart);
     matcher.match(byFarEnd);
-    matcher.match(all(byHandle, byMarca));
-    matcher.match(byMarca);
     matcher.match(bySteel);
 }
 
 bool moved(const Member& before, const Member& after) {
     if (before.chapa) return false;
+    if (before.mirrored != after.mirrored) return true;
     // A cut at one end leaves the other one.
     const bool other = before.steel != after.steel;
     const bool start = before.start.distanceTo(after.start) > kSamePlace;
@@ -335,7 +341,8 @@ std::vector<Member> membersOf(AcDbDatabase& drawing) {
         if (listed ? counts == 0 : !edit::ownerOf(*peca.object()).isNull()) return;
         Member m = memberOf(*peca.object());
         m.listed = listed;
-        m.count = std::max(counts, 1LL);
+        m.count = listed ? counts : book.insertions(peca->ownerId());
+        if (m.count == 0) return;  // in a block that nobody inserted
         if (listed) m.marca = book.row(record)->marca;
         members.push_back(std::move(m));
     });

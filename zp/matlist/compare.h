@@ -21,6 +21,7 @@ struct Member {
     std::wstring marca;
     long long count = 0;  ///< as the list counts; 1 a drawing for a piece in no list
     bool listed = false;
+    bool mirrored = false;
     bool chapa = false;  ///< goes with its bar: where it stands is nothing to tell
     double kg = 0.0;     ///< of one
     AcGePoint3d start;
@@ -58,15 +59,21 @@ std::wstring summaryOf(const std::vector<MemberChange>& changes);
 std::wstring toldAs(protocol::ComparisonForm form, const std::vector<MemberChange>& changes);
 
 /// Revision clouds around what changed and a table beside the drawing, on the layer of "REVISAO";
-/// those of the comparison before go. How many clouds there are, and table rows left out.
+/// those of the comparison before are to be erased first. How many clouds there are, and table rows
+/// left out.
 struct Revision {
     std::size_t clouds = 0;
     std::size_t rowsLeftOut = 0;
 };
 Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
                       const std::vector<MemberChange>& changes);
-/// How many entities of such went.
-std::size_t eraseRevision(AcDbDatabase& drawing);
+struct ErasedRevision {
+    std::size_t erased = 0;
+    std::size_t locked = 0;  ///< that stay, on a locked layer
+};
+ErasedRevision eraseRevision(AcDbDatabase& drawing);
+/// What to tell a user who has such; names the layer.
+std::wstring lockedRevisionText();
 
 /// The command COMPARAR, and the answer to a host that asks.
 inline constexpr const ACHAR* kCompareCommand = L"COMPARAR";

@@ -50,7 +50,9 @@ std::optional<std::size_t> wordIn(std::wstring typed, std::span<const wchar_t* c
 }
 
 void eraseClouds(AcDbDatabase& drawing) {
-    const std::size_t erased = eraseRevision(drawing);
+    const auto [erased, locked] = eraseRevision(drawing);
+    if (locked > 0) protocol::fail(lockedRevisionText());
+    if (erased == 0 && locked > 0) return;
     acutPrintf(erased == 0 ? L"\nNão há revisão desenhada.\n"
                            : L"\nA revisão saiu do desenho: %d objetos.\n",
                static_cast<int>(erased));
@@ -58,6 +60,10 @@ void eraseClouds(AcDbDatabase& drawing) {
 
 void draw(AcDbDatabase& drawing, const std::wstring& file,
           const std::vector<MemberChange>& changes) {
+    if (eraseRevision(drawing).locked > 0) {
+        protocol::fail(lockedRevisionText());
+        return;
+    }
     const Revision drawn = drawRevision(
         drawing, L"ALTERAÇÕES DESDE " + texts::shown(texts::pathOf(file).filename()), changes);
     if (changes.empty()) return;

@@ -83,9 +83,11 @@ void addPecas(const ZpObject& before, const ZpObject& after, Words& words) {
     if (words.empty()) words.changed(L"kg/m", p.kgMetro(), q.kgMetro(), 3);
 }
 
+std::wstring kgNumber(double kg) {
+    return texts::withComma(std::abs(kg), std::abs(kg) < kLittle ? 3 : 1);
+}
 std::wstring kgWords(double kg) {
-    const bool little = std::abs(kg) < kLittle;
-    const std::wstring number = texts::withComma(std::abs(kg), little ? 3 : 1);
+    const std::wstring number = kgNumber(kg);
     return (number == L"0" ? L"" : kg < 0.0 ? L"-" : L"+") + number + L" kg";
 }
 
@@ -205,6 +207,7 @@ std::wstring differenceOf(const Member& before, const Member& after) {
 }
 
 std::wstring movementOf(const Member& before, const Member& after) {
+    if (before.mirrored != after.mirrored) return L"espelhada";
     const AcGeVector3d along = before.end - before.start;
     const AcGeVector3d now = after.end - after.start;
     double turn =
@@ -215,7 +218,7 @@ std::wstring movementOf(const Member& before, const Member& after) {
     std::wstring shift = texts::withComma(way.x, 1) + L"; " + texts::withComma(way.y, 1);
     if (const std::wstring z = texts::withComma(way.z, 1); z != L"0") shift += L"; " + z;
     if (shift != L"0; 0") words.add(L"movida " + shift);
-    if (const std::wstring degrees = texts::withComma(turn, 2); degrees != L"0")
+    if (const std::wstring degrees = texts::withComma(turn, 4); degrees != L"0")
         words.add(L"girada " + degrees + L"°");
     return words.empty() ? L"movida" : words.all();
 }
@@ -249,8 +252,7 @@ std::wstring summaryOf(const std::vector<MemberChange>& changes) {
         kinds.add(std::to_wstring(n) + (n == 1 ? kindWordsOf(kind).one : kindWordsOf(kind).many));
     return std::to_wstring(changes.size()) +
            (changes.size() == 1 ? L" diferença: " : L" diferenças: ") + kinds.all() + L". Entram " +
-           texts::withComma(in, 1) + L" kg, saem " + texts::withComma(out, 1) + L" kg, saldo " +
-           kgWords(in - out) + L".";
+           kgNumber(in) + L" kg, saem " + kgNumber(out) + L" kg, saldo " + kgWords(in - out) + L".";
 }
 
 std::wstring toldAs(protocol::ComparisonForm form, const std::vector<MemberChange>& changes) {

@@ -21,6 +21,7 @@ namespace zp::matlist {
 namespace {
 
 constexpr const ACHAR* kApplication = L"ZP_REVISAO";
+constexpr const wchar_t* kLayer = L"REVISAO";
 /// mm on paper: a cloud's distance from what it is drawn around, one of its arcs, the table's
 /// texts and its distance from the drawing.
 constexpr double kAway = 4.0;
@@ -131,29 +132,38 @@ std::size_t drawTable(Draughtsman& d, AcGePoint3d corner, const std::wstring& ti
 
 }  // namespace
 
-std::size_t eraseRevision(AcDbDatabase& drawing) {
+ErasedRevision eraseRevision(AcDbDatabase& drawing) {
+    ErasedRevision result;
     std::vector<AcDbObjectId> signedOnes;
     eachEntity(drawing, [&](AcDbObjectId id) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        if (entity.object() == nullptr || edit::onLockedLayer(*entity.object())) return;
+        if (entity.object() == nullptr) return;
         const BufferChain list(entity->xData(kApplication));
-        if (list) signedOnes.push_back(id);
+        if (!list) return;
+        if (edit::onLockedLayer(*entity.object()))
+            ++result.locked;
+        else
+            signedOnes.push_back(id);
     });
-    std::size_t erased = 0;
     for (const AcDbObjectId& id : signedOnes) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-        if (entity.object() != nullptr && entity->erase() == Acad::eOk) ++erased;
+        if (entity.object() != nullptr && entity->erase() == Acad::eOk) ++result.erased;
     }
-    return erased;
+    return result;
+}
+
+std::wstring lockedRevisionText() {
+    return L"A camada " + std::wstring(ZpLayerToUsr(kLayer)) +
+           L" está bloqueada; desbloqueie-a para tirar ou substituir a revisão que está no "
+           L"desenho.";
 }
 
 Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
                       const std::vector<MemberChange>& changes) {
     Revision drawn;
-    (void)eraseRevision(drawing);
     if (changes.empty() || !registerApplication(drawing, kApplication)) return drawn;
     const double scale = GetScale();
-    const wchar_t* const layer = ZpLayerToUsr(L"REVISAO");
+    const wchar_t* const layer = ZpLayerToUsr(kLayer);
     std::map<AcDbObjectId, Boxes> boxes;
     const auto add = [&](const std::vector<Member>& members) {
         for (const Member& member : members) {
