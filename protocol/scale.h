@@ -14,8 +14,9 @@ class ScaleFollower : public AcRxObject {
 public:
     /// Gives the entity, or what belongs to it, the sizes and distances of the scale that the
     /// drawing has now; places that the user chose stay. The entity is closed; the host has an undo
-    /// group open. The number of entities that changed.
-    virtual int layAgain(AcDbObjectId entity) const = 0;
+    /// group open. The number of entities that changed; `locked` grows by one when the entity would
+    /// have, did its layer let it.
+    virtual int layAgain(AcDbObjectId entity, int& locked) const = 0;
 };
 inline constexpr const ACHAR* kScaleFollowerClass = L"ZpScaleFollower";
 

@@ -73,7 +73,7 @@ private:
 /// The automatic dimensions of a piece are laid out by the drawing's scale.
 class CotasScale : public protocol::ScaleFollower {
 public:
-    int layAgain(AcDbObjectId entity) const override {
+    int layAgain(AcDbObjectId entity, int&) const override {
         PecaValues values;
         {
             const AcDbObjectPointer<ZpObject> peca(entity, AcDb::kForRead);

@@ -155,6 +155,9 @@ TEST_F(Texts, AnotherScaleOfTheDrawing) {
     type({L"_u"});
     expectScale(10);
     EXPECT_EQ(editor->database().ltscale(), 4);
+    type({L"_-layer", L"_lo", L"0", L"", L"_escaladesenho", L"20", L""});
+    EXPECT_TRUE(said(L"1:20. 4 objetos em camadas bloqueadas não a acompanham."));
+    type({L"_u", L"_u"});
     // Not updated: only what comes; 2:1 is half a unit for a millimetre.
     type({L"_escaladesenho", L"2:1", L"_No", L"_text", L"0,0", L"", L"", L"B", L""});
     expectScale(10);

@@ -35,12 +35,15 @@ public:
 /// Text and its distance from the tip are sizes on paper.
 class MarcasScale : public protocol::ScaleFollower {
 public:
-    int layAgain(AcDbObjectId entity) const override {
+    int layAgain(AcDbObjectId entity, int& locked) const override {
         const double altura = kMarcaAltura * GetScale();
         const AcDbObjectPointer<ZpMarca> marca(entity, AcDb::kForRead);
-        if (marca.object() == nullptr || marca->altura() == altura ||
-            edit::onLockedLayer(*marca.object()) || marca->upgradeOpen() != Acad::eOk)
+        if (marca.object() == nullptr || marca->altura() == altura) return 0;
+        if (edit::onLockedLayer(*marca.object())) {
+            ++locked;
             return 0;
+        }
+        if (marca->upgradeOpen() != Acad::eOk) return 0;
         marca->resize(altura);
         return 1;
     }

@@ -40,12 +40,29 @@ void resizeNote(AcDbObjectId note, const AcGePoint3d& end, double factor) {
         (void)text->transformBy(AcGeMatrix3d::scaling(factor, end));  // which a text takes
 }
 
+/// What became of what stood.
+struct Outcome {
+    int changed = 0;
+    int locked = 0;  ///< would have changed, but for its layer
+};
+
+/// What is drawn by the host itself and was sized by the former scale.
+bool isSizedBy(const AcDbEntity& entity, const Rescaling& by) {
+    if (const auto* const leader = AcDbLeader::cast(&entity))
+        return by.isFormer(leader->ownDimscale());
+    if (const auto* const dimension = AcDbDimension::cast(&entity))
+        return by.isFormer(dimension->dimscale());
+    if (const auto* const weld = WeldSymbol::cast(&entity)) return by.isFormer(weld->scale());
+    const auto* const hatch = AcDbHatch::cast(&entity);
+    return hatch != nullptr && !hatch->isSolidFill() && !hatch->families().empty() &&
+           by.factor() != 1.0;
+}
+
 bool rescaleLeader(AcDbObjectId id, const Rescaling& by) {
     AcGePoint3d end;
     AcDbObjectId note;
     {
         const AcDbObjectPointer<AcDbLeader> leader(id, AcDb::kForRead);
-        if (leader.openStatus() != Acad::eOk || !by.isFormer(leader->ownDimscale())) return false;
         end = leader->lastVertex();
         note = leader->annotationObjId();
     }
@@ -57,52 +74,59 @@ bool rescaleLeader(AcDbObjectId id, const Rescaling& by) {
     return leader->setDimscale(by.to) == Acad::eOk;
 }
 
-bool rescale(AcDbEntity& entity, const Rescaling& by) {
-    if (auto* const dimension = AcDbDimension::cast(&entity))
-        return by.isFormer(dimension->dimscale()) && dimension->upgradeOpen() == Acad::eOk &&
-               dimension->setDimscale(by.to) == Acad::eOk;
-    if (auto* const weld = WeldSymbol::cast(&entity))
-        return by.isFormer(weld->scale()) && weld->upgradeOpen() == Acad::eOk &&
-               weld->setScale(by.to) == Acad::eOk;
-    auto* const hatch = AcDbHatch::cast(&entity);
-    if (hatch == nullptr || hatch->isSolidFill() || hatch->families().empty() ||
-        by.factor() == 1.0 || hatch->upgradeOpen() != Acad::eOk)
-        return false;
-    scalePattern(*hatch, by.factor());
+bool rescale(AcDbObjectId id, const Rescaling& by) {
+    if (id.objectClass()->isDerivedFrom(AcDbLeader::desc())) return rescaleLeader(id, by);
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+    if (entity.openStatus() != Acad::eOk) return false;
+    if (auto* const dimension = AcDbDimension::cast(entity.object()))
+        return dimension->setDimscale(by.to) == Acad::eOk;
+    if (auto* const weld = WeldSymbol::cast(entity.object()))
+        return weld->setScale(by.to) == Acad::eOk;
+    scalePattern(*AcDbHatch::cast(entity.object()), by.factor());
     return true;
 }
 
-/// What is drawn by the host itself and was sized by the former scale.
-std::size_t rescaleOwn(const Ids& ids, const Rescaling& by) {
-    std::size_t changed = 0;
+void rescaleOwn(const Ids& ids, const Rescaling& by, Outcome& outcome) {
     for (const AcDbObjectId id : ids) {
-        const AcRxClass* const kind = id.objectClass();
-        if (id.isErased() || kind == nullptr || onLockedLayer(id)) continue;
-        if (kind->isDerivedFrom(AcDbLeader::desc())) {
-            changed += rescaleLeader(id, by) ? 1 : 0;
-            continue;
+        {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            if (entity.openStatus() != Acad::eOk || !isSizedBy(*entity.object(), by)) continue;
         }
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-        if (entity.openStatus() == Acad::eOk) changed += rescale(*entity.object(), by) ? 1 : 0;
+        if (!onLockedLayer(id))
+            outcome.changed += rescale(id, by) ? 1 : 0;
+        else if (by.factor() != 1.0)
+            ++outcome.locked;
     }
-    return changed;
 }
 
 /// What modules drew, by the scale that the drawing has by now.
-std::size_t layAgain(AcDbDatabase& database, const Ids& ids) {
-    int changed = 0;
+void layAgain(AcDbDatabase& database, const Ids& ids, Outcome& outcome) {
     for (const AcDbObjectId id : ids) {
         const protocol::ScaleFollower* follower = nullptr;
         if (const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
             entity.openStatus() == Acad::eOk)
             follower = protocol::extensionOf<protocol::ScaleFollower>(
                 *entity.object(), protocol::kScaleFollowerClass);
-        if (follower != nullptr) changed += follower->layAgain(id);
+        if (follower != nullptr) outcome.changed += follower->layAgain(id, outcome.locked);
     }
     if (auto* const report = static_cast<protocol::DrawingReport*>(
             acrxSysRegistry()->at(protocol::kDrawingReportKey)))
-        changed += report->drawTablesAgain(database);
-    return static_cast<std::size_t>(changed);
+        outcome.changed += report->drawTablesAgain(database);
+}
+
+/// " 4 objetos a acompanham; 1 objeto em camada bloqueada não."; empty for none.
+std::wstring toldOf(const Outcome& outcome) {
+    const auto of = [](int count, const wchar_t* one, const wchar_t* many) {
+        return count > 0 ? counted(static_cast<std::size_t>(count), one, many) : std::wstring();
+    };
+    std::wstring told = of(outcome.changed, L"objeto a acompanha", L"objetos a acompanham");
+    const std::wstring locked =
+        of(outcome.locked, L"objeto em camada bloqueada não", L"objetos em camadas bloqueadas não");
+    if (!told.empty() && !locked.empty()) told += L"; ";
+    told += locked;
+    if (outcome.changed == 0 && outcome.locked > 0)
+        told += outcome.locked == 1 ? L" a acompanha" : L" a acompanham";
+    return told.empty() ? told : L" " + told + L".";
 }
 
 /// Drawing units per mm of paper; Enter keeps the present one.
@@ -144,10 +168,10 @@ CommandTask escaladesenho(CommandContext context) {
     context.editor().appearances().invalidate();
     std::wstring told = L"Escala do desenho: " + paperScaleText(scale.number) + L".";
     if (updates) {
-        std::size_t changed = layAgain(database, standing);
-        changed += rescaleOwn(standing, {former, scale.number});
-        if (changed > 0)
-            told += L" " + counted(changed, L"objeto a acompanha.", L"objetos a acompanham.");
+        Outcome outcome;
+        layAgain(database, standing, outcome);
+        rescaleOwn(standing, {former, scale.number}, outcome);
+        told += toldOf(outcome);
     }
     say(context, told);
     co_return CommandEnd::Done;
