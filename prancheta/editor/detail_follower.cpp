@@ -95,18 +95,52 @@ void moveLetter(const Detail& detail, const Curve& border, double formerUnit, do
     (void)mark->setHeight(mark->height() * unit / formerUnit);
 }
 
-void followCopy(Editor& editor, Detail detail, const Curve& border, const Boxes& changed) {
+/// The size that the user gave to the insertion goes into the scale of the detail, unless the
+/// region grew with it; the insertion is as large as its block again. True when it was not. A line
+/// for the user in `told` when the detail cannot have that size.
+bool takeSize(const AcDbDatabase& database, Detail& detail, const Box2d& region,
+              std::wstring& told) {
+    AcGeVector3d size;
+    {
+        const AcDbObjectPointer<AcDbBlockReference> head(detail.head, AcDb::kForRead);
+        if (head.openStatus() != Acad::eOk) return false;
+        size = head->scaleFactors();
+    }
+    const double by = std::abs(size.x);
+    const bool even = isNear(by, std::abs(size.y));
+    if (even && isNear(by, 1.0)) return false;
+    const AcDbObjectPointer<AcDbBlockReference> head(detail.head, AcDb::kForWrite);
+    if (head.openStatus() != Acad::eOk) return false;
+    const auto sign = [](double s) { return std::copysign(1.0, s); };
+    (void)head->setScaleFactors({sign(size.x), sign(size.y), sign(size.z)});  // none is 0
+    const bool withRegion = even && isNear(region.width(), detail.region.width() * by);
+    const bool alone = insertionOf(database, detail.block, detail.head).isNull();
+    if (even && alone && !withRegion)
+        detail.scale /= by;
+    else if (!withRegion)
+        told = L"\nO detalhe " + detail.letter + L" fica na escala " +
+               paperScaleText(detail.scale) +
+               (even ? L": há cópias dele.\n" : L": as escalas em X e Y são diferentes.\n");
+    return true;
+}
+
+/// A line for the user.
+std::wstring followCopy(Editor& editor, Detail detail, const Curve& border, const Boxes& changed) {
     AcDbDatabase& database = editor.database();
     const double unit = drawingScale(database);
-    const bool resized = !isNear(detail.drawnFor, unit) || !isNear(detail.region, border.box());
+    std::wstring told;
+    const bool sized = takeSize(database, detail, border.box(), told);
+    const bool resized =
+        sized || !isNear(detail.drawnFor, unit) || !isNear(detail.region, border.box());
     const auto touches = [&](const Box2d& box) { return box.meets(border.box()); };
-    if (!resized && std::ranges::none_of(changed, touches)) return;
+    if (!resized && std::ranges::none_of(changed, touches)) return told;
     redraw(editor, detail, border);
-    if (!resized) return;
+    if (!resized) return told;
     moveLetter(detail, border, detail.drawnFor > 0.0 ? detail.drawnFor : unit, unit);
     detail.drawnFor = unit;
     detail.region = border.box();
     (void)keepDetail(database, detail);  // its record is there
+    return told;
 }
 
 /// The viewport shows the region, as large as its scale makes it; the circle that clips it lies
@@ -187,7 +221,8 @@ std::wstring followOne(Editor& editor, Detail detail, const Boxes& changed) {
     }
     if (state == State::Live && viewportOf(detail.head) != nullptr)
         followOnSheet(editor, detail, border);
-    if (state == State::Live && !detail.onSheet()) followCopy(editor, detail, border, changed);
+    if (state == State::Live && !detail.onSheet())
+        return followCopy(editor, detail, border, changed);
     return {};
 }
 

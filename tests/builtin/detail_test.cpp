@@ -73,6 +73,32 @@ TEST_F(Details, ShowTheRegionAtTheirScaleAndFollowIt) {
     EXPECT_DOUBLE_EQ(Read<AcDbText>(content<AcDbText>(details()[0])[0])->height(), 35.0);
 }
 
+TEST_F(Details, AsLargeAsTheirInsertionIsScaled) {
+    draw();
+    const auto expect = [&](double half, double y, const wchar_t* scale) {
+        expectLine(content<AcDbLine>(details()[0])[0], -half, y, half, y);
+        const Read<AcDbText> label(content<AcDbText>(details()[0])[0]);
+        EXPECT_EQ(label->textStringConst(), L"DETALHE A - ESC. " + std::wstring(scale));
+        EXPECT_DOUBLE_EQ(label->height(), 70.0);
+        const Read<AcDbBlockReference> head(details()[0].head);
+        EXPECT_DOUBLE_EQ(head->scaleFactors().x, 1.0);
+        expectPoint(head->position(), 2000, 0);
+    };
+    const std::initializer_list<const wchar_t*> twice = {L"_scale", L"2000,200", L"", L"2000,0",
+                                                         L"2"};
+    type(twice);
+    expect(800, 80, L"1:2.5");
+    type({L"_u"});
+    expect(400, 40, L"1:5");
+    // With its region it keeps its scale.
+    type({L"_scale", L"2000,200", L"-100,-50", L"-500,10", L"", L"2000,0", L"2"});
+    EXPECT_DOUBLE_EQ(details()[0].scale, 5.0);
+    type({L"_u", L"_copy", L"2000,200", L"", L"0,0", L"0,2000", L""});
+    type(twice);
+    expect(400, 40, L"1:5");
+    EXPECT_TRUE(said(L"O detalhe A fica na escala 1:5: há cópias dele."));
+}
+
 TEST_F(Details, MeasureTheModel) {
     type({L"_dimlinear", L"-20,0", L"20,0", L"0,-30"});
     draw();
