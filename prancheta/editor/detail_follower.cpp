@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "dbents.h"
+#include "dbsymtb.h"
 #include "dbviewport.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/object_access.h"
@@ -36,10 +37,28 @@ void findHead(AcDbDatabase& database, Detail& detail) {
     (void)keepDetail(database, detail);  // its record is there
 }
 
+/// Somewhere in the drawing, also within other blocks. O(entities).
+bool isInserted(const AcDbDatabase& database, AcDbObjectId block) {
+    const AcDbObjectPointer<AcDbBlockTable> table(database.blockTableId(), AcDb::kForRead);
+    if (table.openStatus() != Acad::eOk) return true;
+    const auto shows = [&](AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbBlockReference> insertion(id, AcDb::kForRead);
+        return insertion.openStatus() == Acad::eOk && insertion->blockTableRecord() == block;
+    };
+    return std::ranges::any_of(ObjectAccess::records(*table.object()), [&](AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
+        return record.openStatus() == Acad::eOk &&
+               std::ranges::any_of(ObjectAccess::entities(*record.object()), shows);
+    });
+}
+
 void eraseParts(Editor& editor, const Detail& detail) {
+    std::vector<AcDbObjectId> parts{detail.outline, detail.mark, detail.label, detail.border};
+    if (stands(detail.block) && !isInserted(editor.database(), detail.block))
+        parts.push_back(detail.block);
     std::vector<AcDbObjectId> erased;
-    for (const AcDbObjectId id : {detail.outline, detail.mark, detail.label, detail.border}) {
-        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForWrite);
+    for (const AcDbObjectId id : parts) {
+        const AcDbObjectPointer<AcDbObject> part(id, AcDb::kForWrite);
         if (part.openStatus() == Acad::eOk && part->erase() == Acad::eOk) erased.push_back(id);
     }
     editor.lastErased().tookAlong(detail.head, erased);

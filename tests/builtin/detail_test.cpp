@@ -120,9 +120,12 @@ TEST_F(Details, GoWithTheirMarkAndComeBack) {
     const Detail first = details()[0];
     type({L"_erase", L"2000,200", L""});
     EXPECT_TRUE(erased(first));
+    EXPECT_TRUE(first.block.isErased());
     EXPECT_EQ(prancheta::freeLetter(editor->database()), L"A");
     type({L"oops"});
-    EXPECT_FALSE(first.head.isErased() || first.outline.isErased() || first.mark.isErased());
+    EXPECT_FALSE(first.head.isErased() || first.outline.isErased() || first.mark.isErased() ||
+                 first.block.isErased());
+    expectLine(content<AcDbLine>(first)[0], -400, 40, 400, 40);
     type({L"_copy", L"2000,200", L"", L"0,0", L"0,2000", L"", L"_erase", L"2000,200", L""});
     EXPECT_TRUE(first.head.isErased());
     EXPECT_FALSE(first.outline.isErased()) << "the other insertion shows it still";

@@ -27,8 +27,8 @@ CommandTask oops(CommandContext context) {
     std::size_t back = 0;
     for (const AcDbObjectId id : set) {
         if (!id.isErased()) continue;
-        AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite, true);
-        if (entity.openStatus() == Acad::eOk && entity->erase(Adesk::kFalse) == Acad::eOk) ++back;
+        AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite, true);
+        if (object.openStatus() == Acad::eOk && object->erase(Adesk::kFalse) == Acad::eOk) ++back;
     }
     if (back == 0)
         say(context, L"Não há objetos apagados para restaurar.");
