@@ -3,8 +3,10 @@
 #include "prancheta/console/plot_job.h"
 
 #include <algorithm>
+#include <iostream>
 #include <vector>
 
+#include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/database/database_core.h"
@@ -15,6 +17,8 @@
 namespace prancheta::console {
 namespace {
 
+constexpr std::string_view kAllLayouts = "todos";
+
 Result<std::vector<PlotSettings>> sheetsOf(const AcDbDatabase& database,
                                            const std::string& layout) {
     std::vector<PlotSettings> sheets;
@@ -23,7 +27,7 @@ Result<std::vector<PlotSettings>> sheetsOf(const AcDbDatabase& database,
         sheets.front().space = database.core().modelSpaceId();
         return sheets;
     }
-    if (layout == "todos") {
+    if (layout == kAllLayouts) {
         for (const Tab& tab : drawnSheets(database)) sheets.push_back(sheetPlot(tab));
         if (sheets.empty()) return Error{"nenhum layout do desenho tem alguma coisa a plotar"};
         return sheets;
@@ -58,6 +62,11 @@ std::filesystem::path fileOfSheet(std::filesystem::path file, const PlotSettings
 
 Result<void> addSheets(PlotJob& job, Editor& editor, const Options& options) {
     const auto sheets = wantedSheets(editor.database(), options);
+    if (!sheets && options.layout == kAllLayouts) {
+        std::cerr << "prancheta-console: " << harmless(editor.file().name().string()) << ": "
+                  << harmless(sheets.error().message()) << "; o desenho ficou de fora\n";
+        return {};
+    }
     if (!sheets) return sheets.error();
     for (const PlotSettings& sheet : *sheets)
         if (Result<void> added = job.add(editor, sheet); !added) return added;
@@ -83,6 +92,12 @@ void plotDrawing(Editor& editor, const Options& options,
         const std::filesystem::path file = pathFromUtf8(options.plots[i]);
         if (format == PlotFormat::Pdf || sheets->size() == 1) {
             plot(*sheets, format, file);
+            continue;
+        }
+        if (isStandardOutput(file)) {
+            failed(
+                Error{"de várias folhas só um PDF vai à saída padrão; dê o nome de um arquivo, ou "
+                      "uma folha com --layout"});
             continue;
         }
         for (const PlotSettings& sheet : *sheets)

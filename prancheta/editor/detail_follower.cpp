@@ -103,14 +103,40 @@ void redraw(Editor& editor, const Detail& detail, const Curve& border) {
     }
 }
 
-/// The letter goes along with the region, from wherever the user put it.
+/// A point; empty for what is no text.
+Box2d placeOf(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbText> text(id, AcDb::kForRead);
+    if (text.openStatus() != Acad::eOk) return {};
+    const AcGePoint3d p = text->position();
+    return {p.x, p.y, p.x, p.y};
+}
+
+/// The step moved the text itself, alone or with what it belongs to.
+bool wasMoved(AcDbObjectId text, const Box2d& last) {
+    const Box2d now = placeOf(text);
+    return !last.empty() && !now.empty() && !isNear(now, last);
+}
+
+/// False when both stand where they stood.
+bool learnTexts(Detail& detail) {
+    const auto learn = [](Box2d& last, const Box2d& now) {
+        if (now.empty() || (!last.empty() && isNear(now, last))) return false;
+        last = now;
+        return true;
+    };
+    const bool letter = learn(detail.letterAt, placeOf(detail.mark));
+    return learn(detail.labelAt, placeOf(detail.label)) || letter;
+}
+
+/// The letter goes along with the region, from wherever the user put it, unless it went itself.
 void moveLetter(const Detail& detail, const Curve& border, double formerUnit, double unit) {
+    const bool went = wasMoved(detail.mark, detail.letterAt);
     const AcDbObjectPointer<AcDbText> mark(detail.mark, AcDb::kForWrite);
     if (mark.openStatus() != Acad::eOk) return;
     const bool round = border.segments().front().isRound();
     const AcGePoint3d former = letterPlace(detail.region, round, kDetailText * formerUnit);
     const AcGePoint3d now = letterPlace(border.box(), round, kDetailText * unit);
-    (void)mark->transformBy(AcGeMatrix3d::translation(now - former));  // a text takes it
+    if (!went) (void)mark->transformBy(AcGeMatrix3d::translation(now - former));  // a text takes it
     (void)mark->setHeight(mark->height() * unit / formerUnit);
 }
 
@@ -152,13 +178,13 @@ std::wstring followCopy(Editor& editor, Detail detail, const Curve& border, cons
     const bool resized =
         sized || !isNear(detail.drawnFor, unit) || !isNear(detail.region, border.box());
     const auto touches = [&](const Box2d& box) { return box.meets(border.box()); };
-    if (!resized && std::ranges::none_of(changed, touches)) return told;
-    redraw(editor, detail, border);
-    if (!resized) return told;
-    moveLetter(detail, border, detail.drawnFor > 0.0 ? detail.drawnFor : unit, unit);
-    detail.drawnFor = unit;
-    detail.region = border.box();
-    (void)keepDetail(database, detail);  // its record is there
+    if (resized || std::ranges::any_of(changed, touches)) redraw(editor, detail, border);
+    if (resized) {
+        moveLetter(detail, border, detail.drawnFor > 0.0 ? detail.drawnFor : unit, unit);
+        detail.drawnFor = unit;
+        detail.region = border.box();
+    }
+    if (learnTexts(detail) || resized) (void)keepDetail(database, detail);  // its record is there
     return told;
 }
 
@@ -183,11 +209,12 @@ void fitViewport(AcDbViewport& viewport, const Detail& detail, const Curve& bord
 
 /// The label keeps its place below the frame, and says the scale.
 void moveLabel(const Detail& detail, const Box2d& frame) {
+    const bool went = wasMoved(detail.label, detail.labelAt);
     const AcDbObjectPointer<AcDbText> label(detail.label, AcDb::kForWrite);
     if (label.openStatus() != Acad::eOk) return;
     const AcGeVector3d by((frame.left + frame.right - detail.frame.left - detail.frame.right) / 2.0,
                           frame.bottom - detail.frame.bottom, 0.0);
-    (void)label->transformBy(AcGeMatrix3d::translation(by));
+    if (!went) (void)label->transformBy(AcGeMatrix3d::translation(by));
     (void)label->setTextString(detailLabel(detail.letter, detail.scale).c_str());
 }
 
@@ -202,8 +229,10 @@ void followOnSheet(Editor& editor, Detail detail, const Curve& border) {
     const double unit = drawingScale(editor.database());
     const bool resized = !isNear(detail.drawnFor, unit) || !isNear(detail.region, border.box());
     if (!moved && !resized && !isApart(shown, detail.border) &&
-        isNear(1.0 / shown.customScale(), detail.scale))
+        isNear(1.0 / shown.customScale(), detail.scale)) {
+        if (learnTexts(detail)) (void)keepDetail(editor.database(), detail);  // its record is there
         return;
+    }
     {
         const AcDbObjectPointer<AcDbViewport> viewport(detail.head, AcDb::kForWrite);
         if (viewport.openStatus() != Acad::eOk) return;
@@ -215,6 +244,7 @@ void followOnSheet(Editor& editor, Detail detail, const Curve& border) {
     detail.frame = frameOf(shown);
     detail.drawnFor = unit;
     detail.region = border.box();
+    (void)learnTexts(detail);
     (void)keepDetail(editor.database(), detail);  // its record is there
 }
 

@@ -33,7 +33,10 @@ struct BoxGroup {
     int upper;
     Box2d Detail::*box;
 };
-constexpr BoxGroup kBoxes[] = {{10, 11, &Detail::region}, {12, 13, &Detail::frame}};
+constexpr BoxGroup kBoxes[] = {{10, 11, &Detail::region},
+                               {12, 13, &Detail::frame},
+                               {14, 15, &Detail::letterAt},
+                               {16, 17, &Detail::labelAt}};
 struct Part {
     int group;
     AcDbObjectId Detail::*id;

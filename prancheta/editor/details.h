@@ -33,7 +33,9 @@ struct Detail {
     double drawnFor = 0.0;  ///< scale of the drawing for which the copy was made; 0: none yet
     Box2d region;           ///< as it was followed last
     Box2d frame;            ///< of the viewport, so
-    AcDbObjectId outline;   ///< in the model, as the letter
+    Box2d letterAt;         ///< a point: where letter and label stood then; empty: not known
+    Box2d labelAt;
+    AcDbObjectId outline;  ///< in the model, as the letter
     AcDbObjectId mark;
     AcDbObjectId head;   ///< the insertion or the viewport
     AcDbObjectId block;  ///< shown by the insertion

@@ -83,7 +83,9 @@ void Editor::followChanges(Step step) {
         m_hatches->forget();
         return m_details->forget(*this);
     }
-    const std::wstring told = m_hatches->follow(display()) + m_details->follow(*this);
+    // Details show the hatches as they are by then.
+    std::wstring told = m_hatches->follow(display());
+    told += m_details->follow(*this);
     if (!told.empty()) print(told);
 }
 

@@ -13,7 +13,6 @@
 #include "prancheta/display/display_list.h"
 #include "prancheta/display/visible_part.h"
 #include "prancheta/editor/editor.h"
-#include "prancheta/editor/paper_scale.h"
 #include "prancheta/entities/viewports.h"
 #include "prancheta/plot/lettering.h"
 #include "prancheta/plot/painter.h"
@@ -100,12 +99,24 @@ PicturePainter::Settings painterSettings(const SheetLayout& layout, const QRectF
 constexpr double kFooterHeight = 2.0;  ///< mm, of capitals
 constexpr double kFooterEdge = 3.0;  ///< mm from the paper's lower edge, when the margin is narrow
 
+/// "1:10", "1:8,275"; empty for a layout, whose windows have scales of their own.
+std::wstring footerScale(const Editor& editor, const SheetLayout& layout, AcDbObjectId space) {
+    const AcDbDatabase& database = editor.database();
+    const AcDbObjectId shown = space.isNull() ? database.currentSpaceId() : space;
+    if (shown != database.core().modelSpaceId()) return {};
+    const bool larger = layout.scale > 1.0;
+    const QString number = QString::number(larger ? layout.scale : 1.0 / layout.scale, 'g', 4);
+    const std::wstring words = QString(number).replace('.', ',').toStdWString();
+    return L"   " + (larger ? words + L":1" : L"1:" + words);
+}
+
 /// "chapas.dxf   22/11/2026   1:10", in the middle of the lower margin.
 void paintFooter(QPainter& painter, const QRectF& target, const Editor& editor,
-                 const SheetLayout& layout, double margin) {
+                 const SheetLayout& layout, const PlotSettings& settings) {
+    const double margin = settings.margin;
     const std::filesystem::path file = editor.file().name().filename();
     const std::wstring text = (file.empty() ? L"Desenho" : toWide(file.string())) + L"   " +
-                              sheetDate() + L"   " + paperScaleText(1.0 / layout.scale);
+                              sheetDate() + footerScale(editor, layout, settings.space);
     const double perMillimetre = target.width() / layout.width;
     const LetteringFont font;
     const double size = kFooterHeight * perMillimetre / font.capHeight();
@@ -192,7 +203,7 @@ void paintSheet(QPainter& painter, const QRectF& target, Editor& editor,
     }
     pictures.flush();
     painter.restore();
-    if (settings.footer) paintFooter(painter, target, editor, layout, settings.margin);
+    if (settings.footer) paintFooter(painter, target, editor, layout, settings);
 }
 
 }  // namespace prancheta

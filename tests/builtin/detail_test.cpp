@@ -57,6 +57,12 @@ TEST_F(Details, ShowTheRegionAtTheirScaleAndFollowIt) {
         EXPECT_DOUBLE_EQ(label->height(), 3.5 * 20.0);
     }
 
+    const AcGePoint3d letter = Read<AcDbText>(first.mark)->position();
+    type({L"_move", L"_all", L"", L"0,0", L"1000,0"});  // region and letter together
+    EXPECT_NEAR(Read<AcDbText>(first.mark)->position().distanceTo(letter), 1000.0, 1e-9);
+    type({L"_u"});
+    EXPECT_EQ(Read<AcDbText>(first.mark)->position().distanceTo(letter), 0.0);
+
     type({L"_move", L"_last", L"", L"0,0", L"1,0"});  // the detail itself: nothing in it changes
     expectLine(content<AcDbLine>(details()[0])[0], -400, 40, 400, 40);
     type({L"_move", L"-500,10", L"", L"0,0", L"0,10"});
@@ -71,6 +77,24 @@ TEST_F(Details, ShowTheRegionAtTheirScaleAndFollowIt) {
     type({L"escaladesenho", L"10", L"_n"});
     expectLine(content<AcDbLine>(details()[0])[0], -200, 20, 200, 20);
     EXPECT_DOUBLE_EQ(Read<AcDbText>(content<AcDbText>(details()[0])[0])->height(), 35.0);
+}
+
+TEST_F(Details, HatchesAreThoseOfTheEndOfTheStep) {
+    type({L"hpscale", L"1", L"retang", L"-40,-30", L"0,30", L"_hatch", L"-35,-5", L""});
+    draw();
+    type({L"_move"});
+    pick(-40, 20);
+    type({L"", L"0,0", L"30,0"});
+    AcDbExtents hatch;
+    for (const AcDbObjectId id : content<AcDbLine>(details()[0])) {
+        AcDbExtents line;
+        (void)Read<AcDbLine>(id)->getGeomExtents(line);
+        // The long one is the drawing's own.
+        if (line.maxPoint().x - line.minPoint().x < 400.0) hatch.addExt(line);
+    }
+    ASSERT_FALSE(hatch.isEmpty());
+    EXPECT_GT(hatch.minPoint().x, -10.0 * 4.0 - 1e-6);
+    EXPECT_LT(hatch.maxPoint().x, 30.0 * 4.0 + 1e-6);
 }
 
 TEST_F(Details, AsLargeAsTheirInsertionIsScaled) {

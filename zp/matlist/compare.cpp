@@ -25,7 +25,7 @@ namespace zp::matlist {
 namespace {
 
 /// Places nearer than this are one, mm; another program writes fewer digits than it read.
-constexpr double kSamePlace = 0.05;
+constexpr double kSameStand = 0.05;
 /// Steps in which lengths, sizes, slopes and places are told apart when they are looked up.
 constexpr double kLengthStep = 0.01;
 constexpr double kSizeStep = 1e-4;
@@ -220,8 +220,8 @@ bool moved(const Member& before, const Member& after) {
     if (before.mirrored != after.mirrored) return true;
     // A cut at one end leaves the other one.
     const bool other = before.steel != after.steel;
-    const bool start = before.start.distanceTo(after.start) > kSamePlace;
-    const bool end = before.end.distanceTo(after.end) > kSamePlace;
+    const bool start = before.start.distanceTo(after.start) > kSameStand;
+    const bool end = before.end.distanceTo(after.end) > kSameStand;
     return other ? start && end : start || end;
 }
 

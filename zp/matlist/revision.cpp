@@ -20,7 +20,7 @@
 namespace zp::matlist {
 namespace {
 
-constexpr const ACHAR* kApplication = L"ZP_REVISAO";
+constexpr const ACHAR* kRevisionApplication = L"ZP_REVISAO";
 constexpr const wchar_t* kLayer = L"REVISAO";
 /// mm on paper: a cloud's distance from what it is drawn around, one of its arcs, the table's
 /// texts and its distance from the drawing.
@@ -89,7 +89,7 @@ void gather(Boxes::iterator from, Boxes::iterator to, bool upright, bool tried, 
 void sign(const Draughtsman& drawn) {
     for (const AcDbSoftPointerId& id : drawn.ids()) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-        const BufferChain list(acutBuildList(AcDb::kDxfRegAppName, kApplication,
+        const BufferChain list(acutBuildList(AcDb::kDxfRegAppName, kRevisionApplication,
                                              AcDb::kDxfXdAsciiString, kCompareCommand, RTNONE));
         if (entity.object() != nullptr) (void)entity->setXData(list.get());  // registered, short
     }
@@ -138,7 +138,7 @@ ErasedRevision eraseRevision(AcDbDatabase& drawing) {
     eachEntity(drawing, [&](AcDbObjectId id) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (entity.object() == nullptr) return;
-        const BufferChain list(entity->xData(kApplication));
+        const BufferChain list(entity->xData(kRevisionApplication));
         if (!list) return;
         if (edit::onLockedLayer(*entity.object()))
             ++result.locked;
@@ -161,7 +161,7 @@ std::wstring lockedRevisionText() {
 Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
                       const std::vector<MemberChange>& changes) {
     Revision drawn;
-    if (changes.empty() || !registerApplication(drawing, kApplication)) return drawn;
+    if (changes.empty() || !registerApplication(drawing, kRevisionApplication)) return drawn;
     const double scale = GetScale();
     const wchar_t* const layer = ZpLayerToUsr(kLayer);
     std::map<AcDbObjectId, Boxes> boxes;

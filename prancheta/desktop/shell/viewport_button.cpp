@@ -16,7 +16,7 @@ namespace prancheta::desktop {
 namespace {
 
 /// Usual scales of what a sheet shows, 1 to this.
-constexpr int kScales[] = {1, 2, 5, 10, 15, 20, 25, 30, 40, 50, 75, 100};
+constexpr int kViewportScales[] = {1, 2, 5, 10, 15, 20, 25, 30, 40, 50, 75, 100};
 
 QString scaleOf(AcDbObjectId id) {
     return QString::fromStdWString(paperScaleText(1.0 / viewportOf(id)->customScale()));
@@ -75,7 +75,7 @@ void ViewportButton::fillMenu() {
     auto* const scales = new QActionGroup(menu());
     scales->setEnabled(!locked);
     bool listed = present.isEmpty();
-    for (const int scale : kScales) {
+    for (const int scale : kViewportScales) {
         QAction* const action = scales->addAction(QString("1:%1").arg(scale));
         action->setCheckable(true);
         action->setChecked(action->text() == present);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr Word kFactorWords[] = {{L"Copiar", L"Copy"}, {L"Referência", L"Reference"}};
 constexpr Word kNewLengthWords[] = {{L"Pontos", L"Points"}};
-constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
+constexpr int kFactorBits = RSG_NOZERO | RSG_NONEG;
 
 /// Scaling by nothing is no scaling.
 AcGeMatrix3d byFactor(const AcGePoint3d& base, double factor) {
@@ -23,7 +23,7 @@ Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base, Ids
     const InputValue reference = co_await context.ask(
         Prompt(InputKind::Distance, L"\nEspecifique o comprimento de referência <" +
                                         lengthText(kept.referenceLength) + L">: ")
-            .bits(kPositive));
+            .bits(kFactorBits));
     if (reference.status == RTCAN) co_return reference;
     if (reference.status == RTNORM) kept.referenceLength = reference.number;
 
@@ -32,7 +32,7 @@ Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base, Ids
                                         lengthText(kept.newLength) + L">: ")
             .from(base)
             .words(kNewLengthWords)
-            .bits(kPositive)
+            .bits(kFactorBits)
             .changing(ids, [base, old = kept.referenceLength](const AcGePoint3d& to) {
                 return byFactor(base, base.distanceTo(to) / old);
             }));
@@ -64,7 +64,7 @@ CommandTask scale(CommandContext context) {
                        lengthText(kept.scale) + L">: ")
                 .from(base.point)
                 .words(kFactorWords)
-                .bits(kPositive)
+                .bits(kFactorBits)
                 .changing(chosen.ids, [from = base.point](const AcGePoint3d& to) {
                     return byFactor(from, from.distanceTo(to));
                 }));
