@@ -20,6 +20,9 @@ public:
     /// change, in Portuguese (static text). The entity is open for read.
     virtual const ACHAR* axis(const AcDbEntity& entity, AcGePoint3d& start,
                               AcGePoint3d& end) const = 0;
+    /// True for an entity that goes with this one, open for read, whatever its length becomes, as
+    /// its plates do: that is no edge of it.
+    virtual bool takesAlong(const AcDbEntity& entity, AcDbObjectId other) const = 0;
     /// The ends go to these distances from where the start is now, along the axis (`start` may be
     /// negative, `end` beyond the length). Dimensions, plates, mark and list follow.
     virtual bool setEnds(AcDbObjectId entity, double start, double end, ACHAR*& message) const = 0;

@@ -230,6 +230,8 @@ std::wstring meet(const Asked& asked, const Picked& picked, Met& met) {
     const AcDbObjectPointer<ZpObject> peca(asked.peca, AcDb::kForRead);
     if (peca.object() == nullptr) return L"A peça não pode ser aberta.";
     if (picked.id == asked.peca) return L"Uma peça não corta a si mesma; selecione outra aresta.";
+    if (zp::edit::isChapaOf(picked.id, asked.peca))
+        return L"As chapas de travejamento vão com a peça e não a cortam; selecione outra aresta.";
     if (!canCut(picked.id))
         return L"Selecione uma linha, um segmento reto de polilinha ou uma peça.";
     const Peca& p = Access::of(*peca.object());

@@ -489,6 +489,7 @@ public:
         end = bar->end;
         return nullptr;
     }
+    bool takesAlong(const AcDbEntity&, AcDbObjectId) const override { return false; }
     bool setEnds(AcDbObjectId id, double from, double to, ACHAR*& message) const override {
         const AcDbObjectPointer<Bar> bar(id, AcDb::kForWrite);
         if (to - from < 10.0) {

@@ -198,6 +198,27 @@ TEST_F(Cortes, PlatesBeyondACutAreNeitherDrawnNorListed) {
     }
 }
 
+TEST_F(Cortes, PlatesAreNoEdgesOfTheirPiece) {
+    type({L"PECA 2U [] 200x75x3 a=300 L=4000 vista=1 chapas=250,150,5", L"0,0", L"0"});
+    const AcDbObjectId bar = entities().front();
+    const AcDbObjectId last = zp::edit::chapasOf(*Read<ZpObject>(bar).object()).back();
+    ui.mayComplain = true;
+    cut({{3990, 150, bar}, {3900, 150, last}}, {});
+    EXPECT_TRUE(said(L"vão com a peça e não a cortam")) << testing::PrintToString(ui.printed);
+    const auto trimAtEnd = [&] {
+        type({L"_trim", L""});
+        pick(3990, 150, {bar});
+        type({L""});
+    };
+    trimAtEnd();
+    EXPECT_TRUE(said(L"O objeto não cruza uma aresta de corte."));
+    EXPECT_EQ(longest(bar), 4000);
+    // What is no plate of it is one, nearer to the pick than a plate or not.
+    put(new AcDbLine(AcGePoint3d(3000, -200, 0), AcGePoint3d(3000, 500, 0)));
+    trimAtEnd();
+    EXPECT_EQ(longest(bar), 3000);
+}
+
 TEST_F(Cortes, MovedMirroredStretchedCopied) {
     const AcDbObjectId id = u(0, 0, 1000);
     EXPECT_EQ(setValue(id, L"corte_fim", 30), L"");

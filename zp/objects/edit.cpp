@@ -222,6 +222,12 @@ AcDbObjectId ownerOf(const ZpObject& peca) {
     return owners.empty() ? AcDbObjectId() : owners.front();
 }
 
+bool isChapaOf(AcDbObjectId id, AcDbObjectId peca) {
+    if (!isChapa(id)) return false;
+    const AcDbObjectPointer<ZpChapa> chapa(id, AcDb::kForRead);
+    return chapa.object() != nullptr && ownerOf(*chapa.object()) == peca;
+}
+
 bool onLockedLayer(const AcDbEntity& entity) {
     const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId(), AcDb::kForRead);
     return layer.object() != nullptr && layer->isLocked();

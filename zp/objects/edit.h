@@ -31,6 +31,8 @@ std::vector<AcDbObjectId> chapasOf(const ZpObject& peca);
 void learnChapas(ZpObject& peca);
 /// The piece that this one follows; null when it follows none.
 AcDbObjectId ownerOf(const ZpObject& peca);
+/// True for a plate of that piece.
+bool isChapaOf(AcDbObjectId id, AcDbObjectId peca);
 
 inline constexpr const wchar_t* kLocked =
     L"A camada da peça está bloqueada; desbloqueie-a para alterar.";

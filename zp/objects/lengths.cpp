@@ -103,6 +103,9 @@ public:
         end = p.end();
         return nullptr;
     }
+    bool takesAlong(const AcDbEntity& entity, AcDbObjectId other) const override {
+        return edit::isChapaOf(other, entity.objectId());
+    }
     bool setEnds(AcDbObjectId entity, double start, double end, ACHAR*& message) const override {
         return answered(lengths::setEnds(entity, start, end), message);
     }

@@ -11,6 +11,8 @@
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/plane_curve.h"
+#include "protocol/attach.h"
+#include "protocol/length.h"
 #include "protocol/markers.h"
 
 namespace prancheta::commands {
@@ -154,8 +156,14 @@ CuttingEdges::Between CuttingEdges::around(const Editor& editor, const Curve& cu
                                            AcDbObjectId self, bool implied) const {
     const CurveIndex index(curve);
     Nearest nearest(curve, at);
+    const AcDbObjectPointer<AcDbEntity> cut(self, AcDb::kForRead);
+    const protocol::EntityLength* const bar = cut.openStatus() == Acad::eOk
+                                                  ? protocol::extensionOf<protocol::EntityLength>(
+                                                        *cut.object(), protocol::kEntityLengthClass)
+                                                  : nullptr;
     const auto fits = [&](AcDbObjectId id) {
-        return id != self && (m_chosen.empty() || m_chosen.contains(id.asOldId()));
+        return id != self && (m_chosen.empty() || m_chosen.contains(id.asOldId())) &&
+               (bar == nullptr || !bar->takesAlong(*cut.object(), id));
     };
     std::vector<Meeting> meetings;
     for (const Candidate& each : candidates(editor, index, curve.at(at), implied, fits)) {

@@ -27,7 +27,7 @@ public:
 
     /// Nearest places before and behind the parameter `at` at which edges meet the curve; of a
     /// closed one they may lie beyond its start and its end. What meets the very ends of an open
-    /// one does not count. `self` is no edge. `implied`: lines, arcs and polylines count as far as
+    /// one does not count. `self` and what goes with it, as the plates of a bar do, is no edge. `implied`: lines, arcs and polylines count as far as
     /// they could go on. Cost: boxes that the curve's meets, and the pictures of the nearest of
     /// what it passes.
     struct Between {
