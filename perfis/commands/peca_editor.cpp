@@ -152,7 +152,7 @@ public:
             const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
             if (peca.openStatus() != Acad::eOk || !isTravejada(*peca.object())) return;
             values = valuesOf(*peca.object());
-            values.comprimentoTravejado = before.comprimento;
+            if (values.lacing == before.lacing) values.comprimentoTravejado = before.comprimento;
         }
         const PerfilCommand* const command = commandOf(values);
         if (command == nullptr) return;
@@ -161,6 +161,7 @@ public:
         was.comprimento = before.comprimento;
         was.cortes = before.cortes;
         was.lacing = before.lacing;
+        was.comprimentoTravejado = before.comprimento;
         const LayingChapas laying;
         try {
             newRun(*command)->layAgain(was, values);

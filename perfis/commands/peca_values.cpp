@@ -47,6 +47,10 @@ void takeChanges(const ZpObject& changed, PecaValues& peca) {
     const zp::Peca& p = zp::Access::of(changed);
     peca.comprimento = p.comprimento;
     peca.cortes = p.cortes;
+    // What a command makes knows nothing of the job.
+    if (!p.member || p.member->lacing == peca.lacing) return;
+    peca.lacing = p.member->lacing;
+    peca.comprimentoTravejado = p.comprimento;
 }
 
 PecaValues valuesOf(const ZpObject& peca) {
@@ -70,7 +74,6 @@ PecaValues valuesOf(const ZpObject& peca) {
     p.listed = zp::matlist::isListed(p.id);
     p.count = zp::matlist::countOf(p.id);
     (void)peca.StartPoint(p.start);
-    p.lacing = zp::member::of(peca).lacing;
     p.commercial = zp::Access::of(peca).commercial;
     p.chapas = chapasOf(peca);
     return p;

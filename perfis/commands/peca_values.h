@@ -48,7 +48,8 @@ struct PecaValues {
     bool otherMass() const { return commercial && commercial->printed.otherMass; }
 };
 
-/// Values, length and cuts of `changed`, which has the class of the piece.
+/// Values, length, cuts and lacing of `changed`, which has the class of the piece; a lacing that
+/// came with a length was made for it.
 void takeChanges(const ZpObject& changed, PecaValues& peca);
 
 /// The piece is open for read.

@@ -110,6 +110,14 @@ std::size_t movedChapas(const PecaValues& peca, const RuledPeca& before, const R
     std::vector<zp::secao::Bounds> places;
     for (const RuledPeca* const rule : {&before, &after})
         for (const auto& chapa : rule->chapas) places.push_back(pictureOf(*chapa, peca.start));
+    // Plates at the end go with it, in the size that they had.
+    const double longer = after.peca->getComprimentoReal() - before.peca->getComprimentoReal();
+    for (std::size_t i = 0, n = before.chapas.size(); i < n; ++i) {
+        zp::secao::Bounds gone = places[i];
+        gone.x0 += longer;
+        gone.x1 += longer;
+        places.push_back(gone);
+    }
     std::ranges::sort(places, {}, &zp::secao::Bounds::x0);
     return static_cast<std::size_t>(
         std::ranges::count_if(peca.chapas, [&](const ChapaValues& chapa) {

@@ -30,8 +30,8 @@ RuledPeca ruledPeca(const PerfilDescription& description, const RunState& state,
 bool sameChapas(const RuledPeca& a, const RuledPeca& b);
 /// True when one of the piece's plates lies on a locked layer.
 bool hasLockedChapa(const PecaValues& peca);
-/// Plates of the piece that stand neither where the rule put one before a change nor where it puts
-/// one after it: those at the end have gone there with it. Cost: O(n log n).
+/// Plates of the piece that stand neither where the rule put one before a change, be it as far from
+/// the end that has moved, nor where it puts one after it. Cost: O(n log n).
 std::size_t movedChapas(const PecaValues& peca, const RuledPeca& before, const RuledPeca& after);
 
 }  // namespace perfis

@@ -219,6 +219,51 @@ TEST_F(Cortes, PlatesAreNoEdgesOfTheirPiece) {
     EXPECT_EQ(longest(bar), 3000);
 }
 
+// Four further views, one of them the section; whichever is scaled, all have plates twice as large.
+TEST_F(Cortes, PlatesOfAllViewsGrowWithTheirMember) {
+    for (const wchar_t* const piece : {L"2U [] 200x75x3 a=300 L=4000 vista=1 chapas=250,150,5",
+                                       L"2U ][ 200x75x3 a=100 L=4000 vista=1 chapas=100,150,5",
+                                       L"2Ue 200x75x20x3 L=4000 vista=1 chapas=100,150,5"}) {
+        std::vector<AcDbObjectId> bars;
+        const std::size_t drawn = entities().size();
+        const std::wstring line = L"PECA " + std::wstring(piece) + L" lista";
+        type({line.c_str(), L"0,0", L"0", L"VISTAS", L"20,0", L"Todas", L"400", L""});
+        const std::vector<AcDbObjectId> all = entities();
+        for (std::size_t i = drawn; i < all.size(); ++i)
+            if (all[i].objectClass()->isDerivedFrom(ZpObject::desc()) &&
+                !all[i].objectClass()->isDerivedFrom(ZpChapa::desc()))
+                bars.push_back(all[i]);
+        ASSERT_EQ(bars.size(), 5u);
+        const double A = zp::member::of(*Read<ZpObject>(bars[0])).lacing.A;
+        for (std::size_t picked = 0; picked < bars.size(); ++picked) {
+            SCOPED_TRACE(testing::PrintToString(std::wstring(piece)) + std::to_string(picked));
+            ui.printed.clear();
+            type({L"_scale"});
+            pick(0, 0, {bars[picked]});
+            type({L"", L"0,0", L"2"});
+            EXPECT_TRUE(said(L"4 vistas acompanham a mudança."));
+            EXPECT_FALSE(said(L"movida")) << testing::PrintToString(ui.printed);
+            for (const AcDbObjectId& bar : bars) {
+                const Read<ZpObject> view(bar);
+                EXPECT_EQ(view->getAltura(), 400);
+                const zp::Lacing& lacing = zp::member::of(*view).lacing;
+                EXPECT_NEAR(lacing.A, 2 * A, 1e-9);
+                if (view->vista() == ZpObject::kVistaSecao) continue;
+                EXPECT_NEAR(lacing.C, 300, 1e-9);
+                EXPECT_EQ(lacing.n, 5);
+                for (const AcDbObjectId& id : zp::edit::chapasOf(*view)) {
+                    const zp::secao::Bounds box =
+                        zp::edit::boxIn(Access::of(*view).frame(), *Read<ZpObject>(id));
+                    EXPECT_NEAR(box.x1 - box.x0, 300, 1e-6);
+                    EXPECT_LE(box.x1, 8000 + 1e-6);
+                }
+            }
+            type({L"_u"});
+        }
+        type({L"_erase", L"_all", L""});
+    }
+}
+
 TEST_F(Cortes, MovedMirroredStretchedCopied) {
     const AcDbObjectId id = u(0, 0, 1000);
     EXPECT_EQ(setValue(id, L"corte_fim", 30), L"");

@@ -82,6 +82,20 @@ bool alike(const ZpObject& a, const ZpObject& b) {
 
 namespace {
 
+/// What the view is laced with as the piece is by now. A section does not tell how plates are
+/// spread: then these grow with their height.
+Lacing lacingLike(const ZpObject& view, const ZpObject& peca) {
+    const Lacing& shown = member::of(peca).lacing;
+    if (!Access::of(view).inSecao() && !Access::of(peca).inSecao()) return shown;
+    Lacing lacing = member::of(view).lacing;
+    if (!(lacing.A > 0.0) || !(shown.A > 0.0)) return lacing;
+    const double k = shown.A / lacing.A;
+    lacing.A = shown.A;
+    lacing.C *= k;
+    lacing.L1 *= k;
+    return lacing;
+}
+
 /// The view as it is to be, in no drawing and where it stands.
 std::unique_ptr<ZpObject> shownLike(const ZpObject& view, const ZpObject& peca) {
     std::unique_ptr<ZpObject> model = edit::copyOf(view);
@@ -100,7 +114,7 @@ std::unique_ptr<ZpObject> shownLike(const ZpObject& view, const ZpObject& peca) 
     p.cachedSecao.reset();
     p.cortes = shown.cortes;
     p.setComprimento(shown.comprimento);
-    if (!p.inSecao()) member::lace(*model, member::of(peca).lacing);
+    member::lace(*model, lacingLike(view, peca));
     return model;
 }
 
