@@ -23,51 +23,90 @@ namespace {
 
 using ReadPeca = AcDbObjectPointer<ZpObject>;
 
-/// One row of which a command changed pieces. Its further views show the member that all its pieces
-/// are: they follow when none of these stays as it was, a piece that was broken the older part.
+/// One row of which a command changed pieces. Each further view shows the piece that counts and
+/// stood nearest to it before, of a piece that was broken the older part; they follow one another.
 class ViewsAlong {
 public:
     ViewsAlong(AcDbObjectId row, const std::vector<edit::Change>& changes) : m_row(row) {
         for (const edit::Change& change : changes) m_changes.emplace(change.peca, &change);
     }
     void run() {
-        std::vector<AcDbObjectId> counted;
-        std::vector<AcDbObjectId> views;
+        std::vector<Drawn> counted;
+        std::vector<Drawn> views;
         for (const AcDbObjectId& id : Book::of(*m_row.database()).row(m_row)->pecas) {
             if (isChapa(id)) continue;
             const ReadPeca peca(id, AcDb::kForRead);
             if (peca.object() == nullptr) continue;
-            (member::of(*peca.object()).count > 0 ? counted : views).push_back(id);
+            (member::of(*peca.object()).count > 0 ? counted : views)
+                .push_back(asItWas(*peca.object()));
         }
         if (views.empty()) return;
-        std::ranges::sort(counted, Older());
+        std::ranges::sort(counted, Older(), &Drawn::id);
+        std::map<AcDbObjectId, std::vector<AcDbObjectId>, Older> viewsOf;  // null: no piece counts
+        for (const Drawn& view : views) viewsOf[nearestTo(view, counted)].push_back(view.id);
+        int staying = 0;
+        for (const auto& [peca, its] : viewsOf)
+            if (!followIn(peca, its)) staying += static_cast<int>(its.size());
+        say();
+        if (staying > 0 && m_followed + m_locked == 0 && leftItsViews(counted, viewsOf))
+            sayApart(staying);
+    }
+
+private:
+    /// The axis before the command; of a section its place alone.
+    struct Drawn {
+        AcDbObjectId id;
+        AcGePoint3d start;
+        AcGeVector3d axis;
+    };
+    Drawn asItWas(const ZpObject& peca) const {
+        const edit::Change* const change = changeOf(peca.objectId());
+        const edit::Former was = change != nullptr ? change->before : edit::formerOf(peca);
+        const double length = Access::of(peca).inSecao() ? 0.0 : was.comprimento;
+        return {peca.objectId(), was.start, direction(was.angle) * length};
+    }
+    /// From the middle of the view to the axis of the piece; null where none counts.
+    static AcDbObjectId nearestTo(const Drawn& view, const std::vector<Drawn>& counted) {
+        const AcGePoint3d middle = view.start + view.axis * 0.5;
+        const auto distance = [&](const Drawn& peca) {
+            const double length2 = peca.axis.dotProduct(peca.axis);
+            const AcGeVector3d to = middle - peca.start;
+            const double t =
+                length2 > 0.0 ? std::clamp(to.dotProduct(peca.axis) / length2, 0.0, 1.0) : 0.0;
+            return (to - peca.axis * t).length();
+        };
+        const auto nearest = std::ranges::min_element(counted, {}, distance);
+        return nearest != counted.end() ? nearest->id : AcDbObjectId();
+    }
+    /// The piece and its views become alike; false when none of them changed.
+    bool followIn(AcDbObjectId peca, const std::vector<AcDbObjectId>& views) {
         const auto changed = [&](AcDbObjectId id) { return changeOf(id) != nullptr; };
-        const auto changes = std::ranges::count_if(counted, changed);
-        const auto& leaders = changes > 0 ? counted : views;
-        const auto leader = std::ranges::find_if(leaders, changed);
-        if (changes > 0 ? changes < std::ssize(counted) : counted.size() > 1) {
-            // What was set to what it was is like the others, a view that has followed like its
-            // piece, and a piece that changed may have its views along.
-            const bool same = std::ranges::any_of(
-                counted, [&](AcDbObjectId id) { return !changed(id) && alike(id, *leader); });
-            const bool along = changes > 0 && std::ranges::any_of(views, [&](AcDbObjectId id) {
-                                   return changed(id) && alike(id, *leader);
-                               });
-            if (!same && !along) sayApart(static_cast<int>(views.size()), changes > 0);
-            return;
+        if (changed(peca)) {
+            follow(peca, views, m_locked);
+            return true;
         }
+        const auto leader = std::ranges::find_if(views, changed);
+        if (leader == views.end()) return false;
         follow(*leader, views, m_locked);
         int locked = 0;
-        if (changes == 0) follow(*leader, counted, locked);
+        if (!peca.isNull()) follow(*leader, {peca}, locked);
         if (locked > 0)
             acutPrintf(
                 L"\n%ls: só a vista mudou: a peça está em camada bloqueada; desbloqueie a camada e "
                 L"use EDITAPERFIL.\n",
                 marcaOf(m_row).c_str());
-        say();
+        return true;
     }
-
-private:
+    /// True when a piece without views became another one than those that stayed: what was set to
+    /// what it was is like them.
+    bool leftItsViews(const std::vector<Drawn>& counted, const auto& viewsOf) const {
+        const auto stays = [&](const Drawn& d) { return changeOf(d.id) == nullptr; };
+        const auto bare = std::ranges::find_if(
+            counted, [&](const Drawn& d) { return !stays(d) && !viewsOf.contains(d.id); });
+        return bare != counted.end() && std::ranges::none_of(counted, [&](const Drawn& other) {
+                   return stays(other) && alike(bare->id, other.id);
+               });
+    }
     const edit::Change* changeOf(AcDbObjectId id) const {
         const auto found = m_changes.find(id);
         return found != m_changes.end() ? found->second : nullptr;
@@ -100,20 +139,13 @@ private:
     static std::wstring views(int n) {
         return std::to_wstring(n) + (n == 1 ? L" vista" : L" vistas");
     }
-    /// Other pieces of the row are as they were.
-    void sayApart(int count, bool piece) const {
-        const std::wstring marca = marcaOf(m_row);
-        if (piece)
-            acutPrintf(
-                L"\n%ls: %ls %ls as peças que não mudaram; a que mudou não tem vistas: "
-                L"desenhe-as com VISTAS.\n",
-                marca.c_str(), views(count).c_str(),
-                count == 1 ? L"continua mostrando" : L"continuam mostrando");
-        else
-            acutPrintf(
-                L"\n%ls: só a vista mudou, a linha tem várias peças. Mude-as com "
-                L"EDITAPERFIL.\n",
-                marca.c_str());
+    /// The views of other pieces of the row.
+    void sayApart(int count) const {
+        acutPrintf(
+            L"\n%ls: %ls %ls as peças que não mudaram; a que mudou não tem vistas: "
+            L"desenhe-as com VISTAS.\n",
+            marcaOf(m_row).c_str(), views(count).c_str(),
+            count == 1 ? L"continua mostrando" : L"continuam mostrando");
     }
     void say() const {
         const std::wstring marca = marcaOf(m_row);
