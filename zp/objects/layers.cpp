@@ -53,9 +53,9 @@ struct Standard {
     AcDb::LineWeight lineWeight;
 };
 constexpr Standard kStandards[] = {
-    {L"perfil", 7, AcDb::kLnWt050}, {L"vista-chapa", 3, AcDb::kLnWt035},
-    {L"cota", 2, AcDb::kLnWt018},   {L"marca", 1, AcDb::kLnWt025},
-    {L"lista", 7, AcDb::kLnWt025},  {L"planocorte", 7, AcDb::kLnWt025},
+    {L"perfil", 7, AcDb::kLnWt050},  {L"vista-chapa", 3, AcDb::kLnWt035},
+    {L"cota", 2, AcDb::kLnWt018},    {L"marca", 1, AcDb::kLnWt025},
+    {L"lista", 7, AcDb::kLnWt025},   {L"planocorte", 7, AcDb::kLnWt025},
     {L"revisao", 1, AcDb::kLnWt035},
 };
 

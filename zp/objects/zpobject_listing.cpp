@@ -11,8 +11,8 @@
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "zp/objects/cortes.h"
-#include "zp/objects/member.h"
 #include "zp/objects/links.h"
+#include "zp/objects/member.h"
 #include "zp/objects/peca.h"
 #include "zp/objects/secao_rows.h"
 

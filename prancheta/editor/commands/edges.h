@@ -27,9 +27,9 @@ public:
 
     /// Nearest places before and behind the parameter `at` at which edges meet the curve; of a
     /// closed one they may lie beyond its start and its end. What meets the very ends of an open
-    /// one does not count. `self` and what goes with it, as the plates of a bar do, is no edge. `implied`: lines, arcs and polylines count as far as
-    /// they could go on. Cost: boxes that the curve's meets, and the pictures of the nearest of
-    /// what it passes.
+    /// one does not count. `self` and what goes with it, as the plates of a bar do, is no edge.
+    /// `implied`: lines, arcs and polylines count as far as they could go on. Cost: boxes that the
+    /// curve's meets, and the pictures of the nearest of what it passes.
     struct Between {
         std::optional<double> before;
         std::optional<double> behind;
