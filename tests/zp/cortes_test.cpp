@@ -221,7 +221,7 @@ TEST_F(Cortes, PlatesAreNoEdgesOfTheirPiece) {
 
 // Four further views, one of them the section; whichever is scaled, all have plates twice as large.
 TEST_F(Cortes, PlatesOfAllViewsGrowWithTheirMember) {
-    for (const wchar_t* const piece : {L"2U [] 200x75x3 a=300 L=4000 vista=1 chapas=250,150,5",
+    for (const wchar_t* const piece : {L"2U [] 200x75x3 a=300 L=4000 vista=1 chapas=250,150,5,700",
                                        L"2U ][ 200x75x3 a=100 L=4000 vista=1 chapas=100,150,5",
                                        L"2Ue 200x75x20x3 L=4000 vista=1 chapas=100,150,5"}) {
         std::vector<AcDbObjectId> bars;
@@ -234,7 +234,7 @@ TEST_F(Cortes, PlatesOfAllViewsGrowWithTheirMember) {
                 !all[i].objectClass()->isDerivedFrom(ZpChapa::desc()))
                 bars.push_back(all[i]);
         ASSERT_EQ(bars.size(), 5u);
-        const double A = zp::member::of(*Read<ZpObject>(bars[0])).lacing.A;
+        const zp::Lacing was = zp::member::of(*Read<ZpObject>(bars[0])).lacing;
         for (std::size_t picked = 0; picked < bars.size(); ++picked) {
             SCOPED_TRACE(testing::PrintToString(std::wstring(piece)) + std::to_string(picked));
             ui.printed.clear();
@@ -247,10 +247,11 @@ TEST_F(Cortes, PlatesOfAllViewsGrowWithTheirMember) {
                 const Read<ZpObject> view(bar);
                 EXPECT_EQ(view->getAltura(), 400);
                 const zp::Lacing& lacing = zp::member::of(*view).lacing;
-                EXPECT_NEAR(lacing.A, 2 * A, 1e-9);
+                EXPECT_NEAR(lacing.A, 2 * was.A, 1e-9);
                 if (view->vista() == ZpObject::kVistaSecao) continue;
                 EXPECT_NEAR(lacing.C, 300, 1e-9);
-                EXPECT_EQ(lacing.n, 5);
+                EXPECT_EQ(lacing.n, was.n);
+                EXPECT_NEAR(lacing.L1, 2 * was.L1, 1e-9);
                 for (const AcDbObjectId& id : zp::edit::chapasOf(*view)) {
                     const zp::secao::Bounds box =
                         zp::edit::boxIn(Access::of(*view).frame(), *Read<ZpObject>(id));
