@@ -20,7 +20,7 @@ constexpr double kAlike = 1e-6;  // share of a length
 
 /// A curve in the plane of the first one's pick, or a parallel of it; relative to that pick, so
 /// that drawings far from the origin lose no digits.
-struct Curve {
+struct TangentCurve {
     double x = 0.0, y = 0.0;    // of a point, or the centre
     double ux = 0.0, uy = 0.0;  // of a line, length 1
     double radius = 0.0;        // 0: a line
@@ -30,8 +30,9 @@ struct Place {
     double x = 0.0, y = 0.0;
 };
 
-Curve curveOf(const TouchedCurve& touched, const AcGePoint3d& origin) {
-    Curve curve{touched.point.x - origin.x, touched.point.y - origin.y, 0.0, 0.0, touched.radius};
+TangentCurve curveOf(const TouchedCurve& touched, const AcGePoint3d& origin) {
+    TangentCurve curve{touched.point.x - origin.x, touched.point.y - origin.y, 0.0, 0.0,
+                       touched.radius};
     const double length = std::hypot(touched.along.x, touched.along.y);
     if (touched.radius > 0.0 || !(length > 0.0)) return curve;
     curve.ux = touched.along.x / length;
@@ -39,15 +40,15 @@ Curve curveOf(const TouchedCurve& touched, const AcGePoint3d& origin) {
     return curve;
 }
 
-std::vector<Curve> parallels(const Curve& of, double distance) {
-    std::vector<Curve> both(2, of);
+std::vector<TangentCurve> parallels(const TangentCurve& of, double distance) {
+    std::vector<TangentCurve> both(2, of);
     if (of.radius > 0.0) {
         both[0].radius = of.radius + distance;
         both[1].radius = std::abs(of.radius - distance);
         if (both[1].radius <= kNegligible * of.radius) both.pop_back();
         return both;
     }
-    for (Curve& one : both) {
+    for (TangentCurve& one : both) {
         one.x -= of.uy * distance;
         one.y += of.ux * distance;
         distance = -distance;
@@ -56,7 +57,7 @@ std::vector<Curve> parallels(const Curve& of, double distance) {
 }
 
 /// Where the line of `along` through the foot of the centre cuts the circle.
-void cut(const Curve& circle, const Place& foot, double alongX, double alongY,
+void cut(const TangentCurve& circle, const Place& foot, double alongX, double alongY,
          std::vector<Place>& out) {
     const double aside = std::hypot(foot.x - circle.x, foot.y - circle.y);
     const double square = circle.radius * circle.radius - aside * aside;
@@ -66,7 +67,7 @@ void cut(const Curve& circle, const Place& foot, double alongX, double alongY,
     out.push_back({foot.x - alongX * half, foot.y - alongY * half});
 }
 
-void meet(const Curve& a, const Curve& b, std::vector<Place>& out) {
+void meet(const TangentCurve& a, const TangentCurve& b, std::vector<Place>& out) {
     if (!(a.radius > 0.0) && b.radius > 0.0) return meet(b, a, out);
     const double x = b.x - a.x;
     const double y = b.y - a.y;
@@ -89,7 +90,7 @@ void meet(const Curve& a, const Curve& b, std::vector<Place>& out) {
 }
 
 /// How far from the pick a circle about `center` touches the curve.
-double missOf(const Curve& curve, const Place& center, double radius, const Place& pick) {
+double missOf(const TangentCurve& curve, const Place& center, double radius, const Place& pick) {
     double x = center.x - curve.x;
     double y = center.y - curve.y;
     if (!(curve.radius > 0.0)) {
@@ -108,11 +109,11 @@ double missOf(const Curve& curve, const Place& center, double radius, const Plac
 std::optional<AcGePoint3d> centerTouching(const TouchedCurve& first, const TouchedCurve& second,
                                           double radius) {
     const AcGePoint3d& origin = first.pick;
-    const Curve a = curveOf(first, origin);
-    const Curve b = curveOf(second, origin);
+    const TangentCurve a = curveOf(first, origin);
+    const TangentCurve b = curveOf(second, origin);
     std::vector<Place> centers;
-    for (const Curve& ofFirst : parallels(a, radius))
-        for (const Curve& ofSecond : parallels(b, radius)) meet(ofFirst, ofSecond, centers);
+    for (const TangentCurve& ofFirst : parallels(a, radius))
+        for (const TangentCurve& ofSecond : parallels(b, radius)) meet(ofFirst, ofSecond, centers);
     std::optional<AcGePoint3d> best;
     double least = std::numeric_limits<double>::infinity();
     double leastOfFirst = least;
