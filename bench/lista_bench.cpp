@@ -151,7 +151,7 @@ void compare(benchmark::State& state) {
     for (auto _ : state) {
         auto now = zp::matlist::membersOf(job.editor->database());
         if (state.range(1) != 0)
-            for (zp::matlist::Member& m : now) m.start.x += 1.0, m.end.x += 1.0;
+            for (zp::matlist::JobMember& m : now) m.start.x += 1.0, m.end.x += 1.0;
         benchmark::DoNotOptimize(
             zp::matlist::compareMembers(zp::matlist::membersOf(before), now).size());
     }

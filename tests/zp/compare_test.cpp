@@ -75,7 +75,7 @@ protected:
         type(rest);
     }
 
-    static double massOf(const std::vector<zp::matlist::Member>& members) {
+    static double massOf(const std::vector<zp::matlist::JobMember>& members) {
         double kg = 0.0;
         for (const auto& m : members) kg += m.kg * static_cast<double>(m.count);
         return kg;

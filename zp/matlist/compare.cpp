@@ -73,9 +73,9 @@ std::uint64_t steelHashOf(const ZpObject& peca) {
     return hash.value();
 }
 
-Member memberOf(const ZpObject& peca) {
+JobMember memberOf(const ZpObject& peca) {
     const Peca& p = Access::of(peca);
-    Member m;
+    JobMember m;
     m.peca = peca.objectId();
     m.block = peca.ownerId();
     m.mirrored = p.mirrored;
@@ -89,8 +89,8 @@ Member memberOf(const ZpObject& peca) {
 }
 
 /// A row that nothing is drawn for.
-Member memberOf(const Linha& row) {
-    Member m;
+JobMember memberOf(const Linha& row) {
+    JobMember m;
     m.marca = row.marca;
     m.count = row.quantidade;
     m.listed = true;
@@ -105,7 +105,7 @@ Member memberOf(const Linha& row) {
 /// Members of the earlier drawing that wait for theirs of the later one.
 class Matcher {
 public:
-    Matcher(const std::vector<Member>& before, const std::vector<Member>& after)
+    Matcher(const std::vector<JobMember>& before, const std::vector<JobMember>& after)
         : m_before(before),
           m_after(after),
           m_partner(after.size(), kNone),
@@ -138,7 +138,7 @@ public:
             }
         }
     }
-    const Member* partner(std::size_t after) const {
+    const JobMember* partner(std::size_t after) const {
         return m_partner[after] == kNone ? nullptr : &m_before[m_partner[after]];
     }
     bool taken(std::size_t before) const { return m_taken[before]; }
@@ -146,8 +146,8 @@ public:
 private:
     using Keyed = std::vector<std::pair<std::uint64_t, std::size_t>>;
     static constexpr auto kNone = static_cast<std::size_t>(-1);
-    const std::vector<Member>& m_before;
-    const std::vector<Member>& m_after;
+    const std::vector<JobMember>& m_before;
+    const std::vector<JobMember>& m_after;
     std::vector<std::size_t> m_partner;
     std::vector<bool> m_taken;
 };
@@ -156,15 +156,15 @@ private:
 /// without a place.
 using Known = std::optional<std::uint64_t>;
 
-Known byMarca(const Member& m) {
+Known byMarca(const JobMember& m) {
     if (m.marca.empty()) return {};
     return Hash().put(m.marca).put(m.chapa ? 1LL : 0LL).value();
 }
-Known byKind(const Member& m) { return m.kind; }
-Known bySteel(const Member& m) {
+Known byKind(const JobMember& m) { return m.kind; }
+Known bySteel(const JobMember& m) {
     return Hash().put(static_cast<long long>(m.kind)).put(static_cast<long long>(m.steel)).value();
 }
-Known byHandle(const Member& m) {
+Known byHandle(const JobMember& m) {
     if (m.peca.isNull()) return {};
     return Hash()
         .put(static_cast<long long>(m.kind))
@@ -172,7 +172,7 @@ Known byHandle(const Member& m) {
         .value();
 }
 /// One end and the direction from there.
-Known byEnd(const Member& m, const AcGePoint3d& end, const AcGePoint3d& other) {
+Known byEnd(const JobMember& m, const AcGePoint3d& end, const AcGePoint3d& other) {
     if (m.chapa) return {};
     const AcGeVector3d along = other - end;
     Hash hash;
@@ -180,12 +180,12 @@ Known byEnd(const Member& m, const AcGePoint3d& end, const AcGePoint3d& other) {
     for (const double value : {end.x, end.y, end.z}) hash.put(value, kPlaceStep);
     return hash.put(std::atan2(along.y, along.x), kAngleStep).value();
 }
-Known byStart(const Member& m) { return byEnd(m, m.start, m.end); }
-Known byFarEnd(const Member& m) { return byEnd(m, m.end, m.start); }
+Known byStart(const JobMember& m) { return byEnd(m, m.start, m.end); }
+Known byFarEnd(const JobMember& m) { return byEnd(m, m.end, m.start); }
 
 template <class... Keys>
 auto all(Keys... keys) {
-    return [=](const Member& m) -> Known {
+    return [=](const JobMember& m) -> Known {
         Hash hash;
         for (const Known& part : {keys(m)...}) {
             if (!part) return {};
@@ -215,7 +215,7 @@ void matchAll(Matcher& matcher) {
     matcher.match(bySteel);
 }
 
-bool moved(const Member& before, const Member& after) {
+bool moved(const JobMember& before, const JobMember& after) {
     if (before.chapa) return false;
     if (before.mirrored != after.mirrored) return true;
     // A cut at one end leaves the other one.
@@ -228,12 +228,12 @@ bool moved(const Member& before, const Member& after) {
 /// Changes gathered line by line.
 class Changes {
 public:
-    Changes(const std::vector<Member>& before, const std::vector<Member>& after) {
-        for (const Member& m : before) m_rows[rowKeyOf(m)].was += m.count;
-        for (const Member& m : after) m_rows[rowKeyOf(m)].is += m.count;
+    Changes(const std::vector<JobMember>& before, const std::vector<JobMember>& after) {
+        for (const JobMember& m : before) m_rows[rowKeyOf(m)].was += m.count;
+        for (const JobMember& m : after) m_rows[rowKeyOf(m)].is += m.count;
     }
 
-    void pair(const Member& before, const Member& after) {
+    void pair(const JobMember& before, const JobMember& after) {
         const std::wstring text = differenceOf(before, after);
         const std::wstring way = moved(before, after) ? movementOf(before, after) : std::wstring();
         const double kg = (after.kg - before.kg) * static_cast<double>(before.count);
@@ -250,7 +250,7 @@ public:
         }
     }
     /// One that only the later drawing has: another of its row, or a new one.
-    void fresh(const Member& m) {
+    void fresh(const JobMember& m) {
         Row& row = m_rows[rowKeyOf(m)];
         if (row.was == 0 || m.marca.empty()) {
             add(Difference::New, m.marca, nameWithin(m), m.count,
@@ -260,7 +260,7 @@ public:
         row.after.push_back(m);
         row.more += m.count;
     }
-    void gone(const Member& m) {
+    void gone(const JobMember& m) {
         Row& row = m_rows[rowKeyOf(m)];
         if (row.is == 0 || m.marca.empty()) {
             add(Difference::Gone, m.marca, nameWithin(m), m.count,
@@ -286,15 +286,15 @@ private:
         long long was = 0;
         long long is = 0;
         long long more = 0;  ///< by which it counts more, changed members left out
-        std::vector<Member> before;
-        std::vector<Member> after;
+        std::vector<JobMember> before;
+        std::vector<JobMember> after;
     };
-    static std::uint64_t rowKeyOf(const Member& m) {
+    static std::uint64_t rowKeyOf(const JobMember& m) {
         return Hash().put(static_cast<long long>(*bySteel(m))).put(m.marca).value();
     }
     void addQuantity(Row& row) {
         if (row.more == 0) return;
-        const Member& one = row.after.empty() ? row.before.front() : row.after.front();
+        const JobMember& one = row.after.empty() ? row.before.front() : row.after.front();
         const bool plain = row.is - row.was == row.more;
         const std::wstring text =
             plain ? L"quantidade " + std::to_wstring(row.was) + L" -> " + std::to_wstring(row.is)
@@ -309,7 +309,7 @@ private:
         m_changes.push_back(std::move(change));
     }
     void add(Difference kind, const std::wstring& marca, const std::wstring& text, long long count,
-             double kg, const Member* before, const Member* after) {
+             double kg, const JobMember* before, const JobMember* after) {
         const auto [place, isNew] = m_places.try_emplace({kind, marca, text}, m_changes.size());
         if (isNew) m_changes.push_back({kind, marca, text, 0, 0.0, {}, {}});
         MemberChange& change = m_changes[place->second];
@@ -326,9 +326,9 @@ private:
 
 }  // namespace
 
-std::vector<Member> membersOf(AcDbDatabase& drawing) {
+std::vector<JobMember> membersOf(AcDbDatabase& drawing) {
     Book& book = Book::of(drawing);
-    std::vector<Member> members;
+    std::vector<JobMember> members;
     eachEntity(drawing, [&](AcDbObjectId id) {
         const AcRxClass* const kind = id.objectClass();
         if (kind == nullptr || !kind->isDerivedFrom(ZpObject::desc())) return;
@@ -339,7 +339,7 @@ std::vector<Member> membersOf(AcDbDatabase& drawing) {
         const bool listed = !record.isNull();
         // Further views, and plates that follow from a bar in no list.
         if (listed ? counts == 0 : !edit::ownerOf(*peca.object()).isNull()) return;
-        Member m = memberOf(*peca.object());
+        JobMember m = memberOf(*peca.object());
         m.listed = listed;
         m.count = listed ? counts : book.insertions(peca->ownerId());
         if (m.count == 0) return;  // in a block that nobody inserted
@@ -356,13 +356,13 @@ std::vector<Member> membersOf(AcDbDatabase& drawing) {
     return members;
 }
 
-std::vector<MemberChange> compareMembers(const std::vector<Member>& before,
-                                         const std::vector<Member>& after) {
+std::vector<MemberChange> compareMembers(const std::vector<JobMember>& before,
+                                         const std::vector<JobMember>& after) {
     Matcher matcher(before, after);
     matchAll(matcher);
     Changes changes(before, after);
     for (std::size_t i = 0; i < after.size(); ++i) {
-        if (const Member* const partner = matcher.partner(i))
+        if (const JobMember* const partner = matcher.partner(i))
             changes.pair(*partner, after[i]);
         else
             changes.fresh(after[i]);

@@ -15,7 +15,7 @@ class AcDbDatabase;
 namespace zp::matlist {
 
 /// A member as one drawing has it; a row without drawn pieces is one, too.
-struct Member {
+struct JobMember {
     AcDbObjectId peca;   ///< null: nothing of it is drawn
     AcDbObjectId block;  ///< that it stands in
     std::wstring marca;
@@ -32,7 +32,7 @@ struct Member {
     std::wstring row;  ///< "U 200x75x3, 2162 mm", of a row without drawn pieces
 };
 /// All that a drawing holds, further views left out; O(n).
-std::vector<Member> membersOf(AcDbDatabase& drawing);
+std::vector<JobMember> membersOf(AcDbDatabase& drawing);
 
 enum class Difference { New, Gone, Changed, Quantity, Moved };
 
@@ -43,14 +43,14 @@ struct MemberChange {
     std::wstring text;   ///< "L 5980 -> 6020"
     long long count = 0;
     double kg = 0.0;  ///< what the job became heavier by
-    std::vector<Member> before;
-    std::vector<Member> after;
+    std::vector<JobMember> before;
+    std::vector<JobMember> after;
 };
 
 /// By kind, then by mark. Members are matched by mark, place and what they are, so that a drawing
 /// whose handles another program gave anew compares as itself. O(n log n).
-std::vector<MemberChange> compareMembers(const std::vector<Member>& before,
-                                         const std::vector<Member>& after);
+std::vector<MemberChange> compareMembers(const std::vector<JobMember>& before,
+                                         const std::vector<JobMember>& after);
 
 /// "V3: L 5980 -> 6020, +1,9 kg"
 std::wstring lineOf(const MemberChange& change);

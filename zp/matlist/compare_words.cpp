@@ -103,9 +103,9 @@ constexpr KindWords kKinds[] = {{L"nova", L" nova", L" novas"},
                                 {L"movida", L" movida", L" movidas"}};
 const KindWords& kindWordsOf(Difference kind) { return kKinds[static_cast<std::size_t>(kind)]; }
 
-std::wstring handlesOf(const std::vector<Member>& members, const wchar_t* between) {
+std::wstring handlesOf(const std::vector<JobMember>& members, const wchar_t* between) {
     std::wstring all;
-    for (const Member& m : members) {
+    for (const JobMember& m : members) {
         if (m.peca.isNull()) continue;
         ACHAR text[17];
         m.peca.handle().getIntoAsciiBuffer(text);
@@ -147,7 +147,7 @@ std::wstring jsonTextOf(const std::wstring& text) {
     return quoted + L'"';
 }
 
-std::wstring jsonHandlesOf(const std::vector<Member>& members) {
+std::wstring jsonHandlesOf(const std::vector<JobMember>& members) {
     const std::wstring handles = handlesOf(members, L"\", \"");
     return handles.empty() ? L"[]" : L"[\"" + handles + L"\"]";
 }
@@ -182,14 +182,14 @@ std::wstring jsonOf(const std::vector<MemberChange>& changes) {
         .append(L"}\n");
 }
 
-std::wstring nameOf(const Member& member) {
+std::wstring nameOf(const JobMember& member) {
     const AcDbObjectPointer<ZpObject> peca(member.peca, AcDb::kForRead);
     return peca.object() != nullptr ? wordsOf(*peca.object()) : member.row;
 }
 
 }  // namespace
 
-std::wstring differenceOf(const Member& before, const Member& after) {
+std::wstring differenceOf(const JobMember& before, const JobMember& after) {
     if (before.steel == after.steel && before.marca == after.marca && before.listed == after.listed)
         return {};
     Words words;
@@ -206,7 +206,7 @@ std::wstring differenceOf(const Member& before, const Member& after) {
     return words.all();
 }
 
-std::wstring movementOf(const Member& before, const Member& after) {
+std::wstring movementOf(const JobMember& before, const JobMember& after) {
     if (before.mirrored != after.mirrored) return L"espelhada";
     const AcGeVector3d along = before.end - before.start;
     const AcGeVector3d now = after.end - after.start;
@@ -223,7 +223,7 @@ std::wstring movementOf(const Member& before, const Member& after) {
     return words.empty() ? L"movida" : words.all();
 }
 
-std::wstring nameWithin(const Member& member) {
+std::wstring nameWithin(const JobMember& member) {
     return member.listed ? nameOf(member) : nameOf(member) + L" (fora da lista)";
 }
 

@@ -7,11 +7,11 @@
 namespace zp::matlist {
 
 /// "L 5980 -> 6020, aço A36 -> A572"; empty when they are the same but for their place.
-std::wstring differenceOf(const Member& before, const Member& after);
+std::wstring differenceOf(const JobMember& before, const JobMember& after);
 /// "movida 1000; 0", "girada 30°".
-std::wstring movementOf(const Member& before, const Member& after);
+std::wstring movementOf(const JobMember& before, const JobMember& after);
 /// The name, and whether the member is in no list.
-std::wstring nameWithin(const Member& member);
+std::wstring nameWithin(const JobMember& member);
 /// "+2"
 std::wstring signedWords(long long number);
 

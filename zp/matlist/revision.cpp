@@ -36,7 +36,7 @@ struct Box {
 };
 
 /// Drawn in the block, one of the layouts; nothing for what stands elsewhere.
-std::optional<Box> boxOf(const Member& member) {
+std::optional<Box> boxOf(const JobMember& member) {
     const AcDbObjectPointer<AcDbEntity> entity(member.peca, AcDb::kForRead);
     AcDbExtents extents;
     if (member.chapa || entity.object() == nullptr || entity->getGeomExtents(extents) != Acad::eOk)
@@ -45,7 +45,7 @@ std::optional<Box> boxOf(const Member& member) {
 }
 
 /// Of this drawing, where a member of whichever drawing stands; null for a block that is no layout.
-AcDbObjectId layoutOf(const AcDbDatabase& drawing, const Member& member) {
+AcDbObjectId layoutOf(const AcDbDatabase& drawing, const JobMember& member) {
     const AcDbObjectPointer<AcDbBlockTableRecord> block(member.block, AcDb::kForRead);
     const ACHAR* name = nullptr;
     AcDbObjectId id;
@@ -165,8 +165,8 @@ Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
     const double scale = GetScale();
     const wchar_t* const layer = ZpLayerToUsr(kLayer);
     std::map<AcDbObjectId, Boxes> boxes;
-    const auto add = [&](const std::vector<Member>& members) {
-        for (const Member& member : members) {
+    const auto add = [&](const std::vector<JobMember>& members) {
+        for (const JobMember& member : members) {
             const AcDbObjectId layout = layoutOf(drawing, member);
             std::optional<Box> box = boxOf(member);
             if (layout.isNull() || !box) continue;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr Word kDimchainWords[] = {{L"Selecionar", L"Select"}, {L"Desfazer", L"Undo"}};
 
-enum class Kind { Series, Baseline };
+enum class ChainKind { Series, Baseline };
 
 /// The last linear dimension of the present space.
 std::optional<LinearModel> lastModel(const CommandContext& context) {
@@ -30,10 +30,10 @@ std::optional<LinearModel> lastModel(const CommandContext& context) {
 
 /// The next one: from the end of the model on its line, or from its beginning on a line farther
 /// from what is measured.
-LinearModel next(const LinearModel& model, Kind kind, const AcGePoint3d& to) {
+LinearModel next(const LinearModel& model, ChainKind kind, const AcGePoint3d& to) {
     LinearModel made = model;
     made.second = to;
-    if (kind == Kind::Series) {
+    if (kind == ChainKind::Series) {
         made.first = model.second;
         return made;
     }
@@ -54,9 +54,9 @@ std::unique_ptr<AcDbEntity> drawn(const CommandContext& context, const LinearMod
 }
 
 /// RTNORM with a model, RTNONE for Enter, RTCAN.
-Task<int> askModel(CommandContext context, Kind kind, std::optional<LinearModel>& model) {
-    const std::wstring question = kind == Kind::Series ? L"\nSelecione a cota a continuar: "
-                                                       : L"\nSelecione a cota de base: ";
+Task<int> askModel(CommandContext context, ChainKind kind, std::optional<LinearModel>& model) {
+    const std::wstring question = kind == ChainKind::Series ? L"\nSelecione a cota a continuar: "
+                                                            : L"\nSelecione a cota de base: ";
     for (;;) {
         const InputValue picked = co_await context.ask(Prompt(InputKind::Entity, question));
         if (picked.status == RTCAN || picked.status == RTNONE) co_return picked.status;
@@ -64,7 +64,7 @@ Task<int> askModel(CommandContext context, Kind kind, std::optional<LinearModel>
             auto found = linearModel(picked.entities.front(), &picked.point);
             if (found) {
                 // What is kept is the origin that others start from.
-                if (kind == Kind::Baseline) std::swap(found->first, found->second);
+                if (kind == ChainKind::Baseline) std::swap(found->first, found->second);
                 model = found;
                 co_return RTNORM;
             }
@@ -78,7 +78,7 @@ struct Step {
     LinearModel before;
 };
 
-CommandTask chain(CommandContext context, Kind kind) {
+CommandTask chain(CommandContext context, ChainKind kind) {
     std::optional<LinearModel> model = lastModel(context);
     std::vector<Step> steps;
     for (;;) {
@@ -89,7 +89,7 @@ CommandTask chain(CommandContext context, Kind kind) {
         Prompt prompt(InputKind::Point,
                       L"\nOrigem da segunda linha de extensão ou [Selecionar/Desfazer] "
                       L"<Selecionar>: ");
-        prompt.from(kind == Kind::Series ? model->second : model->first).words(kDimchainWords);
+        prompt.from(kind == ChainKind::Series ? model->second : model->first).words(kDimchainWords);
         prompt.showing(context, [context, kind, model](const AcGePoint3d& to) {
             return drawn(context, next(*model, kind, to));
         });
@@ -118,7 +118,7 @@ CommandTask chain(CommandContext context, Kind kind) {
 
 }  // namespace
 
-CommandTask dimcontinue(CommandContext context) { return chain(context, Kind::Series); }
-CommandTask dimbaseline(CommandContext context) { return chain(context, Kind::Baseline); }
+CommandTask dimcontinue(CommandContext context) { return chain(context, ChainKind::Series); }
+CommandTask dimbaseline(CommandContext context) { return chain(context, ChainKind::Baseline); }
 
 }  // namespace prancheta::commands

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "dbents.h"
+#include "prancheta/editor/commands/answer_bits.h"
 #include "prancheta/editor/commands/blocks.h"
 #include "prancheta/editor/commands/path.h"
 #include "prancheta/editor/commands/support.h"
@@ -14,7 +15,6 @@ namespace prancheta::commands {
 namespace {
 
 constexpr Word kBlock[] = {{L"Bloco", L"Block"}};
-constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
 
 /// What is set along the curve: points while there is no block.
 struct Mark {

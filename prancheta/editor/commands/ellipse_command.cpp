@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "dbents.h"
+#include "prancheta/editor/commands/answer_bits.h"
 #include "prancheta/editor/commands/arcs.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -17,7 +18,6 @@ constexpr Word kEllipseCommandWays[] = {{L"Arco", L"Arc"}, {L"Centro", L"Center"
 constexpr Word kCentre[] = {{L"Centro", L"Center"}};
 constexpr Word kRotation[] = {{L"Rotação", L"Rotation"}};
 constexpr Word kIncluded[] = {{L"Incluso", L"Included"}};
-constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
 
 /// An axis as it was given: half of it from the centre, and half the length of the other one.
 struct Axes {

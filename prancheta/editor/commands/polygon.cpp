@@ -2,6 +2,7 @@
 // POLYGON: regular polygons by centre and radius or by one side.
 #include <cmath>
 
+#include "prancheta/editor/commands/answer_bits.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/shapes.h"
 #include "prancheta/editor/commands/table.h"
@@ -14,7 +15,6 @@ namespace {
 
 constexpr Word kSideWord[] = {{L"Lado", L"Edge"}};
 constexpr Word kRoundWords[] = {{L"Inscrito", L"Inscribed"}, {L"Circunscrito", L"Circumscribed"}};
-constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
 
 /// Counter-clockwise from the corner at `arm` from the centre; null for no arm.
 std::unique_ptr<AcDbEntity> polygonWith(const AcGePoint3d& centre, const AcGeVector3d& arm,

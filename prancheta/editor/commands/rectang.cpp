@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "prancheta/editor/commands/answer_bits.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/shapes.h"
 #include "prancheta/editor/commands/table.h"
@@ -19,7 +20,6 @@ constexpr Word kStyleWords[] = {
 constexpr Word kSizeWords[] = {
     {L"Área", L"Area"}, {L"Dimensões", L"Dimensions"}, {L"Rotação", L"Rotation"}};
 constexpr Word kRectangSideWords[] = {{L"Comprimento", L"Length"}, {L"Largura", L"Width"}};
-constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
 
 /// What is cut off a corner: so much of the side that arrives there and of the one that leaves.
 struct Cut {
@@ -66,8 +66,8 @@ bool fits(const Cut& cut, double length, double width) {
            std::min(std::abs(length), std::abs(width)) * (1.0 + 1e-12);
 }
 
-/// Sides in drawing units, negative to the left of the corner or below it. Null for none; corners
-/// that cannot be cut stay sharp.
+/// Sides in drawing units, negative to the left of the corner or below it. Null for none;
+/// corners that cannot be cut stay sharp.
 std::unique_ptr<AcDbEntity> rectangle(const Frame& frame, double length, double width,
                                       const Style& style) {
     if (std::abs(length) < 1e-9 || std::abs(width) < 1e-9) return nullptr;

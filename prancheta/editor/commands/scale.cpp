@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // SCALE: enlarges or reduces a selection about a point.
+#include "prancheta/editor/commands/answer_bits.h"
 #include "prancheta/editor/commands/memory.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -10,7 +11,6 @@ namespace {
 
 constexpr Word kFactorWords[] = {{L"Copiar", L"Copy"}, {L"Referência", L"Reference"}};
 constexpr Word kNewLengthWords[] = {{L"Pontos", L"Points"}};
-constexpr int kFactorBits = RSG_NOZERO | RSG_NONEG;
 
 /// Scaling by nothing is no scaling.
 AcGeMatrix3d byFactor(const AcGePoint3d& base, double factor) {
@@ -23,7 +23,7 @@ Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base, Ids
     const InputValue reference = co_await context.ask(
         Prompt(InputKind::Distance, L"\nEspecifique o comprimento de referência <" +
                                         lengthText(kept.referenceLength) + L">: ")
-            .bits(kFactorBits));
+            .bits(kPositive));
     if (reference.status == RTCAN) co_return reference;
     if (reference.status == RTNORM) kept.referenceLength = reference.number;
 
@@ -32,7 +32,7 @@ Task<InputValue> factorByReference(CommandContext context, AcGePoint3d base, Ids
                                         lengthText(kept.newLength) + L">: ")
             .from(base)
             .words(kNewLengthWords)
-            .bits(kFactorBits)
+            .bits(kPositive)
             .changing(ids, [base, old = kept.referenceLength](const AcGePoint3d& to) {
                 return byFactor(base, base.distanceTo(to) / old);
             }));
@@ -64,7 +64,7 @@ CommandTask scale(CommandContext context) {
                        lengthText(kept.scale) + L">: ")
                 .from(base.point)
                 .words(kFactorWords)
-                .bits(kFactorBits)
+                .bits(kPositive)
                 .changing(chosen.ids, [from = base.point](const AcGePoint3d& to) {
                     return byFactor(from, from.distanceTo(to));
                 }));

@@ -56,7 +56,7 @@ bool SheetCells::fit(AcDbText& text) const {
     if (standsBetweenPoints(text)) return true;
     const std::unique_ptr<AcDbText> shown = textLike(text, text.textStringConst());
     if (shown->transformBy(m_toBlock) != Acad::eOk) return true;
-    const Box2d box = boxOf(*shown);
+    const Box2d box = entityBox(*shown);
     if (box.empty() || !(box.width() > 0.0)) return true;
     const int mode = text.horizontalMode();
     const double middle = 0.5 * (box.left + box.right);

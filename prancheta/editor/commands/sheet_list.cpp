@@ -50,7 +50,7 @@ Box2d frameAround(const Tab& sheet, const AcGePoint3d& at) {
         const AcDbObjectPointer<AcDbPolyline> outline(id, AcDb::kForRead);
         if (outline.openStatus() != Acad::eOk || !equalNoCase(outline->layer(), kSheetLayer))
             continue;
-        const Box2d box = boxOf(*outline.object());
+        const Box2d box = entityBox(*outline.object());
         if (box.grown(1e-6).contains(at.x, at.y)) return box;
     }
     return sheetOf(sheet);
@@ -61,12 +61,12 @@ AcGePoint3d listCorner(const Tab& sheet, const AcDbBlockReference& title, const 
     Box2d lines;
     for (const AcDbObjectId& id : standing) {
         const AcDbObjectPointer<AcDbLine> line(id, AcDb::kForRead);
-        if (line.openStatus() == Acad::eOk) lines.add(boxOf(*line.object()));
+        if (line.openStatus() == Acad::eOk) lines.add(entityBox(*line.object()));
     }
     if (!lines.empty()) return {lines.right, lines.bottom, 0.0};
     for (const AcDbAttribute* const field : attributesOf(title))
         if (equalNoCase(field->tagConst(), kListField)) return field->position();
-    return {boxOf(title).right, topOfTitle(sheet.block), 0.0};
+    return {entityBox(title).right, topOfTitle(sheet.block), 0.0};
 }
 
 /// Draws and marks; what was drawn. Says so when it does not fit.

@@ -145,7 +145,7 @@ AcDbObjectId mainViewport(AcDbObjectId space) {
     return all.empty() ? AcDbObjectId() : all.front();
 }
 
-Box2d boxOf(const AcDbEntity& entity) {
+Box2d entityBox(const AcDbEntity& entity) {
     AcDbExtents extents;
     if (entity.getGeomExtents(extents) != Acad::eOk) return {};
     return {extents.minPoint().x, extents.minPoint().y, extents.maxPoint().x, extents.maxPoint().y};
@@ -153,11 +153,11 @@ Box2d boxOf(const AcDbEntity& entity) {
 
 double topOfTitle(AcDbObjectId space) {
     const AcDbObjectPointer<AcDbEntity> title(titleOf(space), AcDb::kForRead);
-    const Box2d covered = boxOf(*title.object());
+    const Box2d covered = entityBox(*title.object());
     double top = covered.top;
     for (const AcDbObjectId& id : revisionsOf(space)) {
         const AcDbObjectPointer<AcDbEntity> row(id, AcDb::kForRead);
-        const Box2d box = boxOf(*row.object());
+        const Box2d box = entityBox(*row.object());
         // They stand on it or beside it.
         if (0.5 * (box.left + box.right) < covered.left) continue;
         top = std::max({top, covered.top + kRevisions * box.height(), box.top});

@@ -33,7 +33,7 @@ Ids revisionsOf(AcDbObjectId space);
 AcDbObjectId mainViewport(AcDbObjectId space);
 
 /// What an entity covers of its space.
-Box2d boxOf(const AcDbEntity& entity);
+Box2d entityBox(const AcDbEntity& entity);
 /// Where the drawing may begin above the title block, and above room for revisions where these
 /// stand on it. The sheet has both.
 double topOfTitle(AcDbObjectId space);
