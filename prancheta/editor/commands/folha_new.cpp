@@ -153,8 +153,8 @@ Box2d drawTitle(const CommandContext& context, const NewSheet& sheet, const Shee
     Box2d frame = sheet.frame();
     const auto& [title, row] = blocks;
     auto fields = fieldsAt(title, {frame.right, frame.bottom, 0.0});
-    const Box2d covered = boxOf(*fields);
-    const double rowWidth = boxOf(*fieldsAt(row, AcGePoint3d::kOrigin)).width();
+    const Box2d covered = entityBox(*fields);
+    const double rowWidth = entityBox(*fieldsAt(row, AcGePoint3d::kOrigin)).width();
     const bool beside = covered.left - frame.left >= rowWidth;
     auto head = fieldsAt(row, beside ? AcGePoint3d(covered.left, frame.bottom, 0.0)
                                      : AcGePoint3d(frame.right, covered.top, 0.0));
