@@ -23,13 +23,7 @@ std::string mediaOf(const Paper& paper) {
 /// A file for as long as the print system needs to take it over.
 class PassingFile {
 public:
-    PassingFile() {
-        static std::atomic<int> count = 0;
-        const auto own = reinterpret_cast<std::uintptr_t>(this);
-        std::error_code error;
-        m_path = std::filesystem::temp_directory_path(error) /
-                 ("prancheta-" + std::to_string(own) + "-" + std::to_string(++count) + ".pdf");
-    }
+    PassingFile() : m_path(freeName(this)) {}
     ~PassingFile() {
         std::error_code error;
         std::filesystem::remove(m_path, error);
@@ -39,6 +33,13 @@ public:
     const std::filesystem::path& path() const { return m_path; }
 
 private:
+    static std::filesystem::path freeName(const PassingFile* file) {
+        static std::atomic<int> count = 0;
+        std::error_code error;
+        return std::filesystem::temp_directory_path(error) /
+               ("prancheta-" + std::to_string(reinterpret_cast<std::uintptr_t>(file)) + "-" +
+                std::to_string(++count) + ".pdf");
+    }
     std::filesystem::path m_path;
 };
 

@@ -75,8 +75,8 @@ Picture insideOf(const Picture& picture, const Curve& border) {
             std::vector<Vec2> area;
             for (const AcGePoint3d& point : p.points()) area.push_back({point.x, point.y});
             std::vector<AcGePoint3d> left;
-            for (const Vec2& point : polygonInside(std::move(area), corners))
-                left.push_back(inPlan(point));
+            const std::vector<Vec2> clipped = polygonInside(std::move(area), corners);
+            for (const Vec2& point : clipped) left.push_back(inPlan(point));
             if (!left.empty()) inside.addPolygon(p.traits(), left);
         } else if (p.points().size() == 1 && p.kind() == PrimitiveKind::Polyline) {
             const AcGePoint3d& point = p.points()[0];
