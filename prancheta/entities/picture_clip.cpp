@@ -76,6 +76,7 @@ Picture insideOf(const Picture& picture, const Curve& border) {
             for (const AcGePoint3d& point : p.points()) area.push_back({point.x, point.y});
             std::vector<AcGePoint3d> left;
             const std::vector<Vec2> clipped = polygonInside(std::move(area), corners);
+            left.reserve(clipped.size());
             for (const Vec2& point : clipped) left.push_back(inPlan(point));
             if (!left.empty()) inside.addPolygon(p.traits(), left);
         } else if (p.points().size() == 1 && p.kind() == PrimitiveKind::Polyline) {

@@ -21,6 +21,7 @@ std::unique_ptr<AcDbEntity> polygonWith(const AcGePoint3d& centre, const AcGeVec
                                         int sides) {
     if (arm.isZeroLength()) return nullptr;
     std::vector<ShapeCorner> corners;
+    corners.reserve(static_cast<std::size_t>(sides));
     for (int i = 0; i < sides; ++i)
         corners.push_back(
             {centre + AcGeMatrix3d::rotation(kTwoPi * i / sides, AcGeVector3d::kZAxis) * arm});
