@@ -127,8 +127,8 @@ std::vector<std::wstring> layerFileFaults(const std::filesystem::path& file) {
                 wrong = L"a espessura vai de 0 a 10 mm";
         }
         if (wrong != nullptr)
-            faults.push_back(texts::shown(file) + L":" + std::to_wstring(number) + L": " + wrong +
-                             L"; vale o de costume");
+            faults.push_back(texts::shown(file.parent_path().filename() / file.filename()) + L":" +
+                             std::to_wstring(number) + L": " + wrong + L"; vale o de costume");
     });
     return faults;
 }

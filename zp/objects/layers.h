@@ -33,8 +33,8 @@ struct UserLayer {
     std::optional<AcDb::LineWeight> lineWeight;
 };
 UserLayer userLayer(std::wstring_view text);
-/// What is wrong with the lines of camadas.ini, each as "FILE:LINE: what", in Portuguese: no "=",
-/// a name that no layer can have, a pen that is no number from 0 to 10.
+/// What is wrong with the lines of camadas.ini, each as "Perfis/camadas.ini:LINE: what", in
+/// Portuguese: no "=", a name that no layer can have, a pen that is no number from 0 to 10.
 std::vector<std::wstring> layerFileFaults(const std::filesystem::path& file);
 
 /// Colour index of a standard layer that has to be made, and its pen where the user names none.
