@@ -82,19 +82,21 @@ private:
     bool followIn(AcDbObjectId peca, const std::vector<AcDbObjectId>& views) {
         const auto changed = [&](AcDbObjectId id) { return changeOf(id) != nullptr; };
         if (changed(peca)) {
-            follow(peca, views, m_locked);
+            follow(peca, views);
             return true;
         }
         const auto leader = std::ranges::find_if(views, changed);
         if (leader == views.end()) return false;
-        follow(*leader, views, m_locked);
-        int locked = 0;
-        if (!peca.isNull()) follow(*leader, {peca}, locked);
-        if (locked > 0)
+        // The others show the piece, and it stays.
+        if (!peca.isNull() && edit::onLockedLayer(peca) && !alike(peca, *leader)) {
             acutPrintf(
                 L"\n%ls: só a vista mudou: a peça está em camada bloqueada; desbloqueie a camada e "
                 L"use EDITAPERFIL.\n",
                 marcaOf(m_row).c_str());
+            return true;
+        }
+        follow(*leader, views);
+        if (!peca.isNull()) follow(*leader, {peca});
         return true;
     }
     /// True when a piece without views became another one than those that stayed: what was set to
@@ -117,14 +119,14 @@ private:
         return first.object() != nullptr && second.object() != nullptr &&
                ends::alike(*first.object(), *second.object());
     }
-    void follow(AcDbObjectId leader, const std::vector<AcDbObjectId>& drawn, int& locked) {
+    void follow(AcDbObjectId leader, const std::vector<AcDbObjectId>& drawn) {
         for (const AcDbObjectId& id : drawn)
-            if (id != leader) showLike(id, *changeOf(leader), locked);
+            if (id != leader) showLike(id, *changeOf(leader));
     }
-    void showLike(AcDbObjectId id, const edit::Change& change, int& locked) {
+    void showLike(AcDbObjectId id, const edit::Change& change) {
         if (alike(id, change.peca)) return;
         if (edit::onLockedLayer(id)) {
-            ++locked;
+            ++m_locked;
             return;
         }
         const ReadPeca leader(change.peca, AcDb::kForRead);
