@@ -13,6 +13,11 @@
 
 namespace prancheta {
 
+// A module's marker must be none of the host's own: a centre line would be an endless one.
+static_assert(protocol::kCentreLineMarker != kEndlessMarker &&
+              protocol::kCentreLineMarker != kCoverMarker &&
+              protocol::kCentreLineMarker != kFillMarker);
+
 namespace {
 
 bool bounds(AcDbObjectId id) {
