@@ -48,8 +48,7 @@ std::optional<TableFile> askFile() {
         file.partial = true;
         file.path = texts::trimmed(file.path.substr(0, rest));
     }
-    if (file.path.size() > 1 && file.path.front() == L'"' && file.path.back() == L'"')
-        file.path = file.path.substr(1, file.path.size() - 2);
+    file.path = zp::matlist::withoutQuotes(std::move(file.path));
     return file;
 }
 

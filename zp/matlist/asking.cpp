@@ -82,6 +82,12 @@ std::optional<std::wstring> askTyped(const std::wstring& question) {
     }
 }
 
+std::wstring withoutQuotes(std::wstring path) {
+    if (path.size() > 1 && path.front() == L'"' && path.back() == L'"')
+        path = path.substr(1, path.size() - 2);
+    return path;
+}
+
 std::optional<double> askNumber(const std::wstring& question, double offered, double least,
                                 double most, const wchar_t* unit) {
     const std::wstring whole = question + L" <" + texts::withComma(offered) + L">: ";

@@ -33,6 +33,9 @@ std::optional<int> askCount(const std::wstring& question, int least, int offered
 /// long to come whole is asked for again.
 std::optional<std::wstring> askTyped(const std::wstring& question);
 
+/// A path as it is typed when it has blanks: without the quotation marks around it.
+std::wstring withoutQuotes(std::wstring path);
+
 /// A number within limits; Enter takes `offered`, which is shown. Nothing when the user declined.
 std::optional<double> askNumber(const std::wstring& question, double offered, double least,
                                 double most, const wchar_t* unit);

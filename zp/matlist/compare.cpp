@@ -16,7 +16,6 @@
 #include "zp/matlist/check_survey.h"
 #include "zp/matlist/compare_words.h"
 #include "zp/matlist/listing.h"
-#include "zp/objects/cortes.h"
 #include "zp/objects/each_entity.h"
 #include "zp/objects/member.h"
 #include "zp/objects/steel.h"

@@ -19,17 +19,16 @@ struct JobMember {
     AcDbObjectId peca;   ///< null: nothing of it is drawn
     AcDbObjectId block;  ///< that it stands in
     std::wstring marca;
-    long long count = 0;  ///< as the list counts; 1 a drawing for a piece in no list
+    long long count = 0;  ///< as the list counts; in no list, as often as it is drawn
     bool listed = false;
     bool mirrored = false;
     bool chapa = false;  ///< goes with its bar: where it stands is nothing to tell
     double kg = 0.0;     ///< of one
     AcGePoint3d start;
     AcGePoint3d end;
-    std::uint64_t kind = 0;  ///< of section
-    std::uint64_t steel =
-        0;             ///< of all that makes it other steel: sizes, length, ends, grade, lacing
-    std::wstring row;  ///< "U 200x75x3, 2162 mm", of a row without drawn pieces
+    std::uint64_t kind = 0;   ///< of section
+    std::uint64_t steel = 0;  ///< all that makes it other steel: sizes, length, ends, lacing, grade
+    std::wstring row;         ///< "U 200x75x3, 2162 mm", of a row without drawn pieces
 };
 /// All that a drawing holds, further views left out; O(n).
 std::vector<JobMember> membersOf(AcDbDatabase& drawing);

@@ -35,12 +35,6 @@ private:
     Acad::ErrorStatus m_status;
 };
 
-std::wstring withoutQuotes(std::wstring path) {
-    if (path.size() > 1 && path.front() == L'"' && path.back() == L'"')
-        path = path.substr(1, path.size() - 2);
-    return path;
-}
-
 /// The number of the word that was typed, with or without an underscore; nothing for another text.
 std::optional<std::size_t> wordIn(std::wstring typed, std::span<const wchar_t* const> words) {
     if (typed.starts_with(L'_')) typed.erase(0, 1);
@@ -70,8 +64,9 @@ void draw(AcDbDatabase& drawing, const std::wstring& file,
     acutPrintf(drawn.clouds == 1 ? L"%d nuvem de revisão.\n" : L"%d nuvens de revisão.\n",
                static_cast<int>(drawn.clouds));
     if (drawn.rowsLeftOut > 0)
-        acutPrintf(L"A tabela mostra as primeiras linhas; outras %d estão no CSV (opção Csv).\n",
-                   static_cast<int>(drawn.rowsLeftOut));
+        acutPrintf(
+            L"A tabela mostra as primeiras linhas; as outras %d só saem no arquivo da opção Csv.\n",
+            static_cast<int>(drawn.rowsLeftOut));
 }
 
 void write(const std::filesystem::path& destination, ComparisonForm form,

@@ -70,7 +70,7 @@ void addPecas(const ZpObject& before, const ZpObject& after, Words& words) {
     if (name == q.designacao()) addValues(p, q, words);
     words.changed(L"L", before.getComprimentoReal(), after.getComprimentoReal(), 2);
     for (const auto& [end, what] :
-         {std::pair(cortes::kStart, L"início"), std::pair(cortes::kEnd, L"fim")}) {
+         {std::pair(cortes::kStart, L"inicio"), std::pair(cortes::kEnd, L"fim")}) {
         words.changed(std::wstring(L"corte_") + what, cortes::degreesOf(p, end),
                       cortes::degreesOf(q, end), 2);
         words.changed(std::wstring(L"fundo_") + what, cortes::depthDegreesOf(p, end),

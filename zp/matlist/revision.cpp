@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
 // Revision clouds and their table.
 #include <algorithm>
-#include <cmath>
-#include <functional>
+#include <map>
+#include <optional>
 
 #include "acutads.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "perfis/entities/zpfuncoes.h"
-#include "texts/number.h"
 #include "zp/buffer_chain.h"
+#include "zp/matlist/book.h"
 #include "zp/matlist/compare.h"
 #include "zp/matlist/draughtsman.h"
 #include "zp/objects/barra_data.h"
 #include "zp/objects/each_entity.h"
 #include "zp/objects/edit.h"
-#include "zp/objects/peca.h"
 
 namespace zp::matlist {
 namespace {
@@ -164,7 +163,7 @@ Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
     if (changes.empty() || !registerApplication(drawing, kRevisionApplication)) return drawn;
     const double scale = GetScale();
     const wchar_t* const layer = ZpLayerToUsr(kLayer);
-    std::map<AcDbObjectId, Boxes> boxes;
+    std::map<AcDbObjectId, Boxes, Older> boxes;  // in the same order in every run
     const auto add = [&](const std::vector<JobMember>& members) {
         for (const JobMember& member : members) {
             const AcDbObjectId layout = layoutOf(drawing, member);
