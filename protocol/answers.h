@@ -19,6 +19,8 @@ public:
     /// The question comes again.
     virtual void refused(const ACHAR* text) = 0;
     virtual void failed(const ACHAR* text) = 0;
+    /// The module's command that runs cannot be finished: the host takes back what it did.
+    virtual void gaveUp(const ACHAR* text) = 0;
 };
 inline constexpr const ACHAR* kObjectionsKey = L"ZP_OBJECTIONS";
 
@@ -34,5 +36,6 @@ inline void object(void (Objections::*how)(const ACHAR*), const std::wstring& te
 /// `text` is a whole sentence: what was wrong, what to answer.
 inline void refuse(const std::wstring& text) { detail::object(&Objections::refused, text); }
 inline void fail(const std::wstring& text) { detail::object(&Objections::failed, text); }
+inline void giveUp(const std::wstring& text) { detail::object(&Objections::gaveUp, text); }
 
 }  // namespace protocol

@@ -16,6 +16,7 @@
 #include "perfis/dialogs/tiles.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "perfis/output/shared_cota.h"
+#include "protocol/answers.h"
 #include "texts/number.h"
 
 namespace perfis {
@@ -355,7 +356,7 @@ void draw(const PerfilCommand& command) {
 }
 
 void reportNoMemory() {
-    (void)acedPrompt(L"\nMemória insuficiente: o comando não foi concluído.\n");
+    protocol::giveUp(L"Memória insuficiente: o comando foi interrompido e desfeito.");
 }
 
 }  // namespace perfis

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // prancheta-console: the host without a window, driven by a script.
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <new>
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
+#include "prancheta/base/memory.h"
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/console/catalogue_job.h"
@@ -110,6 +113,11 @@ Result<void> checkInstallation(const Options& options) {
     return Error{"a pasta de instalação não existe ou não é uma pasta", options.installation};
 }
 
+Result<void> runScript(Editor& editor) {
+    editor.run();
+    return {};
+}
+
 int run(const Options& options) {
     ignoreBrokenPipes();
     Outcome outcome;
@@ -147,14 +155,20 @@ int run(const Options& options) {
             options.pieces.empty() ||
             outcome.check(drawPieces(host.editor(), options.pieces, options.somePieces),
                           kFileError);
-        if (drawn && (options.pieces.empty() || !ui.failed())) host.editor().run();
+        if (drawn && (options.pieces.empty() || !ui.failed()))
+            outcome.check(withinMemory([&] { return runScript(host.editor()); }), kScriptError);
         if (endWish() != 0) outcome.ended(endWish(), *script);
         // Whatever the script did, the drawing is not lost with it.
-        if (!options.save.empty()) outcome.check(saveDrawing(host.editor(), options), kFileError);
+        const auto leave = [&](auto&& work) { outcome.check(withinMemory(work), kFileError); };
+        if (!options.save.empty()) leave([&] { return saveDrawing(host.editor(), options); });
         if (!options.state.empty())
-            outcome.check(writeState(host.editor(), pathFromUtf8(options.state)), kFileError);
-        plotDrawing(host.editor(), options,
-                    [&](const Error& error) { outcome.check(Result<void>(error), kFileError); });
+            leave([&] { return writeState(host.editor(), pathFromUtf8(options.state)); });
+        leave([&]() -> Result<void> {
+            plotDrawing(host.editor(), options, [&](const Error& error) {
+                outcome.check(Result<void>(error), kFileError);
+            });
+            return {};
+        });
     }
     std::cout.flush();
     outcome.check(log.close(), kFileError);
@@ -168,7 +182,12 @@ int main(int argc, char** argv) {
     using namespace prancheta::console;
     prancheta::useUtf8Terminal();
     int exitCode = kDone;
-    const auto options = readOptions(argc, argv, exitCode);
-    if (!options) return exitCode;
-    return options->verify.empty() ? run(*options) : verifyFile(options->verify);
+    try {
+        const auto options = readOptions(argc, argv, exitCode);
+        if (!options) return exitCode;
+        return options->verify.empty() ? run(*options) : verifyFile(options->verify);
+    } catch (const std::bad_alloc&) {
+        std::fputs("prancheta-console: memória insuficiente\n", stderr);
+        return kFileError;
+    }
 }

@@ -3,6 +3,7 @@
 #include "prancheta/database/database_core.h"
 
 #include <algorithm>
+#include <new>
 
 #include "prancheta/database/object_access.h"
 
@@ -10,19 +11,27 @@ namespace prancheta {
 namespace {
 
 /// Tells every reactor; one that goes away meanwhile is left out. While it lasts the object cannot
-/// be opened for write.
+/// be opened for write. False when memory ran out on the way: destructors that close objects tell,
+/// too, and nothing may leave them.
 template <class Tell>
-void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, const AcDbObject& object,
+bool tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, const AcDbObject& object,
              Tell&& tell) {
-    if (reactors.empty()) return;
+    if (reactors.empty()) return true;
     AcDbStub* stub = object.objectId();
     ++stub->telling;
-    // The list changes while it is told.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const std::vector<AcDbDatabaseReactor*> present = reactors;
-    for (AcDbDatabaseReactor* reactor : present)
-        if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) tell(*reactor);
+    bool told = true;
+    try {
+        // The list changes while it is told.
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+        const std::vector<AcDbDatabaseReactor*> present = reactors;
+        for (AcDbDatabaseReactor* reactor : present)
+            if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end())
+                tell(*reactor);
+    } catch (const std::bad_alloc&) {
+        told = false;
+    }
     --stub->telling;
+    return told;
 }
 
 }  // namespace
@@ -119,27 +128,30 @@ bool DatabaseCore::hasObjectsOf(const AcRxClass* entityClass) const {
 }
 
 void DatabaseCore::notifyAppended(const AcDbObject& object) {
-    tellAll(m_reactors, object,
-            [&](AcDbDatabaseReactor& r) { r.objectAppended(&m_database, &object); });
+    m_untold |= !tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) {
+        r.objectAppended(&m_database, &object);
+    });
 }
 void DatabaseCore::notifyModified(const AcDbObject& object) {
-    tellAll(m_reactors, object,
-            [&](AcDbDatabaseReactor& r) { r.objectModified(&m_database, &object); });
+    m_untold |= !tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) {
+        r.objectModified(&m_database, &object);
+    });
 }
 void DatabaseCore::notifyErased(const AcDbObject& object, bool erased) {
     if (const AcDbEntity* entity = AcDbEntity::cast(&object)) {
         const auto& tell = erased ? onEntityErased : onEntityAppended;
         if (tell) tell(*entity);
     }
-    tellAll(m_reactors, object,
-            [&](AcDbDatabaseReactor& r) { r.objectErased(&m_database, &object, erased); });
+    m_untold |= !tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) {
+        r.objectErased(&m_database, &object, erased);
+    });
 }
 void DatabaseCore::notifyUnAppended(const AcDbObject& object, bool reAppended) {
     if (const AcDbEntity* entity = AcDbEntity::cast(&object)) {
         const auto& tell = reAppended ? onEntityAppended : onEntityErased;
         if (tell) tell(*entity);
     }
-    tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) {
+    m_untold |= !tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) {
         if (reAppended)
             r.objectReAppended(&m_database, &object);
         else

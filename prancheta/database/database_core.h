@@ -99,6 +99,9 @@ public:
     void notifyModified(const AcDbObject& object);
     void notifyErased(const AcDbObject& object, bool erased);
     void notifyUnAppended(const AcDbObject& object, bool reAppended);
+    /// Whether somebody was not told of a change for want of memory since this was asked last: what
+    /// was done has to be taken back.
+    bool takeUntold() { return std::exchange(m_untold, false); }
 
     /// Set by the editor to tell the front end; called for every entity that enters a space (when
     /// it is closed for the first time, brought back or redone) or goes (erased, undone).
@@ -132,6 +135,7 @@ private:
     AcDbObjectId m_modelSpace;
     AcDbObjectId m_currentSpace;
     AcDbObjectId m_current[4];
+    bool m_untold = false;
     bool m_textFollows = true;  ///< TEXTSIZE goes with the DIMSCALE that is being set
     std::vector<AcDbDatabaseReactor*> m_reactors;
     ForeignContent m_foreign;

@@ -115,8 +115,8 @@ void AcDbObject::assertWriteEnabled(Adesk::Boolean autoUndo, Adesk::Boolean reco
     if (m_stub == nullptr) return;
     if (recordModified) m_stub->modified = true;
     if (!autoUndo || m_stub->recorded) return;
-    m_stub->recorded = true;
     m_stub->database->core().undo().recordModified(*this);
+    m_stub->recorded = true;
 }
 
 Acad::ErrorStatus AcDbObject::subErase(Adesk::Boolean) { return Acad::eOk; }

@@ -8,6 +8,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "prancheta/base/memory.h"
 #include "prancheta/database/memory_filer.h"
 #include "prancheta/database/object_access.h"
 
@@ -29,6 +30,28 @@ struct UndoLog::Group {
     std::uint64_t before = 0;  // revisions
     std::uint64_t after = 0;
 };
+
+namespace {
+
+/// Nothing is recorded meanwhile.
+class Undoing {
+public:
+    explicit Undoing(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~Undoing() { m_flag = false; }
+    Undoing(const Undoing&) = delete;
+    Undoing& operator=(const Undoing&) = delete;
+
+private:
+    bool& m_flag;
+};
+
+/// The next one finds it: what was done must not be lost for want of a place.
+template <class Group>
+void makeRoom(std::vector<Group>& groups) {
+    if (groups.size() == groups.capacity()) groups.reserve(2 * groups.size() + 1);
+}
+
+}  // namespace
 
 UndoLog::UndoLog(AcDbDatabase& database) : m_database(database) {}
 UndoLog::~UndoLog() = default;
@@ -69,11 +92,15 @@ void UndoLog::startGroup() {
 }
 
 void UndoLog::begin(std::wstring commandName) {
-    if (m_depth++ > 0) return;
-    startGroup();
-    m_open = std::make_unique<Group>();
-    m_open->name = std::move(commandName);
-    m_open->before = m_revision;
+    if (m_depth == 0) {
+        auto open = std::make_unique<Group>();
+        open->name = std::move(commandName);
+        open->before = m_revision;
+        makeRoom(m_done);
+        startGroup();
+        m_open = std::move(open);
+    }
+    ++m_depth;
 }
 
 void UndoLog::end() {
@@ -117,12 +144,13 @@ bool UndoLog::undo(std::wstring* name) {
     if (m_undoing) return false;
     flushOpenGroup();
     if (m_done.empty()) return false;
+    makeRoom(m_undone);
+    if (name != nullptr) *name = m_done.back().name;
     Group group = std::move(m_done.back());
     m_done.pop_back();
     exchange(group, true);
     m_revision = group.before;
     if (m_open) m_open->before = m_revision;
-    if (name != nullptr) *name = group.name;
     m_undone.push_back(std::move(group));
     forgetStale();
     return true;
@@ -132,12 +160,13 @@ bool UndoLog::redo(std::wstring* name) {
     if (m_undoing) return false;
     flushOpenGroup();
     if (m_undone.empty()) return false;
+    makeRoom(m_done);
+    if (name != nullptr) *name = m_undone.back().name;
     Group group = std::move(m_undone.back());
     m_undone.pop_back();
     exchange(group, false);
     m_revision = group.after;
     if (m_open) m_open->before = m_revision;
-    if (name != nullptr) *name = group.name;
     m_done.push_back(std::move(group));
     return true;
 }
@@ -317,7 +346,7 @@ void UndoLog::takeBack(AcDbObject& object) {
     if (m_undoing) return;
     AcDbStub* stub = object.objectId();
     Record record;
-    m_undoing = true;
+    const Undoing undoing(m_undoing);
     if (stub->isNew) {
         (void)takeLast(stub, Record::Appended, record);  // not there when recording was off
         stub->undoGroup = 0;
@@ -333,7 +362,6 @@ void UndoLog::takeBack(AcDbObject& object) {
             stub->undoGroup = 0;
         }
     }
-    m_undoing = false;
 }
 
 // --- Exchange ------------------------------------------------------------------------------------
@@ -343,8 +371,8 @@ void UndoLog::exchangeRecord(Group& group, Record& record, bool backwards) {
     if (record.stub != nullptr && record.stub->object == nullptr) return;
     switch (record.kind) {
         case Record::Modified: {
-            SavedState present = stateOf(*record.stub->object);
-            putBack(*record.stub->object, record.state);
+            SavedState present = insist([&] { return stateOf(*record.stub->object); });
+            insist([&] { putBack(*record.stub->object, record.state); });
             record.state = std::move(present);
             return;
         }
@@ -359,8 +387,8 @@ void UndoLog::exchangeRecord(Group& group, Record& record, bool backwards) {
         case Record::Variable: {
             SystemVariables& variables = m_database.core().variables();
             auto& [name, value] = group.variables[record.variable];
-            VariableValue present = variables.find(name)->value;
-            variables.force(name, value);
+            VariableValue present = insist([&] { return variables.find(name)->value; });
+            insist([&] { variables.force(name, value); });
             value = std::move(present);
             return;
         }
@@ -385,12 +413,11 @@ void UndoLog::notify(const Group& group, bool backwards) {
 }
 
 void UndoLog::exchange(Group& group, bool backwards) {
-    m_undoing = true;
+    const Undoing undoing(m_undoing);
     const std::size_t count = group.records.size();
     for (std::size_t i = 0; i < count; ++i)
         exchangeRecord(group, group.records[backwards ? count - 1 - i : i], backwards);
-    notify(group, backwards);
-    m_undoing = false;
+    insist([&] { notify(group, backwards); });
 }
 
 // --- Steps ---------------------------------------------------------------------------------------

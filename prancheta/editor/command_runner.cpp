@@ -3,6 +3,7 @@
 #include "prancheta/editor/command_runner.h"
 
 #include <algorithm>
+#include <new>
 
 #include "adscodes.h"
 #include "prancheta/base/nesting.h"
@@ -108,7 +109,9 @@ bool CommandRunner::startFound(const CommandLookup& found, std::wstring_view typ
     if (found.command == nullptr) {
         if (origin == Origin::User) m_lastCommand = typed;
         RunningCommand& running = push(L"SETVAR", kBuiltInGroup, ACRX_CMD_TRANSPARENT, origin);
-        runTask(running, askVariable(CommandContext(m_editor, running.run), found.variable));
+        runTask(running, [&](const CommandContext& context) {
+            return askVariable(context, found.variable);
+        });
         return true;
     }
     const StackCommand& command = *found.command;
@@ -126,7 +129,7 @@ bool CommandRunner::startFound(const CommandLookup& found, std::wstring_view typ
     }
     RunningCommand& running = push(command.global, command.group, command.flags, origin);
     if (command.builtIn != nullptr) {
-        runTask(running, command.builtIn->run(CommandContext(m_editor, running.run)));
+        runTask(running, command.builtIn->run);
     } else {
         runFunction(running, command.function);
     }
@@ -191,12 +194,31 @@ void CommandRunner::drawingGoes() {
     m_pointer.reset();
 }
 
+void CommandRunner::giveUp() {
+    const auto own = std::find_if(m_running.rbegin(), m_running.rend(),
+                                  [](const auto& c) { return c->function != nullptr; });
+    if (!m_running.empty()) (own != m_running.rend() ? *own : m_running.back())->givenUp = true;
+}
+
 void CommandRunner::abandon() {
     m_running.clear();
     listNames();
 }
 
-void CommandRunner::end(RunningCommand& command, CommandEnd how) {
+/// Of the exception that is being handled.
+void CommandRunner::tellFailure(const RunningCommand& command) {
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        m_editor.complain(L"Memória insuficiente: o comando " + command.shownName +
+                          L" foi interrompido e desfeito.");
+    } catch (...) {
+        m_editor.complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
+    }
+}
+
+/// What others do at a command's end belongs to its step.
+void CommandRunner::tellEnd(RunningCommand& command, CommandEnd how) {
     constexpr void (AcEditorReactor::*kMessages[])(const ACHAR*) = {
         &AcEditorReactor::commandEnded, &AcEditorReactor::commandCancelled,
         &AcEditorReactor::commandFailed};
@@ -206,6 +228,16 @@ void CommandRunner::end(RunningCommand& command, CommandEnd how) {
     // Inside another command a step goes on.
     if (counts || !command.transparent)
         m_editor.followChanges(counts ? Editor::Step::Undoable : Editor::Step::Other);
+}
+
+void CommandRunner::end(RunningCommand& command, CommandEnd how) {
+    try {
+        tellEnd(command, how);
+        if (m_editor.database().core().takeUntold()) throw std::bad_alloc();
+    } catch (...) {
+        tellFailure(command);
+        how = CommandEnd::Failed;
+    }
     closeUndo(command, how);
     if ((command.flags & ACRX_CMD_USEPICKSET) && !(command.flags & ACRX_CMD_REDRAW))
         m_editor.selection().clear();
@@ -220,12 +252,13 @@ void CommandRunner::end(RunningCommand& command, CommandEnd how) {
 /// out for ever.
 void CommandRunner::runFunction(RunningCommand& command, AcRxFunctionPtr function) {
     command.function = function;
-    begin(command);
     CommandEnd how = CommandEnd::Done;
     try {
+        begin(command);
         function();
+        if (command.givenUp) how = CommandEnd::Failed;
     } catch (...) {
-        m_editor.complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
+        tellFailure(command);
         how = CommandEnd::Failed;
     }
     dcl::discardDialogs();
@@ -239,23 +272,31 @@ void CommandRunner::runFunction(RunningCommand& command, AcRxFunctionPtr functio
     for (RunningCommand* waitingOne : left) openUndo(*waitingOne);
 }
 
-void CommandRunner::runTask(RunningCommand& command, CommandTask task) {
-    begin(command);
-    command.task.emplace(std::move(task));
-    command.task->start();
+void CommandRunner::runTask(RunningCommand& command,
+                            const std::function<CommandTask(CommandContext)>& run) {
+    try {
+        begin(command);
+        command.task.emplace(run(CommandContext(m_editor, command.run)));
+        command.task->start();
+    } catch (...) {
+        tellFailure(command);
+        return end(command, CommandEnd::Failed);
+    }
     afterResume(command);
 }
 
 void CommandRunner::afterResume(RunningCommand& command) {
-    if (command.run.waiting()) {
-        command.question.emplace(command.run.request());
-        return;
-    }
     CommandEnd how = CommandEnd::Failed;
     try {
+        if (command.run.waiting()) {
+            command.question.emplace(command.run.request());
+            return;
+        }
         how = command.task->result();
+        if (command.givenUp) how = CommandEnd::Failed;
     } catch (...) {
-        m_editor.complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
+        tellFailure(command);
+        command.task.reset();
     }
     end(command, how);
 }

@@ -56,6 +56,9 @@ public:
     bool runsModule() const;
     /// True while one runs whose code lies where `belongs` says.
     bool runsCodeOf(const std::function<bool(const void*)>& belongs) const;
+    /// What the innermost module's command did is taken back at its end; without one, what the
+    /// innermost command did, which a module serves.
+    void giveUp();
     /// The drawing goes, and with it the open undo groups and where the pointer was.
     void drawingGoes();
     /// Nobody waits for an answer any more: the program ends.
@@ -101,9 +104,11 @@ private:
     void listNames();
     void begin(RunningCommand& command);
     void runFunction(RunningCommand& command, AcRxFunctionPtr function);
-    void runTask(RunningCommand& command, CommandTask task);
+    void runTask(RunningCommand& command, const std::function<CommandTask(CommandContext)>& run);
     void afterResume(RunningCommand& command);
     void takeAnswer(RunningCommand& command, InputValue value);
+    void tellFailure(const RunningCommand& command);
+    void tellEnd(RunningCommand& command, CommandEnd how);
     void end(RunningCommand& command, CommandEnd how);
     void openUndo(RunningCommand& command);
     void closeUndo(RunningCommand& command, CommandEnd how);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How one drawing takes the place of another.
 #include "dbdim.h"
+#include "prancheta/base/memory.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/user_system.h"
 #include "prancheta/display/appearance.h"
@@ -48,15 +49,20 @@ void Editor::tellClosing() {
 
 /// Makes a database the working one; the former one goes, with the new one in its place already.
 void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName) {
+    // What may fail comes first: the former drawing stays until then.
+    auto ties = std::make_unique<DimensionTies>(*database);
+    auto appearances = std::make_unique<AppearanceTable>(*database);
+    auto hatches = std::make_unique<HatchFollower>(*database);
+    auto details = std::make_unique<DetailFollower>();
+    if (m_database) keepSession(m_database->core().variables(), database->core().variables());
     const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
-    m_dimensionTies = std::make_unique<DimensionTies>(*m_database);
+    m_dimensionTies = std::move(ties);
     m_displays.clear();
-    m_appearances = std::make_unique<AppearanceTable>(*m_database);
-    m_hatches = std::make_unique<HatchFollower>(*m_database);
-    m_details = std::make_unique<DetailFollower>();
+    m_appearances = std::move(appearances);
+    m_hatches = std::move(hatches);
+    m_details = std::move(details);
     DatabaseCore& core = m_database->core();
-    if (former) keepSession(former->core().variables(), core.variables());
     core.onEntityAppended = [&core](const AcDbEntity& entity) {
         // The layer of definition points comes with the first dimension.
         if (entity.isKindOf(AcDbDimension::desc())) (void)core.ensureLayer(L"Defpoints");
@@ -106,12 +112,15 @@ Result<void> Editor::replaceDrawing(std::unique_ptr<AcDbDatabase> database,
         return Error{
             "Há um comando de um módulo em execução; termine-o antes de trocar de desenho."};
     tellClosing();
-    adoptDatabase(std::move(database), std::move(fileName));
-    tellOpened();
+    const Result<void> adopted = withinMemory([&]() -> Result<void> {
+        adoptDatabase(std::move(database), std::move(fileName));
+        return {};
+    });
+    tellOpened();  // the former one, for want of memory
     m_screen.start(openingView(*this));
     if (onDrawingReplaced) onDrawingReplaced();
     m_ui.refresh();
-    return {};
+    return adopted;
 }
 
 }  // namespace prancheta

@@ -5,6 +5,7 @@
 #include <limits>
 #include <map>
 
+#include "prancheta/base/memory.h"
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/database/database_core.h"
@@ -32,7 +33,8 @@ void nameDrawing(SystemVariables& variables, const std::filesystem::path& file) 
 // Reading makes a working database of its own, which may come to nothing.
 Result<std::unique_ptr<AcDbDatabase>> readDrawing(Editor& editor, const std::filesystem::path& path,
                                                   dxf::LoadReport* findings) {
-    Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::load(path, findings);
+    Result<std::unique_ptr<AcDbDatabase>> loaded =
+        withinMemory([&] { return dxf::load(path, findings); });
     acdbHostApplicationServices()->setWorkingDatabase(&editor.database());
     return loaded;
 }
@@ -119,7 +121,8 @@ Result<void> DrawingFile::open(const std::filesystem::path& path, dxf::LoadRepor
 
 Result<void> DrawingFile::openDamaged(const std::filesystem::path& path, dxf::LoadReport& losses) {
     const std::optional<FileStamp> stamp = fileStampOf(path);
-    Result<std::unique_ptr<AcDbDatabase>> loaded = dxf::recover(path, losses);
+    Result<std::unique_ptr<AcDbDatabase>> loaded =
+        withinMemory([&] { return dxf::recover(path, losses); });
     acdbHostApplicationServices()->setWorkingDatabase(&m_editor.database());
     if (!loaded) return loaded.error();
     Result<void> replaced =
@@ -152,7 +155,7 @@ Result<void> DrawingFile::saveCopy(const std::filesystem::path& path,
     if (screen.chosen() && !withView.view)
         withView.view = {view.centre.x, view.centre.y, view.height,
                          screen.width() / screen.height()};
-    return dxf::save(m_editor.database(), path, withView, lost);
+    return withinMemory([&] { return dxf::save(m_editor.database(), path, withView, lost); });
 }
 
 // In a second drawing: this one stays as it is, with all that refers to the sheets.
@@ -177,7 +180,7 @@ Result<void> DrawingFile::saveModel(const std::filesystem::path& path, std::stri
         }
         (void)eraseTab(drawing, tab);  // the last one stays
     }
-    return dxf::save(drawing, path, {}, lost);
+    return withinMemory([&] { return dxf::save(drawing, path, {}, lost); });
 }
 
 Result<void> DrawingFile::save(const std::filesystem::path& path, const dxf::SaveOptions& options) {

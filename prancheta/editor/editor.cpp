@@ -2,6 +2,9 @@
 // The editor: construction, output, main loop, variables.
 #include "prancheta/editor/editor.h"
 
+#include <new>
+
+#include "prancheta/base/memory.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/user_system.h"
@@ -29,6 +32,10 @@ class FromModules : public protocol::Objections {
 public:
     void refused(const ACHAR* text) override { tell(text, Complaint::Refused); }
     void failed(const ACHAR* text) override { tell(text, Complaint::Failed); }
+    void gaveUp(const ACHAR* text) override {
+        tell(text, Complaint::Failed);
+        if (g_current != nullptr) g_current->runner().giveUp();
+    }
 
 private:
     static void tell(const ACHAR* text, Complaint kind) {
@@ -63,10 +70,10 @@ Editor::Editor(UserInterface& ui, std::span<const BuiltInCommand> builtIns)
 
 Editor::~Editor() {
     m_runner.abandon();
-    tellClosing();
+    insist([&] { tellClosing(); });
     // No object of a module's class may outlive the module; an empty drawing stands in till the
     // end.
-    adoptDatabase(std::make_unique<AcDbDatabase>(), {});
+    insist([&] { adoptDatabase(std::make_unique<AcDbDatabase>(), {}); });
     m_clipboard = {};
     m_modules->unloadAll();
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
@@ -129,6 +136,15 @@ void Editor::run() {
 
 bool Editor::step() {
     if (m_quit) return false;
+    try {
+        return stepOn();
+    } catch (const std::bad_alloc&) {
+        complain(L"Memória insuficiente: o que foi pedido não foi feito.");
+        return !m_quit;
+    }
+}
+
+bool Editor::stepOn() {
     if (m_runner.serveWaiting()) return !m_quit;
     m_typing.betweenCommands();
     m_spaces.settle();

@@ -126,6 +126,7 @@ public:
     void complain(std::wstring_view text, Complaint kind = Complaint::Failed);
 
 private:
+    bool stepOn();
     void takeAtCommand(const RawInput& input);
     void tellClosing();
     void adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesystem::path fileName);

@@ -3,6 +3,7 @@
 #include "prancheta/editor/modules.h"
 
 #include <algorithm>
+#include <new>
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
@@ -65,6 +66,9 @@ AcRx::AppRetCode ModuleTable::send(Module& module, AcRx::AppMsgCode message) {
     AcRx::AppRetCode answer = AcRx::kRetError;
     try {
         answer = module.entry(message, &module);
+    } catch (const std::bad_alloc&) {
+        m_editor.complain(L"Memória insuficiente: o módulo " + module.name +
+                          L" não foi avisado de tudo pelo programa.");
     } catch (...) {
         m_editor.complain(L"O módulo " + module.name +
                           L" falhou ao receber uma mensagem do programa.");

@@ -18,6 +18,7 @@ struct RunningCommand {
     std::wstring group;
     int flags = 0;
     bool transparent = false;
+    bool givenUp = false;
     AcRxFunctionPtr function = nullptr;  ///< of a module; null for a built-in command
     CommandRun run;
     std::optional<CommandTask> task;

@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 
 #include <cstdio>
+#include <new>
 #include <optional>
 #include <string_view>
 
@@ -71,11 +72,27 @@ QString readWords(const QStringList& words, ApplicationOptions& options) {
     return {};
 }
 
+/// What one event wanted is given up when memory runs out, not the program with the drawing.
+class PatientApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::bad_alloc&) {
+            std::fputs("prancheta: memória insuficiente; salve o desenho e feche programas\n",
+                       stderr);
+            return false;
+        }
+    }
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (const auto exitCode = answeredAtOnce(argc, argv)) return *exitCode;
-    QApplication app(argc, argv);
+    const PatientApplication app(argc, argv);
     QApplication::setOrganizationName("prancheta");
     QApplication::setApplicationName("prancheta");
     QApplication::setApplicationDisplayName("Prancheta");
