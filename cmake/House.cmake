@@ -120,6 +120,7 @@ endfunction()
 # house_aside(NAME folder): a program that is no part of the product stands in a folder beside bin.
 function(house_aside name folder)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${folder}
+                                             LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${folder}
                                              INSTALL_RPATH $ORIGIN/../bin)
 endfunction()
 

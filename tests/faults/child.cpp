@@ -12,6 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -49,6 +50,11 @@ void prepare(const Folder& folder, const Accident& accident) {
         const rlimit limit{bytes, bytes};
         if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) ::_exit(121);
     }
+    if (!accident.failing.empty()) {
+        ::setenv("LD_PRELOAD", HOUSE_FAILING, 1);
+        ::setenv("FALHA", accident.failing.c_str(), 1);
+        ::setenv("FALHA_CONTAS", "contas", 1);
+    }
     if (accident.withoutRights && ::geteuid() == 0 && !obeyPermissions()) ::_exit(122);
 }
 
@@ -72,6 +78,19 @@ void put(const fs::path& file, const std::string& bytes) {
 std::string bytesOf(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
+}
+
+bool canFail() {
+#ifdef __SANITIZE_ADDRESS__
+    return false;
+#else
+    return true;
+#endif
+}
+
+long samples(long usual) {
+    const char* const wanted = ::getenv("ACIDENTES");
+    return wanted != nullptr ? std::atol(wanted) : usual;
 }
 
 Outcome runConsole(const Folder& folder, std::vector<std::string> arguments,
