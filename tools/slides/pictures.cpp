@@ -188,12 +188,17 @@ prancheta::slides::Slide vistaDirections() {
     const double mx = (box.x0 + box.x1) / 2;
     const double my = (box.y0 + box.y1) / 2;
     for (const Figure& figure : kFigures) eye(sketch, box, figure.looking);
-    constexpr double kBeside = 14.0;
-    constexpr double kAlong = kArrowGap + kArrowPixels - 8.0;
-    sketch.text("1", {box.x1, my}, kAlong, kBeside, Colour::Mark);
-    sketch.text("2", {mx, box.y1}, kBeside, kAlong, Colour::Mark);
-    sketch.text("3", {mx, box.y0}, kBeside, -kAlong, Colour::Mark);
-    sketch.text("4", {box.x0, my}, -kAlong, kBeside, Colour::Mark);
+    // Read in a tile a quarter as large.
+    constexpr double kDigits = 40.0;
+    constexpr double kBeside = 32.0;
+    constexpr double kAlong = kArrowGap + kArrowPixels - 18.0;
+    const auto digit = [&sketch](const char* sign, Point at, double dx, double dy) {
+        sketch.text(sign, at, dx, dy, Colour::Mark, kDigits);
+    };
+    digit("1", {box.x1, my}, kAlong, kBeside);
+    digit("2", {mx, box.y1}, kBeside, kAlong);
+    digit("3", {mx, box.y0}, kBeside, -kAlong);
+    digit("4", {box.x0, my}, -kAlong, kBeside);
     return sketch.slide();
 }
 

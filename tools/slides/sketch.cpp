@@ -87,7 +87,8 @@ void Sketch::arrow(Point tip, double degrees, double length, Colour colour) {
     polygon({tip, moved(tip, degrees + 160.0, kHead), moved(tip, degrees - 160.0, kHead)}, colour);
 }
 
-void Sketch::text(std::string_view signs, Point at, double dx, double dy, Colour colour) {
+void Sketch::text(std::string_view signs, Point at, double dx, double dy, Colour colour,
+                  double height) {
     // Strokes in a 2 x 4 grid, as pairs of grid points.
     struct Stroke {
         int x1, y1, x2, y2;
@@ -101,15 +102,14 @@ void Sketch::text(std::string_view signs, Point at, double dx, double dy, Colour
         {'C', {{2, 4, 0, 4}, {0, 4, 0, 0}, {0, 0, 2, 0}}},
         {'L', {{0, 4, 0, 0}, {0, 0, 2, 0}}},
     };
-    constexpr double kGrid = 4.0;
-    constexpr double kAdvance = 3 * kGrid;
+    const double grid = height / 4.0;
     for (const char sign : signs) {
         const auto point = [&](int x, int y) {
-            return Point{at.x + pixel() * (dx + kGrid * (x - 1)),
-                         at.y + pixel() * (dy + kGrid * (y - 2))};
+            return Point{at.x + pixel() * (dx + grid * (x - 1)),
+                         at.y + pixel() * (dy + grid * (y - 2))};
         };
         for (const Stroke& s : kSigns.at(sign)) line(point(s.x1, s.y1), point(s.x2, s.y2), colour);
-        dx += kAdvance;
+        dx += 3 * grid;
     }
 }
 

@@ -34,8 +34,9 @@ public:
     /// Arrow whose head is at `tip`; direction in degrees, length in pixels.
     void arrow(Point tip, double degrees, double length, Colour colour);
     /// Digits 1 to 4 and letters A, C, L made of strokes, the middle of the first one at a distance
-    /// in pixels from a point.
-    void text(std::string_view signs, Point at, double dx, double dy, Colour colour);
+    /// in pixels from a point; height in pixels.
+    void text(std::string_view signs, Point at, double dx, double dy, Colour colour,
+              double height = 16.0);
 
     /// Drawing unit of one pixel.
     double pixel() const { return 1.0 / m_scale; }
