@@ -95,7 +95,6 @@ int main(int argc, char** argv) {
     const PatientApplication app(argc, argv);
     QApplication::setOrganizationName("prancheta");
     QApplication::setApplicationName("prancheta");
-    QApplication::setApplicationDisplayName("Prancheta");
     QApplication::setApplicationVersion(PRANCHETA_VERSION);
     QApplication::setDesktopFileName("prancheta");
     // The editor's loop ends the program, not the last window.
