@@ -54,6 +54,7 @@ private:
     void wire(ads_hdlg dialog);
     void setModes(ads_hdlg dialog);
     void showPreview(ads_hdlg dialog);
+    void markFigure(ads_hdlg dialog);
     void onFigure(const ads_callback_packet& packet);
     void onInsertionText(const ads_callback_packet& packet);
     void onInsertionSlider(const ads_callback_packet& packet);
@@ -69,6 +70,8 @@ private:
     VistasChoice m_working;
     int m_figures;
     int m_preview;
+    int m_marked = kNone;  ///< figure with the mark that the host puts around a tile
+    static constexpr int kNone = -1;
     std::wstring m_shownComprimento;
     bool m_comprimentoEdited = false;
 };
@@ -80,6 +83,8 @@ void VistasDialog::open(ads_hdlg dialog) {
     showSlide(dialog, L"fig0", L"", L"FLECHA");
     for (const Figure& figure : kFigures) showSlide(dialog, figure.key, m_library, figure.slide);
     showPreview(dialog);
+    m_marked = kNone;
+    markFigure(dialog);
     m_shownComprimento = std::to_wstring(texts::realToInt(m_working.comprimento));
     m_comprimentoEdited = false;
     setTile(dialog, L"insertionP", m_working.alignment);
@@ -119,6 +124,14 @@ void VistasDialog::showPreview(ads_hdlg dialog) {
     showSlide(dialog, L"PreviewVista", m_library, kFigures[m_preview].preview);
 }
 
+/// The host only turns a mark over: the former one goes by the same call.
+void VistasDialog::markFigure(ads_hdlg dialog) {
+    if (m_marked == m_preview) return;
+    if (m_marked != kNone) (void)ads_mode_tile(dialog, kFigures[m_marked].key, MODE_FLIP);
+    m_marked = m_preview;
+    (void)ads_mode_tile(dialog, kFigures[m_marked].key, MODE_FLIP);
+}
+
 void VistasDialog::closed(int status) {
     if (status == kDialogAccepted) {
         const bool secaoOnly = m_choice.secaoOnly;
@@ -147,6 +160,7 @@ void VistasDialog::onFigure(const ads_callback_packet& packet) {
         m_preview = i;
         m_working.vista = kFigures[i].vista;
         showPreview(packet.dialog);
+        markFigure(packet.dialog);
     }
 }
 

@@ -35,7 +35,7 @@ TEST_F(VistasDialogTest, OpensFromTheCallersValues) {
                      L"fig4: pu(BT4)", L"PreviewVista: pu(VI3)"}));
     EXPECT_EQ(host.eventsOf(L"valor"), (Texts{L"insertionP: 3", L"ip: 3", L"num_pecas: 4",
                                               L"l: 1234", L"gerar_matlist: 0", L"pickngo: 0"}));
-    EXPECT_EQ(host.eventsOf(L"modo"), (Texts{L"num_pecas: 1", L"l: 0", L"pick: 0",
+    EXPECT_EQ(host.eventsOf(L"modo"), (Texts{L"fig3: 4", L"num_pecas: 1", L"l: 0", L"pick: 0",
                                              L"gerar_matlist: 0", L"ip: 0", L"insertionP: 0"}));
 }
 
@@ -43,6 +43,7 @@ TEST_F(VistasDialogTest, FiguresSetTheViewAndThoseNotOfferedDoNot) {
     run({L"l=100", L"fig4", L"accept"});
     EXPECT_EQ(choice.vista, 4);
     EXPECT_TRUE(host.has(L"imagem PreviewVista: pu(VI4)"));
+    EXPECT_TRUE(host.has(L"modo fig1: 4") && host.has(L"modo fig4: 4")) << "the mark moves";
     host.clearEvents();
     DialogStandIn another;
     another.play({L"fig2", L"fig3", L"accept"});
