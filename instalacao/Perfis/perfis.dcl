@@ -313,8 +313,9 @@ bnlam_geracao : dialog {
     rodape;
 }
 
-// perfilcl e cantoneiracaixalaminada
+// perfilcl, e cantoneiracaixalaminada com o seu título
 pllam_geracao : dialog {
+    key = "titulo";
     label = "Cantoneira laminada";
     initial_focus = "lista";
     : row {

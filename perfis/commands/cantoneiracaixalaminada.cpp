@@ -34,6 +34,7 @@ constexpr RoleValue kValues[] = {
 
 const PerfilDescription kCaixaDeCantoneiras = {
     .dialog = L"pllam_geracao",
+    .title = L"Cantoneira caixa laminada",
     .list = L"pl_lam.lst",
     .edits = CatalogueEdits::kNone,
     .pesoColumn = true,

@@ -60,6 +60,8 @@ enum class Turning { kPeca, kSet };
 
 struct PerfilDescription {
     const wchar_t* dialog;  ///< in perfis.dcl
+    /// Title of a dialog that another command has too, in its tile "titulo"; null: the file's.
+    const wchar_t* title = nullptr;
     /// Catalogue file; null where the command reads its lists itself.
     const wchar_t* list;
     std::unique_ptr<Catalogue> (*makeCatalogue)() = makeStrListCatalogue;

@@ -79,6 +79,7 @@ void PerfilRun::open(ads_hdlg dialog) {
     m_saysNearest = false;
     m_hidden = m_removable = false;
     m_marked = kNoRow;
+    if (m_description.title != nullptr) setTile(dialog, L"titulo", m_description.title);
     wire(dialog);
     wireOwnTiles(dialog);
     showMedidas(dialog);
