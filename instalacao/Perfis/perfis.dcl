@@ -10,8 +10,9 @@ busca : edit_box {
     reports_typing = true;
 }
 
-// Os títulos ficam sobre as colunas da lista: as mesmas paradas de tabulação.
+// Os títulos ficam sobre as colunas da lista; onde columns_of não é conhecido, nas mesmas paradas de tabulação.
 titulo_das_colunas : text {
+    columns_of = "lista";
     width = 34;
     tabs = "8 15 22";
     fixed_width_font = true;

@@ -32,6 +32,8 @@ constexpr std::array kRules{
     Rule{"children_fixed_height", Form::Flag},
     Rule{"children_fixed_width", Form::Flag},
     Rule{"color", Form::Color},
+    Rule{"columns_of", Form::Text},   // our own: a text whose words stand over that list's columns
+    Rule{"description", Form::Text},  // our own: the name of a tile for who does not see it
     Rule{"edit_limit", Form::Whole, 0, 256},
     Rule{"edit_width", Form::Number, 0, kFarthest},
     Rule{"fixed_height", Form::Flag},

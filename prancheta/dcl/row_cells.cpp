@@ -32,7 +32,34 @@ double stopBeyond(const std::vector<double>& stops, double at) {
     return it != stops.end() ? *it : (std::floor(at / kUsualStep) + 1) * kUsualStep;
 }
 
+/// Cells cut again where blanks stand together: lists are aligned by the one or the other.
+std::vector<Cell> wordsOf(const std::vector<Cell>& cells, const Metrics& metrics) {
+    const auto width = [&](std::size_t characters, const std::wstring& text) {
+        return metrics.textWidth ? metrics.textWidth(text.substr(0, characters))
+                                 : static_cast<double>(characters) * metrics.characterWidth;
+    };
+    std::vector<Cell> words;
+    for (const Cell& cell : cells) {
+        for (std::size_t start = cell.text.find_first_not_of(L' '); start < cell.text.size();) {
+            const std::size_t end = std::min(cell.text.find(L"  ", start), cell.text.size());
+            words.push_back(
+                {cell.text.substr(start, end - start), cell.x + width(start, cell.text), 0});
+            start = cell.text.find_first_not_of(L' ', end);
+        }
+    }
+    return words;
+}
+
 }  // namespace
+
+std::vector<Cell> headingOver(const Tile& list, std::wstring_view row, std::wstring_view heading,
+                              const Metrics& metrics) {
+    std::vector<Cell> words = wordsOf(cellsOf(list, heading, metrics), metrics);
+    const std::vector<Cell> columns = wordsOf(cellsOf(list, row, metrics), metrics);
+    if (columns.size() < words.size()) return cellsOf(list, heading, metrics);
+    for (std::size_t i = 0; i < words.size(); ++i) words[i].x = columns[i].x;
+    return words;
+}
 
 std::vector<Cell> cellsOf(const Tile& list, std::wstring_view row, const Metrics& metrics) {
     const std::vector<double> stops = stopsOf(list.attribute("tabs"));

@@ -22,4 +22,10 @@ struct Cell {
 /// cut there; without, a long text pushes what follows on to the next free stop.
 std::vector<Cell> cellsOf(const Tile& list, std::wstring_view row, const Metrics& metrics);
 
+/// Words of a heading, parted by tabs or by blanks that stand together, each over its column of
+/// `row`, which is parted likewise. Over a row with fewer columns, as an empty one, they stand at
+/// the stops of `list`.
+std::vector<Cell> headingOver(const Tile& list, std::wstring_view row, std::wstring_view heading,
+                              const Metrics& metrics);
+
 }  // namespace prancheta::dcl

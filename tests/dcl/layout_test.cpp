@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+#include "prancheta/base/text.h"
 #include "prancheta/dcl/build.h"
 #include "prancheta/dcl/layout.h"
 #include "prancheta/dcl/parser.h"
@@ -138,6 +139,16 @@ TEST(DclLayout, TabsOfListRows) {
     EXPECT_EQ(cells(L"comprido\tb\t\tc"), "0+0 100+0 200+0 240+0 ")
         << "pushed on to the next free stop";
     EXPECT_EQ(cells(L"quat\tb"), "0+0 100+0 ") << "two numbers never touch";
+    // A heading stands over the columns of a row, tabs or blanks; over none at its own stops.
+    const auto heading = [&](std::wstring_view row, std::wstring_view title) {
+        std::string out;
+        for (const Cell& cell : headingOver(list, row, title, Metrics{10, 20, {}}))
+            out += toUtf8(cell.text) + "@" + std::to_string(std::lround(cell.x)) + " ";
+        return out;
+    };
+    EXPECT_EQ(heading(L"200\t75\t3", L"  H     B  tf (mm)"), "H@0 B@40 tf (mm)@100 ");
+    EXPECT_EQ(heading(L"VS 150   150  15", L"Tipo\tH\tKg/m"), "Tipo@0 H@90 Kg/m@140 ");
+    EXPECT_EQ(heading(L"", L"h\tb\tt"), "h@0 b@40 t@100 ");
     give("tab_truncate", "true");
     EXPECT_EQ(cells(L"comprido\tb\tc"), "0+40 40+60 100+0 ");
 }

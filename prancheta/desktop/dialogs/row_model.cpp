@@ -50,9 +50,20 @@ int RowPainter::rowHeight() const {
 }
 
 void RowPainter::paint(QPainter& painter, const QRect& room, const std::wstring& row) const {
+    paint(painter, room, dcl::cellsOf(m_list, row, m_metrics));
+}
+
+void RowPainter::paintHeading(QPainter& painter, const QRect& room,
+                              const std::wstring& heading) const {
+    const std::wstring first = m_list.rows.empty() ? std::wstring() : m_list.rows.front();
+    paint(painter, room, dcl::headingOver(m_list, first, heading, m_metrics));
+}
+
+void RowPainter::paint(QPainter& painter, const QRect& room,
+                       const std::vector<dcl::Cell>& cells) const {
     painter.setFont(m_font);
     const QFontMetricsF metrics(m_font);
-    for (const dcl::Cell& cell : dcl::cellsOf(m_list, row, m_metrics)) {
+    for (const dcl::Cell& cell : cells) {
         QRectF place(room);
         place.setLeft(room.left() + cell.x);
         if (cell.room > 0) place.setRight(std::min(place.right(), place.left() + cell.room));

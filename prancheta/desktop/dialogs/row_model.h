@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "prancheta/dcl/dialog.h"
+#include "prancheta/dcl/row_cells.h"
 
 namespace prancheta::desktop {
 
@@ -38,9 +39,13 @@ public:
     RowPainter(const dcl::Tile& list, const dcl::Metrics& dialog, const QFont& font);
 
     void paint(QPainter& painter, const QRect& room, const std::wstring& row) const;
+    /// The words of a title over the columns of the list's first row.
+    void paintHeading(QPainter& painter, const QRect& room, const std::wstring& heading) const;
     int rowHeight() const;
 
 private:
+    void paint(QPainter& painter, const QRect& room, const std::vector<dcl::Cell>& cells) const;
+
     const dcl::Tile& m_list;
     QFont m_font;
     dcl::Metrics m_metrics;

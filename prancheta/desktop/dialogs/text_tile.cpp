@@ -21,13 +21,14 @@ QColor warningColor(const QPalette& palette) {
 
 }  // namespace
 
-TextTile::TextTile(const dcl::Tile& tile, const dcl::Metrics& dialog, QWidget* parent)
+TextTile::TextTile(const dcl::Tile& tile, const dcl::Metrics& dialog, const dcl::Tile* list,
+                   QWidget* parent)
     : QWidget(parent), m_tile(tile), m_isMessage(tile.key == "error") {
     const bool fixed = dcl::flagAttribute(tile, "fixed_width_font");
     QFont shown = fixed ? fixedFont(font()) : font();
     if (dcl::flagAttribute(tile, "is_bold")) shown.setBold(true);
     setFont(shown);
-    if (fixed) m_columns.emplace(tile, dialog, shown);
+    if (list != nullptr) m_columns.emplace(*list, dialog, shown);
     showTile();
 }
 
@@ -48,8 +49,8 @@ void TextTile::paintEvent(QPaintEvent*) {
                                : palette().color(group, QPalette::WindowText));
     // A title of columns stands over the cells, not over the frame of the list.
     if (m_columns)
-        return m_columns->paint(painter, rect().adjusted(kRowMargin, 0, 0, 0),
-                                m_text.toStdWString());
+        return m_columns->paintHeading(painter, rect().adjusted(kRowMargin, 0, 0, 0),
+                                       m_text.toStdWString());
     const QString shown = fontMetrics().elidedText(m_text, Qt::ElideRight, width());
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }

@@ -15,8 +15,10 @@ namespace prancheta::desktop {
 class TextTile : public QWidget {
     Q_OBJECT
 public:
-    /// `dialog`: metrics by which the dialog was laid out.
-    TextTile(const dcl::Tile& tile, const dcl::Metrics& dialog, QWidget* parent);
+    /// `dialog`: metrics by which the dialog was laid out. `list`: over whose columns the text
+    /// stands; null for any other text.
+    TextTile(const dcl::Tile& tile, const dcl::Metrics& dialog, const dcl::Tile* list,
+             QWidget* parent);
 
     void showTile();
     QString text() const { return m_text; }

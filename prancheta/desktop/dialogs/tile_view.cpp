@@ -172,7 +172,9 @@ TileView makeSlider(TileHost& host, Tile& tile, const Box& box) {
 }
 
 TileView makeText(TileHost& host, Tile& tile, const Box& box) {
-    auto* text = new TextTile(tile, host.dialog().metrics(), &host.face());
+    const std::string columns = tile.attribute("columns_of");
+    const Tile* const list = columns.empty() ? nullptr : host.dialog().find(columns);
+    auto* text = new TextTile(tile, host.dialog().metrics(), list, &host.face());
     text->setGeometry(toRect(box.frame));
     return {text, nullptr, [text] { text->showTile(); }};
 }
