@@ -127,7 +127,8 @@ pl_geracao : dialog {
                 altura_h;
                 aba_b;
                 espessura_t;
-                : enrijecedor_a { label = "Aba (&não usada)"; }
+                // A aba da bitola não entra no desenho: fica na lista e nos roteiros, fora da janela.
+                : enrijecedor_a { label = "Aba (não usada)"; is_hidden = true; }
             }
             : toggle { key = "travejar"; label = "Trave&jar"; }
         }

@@ -45,6 +45,8 @@ constexpr std::array kRules{
     Rule{"is_cancel", Form::Flag},
     Rule{"is_default", Form::Flag},
     Rule{"is_enabled", Form::Flag},
+    Rule{"is_hidden",
+         Form::Flag},  // our own: no window shows the tile, programs and scripts reach it
     Rule{"is_tab_stop", Form::Flag},
     Rule{"key", Form::Text},
     Rule{"label", Form::Text},

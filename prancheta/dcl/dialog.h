@@ -186,6 +186,9 @@ void discardDialogs();
 
 /// Enabled, and so are all the clusters around it.
 bool isUsable(const Tile& tile);
+/// The file hides the tile, or a cluster around it (`is_hidden`, an attribute of our own): it takes
+/// no room and no window shows it; programs and scripts reach it as any other.
+bool isHidden(const Tile& tile);
 
 void setMetrics(const Metrics& metrics);
 

@@ -113,6 +113,7 @@ Node Arranger::measure(const Tile& tile) const {
     }
     double widest = 0;
     for (const auto& child : tile.children) {
+        if (flagAttribute(*child, "is_hidden")) continue;
         node.children.push_back(measure(*child));
         if (child->kind == TileKind::Button)
             widest = std::max(widest, node.children.back().natural.width);
@@ -191,6 +192,12 @@ Rect rounded(const Rect& rect) {
             std::round(rect.y + rect.height) - top};
 }
 
+/// Boxes without size: every tile has one, in the order of the file.
+void leaveOut(const Tile& tile, int level, Layout& layout) {
+    layout.boxes.push_back({&tile, level, {}, {}});
+    for (const auto& child : tile.children) leaveOut(*child, level + 1, layout);
+}
+
 void Arranger::place(const Node& node, const Rect& frame, int level, Layout& layout) const {
     const Rect part = partOf(*node.tile, frame);
     layout.boxes.push_back({node.tile, level, rounded(frame), rounded(part)});
@@ -198,14 +205,19 @@ void Arranger::place(const Node& node, const Rect& frame, int level, Layout& lay
     const Axis axis = axisOf(*node.tile);
     const Span room = spanOf(part, across(axis));
     const std::vector<Span> spans = divide(node, spanOf(part, axis));
-    for (std::size_t i = 0; i < node.children.size(); ++i) {
+    std::size_t i = 0;
+    for (const auto& tile : node.tile->children) {
+        if (i == node.children.size() || node.children[i].tile != tile.get()) {
+            leaveOut(*tile, level + 1, layout);
+            continue;
+        }
         const Node& child = node.children[i];
         Span cross = room;
         if (isFixed(*child.tile, across(axis))) {
             cross.length = std::min(room.length, along(child.natural, across(axis)));
             cross.start += (room.length - cross.length) * alignmentShare(*child.tile, across(axis));
         }
-        place(child, rectOf(axis, spans[i], cross), level + 1, layout);
+        place(child, rectOf(axis, spans[i++], cross), level + 1, layout);
     }
 }
 

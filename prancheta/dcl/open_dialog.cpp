@@ -185,7 +185,8 @@ bool OpenDialog::isTabStop(const Tile& tile) const {
     const bool kind = isRadioCluster(tile.kind) || isActive(tile.kind);
     const bool inCluster = tile.kind == TileKind::RadioButton && tile.parent != nullptr &&
                            isRadioCluster(tile.parent->kind);
-    return kind && !inCluster && tile.attribute("is_tab_stop") != "false" && isUsable(tile);
+    return kind && !inCluster && tile.attribute("is_tab_stop") != "false" && isUsable(tile) &&
+           !isHidden(tile);
 }
 
 void OpenDialog::moveFocusFrom(const Tile& tile) {

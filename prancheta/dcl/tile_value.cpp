@@ -163,6 +163,12 @@ bool isUsable(const Tile& tile) {
     return true;
 }
 
+bool isHidden(const Tile& tile) {
+    for (const Tile* t = &tile; t != nullptr; t = t->parent)
+        if (flagAttribute(*t, "is_hidden")) return true;
+    return false;
+}
+
 std::string Tile::attribute(std::string_view name, std::string_view fallback) const {
     const Value* const value = definition != nullptr ? definition->attribute(name) : nullptr;
     return value != nullptr ? value->text : std::string(fallback);

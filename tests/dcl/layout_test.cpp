@@ -152,3 +152,14 @@ TEST(DclLayout, TabsOfListRows) {
     give("tab_truncate", "true");
     EXPECT_EQ(cells(L"comprido\tb\tc"), "0+40 40+60 100+0 ");
 }
+
+TEST(DclLayout, WhatIsHiddenTakesNoRoom) {
+    const std::string shown = ": toggle { key = \"x\"; label = \"X\"; }";
+    const auto boxed = [&](const std::string& more) {
+        return layoutOf(("d : dialog { : column { " + shown + more + " } }").c_str());
+    };
+    const std::string without = boxed("");
+    const std::string hidden =
+        boxed(": row { is_hidden = true; : edit_box { key = \"a\"; label = \"Longo de fato\"; } }");
+    EXPECT_EQ(hidden, without + "    row - 0,0 0x0\n      edit_box a 0,0 0x0 [0,0 0x0]\n");
+}

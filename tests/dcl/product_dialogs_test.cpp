@@ -58,13 +58,14 @@ void checkAccepts(const Tile& tile) {
 void checkPlaces(const Tile& tile, const Layout& layout) {
     const Rect& around = layout.find(tile)->frame;
     for (const auto& child : tile.children) {
+        if (isHidden(*child)) continue;
         const Rect& r = layout.find(*child)->frame;
         EXPECT_GE(r.x, around.x - 1) << child->key;
         EXPECT_GE(r.y, around.y - 1) << child->key;
         EXPECT_LE(r.x + r.width, around.x + around.width + 1) << child->key;
         EXPECT_LE(r.y + r.height, around.y + around.height + 1) << child->key;
         for (const auto& other : tile.children) {
-            if (other.get() <= child.get()) continue;
+            if (other.get() <= child.get() || isHidden(*other)) continue;
             const Rect& o = layout.find(*other)->frame;
             const bool apart = r.x + r.width <= o.x + 1 || o.x + o.width <= r.x + 1 ||
                                r.y + r.height <= o.y + 1 || o.y + o.height <= r.y + 1;

@@ -60,7 +60,8 @@ void DialogWindow::makeFace() {
 }
 
 void DialogWindow::makeViews(dcl::Tile& tile) {
-    TileView view = makeTileView(*this, tile, *m_dialog.layout().find(tile));
+    TileView view;
+    if (!dcl::isHidden(tile)) view = makeTileView(*this, tile, *m_dialog.layout().find(tile));
     if (view.widget != nullptr) {
         m_tiles.emplace(view.widget, &tile);
         view.widget->installEventFilter(this);
