@@ -54,8 +54,28 @@ TileView makeBox(TileHost& host, Tile& tile, const Box& box) {
     return {group, nullptr, {}};
 }
 
+/// The keyboard's place is seen on every button, however the style marks it.
+class FocusedButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        constexpr double kRing = 2.0;
+        constexpr double kRound = 3.0;
+        QPushButton::paintEvent(event);
+        if (!hasFocus()) return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), kRing));
+        const double inside = kRing / 2 + 1;
+        painter.drawRoundedRect(QRectF(rect()).adjusted(inside, inside, -inside, -inside), kRound,
+                                kRound);
+    }
+};
+
 TileView makeButton(TileHost& host, Tile& tile, const Box& box) {
-    auto* button = new QPushButton(mnemonicLabel(tile), &host.face());
+    auto* button = new FocusedButton(mnemonicLabel(tile), &host.face());
     button->setGeometry(toRect(box.frame));
     // The button with the keyboard is the one that Enter presses, and looks like it.
     button->setAutoDefault(true);
