@@ -56,8 +56,9 @@ bool PerfilRun::runDialog() {
     const wchar_t* const list = m_description.list;
     const std::optional<std::wstring> path = listPath(*folder, list != nullptr ? list : L"");
     if (list != nullptr) m_catalogue->read(*path);
+    m_listPath = *path;
     if (runLoop(L"perfis.dcl", m_description.dialog) == kDialogDone) {
-        keepEdits(*path);
+        keepEditsOnce();
         return true;
     }
     (void)acutPrintf(L"\nErro ao executar função");
@@ -66,6 +67,11 @@ bool PerfilRun::runDialog() {
 
 bool PerfilRun::listsFit(std::wstring_view folder) const {
     return listPath(folder, m_description.list != nullptr ? m_description.list : L"").has_value();
+}
+
+/// Nothing edits the list any more once the dialog was accepted.
+void PerfilRun::keepEditsOnce() {
+    if (!m_listPath.empty()) keepEdits(std::exchange(m_listPath, {}));
 }
 
 void PerfilRun::keepEdits(const std::wstring& path) {
@@ -112,6 +118,8 @@ void PerfilRun::takeFirst(ads_hdlg dialog, const ListedSize& size) {
 
 void PerfilRun::closed(int status) {
     if (status == kDialogAccepted) {
+        // Before the points are asked for: whatever ends the program there, the rows are kept.
+        keepEditsOnce();
         if (editing()) {
             rebuild();
             return;

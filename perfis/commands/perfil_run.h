@@ -147,6 +147,7 @@ private:
     static constexpr CLIENTFUNC callback = dialogCallback<PerfilRun, Method>;
 
     bool runDialog();
+    void keepEditsOnce();
     void rebuild();
     void takeVista(const PecaValues& peca);
     void wire(ads_hdlg dialog);
@@ -180,6 +181,7 @@ private:
 
     const PerfilDescription& m_description;
     std::unique_ptr<Catalogue> m_catalogue;
+    std::wstring m_listPath;  ///< where edits of the list in force are kept; empty: they were
     RunState m_state;
     const PecaValues* m_edited = nullptr;
     RuledPeca m_before;  ///< of the edited piece
