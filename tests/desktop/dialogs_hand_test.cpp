@@ -186,6 +186,24 @@ TEST(DialogHands, TabFollowsTheFileAndSkipsWhatIsDisabled) {
     });
 }
 
+TEST(DialogHands, WhatIsTypedOverAListIsSearchedFor) {
+    Form form(R"(d : dialog { initial_focus = "lista";
+      : edit_box { key = "oculto"; value = "7"; is_hidden = true; allow_accept = true; }
+      : edit_box { key = "busca"; reports_typing = true; }
+      : list_box { key = "lista"; list = "um\ndois"; } ok_cancel; })");
+    form.listen({L"busca", L"lista", L"oculto"});
+    form.run([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QWidget*>("oculto"), nullptr) << "reached by programs alone";
+        EXPECT_EQ(form.value(L"oculto"), "7");
+        EXPECT_EQ(keyboard(dialog), "lista");
+        QTest::keyClicks(dialog.focusWidget(), "2");
+        EXPECT_EQ(keyboard(dialog), "busca");
+        QTest::keyClicks(dialog.focusWidget(), "x");
+        press(dialog, "cancel");
+    });
+    EXPECT_EQ(form.calls(), (Calls{"busca 3 2", "busca 3 2x", "busca 2 2x"}));
+}
+
 TEST(DialogHands, ACallbackMovesTheKeyboardBack) {
     // What a program does about a field that makes no sense.
     Form form(kForm);

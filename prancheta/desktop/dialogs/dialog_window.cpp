@@ -143,8 +143,27 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
         if (button->isDefault() && button->isEnabled()) return button->setFocus();
 }
 
+/// What is typed over a list goes to the field that searches in it, when there is one.
+bool DialogWindow::searches(const dcl::Tile& tile, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || tile.kind != dcl::TileKind::ListBox) return false;
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    const Qt::KeyboardModifiers others = key->modifiers() & ~Qt::ShiftModifier;
+    const bool keypad = others == Qt::KeypadModifier;
+    const QString typed = key->text();
+    if (typed.isEmpty() || !typed.at(0).isPrint() || typed.at(0).isSpace()) return false;
+    if (others != Qt::NoModifier && !keypad) return false;
+    for (const auto& [field, view] : m_views) {
+        if (!dcl::flagAttribute(*field, "reports_typing") || !dcl::isUsable(*field)) continue;
+        view.widget->setFocus(Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(view.widget, event);
+        return true;
+    }
+    return false;
+}
+
 bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
     const auto it = m_tiles.find(watched);
+    if (it != m_tiles.end() && searches(*it->second, event)) return true;
     if (event->type() == QEvent::FocusIn && it != m_tiles.end())
         serve([&] {
             m_dialog.focusOn(*it->second);

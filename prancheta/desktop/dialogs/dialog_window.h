@@ -36,6 +36,7 @@ private:
     void makeViews(dcl::Tile& tile);
     void showTile(const dcl::Tile& tile);
     void showEnabled(const dcl::Tile& tile);
+    bool searches(const dcl::Tile& tile, QEvent* event);
     void focusTile(const dcl::Tile& tile, short mode);
 
     dcl::Dialog& m_dialog;
