@@ -81,11 +81,14 @@ vista_e_insercao : column {
     }
 }
 
-// Aviso que não impede, mensagem de erro e saída.
+// Aviso que não impede, mensagem de erro e saída; os valores da peça anterior, quando há uma.
 rodape : column {
     : text { key = "aviso"; width = 50; }
     : text { key = "error"; width = 50; }
-    ok_cancel;
+    : row {
+        : button { key = "ultima"; label = "Ú&ltima peça"; is_enabled = false; fixed_width = true; }
+        ok_cancel;
+    }
 }
 
 // ---- Comandos de uma peça -----------------------------------------------------------------------
@@ -409,7 +412,7 @@ psa_geracao : dialog {
                 altura_H;
                 : medida { key = "bc"; label = "Mesa superior: lar&gura bc (mm)"; }
                 : medida { key = "tc"; label = "Mesa superior: &espessura tc (mm)"; }
-                : medida { key = "bb"; label = "Mesa inferior: &largura bb (mm)"; }
+                : medida { key = "bb"; label = "Mesa inferior: largura &bb (mm)"; }
                 : medida { key = "tb"; label = "Mesa i&nferior: espessura tb (mm)"; }
                 alma_tw;
             }
@@ -448,7 +451,7 @@ vi_lam_geracao : dialog {
 catalogo_com_aba : catalogo { tabs = "8 15 22 27"; }
 
 vao_a : medida { key = "a"; label = "Vão entre as peças a (&mm)"; }
-largura_total_a : medida { key = "a"; label = "&Largura total a (mm)"; }
+largura_total_a : medida { key = "a"; label = "Lar&gura total a (mm)"; }
 enrijecedor_e : medida { key = "e"; label = "E&nrijecedor e (mm)"; }
 
 botao_travejar : button { key = "travejar"; label = "Trave&jar..."; fixed_width = true; alignment = centered; }
@@ -681,7 +684,7 @@ pcclam_geracao : dialog {
                 aba_b;
                 espessura_t;
                 vao_a;
-                : medida { key = "av"; label = "Vão na a&ltura av (mm)"; }
+                : medida { key = "av"; label = "Vão &na altura av (mm)"; }
             }
             : popup_list { key = "plano"; label = "C&hapas"; edit_width = 18; }
             botao_travejar;
@@ -706,7 +709,7 @@ pczlam_geracao : dialog {
                 aba_b;
                 espessura_t;
                 vao_a;
-                : medida { key = "av"; label = "Desníve&l av (mm)"; }
+                : medida { key = "av"; label = "Des&nível av (mm)"; }
             }
             botao_travejar;
         }

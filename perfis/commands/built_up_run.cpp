@@ -39,6 +39,20 @@ protected:
     ChapaLaying chapaLaying() override;
     bool travejamentoSuits() override { return isTravejada() && chapaFits(); }
     void takePeca(const PecaValues& peca) override;
+    LastPeca asLast() const override {
+        LastPeca last = PerfilRun::asLast();
+        last.chapas = {m_A, m_C};
+        last.spacing = m_L1;
+        last.planes = m_planes;
+        return last;
+    }
+    void takeLast(const LastPeca& last) override {
+        PerfilRun::takeLast(last);
+        m_A = last.chapas.A;
+        m_C = last.chapas.C;
+        m_L1 = last.spacing;
+        m_planes = last.planes;
+    }
     bool laysAgain() const override { return m_asked; }
     bool reopensAfter(int status) const override {
         return status == kDialogReopen || status == kDialogReopenAtOnce;

@@ -28,6 +28,7 @@ void PerfilRun::wire(ads_hdlg dialog) {
         {L"visualizar", callback<&PerfilRun::onShowInsertion>},
         {L"ins_list", callback<&PerfilRun::onInsertion>},
         {L"OutraVista", callback<&PerfilRun::onOtherVista>},
+        {L"ultima", callback<&PerfilRun::onLast>},
     };
     static constexpr TileAction kEditActions[] = {
         {L"addtolist", callback<&PerfilRun::onAdd>},
@@ -157,17 +158,30 @@ void PerfilRun::onCotas(const ads_callback_packet& packet) {
     refresh(packet.dialog);
 }
 
-void PerfilRun::onOtherVista(const ads_callback_packet& packet) {
+void PerfilRun::keepTexts(ads_hdlg dialog) {
     for (std::size_t i = 0; i < m_description.tiles.size(); ++i)
-        m_state.texts[i] = tileText(packet.dialog, m_description.tiles[i].key, 80);
+        m_state.texts[i] = tileText(dialog, m_description.tiles[i].key, 80);
+}
+
+/// The values of the piece that this command drew before.
+void PerfilRun::onLast(const ads_callback_packet& packet) {
+    const std::optional<LastPeca>& last = lastPeca(m_description);
+    if (!last || editing()) return;
+    stopSearch(packet.dialog);
+    takeLast(*last);
+    show(packet.dialog);
+}
+
+void PerfilRun::onOtherVista(const ads_callback_packet& packet) {
+    keepTexts(packet.dialog);
     (void)ads_done_dialog(packet.dialog, kDialogReopen);
 }
 
 void PerfilRun::onAccept(const ads_callback_packet& packet) {
     if (const std::optional<Fault> fault = acceptFault(packet.dialog))
-        showFault(packet.dialog, *fault);
-    else
-        (void)ads_done_dialog(packet.dialog, kDialogAccepted);
+        return showFault(packet.dialog, *fault);
+    keepTexts(packet.dialog);
+    (void)ads_done_dialog(packet.dialog, kDialogAccepted);
 }
 
 }  // namespace perfis

@@ -88,6 +88,11 @@ void PerfilRun::open(ads_hdlg dialog) {
     if (m_description.title != nullptr) setTile(dialog, L"titulo", m_description.title);
     wire(dialog);
     wireOwnTiles(dialog);
+    if (!editing() && lastPeca(m_description)) enableTile(dialog, L"ultima", true);
+    show(dialog);
+}
+
+void PerfilRun::show(ads_hdlg dialog) {
     showMedidas(dialog);
     setToggle(dialog, L"dimensionar", sharedCotaFlag() != 0);
     setToggle(dialog, L"visualizar", m_state.showInsertion);
@@ -125,6 +130,7 @@ void PerfilRun::closed(int status) {
             return;
         }
         // A refused point ends the command as normally as a drawn piece.
+        lastPeca(m_description) = asLast();
         const ChapaLaying chapas = chapaLaying();
         (void)generatePerfil(m_description, m_state, chapas);
     } else if (status == kDialogReopen) {
@@ -159,6 +165,21 @@ void PerfilRun::rebuild() {
         const ChapaLaying its = chapaLaying();
         (void)rebuildPeca(m_description, m_state, {other, before, its, laysAgain()});
     }
+}
+
+LastPeca PerfilRun::asLast() const {
+    LastPeca last;
+    last.state = m_state;
+    last.cotas = sharedCotaFlag() != 0;
+    return last;
+}
+
+/// The row is looked for by its size: the list may be another one by now.
+void PerfilRun::takeLast(const LastPeca& last) {
+    m_state = last.state;
+    m_state.rowPicked = false;
+    m_state.selectedRow = 0;
+    sharedCotaFlag() = last.cotas ? 1 : 0;
 }
 
 int PerfilRun::edit(const PecaValues& peca) {

@@ -118,6 +118,10 @@ protected:
     virtual bool travejamentoSuits() { return true; }
     /// Takes a piece that is about to be edited into the state.
     virtual void takePeca(const PecaValues& peca);
+    /// What the dialog is left with, for the next run that asks for it.
+    virtual LastPeca asLast() const;
+    /// Takes what an earlier run left; the dialog shows it when it is shown again.
+    virtual void takeLast(const LastPeca& last);
     /// Last word before the drawing is made; what lays the plates, null for a piece without any.
     virtual ChapaLaying chapaLaying() { return nullptr; }
     /// The user asked for the plates to be laid, whether or not they come to be others.
@@ -151,6 +155,9 @@ private:
     void rebuild();
     void takeVista(const PecaValues& peca);
     void wire(ads_hdlg dialog);
+    /// All values and modes, as the state has them.
+    void show(ads_hdlg dialog);
+    void keepTexts(ads_hdlg dialog);
     void showInsertionNames(ads_hdlg dialog);
     void showTyped(ads_hdlg dialog);
     std::wstring readInPart(ads_hdlg dialog) const;
@@ -177,6 +184,7 @@ private:
     void onInsertion(const ads_callback_packet& packet);
     void onCotas(const ads_callback_packet& packet);
     void onOtherVista(const ads_callback_packet& packet);
+    void onLast(const ads_callback_packet& packet);
     void onAccept(const ads_callback_packet& packet);
 
     const PerfilDescription& m_description;

@@ -100,6 +100,10 @@ protected:
         selected() = size.row;
         PerfilRun::takeFirst(dialog, size);
     }
+    void takeLast(const LastPeca& last) override {
+        PerfilRun::takeLast(last);
+        selected() = kLikePeca;
+    }
     bool listsFit(std::wstring_view folder) const override;
 
 private:

@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "perfis/commands/chapa_schemes.h"
 #include "perfis/commands/medidas.h"
 #include "perfis/commands/perfil_description.h"
 #include "perfis/dialogs/secao_preview.h"
+#include "perfis/dialogs/travejamento.h"
 #include "perfis/dialogs/vistas_dialog.h"
 #include "zp/objects/peca.h"
 
@@ -42,6 +44,18 @@ struct RunState {
     std::wstring aco;                   ///< steel of the piece; empty: the drawing's
     std::vector<OwnMedida> own;         ///< values other than the command's rule makes them
 };
+
+/// What a dialog was left with by OK.
+struct LastPeca {
+    RunState state;
+    bool cotas = false;
+    TravejamentoParams chapas;  ///< A = 0: none
+    double spacing = 0.0;       ///< of the plates
+    TravejamentoPlanes planes = TravejamentoPlanes::kBoth;
+};
+
+/// Of this command, since the program was started; nothing before its first OK.
+std::optional<LastPeca>& lastPeca(const PerfilDescription& description);
 
 /// The state with which a run of this command starts.
 RunState resetState(const PerfilDescription& description);

@@ -37,6 +37,17 @@ protected:
     bool travejamentoSuits() override;
     ChapaLaying chapaLaying() override;
     void takePeca(const PecaValues& peca) override;
+    LastPeca asLast() const override {
+        LastPeca last = PerfilRun::asLast();
+        last.chapas = m_chapas;
+        last.spacing = m_spacing;
+        return last;
+    }
+    void takeLast(const LastPeca& last) override {
+        PerfilRun::takeLast(last);
+        m_chapas = last.chapas;
+        m_spacing = last.spacing;
+    }
     bool laysAgain() const override { return m_asked; }
 
 private:
