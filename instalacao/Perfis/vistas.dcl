@@ -16,6 +16,7 @@ nome_da_figura : text {
 
 vistas_geracao : dialog {
     label = "Vista da peça";
+    initial_focus = "l";
     : row {
         : boxed_row {
             label = "Vista";
