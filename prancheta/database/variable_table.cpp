@@ -133,6 +133,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"ORTHOMODE", 0, 0, 1),
         integer(L"OSMODE", 4133, 0, 32767),
         integer(L"OSNAPCOORD", 2, 0, 2),
+        integer(L"PECACOPIA", 1, 0, 1),
         readOnly(L"PERIMETER", 0.0),
         integer(L"PICKADD", 1, 0, 2),
         integer(L"PICKAUTO", 1, 0, 1),

@@ -302,6 +302,20 @@ void PictureWriter::text(const PrimitiveView& view) {
     marker("AcDbText");
 }
 
+void PictureWriter::writeHidden(const std::string& text, const std::string& layer,
+                                Adesk::UInt64 owner, Adesk::UInt64 handle) {
+    m_out.text(0, "TEXT");
+    m_out.handle(5, handle);
+    m_out.handle(330, owner);
+    marker("AcDbEntity");
+    m_out.text(8, layer);
+    marker("AcDbText");
+    point(10, AcGePoint3d::kOrigin);
+    m_out.real(40, 1.0);
+    m_out.text(1, text);
+    marker("AcDbText");
+}
+
 void PictureWriter::writePoint(const AcGePoint3d& p, const char* layer, Adesk::UInt64 owner,
                                Adesk::UInt64 handle) {
     m_out.text(0, "POINT");

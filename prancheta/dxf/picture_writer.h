@@ -30,6 +30,10 @@ public:
     void writePoint(const AcGePoint3d& p, const char* layer, Adesk::UInt64 owner,
                     Adesk::UInt64 handle);
 
+    /// A text at the origin for programs, on a layer that nobody sees.
+    void writeHidden(const std::string& text, const std::string& layer, Adesk::UInt64 owner,
+                     Adesk::UInt64 handle);
+
 private:
     void begin(const char* type, const PictureTraits& traits, Adesk::UInt64 owner,
                Adesk::UInt64 handle);

@@ -6,6 +6,7 @@
 #include "prancheta/dxf/dimension_type.h"
 #include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/kept_handles.h"
+#include "prancheta/dxf/piece_copy.h"
 #include "prancheta/dxf/releases.h"
 #include "prancheta/dxf/save_r12.h"
 #include "prancheta/dxf/saver.h"
@@ -119,6 +120,7 @@ void Saver::planPictures() {
     order.push_back(m_core.modelSpaceId());
     order.push_back(m_core.paperSpaceId());
     m_moved.plan(order);
+    const bool withCopies = m_core.variables().number(L"PECACOPIA") != 0;
     for (const AcDbObjectId blockId : order) {
         const AcDbBlockTableRecord& record = recordAt(blockId);
         const bool inModel = blockId == m_core.modelSpaceId();
@@ -126,7 +128,7 @@ void Saver::planPictures() {
             if (id.isErased()) continue;
             AcDbEntity& entity = entityAt(id);
             if (isPiece(entity)) {
-                m_pieces.add(entity);
+                m_pieces.add(entity, withCopies);
                 continue;
             }
             if (entity.isKindOf(AcDbDimension::desc())) {
@@ -169,6 +171,8 @@ void Saver::planStandard() {
     const auto& layers = tableAt(m_database.layerTableId());
     if (!m_dimensions.empty() && ObjectAccess::lookup(layers, L"Defpoints").isNull())
         m_standard.defpoints = m_handles.next();
+    if (m_pieces.hasCopies() && ObjectAccess::lookup(layers, kCopyLayer).isNull())
+        m_standard.copies = m_handles.next();
     if (!rootHas(L"ACAD_GROUP")) m_standard.groups = m_handles.next();
     if (!rootHas(L"ACAD_LAYOUT")) {
         m_standard.layouts = m_handles.next();
@@ -244,7 +248,7 @@ Result<void> Saver::run() {
     plan();
     std::size_t pieceEntities = 0;
     for (const Picture& picture : m_pieces.pictures())
-        pieceEntities += PictureWriter::count(picture) + 2;
+        pieceEntities += PictureWriter::count(picture) + 3;
     for (const MovedDimensions::NewBlock& moved : m_moved.newBlocks()) {
         pieceEntities += 2;
         for (const AcDbObjectId id : ObjectAccess::entities(recordAt(moved.source)))

@@ -7,6 +7,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/xdata.h"
 #include "prancheta/dxf/dimension_type.h"
+#include "prancheta/dxf/piece_copy.h"
 #include "prancheta/dxf/saver.h"
 
 namespace prancheta::dxf {
@@ -47,6 +48,9 @@ void Saver::writeBlocks() {
         const PictureBlock& block = m_pieces.blocks()[i];
         beginPictureBlock(block);
         m_pictures.write(m_pieces.pictures()[i], block.record, m_handles);
+        if (const std::wstring& copy = m_pieces.copies()[i]; !copy.empty())
+            m_pictures.writeHidden(toUtf8(copy), toUtf8(kCopyLayer), block.record,
+                                   m_handles.next());
         endPictureBlock(block);
     }
     for (std::size_t i = 0; i < m_dimensions.size(); ++i)

@@ -5,6 +5,7 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/dxf/piece_copy.h"
 #include "prancheta/dxf/piece_record.h"
 #include "prancheta/dxf/releases.h"
 #include "prancheta/dxf/saver.h"
@@ -151,7 +152,8 @@ void Saver::writeTable(const RecordType& type) {
             records.push_back(
                 static_cast<const AcDbSymbolTableRecord*>(static_cast<AcDbStub*>(id)->object));
     const bool addsDefpoints = name == "LAYER" && m_standard.defpoints != 0;
-    std::size_t count = records.size() + (addsDefpoints ? 1 : 0);
+    const bool addsCopies = name == "LAYER" && m_standard.copies != 0;
+    std::size_t count = records.size() + (addsDefpoints ? 1 : 0) + (addsCopies ? 1 : 0);
     if (name == "APPID") count += m_applications.size();
     // Files of shapes stand behind the styles that the host keeps as objects.
     const RawTags& shapes = m_core.foreign().shapeStyles;
@@ -167,6 +169,7 @@ void Saver::writeTable(const RecordType& type) {
     for (const AcDbSymbolTableRecord* record : records) writeRecord(type, *record);
     if (name == "STYLE") m_entities.parts(shapes, 0, table.objectId().handle().value());
     if (addsDefpoints) writeMadeRecord(type, m_standard.defpoints, L"Defpoints");
+    if (addsCopies) writeMadeRecord(type, m_standard.copies, kCopyLayer, true);
     if (name == "APPID")
         for (const auto& [application, handle] : m_applications)
             writeMadeRecord(type, handle, application);
@@ -237,8 +240,8 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
     if (extra != nullptr) m_out.raw(extra->xdata);
 }
 
-void Saver::writeMadeRecord(const RecordType& type, Adesk::UInt64 handle,
-                            const std::wstring& name) {
+void Saver::writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name,
+                            bool frozen) {
     const bool isLayer = std::string_view(type.name) == "LAYER";
     beginRecord(type.name, type.handleCode, handle, (m_database.*type.table)().handle().value());
     m_values.reset(type.fields);
@@ -247,6 +250,7 @@ void Saver::writeMadeRecord(const RecordType& type, Adesk::UInt64 handle,
         // What stands on it is for programs: not plotted.
         AcDbLayerTableRecord layer;
         (void)layer.setIsPlottable(false);
+        (void)layer.setIsFrozen(frozen);
         type.take(layer, m_values);
         m_values.ids[0] = m_database.continuousLinetype();
         m_values.integers[kDefaultHandleSlot] =

@@ -26,6 +26,7 @@ struct StandardHandles {
     Adesk::UInt64 views = 0;
     Adesk::UInt64 ucss = 0;
     Adesk::UInt64 defpoints = 0;
+    Adesk::UInt64 copies = 0;  ///< layer of the copies of pieces
     Adesk::UInt64 groups = 0;
     Adesk::UInt64 layouts = 0;
     Adesk::UInt64 modelLayout = 0;
@@ -78,7 +79,8 @@ private:
     bool writeKeptTables(const char* name);
     void writeDefaultVport();
     void writeKeptVports(const RawTags& tags);
-    void writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name);
+    void writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name,
+                         bool frozen = false);
     void writeBlockRecord(const PictureBlock& block, bool ofDimension);
     void writeBlocks();
     void writeBlock(const Block& block);

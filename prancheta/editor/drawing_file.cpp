@@ -12,6 +12,7 @@
 #include "prancheta/database/layouts.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/lost_pieces.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/entities/foreign_entity.h"
 #include "prancheta/entities/foreign_shapes.h"
@@ -74,8 +75,9 @@ void printFindings(Editor& editor, const dxf::LoadReport& report) {
             finding.line > 0 ? L"Linha " + std::to_wstring(finding.line) + L": " : std::wstring();
         editor.print(where + toWide(finding.text) + L"\n");
     }
-    if (const std::wstring line = notShown(editor.database()); !line.empty())
-        editor.print(line + L"\n");
+    for (const std::wstring& line :
+         {lostPiecesLine(editor.database()), notShown(editor.database())})
+        if (!line.empty()) editor.print(line + L"\n");
 }
 
 bool DrawingFile::changedOutside() const {

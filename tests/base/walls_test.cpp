@@ -59,7 +59,7 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
     {"prancheta/dcl", {"prancheta/base", "prancheta/slides"}},
     {"prancheta/dxf",
      {"prancheta/base", "prancheta/geometry", "prancheta/graphics", "prancheta/database",
-      "prancheta/entities"}},
+      "prancheta/entities", "protocol"}},
     {"prancheta/verify", {"prancheta/base", "prancheta/dxf"}},
     {"prancheta/display",
      {"prancheta/geometry", "prancheta/graphics", "prancheta/database", "prancheta/entities"}},

@@ -13,6 +13,7 @@
 #include "zp/matlist/plan_view.h"
 #include "zp/matlist/report.h"
 #include "zp/matlist/resumo.h"
+#include "zp/matlist/revival.h"
 #include "zp/matlist/secao_command.h"
 #include "zp/matlist/sheets.h"
 #include "zp/matlist/steel_command.h"
@@ -51,6 +52,7 @@ void start(void* application) {
     zp::matlist::installSheets();
     zp::matlist::installCheck();
     zp::matlist::installComparison();
+    zp::matlist::installRevival();
     zp::matlist::startFollowing();
     AcEdCommandStack* const stack = acedRegCmds;
     if (stack == nullptr) return;
@@ -62,6 +64,7 @@ void start(void* application) {
 void stop() {
     if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr) (void)stack->removeGroup(kGroup);
     zp::matlist::stopFollowing();
+    zp::matlist::uninstallRevival();
     zp::matlist::uninstallComparison();
     zp::matlist::uninstallCheck();
     zp::matlist::uninstallSheets();

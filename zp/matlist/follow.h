@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dbapserv.h"
+#include "zp/matlist/zpmatlist.h"
 
 namespace zp::matlist {
 
@@ -84,6 +85,8 @@ void takeOldRow(AcDbObjectId chapa);
 void leaveRow(AcDbObjectId peca);
 /// A row that the program itself emptied goes; one whose pieces were erased stays.
 void dropEmptied(AcDbObjectId record);
+/// What a row says that its pieces do not, before it has a mark.
+Linha freshRow(AcDbObjectId peca);
 /// A row for this piece alone: like the one with record `from`, under the next free mark with the
 /// same letters. Null when it cannot be written.
 AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from);

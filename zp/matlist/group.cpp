@@ -119,12 +119,8 @@ AcDbObjectId rowFor(Book& book, const MaterialList& list, const std::vector<AcDb
             best = row;
     }
     if (!best.isNull()) return best;
-    Linha fresh(book.freeMarca(L"").c_str(), 0, L"", L"", L"ACO", 0, 0, 0, 0, L"");
-    if (isChapa(group.front())) {
-        fresh.descricao = L"Chapa";
-        fresh.observacao = L"Travejamento";
-    }
-    fresh.tied = true;
+    Linha fresh = freshRow(group.front());
+    fresh.marca = book.freeMarca(L"");
     return add(list.id, fresh);
 }
 

@@ -141,11 +141,20 @@ void dropEmptied(AcDbObjectId id) {
     if (record.object() != nullptr) (void)record->erase();  // open for write and alive
 }
 
+Linha freshRow(AcDbObjectId peca) {
+    Linha fresh(L"", 0, L"", L"", L"ACO", 0, 0, 0, 0, L"");
+    fresh.tied = true;
+    if (!isChapa(peca)) return fresh;
+    fresh.descricao = L"Chapa";
+    fresh.observacao = L"Travejamento";
+    return fresh;
+}
+
 AcDbObjectId rowOfItsOwn(AcDbObjectId peca, AcDbObjectId from) {
     AcDbDatabase& drawing = *peca.database();
     Book& book = Book::of(drawing);
     AcDbObjectId list;
-    Linha fresh(L"", 0, L"", L"", L"ACO", 0, 0, 0, 0, L"");
+    Linha fresh = freshRow(peca);
     if (const std::optional<Linha> model = storedRow(from)) {
         fresh = *model;
         fresh.ids.clear();

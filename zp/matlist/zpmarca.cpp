@@ -71,6 +71,16 @@ void ZpMarca::setMarca(std::wstring marca) {
     recordGraphicsModified();
 }
 
+void ZpMarca::place(const AcGePoint3d& tip, const AcGePoint3d& textAt, std::wstring marca,
+                    double altura) {
+    setMarca(std::move(marca));
+    m_tip = tip;
+    m_textAt = textAt;
+    m_altura = altura;
+    m_hasPeca = false;
+    m_peca = {};
+}
+
 void ZpMarca::resize(double altura) {
     assertWriteEnabled();
     m_textAt = m_tip + (m_textAt - m_tip) * (altura / m_altura);

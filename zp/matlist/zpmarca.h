@@ -38,6 +38,9 @@ public:
     /// True when the mark had a piece that is erased or gone.
     bool pecaErased() const;
     void setMarca(std::wstring marca);
+    /// All that a mark shows, of no piece.
+    void place(const AcGePoint3d& tip, const AcGePoint3d& textAt, std::wstring marca,
+               double altura);
     /// Text of this height, above 0, as many times as far from the tip as it grows.
     void resize(double altura);
     /// Moves tip and text by vectors in world coordinates.

@@ -2,6 +2,7 @@
 // Entry of ZpObjects18.arx.
 #include "dbapserv.h"
 #include "rxregsvc.h"
+#include "zp/objects/copies.h"
 #include "zp/objects/lengths.h"
 #include "zp/objects/report.h"
 #include "zp/objects/sheets.h"
@@ -18,6 +19,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
             zp::report::install();
             zp::sheets::install();
             zp::lengths::install();
+            zp::copies::install();
             zp::watch::start();
             break;
         case AcRx::kLoadDwgMsg:
@@ -29,6 +31,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
             break;
         case AcRx::kUnloadAppMsg:
             zp::watch::stop();
+            zp::copies::uninstall();
             zp::lengths::uninstall();
             zp::sheets::uninstall();
             zp::report::uninstall();

@@ -168,7 +168,10 @@ bool possibleValue(double v, secao::Role role) {
     return medida == medidas.end() || sheets::outsideLimit(medida->limit, v) == nullptr;
 }
 
-/// False for values that no command and no property sheet give a piece.
+bool fits(int v, int maximum) { return v >= 0 && v <= maximum; }
+
+}  // namespace
+
 bool possibleMedidas(const Peca& p) {
     const secao::Roles& roles = *p.order();
     for (std::size_t i = 0; i < p.count; ++i)
@@ -176,10 +179,6 @@ bool possibleMedidas(const Peca& p) {
             return false;
     return p.comprimento <= kLargestMedida && cortes::fault(p).empty();
 }
-
-bool fits(int v, int maximum) { return v >= 0 && v <= maximum; }
-
-}  // namespace
 
 bool DwgReader::integer(int& v) {
     Adesk::Int16 small = 0;
@@ -328,8 +327,10 @@ ReadResult readPeca(Reader& reader, Peca& peca, int& version) {
 
 template void writePeca(DwgWriter&, const Peca&);
 template void writePeca(DxfWriter&, const Peca&);
+template void writePeca(TextWriter&, const Peca&);
 template ReadResult readPeca(DwgReader&, Peca&, int&);
 template ReadResult readPeca(DxfReader&, Peca&, int&);
+template ReadResult readPeca(TextReader&, Peca&, int&);
 
 }  // namespace zp
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A piece's record: one order of fields for both filers.
+// A piece's record: one order of fields for both filers and for texts.
 #pragma once
 
+#include "zp/objects/copies.h"
 #include "zp/objects/peca.h"
 
 namespace zp {
@@ -64,6 +65,35 @@ private:
     AcDbDxfFiler& m_filer;
 };
 
+/// The same as words; a reference is none of them.
+class TextWriter {
+public:
+    explicit TextWriter(copies::WordWriter& words) : m_words(words) {}
+    void integer(int v) { m_words.integer(v); }
+    void real(double v) { m_words.real(v); }
+    void point(const AcGePoint3d& p) { m_words.real(p.x), m_words.real(p.y), m_words.real(p.z); }
+    void id(const AcDbSoftPointerId&) {}
+    void text(const std::wstring& t) { m_words.text(t); }
+
+private:
+    copies::WordWriter& m_words;
+};
+
+class TextReader {
+public:
+    explicit TextReader(copies::WordReader& words) : m_words(words) {}
+    bool integer(int& v) { return m_words.integer(v); }
+    bool real(double& v) { return m_words.real(v); }
+    bool point(AcGePoint3d& p) {
+        return m_words.real(p.x) && m_words.real(p.y) && m_words.real(p.z);
+    }
+    bool id(AcDbSoftPointerId&) { return true; }
+    bool text(std::wstring& t) { return m_words.text(t); }
+
+private:
+    copies::WordReader& m_words;
+};
+
 enum class ReadResult { Good, Newer, Bad };
 
 /// What was read of a record; the piece itself is untouched until it is complete.
@@ -72,5 +102,8 @@ ReadResult readPeca(Reader& reader, Peca& peca, int& version);
 
 template <class Writer>
 void writePeca(Writer& writer, const Peca& peca);
+
+/// False for values that no command and no property sheet give a piece.
+bool possibleMedidas(const Peca& p);
 
 }  // namespace zp

@@ -104,6 +104,7 @@ constexpr BuiltInCommand kTable[] = {
     {L"-LAYER",      L"-CAMADA",      kModal,   commands::layer},
     {L"AUDIT",       L"AUDITAR",      kModal,   commands::audit},
     {L"PURGE",       L"LIMPAR",       kModal,   commands::purge},
+    {L"LIGARPECAS",  L"LIGARPECAS",   kModal,   commands::ligarpecas},
     {L"STYLE",       L"ESTILO",       kModal,   commands::styleInWindow},
     {L"-STYLE",      L"-ESTILO",      kModal,   commands::style},
     {L"QSELECT",     L"SELRAP",       kGrips,   commands::qselect},

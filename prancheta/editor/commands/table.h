@@ -99,6 +99,7 @@ CommandTask point(CommandContext context);
 CommandTask polygon(CommandContext context);
 CommandTask properties(CommandContext context);
 CommandTask purge(CommandContext context);
+CommandTask ligarpecas(CommandContext context);
 CommandTask qsave(CommandContext context);
 CommandTask qselect(CommandContext context);
 CommandTask quit(CommandContext context);
