@@ -298,7 +298,7 @@ constexpr Field kInsert[] = {marker("AcDbBlockReference"),
                              {210, Normal}};
 
 bool suitsInsert(const Values& v, const Tags&) {
-    const bool scaled = v.reals[0] != 0.0 && v.reals[1] != 0.0 && v.reals[2] != 0.0;
+    const bool scaled = v.reals[0] != 0.0 && v.reals[1] != 0.0;
     const auto inRange = [](long long n) { return n >= 1 && n <= kMostInsertions; };
     return scaled && !v.ids[0].isNull() && inRange(v.integers[1]) && inRange(v.integers[2]) &&
            inRange(v.integers[1] * v.integers[2]);
@@ -313,7 +313,9 @@ std::unique_ptr<AcDbEntity> makeInsert(const Values& v) {
         insert = std::make_unique<AcDbMInsertBlock>(
             v.points[0], v.ids[0], static_cast<int>(v.integers[1]), static_cast<int>(v.integers[2]),
             v.reals[4], v.reals[5]);
-    (void)insert->setScaleFactors({v.reals[0], v.reals[1], v.reals[2]});
+    // Programs of the plane write a factor of 0 for z.
+    const double z = v.reals[2] != 0.0 ? v.reals[2] : 1.0;
+    (void)insert->setScaleFactors({v.reals[0], v.reals[1], z});
     (void)insert->setRotation(v.reals[3]);
     if (!isFlat(v)) (void)insert->setNormal(v.normal);
     return insert;

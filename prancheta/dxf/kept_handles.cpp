@@ -73,7 +73,8 @@ void forEachKeptPart(DatabaseCore& core, const std::function<void(Adesk::UInt64)
             if (parts == nullptr) continue;
             for (const InsertPart& part : parts->list) visit(part.handle);
             visit(ownHandle(parts->end));  // 0 where it has none yet
-        } else if (stub.object->isA() == AcDbBlockTableRecord::desc()) {
+        } else if (stub.object->isA() == AcDbBlockTableRecord::desc() ||
+                   AcDbSymbolTable::cast(stub.object) != nullptr) {
             if (const ObjectExtra* extra = ObjectAccess::extra(*stub.object))
                 visitRecords(extra->foreign, 0, visit);
         }

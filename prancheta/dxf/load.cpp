@@ -10,6 +10,7 @@
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/loader.h"
 #include "prancheta/dxf/mending.h"
+#include "prancheta/dxf/piece_copy.h"
 #include "prancheta/entities/register.h"
 
 namespace prancheta::dxf {
@@ -150,6 +151,10 @@ AcDbObjectId Loader::resolve(Kind kind, const std::wstring& name) {
                                    m_database.textStyleTableId(), m_database.dimStyleTableId()};
     auto& table = static_cast<AcDbSymbolTable&>(*static_cast<AcDbStub*>(tables[kind])->object);
     if (const AcDbObjectId id = ObjectAccess::lookup(table, name); !id.isNull()) return id;
+    if (kind == kLayer && equalNoCase(name, kCopyLayer))
+        if (const ObjectExtra* const extra = ObjectAccess::extra(table);
+            extra != nullptr && !extra->foreign.empty())
+            return makeCopyLayer();
     constexpr const char* kWhat[] = {"a camada", "o tipo de linha", "o estilo de texto",
                                      "o estilo de cota"};
     note(std::string(kWhat[kind]) + " \"" + toUtf8(name) + "\" não tem registro; foi criado um",

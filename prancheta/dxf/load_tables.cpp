@@ -7,6 +7,7 @@
 #include "prancheta/database/object_access.h"
 #include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/loader.h"
+#include "prancheta/dxf/piece_copy.h"
 #include "prancheta/dxf/table_at.h"
 #include "prancheta/dxf/upgrade.h"
 
@@ -86,6 +87,10 @@ bool Loader::readTableRecord(const RecordType& type, const Record& record) {
     }
     if (m_values.texts[0].empty() && type.name == std::string_view("STYLE"))
         return keepUnnamedStyle(record);
+    constexpr long long kFrozen = 1;
+    if (type.name == std::string_view("LAYER") && equalNoCase(m_values.texts[0], kCopyLayer) &&
+        (m_values.integers[0] & kFrozen) != 0 && m_head.handle != 0 && m_version >= "AC1015")
+        return keepCopyLayer(record);
     for (LaterArrow& arrow : m_arrows)
         if (arrow.style.empty()) arrow.style = m_values.texts[0];
     std::unique_ptr<AcDbSymbolTableRecord> made = type.make(m_values);
@@ -117,6 +122,32 @@ bool Loader::keepUnnamedStyle(const Record& record) {
     RawTags& kept = m_core.foreign().shapeStyles;
     kept.insert(kept.end(), tags.begin(), tags.end());
     return true;
+}
+
+bool Loader::keepCopyLayer(const Record& record) {
+    RawTags& kept = ObjectAccess::makeExtra(tableAt(m_database.layerTableId())).foreign;
+    if (!kept.empty()) return true;  // told twice
+    kept.push_back({0, "LAYER"});
+    return appendRaw(kept, record.tags, charset(), m_fault);
+}
+
+AcDbObjectId Loader::makeCopyLayer() {
+    AcDbSymbolTable& table = tableAt(m_database.layerTableId());
+    auto layer = std::make_unique<AcDbLayerTableRecord>();
+    (void)layer->setIsFrozen(true);
+    (void)layer->setIsPlottable(false);
+    (void)layer->setLinetypeObjectId(m_database.continuousLinetype());
+    ObjectAccess::setName(*layer, kCopyLayer);
+    RawTags& kept = ObjectAccess::makeExtra(table).foreign;
+    const Adesk::UInt64 handle = claim(ownHandle(kept), nullptr);
+    kept.clear();
+    AcDbLayerTableRecord* const added = layer.release();
+    if (!ObjectAccess::addRecord(table, added, handle)) {
+        delete added;
+        return {};
+    }
+    added->close();
+    return added->objectId();
 }
 
 /// Takes the record over.

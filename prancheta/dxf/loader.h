@@ -61,6 +61,10 @@ private:
     bool addRecord(const RecordType& type, AcDbSymbolTableRecord* record);
     bool keepTable();
     bool keepUnnamedStyle(const Record& record);
+    /// The layer of the copies of pieces: no layer of the drawing's unless a copy turns out to be
+    /// all that is left of its piece.
+    bool keepCopyLayer(const Record& record);
+    AcDbObjectId makeCopyLayer();
     bool readBlocks();
     bool readEntities();
     bool readObjects();

@@ -171,8 +171,11 @@ void Saver::planStandard() {
     const auto& layers = tableAt(m_database.layerTableId());
     if (!m_dimensions.empty() && ObjectAccess::lookup(layers, L"Defpoints").isNull())
         m_standard.defpoints = m_handles.next();
-    if (m_pieces.hasCopies() && ObjectAccess::lookup(layers, kCopyLayer).isNull())
-        m_standard.copies = m_handles.next();
+    if (m_pieces.hasCopies() && ObjectAccess::lookup(layers, kCopyLayer).isNull()) {
+        const ObjectExtra* const extra = ObjectAccess::extra(layers);
+        m_standard.copies = m_handles.ofPart(extra != nullptr ? ownHandle(extra->foreign) : 0);
+        if (m_standard.copies == 0) m_standard.copies = m_handles.next();
+    }
     if (!rootHas(L"ACAD_GROUP")) m_standard.groups = m_handles.next();
     if (!rootHas(L"ACAD_LAYOUT")) {
         m_standard.layouts = m_handles.next();

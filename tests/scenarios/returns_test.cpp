@@ -9,8 +9,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
@@ -108,6 +110,38 @@ protected:
             }
         }
         return commands;
+    }
+    /// A drawing as programs without extended data save it: no such data, no dictionaries, no
+    /// links, factors of z of 0. `change` may do more to each group of the blocks.
+    void passThroughAnother(const std::string& from, const std::string& to,
+                            const std::function<void(int, std::string&)>& change = {}) const {
+        std::ifstream in(m_folder / from);
+        std::ofstream out(m_folder / to);
+        bool links = false;
+        std::string pending;  // a section that has no name yet
+        std::string section;
+        std::string record;
+        for (std::string code, value; std::getline(in, code) && std::getline(in, value);) {
+            const int number = std::stoi(code);
+            if (number == 0) record = value;
+            if (number == 0 && value == "SECTION") {
+                pending = code + "\n" + value + "\n";
+                continue;
+            }
+            if (!pending.empty()) section = value;
+            if (number == 102) links = value.front() == '{';
+            const bool kept = number < 1000 && number != 102 && !links && section != "OBJECTS";
+            if (section == "BLOCKS" && change) change(number, value);
+            if (record == "INSERT" && number == 10) value += "\n 43\n0";
+            if (kept || value == "EOF") out << pending << code << "\n" << value << "\n";
+            pending.clear();
+            if (value == "ENDSEC") section.clear();
+        }
+    }
+    std::string printed() const {
+        std::stringstream text;
+        text << std::ifstream(m_folder / "saida").rdbuf();
+        return text.str();
     }
     bool has(const std::string& name) const { return fs::exists(m_folder / name); }
     Json stateIn(const std::string& name) const {
@@ -244,6 +278,58 @@ TEST_F(Returns, ATextGivesThePieceThatItWasPrintedOf) {
                    "tipo=ter\u00e7a "
                    "aco=\"A 36\"\n0,9000\n0\nVISTAS\n500,9000\nsUperior\n\n\n"),
             "palavras");
+}
+
+TEST_F(Returns, PiecesComeBackFromAProgramThatDroppedTheirData) {
+    const auto pecasOf = [](const Json& state) {
+        std::vector<Json> pecas;
+        for (const Json& entity : state["entidades"]) {
+            if (!entity["classe"].get<std::string>().starts_with("Zp")) continue;
+            if (!entity.contains("secao") || entity["secao"].is_null()) {
+                pecas.push_back({{"classe", entity["classe"]}, {"limites", entity["limites"]}});
+                continue;
+            }
+            pecas.push_back(memberOf(entity));
+            pecas.back()["faces"] = entity["faces"];
+            pecas.back().erase("cotas");  // these do not follow any more
+        }
+        return pecas;
+    };
+    const auto rowsOf = [](Json state) {
+        for (Json& row : state["lista_material"])
+            for (const char* const field : {"ids", "pecas", "vistas"}) row.erase(field);
+        return state["lista_material"];
+    };
+    // All classes turned, a laced member, its mirror image, a section, one made twice as large.
+    const std::string script =
+        turnedPecas("edita-todos", "") + kMember +
+        "_mirror\n_l\n\n0,0\n50,90\nN\nPECA\nUe 200x75x20x2,65\n0,-9000\n20\n"
+        "_scale\n_l\n\n0,-9000\n2\nPECA\nU 200x75x3 L=2000 n=2 marca=X\n0,-5000\n0\n"
+        "_mirror\n_l\n\n0,0\n50,90\nN\n_saveas\na.dxf\n";
+    const Json drawn = stateAfter(script);
+    ASSERT_GT(pecasOf(drawn).size(), 50U);
+    stateAfter(script + "_saveas\nb.dxf\n");
+    passThroughAnother("b.dxf", "c.dxf");
+    const Json back = stateAfter("_open\nc.dxf\nLIGARPECAS\n");
+    EXPECT_NE(printed().find(" peças viraram blocos comuns (o outro programa retirou os dados)."),
+              std::string::npos)
+        << printed();
+    EXPECT_EQ(difference(Json(pecasOf(drawn)), Json(pecasOf(back))), "");
+    EXPECT_EQ(difference(rowsOf(drawn), rowsOf(back)), "");
+    EXPECT_EQ(pecasOf(stateAfter("_open\nc.dxf\nLIGARPECAS\n_u\n")).size(), 0U);
+    EXPECT_EQ(difference(stateAfter("_open\nc.dxf\nLIGARPECAS\nLIGARPECAS\n"), back), "");
+    EXPECT_NE(printed().find("não há o que ligar"), std::string::npos) << printed();
+    // Somebody moved one corner in the block of one piece.
+    int corners = 0;
+    stateAfter(script + "_saveas\nb.dxf\n");
+    passThroughAnother("b.dxf", "c.dxf", [&](int code, std::string& value) {
+        if (code == 20 && value != "0.0" && ++corners == 1)
+            value = std::to_string(std::stod(value) + 1.0);
+    });
+    const Json edited = stateAfter("_open\nc.dxf\nLIGARPECAS\n");
+    EXPECT_NE(printed().find("; 1 ficou bloco: seu desenho foi mudado."), std::string::npos)
+        << printed();
+    EXPECT_EQ(pecasOf(edited).size(), pecasOf(drawn).size() - 1);
 }
 
 TEST_F(Returns, TheExamplesOfTheTextOnAutomationRun) {

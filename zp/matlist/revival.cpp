@@ -75,6 +75,8 @@ private:
 
 /// mm; more than half the depth of any built-up section.
 constexpr double kBarCell = 2000.0;
+/// How near what touches comes, mm.
+constexpr double kTouch = 1e-3;
 /// How near to a corner the tip of a mark is, mm.
 constexpr double kAtCorner = 1e-3;
 
@@ -118,7 +120,7 @@ private:
         m_laced.add(p.frame().toWorld(length, 0.0), i);
     }
 
-    /// The middle of the plate lies in the picture of its bar, nearest to that one's middle.
+    /// The plate lies on the picture of its bar, or touches it from outside, nearest to its middle.
     void tieChapa(std::size_t i) {
         std::optional<std::size_t> best;
         {
@@ -129,10 +131,11 @@ private:
                 const Peca& p = Access::of(*opened.object());
                 const secao::Bounds box = edit::boxIn(p.frame(), *chapa.object());
                 const secao::Bounds around = p.picture();
-                const double x = (box.x0 + box.x1) / 2;
-                const double y = (box.y0 + box.y1) / 2;
-                if (x < around.x0 || x > around.x1 || y < around.y0 || y > around.y1) return;
-                const double off = std::abs(y - (around.y0 + around.y1) / 2);
+                if (box.x0 < around.x0 - kTouch || box.x1 > around.x1 + kTouch ||
+                    box.y0 > around.y1 + kTouch || box.y1 < around.y0 - kTouch)
+                    return;
+                const double off =
+                    std::abs(box.y0 + box.y1 - around.y0 - around.y1) / (around.y1 - around.y0);
                 if (best && off >= nearest) return;
                 best = bar;
                 nearest = off;

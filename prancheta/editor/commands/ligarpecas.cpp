@@ -2,6 +2,7 @@
 // LIGARPECAS: what another program made ordinary blocks of becomes pieces again, from the copy of
 // their data in the blocks.
 #include <array>
+#include <cmath>
 #include <memory>
 #include <tuple>
 
@@ -71,12 +72,22 @@ bool isPlain(const AcDbBlockReference& reference) {
     return reference.isA() == AcDbBlockReference::desc() && reference.parts() == nullptr;
 }
 
+/// Of a flat piece: the factor of z, which programs of the plane leave at 1, goes along with the
+/// others.
+AcGeMatrix3d placeOf(const AcDbBlockReference& reference) {
+    const AcGeVector3d factors = reference.scaleFactors();
+    AcGeMatrix3d upright;
+    upright.setCoordSystem(AcGePoint3d::kOrigin, AcGeVector3d::kXAxis, AcGeVector3d::kYAxis,
+                           AcGeVector3d::kZAxis * std::abs(factors.x / factors.z));
+    return reference.blockTransform() * upright;
+}
+
 /// The piece in place of the reference, which goes; null, and the reference stays, where no piece
 /// can stand as it does.
 AcDbObjectId put(std::unique_ptr<AcDbEntity> piece, AcDbObjectId at) {
     const AcDbObjectPointer<AcDbBlockReference> reference(at, AcDb::kForWrite);
     if (reference.openStatus() != Acad::eOk || !isPlain(*reference.object())) return {};
-    const AcGeMatrix3d place = reference->blockTransform();
+    const AcGeMatrix3d place = placeOf(*reference.object());
     if (piece->setPropertiesFrom(reference.object()) != Acad::eOk ||
         (!place.isEqualTo(AcGeMatrix3d::kIdentity) && piece->transformBy(place) != Acad::eOk))
         return {};
