@@ -15,6 +15,7 @@
 #include "prancheta/console/check_job.h"
 #include "prancheta/console/compare_job.h"
 #include "prancheta/console/console_ui.h"
+#include "prancheta/console/cut_files_job.h"
 #include "prancheta/console/event_log.h"
 #include "prancheta/console/options.h"
 #include "prancheta/console/pieces_job.h"
@@ -46,6 +47,7 @@ public:
                   << ": o programa foi encerrado pelo sinal " << signal
                   << "; o resto do roteiro não foi executado" << std::endl;
     }
+    void worsen(int code) { m_code = std::max(m_code, code); }
     int code(bool scriptFailed) const {
         if (m_code != kDone) return m_code;
         if (m_signal != 0) return kEndedBySignal + m_signal;
@@ -163,6 +165,8 @@ int run(const Options& options) {
         if (!options.save.empty()) leave([&] { return saveDrawing(host.editor(), options); });
         if (!options.state.empty())
             leave([&] { return writeState(host.editor(), pathFromUtf8(options.state)); });
+        if (!options.cutFiles.empty())
+            outcome.worsen(cutFilesJob(host.editor().database(), options.cutFiles, options.forced));
         leave([&]() -> Result<void> {
             plotDrawing(host.editor(), options, [&](const Error& error) {
                 outcome.check(Result<void>(error), kFileError);

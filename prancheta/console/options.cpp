@@ -76,6 +76,7 @@ std::string clashOf(const Options& options) {
     add("--pecas", false, options.pieces);
     add("--registro", true, options.log);
     add("--estado", true, options.state);
+    add("--chapas", true, options.cutFiles);
     for (std::size_t i = 0; i < options.plots.size(); ++i)
         add(kPlotOptions[i][0], true, options.plots[i]);
     for (std::size_t i = 0; i < files.size(); ++i)
@@ -172,6 +173,12 @@ std::optional<Options> readOptions(int argc, char** argv, int& exitCode) {
         ->type_name("ARQUIVO.csv");
     app.add_flag("--parcial", options.somePieces,
                  "com --pecas: deixa de fora as linhas com erro e desenha as outras");
+    app.add_option("--chapas", options.cutFiles,
+                   "chapas e perfis dobrados abertos, para corte: um DXF por marca numa pasta, ou "
+                   "todos num arquivo")
+        ->type_name("PASTA|ARQUIVO.dxf");
+    app.add_flag("--forcar", options.forced,
+                 "com --chapas: grava mesmo o que --confere apontaria nestas peças");
     for (std::size_t i = 0; i < options.plots.size(); ++i)
         app.add_option(kPlotOptions[i][0], options.plots[i],
                        "plota a extensão do desenho, ajustada a uma folha A4")

@@ -35,6 +35,8 @@ struct Options {
     std::string catalogues;            ///< folder of catalogues to be examined instead
     std::string pieces;                ///< table of pieces to be drawn before the script
     bool somePieces = false;           ///< rows of it that are wrong are left out
+    std::string cutFiles;              ///< folder, or one .dxf file, for what is cut from sheets
+    bool forced = false;               ///< written whatever a check finds in those pieces
     std::vector<std::string> modules;
     bool defaultModules = true;
     bool otherModules = true;  ///< a script may load others than those

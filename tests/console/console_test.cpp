@@ -427,6 +427,19 @@ TEST_F(Console, ChecksTheJobOfADrawing) {
     const Outcome alone = run("--sem-modulos --confere a.dxf");
     EXPECT_EQ(alone.code, 3);
     EXPECT_TRUE(has(alone.err, "--sem-modulos")) << alone.err;
+    // What is cut goes to the shop when nothing is found in it, or when it is forced.
+    EXPECT_EQ(run("a.dxf --chapas corte").code, 1) << "nothing is in a list";
+    const std::string listed =
+        "peca\nU 200x75x3 L=1000 n=1\n0,0\n0\npeca\nU 200x75x3 L=1000\n800,0\n0\n";
+    const Outcome refused = run("-o c.dxf --chapas corte", listed);
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_TRUE(has(refused.err, "P1: CONFERIR aponta 1 falha ")) << refused.err;
+    EXPECT_FALSE(fs::exists(folder / "corte"));
+    const Outcome forced = run("c.dxf --forcar --chapas corte");
+    EXPECT_EQ(forced.code, 0) << forced.err;
+    EXPECT_TRUE(has(forced.out, "1 marca, 1 chapa em corte.\n")) << forced.out;
+    EXPECT_TRUE(has(text("corte/P1.dxf"), "P1: 1 x chapa 3 x 340,1 x 1000"));
+    EXPECT_EQ(run("c.dxf --forcar --chapas c.dxf/corte").code, 3);
 }
 
 TEST_F(Console, ExaminesCatalogues) {

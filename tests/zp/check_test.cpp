@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Checks of the job: a sound sheet without findings, and the same with each fault planted once.
 #include "zp/matlist/check.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <fstream>
+
 #include "tests/zp/matlist.h"
 #include "zp/matlist/book.h"
 #include "zp/objects/cortes.h"
@@ -456,6 +462,76 @@ TEST_F(Checked, TheLinesSayWhereAndWhatToDo) {
     type({L"CONFERIR"});
     EXPECT_TRUE(said(L"] P2: a vista mostra um plano de chapas; a peça tem dois. "));
     EXPECT_TRUE(said(L"\n2 falhas.\n"));  // the bar, too: there is a list now
+}
+
+/// Outline that stands on CORTE of a file, mm; texts on GRAVACAO and NOTA.
+struct Cut {
+    double length = 0.0;
+    double width = 0.0;
+    std::wstring engraved;
+    std::wstring note;
+};
+Cut readCut(const std::filesystem::path& file) {
+    AcDbDatabase drawing(false, true);
+    EXPECT_EQ(drawing.dxfIn(file.wstring().c_str()), Acad::eOk) << file;
+    Cut cut;
+    for (const AcDbObjectId& id : drawing.core().modelSpace()) {
+        const Read<AcDbEntity> entity(id);
+        const std::wstring layer = entity->layer();
+        const auto* text = AcDbText::cast(entity.object());
+        if (text != nullptr) (layer == L"NOTA" ? cut.note : cut.engraved) = text->textStringConst();
+        AcDbExtents box;
+        if (layer != L"CORTE" || entity->getGeomExtents(box) != Acad::eOk) continue;
+        EXPECT_EQ(cut.length, 0.0) << "one outline";
+        cut.length = box.maxPoint().x - box.minPoint().x;
+        cut.width = box.maxPoint().y - box.minPoint().y;
+    }
+    return cut;
+}
+
+TEST_F(Planted, WhatIsCutFromSheetsGoesToTheShopWhenNothingIsFoundInIt) {
+    ui.mayComplain = true;
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::path(testing::TempDir()) / ("corte-" + std::to_string(getpid()));
+    const std::wstring typed = folder.wstring();
+    // P1 is found without a mark; a bar that is in no list is none of the shop's.
+    u(0, 8000, 500);
+    take(L"_copy", barra, L"0,3000");
+    type({L"EXPORTAR", L"h"});
+    EXPECT_TRUE(said(L"P1: CONFERIR aponta 1 falha nestas pe\u00E7as; nada foi gravado."));
+    type({L"_u"});
+    type({L"EXPORTAR", L"h", L"", typed.c_str()});
+    EXPECT_TRUE(said(L"3 marcas, "));
+    // Flats 69 + 188 + 69 and two quarters of mean radius 4.5.
+    const double strip = 69 + 188 + 69 + 4.5 * kPi;
+    const auto chapas = static_cast<long long>(this->chapas().size());
+    const Read<ZpObject> chapa(aChapa());
+    const struct {
+        const wchar_t* marca;
+        double length, width;
+        std::wstring count;
+    } parts[] = {{L"P1", 1000, strip, L"P1: 1 x chapa 3 x 340,1 x 1000"},
+                 {L"P2", 1200, strip, L"P2: 2 x chapa 3 x 340,1 x 1200"},
+                 {L"P3", chapa->getComprimentoReal(), 50,
+                  L"P3: " + std::to_wstring(chapas) + L" x chapa "}};
+    for (const auto& part : parts) {
+        const Cut cut = readCut(folder / (std::wstring(part.marca) + L".dxf"));
+        EXPECT_EQ(cut.engraved, part.marca);
+        EXPECT_EQ(cut.note.substr(0, part.count.size()), part.count);
+        EXPECT_NEAR(cut.length, part.length, 1e-3);
+        EXPECT_NEAR(cut.width, part.width, 1e-3);
+    }
+    // What is forced is written whatever is found; what stands there is asked about.
+    take(L"_copy", barra, L"0,3000");
+    type({L"EXPORTAR", L"_Forcar", L"h", L"", typed.c_str(), L"Sim"});
+    EXPECT_EQ(readCut(folder / "P1.dxf").note.substr(0, 9), L"P1: 2 x c");
+    const std::wstring table = (folder / "conferencia.csv").wstring();
+    type({L"EXPORTAR", L"_Check", table.c_str()});
+    std::ifstream read(folder / "conferencia.csv", std::ios::binary);
+    const std::string csv{std::istreambuf_iterator<char>(read), {}};
+    EXPECT_EQ(std::ranges::count(csv, '\n'), 1 + 2) << csv;  // the copy, and what is in no list
+    EXPECT_NE(csv.find("\r\nfalha;P1;"), std::string::npos);
+    fs::remove_all(folder);
 }
 
 }  // namespace

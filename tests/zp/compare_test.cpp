@@ -198,6 +198,9 @@ TEST_F(Compared, CloudsGoAroundWhatChangedAndGoAway) {
     EXPECT_GT(drawn, before);
     type({L"COMPARAR", path.c_str()});
     EXPECT_EQ(entities().size(), drawn);  // they are replaced
+    const std::filesystem::path book = std::filesystem::path(m_file).replace_extension(".xlsx");
+    type({L"COMPARAR", L"_xlsx", book.wstring().c_str(), path.c_str()});
+    EXPECT_TRUE(std::filesystem::remove(book));
     type({L"COMPARAR", L"_Clear"});
     EXPECT_EQ(entities().size(), before);
     EXPECT_EQ(lines().size(), 1U);

@@ -106,8 +106,8 @@ std::wstring limitsInWords(double least, double most, const wchar_t* unit) {
            L" " + unit + L".";
 }
 
-std::optional<std::filesystem::path> askDestination(const wchar_t* question,
-                                                    const wchar_t* extension) {
+std::optional<std::filesystem::path> askDestination(
+    const wchar_t* question, std::initializer_list<const wchar_t*> extensions) {
     for (;;) {
         ACHAR name[133] = L"";
         if (acedGetString(1, question, name) != RTNORM || *name == L'\0') return {};
@@ -119,7 +119,9 @@ std::optional<std::filesystem::path> askDestination(const wchar_t* question,
             return {};
         }
         std::filesystem::path destination = texts::pathOf(path);
-        if (!hasExtension(destination, extension)) destination += extension;
+        if (std::ranges::none_of(extensions,
+                                 [&](const wchar_t* e) { return hasExtension(destination, e); }))
+            destination += *extensions.begin();
         std::error_code error;  // what cannot be asked cannot be written either, and that is told
         const std::filesystem::path whole = std::filesystem::absolute(destination, error);
         if (!error) destination = whole;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -43,10 +44,11 @@ std::optional<double> askNumber(const std::wstring& question, double offered, do
 /// What to type for such a number.
 std::wstring limitsInWords(double least, double most, const wchar_t* unit);
 
-/// File to write, its whole path with the extension; asks before one that exists is replaced.
+/// File to write, its whole path with one of the extensions, the first where it was typed with
+/// none; asks before one that exists is replaced.
 /// Nothing when the user declined or the name cannot have come whole.
-std::optional<std::filesystem::path> askDestination(const wchar_t* question,
-                                                    const wchar_t* extension);
+std::optional<std::filesystem::path> askDestination(
+    const wchar_t* question, std::initializer_list<const wchar_t*> extensions);
 
 /// Objects that the user selects; empty when he selects none, nothing when he gave up.
 std::optional<std::vector<AcDbObjectId>> askSelection();

@@ -8,11 +8,11 @@
 #include "files/replacement.h"
 #include "perfis/entities/zpfuncoes.h"
 #include "protocol/answers.h"
-#include "texts/encoding.h"
 #include "texts/number.h"
 #include "texts/path.h"
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
+#include "zp/matlist/cut_file.h"
 #include "zp/matlist/draughtsman.h"
 #include "zp/matlist/secao_command.h"
 #include "zp/objects/member.h"
@@ -100,67 +100,8 @@ private:
     AcGePoint3d m_at;
 };
 
-/// Groups of a DXF file of the oldest version that every machine reads: lines and texts alone, in
-/// mm.
-class FilePen {
-public:
-    FilePen() {
-        layer(kContour, "7");
-        layer(kBends, "1");
-        m_bytes += "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n";
-    }
-    void line(const wchar_t* layer, double x0, double y0, double x1, double y1) {
-        entity("LINE", layer);
-        point(10, x0, y0);
-        point(11, x1, y1);
-    }
-    void text(const wchar_t* layer, double x, double y, double h, const std::wstring& t) {
-        entity("TEXT", layer);
-        point(10, x, y);
-        number(40, h);
-        std::string plain;
-        for (const wchar_t c : t)
-            plain += c < 128 ? std::string(1, static_cast<char>(c)) : escaped(c);
-        group(1, plain);
-    }
-    std::string done() && { return std::move(m_bytes) + "0\nENDSEC\n0\nEOF\n"; }
-
-private:
-    /// As every reader of these files knows a character, whatever its code page.
-    static std::string escaped(wchar_t c) {
-        constexpr std::string_view kDigits = "0123456789ABCDEF";
-        std::string text = "\\U+";
-        for (int shift = 12; shift >= 0; shift -= 4)
-            text += kDigits[static_cast<std::size_t>(c) >> shift & 15U];
-        return text;
-    }
-    void group(int code, const std::string& value) {
-        m_bytes += std::to_string(code) + '\n' + value + '\n';
-    }
-    void number(int code, double v) { group(code, texts::encodeUtf8(texts::withPoint(v, 6))); }
-    void point(int code, double x, double y) {
-        number(code, x);
-        number(code + 10, y);
-        number(code + 20, 0.0);
-    }
-    void layer(const wchar_t* name, const char* colour) {
-        group(0, "LAYER");
-        group(2, texts::encodeUtf8(name));
-        m_bytes += "70\n0\n62\n";
-        m_bytes += colour;
-        m_bytes += "\n6\nCONTINUOUS\n";
-    }
-    void entity(const char* type, const wchar_t* layer) {
-        group(0, type);
-        group(8, texts::encodeUtf8(layer));
-    }
-    std::string m_bytes =
-        "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLTYPE\n70\n1\n0\nLTYPE\n2\nCONTINUOUS\n70\n0\n3\n\n"
-        "72\n65\n73\n0\n40\n0\n0\nENDTAB\n0\nTABLE\n2\nLAYER\n70\n2\n";
-};
-
 void write(const Blank& blank, const std::filesystem::path& file) {
-    FilePen pen;
+    CutFile pen({{kContour, 7}, {kBends, 1}});
     draw(blank, 0.05 * blank.strip.width, pen);
     if (files::replace(file, std::move(pen).done()) == 0)
         acutPrintf(L"\nDesenvolvimento gravado em %ls.\n", texts::shown(file).c_str());
@@ -187,7 +128,7 @@ void blankCommand() {
         draw(*blank, 2.5 * GetScale(), DrawingPen(corner));
     else if (status != RTNONE)
         return;
-    if (const auto file = askDestination(L"\nArquivo DXF da chapa <nenhum>: ", L".dxf"))
+    if (const auto file = askDestination(L"\nArquivo DXF da chapa <nenhum>: ", {L".dxf"}))
         write(*blank, *file);
 }
 

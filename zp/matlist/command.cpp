@@ -63,7 +63,7 @@ void exportTo(const MaterialList& list, const Format& format) {
     }
     const std::optional<std::filesystem::path> destination =
         askDestination((L"\nArquivo " + std::wstring(format.shown.name) + L": ").c_str(),
-                       (L"." + std::wstring(format.shown.extension)).c_str());
+                       {(L"." + std::wstring(format.shown.extension)).c_str()});
     if (!destination) return;
     const bool plan = namesPlan(*destination);
     if (plan ? writePlan(*destination, rows(list.id)) : format.write(*destination, listingOf(list)))

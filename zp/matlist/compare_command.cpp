@@ -10,12 +10,16 @@
 #include "zp/matlist/asking.h"
 #include "zp/matlist/book.h"
 #include "zp/matlist/compare.h"
+#include "zp/matlist/compare_words.h"
 #include "zp/matlist/formats.h"
 
 namespace zp::matlist {
 namespace {
 
 using protocol::ComparisonForm;
+
+constexpr const wchar_t* kJson = L".json";
+constexpr const wchar_t* kXlsx = L".xlsx";
 
 /// The drawing of a file, beside the one that is worked on.
 class OtherDrawing {
@@ -69,9 +73,10 @@ void draw(AcDbDatabase& drawing, const std::wstring& file,
             static_cast<int>(drawn.rowsLeftOut));
 }
 
-void write(const std::filesystem::path& destination, ComparisonForm form,
-           const std::vector<MemberChange>& changes) {
-    if (writeText(destination, toldAs(form, changes), form == ComparisonForm::Csv))
+void write(const std::filesystem::path& destination, const std::vector<MemberChange>& changes) {
+    const bool json = texts::equalIgnoringCase(texts::shown(destination.extension()), kJson);
+    if (json ? writeText(destination, toldAs(ComparisonForm::Json, changes), false)
+             : writeTable(destination, tableOf(changes)))
         acutPrintf(L"\nComparação gravada em %ls\n", texts::shown(destination).c_str());
     else
         protocol::fail(texts::shown(destination) +
@@ -97,18 +102,21 @@ Comparison g_comparison;  // kept by pointer in the registry
 void compareCommand() {
     AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
     if (drawing == nullptr) return;
-    constexpr const wchar_t* kWords[] = {L"csv", L"json", L"limpar", L"clear"};
-    auto file = askTyped(L"Desenho anterior ou [Csv/Json/Limpar]: ");
+    constexpr const wchar_t* kWords[] = {L"csv", L"json", L"xlsx", L"limpar", L"clear"};
+    constexpr const wchar_t* kExtensions[] = {L".csv", kJson, kXlsx};
+    auto file = askTyped(L"Desenho anterior ou [Csv/Json/Xlsx/Limpar]: ");
     if (!file || file->empty()) return;
-    ComparisonForm form = ComparisonForm::Text;
     std::filesystem::path destination;
     if (const std::optional<std::size_t> word = wordIn(*file, kWords)) {
-        if (*word > 1) {
+        if (*word >= std::size(kExtensions)) {
             eraseClouds(*drawing);
             return;
         }
-        form = *word == 0 ? ComparisonForm::Csv : ComparisonForm::Json;
-        const auto asked = askDestination(L"\nArquivo a gravar: ", *word == 0 ? L".csv" : L".json");
+        if (kExtensions[*word] == kXlsx && kWriteTableXlsx == nullptr) {
+            protocol::fail(L"Esta versão do programa não grava planilhas XLSX; use a opção Csv.");
+            return;
+        }
+        const auto asked = askDestination(L"\nArquivo a gravar: ", {kExtensions[*word]});
         if (!asked) return;
         destination = *asked;
         file = askTyped(L"Desenho anterior: ");
@@ -126,10 +134,10 @@ void compareCommand() {
     const std::vector<MemberChange> changes =
         compareMembers(membersOf(before.drawing()), membersOf(*drawing));
     if (!destination.empty()) {
-        write(destination, form, changes);
+        write(destination, changes);
         return;
     }
-    acutPrintf(L"\n%ls", toldAs(form, changes).c_str());
+    acutPrintf(L"\n%ls", toldAs(ComparisonForm::Text, changes).c_str());
     draw(*drawing, *file, changes);
 }
 

@@ -10,7 +10,6 @@
 #include "dbents.h"
 #include "texts/number.h"
 #include "zp/matlist/check_survey.h"
-#include "zp/matlist/formats.h"
 #include "zp/objects/cortes.h"
 #include "zp/objects/editable_medidas.h"
 #include "zp/objects/member.h"
@@ -123,16 +122,6 @@ Balance balanceOf(const std::vector<MemberChange>& changes) {
     Balance balance;
     for (const MemberChange& c : changes) (c.kg > 0.0 ? balance.in : balance.out) += std::abs(c.kg);
     return balance;
-}
-
-std::wstring csvTextOf(const std::vector<MemberChange>& changes) {
-    std::vector<std::vector<std::wstring>> lines{
-        {L"ALTERACAO", L"MARCA", L"TEXTO", L"QUANT.", L"PESO (kg)", L"ANTES", L"DEPOIS"}};
-    for (const MemberChange& c : changes)
-        lines.push_back({kindWordsOf(c.kind).key, c.marca, c.text, std::to_wstring(c.count),
-                         texts::withComma(c.kg, 3), handlesOf(c.before, L" "),
-                         handlesOf(c.after, L" ")});
-    return csvOf(lines, {false, false, false, true, true, false, false});
 }
 
 std::wstring jsonTextOf(const std::wstring& text) {
@@ -255,8 +244,25 @@ std::wstring summaryOf(const std::vector<MemberChange>& changes) {
            kgNumber(in) + L" kg, saem " + kgNumber(out) + L" kg, saldo " + kgWords(in - out) + L".";
 }
 
+FileTable tableOf(const std::vector<MemberChange>& changes) {
+    FileTable table{L"Comparação",
+                    {{L"ALTERACAO", -1, 12},
+                     {L"MARCA", -1, 10},
+                     {L"TEXTO", -1, 60},
+                     {L"QUANT.", 0, 9},
+                     {L"PESO (kg)", 3, 14},
+                     {L"ANTES", -1, 16},
+                     {L"DEPOIS", -1, 16}},
+                    {}};
+    for (const MemberChange& c : changes)
+        table.rows.push_back({std::wstring(kindWordsOf(c.kind).key), c.marca, c.text,
+                              static_cast<double>(c.count), c.kg, handlesOf(c.before, L" "),
+                              handlesOf(c.after, L" ")});
+    return table;
+}
+
 std::wstring toldAs(protocol::ComparisonForm form, const std::vector<MemberChange>& changes) {
-    if (form == protocol::ComparisonForm::Csv) return csvTextOf(changes);
+    if (form == protocol::ComparisonForm::Csv) return csvText(tableOf(changes));
     if (form == protocol::ComparisonForm::Json) return jsonOf(changes);
     std::wstring text;
     for (const MemberChange& change : changes) text += lineOf(change) + L'\n';

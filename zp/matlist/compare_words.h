@@ -3,6 +3,7 @@
 #pragma once
 
 #include "zp/matlist/compare.h"
+#include "zp/matlist/file_table.h"
 
 namespace zp::matlist {
 
@@ -12,6 +13,8 @@ std::wstring differenceOf(const JobMember& before, const JobMember& after);
 std::wstring movementOf(const JobMember& before, const JobMember& after);
 /// The name, and whether the member is in no list.
 std::wstring nameWithin(const JobMember& member);
+/// A row for each change, handles in its last columns.
+FileTable tableOf(const std::vector<MemberChange>& changes);
 /// "+2"
 std::wstring signedWords(long long number);
 

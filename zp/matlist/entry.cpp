@@ -6,6 +6,8 @@
 #include "zp/matlist/book.h"
 #include "zp/matlist/check.h"
 #include "zp/matlist/compare.h"
+#include "zp/matlist/export_tables.h"
+#include "zp/matlist/flat_parts.h"
 #include "zp/matlist/follow.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/marcas_command.h"
@@ -37,6 +39,7 @@ constexpr Command kCommands[] = {
     {L"VISTAS", zp::matlist::vistasCommand},
     {zp::matlist::kPlanCommand, zp::matlist::cuttingPlanCommand},
     {zp::matlist::kSummaryCommand, zp::matlist::summaryCommand},
+    {zp::matlist::kExportCommand, zp::matlist::exportCommand},
     {L"ACO", zp::matlist::steelCommand},
     {L"TABELASECAO", zp::matlist::secaoTableCommand},
     {L"DESENVOLVIMENTO", zp::matlist::blankCommand},
@@ -53,6 +56,7 @@ void start(void* application) {
     zp::matlist::installCheck();
     zp::matlist::installComparison();
     zp::matlist::installRevival();
+    zp::matlist::installCutFiles();
     zp::matlist::startFollowing();
     AcEdCommandStack* const stack = acedRegCmds;
     if (stack == nullptr) return;
@@ -65,6 +69,7 @@ void stop() {
     if (AcEdCommandStack* stack = acedRegCmds; stack != nullptr) (void)stack->removeGroup(kGroup);
     zp::matlist::stopFollowing();
     zp::matlist::uninstallRevival();
+    zp::matlist::uninstallCutFiles();
     zp::matlist::uninstallComparison();
     zp::matlist::uninstallCheck();
     zp::matlist::uninstallSheets();

@@ -6,7 +6,6 @@
 #include "texts/letters.h"
 #include "texts/number.h"
 #include "texts/path.h"
-#include "zp/matlist/formats.h"
 
 namespace zp::matlist {
 namespace {
@@ -14,7 +13,7 @@ namespace {
 /// What is not there is not shown as 0.
 Cell orNothing(double value) { return value > 0.0 ? Cell(value) : Cell(std::wstring()); }
 
-void addPlan(PlanTable& table, const ProductPlan& product, const CutSettings& settings) {
+void addPlan(FileTable& table, const ProductPlan& product, const CutSettings& settings) {
     const auto add = [&](const wchar_t* origin, double length, double count, std::wstring cuts,
                          Cell rest, Cell utilisation) {
         table.rows.push_back({product.designation, product.material, origin, orNothing(length),
@@ -51,8 +50,9 @@ std::wstring cutsInWords(const cutting::Bar& bar) {
     return words;
 }
 
-PlanTable tableOf(const std::vector<ProductPlan>& plans, const CutSettings& settings) {
-    PlanTable table{{{L"PERFIL", -1, 26},
+FileTable tableOf(const std::vector<ProductPlan>& plans, const CutSettings& settings) {
+    FileTable table{L"Plano de corte",
+                    {{L"PERFIL", -1, 26},
                      {L"MATERIAL", -1, 12},
                      {L"ORIGEM", -1, 10},
                      {L"BARRA (mm)", 2, 12},
@@ -65,22 +65,6 @@ PlanTable tableOf(const std::vector<ProductPlan>& plans, const CutSettings& sett
     return table;
 }
 
-std::vector<std::vector<std::wstring>> linesOf(const PlanTable& table) {
-    std::vector<std::vector<std::wstring>> lines(1);
-    for (const PlanColumn& column : table.columns) lines[0].emplace_back(column.heading);
-    for (const std::vector<Cell>& row : table.rows) {
-        std::vector<std::wstring> line;
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            const auto* text = std::get_if<std::wstring>(&row[i]);
-            line.push_back(text != nullptr ? *text
-                                           : texts::withComma(std::get<double>(row[i]),
-                                                              table.columns[i].decimals));
-        }
-        lines.push_back(std::move(line));
-    }
-    return lines;
-}
-
 bool namesPlan(const std::filesystem::path& destination) {
     constexpr std::wstring_view kEnd = protocol::kPlanFileEnd;
     const std::wstring stem = texts::lower(texts::shown(destination.stem()));
@@ -89,13 +73,7 @@ bool namesPlan(const std::filesystem::path& destination) {
 
 bool writePlan(const std::filesystem::path& destination, const std::vector<Linha>& rows) {
     const CutSettings& settings = lastCutSettings();
-    const PlanTable table = tableOf(plansOf(rows, settings, readLeftOvers()), settings);
-    if (texts::equalIgnoringCase(texts::shown(destination.extension()), L".xlsx"))
-        return kWritePlanXlsx(destination, table);
-    std::vector<bool> numbers;
-    numbers.reserve(table.columns.size());
-    for (const PlanColumn& column : table.columns) numbers.push_back(column.decimals >= 0);
-    return writeText(destination, csvOf(linesOf(table), numbers));
+    return writeTable(destination, tableOf(plansOf(rows, settings, readLeftOvers()), settings));
 }
 
 }  // namespace zp::matlist

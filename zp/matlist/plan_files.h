@@ -6,26 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "zp/matlist/columns.h"
 #include "zp/matlist/cutting_plan.h"
+#include "zp/matlist/file_table.h"
 #include "zp/matlist/plan_stamp.h"
 
 namespace zp::matlist {
 
-struct PlanColumn {
-    const wchar_t* heading;
-    int decimals;  ///< -1: a text
-    int width;     ///< characters that usual values take
-};
 /// Its rows in the order of the plans: the bars of each that are cut alike, what fits no bar, and a
 /// line of the plan's totals.
-struct PlanTable {
-    std::vector<PlanColumn> columns;
-    std::vector<std::vector<Cell>> rows;
-};
-PlanTable tableOf(const std::vector<ProductPlan>& plans, const CutSettings& settings);
-/// Headings and rows in words: decimal comma.
-std::vector<std::vector<std::wstring>> linesOf(const PlanTable& table);
+FileTable tableOf(const std::vector<ProductPlan>& plans, const CutSettings& settings);
 /// "2 x 2000 P1 + 1500 P2"
 std::wstring cutsInWords(const cutting::Bar& bar);
 
@@ -35,10 +24,6 @@ bool namesPlan(const std::filesystem::path& destination);
 /// The plan with the answers given last, in the format that the extension tells. A failure leaves
 /// the file that was there.
 bool writePlan(const std::filesystem::path& destination, const std::vector<Linha>& rows);
-
-using PlanWriter = bool (*)(const std::filesystem::path& destination, const PlanTable& table);
-/// Null where the program was built without it.
-extern const PlanWriter kWritePlanXlsx;
 
 /// The table and below it each bar with its cuts, from the upper left corner on in the current
 /// space; the table's first line keeps the stamp.

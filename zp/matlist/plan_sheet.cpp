@@ -34,7 +34,7 @@ std::vector<std::wstring> broken(const std::wstring& text) {
 }
 
 /// The table at the corner; its lower right end.
-AcGePoint3d drawTable(const PlanTable& table, const AcGePoint3d& corner, double h,
+AcGePoint3d drawTable(const FileTable& table, const AcGePoint3d& corner, double h,
                       const PlanStamp& planStamp) {
     Draughtsman d(AcDbObjectId::kNull, ZpLayerToUsr(L"LISTA"));
     const Lines lines = linesOf(table);

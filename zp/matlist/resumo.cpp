@@ -15,6 +15,7 @@
 #include "zp/matlist/ask_which.h"
 #include "zp/matlist/asking.h"
 #include "zp/matlist/cutting_plan.h"
+#include "zp/matlist/export_tables.h"
 #include "zp/matlist/listing.h"
 #include "zp/matlist/summary.h"
 #include "zp/objects/strip_rules.h"
@@ -95,6 +96,31 @@ std::vector<std::wstring> summaryLines(const std::vector<Linha>& rows) {
             for (const std::wstring& line : tooLongLines(plan, length->settings))
                 texts.push_back(L"* " + line);
     return texts;
+}
+
+FileTable summaryTable(const std::vector<Linha>& rows) {
+    FileTable table{L"Resumo",
+                    {{L"PERFIL", -1, 30},
+                     {L"MATERIAL", -1, 12},
+                     {L"PEÇAS", 0, 9},
+                     {L"METROS", 2, 12},
+                     {L"PESO (kg)", 2, 14},
+                     {L"PINTURA (m2)", 2, 14},
+                     {L"BARRAS 6 m", 0, 12},
+                     {L"BARRAS 12 m", 0, 12},
+                     {L"TIRA (mm)", 1, 12}},
+                    {}};
+    const BarsOfLength six(rows, 6000.0);
+    const BarsOfLength twelve(rows, 12000.0);
+    const auto bars = [](const std::wstring& words) {
+        const std::optional<double> n = texts::exactReal(words);
+        return n ? Cell(*n) : Cell(words);
+    };
+    for (const SummaryLine& s : summaryOf(printedRows(rows)))
+        table.rows.push_back({s.designation, s.material, static_cast<double>(s.pieces), s.metres,
+                              s.kg, s.m2, bars(six.of(s)), bars(twelve.of(s)),
+                              s.strip > 0.0 ? Cell(s.strip) : Cell(std::wstring())});
+    return table;
 }
 
 std::vector<std::wstring> packageLines(const std::vector<Linha>& rows, double kg) {

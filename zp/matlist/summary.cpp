@@ -6,7 +6,6 @@
 #include <array>
 #include <map>
 #include <set>
-#include <utility>
 
 #include "texts/number.h"
 #include "zp/matlist/columns.h"
@@ -22,17 +21,6 @@ namespace {
 std::wstring sizesOf(const Linha& row) {
     const secao::Single single = secao::singleOf(row.descricao, row.dimensoes);
     return secao::designacaoText(single.perfil, single.dimensoes, {});
-}
-
-/// What `of` says of the first piece of the row that is drawn.
-template <class Of>
-auto ofDrawn(const Linha& row, Of of) -> decltype(of(std::declval<const ZpObject&>())) {
-    for (const auto* drawn : {&row.pecas, &row.vistas})
-        for (const AcDbObjectId& id : *drawn) {
-            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
-            if (peca.object() != nullptr) return of(*peca.object());
-        }
-    return {};
 }
 
 /// Which shape is bought, whatever it is called: "laminado 100x50x6"; empty where no table could

@@ -5,11 +5,24 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "perfis/entities/zpobject.h"
 #include "zp/matlist/zpmatlist.h"
 
 namespace zp::matlist {
+
+/// What `of` says of the first piece of the row that is drawn.
+template <class Of>
+auto ofDrawn(const Linha& row, Of of) -> decltype(of(std::declval<const ZpObject&>())) {
+    for (const auto* drawn : {&row.pecas, &row.vistas})
+        for (const AcDbObjectId& id : *drawn) {
+            const AcDbObjectPointer<ZpObject> peca(id, AcDb::kForRead);
+            if (peca.object() != nullptr) return of(*peca.object());
+        }
+    return {};
+}
 
 /// In the description of a plate's row.
 inline constexpr const wchar_t* kPlate = L"Chapa";

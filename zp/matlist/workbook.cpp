@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Workbook of a material list: the list, and what it comes to by what is bought.
+// Workbooks: a material list with what it comes to by what is bought, and other tables.
 #include <xlsxwriter.h>
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 #include "files/replacement.h"
 #include "texts/encoding.h"
 #include "texts/number.h"
+#include "zp/matlist/file_table.h"
 #include "zp/matlist/formats.h"
-#include "zp/matlist/plan_files.h"
 #include "zp/matlist/summary.h"
 #include "zp/objects/secao/single.h"
 
@@ -259,10 +259,10 @@ bool writeXlsx(const std::filesystem::path& destination, const Listing& listing)
     });
 }
 
-/// A plan's table as it is.
-bool writePlanXlsx(const std::filesystem::path& destination, const PlanTable& table) {
+/// A table as it is.
+bool writeTableXlsx(const std::filesystem::path& destination, const FileTable& table) {
     return replaced(destination, [&](lxw_workbook* book) {
-        Worksheet sheet(book, "Plano de corte");
+        Worksheet sheet(book, texts::encodeUtf8(table.title).c_str());
         for (std::size_t i = 0; i < table.columns.size(); ++i) {
             sheet.width(i, table.columns[i].width);
             sheet.text(0, i, table.columns[i].heading, Worksheet::Weight::Bold);
@@ -281,6 +281,6 @@ bool writePlanXlsx(const std::filesystem::path& destination, const PlanTable& ta
 }  // namespace
 
 const ListWriter kWriteXlsx = writeXlsx;
-const PlanWriter kWritePlanXlsx = writePlanXlsx;
+const TableWriter kWriteTableXlsx = writeTableXlsx;
 
 }  // namespace zp::matlist
