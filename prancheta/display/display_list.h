@@ -30,6 +30,10 @@ public:
 
     /// Follows a space of `database`, which must outlive the list; with none the current one.
     explicit DisplayList(AcDbDatabase& database, AcDbObjectId space = {});
+    /// The same list with its annotations `factor` times as large (annotations.h); `whole`, which
+    /// outlives it, is a list of a space that was named. It keeps annotations only, so its cost is
+    /// theirs. Its extents, size and revisions are those of `whole`.
+    DisplayList(DisplayList& whole, double factor);
     ~DisplayList();
     DisplayList(const DisplayList&) = delete;
     DisplayList& operator=(const DisplayList&) = delete;

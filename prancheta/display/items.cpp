@@ -10,6 +10,7 @@
 #include "prancheta/database/draw_order.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/display/annotations.h"
 #include "prancheta/display/visible_part.h"
 #include "prancheta/entities/block_content.h"
 #include "prancheta/entities/viewports.h"
@@ -31,8 +32,8 @@ bool onBorder(const Box2d& box, const Box2d& whole) {
 
 }  // namespace
 
-DisplayItems::DisplayItems(AcDbDatabase& database, AcDbObjectId space)
-    : m_database(database), m_wanted(space), m_pictures(kPictureBytes) {
+DisplayItems::DisplayItems(AcDbDatabase& database, AcDbObjectId space, double annotations)
+    : m_database(database), m_wanted(space), m_annotations(annotations), m_pictures(kPictureBytes) {
     m_database.addReactor(this);
 }
 DisplayItems::~DisplayItems() { m_database.removeReactor(this); }
@@ -146,7 +147,7 @@ void DisplayItems::addNewItems() {
         const AcDbObjectId id = all[m_items.size()];
         if (id.handle() < m_greatest) m_ordered = m_items.size() + 1;
         m_greatest = std::max(m_greatest, id.handle());
-        m_items.push_back({id, layerNumber(AcDbObjectId()), false, false});
+        m_items.push_back({id, layerNumber(AcDbObjectId())});
         m_numbers.add(id, static_cast<Number>(m_items.size() - 1), idAt);
     }
 }
@@ -192,6 +193,7 @@ void DisplayItems::refresh(Number number) {
     if (entity.openStatus() == Acad::eOk && entity->ownerId() == m_space) {
         item.visible = entity->visibility() == AcDb::kVisible && !isSheetsOwn(item.id);
         item.layer = layerNumber(entity->layerId());
+        item.replaces = m_annotations > 0.0 && isAnnotation(*entity.object());
         const BlocksDrawn drawn;
         if (recordInto(m_scratch, *entity.object())) m_mixed.insert(number);
         for (AcDbStub* block : drawn.blocks) noteUse(block, number);
@@ -221,7 +223,10 @@ void DisplayItems::refresh(Number number) {
 /// the item. True when other layers are drawn on.
 bool DisplayItems::recordInto(Picture& picture, AcDbEntity& entity) {
     picture.clear();
-    recordPicture(entity, picture);
+    if (m_annotations == 0.0)
+        recordPicture(entity, picture);
+    else if (isAnnotation(entity))
+        recordAnnotation(entity, picture, m_annotations);
     const AcDbObjectId own = entity.layerId();
     const std::vector<PictureTraits>& traits = picture.allTraits();
     bool mixed = false;

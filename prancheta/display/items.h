@@ -21,7 +21,9 @@ public:
     using Number = std::uint32_t;
     static constexpr Number kNone = IdTable::kNone;
 
-    DisplayItems(AcDbDatabase& database, AcDbObjectId space);
+    /// With an `annotations` above 0 only the annotations of the space, so many times as large; all
+    /// else draws nothing.
+    DisplayItems(AcDbDatabase& database, AcDbObjectId space, double annotations = 0.0);
     ~DisplayItems() override;
 
     /// Brings everything up to date; nothing while a query is going on.
@@ -42,6 +44,10 @@ public:
     bool displayed(Number item) const {
         return m_items[item].visible && !m_layers[m_items[item].layer].hidden;
     }
+    /// Of the items that a list of annotations has; of any other list none.
+    bool replaces(Number item) const { return item < m_items.size() && m_items[item].replaces; }
+    AcDbDatabase& database() const { return m_database; }
+    AcDbObjectId space() const { return m_wanted; }
     const SpatialIndex& index() const { return m_index; }
     const ChangeLog& changes() const { return m_changes; }
     Box2d extents();
@@ -73,8 +79,9 @@ private:
     struct Item {
         AcDbObjectId id;
         std::uint32_t layer = 0;
-        bool visible = false;  ///< neither erased nor invisible, and could be read
-        bool waiting = false;  ///< open for write when it was looked at
+        bool visible = false;   ///< neither erased nor invisible, and could be read
+        bool waiting = false;   ///< open for write when it was looked at
+        bool replaces = false;  ///< an annotation of a list of these
     };
     /// What of a layer is seen.
     struct Layer {
@@ -108,6 +115,7 @@ private:
 
     AcDbDatabase& m_database;
     AcDbObjectId m_wanted;  ///< null: the current one
+    double m_annotations;   ///< factor of annotations; 0: all is shown as it is
     AcDbObjectId m_space;
     std::vector<Item> m_items;
     std::vector<std::uint32_t> m_order;  ///< empty: as they stand in the space

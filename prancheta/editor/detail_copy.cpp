@@ -8,19 +8,15 @@
 
 #include "dbdim.h"
 #include "dblead.h"
-#include "dbmtext.h"
 #include "prancheta/curves/region.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/display/annotations.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/dimension_layout.h"
 #include "prancheta/entities/picture_clip.h"
 #include "prancheta/entities/picture_entities.h"
-#include "prancheta/entities/weld_symbol.h"
-#include "protocol/attach.h"
-#include "protocol/length.h"
-#include "protocol/scale.h"
 
 namespace prancheta {
 
@@ -39,26 +35,6 @@ struct Frame {
 
 AcGePoint3d middleOf(const Box2d& box) {
     return {(box.left + box.right) / 2.0, (box.bottom + box.top) / 2.0, 0.0};
-}
-
-/// What is read, not built: it has the size that the drawing's scale gives it. A module's mark
-/// follows that scale and has no axis.
-bool isAnnotation(const AcDbEntity& entity) {
-    for (const AcRxClass* kind : {AcDbText::desc(), AcDbMText::desc(), WeldSymbol::desc()})
-        if (entity.isKindOf(kind)) return true;
-    return protocol::extensionOf<protocol::ScaleFollower>(entity, protocol::kScaleFollowerClass) !=
-               nullptr &&
-           protocol::extensionOf<protocol::EntityLength>(entity, protocol::kEntityLengthClass) ==
-               nullptr;
-}
-
-/// Texts stand by their insertion point, marks and symbols by their tip.
-AcGePoint3d anchorOf(const AcDbEntity& entity, const Picture& picture) {
-    AcGePoint3dArray grips;
-    AcDbIntArray modes;
-    AcDbIntArray ids;
-    if (entity.getGripPoints(grips, modes, ids) == Acad::eOk && !grips.isEmpty()) return grips[0];
-    return picture.extents().minPoint();
 }
 
 void take(const Picture& picture, NewEntities& out) {
@@ -116,7 +92,7 @@ void addEntity(const AcDbEntity& entity, const Picture& picture, const Frame& fr
         inside.transform(frame.toCopy);
     } else {
         if (inside.size() != picture.size()) return;
-        const AcGePoint3d anchor = anchorOf(entity, picture);
+        const AcGePoint3d anchor = annotationAnchor(entity, picture);
         inside.transform(AcGeMatrix3d::translation(frame.toCopy * anchor - anchor));
     }
     take(inside, out);

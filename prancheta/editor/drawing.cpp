@@ -58,6 +58,7 @@ void Editor::adoptDatabase(std::unique_ptr<AcDbDatabase> database, std::filesyst
     const std::unique_ptr<AcDbDatabase> former = std::exchange(m_database, std::move(database));
     acdbHostApplicationServices()->setWorkingDatabase(m_database.get());
     m_dimensionTies = std::move(ties);
+    m_resized.clear();  // before those that they stand on
     m_displays.clear();
     m_appearances = std::move(appearances);
     m_hatches = std::move(hatches);

@@ -2,6 +2,8 @@
 // The editor: construction, output, main loop, variables.
 #include "prancheta/editor/editor.h"
 
+#include <algorithm>
+#include <cmath>
 #include <new>
 
 #include "prancheta/base/memory.h"
@@ -18,6 +20,7 @@
 #include "prancheta/editor/hatch_follower.h"
 #include "prancheta/editor/modules.h"
 #include "prancheta/editor/scene.h"
+#include "prancheta/entities/viewports.h"
 #include "protocol/answers.h"
 #include "rxdict.h"
 
@@ -86,6 +89,29 @@ DisplayList& Editor::displayOf(AcDbObjectId space) const {
     std::unique_ptr<DisplayList>& list = m_displays[space];
     if (!list) list = std::make_unique<DisplayList>(*m_database, space);
     return *list;
+}
+
+DisplayList& Editor::displayThrough(const AcDbViewport& viewport) const {
+    /// Each follows the drawing: those of scales not seen for long go.
+    constexpr std::size_t kMost = 8;
+    DisplayList& model = displayOf(m_database->core().modelSpaceId());
+    const double factor = annotationFactor(viewport);
+    if (factor == 1.0) return model;
+    const auto known = std::ranges::find_if(m_resized, [factor](const ResizedDisplay& each) {
+        return std::abs(each.factor - factor) <= 1e-9 * factor;
+    });
+    if (known != m_resized.end()) {
+        std::rotate(known, known + 1, m_resized.end());
+    } else {
+        if (m_resized.size() == kMost) m_resized.erase(m_resized.begin());
+        m_resized.push_back({factor, std::make_unique<DisplayList>(model, factor)});
+    }
+    return *m_resized.back().list;
+}
+
+DisplayList& Editor::shownDisplay() const {
+    const AcDbViewport* const through = viewportOf(m_spaces.viewport());
+    return through != nullptr ? displayThrough(*through) : display();
 }
 
 // --- Output -------------------------------------------------------------------------------------

@@ -75,6 +75,12 @@ public:
     DisplayList& display() const { return displayOf(m_database->currentSpaceId()); }
     /// The same of any space; made when it is first asked for.
     DisplayList& displayOf(AcDbObjectId space) const;
+    /// What a viewport shows of the model, with annotations in the size that it gives them. Good
+    /// until another viewport's is asked for.
+    DisplayList& displayThrough(const AcDbViewport& viewport) const;
+    /// What is seen where is drawn: display(), or what the viewport shows that is drawn through. As
+    /// good as displayThrough().
+    DisplayList& shownDisplay() const;
     AppearanceTable& appearances() const { return *m_appearances; }
     DimensionTies& dimensionTies() const { return *m_dimensionTies; }
     /// What the built-in commands remember between runs; made by them, gone with the editor.
@@ -136,6 +142,11 @@ private:
     UserInterface& m_ui;
     std::unique_ptr<AcDbDatabase> m_database;
     mutable std::unordered_map<AcDbStub*, std::unique_ptr<DisplayList>> m_displays;  ///< by space
+    struct ResizedDisplay {
+        double factor;  ///< of annotations
+        std::unique_ptr<DisplayList> list;
+    };
+    mutable std::vector<ResizedDisplay> m_resized;  ///< of the model, last asked for last
     std::unique_ptr<HatchFollower> m_hatches;
     std::unique_ptr<DetailFollower> m_details;
     std::unique_ptr<AppearanceTable> m_appearances;

@@ -45,7 +45,7 @@ bool inside(const Box2d& box, const Window& window) {
 template <class Fits>
 Ids select(const Editor& editor, const Box2d& area, Fits&& fits) {
     Ids ids;
-    for (const DisplayList::Item& item : editor.display().find(area))
+    for (const DisplayList::Item& item : editor.shownDisplay().find(area))
         if (fits(item)) ids.push_back(item.id);
     return ids;
 }
@@ -69,12 +69,13 @@ Rank rankOf(AcDbObjectId id, const Nearness& near, double tolerance) {
 AcDbObjectId entityAt(const Editor& editor, const AcGePoint3d& world, const Wanted& wanted) {
     const double tolerance = pickTolerance(editor);
     const double same = tolerance * 1e-3;  // what lies on one place is equally near
-    const std::vector<DisplayList::Item> near = editor.display().find(around(world, tolerance));
+    const std::vector<DisplayList::Item> near =
+        editor.shownDisplay().find(around(world, tolerance));
     AcDbObjectId best;
     std::pair<bool, Rank> bestRank;
     double least = 0.0;
     for (auto item = near.rbegin(); item != near.rend(); ++item) {
-        const Nearness distance = nearness(editor.display().picture(item->id), world);
+        const Nearness distance = nearness(editor.shownDisplay().picture(item->id), world);
         const std::pair rank(wanted && !wanted(item->id), rankOf(item->id, distance, tolerance));
         if (rank.second == Rank::None) continue;
         const bool nearer = rank.second == Rank::Line && distance.line < least - same;
@@ -109,7 +110,7 @@ std::vector<AcDbObjectId> entitiesCrossing(const Editor& editor, const AcGePoint
                                            const AcGePoint3d& b) {
     const Window window(a, b);
     return select(editor, boxOf(window), [&](const DisplayList::Item& item) {
-        return inside(item.box, window) || touches(editor.display().picture(item.id), window);
+        return inside(item.box, window) || touches(editor.shownDisplay().picture(item.id), window);
     });
 }
 
@@ -203,7 +204,7 @@ std::vector<AcDbObjectId> entitiesInPolygon(const Editor& editor,
     return select(editor, boxOf(border.extents()), [&](const DisplayList::Item& item) {
         if (!touches(border, windowOf(item.box)))
             return isInside(polygon, {item.box.left, item.box.bottom, 0.0});
-        const Picture& picture = editor.display().picture(item.id);
+        const Picture& picture = editor.shownDisplay().picture(item.id);
         if (crosses(picture, border)) return crossing;
         const std::optional<AcGePoint3d> point = somePoint(picture);
         return point && isInside(polygon, *point);
@@ -216,7 +217,7 @@ std::vector<AcDbObjectId> entitiesOnFence(const Editor& editor,
     const Picture line = lineThrough(fence, false);
     return select(editor, boxOf(line.extents()), [&](const DisplayList::Item& item) {
         return touches(line, windowOf(item.box)) &&
-               crosses(editor.display().picture(item.id), line);
+               crosses(editor.shownDisplay().picture(item.id), line);
     });
 }
 

@@ -269,8 +269,7 @@ void appendHitsThrough(const Editor& editor, const Aim& onSheet, int modes,
     aim.aperture /= viewport->customScale();
     aim.reach /= viewport->customScale();
     // Extensions would need what lies outside the frame.
-    SnapSearch search(editor.displayOf(editor.database().core().modelSpaceId()), aim,
-                      modes & ~kExtensionSnap, viewport);
+    SnapSearch search(editor.displayThrough(*viewport), aim, modes & ~kExtensionSnap, viewport);
     for (SnapHit hit : hitsOf(search, aim)) {
         hit.point = toSheet * hit.point;
         hit.point.z = 0.0;

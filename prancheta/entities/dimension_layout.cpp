@@ -9,6 +9,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/dim_variables.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/entities/annotation_size.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/graphics/text_metrics.h"
@@ -82,7 +83,8 @@ AcDbDimStyleValues styleValues(const AcDbEntity& entity, AcDbObjectId style, dou
     const AcDbObjectPointer<AcDbDimStyleTableRecord> record(style, AcDb::kForRead);
     if (record.openStatus() == Acad::eOk) values = record->values();
     readOverrides(entity, style.database(), values);
-    values.dimscale = positiveOr(ownScale, positiveOr(values.dimscale, 1.0));
+    values.dimscale =
+        positiveOr(ownScale, positiveOr(values.dimscale, 1.0)) * AnnotationSize::factor();
     return values;
 }
 

@@ -10,6 +10,7 @@
 #include "dbsymtb.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
+#include "prancheta/entities/viewports.h"
 
 using namespace prancheta;
 
@@ -218,6 +219,7 @@ void AcDbViewport::subList() const {
              scale < 1.0 ? L"1:" + commaText(1.0 / scale, 2) : commaText(scale, 2) + L":1");
     listText(L"Vista", std::wstring(isOn() ? L"ligada" : L"desligada") +
                            (isLocked() ? L", travada" : L", destravada"));
+    listText(L"Anotação", sizesAnnotations(*this) ? L"na escala da janela" : L"como no modelo");
     if (isNonRectClipOn()) listText(L"Recorte", L"pelo contorno de um objeto da folha");
     if (m_twist != 0.0) listAngle(L"Torção =", m_twist);
     for (const AcDbObjectId& layer : m_frozen) {

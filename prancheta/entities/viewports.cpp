@@ -5,10 +5,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include "prancheta/database/database_core.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/database/value_list.h"
 #include "prancheta/entities/plane_curve.h"
 
 namespace prancheta {
+namespace {
+
+/// Application that marks viewports that size annotations.
+constexpr const wchar_t* kAnnotations = L"PRANCHETA_ANOTACAO";
+
+}  // namespace
 
 const AcDbViewport* viewportOf(AcDbObjectId id) {
     const AcDbStub* const stub = id;
@@ -51,6 +59,26 @@ std::vector<Vec2> clipOutline(const AcDbViewport& viewport) {
         for (int i = 0; i < steps; ++i) corners.push_back(each.at(double(i) / steps));
     }
     return corners;
+}
+
+bool sizesAnnotations(const AcDbViewport& viewport) {
+    return ListOwner(viewport.xData(kAnnotations)) != nullptr;
+}
+
+void sizeAnnotations(AcDbDatabase& database, AcDbViewport& viewport, bool sizes) {
+    (void)database.core().ensureRegApp(kAnnotations);
+    ListBuilder list;
+    list.add(newTextItem(AcDb::kDxfRegAppName, kAnnotations));
+    if (sizes) list.add(newTextItem(AcDb::kDxfXdAsciiString, L"escala"));
+    (void)viewport.setXData(ListOwner(list.release()).get());  // the application is known
+}
+
+double annotationFactor(const AcDbViewport& viewport) {
+    const AcDbDatabase* const database = viewport.database();
+    if (database == nullptr || !sizesAnnotations(viewport)) return 1.0;
+    const double scale = database->dimscale() > 0.0 ? database->dimscale() : 1.0;
+    const double factor = 1.0 / (viewport.customScale() * scale);
+    return std::abs(factor - 1.0) > 1e-9 ? factor : 1.0;
 }
 
 std::vector<AcDbObjectId> withClips(std::vector<AcDbObjectId> ids) {

@@ -21,6 +21,15 @@ Box2d frameOf(const AcDbViewport& viewport);
 /// Corners of the outline, on the sheet, that bounds what is seen; circles as polygons. Empty for a
 /// viewport that is bounded by its frame, and for an outline that is no closed curve.
 std::vector<Vec2> clipOutline(const AcDbViewport& viewport);
+/// The viewport shows annotations of the model in the size that they have on paper at the drawing's
+/// scale, whatever its own. Kept with it under an application of its own, so that those of other
+/// programs show what they always showed.
+bool sizesAnnotations(const AcDbViewport& viewport);
+/// Open for write, or in no drawing yet; `database` is to be its drawing.
+void sizeAnnotations(AcDbDatabase& database, AcDbViewport& viewport, bool sizes);
+/// How many times as large as the model has them the viewport shows annotations; exactly 1 for one
+/// of the drawing's scale, and for one that does not size them.
+double annotationFactor(const AcDbViewport& viewport);
 /// The same ids with the outlines of the viewports among them: those go where their viewport goes.
 std::vector<AcDbObjectId> withClips(std::vector<AcDbObjectId> ids);
 

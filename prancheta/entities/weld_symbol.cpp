@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "acutmem.h"
+#include "prancheta/entities/annotation_size.h"
 #include "prancheta/entities/arrow_head.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
@@ -141,7 +142,7 @@ Acad::ErrorStatus WeldSymbol::setScale(double scale) {
 
 Adesk::Boolean WeldSymbol::subWorldDraw(AcGiWorldDraw* draw) {
     AcGiGeometry& to = draw->geometry();
-    const double unit = kLetter * m_scale;
+    const double unit = kLetter * m_scale * AnnotationSize::factor();
     const double towards = m_elbow.x >= m_tip.x ? 1.0 : -1.0;
     const Pen pen(m_elbow, unit, to);
     const AcGeVector3d arm = m_tip - m_elbow;

@@ -104,7 +104,7 @@ void paintThrough(QPainter& painter, Editor& editor, const AcDbViewport& viewpor
     const auto hides = [&](AcDbObjectId layer) {
         return viewport.isLayerFrozenInViewport(layer) || (how.hides && how.hides(layer));
     };
-    DisplayList& model = editor.displayOf(editor.database().core().modelSpaceId());
+    DisplayList& model = editor.displayThrough(viewport);
     for (const DisplayList::Item& item :
          model.find(boxOf(planOf(toSheet).inverted().mapRect(seen)))) {
         if (hides(item.layer)) continue;

@@ -56,6 +56,31 @@ TEST_F(DisplayListTest, layersHideAndLockedOnesDoNot) {
     EXPECT_GT(list.revision(), shown);
 }
 
+/// As a viewport of another scale shows them; all else is the other list's.
+TEST_F(DisplayListTest, annotationsOfAnotherSizeFollowTheDrawing) {
+    DisplayList whole(database, database.core().modelSpaceId());
+    DisplayList large(whole, 3.0);
+    const AcDbObjectId below = line(0, 100);
+    const AcDbObjectId text = append(new AcDbText({50, 0, 0}, L"H", AcDbObjectId(), 10.0, 0.0));
+    const AcDbObjectId above = line(0, 200);
+    const auto order = [&] {
+        std::vector<AcDbObjectId> ids;
+        for (const DisplayList::Item& item : large.find({52, 25, 53, 29})) ids.push_back(item.id);
+        return ids;
+    };
+    EXPECT_EQ(order(), std::vector{text});  // 30 high
+    EXPECT_EQ(countIn(whole, {52, 25, 53, 29}), 0u);
+    std::vector<AcDbObjectId> all;
+    for (const DisplayList::Item& item : large.find({51, -1, 53, 29})) all.push_back(item.id);
+    EXPECT_EQ(all, (std::vector{below, text, above}));
+    EXPECT_EQ(large.picture(text)[0].height(), 30.0);
+    EXPECT_EQ(large.extents(), whole.extents());
+    change<AcDbText>(text, [](AcDbText& t) { (void)t.setPosition({500, 0, 0}); });
+    EXPECT_EQ(countIn(large, {501, 25, 503, 29}), 1u);
+    change<AcDbText>(text, [](AcDbText& t) { (void)t.erase(); });
+    EXPECT_TRUE(large.find({501, -1, 503, 29}).empty());
+}
+
 TEST_F(DisplayListTest, blocksInsideBlocksAreFollowed) {
     auto* hole = new AcDbCircle({0, 0, 0}, AcGeVector3d::kZAxis, 1);
     const AcDbObjectId inner = block(L"FURO", {hole});

@@ -6,6 +6,9 @@
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
+#include <map>
+#include <regex>
+
 #include "tests/plot/fixture.h"
 
 namespace plotting {
@@ -290,6 +293,42 @@ TEST_F(Files, SheetsArePlottedAtTheirSizeAndViewportsAtTheirScale) {
     QXmlStreamReader xml(QByteArray::fromStdString(svg));
     while (!xml.atEnd()) xml.readNext();
     EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+}
+
+/// In 1:20 and 1:5 viewports of a drawing at 1:20: letters of 2.5 mm, whoever draws them.
+TEST_F(Files, AnnotationsAreAsHighThroughEveryViewport) {
+    type({L"ESCALADESENHO", L"20", L"_text", L"-20,0", L"50", L"0", L"H", L""});
+    type({L"_dimlinear", L"-200,-150", L"200,-150", L"0,-200"});
+    type({L"DIRETRIZ", L"50,0", L"100,120", L"_a", L"N", L""});
+    type({L"SOLDA", L"-100,100", L"-120,150", L"filete 3"});
+    type({L"_layout", L"_s", L"Layout1", L"_layout", L"_paper", L"A2", L""});
+    type({L"_mview", L"20,20", L"120,120", L"_mview", L"_s", L"1:20", L"_l", L""});
+    type({L"_mview", L"150,20", L"250,120", L"_mview", L"_s", L"1:5", L"_l", L""});
+    type({L"_mspace", L"_zoom", L"_c", L"0,0", L"500", L"_zoom", L"0.2xp", L"_pspace"});
+    PlotSettings sheet = prancheta::sheetPlot(prancheta::drawnSheets(editor->database()).at(0));
+    sheet.dotsPerInch = kDots;
+    const auto heights = [&] {  // of letters in units of the font
+        std::map<std::string, int> counts;
+        const std::string svg = bytes(plot(sheet, "alturas.svg"));
+        const std::regex text(R"(matrix\([^,]*,[^,]*,[^,]*,([^,]*),[^>]*>\s*<text)");
+        for (std::sregex_iterator i(svg.begin(), svg.end(), text), end; i != end; ++i)
+            ++counts[(*i)[1]];
+        return counts;
+    };
+    // The H begins 4 mm to the left of the middle of the 1:5 viewport.
+    const Box2d capital = inkWithin(picture(sheet), {185.5, -64, 192, -57});
+    EXPECT_NEAR(capital.height(), 2.5, 0.25);
+    EXPECT_EQ(heights().size(), 1U);
+    EXPECT_EQ(heights().begin()->second, 8);  // H, N, 400 and 3, twice
+    type({L"_mview", L"_annotation", L"_off", L"_l", L""});
+    EXPECT_EQ(heights().size(), 2U);
+    // What holds is kept in the file.
+    type({L"_u"});
+    const fs::path file = folder / "escalas.dxf";
+    ASSERT_TRUE(editor->file().save(file));
+    ASSERT_TRUE(editor->file().open(file));
+    sheet.space = prancheta::drawnSheets(editor->database()).at(0).block;
+    EXPECT_EQ(heights().size(), 1U);
 }
 
 TEST_F(Files, OneDrawingGivesOneFile) {

@@ -50,7 +50,7 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
         QColor color = palette().highlight;
         color.setAlpha(210);
         PicturePainter(painter, editor->appearances(), settings)
-            .paintPlain(editor->display().picture(hover), QPen(color, 2.0));
+            .paintPlain(editor->shownDisplay().picture(hover), QPen(color, 2.0));
     }
     const bool shift = (modifiers & Qt::ShiftModifier) != 0;
     if (request != nullptr && asksForPoint(*request) && mouse) {

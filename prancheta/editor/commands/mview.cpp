@@ -10,11 +10,9 @@ namespace prancheta::commands {
 
 namespace {
 
-constexpr Word kMviewOptions[] = {{L"Ligar", L"ON"},
-                                  {L"Desligar", L"OFF"},
-                                  {L"aJustar", L"Fit"},
-                                  {L"Travar", L"Lock"},
-                                  {L"Escala", L"Scale"}};
+constexpr Word kMviewOptions[] = {{L"Ligar", L"ON"},     {L"Desligar", L"OFF"},
+                                  {L"aJustar", L"Fit"},  {L"Travar", L"Lock"},
+                                  {L"Escala", L"Scale"}, {L"aNotação", L"Annotation"}};
 constexpr Word kOnOff[] = {{L"Ligar", L"ON"}, {L"Desligar", L"OFF"}};
 
 CommandTask switchThem(CommandContext context, bool on) {
@@ -26,17 +24,27 @@ CommandTask switchThem(CommandContext context, bool on) {
     co_return CommandEnd::Done;
 }
 
-CommandTask lockThem(CommandContext context) {
-    const InputValue answer = co_await context.ask(
-        Prompt(InputKind::Keyword, L"\nTravar a vista [Ligar/Desligar] <Ligar>: ").words(kOnOff));
+using Switch = void (*)(AcDbViewport&, bool on);
+
+/// On or off for the chosen ones.
+CommandTask askAndSwitch(CommandContext context, const wchar_t* question, Switch change) {
+    const InputValue answer =
+        co_await context.ask(Prompt(InputKind::Keyword, question).words(kOnOff));
     if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
-    const bool lock = !isWord(answer, L"OFF");
+    const bool on = !isWord(answer, L"OFF");
     const Selection chosen = co_await selectViewports(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
-    changeViewports(context, chosen.ids, [lock](AcDbViewport& viewport) {
-        (void)(lock ? viewport.setLocked() : viewport.setUnlocked());
-    });
+    changeViewports(context, chosen.ids,
+                    [change, on](AcDbViewport& viewport) { change(viewport, on); });
     co_return CommandEnd::Done;
+}
+
+void lock(AcDbViewport& viewport, bool on) {
+    (void)(on ? viewport.setLocked() : viewport.setUnlocked());  // open for write
+}
+
+void annotate(AcDbViewport& viewport, bool on) {
+    sizeAnnotations(*viewport.database(), viewport, on);
 }
 
 /// Also of a locked viewport: what is locked is zooming.
@@ -79,7 +87,7 @@ CommandTask mview(CommandContext context) {
     context.editor().spaces().leave();
     const InputValue answer = co_await context.ask(
         Prompt(InputKind::Point,
-               L"\nCanto da janela ou [Ligar/Desligar/aJustar/Travar/Escala] <aJustar>: ")
+               L"\nCanto da janela ou [Ligar/Desligar/aJustar/Travar/Escala/aNotação] <aJustar>: ")
             .words(kMviewOptions));
     if (answer.status == RTCAN) co_return CommandEnd::Cancelled;
     CommandEnd end = CommandEnd::Done;
@@ -88,7 +96,10 @@ CommandTask mview(CommandContext context) {
     else if (isWord(answer, L"ON") || isWord(answer, L"OFF"))
         end = co_await switchThem(context, isWord(answer, L"ON"));
     else if (isWord(answer, L"Lock"))
-        end = co_await lockThem(context);
+        end = co_await askAndSwitch(context, L"\nTravar a vista [Ligar/Desligar] <Ligar>: ", lock);
+    else if (isWord(answer, L"Annotation"))
+        end = co_await askAndSwitch(
+            context, L"\nAnotação na escala da janela [Ligar/Desligar] <Ligar>: ", annotate);
     else if (isWord(answer, L"Scale"))
         end = co_await scaleThem(context);
     else

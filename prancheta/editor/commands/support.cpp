@@ -272,7 +272,8 @@ double annotationScale(const CommandContext& context) {
     const Spaces& spaces = context.editor().spaces();
     if (spaces.drawsOnPaper()) return 1.0;
     const AcDbViewport* const through = viewportOf(spaces.viewport());
-    return through != nullptr ? 1.0 / through->customScale() : context.database().dimscale();
+    return through != nullptr && !sizesAnnotations(*through) ? 1.0 / through->customScale()
+                                                             : context.database().dimscale();
 }
 
 double userTurn(const CommandContext& context) { return turnOf(context.editor().ucs()); }

@@ -9,6 +9,7 @@
 #include "prancheta/database/database_core.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/editor.h"
+#include "prancheta/editor/paper_scale.h"
 #include "prancheta/entities/viewports.h"
 
 namespace prancheta::commands {
@@ -107,6 +108,9 @@ AcDbObjectId addViewport(const CommandContext& context, const Box2d& frame) {
     auto viewport = std::make_unique<AcDbViewport>();
     setFrame(*viewport, frame);
     showModel(context, *viewport);
+    // Whether a drawing at 1 has a scale at all nobody can tell.
+    if (drawingScale(context.database()) != 1.0)
+        sizeAnnotations(context.database(), *viewport, true);
     (void)viewport->setNumber(static_cast<Adesk::Int16>(number + 1));
     (void)viewport->setFiledState(static_cast<Adesk::Int16>(number + 1), viewport->flags());
     return addEntity(context, std::move(viewport));
