@@ -120,6 +120,7 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     m_layer = database->clayer();
     m_linetype = database->celtype();
     m_linetypeScale = database->celtscale();
+    m_lineWeight = database->core().variables().number(L"CELWEIGHT");
     m_color = database->cecolor();
     ObjectAccess::dropTrueColor(*this);
     if (const auto color = database->core().currentTrueColor())

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "prancheta/geometry/angles.h"
+
 namespace prancheta {
 namespace {
 
@@ -56,9 +58,11 @@ std::vector<VariableInfo> variableTable() {
         integer(L"ATTREQ", 1, 0, 1),
         drawingInteger(L"AUNITS", 0, 0, 4),
         drawingInteger(L"AUPREC", 0, 0, 8),
+        integer(L"AUTOSNAP", 63, 0, 63),
         drawingText(L"CECOLOR", L"BYLAYER"),
         real(L"CELTSCALE", 1.0, kPositive),
         drawingText(L"CELTYPE", L"ByLayer"),
+        drawingInteger(L"CELWEIGHT", -1, -3, 211),
         drawingText(L"CLAYER", L"0"),
         readOnly(L"CMDACTIVE", short{0}),
         integer(L"CMDECHO", 1, 0, 1),
@@ -99,6 +103,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"DRAGMODE", 2, 0, 2),
         readOnly(L"DWGNAME", std::wstring(L"Desenho1.dxf")),
         readOnly(L"DWGPREFIX", std::wstring()),
+        integer(L"DYNMODE", 3, -3, 3),
         integer(L"EDGEMODE", 0, 0, 1),
         integer(L"ERRNO", 0, 0, 32767),
         integer(L"EXPERT", 0, 0, 5),
@@ -109,6 +114,8 @@ std::vector<VariableInfo> variableTable() {
         drawingInteger(L"FILLMODE", 1, 0, 1),
         integer(L"GRIDMODE", 0, 0, 1),
         point(L"GRIDUNIT", {10.0, 10.0, 0.0}, 0.0),
+        integer(L"GRIPS", 1, 0, 1),
+        integer(L"GRIPSIZE", 5, 1, 25),
         integer(L"HIGHLIGHT", 1, 0, 1),
         {L"HPANG", 0.0},
         integer(L"HPASSOC", 1, 0, 1),
@@ -139,6 +146,7 @@ std::vector<VariableInfo> variableTable() {
         integer(L"PICKAUTO", 1, 0, 1),
         integer(L"PICKBOX", 3, 0, 50),
         integer(L"PICKFIRST", 1, 0, 1),
+        {L"POLARANG", kPi / 2.0},
         drawingInteger(L"PSLTSCALE", 1, 0, 1),
         integer(L"REGENMODE", 1, 0, 1),
         readOnly(L"SCREENSIZE", AcGePoint3d()),

@@ -21,6 +21,7 @@ constexpr HeaderVariable kVariables[] = {
     {"$CLAYER", 8},
     {"$CELTYPE", 6},
     {"$CECOLOR", 62},
+    {"$CELWEIGHT", 370},
     {"$CELTSCALE", 40},
     {"$DIMSCALE", 40},
     {"$DIMASZ", 40, true},

@@ -345,7 +345,7 @@ TEST_F(Member, ItsRowIsEditedAndItsBarsAreSeenInTheWindow) {
     };
     story.then([&] {
         view = story.window().findChild<QTableView*>("lista_material");
-        story.window().findChild<QDockWidget*>("material")->raise();
+        story.window().entry("material")->trigger();
         QApplication::setActiveWindow(&story.window());
         EXPECT_EQ(count(), "7");
     });

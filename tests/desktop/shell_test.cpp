@@ -318,12 +318,16 @@ TEST_F(Window, MenusKnowEveryProfileCommandAndNoOther) {
     // Thirty profiles and their search, the list's six, steel, sheet of the section, flat strip and
     // catalogues.
     EXPECT_EQ(profiles.size(), 46u);
-    for (const auto& bar : menus->toolbars) {
-        for (const QString& entry : bar.entries) {
-            if (entry.isEmpty()) continue;
-            ASSERT_NE(story.window().entry(entry), nullptr) << entry.toStdString();
-            EXPECT_FALSE(story.window().entry(entry)->icon().isNull()) << entry.toStdString();
+    QStringList shown;
+    for (const auto& bar : menus->toolbars)
+        for (const auto& item : bar.items) {
+            if (!item.entry.isEmpty()) shown += item.entry;
+            if (!item.family) continue;
+            for (const QString& entry : item.family->entries) shown += entry;
         }
+    for (const QString& entry : shown) {
+        ASSERT_NE(story.window().entry(entry), nullptr) << entry.toStdString();
+        EXPECT_FALSE(story.window().entry(entry)->icon().isNull()) << entry.toStdString();
     }
 }
 
@@ -339,6 +343,9 @@ TEST_F(Window, TellsWhatIsWrongWithAMenuFile) {
          "letra a"},
         {R"({"menus": [{"titulo": "A", "comando": "x"}], "barras": [{"titulo": "B", "itens": ["z"]}]})",
          "\"z\""},
+        {R"({"menus": [{"titulo": "A", "comando": "x"}], "inicio": ["Tubos"]})", "Tubos"},
+        {R"({"menus": [{"titulo": "A", "comando": "x"}], "barras": [{"titulo": "B", "itens": [{"campo": "c"}]}]})",
+         "espessura"},
     };
     for (const auto& wrong : kCases) {
         std::ofstream(folder() / "menus.json") << wrong.text;

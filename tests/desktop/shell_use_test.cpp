@@ -395,19 +395,102 @@ TEST_F(Window, ToolTipsSayWhatToType) {
 }
 
 TEST_F(Window, ArrangementOutlivesATypedQuit) {
-    const auto panel = [](Story& story) {
-        return story.window().findChild<QDockWidget*>("material");
+    const auto panel = [](Story& story, const char* name) {
+        return story.window().findChild<QDockWidget*>(name);
     };
     {
         Story story;
-        story.then([&] { panel(story)->close(); }).type("sair ");
+        story.then([&] {
+            EXPECT_TRUE(panel(story, "inicio")->isVisible());
+            const auto tab = [&](const char* name) {
+                return story.window().findChild<QToolButton*>(name);
+            };
+            tab("aba_camadas")->click();
+            EXPECT_TRUE(panel(story, "camadas")->isVisible());
+            EXPECT_TRUE(panel(story, "inicio")->isHidden());
+            tab("aba_camadas")->click();
+            EXPECT_TRUE(panel(story, "camadas")->isHidden());
+            tab("aba_material")->click();
+        });
+        story.type("sair ");
         ASSERT_TRUE(story.run());
         EXPECT_TRUE(story.closedItself());
     }
     Story story;
-    story.then([&] { EXPECT_TRUE(panel(story)->isHidden()); });
+    story.then([&] {
+        EXPECT_TRUE(panel(story, "inicio")->isHidden());
+        EXPECT_TRUE(panel(story, "material")->isVisible());
+    });
     EXPECT_TRUE(story.run());
     QSettings().clear();
+}
+
+TEST_F(Window, LeavesTheDrawingTwoThirdsOfASmallScreen) {
+    const ApplicationOptions options = withModules(folder());
+    const auto family = [](Story& story) {
+        return story.window().findChild<QToolButton*>("familia_Tubos e barras")->defaultAction();
+    };
+    const QSize small(1366, 748);
+    {
+        Story story(options);
+        story.then([&] {
+            story.window().setWindowState(Qt::WindowNoState);
+            story.window().resize(small);
+        });
+        story.when([&] { return story.window().size() == small; }, [] {});
+        story.then([&] {
+            const auto area = [](const QWidget& w) { return double(w.width()) * w.height(); };
+            EXPECT_GE(area(story.canvas()) / area(story.window()), 0.65);
+            EXPECT_EQ(family(story), story.window().entry("_perfilbox"));
+            story.window().entry("_perfiltubo")->trigger();
+        });
+        story.when([] { return QApplication::activeModalWidget() != nullptr; },
+                   [] { QApplication::activeModalWidget()->close(); });
+        ASSERT_TRUE(story.run());
+    }
+    Story story(options);
+    story.then([&] { EXPECT_EQ(family(story), story.window().entry("_perfiltubo")); });
+    EXPECT_TRUE(story.run());
+    QSettings().clear();
+}
+
+TEST_F(Window, FieldsSetWhatIsDrawnNextOrWhatIsSelected) {
+    Story story(withModules(folder()));
+    const auto choose = [&](const char* name, const char* text) {
+        auto* const box = story.window().findChild<QComboBox*>(name);
+        const int row = box->findText(text);
+        ASSERT_GE(row, 0) << text;
+        box->setCurrentIndex(row);
+        emit box->activated(row);
+        EXPECT_EQ(box->currentText(), text);
+    };
+    const auto line = [&](std::size_t i) {
+        return AcDbObjectPointer<AcDbEntity>(story.entity(i), AcDb::kForRead);
+    };
+    story.type("-camada n Eixo\n\n").type("l 0,0 9,9 \n");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] {
+                   choose("campo_camada", "Eixo");
+                   choose("campo_espessura", "0,50 mm");
+                   choose("campo_tipo_linha", "PorBloco");
+                   story.press("l 0,0 9,0 \n");
+               });
+    story.when([&] { return story.idle() && story.entities() == 2; },
+               [&] {
+                   EXPECT_STREQ(line(1)->layer(), L"Eixo");
+                   EXPECT_EQ(line(1)->lineWeight(), AcDb::kLnWt050);
+                   EXPECT_STREQ(line(1)->linetype(), L"ByBlock");
+                   EXPECT_EQ(line(0)->lineWeight(), AcDb::kLnWtByLayer);
+                   QTest::keyClick(&story.edit(), Qt::Key_A, Qt::ControlModifier);
+                   auto* const layer = story.window().findChild<QComboBox*>("campo_camada");
+                   EXPECT_EQ(layer->currentIndex(), -1) << "they differ";
+                   choose("campo_camada", "0");
+                   EXPECT_STREQ(line(1)->layer(), L"0");
+                   EXPECT_EQ(story.editor().variables().text(L"CLAYER"), L"Eixo");
+                   QTest::keyClick(&story.edit(), Qt::Key_Z, Qt::ControlModifier);
+               });
+    story.when([&] { return story.idle() && std::wstring(line(1)->layer()) == L"Eixo"; }, [] {});
+    EXPECT_TRUE(story.run());
 }
 
 prancheta::desktop::PlotDialog* plotDialog() {

@@ -305,7 +305,8 @@ TEST(Drawing, HeaderFollowsTheHostAndKeepsTheRest) {
     const std::string more =
         "9\n$LTSCALE\n40\n7.5\n9\n$LUNITS\n70\n4\n9\n$LUPREC\n70\n3\n9\n$ANGBASE\n50\n90.0\n9\n$"
         "CECOLOR\n62\n"
-        "3\n9\n$PDMODE\n70\n34\n9\n$INSBASE\n10\n1.0\n20\n2.0\n30\n0.0\n9\n$UCSNAME\n2\nBANZO\n9\n$"
+        "3\n9\n$CELWEIGHT\n370\n35\n9\n$PDMODE\n70\n34\n9\n$INSBASE\n10\n1.0\n20\n2.0\n30\n0."
+        "0\n9\n$UCSNAME\n2\nBANZO\n9\n$"
         "UCSORG\n10\n7.0\n20\n8.0\n"
         "30\n0.0\n9\n$UCSXDIR\n10\n0.8\n20\n0.6\n30\n0.0\n9\n$UCSYDIR\n10\n-0.6\n20\n0.8\n30\n0."
         "0\n";
@@ -321,9 +322,9 @@ TEST(Drawing, HeaderFollowsTheHostAndKeepsTheRest) {
     const std::string back = saved(*database);
     for (const char* part :
          {"$LTSCALE\n40\n2.0\n", "$LUNITS\n70\n4\n", "$LUPREC\n70\n3\n", "$ANGBASE\n50\n90.0\n",
-          "$CECOLOR\n62\n3\n", "$PDMODE\n70\n34\n", "$INSBASE\n10\n1.0\n20\n2.0\n30\n0.0\n",
-          "$UCSNAME\n2\nBANZO\n", "$UCSORG\n10\n7.0\n20\n8.0\n30\n0.0\n",
-          "$UCSYDIR\n10\n-0.6\n20\n0.8\n30\n0.0\n"})
+          "$CECOLOR\n62\n3\n", "$CELWEIGHT\n370\n35\n", "$PDMODE\n70\n34\n",
+          "$INSBASE\n10\n1.0\n20\n2.0\n30\n0.0\n", "$UCSNAME\n2\nBANZO\n",
+          "$UCSORG\n10\n7.0\n20\n8.0\n30\n0.0\n", "$UCSYDIR\n10\n-0.6\n20\n0.8\n30\n0.0\n"})
         EXPECT_NE(back.find(part), std::string::npos) << part;
 }
 

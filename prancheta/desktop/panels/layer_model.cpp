@@ -23,12 +23,12 @@ struct Head {
 constexpr Head kHeads[LayerModel::kColumns] = {
     {"", "Camada atual (duplo clique numa linha a torna atual)"},
     {"Nome", "Nome da camada"},
-    {"Lig.", "Ligada ou desligada"},
-    {"Cong.", "Congelada ou não"},
-    {"Bloq.", "Bloqueada ou não"},
+    {"", "Ligada ou desligada"},
+    {"", "Congelada ou não"},
+    {"", "Bloqueada ou não"},
     {"Cor", "Cor dos objetos PorCamada"},
-    {"Tipo de linha", "Tipo de linha dos objetos PorCamada"},
-    {"Espessura", "Espessura de linha dos objetos PorCamada"},
+    {"Tipo", "Tipo de linha dos objetos PorCamada"},
+    {"Esp.", "Espessura de linha dos objetos PorCamada"},
     {"Plot.", "Plotada ou não"},
 };
 
@@ -210,6 +210,13 @@ QVariant LayerModel::headerData(int section, Qt::Orientation orientation, int ro
     if (orientation != Qt::Horizontal || section < 0 || section >= kColumns) return {};
     if (role == Qt::DisplayRole) return QString::fromUtf8(kHeads[section].title);
     if (role == Qt::ToolTipRole) return QString::fromUtf8(kHeads[section].hint);
+    if (role == Qt::DecorationRole) {
+        // Narrow columns have no room for a word.
+        const QColor ink = QGuiApplication::palette().color(QPalette::ButtonText);
+        if (section == On) return glyphIcon(Glyph::On, ink);
+        if (section == Freeze) return glyphIcon(Glyph::Frozen, ink);
+        if (section == Lock) return glyphIcon(Glyph::Locked, ink);
+    }
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>((section == Name || section >= Color) && section != Plot
                                     ? Qt::AlignLeft | Qt::AlignVCenter

@@ -144,9 +144,9 @@ LayersPanel::LayersPanel()
     m_view->verticalHeader()->setDefaultSectionSize(24);
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     QHeaderView* head = m_view->horizontalHeader();
-    head->setMinimumSectionSize(26);
+    head->setMinimumSectionSize(20);
     head->setHighlightSections(false);
-    constexpr int kWidths[LayerModel::kColumns] = {26, 140, 40, 48, 46, 96, 104, 84, 44};
+    constexpr int kWidths[LayerModel::kColumns] = {20, 78, 24, 24, 24, 76, 82, 58, 44};
     for (int i = 0; i < LayerModel::kColumns; ++i) head->resizeSection(i, kWidths[i]);
     m_view->sortByColumn(LayerModel::Name, Qt::AscendingOrder);
 

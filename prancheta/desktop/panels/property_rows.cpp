@@ -111,10 +111,9 @@ std::vector<int> entityWeights() {
 }
 
 std::wstring linetypeName(const AcDbEntity& entity) {
-    const AcDbDatabase& database = *entity.database();
     const AcDbObjectId id = entity.linetypeId();
-    if (id.isNull() || id == database.byLayerLinetype()) return kByLayer;
-    return id == database.byBlockLinetype() ? kByBlock : recordName(id);
+    if (id.isNull() || id == id.database()->byLayerLinetype()) return kByLayer;
+    return id == id.database()->byBlockLinetype() ? kByBlock : recordName(id);
 }
 
 std::wstring handleText(AcDbObjectId id) {
@@ -389,6 +388,83 @@ std::vector<PropertyRow> propertyRows(Editor& editor, const std::vector<AcDbObje
     }
     for (PropertyRow& row : rows) fillChoices(editor, row);
     return rows;
+}
+
+namespace {
+
+constexpr const wchar_t* kGeneralKeys[] = {L"camada", L"cor", L"tipo_linha", L"espessura"};
+
+bool sameValue(const std::wstring& key, const AcDbEntity& a, const AcDbEntity& b) {
+    if (key == L"camada") return a.layerId() == b.layerId();
+    if (key == L"tipo_linha") return a.linetypeId() == b.linetypeId();
+    if (key == L"espessura") return a.lineWeight() == b.lineWeight();
+    return colorNumber(a, a.colorIndex()) == colorNumber(b, b.colorIndex());
+}
+
+/// An entity as it would be drawn now; it is in no drawing.
+std::unique_ptr<AcDbEntity> nextEntity(AcDbDatabase& database) {
+    auto next = std::make_unique<AcDbPoint>();
+    next->setDatabaseDefaults(&database);
+    return next;
+}
+
+}  // namespace
+
+std::vector<PropertyRow> generalRows(Editor& editor, const std::vector<AcDbObjectId>& ids) {
+    std::vector<PropertyRow> rows;
+    const auto take = [&](const AcDbEntity& entity) {
+        rows = rowsOf(entity, false);
+        std::erase_if(rows, [](const PropertyRow& row) {
+            return std::find(std::begin(kGeneralKeys), std::end(kGeneralKeys), row.key) ==
+                   std::end(kGeneralKeys);
+        });
+    };
+    AcDbObjectPointer<AcDbEntity> first;
+    for (const AcDbObjectId id : ids) {
+        if (rows.empty()) {
+            if (first.open(id, AcDb::kForRead) == Acad::eOk) take(*first.object());
+            continue;
+        }
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        if (entity.object() == nullptr) continue;
+        for (PropertyRow& row : rows) {
+            if (row.varies || sameValue(row.key, *first.object(), *entity.object())) continue;
+            row.varies = true;
+            row.value = kVaries;
+            row.input.clear();
+        }
+    }
+    if (rows.empty()) take(*nextEntity(editor.database()));
+    for (PropertyRow& row : rows) fillChoices(editor, row);
+    return rows;
+}
+
+Result<void> changeCurrent(Editor& editor, const std::wstring& key, const std::wstring& input) {
+    if (!EditGroup::possible(editor))
+        return Error{"Há um comando em execução; termine-o (Esc) antes de alterar propriedades."};
+    SystemVariables& variables = editor.variables();
+    EditGroup group(editor, L"PROPRIEDADES");
+    Result<void> done;
+    if (key == L"camada") {
+        done = variables.set(L"CLAYER", input);
+    } else if (key == L"tipo_linha") {
+        const bool logical = input == kByLayer || input == kByBlock;
+        if (!logical) (void)editor.database().core().ensureLinetype(input);  // refused below
+        done = variables.set(L"CELTYPE", input == kByLayer   ? std::wstring(L"ByLayer")
+                                         : input == kByBlock ? std::wstring(L"ByBlock")
+                                                             : input);
+    } else if (key == L"cor") {
+        const Result<double> color = readNumber(input);
+        if (!color) return color.error();
+        done = answer(editor.database().setCecolor(static_cast<Adesk::UInt16>(*color)),
+                      "A cor não foi aceita.");
+    } else {
+        for (const int weight : entityWeights())
+            if (weightText(weight).toStdWString() == input)
+                done = variables.set(L"CELWEIGHT", static_cast<short>(weight));
+    }
+    if (!done) group.fail();
+    return done;
 }
 
 Result<void> changeProperty(Editor& editor, const std::vector<AcDbObjectId>& ids,

@@ -32,6 +32,15 @@ inline constexpr const wchar_t* kVaries = L"*VARIA*";
 /// more than a few thousand entities only the rows that every entity has. O(entities).
 std::vector<PropertyRow> propertyRows(Editor& editor, const std::vector<AcDbObjectId>& ids);
 
+/// Layer, colour, linetype and line weight (keys "camada", "cor", "tipo_linha", "espessura") of the
+/// entities, values that differ marked; of no entities, what the next one that is drawn gets.
+/// O(entities), however many.
+std::vector<PropertyRow> generalRows(Editor& editor, const std::vector<AcDbObjectId>& ids);
+
+/// Gives what is drawn from now on one of the values of generalRows(), as one step of undo; an
+/// error, and no change, when it is refused.
+Result<void> changeCurrent(Editor& editor, const std::wstring& key, const std::wstring& input);
+
 /// Gives all the entities a value, as one step of undo: `input` is what PropertyRow::input would
 /// hold. Entities on locked layers stay as they are; an error when nothing is left, or when the
 /// value is refused by one of them; nothing changed then.

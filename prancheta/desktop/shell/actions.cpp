@@ -11,9 +11,10 @@
 
 #include "prancheta/base/text.h"
 #include "prancheta/desktop/shell/copied_data.h"
-#include "prancheta/desktop/shell/icons.h"
 #include "prancheta/desktop/shell/main_window.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
+#include "prancheta/desktop/shell/side_tabs.h"
+#include "prancheta/desktop/shell/start_page.h"
 #include "prancheta/desktop/shell/status_bar.h"
 #include "prancheta/desktop/shell/style_dialog.h"
 #include "prancheta/editor/command_stack.h"
@@ -101,8 +102,7 @@ void MainWindow::editEntity(AcDbObjectId entity) {
 void MainWindow::showPanel(const QString& name) {
     auto* const panel = findChild<QDockWidget*>(name);
     if (panel == nullptr) return;
-    panel->show();
-    panel->raise();
+    SideTabs::show(panel);
 }
 
 void MainWindow::showTool(Tool tool) {
@@ -155,6 +155,7 @@ void MainWindow::openWanted() {
 }
 
 void MainWindow::fillRecent() {
+    m_start->setRecent(m_files->recent());
     if (m_recent == nullptr) return;
     m_recent->clear();
     int number = 0;
@@ -176,12 +177,9 @@ void MainWindow::fillView(QMenu& menu) {
         menu.addAction(bar->toggleViewAction());
 }
 
-QAction* MainWindow::actionOf(const MenuItem& item, const std::filesystem::path& folder) {
+QAction* MainWindow::actionOf(const MenuItem& item) {
     auto* const action = new QAction(item.title, this);
-    QIcon icon = item.slide.isEmpty()
-                     ? drawnIcon(item.icon, palette())
-                     : slideIcon(folder / "Perfis" / "Slides", item.slide, palette());
-    action->setIcon(icon);
+    m_drawn.emplace_back(action, item);
     if (!item.tip.isEmpty()) action->setStatusTip(item.tip);
     action->setCheckable(toggles().contains(item.action));
     if (!item.shortcut.isEmpty()) action->setShortcut(QKeySequence(item.shortcut));
@@ -235,42 +233,27 @@ void MainWindow::showToggles(const QMenu& menu) {
     }
 }
 
-void MainWindow::addItems(QMenu& menu, const std::vector<MenuItem>& items,
-                          const std::filesystem::path& folder) {
+void MainWindow::addItems(QMenu& menu, const std::vector<MenuItem>& items) {
     for (const MenuItem& item : items) {
         if (item.separator()) {
             menu.addSeparator();
         } else if (item.action == "recentes") {
             m_recent = menu.addMenu(item.title);
-            connect(m_files, &DrawingFiles::recentChanged, this, &MainWindow::fillRecent);
-            fillRecent();
         } else if (item.action == "paineis") {
             QMenu* const panels = menu.addMenu(item.title);
             connect(panels, &QMenu::aboutToShow, this, [this, panels] { fillView(*panels); });
         } else if (!item.items.empty()) {
-            addItems(*menu.addMenu(item.title), item.items, folder);
+            addItems(*menu.addMenu(item.title), item.items);
         } else {
-            menu.addAction(actionOf(item, folder));
-        }
-    }
-}
-
-void MainWindow::addToolbar(const Toolbar& bar) {
-    if (bar.newRow) addToolBarBreak();
-    QToolBar* const toolbar = addToolBar(bar.title);
-    toolbar->setObjectName("barra_" + bar.title);
-    toolbar->setIconSize({24, 24});
-    for (const QString& entry : bar.entries) {
-        if (entry.isEmpty()) {
-            toolbar->addSeparator();
-        } else if (QAction* const action = m_entries.value(entry)) {
-            toolbar->addAction(action);
+            menu.addAction(actionOf(item));
         }
     }
 }
 
 void MainWindow::setMenus(const std::filesystem::path& folder) {
     m_installation = folder;
+    connect(m_files, &DrawingFiles::recentChanged, this, &MainWindow::fillRecent);
+    fillRecent();
     const auto menus = readMenus(folder / "Prancheta" / "menus.json");
     if (!menus) {
         m_commandLine->print("Os menus não puderam ser lidos; a linha de comando funciona. " +
@@ -279,10 +262,13 @@ void MainWindow::setMenus(const std::filesystem::path& folder) {
     }
     for (const MenuItem& menu : menus->menus) {
         QMenu* const top = menuBar()->addMenu(menu.title);
-        addItems(*top, menu.items, folder);
+        addItems(*top, menu.items);
         connect(top, &QMenu::aboutToShow, this, [this, top] { showToggles(*top); });
     }
+    fillRecent();
+    drawIcons();
     for (const Toolbar& bar : menus->toolbars) addToolbar(bar);
+    fillStartPage(menus->start);
 }
 
 }  // namespace prancheta::desktop

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kLogLines = 5000;
 constexpr qsizetype kHistory = 200;
-constexpr int kVisibleLogLines = 4;
+constexpr int kVisibleLogLines = 1;
 
 }  // namespace
 
@@ -201,7 +201,8 @@ CommandLine::CommandLine(QWidget* parent)
     m_log->setFocusPolicy(Qt::ClickFocus);
     m_log->setFont(font);
     m_log->setFrameShape(QFrame::NoFrame);
-    m_log->setMinimumHeight(m_log->fontMetrics().lineSpacing() * kVisibleLogLines + 10);
+    m_log->document()->setDocumentMargin(2);
+    m_log->setMinimumHeight(m_log->fontMetrics().lineSpacing() * kVisibleLogLines + 6);
     m_prompt->setTextFormat(Qt::RichText);
     m_prompt->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
     m_prompt->setFont(font);
@@ -217,8 +218,8 @@ CommandLine::CommandLine(QWidget* parent)
     row->addWidget(m_prompt);
     row->addWidget(m_edit, 1);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 2);
-    column->setSpacing(2);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
     column->addWidget(m_log, 1);
     column->addLayout(row);
 

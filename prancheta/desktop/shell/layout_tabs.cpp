@@ -7,13 +7,22 @@
 #include <QMenu>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace prancheta::desktop {
+namespace {
+
+/// Many tabs are leafed through, so that the rest of the row keeps its place.
+constexpr int kMostWidth = 280;
+
+}  // namespace
 
 LayoutTabs::LayoutTabs(QWidget* parent) : QTabBar(parent) {
     setObjectName("layouts");
     setShape(QTabBar::RoundedSouth);
     setDrawBase(false);
     setExpanding(false);
+    setMaximumHeight(fontMetrics().height() + 8);
     setFocusPolicy(Qt::NoFocus);
     connect(this, &QTabBar::currentChanged, this, &LayoutTabs::choose);
 }
@@ -39,6 +48,7 @@ void LayoutTabs::refresh() {
         setTabData(i, name);
         if (tab.block == m_editor->spaces().tab() && currentIndex() != i) setCurrentIndex(i);
     }
+    setMinimumWidth(std::min(sizeHint().width(), kMostWidth));
 }
 
 /// The command shows it; until then, and when it does not run, the former tab stays.

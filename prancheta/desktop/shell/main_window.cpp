@@ -16,10 +16,12 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 #include "prancheta/desktop/shell/command_names.h"
 #include "prancheta/desktop/shell/layout_tabs.h"
+#include "prancheta/desktop/shell/object_fields.h"
+#include "prancheta/desktop/shell/side_tabs.h"
+#include "prancheta/desktop/shell/start_page.h"
 #include "prancheta/desktop/shell/status_bar.h"
 #include "prancheta/editor/picking.h"
 
@@ -29,35 +31,33 @@ namespace {
 constexpr auto kGeometryKey = "janela/geometria";
 constexpr auto kStateKey = "janela/arranjo";
 /// Grows when docks or toolbars get other names: an older arrangement is forgotten then.
-constexpr int kStateVersion = 1;
+constexpr int kStateVersion = 2;
 
 /// Pixels, until the user sets them otherwise.
 constexpr QSize kUsualSize(1280, 800);
 /// What the system puts around a window, at least.
 constexpr QSize kFrame(8, 40);
-constexpr int kCommandLineHeight = 130;
-constexpr int kPanelWidth = 380;
-/// The widest panel does not decide for all that stand behind the same tabs.
-constexpr int kLeastPanelWidth = 200;
+/// The widest panel does not decide for all that share its place.
+constexpr int kLeastPanelWidth = 160;
 
 struct PanelRow {
     const char* name;
     const char* title;
     std::unique_ptr<Panel> (*make)();
-    Qt::DockWidgetArea area;
-    bool shown = true;  ///< before anybody asks for it
+    int width;  ///< until the user sets it otherwise
 };
 
+std::unique_ptr<Panel> makeStartPage() { return std::make_unique<StartPage>(); }
+
+/// The first one is shown at first.
 constexpr PanelRow kPanels[] = {
-    {"camadas", "Camadas", makeLayersPanel, Qt::RightDockWidgetArea},
-    {"propriedades", "Propriedades", makePropertiesPanel, Qt::RightDockWidgetArea},
-    {"material", "Lista de material", makeMaterialPanel, Qt::RightDockWidgetArea},
-    {"conferencia", "Conferência", makeCheckPanel, Qt::RightDockWidgetArea, false},
-    {"plano", "Plano de corte", makePlanPanel, Qt::RightDockWidgetArea, false},
+    {"inicio", "Início", makeStartPage, 226},
+    {"camadas", "Camadas", makeLayersPanel, 400},
+    {"propriedades", "Propriedades", makePropertiesPanel, 300},
+    {"material", "Lista de material", makeMaterialPanel, 420},
+    {"conferencia", "Conferência", makeCheckPanel, 380},
+    {"plano", "Plano de corte", makePlanPanel, 420},
 };
-
-/// The one of the tabs that is in front at first.
-constexpr auto kShownPanel = "propriedades";
 
 /// True for widgets in which a person writes; keys typed elsewhere go to the command line.
 bool takesText(const QWidget* widget) {
@@ -90,8 +90,9 @@ MainWindow::MainWindow() {
     makeCommandLine();
     makePanels();
     if (!restoreGeometry(QSettings().value(kGeometryKey).toByteArray())) takeUsualSize();
-    m_status = new StatusBar(this);
+    m_status = new StatusBar(m_tabs, this);
     setStatusBar(m_status);
+    m_fields = new ObjectFields(this);
     connectUi();
     registerActions();
     // Keys typed anywhere in the window belong to the command line.
@@ -111,13 +112,7 @@ void MainWindow::makeCanvas() {
     m_canvas = new Canvas(this);
     m_canvas->setObjectName("desenho");
     m_tabs = new LayoutTabs(this);
-    auto* const centre = new QWidget(this);
-    auto* const column = new QVBoxLayout(centre);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(m_canvas, 1);
-    column->addWidget(m_tabs);
-    setCentralWidget(centre);
+    setCentralWidget(m_canvas);
     connect(m_tabs, &LayoutTabs::commandWanted, m_ui, &WindowUi::runCommand);
     connect(m_canvas, &Canvas::answered, m_ui, &WindowUi::answer);
     connect(m_canvas, &Canvas::keyTyped, this,
@@ -155,17 +150,21 @@ void MainWindow::makeCommandLine() {
 }
 
 void MainWindow::makePanels() {
+    auto* const tabs = new SideTabs(this);
+    addToolBar(Qt::RightToolBarArea, tabs);
     QDockWidget* former = nullptr;
     for (const PanelRow& row : kPanels) {
         Panel* const panel = row.make().release();
+        if (m_start == nullptr) m_start = qobject_cast<StartPage*>(panel);
         panel->setMinimumWidth(kLeastPanelWidth);
         auto* const dock = new QDockWidget(row.title, this);
         dock->setObjectName(row.name);
         dock->setWidget(panel);
-        addDockWidget(row.area, dock);
+        addDockWidget(Qt::RightDockWidgetArea, dock);
         if (former != nullptr) tabifyDockWidget(former, dock);
+        dock->setVisible(former == nullptr);
         former = dock;
-        dock->setVisible(row.shown);
+        tabs->add(dock, row.width);
         m_panels.push_back(panel);
         m_windowActions.insert(row.name, [this, &row] { showPanel(row.name); });
         connect(panel, &Panel::changed, this, [this] {
@@ -177,7 +176,7 @@ void MainWindow::makePanels() {
         connect(panel, &Panel::messageWanted, m_commandLine,
                 [this](const QString& text) { m_commandLine->print(text + "\n"); });
     }
-    if (auto* const first = findChild<QDockWidget*>(kShownPanel)) first->raise();
+    connect(m_start, &StartPage::fileWanted, this, &MainWindow::openFile);
 }
 
 void MainWindow::connectUi() {
@@ -201,6 +200,13 @@ void MainWindow::connectUi() {
     });
     connect(m_canvas, &Canvas::pointerMoved, m_status, &StatusBar::showPointer);
     connect(m_status, &StatusBar::scaleWanted, m_ui, &WindowUi::runCommand);
+    connect(m_fields, &ObjectFields::scaleWanted, m_ui, &WindowUi::runCommand);
+    connect(m_fields, &ObjectFields::messageWanted, m_commandLine,
+            [this](const QString& text) { m_commandLine->print(text + "\n"); });
+    connect(m_fields, &ObjectFields::changed, this, [this] {
+        m_canvas->refresh();
+        showAll();
+    });
     connect(m_status, &StatusBar::changed, this, [this] {
         m_canvas->refresh();
         if (m_ui->idle()) showAll();
@@ -214,11 +220,13 @@ void MainWindow::setEditor(Editor* editor) {
     m_canvas->setEditor(editor);
     for (Panel* const panel : m_panels) panel->setEditor(editor);
     m_status->setEditor(editor);
+    m_fields->setEditor(editor);
     m_tabs->setEditor(editor);
     if (editor == nullptr) return;
     editor->onDrawingReplaced = [this] {
         m_canvas->setEditor(m_editor);
         for (Panel* const panel : m_panels) panel->setEditor(m_editor);
+        m_fields->setEditor(m_editor);
         // What waits goes on waiting.
         m_canvas->setRequest(m_ui->request());
         emit documentReplaced();
@@ -230,8 +238,8 @@ void MainWindow::setEditor(Editor* editor) {
 }
 
 void MainWindow::restoreLayout() {
-    resizeDocks({findChild<QDockWidget*>("linha_de_comando")}, {kCommandLineHeight}, Qt::Vertical);
-    resizeDocks({findChild<QDockWidget*>(kShownPanel)}, {kPanelWidth}, Qt::Horizontal);
+    resizeDocks({findChild<QDockWidget*>("linha_de_comando")}, {1}, Qt::Vertical);
+    resizeDocks({findChild<QDockWidget*>(kPanels[0].name)}, {kPanels[0].width}, Qt::Horizontal);
     restoreState(QSettings().value(kStateKey).toByteArray(), kStateVersion);
 }
 
@@ -253,6 +261,7 @@ void MainWindow::showAll() {
     if (m_editor == nullptr) return;
     for (Panel* const panel : m_panels) panel->refresh();
     m_status->refresh();
+    m_fields->refresh();
     m_tabs->refresh();
     setWindowTitle(m_files->title());
     setWindowFilePath(toQString(m_editor->file().name()));

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QToolButton>
 
 #include <memory>
 #include <vector>
@@ -19,6 +20,8 @@ namespace prancheta::desktop {
 
 class HelpWindow;
 class LayoutTabs;
+class ObjectFields;
+class StartPage;
 class StatusBar;
 
 class MainWindow : public QMainWindow {
@@ -62,10 +65,14 @@ private:
     void makePanels();
     void connectUi();
     void registerActions();
-    void addItems(QMenu& menu, const std::vector<MenuItem>& items,
-                  const std::filesystem::path& folder);
-    QAction* actionOf(const MenuItem& item, const std::filesystem::path& folder);
+    void addItems(QMenu& menu, const std::vector<MenuItem>& items);
+    QAction* actionOf(const MenuItem& item);
     void addToolbar(const Toolbar& bar);
+    QWidget* familyButton(const Family& family, QToolBar& bar,
+                          QToolButton::ToolButtonPopupMode mode);
+    void fillStartPage(const std::vector<Family>& families);
+    /// In the colours of the palette.
+    void drawIcons();
     void fillRecent();
     void fillView(QMenu& menu);
     void showChanges();
@@ -100,6 +107,8 @@ private:
     LayoutTabs* m_tabs = nullptr;
     CommandLine* m_commandLine = nullptr;
     StatusBar* m_status = nullptr;
+    ObjectFields* m_fields = nullptr;
+    StartPage* m_start = nullptr;
     DrawingFiles* m_files = nullptr;
     WindowUi* m_ui = nullptr;
     HelpWindow* m_help = nullptr;
@@ -109,6 +118,7 @@ private:
     std::vector<Panel*> m_panels;
     QHash<QString, std::function<void()>> m_windowActions;
     QHash<QString, QAction*> m_entries;  ///< by command or action
+    std::vector<std::pair<QAction*, MenuItem>> m_drawn;
 };
 
 }  // namespace prancheta::desktop

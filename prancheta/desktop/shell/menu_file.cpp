@@ -2,10 +2,13 @@
 // Reads menus.json.
 #include "prancheta/desktop/shell/menu_file.h"
 
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
+
+#include <algorithm>
 
 #include "prancheta/base/file.h"
 
@@ -32,6 +35,8 @@ public:
         for (const auto& menu : root["menus"].toArray()) out.menus.push_back(item(menu, "menus"));
         checkMnemonics(out.menus, "menus");
         for (const auto& bar : root["barras"].toArray()) out.toolbars.push_back(toolbar(bar));
+        for (const auto& title : root["inicio"].toArray())
+            out.start.push_back(family(QJsonObject{{"familia", title}}, "em inicio"));
         if (out.menus.empty()) fail("não há nenhum menu em \"menus\"");
         if (m_error.isEmpty()) return out;
         return Error{m_error.toStdString(), m_file, 0, 0};
@@ -57,6 +62,7 @@ private:
             fail("em " + name +
                  ": o item precisa de um só entre \"comando\", \"acao\" e \"itens\"");
         checkMnemonics(out.items, name);
+        if (!out.items.empty()) m_submenus.insert(plain(out.title), entriesOf(out.items));
         if (!out.command.isEmpty()) m_known.insert(out.command);
         if (!out.action.isEmpty()) m_known.insert(out.action);
         return out;
@@ -91,24 +97,71 @@ private:
         }
     }
 
+    static QString plain(QString title) { return title.remove('&'); }
+
+    static std::vector<QString> entriesOf(const std::vector<MenuItem>& items) {
+        std::vector<QString> out;
+        for (const MenuItem& item : items)
+            if (!item.command.isEmpty() || !item.action.isEmpty())
+                out.push_back(item.command.isEmpty() ? item.action : item.command);
+        return out;
+    }
+
+    QString known(const QString& name, const QString& where) {
+        if (!m_known.contains(name)) fail(where + ": nenhum menu tem \"" + name + "\"");
+        return name;
+    }
+
+    Family family(const QJsonObject& object, const QString& where) {
+        Family out{object["familia"].toString(), {}};
+        for (const auto& entry : object["itens"].toArray())
+            out.entries.push_back(known(entry.toString(), where));
+        if (out.entries.empty()) out.entries = m_submenus.value(out.title);
+        if (out.entries.empty())
+            fail(where + ": a família \"" + out.title +
+                 "\" não tem \"itens\", e nenhum submenu tem este título");
+        return out;
+    }
+
+    ToolbarItem toolbarItem(const QJsonValue& value, const QString& where) {
+        ToolbarItem out;
+        if (!value.isObject()) {
+            const QString name = value.toString();
+            if (name != "-") out.entry = known(name, where);
+            return out;
+        }
+        const QJsonObject object = value.toObject();
+        if (object.contains("familia")) {
+            out.family = family(object, where);
+            return out;
+        }
+        out.field = object["campo"].toString();
+        if (std::find(std::begin(kToolbarFields), std::end(kToolbarFields), out.field) ==
+            std::end(kToolbarFields))
+            fail(where +
+                 ": um item é um comando, \"-\", uma \"familia\" ou um \"campo\" (camada, "
+                 "cor, tipo-de-linha, espessura, escala)");
+        return out;
+    }
+
     Toolbar toolbar(const QJsonValue& value) {
         const QJsonObject object = value.toObject();
         Toolbar out;
         out.title = object["titulo"].toString();
+        out.left = object["lado"].toString() == "esquerda";
         out.newRow = object["nova_linha"].toBool();
         if (out.title.isEmpty()) fail("em barras: falta \"titulo\"");
-        for (const auto& entry : object["itens"].toArray()) {
-            const QString name = entry.toString();
-            if (name != "-" && !m_known.contains(name))
-                fail("na barra " + out.title + ": nenhum menu tem \"" + name + "\"");
-            out.entries.push_back(name == "-" ? QString() : name);
-        }
+        if (object.contains("lado") && !out.left)
+            fail("na barra " + out.title + ": \"lado\" só pode ser \"esquerda\"");
+        for (const auto& entry : object["itens"].toArray())
+            out.items.push_back(toolbarItem(entry, "na barra " + out.title));
         return out;
     }
 
     std::string m_file;
     QString m_error;
     QSet<QString> m_known;
+    QHash<QString, std::vector<QString>> m_submenus;  ///< entries by title
 };
 
 }  // namespace

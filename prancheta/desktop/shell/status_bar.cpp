@@ -8,16 +8,12 @@
 #include <cmath>
 
 #include "prancheta/desktop/panels/panels.h"
-#include "prancheta/editor/paper_scale.h"
 #include "prancheta/editor/snap_modes.h"
 
 namespace prancheta::desktop {
 namespace {
 
 constexpr short kSnapsOff = 16384;
-
-/// Usual scales of a drawing, 1 to this.
-constexpr int kDrawingScales[] = {1, 2, 5, 10, 15, 20, 25, 30, 40, 50, 75, 100, 200, 500};
 
 }  // namespace
 
@@ -30,16 +26,17 @@ const StatusBar::Aid StatusBar::kAids[] = {
     {"ESPESSURA", L"LWDISPLAY", 1, false, "Mostra as espessuras de linha"},
 };
 
-StatusBar::StatusBar(QWidget* parent)
+StatusBar::StatusBar(QWidget* tabs, QWidget* parent)
     : QStatusBar(parent),
       m_coordinates(new QLabel(this)),
       m_totals(new QLabel(this)),
       m_viewport(new ViewportButton(this)),
-      m_scale(new QToolButton(this)) {
+      m_scale(new ScaleButton(this)) {
     m_coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_coordinates->setMinimumWidth(m_coordinates->fontMetrics().horizontalAdvance('0') * 30);
+    m_coordinates->setMinimumWidth(m_coordinates->fontMetrics().horizontalAdvance('0') * 22);
     m_coordinates->setObjectName("coordenadas");
     m_totals->setObjectName("totais");
+    addWidget(tabs);
     addWidget(m_coordinates);
     for (std::size_t i = 0; i < std::size(kAids); ++i) {
         auto* const button = new QToolButton(this);
@@ -59,12 +56,7 @@ StatusBar::StatusBar(QWidget* parent)
         m_buttons.push_back(button);
     }
     m_scale->setObjectName("escala");
-    m_scale->setToolTip("Escala do desenho: cotas, marcas, textos, tabelas, hachuras");
-    m_scale->setAutoRaise(true);
-    m_scale->setFocusPolicy(Qt::NoFocus);
-    m_scale->setPopupMode(QToolButton::InstantPopup);
-    m_scale->setMenu(new QMenu(m_scale));
-    connect(m_scale->menu(), &QMenu::aboutToShow, this, &StatusBar::fillScaleMenu);
+    connect(m_scale, &ScaleButton::scaleWanted, this, &StatusBar::scaleWanted);
     connect(m_viewport, &ViewportButton::changed, this, [this] {
         refresh();
         emit changed();
@@ -78,6 +70,7 @@ StatusBar::StatusBar(QWidget* parent)
 void StatusBar::setEditor(Editor* editor) {
     m_editor = editor;
     m_viewport->setEditor(editor);
+    m_scale->setEditor(editor);
     refresh();
 }
 
@@ -118,27 +111,9 @@ void StatusBar::showSnapMenu(const QPoint& position) {
     menu.exec(position);
 }
 
-void StatusBar::fillScaleMenu() {
-    QMenu* const menu = m_scale->menu();
-    menu->clear();
-    const auto add = [this, menu](const QString& shown, const QString& command) {
-        QAction* const action = menu->addAction(shown);
-        connect(action, &QAction::triggered, this, [this, command] { emit scaleWanted(command); });
-        return action;
-    };
-    for (const int scale : kDrawingScales) {
-        const QString text = QString("1:%1").arg(scale);
-        QAction* const action = add(text, "_ESCALADESENHO " + text);
-        action->setCheckable(true);
-        action->setChecked(m_scale->text() == text);
-    }
-    menu->addSeparator();
-    add("&Outra...", "_ESCALADESENHO");
-}
-
 void StatusBar::refresh() {
     if (m_editor == nullptr) return;
-    m_scale->setText(QString::fromStdWString(paperScaleText(drawingScale(m_editor->database()))));
+    m_scale->refresh();
     const SystemVariables& variables = m_editor->variables();
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {
         const bool set = (variables.number(kAids[i].variable) & kAids[i].bit) != 0;

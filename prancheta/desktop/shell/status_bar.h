@@ -9,6 +9,7 @@
 #include <functional>
 #include <vector>
 
+#include "prancheta/desktop/shell/scale_button.h"
 #include "prancheta/desktop/shell/viewport_button.h"
 
 namespace prancheta::desktop {
@@ -16,14 +17,14 @@ namespace prancheta::desktop {
 class StatusBar : public QStatusBar {
     Q_OBJECT
 public:
-    explicit StatusBar(QWidget* parent = nullptr);
+    /// `tabs` stand at its beginning.
+    explicit StatusBar(QWidget* tabs, QWidget* parent = nullptr);
     void setEditor(Editor* editor);
     /// Brings buttons and totals up to date with the variables and the selection.
     void refresh();
     /// Drawing units.
     void showPointer(const AcGePoint3d& world);
-    /// Switches the drawing aid whose button has this name ("ORTO", "SNAP", "GRADE", "PASSO",
-    /// "ESPESSURA").
+    /// Switches the drawing aid whose button has this name ("ORTO", "SNAP", "GRADE", ...).
     void toggle(const QString& name);
     bool isOn(const QString& name) const;
 
@@ -45,13 +46,12 @@ private:
     void toggle(std::size_t index);
     void setVariable(const wchar_t* name, int value);
     void showSnapMenu(const QPoint& position);
-    void fillScaleMenu();
 
     Editor* m_editor = nullptr;
     QLabel* m_coordinates;
     QLabel* m_totals;
     ViewportButton* m_viewport;
-    QToolButton* m_scale;
+    ScaleButton* m_scale;
     std::vector<QToolButton*> m_buttons;
 };
 
