@@ -19,7 +19,7 @@ double unitOf(int angleUnits) { return readAngle(L"1", angleUnits).value_or(1.0)
 }  // namespace
 
 bool isAngleVariable(std::wstring_view name) {
-    for (const std::wstring_view angle : {L"ANGBASE", L"LASTANGLE", L"SNAPANG"})
+    for (const std::wstring_view angle : {L"ANGBASE", L"LASTANGLE", L"POLARANG", L"SNAPANG"})
         if (equalNoCase(name, angle)) return true;
     return false;
 }

@@ -5,6 +5,7 @@
 #include "dbpl.h"
 #include "prancheta/editor/picking.h"
 #include "prancheta/editor/snap_modes.h"
+#include "prancheta/editor/tracking.h"
 #include "prancheta/geometry/angles.h"
 #include "support.h"
 
@@ -150,6 +151,102 @@ TEST_F(SnapHitsTest, crowdedPlacesAreCut) {
     const std::vector<SnapHit> crossings = hits(103.02, 3.01, kIntersection);
     ASSERT_EQ(crossings.size(), 64u);
     editortest::expectPoint(crossings[0].point, 103, 3);
+}
+
+// --- Lines that hold the pointer ----------------------------------------------------------------
+
+TEST_F(SnapHitsTest, thePointerIsHeldOnLinesFromWhereItRested) {
+    constexpr int kExtension = 4096;
+    constexpr int kParallel = 8192;
+    constexpr int kBoth = kPolarTracking + kObjectTracking;
+    line(20, 30, 40, 30);  // its end holds along X and Y, and beyond itself
+    line(0, 0, 30, 40);    // rises by 4 on 3
+    const AcGePoint3d base(100, 100, 0);
+    const struct {
+        const char* what;
+        short aids;  // AUTOSNAP
+        double polar;
+        std::vector<AcGePoint3d> rests;
+        AcGePoint3d pointer;
+        int modes;
+        std::vector<TrackLine::Kind> lines;
+        AcGePoint3d held;
+    } kCases[] = {
+        {"on the polar line",
+         kPolarTracking,
+         90,
+         {},
+         {150, 103, 0},
+         0,
+         {TrackLine::Kind::Polar},
+         {150, 100, 0}},
+        {"none is near", kPolarTracking, 90, {}, {150, 120, 0}, 0, {}, {}},
+        {"at 45 degrees",
+         kPolarTracking,
+         45,
+         {},
+         {151, 149, 0},
+         0,
+         {TrackLine::Kind::Polar},
+         {150, 150, 0}},
+        {"switched off", 0, 90, {{40, 30, 0}}, {150, 103, 0}, kEnd, {}, {}},
+        {"above an end",
+         kObjectTracking,
+         90,
+         {{40, 30, 0}},
+         {42, 80, 0},
+         kEnd,
+         {TrackLine::Kind::Object},
+         {40, 80, 0}},
+        {"an end that was let go",
+         kObjectTracking,
+         90,
+         {{40, 30, 0}, {40, 30, 0}},
+         {42, 80, 0},
+         kEnd,
+         {},
+         {}},
+        {"above the end, level with the base",
+         kBoth,
+         90,
+         {{40, 30, 0}},
+         {42, 98, 0},
+         kEnd,
+         {TrackLine::Kind::Polar, TrackLine::Kind::Object},
+         {40, 100, 0}},
+        // 50 beyond the end of the rising line: 30 and 40 more.
+        {"beyond an end",
+         0,
+         90,
+         {{30, 40, 0}},
+         {60.8, 79.4, 0},
+         kEnd + kExtension,
+         {TrackLine::Kind::Extension},
+         {60, 80, 0}},
+        {"not before it", 0, 90, {{30, 40, 0}}, {15.8, 19.4, 0}, kEnd + kExtension, {}, {}},
+        {"parallel to an edge",
+         0,
+         90,
+         {{12, 16, 0}},
+         {130.8, 139.4, 0},
+         kParallel,
+         {TrackLine::Kind::Parallel},
+         {130, 140, 0}},
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.what);
+        editor->variables().force(L"AUTOSNAP", c.aids);
+        editor->variables().force(L"POLARANG", c.polar * kPi / 180.0);
+        Tracking tracking;
+        for (const AcGePoint3d& at : c.rests) EXPECT_TRUE(tracking.rest(*editor, at, c.modes));
+        const auto hit = tracking.hold(*editor, c.pointer, base, c.modes);
+        ASSERT_EQ(hit.has_value(), !c.lines.empty());
+        if (!hit) continue;
+        std::vector<TrackLine::Kind> kinds;
+        for (const TrackLine& each : hit->lines) kinds.push_back(each.kind);
+        EXPECT_EQ(kinds, c.lines);
+        EXPECT_TRUE(hit->point.isEqualTo(c.held, AcGeTol())) << hit->point.x << " " << hit->point.y;
+    }
 }
 
 }  // namespace
