@@ -6,6 +6,7 @@
 #include "dbents.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
+#include "prancheta/geometry/bulge.h"
 
 using namespace prancheta;
 
@@ -16,20 +17,6 @@ namespace {
 /// Arcs through three points of the ellipse each leave it by less than 1e-5 of its size: smooth on
 /// any paper, and a picture of few numbers.
 constexpr double kArcsOfTurn = 128.0;
-
-struct InPlane {
-    double x = 0.0;
-    double y = 0.0;
-};
-
-/// tan of a quarter of the sweep of the arc from `a` to `b` through `middle`, which lies to the
-/// right of the chord.
-double bulgeThrough(const InPlane& a, const InPlane& middle, const InPlane& b) {
-    const InPlane u{a.x - middle.x, a.y - middle.y};
-    const InPlane v{b.x - middle.x, b.y - middle.y};
-    const double angle = std::atan2(std::abs(u.x * v.y - u.y * v.x), u.x * v.x + u.y * v.y);
-    return std::tan((kPi - angle) / 2.0);
-}
 
 }  // namespace
 
@@ -119,21 +106,22 @@ Adesk::Boolean AcDbEllipse::subWorldDraw(AcGiWorldDraw* draw) {
     const bool closed = isClosed();
     const auto at = [&](double param) {
         const auto [s, c] = sineCosine(param);
-        return InPlane{major * c, minor * s};
+        return AcGePoint3d(major * c, minor * s, 0.0);
     };
     const int count = std::max(1, static_cast<int>(std::ceil(sweep() / kTwoPi * kArcsOfTurn)));
     const double step = sweep() / count;
     std::vector<AcGePoint3d> points;
     std::vector<double> bulges;
-    InPlane from = at(m_start);
+    AcGePoint3d from = at(m_start);
     for (int i = 0; i < count; ++i) {
-        const InPlane to = at(m_start + step * (i + 1));
-        points.emplace_back(from.x, from.y, 0.0);
-        bulges.push_back(bulgeThrough(from, at(m_start + step * (i + 0.5)), to));
+        const AcGePoint3d to = at(m_start + step * (i + 1));
+        points.push_back(from);
+        bulges.push_back(
+            bulgeOfSweep(2.0 * halfSweepThrough(from, at(m_start + step * (i + 0.5)), to)));
         from = to;
     }
     if (!closed) {
-        points.emplace_back(from.x, from.y, 0.0);
+        points.push_back(from);
         bulges.push_back(0.0);
     }
     const AcGeVector3d x = m_major.normal();

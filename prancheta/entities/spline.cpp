@@ -2,11 +2,13 @@
 // Spline.
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "dbspline.h"
 #include "prancheta/entities/common.h"
 #include "prancheta/entities/listing.h"
 #include "prancheta/entities/spline_curve.h"
+#include "prancheta/geometry/bulge.h"
 
 using namespace prancheta;
 
@@ -16,24 +18,15 @@ namespace {
 
 constexpr double kSame = 1e-9;
 
-/// Bulge of the arc from a to b through m, counter-clockwise above 0; all at one height.
-double bulgeThrough(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3d& b) {
+/// Sweep of the arc from a to b through m, counter-clockwise above 0; all at one height.
+double sweepThrough(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3d& b) {
     const AcGeVector3d u = a - m;
     const AcGeVector3d v = b - m;
-    const double turn = std::atan2(u.x * v.y - u.y * v.x, u.x * v.x + u.y * v.y);
-    // Seen from m the chord takes pi less half of the sweep.
-    return turn > 0.0 ? -std::tan((kPi - turn) / 2.0) : std::tan((kPi + turn) / 2.0);
-}
-
-/// Half of the sweep of the arc from a to b through m, radians.
-double halfTurn(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3d& b) {
-    const AcGeVector3d u = a - m;
-    const AcGeVector3d v = b - m;
-    return kPi - std::atan2(u.crossProduct(v).length(), u.dotProduct(v));
+    return std::copysign(2.0 * halfSweepThrough(a, m, b), v.x * u.y - v.y * u.x);
 }
 
 double arcLength(const AcGePoint3d& a, const AcGePoint3d& m, const AcGePoint3d& b) {
-    const double half = halfTurn(a, m, b);
+    const double half = halfSweepThrough(a, m, b);
     const double chord = a.distanceTo(b);
     return half > 1e-6 ? chord * half / std::sin(half) : chord;
 }
@@ -100,8 +93,7 @@ Acad::ErrorStatus AcDbSpline::getArea(double& area) const {
         const AcGeVector3d b = m_curve[i] - o;
         sum += (a.x * b.y - b.x * a.y) / 2.0;
         // Between the arc and its chord.
-        const double sweep =
-            4.0 * std::atan(bulgeThrough(m_curve[i - 2], m_curve[i - 1], m_curve[i]));
+        const double sweep = sweepThrough(m_curve[i - 2], m_curve[i - 1], m_curve[i]);
         const double half = std::sin(sweep / 2.0);
         if (std::abs(half) < 1e-9) continue;
         const double radius = (b - a).length() / 2.0 / half;
@@ -125,7 +117,7 @@ AcGePoint3d AcDbSpline::middle() const {
     const AcGeVector3d v = m_curve[i - 1] - a;
     const AcGeVector3d normal = v.crossProduct(u);
     const double t = piece > 0.0 ? left / piece : 0.0;
-    const double half = halfTurn(a, m_curve[i - 1], m_curve[i]);
+    const double half = halfSweepThrough(a, m_curve[i - 1], m_curve[i]);
     if (half <= 1e-6 || normal.isZeroLength()) return a + u * t;
     // The chord to a place of the arc leaves the whole chord by half of what is left of the turn.
     AcGeVector3d chord = u.normal() * (u.length() / std::sin(half) * std::sin(half * t));
@@ -180,7 +172,7 @@ Adesk::Boolean AcDbSpline::subWorldDraw(AcGiWorldDraw* draw) {
     std::vector<double> bulges;
     for (std::size_t i = 2; i < m_curve.size(); i += 2) {
         points.push_back(m_curve[i - 2]);
-        bulges.push_back(bulgeThrough(m_curve[i - 2], m_curve[i - 1], m_curve[i]));
+        bulges.push_back(bulgeOfSweep(sweepThrough(m_curve[i - 2], m_curve[i - 1], m_curve[i])));
     }
     const bool closed = isClosed();
     if (!closed) {

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "prancheta/geometry/angles.h"
+
 namespace prancheta {
 
 bool arcOfBulge(const AcGePoint3d& a, const AcGePoint3d& b, double bulge,
@@ -21,5 +23,13 @@ bool arcOfBulge(const AcGePoint3d& a, const AcGePoint3d& b, double bulge,
 }
 
 double bulgeOfSweep(double sweep) { return std::tan(sweep / 4.0); }
+
+// The chord is seen from the middle point under a half turn less half the sweep.
+double halfSweepThrough(const AcGePoint3d& a, const AcGePoint3d& middle, const AcGePoint3d& b) {
+    const AcGeVector3d u = a - middle;
+    const AcGeVector3d v = b - middle;
+    if (u.isZeroLength() || v.isZeroLength()) return 0.0;
+    return kPi - std::atan2(u.crossProduct(v).length(), u.dotProduct(v));
+}
 
 }  // namespace prancheta

@@ -21,4 +21,8 @@ bool arcOfBulge(const AcGePoint3d& a, const AcGePoint3d& b, double bulge,
 /// Sweep in radians, counter-clockwise above 0; tan of its quarter.
 double bulgeOfSweep(double sweep);
 
+/// Half the sweep of the arc from `a` to `b` through `middle`, without sign; 0 where they stand on
+/// one line in this order or two coincide.
+double halfSweepThrough(const AcGePoint3d& a, const AcGePoint3d& middle, const AcGePoint3d& b);
+
 }  // namespace prancheta

@@ -16,16 +16,6 @@ namespace {
 /// Where a curve cannot stay one (unequal scales): of a full turn.
 constexpr double kArcsOfTurn = 128.0;
 
-/// tan of a quarter of the sweep of the arc from `a` to `b` through `middle`, less than half a
-/// turn.
-double bulgeThrough(const AcGePoint3d& a, const AcGePoint3d& middle, const AcGePoint3d& b) {
-    const AcGeVector3d u = a - middle;
-    const AcGeVector3d v = b - middle;
-    if (u.isZeroLength() || v.isZeroLength()) return 0.0;
-    const double angle = std::atan2(u.crossProduct(v).length(), u.dotProduct(v));
-    return std::tan((kPi - angle) / 2.0);
-}
-
 /// Polyline with arcs.
 struct Outline {
     std::vector<AcGePoint3d> points;
@@ -50,7 +40,8 @@ void addDistorted(const BulgeArc& arc, const AcGeVector3d& normal, const AcGeMat
     AcGePoint3d from = at(0.0);
     for (int i = 0; i < count; ++i) {
         const AcGePoint3d to = at(step * (i + 1));
-        out.add(from, std::copysign(bulgeThrough(from, at(step * (i + 0.5)), to), arc.sweep));
+        const double sweep = 2.0 * halfSweepThrough(from, at(step * (i + 0.5)), to);
+        out.add(from, std::copysign(bulgeOfSweep(sweep), arc.sweep));
         from = to;
     }
 }

@@ -37,6 +37,16 @@ TEST(Bulge, ThreeQuartersAndOtherPlanes) {
     EXPECT_TRUE(arc.center.isEqualTo({0, 0, 0}));
 }
 
+TEST(Bulge, HalfTheSweepThroughThreePoints) {
+    const double r = std::sqrt(0.5);
+    EXPECT_NEAR(halfSweepThrough({1, 0, 0}, {r, r, 0}, {0, 1, 0}), kPi / 4, 1e-12);
+    // The other way round, three quarters; in a plane that stands upright, a half.
+    EXPECT_NEAR(halfSweepThrough({1, 0, 0}, {-r, -r, 0}, {0, 1, 0}), 0.75 * kPi, 1e-12);
+    EXPECT_NEAR(halfSweepThrough({0, 0, 2}, {0, 2, 0}, {0, 0, -2}), kPi / 2, 1e-12);
+    EXPECT_EQ(halfSweepThrough({0, 0, 0}, {1, 0, 0}, {5, 0, 0}), 0.0);
+    EXPECT_EQ(halfSweepThrough({1, 1, 0}, {1, 1, 0}, {2, 2, 0}), 0.0);
+}
+
 TEST(Bulge, StraightAndCoincidentAreNoArcs) {
     BulgeArc arc;
     EXPECT_FALSE(arcOfBulge({0, 0, 0}, {1, 0, 0}, 0.0, AcGeVector3d::kZAxis, arc));

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "prancheta/geometry/angles.h"
+#include "prancheta/geometry/bulge.h"
 
 namespace prancheta::commands {
 
@@ -51,9 +52,7 @@ std::optional<double> bulgeThrough(const AcGePoint3d& a, const AcGePoint3d& midd
     const AcGeVector3d toB = b - middle;
     const double turn = cross(toB, toA);
     if (std::abs(turn) <= kStraight * (toA.lengthSqrd() + toB.lengthSqrd())) return std::nullopt;
-    // The angle seen from the middle point is a half turn less half the sweep.
-    const double seen = std::atan2(std::abs(turn), toA.x * toB.x + toA.y * toB.y);
-    return std::copysign(std::tan((kPi - seen) / 2.0), turn);
+    return std::copysign(bulgeOfSweep(2.0 * halfSweepThrough(a, middle, b)), turn);
 }
 
 std::optional<double> bulgeByRadius(const AcGePoint3d& a, const AcGePoint3d& b, double radius) {
