@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "prancheta/base/memory.h"
+#include "prancheta/base/raised.h"
 #include "prancheta/database/memory_filer.h"
 #include "prancheta/database/object_access.h"
 
@@ -32,18 +33,6 @@ struct UndoLog::Group {
 };
 
 namespace {
-
-/// Nothing is recorded meanwhile.
-class Undoing {
-public:
-    explicit Undoing(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~Undoing() { m_flag = false; }
-    Undoing(const Undoing&) = delete;
-    Undoing& operator=(const Undoing&) = delete;
-
-private:
-    bool& m_flag;
-};
 
 /// The next one finds it: what was done must not be lost for want of a place.
 template <class Group>
@@ -346,7 +335,7 @@ void UndoLog::takeBack(AcDbObject& object) {
     if (m_undoing) return;
     AcDbStub* stub = object.objectId();
     Record record;
-    const Undoing undoing(m_undoing);
+    const Raised undoing(m_undoing);  // nothing is recorded
     if (stub->isNew) {
         (void)takeLast(stub, Record::Appended, record);  // not there when recording was off
         stub->undoGroup = 0;
@@ -413,7 +402,7 @@ void UndoLog::notify(const Group& group, bool backwards) {
 }
 
 void UndoLog::exchange(Group& group, bool backwards) {
-    const Undoing undoing(m_undoing);
+    const Raised undoing(m_undoing);  // nothing is recorded
     const std::size_t count = group.records.size();
     for (std::size_t i = 0; i < count; ++i)
         exchangeRecord(group, group.records[backwards ? count - 1 - i : i], backwards);

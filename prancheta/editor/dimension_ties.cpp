@@ -7,6 +7,7 @@
 #include <cmath>
 #include <optional>
 
+#include "prancheta/base/raised.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/database/entity_picture.h"
@@ -314,7 +315,7 @@ void DimensionTies::follow(AcDbObjectId id) {
 
 void DimensionTies::settle() {
     if (m_changed.empty() || m_settling) return;
-    m_settling = true;
+    const Raised settling(m_settling);
     std::vector<AcDbObjectId> dimensions;
     std::unordered_set<const AcDbStub*> seen;
     const auto add = [&](AcDbObjectId id) {
@@ -333,7 +334,6 @@ void DimensionTies::settle() {
     for (const AcDbObjectId id : dimensions) follow(id);
     m_changed.clear();
     m_changedOnes.clear();
-    m_settling = false;
 }
 
 void tieDimension(Editor& editor, AcDbObjectId dimension) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "prancheta/base/raised.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/editor.h"
@@ -167,9 +168,8 @@ void Spaces::viewChanged() {
 void Spaces::viewportChanged() {
     const AcDbViewport* const viewport = viewportOf(m_viewport);
     if (viewport == nullptr) return;
-    m_following = true;
+    const Raised following(m_following);
     m_editor.screen().begin(viewThrough(*viewport));
-    m_following = false;
 }
 
 void Spaces::tabsChanged() {

@@ -110,7 +110,7 @@ void DrawingWatch::checkAll() {
     AcDbBlockTableRecordIterator* iterator = nullptr;
     if (space.object() == nullptr || space->newIterator(iterator) != Acad::eOk) return;
     const std::unique_ptr<AcDbBlockTableRecordIterator> holder(iterator);
-    m_applying = true;
+    const Applying applying(m_applying);
     for (; !iterator->done(); iterator->step()) {
         AcDbObjectId id;
         if (iterator->getEntityId(id) != Acad::eOk) continue;
@@ -122,7 +122,6 @@ void DrawingWatch::checkAll() {
         }
         if (loose) check(id, {});
     }
-    m_applying = false;
 }
 
 /// A new piece keeps a link when the other side names it, or when the other side is as new as
