@@ -109,7 +109,8 @@ std::string refusalOf(const CLI::App& app, const Options& options) {
     const bool onlyPdf = !options.plots[0].empty() && options.plots[1].empty() &&
                          options.plots[2].empty() && options.script == "-" &&
                          options.save.empty() && options.state.empty() && options.pieces.empty() &&
-                         options.check.empty() && options.catalogues.empty();
+                         options.check.empty() && options.catalogues.empty() &&
+                         options.compare.empty() && options.cutFiles.empty();
     if (!options.otherDrawings.empty() && !onlyPdf)
         return "vários desenhos servem só a --pdf, que faz um arquivo de todos, sem roteiro";
     return clashOf(options);
