@@ -10,6 +10,7 @@
 
 #include "prancheta/base/library.h"
 #include "prancheta/desktop/shell/application.h"
+#include "prancheta/editor/editor.h"
 
 namespace {
 
@@ -81,8 +82,9 @@ public:
         try {
             return QApplication::notify(receiver, event);
         } catch (const std::bad_alloc&) {
-            std::fputs("prancheta: memória insuficiente; salve o desenho e feche programas\n",
-                       stderr);
+            if (prancheta::Editor* const editor = prancheta::Editor::current())
+                editor->complain(
+                    L"Memória insuficiente: salve o desenho e feche outros programas.");
             return false;
         }
     }
