@@ -275,4 +275,5 @@ def main():
     shutil.rmtree(bench.folder)
 
 
-main()
+if __name__ == "__main__":
+    main()
