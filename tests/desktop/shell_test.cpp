@@ -188,15 +188,29 @@ void lockByDeadProcess(const fs::path& file) {
     ASSERT_EQ(status, 0);
 }
 
+std::vector<fs::path> withEnding(const fs::path& folder, const char* ending) {
+    std::vector<fs::path> files;
+    std::error_code none;  // the folder is made with the first copy
+    for (const auto& entry : fs::directory_iterator(folder, none))
+        if (entry.path().extension() == ending) files.push_back(entry.path());
+    return files;
+}
+
 TEST_F(Window, RecoversAfterACrash) {
     const fs::path drawing = folder() / "galpão.dxf";
     const fs::path kept = folder() / "kept";
     {
         Story story;
         story.afterSavedCircle(drawing, [&] { story.press("c 90,50 25 "); });
+        // A copy comes by itself, in the middle of a command, once nothing changed for a while.
         story.when([&] { return story.entities() == 2; },
                    [&] {
-                       ASSERT_TRUE(story.application().recovery().write());
+                       story.application().recovery().setRest(20);
+                       story.press("l 0,0 10,0 ");
+                   });
+        story.when([&] { return !withEnding(recoveries(), ".dxf").empty(); },
+                   [&] {
+                       EXPECT_FALSE(story.idle());
                        // A living window's copy is nobody else's.
                        const prancheta::desktop::Recovery other(recoveries(), nullptr);
                        EXPECT_TRUE(other.leftCopies().empty());
@@ -219,10 +233,15 @@ TEST_F(Window, RecoversAfterACrash) {
     // Another program changes the drawing before it is taken up again.
     std::ofstream(drawing, std::ios::app) << "\n";
     Story story;
+    story.when([] { return Story::boxOf("recuperar") != nullptr; },
+               [] {
+                   const QString told = Story::boxOf("recuperar")->informativeText();
+                   EXPECT_TRUE(told.endsWith("CÍRCULO, CÍRCULO, LINHA.")) << told.toStdString();
+               });
     story.choose("recuperar", "Recuperar");
     story.when([&] { return story.idle(); },
                [&] {
-                   EXPECT_EQ(story.entities(), 2u);
+                   EXPECT_EQ(story.entities(), 3u);
                    EXPECT_FALSE(fs::exists(recoveries() / "morta.nome"));
                    EXPECT_FALSE(fs::exists(recoveries() / "morta.lock"));
                    EXPECT_EQ(story.editor().file().name(), drawing);
@@ -232,7 +251,7 @@ TEST_F(Window, RecoversAfterACrash) {
                });
     ASSERT_TRUE(story.run());
     ASSERT_TRUE(story.editor().file().open(drawing));
-    EXPECT_EQ(story.entities(), 2u);
+    EXPECT_EQ(story.entities(), 3u);
 }
 
 TEST_F(Window, WorkOutlivesTheSystemsWishToEnd) {

@@ -15,6 +15,7 @@
 #include <cstdio>
 
 #include "prancheta/base/library.h"
+#include "prancheta/dcl/dialog.h"
 #include "prancheta/desktop/dialogs/run_dialog.h"
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/editor/installation.h"
@@ -113,7 +114,8 @@ Application::~Application() {
 }
 
 void Application::keepRecoveryUp() {
-    if (!m_window->ui().idle()) return;
+    // While nobody is asked a command may be in the middle of a change.
+    if (m_window->ui().request() == nullptr && dcl::openDialogs() == 0) return;
     const Result<void> kept = m_recovery->keepUp();
     // Told once: the reason seldom goes by itself, and the log is there to be worked with.
     if (!kept && !std::exchange(m_recoveryFailed, true))
@@ -143,6 +145,11 @@ void Application::offerLeftCopies() {
                             ", com alterações que não foram salvas.",
                         QMessageBox::NoButton, m_window.get());
         box.setObjectName("recuperar");
+        QStringList last;
+        for (const std::wstring& command : left.commands) last += QString::fromStdWString(command);
+        if (!last.isEmpty())
+            box.setInformativeText("Últimos comandos, o mais novo no fim: " + last.join(", ") +
+                                   ".");
         const QPushButton* const take = box.addButton("&Recuperar", QMessageBox::AcceptRole);
         const QPushButton* const drop = box.addButton("&Descartar", QMessageBox::DestructiveRole);
         box.addButton("Decidir &depois", QMessageBox::RejectRole);

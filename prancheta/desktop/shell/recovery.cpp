@@ -1,25 +1,34 @@
 // SPDX-License-Identifier: MIT
 // Recovery copies.
 //
-// A window that keeps a copy owns three files of one name: `.lock` says that it lives, `.nome`
-// holds the path of the drawing and, after a null, the stamp of its file, `.dxf` the drawing. The
-// lock is taken before the others are written.
+// A window that keeps a copy owns files of one name: `.lock` says that it lives, `.nome` holds the
+// path of the drawing and, after a null, the stamp of its file, `.dxf` the drawing, `.comandos` the
+// last commands, a line each. The lock is taken before the others are written.
 #include "prancheta/desktop/shell/recovery.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QUuid>
 
 #include <algorithm>
+#include <fstream>
 #include <sstream>
 
 #include "prancheta/base/file.h"
+#include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/desktop/shell/drawing_files.h"
+#include "prancheta/editor/command_stack.h"
 
 namespace prancheta::desktop {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr int kRest = 20'000;       // after the last change, ms
+constexpr qint64 kQuickCopy = 200;  // ms
+constexpr std::size_t kTrail = 20;  // commands
+constexpr auto kOwnFiles = {".dxf", ".nome", ".comandos"};
 
 fs::path withEnding(fs::path path, const char* ending) { return path.replace_extension(ending); }
 
@@ -45,19 +54,35 @@ std::optional<FileStamp> stampIn(const std::string& text) {
     return numbers ? std::optional(stamp) : std::nullopt;
 }
 
+void removeFiles(const fs::path& copy) {
+    std::error_code ignored;  // what stays is offered again, which is the safe side
+    for (const char* const ending : kOwnFiles) fs::remove(withEnding(copy, ending), ignored);
+}
+
 }  // namespace
+
+void CommandTrail::commandWillStart(const ACHAR* name) {
+    m_names.emplace_back(name);
+    if (m_names.size() > kTrail) m_names.pop_front();
+    m_added();
+}
 
 Recovery::Recovery(fs::path folder, QObject* parent)
     : QObject(parent),
       m_folder(std::move(folder)),
-      m_id(QUuid::createUuid().toString(QUuid::WithoutBraces)) {
-    connect(&m_timer, &QTimer::timeout, this, [this] {
-        m_due = true;
-        emit due();
-    });
+      m_id(QUuid::createUuid().toString(QUuid::WithoutBraces)),
+      m_trail([this] { noteCommands(); }) {
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(kRest);
+    for (QTimer* const timer : {&m_timer, &m_rest})
+        connect(timer, &QTimer::timeout, this, [this] {
+            m_due = true;
+            emit due();
+        });
 }
 
 Recovery::~Recovery() {
+    setEditor(nullptr);
     if (!m_left) drop();
 }
 
@@ -65,11 +90,16 @@ fs::path Recovery::file(const char* ending) const {
     return m_folder / (m_id.toStdString() + ending);
 }
 
-void Recovery::setEditor(Editor* editor) { m_editor = editor; }
+void Recovery::setEditor(Editor* editor) {
+    if (m_editor != nullptr) m_editor->programs().reactors().remove(&m_trail);
+    m_editor = editor;
+    if (m_editor != nullptr) m_editor->programs().reactors().add(&m_trail);
+}
 
 void Recovery::setMinutes(int minutes) {
     m_timer.stop();
     if (minutes > 0) m_timer.start(minutes * 60 * 1000);
+    if (minutes <= 0) m_rest.stop();
 }
 
 Result<void> Recovery::prepare() {
@@ -99,9 +129,25 @@ Result<void> Recovery::write() {
         name.write('\0' + textOf(*stamp));
     if (auto named = name.commit(); !named) return named;
     const std::uint64_t revision = m_editor->database().core().undo().revision();
+    QElapsedTimer clock;
+    clock.start();
     if (auto saved = m_editor->file().saveCopy(file(".dxf")); !saved) return saved;
+    m_cost = clock.elapsed();
     m_written = revision;
+    noteCommands();
     return {};
+}
+
+/// Beside the copy, at each command: one that ends the program is the last of them. A list that
+/// was cut by that end is better than a wait before every command.
+void Recovery::noteCommands() const {
+    if (!m_lock) return;
+    std::ofstream list(file(".comandos"), std::ios::trunc);
+    for (const std::wstring& global : m_trail.names()) {
+        const StackCommand* const command = m_editor->commands().find(TypedName(global));
+        const std::wstring& name = command != nullptr ? command->local : global;
+        list << QString::fromStdWString(name).toUpper().toStdString() << '\n';
+    }
 }
 
 Result<void> Recovery::leave() {
@@ -118,17 +164,18 @@ Result<void> Recovery::keepUp() {
         if (m_written) drop();
         return {};
     }
+    const std::uint64_t revision = m_editor->database().core().undo().revision();
+    const bool changed = std::exchange(m_seen, revision) != revision;
+    if (changed && m_timer.isActive() && m_cost < kQuickCopy) m_rest.start();
     if (!m_due) return {};
     m_due = false;
-    if (m_written == m_editor->database().core().undo().revision()) return {};
+    if (m_written == revision) return {};
     return write();
 }
 
 void Recovery::drop() {
     if (!m_lock) return;
-    std::error_code ignored;  // what stays is offered again, which is the safe side
-    fs::remove(file(".dxf"), ignored);
-    fs::remove(file(".nome"), ignored);
+    removeFiles(file(".dxf"));
     m_lock.reset();
     m_written.reset();
 }
@@ -139,15 +186,14 @@ void Recovery::removeRemains() const {
     std::vector<fs::path> remains;
     for (const auto& entry : fs::directory_iterator(m_folder, ignored)) {
         const fs::path ending = entry.path().extension();
-        if (ending != ".lock" && ending != ".nome") continue;
+        if (ending != ".lock" && ending != ".nome" && ending != ".comandos") continue;
         const fs::path copy = withEnding(entry.path(), ".dxf");
         if (copy != file(".dxf") && !fs::exists(copy, ignored)) remains.push_back(copy);
     }
     for (const fs::path& copy : remains) {
         auto claim = lockOf(withEnding(copy, ".lock"));
         // It may be a window that writes its first copy just now.
-        if (claim->tryLock(0) && !fs::exists(copy, ignored))
-            fs::remove(withEnding(copy, ".nome"), ignored);
+        if (claim->tryLock(0) && !fs::exists(copy, ignored)) removeFiles(copy);
     }
 }
 
@@ -166,6 +212,8 @@ std::vector<LeftCopy> Recovery::leftCopies() const {
             left.drawing = name->substr(0, end);
             left.stamp = stampIn(name->substr(std::min(end + 1, name->size())));
         }
+        std::ifstream commands(withEnding(left.copy, ".comandos"));
+        for (std::string name; std::getline(commands, name);) left.commands.push_back(toWide(name));
         left.when = QFileInfo(toQString(left.copy)).lastModified();
         left.claim = std::move(claim);
         out.push_back(std::move(left));
@@ -176,9 +224,7 @@ std::vector<LeftCopy> Recovery::leftCopies() const {
 }
 
 void Recovery::discard(LeftCopy& left) {
-    std::error_code ignored;
-    fs::remove(left.copy, ignored);
-    fs::remove(withEnding(left.copy, ".nome"), ignored);
+    removeFiles(left.copy);
     left.claim.reset();
 }
 

@@ -7,11 +7,14 @@
 #include <QObject>
 #include <QTimer>
 
+#include <deque>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
+#include "aced.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::desktop {
@@ -22,7 +25,22 @@ struct LeftCopy {
     std::filesystem::path drawing;   ///< the drawing's own file; empty: it had none
     std::optional<FileStamp> stamp;  ///< of that file as the window had read or saved it
     QDateTime when;
+    std::vector<std::wstring> commands;  ///< the last ones, oldest first, by their local names
     std::unique_ptr<QLockFile> claim;
+};
+
+/// Global names of the commands that were begun last.
+class CommandTrail : public AcEditorReactor {
+public:
+    /// `added` is called after each one.
+    explicit CommandTrail(std::function<void()> added) : m_added(std::move(added)) {}
+
+    void commandWillStart(const ACHAR* name) override;
+    const std::deque<std::wstring>& names() const { return m_names; }
+
+private:
+    std::deque<std::wstring> m_names;
+    std::function<void()> m_added;
 };
 
 /// Keeps one copy of the window's drawing while it has unsaved changes. Each window has files of
@@ -38,7 +56,10 @@ public:
     void setEditor(Editor* editor);
     /// 0: no copies.
     void setMinutes(int minutes);
-    /// To be called when no command runs: writes the copy when it is due, drops it after a save.
+    /// How long after the last change a copy is due that costs nobody anything, ms.
+    void setRest(int milliseconds) { m_rest.setInterval(milliseconds); }
+    /// To be called when nothing changes the drawing: at a question, in a dialog. Writes the copy
+    /// when it is due, drops it after a save.
     Result<void> keepUp();
     /// The former drawing was left by its user: its copy goes.
     void documentReplaced() { drop(); }
@@ -51,7 +72,7 @@ public:
     static void discard(LeftCopy& left);
 
 signals:
-    /// A copy is due; keepUp() writes it as soon as no command runs.
+    /// A copy is due; keepUp() writes it as soon as somebody is asked.
     void due();
 
 private:
@@ -59,13 +80,18 @@ private:
     void removeRemains() const;
     Result<void> prepare();
     void drop();
+    void noteCommands() const;
 
     std::filesystem::path m_folder;
     QString m_id;
     std::unique_ptr<QLockFile> m_lock;
     Editor* m_editor = nullptr;
-    QTimer m_timer;
+    QTimer m_timer;  ///< copies whatever they cost
+    QTimer m_rest;   ///< since the last change, while copies are quick
     bool m_due = false;
+    qint64 m_cost = 0;         ///< of the last copy, ms
+    std::uint64_t m_seen = 0;  ///< revision that the rest is counted from
+    CommandTrail m_trail;
     bool m_left = false;
     std::optional<std::uint64_t> m_written;  ///< revision of the copy; none: there is no copy
 };
