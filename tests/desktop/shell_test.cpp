@@ -12,6 +12,7 @@
 #include <set>
 
 #include "dbents.h"
+#include "prancheta/base/file.h"
 #include "prancheta/desktop/shell/help_window.h"
 #include "prancheta/desktop/shell/menu_file.h"
 #include "prancheta/editor/command_stack.h"
@@ -284,7 +285,17 @@ TEST_F(Window, DrawsAProfileFromItsDialog) {
     story.when([&] { return dialog() != nullptr; },
                [&] {
                    dialogtest::pick(*dialog(), "lista", 3);
+                   dialogtest::retype(*dialog(), "h", "51");
+                   dialogtest::press(*dialog(), "addtolist");
                    dialogtest::press(*dialog(), "accept");
+               });
+    // A row that was added is kept before the point: nothing that ends the program now loses it.
+    story.when([&] { return story.window().ui().request() != nullptr; },
+               [&] {
+                   const auto list = prancheta::readFile(folder() / "instalacao" / "Perfis" /
+                                                         "Listas" / "pu.lst");
+                   ASSERT_TRUE(list);
+                   EXPECT_NE(list->find("51\t25\t2.25\n"), std::string::npos);
                });
     // F1 inside it shows its chapter, however often.
     story.when([&] { return story.window().ui().request() != nullptr; },
