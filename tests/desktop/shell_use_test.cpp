@@ -12,6 +12,7 @@
 #include <QTableView>
 #include <QToolButton>
 
+#include <cmath>
 #include <fstream>
 
 #include "dbents.h"
@@ -19,6 +20,7 @@
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
 #include "prancheta/desktop/shell/style_dialog.h"
+#include "prancheta/desktop/shell/theme.h"
 #include "prancheta/entities/viewports.h"
 #include "rxregsvc.h"
 #include "tests/desktop/shell_story.h"
@@ -268,6 +270,41 @@ TEST_F(Window, DialogsTakeTheGroundOfTheDrawingArea) {
         EXPECT_TRUE(story.run());
     }
     QSettings().clear();
+}
+
+/// How much two colours differ for reading, 1 to 21 (WCAG 2.1, contrast ratio).
+double contrast(const QColor& a, const QColor& b) {
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double c) {
+            return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const auto [low, high] = std::minmax(luminance(a), luminance(b));
+    return (high + 0.05) / (low + 0.05);
+}
+
+TEST(Theme, WhatIsReadStandsOutFromItsGround) {
+    using prancheta::desktop::Theme;
+    const struct {
+        Theme theme;
+        double text, disabled;
+    } themes[] = {
+        {Theme::Light, 4.5, 3.0}, {Theme::Dark, 4.5, 3.0}, {Theme::HighContrast, 7.0, 4.5}};
+    const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
+        {QPalette::WindowText, QPalette::Window}, {QPalette::Text, QPalette::Base},
+        {QPalette::ButtonText, QPalette::Button}, {QPalette::HighlightedText, QPalette::Highlight},
+        {QPalette::Link, QPalette::Base},         {QPalette::ToolTipText, QPalette::ToolTipBase}};
+    for (const auto& [theme, text, disabled] : themes) {
+        const QPalette palette = prancheta::desktop::paletteOf(theme);
+        for (const auto& [front, ground] : pairs)
+            EXPECT_GE(contrast(palette.color(front), palette.color(ground)), text)
+                << static_cast<int>(theme) << ' ' << front;
+        EXPECT_GE(contrast(palette.color(QPalette::Disabled, QPalette::Text),
+                           palette.color(QPalette::Base)),
+                  disabled);
+    }
 }
 
 TEST_F(Window, TheScaleIsSetInTheStatusBarAndStylesInTheirDialogs) {

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// Palettes. What stands for reading has at least 7:1 in the high contrast, 4.5:1 in the others.
+#include "prancheta/desktop/shell/theme.h"
+
+#include <QApplication>
+
+namespace prancheta::desktop {
+namespace {
+
+struct Colors {
+    QRgb window, base, button, text, disabled, highlight, highlighted, link, line;
+};
+
+constexpr Colors kLight{0xffefefef, 0xffffffff, 0xffefefef, 0xff101010, 0xff6e6e6e,
+                        0xff1f6fb2, 0xffffffff, 0xff0b57a4, 0xff8a8a8a};
+constexpr Colors kDark{0xff2b2b2b, 0xff1e1e1e, 0xff3a3a3a, 0xfff0f0f0, 0xff9a9a9a,
+                       0xff2a6fb0, 0xffffffff, 0xff7db8f0, 0xff6a6a6a};
+constexpr Colors kHighContrast{0xff000000, 0xff000000, 0xff000000, 0xffffffff, 0xffb0b0b0,
+                               0xffffff00, 0xff000000, 0xff00ffff, 0xffffffff};
+
+/// A style derives the edges of fields from the window's colour, and on black they would be black.
+constexpr auto kEdges =
+    "QLineEdit, QComboBox, QAbstractSpinBox, QPushButton, QToolButton, QAbstractItemView,"
+    "QPlainTextEdit, QTextBrowser { border: 1px solid #ffffff; }"
+    "QPushButton:focus, QToolButton:hover, QLineEdit:focus { border: 2px solid #ffff00; }"
+    "QPushButton { padding: 3px 8px; } QLineEdit { padding: 1px; }"
+    "*:disabled { border-color: #b0b0b0; }";
+
+QPalette paletteFrom(const Colors& c) {
+    QPalette palette;
+    const auto set = [&](QPalette::ColorRole role, QRgb color) { palette.setColor(role, color); };
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                            QPalette::ToolTipText, QPalette::BrightText})
+        set(role, c.text);
+    set(QPalette::Window, c.window);
+    for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::ToolTipBase})
+        set(role, c.base);
+    set(QPalette::Button, c.button);
+    set(QPalette::Highlight, c.highlight);
+    set(QPalette::HighlightedText, c.highlighted);
+    set(QPalette::Link, c.link);
+    set(QPalette::LinkVisited, c.link);
+    for (const auto role : {QPalette::Light, QPalette::Midlight, QPalette::Mid, QPalette::Dark})
+        set(role, c.line);
+    set(QPalette::Shadow, c.text);
+    set(QPalette::PlaceholderText, c.disabled);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(c.disabled));
+    return palette;
+}
+
+}  // namespace
+
+QPalette paletteOf(Theme theme) {
+    switch (theme) {
+        case Theme::Light:
+            return paletteFrom(kLight);
+        case Theme::Dark:
+            return paletteFrom(kDark);
+        case Theme::HighContrast:
+            return paletteFrom(kHighContrast);
+        case Theme::System:
+            break;
+    }
+    return QPalette();  // nothing set: the desktop's
+}
+
+void applyTheme(Theme theme) {
+    QApplication::setPalette(paletteOf(theme));
+    qApp->setStyleSheet(theme == Theme::HighContrast ? QString(kEdges) : QString());
+}
+
+}  // namespace prancheta::desktop
