@@ -153,5 +153,6 @@ function(house_installation_folder)
     add_custom_target(instalacao ALL
         COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/instalacao ${CMAKE_BINARY_DIR}/instalacao
         COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/docs/manual.md ${CMAKE_BINARY_DIR}/instalacao/Prancheta/
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/docs/imagens ${CMAKE_BINARY_DIR}/instalacao/Prancheta/imagens
         COMMENT "Installation folder")
 endfunction()

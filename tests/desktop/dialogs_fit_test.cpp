@@ -108,11 +108,17 @@ TEST_P(DialogFit, NothingIsCut) {
         const std::filesystem::path path =
             std::filesystem::path(HOUSE_SOURCE_DIR) / "instalacao/Perfis" / file;
         const std::string text = readFile(path).value();
+        const std::filesystem::path docs = std::filesystem::path(HOUSE_SOURCE_DIR) / "docs";
+        const std::string manual = readFile(docs / "manual.md").value();
         int id = 0;
         ASSERT_EQ(ads_load_dialog(path.wstring().c_str(), &id), RTNORM);
         const std::regex definition("(\\w+)\\s*:\\s*dialog\\s*\\{");
         for (std::sregex_iterator it(text.begin(), text.end(), definition), end; it != end; ++it) {
             SCOPED_TRACE((*it)[1]);
+            std::smatch picture;
+            const std::regex shown("\\((imagens/\\w+-" + (*it)[1].str() + "\\.png)\\)");
+            ASSERT_TRUE(std::regex_search(manual, picture, shown)) << "the manual shows it";
+            EXPECT_TRUE(std::filesystem::exists(docs / picture[1].str()));
             ads_hdlg handle = nullptr;
             ASSERT_EQ(ads_new_dialog(toWide((*it)[1].str()).c_str(), id, NULLCB, &handle), RTNORM);
             dcl::setDialogRunner([&](dcl::Dialog& dialog) {

@@ -284,6 +284,12 @@ TEST_F(Window, DrawsAProfileFromItsDialog) {
     const auto dialog = [] { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); };
     story.when([&] { return dialog() != nullptr; },
                [&] {
+                   QTest::keyClick(dialog()->focusWidget(), Qt::Key_F1);
+                   auto* const help = dialog()->findChild<HelpWindow*>();
+                   ASSERT_NE(help, nullptr);
+                   const QTextCursor at = help->findChild<QTextBrowser*>()->textCursor();
+                   EXPECT_EQ(at.block().text(), "U dobrado: perfilu");
+                   help->hide();
                    dialogtest::pick(*dialog(), "lista", 3);
                    dialogtest::retype(*dialog(), "h", "51");
                    dialogtest::press(*dialog(), "addtolist");

@@ -186,6 +186,32 @@ TEST_P(Scenario, Holds) {
         EXPECT_EQ(hex(fileText(folder / name)), text.get<std::string>()) << name;
 }
 
+/// Lines of the fenced blocks of a chapter.
+std::string blocksOf(const fs::path& manual, const std::string& chapter) {
+    std::istringstream text(fileText(manual));
+    std::string out;
+    bool inside = false;
+    bool block = false;
+    for (std::string line; std::getline(text, line);) {
+        if (line.starts_with("## ")) inside = line == "## " + chapter;
+        if (!inside) continue;
+        if (line == "```")
+            block = !block;
+        else if (block)
+            out += line + '\n';
+    }
+    return out;
+}
+
+TEST(Lesson, IsRunAsItStandsInTheManual) {
+    std::istringstream script(fileText(kScenarios / "licao-trelica" / "roteiro.txt"));
+    std::string lines;
+    for (std::string line; std::getline(script, line);)
+        if (!line.starts_with(';')) lines += line + '\n';
+    EXPECT_EQ(blocksOf(fs::path(HOUSE_SOURCE_DIR) / "docs/manual.md", "Uma treliça em dez minutos"),
+              lines);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, Scenario, testing::ValuesIn(scenarioNames()), [](const auto& info) {
     std::string name = info.param;
     std::replace(name.begin(), name.end(), '-', '_');

@@ -127,6 +127,8 @@ void DialogWindow::reject() {
 }
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && dialogSettings().help)
+        return dialogSettings().help(*this, objectName());
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         return QDialog::keyPressEvent(event);
     if (auto* button = qobject_cast<QPushButton*>(focusWidget())) return button->click();

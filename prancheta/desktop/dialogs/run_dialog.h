@@ -5,6 +5,8 @@
 #include <QColor>
 #include <QWidget>
 
+#include <functional>
+
 #include "prancheta/dcl/dialog.h"
 
 namespace prancheta::desktop {
@@ -20,5 +22,8 @@ void announceMetrics(const QWidget& like);
 /// Ground of the drawing area, which image tiles show as graphics_background; dark until told
 /// otherwise.
 void announceGround(const QColor& ground);
+
+/// What F1 in a dialog does: its window, and its name in the file; nothing until told.
+void announceHelp(std::function<void(QWidget& window, const QString& dialog)> help);
 
 }  // namespace prancheta::desktop

@@ -104,6 +104,10 @@ void announceMetrics(const QWidget& like) {
     dcl::setMetrics(metricsOf(like));
 }
 
+void announceHelp(std::function<void(QWidget& window, const QString& dialog)> help) {
+    dialogSettings().help = std::move(help);
+}
+
 void announceGround(const QColor& ground) { dialogSettings().ground = ground; }
 
 }  // namespace prancheta::desktop

@@ -7,6 +7,7 @@
 #include <QPoint>
 #include <QWidget>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,6 +19,7 @@ namespace prancheta::desktop {
 struct DialogSettings {
     std::optional<QFont> font;  ///< of which the metrics were told; nothing before that
     QColor ground{0x21, 0x28, 0x30};
+    std::function<void(QWidget& window, const QString& dialog)> help;  ///< F1
     std::map<std::string, QPoint> places;  ///< upper left corner a dialog had when it closed
 };
 

@@ -6,10 +6,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPointer>
 #include <QShortcut>
 #include <QToolBar>
 
 #include "prancheta/base/text.h"
+#include "prancheta/desktop/dialogs/run_dialog.h"
 #include "prancheta/desktop/shell/copied_data.h"
 #include "prancheta/desktop/shell/main_window.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
@@ -45,6 +47,9 @@ bool hasDialog(AcDbObjectId id) {
 }  // namespace
 
 void MainWindow::registerActions() {
+    announceHelp([main = QPointer(this)](QWidget& window, const QString& dialog) {
+        if (main) main->showDialogHelp(window, dialog);
+    });
     m_windowActions.insert({
         {"desfazer", [this] { undo(); }},
         {"selecionar-tudo", [this] { selectAll(); }},

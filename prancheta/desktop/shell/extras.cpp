@@ -43,16 +43,31 @@ void MainWindow::showLog() {
         text->verticalScrollBar()->setValue(text->verticalScrollBar()->maximum());
 }
 
+/// Local name of the command that runs; empty when none does.
+QString MainWindow::runningCommand() const {
+    if (m_ui->idle() || m_editor == nullptr) return {};
+    const QString typed = QString::fromStdWString(m_editor->runner().activeName());
+    const QString name = namesOf(typed).section(' ', 0, 0);
+    return name.isEmpty() ? typed : name;
+}
+
 void MainWindow::showHelp() {
     if (m_help == nullptr)
         m_help = new HelpWindow(m_installation / "Prancheta" / "manual.md", this);
     m_help->show();
     m_help->raise();
     m_help->activateWindow();
-    if (m_ui->idle() || m_editor == nullptr) return;
-    const QString typed = QString::fromStdWString(m_editor->runner().activeName());
-    const QString name = namesOf(typed).section(' ', 0, 0);
-    m_help->showCommand(name.isEmpty() ? typed : name);
+    m_help->showCommand(runningCommand());
+}
+
+/// A window of the dialog's own: while a dialog waits, only what belongs to it can be used.
+void MainWindow::showDialogHelp(QWidget& window, const QString& dialog) {
+    auto* help = window.findChild<HelpWindow*>();
+    if (help == nullptr) help = new HelpWindow(m_installation / "Prancheta" / "manual.md", &window);
+    help->show();
+    help->raise();
+    help->activateWindow();
+    help->showDialog(runningCommand(), dialog);
 }
 
 void MainWindow::applyOptions() {

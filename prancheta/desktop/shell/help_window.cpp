@@ -22,6 +22,7 @@ HelpWindow::HelpWindow(const std::filesystem::path& manual, QWidget* parent)
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_word);
     column->addWidget(m_text, 1);
+    m_text->setSearchPaths({QString::fromStdString(manual.parent_path().string())});
     if (const auto text = readFile(manual)) {
         m_text->setMarkdown(QString::fromStdString(*text));
     } else {
@@ -63,6 +64,26 @@ void HelpWindow::showCommand(const QString& name) {
     do found = text.find(name, found, QTextDocument::FindWholeWords);
     while (!found.isNull() && !found.charFormat().fontFixedPitch());
     showPlace(found.isNull() ? QTextCursor(m_text->document()) : found);
+}
+
+void HelpWindow::showDialog(const QString& command, const QString& dialog) {
+    const QString picture = "-" + dialog + ".png";
+    QTextBlock chapter;
+    QTextBlock found;
+    for (QTextBlock block = m_text->document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0) chapter = block;
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextCharFormat format = part.fragment().charFormat();
+            if (!format.isImageFormat()) continue;
+            const QString name = format.toImageFormat().name().section('/', -1);
+            if (!name.endsWith(picture)) continue;
+            const bool own = name.compare(command + picture, Qt::CaseInsensitive) == 0;
+            if (own || !found.isValid()) found = chapter;
+            if (own) return showPlace(QTextCursor(found));
+        }
+    }
+    if (!found.isValid()) return showCommand(command);
+    showPlace(QTextCursor(found));
 }
 
 /// At the top of the window.

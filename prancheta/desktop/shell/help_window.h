@@ -22,6 +22,9 @@ public:
     /// Shows the chapter of a command by its local name, else where the name first stands as
     /// something to be typed, else the beginning.
     void showCommand(const QString& name);
+    /// Shows the chapter with the picture of this command's dialog, else of that dialog of any
+    /// command, else the command's.
+    void showDialog(const QString& command, const QString& dialog);
 
 private:
     void showPlace(const QTextCursor& place);

@@ -93,6 +93,8 @@ private:
     QString namesOf(const QString& line) const;
     void showLog();
     void showHelp();
+    void showDialogHelp(QWidget& window, const QString& dialog);
+    QString runningCommand() const;
     void showOptions();
     void showAbout();
     void applyOptions();
