@@ -20,6 +20,7 @@ titulo_das_colunas : text {
 
 catalogo : list_box {
     key = "lista";
+    description = "Bitolas do catálogo";
     width = 34;
     height = 14;
     tabs = "8 15 22";
@@ -60,8 +61,8 @@ figura : image {
 // inserção, cotas e função da barra.
 vista_e_insercao : column {
     : row {
-        : figura { key = "showall"; }
-        : figura { key = "escala"; }
+        : figura { key = "showall"; description = "Figura da seção"; }
+        : figura { key = "escala"; description = "Seção digitada, em escala"; }
     }
     : boxed_column {
         label = "Vista";

@@ -11,6 +11,7 @@ zp_travejam : dialog {
     : row {
         : image {
             key = "tr_img";
+            description = "Altura A, largura C e espaçamento L1 das chapas";
             width = 34;
             aspect_ratio = 1.33;
             color = graphics_background;

@@ -21,15 +21,15 @@ vistas_geracao : dialog {
         : boxed_row {
             label = "Vista";
             : column {
-                : figura_da_vista { key = "fig1"; }
+                : figura_da_vista { key = "fig1"; description = "Vista direita"; }
                 : nome_da_figura { label = "Direita"; }
-                : figura_da_vista { key = "fig3"; }
+                : figura_da_vista { key = "fig3"; description = "Vista inferior"; }
                 : nome_da_figura { label = "Inferior"; }
             }
             : column {
-                : figura_da_vista { key = "fig2"; }
+                : figura_da_vista { key = "fig2"; description = "Vista superior"; }
                 : nome_da_figura { label = "Superior"; }
-                : figura_da_vista { key = "fig4"; }
+                : figura_da_vista { key = "fig4"; description = "Vista esquerda"; }
                 : nome_da_figura { label = "Esquerda"; }
             }
         }
@@ -38,6 +38,7 @@ vistas_geracao : dialog {
             : row {
                 : image {
                     key = "fig0";
+                    description = "De onde se olha em cada vista";
                     width = 14;
                     aspect_ratio = 1.33;
                     color = graphics_background;
@@ -46,6 +47,7 @@ vistas_geracao : dialog {
                 }
                 : image {
                     key = "PreviewVista";
+                    description = "A vista escolhida";
                     width = 28;
                     aspect_ratio = 1.33;
                     color = graphics_background;
@@ -61,6 +63,7 @@ vistas_geracao : dialog {
             }
             : slider {
                 key = "ip";
+                description = "Ponto de inserção";
                 min_value = 1;
                 max_value = 9;
                 small_increment = 1;

@@ -13,6 +13,7 @@
 
 #include <regex>
 
+#include "accessible_walk.h"
 #include "adsdlg.h"
 #include "dialogs_hands.h"
 #include "prancheta/base/file.h"
@@ -122,8 +123,12 @@ TEST_P(DialogFit, NothingIsCut) {
             ads_hdlg handle = nullptr;
             ASSERT_EQ(ads_new_dialog(toWide((*it)[1].str()).c_str(), id, NULLCB, &handle), RTNORM);
             dcl::setDialogRunner([&](dcl::Dialog& dialog) {
-                const desktop::DialogWindow shown(dialog, &window);
+                desktop::DialogWindow shown(dialog, &window);
                 checkWindow(shown);
+                shown.show();
+                const accessible::Walk walk = accessible::walkOf(shown);
+                EXPECT_EQ(walk.unnamed, std::vector<std::string>());
+                EXPECT_GE(walk.named, 6);
                 checkBoxes(shown);
                 if (points <= 9.0) {
                     const QWidget& face = *shown.findChild<QWidget*>("face");

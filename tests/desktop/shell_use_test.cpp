@@ -23,6 +23,7 @@
 #include "prancheta/desktop/shell/theme.h"
 #include "prancheta/entities/viewports.h"
 #include "rxregsvc.h"
+#include "tests/desktop/accessible_walk.h"
 #include "tests/desktop/shell_story.h"
 
 namespace shell {
@@ -419,6 +420,27 @@ TEST_F(Window, WarnsOfADrawingThatIsOpenElsewhere) {
     Story story(options);
     story.choose("abertoEmOutra", "OK");
     story.when([&] { return story.idle(); }, [&] { EXPECT_EQ(story.entities(), 1u); });
+    EXPECT_TRUE(story.run());
+}
+
+TEST_F(Window, WhatIsWorkedHasANameForWhoDoesNotSeeIt) {
+    Story story(withModules(folder()));
+    story.type("c 50,50 25 ");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] {
+                   story.editor().selection().select({story.entity(0)});
+                   int named = 0;
+                   for (QDockWidget* const dock : story.window().findChildren<QDockWidget*>()) {
+                       dock->show();
+                       dock->raise();
+                       QApplication::processEvents();
+                       const accessible::Walk walk = accessible::walkOf(story.window());
+                       EXPECT_EQ(walk.unnamed, std::vector<std::string>())
+                           << dock->objectName().toStdString();
+                       named = walk.named;
+                   }
+                   EXPECT_GT(named, 50) << "toolbars, menus, tabs, the drawing area";
+               });
     EXPECT_TRUE(story.run());
 }
 

@@ -2,6 +2,7 @@
 // The drawing area: what it follows, and how the view moves.
 #include "prancheta/desktop/canvas/canvas.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QResizeEvent>
 
@@ -40,6 +41,11 @@ QSizeF gridSpacing(const SystemVariables& variables) {
     return {chosen(own.x, snap.x), chosen(own.y, snap.y)};
 }
 
+QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
+    auto* const canvas = qobject_cast<Canvas*>(object);
+    return canvas != nullptr ? new QAccessibleWidget(canvas, QAccessible::Canvas) : nullptr;
+}
+
 }  // namespace
 
 Canvas::Canvas(QWidget* parent) : QWidget(parent), m_impl(std::make_unique<Impl>(*this)) {
@@ -48,6 +54,8 @@ Canvas::Canvas(QWidget* parent) : QWidget(parent), m_impl(std::make_unique<Impl>
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::BlankCursor);
     setMinimumSize(64, 64);
+    QAccessible::installFactory(interfaceOf);  // the same one again changes nothing
+    setAccessibleName("Área de desenho");
 }
 
 Canvas::~Canvas() = default;

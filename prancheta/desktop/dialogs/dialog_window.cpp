@@ -53,6 +53,7 @@ void DialogWindow::makeFace() {
     if (size.width() <= room.width() && size.height() <= room.height()) return setFixedSize(size);
     auto* area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the keyboard inside
     area->setWidget(m_face);
     const int bar = area->verticalScrollBar()->sizeHint().width();
     area->resize((size + QSize(bar, bar)).boundedTo(room));

@@ -85,6 +85,10 @@ void ImageTile::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ImageTile::keyPressEvent(QKeyEvent* event) {
     if (!m_isButton || event->key() != Qt::Key_Space) return QWidget::keyPressEvent(event);
+    press();
+}
+
+void ImageTile::press() {
     m_host.act(m_tile, [&] { return m_host.dialog().press(m_tile.key); });
 }
 

@@ -13,6 +13,12 @@ class ImageTile : public QWidget {
 public:
     ImageTile(TileHost& host, dcl::Tile& tile);
 
+    bool isButton() const { return m_isButton; }
+    /// A program marked it, as one does with what is chosen of several.
+    bool isMarked() const { return m_tile.highlighted; }
+    /// As the space bar does. The window may be over afterwards.
+    void press();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -13,6 +13,7 @@
 
 #include <cmath>
 
+#include "prancheta/desktop/dialogs/accessible_tiles.h"
 #include "prancheta/desktop/dialogs/run_dialog.h"
 
 namespace prancheta::desktop {
@@ -100,6 +101,7 @@ dcl::Metrics metricsOf(const QWidget& like) {
 }
 
 void announceMetrics(const QWidget& like) {
+    announceTiles();
     dialogSettings().font = like.font();
     dcl::setMetrics(metricsOf(like));
 }

@@ -266,6 +266,8 @@ TileView makeTileView(TileHost& host, Tile& tile, const Box& box) {
     TileView view = kMakers[static_cast<std::size_t>(tile.kind)].make(host, tile, box);
     if (view.widget == nullptr) return view;
     if (!tile.key.empty()) view.widget->setObjectName(QString::fromStdString(tile.key));
+    if (const std::string name = tile.attribute("description"); !name.empty())
+        view.widget->setAccessibleName(QString::fromStdString(name));
     if (tile.attribute("is_tab_stop") == "false")
         view.widget->setFocusPolicy(view.widget->focusPolicy() & Qt::ClickFocus ? Qt::ClickFocus
                                                                                 : Qt::NoFocus);

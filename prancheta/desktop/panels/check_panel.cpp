@@ -130,6 +130,7 @@ CheckPanel::CheckPanel()
       m_summary(new QLabel) {
     m_view->setModel(m_model);
     m_view->setObjectName(QStringLiteral("achados"));
+    m_view->setAccessibleName(QStringLiteral("Achados da conferência"));
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view->setSelectionMode(QAbstractItemView::SingleSelection);
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -133,6 +133,7 @@ LayersPanel::LayersPanel()
     m_view->setModel(m_order);
     m_view->setItemDelegate(new LayerDelegate(this));
     m_view->setObjectName(QStringLiteral("camadas"));
+    m_view->setAccessibleName(QStringLiteral("Camadas"));
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setEditTriggers(QAbstractItemView::EditKeyPressed);
@@ -152,6 +153,7 @@ LayersPanel::LayersPanel()
 
     m_search->setObjectName(QStringLiteral("busca"));
     m_search->setPlaceholderText(QStringLiteral("Buscar camada"));
+    m_search->setAccessibleName(m_search->placeholderText());
     m_search->setClearButtonEnabled(true);
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);
@@ -184,6 +186,7 @@ QToolButton* LayersPanel::button(Glyph glyph, const char* name, const char* hint
     made->setObjectName(QString::fromUtf8(name));
     made->setIcon(glyphIcon(glyph, palette().color(QPalette::ButtonText)));
     made->setToolTip(QString::fromUtf8(hint));
+    made->setAccessibleName(made->toolTip());
     made->setAutoRaise(true);
     connect(made, &QToolButton::clicked, this, act);
     return made;

@@ -103,6 +103,7 @@ MaterialPanel::MaterialPanel()
     m_order->setSourceModel(m_model);
     m_view->setModel(m_order);
     m_view->setObjectName(QStringLiteral("lista_material"));
+    m_view->setAccessibleName(QStringLiteral("Lista de material"));
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -125,6 +126,7 @@ MaterialPanel::MaterialPanel()
     m_list->setToolTip(QStringLiteral("Lista de material que se mostra"));
     m_search->setObjectName(QStringLiteral("busca"));
     m_search->setPlaceholderText(QStringLiteral("Buscar na lista"));
+    m_search->setAccessibleName(m_search->placeholderText());
     m_search->setClearButtonEnabled(true);
     m_totals->setObjectName(QStringLiteral("totais"));
     QFont bold = m_totals->font();

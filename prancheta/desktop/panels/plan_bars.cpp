@@ -2,6 +2,7 @@
 // Bars of cutting plans, drawn to scale one below the other.
 #include "prancheta/desktop/panels/plan_bars.h"
 
+#include <QAccessibleWidget>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -58,12 +59,19 @@ void paintWords(QPainter& painter, const QRectF& piece, const PlanCut& cut) {
     painter.restore();
 }
 
+QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
+    auto* const bars = qobject_cast<PlanBars*>(object);
+    return bars != nullptr ? new QAccessibleWidget(bars, QAccessible::Graphic) : nullptr;
+}
+
 }  // namespace
 
 PlanBars::PlanBars(QWidget* parent) : QAbstractScrollArea(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     viewport()->setBackgroundRole(QPalette::Base);
+    QAccessible::installFactory(interfaceOf);  // the same one again changes nothing
+    setAccessibleName(QStringLiteral("Barras do plano de corte"));
 }
 
 void PlanBars::setProducts(std::vector<PlanProduct> products) {

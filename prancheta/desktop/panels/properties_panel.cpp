@@ -67,6 +67,7 @@ PropertiesPanel::PropertiesPanel()
     m_heading->setFont(bold);
     m_heading->setMargin(2);
     m_tree->setObjectName(QStringLiteral("propriedades"));
+    m_tree->setAccessibleName(QStringLiteral("Propriedades"));
     m_tree->setColumnCount(kColumns);
     m_tree->setHeaderLabels({QStringLiteral("Propriedade"), QStringLiteral("Valor")});
     m_tree->header()->setStretchLastSection(true);

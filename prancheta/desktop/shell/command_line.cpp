@@ -196,6 +196,7 @@ CommandLine::CommandLine(QWidget* parent)
       m_edit(new AnswerEdit(this)) {
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     m_log->setReadOnly(true);
+    m_log->setAccessibleName("Histórico de comandos");
     m_log->setMaximumBlockCount(kLogLines);
     m_log->setUndoRedoEnabled(false);
     m_log->setFocusPolicy(Qt::ClickFocus);

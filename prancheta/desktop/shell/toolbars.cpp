@@ -54,6 +54,8 @@ void MainWindow::addToolbar(const Toolbar& bar) {
     addToolBar(area, toolbar);
     toolbar->setObjectName("barra_" + bar.title);
     toolbar->setIconSize({kIcon, kIcon});
+    if (auto* const more = toolbar->findChild<QToolButton*>("qt_toolbar_ext_button"))
+        more->setAccessibleName("Mais ferramentas de " + bar.title);
     for (const ToolbarItem& item : bar.items) {
         if (item.family) {
             // A narrow column has no room for an arrow of its own.
