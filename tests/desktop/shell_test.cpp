@@ -3,7 +3,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QAbstractButton>
 #include <QDialog>
+#include <QLineEdit>
 #include <QLockFile>
 #include <QTabBar>
 #include <QTextBlock>
@@ -326,6 +328,96 @@ TEST_F(Window, DrawsAProfileFromItsDialog) {
     story.when([&] { return story.idle(); }, [&] { story.window().entry("desfazer")->trigger(); });
     story.when([&] { return story.idle() && story.entities() == 0; }, [] {});
     EXPECT_TRUE(story.run());
+}
+
+/// A person's strokes at the keyboard and clicks, counted.
+class Strokes {
+public:
+    explicit Strokes(Story& story) : m_story(story) {}
+    int count() const { return m_count; }
+    /// Where the keyboard is: in the dialog, else on the command line.
+    void keys(const char* letters) {
+        for (const char* key = letters; *key != 0; ++key, ++m_count) {
+            QWidget* const place = dialog() != nullptr ? dialog()->focusWidget() : &m_story.edit();
+            if (*key == '\n')
+                QTest::keyClick(place, Qt::Key_Return);
+            else
+                QTest::keyClick(place, *key);
+        }
+    }
+    void alt(char letter) {
+        ++m_count;
+        QTest::keyClick(dialog(), letter, Qt::AltModifier);
+    }
+    void point(double x, double y) {
+        ++m_count;
+        QTest::mouseClick(&m_story.canvas(), Qt::LeftButton, {}, m_story.pixel(x, y));
+    }
+    static QDialog* dialog() { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); }
+    template <class Widget>
+    static const Widget* tile(const char* key) {
+        return dialog() != nullptr ? dialog()->findChild<const Widget*>(key) : nullptr;
+    }
+    /// Letters reach a window that has the keyboard.
+    static bool usable(const char* key) {
+        const auto* const widget = tile<QWidget>(key);
+        return widget != nullptr && widget->isEnabled() && dialog()->isActiveWindow();
+    }
+
+private:
+    Story& m_story;
+    int m_count = 0;
+};
+
+/// U 200x75x3 of 3 m, four of them, with dimensions, mark and row, and then once more.
+TEST_F(Window, TheMainJobTakesFewStrokes) {
+    Story story(withModules(folder()));
+    Strokes hand(story);
+    const auto asked = [&] {
+        return Strokes::dialog() == nullptr && !story.idle() &&
+               story.window().ui().request() != nullptr;
+    };
+    const auto turned = [&] { return asked() && story.window().ui().request()->rotating; };
+    const auto shows = [](const char* key, const char* text) {
+        const auto* const edit = Strokes::tile<QLineEdit>(key);
+        return edit != nullptr && edit->text() == text;
+    };
+    int first = 0;
+    story.then([&] { hand.keys("pfu "); });
+    story.when([] { return Strokes::usable("lista"); },
+               [&] {
+                   hand.keys("200x75x3\n");
+                   hand.alt('s');
+               });
+    story.when([] { return Strokes::usable("OutraVista"); }, [&] { hand.alt('o'); });
+    story.when([] { return Strokes::usable("l"); },
+               [&] {
+                   hand.keys("3000");
+                   hand.alt('g');
+               });
+    story.when([] { return Strokes::usable("num_pecas"); },
+               [&] {
+                   hand.alt('n');
+                   hand.keys("4\n");
+               });
+    story.when([] { return Strokes::usable("OutraVista"); }, [&] { hand.alt('t'); });
+    story.when([] { return Strokes::tile<QAbstractButton>("dimensionar")->isChecked(); },
+               [&] { hand.keys("\n"); });
+    story.when(asked, [&] { hand.point(0, 0); });
+    story.when(turned, [&] { hand.keys("\n"); });
+    story.when([&] { return story.idle() && story.entities() == 4; },
+               [&] {
+                   first = hand.count();
+                   EXPECT_LE(first, 27);
+                   hand.keys("\n");  // the command again, with its last values
+               });
+    story.when([] { return Strokes::usable("ultima"); }, [&] { hand.alt('l'); });
+    story.when([&] { return shows("h", "200"); }, [&] { hand.keys("\n"); });
+    story.when(asked, [&] { hand.point(0, 30); });
+    story.when(turned, [&] { hand.keys("\n"); });
+    story.when([&] { return story.idle() && story.entities() == 8; },
+               [&] { EXPECT_LE(hand.count() - first, 5); });
+    EXPECT_TRUE(story.run()) << "a piece, two dimensions and a mark each";
 }
 
 /// Commands of the menus as they are typed, without what is answered after them.
