@@ -170,6 +170,7 @@ void PerfilRun::onLast(const ads_callback_packet& packet) {
     stopSearch(packet.dialog);
     takeLast(*last);
     show(packet.dialog);
+    (void)ads_mode_tile(packet.dialog, L"accept", MODE_SETFOCUS);  // Enter draws it
 }
 
 void PerfilRun::onOtherVista(const ads_callback_packet& packet) {

@@ -290,7 +290,7 @@ TEST_F(Window, DrawsAProfileFromItsDialog) {
                    auto* const help = dialog()->findChild<HelpWindow*>();
                    ASSERT_NE(help, nullptr);
                    const QTextCursor at = help->findChild<QTextBrowser*>()->textCursor();
-                   EXPECT_EQ(at.block().text(), "U dobrado: perfilu");
+                   EXPECT_EQ(at.block().text(), "O comando perfilu");
                    help->hide();
                    dialogtest::pick(*dialog(), "lista", 3);
                    dialogtest::retype(*dialog(), "h", "51");
