@@ -2,6 +2,7 @@
 // Records of a file whose groups cannot all be read.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,7 @@ struct DamagedRecord {
     int brokenAt = 0;                  ///< line
     bool last = false;                 ///< nothing follows it
     bool changed = false;              ///< groups were taken out: the text no longer counts
+    std::deque<std::string> kept;      ///< values that do not stand in the text
 };
 
 /// Reads records from text that outlives it; garbage ends a record, and is passed over up to a line

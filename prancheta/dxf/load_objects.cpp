@@ -2,6 +2,7 @@
 // Section OBJECTS: dictionaries and their records become objects where modules can use them, all
 // else is kept as it stands.
 #include <algorithm>
+#include <optional>
 
 #include "dblead.h"
 #include "dbmtext.h"
@@ -9,6 +10,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
 #include "prancheta/database/value_list.h"
+#include "prancheta/dxf/kept_handles.h"
 #include "prancheta/dxf/layout_object.h"
 #include "prancheta/dxf/loader.h"
 #include "prancheta/dxf/piece_record.h"
@@ -143,10 +145,9 @@ void Loader::takeWipeoutFrame() {
 
 /// Objects that nothing here understands, group by group.
 bool Loader::keepObjects() {
-    std::unordered_map<Adesk::UInt64, Adesk::UInt64> owners;
+    std::optional<std::unordered_map<Adesk::UInt64, Adesk::UInt64>> owners;
     const bool isOld = m_version < "AC1015";
     if (isOld) dropOldLayouts();
-    if (isOld) owners = ownersByName();
     m_givenBack = m_text.data();
     for (const ObjectSpan& span : m_objects) {
         doneUpTo(span.text.data());
@@ -159,9 +160,12 @@ bool Loader::keepObjects() {
         const auto own = std::ranges::find(tags, 5, &RawTag::code);
         if (span.repeated && own != tags.end()) own->value = handleText(freshHandle());
         if (m_record.type == "WIPEOUTVARIABLES") takeWipeoutFrame();
-        if (isOld)
-            completeObject(tags, owners[span.handle],
+        // Newer writers forget it, too.
+        if (isOld || (span.handle != 0 && ownerHandle(tags) == 0)) {
+            if (!owners) owners = ownersByName();
+            completeObject(tags, (*owners)[span.handle],
                            m_database.namedObjectsDictionaryId().handle().value());
+        }
         m_core.foreign().objects.push_back(std::move(tags));
     }
     return true;

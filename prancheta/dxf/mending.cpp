@@ -6,10 +6,11 @@
 #include "prancheta/dxf/mending.h"
 
 #include <algorithm>
-#include <deque>
 #include <optional>
+#include <set>
 
 #include "prancheta/base/text.h"
+#include "prancheta/dxf/damaged_groups.h"
 #include "prancheta/dxf/damaged_records.h"
 #include "prancheta/dxf/entity_types.h"
 
@@ -23,6 +24,10 @@ bool isOneOf(std::string_view word, std::initializer_list<std::string_view> word
 bool isRecordOfTable(std::string_view type) {
     return isOneOf(type, {"VPORT", "LTYPE", "LAYER", "STYLE", "VIEW", "UCS", "APPID", "DIMSTYLE",
                           "BLOCK_RECORD"});
+}
+
+bool isSection(std::string_view name) {
+    return isOneOf(name, {"", "HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"});
 }
 
 /// Its loss would take with it what it frames: only its bad groups are left out.
@@ -60,13 +65,27 @@ private:
             if (m_section.empty()) return lose("fim de seção sem começo");
             return closeSection(m_record.line);
         }
-        if (m_section == "HEADER") closeSection(m_record.line);
+        if (m_section == "CLASSES" && m_record.type != "CLASS" && !belongsElsewhere())
+            return lose("fora do lugar");
+        if (m_section == "HEADER" || (m_section == "CLASSES" && m_record.type != "CLASS") ||
+            (!isSection(m_section) && belongsElsewhere()))
+            closeSection(m_record.line);
         if (m_section.empty() && isOneOf(m_record.type, {"ENDTAB", "ENDBLK", "SEQEND"}))
             return lose("fora do lugar");
         if (m_section.empty()) openSection(sectionOf(m_record.type));
         if (m_section == "TABLES") return takeOfTables();
         if (m_section == "BLOCKS") return takeOfBlocks();
         if (m_section == "ENTITIES") return takeEntity();
+        if (m_section == "OBJECTS") return takeObject();
+        write();
+    }
+
+    /// One without a handle is an object that nothing can name; the first is the dictionary of all.
+    void takeObject() {
+        const bool named =
+            std::ranges::find(m_record.groups, 5, &DamagedGroup::code) != m_record.groups.end();
+        if (!named && m_rootTaken) return lose("falta o identificador");
+        m_rootTaken = true;
         write();
     }
 
@@ -79,7 +98,12 @@ private:
         }
         if (!m_record.broken.empty() && !isFrame(m_record.type)) return;
         const bool isHeader = m_record.type == "SECTION";
+        const TellGroup told = [this](std::string text, int line) { tell(std::move(text), line); };
         if (isHeader) nameVariables();
+        if (isHeader) dropRepeatedVariables(m_record, m_variables, told);
+        tidyMarkers(m_record, told);
+        tidyExtendedData(m_record, told);
+        tidyApplicationGroups(m_record, told);
         tellHalfPoints();
         std::string why;
         const auto isBad = [&](const DamagedGroup& group) {
@@ -105,9 +129,10 @@ private:
             if (group.code != 9 || name.starts_with('$')) continue;
             const std::size_t letter = name.find_first_of(kCapitals);
             if (letter == std::string_view::npos) continue;  // it has no value that anybody reads
-            m_names.push_back("$" + std::string(name.substr(letter)));
-            tell("HEADER: variável sem $ no nome; foi lida como " + m_names.back(), group.line);
-            group.value = m_names.back();
+            m_record.kept.push_back("$" + std::string(name.substr(letter)));
+            tell("HEADER: variável sem $ no nome; foi lida como " + m_record.kept.back(),
+                 group.line);
+            group.value = m_record.kept.back();
             m_record.changed = true;
         }
     }
@@ -145,6 +170,12 @@ private:
         for (const DamagedGroup& group : m_record.groups)
             if (group.code == 2) return trim(group.value);
         return {};
+    }
+
+    /// The section that it stands in has lost its end.
+    bool belongsElsewhere() const {
+        return isFrame(m_record.type) || sectionOf(m_record.type) != "ENTITIES" ||
+               entityTypeNamed(m_record.type) != nullptr;
     }
 
     static std::string_view sectionOf(std::string_view type) {
@@ -202,7 +233,7 @@ private:
     void takeOfTables() {
         if (m_record.type == "TABLE") {
             closeInner(m_record.line);
-            if (nameOf().empty()) return lose("uma tabela não tem nome");
+            if (!isRecordOfTable(nameOf())) return lose("uma tabela não tem nome conhecido");
             m_table = nameOf();
             return write();
         }
@@ -216,7 +247,17 @@ private:
             put("0\nTABLE\n2\n" + m_table + "\n70\n0\n");
         }
         if (m_record.type != m_table && isRecordOfTable(m_table)) return lose("fora do lugar");
+        if (m_record.type == "STYLE" && nameOf().empty() && !isShapeFile())
+            return lose("um estilo de texto não tem nome");
         write();
+    }
+
+    /// Those have no names.
+    bool isShapeFile() const {
+        return std::any_of(m_record.groups.begin(), m_record.groups.end(), [](const auto& group) {
+            long long flags = 0;
+            return group.code == 70 && parseInteger(group.value, flags) && (flags & 1) != 0;
+        });
     }
 
     void takeOfBlocks() {
@@ -292,10 +333,11 @@ private:
     DamagedRecord m_record;
     Mended m_mended;
     int m_lines = 0;
-    std::deque<std::string> m_names;  ///< of variables, that the record read last points to
-    std::string m_section;            ///< that is open; empty for none
+    std::set<std::string> m_variables;  ///< told so far
+    std::string m_section;              ///< that is open; empty for none
     std::string m_table;
     bool m_inBlock = false;
+    bool m_rootTaken = false;
     bool m_parts = false;        ///< vertices or attributes follow, up to SEQEND
     bool m_passesParts = false;  ///< those of an entity that was left out
     bool m_ended = false;

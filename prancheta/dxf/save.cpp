@@ -217,6 +217,8 @@ void Saver::planApplications() {
         if (extra == nullptr) return;
         for (const RawTagView& tag : extra->xdata)
             if (tag.code == 1001) need(toWide(tag.value));
+        for (const RawTag& tag : extra->foreign)
+            if (tag.code == 1001) need(toWide(tag.value));
     };
     const StubPool& stubs = ObjectAccess::stubs(m_core);
     for (std::size_t i = 0; i < stubs.size(); ++i) {

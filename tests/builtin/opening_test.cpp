@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "prancheta/editor/installation.h"
+#include "prancheta/verify/verify.h"
 #include "tests/builtin/script_ui.h"
 
 namespace builtin {
@@ -145,6 +146,58 @@ TEST_F(Opening, DamagedFilesAreRefusedByOpenAndRecoveredByName) {
     EXPECT_EQ(editor->file().name(), name);
     type({L"_open", L"_y", (folder / "nenhum.dxf").wstring().c_str()});
     EXPECT_FALSE(ui.complaints.back().find(L"RECUPERAR") != std::wstring::npos);
+}
+
+TEST_F(Opening, WhatWasRecoveredIsSavedWhole) {
+    const std::string name = (folder / "inteiro.dxf").string();
+    const std::wstring typed = prancheta::toWide(name);
+    type({L"_line", L"0,0",    L"1,1",  L"",    L"_block",      L"C",   L"0,0",   L"_l",
+          L"",      L"_block", L"A",    L"0,0", L"_l",          L"",    L"_text", L"0,0",
+          L"2.5",   L"0",      L"nota", L"",    L"_dimaligned", L"0,0", L"10,0",  L"5,5"});
+    ASSERT_EQ(count(), 3U) << prancheta::toUtf8(ui.output);
+    ASSERT_TRUE(editor->file().save(name));
+    const std::string whole = contentOf(name);
+    ASSERT_NE(whole.find("DIMENSION"), std::string::npos) << ui.output;
+    struct Case {
+        const char* what;
+        const char* behind;  ///< the first place behind this
+        const char* from;
+        const char* to;
+        const wchar_t* told;
+    };
+    const Case cases[] = {
+        {"a block in itself", "AcDbBlockBegin\n2\nA\n", "AcDbBlockReference\n2\nC\n",
+         "AcDbBlockReference\n2\nA\n", L"o bloco \"A\" cont\u00e9m a si mesmo; a refer"},
+        {"a text without height", "ENTITIES", "40\n2.5\n", "", L"TEXT"},
+        {"a dimension without a place", "AcDbDimension\n", "\n10\n", "\n17\n", L"DIMENSION"},
+        {"a style without a name", "AcDbTextStyleTableRecord\n", "2\nStandard\n", "2\n\n",
+         L"STYLE"},
+        {"an owner that is not there", "\nMLINESTYLE\n", "\n330\n", "\n330\nFFF\n330\n",
+         L"MLINESTYLE"},
+        {"half a marker", "ENTITIES", "AcDbEntity", "AcDbEntit\x7f",
+         L"marcador de classe danificado; foi lido como AcDbEntity"},
+        {"a section without its end", "CLASSES", "0\nENDSEC\n", "",
+         L"falta o fim (ENDSEC) da se\u00e7\u00e3o CLASSES"},
+        {"a variable twice", "HEADER", "9\n$LTSCALE\n", "9\n$LTSCALE\n40\n3.0\n9\n$LTSCALE\n",
+         L"a vari\u00e1vel $LTSCALE aparece duas vezes"},
+        {"a table without a name", "TABLES", "2\nLTYPE\n", "2\nLT#PE\n",
+         L"uma tabela n\u00e3o tem nome conhecido"},
+    };
+    for (const Case& c : cases) {
+        std::string text = whole;
+        const std::size_t at = text.find(c.from, text.find(c.behind));
+        ASSERT_NE(at, std::string::npos) << c.what;
+        put(name, text.replace(at, std::string(c.from).size(), c.to));
+        ui.output.clear();
+        type({L"recuperar", typed.c_str()});
+        EXPECT_TRUE(said(c.told)) << c.what << "\n" << prancheta::toUtf8(ui.output);
+        ASSERT_TRUE(editor->file().save({})) << c.what;
+        const auto verdict = prancheta::verify::examine(name);
+        ASSERT_TRUE(verdict) << c.what;
+        EXPECT_EQ(verdict->errors, 0U)
+            << c.what << ": "
+            << (verdict->remarks.empty() ? std::string() : verdict->remarks.front().message());
+    }
 }
 
 TEST_F(Opening, AuditTellsWhatAFileOfTheDrawingWouldHaveWrong) {

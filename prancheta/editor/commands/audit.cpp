@@ -32,12 +32,16 @@ private:
     std::filesystem::path m_path;
 };
 
+}  // namespace
+
 Result<verify::Verdict> examineDrawing(const CommandContext& context) {
     const PassingFile file;
     const Result<void> saved = context.editor().file().saveCopy(file.path());
     if (!saved) return saved.error();
     return verify::examine(file.path());
 }
+
+namespace {
 
 void tellRemarks(const CommandContext& context, const verify::Verdict& verdict) {
     for (verify::Remark remark : verdict.remarks) {

@@ -16,11 +16,8 @@
 
 namespace prancheta::commands {
 
-namespace {
-
 using Handles = std::unordered_set<Adesk::UInt64>;
 
-/// Of all that a file of this drawing would have.
 Handles handlesOf(DatabaseCore& core) {
     Handles all;
     const StubPool& stubs = ObjectAccess::stubs(core);
@@ -30,6 +27,8 @@ Handles handlesOf(DatabaseCore& core) {
     dxf::forEachKeptHandle(core, [&](Adesk::UInt64 handle) { all.insert(handle); });
     return all;
 }
+
+namespace {
 
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t'; }
 
@@ -137,6 +136,10 @@ std::size_t repairForeign(const CommandContext& context) {
     DatabaseCore& core = context.database().core();
     const Handles known = handlesOf(core);
     std::size_t count = 0;
+    for (const std::wstring& each : repair(core.foreign().classes, known)) {
+        say(context, L"CLASS: " + each);
+        ++count;
+    }
     for (RawTags& tags : core.foreign().objects) {
         const std::vector<std::wstring> done = repair(tags, known);
         const std::wstring name =

@@ -2,7 +2,11 @@
 // What AUDIT can put right.
 #pragma once
 
+#include <unordered_set>
+
+#include "prancheta/database/database_core.h"
 #include "prancheta/editor/commands/support.h"
+#include "prancheta/verify/verify.h"
 
 namespace prancheta::commands {
 
@@ -11,5 +15,10 @@ namespace prancheta::commands {
 std::size_t repairKept(const CommandContext& context);
 /// The same in what no object stands for, which no undo brings back: for drawings just read.
 std::size_t repairForeign(const CommandContext& context);
+
+/// Handles of all that a file of this drawing would have.
+std::unordered_set<Adesk::UInt64> handlesOf(DatabaseCore& core);
+/// The drawing as its file would be; nothing else changes.
+Result<verify::Verdict> examineDrawing(const CommandContext& context);
 
 }  // namespace prancheta::commands

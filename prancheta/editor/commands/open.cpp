@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // NEW, OPEN, RECOVER, QUIT: what leaves the present drawing.
 #include "prancheta/base/text.h"
-#include "prancheta/editor/commands/audit_repairs.h"
 #include "prancheta/editor/commands/files.h"
+#include "prancheta/editor/commands/recover_repairs.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
 #include "prancheta/editor/drawing_file.h"
@@ -84,8 +84,7 @@ CommandTask recover(CommandContext context) {
     const Result<void> opened = context.editor().file().openDamaged(target.path, losses);
     if (opened) {
         printFindings(context.editor(), losses);
-        const std::size_t count =
-            losses.findings.size() + repairKept(context) + repairForeign(context);
+        const std::size_t count = losses.findings.size() + repairRecovered(context);
         say(context, count == 0 ? L"O arquivo está inteiro: nada foi perdido."
                                 : counted(count, L"perda ou reparo no arquivo.",
                                           L"perdas ou reparos no arquivo."));
