@@ -26,6 +26,8 @@ public:
     Adesk::UInt64 ofNewPart() { return m_nextPart++; }
     /// Handle with which a reference to the object is written: 0 when the file will not have it.
     Adesk::UInt64 of(AcDbObjectId id) const;
+    /// Whether the file will have a record with this handle that it did not make itself.
+    bool has(Adesk::UInt64 handle) const { return isTaken(handle) || m_kept.contains(handle); }
     /// True for what is erased, and for a kept object that belongs to it: the file will not have
     /// it.
     bool isGone(Adesk::UInt64 handle) const;

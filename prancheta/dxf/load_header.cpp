@@ -5,9 +5,11 @@
 #include <limits>
 
 #include "prancheta/base/text.h"
+#include "prancheta/database/object_access.h"
 #include "prancheta/database/user_system.h"
 #include "prancheta/dxf/header_variables.h"
 #include "prancheta/dxf/loader.h"
+#include "prancheta/dxf/table_at.h"
 
 namespace prancheta::dxf {
 
@@ -123,6 +125,11 @@ void Loader::applyVariables() {
             value = known->code == 62 ? colorText(static_cast<int>(numbers[0]))
                                       : std::wstring(trim(std::wstring_view(text(tags[0].value))));
         if (info->value == value) continue;
+        // Files name a current style that they do not have; nothing is drawn with it yet.
+        if (name == "$DIMSTYLE" && ObjectAccess::lookup(tableAt(m_database.dimStyleTableId()),
+                                                        std::get<std::wstring>(value))
+                                       .isNull())
+            continue;
         // No user sets these, files do.
         if (info->access == VariableAccess::ReadOnly) {
             m_core.variables().force(wide, value);

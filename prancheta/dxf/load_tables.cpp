@@ -30,6 +30,18 @@ bool hasLengthOfItsOwn(const Tags& body, const Values& linetype) {
     return !body.empty() && body.front().code == 100 && std::abs(sum - linetype.reals[0]) > 1e-9;
 }
 
+/// Some writers name another owner than the table.
+void giveOwner(RawTags& record, Adesk::UInt64 table) {
+    bool inGroup = false;
+    for (RawTag& tag : record) {
+        if (tag.code == 100) return;
+        if (tag.code == 102) inGroup = tag.value != "}";
+        std::uint64_t owner = 0;
+        if (tag.code == 330 && !inGroup && parseHandle(tag.value, owner) && owner != table)
+            tag.value = handleText(table);
+    }
+}
+
 }  // namespace
 
 bool Loader::readTables() {
@@ -210,6 +222,7 @@ bool Loader::keepTable() {
         if (m_version < "AC1015")
             completeTableRecord(tags, table, [this] { return freshHandle(); });
         if (record.type == "TABLE") table = ownHandle(tags);
+        if (record.type != "TABLE" && table != 0) giveOwner(tags, table);
         kept.insert(kept.end(), tags.begin(), tags.end());
         return true;
     };

@@ -159,7 +159,9 @@ private:
             m_out.text(2, m_names.of(id));
             m_out.integer(70, (layer.isFrozen() ? 1 : 0) | (layer.isLocked() ? 4 : 0));
             m_out.integer(62, layer.isOff() ? -color : color);
-            m_out.text(6, m_names.of(layer.linetypeObjectId(), kUsual));
+            // A file may give a layer a linetype that is none.
+            const AcDbObjectId linetype = layer.linetypeObjectId();
+            m_out.text(6, isPattern(linetype, "") ? m_names.of(linetype, kUsual) : kUsual);
         });
         m_out.text(0, "ENDTAB");
     }

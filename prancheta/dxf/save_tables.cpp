@@ -64,12 +64,25 @@ bool Saver::writeKeptTables(const char* name) {
     for (const auto& [kept, tags] : m_core.foreign().tables) {
         if (kept != name) continue;
         if (kept == "VPORT")
-            writeKeptVports(tags);
+            writeKeptVports(withoutLostStyles(tags));
         else
             m_out.raw(tags);
         return true;
     }
     return false;
+}
+
+/// Without visual styles that the file does not have.
+RawTags Saver::withoutLostStyles(const RawTags& vports) const {
+    constexpr int kVisualStyle = 348;
+    RawTags left;
+    for (const RawTag& tag : vports) {
+        Adesk::UInt64 handle = 0;
+        if (tag.code != kVisualStyle || !parseHandle(tag.value, handle) || handle == 0 ||
+            m_handles.has(handle))
+            left.push_back(tag);
+    }
+    return left;
 }
 
 /// The view and the user's system go into the record of the active viewport. One of several tiles,
@@ -181,6 +194,18 @@ void Saver::writeTable(const RecordType& type) {
     m_out.text(0, "ENDTAB");
 }
 
+/// Handles that the opened file gave and that name nothing: the usual ones take their place.
+void Saver::dropLostDefaults(const RecordType& type, RawTags& kept) const {
+    for (const Field& field : type.fields) {
+        if (field.meaning != Meaning::DefaultHandle) continue;
+        std::erase_if(kept, [&](const RawTag& tag) {
+            Adesk::UInt64 handle = 0;
+            return tag.code == field.code && parseHandle(tag.value, handle) && handle != 0 &&
+                   !m_handles.has(handle);
+        });
+    }
+}
+
 /// 0 for a block that is no space.
 Adesk::UInt64 Saver::layoutHandle(AcDbObjectId block) const {
     if (m_standard.layouts != 0 && block == m_core.modelSpaceId()) return m_standard.modelLayout;
@@ -223,6 +248,7 @@ void Saver::writeRecord(const RecordType& type, const AcDbSymbolTableRecord& rec
         RawTags kept(foreign.begin(),
                      std::find_if(foreign.begin(), foreign.end(),
                                   [](const RawTag& tag) { return tag.code == 0; }));
+        dropLostDefaults(type, kept);
         if (type.name == std::string_view("LAYER"))
             if (const auto index = indexOfTrueColor(m_version, kept, 0, kept.size()))
                 m_values.integers[1] = m_values.integers[1] < 0 ? -*index : *index;

@@ -79,6 +79,8 @@ private:
     bool writeKeptTables(const char* name);
     void writeDefaultVport();
     void writeKeptVports(const RawTags& tags);
+    RawTags withoutLostStyles(const RawTags& vports) const;
+    void dropLostDefaults(const RecordType& type, RawTags& kept) const;
     void writeMadeRecord(const RecordType& type, Adesk::UInt64 handle, const std::wstring& name,
                          bool frozen = false);
     void writeBlockRecord(const PictureBlock& block, bool ofDimension);
