@@ -290,3 +290,78 @@ TEST(Verify, BlocksThatContainThemselves) {
                   .find("contém a si mesmo"),
               std::string::npos);
 }
+
+namespace {
+
+constexpr const char* kPython = "/usr/bin/python3";
+
+bool runs(const std::string& command) {
+    return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
+}
+
+constexpr const char* kAuditAll = R"(
+import sys, ezdxf
+from pathlib import Path
+for path in sorted(Path(sys.argv[1]).glob('*.dxf')):
+    auditor = ezdxf.readfile(path).audit()
+    for e in auditor.errors + auditor.fixes: print(path.name, e.code, e.message)
+)";
+
+}  // namespace
+
+TEST(Corpus, EverySaveIsWholeForThisAndOtherReaders) {
+    const Folder folder;
+    const auto kept = std::filesystem::path(HOUSE_SOURCE_DIR) / "tests/dxf/corpus";
+    const bool audits = runs(std::string(kPython) + " -c 'import ezdxf'");
+    const bool reads = runs("command -v ogrinfo");
+    if (audits) {
+        const std::string make = std::string(kPython) + " " + (kept / "../corpus.py").string();
+        EXPECT_TRUE(runs(make + " " + (folder / "").string()));
+    }
+    const std::filesystem::path out = folder / "out";
+    std::filesystem::create_directory(out);
+    std::size_t files = 0;
+    for (const auto& where : {kept, folder / ""})
+        for (const auto& entry : std::filesystem::directory_iterator(where)) {
+            if (entry.path().extension() != ".dxf") continue;
+            const std::string name = entry.path().stem().string();
+            const auto loaded = dxf::load(entry.path());
+            ASSERT_TRUE(loaded.ok()) << name << ": " << loaded.error().message();
+            ++files;
+            for (const auto& [version, label] :
+                 {std::pair(dxf::Version::Keep, ""), std::pair(dxf::Version::R2018, "-2018"),
+                  std::pair(dxf::Version::R12, "-r12")}) {
+                // Of one kind of file in all releases one is enough to be told in others.
+                if (*label != '\0' && name.find("-R20") != name.npos && !name.ends_with("00-asc"))
+                    continue;
+                const std::filesystem::path file = out / (name + label + ".dxf");
+                const auto saved = dxf::save(**loaded, file, {version});
+                ASSERT_TRUE(saved) << file << ": " << saved.error().message();
+                const auto verdict = verify::examine(file);
+                ASSERT_TRUE(verdict) << file;
+                EXPECT_EQ(verdict->errors, 0U) << file << "\n" << messages(*verdict);
+            }
+        }
+    EXPECT_GE(files, audits ? 130U : 7U);
+    const std::string found = (folder / "achados.txt").string();
+    if (audits) {
+        write(folder / "audita.py", kAuditAll);
+        EXPECT_EQ(std::system((std::string(kPython) + " " + (folder / "audita.py").string() + " " +
+                               out.string() + " >" + found + " 2>&1")
+                                  .c_str()),
+                  0);
+        EXPECT_EQ(read(found), "");
+    }
+    if (reads) {
+        EXPECT_EQ(std::system(("for file in " + out.string() +
+                               "/*.dxf; do ogrinfo -q -al -so \"$file\" 2>&1 | grep -H "
+                               "--label=\"$file\" ERROR; done >" +
+                               found + "; true")
+                                  .c_str()),
+                  0);
+        EXPECT_EQ(read(found), "");
+    }
+    if (!audits || !reads)
+        GTEST_SKIP() << "nem todos os outros leitores estão instalados: ezdxf "
+                     << (audits ? "sim" : "NÃO") << ", ogrinfo " << (reads ? "sim" : "NÃO");
+}
