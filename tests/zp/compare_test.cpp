@@ -153,6 +153,13 @@ TEST_F(Compared, EveryChangeIsToldOnceWithItsMass) {
          },
          {L"V1 (3 pe\u00E7as): movida 3000; 0, girada"},
          0.0},
+        {L"turned about its own axis",
+         [&] {
+             take(L"_ERASE", at(0, -1000), {});
+             peca(L"U 200x75x3 L=3000 n=3 marca=V2 giro=90", L"0,-1000");
+         },
+         {L"V2 (3 pe\u00E7as): marca V1 -> V2, giro 0\u00B0 -> 90\u00B0"},
+         0.0},
         {L"copied",
          [&] {
              take(L"_COPY", at(0, -1000), {L"0,0", L"0,-700", L""});

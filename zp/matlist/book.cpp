@@ -72,7 +72,11 @@ void Book::forget(AcDbDatabase* drawing) {
 
 void Book::forgetAll() { books().clear(); }
 
-Book::Book(AcDbDatabase& drawing) : m_drawing(&drawing) { drawing.addReactor(this); }
+Book::Book(AcDbDatabase& drawing)
+    : m_drawing(&drawing),
+      m_alikeKnown(&drawing == acdbHostApplicationServices()->workingDatabase()) {
+    drawing.addReactor(this);
+}
 
 Book::~Book() {
     if (m_drawing != nullptr) m_drawing->removeReactor(this);
@@ -99,22 +103,35 @@ void Book::markDirty(AcDbObjectId id) {
 }
 
 void Book::readAll() {
+    m_first = true;
+    std::vector<AcDbObjectId> rows;
     for (const MaterialList& list : materialLists(*m_drawing)) {
-        m_lists[keyOf(list.id)];
-        for (const RowRecord& record : storedRecords(list.id))
-            enter(list.id, record.number, record.id);
+        std::map<int, AcDbObjectId>& numbers = m_lists[keyOf(list.id)];
+        const std::vector<RowRecord> records = storedRecords(list.id);
+        m_rows.reserve(m_rows.size() + records.size());
+        for (const RowRecord& record : records) {
+            numbers.emplace_hint(numbers.end(), record.number, record.id);
+            Row& row = m_rows[keyOf(record.id)];
+            row.list = list.id;
+            row.number = record.number;
+            rows.push_back(record.id);
+        }
     }
+    for (const AcDbObjectId& id : rows)
+        if (!readRow(id)) markDirty(id);
+    std::vector<AcDbObjectId> entities;
     eachEntity(*m_drawing, [&](AcDbObjectId id) {
         const AcRxClass* kind = id.objectClass();
         if (kind != nullptr &&
             (kind->isDerivedFrom(ZpObject::desc()) || kind->isDerivedFrom(ZpMarca::desc()) ||
              kind->isDerivedFrom(AcDbBlockReference::desc())))
-            markDirty(id);
+            entities.push_back(id);
     });
+    m_pecas.reserve(entities.size());
+    for (const AcDbObjectId& id : entities)
+        if (!read(id)) markDirty(id);
     refresh();
-    m_before.clear();
-    m_fresh.clear();
-    m_changedLists.clear();
+    m_first = false;
 }
 
 void Book::refresh() {
@@ -144,7 +161,7 @@ bool Book::read(AcDbObjectId id) {
 void Book::takeOut(Peca& peca) {
     if (peca.row.isNull()) return;
     Row& row = m_rows[keyOf(peca.row)];
-    m_before.try_emplace(peca.row, row.quantidade);
+    if (!m_first) m_before.try_emplace(peca.row, row.quantidade);
     row.quantidade -= std::exchange(peca.counted, 0);
     row.pecas.erase(peca.id);
     if (const auto alike = m_alike.find(peca.hash); alike != m_alike.end()) {
@@ -153,15 +170,25 @@ void Book::takeOut(Peca& peca) {
     }
 }
 
+void Book::knowAlike() {
+    if (std::exchange(m_alikeKnown, true)) return;
+    for (auto& [key, p] : m_pecas) {
+        const AcDbObjectPointer<ZpObject> peca(p.id, AcDb::kForRead);
+        if (peca.object() == nullptr || p.row.isNull() || !p.alive) continue;
+        p.hash = member::hashOf(*peca.object());
+        m_alike[p.hash].insert(p.id);
+    }
+}
+
 void Book::putIn(Peca& peca) {
     if (peca.row.isNull() || !peca.alive) return;
     Row& row = m_rows[keyOf(peca.row)];
-    m_before.try_emplace(peca.row, row.quantidade);
+    if (!m_first) m_before.try_emplace(peca.row, row.quantidade);
     const auto in = m_pecasIn.find(keyOf(peca.block));
     peca.counted = in == m_pecasIn.end() ? peca.own : peca.own * insertionsOf(peca.block);
     row.quantidade += peca.counted;
     row.pecas.insert(peca.id);
-    m_alike[peca.hash].insert(peca.id);
+    if (m_alikeKnown) m_alike[peca.hash].insert(peca.id);
 }
 
 bool Book::readPeca(AcDbObjectId id) {
@@ -182,7 +209,7 @@ bool Book::readPeca(AcDbObjectId id) {
     p.alive = alive;
     p.own = 0;
     if (!alive) return true;
-    p.hash = member::hashOf(*peca.object());
+    if (m_alikeKnown) p.hash = member::hashOf(*peca.object());
     p.own = member::of(*peca.object()).count;
     if (const AcDbObjectId bar = edit::ownerOf(*peca.object()); !bar.isNull()) {
         const AcDbObjectPointer<ZpObject> owner(bar, AcDb::kForRead);
@@ -256,8 +283,8 @@ bool Book::readRow(AcDbObjectId id) {
     Row& row = known->second;
     const AcDbObjectPointer<AcDbXrecord> record(id, AcDb::kForRead);
     if (record.openStatus() == Acad::eWasOpenForWrite) return false;
-    m_changedLists.insert(row.list);
-    const std::optional<Linha> stored = storedRow(id);
+    if (!m_first) m_changedLists.insert(row.list);
+    const std::optional<RowNames> stored = storedNames(id);
     const std::wstring marca = stored ? stored->marca : std::wstring();
     // A mark that stays is not free in between: finding the lowest free one again is a long way.
     if (row.alive != stored.has_value() || row.marca != marca) {
@@ -423,6 +450,7 @@ std::vector<AcDbObjectId> Book::marcasOf(AcDbObjectId peca) {
 
 std::vector<AcDbObjectId> Book::likely(const ZpObject& peca) {
     refresh();
+    knowAlike();
     std::vector<AcDbObjectId> found;
     for (const int step : {0, -1, 1})
         if (const auto alike = m_alike.find(member::hashOf(peca, step)); alike != m_alike.end())

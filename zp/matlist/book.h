@@ -160,6 +160,7 @@ private:
     bool readRow(AcDbObjectId id);
     bool readInsertion(AcDbObjectId id);
     void markDirty(AcDbObjectId id);
+    void knowAlike();
     void takeOut(Peca& peca);
     void putIn(Peca& peca);
     /// What listed pieces in blocks count.
@@ -172,6 +173,10 @@ private:
 
     AcDbDatabase* m_drawing;
     int m_own = 0;
+    bool m_first = false;  ///< all is being read, nothing of it is a change
+    /// Which pieces are alike is known from the beginning in the drawing that is worked on, in
+    /// another one when somebody asks.
+    bool m_alikeKnown;
     std::unordered_map<Key, Peca> m_pecas;
     std::unordered_map<Key, Marca> m_marcas;
     std::unordered_map<Key, Row> m_rows;

@@ -54,10 +54,14 @@ private:
     std::uint64_t m_hash = 0x2545F4914F6CDD1DU;
 };
 
-std::uint64_t steelHashOf(const ZpObject& peca) {
+/// `ofDrawing` is the steel of pieces that have none of their own.
+std::uint64_t steelHashOf(const ZpObject& peca, const std::wstring& ofDrawing) {
     const Peca& p = Access::of(peca);
+    const std::wstring& grade = member::of(peca).grade;
     Hash hash;
-    hash.put(p.tipoBarra).put(steelOf(peca)).put(peca.getComprimentoReal(), kLengthStep);
+    hash.put(p.tipoBarra)
+        .put(grade.empty() ? ofDrawing : grade)
+        .put(peca.getComprimentoReal(), kLengthStep);
     if (p.chapa()) return hash.put(p.actual[0], kSizeStep).put(p.actual[1], kSizeStep).value();
     hash.put(p.kgMetro(), kSizeStep);
     for (const Corte& corte : p.cortes) hash.put(corte.x, kSizeStep).put(corte.y, kSizeStep);
@@ -72,7 +76,13 @@ std::uint64_t steelHashOf(const ZpObject& peca) {
     return hash.value();
 }
 
-JobMember memberOf(const ZpObject& peca) {
+/// The member goes by this mark.
+void call(JobMember& m, std::wstring marca) {
+    m.name = marca.empty() ? 0 : Hash().put(marca).put(m.chapa ? 1LL : 0LL).value();
+    m.marca = std::move(marca);
+}
+
+JobMember memberOf(const ZpObject& peca, const std::wstring& ofDrawing) {
     const Peca& p = Access::of(peca);
     JobMember m;
     m.peca = peca.objectId();
@@ -82,18 +92,20 @@ JobMember memberOf(const ZpObject& peca) {
     m.kg = peca.getPeso();
     m.start = p.start;
     m.end = p.end();
+    m.vista = p.vista;
+    if (const double* const turn = p.value(secao::Role::Giro)) m.turn = *turn;
     m.kind = Hash().put(static_cast<int>(p.kind)).value();
-    m.steel = steelHashOf(peca);
+    m.steel = steelHashOf(peca, ofDrawing);
     return m;
 }
 
 /// A row that nothing is drawn for.
 JobMember memberOf(const Linha& row) {
     JobMember m;
-    m.marca = row.marca;
     m.count = row.quantidade;
     m.listed = true;
     m.chapa = true;
+    call(m, row.marca);
     m.kg = row.pesoUnitario;
     m.kind = Hash().put(row.descricao).value();
     m.steel = Hash().put(row.dimensoes).put(row.material).put(row.comprimento, kLengthStep).value();
@@ -155,10 +167,7 @@ private:
 /// without a place.
 using Known = std::optional<std::uint64_t>;
 
-Known byMarca(const JobMember& m) {
-    if (m.marca.empty()) return {};
-    return Hash().put(m.marca).put(m.chapa ? 1LL : 0LL).value();
-}
+Known byMarca(const JobMember& m) { return m.name != 0 ? Known(m.name) : Known(); }
 Known byKind(const JobMember& m) { return m.kind; }
 Known bySteel(const JobMember& m) {
     return Hash().put(static_cast<long long>(m.kind)).put(static_cast<long long>(m.steel)).value();
@@ -216,7 +225,7 @@ void matchAll(Matcher& matcher) {
 
 bool moved(const JobMember& before, const JobMember& after) {
     if (before.chapa) return false;
-    if (before.mirrored != after.mirrored) return true;
+    if (before.mirrored != after.mirrored || turned(before, after)) return true;
     // A cut at one end leaves the other one.
     const bool other = before.steel != after.steel;
     const bool start = before.start.distanceTo(after.start) > kSameStand;
@@ -300,7 +309,7 @@ private:
                   : L"quantidade " + signedWords(row.more) + L", agora " + std::to_wstring(row.is);
         MemberChange change{Difference::Quantity,
                             one.marca,
-                            text,
+                            one.marca.empty() ? nameWithin(one) + L", " + text : text,
                             row.more,
                             one.kg * static_cast<double>(row.more),
                             std::move(row.before),
@@ -327,6 +336,7 @@ private:
 
 std::vector<JobMember> membersOf(AcDbDatabase& drawing) {
     Book& book = Book::of(drawing);
+    const std::wstring steel = drawingSteel(drawing);
     std::vector<JobMember> members;
     eachEntity(drawing, [&](AcDbObjectId id) {
         const AcRxClass* const kind = id.objectClass();
@@ -338,11 +348,11 @@ std::vector<JobMember> membersOf(AcDbDatabase& drawing) {
         const bool listed = !record.isNull();
         // Further views, and plates that follow from a bar in no list.
         if (listed ? counts == 0 : !edit::ownerOf(*peca.object()).isNull()) return;
-        JobMember m = memberOf(*peca.object());
+        JobMember m = memberOf(*peca.object(), steel);
         m.listed = listed;
         m.count = listed ? counts : book.insertions(peca->ownerId());
         if (m.count == 0) return;  // in a block that nobody inserted
-        if (listed) m.marca = book.row(record)->marca;
+        if (listed) call(m, book.row(record)->marca);
         members.push_back(std::move(m));
     });
     for (const MaterialList& list : materialLists(drawing))
@@ -353,6 +363,18 @@ std::vector<JobMember> membersOf(AcDbDatabase& drawing) {
             if (stored && !stored->tied) members.push_back(memberOf(*stored));
         }
     return members;
+}
+
+std::wstring lostMembersText(AcDbDatabase& before, const std::vector<JobMember>& membersBefore,
+                             AcDbDatabase& after, const std::vector<JobMember>& membersAfter) {
+    if (membersBefore.empty() == membersAfter.empty()) return {};
+    AcDbDatabase& without = membersBefore.empty() ? before : after;
+    bool shows = false;
+    eachEntity(without, [&](AcDbObjectId) { shows = true; });
+    if (!shows) return {};
+    return std::wstring(L"O desenho ") + (membersBefore.empty() ? L"anterior" : L"posterior") +
+           L" não tem peças, só figuras: é uma cópia R12, ou outro programa retirou os dados das "
+           L"peças. Compare com o desenho de que a cópia foi feita.\n";
 }
 
 std::vector<MemberChange> compareMembers(const std::vector<JobMember>& before,

@@ -19,13 +19,16 @@ struct JobMember {
     AcDbObjectId peca;   ///< null: nothing of it is drawn
     AcDbObjectId block;  ///< that it stands in
     std::wstring marca;
-    long long count = 0;  ///< as the list counts; in no list, as often as it is drawn
+    std::uint64_t name = 0;  ///< of mark and whether it is a plate; 0 without a mark
+    long long count = 0;     ///< as the list counts; in no list, as often as it is drawn
     bool listed = false;
     bool mirrored = false;
     bool chapa = false;  ///< goes with its bar: where it stands is nothing to tell
     double kg = 0.0;     ///< of one
     AcGePoint3d start;
     AcGePoint3d end;
+    int vista = 0;
+    double turn = 0.0;        ///< in its view about its own axis, radians
     std::uint64_t kind = 0;   ///< of section
     std::uint64_t steel = 0;  ///< all that makes it other steel: sizes, length, ends, lacing, grade
     std::wstring row;         ///< "U 200x75x3, 2162 mm", of a row without drawn pieces
@@ -56,6 +59,11 @@ std::wstring lineOf(const MemberChange& change);
 /// "3 diferenças: 1 nova, 2 alteradas. Entram 12,3 kg, saem 4,5 kg, saldo +7,8 kg."
 std::wstring summaryOf(const std::vector<MemberChange>& changes);
 std::wstring toldAs(protocol::ComparisonForm form, const std::vector<MemberChange>& changes);
+
+/// What to tell beside changes, an empty line or one for each of the drawings that shows something
+/// and has no members while the other one has: its pieces lost their data.
+std::wstring lostMembersText(AcDbDatabase& before, const std::vector<JobMember>& membersBefore,
+                             AcDbDatabase& after, const std::vector<JobMember>& membersAfter);
 
 /// Revision clouds around what changed and a table beside the drawing, on the layer of "REVISAO";
 /// those of the comparison before are to be erased first. How many clouds there are, and table rows

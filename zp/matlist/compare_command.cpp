@@ -88,9 +88,11 @@ public:
     const ACHAR* command() const override { return kCompareCommand; }
     bool compare(AcDbDatabase& before, AcDbDatabase& after, ComparisonForm form,
                  std::wstring& told) const override {
-        const std::vector<MemberChange> changes =
-            compareMembers(membersOf(before), membersOf(after));
+        const std::vector<JobMember> earlier = membersOf(before);
+        const std::vector<JobMember> later = membersOf(after);
+        const std::vector<MemberChange> changes = compareMembers(earlier, later);
         told = toldAs(form, changes);
+        if (form == ComparisonForm::Text) told += lostMembersText(before, earlier, after, later);
         Book::forget(&before);
         return !changes.empty();
     }
@@ -131,8 +133,10 @@ void compareCommand() {
                                       L"salve-o antes de comparar."));
         return;
     }
-    const std::vector<MemberChange> changes =
-        compareMembers(membersOf(before.drawing()), membersOf(*drawing));
+    const std::vector<JobMember> earlier = membersOf(before.drawing());
+    const std::vector<JobMember> later = membersOf(*drawing);
+    const std::vector<MemberChange> changes = compareMembers(earlier, later);
+    acutPrintf(L"\n%ls", lostMembersText(before.drawing(), earlier, *drawing, later).c_str());
     if (!destination.empty()) {
         write(destination, changes);
         return;

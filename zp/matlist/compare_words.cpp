@@ -195,6 +195,12 @@ std::wstring differenceOf(const JobMember& before, const JobMember& after) {
     return words.all();
 }
 
+bool turned(const JobMember& before, const JobMember& after) {
+    constexpr double kSameTurn = 1e-4;
+    return before.vista == after.vista &&
+           std::abs(std::remainder(after.turn - before.turn, 2.0 * std::numbers::pi)) > kSameTurn;
+}
+
 std::wstring movementOf(const JobMember& before, const JobMember& after) {
     if (before.mirrored != after.mirrored) return L"espelhada";
     const AcGeVector3d along = before.end - before.start;
@@ -209,6 +215,12 @@ std::wstring movementOf(const JobMember& before, const JobMember& after) {
     if (shift != L"0; 0") words.add(L"movida " + shift);
     if (const std::wstring degrees = texts::withComma(turn, 4); degrees != L"0")
         words.add(L"girada " + degrees + L"°");
+    if (turned(before, after)) {
+        const auto inDegrees = [](double turn) {
+            return texts::withComma(turn * 180.0 / std::numbers::pi, 2) + L"°";
+        };
+        words.changed(L"giro", inDegrees(before.turn), inDegrees(after.turn));
+    }
     return words.empty() ? L"movida" : words.all();
 }
 

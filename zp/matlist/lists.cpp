@@ -70,6 +70,10 @@ public:
     bool finished() const { return m_item == nullptr; }
     /// The next group has this code.
     bool at(int code) const { return m_item != nullptr && m_item->restype == code; }
+    /// Up to the next group with this code, or the end.
+    void skipTo(int code) {
+        while (m_item != nullptr && m_item->restype != code) m_item = m_item->rbnext;
+    }
     void readNext(std::wstring& t) {
         const resbuf* r = next(AcDb::kDxfText);
         t = r != nullptr && r->resval.rstring != nullptr ? r->resval.rstring : L"";
@@ -264,6 +268,18 @@ std::optional<Linha> storedRow(AcDbObjectId record) {
     Reader reader(*opened.object(), kRowVersion);
     if (reader.finished()) return {};
     return readRow(reader);
+}
+
+std::optional<RowNames> storedNames(AcDbObjectId record) {
+    const AcDbObjectPointer<AcDbXrecord> opened(record, AcDb::kForRead);
+    if (opened.object() == nullptr) return {};
+    Reader reader(*opened.object(), kRowVersion);
+    if (reader.finished()) return {};
+    RowNames names;
+    reader.readNext(names.marca);  // the first column
+    for (reader.skipTo(AcDb::kDxfSoftPointerId); !reader.finished();)
+        names.ids.push_back(AcDbSoftPointerId(reader.id()));
+    return names;
 }
 
 AcDbObjectId add(AcDbObjectId list, const Linha& row) {

@@ -49,6 +49,12 @@ struct RowRecord {
 /// What stands in the drawing, in the order of the numbers.
 std::vector<RowRecord> storedRecords(AcDbObjectId list);
 std::optional<Linha> storedRow(AcDbObjectId record);
+/// The same of what others know it by, alone.
+struct RowNames {
+    std::wstring marca;
+    std::vector<AcDbSoftPointerId> ids;
+};
+std::optional<RowNames> storedNames(AcDbObjectId record);
 /// A new row at the end of the list: its record, null when it cannot be written.
 AcDbObjectId add(AcDbObjectId list, const Linha& row);
 bool rewrite(AcDbObjectId record, const Linha& row);

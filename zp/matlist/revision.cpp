@@ -28,6 +28,8 @@ constexpr double kArc = 7.0;
 constexpr double kAltura = 2.5;
 constexpr double kTableAway = 20.0;
 constexpr std::size_t kMostRows = 500;
+constexpr std::size_t kMostClouds = 500;
+constexpr int kMostTurns = 40;
 
 struct Box {
     AcGePoint3d lower;
@@ -54,9 +56,11 @@ AcDbObjectId layoutOf(const AcDbDatabase& drawing, const JobMember& member) {
     return table.object() != nullptr && table->getAt(name, id) == Acad::eOk ? id : AcDbObjectId();
 }
 
-/// Boxes that no upright and no level line keeps apart become one.
+/// Boxes that no upright and no level line keeps apart become one; so do those that are kept apart
+/// only after `levels` turns from one to the other, as along a spiral. O(n log n).
 using Boxes = std::vector<Box>;
-void gather(Boxes::iterator from, Boxes::iterator to, bool upright, bool tried, Boxes& gathered) {
+void gather(Boxes::iterator from, Boxes::iterator to, bool upright, bool tried, int levels,
+            Boxes& gathered) {
     const auto low = [upright](const Box& b) { return upright ? b.lower.x : b.lower.y; };
     const auto high = [upright](const Box& b) { return upright ? b.upper.x : b.upper.y; };
     std::ranges::sort(from, to, {}, low);
@@ -64,15 +68,15 @@ void gather(Boxes::iterator from, Boxes::iterator to, bool upright, bool tried, 
     double reach = high(*from);
     bool split = false;
     for (auto box = from + 1; box != to; ++box) {
-        if (low(*box) > reach) {
-            gather(start, box, !upright, false, gathered);
+        if (low(*box) > reach && levels > 0) {
+            gather(start, box, !upright, false, levels - 1, gathered);
             start = box;
             split = true;
         }
         reach = std::max(reach, high(*box));
     }
-    if (split || (!tried && to - from > 1)) {
-        gather(start, to, !upright, !split, gathered);
+    if (split || (!tried && levels > 0 && to - from > 1)) {
+        gather(start, to, !upright, !split, levels - 1, gathered);
         return;
     }
     Box all = *from;
@@ -83,6 +87,19 @@ void gather(Boxes::iterator from, Boxes::iterator to, bool upright, bool tried, 
                      all.lower.z};
     }
     gathered.push_back(all);
+}
+
+/// Clouds around boxes that lie so far from each other; where they would be too many, around whole
+/// groups of neighbours.
+Boxes cloudsAround(Boxes boxes, double away) {
+    for (;; away *= 2.0) {
+        Boxes grown = boxes;
+        const AcGeVector3d far(away, away, 0.0);
+        for (Box& box : grown) box = {box.lower - far, box.upper + far};
+        Boxes clouds;
+        gather(grown.begin(), grown.end(), true, false, kMostTurns, clouds);
+        if (clouds.size() <= kMostClouds) return clouds;
+    }
 }
 
 void sign(const Draughtsman& drawn) {
@@ -169,8 +186,7 @@ Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
             const AcDbObjectId layout = layoutOf(drawing, member);
             std::optional<Box> box = boxOf(member);
             if (layout.isNull() || !box) continue;
-            const AcGeVector3d away(kAway * scale, kAway * scale, 0.0);
-            boxes[layout].push_back({box->lower - away, box->upper + away});
+            boxes[layout].push_back(*box);
         }
     };
     for (const MemberChange& change : changes) {
@@ -181,8 +197,7 @@ Revision drawRevision(AcDbDatabase& drawing, const std::wstring& title,
     }
     AcDbObjectId model;
     for (auto& [layout, all] : boxes) {
-        Boxes clouds;
-        gather(all.begin(), all.end(), true, false, clouds);
+        const Boxes clouds = cloudsAround(std::move(all), kAway * scale);
         Draughtsman d(layout, layer);
         for (const Box& cloud : clouds) d.cloud(cloud.lower, cloud.upper, kArc * scale);
         sign(d);
