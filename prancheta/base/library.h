@@ -35,6 +35,8 @@ std::vector<std::string> programArguments(int argc, const char* const* argv);
 void useUtf8Terminal();
 /// Whether somebody types the standard input.
 bool inputIsTerminal();
+/// Whether standard error is one that takes what moves its cursor.
+bool errorIsTerminal();
 /// From here on the interrupt key (Ctrl+C) no longer ends the program: it is noted, and breaks off
 /// whoever waits for input. On Windows it still ends the program.
 void catchInterrupts();

@@ -97,6 +97,11 @@ void useUtf8Terminal() {}
 
 bool inputIsTerminal() { return ::isatty(STDIN_FILENO) != 0; }
 
+bool errorIsTerminal() {
+    const std::string kind = environment("TERM");
+    return ::isatty(STDERR_FILENO) != 0 && !kind.empty() && kind != "dumb";
+}
+
 void ignoreBrokenPipes() { (void)std::signal(SIGPIPE, SIG_IGN); }
 
 void catchInterrupts() {

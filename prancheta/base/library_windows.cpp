@@ -117,6 +117,7 @@ void useUtf8Terminal() {
 }
 
 bool inputIsTerminal() { return _isatty(_fileno(stdin)) != 0; }
+bool errorIsTerminal() { return false; }  // old ones show what moves the cursor
 
 void ignoreBrokenPipes() {}
 void catchInterrupts() {}

@@ -7,6 +7,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/console/module_answer.h"
 #include "prancheta/console/options.h"
+#include "prancheta/console/working.h"
 #include "protocol/check.h"
 
 namespace prancheta::console {
@@ -28,7 +29,10 @@ int checkJob(AcDbDatabase& drawing) {
         protocol::kDrawingCheckKey, "conferir um desenho", "--confere");
     if (check == nullptr) return kFileError;
     Printer printer;
-    check->check(drawing, printer);
+    {
+        const Working working("conferindo");
+        check->check(drawing, printer);
+    }
     std::cout << toUtf8(printer.tally.summary()) << std::endl;
     return printer.tally.faults() > 0 ? kScriptError : kDone;
 }

@@ -3,11 +3,13 @@
 #include "prancheta/console/compare_job.h"
 
 #include <iostream>
+#include <optional>
 
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/console/module_answer.h"
 #include "prancheta/console/options.h"
+#include "prancheta/console/working.h"
 #include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/editor.h"
 
@@ -33,13 +35,17 @@ int compareJob(Editor& editor, const std::string& earlier, protocol::ComparisonF
     const auto* const comparison = moduleAnswer<protocol::DrawingComparison>(
         protocol::kDrawingComparisonKey, "comparar desenhos", "--compara");
     if (comparison == nullptr) return kFileError;
+    std::optional<Working> working("abrindo " + earlier);
     const auto before = readDrawing(editor, pathFromUtf8(earlier), nullptr);
+    working.reset();
     if (!before) {
         std::cerr << "prancheta-console: " << harmless(before.error().message()) << std::endl;
         return kFileError;
     }
     std::wstring told;
+    working.emplace("comparando");
     const bool differs = comparison->compare(**before, editor.database(), form, told);
+    working.reset();
     printLines(toUtf8(told));
     return differs ? kScriptError : kDone;
 }

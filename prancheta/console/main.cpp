@@ -23,6 +23,7 @@
 #include "prancheta/console/script.h"
 #include "prancheta/console/state.h"
 #include "prancheta/console/verify_file.h"
+#include "prancheta/console/working.h"
 #include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/host.h"
 #include "prancheta/editor/installation.h"
@@ -88,13 +89,17 @@ bool prepare(Host& host, const Options& options, Outcome& outcome) {
     if (options.drawing.empty())
         return options.model.empty() || outcome.check(host.editor().file().makeNew(), kFileError);
     dxf::LoadReport findings;
-    const Result<void> opened = host.editor().file().open(pathFromUtf8(options.drawing), &findings);
+    const Result<void> opened = [&] {
+        const Working working("abrindo " + options.drawing);
+        return host.editor().file().open(pathFromUtf8(options.drawing), &findings);
+    }();
     if (opened) printFindings(host.editor(), findings);
     return outcome.check(opened, kFileError);
 }
 
 Result<void> saveDrawing(Editor& editor, const Options& options) {
     const std::filesystem::path file = pathFromUtf8(options.save);
+    const Working working("salvando " + options.save);
     dxf::SaveOptions how;
     if (options.format == "r12") how.version = dxf::Version::R12;
     if (options.format == "2000") how.version = dxf::Version::R2000;
@@ -152,6 +157,8 @@ int run(const Options& options) {
         return outcome.code(false);
     }
     if (prepared) {
+        // Until here the key ends the program: nothing is begun that it could spoil.
+        if (script->interactive()) catchInterrupts();
         catchEndWishes();
         const bool drawn =
             options.pieces.empty() ||

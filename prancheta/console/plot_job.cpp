@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <iostream>
+#include <optional>
 #include <vector>
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
+#include "prancheta/console/working.h"
 #include "prancheta/database/database_core.h"
 #include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/editor.h"
@@ -83,6 +85,7 @@ void plotDrawing(Editor& editor, const Options& options,
     if (!machine || !sheets) return failed(machine ? sheets.error() : machine.error());
     const auto plot = [&](std::span<const PlotSettings> some, PlotFormat format,
                           const std::filesystem::path& file) {
+        const Working working("plotando " + file.string());
         if (Result<void> plotted = (*machine)->plot(editor, some, format, file); !plotted)
             failed(plotted.error());
     };
@@ -111,9 +114,16 @@ Result<void> plotDrawings(Editor& editor, const Options& options) {
     const auto pdf = static_cast<std::size_t>(PlotFormat::Pdf);
     const auto job = (*machine)->begin(PlotFormat::Pdf, pathFromUtf8(options.plots[pdf]));
     if (!job) return job.error();
+    std::size_t place = 1;
+    const auto at = [&](const std::string& drawing) {
+        return "plotando " + std::to_string(place++) + " de " +
+               std::to_string(options.otherDrawings.size() + 1) + ": " + drawing;
+    };
+    std::optional<Working> working(at(options.drawing));
     Result<void> added = addSheets(**job, editor, options);
     for (const std::string& drawing : options.otherDrawings) {
         if (!added) break;
+        working.emplace(at(drawing));
         dxf::LoadReport findings;
         if (Result<void> opened = editor.file().open(pathFromUtf8(drawing), &findings); !opened)
             return opened;

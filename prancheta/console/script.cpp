@@ -16,11 +16,8 @@ namespace prancheta::console {
 Result<Script> Script::open(const std::string& path) {
     if (path == "-") {
         const bool interactive = inputIsTerminal();
-        if (interactive) {
-            catchInterrupts();
-            // Waiting looks at the terminal: nothing may lie in a buffer before it.
-            std::setvbuf(stdin, nullptr, _IONBF, 0);
-        }
+        // Waiting looks at the terminal: nothing may lie in a buffer before it.
+        if (interactive) std::setvbuf(stdin, nullptr, _IONBF, 0);
         return Script(nullptr, std::cin, "entrada", interactive);
     }
     auto content = readFile(pathFromUtf8(path));

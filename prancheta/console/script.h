@@ -17,7 +17,8 @@ public:
     static Result<Script> open(const std::string& path);
 
     /// Next answer, without surrounding blanks; comments answer nothing. Empty at the end, and when
-    /// the program is wanted to end. The interrupt key of a terminal answers `^C`.
+    /// the program is wanted to end. The interrupt key of a terminal answers `^C`, once it is
+    /// caught.
     std::optional<std::string> next();
     /// Gives no more answers: what follows an error was meant for something else.
     void stop() { m_stopped = true; }

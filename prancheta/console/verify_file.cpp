@@ -7,6 +7,7 @@
 #include "prancheta/base/file.h"
 #include "prancheta/base/text.h"
 #include "prancheta/console/options.h"
+#include "prancheta/console/working.h"
 #include "prancheta/verify/verify.h"
 
 namespace prancheta::console {
@@ -19,7 +20,10 @@ std::string counted(std::size_t count, const char* one, const char* many) {
 }  // namespace
 
 int verifyFile(const std::string& path) {
-    const auto verdict = verify::examine(resolvePath(path));
+    const auto verdict = [&] {
+        const Working working("examinando " + path);
+        return verify::examine(resolvePath(path));
+    }();
     if (!verdict) {
         std::cerr << "prancheta-console: " << harmless(verdict.error().message()) << std::endl;
         return kFileError;

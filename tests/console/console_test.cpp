@@ -507,6 +507,35 @@ TEST_F(Console, TheInterruptKeyOfATerminalIsEsc) {
     EXPECT_TRUE(has(text("e.json"), "AcDbCircle"));
 }
 
+TEST_F(Console, LongWorkTellsATerminalWhereItIs) {
+    ASSERT_EQ(::mkfifo((folder / "cano").c_str(), 0600), 0);
+    ASSERT_EQ(run("-o a.dxf", "_circle\n0,0\n5\n").code, 0);
+    const auto feed = [&] { std::ofstream(folder / "cano") << text("a.dxf"); };
+    ::setenv("TERM", "xterm", 1);
+    const std::string pipe = "'" + (folder / "cano").string() + "'";
+    Terminal terminal(kProgram, "--sem-modulos --verifica " + pipe);
+    if (!terminal.works()) GTEST_SKIP() << "this machine has no pseudo-terminals";
+    terminal.answer("examinando", "");
+    feed();
+    EXPECT_EQ(terminal.end(), 0) << terminal.shown();
+    EXPECT_TRUE(has(terminal.shown(), "\r\x1b[K\r")) << "the line is gone at the end";
+    // Ended by its key, it leaves nothing half done.
+    const std::string saved = (folder / "b.dxf").string();
+    Terminal broken(kProgram, "--sem-modulos --quieto " + pipe + " -o '" + saved + "'");
+    broken.answer("abrindo", "\x03");
+    EXPECT_EQ(broken.end(), -1);
+    EXPECT_FALSE(fs::exists(saved));
+    // As long, but nobody sees it.
+    std::thread late([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(800));
+        feed();
+    });
+    const Outcome unseen = run("--sem-modulos --verifica cano");
+    late.join();
+    EXPECT_EQ(unseen.code, 0);
+    EXPECT_EQ(unseen.err, "");
+}
+
 TEST_F(Console, WhoIsToldToEndSavesWhatThereIs) {
     ASSERT_EQ(::mkfifo((folder / "cano").c_str(), 0600), 0);
     // Both ways, so that it has no end.
