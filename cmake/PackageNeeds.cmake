@@ -1,6 +1,12 @@
 # SPDX-License-Identifier: MIT
-# Read by cpack before it makes a package. Without these programs it would fail late, or make one that depends on
-# nothing.
+# Read by cpack before it makes a package.
+
+# The date of what is packed, as when it was configured.
+if(NOT DEFINED ENV{SOURCE_DATE_EPOCH} AND CPACK_HOUSE_EPOCH)
+    set(ENV{SOURCE_DATE_EPOCH} ${CPACK_HOUSE_EPOCH})
+endif()
+
+# Without these programs it would fail late, or make one that depends on nothing.
 if(CPACK_GENERATOR STREQUAL DEB)
     foreach(need file:file dpkg-dev:dpkg-shlibdeps)
         string(REPLACE : ";" need ${need})

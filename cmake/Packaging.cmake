@@ -63,6 +63,15 @@ which keeps its drawings as DXF and plots them to PDF, SVG and PNG.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 # A package that is its own origin tells its changes under this name.
+# Two packages of one commit are the same bytes: their only date is the commit's, or the one that is asked for.
+if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
+    execute_process(COMMAND git log -1 --format=%ct WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}
+                    OUTPUT_VARIABLE house_epoch OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+    if(house_epoch)
+        set(ENV{SOURCE_DATE_EPOCH} ${house_epoch})
+    endif()
+endif()
+set(CPACK_HOUSE_EPOCH $ENV{SOURCE_DATE_EPOCH})
 string(TIMESTAMP house_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 configure_file(packaging/changelog.in ${CMAKE_BINARY_DIR}/changelog @ONLY)
 execute_process(COMMAND gzip -9nfk ${CMAKE_BINARY_DIR}/changelog COMMAND_ERROR_IS_FATAL ANY)
