@@ -144,9 +144,10 @@ protected:
         return text.str();
     }
     bool has(const std::string& name) const { return fs::exists(m_folder / name); }
-    Json stateIn(const std::string& name) const {
-        std::ifstream in(m_folder / name);
-        return Json::parse(in);
+    Json stateIn(const std::string& name) const { return Json::parse(textOf(name)); }
+    std::string textOf(const std::string& name) const {
+        std::ifstream in(m_folder / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
     }
 
 private:
@@ -333,13 +334,15 @@ TEST_F(Returns, PiecesComeBackFromAProgramThatDroppedTheirData) {
 }
 
 TEST_F(Returns, TheExamplesOfTheTextOnAutomationRun) {
-    EXPECT_EQ(runExamples(fs::path(HOUSE_SOURCE_DIR) / "docs/automacao.md"), 6);
+    EXPECT_EQ(runExamples(fs::path(HOUSE_SOURCE_DIR) / "docs/automacao.md"), 8);
     const Json rows = stateIn("obra.json")["lista_material"];
     std::map<std::string, int> pecas;
     for (const Json& row : rows) pecas[row["marca"]] = row["quantidade"];
     // Six plates at each of the eight D1: five parts between them.
     EXPECT_EQ(pecas,
               (std::map<std::string, int>{{"V1", 4}, {"D1", 8}, {"P1", 48}, {"P2", 2}, {"P3", 1}}));
+    // The six plates of each of the seven D1 that are left.
+    EXPECT_TRUE(textOf("corte/P1.dxf").find("P1: 42 x chapa 5 x 50 x 60") != std::string::npos);
     // 46,1 kg/m are printed: two of 5980,5 and one of 3000.
     if (has("quilos.json")) {
         EXPECT_NEAR(stateIn("quilos.json").value("W 200 x 46,1", 0.0), 46.1 * 14.961, 1e-6);
