@@ -26,7 +26,9 @@ bool standsByPoints(const AcDbEntity& entity) {
            entity.isKindOf(WeldSymbol::desc());
 }
 
-/// A piece follows the scale with what belongs to it, and has an axis, which a mark has not.
+}  // namespace
+
+// A piece follows the scale with what belongs to it, and has an axis, which a mark has not.
 bool isMark(const AcDbEntity& entity) {
     return protocol::extensionOf<protocol::ScaleFollower>(entity, protocol::kScaleFollowerClass) !=
                nullptr &&
@@ -34,24 +36,21 @@ bool isMark(const AcDbEntity& entity) {
                nullptr;
 }
 
-/// The leader whose note it is; null for none.
-const AcDbLeader* leaderOf(const AcDbMText& note) {
-    const ObjectExtra* const extra = ObjectAccess::extra(note);
-    if (extra == nullptr) return nullptr;
+bool isAnnotation(const AcDbEntity& entity) {
+    return standsByPoints(entity) || entity.isKindOf(AcDbText::desc()) ||
+           entity.isKindOf(AcDbMText::desc()) || isMark(entity);
+}
+
+const AcDbLeader* noteLeader(const AcDbEntity& entity) {
+    const ObjectExtra* const extra = ObjectAccess::extra(entity);
+    if (extra == nullptr || !entity.isKindOf(AcDbMText::desc())) return nullptr;
     for (const AcDbObjectId& id : extra->reactors) {
         const AcDbStub* const stub = id;
         if (stub == nullptr || stub->erased) continue;
         const AcDbLeader* const leader = AcDbLeader::cast(stub->object);
-        if (leader != nullptr && leader->annotationObjId() == note.objectId()) return leader;
+        if (leader != nullptr && leader->annotationObjId() == entity.objectId()) return leader;
     }
     return nullptr;
-}
-
-}  // namespace
-
-bool isAnnotation(const AcDbEntity& entity) {
-    return standsByPoints(entity) || entity.isKindOf(AcDbText::desc()) ||
-           entity.isKindOf(AcDbMText::desc()) || isMark(entity);
 }
 
 AcGePoint3d annotationAnchor(const AcDbEntity& entity, const Picture& picture) {
@@ -59,8 +58,7 @@ AcGePoint3d annotationAnchor(const AcDbEntity& entity, const Picture& picture) {
         text != nullptr && !standsBetweenPoints(*text) &&
         (text->horizontalMode() != 0 || text->verticalMode() != 0))
         return text->alignmentPoint();
-    if (const auto* const note = AcDbMText::cast(&entity))
-        if (const AcDbLeader* const leader = leaderOf(*note)) return leader->lastVertex();
+    if (const AcDbLeader* const leader = noteLeader(entity)) return leader->lastVertex();
     AcGePoint3dArray grips;
     AcDbIntArray modes;
     AcDbIntArray ids;

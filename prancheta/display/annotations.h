@@ -5,11 +5,18 @@
 #include "dbmain.h"
 #include "prancheta/graphics/picture.h"
 
+class AcDbLeader;
+
 namespace prancheta {
 
 /// Dimensions, leaders, texts, weld symbols, and marks of modules: their size follows the drawing's
 /// scale.
 bool isAnnotation(const AcDbEntity& entity);
+
+/// A mark of a module among them.
+bool isMark(const AcDbEntity& entity);
+/// The leader whose note the entity is; null for none.
+const AcDbLeader* noteLeader(const AcDbEntity& entity);
 
 /// The point by which it stands when its size changes: a text's insertion, the end of the leader of
 /// which it is the note, the tip of a mark. `picture` is what the entity draws.

@@ -76,13 +76,31 @@ void addDimension(const AcDbDimension& dimension, const Frame& frame, NewEntitie
     out.push_back(std::move(made));
 }
 
+bool isInside(const AcDbLeader& leader, const Frame& frame) {
+    for (int i = 0; i < leader.numVertices(); ++i)
+        if (!frame.has(leader.vertexAt(i))) return false;
+    return true;
+}
+
+/// A leader and its note come together or not at all.
+bool comesAlone(const AcDbEntity& entity, const Frame& frame) {
+    if (const AcDbLeader* const leader = noteLeader(entity)) return !isInside(*leader, frame);
+    const auto* const leader = AcDbLeader::cast(&entity);
+    const AcDbStub* const stub = leader != nullptr ? leader->annotationObjId() : AcDbObjectId();
+    AcDbEntity* const note =
+        stub != nullptr && !stub->erased ? AcDbEntity::cast(stub->object) : nullptr;
+    if (note == nullptr) return false;
+    const Picture picture = pictureOf(*note);
+    return insideOf(picture, frame.border).size() != picture.size();
+}
+
 void addEntity(const AcDbEntity& entity, const Picture& picture, const Frame& frame,
                NewEntities& out) {
+    if (comesAlone(entity, frame)) return;
     if (const auto* const dimension = AcDbDimension::cast(&entity))
         return addDimension(*dimension, frame, out);
     if (const auto* const leader = AcDbLeader::cast(&entity)) {
-        for (int i = 0; i < leader->numVertices(); ++i)
-            if (!frame.has(leader->vertexAt(i))) return;
+        if (!isInside(*leader, frame)) return;
         if (const std::unique_ptr<AcDbEntity> copy = scaledCopy(entity, frame))
             take(pictureOf(*copy), out);
         return;

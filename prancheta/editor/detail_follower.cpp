@@ -53,7 +53,8 @@ bool isInserted(const AcDbDatabase& database, AcDbObjectId block) {
 }
 
 void eraseParts(Editor& editor, const Detail& detail) {
-    std::vector<AcDbObjectId> parts{detail.outline, detail.mark, detail.label, detail.border};
+    std::vector<AcDbObjectId> parts{detail.outline, detail.mark, detail.label, detail.border,
+                                    recordOf(editor.database(), detail)};
     if (stands(detail.block) && !isInserted(editor.database(), detail.block))
         parts.push_back(detail.block);
     std::vector<AcDbObjectId> erased;
@@ -266,7 +267,8 @@ std::wstring followOne(Editor& editor, Detail detail, const Boxes& changed) {
         (void)keepDetail(database, detail);  // its record is there
         if (state == State::Still)
             return L"\nA marca do detalhe " + detail.letter +
-                   L" foi apagada: o detalhe fica como está.\n";
+                   (stands(detail.outline) ? L" está aberta" : L" foi apagada") +
+                   L": o detalhe fica como está.\n";
     }
     if (state == State::Live && viewportOf(detail.head) != nullptr)
         followOnSheet(editor, detail, border);

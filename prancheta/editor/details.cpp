@@ -162,6 +162,21 @@ AcDbObjectId insertionOf(const AcDbDatabase& database, AcDbObjectId block, AcDbO
     return {};
 }
 
+std::vector<AcDbObjectId> withLabels(const AcDbDatabase& database, std::vector<AcDbObjectId> ids) {
+    for (const Detail& detail : detailsOf(database))
+        if (stands(detail.label) && std::ranges::find(ids, detail.head) != ids.end() &&
+            std::ranges::find(ids, detail.label) == ids.end())
+            ids.push_back(detail.label);
+    return ids;
+}
+
+AcDbObjectId recordOf(const AcDbDatabase& database, const Detail& detail) {
+    AcDbObjectId id;
+    const AcDbObjectPointer<AcDbDictionary> folder(folderOf(database), AcDb::kForRead);
+    if (folder.openStatus() == Acad::eOk) (void)folder->getAt(detail.letter.c_str(), id);
+    return id;
+}
+
 void releaseDetail(AcDbDatabase& database, AcDbObjectId insertion) {
     Detail detail = detailShownBy(database, insertion);
     if (detail.head != insertion || detail.onSheet() ||

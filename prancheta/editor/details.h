@@ -54,6 +54,10 @@ bool keepDetail(AcDbDatabase& database, const Detail& detail);
 Detail detailShownBy(const AcDbDatabase& database, AcDbObjectId entity);
 /// The first insertion of a block in the model but this one; null for none. O(entities).
 AcDbObjectId insertionOf(const AcDbDatabase& database, AcDbObjectId block, AcDbObjectId but = {});
+/// The same ids with the labels of the windows of details among them: copies have one each.
+std::vector<AcDbObjectId> withLabels(const AcDbDatabase& database, std::vector<AcDbObjectId> ids);
+/// Its record; null for one that is not kept. Erased, the detail is none any more.
+AcDbObjectId recordOf(const AcDbDatabase& database, const Detail& detail);
 /// The insertion becomes what its block holds: its detail, unless it stands elsewhere, too, follows
 /// no more, and keeps mark and letter. Before the insertion goes.
 void releaseDetail(AcDbDatabase& database, AcDbObjectId insertion);

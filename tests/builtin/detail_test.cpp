@@ -145,6 +145,7 @@ TEST_F(Details, GoWithTheirMarkAndComeBack) {
     type({L"_erase", L"2000,200", L""});
     EXPECT_TRUE(erased(first));
     EXPECT_TRUE(first.block.isErased());
+    EXPECT_TRUE(details().empty());
     EXPECT_EQ(prancheta::freeLetter(editor->database()), L"A");
     type({L"oops"});
     EXPECT_FALSE(first.head.isErased() || first.outline.isErased() || first.mark.isErased() ||
@@ -162,6 +163,35 @@ TEST_F(Details, GoWithTheirMarkAndComeBack) {
     EXPECT_TRUE(first.head.isErased());
     EXPECT_FALSE(first.outline.isErased());
     EXPECT_EQ(prancheta::freeLetter(editor->database()), L"B");
+    type({L"u", L"_break", L"-100,-50", L"_f", L"0,-50", L"50,-50"});
+    EXPECT_TRUE(said(L"A marca do detalhe A está aberta"));
+}
+
+TEST_F(Details, AreNoMirrorImages) {
+    draw();
+    const Detail first = details()[0];
+    type({L"_mirror", L"2000,200", L"", L"3000,0", L"3000,100", L"_n"});
+    type({L"_mirror", L"2000,200", L"", L"2500,0", L"2500,100", L"_y"});
+    int shown = 0;
+    for (const double x : {3000.0, 4000.0})
+        for (const AcDbObjectId id : editor->database().core().modelSpace()) {
+            if (id.isErased() || id.objectClass() != AcDbBlockReference::desc()) continue;
+            const Read<AcDbBlockReference> insertion(id);
+            if (insertion->position().x != x) continue;
+            EXPECT_GT(insertion->blockTransform().det(), 0.0);
+            ++shown;
+        }
+    EXPECT_EQ(shown, 2);
+    expectLine(content<AcDbLine>(details()[0])[0], -400, 40, 400, 40);
+}
+
+/// A leader whose note lies outside, and a note whose leader does.
+TEST_F(Details, TakeLeadersAndNotesTogether) {
+    type({L"-diretriz", L"-50,30", L"50,30", L"_a", L"LONGA DEMAIS", L""});
+    type({L"-diretriz", L"-150,-30", L"-90,-30", L"_a", L"I", L""});
+    draw();
+    EXPECT_EQ(content<AcDbLine>(details()[0]).size(), 1u);
+    EXPECT_EQ(content<AcDbText>(details()[0]).size(), 1u);  // its label
 }
 
 TEST_F(Details, RefuseWhatCannotBe) {
@@ -203,6 +233,13 @@ TEST_F(Details, AreWindowsOnSheets) {
     EXPECT_EQ(label(), L"DETALHE A - ESC. 1:4");
     EXPECT_NEAR(window->width(), 25.0, 1e-9);
     EXPECT_DOUBLE_EQ(Read<AcDbCircle>(first.border)->radius(), 12.5);
+    EXPECT_TRUE(window->isLayerFrozenInViewport(Read<AcDbText>(first.mark)->layerId()));
+    type({L"_copy", L"237.5,40", L"", L"0,0", L"0,60", L""});
+    {
+        const Read<AcDbBlockTableRecord> sheet(editor->spaces().tab());
+        const AcDbObjectId copy = prancheta::ObjectAccess::entities(*sheet.object()).back();
+        EXPECT_EQ(Read<AcDbText>(copy)->textStringConst(), label());
+    }
     type({L"_erase", L"237.5,40", L""});
     EXPECT_TRUE(first.label.isErased() && first.outline.isErased() && first.border.isErased());
 }

@@ -2,6 +2,7 @@
 // COPY: copies a selection, once or again and again.
 #include "prancheta/editor/commands/displacement.h"
 #include "prancheta/editor/commands/table.h"
+#include "prancheta/editor/details.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::commands {
@@ -116,6 +117,7 @@ Task<InputValue> copyToPoints(CommandContext context, AcGePoint3d base, Ids ids)
 CommandTask copy(CommandContext context) {
     Selection chosen = co_await selectForChange(context);
     if (chosen.status != RTNORM) co_return endOf(chosen.status);
+    chosen.ids = withLabels(context.database(), std::move(chosen.ids));
     say(context,
         std::wstring(L"Configurações atuais: Modo de cópia = ") + modeName(memory(context)));
     for (;;) {

@@ -70,6 +70,8 @@ bool addWindow(const CommandContext& context, const AcGePoint3d& place, bool rou
         (void)viewport.setViewCenter(
             {(region.left + region.right) / 2.0, (region.bottom + region.top) / 2.0});
         (void)viewport.setCustomScale(1.0 / detail.scale);
+        // Marks of details are for those who look for them in the whole.
+        (void)viewport.setFrozenLayers({context.database().core().ensureLayer(kDetailLayer)});
         (void)viewport.setLocked();
     });
     if (round) clip(context, detail);

@@ -8,6 +8,7 @@
 #include "dbsymtb.h"
 #include "prancheta/database/entity_picture.h"
 #include "prancheta/database/user_system.h"
+#include "prancheta/editor/details.h"
 #include "prancheta/editor/editor.h"
 #include "prancheta/entities/viewports.h"
 #include "prancheta/geometry/angles.h"
@@ -182,9 +183,22 @@ void tellNotStretched(const CommandContext& context, std::size_t count) {
 
 namespace {
 
-std::vector<std::size_t> transformEach(const Ids& ids, const AcGeMatrix3d& matrix) {
-    return changeEach(ids,
-                      [&](AcDbEntity& entity, std::size_t) { return entity.transformBy(matrix); });
+/// What shows a region that is not mirrored with it only goes to the mirrored place.
+AcGeMatrix3d withoutMirror(const AcDbBlockReference& detail, const AcGeMatrix3d& matrix) {
+    return AcGeMatrix3d::translation(matrix * detail.position() - detail.position());
+}
+
+std::vector<std::size_t> transformEach(const CommandContext& context, const Ids& ids,
+                                       const AcGeMatrix3d& matrix) {
+    std::vector<Detail> details;
+    if (matrix.det() < 0.0) details = detailsOf(context.database());
+    return changeEach(ids, [&](AcDbEntity& entity, std::size_t) {
+        const auto* const insertion = AcDbBlockReference::cast(&entity);
+        const bool isDetail =
+            insertion != nullptr && std::ranges::find(details, insertion->blockTableRecord(),
+                                                      &Detail::block) != details.end();
+        return entity.transformBy(isDetail ? withoutMirror(*insertion, matrix) : matrix);
+    });
 }
 
 void takeOut(Ids& ids, const std::vector<std::size_t>& places) {
@@ -195,7 +209,7 @@ void takeOut(Ids& ids, const std::vector<std::size_t>& places) {
 }  // namespace
 
 void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatrix3d& matrix) {
-    const std::size_t failed = transformEach(ids, matrix).size();
+    const std::size_t failed = transformEach(context, ids, matrix).size();
     if (failed > 0)
         say(context, counted(failed, L"objeto não pôde ser transformado.",
                              L"objetos não puderam ser transformados."));
@@ -203,7 +217,7 @@ void transformAll(const CommandContext& context, const Ids& ids, const AcGeMatri
 
 std::vector<std::size_t> transformCopies(const CommandContext& context, Ids& copies,
                                          const AcGeMatrix3d& matrix) {
-    std::vector<std::size_t> refused = transformEach(copies, matrix);
+    std::vector<std::size_t> refused = transformEach(context, copies, matrix);
     if (refused.empty()) return refused;
     Ids wrong;
     for (const std::size_t place : refused) wrong.push_back(copies[place]);
@@ -232,10 +246,12 @@ bool mayCopy(const CommandContext& context, double times, const Ids& ids) {
 
 void transformOrCopy(const CommandContext& context, Ids ids, const AcGeMatrix3d& matrix,
                      Originals originals) {
-    if (originals == Originals::Stay)
+    if (originals == Originals::Stay) {
+        ids = withLabels(context.database(), std::move(ids));
         (void)copyAll(context, ids, matrix);
-    else
+    } else {
         transformAll(context, ids, matrix);
+    }
 }
 
 Ids cloneAll(const CommandContext& context, const Ids& ids) {
