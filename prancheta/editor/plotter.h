@@ -58,6 +58,10 @@ PlotSettings sheetPlot(const Tab& tab);
 /// Sheets that hold something, in tab order.
 std::vector<Tab> drawnSheets(const AcDbDatabase& database);
 
+/// Before sheets are plotted by hand: writes today into the title blocks that have another date,
+/// and says whose material list is stale.
+void dateSheets(Editor& editor, std::span<const PlotSettings> sheets);
+
 /// One file that is being plotted; nothing of it is on disk before finish().
 class PlotJob {
 public:

@@ -177,7 +177,30 @@ void drawViewport(const CommandContext& context, const Box2d& frame, double scal
         (void)viewport.setLayer(layer);  // it is open for write, and the scale above 0
         (void)viewport.setCustomScale(1.0 / scale);
     });
-    tellWhetherFits(context, frame, scale);
+}
+
+/// What is in its middle stays there.
+void setFrame(const CommandContext& context, AcDbObjectId id, const Box2d& frame, double scale) {
+    const AcGePoint3d middle((frame.left + frame.right) / 2.0, (frame.bottom + frame.top) / 2.0,
+                             0.0);
+    changeViewports(context, {id}, [&](AcDbViewport& viewport) {
+        (void)viewport.setCenterPoint(middle);  // open for write, and sizes above 0
+        (void)viewport.setWidth(frame.width());
+        (void)viewport.setHeight(frame.height());
+        (void)viewport.setCustomScale(1.0 / scale);
+    });
+}
+
+/// What a list in the lower right corner leaves of an area: what lies above it, or to its left.
+Box2d clearOf(const Box2d& area, const Box2d& list) {
+    if (list.empty()) return area;
+    Box2d above = area;
+    Box2d beside = area;
+    above.bottom = std::max(area.bottom, list.top);
+    beside.right = std::min(area.right, list.left);
+    const Box2d& larger =
+        above.width() * above.height() > beside.width() * beside.height() ? above : beside;
+    return larger.width() > 0.0 && larger.height() > 0.0 ? larger : area;
 }
 
 /// After the questions. What can fail comes before the tab is shown.
@@ -198,6 +221,9 @@ CommandEnd draw(const CommandContext& context, const NewSheet& sheet) {
     drawViewport(context, left, sheet.scale);
     (void)refreshSheets(context);
     refreshList(context, *tab);
+    const Box2d free = clearOf(left, listArea(*tab));
+    setFrame(context, mainViewport(tab->block), free, sheet.scale);
+    tellWhetherFits(context, free, sheet.scale);
     context.editor().spaces().tabsChanged();
     say(context, L"Folha " + sheet.name + L": " + sheet.format.name + L", " +
                      paperScaleText(sheet.scale) + L".");

@@ -5,6 +5,7 @@
 #include "prancheta/base/text.h"
 #include "prancheta/editor/commands/files.h"
 #include "prancheta/editor/commands/memory.h"
+#include "prancheta/editor/commands/sheet_list.h"
 #include "prancheta/editor/commands/sheets.h"
 #include "prancheta/editor/commands/support.h"
 #include "prancheta/editor/commands/table.h"
@@ -222,7 +223,7 @@ CommandTask plot(CommandContext context) {
         memory(context).plot = settings;
     else
         memory(context).plot.monochrome = settings.monochrome;
-    if (context.editor().spaces().onSheet()) refreshDate(context, context.editor().spaces().tab());
+    dateSheets(context.editor(), std::span(&settings, 1));
     const Result<std::wstring> sent = send(context.editor(), settings, target);
     if (!sent) {
         context.editor().complain(toWide(sent.error().message()));
@@ -243,3 +244,15 @@ CommandTask plotInWindow(CommandContext context) {
 }
 
 }  // namespace prancheta::commands
+
+void prancheta::dateSheets(Editor& editor, std::span<const PlotSettings> sheets) {
+    CommandRun run;
+    const CommandContext context(editor, run);
+    std::vector<Tab> tabs;
+    for (const PlotSettings& sheet : sheets) {
+        tabs.push_back(
+            tabOf(editor.database(), sheet.space.isNull() ? editor.spaces().tab() : sheet.space));
+        commands::refreshDate(context, tabs.back().block);
+    }
+    commands::tellStaleLists(context, tabs);
+}

@@ -27,14 +27,62 @@ constexpr const wchar_t* kListMark = L"PRANCHETA_LISTA";
 
 bool isListPart(const AcDbEntity& entity) { return ListOwner(entity.xData(kListMark)) != nullptr; }
 
-/// The application is known.
-void markPart(AcDbObjectId id) {
+/// The application is known. `content`: of the title block, what the list said.
+void markPart(AcDbObjectId id, const std::wstring& content = kSheetLayer) {
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-    if (entity.openStatus() != Acad::eOk || isListPart(*entity.object())) return;
+    if (entity.openStatus() != Acad::eOk) return;
     ListBuilder list;
     list.add(newTextItem(AcDb::kDxfRegAppName, kListMark));
-    list.add(newTextItem(AcDb::kDxfXdAsciiString, kSheetLayer));
+    list.add(newTextItem(AcDb::kDxfXdAsciiString, content));
     (void)entity->setXData(ListOwner(list.release()).get());
+}
+
+const protocol::DrawingReport* drawingReport() {
+    return static_cast<const protocol::DrawingReport*>(
+        acrxSysRegistry()->at(protocol::kDrawingReportKey));
+}
+
+/// A number that is another one when a list says something else (FNV-1a of what it prints).
+class Digest : public protocol::PropertyVisitor {
+public:
+    void number(const ACHAR* name, double value) override { take(name, numberTextWide(value)); }
+    void integer(const ACHAR* name, long long value) override {
+        take(name, std::to_wstring(value));
+    }
+    void text(const ACHAR* name, const ACHAR* value) override {
+        take(name, value != nullptr ? value : L"");
+    }
+    void point(const ACHAR*, const AcGePoint3d&) override {}
+    void object(const ACHAR*, const AcDbObjectId&) override {}
+    void beginList(const ACHAR*) override {}
+    void endList() override {}
+    void beginGroup(const ACHAR*) override {}
+    void endGroup() override {}
+    std::wstring words() const { return L"lista " + std::to_wstring(m_sum); }
+
+private:
+    void take(std::wstring_view name, std::wstring_view value) {
+        for (const std::wstring_view part : {name, value})
+            for (const wchar_t c : part) m_sum = (m_sum ^ static_cast<std::uint64_t>(c)) * kPrime;
+    }
+    static constexpr std::uint64_t kPrime = 1099511628211u;
+    std::uint64_t m_sum = 14695981039346656037u;
+};
+
+std::wstring contentOfList(const CommandContext& context, const protocol::DrawingReport& report) {
+    Digest digest;
+    report.describePrinted(context.database(), digest);
+    return digest.words();
+}
+
+/// The lines, texts, ... that show it.
+Ids listParts(const Tab& sheet) {
+    Ids parts = contentOf(sheet.block);
+    std::erase_if(parts, [title = titleOf(sheet.block)](const AcDbObjectId& id) {
+        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForRead);
+        return id == title || part.openStatus() != Acad::eOk || !isListPart(*part.object());
+    });
+    return parts;
 }
 
 void forgetPart(AcDbObjectId id) {
@@ -91,15 +139,10 @@ std::size_t drawList(const CommandContext& context, const Tab& sheet, const AcGe
 }  // namespace
 
 void refreshList(const CommandContext& context, const Tab& sheet) {
-    const auto* const report = static_cast<const protocol::DrawingReport*>(
-        acrxSysRegistry()->at(protocol::kDrawingReportKey));
+    const auto* const report = drawingReport();
     if (report == nullptr) return;
     const AcDbObjectId titleId = titleOf(sheet.block);
-    Ids standing = contentOf(sheet.block);
-    std::erase_if(standing, [titleId](const AcDbObjectId& id) {
-        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForRead);
-        return id == titleId || part.openStatus() != Acad::eOk || !isListPart(*part.object());
-    });
+    const Ids standing = listParts(sheet);
     bool erased = false;
     AcGePoint3d corner;
     {
@@ -116,9 +159,35 @@ void refreshList(const CommandContext& context, const Tab& sheet) {
     (void)eraseAll(context, standing);
     (void)context.database().core().ensureRegApp(kListMark);
     if (drawList(context, sheet, corner, *report) > 0)
-        markPart(titleId);
+        markPart(titleId, contentOfList(context, *report));
     else
         forgetPart(titleId);
+}
+
+Box2d listArea(const Tab& sheet) {
+    Box2d area;
+    for (const AcDbObjectId& id : listParts(sheet)) {
+        const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForRead);
+        area.add(entityBox(*part.object()));
+    }
+    return area;
+}
+
+void tellStaleLists(const CommandContext& context, const std::vector<Tab>& sheets) {
+    const auto* const report = drawingReport();
+    if (report == nullptr) return;
+    const std::wstring now = contentOfList(context, *report);
+    for (const Tab& sheet : sheets) {
+        const AcDbObjectPointer<AcDbEntity> title(titleOf(sheet.block), AcDb::kForRead);
+        if (title.openStatus() != Acad::eOk) continue;
+        const ListOwner kept(title->xData(kListMark));
+        if (kept == nullptr || kept->rbnext == nullptr) continue;
+        const std::wstring was = kept->rbnext->resval.rstring;
+        // Sheets of before say nothing.
+        if (was == kSheetLayer || was == now || listParts(sheet).empty()) continue;
+        say(context, L"A lista de material da folha " + sheet.name +
+                         L" não é mais a do desenho; FOLHA Atualizar a renova.");
+    }
 }
 
 }  // namespace prancheta::commands

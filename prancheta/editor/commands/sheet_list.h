@@ -11,5 +11,9 @@ namespace prancheta::commands {
 /// the title block; nothing where the user erased them, and without lists. Says so when they do not
 /// fit; they are not drawn then. The sheet has a title block. O(its entities, the lists' rows).
 void refreshList(const CommandContext& context, const Tab& sheet);
+/// What the list covers of the sheet; empty without one.
+Box2d listArea(const Tab& sheet);
+/// Says of each of the sheets whose list is not the drawing's any more that it is so.
+void tellStaleLists(const CommandContext& context, const std::vector<Tab>& sheets);
 
 }  // namespace prancheta::commands
