@@ -314,12 +314,19 @@ void MaterialPanel::showTotals() {
     const std::vector<int> visible = visibleRows();
     const std::vector<MaterialSchema::Column>& columns = m_model->schema().columns;
     QStringList sums;
+    std::map<QString, QString> known;  // by unit, the first sum
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (!columns[i].summed) continue;
         double sum = 0.0;
         for (const int row : visible)
             if (!m_model->row(row).erased) sum += m_model->row(row).numbers[i];
-        sums << commaText(sum, 2) + u' ' + columns[i].unit;
+        const QString text = commaText(sum, 2) + u' ' + columns[i].unit;
+        const auto [first, isNew] = known.emplace(columns[i].unit, text);
+        // The net mass of members without cuts is the mass.
+        if (isNew)
+            sums << text;
+        else if (first->second != text)
+            sums << columns[i].heading + u' ' + text;
     }
     m_totals->setText(QStringLiteral("Total: ") + sums.join(QStringLiteral("   ")));
 }
