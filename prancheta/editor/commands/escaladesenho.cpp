@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // ESCALADESENHO: the one scale by which dimensions, marks, texts, tables, hatches and linetypes are
 // sized; what stands is laid out for it again when the user wants that.
+#include <algorithm>
 #include <cmath>
 
 #include "dbdim.h"
@@ -9,6 +10,7 @@
 #include "dbmtext.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/database_core.h"
+#include "prancheta/display/annotations.h"
 #include "prancheta/display/appearance.h"
 #include "prancheta/display/display_list.h"
 #include "prancheta/editor/commands/support.h"
@@ -129,6 +131,24 @@ std::wstring toldOf(const Outcome& outcome) {
     return told.empty() ? told : L" " + told + L".";
 }
 
+std::size_t countSizedBy(const Ids& ids, const Rescaling& by) {
+    return static_cast<std::size_t>(std::ranges::count_if(ids, [&](const AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+        return entity.openStatus() == Acad::eOk &&
+               (isSizedBy(*entity.object(), by) || isMark(*entity.object()));
+    }));
+}
+
+/// Of what was not to be updated; empty for none.
+std::wstring toldLeft(std::size_t count, double former) {
+    if (count == 0) return {};
+    return L" " +
+           counted(count, L"objeto continua com o tamanho de ",
+                   L"objetos continuam com o tamanho de ") +
+           paperScaleText(former) +
+           L": para atualizar, volte a essa escala e mude outra vez com Sim.";
+}
+
 /// Drawing units per mm of paper; Enter keeps the present one.
 Task<InputValue> askScale(CommandContext context, double present) {
     const Prompt prompt(InputKind::Text,
@@ -167,11 +187,14 @@ CommandTask escaladesenho(CommandContext context) {
     context.editor().display().invalidate();
     context.editor().appearances().invalidate();
     std::wstring told = L"Escala do desenho: " + paperScaleText(scale.number) + L".";
+    const Rescaling by{former, scale.number};
     if (updates) {
         Outcome outcome;
         layAgain(database, standing, outcome);
-        rescaleOwn(standing, {former, scale.number}, outcome);
+        rescaleOwn(standing, by, outcome);
         told += toldOf(outcome);
+    } else if (by.factor() != 1.0) {
+        told += toldLeft(countSizedBy(standing, by), former);
     }
     say(context, told);
     co_return CommandEnd::Done;
