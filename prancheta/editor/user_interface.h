@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -140,11 +141,22 @@ struct RawInput {
 /// could not be written).
 enum class Complaint { Again, Refused, Failed };
 
+/// What a drawing may be saved as.
+struct FileFormat {
+    const wchar_t* title;
+    /// Put behind the drawing's name ("-r12") where the file is a copy that does not hold all of
+    /// it; else empty.
+    const wchar_t* mark;
+};
+
 /// A drawing's file that a command needs.
 struct FileQuestion {
     enum class Purpose { Open, Save };
     Purpose purpose = Purpose::Open;
-    std::filesystem::path suggestion;  ///< empty: none
+    std::filesystem::path suggestion = {};  ///< empty: none
+    /// To choose between, the usual one first; empty: there is no choice.
+    std::span<const FileFormat> formats = {};
+    std::size_t* format = nullptr;  ///< where the number of the chosen one goes
 };
 
 /// What becomes of a file that another program changed since the drawing was read from it.

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Menus, tool windows and files as they are used between and inside commands.
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QDropEvent>
+#include <QFileDialog>
+#include <QListWidget>
 #include <QLockFile>
 #include <QMenu>
 #include <QMimeData>
@@ -587,6 +590,76 @@ TEST_F(Window, WhoLeavesWhilePlotPointsLeavesPlot) {
     pointAtPlotWindow(story, [&] { story.window().close(); });
     EXPECT_TRUE(story.run());
     EXPECT_TRUE(story.closedItself());
+}
+
+QComboBox* comboWith(const QWidget& window, const QString& item) {
+    for (QComboBox* const box : window.findChildren<QComboBox*>())
+        if (box->findText(item) >= 0) return box;
+    return nullptr;
+}
+
+TEST_F(Window, PlotOfALayoutIsItsSheetAndSeveralArePagesOfAPdf) {
+    Story story;
+    story.type("_layout _s Layout1\n").type("c 50,50 25 ");
+    story.when([&] { return story.idle() && story.editor().spaces().onSheet(); },
+               [&] { story.press("plotar "); });
+    story.when([] { return plotDialog() != nullptr; },
+               [&] {
+                   const auto& dialog = *plotDialog();
+                   const AcDbObjectId sheet = story.editor().spaces().tab();
+                   EXPECT_EQ(dialog.settings().space, sheet);
+                   EXPECT_EQ(dialog.settings().scale, 1.0);
+                   EXPECT_FALSE(comboWith(dialog, "Janela...")->isEnabled());
+                   comboWith(dialog, "Modelo")->setCurrentIndex(0);
+                   EXPECT_NE(dialog.settings().space, sheet);
+                   auto* const layouts = dialog.findChild<QListWidget*>();
+                   ASSERT_EQ(layouts->count(), 1);  // the one that holds something
+                   QCheckBox* several = nullptr;
+                   for (QCheckBox* const box : dialog.findChildren<QCheckBox*>())
+                       if (box->text() == "&Várias folhas") several = box;
+                   several->setChecked(true);
+                   ASSERT_EQ(dialog.sheets().size(), 1u);
+                   EXPECT_EQ(dialog.sheets()[0].space, sheet);
+                   layouts->item(0)->setCheckState(Qt::Unchecked);
+                   EXPECT_TRUE(dialog.sheets().empty());
+                   comboWith(dialog, "SVG")->setCurrentText("SVG");
+                   EXPECT_FALSE(several->isEnabled());
+                   EXPECT_TRUE(several->toolTip().contains("PDF"));
+                   EXPECT_EQ(dialog.sheets().size(), 1u);
+                   plotDialog()->reject();
+               });
+    story.when([&] { return story.idle(); }, [] {});
+    EXPECT_TRUE(story.run());
+}
+
+QFileDialog* fileDialog() { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()); }
+
+TEST_F(Window, SavesInTheFormatThatIsChosen) {
+    const fs::path file = folder() / "placa.dxf";
+    const fs::path copy = folder() / "placa-r12.dxf";
+    Story story;
+    story.type("c 50,50 25 ");
+    story.when([&] { return story.idle() && story.entities() == 1; },
+               [&] {
+                   ASSERT_TRUE(story.editor().file().save(file));
+                   story.press("_saveas ");
+               });
+    story.when([] { return fileDialog() != nullptr; },
+               [&] {
+                   auto* const types = fileDialog()->findChild<QComboBox*>("fileTypeCombo");
+                   ASSERT_EQ(types->count(), 4);
+                   types->setCurrentIndex(2);
+                   emit types->activated(2);
+                   emit types->textActivated(types->currentText());
+                   EXPECT_EQ(fileDialog()->selectedFiles().value(0).toStdString(), copy.string());
+                   QMetaObject::invokeMethod(fileDialog(), "accept");
+               });
+    story.when([&] { return story.idle() && fs::exists(copy); },
+               [&] { EXPECT_EQ(story.editor().file().name(), file); });
+    EXPECT_TRUE(story.run());
+    std::ifstream in(copy);
+    const std::string text{std::istreambuf_iterator<char>(in), {}};
+    EXPECT_NE(text.find("AC1009"), text.npos);
 }
 
 TEST_F(Window, PlotPointsAtItsWindow) {

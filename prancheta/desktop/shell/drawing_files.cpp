@@ -11,6 +11,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 #include "prancheta/editor/drawing_file.h"
 
 namespace prancheta::desktop {
@@ -42,6 +44,23 @@ std::filesystem::path DrawingFiles::choose(const FileQuestion& question) {
     const QString folder = folderOf(m_editor->file().name());
     const bool saving = question.purpose == FileQuestion::Purpose::Save;
     QFileDialog dialog(&m_window, saving ? "Salvar desenho" : "Abrir desenho", folder, kFilter);
+    QStringList formats;
+    for (const FileFormat& format : question.formats)
+        formats << QString::fromWCharArray(format.title) + " (*.dxf *.DXF)";
+    if (!formats.isEmpty()) {
+        dialog.setNameFilters(formats);
+        // A copy is not to take the drawing's own name.
+        QObject::connect(&dialog, &QFileDialog::filterSelected, [&](const QString& filter) {
+            QString name = QFileInfo(dialog.selectedFiles().value(0)).completeBaseName();
+            QString mark;
+            for (const FileFormat& format : question.formats) {
+                const QString known = QString::fromWCharArray(format.mark);
+                if (name.endsWith(known)) name.chop(known.size());
+                if (filter.startsWith(QString::fromWCharArray(format.title))) mark = known;
+            }
+            dialog.selectFile(name + mark + ".dxf");
+        });
+    }
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix("dxf");
@@ -53,6 +72,9 @@ std::filesystem::path DrawingFiles::choose(const FileQuestion& question) {
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     QSettings().setValue(kFolderKey, dialog.directory().absolutePath());
+    if (question.format != nullptr)
+        *question.format = static_cast<std::size_t>(
+            std::max<qsizetype>(0, formats.indexOf(dialog.selectedNameFilter())));
     return toPath(dialog.selectedFiles().constFirst());
 }
 

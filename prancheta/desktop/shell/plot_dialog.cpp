@@ -9,6 +9,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
@@ -18,6 +19,7 @@
 
 #include "adscodes.h"
 #include "prancheta/base/text.h"
+#include "prancheta/database/database_core.h"
 #include "prancheta/desktop/shell/drawing_files.h"
 #include "prancheta/editor/drawing_file.h"
 #include "prancheta/editor/paper_scale.h"
@@ -119,6 +121,8 @@ bool fitsUsualPaper(Editor& editor) {
 PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
     : QDialog(parent),
       m_editor(editor),
+      m_tabs(drawnSheets(editor.database())),
+      m_what(new QComboBox(this)),
       m_paper(new QComboBox(this)),
       m_orientation(new QComboBox(this)),
       m_area(new QComboBox(this)),
@@ -127,7 +131,8 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
       m_monochrome(new QCheckBox("&Monocromático", this)),
       m_lineWeights(new QCheckBox("Espessuras de &linha", this)),
       m_layers(new QCheckBox("Camadas do P&DF", this)),
-      m_sheets(new QCheckBox("&Várias folhas: cada layout que tem alguma coisa, em 1:1", this)),
+      m_sheets(new QCheckBox("&Várias folhas", this)),
+      m_layouts(new QListWidget(this)),
       m_footer(new QCheckBox("&Rodapé com arquivo, data e escala", this)),
       m_told(new QLabel(this)),
       m_preview(new SheetPreview(editor)) {
@@ -149,17 +154,19 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
                           QString::fromStdWString(printer));
     m_lineWeights->setChecked(true);
     m_layers->setChecked(true);
-    m_sheets->setEnabled(!drawnSheets(editor.database()).empty());
+    addLayouts();
     m_told->setWordWrap(true);
 
     auto* const form = new QFormLayout;
+    form->addRow("O &que plotar:", m_what);
     form->addRow("&Papel:", m_paper);
     form->addRow("&Orientação:", m_orientation);
     form->addRow("Áre&a:", m_area);
     form->addRow("&Escala:", m_scale);
     form->addRow("Arq&uivo ou impressora:", m_format);
     form->addRow(m_monochrome);
-    for (QCheckBox* const box : {m_lineWeights, m_layers, m_sheets, m_footer}) form->addRow(box);
+    for (QCheckBox* const box : {m_lineWeights, m_layers, m_footer}) form->addRow(box);
+    form->addRow(m_sheets, m_layouts);
     form->addRow(m_told);
     if (const std::wstring line = notShown(editor.database()); !line.empty()) {
         auto* const missing = new QLabel(QString::fromStdWString(line), this);
@@ -179,33 +186,75 @@ PlotDialog::PlotDialog(Editor& editor, QWidget* parent)
     row->addLayout(left);
     row->addWidget(m_preview, 1);
 
-    for (QComboBox* const box : {m_paper, m_orientation, m_area})
+    for (QComboBox* const box : {m_what, m_paper, m_orientation, m_area})
         connect(box, &QComboBox::currentIndexChanged, this, [this] { showSettings(); });
     // Chosen again, it asks again.
     connect(m_area, &QComboBox::activated, this, [this](int area) {
         if (area == kWindow) done(kPickWindow);
     });
     connect(m_scale, &QComboBox::currentTextChanged, this, [this] { showSettings(); });
-    for (QCheckBox* const box : {m_monochrome, m_lineWeights, m_footer})
+    for (QCheckBox* const box : {m_monochrome, m_lineWeights, m_footer, m_sheets})
         connect(box, &QCheckBox::toggled, this, [this] { showSettings(); });
+    connect(m_format, &QComboBox::currentIndexChanged, this, [this] { enableChoices(); });
     showSettings();
 }
 
+void PlotDialog::addLayouts() {
+    m_what->addItem("Modelo");
+    for (const Tab& tab : m_tabs) {
+        const QString name = QString::fromStdWString(tab.name);
+        m_what->addItem(name + " em 1:1");
+        auto* const row = new QListWidgetItem(name, m_layouts);
+        row->setCheckState(Qt::Checked);
+        if (tab.block == m_editor.spaces().tab()) m_what->setCurrentIndex(m_what->count() - 1);
+    }
+    if (m_tabs.empty()) return m_layouts->hide();
+    constexpr int kMostRows = 5;
+    const int rows = std::min(m_layouts->count(), kMostRows);
+    m_layouts->setFixedHeight(rows * m_layouts->sizeHintForRow(0) + 2 * m_layouts->frameWidth());
+}
+
+void PlotDialog::enableChoices() {
+    const bool printer = !m_format->currentData().toString().isEmpty();
+    const bool pages =
+        printer ||
+        kFormats[static_cast<std::size_t>(m_format->currentIndex())].format == PlotFormat::Pdf;
+    m_sheets->setEnabled(pages && !m_tabs.empty());
+    m_sheets->setToolTip(m_tabs.empty() ? "Nenhum layout do desenho tem alguma coisa."
+                         : !pages       ? "SVG e PNG têm uma folha só; escolha PDF."
+                                        : "Os layouts marcados, cada um numa página em 1:1.");
+    const bool several = m_sheets->isEnabled() && m_sheets->isChecked();
+    const bool model = !several && m_what->currentIndex() == 0;
+    m_what->setEnabled(!several);
+    m_layouts->setEnabled(several);
+    for (QComboBox* const box : {m_paper, m_orientation, m_scale}) box->setEnabled(model);
+    // The window and the screen are those of what is shown.
+    m_area->setEnabled(model && !m_editor.spaces().drawsOnPaper());
+}
+
 PlotSettings PlotDialog::settings() const {
+    const int what = m_what->currentIndex();
+    if (what > 0) return inWays(sheetPlot(m_tabs[static_cast<std::size_t>(what - 1)]));
     PlotSettings out;
+    out.space = m_editor.database().core().modelSpaceId();
     out.paper = *findPaper(m_paper->currentText().toStdWString());  // one of the list
     out.orientation = static_cast<PlotSettings::Orientation>(m_orientation->currentIndex());
-    if (m_area->currentIndex() == kScreen) out.area = screenOf(m_editor);
-    if (m_area->currentIndex() == kWindow) out.area = m_window;
-    out.monochrome = m_monochrome->isChecked();
-    out.lineWeights = m_lineWeights->isChecked();
-    out.layers = m_layers->isChecked();
-    out.footer = m_footer->isChecked();
+    const int area = m_area->isEnabled() ? m_area->currentIndex() : kExtents;
+    if (area == kScreen) out.area = screenOf(m_editor);
+    if (area == kWindow) out.area = m_window;
     // Anything else fits.
     const QString scaleText = m_scale->currentText().replace(',', '.');
     if (const auto scale = readPaperScale(scaleText.toStdWString()))
         out.scale = scale->paper / scale->drawing;
-    return out;
+    return inWays(out);
+}
+
+PlotSettings PlotDialog::inWays(PlotSettings sheet) const {
+    sheet.monochrome = m_monochrome->isChecked();
+    sheet.lineWeights = m_lineWeights->isChecked();
+    sheet.layers = m_layers->isChecked();
+    sheet.footer = m_footer->isChecked();
+    return sheet;
 }
 
 void PlotDialog::pickWindow() {
@@ -228,6 +277,7 @@ void PlotDialog::pickWindow() {
 }
 
 void PlotDialog::showSettings() {
+    enableChoices();
     const PlotSettings wanted = settings();
     const SheetLayout layout = layoutSheet(m_editor, wanted);
     QString told = QString("Folha de %1 x %2 mm, escala %3.")
@@ -243,23 +293,20 @@ void PlotDialog::showSettings() {
 }
 
 std::vector<PlotSettings> PlotDialog::sheets() const {
-    const PlotSettings wanted = settings();
-    if (!m_sheets->isChecked()) return {wanted};
+    if (!m_sheets->isEnabled() || !m_sheets->isChecked()) return {settings()};
     std::vector<PlotSettings> out;
-    for (const Tab& tab : drawnSheets(m_editor.database())) {
-        PlotSettings& sheet = out.emplace_back(sheetPlot(tab));
-        sheet.monochrome = wanted.monochrome;
-        sheet.lineWeights = wanted.lineWeights;
-        sheet.layers = wanted.layers;
-        sheet.footer = wanted.footer;
-    }
+    for (int row = 0; row < m_layouts->count(); ++row)
+        if (m_layouts->item(row)->checkState() == Qt::Checked)
+            out.push_back(inWays(sheetPlot(m_tabs[static_cast<std::size_t>(row)])));
     return out;
 }
 
 Result<void> PlotDialog::plotTo(const FormatRow& row, const std::filesystem::path& file) {
     const Result<Plotter*> writer = plotter();
     if (!writer) return writer.error();
-    return (*writer)->plot(m_editor, sheets(), row.format, file);
+    const std::vector<PlotSettings> wanted = sheets();
+    dateSheets(m_editor, wanted);
+    return (*writer)->plot(m_editor, wanted, row.format, file);
 }
 
 std::filesystem::path PlotDialog::askFile(const FormatRow& row) {
@@ -277,10 +324,16 @@ std::filesystem::path PlotDialog::askFile(const FormatRow& row) {
 }
 
 void PlotDialog::accept() {
+    if (sheets().empty()) {
+        QMessageBox::information(this, "Plotar", "Marque um layout, ou desligue Várias folhas.");
+        return;
+    }
     const QString printer = m_format->currentData().toString();
     Result<void> done;
     if (!printer.isEmpty()) {
-        const Result<std::wstring> job = print(m_editor, sheets(), printer.toStdWString());
+        const std::vector<PlotSettings> wanted = sheets();
+        dateSheets(m_editor, wanted);
+        const Result<std::wstring> job = print(m_editor, wanted, printer.toStdWString());
         if (!job)
             done = job.error();
         else

@@ -9,7 +9,7 @@
 class QCheckBox;
 class QComboBox;
 class QLabel;
-class QLineEdit;
+class QListWidget;
 
 namespace prancheta::desktop {
 
@@ -22,8 +22,9 @@ public:
     /// The editor must outlive the dialog.
     PlotDialog(Editor& editor, QWidget* parent);
 
+    /// What is shown in the picture: the model or a layout.
     PlotSettings settings() const;
-    /// What is plotted: that, or the layouts.
+    /// What is plotted: that, or the ticked layouts.
     std::vector<PlotSettings> sheets() const;
 
     /// Result of exec() when the user wants to point at what is plotted: to be called then, and
@@ -37,12 +38,19 @@ public slots:
     void accept() override;
 
 private:
+    void addLayouts();
+    /// What one chooses for the model a layout knows; a picture is one sheet.
+    void enableChoices();
     void showSettings();
+    /// With the pens, layers and footer that are chosen.
+    PlotSettings inWays(PlotSettings sheet) const;
     /// Empty when the user chose none.
     std::filesystem::path askFile(const FormatRow& row);
     Result<void> plotTo(const FormatRow& row, const std::filesystem::path& file);
 
     Editor& m_editor;
+    std::vector<Tab> m_tabs;  ///< the layouts that hold something
+    QComboBox* m_what;        ///< the model, then those
     QComboBox* m_paper;
     QComboBox* m_orientation;
     QComboBox* m_area;
@@ -52,6 +60,7 @@ private:
     QCheckBox* m_lineWeights;
     QCheckBox* m_layers;
     QCheckBox* m_sheets;
+    QListWidget* m_layouts;  ///< the layouts, to be ticked
     QCheckBox* m_footer;
     QLabel* m_told;
     SheetPreview* m_preview;

@@ -235,9 +235,7 @@ CommandTask plot(CommandContext context) {
 }
 
 CommandTask plotInWindow(CommandContext context) {
-    // A sheet knows its paper and scale: there is nothing to choose in a window.
-    const bool onSheet = context.editor().spaces().onSheet();
-    if (!onSheet && usesWindows(context) && context.editor().ui().showTool(Tool::Plot))
+    if (usesWindows(context) && context.editor().ui().showTool(Tool::Plot))
         co_return CommandEnd::Done;
     const CommandEnd end = co_await plot(context);
     co_return end;

@@ -22,8 +22,28 @@ struct SaveKind {
     dxf::SaveOptions options;
     bool modelOnly = false;
     bool isCopy() const { return modelOnly || options.version == dxf::Version::R12; }
-    const char* ending() const { return modelOnly ? "-modelo.dxf" : "-r12.dxf"; }
+    /// 0 to 3, of kFormats.
+    std::size_t format() const {
+        if (modelOnly) return 3;
+        return options.version == dxf::Version::R12     ? 2
+               : options.version == dxf::Version::R2000 ? 1
+                                                        : 0;
+    }
 };
+
+/// As files are chosen in a window.
+constexpr FileFormat kFormats[] = {{L"DXF 2018", L""},
+                                   {L"DXF 2000", L""},
+                                   {L"Cópia em DXF R12, para máquinas de corte", L"-r12"},
+                                   {L"Cópia só do modelo", L"-modelo"}};
+
+SaveKind kindOf(std::size_t format) {
+    SaveKind kind;
+    if (format == 1) kind.options.version = dxf::Version::R2000;
+    if (format == 2) kind.options.version = dxf::Version::R12;
+    kind.modelOnly = format == 3;
+    return kind;
+}
 
 bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
     std::error_code error;
@@ -82,18 +102,43 @@ Task<ChangedFile> askAboutChange(CommandContext context) {
     co_return isWord(answer, L"Another") ? ChangedFile::SaveElsewhere : ChangedFile::Keep;
 }
 
+constexpr const wchar_t* kNoCopyThere =
+    L"Este é o arquivo do desenho, e a cópia não guarda tudo: dê outro nome.";
+
+CommandEnd writeKind(const CommandContext& context, const std::filesystem::path& path,
+                     const SaveKind& kind) {
+    return kind.isCopy() ? writeCopy(context, path, kind) : write(context, path, kind.options);
+}
+
+/// Nothing when there is no such window.
+std::optional<CommandEnd> saveInWindow(const CommandContext& context,
+                                       const std::filesystem::path& present) {
+    for (;;) {
+        std::size_t format = 0;
+        const auto chosen =
+            chosenFile(context, {FileQuestion::Purpose::Save, present, kFormats, &format});
+        if (!chosen) return {};
+        if (chosen->empty()) return CommandEnd::Cancelled;
+        const SaveKind kind = kindOf(format);
+        const std::filesystem::path path = withExtension(*chosen);
+        if (!kind.isCopy() || !sameFile(path, present)) return writeKind(context, path, kind);
+        context.editor().alert(kNoCopyThere);
+    }
+}
+
 /// Name and version; asks before it would replace a file that is not the drawing's own.
 CommandTask saveUnderName(CommandContext context) {
     const std::filesystem::path present = context.editor().file().name();
     const std::filesystem::path named = present.empty() ? "Desenho1.dxf" : present;
     SaveKind kind;
-    if (const auto chosen = chosenFile(context, {FileQuestion::Purpose::Save, present})) {
-        if (chosen->empty()) co_return CommandEnd::Cancelled;
-        co_return write(context, withExtension(*chosen), kind.options);
-    }
+    if (usesWindows(context))
+        if (const auto end = saveInWindow(context, present)) co_return *end;
     for (;;) {
         std::filesystem::path proposed = named;
-        if (kind.isCopy()) proposed.replace_extension() += kind.ending();
+        if (kind.isCopy()) {
+            proposed.replace_extension() += kFormats[kind.format()].mark;
+            proposed += ".dxf";
+        }
         const std::wstring shown = toWide(proposed.string());
         const InputValue answer = co_await context.ask(
             Prompt(InputKind::Text, L"\nSalvar desenho como ou [Versão] <" + shown + L">: ")
@@ -116,9 +161,7 @@ CommandTask saveUnderName(CommandContext context) {
         const std::wstring name = answer.status == RTNORM ? answer.text : shown;
         const std::filesystem::path path = withExtension(typedPath(name));
         if (kind.isCopy() && sameFile(path, present)) {
-            context.editor().complain(
-                L"Este é o arquivo do desenho, e a cópia não guarda tudo: dê outro nome.",
-                Complaint::Refused);
+            context.editor().complain(kNoCopyThere, Complaint::Refused);
             continue;
         }
         std::error_code unreadable;  // then it cannot be replaced either, and saving says why
@@ -133,8 +176,7 @@ CommandTask saveUnderName(CommandContext context) {
             if (what == ChangedFile::Keep) co_return CommandEnd::Cancelled;
             if (what == ChangedFile::SaveElsewhere) continue;
         }
-        co_return kind.isCopy() ? writeCopy(context, path, kind)
-                                : write(context, path, kind.options);
+        co_return writeKind(context, path, kind);
     }
 }
 
