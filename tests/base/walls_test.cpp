@@ -90,9 +90,11 @@ const std::map<std::string, std::set<std::string>> kMayKnow = {
 
 /// The doors by which the front ends know the editor.
 const std::set<std::string> kEditorDoors = {
-    "command_stack.h", "commands/layers.h", "drawing_file.h", "edit_group.h",     "editor.h",
-    "host.h",          "installation.h",    "modules.h",      "paper_scale.h",    "picking.h",
-    "plotter.h",       "printers.h",        "snap_modes.h",   "user_interface.h", "variables.h"};
+    "command_stack.h", "commands/layers.h", "drawing_file.h", "dynamic_input.h",
+    "edit_group.h",    "editor.h",          "host.h",         "installation.h",
+    "modules.h",       "paper_scale.h",     "picking.h",      "plotter.h",
+    "printers.h",      "snap_modes.h",      "tracking.h",     "user_interface.h",
+    "variables.h"};
 
 /// Libraries by the beginnings of their headers, and the rooms that may use them.
 const std::vector<std::pair<std::string, std::set<std::string>>> kLibraries = {

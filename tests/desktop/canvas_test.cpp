@@ -121,6 +121,28 @@ TEST_F(Pointing, orthoLimitsTheCursorButNotSnapsNorTypedPoints) {
     expectLine(all[4], 450, 400, 520, 480);
 }
 
+TEST_F(Pointing, trackingHoldsThePointerAndEndsWithItsPoint) {
+    line(500, 400, 600, 400);
+    for (const wchar_t* text : {L"OSMODE", L"1", L"POLARANG", L"45", L"_LINE", L"100,100"})
+        type(text);
+    click(302, 298);   // at 45 degrees
+    moveTo(501, 399);  // the end, at which the pointer rests
+    then([] { QTest::qWait(500); });
+    click(503, 201);  // below it
+    click(560, 230);  // nothing holds it there
+    type(L"'AUTOSNAP");
+    type(L"0");
+    click(660, 253);
+    type(L"");
+    run();
+    const Ids all = entities();
+    ASSERT_EQ(all.size(), 5u);
+    expectLine(all[1], 100, 100, 300, 300);
+    expectLine(all[2], 300, 300, 500, 201);
+    expectLine(all[3], 500, 201, 560, 230);
+    expectLine(all[4], 560, 230, 660, 253);
+}
+
 TEST_F(Pointing, orthoLeavesThePointerItsHeight) {
     type(L"ORTHOMODE");
     type(L"1");
@@ -404,7 +426,7 @@ TEST_F(Showing, selectionAndGroundAreSeen) {
     editor->selection().clear();
     canvas.refresh();
     EXPECT_TRUE(alike(shown(), before));
-    canvas.setGround(Canvas::Ground::Light);
+    canvas.setColors(desktop::lightPalette());
     EXPECT_GT(shown().pixelColor(400, 300).lightness(), before.pixelColor(400, 300).lightness());
 }
 

@@ -90,8 +90,28 @@ TEST_F(Window, KeysFromAnywhereReachTheCommandLine) {
     story.then([&] {
         QTest::keyClick(&story.edit(), Qt::Key_F8);
         EXPECT_EQ(story.editor().variables().number(L"ORTHOMODE"), 1);
-        EXPECT_TRUE(story.window().findChild<QAbstractButton*>("ORTO")->isChecked());
+        const auto shown = [&](const char* name) {
+            return story.window().findChild<QAbstractButton*>(name)->isChecked();
+        };
+        EXPECT_TRUE(shown("ORTO"));
+        EXPECT_FALSE(shown("POLAR")) << "one of the two";
+        const bool tracked = shown("RASTREIO");
+        for (const Qt::Key key : {Qt::Key_F10, Qt::Key_F11}) QTest::keyClick(&story.edit(), key);
+        EXPECT_TRUE(shown("POLAR"));
+        EXPECT_FALSE(shown("ORTO"));
+        EXPECT_EQ(story.editor().variables().number(L"ORTHOMODE"), 0);
+        EXPECT_NE(shown("RASTREIO"), tracked);
     });
+    // A length, Tab, an angle: beside the cursor and on the command line.
+    story.type("\x1b").type("l 10,10 50\t90\n\n");
+    story.when([&] { return story.idle() && story.entities() == 3; },
+               [&] {
+                   const AcDbObjectPointer<AcDbLine> line(story.entity(2), AcDb::kForRead);
+                   ASSERT_NE(line.object(), nullptr);
+                   EXPECT_TRUE(line->endPoint().isEqualTo(AcGePoint3d(10, 60, 0)));
+                   QTest::keyClick(&story.edit(), Qt::Key_F12);
+                   EXPECT_EQ(story.editor().variables().number(L"DYNMODE"), -3);
+               });
     EXPECT_TRUE(story.run());
 }
 

@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "dbpl.h"
+#include "prancheta/base/text.h"
+#include "prancheta/editor/dynamic_input.h"
 #include "prancheta/editor/picking.h"
 #include "prancheta/editor/snap_modes.h"
 #include "prancheta/editor/tracking.h"
@@ -247,6 +249,54 @@ TEST_F(SnapHitsTest, thePointerIsHeldOnLinesFromWhereItRested) {
         EXPECT_EQ(kinds, c.lines);
         EXPECT_TRUE(hit->point.isEqualTo(c.held, AcGeTol())) << hit->point.x << " " << hit->point.y;
     }
+}
+
+// --- Values beside the pointer ------------------------------------------------------------------
+
+TEST_F(SnapHitsTest, tabGoesOnToTheNextValueOfAnAnswer) {
+    editor->setLastPoint({10, 10, 0});
+    InputRequest from;  // 40 to the right and 30 up: 50 long
+    from.kind = InputKind::Point;
+    from.base = AcGePoint3d(10, 10, 0);
+    InputRequest corner = from;
+    corner.kind = InputKind::Corner;
+    InputRequest first;
+    first.kind = InputKind::Point;
+    InputRequest elsewhere = from;  // @ would not count from there
+    elsewhere.base = AcGePoint3d(20, 10, 0);
+    const struct {
+        const InputRequest& request;
+        TypedLine typed;
+        TypedLine next;
+        std::vector<std::wstring> shown;
+        int active;
+        const wchar_t* answered;
+    } kCases[] = {
+        {from, {L"", 0}, {L"<", 1}, {L"50.0000", L"37"}, 0, L""},
+        {from, {L"70", 2}, {L"@70<", 4}, {L"70", L"37"}, 0, L"70"},
+        {from, {L"@70<", 4}, {L"@70<", 3}, {L"70", L"37"}, 1, L"70"},
+        {from, {L"@70<90", 6}, {L"@70<90", 3}, {L"70", L"90"}, 1, L"@70<90"},
+        {from, {L"<90", 3}, {L"@<90", 1}, {L"50.0000", L"90"}, 1, L"<90"},
+        {from, {L"@<90", 1}, {L"@<90", 4}, {L"50.0000", L"90"}, 0, L"<90"},
+        {from, {L"_end", 4}, {L"_end", 4}, {L"50.0000", L"37"}, -1, L"_end"},
+        {corner, {L"70", 2}, {L"@70,", 4}, {L"70", L"30.0000"}, 0, L"70"},
+        {first, {L"70", 2}, {L"70,", 3}, {L"70", L"40.0000"}, 0, L"70"},
+        {elsewhere, {L"70", 2}, {L"70", 2}, {L"70", L"45"}, 0, L"70"},
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(toUtf8(c.typed.text));
+        EXPECT_EQ(nextField(*editor, c.request, c.typed), c.next);
+        EXPECT_EQ(withoutEmptyField(c.typed.text), c.answered);
+        const auto fields = dynamicFields(*editor, c.request, {50, 40, 0}, c.typed);
+        ASSERT_EQ(fields.size(), 2u);
+        for (int i : {0, 1}) {
+            EXPECT_EQ(fields[static_cast<std::size_t>(i)].text,
+                      c.shown[static_cast<std::size_t>(i)]);
+            EXPECT_EQ(fields[static_cast<std::size_t>(i)].active, i == c.active);
+        }
+    }
+    editor->variables().force(L"DYNMODE", short{-3});
+    EXPECT_TRUE(dynamicFields(*editor, from, {50, 40, 0}, {}).empty());
 }
 
 }  // namespace

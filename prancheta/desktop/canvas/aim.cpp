@@ -63,6 +63,7 @@ void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& w
     m_catches.clear();
     m_chosen = 0;
     m_onGrid = false;
+    m_lines.clear();
     m_point = world;
     if (request == nullptr || !asksForPoint(*request)) return;
     const int modes = modesOf(editor, *request);
@@ -76,8 +77,25 @@ void Aim::take(Editor& editor, const InputRequest* request, const AcGePoint3d& w
     m_onGrid = variables.number(L"SNAPMODE") != 0;
     if (m_onGrid) m_point = onSnapGrid(editor, world);
     const bool ortho = (variables.number(L"ORTHOMODE") != 0) != shift;
-    if (ortho && request->orthoAllowed && request->base)
+    if (ortho && request->orthoAllowed && request->base) {
         m_point = onOrtho(editor, *request->base, m_point);
+    } else if (auto held = m_tracking.hold(editor, world, request->base, modes)) {
+        m_onGrid = false;
+        m_point = held->point;
+        m_lines = std::move(held->lines);
+    }
+}
+
+bool Aim::rest(Editor& editor, const InputRequest& request, const AcGePoint3d& world) {
+    const int modes = modesOf(editor, request);
+    const bool tracks = (modes & (kExtensionSnap | kParallelSnap)) != 0 ||
+                        (editor.variables().number(L"AUTOSNAP") & kObjectTracking) != 0;
+    return asksForPoint(request) && tracks && m_tracking.rest(editor, world, modes);
+}
+
+void Aim::forget() {
+    m_tracking.clear();
+    m_lines.clear();
 }
 
 void Aim::cycle() {

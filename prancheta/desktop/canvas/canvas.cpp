@@ -76,17 +76,15 @@ void Canvas::setEditor(Editor* editor) {
 
 void Canvas::refresh() { m_impl->follow(); }
 
-void Canvas::setGround(Ground ground) {
-    const Palette& palette = ground == Ground::Dark ? darkPalette() : lightPalette();
-    m_impl->drawing.look.palette = &palette;
+void Canvas::setColors(const Palette& colors) {
+    m_impl->drawing.look.palette = colors;
     refresh();
 }
 
-Canvas::Ground Canvas::ground() const {
-    return m_impl->palette().dark ? Ground::Dark : Ground::Light;
+void Canvas::setTyped(const QString& text, int caret) {
+    m_impl->typed = {text.toStdWString(), static_cast<std::size_t>(caret)};
+    update();
 }
-
-QColor Canvas::groundColor() const { return m_impl->palette().ground; }
 
 bool Canvas::complete() const { return m_impl->sheet.complete(); }
 
@@ -103,6 +101,7 @@ void Canvas::paintEvent(QPaintEvent*) {
 
 void Canvas::timerEvent(QTimerEvent* event) {
     if (event->timerId() == m_impl->wheelRest.timerId()) m_impl->wheelRest.stop();
+    if (event->timerId() == m_impl->mouseRest.timerId()) m_impl->rest();
     if (event->timerId() != m_impl->refining.timerId()) return;
     m_impl->refine(kTurn);
     update();
@@ -132,7 +131,7 @@ void Canvas::Impl::follow() {
     editor->appearances().setDashScale(onSheet ? dashScaleOnSheet(editor->database()) : 1.0);
     const QTransform toDevice = tabViewport().transform(ratio);
     const QSize size = (QSizeF(canvas.size()) * ratio).toSize();
-    sheet.show(toDevice, size, look.palette->ground);
+    sheet.show(toDevice, size, look.palette.ground);
     followDrawing();
     followSelection();
     if (request != nullptr) aimAgain();

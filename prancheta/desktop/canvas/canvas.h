@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "prancheta/desktop/canvas/palette.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::desktop {
@@ -14,8 +15,6 @@ namespace prancheta::desktop {
 class Canvas : public QWidget {
     Q_OBJECT
 public:
-    enum class Ground { Dark, Light };
-
     explicit Canvas(QWidget* parent = nullptr);
     ~Canvas() override;
 
@@ -28,9 +27,9 @@ public:
     void setRequest(const InputRequest* request);
     /// The drawing, the view or the selection may have changed.
     void refresh();
-    void setGround(Ground ground);
-    Ground ground() const;
-    QColor groundColor() const;
+    void setColors(const Palette& colors);
+    /// What is typed as an answer, for the values beside the cursor.
+    void setTyped(const QString& text, int caret);
     /// Where the pointer stands, world, after snap and ortho; nothing before it entered.
     std::optional<AcGePoint3d> pointer() const;
     /// False while the picture is still being refined.
@@ -55,6 +54,8 @@ signals:
     /// The canvas wants a command to run, as if typed at "Comando:".
     void commandWanted(const QString& line);
     void contextMenuWanted(const QPoint& global);
+    /// Tab where there is no snap point to go on to.
+    void fieldWanted();
     /// Shift and the right button while a point is asked for.
     void snapMenuWanted(const QPoint& global);
 

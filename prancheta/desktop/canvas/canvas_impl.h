@@ -16,6 +16,7 @@
 #include "prancheta/desktop/canvas/sources.h"
 #include "prancheta/desktop/canvas/text_editor.h"
 #include "prancheta/desktop/canvas/viewport.h"
+#include "prancheta/editor/dynamic_input.h"
 
 namespace prancheta::desktop {
 
@@ -39,9 +40,12 @@ struct Canvas::Impl {
     void paint(QPainter& painter);
     void paintOverlays(QPainter& painter);
     void paintGrips(QPainter& painter) const;
+    void paintTracks(QPainter& painter) const;
     void paintTags(QPainter& painter) const;
+    /// The values of what is asked for; false when the window shows none.
+    bool paintValues(QPainter& painter) const;
     void paintAxes(QPainter& painter) const;
-    const Palette& palette() const { return *drawing.look.palette; }
+    const Palette& palette() const { return drawing.look.palette; }
     /// Pixels of the drawing area.
     QPointF screen(const AcGePoint3d& p) const { return viewport.toScreen(p); }
 
@@ -65,6 +69,8 @@ struct Canvas::Impl {
     }
     void moveTo(const QPointF& at, Qt::KeyboardModifiers modifiers);
     void aimAgain();
+    /// The mouse stands still.
+    void rest();
     void press(const QPointF& at, Qt::KeyboardModifiers modifiers);
     void release(const QPointF& at, Qt::KeyboardModifiers modifiers);
     void enter();
@@ -108,6 +114,9 @@ struct Canvas::Impl {
     QPointer<TextEditor> textEditor;
     Step panStep = Step::First;
     QBasicTimer wheelRest;  ///< runs while turns of the wheel belong together
+    QBasicTimer mouseRest;  ///< runs from the last move until the mouse counts as resting
+    TypedLine typed;
+    std::wstring tracksFor;  ///< the prompt whose points are tracked
 
     /// Last position told in a drag, and of which question.
     std::optional<AcGePoint3d> sentMove;

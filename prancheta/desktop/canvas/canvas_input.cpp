@@ -17,6 +17,8 @@ namespace {
 /// Change of scale of one notch of a wheel.
 constexpr double kNotch = 1.2;
 constexpr double kNotchAngle = 120.0;
+/// So long the mouse stands where it points at something, milliseconds.
+constexpr int kRest = 350;
 
 }  // namespace
 
@@ -59,6 +61,7 @@ void Canvas::setRequest(const InputRequest* request) {
         return;
     }
     d.ghost.prepare(*d.editor, *request);
+    if (std::exchange(d.tracksFor, request->prompt) != request->prompt) d.aim.forget();
     d.follow();
     if (request->kind != InputKind::Drag) d.sentMove.reset();
     if (d.sentPrompt != request->prompt) d.sentMove.reset();
@@ -121,7 +124,16 @@ void Canvas::Impl::aimAgain() {
     aim.take(*editor, request, viewport.toWorld(*mouse), (modifiers & Qt::ShiftModifier) != 0);
 }
 
+void Canvas::Impl::rest() {
+    mouseRest.stop();
+    if (editor == nullptr || request == nullptr || !mouse || panFrom) return;
+    if (!aim.rest(*editor, *request, viewport.toWorld(*mouse))) return;
+    aimAgain();
+    canvas.update();
+}
+
 void Canvas::Impl::moveTo(const QPointF& at, Qt::KeyboardModifiers keys) {
+    if (mouse != at) mouseRest.start(kRest, &canvas);
     mouse = at;
     modifiers = keys;
     if (editor == nullptr) return;
@@ -137,7 +149,12 @@ void Canvas::Impl::moveTo(const QPointF& at, Qt::KeyboardModifiers keys) {
 void Canvas::Impl::press(const QPointF& at, Qt::KeyboardModifiers keys) {
     if (request == nullptr) return;
     const bool shift = (keys & Qt::ShiftModifier) != 0;
-    if (asksForPoint(*request)) return answer(RawInput::Kind::Pick, aim.point());
+    if (asksForPoint(*request)) {
+        const AcGePoint3d meant = aim.point();
+        aim.forget();
+        mouseRest.stop();
+        return answer(RawInput::Kind::Pick, meant);
+    }
     const AcGePoint3d world = viewport.toWorld(at);
     if (request->kind == InputKind::Entity) {
         const AcDbObjectId hit = entityAt(*editor, world);
@@ -339,6 +356,7 @@ void Canvas::keyPressEvent(QKeyEvent* event) {
         update();
         return;
     }
+    if (event->key() == Qt::Key_Tab) return void(emit fieldWanted());
     const bool erases = event->key() == Qt::Key_Delete && d.editor != nullptr && d.atCommand() &&
                         !d.editor->selection().empty();
     if (erases)

@@ -17,13 +17,27 @@ namespace {
 QString lengthText(double value) {
     ACHAR text[512];
     if (acdbRToS(value, -1, -1, text) != RTNORM) return {};
-    return QString::fromWCharArray(text).replace(u'.', u',');
+    return QString::fromWCharArray(text);
 }
 
 QString directionText(double angle) {
     ACHAR text[512];
     if (acdbAngToS(angle, -1, -1, text) != RTNORM) return {};
     return QString::fromWCharArray(text);
+}
+
+QString lineName(const TrackLine& line) {
+    switch (line.kind) {
+        case TrackLine::Kind::Polar:
+            return QStringLiteral("Polar");
+        case TrackLine::Kind::Extension:
+            return QStringLiteral("Extensão");
+        case TrackLine::Kind::Parallel:
+            return QStringLiteral("Paralelo");
+        case TrackLine::Kind::Object:
+            break;
+    }
+    return QString::fromWCharArray(snapName(line.mode));
 }
 
 QPointF unitOf(const AcGeVector3d& v) {
@@ -72,6 +86,7 @@ void Canvas::Impl::paintOverlays(QPainter& painter) {
     }
     paintGrips(painter);
     if (!mouse || panFrom) return;
+    paintTracks(painter);
     if (const SnapHit* caught = aim.caught())
         drawSnap(painter, palette(), screen(caught->point), caught->mode);
     const double pickBox = variables.number(L"PICKBOX");
@@ -108,22 +123,40 @@ void Canvas::Impl::paintGrips(QPainter& painter) const {
     }
 }
 
+void Canvas::Impl::paintTracks(QPainter& painter) const {
+    for (const Tracking::Point& point : aim.tracking().points())
+        drawTracked(painter, palette(), screen(point.at));
+    for (const TrackLine& line : aim.lines())
+        drawTrack(painter, palette(), screen(line.from), screen(aim.point()), canvas.size());
+}
+
 void Canvas::Impl::paintTags(QPainter& painter) const {
+    const AcGeMatrix3d toUser = editor->ucs().inverse();
+    const auto polar = [&](const AcGePoint3d& from) {
+        const AcGeVector3d reach = toUser * (aim.point() - from);
+        return lengthText(reach.length()) + QStringLiteral(" < ") +
+               directionText(std::atan2(reach.y, reach.x)) + u'°';
+    };
+    QStringList below;
     if (const SnapHit* caught = aim.caught())
-        drawTag(painter, palette(), *mouse, canvas.size(),
-                QString::fromWCharArray(snapName(caught->mode)), TagPlace::Below);
-    if (request == nullptr || !asksForPoint(*request)) return;
+        below += QString::fromWCharArray(snapName(caught->mode));
+    for (const TrackLine& line : aim.lines()) below += lineName(line) + ": " + polar(line.from);
+    if (!below.isEmpty())
+        drawTag(painter, palette(), *mouse, canvas.size(), below.join(QStringLiteral(", ")),
+                TagPlace::Below);
+    if (request == nullptr || !asksForPoint(*request) || paintValues(painter)) return;
     // A jig sets the last point to where its entity starts.
-    std::optional<AcGePoint3d> base = request->base;
-    if (!base && request->dragged != nullptr) base = editor->lastPoint();
-    if (!base) return;
-    const AcGeVector3d reach = editor->ucs().inverse() * (aim.point() - *base);
-    const QString text =
-        request->kind == InputKind::Corner
-            ? lengthText(std::abs(reach.x)) + QStringLiteral(" × ") + lengthText(std::abs(reach.y))
-            : lengthText(reach.length()) + QStringLiteral(" < ") +
-                  directionText(std::atan2(reach.y, reach.x)) + u'°';
-    drawTag(painter, palette(), *mouse, canvas.size(), text, TagPlace::Above);
+    if (request->dragged == nullptr) return;
+    const AcGePoint3d base = request->base.value_or(editor->ucs() * editor->lastPoint());
+    drawTag(painter, palette(), *mouse, canvas.size(), polar(base), TagPlace::Above);
+}
+
+bool Canvas::Impl::paintValues(QPainter& painter) const {
+    std::vector<ValueBox> boxes;
+    for (const DynamicField& field : dynamicFields(*editor, *request, aim.point(), typed))
+        boxes.push_back({QString::fromStdWString(field.text), field.typed, field.active});
+    if (!boxes.empty()) drawValues(painter, palette(), *mouse, canvas.size(), boxes);
+    return !boxes.empty();
 }
 
 /// In the lower left corner, or at the origin of a user system that is in view.

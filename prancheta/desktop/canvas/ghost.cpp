@@ -73,8 +73,8 @@ void Ghost::paint(QPainter& painter, Editor& editor, const InputRequest& request
     PicturePainter::Settings settings;
     settings.toDevice = viewport.transform();
     settings.devicePerMillimetre = look.pixelsPerMillimetre;
-    settings.darkGround = look.palette->dark;
-    settings.ground = look.palette->ground;
+    settings.darkGround = look.palette.dark;
+    settings.ground = look.palette.ground;
     settings.lineWeights = look.lineWeights;
     if (changesSelection(request) && !m_selection.empty()) {
         PicturePainter::Settings moved = settings;

@@ -126,7 +126,7 @@ void drawGrip(QPainter& painter, const QPointF& at, GripState state) {
 
 void drawSnap(QPainter& painter, const Palette& palette, const QPointF& at, int mode) {
     constexpr double kHalf = 7.0;
-    const QColor color = palette.dark ? QColor(80, 230, 90) : QColor(0, 140, 40);
+    const QColor color = palette.snap;
     for (const Marker& marker : kMarkers) {
         if (marker.mode != mode) continue;
         QPainterPath path;
@@ -156,6 +156,53 @@ void drawTag(QPainter& painter, const Palette& palette, const QPointF& cursor, c
     painter.drawRect(box);
     painter.setPen(palette.tagText);
     painter.drawText(box, Qt::AlignCenter, text);
+    painter.setBrush(Qt::NoBrush);
+}
+
+void drawTrack(QPainter& painter, const Palette& palette, const QPointF& from, const QPointF& to,
+               const QSizeF& area) {
+    const QLineF line(from, to);
+    if (line.length() <= 0.0) return;
+    QPen pen(palette.snap, 0, Qt::CustomDashLine);
+    pen.setDashPattern({1.0, 4.0});
+    painter.setPen(pen);
+    const double beyond = line.length() + area.width() + area.height();
+    painter.drawLine(QLineF(from, line.pointAt(beyond / line.length())));
+}
+
+void drawTracked(QPainter& painter, const Palette& palette, const QPointF& at) {
+    constexpr double kHalf = 4.0;
+    painter.setPen(QPen(palette.snap, 1.5));
+    painter.drawLine(at - QPointF(kHalf, 0), at + QPointF(kHalf, 0));
+    painter.drawLine(at - QPointF(0, kHalf), at + QPointF(0, kHalf));
+}
+
+void drawValues(QPainter& painter, const Palette& palette, const QPointF& cursor,
+                const QSizeF& area, const std::vector<ValueBox>& values) {
+    constexpr double kAway = 16.0;
+    constexpr double kGap = 4.0;
+    painter.setFont(QGuiApplication::font());
+    const QFontMetricsF metrics(painter.font());
+    const double height = metrics.height() + 4.0;
+    std::vector<double> widths;
+    double all = -kGap;
+    for (const ValueBox& value : values) {
+        widths.push_back(std::max(metrics.horizontalAdvance(value.text) + 10.0, 44.0));
+        all += widths.back() + kGap;
+    }
+    QPointF at = cursor + QPointF(kAway, -kAway - height);
+    if (at.x() + all > area.width()) at.setX(cursor.x() - kAway - all);
+    if (at.y() < 0.0) at.setY(cursor.y() + kAway);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const QRectF box(at, QSizeF(widths[i], height));
+        const bool active = values[i].active;
+        painter.setPen(QPen(active ? palette.highlight : palette.gridMajor, active ? 2.0 : 0.0));
+        painter.setBrush(values[i].typed ? palette.highlight : palette.tag);
+        painter.drawRect(box);
+        painter.setPen(values[i].typed ? QColor(Qt::white) : palette.tagText);
+        painter.drawText(box, Qt::AlignCenter, values[i].text);
+        at.rx() += widths[i] + kGap;
+    }
     painter.setBrush(Qt::NoBrush);
 }
 

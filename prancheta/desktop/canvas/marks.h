@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QString>
 
+#include <vector>
+
 #include "prancheta/desktop/canvas/sources.h"
 
 namespace prancheta::desktop {
@@ -30,6 +32,22 @@ void drawSnap(QPainter& painter, const Palette& palette, const QPointF& at, int 
 enum class TagPlace { Below, Above };
 void drawTag(QPainter& painter, const Palette& palette, const QPointF& cursor, const QSizeF& area,
              const QString& text, TagPlace place);
+/// A line that holds the pointer, dotted through the whole area; both points lie on it, `from`
+/// first.
+void drawTrack(QPainter& painter, const Palette& palette, const QPointF& from, const QPointF& to,
+               const QSizeF& area);
+/// The mark of a point that is tracked.
+void drawTracked(QPainter& painter, const Palette& palette, const QPointF& at);
+
+/// A value beside the cursor; the next letter goes into one that is active.
+struct ValueBox {
+    QString text;
+    bool typed = false;
+    bool active = false;
+};
+/// In a row above the cursor that stays inside the area.
+void drawValues(QPainter& painter, const Palette& palette, const QPointF& cursor,
+                const QSizeF& area, const std::vector<ValueBox>& values);
 /// The axes of the user's coordinate system; directions in the world's plane.
 void drawAxes(QPainter& painter, const Palette& palette, const QPointF& origin, const QPointF& x,
               const QPointF& y);

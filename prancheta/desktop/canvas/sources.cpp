@@ -96,21 +96,6 @@ bool isSmall(const QRectF& box) { return std::max(box.width(), box.height()) < k
 
 }  // namespace
 
-const Palette& darkPalette() {
-    static const Palette palette{QColor(30, 36, 44),    QColor(42, 49, 58),   QColor(56, 64, 75),
-                                 QColor(225, 228, 232), QColor(255, 176, 46), QColor(58, 66, 78),
-                                 QColor(240, 242, 245), QColor(70, 150, 255), true};
-    return palette;
-}
-
-const Palette& lightPalette() {
-    static const Palette palette{
-        QColor(255, 255, 255), QColor(235, 238, 241), QColor(214, 219, 224),
-        QColor(40, 44, 50),    QColor(200, 100, 0),   QColor(250, 250, 225),
-        QColor(20, 24, 30),    QColor(30, 110, 235),  false};
-    return palette;
-}
-
 // --- The drawing --------------------------------------------------------------------------------
 
 void DrawingSource::setEditor(Editor* editor) {
@@ -143,14 +128,13 @@ void DrawingSource::paintSheetEdge(QImage& piece, const QTransform& toPiece) con
     const Tab tab = tabOf(m_editor->database(), m_editor->spaces().tab());
     const QRectF edge = mapped(toPiece, sheetOf(tab));
     Pixels pixels(piece);
-    const QRgb color = look.palette->cursor.rgb();
+    const QRgb color = look.palette.cursor.rgb();
     pixels.frame(edge, color);
-    pixels.frame(edge.translated(look.ratio * 2.0, look.ratio * 2.0),
-                 look.palette->gridMajor.rgb());
+    pixels.frame(edge.translated(look.ratio * 2.0, look.ratio * 2.0), look.palette.gridMajor.rgb());
 }
 
 void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
-    piece.fill(look.palette->ground);
+    piece.fill(look.palette.ground);
     if (m_editor != nullptr && m_editor->spaces().onSheet()) return paintSheetEdge(piece, toPiece);
     if (!look.grid) return;
     // The spacing, ten times, a hundred times that keeps the lines apart; every tenth one is
@@ -164,7 +148,7 @@ void DrawingSource::ground(QImage& piece, const QTransform& toPiece) {
     Pixels pixels(piece);
     const auto lines = [&](double from, double to, double step, auto draw) {
         for (const bool major : {false, true}) {
-            const QRgb color = (major ? look.palette->gridMajor : look.palette->grid).rgb();
+            const QRgb color = (major ? look.palette.gridMajor : look.palette.grid).rgb();
             for (double k = std::ceil(from / step); k * step <= to; k += 1.0)
                 if ((std::fmod(k, kMajorEvery) == 0.0) == major) draw(k * step, color);
         }
@@ -192,7 +176,7 @@ QRgb DrawingSource::colorOf(AcDbObjectId layer) {
     PictureTraits traits;
     traits.layer = layer;
     const Appearance& appearance = m_editor->appearances().of(traits);
-    if (appearance.followsGround) return look.palette->dark ? qRgb(255, 255, 255) : qRgb(0, 0, 0);
+    if (appearance.followsGround) return look.palette.dark ? qRgb(255, 255, 255) : qRgb(0, 0, 0);
     return qRgb(appearance.color.red, appearance.color.green, appearance.color.blue);
 }
 
@@ -203,13 +187,13 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
     PicturePainter::Settings settings;
     settings.toDevice = toPiece;
     settings.devicePerMillimetre = look.pixelsPerMillimetre * look.ratio;
-    settings.darkGround = look.palette->dark;
-    settings.ground = look.palette->ground;
+    settings.darkGround = look.palette.dark;
+    settings.ground = look.palette.ground;
     settings.lineWeights = look.lineWeights;
     settings.leastTextHeight = 3.0 * look.ratio;
     settings.leastDashPeriod = 4.0;
     PicturePainter pictures(painter, m_editor->appearances(), settings);
-    QColor highlight = look.palette->highlight;
+    QColor highlight = look.palette.highlight;
     highlight.setAlpha(kHighlightAlpha);
     const QPen pen(highlight, kHighlightWidth * look.ratio, Qt::SolidLine, Qt::RoundCap,
                    Qt::RoundJoin);
@@ -233,7 +217,7 @@ bool DrawingSource::paint(QImage& piece, const QTransform& toPiece, const Items&
         if (isSmall(box)) {
             if (++boxes % kBoxesPerLook == 0 && Clock::now() >= until) return false;
             if (color == 0 || item.layer != layer) color = colorOf(layer = item.layer);
-            pixels.frame(box, isSelected(item.id) ? look.palette->highlight.rgb() : color);
+            pixels.frame(box, isSelected(item.id) ? look.palette.highlight.rgb() : color);
             continue;
         }
         if (Clock::now() >= until) return false;

@@ -2,35 +2,20 @@
 // What the sheet of the drawing area shows: the drawing, with what is selected highlighted.
 #pragma once
 
-#include <QColor>
 #include <QSizeF>
 #include <QTransform>
 
 #include <unordered_set>
 
+#include "prancheta/desktop/canvas/palette.h"
 #include "prancheta/desktop/canvas/sheet.h"
 #include "prancheta/editor/editor.h"
 
 namespace prancheta::desktop {
 
-/// Colours of the drawing area.
-struct Palette {
-    QColor ground;
-    QColor grid;
-    QColor gridMajor;
-    QColor cursor;
-    QColor band;  ///< rubber bands
-    QColor tag;   ///< ground of small texts
-    QColor tagText;
-    QColor highlight;
-    bool dark;
-};
-const Palette& darkPalette();
-const Palette& lightPalette();
-
 /// How the drawing is to be shown.
 struct Look {
-    const Palette* palette = &darkPalette();
+    Palette palette = darkPalette();
     double ratio = 1.0;  ///< device pixels of a logical one
     double pixelsPerMillimetre = 3.78;
     bool lineWeights = false;

@@ -29,11 +29,10 @@ namespace {
 
 /// Aids with a state, by the action of their entry; the name is that of the status bar's button.
 const QHash<QString, QString>& toggles() {
-    static const QHash<QString, QString> names{{"snap", "SNAP"},
-                                               {"grade", "GRADE"},
-                                               {"orto", "ORTO"},
-                                               {"passo", "PASSO"},
-                                               {"espessura", "ESPESSURA"}};
+    static const QHash<QString, QString> names{
+        {"snap", "SNAP"},         {"grade", "GRADE"},        {"orto", "ORTO"},
+        {"passo", "PASSO"},       {"polar", "POLAR"},        {"rastreio", "RASTREIO"},
+        {"dinamica", "DINAMICA"}, {"espessura", "ESPESSURA"}};
     return names;
 }
 

@@ -82,13 +82,24 @@ void AnswerEdit::takeOffered(int step) {
 
 /// With something typed, or kept for later, Tab means it; else it goes on to the next widget.
 bool AnswerEdit::focusNextPrevChild(bool next) {
+    if (!m_holding && next && m_fields.next) return false;
     return !m_holding && text().isEmpty() && QLineEdit::focusNextPrevChild(next);
+}
+
+bool AnswerEdit::goToNextField() {
+    if (!m_fields.next) return false;
+    const TypedLine now{text().toStdWString(), static_cast<std::size_t>(cursorPosition())};
+    const TypedLine then = m_fields.next(now);
+    setText(QString::fromStdWString(then.text));
+    setCursorPosition(static_cast<int>(then.caret));
+    return !(then == now);
 }
 
 bool AnswerEdit::blankIsText() const { return m_blanksAllowed || text().count('"') % 2 == 1; }
 
 void AnswerEdit::submit() {
-    const QString typed = text();
+    QString typed = text();
+    if (m_fields.answered) typed = QString::fromStdWString(m_fields.answered(typed.toStdWString()));
     if (m_completer != nullptr) m_completer->popup()->hide();
     clear();
     if (!typed.trimmed().isEmpty()) {
@@ -177,6 +188,7 @@ void AnswerEdit::keyPressEvent(QKeyEvent* event) {
             break;
         case Qt::Key_Tab:
         case Qt::Key_Backtab:
+            if (m_fields.next) return void(goToNextField());
             takeOffered((event->modifiers() & Qt::ShiftModifier) ? -1 : 1);
             return;
         case Qt::Key_Up:

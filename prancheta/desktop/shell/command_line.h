@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 
+#include "prancheta/editor/dynamic_input.h"
 #include "prancheta/editor/user_interface.h"
 
 class QAbstractItemModel;
@@ -39,6 +40,15 @@ public:
     /// Asked at an Esc that would be kept; true when it ended what goes on, and the kept keys go
     /// with it.
     void setInterrupt(std::function<bool()> interrupt) { m_interrupt = std::move(interrupt); }
+    /// What Tab makes of the line while an answer is typed, and what Enter makes of it; null
+    /// functions: nothing.
+    struct Fields {
+        std::function<TypedLine(const TypedLine&)> next;
+        std::function<std::wstring(std::wstring_view)> answered;
+    };
+    void setFields(Fields fields) { m_fields = std::move(fields); }
+    /// Goes on to the next value of the answer; false when there is none.
+    bool goToNextField();
     /// Inserts one line; several lines leave as they are, with what was typed before them.
     void pasteText(const QString& text);
 
@@ -63,6 +73,7 @@ private:
     bool offering() const;
     void takeOffered(int step);
 
+    Fields m_fields;
     bool m_holding = true;
     std::deque<std::unique_ptr<QKeyEvent>> m_held;
     std::function<bool()> m_interrupt;

@@ -72,8 +72,9 @@ void MainWindow::showDialogHelp(QWidget& window, const QString& dialog) {
 
 void MainWindow::applyOptions() {
     const WindowOptions options = WindowOptions::load();
-    m_canvas->setGround(options.darkGround ? Canvas::Ground::Dark : Canvas::Ground::Light);
-    announceGround(m_canvas->groundColor());
+    const Palette& colors = options.darkGround ? darkPalette() : lightPalette();
+    m_canvas->setColors(colors);
+    announceGround(colors.ground);
     if (m_editor != nullptr)
         (void)m_editor->variables().set(L"CURSORSIZE",
                                         static_cast<short>(options.crosshair));  // in range

@@ -191,12 +191,23 @@ void MainWindow::connectUi() {
         // A question that an edit in a panel brings is answered where it stands.
         const bool inCanvas = m_canvas->hasFocus() || m_ui->request()->inPlace != nullptr;
         if (!m_ui->idle() && !inCanvas) m_commandLine->edit().setFocus();
+        m_commandLine->edit().setFields(fieldsOf(*m_ui->request()));
         m_commandLine->edit().resume();
         if (!m_fileWanted.isEmpty()) QTimer::singleShot(0, this, &MainWindow::openWanted);
     });
     connect(m_ui, &WindowUi::released, this, [this] {
         m_canvas->setRequest(nullptr);
+        m_commandLine->edit().setFields({});
         m_commandLine->edit().hold();
+    });
+    const auto showTyped = [this] {
+        m_canvas->setTyped(m_commandLine->edit().text(), m_commandLine->edit().cursorPosition());
+    };
+    connect(&m_commandLine->edit(), &QLineEdit::textChanged, this, showTyped);
+    connect(&m_commandLine->edit(), &QLineEdit::cursorPositionChanged, this, showTyped);
+    connect(m_canvas, &Canvas::fieldWanted, this, [this] {
+        m_commandLine->edit().setFocus();
+        (void)m_commandLine->edit().goToNextField();
     });
     connect(m_canvas, &Canvas::pointerMoved, m_status, &StatusBar::showPointer);
     connect(m_status, &StatusBar::scaleWanted, m_ui, &WindowUi::runCommand);
@@ -211,6 +222,14 @@ void MainWindow::connectUi() {
         m_canvas->refresh();
         if (m_ui->idle()) showAll();
     });
+}
+
+/// Of the values beside the cursor, where the question has some.
+AnswerEdit::Fields MainWindow::fieldsOf(const InputRequest& request) const {
+    if (m_editor == nullptr || dynamicFields(*m_editor, request, {}, {}).empty()) return {};
+    return {
+        [this, &request](const TypedLine& typed) { return nextField(*m_editor, request, typed); },
+        withoutEmptyField};
 }
 
 void MainWindow::setEditor(Editor* editor) {

@@ -64,6 +64,7 @@ private:
     void makeCommandLine();
     void makePanels();
     void connectUi();
+    AnswerEdit::Fields fieldsOf(const InputRequest& request) const;
     void registerActions();
     void addItems(QMenu& menu, const std::vector<MenuItem>& items);
     QAction* actionOf(const MenuItem& item);

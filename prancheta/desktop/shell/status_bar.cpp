@@ -3,27 +3,38 @@
 #include "prancheta/desktop/shell/status_bar.h"
 
 #include <QFontDatabase>
-#include <QMenu>
+#include <QLocale>
 
 #include <cmath>
+#include <memory>
 
 #include "prancheta/desktop/panels/panels.h"
 #include "prancheta/editor/snap_modes.h"
+#include "prancheta/editor/tracking.h"
+#include "prancheta/geometry/angles.h"
 
 namespace prancheta::desktop {
 namespace {
 
-constexpr short kSnapsOff = 16384;
-
+/// Usual steps of polar tracking, degrees.
+constexpr double kPolarAngles[] = {90, 45, 30, 22.5, 18, 15, 10, 5};
 }  // namespace
 
 const StatusBar::Aid StatusBar::kAids[] = {
-    {"PASSO", L"SNAPMODE", 1, false, "Prende o cursor aos pontos da grade de passo (F9)"},
-    {"GRADE", L"GRIDMODE", 1, false, "Mostra a grade (F7)"},
-    {"ORTO", L"ORTHOMODE", 1, false, "Prende o cursor às direções X e Y (F8)"},
-    {"SNAP", L"OSMODE", kSnapsOff, true,
-     "Prende o cursor aos pontos notáveis dos objetos (F3); botão direito: quais"},
-    {"ESPESSURA", L"LWDISPLAY", 1, false, "Mostra as espessuras de linha"},
+    {"PASSO", "PASSO", L"SNAPMODE", 1, false, "Prende o cursor aos pontos da grade de passo (F9)"},
+    {"GRADE", "GRADE", L"GRIDMODE", 1, false, "Mostra a grade (F7)"},
+    {"ORTO", "ORTO", L"ORTHOMODE", 1, false, "Prende o cursor às direções X e Y (F8)"},
+    {"POLAR", "POLAR", L"AUTOSNAP", kPolarTracking, false,
+     "Prende o cursor às direções polares a partir do último ponto (F10); botão direito: o ângulo",
+     &StatusBar::angleMenu},
+    {"SNAP", "SNAP", L"OSMODE", kSnapsOff, true,
+     "Prende o cursor aos pontos notáveis dos objetos (F3); botão direito: quais",
+     &StatusBar::snapMenu},
+    {"RASTREIO", "RASTREIO", L"AUTOSNAP", kObjectTracking, false,
+     "Alinha o cursor com pontos notáveis em que ele parou um instante (F11)"},
+    {"DINAMICA", "DIN", L"DYNMODE", 0, false,
+     "Mostra valores ao lado do cursor; Tab passa de um a outro (F12)"},
+    {"ESPESSURA", "ESP", L"LWDISPLAY", 1, false, "Mostra as espessuras de linha"},
 };
 
 StatusBar::StatusBar(QWidget* tabs, QWidget* parent)
@@ -40,17 +51,22 @@ StatusBar::StatusBar(QWidget* tabs, QWidget* parent)
     addWidget(m_coordinates);
     for (std::size_t i = 0; i < std::size(kAids); ++i) {
         auto* const button = new QToolButton(this);
-        button->setText(kAids[i].name);
+        button->setText(kAids[i].shown);
+        button->setAccessibleName(kAids[i].tip);
         button->setObjectName(kAids[i].name);
         button->setToolTip(kAids[i].tip);
         button->setCheckable(true);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::NoFocus);
         connect(button, &QToolButton::clicked, this, [this, i] { toggle(i); });
-        if (kAids[i].bit == kSnapsOff) {
+        if (kAids[i].menu != nullptr) {
             button->setContextMenuPolicy(Qt::CustomContextMenu);
             connect(button, &QWidget::customContextMenuRequested, this,
-                    [this, button](const QPoint& at) { showSnapMenu(button->mapToGlobal(at)); });
+                    [this, i, button](const QPoint& at) {
+                        if (m_editor == nullptr) return;
+                        const std::unique_ptr<QMenu> menu((this->*kAids[i].menu)());
+                        menu->exec(button->mapToGlobal(at));
+                    });
         }
         addWidget(button);
         m_buttons.push_back(button);
@@ -83,7 +99,21 @@ void StatusBar::setVariable(const wchar_t* name, int value) {
 void StatusBar::toggle(std::size_t index) {
     if (m_editor == nullptr) return;
     const Aid& aid = kAids[index];
-    setVariable(aid.variable, m_editor->variables().number(aid.variable) ^ aid.bit);
+    const short now = m_editor->variables().number(aid.variable);
+    // A variable without bits is off when it is not above 0, and keeps its value by its sign.
+    const int then = aid.bit != 0 ? now ^ aid.bit : now == 0 ? 3 : -now;
+    // The cursor is held to the axes or to the polar directions.
+    const SystemVariables& variables = m_editor->variables();
+    const bool ortho = aid.variable == std::wstring_view(L"ORTHOMODE");
+    if (ortho && then != 0)
+        setVariable(L"AUTOSNAP", variables.number(L"AUTOSNAP") & ~kPolarTracking);
+    if (aid.bit == kPolarTracking && (then & kPolarTracking) != 0) setVariable(L"ORTHOMODE", 0);
+    setVariable(aid.variable, then);
+}
+
+bool StatusBar::shownAsOn(const Aid& aid) const {
+    const short value = m_editor->variables().number(aid.variable);
+    return aid.bit == 0 ? value > 0 : ((value & aid.bit) != 0) != aid.inverted;
 }
 
 void StatusBar::toggle(const QString& name) {
@@ -97,28 +127,40 @@ bool StatusBar::isOn(const QString& name) const {
     return false;
 }
 
-void StatusBar::showSnapMenu(const QPoint& position) {
-    if (m_editor == nullptr) return;
-    QMenu menu(this);
+QMenu* StatusBar::snapMenu() {
+    auto* const menu = new QMenu(this);
     const int present = m_editor->variables().number(L"OSMODE");
     for (const SnapMode& mode : kSnapModes) {
-        QAction* const action = menu.addAction(QString::fromWCharArray(mode.local));
+        QAction* const action = menu->addAction(QString::fromWCharArray(mode.local));
         action->setCheckable(true);
         action->setChecked((present & mode.bit) != 0);
         connect(action, &QAction::triggered, this,
                 [this, present, mode] { setVariable(L"OSMODE", present ^ mode.bit); });
     }
-    menu.exec(position);
+    return menu;
+}
+
+QMenu* StatusBar::angleMenu() {
+    auto* const menu = new QMenu(this);
+    const double present = m_editor->variables().real(L"POLARANG") * 180.0 / kPi;
+    for (const double angle : kPolarAngles) {
+        QAction* const action =
+            menu->addAction(QLocale::c().toString(angle, 'g', 4).replace('.', ',') + u'°');
+        action->setCheckable(true);
+        action->setChecked(std::abs(angle - present) < 1e-6);
+        connect(action, &QAction::triggered, this, [this, angle] {
+            (void)m_editor->variables().set(L"POLARANG", angle * kPi / 180.0);  // in range
+            emit changed();
+        });
+    }
+    return menu;
 }
 
 void StatusBar::refresh() {
     if (m_editor == nullptr) return;
     m_scale->refresh();
-    const SystemVariables& variables = m_editor->variables();
-    for (std::size_t i = 0; i < m_buttons.size(); ++i) {
-        const bool set = (variables.number(kAids[i].variable) & kAids[i].bit) != 0;
-        m_buttons[i]->setChecked(set != kAids[i].inverted);
-    }
+    for (std::size_t i = 0; i < m_buttons.size(); ++i)
+        m_buttons[i]->setChecked(shownAsOn(kAids[i]));
     m_totals->setText(selectionTotals(*m_editor));
     m_viewport->refresh();
 }

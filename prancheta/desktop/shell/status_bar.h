@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QMenu>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -37,15 +38,19 @@ signals:
 private:
     struct Aid {
         const char* name;
+        const char* shown;
         const wchar_t* variable;
         short bit;      ///< of the variable; what the button shows is its being set
         bool inverted;  ///< shown when the bit is not set
         const char* tip;
+        QMenu* (StatusBar::*menu)() = nullptr;  ///< of the right button; the caller deletes it
     };
+    bool shownAsOn(const Aid& aid) const;
     static const Aid kAids[];
     void toggle(std::size_t index);
     void setVariable(const wchar_t* name, int value);
-    void showSnapMenu(const QPoint& position);
+    QMenu* snapMenu();
+    QMenu* angleMenu();
 
     Editor* m_editor = nullptr;
     QLabel* m_coordinates;
