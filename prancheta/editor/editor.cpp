@@ -188,6 +188,7 @@ void Editor::takeAtCommand(const RawInput& input) {
     using Shift = CurrentSelection::Shift;
     switch (input.kind) {
         case RawInput::Kind::Cancel:
+            if (m_selection.empty()) break;  // nothing to cancel, nothing to say
             m_selection.clear();
             print(L"*Cancelar*\n");
             m_ui.refresh();

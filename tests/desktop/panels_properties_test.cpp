@@ -68,12 +68,12 @@ TEST_F(Properties, TheRadiusOfACircle) {
     EXPECT_EQ(find<QLabel>("titulo")->text(), "Nada selecionado");
     select({id});
     EXPECT_EQ(find<QLabel>("titulo")->text(), "Círculo");
-    EXPECT_EQ(value("Raio"), "10,0000");
-    EXPECT_EQ(value("Área"), "314,16 mm²");
+    EXPECT_EQ(value("Raio"), "10,0000 mm");
+    EXPECT_EQ(value("Área"), "314,1593 mm²");
     const std::size_t before = steps();
     enter("Raio", "25.5");
     EXPECT_EQ(Read<AcDbCircle>(id)->radius(), 25.5);
-    EXPECT_EQ(value("Diâmetro"), "51,0000");
+    EXPECT_EQ(value("Diâmetro"), "51,0000 mm");
     EXPECT_EQ(steps(), before + 1);
     EXPECT_EQ(changes->count(), 1);
     enter("Raio", "7,25");
@@ -81,7 +81,7 @@ TEST_F(Properties, TheRadiusOfACircle) {
     undo();
     undo();
     EXPECT_EQ(Read<AcDbCircle>(id)->radius(), 10.0);
-    EXPECT_EQ(value("Raio"), "10,0000");
+    EXPECT_EQ(value("Raio"), "10,0000 mm");
 }
 
 TEST_F(Properties, WrongInputLeavesTheOldValueAndSaysWhy) {
@@ -92,7 +92,7 @@ TEST_F(Properties, WrongInputLeavesTheOldValueAndSaysWhy) {
     for (const char* wrong : {"1,5,2", "1.234,5", "abc", "", "-3", "0", "1e999", "nan"}) {
         enter("Raio", wrong);
         EXPECT_EQ(Read<AcDbCircle>(id)->radius(), 10.0) << wrong;
-        EXPECT_EQ(value("Raio"), "10,0000") << wrong;
+        EXPECT_EQ(value("Raio"), "10,0000 mm") << wrong;
         EXPECT_NE(reason().find("Raio: "), std::string::npos) << wrong;
     }
     EXPECT_EQ(steps(), before);
@@ -113,10 +113,10 @@ TEST_F(Properties, SeveralObjectsShareWhatTheyHave) {
     openPanel();
     select({a, b});
     EXPECT_EQ(value("Raio"), "*VARIA*");
-    EXPECT_EQ(value("Centro X"), "1,0000");
+    EXPECT_EQ(value("Centro X"), "1,0000 mm");
     enter("Raio", "7");
     EXPECT_EQ(Read<AcDbCircle>(b)->radius(), 7.0);
-    EXPECT_EQ(value("Raio"), "7,0000");
+    EXPECT_EQ(value("Raio"), "7,0000 mm");
     undo();
     EXPECT_EQ(Read<AcDbCircle>(a)->radius(), 10.0);
     EXPECT_EQ(Read<AcDbCircle>(b)->radius(), 20.0);
@@ -151,7 +151,7 @@ TEST_F(Properties, LinesByLengthAndAngle) {
         add(std::make_unique<AcDbLine>(AcGePoint3d(10, 20, 5), AcGePoint3d(40, 60, 5)));
     openPanel();
     select({id});
-    EXPECT_EQ(value("Comprimento"), "50,0000");  // 30, 40, 50
+    EXPECT_EQ(value("Comprimento"), "50,0000 mm");  // 30, 40, 50
     EXPECT_EQ(value("Ângulo"), "53,1301°");
     enter("Comprimento", "100");
     builtin::expectPoint(Read<AcDbLine>(id)->endPoint(), 70, 100, 5);
@@ -170,11 +170,11 @@ TEST_F(Properties, AreaAndLengthOfAPolyline) {
     const AcDbObjectId id = add(std::move(outline));
     openPanel();
     select({id});
-    EXPECT_EQ(value("Área"), "5981,75 mm²");      // 5000 + pi 625 / 2
-    EXPECT_EQ(value("Comprimento"), "278,5398");  // 200 + 25 pi
+    EXPECT_EQ(value("Área"), "5981,7477 mm²");       // 5000 + pi 625 / 2
+    EXPECT_EQ(value("Comprimento"), "278,5398 mm");  // 200 + 25 pi
     choose("Fechada", "Sim");
     EXPECT_TRUE(Read<AcDbPolyline>(id)->isClosed());
-    EXPECT_EQ(value("Comprimento"), "328,5398");
+    EXPECT_EQ(value("Comprimento"), "328,5398 mm");
 }
 
 TEST_F(Properties, TextsAndDimensions) {
@@ -188,7 +188,7 @@ TEST_F(Properties, TextsAndDimensions) {
     EXPECT_STREQ(Read<AcDbText>(text)->textStringConst(), L"Viga ção");
     EXPECT_NEAR(Read<AcDbText>(text)->rotation(), -std::atan(1.0), 1e-12);
     select({dimension});
-    EXPECT_EQ(value("Medida"), "500,0000");
+    EXPECT_EQ(value("Medida"), "500,0000 mm");
     enter("Texto substituto", "L = <> mm");
     EXPECT_EQ(value("Texto mostrado"), "L = 500 mm");
     EXPECT_FALSE(cell("Medida").flags() & Qt::ItemIsEditable);

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QSettings>
+#include <QSpinBox>
 #include <QTableView>
 #include <QToolButton>
 
@@ -20,7 +21,7 @@
 
 #include "dbents.h"
 #include "prancheta/desktop/dialogs/settings.h"
-#include "prancheta/desktop/shell/options.h"
+#include "prancheta/desktop/shell/options_dialog.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
 #include "prancheta/desktop/shell/style_dialog.h"
 #include "prancheta/desktop/shell/theme.h"
@@ -262,18 +263,56 @@ TEST_F(Window, CopiedObjectsGoThroughTheSystemsClipboard) {
     EXPECT_TRUE(story.run());
 }
 
-TEST_F(Window, DialogsTakeTheGroundOfTheDrawingArea) {
-    for (const bool dark : {false, true}) {
-        prancheta::desktop::WindowOptions options;
-        options.darkGround = dark;
-        options.save();
-        Story story;
+TEST_F(Window, OptionsAreAppliedAtOnceAndKept) {
+    const auto variable = [](Story& story, const wchar_t* name) {
+        return story.editor().variables().number(name);
+    };
+    QSettings().setValue("opcoes/recuperacao_minutos", 10000);  // somebody wrote it by hand
+    {
+        Story story(withModules(folder()));
         story.then([&] {
-            EXPECT_EQ(prancheta::desktop::dialogSettings().ground.lightness() < 128, dark);
+            EXPECT_EQ(variable(story, L"OSMODE"), 4135);
+            story.window().entry("opcoes")->trigger();
         });
+        const auto dialog = [] {
+            return qobject_cast<prancheta::desktop::OptionsDialog*>(
+                QApplication::activeModalWidget());
+        };
+        story.when([&] { return dialog() != nullptr; },
+                   [&] {
+                       auto& of = *dialog();
+                       EXPECT_EQ(of.findChild<QSpinBox*>("minutos")->value(), 600);
+                       of.findChild<QComboBox*>("tema")->setCurrentIndex(2);
+                       of.findChild<QComboBox*>("fundo")->setCurrentIndex(1);
+                       of.findChild<QSpinBox*>("caixa")->setValue(7);
+                       of.findChild<QSpinBox*>("minutos")->setValue(0);
+                       of.findChild<QCheckBox*>("snap_2")->setChecked(false);
+                       of.findChild<QComboBox*>("numeros")->setCurrentIndex(1);
+                       of.accept();
+                   });
+        story.when([&] { return story.idle(); },
+                   [&] {
+                       EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 128);
+                       EXPECT_GT(prancheta::desktop::dialogSettings().ground.lightness(), 128);
+                       EXPECT_EQ(variable(story, L"PICKBOX"), 7);
+                       EXPECT_EQ(variable(story, L"OSMODE"), 4133);
+                       EXPECT_EQ(QLocale().decimalPoint(), ".");
+                   });
         EXPECT_TRUE(story.run());
     }
+    Story story;
+    story.then([&] {
+        EXPECT_EQ(variable(story, L"OSMODE"), 4133);
+        EXPECT_EQ(variable(story, L"PICKBOX"), 7);
+        EXPECT_EQ(prancheta::desktop::WindowOptions::load().recoveryMinutes, 0);
+        // Esc where there is nothing to cancel says nothing, however often.
+        const QString before = story.window().commandLine().document()->toPlainText();
+        story.press("\x1b\x1b\x1b");
+        EXPECT_EQ(story.window().commandLine().document()->toPlainText(), before);
+    });
+    EXPECT_TRUE(story.run());
     QSettings().clear();
+    prancheta::desktop::applyTheme(prancheta::desktop::Theme::System);
 }
 
 /// How much two colours differ for reading, 1 to 21 (WCAG 2.1, contrast ratio).

@@ -175,7 +175,8 @@ void Canvas::Impl::followSelection() {
         drawing.setSelection(shown, sheet);
         grips.clear();
     }
-    const bool gripped = &shown == &pickfirst && !shown.empty() && shown.size() <= kMostGripped;
+    const bool gripped = &shown == &pickfirst && !shown.empty() && shown.size() <= kMostGripped &&
+                         editor->database().core().variables().number(L"GRIPS") != 0;
     if (!gripped)
         grips.clear();
     else if (grips.empty())

@@ -81,6 +81,8 @@ struct Canvas::Impl {
     void select(const std::vector<AcDbObjectId>& ids, const AcGePoint3d& at, bool shift);
     bool takeGrip(const QPointF& at, bool shift);
     const Grip* gripAt(const QPointF& at) const;
+    /// Half the side of a grip, pixels.
+    double gripReach() const;
     /// World coordinates.
     void answer(RawInput::Kind kind, const AcGePoint3d& point,
                 std::vector<AcDbObjectId> entities = {}, bool removes = false,

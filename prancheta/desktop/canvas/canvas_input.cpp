@@ -217,10 +217,14 @@ void Canvas::Impl::enter() {
 
 // --- Grips --------------------------------------------------------------------------------------
 
+double Canvas::Impl::gripReach() const {
+    return editor->database().core().variables().number(L"GRIPSIZE") - 0.5;
+}
+
 const Grip* Canvas::Impl::gripAt(const QPointF& at) const {
     for (const Grip& grip : grips) {
         const QPointF away = screen(grip.at) - at;
-        if (std::max(std::abs(away.x()), std::abs(away.y())) <= kGripSize / 2.0 + 1.0) return &grip;
+        if (std::max(std::abs(away.x()), std::abs(away.y())) <= gripReach() + 1.0) return &grip;
     }
     return nullptr;
 }

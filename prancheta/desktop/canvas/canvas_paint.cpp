@@ -116,7 +116,7 @@ void Canvas::Impl::paintGrips(QPainter& painter) const {
     for (const Grip& grip : grips) {
         const QPointF at = screen(grip.at);
         if (!QRectF(canvas.rect()).adjusted(-8, -8, 8, 8).contains(at)) continue;
-        drawGrip(painter, at,
+        drawGrip(painter, at, gripReach(),
                  editor->selection().isHot(grip) ? GripState::Hot
                  : &grip == under                ? GripState::Hover
                                                  : GripState::Cold);

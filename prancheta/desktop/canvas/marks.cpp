@@ -116,8 +116,8 @@ void drawFrame(QPainter& painter, const Palette& palette, const QRectF& frame, F
     painter.setBrush(Qt::NoBrush);
 }
 
-void drawGrip(QPainter& painter, const QPointF& at, GripState state) {
-    const QRectF box = around(at, kGripSize / 2.0);
+void drawGrip(QPainter& painter, const QPointF& at, double half, GripState state) {
+    const QRectF box = around(at, half);
     painter.fillRect(box, kGripColors[static_cast<int>(state)]);
     painter.setPen(QPen(QColor(20, 24, 30), 0));
     painter.setBrush(Qt::NoBrush);

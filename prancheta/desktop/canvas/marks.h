@@ -23,8 +23,8 @@ enum class Frame { Plain, Window, Crossing };
 void drawFrame(QPainter& painter, const Palette& palette, const QRectF& frame, Frame kind);
 
 enum class GripState { Cold, Hover, Hot };
-inline constexpr double kGripSize = 9.0;  ///< side of the square
-void drawGrip(QPainter& painter, const QPointF& at, GripState state);
+/// `half` its side.
+void drawGrip(QPainter& painter, const QPointF& at, double half, GripState state);
 
 /// The marker of a snap mode (bit of OSMODE) at the point it caught.
 void drawSnap(QPainter& painter, const Palette& palette, const QPointF& at, int mode);

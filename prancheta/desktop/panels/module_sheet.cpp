@@ -24,6 +24,7 @@ public:
         row.value = value;
         row.input = value;
         if (unit != nullptr) row.unit = unit;
+        row.number = !row.unit.empty();
     }
     void choose(const ACHAR* key, const ACHAR* label, int current, int count,
                 const ACHAR* const* choices) override {

@@ -187,7 +187,7 @@ void PropertiesPanel::widenNames() {
 }
 
 void PropertiesPanel::show(QTreeWidgetItem* item, const PropertyRow& row) {
-    QString value = qt(row.value);
+    QString value = row.number ? shownNumber(qt(row.value)) : qt(row.value);
     if (!row.unit.empty() && !row.varies)
         value += row.unit == L"°" ? qt(row.unit) : QStringLiteral(" ") + qt(row.unit);
     const bool shown = row.kind == PropertyRow::Kind::Show;

@@ -101,7 +101,7 @@ void PropertyDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
     const PropertyRow* row = rowAt(index);
     if (row == nullptr) return;
     if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
-        edit->setText(qt(row->input));
+        edit->setText(row->number ? shownNumber(qt(row->input)) : qt(row->input));
         edit->selectAll();
     } else if (auto* box = qobject_cast<QComboBox*>(editor)) {
         box->setCurrentIndex(row->varies ? -1 : box->findData(qt(row->input)));

@@ -33,9 +33,19 @@ constexpr wchar_t kAttributeKey = L'@';
 
 // --- Values as shown and typed ------------------------------------------------------------------
 
-/// "45" and "12,3457": no more decimals than say something.
+/// Of a length in drawing units; empty for units that are none of these.
+std::wstring lengthUnit(const AcDbEntity& entity) {
+    constexpr const wchar_t* kUnits[] = {L"", L"in", L"ft", L"mi", L"mm", L"cm", L"m", L"km"};
+    const AcDbDatabase* const database = entity.database();
+    if (database == nullptr) return {};
+    const auto unit = static_cast<std::size_t>(database->core().variables().number(L"INSUNITS"));
+    return unit < std::size(kUnits) ? kUnits[unit] : L"";
+}
+
+/// "45" and "12,3457": no more decimals than LUPREC wants and than say something.
 std::wstring shortText(double value) {
-    std::wstring text = prancheta::commaText(value, 4);
+    std::wstring text = commands::toldLength(value);
+    if (text.find(L',') == text.npos) return text;
     text.erase(text.find_last_not_of(L'0') + 1);
     if (text.ends_with(L',')) text.pop_back();
     return text == L"-0" ? L"0" : text;
@@ -44,12 +54,14 @@ std::wstring shortText(double value) {
 /// Degrees with noise of the conversion taken off.
 double degrees(double radians) { return std::round(radians * 180.0 / kPi * 1e10) / 1e10; }
 
-void fill(PropertyRow& row, const Field& field, const FieldValue& value) {
+void fill(PropertyRow& row, const Field& field, const FieldValue& value, const AcDbEntity& entity) {
+    row.number = field.kind < FieldKind::Text;
     switch (field.kind) {
         case FieldKind::Length:
         case FieldKind::Positive:
             row.value = commands::toldLength(value.number);
             row.input = withComma(numberTextWide(value.number));
+            row.unit = lengthUnit(entity);
             return;
         case FieldKind::Angle:
             row.value = shortText(degrees(value.number));
@@ -61,9 +73,10 @@ void fill(PropertyRow& row, const Field& field, const FieldValue& value) {
             row.input = withComma(numberTextWide(value.number));
             return;
         case FieldKind::Area:
-            row.value = prancheta::commaText(value.number, 2);
+            row.value = commands::toldLength(value.number);
             row.input = withComma(numberTextWide(value.number));
-            row.unit = L"mm²";
+            row.unit = lengthUnit(entity);
+            if (!row.unit.empty()) row.unit += L'²';
             return;
         case FieldKind::YesNo:
             row.value = row.input = value.number != 0.0 ? L"Sim" : L"Não";
@@ -205,7 +218,10 @@ const Common kCommon[] = {
     {L"tipo_linha", L"Tipo de linha", Kind::Choice,
      [](const AcDbEntity& e, PropertyRow& row) { same(row, linetypeName(e)); }, setLinetypeRow},
     {L"escala_tipo_linha", L"Escala do tipo de linha", Kind::Text,
-     [](const AcDbEntity& e, PropertyRow& row) { same(row, numberTextWide(e.linetypeScale())); },
+     [](const AcDbEntity& e, PropertyRow& row) {
+         same(row, withComma(numberTextWide(e.linetypeScale())));
+         row.number = true;
+     },
      setScaleRow},
     {L"espessura", L"Espessura de linha", Kind::Choice,
      [](const AcDbEntity& e, PropertyRow& row) {
@@ -296,7 +312,7 @@ std::vector<PropertyRow> rowsOf(const AcDbEntity& entity, bool detailed) {
         row.key = field.key;
         row.label = field.label;
         row.group = kGeometry;
-        fill(row, field, field.get(entity));
+        fill(row, field, field.get(entity), entity);
     }
     if (const auto* const insertion = AcDbBlockReference::cast(&entity))
         addAttributeRows(*insertion, rows);

@@ -22,6 +22,7 @@ struct PropertyRow {
     std::wstring input;
     std::wstring unit;
     std::vector<std::wstring> choices;
+    bool number = false;  ///< with a decimal comma in `value` and `input`
     bool varies = false;  ///< several entities, not all with this value
 };
 

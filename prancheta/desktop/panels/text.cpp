@@ -2,6 +2,8 @@
 // Texts between the drawing and the toolkit.
 #include "prancheta/desktop/panels/text.h"
 
+#include <QLocale>
+
 #include "dbsymtb.h"
 #include "prancheta/base/text.h"
 #include "prancheta/database/object_access.h"
@@ -24,7 +26,11 @@ QString takenText(ACHAR* text) {
     return taken;
 }
 
-QString commaText(double value, int decimals) { return qt(prancheta::commaText(value, decimals)); }
+QString shownNumber(QString text) { return text.replace(u',', QLocale().decimalPoint()); }
+
+QString commaText(double value, int decimals) {
+    return shownNumber(qt(prancheta::commaText(value, decimals)));
+}
 
 QString weightText(int weight) {
     switch (weight) {

@@ -23,7 +23,9 @@ std::wstring recordName(AcDbObjectId id);
 /// A text that a module made, which is freed; empty for none.
 QString takenText(ACHAR* text);
 
-/// Fixed decimals, decimal comma, as in the material list.
+/// A number with a comma, with the decimal sign of the default locale instead.
+QString shownNumber(QString text);
+/// Fixed decimals, that decimal sign.
 QString commaText(double value, int decimals);
 
 /// "0.25 mm" of a line weight; the three special values by their names.

@@ -206,21 +206,17 @@ CommandLine::CommandLine(QWidget* parent)
       m_log(new QPlainTextEdit(this)),
       m_prompt(new QLabel(this)),
       m_edit(new AnswerEdit(this)) {
-    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     m_log->setReadOnly(true);
     m_log->setAccessibleName("Histórico de comandos");
     m_log->setMaximumBlockCount(kLogLines);
     m_log->setUndoRedoEnabled(false);
     m_log->setFocusPolicy(Qt::ClickFocus);
-    m_log->setFont(font);
     m_log->setFrameShape(QFrame::NoFrame);
     m_log->document()->setDocumentMargin(2);
-    m_log->setMinimumHeight(m_log->fontMetrics().lineSpacing() * kVisibleLogLines + 6);
     m_prompt->setTextFormat(Qt::RichText);
     m_prompt->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
-    m_prompt->setFont(font);
     m_prompt->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    m_edit->setFont(font);
+    setTextFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_edit->setFrame(false);
     m_edit->setMinimumWidth(160);
     m_edit->setAccessibleName("Linha de comando");
@@ -243,6 +239,19 @@ CommandLine::CommandLine(QWidget* parent)
         m_edit->clear();
         emit entered(word);
     });
+}
+
+void CommandLine::setTextFont(const QFont& font) {
+    for (QWidget* const part : {static_cast<QWidget*>(m_log), static_cast<QWidget*>(m_prompt),
+                                static_cast<QWidget*>(m_edit)})
+        part->setFont(font);
+    m_log->setMinimumHeight(QFontMetrics(font).lineSpacing() * kVisibleLogLines + 4);
+}
+
+/// The last line stays in view.
+void CommandLine::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    m_log->verticalScrollBar()->setValue(m_log->verticalScrollBar()->maximum());
 }
 
 void CommandLine::append(QString text) {

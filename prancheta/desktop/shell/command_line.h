@@ -97,6 +97,7 @@ public:
     /// Notes the answer beside its prompt. Nothing is asked until the next ask().
     void answered(const QString& text);
     AnswerEdit& edit() { return *m_edit; }
+    void setTextFont(const QFont& font);
     /// A key that was pressed elsewhere in the window.
     void takeKey(QKeyEvent* event);
     /// What was said, for a larger window.
@@ -111,6 +112,9 @@ signals:
     void entered(const QString& text);
     void typedAhead(const QString& keys);
     void cancelled();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void append(QString text);

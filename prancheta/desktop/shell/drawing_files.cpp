@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // File windows, unsaved work, recent files.
 #include "prancheta/desktop/shell/drawing_files.h"
+#include "prancheta/desktop/shell/options.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -33,6 +34,8 @@ std::filesystem::path toPath(const QString& text) { return text.toStdString(); }
 
 QString folderOf(const std::filesystem::path& drawing) {
     if (!drawing.empty()) return toQString(drawing.parent_path());
+    const QString chosen = WindowOptions::load().drawingFolder;
+    if (!chosen.isEmpty() && QFileInfo(chosen).isDir()) return chosen;
     QString last = QSettings().value(kFolderKey).toString();
     if (QFileInfo(last).isDir()) return last;
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

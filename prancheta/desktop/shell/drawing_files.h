@@ -54,8 +54,8 @@ private:
     std::unique_ptr<QLockFile> m_mark;  ///< says that the drawing is open here
 };
 
-/// Where file windows begin: beside the drawing, else where the last file was chosen, else among
-/// the user's documents.
+/// Where file windows begin: beside the drawing, else in the folder of the options, else where the
+/// last file was chosen, else among the user's documents.
 QString folderOf(const std::filesystem::path& drawing);
 /// Paths of the host are UTF-8 whatever the locale.
 QString toQString(const std::filesystem::path& path);

@@ -2,6 +2,8 @@
 // The main window's other windows: log, manual, options, about, context menu.
 #include <QApplication>
 #include <QCursor>
+#include <QFontDatabase>
+#include <QLocale>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -11,8 +13,10 @@
 #include "prancheta/desktop/dialogs/run_dialog.h"
 #include "prancheta/desktop/shell/help_window.h"
 #include "prancheta/desktop/shell/main_window.h"
-#include "prancheta/desktop/shell/options.h"
+#include "prancheta/desktop/shell/object_fields.h"
+#include "prancheta/desktop/shell/options_dialog.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
+#include "prancheta/desktop/shell/status_bar.h"
 #include "prancheta/editor/snap_modes.h"
 
 namespace prancheta::desktop {
@@ -70,19 +74,53 @@ void MainWindow::showDialogHelp(QWidget& window, const QString& dialog) {
     help->showDialog(runningCommand(), dialog);
 }
 
+/// At once, whatever stands on the screen.
 void MainWindow::applyOptions() {
     const WindowOptions options = WindowOptions::load();
-    const Palette& colors = options.darkGround ? darkPalette() : lightPalette();
+    static const QFont theUsualFont = QApplication::font();
+    const auto fontOf = [](const QString& kept, QFont usual) {
+        if (!kept.isEmpty()) usual.fromString(kept);
+        return usual;
+    };
+    applyTheme(options.theme);
+    QApplication::setFont(fontOf(options.font, theUsualFont));
+    announceMetrics(*this);
+    m_commandLine->setTextFont(
+        fontOf(options.commandFont, QFontDatabase::systemFont(QFontDatabase::FixedFont)));
+    QLocale::setDefault(options.decimalPoint ? QLocale(QLocale::English, QLocale::UnitedStates)
+                                             : QLocale(QLocale::Portuguese, QLocale::Brazil));
+    drawIcons();
+    const Palette colors = options.colors();
     m_canvas->setColors(colors);
     announceGround(colors.ground);
-    if (m_editor != nullptr)
-        (void)m_editor->variables().set(L"CURSORSIZE",
-                                        static_cast<short>(options.crosshair));  // in range
+    if (m_editor == nullptr) return;
+    const struct {
+        const wchar_t* name;
+        int value;
+    } kVariables[] = {{L"CURSORSIZE", options.crosshair},
+                      {L"PICKBOX", options.pickBox},
+                      {L"GRIPS", options.grips},
+                      {L"GRIPSIZE", options.gripSize},
+                      {L"OSMODE", options.snaps}};
+    for (const auto& variable : kVariables)  // in range
+        (void)m_editor->variables().set(variable.name, static_cast<short>(variable.value));
+    // Their texts and pictures are made anew.
+    for (Panel* const panel : m_panels) panel->setEditor(m_editor);
+    m_fields->setEditor(m_editor);
+    m_status->refresh();
     m_canvas->refresh();
 }
 
 void MainWindow::showOptions() {
-    OptionsDialog dialog(WindowOptions::load(), this);
+    WindowOptions now = WindowOptions::load();
+    // As they are set at the moment, by whatever means.
+    const SystemVariables& variables = m_editor->variables();
+    now.crosshair = variables.number(L"CURSORSIZE");
+    now.pickBox = variables.number(L"PICKBOX");
+    now.grips = variables.number(L"GRIPS") != 0;
+    now.gripSize = variables.number(L"GRIPSIZE");
+    now.snaps = variables.number(L"OSMODE");
+    OptionsDialog dialog(now, this);
     if (dialog.exec() != QDialog::Accepted) return;
     dialog.options().save();
     applyOptions();

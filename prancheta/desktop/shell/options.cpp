@@ -1,100 +1,149 @@
 // SPDX-License-Identifier: MIT
-// Options of the window and their dialog.
+// Options of the window as they are kept, and its themes.
 #include "prancheta/desktop/shell/options.h"
 
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QFormLayout>
-#include <QHBoxLayout>
-#include <QLineEdit>
-#include <QPushButton>
+#include <QApplication>
+#include <QPalette>
 #include <QSettings>
-#include <QSpinBox>
-#include <QToolButton>
-#include <QVBoxLayout>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace prancheta::desktop {
 namespace {
 
-constexpr auto kGround = "opcoes/fundo_escuro";
-constexpr auto kMinutes = "opcoes/recuperacao_minutos";
-constexpr auto kCrosshair = "opcoes/cursor_por_cento";
-constexpr auto kTemplate = "opcoes/modelo";
+/// Where each option is kept. A number outside of its range counts as the nearest one inside.
+struct NumberKey {
+    const char* key;
+    int WindowOptions::*member;
+    int least;
+    int most;
+};
+constexpr NumberKey kNumbers[] = {
+    {"opcoes/cursor_por_cento", &WindowOptions::crosshair, 1, 100},
+    {"opcoes/caixa_de_escolha", &WindowOptions::pickBox, 0, 50},
+    {"opcoes/tamanho_das_alcas", &WindowOptions::gripSize, 1, 25},
+    {"opcoes/snaps", &WindowOptions::snaps, 0, 32767},
+    {"opcoes/recuperacao_minutos", &WindowOptions::recoveryMinutes, 0, 600},
+};
+
+struct TextKey {
+    const char* key;
+    QString WindowOptions::*member;
+};
+constexpr TextKey kTexts[] = {
+    {"opcoes/fonte", &WindowOptions::font},
+    {"opcoes/fonte_do_comando", &WindowOptions::commandFont},
+    {"opcoes/modelo", &WindowOptions::templateFile},
+    {"opcoes/pasta_dos_desenhos", &WindowOptions::drawingFolder},
+};
+
+struct SwitchKey {
+    const char* key;
+    bool WindowOptions::*member;
+};
+constexpr SwitchKey kSwitches[] = {
+    {"opcoes/fundo_escuro", &WindowOptions::darkGround},
+    {"opcoes/ponto_decimal", &WindowOptions::decimalPoint},
+    {"opcoes/alcas", &WindowOptions::grips},
+};
+
+struct ColorKey {
+    const char* key;
+    QColor WindowOptions::*member;
+    QColor Palette::*replaced;
+};
+constexpr ColorKey kColors[] = {
+    {"opcoes/cor_do_fundo", &WindowOptions::ground, &Palette::ground},
+    {"opcoes/cor_do_cursor", &WindowOptions::cursor, &Palette::cursor},
+    {"opcoes/cor_dos_snaps", &WindowOptions::snap, &Palette::snap},
+};
+
+constexpr auto kTheme = "opcoes/tema";
+constexpr const char* kThemeNames[] = {"sistema", "claro", "escuro", "contraste"};
+
+struct ThemeColors {
+    QColor window, base, button, text, highlight, highlighted, faint;
+};
+
+QPalette paletteOf(const ThemeColors& c) {
+    QPalette out(c.button, c.window);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
+          QPalette::BrightText})
+        out.setColor(role, c.text);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        out.setColor(QPalette::Disabled, role, c.faint);
+    out.setColor(QPalette::PlaceholderText, c.faint);
+    out.setColor(QPalette::Base, c.base);
+    out.setColor(QPalette::AlternateBase, c.window);
+    out.setColor(QPalette::ToolTipBase, c.button);
+    out.setColor(QPalette::Highlight, c.highlight);
+    out.setColor(QPalette::HighlightedText, c.highlighted);
+    out.setColor(QPalette::Link, c.highlight);
+    return out;
+}
+
+const ThemeColors kLight{QColor(240, 240, 240), QColor(255, 255, 255), QColor(232, 232, 232),
+                         QColor(20, 20, 20),    QColor(0, 92, 184),    QColor(255, 255, 255),
+                         QColor(120, 120, 120)};
+const ThemeColors kDark{QColor(45, 49, 55),    QColor(34, 37, 42),   QColor(58, 63, 70),
+                        QColor(228, 230, 233), QColor(86, 156, 240), QColor(10, 14, 20),
+                        QColor(140, 146, 154)};
+const ThemeColors kContrast{QColor(0, 0, 0),       QColor(0, 0, 0),     QColor(0, 0, 0),
+                            QColor(255, 255, 255), QColor(255, 255, 0), QColor(0, 0, 0),
+                            QColor(170, 170, 170)};
 
 }  // namespace
 
 WindowOptions WindowOptions::load() {
     const QSettings settings;
-    const WindowOptions usual;
     WindowOptions out;
-    out.darkGround = settings.value(kGround, usual.darkGround).toBool();
-    out.recoveryMinutes =
-        std::clamp(settings.value(kMinutes, usual.recoveryMinutes).toInt(), 0, 600);
-    out.crosshair = std::clamp(settings.value(kCrosshair, usual.crosshair).toInt(), 1, 100);
-    out.templateFile = settings.value(kTemplate).toString();
+    for (const NumberKey& n : kNumbers)
+        out.*n.member = std::clamp(settings.value(n.key, out.*n.member).toInt(), n.least, n.most);
+    for (const TextKey& t : kTexts) out.*t.member = settings.value(t.key).toString();
+    for (const SwitchKey& s : kSwitches)
+        out.*s.member = settings.value(s.key, out.*s.member).toBool();
+    for (const ColorKey& c : kColors) out.*c.member = QColor(settings.value(c.key).toString());
+    const QString theme = settings.value(kTheme).toString();
+    for (std::size_t i = 0; i < std::size(kThemeNames); ++i)
+        if (theme == kThemeNames[i]) out.theme = static_cast<Theme>(i);
     return out;
 }
 
 void WindowOptions::save() const {
     QSettings settings;
-    settings.setValue(kGround, darkGround);
-    settings.setValue(kMinutes, recoveryMinutes);
-    settings.setValue(kCrosshair, crosshair);
-    settings.setValue(kTemplate, templateFile);
+    for (const NumberKey& n : kNumbers) settings.setValue(n.key, this->*n.member);
+    for (const TextKey& t : kTexts) settings.setValue(t.key, this->*t.member);
+    for (const SwitchKey& s : kSwitches) settings.setValue(s.key, this->*s.member);
+    for (const ColorKey& c : kColors) {
+        const QColor& color = this->*c.member;
+        settings.setValue(c.key, color.isValid() ? color.name() : QString());
+    }
+    settings.setValue(kTheme, kThemeNames[static_cast<int>(theme)]);
 }
 
-OptionsDialog::OptionsDialog(const WindowOptions& options, QWidget* parent)
-    : QDialog(parent),
-      m_ground(new QComboBox(this)),
-      m_minutes(new QSpinBox(this)),
-      m_crosshair(new QSpinBox(this)),
-      m_template(new QLineEdit(options.templateFile, this)) {
-    setWindowTitle("Opções");
-    m_ground->addItems({"Escuro", "Claro"});
-    m_ground->setCurrentIndex(options.darkGround ? 0 : 1);
-    m_minutes->setRange(0, 600);
-    m_minutes->setSuffix(" min");
-    m_minutes->setSpecialValueText("Desligada");
-    m_minutes->setValue(options.recoveryMinutes);
-    m_crosshair->setRange(1, 100);
-    m_crosshair->setSuffix(" % da tela");
-    m_crosshair->setValue(options.crosshair);
-    m_template->setObjectName("modelo");
-    m_template->setPlaceholderText("o da pasta de instalação");
-    auto* const choose = new QToolButton(this);
-    choose->setText("...");
-    connect(choose, &QToolButton::clicked, this, [this] {
-        const QString file = QFileDialog::getOpenFileName(
-            this, "Modelo de novos desenhos", m_template->text(), "Desenhos DXF (*.dxf)");
-        if (!file.isEmpty()) m_template->setText(file);
-    });
-    auto* const model = new QHBoxLayout;
-    model->addWidget(m_template);
-    model->addWidget(choose);
-
-    auto* const form = new QFormLayout;
-    form->addRow("&Fundo do desenho:", m_ground);
-    form->addRow("Cópia de &recuperação a cada:", m_minutes);
-    form->addRow("&Tamanho do cursor em cruz:", m_crosshair);
-    form->addRow("&Modelo de novos desenhos:", model);
-    auto* const buttons =
-        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    auto* const column = new QVBoxLayout(this);
-    column->addLayout(form);
-    column->addWidget(buttons);
-}
-
-WindowOptions OptionsDialog::options() const {
-    WindowOptions out;
-    out.darkGround = m_ground->currentIndex() == 0;
-    out.recoveryMinutes = m_minutes->value();
-    out.crosshair = m_crosshair->value();
-    out.templateFile = m_template->text().trimmed();
+Palette WindowOptions::colors() const {
+    Palette out = theme == Theme::Contrast ? contrastPalette()
+                  : darkGround             ? darkPalette()
+                                           : lightPalette();
+    // What is drawn on it has to be seen on a ground of the user's own.
+    if (ground.isValid() && (ground.lightness() < 128) != out.dark)
+        out = out.dark ? lightPalette() : darkPalette();
+    for (const ColorKey& c : kColors)
+        if ((this->*c.member).isValid()) out.*c.replaced = this->*c.member;
     return out;
+}
+
+void applyTheme(Theme theme) {
+    // Of the program's start, to come back to.
+    static const QString theUsualStyle = QApplication::style()->objectName();
+    const ThemeColors* const colors[] = {nullptr, &kLight, &kDark, &kContrast};
+    const ThemeColors* const wanted = colors[static_cast<int>(theme)];
+    const QString style = wanted != nullptr ? QStringLiteral("fusion") : theUsualStyle;
+    if (QApplication::style()->objectName() != style) QApplication::setStyle(style);
+    QApplication::setPalette(wanted != nullptr ? paletteOf(*wanted) : QPalette());
 }
 
 }  // namespace prancheta::desktop

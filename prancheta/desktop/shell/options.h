@@ -2,35 +2,40 @@
 // What the user sets for the window, kept between sessions.
 #pragma once
 
-#include <QDialog>
+#include <QString>
 
-class QComboBox;
-class QLineEdit;
-class QSpinBox;
+#include "prancheta/desktop/canvas/palette.h"
 
 namespace prancheta::desktop {
 
+/// Colours of windows and dialogs; System: as the desktop has them.
+enum class Theme { System, Light, Dark, Contrast };
+
 struct WindowOptions {
-    bool darkGround = true;
-    int recoveryMinutes = 5;  ///< 0: no recovery copies
-    int crosshair = 100;      ///< percent of the screen, CURSORSIZE
-    QString templateFile;     ///< of new drawings; empty: that of the installation folder
+    Theme theme = Theme::System;
+    bool darkGround = true;  ///< of the drawing area, but with Theme::Contrast
+    QColor ground;           ///< these three: invalid for the colour that goes with the ground
+    QColor cursor;
+    QColor snap;
+    bool decimalPoint = false;  ///< in panels and dialogs of the window, else a comma
+    QString font;               ///< of the window, as QFont::toString(); empty: the system's
+    QString commandFont;        ///< of the command line; empty: the system's of fixed pitch
+    int crosshair = 100;        ///< percent of the screen, CURSORSIZE
+    int pickBox = 3;            ///< half its side in pixels, PICKBOX
+    bool grips = true;          ///< GRIPS
+    int gripSize = 5;           ///< half its side in pixels, GRIPSIZE
+    int snaps = 4135;           ///< object snaps of a new session, OSMODE
+    int recoveryMinutes = 10;   ///< 0: no recovery copies
+    QString templateFile;       ///< of new drawings; empty: that of the installation folder
+    QString drawingFolder;      ///< where file windows begin; empty: where the last one ended
 
     static WindowOptions load();
     void save() const;
+    /// Of the drawing area.
+    Palette colors() const;
 };
 
-class OptionsDialog : public QDialog {
-    Q_OBJECT
-public:
-    OptionsDialog(const WindowOptions& options, QWidget* parent);
-    WindowOptions options() const;
-
-private:
-    QComboBox* m_ground;
-    QSpinBox* m_minutes;
-    QSpinBox* m_crosshair;
-    QLineEdit* m_template;
-};
+/// Gives all windows of the program the colours of a theme.
+void applyTheme(Theme theme);
 
 }  // namespace prancheta::desktop

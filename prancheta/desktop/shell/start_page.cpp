@@ -2,6 +2,7 @@
 // The panel that a new window shows.
 #include "prancheta/desktop/shell/start_page.h"
 
+#include <QEvent>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -16,6 +17,7 @@ namespace {
 constexpr int kPicture = 28;  // side, pixels of the layout
 constexpr int kPicturesInRow = 5;
 constexpr qsizetype kMostFiles = 6;
+constexpr auto kIcon = "icone";
 
 QLabel* heading(const QString& text, QWidget* parent) {
     auto* const label = new QLabel(text, parent);
@@ -29,6 +31,7 @@ QLabel* heading(const QString& text, QWidget* parent) {
 /// As wide as the page, however long the name is.
 QToolButton* line(const QString& icon, const QString& text, QWidget* parent) {
     auto* const button = new QToolButton(parent);
+    button->setProperty(kIcon, icon);
     button->setIcon(drawnIcon(icon, parent->palette()));
     button->setText(text);
     button->setAutoRaise(true);
@@ -75,6 +78,15 @@ StartPage::StartPage() : m_files(new QVBoxLayout), m_scale(new ScaleButton) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(area);
     setRecent({});
+}
+
+/// Another theme.
+void StartPage::changeEvent(QEvent* event) {
+    Panel::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    for (QToolButton* const button : findChildren<QToolButton*>())
+        if (const QString icon = button->property(kIcon).toString(); !icon.isEmpty())
+            button->setIcon(drawnIcon(icon, palette()));
 }
 
 void StartPage::setEditor(Editor* editor) { m_scale->setEditor(editor); }

@@ -21,6 +21,9 @@ public:
     /// Buttons with the pictures of the actions, under a title of their own.
     void addFamily(const QString& title, const QList<QAction*>& actions);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 signals:
     void fileWanted(const QString& file);
 

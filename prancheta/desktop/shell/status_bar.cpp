@@ -4,6 +4,7 @@
 
 #include <QFontDatabase>
 #include <QLocale>
+#include <QtMath>
 
 #include <cmath>
 #include <memory>
@@ -11,7 +12,6 @@
 #include "prancheta/desktop/panels/panels.h"
 #include "prancheta/editor/snap_modes.h"
 #include "prancheta/editor/tracking.h"
-#include "prancheta/geometry/angles.h"
 
 namespace prancheta::desktop {
 namespace {
@@ -142,14 +142,14 @@ QMenu* StatusBar::snapMenu() {
 
 QMenu* StatusBar::angleMenu() {
     auto* const menu = new QMenu(this);
-    const double present = m_editor->variables().real(L"POLARANG") * 180.0 / kPi;
+    const double present = qRadiansToDegrees(m_editor->variables().real(L"POLARANG"));
     for (const double angle : kPolarAngles) {
         QAction* const action =
             menu->addAction(QLocale::c().toString(angle, 'g', 4).replace('.', ',') + u'°');
         action->setCheckable(true);
         action->setChecked(std::abs(angle - present) < 1e-6);
         connect(action, &QAction::triggered, this, [this, angle] {
-            (void)m_editor->variables().set(L"POLARANG", angle * kPi / 180.0);  // in range
+            (void)m_editor->variables().set(L"POLARANG", qDegreesToRadians(angle));  // in range
             emit changed();
         });
     }

@@ -186,7 +186,10 @@ void WindowUi::waitAgain() {
 
 /// Ends the waiting.
 void WindowUi::release(const RawInput& input) {
-    if (input.kind != RawInput::Kind::Move) emit answered(QString::fromStdWString(input.text));
+    // Esc at "Comando:" answers nothing: the log has no line for it.
+    const bool nothing = input.kind == RawInput::Kind::Cancel && idle();
+    if (input.kind != RawInput::Kind::Move && !nothing)
+        emit answered(QString::fromStdWString(input.text));
 }
 
 void WindowUi::answer(const RawInput& input) {
