@@ -181,6 +181,7 @@ void drawValues(QPainter& painter, const Palette& palette, const QPointF& cursor
                 const QSizeF& area, const std::vector<ValueBox>& values) {
     constexpr double kAway = 16.0;
     constexpr double kGap = 4.0;
+    const QColor onHighlight(qGray(palette.highlight.rgb()) < 128 ? Qt::white : Qt::black);
     painter.setFont(QGuiApplication::font());
     const QFontMetricsF metrics(painter.font());
     const double height = metrics.height() + 4.0;
@@ -199,7 +200,7 @@ void drawValues(QPainter& painter, const Palette& palette, const QPointF& cursor
         painter.setPen(QPen(active ? palette.highlight : palette.gridMajor, active ? 2.0 : 0.0));
         painter.setBrush(values[i].typed ? palette.highlight : palette.tag);
         painter.drawRect(box);
-        painter.setPen(values[i].typed ? QColor(Qt::white) : palette.tagText);
+        painter.setPen(values[i].typed ? onHighlight : palette.tagText);
         painter.drawText(box, Qt::AlignCenter, values[i].text);
         at.rx() += widths[i] + kGap;
     }

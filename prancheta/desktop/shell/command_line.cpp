@@ -8,6 +8,7 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QVBoxLayout>
 
@@ -19,6 +20,8 @@ namespace {
 constexpr int kLogLines = 5000;
 constexpr qsizetype kHistory = 200;
 constexpr int kVisibleLogLines = 1;
+/// Of an output that is longer than the log shows.
+constexpr int kMostShown = 12;
 
 }  // namespace
 
@@ -258,13 +261,25 @@ void CommandLine::append(QString text) {
     // Prompts and messages begin with a line feed of their own.
     if (m_atLineStart && text.startsWith('\n')) text.remove(0, 1);
     if (text.isEmpty()) return;
+    m_fresh += static_cast<int>(text.count('\n'));
+    // A line feed is written with what follows it: the log's last line is never an empty one.
+    if (m_atLineStart && !m_log->document()->isEmpty()) text.prepend('\n');
     m_atLineStart = text.endsWith('\n');
+    if (m_atLineStart) text.chop(1);
     QScrollBar* const bar = m_log->verticalScrollBar();
     const bool following = bar->value() == bar->maximum();
     QTextCursor end(m_log->document());
     end.movePosition(QTextCursor::End);
     end.insertText(text);
     if (following) bar->setValue(bar->maximum());
+}
+
+QString CommandLine::lastLines(int count) const {
+    QStringList lines;
+    for (QTextBlock block = m_log->document()->lastBlock(); block.isValid() && count > 0;
+         block = block.previous(), --count)
+        lines.prepend(block.text());
+    return lines.join('\n');
 }
 
 void CommandLine::print(const QString& text) { append(text); }
@@ -286,12 +301,15 @@ void CommandLine::ask(const InputRequest& request) {
         m_prompt->setToolTip(prompt);
     }
     m_shownPrompt = prompt;
+    if (m_fresh > kVisibleLogLines) emit outputHidden(lastLines(std::min(m_fresh, kMostShown)));
     m_edit->setBlanksAllowed(request.blanksAllowed);
     m_edit->offerCompletions(request.kind == InputKind::Command);
 }
 
 void CommandLine::answered(const QString& text) {
     append(m_shownPrompt + text + "\n");
+    m_fresh = 0;
+    emit outputRead();
     m_shownPrompt.clear();
     m_prompt->clear();
 }

@@ -112,18 +112,24 @@ signals:
     void entered(const QString& text);
     void typedAhead(const QString& keys);
     void cancelled();
+    /// What came since the last answer is more than the log shows: its last lines.
+    void outputHidden(const QString& lines);
+    /// The next answer came.
+    void outputRead();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void append(QString text);
+    QString lastLines(int count) const;
 
     QPlainTextEdit* m_log;
     QLabel* m_prompt;
     AnswerEdit* m_edit;
     QString m_shownPrompt;  ///< last line of the present prompt, empty when nothing is asked
     bool m_atLineStart = true;
+    int m_fresh = 0;  ///< lines that came since the last answer
 };
 
 /// The prompt as rich text: options between brackets are links with the option's word as target,

@@ -135,6 +135,16 @@ void MainWindow::makeCommandLine() {
                       QDockWidget::DockWidgetVerticalTitleBar);
     addDockWidget(Qt::BottomDockWidgetArea, dock);
     connect(m_commandLine, &CommandLine::entered, m_ui, &WindowUi::answerText);
+    m_output = new QLabel(m_canvas);
+    m_output->setObjectName("saida");
+    m_output->setAutoFillBackground(true);
+    m_output->setMargin(4);
+    m_output->setTextFormat(Qt::PlainText);
+    m_output->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_output->hide();
+    connect(m_commandLine, &CommandLine::outputHidden, this, &MainWindow::showOutput);
+    connect(m_commandLine, &CommandLine::outputRead, m_output, &QWidget::hide);
+    connect(m_canvas, &Canvas::selectionChanged, m_output, &QWidget::hide);
     connect(m_commandLine, &CommandLine::typedAhead, m_ui, &WindowUi::typeAhead);
     connect(m_commandLine, &CommandLine::cancelled, this, [this] {
         if (!m_canvas->escape()) m_ui->cancel();
@@ -147,6 +157,16 @@ void MainWindow::makeCommandLine() {
     connect(&m_commandLine->edit(), &AnswerEdit::erased, this, [this] {
         if (m_ui->idle() && !m_editor->selection().empty()) m_ui->runCommand("_ERASE");
     });
+}
+
+/// Over the lower edge of the drawing, until the next answer: the command line grows, and the
+/// drawing stays where it is.
+void MainWindow::showOutput(const QString& lines) {
+    m_output->setFont(m_commandLine->edit().font());
+    m_output->setText(lines);
+    m_output->adjustSize();
+    m_output->move(0, m_canvas->height() - m_output->height());
+    m_output->show();
 }
 
 void MainWindow::makePanels() {

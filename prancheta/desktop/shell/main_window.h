@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QHash>
+#include <QLabel>
 #include <QMainWindow>
 #include <QToolButton>
 
@@ -63,6 +64,7 @@ private:
     void makeCanvas();
     void makeCommandLine();
     void makePanels();
+    void showOutput(const QString& lines);
     void connectUi();
     AnswerEdit::Fields fieldsOf(const InputRequest& request) const;
     void registerActions();
@@ -110,6 +112,7 @@ private:
     LayoutTabs* m_tabs = nullptr;
     CommandLine* m_commandLine = nullptr;
     StatusBar* m_status = nullptr;
+    QLabel* m_output = nullptr;
     ObjectFields* m_fields = nullptr;
     StartPage* m_start = nullptr;
     DrawingFiles* m_files = nullptr;

@@ -3,6 +3,7 @@
 #include "prancheta/desktop/shell/object_fields.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -91,7 +92,7 @@ void ObjectFields::refresh() {
             m_shownColor = row.varies ? -1 : qt(row.input).toInt();
             m_color->setText(row.varies ? QStringLiteral("*VARIA*") : qt(row.value));
             m_color->setIcon(row.varies ? QIcon()
-                                        : swatchIcon(m_shownColor, m_color->palette().color(
+                                        : swatchIcon(m_shownColor, QApplication::palette().color(
                                                                        QPalette::ButtonText)));
         }
     }
@@ -106,7 +107,7 @@ void ObjectFields::show(QComboBox* box, const PropertyRow& row) {
     if (row.key == L"camada")
         std::sort(choices.begin(), choices.end(),
                   [](const QString& a, const QString& b) { return naturalCompare(a, b) < 0; });
-    const QColor ink = box->palette().color(QPalette::Text);
+    const QColor ink = QApplication::palette().color(QPalette::Text);
     box->clear();
     for (const QString& choice : choices)
         box->addItem(

@@ -91,7 +91,7 @@ const ThemeColors kLight{QColor(240, 240, 240), QColor(255, 255, 255), QColor(23
 const ThemeColors kDark{QColor(45, 49, 55),    QColor(34, 37, 42),   QColor(58, 63, 70),
                         QColor(228, 230, 233), QColor(86, 156, 240), QColor(10, 14, 20),
                         QColor(140, 146, 154)};
-const ThemeColors kContrast{QColor(0, 0, 0),       QColor(0, 0, 0),     QColor(0, 0, 0),
+const ThemeColors kContrast{QColor(0, 0, 0),       QColor(0, 0, 0),     QColor(48, 48, 48),
                             QColor(255, 255, 255), QColor(255, 255, 0), QColor(0, 0, 0),
                             QColor(170, 170, 170)};
 

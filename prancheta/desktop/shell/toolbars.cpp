@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The toolbars of the window and its start page, as menus.json has them.
+#include <QApplication>
 #include <QMenu>
 #include <QSettings>
 #include <QToolBar>
@@ -82,10 +83,12 @@ void MainWindow::fillStartPage(const std::vector<Family>& families) {
 }
 
 void MainWindow::drawIcons() {
+    // That of the window follows later when the program's changes.
+    const QPalette colors = QApplication::palette();
     for (const auto& [action, item] : m_drawn)
-        action->setIcon(item.slide.isEmpty() ? drawnIcon(item.icon, palette())
-                                             : slideIcon(m_installation / "Perfis" / "Slides",
-                                                         item.slide, palette()));
+        action->setIcon(item.slide.isEmpty()
+                            ? drawnIcon(item.icon, colors)
+                            : slideIcon(m_installation / "Perfis" / "Slides", item.slide, colors));
 }
 
 }  // namespace prancheta::desktop
