@@ -21,6 +21,7 @@
 
 #include "dbents.h"
 #include "prancheta/desktop/dialogs/settings.h"
+#include "prancheta/desktop/shell/help_window.h"
 #include "prancheta/desktop/shell/options_dialog.h"
 #include "prancheta/desktop/shell/plot_dialog.h"
 #include "prancheta/desktop/shell/style_dialog.h"
@@ -333,8 +334,7 @@ TEST(Theme, WhatIsReadStandsOutFromItsGround) {
     const struct {
         Theme theme;
         double text, disabled;
-    } themes[] = {
-        {Theme::Light, 4.5, 3.0}, {Theme::Dark, 4.5, 3.0}, {Theme::HighContrast, 7.0, 4.5}};
+    } themes[] = {{Theme::Light, 4.5, 3.0}, {Theme::Dark, 4.5, 3.0}, {Theme::Contrast, 7.0, 4.5}};
     const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
         {QPalette::WindowText, QPalette::Window}, {QPalette::Text, QPalette::Base},
         {QPalette::ButtonText, QPalette::Button}, {QPalette::HighlightedText, QPalette::Highlight},

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Options of the window as they are kept, and its themes.
+// Options of the window as they are kept.
 #include "prancheta/desktop/shell/options.h"
 
-#include <QApplication>
-#include <QPalette>
 #include <QSettings>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -62,39 +59,6 @@ constexpr ColorKey kColors[] = {
 constexpr auto kTheme = "opcoes/tema";
 constexpr const char* kThemeNames[] = {"sistema", "claro", "escuro", "contraste"};
 
-struct ThemeColors {
-    QColor window, base, button, text, highlight, highlighted, faint;
-};
-
-QPalette paletteOf(const ThemeColors& c) {
-    QPalette out(c.button, c.window);
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
-          QPalette::BrightText})
-        out.setColor(role, c.text);
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        out.setColor(QPalette::Disabled, role, c.faint);
-    out.setColor(QPalette::PlaceholderText, c.faint);
-    out.setColor(QPalette::Base, c.base);
-    out.setColor(QPalette::AlternateBase, c.window);
-    out.setColor(QPalette::ToolTipBase, c.button);
-    out.setColor(QPalette::Highlight, c.highlight);
-    out.setColor(QPalette::HighlightedText, c.highlighted);
-    out.setColor(QPalette::Link, c.highlight);
-    return out;
-}
-
-const ThemeColors kLight{QColor(240, 240, 240), QColor(255, 255, 255), QColor(232, 232, 232),
-                         QColor(20, 20, 20),    QColor(0, 92, 184),    QColor(255, 255, 255),
-                         QColor(120, 120, 120)};
-const ThemeColors kDark{QColor(45, 49, 55),    QColor(34, 37, 42),   QColor(58, 63, 70),
-                        QColor(228, 230, 233), QColor(86, 156, 240), QColor(10, 14, 20),
-                        QColor(140, 146, 154)};
-const ThemeColors kContrast{QColor(0, 0, 0),       QColor(0, 0, 0),     QColor(48, 48, 48),
-                            QColor(255, 255, 255), QColor(255, 255, 0), QColor(0, 0, 0),
-                            QColor(170, 170, 170)};
-
 }  // namespace
 
 WindowOptions WindowOptions::load() {
@@ -134,16 +98,6 @@ Palette WindowOptions::colors() const {
     for (const ColorKey& c : kColors)
         if ((this->*c.member).isValid()) out.*c.replaced = this->*c.member;
     return out;
-}
-
-void applyTheme(Theme theme) {
-    // Of the program's start, to come back to.
-    static const QString theUsualStyle = QApplication::style()->objectName();
-    const ThemeColors* const colors[] = {nullptr, &kLight, &kDark, &kContrast};
-    const ThemeColors* const wanted = colors[static_cast<int>(theme)];
-    const QString style = wanted != nullptr ? QStringLiteral("fusion") : theUsualStyle;
-    if (QApplication::style()->objectName() != style) QApplication::setStyle(style);
-    QApplication::setPalette(wanted != nullptr ? paletteOf(*wanted) : QPalette());
 }
 
 }  // namespace prancheta::desktop

@@ -5,11 +5,9 @@
 #include <QString>
 
 #include "prancheta/desktop/canvas/palette.h"
+#include "prancheta/desktop/shell/theme.h"
 
 namespace prancheta::desktop {
-
-/// Colours of windows and dialogs; System: as the desktop has them.
-enum class Theme { System, Light, Dark, Contrast };
 
 struct WindowOptions {
     Theme theme = Theme::System;
@@ -34,8 +32,5 @@ struct WindowOptions {
     /// Of the drawing area.
     Palette colors() const;
 };
-
-/// Gives all windows of the program the colours of a theme.
-void applyTheme(Theme theme);
 
 }  // namespace prancheta::desktop

@@ -3,6 +3,7 @@
 #include "prancheta/desktop/shell/theme.h"
 
 #include <QApplication>
+#include <QStyle>
 
 namespace prancheta::desktop {
 namespace {
@@ -15,16 +16,8 @@ constexpr Colors kLight{0xffefefef, 0xffffffff, 0xffefefef, 0xff101010, 0xff6e6e
                         0xff1f6fb2, 0xffffffff, 0xff0b57a4, 0xff8a8a8a};
 constexpr Colors kDark{0xff2b2b2b, 0xff1e1e1e, 0xff3a3a3a, 0xfff0f0f0, 0xff9a9a9a,
                        0xff2a6fb0, 0xffffffff, 0xff7db8f0, 0xff6a6a6a};
-constexpr Colors kHighContrast{0xff000000, 0xff000000, 0xff000000, 0xffffffff, 0xffb0b0b0,
-                               0xffffff00, 0xff000000, 0xff00ffff, 0xffffffff};
-
-/// A style derives the edges of fields from the window's colour, and on black they would be black.
-constexpr auto kEdges =
-    "QLineEdit, QComboBox, QAbstractSpinBox, QPushButton, QToolButton, QAbstractItemView,"
-    "QPlainTextEdit, QTextBrowser { border: 1px solid #ffffff; }"
-    "QPushButton:focus, QToolButton:hover, QLineEdit:focus { border: 2px solid #ffff00; }"
-    "QPushButton { padding: 3px 8px; } QLineEdit { padding: 1px; }"
-    "*:disabled { border-color: #b0b0b0; }";
+constexpr Colors kContrast{0xff000000, 0xff000000, 0xff303030, 0xffffffff, 0xffb0b0b0,
+                           0xffffff00, 0xff000000, 0xff00ffff, 0xffffffff};
 
 QPalette paletteFrom(const Colors& c) {
     QPalette palette;
@@ -57,8 +50,8 @@ QPalette paletteOf(Theme theme) {
             return paletteFrom(kLight);
         case Theme::Dark:
             return paletteFrom(kDark);
-        case Theme::HighContrast:
-            return paletteFrom(kHighContrast);
+        case Theme::Contrast:
+            return paletteFrom(kContrast);
         case Theme::System:
             break;
     }
@@ -66,8 +59,12 @@ QPalette paletteOf(Theme theme) {
 }
 
 void applyTheme(Theme theme) {
+    // Of the program's start, to come back to.
+    static const QString theUsualStyle = QApplication::style()->objectName();
+    // A desktop's own style does not take colours that are not its own.
+    const QString style = theme != Theme::System ? QStringLiteral("fusion") : theUsualStyle;
+    if (QApplication::style()->objectName() != style) QApplication::setStyle(style);
     QApplication::setPalette(paletteOf(theme));
-    qApp->setStyleSheet(theme == Theme::HighContrast ? QString(kEdges) : QString());
 }
 
 }  // namespace prancheta::desktop

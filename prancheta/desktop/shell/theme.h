@@ -10,7 +10,7 @@ enum class Theme {
     System,  ///< what the desktop sets
     Light,
     Dark,
-    HighContrast,  ///< white on black, edges of fields drawn
+    Contrast,  ///< white on black
 };
 
 /// Colours of a theme; of System those that the program was started with.
