@@ -464,8 +464,8 @@ TEST_F(Window, MenusKnowEveryProfileCommandAndNoOther) {
         if (found->group != prancheta::kBuiltInGroup) profiles.insert(found->global);
     }
     // Thirty profiles and their search, the list's six, steel, sheet of the section, flat strip and
-    // catalogues.
-    EXPECT_EQ(profiles.size(), 46u);
+    // catalogues, and blocks that become pieces again.
+    EXPECT_EQ(profiles.size(), 47u);
     QStringList shown;
     for (const auto& bar : menus->toolbars)
         for (const auto& item : bar.items) {
