@@ -482,8 +482,22 @@ TEST_F(Window, WhatIsWorkedHasANameForWhoDoesNotSeeIt) {
                        named = walk.named;
                    }
                    EXPECT_GT(named, 50) << "toolbars, menus, tabs, the drawing area";
+                   using prancheta::desktop::OptionsDialog;
+                   QWidget* const over = &story.window();
+                   OptionsDialog options(prancheta::desktop::WindowOptions(), over);
+                   StyleDialog style(story.editor().database(), StyleDialog::Kind::Text, over);
+                   prancheta::desktop::PlotDialog plot(story.editor(), over);
+                   prancheta::desktop::HelpWindow help(HOUSE_SOURCE_DIR "/docs/manual.md", over);
+                   for (QWidget* const window :
+                        std::initializer_list<QWidget*>{&options, &style, &plot, &help}) {
+                       window->show();
+                       EXPECT_EQ(accessible::walkOf(*window).unnamed, std::vector<std::string>())
+                           << window->windowTitle().toStdString();
+                       window->hide();
+                   }
                });
     EXPECT_TRUE(story.run());
+    QSettings().clear();  // the arrangement with all panels
 }
 
 TEST_F(Window, ToolTipsSayWhatToType) {
@@ -491,7 +505,7 @@ TEST_F(Window, ToolTipsSayWhatToType) {
     const auto tip = [&](const char* entry) { return story.window().entry(entry)->toolTip(); };
     EXPECT_TRUE(tip("_LINE").endsWith("LINHA (L)")) << tip("_LINE").toStdString();
     EXPECT_TRUE(tip("'_ZOOM _E").endsWith("ZOOM (Z)")) << tip("'_ZOOM _E").toStdString();
-    EXPECT_TRUE(tip("_pudobrado").endsWith("PERFILU")) << tip("_pudobrado").toStdString();
+    EXPECT_TRUE(tip("_pudobrado").endsWith("PERFILU (PFU)")) << tip("_pudobrado").toStdString();
     EXPECT_TRUE(tip("_QSAVE").startsWith("Salvar (Ctrl+S)")) << tip("_QSAVE").toStdString();
 }
 

@@ -17,7 +17,9 @@ HelpWindow::HelpWindow(const std::filesystem::path& manual, QWidget* parent)
     setWindowTitle("Manual da Prancheta");
     resize(820, 700);
     m_text->setOpenExternalLinks(false);
+    m_text->setAccessibleName("Manual");
     m_word->setPlaceholderText("Procurar no manual");
+    m_word->setAccessibleName(m_word->placeholderText());
     m_word->setClearButtonEnabled(true);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_word);

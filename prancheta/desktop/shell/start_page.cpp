@@ -71,6 +71,7 @@ StartPage::StartPage() : m_files(new QVBoxLayout), m_scale(new ScaleButton) {
     m_column->addStretch(1);
     auto* const area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // it follows the keyboard inside
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(page);

@@ -100,6 +100,7 @@ StyleDialog::StyleDialog(AcDbDatabase& database, Kind kind, QWidget* parent)
     setObjectName(kind == kText ? "estilo" : "estilocota");
     setWindowTitle(kind == kText ? "Estilos de texto" : "Estilos de cota");
     m_names->setObjectName("estilos");
+    m_names->setAccessibleName("Estilos");
     auto* const fresh = new QPushButton("&Novo...", this);
     auto* const left = new QVBoxLayout;
     left->addWidget(m_names);
