@@ -9,6 +9,7 @@
 
 #include "prancheta/geometry/angles.h"
 #include "prancheta/graphics/curves.h"
+#include "prancheta/graphics/same_drawn.h"
 
 using namespace prancheta;
 
@@ -140,6 +141,35 @@ TEST(Picture, ClockwiseArcsAndNormalsFromBelowAreTurnedRound) {
         EXPECT_TRUE(picture[i].normal().isEqualTo(kZ));
     }
     EXPECT_EQ(picture[2].kind(), PrimitiveKind::Circle);
+}
+
+TEST(Picture, ShowsTheSameHoweverItIsMadeUp) {
+    const auto z = [](double side, double first) {
+        const AcGePoint3d points[] = {
+            {-side * 50, -first, 0}, {0, -100, 0}, {0, 100, 0}, {side * 50, 100, 0}};
+        Picture picture;
+        picture.addPline({}, points, std::vector<double>{0, 0, 0, 0}, false);
+        return picture;
+    };
+    const Picture whole = z(1, 100);
+    Picture parts;
+    const AcGePoint3d lines[][2] = {{{0, 100, 0}, {50, 100, 0}},
+                                    {{0, 100, 0}, {0, 7, 0}},
+                                    {{0, -100, 0}, {0, 7, 0}},
+                                    {{-50, -100, 0}, {0, -100, 0}}};
+    for (const auto& line : lines) parts.addPolyline({}, line);
+    EXPECT_TRUE(sameDrawn(whole, parts)) << "in other parts, another order and direction";
+    EXPECT_FALSE(sameDrawn(whole, z(-1, 100))) << "its mirror image has the same length and box";
+    EXPECT_FALSE(sameDrawn(whole, z(1, 101))) << "one end moved by 1";
+    const Picture plate = sample({0, 0, 0});
+    EXPECT_TRUE(sameDrawn(plate, sample({0, 0, 0})));
+    EXPECT_FALSE(sameDrawn(plate, sample({0.01, 0, 0}))) << "also arcs, circles and texts";
+    Picture filled;
+    const AcGePoint3d area[] = {{0, 0, 0}, {9, 0, 0}, {9, 5, 0}};
+    filled.addPolygon({}, area);
+    Picture outlined;
+    outlined.addPolyline({}, area);
+    EXPECT_FALSE(sameDrawn(filled, outlined));
 }
 
 TEST(Chords, KeepTheAllowedDeviation) {
