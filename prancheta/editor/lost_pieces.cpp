@@ -6,6 +6,7 @@
 
 #include "dbents.h"
 #include "prancheta/database/object_access.h"
+#include "prancheta/dxf/piece_record.h"
 #include "protocol/attach.h"
 #include "protocol/copies.h"
 #include "rxdict.h"
@@ -21,6 +22,15 @@ bool isPieceClass(const std::wstring& name) {
                                    ? nullptr
                                    : static_cast<const protocol::EntityCopy*>(found->getX(kind));
     return copies == nullptr || copies->isPiece();
+}
+
+/// It came with the data: nothing was taken away, the module that knows them is not there.
+bool hasRecord(const AcDbBlockReference& reference) {
+    const ObjectExtra* const extra = ObjectAccess::extra(reference);
+    if (extra == nullptr) return false;
+    for (const RawTagView& tag : extra->xdata)
+        if (tag.code == 1001 && tag.value == dxf::kPieceApplication) return true;
+    return false;
 }
 
 template <class Visit>
@@ -53,7 +63,7 @@ LostPieces lostPieces(const AcDbDatabase& database) {
                 continue;
             const auto& reference = static_cast<const AcDbBlockReference&>(*stub->object);
             const AcDbStub* const named = reference.blockTableRecord();
-            if (const auto at = places.find(named); at != places.end())
+            if (const auto at = places.find(named); at != places.end() && !hasRecord(reference))
                 lost.uses.push_back({id, at->second});
         }
     });

@@ -24,7 +24,8 @@ struct LostPieces {
     std::vector<Use> uses;  ///< in drawing order, space after space, those inside blocks too
 };
 
-/// O(entities); where no block has a copy only the texts of blocks are looked at.
+/// References that still have their data are none of them. O(entities); where no block has a copy
+/// only the texts of blocks are looked at.
 LostPieces lostPieces(const AcDbDatabase& database);
 
 /// "10 peças viraram blocos comuns (o outro programa retirou os dados)." and what helps; empty when
