@@ -213,6 +213,21 @@ TEST_F(Compared, CloudsGoAroundWhatChangedAndGoAway) {
     EXPECT_EQ(lines().size(), 1U);
 }
 
+TEST_F(Compared, CloudsAreNoMoreThanCanBeLookedAt) {
+    // 24 rows of 24 bars that stand apart: the chessboard over them has 22 rows of 22 cells.
+    MemberChange change;
+    for (int i = 0; i < 24 * 24; ++i) {
+        zp::matlist::JobMember member;
+        member.peca = u(i % 24 * 3000.0, i / 24 * 3000.0, 500);
+        member.block = Read<AcDbEntity>(member.peca)->ownerId();
+        change.after.push_back(member);
+    }
+    EXPECT_EQ(zp::matlist::drawRevision(editor->database(), L"", {change}).clouds, 22U * 22U);
+    change.after.resize(24 * 20);
+    EXPECT_EQ(zp::matlist::eraseRevision(editor->database()).locked, 0U);
+    EXPECT_EQ(zp::matlist::drawRevision(editor->database(), L"", {change}).clouds, 24U * 20U);
+}
+
 TEST_F(Compared, AFileThatIsNoDrawingIsRefused) {
     ui.mayComplain = true;
     const std::wstring path = m_file.wstring();

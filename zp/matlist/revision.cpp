@@ -2,6 +2,7 @@
 // Revision clouds and their table.
 #include <algorithm>
 #include <map>
+#include <numeric>
 #include <optional>
 
 #include "acutads.h"
@@ -28,7 +29,8 @@ constexpr double kArc = 7.0;
 constexpr double kAltura = 2.5;
 constexpr double kTableAway = 20.0;
 constexpr std::size_t kMostRows = 500;
-constexpr std::size_t kMostClouds = 500;
+/// More clouds than there are cells on a chessboard of so many by so many are too many to look at.
+constexpr std::size_t kCells = 22;
 constexpr int kMostTurns = 40;
 
 struct Box {
@@ -56,6 +58,11 @@ AcDbObjectId layoutOf(const AcDbDatabase& drawing, const JobMember& member) {
     return table.object() != nullptr && table->getAt(name, id) == Acad::eOk ? id : AcDbObjectId();
 }
 
+Box around(const Box& a, const Box& b) {
+    return {{std::min(a.lower.x, b.lower.x), std::min(a.lower.y, b.lower.y), a.lower.z},
+            {std::max(a.upper.x, b.upper.x), std::max(a.upper.y, b.upper.y), a.lower.z}};
+}
+
 /// Boxes that no upright and no level line keeps apart become one; so do those that are kept apart
 /// only after `levels` turns from one to the other, as along a spiral. O(n log n).
 using Boxes = std::vector<Box>;
@@ -79,27 +86,36 @@ void gather(Boxes::iterator from, Boxes::iterator to, bool upright, bool tried, 
         gather(start, to, !upright, !split, levels - 1, gathered);
         return;
     }
-    Box all = *from;
-    for (auto box = from; box != to; ++box) {
-        all.lower = {std::min(all.lower.x, box->lower.x), std::min(all.lower.y, box->lower.y),
-                     all.lower.z};
-        all.upper = {std::max(all.upper.x, box->upper.x), std::max(all.upper.y, box->upper.y),
-                     all.lower.z};
-    }
-    gathered.push_back(all);
+    gathered.push_back(std::accumulate(from + 1, to, *from, around));
 }
 
-/// Clouds around boxes that lie so far from each other; where they would be too many, around whole
-/// groups of neighbours.
-Boxes cloudsAround(Boxes boxes, double away) {
-    for (;; away *= 2.0) {
-        Boxes grown = boxes;
-        const AcGeVector3d far(away, away, 0.0);
-        for (Box& box : grown) box = {box.lower - far, box.upper + far};
-        Boxes clouds;
-        gather(grown.begin(), grown.end(), true, false, kMostTurns, clouds);
-        if (clouds.size() <= kMostClouds) return clouds;
+/// Those of one cell of a chessboard over all of them become one.
+Boxes gatherCells(const Boxes& boxes) {
+    Box all = boxes.front();
+    for (const Box& box : boxes) all = around(all, box);
+    const auto cell = [](double at, double from, double to) {
+        return static_cast<int>(static_cast<double>(kCells) * (at - from) /
+                                std::max(to - from, 1.0));
+    };
+    std::map<std::pair<int, int>, Box> cells;
+    for (const Box& box : boxes) {
+        const AcGePoint3d& at = box.lower;
+        const auto [found, fresh] = cells.try_emplace(
+            {cell(at.x, all.lower.x, all.upper.x), cell(at.y, all.lower.y, all.upper.y)}, box);
+        if (!fresh) found->second = around(found->second, box);
     }
+    Boxes gathered;
+    for (const auto& [place, box] : cells) gathered.push_back(box);
+    return gathered;
+}
+
+/// Clouds around boxes, so far away from them.
+Boxes cloudsAround(Boxes boxes, double away) {
+    const AcGeVector3d far(away, away, 0.0);
+    for (Box& box : boxes) box = {box.lower - far, box.upper + far};
+    Boxes clouds;
+    gather(boxes.begin(), boxes.end(), true, false, kMostTurns, clouds);
+    return clouds.size() > kCells * kCells ? gatherCells(clouds) : clouds;
 }
 
 void sign(const Draughtsman& drawn) {
