@@ -34,7 +34,7 @@ struct Piece {
 class Report : public protocol::DrawingReport {
 public:
     const protocol::ListSchema& schema() const override {
-        static const std::array<protocol::ListColumn, 8> columns{
+        static const std::array<protocol::ListColumn, 9> columns{
             {{L"observacao", L"Obs.", L"", L"", -1, 9, false, true, true},
              {L"marca", L"Marca", L"", L"", -1, 9, false},
              {L"quantidade", L"Quant.", L"", L"", 0, 9, false},
@@ -42,7 +42,8 @@ public:
              {L"comprimento", L"Compr.", L"", L"mm", 1, 13, false},
              {L"peso_unitario", L"Peso unit.", L"", L"kg", 2, 16, false},
              {L"peso_total", L"Peso total", L"", L"kg", 2, 17, true},
-             {L"area_pintura", L"Pintura", L"", L"m²", 3, 14, true}}};
+             {L"area_pintura", L"Pintura", L"", L"m²", 3, 14, true},
+             {L"peso_liquido", L"Líquido", L"", L"kg", 2, 14, true}}};
         static const std::array<protocol::ListFormat, 2> formats{
             {{L"Csv", L"CSV", L"csv"}, {L"Txt", L"texto", L"txt"}}};
         static constexpr std::array shown{L"marca",       L"quantidade",  L"descricao",
@@ -78,6 +79,9 @@ public:
             v.number(L"peso_unitario", piece.mass / 2.0);
             v.number(L"peso_total", piece.mass);
             v.number(L"area_pintura", piece.paint);
+            // One of them has cut ends.
+            v.number(L"peso_liquido",
+                     piece.mass - (std::wstring(piece.mark) == L"P10" ? 1.0 : 0.0));
             v.integer(L"lista", piece.list);
             v.text(L"grupo", piece.list == 1 ? L"Perfil" : L"Treliça");
             v.integer(L"apagada", piece.erased ? 1 : 0);
@@ -159,7 +163,7 @@ TEST_F(MaterialList, RowsAndTotalsOfWhatCounts) {
     EXPECT_EQ(text(0, 3), "1500,2");
     EXPECT_EQ(text(0, 5), "100,50");
     EXPECT_EQ(text(1, 6), "0,500");
-    EXPECT_EQ(totals(), "Total: 124,50 kg   2,75 m²");
+    EXPECT_EQ(totals(), "Total: 124,50 kg   2,75 m²   Líquido 123,50 kg");
     EXPECT_FALSE(find<QComboBox>("lista")->isVisible());
     view->sortByColumn(0, Qt::AscendingOrder);
     EXPECT_EQ(text(0, 0) + text(1, 0) + text(2, 0), "P1P2P10");

@@ -326,7 +326,7 @@ void MaterialPanel::showTotals() {
         if (isNew)
             sums << text;
         else if (first->second != text)
-            sums << columns[i].heading + u' ' + text;
+            sums << columns[i].title.section(QStringLiteral(" ("), 0, 0) + u' ' + text;
     }
     m_totals->setText(QStringLiteral("Total: ") + sums.join(QStringLiteral("   ")));
 }
