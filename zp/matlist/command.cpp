@@ -14,6 +14,7 @@
 #include "zp/matlist/asking.h"
 #include "zp/matlist/formats.h"
 #include "zp/matlist/plan_files.h"
+#include "zp/matlist/sheet_edge.h"
 #include "zp/matlist/table.h"
 
 namespace zp::matlist {
@@ -36,7 +37,11 @@ std::wstring askAction() {
 }
 
 void draw(const MaterialList& list) {
-    if (!drawTable(list)) protocol::fail(L"A tabela não pôde ser desenhada.");
+    if (!drawTable(list)) return protocol::fail(L"A tabela não pôde ser desenhada.");
+    if (passesSheet(list))
+        acutPrintf(
+            L"\nA tabela passa da borda da folha; mova-a, tire colunas (LISTAMATERIAL cOlunas) "
+            L"ou tome uma folha maior.\n");
 }
 
 void table(MaterialList list) {
