@@ -65,7 +65,15 @@ protected:
 TEST_F(Properties, TheRadiusOfACircle) {
     const AcDbObjectId id = circle(10.0);
     openPanel();
-    EXPECT_EQ(find<QLabel>("titulo")->text(), "Nada selecionado");
+    EXPECT_EQ(find<QLabel>("titulo")->text().toStdString(),
+              "Nada selecionado: do que for desenhado");
+    EXPECT_EQ(value("Espessura de linha"), "PorCamada");
+    ASSERT_TRUE(editor->variables().set(L"CECOLOR", std::wstring(L"255,128,0")));
+    select({});
+    EXPECT_EQ(value("Cor"), "255,128,0");
+    choose("Espessura de linha", "0,35 mm");
+    EXPECT_EQ(editor->variables().number(L"CELWEIGHT"), 35);
+    changes->clear();
     select({id});
     EXPECT_EQ(find<QLabel>("titulo")->text(), "Círculo");
     EXPECT_EQ(value("Raio"), "10,0000 mm");

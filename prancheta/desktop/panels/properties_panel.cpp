@@ -130,7 +130,8 @@ void PropertiesPanel::load() {
     if (ids != m_shown) refuse({}, {});
     m_shown = std::move(ids);
     std::vector<PropertyRow> rows;
-    if (m_editor != nullptr) rows = propertyRows(*m_editor, m_shown);
+    if (m_editor != nullptr)
+        rows = m_shown.empty() ? generalRows(*m_editor, {}) : propertyRows(*m_editor, m_shown);
     const bool inPlace = sameShape(rows);
     m_rows = std::move(rows);
     if (inPlace)
@@ -208,7 +209,7 @@ void PropertiesPanel::show(QTreeWidgetItem* item, const PropertyRow& row) {
 
 void PropertiesPanel::showHeading() {
     if (m_shown.empty())
-        m_heading->setText(QStringLiteral("Nada selecionado"));
+        m_heading->setText(QStringLiteral("Nada selecionado: do que for desenhado"));
     else if (m_shown.size() == 1 && !m_rows.empty())
         m_heading->setText(qt(m_rows.front().value));
     else
@@ -228,7 +229,8 @@ void PropertiesPanel::refuse(const std::wstring& key, const QString& reason) {
 
 void PropertiesPanel::commit(const PropertyRow& row, const std::wstring& input) {
     if (m_editor == nullptr) return;
-    const Result<void> done = changeProperty(*m_editor, m_shown, row.key, input);
+    const Result<void> done = m_shown.empty() ? changeCurrent(*m_editor, row.key, input)
+                                              : changeProperty(*m_editor, m_shown, row.key, input);
     if (done)
         refuse({}, {});
     else

@@ -472,8 +472,13 @@ Result<void> changeCurrent(Editor& editor, const std::wstring& key, const std::w
     } else if (key == L"cor") {
         const Result<double> color = readNumber(input);
         if (!color) return color.error();
-        done = answer(editor.database().setCecolor(static_cast<Adesk::UInt16>(*color)),
-                      "A cor não foi aceita.");
+        if (*color >= kTrueColors)
+            done = variables.set(L"CECOLOR", rgbText(rgbOf(static_cast<int>(*color))));
+        else if (*color >= 0.0 && *color <= 256.0)
+            done = answer(editor.database().setCecolor(static_cast<Adesk::UInt16>(*color)),
+                          "A cor não foi aceita.");
+        else
+            done = Error{"Use uma cor de 1 a 255, PorCamada ou PorBloco."};
     } else {
         for (const int weight : entityWeights())
             if (weightText(weight).toStdWString() == input)

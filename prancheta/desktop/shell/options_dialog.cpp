@@ -47,7 +47,7 @@ OptionsDialog::OptionsDialog(const WindowOptions& options, QWidget* parent)
     auto* const pages = new QTabWidget(this);
     pages->addTab(appearancePage(), "A&parência");
     pages->addTab(drawingPage(), "&Desenho");
-    pages->addTab(filesPage(), "&Arquivos");
+    pages->addTab(filesPage(), "Ar&quivos");
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
@@ -183,7 +183,7 @@ QWidget* OptionsDialog::appearancePage() {
               m_options.darkGround ? 0 : 1,
               [](WindowOptions& out, int chosen) { out.darkGround = chosen == 0; });
     addColor(form, "Cor do f&undo:", "cor_fundo", &WindowOptions::ground);
-    addColor(form, "Cor do &cursor:", "cor_cursor", &WindowOptions::cursor);
+    addColor(form, "Cor do cu&rsor:", "cor_cursor", &WindowOptions::cursor);
     addColor(form, "Cor dos &snaps:", "cor_snaps", &WindowOptions::snap);
     addFont(form, "Fonte da &janela:", "fonte", &WindowOptions::font);
     addFont(form, "Fonte da &linha de comando:", "fonte_comando", &WindowOptions::commandFont);
@@ -198,7 +198,7 @@ QWidget* OptionsDialog::drawingPage() {
     auto& form = *new QFormLayout(page);
     addNumber(form, "&Tamanho do cursor em cruz:", "cursor", &WindowOptions::crosshair, 1, 100,
               " % da tela");
-    addNumber(form, "&Caixa de escolha, do centro ao lado:", "caixa", &WindowOptions::pickBox, 0,
+    addNumber(form, "Cai&xa de escolha, do centro ao lado:", "caixa", &WindowOptions::pickBox, 0,
               50, " pixels");
     addChoice(form, "&Alças nos objetos escolhidos:", "alcas", {"Mostrar", "Não mostrar"},
               m_options.grips ? 0 : 1,
@@ -230,7 +230,7 @@ QWidget* OptionsDialog::filesPage() {
               600, " min", "Desligada");
     addPath(form, "&Modelo de novos desenhos:", "modelo", &WindowOptions::templateFile, Path::File,
             "o da pasta de instalação");
-    addPath(form, "&Pasta dos desenhos:", "pasta", &WindowOptions::drawingFolder, Path::Folder,
+    addPath(form, "Pa&sta dos desenhos:", "pasta", &WindowOptions::drawingFolder, Path::Folder,
             "a do último desenho");
     return page;
 }
