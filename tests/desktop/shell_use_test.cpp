@@ -218,7 +218,7 @@ TEST_F(Window, CopiesTheMaterialTableAndLinesOfTheLog) {
         EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Quant.\tMarca\t"));
         story.window().commandLine().print("\num\ndois\n");
         story.window().commandLine().findChild<QPlainTextEdit*>()->selectAll();
-        EXPECT_TRUE(story.window().commandLine().selectedText().endsWith("um\ndois\n"));
+        EXPECT_TRUE(story.window().commandLine().selectedText().endsWith("um\ndois"));
     });
     EXPECT_TRUE(story.run());
 }
