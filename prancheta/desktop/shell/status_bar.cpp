@@ -81,6 +81,8 @@ StatusBar::StatusBar(QWidget* tabs, QWidget* parent)
     addPermanentWidget(m_viewport);
     addPermanentWidget(m_scale);
     setSizeGripEnabled(false);
+    // On a screen that is too narrow its end is cut, not the window.
+    setMinimumWidth(1);
 }
 
 void StatusBar::setEditor(Editor* editor) {
