@@ -128,14 +128,12 @@ bool DatabaseCore::hasObjectsOf(const AcRxClass* entityClass) const {
 }
 
 void DatabaseCore::notifyAppended(const AcDbObject& object) {
-    m_untold |= !tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) {
-        r.objectAppended(&m_database, &object);
-    });
+    m_untold |= !tellAll(m_reactors, object,
+                         [&](AcDbDatabaseReactor& r) { r.objectAppended(&m_database, &object); });
 }
 void DatabaseCore::notifyModified(const AcDbObject& object) {
-    m_untold |= !tellAll(m_reactors, object, [&](AcDbDatabaseReactor& r) {
-        r.objectModified(&m_database, &object);
-    });
+    m_untold |= !tellAll(m_reactors, object,
+                         [&](AcDbDatabaseReactor& r) { r.objectModified(&m_database, &object); });
 }
 void DatabaseCore::notifyErased(const AcDbObject& object, bool erased) {
     if (const AcDbEntity* entity = AcDbEntity::cast(&object)) {

@@ -510,10 +510,10 @@ TEST_F(Planted, WhatIsCutFromSheetsGoesToTheShopWhenNothingIsFoundInIt) {
         const wchar_t* marca;
         double length, width;
         std::wstring count;
-    } parts[] = {{L"P1", 1000, strip, L"P1: 1 x chapa 3 x 340,1 x 1000"},
-                 {L"P2", 1200, strip, L"P2: 2 x chapa 3 x 340,1 x 1200"},
-                 {L"P3", chapa->getComprimentoReal(), 50,
-                  L"P3: " + std::to_wstring(chapas) + L" x chapa "}};
+    } parts[] = {
+        {L"P1", 1000, strip, L"P1: 1 x chapa 3 x 340,1 x 1000"},
+        {L"P2", 1200, strip, L"P2: 2 x chapa 3 x 340,1 x 1200"},
+        {L"P3", chapa->getComprimentoReal(), 50, L"P3: " + std::to_wstring(chapas) + L" x chapa "}};
     for (const auto& part : parts) {
         const Cut cut = readCut(folder / (std::wstring(part.marca) + L".dxf"));
         EXPECT_EQ(cut.engraved, part.marca);
