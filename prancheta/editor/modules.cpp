@@ -7,6 +7,7 @@
 
 #include "prancheta/base/file.h"
 #include "prancheta/base/library.h"
+#include "prancheta/base/memory.h"
 #include "prancheta/base/text.h"
 #include "prancheta/base/utf8_path.h"
 #include "prancheta/database/database_core.h"
@@ -65,7 +66,8 @@ AcRx::AppRetCode ModuleTable::send(Module& module, AcRx::AppMsgCode message) {
         std::exchange(module.busy, message != AcRx::kSaveMsg && message != AcRx::kPreQuitMsg);
     AcRx::AppRetCode answer = AcRx::kRetError;
     try {
-        answer = module.entry(message, &module);
+        // A drawing that a module knows in part only would be listed in part.
+        answer = insist([&] { return module.entry(message, &module); });
     } catch (const std::bad_alloc&) {
         m_editor.complain(L"Memória insuficiente: o módulo " + module.name +
                           L" não foi avisado de tudo pelo programa.");
