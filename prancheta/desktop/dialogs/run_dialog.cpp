@@ -23,6 +23,8 @@ bool isOnScreen(const QRect& window) {
 
 }  // namespace
 
+bool isDialogOpen() { return dcl::openDialogs() > 0; }
+
 void runDialog(dcl::Dialog& dialog, QWidget* parent) {
     QWidget* above = QApplication::activeModalWidget();
     DialogWindow window(dialog, above != nullptr ? above : parent);

@@ -15,6 +15,9 @@ namespace prancheta::desktop {
 /// callbacks are served the same way, inside.
 void runDialog(dcl::Dialog& dialog, QWidget* parent);
 
+/// Whether a dialog stands open, with those inside one another.
+bool isDialogOpen();
+
 /// Tells the dialog functions the metrics of the present font, by which image tiles are measured
 /// before a window exists; to be called once at start and after a change of font.
 void announceMetrics(const QWidget& like);

@@ -15,7 +15,6 @@
 #include <cstdio>
 
 #include "prancheta/base/library.h"
-#include "prancheta/dcl/dialog.h"
 #include "prancheta/desktop/dialogs/run_dialog.h"
 #include "prancheta/desktop/shell/options.h"
 #include "prancheta/editor/installation.h"
@@ -115,7 +114,7 @@ Application::~Application() {
 
 void Application::keepRecoveryUp() {
     // While nobody is asked a command may be in the middle of a change.
-    if (m_window->ui().request() == nullptr && dcl::openDialogs() == 0) return;
+    if (m_window->ui().request() == nullptr && !isDialogOpen()) return;
     const Result<void> kept = m_recovery->keepUp();
     // Told once: the reason seldom goes by itself, and the log is there to be worked with.
     if (!kept && !std::exchange(m_recoveryFailed, true))
