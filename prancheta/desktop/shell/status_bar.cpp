@@ -85,6 +85,13 @@ StatusBar::StatusBar(QWidget* tabs, QWidget* parent)
     setMinimumWidth(1);
 }
 
+/// Where not all has room the coordinates go first: they also stand beside the cursor.
+void StatusBar::resizeEvent(QResizeEvent* event) {
+    constexpr int kDigitsOfAll = 110;
+    m_coordinates->setVisible(width() >= fontMetrics().horizontalAdvance('0') * kDigitsOfAll);
+    QStatusBar::resizeEvent(event);
+}
+
 void StatusBar::setEditor(Editor* editor) {
     m_editor = editor;
     m_viewport->setEditor(editor);

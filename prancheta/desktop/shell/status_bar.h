@@ -35,6 +35,9 @@ signals:
     /// The user asked for another scale of the drawing, which this command line gives it.
     void scaleWanted(const QString& command);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     struct Aid {
         const char* name;
