@@ -45,6 +45,7 @@ OptionsDialog::OptionsDialog(const WindowOptions& options, QWidget* parent)
     setWindowTitle("Opções — Prancheta");
     setObjectName("opcoes");
     auto* const pages = new QTabWidget(this);
+    pages->setAccessibleName("Páginas das opções");
     pages->addTab(appearancePage(), "A&parência");
     pages->addTab(drawingPage(), "&Desenho");
     pages->addTab(filesPage(), "Ar&quivos");
