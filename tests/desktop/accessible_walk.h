@@ -34,10 +34,11 @@ inline bool needsName(const QAccessibleInterface& part) {
         default:
             break;
     }
-    // A widget of our own that takes the keyboard, and nobody said what it is.
+    // A widget of our own that takes the keyboard, and nobody said what it is. One that hands it
+    // on, as pages to their tabs, is none.
     const auto* const widget = qobject_cast<const QWidget*>(part.object());
     return part.role() == QAccessible::Client && widget != nullptr &&
-           widget->focusPolicy() != Qt::NoFocus;
+           widget->focusPolicy() != Qt::NoFocus && widget->focusProxy() == nullptr;
 }
 
 struct Walk {
