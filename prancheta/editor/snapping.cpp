@@ -124,6 +124,14 @@ struct Aim {
     std::optional<Box2d> shown;  ///< extensions of what lies outside do not count
 };
 
+/// Best first. Distances that differ by less than anybody sees count as one, so that a computed
+/// crossing never wins over the exact end that it falls on.
+void sortHits(std::vector<Candidate>& points) {
+    std::stable_sort(points.begin(), points.end(), [](const Candidate& a, const Candidate& b) {
+        return a.step != b.step ? a.step < b.step : a.rank < b.rank;
+    });
+}
+
 /// Collects the points of the entities under the aperture, each recorded once.
 class SnapSearch {
 public:
@@ -139,6 +147,19 @@ public:
     }
     std::vector<Candidate>& points() { return m_points; }
     std::vector<Candidate>& nearest() { return m_nearest; }
+    /// Centres of the very arcs under the aperture, which nobody points at themselves.
+    std::vector<Candidate> ofAimedArcs() const {
+        std::vector<Candidate> of;
+        const double near = m_aim.aperture * 1e-6;
+        for (const Candidate& candidate : m_centres)
+            if (std::any_of(m_edges.begin(), m_edges.end(), [&](const NearEdge& aimed) {
+                    return aimed.edge.isArc() &&
+                           planeDistanceTo(aimed.edge.center, candidate.hit.point) <= near;
+                }))
+                of.push_back(candidate);
+        sortHits(of);
+        return of;
+    }
     /// Points of the very edges under the aperture: of a piece of many lines the middle is meant of
     /// the one that was aimed at.
     std::vector<Candidate> ofAimedEdges() const {
@@ -171,8 +192,12 @@ private:
             // A class that knows no point of the mode adds none.
             (void)entity->getOsnapPoints(mode.mode, 0, m_aim.pointer, m_aim.from,
                                          AcGeMatrix3d::kIdentity, points, parts);
-            for (const AcGePoint3d& p : points)
+            for (const AcGePoint3d& p : points) {
+                if (mode.mode == AcDb::kOsModeCen)
+                    m_centres.push_back(
+                        {{p, mode.bit, id}, mode.rank, planeDistanceTo(p, m_aim.pointer), 0.0});
                 push(mode.bit == kNearest ? m_nearest : m_points, {p, mode.bit, id}, mode.rank);
+            }
         }
         appendEdgesNear(picture, m_aim.pointer, m_aim.aperture, m_entities.size(), m_edges);
         m_entities.push_back(id);
@@ -216,17 +241,10 @@ private:
     const AcDbViewport* m_through;  ///< whose layers count; null: all do
     std::vector<Candidate> m_points;
     std::vector<Candidate> m_nearest;
+    std::vector<Candidate> m_centres;
     std::vector<NearEdge> m_edges;
     std::vector<AcDbObjectId> m_entities;
 };
-
-/// Best first. Distances that differ by less than anybody sees count as one, so that a computed
-/// crossing never wins over the exact end that it falls on.
-void sortHits(std::vector<Candidate>& points) {
-    std::stable_sort(points.begin(), points.end(), [](const Candidate& a, const Candidate& b) {
-        return a.step != b.step ? a.step < b.step : a.rank < b.rank;
-    });
-}
 
 /// Nobody leafs through more.
 constexpr std::size_t kMostHits = 64;
@@ -252,6 +270,8 @@ std::vector<SnapHit> hitsOf(SnapSearch& search, const Aim& aim) {
     appendHits(search.points(), aim.aperture, same, hits);
     if (hits.empty()) appendHits(search.ofAimedEdges(), aim.reach, same, hits);
     if (hits.empty()) appendHits(search.points(), aim.reach, same, hits);
+    constexpr double kAnywhere = std::numeric_limits<double>::infinity();
+    if (hits.empty()) appendHits(search.ofAimedArcs(), kAnywhere, same, hits);
     appendHits(search.nearest(), aim.aperture, same, hits);
     return hits;
 }

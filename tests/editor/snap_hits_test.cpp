@@ -52,6 +52,18 @@ protected:
     }
 };
 
+TEST_F(SnapHitsTest, aCentreIsMeantByItsCircle) {
+    constexpr int kCentre = 4;
+    constexpr int kQuadrant = 16;
+    const AcDbObjectId circle = add(new AcDbCircle({100, 100, 0}, AcGeVector3d::kZAxis, 50));
+    const std::vector<SnapHit> round = hits(135.4, 135.4, kCentre + kQuadrant);
+    ASSERT_EQ(round.size(), 1u);
+    expectHit(round[0], 100, 100, kCentre, circle);
+    // What lies under the pointer goes before it; away from the circle there is nothing.
+    expectHit(hits(150.3, 100, kCentre + kQuadrant).front(), 150, 100, kQuadrant, circle);
+    EXPECT_TRUE(hits(120, 100, kCentre).empty());
+}
+
 TEST_F(SnapHitsTest, nearestFirstAndEachPlaceOnce) {
     const AcDbObjectId tall = line(100, 0, 100, 50);
     const AcDbObjectId small = line(102, 24, 104, 24);
