@@ -5,7 +5,6 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
-#include <mutex>
 
 #include "prancheta/base/library.h"
 #include "prancheta/base/text.h"
@@ -24,9 +23,8 @@ void show(const std::string& line) {
     std::fflush(stderr);
 }
 
-void tick(const std::stop_token& stop, const std::string& what) {
+void tick(const std::stop_token& stop, std::mutex& mutex, const std::string& what) {
     const auto start = std::chrono::steady_clock::now();
-    std::mutex mutex;
     std::condition_variable_any ended;
     std::unique_lock lock(mutex);
     bool shown = false;
@@ -51,8 +49,9 @@ std::string shortened(std::string text) {
 
 Working::Working(std::string what) {
     if (!errorIsTerminal()) return;
-    m_clock = std::jthread(
-        [line = shortened(harmless(what))](const std::stop_token& stop) { tick(stop, line); });
+    m_clock = std::jthread([this, line = shortened(harmless(what))](const std::stop_token& stop) {
+        tick(stop, m_mutex, line);
+    });
 }
 
 }  // namespace prancheta::console

@@ -2,6 +2,7 @@
 // What the program is at, for whoever waits at a terminal.
 #pragma once
 
+#include <mutex>
 #include <string>
 #include <thread>
 
@@ -17,6 +18,7 @@ public:
     Working& operator=(const Working&) = delete;
 
 private:
+    std::mutex m_mutex;
     std::jthread m_clock;
 };
 
