@@ -440,6 +440,14 @@ TEST_F(Console, ChecksTheJobOfADrawing) {
     EXPECT_TRUE(has(forced.out, "1 marca, 1 chapa em corte.\n")) << forced.out;
     EXPECT_TRUE(has(text("corte/P1.dxf"), "P1: 1 x chapa 3 x 340,1 x 1000"));
     EXPECT_EQ(run("c.dxf --forcar --chapas c.dxf/corte").code, 3);
+    EXPECT_EQ(run("c.dxf --forcar --chapas corte").code, 0) << "files of its kind are replaced";
+    // A drawing that goes by the name of a mark is none, whether it is the one that is open or not.
+    fs::copy_file(folder / "c.dxf", folder / "P1.dxf");
+    const std::string drawing = text("P1.dxf");
+    const Outcome inTheWay = run("P1.dxf --forcar --chapas .");
+    EXPECT_EQ(inTheWay.code, 1);
+    EXPECT_TRUE(has(inTheWay.err + inTheWay.out, "P1.dxf já existe e não é")) << inTheWay.err;
+    EXPECT_TRUE(text("P1.dxf") == drawing);
 }
 
 TEST_F(Console, ExaminesCatalogues) {

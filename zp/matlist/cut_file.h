@@ -20,6 +20,8 @@ public:
     void rectangle(const wchar_t* layer, double x, double y, double width, double height);
     /// From the left end of its base line on.
     void text(const wchar_t* layer, double x, double y, double height, const std::wstring& text);
+    /// The bytes so far; of a new file those by which each of its kind begins.
+    const std::string& begun() const { return m_bytes; }
     /// All bytes of the file.
     std::string done() &&;
 

@@ -112,8 +112,14 @@ std::wstring writtenWords(const FlatParts& flat, const std::filesystem::path& de
 
 protocol::CutFilesOutcome writeParts(const FlatParts& flat,
                                      const std::filesystem::path& destination, std::wstring& told) {
+    const bool together = texts::equalIgnoringCase(texts::shown(destination.extension()), L".dxf");
+    if (const auto other = inTheWay(destination, together, flat.parts); !other.empty()) {
+        told = texts::shown(other) +
+               L" já existe e não é um arquivo de chapas; nada foi gravado. Escolha outro lugar.";
+        return protocol::CutFilesOutcome::Refused;
+    }
     std::filesystem::path failed;
-    if (texts::equalIgnoringCase(texts::shown(destination.extension()), L".dxf")) {
+    if (together) {
         if (!writeTogether(destination, flat.parts)) failed = destination;
     } else {
         failed = writeEach(destination, flat.parts);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <fstream>
 #include <set>
 
 #include "files/replacement.h"
@@ -103,6 +104,23 @@ std::vector<std::filesystem::path> fileNamesOf(const std::vector<FlatPart>& part
         names.push_back(texts::pathOf(name + L".dxf"));
     }
     return names;
+}
+
+std::filesystem::path inTheWay(const std::filesystem::path& destination, bool together,
+                               const std::vector<FlatPart>& parts) {
+    const std::string begun = newFile().begun();
+    const auto foreign = [&](const std::filesystem::path& file) {
+        std::error_code error;  // what cannot be asked cannot be written either, and that is told
+        if (!std::filesystem::is_regular_file(file, error)) return false;
+        std::ifstream in(file, std::ios::binary);
+        std::string bytes(begun.size(), '\0');
+        in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return bytes != begun;
+    };
+    if (together) return foreign(destination) ? destination : std::filesystem::path();
+    for (const std::filesystem::path& name : fileNamesOf(parts))
+        if (foreign(destination / name)) return destination / name;
+    return {};
 }
 
 std::filesystem::path writeEach(const std::filesystem::path& folder,

@@ -36,6 +36,11 @@ std::wstring wordsOf(const FlatPart& part);
 /// Name for a part's file in a folder, one for each part, and without what file systems refuse.
 std::vector<std::filesystem::path> fileNamesOf(const std::vector<FlatPart>& parts);
 
+/// What stands where files for these parts would, and is none of theirs: a drawing, perhaps the
+/// very one. `destination` is a folder or one file for all; empty when nothing is in the way.
+std::filesystem::path inTheWay(const std::filesystem::path& destination, bool together,
+                               const std::vector<FlatPart>& parts);
+
 /// A file for each part; outlines on CORTE, the mark inside on GRAVACAO, wordsOf below on NOTA.
 /// The first file that could not be written; empty when all are.
 std::filesystem::path writeEach(const std::filesystem::path& folder,
