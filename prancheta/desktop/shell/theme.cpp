@@ -10,6 +10,7 @@ namespace {
 
 struct Colors {
     QRgb window, base, button, text, disabled, highlight, highlighted, link, line;
+    QRgb pressed = line;  ///< under the words of a button that is on
 };
 
 constexpr Colors kLight{0xffefefef, 0xffffffff, 0xffefefef, 0xff101010, 0xff6e6e6e,
@@ -17,7 +18,7 @@ constexpr Colors kLight{0xffefefef, 0xffffffff, 0xffefefef, 0xff101010, 0xff6e6e
 constexpr Colors kDark{0xff2b2b2b, 0xff1e1e1e, 0xff3a3a3a, 0xfff0f0f0, 0xff9a9a9a,
                        0xff2a6fb0, 0xffffffff, 0xff7db8f0, 0xff6a6a6a};
 constexpr Colors kContrast{0xff000000, 0xff000000, 0xff303030, 0xffffffff, 0xffb0b0b0,
-                           0xffffff00, 0xff000000, 0xff00ffff, 0xffffffff};
+                           0xffffff00, 0xff000000, 0xff00ffff, 0xffffffff, 0xff505050};
 
 QPalette paletteFrom(const Colors& c) {
     QPalette palette;
@@ -33,8 +34,8 @@ QPalette paletteFrom(const Colors& c) {
     set(QPalette::HighlightedText, c.highlighted);
     set(QPalette::Link, c.link);
     set(QPalette::LinkVisited, c.link);
-    for (const auto role : {QPalette::Light, QPalette::Midlight, QPalette::Mid, QPalette::Dark})
-        set(role, c.line);
+    set(QPalette::Light, c.pressed);
+    for (const auto role : {QPalette::Midlight, QPalette::Mid, QPalette::Dark}) set(role, c.line);
     set(QPalette::Shadow, c.text);
     set(QPalette::PlaceholderText, c.disabled);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
@@ -61,8 +62,11 @@ QPalette paletteOf(Theme theme) {
 void applyTheme(Theme theme) {
     // Of the program's start, to come back to.
     static const QString theUsualStyle = QApplication::style()->objectName();
-    // A desktop's own style does not take colours that are not its own.
-    const QString style = theme != Theme::System ? QStringLiteral("fusion") : theUsualStyle;
+    // A desktop's own style does not take colours that are not its own, and Fusion draws its frames
+    // in a darker shade of the ground, which a black one does not have.
+    const QString style = theme == Theme::System     ? theUsualStyle
+                          : theme == Theme::Contrast ? QStringLiteral("windows")
+                                                     : QStringLiteral("fusion");
     if (QApplication::style()->objectName() != style) QApplication::setStyle(style);
     QApplication::setPalette(paletteOf(theme));
 }
