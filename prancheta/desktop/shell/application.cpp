@@ -151,7 +151,7 @@ void Application::offerLeftCopies() {
                                    ".");
         const QPushButton* const take = box.addButton("&Recuperar", QMessageBox::AcceptRole);
         const QPushButton* const drop = box.addButton("&Descartar", QMessageBox::DestructiveRole);
-        box.addButton("Decidir &depois", QMessageBox::RejectRole);
+        box.addButton("D&ecidir depois", QMessageBox::RejectRole);
         box.exec();
         if (box.clickedButton() == drop) Recovery::discard(left);
         if (box.clickedButton() != take) continue;

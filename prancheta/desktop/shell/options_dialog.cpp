@@ -12,6 +12,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -169,7 +170,9 @@ void OptionsDialog::addPath(QFormLayout& form, const QString& label, const QStri
     row->addWidget(choose);
     m_takers.push_back(
         [edit, member](WindowOptions& out) { out.*member = edit->text().trimmed(); });
-    form.addRow(label, row);
+    auto* const words = new QLabel(label);
+    words->setBuddy(edit);
+    form.addRow(words, row);
 }
 
 // --- Pages --------------------------------------------------------------------------------------
