@@ -23,6 +23,11 @@ bool mayBePicture(std::string_view name) {
            std::all_of(name.begin() + 2, name.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
+/// *D3: made for a dimension.
+bool isDimensionName(std::wstring_view name) {
+    return name.size() > 1 && name[0] == L'*' && (name[1] == L'D' || name[1] == L'd');
+}
+
 AcDbBlockTableRecord& recordAt(AcDbObjectId id) {
     return static_cast<AcDbBlockTableRecord&>(*static_cast<AcDbStub*>(id)->object);
 }
@@ -181,17 +186,27 @@ bool Loader::keepBlockPart(FileBlock& found, const Record& part) {
 /// uses; not those that only hold pictures of pieces and dimensions.
 bool Loader::readWantedBlocks() {
     wantFiledBlocks();
-    for (FileBlock* found : m_blockOrder)
-        if (!found->ofPicture && found->id.isNull() && !found->content.empty())
-            if (makeBlock(*found).isNull()) return false;
-    while (!m_wanted.empty()) {
-        FileBlock& found = *m_wanted.back();
-        m_wanted.pop_back();
-        if (found.isRead) continue;
-        TagReader reader(found.content);
-        Record begin;
-        if (reader.next(begin) && !readBlock(reader, begin, found)) return false;
-        wantFiledBlocks();
+    const auto readWanted = [&] {
+        while (!m_wanted.empty()) {
+            FileBlock& found = *m_wanted.back();
+            m_wanted.pop_back();
+            if (found.isRead) continue;
+            TagReader reader(found.content);
+            Record begin;
+            if (reader.next(begin) && !readBlock(reader, begin, found)) return false;
+            wantFiledBlocks();
+        }
+        return true;
+    };
+    // Dimensions in blocks that are read here have pictures, too; these come last.
+    for (const bool ofDimension : {false, true}) {
+        if (!readWanted()) return false;
+        for (FileBlock* found : m_blockOrder) {
+            if (found->ofPicture || !found->id.isNull() || found->content.empty() ||
+                isDimensionName(found->name) != ofDimension)
+                continue;
+            if (makeBlock(*found).isNull() || !readWanted()) return false;
+        }
     }
     for (const FileBlock* found : m_blockOrder) {
         if (found->id.isNull() || found->isRead) continue;

@@ -250,6 +250,30 @@ TEST(Drawing, SameBytesTwiceAndAfterLoading) {
     }
 }
 
+// The block of the dimension's picture is used by nothing that was read when it is come across.
+TEST(Drawing, DimensionsInBlocksOfOneReferenceLeaveNoBlocksBehind) {
+    AcDbDatabase database(true, true);
+    AcDbObjectId made;
+    {
+        AcDbBlockTable* table = nullptr;
+        ASSERT_EQ(database.getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+        auto* record = new AcDbBlockTableRecord;
+        record->setName(L"*U");
+        ASSERT_EQ(table->add(made, record), Acad::eOk);
+        table->close();
+        AcDbObjectId inside;
+        auto* dimension = new AcDbAlignedDimension({0, 0, 0}, {30, 0, 0}, {0, 9, 0});
+        ASSERT_EQ(record->appendAcDbEntity(inside, dimension), Acad::eOk);
+        dimension->close();
+        record->close();
+    }
+    append(database, new AcDbBlockReference({5, 5, 0}, made));
+    const std::string first = saved(database);
+    const auto back = loadText(first);
+    ASSERT_NE(back, nullptr);
+    EXPECT_TRUE(saved(*back) == first);
+}
+
 TEST(Drawing, SeedIsAboveEveryHandleAndOwnersExist) {
     const BarModule module;
     AcDbDatabase database(true, true);
