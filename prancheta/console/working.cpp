@@ -47,7 +47,7 @@ std::string shortened(std::string text) {
 
 }  // namespace
 
-Working::Working(std::string what) {
+Working::Working(const std::string& what) {
     if (!errorIsTerminal()) return;
     m_clock = std::jthread([this, line = shortened(harmless(what))](const std::stop_token& stop) {
         tick(stop, m_mutex, line);

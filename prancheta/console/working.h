@@ -12,7 +12,7 @@ namespace prancheta::console {
 /// that renews itself and is gone at the end. Nothing where standard error is no terminal.
 class Working {
 public:
-    explicit Working(std::string what);
+    explicit Working(const std::string& what);
     ~Working() = default;
     Working(const Working&) = delete;
     Working& operator=(const Working&) = delete;
