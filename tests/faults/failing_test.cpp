@@ -98,7 +98,7 @@ TEST(Failing, AnyAllocationIsToldAndTheDrawingIsWhole) {
             runConsole(folder, arguments, {.failing = "alloc:" + std::to_string(number)});
         ASSERT_GE(outcome.code, 0) << number << ": " << outcome.errors;
         told += toldBy(folder, outcome).find("insuficiente") != std::string::npos;
-        if (outcome.code == 3) continue;  // said below: it could not start, or not save
+        if (outcome.code == 3) continue;  // it could not start or save, which is told
         SCOPED_TRACE(number);
         expectWhole(folder, full, outcome.code == 0 ? 0 : 1);
     }
