@@ -210,8 +210,9 @@ void CommandRunner::tellFailure(const RunningCommand& command) {
     try {
         throw;
     } catch (const std::bad_alloc&) {
+        const bool undone = command.undoDatabase != nullptr;
         m_editor.complain(L"Memória insuficiente: o comando " + command.shownName +
-                          L" foi interrompido e desfeito.");
+                          (undone ? L" foi interrompido e desfeito." : L" foi interrompido."));
     } catch (...) {
         m_editor.complain(L"O comando " + command.shownName + L" falhou e foi interrompido.");
     }
